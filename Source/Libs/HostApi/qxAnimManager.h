@@ -1,0 +1,21 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+/// The animation clips of the scene. Notification "animationStart" with the text field
+/// "animation-name" starts a clip.
+class qxAnimManager {
+public:
+    static qxAnimManager *the();
+
+    /// Adds the names of all clips (UTF-8) to `names`.
+    void getBlockAndClipNames(std::set<std::string> &names) const;
+    /// The clip names in the order of the scene file; unnamed clips have an empty name.
+    const std::vector<std::string> &clips() const { return m_clips; }
+    void setClips(const std::vector<std::string> &names);
+
+private:
+    std::vector<std::string> m_clips;
+};

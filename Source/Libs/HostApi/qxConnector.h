@@ -1,0 +1,14 @@
+#pragma once
+
+/// The connection to other sessions that show the same scene.
+class qxConnector {
+public:
+    static qxConnector *the();
+
+    /// Whether what variants do is sent to connected sessions; false at start.
+    bool syncVariants() const { return m_syncVariants; }
+    void setSyncVariants(bool sync) { m_syncVariants = sync; }
+
+private:
+    bool m_syncVariants = false;
+};

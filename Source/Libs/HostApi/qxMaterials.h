@@ -1,0 +1,31 @@
+#pragma once
+
+#include "qxNodePtr.h"
+
+#include <OpenSG/OSGMaterial.h>
+
+#include <string>
+#include <vector>
+
+/// The materials of the scene: those in the scene's material pool and those they are made of.
+///
+/// Names are UTF-8; an empty or null name finds nothing.
+class qxMaterials {
+public:
+    /// The material's name; empty for a null material and for one without a name.
+    static std::string getName(const osg::MaterialPtr &material);
+    /// Names the material: with `exact` true just so, else with a number behind it when the name is
+    /// taken.
+    static void setName(const osg::MaterialPtr &material, const char *name, bool exact);
+
+    /// The first material of that name in the order of the pool, or null.
+    static osg::MaterialPtr findMaterial(const char *name);
+    /// All materials of that name in the order of the pool.
+    static std::vector<osg::MaterialPtr> findMaterials(const char *name);
+
+    /// Whether the user may change the material; false for a null one.
+    static bool isEditable(const osg::MaterialPtr &material);
+    /// Appends every scene node whose core shows this very material, in scene order.
+    static void getNodesWithMaterial(std::vector<qxNodePtr> &nodes,
+                                     const osg::MaterialPtr &material);
+};

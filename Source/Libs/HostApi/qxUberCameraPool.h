@@ -1,0 +1,35 @@
+#pragma once
+
+#include <OpenSG/OSGMatrix.h>
+
+#include <string>
+#include <vector>
+
+/// A camera as a viewpoint keeps it. It looks along its negative z axis, y is up.
+struct qxUberCamera {
+    std::string name;       ///< UTF-8, as shown to the user
+    osg::Matrix toWorld;    ///< from camera to world coordinates
+    float fieldOfView = 0;  ///< vertical, in radians; 0 for a parallel projection
+    float height = 0;       ///< height of the picture in world units, parallel projection only
+    float nearPlane = 0.1f; ///< distance in world units
+    float farPlane = 0;     ///< distance in world units, 0 for infinity
+};
+
+/// The viewpoints of the scene. An id is the position in the pool.
+class qxUberCameraPool {
+public:
+    static qxUberCameraPool *the();
+
+    /// The id of the first viewpoint of exactly that name, -1 when there is none.
+    int findViewpoint(const std::string &name) const;
+    /// The viewpoint with that id, or null. Valid until the pool changes.
+    const qxUberCamera *get(int id) const;
+    int count() const { return int(m_cameras.size()); }
+
+    /// Appends a viewpoint and returns its id.
+    int add(const qxUberCamera &camera);
+    void clear();
+
+private:
+    std::vector<qxUberCamera> m_cameras;
+};
