@@ -1,0 +1,71 @@
+# qx_library and qx_program: how every target of this project is built.
+
+# What all our own code is compiled with.
+function(qx_compile_options target)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wshadow -Werror -fno-semantic-interposition)
+endfunction()
+
+# All C++ files below the current folder; the build looks again when files come or go.
+macro(qx_glob_sources result)
+    file(GLOB_RECURSE ${result} CONFIGURE_DEPENDS
+        ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+endmacro()
+
+# The folder that users of the current folder's headers search: include/, or the folder itself.
+function(qx_include_folder result)
+    set(folder ${CMAKE_CURRENT_SOURCE_DIR})
+    if(IS_DIRECTORY ${folder}/include)
+        set(folder ${folder}/include)
+    endif()
+    set(${result} ${folder} PARENT_SCOPE)
+endfunction()
+
+# qx_library(<name> [SHARED|INTERFACE] [PUBLIC deps...] [PRIVATE deps...] [HOST_LINK deps...])
+#
+# Builds the current folder, statically unless said otherwise, and gives it the alias Qx::<name>.
+# HOST_LINK names libraries that define what the code calls, but whose headers it must not see.
+function(qx_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "SHARED;INTERFACE" "" "PUBLIC;PRIVATE;HOST_LINK")
+    qx_glob_sources(sources)
+    qx_include_folder(include_folder)
+
+    if(arg_INTERFACE)
+        add_library(${name} INTERFACE ${sources})
+        target_include_directories(${name} INTERFACE ${include_folder})
+        target_link_libraries(${name} INTERFACE ${arg_PUBLIC})
+    else()
+        if(NOT sources) # A layer that nobody has begun yet.
+            message(STATUS "${name}: no sources")
+            return()
+        endif()
+        set(kind STATIC)
+        if(arg_SHARED)
+            set(kind SHARED)
+        endif()
+        add_library(${name} ${kind} ${sources})
+        qx_compile_options(${name})
+        target_include_directories(${name} PUBLIC ${include_folder})
+        target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+        foreach(library IN LISTS arg_HOST_LINK)
+            target_link_libraries(${name} PRIVATE $<LINK_ONLY:${library}>)
+        endforeach()
+        # A shared library that misses a definition fails here, not when it is loaded.
+        target_link_options(${name} PRIVATE $<$<BOOL:${arg_SHARED}>:LINKER:--no-undefined>)
+    endif()
+    add_library(Qx::${name} ALIAS ${name})
+endfunction()
+
+# qx_program(<name> LIBS deps...): the current folder as a program.
+function(qx_program name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBS")
+    qx_glob_sources(sources)
+    if(NOT sources)
+        message(STATUS "${name}: no sources")
+        return()
+    endif()
+    add_executable(${name} ${sources})
+    qx_compile_options(${name})
+    target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PRIVATE ${arg_LIBS})
+endfunction()

@@ -1,0 +1,37 @@
+# qx_test: one GoogleTest program per folder of Tests.
+
+include(GoogleTest)
+find_package(GTest 1.12 REQUIRED)
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
+# Every test runs, and is listed, without a display and with one locale. The rest of the environment,
+# QX_SCENES (a folder of real scenes) above all, reaches the test as it is when CTest runs.
+set(QX_TEST_ENVIRONMENT env QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
+    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/Tools/leaks-of-others.txt:print_suppressions=0")
+
+# qx_test(<name> [LIBS deps...] [LABELS labels...])
+#
+# Builds the current folder as the test program <name> and gives CTest each of its tests. `main` is the
+# one of qxTestSupport where that is linked, else GoogleTest's own.
+function(qx_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBS;LABELS")
+    qx_glob_sources(sources)
+    if(NOT sources)
+        message(STATUS "${name}: no sources")
+        return()
+    endif()
+    add_executable(${name} ${sources})
+    qx_compile_options(${name})
+    target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+    target_compile_definitions(${name} PRIVATE
+        QX_TEST_DATA="${PROJECT_SOURCE_DIR}/Tests/Data"
+        QX_BUILD_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
+        QX_BUILD_LIB="${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
+    target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gtest GTest::gtest_main)
+    set_target_properties(${name} PROPERTIES
+        RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests
+        CROSSCOMPILING_EMULATOR "${QX_TEST_ENVIRONMENT}")
+    # Listed when CTest starts: a test program that cannot start does not break the build.
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT 120 LABELS "${name};${arg_LABELS}")
+endfunction()
