@@ -1,0 +1,19 @@
+#include "qxCommand.h"
+
+#include <QGuiApplication>
+
+#include <clocale>
+
+int main(int argc, char *argv[])
+{
+    // Sub-commands need no display; previews and key texts need an application all the same.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // One document gives one text: Qt's random hash seed would shuffle the attributes of each save.
+    qSetGlobalQHashSeed(0);
+
+    QGuiApplication application(argc, argv);
+    // Numbers in texts and scripts have a decimal point wherever the program runs.
+    setlocale(LC_NUMERIC, "C");
+    return qxCommands::run(application.arguments());
+}

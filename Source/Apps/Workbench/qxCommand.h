@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QCommandLineOption>
+#include <QStringList>
+
+class QCommandLineParser;
+
+/// What a program answers to the shell.
+enum qxExitCode {
+    Success = 0,
+    WorkFailed = 1, ///< the reason stands on standard error
+    WrongUse = 2
+};
+
+/// One sub-command of the program.
+struct qxCommand {
+    const char *name;
+    const char *arguments; ///< as the help shows them, such as "FILE SET..."
+    const char *summary;   ///< one line for the list of commands
+    int minimum;           ///< how many arguments there must be
+    int maximum;           ///< how many there may be, -1 for any number
+    QList<QCommandLineOption> (*options)();
+    /// Does the work. `parser` holds the options and the arguments behind the command's name.
+    int (*run)(const QCommandLineParser &parser);
+};
+
+namespace qxCommands {
+
+extern const qxCommand info;
+extern const qxCommand list;
+extern const qxCommand state;
+extern const qxCommand select;
+extern const qxCommand set;
+extern const qxCommand create;
+extern const qxCommand document;
+
+/// Finds the command that `arguments` (with the program's name in front) ask for and runs it.
+int run(const QStringList &arguments);
+
+/// The options that several commands share.
+QCommandLineOption jsonOption();
+QCommandLineOption saveOption();
+QCommandLineOption traceOption();
+
+/// Says on standard error why the work failed, and answers that code.
+int fail(const QString &reason);
+
+} // namespace qxCommands

@@ -1,0 +1,75 @@
+#include "qxCommand.h"
+#include "qxOutput.h"
+#include "qxSession.h"
+
+#include <QCommandLineParser>
+#include <QFile>
+#include <QSaveFile>
+
+namespace {
+
+QList<QCommandLineOption> options()
+{
+    return {{QStringLiteral("out"), QStringLiteral("Writes the document to XML."),
+             QStringLiteral("XML")},
+            {QStringLiteral("in"), QStringLiteral("Replaces all variants by those of XML."),
+             QStringLiteral("XML")},
+            qxCommands::saveOption(),
+            qxCommands::traceOption()};
+}
+
+int fileFailure(const QFileDevice &file)
+{
+    return qxCommands::fail(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
+}
+
+/// Hands out the document as the file holds it, so that a damaged one can be mended by hand.
+int exportDocument(const QCommandLineParser &parser)
+{
+    qxSession session(parser.isSet(QStringLiteral("trace")));
+    if (!session.openScene(parser.positionalArguments().first()))
+        return WorkFailed;
+    const QByteArray document = session.file().variantsDocument();
+    if (document.isEmpty())
+        return qxCommands::fail(QStringLiteral("the scene holds no variants document"));
+    if (!parser.isSet(QStringLiteral("out"))) {
+        qxOutput::bytes(document);
+        return Success;
+    }
+    QSaveFile out(parser.value(QStringLiteral("out")));
+    if (!out.open(QIODevice::WriteOnly) || out.write(document) < 0 || !out.commit())
+        return fileFailure(out);
+    return Success;
+}
+
+int importDocument(const QCommandLineParser &parser)
+{
+    QFile in(parser.value(QStringLiteral("in")));
+    if (!in.open(QIODevice::ReadOnly))
+        return fileFailure(in);
+    qxSession session(parser.isSet(QStringLiteral("trace")));
+    if (!session.openScene(parser.positionalArguments().first())
+        || !session.readDocument(in.readAll()))
+        return WorkFailed;
+    return session.save(parser.value(QStringLiteral("save"))) ? Success : WorkFailed;
+}
+
+int run(const QCommandLineParser &parser)
+{
+    const bool in = parser.isSet(QStringLiteral("in"));
+    if (in && parser.isSet(QStringLiteral("out"))) {
+        qxOutput::error(QStringLiteral("--in and --out do not go together"));
+        return WrongUse;
+    }
+    if (in != parser.isSet(QStringLiteral("save"))) {
+        qxOutput::error(QStringLiteral("--in and --save go together: --in XML --save OUT"));
+        return WrongUse;
+    }
+    return in ? importDocument(parser) : exportDocument(parser);
+}
+
+} // namespace
+
+const qxCommand qxCommands::document = {
+    "document", "FILE",  "Takes the variants document out of a scene, or puts one into it.", 1, 1,
+    options,    run};

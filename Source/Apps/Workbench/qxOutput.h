@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QStringList>
+
+class QJsonArray;
+class QJsonObject;
+
+/// What the program prints: results to standard output, reasons to standard error, both in UTF-8.
+namespace qxOutput {
+
+void text(const QString &text);
+void line(const QString &line);
+/// Raw bytes, as they are.
+void bytes(const QByteArray &bytes);
+void json(const QJsonObject &object);
+void json(const QJsonArray &array);
+/// Rows of cells in columns, each as wide as its widest cell.
+void table(const QList<QStringList> &rows);
+/// A line on standard error that begins with the program's name.
+void error(const QString &reason);
+
+} // namespace qxOutput

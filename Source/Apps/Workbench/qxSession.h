@@ -1,0 +1,39 @@
+#pragma once
+
+#include "qxTrace.h"
+
+#include "Core/qxHost.h"
+#include "Files/qxSceneFile.h"
+
+#include <QString>
+
+#include <memory>
+
+/// One run of the program over one scene file: the host, the file, and the variants read from it.
+///
+/// Operations that can fail say why on standard error and answer false.
+class qxSession {
+public:
+    /// With `trace` every notification is printed to standard error.
+    explicit qxSession(bool trace = false);
+
+    /// Loads the scene and its variants. A scene whose variants cannot be read is not opened,
+    /// because saving it would lose them.
+    bool open(const QString &path);
+    /// Loads the scene alone; its document stays as it is until readDocument.
+    bool openScene(const QString &path);
+    /// Replaces all variants by those of `xml`.
+    bool readDocument(const QByteArray &xml);
+
+    /// Saves scene and variants; a file without variants stays without a document.
+    bool save(const QString &path);
+    /// Saves when the option --save was given; true when there was nothing to do.
+    bool saveIfAsked(const QString &path) { return path.isEmpty() || save(path); }
+
+    const qxSceneFile &file() const { return m_file; }
+
+private:
+    qxHost m_host;
+    std::unique_ptr<qxTrace> m_trace;
+    qxSceneFile m_file;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+/// Prints every notification of the host's controller with its fields, as long as it lives.
+class qxTrace {
+public:
+    qxTrace();
+    qxTrace(const qxTrace &) = delete;
+    ~qxTrace();
+
+private:
+    int m_listener;
+};

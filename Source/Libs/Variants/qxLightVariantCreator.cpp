@@ -1,0 +1,29 @@
+#include "qxLightVariantCreator.h"
+
+#include "Internal/qxNotify.h"
+#include "qxVariants.h"
+
+#include "OSGUberLight.h"
+
+#include <OpenSG/OSGNode.h>
+
+qxLightVariantCreator::qxLightVariantCreator() : qxVariantCreator("qxLightVariantCreator") {}
+
+osg::GraphOp *qxLightVariantCreator::create()
+{
+    return new qxLightVariantCreator;
+}
+
+bool qxLightVariantCreator::traverse(osg::NodePtr node)
+{
+    qxVariantCreator::traverse(node);
+    qxNotify::lightVariantChanged();
+    return true;
+}
+
+osg::Action::ResultE qxLightVariantCreator::traverseEnter(qxGraphOpNode node)
+{
+    if (node != osg::NullFC && osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC)
+        qxVariants::createLightVariant(node, false);
+    return osg::Action::Continue;
+}

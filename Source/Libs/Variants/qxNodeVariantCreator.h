@@ -1,0 +1,15 @@
+#pragma once
+
+#include "qxVariantCreator.h"
+
+/// Graph operation that creates a node variant for every switch node that has children.
+class qxNodeVariantCreator : public qxVariantCreator {
+public:
+    qxNodeVariantCreator();
+
+    /// A new operation of this class, owned by the caller.
+    osg::GraphOp *create() override;
+
+protected:
+    osg::Action::ResultE traverseEnter(qxGraphOpNode node) override;
+};

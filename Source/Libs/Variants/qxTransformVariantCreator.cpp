@@ -1,0 +1,27 @@
+#include "qxTransformVariantCreator.h"
+
+#include "Internal/qxNotify.h"
+#include "qxVariants.h"
+
+#include "qxNodeUtils.h"
+
+qxTransformVariantCreator::qxTransformVariantCreator() : qxVariantCreator("qxTransformVariantCreator") {}
+
+osg::GraphOp *qxTransformVariantCreator::create()
+{
+    return new qxTransformVariantCreator;
+}
+
+bool qxTransformVariantCreator::traverse(osg::NodePtr node)
+{
+    qxVariantCreator::traverse(node);
+    qxNotify::transformVariantChanged();
+    return true;
+}
+
+osg::Action::ResultE qxTransformVariantCreator::traverseEnter(qxGraphOpNode node)
+{
+    if (qxNodeUtils::hasTransformVariants(node))
+        qxVariants::createTransformVariant(node, false);
+    return osg::Action::Continue;
+}
