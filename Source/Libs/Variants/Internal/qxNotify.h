@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QString>
+
+#include <string>
+#include <vector>
+
+class qxMessage;
+class qxVariant;
+class qxVariantGroup;
+class qxVariantSet;
+struct qxNodesChange;
+
+/// Everything that the module tells the host: one function per notification, called like it.
+///
+/// Notifications ask views to follow at once, except those of transform variants, which may wait.
+/// Texts travel as UTF-8, objects as untyped addresses.
+namespace qxNotify {
+
+// The registry gained a variant.
+void nodeVariantAdded(qxVariant *variant);
+void materialVariantAdded(qxVariant *variant);
+void lightVariantAdded(qxVariant *variant);
+void overlayVariantAdded(qxVariant *variant);
+void transformVariantAdded(qxVariant *variant);
+
+// The registry was asked to remove a variant.
+void nodeVariantRemoved();
+void materialVariantRemoved();
+void lightVariantRemoved();
+void overlayVariantRemoved();
+void transformVariantRemoved();
+
+// Many variants came or went.
+void nodeVariantChanged();
+void materialVariantChanged();
+void lightVariantChanged();
+void overlayVariantChanged();
+void transformVariantChanged();
+/// The same after a document was read, when views follow at once.
+void transformVariantChangedByDocument();
+
+// Sets and groups came or went; removed ones still exist during the call.
+void variantSetAdded(qxVariantSet *set);
+void variantSetRemoved(qxVariantSet *set);
+void variantSetChanged();
+void variantGroupAdded(qxVariantGroup *group);
+void variantGroupRemoved(qxVariantGroup *group);
+void variantGroupChanged();
+
+// A set was applied.
+void variantsSetSelected(const QString &setName);
+void variantSetSelected();
+void variantSetSelected(qxVariantSet *set);
+void animationStart(const QString &animation);
+
+// The user wants to see the variants of these names.
+void selectNodeVariants(const std::vector<QString> &names);
+void selectMaterialVariants(const std::vector<QString> &names);
+void selectLightVariants(const std::vector<QString> &names);
+void selectOverlayVariants(const std::vector<QString> &names);
+void selectTransformVariants(const std::vector<QString> &names);
+
+// A state was selected; sent once, after all changes.
+void nodeVariantSelected(qxVariant *variant);
+void materialVariantSelected(qxVariant *variant);
+void lightVariantSelected(qxVariant *variant);
+void overlayVariantSelected(qxVariant *variant);
+
+/// The beginning of a message about one changed node: the name of the variant that changed it.
+qxMessage changeBy(const std::string &variantName);
+/// Notes in such a message that the node was hidden; the change itself replaces it.
+void setHidden(qxMessage &message);
+/// These add the change to `message` and send it.
+void variantsNodesChanged(qxMessage &message, qxNodesChange &&change);
+void variantsOverlaysChanged(qxMessage &message, qxNodesChange &&change);
+void variantsLightsChanged(qxMessage &message, std::vector<std::string> &&enabled,
+                           std::vector<std::string> &&disabled);
+
+/// The switch material `materialBaseName` now shows the material `materialName`.
+void variantsMaterialChanged(const std::string &variantName, const std::string &materialName,
+                             const std::string &materialBaseName);
+/// The materials of a switch material changed.
+void updateMaterials();
+/// Tells the other modules that materials came, went or were replaced in the scene.
+void sceneMaterialsChanged();
+
+/// Asks the host to put the overlays of that name into a state.
+void activateOverlays(const QString &state, const QString &overlayName);
+
+} // namespace qxNotify

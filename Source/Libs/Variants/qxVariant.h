@@ -1,0 +1,62 @@
+#pragma once
+
+#include "qxName.h"
+
+#include <Qt>
+
+#include <vector>
+
+/// States that every kind of variant knows as actions; each begins with "!".
+extern const QString variantEnable;       ///< "!Enable"
+extern const QString variantDisable;      ///< "!Disable"
+extern const QString variantToggle;       ///< "!Toggle"
+extern const QString variantNext;         ///< "!Next"
+extern const QString variantNextLoop;     ///< "!Next (Loop)"
+extern const QString variantPrevious;     ///< "!Previous"
+extern const QString variantPreviousLoop; ///< "!Previous (Loop)"
+extern const QString variantAll;          ///< "!All"
+extern const QString variantNone;         ///< "!None"
+
+/// One state that a variant can be put in.
+struct qxVariantOption {
+    QString name;
+    QString shortcut; ///< key sequence in the host's native text format; empty for none
+    int key = 0;      ///< key code of the shortcut's first combination, without modifiers
+    Qt::KeyboardModifiers modifiers; ///< modifiers of that combination
+    bool isAction = false;           ///< an action such as "!Next" rather than a state
+
+    /// Recomputes `key` and `modifiers`; to be called after `shortcut` was changed in place.
+    void updateShortcut();
+};
+
+/// A named part of the scene together with the states it can be put in.
+///
+/// Names are compared exactly. Kinds keep the name of their scene object and look it up each time.
+class qxVariant {
+public:
+    qxName name;
+    QString defaultState;
+    std::vector<qxVariantOption> options; ///< in the order in which they were added
+
+    virtual ~qxVariant();
+    /// Makes `state`, an option's name or an action, current in the scene.
+    virtual void onSelect(const QString &state);
+    /// The state that the scene shows now; empty when it shows none.
+    virtual QString onCurrent() const;
+
+    /// Appends an option that is not an action. A name that is there already keeps its option.
+    void add(const QString &name, const QString &shortcut);
+    void add(bool isAction, const QString &name, const QString &shortcut);
+    /// Removes the first option of that name, if any.
+    void remove(const QString &name);
+    /// The first option of that name, or null; an empty name finds nothing. The pointer is valid
+    /// until the options change.
+    qxVariantOption *find(const QString &name);
+    /// Whether there is an option of that name and it is an action.
+    bool isAction(const QString &name);
+
+protected:
+    qxVariant() = default;
+    qxVariant(const qxVariant &) = default;
+    qxVariant &operator=(const qxVariant &) = default;
+};
