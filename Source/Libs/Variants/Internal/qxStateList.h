@@ -1,0 +1,61 @@
+#pragma once
+
+#include "qxName.h"
+
+#include <QHash>
+
+#include <list>
+
+/// One reference that a set holds: a variant, by name, and the state to select in it.
+struct qxVariantState {
+    qxName variant;
+    QString state; ///< an option's name or an action such as "!Toggle"
+};
+
+/// The references that a set holds to the variants of one kind, in order, one per variant.
+///
+/// Entries stay where they are in memory until they are removed, and may be edited in place. Long
+/// lists keep an index of the variants' names, so that adding, finding and removing cost the same
+/// in all of them.
+class qxStateList : private qxNameWatcher {
+    typedef std::list<qxVariantState> States;
+
+public:
+    typedef States::iterator iterator;
+    typedef States::const_iterator const_iterator;
+    typedef qxVariantState value_type;
+
+    qxStateList() = default;
+    qxStateList(const qxStateList &other);
+    qxStateList &operator=(const qxStateList &other);
+
+    iterator begin() { return m_states.begin(); }
+    iterator end() { return m_states.end(); }
+    const_iterator begin() const { return m_states.begin(); }
+    const_iterator end() const { return m_states.end(); }
+    std::size_t size() const { return m_states.size(); }
+    bool empty() const { return m_states.empty(); }
+    qxVariantState &front() { return m_states.front(); }
+    const qxVariantState &front() const { return m_states.front(); }
+    qxVariantState &back() { return m_states.back(); }
+    const qxVariantState &back() const { return m_states.back(); }
+
+    /// The first entry of that variant, or null.
+    qxVariantState *find(const QString &variant);
+    const qxVariantState *find(const QString &variant) const;
+    /// Gives the variant's entry that state; appends an entry when there is none.
+    void add(const QString &variant, const QString &state);
+    /// Removes the first entry of that variant, if any.
+    void remove(const QString &variant);
+    void clear();
+
+private:
+    iterator locate(const QString &variant) const;
+    void buildIndex() const;
+    void watchAll();
+    void renamed(const qxName &, const QString &) override { m_index.clear(); }
+
+    mutable States m_states;
+    /// The first entry of each variant; empty while the list is short or after a name was edited.
+    mutable QHash<QString, iterator> m_index;
+};

@@ -1,0 +1,116 @@
+#pragma once
+
+#include "Internal/qxNamedList.h"
+
+#include <OpenSG/OSGMaterialFields.h>
+#include <OpenSG/OSGNode.h>
+
+class qxLightVariant;
+class qxMaterialVariant;
+class qxMessage;
+class qxNodeVariant;
+class qxOverlayVariant;
+class qxTransformVariant;
+class qxVariantGroup;
+class qxVariantSet;
+
+/// The one registry of all variants, variant sets and variant groups. It owns them.
+///
+/// Names are compared exactly. An empty name never matches: find and create return null, remove
+/// returns false. With `notify` a creation is announced, else it is silent; an object that exists
+/// already is never announced again. All operations run on the user-interface thread.
+class qxVariants {
+public:
+    qxVariants();
+    qxVariants(const qxVariants &) = delete;
+    qxVariants &operator=(const qxVariants &) = delete;
+    virtual ~qxVariants();
+
+    /// The variant named like the scene object: the existing one or a new one built from the object.
+    /// Null for an object without a name, and for a node without transform states in the last case.
+    static qxNodeVariant *createNodeVariant(osg::NodePtr node, bool notify);
+    static qxMaterialVariant *createMaterialVariant(osg::MaterialPtr material, bool notify);
+    static qxLightVariant *createLightVariant(osg::NodePtr node, bool notify);
+    static qxOverlayVariant *createOverlayVariant(osg::NodePtr node, bool notify);
+    static qxTransformVariant *createTransformVariant(osg::NodePtr node, bool notify);
+
+    /// The variant of that name: the existing one or a new one without options and scene object, which
+    /// the caller fills. An overlay variant takes the name for its overlay, too.
+    static qxNodeVariant *createNodeVariant(const QString &name, bool notify);
+    static qxMaterialVariant *createMaterialVariant(const QString &name, bool notify);
+    static qxLightVariant *createLightVariant(const QString &name, bool notify);
+    static qxOverlayVariant *createOverlayVariant(const QString &name, bool notify);
+    static qxTransformVariant *createTransformVariant(const QString &name, bool notify);
+
+    static qxNodeVariant *findNodeVariant(const QString &name);
+    static qxMaterialVariant *findMaterialVariant(const QString &name);
+    static qxLightVariant *findLightVariant(const QString &name);
+    static qxOverlayVariant *findOverlayVariant(const QString &name);
+    static qxTransformVariant *findTransformVariant(const QString &name);
+
+    /// Deletes the first variant of that name. The removal is announced, and true is returned, also
+    /// when there is none.
+    static bool removeNodeVariant(const QString &name);
+    static bool removeMaterialVariant(const QString &name);
+    static bool removeLightVariant(const QString &name);
+    static bool removeOverlayVariant(const QString &name);
+    static bool removeTransformVariant(const QString &name);
+
+    /// Deletes all variants of the kind and announces the change once.
+    static void clearNodeVariants();
+    static void clearMaterialVariants();
+    static void clearLightVariants();
+    static void clearOverlayVariants();
+    static void clearTransformVariants();
+
+    /// A new set, added to `group` unless that is null. A name that is taken is refused with a
+    /// warning and null.
+    static qxVariantSet *createVariantSet(const QString &name, bool notify, qxVariantGroup *group);
+    static qxVariantSet *findVariantSet(const QString &name);
+    /// Deletes the set and announces it; an unknown name is silent. False only for an empty name.
+    static bool removeVariantSet(const QString &name);
+    static void clearVariantSets();
+    /// Deletes the sets that hold nothing, see qxVariantSet::isEmpty.
+    static void clearEmptyVariantSets();
+    static bool hasEmptyVariantSets();
+    /// Strips references that can no longer work from all sets.
+    static void optimizeVariantSets();
+
+    /// A new group. A name that is taken is refused with a warning and null.
+    static qxVariantGroup *createVariantGroup(const QString &name, bool notify, bool visible);
+    static qxVariantGroup *findVariantGroup(const QString &name);
+    /// As removeVariantSet. The sets of the group stay, without a group.
+    static bool removeVariantGroup(const QString &name);
+    static void clearVariantGroups();
+    static void clearEmptyGroups();
+    static bool hasEmptyGroups();
+
+    /// `base`, or the host's variation of it that no set (no group) has.
+    static QString getUniqueVariantSetName(QString base);
+    static QString getUniqueVariantGroupName(QString base);
+
+    /// Asks the user interface to highlight the variants of that set.
+    static void showConnectedVariants(QString setName);
+    /// Applies the set of that name (UTF-8) after showing its target nodes. `flag` keeps the camera
+    /// where it is. An unknown name is ignored.
+    static void selectVariantSet(const char *name, bool flag);
+    /// Splits key-sequence text in the native format into the key code and the modifiers of its first
+    /// combination; both are 0 for a text that names no key.
+    static void mapHotkey(const QString &text, int &key, Qt::KeyboardModifiers &modifiers);
+    /// Forgets everything: the host's "clearAllVariants".
+    static void clearAll(qxMessage &message);
+
+    /// In order of creation, which is the order of the document and of the user interface.
+    static qxNamedList<qxNodeVariant> _nodeVariants;
+    static qxNamedList<qxMaterialVariant> _materialVariants;
+    static qxNamedList<qxLightVariant> _lightVariants;
+    static qxNamedList<qxOverlayVariant> _overlayVariants;
+    static qxNamedList<qxTransformVariant> _transformVariants;
+    static qxNamedList<qxVariantSet> _variantSets;
+    static qxNamedList<qxVariantGroup> _variantGroups;
+    /// Whether showing a node also shows what is below and above it.
+    static bool _recurse;
+
+private:
+    static qxVariants _the;
+};
