@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Core/qxHost.h"
+#include "NotificationLog.h"
+#include "TestScene.h"
+#include "qxLog.h"
+
+#include <gtest/gtest.h>
+
+/// A test with a host of its own: an empty scene, and ears for every notification and log line.
+///
+/// An error line that the test did not expect fails it, and so does an expected one that never came.
+/// A class derived from this one that overrides TearDown must call this one's.
+class HostFixture : public testing::Test {
+protected:
+    HostFixture();
+    ~HostFixture() override;
+    void TearDown() override;
+
+    /// Announces that exactly this error line (without line break) will be logged once more.
+    void expectError(const std::string &line) { m_expectedErrors.push_back(line); }
+    /// The lines of that level logged so far, in order.
+    std::vector<std::string> logged(qxLog::Level level) const;
+    /// The notifications of that name heard so far.
+    std::vector<Notification> heard(const std::string &name) const
+    {
+        return notifications.all(name);
+    }
+
+    qxHost host;
+    TestScene scene;
+    NotificationLog notifications;
+
+private:
+    std::vector<std::pair<qxLog::Level, std::string>> m_lines;
+    std::vector<std::string> m_expectedErrors;
+    int m_logListener = 0;
+};

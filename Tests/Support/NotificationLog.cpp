@@ -1,0 +1,132 @@
+#include "NotificationLog.h"
+
+#include "qxController.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <ostream>
+#include <sstream>
+
+namespace {
+
+std::string asText(const std::string &text) { return text; }
+std::string asText(const QString &text) { return text.toStdString(); }
+
+template <class List>
+std::string listText(const List &list)
+{
+    std::string text;
+    for (const auto &entry : list)
+        text += (text.empty() ? "" : ", ") + asText(entry);
+    return "[" + text + "]";
+}
+
+template <class T>
+bool renderText(const boost::any &value, std::string &text)
+{
+    if (const T *found = boost::any_cast<T>(&value))
+        text = asText(*found);
+    return value.type() == typeid(T);
+}
+
+template <class T>
+bool renderList(const boost::any &value, std::string &text)
+{
+    if (const T *found = boost::any_cast<T>(&value))
+        text = listText(*found);
+    return value.type() == typeid(T);
+}
+
+template <class T>
+bool renderStreamed(const boost::any &value, std::string &text)
+{
+    const T *found = boost::any_cast<T>(&value);
+    if (!found)
+        return false;
+    std::ostringstream stream;
+    stream << std::boolalpha << *found;
+    text = stream.str();
+    return true;
+}
+
+} // namespace
+
+std::string textOf(const boost::any &value)
+{
+    std::string text;
+    const bool known = renderText<std::string>(value, text) || renderText<QString>(value, text)
+        || renderStreamed<bool>(value, text) || renderStreamed<int>(value, text)
+        || renderStreamed<unsigned int>(value, text) || renderStreamed<double>(value, text)
+        || renderStreamed<const char *>(value, text)
+        || renderList<std::vector<std::string>>(value, text)
+        || renderList<std::vector<QString>>(value, text) || renderList<QStringList>(value, text)
+        || renderList<QList<QString>>(value, text) || renderList<QVector<QString>>(value, text);
+    if (known)
+        return text;
+    if (void *const *object = boost::any_cast<void *>(&value))
+        return addressOf(*object);
+    return std::string("<") + value.type().name() + ">";
+}
+
+std::string addressOf(const void *object)
+{
+    std::ostringstream stream;
+    stream << object;
+    return stream.str();
+}
+
+std::vector<std::string> Notification::keys() const
+{
+    std::vector<std::string> keys;
+    for (const qxMessage::Entry &entry : message.entries())
+        keys.push_back(entry.first);
+    return keys;
+}
+
+std::string Notification::field(const std::string &key) const
+{
+    for (const qxMessage::Entry &entry : message.entries()) {
+        if (entry.first == key)
+            return textOf(entry.second);
+    }
+    return "(none)";
+}
+
+std::string Notification::text() const
+{
+    std::string line = name;
+    for (const qxMessage::Entry &entry : message.entries())
+        line += " " + entry.first + "=" + textOf(entry.second);
+    return line;
+}
+
+void PrintTo(const Notification &notification, std::ostream *out) { *out << notification.text(); }
+
+NotificationLog::NotificationLog()
+{
+    m_listener = qxController::addListener([this](const char *name, qxMessage *message, int flag) {
+        m_entries.push_back({name, flag, message != nullptr, message ? *message : qxMessage()});
+    });
+}
+
+NotificationLog::~NotificationLog() { qxController::removeListener(m_listener); }
+
+std::vector<std::string> NotificationLog::names() const
+{
+    std::vector<std::string> names;
+    for (const Notification &entry : m_entries)
+        names.push_back(entry.name);
+    return names;
+}
+
+std::vector<Notification> NotificationLog::all(const std::string &name) const
+{
+    std::vector<Notification> found;
+    for (const Notification &entry : m_entries) {
+        if (entry.name == name)
+            found.push_back(entry);
+    }
+    return found;
+}
