@@ -1,0 +1,45 @@
+#include "qxBenchScene.h"
+
+#include "qxVariants.h"
+
+#include "qxMessage.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGGroup.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSwitch.h>
+
+namespace {
+
+osg::NodePtr addNode(const osg::NodePtr &parent, const osg::NodeCorePtr &core, const QString &name)
+{
+    osg::NodePtr node = osg::Node::create();
+    osg::beginEditCP(node);
+    node->setCore(core);
+    osg::setName(node, name.toStdString());
+    osg::endEditCP(node);
+    osg::beginEditCP(parent, osg::Node::ChildrenFieldMask);
+    parent->addChild(node);
+    osg::endEditCP(parent, osg::Node::ChildrenFieldMask);
+    return node;
+}
+
+} // namespace
+
+qxBenchScene::qxBenchScene(int switches, int variants)
+{
+    const osg::NodePtr root = qxScenegraph::getRoot();
+    for (int i = 0; i < switches; ++i) {
+        const osg::NodePtr node = addNode(root, osg::Switch::create(), switchName(i));
+        for (int child = 0; child < 4; ++child)
+            addNode(node, osg::Group::create(), childName(child));
+        if (i < variants)
+            qxVariants::createNodeVariant(node, false);
+    }
+}
+
+qxBenchScene::~qxBenchScene()
+{
+    qxMessage none;
+    qxVariants::clearAll(none);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Core/qxHost.h"
+
+#include <OpenSG/OSGNode.h>
+
+#include <QString>
+
+/// A host with a scene of `switches` switch nodes of four children each, and a node variant for the
+/// first `variants` of them. Everything is gone when it goes out of scope.
+class qxBenchScene {
+public:
+    qxBenchScene(int switches, int variants);
+    ~qxBenchScene();
+
+    static QString switchName(int index) { return QStringLiteral("Switch %1").arg(index); }
+    static QString childName(int index) { return QStringLiteral("Child %1").arg(index); }
+
+private:
+    qxHost m_host;
+};
