@@ -25,10 +25,10 @@ _LEXER = re.compile(
 _INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]')
 
 
-def tracked(root):
-    """The files git tracks below root, as paths relative to it."""
-    listed = subprocess.run(["git", "-C", str(root), "ls-files", "-z"], check=True, capture_output=True)
-    names = listed.stdout.decode().split("\0")
+def files_of(root):
+    """The repository's files below root, new ones too, as paths relative to it."""
+    command = ["git", "-C", str(root), "ls-files", "-z", "--cached", "--others", "--exclude-standard"]
+    names = subprocess.run(command, check=True, capture_output=True).stdout.decode().split("\0")
     return [Path(name) for name in names if name and (Path(root) / name).is_file()]
 
 
