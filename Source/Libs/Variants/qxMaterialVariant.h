@@ -28,7 +28,7 @@ public:
     /// Takes the material out of the switch material, and its option out of the variant.
     void remove(osg::MaterialPtr material);
     /// Takes out the materials of that name; of two neighbours with one name the second one stays.
-    void remove(const QString &name);
+    void remove(const QString &optionName);
 
     /// Builds the options anew from the switch material. Shortcuts of options that survive are kept,
     /// and so is a default state that is still a state. Without a switch material no option is left.

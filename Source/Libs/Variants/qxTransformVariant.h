@@ -10,7 +10,7 @@ public:
     /// A variant without options that drives nothing yet.
     qxTransformVariant() = default;
     /// Drives the nodes of that name and takes the options from them; an empty name drives nothing.
-    explicit qxTransformVariant(const QString &name);
+    explicit qxTransformVariant(const QString &node);
 
     /// Asks the host's transform service, which must exist, for the state: once per node with
     /// transform states, each stepped from its own current state. Unknown states are skipped.

@@ -45,15 +45,15 @@ public:
     virtual QString onCurrent() const;
 
     /// Appends an option that is not an action. A name that is there already keeps its option.
-    void add(const QString &name, const QString &shortcut);
-    void add(bool isAction, const QString &name, const QString &shortcut);
+    void add(const QString &optionName, const QString &shortcut);
+    void add(bool action, const QString &optionName, const QString &shortcut);
     /// Removes the first option of that name, if any.
-    void remove(const QString &name);
+    void remove(const QString &optionName);
     /// The first option of that name, or null; an empty name finds nothing. The pointer is valid
     /// until the options change.
-    qxVariantOption *find(const QString &name);
+    qxVariantOption *find(const QString &optionName);
     /// Whether there is an option of that name and it is an action.
-    bool isAction(const QString &name);
+    bool isAction(const QString &optionName);
 
 protected:
     qxVariant() = default;

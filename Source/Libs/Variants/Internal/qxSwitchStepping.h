@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <array>
 #include <optional>
 
 /// The four actions that go from one state to a neighbouring one.
@@ -13,6 +14,8 @@ enum class qxStep { Next, NextLoop, Previous, PreviousLoop };
 /// out of range differently, and an empty list, so each has its own rule.
 namespace qxSwitchStepping {
 
+/// The names of the four actions, in the order of qxStep.
+const std::array<QString, 4> &actions();
 /// The step that an action name stands for; none for any other text.
 std::optional<qxStep> stepOf(const QString &state);
 

@@ -1,0 +1,63 @@
+#include "qxOverlayVariant.h"
+
+#include "Internal/qxNodeWalks.h"
+#include "Internal/qxNodesChange.h"
+#include "Internal/qxNotify.h"
+#include "Internal/qxOptionRebuild.h"
+#include "Internal/qxSwitchOptions.h"
+#include "Internal/qxText.h"
+
+#include "qxNodeUtils.h"
+#include "qxOverlays.h"
+
+namespace {
+
+/// Null when the host has no overlay of that name.
+qxNodePtr firstOverlay(const QString &name)
+{
+    const std::vector<qxNodePtr> nodes = qxOverlays::findOverlays(qxText::toUtf8(name).c_str());
+    return nodes.empty() ? qxNodePtr() : nodes.front();
+}
+
+} // namespace
+
+qxOverlayVariant::qxOverlayVariant(osg::NodePtr node)
+{
+    if (node == osg::NullFC)
+        return;
+    overlayName = qxText::fromUtf8(qxNodeUtils::getName(node));
+    name = overlayName;
+    qxSwitchOptions::build(*this, node);
+}
+
+void qxOverlayVariant::onSelect(const QString &state)
+{
+    qxNotify::activateOverlays(state, overlayName);
+    qxNotify::overlayVariantSelected(this);
+}
+
+QString qxOverlayVariant::onCurrent() const
+{
+    const qxNodePtr node = firstOverlay(overlayName);
+    return node == osg::NullFC ? QString() : qxSwitchOptions::currentState(node);
+}
+
+void qxOverlayVariant::updateVariants()
+{
+    qxOptionRebuild rebuild(*this);
+    const qxNodePtr node = firstOverlay(overlayName);
+    if (node == osg::NullFC)
+        return;
+    qxSwitchOptions::rebuild(*this, rebuild, node);
+    rebuild.restoreDefault();
+}
+
+void qxOverlayVariant::callVariantsNodesChanged(const osg::NodePtr &node, qxMessage &message)
+{
+    qxNotify::variantsOverlaysChanged(message, qxNodesChange::of(node));
+}
+
+QString qxOverlayVariant::getNodePath(const osg::NodePtr &node)
+{
+    return qxText::fromUtf8(qxNodeWalks::nodePath(node));
+}
