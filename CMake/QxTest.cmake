@@ -6,7 +6,7 @@ find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
 # Every test runs, and is listed, without a display and with one locale. The rest of the environment,
 # QX_SCENES (a folder of real scenes) above all, reaches the test as it is when CTest runs.
-set(QX_TEST_ENVIRONMENT env QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
+set(QX_TEST_ENVIRONMENT env QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 UBSAN_OPTIONS=print_stacktrace=1
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/Tools/leaks-of-others.txt:print_suppressions=0")
 
 # qx_test(<name> [LIBS deps...] [LABELS labels...])

@@ -27,7 +27,8 @@ _INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]')
 
 def files_of(root):
     """The repository's files below root, new ones too, as paths relative to it."""
-    command = ["git", "-c", "safe.directory=*", "-C", str(root), "ls-files", "-z", "--cached", "--others", "--exclude-standard"]
+    command = ["git", "-c", "safe.directory=*", "-C", str(root)]
+    command += ["ls-files", "-z", "--cached", "--others", "--exclude-standard"]
     names = subprocess.run(command, check=True, capture_output=True).stdout.decode().split("\0")
     return [Path(name) for name in names if name and (Path(root) / name).is_file()]
 
