@@ -1,0 +1,100 @@
+#include "qxChangeReport.h"
+
+#include "qxOutput.h"
+
+#include "Cameras/qxMainView.h"
+#include "Script/qxScriptRunner.h"
+
+#include "qxController.h"
+#include "qxMessage.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <cstring>
+
+namespace {
+
+QString viewpointName(int id)
+{
+    const qxUberCamera *camera = qxUberCameraPool::the()->get(id);
+    return camera ? QString::fromStdString(camera->name) : QString();
+}
+
+QString clonesText(int others)
+{
+    return others ? QStringLiteral(" (and %1 clones)").arg(others) : QString();
+}
+
+} // namespace
+
+qxChangeReport::qxChangeReport()
+    : m_before(qxSceneState::take()), m_viewpointBefore(qxMainView::the().viewpoint)
+{
+    m_notificationListener
+        = qxController::addListener([this](const char *name, qxMessage *message, int) {
+              if (message && strcmp(name, "animationStart") == 0) {
+                  if (const auto *clip = message->get<std::string>("animation-name"))
+                      m_animations += QString::fromStdString(*clip);
+              }
+          });
+    m_scriptListener = qxScriptRunner::addListener([this](const qxScriptText &script) {
+        m_scripts += QString::fromStdString(script.text).trimmed();
+    });
+}
+
+qxChangeReport::~qxChangeReport()
+{
+    qxController::removeListener(m_notificationListener);
+    qxScriptRunner::removeListener(m_scriptListener);
+}
+
+void qxChangeReport::finish(const QString &title, const QStringList &skipped)
+{
+    m_title = title;
+    m_skipped = skipped;
+    m_changes = m_before.changesTo(qxSceneState::take());
+    if (qxMainView::the().viewpoint != m_viewpointBefore)
+        m_viewpoint = viewpointName(qxMainView::the().viewpoint);
+}
+
+void qxChangeReport::print() const
+{
+    qxOutput::line(m_title);
+    QList<QStringList> rows;
+    for (const qxSceneChange &change : m_changes) {
+        rows += QStringList{QLatin1String("  ") + change.object + clonesText(change.others),
+                            QStringLiteral("%1 -> %2").arg(change.before, change.after)};
+    }
+    if (!m_viewpoint.isEmpty())
+        rows += QStringList{QStringLiteral("  camera"), m_viewpoint};
+    for (const QString &animation : m_animations)
+        rows += QStringList{QStringLiteral("  animation"), animation};
+    for (const QString &script : m_scripts) {
+        for (const QString &line : script.split(QLatin1Char('\n')))
+            rows += QStringList{QStringLiteral("  script"), line};
+    }
+    for (const QString &skipped : m_skipped)
+        rows += QStringList{QStringLiteral("  skipped"), skipped};
+    if (rows.isEmpty())
+        rows += QStringList{QStringLiteral("  nothing changed")};
+    qxOutput::table(rows);
+}
+
+QJsonObject qxChangeReport::toJson() const
+{
+    QJsonArray changes;
+    for (const qxSceneChange &change : m_changes) {
+        changes += QJsonObject{{QStringLiteral("object"), change.object},
+                               {QStringLiteral("clones"), change.others},
+                               {QStringLiteral("from"), change.before},
+                               {QStringLiteral("to"), change.after}};
+    }
+    return {{QStringLiteral("name"), m_title},
+            {QStringLiteral("changes"), changes},
+            {QStringLiteral("viewpoint"),
+             m_viewpoint.isEmpty() ? QJsonValue() : QJsonValue(m_viewpoint)},
+            {QStringLiteral("animations"), QJsonArray::fromStringList(m_animations)},
+            {QStringLiteral("scripts"), QJsonArray::fromStringList(m_scripts)},
+            {QStringLiteral("skipped"), QJsonArray::fromStringList(m_skipped)}};
+}

@@ -1,0 +1,3 @@
+#include "qxCommand.h"
+#include "qxOutput.h"
+#include "qxSession.h"

@@ -1,0 +1,137 @@
+#include "qxSceneState.h"
+
+#include "OSGSwitchComponentTransform.h"
+#include "OSGUberLight.h"
+#include "qxMaterials.h"
+#include "qxNodeUtils.h"
+#include "qxOverlays.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGSwitch.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+#include <map>
+
+namespace {
+
+QString nameOf(const osg::NodePtr &node)
+{
+    return QString::fromStdString(qxNodeUtils::getName(node));
+}
+
+QString pathOf(const osg::NodePtr &node)
+{
+    QStringList names;
+    const osg::NodePtr root = qxScenegraph::getRoot();
+    for (osg::NodePtr at = node; at != osg::NullFC && at != root; at = at->getParent())
+        names.prepend(nameOf(at));
+    return names.join(QLatin1Char('/'));
+}
+
+osg::Int64 choiceOf(const osg::NodePtr &node)
+{
+    const osg::NodeCorePtr core = node->getCore();
+    const auto transform = osg::SwitchComponentTransformPtr::dcast(core);
+    if (transform != osg::NullFC)
+        return transform->getChoice();
+    const auto choice = osg::SwitchPtr::dcast(core);
+    if (choice != osg::NullFC)
+        return choice->getChoice();
+    const auto light = osg::UberLightPtr::dcast(core);
+    return light != osg::NullFC ? osg::Int64(light->getOn()) : 0;
+}
+
+QString choiceText(const osg::NodePtr &node, osg::Int64 choice)
+{
+    if (osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC)
+        return choice ? QStringLiteral("on") : QStringLiteral("off");
+    if (osg::SwitchPtr::dcast(node->getCore()) == osg::NullFC)
+        return QStringLiteral("Transform %1").arg(choice);
+    if (choice >= 0 && choice < osg::Int64(node->getNChildren()))
+        return nameOf(node->getChild(osg::UInt32(choice)));
+    return choice == osg::Switch::ALL ? QStringLiteral("all") : QStringLiteral("none");
+}
+
+QString maskText(osg::UInt32 mask)
+{
+    return mask == 0 ? QStringLiteral("hidden") : QStringLiteral("shown");
+}
+
+QString materialText(const osg::SwitchMaterialPtr &material, osg::UInt32 choice)
+{
+    if (choice >= material->getMaterials().size())
+        return QStringLiteral("none");
+    return QString::fromStdString(qxMaterials::getName(material->getMaterials()[choice]));
+}
+
+} // namespace
+
+qxSceneState qxSceneState::take()
+{
+    qxSceneState state;
+    for (const osg::NodePtr &root : {qxScenegraph::getRoot(), qxOverlays::getPoolRoot()}) {
+        for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(root)) {
+            state.m_nodes.push_back({node, node->getTravMask(), choiceOf(node),
+                                     qxNodeUtils::getSelectedTransformVariantName(node)});
+        }
+    }
+    std::vector<osg::MaterialPtr> materials;
+    qxScenegraph::getMaterialPool()->get(materials);
+    for (const osg::MaterialPtr &material : materials) {
+        const auto choice = osg::SwitchMaterialPtr::dcast(material);
+        if (choice != osg::NullFC)
+            state.m_materials.push_back({material, choice->getChoice()});
+    }
+    return state;
+}
+
+QList<qxSceneChange> qxSceneState::nodeChanges(const NodeState &before, const NodeState &after)
+{
+    QList<qxSceneChange> changes;
+    const auto add = [&](const QString &from, const QString &to) {
+        if (from != to)
+            changes += qxSceneChange{pathOf(after.node), 0, from, to};
+    };
+    if (before.mask != after.mask)
+        add(maskText(before.mask), maskText(after.mask));
+    if (before.choice != after.choice)
+        add(choiceText(after.node, before.choice), choiceText(after.node, after.choice));
+    add(QString::fromStdString(before.pose), QString::fromStdString(after.pose));
+    return changes;
+}
+
+QList<qxSceneChange> qxSceneState::changesTo(const qxSceneState &later) const
+{
+    std::map<osg::NodePtr, const NodeState *> earlier;
+    for (const NodeState &state : m_nodes)
+        earlier[state.node] = &state;
+    std::map<osg::MaterialPtr, osg::UInt32> choices;
+    for (const MaterialState &state : m_materials)
+        choices[state.material] = state.choice;
+
+    QList<qxSceneChange> changes;
+    std::map<osg::NodeCorePtr, int> firstOfClones;
+    for (const NodeState &after : later.m_nodes) {
+        const auto before = earlier.find(after.node);
+        if (before == earlier.end())
+            continue;
+        if (before->second->choice != after.choice) {
+            const auto inserted = firstOfClones.insert({after.node->getCore(), changes.size()});
+            if (!inserted.second) {
+                ++changes[inserted.first->second].others;
+                continue;
+            }
+        }
+        changes += nodeChanges(*before->second, after);
+    }
+    for (const MaterialState &after : later.m_materials) {
+        const auto before = choices.find(after.material);
+        if (before == choices.end() || before->second == after.choice)
+            continue;
+        const auto material = osg::SwitchMaterialPtr::dcast(after.material);
+        changes += qxSceneChange{QString::fromStdString(qxMaterials::getName(material)), 0,
+                                 materialText(material, before->second),
+                                 materialText(material, after.choice)};
+    }
+    return changes;
+}

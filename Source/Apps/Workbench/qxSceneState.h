@@ -1,0 +1,45 @@
+#pragma once
+
+#include <OpenSG/OSGMaterial.h>
+#include <OpenSG/OSGNode.h>
+
+#include <QList>
+#include <QString>
+
+#include <vector>
+
+/// Something of the scene that stood one way before and stands another way now.
+struct qxSceneChange {
+    QString object; ///< path of the node from below the root, or name of the material
+    int others;     ///< how many further nodes share the change, because they are clones
+    QString before;
+    QString after;
+};
+
+/// What variants can change, taken down at one moment: visibility, choices of switches, of transform
+/// switches and of switch materials, lights, and the pose of nodes with named transform states.
+class qxSceneState {
+public:
+    /// Takes down the scene as it is now.
+    static qxSceneState take();
+
+    /// What differs in `later`, in scene order, materials last.
+    QList<qxSceneChange> changesTo(const qxSceneState &later) const;
+
+private:
+    struct NodeState {
+        osg::NodePtr node;
+        osg::UInt32 mask;
+        osg::Int64 choice; ///< of whatever the core chooses from; 0 for other cores
+        std::string pose;
+    };
+    struct MaterialState {
+        osg::MaterialPtr material;
+        osg::UInt32 choice;
+    };
+
+    static QList<qxSceneChange> nodeChanges(const NodeState &before, const NodeState &after);
+
+    std::vector<NodeState> m_nodes;
+    std::vector<MaterialState> m_materials;
+};
