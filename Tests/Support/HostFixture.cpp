@@ -7,9 +7,15 @@ HostFixture::HostFixture()
     });
 }
 
-HostFixture::~HostFixture() { qxLog::removeListener(m_logListener); }
+HostFixture::~HostFixture()
+{
+    qxLog::removeListener(m_logListener);
+}
 
-void HostFixture::TearDown() { EXPECT_EQ(logged(qxLog::Error), m_expectedErrors); }
+void HostFixture::TearDown()
+{
+    EXPECT_EQ(logged(qxLog::Error), m_expectedErrors);
+}
 
 std::vector<std::string> HostFixture::logged(qxLog::Level level) const
 {

@@ -9,8 +9,8 @@
 
 /// A test with a host of its own: an empty scene, and ears for every notification and log line.
 ///
-/// An error line that the test did not expect fails it, and so does an expected one that never came.
-/// A class derived from this one that overrides TearDown must call this one's.
+/// An error line that the test did not expect fails it, and so does an expected one that never
+/// came. A class derived from this one that overrides TearDown must call this one's.
 class HostFixture : public testing::Test {
 protected:
     HostFixture();

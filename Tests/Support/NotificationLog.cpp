@@ -11,8 +11,14 @@
 
 namespace {
 
-std::string asText(const std::string &text) { return text; }
-std::string asText(const QString &text) { return text.toStdString(); }
+std::string asText(const std::string &text)
+{
+    return text;
+}
+std::string asText(const QString &text)
+{
+    return text.toStdString();
+}
 
 template <class List>
 std::string listText(const List &list)
@@ -102,7 +108,10 @@ std::string Notification::text() const
     return line;
 }
 
-void PrintTo(const Notification &notification, std::ostream *out) { *out << notification.text(); }
+void PrintTo(const Notification &notification, std::ostream *out)
+{
+    *out << notification.text();
+}
 
 NotificationLog::NotificationLog()
 {
@@ -111,7 +120,10 @@ NotificationLog::NotificationLog()
     });
 }
 
-NotificationLog::~NotificationLog() { qxController::removeListener(m_listener); }
+NotificationLog::~NotificationLog()
+{
+    qxController::removeListener(m_listener);
+}
 
 std::vector<std::string> NotificationLog::names() const
 {

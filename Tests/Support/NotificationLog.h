@@ -20,8 +20,8 @@ struct Notification {
 /// Names a failed expectation readably.
 void PrintTo(const Notification &notification, std::ostream *out);
 
-/// A message value as text: texts as they are, true and false, numbers, addresses as addressOf gives
-/// them, lists of texts as "[a, b]"; "<type>" for anything else.
+/// A message value as text: texts as they are, true and false, numbers, addresses as addressOf
+/// gives them, lists of texts as "[a, b]"; "<type>" for anything else.
 std::string textOf(const boost::any &value);
 /// The text under which an object's address appears in a field.
 std::string addressOf(const void *object);

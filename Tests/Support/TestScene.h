@@ -74,7 +74,8 @@ public:
                               const osg::NodePtr &parent = osg::NullFC);
     /// A point light that is on.
     TestNode addLight(const std::string &name, const osg::NodePtr &parent = osg::NullFC);
-    /// A second tree of nodes that shares the cores of `node` and its children, with the same names.
+    /// A second tree of nodes that shares the cores of `node` and its children, with the same
+    /// names.
     TestNode addClone(const osg::NodePtr &node, const osg::NodePtr &parent = osg::NullFC);
 
     /// A shown overlay below the root of the overlay pool.
@@ -84,8 +85,8 @@ public:
 
     /// A simple material in the scene's pool.
     TestMaterial addMaterial(const std::string &name);
-    /// A switch material in the scene's pool, holding the first material of each name; those that do
-    /// not exist are added before it. Its choice is 0.
+    /// A switch material in the scene's pool, holding the first material of each name; those that
+    /// do not exist are added before it. Its choice is 0.
     TestMaterial addSwitchMaterial(const std::string &name, const Names &materials);
 
     /// A viewpoint at (x, 0, 0) looking along negative z; returns its id.

@@ -46,7 +46,7 @@ private:
 };
 
 /// A transform with several states, of which it shows the chosen one. At the end of an edit of the
-/// choice or of the states it takes translation, rotation and scale from the chosen state.
+/// choice or of the states it takes its whole pose from the chosen state.
 class SwitchComponentTransform : public SwitchComponentTransformBase {
     typedef SwitchComponentTransformBase Inherited;
 

@@ -31,6 +31,7 @@ public:
     static int addListener(const Listener &listener);
     static void removeListener(int id);
 
-    /// Asks for a new picture; with `everything` also what a picture keeps between frames is redone.
+    /// Asks for a new picture; with `everything` also what a picture keeps between frames is
+    /// redone.
     static void updateRender(bool everything);
 };

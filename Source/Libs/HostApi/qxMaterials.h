@@ -9,6 +9,10 @@
 
 /// The materials of the scene: those in the scene's material pool and those they are made of.
 ///
+/// The order is that of the pool; what a switch or multi-pass material contains follows behind it.
+/// Each material counts once. Look-ups follow every change of the scene that is made inside an edit
+/// bracket, and all others after the module message qxModuleBase::MaterialsChanged.
+///
 /// Names are UTF-8; an empty or null name finds nothing.
 class qxMaterials {
 public:
@@ -18,9 +22,9 @@ public:
     /// taken.
     static void setName(const osg::MaterialPtr &material, const char *name, bool exact);
 
-    /// The first material of that name in the order of the pool, or null.
+    /// The first material of that name, or null.
     static osg::MaterialPtr findMaterial(const char *name);
-    /// All materials of that name in the order of the pool.
+    /// All materials of that name.
     static std::vector<osg::MaterialPtr> findMaterials(const char *name);
 
     /// Whether the user may change the material; false for a null one.

@@ -18,8 +18,8 @@ public:
     /// A message of the module bus; `code` says what it is about (see qxModuleBase).
     explicit qxMessage(unsigned int code);
 
-    /// Stores `value` under `key`. An entry that exists keeps its place; it takes the new value when
-    /// `replace` is true and keeps its old one otherwise.
+    /// Stores `value` under `key`. An entry that exists keeps its place; it takes the new value
+    /// when `replace` is true and keeps its old one otherwise.
     void set(const std::string &key, const boost::any &value, bool replace = true);
 
     /// The value under `key`, or null when there is none or when it is not a `T`.

@@ -12,7 +12,8 @@ public:
     /// the core's type. Empty for a null node and for a node with neither name nor core.
     static std::string getName(const osg::NodePtr &node);
 
-    /// `base` when `existing` does not hold it, else `base` with the first free number behind it.
+    /// `base` when `existing` does not hold it, else `base`, a blank and the smallest free number
+    /// from 2 on. A number at the end of `base` belongs to the name: "RAL 9010" gives "RAL 9010 2".
     static std::string getUniqueName(const std::string &base,
                                      const std::vector<std::string> &existing);
 

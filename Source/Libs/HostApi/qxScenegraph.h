@@ -8,8 +8,9 @@
 
 /// The scene that the host shows, and looking things up in it.
 ///
-/// Names follow the rule of qxNodeUtils::getName and are UTF-8; an empty or null name finds nothing.
-/// Results come in scene order: depth first, a node before its children, children in order.
+/// Names follow the rule of qxNodeUtils::getName and are UTF-8; an empty or null name finds
+/// nothing. Results come in scene order: depth first, a node before its children, children in
+/// order.
 class qxScenegraph {
 public:
     /// The topmost node; never null while the host runs.
@@ -20,8 +21,8 @@ public:
     /// All nodes of that name, hidden ones and those below unchosen switch children included.
     static std::vector<qxNodePtr> findNodes(const char *name);
 
-    /// With the find cache on, look-ups cost the same in every scene. It is a snapshot of the names:
-    /// whoever switches it on must not rename, add or remove nodes until it is cleared.
+    /// With the find cache on, look-ups cost the same in every scene. It is a snapshot of the
+    /// names: whoever switches it on must not rename, add or remove nodes until it is cleared.
     static bool hasFindCache();
     static void initFindCache();
     static void clearFindCache();

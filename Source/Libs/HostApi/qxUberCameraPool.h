@@ -7,12 +7,12 @@
 
 /// A camera as a viewpoint keeps it. It looks along its negative z axis, y is up.
 struct qxUberCamera {
-    std::string name;       ///< UTF-8, as shown to the user
-    osg::Matrix toWorld;    ///< from camera to world coordinates
-    float fieldOfView = 0;  ///< vertical, in radians; 0 for a parallel projection
-    float height = 0;       ///< height of the picture in world units, parallel projection only
+    std::string name; ///< UTF-8, as shown to the user
+    osg::Matrix toWorld; ///< from camera to world coordinates
+    float fieldOfView = 0; ///< vertical, in radians; 0 for a parallel projection
+    float height = 0; ///< height of the picture in world units, parallel projection only
     float nearPlane = 0.1f; ///< distance in world units
-    float farPlane = 0;     ///< distance in world units, 0 for infinity
+    float farPlane = 0; ///< distance in world units, 0 for infinity
 };
 
 /// The viewpoints of the scene. An id is the position in the pool.

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "qxCameraService.h"
+
+/// Puts the camera of the main view (qxMainView) to the viewpoints of the pool, without a flight:
+/// a duration is taken as an upper limit.
+class qxMainCameraService : public qxCameraService {
+public:
+    int findViewpoint(const std::string &name) const override;
+    void moveToViewpoint(int id, int duration, int home, int redraw) override;
+};

@@ -1,0 +1,7 @@
+#include "qxConnector.h"
+
+qxConnector *qxConnector::the()
+{
+    static qxConnector connector;
+    return &connector;
+}

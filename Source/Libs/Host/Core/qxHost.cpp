@@ -1,0 +1,76 @@
+#include "Core/qxHost.h"
+
+#include "Cameras/qxMainCameraService.h"
+#include "Cameras/qxMainView.h"
+#include "Cameras/qxRunningClips.h"
+#include "Scene/qxOverlayService.h"
+#include "Scene/qxScene.h"
+#include "Scene/qxSceneTransformService.h"
+#include "qxAnimManager.h"
+#include "qxController.h"
+#include "qxMessage.h"
+#include "qxUberCameraPool.h"
+
+#include <OpenSG/OSGBaseFunctions.h>
+#include <OpenSG/OSGChangeList.h>
+#include <OpenSG/OSGThread.h>
+
+namespace {
+
+/// Once in a process: the scene graph cannot be started again after it ended.
+void startSceneGraph()
+{
+    static const bool started = [] {
+        osg::ChangeList::setReadWriteDefault();
+        return osg::osgInit(0, nullptr);
+    }();
+    if (started)
+        osg::Thread::getCurrentChangeList()->setReadOnly(false);
+}
+
+} // namespace
+
+/// What lives as long as the host, from the scene upwards.
+struct qxHost::Services {
+    Services()
+    {
+        qxKernelServiceFactory::the()->registerService<qxCameraService>(&camera);
+        qxKernelServiceFactory::the()->registerService<qxTransformService>(&transform);
+    }
+    ~Services()
+    {
+        qxKernelServiceFactory::the()->unregisterService<qxTransformService>();
+        qxKernelServiceFactory::the()->unregisterService<qxCameraService>();
+    }
+
+    qxScene scene;
+    qxMainCameraService camera;
+    qxSceneTransformService transform;
+    qxOverlayService overlays;
+    qxRunningClips clips;
+};
+
+qxHost::qxHost()
+{
+    startSceneGraph();
+    m_services = std::make_unique<Services>();
+    osg::Thread::getCurrentChangeList()->clearAll();
+}
+
+qxHost::~qxHost()
+{
+    clearScene();
+    m_services.reset();
+    osg::Thread::getCurrentChangeList()->clearAll();
+}
+
+void qxHost::clearScene()
+{
+    qxMessage message;
+    qxController::call("clearAllVariants", message, 1);
+    m_services->scene.clear();
+    qxUberCameraPool::the()->clear();
+    qxAnimManager::the()->setClips({});
+    qxRunningClips::clear();
+    qxMainView::the() = qxMainView();
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <OpenSG/OSGAttachment.h>
+#include <OpenSG/OSGBoolFields.h>
+#include <OpenSG/OSGReal32Fields.h>
+#include <OpenSG/OSGUInt32Fields.h>
+
+OSG_BEGIN_NAMESPACE
+
+class Surface;
+typedef FCPtr<AttachmentPtr, Surface> SurfacePtr;
+
+/// What a scene file says about a material and the material itself has no field for. Read and
+/// written through qxSurface.
+class Surface : public Attachment {
+    typedef Attachment Inherited;
+
+public:
+    typedef SurfacePtr Ptr;
+    enum {
+        FactorsFieldId = Inherited::NextFieldId,
+        AlphaModeFieldId = FactorsFieldId + 1,
+        DoubleSidedFieldId = AlphaModeFieldId + 1,
+        UnlitFieldId = DoubleSidedFieldId + 1,
+        NextFieldId = UnlitFieldId + 1
+    };
+    static const BitVector FactorsFieldMask;
+    static const BitVector AlphaModeFieldMask;
+    static const BitVector DoubleSidedFieldMask;
+    static const BitVector UnlitFieldMask;
+    OSG_FIELD_CONTAINER_DECL(SurfacePtr)
+
+    MFReal32 *getMFFactors() { return &_mfFactors; }
+    SFUInt32 *getSFAlphaMode() { return &_sfAlphaMode; }
+    SFBool *getSFDoubleSided() { return &_sfDoubleSided; }
+    SFBool *getSFUnlit() { return &_sfUnlit; }
+
+    /// Metallic, roughness, alpha cut-off, emissive strength.
+    MFReal32 &getFactors() { return _mfFactors; }
+
+    void dump(UInt32 = 0, const BitVector = 0) const override {}
+
+protected:
+    Surface();
+    Surface(const Surface &other);
+    ~Surface() override {}
+
+#if !defined(OSG_FIXED_MFIELDSYNC)
+    void executeSync(FieldContainer &other, const BitVector &which) override;
+#else
+    void executeSync(FieldContainer &other, const BitVector &which, const SyncInfo &info) override;
+#endif
+
+    MFReal32 _mfFactors;
+    SFUInt32 _sfAlphaMode;
+    SFBool _sfDoubleSided;
+    SFBool _sfUnlit;
+
+private:
+    friend class FieldContainer; // builds and destroys the instances
+    static FieldDescription *_desc[];
+    static FieldContainerType _type;
+    void operator=(const Surface &);
+};
+
+OSG_FIELD_CONTAINER_INL_DEF(Surface, SurfacePtr)
+
+OSG_END_NAMESPACE

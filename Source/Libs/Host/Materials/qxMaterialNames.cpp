@@ -1,0 +1,158 @@
+#include "Materials/qxMaterialNames.h"
+
+#include "qxMaterials.h"
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGMultiPassMaterial.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+#include <algorithm>
+
+namespace {
+
+/// The materials that a switch or a multi-pass material is made of.
+std::vector<osg::MaterialPtr> contentsOf(const osg::MaterialPtr &material)
+{
+    const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
+    if (choices != osg::NullFC)
+        return {choices->getMFMaterials()->begin(), choices->getMFMaterials()->end()};
+    const osg::MultiPassMaterialPtr passes = osg::MultiPassMaterialPtr::dcast(material);
+    if (passes != osg::NullFC)
+        return {passes->getMFMaterials()->begin(), passes->getMFMaterials()->end()};
+    return {};
+}
+
+osg::UInt32 nameIdOf(const osg::MaterialPtr &material)
+{
+    const osg::AttachmentPtr name = material->findAttachment(osg::Name::getClassType());
+    return name == osg::NullFC ? 0 : name.getFieldContainerId();
+}
+
+bool lives(osg::UInt32 id)
+{
+    return osg::FieldContainerFactory::the()->getContainer(id) != osg::NullFC;
+}
+
+std::vector<osg::MaterialPtr> contentsOf(const osg::MaterialPoolPtr &pool)
+{
+    std::vector<osg::MaterialPtr> materials;
+    if (pool != osg::NullFC)
+        pool->get(materials);
+    return materials;
+}
+
+} // namespace
+
+void qxMaterialNames::reset(const osg::MaterialPoolPtr &pool)
+{
+    m_pool = pool;
+    m_outdated = true;
+}
+
+void qxMaterialNames::edited(osg::UInt32 id)
+{
+    if (m_outdated)
+        return;
+    const auto known = m_byId.find(id);
+    if (known != m_byId.end() && !isStill(m_known[known->second]))
+        m_outdated = true;
+    if (id == m_pool.getFieldContainerId())
+        m_poolEdited = true;
+}
+
+std::vector<osg::MaterialPtr> qxMaterialNames::find(const std::string &name)
+{
+    follow();
+    auto found = m_byName.find(name);
+    if (found != m_byName.end() && !areStill(found->second)) {
+        read();
+        found = m_byName.find(name);
+    }
+    std::vector<osg::MaterialPtr> materials;
+    if (found == m_byName.end())
+        return materials;
+    for (const std::size_t index : found->second)
+        materials.push_back(m_known[index].material);
+    return materials;
+}
+
+std::vector<std::string> qxMaterialNames::names()
+{
+    follow();
+    std::vector<std::string> names;
+    for (const Known &known : m_known) {
+        if (!known.name.empty())
+            names.push_back(known.name);
+    }
+    return names;
+}
+
+void qxMaterialNames::follow()
+{
+    // The count also tells of materials that were added or removed outside of an edit.
+    if (!m_outdated && (m_poolEdited || m_pool->getCount() != m_pooled.size()))
+        followPool();
+    if (m_outdated)
+        read();
+}
+
+/// Materials that were only appended are read without the others.
+void qxMaterialNames::followPool()
+{
+    m_poolEdited = false;
+    const std::vector<osg::MaterialPtr> now = contentsOf(m_pool);
+    if (now.size() < m_pooled.size()
+        || !std::equal(m_pooled.begin(), m_pooled.end(), now.begin())) {
+        m_outdated = true;
+        return;
+    }
+    for (std::size_t i = m_pooled.size(); i < now.size(); ++i)
+        add(now[i]);
+    m_pooled = now;
+}
+
+void qxMaterialNames::read()
+{
+    m_known.clear();
+    m_byId.clear();
+    m_byName.clear();
+    m_pooled = contentsOf(m_pool);
+    for (const osg::MaterialPtr &material : m_pooled)
+        add(material);
+    m_outdated = m_pool == osg::NullFC;
+    m_poolEdited = false;
+}
+
+void qxMaterialNames::add(const osg::MaterialPtr &material)
+{
+    if (material == osg::NullFC)
+        return;
+    const std::size_t index = m_known.size();
+    const osg::UInt32 id = material.getFieldContainerId();
+    if (!m_byId.emplace(id, index).second)
+        return;
+    const osg::UInt32 nameId = nameIdOf(material);
+    if (nameId != 0)
+        m_byId.emplace(nameId, index);
+    const std::string name = qxMaterials::getName(material);
+    if (!name.empty())
+        m_byName[name].push_back(index);
+    const std::vector<osg::MaterialPtr> contents = contentsOf(material);
+    m_known.push_back({material, id, nameId, name, contents});
+    for (const osg::MaterialPtr &contained : contents)
+        add(contained);
+}
+
+bool qxMaterialNames::isStill(const Known &known) const
+{
+    return lives(known.id) && nameIdOf(known.material) == known.nameId
+        && qxMaterials::getName(known.material) == known.name
+        && contentsOf(known.material) == known.contents;
+}
+
+bool qxMaterialNames::areStill(const std::vector<std::size_t> &found) const
+{
+    return std::all_of(found.begin(), found.end(),
+                       [this](std::size_t index) { return isStill(m_known[index]); });
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <OpenSG/OSGMaterialPool.h>
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+/// Finds materials by name: those of a pool in its order, and behind each one that is made of
+/// others those that it contains. Every material counts once, where it comes first.
+class qxMaterialNames {
+public:
+    /// From now on `pool` is meant, and everything is read anew when needed.
+    void reset(const osg::MaterialPoolPtr &pool);
+    /// Takes note that the object with that id was edited.
+    void edited(osg::UInt32 id);
+
+    /// The materials of that name, empty when there are none.
+    std::vector<osg::MaterialPtr> find(const std::string &name);
+    /// The names of all materials; unnamed ones are left out.
+    std::vector<std::string> names();
+
+private:
+    /// A material as it was when it was read.
+    struct Known {
+        osg::MaterialPtr material;
+        osg::UInt32 id;
+        osg::UInt32 nameId; ///< of the attachment that holds the name, 0 for none
+        std::string name;
+        std::vector<osg::MaterialPtr> contents;
+    };
+
+    void follow();
+    void followPool();
+    void read();
+    void add(const osg::MaterialPtr &material);
+    bool isStill(const Known &known) const;
+    bool areStill(const std::vector<std::size_t> &found) const;
+
+    osg::MaterialPoolPtr m_pool;
+    bool m_outdated = true;
+    bool m_poolEdited = false;
+    std::vector<osg::MaterialPtr> m_pooled; ///< the pool's contents when it was read
+    std::vector<Known> m_known;
+    std::unordered_map<osg::UInt32, std::size_t>
+        m_byId; ///< by the ids of materials and their names
+    std::unordered_map<std::string, std::vector<std::size_t>> m_byName;
+};

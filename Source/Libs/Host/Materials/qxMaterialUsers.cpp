@@ -1,0 +1,98 @@
+#include "Materials/qxMaterialUsers.h"
+
+#include "Scene/qxNodeWalk.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGMaterialDrawable.h>
+#include <OpenSG/OSGMaterialGroup.h>
+
+#include <algorithm>
+
+namespace {
+
+bool canHaveMaterial(const osg::NodeCorePtr &core)
+{
+    return core != osg::NullFC
+        && (core->getType().isDerivedFrom(osg::MaterialDrawable::getClassType())
+            || core->getType().isDerivedFrom(osg::MaterialGroup::getClassType()));
+}
+
+/// For cores that can have a material; null when they have none.
+osg::MaterialPtr materialOf(const osg::NodeCorePtr &core)
+{
+    const osg::MaterialGroupPtr group = osg::MaterialGroupPtr::dcast(core);
+    if (group != osg::NullFC)
+        return group->getMaterial();
+    const osg::MaterialDrawablePtr drawable = osg::MaterialDrawablePtr::dcast(core);
+    return drawable == osg::NullFC ? osg::MaterialPtr() : drawable->getMaterial();
+}
+
+} // namespace
+
+void qxMaterialUsers::edited(osg::UInt32 id, osg::BitVector mask)
+{
+    if (m_outdated)
+        return;
+    const osg::FieldContainerPtr object = osg::FieldContainerFactory::the()->getContainer(id);
+    const osg::BitVector structure =
+        osg::Node::ParentFieldMask | osg::Node::ChildrenFieldMask | osg::Node::CoreFieldMask;
+    if (object == osg::NullFC || (object->getType().isNode() && (mask & structure)))
+        m_outdated = true;
+    else if (object->getType().isNodeCore())
+        coreEdited(osg::NodeCorePtr::dcast(object));
+}
+
+void qxMaterialUsers::coreEdited(const osg::NodeCorePtr &core)
+{
+    const osg::MaterialPtr material = canHaveMaterial(core) ? materialOf(core) : osg::MaterialPtr();
+    if (material == osg::NullFC)
+        return;
+    Places &places = m_users[material.getFieldContainerId()];
+    for (const osg::NodePtr &node : core->getParents()) {
+        const auto known = m_placeOf.find(node.getFieldContainerId());
+        if (known == m_placeOf.end()) // not in the scene
+            continue;
+        const auto at = std::lower_bound(places.begin(), places.end(), known->second);
+        if (at == places.end() || *at != known->second)
+            places.insert(at, known->second);
+    }
+}
+
+void qxMaterialUsers::find(std::vector<qxNodePtr> &nodes, const osg::MaterialPtr &material)
+{
+    if (material == osg::NullFC)
+        return;
+    if (m_outdated)
+        read();
+    const auto users = m_users.find(material.getFieldContainerId());
+    if (users == m_users.end())
+        return;
+    Places &places = users->second;
+    const auto left = [&](std::uint32_t place) {
+        return materialOf(m_nodes[place]->getCore()) != material;
+    };
+    places.erase(std::remove_if(places.begin(), places.end(), left), places.end());
+    for (const std::uint32_t place : places)
+        nodes.push_back(m_nodes[place]);
+}
+
+void qxMaterialUsers::read()
+{
+    m_nodes.clear();
+    m_placeOf.clear();
+    m_users.clear();
+    qxWalkNodes(qxScenegraph::getRoot(), [this](const osg::NodePtr &node) {
+        const osg::NodeCorePtr core = node->getCore();
+        if (!canHaveMaterial(core))
+            return true;
+        const std::uint32_t place = std::uint32_t(m_nodes.size());
+        m_nodes.push_back(node);
+        m_placeOf.emplace(node.getFieldContainerId(), place);
+        const osg::MaterialPtr material = materialOf(core);
+        if (material != osg::NullFC)
+            m_users[material.getFieldContainerId()].push_back(place);
+        return true;
+    });
+    m_outdated = false;
+}

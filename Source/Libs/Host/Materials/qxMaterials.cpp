@@ -1,0 +1,106 @@
+#include "qxMaterials.h"
+
+#include "Core/qxModuleBus.h"
+#include "Materials/qxMaterialNames.h"
+#include "Materials/qxMaterialUsers.h"
+#include "Scene/qxEditReader.h"
+#include "qxMessage.h"
+#include "qxModuleBase.h"
+#include "qxNodeUtils.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGSimpleAttachments.h>
+
+namespace {
+
+/// Both indices, kept true by reading the scene graph's change list before each look-up.
+class MaterialIndex {
+public:
+    static MaterialIndex &current()
+    {
+        static MaterialIndex index;
+        index.follow();
+        return index;
+    }
+
+    qxMaterialNames names;
+    qxMaterialUsers users;
+
+private:
+    MaterialIndex()
+    {
+        qxModuleBus::addListener([this](qxMessage &message) {
+            if (message.code() == qxModuleBase::MaterialsChanged)
+                reset();
+        });
+    }
+
+    void reset()
+    {
+        names.reset(m_pool);
+        users.reset();
+    }
+
+    void follow()
+    {
+        const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
+        const osg::UInt32 poolId = pool == osg::NullFC ? 0 : pool.getFieldContainerId();
+        const bool samePool = poolId == m_poolId;
+        m_pool = pool;
+        m_poolId = poolId;
+        const bool complete =
+            poolId != 0 && m_edits.read(pool, [this](osg::UInt32 id, osg::BitVector mask) {
+                names.edited(id);
+                users.edited(id, mask);
+            });
+        if (!samePool || !complete)
+            reset();
+    }
+
+    osg::MaterialPoolPtr m_pool;
+    osg::UInt32 m_poolId = 0; ///< tells a new pool in the storage of the old one
+    qxEditReader m_edits;
+};
+
+} // namespace
+
+std::string qxMaterials::getName(const osg::MaterialPtr &material)
+{
+    const osg::Char8 *name = osg::getName(material);
+    return name ? name : std::string();
+}
+
+void qxMaterials::setName(const osg::MaterialPtr &material, const char *name, bool exact)
+{
+    if (material == osg::NullFC || !name)
+        return;
+    if (exact)
+        osg::setName(material, std::string(name));
+    else
+        osg::setName(material,
+                     qxNodeUtils::getUniqueName(name, MaterialIndex::current().names.names()));
+}
+
+osg::MaterialPtr qxMaterials::findMaterial(const char *name)
+{
+    const std::vector<osg::MaterialPtr> found = findMaterials(name);
+    return found.empty() ? osg::MaterialPtr() : found.front();
+}
+
+std::vector<osg::MaterialPtr> qxMaterials::findMaterials(const char *name)
+{
+    if (!name || !*name)
+        return {};
+    return MaterialIndex::current().names.find(name);
+}
+
+bool qxMaterials::isEditable(const osg::MaterialPtr &material)
+{
+    return material != osg::NullFC;
+}
+
+void qxMaterials::getNodesWithMaterial(std::vector<qxNodePtr> &nodes,
+                                       const osg::MaterialPtr &material)
+{
+    MaterialIndex::current().users.find(nodes, material);
+}

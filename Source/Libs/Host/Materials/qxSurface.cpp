@@ -1,0 +1,48 @@
+#include "Materials/qxSurface.h"
+
+#include "Materials/OSGSurface.h"
+
+#include <tuple>
+
+qxSurface qxSurface::of(const osg::MaterialPtr &material)
+{
+    qxSurface surface;
+    if (material == osg::NullFC)
+        return surface;
+    const osg::SurfacePtr stored =
+        osg::SurfacePtr::dcast(material->findAttachment(osg::Surface::getClassType()));
+    if (stored == osg::NullFC || stored->getFactors().size() < 4)
+        return surface;
+    surface.metallic = stored->getFactors()[0];
+    surface.roughness = stored->getFactors()[1];
+    surface.alphaCutoff = stored->getFactors()[2];
+    surface.emissiveStrength = stored->getFactors()[3];
+    surface.alphaMode = AlphaMode(stored->getSFAlphaMode()->getValue());
+    surface.doubleSided = stored->getSFDoubleSided()->getValue();
+    surface.unlit = stored->getSFUnlit()->getValue();
+    return surface;
+}
+
+void qxSurface::setTo(const osg::MaterialPtr &material) const
+{
+    const osg::SurfacePtr stored = osg::Surface::create();
+    {
+        const osg::CPEditor edit(stored);
+        for (const float factor : {metallic, roughness, alphaCutoff, emissiveStrength})
+            stored->getFactors().push_back(factor);
+        stored->getSFAlphaMode()->setValue(osg::UInt32(alphaMode));
+        stored->getSFDoubleSided()->setValue(doubleSided);
+        stored->getSFUnlit()->setValue(unlit);
+    }
+    const osg::CPEditor edit(material, osg::AttachmentContainer::AttachmentsFieldMask);
+    material->addAttachment(stored);
+}
+
+bool qxSurface::operator==(const qxSurface &other) const
+{
+    const auto values = [](const qxSurface &s) {
+        return std::make_tuple(s.metallic, s.roughness, s.alphaCutoff, s.emissiveStrength,
+                               s.alphaMode, s.doubleSided, s.unlit);
+    };
+    return values(*this) == values(other);
+}

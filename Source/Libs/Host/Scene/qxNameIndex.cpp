@@ -1,0 +1,67 @@
+#include "Scene/qxNameIndex.h"
+
+#include "Scene/qxNodeWalk.h"
+
+#include <cstring>
+#include <functional>
+#include <string_view>
+
+namespace {
+
+const std::uint32_t none = 0xFFFFFFFF;
+
+std::size_t hashOf(const char *name)
+{
+    return std::hash<std::string_view>()(name);
+}
+
+std::size_t powerOfTwoAbove(std::size_t count)
+{
+    std::size_t size = 1;
+    while (size <= count)
+        size *= 2;
+    return size;
+}
+
+} // namespace
+
+qxNameIndex::qxNameIndex(const osg::NodePtr &top)
+{
+    qxWalkNodes(top, [this](const osg::NodePtr &node) {
+        m_entries.push_back({node, hashOf(qxNodeName(node)), none});
+        return true;
+    });
+    m_slots.assign(powerOfTwoAbove(m_entries.size()), none);
+    // From the back, so that putting each entry in front leaves the chains in scene order.
+    for (std::size_t i = m_entries.size(); i-- > 0;) {
+        std::uint32_t &slot = m_slots[m_entries[i].hash & (m_slots.size() - 1)];
+        m_entries[i].next = slot;
+        slot = std::uint32_t(i);
+    }
+}
+
+bool qxNameIndex::matches(const Entry &entry, std::size_t hash, const char *name) const
+{
+    return entry.hash == hash && std::strcmp(qxNodeName(entry.node), name) == 0;
+}
+
+qxNodePtr qxNameIndex::first(const char *name) const
+{
+    const std::size_t hash = hashOf(name);
+    for (std::uint32_t i = chain(hash); i != none; i = m_entries[i].next) {
+        if (matches(m_entries[i], hash, name))
+            return m_entries[i].node;
+    }
+    return qxNodePtr();
+}
+
+std::vector<qxNodePtr> qxNameIndex::all(const char *name) const
+{
+    std::vector<qxNodePtr> found;
+    const std::size_t hash = hashOf(name);
+    for (std::uint32_t i = chain(hash); i != none; i = m_entries[i].next) {
+        if (matches(m_entries[i], hash, name))
+            found.push_back(m_entries[i].node);
+    }
+    return found;
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <OpenSG/OSGNode.h>
+
+#include <vector>
+
+/// The node's name by the rule of qxNodeUtils::getName, without making a copy: never null, valid
+/// until the node or its core is renamed or destroyed.
+const char *qxNodeName(const osg::NodePtr &node);
+
+/// Calls `visit(node)` for `top` and everything below it in scene order, until it returns false.
+/// Nothing may be added or removed meanwhile. The depth of the scene does not matter.
+template <class Visit>
+void qxWalkNodes(const osg::NodePtr &top, const Visit &visit)
+{
+    if (top == osg::NullFC)
+        return;
+    std::vector<osg::NodePtr> open(1, top);
+    while (!open.empty()) {
+        const osg::NodePtr node = open.back();
+        open.pop_back();
+        if (!visit(node))
+            return;
+        const osg::MFNodePtr &children = *node->getMFChildren();
+        open.insert(open.end(), children.rbegin(), children.rend());
+    }
+}

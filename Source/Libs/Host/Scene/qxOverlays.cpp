@@ -1,0 +1,32 @@
+#include "qxOverlays.h"
+
+#include "Scene/qxNodeWalk.h"
+#include "Scene/qxScene.h"
+
+#include <cstring>
+
+osg::NodePtr qxOverlays::getPoolRoot()
+{
+    const qxScene *scene = qxScene::current();
+    return scene ? scene->overlayRoot() : osg::NodePtr();
+}
+
+qxNodePtr qxOverlays::findOverlay(const char *name)
+{
+    const std::vector<qxNodePtr> found = findOverlays(name);
+    return found.empty() ? qxNodePtr() : found.front();
+}
+
+std::vector<qxNodePtr> qxOverlays::findOverlays(const char *name)
+{
+    std::vector<qxNodePtr> found;
+    if (!name || !*name)
+        return found;
+    const osg::NodePtr root = getPoolRoot();
+    qxWalkNodes(root, [&](const osg::NodePtr &node) {
+        if (node != root && std::strcmp(qxNodeName(node), name) == 0)
+            found.push_back(node);
+        return true;
+    });
+    return found;
+}

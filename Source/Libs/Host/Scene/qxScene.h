@@ -1,0 +1,30 @@
+#pragma once
+
+#include <OpenSG/OSGMaterialPool.h>
+#include <OpenSG/OSGNode.h>
+
+/// The fixed parts of the scene: its root, the root of the overlays and the pool of materials. They
+/// live as long as the host; the scene graph must have been started.
+class qxScene {
+public:
+    qxScene();
+    qxScene(const qxScene &) = delete;
+    ~qxScene();
+
+    /// The scene of the running host, null when there is none.
+    static qxScene *current();
+
+    /// A node named "Root" with a Group core.
+    const osg::NodePtr &root() const { return m_root; }
+    /// A node named "Overlays", not part of the tree below the root.
+    const osg::NodePtr &overlayRoot() const { return m_overlayRoot; }
+    const osg::MaterialPoolPtr &materialPool() const { return m_materialPool; }
+
+    /// Takes everything out of the three and forgets the find cache.
+    void clear();
+
+private:
+    osg::NodePtr m_root;
+    osg::NodePtr m_overlayRoot;
+    osg::MaterialPoolPtr m_materialPool;
+};

@@ -1,0 +1,98 @@
+#include "qxScenegraph.h"
+
+#include "Scene/qxNameIndex.h"
+#include "Scene/qxNodeWalk.h"
+#include "Scene/qxScene.h"
+
+#include <cstring>
+#include <memory>
+#include <unordered_set>
+
+namespace {
+
+const osg::UInt32 shown = 0xFFFFFFFF;
+
+std::unique_ptr<qxNameIndex> &findCache()
+{
+    static std::unique_ptr<qxNameIndex> cache;
+    return cache;
+}
+
+void show(const osg::NodePtr &node)
+{
+    if (node->getTravMask() == shown)
+        return;
+    const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
+    node->setTravMask(shown);
+}
+
+} // namespace
+
+osg::NodePtr qxScenegraph::getRoot()
+{
+    const qxScene *scene = qxScene::current();
+    return scene ? scene->root() : osg::NodePtr();
+}
+
+qxNodePtr qxScenegraph::findNode(const char *name)
+{
+    qxNodePtr found;
+    if (!name || !*name)
+        return found;
+    if (findCache())
+        return findCache()->first(name);
+    qxWalkNodes(getRoot(), [&](const osg::NodePtr &node) {
+        if (std::strcmp(qxNodeName(node), name) != 0)
+            return true;
+        found = node;
+        return false;
+    });
+    return found;
+}
+
+std::vector<qxNodePtr> qxScenegraph::findNodes(const char *name)
+{
+    std::vector<qxNodePtr> found;
+    if (!name || !*name)
+        return found;
+    if (findCache())
+        return findCache()->all(name);
+    qxWalkNodes(getRoot(), [&](const osg::NodePtr &node) {
+        if (std::strcmp(qxNodeName(node), name) == 0)
+            found.push_back(node);
+        return true;
+    });
+    return found;
+}
+
+bool qxScenegraph::hasFindCache()
+{
+    return findCache() != nullptr;
+}
+
+void qxScenegraph::initFindCache()
+{
+    findCache() = std::make_unique<qxNameIndex>(getRoot());
+}
+
+void qxScenegraph::clearFindCache()
+{
+    findCache().reset();
+}
+
+void qxScenegraph::showNodes(const std::vector<qxNodePtr> &nodes)
+{
+    std::unordered_set<osg::UInt32> done; // the nodes often share their ancestors
+    for (osg::NodePtr node : nodes) {
+        while (node != osg::NullFC && done.insert(node.getFieldContainerId()).second) {
+            show(node);
+            node = node->getParent();
+        }
+    }
+}
+
+osg::MaterialPoolPtr qxScenegraph::getMaterialPool()
+{
+    const qxScene *scene = qxScene::current();
+    return scene ? scene->materialPool() : osg::MaterialPoolPtr();
+}

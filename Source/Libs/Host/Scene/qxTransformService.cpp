@@ -1,0 +1,32 @@
+#include "qxTransformService.h"
+
+#include "Scene/qxSceneTransformService.h"
+#include "Scene/qxTransformStates.h"
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+
+#include <QTimer>
+
+namespace {
+
+void select(const QList<QRPC::NodeTrafoId> &requests)
+{
+    for (const QRPC::NodeTrafoId &request : requests) {
+        const osg::NodePtr node =
+            osg::NodePtr::dcast(osg::FieldContainerFactory::the()->getContainer(request.first));
+        qxTransformStates::select(node, request.second);
+    }
+}
+
+} // namespace
+
+qxTransformService::~qxTransformService() = default;
+
+void qxSceneTransformService::selectTransformVariants(const QList<QRPC::NodeTrafoId> &requests, int,
+                                                      int delay)
+{
+    if (delay <= 0)
+        select(requests);
+    else
+        QTimer::singleShot(delay, &m_delayed, [requests] { select(requests); });
+}

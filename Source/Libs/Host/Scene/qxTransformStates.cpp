@@ -1,0 +1,78 @@
+#include "Scene/qxTransformStates.h"
+
+namespace {
+
+/// The matrix of a plain transform, or the components of one that has them; false for other cores.
+bool moveTo(const osg::NodeCorePtr &core, const osg::Matrix &pose)
+{
+    const osg::ComponentTransformPtr components = osg::ComponentTransformPtr::dcast(core);
+    if (components != osg::NullFC) {
+        qxTransformStates::setPose(components, pose);
+        return true;
+    }
+    const osg::TransformPtr transform = osg::TransformPtr::dcast(core);
+    if (transform == osg::NullFC)
+        return false;
+    const osg::CPEditor edit(transform, osg::Transform::MatrixFieldMask);
+    transform->setMatrix(pose);
+    return true;
+}
+
+} // namespace
+
+osg::TransformStatesPtr qxTransformStates::of(const osg::NodePtr &node)
+{
+    if (node == osg::NullFC)
+        return osg::TransformStatesPtr();
+    return osg::TransformStatesPtr::dcast(
+        node->findAttachment(osg::TransformStates::getClassType()));
+}
+
+void qxTransformStates::set(const osg::NodePtr &node, const std::vector<qxTransformState> &states,
+                            int selected)
+{
+    const osg::TransformStatesPtr attachment = osg::TransformStates::create();
+    {
+        const osg::CPEditor edit(attachment);
+        for (const qxTransformState &state : states) {
+            attachment->getNames().push_back(state.name);
+            attachment->getPoses().push_back(state.pose);
+        }
+        attachment->setSelected(selected);
+    }
+    const osg::CPEditor edit(node, osg::Node::AttachmentsFieldMask);
+    node->addAttachment(attachment);
+}
+
+bool qxTransformStates::select(const osg::NodePtr &node, int index)
+{
+    const osg::TransformStatesPtr states = of(node);
+    if (states == osg::NullFC || index < 0 || osg::UInt32(index) >= states->getPoses().size())
+        return false;
+    if (!moveTo(node->getCore(), states->getPoses()[osg::UInt32(index)]))
+        return false;
+    const osg::CPEditor edit(states, osg::TransformStates::SelectedFieldMask);
+    states->setSelected(index);
+    return true;
+}
+
+void qxTransformStates::setPose(const osg::ComponentTransformPtr &transform,
+                                const osg::Matrix &pose)
+{
+    osg::Vec3f translation;
+    osg::Quaternion rotation;
+    osg::Vec3f scale;
+    osg::Quaternion scaleOrientation;
+    pose.getTransform(translation, rotation, scale, scaleOrientation);
+
+    typedef osg::ComponentTransform Fields;
+    const osg::CPEditor edit(transform,
+                             Fields::TranslationFieldMask | Fields::RotationFieldMask
+                                 | Fields::ScaleFieldMask | Fields::ScaleOrientationFieldMask
+                                 | Fields::CenterFieldMask);
+    transform->setTranslation(translation);
+    transform->setRotation(rotation);
+    transform->setScale(scale);
+    transform->setScaleOrientation(scaleOrientation);
+    transform->setCenter(osg::Vec3f(0, 0, 0));
+}

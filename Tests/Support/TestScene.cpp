@@ -1,0 +1,267 @@
+#include "TestScene.h"
+
+#include "OSGOverlayCore.h"
+#include "OSGSwitchComponentTransform.h"
+#include "OSGUberLight.h"
+#include "Scene/qxTransformStates.h"
+#include "qxAnimManager.h"
+#include "qxMaterials.h"
+#include "qxNodeUtils.h"
+#include "qxOverlays.h"
+#include "qxScenegraph.h"
+#include "qxUberCameraPool.h"
+
+#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGMaterialGroup.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSimpleMaterial.h>
+#include <OpenSG/OSGSwitch.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+osg::NodePtr append(const std::string &name, const osg::NodeCorePtr &core,
+                    const osg::NodePtr &parent)
+{
+    const osg::NodePtr node = osg::makeNodeFor(core);
+    if (!name.empty())
+        osg::setName(node, name);
+    const osg::NodePtr above = parent == osg::NullFC ? qxScenegraph::getRoot() : parent;
+    const osg::CPEditor edit(above, osg::Node::ChildrenFieldMask);
+    above->addChild(node);
+    return node;
+}
+
+/// The clone's own names, which the scene graph leaves out.
+void copyNames(const osg::NodePtr &from, const osg::NodePtr &to)
+{
+    if (const osg::Char8 *name = osg::getName(from))
+        osg::setName(to, std::string(name));
+    for (osg::UInt32 i = 0; i < from->getNChildren(); ++i)
+        copyNames(from->getChild(i), to->getChild(i));
+}
+
+osg::Matrix movedAlongX(unsigned int distance)
+{
+    osg::Matrix matrix;
+    matrix.setTranslate(osg::Real32(distance), 0, 0);
+    return matrix;
+}
+
+} // namespace
+
+osg::NodeCorePtr TestNode::core() const
+{
+    return m_node->getCore();
+}
+
+std::string TestNode::name() const
+{
+    return qxNodeUtils::getName(m_node);
+}
+
+TestNode TestNode::child(unsigned int index) const
+{
+    return m_node->getChild(index);
+}
+
+int TestNode::choice() const
+{
+    const auto transform = osg::SwitchComponentTransformPtr::dcast(core());
+    if (transform != osg::NullFC)
+        return int(transform->getChoice());
+    const osg::SwitchPtr choices = osg::SwitchPtr::dcast(core());
+    EXPECT_TRUE(choices != osg::NullFC) << name() << " is no switch";
+    return choices == osg::NullFC ? 0 : choices->getChoice();
+}
+
+const TestNode &TestNode::choose(int choice) const
+{
+    const auto transform = osg::SwitchComponentTransformPtr::dcast(core());
+    if (transform != osg::NullFC) {
+        const osg::CPEditor edit(transform, osg::SwitchComponentTransform::ChoiceFieldMask);
+        transform->setChoice(osg::UInt32(choice));
+        return *this;
+    }
+    const osg::SwitchPtr choices = osg::SwitchPtr::dcast(core());
+    EXPECT_TRUE(choices != osg::NullFC) << name() << " is no switch";
+    if (choices == osg::NullFC)
+        return *this;
+    const osg::CPEditor edit(choices, osg::Switch::ChoiceFieldMask);
+    choices->setChoice(choice);
+    return *this;
+}
+
+osg::UInt32 TestNode::mask() const
+{
+    return m_node->getTravMask();
+}
+
+const TestNode &TestNode::setMask(osg::UInt32 mask) const
+{
+    const osg::CPEditor edit(m_node, osg::Node::TravMaskFieldMask);
+    m_node->setTravMask(mask);
+    return *this;
+}
+
+std::string TestMaterial::name() const
+{
+    return qxMaterials::getName(m_material);
+}
+
+unsigned int TestMaterial::choice() const
+{
+    const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(m_material);
+    EXPECT_TRUE(choices != osg::NullFC) << name() << " is no switch material";
+    return choices == osg::NullFC ? 0 : choices->getChoice();
+}
+
+const TestMaterial &TestMaterial::choose(unsigned int choice) const
+{
+    const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(m_material);
+    EXPECT_TRUE(choices != osg::NullFC) << name() << " is no switch material";
+    if (choices == osg::NullFC)
+        return *this;
+    const osg::CPEditor edit(choices, osg::SwitchMaterial::ChoiceFieldMask);
+    choices->setChoice(choice);
+    return *this;
+}
+
+TestNode TestScene::root() const
+{
+    return qxScenegraph::getRoot();
+}
+
+TestNode TestScene::add(const std::string &name, const osg::NodePtr &parent)
+{
+    return append(name, osg::Group::create(), parent);
+}
+
+TestNode TestScene::addTransform(const std::string &name, const osg::NodePtr &parent)
+{
+    return append(name, osg::ComponentTransform::create(), parent);
+}
+
+TestNode TestScene::addSwitch(const std::string &name, const Names &children,
+                              const osg::NodePtr &parent)
+{
+    const TestNode node = append(name, osg::Switch::create(), parent);
+    for (const std::string &child : children)
+        add(child, node);
+    return node;
+}
+
+TestNode TestScene::addTransformSwitch(const std::string &name, unsigned int count,
+                                       const osg::NodePtr &parent)
+{
+    const osg::SwitchComponentTransformPtr core = osg::SwitchComponentTransform::create();
+    {
+        const osg::CPEditor edit(core, osg::SwitchComponentTransform::StatesFieldMask);
+        for (unsigned int i = 0; i < count; ++i)
+            core->getStates().push_back(movedAlongX(i));
+    }
+    return append(name, core, parent);
+}
+
+TestNode TestScene::addPoses(const std::string &name, const Names &states,
+                             const osg::NodePtr &parent)
+{
+    const TestNode node = addTransform(name, parent);
+    std::vector<qxTransformState> poses;
+    for (const std::string &state : states)
+        poses.push_back({state, movedAlongX(unsigned(poses.size()))});
+    qxTransformStates::set(node, poses, 0);
+    return node;
+}
+
+TestNode TestScene::addGeometry(const std::string &name, const osg::MaterialPtr &material,
+                                const osg::NodePtr &parent)
+{
+    const osg::GeometryPtr core = osg::Geometry::create();
+    {
+        const osg::CPEditor edit(core, osg::Geometry::MaterialFieldMask);
+        core->setMaterial(material);
+    }
+    return append(name, core, parent);
+}
+
+TestNode TestScene::addMaterialGroup(const std::string &name, const osg::MaterialPtr &material,
+                                     const osg::NodePtr &parent)
+{
+    const osg::MaterialGroupPtr core = osg::MaterialGroup::create();
+    {
+        const osg::CPEditor edit(core, osg::MaterialGroup::MaterialFieldMask);
+        core->setMaterial(material);
+    }
+    return append(name, core, parent);
+}
+
+TestNode TestScene::addLight(const std::string &name, const osg::NodePtr &parent)
+{
+    return append(name, osg::UberLight::create(), parent);
+}
+
+TestNode TestScene::addClone(const osg::NodePtr &node, const osg::NodePtr &parent)
+{
+    const osg::NodePtr clone = osg::cloneTree(node);
+    copyNames(node, clone);
+    const osg::NodePtr above = parent == osg::NullFC ? qxScenegraph::getRoot() : parent;
+    const osg::CPEditor edit(above, osg::Node::ChildrenFieldMask);
+    above->addChild(clone);
+    return clone;
+}
+
+TestNode TestScene::addOverlay(const std::string &name)
+{
+    return append(name, osg::OverlayCore::create(), qxOverlays::getPoolRoot());
+}
+
+TestNode TestScene::addOverlaySwitch(const std::string &name, const Names &children)
+{
+    return addSwitch(name, children, qxOverlays::getPoolRoot());
+}
+
+TestMaterial TestScene::addMaterial(const std::string &name)
+{
+    const osg::SimpleMaterialPtr material = osg::SimpleMaterial::create();
+    if (!name.empty())
+        osg::setName(material, name);
+    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
+    const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
+    pool->add(osg::MaterialPtr(material));
+    return osg::MaterialPtr(material);
+}
+
+TestMaterial TestScene::addSwitchMaterial(const std::string &name, const Names &materials)
+{
+    const osg::SwitchMaterialPtr choices = osg::SwitchMaterial::create();
+    if (!name.empty())
+        osg::setName(choices, name);
+    for (const std::string &contained : materials) {
+        osg::MaterialPtr material = qxMaterials::findMaterial(contained.c_str());
+        if (material == osg::NullFC)
+            material = addMaterial(contained);
+        const osg::CPEditor edit(choices, osg::SwitchMaterial::MaterialsFieldMask);
+        choices->addMaterial(material);
+    }
+    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
+    const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
+    pool->add(osg::MaterialPtr(choices));
+    return osg::MaterialPtr(choices);
+}
+
+int TestScene::addViewpoint(const std::string &name, float x)
+{
+    qxUberCamera camera;
+    camera.name = name;
+    camera.fieldOfView = 0.8f;
+    camera.toWorld.setTranslate(x, 0, 0);
+    return qxUberCameraPool::the()->add(camera);
+}
+
+void TestScene::setClips(const Names &names)
+{
+    qxAnimManager::the()->setClips(names);
+}
