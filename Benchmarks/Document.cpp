@@ -34,8 +34,8 @@ void fillRegistry()
         variant->defaultState = QStringLiteral("State 0");
     }
     for (int i = 0; i < Sets; ++i) {
-        qxVariantSet *set
-            = qxVariants::createVariantSet(QStringLiteral("Set %1").arg(i), false, nullptr);
+        qxVariantSet *set =
+            qxVariants::createVariantSet(QStringLiteral("Set %1").arg(i), false, nullptr);
         for (int reference = 0; reference < References; ++reference)
             set->addNodeVariant(
                 QStringLiteral("Variant %1").arg((i * References + reference) % Variants),

@@ -1,9 +1,8 @@
-#include "qxBenchScene.h"
-
 #include "qxNodeVariant.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxBenchScene.h"
 #include "qxController.h"
 #include "qxMessage.h"
 #include "qxNodeUtils.h"
@@ -23,8 +22,7 @@ const int Switches = 20000; // 100,000 nodes
 /// One listener, as the smallest user interface has it.
 class Ear {
 public:
-    Ear()
-        : m_id(qxController::addListener([this](const char *, qxMessage *, int) { ++m_heard; }))
+    Ear() : m_id(qxController::addListener([this](const char *, qxMessage *, int) { ++m_heard; }))
     {
     }
     Ear(const Ear &) = delete;
@@ -38,7 +36,8 @@ private:
 /// Two sets that put the same switches into different states, so that every selection changes all.
 qxVariantSet *makeSet(int child, int states)
 {
-    qxVariantSet *set = qxVariants::createVariantSet(qxBenchScene::childName(child), false, nullptr);
+    qxVariantSet *set =
+        qxVariants::createVariantSet(qxBenchScene::childName(child), false, nullptr);
     for (int i = 0; i < states; ++i)
         set->addNodeVariant(qxBenchScene::switchName(i), qxBenchScene::childName(child));
     return set;
@@ -129,7 +128,11 @@ void selectBare(benchmark::State &state)
 } // namespace
 
 // Arguments: number of states, and whether the cache was there before the selection.
-BENCHMARK(selectSet)->Name("Selection/set")->ArgsProduct({{250, 1000, 4000}, {0, 1}})
+BENCHMARK(selectSet)
+    ->Name("Selection/set")
+    ->ArgsProduct({{250, 1000, 4000}, {0, 1}})
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK(selectBare)->Name("Selection/bare")->ArgsProduct({{250, 1000, 4000}, {0, 1}})
+BENCHMARK(selectBare)
+    ->Name("Selection/bare")
+    ->ArgsProduct({{250, 1000, 4000}, {0, 1}})
     ->Unit(benchmark::kMicrosecond);

@@ -1,12 +1,10 @@
 #include "qxChangeReport.h"
 
-#include "qxOutput.h"
-
 #include "Cameras/qxMainView.h"
 #include "Script/qxScriptRunner.h"
-
 #include "qxController.h"
 #include "qxMessage.h"
+#include "qxOutput.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -31,13 +29,13 @@ QString clonesText(int others)
 qxChangeReport::qxChangeReport()
     : m_before(qxSceneState::take()), m_viewpointBefore(qxMainView::the().viewpoint)
 {
-    m_notificationListener
-        = qxController::addListener([this](const char *name, qxMessage *message, int) {
-              if (message && strcmp(name, "animationStart") == 0) {
-                  if (const auto *clip = message->get<std::string>("animation-name"))
-                      m_animations += QString::fromStdString(*clip);
-              }
-          });
+    m_notificationListener =
+        qxController::addListener([this](const char *name, qxMessage *message, int) {
+            if (message && strcmp(name, "animationStart") == 0) {
+                if (const auto *clip = message->get<std::string>("animation-name"))
+                    m_animations += QString::fromStdString(*clip);
+            }
+        });
     m_scriptListener = qxScriptRunner::addListener([this](const qxScriptText &script) {
         m_scripts += QString::fromStdString(script.text).trimmed();
     });

@@ -16,9 +16,9 @@ enum qxExitCode {
 struct qxCommand {
     const char *name;
     const char *arguments; ///< as the help shows them, such as "FILE SET..."
-    const char *summary;   ///< one line for the list of commands
-    int minimum;           ///< how many arguments there must be
-    int maximum;           ///< how many there may be, -1 for any number
+    const char *summary; ///< one line for the list of commands
+    int minimum; ///< how many arguments there must be
+    int maximum; ///< how many there may be, -1 for any number
     QList<QCommandLineOption> (*options)();
     /// Does the work. `parser` holds the options and the arguments behind the command's name.
     int (*run)(const QCommandLineParser &parser);

@@ -1,12 +1,11 @@
-#include "qxCommand.h"
-#include "qxOutput.h"
-#include "qxSession.h"
-
 #include "qxNodeVariant.h"
 #include "qxNodeVariantCreator.h"
 #include "qxVariants.h"
 
+#include "qxCommand.h"
+#include "qxOutput.h"
 #include "qxScenegraph.h"
+#include "qxSession.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -32,8 +31,8 @@ void print(size_t first, bool json)
                              {QStringLiteral("name"), variant->name},
                              {QStringLiteral("default"), variant->defaultState},
                              {QStringLiteral("states"), QJsonArray::fromStringList(states)}};
-        rows += QStringList{QStringLiteral("node"), variant->name,
-                            states.join(QLatin1String(", "))};
+        rows +=
+            QStringList{QStringLiteral("node"), variant->name, states.join(QLatin1String(", "))};
     }
     if (json)
         return qxOutput::json(array);
@@ -55,10 +54,5 @@ int run(const QCommandLineParser &parser)
 
 } // namespace
 
-const qxCommand qxCommands::create = {"create",
-                                      "FILE",
-                                      "Creates node variants for the switch nodes of a scene.",
-                                      1,
-                                      1,
-                                      options,
-                                      run};
+const qxCommand qxCommands::create = {
+    "create", "FILE", "Creates node variants for the switch nodes of a scene.", 1, 1, options, run};

@@ -71,5 +71,5 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::document = {
-    "document", "FILE",  "Takes the variants document out of a scene, or puts one into it.", 1, 1,
+    "document", "FILE", "Takes the variants document out of a scene, or puts one into it.", 1, 1,
     options,    run};

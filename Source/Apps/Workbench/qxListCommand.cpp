@@ -1,10 +1,10 @@
-#include "qxCommand.h"
-#include "qxOutput.h"
-#include "qxSession.h"
-
 #include "qxVariantGroup.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
+
+#include "qxCommand.h"
+#include "qxOutput.h"
+#include "qxSession.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>

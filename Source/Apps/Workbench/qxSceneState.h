@@ -11,13 +11,14 @@
 /// Something of the scene that stood one way before and stands another way now.
 struct qxSceneChange {
     QString object; ///< path of the node from below the root, or name of the material
-    int others;     ///< how many further nodes share the change, because they are clones
+    int others; ///< how many further nodes share the change, because they are clones
     QString before;
     QString after;
 };
 
-/// What variants can change, taken down at one moment: visibility, choices of switches, of transform
-/// switches and of switch materials, lights, and the pose of nodes with named transform states.
+/// What variants can change, taken down at one moment: visibility, choices of switches, of
+/// transform switches and of switch materials, lights, and the pose of nodes with named transform
+/// states.
 class qxSceneState {
 public:
     /// Takes down the scene as it is now.

@@ -1,10 +1,10 @@
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
 #include "qxChangeReport.h"
 #include "qxCommand.h"
 #include "qxOutput.h"
 #include "qxSession.h"
-
-#include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -40,7 +40,8 @@ void addMissing(QStringList &missing, const char *kind, const qxStateList &state
 {
     for (const qxVariantState &state : states) {
         if (!found(state.variant))
-            missing += QStringLiteral("no %1 variant \"%2\"").arg(QLatin1String(kind), state.variant);
+            missing +=
+                QStringLiteral("no %1 variant \"%2\"").arg(QLatin1String(kind), state.variant);
     }
 }
 

@@ -1,12 +1,11 @@
 #include "qxSession.h"
 
-#include "qxOutput.h"
-
 #include "qxVariantReader.h"
 #include "qxVariantWriter.h"
 #include "qxVariants.h"
 
 #include "qxLog.h"
+#include "qxOutput.h"
 
 namespace {
 
@@ -14,9 +13,8 @@ namespace {
 class qxErrorCount {
 public:
     qxErrorCount()
-        : m_listener(qxLog::addListener([this](qxLog::Level level, const std::string &) {
-              m_errors += level == qxLog::Error;
-          }))
+        : m_listener(qxLog::addListener(
+            [this](qxLog::Level level, const std::string &) { m_errors += level == qxLog::Error; }))
     {
     }
     qxErrorCount(const qxErrorCount &) = delete;

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "qxTrace.h"
-
 #include "Core/qxHost.h"
 #include "Files/qxSceneFile.h"
+#include "qxTrace.h"
 
 #include <QString>
 

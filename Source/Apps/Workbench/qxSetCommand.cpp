@@ -1,8 +1,9 @@
+#include "qxVariantTable.h"
+
 #include "qxChangeReport.h"
 #include "qxCommand.h"
 #include "qxOutput.h"
 #include "qxSession.h"
-#include "qxVariantTable.h"
 
 #include <QCommandLineParser>
 #include <QJsonObject>

@@ -1,7 +1,8 @@
+#include "qxVariantTable.h"
+
 #include "qxCommand.h"
 #include "qxOutput.h"
 #include "qxSession.h"
-#include "qxVariantTable.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
