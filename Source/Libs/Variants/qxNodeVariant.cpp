@@ -53,9 +53,9 @@ private:
     std::set<osg::NodeCorePtr> m_handled;
 };
 
-Selection::Selection(qxNodeVariant &variant, const QString &state) :
-    m_variant(variant), m_state(state), m_stateUtf8(qxText::toUtf8(state)),
-    m_variantName(qxText::toUtf8(variant.name)), m_step(qxSwitchStepping::stepOf(state))
+Selection::Selection(qxNodeVariant &variant, const QString &state)
+    : m_variant(variant), m_state(state), m_stateUtf8(qxText::toUtf8(state)),
+      m_variantName(qxText::toUtf8(variant.name)), m_step(qxSwitchStepping::stepOf(state))
 {
 }
 
@@ -79,8 +79,8 @@ void Selection::applyVisibility(const osg::NodePtr &node, qxMessage &message)
     if (!toggle && m_state != variantEnable && m_state != variantDisable)
         return;
 
-    const bool show = toggle ? node->getTravMask() != qxSceneEdits::Visible
-                             : m_state == variantEnable;
+    const bool show =
+        toggle ? node->getTravMask() != qxSceneEdits::Visible : m_state == variantEnable;
     if (show) {
         qxSceneEdits::setTraversalMask(node, qxSceneEdits::Visible);
         m_variant.recurseEnable(node);
@@ -97,8 +97,8 @@ void Selection::applyTransformSwitch(const osg::SwitchComponentTransformPtr &cor
         return;
     osg::UInt32 choice = 0;
     if (m_step)
-        choice = qxSwitchStepping::stepTransformSwitch(*m_step, core->getChoice(),
-                                                       core->getCount());
+        choice =
+            qxSwitchStepping::stepTransformSwitch(*m_step, core->getChoice(), core->getCount());
     else
         std::sscanf(m_stateUtf8.c_str(), TransformName, &choice);
     qxSceneEdits::setChoice(core, choice);
@@ -155,10 +155,12 @@ qxNodeVariant::qxNodeVariant(osg::NodePtr node)
     name = nodeName;
 
     const auto core = osg::SwitchComponentTransformPtr::dcast(node->getCore());
-    if (core == osg::NullFC)
-        return qxSwitchOptions::build(*this, node);
-    qxSwitchOptions::addSteps(*this);
-    addTransformStates(*this, core);
+    if (core == osg::NullFC) {
+        qxSwitchOptions::build(*this, node);
+    } else {
+        qxSwitchOptions::addSteps(*this);
+        addTransformStates(*this, core);
+    }
 }
 
 void qxNodeVariant::onSelect(const QString &state)
