@@ -22,9 +22,9 @@ void writePlane(std::ostream &script, const qxAnalyzerVariant &clip)
 {
     const osg::Pnt3f &position = clip.clipPlanePosition;
     const osg::Vec3f &normal = clip.clipPlaneNormal;
-    script << "setClippingPlane(Pnt3f(" << position[0] << ", " << position[1] << ", "
-           << position[2] << "),Vec3f(" << normal[0] << ", " << normal[1] << ", " << normal[2]
-           << ")," << clip.clipPlaneInvert << ")\n";
+    script << "setClippingPlane(Pnt3f(" << position[0] << ", " << position[1] << ", " << position[2]
+           << "),Vec3f(" << normal[0] << ", " << normal[1] << ", " << normal[2] << "),"
+           << clip.clipPlaneInvert << ")\n";
 }
 
 void writeDisplay(std::ostream &script, const qxAnalyzerVariant &clip)

@@ -5,7 +5,8 @@
 #include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGVector.h>
 
-/// The clipping setting of a variant set: what becomes of the clipping plane when the set is applied.
+/// The clipping setting of a variant set: what becomes of the clipping plane when the set is
+/// applied.
 ///
 /// It is a plain record that is copied as a whole; options and states of the base are not used.
 class qxAnalyzerVariant : public qxVariant {

@@ -23,8 +23,8 @@ public:
     /// "!Enable" or "!Disable" after the first light of the name; empty when there is none.
     QString onCurrent() const override;
 
-    /// Builds the options anew from the first light of the name; shortcuts are lost. Without a light
-    /// no option is left.
+    /// Builds the options anew from the first light of the name; shortcuts are lost. Without a
+    /// light no option is left.
     void updateVariants();
 
     /// Adds to `message` whether the light is on and announces it; nothing for what is no light.

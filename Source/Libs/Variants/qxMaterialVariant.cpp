@@ -45,9 +45,9 @@ std::string targetName(const osg::SwitchMaterialPtr &switchMaterial, const QStri
     const std::optional<qxStep> step = qxSwitchStepping::stepOf(state);
     if (!step)
         return qxText::toUtf8(state);
-    const osg::UInt32 index = qxSwitchStepping::stepMaterial(
-        *step, osg::Int32(switchMaterial->getChoice()),
-        osg::UInt32(switchMaterial->getMaterials().size()));
+    const osg::UInt32 index =
+        qxSwitchStepping::stepMaterial(*step, osg::Int32(switchMaterial->getChoice()),
+                                       osg::UInt32(switchMaterial->getMaterials().size()));
     return qxMaterials::getName(switchMaterial->getMaterials(index));
 }
 

@@ -11,14 +11,16 @@ public:
 
     /// A variant without options that drives nothing yet.
     qxMaterialVariant() = default;
-    /// Takes name and options from a switch material. Any other named material is first wrapped into
-    /// a new switch material, called like it with " Switch" behind it, which takes its place in the
-    /// scene for good. A nameless one that is no switch gives an empty variant.
+    /// Takes name and options from a switch material. Any other named material is first wrapped
+    /// into a new switch material, called like it with " Switch" behind it, which takes its place
+    /// in the scene for good. A nameless one that is no switch gives an empty variant.
     explicit qxMaterialVariant(osg::MaterialPtr material);
 
-    /// Chooses the material named by `state` or reached by the action; an unknown one changes nothing.
+    /// Chooses the material named by `state` or reached by the action; an unknown one changes
+    /// nothing.
     void onSelect(const QString &state) override;
-    /// The name of the chosen material; empty without a switch material or for a choice out of range.
+    /// The name of the chosen material; empty without a switch material or for a choice out of
+    /// range.
     QString onCurrent() const override;
 
     using qxVariant::add;
@@ -30,8 +32,9 @@ public:
     /// Takes out the materials of that name; of two neighbours with one name the second one stays.
     void remove(const QString &optionName);
 
-    /// Builds the options anew from the switch material. Shortcuts of options that survive are kept,
-    /// and so is a default state that is still a state. Without a switch material no option is left.
+    /// Builds the options anew from the switch material. Shortcuts of options that survive are
+    /// kept, and so is a default state that is still a state. Without a switch material no option
+    /// is left.
     void updateVariants();
 
     /// Sets the traversal mask of every node that uses the switch material, and of no other node.

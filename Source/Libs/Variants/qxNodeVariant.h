@@ -19,14 +19,14 @@ public:
     /// Takes name, options and default state from the node; nameless nodes give empty names.
     explicit qxNodeVariant(osg::NodePtr node);
 
-    /// Applies `state` to every node of the name. Nodes sharing a core are stepped once, and each is
-    /// announced. A switch without a child of that name is reported in the log.
+    /// Applies `state` to every node of the name. Nodes sharing a core are stepped once, and each
+    /// is announced. A switch without a child of that name is reported in the log.
     void onSelect(const QString &state) override;
     /// The state of the first node of the name; empty when there is none.
     QString onCurrent() const override;
 
-    /// Builds the options anew from the first node of the name. Shortcuts of options that survive are
-    /// kept, and so is a default state that is still a state. Without a node no option is left.
+    /// Builds the options anew from the first node of the name. Shortcuts of options that survive
+    /// are kept, and so is a default state that is still a state. Without a node no option is left.
     void updateVariants();
 
     /// Makes everything at and below the nodes visible.
@@ -34,8 +34,8 @@ public:
     /// Hides the geometry nodes at and below the nodes; groups keep their masks.
     void hideGeometry();
 
-    /// With qxVariants::_recurse set: makes everything below the node visible, and its ancestors up to
-    /// the first visible one.
+    /// With qxVariants::_recurse set: makes everything below the node visible, and its ancestors up
+    /// to the first visible one.
     void recurseEnable(osg::NodePtr node);
     void pushEnable(osg::NodePtr node);
     void pushDisable(osg::NodePtr node);

@@ -7,23 +7,23 @@
 #include <vector>
 
 /// States that every kind of variant knows as actions; each begins with "!".
-extern const QString variantEnable;       ///< "!Enable"
-extern const QString variantDisable;      ///< "!Disable"
-extern const QString variantToggle;       ///< "!Toggle"
-extern const QString variantNext;         ///< "!Next"
-extern const QString variantNextLoop;     ///< "!Next (Loop)"
-extern const QString variantPrevious;     ///< "!Previous"
+extern const QString variantEnable; ///< "!Enable"
+extern const QString variantDisable; ///< "!Disable"
+extern const QString variantToggle; ///< "!Toggle"
+extern const QString variantNext; ///< "!Next"
+extern const QString variantNextLoop; ///< "!Next (Loop)"
+extern const QString variantPrevious; ///< "!Previous"
 extern const QString variantPreviousLoop; ///< "!Previous (Loop)"
-extern const QString variantAll;          ///< "!All"
-extern const QString variantNone;         ///< "!None"
+extern const QString variantAll; ///< "!All"
+extern const QString variantNone; ///< "!None"
 
 /// One state that a variant can be put in.
 struct qxVariantOption {
     QString name;
     QString shortcut; ///< key sequence in the host's native text format; empty for none
-    int key = 0;      ///< key code of the shortcut's first combination, without modifiers
+    int key = 0; ///< key code of the shortcut's first combination, without modifiers
     Qt::KeyboardModifiers modifiers; ///< modifiers of that combination
-    bool isAction = false;           ///< an action such as "!Next" rather than a state
+    bool isAction = false; ///< an action such as "!Next" rather than a state
 
     /// Recomputes `key` and `modifiers`; to be called after `shortcut` was changed in place.
     void updateShortcut();

@@ -8,8 +8,8 @@ template <class Ptr>
 class qxEdit {
 public:
     /// Without `fields` the whole object is open.
-    explicit qxEdit(const Ptr &object, osg::BitVector fields = osg::FieldBits::AllFields) :
-        m_object(object), m_fields(fields)
+    explicit qxEdit(const Ptr &object, osg::BitVector fields = osg::FieldBits::AllFields)
+        : m_object(object), m_fields(fields)
     {
         osg::beginEditCP(m_object, m_fields);
     }

@@ -53,8 +53,8 @@ void qxNodesChange::sortChildren(osg::Int32 choice, std::vector<std::string> nam
         return;
     }
     if (choice < 0 || std::size_t(choice) >= names.size()) {
-        std::fprintf(stderr,
-                     "qxNodeVariant::callVariantsNodesChanged: choice (%d) out of range!\n", choice);
+        std::fprintf(stderr, "qxNodeVariant::callVariantsNodesChanged: choice (%d) out of range!\n",
+                     choice);
         return;
     }
     visible.push_back(std::move(names[std::size_t(choice)]));

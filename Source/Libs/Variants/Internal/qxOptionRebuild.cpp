@@ -2,8 +2,8 @@
 
 #include "Internal/qxSwitchStepping.h"
 
-qxOptionRebuild::qxOptionRebuild(qxVariant &variant) :
-    m_variant(variant), m_defaultState(variant.defaultState)
+qxOptionRebuild::qxOptionRebuild(qxVariant &variant)
+    : m_variant(variant), m_defaultState(variant.defaultState)
 {
     for (qxVariantOption &option : variant.options) {
         const QString name = option.name;

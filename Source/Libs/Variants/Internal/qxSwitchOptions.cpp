@@ -45,12 +45,12 @@ void rebuildSwitch(qxVariant &variant, qxOptionRebuild &options, const osg::Node
         variant.defaultState = variantNone;
         return;
     }
-    // The position does not count the four stepping actions, so the first four children stand for one
-    // of them: documents in use rely on it. Twins among the children can make the list too short.
+    // The position does not count the four stepping actions, so the first four children stand for
+    // one of them: documents in use rely on it. Twins among the children can make the list too
+    // short.
     const std::size_t position = std::size_t(shown) + 2;
-    variant.defaultState = position < variant.options.size()
-        ? variant.options[position].name
-        : childName(node, osg::UInt32(shown));
+    variant.defaultState = position < variant.options.size() ? variant.options[position].name
+                                                             : childName(node, osg::UInt32(shown));
 }
 
 } // namespace
@@ -73,7 +73,8 @@ void qxSwitchOptions::build(qxVariant &variant, const osg::NodePtr &node)
     variant.defaultState = visibility(node);
 }
 
-void qxSwitchOptions::rebuild(qxVariant &variant, qxOptionRebuild &options, const osg::NodePtr &node)
+void qxSwitchOptions::rebuild(qxVariant &variant, qxOptionRebuild &options,
+                              const osg::NodePtr &node)
 {
     const osg::SwitchPtr core = osg::SwitchPtr::dcast(node->getCore());
     if (core != osg::NullFC)

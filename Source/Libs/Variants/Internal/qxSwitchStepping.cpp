@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-// Children are counted in 64 bits: there -1 and -2 have neighbours on both sides, and a number below
-// zero taken as unsigned lies beyond every count.
+// Children are counted in 64 bits: there -1 and -2 have neighbours on both sides, and a number
+// below zero taken as unsigned lies beyond every count.
 
 const std::array<QString, 4> &qxSwitchStepping::actions()
 {

@@ -10,8 +10,8 @@
 /// The four actions that go from one state to a neighbouring one.
 enum class qxStep { Next, NextLoop, Previous, PreviousLoop };
 
-/// What each step makes of a choice among `count` things, per kind of thing. The kinds treat choices
-/// out of range differently, and an empty list, so each has its own rule.
+/// What each step makes of a choice among `count` things, per kind of thing. The kinds treat
+/// choices out of range differently, and an empty list, so each has its own rule.
 namespace qxSwitchStepping {
 
 /// The names of the four actions, in the order of qxStep.
