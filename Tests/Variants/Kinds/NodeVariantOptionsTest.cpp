@@ -47,7 +47,7 @@ TEST_F(NodeVariantOptionsTest, OfATransformSwitchAndOfOtherNodes)
 
 TEST_F(NodeVariantOptionsTest, RebuiltKeepShortcutsAndFlags)
 {
-    const TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"});
+    scene.addSwitch("Wheels", {"Steel", "Alloy"});
     qxNodeVariant variant;
     variant.nodeName = "Wheels";
     variant.add(true, "Alloy", "Ctrl+2");

@@ -93,7 +93,8 @@ TEST_F(LightVariantTest, RebuildingLosesShortcutsAndWithoutALightAllOptions)
     EXPECT_EQ(textsOf(variant.options), Texts({"!Enable", "!Disable", "!Toggle*"}));
     EXPECT_EQ(variant.defaultState, "!Disable");
 
-    variant.lightName = scene.add("Shade").name();
+    scene.add("Shade");
+    variant.lightName = "Shade";
     variant.updateVariants();
     EXPECT_TRUE(variant.options.empty());
     EXPECT_EQ(variant.defaultState, "!Disable");
@@ -153,12 +154,13 @@ TEST_F(OverlayVariantTest, AChangeIsAnnouncedAsOneOfOverlays)
                      + path}));
 }
 
-TEST_F(TransformVariantTest, EachNodeIsSteppedFromItsOwnState)
+TEST_F(TransformVariantTest, EachNodeIsSteppedFromItsOwnStateInSilence)
 {
     const TestNode left = scene.addPoses("Door", {"Shut", "Ajar", "Open"});
     const TestNode right = scene.addPoses("Door", {"Shut", "Open"});
     scene.add("Door");
     qxTransformVariant variant("Door");
+    notifications.clear();
     struct Step {
         const char *state;
         int left, right;
@@ -173,15 +175,7 @@ TEST_F(TransformVariantTest, EachNodeIsSteppedFromItsOwnState)
         EXPECT_EQ(selected(right), step.right) << step.state;
     }
     EXPECT_EQ(variant.onCurrent(), "Shut");
-}
-
-TEST_F(TransformVariantTest, SelectingAnnouncesNothing)
-{
-    scene.addPoses("Door", {"Shut", "Open"});
-    qxTransformVariant variant("Door");
-    notifications.clear();
-    variant.onSelect("Open");
-    EXPECT_TRUE(notifications.entries().empty());
+    EXPECT_EQ(notifications.names(), Texts());
 }
 
 TEST_F(TransformVariantTest, OptionsAreTakenFromTheFirstNodeWithStates)
