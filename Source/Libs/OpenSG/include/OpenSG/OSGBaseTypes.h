@@ -1,0 +1,49 @@
+#pragma once
+
+#include <OpenSG/OSGConfig.h>
+
+#include <cstddef>
+#include <cstdint>
+
+namespace osg {
+
+typedef std::uint8_t UInt8;
+typedef std::uint16_t UInt16;
+typedef std::uint32_t UInt32;
+typedef std::uint64_t UInt64;
+typedef std::int8_t Int8;
+typedef std::int16_t Int16;
+typedef std::int32_t Int32;
+typedef std::int64_t Int64;
+typedef float Real32;
+typedef double Real64;
+typedef char Char8;
+typedef unsigned char UChar8;
+
+/// Seconds.
+typedef Real64 Time;
+
+/// A set of fields of one container class: bit n stands for the field with id n.
+typedef UInt64 BitVector;
+
+/// Constants of a number type, for code that names the type by parameter.
+template <class ValueT>
+struct TypeTraits {
+    static const ValueT One = ValueT(1);
+    static const ValueT Zero = ValueT(0);
+    static const ValueT BitsClear = ValueT(0);
+    static const ValueT BitsSet = ValueT(~ValueT(0));
+};
+
+/// Field sets that mean the same for every container class.
+struct FieldBits {
+    static const BitVector NoField = 0;
+    static const BitVector AllFields = ~BitVector(0);
+};
+
+/// Who caused a change; handed on to FieldContainer::changed().
+struct ChangedOrigin {
+    enum Origin { Abstract = 1, Sync = 2, Child = 4, External = 8 };
+};
+
+} // namespace osg

@@ -1,0 +1,13 @@
+#pragma once
+
+/// \file
+/// Fields that hold colours of 3 components.
+
+#include <OpenSG/OSGColor.h>
+#include <OpenSG/OSGMField.h>
+
+namespace osg {
+
+OSG_FIELD_TYPEDEFS(Color3f, Color3f)
+
+} // namespace osg

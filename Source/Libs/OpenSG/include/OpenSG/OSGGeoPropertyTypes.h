@@ -1,0 +1,55 @@
+#pragma once
+
+/// \file
+/// The formats that geometry arrays come in.
+
+#include <OpenSG/OSGColor4fFields.h>
+#include <OpenSG/OSGGL.h>
+#include <OpenSG/OSGGeoProperty.h>
+#include <OpenSG/OSGNumberFields.h>
+#include <OpenSG/OSGPnt3fFields.h>
+#include <OpenSG/OSGVec3fFields.h>
+
+namespace osg {
+
+/// Describes a format: the field that stores the elements, the GL number format, components.
+#define OSG_GEO_DESC(NAME, KIND, FIELD, FORMAT, DIMENSION) \
+    struct NAME##Desc { \
+        typedef KIND##Kind Kind; \
+        typedef FIELD StoredFieldType; \
+        enum { Format = FORMAT, Dimension = DIMENSION }; \
+    };
+
+OSG_GEO_DESC(GeoPositions3f, GeoPositions, MFPnt3f, GL_FLOAT, 3)
+OSG_GEO_DESC(GeoNormals3f, GeoNormals, MFVec3f, GL_FLOAT, 3)
+OSG_GEO_DESC(GeoColors3f, GeoColors, MFColor3f, GL_FLOAT, 3)
+OSG_GEO_DESC(GeoColors4f, GeoColors, MFColor4f, GL_FLOAT, 4)
+OSG_GEO_DESC(GeoTexCoords2f, GeoTexCoords, MFVec2f, GL_FLOAT, 2)
+OSG_GEO_DESC(GeoIndicesUI32, GeoIndices, MFUInt32, GL_UNSIGNED_INT, 1)
+OSG_GEO_DESC(GeoIndicesUI16, GeoIndices, MFUInt16, GL_UNSIGNED_SHORT, 1)
+OSG_GEO_DESC(GeoPTypesUI8, GeoPTypes, MFUInt8, GL_UNSIGNED_BYTE, 1)
+OSG_GEO_DESC(GeoPLengthsUI32, GeoPLengths, MFUInt32, GL_UNSIGNED_INT, 1)
+OSG_GEO_DESC(GeoPLengthsUI16, GeoPLengths, MFUInt16, GL_UNSIGNED_SHORT, 1)
+OSG_GEO_DESC(GeoPLengthsUI8, GeoPLengths, MFUInt8, GL_UNSIGNED_BYTE, 1)
+
+// The library holds their code.
+extern template class AbstractGeoProperty<GeoPositionsKind>;
+extern template class AbstractGeoProperty<GeoNormalsKind>;
+extern template class AbstractGeoProperty<GeoColorsKind>;
+extern template class AbstractGeoProperty<GeoTexCoordsKind>;
+extern template class AbstractGeoProperty<GeoIndicesKind>;
+extern template class AbstractGeoProperty<GeoPTypesKind>;
+extern template class AbstractGeoProperty<GeoPLengthsKind>;
+extern template class GeoProperty<GeoPositions3fDesc>;
+extern template class GeoProperty<GeoNormals3fDesc>;
+extern template class GeoProperty<GeoColors3fDesc>;
+extern template class GeoProperty<GeoColors4fDesc>;
+extern template class GeoProperty<GeoTexCoords2fDesc>;
+extern template class GeoProperty<GeoIndicesUI32Desc>;
+extern template class GeoProperty<GeoIndicesUI16Desc>;
+extern template class GeoProperty<GeoPTypesUI8Desc>;
+extern template class GeoProperty<GeoPLengthsUI32Desc>;
+extern template class GeoProperty<GeoPLengthsUI16Desc>;
+extern template class GeoProperty<GeoPLengthsUI8Desc>;
+
+} // namespace osg

@@ -1,0 +1,12 @@
+#pragma once
+
+/// \file
+/// Fields that hold Int8 numbers.
+
+#include <OpenSG/OSGMField.h>
+
+namespace osg {
+
+OSG_FIELD_TYPEDEFS(Int8, Int8)
+
+} // namespace osg

@@ -1,0 +1,13 @@
+#pragma once
+
+/// \file
+/// Fields that hold matrices.
+
+#include <OpenSG/OSGMField.h>
+#include <OpenSG/OSGMatrix.h>
+
+namespace osg {
+
+OSG_FIELD_TYPEDEFS(Matrix, Matrix)
+
+} // namespace osg

@@ -1,0 +1,12 @@
+#pragma once
+
+/// \file
+/// Fields that hold single-precision numbers.
+
+#include <OpenSG/OSGMField.h>
+
+namespace osg {
+
+OSG_FIELD_TYPEDEFS(Real32, Real32)
+
+} // namespace osg

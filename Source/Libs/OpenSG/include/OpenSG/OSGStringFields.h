@@ -1,0 +1,14 @@
+#pragma once
+
+/// \file
+/// Fields that hold texts.
+
+#include <OpenSG/OSGMField.h>
+
+#include <string>
+
+namespace osg {
+
+OSG_FIELD_TYPEDEFS(std::string, String)
+
+} // namespace osg

@@ -1,0 +1,13 @@
+#pragma once
+
+/// \file
+/// Fields that hold vectors of 2 coordinates.
+
+#include <OpenSG/OSGMField.h>
+#include <OpenSG/OSGVector.h>
+
+namespace osg {
+
+OSG_FIELD_TYPEDEFS(Vec2f, Vec2f)
+
+} // namespace osg
