@@ -1,0 +1,186 @@
+#include "Cameras/qxMainView.h"
+#include "Cameras/qxRunningClips.h"
+#include "Core/qxModuleBus.h"
+#include "Core/qxRenderRequests.h"
+#include "HostFixture.h"
+#include "qxAnimManager.h"
+#include "qxCameraService.h"
+#include "qxController.h"
+#include "qxMaterials.h"
+#include "qxModuleBase.h"
+#include "qxOverlays.h"
+#include "qxScenegraph.h"
+#include "qxUberCameraPool.h"
+
+#include <OpenSG/OSGChangeList.h>
+#include <OpenSG/OSGNodeCore.h>
+#include <OpenSG/OSGThread.h>
+
+#include <QCoreApplication>
+
+namespace {
+
+qxCameraService *cameras()
+{
+    return qxKernelServiceFactory::the()->getService<qxCameraService>();
+}
+
+float xOf(const qxUberCamera &camera)
+{
+    return camera.toWorld[3][0];
+}
+
+class UnknownService : public qxBaseService {};
+
+} // namespace
+
+class HostTest : public HostFixture {};
+
+TEST_F(HostTest, ANewHostHasAnEmptySceneAndRecordsEdits)
+{
+    EXPECT_EQ(scene.root().name(), "Root");
+    EXPECT_EQ(std::string(scene.root().core()->getTypeName()), "Group");
+    EXPECT_EQ(scene.root().node()->getNChildren(), 0u);
+    EXPECT_EQ(qxScenegraph::getMaterialPool()->getCount(), 0u);
+    EXPECT_EQ(qxOverlays::getPoolRoot()->getNChildren(), 0u);
+
+    osg::ChangeList *const changes = osg::Thread::getCurrentChangeList();
+    changes->clearAll();
+    scene.root().setMask(0);
+    const osg::ChangeList::ChangeEntry edit(scene.root().node().getFieldContainerId(),
+                                            osg::Node::TravMaskFieldMask);
+    EXPECT_NE(std::find(changes->beginChanged(), changes->endChanged(), edit),
+              changes->endChanged());
+}
+
+TEST_F(HostTest, ClearingTheSceneAsksForVariantsToGoFirstAndEmptiesEverything)
+{
+    scene.addGeometry("Body", scene.addMaterial("Paint"));
+    scene.addOverlay("Logo");
+    cameras()->moveToViewpoint(scene.addViewpoint("Front"), 0, 1, 0);
+    scene.setClips({"Spin"});
+    qxMessage start;
+    start.set("animation-name", std::string("Spin"));
+    qxController::call("animationStart", start, 1);
+    notifications.clear();
+    const osg::NodePtr root = scene.root();
+    osg::UInt32 childrenThen = 0;
+    const int listener = qxController::addListener(
+        [&](const char *, qxMessage *, int) { childrenThen = root->getNChildren(); });
+
+    host.clearScene();
+    qxController::removeListener(listener);
+
+    ASSERT_EQ(notifications.names(), (std::vector<std::string>{"clearAllVariants"}));
+    EXPECT_TRUE(notifications.entries()[0].hasMessage);
+    EXPECT_TRUE(notifications.entries()[0].keys().empty());
+    EXPECT_EQ(notifications.entries()[0].flag, 1);
+    EXPECT_EQ(childrenThen, 1u) << "the scene was still there";
+    EXPECT_EQ(scene.root().node(), root);
+    EXPECT_EQ(root->getNChildren(), 0u);
+    EXPECT_EQ(qxOverlays::getPoolRoot()->getNChildren(), 0u);
+    EXPECT_TRUE(qxMaterials::findMaterial("Paint") == osg::NullFC);
+    EXPECT_EQ(qxUberCameraPool::the()->count(), 0);
+    EXPECT_EQ(qxMainView::the().viewpoint, -1);
+    EXPECT_FALSE(qxMainView::the().hasHome);
+    EXPECT_TRUE(qxAnimManager::the()->clips().empty() && qxRunningClips::names().empty());
+}
+
+TEST_F(HostTest, TheCameraMovesToViewpointsByName)
+{
+    scene.addViewpoint("Front", 1);
+    scene.addViewpoint("Side", 2);
+    scene.addViewpoint("Front", 3);
+    EXPECT_EQ(cameras()->findViewpoint("Front"), 0);
+    EXPECT_EQ(cameras()->findViewpoint("front"), -1);
+    EXPECT_EQ(cameras()->findViewpoint(""), -1);
+    const int requests = qxRenderRequests::count();
+
+    cameras()->moveToViewpoint(1, 0, 0, 1);
+    EXPECT_EQ(xOf(qxMainView::the().camera), 2);
+    EXPECT_EQ(qxMainView::the().viewpoint, 1);
+    EXPECT_FALSE(qxMainView::the().hasHome);
+    EXPECT_EQ(qxRenderRequests::count(), requests + 1);
+
+    cameras()->moveToViewpoint(0, 0, 1, 0);
+    EXPECT_EQ(xOf(qxMainView::the().home), 1);
+    EXPECT_EQ(qxRenderRequests::count(), requests + 1);
+
+    for (const int unknown : {-1, 3})
+        cameras()->moveToViewpoint(unknown, 0, 1, 1);
+    EXPECT_EQ(qxMainView::the().viewpoint, 0);
+    EXPECT_EQ(qxRenderRequests::count(), requests + 1);
+}
+
+TEST_F(HostTest, StartedClipsAreRememberedInTheOrderOfTheirLastStart)
+{
+    scene.setClips({"Doors", "", "Roof"});
+    std::set<std::string> names = {"Other"};
+    qxAnimManager::the()->getBlockAndClipNames(names);
+    EXPECT_EQ(names, (std::set<std::string>{"Doors", "Other", "Roof"}));
+
+    for (const char *name : {"Doors", "Roof", "Missing", "", "Doors"}) {
+        qxMessage message;
+        message.set("animation-name", std::string(name));
+        qxController::call("animationStart", message, 1);
+    }
+    qxController::call("animationStart", 1);
+    EXPECT_EQ(qxRunningClips::names(), (std::vector<std::string>{"Roof", "Doors"}));
+}
+
+TEST_F(HostTest, MissingAndNullServicesAreReported)
+{
+    qxKernelServiceFactory factory;
+    const std::string name = typeid(UnknownService).name();
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(factory.getService<UnknownService>(), nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "qxKernelServiceFactory: couldn't find class '" + name + "'!\n");
+
+    factory.registerService<UnknownService>(nullptr);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(factory.getService<UnknownService>(), nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "qxKernelServiceFactory: service '" + name + "' is NULL!\n");
+
+    UnknownService service;
+    factory.registerService<UnknownService>(&service);
+    EXPECT_EQ(factory.getService<UnknownService>(), &service);
+    factory.registerService<UnknownService>(cameras());
+    EXPECT_EQ(factory.getService<UnknownService>(), nullptr) << "of another class";
+}
+
+TEST_F(HostTest, ModuleMessagesArriveAtOnceOrFromTheEventLoop)
+{
+    std::vector<unsigned int> codes;
+    const int listener =
+        qxModuleBus::addListener([&](qxMessage &message) { codes.push_back(message.code()); });
+    {
+        qxMessage waits(2), goes(1);
+        qxModuleBase::sendMessage(waits, true);
+        qxModuleBase::sendMessage(goes, false);
+    }
+    EXPECT_EQ(codes, (std::vector<unsigned int>{1}));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(codes, (std::vector<unsigned int>{1, 2}));
+    qxModuleBus::removeListener(listener);
+}
+
+TEST(HostsTest, OneHostAfterTheOtherStartsAfresh)
+{
+    for (int i = 0; i < 3; ++i) {
+        const qxHost host;
+        TestScene scene;
+        EXPECT_TRUE(qxScenegraph::findNodes("Body").empty());
+        EXPECT_TRUE(qxMaterials::findMaterial("Paint") == osg::NullFC);
+        const TestNode body = scene.addGeometry("Body", scene.addMaterial("Paint"));
+        EXPECT_EQ(qxScenegraph::findNode("Body"), body.node());
+        EXPECT_TRUE(qxMaterials::findMaterial("Paint") != osg::NullFC);
+        EXPECT_NE(cameras(), nullptr);
+    }
+    EXPECT_TRUE(qxScenegraph::getRoot() == osg::NullFC);
+    EXPECT_TRUE(qxScenegraph::findNodes("Body").empty());
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(cameras(), nullptr);
+    EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+}

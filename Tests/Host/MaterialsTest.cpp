@@ -1,0 +1,211 @@
+#include "HostFixture.h"
+#include "qxMaterials.h"
+#include "qxModuleBase.h"
+#include "qxNodeUtils.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGChangeList.h>
+#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGMaterialGroup.h>
+#include <OpenSG/OSGMultiPassMaterial.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+#include <OpenSG/OSGThread.h>
+
+#include <random>
+
+namespace {
+
+typedef std::vector<osg::MaterialPtr> Materials;
+typedef std::vector<qxNodePtr> Nodes;
+
+Nodes users(const osg::MaterialPtr &material)
+{
+    Nodes nodes;
+    qxMaterials::getNodesWithMaterial(nodes, material);
+    return nodes;
+}
+
+/// The users as a walk through all nodes finds them.
+Nodes walkedUsers(const osg::MaterialPtr &material)
+{
+    Nodes nodes;
+    for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(qxScenegraph::getRoot())) {
+        const osg::MaterialGroupPtr group = osg::MaterialGroupPtr::dcast(node->getCore());
+        const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(node->getCore());
+        if ((group != osg::NullFC && group->getMaterial() == material)
+            || (geometry != osg::NullFC && geometry->getMaterial() == material))
+            nodes.push_back(node);
+    }
+    return nodes;
+}
+
+void setMaterial(const TestNode &node, const osg::MaterialPtr &material)
+{
+    const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(node.core());
+    const osg::CPEditor edit(geometry, osg::Geometry::MaterialFieldMask);
+    geometry->setMaterial(material);
+}
+
+void removeFromPool(const osg::MaterialPtr &material)
+{
+    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
+    const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
+    pool->sub(material);
+}
+
+} // namespace
+
+class MaterialsTest : public HostFixture {};
+
+TEST_F(MaterialsTest, MaterialsAreFoundInPoolOrderWithTheirContentsBehindThem)
+{
+    const TestMaterial first = scene.addMaterial("Paint");
+    const osg::MultiPassMaterialPtr passes = osg::MultiPassMaterial::create();
+    const osg::SwitchMaterialPtr inner = osg::SwitchMaterial::create();
+    osg::setName(inner, "Paint");
+    {
+        const osg::CPEditor edit(passes);
+        passes->addMaterial(inner);
+        passes->addMaterial(first); // known already
+    }
+    {
+        const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
+        const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
+        pool->add(osg::MaterialPtr(passes));
+    }
+    const TestMaterial last = scene.addMaterial("Paint");
+
+    EXPECT_EQ(qxMaterials::findMaterials("Paint"),
+              (Materials{first.material(), inner, last.material()}));
+    EXPECT_EQ(qxMaterials::findMaterial("Paint"), first.material());
+    EXPECT_EQ(qxMaterials::getName(passes), "");
+    EXPECT_TRUE(qxMaterials::findMaterials("").empty());
+    EXPECT_TRUE(qxMaterials::findMaterial(nullptr) == osg::NullFC);
+    EXPECT_TRUE(qxMaterials::isEditable(first) && !qxMaterials::isEditable(osg::NullFC));
+}
+
+TEST_F(MaterialsTest, NamesFollowEveryKindOfChange)
+{
+    const TestMaterial paint = scene.addMaterial("Paint");
+    const TestMaterial wood = scene.addMaterial("Wood");
+    const TestMaterial trim = scene.addSwitchMaterial("Trim", {"Wood"});
+    EXPECT_EQ(qxMaterials::findMaterial("Paint"), paint.material());
+
+    qxMaterials::setName(paint, "Lacquer", true);
+    EXPECT_TRUE(qxMaterials::findMaterial("Paint") == osg::NullFC);
+    EXPECT_EQ(qxMaterials::findMaterial("Lacquer"), paint.material());
+
+    osg::setName(wood.material(), "Oak"); // behind the back of the host
+    EXPECT_EQ(qxMaterials::findMaterial("Oak"), wood.material());
+
+    const TestMaterial unnamed = scene.addMaterial("");
+    EXPECT_TRUE(qxMaterials::findMaterial("Late") == osg::NullFC);
+    osg::setName(unnamed.material(), "Late");
+    EXPECT_EQ(qxMaterials::findMaterial("Late"), unnamed.material());
+
+    removeFromPool(wood);
+    EXPECT_EQ(qxMaterials::findMaterial("Oak"), wood.material()) << "still inside of the switch";
+    {
+        const osg::SwitchMaterialPtr core = osg::SwitchMaterialPtr::dcast(trim.material());
+        const osg::CPEditor edit(core, osg::SwitchMaterial::MaterialsFieldMask);
+        core->subMaterial(wood);
+    }
+    EXPECT_TRUE(qxMaterials::findMaterial("Oak") == osg::NullFC);
+}
+
+TEST_F(MaterialsTest, NamesFollowAlsoWhenTheChangeListWasEmptiedOrStopped)
+{
+    const TestMaterial paint = scene.addMaterial("Paint");
+    const TestMaterial other = scene.addMaterial("Other");
+    osg::ChangeList *const changes = osg::Thread::getCurrentChangeList();
+    // As many entries before as after the list is emptied: a length alone tells nothing.
+    for (int i = 0; i < 3; ++i) {
+        const std::string name = "Paint" + std::to_string(i);
+        changes->clearAll();
+        osg::setName(paint.material(), name);
+        EXPECT_EQ(qxMaterials::findMaterial(name.c_str()), paint.material());
+        EXPECT_EQ(qxMaterials::findMaterial("Other"), other.material());
+    }
+    changes->setReadOnly(true);
+    osg::setName(other.material(), "Another");
+    EXPECT_TRUE(qxMaterials::findMaterial("Other") == osg::NullFC);
+    EXPECT_EQ(qxMaterials::findMaterial("Another"), other.material());
+    changes->setReadOnly(false);
+}
+
+TEST_F(MaterialsTest, AUniqueNameIsMadeOnDemand)
+{
+    scene.addMaterial("Paint");
+    const TestMaterial copy = scene.addMaterial("");
+    qxMaterials::setName(copy, "Paint", false);
+    EXPECT_EQ(copy.name(), "Paint 2");
+    qxMaterials::setName(copy, "Paint", true);
+    EXPECT_EQ(copy.name(), "Paint");
+}
+
+TEST_F(MaterialsTest, UsersAreGroupsAndGeometriesOfTheSceneInItsOrder)
+{
+    const TestMaterial paint = scene.addMaterial("Paint");
+    const TestNode group = scene.addMaterialGroup("Group", paint);
+    const TestNode body = scene.addGeometry("Body", paint, group);
+    const TestNode clone = scene.addClone(body);
+    scene.addGeometry("Bare");
+
+    EXPECT_EQ(users(paint), (Nodes{group.node(), body.node(), clone.node()}));
+    EXPECT_TRUE(users(osg::NullFC).empty());
+
+    Nodes appended = {scene.root().node()};
+    qxMaterials::getNodesWithMaterial(appended, paint);
+    EXPECT_EQ(appended.size(), 4u);
+}
+
+TEST_F(MaterialsTest, UsersEqualThoseOfAWalkAfterRandomChanges)
+{
+    std::mt19937 random(7);
+    Materials materials;
+    for (int i = 0; i < 8; ++i)
+        materials.push_back(scene.addMaterial("M" + std::to_string(i)));
+    std::vector<TestNode> nodes = {scene.root()};
+    for (int step = 0; step < 600; ++step) {
+        const osg::MaterialPtr material = materials[random() % materials.size()];
+        const TestNode node = nodes[random() % nodes.size()];
+        const unsigned int action = random() % 8;
+        if (action == 0)
+            nodes.push_back(scene.addGeometry("G", material, node));
+        else if (action == 1 && nodes.size() > 4)
+            nodes.push_back(scene.addClone(nodes.back(), node));
+        else if (osg::GeometryPtr::dcast(node.core()) != osg::NullFC)
+            setMaterial(node, action == 2 ? osg::MaterialPtr() : material);
+        const osg::MaterialPtr asked = materials[random() % materials.size()];
+        ASSERT_EQ(users(asked), walkedUsers(asked)) << "step " << step;
+    }
+}
+
+TEST_F(MaterialsTest, RemovedNodesAreNoUsersAnyMore)
+{
+    const TestMaterial paint = scene.addMaterial("Paint");
+    const TestNode group = scene.add("Group");
+    scene.addGeometry("Body", paint, group);
+    const TestNode stays = scene.addGeometry("Roof", paint);
+    EXPECT_EQ(users(paint).size(), 2u);
+    {
+        osg::NodePtr gone = group;
+        const osg::CPEditor edit(scene.root().node(), osg::Node::ChildrenFieldMask);
+        scene.root().node()->subChild(gone);
+    }
+    EXPECT_EQ(users(paint), (Nodes{stays.node()}));
+}
+
+TEST_F(MaterialsTest, TheModuleMessageOutdatesEverythingThatWasRead)
+{
+    const TestMaterial paint = scene.addMaterial("Paint");
+    const TestNode body = scene.addGeometry("Body", paint);
+    const TestMaterial other = scene.addMaterial("Other");
+    EXPECT_TRUE(users(other).empty());
+    osg::GeometryPtr::dcast(body.core())->setMaterial(other); // outside of an edit
+
+    qxMessage changed(qxModuleBase::MaterialsChanged);
+    qxModuleBase::sendMessage(changed, false);
+    EXPECT_EQ(users(other), (Nodes{body.node()}));
+}

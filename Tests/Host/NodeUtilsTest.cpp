@@ -1,0 +1,152 @@
+#include "HostFixture.h"
+#include "OSGSwitchComponentTransform.h"
+#include "Scene/qxTransformStates.h"
+#include "qxLights.h"
+#include "qxNodeUtils.h"
+#include "qxTransformService.h"
+
+#include <OpenSG/OSGQuaternion.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+namespace {
+
+osg::Matrix matrixOf(const TestNode &node)
+{
+    return node.node()->getToWorld();
+}
+
+float xOf(const TestNode &node)
+{
+    return matrixOf(node)[3][0];
+}
+
+void selectState(const TestNode &node, int state, int delay = 0)
+{
+    auto *service = qxKernelServiceFactory::the()->getService<qxTransformService>();
+    service->selectTransformVariants({QRPC::NodeTrafoId(qxNodePtr(node.node()).getID(), state)}, 0,
+                                     delay);
+}
+
+} // namespace
+
+TEST(UniqueNameTest, TheSmallestFreeNumberIsPutBehindTheWholeName)
+{
+    struct Case {
+        std::string base;
+        std::vector<std::string> existing;
+        std::string expected;
+    };
+    const std::vector<Case> cases = {
+        {"Set", {}, "Set"},
+        {"Set", {"Set 2", "set"}, "Set"},
+        {"Set", {"Set"}, "Set 2"},
+        {"Set", {"Set 2", "Set", "Set 4", "Set 3"}, "Set 5"},
+        {"Set", {"Set", "Set 3"}, "Set 2"},
+        {"Set", {"Set", "Set 02", "Set 2x", "Set  2", "Set2", "Set 1"}, "Set 2"},
+        {"Set", {"Set", "Set 99999999999999999999", "Set 2"}, "Set 3"},
+        {"RAL 9010", {"RAL 9010"}, "RAL 9010 2"},
+        {"RAL", {"RAL", "RAL 9010"}, "RAL 2"},
+        {"", {""}, " 2"},
+    };
+    for (const Case &one : cases) {
+        EXPECT_EQ(qxNodeUtils::getUniqueName(one.base, one.existing), one.expected);
+    }
+}
+
+class NodeUtilsTest : public HostFixture {};
+
+TEST_F(NodeUtilsTest, ATransformSwitchTakesThePoseOfTheChosenState)
+{
+    const TestNode seat = scene.addTransformSwitch("Seat", 3);
+    EXPECT_FLOAT_EQ(xOf(seat), 0) << "state 0 from the start";
+    seat.choose(2);
+    EXPECT_FLOAT_EQ(xOf(seat), 2);
+    seat.choose(7);
+    EXPECT_EQ(seat.choice(), 7);
+    EXPECT_FLOAT_EQ(xOf(seat), 2) << "a choice without state leaves the transform";
+
+    const auto core = osg::SwitchComponentTransformPtr::dcast(seat.core());
+    ASSERT_EQ(core->getCount(), 3u);
+    osg::Matrix turned;
+    turned.setTransform(osg::Vec3f(1, 2, 3), osg::Quaternion(osg::Vec3f(0, 0, 1), 0.5f),
+                        osg::Vec3f(2, 3, 4));
+    {
+        const osg::CPEditor edit(core);
+        core->getStates()[1] = turned;
+        core->setChoice(1);
+    }
+    for (osg::UInt32 i = 0; i < 16; ++i)
+        EXPECT_NEAR(matrixOf(seat)[i / 4][i % 4], turned[i / 4][i % 4], 1e-5f);
+}
+
+TEST_F(NodeUtilsTest, NamedStatesAreReadAndSelectedByTheTransformService)
+{
+    const TestNode door = scene.addPoses("Door", {"Closed", "Ajar", "Open"});
+    const TestNode twin = scene.addPoses("Door", {"Open"});
+    EXPECT_TRUE(qxNodeUtils::hasTransformVariants(door));
+    EXPECT_EQ(qxNodeUtils::getTransformVariantCount(door), 3);
+    EXPECT_EQ(qxNodeUtils::getTransformVariantIndex(door, "Open"), 2);
+    EXPECT_EQ(qxNodeUtils::getTransformVariantIndex(door, "open"), -1);
+    EXPECT_EQ(qxNodeUtils::getTransformVariantName(door, 3), "");
+    EXPECT_EQ(qxNodeUtils::getSelectedTransformVariantName(door), "Closed");
+
+    selectState(door, 2);
+    EXPECT_EQ(qxNodeUtils::getSelectedTransformVariantName(door), "Open");
+    EXPECT_FLOAT_EQ(xOf(door), 2);
+    EXPECT_EQ(qxNodeUtils::getTransformVariantCurrentIndex(twin), 0) << "addressed by identifier";
+
+    selectState(door, 3);
+    selectState(door, -1);
+    EXPECT_EQ(qxNodeUtils::getTransformVariantCurrentIndex(door), 2);
+}
+
+TEST_F(NodeUtilsTest, WithoutStatesTheAnswersAreEmptyAndRequestsAreIgnored)
+{
+    const TestNode plain = scene.addTransform("Plain");
+    for (const osg::NodePtr &node : {plain.node(), osg::NodePtr()}) {
+        EXPECT_FALSE(qxNodeUtils::hasTransformVariants(node));
+        EXPECT_EQ(qxNodeUtils::getTransformVariantCount(node), 0);
+        EXPECT_EQ(qxNodeUtils::getTransformVariantIndex(node, "x"), -1);
+        EXPECT_EQ(qxNodeUtils::getTransformVariantCurrentIndex(node), -1);
+        EXPECT_EQ(qxNodeUtils::getSelectedTransformVariantName(node), "");
+    }
+    selectState(plain, 0);
+    qxKernelServiceFactory::the()->getService<qxTransformService>()->selectTransformVariants(
+        {QRPC::NodeTrafoId(0, 0), QRPC::NodeTrafoId(0xFFFFFF, 0)}, 0, 0);
+    EXPECT_FLOAT_EQ(xOf(plain), 0);
+}
+
+TEST_F(NodeUtilsTest, ADelayedRequestOutlivesItsNode)
+{
+    const TestNode stays = scene.addPoses("Stays", {"A", "B"});
+    TestNode goes = scene.addPoses("Goes", {"A", "B"});
+    selectState(stays, 1, 1);
+    selectState(goes, 1, 1);
+    EXPECT_FLOAT_EQ(xOf(stays), 0);
+    {
+        osg::NodePtr gone = goes;
+        const osg::CPEditor edit(scene.root().node(), osg::Node::ChildrenFieldMask);
+        scene.root().node()->subChild(gone);
+    }
+    QElapsedTimer timer;
+    for (timer.start(); xOf(stays) < 1 && timer.elapsed() < 5000;)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    EXPECT_FLOAT_EQ(xOf(stays), 1);
+}
+
+TEST_F(NodeUtilsTest, LightsAreFoundAndSwitchedInTheScene)
+{
+    const TestNode group = scene.add("Group").setMask(0);
+    const TestNode lamp = scene.addLight("Lamp", group);
+    const TestNode clone = scene.addClone(lamp);
+
+    EXPECT_EQ(qxLights::getLights(), (std::vector<qxNodePtr>{lamp.node(), clone.node()}));
+    EXPECT_TRUE(qxLights::getOn(lamp));
+    qxLights::setOn(lamp, false);
+    EXPECT_FALSE(qxLights::getOn(clone)) << "shares the light";
+    qxLights::setOn(group, true);
+    EXPECT_FALSE(qxLights::isLight(group) || qxLights::getOn(group));
+    EXPECT_FALSE(qxLights::isLight(osg::NullFC));
+}

@@ -1,0 +1,129 @@
+#include "HostFixture.h"
+#include "qxNodeUtils.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGNodeCore.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+
+#include <random>
+
+namespace {
+
+typedef std::vector<qxNodePtr> Nodes;
+
+} // namespace
+
+class SceneLookupTest : public HostFixture {
+protected:
+    ~SceneLookupTest() override { qxScenegraph::clearFindCache(); }
+
+    /// Looked up with the find cache.
+    Nodes cached(const char *name)
+    {
+        qxScenegraph::initFindCache();
+        const Nodes found = qxScenegraph::findNodes(name);
+        qxScenegraph::clearFindCache();
+        return found;
+    }
+};
+
+TEST_F(SceneLookupTest, ANodeIsNamedByItselfThenByItsCoreThenByTheTypeOfItsCore)
+{
+    const TestNode own = scene.add("Own");
+    osg::setName(own.core(), "Core");
+    const TestNode byCore = scene.addSwitch("", {});
+    osg::setName(byCore.core(), "Core");
+    const TestNode byType = scene.addSwitch("", {});
+    const TestNode emptyName = scene.add("x");
+    osg::setName(emptyName.node(), std::string());
+    osg::NodePtr bare = osg::Node::create();
+
+    EXPECT_EQ(own.name(), "Own");
+    EXPECT_EQ(byCore.name(), "Core");
+    EXPECT_EQ(byType.name(), "Switch");
+    EXPECT_EQ(emptyName.name(), "") << "an empty name is a name";
+    EXPECT_EQ(qxNodeUtils::getName(bare), "");
+    EXPECT_EQ(qxNodeUtils::getName(osg::NullFC), "");
+    EXPECT_EQ(qxScenegraph::findNodes("Core"), (Nodes{byCore.node()}));
+    EXPECT_EQ(cached("Switch"), (Nodes{byType.node()}));
+    EXPECT_EQ(qxScenegraph::findNode("Root"), scene.root().node());
+    for (const char *nothing : {"", static_cast<const char *>(nullptr), "Missing"}) {
+        EXPECT_TRUE(qxScenegraph::findNodes(nothing).empty());
+        EXPECT_TRUE(cached(nothing).empty());
+        EXPECT_TRUE(qxScenegraph::findNode(nothing) == osg::NullFC);
+    }
+    osg::addRefCP(bare);
+    osg::subRefCP(bare);
+}
+
+TEST_F(SceneLookupTest, HiddenNodesAndUnchosenChildrenAreFoundInSceneOrder)
+{
+    const TestNode wheels = scene.addSwitch("Wheels", {"Twin", "Steel"});
+    const TestNode inner = scene.add("Twin", wheels.child(1));
+    const TestNode last = scene.add("Twin").setMask(0);
+
+    const Nodes expected = {wheels.child(0).node(), inner.node(), last.node()};
+    EXPECT_EQ(qxScenegraph::findNodes("Twin"), expected);
+    EXPECT_EQ(cached("Twin"), expected);
+}
+
+TEST_F(SceneLookupTest, TheCacheFindsWhatTheWalkFindsInRandomScenes)
+{
+    std::mt19937 random(20);
+    for (int round = 0; round < 5; ++round) {
+        host.clearScene();
+        Nodes nodes = {scene.root().node()};
+        for (int i = 0; i < 300; ++i) {
+            const osg::NodePtr parent = nodes[random() % nodes.size()];
+            const std::string name = random() % 5 ? "Node" + std::to_string(random() % 40) : "";
+            nodes.push_back(scene.add(name, parent).node());
+        }
+        for (const qxNodePtr &node : nodes) {
+            const std::string name = qxNodeUtils::getName(node);
+            const Nodes walked = qxScenegraph::findNodes(name.c_str());
+            const qxNodePtr first = qxScenegraph::findNode(name.c_str());
+            ASSERT_NE(std::find(walked.begin(), walked.end(), node), walked.end());
+            ASSERT_EQ(first, walked.front());
+            qxScenegraph::initFindCache();
+            ASSERT_EQ(qxScenegraph::findNodes(name.c_str()), walked);
+            ASSERT_EQ(qxScenegraph::findNode(name.c_str()), first);
+            qxScenegraph::clearFindCache();
+        }
+    }
+}
+
+TEST_F(SceneLookupTest, TheCacheIsASnapshotUntilItIsClearedOrTheSceneIs)
+{
+    EXPECT_FALSE(qxScenegraph::hasFindCache());
+    qxScenegraph::initFindCache();
+    EXPECT_TRUE(qxScenegraph::hasFindCache());
+    scene.add("Late");
+    EXPECT_TRUE(qxScenegraph::findNodes("Late").empty());
+    qxScenegraph::initFindCache();
+    EXPECT_EQ(qxScenegraph::findNodes("Late").size(), 1u);
+    host.clearScene();
+    EXPECT_FALSE(qxScenegraph::hasFindCache());
+    EXPECT_TRUE(qxScenegraph::findNodes("Late").empty());
+}
+
+TEST_F(SceneLookupTest, ADeepSceneDoesNotExhaustTheStack)
+{
+    osg::NodePtr parent = scene.root();
+    for (int i = 0; i < 5000; ++i)
+        parent = scene.add("Level", parent);
+    EXPECT_EQ(qxScenegraph::findNodes("Level").size(), 5000u);
+    EXPECT_EQ(cached("Level").back(), parent);
+    EXPECT_EQ(qxNodeUtils::getSubTreeNodes(scene.root()).size(), 5001u);
+}
+
+TEST_F(SceneLookupTest, ShowingNodesShowsTheirAncestorsButNotTheirNeighbours)
+{
+    const TestNode top = scene.add("Top").setMask(0);
+    const TestNode middle = scene.add("Middle", top); // visible below a hidden one
+    const TestNode leaf = scene.add("Leaf", middle).setMask(7);
+    const TestNode neighbour = scene.add("Neighbour", middle).setMask(0);
+
+    qxScenegraph::showNodes({leaf.node(), middle.node(), qxNodePtr()});
+    EXPECT_TRUE(top.shown() && middle.shown() && leaf.shown());
+    EXPECT_FALSE(neighbour.shown());
+}
