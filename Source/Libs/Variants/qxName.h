@@ -18,9 +18,10 @@ protected:
 
 /// The name of an object that others look up by name.
 ///
-/// Reads like any QString. Assigning a text tells the watcher, normally the list that owns the object,
-/// so that its look-ups stay right however a name is changed. QString's other ways to change a text
-/// are not available: build the text first, then assign it. A copy has the text, not the watcher.
+/// Reads like any QString. Assigning a text tells the watcher, normally the list that owns the
+/// object, so that its look-ups stay right however a name is changed. QString's other ways to
+/// change a text are not available: build the text first, then assign it. A copy has the text, not
+/// the watcher.
 class qxName : public QString {
 public:
     qxName() = default;
@@ -45,22 +46,38 @@ public:
     QChar front() const { return at(0); }
     QChar back() const { return at(size() - 1); }
 
-    template <class... Any> void operator+=(Any &&...) = delete;
-    template <class... Any> void append(Any &&...) = delete;
-    template <class... Any> void prepend(Any &&...) = delete;
-    template <class... Any> void push_back(Any &&...) = delete;
-    template <class... Any> void push_front(Any &&...) = delete;
-    template <class... Any> void insert(Any &&...) = delete;
-    template <class... Any> void remove(Any &&...) = delete;
-    template <class... Any> void replace(Any &&...) = delete;
-    template <class... Any> void fill(Any &&...) = delete;
-    template <class... Any> void swap(Any &&...) = delete;
-    template <class... Any> void setNum(Any &&...) = delete;
-    template <class... Any> void setUnicode(Any &&...) = delete;
-    template <class... Any> void setUtf16(Any &&...) = delete;
-    template <class... Any> void setRawData(Any &&...) = delete;
-    template <class... Any> void sprintf(Any &&...) = delete;
-    template <class... Any> void vsprintf(Any &&...) = delete;
+    template <class... Any>
+    void operator+=(Any &&...) = delete;
+    template <class... Any>
+    void append(Any &&...) = delete;
+    template <class... Any>
+    void prepend(Any &&...) = delete;
+    template <class... Any>
+    void push_back(Any &&...) = delete;
+    template <class... Any>
+    void push_front(Any &&...) = delete;
+    template <class... Any>
+    void insert(Any &&...) = delete;
+    template <class... Any>
+    void remove(Any &&...) = delete;
+    template <class... Any>
+    void replace(Any &&...) = delete;
+    template <class... Any>
+    void fill(Any &&...) = delete;
+    template <class... Any>
+    void swap(Any &&...) = delete;
+    template <class... Any>
+    void setNum(Any &&...) = delete;
+    template <class... Any>
+    void setUnicode(Any &&...) = delete;
+    template <class... Any>
+    void setUtf16(Any &&...) = delete;
+    template <class... Any>
+    void setRawData(Any &&...) = delete;
+    template <class... Any>
+    void sprintf(Any &&...) = delete;
+    template <class... Any>
+    void vsprintf(Any &&...) = delete;
     void resize(int, QChar = QChar()) = delete;
     void truncate(int) = delete;
     void chop(int) = delete;

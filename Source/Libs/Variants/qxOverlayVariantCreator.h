@@ -2,8 +2,8 @@
 
 #include "qxVariantCreator.h"
 
-/// Graph operation that creates an overlay variant for every switch node of the overlay tree that has
-/// children.
+/// Graph operation that creates an overlay variant for every switch node of the overlay tree that
+/// has children.
 class qxOverlayVariantCreator : public qxVariantCreator {
 public:
     qxOverlayVariantCreator();

@@ -5,7 +5,10 @@
 
 #include "qxNodeUtils.h"
 
-qxTransformVariantCreator::qxTransformVariantCreator() : qxVariantCreator("qxTransformVariantCreator") {}
+qxTransformVariantCreator::qxTransformVariantCreator()
+    : qxVariantCreator("qxTransformVariantCreator")
+{
+}
 
 osg::GraphOp *qxTransformVariantCreator::create()
 {

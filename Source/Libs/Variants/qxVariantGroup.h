@@ -36,11 +36,8 @@ public:
     /// Takes all sets out.
     void clear();
 
-    Sets sets;           ///< the members in display order
-    qxName name;         ///< unique among the groups of the registry
-    QString comment;     ///< free text
+    Sets sets; ///< the members in display order
+    qxName name; ///< unique among the groups of the registry
+    QString comment; ///< free text
     bool visible = true; ///< whether the user interface shows the group
-
-private:
-    bool accepts(qxVariantSet *set) const;
 };

@@ -120,8 +120,8 @@ public:
     osg::Color3f getClippingContourColor() const;
     int getClippingContourWidth() const;
 
-    /// Empties the contents. Name, group, clipping, preview, inclusion flags, geometries and modifiers
-    /// stay.
+    /// Empties the contents. Name, group, clipping, preview, inclusion flags, geometries and
+    /// modifiers stay.
     void clear();
 
     /// Applies the set. `full` adds script, clipping, animations and the default viewpoint;
@@ -137,8 +137,8 @@ public:
     void pushEnable(osg::NodePtr node);
     void pushDisable(osg::NodePtr node);
 
-    /// Whether the set would do nothing. Comment, hotkey, default viewpoint, target nodes, snapshots,
-    /// values and preview do not count.
+    /// Whether the set would do nothing. Comment, hotkey, default viewpoint, target nodes,
+    /// snapshots, values and preview do not count.
     bool isEmpty();
     /// Whether anything that the set refers to exists; transform states do not count.
     bool isUsed();
@@ -181,7 +181,4 @@ public:
     bool inclLights = false;
     bool inclEnv = false;
     bool inclView = false;
-
-private:
-    struct Selection; // the steps of select
 };

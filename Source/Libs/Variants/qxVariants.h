@@ -26,16 +26,17 @@ public:
     qxVariants &operator=(const qxVariants &) = delete;
     virtual ~qxVariants();
 
-    /// The variant named like the scene object: the existing one or a new one built from the object.
-    /// Null for an object without a name, and for a node without transform states in the last case.
+    /// The variant named like the scene object: the existing one or a new one built from the
+    /// object. Null for an object without a name, and for a node without transform states in the
+    /// last case.
     static qxNodeVariant *createNodeVariant(osg::NodePtr node, bool notify);
     static qxMaterialVariant *createMaterialVariant(osg::MaterialPtr material, bool notify);
     static qxLightVariant *createLightVariant(osg::NodePtr node, bool notify);
     static qxOverlayVariant *createOverlayVariant(osg::NodePtr node, bool notify);
     static qxTransformVariant *createTransformVariant(osg::NodePtr node, bool notify);
 
-    /// The variant of that name: the existing one or a new one without options and scene object, which
-    /// the caller fills. An overlay variant takes the name for its overlay, too.
+    /// The variant of that name: the existing one or a new one without options and scene object,
+    /// which the caller fills. An overlay variant takes the name for its overlay, too.
     static qxNodeVariant *createNodeVariant(const QString &name, bool notify);
     static qxMaterialVariant *createMaterialVariant(const QString &name, bool notify);
     static qxLightVariant *createLightVariant(const QString &name, bool notify);
@@ -94,8 +95,8 @@ public:
     /// Applies the set of that name (UTF-8) after showing its target nodes. `flag` keeps the camera
     /// where it is. An unknown name is ignored.
     static void selectVariantSet(const char *name, bool flag);
-    /// Splits key-sequence text in the native format into the key code and the modifiers of its first
-    /// combination; both are 0 for a text that names no key.
+    /// Splits key-sequence text in the native format into the key code and the modifiers of its
+    /// first combination; both are 0 for a text that names no key.
     static void mapHotkey(const QString &text, int &key, Qt::KeyboardModifiers &modifiers);
     /// Forgets everything: the host's "clearAllVariants".
     static void clearAll(qxMessage &message);

@@ -79,8 +79,8 @@ public:
     void append(T *object);
     /// Takes the object at `index` out of the list and returns it.
     T *takeAt(std::size_t index);
-    /// Takes the object out of the list; false when the list does not hold it.
-    bool take(T *object);
+    /// Takes an object of this list out of it.
+    void take(T *object) { takeAt(indexOf(entryOf(object->name, object->name).number)); }
     /// Takes everything out and returns it in list order.
     std::vector<T *> takeAll();
 
@@ -99,12 +99,11 @@ private:
     }
     void moveGap(std::size_t index);
     std::size_t indexOf(quint64 number) const;
+    Entry entryOf(const qxName &owner, const QString &text) const;
     void enter(const QString &name, const Entry &entry);
-    Entry leave(const QString &name, const qxName *owner);
-    void renamed(const qxName &name, const QString &before) override
-    {
-        enter(name, leave(before, &name));
-    }
+    void forget(const QString &name, quint64 number);
+    static typename Namesakes::iterator placeOf(quint64 number, Namesakes &namesakes);
+    void renamed(const qxName &name, const QString &before) override;
 
     /// In list order, with unused places from m_gap on.
     std::vector<Entry> m_entries;
@@ -114,3 +113,125 @@ private:
     /// Every name except the empty one.
     QHash<QString, Namesakes> m_byName;
 };
+
+template <class T>
+T *qxNamedList<T>::find(const QString &name) const
+{
+    const auto found = m_byName.constFind(name);
+    return found == m_byName.constEnd() || found->empty() ? nullptr : found->front().object;
+}
+
+template <class T>
+void qxNamedList<T>::append(T *object)
+{
+    moveGap(size());
+    m_entries.resize(m_gap);
+    m_gapSize = 0;
+    if (m_entries.size() == m_entries.capacity())
+        m_entries.reserve(2 * m_entries.size() + 8);
+    const Entry added{m_nextNumber++, object};
+    enter(object->name, added);
+    m_entries.push_back(added);
+    object->name.setWatcher(this);
+}
+
+template <class T>
+T *qxNamedList<T>::takeAt(std::size_t index)
+{
+    const Entry taken = entry(index);
+    moveGap(index);
+    ++m_gapSize;
+    taken.object->name.setWatcher(nullptr);
+    forget(taken.object->name, taken.number);
+    return taken.object;
+}
+
+template <class T>
+std::vector<T *> qxNamedList<T>::takeAll()
+{
+    const std::vector<T *> all(begin(), end());
+    m_entries.clear();
+    m_byName.clear();
+    m_gap = 0;
+    m_gapSize = 0;
+    for (T *object : all)
+        object->name.setWatcher(nullptr);
+    return all;
+}
+
+/// Makes the unused places begin at `index`.
+template <class T>
+void qxNamedList<T>::moveGap(std::size_t index)
+{
+    const auto place = [this](std::size_t at) { return m_entries.begin() + std::ptrdiff_t(at); };
+    if (m_gapSize > 0 && index < m_gap)
+        std::move_backward(place(index), place(m_gap), place(m_gap + m_gapSize));
+    if (m_gapSize > 0 && index > m_gap)
+        std::move(place(m_gap + m_gapSize), place(index + m_gapSize), place(m_gap));
+    m_gap = index;
+}
+
+template <class T>
+std::size_t qxNamedList<T>::indexOf(quint64 number) const
+{
+    std::size_t low = 0;
+    std::size_t high = size();
+    while (low < high) {
+        const std::size_t middle = low + (high - low) / 2;
+        if (entry(middle).number < number)
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low;
+}
+
+template <class T>
+typename qxNamedList<T>::Entry qxNamedList<T>::entryOf(const qxName &owner,
+                                                       const QString &text) const
+{
+    const auto isOwner = [&owner](const Entry &each) { return &each.object->name == &owner; };
+    const auto namesakes = m_byName.constFind(text);
+    if (namesakes != m_byName.constEnd())
+        return *std::find_if(namesakes->begin(), namesakes->end(), isOwner);
+    std::size_t index = 0; // Nameless objects are not in the index.
+    while (!isOwner(entry(index)))
+        ++index;
+    return entry(index);
+}
+
+template <class T>
+void qxNamedList<T>::enter(const QString &name, const Entry &entry)
+{
+    if (name.isEmpty())
+        return;
+    Namesakes &namesakes = m_byName[name];
+    namesakes.insert(placeOf(entry.number, namesakes), entry);
+}
+
+template <class T>
+void qxNamedList<T>::forget(const QString &name, quint64 number)
+{
+    const auto found = m_byName.find(name);
+    if (found == m_byName.end())
+        return;
+    found->erase(placeOf(number, *found));
+    if (found->empty())
+        m_byName.erase(found);
+}
+
+template <class T>
+typename qxNamedList<T>::Namesakes::iterator qxNamedList<T>::placeOf(quint64 number,
+                                                                     Namesakes &namesakes)
+{
+    const auto isBefore = [](const Entry &each, quint64 wanted) { return each.number < wanted; };
+    return std::lower_bound(namesakes.begin(), namesakes.end(), number, isBefore);
+}
+
+template <class T>
+void qxNamedList<T>::renamed(const qxName &name, const QString &before)
+{
+    const Entry entry = entryOf(name, before);
+    forget(before, entry.number);
+    enter(name, entry);
+}

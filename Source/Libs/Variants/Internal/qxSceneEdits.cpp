@@ -2,7 +2,7 @@
 
 #include "Internal/qxEdit.h"
 
-#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGMaterialDrawable.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMaterialPool.h>
 #include <OpenSG/OSGSwitch.h>
@@ -52,14 +52,21 @@ void qxSceneEdits::setMaterial(const osg::MaterialGroupPtr &group, const osg::Ma
     group->setMaterial(material);
 }
 
-void qxSceneEdits::setMaterial(const osg::GeometryPtr &geometry, const osg::MaterialPtr &material)
+void qxSceneEdits::setMaterial(const osg::MaterialDrawablePtr &drawable,
+                               const osg::MaterialPtr &material)
 {
-    const qxEdit edit(geometry);
-    geometry->setMaterial(material);
+    const qxEdit edit(drawable);
+    drawable->setMaterial(material);
 }
 
 void qxSceneEdits::addToPool(const osg::MaterialPoolPtr &pool, const osg::MaterialPtr &material)
 {
     const qxEdit edit(pool);
     pool->add(material);
+}
+
+void qxSceneEdits::subFromPool(const osg::MaterialPoolPtr &pool, const osg::MaterialPtr &material)
+{
+    const qxEdit edit(pool);
+    pool->sub(material);
 }

@@ -2,7 +2,7 @@
 
 #include "OSGSwitchComponentTransform.h"
 
-#include <OpenSG/OSGGeometryFields.h>
+#include <OpenSG/OSGMaterialDrawableFields.h>
 #include <OpenSG/OSGMaterialGroupFields.h>
 #include <OpenSG/OSGMaterialPoolFields.h>
 #include <OpenSG/OSGNode.h>
@@ -32,8 +32,9 @@ void subMaterial(const osg::SwitchMaterialPtr &switchMaterial, const osg::Materi
 void setMaterial(const osg::MaterialGroupPtr &group, const osg::MaterialPtr &material);
 /// Releases the old material before it takes the new one: the new one must be held elsewhere when
 /// only the old one holds it.
-void setMaterial(const osg::GeometryPtr &geometry, const osg::MaterialPtr &material);
+void setMaterial(const osg::MaterialDrawablePtr &drawable, const osg::MaterialPtr &material);
 
 void addToPool(const osg::MaterialPoolPtr &pool, const osg::MaterialPtr &material);
+void subFromPool(const osg::MaterialPoolPtr &pool, const osg::MaterialPtr &material);
 
 } // namespace qxSceneEdits

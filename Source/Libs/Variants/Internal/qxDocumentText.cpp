@@ -1,0 +1,129 @@
+#include "Internal/qxDocumentText.h"
+
+#include "qxLog.h"
+
+#include <QDomDocument>
+
+#include <algorithm>
+
+namespace {
+
+int lostTexts = 0;
+
+/// Whether XML 1.0 has the character at `index`, and the parser takes it: a parser of Qt 5 loses
+/// the rest of the document at a U+FFFE or U+FFFF.
+bool isWritable(const QString &text, int index)
+{
+    const QChar each = text.at(index);
+    if (each.unicode() < 0x20)
+        return each == QLatin1Char('\t') || each == QLatin1Char('\n') || each == QLatin1Char('\r');
+    if (each.isHighSurrogate())
+        return index + 1 < text.size() && text.at(index + 1).isLowSurrogate();
+    if (each.isLowSurrogate())
+        return index > 0 && text.at(index - 1).isHighSurrogate();
+    return each.unicode() < 0xFFFE;
+}
+
+int firstUnwritable(const QString &text)
+{
+    int index = 0;
+    while (index < text.size() && isWritable(text, index))
+        ++index;
+    return index;
+}
+
+QString writable(const QString &text)
+{
+    const int good = firstUnwritable(text);
+    if (good == text.size())
+        return text;
+    ++lostTexts;
+    QString kept = text.left(good);
+    for (int index = good + 1; index < text.size(); ++index) {
+        if (isWritable(text, index))
+            kept.append(text.at(index));
+    }
+    return kept;
+}
+
+/// The parser drops a text node that is only white space, but not a CDATA section.
+bool needsCData(const QString &text)
+{
+    return !text.isEmpty()
+        && std::all_of(text.begin(), text.end(), [](QChar each) { return each.isSpace(); });
+}
+
+} // namespace
+
+namespace qxDocumentText {
+
+QString attribute(const QDomElement &element, const QString &name)
+{
+    const QString shared = element.attribute(name);
+    return QString(shared.constData(), shared.size());
+}
+
+int integer(const QDomElement &element, const QString &name)
+{
+    return element.attribute(name).toInt();
+}
+
+bool flag(const QDomElement &element, const QString &name)
+{
+    return integer(element, name) != 0;
+}
+
+double real(const QDomElement &element, const QString &name)
+{
+    return double(element.attribute(name).toFloat());
+}
+
+void apply(const QDomElement &element, const QString &name, QString &target)
+{
+    if (element.hasAttribute(name))
+        target = attribute(element, name);
+}
+
+void setText(QDomElement &element, const QString &name, const QString &text)
+{
+    element.setAttribute(name, writable(text));
+}
+
+void setFlag(QDomElement &element, const QString &name, bool value)
+{
+    element.setAttribute(name, value ? 1 : 0);
+}
+
+QDomElement appendElement(QDomElement &parent, const QString &tag)
+{
+    QDomElement child = parent.ownerDocument().createElement(tag);
+    parent.appendChild(child);
+    return child;
+}
+
+QDomElement appendText(QDomElement &parent, const QString &tag, const QString &text)
+{
+    QDomDocument document = parent.ownerDocument();
+    QDomElement child = appendElement(parent, tag);
+    const QString content = writable(text);
+    if (needsCData(content))
+        child.appendChild(document.createCDATASection(content));
+    else
+        child.appendChild(document.createTextNode(content));
+    return child;
+}
+
+LossReport::LossReport()
+{
+    lostTexts = 0;
+}
+
+LossReport::~LossReport()
+{
+    if (lostTexts > 0)
+        qxLog::warning("Saving variants: characters that a document cannot hold were left out of "
+                       "%d texts.\n",
+                       lostTexts);
+}
+
+} // namespace qxDocumentText

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "qxScenegraph.h"
+
+/// Keeps the host's cache of node names switched on for one scope, in which no node is renamed,
+/// added or removed. A cache that is on already is used and left alone.
+class qxFindCache {
+public:
+    explicit qxFindCache(bool wanted) : m_isMine(!qxScenegraph::hasFindCache() && wanted)
+    {
+        if (m_isMine)
+            qxScenegraph::initFindCache();
+    }
+    ~qxFindCache()
+    {
+        if (m_isMine)
+            qxScenegraph::clearFindCache();
+    }
+    qxFindCache(const qxFindCache &) = delete;
+    qxFindCache &operator=(const qxFindCache &) = delete;
+
+private:
+    const bool m_isMine;
+};

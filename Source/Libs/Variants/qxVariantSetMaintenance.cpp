@@ -1,0 +1,230 @@
+#include "Internal/qxKind.h"
+#include "Internal/qxText.h"
+#include "qxVariantSet.h"
+
+#include "qxAnimManager.h"
+#include "qxLights.h"
+#include "qxMaterials.h"
+#include "qxNodeUtils.h"
+#include "qxOverlays.h"
+#include "qxScenegraph.h"
+#include "qxUberCameraPool.h"
+
+#include <OpenSG/OSGSwitch.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+typedef std::set<std::string> Names;
+
+template <class Range, class Test>
+bool anyOf(const Range &range, const Test &test)
+{
+    return std::any_of(range.begin(), range.end(), test);
+}
+
+Names lightNames()
+{
+    Names names;
+    for (const qxNodePtr &light : qxLights::getLights())
+        names.insert(qxNodeUtils::getName(light));
+    return names;
+}
+
+Names clipNames()
+{
+    Names names;
+    qxAnimManager::the()->getBlockAndClipNames(names);
+    return names;
+}
+
+bool holds(const Names &names, const QString &name)
+{
+    return names.count(qxText::toUtf8(name)) > 0;
+}
+
+std::vector<qxNodePtr> nodesOf(const QString &name)
+{
+    return qxScenegraph::findNodes(name.toUtf8().constData());
+}
+
+std::vector<qxNodePtr> overlaysOf(const QString &name)
+{
+    return qxOverlays::findOverlays(name.toUtf8().constData());
+}
+
+std::vector<osg::MaterialPtr> materialsOf(const QString &name)
+{
+    return qxMaterials::findMaterials(name.toUtf8().constData());
+}
+
+bool isNode(const QString &name)
+{
+    return !nodesOf(name).empty();
+}
+
+bool isOverlay(const QString &name)
+{
+    return qxOverlays::findOverlay(name.toUtf8().constData()) != osg::NullFC;
+}
+
+bool isViewpoint(const QString &name)
+{
+    return qxUberCameraPool::the()->findViewpoint(qxText::toUtf8(name)) >= 0;
+}
+
+bool isAction(const QString &state)
+{
+    return state.startsWith(QLatin1Char('!'));
+}
+
+/// Whether one of the references leads to a variant whose scene object passes the test.
+template <class Variant, class Test>
+bool leadsToScene(const qxVariantSet &set, const Test &sceneHas)
+{
+    return anyOf(set.*qxKind<Variant>::states, [&](const qxVariantState &each) {
+        const Variant *variant = qxKinds::find<Variant>(each.variant);
+        return variant && sceneHas(variant->*qxKind<Variant>::sceneName);
+    });
+}
+
+/// Drops the references whose variant exists but fails the test of (scene name, state).
+template <class Variant, class Test>
+void keepIf(qxVariantSet &set, const Test &works)
+{
+    qxStateList &references = set.*qxKind<Variant>::states;
+    QStringList broken;
+    for (const qxVariantState &each : references) {
+        const Variant *variant = qxKinds::find<Variant>(each.variant);
+        if (variant && !works(variant->*qxKind<Variant>::sceneName, each.state))
+            broken.append(each.variant);
+    }
+    for (const QString &name : broken)
+        references.remove(name);
+}
+
+template <class Test>
+void keepIf(qxUniqueNames &names, const Test &works)
+{
+    QStringList broken;
+    for (const QString &name : names) {
+        if (!works(name))
+            broken.append(name);
+    }
+    for (const QString &name : broken)
+        names.remove(name);
+}
+
+bool hasChildNamed(const osg::NodePtr &node, const std::string &name)
+{
+    for (osg::UInt32 index = 0; index < node->getNChildren(); ++index) {
+        if (qxNodeUtils::getName(node->getChild(index)) == name)
+            return true;
+    }
+    return false;
+}
+
+/// Whether the nodes exist and none of them is a switch without a child called like the state.
+bool nodesOffer(const std::vector<qxNodePtr> &nodes, const QString &state)
+{
+    if (nodes.empty() || isAction(state))
+        return !nodes.empty();
+    const std::string name = qxText::toUtf8(state);
+    return !anyOf(nodes, [&](const qxNodePtr &node) {
+        const bool isSwitch = osg::SwitchPtr::dcast(node->getCore()) != osg::NullFC;
+        return isSwitch && !hasChildNamed(node, name);
+    });
+}
+
+/// The same for materials: no switch material without a material called like the state.
+bool materialsOffer(const std::vector<osg::MaterialPtr> &materials, const QString &state)
+{
+    if (materials.empty() || isAction(state))
+        return !materials.empty();
+    const std::string name = qxText::toUtf8(state);
+    const auto isNamed = [&](const osg::MaterialPtr &choice) {
+        return qxMaterials::getName(choice) == name;
+    };
+    return !anyOf(materials, [&](const osg::MaterialPtr &material) {
+        const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
+        return choices != osg::NullFC && !anyOf(choices->getMaterials(), isNamed);
+    });
+}
+
+/// Whether one of the nodes has that transform state; actions are no states here.
+bool nodesKnowTransform(const std::vector<qxNodePtr> &nodes, const QString &state)
+{
+    const std::string name = qxText::toUtf8(state);
+    return anyOf(nodes, [&](const qxNodePtr &node) {
+        return qxNodeUtils::hasTransformVariants(node)
+            && qxNodeUtils::getTransformVariantIndex(node, name) >= 0;
+    });
+}
+
+template <class Variant>
+void highlight(const qxVariantSet &set)
+{
+    std::vector<QString> names;
+    for (const qxVariantState &each : set.*qxKind<Variant>::states) {
+        if (qxKinds::find<Variant>(each.variant))
+            names.push_back(each.variant);
+    }
+    qxKind<Variant>::highlight(names);
+}
+
+} // namespace
+
+bool qxVariantSet::isEmpty()
+{
+    return nodeVariants.empty() && materialVariants.empty() && lightVariants.empty()
+        && overlayVariants.empty() && transformVariants.empty() && geometries.empty()
+        && viewpoints.empty() && animations.empty() && script.isEmpty()
+        && analyzer.clipState == qxAnalyzerVariant::NoChange;
+}
+
+bool qxVariantSet::isUsed()
+{
+    return leadsToScene<qxNodeVariant>(*this, isNode)
+        || leadsToScene<qxMaterialVariant>(
+               *this, [](const QString &each) { return !materialsOf(each).empty(); })
+        || leadsToScene<qxLightVariant>(
+               *this, [lights = lightNames()](const QString &each) { return holds(lights, each); })
+        || anyOf(geometries, isNode) || anyOf(viewpoints, isViewpoint)
+        || anyOf(animations,
+                 [clips = clipNames()](const QString &each) { return holds(clips, each); })
+        || leadsToScene<qxOverlayVariant>(*this, isOverlay);
+}
+
+void qxVariantSet::showConnectedVariants()
+{
+    highlight<qxNodeVariant>(*this);
+    highlight<qxMaterialVariant>(*this);
+    highlight<qxLightVariant>(*this);
+    highlight<qxOverlayVariant>(*this);
+    highlight<qxTransformVariant>(*this);
+}
+
+void qxVariantSet::optimize()
+{
+    keepIf<qxNodeVariant>(*this, [](const QString &each, const QString &state) {
+        return nodesOffer(nodesOf(each), state);
+    });
+    keepIf<qxMaterialVariant>(*this, [](const QString &each, const QString &state) {
+        return materialsOffer(materialsOf(each), state);
+    });
+    keepIf<qxLightVariant>(*this, [lights = lightNames()](const QString &each, const QString &) {
+        return holds(lights, each);
+    });
+    keepIf(geometries, isNode);
+    keepIf(viewpoints, isViewpoint);
+    keepIf(animations, [clips = clipNames()](const QString &each) { return holds(clips, each); });
+    keepIf<qxOverlayVariant>(*this, [](const QString &each, const QString &state) {
+        return nodesOffer(overlaysOf(each), state);
+    });
+    keepIf<qxTransformVariant>(*this, [](const QString &each, const QString &state) {
+        return nodesKnowTransform(nodesOf(each), state);
+    });
+}

@@ -1,0 +1,158 @@
+#include "Internal/qxFindCache.h"
+#include "Internal/qxKind.h"
+#include "Internal/qxNodeWalks.h"
+#include "Internal/qxText.h"
+#include "qxVariantSet.h"
+
+#include "qxCameraService.h"
+#include "qxController.h"
+#include "qxScenegraph.h"
+#include "qxScript.h"
+
+namespace {
+
+/// From this many states that look up scene objects on, a cache of the names pays.
+constexpr std::size_t StatesWorthACache = 4;
+
+/// How the camera travels to a viewpoint; the numbers are those of the camera service.
+struct Travel {
+    int duration;
+    int home;
+    int redraw;
+};
+constexpr Travel toFirstViewpoint{0, 0, 1};
+constexpr Travel toDefaultViewpoint{0, 1, 1};
+
+bool isWorthACache(const qxVariantSet &set)
+{
+    return set.nodeVariants.size() + set.materialVariants.size() + set.lightVariants.size()
+        >= StatesWorthACache;
+}
+
+template <class Variant>
+void selectStates(const qxVariantSet &set)
+{
+    for (const qxVariantState &each : set.*qxKind<Variant>::states) {
+        if (Variant *variant = qxKinds::find<Variant>(each.variant))
+            variant->onSelect(each.state);
+    }
+}
+
+template <class Variant>
+void selectDefaults(const qxVariantSet &set)
+{
+    for (const qxVariantState &each : set.*qxKind<Variant>::states) {
+        if (Variant *variant = qxKinds::find<Variant>(each.variant))
+            variant->onSelect(variant->defaultState);
+    }
+}
+
+void moveCamera(qxCameraService *camera, const QString &viewpoint, const Travel &travel)
+{
+    const int id = camera->findViewpoint(qxText::toUtf8(viewpoint));
+    camera->moveToViewpoint(id, travel.duration, travel.home, travel.redraw);
+}
+
+void startAllAnimations(const qxVariantSet &set)
+{
+    for (const QString &animation : set.animations)
+        qxNotify::animationStart(animation);
+}
+
+void startNextAnimation(qxVariantSet &set)
+{
+    if (set.animations.empty())
+        return;
+    if (set.animationIndex >= set.animations.size())
+        set.animationIndex = 0;
+    qxNotify::animationStart(set.animations[set.animationIndex]);
+    ++set.animationIndex;
+}
+
+void startAnimations(qxVariantSet &set)
+{
+    if (set.sequentialAnimation)
+        startNextAnimation(set);
+    else
+        startAllAnimations(set);
+}
+
+/// What only a full selection does.
+void applyRest(qxVariantSet &set, qxCameraService *camera)
+{
+    if (!set.script.isEmpty())
+        set.executeScript();
+    set.executeAnalyzer();
+    startAnimations(set);
+    if (camera && !set.defaultViewpoint.isEmpty())
+        moveCamera(camera, set.defaultViewpoint, toDefaultViewpoint);
+}
+
+void applySet(qxVariantSet &set, bool full, bool keepCamera)
+{
+    const qxFindCache cache(isWorthACache(set));
+    qxNotify::variantsSetSelected(set.name);
+    selectStates<qxNodeVariant>(set);
+    selectStates<qxMaterialVariant>(set);
+    selectStates<qxTransformVariant>(set);
+    selectStates<qxLightVariant>(set);
+    const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
+    if (camera && !set.viewpoints.empty() && !keepCamera)
+        moveCamera(camera, set.viewpoints.front(), toFirstViewpoint);
+    selectStates<qxOverlayVariant>(set);
+    if (full)
+        applyRest(set, camera);
+}
+
+} // namespace
+
+void qxVariantSet::select(bool full, bool keepCamera)
+{
+    applySet(*this, full, keepCamera);
+    qxNotify::variantsSetSelected(name);
+    qxNotify::variantSetSelected();
+    qxController::updateRender(false);
+}
+
+void qxVariantSet::selectDefault()
+{
+    qxNotify::variantsSetSelected(name);
+    selectDefaults<qxNodeVariant>(*this);
+    selectDefaults<qxMaterialVariant>(*this);
+    selectDefaults<qxLightVariant>(*this);
+    selectDefaults<qxTransformVariant>(*this);
+    qxNotify::variantsSetSelected(name);
+    qxNotify::variantSetSelected(this);
+    qxController::updateRender(true);
+}
+
+void qxVariantSet::executeScript()
+{
+    qxScript::run(script.toUtf8().constData());
+}
+
+void qxVariantSet::showGeometry()
+{
+    for (const QString &nodeName : geometries) {
+        for (const qxNodePtr &node : qxScenegraph::findNodes(nodeName.toUtf8().constData()))
+            pushEnable(node);
+    }
+}
+
+void qxVariantSet::hideGeometry()
+{
+    for (const QString &nodeName : geometries) {
+        for (const qxNodePtr &node : qxScenegraph::findNodes(nodeName.toUtf8().constData()))
+            pushDisable(node);
+    }
+}
+
+void qxVariantSet::pushEnable(osg::NodePtr node)
+{
+    qxNodeWalks::pushEnable(node);
+}
+
+void qxVariantSet::pushDisable(osg::NodePtr node)
+{
+    qxNodeWalks::pushDisable(node);
+}

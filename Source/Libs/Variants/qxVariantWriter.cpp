@@ -1,0 +1,219 @@
+#include "qxVariantWriter.h"
+
+#include "Internal/qxDocumentText.h"
+#include "Internal/qxKind.h"
+#include "qxVariantGroup.h"
+
+namespace {
+
+namespace names = qxDocumentNames;
+namespace text = qxDocumentText;
+
+/// Spaces per level.
+constexpr int Indentation = 1;
+
+const QString &word(bool value)
+{
+    return value ? names::trueWord : names::falseWord;
+}
+
+template <class Variant>
+void writeReferences(QDomElement &parent, const qxVariantSet &set)
+{
+    for (const qxVariantState &each : set.*qxKind<Variant>::states) {
+        QDomElement element = text::appendElement(parent, qxKind<Variant>::refTag);
+        text::setText(element, names::ref, each.variant);
+        text::setText(element, names::state, each.state);
+    }
+}
+
+/// One element per name, with the name in that attribute.
+void writeNames(QDomElement &parent, const QString &tag, const QString &attribute,
+                const qxUniqueNames &all)
+{
+    for (const QString &each : all) {
+        QDomElement element = text::appendElement(parent, tag);
+        text::setText(element, attribute, each);
+    }
+}
+
+void writePreview(QDomDocument &document, QDomElement &parent, const QByteArray &bytes)
+{
+    if (bytes.isEmpty())
+        return;
+    QDomElement element = text::appendElement(parent, names::Preview);
+    element.appendChild(document.createCDATASection(QString::fromLatin1(bytes.toBase64())));
+}
+
+void writeInclInfo(QDomElement &parent, const qxVariantSet &set)
+{
+    QDomElement element = text::appendElement(parent, names::InclInfo);
+    text::setFlag(element, names::inclNodes, set.inclNodes);
+    text::setFlag(element, names::inclMats, set.inclMats);
+    text::setFlag(element, names::inclLights, set.inclLights);
+    text::setFlag(element, names::inclEnv, set.inclEnv);
+    text::setFlag(element, names::inclView, set.inclView);
+}
+
+void writeMaterialSnapshots(QDomElement &parent, const qxVariantSet &set)
+{
+    const auto &snapshots = set.materialSnapshots;
+    for (auto each = snapshots.begin(); each != snapshots.end(); ++each) {
+        QDomElement element = text::appendElement(parent, names::MaterialSnapshot);
+        text::setText(element, names::nodePath, each.key());
+        text::setText(element, names::materialName, each.value());
+    }
+}
+
+void writeValues(QDomElement &parent, const qxVariantSet &set)
+{
+    for (auto each = set.values.begin(); each != set.values.end(); ++each) {
+        QDomElement element = text::appendText(parent, names::Value, each.value());
+        text::setText(element, names::name, each.key());
+    }
+}
+
+void writeAnalyzer(QDomElement &parent, const qxVariantSet &set)
+{
+    const osg::Pnt3f position = set.getClippingPlanePosition();
+    const osg::Vec3f normal = set.getClippingPlaneNormal();
+    const osg::Color3f planeColor = set.getClippingPlaneColor();
+    const osg::Color3f gridColor = set.getClippingGridColor();
+    const osg::Color3f contourColor = set.getClippingContourColor();
+
+    QDomElement element = text::appendElement(parent, names::Analyzer);
+    element.setAttribute(names::clipState, set.getClippingState());
+    element.setAttribute(names::clipPlanePositionX, position[0]);
+    element.setAttribute(names::clipPlanePositionY, position[1]);
+    element.setAttribute(names::clipPlanePositionZ, position[2]);
+    element.setAttribute(names::clipPlaneNormalX, normal[0]);
+    element.setAttribute(names::clipPlaneNormalY, normal[1]);
+    element.setAttribute(names::clipPlaneNormalZ, normal[2]);
+    text::setFlag(element, names::clipPlaneInvert, set.getClippingInvert());
+    text::setFlag(element, names::clipPlaneHideScene, set.getClippingHideScene());
+    text::setFlag(element, names::clipPlaneShow, set.getClippingShowPlane());
+    element.setAttribute(names::clipPlaneColorR, planeColor[0]);
+    element.setAttribute(names::clipPlaneColorG, planeColor[1]);
+    element.setAttribute(names::clipPlaneColorB, planeColor[2]);
+    text::setFlag(element, names::clipGridShow, set.getClippingShowGrid());
+    element.setAttribute(names::clipGridColorR, gridColor[0]);
+    element.setAttribute(names::clipGridColorG, gridColor[1]);
+    element.setAttribute(names::clipGridColorB, gridColor[2]);
+    text::setFlag(element, names::clipContourShow, set.getClippingShowContour());
+    element.setAttribute(names::clipContourColorR, contourColor[0]);
+    element.setAttribute(names::clipContourColorG, contourColor[1]);
+    element.setAttribute(names::clipContourColorB, contourColor[2]);
+    element.setAttribute(names::clipContourWidth, set.getClippingContourWidth());
+}
+
+template <class Variant>
+void writeVariantOf(QDomElement &parent, const Variant &variant)
+{
+    QDomElement element = text::appendElement(parent, qxKind<Variant>::tag);
+    text::setText(element, names::name, variant.name);
+    text::setText(element, names::base, variant.*qxKind<Variant>::sceneName);
+    QDomElement standard = text::appendElement(element, names::Default);
+    text::setText(standard, names::ref, variant.defaultState);
+    for (const qxVariantOption &option : variant.options) {
+        QDomElement state = text::appendElement(element, names::State);
+        text::setText(state, names::name, option.name);
+        text::appendText(state, names::Hotkey, option.shortcut);
+    }
+}
+
+template <class Variant>
+void writeAll(QDomElement &parent)
+{
+    for (const Variant *variant : qxKind<Variant>::list)
+        writeVariantOf(parent, *variant);
+}
+
+} // namespace
+
+QByteArray qxVariantWriter::write()
+{
+    const text::LossReport report;
+    m_document = QDomDocument(QStringLiteral("variants"));
+    m_document.appendChild(m_document.createProcessingInstruction(
+        QStringLiteral("xml"), QStringLiteral("version=\"1.0\" encoding=\"utf-8\"")));
+    QDomElement root = m_document.createElement(names::Variants);
+    m_document.appendChild(root);
+    for (qxVariantGroup *group : qxVariants::_variantGroups)
+        writeVariantGroup(m_document, root, group);
+    for (qxVariantSet *set : qxVariants::_variantSets) {
+        if (!set->group)
+            writeVariantSet(m_document, root, set);
+    }
+    writeAll<qxNodeVariant>(root);
+    writeAll<qxMaterialVariant>(root);
+    writeAll<qxLightVariant>(root);
+    writeAll<qxOverlayVariant>(root);
+    writeAll<qxTransformVariant>(root);
+    return m_document.toString(Indentation).toUtf8();
+}
+
+void qxVariantWriter::writeVariantGroup(QDomDocument &document, QDomElement &parent,
+                                        qxVariantGroup *group)
+{
+    QDomElement element = text::appendElement(parent, names::VariantGroup);
+    text::setText(element, names::name, group->name);
+    text::setText(element, names::comment, group->comment);
+    element.setAttribute(names::visible, word(group->visible));
+    for (qxVariantSet *set : group->sets)
+        writeVariantSet(document, element, set);
+}
+
+void qxVariantWriter::writeVariantSet(QDomDocument &document, QDomElement &parent,
+                                      qxVariantSet *set)
+{
+    QDomElement element = text::appendElement(parent, names::VariantSet);
+    text::setText(element, names::name, set->name);
+    text::setText(element, names::comment, set->comment);
+    text::setText(element, names::defaultViewpoint, set->defaultViewpoint);
+    text::appendText(element, names::Hotkey, set->hotkey);
+    text::appendText(element, names::SequentialAnimation, word(set->sequentialAnimation));
+    text::appendText(element, names::Script, set->script);
+    writePreview(document, element, set->preview);
+    writeReferences<qxNodeVariant>(element, *set);
+    writeReferences<qxTransformVariant>(element, *set);
+    writeReferences<qxMaterialVariant>(element, *set);
+    writeReferences<qxLightVariant>(element, *set);
+    writeNames(element, names::ViewpointRef, names::ref, set->viewpoints);
+    writeReferences<qxOverlayVariant>(element, *set);
+    writeNames(element, names::AnimationRef, names::ref, set->animations);
+    writeNames(element, names::GeometryRef, names::ref, set->geometries);
+    writeNames(element, names::TargetName, names::name, set->targetNodeNames);
+    writeInclInfo(element, *set);
+    writeMaterialSnapshots(element, *set);
+    writeValues(element, *set);
+    writeAnalyzer(element, *set);
+}
+
+void qxVariantWriter::writeNodeVariant(QDomDocument &, QDomElement &parent, qxNodeVariant *variant)
+{
+    writeVariantOf(parent, *variant);
+}
+
+void qxVariantWriter::writeMaterialVariant(QDomDocument &, QDomElement &parent,
+                                           qxMaterialVariant *variant)
+{
+    writeVariantOf(parent, *variant);
+}
+
+void qxVariantWriter::writeLightVariant(QDomDocument &, QDomElement &parent,
+                                        qxLightVariant *variant)
+{
+    writeVariantOf(parent, *variant);
+}
+
+void qxVariantWriter::writeOverlayVariant(QDomDocument &, QDomElement &parent,
+                                          qxOverlayVariant *variant)
+{
+    writeVariantOf(parent, *variant);
+}
+
+void qxVariantWriter::writeTransformVariant(QDomDocument &, QDomElement &parent,
+                                            qxTransformVariant *variant)
+{
+    writeVariantOf(parent, *variant);
+}

@@ -1,0 +1,203 @@
+#include "Internal/qxFindCache.h"
+#include "Internal/qxNotify.h"
+#include "Internal/qxText.h"
+#include "qxVariantGroup.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "qxLog.h"
+#include "qxNodeUtils.h"
+#include "qxOSGWidget.h"
+#include "qxScenegraph.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+template <class Named>
+Named *adopt(qxNamedList<Named> &list, std::unique_ptr<Named> object)
+{
+    list.append(object.get());
+    return object.release();
+}
+
+template <class Named>
+QString uniqueName(const QString &base, const qxNamedList<Named> &list)
+{
+    std::vector<std::string> existing;
+    existing.reserve(list.size());
+    for (const Named *each : list)
+        existing.push_back(qxText::toUtf8(each->name));
+    return qxText::fromUtf8(qxNodeUtils::getUniqueName(qxText::toUtf8(base), existing));
+}
+
+bool isEmptyGroup(const qxVariantGroup *group)
+{
+    return group->sets.empty();
+}
+
+/// Shows the target nodes with all that is below them, up to the first that the scene does not
+/// have.
+void showTargets(const qxVariantSet &set)
+{
+    for (const QString &name : set.targetNodeNames) {
+        const qxNodePtr node = qxScenegraph::findNode(name.toUtf8().constData());
+        if (node == osg::NullFC)
+            return;
+        qxScenegraph::showNodes(qxNodeUtils::getSubTreeNodes(node));
+    }
+}
+
+} // namespace
+
+qxVariantSet *qxVariants::createVariantSet(const QString &name, bool notify, qxVariantGroup *group)
+{
+    if (name.isEmpty())
+        return nullptr;
+    if (findVariantSet(name)) {
+        qxLog::warning("A variant set with that name already exists.");
+        return nullptr;
+    }
+    qxVariantSet *const set = adopt(_variantSets, std::make_unique<qxVariantSet>(name));
+    if (group)
+        group->add(set);
+    if (notify)
+        qxNotify::variantSetAdded(set);
+    return set;
+}
+
+qxVariantSet *qxVariants::findVariantSet(const QString &name)
+{
+    return _variantSets.find(name);
+}
+
+bool qxVariants::removeVariantSet(const QString &name)
+{
+    if (name.isEmpty())
+        return false;
+    if (qxVariantSet *set = findVariantSet(name)) {
+        _variantSets.take(set);
+        qxNotify::variantSetRemoved(set);
+        delete set;
+    }
+    return true;
+}
+
+void qxVariants::clearVariantSets()
+{
+    // Emptied as a whole: searching the groups for one set after the other takes quadratic time.
+    for (qxVariantGroup *group : _variantGroups)
+        group->clear();
+    for (qxVariantSet *set : _variantSets.takeAll())
+        delete set;
+    qxNotify::variantSetChanged();
+}
+
+void qxVariants::clearEmptyVariantSets()
+{
+    // By index, because listeners may change the list.
+    std::size_t index = 0;
+    while (index < _variantSets.size()) {
+        if (!_variantSets[index]->isEmpty()) {
+            ++index;
+            continue;
+        }
+        qxVariantSet *const set = _variantSets.takeAt(index);
+        qxNotify::variantSetRemoved(set);
+        delete set;
+    }
+}
+
+bool qxVariants::hasEmptyVariantSets()
+{
+    return std::any_of(_variantSets.begin(), _variantSets.end(),
+                       [](qxVariantSet *set) { return set->isEmpty(); });
+}
+
+void qxVariants::optimizeVariantSets()
+{
+    const qxFindCache cache(!_variantSets.empty());
+    for (std::size_t index = 0; index < _variantSets.size(); ++index)
+        _variantSets[index]->optimize();
+}
+
+qxVariantGroup *qxVariants::createVariantGroup(const QString &name, bool notify, bool visible)
+{
+    if (name.isEmpty())
+        return nullptr;
+    if (findVariantGroup(name)) {
+        qxLog::warning("A variant group with that name already exists.");
+        return nullptr;
+    }
+    qxVariantGroup *const group = adopt(_variantGroups, std::make_unique<qxVariantGroup>(name));
+    group->visible = visible;
+    if (notify)
+        qxNotify::variantGroupAdded(group);
+    return group;
+}
+
+qxVariantGroup *qxVariants::findVariantGroup(const QString &name)
+{
+    return _variantGroups.find(name);
+}
+
+bool qxVariants::removeVariantGroup(const QString &name)
+{
+    if (name.isEmpty())
+        return false;
+    if (qxVariantGroup *group = findVariantGroup(name)) {
+        _variantGroups.take(group);
+        qxNotify::variantGroupRemoved(group);
+        delete group;
+    }
+    return true;
+}
+
+void qxVariants::clearVariantGroups()
+{
+    for (qxVariantGroup *group : _variantGroups.takeAll())
+        delete group;
+    qxNotify::variantGroupChanged();
+}
+
+void qxVariants::clearEmptyGroups()
+{
+    for (std::size_t index = _variantGroups.size(); index-- > 0;) {
+        // Listeners may have removed more than one.
+        if (index < _variantGroups.size() && isEmptyGroup(_variantGroups[index]))
+            removeVariantGroup(_variantGroups[index]->name);
+    }
+}
+
+bool qxVariants::hasEmptyGroups()
+{
+    return std::any_of(_variantGroups.begin(), _variantGroups.end(), isEmptyGroup);
+}
+
+QString qxVariants::getUniqueVariantSetName(QString base)
+{
+    return uniqueName(base, _variantSets);
+}
+
+QString qxVariants::getUniqueVariantGroupName(QString base)
+{
+    return uniqueName(base, _variantGroups);
+}
+
+void qxVariants::showConnectedVariants(QString setName)
+{
+    if (qxVariantSet *set = findVariantSet(setName))
+        set->showConnectedVariants();
+}
+
+void qxVariants::selectVariantSet(const char *name, bool flag)
+{
+    qxOSGWidget::cancelAntialiasing();
+    qxVariantSet *const set = findVariantSet(QString::fromUtf8(name));
+    if (!set)
+        return;
+    if (set->inclNodes)
+        showTargets(*set);
+    set->select(true, flag);
+}
