@@ -53,6 +53,21 @@ TEST_F(HostTest, ANewHostHasAnEmptySceneAndRecordsEdits)
               changes->endChanged());
 }
 
+TEST_F(HostTest, ALongSessionDoesNotCollectEditsForEver)
+{
+    osg::ChangeList *const changes = osg::Thread::getCurrentChangeList();
+    const TestMaterial paint = scene.addMaterial("Paint");
+    EXPECT_EQ(qxMaterials::findMaterial("Paint"), paint.material());
+    qxController::updateRender(false);
+    EXPECT_GT(changes->endChanged() - changes->beginChanged(), 0) << "few are kept";
+    for (int i = 0; i < 100001; ++i)
+        scene.root().setMask(osg::UInt32(i));
+    qxMaterials::setName(paint, "Lacquer", true);
+    qxController::updateRender(false);
+    EXPECT_EQ(changes->endChanged() - changes->beginChanged(), 0);
+    EXPECT_EQ(qxMaterials::findMaterial("Lacquer"), paint.material());
+}
+
 TEST_F(HostTest, ClearingTheSceneAsksForVariantsToGoFirstAndEmptiesEverything)
 {
     scene.addGeometry("Body", scene.addMaterial("Paint"));

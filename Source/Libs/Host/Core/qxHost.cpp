@@ -3,6 +3,7 @@
 #include "Cameras/qxMainCameraService.h"
 #include "Cameras/qxMainView.h"
 #include "Cameras/qxRunningClips.h"
+#include "Core/qxRenderRequests.h"
 #include "Scene/qxOverlayService.h"
 #include "Scene/qxScene.h"
 #include "Scene/qxSceneTransformService.h"
@@ -28,6 +29,16 @@ void startSceneGraph()
         osg::Thread::getCurrentChangeList()->setReadOnly(false);
 }
 
+/// A long session must not fill the memory with edits that every reader has seen: the picture that
+/// was just asked for shows them.
+void forgetManyEdits()
+{
+    const long many = 100000;
+    osg::ChangeList *const edits = osg::Thread::getCurrentChangeList();
+    if (edits->endChanged() - edits->beginChanged() > many)
+        edits->clearAll();
+}
+
 } // namespace
 
 /// What lives as long as the host, from the scene upwards.
@@ -36,9 +47,11 @@ struct qxHost::Services {
     {
         qxKernelServiceFactory::the()->registerService<qxCameraService>(&camera);
         qxKernelServiceFactory::the()->registerService<qxTransformService>(&transform);
+        renderListener = qxRenderRequests::addListener([](bool) { forgetManyEdits(); });
     }
     ~Services()
     {
+        qxRenderRequests::removeListener(renderListener);
         qxKernelServiceFactory::the()->unregisterService<qxTransformService>();
         qxKernelServiceFactory::the()->unregisterService<qxCameraService>();
     }
@@ -48,6 +61,7 @@ struct qxHost::Services {
     qxSceneTransformService transform;
     qxOverlayService overlays;
     qxRunningClips clips;
+    int renderListener = 0;
 };
 
 qxHost::qxHost()
