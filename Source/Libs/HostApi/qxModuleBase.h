@@ -6,7 +6,7 @@ class qxMessage;
 class qxModuleBase {
 public:
     /// The materials of the scene changed as a whole: materials came, went or were replaced.
-    static const unsigned int MaterialsChanged = 0x10000;
+    static constexpr unsigned int MaterialsChanged = 0x10000;
 
     /// Delivers `message` to every module; with `later` true it waits until control returns to the
     /// host's event loop.
