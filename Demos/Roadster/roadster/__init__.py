@@ -1,0 +1,1 @@
+"""The demo scene "Roadster": a configurable open sports car, built from curves in plain Python."""
