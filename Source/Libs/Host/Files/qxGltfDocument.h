@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Files/qxGltfJson.h"
+
+#include <QByteArray>
+
+/// A scene file as it lies on the disk: its JSON and, in a .glb, the binary chunks.
+struct qxGltfDocument {
+    QString path; ///< as it was given to read; empty for a scene that has no file yet
+    qxJson json; ///< always an object
+    QByteArray text; ///< the JSON as it was written in the file
+    bool binary = false; ///< whether the file was a .glb
+    QByteArray bin; ///< the content of the .glb's BIN chunk, with its padding
+    QByteArray moreChunks; ///< what follows the BIN chunk, headers included
+
+    /// Reads a .gltf or a .glb, whatever its name says. Throws qxGltfError.
+    static qxGltfDocument read(const QString &path);
+    /// The document of a scene that did not come from a file.
+    static qxGltfDocument empty();
+
+    /// The folder that URIs of the file are relative to.
+    QString folder() const;
+    /// `edited` as text in the style of this file; the very text of the file when nothing changed.
+    QByteArray textOf(const qxJson &edited) const;
+};
+
+/// The bytes of a .glb with these chunks; a null `bin` leaves the BIN chunk out.
+/// Throws qxGltfError when they exceed the four gigabytes of the format.
+QByteArray qxGltfPackBinary(const QByteArray &text, const QByteArray &bin,
+                            const QByteArray &moreChunks);
+/// The whole content of a regular file. Throws qxGltfError.
+QByteArray qxGltfReadFile(const QString &path);

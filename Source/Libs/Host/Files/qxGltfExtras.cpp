@@ -1,0 +1,95 @@
+#include "Files/qxGltfExtras.h"
+
+#include <OpenSG/OSGQuaternion.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const std::size_t _numbersPerState = 10;
+
+} // namespace
+
+osg::Matrix qxGltfMatrix(const float *numbers)
+{
+    osg::Quaternion rotation;
+    rotation.setValueAsQuat(numbers[3], numbers[4], numbers[5], numbers[6]);
+    osg::Matrix matrix;
+    matrix.setTransform(osg::Vec3f(numbers[0], numbers[1], numbers[2]), rotation,
+                        osg::Vec3f(numbers[7], numbers[8], numbers[9]));
+    return matrix;
+}
+
+qxGltfExtras::qxGltfExtras(int index, const qxJson &node, QStringList &warnings)
+    : m_index(index), m_node(node), m_warnings(warnings)
+{
+}
+
+const qxJson &qxGltfExtras::value(const char *key) const
+{
+    return qxGltfMember(qxGltfMember(m_node, "extras"), key);
+}
+
+bool qxGltfExtras::has(const char *key) const
+{
+    return !value(key).is_null();
+}
+
+void qxGltfExtras::warn(const char *key, const char *reason) const
+{
+    m_warnings << QString("%1: %2 %3").arg(qxGltfCalled("node", m_index, m_node), key, reason);
+}
+
+std::optional<int> qxGltfExtras::integer(const char *key) const
+{
+    const qxJson &number = value(key);
+    if (number.is_null())
+        return std::nullopt;
+    const double wanted = number.is_number() ? number.get<double>() : NAN;
+    if (wanted == std::floor(wanted) && std::fabs(wanted) < 1e9)
+        return int(wanted);
+    warn(key, "is no integer");
+    return std::nullopt;
+}
+
+std::optional<std::string> qxGltfExtras::text(const char *key) const
+{
+    if (value(key).is_string())
+        return value(key).get<std::string>();
+    if (has(key))
+        warn(key, "is no text");
+    return std::nullopt;
+}
+
+std::vector<osg::Matrix> qxGltfExtras::transforms(const char *key) const
+{
+    std::vector<float> numbers;
+    const qxJson &list = value(key);
+    for (const qxJson &number : list.is_array() ? list : qxJson::array())
+        numbers.push_back(number.is_number() ? number.get<float>() : NAN);
+    const bool usable = std::all_of(numbers.begin(), numbers.end(),
+                                    [](float number) { return std::isfinite(number); });
+    std::vector<osg::Matrix> matrices;
+    if (!usable || numbers.empty() || numbers.size() % _numbersPerState != 0) {
+        warn(key, "is not a list of ten numbers per state");
+        return matrices;
+    }
+    for (std::size_t i = 0; i < numbers.size(); i += _numbersPerState)
+        matrices.push_back(qxGltfMatrix(&numbers[i]));
+    return matrices;
+}
+
+std::vector<std::string> qxGltfExtras::texts(const char *key) const
+{
+    std::vector<std::string> texts;
+    const qxJson &list = value(key);
+    if (list.is_string()) {
+        for (const QString &part : QString::fromStdString(list.get<std::string>()).split(';'))
+            texts.push_back(part.toStdString());
+        return texts;
+    }
+    for (const qxJson &entry : list.is_array() ? list : qxJson::array())
+        texts.push_back(entry.is_string() ? entry.get<std::string>() : std::string());
+    return texts;
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Files/qxGltfJson.h"
+
+#include <OpenSG/OSGMatrix.h>
+
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+/// The names of our own entries in the `extras` of nodes and scenes.
+namespace qxGltfKeys {
+constexpr const char *switchChoice = "qxSwitch";
+constexpr const char *transformStates = "qxTransformStates";
+constexpr const char *transformChoice = "qxTransformChoice";
+constexpr const char *sharesCoreOf = "qxSharesCoreOf";
+constexpr const char *poses = "qxPoses";
+constexpr const char *poseNames = "qxPoseNames";
+constexpr const char *pose = "qxPose";
+constexpr const char *variants = "qxVariants";
+} // namespace qxGltfKeys
+
+/// Reads the entries of one node. What is there in an unusable form counts as not there and is a
+/// warning.
+class qxGltfExtras {
+public:
+    qxGltfExtras(int index, const qxJson &node, QStringList &warnings);
+
+    bool has(const char *key) const;
+    /// Also from a number such as 2.0, which some tools write.
+    std::optional<int> integer(const char *key) const;
+    std::optional<std::string> text(const char *key) const;
+    /// Matrices from ten numbers each: translation, rotation quaternion x y z w, scale.
+    std::vector<osg::Matrix> transforms(const char *key) const;
+    /// Texts from a list, or from one text with ";" between them.
+    std::vector<std::string> texts(const char *key) const;
+
+private:
+    const qxJson &value(const char *key) const;
+    void warn(const char *key, const char *reason) const;
+
+    int m_index;
+    const qxJson &m_node;
+    QStringList &m_warnings;
+};
+
+/// The transform that ten numbers stand for.
+osg::Matrix qxGltfMatrix(const float *numbers);

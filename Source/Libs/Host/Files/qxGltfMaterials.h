@@ -1,0 +1,14 @@
+#pragma once
+
+#include <OpenSG/OSGMaterial.h>
+#include <OpenSG/OSGRefPtr.h>
+
+#include <vector>
+
+struct qxGltfModel;
+
+typedef osg::RefPtr<osg::MaterialPtr> qxGltfMaterialRef;
+
+/// The materials of the file in its order, with their textures. A picture that cannot be had is a
+/// warning in the model, its material shows without it.
+std::vector<qxGltfMaterialRef> qxGltfMaterials(qxGltfModel &model);

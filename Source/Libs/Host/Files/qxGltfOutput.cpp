@@ -1,0 +1,145 @@
+#include "Files/qxGltfOutput.h"
+
+#include "Files/qxGltfUri.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <memory>
+
+namespace {
+
+bool isBinaryPath(const QString &path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix != "gltf" && suffix != "glb")
+        throw qxGltfError("scene files end in .gltf or .glb");
+    return suffix == "glb";
+}
+
+bool holds(const QString &path, const QByteArray &bytes)
+{
+    return QFileInfo(path).size() == bytes.size() && qxGltfReadFile(path) == bytes;
+}
+
+std::unique_ptr<QSaveFile> written(const QString &path, const QByteArray &bytes)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    auto file = std::make_unique<QSaveFile>(path);
+    if (!file->open(QIODevice::WriteOnly) || file->write(bytes) != bytes.size() || !file->flush())
+        throw qxGltfError(path + " cannot be written: " + file->errorString());
+    return file;
+}
+
+} // namespace
+
+qxGltfOutput::qxGltfOutput(const qxGltfDocument &document, const QString &path)
+    : m_document(document), m_path(path), m_binary(isBinaryPath(path)), m_bin(document.bin)
+{
+}
+
+void qxGltfOutput::write(qxJson json, const std::vector<QByteArray> &buffers)
+{
+    if (m_binary && !m_document.binary)
+        packFirstBuffer(json, buffers);
+    if (!staysInFolder()) {
+        copyOthers(json, "buffers");
+        copyOthers(json, "images");
+    }
+    if (!m_binary && m_document.binary)
+        unpackFirstBuffer(json);
+    const QByteArray text = m_document.textOf(json);
+    m_files.emplace_back(m_path,
+                         m_binary ? qxGltfPackBinary(text, m_bin, m_document.moreChunks) : text);
+    commit();
+}
+
+bool qxGltfOutput::staysInFolder() const
+{
+    return m_document.path.isEmpty()
+        || QFileInfo(m_document.folder()).canonicalFilePath()
+        == QFileInfo(QFileInfo(m_path).absolutePath()).canonicalFilePath();
+}
+
+/// The first buffer becomes the BIN chunk.
+void qxGltfOutput::packFirstBuffer(qxJson &json, const std::vector<QByteArray> &buffers)
+{
+    if (buffers.empty() || buffers[0].isNull())
+        return;
+    json["buffers"][0].erase("uri");
+    m_bin = buffers[0];
+}
+
+/// The BIN chunk becomes a file of its own.
+void qxGltfOutput::unpackFirstBuffer(qxJson &json)
+{
+    if (!m_document.moreChunks.isEmpty())
+        m_warnings << "a .gltf has no place for the further chunks of the .glb";
+    const qxJson &buffers = qxGltfSection(json, "buffers");
+    if (m_bin.isNull() || buffers.empty() || buffers[0].contains("uri"))
+        return;
+    const QByteArray bytes = m_bin.left(buffers[0]["byteLength"].get<int>());
+    const QString name = place(QFileInfo(m_path).completeBaseName() + ".bin", bytes);
+    json["buffers"][0]["uri"] = qxGltfUriOf(name);
+}
+
+void qxGltfOutput::copyOthers(qxJson &json, const char *section)
+{
+    for (std::size_t i = 0; i < qxGltfSection(json, section).size(); ++i) {
+        qxJson &entry = json[section][i];
+        const qxJson &uri = qxGltfMember(entry, "uri");
+        if (uri.is_string() && !qxGltfIsDataUri(uri.get_ref<const std::string &>()))
+            copyOther(entry, qxGltfCalled(section, int(i), entry));
+    }
+}
+
+void qxGltfOutput::copyOther(qxJson &entry, const QString &called)
+{
+    const std::string uri = entry["uri"];
+    try {
+        const QByteArray bytes = qxGltfRead(m_document, uri);
+        const QString wanted = qxGltfRelativePath(uri);
+        const QString name = place(wanted, bytes);
+        if (name != wanted)
+            entry["uri"] = qxGltfUriOf(name);
+    } catch (const qxGltfError &error) {
+        if (entry.contains("byteLength")) // buffers are needed
+            throw;
+        m_warnings << called + " is not copied: " + error.reason();
+    }
+}
+
+/// Plans a file beside the scene, under another name when the wanted one is taken.
+QString qxGltfOutput::place(const QString &wanted, const QByteArray &bytes)
+{
+    const QDir folder = QFileInfo(m_path).absoluteDir();
+    const QFileInfo parts(wanted);
+    const QString stem = parts.path() == "." ? parts.completeBaseName()
+                                             : parts.path() + '/' + parts.completeBaseName();
+    QString name = wanted;
+    for (int number = 1;; ++number) {
+        const auto planned = m_placed.find(name);
+        const QString path = folder.filePath(name);
+        if (planned != m_placed.end() && planned->second == bytes)
+            return name;
+        if (planned == m_placed.end() && (!QFileInfo::exists(path) || holds(path, bytes)))
+            break;
+        name = QString("%1-%2.%3").arg(stem).arg(number).arg(parts.suffix());
+    }
+    m_placed[name] = bytes;
+    if (!QFileInfo::exists(folder.filePath(name)))
+        m_files.emplace_back(folder.filePath(name), bytes);
+    return name;
+}
+
+void qxGltfOutput::commit() const
+{
+    std::vector<std::unique_ptr<QSaveFile>> files;
+    for (const auto &file : m_files)
+        files.push_back(written(file.first, file.second));
+    for (const auto &file : files) {
+        if (!file->commit())
+            throw qxGltfError(file->fileName() + " cannot be written: " + file->errorString());
+    }
+}

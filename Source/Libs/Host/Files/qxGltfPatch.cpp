@@ -1,0 +1,265 @@
+#include "Files/qxGltfPatch.h"
+
+#include "Files/qxGltfExtras.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace {
+
+/// Writes or removes a member.
+void setMember(qxJson &object, const char *name, const qxJson &value)
+{
+    if (value.is_null())
+        object.erase(name);
+    else
+        object[name] = value;
+}
+
+/// The part of a place that one member holds; null for the identity.
+qxJson component(const qxGltfPlace &place, std::size_t begin, const std::vector<float> &identity)
+{
+    if (place.kind != qxGltfPlace::Components)
+        return qxJson();
+    const float *numbers = &place.numbers[begin];
+    if (std::equal(identity.begin(), identity.end(), numbers))
+        return qxJson();
+    return qxGltfNumberList(numbers, identity.size());
+}
+
+void writePlace(qxJson &node, const qxGltfPlace &before, const qxGltfPlace &after)
+{
+    if (before == after)
+        return;
+    const struct {
+        const char *name;
+        std::size_t begin;
+        std::vector<float> identity;
+    } parts[] = {
+        {"translation", 0, {0, 0, 0}}, {"rotation", 3, {0, 0, 0, 1}}, {"scale", 7, {1, 1, 1}}};
+    for (const auto &part : parts) {
+        const qxJson now = component(after, part.begin, part.identity);
+        if (before.kind != after.kind || now != component(before, part.begin, part.identity))
+            setMember(node, part.name, now);
+    }
+    setMember(node, "matrix",
+              after.kind == qxGltfPlace::Matrix
+                  ? qxGltfNumberList(after.numbers.data(), after.numbers.size())
+                  : qxJson());
+}
+
+template <class T>
+qxJson optionalJson(const std::optional<T> &value)
+{
+    return value ? qxJson(*value) : qxJson();
+}
+
+qxJson listJson(const std::vector<float> &numbers)
+{
+    return numbers.empty() ? qxJson() : qxGltfNumberList(numbers.data(), numbers.size());
+}
+
+/// Writes an entry of the extras when it changed.
+template <class T, class ToJson>
+void writeExtra(qxJson &node, const char *key, const T &before, const T &after,
+                const ToJson &toJson)
+{
+    if (!(before == after))
+        qxGltfSetExtra(node, key, toJson(after));
+}
+
+void writePoses(qxJson &node, const qxGltfPoses &before, const qxGltfPoses &after)
+{
+    writeExtra(node, qxGltfKeys::poses, before.numbers, after.numbers, listJson);
+    writeExtra(node, qxGltfKeys::poseNames, before.names, after.names,
+               [](const std::vector<std::string> &names) {
+                   return names.empty() ? qxJson() : qxJson(names);
+               });
+    writeExtra(node, qxGltfKeys::pose, before.selected, after.selected,
+               [](int selected) { return selected < 0 ? qxJson() : qxJson(selected); });
+}
+
+void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeState &after)
+{
+    writeExtra(node, qxGltfKeys::switchChoice, before.switchChoice, after.switchChoice,
+               optionalJson<int>);
+    writeExtra(node, qxGltfKeys::transformStates, before.transformStates, after.transformStates,
+               listJson);
+    writeExtra(node, qxGltfKeys::transformChoice, before.transformChoice, after.transformChoice,
+               optionalJson<int>);
+    writeExtra(node, qxGltfKeys::sharesCoreOf, before.sharesCoreOf, after.sharesCoreOf,
+               optionalJson<std::string>);
+    writePoses(node, before.poses, after.poses);
+}
+
+void writeMesh(qxJson &node, int mesh)
+{
+    setMember(node, "mesh", mesh < 0 ? qxJson() : qxJson(mesh));
+    if (mesh >= 0)
+        return;
+    // Both mean something only together with a mesh.
+    node.erase("skin");
+    node.erase("weights");
+}
+
+std::vector<int> fileIndices(const qxGltfState &state)
+{
+    std::vector<int> indices;
+    for (const qxGltfNodeState &node : state.nodes)
+        indices.push_back(node.index);
+    return indices;
+}
+
+} // namespace
+
+qxJson qxGltfNumber(float number)
+{
+    char text[32];
+    const std::to_chars_result end = std::to_chars(text, text + sizeof(text), number);
+    double shortest = number;
+    std::from_chars(text, end.ptr, shortest);
+    // Whole numbers without a fraction, as most files have them.
+    if (std::fabs(shortest) < 1e9 && shortest == std::floor(shortest))
+        return std::int32_t(shortest);
+    return shortest;
+}
+
+qxJson qxGltfNumberList(const float *begin, std::size_t count)
+{
+    qxJson list = qxJson::array();
+    for (std::size_t i = 0; i < count; ++i)
+        list.push_back(qxGltfNumber(begin[i]));
+    return list;
+}
+
+void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value)
+{
+    const auto extras = node.find("extras");
+    if (extras != node.end() && !extras->is_object())
+        throw qxGltfError(QString("\"%1\" cannot be written: the extras of \"%2\" are no object")
+                              .arg(key, QString::fromStdString(node.value("name", std::string()))));
+    if (!value.is_null()) {
+        node["extras"][key] = value;
+    } else if (extras != node.end() && extras->erase(key) > 0 && extras->empty()) {
+        node.erase("extras");
+    }
+}
+
+qxGltfPatch::qxGltfPatch(qxJson &json, const qxGltfState &before, const qxGltfState &after)
+    : m_json(json), m_before(before), m_after(after), m_indicesBefore(fileIndices(before)),
+      m_indices(fileIndices(after))
+{
+    for (std::size_t i = 0; i < before.nodes.size(); ++i)
+        m_known[before.nodes[i].index] = i;
+}
+
+void qxGltfPatch::write(const std::vector<int> &meshes, int scene)
+{
+    placeNewNodes();
+    releaseLiveChildren();
+    for (std::size_t i = 0; i < m_after.nodes.size(); ++i)
+        writeNode(i, meshes[i]);
+    writeScene(scene);
+}
+
+void qxGltfPatch::placeNewNodes()
+{
+    for (int &index : m_indices) {
+        if (index >= 0)
+            continue;
+        qxJson &nodes = m_json["nodes"];
+        index = int(nodes.size());
+        nodes.push_back(qxJson::object());
+    }
+}
+
+/// Nodes that left the scene keep only those children that left it with them.
+void qxGltfPatch::releaseLiveChildren()
+{
+    std::vector<bool> live(qxGltfSection(m_json, "nodes").size(), false);
+    for (const int index : m_indices)
+        live[std::size_t(index)] = true;
+    for (const int index : m_indicesBefore) {
+        if (live[std::size_t(index)])
+            continue;
+        qxJson &node = m_json["nodes"][std::size_t(index)];
+        qxJson left = qxJson::array();
+        for (const qxJson &child : qxGltfMember(node, "children")) {
+            if (!live[child.get<std::size_t>()])
+                left.push_back(child);
+        }
+        if (left.size() != qxGltfMember(node, "children").size())
+            setMember(node, "children", left.empty() ? qxJson() : left);
+    }
+}
+
+const qxGltfNodeState &qxGltfPatch::stateBefore(int index) const
+{
+    static const qxGltfNodeState nothing;
+    const auto known = m_known.find(index);
+    return known == m_known.end() ? nothing : m_before.nodes[known->second];
+}
+
+qxJson qxGltfPatch::indicesOf(const std::vector<int> &positions,
+                              const std::vector<int> &indices) const
+{
+    qxJson list = qxJson::array();
+    for (const int position : positions)
+        list.push_back(indices[std::size_t(position)]);
+    return list.empty() ? qxJson() : list;
+}
+
+void qxGltfPatch::writeNode(std::size_t position, int mesh)
+{
+    const int index = m_indices[position];
+    const qxGltfNodeState &before = stateBefore(index);
+    const qxGltfNodeState &after = m_after.nodes[position];
+    qxJson &node = m_json["nodes"][std::size_t(index)];
+    if (before.name != after.name)
+        setMember(node, "name", optionalJson(after.name));
+    writePlace(node, before.place, after.place);
+    if (before.visible != after.visible)
+        writeVisibility(node, after.visible);
+    if (before.mesh != after.mesh)
+        writeMesh(node, mesh);
+    const qxJson children = indicesOf(after.children, m_indices);
+    if (children != indicesOf(before.children, m_indicesBefore))
+        setMember(node, "children", children);
+    writeExtras(node, before, after);
+}
+
+void qxGltfPatch::writeVisibility(qxJson &node, bool visible)
+{
+    const char *const name = "KHR_node_visibility";
+    if (!visible) {
+        node["extensions"][name]["visible"] = false;
+        use(name);
+        return;
+    }
+    qxJson &extensions = node["extensions"];
+    extensions[name].erase("visible");
+    if (extensions[name].empty())
+        extensions.erase(name);
+    if (extensions.empty())
+        node.erase("extensions");
+}
+
+void qxGltfPatch::use(const char *extension)
+{
+    qxJson &used = m_json["extensionsUsed"];
+    if (std::find(used.begin(), used.end(), extension) == used.end())
+        used.push_back(extension);
+}
+
+void qxGltfPatch::writeScene(int scene)
+{
+    const qxJson roots = indicesOf(m_after.roots, m_indices);
+    if (roots == indicesOf(m_before.roots, m_indicesBefore))
+        return;
+    if (scene < 0) {
+        m_json["scene"] = 0;
+        m_json["scenes"] = qxJson::array({qxJson::object()});
+    }
+    setMember(m_json["scenes"][std::size_t(std::max(scene, 0))], "nodes", roots);
+}

@@ -1,0 +1,69 @@
+#include "Files/qxGltfScene.h"
+
+#include "Files/qxGltfCameras.h"
+#include "Files/qxGltfModel.h"
+#include "Files/qxGltfNodes.h"
+#include "qxAnimManager.h"
+#include "qxScenegraph.h"
+
+namespace {
+
+void recordParts(const qxGltfModel &model, qxGltfScene &scene)
+{
+    for (std::size_t mesh = 0; mesh < scene.meshes.size(); ++mesh) {
+        const qxGltfMeshParts &parts = scene.meshes[mesh];
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            if (parts[i] == osg::NullFC)
+                continue;
+            const int material = model.typed.meshes[mesh].primitives[i].material;
+            scene.origin.geometries[parts[i].get().getFieldContainerId()] = {int(mesh), int(i),
+                                                                             material};
+        }
+    }
+    for (std::size_t i = 0; i < scene.materials.size(); ++i)
+        scene.origin.materials[scene.materials[i].get().getFieldContainerId()] = int(i);
+}
+
+} // namespace
+
+std::vector<std::string> qxGltfClips(const qxJson &document)
+{
+    std::vector<std::string> clips;
+    for (const qxJson &animation : qxGltfSection(document, "animations")) {
+        const qxJson &name = qxGltfMember(animation, "name");
+        clips.push_back(name.is_string() ? name.get<std::string>() : std::string());
+    }
+    return clips;
+}
+
+qxGltfScene qxGltfScene::build(qxGltfModel &model)
+{
+    qxGltfScene scene;
+    scene.materials = qxGltfMaterials(model);
+    scene.meshes = qxGltfMeshes(model, scene.materials);
+    recordParts(model, scene);
+    qxGltfNodes nodes(model, scene);
+    nodes.build();
+    scene.cameras = qxGltfCameras(model, nodes);
+    scene.clips = qxGltfClips(model.document.json);
+    return scene;
+}
+
+void qxGltfScene::show() const
+{
+    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
+    {
+        const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
+        for (const qxGltfMaterialRef &material : materials)
+            pool->add(material.get());
+    }
+    const osg::NodePtr top = qxScenegraph::getRoot();
+    {
+        const osg::CPEditor edit(top, osg::Node::ChildrenFieldMask);
+        for (const osg::NodeRefPtr &root : roots)
+            top->addChild(root.get());
+    }
+    for (const qxUberCamera &camera : cameras)
+        qxUberCameraPool::the()->add(camera);
+    qxAnimManager::the()->setClips(clips);
+}

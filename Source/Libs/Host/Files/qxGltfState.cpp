@@ -1,0 +1,204 @@
+#include "Files/qxGltfState.h"
+
+#include "Files/qxGltfCores.h"
+#include "qxNodeUtils.h"
+
+#include <OpenSG/OSGSimpleAttachments.h>
+
+#include <algorithm>
+
+namespace {
+
+/// Builds the description of a scene, node by node.
+class Describer {
+public:
+    Describer(const qxGltfOrigin &origin, qxGltfState &state) : m_origin(origin), m_state(state) {}
+
+    void describeAll(const std::vector<osg::NodePtr> &roots);
+
+private:
+    struct Open {
+        osg::NodePtr node;
+        int parent;
+    };
+
+    int fileIndex(const osg::NodePtr &node) const;
+    bool isUpper(const osg::NodePtr &node) const;
+    bool isPart(const osg::NodePtr &node) const;
+    std::vector<osg::NodePtr> children(const osg::NodePtr &node, qxGltfNodeState &state);
+    void takeParts(std::vector<osg::NodePtr> &nodes, bool onlyLast, qxGltfNodeState &state);
+    void addPart(const osg::NodePtr &node, qxGltfNodeState &state);
+    void describe(const Open &open, std::vector<Open> &rest);
+    void findSharers();
+    int ownerOf(const std::vector<int> &sharers, osg::UInt32 core) const;
+
+    const qxGltfOrigin &m_origin;
+    qxGltfState &m_state;
+    std::unordered_map<osg::UInt32, std::vector<int>> m_sharers; ///< per switch core
+};
+
+bool isNamed(const osg::NodePtr &node)
+{
+    return osg::getName(node) != nullptr;
+}
+
+int Describer::fileIndex(const osg::NodePtr &node) const
+{
+    const auto found = m_origin.nodes.find(node.getFieldContainerId());
+    return found == m_origin.nodes.end() ? -1 : found->second;
+}
+
+/// Whether the node only carries the transform of the switch below it.
+bool Describer::isUpper(const osg::NodePtr &node) const
+{
+    if (isNamed(node) || node->getTravMask() == 0 || node->getNChildren() != 1
+        || !qxGltfIsPlainTransform(node->getCore()))
+        return false;
+    const bool madeForFile = m_origin.uppers.count(node.getFieldContainerId()) > 0;
+    const osg::NodePtr child = node->getChild(0);
+    if (!qxGltfIsSwitch(child->getCore()))
+        return false;
+    // What are two nodes in the file stay two.
+    return madeForFile || fileIndex(node) < 0;
+}
+
+/// Whether the node is nothing but a geometry, as loading makes it of a mesh's primitive.
+bool Describer::isPart(const osg::NodePtr &node) const
+{
+    return !isNamed(node) && node->getTravMask() != 0 && node->getNChildren() == 0
+        && osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC;
+}
+
+void Describer::addPart(const osg::NodePtr &node, qxGltfNodeState &state)
+{
+    const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(node->getCore());
+    state.mesh.push_back(geometry.getFieldContainerId());
+    m_state.geometries[geometry.getFieldContainerId()] = geometry;
+}
+
+/// Moves geometries from `nodes` into the mesh: with `onlyLast` those behind all other nodes,
+/// because a switch counts its children.
+void Describer::takeParts(std::vector<osg::NodePtr> &nodes, bool onlyLast, qxGltfNodeState &state)
+{
+    const auto part = [this](const osg::NodePtr &node) { return isPart(node); };
+    auto begin = std::find_if_not(nodes.rbegin(), nodes.rend(), part).base();
+    if (!onlyLast)
+        begin = std::stable_partition(nodes.begin(), nodes.end(),
+                                      [&part](const osg::NodePtr &node) { return !part(node); });
+    for (auto node = begin; node != nodes.end(); ++node)
+        addPart(*node, state);
+    nodes.erase(begin, nodes.end());
+}
+
+std::vector<osg::NodePtr> Describer::children(const osg::NodePtr &node, qxGltfNodeState &state)
+{
+    if (osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC)
+        addPart(node, state);
+    const osg::MFNodePtr &all = *node->getMFChildren();
+    std::vector<osg::NodePtr> nodes(all.begin(), all.end());
+    takeParts(nodes, qxGltfIsSwitch(node->getCore()), state);
+    return nodes;
+}
+
+void Describer::describe(const Open &open, std::vector<Open> &rest)
+{
+    const bool upper = isUpper(open.node);
+    const osg::NodePtr node = upper ? open.node->getChild(0) : open.node;
+    const int position = int(m_state.nodes.size());
+    (open.parent < 0 ? m_state.roots : m_state.nodes[std::size_t(open.parent)].children)
+        .push_back(position);
+
+    m_state.nodes.emplace_back();
+    qxGltfNodeState &state = m_state.nodes.back();
+    state.node = node;
+    state.index = fileIndex(node);
+    if (isNamed(node))
+        state.name = osg::getName(node);
+    state.visible = node->getTravMask() != 0;
+    qxGltfDescribeCore(node, state);
+    qxGltfDescribePoses(node, state.poses);
+    if (upper)
+        state.place = qxGltfPlaceOf(open.node->getCore());
+    if (state.switchChoice || state.transformChoice)
+        m_sharers[node->getCore().getFieldContainerId()].push_back(position);
+    const std::vector<osg::NodePtr> below = children(node, state);
+    for (auto child = below.rbegin(); child != below.rend(); ++child)
+        rest.push_back({*child, position});
+}
+
+/// The one of the nodes with this core whose entry describes it: the one of the file when it is
+/// still there, else the first.
+int Describer::ownerOf(const std::vector<int> &sharers, osg::UInt32 core) const
+{
+    const auto stated = m_origin.coreOwners.find(core);
+    for (const int position : sharers) {
+        if (stated != m_origin.coreOwners.end()
+            && m_state.nodes[std::size_t(position)].index == stated->second)
+            return position;
+    }
+    return sharers.front();
+}
+
+void Describer::findSharers()
+{
+    for (const auto &sharers : m_sharers) {
+        const int owner = ownerOf(sharers.second, sharers.first);
+        for (const int position : sharers.second) {
+            if (position == owner)
+                continue;
+            qxGltfNodeState &clone = m_state.nodes[std::size_t(position)];
+            clone.sharesCoreOf = m_state.nodes[std::size_t(owner)].name.value_or("");
+            clone.switchChoice.reset();
+            clone.transformChoice.reset();
+            clone.transformStates.clear();
+            if (!qxGltfIsSwitch(clone.node->getCore()))
+                clone.place = qxGltfPlace();
+        }
+    }
+}
+
+void Describer::describeAll(const std::vector<osg::NodePtr> &roots)
+{
+    std::vector<Open> open;
+    for (auto root = roots.rbegin(); root != roots.rend(); ++root)
+        open.push_back({*root, -1});
+    while (!open.empty()) {
+        const Open next = open.back();
+        open.pop_back();
+        describe(next, open);
+    }
+    findSharers();
+}
+
+} // namespace
+
+qxGltfState qxGltfState::of(const std::vector<osg::NodePtr> &roots, const qxGltfOrigin &origin)
+{
+    qxGltfState state;
+    Describer(origin, state).describeAll(roots);
+    return state;
+}
+
+// Clones name the owner of their core: the first switch of that name must be that owner.
+void qxGltfState::checkSharedNames() const
+{
+    std::unordered_map<std::string, osg::UInt32> firstCores;
+    for (const qxGltfNodeState &state : nodes) {
+        if ((state.switchChoice || state.transformChoice) && state.name)
+            firstCores.emplace(*state.name, state.node->getCore().getFieldContainerId());
+    }
+    for (const qxGltfNodeState &state : nodes) {
+        if (!state.sharesCoreOf)
+            continue;
+        const auto found = firstCores.find(*state.sharesCoreOf);
+        if (found == firstCores.end()
+            || found->second != state.node->getCore().getFieldContainerId())
+            throw qxGltfError(qxGltfCalled(state.node)
+                              + " shares the switch of a node without a name of its own");
+    }
+}
+
+QString qxGltfCalled(const osg::NodePtr &node)
+{
+    return "node \"" + QString::fromStdString(qxNodeUtils::getName(node)) + '"';
+}

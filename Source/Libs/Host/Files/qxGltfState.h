@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Files/qxGltfScene.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Where a node stands: as translation, rotation and scale, or as a matrix.
+struct qxGltfPlace {
+    enum Kind { Nowhere, Components, Matrix };
+    Kind kind = Nowhere;
+    std::vector<float> numbers; ///< ten or sixteen, as a scene file has them
+
+    bool operator==(const qxGltfPlace &o) const { return kind == o.kind && numbers == o.numbers; }
+};
+
+/// The named transform states of a node.
+struct qxGltfPoses {
+    std::vector<std::string> names;
+    std::vector<float> numbers; ///< ten per state
+    int selected = -1;
+};
+
+/// One node as a scene file would have it. Comparing what was loaded with what is there now tells
+/// what a save has to write.
+struct qxGltfNodeState {
+    osg::NodePtr node;
+    int index = -1; ///< in the file, -1 when it is not from there
+    std::optional<std::string> name;
+    bool visible = true;
+    qxGltfPlace place;
+    std::optional<int> switchChoice;
+    std::optional<int> transformChoice;
+    std::vector<float> transformStates; ///< ten per state
+    std::optional<std::string> sharesCoreOf;
+    qxGltfPoses poses;
+    std::vector<osg::UInt32> mesh; ///< ids of the geometry cores
+    std::vector<int> children; ///< positions in qxGltfState::nodes
+};
+
+/// The scene as a scene file would have it: every node once, parents before their children.
+struct qxGltfState {
+    std::vector<qxGltfNodeState> nodes;
+    std::vector<int> roots;
+    std::unordered_map<osg::UInt32, osg::GeometryPtr> geometries; ///< all that are shown
+
+    /// Describes these nodes and everything below them. Throws qxGltfError naming the node for what
+    /// a scene file has no form for.
+    static qxGltfState of(const std::vector<osg::NodePtr> &roots, const qxGltfOrigin &origin);
+    /// Throws qxGltfError when a clone cannot be told by the name of the node whose core it shares.
+    void checkSharedNames() const;
+};
+
+/// How messages call a node of the scene graph.
+QString qxGltfCalled(const osg::NodePtr &node);
+/// The ten numbers of a transform: translation, rotation quaternion x y z w, scale.
+std::vector<float> qxGltfNumbers(const osg::Matrix &matrix);

@@ -1,0 +1,93 @@
+#include "Files/qxGltfUri.h"
+
+#include "Files/qxGltfDocument.h"
+
+#include <QDir>
+#include <QUrl>
+
+namespace {
+
+QByteArray bufferBytes(const qxGltfDocument &document, int index, const qxJson &buffer)
+{
+    const qxJson &uri = qxGltfMember(buffer, "uri");
+    if (uri.is_string())
+        return qxGltfRead(document, uri.get_ref<const std::string &>());
+    return index == 0 ? document.bin : QByteArray();
+}
+
+} // namespace
+
+bool qxGltfIsDataUri(const std::string &uri)
+{
+    return uri.compare(0, 5, "data:") == 0;
+}
+
+QByteArray qxGltfDataOf(const std::string &uri)
+{
+    const std::size_t comma = uri.find(',');
+    const std::string mark = ";base64";
+    if (comma == std::string::npos || comma < mark.size()
+        || uri.compare(comma - mark.size(), mark.size(), mark) != 0)
+        throw qxGltfError("its data URI is not in base64");
+    const QByteArray text = QByteArray::fromRawData(uri.data(), int(uri.size()));
+    const auto decoded = QByteArray::fromBase64Encoding(
+        text.mid(int(comma) + 1),
+        QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
+    if (!decoded)
+        throw qxGltfError("the base64 of its data URI is damaged");
+    return *decoded;
+}
+
+QString qxGltfRelativePath(const std::string &uri)
+{
+    const QString path = QUrl::fromPercentEncoding(QByteArray::fromStdString(uri));
+    const QString clean = QDir::cleanPath(path);
+    const bool otherPlace = QDir::isAbsolutePath(path) || path.contains(':') || path.contains('\\')
+        || path.contains(QChar(0));
+    if (path.isEmpty() || otherPlace || clean == ".." || clean.startsWith("../"))
+        return QString();
+    return clean;
+}
+
+std::string qxGltfUriOf(const QString &path)
+{
+    return QUrl::toPercentEncoding(path, "/").toStdString();
+}
+
+QByteArray qxGltfRead(const qxGltfDocument &document, const std::string &uri)
+{
+    if (qxGltfIsDataUri(uri))
+        return qxGltfDataOf(uri);
+    const QString shown = '"' + QString::fromStdString(uri) + '"';
+    const QString path = qxGltfRelativePath(uri);
+    if (path.isEmpty())
+        throw qxGltfError(shown + " leads out of the folder of the scene file");
+    try {
+        return qxGltfReadFile(QDir(document.folder()).filePath(path));
+    } catch (const qxGltfError &error) {
+        throw qxGltfError(shown + ": " + error.reason());
+    }
+}
+
+std::vector<QByteArray> qxGltfReadBuffers(const qxGltfDocument &document)
+{
+    std::vector<QByteArray> buffers;
+    for (const qxJson &buffer : qxGltfSection(document.json, "buffers")) {
+        const int index = int(buffers.size());
+        const QString called = qxGltfCalled("buffer", index, buffer);
+        const qint64 length = buffer.at("byteLength").get<qint64>();
+        try {
+            buffers.push_back(bufferBytes(document, index, buffer));
+        } catch (const qxGltfError &error) {
+            throw qxGltfError(called + ": " + error.reason());
+        }
+        if (!buffers.back().isNull() && buffers.back().size() < length) {
+            throw qxGltfError(called
+                              + QString(" is too short: %1 bytes announced, %2 there")
+                                    .arg(length)
+                                    .arg(buffers.back().size()));
+        }
+        buffers.back().truncate(int(length));
+    }
+    return buffers;
+}

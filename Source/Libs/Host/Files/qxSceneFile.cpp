@@ -1,0 +1,188 @@
+#include "Files/qxSceneFile.h"
+
+#include "Files/qxGltfCheck.h"
+#include "Files/qxGltfExtras.h"
+#include "Files/qxGltfMeshPatch.h"
+#include "Files/qxGltfModel.h"
+#include "Files/qxGltfOutput.h"
+#include "Files/qxGltfPatch.h"
+#include "qxScenegraph.h"
+
+#include <exception>
+
+/// The file as it was loaded, what was made of it, and the variants document as it is now.
+struct qxSceneFile::Content {
+    qxGltfDocument document = qxGltfDocument::empty();
+    std::vector<QByteArray> buffers;
+    int scene = 0;
+    qxGltfOrigin origin;
+    qxGltfState before;
+    qxGltfMaterialPatch::Before materials;
+    QByteArray variants;
+    qxSceneFileInfo info;
+
+    static std::unique_ptr<Content> load(const QString &path, QStringList &warnings);
+    /// The JSON of the file with what changed in the scene since.
+    qxJson edited() const;
+};
+
+namespace {
+
+QStringList textsOf(const qxJson &list)
+{
+    QStringList texts;
+    for (const qxJson &text : list) {
+        if (text.is_string())
+            texts << QString::fromStdString(text.get<std::string>());
+    }
+    return texts;
+}
+
+QString assetText(const qxJson &document, const char *name)
+{
+    const qxJson &text = qxGltfMember(qxGltfMember(document, "asset"), name);
+    return text.is_string() ? QString::fromStdString(text.get<std::string>()) : QString();
+}
+
+qxSceneFileInfo infoOf(const qxGltfModel &model)
+{
+    const qxJson &json = model.document.json;
+    const auto count = [&json](const char *name) { return int(qxGltfSection(json, name).size()); };
+    qxSceneFileInfo info;
+    info.version = assetText(json, "version");
+    info.generator = assetText(json, "generator");
+    info.scenes = count("scenes");
+    info.nodes = count("nodes");
+    info.meshes = count("meshes");
+    info.triangles = qxGltfTriangles(model);
+    info.materials = count("materials");
+    info.textures = count("textures");
+    info.cameras = count("cameras");
+    info.animations = count("animations");
+    info.extensionsUsed = textsOf(qxGltfSection(json, "extensionsUsed"));
+    info.extensionsRequired = textsOf(qxGltfSection(json, "extensionsRequired"));
+    for (const QString &name : info.extensionsUsed) {
+        if (!qxGltfUnderstoodExtensions().contains(name))
+            info.extensionsNotUnderstood << name;
+    }
+    return info;
+}
+
+/// The part of the file that holds the variants document: the shown scene, or else the file itself.
+qxJson &variantsHolder(qxJson &json, int scene)
+{
+    return qxGltfSection(json, "scenes").empty() ? json
+                                                 : json["scenes"][std::size_t(std::max(scene, 0))];
+}
+
+QByteArray variantsIn(qxJson &json, int scene)
+{
+    const qxJson &holder = variantsHolder(json, scene);
+    const qxJson &text = qxGltfMember(qxGltfMember(holder, "extras"), qxGltfKeys::variants);
+    return text.is_string() ? QByteArray::fromStdString(text.get<std::string>()) : QByteArray();
+}
+
+} // namespace
+
+std::unique_ptr<qxSceneFile::Content> qxSceneFile::Content::load(const QString &path,
+                                                                 QStringList &warnings)
+{
+    qxGltfModel model = qxGltfModel::read(path);
+    qxGltfScene scene = qxGltfScene::build(model);
+    auto content = std::make_unique<Content>();
+    content->info = infoOf(model);
+    content->scene = model.sceneIndex();
+    content->variants = variantsIn(model.document.json, content->scene);
+    for (const qxGltfMaterialRef &material : scene.materials) {
+        content->materials.push_back(
+            qxGltfMaterialState::of(osg::SimpleMaterialPtr::dcast(material.get())));
+    }
+    const std::vector<osg::NodePtr> roots(scene.roots.begin(), scene.roots.end());
+    content->before = qxGltfState::of(roots, scene.origin);
+    content->origin = scene.origin;
+    scene.show();
+    content->document = std::move(model.document);
+    content->buffers = std::move(model.buffers);
+    warnings = model.warnings;
+    return content;
+}
+
+qxJson qxSceneFile::Content::edited() const
+{
+    qxJson json = document.json;
+    const osg::MFNodePtr &roots = *qxScenegraph::getRoot()->getMFChildren();
+    const qxGltfState after =
+        qxGltfState::of(std::vector<osg::NodePtr>(roots.begin(), roots.end()), origin);
+    after.checkSharedNames();
+    qxGltfMaterialPatch materialPatch(json, origin, materials);
+    materialPatch.writePool();
+    materialPatch.writeGeometries(after);
+    const std::vector<int> meshes = qxGltfMeshPatch(json, origin, materialPatch).write(after);
+    qxGltfPatch(json, before, after).write(meshes, scene);
+    if (variants != variantsIn(json, scene)) {
+        qxGltfSetExtra(variantsHolder(json, scene), qxGltfKeys::variants,
+                       variants.isEmpty() ? qxJson() : qxJson(variants.toStdString()));
+    }
+    return json;
+}
+
+qxSceneFile::qxSceneFile() : m_content(std::make_unique<Content>()) {}
+
+qxSceneFile::~qxSceneFile() = default;
+
+bool qxSceneFile::load(const QString &path)
+{
+    m_error.clear();
+    m_warnings.clear();
+    try {
+        m_content = Content::load(path, m_warnings);
+        return true;
+    } catch (const qxGltfError &error) {
+        m_error = path + ": " + error.reason();
+    } catch (const std::exception &error) { // most likely out of memory
+        m_error = path + ": " + error.what();
+    }
+    return false;
+}
+
+bool qxSceneFile::save(const QString &path)
+{
+    m_error.clear();
+    m_warnings.clear();
+    try {
+        qxGltfOutput output(m_content->document, path);
+        output.write(m_content->edited(), m_content->buffers);
+        m_warnings = output.warnings();
+        return true;
+    } catch (const qxGltfError &error) {
+        m_error = path + ": " + error.reason();
+    } catch (const std::exception &error) { // most likely out of memory
+        m_error = path + ": " + error.what();
+    }
+    return false;
+}
+
+QString qxSceneFile::errorString() const
+{
+    return m_error;
+}
+
+QStringList qxSceneFile::warnings() const
+{
+    return m_warnings;
+}
+
+QByteArray qxSceneFile::variantsDocument() const
+{
+    return m_content->variants;
+}
+
+void qxSceneFile::setVariantsDocument(const QByteArray &document)
+{
+    m_content->variants = document;
+}
+
+qxSceneFileInfo qxSceneFile::info() const
+{
+    return m_content->info;
+}

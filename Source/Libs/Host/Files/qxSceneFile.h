@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <memory>
+
+/// What a scene file holds, for listings.
+struct qxSceneFileInfo {
+    QString version; ///< of glTF, as the file states it
+    QString generator; ///< the program that made the file
+    int scenes = 0;
+    int nodes = 0; ///< of all scenes
+    int meshes = 0;
+    long long triangles = 0; ///< of all meshes, each counted once
+    int materials = 0;
+    int textures = 0;
+    int cameras = 0;
+    int animations = 0;
+    QStringList extensionsUsed;
+    QStringList extensionsRequired;
+    QStringList extensionsNotUnderstood; ///< used ones whose data are kept, but not shown
+};
+
+/// Reads scenes from glTF 2.0 files (.gltf, .glb) into the host and writes them back.
+///
+/// Saving changes in the file what changed in the scene, and keeps everything else as it was, also
+/// what the host does not understand. Docs/SceneFiles.md tells what is read and written.
+class qxSceneFile {
+public:
+    /// A scene that has no file yet.
+    qxSceneFile();
+    qxSceneFile(const qxSceneFile &) = delete;
+    ~qxSceneFile();
+
+    /// Reads the scene of `path` and shows it: below the root of the scene, in the pools of
+    /// materials, viewpoints and clips. Clear the scene before (qxHost::clearScene). On failure
+    /// nothing is shown, and the object is as it was.
+    bool load(const QString &path);
+    /// Writes the scene as it is now; the suffix decides between .gltf and .glb. Files that the
+    /// scene needs are put beside it. On failure the old files are whole.
+    bool save(const QString &path);
+
+    /// Why the last load or save failed, with the path; empty when it did not.
+    QString errorString() const;
+    /// What the last load or save left out or put right.
+    QStringList warnings() const;
+
+    /// The variants document in the scene, UTF-8; empty when it has none.
+    QByteArray variantsDocument() const;
+    /// Saved with the scene from now on; an empty one is taken out.
+    void setVariantsDocument(const QByteArray &document);
+
+    /// What the file holds that was loaded last.
+    qxSceneFileInfo info() const;
+
+private:
+    struct Content;
+    std::unique_ptr<Content> m_content;
+    QString m_error;
+    QStringList m_warnings;
+};
