@@ -1,5 +1,8 @@
 #include "qxTrace.h"
 
+#include "qxVariantGroup.h"
+#include "qxVariantSet.h"
+#include "qxVariantTable.h"
 #include "qxVariants.h"
 
 #include "qxController.h"
@@ -11,27 +14,22 @@
 
 namespace {
 
-template <class List>
-void findAddress(const List &list, const void *address, const char *kind, QString &result)
-{
-    for (const auto *item : list) {
-        if (static_cast<const void *>(item) == address)
-            result = QStringLiteral("%1 \"%2\"").arg(QLatin1String(kind), item->name);
-    }
-}
-
 /// Says in words which object of the registry a message points to.
 QString objectText(const void *address)
 {
-    QString result = QStringLiteral("object");
-    findAddress(qxVariants::_nodeVariants, address, "node variant", result);
-    findAddress(qxVariants::_materialVariants, address, "material variant", result);
-    findAddress(qxVariants::_lightVariants, address, "light variant", result);
-    findAddress(qxVariants::_overlayVariants, address, "overlay variant", result);
-    findAddress(qxVariants::_transformVariants, address, "transform variant", result);
-    findAddress(qxVariants::_variantSets, address, "set", result);
-    findAddress(qxVariants::_variantGroups, address, "group", result);
-    return result;
+    for (const qxVariantRow &row : qxVariantTable::all()) {
+        if (row.variant == address)
+            return QStringLiteral("%1 variant \"%2\"").arg(QLatin1String(row.kind), row.variant->name);
+    }
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        if (set == address)
+            return QStringLiteral("set \"%1\"").arg(set->name);
+    }
+    for (const qxVariantGroup *group : qxVariants::_variantGroups) {
+        if (group == address)
+            return QStringLiteral("group \"%1\"").arg(group->name);
+    }
+    return QStringLiteral("object");
 }
 
 QString quoted(const std::string &text)
