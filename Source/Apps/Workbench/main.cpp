@@ -15,5 +15,5 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     // Numbers in texts and scripts have a decimal point wherever the program runs.
     setlocale(LC_NUMERIC, "C");
-    return qxCommands::run(application.arguments());
+    return qxCommands::dispatch(application.arguments());
 }

@@ -57,7 +57,7 @@ int runCommand(const qxCommand &command, const QStringList &arguments)
 
 } // namespace
 
-int qxCommands::run(const QStringList &arguments)
+int qxCommands::dispatch(const QStringList &arguments)
 {
     const QString name = arguments.value(1);
     if (name == QLatin1String("--help") || name == QLatin1String("-h")

@@ -35,7 +35,7 @@ extern const qxCommand create;
 extern const qxCommand document;
 
 /// Finds the command that `arguments` (with the program's name in front) ask for and runs it.
-int run(const QStringList &arguments);
+int dispatch(const QStringList &arguments);
 
 /// The options that several commands share.
 QCommandLineOption jsonOption();

@@ -1,3 +1,111 @@
+#include "qxVariantTable.h"
+#include "qxVariants.h"
+
+#include "qxAnimManager.h"
 #include "qxCommand.h"
 #include "qxOutput.h"
 #include "qxSession.h"
+#include "qxUberCameraPool.h"
+
+#include <QCommandLineParser>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+QList<QCommandLineOption> options()
+{
+    return {qxCommands::jsonOption(), qxCommands::traceOption()};
+}
+
+/// One fact about the scene: its key in JSON, its words for people, its value.
+struct Fact {
+    const char *key;
+    const char *words;
+    QJsonValue value;
+};
+
+QJsonArray viewpointNames()
+{
+    QJsonArray names;
+    for (int id = 0; id < qxUberCameraPool::the()->count(); ++id)
+        names += QString::fromStdString(qxUberCameraPool::the()->get(id)->name);
+    return names;
+}
+
+QJsonArray clipNames()
+{
+    QJsonArray names;
+    for (const std::string &name : qxAnimManager::the()->clips())
+        names += QString::fromStdString(name);
+    return names;
+}
+
+// A list, not a procedure.
+QList<Fact> facts(const qxSceneFileInfo &info)
+{
+    return {
+        {"version", "glTF version", info.version},
+        {"generator", "made by", info.generator},
+        {"scenes", "scenes", info.scenes},
+        {"nodes", "nodes", info.nodes},
+        {"meshes", "meshes", info.meshes},
+        {"triangles", "triangles", double(info.triangles)},
+        {"materials", "materials", info.materials},
+        {"textures", "textures", info.textures},
+        {"viewpoints", "viewpoints", viewpointNames()},
+        {"animations", "animations", clipNames()},
+        {"extensionsUsed", "extensions", QJsonArray::fromStringList(info.extensionsUsed)},
+        {"extensionsNotUnderstood", "of these kept, not shown",
+         QJsonArray::fromStringList(info.extensionsNotUnderstood)},
+        {"groups", "variant groups", int(qxVariants::_variantGroups.size())},
+        {"sets", "variant sets", int(qxVariants::_variantSets.size())},
+        {"variants", "variants", qxVariantTable::all().size()},
+    };
+}
+
+QString wordsFor(const QJsonValue &value)
+{
+    if (!value.isArray())
+        return value.toVariant().toString();
+    QStringList names;
+    for (const QJsonValue &name : value.toArray())
+        names += name.toString().isEmpty() ? QStringLiteral("(unnamed)") : name.toString();
+    return names.isEmpty() ? QStringLiteral("none") : names.join(QLatin1String(", "));
+}
+
+void printJson(const QList<Fact> &facts)
+{
+    QJsonObject object;
+    for (const Fact &fact : facts)
+        object.insert(QLatin1String(fact.key), fact.value);
+    qxOutput::json(object);
+}
+
+void printTable(const QList<Fact> &facts)
+{
+    QList<QStringList> rows;
+    for (const Fact &fact : facts) {
+        const QString words = wordsFor(fact.value);
+        if (!words.isEmpty())
+            rows += QStringList{QLatin1String(fact.words), words};
+    }
+    qxOutput::table(rows);
+}
+
+int run(const QCommandLineParser &parser)
+{
+    qxSession session(parser.isSet(QStringLiteral("trace")));
+    if (!session.open(parser.positionalArguments().first()))
+        return WorkFailed;
+    if (parser.isSet(QStringLiteral("json")))
+        printJson(facts(session.file().info()));
+    else
+        printTable(facts(session.file().info()));
+    return Success;
+}
+
+} // namespace
+
+const qxCommand qxCommands::info = {"info",  "FILE", "Shows what a scene file holds.", 1, 1,
+                                    options, run};

@@ -5,6 +5,7 @@
 #include "qxVariants.h"
 
 #include "qxLog.h"
+#include "qxMessage.h"
 #include "qxOutput.h"
 
 namespace {

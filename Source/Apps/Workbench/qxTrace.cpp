@@ -19,7 +19,8 @@ QString objectText(const void *address)
 {
     for (const qxVariantRow &row : qxVariantTable::all()) {
         if (row.variant == address)
-            return QStringLiteral("%1 variant \"%2\"").arg(QLatin1String(row.kind), row.variant->name);
+            return QStringLiteral("%1 variant \"%2\"")
+                .arg(QLatin1String(row.kind), row.variant->name);
     }
     for (const qxVariantSet *set : qxVariants::_variantSets) {
         if (set == address)
