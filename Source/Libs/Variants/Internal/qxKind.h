@@ -1,12 +1,8 @@
 #pragma once
 
 #include "Internal/qxDocumentNames.h"
+#include "Internal/qxFiveKinds.h"
 #include "Internal/qxNotify.h"
-#include "qxLightVariant.h"
-#include "qxMaterialVariant.h"
-#include "qxNodeVariant.h"
-#include "qxOverlayVariant.h"
-#include "qxTransformVariant.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
