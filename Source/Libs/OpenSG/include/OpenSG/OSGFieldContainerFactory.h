@@ -39,11 +39,12 @@ private:
 
     /// Containers by id. A page goes when its last container does.
     struct Page {
-        std::array<FieldContainer *, 1024> containers = {};
+        enum { Size = 1024 };
+        std::array<FieldContainer *, Size> containers = {};
         UInt32 used = 0;
     };
 
-    FieldContainerFactory() = default;
+    FieldContainerFactory();
     FieldContainerFactory(const FieldContainerFactory &) = delete;
 
     void registerType(FieldContainerType *type);

@@ -42,6 +42,8 @@ public:
     const std::set<MaterialPtr> &get() { return m_set; }
     void clear();
 
+    void changed(BitVector whichField, UInt32 origin) override;
+
     static const BitVector MaterialsFieldMask;
 
 protected:

@@ -1,0 +1,66 @@
+#include <OpenSG/OSGAction.h>
+
+namespace osg {
+
+namespace {
+
+/// The walk with both callbacks, or with enter alone.
+class Walk {
+public:
+    explicit Walk(const TraverseEnterFunctor &enter, const TraverseLeaveFunctor *leave = nullptr)
+        : m_enter(enter), m_leave(leave)
+    {
+    }
+
+    Action::ResultE visit(NodePtr node) const
+    {
+        Action::ResultE result = m_enter.call(node);
+        if (result == Action::Skip)
+            result = Action::Continue;
+        else if (result == Action::Continue && node)
+            result = visitChildren(*node);
+        return m_leave ? m_leave->call(node, result) : result;
+    }
+
+    Action::ResultE visitAll(const std::vector<NodePtr> &nodes) const
+    {
+        Action::ResultE result = Action::Continue;
+        for (size_t i = 0; i < nodes.size() && result != Action::Quit; ++i)
+            result = visit(nodes[i]);
+        return result;
+    }
+
+private:
+    Action::ResultE visitChildren(Node &node) const
+    {
+        return visitAll(node.getMFChildren()->getValues());
+    }
+
+    const TraverseEnterFunctor &m_enter;
+    const TraverseLeaveFunctor *m_leave;
+};
+
+} // namespace
+
+Action::ResultE traverse(NodePtr root, TraverseEnterFunctor enter)
+{
+    return Walk(enter).visit(root);
+}
+
+Action::ResultE traverse(NodePtr root, TraverseEnterFunctor enter, TraverseLeaveFunctor leave)
+{
+    return Walk(enter, &leave).visit(root);
+}
+
+Action::ResultE traverse(std::vector<NodePtr> &roots, TraverseEnterFunctor enter)
+{
+    return Walk(enter).visitAll(roots);
+}
+
+Action::ResultE traverse(std::vector<NodePtr> &roots, TraverseEnterFunctor enter,
+                         TraverseLeaveFunctor leave)
+{
+    return Walk(enter, &leave).visitAll(roots);
+}
+
+} // namespace osg

@@ -1,0 +1,91 @@
+#include <OpenSG/OSGAttachmentContainer.h>
+
+#include <OpenSG/OSGAttachment.h>
+
+#include "OSGWarning.h"
+
+namespace osg {
+
+OSG_FIELD_MASK(AttachmentContainer, Attachments)
+
+FieldDescription *AttachmentContainer::_desc[] = {
+    OSG_SF_DESC(AttachmentContainer, Attachments, "attachments", false)};
+
+FieldContainerType AttachmentContainer::_type("AttachmentContainer", "FieldContainer", NULL, NULL,
+                                              NULL, _desc, sizeof(_desc));
+
+OSG_ABSTR_FIELD_CONTAINER_DEF(AttachmentContainer, AttachmentContainerPtr)
+
+AttachmentContainerPtr::AttachmentContainerPtr(const AttachmentContainer *object) : FCPtr(object) {}
+
+AttachmentContainerPtr::AttachmentContainerPtr(const AttachmentContainer &object) : FCPtr(object) {}
+
+static UInt32 attachmentKey(UInt32 groupId, UInt16 binding)
+{
+    return groupId << 16 | binding;
+}
+
+AttachmentContainer::AttachmentContainer(const AttachmentContainer &other) : FieldContainer(other)
+{
+    for (const auto &[key, attachment] : other._sfAttachments.getValue())
+        addAttachment(attachment, UInt16(key));
+}
+
+AttachmentContainer::~AttachmentContainer()
+{
+    for (const auto &[key, attachment] : _sfAttachments.getValue()) {
+        attachment->subParent(FieldContainerPtr(this));
+        subRefCP(attachment);
+    }
+}
+
+void AttachmentContainer::addAttachment(const AttachmentPtr &attachment, UInt16 binding)
+{
+    if (!attachment)
+        return;
+    AttachmentPtr &place =
+        _sfAttachments.getValue()[attachmentKey(attachment->getGroupId(), binding)];
+    addRefCP(attachment);
+    attachment->addParent(FieldContainerPtr(this));
+    if (place)
+        place->subParent(FieldContainerPtr(this));
+    const AttachmentPtr old = place;
+    place = attachment;
+    subRefCP(old);
+}
+
+void AttachmentContainer::subAttachment(const AttachmentPtr &attachment, UInt16 binding)
+{
+    if (!attachment)
+        return;
+    AttachmentMap &attachments = _sfAttachments.getValue();
+    const auto found = attachments.find(attachmentKey(attachment->getGroupId(), binding));
+    if (found == attachments.end() || found->second != attachment) {
+        warn("AttachmentContainer::subAttachment: not an attachment of this container");
+        return;
+    }
+    attachment->subParent(FieldContainerPtr(this));
+    subRefCP(attachment);
+    attachments.erase(found);
+}
+
+AttachmentPtr AttachmentContainer::findAttachment(UInt32 groupId, UInt16 binding)
+{
+    const AttachmentMap &attachments = _sfAttachments.getValue();
+    const auto found = attachments.find(attachmentKey(groupId, binding));
+    return found == attachments.end() ? AttachmentPtr() : found->second;
+}
+
+AttachmentPtr AttachmentContainer::findAttachment(const FieldContainerType &type, UInt16 binding)
+{
+    return findAttachment(type.getGroupId(), binding);
+}
+
+void AttachmentContainer::dump(UInt32 indent, const BitVector) const
+{
+    dumpHeader(indent);
+    for (const auto &[key, attachment] : _sfAttachments.getValue())
+        attachment->dump(indent + 4);
+}
+
+} // namespace osg

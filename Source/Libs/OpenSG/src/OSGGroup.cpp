@@ -1,0 +1,9 @@
+#include <OpenSG/OSGGroup.h>
+
+namespace osg {
+
+FieldContainerType Group::_type("Group", "NodeCore", NULL, (PrototypeCreateF)&Group::createEmpty);
+
+OSG_FIELD_CONTAINER_DEF(Group, GroupPtr)
+
+} // namespace osg

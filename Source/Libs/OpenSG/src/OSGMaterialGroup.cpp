@@ -1,0 +1,31 @@
+#include <OpenSG/OSGMaterialGroup.h>
+
+#include <OpenSG/OSGMaterial.h>
+
+namespace osg {
+
+OSG_FIELD_MASK(MaterialGroupBase, Material)
+
+FieldDescription *MaterialGroup::_desc[] = {
+    OSG_SF_DESC(MaterialGroup, Material, "material", false)};
+
+FieldContainerType MaterialGroup::_type("MaterialGroup", "Group", NULL,
+                                        (PrototypeCreateF)&MaterialGroup::createEmpty, NULL, _desc,
+                                        sizeof(_desc));
+
+OSG_FIELD_CONTAINER_DEF(MaterialGroup, MaterialGroupPtr)
+
+MaterialGroup::~MaterialGroup()
+{
+    subRefCP(getMaterial());
+}
+
+void MaterialGroup::setMaterial(const MaterialPtr &material)
+{
+    const MaterialPtr added = material;
+    addRefCP(added);
+    subRefCP(getMaterial());
+    MaterialGroupBase::setMaterial(added);
+}
+
+} // namespace osg
