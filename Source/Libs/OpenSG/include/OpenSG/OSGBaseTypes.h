@@ -29,16 +29,16 @@ typedef UInt64 BitVector;
 /// Constants of a number type, for code that names the type by parameter.
 template <class ValueT>
 struct TypeTraits {
-    static const ValueT One = ValueT(1);
-    static const ValueT Zero = ValueT(0);
-    static const ValueT BitsClear = ValueT(0);
-    static const ValueT BitsSet = ValueT(~ValueT(0));
+    static constexpr ValueT One = ValueT(1);
+    static constexpr ValueT Zero = ValueT(0);
+    static constexpr ValueT BitsClear = ValueT(0);
+    static constexpr ValueT BitsSet = ValueT(~ValueT(0));
 };
 
 /// Field sets that mean the same for every container class.
 struct FieldBits {
-    static const BitVector NoField = 0;
-    static const BitVector AllFields = ~BitVector(0);
+    static constexpr BitVector NoField = 0;
+    static constexpr BitVector AllFields = ~BitVector(0);
 };
 
 /// Who caused a change; handed on to FieldContainer::changed().

@@ -17,7 +17,7 @@ class NodeCore : public AttachmentContainer {
 public:
     typedef NodeCorePtr Ptr;
     enum { ParentsFieldId = Inherited::NextFieldId, NextFieldId };
-    static const bool isNodeCore = true;
+    static constexpr bool isNodeCore = true;
 
     OSG_ABSTR_FIELD_CONTAINER_DECL(NodeCorePtr)
 
