@@ -9,9 +9,11 @@
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSimpleMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 #include <OpenSG/OSGThread.h>
 
+#include <algorithm>
 #include <random>
 
 namespace {
@@ -40,11 +42,45 @@ Nodes walkedUsers(const osg::MaterialPtr &material)
     return nodes;
 }
 
+/// The material and what it contains, behind those in `all`; each once.
+void appendWithContents(const osg::MaterialPtr &material, Materials &all)
+{
+    if (std::find(all.begin(), all.end(), material) != all.end())
+        return;
+    all.push_back(material);
+    const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
+    if (choices == osg::NullFC)
+        return;
+    for (const osg::MaterialPtr &contained : choices->getMaterials())
+        appendWithContents(contained, all);
+}
+
+/// The materials of that name as a walk through the whole pool finds them.
+Materials walked(const std::string &name)
+{
+    Materials pooled, all, found;
+    qxScenegraph::getMaterialPool()->get(pooled);
+    for (const osg::MaterialPtr &material : pooled)
+        appendWithContents(material, all);
+    for (const osg::MaterialPtr &material : all) {
+        if (qxMaterials::getName(material) == name)
+            found.push_back(material);
+    }
+    return found;
+}
+
 void setMaterial(const TestNode &node, const osg::MaterialPtr &material)
 {
     const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(node.core());
     const osg::CPEditor edit(geometry, osg::Geometry::MaterialFieldMask);
     geometry->setMaterial(material);
+}
+
+template <class Change>
+void editContents(const osg::SwitchMaterialPtr &choices, const Change &change)
+{
+    const osg::CPEditor edit(choices, osg::SwitchMaterial::MaterialsFieldMask);
+    change();
 }
 
 void removeFromPool(const osg::MaterialPtr &material)
@@ -132,6 +168,38 @@ TEST_F(MaterialsTest, NamesFollowAlsoWhenTheChangeListWasEmptiedOrStopped)
     EXPECT_TRUE(qxMaterials::findMaterial("Other") == osg::NullFC);
     EXPECT_EQ(qxMaterials::findMaterial("Another"), other.material());
     changes->setReadOnly(false);
+}
+
+TEST_F(MaterialsTest, NamesEqualThoseOfAWalkAfterRandomChanges)
+{
+    std::mt19937 random(11);
+    const auto anyName = [&] { return "M" + std::to_string(random() % 6); };
+    for (int step = 0; step < 1500; ++step) {
+        Materials pooled;
+        qxScenegraph::getMaterialPool()->get(pooled);
+        const osg::MaterialPtr any =
+            pooled.empty() ? scene.addMaterial("M0").material() : pooled[random() % pooled.size()];
+        const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(any);
+        const osg::MaterialPtr plain =
+            osg::SimpleMaterialPtr::dcast(qxMaterials::findMaterial("M1"));
+        const unsigned int action = random() % 7;
+        if (action == 0 || pooled.size() < 4)
+            scene.addMaterial(anyName());
+        else if (action == 1)
+            removeFromPool(any); // destroys it, and a later one may take its storage
+        else if (action == 2)
+            osg::setName(any, anyName());
+        else if (action == 3 && pooled.size() < 40)
+            scene.addSwitchMaterial(anyName(), {anyName(), anyName()});
+        else if (choices != osg::NullFC && action == 4)
+            editContents(choices, [&] { choices->addMaterial(plain); });
+        else if (choices != osg::NullFC && !choices->getMaterials().empty() && action == 5)
+            editContents(choices, [&] { choices->subMaterial(choices->getMaterials(0)); });
+        const std::string asked = anyName();
+        if (random() % 2 == 0)
+            continue;
+        ASSERT_EQ(qxMaterials::findMaterials(asked.c_str()), walked(asked)) << "step " << step;
+    }
 }
 
 TEST_F(MaterialsTest, AUniqueNameIsMadeOnDemand)

@@ -61,6 +61,12 @@ void qxMaterialNames::edited(osg::UInt32 id)
         m_poolEdited = true;
 }
 
+void qxMaterialNames::destroyed(osg::UInt32 id)
+{
+    if (m_byId.count(id) > 0)
+        m_destroyed.push_back(id);
+}
+
 std::vector<osg::MaterialPtr> qxMaterialNames::find(const std::string &name)
 {
     follow();
@@ -93,23 +99,31 @@ void qxMaterialNames::follow()
     // The count also tells of materials that were added or removed outside of an edit.
     if (!m_outdated && (m_poolEdited || m_pool->getCount() != m_pooled.size()))
         followPool();
+    // What the pool still seems to hold may be a new material in the storage of a destroyed one.
+    for (const osg::UInt32 id : m_destroyed)
+        m_outdated = m_outdated || m_byId.count(id) > 0;
+    m_destroyed.clear();
     if (m_outdated)
         read();
 }
 
-/// Materials that were only appended are read without the others.
+/// Keeps what still stands in the same order, forgets the others and appends what is behind it.
 void qxMaterialNames::followPool()
 {
     m_poolEdited = false;
     const std::vector<osg::MaterialPtr> now = contentsOf(m_pool);
-    if (now.size() < m_pooled.size()
-        || !std::equal(m_pooled.begin(), m_pooled.end(), now.begin())) {
-        m_outdated = true;
-        return;
+    std::size_t kept = 0;
+    for (const Pooled &pooled : m_pooled) {
+        if (kept < now.size() && now[kept] == pooled.material) {
+            m_pooled[kept++] = pooled;
+        } else if (!forget(pooled.index)) {
+            m_outdated = true;
+            return;
+        }
     }
-    for (std::size_t i = m_pooled.size(); i < now.size(); ++i)
-        add(now[i]);
-    m_pooled = now;
+    m_pooled.resize(kept);
+    for (; kept < now.size(); ++kept)
+        addToPool(now[kept]);
 }
 
 void qxMaterialNames::read()
@@ -117,21 +131,26 @@ void qxMaterialNames::read()
     m_known.clear();
     m_byId.clear();
     m_byName.clear();
-    m_pooled = contentsOf(m_pool);
-    for (const osg::MaterialPtr &material : m_pooled)
-        add(material);
+    m_pooled.clear();
+    for (const osg::MaterialPtr &material : contentsOf(m_pool))
+        addToPool(material);
     m_outdated = m_pool == osg::NullFC;
     m_poolEdited = false;
 }
 
-void qxMaterialNames::add(const osg::MaterialPtr &material)
+void qxMaterialNames::addToPool(const osg::MaterialPtr &material)
 {
-    if (material == osg::NullFC)
-        return;
+    m_pooled.push_back({material, add(material)});
+}
+
+/// The index of the material, which is known from now on with everything that it contains.
+std::size_t qxMaterialNames::add(const osg::MaterialPtr &material)
+{
     const std::size_t index = m_known.size();
     const osg::UInt32 id = material.getFieldContainerId();
-    if (!m_byId.emplace(id, index).second)
-        return;
+    const auto known = m_byId.emplace(id, index);
+    if (!known.second)
+        return known.first->second;
     const osg::UInt32 nameId = nameIdOf(material);
     if (nameId != 0)
         m_byId.emplace(nameId, index);
@@ -140,8 +159,26 @@ void qxMaterialNames::add(const osg::MaterialPtr &material)
         m_byName[name].push_back(index);
     const std::vector<osg::MaterialPtr> contents = contentsOf(material);
     m_known.push_back({material, id, nameId, name, contents});
-    for (const osg::MaterialPtr &contained : contents)
-        add(contained);
+    for (const osg::MaterialPtr &contained : contents) {
+        if (contained != osg::NullFC)
+            ++m_known[add(contained)].containers;
+    }
+    return index;
+}
+
+/// False when others depend on it: it is contained in one, or contains some. The material may be
+/// gone.
+bool qxMaterialNames::forget(std::size_t index)
+{
+    Known &known = m_known[index];
+    if (known.containers > 0 || !known.contents.empty())
+        return false;
+    m_byId.erase(known.id);
+    m_byId.erase(known.nameId);
+    std::vector<std::size_t> &namesakes = m_byName[known.name];
+    namesakes.erase(std::remove(namesakes.begin(), namesakes.end(), index), namesakes.end());
+    known = Known();
+    return true;
 }
 
 bool qxMaterialNames::isStill(const Known &known) const

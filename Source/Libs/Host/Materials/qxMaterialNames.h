@@ -14,6 +14,8 @@ public:
     void reset(const osg::MaterialPoolPtr &pool);
     /// Takes note that the object with that id was edited.
     void edited(osg::UInt32 id);
+    /// Takes note that the object with that id is gone.
+    void destroyed(osg::UInt32 id);
 
     /// The materials of that name, empty when there are none.
     std::vector<osg::MaterialPtr> find(const std::string &name);
@@ -28,20 +30,28 @@ private:
         osg::UInt32 nameId; ///< of the attachment that holds the name, 0 for none
         std::string name;
         std::vector<osg::MaterialPtr> contents;
+        int containers = 0; ///< how many others contain it
+    };
+    struct Pooled {
+        osg::MaterialPtr material;
+        std::size_t index; ///< in m_known
     };
 
     void follow();
     void followPool();
     void read();
-    void add(const osg::MaterialPtr &material);
+    std::size_t add(const osg::MaterialPtr &material);
+    void addToPool(const osg::MaterialPtr &material);
+    bool forget(std::size_t index);
     bool isStill(const Known &known) const;
     bool areStill(const std::vector<std::size_t> &found) const;
 
     osg::MaterialPoolPtr m_pool;
     bool m_outdated = true;
     bool m_poolEdited = false;
-    std::vector<osg::MaterialPtr> m_pooled; ///< the pool's contents when it was read
-    std::vector<Known> m_known;
+    std::vector<osg::UInt32> m_destroyed; ///< known ones that are gone
+    std::vector<Pooled> m_pooled; ///< the pool's contents when it was read
+    std::vector<Known> m_known; ///< in the order of look-ups; forgotten ones are null
     std::unordered_map<osg::UInt32, std::size_t>
         m_byId; ///< by the ids of materials and their names
     std::unordered_map<std::string, std::vector<std::size_t>> m_byName;

@@ -11,21 +11,19 @@
 
 namespace {
 
-bool canHaveMaterial(const osg::NodeCorePtr &core)
+/// Whether the core is of a class whose objects have a material, and which; it may be null.
+bool readMaterial(const osg::NodeCorePtr &core, osg::MaterialPtr &material)
 {
-    return core != osg::NullFC
-        && (core->getType().isDerivedFrom(osg::MaterialDrawable::getClassType())
-            || core->getType().isDerivedFrom(osg::MaterialGroup::getClassType()));
-}
-
-/// For cores that can have a material; null when they have none.
-osg::MaterialPtr materialOf(const osg::NodeCorePtr &core)
-{
-    const osg::MaterialGroupPtr group = osg::MaterialGroupPtr::dcast(core);
-    if (group != osg::NullFC)
-        return group->getMaterial();
-    const osg::MaterialDrawablePtr drawable = osg::MaterialDrawablePtr::dcast(core);
-    return drawable == osg::NullFC ? osg::MaterialPtr() : drawable->getMaterial();
+    if (core == osg::NullFC)
+        return false;
+    const osg::FieldContainerType &type = core->getType();
+    if (type.isDerivedFrom(osg::MaterialDrawable::getClassType()))
+        material = osg::MaterialDrawablePtr::dcast(core)->getMaterial();
+    else if (type.isDerivedFrom(osg::MaterialGroup::getClassType()))
+        material = osg::MaterialGroupPtr::dcast(core)->getMaterial();
+    else
+        return false;
+    return true;
 }
 
 } // namespace
@@ -37,16 +35,24 @@ void qxMaterialUsers::edited(osg::UInt32 id, osg::BitVector mask)
     const osg::FieldContainerPtr object = osg::FieldContainerFactory::the()->getContainer(id);
     const osg::BitVector structure =
         osg::Node::ParentFieldMask | osg::Node::ChildrenFieldMask | osg::Node::CoreFieldMask;
-    if (object == osg::NullFC || (object->getType().isNode() && (mask & structure)))
+    if (object == osg::NullFC)
+        return;
+    if (object->getType().isNode() && (mask & structure))
         m_outdated = true;
     else if (object->getType().isNodeCore())
         coreEdited(osg::NodeCorePtr::dcast(object));
 }
 
+void qxMaterialUsers::destroyed(osg::UInt32 id)
+{
+    if (m_placeOf.count(id) > 0)
+        m_outdated = true;
+}
+
 void qxMaterialUsers::coreEdited(const osg::NodeCorePtr &core)
 {
-    const osg::MaterialPtr material = canHaveMaterial(core) ? materialOf(core) : osg::MaterialPtr();
-    if (material == osg::NullFC)
+    osg::MaterialPtr material;
+    if (!readMaterial(core, material) || material == osg::NullFC)
         return;
     Places &places = m_users[material.getFieldContainerId()];
     for (const osg::NodePtr &node : core->getParents()) {
@@ -70,7 +76,8 @@ void qxMaterialUsers::find(std::vector<qxNodePtr> &nodes, const osg::MaterialPtr
         return;
     Places &places = users->second;
     const auto left = [&](std::uint32_t place) {
-        return materialOf(m_nodes[place]->getCore()) != material;
+        osg::MaterialPtr now;
+        return !readMaterial(m_nodes[place]->getCore(), now) || now != material;
     };
     places.erase(std::remove_if(places.begin(), places.end(), left), places.end());
     for (const std::uint32_t place : places)
@@ -83,13 +90,12 @@ void qxMaterialUsers::read()
     m_placeOf.clear();
     m_users.clear();
     qxWalkNodes(qxScenegraph::getRoot(), [this](const osg::NodePtr &node) {
-        const osg::NodeCorePtr core = node->getCore();
-        if (!canHaveMaterial(core))
+        osg::MaterialPtr material;
+        if (!readMaterial(node->getCore(), material))
             return true;
         const std::uint32_t place = std::uint32_t(m_nodes.size());
         m_nodes.push_back(node);
         m_placeOf.emplace(node.getFieldContainerId(), place);
-        const osg::MaterialPtr material = materialOf(core);
         if (material != osg::NullFC)
             m_users[material.getFieldContainerId()].push_back(place);
         return true;

@@ -15,6 +15,8 @@ public:
     void reset() { m_outdated = true; }
     /// Takes note that these fields of the object with that id were edited.
     void edited(osg::UInt32 id, osg::BitVector mask);
+    /// Takes note that the object with that id is gone.
+    void destroyed(osg::UInt32 id);
 
     /// Appends the nodes in scene order.
     void find(std::vector<qxNodePtr> &nodes, const osg::MaterialPtr &material);

@@ -29,6 +29,14 @@ public:
 private:
     MaterialIndex()
     {
+        m_follower.edited = [this](osg::UInt32 id, osg::BitVector mask) {
+            names.edited(id);
+            users.edited(id, mask);
+        };
+        m_follower.destroyed = [this](osg::UInt32 id) {
+            names.destroyed(id);
+            users.destroyed(id);
+        };
         qxModuleBus::addListener([this](qxMessage &message) {
             if (message.code() == qxModuleBase::MaterialsChanged)
                 reset();
@@ -48,11 +56,7 @@ private:
         const bool samePool = poolId == m_poolId;
         m_pool = pool;
         m_poolId = poolId;
-        const bool complete =
-            poolId != 0 && m_edits.read(pool, [this](osg::UInt32 id, osg::BitVector mask) {
-                names.edited(id);
-                users.edited(id, mask);
-            });
+        const bool complete = poolId != 0 && m_edits.read(pool, m_follower);
         if (!samePool || !complete)
             reset();
     }
@@ -60,6 +64,7 @@ private:
     osg::MaterialPoolPtr m_pool;
     osg::UInt32 m_poolId = 0; ///< tells a new pool in the storage of the old one
     qxEditReader m_edits;
+    qxEditReader::Follower m_follower;
 };
 
 } // namespace

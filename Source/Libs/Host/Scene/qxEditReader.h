@@ -3,6 +3,7 @@
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGFieldContainerPtr.h>
 
+#include <cstddef>
 #include <functional>
 
 /// Reads what was edited in the scene graph since it was read last, so that what was derived from
@@ -12,14 +13,19 @@
 /// its own at the end of the list: an entry for the given object whose mask names no field.
 class qxEditReader {
 public:
-    typedef std::function<void(osg::UInt32 id, osg::BitVector mask)> Visit;
+    /// Receives what happened: first each edit, in order, then each destruction.
+    struct Follower {
+        std::function<void(osg::UInt32 id, osg::BitVector mask)> edited;
+        std::function<void(osg::UInt32 id)> destroyed;
+    };
 
-    /// Calls `visit` for each edit since the last call, in order. False when edits may have been
+    /// Tells `follower` what happened since the last call. False when something may have been
     /// missed - the first time, after the list was emptied, or while it does not record.
-    bool read(const osg::FieldContainerPtr &marked, const Visit &visit);
+    bool read(const osg::FieldContainerPtr &marked, const Follower &follower);
 
 private:
     osg::ChangeList::ChangeEntry m_mark;
     osg::UInt32 m_serial = 0;
-    osg::UInt32 m_position = 0; ///< behind the mark; 0 before the first call
+    std::ptrdiff_t m_position = 0; ///< behind the mark; 0 before the first call
+    std::ptrdiff_t m_destroyed = 0; ///< how many destructions were seen
 };

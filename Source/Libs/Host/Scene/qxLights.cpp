@@ -6,9 +6,13 @@
 
 namespace {
 
+/// Looks at the type first, because a cast that fails is slow and most nodes are no lights.
 osg::UberLightPtr lightOf(const osg::NodePtr &node)
 {
-    return node == osg::NullFC ? osg::UberLightPtr() : osg::UberLightPtr::dcast(node->getCore());
+    const osg::NodeCorePtr core = node == osg::NullFC ? osg::NodeCorePtr() : node->getCore();
+    const bool isLight =
+        core != osg::NullFC && core->getType().isDerivedFrom(osg::UberLight::getClassType());
+    return isLight ? osg::UberLightPtr::dcast(core) : osg::UberLightPtr();
 }
 
 } // namespace
