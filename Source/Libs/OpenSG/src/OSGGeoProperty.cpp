@@ -1,5 +1,6 @@
-#include <OpenSG/OSGGeoPropertyTypes.h>
+#include <OpenSG/OSGGeoProperty.h>
 
+#include <OpenSG/OSGGeoPropertyTypes.h>
 #include <OpenSG/OSGGeometry.h>
 
 namespace osg {
