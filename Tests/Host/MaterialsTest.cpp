@@ -204,6 +204,22 @@ TEST_F(MaterialsTest, NamesEqualThoseOfAWalkAfterRandomChanges)
     }
 }
 
+TEST_F(MaterialsTest, AMaterialInTheStorageOfADestroyedOneIsAnotherOne)
+{
+    scene.addMaterial("Stays");
+    std::string old = "Paint";
+    for (int i = 0; i < 20; ++i) {
+        const TestMaterial material = scene.addMaterial(old);
+        EXPECT_EQ(qxMaterials::findMaterial(old.c_str()), material.material());
+        removeFromPool(material);
+        const std::string name = "Paint" + std::to_string(i);
+        const TestMaterial next = scene.addMaterial(name); // mostly at the same address
+        EXPECT_EQ(qxMaterials::findMaterial(name.c_str()), next.material());
+        EXPECT_TRUE(qxMaterials::findMaterial(old.c_str()) == osg::NullFC);
+        old = name + "b";
+    }
+}
+
 TEST_F(MaterialsTest, AUniqueNameIsMadeOnDemand)
 {
     scene.addMaterial("Paint");
