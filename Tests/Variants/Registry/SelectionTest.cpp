@@ -56,12 +56,12 @@ protected:
         host.clearScene();
     }
 
-    void useCamera(qxCameraService *camera)
+    void useCamera(qxCameraService *service)
     {
         qxKernelServiceFactory *const factory = qxKernelServiceFactory::the();
         if (!m_own)
             m_own = factory->getService<qxCameraService>();
-        factory->registerService<qxCameraService>(camera ? camera : m_own);
+        factory->registerService<qxCameraService>(service ? service : m_own);
     }
 
     /// Refers to a variant of each kind, each with the state that it does not have yet.

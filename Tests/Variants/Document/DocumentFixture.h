@@ -1,0 +1,24 @@
+#pragma once
+
+#include "qxVariantReader.h"
+#include "qxVariantWriter.h"
+#include "qxVariants.h"
+
+#include "HostFixture.h"
+
+typedef std::vector<std::string> Lines;
+
+/// The document one item per line, elements with sorted attributes: what is left when the order of
+/// attributes and the indentation do not count. An error stands in the last line.
+Lines itemsOf(const QByteArray &document);
+
+/// A test with an empty registry at its beginning and at its end.
+class DocumentFixture : public HostFixture {
+protected:
+    ~DocumentFixture() override { host.clearScene(); }
+
+    void read(const QByteArray &document) { qxVariantReader().read(document.constData()); }
+    /// Reads a document with this inside the root element.
+    void readInside(const QByteArray &content) { read("<Variants>" + content + "</Variants>"); }
+    QByteArray written() { return qxVariantWriter().write(); }
+};

@@ -1,0 +1,112 @@
+#include "qxVariantSet.h"
+
+#include "DocumentFixture.h"
+
+namespace {
+
+struct Malformed {
+    const char *name;
+    QByteArray document;
+    const char *error; ///< what we say of it; null for what the parser says
+};
+
+QByteArray nested(int depth)
+{
+    return QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
+}
+
+QByteArray entityBomb()
+{
+    QByteArray bomb = "<!DOCTYPE v [\n<!ENTITY e0 'xxxxxxxxxx'>\n";
+    for (int i = 1; i < 12; ++i) {
+        const QByteArray ten = ("&e" + QByteArray::number(i - 1) + ";").repeated(10);
+        bomb += "<!ENTITY e" + QByteArray::number(i) + " '" + ten + "'>\n";
+    }
+    return bomb + "]><Variants><VariantSet name='S' comment='&e11;'/></Variants>";
+}
+
+const Malformed malformed[] = {
+    {"Nothing", "", nullptr},
+    {"NoXml", "variants", nullptr},
+    {"Truncated", "<Variants><VariantSet name=\"New\"><Script>a</Scr", nullptr},
+    {"InATag", "<Variants><VariantSet name=\"New", nullptr},
+    {"InAComment", "<Variants><!-- ", nullptr},
+    {"InAType", "<!DOCTYPE variants [ <!ELEMENT", nullptr},
+    {"WrongEnd", "<Variants>\n <VariantSet name=\"New\">\n </Variants>", nullptr},
+    {"TwoRoots", "<Variants><VariantSet name=\"New\"/></Variants><Variants/>", nullptr},
+    {"NoQuotes", "<Variants><VariantSet name=New/></Variants>", nullptr},
+    {"LastCharacter", "<Variants><VariantSet name=\"New\xEF\xBF\xBF\"/></Variants>", nullptr},
+    {"OneTooDeep", nested(257), "elements are nested too deep\" at 1 769"},
+    {"AMillionDeep", nested(1000000), "elements are nested too deep\" at 1 769"},
+    {"DeepAndOpen", "<Variants>\n" + QByteArray("<a b='/>'>").repeated(1000000),
+     "elements are nested too deep\" at 2 2551"},
+    {"EntityBomb", entityBomb(), "entity declarations are not allowed\" at 2 1"},
+    {"ParameterEntity", "<!DOCTYPE v [<!-- ' --><?x ' ?><!ENTITY % p 'x'>]><Variants/>",
+     "entity declarations are not allowed\" at 1 32"},
+    {"HiddenMarkup", "<?xml version='1.0' encoding='UTF-7'?><Variants/>",
+     "the encoding is not supported\" at 1 1"},
+};
+
+/// Documents in which something looks like what is refused.
+const QByteArray harmless[] = {
+    nested(256),
+    "<!DOCTYPE v SYSTEM \"a'<!ENTITY\" [<!-- <!ENTITY --> <?x <!ENTITY ?> <!ELEMENT a ANY>]><V/>",
+    "<V>" + QByteArray("<!-- <a> -->").repeated(300) + "</V>",
+    "<V><![CDATA[" + QByteArray("<a>").repeated(300) + "<!ENTITY]]></V>",
+    "<V><?x " + QByteArray("<a>").repeated(300) + "?></V>",
+    "<V>" + QByteArray("<a b='/' c=\"'>\"/>").repeated(300) + "</V>",
+    "<V>" + QByteArray("<a b='>'></a >").repeated(300) + "</V>",
+    "\xEF\xBB\xBF<?xml version='1.0' encoding='utf-8'?><V/>",
+    "<?xml version='1.0' encoding='ISO-8859-15'?><V/>",
+    "<?xml version='1.0' encoding='no such'?><V/>",
+    "<V>" + QByteArray("\xFF\xC3\x28", 3).repeated(300) + "</V>",
+    "<V a=\"" + QByteArray(5000000, 'x') + "\"/>",
+};
+
+class MalformedTest : public DocumentFixture, public testing::WithParamInterface<Malformed> {
+protected:
+    /// The line for an error that the parser finds.
+    static std::string parserError(const QByteArray &bytes)
+    {
+        QString message;
+        int line = 0;
+        int column = 0;
+        EXPECT_FALSE(QDomDocument().setContent(bytes, &message, &line, &column));
+        return message.toStdString() + "\" at " + std::to_string(line) + " "
+            + std::to_string(column);
+    }
+};
+
+typedef DocumentFixture HarmlessTest;
+
+} // namespace
+
+TEST_P(MalformedTest, IsReportedAndChangesNothing)
+{
+    qxVariants::createVariantSet("Known", false, nullptr);
+    const Malformed &each = GetParam();
+    expectError("Error loading variants: \""
+                + (each.error ? each.error : parserError(each.document)));
+    read(each.document);
+    EXPECT_TRUE(notifications.entries().empty());
+    EXPECT_EQ(qxVariants::_variantSets.size(), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(, MalformedTest, testing::ValuesIn(malformed),
+                         [](const auto &row) { return row.param.name; });
+
+TEST_F(HarmlessTest, WhatOnlyLooksDangerousIsRead)
+{
+    for (const QByteArray &document : harmless) {
+        notifications.clear();
+        read(document);
+        EXPECT_EQ(notifications.entries().size(), 7u) << document.left(200).constData();
+    }
+}
+
+TEST_F(HarmlessTest, TextEndsAtANul)
+{
+    const char document[] = "<Variants><VariantSet name=\"S\"/></Variants>\0<not read";
+    read(QByteArray(document, sizeof(document)));
+    EXPECT_TRUE(qxVariants::findVariantSet("S"));
+}
