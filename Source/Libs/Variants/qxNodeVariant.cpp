@@ -42,8 +42,8 @@ private:
     void applySwitch(const osg::NodePtr &node, const osg::SwitchPtr &core, qxMessage &message);
     /// The switch's choice that the state asks for; none when no child has that name.
     std::optional<osg::Int32> choiceFor(const osg::NodePtr &node, const osg::SwitchPtr &core) const;
-    /// False when the core was met before; clones share one core.
-    bool isFirstVisit(const osg::NodeCorePtr &core) { return m_handled.insert(core).second; }
+    /// False when the core was met before: clones share one core.
+    bool isFirstVisit(const osg::NodeCorePtr &core);
 
     qxNodeVariant &m_variant;
     const QString m_state;
@@ -71,6 +71,12 @@ void Selection::apply(const osg::NodePtr &node)
     const auto switchCore = osg::SwitchPtr::dcast(core);
     if (switchCore != osg::NullFC)
         applySwitch(node, switchCore, message);
+}
+
+bool Selection::isFirstVisit(const osg::NodeCorePtr &core)
+{
+    const bool shared = core->getParents().size() > 1;
+    return !shared || m_handled.insert(core).second;
 }
 
 void Selection::applyVisibility(const osg::NodePtr &node, qxMessage &message)

@@ -7,10 +7,17 @@
 /// Texts at the boundary: QString inside the module, UTF-8 at the host and in scripts.
 namespace qxText {
 
+/// Every selection converts names, most of them plain ASCII: those take one allocation at most.
 inline std::string toUtf8(const QString &text)
 {
-    const QByteArray bytes = text.toUtf8();
-    return std::string(bytes.constData(), std::size_t(bytes.size()));
+    std::string utf8;
+    utf8.reserve(std::size_t(text.size()));
+    for (const QChar character : text) {
+        if (character.unicode() > 0x7F)
+            return text.toStdString();
+        utf8.push_back(char(character.unicode()));
+    }
+    return utf8;
 }
 
 inline QString fromUtf8(const std::string &text)
