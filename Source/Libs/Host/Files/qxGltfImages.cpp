@@ -29,6 +29,8 @@ QImage decoded(QByteArray bytes)
 {
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer);
+    if (reader.format() != "png" && reader.format() != "jpeg")
+        throw qxGltfError("it is neither PNG nor JPEG");
     const QSize size = reader.size();
     if (size.width() > _maxSide || size.height() > _maxSide)
         throw qxGltfError("it is too large");

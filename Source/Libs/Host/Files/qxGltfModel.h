@@ -1,10 +1,9 @@
 #pragma once
 
 #include "Files/qxGltfDocument.h"
+#include "Files/qxTinyGltf.h"
 
 #include <QStringList>
-
-#include <tiny_gltf.h>
 
 #include <vector>
 

@@ -1,8 +1,8 @@
 #include "Files/qxGltfTransforms.h"
 
-#include <OpenSG/OSGTransform.h>
+#include "Files/qxTinyGltf.h"
 
-#include <tiny_gltf.h>
+#include <OpenSG/OSGTransform.h>
 
 #include <algorithm>
 

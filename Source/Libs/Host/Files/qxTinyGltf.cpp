@@ -1,6 +1,3 @@
-// The one place where the body of the header-only reader is compiled. Pictures are decoded
-// elsewhere.
+// The one place where the body of the header-only reader is compiled.
 #define TINYGLTF_IMPLEMENTATION
-#define TINYGLTF_NO_STB_IMAGE
-#define TINYGLTF_NO_STB_IMAGE_WRITE
-#include <tiny_gltf.h>
+#include "Files/qxTinyGltf.h"

@@ -5,6 +5,7 @@
 #include "OSGWarning.h"
 
 #include <functional>
+#include <vector>
 
 namespace osg {
 
@@ -42,10 +43,19 @@ Node::Node(const Node &other)
 Node::~Node()
 {
     leaveCore();
-    MFNodePtr children;
-    children.getValues().swap(_mfChildren.getValues());
-    for (const NodePtr &child : children) {
+    // Descendants that end with this node end one after the other, not one inside the other: a
+    // chain of nodes may be of any length.
+    std::vector<NodePtr> open(_mfChildren.rbegin(), _mfChildren.rend());
+    _mfChildren.clear();
+    while (!open.empty()) {
+        const NodePtr child = open.back();
+        open.pop_back();
         child->setParent(NullFC);
+        if (child.getRefCount() == 1) {
+            MFNodePtr &below = child->_mfChildren;
+            open.insert(open.end(), below.rbegin(), below.rend());
+            below.clear();
+        }
         subRefCP(child);
     }
 }

@@ -1,0 +1,221 @@
+#include "Files/SceneFileFixture.h"
+#include "Materials/qxSurface.h"
+#include "qxMaterials.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSimpleTexturedMaterial.h>
+#include <OpenSG/OSGTriangleIterator.h>
+
+#include <cmath>
+
+class SceneFileMeshTest : public SceneFileFixture {
+protected:
+    osg::GeometryPtr geometryOf(const TestNode &node) const
+    {
+        const unsigned int last = node.node()->getNChildren() - 1;
+        return osg::GeometryPtr::dcast(node.child(last).core());
+    }
+    /// Loads the scene and returns its one geometry.
+    osg::GeometryPtr loadGeometry(const MeshText &mesh)
+    {
+        load(write("mesh.gltf", mesh.scene()));
+        return geometryOf(find("Part"));
+    }
+    static int trianglesOf(const osg::GeometryPtr &geometry)
+    {
+        int count = 0;
+        for (auto i = geometry->beginTriangles(); i != geometry->endTriangles(); ++i)
+            ++count;
+        return count;
+    }
+    osg::SimpleMaterialPtr material(const char *name) const
+    {
+        return osg::SimpleMaterialPtr::dcast(qxMaterials::findMaterial(name));
+    }
+
+    const std::vector<float> square{0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0};
+};
+
+TEST_F(SceneFileMeshTest, AnIndexedTriangleListWithAllItsAttributes)
+{
+    MeshText mesh;
+    mesh.primitive["attributes"]["POSITION"] = mesh.addPositions(square);
+    mesh.primitive["attributes"]["TEXCOORD_0"] =
+        mesh.add<float>("VEC2", 5126, {0, 0, 1, 0, 1, 0.25f, 0, 1}, 2);
+    mesh.primitive["attributes"]["NORMAL"] =
+        mesh.add<float>("VEC3", 5126, {0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1, 0}, 3);
+    mesh.primitive["indices"] = mesh.add<std::uint16_t>("SCALAR", 5123, {0, 1, 2, 0, 2, 3}, 1);
+    const osg::GeometryPtr geometry = loadGeometry(mesh);
+
+    EXPECT_STREQ(osg::getName(geometry), "Shape");
+    EXPECT_EQ(trianglesOf(geometry), 2);
+    EXPECT_EQ(file.info().triangles, 2);
+    EXPECT_EQ(geometry->getPositions()->getValue(2), osg::Pnt3f(1, 1, 0));
+    EXPECT_EQ(geometry->getNormals()->getValue(2), osg::Vec3f(0, 1, 0));
+    // Pictures begin with the bottom row.
+    EXPECT_EQ(geometry->getTexCoords()->getValue(2), osg::Vec2f(1, 0.75f));
+}
+
+TEST_F(SceneFileMeshTest, EveryModeShowsItsTrianglesAndMissingNormalsAreComputed)
+{
+    const int expected[] = {0, 0, 0, 0, 1, 2, 2};
+    for (int mode = 0; mode < 7; ++mode) {
+        MeshText mesh;
+        mesh.primitive["attributes"]["POSITION"] = mesh.addPositions(square);
+        mesh.primitive["mode"] = mode;
+        const osg::GeometryPtr geometry = loadGeometry(mesh);
+        EXPECT_EQ(trianglesOf(geometry), expected[mode]) << mode;
+        EXPECT_EQ(file.info().triangles, expected[mode]) << mode;
+        EXPECT_EQ(geometry->getTypes()->getValue(0), osg::UInt32(mode));
+        if (mode < 4)
+            continue;
+        EXPECT_NEAR(std::fabs(geometry->getNormals()->getValue(0)[2]), 1, 1e-5) << mode;
+    }
+}
+
+TEST_F(SceneFileMeshTest, QuantisedAndInterleavedValuesAreTheNumbersTheyStandFor)
+{
+    // Positions as bytes from 0 to 1, four bytes apart, the fourth belongs to nobody.
+    const QByteArray bytes = QByteArray::fromHex("00ff00aa7f0000aaff0000aa");
+    MeshText mesh;
+    mesh.primitive["attributes"]["POSITION"] = mesh.addBytes("VEC3", 5121, bytes, 3);
+    mesh.accessors[0]["normalized"] = true;
+    mesh.views[0]["byteStride"] = 4;
+    // Normals as signed bytes: -128 and -127 both stand for -1.
+    mesh.primitive["attributes"]["NORMAL"] =
+        mesh.addBytes("VEC3", 5120, QByteArray::fromHex("800000aa810000aa7f0000aa"), 3);
+    mesh.accessors[1]["normalized"] = true;
+    mesh.views[1]["byteStride"] = 4;
+    const osg::GeometryPtr geometry = loadGeometry(mesh);
+
+    EXPECT_EQ(geometry->getPositions()->getValue(0), osg::Pnt3f(0, 1, 0));
+    EXPECT_NEAR(geometry->getPositions()->getValue(1)[0], 127.0 / 255.0, 1e-6);
+    EXPECT_EQ(geometry->getNormals()->getValue(0), osg::Vec3f(-1, 0, 0));
+    EXPECT_EQ(geometry->getNormals()->getValue(1), osg::Vec3f(-1, 0, 0));
+    EXPECT_EQ(geometry->getNormals()->getValue(2), osg::Vec3f(1, 0, 0));
+}
+
+TEST_F(SceneFileMeshTest, SparseValuesReplaceOthersAndMissingDataAreZeros)
+{
+    MeshText mesh;
+    const int indices = mesh.add<std::uint8_t>("SCALAR", 5121, {1}, 1);
+    const int values = mesh.addPositions({7, 8, 9});
+    const int base = mesh.addPositions({1, 1, 1, 2, 2, 2, 3, 3, 3});
+    mesh.accessors[std::size_t(base)]["sparse"] = {
+        {"count", 1},
+        {"indices", {{"bufferView", indices}, {"componentType", 5121}}},
+        {"values", {{"bufferView", values}}}};
+    mesh.primitive["attributes"]["POSITION"] = base;
+    mesh.primitive["attributes"]["NORMAL"] = mesh.addPositions({0, 0, 1, 0, 0, 1, 0, 0, 1});
+    osg::GeometryPtr geometry = loadGeometry(mesh);
+    EXPECT_EQ(geometry->getPositions()->getValue(0), osg::Pnt3f(1, 1, 1));
+    EXPECT_EQ(geometry->getPositions()->getValue(1), osg::Pnt3f(7, 8, 9));
+
+    mesh.accessors[std::size_t(base)].erase("bufferView");
+    geometry = loadGeometry(mesh);
+    EXPECT_EQ(geometry->getPositions()->getValue(0), osg::Pnt3f(0, 0, 0));
+    EXPECT_EQ(geometry->getPositions()->getValue(1), osg::Pnt3f(7, 8, 9));
+}
+
+TEST_F(SceneFileMeshTest, PartsStandBehindTheChildrenAndNodesOfOneMeshShareThem)
+{
+    MeshText mesh;
+    mesh.primitive["attributes"]["POSITION"] = mesh.addPositions(square);
+    qxJson json = mesh.scene();
+    json["meshes"][0]["primitives"].push_back(mesh.primitive);
+    json["nodes"][0]["children"] = qxJson::array({1});
+    json["nodes"].push_back({{"name", "Twin"}, {"mesh", 0}});
+    load(write("shared.gltf", json));
+
+    const TestNode part = find("Part");
+    ASSERT_EQ(part.node()->getNChildren(), 3u);
+    EXPECT_EQ(part.child(0).name(), "Twin");
+    EXPECT_EQ(osg::getName(part.child(1).node()), nullptr);
+    EXPECT_EQ(part.child(1).core(), find("Twin").child(0).core());
+    EXPECT_EQ(part.child(2).core(), find("Twin").child(1).core());
+    EXPECT_NE(part.child(1).core(), part.child(2).core());
+}
+
+TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
+{
+    MeshText mesh;
+    mesh.primitive["attributes"]["POSITION"] = mesh.addPositions(square);
+    mesh.primitive["material"] = 0;
+    qxJson json = mesh.scene();
+    json["materials"] = qxJson::parse(R"([
+        {"name": "Glass", "alphaMode": "BLEND", "doubleSided": true, "emissiveFactor": [0, 0, 0.5],
+         "pbrMetallicRoughness": {"baseColorFactor": [0.25, 0.5, 1, 0.25], "metallicFactor": 0,
+                                  "roughnessFactor": 0.125}},
+        {"name": "Leaf", "alphaMode": "MASK", "alphaCutoff": 0.75,
+         "extensions": {"KHR_materials_unlit": {}}}])");
+    load(write("materials.gltf", json));
+
+    const osg::SimpleMaterialPtr glass = material("Glass");
+    EXPECT_EQ(geometryOf(find("Part"))->getMaterial(), glass);
+    EXPECT_EQ(glass->getDiffuse(), osg::Color3f(0.25f, 0.5f, 1));
+    EXPECT_EQ(glass->getEmission(), osg::Color3f(0, 0, 0.5f));
+    EXPECT_EQ(glass->getTransparency(), 0.75f);
+    const qxSurface surface = qxSurface::of(glass);
+    EXPECT_EQ(surface.metallic, 0);
+    EXPECT_EQ(surface.roughness, 0.125f);
+    EXPECT_TRUE(surface.doubleSided);
+    EXPECT_EQ(surface.alphaMode, qxSurface::Blend);
+    const qxSurface leaf = qxSurface::of(material("Leaf"));
+    EXPECT_EQ(leaf.alphaCutoff, 0.75f);
+    EXPECT_EQ(leaf.alphaMode, qxSurface::Mask);
+    EXPECT_TRUE(leaf.unlit);
+    EXPECT_FALSE(surface.unlit);
+}
+
+TEST_F(SceneFileMeshTest, PicturesAreDecodedOnceAndBeginWithTheirBottomRow)
+{
+    // One pixel wide, red above blue.
+    const char *const png = "iVBORw0KGgoAAAANSUhEUgAAAAEAAAACCAIAAAAW4yFwAAAADUlEQVR4nGP4zwAC/wEIAA"
+                            "H/2ZC7NQAAAABJRU5ErkJggg==";
+    qxJson json = qxJson::parse(R"({"asset": {"version": "2.0"},
+        "textures": [{"source": 0}, {"source": 0}, {"source": 1}],
+        "images": [{}, {"name": "Lost", "uri": "lost.png"}]})");
+    json["images"][0]["uri"] = std::string("data:image/png;base64,") + png;
+    for (int texture = 0; texture < 3; ++texture) {
+        json["materials"].push_back(
+            {{"name", "M" + std::to_string(texture)},
+             {"pbrMetallicRoughness", {{"baseColorTexture", {{"index", texture}}}}}});
+    }
+    load(write("pictures.gltf", json));
+
+    const auto image = [this](const char *name) {
+        return osg::SimpleTexturedMaterialPtr::dcast(material(name))->getImage();
+    };
+    ASSERT_NE(image("M0"), osg::NullFC);
+    EXPECT_EQ(image("M0"), image("M1"));
+    EXPECT_EQ(image("M0")->getHeight(), 2);
+    EXPECT_EQ(image("M0")->getData()[2], 255) << "blue below";
+    EXPECT_EQ(image("M0")->getData()[4], 255) << "red above";
+    EXPECT_EQ(osg::SimpleTexturedMaterialPtr::dcast(material("M2")), osg::NullFC);
+    ASSERT_EQ(file.warnings().size(), 1);
+    EXPECT_TRUE(file.warnings()[0].startsWith("image 1 \"Lost\" is left out: \"lost.png\""));
+}
+
+TEST_F(SceneFileMeshTest, TenThousandPrimitivesOverOneBufferViewStayLinear)
+{
+    MeshText mesh;
+    std::vector<float> many(3 * 30000, 0.5f);
+    mesh.primitive["attributes"]["POSITION"] = mesh.addPositions(many);
+    qxJson json = mesh.scene();
+    json["meshes"][0]["primitives"] = qxJson::array();
+    for (int i = 0; i < 10000; ++i) {
+        json["accessors"].push_back({{"bufferView", 0},
+                                     {"byteOffset", 36 * i},
+                                     {"componentType", 5126},
+                                     {"count", 3},
+                                     {"type", "VEC3"}});
+        json["meshes"][0]["primitives"].push_back({{"attributes", {{"POSITION", i + 1}}}});
+    }
+    load(write("many.gltf", json));
+
+    EXPECT_EQ(find("Part").node()->getNChildren(), 10000u);
+    EXPECT_EQ(file.info().triangles, 10000);
+}
