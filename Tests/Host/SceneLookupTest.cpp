@@ -109,11 +109,13 @@ TEST_F(SceneLookupTest, TheCacheIsASnapshotUntilItIsClearedOrTheSceneIs)
 TEST_F(SceneLookupTest, ADeepSceneDoesNotExhaustTheStack)
 {
     osg::NodePtr parent = scene.root();
-    for (int i = 0; i < 5000; ++i)
+    for (int i = 0; i < 100000; ++i)
         parent = scene.add("Level", parent);
-    EXPECT_EQ(qxScenegraph::findNodes("Level").size(), 5000u);
+    EXPECT_EQ(qxScenegraph::findNodes("Level").size(), 100000u);
     EXPECT_EQ(cached("Level").back(), parent);
-    EXPECT_EQ(qxNodeUtils::getSubTreeNodes(scene.root()).size(), 5001u);
+    EXPECT_EQ(qxNodeUtils::getSubTreeNodes(scene.root()).size(), 100001u);
+    host.clearScene();
+    EXPECT_TRUE(qxScenegraph::findNodes("Level").empty());
 }
 
 TEST_F(SceneLookupTest, ShowingNodesShowsTheirAncestorsButNotTheirNeighbours)

@@ -5,6 +5,9 @@
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
+#include <utility>
+#include <vector>
+
 namespace {
 
 qxScene *currentScene = nullptr;
@@ -17,8 +20,31 @@ osg::NodePtr makeRoot(const char *name)
     return node;
 }
 
+/// Takes a tree apart wherever it is another thousand levels deep: a node destroys its children
+/// within its own destruction, and a scene may be deeper than the stack.
+void cutDeepTree(const osg::NodePtr &top)
+{
+    const int levels = 1000;
+    std::vector<std::pair<osg::NodePtr, int>> open = {{top, 0}};
+    std::vector<osg::NodePtr> cuts;
+    while (!open.empty()) {
+        const std::pair<osg::NodePtr, int> next = open.back();
+        open.pop_back();
+        if (next.second > 0 && next.second % levels == 0)
+            cuts.push_back(next.first);
+        for (const osg::NodePtr &child : *next.first->getMFChildren())
+            open.push_back({child, next.second + 1});
+    }
+    for (auto cut = cuts.rbegin(); cut != cuts.rend(); ++cut) { // deeper ones were found later
+        const osg::NodePtr parent = (*cut)->getParent();
+        const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
+        parent->subChild(*cut);
+    }
+}
+
 void removeChildren(const osg::NodePtr &node)
 {
+    cutDeepTree(node);
     const osg::CPEditor edit(node, osg::Node::ChildrenFieldMask);
     while (node->getNChildren() > 0)
         node->subChild(node->getNChildren() - 1);
