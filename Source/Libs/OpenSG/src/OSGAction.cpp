@@ -12,9 +12,11 @@ public:
     {
     }
 
+    // By value: callbacks may write to their variable.
     Action::ResultE visit(NodePtr node) const
     {
         Action::ResultE result = m_enter.call(node);
+        // Skip is about the children only; for all others the walk goes on.
         if (result == Action::Skip)
             result = Action::Continue;
         else if (result == Action::Continue && node)

@@ -20,6 +20,7 @@ AttachmentContainerPtr::AttachmentContainerPtr(const AttachmentContainer *object
 
 AttachmentContainerPtr::AttachmentContainerPtr(const AttachmentContainer &object) : FCPtr(object) {}
 
+// Group and binding as one number, which the map is ordered by.
 static UInt32 attachmentKey(UInt32 groupId, UInt16 binding)
 {
     return groupId << 16 | binding;
@@ -45,6 +46,7 @@ void AttachmentContainer::addAttachment(const AttachmentPtr &attachment, UInt16 
         return;
     AttachmentPtr &place =
         _sfAttachments.getValue()[attachmentKey(attachment->getGroupId(), binding)];
+    // Reference before release, for the case that both are the same.
     addRefCP(attachment);
     attachment->addParent(FieldContainerPtr(this));
     if (place)

@@ -15,6 +15,7 @@ bool osgInit(Int32, Char8 **)
     if (started)
         return true;
     started = true;
+    // Prototypes go before the statics of libraries that were loaded earlier.
     std::atexit([] { osgExit(); });
     // Takes over the default for recording as it is now, and starts with nothing recorded.
     *Thread::getCurrentChangeList() = ChangeList();

@@ -78,6 +78,7 @@ void ChangeList::dump() const
 
 ChangeList *Thread::getCurrentChangeList()
 {
+    // Made at the first use, which comes before any container.
     static ChangeList list;
     return &list;
 }

@@ -31,6 +31,7 @@ bool ChunkMaterial::addChunk(StateChunkPtr chunk, Int32 slot)
 bool ChunkMaterial::subChunk(StateChunkPtr chunk, Int32 slot)
 {
     for (UInt32 i = 0; i < _mfChunks.getSize(); ++i) {
+        // Slots are told apart: a chunk may be there several times.
         if (_mfChunks[i] != chunk || _mfSlots[i] != slot)
             continue;
         _mfChunks.erase(_mfChunks.begin() + i);
@@ -73,6 +74,7 @@ StatePtr ChunkMaterial::makeState()
 
 void ChunkMaterial::rebuildState()
 {
+    // Only a state that somebody has asked for is kept up to date.
     if (!_pState)
         return;
     _pState->clearChunks();

@@ -66,6 +66,7 @@ FieldContainerPtr Cloner::clone(const FieldContainerPtr &original) const
         copyField(*type.getFieldDescription(id), *original, *copy);
     copyAttachments(dynamic_cast<AttachmentContainer *>(original.getCPtr()),
                     dynamic_cast<AttachmentContainer *>(copy.getCPtr()));
+    // Lets the copy derive what it keeps beside its fields.
     endEditCP(copy);
     return copy;
 }
@@ -90,6 +91,7 @@ void Cloner::copyField(const FieldDescription &description, FieldContainer &from
         if (isCounted && !contained->getType().isNode())
             addRefCP(contained);
         const AttachmentPtr property = AttachmentPtr::dcast(contained);
+        // Arrays tell their geometry when they are edited.
         if (property && dynamic_cast<Geometry *>(&to))
             property->addParent(FieldContainerPtr(to));
     }

@@ -28,6 +28,7 @@ void ComponentTransform::changed(BitVector whichField, UInt32 origin)
     if (whichField & parts) {
         getMatrix().setTransform(getTranslation(), getRotation(), getScale(), getScaleOrientation(),
                                  getCenter());
+        // An edit of its own, so that the matrix is recorded too.
         endEditCP(ComponentTransformPtr(this), MatrixFieldMask, origin);
     }
     Inherited::changed(whichField, origin);

@@ -22,6 +22,7 @@ FieldContainerFactory::FieldContainerFactory()
 
 bool FieldContainerFactory::initializePendingTypes()
 {
+    // First all parents and fields, then objects: a prototype may be of any type.
     bool complete = true;
     for (FieldContainerType *type : m_types)
         complete = type->link() && complete;
@@ -79,6 +80,7 @@ AttachmentPtr FieldContainerFactory::createAttachment(const Char8 *typeName) con
 void FieldContainerFactory::registerType(FieldContainerType *type)
 {
     m_types.push_back(type);
+    // Of two types with one name the first is found.
     m_typesByName.emplace(type->getCName(), type);
 }
 
@@ -112,6 +114,7 @@ void FieldContainerFactory::unregisterContainer(UInt32 id)
 {
     std::unique_ptr<Page> &page = m_pages[id / Page::Size];
     page->containers[id % Page::Size] = nullptr;
+    // Ids are not used again, so an empty page never fills up.
     if (--page->used == 0)
         page.reset();
 }

@@ -5,6 +5,7 @@
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGThread.h>
 
+#include <limits>
 #include <ostream>
 
 namespace osg {
@@ -51,8 +52,8 @@ void subRefCP(const FieldContainerPtrBase &object)
     if (--container->m_refCount > 0)
         return;
     object.m_object = nullptr;
-    // Whoever takes and releases a reference while the object goes must not destroy it again.
-    container->m_refCount = 1;
+    // What refers to the object while it goes, itself included, must not destroy it again.
+    container->m_refCount = std::numeric_limits<Int32>::max() / 2;
     delete container;
 }
 
@@ -66,6 +67,7 @@ void setRefdCP(FieldContainerPtrBase &target, const FieldContainerPtrBase &value
 {
     if (target == value)
         return;
+    // By id, because the object may be gone before its pointer is looked at again.
     const UInt32 id = value ? value.getFieldContainerId() : 0;
     subRefCP(target);
     if (id != 0 && !FieldContainerFactory::the()->getContainer(id))

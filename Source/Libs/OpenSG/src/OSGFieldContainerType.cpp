@@ -25,6 +25,7 @@ FieldContainerType::FieldContainerType(const Char8 *name, const Char8 *parentNam
 
 FieldContainerType::~FieldContainerType()
 {
+    // The prototype's code goes with the library that the type is in.
     dropPrototype();
     FieldContainerFactory::the()->unregisterType(this);
     for (UInt32 i = 0; i < m_ownDescCount; ++i)
@@ -71,6 +72,7 @@ bool FieldContainerType::link()
         m_parent = parent;
         m_descs = parent->m_descs;
     }
+    // Ids count on from the parent's.
     m_descs.insert(m_descs.end(), m_ownDescs, m_ownDescs + m_ownDescCount);
     m_linked = true;
     return true;

@@ -62,6 +62,7 @@ void setNormals(const GeometryPtr &geometry, const std::vector<Vec3f> &normals)
 void indexNormalsByVertex(const GeometryPtr &geometry)
 {
     std::vector<UInt16> mapping = geometry->getIndexMapping().getValues();
+    // One index stood for everything; it goes on doing so, except for normals.
     if (mapping.empty())
         mapping.push_back(0xFFFF);
     for (UInt16 &entry : mapping)

@@ -56,6 +56,7 @@ static void exchange(Geometry *geometry, PropertyPtr &place, const PropertyPtr &
         return;
     const FieldContainerPtr owner(geometry);
     const PropertyPtr added = value;
+    // Reference before release: the old array may be all that keeps the new one.
     if (added) {
         addRefCP(added);
         added->addParent(owner);

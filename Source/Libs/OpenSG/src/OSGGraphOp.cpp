@@ -48,6 +48,7 @@ bool GraphOp::isInExcludeList(const NodePtr &node)
 {
     if (m_excludedNodes.count(node) != 0)
         return true;
+    // Null and unnamed nodes are in no list of names.
     const Char8 *name = osg::getName(node);
     return name && m_excludedNames.count(name) != 0;
 }
@@ -63,6 +64,7 @@ GraphOp::ParamSet::ParamSet(const std::string &params)
         at = std::min(nameEnd, params.size());
         if (at == params.size() || params[at] != '=')
             continue;
+        // A value in quotation marks may contain blanks.
         const bool isQuoted = at + 1 < params.size() && params[at + 1] == '"';
         const size_t begin = isQuoted ? at + 2 : at + 1;
         const size_t end =

@@ -97,6 +97,7 @@ Pixel readPixel(const UInt8 *p, UInt32 format)
 
 void writePixel(const Pixel &pixel, UInt8 *p, UInt32 format)
 {
+    // Green looks brightest, blue darkest.
     const UInt8 luminance = UInt8((pixel.red * 30 + pixel.green * 59 + pixel.blue * 11) / 100);
     const bool isReversed = format == Image::OSG_BGR_PF || format == Image::OSG_BGRA_PF;
     switch (componentsOf(format)) {
@@ -157,6 +158,7 @@ bool Image::setData(const UInt8 *data)
 {
     if (!data || _mfPixel.empty())
         return false;
+    // Setting an image from its own data leaves it as it is.
     if (data != _mfPixel.getValues().data())
         std::copy(data, data + _mfPixel.size(), _mfPixel.begin());
     return true;
@@ -240,6 +242,7 @@ bool Image::scale(Int32 width, Int32 height, Int32 depth, ImagePtr destination)
     const size_t bpp = size_t(getBpp());
     std::vector<UInt8> pixels(size_t(width) * size_t(height) * size_t(depth) * bpp);
     const auto nearest = [](size_t i, Int32 size, Int32 sourceSize) {
+        // From the middle of one pixel to the pixel that it falls into.
         return (2 * i + 1) * size_t(sourceSize) / (2 * size_t(size));
     };
     for (size_t i = 0; i < pixels.size() / bpp; ++i) {

@@ -36,6 +36,7 @@ bool Material::isTransparent() const
 
 StatePtr Material::getState(UInt32)
 {
+    // Nobody pays for a state before a renderer asks.
     if (!_pState) {
         _pState = makeState();
         addRefCP(_pState);

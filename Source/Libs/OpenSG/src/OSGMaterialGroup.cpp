@@ -23,6 +23,7 @@ MaterialGroup::~MaterialGroup()
 void MaterialGroup::setMaterial(const MaterialPtr &material)
 {
     const MaterialPtr added = material;
+    // The old material may be all that keeps the new one.
     addRefCP(added);
     subRefCP(getMaterial());
     MaterialGroupBase::setMaterial(added);

@@ -86,6 +86,7 @@ void MaterialPool::add(const MaterialPoolPtr &pool)
 {
     if (!pool)
         return;
+    // Over a copy: the pool may be this one.
     for (const MaterialPtr &material : MFMaterialPtr(pool->_mfMaterials))
         add(material);
 }

@@ -91,6 +91,7 @@ void TransformationMatrix<T>::setTransform(const Vec &translation, const Quat &r
                                            const Vec &scale)
 {
     rotation.getValue(*this);
+    // rotation * scale: each column by its factor.
     for (UInt32 column = 0; column < 3; ++column)
         m_columns[column] *= scale[column];
     setTranslate(translation);
@@ -119,6 +120,7 @@ void TransformationMatrix<T>::setTransform(const Vec &translation, const Quat &r
                                            const Vec &center)
 {
     setTransform(translation, rotation, scale, scaleOrientation);
+    // The center stays where it is, apart from the translation.
     Vec moved;
     multMatrixVec(center, moved);
     setTranslate(translation + center - moved);
@@ -182,6 +184,7 @@ void TransformationMatrix<T>::multMatrixVec(const Vec &source, Vec &result) cons
 template <class T>
 void TransformationMatrix<T>::mult(const TransformationMatrix &other)
 {
+    // Copies, because a matrix may be multiplied by itself.
     const TransformationMatrix left(*this), right(other);
     for (UInt32 column = 0; column < 4; ++column)
         m_columns[column] = left.multColumn(right.m_columns[column]);
@@ -229,6 +232,7 @@ T TransformationMatrix<T>::det() const
 template <class T>
 bool TransformationMatrix<T>::inverse(TransformationMatrix &result) const
 {
+    // In double precision: cofactors of far-away scenes cancel badly in single.
     const double size = determinant(*this);
     if (size == 0.0)
         return false;

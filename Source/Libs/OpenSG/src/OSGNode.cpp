@@ -62,6 +62,7 @@ Node::~Node()
 
 void Node::setCore(const NodeCorePtr &core)
 {
+    // First the new reference: the old core may be all that keeps the new one.
     const NodeCorePtr added = core;
     addRefCP(added);
     leaveCore();
@@ -83,6 +84,7 @@ void Node::leaveCore()
     const NodeCorePtr core = getCore();
     if (!core)
         return;
+    // Out of the core's list before the release, which may destroy the core.
     _sfCore.setValue(NullFC);
     MFNodePtr &parents = core->getParents();
     parents.erase(parents.find(NodePtr(this)));
@@ -108,6 +110,7 @@ void Node::adopt(const NodePtr &child)
     const NodePtr oldParent = child->getParent();
     if (!oldParent)
         return;
+    // The reference taken above keeps the child alive meanwhile.
     oldParent->subChild(child);
     endEditCP(oldParent, ChildrenFieldMask);
 }
@@ -136,6 +139,7 @@ void Node::replaceChild(UInt32 index, const NodePtr &child)
     if (!added || !removed || added == removed)
         return;
     adopt(added);
+    // By pointer: the place has moved when the new child came from this list.
     *_mfChildren.find(removed) = added;
     added->setParent(NodePtr(this));
     removed->setParent(NullFC);
@@ -225,6 +229,7 @@ void Node::updateVolume()
         return;
     volume.setEmpty();
     for (const NodePtr &child : _mfChildren) {
+        // What is hidden takes no room.
         if (child->getTravMask() != 0)
             volume.extendBy(child->getVolume(true));
     }
@@ -244,6 +249,7 @@ void Node::changed(BitVector whichField, UInt32 origin)
 {
     if ((whichField & TravMaskFieldMask) && getParent()) {
         getParent()->invalidateVolume();
+        // Whoever watches the parent learns that its extent may have changed.
         endEditCP(getParent(), VolumeFieldMask, ChangedOrigin::Child);
     }
     Inherited::changed(whichField, origin);

@@ -114,6 +114,7 @@ PolarDecomposition::PolarDecomposition(const Matrix &matrix)
     Square turn;
     if (m.determinant() != 0)
         turn = nearestOrthogonal(m);
+    // A mirroring is no rotation: it goes into the factors.
     if (turn.determinant() < 0) {
         for (double(&row)[3] : turn.at) {
             for (double &value : row)

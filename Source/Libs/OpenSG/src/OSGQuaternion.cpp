@@ -189,11 +189,13 @@ QuaternionBase<T> QuaternionBase<T>::slerp(const QuaternionBase &from, const Qua
     const Vector<T, 4> start(from.m_values);
     Vector<T, 4> end(to.m_values);
     T cosine = start.dot(end);
+    // A rotation has two quaternions; take the one that is nearer.
     if (cosine < T(0)) {
         cosine = -cosine;
         end = -end;
     }
     T startPart = 1 - t, endPart = t;
+    // Nearly equal ones are mixed in a straight line.
     if (cosine < T(0.9999)) {
         const T angle = std::acos(cosine), sine = std::sin(angle);
         startPart = std::sin((1 - t) * angle) / sine;

@@ -31,6 +31,7 @@ void setName(AttachmentContainerPtr container, const std::string &text)
         return;
     }
     NamePtr name = findName(container);
+    // A first name gets an attachment, later ones go into that.
     if (!name) {
         name = Name::create();
         const CPEditor editor(container, AttachmentContainer::AttachmentsFieldMask);

@@ -100,13 +100,17 @@ NodePtr makeBox(Real32 xsize, Real32 ysize, Real32 zsize, UInt16 hor, UInt16 ver
 
 MaterialPtr getDefaultMaterial()
 {
-    static const MaterialPtr material = makeGrey(true);
+    static MaterialPtr material;
+    if (!material)
+        material = makeGrey(true);
     return material;
 }
 
 MaterialPtr getDefaultUnlitMaterial()
 {
-    static const MaterialPtr material = makeGrey(false);
+    static MaterialPtr material;
+    if (!material)
+        material = makeGrey(false);
     return material;
 }
 

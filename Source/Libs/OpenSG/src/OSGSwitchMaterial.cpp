@@ -71,6 +71,7 @@ MaterialPtr SwitchMaterial::current() const
     return getChoice() < _mfMaterials.getSize() ? _mfMaterials[getChoice()] : MaterialPtr();
 }
 
+// So that something is drawn whatever the choice.
 MaterialPtr SwitchMaterial::currentOrDefault() const
 {
     return current() ? current() : getDefaultMaterial();

@@ -21,6 +21,7 @@ void Transform::accumulateMatrix(Matrix &result)
 
 void Transform::adjustVolume(Volume &volume)
 {
+    // Of the box, not of what is in it: the result may be too large.
     volume.transform(getMatrix());
 }
 

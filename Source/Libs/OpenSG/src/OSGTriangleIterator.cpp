@@ -7,6 +7,7 @@ TriangleIterator::TriangleIterator(const Geometry &geometry) : m_geometry(&geome
     const bool isComplete = geometry.getTypes() && geometry.getLengths() && geometry.getPositions();
     if (!isComplete)
         return;
+    // Whatever does not fit together is cut to what all arrays have.
     m_primitiveCount = std::min(geometry.getTypes()->size(), geometry.getLengths()->size());
     m_indicesPerVertex = std::max<UInt32>(1, geometry.getIndexMapping().getSize());
     m_vertexCount = geometry.getIndices() ? geometry.getIndices()->size() / m_indicesPerVertex
@@ -41,6 +42,7 @@ static UInt32 triangleCount(UInt32 type, UInt32 vertices)
 
 void TriangleIterator::enterPrimitive()
 {
+    // Goes on to the next primitive that has a triangle.
     for (m_step = 0; !isAtEnd(); ++m_primitive, m_firstVertex += m_length) {
         m_type = m_geometry->getTypes()->getValue(m_primitive);
         m_length = std::min(m_geometry->getLengths()->getValue(m_primitive),
@@ -94,6 +96,7 @@ Int32 TriangleIterator::propertyIndex(Int32 k, UInt16 property) const
     const GeoIndicesPtr &indices = m_geometry->getIndices();
     if (!indices)
         return Int32(m_corners[k]);
+    // One index for all, or the one that the mapping names.
     Int32 offset = 0;
     if (!m_geometry->getIndexMapping().empty())
         offset = m_geometry->calcMappingIndex(property);

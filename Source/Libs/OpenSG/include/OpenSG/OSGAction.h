@@ -17,6 +17,7 @@ public:
     };
 };
 
+/// Called before and after the children of a node.
 typedef TypedFunctor<Action::ResultE, NodePtr &> TraverseEnterFunctor;
 typedef TypedFunctor<Action::ResultE, NodePtr &, Action::ResultE> TraverseLeaveFunctor;
 

@@ -30,6 +30,7 @@ public:
     }
 };
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(AttachmentContainerPtr, AttachmentContainerPtr)
 
 } // namespace osg

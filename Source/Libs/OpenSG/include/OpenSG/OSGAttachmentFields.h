@@ -32,6 +32,7 @@ public:
     }
 };
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(AttachmentPtr, AttachmentPtr)
 
 /// Attachments by group id (upper half) and binding (lower half).

@@ -7,6 +7,7 @@
 
 namespace osg {
 
+/// Numbers by their size in bits.
 typedef std::uint8_t UInt8;
 typedef std::uint16_t UInt16;
 typedef std::uint32_t UInt32;
@@ -17,6 +18,7 @@ typedef std::int32_t Int32;
 typedef std::int64_t Int64;
 typedef float Real32;
 typedef double Real64;
+/// Characters of a text in UTF-8, and plain bytes.
 typedef char Char8;
 typedef unsigned char UChar8;
 
@@ -31,6 +33,7 @@ template <class ValueT>
 struct TypeTraits {
     static constexpr ValueT One = ValueT(1);
     static constexpr ValueT Zero = ValueT(0);
+    /// No bits and all bits, for whole numbers.
     static constexpr ValueT BitsClear = ValueT(0);
     static constexpr ValueT BitsSet = ValueT(~ValueT(0));
 };
@@ -43,6 +46,7 @@ struct FieldBits {
 
 /// Who caused a change; handed on to FieldContainer::changed().
 struct ChangedOrigin {
+    /// External: by a user of the library. Child: passed on by a part of the object.
     enum Origin { Abstract = 1, Sync = 2, Child = 4, External = 8 };
 };
 

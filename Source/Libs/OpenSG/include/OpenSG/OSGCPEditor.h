@@ -7,6 +7,7 @@ namespace osg {
 /// An edit bracket that lasts for one scope.
 class CPEditor {
 public:
+    /// Begins the edit. Null is ignored.
     explicit CPEditor(const FieldContainerPtr &object, BitVector fields = FieldBits::AllFields)
         : m_object(object), m_fields(fields)
     {
@@ -14,6 +15,7 @@ public:
     }
     CPEditor(const CPEditor &) = delete;
     void operator=(const CPEditor &) = delete;
+    /// Ends it.
     ~CPEditor() { endEditCP(m_object, m_fields); }
 
 private:

@@ -12,6 +12,7 @@ namespace osg {
 /// nothing is recorded. Containers are named by id, because they may be gone when the list is read.
 class ChangeList {
 public:
+    /// Id of a container and the fields that were edited.
     typedef std::pair<UInt32, BitVector> ChangeEntry;
     typedef std::vector<ChangeEntry>::const_iterator changed_const_iterator;
     typedef std::vector<UInt32>::const_iterator idref_const_iterator;
@@ -21,12 +22,15 @@ public:
 
     ChangeList();
 
+    /// Stops and starts recording; what is recorded stays.
     void setReadOnly(bool readOnly) { m_readOnly = readOnly; }
     bool isReadOnly() const { return m_readOnly; }
 
+    /// Edits, one entry for each bracket that ended.
     changed_const_iterator beginChanged() const { return m_changed.begin(); }
     changed_const_iterator endChanged() const { return m_changed.end(); }
     UInt32 sizeChanged() const { return UInt32(m_changed.size()); }
+    /// Containers by id: referenced, released, created, destroyed.
     idref_const_iterator beginAddRefd() const { return m_addRefd.begin(); }
     idref_const_iterator endAddRefd() const { return m_addRefd.end(); }
     UInt32 sizeAddRefd() const { return UInt32(m_addRefd.size()); }
@@ -51,7 +55,9 @@ public:
     void addCreated(UInt32 id) { append(m_created, id); }
     void addDestroyed(UInt32 id) { append(m_destroyed, id); }
 
+    /// Whether nothing at all is recorded.
     bool empty() const;
+    /// Forgets all entries; the read-only mark stays.
     void clearAll();
     /// Exchanges the entries, not the read-only marks.
     void swap(ChangeList &other);

@@ -25,10 +25,12 @@ public:
     /// The first chunk of exactly this type, null when there is none.
     StateChunkPtr find(const FieldContainerType &type) const;
 
+    /// Whether one of the chunks is, unless the mode forces it.
     bool isTransparent() const override;
     StatePtr makeState() override;
     void rebuildState() override;
 
+    /// The chunks in the order they were added.
     OSG_MF(MFStateChunkPtr, Chunks)
     /// The slot that each chunk was added for.
     OSG_MF(MFInt32, Slots)

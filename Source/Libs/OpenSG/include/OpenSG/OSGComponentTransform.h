@@ -25,15 +25,18 @@ public:
 
     OSG_FIELD_CONTAINER_DECL(ComponentTransformPtr)
 
+    /// Puts the matrix together when a part was edited, and edits that too.
     void changed(BitVector whichField, UInt32 origin) override;
 
     /// The point that rotation and scale leave in place.
     OSG_SF(SFVec3f, Center)
+    /// About the center.
     OSG_SF(SFQuaternion, Rotation)
     /// At first 1 for each axis.
     OSG_SF_INIT(SFVec3f, Scale, 1, 1, 1)
     /// The axes that the scale is along.
     OSG_SF(SFQuaternion, ScaleOrientation)
+    /// Comes last: moves what is turned and scaled.
     OSG_SF(SFVec3f, Translation)
 
 protected:
@@ -41,6 +44,7 @@ protected:
     ComponentTransform(const ComponentTransform &) = default;
 
 private:
+    /// The parts say where it is; a matrix of its own would not last.
     using Transform::setMatrix;
 
     OSG_CONTAINER_STATICS

@@ -8,8 +8,10 @@
 namespace osg {
 
 class ComponentTransform;
+/// Null at first. Converts to TransformPtr; down from there by dcast().
 typedef FCPtr<TransformPtr, ComponentTransform> ComponentTransformPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(ComponentTransformPtr, ComponentTransformPtr)
 
 } // namespace osg

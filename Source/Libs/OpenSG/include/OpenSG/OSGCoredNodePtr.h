@@ -13,6 +13,7 @@ public:
 
     CoredNodePtr() = default;
     CoredNodePtr(const NullFieldContainerPtr &) {}
+    /// The node with its core, as by assignment.
     explicit CoredNodePtr(const NodePtr &node) { *this = node; }
     CoredNodePtr(const CoredNodePtr &) = default;
 
@@ -30,6 +31,7 @@ public:
     void operator=(const CoredNodePtr &other) { *this = other.node(); }
     void operator=(const NullFieldContainerPtr &) { *this = NodePtr(); }
 
+    /// The two parts; where a node is asked for, it stands for the node.
     NodePtr node() const { return m_node.get(); }
     CorePtr core() const { return m_core.get(); }
     operator NodePtr() const { return node(); }
@@ -37,6 +39,7 @@ public:
     Core *operator->() const { return m_core.operator->(); }
     Core &operator*() const { return *m_core; }
 
+    /// Tests for null; comparisons are those of the nodes.
     bool operator!() const { return !m_node; }
     operator unspecified_bool_type() const { return m_node; }
     bool operator==(const FieldContainerPtrBase &other) const { return m_node == other; }

@@ -16,6 +16,7 @@ public:
 
     OSG_FIELD_CONTAINER_DECL(DirectionalLightPtr)
 
+    /// The direction coordinate by coordinate.
     void setDirection(Real32 x, Real32 y, Real32 z) { setDirection(Vec3f(x, y, z)); }
 
     /// Points towards the light, in the beacon's coordinates.

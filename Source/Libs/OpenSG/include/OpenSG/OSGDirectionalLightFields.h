@@ -8,8 +8,10 @@
 namespace osg {
 
 class DirectionalLight;
+/// Null at first. Converts to LightPtr; down from there by dcast().
 typedef FCPtr<LightPtr, DirectionalLight> DirectionalLightPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(DirectionalLightPtr, DirectionalLightPtr)
 
 } // namespace osg

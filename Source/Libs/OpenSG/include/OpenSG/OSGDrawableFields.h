@@ -8,8 +8,10 @@
 namespace osg {
 
 class Drawable;
+/// Null at first. Converts to NodeCorePtr; down from there by dcast().
 typedef FCPtr<NodeCorePtr, Drawable> DrawablePtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(DrawablePtr, DrawablePtr)
 
 } // namespace osg

@@ -40,6 +40,7 @@ public:
     virtual FieldContainerPtrBase *getPointer(UInt32 index) = 0;
 
 protected:
+    /// Only as a part of its container.
     Field() = default;
     Field(const Field &) = default;
     void operator=(const Field &) {}

@@ -18,6 +18,7 @@ public:
     /// Always that of FieldContainer; a class's own is getClassType().getGroupId().
     static UInt16 getClassGroupId() { return _type.getGroupId(); }
 
+    /// The type of the object, and what it says.
     virtual FieldContainerType &getType();
     virtual const FieldContainerType &getType() const;
     UInt32 getTypeId() const { return getType().getId(); }
@@ -40,7 +41,9 @@ public:
     virtual void dump(UInt32 indent = 0, const BitVector flags = 0) const = 0;
 
 protected:
+    /// Takes the next id.
     FieldContainer();
+    /// A copy has an id and a count of its own.
     FieldContainer(const FieldContainer &other);
     virtual ~FieldContainer();
     void operator=(const FieldContainer &) = delete;
@@ -70,6 +73,7 @@ protected:
         return PtrT(created(new typename PtrT::ObjectType));
     }
     template <class Object>
+    /// A copy made by the copy constructor.
     static FieldContainerPtr copyOf(const Object &original)
     {
         return FieldContainerPtr(created(new Object(original)));
@@ -80,6 +84,7 @@ private:
     friend void addRefCP(const FieldContainerPtrBase &object);
     friend void subRefCP(const FieldContainerPtrBase &object);
 
+    /// Records that there is a new object.
     template <class Object>
     static Object *created(Object *object)
     {
@@ -88,6 +93,7 @@ private:
     }
     static void recordCreated(const FieldContainer &object);
 
+    /// Unique in the process.
     UInt32 m_id;
     Int32 m_refCount = 0;
 

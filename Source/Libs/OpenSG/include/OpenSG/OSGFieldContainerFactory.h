@@ -15,6 +15,7 @@ namespace osg {
 /// Knows all container classes by name and all living containers by id.
 class FieldContainerFactory {
 public:
+    /// The only one.
     static FieldContainerFactory *the();
 
     /// Initialises types that were registered after osgInit(), as a library loaded later brings
@@ -47,11 +48,13 @@ private:
     FieldContainerFactory();
     FieldContainerFactory(const FieldContainerFactory &) = delete;
 
+    /// Called by types and containers as they come and go.
     void registerType(FieldContainerType *type);
     void unregisterType(FieldContainerType *type);
     UInt16 registerGroup(const Char8 *name);
     UInt32 registerContainer(FieldContainer *container);
     void unregisterContainer(UInt32 id);
+    /// Drops all prototypes, so that nothing is created any more.
     void terminate();
 
     std::vector<FieldContainerType *> m_types;

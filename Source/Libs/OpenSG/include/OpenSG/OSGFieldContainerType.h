@@ -37,6 +37,7 @@ public:
             type = type->m_parent;
         return type != nullptr;
     }
+    /// What kind of class it is; the last three are false before osgInit().
     bool isAbstract() const { return !m_createPrototype; }
     bool isNode() const;
     bool isNodeCore() const;

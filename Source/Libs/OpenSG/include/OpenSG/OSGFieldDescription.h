@@ -21,6 +21,7 @@ public:
     {
     }
 
+    /// The field of \a owner, which must be of the class of the getter.
     Field *operator()(FieldContainer &owner) const { return m_get(owner); }
 
 private:
@@ -37,11 +38,15 @@ public:
     {
     }
 
+    /// What the field holds.
     const FieldType &getFieldType() const { return m_type; }
+    /// The field's name as FieldContainer::getField() takes it.
     const IDString &getName() const { return m_name; }
     const Char8 *getCName() const { return m_name.str(); }
+    /// The place among the class's fields from 1, and the bit that stands for it.
     UInt32 getFieldId() const { return m_id; }
     BitVector getFieldMask() const { return m_mask; }
+    /// Whether clones leave the field out.
     bool isInternal() const { return m_internal; }
 
     /// The field of \a owner, which must be of the described class.

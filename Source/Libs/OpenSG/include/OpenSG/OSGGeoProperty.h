@@ -16,18 +16,24 @@ public:
     typedef typename Kind::GenericType GenericType;
     typedef FCPtr<AttachmentPtr, AbstractGeoProperty> Ptr;
 
+    /// Type access.
     OSG_ABSTR_FIELD_CONTAINER_DECL(Ptr)
 
+    /// The element, converted to the type it is exchanged as; the second form stores it.
     virtual GenericType getValue(const UInt32 index) const = 0;
     void getValue(GenericType &value, const UInt32 index) const { value = getValue(index); }
+    /// Overwrites an element.
     virtual void setValue(const GenericType &value, const UInt32 index) = 0;
     /// Appends.
     virtual void addValue(const GenericType &value) = 0;
     void push_back(const GenericType &value) { addValue(value); }
+    /// Inserts before the element at \a index.
     virtual void insertValue(const GenericType &value, const UInt32 index) = 0;
 
+    /// Number of elements.
     virtual UInt32 getSize() const = 0;
     UInt32 size() const { return getSize(); }
+    /// New elements are all 0.
     virtual void resize(size_t size) = 0;
     virtual void clear() = 0;
 
@@ -68,8 +74,10 @@ public:
     enum { GeoPropDataFieldId = Inherited::NextFieldId, NextFieldId };
     static const BitVector GeoPropDataFieldMask;
 
+    /// Type access and creation.
     OSG_FIELD_CONTAINER_DECL(Ptr)
 
+    /// The elements as they are stored, such as colours with their alpha.
     StoredFieldType &getField() { return m_field; }
     const StoredFieldType &getField() const { return m_field; }
     StoredFieldType *getFieldPtr() { return &m_field; }
@@ -82,6 +90,7 @@ public:
     UInt32 getSize() const override { return UInt32(m_field.size()); }
     void resize(size_t size) override { m_field.resize(size); }
     void clear() override { m_field.clear(); }
+    /// The elements as raw memory, with what is needed to read it.
     UInt8 *getData() const override;
     UInt32 getFormat() const override { return Desc::Format; }
     UInt32 getDimension() const override { return Desc::Dimension; }

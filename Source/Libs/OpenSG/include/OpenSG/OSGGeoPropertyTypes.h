@@ -20,13 +20,19 @@ namespace osg {
         enum { Format = FORMAT, Dimension = DIMENSION }; \
     };
 
+/// Corners, in the coordinates of the geometry.
 OSG_GEO_DESC(GeoPositions3f, GeoPositions, MFPnt3f, GL_FLOAT, 3)
+/// Directions perpendicular to the surface.
 OSG_GEO_DESC(GeoNormals3f, GeoNormals, MFVec3f, GL_FLOAT, 3)
+/// Colours, opaque or with alpha.
 OSG_GEO_DESC(GeoColors3f, GeoColors, MFColor3f, GL_FLOAT, 3)
 OSG_GEO_DESC(GeoColors4f, GeoColors, MFColor4f, GL_FLOAT, 4)
+/// Places in a picture, (0, 0) being its lower left corner.
 OSG_GEO_DESC(GeoTexCoords2f, GeoTexCoords, MFVec2f, GL_FLOAT, 2)
+/// References to elements of the arrays above.
 OSG_GEO_DESC(GeoIndicesUI32, GeoIndices, MFUInt32, GL_UNSIGNED_INT, 1)
 OSG_GEO_DESC(GeoIndicesUI16, GeoIndices, MFUInt16, GL_UNSIGNED_SHORT, 1)
+/// Primitive kinds, and how many vertices each has.
 OSG_GEO_DESC(GeoPTypesUI8, GeoPTypes, MFUInt8, GL_UNSIGNED_BYTE, 1)
 OSG_GEO_DESC(GeoPLengthsUI32, GeoPLengths, MFUInt32, GL_UNSIGNED_INT, 1)
 OSG_GEO_DESC(GeoPLengthsUI16, GeoPLengths, MFUInt16, GL_UNSIGNED_SHORT, 1)

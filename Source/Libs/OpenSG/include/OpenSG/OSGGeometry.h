@@ -88,15 +88,20 @@ public:
     TriangleIterator beginTriangles() const;
     TriangleIterator endTriangles() const;
 
+    /// Extends by all positions, used or not.
     void adjustVolume(Volume &volume) override;
+    /// New positions put the volumes above out of date.
     void changed(BitVector whichField, UInt32 origin) override;
 
+    /// Primitive kinds and their numbers of vertices.
     OSG_GEO_PROPERTY(GeoPTypes, Types)
     OSG_GEO_PROPERTY(GeoPLengths, Lengths)
+    /// What vertices have: place, direction of the surface, colours.
     OSG_GEO_PROPERTY(GeoPositions, Positions)
     OSG_GEO_PROPERTY(GeoNormals, Normals)
     OSG_GEO_PROPERTY(GeoColors, Colors)
     OSG_GEO_PROPERTY(GeoColors, SecondaryColors)
+    /// Places in up to eight pictures.
     OSG_GEO_PROPERTY(GeoTexCoords, TexCoords)
     OSG_GEO_PROPERTY(GeoTexCoords, TexCoords1)
     OSG_GEO_PROPERTY(GeoTexCoords, TexCoords2)
@@ -105,7 +110,9 @@ public:
     OSG_GEO_PROPERTY(GeoTexCoords, TexCoords5)
     OSG_GEO_PROPERTY(GeoTexCoords, TexCoords6)
     OSG_GEO_PROPERTY(GeoTexCoords, TexCoords7)
+    /// Which elements belong to a vertex; null when all stand in the order of the vertices.
     OSG_GEO_PROPERTY(GeoIndices, Indices)
+    /// What each index of a vertex is for; empty when there is one for all.
     OSG_MF(MFUInt16, IndexMapping)
     /// Whether a renderer may keep the geometry in a form of its own.
     OSG_SF_INIT(SFBool, DlistCache, true)

@@ -8,8 +8,10 @@
 namespace osg {
 
 class Geometry;
+/// Null at first. Converts to MaterialDrawablePtr; down from there by dcast().
 typedef FCPtr<MaterialDrawablePtr, Geometry> GeometryPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(GeometryPtr, GeometryPtr)
 
 } // namespace osg

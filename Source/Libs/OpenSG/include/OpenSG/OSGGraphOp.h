@@ -26,6 +26,7 @@ public:
     /// Continue. The exclude list is left to the operation.
     virtual bool traverse(const NodePtr &root);
 
+    /// The name that GraphOpFactory knows it by.
     const std::string &getName() const { return m_name; }
     void setName(const char *name) { m_name = name ? name : ""; }
 
@@ -45,6 +46,7 @@ protected:
     /// as before, when it is not there.
     class ParamSet {
     public:
+        /// Blanks, commas and semicolons separate settings.
         explicit ParamSet(const std::string &params);
         bool operator()(const char *name, std::string &value);
         bool operator()(const char *name, bool &value);

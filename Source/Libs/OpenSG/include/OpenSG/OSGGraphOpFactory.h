@@ -10,10 +10,12 @@ class GraphOp;
 /// The operations that can be created by name. Prototypes belong to those who register them.
 class GraphOpFactory {
 public:
+    /// The only one.
     static GraphOpFactory &the();
 
     /// Replaces one of the same name.
     void registerOp(GraphOp *prototype);
+    /// Nothing happens when it is not registered.
     void unRegisterOp(GraphOp *prototype);
     void unRegisterOp(const char *name);
 

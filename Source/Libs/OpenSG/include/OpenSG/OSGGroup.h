@@ -24,7 +24,9 @@ private:
     static FieldContainerType _type;
 };
 
+/// The name that field masks are known under as well.
 typedef Group GroupBase;
+/// Holds a reference; holds a node and its core.
 typedef RefPtr<GroupPtr> GroupRefPtr;
 typedef CoredNodePtr<Group> GroupNodePtr;
 

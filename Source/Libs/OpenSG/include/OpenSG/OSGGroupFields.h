@@ -8,8 +8,10 @@
 namespace osg {
 
 class Group;
+/// Null at first. Converts to NodeCorePtr; down from there by dcast().
 typedef FCPtr<NodeCorePtr, Group> GroupPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(GroupPtr, GroupPtr)
 
 } // namespace osg

@@ -30,6 +30,7 @@ public:
         SideCountFieldId,
         NextFieldId
     };
+    /// Channels of a pixel in their order, as GL values: alpha, luminance, red, green, blue.
     enum PixelFormat {
         OSG_INVALID_PF = 0,
         OSG_A_PF = GL_ALPHA,
@@ -40,6 +41,7 @@ public:
         OSG_BGR_PF = GL_BGR,
         OSG_BGRA_PF = GL_BGRA
     };
+    /// Number format of a channel, as GL values.
     enum Type {
         OSG_INVALID_IMAGEDATATYPE = 0,
         OSG_UINT8_IMAGEDATA = GL_UNSIGNED_BYTE,
@@ -63,6 +65,7 @@ public:
     /// Copies as many bytes as the image has.
     bool setData(const UInt8 *data);
 
+    /// Whether there is any data.
     bool isValid() const { return !_mfPixel.empty(); }
     bool hasAlphaChannel() const;
     /// Channels per pixel, 0 for an unknown format.
@@ -85,17 +88,23 @@ public:
 
     /// A text of the image itself, not the name that osg::getName() gives.
     OSG_SF(SFString, Name)
+    /// Size in pixels.
     OSG_SF_INIT(SFInt32, Width, 0)
     OSG_SF_INIT(SFInt32, Height, 1)
     OSG_SF_INIT(SFInt32, Depth, 1)
     /// Bytes per pixel.
     OSG_SF_INIT(SFInt32, Bpp, 1)
+    /// Levels of detail, each half the size of the one before.
     OSG_SF_INIT(SFInt32, MipMapCount, 1)
+    /// Pictures that follow each other, and the seconds between.
     OSG_SF_INIT(SFInt32, FrameCount, 1)
     OSG_SF_INIT(SFReal64, FrameDelay, 0)
+    /// One of the formats above.
     OSG_SF_INIT(SFUInt32, PixelFormat, OSG_INVALID_PF)
+    /// All data: side by side, frame by frame, level by level.
     OSG_MF(MFUInt8, Pixel)
     OSG_SF_INIT(SFInt32, DataType, OSG_UINT8_IMAGEDATA)
+    /// 6 for a cube map, else 1.
     OSG_SF_INIT(SFInt32, SideCount, 1)
 
 protected:
@@ -103,6 +112,7 @@ protected:
     Image(const Image &) = default;
 
 private:
+    /// Bytes of one level, and where a part begins.
     unsigned long levelSize(UInt32 mipmap) const;
     unsigned long offset(UInt32 mipmap, UInt32 frame, UInt32 side) const;
 

@@ -8,8 +8,10 @@
 namespace osg {
 
 class Image;
+/// Null at first. Converts to AttachmentContainerPtr; down from there by dcast().
 typedef FCPtr<AttachmentContainerPtr, Image> ImagePtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(ImagePtr, ImagePtr)
 
 } // namespace osg

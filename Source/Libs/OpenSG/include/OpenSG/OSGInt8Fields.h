@@ -7,6 +7,7 @@
 
 namespace osg {
 
+/// One value, and a list of values.
 OSG_FIELD_TYPEDEFS(Int8, Int8)
 
 } // namespace osg

@@ -8,8 +8,10 @@
 namespace osg {
 
 class Light;
+/// Null at first. Converts to GroupPtr; down from there by dcast().
 typedef FCPtr<GroupPtr, Light> LightPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(LightPtr, LightPtr)
 
 } // namespace osg

@@ -14,6 +14,7 @@ struct SyncInfo {};
 template <class ValueT>
 class MField : public Field {
 public:
+    /// The vector behind the field, and the type names that containers have.
     typedef std::vector<ValueT> StoredType;
     typedef ValueT ValueType;
     typedef ValueT value_type;
@@ -30,13 +31,16 @@ public:
     MField(const MField &) = default;
     void operator=(const MField &other) { m_values = other.m_values; }
 
+    /// One object for all fields of this type in the process.
     static const FieldType &getClassType() { return s_type; }
     const FieldType &getType() const override { return s_type; }
     UInt32 getSize() const override { return UInt32(m_values.size()); }
 
+    /// The values as the vector that they are kept in.
     StoredType &getValues() { return m_values; }
     const StoredType &getValues() const { return m_values; }
     void setValues(const StoredType &values) { m_values = values; }
+    /// Takes over another field, in the two forms that own cores may call.
     void syncWith(const MField &other) { m_values = other.m_values; }
     void syncWith(const MField &other, const SyncInfo &) { m_values = other.m_values; }
     void setAbstrValue(const Field &other) override
@@ -44,6 +48,7 @@ public:
         if (other.getType() == s_type)
             m_values = static_cast<const MField &>(other).m_values;
     }
+    /// The element when it is a container pointer.
     FieldContainerPtrBase *getPointer(UInt32 index) override
     {
         if constexpr (std::is_base_of_v<FieldContainerPtrBase, ValueT>)
@@ -71,6 +76,7 @@ public:
     size_type size() const { return m_values.size(); }
     bool empty() const { return m_values.empty(); }
     void clear() { m_values.clear(); }
+    /// Changes at the end, in the middle and of the length. Ranges are not erased at once.
     void push_back(const ValueT &value) { m_values.push_back(value); }
     iterator insert(iterator at, const ValueT &value) { return m_values.insert(at, value); }
     iterator erase(iterator at) { return m_values.erase(at); }
@@ -81,6 +87,7 @@ public:
     iterator find(const ValueT &value) { return std::find(begin(), end(), value); }
     const_iterator find(const ValueT &value) const { return std::find(begin(), end(), value); }
 
+    /// Whether all values are equal, in the same order.
     bool operator==(const MField &other) const { return m_values == other.m_values; }
     bool operator!=(const MField &other) const { return !(*this == other); }
 

@@ -23,7 +23,9 @@ public:
 
     OSG_ABSTR_FIELD_CONTAINER_DECL(MaterialPtr)
 
+    /// Whether it has to be drawn after what is behind it.
     virtual bool isTransparent() const;
+    /// Whether surfaces are drawn several times, and how often.
     virtual bool isMultiPass() const { return false; }
     virtual UInt32 getNPasses() const { return 1; }
 
@@ -34,10 +36,12 @@ public:
     /// Brings the state up to date; every edit's end does that.
     virtual void rebuildState() = 0;
 
+    /// Rebuilds the state.
     void changed(BitVector whichField, UInt32 origin) override;
 
     /// Order of drawing among transparent surfaces.
     OSG_SF_INIT(SFInt32, SortKey, 0)
+    /// Whether isTransparent() finds out by itself, or what it says.
     OSG_SF_INIT(SFInt32, TransparencyMode, TransparencyAutoDetection)
 
 protected:

@@ -32,10 +32,15 @@ public:
     /// Whether the diffuse alpha is below 1.
     bool isTransparent() const override { return getDiffuse().alpha() < 1.f; }
 
+    /// Colour in light from one side; its alpha is that of the surface.
     OSG_SF_INIT(SFColor4f, Diffuse, 0, 0, 0, 1)
+    /// Colour in light from all around.
     OSG_SF_INIT(SFColor4f, Ambient, 0, 0, 0, 1)
+    /// Colour of highlights.
     OSG_SF_INIT(SFColor4f, Specular, 0, 0, 0, 1)
+    /// Colour without any light.
     OSG_SF_INIT(SFColor4f, Emission, 0, 0, 0, 1)
+    /// How small highlights are.
     OSG_SF_INIT(SFReal32, Shininess, 1)
     /// Unlit surfaces show the diffuse colour as it is.
     OSG_SF_INIT(SFBool, Lit, true)

@@ -8,8 +8,10 @@
 namespace osg {
 
 class MaterialChunk;
+/// Null at first. Converts to StateChunkPtr; down from there by dcast().
 typedef FCPtr<StateChunkPtr, MaterialChunk> MaterialChunkPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(MaterialChunkPtr, MaterialChunkPtr)
 
 } // namespace osg

@@ -8,8 +8,10 @@
 namespace osg {
 
 class MaterialDrawable;
+/// Null at first. Converts to DrawablePtr; down from there by dcast().
 typedef FCPtr<DrawablePtr, MaterialDrawable> MaterialDrawablePtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(MaterialDrawablePtr, MaterialDrawablePtr)
 
 } // namespace osg

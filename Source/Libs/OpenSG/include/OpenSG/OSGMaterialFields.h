@@ -8,8 +8,10 @@
 namespace osg {
 
 class Material;
+/// Null at first. Converts to AttachmentContainerPtr; down from there by dcast().
 typedef FCPtr<AttachmentContainerPtr, Material> MaterialPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(MaterialPtr, MaterialPtr)
 
 } // namespace osg

@@ -13,6 +13,7 @@ class MaterialGroupBase : public Group {
 public:
     enum { MaterialFieldId = Inherited::NextFieldId, NextFieldId };
 
+    /// Null for none.
     OSG_SF(SFMaterialPtr, Material)
 
 protected:

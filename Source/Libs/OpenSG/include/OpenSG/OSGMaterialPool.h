@@ -19,6 +19,7 @@ public:
 
     OSG_FIELD_CONTAINER_DECL(MaterialPoolPtr)
 
+    /// Number of materials.
     UInt32 getCount() const { return UInt32(_mfMaterials.size()); }
 
     /// Null and what is there already are left out.
@@ -40,8 +41,10 @@ public:
     /// Replaces the content of \a materials.
     void get(std::vector<MaterialPtr> &materials);
     const std::set<MaterialPtr> &get() { return m_set; }
+    /// Releases them all.
     void clear();
 
+    /// Brings the set in line with a list that was written directly.
     void changed(BitVector whichField, UInt32 origin) override;
 
     static const BitVector MaterialsFieldMask;

@@ -76,10 +76,12 @@ public:
     /// this = other * this
     void multLeft(const TransformationMatrix &other);
 
+    /// The determinant; 0 without inverse.
     T det() const;
     /// False, and no change, when there is no inverse.
     bool invert();
     bool inverse(TransformationMatrix &result) const;
+    /// Swaps rows and columns.
     void transpose();
     void transposed(TransformationMatrix &result) const;
 

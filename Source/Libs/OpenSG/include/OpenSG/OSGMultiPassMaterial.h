@@ -32,6 +32,7 @@ public:
     StatePtr makeState() override;
     void rebuildState() override {}
 
+    /// The materials in the order of drawing.
     OSG_MF(MFMaterialPtr, Materials)
 
 protected:

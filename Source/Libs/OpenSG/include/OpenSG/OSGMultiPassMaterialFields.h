@@ -8,8 +8,10 @@
 namespace osg {
 
 class MultiPassMaterial;
+/// Null at first. Converts to MaterialPtr; down from there by dcast().
 typedef FCPtr<MaterialPtr, MultiPassMaterial> MultiPassMaterialPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(MultiPassMaterialPtr, MultiPassMaterialPtr)
 
 } // namespace osg

@@ -35,6 +35,7 @@ public:
     void setCore(const NodeCorePtr &core);
 
     NodePtr getParent() { return _sfParent.getValue(); }
+    /// Number of children.
     UInt32 getNChildren() const { return UInt32(_mfChildren.size()); }
     NodePtr getChild(UInt32 index)
     {
@@ -78,6 +79,7 @@ public:
     /// Marks the volumes from here up to the root as out of date.
     void invalidateVolume();
 
+    /// The fields themselves.
     SFDynamicVolume *getSFVolume() { return &_sfVolume; }
     MFNodePtr *getMFChildren() { return &_mfChildren; }
     SFNodePtr *getSFParent() { return &_sfParent; }

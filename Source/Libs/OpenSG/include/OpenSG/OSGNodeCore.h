@@ -17,6 +17,7 @@ class NodeCore : public AttachmentContainer {
 public:
     typedef NodeCorePtr Ptr;
     enum { ParentsFieldId = Inherited::NextFieldId, NextFieldId };
+    /// Distinguishes cores at compile time.
     static constexpr bool isNodeCore = true;
 
     OSG_ABSTR_FIELD_CONTAINER_DECL(NodeCorePtr)
@@ -29,6 +30,7 @@ public:
     /// Turns the volume of the children into that of the node.
     virtual void adjustVolume(Volume &volume);
 
+    /// The nodes with this core; kept by Node::setCore().
     OSG_MF(MFNodePtr, Parents)
 
 protected:

@@ -34,6 +34,7 @@ public:
     }
 };
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(NodePtr, NodePtr)
 
 } // namespace osg

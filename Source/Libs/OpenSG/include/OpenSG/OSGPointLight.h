@@ -16,7 +16,9 @@ public:
 
     OSG_FIELD_CONTAINER_DECL(PointLightPtr)
 
+    /// The position coordinate by coordinate.
     void setPosition(Real32 x, Real32 y, Real32 z) { setPosition(Pnt3f(x, y, z)); }
+    /// The three attenuations at once.
     void setAttenuation(Real32 constant, Real32 linear, Real32 quadratic);
 
     /// In the beacon's coordinates.

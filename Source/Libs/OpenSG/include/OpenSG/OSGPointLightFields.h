@@ -8,8 +8,10 @@
 namespace osg {
 
 class PointLight;
+/// Null at first. Converts to LightPtr; down from there by dcast().
 typedef FCPtr<LightPtr, PointLight> PointLightPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(PointLightPtr, PointLightPtr)
 
 } // namespace osg

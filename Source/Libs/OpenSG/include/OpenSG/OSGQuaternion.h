@@ -23,11 +23,14 @@ public:
     static const QuaternionBase &identity();
 
     void setIdentity() { *this = QuaternionBase(); }
+    /// The four numbers as they are; the caller keeps the length at 1.
     void setValueAsQuat(T x, T y, T z, T w);
+    /// An axis of any length, 0 meaning no rotation, and an angle.
     void setValueAsAxisRad(const Vec &axis, T radians);
     void setValueAsAxisRad(T x, T y, T z, T radians) { setValueAsAxisRad(Vec(x, y, z), radians); }
     void setValueAsAxisDeg(const Vec &axis, T degrees);
     void setValueAsAxisDeg(T x, T y, T z, T degrees) { setValueAsAxisDeg(Vec(x, y, z), degrees); }
+    /// As the constructors from a matrix and from two directions.
     void setValue(const Mat &matrix);
     void setValue(const Vec &from, const Vec &to);
 
@@ -41,6 +44,7 @@ public:
     /// x, y, z, w.
     const T *getValues() const { return m_values; }
 
+    /// The parts as values; w is the real one.
     T x() const { return m_values[0]; }
     T y() const { return m_values[1]; }
     T z() const { return m_values[2]; }
@@ -50,6 +54,7 @@ public:
 
     T length() const;
     void normalize();
+    /// Turns back by the same angle.
     void invert();
     const QuaternionBase inverse() const;
 

@@ -8,6 +8,7 @@
 
 namespace osg {
 
+/// One value, and a list of values.
 OSG_FIELD_TYPEDEFS(Quaternion, Quaternion)
 
 } // namespace osg

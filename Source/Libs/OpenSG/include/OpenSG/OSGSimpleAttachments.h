@@ -16,11 +16,13 @@ class SimpleAttachment : public Attachment {
     typedef Attachment Inherited;
 
 public:
+    /// The one field.
     typedef typename AttachmentDescT::FieldTypeT FieldTypeT;
     typedef FCPtr<AttachmentPtr, SimpleAttachment> Ptr;
     enum { SimpleFieldId = Inherited::NextFieldId, NextFieldId };
     static const BitVector SimpleFieldMask;
 
+    /// What OSG_FIELD_CONTAINER_DECL gives other classes, written out for a template.
     static FieldContainerType &getClassType() { return _type; }
     static UInt32 getClassTypeId() { return _type.getId(); }
     FieldContainerType &getType() override { return _type; }
@@ -30,8 +32,10 @@ public:
     static Ptr createEmpty() { return FieldContainer::createDefault<Ptr>(); }
     FieldContainerPtr shallowCopy() const override { return FieldContainer::copyOf(*this); }
 
+    /// The field; its value is written between begin and end of an edit.
     FieldTypeT &getField() { return m_field; }
     const FieldTypeT &getField() const { return m_field; }
+    /// The same as a pointer, for the field table.
     FieldTypeT *getFieldPtr() { return &m_field; }
 
 protected:
@@ -62,16 +66,20 @@ const BitVector SimpleAttachment<AttachmentDescT>::SimpleFieldMask =
 struct NameAttachmentDesc {
     typedef SFString FieldTypeT;
 
+    /// Texts under which type and field are known.
     static const Char8 *getTypeName() { return "Name"; }
     static const Char8 *getFieldName() { return "name"; }
     static const Char8 *getGroupName() { return "name"; }
     static const Char8 *getParentTypeName() { return "Attachment"; }
+    /// Nothing to initialise.
     static InitContainerF getInitMethod() { return NULL; }
+    /// The table with the one field.
     static FieldDescription **getDesc() { return _desc; }
 
     static FieldDescription *_desc[];
 };
 
+/// Its text is `name->getField().getValue()`.
 typedef SimpleAttachment<NameAttachmentDesc> Name;
 typedef FCPtr<AttachmentPtr, Name> NamePtr;
 

@@ -8,8 +8,10 @@
 namespace osg {
 
 class SimpleMaterial;
+/// Null at first. Converts to ChunkMaterialPtr; down from there by dcast().
 typedef FCPtr<ChunkMaterialPtr, SimpleMaterial> SimpleMaterialPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(SimpleMaterialPtr, SimpleMaterialPtr)
 
 } // namespace osg

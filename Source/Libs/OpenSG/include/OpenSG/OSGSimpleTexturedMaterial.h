@@ -23,13 +23,16 @@ public:
 
     OSG_FIELD_CONTAINER_DECL(SimpleTexturedMaterialPtr)
 
+    /// Also when the picture has alpha.
     bool isTransparent() const override;
+    /// Takes a reference of the image and gives up the one before.
     void changed(BitVector whichField, UInt32 origin) override;
 
     /// Referenced when the edit ends, not by the setter.
     OSG_SF(SFImagePtr, Image)
     // Filters and the mode of mixing with the surface's colour are GL values.
     OSG_SF_INIT(SFUInt32, MinFilter, GL_LINEAR_MIPMAP_LINEAR)
+    /// When a pixel of the picture covers many of the screen.
     OSG_SF_INIT(SFUInt32, MagFilter, GL_LINEAR)
     OSG_SF_INIT(SFUInt32, EnvMode, GL_REPLACE)
     /// Whether the picture is a mirror image of the surroundings.

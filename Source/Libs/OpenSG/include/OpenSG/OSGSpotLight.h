@@ -22,6 +22,7 @@ public:
 
     OSG_FIELD_CONTAINER_DECL(SpotLightPtr)
 
+    /// The direction under its longer name.
     void setSpotDirection(const Vec3f &direction) { setDirection(direction); }
     void setSpotDirection(Real32 x, Real32 y, Real32 z) { setDirection(Vec3f(x, y, z)); }
     /// The cut-off in degrees.

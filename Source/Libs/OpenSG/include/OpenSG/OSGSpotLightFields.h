@@ -8,8 +8,10 @@
 namespace osg {
 
 class SpotLight;
+/// Null at first. Converts to PointLightPtr; down from there by dcast().
 typedef FCPtr<PointLightPtr, SpotLight> SpotLightPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(SpotLightPtr, SpotLightPtr)
 
 } // namespace osg

@@ -18,8 +18,10 @@ public:
 
     OSG_FIELD_CONTAINER_DECL(StatePtr)
 
+    /// Null is ignored.
     void addChunk(const StateChunkPtr &chunk);
     void clearChunks();
+    /// Whether one of the chunks is.
     bool isTransparent() const;
 
     void dump(UInt32 indent = 0, const BitVector flags = 0) const override;

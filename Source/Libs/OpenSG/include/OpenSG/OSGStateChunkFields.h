@@ -8,8 +8,10 @@
 namespace osg {
 
 class StateChunk;
+/// Null at first. Converts to AttachmentPtr; down from there by dcast().
 typedef FCPtr<AttachmentPtr, StateChunk> StateChunkPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(StateChunkPtr, StateChunkPtr)
 
 } // namespace osg

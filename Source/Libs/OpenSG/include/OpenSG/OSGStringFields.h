@@ -9,6 +9,7 @@
 
 namespace osg {
 
+/// One value, and a list of values.
 OSG_FIELD_TYPEDEFS(std::string, String)
 
 } // namespace osg

@@ -29,6 +29,7 @@ protected:
     OSG_CONTAINER_STATICS
 };
 
+/// The name that field masks are known under as well.
 typedef Switch SwitchBase;
 typedef RefPtr<SwitchPtr> SwitchRefPtr;
 typedef CoredNodePtr<Switch> SwitchNodePtr;

@@ -35,6 +35,7 @@ public:
     StatePtr makeState() override;
     void rebuildState() override {}
 
+    /// The materials to choose from, in order.
     OSG_MF(MFMaterialPtr, Materials)
     /// Index of the current material; may be out of range.
     OSG_SF_INIT(SFUInt32, Choice, 0)

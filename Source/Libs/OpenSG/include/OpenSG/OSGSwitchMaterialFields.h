@@ -8,8 +8,10 @@
 namespace osg {
 
 class SwitchMaterial;
+/// Null at first. Converts to MaterialPtr; down from there by dcast().
 typedef FCPtr<MaterialPtr, SwitchMaterial> SwitchMaterialPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(SwitchMaterialPtr, SwitchMaterialPtr)
 
 } // namespace osg

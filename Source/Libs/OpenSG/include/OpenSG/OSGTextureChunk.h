@@ -27,6 +27,7 @@ public:
     OSG_FIELD_CONTAINER_DECL(TextureChunkPtr)
 
     static const BitVector ImageFieldMask;
+    /// The picture, null for none.
     SFImagePtr *getSFImage() { return &_sfImage; }
     ImagePtr &getImage() { return _sfImage.getValue(); }
     const ImagePtr &getImage() const { return _sfImage.getValue(); }
@@ -37,10 +38,13 @@ public:
     bool isTransparent() const override;
 
     // Filters, wraps and the mode of mixing with the surface's colour are GL values.
+    /// When a pixel of the screen covers many of the picture, and the other way round.
     OSG_SF_INIT(SFUInt32, MinFilter, GL_LINEAR_MIPMAP_LINEAR)
     OSG_SF_INIT(SFUInt32, MagFilter, GL_LINEAR)
+    /// What is seen beyond the edges, to the right and upwards.
     OSG_SF_INIT(SFUInt32, WrapS, GL_REPEAT)
     OSG_SF_INIT(SFUInt32, WrapT, GL_REPEAT)
+    /// Replaces, modulates, blends or decals the colour.
     OSG_SF_INIT(SFUInt32, EnvMode, GL_REPLACE)
 
 protected:

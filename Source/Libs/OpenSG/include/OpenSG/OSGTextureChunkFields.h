@@ -8,8 +8,10 @@
 namespace osg {
 
 class TextureChunk;
+/// Null at first. Converts to StateChunkPtr; down from there by dcast().
 typedef FCPtr<StateChunkPtr, TextureChunk> TextureChunkPtr;
 
+/// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(TextureChunkPtr, TextureChunkPtr)
 
 } // namespace osg

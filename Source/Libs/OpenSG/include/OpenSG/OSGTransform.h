@@ -16,8 +16,11 @@ public:
 
     OSG_FIELD_CONTAINER_DECL(TransformPtr)
 
+    /// Multiplies by the matrix.
     void accumulateMatrix(Matrix &result) override;
+    /// The box around the children, moved by the matrix.
     void adjustVolume(Volume &volume) override;
+    /// A new matrix puts the volumes above out of date.
     void changed(BitVector whichField, UInt32 origin) override;
 
     /// From the children's coordinates to the node's; at first the identity.

@@ -12,12 +12,14 @@ public:
     explicit TriangleIterator(const Geometry &geometry);
     explicit TriangleIterator(const GeometryPtr &geometry) : TriangleIterator(*geometry) {}
 
+    /// Whether all triangles are done; the corners must not be asked for then.
     bool isAtEnd() const { return m_primitive >= m_primitiveCount; }
     void setToEnd() { m_primitive = m_primitiveCount; }
     void operator++();
     /// Number of triangles before this one.
     Int32 getIndex() const { return m_triangle; }
 
+    /// Whether both stand at the same triangle of the same geometry.
     bool operator==(const TriangleIterator &other) const;
     bool operator!=(const TriangleIterator &other) const { return !(*this == other); }
 

@@ -10,10 +10,12 @@ public:
     TypeBase(const TypeBase &) = delete;
     virtual ~TypeBase() = default;
 
+    /// Number and name; the name is unique among the types that are loaded.
     UInt32 getId() const { return m_id; }
     const IDString &getName() const { return m_name; }
     const Char8 *getCName() const { return m_name.str(); }
 
+    /// Whether it is the same type.
     bool operator==(const TypeBase &other) const { return m_id == other.m_id; }
     bool operator!=(const TypeBase &other) const { return m_id != other.m_id; }
 

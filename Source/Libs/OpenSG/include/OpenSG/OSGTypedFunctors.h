@@ -12,9 +12,11 @@ namespace osg {
 template <class Result, class... Args>
 class TypedFunctor {
 public:
+    /// Calls it.
     Result call(Args... args) const { return m_function(std::forward<Args>(args)...); }
 
     /// For the osgTyped... functions.
+    /// Not for users: nothing but the functions below shall make functors.
     struct Maker {
         template <class Callable>
         static TypedFunctor make(Callable callable)

@@ -7,6 +7,7 @@
 
 namespace osg {
 
+/// One value, and a list of values.
 OSG_FIELD_TYPEDEFS(UInt32, UInt32)
 
 } // namespace osg

@@ -16,6 +16,7 @@ template <class T, UInt32 N>
 class Point {
 public:
     typedef T ValueType;
+    /// Whether these are one to N numbers.
     template <class... Values>
     using IfComponents = std::enable_if_t<sizeof...(Values) <= N && sizeof...(Values) >= 1
                                           && (std::is_arithmetic_v<Values> && ...)>;
@@ -31,16 +32,20 @@ public:
     constexpr Point(X x, Y y, Rest... rest) : m_values{T(x), T(y), T(rest)...}
     {
     }
+    /// From N numbers in memory.
     explicit Point(const T *values) { std::copy(values, values + N, m_values); }
 
+    /// Coordinates by index, and by letter as values; letters beyond the size do not compile.
     T &operator[](UInt32 index) { return m_values[index]; }
     const T &operator[](UInt32 index) const { return m_values[index]; }
     T x() const { return m_values[0]; }
     T y() const { return m_values[1]; }
     T z() const { return component<2>(); }
     T w() const { return component<3>(); }
+    /// The N coordinates in memory.
     T *getValues() { return m_values; }
     const T *getValues() const { return m_values; }
+    /// Sets the first coordinates; the others become 0.
     template <class... Values, class = IfComponents<Values...>>
     void setValues(Values... values)
     {
@@ -66,16 +71,20 @@ public:
                           [tolerance](T a, T b) { return std::abs(a - b) <= tolerance; });
     }
 
+    /// The distance between two points, squared and plain.
     T dist2(const Point &other) const { return (*this - other).squareLength(); }
     T dist(const Point &other) const { return (*this - other).length(); }
     /// The vector from the origin to here.
     Vector<T, N> subZero() const { return Vector<T, N>(m_values); }
 
+    /// The way from \a other to here.
     Vector<T, N> operator-(const Point &other) const { return subZero() -= other.subZero(); }
+    /// Points move by vectors.
     Point operator-(const Vector<T, N> &by) const { return Point(*this).add(by, T(-1)); }
     Point operator+(const Vector<T, N> &by) const { return Point(*this).add(by, T(1)); }
     void operator-=(const Vector<T, N> &by) { add(by, T(-1)); }
     void operator+=(const Vector<T, N> &by) { add(by, T(1)); }
+    /// Scales about the origin.
     Point operator*(T factor) const
     {
         Point result(*this);
@@ -94,6 +103,7 @@ public:
     }
 
 protected:
+    /// Adds \a other, that many times.
     Point &add(const Point &other, T factor)
     {
         for (UInt32 i = 0; i < N; ++i)
@@ -102,6 +112,7 @@ protected:
     }
 
 private:
+    /// A coordinate that only larger points have.
     template <UInt32 Index>
     T component() const
     {
@@ -118,8 +129,10 @@ class Vector : public Point<T, N> {
 public:
     using Point<T, N>::Point;
     constexpr Vector() = default;
+    /// The way from the origin to \a point.
     constexpr Vector(const Point<T, N> &point) : Point<T, N>(point) {}
 
+    /// Sums and differences of vectors are vectors.
     Vector operator+(const Vector &other) const { return Vector(*this) += other; }
     Vector operator-(const Vector &other) const { return Vector(*this) -= other; }
     Vector operator-() const { return *this * T(-1); }
@@ -133,8 +146,10 @@ public:
         this->add(other, T(-1));
         return *this;
     }
+    /// There is a multiplication by a number, but no division: only /= divides.
     Vector operator*(T factor) const { return Point<T, N>::operator*(factor); }
 
+    /// Product of the lengths and the cosine of the angle between.
     T dot(const Vector &other) const
     {
         T sum = 0;
@@ -156,6 +171,7 @@ public:
     /// The cross product.
     Vector operator%(const Vector &other) const { return cross(other); }
 
+    /// The square is cheaper, and enough to compare.
     T squareLength() const { return dot(*this); }
     T length() const { return std::sqrt(squareLength()); }
     /// Makes the length 1; a zero vector stays.

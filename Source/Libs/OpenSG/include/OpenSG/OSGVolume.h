@@ -7,7 +7,9 @@ namespace osg {
 /// An axis-aligned box that may be empty, with a mark whether it is up to date.
 class Volume {
 public:
+    /// Whether it contains nothing at all, not even a point.
     bool isEmpty() const { return m_empty; }
+    /// Whether it is up to date; kept by the owner.
     bool isValid() const { return m_valid; }
     void setValid(bool valid = true) { m_valid = valid; }
     void setEmpty(bool empty = true) { m_empty = empty; }
