@@ -113,10 +113,12 @@ TEST_F(NodeVariantOptionsTest, ANewDefaultCountsTwoOptionsBeforeTheChildren)
     EXPECT_EQ(variant.defaultState, "A");
 }
 
-TEST_F(NodeVariantOptionsTest, ADefaultThatIsAnActionIsNotKept)
+TEST_F(NodeVariantOptionsTest, RebuildingKeepsThemAsBuiltButForADefaultThatIsAnAction)
 {
     qxNodeVariant variant(scene.addSwitch("Wheels", {"Steel", "Alloy"}).choose(1).node());
+    const Texts built = textsOf(variant.options);
     variant.updateVariants();
+    EXPECT_EQ(textsOf(variant.options), built);
     EXPECT_EQ(variant.defaultState, "Alloy");
     variant.defaultState = "!Previous";
     variant.updateVariants();
