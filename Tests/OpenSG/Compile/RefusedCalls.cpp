@@ -1,0 +1,59 @@
+// Each marked line is refused on its own; without them the file compiles.
+#include <OpenSG/OSGAction.h>
+#include <OpenSG/OSGColor.h>
+#include <OpenSG/OSGComponentTransform.h>
+#include <OpenSG/OSGMaterialPool.h>
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGQuaternion.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGTextureChunk.h>
+
+#include <functional>
+
+using namespace osg;
+
+using Result = Action::ResultE;
+Result enter(NodePtr &);
+Result enterConst(const NodePtr &);
+Result enterByValue(NodePtr);
+Result leaveConst(const NodePtr &, Result);
+
+struct Visitor {
+    Result enter(NodePtr &);
+    Result enterConst(NodePtr &) const;
+};
+
+void walks(NodePtr root, Visitor *visitor, std::vector<NodePtr> roots)
+{
+    traverse(root, enter); // refused
+    traverse(root, std::function<Result(NodePtr &)>(enter)); // refused
+    osgTypedFunctionFunctor1CPtrRef<Result, NodePtr>(enterConst); // refused
+    osgTypedFunctionFunctor1CPtrRef<Result, NodePtr>(enterByValue); // refused
+    osgTypedFunctionFunctor2CPtrRef<Result, NodePtr, Result>(leaveConst); // refused
+    osgTypedMethodFunctor1ObjPtrCPtrRef(visitor, &Visitor::enterConst); // refused
+    traverse(roots, osgTypedMethodFunctor1ObjPtrCPtrRef(visitor, &Visitor::enter));
+}
+
+void containers(FieldContainerPtr any, ComponentTransformPtr component, MaterialPoolPtr pool)
+{
+    getName(any); // refused
+    setName(any, "name"); // refused
+    component->setMatrix(Matrix()); // refused
+    TransformPtr(component)->setMatrix(Matrix());
+    pool->add(NullFC); // refused
+    pool->getMaterials(); // refused
+    pool->add(MaterialPtr(NullFC));
+    TextureChunkPtr()->setImage(ImagePtr()); // refused
+}
+
+void mathematics(Vec3f vector, Matrix matrix, Quaternion turn, Color3f rgb, Color4f rgba)
+{
+    vector.x() = 1; // refused
+    vector = vector / 2.f; // refused
+    matrix = matrix * matrix; // refused
+    turn = turn * turn; // refused
+    turn = Quaternion(0.f, 0.f, 0.f, 1.f); // refused
+    rgb = rgba; // refused
+    rgba = rgb; // refused
+    turn = Quaternion(matrix);
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <OpenSG/OSGFieldContainer.h>
+#include <OpenSG/OSGRefPtr.h>
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <functional>
+
+/// A new container of class T, alive for as long as the test holds on to it.
+template <class T>
+osg::RefPtr<typename T::Ptr> held()
+{
+    return osg::RefPtr<typename T::Ptr>(T::create());
+}
+
+/// Whether the container that had this id still exists.
+bool isAlive(osg::UInt32 id);
+
+/// Empties the list of changes, so that a test sees its own only.
+void forgetRecords();
+
+/// How often the list of changes holds exactly this pair.
+std::size_t timesRecorded(const osg::FieldContainerPtr &container, osg::BitVector mask);
+
+/// True when the call wrote to standard error and nothing to standard output.
+bool warns(const std::function<void()> &call);

@@ -1,0 +1,136 @@
+#include "Contract.h"
+
+#include <OpenSG/OSGGroup.h>
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSimpleGeometry.h>
+#include <OpenSG/OSGSwitch.h>
+#include <OpenSG/OSGTransform.h>
+
+using namespace osg;
+
+namespace {
+
+/// A node with three children, all named; the first one has a switch as its core.
+class Family : public testing::Test {
+protected:
+    Family()
+    {
+        setName(m_root.get(), "root");
+        for (const char *name : {"a", "b", "c"}) {
+            m_root->addChild(Node::create());
+            setName(m_root->getChild(m_root->getNChildren() - 1), name);
+        }
+        child(0)->setCore(Switch::create());
+        child(1)->setTravMask(5);
+    }
+
+    std::string names() const
+    {
+        std::string all;
+        for (const NodePtr &each : *m_root->getMFChildren())
+            all += getName(each);
+        return all;
+    }
+    NodePtr child(UInt32 index) const { return m_root->getChild(index); }
+
+    const NodeRefPtr m_root = held<Node>(), m_other = held<Node>();
+};
+
+NodePtr nodeAt(const Vec3f &translation)
+{
+    TransformPtr transform;
+    const NodePtr node = makeCoredNode<Transform>(&transform);
+    transform->getMatrix().setTranslate(translation);
+    endEditCP(transform, Transform::MatrixFieldMask);
+    return node;
+}
+
+} // namespace
+
+TEST(Nodes, AreActiveWithAllBitsOfTheMaskOnly)
+{
+    const auto node = held<Node>();
+    EXPECT_TRUE(node->getActive());
+    node->setTravMask(7);
+    EXPECT_FALSE(node->getActive());
+    node->setActive(false);
+    EXPECT_EQ(node->getTravMask(), 0u);
+    node->setActive(true);
+    EXPECT_EQ(node->getTravMask(), 0xFFFFFFFFu);
+}
+
+TEST_F(Family, AChildThatIsAddedAgainMoves)
+{
+    m_root->addChild(child(0));
+    EXPECT_EQ(names(), "bca");
+    const NodePtr moved = child(1);
+    m_other->addChild(moved);
+    EXPECT_EQ(names(), "ba");
+    EXPECT_EQ(moved->getParent(), m_other.get());
+    EXPECT_EQ(moved.getRefCount(), 1);
+}
+
+TEST_F(Family, ChildrenAreFoundInsertedAndReplacedByPosition)
+{
+    const auto added = held<Node>();
+    setName(added.get(), "x");
+    EXPECT_EQ(m_root->findChild(child(2)), 2);
+    EXPECT_EQ(m_root->findChild(m_other), -1);
+    m_root->insertChild(1, added);
+    EXPECT_EQ(names(), "axbc");
+    m_root->subChild(UInt32(1));
+    EXPECT_TRUE(m_root->replaceChildBy(child(1), added));
+    EXPECT_EQ(names(), "axc");
+    EXPECT_FALSE(m_root->replaceChildBy(child(0), NullFC));
+    EXPECT_TRUE(warns([&] { m_root->subChild(m_other); }));
+    EXPECT_EQ(names(), "axc");
+}
+
+TEST_F(Family, ARemovedChildIsDestroyedWithItsSubtreeUnlessHeld)
+{
+    const NodeRefPtr kept(child(1));
+    child(2)->addChild(child(0));
+    const UInt32 core = child(1)->getChild(0)->getCore().getFieldContainerId();
+    m_root->subChild(UInt32(1));
+    m_root->subChild(kept);
+    EXPECT_FALSE(isAlive(core));
+    EXPECT_STREQ(getName(kept.get()), "b");
+    EXPECT_EQ(kept->getParent(), NullFC);
+}
+
+TEST_F(Family, AClonedTreeSharesCoresAndLosesNamesADeepClonedOneCopiesBoth)
+{
+    const NodeRefPtr sharing(cloneTree(m_root));
+    EXPECT_EQ(sharing->getChild(0)->getCore(), child(0)->getCore());
+    EXPECT_EQ(sharing->getChild(1)->getTravMask(), 5u);
+    EXPECT_EQ(getName(sharing->getChild(0)), nullptr);
+
+    const NodeRefPtr clone(deepCloneTree(m_root));
+    EXPECT_NE(SwitchPtr::dcast(clone->getChild(0)->getCore()), NullFC);
+    EXPECT_NE(clone->getChild(0)->getCore(), child(0)->getCore());
+    EXPECT_EQ(clone->getChild(1)->getTravMask(), 5u);
+    setName(clone.get(), "copy");
+    EXPECT_STREQ(getName(m_root.get()), "root");
+    EXPECT_STREQ(getName(clone->getChild(2)), "c");
+}
+
+TEST(Nodes, PlaceTheirCoreInTheWorldAndLeaveTheVolumeWhenHidden)
+{
+    const NodeRefPtr root(nodeAt(Vec3f(5, 0, 0)));
+    root->addChild(nodeAt(Vec3f(0, 7, 0)));
+    const NodePtr child = root->getChild(0);
+    child->addChild(makeBox(2, 4, 6, 1, 1, 1));
+    EXPECT_EQ(child->getToWorld()[3][0], 5);
+    EXPECT_EQ(child->getToWorld()[3][1], 7);
+
+    Pnt3f low, high;
+    root->updateVolume();
+    root->getVolume().getBounds(low, high);
+    EXPECT_TRUE(low.equals(Pnt3f(4, 5, -3), 1e-4f) && high.equals(Pnt3f(6, 9, 3), 1e-4f));
+    beginEditCP(child, Node::TravMaskFieldMask);
+    child->setTravMask(0);
+    endEditCP(child, Node::TravMaskFieldMask);
+    root->updateVolume();
+    EXPECT_TRUE(root->getVolume().isEmpty());
+}
