@@ -2,9 +2,7 @@
 
 #include "Files/qxGltfScene.h"
 
-namespace tinygltf {
-class Node;
-}
+#include <QString>
 
 class qxGltfExtras;
 

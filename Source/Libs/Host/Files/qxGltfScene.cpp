@@ -24,9 +24,8 @@ void recordParts(const qxGltfModel &model, qxGltfScene &scene)
         scene.origin.materials[scene.materials[i].get().getFieldContainerId()] = int(i);
 }
 
-} // namespace
-
-std::vector<std::string> qxGltfClips(const qxJson &document)
+/// The names of the animations in their order, empty for those without.
+std::vector<std::string> clipsOf(const qxJson &document)
 {
     std::vector<std::string> clips;
     for (const qxJson &animation : qxGltfSection(document, "animations")) {
@@ -35,6 +34,8 @@ std::vector<std::string> qxGltfClips(const qxJson &document)
     }
     return clips;
 }
+
+} // namespace
 
 qxGltfScene qxGltfScene::build(qxGltfModel &model)
 {
@@ -45,7 +46,7 @@ qxGltfScene qxGltfScene::build(qxGltfModel &model)
     qxGltfNodes nodes(model, scene);
     nodes.build();
     scene.cameras = qxGltfCameras(model, nodes);
-    scene.clips = qxGltfClips(model.document.json);
+    scene.clips = clipsOf(model.document.json);
     return scene;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Files/qxGltfJson.h"
 #include "Files/qxGltfMeshes.h"
 #include "qxUberCameraPool.h"
 
@@ -39,6 +38,3 @@ struct qxGltfScene {
     /// Hands everything to the host: below the scene's root, into its pools.
     void show() const;
 };
-
-/// The names of the file's animations in its order, empty for those without.
-std::vector<std::string> qxGltfClips(const qxJson &document);

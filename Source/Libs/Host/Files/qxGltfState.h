@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Files/qxGltfJson.h"
 #include "Files/qxGltfScene.h"
 
 #include <optional>
