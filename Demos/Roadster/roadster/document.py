@@ -1,5 +1,7 @@
 """The variants document of the scene, in the form in which the variants module writes it."""
 
+import struct
+
 from .sets import GROUPS, HOTKEYS, PLAIN_VARIANTS, UNGROUPED
 
 STEPS = ("!Next", "!Next (Loop)", "!Previous", "!Previous (Loop)")
@@ -89,7 +91,10 @@ def _options(node, extras):
 
 
 def _number(value):
-    return "%.8g" % value if isinstance(value, float) else str(value)
+    """A number as the writer prints it: integers as they are, others with the digits of a 32-bit float."""
+    if isinstance(value, int):
+        return str(value)
+    return "%.8g" % struct.unpack("f", struct.pack("f", value))
 
 
 def _attribute(value):

@@ -21,7 +21,10 @@ QString viewpointName(int id)
 
 QString clonesText(int others)
 {
-    return others ? QStringLiteral(" (and %1 clones)").arg(others) : QString();
+    if (others == 0)
+        return QString();
+    return others == 1 ? QStringLiteral(" (and its clone)")
+                       : QStringLiteral(" (and %1 clones)").arg(others);
 }
 
 } // namespace
