@@ -34,14 +34,13 @@ QString hotkeyOf(const QDomElement &state)
 void readOptions(const QDomElement &element, qxVariant &variant)
 {
     variant.options.clear();
-    for (auto child = element.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
+    text::forEachChild(element, [&](const QDomElement &child) {
         const QString tag = child.tagName();
         if (tag == names::State)
             variant.add(text::attribute(child, names::name), hotkeyOf(child));
         else if (tag == names::Default)
             variant.defaultState = text::attribute(child, names::ref);
-    }
+    });
 }
 
 template <class Variant>
@@ -75,11 +74,10 @@ const QHash<QString, RootAction> &rootActions()
 
 void readRoot(const QDomElement &root)
 {
-    for (auto child = root.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
+    text::forEachChild(root, [](QDomElement &child) {
         if (const RootAction action = rootActions().value(child.tagName()))
             action(child);
-    }
+    });
 }
 
 void announceAll()

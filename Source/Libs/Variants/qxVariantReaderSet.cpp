@@ -163,10 +163,9 @@ qxVariantSet *qxVariantReader::readVariantSet(QDomElement &element, bool replace
     text::apply(element, names::comment, set->comment);
     text::apply(element, names::script, set->script);
     text::apply(element, names::defaultViewpoint, set->defaultViewpoint);
-    for (auto child = element.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
+    text::forEachChild(element, [set](const QDomElement &child) {
         if (const SetAction action = setActions().value(child.tagName()))
             action(child, *set);
-    }
+    });
     return set;
 }

@@ -53,14 +53,18 @@ bool needsCData(const QString &text)
         && std::all_of(text.begin(), text.end(), [](QChar each) { return each.isSpace(); });
 }
 
+QString ownCopy(const QString &shared)
+{
+    return QString(shared.constData(), shared.size());
+}
+
 } // namespace
 
 namespace qxDocumentText {
 
 QString attribute(const QDomElement &element, const QString &name)
 {
-    const QString shared = element.attribute(name);
-    return QString(shared.constData(), shared.size());
+    return ownCopy(element.attribute(name));
 }
 
 int integer(const QDomElement &element, const QString &name)
@@ -80,8 +84,9 @@ double real(const QDomElement &element, const QString &name)
 
 void apply(const QDomElement &element, const QString &name, QString &target)
 {
-    if (element.hasAttribute(name))
-        target = attribute(element, name);
+    const QDomAttr present = QDomElement(element).attributeNode(name);
+    if (!present.isNull())
+        target = ownCopy(present.value());
 }
 
 void setText(QDomElement &element, const QString &name, const QString &text)

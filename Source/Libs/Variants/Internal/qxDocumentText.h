@@ -15,6 +15,17 @@ double real(const QDomElement &element, const QString &name);
 /// Assigns the attribute's text to `target` if the attribute is present.
 void apply(const QDomElement &element, const QString &name, QString &target);
 
+/// Calls `action` with each child element in order; other nodes are skipped.
+template <class Action>
+void forEachChild(const QDomElement &parent, const Action &action)
+{
+    for (QDomNode node = parent.firstChild(); !node.isNull(); node = node.nextSibling()) {
+        QDomElement child = node.toElement();
+        if (!child.isNull())
+            action(child);
+    }
+}
+
 /// Sets an attribute; characters that a document cannot hold are left out.
 void setText(QDomElement &element, const QString &name, const QString &text);
 /// Sets a flag as 1 or 0.
