@@ -1,6 +1,7 @@
 #include "qxCommand.h"
 
 #include <QGuiApplication>
+#include <QLoggingCategory>
 
 #include <clocale>
 
@@ -12,7 +13,10 @@ int main(int argc, char *argv[])
     // One document gives one text: Qt's random hash seed would shuffle the attributes of each save.
     qSetGlobalQHashSeed(0);
 
+    // Qt says at every start that a machine without a user session has no folder for one.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     QGuiApplication application(argc, argv);
+    QLoggingCategory::setFilterRules(QString());
     // Numbers in texts and scripts have a decimal point wherever the program runs.
     setlocale(LC_NUMERIC, "C");
     return qxCommands::dispatch(application.arguments());

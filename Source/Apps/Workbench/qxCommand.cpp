@@ -29,12 +29,42 @@ int wrongUse(const QString &reason, const QString &hint)
     return WrongUse;
 }
 
+/// An option with an empty value, as an unset variable of a script gives one; empty if none has.
+QString emptyOption(const qxCommand &command, const QCommandLineParser &parser)
+{
+    for (const QCommandLineOption &option : command.options()) {
+        if (!option.valueName().isEmpty() && parser.isSet(option)
+            && parser.values(option).contains(QString()))
+            return option.names().first();
+    }
+    return QString();
+}
+
+QString argumentHelp(const QString &argument)
+{
+    if (argument == QLatin1String("FILE"))
+        return QStringLiteral("A scene file, .gltf or .glb.");
+    if (argument == QLatin1String("SET..."))
+        return QStringLiteral("Names of variant sets.");
+    return argument == QLatin1String("VARIANT") ? QStringLiteral("Name of a variant.")
+                                                : QStringLiteral("Name of one of its states.");
+}
+
+/// The parser's own text, but the command stands where it belongs: before the options.
+void printHelp(const qxCommand &command, const QCommandLineParser &parser)
+{
+    const QString text = parser.helpText();
+    qxOutput::line(
+        QStringLiteral("Usage: workbench %1 %2 [options]").arg(command.name, command.arguments));
+    qxOutput::text(text.mid(text.indexOf(QLatin1Char('\n')) + 1));
+}
+
 int runCommand(const qxCommand &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QString::fromUtf8(command.summary));
-    parser.addPositionalArgument(QString::fromUtf8(command.arguments), QString(),
-                                 QString::fromUtf8("%1 %2").arg(command.name, command.arguments));
+    for (const QString &argument : QString::fromUtf8(command.arguments).split(QLatin1Char(' ')))
+        parser.addPositionalArgument(argument, argumentHelp(argument));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Shows this text."));
     parser.addOption(help);
@@ -44,7 +74,7 @@ int runCommand(const qxCommand &command, const QStringList &arguments)
     if (!parser.parse(arguments))
         return wrongUse(parser.errorText(), hint);
     if (parser.isSet(help)) {
-        qxOutput::text(parser.helpText());
+        printHelp(command, parser);
         return Success;
     }
     const int count = parser.positionalArguments().size();
@@ -52,7 +82,13 @@ int runCommand(const qxCommand &command, const QStringList &arguments)
         return wrongUse(QStringLiteral("%1 needs %2").arg(command.name, command.arguments), hint);
     if (command.maximum >= 0 && count > command.maximum)
         return wrongUse(QStringLiteral("too many arguments for %1").arg(command.name), hint);
-    return command.run(parser);
+    const QString empty = emptyOption(command, parser);
+    if (!empty.isEmpty())
+        return wrongUse(QStringLiteral("--%1 needs a value").arg(empty), hint);
+    const int code = command.run(parser);
+    if (qxOutput::isWhole())
+        return code;
+    return qxCommands::fail(QStringLiteral("standard output cannot be written"));
 }
 
 } // namespace

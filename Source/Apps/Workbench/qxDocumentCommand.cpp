@@ -5,6 +5,7 @@
 #include <QCommandLineParser>
 #include <QFile>
 #include <QSaveFile>
+#include <QXmlStreamReader>
 
 namespace {
 
@@ -12,7 +13,8 @@ QList<QCommandLineOption> options()
 {
     return {{QStringLiteral("out"), QStringLiteral("Writes the document to XML."),
              QStringLiteral("XML")},
-            {QStringLiteral("in"), QStringLiteral("Replaces all variants by those of XML."),
+            {QStringLiteral("in"),
+             QStringLiteral("Replaces all variants by those of XML; needs --save."),
              QStringLiteral("XML")},
             qxCommands::saveOption(),
             qxCommands::traceOption()};
@@ -42,15 +44,26 @@ int exportDocument(const QCommandLineParser &parser)
     return Success;
 }
 
+/// The reader takes any root element, but one that is not ours and gave nothing is a wrong file.
+bool isWrongFile(const QByteArray &xml, const qxSession &session)
+{
+    QXmlStreamReader reader(xml);
+    return session.isEmpty() && reader.readNextStartElement()
+        && reader.name() != QLatin1String("Variants");
+}
+
 int importDocument(const QCommandLineParser &parser)
 {
     QFile in(parser.value(QStringLiteral("in")));
     if (!in.open(QIODevice::ReadOnly))
         return fileFailure(in);
+    const QByteArray xml = in.readAll();
     qxSession session(parser.isSet(QStringLiteral("trace")));
-    if (!session.openScene(parser.positionalArguments().first())
-        || !session.readDocument(in.readAll()))
+    if (!session.openScene(parser.positionalArguments().first()) || !session.readDocument(xml))
         return WorkFailed;
+    if (isWrongFile(xml, session))
+        return qxCommands::fail(
+            QStringLiteral("%1: it is no variants document").arg(in.fileName()));
     return session.save(parser.value(QStringLiteral("save"))) ? Success : WorkFailed;
 }
 

@@ -53,6 +53,11 @@ void qxOutput::table(const QList<QStringList> &rows)
     text(result);
 }
 
+bool qxOutput::isWhole()
+{
+    return ferror(stdout) == 0;
+}
+
 void qxOutput::error(const QString &reason)
 {
     const QByteArray utf8 = reason.toUtf8();

@@ -14,6 +14,8 @@ void line(const QString &line);
 void bytes(const QByteArray &bytes);
 void json(const QJsonObject &object);
 void json(const QJsonArray &array);
+/// Whether everything that went to standard output so far could be written.
+bool isWhole();
 /// Rows of cells in columns, each as wide as its widest cell.
 void table(const QList<QStringList> &rows);
 /// A line on standard error that begins with the program's name.

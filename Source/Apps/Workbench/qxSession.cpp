@@ -5,8 +5,9 @@
 #include "qxVariants.h"
 
 #include "qxLog.h"
-#include "qxMessage.h"
 #include "qxOutput.h"
+
+#include <QTextCodec>
 
 namespace {
 
@@ -28,12 +29,24 @@ private:
     int m_listener;
 };
 
-bool isRegistryEmpty()
+/// What makes bytes no text at all. The reader would take a NUL for the end of the document, and
+/// anything else that is no UTF-8 for characters that nobody wrote.
+QString flawOf(const QByteArray &xml)
 {
-    return qxVariants::_nodeVariants.empty() && qxVariants::_materialVariants.empty()
-        && qxVariants::_lightVariants.empty() && qxVariants::_overlayVariants.empty()
-        && qxVariants::_transformVariants.empty() && qxVariants::_variantSets.empty()
-        && qxVariants::_variantGroups.empty();
+    const int nul = xml.indexOf('\0');
+    if (nul >= 0)
+        return QStringLiteral("byte %1 is NUL").arg(nul);
+    QTextCodec::ConverterState state;
+    QTextCodec::codecForName("UTF-8")->toUnicode(xml.constData(), xml.size(), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0)
+        return QStringLiteral("it is not UTF-8");
+    return QString();
+}
+
+void logWarnings(const qxSceneFile &file)
+{
+    for (const QString &warning : file.warnings())
+        qxLog::warning("%s", warning.toUtf8().constData());
 }
 
 } // namespace
@@ -55,8 +68,7 @@ bool qxSession::openScene(const QString &path)
 {
     m_host.clearScene();
     if (m_file.load(path)) {
-        for (const QString &warning : m_file.warnings())
-            qxLog::warning("%s", warning.toUtf8().constData());
+        logWarnings(m_file);
         return true;
     }
     qxOutput::error(m_file.errorString());
@@ -65,8 +77,11 @@ bool qxSession::openScene(const QString &path)
 
 bool qxSession::readDocument(const QByteArray &xml)
 {
-    qxMessage none;
-    qxVariants::clearAll(none);
+    const QString flaw = flawOf(xml);
+    if (!flaw.isEmpty()) {
+        qxOutput::error(QStringLiteral("the variants document cannot be read: %1").arg(flaw));
+        return false;
+    }
     const qxErrorCount count;
     qxVariantReader().read(xml.constData());
     if (count.errors() == 0)
@@ -75,12 +90,22 @@ bool qxSession::readDocument(const QByteArray &xml)
     return false;
 }
 
+bool qxSession::isEmpty() const
+{
+    return qxVariants::_nodeVariants.empty() && qxVariants::_materialVariants.empty()
+        && qxVariants::_lightVariants.empty() && qxVariants::_overlayVariants.empty()
+        && qxVariants::_transformVariants.empty() && qxVariants::_variantSets.empty()
+        && qxVariants::_variantGroups.empty();
+}
+
 bool qxSession::save(const QString &path)
 {
-    if (!isRegistryEmpty() || !m_file.variantsDocument().isEmpty())
+    if (!isEmpty() || !m_file.variantsDocument().isEmpty())
         m_file.setVariantsDocument(qxVariantWriter().write());
-    if (m_file.save(path))
+    if (m_file.save(path)) {
+        logWarnings(m_file);
         return true;
+    }
     qxOutput::error(m_file.errorString());
     return false;
 }

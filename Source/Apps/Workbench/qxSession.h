@@ -21,8 +21,11 @@ public:
     bool open(const QString &path);
     /// Loads the scene alone; its document stays as it is until readDocument.
     bool openScene(const QString &path);
-    /// Replaces all variants by those of `xml`.
+    /// Reads the variants of `xml` into the opened scene, which has none yet.
     bool readDocument(const QByteArray &xml);
+
+    /// Whether there are no variants, sets and groups.
+    bool isEmpty() const;
 
     /// Saves scene and variants; a file without variants stays without a document.
     bool save(const QString &path);

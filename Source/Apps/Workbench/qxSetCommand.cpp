@@ -42,8 +42,9 @@ qxVariant *findVariant(const QString &name, const QString &kind)
     QStringList kinds;
     for (const qxVariantRow &row : rows)
         kinds += QLatin1String(row.kind);
+    const QString wanted = kind.isEmpty() ? kind : kind + QLatin1Char(' ');
     qxOutput::error(rows.isEmpty()
-                        ? QStringLiteral("no variant is called \"%1\"").arg(name)
+                        ? QStringLiteral("no %1variant is called \"%2\"").arg(wanted, name)
                         : QStringLiteral("several variants are called \"%1\", say --kind %2")
                               .arg(name, kinds.join(QLatin1String(" or "))));
     return nullptr;
