@@ -161,6 +161,24 @@ TEST_F(SceneFileSaveTest, AGroupThatBecameASwitchIsOneAfterLoading)
     EXPECT_EQ(saved(), original);
 }
 
+TEST_F(SceneFileSaveTest, AHiddenGeometryStaysAPartOfItsMesh)
+{
+    MeshText text;
+    text.primitive["attributes"]["POSITION"] = text.addPositions({0, 0, 0, 1, 0, 0, 0, 1, 0});
+    original = text.scene();
+    load(write("car.gltf", original));
+    find("Part").child(0).setMask(0);
+    original["nodes"][0]["extras"]["qxHiddenParts"] = {0};
+    EXPECT_EQ(saved(), original);
+    EXPECT_TRUE(find("Part").shown());
+    EXPECT_EQ(find("Part").child(0).mask(), 0u);
+
+    load(path("car.gltf"));
+    find("Part").child(0).setMask(0xFFFFFFFF);
+    original["nodes"][0].erase("extras");
+    EXPECT_EQ(saved(), original);
+}
+
 TEST_F(SceneFileSaveTest, NodesMoveComeAndGo)
 {
     // Steel moves out of Wheels, which is removed; a new transform comes below Lid.

@@ -80,6 +80,17 @@ std::vector<osg::Matrix> qxGltfExtras::transforms(const char *key) const
     return matrices;
 }
 
+std::vector<int> qxGltfExtras::integers(const char *key) const
+{
+    std::vector<int> integers;
+    const qxJson &list = value(key);
+    for (const qxJson &number : list.is_array() ? list : qxJson::array())
+        integers.push_back(number.is_number_integer() ? number.get<int>() : -1);
+    if (has(key) && (!list.is_array() || std::count(integers.begin(), integers.end(), -1) > 0))
+        warn(key, "is not a list of integers");
+    return integers;
+}
+
 std::vector<std::string> qxGltfExtras::texts(const char *key) const
 {
     std::vector<std::string> texts;

@@ -18,6 +18,7 @@ constexpr const char *sharesCoreOf = "qxSharesCoreOf";
 constexpr const char *poses = "qxPoses";
 constexpr const char *poseNames = "qxPoseNames";
 constexpr const char *pose = "qxPose";
+constexpr const char *hiddenParts = "qxHiddenParts";
 constexpr const char *variants = "qxVariants";
 } // namespace qxGltfKeys
 
@@ -33,6 +34,8 @@ public:
     std::optional<std::string> text(const char *key) const;
     /// Matrices from ten numbers each: translation, rotation quaternion x y z w, scale.
     std::vector<osg::Matrix> transforms(const char *key) const;
+    /// The whole numbers of a list.
+    std::vector<int> integers(const char *key) const;
     /// Texts from a list, or from one text with ";" between them.
     std::vector<std::string> texts(const char *key) const;
 

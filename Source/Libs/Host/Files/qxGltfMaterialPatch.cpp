@@ -7,6 +7,7 @@
 
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSimpleTexturedMaterial.h>
+#include <OpenSG/OSGSwitchMaterial.h>
 
 namespace {
 
@@ -130,8 +131,12 @@ void qxGltfMaterialPatch::writeChanges(const osg::MaterialPtr &material, int ind
 void qxGltfMaterialPatch::writePool()
 {
     const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
-    for (osg::UInt32 i = 0; i < pool->getCount(); ++i)
-        indexOf(pool->get(i));
+    for (osg::UInt32 i = 0; i < pool->getCount(); ++i) {
+        // Reading variants makes the switch materials that they name: they need no place in a file
+        // as long as nothing shows them.
+        if (osg::SwitchMaterialPtr::dcast(pool->get(i)) == osg::NullFC)
+            indexOf(pool->get(i));
+    }
 }
 
 void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state)

@@ -9,6 +9,8 @@
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitch.h>
 
+#include <algorithm>
+
 namespace {
 
 bool isVisible(const qxJson &node)
@@ -194,17 +196,26 @@ void qxGltfNodes::assemble(int index)
     for (const int child : values.children)
         node->addChild(m_made[std::size_t(child)].upper.get());
     if (values.mesh >= 0)
-        addParts(node, values.mesh);
+        addParts(index, node, values.mesh);
     if (made.upper.get() == node)
         return;
     const osg::CPEditor editUpper(made.upper.get(), osg::Node::ChildrenFieldMask);
     made.upper->addChild(node);
 }
 
-void qxGltfNodes::addParts(const osg::NodePtr &node, int mesh) const
+void qxGltfNodes::addParts(int index, const osg::NodePtr &node, int mesh) const
 {
+    const qxGltfExtras extras(index, m_model.node(index), m_model.warnings);
+    const std::vector<int> hidden = extras.integers(qxGltfKeys::hiddenParts);
+    int position = 0;
     for (const qxGltfGeometryRef &part : m_scene.meshes[std::size_t(mesh)]) {
-        if (part != osg::NullFC)
-            node->addChild(osg::makeNodeFor(part.get()));
+        if (part == osg::NullFC)
+            continue;
+        const osg::NodePtr child = osg::makeNodeFor(part.get());
+        if (std::find(hidden.begin(), hidden.end(), position++) != hidden.end()) {
+            const osg::CPEditor edit(child, osg::Node::TravMaskFieldMask);
+            child->setTravMask(0);
+        }
+        node->addChild(child);
     }
 }

@@ -33,7 +33,7 @@ private:
     void describe(int index, const osg::NodePtr &node);
     void share(int index);
     void assemble(int index);
-    void addParts(const osg::NodePtr &node, int mesh) const;
+    void addParts(int index, const osg::NodePtr &node, int mesh) const;
     osg::NodeCorePtr ownCore(int index, qxGltfExtras &extras);
     osg::NodeCorePtr sharedCore(int index);
     void setPoses(int index, const osg::NodePtr &node, qxGltfExtras &extras);

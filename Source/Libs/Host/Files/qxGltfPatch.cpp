@@ -90,6 +90,9 @@ void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeSt
                optionalJson<int>);
     writeExtra(node, qxGltfKeys::sharesCoreOf, before.sharesCoreOf, after.sharesCoreOf,
                optionalJson<std::string>);
+    writeExtra(
+        node, qxGltfKeys::hiddenParts, before.hiddenParts, after.hiddenParts,
+        [](const std::vector<int> &parts) { return parts.empty() ? qxJson() : qxJson(parts); });
     writePoses(node, before.poses, after.poses);
 }
 

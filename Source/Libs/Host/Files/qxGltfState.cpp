@@ -65,7 +65,7 @@ bool Describer::isUpper(const osg::NodePtr &node) const
 /// Whether the node is nothing but a geometry, as loading makes it of a mesh's primitive.
 bool Describer::isPart(const osg::NodePtr &node) const
 {
-    return !isNamed(node) && node->getTravMask() != 0 && node->getNChildren() == 0
+    return !isNamed(node) && node->getNChildren() == 0
         && osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC;
 }
 
@@ -85,8 +85,11 @@ void Describer::takeParts(std::vector<osg::NodePtr> &nodes, bool onlyLast, qxGlt
     if (!onlyLast)
         begin = std::stable_partition(nodes.begin(), nodes.end(),
                                       [&part](const osg::NodePtr &node) { return !part(node); });
-    for (auto node = begin; node != nodes.end(); ++node)
+    for (auto node = begin; node != nodes.end(); ++node) {
+        if ((*node)->getTravMask() == 0)
+            state.hiddenParts.push_back(int(state.mesh.size()));
         addPart(*node, state);
+    }
     nodes.erase(begin, nodes.end());
 }
 

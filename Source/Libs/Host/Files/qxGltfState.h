@@ -37,6 +37,7 @@ struct qxGltfNodeState {
     std::optional<std::string> sharesCoreOf;
     qxGltfPoses poses;
     std::vector<osg::UInt32> mesh; ///< ids of the geometry cores
+    std::vector<int> hiddenParts; ///< positions in `mesh` of the geometries that are hidden
     std::vector<int> children; ///< positions in qxGltfState::nodes
 };
 
