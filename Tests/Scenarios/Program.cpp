@@ -5,6 +5,8 @@
 #include <QSet>
 #include <QtEndian>
 
+#include <ostream>
+
 ProgramRun ProgramFixture::workbench(const QStringList &arguments)
 {
     SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
@@ -109,4 +111,14 @@ QStringList differences(const QJsonValue &one, const QJsonValue &other, const QS
 QByteArray documentOf(const QString &path)
 {
     return sceneJson(path)["scenes"][0]["extras"]["qxVariants"].toString().toUtf8();
+}
+
+void PrintTo(const QString &text, std::ostream *out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+void PrintTo(const QByteArray &text, std::ostream *out)
+{
+    *out << text.toStdString();
 }

@@ -46,5 +46,9 @@ QJsonValue sceneJson(const QString &path);
 /// JSON pointers to everything that one has and the other has not, or has differently.
 QStringList differences(const QJsonValue &one, const QJsonValue &other,
                         const QString &pointer = QString());
+/// How failed expectations show texts.
+void PrintTo(const QString &text, std::ostream *out);
+void PrintTo(const QByteArray &text, std::ostream *out);
+
 /// The variants document of a scene file.
 QByteArray documentOf(const QString &path);
