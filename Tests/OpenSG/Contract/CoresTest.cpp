@@ -31,6 +31,9 @@ TEST(Cores, KnowTheirNodesInTheOrderInWhichTheyWereSet)
     EXPECT_EQ(core->getMFParents()->getValues(), (std::vector<NodePtr>{second}));
     const SwitchRefPtr kept(core);
     second->setCore(Group::create());
+    const UInt32 replaced = second->getCore().getFieldContainerId();
+    second->setCore(NullFC);
+    EXPECT_FALSE(isAlive(replaced));
     EXPECT_TRUE(core->getParents().empty());
     EXPECT_EQ(core.getRefCount(), 1);
 }
@@ -47,4 +50,28 @@ TEST(ComponentTransforms, ScaleThenRotateAboutTheCentreThenTranslateWhenTheEditE
     endEditCP(transform, ComponentTransform::CenterFieldMask);
     EXPECT_TRUE(moved(transform, Pnt3f(2, 0, 0)).equals(Pnt3f(1, 2, 5), 1e-4f));
     EXPECT_TRUE(moved(transform, Pnt3f(1, 0, 0)).equals(Pnt3f(1, 0, 5), 1e-4f));
+}
+
+TEST(ComponentTransforms, StartWithoutEffectAndOverwriteAMatrixThatWasSetDirectly)
+{
+    const auto owner = held<ComponentTransform>();
+    EXPECT_EQ(owner->getScale(), Vec3f(1, 1, 1));
+    const TransformPtr transform = owner.get();
+    Matrix matrix;
+    matrix.setTranslate(7, 0, 0);
+    transform->setMatrix(matrix);
+    endEditCP(transform, Transform::MatrixFieldMask);
+    EXPECT_EQ(moved(transform, Pnt3f(1, 2, 3)), Pnt3f(8, 2, 3));
+    endEditCP(transform, ComponentTransform::ScaleFieldMask);
+    EXPECT_EQ(moved(transform, Pnt3f(1, 2, 3)), Pnt3f(1, 2, 3));
+}
+
+TEST(Switches, StoreAnyNumber)
+{
+    const auto core = held<Switch>();
+    for (Int32 choice : {-5, 99, int(Switch::ALL), int(Switch::NONE)}) {
+        core->setChoice(choice);
+        EXPECT_EQ(core->getChoice(), choice);
+    }
+    EXPECT_EQ(Switch::ALL * 10 + Switch::NONE, -21);
 }

@@ -3,8 +3,11 @@
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGComponentTransform.h>
 #include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGThread.h>
+
+#include <algorithm>
 
 using namespace osg;
 
@@ -22,6 +25,15 @@ protected:
     const NodeRefPtr m_node = held<Node>();
     const SwitchPtr m_core = m_owner;
 };
+
+/// Whether the list has an entry for the object, whatever the fields.
+bool isRecorded(const FieldContainerPtr &object)
+{
+    const ChangeList *list = Thread::getCurrentChangeList();
+    return std::any_of(list->beginChanged(), list->endChanged(), [&](const auto &entry) {
+        return entry.first == object.getFieldContainerId();
+    });
+}
 
 } // namespace
 
@@ -79,4 +91,58 @@ TEST_F(Edits, OfChildrenAndCoresReachWhatIsLinked)
     EXPECT_GE(timesRecorded(child.get(), Node::ParentFieldMask), 1u);
     m_node->setCore(m_core);
     EXPECT_GE(timesRecorded(m_core, NodeCore::ParentsFieldMask), 1u);
+}
+
+TEST_F(Edits, OfMasksComponentsAndNamesReachWhatDependsOnThem)
+{
+    m_node->addChild(Node::create());
+    const NodePtr child = m_node->getChild(0);
+    m_node->updateVolume();
+    forgetRecords();
+    child->setTravMask(0);
+    endEditCP(child, Node::TravMaskFieldMask);
+    EXPECT_EQ(timesRecorded(child, Node::TravMaskFieldMask), 1u);
+    EXPECT_GE(timesRecorded(m_node.get(), Node::VolumeFieldMask), 1u);
+
+    const auto transform = held<ComponentTransform>();
+    endEditCP(transform.get(), ComponentTransform::ScaleFieldMask);
+    EXPECT_GE(timesRecorded(transform.get(), Transform::MatrixFieldMask), 1u);
+
+    setName(child, "name");
+    forgetRecords();
+    setName(child, "other name");
+    EXPECT_TRUE(isRecorded(child->findAttachment(Name::getClassType())));
+}
+
+TEST_F(Edits, OfNullAndThoseInAReadOnlyListAreNotRecorded)
+{
+    ChangeList *list = Thread::getCurrentChangeList();
+    beginEditCP(NullFC);
+    endEditCP(NodePtr(), Node::TravMaskFieldMask);
+    changedCP(SwitchPtr());
+    endEditNotChangedCP(NodeCorePtr());
+    list->setReadOnly(true);
+    endEditCP(m_core, Switch::ChoiceFieldMask);
+    list->setReadOnly(false);
+    EXPECT_EQ(list->sizeChanged(), 0u);
+}
+
+TEST_F(Edits, StayInTheListAfterTheirObjectUntilItIsCleared)
+{
+    ChangeList *list = Thread::getCurrentChangeList();
+    UInt32 id = 0;
+    {
+        const auto passing = held<Switch>();
+        id = passing.get().getFieldContainerId();
+        list->clearAll();
+        list->addChanged(passing.get(), Switch::ChoiceFieldMask);
+        endEditCP(passing.get());
+    }
+    ASSERT_EQ(list->sizeChanged(), 2u);
+    ChangeList::changed_const_iterator entry = list->beginChanged();
+    EXPECT_EQ(*entry, ChangeList::ChangeEntry(id, Switch::ChoiceFieldMask));
+    EXPECT_EQ(*++entry, ChangeList::ChangeEntry(id, FieldBits::AllFields));
+    EXPECT_FALSE(isAlive(id));
+    list->clearAll();
+    EXPECT_TRUE(list->empty());
 }

@@ -1,6 +1,10 @@
 #include "Contract.h"
 
+#include <OpenSG/OSGGeoFunctions.h>
 #include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGSimpleGeometry.h>
+#include <OpenSG/OSGSimpleMaterial.h>
 #include <OpenSG/OSGTriangleIterator.h>
 
 #include <vector>
@@ -75,4 +79,68 @@ TEST(Properties, AreReadAndWrittenWithoutKnowingTheirFormat)
     EXPECT_EQ(indices->getFormat(), UInt32(GL_UNSIGNED_SHORT));
     EXPECT_EQ(reinterpret_cast<const UInt16 *>(indices->getData())[1], 5);
     EXPECT_EQ(GeoIndicesUI32Ptr::dcast(indices), NullFC);
+}
+
+TEST(Properties, LoseTheAlphaOfColoursThroughTheCommonInterface)
+{
+    const auto owner = held<GeoColors4f>();
+    const GeoColorsPtr colours = owner.get();
+    owner->getFieldPtr()->push_back(Color4f(0.1f, 0.2f, 0.3f, 0.4f));
+    EXPECT_EQ(colours->getValue(0), Color3f(0.1f, 0.2f, 0.3f));
+    EXPECT_EQ(colours->getDimension(), 4u);
+    EXPECT_EQ(colours->getFormatSize(), sizeof(Real32));
+    EXPECT_EQ(colours->getStride(), 0u);
+    colours->resize(3);
+    EXPECT_EQ(colours->size(), 3u);
+    colours->clear();
+    EXPECT_EQ(colours->getSize(), 0u);
+}
+
+TEST(Geometries, TakeAMaterialThroughTheirBaseClassAndStartWithNothing)
+{
+    const auto geometry = held<Geometry>();
+    const auto material = held<SimpleMaterial>();
+    EXPECT_EQ(geometry->getMaterial(), NullFC);
+    EXPECT_EQ(geometry->getPositions(), NullFC);
+    const MaterialDrawablePtr drawable = geometry.get();
+    drawable->setMaterial(material.get());
+    EXPECT_EQ(geometry->getMaterial(), material.get());
+    EXPECT_EQ(material.get().getRefCount(), 2);
+    geometry->setMaterial(NullFC);
+    EXPECT_EQ(material.get().getRefCount(), 1);
+}
+
+TEST(Geometries, CopyTheirArraysAndShareTheMaterialWhenCloned)
+{
+    const GeometryRefPtr geometry = square(GL_QUADS, {0, 1, 2, 3}, true);
+    geometry->setMaterial(SimpleMaterial::create());
+    const GeometryRefPtr clone(geometry->clone());
+    geometry->getPositions()->setValue(Pnt3f(9, 9, 9), 0);
+    EXPECT_EQ(clone->getMaterial(), geometry->getMaterial());
+    EXPECT_EQ(clone->getMaterial().getRefCount(), 2);
+    EXPECT_NE(clone->getIndices(), geometry->getIndices());
+    EXPECT_EQ(surfaceOf(clone).second, Vec3f(0, 0, 1));
+}
+
+TEST(Geometries, CalculateSmoothNormalsPerVertex)
+{
+    const GeometryRefPtr geometry = square(GL_TRIANGLES, {0, 1, 2, 0, 2, 3}, true);
+    calcVertexNormals(geometry);
+    ASSERT_NE(geometry->getNormals(), NullFC);
+    for (TriangleIterator it = geometry->beginTriangles(); it != geometry->endTriangles(); ++it)
+        for (Int32 corner = 0; corner < 3; ++corner)
+            EXPECT_TRUE(it.getNormal(corner).equals(Vec3f(0, 0, 1), 1e-5f));
+}
+
+TEST(Geometries, TriangulateABoxThatFacesOutwards)
+{
+    const NodeRefPtr box(makeBox(1, 2, 3, 1, 1, 1));
+    const GeometryPtr geometry = GeometryPtr::dcast(box->getCore());
+    Real32 volume = 0;
+    for (TriangleIterator it = geometry->beginTriangles(); it != geometry->endTriangles(); ++it) {
+        const Vec3f across = it.getPosition(1).subZero() % it.getPosition(2).subZero();
+        volume += it.getPosition(0).subZero() * across / 6;
+    }
+    EXPECT_NEAR(volume, 6, 1e-4);
+    EXPECT_EQ(surfaceOf(geometry).first, 12);
 }

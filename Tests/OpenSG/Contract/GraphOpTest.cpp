@@ -31,9 +31,13 @@ public:
         ++m_entered;
         return m_answer;
     }
-    Action::ResultE traverseLeave(GraphOpNode, Action::ResultE r) override { return r; }
+    Action::ResultE traverseLeave(GraphOpNode, Action::ResultE r) override
+    {
+        return m_skipsAtTheEnd ? Action::Skip : r;
+    }
 
     Action::ResultE m_answer = Action::Continue;
+    bool m_skipsAtTheEnd = false;
     int m_entered = 0;
 };
 
@@ -50,6 +54,9 @@ TEST(GraphOps, SucceedOnlyWhenTheWalkEndsWithContinue)
     EXPECT_TRUE(op.traverse(root));
     op.m_answer = Action::Quit;
     EXPECT_FALSE(op.traverse(root));
+    op.m_answer = Action::Continue;
+    op.m_skipsAtTheEnd = true;
+    EXPECT_FALSE(op.traverse(root));
 }
 
 TEST(GraphOps, AreCreatedByTheNameOfTheirPrototype)
@@ -59,6 +66,27 @@ TEST(GraphOps, AreCreatedByTheNameOfTheirPrototype)
     factory.registerOp(&op);
     const std::unique_ptr<GraphOp> created(factory.create("Count"));
     EXPECT_NE(dynamic_cast<CountOp *>(created.get()), nullptr);
+    EXPECT_TRUE(created.get() != &op && created->getName() == "Count");
     factory.unRegisterOp(&op);
     EXPECT_EQ(factory.create("Count"), nullptr);
+    factory.registerOp(&op);
+    factory.unRegisterOp("Count");
+    EXPECT_EQ(factory.create("Count"), nullptr);
+}
+
+TEST(GraphOps, KeepAnExcludeListThatTheWalkIgnores)
+{
+    CountOp op;
+    const auto root = held<Node>();
+    NodePtr child = Node::create();
+    root->addChild(child);
+    op.addToExcludeList(child);
+    EXPECT_TRUE(op.isInExcludeList(child));
+    op.traverse(root);
+    EXPECT_EQ(op.m_entered, 2);
+    op.removeFromExcludeList(child);
+    EXPECT_FALSE(op.isInExcludeList(child));
+    op.addToExcludeList(child);
+    op.clearExcludeList();
+    EXPECT_FALSE(op.isInExcludeList(child));
 }

@@ -2,6 +2,7 @@
 
 #include <OpenSG/OSGDirectionalLight.h>
 #include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGSpotLight.h>
 
 #include <cstring>
@@ -11,8 +12,13 @@ using namespace osg;
 TEST(Lights, StartWhiteOnAndUnattenuated)
 {
     const auto light = held<SpotLight>();
+    EXPECT_EQ(light->getAmbient(), Color4f(0, 0, 0, 1));
     EXPECT_EQ(light->getDiffuse(), Color4f(1, 1, 1, 1));
+    EXPECT_EQ(light->getSpecular(), Color4f(1, 1, 1, 1));
+    EXPECT_TRUE(light->getOn() && light->getBeacon() == NullFC);
     EXPECT_EQ(light->getConstantAttenuation(), 1);
+    EXPECT_EQ(light->getLinearAttenuation() + light->getQuadraticAttenuation(), 0);
+    EXPECT_EQ(light->getSpotCutOff() + light->getSpotExponent(), 0);
     EXPECT_EQ(held<DirectionalLight>()->getDirection(), Vec3f(0, 0, 1));
     light->setSpotCutOffDeg(90);
     EXPECT_NEAR(light->getSpotCutOff(), 1.5707963, 1e-5);
@@ -32,4 +38,72 @@ TEST(Images, CopyTheDataTheyAreGiven)
     EXPECT_FALSE(image->set(12345, 1, 2));
     ASSERT_TRUE(image->set(Image::OSG_L_PF, 2, 3)); // Without data the old bytes stay.
     EXPECT_EQ(std::memcmp(image->getData() + 1, pixels + 1, 5), 0);
+}
+
+TEST(Lights, TakeColoursAndPlacesAsNumbersAndDoNotHoldTheirBeacon)
+{
+    const auto light = held<SpotLight>();
+    const auto beacon = held<Node>();
+    light->setBeacon(beacon);
+    EXPECT_EQ(beacon.get().getRefCount(), 1);
+    light->setDiffuse(0.25f, 0.5f, 0.75f, 1);
+    light->setPosition(1, 2, 3);
+    light->setAttenuation(4, 5, 6);
+    light->setSpotDirection(0, 1, 0);
+    EXPECT_EQ(light->getDiffuse(), Color4f(0.25f, 0.5f, 0.75f, 1));
+    EXPECT_EQ(light->getPosition(), Pnt3f(1, 2, 3));
+    EXPECT_EQ(light->getConstantAttenuation(), 4);
+    EXPECT_EQ(light->getLinearAttenuation(), 5);
+    EXPECT_EQ(light->getQuadraticAttenuation(), 6);
+    EXPECT_EQ(light->getDirection(), Vec3f(0, 1, 0));
+}
+
+TEST(Images, HaveTheBytesAndTheNumberOfTheirFormat)
+{
+    const struct {
+        int format, number, bytes;
+        bool hasAlpha;
+    } formats[] = {
+        {Image::OSG_RGB_PF, 0x1907, 3, false}, {Image::OSG_RGBA_PF, 0x1908, 4, true},
+        {Image::OSG_L_PF, 0x1909, 1, false},   {Image::OSG_LA_PF, 0x190A, 2, true},
+        {Image::OSG_BGR_PF, 0x80E0, 3, false}, {Image::OSG_BGRA_PF, 0x80E1, 4, true},
+    };
+    const auto image = held<Image>();
+    for (const auto &row : formats) {
+        EXPECT_EQ(row.format, row.number);
+        EXPECT_TRUE(image->set(UInt32(row.format), 2, 3)) << row.number;
+        EXPECT_EQ(image->getBpp(), row.bytes) << row.number;
+        EXPECT_EQ(image->getSize(), 6u * unsigned(row.bytes)) << row.number;
+        EXPECT_EQ(image->getPixelFormat(), UInt32(row.number));
+        EXPECT_EQ(image->hasAlphaChannel(), row.hasAlpha) << row.number;
+    }
+    EXPECT_EQ(Image::OSG_A_PF, 0x1906);
+    EXPECT_EQ(Image::OSG_INVALID_PF, 0);
+}
+
+TEST(Images, CorrectSizesAndChangeThemEvenForAnUnknownFormat)
+{
+    const auto image = held<Image>();
+    EXPECT_EQ(image->getWidth(), 0);
+    EXPECT_EQ(image->getHeight() * image->getDepth(), 1);
+    EXPECT_TRUE(image->set(Image::OSG_L_PF, 0, -3, 0));
+    EXPECT_EQ(image->getWidth() * image->getHeight() * image->getDepth(), 1);
+    EXPECT_FALSE(image->set(12345, 6, 7));
+    EXPECT_EQ(image->getWidth() * 10 + image->getHeight(), 67);
+}
+
+TEST(Images, AreCopiedReformattedAndScaled)
+{
+    const auto image = held<Image>(), copy = held<Image>();
+    const UInt8 pixels[] = {10, 20, 30};
+    image->set(Image::OSG_RGB_PF, 1, 1, 1, 1, 1, 0.0, pixels);
+    ASSERT_TRUE(copy->set(image.get()));
+    ASSERT_TRUE(image->reformat(Image::OSG_RGBA_PF));
+    EXPECT_EQ(image->getBpp(), 4);
+    EXPECT_EQ(std::memcmp(image->getData(), pixels, 3), 0);
+    ASSERT_TRUE(image->scale(2, 3, 1));
+    EXPECT_EQ(image->getSize(), 24u);
+    EXPECT_EQ(image->getData()[20], 10);
+    EXPECT_EQ(copy->getSize(), 3u);
+    EXPECT_EQ(std::memcmp(copy->getData(), pixels, 3), 0);
 }

@@ -1,10 +1,17 @@
 #include "Contract.h"
 
+#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGMaterialChunk.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMaterialPool.h>
 #include <OpenSG/OSGMultiPassMaterial.h>
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGSimpleGeometry.h>
 #include <OpenSG/OSGSimpleMaterial.h>
+#include <OpenSG/OSGSimpleTexturedMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
+#include <OpenSG/OSGTextureChunk.h>
 
 using namespace osg;
 
@@ -51,7 +58,9 @@ TEST_F(SwitchMaterials, KeepAChoiceThatIsOutOfRangeAndWarnWhenItIsUsed)
     MaterialPtr current = m_red.get();
     EXPECT_TRUE(warns([&] { current = m_switch->getCurrentMaterial(); }));
     EXPECT_EQ(current, NullFC);
+    forgetRecords();
     endEditCP(m_switch, SwitchMaterial::ChoiceFieldMask);
+    EXPECT_EQ(timesRecorded(m_switch, SwitchMaterial::ChoiceFieldMask), 1u);
 }
 
 TEST_F(SwitchMaterials, LookLikeTheirCurrentMaterial)
@@ -87,4 +96,123 @@ TEST_F(SwitchMaterials, StandInPoolsInOrderWithoutDuplicatesAndNull)
     pool->sub(UInt32(2));
     EXPECT_EQ(pool->find(red), -1);
     EXPECT_TRUE(warns([&] { pool->sub(red); }));
+}
+
+TEST_F(SwitchMaterials, LeavePoolsByMaterialByPoolAndByScene)
+{
+    const MaterialPtr red = m_red.get(), glass = m_glass.get();
+    MaterialPoolPtr nested;
+    GeometryPtr geometry;
+    const NodeRefPtr scene(makeCoredNode<MaterialPool>(&nested));
+    scene->addChild(makeCoredNode<Geometry>(&geometry));
+    nested->add(red);
+    geometry->setMaterial(glass);
+
+    const auto pool = held<MaterialPool>();
+    pool->add(scene.get());
+    EXPECT_EQ(pool->get(), (std::set<MaterialPtr>{red, glass}));
+    pool->sub(nested);
+    EXPECT_EQ(pool->getCount(), 1u);
+    EXPECT_EQ(pool->get(0), glass);
+    pool->add(nested);
+    pool->sub(scene->getChild(0));
+    EXPECT_EQ(pool->get(), (std::set<MaterialPtr>{red}));
+    pool->clear();
+    EXPECT_EQ(pool->getCount(), 0u);
+    EXPECT_EQ(red.getRefCount(), 3); // The test, the switch material and the other pool.
+    EXPECT_EQ(glass.getRefCount(), 3);
+}
+
+TEST_F(SwitchMaterials, WarnWhenAMissingMaterialIsAskedFor)
+{
+    const auto empty = held<SwitchMaterial>();
+    MaterialPtr material = m_red.get();
+    EXPECT_TRUE(warns([&] { material = m_switch->getMaterial(7); }));
+    EXPECT_EQ(material, NullFC);
+    material = m_red.get();
+    EXPECT_TRUE(warns([&] { material = empty->getCurrentMaterial(); }));
+    EXPECT_EQ(material, NullFC);
+}
+
+TEST(MultiPassMaterials, HaveAPassForEachMaterial)
+{
+    const auto owner = held<MultiPassMaterial>();
+    const auto first = held<SimpleMaterial>();
+    EXPECT_TRUE(owner->isMultiPass());
+    EXPECT_EQ(owner->getNPasses(), 0u);
+    owner->addMaterial(first.get());
+    EXPECT_EQ(owner->getNPasses(), 1u);
+    EXPECT_TRUE(owner->hasMaterial(first.get()));
+    owner->subMaterial(first.get());
+    EXPECT_FALSE(owner->hasMaterial(first.get()));
+}
+
+TEST(SimpleMaterials, StartBlackOpaqueAndLit)
+{
+    const auto material = held<SimpleMaterial>();
+    for (const Color3f &colour : {material->getAmbient(), material->getDiffuse(),
+                                  material->getSpecular(), material->getEmission()})
+        EXPECT_EQ(colour, Color3f(0, 0, 0));
+    EXPECT_EQ(material->getShininess(), 1);
+    EXPECT_EQ(material->getTransparency(), 0);
+    EXPECT_TRUE(material->getLit());
+    EXPECT_EQ(material->getColorMaterial(), UInt32(GL_DIFFUSE));
+    EXPECT_EQ(material->getTransparencyMode(), Material::TransparencyAutoDetection);
+    EXPECT_FALSE(material->isMultiPass());
+    EXPECT_EQ(material->getNPasses(), 1u);
+    EXPECT_FALSE(material->isTransparent());
+    material->setTransparency(0.1f);
+    EXPECT_TRUE(material->isTransparent());
+    EXPECT_EQ(NullMaterial, NullFC);
+    EXPECT_NE(SimpleMaterialPtr::dcast(getDefaultMaterial()), NullFC);
+    EXPECT_EQ(getDefaultMaterial(), getDefaultMaterial());
+}
+
+TEST(SimpleTexturedMaterials, ReferToTheirImageWhenTheEditEnds)
+{
+    const auto owner = held<SimpleTexturedMaterial>();
+    const auto image = held<Image>();
+    const SimpleTexturedMaterialPtr material = owner.get();
+    beginEditCP(material, SimpleTexturedMaterial::ImageFieldMask);
+    material->setImage(image.get());
+    EXPECT_EQ(image.get().getRefCount(), 1);
+    endEditCP(material, SimpleTexturedMaterial::ImageFieldMask);
+    EXPECT_GT(image.get().getRefCount(), 1);
+    EXPECT_EQ(material->getImage(), image.get());
+}
+
+TEST(ChunkMaterials, AnswerTheRemovalOfAChunkWithFalse)
+{
+    const auto material = held<ChunkMaterial>();
+    const auto colours = held<MaterialChunk>();
+    const auto texture = held<TextureChunk>();
+    EXPECT_TRUE(material->addChunk(colours.get()));
+    EXPECT_EQ(colours.get().getRefCount(), 2);
+    EXPECT_EQ(material->find(MaterialChunk::getClassType()), colours.get());
+    EXPECT_EQ(material->find(TextureChunk::getClassType()), NullFC);
+    EXPECT_TRUE(material->subChunk(texture.get()));
+    EXPECT_FALSE(material->subChunk(colours.get()));
+    EXPECT_EQ(colours.get().getRefCount(), 1);
+}
+
+TEST(MaterialOwners, HoldTheNewMaterialBeforeTheyLetGoOfTheOldOneOrAfter)
+{
+    const auto group = held<MaterialGroup>();
+    const auto geometry = held<Geometry>();
+    const auto ownedBy = [](const MaterialPtr &inner) {
+        const SwitchMaterialPtr outer = SwitchMaterial::create();
+        outer->addMaterial(inner);
+        return outer;
+    };
+    const MaterialPtr kept = SimpleMaterial::create(), lost = SimpleMaterial::create();
+    group->setMaterial(ownedBy(kept));
+    group->setMaterial(kept);
+    EXPECT_EQ(group->getMaterial(), kept);
+    EXPECT_EQ(kept.getRefCount(), 1);
+
+    // A geometry releases first: the switch material takes its only holder's material with it.
+    const UInt32 id = lost.getFieldContainerId();
+    geometry->setMaterial(ownedBy(lost));
+    geometry->setMaterial(lost);
+    EXPECT_FALSE(isAlive(id));
 }

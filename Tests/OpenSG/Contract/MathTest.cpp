@@ -1,3 +1,4 @@
+#include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGMatrix.h>
 #include <OpenSG/OSGQuaternion.h>
 #include <OpenSG/OSGVector.h>
@@ -52,4 +53,82 @@ TEST(Matrices, ComeApartAndAreUndoneByTheirInverse)
     expectMoved(again, Pnt3f(1, 1, 1), Pnt3f(-2, 4, 7));
     ASSERT_TRUE(matrix.inverse(inverse));
     expectMoved(inverse, Pnt3f(-2, 4, 7), Pnt3f(1, 1, 1));
+}
+
+TEST(Matrices, ResetTheRestWhenSetAsAWholeAndMoveDirectionsWithoutTranslation)
+{
+    Matrix matrix;
+    matrix.setScale(2, 3, 4);
+    matrix.setTranslate(1, 0, 0);
+    Vec3f direction;
+    matrix.multMatrixVec(Vec3f(1, 1, 1), direction);
+    EXPECT_EQ(direction, Vec3f(2, 3, 4));
+    matrix.setTransform(Vec3f(5, 0, 0));
+    expectMoved(matrix, Pnt3f(1, 1, 1), Pnt3f(6, 1, 1));
+    Matrix rows;
+    rows.setValue(matrix.getValues(), false);
+    EXPECT_EQ(rows[0][3], 5);
+    rows.transpose();
+    EXPECT_EQ(rows, matrix);
+    rows.invert();
+    expectMoved(rows, Pnt3f(6, 1, 1), Pnt3f(1, 1, 1));
+}
+
+TEST(Vectors, StartAtZeroAndMultiplyToDotAndCrossProducts)
+{
+    EXPECT_EQ(Pnt4f(), Pnt4f(0, 0, 0, 0));
+    EXPECT_EQ(Vec3f(1, 2), Vec3f(1, 2, 0));
+    EXPECT_EQ(Vec3f(1, 2, 3) * Vec3f(4, 5, 6), 32);
+    EXPECT_EQ(Vec3f(1, 0, 0) % Vec3f(0, 1, 0), Vec3f(0, 0, 1));
+    EXPECT_EQ(Vec3f(3, 4, 0).length(), 5);
+    Vec3f half(0, 8, 0);
+    half /= 2;
+    EXPECT_EQ(half, Vec3f(0, 4, 0));
+    half.normalize();
+    EXPECT_EQ(half, Vec3f(0, 1, 0));
+
+    const Pnt3f point(1, 2, 3);
+    const Vec3f difference = point - Pnt3f(1, 1, 1);
+    EXPECT_EQ(point + difference, Pnt3f(1, 3, 5));
+    EXPECT_EQ(point.dist(Pnt3f(1, 2, 7)), 4);
+    EXPECT_TRUE(point.equals(Pnt3f(1, 2, 3.05f), 0.1f));
+    EXPECT_FALSE(point.equals(Pnt3f(1, 2, 3.2f), 0.1f));
+}
+
+TEST(Colours, StartBlackWithoutAlpha)
+{
+    Color4f colour;
+    EXPECT_EQ(colour, Color4f(0, 0, 0, 0));
+    EXPECT_EQ(Color3f(), Color3f(0, 0, 0));
+    colour.setValuesRGBA(0.1f, 0.2f, 0.3f, 0.4f);
+    EXPECT_EQ(colour.alpha(), 0.4f);
+    EXPECT_EQ(colour.getValuesRGBA()[2], colour.blue());
+}
+
+TEST(Quaternions, TurnMultiplyInvertAndInterpolate)
+{
+    const auto turned = [](const Quaternion &turn) {
+        Vec3f result;
+        turn.multVec(Vec3f(1, 0, 0), result);
+        return result;
+    };
+    EXPECT_EQ(Quaternion().w(), 1);
+    EXPECT_TRUE(turned(quarterTurn).equals(Vec3f(0, 1, 0), 1e-4f));
+    EXPECT_TRUE(turned(Quaternion(Vec3f(1, 0, 0), Vec3f(0, 0, 1))).equals(Vec3f(0, 0, 1), 1e-4f));
+    Quaternion half = quarterTurn;
+    half.mult(quarterTurn);
+    EXPECT_TRUE(turned(half).equals(Vec3f(-1, 0, 0), 1e-4f));
+    EXPECT_TRUE(turned(quarterTurn.inverse()).equals(Vec3f(0, -1, 0), 1e-4f));
+    const Quaternion eighth = Quaternion::slerp(Quaternion(), quarterTurn, 0.5f);
+    EXPECT_TRUE(turned(eighth).equals(Vec3f(0.70711f, 0.70711f, 0), 1e-4f));
+    Matrix matrix;
+    matrix.setRotate(quarterTurn);
+    EXPECT_TRUE(turned(Quaternion(matrix)).equals(Vec3f(0, 1, 0), 1e-4f));
+
+    Quaternion degrees;
+    degrees.setValueAsAxisDeg(0, 0, 1, 90);
+    Real32 x, y, z, angle;
+    degrees.getValueAsAxisRad(x, y, z, angle);
+    EXPECT_NEAR(angle, 1.5707963f, 1e-5);
+    EXPECT_NEAR(z, 1, 1e-5);
 }

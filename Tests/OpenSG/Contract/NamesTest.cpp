@@ -1,5 +1,6 @@
 #include "Contract.h"
 
+#include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitch.h>
@@ -58,4 +59,15 @@ TEST(Attachments, ReplaceThoseOfTheSameKindAndBinding)
     EXPECT_EQ(first.get().getRefCount(), 1);
     node->subAttachment(second.get());
     EXPECT_EQ(nameOf(node), NullFC);
+    EXPECT_EQ(second.get().getRefCount(), 1);
+    EXPECT_EQ(bound.get().getRefCount(), 2);
+}
+
+TEST(Names, OfAnImageAreNotItsNameField)
+{
+    const auto image = held<Image>();
+    image->setName("file.png");
+    EXPECT_EQ(getName(image.get()), nullptr);
+    setName(image.get(), "decal");
+    EXPECT_EQ(image->getName(), "file.png");
 }

@@ -4,7 +4,9 @@
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSimpleGeometry.h>
+#include <OpenSG/OSGSimpleMaterial.h>
 #include <OpenSG/OSGSwitch.h>
+#include <OpenSG/OSGSwitchMaterial.h>
 #include <OpenSG/OSGTransform.h>
 
 using namespace osg;
@@ -51,7 +53,8 @@ NodePtr nodeAt(const Vec3f &translation)
 TEST(Nodes, AreActiveWithAllBitsOfTheMaskOnly)
 {
     const auto node = held<Node>();
-    EXPECT_TRUE(node->getActive());
+    EXPECT_TRUE(node->getActive() && !node->getCore() && !node->getParent());
+    EXPECT_EQ(node->getNChildren(), 0u);
     node->setTravMask(7);
     EXPECT_FALSE(node->getActive());
     node->setActive(false);
@@ -133,4 +136,47 @@ TEST(Nodes, PlaceTheirCoreInTheWorldAndLeaveTheVolumeWhenHidden)
     endEditCP(child, Node::TravMaskFieldMask);
     root->updateVolume();
     EXPECT_TRUE(root->getVolume().isEmpty());
+}
+
+TEST_F(Family, IgnoresNullAndAllowsCyclesAndADestroyedParentLeavesHeldChildren)
+{
+    NodeRefPtr parent = held<Node>();
+    const NodeRefPtr kept = held<Node>();
+    parent->addChild(NullFC);
+    EXPECT_EQ(parent->getNChildren(), 0u);
+    EXPECT_FALSE(parent->replaceChildBy(kept, child(0)));
+    parent->addChild(kept);
+    parent = NullFC;
+    EXPECT_EQ(kept->getParent(), NullFC);
+    EXPECT_EQ(kept.get().getRefCount(), 1);
+    kept->addChild(kept);
+    EXPECT_EQ(kept->getParent(), kept.get());
+    kept->subChild(UInt32(0));
+    EXPECT_EQ(kept.get().getRefCount(), 1);
+}
+
+TEST_F(Family, AShallowCopySharesCoreAndAttachmentsAndHasNoChildren)
+{
+    m_root->setCore(Group::create());
+    {
+        const NodeRefPtr copy(NodePtr::dcast(m_root->shallowCopy()));
+        EXPECT_EQ(copy->getCore(), m_root->getCore());
+        EXPECT_EQ(copy->getCore().getRefCount(), 2);
+        EXPECT_STREQ(getName(copy.get()), "root");
+        EXPECT_EQ(copy->getNChildren(), 0u);
+    }
+    EXPECT_EQ(m_root->getCore().getRefCount(), 1);
+    EXPECT_STREQ(getName(m_root.get()), "root");
+}
+
+TEST(Clones, ShareWhatIsOfANamedType)
+{
+    const auto choices = held<SwitchMaterial>();
+    choices->addMaterial(SimpleMaterial::create());
+    const auto clone = [&](const char *shared) {
+        return SwitchMaterialRefPtr(SwitchMaterialPtr::dcast(deepClone(choices.get(), shared)));
+    };
+    EXPECT_EQ(clone("Material")->getMaterial(0), choices->getMaterial(0));
+    EXPECT_NE(clone("")->getMaterial(0), choices->getMaterial(0));
+    EXPECT_EQ(choices->getMaterial(0).getRefCount(), 1);
 }

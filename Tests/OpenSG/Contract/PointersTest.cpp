@@ -5,6 +5,7 @@
 #include <OpenSG/OSGTransform.h>
 
 #include <set>
+#include <sstream>
 
 using namespace osg;
 
@@ -41,4 +42,14 @@ TEST(Pointers, CastDownToWhatTheObjectIsElseToNull)
     EXPECT_EQ(NodePtr::dcast(core), NullFC);
     EXPECT_EQ(SwitchPtr::dcast(NodeCorePtr()), NullFC);
     EXPECT_EQ(SwitchPtr(owner.getCPtr()), core);
+}
+
+TEST(Pointers, PrintNullAndObjectsDifferently)
+{
+    const auto node = held<Node>();
+    std::ostringstream ofNode, ofNull;
+    ofNode << node.get();
+    ofNull << NodePtr();
+    EXPECT_NE(ofNode.str(), ofNull.str());
+    EXPECT_NE(ofNode.str(), "");
 }

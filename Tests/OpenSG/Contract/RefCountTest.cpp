@@ -4,6 +4,7 @@
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMaterialPool.h>
+#include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSimpleMaterial.h>
@@ -44,8 +45,16 @@ TEST(References, AreCountedOnceByWhoeverIsGivenAnObject)
     EXPECT_COUNTED(MaterialGroup, SimpleMaterial, setMaterial(thing));
     EXPECT_COUNTED(Geometry, SimpleMaterial, setMaterial(thing));
     EXPECT_COUNTED(Geometry, GeoPositions3f, setPositions(thing));
+    EXPECT_COUNTED(Geometry, GeoNormals3f, setNormals(thing));
+    EXPECT_COUNTED(Geometry, GeoColors3f, setColors(thing));
+    EXPECT_COUNTED(Geometry, GeoTexCoords2f, setTexCoords(thing));
+    EXPECT_COUNTED(Geometry, GeoIndicesUI32, setIndices(thing));
+    EXPECT_COUNTED(Geometry, GeoPTypesUI8, setTypes(thing));
+    EXPECT_COUNTED(Geometry, GeoPLengthsUI32, setLengths(thing));
     EXPECT_COUNTED(TextureChunk, Image, setImage(thing));
     EXPECT_COUNTED(SwitchMaterial, SimpleMaterial,
+                   hasMaterial(thing) ? void() : owner->addMaterial(thing));
+    EXPECT_COUNTED(MultiPassMaterial, SimpleMaterial,
                    hasMaterial(thing) ? void() : owner->addMaterial(thing));
 }
 
@@ -79,4 +88,72 @@ TEST(References, AreExchangedBySetRefdAndDroppedByClearRef)
     clearRefCP(slot);
     EXPECT_EQ(second.get().getRefCount(), 1);
     EXPECT_EQ(slot, NullFC);
+}
+
+TEST(References, AreReleasedByRemovalAndNotTakenByBaseClassSetters)
+{
+    const auto child = held<Node>(), replacement = held<Node>(), root = held<Node>();
+    root->insertChild(0, child);
+    root->replaceChild(0, replacement);
+    EXPECT_EQ(child.get().getRefCount(), 1);
+    EXPECT_TRUE(root->replaceChildBy(replacement, child));
+    EXPECT_EQ(child.get().getRefCount(), 2);
+    EXPECT_EQ(replacement.get().getRefCount(), 1);
+    EXPECT_EQ(root.get().getRefCount(), 1); // Not by the links of children to their parent.
+
+    const auto material = held<SimpleMaterial>();
+    const auto choices = held<SwitchMaterial>();
+    const auto pool = held<MaterialPool>();
+    const auto group = held<MaterialGroup>();
+    choices->addMaterial(material.get());
+    pool->add(MaterialPtr(material.get()));
+    group->setMaterial(material.get());
+    EXPECT_EQ(material.get().getRefCount(), 4);
+    choices->subMaterial(material.get());
+    pool->sub(MaterialPtr(material.get()));
+    group->setMaterial(NullFC);
+    EXPECT_EQ(material.get().getRefCount(), 1);
+    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(material.get());
+    EXPECT_EQ(material.get().getRefCount(), 1);
+    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(NullFC);
+}
+
+TEST(References, ToNullAreAcceptedAndSurviveTheSameValueSetAgain)
+{
+    NodePtr null;
+    addRefCP(null);
+    subRefCP(null);
+    setRefdCP(null, NodePtr());
+    EXPECT_EQ(null, NullFC);
+
+    const auto node = held<Node>(); // Alone holds its core, as the group does its material.
+    const auto group = held<MaterialGroup>();
+    node->setCore(Switch::create());
+    group->setMaterial(SimpleMaterial::create());
+    node->setCore(node->getCore());
+    group->setMaterial(group->getMaterial());
+    EXPECT_EQ(node->getCore().getRefCount(), 1);
+    EXPECT_EQ(group->getMaterial().getRefCount(), 1);
+}
+
+TEST(RefPtrs, HoldCountAndReleaseWhatTheyAreGiven)
+{
+    const auto first = held<Node>();
+    NodeRefPtr holder(first.get()), other(holder);
+    EXPECT_EQ(first.get().getRefCount(), 3);
+    other = Node::create();
+    EXPECT_EQ(first.get().getRefCount(), 2);
+    const UInt32 id = other.get().getFieldContainerId();
+    const NodeRefPtr &itself = holder;
+    holder = itself;
+    other = first;
+    EXPECT_FALSE(isAlive(id));
+    holder = NullFC;
+    EXPECT_EQ(first.get().getRefCount(), 2);
+    EXPECT_TRUE(holder == NullFC && other == first && holder != other);
+
+    const SwitchNodePtr pair = SwitchNodePtr::create();
+    pair->setChoice(3);
+    EXPECT_EQ(pair.node()->getCore(), pair.core());
+    EXPECT_EQ(pair.core()->getChoice(), 3);
 }

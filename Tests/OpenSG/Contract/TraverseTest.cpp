@@ -84,9 +84,12 @@ TEST_F(Walks, StopOnlyWhenLeaveHandsQuitOn)
     EXPECT_EQ(walkAndLeave(), Action::Quit);
     m_visitor.leaves = {{"b", Action::Continue}, {"root", Action::Skip}};
     EXPECT_EQ(walkAndLeave(), Action::Skip);
+    m_visitor.leaves = {{"b", Action::Skip}, {"d", Action::Skip}};
+    EXPECT_EQ(walkAndLeave(), Action::Skip); // The last child's result; Skip stops no siblings.
     EXPECT_EQ(m_visitor.log,
               " root a b /b2 /a2 /root2"
-              " root a b /b2 c /c0 /a0 d /d0 /root0");
+              " root a b /b2 c /c0 /a0 d /d0 /root0"
+              " root a b /b2 c /c0 /a0 d /d0 /root1");
 }
 
 TEST_F(Walks, TakeAListOfRootsAndFreeFunctions)

@@ -85,3 +85,18 @@ TEST(TypesOfALateLibrary, AreUnknownUntilInitialized)
         EXPECT_NE(FieldContainerFactory::the()->createNodeCore("LateCore"), NullFC);
     });
 }
+
+TEST(TheStop, ComesWithTheEndOfTheProgram)
+{
+    const auto program = [] {
+        std::atexit([] { std::_Exit(Group::create() == NullFC ? 0 : 1); });
+        osgInit(0, nullptr);
+        std::exit(Group::create() == NullFC ? 3 : 2);
+    };
+    EXPECT_EXIT(program(), testing::ExitedWithCode(0), "");
+}
+
+TEST(TheStop, NeedsNoStart)
+{
+    inOwnProcess([] { EXPECT_TRUE(osgExit()); });
+}

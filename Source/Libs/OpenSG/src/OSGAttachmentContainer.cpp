@@ -4,6 +4,8 @@
 
 #include "OSGWarning.h"
 
+#include <algorithm>
+
 namespace osg {
 
 OSG_FIELD_MASK(AttachmentContainer, Attachments)
@@ -20,10 +22,16 @@ AttachmentContainerPtr::AttachmentContainerPtr(const AttachmentContainer *object
 
 AttachmentContainerPtr::AttachmentContainerPtr(const AttachmentContainer &object) : FCPtr(object) {}
 
-// Group and binding as one number, which the map is ordered by.
+// Group and binding as one number.
 static UInt32 attachmentKey(UInt32 groupId, UInt16 binding)
 {
     return groupId << 16 | binding;
+}
+
+static AttachmentMap::iterator findEntry(AttachmentMap &attachments, UInt32 key)
+{
+    return std::find_if(attachments.begin(), attachments.end(),
+                        [key](const auto &entry) { return entry.first == key; });
 }
 
 AttachmentContainer::AttachmentContainer(const AttachmentContainer &other) : FieldContainer(other)
@@ -44,15 +52,19 @@ void AttachmentContainer::addAttachment(const AttachmentPtr &attachment, UInt16 
 {
     if (!attachment)
         return;
-    AttachmentPtr &place =
-        _sfAttachments.getValue()[attachmentKey(attachment->getGroupId(), binding)];
+    AttachmentMap &attachments = _sfAttachments.getValue();
+    const UInt32 key = attachmentKey(attachment->getGroupId(), binding);
+    const auto found = findEntry(attachments, key);
     // Reference before release, for the case that both are the same.
     addRefCP(attachment);
     attachment->addParent(FieldContainerPtr(this));
-    if (place)
-        place->subParent(FieldContainerPtr(this));
-    const AttachmentPtr old = place;
-    place = attachment;
+    if (found == attachments.end()) {
+        attachments.emplace_back(key, attachment);
+        return;
+    }
+    const AttachmentPtr old = found->second;
+    found->second = attachment;
+    old->subParent(FieldContainerPtr(this));
     subRefCP(old);
 }
 
@@ -61,7 +73,7 @@ void AttachmentContainer::subAttachment(const AttachmentPtr &attachment, UInt16 
     if (!attachment)
         return;
     AttachmentMap &attachments = _sfAttachments.getValue();
-    const auto found = attachments.find(attachmentKey(attachment->getGroupId(), binding));
+    const auto found = findEntry(attachments, attachmentKey(attachment->getGroupId(), binding));
     if (found == attachments.end() || found->second != attachment) {
         warn("AttachmentContainer::subAttachment: not an attachment of this container");
         return;
@@ -73,8 +85,8 @@ void AttachmentContainer::subAttachment(const AttachmentPtr &attachment, UInt16 
 
 AttachmentPtr AttachmentContainer::findAttachment(UInt32 groupId, UInt16 binding)
 {
-    const AttachmentMap &attachments = _sfAttachments.getValue();
-    const auto found = attachments.find(attachmentKey(groupId, binding));
+    AttachmentMap &attachments = _sfAttachments.getValue();
+    const auto found = findEntry(attachments, attachmentKey(groupId, binding));
     return found == attachments.end() ? AttachmentPtr() : found->second;
 }
 

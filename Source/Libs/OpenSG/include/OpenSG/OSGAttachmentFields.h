@@ -5,7 +5,8 @@
 
 #include <OpenSG/OSGFieldContainerFields.h>
 
-#include <map>
+#include <utility>
+#include <vector>
 
 namespace osg {
 
@@ -35,8 +36,9 @@ public:
 /// One pointer, and a list of pointers; neither counts references.
 OSG_FIELD_TYPEDEFS(AttachmentPtr, AttachmentPtr)
 
-/// Attachments by group id (upper half) and binding (lower half).
-typedef std::map<UInt32, AttachmentPtr> AttachmentMap;
+/// Attachments with their group id (upper half) and binding (lower half). A list, because most
+/// containers have one attachment or none.
+typedef std::vector<std::pair<UInt32, AttachmentPtr>> AttachmentMap;
 typedef SField<AttachmentMap> SFAttachmentMap;
 extern template class SField<AttachmentMap>;
 
