@@ -1,5 +1,7 @@
 #include "Files/qxGltfCheck.h"
 
+#include "Files/qxGltfLights.h"
+
 #include <cmath>
 #include <limits>
 
@@ -179,6 +181,7 @@ void qxGltfCheck(const qxJson &document)
     checkExtensions(document);
     checkSections(document);
     qxGltfCheckNodes(document);
+    qxGltfCheckLights(document);
     qxGltfCheckData(document);
     checkMeshes(document);
     checkMaterials(document);

@@ -1,6 +1,7 @@
 #include "Files/qxGltfCores.h"
 
 #include "Files/qxGltfJson.h"
+#include "OSGOverlayCore.h"
 #include "OSGSwitchComponentTransform.h"
 #include "Scene/OSGTransformStates.h"
 
@@ -64,6 +65,11 @@ bool qxGltfIsSwitch(const osg::NodeCorePtr &core)
     return osg::SwitchPtr::dcast(core) != osg::NullFC;
 }
 
+bool qxGltfNeedsPlace(const osg::NodeCorePtr &core)
+{
+    return qxGltfIsSwitch(core) || osg::UberLightPtr::dcast(core) != osg::NullFC;
+}
+
 bool qxGltfIsPlainTransform(const osg::NodeCorePtr &core)
 {
     return osg::TransformPtr::dcast(core) != osg::NullFC
@@ -90,12 +96,19 @@ void qxGltfDescribeCore(const osg::NodePtr &node, qxGltfNodeState &state)
         return;
     const osg::SwitchComponentTransformPtr states = osg::SwitchComponentTransformPtr::dcast(core);
     const osg::SwitchPtr choice = osg::SwitchPtr::dcast(core);
+    const osg::UberLightPtr light = osg::UberLightPtr::dcast(core);
+    const osg::OverlayCorePtr overlay = osg::OverlayCorePtr::dcast(core);
     state.place = qxGltfPlaceOf(core);
     if (choice != osg::NullFC) {
         state.switchChoice = choice->getChoice();
     } else if (states != osg::NullFC) {
         state.transformChoice = int(states->getChoice());
         state.transformStates = allNumbers(states->getStates());
+    } else if (light != osg::NullFC) {
+        state.light = qxGltfLight::of(light);
+        state.lightOn = light->getOn();
+    } else if (overlay != osg::NullFC) {
+        state.overlayLayer = overlay->getLayer();
     } else if (state.place.kind == qxGltfPlace::Nowhere && !isPlainGroup(core)
                && osg::GeometryPtr::dcast(core) == osg::NullFC) {
         throw qxGltfError(qxGltfCalled(node) + " cannot be written: scene files have no form for a "

@@ -53,6 +53,19 @@ std::optional<int> qxGltfExtras::integer(const char *key) const
     return std::nullopt;
 }
 
+bool qxGltfExtras::flag(const char *key, bool fallback) const
+{
+    const qxJson &wanted = value(key);
+    if (wanted.is_null())
+        return fallback;
+    if (wanted == 0 || wanted == 1)
+        return wanted == 1;
+    if (wanted.is_boolean())
+        return wanted.get<bool>();
+    warn(key, "is neither true nor false");
+    return fallback;
+}
+
 std::optional<std::string> qxGltfExtras::text(const char *key) const
 {
     if (value(key).is_string())

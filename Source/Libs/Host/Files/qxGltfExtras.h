@@ -19,6 +19,11 @@ constexpr const char *poses = "qxPoses";
 constexpr const char *poseNames = "qxPoseNames";
 constexpr const char *pose = "qxPose";
 constexpr const char *hiddenParts = "qxHiddenParts";
+constexpr const char *lightOn = "qxLightOn";
+constexpr const char *overlay = "qxOverlay";
+constexpr const char *overlayLayer = "qxOverlayLayer";
+constexpr const char *switchMaterial = "qxSwitchMaterial"; ///< of primitives
+constexpr const char *switchMaterials = "qxSwitchMaterials"; ///< of the file
 constexpr const char *variants = "qxVariants";
 } // namespace qxGltfKeys
 
@@ -31,6 +36,8 @@ public:
     bool has(const char *key) const;
     /// Also from a number such as 2.0, which some tools write.
     std::optional<int> integer(const char *key) const;
+    /// Also from the numbers 0 and 1; `fallback` when there is none.
+    bool flag(const char *key, bool fallback) const;
     std::optional<std::string> text(const char *key) const;
     /// Matrices from ten numbers each: translation, rotation quaternion x y z w, scale.
     std::vector<osg::Matrix> transforms(const char *key) const;

@@ -1,5 +1,7 @@
 #include "Files/qxGltfMaterialPatch.h"
 
+#include "Files/qxGltfExtras.h"
+#include "Files/qxGltfNames.h"
 #include "Files/qxGltfPatch.h"
 #include "Files/qxGltfState.h"
 #include "qxMaterials.h"
@@ -29,7 +31,7 @@ void writeAlpha(qxJson &json, const qxGltfMaterialState &now)
 void writeColour(qxJson &json, const qxGltfMaterialState &now)
 {
     qxJson &surface = json["pbrMetallicRoughness"];
-    const qxJson &old = qxGltfMember(surface, "baseColorFactor");
+    const qxJson old = qxGltfMember(surface, "baseColorFactor");
     qxJson colour = qxGltfNumberList(now.colour.data(), 4);
     if (now.colour[3] >= 1 && now.surface.alphaMode != qxSurface::Blend && old.is_array())
         colour[3] = old[3];
@@ -85,6 +87,11 @@ qxGltfMaterialState qxGltfMaterialState::of(const osg::SimpleMaterialPtr &materi
     return state;
 }
 
+bool qxGltfMaterialState::looksLike(const qxGltfMaterialState &other) const
+{
+    return colour == other.colour && emission == other.emission && surface == other.surface;
+}
+
 qxGltfMaterialPatch::qxGltfMaterialPatch(qxJson &json, const qxGltfOrigin &origin,
                                          const Before &before)
     : m_json(json), m_origin(origin), m_before(before)
@@ -99,11 +106,22 @@ int qxGltfMaterialPatch::indexOf(const osg::MaterialPtr &material)
     const auto written = m_written.find(id);
     if (written != m_written.end())
         return written->second;
-    const auto known = m_origin.materials.find(id);
-    const int index = known == m_origin.materials.end() ? append(material) : known->second;
+    const int index = placeOf(material);
     m_written[id] = index;
-    writeChanges(material, index);
+    if (index >= 0)
+        writeChanges(material, index);
     return index;
+}
+
+/// That of primitives without a material needs no place as long as it looks like it.
+int qxGltfMaterialPatch::placeOf(const osg::MaterialPtr &material)
+{
+    const auto known = m_origin.materials.find(material.getFieldContainerId());
+    if (known == m_origin.materials.end())
+        return append(material);
+    const bool isDefault = known->second < 0
+        && qxGltfMaterialState::of(osg::SimpleMaterialPtr::dcast(material)).looksLike(unstated());
+    return known->second >= 0 || isDefault ? known->second : append(material);
 }
 
 int qxGltfMaterialPatch::append(const osg::MaterialPtr &material)
@@ -115,6 +133,7 @@ int qxGltfMaterialPatch::append(const osg::MaterialPtr &material)
                               .arg(QString::fromStdString(qxMaterials::getName(material)),
                                    material->getTypeName()));
     }
+    m_namesChanged = true;
     qxJson &materials = m_json["materials"];
     materials.push_back(qxJson::object());
     return int(materials.size()) - 1;
@@ -124,19 +143,65 @@ void qxGltfMaterialPatch::writeChanges(const osg::MaterialPtr &material, int ind
 {
     const std::size_t place = std::size_t(index);
     const qxGltfMaterialState before = place < m_before.size() ? m_before[place] : unstated();
-    writeMaterial(m_json["materials"][place], before,
-                  qxGltfMaterialState::of(osg::SimpleMaterialPtr::dcast(material)));
+    const auto now = qxGltfMaterialState::of(osg::SimpleMaterialPtr::dcast(material));
+    m_namesChanged = m_namesChanged || before.name != now.name;
+    m_names[index] = now.name.value_or("");
+    writeMaterial(m_json["materials"][place], before, now);
 }
 
 void qxGltfMaterialPatch::writePool()
 {
-    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
-    for (osg::UInt32 i = 0; i < pool->getCount(); ++i) {
-        // Reading variants makes the switch materials that they name: they need no place in a file
-        // as long as nothing shows them.
-        if (osg::SwitchMaterialPtr::dcast(pool->get(i)) == osg::NullFC)
-            indexOf(pool->get(i));
+    std::vector<osg::MaterialPtr> pool;
+    qxScenegraph::getMaterialPool()->get(pool);
+    for (const osg::MaterialPtr &material : pool) {
+        if (osg::SwitchMaterialPtr::dcast(material) == osg::NullFC)
+            indexOf(material);
     }
+}
+
+void qxGltfMaterialPatch::writeSwitches(const qxGltfSwitchStates &before,
+                                        const qxGltfSwitchStates &now)
+{
+    const qxJson &old = qxGltfMember(qxGltfMember(m_json, "extras"), qxGltfKeys::switchMaterials);
+    m_list = !old.is_null() || m_namesChanged || !(before == now);
+    if (!m_list)
+        return;
+    qxJson list = qxJson::array();
+    for (const qxGltfSwitchState &each : now) {
+        m_listed[each.id] = int(list.size());
+        qxJson materials = qxJson::array();
+        for (const osg::MaterialPtr &material : each.contents)
+            materials.push_back(indexOf(material));
+        qxJson entry = qxJson::object();
+        if (list.size() < old.size() && old[list.size()].is_object())
+            entry = old[list.size()];
+        entry["name"] = each.name;
+        entry["materials"] = materials;
+        entry["choice"] = each.choice;
+        list.push_back(entry);
+    }
+    qxGltfSetExtra(m_json, qxGltfKeys::switchMaterials, list.empty() ? qxJson() : list);
+}
+
+void qxGltfMaterialPatch::writeTo(qxJson &primitive, const osg::MaterialPtr &material)
+{
+    const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
+    osg::MaterialPtr shown = material;
+    if (choices != osg::NullFC) {
+        const bool chosen = choices->getChoice() < choices->getMFMaterials()->size();
+        shown = chosen ? choices->getMaterial(choices->getChoice()) : osg::MaterialPtr();
+    }
+    const int index = indexOf(shown);
+    if (index < 0)
+        primitive.erase("material");
+    else
+        primitive["material"] = index;
+    if (!m_list)
+        return;
+    const auto listed =
+        choices == osg::NullFC ? m_listed.end() : m_listed.find(choices.getFieldContainerId());
+    qxGltfSetExtra(primitive, qxGltfKeys::switchMaterial,
+                   listed == m_listed.end() ? qxJson() : qxJson(listed->second));
 }
 
 void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state)
@@ -145,14 +210,21 @@ void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state)
         const auto part = m_origin.geometries.find(geometry.first);
         if (part == m_origin.geometries.end())
             continue;
-        const int material = indexOf(geometry.second->getMaterial());
-        if (material == part->second.material)
-            continue;
-        qxJson &primitive = m_json["meshes"][std::size_t(part->second.mesh)]["primitives"]
-                                  [std::size_t(part->second.primitive)];
-        if (material < 0)
-            primitive.erase("material");
-        else
-            primitive["material"] = material;
+        writeTo(m_json["meshes"][std::size_t(part->second.mesh)]["primitives"]
+                      [std::size_t(part->second.primitive)],
+                geometry.second->getMaterial());
+    }
+}
+
+void qxGltfMaterialPatch::settleNames()
+{
+    if (!m_namesChanged)
+        return;
+    const std::vector<std::string> shown = qxGltfShownNames(qxGltfSection(m_json, "materials"));
+    for (std::size_t i = 0; i < m_before.size(); ++i) {
+        qxJson &json = m_json["materials"][i];
+        const auto now = m_names.find(int(i));
+        if (now != m_names.end() && now->second != shown[i] && json.contains("name"))
+            json["name"] = now->second;
     }
 }

@@ -2,6 +2,7 @@
 
 #include "Files/qxGltfJson.h"
 #include "Files/qxGltfScene.h"
+#include "Files/qxGltfSwitchPatch.h"
 #include "Materials/qxSurface.h"
 
 #include <OpenSG/OSGSimpleMaterial.h>
@@ -18,6 +19,8 @@ struct qxGltfMaterialState {
     qxSurface surface;
 
     static qxGltfMaterialState of(const osg::SimpleMaterialPtr &material);
+    /// Whether they have everything but their names in common.
+    bool looksLike(const qxGltfMaterialState &other) const;
 };
 
 /// Writes into the JSON of a file which materials changed, came, and are shown by which geometry.
@@ -30,13 +33,23 @@ public:
 
     /// The materials of the scene's pool.
     void writePool();
+    /// The switch materials, when they or the names of materials are not as they were `before`:
+    /// then all of them, because those that a file does not list are made and named by what it
+    /// says.
+    void writeSwitches(const qxGltfSwitchStates &before, const qxGltfSwitchStates &now);
     /// The materials of the geometries that came from the file. Throws qxGltfError for a material
     /// that scene files have no form for.
     void writeGeometries(const qxGltfState &state);
+    /// Gives a primitive this material.
+    void writeTo(qxJson &primitive, const osg::MaterialPtr &material);
+    /// Keeps names that were made distinguishable: where other names in the file would lead to
+    /// another one, the file gets the name itself. To be called last.
+    void settleNames();
     /// The place of a material in the file, which is made when it has none; -1 for null.
     int indexOf(const osg::MaterialPtr &material);
 
 private:
+    int placeOf(const osg::MaterialPtr &material);
     int append(const osg::MaterialPtr &material);
     void writeChanges(const osg::MaterialPtr &material, int index);
 
@@ -44,4 +57,8 @@ private:
     const qxGltfOrigin &m_origin;
     const Before &m_before;
     std::unordered_map<osg::UInt32, int> m_written;
+    std::unordered_map<osg::UInt32, int> m_listed; ///< the places of switch materials
+    std::unordered_map<int, std::string> m_names; ///< of materials, by their place
+    bool m_namesChanged = false;
+    bool m_list = false; ///< whether the file lists its switch materials
 };

@@ -2,6 +2,7 @@
 
 #include "Files/qxGltfImages.h"
 #include "Files/qxGltfModel.h"
+#include "Files/qxGltfNames.h"
 #include "Materials/qxSurface.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -74,24 +75,40 @@ osg::SimpleMaterialPtr create(const osg::ImagePtr &image)
     return material;
 }
 
+osg::SimpleMaterialPtr makeMaterial(const tinygltf::Material &values, const qxJson &json,
+                                    const osg::ImagePtr &image)
+{
+    const qxSurface surface = surfaceOf(values, json);
+    const osg::SimpleMaterialPtr material = create(image);
+    const osg::CPEditor edit(material);
+    setColours(material, values);
+    setHighlight(material, surface);
+    surface.setTo(material);
+    return material;
+}
+
 } // namespace
 
 std::vector<qxGltfMaterialRef> qxGltfMaterials(qxGltfModel &model)
 {
     qxGltfImages images(model);
+    const qxJson &list = qxGltfSection(model.document.json, "materials");
+    const std::vector<std::string> names = qxGltfShownNames(list);
     std::vector<qxGltfMaterialRef> materials;
     for (const tinygltf::Material &values : model.typed.materials) {
-        const qxJson &json = model.document.json["materials"][materials.size()];
-        const qxSurface surface = surfaceOf(values, json);
-        const osg::SimpleMaterialPtr material =
-            create(images.ofTexture(values.pbrMetallicRoughness.baseColorTexture.index));
-        materials.emplace_back(osg::MaterialPtr(material));
-        const osg::CPEditor edit(material);
-        setColours(material, values);
-        setHighlight(material, surface);
-        surface.setTo(material);
-        if (qxGltfMember(json, "name").is_string())
-            osg::setName(material, values.name);
+        const std::size_t index = materials.size();
+        const int texture = values.pbrMetallicRoughness.baseColorTexture.index;
+        materials.emplace_back(
+            osg::MaterialPtr(makeMaterial(values, list[index], images.ofTexture(texture))));
+        if (qxGltfMember(list[index], "name").is_string())
+            osg::setName(materials.back().get(), names[index]);
     }
     return materials;
+}
+
+qxGltfMaterialRef qxGltfDefaultMaterial()
+{
+    tinygltf::Material values;
+    values.emissiveFactor = {0, 0, 0};
+    return qxGltfMaterialRef(makeMaterial(values, qxJson(), osg::ImagePtr()));
 }

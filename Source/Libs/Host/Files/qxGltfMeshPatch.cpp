@@ -69,9 +69,7 @@ qxJson qxGltfMeshPatch::primitiveOf(const osg::GeometryPtr &geometry)
         return m_json["meshes"][std::size_t(part->second.mesh)]["primitives"]
                      [std::size_t(part->second.primitive)];
     qxJson primitive = qxGltfGeometryWriter(m_json, m_bytes).write(geometry);
-    const int material = m_materials.indexOf(geometry->getMaterial());
-    if (material >= 0)
-        primitive["material"] = material;
+    m_materials.writeTo(primitive, geometry->getMaterial());
     return primitive;
 }
 

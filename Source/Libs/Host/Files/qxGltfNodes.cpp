@@ -1,8 +1,11 @@
 #include "Files/qxGltfNodes.h"
 
+#include "Files/qxGltfCores.h"
 #include "Files/qxGltfExtras.h"
+#include "Files/qxGltfLights.h"
 #include "Files/qxGltfModel.h"
 #include "Files/qxGltfTransforms.h"
+#include "OSGOverlayCore.h"
 #include "Scene/qxTransformStates.h"
 
 #include <OpenSG/OSGGroup.h>
@@ -19,6 +22,14 @@ bool isVisible(const qxJson &node)
         qxGltfMember(qxGltfMember(node, "extensions"), "KHR_node_visibility");
     const qxJson &visible = qxGltfMember(visibility, "visible");
     return !visible.is_boolean() || visible.get<bool>();
+}
+
+/// Whether the node's children are counted: a switch, or what shares its core.
+bool countsChildren(const qxJson &node)
+{
+    const qxJson &extras = qxGltfMember(node, "extras");
+    return !qxGltfMember(extras, qxGltfKeys::switchChoice).is_null()
+        || !qxGltfMember(extras, qxGltfKeys::sharesCoreOf).is_null();
 }
 
 void setCore(const osg::NodePtr &node, const osg::NodeCorePtr &core)
@@ -59,21 +70,49 @@ void qxGltfNodes::build()
     // From the leaves up: adding to a node without ancestors costs the same in every scene.
     for (auto index = m_order.rbegin(); index != m_order.rend(); ++index)
         assemble(*index);
-    for (const int root : m_model.roots())
-        m_scene.roots.push_back(m_made[std::size_t(root)].upper);
+    for (const int root : m_model.roots()) {
+        if (!m_made[std::size_t(root)].moved)
+            m_scene.roots.push_back(m_made[std::size_t(root)].upper);
+    }
+    for (const int index : m_order) {
+        if (m_made[std::size_t(index)].moved)
+            m_scene.overlays.push_back(m_made[std::size_t(index)].upper);
+    }
 }
 
 void qxGltfNodes::findOrder()
 {
-    const std::vector<int> roots = m_model.roots();
-    std::vector<int> open(roots.rbegin(), roots.rend());
+    std::vector<int> open;
+    const auto openAll = [&open, this](const std::vector<int> &nodes, int parent) {
+        for (std::size_t i = nodes.size(); i-- > 0;) {
+            m_made[std::size_t(nodes[i])].place = {parent, int(i)};
+            open.push_back(nodes[i]);
+        }
+    };
+    openAll(m_model.roots(), -1);
     while (!open.empty()) {
         const int index = open.back();
         open.pop_back();
         m_order.push_back(index);
-        const std::vector<int> &children = m_model.typed.nodes[std::size_t(index)].children;
-        open.insert(open.end(), children.rbegin(), children.rend());
+        findOverlay(index);
+        openAll(m_model.typed.nodes[std::size_t(index)].children, index);
     }
+}
+
+/// The topmost nodes of overlays move to the overlay tree, unless their parent would miss them.
+void qxGltfNodes::findOverlay(int index)
+{
+    const qxGltfExtras extras(index, m_model.node(index), m_model.warnings);
+    const int parent = m_made[std::size_t(index)].place.parent;
+    Made &made = m_made[std::size_t(index)];
+    const bool below = parent >= 0 && m_made[std::size_t(parent)].inOverlay;
+    made.overlay = extras.flag(qxGltfKeys::overlay, false);
+    if (made.overlay && !below && parent >= 0 && countsChildren(m_model.node(parent))) {
+        warn(index, "a child of a switch cannot be an overlay");
+        made.overlay = false;
+    }
+    made.moved = made.overlay && !below;
+    made.inOverlay = made.overlay || below;
 }
 
 osg::NodeCorePtr qxGltfNodes::ownCore(int index, qxGltfExtras &extras)
@@ -94,6 +133,29 @@ osg::NodeCorePtr qxGltfNodes::ownCore(int index, qxGltfExtras &extras)
     return osg::NodeCorePtr();
 }
 
+/// The light that node `index` is; null when it is none.
+osg::NodeCorePtr qxGltfNodes::lightCore(int index, const qxGltfExtras &extras)
+{
+    const int light = qxGltfLightOf(m_model.node(index));
+    if (light < 0)
+        return osg::NodeCorePtr();
+    for (const char *key : {qxGltfKeys::switchChoice, qxGltfKeys::transformStates,
+                            qxGltfKeys::sharesCoreOf, qxGltfKeys::poses}) {
+        if (!extras.has(key))
+            continue;
+        warn(index, "a switch or a node with poses cannot be a light");
+        return osg::NodeCorePtr();
+    }
+    const osg::UberLightPtr core = qxGltfMakeLight(m_model.document.json, light);
+    if (core == osg::NullFC) {
+        warn(index, QString("light %1 is of an unknown kind").arg(light));
+        return osg::NodeCorePtr();
+    }
+    const osg::CPEditor edit(core, osg::UberLight::OnFieldMask);
+    core->setOn(extras.flag(qxGltfKeys::lightOn, true));
+    return core;
+}
+
 /// Makes node `index` with all it has but its children and the core that it may share.
 void qxGltfNodes::make(int index)
 {
@@ -107,7 +169,9 @@ void qxGltfNodes::make(int index)
 
     const osg::NodeCorePtr own = ownCore(index, extras);
     const tinygltf::Node &values = m_model.typed.nodes[std::size_t(index)];
-    setCore(node, own != osg::NullFC ? own : qxGltfTransform(values));
+    const osg::NodeCorePtr light = lightCore(index, extras);
+    const osg::NodeCorePtr plain = light == osg::NullFC ? qxGltfTransform(values) : light;
+    setCore(node, own != osg::NullFC ? own : plain);
     if (own != osg::NullFC) {
         m_scene.origin.coreOwners[own.getFieldContainerId()] = index;
         if (osg::getName(node))
@@ -165,7 +229,8 @@ osg::NodeCorePtr qxGltfNodes::sharedCore(int index)
     return node(owner->second)->getCore();
 }
 
-/// Gives clones their core, puts the transform of a switch above it, and groups what has nothing.
+/// Gives clones their core, puts above a node what it has no place for, and groups what has
+/// nothing.
 void qxGltfNodes::share(int index)
 {
     Made &made = m_made[std::size_t(index)];
@@ -175,32 +240,56 @@ void qxGltfNodes::share(int index)
     const osg::NodeCorePtr shared = owner ? osg::NodeCorePtr() : sharedCore(index);
     if (shared != osg::NullFC)
         setCore(node, shared);
-    else if (node->getCore() == osg::NullFC)
+    else if (node->getCore() == osg::NullFC && !made.overlay)
         setCore(node, osg::Group::create());
 
-    if (movesNodes(node->getCore()) || !(owner || shared != osg::NullFC))
+    if (qxGltfNeedsPlace(node->getCore()))
+        putAbove(index, qxGltfTransform(m_model.typed.nodes[std::size_t(index)]));
+    if (made.overlay)
+        makeOverlay(index);
+    if (made.moved)
+        m_scene.origin.overlays[made.upper.get().getFieldContainerId()] = made.place;
+}
+
+void qxGltfNodes::putAbove(int index, const osg::NodeCorePtr &core)
+{
+    if (core == osg::NullFC)
         return;
-    const osg::NodeCorePtr transform = qxGltfTransform(m_model.typed.nodes[std::size_t(index)]);
-    if (transform == osg::NullFC)
-        return;
-    made.upper = osg::makeNodeFor(transform);
-    m_scene.origin.uppers[made.upper.get().getFieldContainerId()] = index;
+    Made &made = m_made[std::size_t(index)];
+    const osg::NodePtr upper = osg::makeNodeFor(core);
+    const osg::CPEditor edit(upper, osg::Node::ChildrenFieldMask);
+    upper->addChild(made.upper.get());
+    made.upper = upper;
+    m_scene.origin.uppers[upper.getFieldContainerId()] = index;
+}
+
+void qxGltfNodes::makeOverlay(int index)
+{
+    const qxGltfExtras extras(index, m_model.node(index), m_model.warnings);
+    const int layer = extras.integer(qxGltfKeys::overlayLayer).value_or(0);
+    const osg::OverlayCorePtr core = osg::OverlayCore::create();
+    {
+        const osg::CPEditor edit(core, osg::OverlayCore::LayerFieldMask);
+        core->setLayer(osg::UInt32(std::max(layer, 0)));
+    }
+    const osg::NodePtr node = m_made[std::size_t(index)].node.get();
+    if (node->getCore() == osg::NullFC)
+        setCore(node, core);
+    else
+        putAbove(index, core);
 }
 
 void qxGltfNodes::assemble(int index)
 {
     const tinygltf::Node &values = m_model.typed.nodes[std::size_t(index)];
-    const Made &made = m_made[std::size_t(index)];
-    const osg::NodePtr node = made.node.get();
+    const osg::NodePtr node = m_made[std::size_t(index)].node.get();
     const osg::CPEditor edit(node, osg::Node::ChildrenFieldMask);
-    for (const int child : values.children)
-        node->addChild(m_made[std::size_t(child)].upper.get());
+    for (const int child : values.children) {
+        if (!m_made[std::size_t(child)].moved)
+            node->addChild(m_made[std::size_t(child)].upper.get());
+    }
     if (values.mesh >= 0)
         addParts(index, node, values.mesh);
-    if (made.upper.get() == node)
-        return;
-    const osg::CPEditor editUpper(made.upper.get(), osg::Node::ChildrenFieldMask);
-    made.upper->addChild(node);
 }
 
 void qxGltfNodes::addParts(int index, const osg::NodePtr &node, int mesh) const

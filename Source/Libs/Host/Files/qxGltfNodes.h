@@ -21,20 +21,28 @@ public:
     osg::NodePtr node(int index) const;
 
 private:
-    /// What stands for one node of the file. The upper node carries the transform of a switch; it
-    /// is the node itself otherwise.
+    /// What stands for one node of the file. The upper node carries what the node itself has no
+    /// place for, such as the transform of a switch; it is the node itself otherwise.
     struct Made {
         osg::NodeRefPtr upper;
         osg::NodeRefPtr node;
+        qxGltfOrigin::Place place;
+        bool overlay = false;
+        bool inOverlay = false; ///< the node or one above it is an overlay
+        bool moved = false; ///< to the overlay tree
     };
 
     void findOrder();
+    void findOverlay(int index);
     void make(int index);
     void describe(int index, const osg::NodePtr &node);
     void share(int index);
+    void putAbove(int index, const osg::NodeCorePtr &core);
+    void makeOverlay(int index);
     void assemble(int index);
     void addParts(int index, const osg::NodePtr &node, int mesh) const;
     osg::NodeCorePtr ownCore(int index, qxGltfExtras &extras);
+    osg::NodeCorePtr lightCore(int index, const qxGltfExtras &extras);
     osg::NodeCorePtr sharedCore(int index);
     void setPoses(int index, const osg::NodePtr &node, qxGltfExtras &extras);
     void warn(int index, const QString &text);

@@ -1,6 +1,7 @@
 #include "Files/qxGltfPatch.h"
 
 #include "Files/qxGltfExtras.h"
+#include "Files/qxGltfLights.h"
 
 #include <algorithm>
 #include <charconv>
@@ -93,6 +94,14 @@ void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeSt
     writeExtra(
         node, qxGltfKeys::hiddenParts, before.hiddenParts, after.hiddenParts,
         [](const std::vector<int> &parts) { return parts.empty() ? qxJson() : qxJson(parts); });
+    writeExtra(node, qxGltfKeys::lightOn, before.lightOn, after.lightOn,
+               [](bool on) { return on ? qxJson() : qxJson(false); });
+    writeExtra(node, qxGltfKeys::overlay, before.overlayLayer.has_value(),
+               after.overlayLayer.has_value(),
+               [](bool overlay) { return overlay ? qxJson(true) : qxJson(); });
+    writeExtra(node, qxGltfKeys::overlayLayer, before.overlayLayer.value_or(0),
+               after.overlayLayer.value_or(0),
+               [](osg::UInt32 layer) { return layer == 0 ? qxJson() : qxJson(layer); });
     writePoses(node, before.poses, after.poses);
 }
 
@@ -136,17 +145,36 @@ qxJson qxGltfNumberList(const float *begin, std::size_t count)
     return list;
 }
 
+void qxGltfUseExtension(qxJson &document, const char *extension)
+{
+    qxJson &used = document["extensionsUsed"];
+    if (std::find(used.begin(), used.end(), extension) == used.end())
+        used.push_back(extension);
+}
+
+void qxGltfEraseExtension(qxJson &object, const char *extension)
+{
+    const auto extensions = object.find("extensions");
+    if (extensions == object.end())
+        return;
+    extensions->erase(extension);
+    if (extensions->empty())
+        object.erase("extensions");
+}
+
 void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value)
 {
     const auto extras = node.find("extras");
-    if (extras != node.end() && !extras->is_object())
+    const bool holdsEntries = extras != node.end() && extras->is_object();
+    if (value.is_null()) {
+        if (holdsEntries && extras->erase(key) > 0 && extras->empty())
+            node.erase("extras");
+        return;
+    }
+    if (extras != node.end() && !holdsEntries)
         throw qxGltfError(QString("\"%1\" cannot be written: the extras of \"%2\" are no object")
                               .arg(key, QString::fromStdString(node.value("name", std::string()))));
-    if (!value.is_null()) {
-        node["extras"][key] = value;
-    } else if (extras != node.end() && extras->erase(key) > 0 && extras->empty()) {
-        node.erase("extras");
-    }
+    node["extras"][key] = value;
 }
 
 qxGltfPatch::qxGltfPatch(qxJson &json, const qxGltfState &before, const qxGltfState &after)
@@ -230,6 +258,8 @@ void qxGltfPatch::writeNode(std::size_t position, int mesh)
     if (children != indicesOf(before.children, m_indicesBefore))
         setMember(node, "children", children);
     writeExtras(node, before, after);
+    if (!(before.light == after.light))
+        qxGltfWriteLight(m_json, node, after.light ? &*after.light : nullptr);
 }
 
 void qxGltfPatch::writeVisibility(qxJson &node, bool visible)
@@ -237,22 +267,13 @@ void qxGltfPatch::writeVisibility(qxJson &node, bool visible)
     const char *const name = "KHR_node_visibility";
     if (!visible) {
         node["extensions"][name]["visible"] = false;
-        use(name);
+        qxGltfUseExtension(m_json, name);
         return;
     }
-    qxJson &extensions = node["extensions"];
-    extensions[name].erase("visible");
-    if (extensions[name].empty())
-        extensions.erase(name);
-    if (extensions.empty())
-        node.erase("extensions");
-}
-
-void qxGltfPatch::use(const char *extension)
-{
-    qxJson &used = m_json["extensionsUsed"];
-    if (std::find(used.begin(), used.end(), extension) == used.end())
-        used.push_back(extension);
+    qxJson &visibility = node["extensions"][name];
+    visibility.erase("visible");
+    if (visibility.empty())
+        qxGltfEraseExtension(node, name);
 }
 
 void qxGltfPatch::writeScene(int scene)

@@ -20,7 +20,6 @@ private:
     void writeNode(std::size_t position, int mesh);
     void writeVisibility(qxJson &node, bool visible);
     void writeScene(int scene);
-    void use(const char *extension);
     const qxGltfNodeState &stateBefore(int index) const;
     qxJson indicesOf(const std::vector<int> &positions, const std::vector<int> &indices) const;
 
@@ -35,6 +34,10 @@ private:
 /// The number as JSON: its shortest decimal form that reads back exactly.
 qxJson qxGltfNumber(float number);
 qxJson qxGltfNumberList(const float *begin, std::size_t count);
+/// Notes that the file uses the extension.
+void qxGltfUseExtension(qxJson &document, const char *extension);
+/// Takes the extension out of an object.
+void qxGltfEraseExtension(qxJson &object, const char *extension);
 /// Puts `value` under `key` of the node's extras, or takes the entry out when it is null.
 /// Throws qxGltfError when the node's extras are something that holds no entries.
 void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value);

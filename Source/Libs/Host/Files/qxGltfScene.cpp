@@ -3,7 +3,9 @@
 #include "Files/qxGltfCameras.h"
 #include "Files/qxGltfModel.h"
 #include "Files/qxGltfNodes.h"
+#include "Files/qxGltfSwitchMaterials.h"
 #include "qxAnimManager.h"
+#include "qxOverlays.h"
 #include "qxScenegraph.h"
 
 namespace {
@@ -35,6 +37,13 @@ std::vector<std::string> clipsOf(const qxJson &document)
     return clips;
 }
 
+void addChildren(const osg::NodePtr &top, const std::vector<osg::NodeRefPtr> &nodes)
+{
+    const osg::CPEditor edit(top, osg::Node::ChildrenFieldMask);
+    for (const osg::NodeRefPtr &node : nodes)
+        top->addChild(node.get());
+}
+
 } // namespace
 
 qxGltfScene qxGltfScene::build(qxGltfModel &model)
@@ -43,6 +52,7 @@ qxGltfScene qxGltfScene::build(qxGltfModel &model)
     scene.materials = qxGltfMaterials(model);
     scene.meshes = qxGltfMeshes(model, scene.materials);
     recordParts(model, scene);
+    qxGltfSwitchMaterials(model, scene).build();
     qxGltfNodes nodes(model, scene);
     nodes.build();
     scene.cameras = qxGltfCameras(model, nodes);
@@ -57,13 +67,11 @@ void qxGltfScene::show() const
         const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
         for (const qxGltfMaterialRef &material : materials)
             pool->add(material.get());
+        for (const osg::SwitchMaterialRefPtr &material : switches)
+            pool->add(material.get());
     }
-    const osg::NodePtr top = qxScenegraph::getRoot();
-    {
-        const osg::CPEditor edit(top, osg::Node::ChildrenFieldMask);
-        for (const osg::NodeRefPtr &root : roots)
-            top->addChild(root.get());
-    }
+    addChildren(qxScenegraph::getRoot(), roots);
+    addChildren(qxOverlays::getPoolRoot(), overlays);
     for (const qxUberCamera &camera : cameras)
         qxUberCameraPool::the()->add(camera);
     qxAnimManager::the()->setClips(clips);

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "Files/qxGltfMeshes.h"
+#include "Files/qxSceneVariant.h"
 #include "qxUberCameraPool.h"
 
-#include <OpenSG/OSGNodePtr.h>
+#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <string>
 #include <unordered_map>
@@ -17,9 +18,15 @@ struct qxGltfOrigin {
         int material = -1;
     };
     std::unordered_map<osg::UInt32, int> nodes;
-    std::unordered_map<osg::UInt32, int> uppers; ///< nodes that carry the transform of a switch
+    /// Where an overlay was taken from: its place below a node, or among the roots (-1).
+    struct Place {
+        int parent = -1;
+        int position = 0;
+    };
+    std::unordered_map<osg::UInt32, int> uppers; ///< unnamed nodes above that of the file
+    std::unordered_map<osg::UInt32, Place> overlays; ///< the topmost nodes of overlays
     std::unordered_map<osg::UInt32, Part> geometries;
-    std::unordered_map<osg::UInt32, int> materials;
+    std::unordered_map<osg::UInt32, int> materials; ///< -1 for that of primitives without one
     /// The node whose `extras` describe a switch core or a transform-switch core.
     std::unordered_map<osg::UInt32, int> coreOwners;
 };
@@ -27,8 +34,11 @@ struct qxGltfOrigin {
 /// The scene graph made of a file, not yet shown. It ends with the object unless it is shown.
 struct qxGltfScene {
     std::vector<qxGltfMaterialRef> materials;
+    std::vector<osg::SwitchMaterialRefPtr> switches;
+    std::vector<qxSceneVariant> variants;
     std::vector<qxGltfMeshParts> meshes;
     std::vector<osg::NodeRefPtr> roots;
+    std::vector<osg::NodeRefPtr> overlays;
     std::vector<qxUberCamera> cameras;
     std::vector<std::string> clips;
     qxGltfOrigin origin;

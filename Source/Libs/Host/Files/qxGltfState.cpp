@@ -1,11 +1,13 @@
 #include "Files/qxGltfState.h"
 
 #include "Files/qxGltfCores.h"
+#include "OSGOverlayCore.h"
 #include "qxNodeUtils.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -15,6 +17,8 @@ public:
     Describer(const qxGltfOrigin &origin, qxGltfState &state) : m_origin(origin), m_state(state) {}
 
     void describeAll(const std::vector<osg::NodePtr> &roots);
+    void describeOverlays(const std::vector<osg::NodePtr> &overlays);
+    void findSharers();
 
 private:
     struct Open {
@@ -29,7 +33,7 @@ private:
     void takeParts(std::vector<osg::NodePtr> &nodes, bool onlyLast, qxGltfNodeState &state);
     void addPart(const osg::NodePtr &node, qxGltfNodeState &state);
     void describe(const Open &open, std::vector<Open> &rest);
-    void findSharers();
+    void putBack(osg::UInt32 overlay, int position);
     int ownerOf(const std::vector<int> &sharers, osg::UInt32 core) const;
 
     const qxGltfOrigin &m_origin;
@@ -48,16 +52,17 @@ int Describer::fileIndex(const osg::NodePtr &node) const
     return found == m_origin.nodes.end() ? -1 : found->second;
 }
 
-/// Whether the node only carries the transform of the switch below it.
+/// Whether the node only says something about the node below it, which has no place for it: where a
+/// switch or a light stands, or that it is an overlay.
 bool Describer::isUpper(const osg::NodePtr &node) const
 {
+    const bool isOverlay = osg::OverlayCorePtr::dcast(node->getCore()) != osg::NullFC;
     if (isNamed(node) || node->getTravMask() == 0 || node->getNChildren() != 1
-        || !qxGltfIsPlainTransform(node->getCore()))
+        || !(isOverlay || qxGltfIsPlainTransform(node->getCore())))
         return false;
     const bool madeForFile = m_origin.uppers.count(node.getFieldContainerId()) > 0;
-    const osg::NodePtr child = node->getChild(0);
-    if (!qxGltfIsSwitch(child->getCore()))
-        return false;
+    if (!qxGltfNeedsPlace(node->getChild(0)->getCore()))
+        return isOverlay && madeForFile;
     // What are two nodes in the file stay two.
     return madeForFile || fileIndex(node) < 0;
 }
@@ -105,8 +110,10 @@ std::vector<osg::NodePtr> Describer::children(const osg::NodePtr &node, qxGltfNo
 
 void Describer::describe(const Open &open, std::vector<Open> &rest)
 {
-    const bool upper = isUpper(open.node);
-    const osg::NodePtr node = upper ? open.node->getChild(0) : open.node;
+    osg::NodePtr node = open.node;
+    qxGltfNodeState above;
+    for (; isUpper(node); node = node->getChild(0))
+        qxGltfDescribeCore(node, above);
     const int position = int(m_state.nodes.size());
     (open.parent < 0 ? m_state.roots : m_state.nodes[std::size_t(open.parent)].children)
         .push_back(position);
@@ -120,8 +127,10 @@ void Describer::describe(const Open &open, std::vector<Open> &rest)
     state.visible = node->getTravMask() != 0;
     qxGltfDescribeCore(node, state);
     qxGltfDescribePoses(node, state.poses);
-    if (upper)
-        state.place = qxGltfPlaceOf(open.node->getCore());
+    if (above.place.kind != qxGltfPlace::Nowhere)
+        state.place = above.place;
+    if (above.overlayLayer)
+        state.overlayLayer = above.overlayLayer;
     if (state.switchChoice || state.transformChoice)
         m_sharers[node->getCore().getFieldContainerId()].push_back(position);
     const std::vector<osg::NodePtr> below = children(node, state);
@@ -170,15 +179,57 @@ void Describer::describeAll(const std::vector<osg::NodePtr> &roots)
         open.pop_back();
         describe(next, open);
     }
-    findSharers();
+}
+
+/// An overlay goes back to where it was taken from, when that is still there.
+void Describer::putBack(osg::UInt32 overlay, int position)
+{
+    const auto origin = m_origin.overlays.find(overlay);
+    if (origin == m_origin.overlays.end()) {
+        m_state.roots.push_back(position);
+        return;
+    }
+    const auto isParent = [&origin](const qxGltfNodeState &state) {
+        return state.index >= 0 && state.index == origin->second.parent;
+    };
+    const auto parent = std::find_if(m_state.nodes.begin(), m_state.nodes.end(), isParent);
+    std::vector<int> &list = parent == m_state.nodes.end() ? m_state.roots : parent->children;
+    const std::ptrdiff_t place = origin->second.position;
+    list.insert(list.begin() + std::min(place, std::ptrdiff_t(list.size())), position);
+}
+
+void Describer::describeOverlays(const std::vector<osg::NodePtr> &overlays)
+{
+    std::vector<osg::NodePtr> inFileOrder = overlays;
+    const auto placeOf = [this](const osg::NodePtr &overlay) {
+        const auto origin = m_origin.overlays.find(overlay.getFieldContainerId());
+        return origin == m_origin.overlays.end() ? std::numeric_limits<int>::max()
+                                                 : origin->second.position;
+    };
+    std::stable_sort(inFileOrder.begin(), inFileOrder.end(),
+                     [&placeOf](const osg::NodePtr &a, const osg::NodePtr &b) {
+                         return placeOf(a) < placeOf(b);
+                     });
+    for (const osg::NodePtr &overlay : inFileOrder) {
+        const std::size_t position = m_state.nodes.size();
+        describeAll({overlay});
+        m_state.roots.pop_back();
+        putBack(overlay.getFieldContainerId(), int(position));
+        if (!m_state.nodes[position].overlayLayer)
+            m_state.nodes[position].overlayLayer = 0;
+    }
 }
 
 } // namespace
 
-qxGltfState qxGltfState::of(const std::vector<osg::NodePtr> &roots, const qxGltfOrigin &origin)
+qxGltfState qxGltfState::of(const std::vector<osg::NodePtr> &roots,
+                            const std::vector<osg::NodePtr> &overlays, const qxGltfOrigin &origin)
 {
     qxGltfState state;
-    Describer(origin, state).describeAll(roots);
+    Describer describer(origin, state);
+    describer.describeAll(roots);
+    describer.describeOverlays(overlays);
+    describer.findSharers();
     return state;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Files/qxGltfJson.h"
+#include "Files/qxGltfLights.h"
 #include "Files/qxGltfScene.h"
 
 #include <optional>
@@ -36,6 +36,9 @@ struct qxGltfNodeState {
     std::vector<float> transformStates; ///< ten per state
     std::optional<std::string> sharesCoreOf;
     qxGltfPoses poses;
+    std::optional<qxGltfLight> light;
+    bool lightOn = true;
+    std::optional<osg::UInt32> overlayLayer; ///< of an overlay
     std::vector<osg::UInt32> mesh; ///< ids of the geometry cores
     std::vector<int> hiddenParts; ///< positions in `mesh` of the geometries that are hidden
     std::vector<int> children; ///< positions in qxGltfState::nodes
@@ -47,9 +50,11 @@ struct qxGltfState {
     std::vector<int> roots;
     std::unordered_map<osg::UInt32, osg::GeometryPtr> geometries; ///< all that are shown
 
-    /// Describes these nodes and everything below them. Throws qxGltfError naming the node for what
-    /// a scene file has no form for.
-    static qxGltfState of(const std::vector<osg::NodePtr> &roots, const qxGltfOrigin &origin);
+    /// Describes these nodes and everything below them; overlays stand where they came from, new
+    /// ones behind the other roots. Throws qxGltfError naming the node for what a scene file has no
+    /// form for.
+    static qxGltfState of(const std::vector<osg::NodePtr> &roots,
+                          const std::vector<osg::NodePtr> &overlays, const qxGltfOrigin &origin);
     /// Throws qxGltfError when a clone cannot be told by the name of the node whose core it shares.
     void checkSharedNames() const;
 };

@@ -6,6 +6,7 @@
 #include "Files/qxGltfModel.h"
 #include "Files/qxGltfOutput.h"
 #include "Files/qxGltfPatch.h"
+#include "qxOverlays.h"
 #include "qxScenegraph.h"
 
 #include <exception>
@@ -18,7 +19,9 @@ struct qxSceneFile::Content {
     qxGltfOrigin origin;
     qxGltfState before;
     qxGltfMaterialPatch::Before materials;
+    qxGltfSwitchStates switches;
     QByteArray variants;
+    std::vector<qxSceneVariant> materialVariants;
     qxSceneFileInfo info;
 
     static std::unique_ptr<Content> load(const QString &path, QStringList &warnings);
@@ -68,6 +71,11 @@ qxSceneFileInfo infoOf(const qxGltfModel &model)
     return info;
 }
 
+std::vector<osg::NodePtr> childrenOf(const osg::NodePtr &node)
+{
+    return {node->getMFChildren()->begin(), node->getMFChildren()->end()};
+}
+
 /// The part of the file that holds the variants document: the shown scene, or else the file itself.
 qxJson &variantsHolder(qxJson &json, int scene)
 {
@@ -97,8 +105,12 @@ std::unique_ptr<qxSceneFile::Content> qxSceneFile::Content::load(const QString &
         content->materials.push_back(
             qxGltfMaterialState::of(osg::SimpleMaterialPtr::dcast(material.get())));
     }
+    for (const osg::SwitchMaterialRefPtr &material : scene.switches)
+        content->switches.push_back(qxGltfSwitchState::of(material.get()));
     const std::vector<osg::NodePtr> roots(scene.roots.begin(), scene.roots.end());
-    content->before = qxGltfState::of(roots, scene.origin);
+    const std::vector<osg::NodePtr> overlays(scene.overlays.begin(), scene.overlays.end());
+    content->before = qxGltfState::of(roots, overlays, scene.origin);
+    content->materialVariants = scene.variants;
     content->origin = scene.origin;
     scene.show();
     content->document = std::move(model.document);
@@ -110,14 +122,15 @@ std::unique_ptr<qxSceneFile::Content> qxSceneFile::Content::load(const QString &
 qxJson qxSceneFile::Content::edited() const
 {
     qxJson json = document.json;
-    const osg::MFNodePtr &roots = *qxScenegraph::getRoot()->getMFChildren();
-    const qxGltfState after =
-        qxGltfState::of(std::vector<osg::NodePtr>(roots.begin(), roots.end()), origin);
+    const qxGltfState after = qxGltfState::of(childrenOf(qxScenegraph::getRoot()),
+                                              childrenOf(qxOverlays::getPoolRoot()), origin);
     after.checkSharedNames();
     qxGltfMaterialPatch materialPatch(json, origin, materials);
     materialPatch.writePool();
+    materialPatch.writeSwitches(switches, qxGltfSwitchesOfScene(after));
     materialPatch.writeGeometries(after);
     const std::vector<int> meshes = qxGltfMeshPatch(json, origin, materialPatch).write(after);
+    materialPatch.settleNames();
     qxGltfPatch(json, before, after).write(meshes, scene);
     if (variants != variantsIn(json, scene)) {
         qxGltfSetExtra(variantsHolder(json, scene), qxGltfKeys::variants,
@@ -180,6 +193,11 @@ QByteArray qxSceneFile::variantsDocument() const
 void qxSceneFile::setVariantsDocument(const QByteArray &document)
 {
     m_content->variants = document;
+}
+
+std::vector<qxSceneVariant> qxSceneFile::materialVariants() const
+{
+    return m_content->materialVariants;
 }
 
 qxSceneFileInfo qxSceneFile::info() const

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "Files/qxSceneVariant.h"
+
 #include <QByteArray>
 #include <QStringList>
 
 #include <memory>
+#include <vector>
 
 /// What a scene file holds, for listings.
 struct qxSceneFileInfo {
@@ -50,6 +53,10 @@ public:
     QByteArray variantsDocument() const;
     /// Saved with the scene from now on; an empty one is taken out.
     void setVariantsDocument(const QByteArray &document);
+
+    /// The variants that the file loaded last states for its materials, in its order. Each of their
+    /// switch materials holds the material that the file was made with as its first one.
+    std::vector<qxSceneVariant> materialVariants() const;
 
     /// What the file holds that was loaded last.
     qxSceneFileInfo info() const;

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Files/qxGltfNames.h"
+#include "Files/qxGltfScene.h"
+
+#include <map>
+
+/// Makes the switch materials of a file and puts them on the geometries: those that the file lists
+/// (qxSwitchMaterials), and one for every way in which its primitives map materials to variants
+/// (KHR_materials_variants). What cannot be used is a warning.
+class qxGltfSwitchMaterials {
+public:
+    /// Takes materials and geometries from `scene`, and puts switch materials and variants there.
+    qxGltfSwitchMaterials(qxGltfModel &model, qxGltfScene &scene);
+
+    void build();
+
+private:
+    /// Materials of the file by their place, -1 for that of primitives without one: the default,
+    /// and then that of each variant, which is -2 for a variant that is not mapped.
+    typedef std::vector<int> Mapping;
+
+    void makeListed();
+    osg::SwitchMaterialPtr makeListed(const qxJson &entry, const QString &called);
+    void assign(std::size_t mesh, std::size_t primitive);
+    Mapping mappingOf(const qxJson &primitive, const QString &called);
+    osg::SwitchMaterialPtr switchFor(const Mapping &mapping);
+    osg::SwitchMaterialPtr make(const std::string &name, const std::vector<int> &materials,
+                                osg::UInt32 choice);
+    osg::MaterialPtr material(int index);
+    void nameVariants();
+    void describeVariants();
+
+    qxGltfModel &m_model;
+    qxGltfScene &m_scene;
+    qxGltfNames m_names; ///< of materials
+    qxGltfMaterialRef m_default; ///< made when something shows it
+    std::vector<osg::SwitchMaterialPtr> m_listed; ///< null for entries that cannot be used
+    std::map<Mapping, osg::SwitchMaterialPtr> m_mapped;
+    std::vector<std::pair<osg::SwitchMaterialPtr, Mapping>> m_uses; ///< by first use
+    std::unordered_map<osg::UInt32, std::size_t> m_useOf; ///< by the id of the switch material
+};
