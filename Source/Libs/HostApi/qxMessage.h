@@ -21,6 +21,8 @@ public:
     /// Stores `value` under `key`. An entry that exists keeps its place; it takes the new value
     /// when `replace` is true and keeps its old one otherwise.
     void set(const std::string &key, const boost::any &value, bool replace = true);
+    /// The same without a copy of what `value` holds.
+    void set(const std::string &key, boost::any &&value, bool replace = true);
 
     /// The value under `key`, or null when there is none or when it is not a `T`.
     /// The pointer is valid until the message changes.

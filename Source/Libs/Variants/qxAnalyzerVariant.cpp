@@ -45,7 +45,7 @@ void writeDisplay(std::ostream &script, const qxAnalyzerVariant &clip)
 void qxAnalyzerVariant::execute()
 {
     if (clipState == Disable)
-        run("enableClippingPlane(false)\n");
+        return run("enableClippingPlane(false)\n");
     if (clipState != Enable && clipState != SetPlane)
         return;
 

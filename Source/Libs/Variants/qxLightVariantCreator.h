@@ -12,6 +12,6 @@ public:
     /// Walks the tree and then announces "lightVariantChanged", also when nothing was created.
     bool traverse(osg::NodePtr node) override;
 
-protected:
+    /// Always goes on, also below a node that gave a variant.
     osg::Action::ResultE traverseEnter(qxGraphOpNode node) override;
 };

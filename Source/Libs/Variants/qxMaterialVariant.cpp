@@ -1,6 +1,7 @@
 #include "qxMaterialVariant.h"
 
 #include "Internal/qxNotify.h"
+#include "Internal/qxOptionAppender.h"
 #include "Internal/qxOptionRebuild.h"
 #include "Internal/qxSceneEdits.h"
 #include "Internal/qxSwitchOptions.h"
@@ -39,14 +40,11 @@ osg::MaterialPtr chosenMaterial(const osg::SwitchMaterialPtr &switchMaterial)
                                                           : osg::MaterialPtr();
 }
 
-/// The name (UTF-8) of the material that `state` asks for.
-std::string targetName(const osg::SwitchMaterialPtr &switchMaterial, const QString &state)
+/// The name (UTF-8) of the material that the step leads to.
+std::string targetName(const osg::SwitchMaterialPtr &switchMaterial, qxStep step)
 {
-    const std::optional<qxStep> step = qxSwitchStepping::stepOf(state);
-    if (!step)
-        return qxText::toUtf8(state);
     const osg::UInt32 index =
-        qxSwitchStepping::stepMaterial(*step, osg::Int32(switchMaterial->getChoice()),
+        qxSwitchStepping::stepMaterial(step, osg::Int32(switchMaterial->getChoice()),
                                        osg::UInt32(switchMaterial->getMaterials().size()));
     return qxMaterials::getName(switchMaterial->getMaterials(index));
 }
@@ -120,20 +118,24 @@ qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
         wrap(material, switchMaterialName);
         return;
     }
+    qxOptionAppender added(*this);
     for (const osg::MaterialPtr &each : switchMaterial->getMaterials())
-        add(nameOf(each), QString());
+        added.add(false, nameOf(each), QString());
     defaultState = nameOf(chosenMaterial(switchMaterial));
 }
 
 void qxMaterialVariant::onSelect(const QString &state)
 {
+    // Copies: a listener may remove the variant and whatever holds the state.
     const std::string variantName = qxText::toUtf8(name);
     const std::string baseName = qxText::toUtf8(switchMaterialName);
+    const std::string wanted = qxText::toUtf8(state);
+    const std::optional<qxStep> step = qxSwitchStepping::stepOf(state);
     for (const osg::MaterialPtr &material : qxMaterials::findMaterials(baseName.c_str())) {
         const auto switchMaterial = osg::SwitchMaterialPtr::dcast(material);
         if (switchMaterial == osg::NullFC || switchMaterial->getMaterials().empty())
             continue;
-        const std::string target = targetName(switchMaterial, state);
+        const std::string target = step ? targetName(switchMaterial, *step) : wanted;
         if (choose(switchMaterial, target))
             qxNotify::variantsMaterialChanged(variantName, target, baseName);
     }

@@ -32,6 +32,7 @@ public:
     qxName &operator=(const qxName &other) { return *this = static_cast<const QString &>(other); }
     /// `text` is UTF-8.
     qxName &operator=(const char *text) { return *this = QString::fromUtf8(text); }
+    qxName &operator=(const QByteArray &text) { return *this = QString::fromUtf8(text); }
     qxName &operator=(QLatin1String text) { return *this = QString(text); }
     void clear() { *this = QString(); }
 

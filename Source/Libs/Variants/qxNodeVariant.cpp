@@ -3,6 +3,7 @@
 #include "Internal/qxNodeWalks.h"
 #include "Internal/qxNodesChange.h"
 #include "Internal/qxNotify.h"
+#include "Internal/qxOptionAppender.h"
 #include "Internal/qxOptionRebuild.h"
 #include "Internal/qxSceneEdits.h"
 #include "Internal/qxSwitchOptions.h"
@@ -30,10 +31,31 @@ std::vector<qxNodePtr> findNodes(const QString &name)
     return qxScenegraph::findNodes(qxText::toUtf8(name).c_str());
 }
 
-/// The nodes of one name while one state is applied to them.
+/// Null when the scene has no node of that name.
+qxNodePtr firstNode(const QString &name)
+{
+    const std::vector<qxNodePtr> nodes = findNodes(name);
+    return nodes.empty() ? qxNodePtr() : nodes.front();
+}
+
+void enable(const osg::NodePtr &node)
+{
+    if (!qxVariants::_recurse)
+        return;
+    qxNodeWalks::pushEnable(node);
+    qxNodeWalks::enableAncestors(node);
+}
+
+void announce(const osg::NodePtr &node, qxMessage &message)
+{
+    qxNotify::variantsNodesChanged(message, qxNodesChange::of(node));
+}
+
+/// The nodes of one name while one state is applied to them. It keeps no hold of the variant, which
+/// a listener may remove meanwhile.
 class Selection {
 public:
-    Selection(qxNodeVariant &variant, const QString &state);
+    Selection(const qxNodeVariant &variant, const QString &state);
     void apply(const osg::NodePtr &node);
 
 private:
@@ -45,7 +67,6 @@ private:
     /// False when the core was met before: clones share one core.
     bool isFirstVisit(const osg::NodeCorePtr &core);
 
-    qxNodeVariant &m_variant;
     const QString m_state;
     const std::string m_stateUtf8;
     const std::string m_variantName;
@@ -53,8 +74,8 @@ private:
     std::set<osg::NodeCorePtr> m_handled;
 };
 
-Selection::Selection(qxNodeVariant &variant, const QString &state)
-    : m_variant(variant), m_state(state), m_stateUtf8(qxText::toUtf8(state)),
+Selection::Selection(const qxNodeVariant &variant, const QString &state)
+    : m_state(state), m_stateUtf8(qxText::toUtf8(state)),
       m_variantName(qxText::toUtf8(variant.name)), m_step(qxSwitchStepping::stepOf(state))
 {
 }
@@ -89,12 +110,12 @@ void Selection::applyVisibility(const osg::NodePtr &node, qxMessage &message)
         toggle ? node->getTravMask() != qxSceneEdits::Visible : m_state == variantEnable;
     if (show) {
         qxSceneEdits::setTraversalMask(node, qxSceneEdits::Visible);
-        m_variant.recurseEnable(node);
+        enable(node);
     } else {
         qxSceneEdits::setTraversalMask(node, qxSceneEdits::Hidden);
         qxNotify::setHidden(message);
     }
-    m_variant.callVariantsNodesChanged(node, message);
+    announce(node, message);
 }
 
 void Selection::applyTransformSwitch(const osg::SwitchComponentTransformPtr &core)
@@ -123,8 +144,8 @@ void Selection::applySwitch(const osg::NodePtr &node, const osg::SwitchPtr &core
     if (first)
         qxSceneEdits::setChoice(core, *choice);
     if (m_state != variantNone)
-        m_variant.recurseEnable(node);
-    m_variant.callVariantsNodesChanged(node, message);
+        enable(node);
+    announce(node, message);
 }
 
 std::optional<osg::Int32> Selection::choiceFor(const osg::NodePtr &node,
@@ -146,8 +167,9 @@ std::optional<osg::Int32> Selection::choiceFor(const osg::NodePtr &node,
 
 void addTransformStates(qxVariant &variant, const osg::SwitchComponentTransformPtr &core)
 {
+    qxOptionAppender options(variant);
     for (osg::UInt32 i = 0; i < core->getCount(); ++i)
-        variant.add(QString::asprintf(TransformName, i), QString());
+        options.add(false, QString::asprintf(TransformName, i), QString());
     variant.defaultState = variantNextLoop;
 }
 
@@ -179,20 +201,20 @@ void qxNodeVariant::onSelect(const QString &state)
 
 QString qxNodeVariant::onCurrent() const
 {
-    const std::vector<qxNodePtr> nodes = findNodes(nodeName);
-    return nodes.empty() ? QString() : qxSwitchOptions::currentState(nodes.front());
+    const qxNodePtr node = firstNode(nodeName);
+    return node == osg::NullFC ? QString() : qxSwitchOptions::currentState(node);
 }
 
 void qxNodeVariant::updateVariants()
 {
     qxOptionRebuild rebuild(*this);
-    const std::vector<qxNodePtr> nodes = findNodes(nodeName);
-    if (nodes.empty())
+    const qxNodePtr node = firstNode(nodeName);
+    if (node == osg::NullFC)
         return;
 
-    const auto core = osg::SwitchComponentTransformPtr::dcast(nodes.front()->getCore());
+    const auto core = osg::SwitchComponentTransformPtr::dcast(node->getCore());
     if (core == osg::NullFC) {
-        qxSwitchOptions::rebuild(*this, rebuild, nodes.front());
+        qxSwitchOptions::rebuild(*this, rebuild, node);
     } else {
         rebuild.addSteps();
         addTransformStates(*this, core);
@@ -214,10 +236,7 @@ void qxNodeVariant::hideGeometry()
 
 void qxNodeVariant::recurseEnable(osg::NodePtr node)
 {
-    if (!qxVariants::_recurse)
-        return;
-    qxNodeWalks::pushEnable(node);
-    qxNodeWalks::enableAncestors(node);
+    enable(node);
 }
 
 void qxNodeVariant::pushEnable(osg::NodePtr node)
@@ -232,7 +251,7 @@ void qxNodeVariant::pushDisable(osg::NodePtr node)
 
 void qxNodeVariant::callVariantsNodesChanged(const osg::NodePtr &node, qxMessage &message)
 {
-    qxNotify::variantsNodesChanged(message, qxNodesChange::of(node));
+    announce(node, message);
 }
 
 QString qxNodeVariant::getNodePath(const osg::NodePtr &node)

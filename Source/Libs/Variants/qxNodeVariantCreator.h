@@ -10,6 +10,6 @@ public:
     /// A new operation of this class, owned by the caller.
     osg::GraphOp *create() override;
 
-protected:
+    /// Always goes on, also below a node that gave a variant.
     osg::Action::ResultE traverseEnter(qxGraphOpNode node) override;
 };

@@ -24,13 +24,10 @@ std::vector<qxNodePtr> findNodes(const QString &name)
     return nodes;
 }
 
-/// The index of the transform state that `state` asks for; negative when the node has none such.
-int indexFor(const qxNodePtr &node, const QString &state)
+/// The index of the transform state that the step leads to; negative when the node has none such.
+int indexAfter(qxStep step, const qxNodePtr &node)
 {
-    const std::optional<qxStep> step = qxSwitchStepping::stepOf(state);
-    if (!step)
-        return qxNodeUtils::getTransformVariantIndex(node, qxText::toUtf8(state));
-    return qxSwitchStepping::stepTransformState(*step,
+    return qxSwitchStepping::stepTransformState(step,
                                                 qxNodeUtils::getTransformVariantCurrentIndex(node),
                                                 qxNodeUtils::getTransformVariantCount(node));
 }
@@ -52,8 +49,11 @@ qxTransformVariant::qxTransformVariant(const QString &node) : nodeName(node)
 
 void qxTransformVariant::onSelect(const QString &state)
 {
+    const std::optional<qxStep> step = qxSwitchStepping::stepOf(state);
+    const std::string wanted = qxText::toUtf8(state);
     for (const qxNodePtr &node : findNodes(nodeName)) {
-        const int index = indexFor(node, state);
+        const int index =
+            step ? indexAfter(*step, node) : qxNodeUtils::getTransformVariantIndex(node, wanted);
         if (index >= 0)
             requestState(node, index);
     }

@@ -1,5 +1,6 @@
 #include "qxVariant.h"
 
+#include "Internal/qxOptionAppender.h"
 #include "qxVariants.h"
 
 #include <algorithm>
@@ -46,16 +47,8 @@ void qxVariant::add(const QString &optionName, const QString &shortcut)
 
 void qxVariant::add(bool action, const QString &optionName, const QString &shortcut)
 {
-    if (findOption(options, optionName) != options.end())
-        return;
-
-    qxVariantOption option;
-    option.name = optionName;
-    option.shortcut = shortcut;
-    option.isAction = action;
-    if (!shortcut.isEmpty())
-        option.updateShortcut();
-    options.push_back(std::move(option));
+    if (findOption(options, optionName) == options.end())
+        qxOptionAppender::append(*this, action, optionName, shortcut);
 }
 
 void qxVariant::remove(const QString &optionName)

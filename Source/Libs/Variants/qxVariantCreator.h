@@ -26,11 +26,10 @@ public:
 
     /// Walks the tree below `node`, depth first, and answers true.
     virtual bool traverse(osg::NodePtr node);
+    osg::Action::ResultE traverseLeave(qxGraphOpNode node, osg::Action::ResultE result) override;
 
 protected:
     explicit qxVariantCreator(const char *name);
-
-    osg::Action::ResultE traverseLeave(qxGraphOpNode node, osg::Action::ResultE result) override;
 
     /// Whether the node is a switch that has something to choose from.
     static bool isSwitchWithChildren(const osg::NodePtr &node);

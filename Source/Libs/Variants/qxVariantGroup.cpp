@@ -18,6 +18,12 @@ void qxVariantGroup::add(qxVariantSet *set)
     insert(sets.end(), set);
 }
 
+void qxVariantGroup::append(qxVariantSet *set)
+{
+    sets.push_back(set);
+    set->group = this;
+}
+
 void qxVariantGroup::insert(iterator position, qxVariantSet *set)
 {
     if (set->group || contains(set))

@@ -40,4 +40,10 @@ public:
     qxName name; ///< unique among the groups of the registry
     QString comment; ///< free text
     bool visible = true; ///< whether the user interface shows the group
+
+private:
+    friend class qxVariantReader;
+    friend class qxVariants;
+    /// Appends a set that was just created, so that it can be in no group.
+    void append(qxVariantSet *set);
 };

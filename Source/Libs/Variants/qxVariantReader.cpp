@@ -3,6 +3,7 @@
 #include "Internal/qxDocumentGuard.h"
 #include "Internal/qxDocumentText.h"
 #include "Internal/qxKind.h"
+#include "Internal/qxOptionAppender.h"
 #include "Internal/qxSwitchMaterialRepair.h"
 #include "qxVariantGroup.h"
 
@@ -34,10 +35,11 @@ QString hotkeyOf(const QDomElement &state)
 void readOptions(const QDomElement &element, qxVariant &variant)
 {
     variant.options.clear();
+    qxOptionAppender options(variant);
     text::forEachChild(element, [&](const QDomElement &child) {
         const QString tag = child.tagName();
         if (tag == names::State)
-            variant.add(text::attribute(child, names::name), hotkeyOf(child));
+            options.add(false, text::attribute(child, names::name), hotkeyOf(child));
         else if (tag == names::Default)
             variant.defaultState = text::attribute(child, names::ref);
     });
@@ -120,8 +122,12 @@ qxVariantGroup *qxVariantReader::readVariantGroup(QDomElement &element)
         group->visible = element.attribute(names::visible) == names::trueWord;
     for (auto child = element.firstChildElement(names::VariantSet); !child.isNull();
          child = child.nextSiblingElement(names::VariantSet)) {
-        if (qxVariantSet *set = readVariantSet(child, true))
-            group->add(set);
+        qxVariantSet *const set = readVariantSet(child, true);
+        // Listeners hear of the set that was replaced, and may remove the group.
+        if (qxVariants::findVariantGroup(name) != group)
+            return nullptr;
+        if (set)
+            group->append(set);
     }
     return group;
 }

@@ -1,3 +1,4 @@
+#include "Internal/qxSetUse.h"
 #include "Internal/qxText.h"
 #include "qxOverlayVariant.h"
 #include "qxVariantReader.h"
@@ -68,8 +69,11 @@ void fixOverlays(qxVariantSet &set, const QStringList &allNames)
 void qxVariantReader::fixOverlayVariants()
 {
     const QStringList names = overlayNames();
-    for (qxVariantSet *set : qxVariants::_variantSets) {
-        if (!set->overlayVariants.empty())
-            fixOverlays(*set, names);
+    // By index, because listeners hear of new variants and may change the list.
+    for (std::size_t index = 0; index < qxVariants::_variantSets.size(); ++index) {
+        qxVariantSet &set = *qxVariants::_variantSets[index];
+        const qxSetUse use(set);
+        if (!set.overlayVariants.empty())
+            fixOverlays(set, names);
     }
 }

@@ -181,4 +181,9 @@ public:
     bool inclLights = false;
     bool inclEnv = false;
     bool inclView = false;
+
+private:
+    friend class qxSetUse;
+    int m_uses = 0;
+    bool m_isRemoved = false; ///< left the registry and is deleted after its last use
 };

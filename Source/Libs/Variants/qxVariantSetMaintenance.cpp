@@ -1,4 +1,5 @@
 #include "Internal/qxKind.h"
+#include "Internal/qxSetUse.h"
 #include "Internal/qxText.h"
 #include "qxVariantSet.h"
 
@@ -190,8 +191,10 @@ bool qxVariantSet::isUsed()
     return leadsToScene<qxNodeVariant>(*this, isNode)
         || leadsToScene<qxMaterialVariant>(
                *this, [](const QString &each) { return !materialsOf(each).empty(); })
-        || leadsToScene<qxLightVariant>(
-               *this, [lights = lightNames()](const QString &each) { return holds(lights, each); })
+        || (!lightVariants.empty()
+            && leadsToScene<qxLightVariant>(
+                *this,
+                [lights = lightNames()](const QString &each) { return holds(lights, each); }))
         || anyOf(geometries, isNode) || anyOf(viewpoints, isViewpoint)
         || anyOf(animations,
                  [clips = clipNames()](const QString &each) { return holds(clips, each); })
@@ -200,6 +203,7 @@ bool qxVariantSet::isUsed()
 
 void qxVariantSet::showConnectedVariants()
 {
+    const qxSetUse use(*this);
     highlight<qxNodeVariant>(*this);
     highlight<qxMaterialVariant>(*this);
     highlight<qxLightVariant>(*this);
@@ -215,9 +219,11 @@ void qxVariantSet::optimize()
     keepIf<qxMaterialVariant>(*this, [](const QString &each, const QString &state) {
         return materialsOffer(materialsOf(each), state);
     });
-    keepIf<qxLightVariant>(*this, [lights = lightNames()](const QString &each, const QString &) {
-        return holds(lights, each);
-    });
+    if (!lightVariants.empty()) // Gathering the lights goes through the whole scene.
+        keepIf<qxLightVariant>(*this,
+                               [lights = lightNames()](const QString &each, const QString &) {
+                                   return holds(lights, each);
+                               });
     keepIf(geometries, isNode);
     keepIf(viewpoints, isViewpoint);
     keepIf(animations, [clips = clipNames()](const QString &each) { return holds(clips, each); });

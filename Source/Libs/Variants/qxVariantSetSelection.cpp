@@ -1,6 +1,7 @@
 #include "Internal/qxFindCache.h"
 #include "Internal/qxKind.h"
 #include "Internal/qxNodeWalks.h"
+#include "Internal/qxSetUse.h"
 #include "Internal/qxText.h"
 #include "qxVariantSet.h"
 
@@ -29,21 +30,36 @@ bool isWorthACache(const qxVariantSet &set)
         >= StatesWorthACache;
 }
 
+/// A variant's name and a state.
+typedef std::pair<QString, QString> Reference;
+
+/// A copy: listeners may change the list while its states are selected.
+template <class Variant>
+std::vector<Reference> referencesOf(const qxVariantSet &set)
+{
+    const qxStateList &states = set.*qxKind<Variant>::states;
+    std::vector<Reference> references;
+    references.reserve(states.size());
+    for (const qxVariantState &each : states)
+        references.emplace_back(each.variant, each.state);
+    return references;
+}
+
 template <class Variant>
 void selectStates(const qxVariantSet &set)
 {
-    for (const qxVariantState &each : set.*qxKind<Variant>::states) {
-        if (Variant *variant = qxKinds::find<Variant>(each.variant))
-            variant->onSelect(each.state);
+    for (const Reference &each : referencesOf<Variant>(set)) {
+        if (Variant *variant = qxKinds::find<Variant>(each.first))
+            variant->onSelect(each.second);
     }
 }
 
 template <class Variant>
 void selectDefaults(const qxVariantSet &set)
 {
-    for (const qxVariantState &each : set.*qxKind<Variant>::states) {
-        if (Variant *variant = qxKinds::find<Variant>(each.variant))
-            variant->onSelect(variant->defaultState);
+    for (const Reference &each : referencesOf<Variant>(set)) {
+        if (Variant *variant = qxKinds::find<Variant>(each.first))
+            variant->onSelect(QString(variant->defaultState));
     }
 }
 
@@ -55,7 +71,8 @@ void moveCamera(qxCameraService *camera, const QString &viewpoint, const Travel 
 
 void startAllAnimations(const qxVariantSet &set)
 {
-    for (const QString &animation : set.animations)
+    const QStringList animations = set.animations.list(); // Listeners may change the set's.
+    for (const QString &animation : animations)
         qxNotify::animationStart(animation);
 }
 
@@ -108,6 +125,7 @@ void applySet(qxVariantSet &set, bool full, bool keepCamera)
 
 void qxVariantSet::select(bool full, bool keepCamera)
 {
+    const qxSetUse use(*this);
     applySet(*this, full, keepCamera);
     qxNotify::variantsSetSelected(name);
     qxNotify::variantSetSelected();
@@ -116,6 +134,7 @@ void qxVariantSet::select(bool full, bool keepCamera)
 
 void qxVariantSet::selectDefault()
 {
+    const qxSetUse use(*this);
     qxNotify::variantsSetSelected(name);
     selectDefaults<qxNodeVariant>(*this);
     selectDefaults<qxMaterialVariant>(*this);

@@ -1,5 +1,6 @@
 #include "Internal/qxFindCache.h"
 #include "Internal/qxNotify.h"
+#include "Internal/qxSetUse.h"
 #include "Internal/qxText.h"
 #include "qxVariantGroup.h"
 #include "qxVariantSet.h"
@@ -59,12 +60,14 @@ qxVariantSet *qxVariants::createVariantSet(const QString &name, bool notify, qxV
         qxLog::warning("A variant set with that name already exists.");
         return nullptr;
     }
+    const QString wanted = name;
     qxVariantSet *const set = adopt(_variantSets, std::make_unique<qxVariantSet>(name));
     if (group)
-        group->add(set);
-    if (notify)
-        qxNotify::variantSetAdded(set);
-    return set;
+        group->append(set);
+    if (!notify)
+        return set;
+    qxNotify::variantSetAdded(set);
+    return _variantSets.ifHeld(set, wanted);
 }
 
 qxVariantSet *qxVariants::findVariantSet(const QString &name)
@@ -79,7 +82,7 @@ bool qxVariants::removeVariantSet(const QString &name)
     if (qxVariantSet *set = findVariantSet(name)) {
         _variantSets.take(set);
         qxNotify::variantSetRemoved(set);
-        delete set;
+        qxSetUse::destroy(set);
     }
     return true;
 }
@@ -90,7 +93,7 @@ void qxVariants::clearVariantSets()
     for (qxVariantGroup *group : _variantGroups)
         group->clear();
     for (qxVariantSet *set : _variantSets.takeAll())
-        delete set;
+        qxSetUse::destroy(set);
     qxNotify::variantSetChanged();
 }
 
@@ -105,7 +108,7 @@ void qxVariants::clearEmptyVariantSets()
         }
         qxVariantSet *const set = _variantSets.takeAt(index);
         qxNotify::variantSetRemoved(set);
-        delete set;
+        qxSetUse::destroy(set);
     }
 }
 
@@ -130,11 +133,13 @@ qxVariantGroup *qxVariants::createVariantGroup(const QString &name, bool notify,
         qxLog::warning("A variant group with that name already exists.");
         return nullptr;
     }
+    const QString wanted = name;
     qxVariantGroup *const group = adopt(_variantGroups, std::make_unique<qxVariantGroup>(name));
     group->visible = visible;
-    if (notify)
-        qxNotify::variantGroupAdded(group);
-    return group;
+    if (!notify)
+        return group;
+    qxNotify::variantGroupAdded(group);
+    return _variantGroups.ifHeld(group, wanted);
 }
 
 qxVariantGroup *qxVariants::findVariantGroup(const QString &name)
@@ -197,6 +202,7 @@ void qxVariants::selectVariantSet(const char *name, bool flag)
     qxVariantSet *const set = findVariantSet(QString::fromUtf8(name));
     if (!set)
         return;
+    const qxSetUse use(*set);
     if (set->inclNodes)
         showTargets(*set);
     set->select(true, flag);

@@ -100,15 +100,18 @@ Variant *find(const QString &name)
     return qxKind<Variant>::list.find(name);
 }
 
-/// Gives a new variant to the registry.
+/// Gives a new variant to the registry. Null when a listener took it out again.
 template <class Variant>
 Variant *adopt(std::unique_ptr<Variant> variant, bool notify)
 {
-    qxKind<Variant>::list.append(variant.get());
+    qxNamedList<Variant> &list = qxKind<Variant>::list;
+    list.append(variant.get());
     Variant *const added = variant.release();
-    if (notify)
-        qxKind<Variant>::added(added);
-    return added;
+    if (!notify)
+        return added;
+    const QString name = added->name;
+    qxKind<Variant>::added(added);
+    return list.ifHeld(added, name);
 }
 
 /// The variant `name`, built from `source` when there is none; null for an empty name.

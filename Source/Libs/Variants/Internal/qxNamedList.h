@@ -3,6 +3,7 @@
 #include "qxName.h"
 
 #include <QHash>
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <cstddef>
@@ -75,6 +76,9 @@ public:
 
     /// The first object of that name in list order; null for none and for an empty name.
     T *find(const QString &name) const;
+    /// `object`, or null when it is no longer in the list. It is not touched, so it may be deleted;
+    /// `name` is the one that it had.
+    T *ifHeld(T *object, const QString &name) const;
     /// Appends an object that is in no list.
     void append(T *object);
     /// Takes the object at `index` out of the list and returns it.
@@ -91,7 +95,7 @@ private:
         T *object;
     };
     /// The entries of one name, in list order; nearly always just one.
-    typedef std::vector<Entry> Namesakes;
+    typedef QVarLengthArray<Entry, 1> Namesakes;
 
     const Entry &entry(std::size_t index) const
     {
@@ -119,6 +123,13 @@ T *qxNamedList<T>::find(const QString &name) const
 {
     const auto found = m_byName.constFind(name);
     return found == m_byName.constEnd() || found->empty() ? nullptr : found->front().object;
+}
+
+template <class T>
+T *qxNamedList<T>::ifHeld(T *object, const QString &name) const
+{
+    const bool isHeld = find(name) == object || std::find(begin(), end(), object) != end();
+    return isHeld ? object : nullptr;
 }
 
 template <class T>

@@ -3,7 +3,7 @@
 #include "Internal/qxSwitchStepping.h"
 
 qxOptionRebuild::qxOptionRebuild(qxVariant &variant)
-    : m_variant(variant), m_defaultState(variant.defaultState)
+    : m_variant(variant), m_options(variant), m_defaultState(variant.defaultState)
 {
     for (qxVariantOption &option : variant.options) {
         const QString name = option.name;
@@ -16,14 +16,14 @@ void qxOptionRebuild::add(const QString &name)
 {
     const auto old = m_old.constFind(name);
     const bool known = old != m_old.constEnd();
-    m_variant.qxVariant::add(known && old->isAction, name, known ? old->shortcut : QString());
+    m_options.add(known && old->isAction, name, known ? old->shortcut : QString());
 }
 
 void qxOptionRebuild::addAction(const QString &name)
 {
     const auto old = m_old.constFind(name);
     const bool known = old != m_old.constEnd();
-    m_variant.qxVariant::add(known, name, known ? old->shortcut : QString());
+    m_options.add(known, name, known ? old->shortcut : QString());
 }
 
 void qxOptionRebuild::addSteps()

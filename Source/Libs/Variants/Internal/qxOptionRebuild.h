@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qxVariant.h"
+#include "Internal/qxOptionAppender.h"
 
 #include <QHash>
 
@@ -23,6 +23,7 @@ public:
 
 private:
     qxVariant &m_variant;
+    qxOptionAppender m_options;
     const QString m_defaultState;
     QHash<QString, qxVariantOption> m_old;
 };

@@ -67,11 +67,11 @@ void replaceNamesake(const qxMaterialVariant &variant, const osg::MaterialPtr &n
 
 void addMissing(const qxMaterialVariant &variant)
 {
+    const QString name = variant.switchMaterialName;
     const osg::SwitchMaterialPtr created = buildSwitchMaterial(variant);
     qxSceneEdits::addToPool(qxScenegraph::getMaterialPool(), created);
     qxNotify::sceneMaterialsChanged();
 
-    const QString &name = variant.switchMaterialName;
     if (!name.endsWith(switchSuffix))
         return;
     const QString plainName = name.left(name.size() - switchSuffix.size());

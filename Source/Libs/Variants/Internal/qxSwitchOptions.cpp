@@ -1,5 +1,6 @@
 #include "Internal/qxSwitchOptions.h"
 
+#include "Internal/qxOptionAppender.h"
 #include "Internal/qxOptionRebuild.h"
 #include "Internal/qxSceneEdits.h"
 #include "Internal/qxSwitchStepping.h"
@@ -23,8 +24,9 @@ void buildSwitch(qxVariant &variant, const osg::NodePtr &node, const osg::Switch
     variant.add(variantNone, QString());
     qxSwitchOptions::addSteps(variant);
     const osg::UInt32 count = node->getNChildren();
+    qxOptionAppender options(variant);
     for (osg::UInt32 i = 0; i < count; ++i)
-        variant.add(childName(node, i), QString());
+        options.add(false, childName(node, i), QString());
 
     const osg::Int32 shown = qxSwitchStepping::shownChild(core->getChoice(), count);
     variant.defaultState = shown < 0 ? variantNone : childName(node, osg::UInt32(shown));

@@ -1,0 +1,174 @@
+#include "qxNodeVariant.h"
+#include "qxVariantGroup.h"
+#include "qxVariantReader.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "HostFixture.h"
+#include "Lines.h"
+#include "Script/qxScriptRunner.h"
+#include "qxController.h"
+
+namespace {
+
+/// Does something once, at the call with that number, counted from the construction on.
+class OnCall {
+public:
+    OnCall(std::size_t number, std::function<void()> action) : m_left(number), m_action(action)
+    {
+        m_id = qxController::addListener([this](const char *, qxMessage *, int) {
+            if (m_left-- == 0)
+                m_action();
+        });
+    }
+    OnCall(const OnCall &) = delete;
+    ~OnCall() { qxController::removeListener(m_id); }
+
+private:
+    std::size_t m_left;
+    std::function<void()> m_action;
+    int m_id = 0;
+};
+
+void clearEverything()
+{
+    qxMessage message;
+    qxVariants::clearAll(message);
+}
+
+/// Listeners and scripts that change the registry while it works.
+class ReentryTest : public HostFixture {
+protected:
+    ~ReentryTest() override { host.clearScene(); }
+
+    /// A set of a group that refers to each kind, twice each where names may differ.
+    qxVariantSet *fill()
+    {
+        for (const char *name : {"Wheels", "Rims"})
+            qxVariants::createNodeVariant(scene.addSwitch(name, {"Steel", "Alloy"}).node(), false);
+        qxVariants::createMaterialVariant(
+            scene.addSwitchMaterial("Paint", {"Red", "Blue"}).material(), false);
+        qxVariants::createTransformVariant(scene.addPoses("Door", {"Shut", "Open"}).node(), false);
+        qxVariants::createLightVariant(scene.addLight("Lamp").node(), false);
+        qxVariants::createOverlayVariant(scene.addOverlay("Logo").node(), false);
+        qxVariantSet *const set = qxVariants::createVariantSet(
+            "Sport", false, qxVariants::createVariantGroup("Group", false, true));
+        set->addNodeVariant("Wheels", "Alloy");
+        set->addNodeVariant("Rims", "!Next");
+        set->addMaterialVariant("Paint", "Blue");
+        set->addTransformVariant("Door", "Open");
+        set->addLightVariant("Lamp", "!Toggle");
+        set->addOverlayVariant("Logo", "!Disable");
+        set->addAnimation("Spin");
+        set->addAnimation("Blink");
+        notifications.clear();
+        return set;
+    }
+    void act(int kind)
+    {
+        qxVariantSet *const set = fill();
+        if (kind == 0)
+            set->select(true, false);
+        else if (kind == 1)
+            set->selectDefault();
+        else
+            qxVariants::showConnectedVariants("Sport");
+    }
+};
+
+} // namespace
+
+TEST_F(ReentryTest, AScriptMayRemoveTheSetThatRunsIt)
+{
+    qxVariantSet *const set = fill();
+    set->script = "remove me";
+    bool left = false;
+    const int listener = qxScriptRunner::addListener([&](const qxScriptText &) {
+        qxVariants::removeVariantSet("Sport");
+        left = qxVariants::findVariantGroup("Group")->sets.empty();
+    });
+    set->select(true, false);
+    qxScriptRunner::removeListener(listener);
+
+    EXPECT_TRUE(left);
+    EXPECT_EQ(qxVariants::findVariantSet("Sport"), nullptr);
+    EXPECT_EQ(heard("variantSetRemoved").size(), 1u);
+    EXPECT_EQ(heard("animationStart").size(), 2u);
+    EXPECT_EQ(heard("variantsSetSelected").size(), 2u);
+    EXPECT_EQ(heard("variantsSetSelected")[1].field("variantSetName"), "Sport");
+    EXPECT_EQ(notifications.names().back(), "variantSetSelected");
+}
+
+TEST_F(ReentryTest, AListenerMayForgetEverythingAtAnyCall)
+{
+    for (int kind : {0, 1, 2}) {
+        host.clearScene();
+        notifications.clear();
+        act(kind);
+        const std::size_t calls = notifications.entries().size();
+        const std::string last = notifications.names().back();
+        for (std::size_t at = 0; at < calls; ++at) {
+            host.clearScene();
+            const OnCall clearing(at, clearEverything);
+            act(kind);
+            EXPECT_TRUE(qxVariants::_variantSets.empty()) << at;
+            if (at + 1 < calls) {
+                EXPECT_EQ(notifications.names().back(), last) << at;
+            }
+        }
+    }
+}
+
+TEST_F(ReentryTest, ASelectionGoesOnWithTheStatesThatItBeganWith)
+{
+    qxVariantSet *const set = fill();
+    const OnCall emptying(1, [set] { set->clear(); });
+    set->select(true, false);
+    EXPECT_EQ(heard("nodeVariantSelected").size(), 2u);
+    EXPECT_TRUE(heard("materialVariantSelected").empty());
+}
+
+TEST_F(ReentryTest, CreatingAnswersNullForWhatAListenerRemovedAtOnce)
+{
+    const osg::NodePtr node = scene.addSwitch("Wheels", {"Steel"}).node();
+    {
+        const OnCall removing(0, [] { qxVariants::removeVariantSet("Sport"); });
+        EXPECT_EQ(qxVariants::createVariantSet("Sport", true, nullptr), nullptr);
+    }
+    {
+        const OnCall removing(0, [] { qxVariants::removeVariantGroup("Group"); });
+        EXPECT_EQ(qxVariants::createVariantGroup("Group", true, true), nullptr);
+    }
+    {
+        const OnCall removing(0, [] { qxVariants::removeNodeVariant("Wheels"); });
+        EXPECT_EQ(qxVariants::createNodeVariant(node, true), nullptr);
+    }
+    const OnCall renaming(0, [] { qxVariants::findVariantSet("Sport")->name = "Racing"; });
+    qxVariantSet *const created = qxVariants::createVariantSet("Sport", true, nullptr);
+    ASSERT_NE(created, nullptr);
+    EXPECT_EQ(qxVariants::findVariantSet("Racing"), created);
+}
+
+TEST_F(ReentryTest, AListenerMayForgetEverythingWhileADocumentIsRead)
+{
+    const char *const older =
+        "<Variants><VariantGroup name='Group'>"
+        "<VariantSet name='A'><OverlayRef ref='One' state=''/>"
+        "<OverlayRef ref='Two' state=''/></VariantSet>"
+        "<VariantSet name='B'><OverlayRef ref='Three' state=''/></VariantSet>"
+        "</VariantGroup><MaterialVariant name='M' base='P Switch'/></Variants>";
+    scene.addOverlay("Logo");
+    qxVariantReader reader;
+    reader.read(older);
+    notifications.clear();
+    reader.read(older);
+    const std::size_t calls = notifications.entries().size();
+    for (std::size_t at = 0; at < calls; ++at) {
+        clearEverything();
+        reader.read(older);
+        notifications.clear();
+        const OnCall clearing(at, clearEverything);
+        reader.read(older);
+        EXPECT_EQ(notifications.names().back(), "variantGroupChanged") << at;
+    }
+}
