@@ -176,6 +176,25 @@ TEST_F(CommandsTest, CreateMakesVariantsForTheSwitchesThatHaveNone)
     EXPECT_EQ(done({"create", saved}).out, "no new variants\n");
 }
 
+TEST_F(CommandsTest, CreateMakesVariantsOfTheKindsAskedFor)
+{
+    const QString scene = write("kinds.gltf", R"({
+        "asset": {"version": "2.0"}, "scene": 0, "scenes": [{"nodes": [0, 3]}],
+        "nodes": [{"name": "Desk", "children": [1, 2], "extras": {"qxSwitch": 0}},
+                  {"name": "Oak"}, {"name": "Glass"},
+                  {"name": "Door", "extras": {"qxPoseNames": "Shut;Open", "qxPose": 0,
+                   "qxPoses": [0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 0, 0, 2, 0, 0, 0, 1, 1, 1, 1]}}]})");
+    EXPECT_EQ(done({"create", scene, "--kinds", "transforms"}).out,
+              "transform  Door  !Next, !Next (Loop), !Previous, !Previous (Loop), Shut, Open\n");
+    const ProgramRun run = done({"create", scene, "--trace", "--save", path("all.gltf"), "--kinds",
+                                 "materials,transforms,overlays,nodes,lights"});
+    EXPECT_TRUE(run.out.startsWith("node       Desk  "));
+    EXPECT_EQ(run.out.count('\n'), 2);
+    EXPECT_TRUE(run.err.contains("\nlightVariantChanged (1)\ntransformVariantChanged (0)\n"));
+    EXPECT_EQ(states(path("all.gltf")), (QStringList{"node Desk: Oak", "transform Door: Shut"}));
+    EXPECT_EQ(done({"create", scene, "--kinds", "materials"}).out, "no new variants\n");
+}
+
 TEST_F(CommandsTest, ASceneWithoutVariantsIsSavedWithoutADocument)
 {
     const QString plain = QStringLiteral(QX_TEST_DATA "/Scenes/desk.gltf");

@@ -44,6 +44,8 @@ TEST_F(WrongUseTest, AWrongCallIsExplainedAndEndsWithTwo)
     refused(2, {"document", scene, "--save", path("b.gltf")}, "--in and --save go together");
     refused(2, {"document", scene, "--in", "a", "--out", "b", "--save", "c"}, "--in and --out");
     refused(2, {"select", scene, "Morning", "--save"}, "--save");
+    refused(2, {"create", scene, "--kinds", "nodes,lamps"},
+            "unknown kind \"lamps\"; there are nodes, lights, overlays, transforms, materials\n");
 }
 
 TEST_F(WrongUseTest, AnEmptyNameOfATargetIsNotTakenForNone)

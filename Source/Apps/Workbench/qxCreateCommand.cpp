@@ -1,38 +1,109 @@
-#include "qxNodeVariant.h"
-#include "qxNodeVariantCreator.h"
+#include "qxVariantCreator.h"
+#include "qxVariantTable.h"
 #include "qxVariants.h"
 
 #include "qxCommand.h"
+#include "qxCreators.h"
 #include "qxOutput.h"
+#include "qxOverlays.h"
 #include "qxScenegraph.h"
 #include "qxSession.h"
+
+#include <OpenSG/OSGGraphOpFactory.h>
+#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <QCommandLineParser>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QSet>
 
 namespace {
 
-QList<QCommandLineOption> options()
+/// Runs the operation of that name over the tree below `root`.
+void runOperation(const char *name, const osg::NodePtr &root)
 {
-    return {qxCommands::saveOption(), qxCommands::jsonOption(), qxCommands::traceOption()};
+    const std::unique_ptr<osg::GraphOp> operation(osg::GraphOpFactory::the().create(name));
+    // The walk of the base class would announce nothing.
+    dynamic_cast<qxVariantCreator &>(*operation).traverse(root);
 }
 
-void print(size_t first, bool json)
+void createNodes()
+{
+    runOperation("qxNodeVariantCreator", qxScenegraph::getRoot());
+}
+
+void createLights()
+{
+    runOperation("qxLightVariantCreator", qxScenegraph::getRoot());
+}
+
+void createOverlays()
+{
+    runOperation("qxOverlayVariantCreator", qxOverlays::getPoolRoot());
+}
+
+void createTransforms()
+{
+    runOperation("qxTransformVariantCreator", qxScenegraph::getRoot());
+}
+
+/// Plain materials are left alone: a variant would put a switch material in their place.
+void createMaterials()
+{
+    std::vector<osg::MaterialPtr> materials;
+    qxScenegraph::getMaterialPool()->get(materials);
+    for (const osg::MaterialPtr &material : materials) {
+        if (osg::SwitchMaterialPtr::dcast(material) != osg::NullFC)
+            qxVariants::createMaterialVariant(material, false);
+    }
+}
+
+struct Kind {
+    const char *word;
+    void (*create)();
+};
+
+const Kind kinds[] = {{"nodes", createNodes},
+                      {"lights", createLights},
+                      {"overlays", createOverlays},
+                      {"transforms", createTransforms},
+                      {"materials", createMaterials}};
+
+QStringList allWords()
+{
+    QStringList words;
+    for (const Kind &kind : kinds)
+        words += QLatin1String(kind.word);
+    return words;
+}
+
+QList<QCommandLineOption> options()
+{
+    return {{QStringLiteral("kinds"),
+             QStringLiteral("What to create variants for, with commas between: %1. Only nodes when "
+                            "not given. Overlays are the switches among the overlays, materials "
+                            "the switch materials.")
+                 .arg(allWords().join(QLatin1String(", "))),
+             QStringLiteral("KINDS"), QStringLiteral("nodes")},
+            qxCommands::saveOption(),
+            qxCommands::jsonOption(),
+            qxCommands::traceOption()};
+}
+
+void print(const QList<qxVariantRow> &created, bool json)
 {
     QJsonArray array;
     QList<QStringList> rows;
-    for (size_t i = first; i < qxVariants::_nodeVariants.size(); ++i) {
-        const qxNodeVariant *variant = qxVariants::_nodeVariants[i];
+    for (const qxVariantRow &row : created) {
         QStringList states;
-        for (const qxVariantOption &option : variant->options)
+        for (const qxVariantOption &option : row.variant->options)
             states += option.name;
-        array += QJsonObject{{QStringLiteral("kind"), QStringLiteral("node")},
-                             {QStringLiteral("name"), variant->name},
-                             {QStringLiteral("default"), variant->defaultState},
+        array += QJsonObject{{QStringLiteral("kind"), QLatin1String(row.kind)},
+                             {QStringLiteral("name"), row.variant->name},
+                             {QStringLiteral("default"), row.variant->defaultState},
                              {QStringLiteral("states"), QJsonArray::fromStringList(states)}};
-        rows +=
-            QStringList{QStringLiteral("node"), variant->name, states.join(QLatin1String(", "))};
+        rows += QStringList{QLatin1String(row.kind), row.variant->name,
+                            states.join(QLatin1String(", "))};
     }
     if (json)
         return qxOutput::json(array);
@@ -41,18 +112,43 @@ void print(size_t first, bool json)
     qxOutput::table(rows);
 }
 
+/// Creates the variants that are asked for and answers those that were not there before.
+QList<qxVariantRow> create(const QStringList &words)
+{
+    QSet<const qxVariant *> known;
+    for (const qxVariantRow &row : qxVariantTable::all())
+        known += row.variant;
+    const qxCreators creators;
+    for (const Kind &kind : kinds) {
+        if (words.contains(QLatin1String(kind.word)))
+            kind.create();
+    }
+    QList<qxVariantRow> created;
+    for (const qxVariantRow &row : qxVariantTable::all()) {
+        if (!known.contains(row.variant))
+            created += row;
+    }
+    return created;
+}
+
 int run(const QCommandLineParser &parser)
 {
+    const QStringList words = parser.value(QStringLiteral("kinds")).split(QLatin1Char(','));
+    for (const QString &word : words) {
+        if (allWords().contains(word))
+            continue;
+        qxOutput::error(QStringLiteral("unknown kind \"%1\"; there are %2")
+                            .arg(word, allWords().join(QLatin1String(", "))));
+        return WrongUse;
+    }
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;
-    const size_t first = qxVariants::_nodeVariants.size();
-    qxNodeVariantCreator().traverse(qxScenegraph::getRoot());
-    print(first, parser.isSet(QStringLiteral("json")));
+    print(create(words), parser.isSet(QStringLiteral("json")));
     return session.saveIfAsked(parser.value(QStringLiteral("save"))) ? Success : WorkFailed;
 }
 
 } // namespace
 
 const qxCommand qxCommands::create = {
-    "create", "FILE", "Creates node variants for the switch nodes of a scene.", 1, 1, options, run};
+    "create", "FILE", "Creates variants for what can vary in a scene.", 1, 1, options, run};
