@@ -99,7 +99,8 @@ TEST_F(MaterialVariantTest, ASwitchMaterialGivesItsMaterialsAsOptions)
     EXPECT_EQ(qxMaterialVariant(finish.material()).defaultState, "");
     EXPECT_EQ(qxMaterialVariant(finish.material()).onCurrent(), "");
 
-    const qxMaterialVariant nameless(osg::MaterialPtr(osg::SimpleMaterial::create()));
+    const osg::MaterialRefPtr plain(osg::SimpleMaterial::create());
+    const qxMaterialVariant nameless(plain.get());
     EXPECT_TRUE(nameless.name.isEmpty() && nameless.options.empty());
 }
 

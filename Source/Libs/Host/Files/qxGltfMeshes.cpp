@@ -94,15 +94,16 @@ void setColours(const osg::GeometryPtr &geometry, const qxGltfModel &model,
 void setIndices(const osg::GeometryPtr &geometry, const std::vector<std::uint32_t> &values,
                 std::size_t vertices)
 {
-    const osg::GeoIndicesUI32Ptr indices = osg::GeoIndicesUI32::create();
-    const osg::CPEditor edit(indices);
-    indices->getField().reserve(values.size());
     for (const std::uint32_t index : values) {
         if (index >= vertices)
             throw qxGltfError(
                 QString("index %1 is used, there are %2 vertices").arg(index).arg(vertices));
-        indices->getField().push_back(index);
     }
+    const osg::GeoIndicesUI32Ptr indices = osg::GeoIndicesUI32::create();
+    const osg::CPEditor edit(indices);
+    indices->getField().reserve(values.size());
+    for (const std::uint32_t index : values)
+        indices->getField().push_back(index);
     geometry->setIndices(indices);
 }
 
