@@ -67,6 +67,9 @@ TEST(Containers, AreCreatedByNameAndFoundByIdWhileTheyLive)
     EXPECT_EQ(FieldContainerFactory::the()->getContainer(id), NullFC);
     EXPECT_GT(held<Switch>().get().getFieldContainerId(), id);
     EXPECT_EQ(FieldContainerFactory::the()->createFieldContainer("Nothing"), NullFC);
+    EXPECT_EQ(FieldContainerFactory::the()->getContainer(4000000000u), NullFC);
+    const RefPtr<AttachmentPtr> name(FieldContainerFactory::the()->createAttachment("Name"));
+    EXPECT_NE(NamePtr::dcast(name.get()), NullFC);
 }
 
 TEST(Types, AreAbstractWhereNoInstanceMakesSense)
@@ -97,66 +100,21 @@ TEST(Containers, KnowTheirTypeAndTheFieldsItLists)
     EXPECT_EQ(core->getField("matrix"), nullptr);
 }
 
-TEST(Containers, AreCopiesOfTheirPrototypeUnlessCreatedEmpty)
-{
-    const SwitchPtr prototype = SwitchPtr::dcast(Switch::getClassType().getPrototype());
-    prototype->setChoice(5);
-    const auto copy = held<Switch>();
-    const SwitchRefPtr empty(Switch::createEmpty());
-    prototype->setChoice(Switch::NONE);
-    EXPECT_EQ(copy->getChoice(), 5);
-    EXPECT_EQ(empty->getChoice(), Switch::NONE);
-}
-
-TEST(Containers, AreCreatedByTheNameOfTheirKindOnly)
-{
-    const FieldContainerFactory *factory = FieldContainerFactory::the();
-    EXPECT_NE(NodeRefPtr(factory->createNode("Node")).get(), NullFC);
-    const RefPtr<AttachmentPtr> name(factory->createAttachment("Name"));
-    EXPECT_NE(NamePtr::dcast(name.get()), NullFC);
-    EXPECT_EQ(factory->createNodeCore("Nothing"), NullFC);
-    EXPECT_EQ(factory->getContainer(4000000000u), NullFC);
-}
-
 TEST(FieldMasks, HaveTheBitsOfTheOrderOfFields)
 {
-    const std::pair<BitVector, BitVector> masks[] = {
-        {Node::AttachmentsFieldMask, 2},
-        {Node::VolumeFieldMask, 4},
-        {Node::TravMaskFieldMask, 8},
-        {Node::ParentFieldMask, 16},
-        {Node::ChildrenFieldMask, 32},
-        {Node::CoreFieldMask, 64},
-        {NodeCore::AttachmentsFieldMask, 2},
-        {NodeCore::ParentsFieldMask, 4},
-        {Switch::ChoiceFieldMask, 8},
-        {Transform::MatrixFieldMask, 8},
-        {MaterialGroup::MaterialFieldMask, 8},
-        {MaterialPool::MaterialsFieldMask, 8},
-        {MaterialDrawable::MaterialFieldMask, 8},
-        {Material::SortKeyFieldMask, 4},
-        {Material::TransparencyModeFieldMask, 8},
-        {SwitchMaterialBase::MaterialsFieldMask, 16},
-        {SwitchMaterial::ChoiceFieldMask, 32},
-        {FieldBits::AllFields, ~BitVector(0)},
-        {FieldBits::NoField, 0},
-    };
-    for (const auto &[mask, bits] : masks)
-        EXPECT_EQ(mask, bits) << "row " << &mask - &masks[0].first;
-}
-
-TEST(MultiFields, InsertFindAndEraseInPlace)
-{
-    MFUInt32 field;
-    for (UInt32 value : {3, 5, 7})
-        field.push_back(value);
-    field.insert(field.begin(), 1);
-    field.erase(field.find(5));
-    EXPECT_EQ(field.getValues(), (std::vector<UInt32>{1, 3, 7}));
-    EXPECT_EQ(field.find(5), field.end());
-    EXPECT_EQ(field.front() + *field.rbegin(), 8u);
-    field.resize(5);
-    EXPECT_EQ(field.getSize(), 5u);
-    field.clear();
-    EXPECT_TRUE(field.empty());
+    using Masks = std::vector<BitVector>;
+    EXPECT_EQ((Masks{Node::AttachmentsFieldMask, Node::VolumeFieldMask, Node::TravMaskFieldMask,
+                     Node::ParentFieldMask, Node::ChildrenFieldMask, Node::CoreFieldMask}),
+              (Masks{2, 4, 8, 16, 32, 64}));
+    EXPECT_EQ((Masks{NodeCore::AttachmentsFieldMask, NodeCore::ParentsFieldMask,
+                     Material::AttachmentsFieldMask, Material::SortKeyFieldMask}),
+              (Masks{2, 4, 2, 4}));
+    for (BitVector first :
+         {Switch::ChoiceFieldMask, Transform::MatrixFieldMask, MaterialGroup::MaterialFieldMask,
+          MaterialPool::MaterialsFieldMask, MaterialDrawable::MaterialFieldMask,
+          Material::TransparencyModeFieldMask})
+        EXPECT_EQ(first, 8u);
+    EXPECT_EQ(SwitchMaterialBase::MaterialsFieldMask, 16u);
+    EXPECT_EQ(SwitchMaterial::ChoiceFieldMask, 32u);
+    EXPECT_EQ(FieldBits::AllFields, ~FieldBits::NoField);
 }

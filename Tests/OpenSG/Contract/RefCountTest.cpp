@@ -144,16 +144,9 @@ TEST(RefPtrs, HoldCountAndReleaseWhatTheyAreGiven)
     other = Node::create();
     EXPECT_EQ(first.get().getRefCount(), 2);
     const UInt32 id = other.get().getFieldContainerId();
-    const NodeRefPtr &itself = holder;
-    holder = itself;
     other = first;
     EXPECT_FALSE(isAlive(id));
     holder = NullFC;
     EXPECT_EQ(first.get().getRefCount(), 2);
     EXPECT_TRUE(holder == NullFC && other == first && holder != other);
-
-    const SwitchNodePtr pair = SwitchNodePtr::create();
-    pair->setChoice(3);
-    EXPECT_EQ(pair.node()->getCore(), pair.core());
-    EXPECT_EQ(pair.core()->getChoice(), 3);
 }
