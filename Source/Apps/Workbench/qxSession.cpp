@@ -1,11 +1,17 @@
 #include "qxSession.h"
 
+#include "qxMaterialVariant.h"
+#include "qxVariantGroup.h"
 #include "qxVariantReader.h"
+#include "qxVariantSet.h"
 #include "qxVariantWriter.h"
 #include "qxVariants.h"
 
 #include "qxLog.h"
+#include "qxMaterials.h"
 #include "qxOutput.h"
+
+#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <QTextCodec>
 
@@ -43,6 +49,19 @@ QString flawOf(const QByteArray &xml)
     return QString();
 }
 
+/// The variant of that switch material. Its default is the material that the file was made with,
+/// which need not be the one that it shows now.
+qxMaterialVariant *materialVariant(const QString &name)
+{
+    if (qxMaterialVariant *known = qxVariants::findMaterialVariant(name))
+        return known;
+    const osg::MaterialPtr material = qxMaterials::findMaterial(name.toUtf8().constData());
+    qxMaterialVariant *const variant = qxVariants::createMaterialVariant(material, true);
+    const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
+    variant->defaultState = QString::fromStdString(qxMaterials::getName(choices->getMaterial(0)));
+    return variant;
+}
+
 void logWarnings(const qxSceneFile &file)
 {
     for (const QString &warning : file.warnings())
@@ -61,7 +80,25 @@ bool qxSession::open(const QString &path)
 {
     if (!openScene(path))
         return false;
-    return m_file.variantsDocument().isEmpty() || readDocument(m_file.variantsDocument());
+    if (!m_file.variantsDocument().isEmpty())
+        return readDocument(m_file.variantsDocument());
+    importVariants();
+    return true;
+}
+
+void qxSession::importVariants()
+{
+    if (m_file.materialVariants().empty())
+        return;
+    qxVariantGroup *const group = qxVariants::createVariantGroup(
+        qxVariants::getUniqueVariantGroupName(QStringLiteral("Material Variants")), true, true);
+    for (const qxSceneVariant &variant : m_file.materialVariants()) {
+        qxVariantSet *const set = qxVariants::createVariantSet(
+            qxVariants::getUniqueVariantSetName(variant.name), true, group);
+        for (const QPair<QString, QString> &choice : variant.materials)
+            set->add(materialVariant(choice.first), choice.second);
+    }
+    m_imported = qxVariantWriter().write();
 }
 
 bool qxSession::openScene(const QString &path)
@@ -100,8 +137,11 @@ bool qxSession::isEmpty() const
 
 bool qxSession::save(const QString &path)
 {
-    if (!isEmpty() || !m_file.variantsDocument().isEmpty())
-        m_file.setVariantsDocument(qxVariantWriter().write());
+    if (!isEmpty() || !m_file.variantsDocument().isEmpty()) {
+        const QByteArray document = qxVariantWriter().write();
+        if (document != m_imported)
+            m_file.setVariantsDocument(document);
+    }
     if (m_file.save(path)) {
         logWarnings(m_file);
         return true;

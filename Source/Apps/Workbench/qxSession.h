@@ -16,8 +16,9 @@ public:
     /// With `trace` every notification is printed to standard error.
     explicit qxSession(bool trace = false);
 
-    /// Loads the scene and its variants. A scene whose variants cannot be read is not opened,
-    /// because saving it would lose them.
+    /// Loads the scene and its variants: those of its document, or else those that the file states
+    /// for its materials, each as a set of the group "Material Variants". A scene whose variants
+    /// cannot be read is not opened, because saving it would lose them.
     bool open(const QString &path);
     /// Loads the scene alone; its document stays as it is until readDocument.
     bool openScene(const QString &path);
@@ -27,7 +28,8 @@ public:
     /// Whether there are no variants, sets and groups.
     bool isEmpty() const;
 
-    /// Saves scene and variants; a file without variants stays without a document.
+    /// Saves scene and variants; a file without variants, or with none but its own material
+    /// variants, stays without a document.
     bool save(const QString &path);
     /// Saves when the option --save was given; true when there was nothing to do.
     bool saveIfAsked(const QString &path) { return path.isEmpty() || save(path); }
@@ -35,7 +37,10 @@ public:
     const qxSceneFile &file() const { return m_file; }
 
 private:
+    void importVariants();
+
     qxHost m_host;
     std::unique_ptr<qxTrace> m_trace;
     qxSceneFile m_file;
+    QByteArray m_imported; ///< the document of the variants as the file's own became them
 };

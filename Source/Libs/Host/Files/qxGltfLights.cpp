@@ -55,11 +55,13 @@ qxJson jsonOf(const qxGltfLight &light, const qxJson &base)
     json["type"] = _kinds[light.kind];
     json["color"] = qxGltfNumberList(light.colour.data(), light.colour.size());
     json["intensity"] = qxGltfNumber(light.intensity);
-    json.erase("range");
     if (light.range > 0)
         json["range"] = qxGltfNumber(light.range);
-    json.erase("spot");
-    if (light.kind == osg::UberLight::Spot) {
+    else
+        json.erase("range");
+    if (light.kind != osg::UberLight::Spot) {
+        json.erase("spot");
+    } else {
         json["spot"] = {{"innerConeAngle", qxGltfNumber(light.innerAngle)},
                         {"outerConeAngle", qxGltfNumber(light.outerAngle)}};
     }
