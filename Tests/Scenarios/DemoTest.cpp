@@ -44,18 +44,24 @@ protected:
     static bool isForASelection(const QString &pointer, const QJsonValue &scene)
     {
         static const QRegularExpression choice(
-            "^/nodes/\\d+/(extras/(qxSwitch|qxTransformChoice|qxHiddenParts)|extensions.*)$");
-        if (pointer == "/scenes/0/extras/qxVariants" || choice.match(pointer).hasMatch())
+            "^(/extras|/scenes/0/extras/qxVariants|/meshes/\\d+/primitives/\\d+/(material|extras)"
+            "|/nodes/\\d+/(extras/"
+            "(qxSwitch|qxTransformChoice|qxPose|qxHiddenParts)|extensions.*))$");
+        if (choice.match(pointer).hasMatch())
             return true;
         const QStringList steps = pointer.split('/');
-        const QJsonValue extras = scene["nodes"][steps.value(2).toInt()]["extras"];
         if (steps.value(1) != "nodes" || steps.size() < 4)
             return false;
-        if (steps[3] == "extras")
-            return steps.size() == 4 && extras.toObject().keys() == QStringList("qxHiddenParts");
-        // Programs that know no transform switches see its chosen place as that of the node.
+        const QJsonObject extras = scene["nodes"][steps[2].toInt()]["extras"].toObject();
+        if (steps[3] == "extras") {
+            const QStringList keys = extras.keys();
+            return steps.size() == 4
+                && (keys.isEmpty() || keys == QStringList("qxHiddenParts")
+                    || keys == QStringList("qxLightOn"));
+        }
+        // Other programs see the chosen place of transform switches and poses as that of the node.
         return QStringList({"translation", "rotation", "scale"}).contains(steps[3])
-            && !extras["qxTransformStates"].isUndefined();
+            && (extras.contains("qxTransformStates") || extras.contains("qxPoses"));
     }
 
     const QString demo = QStringLiteral(QX_DEMO_SCENE);
@@ -85,7 +91,14 @@ TEST_F(DemoTest, EverySetInTurnShowsTheStatesItNamesAndNothingIsLost)
 
     const QString atOnce = path("at once.gltf");
     done(QStringList{"select", demo} + sets + QStringList{"--save", atOnce});
-    EXPECT_EQ(differences(sceneJson(atOnce), sceneJson(inTurn)), QStringList());
+    EXPECT_EQ(currentStates(atOnce), currentStates(inTurn));
+    // A saved exchange of materials leaves the list of switch materials behind, also when the last
+    // set takes it back.
+    QStringList unlike = differences(sceneJson(atOnce), sceneJson(inTurn));
+    for (const QString &pointer :
+         unlike.filter(QRegularExpression("^(/extras|/meshes/.*/extras)$")))
+        unlike.removeAll(pointer);
+    EXPECT_EQ(unlike, QStringList());
     EXPECT_EQ(setNames(inTurn), sets);
     EXPECT_EQ(statesOfSets(documentOf(inTurn)), wanted);
 }
@@ -102,6 +115,8 @@ TEST_F(DemoTest, SavingChangesOnlyWhatASelectionChanges)
     EXPECT_FALSE(changed.filter("/qxSwitch").isEmpty());
     EXPECT_FALSE(changed.filter("/qxTransformChoice").isEmpty());
     EXPECT_FALSE(changed.filter("/extensions").isEmpty());
+    EXPECT_FALSE(changed.filter(QRegularExpression("/primitives/.*/material$")).isEmpty());
+    EXPECT_FALSE(changed.filter("/qxPose").isEmpty());
 }
 
 TEST_F(DemoTest, SelectingWhatStandsAlreadyChangesNothing)

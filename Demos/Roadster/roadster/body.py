@@ -2,7 +2,7 @@
 
 import math
 
-from .mesh import Mesh, both_sides, coons, grid, lathe, ribbon, shell, tube
+from .mesh import Mesh, block, both_sides, coons, grid, lathe, outline, ribbon, shell, tube
 from .surface import (ARCH_RADIUS, COWL, DECK, DOOR_FRONT, DOOR_REAR, FRONT_AXLE, REAR_AXLE, WHEEL_RADIUS,
                       arch_columns, arch_height, edge_line, mirrored_line, panel, patch, patch_edge, place, q_at,
                       rows_between)
@@ -175,8 +175,52 @@ def inner_shell():
     result.join(ribbon(left, mirrored_line(left)).facing((0.0, -1.0, 0.0)))
     lid = [[(x * s, y - 0.03, z) for s in steps(1.0, -1.0, 4)] for x, y, z in edge_line(steps(q_at(COWL), 2.98, 20))]
     result.join(grid(lid).facing((0.0, 1.0, 0.0)))
-    lid = [[(x * s, y - 0.03, z) for s in steps(1.0, -1.0, 4)] for x, y, z in edge_line(steps(0.02, q_at(DECK), 20))]
-    return result.join(grid(lid).facing((0.0, 1.0, 0.0)))
+    return result.join(_boot_rim())
+
+
+def _boot_rim():
+    """Round the opening of the boot."""
+    result, line = Mesh(), edge_line(steps(0.02, q_at(DECK), 20))
+    for (x0, y0, z0), (x1, y1, z1) in zip(line, line[1:]):
+        half = min(_well_half(z0), _well_half(z1))
+        left0, left1 = min(x0, half), min(x1, half)
+        for side in (1.0, -1.0):
+            strip = [[(side * x0, y0 - 0.03, z0), (side * left0, y0 - 0.03, z0)],
+                     [(side * x1, y1 - 0.03, z1), (side * left1, y1 - 0.03, z1)]]
+            if x0 - left0 > 1e-4 or x1 - left1 > 1e-4:
+                result.join(grid(strip).facing((0.0, 1.0, 0.0)))
+    return result
+
+
+WELL_REAR, WELL_FRONT, WELL_SIDE, WELL_FLOOR = -1.74, DECK - 0.03, 0.46, 0.50
+
+
+def _well_half(z):
+    return WELL_SIDE if WELL_REAR <= z <= WELL_FRONT else 0.0
+
+
+def boot_well():
+    """The carpeted tub below the boot lid."""
+    loop = [(x, z) for x, z in outline(2.0 * WELL_SIDE, WELL_FRONT - WELL_REAR, 0.08, 6,
+                                       (0.0, (WELL_FRONT + WELL_REAR) / 2.0))]
+    loop.append(loop[0])
+    middle = (0.0, (WELL_FRONT + WELL_REAR) / 2.0)
+    rows = [[(mix(middle[0], x, t), y, mix(middle[1], z, t)) for x, z in loop]
+            for t, y in ((0.0, WELL_FLOOR), (0.97, WELL_FLOOR), (1.0, WELL_FLOOR + 0.03), (1.0, 0.765))]
+    return grid(rows).facing((0.0, 1.0, 0.0))
+
+
+def travel_case():
+    """A case that fits the boot: (case, straps, locks)."""
+    at = (0.0, WELL_FLOOR + 0.088, -1.36)
+    case = block((0.66, 0.17, 0.40), 0.045, 0.02, at)
+    straps, locks = Mesh(), Mesh()
+    for x in (-0.19, 0.19):
+        straps.join(block((0.045, 0.182, 0.412), 0.03, 0.01, (x, at[1], at[2])))
+        locks.join(block((0.05, 0.012, 0.03), 0.004, 0.003, (x, at[1] + 0.092, at[2] - 0.10)))
+    handle = [(x, at[1] + y, at[2] - 0.205 - z) for x, y, z in (
+        (-0.07, 0.0, 0.0), (-0.065, 0.0, 0.028), (0.065, 0.0, 0.028), (0.07, 0.0, 0.0))]
+    return case, straps.join(tube(handle, 0.009, 10)), locks
 
 
 def badge():

@@ -2,6 +2,7 @@
 
 import struct
 
+from .materials import switches
 from .sets import GROUPS, HOTKEYS, PLAIN_VARIANTS, UNGROUPED
 
 STEPS = ("!Next", "!Next (Loop)", "!Previous", "!Previous (Loop)")
@@ -14,13 +15,20 @@ _CLIPPING = (
     ("clipGridColorB", 0.89), ("clipContourShow", 1), ("clipContourColorR", 1.0), ("clipContourColorG", 0.7),
     ("clipContourColorB", 0.0), ("clipContourWidth", 1))
 
+# What a set refers to, in the order of the document: element, key of the set's description.
+_REFERENCES = (
+    ("NodeVariantRef", "nodes"), ("TransformRef", "transforms"), ("MaterialVariantRef", "materials"),
+    ("LightVariantRef", "lights"), ("ViewpointRef", "viewpoints"), ("OverlayRef", "overlays"),
+    ("AnimationRef", "animations"), ("GeometryRef", "geometries"))
+
 
 def text(roots):
     """The whole document for the node tree."""
-    nodes = {}
+    nodes, overlays = {}, {}
     for root in roots:
+        kept = overlays if root.properties.get("extras", {}).get("qxOverlay") else nodes
         for node in root.walk():
-            nodes.setdefault(node.name, node)
+            kept.setdefault(node.name, node)
     lines = ['<?xml version="1.0" encoding="utf-8"?>', "<!DOCTYPE variants>", "<Variants>"]
     for name, comment, sets in GROUPS:
         lines.append(' <VariantGroup name="%s" comment="%s" visible="true">' % (_attribute(name), _attribute(comment)))
@@ -29,10 +37,11 @@ def text(roots):
         lines.append(" </VariantGroup>")
     for entry in UNGROUPED:
         lines += _set(entry, 1)
-    for node in nodes.values():
-        extras = node.properties.get("extras", {})
-        if "qxSwitch" in extras or "qxTransformStates" in extras or node.name in PLAIN_VARIANTS:
-            lines += _node_variant(node, extras)
+    for kind, variants in (("Node", _node_variants(nodes)), ("Material", _material_variants()),
+                           ("Light", _light_variants(nodes)), ("Overlay", _overlay_variants(overlays)),
+                           ("Transform", _transform_variants(nodes))):
+        for name, default, options in variants:
+            lines += _variant(kind + "Variant", name, default, options)
     return "\n".join(lines + ["</Variants>"]) + "\n"
 
 
@@ -50,15 +59,16 @@ def _set(entry, depth):
     child("Hotkey", content=entry.get("hotkey", ""))
     child("SequentialAnimation", content="true" if entry.get("sequential") else "false")
     child("Script", content=entry.get("script", ""))
-    for variant, state in entry.get("nodes", {}).items():
-        child("NodeVariantRef", ("ref", variant), ("state", state))
-    for tag, key in (("ViewpointRef", "viewpoints"), ("AnimationRef", "animations"), ("GeometryRef", "geometries")):
-        for name in entry.get(key, ()):
-            child(tag, ("ref", name))
+    for tag, key in _REFERENCES:
+        for reference in entry.get(key, ()):
+            if isinstance(entry[key], dict):
+                child(tag, ("ref", reference), ("state", entry[key][reference]))
+            else:
+                child(tag, ("ref", reference))
     for name in entry.get("targets", ()):
         child("TargetName", ("name", name))
-    child("InclInfo", ("inclNodes", int("nodes" in entry)), ("inclMats", 0), ("inclLights", 0), ("inclEnv", 0),
-          ("inclView", int("viewpoints" in entry)))
+    child("InclInfo", ("inclNodes", int("nodes" in entry)), ("inclMats", int("materials" in entry)),
+          ("inclLights", int("lights" in entry)), ("inclEnv", 0), ("inclView", int("viewpoints" in entry)))
     for key in sorted(entry.get("values", {}), key=lambda k: k.encode("utf-16-be")):
         child("Value", ("name", key), content=entry["values"][key])
     clipping = entry.get("clipping", {})
@@ -67,27 +77,60 @@ def _set(entry, depth):
     return lines
 
 
-def _node_variant(node, extras):
-    default, options = _options(node, extras)
-    name = _attribute(node.name)
-    lines = [' <NodeVariant name="%s" base="%s">' % (name, name), '  <Default ref="%s"/>' % _attribute(default)]
+def _variant(tag, name, default, options):
+    quoted = _attribute(name)
+    lines = [' <%s name="%s" base="%s">' % (tag, quoted, quoted), '  <Default ref="%s"/>' % _attribute(default)]
     for option in options:
-        hotkey = _content(HOTKEYS.get((node.name, option), ""))
+        hotkey = _content(HOTKEYS.get((name, option), ""))
         lines += ['  <State name="%s">' % _attribute(option), "   <Hotkey>%s</Hotkey>" % hotkey, "  </State>"]
-    return lines + [" </NodeVariant>"]
+    return lines + [" </%s>" % tag]
 
 
-def _options(node, extras):
-    """The default state and the options of a node's variant."""
-    if "qxTransformStates" in extras:
-        count = len(extras["qxTransformStates"]) // 10
-        return "!Next (Loop)", [*STEPS, *["Transform %d" % i for i in range(count)]]
-    if "qxSwitch" in extras:
-        names = [child.name for child in node.children]
-        chosen = extras["qxSwitch"]
-        default = names[chosen] if 0 <= chosen < len(names) else "!None"
-        return default, ["!All", "!None", *STEPS, *names]
-    return "!Enable" if node.properties.get("visible", True) else "!Disable", ["!Enable", "!Disable", "!Toggle"]
+# The variants of each kind: (name, default state, options). All follow from what the scene holds.
+
+def _node_variants(nodes):
+    for node in nodes.values():
+        extras = node.properties.get("extras", {})
+        if "qxTransformStates" in extras:
+            count = len(extras["qxTransformStates"]) // 10
+            yield node.name, "!Next (Loop)", [*STEPS, *["Transform %d" % i for i in range(count)]]
+        elif "qxSwitch" in extras or node.name in PLAIN_VARIANTS:
+            yield node.name, *_shown(node)
+
+
+def _material_variants():
+    for default, materials in switches().items():
+        yield default + " Switch", default, [*STEPS, *materials]
+
+
+def _light_variants(nodes):
+    for node in nodes.values():
+        if "light" in node.properties:
+            on = node.properties.get("extras", {}).get("qxLightOn", True)
+            yield node.name, "!Enable" if on else "!Disable", ["!Enable", "!Disable", "!Toggle"]
+
+
+def _overlay_variants(overlays):
+    for node in overlays.values():
+        extras = node.properties.get("extras", {})
+        if "qxOverlay" in extras or "qxSwitch" in extras:
+            yield node.name, *_shown(node)
+
+
+def _transform_variants(nodes):
+    for node in nodes.values():
+        if "qxPoses" in node.properties.get("extras", {}):
+            yield node.name, "!Next", [*STEPS, *node.properties["extras"]["qxPoseNames"]]
+
+
+def _shown(node):
+    """The default state and the options of a node that is a switch, or shown and hidden."""
+    extras = node.properties.get("extras", {})
+    if "qxSwitch" not in extras:
+        return "!Enable" if node.properties.get("visible", True) else "!Disable", ["!Enable", "!Disable", "!Toggle"]
+    names = [child.name for child in node.children]
+    chosen = extras["qxSwitch"]
+    return names[chosen] if 0 <= chosen < len(names) else "!None", ["!All", "!None", *STEPS, *names]
 
 
 def _number(value):

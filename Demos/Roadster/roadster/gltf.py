@@ -40,6 +40,7 @@ class Writer:
         self._accessors = {}
         self._meshes = {}
         self._materials = {}
+        self._mappings = {}
         self._textured = set()
 
     def append(self, key, entry):
@@ -62,7 +63,27 @@ class Writer:
     def material(self, name, entry):
         if "baseColorTexture" in entry.get("pbrMetallicRoughness", {}):
             self._textured.add(name)
+        for extension in entry.get("extensions", ()):
+            self.use(extension)
         self._materials[name] = self.append("materials", dict(entry, name=name))
+
+    def schemes(self, names, choices):
+        """Adds material variants: `choices` has, per default material, the material of each variant."""
+        self.document.setdefault("extensions", {})["KHR_materials_variants"] = {
+            "variants": [{"name": name} for name in names]}
+        self.use("KHR_materials_variants")
+        for default, wanted in choices.items():
+            self._mappings[default] = [
+                {"material": self._materials[material],
+                 "variants": [i for i, each in enumerate(wanted) if each == material]}
+                for material in dict.fromkeys(wanted)]
+
+    def light(self, name, entry):
+        """Adds a light; returns its index."""
+        self.use("KHR_lights_punctual")
+        extension = self.document.setdefault("extensions", {}).setdefault("KHR_lights_punctual", {"lights": []})
+        extension["lights"].append(dict(entry, name=name))
+        return len(extension["lights"]) - 1
 
     def scene(self, name, roots, extras=None):
         entry = {"name": name, "nodes": [self._node(root) for root in roots]}
@@ -96,6 +117,9 @@ class Writer:
             if key == "visible":
                 entry.setdefault("extensions", {})["KHR_node_visibility"] = {"visible": value}
                 self.use("KHR_node_visibility")
+            elif key == "light":
+                light = self.light(node.name, value)
+                entry.setdefault("extensions", {})["KHR_lights_punctual"] = {"light": light}
             elif key == "camera":
                 entry["camera"] = self.append("cameras", dict(value, name=node.name))
             else:
@@ -124,7 +148,10 @@ class Writer:
                 attributes["TEXCOORD_0"] = self._floats(mesh.uvs, "VEC2", target=34962)
             self._accessors[key] = (attributes, self._indices(mesh), mesh)
         attributes, indices, _ = self._accessors[key]
-        return {"attributes": attributes, "indices": indices, "material": self._materials[material]}
+        primitive = {"attributes": attributes, "indices": indices, "material": self._materials[material]}
+        if material in self._mappings:
+            primitive["extensions"] = {"KHR_materials_variants": {"mappings": self._mappings[material]}}
+        return primitive
 
     def _floats(self, tuples, kind, bounds=False, target=None):
         values = array.array("f", [x for entry in tuples for x in entry])

@@ -1,6 +1,6 @@
 """The tree of everything inside the car."""
 
-from . import cabin, roofs
+from . import cabin, lamps, roofs
 from .gltf import Node
 from .tree import NONE, again, choice, part, shared
 from .vectors import turn
@@ -17,7 +17,7 @@ def interior():
     return Node(
         "Cabin",
         part("Tub", (cabin.tub(), "Carpet"), (cabin.carpets(), "Carpet"), (cabin.door_sills(), "Black Plastic")),
-        part("Tunnel", (cabin.tunnel(), "Leather Tan"), (boot, "Leather Black"), (cabin.hand_brake(), "Leather Black")),
+        part("Tunnel", (cabin.tunnel(), "Leather"), (boot, "Leather Black"), (cabin.hand_brake(), "Leather Black")),
         part("Gear Lever", (lever, "Chrome"), (knob, "Brushed Aluminium")),
         part("Pedals", (cabin.pedals(), "Brushed Aluminium")),
         part("Rear View Mirror", (roofs.mirror_inside(), "Black Plastic")),
@@ -28,7 +28,7 @@ def interior():
         choice("Dashboard Trim", 0, part("Trim Aluminium", (trim, "Brushed Aluminium")),
                part("Trim Walnut", (trim, "Walnut")), part("Trim Carbon", (trim, "Carbon")),
                part("Trim Painted", (trim, "Paint"))),
-        _steering_wheels())
+        _steering_wheels(), lamps.of_the_cabin())
 
 
 def _seat_designs():
@@ -39,7 +39,7 @@ def _seat_designs():
     bucket, pads, belts = cabin.bucket()
     sport = Node(
         "Sport Seat",
-        part("Sport Cushions", (soft, "Leather Tan"), (rest, "Leather Tan"), (hard, "Black Plastic"),
+        part("Sport Cushions", (soft, "Leather"), (rest, "Leather"), (hard, "Black Plastic"),
              (posts, "Chrome")),
         choice("Piping", NONE, part("Red Piping", (bead, "Piping Red")), part("White Piping", (bead, "Piping White"))))
     return choice("Seats", 0, sport,

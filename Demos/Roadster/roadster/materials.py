@@ -1,6 +1,6 @@
-"""The materials: PBR factors, a few with textures. Base colours are linear."""
+"""The materials: PBR factors, a few with textures; and which of them can be exchanged. Base colours are linear."""
 
-from . import pictures
+from . import pictures, sheets
 
 
 def _plain(colour, metallic, roughness, **more):
@@ -14,17 +14,28 @@ def _clear(colour, roughness=0.04):
     return _plain(colour, 0.0, roughness, alphaMode="BLEND", doubleSided=True)
 
 
-# Paints come first and stand together: they are what a choice of colours would exchange.
+def _lacquer(colour, metallic, roughness):
+    coat = {"KHR_materials_clearcoat": {"clearcoatFactor": 1.0, "clearcoatRoughnessFactor": 0.03}}
+    return _plain(colour, metallic, roughness, doubleSided=True, extensions=coat)
+
+
+# "Paint" is what the car is delivered in.
 PAINTS = {
-    "Paint": _plain((0.42, 0.012, 0.018), 0.35, 0.26, doubleSided=True),
-    "Paint Black": _plain((0.008, 0.008, 0.010), 0.30, 0.22, doubleSided=True),
+    "Paint": _lacquer((0.42, 0.012, 0.018), 0.35, 0.26),
+    "Paint Racing Green": _lacquer((0.006, 0.060, 0.026), 0.35, 0.26),
+    "Paint Midnight Blue": _lacquer((0.006, 0.015, 0.068), 0.45, 0.24),
+    "Paint Silver": _lacquer((0.50, 0.51, 0.53), 0.80, 0.30),
+    "Paint Ivory": _lacquer((0.74, 0.68, 0.53), 0.0, 0.30),
+    "Paint Sun Yellow": _lacquer((0.78, 0.40, 0.010), 0.05, 0.28),
+    "Paint Azure": _lacquer((0.085, 0.30, 0.50), 0.25, 0.28),
+    "Paint Black": _lacquer((0.008, 0.008, 0.010), 0.30, 0.22),
     "Paint Stripe": _plain((0.86, 0.84, 0.78), 0.0, 0.32, doubleSided=True),
 }
 
 OTHERS = {
     "Chrome": _plain((0.78, 0.79, 0.80), 1.0, 0.08),
     "Brushed Aluminium": _plain((0.60, 0.61, 0.63), 1.0, 0.34, doubleSided=True),
-    "Rim Silver": _plain((0.56, 0.57, 0.59), 0.9, 0.24),
+    "Rim": _plain((0.56, 0.57, 0.59), 0.9, 0.24),
     "Rim Graphite": _plain((0.075, 0.078, 0.085), 0.85, 0.30),
     "Rim Gold": _plain((0.50, 0.33, 0.11), 0.95, 0.26),
     "Rubber": _plain((0.012, 0.012, 0.013), 0.0, 0.78),
@@ -38,9 +49,10 @@ OTHERS = {
     "Tail Glass": _plain((0.50, 0.006, 0.010), 0.0, 0.12, emissiveFactor=[0.16, 0.0, 0.0]),
     "Indicator Glass": _plain((0.85, 0.28, 0.02), 0.0, 0.15),
     "Lens": _plain((0.75, 0.82, 0.90), 0.6, 0.05, emissiveFactor=[0.10, 0.11, 0.12]),
-    "Leather Tan": _plain((0.36, 0.155, 0.058), 0.0, 0.55, doubleSided=True),
+    "Leather": _plain((0.36, 0.155, 0.058), 0.0, 0.55, doubleSided=True),
     "Leather Black": _plain((0.022, 0.021, 0.022), 0.0, 0.50, doubleSided=True),
-    "Leather Cream": _plain((0.66, 0.55, 0.40), 0.0, 0.55),
+    "Leather Cream": _plain((0.66, 0.55, 0.40), 0.0, 0.55, doubleSided=True),
+    "Leather Burgundy": _plain((0.110, 0.012, 0.018), 0.0, 0.50, doubleSided=True),
     "Alcantara": _plain((0.035, 0.036, 0.040), 0.0, 0.95),
     "Piping Red": _plain((0.50, 0.015, 0.02), 0.0, 0.50),
     "Piping White": _plain((0.80, 0.78, 0.74), 0.0, 0.50),
@@ -60,9 +72,36 @@ TEXTURED = {
     "Licence Plate": (pictures.licence_plate, 0.0, 0.45),
     "Floor Tiles": (pictures.floor_tiles, 0.0, 0.35),
     "Sign": (pictures.sign, 0.0, 0.50),
+    "Performance Sheet": (sheets.performance, 0.0, 0.60),
+    "Dimensions Sheet": (sheets.dimensions, 0.0, 0.60),
+    "Logo": (sheets.logo, 0.0, 0.60),
     "Walnut": (pictures.wood, 0.0, 0.30),
     "Carbon": (pictures.carbon, 0.2, 0.22),
 }
+
+
+# A colour scheme of the car: its name, what it is, and the materials that stand in for "Paint", "Leather" and "Rim".
+SCHEMES = (
+    ("Rubinrot", "Ruby with tan leather", "Paint", "Leather", "Rim"),
+    ("Renngrün", "Racing green with tan leather", "Paint Racing Green", "Leather", "Rim"),
+    ("Mitternachtsblau", "Midnight blue with cream leather", "Paint Midnight Blue", "Leather Cream", "Rim"),
+    ("Silber", "Silver with burgundy leather", "Paint Silver", "Leather Burgundy", "Rim"),
+    ("Elfenbein", "Ivory with burgundy leather", "Paint Ivory", "Leather Burgundy", "Rim"),
+    ("Sonnengelb", "Sun yellow with black leather, graphite rims", "Paint Sun Yellow", "Leather Black",
+     "Rim Graphite"),
+    ("Azurblau", "Azure with cream leather", "Paint Azure", "Leather Cream", "Rim"),
+    ("Schwarz", "Black with tan leather, golden rims", "Paint Black", "Leather", "Rim Gold"),
+)
+
+
+def switches():
+    """The materials that can be exchanged: default material -> its alternatives, itself first."""
+    return {column[0]: list(dict.fromkeys(column)) for column in _columns()}
+
+
+def _columns():
+    """Per exchangeable material what it is in each scheme. In the first scheme all are what they are by default."""
+    return list(zip(*[scheme[2:] for scheme in SCHEMES]))
 
 
 def add_to(writer):
@@ -73,3 +112,4 @@ def add_to(writer):
         entry = _plain((1.0, 1.0, 1.0), metallic, roughness, doubleSided=True)
         entry["pbrMetallicRoughness"]["baseColorTexture"] = {"index": writer.picture(name, paint())}
         writer.material(name, entry)
+    writer.schemes([scheme[0] for scheme in SCHEMES], {column[0]: column for column in _columns()})

@@ -1,11 +1,12 @@
 """The tree of the car: which parts it has, where they stand and what can be chosen; and what moves."""
 
-from . import body, cabin, ends, mirrors, roofs, stand, surface, wheels
+from . import body, cabin, ends, lamps, mirrors, roofs, stand, surface, wheels
 from .gltf import Node
 from .interior import interior
 from .mesh import Mesh, both_sides
 from .setting import cameras, hall, plinth
-from .tree import AT_REST, NONE, UPRIGHT, again, choice, part, shared, states
+from .overlays import overlays
+from .tree import AT_REST, NONE, UPRIGHT, again, choice, part, poses, shared, states
 from .vectors import turn, turn_after
 
 
@@ -17,8 +18,10 @@ def build():
     """Returns (the roots of the scene, the Parts)."""
     moving = Parts()
     car = Node("Roadster", _chassis(moving), _suspended(moving))
-    moving.turntable = Node("Turntable", plinth(), car)
-    return [Node("Exhibition", hall(), moving.turntable), cameras()], moving
+    turned = {name: ((0, 0, 0), turn((0, 1, 0), angle)) for name, angle in (
+        ("Front", 0), ("Three Quarter", 35), ("Side", 90), ("Rear", 180))}
+    moving.turntable = poses("Turntable", turned, plinth(), car)
+    return [Node("Exhibition", hall(), lamps.of_the_stand(), moving.turntable), cameras(), *overlays()], moving
 
 
 def _chassis(moving):
@@ -53,14 +56,14 @@ def _wheel_designs():
     nuts = wheels.bolts(0.070)
     return choice(
         "Wheels", 0,
-        part("Five Spoke", (wheels.five_spoke(), "Rim Silver"), (barrel, "Rim Silver"), (nuts, "Chrome"),
+        part("Five Spoke", (wheels.five_spoke(), "Rim"), (barrel, "Rim"), (nuts, "Chrome"),
              (wheels.cap(0.070), "Black Plastic")),
         part("Turbine", (wheels.turbine(), "Brushed Aluminium"), (barrel, "Rim Graphite"), (nuts, "Steel"),
              (wheels.cap(0.074), "Brushed Aluminium")),
-        part("Y Spoke", (wheels.y_spoke(), "Rim Gold"), (narrow, "Rim Silver"), (nuts, "Steel"),
+        part("Y Spoke", (wheels.y_spoke(), "Rim Gold"), (narrow, "Rim"), (nuts, "Steel"),
              (wheels.cap(0.074), "Black Plastic")),
         part("Wire", (wheels.wire_spokes(), "Chrome"), (barrel, "Chrome"), (wheels.wire_hub(), "Chrome")),
-        part("Dish", (wheels.dish(), "Brushed Aluminium"), (barrel, "Rim Silver")))
+        part("Dish", (wheels.dish(), "Brushed Aluminium"), (barrel, "Rim")))
 
 
 def _suspended(moving):
@@ -78,17 +81,32 @@ def _body():
         part("Fenders", (fenders, "Paint"), (both_sides(body.arch_lips()), "Paint")),
         part("Nose", (ends.nose_panel(), "Paint")), part("Tail Panel", (ends.tail_panel(), "Paint")),
         part("Sills", (both_sides(body.sill()), "Paint")), bonnet,
-        part("Boot Lid", (body.boot_lid(), "Paint")), part("Rear Deck", (body.tonneau(), "Paint"), (
+        _boot(), part("Rear Deck", (body.tonneau(), "Paint"), (
             body.shoulder_fillets(), "Paint")),
         part("Scuttle", (body.scuttle(), "Black Plastic")),
         part("Inner Shell", (body.inner_shell(), "Black Plastic"), (body.wheel_housings(), "Black Plastic")),
         part("Side Vents", (both_sides(body.side_vent()), "Black Plastic")),
         part("Fuel Cap", (body.fuel_cap(), "Brushed Aluminium")),
         _front(), _rear(), _lamps(), _exhausts(),
-        choice("Spoiler", NONE, part("Ducktail", (ends.ducktail(), "Paint")), part("Wing", (ends.wing(), "Carbon"))),
         part("Windscreen", (roofs.windscreen(), "Glass")),
         part("Windscreen Frame", (roofs.windscreen_frame(), "Chrome"), (roofs.screen_seal(), "Rubber")),
         part("Wipers", (roofs.wipers(), "Black Plastic")))
+
+
+def _boot():
+    """The lid turns about its front edge and carries the spoiler; below it lies the luggage."""
+    hinge = (0.0, 0.83, surface.DECK)
+    closed = {"Closed": (hinge, UPRIGHT), "Ajar": (hinge, turn((1, 0, 0), 12)), "Open": (hinge, turn((1, 0, 0), 58))}
+
+    def hung(mesh):
+        return mesh.moved(-hinge[0], -hinge[1], -hinge[2])
+
+    spoiler = choice("Spoiler", NONE, part("Ducktail", (hung(ends.ducktail()), "Paint")),
+                     part("Wing", (hung(ends.wing()), "Carbon")))
+    case, straps, locks = body.travel_case()
+    return Node("Boot", poses("Boot Lid", closed, part("Boot Lid Panel", (hung(body.boot_lid()), "Paint")), spoiler),
+                part("Boot Well", (body.boot_well(), "Carpet")),
+                part("Travel Case", (case, "Leather"), (straps, "Leather Black"), (locks, "Brass")))
 
 
 def _front():
@@ -124,7 +142,8 @@ def _lamps():
         part("Headlamp Glasses", (ends.lamp_glasses(), "Lamp Glass")),
         part("Indicators", (ends.indicators(), "Indicator Glass")),
         part("Tail Lamps", (ends.tail_glasses(), "Tail Glass"), (ends.tail_rings(), "Chrome")),
-        part("Reversing Lamps", (ends.reverse_lamps(), "Lens")), part("Badge", (badge, "Chrome")))
+        part("Reversing Lamps", (ends.reverse_lamps(), "Lens")), part("Badge", (badge, "Chrome")),
+        *lamps.of_the_car())
 
 
 def _exhausts():
@@ -164,7 +183,7 @@ def _door_leaf(side, sign):
     return Node(
         side + " Door Leaf",
         part(side + " Door Skin", (meant(body.door_skin()), "Paint"), (meant(body.door_handle()), "Chrome")),
-        part(side + " Door Trim", (meant(cabin.door_trim()), "Leather Tan"), (meant(cabin.arm_rest()), "Leather Black"),
+        part(side + " Door Trim", (meant(cabin.door_trim()), "Leather"), (meant(cabin.arm_rest()), "Leather Black"),
              (meant(cabin.door_pull()), "Brushed Aluminium")),
         part("Side Window", (meant(roofs.side_window()), "Glass"), visible=False),
         _mirror(meant, sign))
