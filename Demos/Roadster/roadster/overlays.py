@@ -1,4 +1,6 @@
-"""What lies in front of the picture: a data sheet of two pages, and a logo. Without overlays they stand beside the car."""
+"""What lies in front of the picture: a data sheet of two pages, and a logo.
+
+In a viewer that knows no overlays they stand beside the car."""
 
 from .gltf import Node
 from .mesh import Mesh, grid
