@@ -1,3 +1,4 @@
+#include "Internal/qxSceneEdits.h"
 #include "qxMaterialVariant.h"
 
 #include "Core/qxModuleBus.h"
@@ -88,6 +89,20 @@ TEST_F(MaterialVariantTest, AWrappedMaterialSurvivesWhenOnlyItsNodeHeldIt)
     const qxMaterialVariant variant(paint);
     EXPECT_EQ(materialsOf(materialOf(hood)), Texts({"Paint"}));
     EXPECT_EQ(paint.getRefCount(), 1);
+}
+
+TEST_F(MaterialVariantTest, ASwitchMaterialIsReplacedByOneOfItsOwnWithoutLoss)
+{
+    const osg::MaterialPtr red = osg::SimpleMaterial::create();
+    qxMaterials::setName(red, "Red", true);
+    const osg::SwitchMaterialPtr finish = osg::SwitchMaterial::create();
+    finish->addMaterial(red);
+    const TestNode hood = scene.addGeometry("Hood", finish);
+    ASSERT_EQ(finish.getRefCount(), 1); // nobody else holds the two
+
+    qxSceneEdits::setMaterial(osg::GeometryPtr::dcast(hood.core()), red);
+    EXPECT_EQ(qxMaterials::getName(materialOf(hood)), "Red");
+    EXPECT_EQ(red.getRefCount(), 1);
 }
 
 TEST_F(MaterialVariantTest, ASwitchMaterialGivesItsMaterialsAsOptions)

@@ -55,6 +55,8 @@ void qxSceneEdits::setMaterial(const osg::MaterialGroupPtr &group, const osg::Ma
 void qxSceneEdits::setMaterial(const osg::MaterialDrawablePtr &drawable,
                                const osg::MaterialPtr &material)
 {
+    // Drawables release the old material first, and it may be all that keeps the new one.
+    const osg::MaterialRefPtr kept(material);
     const qxEdit edit(drawable);
     drawable->setMaterial(material);
 }
