@@ -1,6 +1,7 @@
 #include "qxBenchScene.h"
 
 #include <QGuiApplication>
+#include <QLoggingCategory>
 
 #include <benchmark/benchmark.h>
 
@@ -8,7 +9,10 @@ int main(int argc, char *argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qSetGlobalQHashSeed(0);
+    // Qt says at every start that a machine without a user session has no folder for one.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     QGuiApplication application(argc, argv);
+    QLoggingCategory::setFilterRules(QString());
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;
