@@ -196,10 +196,32 @@ TEST_F(SceneFileKindsTest, AChosenMaterialIsShownByOtherProgramsAndKeptWithItsDe
     EXPECT_EQ(paint(3), "Default Material Switch: Default Material, Blue, 1");
     EXPECT_EQ(file.materialVariants()[2].materials[0].second, "Red") << "the default, as before";
     TestMaterial(part(3)->getMaterial()).choose(0);
-    const QByteArray before = bytesOf(path("saved.gltf"));
     saveAndLoad("again.gltf");
     EXPECT_FALSE(jsonOf(path("again.gltf"))["meshes"][0]["primitives"][3].contains("material"));
     EXPECT_EQ(paint(3), "Default Material Switch: Default Material, Blue, 0");
+
+    // As the mappings make them, they need no list.
+    TestMaterial(part(0)->getMaterial()).choose(0);
+    save(path("again.gltf"));
+    EXPECT_EQ(jsonOf(path("again.gltf")), paints());
+}
+
+TEST_F(SceneFileKindsTest, AGeometryKeepsAMaterialThatItsMappingDoesNotKnow)
+{
+    load(write("scene.gltf", paints()));
+    const auto show = [this](unsigned int index, const osg::MaterialPtr &material) {
+        const osg::CPEditor edit(part(index), osg::Geometry::MaterialFieldMask);
+        part(index)->setMaterial(material);
+    };
+    show(0, qxMaterials::findMaterial("Blue"));
+    show(3, part(1)->getMaterial());
+    saveAndLoad();
+    EXPECT_EQ(paint(0), "Blue");
+    EXPECT_EQ(paint(2), "Red Switch: Red, Blue, Red 2, 0");
+    EXPECT_EQ(part(3)->getMaterial(), part(1)->getMaterial());
+    const QByteArray before = bytesOf(path("saved.gltf"));
+    save(path("saved.gltf"));
+    EXPECT_EQ(bytesOf(path("saved.gltf")), before);
 }
 
 TEST_F(SceneFileKindsTest, SwitchMaterialsThatWereBuiltHereComeBackAsTheyWere)
@@ -257,6 +279,9 @@ TEST_F(SceneFileKindsTest, MaterialsOfOneNameAreToldApartAndKeepTheirNamesInTheF
     saveAndLoad();
     for (const char *name : {"Green", "Red 2", "Red 3", "Red 4"})
         EXPECT_EQ(qxMaterials::findMaterials(name).size(), 1u) << name;
+    const QByteArray before = bytesOf(path("saved.gltf"));
+    save(path("saved.gltf"));
+    EXPECT_EQ(bytesOf(path("saved.gltf")), before) << "also a list that nothing needs any more";
 }
 
 TEST_F(SceneFileKindsTest, OverlaysMoveToTheirTreeAndGoBackToTheirPlaceInTheFile)

@@ -11,6 +11,8 @@
 #include <OpenSG/OSGSimpleTexturedMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
+#include <algorithm>
+
 namespace {
 
 std::vector<float> numbersOf(const osg::Color3f &colour)
@@ -159,15 +161,23 @@ void qxGltfMaterialPatch::writePool()
     }
 }
 
-void qxGltfMaterialPatch::writeSwitches(const qxGltfSwitchStates &before,
-                                        const qxGltfSwitchStates &now)
+void qxGltfMaterialPatch::writeSwitches(const qxGltfSwitchUse &loaded,
+                                        const qxGltfSwitchUse &mapped, const qxGltfSwitchUse &now)
 {
-    const qxJson &old = qxGltfMember(qxGltfMember(m_json, "extras"), qxGltfKeys::switchMaterials);
-    m_list = !old.is_null() || m_namesChanged || !(before == now);
-    if (!m_list)
+    if (!m_namesChanged && now == loaded)
         return;
+    const qxJson old = qxGltfMember(qxGltfMember(m_json, "extras"), qxGltfKeys::switchMaterials);
+    m_list = true;
+    if (m_namesChanged || !(now == mapped))
+        listSwitches(now, old);
+    else
+        qxGltfSetExtra(m_json, qxGltfKeys::switchMaterials, qxJson());
+}
+
+void qxGltfMaterialPatch::listSwitches(const qxGltfSwitchUse &use, const qxJson &old)
+{
     qxJson list = qxJson::array();
-    for (const qxGltfSwitchState &each : now) {
+    for (const qxGltfSwitchState &each : use.states) {
         m_listed[each.id] = int(list.size());
         qxJson materials = qxJson::array();
         for (const osg::MaterialPtr &material : each.contents)
@@ -200,8 +210,14 @@ void qxGltfMaterialPatch::writeTo(qxJson &primitive, const osg::MaterialPtr &mat
         return;
     const auto listed =
         choices == osg::NullFC ? m_listed.end() : m_listed.find(choices.getFieldContainerId());
-    qxGltfSetExtra(primitive, qxGltfKeys::switchMaterial,
-                   listed == m_listed.end() ? qxJson() : qxJson(listed->second));
+    const bool maps =
+        !qxGltfMember(qxGltfMember(primitive, "extensions"), "KHR_materials_variants").is_null();
+    qxJson place;
+    if (listed != m_listed.end())
+        place = listed->second;
+    else if (maps && choices == osg::NullFC)
+        place = -1; // a plain material in spite of what is mapped
+    qxGltfSetExtra(primitive, qxGltfKeys::switchMaterial, place);
 }
 
 void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state)

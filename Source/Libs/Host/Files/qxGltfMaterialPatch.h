@@ -33,10 +33,11 @@ public:
 
     /// The materials of the scene's pool.
     void writePool();
-    /// The switch materials, when they or the names of materials are not as they were `before`:
-    /// then all of them, because those that a file does not list are made and named by what it
-    /// says.
-    void writeSwitches(const qxGltfSwitchStates &before, const qxGltfSwitchStates &now);
+    /// Lists the switch materials when they or names of materials are not as they were `loaded`:
+    /// then all of them, because those that are not listed are named by what else is there. When
+    /// they are as the mappings of the file make them, takes the list out instead.
+    void writeSwitches(const qxGltfSwitchUse &loaded, const qxGltfSwitchUse &mapped,
+                       const qxGltfSwitchUse &now);
     /// The materials of the geometries that came from the file. Throws qxGltfError for a material
     /// that scene files have no form for.
     void writeGeometries(const qxGltfState &state);
@@ -50,6 +51,7 @@ public:
 
 private:
     int placeOf(const osg::MaterialPtr &material);
+    void listSwitches(const qxGltfSwitchUse &use, const qxJson &old);
     int append(const osg::MaterialPtr &material);
     void writeChanges(const osg::MaterialPtr &material, int index);
 
@@ -60,5 +62,5 @@ private:
     std::unordered_map<osg::UInt32, int> m_listed; ///< the places of switch materials
     std::unordered_map<int, std::string> m_names; ///< of materials, by their place
     bool m_namesChanged = false;
-    bool m_list = false; ///< whether the file lists its switch materials
+    bool m_list = false; ///< whether switch materials are written
 };

@@ -52,7 +52,9 @@ qxGltfScene qxGltfScene::build(qxGltfModel &model)
     scene.materials = qxGltfMaterials(model);
     scene.meshes = qxGltfMeshes(model, scene.materials);
     recordParts(model, scene);
-    qxGltfSwitchMaterials(model, scene).build();
+    qxGltfSwitchMaterials switches(model, scene);
+    switches.build();
+    scene.mapped = switches.mapped();
     qxGltfNodes nodes(model, scene);
     nodes.build();
     scene.cameras = qxGltfCameras(model, nodes);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Files/qxGltfMeshes.h"
+#include "Files/qxGltfSwitchPatch.h"
 #include "Files/qxSceneVariant.h"
 #include "qxUberCameraPool.h"
 
@@ -35,6 +36,7 @@ struct qxGltfOrigin {
 struct qxGltfScene {
     std::vector<qxGltfMaterialRef> materials;
     std::vector<osg::SwitchMaterialRefPtr> switches;
+    qxGltfSwitchUse mapped; ///< how the switch materials are as long as the file need not list them
     std::vector<qxSceneVariant> variants;
     std::vector<qxGltfMeshParts> meshes;
     std::vector<osg::NodeRefPtr> roots;

@@ -38,6 +38,13 @@ std::vector<int> materialsOf(const std::vector<int> &mapping)
     return materials;
 }
 
+/// Whether any variant is mapped.
+bool isMapped(const std::vector<int> &mapping)
+{
+    return std::any_of(mapping.begin() + 1, mapping.end(),
+                       [](int material) { return material != _notMapped; });
+}
+
 QString textOf(const osg::MaterialPtr &material)
 {
     return QString::fromStdString(qxMaterials::getName(material));
@@ -48,7 +55,13 @@ QString textOf(const osg::MaterialPtr &material)
 qxGltfSwitchMaterials::qxGltfSwitchMaterials(qxGltfModel &model, qxGltfScene &scene)
     : m_model(model), m_scene(scene)
 {
-    for (const qxGltfMaterialRef &material : scene.materials)
+    takeNames();
+}
+
+void qxGltfSwitchMaterials::takeNames()
+{
+    m_names = qxGltfNames();
+    for (const qxGltfMaterialRef &material : m_scene.materials)
         m_names.take(qxMaterials::getName(material.get()));
 }
 
@@ -160,6 +173,17 @@ osg::SwitchMaterialPtr qxGltfSwitchMaterials::switchFor(const Mapping &mapping)
     return found;
 }
 
+/// Whether the primitive states which switch material of the list it shows, or that it shows none.
+bool qxGltfSwitchMaterials::isListed(const qxJson &primitive, osg::SwitchMaterialPtr &shown) const
+{
+    const qxJson &stated =
+        qxGltfMember(qxGltfMember(primitive, "extras"), qxGltfKeys::switchMaterial);
+    const int listed = indexBelow(stated, m_listed.size());
+    if (listed >= 0)
+        shown = m_listed[std::size_t(listed)];
+    return shown != osg::NullFC || stated == -1;
+}
+
 void qxGltfSwitchMaterials::assign(std::size_t mesh, std::size_t primitive)
 {
     const osg::GeometryPtr geometry = m_scene.meshes[mesh][primitive].get();
@@ -170,21 +194,43 @@ void qxGltfSwitchMaterials::assign(std::size_t mesh, std::size_t primitive)
     const QString called =
         qxGltfCalled("mesh", int(mesh), meshJson) + QString(", primitive %1").arg(primitive);
     const Mapping mapping = mappingOf(json, called);
-    const bool mapped = std::any_of(mapping.begin() + 1, mapping.end(),
-                                    [](int material) { return material != _notMapped; });
-    const qxJson &stated = qxGltfMember(qxGltfMember(json, "extras"), qxGltfKeys::switchMaterial);
-    const int listed = indexBelow(stated, m_listed.size());
     osg::SwitchMaterialPtr shown;
-    if (listed >= 0)
-        shown = m_listed[std::size_t(listed)];
-    if (shown == osg::NullFC && mapped)
+    if (!isListed(json, shown) && isMapped(mapping))
         shown = switchFor(mapping);
     if (shown == osg::NullFC)
         return;
     const osg::CPEditor edit(geometry, osg::Geometry::MaterialFieldMask);
     geometry->setMaterial(shown);
-    if (mapped && m_useOf.emplace(shown.getFieldContainerId(), m_uses.size()).second)
+    if (isMapped(mapping) && m_useOf.emplace(shown.getFieldContainerId(), m_uses.size()).second)
         m_uses.emplace_back(shown, mapping);
+}
+
+qxGltfSwitchUse qxGltfSwitchMaterials::mapped()
+{
+    const std::size_t made = m_scene.switches.size();
+    const QStringList warnings = m_model.warnings;
+    m_mapped.clear();
+    takeNames();
+    if (m_default != osg::NullFC)
+        m_names.take(qxMaterials::getName(m_default.get()));
+    qxGltfSwitchUse use;
+    for (std::size_t mesh = 0; mesh < m_scene.meshes.size(); ++mesh) {
+        const qxJson &parts = m_model.document.json["meshes"][mesh]["primitives"];
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            const osg::GeometryPtr geometry = m_scene.meshes[mesh][i].get();
+            Mapping mapping = mappingOf(parts[i], QString());
+            osg::SwitchMaterialPtr listed;
+            if (geometry == osg::NullFC || !isMapped(mapping))
+                continue;
+            if (isListed(parts[i], listed) && listed != osg::NullFC)
+                mapping[0] =
+                    m_scene.origin.materials.at(listed->getMaterial(0).getFieldContainerId());
+            use.addGeometry(geometry.getFieldContainerId(), switchFor(mapping));
+        }
+    }
+    m_scene.switches.resize(made);
+    m_model.warnings = warnings;
+    return use;
 }
 
 void qxGltfSwitchMaterials::nameVariants()

@@ -2,6 +2,7 @@
 
 #include "Files/qxGltfNames.h"
 #include "Files/qxGltfScene.h"
+#include "Files/qxGltfSwitchPatch.h"
 
 #include <map>
 
@@ -14,6 +15,9 @@ public:
     qxGltfSwitchMaterials(qxGltfModel &model, qxGltfScene &scene);
 
     void build();
+    /// How the switch materials would be without the list, if each had its first material chosen:
+    /// as long as they are so, the file needs no list. To be called after build.
+    qxGltfSwitchUse mapped();
 
 private:
     /// Materials of the file by their place, -1 for that of primitives without one: the default,
@@ -23,6 +27,8 @@ private:
     void makeListed();
     osg::SwitchMaterialPtr makeListed(const qxJson &entry, const QString &called);
     void assign(std::size_t mesh, std::size_t primitive);
+    void takeNames();
+    bool isListed(const qxJson &primitive, osg::SwitchMaterialPtr &shown) const;
     Mapping mappingOf(const qxJson &primitive, const QString &called);
     osg::SwitchMaterialPtr switchFor(const Mapping &mapping);
     osg::SwitchMaterialPtr make(const std::string &name, const std::vector<int> &materials,

@@ -5,7 +5,18 @@
 #include "qxScenegraph.h"
 
 #include <tuple>
-#include <unordered_set>
+
+namespace {
+
+/// Looks at the type first, because a cast that fails is slow.
+osg::SwitchMaterialPtr switchOf(const osg::MaterialPtr &material)
+{
+    const bool isSwitch = material != osg::NullFC
+        && material->getType().isDerivedFrom(osg::SwitchMaterial::getClassType());
+    return isSwitch ? osg::SwitchMaterialPtr::dcast(material) : osg::SwitchMaterialPtr();
+}
+
+} // namespace
 
 qxGltfSwitchState qxGltfSwitchState::of(const osg::SwitchMaterialPtr &material)
 {
@@ -20,31 +31,45 @@ qxGltfSwitchState qxGltfSwitchState::of(const osg::SwitchMaterialPtr &material)
 bool qxGltfSwitchState::operator==(const qxGltfSwitchState &other) const
 {
     const auto values = [](const qxGltfSwitchState &s) {
-        return std::tie(s.id, s.name, s.contents, s.choice);
+        return std::tie(s.name, s.contents, s.choice);
     };
     return values(*this) == values(other);
 }
 
-qxGltfSwitchStates qxGltfSwitchesOfScene(const qxGltfState &state)
+void qxGltfSwitchUse::add(const osg::SwitchMaterialPtr &material)
 {
-    qxGltfSwitchStates states;
-    std::unordered_set<osg::UInt32> known;
-    const auto add = [&states, &known](const osg::MaterialPtr &material) {
-        if (material == osg::NullFC
-            || !material->getType().isDerivedFrom(osg::SwitchMaterial::getClassType()))
-            return;
-        const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
-        if (!choices->getMFMaterials()->empty()
-            && known.insert(choices.getFieldContainerId()).second)
-            states.push_back(qxGltfSwitchState::of(choices));
-    };
+    if (!material->getMFMaterials()->empty()
+        && m_known.emplace(material.getFieldContainerId(), int(states.size())).second)
+        states.push_back(qxGltfSwitchState::of(material));
+}
+
+void qxGltfSwitchUse::addGeometry(osg::UInt32 geometry, const osg::MaterialPtr &material)
+{
+    const osg::SwitchMaterialPtr choices = switchOf(material);
+    if (choices == osg::NullFC || choices->getMFMaterials()->empty())
+        return;
+    add(choices);
+    shownBy[geometry] = m_known[choices.getFieldContainerId()];
+}
+
+bool qxGltfSwitchUse::operator==(const qxGltfSwitchUse &other) const
+{
+    return states == other.states && shownBy == other.shownBy;
+}
+
+qxGltfSwitchUse qxGltfSwitchUse::of(const qxGltfState &state)
+{
+    qxGltfSwitchUse use;
     std::vector<osg::MaterialPtr> pool;
     qxScenegraph::getMaterialPool()->get(pool);
-    for (const osg::MaterialPtr &material : pool)
-        add(material);
+    for (const osg::MaterialPtr &material : pool) {
+        const osg::SwitchMaterialPtr choices = switchOf(material);
+        if (choices != osg::NullFC)
+            use.add(choices);
+    }
     for (const qxGltfNodeState &node : state.nodes) {
         for (const osg::UInt32 part : node.mesh)
-            add(state.geometries.at(part)->getMaterial());
+            use.addGeometry(part, state.geometries.at(part)->getMaterial());
     }
-    return states;
+    return use;
 }

@@ -5,6 +5,7 @@
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <string>
+#include <unordered_map>
 
 struct qxGltfState;
 
@@ -18,11 +19,24 @@ struct qxGltfSwitchState {
     osg::UInt32 choice = 0;
 
     static qxGltfSwitchState of(const osg::SwitchMaterialPtr &material);
+    /// Whether a file has the same to say about both.
     bool operator==(const qxGltfSwitchState &other) const;
 };
 
-typedef std::vector<qxGltfSwitchState> qxGltfSwitchStates;
+/// The switch materials of a scene, and which of them the geometries show, by container id.
+struct qxGltfSwitchUse {
+    std::vector<qxGltfSwitchState> states;
+    std::unordered_map<osg::UInt32, int> shownBy;
 
-/// Those of the scene's material pool, and behind them those that only geometries have. One that
-/// contains nothing shows nothing and is left out.
-qxGltfSwitchStates qxGltfSwitchesOfScene(const qxGltfState &state);
+    /// Those of the scene's material pool, and behind them those that only geometries have. One
+    /// that contains nothing shows nothing and is left out.
+    static qxGltfSwitchUse of(const qxGltfState &state);
+    void add(const osg::SwitchMaterialPtr &material);
+    /// Takes note that the geometry shows the material, if that is a switch material.
+    void addGeometry(osg::UInt32 geometry, const osg::MaterialPtr &material);
+    /// Whether a file has the same to say about both.
+    bool operator==(const qxGltfSwitchUse &other) const;
+
+private:
+    std::unordered_map<osg::UInt32, int> m_known;
+};

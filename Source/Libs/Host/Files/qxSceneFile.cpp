@@ -19,7 +19,8 @@ struct qxSceneFile::Content {
     qxGltfOrigin origin;
     qxGltfState before;
     qxGltfMaterialPatch::Before materials;
-    qxGltfSwitchStates switches;
+    qxGltfSwitchUse loaded;
+    qxGltfSwitchUse mapped;
     QByteArray variants;
     std::vector<qxSceneVariant> materialVariants;
     qxSceneFileInfo info;
@@ -105,14 +106,14 @@ std::unique_ptr<qxSceneFile::Content> qxSceneFile::Content::load(const QString &
         content->materials.push_back(
             qxGltfMaterialState::of(osg::SimpleMaterialPtr::dcast(material.get())));
     }
-    for (const osg::SwitchMaterialRefPtr &material : scene.switches)
-        content->switches.push_back(qxGltfSwitchState::of(material.get()));
+    content->mapped = scene.mapped;
     const std::vector<osg::NodePtr> roots(scene.roots.begin(), scene.roots.end());
     const std::vector<osg::NodePtr> overlays(scene.overlays.begin(), scene.overlays.end());
     content->before = qxGltfState::of(roots, overlays, scene.origin);
     content->materialVariants = scene.variants;
     content->origin = scene.origin;
     scene.show();
+    content->loaded = qxGltfSwitchUse::of(content->before);
     content->document = std::move(model.document);
     content->buffers = std::move(model.buffers);
     warnings = model.warnings;
@@ -127,7 +128,7 @@ qxJson qxSceneFile::Content::edited() const
     after.checkSharedNames();
     qxGltfMaterialPatch materialPatch(json, origin, materials);
     materialPatch.writePool();
-    materialPatch.writeSwitches(switches, qxGltfSwitchesOfScene(after));
+    materialPatch.writeSwitches(loaded, mapped, qxGltfSwitchUse::of(after));
     materialPatch.writeGeometries(after);
     const std::vector<int> meshes = qxGltfMeshPatch(json, origin, materialPatch).write(after);
     materialPatch.settleNames();
