@@ -170,8 +170,9 @@ void qxGltfNodes::make(int index)
     const osg::NodeCorePtr own = ownCore(index, extras);
     const tinygltf::Node &values = m_model.typed.nodes[std::size_t(index)];
     const osg::NodeCorePtr light = lightCore(index, extras);
-    const osg::NodeCorePtr plain = light == osg::NullFC ? qxGltfTransform(values) : light;
-    setCore(node, own != osg::NullFC ? own : plain);
+    // A core that no node takes is a leak: the transform is made only when it is the node's core.
+    const osg::NodeCorePtr special = own != osg::NullFC ? own : light;
+    setCore(node, special != osg::NullFC ? special : qxGltfTransform(values));
     if (own != osg::NullFC) {
         m_scene.origin.coreOwners[own.getFieldContainerId()] = index;
         if (osg::getName(node))
