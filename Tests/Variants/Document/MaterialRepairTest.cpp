@@ -10,6 +10,8 @@
 #include <OpenSG/OSGMaterialPool.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
+#include <QFile>
+
 namespace {
 
 class MaterialRepairTest : public DocumentFixture {
@@ -113,4 +115,22 @@ TEST_F(MaterialRepairTest, OtherMissingSwitchesAreOnlyAdded)
     readVariant("Trim", {"Chrome"});
     EXPECT_EQ(choicesOf(qxMaterials::findMaterial("Trim")), "");
     EXPECT_EQ(codes, once);
+}
+
+TEST_F(MaterialRepairTest, ADocumentFromBeforeSwitchMaterialsGetsThem)
+{
+    for (const char *choice : {"Red", "Blue", "Wool"})
+        scene.addMaterial(choice);
+    const TestNode body = scene.addGeometry("Body", scene.addMaterial("Paint").material());
+    const TestNode seat = scene.addMaterialGroup("Seat", scene.addMaterial("Leather").material());
+    QFile file(QStringLiteral(QX_TEST_DATA "/Documents/older-materials.xml"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    read(file.readAll());
+
+    EXPECT_EQ(choicesOf(materialOf(body)), "Red Blue ");
+    EXPECT_EQ(choicesOf(materialOf(seat)), "Leather Wool ");
+    qxVariants::findMaterialVariant("Seats")->onSelect("Wool");
+    qxVariants::findMaterialVariant("Paint")->onSelect("!Next");
+    EXPECT_EQ(qxVariants::findMaterialVariant("Seats")->onCurrent(), "Wool");
+    EXPECT_EQ(qxVariants::findMaterialVariant("Paint")->onCurrent(), "Blue");
 }
