@@ -2,21 +2,15 @@
 #include "qxVariants.h"
 
 #include "qxAnimManager.h"
-#include "qxCommand.h"
 #include "qxOutput.h"
 #include "qxSession.h"
+#include "qxShowCommand.h"
 #include "qxUberCameraPool.h"
 
-#include <QCommandLineParser>
 #include <QJsonArray>
 #include <QJsonObject>
 
 namespace {
-
-QList<QCommandLineOption> options()
-{
-    return {qxCommands::jsonOption(), qxCommands::traceOption()};
-}
 
 /// One fact about the scene: its key in JSON, its words for people, its value.
 struct Fact {
@@ -74,18 +68,18 @@ QString wordsFor(const QJsonValue &value)
     return names.isEmpty() ? QStringLiteral("none") : names.join(QLatin1String(", "));
 }
 
-void printJson(const QList<Fact> &facts)
+void printJson(const qxSession &session)
 {
     QJsonObject object;
-    for (const Fact &fact : facts)
+    for (const Fact &fact : facts(session.file().info()))
         object.insert(QLatin1String(fact.key), fact.value);
     qxOutput::json(object);
 }
 
-void printTable(const QList<Fact> &facts)
+void printTable(const qxSession &session)
 {
     QList<QStringList> rows;
-    for (const Fact &fact : facts) {
+    for (const Fact &fact : facts(session.file().info())) {
         const QString words = wordsFor(fact.value);
         if (!words.isEmpty())
             rows += QStringList{QLatin1String(fact.words), words};
@@ -95,17 +89,10 @@ void printTable(const QList<Fact> &facts)
 
 int run(const QCommandLineParser &parser)
 {
-    qxSession session(parser.isSet(QStringLiteral("trace")));
-    if (!session.open(parser.positionalArguments().first()))
-        return WorkFailed;
-    if (parser.isSet(QStringLiteral("json")))
-        printJson(facts(session.file().info()));
-    else
-        printTable(facts(session.file().info()));
-    return Success;
+    return qxShowCommand::run(parser, printJson, printTable);
 }
 
 } // namespace
 
-const qxCommand qxCommands::info = {"info",  "FILE", "Shows what a scene file holds.", 1, 1,
-                                    options, run};
+const qxCommand qxCommands::info = {
+    "info", "FILE", "Shows what a scene file holds.", 1, 1, qxShowCommand::options, run};

@@ -2,11 +2,9 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "qxCommand.h"
 #include "qxOutput.h"
-#include "qxSession.h"
+#include "qxShowCommand.h"
 
-#include <QCommandLineParser>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -25,7 +23,7 @@ QStringList setRow(const qxVariantSet &set)
     return {QLatin1String("  ") + set.name, set.hotkey, set.comment};
 }
 
-QJsonObject everything()
+void printJson(const qxSession &)
 {
     QJsonArray groups;
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
@@ -36,10 +34,10 @@ QJsonObject everything()
     QJsonArray sets;
     for (const qxVariantSet *set : qxVariants::_variantSets)
         sets += setObject(*set);
-    return {{QStringLiteral("groups"), groups}, {QStringLiteral("sets"), sets}};
+    qxOutput::json(QJsonObject{{QStringLiteral("groups"), groups}, {QStringLiteral("sets"), sets}});
 }
 
-void printTable()
+void printTable(const qxSession &)
 {
     QList<QStringList> rows;
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
@@ -62,24 +60,13 @@ void printTable()
     qxOutput::table(rows);
 }
 
-QList<QCommandLineOption> options()
-{
-    return {qxCommands::jsonOption(), qxCommands::traceOption()};
-}
-
 int run(const QCommandLineParser &parser)
 {
-    qxSession session(parser.isSet(QStringLiteral("trace")));
-    if (!session.open(parser.positionalArguments().first()))
-        return WorkFailed;
-    if (parser.isSet(QStringLiteral("json")))
-        qxOutput::json(everything());
-    else
-        printTable();
-    return Success;
+    return qxShowCommand::run(parser, printJson, printTable);
 }
 
 } // namespace
 
-const qxCommand qxCommands::list = {
-    "list", "FILE", "Shows the variant groups and sets of a scene.", 1, 1, options, run};
+const qxCommand qxCommands::list = {"list", "FILE", "Shows the variant groups and sets of a scene.",
+                                    1,      1,      qxShowCommand::options,
+                                    run};

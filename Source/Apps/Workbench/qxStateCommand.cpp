@@ -1,10 +1,8 @@
 #include "qxVariantTable.h"
 
-#include "qxCommand.h"
 #include "qxOutput.h"
-#include "qxSession.h"
+#include "qxShowCommand.h"
 
-#include <QCommandLineParser>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -24,7 +22,7 @@ QJsonObject object(const qxVariantRow &row)
             {QStringLiteral("states"), states}};
 }
 
-void printJson()
+void printJson(const qxSession &)
 {
     QJsonArray array;
     for (const qxVariantRow &row : qxVariantTable::all())
@@ -32,7 +30,7 @@ void printJson()
     qxOutput::json(array);
 }
 
-void printTable()
+void printTable(const qxSession &)
 {
     QList<QStringList> rows;
     for (const qxVariantRow &row : qxVariantTable::all()) {
@@ -45,24 +43,14 @@ void printTable()
     qxOutput::table(rows);
 }
 
-QList<QCommandLineOption> options()
-{
-    return {qxCommands::jsonOption(), qxCommands::traceOption()};
-}
-
 int run(const QCommandLineParser &parser)
 {
-    qxSession session(parser.isSet(QStringLiteral("trace")));
-    if (!session.open(parser.positionalArguments().first()))
-        return WorkFailed;
-    if (parser.isSet(QStringLiteral("json")))
-        printJson();
-    else
-        printTable();
-    return Success;
+    return qxShowCommand::run(parser, printJson, printTable);
 }
 
 } // namespace
 
 const qxCommand qxCommands::state = {
-    "state", "FILE", "Shows every variant with the state the scene is in.", 1, 1, options, run};
+    "state", "FILE", "Shows every variant with the state the scene is in.",
+    1,       1,      qxShowCommand::options,
+    run};
