@@ -4,6 +4,7 @@
 #include "Cameras/qxMainView.h"
 #include "Cameras/qxRunningClips.h"
 #include "Core/qxRenderRequests.h"
+#include "Scene/qxClipping.h"
 #include "Scene/qxOverlayService.h"
 #include "Scene/qxScene.h"
 #include "Scene/qxSceneTransformService.h"
@@ -87,4 +88,5 @@ void qxHost::clearScene()
     qxAnimManager::the()->setClips({});
     qxRunningClips::clear();
     qxMainView::the() = qxMainView();
+    qxClipping::the() = qxClipping();
 }

@@ -1,0 +1,23 @@
+# Gives the target Qx::Python: an embeddable Python and the Boost.Python built for it.
+#
+# Python 3 of the system, or, with QX_PYTHON27_ROOT, the Python 2.7 that Tools/install-python27 put
+# there.
+
+set(QX_PYTHON27_ROOT "" CACHE PATH "A Python 2.7 with Boost.Python to use instead of Python 3")
+
+add_library(Qx::Python INTERFACE IMPORTED)
+if(QX_PYTHON27_ROOT)
+    foreach(library python2.7 boost_python27)
+        find_library(QX_${library}_LIBRARY ${library} PATHS ${QX_PYTHON27_ROOT}/lib
+            REQUIRED NO_DEFAULT_PATH)
+        target_link_libraries(Qx::Python INTERFACE ${QX_${library}_LIBRARY})
+    endforeach()
+    target_include_directories(Qx::Python SYSTEM INTERFACE ${QX_PYTHON27_ROOT}/include/python2.7)
+    target_compile_definitions(Qx::Python INTERFACE QX_PYTHON_HOME="${QX_PYTHON27_ROOT}")
+else()
+    find_package(Python3 3.9 REQUIRED COMPONENTS Interpreter Development.Embed)
+    find_package(Boost 1.74 REQUIRED
+        COMPONENTS python${Python3_VERSION_MAJOR}${Python3_VERSION_MINOR})
+    target_link_libraries(Qx::Python INTERFACE Python3::Python
+        Boost::python${Python3_VERSION_MAJOR}${Python3_VERSION_MINOR})
+endif()

@@ -1,0 +1,7 @@
+#include "Scene/qxClipping.h"
+
+qxClipping &qxClipping::the()
+{
+    static qxClipping clipping;
+    return clipping;
+}
