@@ -9,6 +9,9 @@ find_package(Python3 REQUIRED COMPONENTS Interpreter)
 set(QX_TEST_ENVIRONMENT env QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 UBSAN_OPTIONS=print_stacktrace=1
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/Tools/leaks-of-others.txt:print_suppressions=0")
 
+# Builds the tests labelled Scripting: those that depend on which Python is embedded.
+add_custom_target(qxScriptingTests)
+
 # qx_test(<name> [LIBS deps...] [LABELS labels...])
 #
 # Builds the current folder as the test program <name> and gives CTest each of its tests. `main` is the
@@ -27,6 +30,9 @@ function(qx_test name)
     set_target_properties(${name} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests
         CROSSCOMPILING_EMULATOR "${QX_TEST_ENVIRONMENT}")
+    if("Scripting" IN_LIST arg_LABELS)
+        add_dependencies(qxScriptingTests ${name})
+    endif()
     # Listed when CTest starts: a test program that cannot start does not break the build.
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT 120 LABELS "${name};${arg_LABELS}")
