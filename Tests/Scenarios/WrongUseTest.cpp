@@ -5,7 +5,8 @@ class WrongUseTest : public ProgramFixture {};
 
 namespace {
 
-const QStringList commands{"info", "list", "state", "select", "set", "create", "document"};
+const QStringList commands{"info",   "list",     "state",  "select",  "set",
+                           "create", "document", "verify", "optimize"};
 
 } // namespace
 

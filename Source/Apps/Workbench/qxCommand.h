@@ -33,6 +33,8 @@ extern const qxCommand select;
 extern const qxCommand set;
 extern const qxCommand create;
 extern const qxCommand document;
+extern const qxCommand verify;
+extern const qxCommand optimize;
 
 /// Finds the command that `arguments` (with the program's name in front) ask for and runs it.
 int dispatch(const QStringList &arguments);

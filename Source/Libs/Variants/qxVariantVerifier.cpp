@@ -1,0 +1,258 @@
+#include "qxVariantVerifier.h"
+
+#include "Internal/qxFindCache.h"
+#include "Internal/qxKind.h"
+#include "Internal/qxSetUse.h"
+#include "Internal/qxText.h"
+
+#include "qxMaterials.h"
+#include "qxNodeUtils.h"
+
+#include <OpenSG/OSGSwitch.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+#include <QSet>
+
+#include <cstdio>
+
+const QString VariantSetType = QStringLiteral("VariantSet");
+const QString NodeVariantType = QStringLiteral("NodeVariant");
+const QString KeloNodeVariantType = QStringLiteral("KeloNodeVariant");
+const QString MaterialVariantType = QStringLiteral("MaterialVariant");
+const QString KeloMaterialVariantType = QStringLiteral("KeloMaterialVariant");
+
+namespace {
+
+typedef QSet<QString> Names;
+
+bool showsOrHides(const QString &state)
+{
+    return state == variantEnable || state == variantDisable;
+}
+
+/// Whether a switch node with children of these names can be put into the state.
+bool switchKnows(const Names &children, const QString &state)
+{
+    return children.contains(state) || state == variantAll || state == variantNone
+        || showsOrHides(state);
+}
+
+Names childNames(const osg::NodePtr &node)
+{
+    Names names;
+    for (osg::UInt32 i = 0; i < node->getNChildren(); ++i)
+        names.insert(qxText::fromUtf8(qxNodeUtils::getName(node->getChild(i))));
+    return names;
+}
+
+Names materialNames(const osg::SwitchMaterialPtr &switchMaterial)
+{
+    Names names;
+    for (const osg::MaterialPtr &each : switchMaterial->getMaterials())
+        names.insert(qxText::fromUtf8(qxMaterials::getName(each)));
+    return names;
+}
+
+} // namespace
+
+/// Writes the lines of one object: its errors, and that it is valid when there were none.
+class qxVariantVerifier::Subject {
+public:
+    Subject(qxVariantVerifier &verifier, const QString &type, const QString &name,
+            const QString &object = QString())
+        : m_verifier(verifier), m_type(type), m_name(name), m_object(object)
+    {
+    }
+
+    void error(const QString &state, const char *message) { error(m_object, state, message); }
+    void error(const QString &object, const QString &state, const char *message)
+    {
+        m_isValid = false;
+        m_verifier.writeError(m_type, m_name, object, state, message);
+    }
+    void finish()
+    {
+        if (m_isValid)
+            m_verifier.writeInfo(m_type, m_name, m_object, QString(), "valid");
+    }
+
+    /// The set's references to variants of one kind.
+    template <class Variant>
+    void checkReferences(const qxVariantSet &set, const char *noVariant, const char *noState)
+    {
+        for (const qxVariantState &each : set.*qxKind<Variant>::states) {
+            Variant *const variant = qxKinds::find<Variant>(each.variant);
+            if (!variant)
+                error(each.variant, QString(), noVariant);
+            else if (!variant->find(each.state))
+                error(each.variant, each.state, noState);
+        }
+    }
+
+    /// The options of a variant whose scene object passes the test for their names.
+    template <class Test>
+    void checkOptions(const qxVariant &variant, const Test &isKnown, const char *empty,
+                      const char *unknown)
+    {
+        for (const qxVariantOption &option : variant.options) {
+            if (option.name.isEmpty())
+                error(QString(), empty);
+            else if (!isKnown(option.name))
+                error(option.name, unknown);
+        }
+    }
+
+private:
+    qxVariantVerifier &m_verifier;
+    const QString m_type;
+    const QString m_name;
+    const QString m_object;
+    bool m_isValid = true;
+};
+
+qxVariantVerifier::qxVariantVerifier() : m_stream(&m_file)
+{
+    m_stream.setCodec("UTF-8");
+}
+
+bool qxVariantVerifier::verify(const QString &fileName)
+{
+    m_file.setFileName(fileName);
+    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    m_stream.resetStatus();
+    const bool isDone = runChecks();
+    m_stream.flush();
+    const bool isWritten = m_file.flush() && m_stream.status() == QTextStream::Ok;
+    m_file.close();
+    return isDone && isWritten;
+}
+
+bool qxVariantVerifier::runChecks()
+{
+    try {
+        verifyVariantSets();
+        verifyNodeVariants();
+        verifyMaterialVariants();
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
+
+void qxVariantVerifier::verifyVariantSets()
+{
+    for (qxVariantSet *set : qxVariants::_variantSets)
+        verifyVariantSet(*set);
+}
+
+void qxVariantVerifier::verifyVariantSet(qxVariantSet &set)
+{
+    Subject subject(*this, VariantSetType, set.name);
+    subject.checkReferences<qxNodeVariant>(set, "node variant not found",
+                                           "requested state not found in node variant");
+    subject.checkReferences<qxMaterialVariant>(set, "material variant not found",
+                                               "requested state not found in material variant");
+    subject.finish();
+}
+
+void qxVariantVerifier::verifyNodeVariants()
+{
+    const qxFindCache cache(!qxVariants::_nodeVariants.empty());
+    for (qxNodeVariant *variant : qxVariants::_nodeVariants)
+        verifyNodeVariant(*variant);
+}
+
+void qxVariantVerifier::verifyNodeVariant(qxNodeVariant &variant)
+{
+    Subject subject(*this, NodeVariantType, variant.name, variant.nodeName);
+    const qxNodePtr node = qxScenegraph::findNode(qxText::toUtf8(variant.nodeName).c_str());
+    if (node == osg::NullFC)
+        return subject.error(QString(), "switch-node not found");
+
+    const char *const empty = "empty state in node variant";
+    const char *const unknown = "node state not found in switch node";
+    const QString &standard = variant.defaultState;
+    if (osg::SwitchPtr::dcast(node->getCore()) == osg::NullFC) {
+        if (!standard.isEmpty() && !showsOrHides(standard))
+            return subject.error(QString(),
+                                 "node is not a switch-node and has illegal default value");
+        subject.checkOptions(variant, showsOrHides, empty, unknown);
+        return subject.finish();
+    }
+    const Names children = childNames(node);
+    const auto isKnown = [&](const QString &state) { return switchKnows(children, state); };
+    if (!standard.isEmpty() && !variant.find(standard))
+        subject.error(standard, "default node state not found in node variant");
+    else if (!standard.isEmpty() && !isKnown(standard))
+        subject.error(standard, "default node state not found in switch node");
+    subject.checkOptions(variant, isKnown, empty, unknown);
+    subject.finish();
+}
+
+void qxVariantVerifier::verifyMaterialVariants()
+{
+    for (qxMaterialVariant *variant : qxVariants::_materialVariants)
+        verifyMaterialVariant(*variant);
+}
+
+void qxVariantVerifier::verifyMaterialVariant(qxMaterialVariant &variant)
+{
+    Subject subject(*this, MaterialVariantType, variant.name, variant.switchMaterialName);
+    const osg::MaterialPtr material =
+        qxMaterials::findMaterial(qxText::toUtf8(variant.switchMaterialName).c_str());
+    if (material == osg::NullFC)
+        return subject.error(QString(), "switch-material not found");
+    const auto switchMaterial = osg::SwitchMaterialPtr::dcast(material);
+    if (switchMaterial == osg::NullFC)
+        return subject.error(QString(), "material is not a switch-material");
+
+    const Names materials = materialNames(switchMaterial);
+    const QString &standard = variant.defaultState;
+    if (!standard.isEmpty() && !variant.find(standard))
+        return subject.error(standard, "default material state not found in material variant");
+    if (!standard.isEmpty() && !materials.contains(standard))
+        return subject.error(standard, "default material state not found in switch material");
+    subject.checkOptions(
+        variant, [&](const QString &state) { return materials.contains(state); },
+        "empty state in material variant", "material state not found in switch material");
+    subject.finish();
+}
+
+void qxVariantVerifier::writeError(const QString &type, const QString &a, const QString &b,
+                                   const QString &c, const char *message)
+{
+    ++m_errors;
+    report({QStringLiteral("Error"), type, a, b, c, QString::fromUtf8(message)});
+    std::printf("Error,%s,%s,%s,%s,%s\n", type.toUtf8().constData(), a.toUtf8().constData(),
+                b.toUtf8().constData(), c.toUtf8().constData(), message);
+}
+
+void qxVariantVerifier::writeInfo(const QString &type, const QString &a, const QString &b,
+                                  const QString &c, const char *message)
+{
+    report({QStringLiteral("Info"), type, a, b, c, QString::fromUtf8(message)});
+    std::printf("Info,%s,%s,%s,%s,%s\n", type.toUtf8().constData(), a.toUtf8().constData(),
+                b.toUtf8().constData(), c.toUtf8().constData(), message);
+}
+
+void qxVariantVerifier::report(const QStringList &columns)
+{
+    if (!m_file.isOpen())
+        return;
+    for (int i = 0; i < columns.size(); ++i)
+        m_stream << (i > 0 ? "," : "") << columns[i];
+    m_stream << "\n";
+}
+
+bool qxVariantVerifier::verifyKelo()
+{
+    // By index, because listeners may change the list.
+    for (std::size_t index = 0; index < qxVariants::_variantSets.size(); ++index) {
+        qxVariantSet &set = *qxVariants::_variantSets[index];
+        const qxSetUse use(set);
+        set.select(false, false);
+        set.selectDefault();
+    }
+    return true;
+}

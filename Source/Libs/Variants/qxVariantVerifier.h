@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QFile>
+#include <QTextStream>
+
+class qxMaterialVariant;
+class qxNodeVariant;
+class qxVariantSet;
+
+/// What a line of the report is about; the second column.
+extern const QString VariantSetType; ///< "VariantSet"
+extern const QString NodeVariantType; ///< "NodeVariant"
+extern const QString KeloNodeVariantType; ///< "KeloNodeVariant", reserved
+extern const QString MaterialVariantType; ///< "MaterialVariant"
+extern const QString KeloMaterialVariantType; ///< "KeloMaterialVariant", reserved
+
+/// Compares the sets, node variants and material variants of the registry with each other and with
+/// the scene.
+///
+/// Each problem, and each object without one, is a line of six columns with commas between: "Error"
+/// or "Info", the type, three texts of context, and the message. Nothing is quoted or escaped.
+/// Lines go to standard output and, while verify runs, to the report file as well, both in UTF-8.
+/// The checks change neither registry nor scene.
+class qxVariantVerifier {
+public:
+    qxVariantVerifier();
+    qxVariantVerifier(const qxVariantVerifier &) = delete;
+    qxVariantVerifier &operator=(const qxVariantVerifier &) = delete;
+
+    /// Runs the three checks and writes their lines to the file, in place of what it held. False
+    /// when the file cannot be opened or written, or when a check throws, with the lines up to
+    /// there. Errors that the checks find do not count.
+    bool verify(const QString &fileName);
+
+    /// Every node and material variant that a set refers to exists and has the requested state.
+    void verifyVariantSets();
+    /// Every node variant has its node, and the node's children bear the names of its states.
+    void verifyNodeVariants();
+    /// Every material variant has its switch material with materials of the names of its states.
+    void verifyMaterialVariants();
+
+    /// Writes one line; `a`, `b` and `c` are the texts of context and may be empty.
+    void writeError(const QString &type, const QString &a, const QString &b, const QString &c,
+                    const char *message);
+    void writeInfo(const QString &type, const QString &a, const QString &b, const QString &c,
+                   const char *message);
+    /// How many error lines were written so far.
+    int errorCount() const { return m_errors; }
+
+    /// Selects every set without its extras and then its defaults, so that whoever watches sees
+    /// each of them at work. Always true.
+    bool verifyKelo();
+
+private:
+    /// The object that is being checked.
+    class Subject;
+
+    bool runChecks();
+    void verifyVariantSet(qxVariantSet &set);
+    void verifyNodeVariant(qxNodeVariant &variant);
+    void verifyMaterialVariant(qxMaterialVariant &variant);
+    /// The same line to the report, while one is open.
+    void report(const QStringList &columns);
+
+    QFile m_file;
+    QTextStream m_stream;
+    int m_errors = 0;
+};
