@@ -1,8 +1,10 @@
 #include "TestScene.h"
 
+#include "Materials/qxSurface.h"
 #include "OSGOverlayCore.h"
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
+#include "Scene/qxScene.h"
 #include "Scene/qxTransformStates.h"
 #include "qxAnimManager.h"
 #include "qxMaterials.h"
@@ -223,6 +225,16 @@ TestNode TestScene::addOverlaySwitch(const std::string &name, const Names &child
     return addSwitch(name, children, qxOverlays::getPoolRoot());
 }
 
+TestNode TestScene::addEnvironments(const std::string &name, const Names &children)
+{
+    const osg::NodePtr node = osg::makeNodeFor(osg::Switch::create());
+    osg::setName(node, name);
+    qxScene::current()->setEnvironment(node);
+    for (const std::string &child : children)
+        add(child, node);
+    return node;
+}
+
 TestMaterial TestScene::addMaterial(const std::string &name)
 {
     const osg::SimpleMaterialPtr material = osg::SimpleMaterial::create();
@@ -232,6 +244,15 @@ TestMaterial TestScene::addMaterial(const std::string &name)
     const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
     pool->add(osg::MaterialPtr(material));
     return osg::MaterialPtr(material);
+}
+
+TestMaterial TestScene::addEnvironmentMaterial(const std::string &name)
+{
+    const TestMaterial material = addMaterial(name);
+    qxSurface surface;
+    surface.environment = true;
+    surface.setTo(material);
+    return material;
 }
 
 TestMaterial TestScene::addSwitchMaterial(const std::string &name, const Names &materials)

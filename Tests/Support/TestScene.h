@@ -83,8 +83,14 @@ public:
     /// A switch of overlays below the root of the overlay pool; its choice is -1.
     TestNode addOverlaySwitch(const std::string &name, const Names &children);
 
+    /// The scene's environment: a switch, outside of the tree, with a group of each name as its
+    /// children; its choice is -1.
+    TestNode addEnvironments(const std::string &name, const Names &children);
+
     /// A simple material in the scene's pool.
     TestMaterial addMaterial(const std::string &name);
+    /// The same, marked as a material for environments.
+    TestMaterial addEnvironmentMaterial(const std::string &name);
     /// A switch material in the scene's pool, holding the first material of each name; those that
     /// do not exist are added before it. Its choice is 0.
     TestMaterial addSwitchMaterial(const std::string &name, const Names &materials);

@@ -14,6 +14,10 @@
 /// bracket, and all others after the module message qxModuleBase::MaterialsChanged.
 ///
 /// Names are UTF-8; an empty or null name finds nothing.
+///
+/// The host answers the call "MaterialGetUniqueName": the field "Switch" (text) is the wanted name
+/// of a new switch material, and the reply "newname" (text) is that name, with a number behind it
+/// when a material of the scene has it already.
 class qxMaterials {
 public:
     /// The material's name; empty for a null material and for one without a name.
@@ -29,6 +33,9 @@ public:
 
     /// Whether the user may change the material; false for a null one.
     static bool isEditable(const osg::MaterialPtr &material);
+    /// Whether the material is made for what surrounds the scene: one that is marked so, and a
+    /// switch or multi-pass material that contains one. False for a null one.
+    static bool isEnvironmentMaterial(const osg::MaterialPtr &material);
     /// Appends every scene node whose core shows this very material, in scene order.
     static void getNodesWithMaterial(std::vector<qxNodePtr> &nodes,
                                      const osg::MaterialPtr &material);

@@ -17,6 +17,9 @@ public:
     static std::string getUniqueName(const std::string &base,
                                      const std::vector<std::string> &existing);
 
+    /// Whether the node is qxScenegraph::environmentGeometrySwitch(); false for a null node.
+    static bool isEnvironmentGeometrySwitch(const osg::NodePtr &node);
+
     /// The node and everything below it, in scene order; empty for a null node.
     static std::vector<qxNodePtr> getSubTreeNodes(const osg::NodePtr &node);
 

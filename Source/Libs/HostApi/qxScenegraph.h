@@ -10,11 +10,14 @@
 ///
 /// Names follow the rule of qxNodeUtils::getName and are UTF-8; an empty or null name finds
 /// nothing. Results come in scene order: depth first, a node before its children, children in
-/// order.
+/// order; those of the environment come last.
 class qxScenegraph {
 public:
     /// The topmost node; never null while the host runs.
     static osg::NodePtr getRoot();
+    /// The switch whose children are the environments, what surrounds the scene: the chosen one is
+    /// the background. It is not below the root and has no parent. Null when the scene has none.
+    static osg::NodePtr environmentGeometrySwitch();
 
     /// The first node of that name, or null.
     static qxNodePtr findNode(const char *name);

@@ -4,6 +4,7 @@
 #include "Cameras/qxMainView.h"
 #include "Cameras/qxRunningClips.h"
 #include "Core/qxRenderRequests.h"
+#include "Materials/qxMaterialNameService.h"
 #include "Scene/qxClipping.h"
 #include "Scene/qxOverlayService.h"
 #include "Scene/qxScene.h"
@@ -61,6 +62,7 @@ struct qxHost::Services {
     qxMainCameraService camera;
     qxSceneTransformService transform;
     qxOverlayService overlays;
+    qxMaterialNameService materialNames;
     qxRunningClips clips;
     int renderListener = 0;
 };

@@ -8,6 +8,8 @@ const BitVector Surface::AlphaModeFieldMask = TypeTraits<BitVector>::One
 const BitVector Surface::DoubleSidedFieldMask = TypeTraits<BitVector>::One
     << Surface::DoubleSidedFieldId;
 const BitVector Surface::UnlitFieldMask = TypeTraits<BitVector>::One << Surface::UnlitFieldId;
+const BitVector Surface::EnvironmentFieldMask = TypeTraits<BitVector>::One
+    << Surface::EnvironmentFieldId;
 
 FieldDescription *Surface::_desc[] = {
     new FieldDescription(MFReal32::getClassType(), "factors", FactorsFieldId, FactorsFieldMask,
@@ -18,7 +20,10 @@ FieldDescription *Surface::_desc[] = {
                          DoubleSidedFieldMask, false,
                          (FieldAccessMethod)&Surface::getSFDoubleSided),
     new FieldDescription(SFBool::getClassType(), "unlit", UnlitFieldId, UnlitFieldMask, false,
-                         (FieldAccessMethod)&Surface::getSFUnlit)};
+                         (FieldAccessMethod)&Surface::getSFUnlit),
+    new FieldDescription(SFBool::getClassType(), "environment", EnvironmentFieldId,
+                         EnvironmentFieldMask, false,
+                         (FieldAccessMethod)&Surface::getSFEnvironment)};
 
 FieldContainerType Surface::_type("Surface", "Attachment", "Surface",
                                   (PrototypeCreateF)&Surface::createEmpty, NULL, _desc,
@@ -26,11 +31,15 @@ FieldContainerType Surface::_type("Surface", "Attachment", "Surface",
 
 OSG_FIELD_CONTAINER_DEF(Surface, SurfacePtr)
 
-Surface::Surface() : Inherited(), _sfAlphaMode(0), _sfDoubleSided(false), _sfUnlit(false) {}
+Surface::Surface()
+    : Inherited(), _sfAlphaMode(0), _sfDoubleSided(false), _sfUnlit(false), _sfEnvironment(false)
+{
+}
 
 Surface::Surface(const Surface &other)
     : Inherited(other), _mfFactors(other._mfFactors), _sfAlphaMode(other._sfAlphaMode),
-      _sfDoubleSided(other._sfDoubleSided), _sfUnlit(other._sfUnlit)
+      _sfDoubleSided(other._sfDoubleSided), _sfUnlit(other._sfUnlit),
+      _sfEnvironment(other._sfEnvironment)
 {
 }
 
@@ -55,6 +64,8 @@ void Surface::executeSync(FieldContainer &other, const BitVector &which, const S
         _sfDoubleSided.syncWith(from._sfDoubleSided);
     if (which & UnlitFieldMask)
         _sfUnlit.syncWith(from._sfUnlit);
+    if (which & EnvironmentFieldMask)
+        _sfEnvironment.syncWith(from._sfEnvironment);
 }
 
 OSG_END_NAMESPACE

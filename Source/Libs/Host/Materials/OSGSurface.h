@@ -22,18 +22,21 @@ public:
         AlphaModeFieldId = FactorsFieldId + 1,
         DoubleSidedFieldId = AlphaModeFieldId + 1,
         UnlitFieldId = DoubleSidedFieldId + 1,
-        NextFieldId = UnlitFieldId + 1
+        EnvironmentFieldId = UnlitFieldId + 1,
+        NextFieldId = EnvironmentFieldId + 1
     };
     static const BitVector FactorsFieldMask;
     static const BitVector AlphaModeFieldMask;
     static const BitVector DoubleSidedFieldMask;
     static const BitVector UnlitFieldMask;
+    static const BitVector EnvironmentFieldMask;
     OSG_FIELD_CONTAINER_DECL(SurfacePtr)
 
     MFReal32 *getMFFactors() { return &_mfFactors; }
     SFUInt32 *getSFAlphaMode() { return &_sfAlphaMode; }
     SFBool *getSFDoubleSided() { return &_sfDoubleSided; }
     SFBool *getSFUnlit() { return &_sfUnlit; }
+    SFBool *getSFEnvironment() { return &_sfEnvironment; }
 
     /// Metallic, roughness, alpha cut-off, emissive strength.
     MFReal32 &getFactors() { return _mfFactors; }
@@ -55,6 +58,7 @@ protected:
     SFUInt32 _sfAlphaMode;
     SFBool _sfDoubleSided;
     SFBool _sfUnlit;
+    SFBool _sfEnvironment;
 
 private:
     friend class FieldContainer; // builds and destroys the instances

@@ -1,7 +1,6 @@
 #include "Materials/qxMaterialUsers.h"
 
 #include "Scene/qxNodeWalk.h"
-#include "qxScenegraph.h"
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGMaterialDrawable.h>
@@ -89,7 +88,7 @@ void qxMaterialUsers::read()
     m_nodes.clear();
     m_placeOf.clear();
     m_users.clear();
-    qxWalkNodes(qxScenegraph::getRoot(), [this](const osg::NodePtr &node) {
+    qxWalkScene([this](const osg::NodePtr &node) {
         osg::MaterialPtr material;
         if (!readMaterial(node->getCore(), material))
             return true;

@@ -20,6 +20,7 @@ qxSurface qxSurface::of(const osg::MaterialPtr &material)
     surface.alphaMode = AlphaMode(stored->getSFAlphaMode()->getValue());
     surface.doubleSided = stored->getSFDoubleSided()->getValue();
     surface.unlit = stored->getSFUnlit()->getValue();
+    surface.environment = stored->getSFEnvironment()->getValue();
     return surface;
 }
 
@@ -33,6 +34,7 @@ void qxSurface::setTo(const osg::MaterialPtr &material) const
         stored->getSFAlphaMode()->setValue(osg::UInt32(alphaMode));
         stored->getSFDoubleSided()->setValue(doubleSided);
         stored->getSFUnlit()->setValue(unlit);
+        stored->getSFEnvironment()->setValue(environment);
     }
     const osg::CPEditor edit(material, osg::AttachmentContainer::AttachmentsFieldMask);
     material->addAttachment(stored);
@@ -42,7 +44,7 @@ bool qxSurface::operator==(const qxSurface &other) const
 {
     const auto values = [](const qxSurface &s) {
         return std::make_tuple(s.metallic, s.roughness, s.alphaCutoff, s.emissiveStrength,
-                               s.alphaMode, s.doubleSided, s.unlit);
+                               s.alphaMode, s.doubleSided, s.unlit, s.environment);
     };
     return values(*this) == values(other);
 }

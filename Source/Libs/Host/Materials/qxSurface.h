@@ -14,6 +14,7 @@ struct qxSurface {
     AlphaMode alphaMode = Opaque;
     bool doubleSided = false;
     bool unlit = false; ///< shows its base colour whatever the lights
+    bool environment = false; ///< made for what surrounds the scene
 
     /// What `material` was given by setTo; the values above when it was given nothing or is null.
     static qxSurface of(const osg::MaterialPtr &material);

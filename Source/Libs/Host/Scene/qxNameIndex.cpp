@@ -25,9 +25,9 @@ std::size_t powerOfTwoAbove(std::size_t count)
 
 } // namespace
 
-qxNameIndex::qxNameIndex(const osg::NodePtr &top)
+qxNameIndex::qxNameIndex()
 {
-    qxWalkNodes(top, [this](const osg::NodePtr &node) {
+    qxWalkScene([this](const osg::NodePtr &node) {
         m_entries.push_back({node, hashOf(qxNodeName(node)), none});
         return true;
     });

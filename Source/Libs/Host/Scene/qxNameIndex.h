@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <vector>
 
-/// Finds the nodes of a tree by name. Made in one pass; what changes in the tree later is not seen,
+/// Finds the nodes of the scene by name. Made in one pass; what changes in it later is not seen,
 /// and a node that is renamed, removed or added outdates the index.
 class qxNameIndex {
 public:
-    explicit qxNameIndex(const osg::NodePtr &top);
+    qxNameIndex();
 
     /// The first node of that name in scene order, or null.
     qxNodePtr first(const char *name) const;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qxScenegraph.h"
+
 #include <OpenSG/OSGNode.h>
 
 #include <vector>
@@ -9,19 +11,29 @@
 const char *qxNodeName(const osg::NodePtr &node);
 
 /// Calls `visit(node)` for `top` and everything below it in scene order, until it returns false.
-/// Nothing may be added or removed meanwhile. The depth of the scene does not matter.
+/// Nothing may be added or removed meanwhile. The depth of the scene does not matter. Says whether
+/// all were visited.
 template <class Visit>
-void qxWalkNodes(const osg::NodePtr &top, const Visit &visit)
+bool qxWalkNodes(const osg::NodePtr &top, const Visit &visit)
 {
     if (top == osg::NullFC)
-        return;
+        return true;
     std::vector<osg::NodePtr> open(1, top);
     while (!open.empty()) {
         const osg::NodePtr node = open.back();
         open.pop_back();
         if (!visit(node))
-            return;
+            return false;
         const osg::MFNodePtr &children = *node->getMFChildren();
         open.insert(open.end(), children.rbegin(), children.rend());
     }
+    return true;
+}
+
+/// The same for the whole scene: the root and what is below it, then the environment.
+template <class Visit>
+void qxWalkScene(const Visit &visit)
+{
+    if (qxWalkNodes(qxScenegraph::getRoot(), visit))
+        qxWalkNodes(qxScenegraph::environmentGeometrySwitch(), visit);
 }

@@ -50,6 +50,14 @@ void removeChildren(const osg::NodePtr &node)
         node->subChild(node->getNChildren() - 1);
 }
 
+/// Records an edit that changes nothing: what is derived from the scene reads the edits.
+void noteMove(const osg::NodePtr &node)
+{
+    if (node == osg::NullFC)
+        return;
+    const osg::CPEditor edit(node, osg::Node::ParentFieldMask);
+}
+
 } // namespace
 
 qxScene::qxScene()
@@ -74,9 +82,19 @@ qxScene *qxScene::current()
     return currentScene;
 }
 
+void qxScene::setEnvironment(const osg::NodePtr &node)
+{
+    noteMove(m_environment.get());
+    m_environment = node;
+    noteMove(node);
+}
+
 void qxScene::clear()
 {
     qxScenegraph::clearFindCache();
+    if (m_environment != osg::NullFC)
+        removeChildren(m_environment.get());
+    setEnvironment(osg::NullFC);
     removeChildren(m_root);
     removeChildren(m_overlayRoot);
     const osg::CPEditor edit(m_materialPool, osg::MaterialPool::MaterialsFieldMask);

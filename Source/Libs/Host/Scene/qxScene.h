@@ -2,9 +2,10 @@
 
 #include <OpenSG/OSGMaterialPool.h>
 #include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGRefPtr.h>
 
-/// The fixed parts of the scene: its root, the root of the overlays and the pool of materials. They
-/// live as long as the host; the scene graph must have been started.
+/// The parts of the scene: its root, the root of the overlays and the pool of materials, which live
+/// as long as the host, and the environment. The scene graph must have been started.
 class qxScene {
 public:
     qxScene();
@@ -19,12 +20,17 @@ public:
     /// A node named "Overlays", not part of the tree below the root.
     const osg::NodePtr &overlayRoot() const { return m_overlayRoot; }
     const osg::MaterialPoolPtr &materialPool() const { return m_materialPool; }
+    /// The switch over the environments; null when there is none.
+    osg::NodePtr environment() const { return m_environment.get(); }
+    /// Replaces it; null takes it away. The node must have a Switch core and no parent.
+    void setEnvironment(const osg::NodePtr &node);
 
-    /// Takes everything out of the three and forgets the find cache.
+    /// Takes everything out of them and forgets the find cache.
     void clear();
 
 private:
     osg::NodePtr m_root;
     osg::NodePtr m_overlayRoot;
     osg::MaterialPoolPtr m_materialPool;
+    osg::NodeRefPtr m_environment;
 };

@@ -41,7 +41,7 @@ qxNodePtr qxScenegraph::findNode(const char *name)
         return found;
     if (findCache())
         return findCache()->first(name);
-    qxWalkNodes(getRoot(), [&](const osg::NodePtr &node) {
+    qxWalkScene([&](const osg::NodePtr &node) {
         if (std::strcmp(qxNodeName(node), name) != 0)
             return true;
         found = node;
@@ -57,7 +57,7 @@ std::vector<qxNodePtr> qxScenegraph::findNodes(const char *name)
         return found;
     if (findCache())
         return findCache()->all(name);
-    qxWalkNodes(getRoot(), [&](const osg::NodePtr &node) {
+    qxWalkScene([&](const osg::NodePtr &node) {
         if (std::strcmp(qxNodeName(node), name) == 0)
             found.push_back(node);
         return true;
@@ -72,7 +72,7 @@ bool qxScenegraph::hasFindCache()
 
 void qxScenegraph::initFindCache()
 {
-    findCache() = std::make_unique<qxNameIndex>(getRoot());
+    findCache() = std::make_unique<qxNameIndex>();
 }
 
 void qxScenegraph::clearFindCache()

@@ -273,6 +273,15 @@ void updateMaterials()
     qxController::call("updateMaterials", AtOnce);
 }
 
+QString uniqueMaterialName(const QString &wanted)
+{
+    qxMessage message;
+    set(message, "Switch", qxText::toUtf8(wanted));
+    qxController::call("MaterialGetUniqueName", message, AtOnce);
+    const auto *reply = message.get<std::string>("newname");
+    return reply ? qxText::fromUtf8(*reply) : QString();
+}
+
 void sceneMaterialsChanged()
 {
     qxMessage message(qxModuleBase::MaterialsChanged);

@@ -82,6 +82,9 @@ void variantsMaterialChanged(const std::string &variantName, const std::string &
                              const std::string &materialBaseName);
 /// The materials of a switch material changed.
 void updateMaterials();
+/// The host's name for a new switch material that would be called `wanted`: one that no material
+/// has. Empty when no host answers.
+QString uniqueMaterialName(const QString &wanted);
 /// Tells the other modules that materials came, went or were replaced in the scene.
 void sceneMaterialsChanged();
 

@@ -1,0 +1,9 @@
+#pragma once
+
+/// Finds names for new materials: answers "MaterialGetUniqueName" while it lives (see qxMaterials).
+class qxMaterialNameService {
+public:
+    qxMaterialNameService();
+    qxMaterialNameService(const qxMaterialNameService &) = delete;
+    ~qxMaterialNameService();
+};
