@@ -15,6 +15,8 @@ if(QX_PYTHON27_ROOT)
     target_include_directories(Qx::Python SYSTEM INTERFACE ${QX_PYTHON27_ROOT}/include/python2.7)
     target_compile_definitions(Qx::Python INTERFACE QX_PYTHON_HOME="${QX_PYTHON27_ROOT}")
 else()
+    # The system's own is the one that its Boost.Python is built for; another may come first in PATH.
+    set(Python3_ROOT_DIR /usr CACHE PATH "Where the Python 3 of the system's Boost.Python is")
     find_package(Python3 3.9 REQUIRED COMPONENTS Interpreter Development.Embed)
     find_package(Boost 1.74 REQUIRED
         COMPONENTS python${Python3_VERSION_MAJOR}${Python3_VERSION_MINOR})
