@@ -15,4 +15,15 @@ public:
     /// returns here on "home"; with `redraw` 1 a new picture is asked for. An unknown id is
     /// ignored.
     virtual void moveToViewpoint(int id, int duration, int home, int redraw) = 0;
+
+    /// The id of the camera through which the main view looks; 0 when it has none yet. These ids
+    /// are the service's own, not those of viewpoints.
+    virtual int getActiveCamera() const = 0;
+    /// The id of what can be stored of that camera, 0 for an unknown one: of a copy under a name of
+    /// its own, or of the camera itself.
+    virtual int getCopyOf(int camera) const = 0;
+    virtual int getSourceOf(int camera) const = 0;
+    /// Stores what `source` stands for as a new viewpoint and returns its id in the pool, -1 for an
+    /// unknown source. A name that a viewpoint has already gets a number.
+    virtual int createViewpoint(const std::string &name, int source) = 0;
 };

@@ -2,6 +2,8 @@
 
 #include <functional>
 
+class QWidget;
+class qxDockWindowManager;
 class qxMessage;
 
 /// The host's switchboard: whoever changes something calls it by name, whoever shows it listens.
@@ -34,4 +36,13 @@ public:
     /// Asks for a new picture; with `everything` also what a picture keeps between frames is
     /// redone.
     static void updateRender(bool everything);
+
+    /// The host is busy from a call with true until as many calls with false; one false too many is
+    /// ignored. With `cursor` the mouse pointer says so; both calls of a pair have it the same.
+    static void setBusy(bool busy, bool cursor);
+
+    /// The application's window, null when there is none.
+    static QWidget *getMainWindow();
+    /// Never null.
+    static qxDockWindowManager *getDockWindowManager();
 };

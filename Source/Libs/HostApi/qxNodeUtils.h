@@ -2,10 +2,13 @@
 
 #include "qxNodePtr.h"
 
+#include <OpenSG/OSGMaterialFields.h>
+
 #include <string>
 #include <vector>
 
-/// What the host knows about single nodes: names, sub-trees and named transform states.
+/// What the host knows about single nodes: names, sub-trees, clones, materials and named transform
+/// states.
 class qxNodeUtils {
 public:
     /// The node's name as UTF-8: its own name attachment, else that of its core, else the name of
@@ -17,11 +20,32 @@ public:
     static std::string getUniqueName(const std::string &base,
                                      const std::vector<std::string> &existing);
 
+    /// Names the node. With `makeUnique` the name is made unlike that of every other node at and
+    /// below `root` (see getUniqueName), and the node's clones of the same name are renamed with
+    /// it. Null nodes are left alone.
+    static void setName(const osg::NodePtr &node, const std::string &name, bool makeUnique,
+                        const osg::NodePtr &root);
+
     /// Whether the node is qxScenegraph::environmentGeometrySwitch(); false for a null node.
     static bool isEnvironmentGeometrySwitch(const osg::NodePtr &node);
 
     /// The node and everything below it, in scene order; empty for a null node.
     static std::vector<qxNodePtr> getSubTreeNodes(const osg::NodePtr &node);
+    /// Every node of the scene, the root first.
+    static std::vector<qxNodePtr> getSceneNodes();
+
+    /// Whether one of the nodes is a clone of the other: both show the same core.
+    static bool isCloneOf(const osg::NodePtr &node, const osg::NodePtr &other);
+    /// Appends every node of the scene that shares the node's core, the node itself included when
+    /// it is part of the scene.
+    static void getInstancesInScenegraph(const osg::NodePtr &node, std::vector<qxNodePtr> &nodes);
+
+    /// The material of a material group or of a geometry; null for other nodes.
+    static osg::MaterialPtr getMaterial(const osg::NodePtr &node);
+    /// Gives the material to a material group or a geometry; with `subTree` also to all of them
+    /// below the node, with `announce` the other modules are told that materials changed.
+    static void setMaterial(const osg::NodePtr &node, const osg::MaterialPtr &material,
+                            bool subTree, bool announce);
 
     /// Whether the host keeps named transform states for the node. The operations below answer 0,
     /// -1 or an empty text for a node without them.
@@ -34,4 +58,6 @@ public:
     /// The state that was selected last, -1 when none was.
     static int getTransformVariantCurrentIndex(const osg::NodePtr &node);
     static std::string getSelectedTransformVariantName(const osg::NodePtr &node);
+    /// Whether the node still stands where the state that was selected last has put it.
+    static bool isTransformVariantInState(const osg::NodePtr &node);
 };

@@ -15,6 +15,8 @@ class qxScenegraph {
 public:
     /// The topmost node; never null while the host runs.
     static osg::NodePtr getRoot();
+    /// The same node as a handle.
+    static qxNodePtr getRootNode();
     /// The switch whose children are the environments, what surrounds the scene: the chosen one is
     /// the background. It is not below the root and has no parent. Null when the scene has none.
     static osg::NodePtr environmentGeometrySwitch();
@@ -32,6 +34,10 @@ public:
 
     /// Makes the given nodes and all their ancestors visible (traversal mask 0xFFFFFFFF).
     static void showNodes(const std::vector<qxNodePtr> &nodes);
+
+    /// Brings everything that is derived from the scene up to date and asks for a new picture;
+    /// `mode` 0 does so at once, 1 redoes what a picture keeps between frames as well.
+    static void update(int mode);
 
     /// The pool that holds the materials of the scene; never null while the host runs.
     static osg::MaterialPoolPtr getMaterialPool();

@@ -33,3 +33,10 @@ public:
 private:
     std::vector<qxUberCamera> m_cameras;
 };
+
+/// What can be asked of a single viewpoint.
+class qxUberCameraUtils {
+public:
+    /// The viewpoint's name (UTF-8); empty for a null one.
+    static std::string getName(const qxUberCamera *camera);
+};

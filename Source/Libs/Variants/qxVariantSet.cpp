@@ -53,6 +53,13 @@ void qxVariantSet::addMaterialSnapshot(const QString &nodePath, const QString &m
     materialSnapshots.insert(nodePath, materialName);
 }
 
+void qxVariantSet::appendToScript(const QString &line)
+{
+    if (!script.isEmpty())
+        script += QLatin1Char('\n');
+    script += line;
+}
+
 void qxVariantSet::setInclInfo(bool nodes, bool mats, bool lights, bool env, bool view)
 {
     inclNodes = nodes;

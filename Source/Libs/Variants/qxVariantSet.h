@@ -70,6 +70,9 @@ public:
     /// Replaces the material recorded for that path, if any.
     void addMaterialSnapshot(const QString &nodePath, const QString &materialName);
 
+    /// Adds one line to the script.
+    void appendToScript(const QString &line);
+
     void setInclInfo(bool nodes, bool mats, bool lights, bool env, bool view);
     void getInclInfo(bool &nodes, bool &mats, bool &lights, bool &env, bool &view) const;
     /// Reads `key` and `modifiers` from `hotkey`.

@@ -2,9 +2,18 @@
 
 #include "Internal/qxNamedList.h"
 
-#include <OpenSG/OSGMaterialFields.h>
-#include <OpenSG/OSGNode.h>
+#include "qxNodePtr.h"
 
+#include <OpenSG/OSGMaterialGroupFields.h>
+#include <OpenSG/OSGMultiPassMaterialFields.h>
+#include <OpenSG/OSGSwitchMaterialFields.h>
+
+#include <QMap>
+#include <QSet>
+
+#include <set>
+
+class QProgressDialog;
 class qxLightVariant;
 class qxMaterialVariant;
 class qxMessage;
@@ -95,6 +104,34 @@ public:
     /// Applies the set of that name (UTF-8) after showing its target nodes. `flag` keeps the camera
     /// where it is. An unknown name is ignored.
     static void selectVariantSet(const char *name, bool flag);
+    /// Whether every node of the scene can be told apart by its name or path; otherwise the user is
+    /// asked to let those that cannot be renamed, and the answer is true when they were.
+    static bool verifyNodeNames();
+    /// Asks that question; true for "Rename". Without windows the nodes are logged, and it is
+    /// false.
+    static bool showAmbiguousNodesDialog(std::vector<osg::NodePtr> &nodes);
+    /// Whether a set refers to one of the nodes, so that renaming it might break the set.
+    static bool containsAmbiguousVSets(std::vector<osg::NodePtr> &nodes);
+    /// Whether a node has exactly that path (UTF-8), as far as the last capture knows the scene.
+    /// With `apply` all further nodes of that path get the material of the first one. `node` does
+    /// not matter.
+    static bool checkIfNodeMatchesNodePath(osg::NodePtr node, const char *path, bool apply);
+
+    /// Reconciles the material of a node with what the snapshots of other sets hold for its path:
+    /// where they differ, the node gets a switch material that holds both. `capture` says whether
+    /// `set` is being captured. The remaining arguments are those of captureVariantsFromRootNode.
+    static void handleMaterialSnapshots(qxVariantSet *set, osg::NodePtr node, const QString &path,
+                                        osg::MaterialPtr material,
+                                        const std::vector<qxNodePtr> &roots,
+                                        QSet<QString> &visitedNames,
+                                        std::set<osg::SwitchMaterialPtr> &visitedSwitchMaterials,
+                                        std::set<osg::MaterialPtr> &visitedMaterials, bool capture,
+                                        bool notify);
+    /// Does so for the whole scene, for no set in particular.
+    static void restoreSwitchNodes();
+    /// Gives the material to a material group or a geometry.
+    static void changeMaterial(osg::NodePtr node, osg::MaterialPtr material);
+
     /// Splits key-sequence text in the native format into the key code and the modifiers of its
     /// first combination; both are 0 for a text that names no key.
     static void mapHotkey(const QString &text, int &key, Qt::KeyboardModifiers &modifiers);

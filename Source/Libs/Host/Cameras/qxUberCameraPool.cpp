@@ -30,3 +30,8 @@ void qxUberCameraPool::clear()
 {
     m_cameras.clear();
 }
+
+std::string qxUberCameraUtils::getName(const qxUberCamera *camera)
+{
+    return camera ? camera->name : std::string();
+}

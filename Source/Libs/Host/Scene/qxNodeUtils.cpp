@@ -1,7 +1,9 @@
 #include "qxNodeUtils.h"
 
+#include "Scene/qxNodeNames.h"
 #include "Scene/qxNodeWalk.h"
 #include "Scene/qxTransformStates.h"
+#include "qxScenegraph.h"
 
 #include <OpenSG/OSGNodeCore.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -60,6 +62,23 @@ std::string qxNodeUtils::getUniqueName(const std::string &base,
     return base + " " + std::to_string(free);
 }
 
+void qxNodeUtils::setName(const osg::NodePtr &node, const std::string &name, bool makeUnique,
+                          const osg::NodePtr &root)
+{
+    static qxNodeNames names;
+    if (node == osg::NullFC)
+        return;
+    if (makeUnique && root != osg::NullFC)
+        names.rename(node, name, root);
+    else
+        osg::setName(node, name);
+}
+
+std::vector<qxNodePtr> qxNodeUtils::getSceneNodes()
+{
+    return getSubTreeNodes(qxScenegraph::getRoot());
+}
+
 std::vector<qxNodePtr> qxNodeUtils::getSubTreeNodes(const osg::NodePtr &node)
 {
     std::vector<qxNodePtr> nodes;
@@ -107,4 +126,9 @@ int qxNodeUtils::getTransformVariantCurrentIndex(const osg::NodePtr &node)
 std::string qxNodeUtils::getSelectedTransformVariantName(const osg::NodePtr &node)
 {
     return getTransformVariantName(node, getTransformVariantCurrentIndex(node));
+}
+
+bool qxNodeUtils::isTransformVariantInState(const osg::NodePtr &node)
+{
+    return qxTransformStates::isInSelected(node);
 }

@@ -3,6 +3,8 @@
 #include "Scene/qxNameIndex.h"
 #include "Scene/qxNodeWalk.h"
 #include "Scene/qxScene.h"
+#include "qxController.h"
+#include "qxOpenSGUtils.h"
 
 #include <cstring>
 #include <memory>
@@ -32,6 +34,16 @@ osg::NodePtr qxScenegraph::getRoot()
 {
     const qxScene *scene = qxScene::current();
     return scene ? scene->root() : osg::NodePtr();
+}
+
+qxNodePtr qxScenegraph::getRootNode()
+{
+    return getRoot();
+}
+
+osg::NodePtr qxOpenSGUtils::getRoot()
+{
+    return qxScenegraph::getRoot();
 }
 
 qxNodePtr qxScenegraph::findNode(const char *name)
@@ -89,6 +101,11 @@ void qxScenegraph::showNodes(const std::vector<qxNodePtr> &nodes)
             node = node->getParent();
         }
     }
+}
+
+void qxScenegraph::update(int mode)
+{
+    qxController::updateRender(mode == 1);
 }
 
 osg::MaterialPoolPtr qxScenegraph::getMaterialPool()

@@ -1,5 +1,8 @@
 #include "Scene/qxTransformStates.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
 /// The matrix of a plain transform, or the components of one that has them; false for other cores.
@@ -15,6 +18,18 @@ bool moveTo(const osg::NodeCorePtr &core, const osg::Matrix &pose)
         return false;
     const osg::CPEditor edit(transform, osg::Transform::MatrixFieldMask);
     transform->setMatrix(pose);
+    return true;
+}
+
+/// Whether the numbers differ by no more than taking a pose apart and putting it together does.
+bool isSamePose(const osg::Matrix &one, const osg::Matrix &other)
+{
+    const osg::Real32 *const a = one.getValues();
+    const osg::Real32 *const b = other.getValues();
+    for (int i = 0; i < 16; ++i) {
+        if (std::fabs(a[i] - b[i]) > 1e-4f * std::max(1.0f, std::fabs(b[i])))
+            return false;
+    }
     return true;
 }
 
@@ -54,6 +69,18 @@ bool qxTransformStates::select(const osg::NodePtr &node, int index)
     const osg::CPEditor edit(states, osg::TransformStates::SelectedFieldMask);
     states->setSelected(index);
     return true;
+}
+
+bool qxTransformStates::isInSelected(const osg::NodePtr &node)
+{
+    const osg::TransformStatesPtr states = of(node);
+    if (states == osg::NullFC || states->getSelected() < 0
+        || osg::UInt32(states->getSelected()) >= states->getPoses().size())
+        return false;
+    const osg::TransformPtr transform = osg::TransformPtr::dcast(node->getCore());
+    return transform != osg::NullFC
+        && isSamePose(transform->getMatrix(),
+                      states->getPoses()[osg::UInt32(states->getSelected())]);
 }
 
 void qxTransformStates::setPose(const osg::ComponentTransformPtr &transform,

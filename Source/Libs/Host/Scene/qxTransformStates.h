@@ -27,6 +27,9 @@ public:
     /// when the node has no such state or its core is no transform.
     static bool select(const osg::NodePtr &node, int index);
 
+    /// Whether the node stands in the state that was selected last; false when none was.
+    static bool isInSelected(const osg::NodePtr &node);
+
     /// Puts translation, rotation, scale and what belongs to them in place of the transform's own.
     static void setPose(const osg::ComponentTransformPtr &transform, const osg::Matrix &pose);
 };

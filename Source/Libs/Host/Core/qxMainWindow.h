@@ -1,0 +1,10 @@
+#pragma once
+
+class QWidget;
+
+/// The window of the application that runs on this host.
+class qxMainWindow {
+public:
+    /// Makes `window` the main window until it is destroyed or another one takes its place.
+    static void set(QWidget *window);
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <OpenSG/OSGNode.h>
+
+/// The scene graph as its own library sees it.
+class qxOpenSGUtils {
+public:
+    /// The root of the scene as a plain node; never null while the host runs.
+    static osg::NodePtr getRoot();
+};

@@ -1,0 +1,141 @@
+#include "Internal/qxNodePaths.h"
+
+#include "CaptureFixture.h"
+#include "qxScenegraph.h"
+
+#include <unordered_map>
+
+namespace {
+
+class NodePathsTest : public CaptureFixture {
+protected:
+    static std::string path(const osg::NodePtr &node)
+    {
+        return qxNodePaths::getNodePath(node).toStdString();
+    }
+    static std::vector<qxNodePtr> found(const std::string &path)
+    {
+        return qxNodePaths::findHash(qxNodePaths::hashOf(path.c_str()));
+    }
+    static osg::MaterialPtr materialOf(const osg::NodePtr &node)
+    {
+        return qxNodeUtils::getMaterial(node);
+    }
+};
+
+/// Two texts of one hash.
+std::pair<std::string, std::string> collision()
+{
+    std::unordered_map<unsigned int, std::string> known;
+    for (int i = 0;; ++i) {
+        const std::string text = "Part " + std::to_string(i);
+        const auto other = known.emplace(qxNodePaths::hashOf(text.c_str()), text);
+        if (!other.second)
+            return {other.first->second, text};
+    }
+}
+
+TEST_F(NodePathsTest, APathNamesEveryStepBelowTheRoot)
+{
+    const TestNode car = scene.add("Car");
+    const TestNode door = scene.add("Left/Door", scene.add("Side", car));
+    const TestNode unnamed = scene.add("", car);
+    const TestNode handle = scene.add("Türgriff", unnamed);
+    EXPECT_EQ(path(car), "Car");
+    EXPECT_EQ(path(door), "Car/Side/Left/Door");
+    EXPECT_EQ(path(handle), "Car/Group/Türgriff"); // the host calls it after its core
+    EXPECT_EQ(path(osg::NullFC), "");
+}
+
+TEST_F(NodePathsTest, TheHashIsFnv1OverSignedBytes)
+{
+    EXPECT_EQ(qxNodePaths::hashOf(""), 2166136261u);
+    EXPECT_EQ(qxNodePaths::hashOf("a"), 0x050C5D7Eu);
+    EXPECT_EQ(qxNodePaths::hashOf("foobar"), 0x31F0B262u);
+    // 0xFC, the first byte of nothing in UTF-8, as -4: all upper bits are turned over.
+    EXPECT_EQ(qxNodePaths::hashOf("\xFC"), 0x050C5D1Fu ^ 0xFFFFFFFCu);
+    EXPECT_EQ(qxNodePaths::hashOf("b", qxNodePaths::hashOf("a/")), qxNodePaths::hashOf("a/b"));
+}
+
+TEST_F(NodePathsTest, EveryNodeIsFoundByItsPath)
+{
+    const TestNode car = scene.add("Car");
+    const TestNode grill = scene.add("Kühlergrill", car);
+    const TestNode chrome = scene.add("", grill);
+    const TestNode twin = scene.add("Kühlergrill", car);
+    const TestNode slash = scene.add("Car/Kühlergrill");
+    qxNodePaths::createLookupTable();
+    EXPECT_EQ(found("Car"), std::vector<qxNodePtr>{car.node()});
+    EXPECT_EQ(found("Car/Kühlergrill"),
+              (std::vector<qxNodePtr>{grill.node(), twin.node(), slash.node()}));
+    EXPECT_EQ(found("Car/Kühlergrill/Group"), std::vector<qxNodePtr>{chrome.node()});
+    EXPECT_EQ(found("Root"), std::vector<qxNodePtr>());
+    EXPECT_EQ(found(""), std::vector<qxNodePtr>());
+}
+
+TEST_F(NodePathsTest, TheTableKeepsTheSceneOfItsMakingWithoutHoldingIt)
+{
+    const TestNode gone = scene.add("Gone");
+    scene.add("Stays");
+    qxNodePaths::createLookupTable();
+    scene.add("Late");
+    {
+        const osg::NodePtr root = qxScenegraph::getRoot();
+        const osg::CPEditor edit(root, osg::Node::ChildrenFieldMask);
+        root->subChild(gone.node());
+    }
+    EXPECT_EQ(found("Gone"), std::vector<qxNodePtr>());
+    EXPECT_EQ(found("Late"), std::vector<qxNodePtr>());
+    EXPECT_EQ(namesOf(found("Stays")), Names{"Stays"});
+}
+
+TEST_F(NodePathsTest, AVeryDeepSceneIsTakenIn)
+{
+    TestNode node = scene.root();
+    for (int i = 0; i < 50000; ++i)
+        node = scene.add("n", node);
+    qxNodePaths::createLookupTable();
+    EXPECT_EQ(found(path(node)), std::vector<qxNodePtr>{node.node()});
+}
+
+TEST_F(NodePathsTest, PathsOfOneHashAreToldApart)
+{
+    const auto texts = collision();
+    const TestMaterial red = scene.addMaterial("Red");
+    const TestMaterial blue = scene.addMaterial("Blue");
+    const TestNode first = scene.addGeometry(texts.first, red);
+    const TestNode second = scene.addGeometry(texts.second, blue);
+    const TestNode third = scene.addGeometry(texts.second, red);
+    qxNodePaths::createLookupTable();
+    EXPECT_EQ(found(texts.first).size(), 3u);
+
+    std::vector<qxNodePtr> nodes = found(texts.first);
+    qxNodePaths::removeFalsePositives(nodes, texts.second);
+    EXPECT_EQ(nodes, (std::vector<qxNodePtr>{second.node(), third.node()}));
+
+    EXPECT_TRUE(qxVariants::checkIfNodeMatchesNodePath(osg::NullFC, texts.second.c_str(), true));
+    EXPECT_EQ(materialOf(first), red.material());
+    EXPECT_EQ(materialOf(second), blue.material());
+    EXPECT_EQ(materialOf(third), blue.material());
+}
+
+TEST_F(NodePathsTest, TheFirstNodeOfAPathGivesTheOthersItsMaterial)
+{
+    const TestMaterial red = scene.addMaterial("Red");
+    const TestMaterial blue = scene.addMaterial("Blue");
+    const TestNode geometry = scene.addGeometry("Body", red);
+    const TestNode group = scene.addMaterialGroup("Body", blue);
+    const TestNode plain = scene.add("Body");
+    const TestNode below = scene.addGeometry("Body", blue, scene.add("Else"));
+    qxNodePaths::createLookupTable();
+
+    EXPECT_TRUE(qxVariants::checkIfNodeMatchesNodePath(plain, "Body", false));
+    EXPECT_EQ(materialOf(group), blue.material());
+    EXPECT_TRUE(qxVariants::checkIfNodeMatchesNodePath(plain, "Body", true));
+    EXPECT_EQ(materialOf(geometry), red.material());
+    EXPECT_EQ(materialOf(group), red.material());
+    EXPECT_EQ(materialOf(below), blue.material());
+    EXPECT_FALSE(qxVariants::checkIfNodeMatchesNodePath(geometry, "body", true));
+}
+
+} // namespace
