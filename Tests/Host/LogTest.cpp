@@ -1,6 +1,4 @@
-#include "Script/qxScriptRunner.h"
 #include "qxLog.h"
-#include "qxScript.h"
 
 #include <gtest/gtest.h>
 
@@ -42,25 +40,4 @@ TEST_F(LogTest, LinesEndInOneBreakWhateverTheirTextEndsIn)
               "plain\nwarning: " + name + "\nerror: 3 of 100%\n");
     EXPECT_EQ(lines,
               (Lines{{qxLog::Info, "plain"}, {qxLog::Warning, name}, {qxLog::Error, "3 of 100%"}}));
-}
-
-TEST_F(LogTest, ScriptsAreLoggedLineByLineAndHeardWithTheirOrigin)
-{
-    std::vector<qxScriptText> scripts;
-    const int listener =
-        qxScriptRunner::addListener([&](const qxScriptText &script) { scripts.push_back(script); });
-    qxScript::run("a = 1\nprint '%s' % a\n");
-    qxScript::executeNUS("clip()", true);
-    qxScript::run(nullptr);
-    qxScriptRunner::removeListener(listener);
-
-    EXPECT_EQ(lines,
-              (Lines{{qxLog::Info, "script: a = 1"},
-                     {qxLog::Info, "script: print '%s' % a"},
-                     {qxLog::Info, "script: clip()"}}));
-    ASSERT_EQ(scripts.size(), 2u);
-    EXPECT_EQ(scripts[0].text, "a = 1\nprint '%s' % a\n");
-    EXPECT_EQ(scripts[0].origin, qxScriptText::User);
-    EXPECT_EQ(scripts[1].origin, qxScriptText::Application);
-    EXPECT_TRUE(scripts[1].synchronise);
 }

@@ -30,8 +30,10 @@ QString clonesText(int others)
 } // namespace
 
 qxChangeReport::qxChangeReport()
-    : m_before(qxSceneState::take()), m_viewpointBefore(qxMainView::the().viewpoint)
+    : m_before(qxSceneState::take()), m_viewpointBefore(qxMainView::the().viewpoint),
+      m_scriptOutput(qxScriptRunner::output())
 {
+    qxScriptRunner::setOutput(stderr);
     m_notificationListener =
         qxController::addListener([this](const char *name, qxMessage *message, int) {
             if (message && strcmp(name, "animationStart") == 0) {
@@ -48,6 +50,7 @@ qxChangeReport::~qxChangeReport()
 {
     qxController::removeListener(m_notificationListener);
     qxScriptRunner::removeListener(m_scriptListener);
+    qxScriptRunner::setOutput(m_scriptOutput);
 }
 
 void qxChangeReport::finish(const QString &title, const QStringList &skipped)

@@ -39,4 +39,10 @@ public:
     /// Appends every scene node whose core shows this very material, in scene order.
     static void getNodesWithMaterial(std::vector<qxNodePtr> &nodes,
                                      const osg::MaterialPtr &material);
+
+    /// Whether what is below the node's material group ignores the material of the group; false
+    /// for a node without such a core. The flag belongs to the core, whatever nodes share it.
+    static bool getIgnoreMaterialGroup(const osg::NodePtr &node);
+    /// Sets the flag; false when the node has no material group.
+    static bool setIgnoreMaterialGroup(const osg::NodePtr &node, bool ignore);
 };

@@ -81,7 +81,7 @@ protected:
 TEST_F(ReentryTest, AScriptMayRemoveTheSetThatRunsIt)
 {
     qxVariantSet *const set = fill();
-    set->script = "remove me";
+    set->script = "# remove me";
     bool left = false;
     const int listener = qxScriptRunner::addListener([&](const qxScriptText &) {
         qxVariants::removeVariantSet("Sport");

@@ -122,7 +122,7 @@ TEST_F(SelectionTest, AppliesEverythingInOneOrder)
     Lines expected = begun;
     for (const char *line :
          {"variantsLightsChanged", "lightVariantSelected", "camera 5 0 0 1", "activateOverlays",
-          "overlayVariantSelected", "script # mine", "script enableClippingPlane(false)",
+          "overlayVariantSelected", "script # mine", "script enableClippingPlane(false)", "render",
           "animationStart", "animationStart", "camera 9 0 1 1", "variantsSetSelected",
           "variantSetSelected", "render"})
         expected.push_back(line);

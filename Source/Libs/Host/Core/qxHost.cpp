@@ -9,6 +9,7 @@
 #include "Scene/qxOverlayService.h"
 #include "Scene/qxScene.h"
 #include "Scene/qxSceneTransformService.h"
+#include "Script/qxScriptSession.h"
 #include "qxAnimManager.h"
 #include "qxController.h"
 #include "qxMessage.h"
@@ -77,6 +78,7 @@ qxHost::qxHost()
 qxHost::~qxHost()
 {
     clearScene();
+    qxScriptSession::end();
     m_services.reset();
     osg::Thread::getCurrentChangeList()->clearAll();
 }

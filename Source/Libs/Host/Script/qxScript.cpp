@@ -1,12 +1,17 @@
 #include "qxScript.h"
 
 #include "Core/qxCallList.h"
+#include "Script/qxInterpreter.h"
+#include "Script/qxScriptInterrupt.h"
+#include "Script/qxScriptLevel.h"
 #include "Script/qxScriptRunner.h"
-#include "qxLog.h"
+#include "Script/qxScriptSession.h"
 
-#include <sstream>
+#include <optional>
 
 namespace {
+
+bool enabled = true;
 
 qxCallList<qxScriptRunner::Listener> &listeners()
 {
@@ -14,27 +19,74 @@ qxCallList<qxScriptRunner::Listener> &listeners()
     return listeners;
 }
 
-/// The host has no interpreter yet: it shows what would be run.
-void execute(const qxScriptText &script)
+/// Calls `run()` inside all that goes with running a script; its result, or one made without
+/// arguments when no script may run.
+template <class Run>
+auto runInLevel(bool leaf, const Run &run) -> decltype(run())
 {
-    std::istringstream lines(script.text);
-    for (std::string line; std::getline(lines, line);)
-        qxLog::info("script: %s", line.c_str());
+    if (!qxScriptSession::begin())
+        return {};
+    std::optional<qxScriptInterrupt> interruptible;
+    const qxScriptLevel level(leaf);
+    if (!level.mayRun())
+        return {};
+    if (!qxScriptLevel::isNested())
+        interruptible.emplace();
+    return run();
+}
+
+bool run(const std::string &text, const std::string &fileName, bool leaf)
+{
+    return runInLevel(leaf, [&] { return qxInterpreter::run(text, fileName); });
+}
+
+/// The numbers tell the texts apart where errors are reported.
+std::string newName()
+{
+    static long last = 0;
+    return "<script " + std::to_string(++last) + ">";
+}
+
+void announceAndRun(const qxScriptText &script)
+{
     listeners().run([&](const qxScriptRunner::Listener &listener) { listener(script); });
+    if (!script.leftOut)
+        run(script.text, newName(), script.origin == qxScriptText::Application);
 }
 
 } // namespace
 
 void qxScript::run(const char *script)
 {
-    if (script)
-        execute({script, qxScriptText::User, false});
+    if (!script)
+        return;
+    if (qxScriptSession::isBeginning())
+        ::run(script, newName(), false);
+    else
+        announceAndRun({script, qxScriptText::User, false, !enabled});
 }
 
 void qxScript::executeNUS(const char *script, bool synchronise)
 {
     if (script)
-        execute({script, qxScriptText::Application, synchronise});
+        announceAndRun({script, qxScriptText::Application, synchronise, false});
+}
+
+std::string qxScript::executeNUSR(const char *expression)
+{
+    if (!expression)
+        return std::string();
+    return runInLevel(true, [&] { return qxInterpreter::print(expression); });
+}
+
+bool qxScriptRunner::run(const std::string &text, const std::string &fileName)
+{
+    return ::run(text, fileName, false);
+}
+
+void qxScriptRunner::setEnabled(bool enable)
+{
+    enabled = enable;
 }
 
 int qxScriptRunner::addListener(const Listener &listener)

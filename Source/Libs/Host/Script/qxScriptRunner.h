@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdio>
 #include <functional>
 #include <string>
 
@@ -12,14 +13,28 @@ struct qxScriptText {
     std::string text; ///< UTF-8
     Origin origin;
     bool synchronise; ///< to be sent to connected sessions as well; false for those of a user
+    bool leftOut; ///< not run, because scripts of users are disabled
 };
 
-/// Hears which scripts are run.
+/// Runs scripts for a program, and hears which others are run.
 class qxScriptRunner {
 public:
     typedef std::function<void(const qxScriptText &script)> Listener;
 
-    /// Hears every script, in the order they are run, until removeListener is called with the id.
+    /// Runs `text`, UTF-8, as a program's own script: also while scripts are disabled, and unheard
+    /// by listeners. Errors name `fileName`. Returns whether it ran to its end, or to an exit()
+    /// that reports success.
+    static bool run(const std::string &text, const std::string &fileName);
+
+    /// With false, what qxScript::run is given is left out from now on. True at start.
+    static void setEnabled(bool enabled);
+
+    /// Where goes what scripts print: standard output at start. Errors of scripts go to the log.
+    static void setOutput(std::FILE *output);
+    static std::FILE *output();
+
+    /// Hears every text given to qxScript::run and executeNUS, before it runs, until
+    /// removeListener is called with the id.
     static int addListener(const Listener &listener);
     static void removeListener(int id);
 };

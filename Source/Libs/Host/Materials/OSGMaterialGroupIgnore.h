@@ -1,0 +1,26 @@
+#pragma once
+
+#include <OpenSG/OSGBoolFields.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+
+OSG_BEGIN_NAMESPACE
+
+/// Attached to a material group whose material may be ignored: a scene graph's material group has
+/// no field for that. Read and written through qxMaterials.
+struct MaterialGroupIgnoreDesc {
+    typedef SFBool FieldTypeT;
+
+    static const Char8 *getTypeName() { return "MaterialGroupIgnore"; }
+    static const Char8 *getFieldName() { return "ignore"; }
+    static const Char8 *getGroupName() { return "materialGroupIgnore"; }
+    static const Char8 *getParentTypeName() { return "Attachment"; }
+    static InitContainerF getInitMethod() { return NULL; }
+    static FieldDescription **getDesc() { return _desc; }
+
+    static FieldDescription *_desc[];
+};
+
+typedef SimpleAttachment<MaterialGroupIgnoreDesc> MaterialGroupIgnore;
+typedef FCPtr<AttachmentPtr, MaterialGroupIgnore> MaterialGroupIgnorePtr;
+
+OSG_END_NAMESPACE

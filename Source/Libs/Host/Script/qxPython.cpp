@@ -1,0 +1,110 @@
+#include "Script/qxPython.h"
+
+#include <filesystem>
+
+namespace {
+
+const char byteOrderMark[] = "\xEF\xBB\xBF";
+
+std::string withoutMark(const std::string &text)
+{
+    return text.compare(0, 3, byteOrderMark) == 0 ? text.substr(3) : text;
+}
+
+std::string bytesOf(PyObject *bytes)
+{
+    return std::string(PyBytes_AS_STRING(bytes), std::size_t(PyBytes_GET_SIZE(bytes)));
+}
+
+/// The running program: what Python takes for its own executable. Otherwise it would look for
+/// itself in the user's PATH and find what is installed there.
+std::string programPath()
+{
+    std::error_code failed;
+    return std::filesystem::read_symlink("/proc/self/exe", failed).string();
+}
+
+} // namespace
+
+std::string qxPythonText(PyObject *object)
+{
+    namespace python = boost::python;
+    python::handle<> text(python::allow_null(PyUnicode_Check(object) || PyBytes_Check(object)
+                                                 ? python::incref(object)
+                                                 : PyObject_Str(object)));
+    if (text && PyUnicode_Check(text.get()))
+        text = python::handle<>(
+            python::allow_null(PyUnicode_AsEncodedString(text.get(), "utf-8", "backslashreplace")));
+    if (text)
+        return bytesOf(text.get());
+    PyErr_Clear();
+    return std::string();
+}
+
+#if PY_MAJOR_VERSION >= 3
+
+PyObject *qxPythonCompile(const std::string &text, const std::string &fileName, int start)
+{
+    PyCompilerFlags flags = _PyCompilerFlags_INIT;
+    flags.cf_flags = PyCF_SOURCE_IS_UTF8 | PyCF_IGNORE_COOKIE;
+    return Py_CompileStringFlags(withoutMark(text).c_str(), fileName.c_str(), start, &flags);
+}
+
+PyObject *qxPythonEvaluate(PyObject *code, PyObject *names)
+{
+    return PyEval_EvalCode(code, names, names);
+}
+
+std::string qxPythonStart()
+{
+    PyPreConfig before;
+    PyPreConfig_InitIsolatedConfig(&before);
+    before.utf8_mode = 1;
+    PyStatus status = Py_PreInitialize(&before);
+
+    PyConfig config;
+    PyConfig_InitIsolatedConfig(&config);
+    if (!PyStatus_Exception(status))
+        status = PyConfig_SetBytesString(&config, &config.program_name, programPath().c_str());
+    if (!PyStatus_Exception(status))
+        status = Py_InitializeFromConfig(&config);
+    PyConfig_Clear(&config);
+    if (!PyStatus_Exception(status))
+        return std::string();
+    return status.err_msg ? status.err_msg : "unknown reason";
+}
+
+#else
+
+PyObject *qxPythonCompile(const std::string &text, const std::string &fileName, int start)
+{
+    // The mark says UTF-8, and unlike the flag for that it allows a coding line.
+    const std::string marked = byteOrderMark + withoutMark(text);
+    return Py_CompileString(marked.c_str(), fileName.c_str(), start);
+}
+
+PyObject *qxPythonEvaluate(PyObject *code, PyObject *names)
+{
+    return PyEval_EvalCode(reinterpret_cast<PyCodeObject *>(code), names, names);
+}
+
+std::string qxPythonStart()
+{
+    // Python 2.7 ends the process when it misses its library.
+    if (!std::filesystem::exists(QX_PYTHON_HOME "/lib/python2.7/os.py"))
+        return "there is no library below " QX_PYTHON_HOME;
+    static std::string home = QX_PYTHON_HOME; // both are kept as pointers
+    static std::string program = programPath();
+    Py_NoUserSiteDirectory = 1;
+    Py_IgnoreEnvironmentFlag = 1;
+    Py_SetPythonHome(&home[0]);
+    Py_SetProgramName(&program[0]);
+    Py_InitializeEx(0);
+    char noArgument[] = "";
+    char *arguments[] = {noArgument};
+    PySys_SetArgvEx(1, arguments, 0);
+    PyUnicode_SetDefaultEncoding("utf-8");
+    return std::string();
+}
+
+#endif

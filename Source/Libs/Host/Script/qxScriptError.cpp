@@ -1,0 +1,110 @@
+#include "Script/qxScriptError.h"
+
+#include "Script/qxPython.h"
+#include "Script/qxScriptLevel.h"
+#include "qxLog.h"
+
+namespace {
+
+namespace python = boost::python;
+
+/// The current Python error, taken from the interpreter.
+struct Error {
+    Error()
+    {
+        PyObject *fetched[3];
+        PyErr_Fetch(&fetched[0], &fetched[1], &fetched[2]);
+        PyErr_NormalizeException(&fetched[0], &fetched[1], &fetched[2]);
+        type = taken(fetched[0]);
+        value = taken(fetched[1]);
+        traceback = taken(fetched[2]);
+    }
+    static python::object taken(PyObject *object)
+    {
+        return object ? python::object(python::handle<>(object)) : python::object();
+    }
+    bool is(PyObject *exception) const
+    {
+        return PyErr_GivenExceptionMatches(type.ptr(), exception) != 0;
+    }
+
+    python::object type, value, traceback;
+};
+
+/// While it exists, Python finds the lines of a text under its file name.
+class KnownLines {
+public:
+    KnownLines(const std::string &text, const std::string &fileName)
+        : m_cache(python::import("linecache").attr("cache")), m_fileName(fileName)
+    {
+        const python::object lines = python::str(text).attr("splitlines")(true);
+        m_cache[m_fileName] = python::make_tuple(text.size(), python::object(), lines, m_fileName);
+    }
+    KnownLines(const KnownLines &) = delete;
+    ~KnownLines() { m_cache.attr("pop")(m_fileName, python::object()); }
+
+private:
+    python::object m_cache;
+    python::str m_fileName;
+};
+
+/// Texts without a file have numbers instead, so that a function left by an earlier text is not
+/// shown with lines of this one; the numbers mean nothing to anybody else.
+std::string format(const Error &error, const std::string &text, const std::string &fileName)
+{
+    try {
+        const KnownLines lines(text, fileName);
+        const python::object formatted =
+            python::import("traceback")
+                .attr("format_exception")(error.type, error.value, error.traceback);
+        const python::object joined = python::str("").join(formatted);
+        return qxPythonText(
+            python::import("re").attr("sub")("<script [0-9]+>", "<script>", joined).ptr());
+    } catch (const python::error_already_set &) {
+        PyErr_Clear();
+        return qxPythonText(error.type.ptr()) + ": " + qxPythonText(error.value.ptr());
+    }
+}
+
+/// Exits as the interpreter's own program does: without a value and with 0 all is well, another
+/// number only counts, anything else is a message.
+bool reportExit(const Error &error)
+{
+    const python::object code = error.value.attr("code");
+    if (code.is_none())
+        return true;
+    if (!PyIndex_Check(code.ptr())) {
+        qxLog::error("script error: %s", qxPythonText(code.ptr()).c_str());
+        return false;
+    }
+    const Py_ssize_t status = PyNumber_AsSsize_t(code.ptr(), nullptr);
+    if (status == 0)
+        return true;
+    qxLog::error("script error: exit(%zd)", status);
+    return false;
+}
+
+/// The scripts around this one end as well, and only the outermost one tells.
+bool reportInterrupt()
+{
+    if (qxScriptLevel::isNested())
+        qxScriptLevel::interrupt();
+    else
+        qxLog::error("script error: interrupted");
+    return false;
+}
+
+} // namespace
+
+bool qxScriptError::report(const std::string &text, const std::string &fileName)
+{
+    const Error error;
+    if (qxScriptLevel::isStop(error.type.ptr()))
+        return false; // the reason of the stop is in the log
+    if (error.is(PyExc_SystemExit))
+        return reportExit(error);
+    if (error.is(PyExc_KeyboardInterrupt))
+        return reportInterrupt();
+    qxLog::error("script error:\n%s", format(error, text, fileName).c_str());
+    return false;
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "qxMaterialPtr.h"
+#include "qxNodePtr.h"
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+
+#include <string>
+
+/// What a script holds instead of a scene object: it becomes null when the object is destroyed.
+template <class Pointer>
+class qxScriptHandle {
+public:
+    qxScriptHandle() {}
+    /// `sought` is the name or path that the object was looked up by.
+    qxScriptHandle(const Pointer &object, const std::string &sought)
+        : m_object(object), m_id(object == osg::NullFC ? 0 : object.getFieldContainerId()),
+          m_sought(sought)
+    {
+    }
+
+    /// The object, null when there is none or not any more.
+    Pointer get() const { return isNull() ? Pointer() : m_object; }
+    operator Pointer() const { return get(); }
+    bool isNull() const
+    {
+        return m_id == 0 || osg::FieldContainerFactory::the()->getContainer(m_id) == osg::NullFC;
+    }
+    unsigned int id() const { return isNull() ? 0 : m_id; }
+    const std::string &sought() const { return m_sought; }
+
+private:
+    Pointer m_object;
+    unsigned int m_id = 0;
+    std::string m_sought;
+};
+
+typedef qxScriptHandle<qxNodePtr> qxScriptNode;
+typedef qxScriptHandle<qxMaterialPtr> qxScriptMaterial;
+
+/// The words of scripts that deal with nodes and materials.
+namespace qxScriptScene {
+
+/// The first node of that name; a null handle when there is none.
+qxScriptNode findNode(const char *name);
+/// The first node in scene order with that path: the names from below the root down to the node,
+/// joined by "/".
+qxScriptNode findNodePath(const char *path);
+/// The first material of that name.
+qxScriptMaterial findMaterial(const char *name);
+
+/// Empty for a null handle.
+std::string nameOf(const qxScriptNode &node);
+std::string nameOf(const qxScriptMaterial &material);
+
+/// A node is active when all bits of its traversal mask are set.
+bool isActive(const qxScriptNode &node);
+/// Shows the node, or hides it with all below it. A null handle only warns.
+void setActive(const qxScriptNode &node, bool active);
+
+/// See qxMaterials::setIgnoreMaterialGroup. A path without a material group only warns.
+void setIgnoreMaterialGroup(const char *path, bool ignore);
+
+} // namespace qxScriptScene

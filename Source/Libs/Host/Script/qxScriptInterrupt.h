@@ -1,0 +1,13 @@
+#pragma once
+
+/// Ctrl-C while a script runs: while one of these exists, it raises KeyboardInterrupt in the
+/// script. Before and after, the program's own way to take the signal is in force.
+class qxScriptInterrupt {
+public:
+    qxScriptInterrupt();
+    qxScriptInterrupt(const qxScriptInterrupt &) = delete;
+    ~qxScriptInterrupt();
+
+    /// Makes Python's way to take the signal known; once, when the interpreter has started.
+    static void install();
+};

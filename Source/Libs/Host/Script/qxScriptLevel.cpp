@@ -1,0 +1,74 @@
+#include "Script/qxScriptLevel.h"
+
+#include "Script/qxPython.h"
+#include "qxLog.h"
+
+namespace {
+
+const int mostLevels = 32;
+
+int depth = 0;
+bool inLeaf = false;
+PyObject *ending = nullptr; ///< the exception that scripts are being ended with
+
+PyObject *stopException()
+{
+    // No Exception: "except Exception" in a script is not meant for it.
+    static PyObject *const type = [] {
+        char name[] = "qxHost.ScriptsStopped";
+        return PyErr_NewException(name, PyExc_BaseException, nullptr);
+    }();
+    return type;
+}
+
+/// Runs as soon as Python code goes on.
+int raiseEnding(void *)
+{
+    if (!ending || inLeaf)
+        return 0;
+    PyObject *const exception = ending;
+    if (depth == 1)
+        ending = nullptr;
+    PyErr_SetString(exception, "scripts call each other too deeply");
+    return -1;
+}
+
+} // namespace
+
+qxScriptLevel::qxScriptLevel(bool leaf) : m_mayRun(leaf || !ending), m_outerLeaf(inLeaf)
+{
+    // The innermost script still has its clipping plane set.
+    if (m_mayRun && depth >= (leaf ? mostLevels + 1 : mostLevels)) {
+        m_mayRun = false;
+        ending = stopException();
+        qxLog::error("scripts call each other more than %d levels deep: all of them are ended",
+                     mostLevels);
+    }
+    ++depth;
+    inLeaf = leaf;
+}
+
+qxScriptLevel::~qxScriptLevel()
+{
+    --depth;
+    inLeaf = m_outerLeaf;
+    if (depth == 0)
+        ending = nullptr;
+    if (ending)
+        Py_AddPendingCall(raiseEnding, nullptr);
+}
+
+bool qxScriptLevel::isNested()
+{
+    return depth > 1;
+}
+
+void qxScriptLevel::interrupt()
+{
+    ending = PyExc_KeyboardInterrupt;
+}
+
+bool qxScriptLevel::isStop(PyObject *type)
+{
+    return type == stopException();
+}

@@ -1,0 +1,86 @@
+#include "Script/qxScriptOutput.h"
+
+#include "Script/qxPython.h"
+#include "Script/qxScriptRunner.h"
+
+#include <unistd.h>
+
+namespace {
+
+namespace python = boost::python;
+
+std::FILE *&destination()
+{
+    static std::FILE *file = stdout;
+    return file;
+}
+
+qxScriptOutput::Capture *capturing = nullptr;
+
+/// What scripts know as sys.stdout and sys.stderr: as much of a file as print and input need.
+class Stream {
+public:
+    explicit Stream(bool errors) : m_errors(errors) {}
+
+    void write(const python::object &text) const
+    {
+        qxScriptOutput::write(qxPythonText(text.ptr()), m_errors);
+    }
+    void flush() const { std::fflush(file()); }
+    bool isatty() const { return ::isatty(fileno()) != 0; }
+    int fileno() const { return ::fileno(file()); }
+
+private:
+    std::FILE *file() const { return m_errors ? stderr : destination(); }
+
+    bool m_errors;
+};
+
+} // namespace
+
+void qxScriptOutput::install()
+{
+    const python::class_<Stream> stream = python::class_<Stream>("Stream", python::no_init)
+                                              .def("write", &Stream::write)
+                                              .def("flush", &Stream::flush)
+                                              .def("isatty", &Stream::isatty)
+                                              .def("fileno", &Stream::fileno);
+    python::object(stream).attr("encoding") = "utf-8";
+    python::object(stream).attr("errors") = "backslashreplace";
+    python::object sys = python::import("sys");
+    sys.attr("stdout") = Stream(false);
+    sys.attr("stderr") = Stream(true);
+}
+
+void qxScriptOutput::flush()
+{
+    std::fflush(destination());
+}
+
+void qxScriptOutput::write(const std::string &text, bool toErrors)
+{
+    if (capturing && !toErrors)
+        capturing->m_text += text;
+    else
+        std::fwrite(text.data(), 1, text.size(), toErrors ? stderr : destination());
+}
+
+qxScriptOutput::Capture::Capture() : m_outer(capturing)
+{
+    capturing = this;
+}
+
+qxScriptOutput::Capture::~Capture()
+{
+    capturing = m_outer;
+}
+
+void qxScriptRunner::setOutput(std::FILE *output)
+{
+    destination() = output;
+}
+
+std::FILE *qxScriptRunner::output()
+{
+    return destination();
+}
