@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Render/qxRay.h"
+#include "Render/qxRenderMath.h"
+#include "qxUberCameraPool.h"
+
+/// From where a picture of a certain size is seen.
+class qxRenderCamera {
+public:
+    /// A camera that has neither a field of view nor a height, or a matrix that is none of a
+    /// camera, gives way to one that shows all of `scene` from ahead, above and aside.
+    qxRenderCamera(const qxUberCamera &camera, const qxBox &scene, int width, int height);
+
+    /// Through a place of the picture, in pixels from its lower left corner.
+    qxRay ray(float x, float y) const;
+    /// Where a point is in the picture, and how far along the ray through there. False for points
+    /// in front of the near plane.
+    bool project(const osg::Vec3f &point, osg::Vec2f &place, float &distance) const;
+    /// The size of a pixel at a distance along its ray, in world units.
+    float pixelSize(float distance) const;
+
+    const osg::Vec3f &right() const { return m_right; }
+    const osg::Vec3f &up() const { return m_up; }
+    const osg::Vec3f &back() const { return m_back; }
+
+private:
+    void fit(const qxBox &scene, float aspect);
+
+    bool m_parallel = false;
+    osg::Vec3f m_eye;
+    osg::Vec3f m_right = osg::Vec3f(1, 0, 0);
+    osg::Vec3f m_up = osg::Vec3f(0, 1, 0);
+    osg::Vec3f m_back = osg::Vec3f(0, 0, 1);
+    float m_halfHeight = 1; ///< of the picture: at distance 1, or, parallel, in world units
+    float m_near = 0;
+    float m_far = 0;
+    float m_width;
+    float m_height;
+};

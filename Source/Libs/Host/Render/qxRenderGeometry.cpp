@@ -1,0 +1,158 @@
+#include "Render/qxRenderGeometry.h"
+
+#include <OpenSG/OSGTriangleIterator.h>
+
+namespace {
+
+template <class Value, class PropertyPtr>
+std::vector<Value> copied(const PropertyPtr &property)
+{
+    std::vector<Value> values;
+    if (property == osg::NullFC)
+        return values;
+    values.reserve(property->getSize() + 1);
+    for (osg::UInt32 i = 0; i < property->getSize(); ++i)
+        values.push_back(Value(property->getValue(i)));
+    return values;
+}
+
+/// Colours with their alpha, where the format has one.
+std::vector<osg::Vec4f> copiedColours(const osg::GeoColorsPtr &property)
+{
+    std::vector<osg::Vec4f> values;
+    if (property == osg::NullFC)
+        return values;
+    const osg::GeoColors4fPtr full = osg::GeoColors4fPtr::dcast(property);
+    values.reserve(property->getSize());
+    for (osg::UInt32 i = 0; i < property->getSize(); ++i) {
+        const osg::Color3f colour = property->getValue(i);
+        const float alpha = full == osg::NullFC ? 1.0f : full->getField()[i].alpha();
+        values.push_back(osg::Vec4f(colour[0], colour[1], colour[2], alpha));
+    }
+    return values;
+}
+
+/// The element of a list at an index that may be -1 or too large.
+template <class Value>
+Value element(const std::vector<Value> &values, osg::Int32 index)
+{
+    return index >= 0 && std::size_t(index) < values.size() ? values[std::size_t(index)] : Value();
+}
+
+/// A list that is there serves every corner.
+template <class Value>
+void fitTo(std::vector<Value> &values, std::size_t count)
+{
+    if (!values.empty())
+        values.resize(count);
+}
+
+} // namespace
+
+std::shared_ptr<qxRenderGeometry> qxRenderGeometry::make(RTCDevice device,
+                                                         const osg::GeometryPtr &core)
+{
+    const auto geometry = std::make_shared<qxRenderGeometry>();
+    if (core->getPositions() == osg::NullFC)
+        return geometry;
+    if (core->getIndexMapping().size() > 1)
+        geometry->copyCorners(core);
+    else
+        geometry->copyShared(core);
+    if (!geometry->m_triangles.empty())
+        geometry->commit(device);
+    return geometry;
+}
+
+/// One index for all that a corner has: the lists are copied as they are.
+void qxRenderGeometry::copyShared(const osg::GeometryPtr &core)
+{
+    m_positions = copied<osg::Vec3f>(core->getPositions());
+    m_normals = copied<osg::Vec3f>(core->getNormals());
+    m_texCoords = copied<osg::Vec2f>(core->getTexCoords());
+    m_colours = copiedColours(core->getColors());
+    const std::size_t count = m_positions.size();
+    fitTo(m_normals, count);
+    fitTo(m_texCoords, count);
+    fitTo(m_colours, count);
+    const osg::TriangleIterator end = core->endTriangles();
+    for (osg::TriangleIterator it = core->beginTriangles(); it != end; ++it) {
+        Triangle triangle;
+        bool good = true;
+        for (int k = 0; k < 3; ++k) {
+            triangle[std::size_t(k)] = std::uint32_t(it.getPositionIndex(k));
+            good = good && triangle[std::size_t(k)] < count
+                && qxIsFinite(m_positions[triangle[std::size_t(k)]]);
+        }
+        if (good)
+            m_triangles.push_back(triangle);
+    }
+}
+
+/// An index for each thing that a corner has: every corner of every triangle stands for itself.
+void qxRenderGeometry::copyCorners(const osg::GeometryPtr &core)
+{
+    const std::vector<osg::Vec3f> positions = copied<osg::Vec3f>(core->getPositions());
+    const std::vector<osg::Vec3f> normals = copied<osg::Vec3f>(core->getNormals());
+    const std::vector<osg::Vec2f> texCoords = copied<osg::Vec2f>(core->getTexCoords());
+    const std::vector<osg::Vec4f> colours = copiedColours(core->getColors());
+    const osg::TriangleIterator end = core->endTriangles();
+    for (osg::TriangleIterator it = core->beginTriangles(); it != end; ++it) {
+        bool good = true;
+        for (int k = 0; k < 3; ++k)
+            good = good && std::size_t(it.getPositionIndex(k)) < positions.size()
+                && qxIsFinite(element(positions, it.getPositionIndex(k)));
+        if (!good)
+            continue;
+        const std::uint32_t first = std::uint32_t(m_positions.size());
+        m_triangles.push_back({first, first + 1, first + 2});
+        for (int k = 0; k < 3; ++k) {
+            m_positions.push_back(element(positions, it.getPositionIndex(k)));
+            if (!normals.empty())
+                m_normals.push_back(element(normals, it.getNormalIndex(k)));
+            if (!texCoords.empty())
+                m_texCoords.push_back(element(texCoords, it.getTexCoordsIndex(k)));
+            if (!colours.empty())
+                m_colours.push_back(element(colours, it.getColorIndex(k)));
+        }
+    }
+}
+
+void qxRenderGeometry::commit(RTCDevice device)
+{
+    const std::size_t count = m_positions.size();
+    m_positions.push_back(osg::Vec3f());
+    const qxEmbreeGeometry mesh(rtcNewGeometry(device, RTC_GEOMETRY_TYPE_TRIANGLE));
+    rtcSetSharedGeometryBuffer(mesh.get(), RTC_BUFFER_TYPE_VERTEX, 0, RTC_FORMAT_FLOAT3,
+                               m_positions.data(), 0, sizeof(osg::Vec3f), count);
+    rtcSetSharedGeometryBuffer(mesh.get(), RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3,
+                               m_triangles.data(), 0, sizeof(Triangle), m_triangles.size());
+    rtcCommitGeometry(mesh.get());
+    m_scene.reset(rtcNewScene(device));
+    rtcSetSceneFlags(m_scene.get(), RTC_SCENE_FLAG_ROBUST);
+    rtcAttachGeometry(m_scene.get(), mesh.get());
+    rtcCommitScene(m_scene.get());
+}
+
+template <class Value>
+Value qxRenderGeometry::at(const std::vector<Value> &values, const Place &place) const
+{
+    const Triangle &corners = m_triangles[place.triangle];
+    return values[corners[0]] * (1.0f - place.u - place.v) + values[corners[1]] * place.u
+        + values[corners[2]] * place.v;
+}
+
+osg::Vec3f qxRenderGeometry::normalAt(const Place &place) const
+{
+    return m_normals.empty() ? osg::Vec3f() : at(m_normals, place);
+}
+
+osg::Vec2f qxRenderGeometry::texCoordsAt(const Place &place) const
+{
+    return m_texCoords.empty() ? osg::Vec2f() : at(m_texCoords, place);
+}
+
+osg::Vec4f qxRenderGeometry::colourAt(const Place &place) const
+{
+    return m_colours.empty() ? osg::Vec4f(1, 1, 1, 1) : at(m_colours, place);
+}

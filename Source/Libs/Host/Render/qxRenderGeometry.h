@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Render/qxEmbree.h"
+#include "Render/qxRenderMath.h"
+
+#include <OpenSG/OSGGeometry.h>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+/// A copy of the triangles of a geometry, ready for rays, in its own coordinates. All nodes with
+/// that geometry share it.
+class qxRenderGeometry {
+public:
+    typedef std::array<std::uint32_t, 3> Triangle; ///< places in the lists of the corners
+
+    /// Points, lines and triangles with places that are no finite numbers are left out.
+    static std::shared_ptr<qxRenderGeometry> make(RTCDevice device, const osg::GeometryPtr &core);
+
+    /// Null when there are no triangles.
+    RTCScene scene() const { return m_scene.get(); }
+    const std::vector<Triangle> &triangles() const { return m_triangles; }
+    const std::vector<osg::Vec3f> &positions() const { return m_positions; }
+
+    /// What lies at a place of a triangle; u and v are the weights of its second and third corner.
+    struct Place {
+        std::uint32_t triangle;
+        float u;
+        float v;
+    };
+    osg::Vec3f normalAt(const Place &place) const; ///< null without normals
+    osg::Vec2f texCoordsAt(const Place &place) const; ///< null without texture coordinates
+    osg::Vec4f colourAt(const Place &place) const; ///< opaque white without colours
+
+    /// Whether the geometry it was made of changed since.
+    bool isOutdated() const { return m_outdated; }
+    void setOutdated() { m_outdated = true; }
+
+private:
+    template <class Value>
+    Value at(const std::vector<Value> &values, const Place &place) const;
+    void copyShared(const osg::GeometryPtr &core);
+    void copyCorners(const osg::GeometryPtr &core);
+    void commit(RTCDevice device);
+
+    std::vector<osg::Vec3f> m_positions; ///< one more than there are: rays read beyond the last
+    std::vector<osg::Vec3f> m_normals; ///< this and the following: as many, or none
+    std::vector<osg::Vec2f> m_texCoords;
+    std::vector<osg::Vec4f> m_colours;
+    std::vector<Triangle> m_triangles;
+    qxEmbreeScene m_scene;
+    bool m_outdated = false;
+};

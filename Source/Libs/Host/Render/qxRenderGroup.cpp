@@ -1,0 +1,163 @@
+#include "Render/qxRenderGroup.h"
+
+namespace {
+
+/// Nearly always the next node is the next one of the last time, or some have gone in between.
+const std::size_t _lookAhead = 32;
+
+/// The columns of the transposed inverse; null for a matrix without inverse.
+void setNormals(osg::Vec3f (&columns)[3], const osg::Matrix &matrix)
+{
+    osg::Vec3f x[3];
+    for (osg::UInt32 i = 0; i < 3; ++i)
+        x[i] = osg::Vec3f(matrix[i][0], matrix[i][1], matrix[i][2]);
+    const float determinant = x[0].dot(x[1].cross(x[2]));
+    const float factor = determinant != 0.0f && std::isfinite(determinant) ? 1 / determinant : 0;
+    columns[0] = x[1].cross(x[2]) * factor;
+    columns[1] = x[2].cross(x[0]) * factor;
+    columns[2] = x[0].cross(x[1]) * factor;
+}
+
+bool canBeSeen(const qxRenderInstance &instance)
+{
+    if (!instance.geometry->scene() || instance.normals[0].squareLength() == 0.0f)
+        return false;
+    for (osg::UInt32 i = 0; i < 3; ++i) {
+        if (!qxIsFinite(instance.normals[i]))
+            return false;
+    }
+    return std::isfinite(instance.toWorld[3].dot(osg::Vec4f(1, 1, 1, 1)));
+}
+
+osg::UInt32 idOf(const osg::MaterialPtr &material)
+{
+    return material == osg::NullFC ? 0 : material.getFieldContainerId();
+}
+
+} // namespace
+
+osg::Vec3f qxRenderInstance::worldNormal(const osg::Vec3f &normal) const
+{
+    return qxUnit(normals[0] * normal[0] + normals[1] * normal[1] + normals[2] * normal[2]);
+}
+
+qxRenderGroup::qxRenderGroup(RTCDevice device, qxRenderSources &sources)
+    : m_device(device), m_sources(sources)
+{
+}
+
+void qxRenderGroup::begin()
+{
+    m_before.swap(m_instances);
+    m_instances.clear();
+    m_instances.reserve(m_before.size());
+    m_places.clear();
+    m_next = 0;
+}
+
+/// The instance of a node at the last time, null when it was not shown.
+qxRenderInstance *qxRenderGroup::known(osg::UInt32 node)
+{
+    const std::size_t end = std::min(m_before.size(), m_next + _lookAhead);
+    for (std::size_t i = m_next; i < end; ++i) {
+        if (m_before[i].node == node)
+            return &m_before[i];
+    }
+    if (m_places.empty()) {
+        for (std::size_t i = 0; i < m_before.size(); ++i)
+            m_places.emplace(m_before[i].node, i);
+    }
+    const auto place = m_places.find(node);
+    return place == m_places.end() ? nullptr : &m_before[place->second];
+}
+
+void qxRenderGroup::add(const qxShownPart &part)
+{
+    qxRenderInstance *const before = known(part.node);
+    if (!before) {
+        make(m_instances.emplace_back(), part);
+        return;
+    }
+    const std::size_t place = std::size_t(before - m_before.data());
+    m_changed = m_changed || place != m_next;
+    m_next = place + 1;
+    m_instances.push_back(std::move(*before));
+    qxRenderInstance &instance = m_instances.back();
+    const bool same = instance.core == part.core.getFieldContainerId()
+        && instance.toWorld == part.toWorld && !instance.geometry->isOutdated();
+    if (!same) {
+        make(instance, part);
+    } else if (instance.material != idOf(part.material)) {
+        instance.material = idOf(part.material);
+        instance.surface = m_sources.material(part.material);
+    }
+}
+
+void qxRenderGroup::make(qxRenderInstance &instance, const qxShownPart &part)
+{
+    instance.node = part.node;
+    instance.core = part.core.getFieldContainerId();
+    instance.material = idOf(part.material);
+    instance.toWorld = part.toWorld;
+    instance.geometry = m_sources.geometry(part.core);
+    instance.surface = m_sources.material(part.material);
+    instance.embree.reset();
+    instance.mask = 0;
+    setNormals(instance.normals, part.toWorld);
+    if (canBeSeen(instance))
+        placeRays(instance);
+    m_changed = true;
+}
+
+void qxRenderGroup::placeRays(qxRenderInstance &instance)
+{
+    instance.embree.reset(rtcNewGeometry(m_device, RTC_GEOMETRY_TYPE_INSTANCE));
+    rtcSetGeometryInstancedScene(instance.embree.get(), instance.geometry->scene());
+    rtcSetGeometryTransform(instance.embree.get(), 0, RTC_FORMAT_FLOAT4X4_COLUMN_MAJOR,
+                            instance.toWorld.getValues());
+}
+
+void qxRenderGroup::finish()
+{
+    m_changed = m_changed || m_instances.size() != m_before.size();
+    m_before.clear();
+    m_hasTranslucent = false;
+    for (qxRenderInstance &instance : m_instances) {
+        if (!instance.embree)
+            continue;
+        const unsigned int mask = instance.surface->isOpaque() ? Opaque : Translucent;
+        m_hasTranslucent = m_hasTranslucent || mask == Translucent;
+        if (mask == instance.mask)
+            continue;
+        instance.mask = mask;
+        rtcSetGeometryMask(instance.embree.get(), mask);
+        rtcCommitGeometry(instance.embree.get());
+        m_changed = true;
+    }
+    if (m_changed)
+        commit();
+    m_changed = false;
+}
+
+/// The tree over the instances is made from all of them in order, so that it does not depend on
+/// what was shown before.
+void qxRenderGroup::commit()
+{
+    m_scene.reset(rtcNewScene(m_device));
+    rtcSetSceneFlags(m_scene.get(), RTC_SCENE_FLAG_ROBUST);
+    bool isEmpty = true;
+    for (std::size_t i = 0; i < m_instances.size(); ++i) {
+        if (!m_instances[i].embree)
+            continue;
+        rtcAttachGeometryByID(m_scene.get(), m_instances[i].embree.get(), unsigned(i));
+        isEmpty = false;
+    }
+    rtcCommitScene(m_scene.get());
+    m_bounds = qxBox();
+    if (isEmpty)
+        return;
+    RTCBounds bounds;
+    rtcGetSceneBounds(m_scene.get(), &bounds);
+    m_bounds.lower = osg::Vec3f(bounds.lower_x, bounds.lower_y, bounds.lower_z);
+    m_bounds.upper = osg::Vec3f(bounds.upper_x, bounds.upper_y, bounds.upper_z);
+}

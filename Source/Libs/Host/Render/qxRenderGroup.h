@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Render/qxRenderSources.h"
+#include "Render/qxShownWalk.h"
+
+/// A node that shows a geometry, as rays find it.
+struct qxRenderInstance {
+    /// The same in world coordinates, of length 1; null stays.
+    osg::Vec3f worldNormal(const osg::Vec3f &normal) const;
+
+    osg::UInt32 node; ///< ids, to recognise what changed
+    osg::UInt32 core;
+    osg::UInt32 material; ///< 0 for none
+    osg::Matrix toWorld;
+    osg::Vec3f normals[3]; ///< columns of the matrix that turns normals
+    std::shared_ptr<const qxRenderGeometry> geometry;
+    std::shared_ptr<const qxRenderMaterial> surface;
+    qxEmbreeGeometry embree; ///< null when there is nothing to hit
+    unsigned int mask; ///< as it was committed
+};
+
+/// Instances that rays find together: the scene, or the overlays of one layer.
+class qxRenderGroup {
+public:
+    enum Mask { Opaque = 1, Translucent = 2 };
+
+    qxRenderGroup(RTCDevice device, qxRenderSources &sources);
+    qxRenderGroup(const qxRenderGroup &) = delete;
+
+    /// \name An update
+    /// begin(), then all that is shown in order, then finish(). What was there before and is as it
+    /// was is taken over.
+    /// @{
+    void begin();
+    void add(const qxShownPart &part);
+    void finish();
+    /// @}
+
+    RTCScene scene() const { return m_scene.get(); }
+    /// By the instance id of a hit.
+    const qxRenderInstance &instance(unsigned int id) const { return m_instances[id]; }
+    const std::vector<qxRenderInstance> &instances() const { return m_instances; }
+    const qxBox &bounds() const { return m_bounds; }
+    bool hasTranslucent() const { return m_hasTranslucent; }
+
+private:
+    qxRenderInstance *known(osg::UInt32 node);
+    void make(qxRenderInstance &instance, const qxShownPart &part);
+    void placeRays(qxRenderInstance &instance);
+    void commit();
+
+    RTCDevice m_device;
+    qxRenderSources &m_sources;
+    std::vector<qxRenderInstance> m_instances;
+    std::vector<qxRenderInstance> m_before; ///< of the last update; those taken over are empty
+    std::size_t m_next = 0; ///< place in m_before where the next one is looked for
+    std::unordered_map<osg::UInt32, std::size_t> m_places; ///< of nodes in m_before, when needed
+    bool m_changed = true;
+    bool m_hasTranslucent = false;
+    qxEmbreeScene m_scene;
+    qxBox m_bounds;
+};

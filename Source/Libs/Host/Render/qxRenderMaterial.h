@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Materials/qxSurface.h"
+#include "Render/qxRenderTexture.h"
+
+#include <OpenSG/OSGGL.h>
+
+#include <functional>
+
+/// One pass of a material: how it reflects and emits light.
+struct qxRenderLayer {
+    enum TextureUse { Modulate, Replace, Decal };
+
+    osg::Vec3f base = osg::Vec3f(0.6f, 0.6f, 0.6f);
+    float alpha = 1; ///< of AlphaMode Blend
+    osg::Vec3f emission;
+    float metallic = 0;
+    float roughness = 0.6f;
+    float alphaCutoff = 0.5f; ///< of AlphaMode Mask
+    qxSurface::AlphaMode alphaMode = qxSurface::Opaque;
+    bool doubleSided = true;
+    bool unlit = false;
+    std::shared_ptr<const qxRenderTexture> texture; ///< null for none
+    qxRenderTexture::Wrap wrap = {GL_REPEAT, GL_REPEAT};
+    TextureUse textureUse = Modulate;
+};
+
+/// What a renderer has to know about a material. A new one is plain and grey, as are geometries
+/// without a material.
+struct qxRenderMaterial {
+    /// Whether nothing behind it can be seen.
+    bool isOpaque() const;
+
+    /// In the order of drawing; those below an opaque one are left out. Empty: invisible.
+    std::vector<qxRenderLayer> layers = std::vector<qxRenderLayer>(1);
+};
+
+/// Where the textures of images are had from.
+typedef std::function<std::shared_ptr<const qxRenderTexture>(const osg::ImagePtr &)>
+    qxTextureSource;
+
+/// Reads a material as it is now: the chosen one of a switch material, all passes of one with
+/// several. A switch material without a chosen one and a null material give the grey one.
+qxRenderMaterial qxReadMaterial(const osg::MaterialPtr &material, const qxTextureSource &textures);

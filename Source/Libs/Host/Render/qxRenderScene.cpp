@@ -1,0 +1,48 @@
+#include "Render/qxRenderScene.h"
+
+#include "Scene/qxScene.h"
+
+qxRenderScene::qxRenderScene(RTCDevice device)
+    : m_device(device), m_sources(device), m_shown(device, m_sources)
+{
+}
+
+void qxRenderScene::update()
+{
+    const qxScene &scene = *qxScene::current();
+    m_sources.update(scene.overlayRoot());
+    m_lights = qxRenderLights();
+    m_shown.begin();
+    qxShownListener listener;
+    listener.part = [this](const qxShownPart &part) { m_shown.add(part); };
+    listener.light = [this](const osg::LightPtr &light, const osg::Matrix &toWorld) {
+        m_lights.add(light, toWorld);
+    };
+    qxWalkShown(scene.root(), listener);
+    m_shown.finish();
+    updateOverlays();
+}
+
+void qxRenderScene::updateOverlays()
+{
+    for (auto &overlay : m_overlays)
+        overlay.second->begin();
+    qxShownListener listener;
+    listener.part = [this](const qxShownPart &part) { overlay(part.layer).add(part); };
+    qxWalkShown(qxScene::current()->overlayRoot(), listener);
+    for (auto overlay = m_overlays.begin(); overlay != m_overlays.end();) {
+        overlay->second->finish();
+        overlay =
+            overlay->second->instances().empty() ? m_overlays.erase(overlay) : std::next(overlay);
+    }
+}
+
+qxRenderGroup &qxRenderScene::overlay(osg::UInt32 layer)
+{
+    std::unique_ptr<qxRenderGroup> &group = m_overlays[layer];
+    if (!group) {
+        group = std::make_unique<qxRenderGroup>(m_device, m_sources);
+        group->begin();
+    }
+    return *group;
+}

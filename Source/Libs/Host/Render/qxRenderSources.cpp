@@ -1,0 +1,123 @@
+#include "Render/qxRenderSources.h"
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+
+namespace {
+
+/// The fields of a geometry that its triangles do not depend on.
+osg::BitVector unimportantFields()
+{
+    return osg::Geometry::ParentsFieldMask | osg::Geometry::AttachmentsFieldMask
+        | osg::Geometry::MaterialFieldMask | osg::Geometry::DlistCacheFieldMask;
+}
+
+} // namespace
+
+qxRenderSources::qxRenderSources(RTCDevice device) : m_device(device) {}
+
+void qxRenderSources::update(const osg::FieldContainerPtr &marked)
+{
+    qxEditReader::Follower follower;
+    follower.edited = [this](Id id, osg::BitVector mask) { edited(id, mask); };
+    follower.destroyed = [this](Id id) { forget(id); };
+    if (!m_edits.read(marked, follower))
+        forgetEverything();
+    readMaterials();
+}
+
+void qxRenderSources::edited(Id id, osg::BitVector mask)
+{
+    m_textures.erase(id);
+    if (m_geometries.count(id) > 0 && (mask & ~unimportantFields()))
+        forgetGeometry(id);
+    const auto users = m_coresOf.find(id);
+    if (users == m_coresOf.end())
+        return;
+    const std::vector<Id> cores = std::move(users->second);
+    m_coresOf.erase(users);
+    for (const Id core : cores)
+        forgetGeometry(core);
+}
+
+void qxRenderSources::forget(Id id)
+{
+    m_textures.erase(id);
+    m_coresOf.erase(id);
+    forgetGeometry(id);
+}
+
+void qxRenderSources::forgetGeometry(Id core)
+{
+    const auto known = m_geometries.find(core);
+    if (known == m_geometries.end())
+        return;
+    known->second->setOutdated();
+    m_geometries.erase(known);
+}
+
+void qxRenderSources::forgetEverything()
+{
+    for (const auto &known : m_geometries)
+        known.second->setOutdated();
+    m_geometries.clear();
+    m_coresOf.clear();
+    m_textures.clear();
+}
+
+void qxRenderSources::readMaterials()
+{
+    const qxTextureSource textures = [this](const osg::ImagePtr &image) { return texture(image); };
+    for (auto entry = m_materials.begin(); entry != m_materials.end();) {
+        const auto material =
+            osg::MaterialPtr::dcast(osg::FieldContainerFactory::the()->getContainer(entry->first));
+        if (material == osg::NullFC || entry->second.use_count() == 1) {
+            entry = m_materials.erase(entry);
+            continue;
+        }
+        *entry->second = qxReadMaterial(material, textures);
+        ++entry;
+    }
+}
+
+std::shared_ptr<const qxRenderGeometry> qxRenderSources::geometry(const osg::GeometryPtr &core)
+{
+    std::shared_ptr<qxRenderGeometry> &known = m_geometries[core.getFieldContainerId()];
+    if (!known) {
+        known = qxRenderGeometry::make(m_device, core);
+        rememberProperties(core);
+    }
+    return known;
+}
+
+void qxRenderSources::rememberProperties(const osg::GeometryPtr &core)
+{
+    const osg::FieldContainerPtr properties[] = {
+        core->getTypes(),   core->getLengths(), core->getPositions(), core->getNormals(),
+        core->getIndices(), core->getColors(),  core->getTexCoords()};
+    for (const osg::FieldContainerPtr &property : properties) {
+        if (property != osg::NullFC)
+            m_coresOf[property.getFieldContainerId()].push_back(core.getFieldContainerId());
+    }
+}
+
+std::shared_ptr<const qxRenderMaterial> qxRenderSources::material(const osg::MaterialPtr &material)
+{
+    if (material == osg::NullFC)
+        return m_noMaterial;
+    std::shared_ptr<qxRenderMaterial> &known = m_materials[material.getFieldContainerId()];
+    if (!known) {
+        known = std::make_shared<qxRenderMaterial>(qxReadMaterial(
+            material, [this](const osg::ImagePtr &image) { return texture(image); }));
+    }
+    return known;
+}
+
+std::shared_ptr<const qxRenderTexture> qxRenderSources::texture(const osg::ImagePtr &image)
+{
+    if (image == osg::NullFC)
+        return nullptr;
+    const auto known = m_textures.find(image.getFieldContainerId());
+    if (known != m_textures.end())
+        return known->second;
+    return m_textures[image.getFieldContainerId()] = qxRenderTexture::make(image);
+}

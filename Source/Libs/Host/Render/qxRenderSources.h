@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Render/qxRenderGeometry.h"
+#include "Render/qxRenderMaterial.h"
+#include "Scene/qxEditReader.h"
+
+#include <unordered_map>
+
+/// Geometries, materials and images of the scene in the form that rays need, each made once and
+/// kept as long as it is as it was.
+class qxRenderSources {
+public:
+    explicit qxRenderSources(RTCDevice device);
+    qxRenderSources(const qxRenderSources &) = delete;
+
+    /// Follows the edits since the last call. Geometries that were edited are outdated then;
+    /// materials are as they are now. `marked` is an object that lives as long as the scene.
+    void update(const osg::FieldContainerPtr &marked);
+
+    std::shared_ptr<const qxRenderGeometry> geometry(const osg::GeometryPtr &core);
+    /// Follows the material with every update. For null the one of geometries without material.
+    std::shared_ptr<const qxRenderMaterial> material(const osg::MaterialPtr &material);
+
+private:
+    typedef osg::UInt32 Id; ///< of a field container
+
+    std::shared_ptr<const qxRenderTexture> texture(const osg::ImagePtr &image);
+    void edited(Id id, osg::BitVector mask);
+    void forget(Id id);
+    void forgetGeometry(Id core);
+    void forgetEverything();
+    void rememberProperties(const osg::GeometryPtr &core);
+    void readMaterials();
+
+    RTCDevice m_device;
+    qxEditReader m_edits;
+    std::unordered_map<Id, std::shared_ptr<qxRenderGeometry>> m_geometries; ///< by core
+    std::unordered_map<Id, std::vector<Id>> m_coresOf; ///< by property: cores that have it
+    std::unordered_map<Id, std::shared_ptr<qxRenderMaterial>> m_materials;
+    std::unordered_map<Id, std::shared_ptr<const qxRenderTexture>> m_textures; ///< by image
+    std::shared_ptr<const qxRenderMaterial> m_noMaterial = std::make_shared<qxRenderMaterial>();
+};

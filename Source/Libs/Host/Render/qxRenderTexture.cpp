@@ -1,0 +1,141 @@
+#include "Render/qxRenderTexture.h"
+
+#include "Render/qxPictureColour.h"
+#include "Render/qxRenderMath.h"
+
+#include <OpenSG/OSGGL.h>
+
+#include <array>
+#include <cstring>
+
+namespace {
+
+/// Light of each value of a byte.
+const std::array<float, 256> &lightOfBytes()
+{
+    static const std::array<float, 256> table = [] {
+        std::array<float, 256> values;
+        for (int i = 0; i < 256; ++i)
+            values[std::size_t(i)] = qxLightOf(osg::Color3f(float(i) / 255.0f, 0, 0))[0];
+        return values;
+    }();
+    return table;
+}
+
+template <class Number>
+Number numberAt(const std::uint8_t *bytes)
+{
+    Number value;
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+}
+
+/// A channel as a byte, whatever its format.
+std::uint8_t channelAt(const std::uint8_t *bytes, osg::Int32 type)
+{
+    switch (type) {
+    case osg::Image::OSG_UINT16_IMAGEDATA:
+        return std::uint8_t(numberAt<std::uint16_t>(bytes) >> 8);
+    case osg::Image::OSG_UINT32_IMAGEDATA:
+        return std::uint8_t(numberAt<std::uint32_t>(bytes) >> 24);
+    case osg::Image::OSG_FLOAT32_IMAGEDATA: {
+        const float light = numberAt<float>(bytes);
+        return std::uint8_t(std::lround(qxShownColour(osg::Vec3f(light, 0, 0))[0] * 255.0f));
+    }
+    default:
+        return *bytes;
+    }
+}
+
+/// Which channels of a pixel are its red, green, blue and alpha; -1 for full.
+std::array<int, 4> channelOrder(osg::UInt32 format)
+{
+    switch (format) {
+    case osg::Image::OSG_A_PF:
+        return {-1, -1, -1, 0};
+    case osg::Image::OSG_L_PF:
+        return {0, 0, 0, -1};
+    case osg::Image::OSG_LA_PF:
+        return {0, 0, 0, 1};
+    case osg::Image::OSG_RGB_PF:
+        return {0, 1, 2, -1};
+    case osg::Image::OSG_BGR_PF:
+        return {2, 1, 0, -1};
+    case osg::Image::OSG_BGRA_PF:
+        return {2, 1, 0, 3};
+    default:
+        return {0, 1, 2, 3};
+    }
+}
+
+std::vector<std::uint8_t> bytesOf(const osg::ImagePtr &image, std::size_t pixels)
+{
+    const std::array<int, 4> order = channelOrder(image->getPixelFormat());
+    const std::size_t channels = image->getComponents();
+    const std::size_t step = std::size_t(image->getBpp());
+    const std::uint8_t *from = image->getData();
+    std::vector<std::uint8_t> bytes(pixels * 4, 255);
+    for (std::size_t i = 0; i < pixels * 4; ++i) {
+        const int channel = order[i % 4];
+        if (channel >= 0)
+            bytes[i] = channelAt(from + i / 4 * step + std::size_t(channel) * (step / channels),
+                                 image->getDataType());
+    }
+    return bytes;
+}
+
+/// The place of a pixel inside of the picture that the wrap mode shows there.
+int wrapped(int pixel, int size, osg::UInt32 mode)
+{
+    if (mode != GL_REPEAT)
+        return std::clamp(pixel, 0, size - 1);
+    const int rest = pixel % size;
+    return rest < 0 ? rest + size : rest;
+}
+
+/// Takes a coordinate near to the picture, where pixels can be counted in integers.
+float nearby(float coordinate, osg::UInt32 mode)
+{
+    if (!std::isfinite(coordinate))
+        return 0.0f;
+    return mode == GL_REPEAT ? coordinate - std::floor(coordinate)
+                             : std::clamp(coordinate, -1.0f, 2.0f);
+}
+
+} // namespace
+
+std::shared_ptr<const qxRenderTexture> qxRenderTexture::make(const osg::ImagePtr &image)
+{
+    if (image == osg::NullFC || !image->isValid() || image->getComponents() == 0)
+        return nullptr;
+    const std::size_t pixels = std::size_t(image->getWidth()) * std::size_t(image->getHeight());
+    if (pixels == 0 || image->getSize() < pixels * std::size_t(image->getBpp()))
+        return nullptr;
+    const auto texture = std::make_shared<qxRenderTexture>();
+    texture->m_width = image->getWidth();
+    texture->m_height = image->getHeight();
+    texture->m_rgba = bytesOf(image, pixels);
+    return texture;
+}
+
+osg::Vec4f qxRenderTexture::pixel(int x, int y) const
+{
+    const std::array<float, 256> &light = lightOfBytes();
+    const std::uint8_t *at = &m_rgba[(std::size_t(y) * std::size_t(m_width) + std::size_t(x)) * 4];
+    return osg::Vec4f(light[at[0]], light[at[1]], light[at[2]], float(at[3]) / 255.0f);
+}
+
+osg::Vec4f qxRenderTexture::at(const osg::Vec2f &place, const Wrap &wrap) const
+{
+    const float x = nearby(place[0], wrap.s) * float(m_width) - 0.5f;
+    const float y = nearby(place[1], wrap.t) * float(m_height) - 0.5f;
+    const int left = int(std::floor(x));
+    const int low = int(std::floor(y));
+    const int x0 = wrapped(left, m_width, wrap.s);
+    const int x1 = wrapped(left + 1, m_width, wrap.s);
+    const int y0 = wrapped(low, m_height, wrap.t);
+    const int y1 = wrapped(low + 1, m_height, wrap.t);
+    const osg::Vec4f lower = qxMixed(pixel(x0, y0), pixel(x1, y0), x - float(left));
+    const osg::Vec4f upper = qxMixed(pixel(x0, y1), pixel(x1, y1), x - float(left));
+    return qxMixed(lower, upper, y - float(low));
+}

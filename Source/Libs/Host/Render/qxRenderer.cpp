@@ -1,0 +1,203 @@
+#include "Render/qxRenderer.h"
+
+#include "Cameras/qxMainView.h"
+#include "Render/qxContour.h"
+#include "Render/qxPictureColour.h"
+#include "Render/qxRenderScene.h"
+#include "Render/qxTiles.h"
+#include "Render/qxTracer.h"
+#include "Scene/qxScene.h"
+#include "qxLog.h"
+
+#include <limits>
+
+namespace {
+
+const int _largest = 16384; ///< width and height of a picture
+const int _bestQuality = 64; ///< samples; more of them are hard to tell apart
+const int _tile = 16; ///< width and height in pixels
+
+/// From the left above the eye, for scenes that have no light at all.
+qxRenderLight headLight(const qxRenderCamera &camera)
+{
+    qxRenderLight light;
+    light.direction = qxUnit(camera.right() * 0.45f - camera.up() * 0.6f - camera.back());
+    light.light = osg::Vec3f(1.2f, 1.2f, 1.2f);
+    light.shadow = false;
+    return light;
+}
+
+int samplesOf(const qxPictureSettings &settings)
+{
+    if (settings.quality == qxPictureSettings::Quick)
+        return 1;
+    return settings.quality < 0 ? _bestQuality : settings.quality;
+}
+
+/// Everything that stays the same for all pixels of a picture.
+class Painter {
+public:
+    Painter(const qxRenderScene &scene, const qxPictureSettings &settings);
+
+    int tileCount() const { return m_across * ((m_settings.height + _tile - 1) / _tile); }
+    void paintTile(int tile, qxPicture &picture) const;
+
+private:
+    qxTracer::Scene tracerScene(const qxRenderGroup &group, qxTracer::Manner manner,
+                                const qxRenderClipping &clipping) const;
+    void paintPixel(int x, int y, qxPicture &picture) const;
+    osg::Vec3f sample(int x, int y, int number) const;
+    osg::Vec3f background(float y) const;
+
+    const qxPictureSettings &m_settings;
+    const int m_across; ///< tiles in a row
+    const int m_samples;
+    const bool m_rayTracing;
+    const qxRenderCamera m_camera;
+    const qxRenderClipping m_clipping;
+    const qxRenderClipping m_noClipping;
+    const qxContour m_contour;
+    const osg::Vec3f m_contourLight;
+    const osg::Vec3f m_top;
+    const osg::Vec3f m_bottom;
+    qxRenderLights m_lights;
+    std::unique_ptr<qxTracer> m_tracer;
+    std::vector<qxTracer> m_overlays; ///< the farthest first
+};
+
+Painter::Painter(const qxRenderScene &scene, const qxPictureSettings &settings)
+    : m_settings(settings), m_across((settings.width + _tile - 1) / _tile),
+      m_samples(samplesOf(settings)), m_rayTracing(settings.quality != qxPictureSettings::Quick),
+      m_camera(qxMainView::the().camera, scene.shown().bounds(), settings.width, settings.height),
+      m_clipping(qxClipping::the(), scene.shown().bounds()), m_noClipping(qxClipping(), qxBox()),
+      m_contour(scene.shown(), m_clipping, m_camera, settings.width, settings.height),
+      m_contourLight(qxLightOf(m_clipping.settings().contourColor)),
+      m_top(qxLightOf(settings.backgroundTop)), m_bottom(qxLightOf(settings.backgroundBottom)),
+      m_lights(scene.lights())
+{
+    m_lights.expose(scene.shown().bounds());
+    if (m_lights.isEmpty())
+        m_lights.on.push_back(headLight(m_camera));
+    const qxTracer::Manner manner = m_rayTracing ? qxTracer::RayTracing : qxTracer::HardLight;
+    m_tracer = std::make_unique<qxTracer>(tracerScene(scene.shown(), manner, m_clipping));
+    for (const auto &overlay : scene.overlays())
+        m_overlays.emplace_back(tracerScene(*overlay.second, qxTracer::Flat, m_noClipping));
+}
+
+/// With lights of its own a scene gets less light from the room around it.
+qxTracer::Scene Painter::tracerScene(const qxRenderGroup &group, qxTracer::Manner manner,
+                                     const qxRenderClipping &clipping) const
+{
+    const bool hasLights = m_lights.on.empty() || m_lights.on.front().shadow;
+    return {group, m_lights, clipping, m_camera, qxSky(hasLights ? 0.4f : 0.9f), manner};
+}
+
+void Painter::paintTile(int tile, qxPicture &picture) const
+{
+    const int left = tile % m_across * _tile;
+    const int low = tile / m_across * _tile;
+    for (int y = low; y < std::min(low + _tile, m_settings.height); ++y) {
+        for (int x = left; x < std::min(left + _tile, m_settings.width); ++x)
+            paintPixel(x, y, picture);
+    }
+}
+
+void Painter::paintPixel(int x, int y, qxPicture &picture) const
+{
+    osg::Vec3f sum;
+    for (int i = 0; i < m_samples; ++i)
+        sum += sample(x, y, i);
+    const osg::Vec3f colour = qxShownColour(sum * (1.0f / float(m_samples)));
+    const std::size_t place = std::size_t(y) * std::size_t(m_settings.width) + std::size_t(x);
+    std::uint8_t *const bytes = &picture.rgba[place * 4];
+    for (osg::UInt32 i = 0; i < 3; ++i)
+        bytes[i] = std::uint8_t(std::lround(colour[i] * 255.0f));
+    bytes[3] = 255;
+}
+
+/// The light of one of a pixel's samples, as the picture shows it.
+osg::Vec3f Painter::sample(int x, int y, int number) const
+{
+    qxSampler sampler(std::uint32_t(y) * std::uint32_t(_largest) + std::uint32_t(x),
+                      std::uint32_t(number));
+    const osg::Vec2f shift = m_samples > 1 ? sampler.nextPair() : osg::Vec2f(0.5f, 0.5f);
+    const qxRay ray = m_camera.ray(float(x) + shift[0], float(y) + shift[1]);
+    const qxTracer::Light seen = m_tracer->seen(ray, sampler);
+    osg::Vec3f light = seen.light + background(float(y) + shift[1]) * seen.through;
+    if (m_rayTracing)
+        light = qxToneMapped(light);
+    const qxContour::Pixel line = m_contour.at(x, y);
+    if (line.cover > 0.0f && line.distance <= seen.distance * 1.002f)
+        light = qxMixed(light, m_contourLight, line.cover);
+    for (const qxTracer &overlay : m_overlays) {
+        const qxTracer::Light front = overlay.seen(ray, sampler);
+        light = front.light + light * front.through;
+    }
+    return light;
+}
+
+osg::Vec3f Painter::background(float y) const
+{
+    return qxMixed(m_bottom, m_top, y / float(m_settings.height));
+}
+
+bool isPossible(const qxPictureSettings &settings)
+{
+    const auto fits = [](int size) { return size > 0 && size <= _largest; };
+    if (fits(settings.width) && fits(settings.height))
+        return true;
+    qxLog::error("A picture cannot have %d by %d pixels", settings.width, settings.height);
+    return false;
+}
+
+void reportError(void *failed, RTCError, const char *text)
+{
+    *static_cast<bool *>(failed) = true;
+    qxLog::error("Rendering failed: %s", text);
+}
+
+} // namespace
+
+/// What is kept between pictures.
+struct qxRenderer::Parts {
+    Parts() : device(rtcNewDevice(nullptr))
+    {
+        if (device)
+            rtcSetDeviceErrorFunction(device.get(), &reportError, &failed);
+    }
+
+    qxEmbreeDevice device;
+    bool failed = false;
+    std::unique_ptr<qxRenderScene> scene;
+};
+
+qxRenderer::qxRenderer() : m_parts(std::make_unique<Parts>()) {}
+
+qxRenderer::~qxRenderer() = default;
+
+qxPicture qxRenderer::render(const qxPictureSettings &settings, const Progress &progress)
+{
+    if (!qxScene::current() || !isPossible(settings))
+        return qxPicture();
+    if (!m_parts->device) {
+        qxLog::error("Rendering failed: this processor is not supported");
+        return qxPicture();
+    }
+    m_parts->failed = false;
+    if (!m_parts->scene)
+        m_parts->scene = std::make_unique<qxRenderScene>(m_parts->device.get());
+    m_parts->scene->update();
+    const Painter painter(*m_parts->scene, settings);
+    qxPicture picture;
+    picture.width = settings.width;
+    picture.height = settings.height;
+    picture.rgba.resize(std::size_t(settings.width) * std::size_t(settings.height) * 4);
+    const int total = painter.tileCount();
+    const auto tell = [&](int done) { return !progress || progress(done, total); };
+    const bool finished = !m_parts->failed && tell(0)
+        && qxForAllTiles(
+            total, settings.threads, [&](int tile) { painter.paintTile(tile, picture); }, tell);
+    if (m_parts->failed)
+        m_parts->scene.reset();
+    return finished ? picture : qxPicture();
+}

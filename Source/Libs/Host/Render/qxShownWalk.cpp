@@ -1,0 +1,148 @@
+#include "Render/qxShownWalk.h"
+
+#include "OSGOverlayCore.h"
+
+#include <OpenSG/OSGMaterialGroup.h>
+#include <OpenSG/OSGSwitch.h>
+#include <OpenSG/OSGTransform.h>
+
+#include <vector>
+
+namespace {
+
+enum class Kind : char { Unknown, Plain, Switch, Transform, MaterialGroup, Overlay, Light, Part };
+
+Kind kindOf(const osg::FieldContainerType &type)
+{
+    if (type.isDerivedFrom(osg::Geometry::getClassType()))
+        return Kind::Part;
+    if (type.isDerivedFrom(osg::Transform::getClassType()))
+        return Kind::Transform;
+    if (type.isDerivedFrom(osg::Switch::getClassType()))
+        return Kind::Switch;
+    if (type.isDerivedFrom(osg::MaterialGroup::getClassType()))
+        return Kind::MaterialGroup;
+    if (type.isDerivedFrom(osg::Light::getClassType()))
+        return Kind::Light;
+    return type.isDerivedFrom(osg::OverlayCore::getClassType()) ? Kind::Overlay : Kind::Plain;
+}
+
+/// The walk itself: an open list instead of recursion, because scenes may be deep.
+class Walk {
+public:
+    explicit Walk(const qxShownListener &listener) : m_listener(listener) {}
+
+    void run(const osg::NodePtr &root)
+    {
+        m_matrices.assign(1, osg::Matrix());
+        m_open.assign(1, Open{root, {0, 0, osg::MaterialPtr()}});
+        while (!m_open.empty()) {
+            const Open next = m_open.back();
+            m_open.pop_back();
+            visit(next.node, next.above);
+        }
+    }
+
+private:
+    /// What holds for a node from those above it.
+    struct Above {
+        std::size_t matrix; ///< place in m_matrices
+        osg::UInt32 layer;
+        osg::MaterialPtr material;
+    };
+    struct Open {
+        osg::NodePtr node;
+        Above above;
+    };
+
+    void visit(const osg::NodePtr &node, Above above)
+    {
+        if (node == osg::NullFC || node->getTravMask() == 0)
+            return;
+        const osg::NodeCorePtr core = node->getCore();
+        const osg::MFNodePtr &children = *node->getMFChildren();
+        if (core == osg::NullFC) {
+            openAll(children, above);
+            return;
+        }
+        const Kind kind = kindOfCore(core);
+        enter(kind, node, core, above);
+        if (kind == Kind::Switch)
+            openChosen(children, osg::SwitchPtr::dcast(core)->getChoice(), above);
+        else
+            openAll(children, above);
+    }
+
+    void enter(Kind kind, const osg::NodePtr &node, const osg::NodeCorePtr &core, Above &above)
+    {
+        switch (kind) {
+        case Kind::Transform:
+            m_matrices.push_back(m_matrices[above.matrix]);
+            m_matrices.back().mult(osg::TransformPtr::dcast(core)->getMatrix());
+            above.matrix = m_matrices.size() - 1;
+            break;
+        case Kind::MaterialGroup:
+            if (above.material == osg::NullFC)
+                above.material = osg::MaterialGroupPtr::dcast(core)->getMaterial();
+            break;
+        case Kind::Overlay:
+            above.layer = osg::OverlayCorePtr::dcast(core)->getLayer();
+            break;
+        case Kind::Light:
+            if (m_listener.light)
+                m_listener.light(osg::LightPtr::dcast(core), m_matrices[above.matrix]);
+            break;
+        case Kind::Part:
+            show(node, osg::GeometryPtr::dcast(core), above);
+            break;
+        default:
+            break;
+        }
+    }
+
+    void show(const osg::NodePtr &node, const osg::GeometryPtr &core, const Above &above)
+    {
+        const bool own = above.material == osg::NullFC;
+        m_listener.part({node.getFieldContainerId(), core,
+                         own ? core->getMaterial() : above.material, m_matrices[above.matrix],
+                         above.layer});
+    }
+
+    void openAll(const osg::MFNodePtr &children, const Above &above)
+    {
+        for (auto child = children.rbegin(); child != children.rend(); ++child)
+            m_open.push_back({*child, above});
+    }
+
+    void openChosen(const osg::MFNodePtr &children, osg::Int32 choice, const Above &above)
+    {
+        if (choice == osg::Switch::ALL)
+            openAll(children, above);
+        else if (choice >= 0 && std::size_t(choice) < children.size())
+            m_open.push_back({children[std::size_t(choice)], above});
+    }
+
+    /// Asking a type for its parents is slow; there are few types and many nodes.
+    Kind kindOfCore(const osg::NodeCorePtr &core)
+    {
+        const osg::FieldContainerType &type = core->getType();
+        const std::size_t id = type.getId();
+        if (id >= m_kinds.size())
+            m_kinds.resize(id + 1, Kind::Unknown);
+        if (m_kinds[id] == Kind::Unknown)
+            m_kinds[id] = kindOf(type);
+        return m_kinds[id];
+    }
+
+    const qxShownListener &m_listener;
+    std::vector<Open> m_open;
+    std::vector<osg::Matrix> m_matrices;
+    std::vector<Kind> m_kinds;
+};
+
+} // namespace
+
+void qxWalkShown(const osg::NodePtr &root, const qxShownListener &listener)
+{
+    Walk(listener).run(root);
+}

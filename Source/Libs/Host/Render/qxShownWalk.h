@@ -1,0 +1,27 @@
+#pragma once
+
+#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGLight.h>
+#include <OpenSG/OSGMatrix.h>
+
+#include <functional>
+
+/// A node that shows a geometry.
+struct qxShownPart {
+    osg::UInt32 node; ///< its id
+    osg::GeometryPtr core;
+    osg::MaterialPtr material; ///< that of the outermost material group, else the geometry's own
+    osg::Matrix toWorld;
+    osg::UInt32 layer; ///< of the overlay that it belongs to; 0 without
+};
+
+/// Receives what is shown, in scene order.
+struct qxShownListener {
+    std::function<void(const qxShownPart &)> part;
+    /// Lights that are off come as well.
+    std::function<void(const osg::LightPtr &, const osg::Matrix &toWorld)> light;
+};
+
+/// Walks over all that is shown below `root`. A node without any bit in its traversal mask hides
+/// everything below it, a switch all children but the chosen one.
+void qxWalkShown(const osg::NodePtr &root, const qxShownListener &listener);

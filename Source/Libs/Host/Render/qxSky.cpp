@@ -1,0 +1,34 @@
+#include "Render/qxSky.h"
+
+namespace {
+
+const osg::Vec3f _above(1.15f, 1.17f, 1.2f);
+const osg::Vec3f _below(0.32f, 0.31f, 0.3f);
+const osg::Vec3f _lamp(2.2f, 2.15f, 2.05f);
+const osg::Vec3f _lampDirection(0.35f, 0.82f, 0.45f);
+const float _lampSharpness = 12.0f;
+
+/// The room changes evenly from below to above; `slope` 1 is the room itself.
+osg::Vec3f room(float height, float slope)
+{
+    return qxMixed(_below, _above, 0.5f + 0.5f * slope * height);
+}
+
+} // namespace
+
+osg::Vec3f qxSky::mirrored(const osg::Vec3f &direction, float roughness) const
+{
+    const float blur = roughness * roughness;
+    const float sharpness = qxMixed(_lampSharpness, 1.5f, blur);
+    const float towards = std::max(0.0f, direction.dot(qxUnit(_lampDirection)));
+    // A blurred lamp is larger and, with the same light in all, darker.
+    const float lamp = std::pow(towards, sharpness) * (sharpness + 1.0f) / (_lampSharpness + 1.0f);
+    return (room(direction[1], qxMixed(1.0f, 2.0f / 3.0f, blur)) + _lamp * lamp) * m_strength;
+}
+
+osg::Vec3f qxSky::scattered(const osg::Vec3f &normal) const
+{
+    const float towards = std::max(0.0f, normal.dot(qxUnit(_lampDirection)));
+    const float lamp = towards * 2.0f / (_lampSharpness + 1.0f);
+    return (room(normal[1], 2.0f / 3.0f) + _lamp * lamp) * m_strength;
+}

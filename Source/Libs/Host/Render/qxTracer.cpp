@@ -1,0 +1,292 @@
+#include "Render/qxTracer.h"
+
+#include "Render/qxRenderCamera.h"
+#include "Render/qxShading.h"
+
+#include <limits>
+
+namespace {
+
+const float _infinity = std::numeric_limits<float>::infinity();
+const unsigned int _all = qxRenderGroup::Opaque | qxRenderGroup::Translucent;
+
+const int _mostSurfaces = 64; ///< that a ray passes through
+const float _nothing = 1.0f / 1024.0f; ///< less light than this is none
+const int _bounces = 2;
+const float _brightest = 8.0f; ///< of a reflected ray: a few brighter ones would be spots
+const std::size_t _lightsAsked = 4; ///< per point when ray tracing
+const float _lampSize = 0.02f; ///< radius of a directional light, as seen from distance 1
+
+/// A little beyond a distance, so that a ray that goes on does not find the same surface.
+float beyond(float distance)
+{
+    return distance + std::fabs(distance) * 4e-6f + std::numeric_limits<float>::min();
+}
+
+RTCRay embreeRay(const qxRay &ray, unsigned int mask)
+{
+    RTCRay result;
+    result.org_x = ray.origin[0];
+    result.org_y = ray.origin[1];
+    result.org_z = ray.origin[2];
+    result.dir_x = ray.direction[0];
+    result.dir_y = ray.direction[1];
+    result.dir_z = ray.direction[2];
+    result.tnear = ray.near;
+    result.tfar = ray.far;
+    result.time = 0;
+    result.mask = mask;
+    result.id = 0;
+    result.flags = 0;
+    return result;
+}
+
+osg::Vec4f texel(const qxRenderLayer &layer, const osg::Vec2f &place)
+{
+    return layer.texture ? layer.texture->at(place, layer.wrap) : osg::Vec4f(1, 1, 1, 1);
+}
+
+} // namespace
+
+/// A point of a surface.
+struct qxTracer::Hit {
+    osg::Vec3f position;
+    osg::Vec3f normal; ///< smooth, on the side of the eye
+    osg::Vec3f flatNormal; ///< of the triangle, on the side of the eye
+    osg::Vec3f toEye;
+    float distance = 0;
+    bool front = true;
+    osg::Vec2f texCoords;
+    osg::Vec4f colour;
+    const qxRenderMaterial *material = nullptr;
+
+    /// Base colour and alpha of a pass.
+    osg::Vec4f base(const qxRenderLayer &layer) const;
+    float alpha(const qxRenderLayer &layer, float baseAlpha) const;
+    /// Where a ray may start without meeting the surface again.
+    osg::Vec3f start(const osg::Vec3f &direction) const;
+};
+
+osg::Vec4f qxTracer::Hit::base(const qxRenderLayer &layer) const
+{
+    const osg::Vec4f texture = texel(layer, texCoords);
+    const osg::Vec3f light(texture[0], texture[1], texture[2]);
+    const osg::Vec3f tint(colour[0], colour[1], colour[2]);
+    osg::Vec3f result = qxProduct(layer.base, tint);
+    float alpha = layer.alpha * colour[3];
+    if (layer.textureUse == qxRenderLayer::Decal) {
+        result = qxMixed(result, light, texture[3]);
+    } else {
+        result = layer.textureUse == qxRenderLayer::Replace && layer.texture
+            ? light
+            : qxProduct(result, light);
+        alpha *= texture[3];
+    }
+    return osg::Vec4f(result[0], result[1], result[2], alpha);
+}
+
+float qxTracer::Hit::alpha(const qxRenderLayer &layer, float baseAlpha) const
+{
+    if (!front && !layer.doubleSided)
+        return 0.0f;
+    if (layer.alphaMode == qxSurface::Mask)
+        return baseAlpha >= layer.alphaCutoff ? 1.0f : 0.0f;
+    return layer.alphaMode == qxSurface::Blend ? std::clamp(baseAlpha, 0.0f, 1.0f) : 1.0f;
+}
+
+osg::Vec3f qxTracer::Hit::start(const osg::Vec3f &direction) const
+{
+    const float largest = std::max(std::max(std::fabs(position[0]), std::fabs(position[1])),
+                                   std::max(std::fabs(position[2]), distance));
+    const float side = flatNormal.dot(direction) < 0.0f ? -1.0f : 1.0f;
+    return position + flatNormal * (side * largest * 2e-5f);
+}
+
+qxTracer::qxTracer(const Scene &scene) : m_scene(scene) {}
+
+qxTracer::Light qxTracer::seen(const qxRay &ray, qxSampler &sampler) const
+{
+    return gathered(ray, 0, sampler);
+}
+
+bool qxTracer::intersect(const qxRay &ray, unsigned int mask, Hit &hit) const
+{
+    RTCIntersectContext context;
+    rtcInitIntersectContext(&context);
+    RTCRayHit found;
+    found.ray = embreeRay(ray, mask);
+    found.hit.geomID = RTC_INVALID_GEOMETRY_ID;
+    found.hit.instID[0] = RTC_INVALID_GEOMETRY_ID;
+    rtcIntersect1(m_scene.group.scene(), &context, &found);
+    if (found.hit.geomID == RTC_INVALID_GEOMETRY_ID)
+        return false;
+    const qxRenderInstance &instance = m_scene.group.instance(found.hit.instID[0]);
+    const qxRenderGeometry &geometry = *instance.geometry;
+    const qxRenderGeometry::Place place = {found.hit.primID, found.hit.u, found.hit.v};
+    hit.distance = found.ray.tfar;
+    hit.position = ray.at(hit.distance);
+    hit.toEye = -ray.direction;
+    hit.flatNormal =
+        instance.worldNormal(osg::Vec3f(found.hit.Ng_x, found.hit.Ng_y, found.hit.Ng_z));
+    hit.front = hit.flatNormal.dot(hit.toEye) >= 0.0f;
+    hit.normal = instance.worldNormal(geometry.normalAt(place));
+    if (!(hit.normal.squareLength() > 0.5f))
+        hit.normal = hit.flatNormal;
+    if (!hit.front) {
+        hit.flatNormal = -hit.flatNormal;
+        hit.normal = -hit.normal;
+    }
+    // Where a body is cut open, its inner side is seen.
+    hit.front = hit.front || m_scene.clipping.isActive();
+    hit.texCoords = geometry.texCoordsAt(place);
+    hit.colour = geometry.colourAt(place);
+    hit.material = instance.surface.get();
+    return true;
+}
+
+/// Goes through surfaces until one lets nothing through.
+qxTracer::Light qxTracer::gathered(qxRay ray, int depth, qxSampler &sampler) const
+{
+    Light light;
+    light.distance = _infinity;
+    qxRenderClipping::Crossing plane = {_infinity, 0.0f, osg::Vec3f()};
+    if (depth == 0)
+        plane = m_scene.clipping.crossing(ray, m_scene.camera);
+    m_scene.clipping.limit(ray);
+    for (int i = 0; i < _mostSurfaces && light.through > _nothing; ++i) {
+        Hit hit;
+        const bool left = !m_scene.clipping.hidesScene() && ray.near < ray.far;
+        const bool found = left && intersect(ray, _all, hit);
+        if (plane.alpha > 0.0f && !(found && hit.distance < plane.distance)) {
+            pass(plane, light);
+            plane.alpha = 0.0f;
+        }
+        if (!found)
+            return light;
+        pass(hit, depth, sampler, light);
+        ray.near = beyond(hit.distance);
+    }
+    return light;
+}
+
+void qxTracer::pass(const qxRenderClipping::Crossing &plane, Light &light) const
+{
+    light.light += plane.light * (plane.alpha * light.through);
+    light.through *= 1.0f - plane.alpha;
+}
+
+/// The passes of the material, from the one that was drawn last downwards.
+void qxTracer::pass(const Hit &hit, int depth, qxSampler &sampler, Light &light) const
+{
+    const std::vector<qxRenderLayer> &layers = hit.material->layers;
+    for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
+        const float alpha = hit.alpha(*layer, hit.base(*layer)[3]);
+        if (alpha <= 0.0f)
+            continue;
+        light.light += shaded(hit, *layer, depth, sampler) * (alpha * light.through);
+        light.through *= 1.0f - alpha;
+        if (light.through <= _nothing)
+            break;
+    }
+    if (light.through <= 0.5f)
+        light.distance = std::min(light.distance, hit.distance);
+}
+
+osg::Vec3f qxTracer::shaded(const Hit &hit, const qxRenderLayer &layer, int depth,
+                            qxSampler &sampler) const
+{
+    const osg::Vec4f base = hit.base(layer);
+    const osg::Vec3f colour(base[0], base[1], base[2]);
+    if (layer.unlit || m_scene.manner == Flat)
+        return colour;
+    const qxShading shading({colour, layer.metallic, layer.roughness}, hit.normal, hit.toEye);
+    const osg::Vec3f light = layer.emission + direct(hit, shading, sampler);
+    if (m_scene.manner != RayTracing || depth >= _bounces)
+        return light + shading.reflectedSky(m_scene.sky);
+    return light + reflectedScene(hit, shading, depth, sampler);
+}
+
+osg::Vec3f qxTracer::direct(const Hit &hit, const qxShading &shading, qxSampler &sampler) const
+{
+    const std::vector<qxRenderLight> &lights = m_scene.lights.on;
+    osg::Vec3f sum;
+    if (m_scene.manner != RayTracing || lights.size() <= _lightsAsked) {
+        for (const qxRenderLight &light : lights)
+            sum += fromLight(light, hit, shading, sampler);
+        return sum;
+    }
+    // Some of many, each standing for its neighbours.
+    const float each = float(lights.size()) / float(_lightsAsked);
+    for (std::size_t i = 0; i < _lightsAsked; ++i) {
+        const std::size_t place = std::size_t((float(i) + sampler.next()) * each);
+        sum += fromLight(lights[std::min(place, lights.size() - 1)], hit, shading, sampler) * each;
+    }
+    return sum;
+}
+
+osg::Vec3f qxTracer::fromLight(const qxRenderLight &light, const Hit &hit, const qxShading &shading,
+                               qxSampler &sampler) const
+{
+    const qxRenderLight::Arrival arrival = light.arrivalAt(hit.position);
+    if (qxPeak(arrival.light) <= 0.0f)
+        return osg::Vec3f();
+    const osg::Vec3f share = qxProduct(arrival.light, shading.reflected(arrival.toLight));
+    if (qxPeak(share) <= 0.0f || !light.shadow)
+        return share;
+    osg::Vec3f direction = arrival.toLight;
+    if (m_scene.manner == RayTracing) {
+        // Towards some place of a lamp that is a disc.
+        const osg::Vec2f place = sampler.nextPair();
+        const qxFrame frame(direction);
+        const float radius = _lampSize * std::sqrt(place[0]);
+        const float angle = 6.2831853f * place[1];
+        direction = qxUnit(direction + frame.x * (radius * std::cos(angle))
+                           + frame.y * (radius * std::sin(angle)));
+    }
+    return share * unhidden(hit, direction, arrival.distance);
+}
+
+/// The share of light that gets here from that far away.
+float qxTracer::unhidden(const Hit &hit, const osg::Vec3f &direction, float distance) const
+{
+    qxRay ray;
+    ray.origin = hit.start(direction);
+    ray.direction = direction;
+    ray.far = distance * 0.9999f;
+    m_scene.clipping.limit(ray);
+    if (!(ray.near < ray.far))
+        return 1.0f;
+    RTCIntersectContext context;
+    rtcInitIntersectContext(&context);
+    RTCRay opaque = embreeRay(ray, qxRenderGroup::Opaque);
+    rtcOccluded1(m_scene.group.scene(), &context, &opaque);
+    if (opaque.tfar < 0.0f)
+        return 0.0f;
+    float through = 1.0f;
+    Hit other;
+    for (int i = 0; i < _mostSurfaces && m_scene.group.hasTranslucent(); ++i) {
+        if (through <= _nothing || !intersect(ray, qxRenderGroup::Translucent, other))
+            break;
+        for (const qxRenderLayer &layer : other.material->layers)
+            through *= 1.0f - other.alpha(layer, other.base(layer)[3]);
+        ray.near = beyond(other.distance);
+    }
+    return through;
+}
+
+osg::Vec3f qxTracer::reflectedScene(const Hit &hit, const qxShading &shading, int depth,
+                                    qxSampler &sampler) const
+{
+    const float choice = sampler.next();
+    const qxShading::Bounce bounce = shading.bounce(choice, sampler.nextPair());
+    if (!(qxPeak(bounce.share) > 0.0f) || bounce.direction.dot(hit.flatNormal) <= 0.0f)
+        return osg::Vec3f();
+    qxRay ray;
+    ray.origin = hit.start(bounce.direction);
+    ray.direction = bounce.direction;
+    const Light found = gathered(ray, depth + 1, sampler);
+    osg::Vec3f light = found.light + m_scene.sky.light(ray.direction) * found.through;
+    if (qxPeak(light) > _brightest)
+        light *= _brightest / qxPeak(light);
+    return qxProduct(light, bounce.share);
+}

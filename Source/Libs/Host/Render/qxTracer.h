@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Render/qxRay.h"
+#include "Render/qxRenderClipping.h"
+#include "Render/qxRenderGroup.h"
+#include "Render/qxRenderLight.h"
+#include "Render/qxSampler.h"
+#include "Render/qxSky.h"
+
+class qxShading;
+
+/// Finds out which light comes along rays. Many threads may ask at once.
+class qxTracer {
+public:
+    enum Manner {
+        Flat, ///< everything has its base colour, whatever the lights
+        HardLight,
+        RayTracing ///< with soft shadows and reflections of the scene
+    };
+    struct Scene {
+        const qxRenderGroup &group;
+        const qxRenderLights &lights;
+        const qxRenderClipping &clipping;
+        const qxRenderCamera &camera;
+        qxSky sky;
+        Manner manner;
+    };
+    explicit qxTracer(const Scene &scene);
+
+    struct Light {
+        osg::Vec3f light;
+        float through = 1; ///< share of what is behind the scene
+        float distance; ///< of the first surface that hides at least half; infinite without
+    };
+    /// As the eye sees it.
+    Light seen(const qxRay &ray, qxSampler &sampler) const;
+
+private:
+    struct Hit;
+
+    Light gathered(qxRay ray, int depth, qxSampler &sampler) const;
+    void pass(const qxRenderClipping::Crossing &plane, Light &light) const;
+    void pass(const Hit &hit, int depth, qxSampler &sampler, Light &light) const;
+    osg::Vec3f shaded(const Hit &hit, const qxRenderLayer &layer, int depth,
+                      qxSampler &sampler) const;
+    osg::Vec3f direct(const Hit &hit, const qxShading &shading, qxSampler &sampler) const;
+    osg::Vec3f fromLight(const qxRenderLight &light, const Hit &hit, const qxShading &shading,
+                         qxSampler &sampler) const;
+    osg::Vec3f reflectedScene(const Hit &hit, const qxShading &shading, int depth,
+                              qxSampler &sampler) const;
+    bool intersect(const qxRay &ray, unsigned int mask, Hit &hit) const;
+    float unhidden(const Hit &hit, const osg::Vec3f &direction, float distance) const;
+
+    const Scene m_scene;
+};
