@@ -132,6 +132,11 @@ public:
     /// Gives the material to a material group or a geometry.
     static void changeMaterial(osg::NodePtr node, osg::MaterialPtr material);
 
+    /// Captures the scene into a new set of that name in that group (UTF-8).
+    static void createAndCaptureVariantSet(const char *name, const char *groupName);
+    /// Applies a captured set after putting the switches that it needs back.
+    static void activateCapturedVariantSet(const char *name);
+
     /// Splits key-sequence text in the native format into the key code and the modifiers of its
     /// first combination; both are 0 for a text that names no key.
     static void mapHotkey(const QString &text, int &key, Qt::KeyboardModifiers &modifiers);

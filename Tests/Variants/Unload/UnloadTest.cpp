@@ -1,5 +1,6 @@
 #include "HostFixture.h"
 #include "qxController.h"
+#include "qxScript.h"
 
 #include <algorithm>
 #include <dlfcn.h>
@@ -33,5 +34,26 @@ TEST_F(UnloadTest, TheModuleListensFromLoadingToUnloading)
         EXPECT_EQ(dlclose(module), 0);
         EXPECT_EQ(clearAll(), Texts());
         EXPECT_FALSE(dlopen(QX_BUILD_LIB "/libqxVariants.so", RTLD_NOW | RTLD_NOLOAD));
+    }
+}
+
+TEST_F(UnloadTest, TheInterpreterStartsAfterUnloading)
+{
+    void *const module = dlopen(QX_BUILD_LIB "/libqxVariants.so", RTLD_NOW);
+    ASSERT_TRUE(module) << dlerror();
+    ASSERT_EQ(dlclose(module), 0);
+    EXPECT_EQ(qxScript::executeNUSR("str(Pnt3f(1, 2, 3)) and 'qxVariantSetPtr' in globals()"),
+              "False");
+}
+
+TEST_F(UnloadTest, WhatTheInterpreterKnowsStaysLoaded)
+{
+    EXPECT_EQ(qxScript::executeNUSR("'qxVariantSetPtr' in globals()"), "False");
+    for (int round = 0; round < 2; ++round) {
+        void *const module = dlopen(QX_BUILD_LIB "/libqxVariants.so", RTLD_NOW);
+        ASSERT_TRUE(module) << dlerror();
+        EXPECT_EQ(dlclose(module), 0);
+        EXPECT_EQ(qxScript::executeNUSR("repr(qxVariantSetPtr().getName())"), "''");
+        qxScript::run("selectVariantSet('none')");
     }
 }

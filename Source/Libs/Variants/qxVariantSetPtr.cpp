@@ -1,0 +1,267 @@
+#include "qxVariantSetPtr.h"
+
+#include "Internal/qxSetUse.h"
+#include "Internal/qxText.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "qxScript.h"
+
+#include <locale.h>
+
+#include <cstdio>
+
+namespace {
+
+/// What stands before the key in a hotkey's text of the old form.
+const char *prefixOf(int modifier)
+{
+    switch (unsigned(modifier)) {
+    case Qt::ShiftModifier:
+        return "Shift ";
+    case Qt::ControlModifier:
+        return "Ctrl ";
+    case Qt::ShiftModifier | Qt::ControlModifier:
+        return "Shift-Ctrl ";
+    case Qt::AltModifier:
+        return "Alt ";
+    case Qt::ShiftModifier | Qt::AltModifier:
+        return "Shift-Alt ";
+    case Qt::AltModifier | Qt::ControlModifier:
+        return "Alt-Ctrl ";
+    default:
+        return " ";
+    }
+}
+
+bool isDigitOrCapital(int key)
+{
+    return (key >= '0' && key <= '9') || (key >= 'A' && key <= 'Z');
+}
+
+/// Refers to the variant, unless its announcement has led to its removal.
+template <class Variant>
+void addTo(qxVariantSet &set, Variant *variant, const char *state)
+{
+    if (variant)
+        set.add(variant, QString::fromUtf8(state));
+}
+
+/// Numbers have a decimal point for one scope, whatever the user's locale has.
+class qxPlainNumbers {
+public:
+    qxPlainNumbers() : m_plain(newlocale(LC_ALL_MASK, "C", nullptr)), m_before(uselocale(m_plain))
+    {
+    }
+    ~qxPlainNumbers()
+    {
+        uselocale(m_before);
+        freelocale(m_plain);
+    }
+    qxPlainNumbers(const qxPlainNumbers &) = delete;
+    qxPlainNumbers &operator=(const qxPlainNumbers &) = delete;
+
+private:
+    locale_t m_plain;
+    locale_t m_before;
+};
+
+/// An expression with three numbers, and where they belong.
+struct VectorSetting {
+    const char *expression;
+    void (qxVariantSet::*set[3])(double);
+};
+
+const VectorSetting vectorSettings[] = {
+    {"getClippingPlanePosition()",
+     {&qxVariantSet::setClippingPlanePositionX, &qxVariantSet::setClippingPlanePositionY,
+      &qxVariantSet::setClippingPlanePositionZ}},
+    {"getClippingPlaneNormal()",
+     {&qxVariantSet::setClippingPlaneNormalX, &qxVariantSet::setClippingPlaneNormalY,
+      &qxVariantSet::setClippingPlaneNormalZ}},
+    {"getClippingPlaneColor()",
+     {&qxVariantSet::setClippingPlaneColorR, &qxVariantSet::setClippingPlaneColorG,
+      &qxVariantSet::setClippingPlaneColorB}},
+    {"getClippingGridColor()",
+     {&qxVariantSet::setClippingGridColorR, &qxVariantSet::setClippingGridColorG,
+      &qxVariantSet::setClippingGridColorB}},
+    {"getClippingContourColor()",
+     {&qxVariantSet::setClippingContourColorR, &qxVariantSet::setClippingContourColorG,
+      &qxVariantSet::setClippingContourColorB}},
+};
+
+/// An expression that is true or false, and where it belongs.
+struct FlagSetting {
+    const char *expression;
+    void (qxVariantSet::*set)(bool);
+};
+
+const FlagSetting flagSettings[] = {
+    {"getClippingPlaneInvertDirection()", &qxVariantSet::setClippingInvert},
+    {"getClippingHideScene()", &qxVariantSet::setClippingHideScene},
+    {"getClippingShowPlane()", &qxVariantSet::setClippingShowPlane},
+    {"getClippingShowGrid()", &qxVariantSet::setClippingShowGrid},
+    {"getClippingShowContour()", &qxVariantSet::setClippingShowContour},
+};
+
+void copyVector(qxVariantSet &set, const VectorSetting &setting)
+{
+    const std::string answer = qxScript::executeNUSR(setting.expression);
+    float numbers[3] = {0, 0, 0};
+    char separator[64];
+    const qxPlainNumbers plain;
+    std::sscanf(answer.c_str(), "%f %63s %f %63s %f", &numbers[0], separator, &numbers[1],
+                separator, &numbers[2]);
+    for (int i = 0; i < 3; ++i)
+        (set.*setting.set[i])(double(numbers[i]));
+}
+
+void copyContourWidth(qxVariantSet &set)
+{
+    const std::string answer = qxScript::executeNUSR("getClippingContourWidth()");
+    int width = 0;
+    std::sscanf(answer.c_str(), "%i", &width);
+    set.setClippingContourWidth(width);
+}
+
+} // namespace
+
+qxVariantSetPtr::qxVariantSetPtr() = default;
+
+qxVariantSetPtr::qxVariantSetPtr(qxVariantSet *set) : m_set(set) {}
+
+void qxVariantSetPtr::setName(const char *name)
+{
+    if (m_set)
+        m_set->name = QString::fromUtf8(name);
+}
+
+std::string qxVariantSetPtr::getName() const
+{
+    return m_set ? qxText::toUtf8(m_set->name) : std::string();
+}
+
+void qxVariantSetPtr::setHotkeyString(const char *key)
+{
+    if (!m_set)
+        return;
+    m_set->hotkey = QString::fromUtf8(key);
+    m_set->updateShortcut();
+}
+
+void qxVariantSetPtr::setHotkey(int key)
+{
+    setHotkey(key, 0);
+}
+
+void qxVariantSetPtr::setHotkey(int key, int modifier)
+{
+    if (!m_set || !isDigitOrCapital(key))
+        return;
+    m_set->hotkey = QLatin1String(prefixOf(modifier)) + QLatin1Char(char(key));
+    m_set->updateShortcut();
+}
+
+std::string qxVariantSetPtr::getHotkey() const
+{
+    return m_set ? qxText::toUtf8(m_set->hotkey) : std::string();
+}
+
+void qxVariantSetPtr::addGeometry(qxNodePtr node, const char *state)
+{
+    if (!m_set || node == osg::NullFC)
+        return;
+    const qxSetUse use(*m_set);
+    addTo(*m_set, qxVariants::createNodeVariant(node, true), state);
+}
+
+void qxVariantSetPtr::addMaterial(qxMaterialPtr material, const char *state)
+{
+    if (!m_set || material == osg::NullFC)
+        return;
+    const qxSetUse use(*m_set);
+    addTo(*m_set, qxVariants::createMaterialVariant(material, true), state);
+}
+
+void qxVariantSetPtr::addLight(qxNodePtr node, const char *state)
+{
+    if (!m_set || node == osg::NullFC)
+        return;
+    const qxSetUse use(*m_set);
+    addTo(*m_set, qxVariants::createLightVariant(node, true), state);
+}
+
+void qxVariantSetPtr::addViewpoint(const char *name)
+{
+    if (m_set)
+        m_set->addViewpoint(QString::fromUtf8(name));
+}
+
+void qxVariantSetPtr::addScript(const char *script)
+{
+    if (m_set)
+        m_set->script = QString::fromUtf8(script);
+}
+
+std::string qxVariantSetPtr::getScript() const
+{
+    return m_set ? qxText::toUtf8(m_set->script) : std::string();
+}
+
+void qxVariantSetPtr::setClippingState(int state)
+{
+    if (m_set)
+        m_set->setClippingState(state);
+}
+
+void qxVariantSetPtr::addClippingPlane(const osg::Pnt3f &position, const osg::Vec3f &normal,
+                                       bool invertDirection, bool hideScene, bool showClippingPlane,
+                                       bool showGrid, bool showContour)
+{
+    if (!m_set)
+        return;
+    m_set->setClippingPlanePositionX(position[0]);
+    m_set->setClippingPlanePositionY(position[1]);
+    m_set->setClippingPlanePositionZ(position[2]);
+    m_set->setClippingPlaneNormalX(normal[0]);
+    m_set->setClippingPlaneNormalY(normal[1]);
+    m_set->setClippingPlaneNormalZ(normal[2]);
+    m_set->setClippingInvert(invertDirection);
+    m_set->setClippingHideScene(hideScene);
+    m_set->setClippingShowPlane(showClippingPlane);
+    m_set->setClippingShowGrid(showGrid);
+    m_set->setClippingShowContour(showContour);
+}
+
+void qxVariantSetPtr::addCurrentClippingPlane()
+{
+    if (!m_set)
+        return;
+    const qxSetUse use(*m_set);
+    for (const VectorSetting &setting : vectorSettings)
+        copyVector(*m_set, setting);
+    copyContourWidth(*m_set);
+    for (const FlagSetting &setting : flagSettings)
+        (m_set->*setting.set)(qxScript::executeNUSR(setting.expression) == "True");
+}
+
+std::vector<std::string> qxVariantSetPtr::getTargetNodeNames() const
+{
+    std::vector<std::string> names;
+    if (!m_set)
+        return names;
+    for (const QString &name : m_set->targetNodeNames)
+        names.push_back(qxText::toUtf8(name));
+    return names;
+}
+
+void qxVariantSetPtr::setValue(const char *key, const char *value)
+{
+    if (m_set)
+        m_set->values.insert(QString::fromUtf8(key), QString::fromUtf8(value));
+}
+
+std::string qxVariantSetPtr::getValue(const char *key) const
+{
+    return m_set ? qxText::toUtf8(m_set->values.value(QString::fromUtf8(key))) : std::string();
+}
