@@ -13,6 +13,7 @@
 #include "qxScenegraph.h"
 #include "qxScript.h"
 
+#include <boost/make_shared.hpp>
 #include <boost/python.hpp>
 #include <boost/python/stl_iterator.hpp>
 

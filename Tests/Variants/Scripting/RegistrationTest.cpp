@@ -9,6 +9,7 @@ TEST(RegistrationTest, EachStartImportsBothModulesButRegistersThemOnce)
     for (int start = 0; start < 3; ++start) {
         const qxHost host;
         EXPECT_TRUE(qxScriptRunner::run("import sys\n"
+                                        "assert __name__ == '__main__'\n"
                                         "names = qxVariantSetPtr, qxVariants, selectVariantSet\n"
                                         "if not hasattr(sys, 'first'):\n"
                                         "    sys.first = names\n"

@@ -58,7 +58,7 @@ bool qxInterpreter::start()
 
 void qxInterpreter::fillNames()
 {
-    python::dict names(python::handle<>(python::borrowed(::names())));
+    python::object names(python::handle<>(python::borrowed(::names())));
     names["__name__"] = "__main__";
     names["__doc__"] = python::object();
     names["__builtins__"] = python::import(qxPythonBuiltins);
