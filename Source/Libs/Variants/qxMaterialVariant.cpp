@@ -4,6 +4,7 @@
 #include "Internal/qxOptionAppender.h"
 #include "Internal/qxOptionRebuild.h"
 #include "Internal/qxSceneEdits.h"
+#include "Internal/qxSwitchMaterials.h"
 #include "Internal/qxSwitchOptions.h"
 #include "Internal/qxSwitchStepping.h"
 #include "Internal/qxText.h"
@@ -17,27 +18,13 @@
 
 namespace {
 
-osg::MaterialPtr findMaterial(const QString &name)
-{
-    return qxMaterials::findMaterial(qxText::toUtf8(name).c_str());
-}
+using qxSwitchMaterials::chosen;
+using qxSwitchMaterials::findMaterial;
+using qxSwitchMaterials::nameOf;
 
 std::vector<osg::MaterialPtr> findMaterials(const QString &name)
 {
     return qxMaterials::findMaterials(qxText::toUtf8(name).c_str());
-}
-
-QString nameOf(const osg::MaterialPtr &material)
-{
-    return qxText::fromUtf8(qxMaterials::getName(material));
-}
-
-/// The chosen material; null when the choice is out of range.
-osg::MaterialPtr chosenMaterial(const osg::SwitchMaterialPtr &switchMaterial)
-{
-    const osg::UInt32 choice = switchMaterial->getChoice();
-    return choice < switchMaterial->getMaterials().size() ? switchMaterial->getMaterials(choice)
-                                                          : osg::MaterialPtr();
 }
 
 /// The name (UTF-8) of the material that the step leads to.
@@ -121,7 +108,7 @@ qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
     qxOptionAppender added(*this);
     for (const osg::MaterialPtr &each : switchMaterial->getMaterials())
         added.add(false, nameOf(each), QString());
-    defaultState = nameOf(chosenMaterial(switchMaterial));
+    defaultState = nameOf(chosen(switchMaterial));
 }
 
 void qxMaterialVariant::onSelect(const QString &state)
@@ -145,7 +132,7 @@ void qxMaterialVariant::onSelect(const QString &state)
 QString qxMaterialVariant::onCurrent() const
 {
     const auto switchMaterial = osg::SwitchMaterialPtr::dcast(findMaterial(switchMaterialName));
-    return switchMaterial == osg::NullFC ? QString() : nameOf(chosenMaterial(switchMaterial));
+    return switchMaterial == osg::NullFC ? QString() : nameOf(chosen(switchMaterial));
 }
 
 void qxMaterialVariant::add(osg::MaterialPtr material, const QString &shortcut)
@@ -210,9 +197,9 @@ void qxMaterialVariant::updateVariants()
         rebuild.add(nameOf(material));
     if (rebuild.restoreDefault())
         return;
-    const osg::MaterialPtr chosen = chosenMaterial(switchMaterial);
-    if (chosen != osg::NullFC)
-        defaultState = nameOf(chosen);
+    const osg::MaterialPtr shown = chosen(switchMaterial);
+    if (shown != osg::NullFC)
+        defaultState = nameOf(shown);
 }
 
 void qxMaterialVariant::showGeometry()

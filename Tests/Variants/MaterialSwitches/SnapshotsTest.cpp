@@ -1,0 +1,444 @@
+#include "qxMaterialVariant.h"
+#include "qxVariants.h"
+
+#include "SwitchesFixture.h"
+#include "qxController.h"
+#include "qxMaterials.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGMaterialPool.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+namespace {
+
+typedef std::vector<std::string> Names;
+
+class SnapshotsTest : public SwitchesFixture {};
+
+// Whether the two bodies of the tests below are geometries or material groups.
+class EachKindOfNode : public SwitchesFixture, public testing::WithParamInterface<bool> {
+protected:
+    TestNode addBody(const std::string &name, const osg::MaterialPtr &material)
+    {
+        return GetParam() ? scene.addMaterialGroup(name, material)
+                          : scene.addGeometry(name, material);
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(SnapshotsTest, EachKindOfNode, testing::Bool());
+
+TEST_P(EachKindOfNode, TwoSetsThatSawDifferentMaterialsShareASwitchMaterial)
+{
+    const TestNode body = addBody("Body", scene.addMaterial("Red"));
+    capture("Summer");
+    EXPECT_EQ(materialOf(body), "Red"); // nothing to reconcile yet
+    EXPECT_EQ(snapshot("Summer", "Body"), "Red");
+    EXPECT_TRUE(qxVariants::_materialVariants.empty());
+
+    paint(body, scene.addMaterial("Blue"));
+    capture("Winter");
+
+    EXPECT_EQ(materialOf(body), "Red Switch");
+    EXPECT_EQ(heldOn(body), (Names{"Red", "Blue"}));
+    EXPECT_EQ(shownOn(body), "Blue");
+    EXPECT_EQ(snapshot("Summer", "Body"), "Red Switch");
+    EXPECT_EQ(snapshot("Winter", "Body"), "Red Switch");
+    EXPECT_EQ(state("Summer", "Red Switch"), "Red");
+    EXPECT_EQ(state("Winter", "Red Switch"), "Blue");
+    select("Summer");
+    EXPECT_EQ(shownOn(body), "Red");
+    select("Winter");
+    EXPECT_EQ(shownOn(body), "Blue");
+}
+
+TEST_P(EachKindOfNode, TenSetsBringBackTheirOwnMaterials)
+{
+    std::vector<TestNode> bodies;
+    for (int i = 0; i < 6; ++i)
+        bodies.push_back(addBody("Body " + std::to_string(i), scene.addMaterial("Start")));
+    std::vector<Names> seen;
+    for (int set = 0; set < 10; ++set) {
+        for (int i = 0; i < 6; ++i) {
+            // Some get a material of their own, some share one, some keep theirs for a while.
+            const int kind = (set + i) % 3;
+            const std::string name =
+                kind == 0 ? "Own " + std::to_string(set * 10 + i) : "Common " + std::to_string(set);
+            const osg::MaterialPtr known = qxMaterials::findMaterial(name.c_str());
+            if (kind != 2)
+                paint(bodies[i], known != osg::NullFC ? known : scene.addMaterial(name).material());
+        }
+        seen.push_back(shownOn(bodies));
+        capture(QString::number(set));
+        EXPECT_EQ(shownOn(bodies), seen.back()) << "capturing " << set << " changed the scene";
+    }
+    for (const int set : {3, 0, 9, 1, 7, 5, 2, 8, 4, 6}) {
+        select(QString::number(set));
+        EXPECT_EQ(shownOn(bodies), seen[set]) << set;
+    }
+}
+
+TEST_P(EachKindOfNode, TheStateOfASwitchMaterialIsCapturedWithoutAnyOtherSet)
+{
+    const TestNode body = addBody("Body", scene.addSwitchMaterial("Paints", {"Red", "Blue"}));
+    choose(body, "Blue");
+    capture("Only");
+    EXPECT_EQ(state("Only", "Paints"), "Blue");
+    choose(body, "Red");
+    select("Only");
+    EXPECT_EQ(shownOn(body), "Blue");
+}
+
+TEST_F(SnapshotsTest, NodesWithTheSameChangeShareOneSwitchMaterial)
+{
+    const TestMaterial red = scene.addMaterial("Red");
+    const TestMaterial blue = scene.addMaterial("Blue");
+    std::vector<TestNode> bodies;
+    for (int i = 0; i < 50; ++i)
+        bodies.push_back(scene.addGeometry("Body " + std::to_string(i), red));
+    const TestNode other = scene.addGeometry("Other", red);
+    capture("Summer");
+    for (const TestNode &body : bodies)
+        paint(body, blue);
+    capture("Winter");
+
+    for (const TestNode &body : bodies)
+        EXPECT_EQ(materialOf(body), "Red Switch");
+    EXPECT_EQ(materialOf(other), "Red");
+    EXPECT_EQ(qxVariants::_materialVariants.size(), 1u);
+    for (const TestNode &body : bodies)
+        paint(body, scene.addMaterial("Green"));
+    for (const TestNode &body : bodies)
+        paint(body, qxMaterials::findMaterial("Green"));
+    capture("Autumn"); // the switch material that nobody shows any more takes the new one in
+    EXPECT_EQ(heldOn(bodies.back()), (Names{"Red", "Blue", "Green"}));
+    EXPECT_EQ(qxVariants::_materialVariants.size(), 1u);
+}
+
+TEST_F(SnapshotsTest, NodesThatSetsSawDifferentlyDoNotShareOne)
+{
+    const TestMaterial white = scene.addMaterial("White");
+    const TestNode left = scene.addGeometry("Left", scene.addMaterial("Red"));
+    const TestNode right = scene.addGeometry("Right", scene.addMaterial("Blue"));
+    capture("Summer");
+    paint(left, white);
+    paint(right, white);
+    capture("Winter");
+    EXPECT_EQ(heldOn(left), (Names{"Red", "White"}));
+    EXPECT_EQ(heldOn(right), (Names{"Blue", "White"}));
+    select("Summer");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Red", "Blue"}));
+    select("Winter");
+    EXPECT_EQ(shownOn({left, right}), (Names{"White", "White"}));
+}
+
+TEST_F(SnapshotsTest, NamesOfNewSwitchMaterialsComeFromTheHost)
+{
+    scene.addSwitchMaterial("Red Switch", {"Other"});
+    qxVariants::createMaterialVariant(QString("Red Switch 2"), false); // its material is gone
+    const TestNode body = scene.addGeometry("Body", scene.addMaterial("Red"));
+    capture("Summer");
+    paint(body, scene.addMaterial("Blue"));
+    capture("Winter");
+
+    EXPECT_EQ(heard("MaterialGetUniqueName").front().keys(), (Names{"Switch", "newname"}));
+    EXPECT_EQ(heard("MaterialGetUniqueName").front().field("Switch"), "Red Switch");
+    EXPECT_EQ(materialOf(body), "Red Switch 2 2");
+    EXPECT_EQ(qxMaterials::findMaterials(materialOf(body).c_str()).size(), 1u);
+}
+
+TEST_F(SnapshotsTest, ASwitchMaterialOfTheUserIsExtended)
+{
+    const TestNode body = scene.addGeometry("Body", scene.addMaterial("Red"));
+    capture("Summer");
+    paint(body, scene.addSwitchMaterial("Paints", {"Blue", "Green"}));
+    choose(body, "Green");
+    capture("Winter");
+
+    EXPECT_EQ(materialOf(body), "Paints");
+    EXPECT_EQ(heldOn(body), (Names{"Blue", "Green", "Red"}));
+    EXPECT_NE(qxVariants::findMaterialVariant("Paints")->find("Red"), nullptr);
+    EXPECT_EQ(heard("updateMaterials").size(), 1u);
+    EXPECT_EQ(snapshot("Summer", "Body"), "Paints");
+    select("Summer");
+    EXPECT_EQ(shownOn(body), "Red");
+    select("Winter");
+    EXPECT_EQ(shownOn(body), "Green");
+}
+
+// A material variant wraps a plain material and takes over all its nodes, those of a set as well.
+TEST_F(SnapshotsTest, AWrappedMaterialIsTakenAsItIs)
+{
+    const TestMaterial red = scene.addMaterial("Red");
+    const TestNode left = scene.addGeometry("Left", red);
+    const TestNode right = scene.addGeometry("Right", red);
+    capture("Summer");
+    qxMaterialVariant *variant = qxVariants::createMaterialVariant(red.material(), false);
+    variant->add(scene.addMaterial("Blue"), "");
+    variant->onSelect("Blue");
+    capture("Winter");
+
+    EXPECT_EQ(materialOf(left), "Red Switch");
+    EXPECT_EQ(materialOf(right), "Red Switch");
+    select("Summer");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Red", "Red"}));
+    select("Winter");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Blue", "Blue"}));
+}
+
+TEST_F(SnapshotsTest, ASwitchMaterialIsDuplicatedWhenOthersWouldChangeAlong)
+{
+    const TestNode left = scene.addGeometry("Left", scene.addMaterial("Red"));
+    const TestMaterial paints = scene.addSwitchMaterial("Paints", {"Blue", "Green"});
+    const TestNode right = scene.addGeometry("Right", paints);
+    capture("Summer"); // left red, right blue
+    qxVariants::createVariantSet("By hand", false, nullptr)->addMaterialVariant("Paints", "Green");
+    paint(left, paints);
+    capture("Winter");
+
+    EXPECT_EQ(materialOf(right), "Paints");
+    EXPECT_EQ(materialOf(left), "Paints 2");
+    EXPECT_EQ(heldOn(left), (Names{"Blue", "Green", "Red"}));
+    EXPECT_EQ(snapshot("Summer", "Left"), "Paints 2");
+    EXPECT_EQ(snapshot("Summer", "Right"), "Paints");
+    select("By hand"); // goes on driving both
+    EXPECT_EQ(shownOn({left, right}), (Names{"Green", "Green"}));
+    select("Summer");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Red", "Blue"}));
+    select("Winter");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Blue", "Blue"}));
+}
+
+TEST_F(SnapshotsTest, ASwitchMaterialIsDuplicatedWhenItIsSharedBeyondTheRoots)
+{
+    const TestMaterial red = scene.addMaterial("Red");
+    const TestNode car = scene.add("Car");
+    const TestNode inside = scene.addGeometry("Inside", red, car);
+    const TestNode outside = scene.addGeometry("Outside", scene.addMaterial("Grey"));
+    capture("Summer", {car.node()});
+    const TestMaterial paints = scene.addSwitchMaterial("Paints", {"Blue", "Green"});
+    for (const TestNode &node : {inside, outside})
+        paint(node, paints);
+    capture("Winter", {car.node()});
+
+    EXPECT_EQ(materialOf(inside), "Paints 2");
+    EXPECT_EQ(materialOf(outside), "Paints");
+    choose(outside, "Green");
+    select("Summer");
+    EXPECT_EQ(shownOn({inside, outside}), (Names{"Red", "Green"}));
+}
+
+TEST_F(SnapshotsTest, NodesThatTheRunDoesNotComeToComeAlongWhenTheyNeedTheSame)
+{
+    const TestMaterial red = scene.addMaterial("Red");
+    const TestNode shown = scene.addGeometry("Shown", red);
+    const TestNode hidden = scene.addGeometry("Hidden", red);
+    capture("Summer");
+    const TestMaterial paints = scene.addSwitchMaterial("Paints", {"Blue"});
+    for (const TestNode &node : {shown, hidden})
+        paint(node, paints);
+    hidden.setMask(0);
+    capture("Winter");
+
+    EXPECT_EQ(materialOf(shown), "Paints");
+    hidden.setMask(0xFFFFFFFF);
+    select("Summer");
+    EXPECT_EQ(shownOn({shown, hidden}), (Names{"Red", "Red"}));
+    capture("Autumn");
+    EXPECT_EQ(snapshot("Summer", "Hidden"), "Paints");
+    EXPECT_EQ(materialOf(hidden), "Paints");
+}
+
+TEST_F(SnapshotsTest, WhatASetChoosesForOtherNodesStays)
+{
+    const TestMaterial paints = scene.addSwitchMaterial("Paints", {"Blue", "Green"});
+    const TestNode left = scene.addGeometry("Left", scene.addMaterial("Red"));
+    const TestNode right = scene.addGeometry("Right", paints);
+    capture("Summer");
+    paint(left, paints);
+    paint(right, scene.addMaterial("Grey"));
+    capture("Winter");
+    select("Summer");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Red", "Blue"}));
+    select("Winter");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Blue", "Grey"}));
+}
+
+TEST_F(SnapshotsTest, ASwitchMaterialInsideOfAnotherOneIsNotPutToAnotherUse)
+{
+    const TestNode body =
+        scene.addGeometry("Body", scene.addSwitchMaterial("Paints", {"Red", "Blue"}));
+    capture("Summer");
+    paint(body, scene.addMaterial("Green"));
+    const TestNode other = scene.addGeometry("Other", scene.addSwitchMaterial("All", {"Paints"}));
+    capture("Winter");
+
+    EXPECT_EQ(materialOf(body), "Paints 2");
+    EXPECT_EQ(shownOn({body, other}), (Names{"Green", "Red"}));
+    select("Summer");
+    EXPECT_EQ(shownOn(body), "Red");
+}
+
+TEST_F(SnapshotsTest, AMaterialTakenOutOfASwitchMaterialLeavesTheOthersToIt)
+{
+    const TestMaterial red = scene.addMaterial("Red");
+    const TestNode left = scene.addGeometry("Left", red);
+    const TestNode right = scene.addGeometry("Right", red);
+    capture("1");
+    for (const TestNode &node : {left, right})
+        paint(node,
+              qxMaterials::findMaterial("Blue") != osg::NullFC
+                  ? qxMaterials::findMaterial("Blue")
+                  : scene.addMaterial("Blue").material());
+    capture("2"); // both share "Red Switch"
+    paint(left, scene.addMaterial("Green"));
+    capture("3");
+
+    EXPECT_EQ(materialOf(right), "Red Switch");
+    EXPECT_EQ(materialOf(left), "Red Switch 2");
+    select("1");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Red", "Red"}));
+    select("3");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Green", "Blue"}));
+    select("2");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Blue", "Blue"}));
+}
+
+TEST_F(SnapshotsTest, ClonesFollowTheFirstOfThem)
+{
+    const TestNode body = scene.addGeometry("Body", scene.addMaterial("Red"));
+    const TestNode clone = scene.addClone(body, scene.add("Trailer"));
+    const TestNode group = scene.addMaterialGroup("Group", scene.addMaterial("Red"));
+    scene.addClone(group, scene.add("Second Trailer"));
+    capture("Summer");
+    paint(body, scene.addMaterial("Blue"));
+    paint(group, qxMaterials::findMaterial("Blue"));
+    capture("Winter");
+
+    EXPECT_EQ(snapshot("Summer", "Body"), "Red Switch");
+    EXPECT_EQ(snapshot("Summer", "Trailer/Body"), "Red"); // a clone is left alone
+    EXPECT_EQ(snapshot("Summer", "Second Trailer/Group"), "Red");
+    select("Summer");
+    EXPECT_EQ(shownOn({body, clone, group}), (Names{"Red", "Red", "Red"}));
+}
+
+TEST_F(SnapshotsTest, OfNodesWithOnePathTheFirstOneCounts)
+{
+    const TestNode first = scene.addGeometry("Twin", scene.addMaterial("Red"));
+    const TestNode second = scene.addGeometry("Twin", scene.addMaterial("Green"));
+    capture("Summer");
+    paint(first, scene.addMaterial("Blue"));
+    capture("Winter");
+    EXPECT_EQ(materialOf(first), "Red Switch");
+    EXPECT_EQ(materialOf(second), "Green");
+}
+
+TEST_F(SnapshotsTest, WhatSetsSawThatIsGoneByNowIsSkipped)
+{
+    const TestNode body = scene.addGeometry("Body", scene.addMaterial("Red"));
+    qxVariants::createVariantSet("Gone", false, nullptr)->addMaterialSnapshot("Body", "Rust");
+    qxVariantSet *lost = qxVariants::createVariantSet("Lost", false, nullptr);
+    lost->addMaterialSnapshot("Body", "Paints"); // but no state in it
+    qxVariants::createVariantSet("Unnamed", false, nullptr)->addMaterialSnapshot("Body", "");
+    scene.addSwitchMaterial("Paints", {"Blue"});
+    capture("Winter");
+
+    EXPECT_EQ(materialOf(body), "Red");
+    EXPECT_EQ(snapshot("Gone", "Body"), "Rust");
+    EXPECT_EQ(snapshot("Lost", "Body"), "Paints");
+    EXPECT_TRUE(qxVariants::_materialVariants.empty());
+    EXPECT_TRUE(heard("MaterialGetUniqueName").empty());
+}
+
+TEST_F(SnapshotsTest, UnnamedMaterialsGetANameToBeFoundAgain)
+{
+    const TestNode left = scene.addGeometry("Left", scene.addMaterial(""));
+    const TestNode right = scene.addGeometry("Right", scene.addMaterial(""));
+    scene.addMaterial("Material 2");
+    capture("Summer");
+    EXPECT_EQ(snapshot("Summer", "Left"), "Material");
+    EXPECT_EQ(snapshot("Summer", "Right"), "Material 3");
+    paint(left, scene.addMaterial("Red"));
+    capture("Winter");
+    select("Summer");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Material", "Material 3"}));
+}
+
+TEST_F(SnapshotsTest, AStateThatIsAnActionIsKeptAsItIs)
+{
+    const TestMaterial paints = scene.addSwitchMaterial("Paints", {"Red", "Blue"});
+    const TestNode left = scene.addGeometry("Left", paints);
+    const TestNode right = scene.addGeometry("Right", paints);
+    capture("Summer")->addMaterialVariant("Paints", "!Next (Loop)");
+    paint(left, scene.addMaterial("Green"));
+    capture("Winter");
+
+    EXPECT_EQ(heldOn(left), (Names{"Red", "Blue", "Green"}));
+    EXPECT_EQ(state("Summer", "Paints 2"), "!Next (Loop)");
+    select("Summer");
+    EXPECT_EQ(shownOn({left, right}), (Names{"Red", "Blue"}));
+}
+
+TEST_F(SnapshotsTest, OtherModulesHearOnceThatMaterialsChanged)
+{
+    const TestNode left = scene.addGeometry("Left", scene.addMaterial("Red"));
+    const TestNode right = scene.addGeometry("Right", scene.addMaterial("Green"));
+    const int before = materialMessages;
+    capture("Summer");
+    EXPECT_EQ(materialMessages, before);
+    paint(left, scene.addMaterial("Blue"));
+    paint(right, scene.addMaterial("Grey"));
+    capture("Winter");
+    EXPECT_EQ(materialMessages, before + 1);
+}
+
+TEST_F(SnapshotsTest, RestoringReconcilesTheSceneAndLeavesNoSetBehind)
+{
+    const TestNode body = scene.addGeometry("Body", scene.addMaterial("Red"));
+    const TestNode other = scene.addGeometry("Other", scene.addSwitchMaterial("Paints", {"Grey"}));
+    const TestNode hidden = scene.addGeometry("Hidden", scene.addMaterial("Red"));
+    const TestNode dome =
+        scene.addGeometry("Dome", scene.addEnvironmentMaterial("Sky"),
+                          scene.addEnvironments("Environments", {"Day"}).child(0));
+    qxVariants::createVariantSet("Temp", false, nullptr)->comment = "the user's";
+    capture("Summer")->addMaterialSnapshot("Environments/Day/Dome", "Sky");
+    qxVariants::clearMaterialVariants();
+    for (const TestNode &node : {body, hidden})
+        paint(node, scene.addMaterial("Blue"));
+    paint(dome, scene.addEnvironmentMaterial("Clouds"));
+    hidden.setMask(0);
+    notifications.clear();
+    qxVariants::restoreSwitchNodes();
+
+    EXPECT_EQ(heldOn(body), (Names{"Red", "Blue"}));
+    EXPECT_EQ(shownOn({body, dome}), (Names{"Blue", "Clouds"}));
+    EXPECT_EQ(materialOf(hidden), "Blue");
+    EXPECT_EQ(materialOf(other), "Paints"); // nothing to reconcile there
+    EXPECT_EQ(qxVariants::findMaterialVariant("Paints"), nullptr);
+    EXPECT_EQ(notifications.names().front(), "variantSetAdded");
+    EXPECT_EQ(notifications.names().back(), "variantSetRemoved");
+    EXPECT_EQ(heard("materialVariantAdded").size(), 2u);
+    EXPECT_EQ(qxVariants::_variantSets.size(), 2u);
+    EXPECT_EQ(qxVariants::findVariantSet("Temp")->comment, "the user's");
+    select("Summer");
+    EXPECT_EQ(shownOn({body, dome}), (Names{"Red", "Sky"}));
+}
+
+TEST_F(SnapshotsTest, ASetThatAListenerRemovesInBetweenDoesNoHarm)
+{
+    const TestNode left = scene.addGeometry("Left", scene.addMaterial("Red"));
+    const TestNode right = scene.addGeometry("Right", scene.addMaterial("Green"));
+    capture("Summer");
+    for (const TestNode &node : {left, right})
+        paint(node, scene.addMaterial("Blue " + node.name()));
+    const int listener = qxController::addListener([](const char *name, qxMessage *, int) {
+        if (std::string(name) == "materialVariantAdded")
+            qxVariants::clearAll(*std::make_unique<qxMessage>());
+    });
+    qxVariants::restoreSwitchNodes();
+    qxController::removeListener(listener);
+    EXPECT_TRUE(qxVariants::_variantSets.empty());
+    EXPECT_EQ(shownOn({left, right}), (Names{"Blue Left", "Blue Right"}));
+}
+
+} // namespace
