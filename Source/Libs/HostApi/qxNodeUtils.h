@@ -31,7 +31,7 @@ public:
 
     /// The node and everything below it, in scene order; empty for a null node.
     static std::vector<qxNodePtr> getSubTreeNodes(const osg::NodePtr &node);
-    /// Every node of the scene, the root first.
+    /// Every node of the scene, the root first; those of the environment come last.
     static std::vector<qxNodePtr> getSceneNodes();
 
     /// Whether one of the nodes is a clone of the other: both show the same core.

@@ -40,6 +40,7 @@ qxNamedList<qxTransformVariant> qxVariants::_transformVariants;
 qxNamedList<qxVariantSet> qxVariants::_variantSets;
 qxNamedList<qxVariantGroup> qxVariants::_variantGroups;
 bool qxVariants::_recurse = false;
+std::set<osg::NodeCorePtr> qxVariants::_clonedGeoms;
 qxVariants qxVariants::_the;
 
 qxVariants::qxVariants()

@@ -117,6 +117,47 @@ public:
     /// not matter.
     static bool checkIfNodeMatchesNodePath(osg::NodePtr node, const char *path, bool apply);
 
+    /// Creates a set in the group of that name, which is created when there is none, and captures
+    /// the whole scene into it. Both names (UTF-8) are made unique; an empty group name stands for
+    /// "New Group 1". Nothing is created while nodes are ambiguous.
+    static void createAndCaptureVariantSet(const char *name, const char *groupName);
+    /// Replaces the contents of the set by the present state of everything below the roots: by that
+    /// of the wanted kinds, of which transforms are not remembered by the set. With `notify`
+    /// variants that have to be created are announced; `plainViewpointName` calls the viewpoint
+    /// like the set, without " View" behind it.
+    static void captureVariantsFromRootNodes(qxVariantSet *set, std::vector<qxNodePtr> roots,
+                                             bool captureNodes, bool captureMaterials,
+                                             bool captureLights, bool captureEnvironments,
+                                             bool captureViewpoint, bool captureTransforms,
+                                             bool notify, bool plainViewpointName);
+    /// Adds the present state of one subtree to the set, and the names of its materials to
+    /// `materials`, by node path. The last collections are those of handleMaterialSnapshots.
+    static void
+    captureVariantsFromRootNode(qxVariantSet *set, qxNodePtr node, bool captureNodes,
+                                bool captureMaterials, bool captureLights, bool captureEnvironments,
+                                bool captureTransforms, QMap<QString, QString> &materials,
+                                std::vector<qxNodePtr> roots, QSet<QString> &visitedNames,
+                                std::set<osg::SwitchMaterialPtr> &visitedSwitchMaterials,
+                                std::set<osg::MaterialPtr> &visitedMaterials, bool notify);
+    /// Whether the node is active, so that a capture goes on below it. An inactive one is recorded
+    /// when nodes are captured: as a variant, or in the script when an active node has its name.
+    static bool checkAndSetNodeActive(osg::NodePtr node, qxVariantSet *set, bool &captureNodes,
+                                      bool &notify);
+    /// Records in the set's script whether the group's material is ignored.
+    static void addMaterialGroupIgnoreToVSet(osg::NodePtr node, osg::MaterialGroupPtr group,
+                                             qxVariantSet *set);
+    /// Add what the material shows, and what that shows in turn when it is a switch material, too.
+    static void captureMaterialVariantFromSwitchMaterial(qxVariantSet *set,
+                                                         osg::SwitchMaterialPtr &material,
+                                                         bool notify);
+    static void captureMaterialVariantFromMultiPassMaterial(qxVariantSet *set,
+                                                            osg::MultiPassMaterialPtr &material,
+                                                            bool notify);
+    /// Makes the dialog the one that is shown while a capture runs, and shows it.
+    static void initVSetProgressDialog(QProgressDialog *dialog);
+    /// Selects the set of that name (UTF-8) after reconciling the scene's materials with all sets.
+    static void activateCapturedVariantSet(const char *name);
+
     /// Reconciles the material of a node with what the snapshots of other sets hold for its path:
     /// where they differ, the node gets a switch material that holds both. `capture` says whether
     /// `set` is being captured. The remaining arguments are those of captureVariantsFromRootNode.
@@ -131,11 +172,6 @@ public:
     static void restoreSwitchNodes();
     /// Gives the material to a material group or a geometry.
     static void changeMaterial(osg::NodePtr node, osg::MaterialPtr material);
-
-    /// Captures the scene into a new set of that name in that group (UTF-8).
-    static void createAndCaptureVariantSet(const char *name, const char *groupName);
-    /// Applies a captured set after putting the switches that it needs back.
-    static void activateCapturedVariantSet(const char *name);
 
     /// Splits key-sequence text in the native format into the key code and the modifiers of its
     /// first combination; both are 0 for a text that names no key.
@@ -153,6 +189,8 @@ public:
     static qxNamedList<qxVariantGroup> _variantGroups;
     /// Whether showing a node also shows what is below and above it.
     static bool _recurse;
+    /// The geometries met by the capture that runs: clones count once.
+    static std::set<osg::NodeCorePtr> _clonedGeoms;
 
 private:
     static qxVariants _the;

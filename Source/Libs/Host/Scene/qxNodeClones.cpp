@@ -10,12 +10,12 @@ osg::NodeCorePtr coreOf(const osg::NodePtr &node)
     return node == osg::NullFC ? osg::NodeCorePtr() : node->getCore();
 }
 
-bool isInScene(osg::NodePtr node)
+bool isInScene(const osg::NodePtr &node)
 {
-    const osg::NodePtr root = qxScenegraph::getRoot();
-    while (node != osg::NullFC && node != root)
-        node = node->getParent();
-    return node != osg::NullFC;
+    osg::NodePtr top = node;
+    while (top->getParent() != osg::NullFC)
+        top = top->getParent();
+    return top == qxScenegraph::getRoot() || top == qxScenegraph::environmentGeometrySwitch();
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "Scene/qxNodeNames.h"
 #include "Scene/qxNodeWalk.h"
 #include "Scene/qxTransformStates.h"
-#include "qxScenegraph.h"
 
 #include <OpenSG/OSGNodeCore.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -76,7 +75,12 @@ void qxNodeUtils::setName(const osg::NodePtr &node, const std::string &name, boo
 
 std::vector<qxNodePtr> qxNodeUtils::getSceneNodes()
 {
-    return getSubTreeNodes(qxScenegraph::getRoot());
+    std::vector<qxNodePtr> nodes;
+    qxWalkScene([&nodes](const osg::NodePtr &found) {
+        nodes.push_back(found);
+        return true;
+    });
+    return nodes;
 }
 
 std::vector<qxNodePtr> qxNodeUtils::getSubTreeNodes(const osg::NodePtr &node)

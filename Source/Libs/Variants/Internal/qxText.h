@@ -25,4 +25,14 @@ inline QString fromUtf8(const std::string &text)
     return QString::fromUtf8(text.data(), int(text.size()));
 }
 
+/// The text as it stands between two such quotes in a script: what would end it is escaped.
+inline QString escaped(QString text, QChar quote)
+{
+    const QLatin1Char backslash('\\');
+    text.replace(backslash, QLatin1String("\\\\"));
+    text.replace(quote, backslash + QString(quote));
+    text.replace(QLatin1Char('\n'), QLatin1String("\\n"));
+    return text.replace(QLatin1Char('\r'), QLatin1String("\\r"));
+}
+
 } // namespace qxText

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "qxNodePtr.h"
+
+#include <OpenSG/OSGGeometryFields.h>
+#include <OpenSG/OSGMaterialGroupFields.h>
+#include <OpenSG/OSGSwitchMaterialFields.h>
+
+#include <QMap>
+#include <QSet>
+#include <QString>
+
+#include <set>
+
+class qxVariantSet;
+
+/// What a capture takes down.
+struct qxCaptureKinds {
+    bool nodes;
+    bool materials;
+    bool lights;
+    bool environments;
+    bool transforms;
+};
+
+/// What the walks of one capture gather together, beside what they write into the set.
+struct qxCaptureNotes {
+    QMap<QString, QString> &materials; ///< material names by node path
+    QSet<QString> &visitedNames;
+    std::set<osg::SwitchMaterialPtr> &visitedSwitchMaterials;
+    std::set<osg::MaterialPtr> &visitedMaterials;
+};
+
+/// Writes the present state of the scene into a set. With `notify` variants that have to be created
+/// are announced.
+class qxCaptureRun {
+public:
+    qxCaptureRun(qxVariantSet &set, const qxCaptureKinds &kinds, const qxCaptureNotes &notes,
+                 const std::vector<qxNodePtr> &roots, bool notify);
+
+    /// Captures the node and everything below it, as far as it is active.
+    void visit(const osg::NodePtr &top);
+
+private:
+    bool captureNode(const osg::NodePtr &node);
+    bool mayDescend(const osg::NodePtr &node);
+    void captureTransform(const osg::NodePtr &node);
+    void captureSwitch(const osg::NodePtr &node);
+    void captureMaterialGroup(const osg::NodePtr &node, const osg::MaterialGroupPtr &group);
+    void captureGeometry(const osg::NodePtr &node, const osg::GeometryPtr &geometry);
+    void captureEnvironmentMaterial(const osg::SwitchMaterialPtr &material);
+    void captureVariants(const osg::MaterialPtr &material);
+    void captureLight(const osg::NodePtr &node);
+    void takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr &material);
+
+    qxVariantSet &m_set;
+    const qxCaptureKinds m_kinds;
+    const qxCaptureNotes m_notes;
+    const std::vector<qxNodePtr> &m_roots;
+    bool m_notify;
+};
