@@ -5,8 +5,8 @@ class WrongUseTest : public ProgramFixture {};
 
 namespace {
 
-const QStringList commands{"info",   "list",     "state",  "select",  "set",
-                           "create", "document", "verify", "optimize"};
+const QStringList commands{"info",   "list",     "state",  "select",   "set",
+                           "create", "document", "verify", "optimize", "lint"};
 
 } // namespace
 

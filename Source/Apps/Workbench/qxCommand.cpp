@@ -7,9 +7,9 @@
 namespace {
 
 const qxCommand *const commands[] = {
-    &qxCommands::info,     &qxCommands::list,   &qxCommands::state,
-    &qxCommands::select,   &qxCommands::set,    &qxCommands::create,
-    &qxCommands::document, &qxCommands::verify, &qxCommands::optimize,
+    &qxCommands::info,     &qxCommands::list,   &qxCommands::state,    &qxCommands::select,
+    &qxCommands::set,      &qxCommands::create, &qxCommands::document, &qxCommands::verify,
+    &qxCommands::optimize, &qxCommands::lint,
 };
 
 QString overview()

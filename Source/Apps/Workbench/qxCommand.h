@@ -35,6 +35,7 @@ extern const qxCommand create;
 extern const qxCommand document;
 extern const qxCommand verify;
 extern const qxCommand optimize;
+extern const qxCommand lint;
 
 /// Finds the command that `arguments` (with the program's name in front) ask for and runs it.
 int dispatch(const QStringList &arguments);

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+/// How much a finding weighs.
+enum class qxSeverity {
+    Error, ///< something that was meant to happen cannot happen
+    Warning, ///< something happens, but hardly what was meant
+    Hint, ///< nothing is wrong; something could go
+    Skip ///< a part of a selection that does nothing, and says nothing
+};
+
+/// What checks can find. The names stand in the program; users see the stable code of each, which
+/// Docs/Checking.md explains. Neither a name's code nor its meaning ever changes; new ones are
+/// added at the end of their block.
+enum class qxCode {
+    UnreadableDocument,
+    ElementWithoutName,
+    UnknownElement,
+    WordNeitherTrueNorFalse,
+    UnreadableNumber,
+    PreviewWithoutPicture,
+    ValueWithoutName,
+
+    SetTwice,
+    GroupTwice,
+    VariantTwice,
+    OptionTwice,
+    ReferenceTwice,
+    NameTwice,
+
+    NoSuchVariant,
+    NoSuchOption,
+    StateUnknownToScene,
+    NoSuchViewpoint,
+    NoSuchDefaultViewpoint,
+    NoSuchAnimation,
+    NoSuchGeometry,
+    NoSuchTarget,
+    NoSuchSnapshotPath,
+    NoSuchSnapshotMaterial,
+    FightingEntries,
+    EqualSets,
+    EmptySet,
+    ScriptDoesNotCompile,
+    EmptyGroup,
+
+    NoSceneObject,
+    WrongSceneObject,
+    DefaultIsNoOption,
+    OptionUnknownToScene,
+    OptionWithoutName,
+    NoOptions,
+    UnusedOption,
+    UnusedVariant,
+
+    UnreadableHotkey,
+    HotkeyTwice,
+
+    SkippedNoVariant,
+    SkippedNoObject,
+    SkippedNoSwitchMaterial,
+    SkippedEmptySwitchMaterial,
+    SkippedNoSuchMaterial,
+    SkippedNoLight,
+    SkippedNoLightState,
+    SkippedNoTransforms,
+    SkippedNoSuchTransform,
+    SkippedNoSwitch,
+    SkippedNoSuchChild,
+    SkippedNoTransformNumber,
+    SkippedTransformOutOfRange,
+    SkippedNoOverlayState,
+    SkippedViewpoint,
+    SkippedFurtherViewpoint,
+    SkippedDefaultViewpoint,
+    SkippedAnimation,
+    SkippedForLaterTurn,
+    SkippedScript,
+    SkippedClipping,
+    SkippedTarget,
+    SkippedTargetsOff,
+    SkippedGeometry,
+    SkippedSnapshot,
+    ChangedAgain,
+    NotShown
+};
+
+/// One row of the list of codes.
+struct qxCodeRow {
+    qxCode code;
+    const char *id; ///< stable, such as "QX301"
+    qxSeverity severity;
+    const char *title; ///< what it means, in a few words
+};
+
+namespace qxCheckCodes {
+
+/// All codes in the order of their ids.
+const QVector<qxCodeRow> &all();
+const qxCodeRow &row(qxCode code);
+QString id(qxCode code);
+/// "error", "warning", "hint" or "skip".
+QString word(qxSeverity severity);
+
+} // namespace qxCheckCodes

@@ -1,0 +1,197 @@
+#include "qxVariantReader.h"
+#include "qxVariants.h"
+
+#include "qxLintParts.h"
+
+namespace {
+
+namespace names = qxVariantKindNames;
+
+QString introduce(const qxOutlineVariant &variant)
+{
+    return QStringLiteral("%1 variant \"%2\"").arg(names::word(variant.kind), variant.name);
+}
+
+/// The findings of one variant.
+class VariantLint {
+public:
+    VariantLint(qxLintContext &context, qxLintVariant &variant)
+        : m_context(context), m_variant(variant), m_outline(variant.outline())
+    {
+    }
+
+    void run();
+
+private:
+    void lintObjects();
+    void lintOption(const qxOutlineOption &option);
+    void lintUse();
+    void add(qxCode code, const QString &what);
+    void add(qxCode code, const qxOutlineOption &option, const QString &what);
+
+    qxLintContext &m_context;
+    qxLintVariant &m_variant;
+    const qxOutlineVariant &m_outline;
+};
+
+void VariantLint::add(qxCode code, const QString &what)
+{
+    m_context.add(code, introduce(m_outline) + what, m_outline.path, m_outline.mark);
+}
+
+void VariantLint::add(qxCode code, const qxOutlineOption &option, const QString &what)
+{
+    m_context.add(code, introduce(m_outline) + what, m_outline.path, QStringLiteral("State"),
+                  option.mark);
+}
+
+void VariantLint::run()
+{
+    lintObjects();
+    QSet<QString> known;
+    for (const qxOutlineOption &option : m_outline.options) {
+        if (known.contains(option.name))
+            add(qxCode::OptionTwice, option,
+                QStringLiteral(": a second option \"%1\", which is dropped").arg(option.name));
+        else
+            lintOption(option);
+        known.insert(option.name);
+    }
+    const QString &standard = m_outline.standard.text;
+    if (!standard.isEmpty() && !m_variant.hasOption(standard))
+        m_context.add(
+            qxCode::DefaultIsNoOption,
+            introduce(m_outline)
+                + QStringLiteral(": the default state \"%1\" is none of its options").arg(standard),
+            m_outline.path, QStringLiteral("Default"), m_outline.standard.mark);
+    if (m_outline.options.empty())
+        add(qxCode::NoOptions, QStringLiteral(" has no options"));
+    lintUse();
+}
+
+void VariantLint::lintObjects()
+{
+    if (!m_variant.hasObjects())
+        add(qxCode::NoSceneObject, QStringLiteral(": the scene has no \"%1\"").arg(m_outline.base));
+    else if (!m_variant.hasFittingObject())
+        add(qxCode::WrongSceneObject,
+            QStringLiteral(": \"%1\" in the scene is of another sort").arg(m_outline.base));
+}
+
+void VariantLint::lintOption(const qxOutlineOption &option)
+{
+    if (option.name.isEmpty())
+        add(qxCode::OptionWithoutName, option, QStringLiteral(": an option without a name"));
+    else if (m_variant.hasFittingObject() && !m_variant.reach(option.name).isTaken)
+        add(qxCode::OptionUnknownToScene, option,
+            QStringLiteral(": \"%1\" in the scene does not take the state \"%2\"")
+                .arg(m_outline.base, option.name));
+}
+
+void VariantLint::lintUse()
+{
+    if (m_variant.isUsed()) {
+        for (const qxOutlineOption &option : m_outline.options) {
+            const bool isAction = option.name.startsWith(QLatin1Char('!'));
+            const bool isDefault = option.name == m_outline.standard.text;
+            if (!isAction && !isDefault && !option.name.isEmpty() && !m_variant.isUsed(option.name))
+                add(qxCode::UnusedOption, option,
+                    QStringLiteral(": no set and no hotkey leads to \"%1\"").arg(option.name));
+        }
+    } else if (!m_outline.options.empty()) {
+        add(qxCode::UnusedVariant, QStringLiteral(": no set and no hotkey uses it"));
+    }
+}
+
+/// Hotkeys as the reader and the application take them.
+class Hotkeys {
+public:
+    explicit Hotkeys(qxLintContext &context) : m_context(context) {}
+
+    /// Notes a hotkey of `owner`; `path` leads to its element.
+    void note(const qxOutlineText &hotkey, const QString &owner, const QString &path);
+
+private:
+    qxLintContext &m_context;
+    QHash<int, QString> m_owners; ///< by key and modifiers
+};
+
+void Hotkeys::note(const qxOutlineText &hotkey, const QString &owner, const QString &path)
+{
+    const QString text = qxVariantReader::convertOldHotkey(hotkey.text);
+    if (text.isEmpty())
+        return;
+    int key = 0;
+    Qt::KeyboardModifiers modifiers;
+    qxVariants::mapHotkey(text, key, modifiers);
+    const QString tag = QStringLiteral("Hotkey");
+    const qxMark mark{hotkey.mark.line, hotkey.mark.column, 1};
+    if (key == 0 || key == Qt::Key_unknown)
+        return m_context.add(
+            qxCode::UnreadableHotkey,
+            QStringLiteral("%1: the hotkey \"%2\" names no key").arg(owner, hotkey.text), path, tag,
+            mark);
+    QString &other = m_owners[key | int(modifiers)];
+    if (other.isEmpty())
+        other = owner;
+    else
+        m_context.add(qxCode::HotkeyTwice,
+                      QStringLiteral("%1: the hotkey \"%2\" is that of %3 as well")
+                          .arg(owner, hotkey.text, other),
+                      path, tag, mark);
+}
+
+} // namespace
+
+void qxLintParts::lintGroups(qxLintContext &context)
+{
+    QHash<QString, const qxOutlineGroup *> known;
+    for (const qxOutlineGroup &group : context.outline.groups) {
+        if (known.contains(group.name))
+            context.add(qxCode::GroupTwice,
+                        QStringLiteral("group \"%1\" replaces the one of line %2")
+                            .arg(group.name)
+                            .arg(known[group.name]->mark.line),
+                        group.path, group.mark);
+        known.insert(group.name, &group);
+        if (group.sets == 0)
+            context.add(qxCode::EmptyGroup,
+                        QStringLiteral("group \"%1\" has no sets").arg(group.name), group.path,
+                        group.mark);
+    }
+}
+
+void qxLintParts::lintVariants(qxLintContext &context)
+{
+    std::array<QHash<QString, int>, qxVariantKinds> lines;
+    for (const auto &variant : context.variants.all()) {
+        const qxOutlineVariant &outline = variant->outline();
+        const int line = lines[std::size_t(outline.kind)].value(outline.name, 0);
+        if (line > 0)
+            context.add(qxCode::VariantTwice,
+                        QStringLiteral("%1 replaces the options of the one of line %2")
+                            .arg(introduce(outline))
+                            .arg(line),
+                        outline.path, outline.mark);
+        lines[std::size_t(outline.kind)].insert(outline.name, outline.mark.line);
+        VariantLint(context, *variant).run();
+    }
+}
+
+void qxLintParts::lintHotkeys(qxLintContext &context)
+{
+    Hotkeys hotkeys(context);
+    for (const qxOutlineSet &set : context.outline.sets)
+        hotkeys.note(set.hotkey, QStringLiteral("set \"%1\"").arg(set.name), set.path);
+    for (const auto &variant : context.variants.all()) {
+        const qxOutlineVariant &outline = variant->outline();
+        for (const qxOutlineOption &option : outline.options) {
+            if (option.hotkey.text.isEmpty())
+                continue;
+            variant->use(option.name);
+            hotkeys.note(option.hotkey,
+                         QStringLiteral("%1, option \"%2\"").arg(introduce(outline), option.name),
+                         QStringLiteral("%1/State[%2]").arg(outline.path).arg(option.mark.ordinal));
+        }
+    }
+}

@@ -1,0 +1,221 @@
+#include "qxLintParts.h"
+
+namespace {
+
+namespace names = qxVariantKindNames;
+
+struct ListRule {
+    const char *tag;
+    const char *word;
+    qxCode missing;
+    bool (qxSceneIndex::*has)(const QString &name) const;
+};
+
+const ListRule listRules[qxNameLists] = {
+    {"ViewpointRef", "viewpoint", qxCode::NoSuchViewpoint, &qxSceneIndex::hasViewpoint},
+    {"AnimationRef", "animation", qxCode::NoSuchAnimation, &qxSceneIndex::hasAnimation},
+    {"GeometryRef", "geometry", qxCode::NoSuchGeometry, &qxSceneIndex::hasNode},
+    {"TargetName", "target node", qxCode::NoSuchTarget, &qxSceneIndex::hasNode},
+};
+
+/// An entry of a set that changes something of the scene.
+struct Entry {
+    const qxOutlineReference *reference;
+    qxVariantKind kind;
+};
+
+/// The findings of one set.
+class SetLint {
+public:
+    SetLint(qxLintContext &context, const qxOutlineSet &set) : m_context(context), m_set(set) {}
+
+    void run(const qxLinter::Compile &compile);
+
+private:
+    void lintReferences(qxVariantKind kind);
+    void lintState(qxVariantKind kind, const qxOutlineReference &reference, qxLintVariant &variant);
+    void noteFight(qxVariantKind kind, const qxOutlineReference &reference,
+                   const qxLintVariant::Reach &reach);
+    void lintNames(qxNameList list);
+    void lintSnapshots();
+    void lintRest(const qxLinter::Compile &compile);
+    void add(qxCode code, qxVariantKind kind, const qxOutlineReference &reference,
+             const QString &what);
+
+    qxLintContext &m_context;
+    const qxOutlineSet &m_set;
+    QHash<qxAspectKey, Entry> m_changed; ///< who changes what
+};
+
+void SetLint::run(const qxLinter::Compile &compile)
+{
+    for (int kind = 0; kind < qxVariantKinds; ++kind)
+        lintReferences(qxVariantKind(kind));
+    for (int list = 0; list < qxNameLists; ++list)
+        lintNames(qxNameList(list));
+    lintSnapshots();
+    lintRest(compile);
+}
+
+void SetLint::add(qxCode code, qxVariantKind kind, const qxOutlineReference &reference,
+                  const QString &what)
+{
+    const QString message = QStringLiteral("set \"%1\", %2 variant \"%3\": %4")
+                                .arg(m_set.name, names::word(kind), reference.variant, what);
+    m_context.add(code, message, m_set.path, names::refTag(kind), reference.mark);
+}
+
+void SetLint::lintReferences(qxVariantKind kind)
+{
+    QSet<QString> known;
+    for (const qxOutlineReference &each : m_set.of(kind)) {
+        if (known.contains(each.variant))
+            add(qxCode::ReferenceTwice, kind, each,
+                QStringLiteral("a second entry; only the last state counts"));
+        known.insert(each.variant);
+        // Older documents list the overlays that are shown without a state.
+        const bool isOldForm = kind == qxVariantKind::Overlay && each.state.isEmpty();
+        qxLintVariant *const variant = m_context.variants.find(kind, each.variant);
+        if (variant && isOldForm)
+            variant->use(each.state);
+        else if (variant)
+            lintState(kind, each, *variant);
+        else if (!isOldForm)
+            add(qxCode::NoSuchVariant, kind, each, QStringLiteral("it does not exist"));
+    }
+}
+
+void SetLint::lintState(qxVariantKind kind, const qxOutlineReference &reference,
+                        qxLintVariant &variant)
+{
+    variant.use(reference.state);
+    if (!variant.hasOption(reference.state))
+        add(qxCode::NoSuchOption, kind, reference,
+            QStringLiteral("\"%1\" is none of its options").arg(reference.state));
+    if (!variant.hasFittingObject())
+        return; // It is said once, of the variant.
+    const qxLintVariant::Reach &reach = variant.reach(reference.state);
+    if (!reach.isTaken)
+        add(qxCode::StateUnknownToScene, kind, reference,
+            QStringLiteral("\"%1\" in the scene does not take the state \"%2\"")
+                .arg(variant.outline().base, reference.state));
+    noteFight(kind, reference, reach);
+}
+
+void SetLint::noteFight(qxVariantKind kind, const qxOutlineReference &reference,
+                        const qxLintVariant::Reach &reach)
+{
+    bool isSaid = false;
+    for (const qxAspectKey key : reach.keys) {
+        const auto other = m_changed.constFind(key);
+        if (other == m_changed.constEnd()) {
+            m_changed.insert(key, {&reference, kind});
+            continue;
+        }
+        const qxOutlineReference &earlier = *other->reference;
+        const bool isSame = other->kind == kind && earlier.variant == reference.variant;
+        if (isSaid || isSame || earlier.state == reference.state)
+            continue;
+        add(qxCode::FightingEntries, kind, reference,
+            QStringLiteral("\"%1\" goes against \"%2\" of the %3 variant \"%4\"")
+                .arg(reference.state, earlier.state, names::word(other->kind), earlier.variant));
+        isSaid = true;
+    }
+}
+
+void SetLint::lintNames(qxNameList list)
+{
+    const ListRule &rule = listRules[int(list)];
+    QSet<QString> known;
+    const auto say = [&](qxCode code, const qxOutlineText &name, const char *what) {
+        const QString message =
+            QStringLiteral("set \"%1\", %2 \"%3\": %4")
+                .arg(m_set.name, QLatin1String(rule.word), name.text, QLatin1String(what));
+        m_context.add(code, message, m_set.path, QString::fromLatin1(rule.tag), name.mark);
+    };
+    for (const qxOutlineText &each : m_set.of(list)) {
+        if (known.contains(each.text))
+            say(qxCode::NameTwice, each, "it is listed already");
+        else if (!(m_context.scene.*rule.has)(each.text))
+            say(rule.missing, each, "the scene does not have it");
+        known.insert(each.text);
+    }
+}
+
+void SetLint::lintSnapshots()
+{
+    const QString tag = QStringLiteral("MaterialSnapshot");
+    QSet<QString> known;
+    for (const qxOutlineText &each : m_set.snapshots) {
+        const QString what = QStringLiteral("set \"%1\", snapshot of \"%2\": %3");
+        if (known.contains(each.text))
+            m_context.add(qxCode::NameTwice,
+                          what.arg(m_set.name, each.text,
+                                   QStringLiteral("a second one; only the last counts")),
+                          m_set.path, tag, each.mark);
+        known.insert(each.text);
+        if (!m_context.scene.hasPath(each.text))
+            m_context.add(qxCode::NoSuchSnapshotPath,
+                          what.arg(m_set.name, each.text, QStringLiteral("no node has that path")),
+                          m_set.path, tag, each.mark);
+        if (!m_context.scene.hasMaterial(each.more))
+            m_context.add(qxCode::NoSuchSnapshotMaterial,
+                          what.arg(m_set.name, each.text,
+                                   QStringLiteral("there is no material \"%1\"").arg(each.more)),
+                          m_set.path, tag, each.mark);
+    }
+}
+
+void SetLint::lintRest(const qxLinter::Compile &compile)
+{
+    const QString &viewpoint = m_set.defaultViewpoint;
+    if (!viewpoint.isEmpty() && !m_context.scene.hasViewpoint(viewpoint))
+        m_context.add(qxCode::NoSuchDefaultViewpoint,
+                      QStringLiteral("set \"%1\": there is no viewpoint \"%2\" to end at")
+                          .arg(m_set.name, viewpoint),
+                      m_set.path, m_set.mark);
+    if (m_set.isEmpty())
+        m_context.add(
+            qxCode::EmptySet,
+            QStringLiteral("set \"%1\" holds nothing that a selection applies").arg(m_set.name),
+            m_set.path, m_set.mark);
+    const QString error = m_set.script.text.isEmpty() ? QString() : compile(m_set.script.text);
+    if (!error.isEmpty())
+        m_context.add(qxCode::ScriptDoesNotCompile,
+                      QStringLiteral("set \"%1\": %2").arg(m_set.name, error), m_set.script.more,
+                      m_set.script.mark);
+}
+
+/// Sets of one name, and sets that do the same.
+void compare(qxLintContext &context)
+{
+    QHash<QString, const qxOutlineSet *> names;
+    QHash<QByteArray, const qxOutlineSet *> digests;
+    for (const qxOutlineSet &set : context.outline.sets) {
+        if (names.contains(set.name))
+            context.add(qxCode::SetTwice,
+                        QStringLiteral("set \"%1\" replaces the one of line %2")
+                            .arg(set.name)
+                            .arg(names[set.name]->mark.line),
+                        set.path, set.mark);
+        names.insert(set.name, &set);
+        if (set.isEmpty())
+            continue;
+        if (digests.contains(set.digest))
+            context.add(qxCode::EqualSets,
+                        QStringLiteral("set \"%1\" does what set \"%2\" does")
+                            .arg(set.name, digests[set.digest]->name),
+                        set.path, set.mark);
+        else
+            digests.insert(set.digest, &set);
+    }
+}
+
+} // namespace
+
+void qxLintParts::lintSets(qxLintContext &context, const qxLinter::Compile &compile)
+{
+    for (const qxOutlineSet &set : context.outline.sets)
+        SetLint(context, set).run(compile);
+    compare(context);
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "qxStateRules.h"
+
+#include <memory>
+
+/// One variant of a document beside what the scene has for it, with notes on who uses it.
+class qxLintVariant {
+public:
+    /// What a state does to the variant's objects.
+    struct Reach {
+        bool isTaken = false; ///< by one object at least
+        std::vector<qxAspectKey> keys; ///< what it changes
+    };
+
+    qxLintVariant(const qxOutlineVariant &variant, const qxSceneIndex &scene);
+
+    const qxOutlineVariant &outline() const { return m_outline; }
+    bool hasOption(const QString &name) const { return m_options.contains(name); }
+    bool hasObjects() const { return !m_objects.empty(); }
+    /// Whether one object at least is of the right sort.
+    bool hasFittingObject() const;
+    /// Worked out once for each state; valid as long as the variant.
+    const Reach &reach(const QString &state);
+
+    /// Notes that a set, or a hotkey, selects the state.
+    void use(const QString &state);
+    bool isUsed() const { return !m_used.isEmpty(); }
+    /// Whether the state is used, be it by stepping to it.
+    bool isUsed(const QString &state) const;
+
+private:
+    const qxOutlineVariant &m_outline;
+    std::vector<qxSceneObject> m_objects;
+    QSet<QString> m_options;
+    QHash<QString, Reach> m_reaches;
+    QSet<QString> m_used;
+    bool m_isStepped = false;
+};
+
+/// The variants of a document by kind and name.
+class qxLintVariants {
+public:
+    qxLintVariants(const qxOutline &outline, const qxSceneIndex &scene);
+
+    /// Of several variants of one name the last, as the reader leaves it; null for none.
+    qxLintVariant *find(qxVariantKind kind, const QString &name) const;
+    /// All of them in the order of the document, those that are replaced included.
+    const std::vector<std::unique_ptr<qxLintVariant>> &all() const { return m_all; }
+
+private:
+    std::vector<std::unique_ptr<qxLintVariant>> m_all;
+    std::array<QHash<QString, qxLintVariant *>, qxVariantKinds> m_byName;
+};

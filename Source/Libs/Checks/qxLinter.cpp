@@ -1,0 +1,37 @@
+#include "qxLinter.h"
+
+#include "qxLintParts.h"
+
+#include <algorithm>
+#include <tuple>
+
+void qxLintContext::add(qxCode code, const QString &message, const QString &owner,
+                        const QString &tag, const qxMark &mark)
+{
+    add(code, message, QStringLiteral("%1/%2[%3]").arg(owner, tag).arg(mark.ordinal), mark);
+}
+
+void qxLintContext::add(qxCode code, const QString &message, const QString &path,
+                        const qxMark &mark)
+{
+    findings.append({code, message, path, mark.line, mark.column});
+}
+
+qxFindings qxLinter::lint(const QByteArray &document, const Compile &compile)
+{
+    qxFindings findings;
+    const qxOutline outline = qxOutline::of(document, findings);
+    if (!outline.isWhole)
+        return {findings.last()};
+    qxLintContext context(outline);
+    context.findings = findings;
+    qxLintParts::lintSets(context, compile);
+    qxLintParts::lintHotkeys(context);
+    qxLintParts::lintGroups(context);
+    qxLintParts::lintVariants(context);
+    std::stable_sort(context.findings.begin(), context.findings.end(),
+                     [](const qxFinding &one, const qxFinding &other) {
+                         return std::tie(one.line, one.column) < std::tie(other.line, other.column);
+                     });
+    return context.findings;
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "qxFinding.h"
+
+#include <QByteArray>
+
+#include <functional>
+
+/// Looks over a variants document beside the scene of the host and finds what is wrong, what is
+/// hardly meant, and what could go.
+///
+/// The document is taken as it is written down: neither the registry nor the scene is used or
+/// changed otherwise than by looking things up. The time grows with document and scene together.
+namespace qxLinter {
+
+/// Answers what is wrong with a script, or an empty text.
+typedef std::function<QString(const QString &script)> Compile;
+
+/// All findings in the order of the document. `document` is UTF-8; when it is not well-formed,
+/// what is wrong with it is the only finding.
+qxFindings lint(const QByteArray &document, const Compile &compile);
+
+} // namespace qxLinter

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "qxOutline.h"
+
+#include <OpenSG/OSGMaterial.h>
+#include <OpenSG/OSGNode.h>
+
+#include <QHash>
+#include <QSet>
+
+#include <set>
+#include <string>
+#include <vector>
+
+/// Something that a variant of some kind drives, or would if it were of the right sort.
+struct qxSceneObject {
+    qxVariantKind kind = qxVariantKind::Node;
+    osg::NodePtr node = osg::NullFC; ///< null for a material
+    osg::MaterialPtr material = osg::NullFC;
+};
+
+/// Everything in the scene that a variants document can name, looked up in the same time in every
+/// scene. It is a snapshot: whoever adds, removes or renames something outdates it.
+class qxSceneIndex {
+public:
+    qxSceneIndex();
+
+    /// What bears the name `base` among the objects of that kind, in scene order: nodes of any sort
+    /// for node, light and transform variants, nodes of the overlay tree, materials of any sort.
+    std::vector<qxSceneObject> objects(qxVariantKind kind, const QString &base) const;
+
+    bool hasNode(const QString &name) const { return m_nodes.contains(name); }
+    bool hasViewpoint(const QString &name) const;
+    bool hasAnimation(const QString &name) const;
+    bool hasMaterial(const QString &name) const;
+    /// Whether the names of some node and of all above it, the root left out, make up that path.
+    bool hasPath(const QString &path) const;
+
+private:
+    typedef QHash<QString, std::vector<osg::NodePtr>> Nodes;
+
+    static Nodes nodesBelow(const osg::NodePtr &root, bool withRoot);
+    void addPaths(const osg::NodePtr &parent, const QString &prefix) const;
+
+    const Nodes m_nodes;
+    const Nodes m_overlays;
+    std::set<std::string> m_clips;
+    mutable QSet<QString> m_paths; ///< filled when the first path is asked for
+};

@@ -1,0 +1,25 @@
+#include "CheckScene.h"
+
+#include <QFile>
+
+CheckScene::CheckScene()
+{
+    scene.addSwitch("Wheels", {"Steel", "Alloy"});
+    scene.add("Lamp");
+    scene.addTransformSwitch("Chair", 2);
+    scene.addSwitchMaterial("Paint", {"Red", "Blue"});
+    scene.addLight("Sun");
+    scene.addOverlaySwitch("Signs", {"Stop", "Go"});
+    scene.addPoses("Door", {"Shut", "Open"});
+    scene.add("Trim", scene.add("Body"));
+    scene.addViewpoint("Front");
+    scene.addViewpoint("Back");
+    scene.setClips({"Spin"});
+}
+
+QByteArray CheckScene::cleanDocument()
+{
+    QFile file(QStringLiteral(QX_TEST_DATA "/Documents/clean.xml"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}

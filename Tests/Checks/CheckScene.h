@@ -1,0 +1,13 @@
+#pragma once
+
+#include "HostFixture.h"
+
+#include <QByteArray>
+
+/// The scene that Tests/Data/Documents/clean.xml belongs to.
+class CheckScene : public HostFixture {
+protected:
+    CheckScene();
+
+    static QByteArray cleanDocument();
+};
