@@ -1,5 +1,6 @@
 #include "Program.h"
 
+#include <QFile>
 #include <QXmlStreamReader>
 
 /// The lint command: its three forms, and its exit code.
@@ -95,6 +96,20 @@ TEST_F(LintTest, ADocumentThatTheReaderRefusesIsAFindingToo)
     EXPECT_EQ(done({"lint", desk("<Variants/>")}).out, "no findings\n");
     EXPECT_EQ(done({"lint", QStringLiteral(QX_TEST_DATA "/Scenes/desk.gltf")}).out,
               "no findings\n");
+}
+
+TEST_F(LintTest, ScriptsAreCompiledButNotRun)
+{
+    const QByteArray set = "<Variants><VariantSet name='Only'><Script>%1</Script></VariantSet>"
+                           "</Variants>";
+    const QString proof = path("proof.txt");
+    const QByteArray writing = "open(\"" + proof.toUtf8() + "\", \"w\")";
+    EXPECT_EQ(done({"lint", desk(QByteArray(set).replace("%1", writing))}).out, "no findings\n");
+    EXPECT_FALSE(QFile::exists(proof));
+    const ProgramRun run = workbench({"lint", desk(QByteArray(set).replace("%1", "1 +"))});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_TRUE(run.out.startsWith("1:35: error QX314: set \"Only\": line 1: "))
+        << run.out.toStdString();
 }
 
 TEST_F(LintTest, TheDemoIsClean)

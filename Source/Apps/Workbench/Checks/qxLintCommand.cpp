@@ -1,6 +1,7 @@
 #include "qxVariantWriter.h"
 
 #include "Checks/qxLintReport.h"
+#include "Script/qxScriptCheck.h"
 #include "qxCommand.h"
 #include "qxLinter.h"
 #include "qxLog.h"
@@ -18,9 +19,9 @@ QList<QCommandLineOption> options()
             qxCommands::traceOption()};
 }
 
-QString compile(const QString &)
+QString compile(const QString &script)
 {
-    return QString();
+    return QString::fromStdString(qxScriptCheck::flawOf(script.toStdString()));
 }
 
 /// Has the reader read the document as well: it refuses what no document of ours has.

@@ -1,0 +1,17 @@
+#include "HostFixture.h"
+#include "Script/qxScriptCheck.h"
+
+class ScriptCheckTest : public HostFixture {};
+
+TEST_F(ScriptCheckTest, WhatCannotBeCompiledIsSaidWithItsLineAndNothingIsRun)
+{
+    for (const char *sound : {"", "raise Exception('never')", "undefined", "x = 'größer'\nexit()"})
+        EXPECT_EQ(qxScriptCheck::flawOf(sound), "") << sound;
+    EXPECT_EQ(qxScriptCheck::flawOf("x = 1\n\nif x\n").substr(0, 8), "line 3: ");
+    EXPECT_EQ(qxScriptCheck::flawOf("  x = 1\ny").substr(0, 8), "line 1: ");
+    EXPECT_EQ(qxScriptCheck::flawOf(std::string("x\0y", 3)),
+              "the text of the script holds a NUL character");
+    EXPECT_NE(qxScriptCheck::flawOf("x = '\xFF'"), "");
+    EXPECT_EQ(qxScriptCheck::flawOf("x"), "");
+    EXPECT_TRUE(logged(qxLog::Error).empty());
+}
