@@ -48,7 +48,8 @@ private:
     {
         ++reported;
         std::printf("    %s %s\n", failure.empty() ? "ok    " : "FAILED", name.c_str());
-        EXPECT_EQ(failure, "") << name;
+        if (!failure.empty())
+            ADD_FAILURE() << name << "\n" << failure;
     }
 
     long m_taken = 0;
