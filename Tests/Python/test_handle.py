@@ -129,3 +129,16 @@ class Handle(unittest.TestCase):
         heard = stage.heard()
         self.assertEqual(heard.count("variantSetRemoved"), 1)
         self.assertEqual(heard[-1], "variantSetSelected")
+
+    def test_capture_from_a_script_brings_the_scene_back(self):
+        stage.addSwitch("Wheels", ["Steel", "Alloy"])
+        self.handle.addGeometry(findNode("Wheels"), "Alloy")
+        selectVariantSet("Winter")
+        createAndCaptureVariantSet("Now", groupName="Captured")
+        self.assertEqual(stage.statesOf("Now"), ["Wheels=Alloy"])
+        createAndCaptureVariantSet("Now", "Captured")
+        self.handle.addGeometry(findNode("Wheels"), "Steel")
+        selectVariantSet("Winter")
+        self.assertEqual(stage.choiceOf(findNode("Wheels")), 0)
+        activateCapturedVariantSet("Now")
+        self.assertEqual(stage.choiceOf(findNode("Wheels")), 1)

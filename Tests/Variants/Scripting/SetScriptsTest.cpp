@@ -58,6 +58,7 @@ TEST_F(SetScriptsTest, ASetThatSelectsItselfEndsWithOneError)
              "while True: selectVariantSet('Winter')",
              "try:\n    selectVariantSet('Winter')\nexcept Exception:\n    pass",
              "selectVariantSet('Other')",
+             "activateCapturedVariantSet('Winter')\nactivateCapturedVariantSet('Other')",
          }) {
         notifications.clear();
         qxVariants::clearVariantSets();
