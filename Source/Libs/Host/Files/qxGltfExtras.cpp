@@ -21,8 +21,8 @@ osg::Matrix qxGltfMatrix(const float *numbers)
     return matrix;
 }
 
-qxGltfExtras::qxGltfExtras(int index, const qxJson &node, QStringList &warnings)
-    : m_index(index), m_node(node), m_warnings(warnings)
+qxGltfExtras::qxGltfExtras(int index, const qxJson &node, QStringList &warnings, const char *kind)
+    : m_index(index), m_node(node), m_warnings(warnings), m_kind(kind)
 {
 }
 
@@ -38,7 +38,7 @@ bool qxGltfExtras::has(const char *key) const
 
 void qxGltfExtras::warn(const char *key, const char *reason) const
 {
-    m_warnings << QString("%1: %2 %3").arg(qxGltfCalled("node", m_index, m_node), key, reason);
+    m_warnings << QString("%1: %2 %3").arg(qxGltfCalled(m_kind, m_index, m_node), key, reason);
 }
 
 std::optional<int> qxGltfExtras::integer(const char *key) const

@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-/// The names of our own entries in the `extras` of nodes and scenes.
+/// The names of our own entries in the `extras` of nodes, materials and scenes.
 namespace qxGltfKeys {
 constexpr const char *switchChoice = "qxSwitch";
 constexpr const char *transformStates = "qxTransformStates";
@@ -22,16 +22,17 @@ constexpr const char *hiddenParts = "qxHiddenParts";
 constexpr const char *lightOn = "qxLightOn";
 constexpr const char *overlay = "qxOverlay";
 constexpr const char *overlayLayer = "qxOverlayLayer";
+constexpr const char *environment = "qxEnvironment"; ///< of nodes and materials
 constexpr const char *switchMaterial = "qxSwitchMaterial"; ///< of primitives
 constexpr const char *switchMaterials = "qxSwitchMaterials"; ///< of the file
 constexpr const char *variants = "qxVariants";
 } // namespace qxGltfKeys
 
-/// Reads the entries of one node. What is there in an unusable form counts as not there and is a
-/// warning.
+/// Reads the entries of one node, or of one object of another `kind`. What is there in an unusable
+/// form counts as not there and is a warning.
 class qxGltfExtras {
 public:
-    qxGltfExtras(int index, const qxJson &node, QStringList &warnings);
+    qxGltfExtras(int index, const qxJson &node, QStringList &warnings, const char *kind = "node");
 
     bool has(const char *key) const;
     /// Also from a number such as 2.0, which some tools write.
@@ -53,6 +54,7 @@ private:
     int m_index;
     const qxJson &m_node;
     QStringList &m_warnings;
+    const char *m_kind;
 };
 
 /// The transform that ten numbers stand for.

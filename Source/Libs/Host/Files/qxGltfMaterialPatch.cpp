@@ -48,6 +48,8 @@ void writeSurface(qxJson &json, const qxSurface &before, const qxSurface &now)
         json["pbrMetallicRoughness"]["roughnessFactor"] = qxGltfNumber(now.roughness);
     if (before.doubleSided != now.doubleSided)
         json["doubleSided"] = now.doubleSided;
+    if (before.environment != now.environment)
+        qxGltfSetExtra(json, qxGltfKeys::environment, now.environment ? qxJson(true) : qxJson());
 }
 
 void writeMaterial(qxJson &json, const qxGltfMaterialState &before, const qxGltfMaterialState &now)

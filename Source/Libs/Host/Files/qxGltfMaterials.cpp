@@ -1,5 +1,6 @@
 #include "Files/qxGltfMaterials.h"
 
+#include "Files/qxGltfExtras.h"
 #include "Files/qxGltfImages.h"
 #include "Files/qxGltfModel.h"
 #include "Files/qxGltfNames.h"
@@ -75,10 +76,9 @@ osg::SimpleMaterialPtr create(const osg::ImagePtr &image)
     return material;
 }
 
-osg::SimpleMaterialPtr makeMaterial(const tinygltf::Material &values, const qxJson &json,
+osg::SimpleMaterialPtr makeMaterial(const tinygltf::Material &values, const qxSurface &surface,
                                     const osg::ImagePtr &image)
 {
-    const qxSurface surface = surfaceOf(values, json);
     const osg::SimpleMaterialPtr material = create(image);
     const osg::CPEditor edit(material);
     setColours(material, values);
@@ -98,8 +98,11 @@ std::vector<qxGltfMaterialRef> qxGltfMaterials(qxGltfModel &model)
     for (const tinygltf::Material &values : model.typed.materials) {
         const std::size_t index = materials.size();
         const int texture = values.pbrMetallicRoughness.baseColorTexture.index;
+        const qxGltfExtras extras(int(index), list[index], model.warnings, "material");
+        qxSurface surface = surfaceOf(values, list[index]);
+        surface.environment = extras.flag(qxGltfKeys::environment, false);
         materials.emplace_back(
-            osg::MaterialPtr(makeMaterial(values, list[index], images.ofTexture(texture))));
+            osg::MaterialPtr(makeMaterial(values, surface, images.ofTexture(texture))));
         if (qxGltfMember(list[index], "name").is_string())
             osg::setName(materials.back().get(), names[index]);
     }
@@ -110,5 +113,5 @@ qxGltfMaterialRef qxGltfDefaultMaterial()
 {
     tinygltf::Material values;
     values.emissiveFactor = {0, 0, 0};
-    return qxGltfMaterialRef(makeMaterial(values, qxJson(), osg::ImagePtr()));
+    return qxGltfMaterialRef(makeMaterial(values, surfaceOf(values, qxJson()), osg::ImagePtr()));
 }

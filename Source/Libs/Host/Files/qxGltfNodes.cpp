@@ -75,8 +75,11 @@ void qxGltfNodes::build()
             m_scene.roots.push_back(m_made[std::size_t(root)].upper);
     }
     for (const int index : m_order) {
-        if (m_made[std::size_t(index)].moved)
-            m_scene.overlays.push_back(m_made[std::size_t(index)].upper);
+        const Made &made = m_made[std::size_t(index)];
+        if (made.environment)
+            m_scene.environment = made.upper;
+        else if (made.moved)
+            m_scene.overlays.push_back(made.upper);
     }
 }
 
@@ -95,6 +98,7 @@ void qxGltfNodes::findOrder()
         open.pop_back();
         m_order.push_back(index);
         findOverlay(index);
+        findEnvironment(index);
         openAll(m_model.typed.nodes[std::size_t(index)].children, index);
     }
 }
@@ -113,6 +117,26 @@ void qxGltfNodes::findOverlay(int index)
     }
     made.moved = made.overlay && !below;
     made.inOverlay = made.overlay || below;
+}
+
+/// The first switch that is marked so moves out of the tree, unless its parent would miss it.
+void qxGltfNodes::findEnvironment(int index)
+{
+    const qxJson &json = m_model.node(index);
+    const qxGltfExtras extras(index, json, m_model.warnings);
+    if (!extras.flag(qxGltfKeys::environment, false))
+        return;
+    Made &made = m_made[std::size_t(index)];
+    const int parent = made.place.parent;
+    const auto isOne = [](const Made &each) { return each.environment; };
+    if (!extras.has(qxGltfKeys::switchChoice) || made.inOverlay)
+        return warn(index, "an environment is a switch and no overlay");
+    if (parent >= 0 && countsChildren(m_model.node(parent)))
+        return warn(index, "a child of a switch cannot be the environment");
+    if (std::any_of(m_made.begin(), m_made.end(), isOne))
+        return warn(index, "the scene has an environment already");
+    made.environment = true;
+    made.moved = true;
 }
 
 osg::NodeCorePtr qxGltfNodes::ownCore(int index, qxGltfExtras &extras)
@@ -244,12 +268,14 @@ void qxGltfNodes::share(int index)
     else if (node->getCore() == osg::NullFC && !made.overlay)
         setCore(node, osg::Group::create());
 
-    if (qxGltfNeedsPlace(node->getCore()))
+    if (made.environment && qxGltfHasTransform(m_model.typed.nodes[std::size_t(index)]))
+        warn(index, "an environment surrounds everything: its transform has no effect");
+    else if (qxGltfNeedsPlace(node->getCore()))
         putAbove(index, qxGltfTransform(m_model.typed.nodes[std::size_t(index)]));
     if (made.overlay)
         makeOverlay(index);
     if (made.moved)
-        m_scene.origin.overlays[made.upper.get().getFieldContainerId()] = made.place;
+        m_scene.origin.moved[made.upper.get().getFieldContainerId()] = made.place;
 }
 
 void qxGltfNodes::putAbove(int index, const osg::NodeCorePtr &core)

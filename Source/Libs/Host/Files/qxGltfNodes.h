@@ -29,11 +29,13 @@ private:
         qxGltfOrigin::Place place;
         bool overlay = false;
         bool inOverlay = false; ///< the node or one above it is an overlay
-        bool moved = false; ///< to the overlay tree
+        bool environment = false;
+        bool moved = false; ///< out of the tree of the scene
     };
 
     void findOrder();
     void findOverlay(int index);
+    void findEnvironment(int index);
     void make(int index);
     void describe(int index, const osg::NodePtr &node);
     void share(int index);

@@ -102,6 +102,8 @@ void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeSt
     writeExtra(node, qxGltfKeys::overlayLayer, before.overlayLayer.value_or(0),
                after.overlayLayer.value_or(0),
                [](osg::UInt32 layer) { return layer == 0 ? qxJson() : qxJson(layer); });
+    writeExtra(node, qxGltfKeys::environment, before.environment, after.environment,
+               [](bool environment) { return environment ? qxJson(true) : qxJson(); });
     writePoses(node, before.poses, after.poses);
 }
 

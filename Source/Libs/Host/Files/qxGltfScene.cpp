@@ -4,6 +4,7 @@
 #include "Files/qxGltfModel.h"
 #include "Files/qxGltfNodes.h"
 #include "Files/qxGltfSwitchMaterials.h"
+#include "Scene/qxScene.h"
 #include "qxAnimManager.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
@@ -74,6 +75,8 @@ void qxGltfScene::show() const
     }
     addChildren(qxScenegraph::getRoot(), roots);
     addChildren(qxOverlays::getPoolRoot(), overlays);
+    if (environment != osg::NullFC)
+        qxScene::current()->setEnvironment(environment.get());
     for (const qxUberCamera &camera : cameras)
         qxUberCameraPool::the()->add(camera);
     qxAnimManager::the()->setClips(clips);

@@ -19,13 +19,15 @@ struct qxGltfOrigin {
         int material = -1;
     };
     std::unordered_map<osg::UInt32, int> nodes;
-    /// Where an overlay was taken from: its place below a node, or among the roots (-1).
+    /// Where a node was taken from that moved out of the tree: its place below a node, or among the
+    /// roots (-1).
     struct Place {
         int parent = -1;
         int position = 0;
     };
     std::unordered_map<osg::UInt32, int> uppers; ///< unnamed nodes above that of the file
-    std::unordered_map<osg::UInt32, Place> overlays; ///< the topmost nodes of overlays
+    std::unordered_map<osg::UInt32, Place>
+        moved; ///< the topmost nodes of overlays, and the environment
     std::unordered_map<osg::UInt32, Part> geometries;
     std::unordered_map<osg::UInt32, int> materials; ///< -1 for that of primitives without one
     /// The node whose `extras` describe a switch core or a transform-switch core.
@@ -41,6 +43,7 @@ struct qxGltfScene {
     std::vector<qxGltfMeshParts> meshes;
     std::vector<osg::NodeRefPtr> roots;
     std::vector<osg::NodeRefPtr> overlays;
+    osg::NodeRefPtr environment; ///< null when there is none
     std::vector<qxUberCamera> cameras;
     std::vector<std::string> clips;
     qxGltfOrigin origin;

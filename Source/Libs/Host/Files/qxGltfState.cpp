@@ -17,7 +17,7 @@ public:
     Describer(const qxGltfOrigin &origin, qxGltfState &state) : m_origin(origin), m_state(state) {}
 
     void describeAll(const std::vector<osg::NodePtr> &roots);
-    void describeOverlays(const std::vector<osg::NodePtr> &overlays);
+    void describeMoved(const std::vector<osg::NodePtr> &nodes, const osg::NodePtr &environment);
     void findSharers();
 
 private:
@@ -33,7 +33,7 @@ private:
     void takeParts(std::vector<osg::NodePtr> &nodes, bool onlyLast, qxGltfNodeState &state);
     void addPart(const osg::NodePtr &node, qxGltfNodeState &state);
     void describe(const Open &open, std::vector<Open> &rest);
-    void putBack(osg::UInt32 overlay, int position);
+    void putBack(osg::UInt32 moved, int position);
     int ownerOf(const std::vector<int> &sharers, osg::UInt32 core) const;
 
     const qxGltfOrigin &m_origin;
@@ -181,11 +181,11 @@ void Describer::describeAll(const std::vector<osg::NodePtr> &roots)
     }
 }
 
-/// An overlay goes back to where it was taken from, when that is still there.
-void Describer::putBack(osg::UInt32 overlay, int position)
+/// What stands outside of the tree goes back to where it was taken from, when that is still there.
+void Describer::putBack(osg::UInt32 moved, int position)
 {
-    const auto origin = m_origin.overlays.find(overlay);
-    if (origin == m_origin.overlays.end()) {
+    const auto origin = m_origin.moved.find(moved);
+    if (origin == m_origin.moved.end()) {
         m_state.roots.push_back(position);
         return;
     }
@@ -198,24 +198,28 @@ void Describer::putBack(osg::UInt32 overlay, int position)
     list.insert(list.begin() + std::min(place, std::ptrdiff_t(list.size())), position);
 }
 
-void Describer::describeOverlays(const std::vector<osg::NodePtr> &overlays)
+void Describer::describeMoved(const std::vector<osg::NodePtr> &nodes,
+                              const osg::NodePtr &environment)
 {
-    std::vector<osg::NodePtr> inFileOrder = overlays;
-    const auto placeOf = [this](const osg::NodePtr &overlay) {
-        const auto origin = m_origin.overlays.find(overlay.getFieldContainerId());
-        return origin == m_origin.overlays.end() ? std::numeric_limits<int>::max()
-                                                 : origin->second.position;
+    std::vector<osg::NodePtr> inFileOrder = nodes;
+    if (environment != osg::NullFC)
+        inFileOrder.push_back(environment);
+    const auto placeOf = [this](const osg::NodePtr &node) {
+        const auto origin = m_origin.moved.find(node.getFieldContainerId());
+        return origin == m_origin.moved.end() ? std::numeric_limits<int>::max()
+                                              : origin->second.position;
     };
     std::stable_sort(inFileOrder.begin(), inFileOrder.end(),
-                     [&placeOf](const osg::NodePtr &a, const osg::NodePtr &b) {
-                         return placeOf(a) < placeOf(b);
+                     [&placeOf](const osg::NodePtr &one, const osg::NodePtr &other) {
+                         return placeOf(one) < placeOf(other);
                      });
-    for (const osg::NodePtr &overlay : inFileOrder) {
+    for (const osg::NodePtr &node : inFileOrder) {
         const std::size_t position = m_state.nodes.size();
-        describeAll({overlay});
+        describeAll({node});
         m_state.roots.pop_back();
-        putBack(overlay.getFieldContainerId(), int(position));
-        if (!m_state.nodes[position].overlayLayer)
+        putBack(node.getFieldContainerId(), int(position));
+        m_state.nodes[position].environment = node == environment;
+        if (node != environment && !m_state.nodes[position].overlayLayer)
             m_state.nodes[position].overlayLayer = 0;
     }
 }
@@ -223,12 +227,13 @@ void Describer::describeOverlays(const std::vector<osg::NodePtr> &overlays)
 } // namespace
 
 qxGltfState qxGltfState::of(const std::vector<osg::NodePtr> &roots,
-                            const std::vector<osg::NodePtr> &overlays, const qxGltfOrigin &origin)
+                            const std::vector<osg::NodePtr> &overlays,
+                            const osg::NodePtr &environment, const qxGltfOrigin &origin)
 {
     qxGltfState state;
     Describer describer(origin, state);
     describer.describeAll(roots);
-    describer.describeOverlays(overlays);
+    describer.describeMoved(overlays, environment);
     describer.findSharers();
     return state;
 }

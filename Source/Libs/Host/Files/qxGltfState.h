@@ -39,6 +39,7 @@ struct qxGltfNodeState {
     std::optional<qxGltfLight> light;
     bool lightOn = true;
     std::optional<osg::UInt32> overlayLayer; ///< of an overlay
+    bool environment = false; ///< whether it is the switch over the environments
     std::vector<osg::UInt32> mesh; ///< ids of the geometry cores
     std::vector<int> hiddenParts; ///< positions in `mesh` of the geometries that are hidden
     std::vector<int> children; ///< positions in qxGltfState::nodes
@@ -50,11 +51,12 @@ struct qxGltfState {
     std::vector<int> roots;
     std::unordered_map<osg::UInt32, osg::GeometryPtr> geometries; ///< all that are shown
 
-    /// Describes these nodes and everything below them; overlays stand where they came from, new
-    /// ones behind the other roots. Throws qxGltfError naming the node for what a scene file has no
-    /// form for.
+    /// Describes these nodes and everything below them; overlays and the environment, which may be
+    /// null, stand where they came from, new ones behind the other roots. Throws qxGltfError naming
+    /// the node for what a scene file has no form for.
     static qxGltfState of(const std::vector<osg::NodePtr> &roots,
-                          const std::vector<osg::NodePtr> &overlays, const qxGltfOrigin &origin);
+                          const std::vector<osg::NodePtr> &overlays,
+                          const osg::NodePtr &environment, const qxGltfOrigin &origin);
     /// Throws qxGltfError when a clone cannot be told by the name of the node whose core it shares.
     void checkSharedNames() const;
 };

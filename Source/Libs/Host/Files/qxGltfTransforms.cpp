@@ -39,6 +39,12 @@ void qxGltfSetComponents(const osg::ComponentTransformPtr &transform, const tiny
     transform->setScale(vectorOf(node.scale, 1));
 }
 
+bool qxGltfHasTransform(const tinygltf::Node &node)
+{
+    return !(node.matrix.empty() && node.translation.empty() && node.rotation.empty()
+             && node.scale.empty());
+}
+
 osg::NodeCorePtr qxGltfTransform(const tinygltf::Node &node)
 {
     if (node.matrix.size() == 16) {
@@ -50,7 +56,7 @@ osg::NodeCorePtr qxGltfTransform(const tinygltf::Node &node)
         transform->setMatrix(matrix);
         return transform;
     }
-    if (node.translation.empty() && node.rotation.empty() && node.scale.empty())
+    if (!qxGltfHasTransform(node))
         return osg::NodeCorePtr();
     const osg::ComponentTransformPtr transform = osg::ComponentTransform::create();
     qxGltfSetComponents(transform, node);

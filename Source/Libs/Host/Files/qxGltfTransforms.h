@@ -10,6 +10,8 @@ namespace tinygltf {
 class Node;
 }
 
+/// Whether the node states where it stands.
+bool qxGltfHasTransform(const tinygltf::Node &node);
 /// A transform core for the matrix or for the translation, rotation and scale that the node states;
 /// null when it states none.
 osg::NodeCorePtr qxGltfTransform(const tinygltf::Node &node);

@@ -109,7 +109,7 @@ std::unique_ptr<qxSceneFile::Content> qxSceneFile::Content::load(const QString &
     content->mapped = scene.mapped;
     const std::vector<osg::NodePtr> roots(scene.roots.begin(), scene.roots.end());
     const std::vector<osg::NodePtr> overlays(scene.overlays.begin(), scene.overlays.end());
-    content->before = qxGltfState::of(roots, overlays, scene.origin);
+    content->before = qxGltfState::of(roots, overlays, scene.environment.get(), scene.origin);
     content->materialVariants = scene.variants;
     content->origin = scene.origin;
     scene.show();
@@ -123,8 +123,9 @@ std::unique_ptr<qxSceneFile::Content> qxSceneFile::Content::load(const QString &
 qxJson qxSceneFile::Content::edited() const
 {
     qxJson json = document.json;
-    const qxGltfState after = qxGltfState::of(childrenOf(qxScenegraph::getRoot()),
-                                              childrenOf(qxOverlays::getPoolRoot()), origin);
+    const qxGltfState after =
+        qxGltfState::of(childrenOf(qxScenegraph::getRoot()), childrenOf(qxOverlays::getPoolRoot()),
+                        qxScenegraph::environmentGeometrySwitch(), origin);
     after.checkSharedNames();
     qxGltfMaterialPatch materialPatch(json, origin, materials);
     materialPatch.writePool();
