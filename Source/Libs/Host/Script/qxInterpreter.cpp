@@ -58,6 +58,7 @@ bool qxInterpreter::start()
 
 void qxInterpreter::fillNames()
 {
+    clearNames(); // of what only the first session would have
     python::object names(python::handle<>(python::borrowed(::names())));
     names["__name__"] = "__main__";
     names["__doc__"] = python::object();

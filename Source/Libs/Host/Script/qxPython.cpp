@@ -43,6 +43,12 @@ std::string qxPythonText(PyObject *object)
 
 #if PY_MAJOR_VERSION >= 3
 
+boost::python::object qxPythonObject(const std::string &text)
+{
+    return boost::python::object(boost::python::handle<>(
+        PyUnicode_DecodeUTF8(text.data(), Py_ssize_t(text.size()), "replace")));
+}
+
 PyObject *qxPythonCompile(const std::string &text, const std::string &fileName, int start)
 {
     PyCompilerFlags flags = _PyCompilerFlags_INIT;
@@ -76,6 +82,11 @@ std::string qxPythonStart()
 
 #else
 
+boost::python::object qxPythonObject(const std::string &text)
+{
+    return boost::python::str(text);
+}
+
 PyObject *qxPythonCompile(const std::string &text, const std::string &fileName, int start)
 {
     // The mark says UTF-8, and unlike the flag for that it allows a coding line.
@@ -87,6 +98,24 @@ PyObject *qxPythonEvaluate(PyObject *code, PyObject *names)
 {
     return PyEval_EvalCode(reinterpret_cast<PyCodeObject *>(code), names, names);
 }
+
+namespace {
+
+/// Lets functions that take a text take a unicode object as well, not only a byte string. The bytes
+/// live as long as the object.
+void *bytesOfUnicode(PyObject *object)
+{
+    const char *bytes = nullptr;
+    Py_ssize_t length = 0;
+    if (!PyUnicode_Check(object))
+        return nullptr;
+    if (PyObject_AsCharBuffer(object, &bytes, &length) == 0)
+        return const_cast<char *>(bytes);
+    PyErr_Clear();
+    return nullptr;
+}
+
+} // namespace
 
 std::string qxPythonStart()
 {
@@ -104,6 +133,8 @@ std::string qxPythonStart()
     char *arguments[] = {noArgument};
     PySys_SetArgvEx(1, arguments, 0);
     PyUnicode_SetDefaultEncoding("utf-8");
+    namespace converter = boost::python::converter;
+    converter::registry::insert(&bytesOfUnicode, boost::python::type_id<char>());
     return std::string();
 }
 

@@ -18,6 +18,9 @@ const char *const qxPythonBuiltins = "__builtin__";
 /// an empty text.
 std::string qxPythonText(PyObject *object);
 
+/// UTF-8 as Python's text object, with replacement characters for what is none.
+boost::python::object qxPythonObject(const std::string &text);
+
 /// Compiles UTF-8 text; a new reference, or null with a Python error set. `start` is
 /// Py_file_input or Py_eval_input.
 PyObject *qxPythonCompile(const std::string &text, const std::string &fileName, int start);

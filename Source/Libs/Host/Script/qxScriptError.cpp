@@ -35,17 +35,21 @@ struct Error {
 class KnownLines {
 public:
     KnownLines(const std::string &text, const std::string &fileName)
-        : m_cache(python::import("linecache").attr("cache")), m_fileName(fileName)
+        : m_cache(python::import("linecache").attr("cache")), m_fileName(qxPythonObject(fileName))
     {
-        const python::object lines = python::str(text).attr("splitlines")(true);
+        const python::object lines = qxPythonObject(text).attr("splitlines")(true);
         m_cache[m_fileName] = python::make_tuple(text.size(), python::object(), lines, m_fileName);
     }
     KnownLines(const KnownLines &) = delete;
-    ~KnownLines() { m_cache.attr("pop")(m_fileName, python::object()); }
+    ~KnownLines()
+    {
+        if (PyDict_DelItem(m_cache.ptr(), m_fileName.ptr()) != 0)
+            PyErr_Clear();
+    }
 
 private:
     python::object m_cache;
-    python::str m_fileName;
+    python::object m_fileName;
 };
 
 /// Texts without a file have numbers instead, so that a function left by an earlier text is not

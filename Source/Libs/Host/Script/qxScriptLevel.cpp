@@ -10,6 +10,7 @@ const int mostLevels = 32;
 int depth = 0;
 bool inLeaf = false;
 PyObject *ending = nullptr; ///< the exception that scripts are being ended with
+bool raisePending = false;
 
 PyObject *stopException()
 {
@@ -24,6 +25,7 @@ PyObject *stopException()
 /// Runs as soon as Python code goes on.
 int raiseEnding(void *)
 {
+    raisePending = false;
     if (!ending || inLeaf)
         return 0;
     PyObject *const exception = ending;
@@ -33,6 +35,15 @@ int raiseEnding(void *)
     return -1;
 }
 
+void endAll()
+{
+    if (ending)
+        return;
+    ending = stopException();
+    qxLog::error("scripts call each other more than %d levels deep: all of them are ended",
+                 mostLevels);
+}
+
 } // namespace
 
 qxScriptLevel::qxScriptLevel(bool leaf) : m_mayRun(leaf || !ending), m_outerLeaf(inLeaf)
@@ -40,9 +51,7 @@ qxScriptLevel::qxScriptLevel(bool leaf) : m_mayRun(leaf || !ending), m_outerLeaf
     // The innermost script still has its clipping plane set.
     if (m_mayRun && depth >= (leaf ? mostLevels + 1 : mostLevels)) {
         m_mayRun = false;
-        ending = stopException();
-        qxLog::error("scripts call each other more than %d levels deep: all of them are ended",
-                     mostLevels);
+        endAll();
     }
     ++depth;
     inLeaf = leaf;
@@ -54,8 +63,8 @@ qxScriptLevel::~qxScriptLevel()
     inLeaf = m_outerLeaf;
     if (depth == 0)
         ending = nullptr;
-    if (ending)
-        Py_AddPendingCall(raiseEnding, nullptr);
+    if (ending && !raisePending)
+        raisePending = Py_AddPendingCall(raiseEnding, nullptr) == 0;
 }
 
 bool qxScriptLevel::isNested()

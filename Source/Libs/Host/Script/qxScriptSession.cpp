@@ -2,6 +2,8 @@
 
 #include "Core/qxCallList.h"
 #include "Script/qxInterpreter.h"
+#include "Script/qxPython.h"
+#include "Script/qxScriptError.h"
 #include "qxPythonInit.h"
 
 namespace {
@@ -19,9 +21,20 @@ Sessions &sessions()
     return sessions;
 }
 
-void tell(bool destroy)
+/// A library that fails to define its words must not take the host with it.
+void tell(qxPythonInit::Callback callback, bool destroy)
 {
-    sessions().callbacks.run([destroy](qxPythonInit::Callback callback) { callback(destroy); });
+    try {
+        callback(destroy);
+    } catch (const boost::python::error_already_set &) {
+        qxScriptError::report(std::string(), "<start of a library>");
+    }
+}
+
+void tellAll(bool destroy)
+{
+    sessions().callbacks.run(
+        [destroy](qxPythonInit::Callback callback) { tell(callback, destroy); });
 }
 
 } // namespace
@@ -29,7 +42,7 @@ void tell(bool destroy)
 qxPythonInit::qxPythonInit(Callback callback) : m_id(sessions().callbacks.add(callback))
 {
     if (sessions().running)
-        callback(false);
+        tell(callback, false);
 }
 
 qxPythonInit::~qxPythonInit()
@@ -45,7 +58,7 @@ bool qxScriptSession::begin()
         return false;
     qxInterpreter::fillNames();
     sessions().running = sessions().beginning = true;
-    tell(false);
+    tellAll(false);
     sessions().beginning = false;
     return true;
 }
@@ -54,7 +67,7 @@ void qxScriptSession::end()
 {
     if (!sessions().running)
         return;
-    tell(true);
+    tellAll(true);
     qxInterpreter::clearNames();
     sessions().running = false;
 }

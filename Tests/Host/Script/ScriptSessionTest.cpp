@@ -1,0 +1,91 @@
+#include "Core/qxHost.h"
+#include "Script/qxScriptRunner.h"
+#include "qxPythonInit.h"
+#include "qxScript.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string calls;
+
+void first(bool destroy)
+{
+    calls += destroy ? "-1" : "+1";
+    if (!destroy)
+        qxScript::run("word = 'given'");
+}
+
+void second(bool destroy)
+{
+    calls += destroy ? "-2" : "+2";
+}
+
+} // namespace
+
+TEST(ScriptSessionTest, CallbacksHearOfTheFirstScriptAndOfTheHostsEndInTheirOrder)
+{
+    const qxPythonInit one(first);
+    const qxPythonInit two(second);
+    {
+        const qxHost host;
+    }
+    EXPECT_EQ(calls, ""); // no script, no interpreter
+    for (int round = 0; round < 2; ++round) {
+        {
+            const qxHost host;
+            calls.clear();
+            qxScript::run("");
+            qxScript::run("");
+            EXPECT_EQ(calls, "+1+2");
+        }
+        EXPECT_EQ(calls, "+1+2-1-2");
+    }
+}
+
+TEST(ScriptSessionTest, ALateCallbackIsCalledAtOnceAndATakenBackOneNoMore)
+{
+    calls.clear();
+    {
+        const qxHost host;
+        qxScript::run("");
+        const qxPythonInit late(second);
+        EXPECT_EQ(calls, "+2");
+        {
+            const qxPythonInit taken(first);
+        }
+        EXPECT_EQ(calls, "+2+1");
+        EXPECT_EQ(qxScript::executeNUSR("word"), "given");
+    }
+    EXPECT_EQ(calls, "+2+1"); // they left before the host
+}
+
+TEST(ScriptSessionTest, WhatCallbacksRunIsNoScriptOfAUser)
+{
+    const qxPythonInit one(first);
+    const qxHost host;
+    std::string heard;
+    const int listener =
+        qxScriptRunner::addListener([&](const qxScriptText &script) { heard += script.text; });
+    qxScriptRunner::setEnabled(false);
+    qxScript::executeNUS("pass", false);
+    EXPECT_EQ(qxScript::executeNUSR("word"), "given");
+    EXPECT_EQ(heard, "pass");
+    qxScriptRunner::setEnabled(true);
+    qxScriptRunner::removeListener(listener);
+}
+
+TEST(ScriptSessionTest, EveryHostBeginsWithTheSameNames)
+{
+    std::string names;
+    for (int round = 0; round < 3; ++round) {
+        const qxHost host;
+        const std::string found = qxScript::executeNUSR("sorted(globals())");
+        EXPECT_TRUE(round == 0 || found == names) << found;
+        names = found;
+        qxScript::run("mine = 1\nimport os\nfalse = 1\ndel findNode");
+        EXPECT_EQ(qxScript::executeNUSR("false"), "1");
+    }
+    EXPECT_NE(names.find("'findNode'"), std::string::npos);
+    EXPECT_EQ(names.find("'mine'"), std::string::npos);
+}

@@ -1,0 +1,189 @@
+#include "Script/qxScriptRunner.h"
+#include "ScriptFixture.h"
+#include "qxScript.h"
+
+namespace {
+
+typedef std::vector<std::string> Texts;
+
+class ScriptTest : public ScriptFixture {
+protected:
+    /// Whether each part is in the errors of the script.
+    void expectErrors(const std::string &script, const Texts &parts)
+    {
+        const std::string errors = errorsOf(script);
+        for (const std::string &part : parts)
+            EXPECT_NE(errors.find(part), std::string::npos) << part << " is not in\n" << errors;
+    }
+};
+
+/// What is written to standard output meanwhile.
+template <class Action>
+std::string printedBy(const Action &action)
+{
+    testing::internal::CaptureStdout();
+    action();
+    return testing::internal::GetCapturedStdout();
+}
+
+} // namespace
+
+TEST_F(ScriptTest, AnExpressionGivesWhatPrintingItsValueGives)
+{
+    const std::vector<std::pair<std::string, std::string>> values{
+        {"1 + 1", "2"},
+        {"'a\\nb'", "a\nb"},
+        {"'\xC3\xA4 \xE2\x82\xAC'", "\xC3\xA4 \xE2\x82\xAC"},
+        {"u'\\xe4'", "\xC3\xA4"},
+        {"None", ""},
+        {"__import__('sys').stdout.write('printed\\n') and None", "printed"},
+        {"true", "True"},
+        {"false or 0", "0"},
+        {"", ""}};
+    for (const auto &expected : values) {
+        std::string found;
+        const std::string passed = printedBy([&] { found = value(expected.first); });
+        EXPECT_EQ(found, expected.second) << expected.first;
+        EXPECT_EQ(passed, "") << expected.first;
+    }
+    EXPECT_NE(newErrors().find("SyntaxError"), std::string::npos); // nothing is no expression
+    EXPECT_EQ(value("boom()"), "");
+    EXPECT_NE(newErrors().find("NameError: name 'boom' is not defined"), std::string::npos);
+    EXPECT_EQ(qxScript::executeNUSR(nullptr), "");
+}
+
+TEST_F(ScriptTest, PrintedTextsGoToTheOutputInUtf8)
+{
+    const char *const script = "print('\xC3\xA4')\nimport sys\nsys.stdout.write(u'\\u20ac\\n')";
+    EXPECT_EQ(printedBy([&] { qxScript::run(script); }), "\xC3\xA4\n\xE2\x82\xAC\n");
+    EXPECT_EQ(printedBy([&] { qxScript::run("sys.stdout.write(u'\\ud800')"); }).size(),
+              value("sys.version_info[0] >= 3") == "True" ? 6u : 3u); // "\ud800" where it must
+
+    std::FILE *const file = std::tmpfile();
+    qxScriptRunner::setOutput(file);
+    EXPECT_EQ(printedBy([&] { qxScript::run("print('elsewhere')"); }), "");
+    qxScriptRunner::setOutput(stdout);
+    EXPECT_EQ(std::ftell(file), 10);
+    std::fclose(file);
+}
+
+TEST_F(ScriptTest, TextsMayBeEmptyMarkedAndWrittenOnOtherSystems)
+{
+    const char *const texts[] = {"",
+                                 "# only a comment",
+                                 "\xEF\xBB\xBFmarked = 1",
+                                 "ends = 'windows'\r\nmore = 1\r\n",
+                                 "# -*- coding: utf-8 -*-\ncoded = u'\xC3\xA4'",
+                                 "plain = u'\xC3\xA4'"};
+    for (const char *text : texts)
+        qxScript::run(text);
+    EXPECT_EQ(value("(marked, more, len(coded), len(plain))"), "(1, 1, 1, 1)");
+}
+
+TEST_F(ScriptTest, ErrorsAreLoggedWithTheirTracebackAndEndOnlyTheirScript)
+{
+    qxScript::run("import sys");
+    expectErrors("x = 1\ny = 2 +\n",
+                 {"script error:\n", "File \"<script>\", line 2", "    y = 2 +\n", "SyntaxError:"});
+    expectErrors("before = 1\n\nboom()\nbefore = 2\n",
+                 {"script error:\nTraceback (most recent call last):\n"
+                  "  File \"<script>\", line 3, in <module>\n    boom()\n",
+                  "\nNameError: name 'boom' is not defined\n"});
+    EXPECT_EQ(value("before"), "1");
+    expectErrors("setClippingPlane(1)", {"qxHost.setClippingPlane(int)\ndid not match"});
+    expectErrors("raise ValueError(u'\xC3\xA4')", {"ValueError: \xC3\xA4\n"});
+    expectErrors("class Odd(Exception):\n def __str__(self): raise self\nraise Odd()", {"Odd"});
+    expectErrors("def deep(): deep()\ndeep()", {"maximum recursion depth"});
+    if (value("sys.version_info[0] >= 3") == "True") // Python 2.7 takes any byte
+        expectErrors("text = '\xFF'", {"File \"<script>\"", "'utf-8' codec can't decode"});
+    EXPECT_EQ(errorsOf("alive = 1"), "");
+}
+
+TEST_F(ScriptTest, AFunctionOfAnEarlierScriptIsNotShownWithLinesOfTheLaterOne)
+{
+    qxScript::run("def late():\n  boom()\n");
+    EXPECT_EQ(errorsOf("late()\nwrong = 1\n"),
+              "script error:\n"
+              "Traceback (most recent call last):\n"
+              "  File \"<script>\", line 1, in <module>\n"
+              "    late()\n"
+              "  File \"<script>\", line 2, in late\n"
+              "NameError: name 'boom' is not defined\n");
+}
+
+TEST_F(ScriptTest, AProgramsScriptTellsWhetherItSucceededAndNamesItsFile)
+{
+    const auto run = [](const std::string &text) {
+        return qxScriptRunner::run(text, "a \xC3\xA4.py");
+    };
+    EXPECT_TRUE(run("x = 1"));
+    EXPECT_FALSE(run("boom()"));
+    EXPECT_NE(newErrors().find("File \"a \xC3\xA4.py\", line 1, in <module>\n    boom()\n"),
+              std::string::npos);
+    EXPECT_FALSE(run(std::string("x = 2\0x = 3", 11)));
+    EXPECT_NE(newErrors().find("the text of the script holds a NUL character"), std::string::npos);
+    EXPECT_EQ(value("x"), "1");
+}
+
+TEST_F(ScriptTest, ExitEndsTheScriptAloneAndCountsAsErrorWithAnotherCodeThanZero)
+{
+    const std::vector<std::pair<std::string, std::string>> exits{
+        {"exit()", ""},
+        {"quit(0)", ""},
+        {"import sys\nsys.exit(None)", ""},
+        {"raise SystemExit", ""},
+        {"exit(3)", "script error: exit(3)\n"},
+        {"exit('no wheels')", "script error: no wheels\n"}};
+    for (const auto &expected : exits) {
+        EXPECT_EQ(errorsOf("left = 1\n" + expected.first + "\nleft = 2\n"), expected.second);
+        EXPECT_EQ(value("left"), "1") << expected.first;
+        EXPECT_EQ(qxScriptRunner::run(expected.first, "exit.py"), expected.second.empty());
+        newErrors();
+    }
+    EXPECT_EQ(value("__import__('sys').stdin.closed"), "False");
+}
+
+TEST_F(ScriptTest, ListenersHearEveryTextBeforeItRunsWithItsOrigin)
+{
+    std::vector<qxScriptText> heard;
+    Texts before;
+    const int listener = qxScriptRunner::addListener([&](const qxScriptText &script) {
+        heard.push_back(script);
+        before.push_back(value("len(done)"));
+    });
+    qxScriptRunner::run("done = []", "start.py");
+    qxScript::run("done.append(1)");
+    qxScript::executeNUS("done.append(2)", true);
+    qxScript::run(nullptr);
+    qxScript::executeNUS(nullptr, false);
+    qxScriptRunner::removeListener(listener);
+    qxScript::run("done.append(3)");
+
+    EXPECT_EQ(before, (Texts{"0", "1"}));
+    ASSERT_EQ(heard.size(), 2u);
+    EXPECT_EQ(heard[0].text, "done.append(1)");
+    EXPECT_EQ(heard[0].origin, qxScriptText::User);
+    EXPECT_FALSE(heard[0].synchronise);
+    EXPECT_EQ(heard[1].origin, qxScriptText::Application);
+    EXPECT_TRUE(heard[1].synchronise);
+    EXPECT_EQ(value("done"), "[1, 2, 3]");
+}
+
+TEST_F(ScriptTest, DisabledScriptsOfUsersAreHeardAndLeftOut)
+{
+    Texts leftOut;
+    const int listener = qxScriptRunner::addListener([&](const qxScriptText &script) {
+        if (script.leftOut)
+            leftOut.push_back(script.text);
+    });
+    qxScriptRunner::setEnabled(false);
+    qxScriptRunner::run("done = [1]", "given.py");
+    qxScript::run("done.append(2)");
+    qxScript::executeNUS("done.append(3)", false);
+    EXPECT_EQ(value("done"), "[1, 3]");
+    qxScriptRunner::setEnabled(true);
+    qxScript::run("done.append(4)");
+    qxScriptRunner::removeListener(listener);
+    EXPECT_EQ(leftOut, Texts{"done.append(2)"});
+    EXPECT_EQ(value("done"), "[1, 3, 4]");
+}
