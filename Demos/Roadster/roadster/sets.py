@@ -28,6 +28,38 @@ def _scheme(name):
 
 _CAR_LIGHTS = ("Headlight", "Tail Light Left", "Tail Light Right")
 
+# Scripts of sets. They run in Python 2.7 and 3 alike.
+
+_SKIN = """\
+body = "Exhibition/Turntable/Roadster/Suspension/Body/"
+for part in ["Fenders", "Nose", "Tail Panel", "Sills", "Bonnet", "Rear Deck"]:
+    findNodePath(body + part).setActive(%s)
+"""
+
+_CUT_AWAY = """\
+setClippingPlaneVisualization(true, Vec3f(0.8, 0.1, 0.1))
+setClippingPlane(Pnt3f(0, 0, 1.25), Vec3f(0, 0, 1), false)
+enableClippingPlane(true)
+"""
+
+# One set that is made of others; the camera is not to follow each of them.
+_OPEN_ALL = """\
+for name in ["Open House", "Luggage", "Without Skin"]:
+    selectVariantSet(name, True)
+"""
+
+_PRICE_LIST = """\
+for name in getVariantSets():
+    price = findVariantSet(name).getValue("Preis")
+    if price:
+        print(name + ": " + price + " " + findVariantSet(name).getValue("Währung"))
+"""
+
+_SHOW_DAY = """\
+findNodePath("Exhibition/Hall/Sign").setActive(False)
+print("Show day: the barrier is up, the sign is put away")
+"""
+
 _ROAD = (
     {"name": "Stadtwagen", "comment": "Soft top up, comfortable, easy to park", "hotkey": "Ctrl+1",
      "default_viewpoint": "Übersicht", "viewpoints": ("Front",),
@@ -96,7 +128,7 @@ _SHOW = (
      "nodes": {"Plinth": "Timber Deck", "Backdrop": "Timber Fins", "Barrier": "!Enable", "Licence Plate": "!Disable"},
      "transforms": {"Turntable": "Three Quarter", "Truss": "High"}, "lights": {"Hall Light": "!Enable"},
      "overlays": {"Logo": "!Enable"},
-     "geometries": ("Sign",), "script": "print(\"Show day: the barrier is up\")\n"},
+     "geometries": ("Sign",), "script": _SHOW_DAY},
     {"name": "Night Show", "comment": "Portals of light over a steel grating", "viewpoints": ("Front",),
      "nodes": {"Plinth": "Steel Grating", "Backdrop": "Light Portals", "Barrier": "!Toggle"},
      "transforms": {"Truss": "Low"}, "materials": {"Paint Switch": "Paint Midnight Blue"},
@@ -117,6 +149,14 @@ _SHOW = (
     {"name": "Section", "comment": "The car cut along its middle", "hotkey": "F11", "viewpoints": ("Side",),
      "clipping": {"clipState": 1, "clipPlaneNormalX": 1.0, "clipPlaneNormalY": 0.0, "clipContourWidth": 2}},
     {"name": "Section Off", "comment": "Whole again", "hotkey": "Shift+F11", "clipping": {"clipState": 2}},
+    {"name": "Cut-Away", "comment": "A script cuts the car across, before the windscreen", "viewpoints": ("Front",),
+     "script": _CUT_AWAY},
+    {"name": "Without Skin", "comment": "A script takes the outer panels off", "hotkey": "F12",
+     "script": _SKIN % "False"},
+    {"name": "With Skin", "comment": "A script puts them on again", "hotkey": "Shift+F12", "script": _SKIN % "True"},
+    {"name": "Everything Open", "comment": "A script selects three other sets", "viewpoints": ("Rear",),
+     "script": _OPEN_ALL},
+    {"name": "Price List", "comment": "A script prints what the sets know about prices", "script": _PRICE_LIST},
 )
 
 GROUPS = (("Für die Straße", "Cars to drive every day", _ROAD), ("Rennstrecke", "Cars for the track", _TRACK),
@@ -139,5 +179,5 @@ UNGROUPED = (
                 "Headlight": "!Enable", "Tail Light Left": "!Enable", "Tail Light Right": "!Enable",
                 "Interior Light": "!Disable"},
      "overlays": {"Data Sheet": "!Disable", "Data Sheet Page": "Performance", "Logo": "!Enable"},
-     "clipping": {"clipState": 2}},
+     "script": _SKIN % "True" + 'findNodePath("Exhibition/Hall/Sign").setActive(True)\n', "clipping": {"clipState": 2}},
 )
