@@ -7,11 +7,13 @@
 
 #include <ostream>
 
-ProgramRun ProgramFixture::workbench(const QStringList &arguments)
+ProgramRun ProgramFixture::workbench(const QStringList &arguments, const QByteArray &input)
 {
     SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
     QProcess process;
     process.start(QStringLiteral(QX_BUILD_BIN "/workbench"), arguments);
+    process.write(input);
+    process.closeWriteChannel();
     const bool ended = process.waitForFinished(60000);
     EXPECT_TRUE(ended && process.exitStatus() == QProcess::NormalExit)
         << process.errorString().toStdString();
@@ -23,9 +25,9 @@ ProgramRun ProgramFixture::workbench(const QStringList &arguments)
             process.readAllStandardError()};
 }
 
-ProgramRun ProgramFixture::done(const QStringList &arguments)
+ProgramRun ProgramFixture::done(const QStringList &arguments, const QByteArray &input)
 {
-    const ProgramRun run = workbench(arguments);
+    const ProgramRun run = workbench(arguments, input);
     EXPECT_EQ(run.code, 0) << arguments.join(QLatin1Char(' ')).toStdString() << "\n"
                            << run.err.toStdString();
     return run;

@@ -22,10 +22,11 @@ struct ProgramRun {
 /// A test that runs the program as a person in front of a shell would, in a folder of its own.
 class ProgramFixture : public testing::Test {
 protected:
-    /// Runs it with these arguments and waits for its end.
-    static ProgramRun workbench(const QStringList &arguments);
+    /// Runs it with these arguments and waits for its end; it reads `input`.
+    static ProgramRun workbench(const QStringList &arguments,
+                                const QByteArray &input = QByteArray());
     /// Runs it and fails the test unless the exit code is 0.
-    static ProgramRun done(const QStringList &arguments);
+    static ProgramRun done(const QStringList &arguments, const QByteArray &input = QByteArray());
     /// Runs it and fails the test unless it ends with `code`, prints nothing, and gives `reason`
     /// in its words on standard error.
     static void refused(int code, const QStringList &arguments, const QByteArray &reason);

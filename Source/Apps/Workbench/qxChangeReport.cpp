@@ -42,7 +42,8 @@ qxChangeReport::qxChangeReport()
             }
         });
     m_scriptListener = qxScriptRunner::addListener([this](const qxScriptText &script) {
-        m_scripts += QString::fromStdString(script.text).trimmed();
+        if (!script.leftOut)
+            m_scripts += QString::fromStdString(script.text).trimmed();
     });
 }
 

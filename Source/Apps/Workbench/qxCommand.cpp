@@ -3,13 +3,14 @@
 #include "qxOutput.h"
 
 #include <QCommandLineParser>
+#include <QRegularExpression>
 
 namespace {
 
 const qxCommand *const commands[] = {
-    &qxCommands::info,     &qxCommands::list,   &qxCommands::state,    &qxCommands::select,
-    &qxCommands::set,      &qxCommands::create, &qxCommands::document, &qxCommands::verify,
-    &qxCommands::optimize, &qxCommands::lint,
+    &qxCommands::info,     &qxCommands::list,   &qxCommands::state,     &qxCommands::select,
+    &qxCommands::set,      &qxCommands::create, &qxCommands::document,  &qxCommands::verify,
+    &qxCommands::optimize, &qxCommands::lint,   &qxCommands::runScript, &qxCommands::python,
 };
 
 QString overview()
@@ -41,10 +42,13 @@ QString emptyOption(const qxCommand &command, const QCommandLineParser &parser)
     return QString();
 }
 
-QString argumentHelp(const QString &argument)
+QString argumentHelp(QString argument)
 {
-    if (argument == QLatin1String("FILE"))
+    if (argument.remove(QRegularExpression("[][]")) == QLatin1String("FILE"))
         return QStringLiteral("A scene file, .gltf or .glb.");
+    if (argument == QLatin1String("SCRIPT"))
+        return QStringLiteral("A file with Python source, - for standard input. "
+                              "What follows -- on the command line is in its sys.argv.");
     if (argument == QLatin1String("SET..."))
         return QStringLiteral("Names of variant sets.");
     return argument == QLatin1String("VARIANT") ? QStringLiteral("Name of a variant.")
@@ -126,6 +130,12 @@ QCommandLineOption qxCommands::traceOption()
 {
     return {QStringLiteral("trace"),
             QStringLiteral("Prints every notification with its fields to standard error.")};
+}
+
+QCommandLineOption qxCommands::noScriptsOption()
+{
+    return {QStringLiteral("no-scripts"),
+            QStringLiteral("Leaves out the scripts in FILE, and says which.")};
 }
 
 int qxCommands::fail(const QString &reason)

@@ -36,6 +36,8 @@ extern const qxCommand document;
 extern const qxCommand verify;
 extern const qxCommand optimize;
 extern const qxCommand lint;
+extern const qxCommand runScript;
+extern const qxCommand python;
 
 /// Finds the command that `arguments` (with the program's name in front) ask for and runs it.
 int dispatch(const QStringList &arguments);
@@ -44,6 +46,7 @@ int dispatch(const QStringList &arguments);
 QCommandLineOption jsonOption();
 QCommandLineOption saveOption();
 QCommandLineOption traceOption();
+QCommandLineOption noScriptsOption(); ///< see qxLeftOutScripts
 
 /// Says on standard error why the work failed, and answers that code.
 int fail(const QString &reason);

@@ -6,6 +6,7 @@
 #include <QVector>
 
 #include <cstdio>
+#include <unistd.h>
 
 void qxOutput::bytes(const QByteArray &bytes)
 {
@@ -62,4 +63,21 @@ void qxOutput::error(const QString &reason)
 {
     const QByteArray utf8 = reason.toUtf8();
     fprintf(stderr, "workbench: %s\n", utf8.constData());
+}
+
+qxStrayOutput::qxStrayOutput()
+{
+    fflush(stdout);
+    m_results = dup(STDOUT_FILENO);
+    if (m_results >= 0)
+        dup2(STDERR_FILENO, STDOUT_FILENO);
+}
+
+qxStrayOutput::~qxStrayOutput()
+{
+    if (m_results < 0)
+        return;
+    fflush(stdout);
+    dup2(m_results, STDOUT_FILENO);
+    close(m_results);
 }

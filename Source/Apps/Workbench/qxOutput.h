@@ -22,3 +22,15 @@ void table(const QList<QStringList> &rows);
 void error(const QString &reason);
 
 } // namespace qxOutput
+
+/// Standard output is for results: as long as this lives, whatever is written there goes to
+/// standard error.
+class qxStrayOutput {
+public:
+    qxStrayOutput();
+    qxStrayOutput(const qxStrayOutput &) = delete;
+    ~qxStrayOutput();
+
+private:
+    int m_results;
+};

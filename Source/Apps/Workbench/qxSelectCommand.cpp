@@ -3,6 +3,7 @@
 
 #include "qxChangeReport.h"
 #include "qxCommand.h"
+#include "qxLeftOutScripts.h"
 #include "qxOutput.h"
 #include "qxSession.h"
 
@@ -15,24 +16,22 @@ namespace {
 QList<QCommandLineOption> options()
 {
     return {{QStringLiteral("keep-camera"), QStringLiteral("Stays where the camera is.")},
+            qxCommands::noScriptsOption(),
             qxCommands::saveOption(),
             qxCommands::jsonOption(),
             qxCommands::traceOption()};
 }
 
-/// All sets by name, or an empty list after saying which are unknown.
-QList<qxVariantSet *> findSets(const QStringList &names)
+/// Whether there are sets of all these names; says which one is missing.
+bool areSets(const QStringList &names)
 {
-    QList<qxVariantSet *> sets;
     for (const QString &name : names) {
-        qxVariantSet *set = qxVariants::findVariantSet(name);
-        if (!set) {
+        if (!qxVariants::findVariantSet(name)) {
             qxOutput::error(QStringLiteral("no variant set is called \"%1\"").arg(name));
-            return {};
+            return false;
         }
-        sets += set;
     }
-    return sets;
+    return true;
 }
 
 template <class Found>
@@ -57,22 +56,26 @@ QStringList missingVariants(const qxVariantSet &set)
     return missing;
 }
 
+/// A set that the script of an earlier one has removed or renamed is missing like anything else.
+QStringList missingFor(const QString &name)
+{
+    const qxVariantSet *const set = qxVariants::findVariantSet(name);
+    return set ? missingVariants(*set) : QStringList(QStringLiteral("no longer there"));
+}
+
 int run(const QCommandLineParser &parser)
 {
-    const QStringList arguments = parser.positionalArguments();
+    const QStringList names = parser.positionalArguments().mid(1);
+    const bool json = parser.isSet(QStringLiteral("json"));
+    const qxLeftOutScripts leftOut(parser.isSet(QStringLiteral("no-scripts")));
     qxSession session(parser.isSet(QStringLiteral("trace")));
-    if (!session.open(arguments.first()))
-        return WorkFailed;
     // Looked up before the first selection: nothing is half done because of a misspelt name.
-    const QList<qxVariantSet *> sets = findSets(arguments.mid(1));
-    if (sets.isEmpty())
+    if (!session.open(parser.positionalArguments().first()) || !areSets(names))
         return WorkFailed;
 
-    const bool json = parser.isSet(QStringLiteral("json"));
     QJsonArray reports;
-    for (const qxVariantSet *set : sets) {
-        const QString name = set->name;
-        const QStringList missing = missingVariants(*set);
+    for (const QString &name : names) {
+        const QStringList missing = missingFor(name);
         qxChangeReport report;
         qxVariants::selectVariantSet(name.toUtf8().constData(),
                                      parser.isSet(QStringLiteral("keep-camera")));

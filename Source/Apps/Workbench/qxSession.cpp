@@ -76,6 +76,11 @@ qxSession::qxSession(bool trace)
         m_trace = std::make_unique<qxTrace>();
 }
 
+qxSession::~qxSession()
+{
+    m_stray.emplace();
+}
+
 bool qxSession::open(const QString &path)
 {
     if (!openScene(path))

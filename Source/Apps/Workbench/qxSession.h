@@ -2,11 +2,13 @@
 
 #include "Core/qxHost.h"
 #include "Files/qxSceneFile.h"
+#include "qxOutput.h"
 #include "qxTrace.h"
 
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 /// One run of the program over one scene file: the host, the file, and the variants read from it.
 ///
@@ -15,6 +17,7 @@ class qxSession {
 public:
     /// With `trace` every notification is printed to standard error.
     explicit qxSession(bool trace = false);
+    ~qxSession();
 
     /// Loads the scene and its variants: those of its document, or else those that the file states
     /// for its materials, each as a set of the group "Material Variants". A scene whose variants
@@ -39,6 +42,7 @@ public:
 private:
     void importVariants();
 
+    std::optional<qxStrayOutput> m_stray; ///< what libraries say while the host ends
     qxHost m_host;
     std::unique_ptr<qxTrace> m_trace;
     qxSceneFile m_file;

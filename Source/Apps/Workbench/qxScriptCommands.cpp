@@ -1,0 +1,129 @@
+#include "qxVariantWords.h"
+
+#include "Script/qxScriptRunner.h"
+#include "qxCommand.h"
+#include "qxLeftOutScripts.h"
+#include "qxOutput.h"
+#include "qxPrompt.h"
+#include "qxSession.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFile>
+
+#include <cstdio>
+#include <functional>
+#include <unistd.h>
+
+namespace {
+
+/// The arguments of a command, and those behind "--", which are the script's.
+struct Arguments {
+    QStringList own;
+    QStringList ofTheScript;
+};
+
+Arguments argumentsOf(const QCommandLineParser &parser)
+{
+    const QStringList all = QCoreApplication::arguments();
+    const int dashes = all.indexOf(QStringLiteral("--"));
+    const QStringList behind = dashes < 0 ? QStringList() : all.mid(dashes + 1);
+    const QStringList positional = parser.positionalArguments();
+    return {positional.mid(0, positional.size() - behind.size()), behind};
+}
+
+QList<QCommandLineOption> options()
+{
+    return {qxCommands::noScriptsOption(), qxCommands::saveOption(), qxCommands::traceOption()};
+}
+
+int wrongUse(const QString &reason)
+{
+    qxOutput::error(reason);
+    return WrongUse;
+}
+
+bool readAll(QFile &in, QByteArray &text)
+{
+    text = in.readAll();
+    if (in.error() == QFileDevice::NoError)
+        return true;
+    qxOutput::error(QStringLiteral("%1: %2").arg(in.fileName(), in.errorString()));
+    return false;
+}
+
+/// Says why on standard error when it cannot.
+bool readScript(const QString &name, QByteArray &text)
+{
+    QFile in(name);
+    const bool isOpen = name == QLatin1String("-") ? in.open(stdin, QIODevice::ReadOnly)
+                                                   : in.open(QIODevice::ReadOnly);
+    if (isOpen)
+        return readAll(in, text);
+    qxOutput::error(QStringLiteral("%1: %2").arg(name, in.errorString()));
+    return false;
+}
+
+/// Opens the scene, if one is named, and does the work; saves what it made of the scene, but only
+/// when the work succeeded.
+int inScene(const QCommandLineParser &parser, const QStringList &file,
+            const std::function<bool()> &work)
+{
+    const QString out = parser.value(QStringLiteral("save"));
+    if (file.isEmpty() && !out.isEmpty())
+        return wrongUse(QStringLiteral("--save needs a FILE to save"));
+    const qxLeftOutScripts leftOut(parser.isSet(QStringLiteral("no-scripts")));
+    qxSession session(parser.isSet(QStringLiteral("trace")));
+    if (!file.isEmpty() && !session.open(file.first()))
+        return WorkFailed;
+    if (work())
+        return session.saveIfAsked(out) ? Success : WorkFailed;
+    if (!out.isEmpty())
+        qxOutput::error(QStringLiteral("%1: not written, because the script failed").arg(out));
+    return WorkFailed;
+}
+
+int runFile(const QCommandLineParser &parser)
+{
+    const Arguments arguments = argumentsOf(parser);
+    if (arguments.own.isEmpty())
+        return wrongUse(QStringLiteral("run needs SCRIPT [FILE]"));
+    if (arguments.own.size() > 2)
+        return wrongUse(QStringLiteral("too many arguments for run"));
+    const QString name = arguments.own.first();
+    QByteArray text;
+    if (!readScript(name, text))
+        return WorkFailed;
+    qxVariantWords::setArguments(QStringList(name) + arguments.ofTheScript);
+    return inScene(parser, arguments.own.mid(1), [&] {
+        return qxScriptRunner::run(text.toStdString(),
+                                   name == QLatin1String("-") ? "<stdin>" : name.toStdString());
+    });
+}
+
+/// Without a person at a terminal, standard input is a script like any other.
+int prompt(const QCommandLineParser &parser)
+{
+    const Arguments arguments = argumentsOf(parser);
+    if (arguments.own.size() > 1)
+        return wrongUse(QStringLiteral("too many arguments for python"));
+    qxVariantWords::setArguments(QStringList(QString()) + arguments.ofTheScript);
+    if (isatty(fileno(stdin)))
+        return inScene(parser, arguments.own, qxPrompt::run);
+    QByteArray text;
+    if (!readScript(QStringLiteral("-"), text))
+        return WorkFailed;
+    return inScene(parser, arguments.own,
+                   [&] { return qxScriptRunner::run(text.toStdString(), "<stdin>"); });
+}
+
+} // namespace
+
+const qxCommand qxCommands::runScript = {
+    "run",   "SCRIPT [FILE]", "Runs a Python script, in a scene if one is named.", 1, -1,
+    options, runFile};
+
+const qxCommand qxCommands::python = {
+    "python", "[FILE]", "Asks for Python statements and runs them, in a scene if one is named.",
+    0,        -1,       options,
+    prompt};

@@ -1,0 +1,112 @@
+#include "Scripts.h"
+
+/// The scripts that sets bring along, and what scripts can say about sets.
+class SetScriptsTest : public ProgramFixture {
+protected:
+    /// A scene of sets with these scripts.
+    QString sceneWith(const QList<QPair<QString, QString>> &scripts) const
+    {
+        QString text = "<Variants>";
+        for (const auto &set : scripts)
+            text += QString("<VariantSet name=\"%1\"><Script>%2</Script></VariantSet>")
+                        .arg(set.first, set.second.toHtmlEscaped());
+        return desk((text + "</Variants>").toUtf8());
+    }
+
+    static QByteArray printed(const QByteArray &script, const QString &scene)
+    {
+        return done({"run", "-", scene}, script).out;
+    }
+};
+
+TEST_F(SetScriptsTest, SelectingASetRunsItsScript)
+{
+    const QString scene = sceneWith({{"Off", "findNodePath('Lamp').setActive(False)"},
+                                     {"On", "findNodePath('Lamp').setActive(True)"}});
+    const QString saved = path("saved.gltf");
+    const QJsonArray reports = done({"select", scene, "Off", "--json", "--save", saved}).array();
+    EXPECT_EQ(reports[0]["changes"].toArray().size(), 1);
+    EXPECT_EQ(reports[0]["changes"][0]["to"], "hidden");
+    EXPECT_EQ(done({"select", saved, "Off", "--json"}).array()[0]["changes"], QJsonArray());
+    EXPECT_EQ(done({"select", saved, "On", "--json"}).array()[0]["changes"][0]["to"], "shown");
+}
+
+TEST_F(SetScriptsTest, WhatAScriptPrintsStaysOutOfTheJson)
+{
+    const ProgramRun run = done({"select", desk(), "Evening", "--json"});
+    EXPECT_EQ(run.array().size(), 1);
+    EXPECT_TRUE(run.err.contains("late\n")) << run.err.toStdString();
+}
+
+TEST_F(SetScriptsTest, ScriptsOfAFileRunOnlyWhenSelectedAndNotAtAllIfAsked)
+{
+    const QString scene =
+        sceneWith({{"One", "\nprint('one')\nprint('more')"}, {"Zwö", "print(2)"}});
+    EXPECT_FALSE((done({"list", scene}).out + done({"state", scene}).out).contains("2"));
+
+    const ProgramRun left = done({"select", scene, "One", "Zwö", "--no-scripts"});
+    EXPECT_EQ(left.out, "One\n  nothing changed\nZwö\n  nothing changed\n");
+    EXPECT_EQ(left.err,
+              "workbench: left out the script of \"One\": print('one')\n"
+              "workbench: left out the script of \"Zwö\": print(2)\n");
+    const ProgramRun own = done({"run", "-", scene, "--no-scripts"},
+                                "selectVariantSet('One')\nprint('own')\nselectVariantSet('Zwö')");
+    EXPECT_EQ(own.out, "own\n");
+    EXPECT_EQ(said(own), left.err);
+}
+
+TEST_F(SetScriptsTest, ASetThatAnEarlierScriptRemovedIsSkipped)
+{
+    const QString scene = sceneWith({{"Axe", "removeVariantSet('Tree')\nremoveVariantSet('Axe')"},
+                                     {"Tree", "print('still there')"}});
+    EXPECT_EQ(done({"select", scene, "Axe", "Tree", "--save", path("saved.gltf")}).out,
+              "Axe\n"
+              "  script  removeVariantSet('Tree')\n"
+              "  script  removeVariantSet('Axe')\n"
+              "Tree\n"
+              "  skipped  no longer there\n");
+    EXPECT_EQ(printed("print(getVariantSets())", path("saved.gltf")), "[]\n");
+}
+
+TEST_F(SetScriptsTest, AScriptThatGoesAstrayDoesNotSpoilTheSelection)
+{
+    const QString scene =
+        sceneWith({{"Raises", "findNodePath('Lamp').setActive(False)\n1 / 0"},
+                   {"Loops", "selectVariantSet('Loops')\nselectVariantSet('Loops')"},
+                   {"Fine", "print('fine')"}});
+    const ProgramRun run = workbench({"select", scene, "Raises", "Loops", "Fine"});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_TRUE(run.out.contains("Lamp    shown -> hidden")) << run.out.toStdString();
+    EXPECT_TRUE(said(run).endsWith("\nfine\n")) << run.err.toStdString();
+    EXPECT_TRUE(run.err.contains("ZeroDivisionError")) << run.err.toStdString();
+    EXPECT_EQ(run.err.count("more than 32 levels deep"), 1) << run.err.toStdString();
+}
+
+TEST_F(SetScriptsTest, ScriptsFindListCreateAndRemoveSets)
+{
+    EXPECT_EQ(printed("print(repr(findVariantSet('Nobody').getName()))\n"
+                      "findVariantSet('Nobody').setName('Somebody')\n"
+                      "print(findVariantSet(name='Leer geräumt').getName())\n"
+                      "print(', '.join(getVariantGroups()))\n",
+                      desk()),
+              "''\nLeer geräumt\nWork, Attic\n");
+    EXPECT_EQ(printed("first = createVariantSet('Tee', group='Küche')\n"
+                      "second = createVariantSet('Tee', 'Küche')\n"
+                      "print(first.getName() != second.getName())\n"
+                      "print(getVariantGroups().count('Küche'))\n"
+                      "print(getVariantSets()[3:] == [first.getName(), second.getName()])\n"
+                      "print(removeVariantSet(first.getName()))\n"
+                      "print(removeVariantSet('Tee'))\n"
+                      "print(len(getVariantSets()))\n",
+                      desk()),
+              "True\n1\nTrue\nTrue\nFalse\n4\n");
+    EXPECT_EQ(printed("for wrong in (lambda: createVariantSet(''), lambda: findVariantSet(None),\n"
+                      "              lambda: removeVariantSet(), lambda: createVariantSet(1)):\n"
+                      "    try:\n"
+                      "        wrong()\n"
+                      "    except (TypeError, ValueError) as error:\n"
+                      "        print(type(error).__name__)\n"
+                      "print(len(getVariantSets()))\n",
+                      desk()),
+              "ValueError\nArgumentError\nArgumentError\nArgumentError\n3\n");
+}
