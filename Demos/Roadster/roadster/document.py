@@ -68,7 +68,8 @@ def _set(entry, depth):
     for name in entry.get("targets", ()):
         child("TargetName", ("name", name))
     child("InclInfo", ("inclNodes", int("nodes" in entry)), ("inclMats", int("materials" in entry)),
-          ("inclLights", int("lights" in entry)), ("inclEnv", 0), ("inclView", int("viewpoints" in entry)))
+          ("inclLights", int("lights" in entry)), ("inclEnv", int("Environments" in entry.get("nodes", ()))),
+          ("inclView", int("viewpoints" in entry)))
     for key in sorted(entry.get("values", {}), key=lambda k: k.encode("utf-16-be")):
         child("Value", ("name", key), content=entry["values"][key])
     clipping = entry.get("clipping", {})

@@ -80,6 +80,10 @@ TEXTURED = {
 }
 
 
+# Around everything: they shine by themselves.
+SKIES = {"Studio Sky": pictures.studio_sky, "Dusk Sky": pictures.dusk_sky, "Night Sky": pictures.night_sky}
+
+
 # A colour scheme of the car: its name, what it is, and the materials that stand in for "Paint", "Leather" and "Rim".
 SCHEMES = (
     ("Rubinrot", "Ruby with tan leather", "Paint", "Leather", "Rim"),
@@ -110,6 +114,11 @@ def add_to(writer):
         writer.material(name, entry)
     for name, (paint, metallic, roughness) in TEXTURED.items():
         entry = _plain((1.0, 1.0, 1.0), metallic, roughness, doubleSided=True)
+        entry["pbrMetallicRoughness"]["baseColorTexture"] = {"index": writer.picture(name, paint())}
+        writer.material(name, entry)
+    for name, paint in SKIES.items():
+        entry = _plain((1.0, 1.0, 1.0), 0.0, 1.0, extensions={"KHR_materials_unlit": {}},
+                       extras={"qxEnvironment": True})
         entry["pbrMetallicRoughness"]["baseColorTexture"] = {"index": writer.picture(name, paint())}
         writer.material(name, entry)
     writer.schemes([scheme[0] for scheme in SCHEMES], {column[0]: column for column in _columns()})

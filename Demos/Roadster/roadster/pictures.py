@@ -105,3 +105,31 @@ def carbon():
             tone = 34 + 16 * math.sin(math.pi * ((y if warp else x) % 4 + 0.5) / 4.0) + (10 if warp else 0)
             picture.fill(x, y, x + 1, y + 1, (int(tone), int(tone), int(tone * 1.06)))
     return picture.png()
+
+
+def _sky(*stops):
+    """Bands that run into each other; each stop is a row of 128 and its colour."""
+    picture = Picture(128, 128, (0, 0, 0))
+    for (y0, upper), (y1, lower) in zip(stops, stops[1:]):
+        for y in range(y0, y1):
+            part = (y - y0) / (y1 - y0)
+            picture.fill(0, y, 128, y + 1, tuple(int(a + (b - a) * part) for a, b in zip(upper, lower)))
+    return picture
+
+
+def studio_sky():
+    return _sky((0, (250, 250, 250)), (52, (206, 208, 212)), (70, (122, 124, 130)), (128, (84, 86, 92))).png()
+
+
+def dusk_sky():
+    return _sky((0, (24, 34, 74)), (40, (92, 78, 122)), (58, (228, 138, 88)), (64, (252, 206, 132)),
+                (66, (66, 52, 56)), (128, (26, 24, 30))).png()
+
+
+def night_sky():
+    """Stars, and the glow of a town on the horizon."""
+    picture = _sky((0, (2, 3, 10)), (46, (8, 11, 28)), (64, (44, 38, 46)), (66, (10, 10, 14)), (128, (4, 4, 6)))
+    for k in range(90):
+        x, y = k * 47 % 128, 3 + k * 29 % 52
+        picture.fill(x, y, x + 1, y + 1, (90 + k * 37 % 150,) * 3)
+    return picture.png()

@@ -1,6 +1,7 @@
 """The tree of the car: which parts it has, where they stand and what can be chosen; and what moves."""
 
 from . import body, cabin, ends, lamps, mirrors, roofs, stand, surface, wheels
+from .environments import environments
 from .gltf import Node
 from .interior import interior
 from .mesh import Mesh, both_sides
@@ -21,7 +22,8 @@ def build():
     turned = {name: ((0, 0, 0), turn((0, 1, 0), angle)) for name, angle in (
         ("Front", 0), ("Three Quarter", 35), ("Side", 90), ("Rear", 180))}
     moving.turntable = poses("Turntable", turned, plinth(), car)
-    return [Node("Exhibition", hall(), lamps.of_the_stand(), moving.turntable), cameras(), *overlays()], moving
+    exhibition = Node("Exhibition", hall(), lamps.of_the_stand(), moving.turntable)
+    return [exhibition, cameras(), environments(), *overlays()], moving
 
 
 def _chassis(moving):

@@ -69,7 +69,8 @@ QString materialText(const osg::SwitchMaterialPtr &material, osg::UInt32 choice)
 qxSceneState qxSceneState::take()
 {
     qxSceneState state;
-    for (const osg::NodePtr &root : {qxScenegraph::getRoot(), qxOverlays::getPoolRoot()}) {
+    for (const osg::NodePtr &root : {qxScenegraph::getRoot(), qxOverlays::getPoolRoot(),
+                                     qxScenegraph::environmentGeometrySwitch()}) {
         for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(root)) {
             state.m_nodes.push_back({node, node->getTravMask(), choiceOf(node),
                                      qxNodeUtils::getSelectedTransformVariantName(node)});
