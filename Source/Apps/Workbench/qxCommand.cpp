@@ -8,9 +8,10 @@
 namespace {
 
 const qxCommand *const commands[] = {
-    &qxCommands::info,     &qxCommands::list,   &qxCommands::state,     &qxCommands::select,
-    &qxCommands::set,      &qxCommands::create, &qxCommands::document,  &qxCommands::verify,
-    &qxCommands::optimize, &qxCommands::lint,   &qxCommands::runScript, &qxCommands::python,
+    &qxCommands::info,     &qxCommands::list,     &qxCommands::state,     &qxCommands::select,
+    &qxCommands::set,      &qxCommands::create,   &qxCommands::document,  &qxCommands::verify,
+    &qxCommands::optimize, &qxCommands::lint,     &qxCommands::runScript, &qxCommands::python,
+    &qxCommands::render,   &qxCommands::previews, &qxCommands::catalogue,
 };
 
 QString overview()
@@ -22,7 +23,7 @@ QString overview()
     }
     return text
         + QStringLiteral("\n\"workbench COMMAND --help\" tells more about a command.\n"
-                         "Exit codes: 0 done, 1 the work failed, 2 wrong use.\n");
+                         "Exit codes: 0 done, 1 the work failed, 2 wrong use, 130 interrupted.\n");
 }
 
 int wrongUse(const QString &reason, const QString &hint)

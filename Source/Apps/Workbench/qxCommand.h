@@ -9,7 +9,8 @@ class QCommandLineParser;
 enum qxExitCode {
     Success = 0,
     WorkFailed = 1, ///< the reason stands on standard error
-    WrongUse = 2
+    WrongUse = 2,
+    Interrupted = 130 ///< by Ctrl-C; what was done by then is kept
 };
 
 /// One sub-command of the program.
@@ -38,6 +39,9 @@ extern const qxCommand optimize;
 extern const qxCommand lint;
 extern const qxCommand runScript;
 extern const qxCommand python;
+extern const qxCommand render;
+extern const qxCommand previews;
+extern const qxCommand catalogue;
 
 /// Finds the command that `arguments` (with the program's name in front) ask for and runs it.
 int dispatch(const QStringList &arguments);

@@ -52,6 +52,27 @@ QString choiceText(const osg::NodePtr &node, osg::Int64 choice)
     return choice == osg::Switch::ALL ? QStringLiteral("all") : QStringLiteral("none");
 }
 
+void setChoice(const osg::NodePtr &node, osg::Int64 choice)
+{
+    const osg::NodeCorePtr core = node->getCore();
+    const auto transform = osg::SwitchComponentTransformPtr::dcast(core);
+    const auto choices = osg::SwitchPtr::dcast(core);
+    const auto light = osg::UberLightPtr::dcast(core);
+    const osg::CPEditor edit(core);
+    if (transform != osg::NullFC)
+        transform->setChoice(osg::UInt32(choice));
+    else if (choices != osg::NullFC)
+        choices->setChoice(osg::Int32(choice));
+    else if (light != osg::NullFC)
+        light->setOn(choice != 0);
+}
+
+void setMask(const osg::NodePtr &node, osg::UInt32 mask)
+{
+    const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
+    node->setTravMask(mask);
+}
+
 QString maskText(osg::UInt32 mask)
 {
     return mask == 0 ? QStringLiteral("hidden") : QStringLiteral("shown");
@@ -72,7 +93,7 @@ qxSceneState qxSceneState::take()
     for (const osg::NodePtr &root : {qxScenegraph::getRoot(), qxOverlays::getPoolRoot(),
                                      qxScenegraph::environmentGeometrySwitch()}) {
         for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(root)) {
-            state.m_nodes.push_back({node, node->getTravMask(), choiceOf(node),
+            state.m_nodes.push_back({osg::NodeRefPtr(node), node->getTravMask(), choiceOf(node),
                                      qxNodeUtils::getSelectedTransformVariantName(node)});
         }
     }
@@ -81,7 +102,7 @@ qxSceneState qxSceneState::take()
     for (const osg::MaterialPtr &material : materials) {
         const auto choice = osg::SwitchMaterialPtr::dcast(material);
         if (choice != osg::NullFC)
-            state.m_materials.push_back({material, choice->getChoice()});
+            state.m_materials.push_back({osg::MaterialRefPtr(material), choice->getChoice()});
     }
     return state;
 }
@@ -91,12 +112,13 @@ QList<qxSceneChange> qxSceneState::nodeChanges(const NodeState &before, const No
     QList<qxSceneChange> changes;
     const auto add = [&](const QString &from, const QString &to) {
         if (from != to)
-            changes += qxSceneChange{pathOf(after.node), 0, from, to};
+            changes += qxSceneChange{pathOf(after.node.get()), 0, from, to};
     };
     if (before.mask != after.mask)
         add(maskText(before.mask), maskText(after.mask));
     if (before.choice != after.choice)
-        add(choiceText(after.node, before.choice), choiceText(after.node, after.choice));
+        add(choiceText(after.node.get(), before.choice),
+            choiceText(after.node.get(), after.choice));
     add(QString::fromStdString(before.pose), QString::fromStdString(after.pose));
     return changes;
 }
@@ -105,15 +127,15 @@ QList<qxSceneChange> qxSceneState::changesTo(const qxSceneState &later) const
 {
     std::map<osg::NodePtr, const NodeState *> earlier;
     for (const NodeState &state : m_nodes)
-        earlier[state.node] = &state;
+        earlier[state.node.get()] = &state;
     std::map<osg::MaterialPtr, osg::UInt32> choices;
     for (const MaterialState &state : m_materials)
-        choices[state.material] = state.choice;
+        choices[state.material.get()] = state.choice;
 
     QList<qxSceneChange> changes;
     std::map<osg::NodeCorePtr, int> firstOfClones;
     for (const NodeState &after : later.m_nodes) {
-        const auto before = earlier.find(after.node);
+        const auto before = earlier.find(after.node.get());
         if (before == earlier.end())
             continue;
         if (before->second->choice != after.choice) {
@@ -126,13 +148,30 @@ QList<qxSceneChange> qxSceneState::changesTo(const qxSceneState &later) const
         changes += nodeChanges(*before->second, after);
     }
     for (const MaterialState &after : later.m_materials) {
-        const auto before = choices.find(after.material);
+        const auto before = choices.find(after.material.get());
         if (before == choices.end() || before->second == after.choice)
             continue;
-        const auto material = osg::SwitchMaterialPtr::dcast(after.material);
+        const auto material = osg::SwitchMaterialPtr::dcast(after.material.get());
         changes += qxSceneChange{QString::fromStdString(qxMaterials::getName(material)), 0,
                                  materialText(material, before->second),
                                  materialText(material, after.choice)};
     }
     return changes;
+}
+
+void qxSceneState::restore() const
+{
+    for (const NodeState &state : m_nodes) {
+        if (state.node->getTravMask() != state.mask)
+            setMask(state.node.get(), state.mask);
+        if (choiceOf(state.node.get()) != state.choice)
+            setChoice(state.node.get(), state.choice);
+    }
+    for (const MaterialState &state : m_materials) {
+        const auto material = osg::SwitchMaterialPtr::dcast(state.material.get());
+        if (material->getChoice() == state.choice)
+            continue;
+        const osg::CPEditor edit(material, osg::SwitchMaterial::ChoiceFieldMask);
+        material->setChoice(state.choice);
+    }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <OpenSG/OSGMaterial.h>
-#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGNodePtr.h>
 
 #include <QList>
 #include <QString>
@@ -26,16 +26,19 @@ public:
 
     /// What differs in `later`, in scene order, materials last.
     QList<qxSceneChange> changesTo(const qxSceneState &later) const;
+    /// Makes the scene stand like this again, as far as its nodes and materials are still there;
+    /// poses are left out.
+    void restore() const;
 
 private:
     struct NodeState {
-        osg::NodePtr node;
+        osg::NodeRefPtr node; ///< kept alive: scripts may take nodes out
         osg::UInt32 mask;
         osg::Int64 choice; ///< of whatever the core chooses from; 0 for other cores
         std::string pose;
     };
     struct MaterialState {
-        osg::MaterialPtr material;
+        osg::MaterialRefPtr material;
         osg::UInt32 choice;
     };
 

@@ -26,4 +26,7 @@ public:
     /// Stores what `source` stands for as a new viewpoint and returns its id in the pool, -1 for an
     /// unknown source. A name that a viewpoint has already gets a number.
     virtual int createViewpoint(const std::string &name, int source) = 0;
+    /// With `home` 1 the view returns to that viewpoint on "home", with 0 nowhere. The camera stays
+    /// where it is. An unknown id is ignored.
+    virtual void setHomeViewpoint(int id, int home) = 0;
 };

@@ -173,6 +173,16 @@ public:
     /// Gives the material to a material group or a geometry.
     static void changeMaterial(osg::NodePtr node, osg::MaterialPtr material);
 
+    /// A PNG of 264 by 256 pixels that shows the scene as it is now; with `fullRaytracingQuality`
+    /// as well as ray tracing can, if the view traces rays. Empty when it could not be made.
+    static QByteArray createPreviewImage(bool showProgress, bool fullRaytracingQuality);
+    /// The same from what the main view shows, whatever `set` is; empty without a view.
+    static QByteArray getPreviewImageFromFrameBuffer(qxVariantSet *set);
+    /// Gives the set a preview made in one of these ways, and lets the view return to the set's
+    /// default viewpoint on "home". The set is not selected. Null is ignored.
+    static void renderVariantSetPreview(qxVariantSet *set, bool fromFrameBuffer, bool showProgress,
+                                        bool fullRaytracingQuality);
+
     /// Splits key-sequence text in the native format into the key code and the modifiers of its
     /// first combination; both are 0 for a text that names no key.
     static void mapHotkey(const QString &text, int &key, Qt::KeyboardModifiers &modifiers);

@@ -6,18 +6,18 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "Cameras/qxMainCameraService.h"
 #include "Core/qxRenderRequests.h"
 #include "HostFixture.h"
 #include "Lines.h"
 #include "Script/qxScriptRunner.h"
-#include "qxCameraService.h"
 #include "qxController.h"
 #include "qxScenegraph.h"
 
 namespace {
 
 /// Stands in front of the camera service and notes what it is asked.
-class NotedCameraService : public qxCameraService {
+class NotedCameraService : public qxMainCameraService {
 public:
     explicit NotedCameraService(Lines &lines) : m_lines(lines) {}
     int findViewpoint(const std::string &name) const override { return int(name.size()); }

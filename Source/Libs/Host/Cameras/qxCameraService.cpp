@@ -48,10 +48,8 @@ void qxMainCameraService::moveToViewpoint(int id, int, int home, int redraw)
     qxMainView &view = qxMainView::the();
     view.camera = *camera;
     view.viewpoint = id;
-    if (home == 1) {
-        view.home = *camera;
-        view.hasHome = true;
-    }
+    if (home == 1)
+        setHomeViewpoint(id, home);
     if (redraw == 1)
         qxController::updateRender(false);
 }
@@ -78,4 +76,14 @@ int qxMainCameraService::createViewpoint(const std::string &name, int source)
     qxUberCamera camera = qxMainView::the().camera;
     camera.name = uniqueViewpointName(name);
     return qxUberCameraPool::the()->add(camera);
+}
+
+void qxMainCameraService::setHomeViewpoint(int id, int home)
+{
+    const qxUberCamera *camera = qxUberCameraPool::the()->get(id);
+    if (!camera)
+        return;
+    qxMainView &view = qxMainView::the();
+    view.home = *camera;
+    view.hasHome = home == 1;
 }

@@ -12,4 +12,5 @@ public:
     int getCopyOf(int camera) const override;
     int getSourceOf(int camera) const override;
     int createViewpoint(const std::string &name, int source) override;
+    void setHomeViewpoint(int id, int home) override;
 };

@@ -5,6 +5,7 @@
 #include "Cameras/qxRunningClips.h"
 #include "Core/qxRenderRequests.h"
 #include "Materials/qxMaterialNameService.h"
+#include "Pictures/qxScenePicture.h"
 #include "Scene/qxClipping.h"
 #include "Scene/qxOverlayService.h"
 #include "Scene/qxScene.h"
@@ -87,6 +88,7 @@ void qxHost::clearScene()
 {
     qxMessage message;
     qxController::call("clearAllVariants", message, 1);
+    qxScenePicture::forget();
     m_services->scene.clear();
     qxUberCameraPool::the()->clear();
     qxAnimManager::the()->setClips({});

@@ -1,0 +1,62 @@
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "qxCataloguePage.h"
+#include "qxCommand.h"
+#include "qxInterrupt.h"
+#include "qxOSGWidget.h"
+#include "qxOutput.h"
+#include "qxSession.h"
+#include "qxSetPictures.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+QList<QCommandLineOption> options()
+{
+    return {{QStringLiteral("out"),
+             QStringLiteral("The folder for the page, index.html. It is made when there is none."),
+             QStringLiteral("DIR")}};
+}
+
+int run(const QCommandLineParser &parser)
+{
+    const QDir folder(parser.value(QStringLiteral("out")));
+    if (!parser.isSet(QStringLiteral("out"))) {
+        qxOutput::error(QStringLiteral("catalogue needs --out DIR"));
+        return WrongUse;
+    }
+    qxSession session;
+    const QString file = parser.positionalArguments().first();
+    if (!session.open(file))
+        return WorkFailed;
+    if (!folder.mkpath(QStringLiteral(".")))
+        return qxCommands::fail(QStringLiteral("%1: the folder cannot be made").arg(folder.path()));
+
+    qxOSGWidget::setRaytracing(true);
+    const qxInterrupt interrupt;
+    const QStringList names = qxSetPictures::namesWithoutPreview();
+    const int done = qxSetPictures::visit(names, [](qxVariantSet &set) {
+        qxVariants::renderVariantSetPreview(&set, false, true, true);
+        return !set.getPreview().isEmpty();
+    });
+    const QString page = folder.filePath(QStringLiteral("index.html"));
+    if (!qxSetPictures::write(page, qxCataloguePage::html(QFileInfo(file).fileName())))
+        return WorkFailed;
+    qxOutput::line(page);
+    if (done == names.size())
+        return Success;
+    qxOutput::error(QStringLiteral("%1; %2 sets are shown without a preview")
+                        .arg(qxInterrupt::isAsked() ? QStringLiteral("interrupted")
+                                                    : QStringLiteral("a preview failed"))
+                        .arg(names.size() - done));
+    return qxInterrupt::isAsked() ? Interrupted : WorkFailed;
+}
+
+} // namespace
+
+const qxCommand qxCommands::catalogue = {
+    "catalogue", "FILE", "Writes a page that shows all sets and variants.", 1, 1, options, run};

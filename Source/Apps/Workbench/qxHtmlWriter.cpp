@@ -1,0 +1,87 @@
+#include "qxHtmlWriter.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QVector>
+
+namespace {
+
+bool isForbidden(uint character)
+{
+    const bool isControl = character < 0x20 && character != '\t' && character != '\n';
+    return isControl || (character >= 0x7f && character < 0xa0) || (character & 0xfffe) == 0xfffe;
+}
+
+QString printable(const QString &text)
+{
+    QVector<uint> characters = text.toUcs4(); // Lone halves of characters are replaced here.
+    for (uint &character : characters) {
+        if (isForbidden(character))
+            character = QChar::ReplacementCharacter;
+    }
+    return QString::fromUcs4(characters.constData(), characters.size());
+}
+
+} // namespace
+
+qxHtmlWriter::qxHtmlWriter(QByteArray &page, const QString &title, const QString &style)
+    : m_writer(&page)
+{
+    m_writer.writeDTD(QStringLiteral("<!DOCTYPE html>\n"));
+    open("html");
+    attribute("lang", QStringLiteral("en"));
+    open("head");
+    open("meta");
+    attribute("charset", QStringLiteral("utf-8"));
+    close();
+    open("meta");
+    attribute("name", QStringLiteral("viewport"));
+    attribute("content", QStringLiteral("width=device-width, initial-scale=1"));
+    close();
+    open("meta");
+    attribute("name", QStringLiteral("color-scheme"));
+    attribute("content", QStringLiteral("light dark"));
+    close();
+    element("title", title);
+    element("style", style);
+    close();
+    open("body");
+}
+
+void qxHtmlWriter::open(const char *tag, const char *cssClass)
+{
+    m_writer.writeStartElement(QLatin1String(tag));
+    if (cssClass)
+        attribute("class", QLatin1String(cssClass));
+}
+
+void qxHtmlWriter::attribute(const char *name, const QString &value)
+{
+    m_writer.writeAttribute(QLatin1String(name), printable(value));
+}
+
+void qxHtmlWriter::text(const QString &text)
+{
+    m_writer.writeCharacters(printable(text));
+}
+
+void qxHtmlWriter::element(const char *tag, const QString &content, const char *cssClass)
+{
+    open(tag, cssClass);
+    // A browser takes <td/> for the beginning of a cell, not for an empty one.
+    text(content.isEmpty() ? QString(QChar(QChar::Nbsp)) : content);
+    close();
+}
+
+void qxHtmlWriter::picture(const QByteArray &bytes, const QString &words)
+{
+    QBuffer buffer;
+    buffer.setData(bytes);
+    const QByteArray format = QImageReader::imageFormat(&buffer);
+    open("img");
+    attribute("alt", words);
+    attribute("src",
+              QStringLiteral("data:image/%1;base64,%2")
+                  .arg(QLatin1String(format), QLatin1String(bytes.toBase64())));
+    close();
+}

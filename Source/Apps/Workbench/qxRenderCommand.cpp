@@ -1,0 +1,216 @@
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "qxCameraService.h"
+#include "qxCommand.h"
+#include "qxContactSheet.h"
+#include "qxFileNames.h"
+#include "qxInterrupt.h"
+#include "qxOSGWidget.h"
+#include "qxOutput.h"
+#include "qxProgress.h"
+#include "qxRaytracingManager.h"
+#include "qxSession.h"
+#include "qxSetPictures.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSize>
+
+namespace {
+
+constexpr int LongestSide = 8192;
+
+/// What the options ask for.
+struct Job {
+    QString set;
+    bool all = false;
+    QString view;
+    QSize size;
+    bool best = true;
+    QString out;
+
+    bool isSheet() const { return all && out.endsWith(QLatin1String(".png"), Qt::CaseInsensitive); }
+};
+
+QList<QCommandLineOption> options()
+{
+    return {
+        {QStringLiteral("set"), QStringLiteral("Selects this set before."), QStringLiteral("NAME")},
+        {QStringLiteral("all"),
+         QStringLiteral("Makes a picture of every set, each selected in the scene as it is in the "
+                        "file: into the folder OUT, or as one sheet when OUT ends with .png.")},
+        {QStringLiteral("view"),
+         QStringLiteral("Looks from this viewpoint instead of where the set leads to."),
+         QStringLiteral("VIEWPOINT")},
+        {QStringLiteral("size"),
+         QStringLiteral("Width and height of a picture in pixels, such as 1280x720, which is the "
+                        "default; 384x256 on a sheet."),
+         QStringLiteral("WxH")},
+        {QStringLiteral("quality"),
+         QStringLiteral("quick (hard light, jagged edges) or best (soft shadows, takes longer; the "
+                        "default)."),
+         QStringLiteral("QUALITY")},
+        {QStringLiteral("out"), QStringLiteral("The picture, a PNG; with --all a folder or a PNG."),
+         QStringLiteral("OUT")},
+    };
+}
+
+int wrongUse(const QString &reason)
+{
+    qxOutput::error(reason);
+    return WrongUse;
+}
+
+/// An empty size for a text that is none.
+QSize sizeOf(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$"));
+    const QRegularExpressionMatch match = form.match(text);
+    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+    return size.width() > LongestSide || size.height() > LongestSide ? QSize() : size;
+}
+
+/// Success, or why the options do not go together.
+int readJob(const QCommandLineParser &parser, Job &job)
+{
+    job.set = parser.value(QStringLiteral("set"));
+    job.all = parser.isSet(QStringLiteral("all"));
+    job.view = parser.value(QStringLiteral("view"));
+    job.out = parser.value(QStringLiteral("out"));
+    if (job.out.isEmpty())
+        return wrongUse(QStringLiteral("render needs --out OUT"));
+    if (job.all && !job.set.isEmpty())
+        return wrongUse(QStringLiteral("--set and --all do not go together"));
+    if (!job.all && !job.out.endsWith(QLatin1String(".png"), Qt::CaseInsensitive))
+        return wrongUse(QStringLiteral("%1: a picture's name ends with .png").arg(job.out));
+
+    const QString quality = parser.value(QStringLiteral("quality"));
+    job.best = quality != QLatin1String("quick");
+    if (job.best && !quality.isEmpty() && quality != QLatin1String("best"))
+        return wrongUse(QStringLiteral("--quality is quick or best, not \"%1\"").arg(quality));
+
+    job.size = job.isSheet() ? QSize(384, 256) : QSize(1280, 720);
+    if (parser.isSet(QStringLiteral("size")))
+        job.size = sizeOf(parser.value(QStringLiteral("size")));
+    if (job.size.isEmpty())
+        return wrongUse(QStringLiteral("--size is WIDTHxHEIGHT, each from 1 to %1, not \"%2\"")
+                            .arg(LongestSide)
+                            .arg(parser.value(QStringLiteral("size"))));
+    return Success;
+}
+
+/// Why the job cannot be done in this scene; empty when it can.
+QString flawOf(const Job &job)
+{
+    if (!job.set.isEmpty() && !qxVariants::findVariantSet(job.set))
+        return QStringLiteral("no variant set is called \"%1\"").arg(job.set);
+    if (job.all && qxVariants::_variantSets.empty())
+        return QStringLiteral("the scene has no variant sets");
+    const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
+    if (!job.view.isEmpty() && camera->findViewpoint(job.view.toStdString()) < 0)
+        return QStringLiteral("no viewpoint is called \"%1\"").arg(job.view);
+    if (job.all && !job.isSheet())
+        return QDir().mkpath(job.out)
+            ? QString()
+            : QStringLiteral("%1: the folder cannot be made").arg(job.out);
+    const QFileInfo folder(QFileInfo(job.out).absolutePath());
+    if (!folder.isDir() || !folder.isWritable())
+        return QStringLiteral("%1: nothing can be written to its folder").arg(job.out);
+    return QString();
+}
+
+/// The scene as it is now, from the viewpoint that was asked for; empty when interrupted.
+QByteArray picture(const Job &job)
+{
+    if (!job.view.isEmpty()) {
+        const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
+        camera->moveToViewpoint(camera->findViewpoint(job.view.toStdString()), 0, 0, 0);
+    }
+    return qxSetPictures::render(job.size.width(), job.size.height());
+}
+
+/// The exit code of work that ended before it was complete; the reason was told otherwise.
+int endedEarly(const QString &kept)
+{
+    if (!qxInterrupt::isAsked())
+        return WorkFailed;
+    qxOutput::error(QStringLiteral("interrupted; %1").arg(kept));
+    return Interrupted;
+}
+
+int renderOne(const Job &job)
+{
+    QByteArray png;
+    {
+        qxProgress progress(1);
+        progress.begin(job.set.isEmpty() ? job.out : job.set);
+        if (!job.set.isEmpty())
+            qxVariants::selectVariantSet(job.set.toUtf8().constData(), false);
+        png = picture(job);
+    }
+    if (png.isEmpty())
+        return endedEarly(QStringLiteral("no picture was written"));
+    return qxSetPictures::write(job.out, png) ? Success : WorkFailed;
+}
+
+int renderFolder(const Job &job)
+{
+    const QStringList names = qxSetPictures::allNames();
+    qxFileNames files(QStringLiteral(".png"));
+    const int done = qxSetPictures::visit(names, [&](qxVariantSet &set) {
+        const QByteArray png = picture(job);
+        const QString path = QDir(job.out).filePath(files.next(set.name));
+        return !png.isEmpty() && qxSetPictures::write(path, png);
+    });
+    if (done == names.size())
+        return Success;
+    return endedEarly(
+        QStringLiteral("%1 holds %2 of %3 pictures").arg(job.out).arg(done).arg(names.size()));
+}
+
+int renderSheet(const Job &job)
+{
+    const QStringList names = qxSetPictures::allNames();
+    qxContactSheet sheet(job.size);
+    const int done = qxSetPictures::visit(names, [&](qxVariantSet &set) {
+        const QByteArray png = picture(job);
+        if (!png.isEmpty())
+            sheet.add(QImage::fromData(png), set.name);
+        return !png.isEmpty();
+    });
+    if (done > 0 && !qxSetPictures::write(job.out, sheet.png()))
+        return WorkFailed;
+    if (done == names.size())
+        return Success;
+    return endedEarly(
+        QStringLiteral("%1 shows %2 of %3 sets").arg(job.out).arg(done).arg(names.size()));
+}
+
+int run(const QCommandLineParser &parser)
+{
+    Job job;
+    const int code = readJob(parser, job);
+    if (code != Success)
+        return code;
+    qxSession session;
+    if (!session.open(parser.positionalArguments().first()))
+        return WorkFailed;
+    const QString flaw = flawOf(job);
+    if (!flaw.isEmpty())
+        return qxCommands::fail(flaw);
+
+    qxOSGWidget::setRaytracing(job.best);
+    qxRaytracingManager::getRaytracingUtils()->setImageQuality(-1);
+    const qxInterrupt interrupt;
+    if (!job.all)
+        return renderOne(job);
+    return job.isSheet() ? renderSheet(job) : renderFolder(job);
+}
+
+} // namespace
+
+const qxCommand qxCommands::render = {
+    "render", "FILE", "Makes pictures of the scene and of its sets.", 1, 1, options, run};

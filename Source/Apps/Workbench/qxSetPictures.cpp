@@ -1,0 +1,69 @@
+#include "qxSetPictures.h"
+
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "qxImageWriter.h"
+#include "qxInterrupt.h"
+#include "qxOutput.h"
+#include "qxProgress.h"
+#include "qxSceneKeeper.h"
+
+#include <QImage>
+#include <QSaveFile>
+
+int qxSetPictures::visit(const QStringList &names, const Work &work)
+{
+    const qxSceneKeeper before;
+    qxProgress progress(names.size());
+    int done = 0;
+    for (const QString &name : names) {
+        if (qxInterrupt::isAsked())
+            break;
+        progress.begin(name);
+        qxVariants::selectVariantSet(name.toUtf8().constData(), false);
+        qxVariantSet *const set = qxVariants::findVariantSet(name);
+        const bool isDone = !set || work(*set);
+        before.restore();
+        if (!isDone)
+            break;
+        ++done;
+    }
+    return done;
+}
+
+QStringList qxSetPictures::allNames()
+{
+    QStringList names;
+    for (const qxVariantSet *set : qxVariants::_variantSets)
+        names += set->name;
+    return names;
+}
+
+QStringList qxSetPictures::namesWithoutPreview()
+{
+    QStringList names;
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        if (QImage::fromData(set->getPreview()).isNull())
+            names += set->name;
+    }
+    return names;
+}
+
+QByteArray qxSetPictures::render(int width, int height)
+{
+    qxImageWriter writer;
+    writer.exportImageFastInit(width, height, 0);
+    const std::string png = writer.exportImageFast();
+    writer.exportImageFastTerminate();
+    return QByteArray::fromStdString(png);
+}
+
+bool qxSetPictures::write(const QString &path, const QByteArray &bytes)
+{
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return true;
+    qxOutput::error(QStringLiteral("%1: %2").arg(path, file.errorString()));
+    return false;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QStringList>
+
+#include <functional>
+
+class qxVariantSet;
+
+/// Shows sets one after the other, as each looks when it is selected in the scene as it is now.
+namespace qxSetPictures {
+
+/// What is done while the set is selected; false ends the work.
+typedef std::function<bool(qxVariantSet &set)> Work;
+
+/// Selects each of these sets, does `work`, and puts scene and camera back. Sets that are gone are
+/// left out. Answers how many were done; fewer than there are when `work` or Ctrl-C ended it.
+int visit(const QStringList &names, const Work &work);
+
+/// The names of all sets in the registry's order.
+QStringList allNames();
+/// Those of sets whose preview is no picture.
+QStringList namesWithoutPreview();
+
+/// Renders a PNG of the current scene; empty when it was interrupted.
+QByteArray render(int width, int height);
+
+/// Writes the file as a whole or not at all; says on standard error why it could not.
+bool write(const QString &path, const QByteArray &bytes);
+
+} // namespace qxSetPictures

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "qxOSGWidget.h"
+
+#include <OpenSG/OSGImage.h>
+
+#include <QTimer>
+
+#include <vector>
+
+/// The main view without a window: a picture of the scene that follows its changes.
+///
+/// Asked for a new picture (qxRenderRequests), it shows a quick one first. With ray tracing it then
+/// refines the picture step by step while the program is idle. There is one main view at a time,
+/// the one made last.
+class qxMainGlView : public qxOSGWidget {
+public:
+    /// A view of that size in pixels.
+    qxMainGlView(int width, int height);
+    ~qxMainGlView() override;
+
+    /// The main view, or null.
+    static qxMainGlView *the();
+
+    void captureImage(osg::ImagePtr image, int &width, int &height) override;
+    /// Shows a copy of this picture, whatever its size, until a new one is asked for.
+    void show(const osg::ImagePtr &picture);
+
+    /// Whether the picture will become finer.
+    bool isRefining() const { return m_isStale || !m_steps.empty(); }
+    /// Makes the picture finer by one step; the view does so on its own while events are processed.
+    void refine();
+    void cancelRefining();
+
+private:
+    void ask();
+    void draw(int quality);
+
+    const int m_width;
+    const int m_height;
+    osg::ImageRefPtr m_picture;
+    bool m_isStale = true; ///< the picture is older than the scene
+    std::vector<int> m_steps; ///< the qualities still to come, the next one last
+    QTimer m_idle;
+    int m_requests;
+};

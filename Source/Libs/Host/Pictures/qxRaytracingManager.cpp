@@ -1,0 +1,7 @@
+#include "qxRaytracingManager.h"
+
+qxRaytracingUtils *qxRaytracingManager::getRaytracingUtils()
+{
+    static qxRaytracingUtils utils;
+    return &utils;
+}

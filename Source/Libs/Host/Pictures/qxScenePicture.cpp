@@ -1,0 +1,38 @@
+#include "Pictures/qxScenePicture.h"
+
+#include "qxOSGWidget.h"
+#include "qxRaytracingManager.h"
+
+namespace {
+
+/// Null until the first picture, and while one is being made.
+std::unique_ptr<qxRenderer> &idleRenderer()
+{
+    static std::unique_ptr<qxRenderer> renderer;
+    return renderer;
+}
+
+} // namespace
+
+qxPicture qxScenePicture::render(const qxPictureSettings &settings,
+                                 const qxRenderer::Progress &progress)
+{
+    std::unique_ptr<qxRenderer> renderer = std::move(idleRenderer());
+    if (!renderer)
+        renderer = std::make_unique<qxRenderer>();
+    qxPicture picture = renderer->render(settings, progress);
+    idleRenderer() = std::move(renderer);
+    return picture;
+}
+
+int qxScenePicture::quality()
+{
+    return qxOSGWidget::getRaytracing()
+        ? qxRaytracingManager::getRaytracingUtils()->getImageQuality()
+        : int(qxPictureSettings::Quick);
+}
+
+void qxScenePicture::forget()
+{
+    idleRenderer().reset();
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Render/qxRenderer.h"
+
+/// Pictures of the running host's scene, all made by one renderer, so that each serves the next.
+class qxScenePicture {
+public:
+    /// As qxRenderer::render. It may be called while another picture is being made.
+    static qxPicture render(const qxPictureSettings &settings,
+                            const qxRenderer::Progress &progress = qxRenderer::Progress());
+    /// The quality that the settings of ray tracing ask for (qxPictureSettings::quality).
+    static int quality();
+    /// Gives back what was prepared for the next picture.
+    static void forget();
+};

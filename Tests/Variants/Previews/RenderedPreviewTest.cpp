@@ -1,0 +1,160 @@
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "Cameras/qxMainCameraService.h"
+#include "Cameras/qxMainView.h"
+#include "HostFixture.h"
+#include "Pictures/qxPictureProgress.h"
+#include "qxOSGWidget.h"
+#include "qxRaytracingManager.h"
+
+#include <QImage>
+
+namespace {
+
+/// Notes how the host is asked about the default viewpoint.
+class NotedCameraService : public qxMainCameraService {
+public:
+    int findViewpoint(const std::string &name) const override
+    {
+        asked.push_back("find \"" + name + "\"");
+        return int(name.size());
+    }
+    void moveToViewpoint(int, int, int, int) override { asked.push_back("move"); }
+    void setHomeViewpoint(int id, int home) override
+    {
+        asked.push_back("home " + std::to_string(id) + " " + std::to_string(home));
+    }
+
+    mutable std::vector<std::string> asked;
+};
+
+/// Hears the quality of ray tracing while pictures are rendered.
+class RenderedPreviewTest : public HostFixture {
+protected:
+    RenderedPreviewTest()
+    {
+        scene.addGeometry("Box");
+        set = qxVariants::createVariantSet("Set", false, nullptr);
+        utils->setImageQuality(2);
+        qxPictureProgress::setDisplay([this](double) {
+            qualities.push_back(utils->getImageQuality());
+            return !isCancelled;
+        });
+    }
+    ~RenderedPreviewTest() override
+    {
+        qxPictureProgress::setDisplay({});
+        qxOSGWidget::setRaytracing(false);
+        host.clearScene();
+    }
+
+    static void useCamera(qxCameraService *service)
+    {
+        qxKernelServiceFactory::the()->registerService<qxCameraService>(service);
+    }
+
+    qxVariantSet *set;
+    qxRaytracingUtils *utils = qxRaytracingManager::getRaytracingUtils();
+    std::vector<int> qualities;
+    bool isCancelled = false;
+};
+
+} // namespace
+
+TEST_F(RenderedPreviewTest, ThePreviewIsAPngOf264By256AndTheSameEachTime)
+{
+    const QByteArray preview = qxVariants::createPreviewImage(false, false);
+    EXPECT_EQ(QImage::fromData(preview, "PNG").size(), QSize(264, 256));
+    EXPECT_EQ(qxVariants::createPreviewImage(false, false), preview);
+    qxVariants::renderVariantSetPreview(set, false, false, false);
+    EXPECT_EQ(set->getPreview(), preview);
+}
+
+TEST_F(RenderedPreviewTest, TheBestQualityIsUsedOnlyByAViewThatTracesRaysAndOnlyMeanwhile)
+{
+    struct Case {
+        bool isRaytracing, isFull;
+        int meanwhile;
+    };
+    for (const Case &each : {Case{false, false, 2}, Case{false, true, 2}, Case{true, false, 2},
+                             Case{true, true, -1}}) {
+        SCOPED_TRACE(testing::Message() << each.isRaytracing << each.isFull);
+        qxOSGWidget::setRaytracing(each.isRaytracing);
+        qualities.clear();
+        EXPECT_FALSE(qxVariants::createPreviewImage(true, each.isFull).isEmpty());
+        ASSERT_FALSE(qualities.empty());
+        EXPECT_EQ(qualities, std::vector<int>(qualities.size(), each.meanwhile));
+        EXPECT_EQ(utils->getImageQuality(), 2);
+    }
+}
+
+TEST_F(RenderedPreviewTest, ProgressIsShownOnlyWhenAskedFor)
+{
+    EXPECT_FALSE(qxVariants::createPreviewImage(false, true).isEmpty());
+    EXPECT_TRUE(qualities.empty());
+}
+
+TEST_F(RenderedPreviewTest, ARenderingThatIsEndedLeavesAnEmptyPreviewAndTheQualityAsItWas)
+{
+    qxOSGWidget::setRaytracing(true);
+    isCancelled = true;
+    set->setPreview("earlier");
+    qxVariants::renderVariantSetPreview(set, false, true, true);
+    EXPECT_EQ(set->getPreview(), QByteArray());
+    EXPECT_EQ(qualities.front(), -1);
+    EXPECT_EQ(utils->getImageQuality(), 2);
+    isCancelled = false;
+    EXPECT_FALSE(qxVariants::createPreviewImage(true, false).isEmpty());
+}
+
+TEST_F(RenderedPreviewTest, ASetThatIsRemovedMeanwhileIsKeptUntilItsPreviewIsDone)
+{
+    qxPictureProgress::setDisplay([](double) { return qxVariants::removeVariantSet("Set"); });
+    qxVariants::renderVariantSetPreview(set, false, true, false);
+    EXPECT_EQ(qxVariants::findVariantSet("Set"), nullptr);
+}
+
+TEST_F(RenderedPreviewTest, NoSetMeansNoPicture)
+{
+    NotedCameraService camera;
+    useCamera(&camera);
+    qxVariants::renderVariantSetPreview(nullptr, false, true, false);
+    EXPECT_TRUE(qualities.empty());
+    EXPECT_TRUE(camera.asked.empty());
+    useCamera(nullptr);
+}
+
+TEST_F(RenderedPreviewTest, TheCameraServiceGetsTheDefaultViewpointBack)
+{
+    NotedCameraService camera;
+    useCamera(&camera);
+    set->defaultViewpoint = "Über";
+    qxVariants::renderVariantSetPreview(set, false, false, false);
+    set->defaultViewpoint.clear();
+    qxVariants::renderVariantSetPreview(set, true, false, false);
+    EXPECT_EQ(camera.asked,
+              (std::vector<std::string>{"find \"Über\"", "home 5 1", "find \"\"", "home 0 1"}));
+    useCamera(nullptr);
+    qxVariants::renderVariantSetPreview(set, false, false, false);
+    EXPECT_FALSE(set->getPreview().isEmpty());
+}
+
+TEST_F(RenderedPreviewTest, TheViewReturnsToTheDefaultViewpointAndStaysWhereItIs)
+{
+    scene.addViewpoint("Front", 1);
+    scene.addViewpoint("Side", 2);
+    const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
+    camera->moveToViewpoint(0, 0, 0, 0);
+    set->defaultViewpoint = "Side";
+    qxVariants::renderVariantSetPreview(set, false, false, false);
+    EXPECT_EQ(qxMainView::the().camera.name, "Front");
+    EXPECT_TRUE(qxMainView::the().hasHome);
+    EXPECT_EQ(qxMainView::the().home.name, "Side");
+
+    set->defaultViewpoint = "Nowhere";
+    qxVariants::renderVariantSetPreview(set, false, false, false);
+    EXPECT_EQ(qxMainView::the().home.name, "Side");
+    camera->setHomeViewpoint(1, 0);
+    EXPECT_FALSE(qxMainView::the().hasHome);
+}
