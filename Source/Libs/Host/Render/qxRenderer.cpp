@@ -14,7 +14,10 @@
 namespace {
 
 const int _largest = 16384; ///< width and height of a picture
-const int _bestQuality = 64; ///< samples; more of them are hard to tell apart
+/// Samples of the best quality: as many as a pixel needs, looked at after so many at a time.
+const int _bestSamples = 64;
+const int _sampleStep = 16;
+const float _visibleError = 3.0f / 255.0f; ///< in the colours of the picture
 const int _tile = 16; ///< width and height in pixels
 
 /// From the left above the eye, for scenes that have no light at all.
@@ -31,8 +34,34 @@ int samplesOf(const qxPictureSettings &settings)
 {
     if (settings.quality == qxPictureSettings::Quick)
         return 1;
-    return settings.quality < 0 ? _bestQuality : settings.quality;
+    return settings.quality < 0 ? _bestSamples : settings.quality;
 }
+
+/// The average of a pixel's samples.
+class Average {
+public:
+    void add(const osg::Vec3f &light)
+    {
+        m_sum += light;
+        const float level = std::sqrt(std::clamp(qxPeak(light), 0.0f, 1.0f));
+        m_level += level;
+        m_square += level * level;
+        m_count += 1.0f;
+    }
+    osg::Vec3f light() const { return m_sum * (1.0f / m_count); }
+    /// How far off it probably is, in shares of white as a picture shows them.
+    float error() const
+    {
+        const float mean = m_level / m_count;
+        return std::sqrt(std::max(0.0f, m_square / m_count - mean * mean) / m_count);
+    }
+
+private:
+    osg::Vec3f m_sum;
+    float m_level = 0.0f; ///< sums of the brightest channel as it looks, and of its square
+    float m_square = 0.0f;
+    float m_count = 0.0f;
+};
 
 /// Everything that stays the same for all pixels of a picture.
 class Painter {
@@ -104,10 +133,14 @@ void Painter::paintTile(int tile, qxPicture &picture) const
 
 void Painter::paintPixel(int x, int y, qxPicture &picture) const
 {
-    osg::Vec3f sum;
-    for (int i = 0; i < m_samples; ++i)
-        sum += sample(x, y, i);
-    const osg::Vec3f colour = qxShownColour(sum * (1.0f / float(m_samples)));
+    Average average;
+    for (int i = 0; i < m_samples; ++i) {
+        average.add(sample(x, y, i));
+        const bool look = m_settings.quality < 0 && (i + 1) % _sampleStep == 0;
+        if (look && average.error() < _visibleError)
+            break;
+    }
+    const osg::Vec3f colour = qxShownColour(average.light());
     const std::size_t place = std::size_t(y) * std::size_t(m_settings.width) + std::size_t(x);
     std::uint8_t *const bytes = &picture.rgba[place * 4];
     for (osg::UInt32 i = 0; i < 3; ++i)

@@ -2,39 +2,64 @@
 
 #include <OpenSG/OSGVector.h>
 
-#include <cmath>
 #include <cstdint>
 
-/// Numbers from 0 to below 1 for one sample of a pixel, evenly spread over the samples of that
-/// pixel. They depend on the place in the picture and on nothing else.
+/// Random numbers from 0 to below 1 for one sample of a pixel. Over the samples of the pixel the
+/// numbers of one use cover the square evenly, and those of different uses have nothing to do with
+/// each other. They depend on the place in the picture and on nothing else.
 class qxSampler {
 public:
     qxSampler(std::uint32_t pixel, std::uint32_t sample) : m_pixel(pixel), m_sample(sample) {}
 
-    float next() { return shifted(0.6180339887498949); }
-    /// Two that belong together, spread evenly over the square.
+    float next() { return nextPair()[0]; }
     osg::Vec2f nextPair()
     {
-        const float x = shifted(0.7548776662466927);
-        return osg::Vec2f(x, shifted(0.5698402909980532));
+        const std::uint32_t seed = hashed(m_pixel ^ hashed(m_use++));
+        const std::uint32_t index = mirrored(shuffled(mirrored(m_sample), seed)) & 0xFFFFu;
+        return osg::Vec2f(asNumber(mirrored(shuffled(index, hashed(seed + 1)))),
+                          asNumber(mirrored(shuffled(second(index), hashed(seed + 2)))));
     }
 
 private:
-    /// A step sequence that starts somewhere else in each pixel and for each use.
-    float shifted(double step)
+    static std::uint32_t hashed(std::uint32_t x)
     {
-        const double value = hashed(m_pixel, m_use++) + m_sample * step;
-        return float(value - std::floor(value)) * 0.99999994f;
-    }
-
-    /// From 0 to below 1; a finaliser of integer hashes.
-    static double hashed(std::uint32_t a, std::uint32_t b)
-    {
-        std::uint32_t x = a * 0x9E3779B1u + b * 0x85EBCA77u + 0x165667B1u;
         x = (x ^ (x >> 16)) * 0x7FEB352Du;
         x = (x ^ (x >> 15)) * 0x846CA68Bu;
-        return double(x ^ (x >> 16)) / 4294967296.0;
+        return x ^ (x >> 16);
     }
+
+    /// With its bits in the opposite order.
+    static std::uint32_t mirrored(std::uint32_t x)
+    {
+        x = (x >> 16) | (x << 16);
+        x = ((x & 0xFF00FF00u) >> 8) | ((x & 0x00FF00FFu) << 8);
+        x = ((x & 0xF0F0F0F0u) >> 4) | ((x & 0x0F0F0F0Fu) << 4);
+        x = ((x & 0xCCCCCCCCu) >> 2) | ((x & 0x33333333u) << 2);
+        return ((x & 0xAAAAAAAAu) >> 1) | ((x & 0x55555555u) << 1);
+    }
+
+    /// By chance, where each bit depends on the lower ones only: of numbers with mirrored bits this
+    /// exchanges halves, halves of halves and so on, and what was even stays even.
+    static std::uint32_t shuffled(std::uint32_t x, std::uint32_t seed)
+    {
+        x += seed;
+        x ^= x * 0x6C50B47Cu;
+        x ^= x * 0xB82F1E52u;
+        x ^= x * 0xC7AFE638u;
+        return x ^ (x * 0x8D22F6E6u);
+    }
+
+    /// The second dimension of the even sequence whose first one is the mirrored index; with its
+    /// bits mirrored in turn.
+    static std::uint32_t second(std::uint32_t index)
+    {
+        std::uint32_t result = 0;
+        for (std::uint32_t step = 1u; index != 0; index >>= 1, step ^= step << 1)
+            result ^= (index & 1u) ? step : 0u;
+        return result;
+    }
+
+    static float asNumber(std::uint32_t x) { return float(x >> 8) / 16777216.0f; }
 
     std::uint32_t m_pixel;
     std::uint32_t m_sample;

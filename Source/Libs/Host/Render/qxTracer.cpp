@@ -13,8 +13,8 @@ const unsigned int _all = qxRenderGroup::Opaque | qxRenderGroup::Translucent;
 const int _mostSurfaces = 64; ///< that a ray passes through
 const float _nothing = 1.0f / 1024.0f; ///< less light than this is none
 const int _bounces = 2;
-const float _brightest = 8.0f; ///< of a reflected ray: a few brighter ones would be spots
-const std::size_t _lightsAsked = 4; ///< per point when ray tracing
+const float _brightest = 4.0f; ///< of a reflected ray: a few brighter ones would be spots
+const std::size_t _fewLights = 3; ///< so many are all asked for every point
 const float _lampSize = 0.02f; ///< radius of a directional light, as seen from distance 1
 
 /// A little beyond a distance, so that a ray that goes on does not find the same surface.
@@ -200,40 +200,66 @@ osg::Vec3f qxTracer::shaded(const Hit &hit, const qxRenderLayer &layer, int dept
     if (layer.unlit || m_scene.manner == Flat)
         return colour;
     const qxShading shading({colour, layer.metallic, layer.roughness}, hit.normal, hit.toEye);
-    const osg::Vec3f light = layer.emission + direct(hit, shading, sampler);
+    const osg::Vec3f light = layer.emission + direct(hit, shading, depth, sampler);
     if (m_scene.manner != RayTracing || depth >= _bounces)
         return light + shading.reflectedSky(m_scene.sky);
     return light + reflectedScene(hit, shading, depth, sampler);
 }
 
-osg::Vec3f qxTracer::direct(const Hit &hit, const qxShading &shading, qxSampler &sampler) const
+osg::Vec3f qxTracer::direct(const Hit &hit, const qxShading &shading, int depth,
+                            qxSampler &sampler) const
 {
     const std::vector<qxRenderLight> &lights = m_scene.lights.on;
     osg::Vec3f sum;
-    if (m_scene.manner != RayTracing || lights.size() <= _lightsAsked) {
+    if (m_scene.manner != RayTracing || (depth == 0 && lights.size() <= _fewLights)) {
         for (const qxRenderLight &light : lights)
-            sum += fromLight(light, hit, shading, sampler);
+            sum += arriving(offerOf(light, hit, shading), hit, sampler);
         return sum;
     }
-    // Some of many, each standing for its neighbours.
-    const float each = float(lights.size()) / float(_lightsAsked);
-    for (std::size_t i = 0; i < _lightsAsked; ++i) {
-        const std::size_t place = std::size_t((float(i) + sampler.next()) * each);
-        sum += fromLight(lights[std::min(place, lights.size() - 1)], hit, shading, sampler) * each;
-    }
+    const int asked = depth == 0 ? 2 : 1;
+    for (int i = 0; i < asked; ++i)
+        sum += arriving(drawn(hit, shading, sampler.next()), hit, sampler) * (1.0f / float(asked));
     return sum;
 }
 
-osg::Vec3f qxTracer::fromLight(const qxRenderLight &light, const Hit &hit, const qxShading &shading,
-                               qxSampler &sampler) const
+/// What a light gives if nothing is in its way.
+qxTracer::Offer qxTracer::offerOf(const qxRenderLight &light, const Hit &hit,
+                                  const qxShading &shading) const
 {
     const qxRenderLight::Arrival arrival = light.arrivalAt(hit.position);
     if (qxPeak(arrival.light) <= 0.0f)
-        return osg::Vec3f();
-    const osg::Vec3f share = qxProduct(arrival.light, shading.reflected(arrival.toLight));
-    if (qxPeak(share) <= 0.0f || !light.shadow)
-        return share;
-    osg::Vec3f direction = arrival.toLight;
+        return {osg::Vec3f(), arrival.toLight, arrival.distance, false};
+    return {qxProduct(arrival.light, shading.reflected(arrival.toLight)), arrival.toLight,
+            arrival.distance, light.shadow};
+}
+
+/// One of the lights, those that give more sooner than others, standing for all of them.
+qxTracer::Offer qxTracer::drawn(const Hit &hit, const qxShading &shading, float random) const
+{
+    Offer result = {osg::Vec3f(), osg::Vec3f(), 0.0f, false};
+    float sum = 0.0f;
+    for (const qxRenderLight &light : m_scene.lights.on) {
+        const Offer offer = offerOf(light, hit, shading);
+        const float weight = qxPeak(offer.light);
+        if (!(weight > 0.0f))
+            continue;
+        sum += weight;
+        const float chance = weight / sum;
+        const bool take = random < chance;
+        random = take ? random / chance : (random - chance) / (1.0f - chance);
+        if (take)
+            result = offer;
+    }
+    const float weight = qxPeak(result.light);
+    result.light *= weight > 0.0f ? sum / weight : 0.0f;
+    return result;
+}
+
+osg::Vec3f qxTracer::arriving(const Offer &offer, const Hit &hit, qxSampler &sampler) const
+{
+    if (qxPeak(offer.light) <= 0.0f || !offer.shadow)
+        return offer.light;
+    osg::Vec3f direction = offer.toLight;
     if (m_scene.manner == RayTracing) {
         // Towards some place of a lamp that is a disc.
         const osg::Vec2f place = sampler.nextPair();
@@ -243,7 +269,7 @@ osg::Vec3f qxTracer::fromLight(const qxRenderLight &light, const Hit &hit, const
         direction = qxUnit(direction + frame.x * (radius * std::cos(angle))
                            + frame.y * (radius * std::sin(angle)));
     }
-    return share * unhidden(hit, direction, arrival.distance);
+    return offer.light * unhidden(hit, direction, offer.distance);
 }
 
 /// The share of light that gets here from that far away.
@@ -267,6 +293,7 @@ float qxTracer::unhidden(const Hit &hit, const osg::Vec3f &direction, float dist
     for (int i = 0; i < _mostSurfaces && m_scene.group.hasTranslucent(); ++i) {
         if (through <= _nothing || !intersect(ray, qxRenderGroup::Translucent, other))
             break;
+        other.front = true; // shadows fall from both sides
         for (const qxRenderLayer &layer : other.material->layers)
             through *= 1.0f - other.alpha(layer, other.base(layer)[3]);
         ray.near = beyond(other.distance);

@@ -37,15 +37,24 @@ public:
 
 private:
     struct Hit;
+    /// Light of a lamp that a point would reflect to the eye.
+    struct Offer {
+        osg::Vec3f light;
+        osg::Vec3f toLight;
+        float distance;
+        bool shadow;
+    };
 
     Light gathered(qxRay ray, int depth, qxSampler &sampler) const;
     void pass(const qxRenderClipping::Crossing &plane, Light &light) const;
     void pass(const Hit &hit, int depth, qxSampler &sampler, Light &light) const;
     osg::Vec3f shaded(const Hit &hit, const qxRenderLayer &layer, int depth,
                       qxSampler &sampler) const;
-    osg::Vec3f direct(const Hit &hit, const qxShading &shading, qxSampler &sampler) const;
-    osg::Vec3f fromLight(const qxRenderLight &light, const Hit &hit, const qxShading &shading,
-                         qxSampler &sampler) const;
+    osg::Vec3f direct(const Hit &hit, const qxShading &shading, int depth,
+                      qxSampler &sampler) const;
+    Offer offerOf(const qxRenderLight &light, const Hit &hit, const qxShading &shading) const;
+    Offer drawn(const Hit &hit, const qxShading &shading, float random) const;
+    osg::Vec3f arriving(const Offer &offer, const Hit &hit, qxSampler &sampler) const;
     osg::Vec3f reflectedScene(const Hit &hit, const qxShading &shading, int depth,
                               qxSampler &sampler) const;
     bool intersect(const qxRay &ray, unsigned int mask, Hit &hit) const;

@@ -1,0 +1,216 @@
+#include "RenderFixture.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGMaterialChunk.h>
+#include <OpenSG/OSGMaterialGroup.h>
+#include <OpenSG/OSGMultiPassMaterial.h>
+#include <OpenSG/OSGSimpleTexturedMaterial.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+#include <OpenSG/OSGTextureChunk.h>
+#include <OpenSG/OSGTransform.h>
+
+class RenderMaterialTest : public RenderFixture {
+protected:
+    const osg::MaterialPtr red = flat(1, 0, 0);
+    const osg::MaterialPtr green = flat(0, 1, 0);
+    const osg::MaterialPtr blue = flat(0, 0, 1);
+
+    static qxSurface surface(qxSurface::AlphaMode mode, bool doubleSided = false)
+    {
+        qxSurface result;
+        result.alphaMode = mode;
+        result.doubleSided = doubleSided;
+        return result;
+    }
+
+    osg::MaterialPtr translucent(float r, float g, float b, float transparency)
+    {
+        const osg::MaterialPtr material = flat(r, g, b, surface(qxSurface::Blend));
+        osg::SimpleMaterialPtr::dcast(material)->setTransparency(transparency);
+        return material;
+    }
+
+    /// Red and green in the lower half, blue and a colour of half alpha in the upper one.
+    osg::ImagePtr fourFields()
+    {
+        const osg::UInt8 fields[4][4] = {
+            {255, 0, 0, 255}, {0, 255, 0, 255}, {0, 0, 255, 255}, {90, 60, 30, 127}};
+        std::vector<osg::UInt8> bytes;
+        for (int pixel = 0; pixel < 64; ++pixel) {
+            const osg::UInt8 *field = fields[pixel / 32 * 2 + pixel % 8 / 4];
+            bytes.insert(bytes.end(), field, field + 4);
+        }
+        const osg::ImagePtr image = osg::Image::create();
+        image->set(osg::Image::OSG_RGBA_PF, 8, 8, 1, 1, 1, 0.0, bytes.data());
+        return image;
+    }
+
+    /// The whole picture, with texture coordinates from 0 to `repeats`.
+    TestNode addTextured(const osg::MaterialPtr &material, float repeats)
+    {
+        const TestNode square = addSquare(material, osg::Vec3f(0, 0, 0), 2);
+        const auto core = osg::GeometryPtr::dcast(square.core());
+        const auto places = osg::GeoTexCoords2f::create();
+        const float r = repeats;
+        for (const osg::Vec2f &place : {osg::Vec2f(0, 0), osg::Vec2f(r, 0), osg::Vec2f(r, r),
+                                        osg::Vec2f(0, 0), osg::Vec2f(r, r), osg::Vec2f(0, r)})
+            places->push_back(place);
+        const osg::CPEditor edit(core);
+        core->setTexCoords(places);
+        return square;
+    }
+
+    osg::MaterialPtr textured(osg::UInt32 mode)
+    {
+        const auto material = osg::SimpleTexturedMaterial::create();
+        const osg::CPEditor edit(material);
+        material->setDiffuse(osg::Color3f(1, 1, 1));
+        material->setLit(false);
+        material->setImage(fourFields());
+        material->setEnvMode(mode);
+        return material;
+    }
+};
+
+TEST_F(RenderMaterialTest, ASwitchMaterialShowsItsChosenOneAndFollowsIt)
+{
+    const auto choices = osg::SwitchMaterial::create();
+    choices->addMaterial(red);
+    choices->addMaterial(green);
+    addSquare(choices, osg::Vec3f(0, 0, 0), 1);
+    EXPECT_EQ(picture().at(0, 0), "255 0 0");
+    choices->setChoice(1);
+    EXPECT_EQ(picture().at(0, 0), "0 255 0");
+    osg::SimpleMaterialPtr::dcast(green)->setDiffuse(osg::Color3f(0, 1, 1));
+    EXPECT_EQ(picture().at(0, 0), "0 255 255");
+}
+
+TEST_F(RenderMaterialTest, TheOutermostMaterialGroupWins)
+{
+    const TestNode outer = scene.addMaterialGroup("Outer", red);
+    const TestNode inner = scene.addMaterialGroup("Inner", green, outer);
+    addSquare(blue, osg::Vec3f(0, 0, 0), 1, inner);
+    EXPECT_EQ(picture().at(0, 0), "255 0 0");
+    const auto group = osg::MaterialGroupPtr::dcast(outer.core());
+    group->setMaterial(osg::MaterialPtr(osg::NullFC));
+    EXPECT_EQ(picture().at(0, 0), "0 255 0");
+    osg::MaterialGroupPtr::dcast(inner.core())->setMaterial(osg::MaterialPtr(osg::NullFC));
+    EXPECT_EQ(picture().at(0, 0), "0 0 255");
+}
+
+TEST_F(RenderMaterialTest, PassesLieOnTopOfEachOther)
+{
+    const auto passes = osg::MultiPassMaterial::create();
+    passes->addMaterial(red);
+    passes->addMaterial(green);
+    passes->addMaterial(translucent(0, 0, 1, 0.5f));
+    addSquare(passes, osg::Vec3f(0, 0, 0), 1);
+    EXPECT_EQ(picture().at(0, 0), "0 188 188");
+}
+
+TEST_F(RenderMaterialTest, TranslucentSurfacesMixWithWhatIsBehind)
+{
+    addSquare(green, osg::Vec3f(0, 0, -1), 2);
+    addSquare(translucent(1, 0, 0, 0.5f), osg::Vec3f(0, 0, 0), 1);
+    EXPECT_EQ(picture().at(0, 0), "188 188 0");
+    addSquare(translucent(0, 0, 1, 1), osg::Vec3f(0, 0, 1), 1);
+    EXPECT_EQ(picture().at(0, 0), "188 188 0");
+}
+
+TEST_F(RenderMaterialTest, ASurfaceThatBecomesTranslucentNoLongerThrowsAFullShadow)
+{
+    qxSurface matt;
+    matt.metallic = 0;
+    addSquare(lit(0.5f, 0.5f, 0.5f, matt), osg::Vec3f(0, 0, 0), 2);
+    addSun(2);
+    const osg::MaterialPtr paint = flat(1, 0, 0);
+    addSquare(paint, osg::Vec3f(0, 0, 20), 1);
+    const int full = picture().brightness(0, 0);
+    surface(qxSurface::Blend).setTo(paint);
+    osg::SimpleMaterialPtr::dcast(paint)->setTransparency(0.5f);
+    EXPECT_GT(picture().brightness(0, 0), full + 50);
+    EXPECT_LT(picture().brightness(0, 0), picture().brightness(0, 0.8f) - 50);
+}
+
+TEST_F(RenderMaterialTest, OneSidedSurfacesAreNotSeenFromBehind)
+{
+    const TestNode turned = scene.addTransform("Turned");
+    osg::TransformPtr::dcast(turned.core())->getMatrix().setScale(-1, 1, -1);
+    addSquare(red, osg::Vec3f(0.5f, 0, 0), 0.9f, turned);
+    const osg::MaterialPtr both = flat(0, 1, 0, surface(qxSurface::Opaque, true));
+    addSquare(both, osg::Vec3f(-0.5f, 0, 0), 0.9f, turned);
+    EXPECT_EQ(picture().at(-0.5f, 0), "0 0 0");
+    EXPECT_EQ(picture().at(0.5f, 0), "0 255 0");
+    osg::TransformPtr::dcast(turned.core())->getMatrix().setScale(-1, 1, 1); // a mirror
+    EXPECT_EQ(picture().at(-0.5f, 0), "255 0 0");
+}
+
+TEST_F(RenderMaterialTest, TexturesAreShownAsTheirModeSaysBottomRowFirst)
+{
+    const TestNode square = addTextured(textured(GL_MODULATE), 1);
+    addSquare(green, osg::Vec3f(0, 0, -1), 2);
+    TestPicture seen = picture();
+    EXPECT_EQ(seen.at(-0.5f, -0.5f), "255 0 0");
+    EXPECT_EQ(seen.at(0.5f, -0.5f), "0 255 0");
+    EXPECT_EQ(seen.at(-0.5f, 0.5f), "0 0 255");
+    EXPECT_EQ(seen.at(0.5f, 0.5f), "90 60 30"); // its alpha means nothing to an opaque material
+    const auto core = osg::GeometryPtr::dcast(square.core());
+    core->setMaterial(textured(GL_DECAL));
+    EXPECT_EQ(picture().at(0.5f, 0.5f), "196 192 189");
+}
+
+TEST_F(RenderMaterialTest, AMaskShowsWhatIsOpaqueEnough)
+{
+    const osg::MaterialPtr material = textured(GL_MODULATE);
+    qxSurface masked = surface(qxSurface::Mask);
+    masked.unlit = true;
+    masked.alphaCutoff = 0.6f;
+    masked.setTo(material);
+    addTextured(material, 1);
+    EXPECT_EQ(picture().at(0.5f, 0.5f), "0 0 0");
+    EXPECT_EQ(picture().at(-0.5f, -0.5f), "255 0 0");
+    masked.alphaCutoff = 0.4f;
+    masked.setTo(material);
+    EXPECT_NE(picture().at(0.5f, 0.5f), "0 0 0");
+}
+
+TEST_F(RenderMaterialTest, ChunksGiveColourPictureAndWrap)
+{
+    const auto chunk = osg::TextureChunk::create();
+    osg::ImagePtr image = fourFields();
+    chunk->setImage(image);
+    chunk->setWrapS(GL_CLAMP_TO_EDGE);
+    chunk->setEnvMode(GL_REPLACE);
+    const auto material = osg::ChunkMaterial::create();
+    material->addChunk(osg::MaterialChunk::create());
+    material->addChunk(chunk);
+    addTextured(material, 4);
+    // Four rows repeat upwards; to the right the last column goes on.
+    EXPECT_EQ(picture().at(0.8f, -0.875f), "0 255 0");
+    EXPECT_EQ(picture().at(0.8f, -0.375f), "0 255 0");
+}
+
+TEST_F(RenderMaterialTest, VertexColoursTintTheBaseColour)
+{
+    const TestNode square = addSquare(flat(1, 1, 0), osg::Vec3f(0, 0, 0), 2);
+    const auto colours = osg::GeoColors4f::create();
+    for (int i = 0; i < 6; ++i)
+        colours->push_back(osg::Color3f(0, 1, 1));
+    osg::GeometryPtr::dcast(square.core())->setColors(colours);
+    EXPECT_EQ(picture().at(0, 0), "0 255 0");
+}
+
+TEST_F(RenderMaterialTest, AnImageThatIsEditedIsShownAsItIs)
+{
+    const osg::ImagePtr image = fourFields();
+    const osg::MaterialPtr material = textured(GL_REPLACE);
+    osg::SimpleTexturedMaterialPtr::dcast(material)->setImage(image);
+    addTextured(material, 1);
+    EXPECT_EQ(picture().at(-0.5f, -0.5f), "255 0 0");
+    {
+        const osg::CPEditor edit(image);
+        image->clear(255);
+    }
+    EXPECT_EQ(picture().at(-0.5f, -0.5f), "255 255 255");
+}

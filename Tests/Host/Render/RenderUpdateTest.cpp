@@ -1,0 +1,93 @@
+#include "Cameras/qxMainView.h"
+#include "RenderFixture.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGSwitchMaterial.h>
+#include <OpenSG/OSGThread.h>
+
+#include <random>
+
+/// A wall of small squares below switches, hidden and shown, painted and moved by chance.
+class RenderUpdateTest : public RenderFixture {
+protected:
+    RenderUpdateTest()
+    {
+        for (const auto &colour : {osg::Vec3f(1, 0, 0), osg::Vec3f(0, 1, 0), osg::Vec3f(0, 0, 1)})
+            m_materials.push_back(flat(colour[0], colour[1], colour[2]));
+        for (int i = 0; i < 60; ++i)
+            addPart(i);
+        addSun(2);
+    }
+
+    void changeSomething()
+    {
+        const std::size_t i = random(m_parts.size());
+        switch (random(6)) {
+        case 0:
+            m_parts[i].setMask(random(2) ? 0xFFFFFFFF : 0);
+            break;
+        case 1:
+            m_movers[i].choose(int(random(3)));
+            break;
+        case 2:
+            m_switches[i].choose(int(random(3)) - 1);
+            break;
+        case 3:
+            osg::GeometryPtr::dcast(m_squares[i].core())->setMaterial(material());
+            break;
+        case 4:
+            osg::Thread::getCurrentChangeList()->clearAll();
+            break;
+        default:
+            moveToEnd(i);
+        }
+    }
+
+    std::size_t random(std::size_t below) { return m_random() % below; }
+
+private:
+    osg::MaterialPtr material() { return m_materials[random(m_materials.size())]; }
+
+    void addPart(int number)
+    {
+        m_parts.push_back(scene.add("Part"));
+        m_movers.push_back(scene.addTransformSwitch("Mover", 3, m_parts.back()));
+        m_switches.push_back(scene.addSwitch("Switch", {"A", "B"}, m_movers.back()));
+        const osg::Vec3f place(float(number % 10) * 0.2f - 0.9f, float(number / 10) * 0.3f - 0.8f,
+                               float(number % 7));
+        m_squares.push_back(addSquare(material(), place, 0.19f, m_switches.back().child(0)));
+        addSquare(lit(1, 1, 1, qxSurface()), place, 0.1f, m_switches.back().child(1));
+        m_switches.back().choose(0);
+    }
+
+    void moveToEnd(std::size_t part)
+    {
+        const osg::NodePtr root = qxScenegraph::getRoot();
+        const osg::CPEditor edit(root, osg::Node::ChildrenFieldMask);
+        root->addChild(m_parts[part].node());
+    }
+
+    std::mt19937 m_random{17};
+    std::vector<osg::MaterialPtr> m_materials;
+    std::vector<TestNode> m_parts, m_movers, m_switches, m_squares;
+};
+
+TEST_F(RenderUpdateTest, WhatWasKeptGivesThePictureOfAFreshRenderer)
+{
+    for (int round = 0; round < 60; ++round) {
+        for (std::size_t i = random(5); i > 0; --i)
+            changeSomething();
+        settings.quality = round % 10 == 9 ? 2 : 0;
+        ASSERT_EQ(picture().bytes(), freshPicture().bytes()) << "round " << round;
+    }
+}
+
+TEST_F(RenderUpdateTest, ARendererOutlivesScenesAndHosts)
+{
+    picture();
+    host.clearScene();
+    EXPECT_EQ(picture().bytes(), freshPicture().bytes());
+    addSquare(flat(1, 1, 0), osg::Vec3f(0, 0, 0), 1);
+    qxMainView::the().camera.height = 2;
+    EXPECT_EQ(picture().bytes(), freshPicture().bytes());
+}
