@@ -5,8 +5,8 @@ class WrongUseTest : public ProgramFixture {};
 
 namespace {
 
-const QStringList commands{"info",   "list",     "state",  "select",   "set",
-                           "create", "document", "verify", "optimize", "lint"};
+const QStringList commands{"info",     "list",   "state",    "select", "set",    "create",
+                           "document", "verify", "optimize", "lint",   "explain"};
 
 } // namespace
 
@@ -61,9 +61,10 @@ TEST_F(WrongUseTest, AFileThatIsNoSceneFailsWithItsPath)
     const QString text = write("text.gltf", "Dear all,");
     const QString empty = write("empty.glb", "");
     for (const QString &command : commands) {
-        const QStringList more = command == "select" ? QStringList{"Morning"}
-            : command == "set"                       ? QStringList{"Desk", "Oak"}
-                                                     : QStringList();
+        const bool needsSet = command == "select" || command == "explain";
+        const QStringList more = needsSet ? QStringList{"Morning"}
+            : command == "set"            ? QStringList{"Desk", "Oak"}
+                                          : QStringList();
         for (const QString &file : {scene, text, empty, folder.path()}) {
             refused(1, QStringList{command, file} + more, file.toUtf8() + ": ");
             EXPECT_EQ(workbench(QStringList{command, file} + more).err.count('\n'), 1);

@@ -8,10 +8,10 @@
 namespace {
 
 const qxCommand *const commands[] = {
-    &qxCommands::info,     &qxCommands::list,     &qxCommands::state,     &qxCommands::select,
-    &qxCommands::set,      &qxCommands::create,   &qxCommands::document,  &qxCommands::verify,
-    &qxCommands::optimize, &qxCommands::lint,     &qxCommands::runScript, &qxCommands::python,
-    &qxCommands::render,   &qxCommands::previews, &qxCommands::catalogue,
+    &qxCommands::info,     &qxCommands::list,   &qxCommands::state,    &qxCommands::select,
+    &qxCommands::set,      &qxCommands::create, &qxCommands::document, &qxCommands::verify,
+    &qxCommands::optimize, &qxCommands::lint,   &qxCommands::explain,  &qxCommands::runScript,
+    &qxCommands::python,   &qxCommands::render, &qxCommands::previews, &qxCommands::catalogue,
 };
 
 QString overview()
@@ -50,6 +50,8 @@ QString argumentHelp(QString argument)
     if (argument == QLatin1String("SCRIPT"))
         return QStringLiteral("A file with Python source, - for standard input. "
                               "What follows -- on the command line is in its sys.argv.");
+    if (argument == QLatin1String("SET"))
+        return QStringLiteral("Name of a variant set.");
     if (argument == QLatin1String("SET..."))
         return QStringLiteral("Names of variant sets.");
     return argument == QLatin1String("VARIANT") ? QStringLiteral("Name of a variant.")

@@ -42,6 +42,7 @@ extern const qxCommand python;
 extern const qxCommand render;
 extern const qxCommand previews;
 extern const qxCommand catalogue;
+extern const qxCommand explain;
 
 /// Finds the command that `arguments` (with the program's name in front) ask for and runs it.
 int dispatch(const QStringList &arguments);

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "qxStateRules.h"
+
+#include <QStringList>
+
+class qxVariantSet;
+
+/// What one entry of a set does when the set is selected.
+struct qxExplainedEntry {
+    QString kind; ///< "node" and the other kinds of variants, "viewpoint", "animation" and so on
+    QString name; ///< of the variant, viewpoint, animation; empty for what a set has once
+    QString state; ///< empty for what is no variant
+    bool isVariant = false;
+    bool isVariantFound = false;
+    bool isStateKnown = false; ///< it is an option of the variant
+    QString object; ///< the name of what is looked up in the scene
+    int found = 0; ///< how many of that name there are
+    int reached = 0; ///< how many of them take the state
+    QString from; ///< the first that takes it, just before its turn; empty for what has no state
+    QString to;
+    /// Why it does nothing, or has done nothing; none when all is well.
+    std::optional<qxCode> code;
+    bool isDone = false; ///< the scene shows it, after the selection
+};
+
+/// What only the host can see of a selection.
+struct qxSelectionOutcome {
+    QString viewpoint; ///< where the camera is
+    QStringList animations; ///< that were started, in order
+    bool isClipped = false; ///< the clipping plane is as the set has it
+};
+
+/// Foresees what selecting a set in full does to the scene of the host, and compares it with what
+/// it did. It does not select and changes nothing.
+class qxExplanation {
+public:
+    /// Foresees; what is there now must stay there until compare, but for what the set changes.
+    explicit qxExplanation(const qxVariantSet &set);
+
+    /// Looks at the scene after the selection: completes the code and isDone of each entry.
+    void compare(const qxSelectionOutcome &outcome);
+
+    /// In the order in which a selection goes through the set.
+    const std::vector<qxExplainedEntry> &entries() const { return m_entries; }
+
+private:
+    /// What an entry makes of one aspect of one object.
+    struct Change {
+        std::size_t entry;
+        qxSceneObject object;
+        qxAspect aspect;
+        int value;
+    };
+
+    void addTargets(const qxVariantSet &set);
+    void addVariants(const qxVariantSet &set, qxVariantKind kind);
+    void addViewpoints(const qxVariantSet &set);
+    void addRest(const qxVariantSet &set);
+    void addAnimations(const qxVariantSet &set);
+    /// Foresees the state in every object of the entry's name.
+    void foresee(qxExplainedEntry &entry, qxVariantKind kind);
+    void apply(qxExplainedEntry &entry, const qxSceneObject &object, const qxEffect &effect);
+    void showSubTree(const osg::NodePtr &node);
+    int valueOf(const qxSceneObject &object, qxAspect aspect) const;
+    /// An entry that is no variant; without a code it is expected to happen.
+    void addPlain(const char *kind, const QString &name, std::optional<qxCode> code);
+    bool isShown(const qxExplainedEntry &entry, const qxSelectionOutcome &outcome) const;
+    void compareChanges();
+
+    const qxSceneIndex m_scene;
+    std::vector<qxExplainedEntry> m_entries;
+    std::vector<Change> m_changes;
+    QHash<qxAspectKey, int> m_values; ///< what was changed so far
+    QSet<qxAspectKey> m_done; ///< shared cores that the present entry has changed already
+};

@@ -1,0 +1,74 @@
+#include "Program.h"
+
+#include <QFile>
+
+/// The explain command, which selects a set and leaves nothing behind.
+class ExplainTest : public ProgramFixture {};
+
+TEST_F(ExplainTest, EachEntryIsARowWithWhatBecameOfIt)
+{
+    const QString scene = desk();
+    const QByteArray before = bytesOf(scene);
+    EXPECT_EQ(
+        done({"explain", scene, "Evening"}).out,
+        "Evening\n"
+        "  node Desk = Oak                   stays Oak                   done\n"
+        "  node Shelf = Red                                              QX601 the variant does "
+        "not exist\n"
+        "  node Lamp = !Enable               stays !Enable               done\n"
+        "  node Chair = Transform 2          Transform 0 -> Transform 2  done\n"
+        "  viewpoint Front                                               QX626 a later entry "
+        "changes it again\n"
+        "  script                                                        QX620 scripts are not "
+        "run here\n"
+        "  animation Sunset                                              QX618 the animation does "
+        "not exist\n"
+        "  default viewpoint Über dem Tisch                              done\n");
+    EXPECT_EQ(bytesOf(scene), before);
+    refused(1, {"explain", scene, "Midnight"}, "no variant set is called \"Midnight\"");
+    refused(2, {"explain", scene}, "explain needs FILE SET");
+}
+
+TEST_F(ExplainTest, JsonTellsWhatWasFoundAndWhatHappened)
+{
+    const QJsonObject json = done({"explain", desk(), "Evening", "--json"}).object();
+    EXPECT_EQ(json["name"], "Evening");
+    ASSERT_EQ(json["entries"].toArray().size(), 8);
+    EXPECT_EQ(json["entries"][3],
+              (QJsonObject{{"kind", "node"},
+                           {"name", "Chair"},
+                           {"state", "Transform 2"},
+                           {"variantFound", true},
+                           {"stateKnown", true},
+                           {"object", "Chair"},
+                           {"found", 1},
+                           {"reached", 1},
+                           {"from", "Transform 0"},
+                           {"to", "Transform 2"},
+                           {"code", QJsonValue()},
+                           {"reason", QJsonValue()},
+                           {"done", true}}));
+    EXPECT_EQ(json["entries"][1]["code"], "QX601");
+    EXPECT_EQ(json["entries"][1]["variantFound"], false);
+    EXPECT_EQ(json["entries"][1]["done"], false);
+    EXPECT_TRUE(json["entries"][6]["state"].isNull());
+}
+
+TEST_F(ExplainTest, ScriptsOfASetStayUnrun)
+{
+    const QString proof = path("proof.txt");
+    const QByteArray set = "<Variants><VariantSet name='Only'><Script>open(\"" + proof.toUtf8()
+        + "\", \"w\")</Script></VariantSet></Variants>";
+    EXPECT_EQ(done({"explain", desk(set), "Only"}).out,
+              "Only\n  script    QX620 scripts are not run here\n");
+    EXPECT_FALSE(QFile::exists(proof));
+}
+
+TEST_F(ExplainTest, SetsOfTheDemoDoWhatIsForeseen)
+{
+    for (const char *name : {"As Delivered", "Night Show", "Grand Tour", "Demonstration"}) {
+        const ProgramRun run = done({"explain", QX_DEMO_SCENE, name});
+        EXPECT_FALSE(run.out.contains("QX60") || run.out.contains("QX627"))
+            << run.out.toStdString();
+    }
+}
