@@ -1,0 +1,317 @@
+#include "Cameras/qxMainView.h"
+#include "Core/qxHost.h"
+#include "Files/qxSceneFile.h"
+#include "Render/qxEmbree.h"
+#include "Render/qxRenderCamera.h"
+#include "Render/qxRenderer.h"
+#include "Render/qxShownWalk.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGSimpleGeometry.h>
+#include <OpenSG/OSGSimpleMaterial.h>
+#include <OpenSG/OSGTransform.h>
+#include <OpenSG/OSGTriangleIterator.h>
+
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+const int _width = 264;
+const int _height = 256;
+
+/// What the argument of the benchmarks means when it is no number of triangles.
+const int _demo = 0;
+
+/// A hilly field of 10,000 triangles.
+osg::GeometryPtr makeField()
+{
+    const int side = 71;
+    const auto positions = osg::GeoPositions3f::create();
+    const auto indices = osg::GeoIndicesUI32::create();
+    for (int z = 0; z < side; ++z) {
+        for (int x = 0; x < side; ++x) {
+            const float height = 0.05f * std::sin(float(x) * 0.5f) * std::cos(float(z) * 0.3f);
+            positions->push_back(osg::Pnt3f(float(x) / 70.0f, height, float(z) / 70.0f));
+            const osg::UInt32 first = osg::UInt32(z * side + x);
+            const osg::UInt32 corners[] = {first,     first + side, first + 1,
+                                           first + 1, first + side, first + side + 1};
+            for (const osg::UInt32 corner : corners) {
+                if (x + 1 < side && z + 1 < side)
+                    indices->push_back(corner);
+            }
+        }
+    }
+    const auto types = osg::GeoPTypesUI8::create();
+    types->push_back(GL_TRIANGLES);
+    const auto lengths = osg::GeoPLengthsUI32::create();
+    lengths->push_back(indices->size());
+    const osg::GeometryPtr field = osg::Geometry::create();
+    field->setPositions(positions);
+    field->setIndices(indices);
+    field->setTypes(types);
+    field->setLengths(lengths);
+    return field;
+}
+
+/// A host whose scene is the demo, or a square of nodes whose geometries take turns.
+class RenderedScene {
+public:
+    explicit RenderedScene(int triangles)
+    {
+        settings.width = _width;
+        settings.height = _height;
+        if (triangles == _demo)
+            loadDemo();
+        else
+            addNodes(triangles / 9800, makeGeometries(triangles / 9800, makeField()));
+    }
+    /// Small geometries, each shown by ten nodes, and pictures of one pixel.
+    struct Small {
+        int nodes;
+    };
+    explicit RenderedScene(const Small &small)
+    {
+        settings.width = settings.height = 1;
+        addNodes(small.nodes, makeGeometries(small.nodes / 10, osg::makeBoxGeo(1, 1, 1, 1, 1, 1)));
+    }
+    RenderedScene(const RenderedScene &) = delete;
+    ~RenderedScene() { m_host.clearScene(); }
+
+    qxPictureSettings settings;
+
+private:
+    typedef std::vector<osg::GeometryPtr> Geometries;
+
+    static Geometries makeGeometries(int count, const osg::GeometryPtr &first)
+    {
+        const osg::SimpleMaterialPtr material = osg::SimpleMaterial::create();
+        material->setDiffuse(osg::Color3f(0.5f, 0.6f, 0.4f));
+        first->setMaterial(material);
+        Geometries geometries(1, first);
+        while (int(geometries.size()) < count)
+            geometries.push_back(first->clone());
+        return geometries;
+    }
+
+    static void addNodes(int count, const Geometries &geometries)
+    {
+        const int side = int(std::ceil(std::sqrt(float(count))));
+        for (int i = 0; i < count; ++i) {
+            const osg::TransformPtr place = osg::Transform::create();
+            place->getMatrix().setTranslate(float(i % side), 0, float(i / side));
+            const osg::NodePtr mover = osg::makeNodeFor(place);
+            mover->addChild(osg::makeNodeFor(geometries[std::size_t(i) % geometries.size()]));
+            qxScenegraph::getRoot()->addChild(mover);
+        }
+    }
+
+    void loadDemo()
+    {
+        const QTemporaryDir folder;
+        QProcess generator;
+        generator.setStandardOutputFile(QProcess::nullDevice());
+        generator.start(QStringLiteral(QX_DEMOS "/Roadster/make-roadster"), {folder.path()});
+        generator.waitForFinished(-1);
+        qxSceneFile file;
+        if (!file.load(folder.filePath("roadster.gltf")))
+            qFatal("%s", qPrintable(file.errorString()));
+    }
+
+    qxHost m_host;
+};
+
+/// The triangles that the scene shows, in world coordinates, with nothing but the library for rays.
+class BareScene {
+public:
+    BareScene()
+    {
+        qxShownListener listener;
+        listener.part = [this](const qxShownPart &part) { collect(part); };
+        qxWalkShown(qxScenegraph::getRoot(), listener);
+    }
+
+    void build()
+    {
+        m_scene.reset(rtcNewScene(m_device.get()));
+        const qxEmbreeGeometry mesh(rtcNewGeometry(m_device.get(), RTC_GEOMETRY_TYPE_TRIANGLE));
+        void *const corners = rtcSetNewGeometryBuffer(mesh.get(), RTC_BUFFER_TYPE_VERTEX, 0,
+                                                      RTC_FORMAT_FLOAT3, 12, m_corners.size());
+        std::copy(m_corners.begin(), m_corners.end(), static_cast<osg::Vec3f *>(corners));
+        void *const indices = rtcSetNewGeometryBuffer(mesh.get(), RTC_BUFFER_TYPE_INDEX, 0,
+                                                      RTC_FORMAT_UINT3, 12, m_corners.size() / 3);
+        for (std::size_t i = 0; i < m_corners.size(); ++i)
+            static_cast<unsigned *>(indices)[i] = unsigned(i);
+        rtcCommitGeometry(mesh.get());
+        rtcAttachGeometry(m_scene.get(), mesh.get());
+        rtcCommitScene(m_scene.get());
+    }
+
+    /// A ray per pixel, and from what it meets one towards a light.
+    int trace() const
+    {
+        RTCBounds bounds;
+        rtcGetSceneBounds(m_scene.get(), &bounds);
+        qxBox box;
+        box.lower = osg::Vec3f(bounds.lower_x, bounds.lower_y, bounds.lower_z);
+        box.upper = osg::Vec3f(bounds.upper_x, bounds.upper_y, bounds.upper_z);
+        const qxRenderCamera camera(qxMainView::the().camera, box, _width, _height);
+        int lit = 0;
+        for (int pixel = 0; pixel < _width * _height; ++pixel)
+            lit +=
+                tracePixel(camera.ray(float(pixel % _width) + 0.5f, float(pixel / _width) + 0.5f));
+        return lit;
+    }
+
+private:
+    void collect(const qxShownPart &part)
+    {
+        const osg::TriangleIterator end = part.core->endTriangles();
+        for (osg::TriangleIterator it = part.core->beginTriangles(); it != end; ++it) {
+            for (int k = 0; k < 3; ++k) {
+                osg::Pnt3f corner;
+                part.toWorld.multMatrixPnt(it.getPosition(k), corner);
+                m_corners.push_back(osg::Vec3f(corner));
+            }
+        }
+    }
+
+    static RTCRay rayFrom(const osg::Vec3f &origin, const osg::Vec3f &direction)
+    {
+        RTCRay ray = {};
+        ray.org_x = origin[0];
+        ray.org_y = origin[1];
+        ray.org_z = origin[2];
+        ray.dir_x = direction[0];
+        ray.dir_y = direction[1];
+        ray.dir_z = direction[2];
+        ray.tfar = std::numeric_limits<float>::infinity();
+        ray.mask = ~0u;
+        return ray;
+    }
+
+    int tracePixel(const qxRay &ray) const
+    {
+        RTCIntersectContext context;
+        rtcInitIntersectContext(&context);
+        RTCRayHit hit = {};
+        hit.ray = rayFrom(ray.origin, ray.direction);
+        hit.hit.geomID = RTC_INVALID_GEOMETRY_ID;
+        rtcIntersect1(m_scene.get(), &context, &hit);
+        if (hit.hit.geomID == RTC_INVALID_GEOMETRY_ID)
+            return 0;
+        const osg::Vec3f place = ray.at(hit.ray.tfar * 0.9999f);
+        RTCRay shadow = rayFrom(place, osg::Vec3f(0.3f, 0.9f, 0.2f));
+        rtcOccluded1(m_scene.get(), &context, &shadow);
+        return shadow.tfar > 0.0f;
+    }
+
+    qxEmbreeDevice m_device{rtcNewDevice(nullptr)};
+    qxEmbreeScene m_scene;
+    std::vector<osg::Vec3f> m_corners;
+};
+
+void renderPicture(benchmark::State &state)
+{
+    const RenderedScene scene(int(state.range(0)));
+    qxRenderer renderer;
+    renderer.render(scene.settings);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(renderer.render(scene.settings).rgba.data());
+}
+
+void renderPictureBare(benchmark::State &state)
+{
+    const RenderedScene scene(int(state.range(0)));
+    BareScene bare;
+    bare.build();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(bare.trace());
+}
+
+void renderFirst(benchmark::State &state)
+{
+    const RenderedScene scene(int(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(qxRenderer().render(scene.settings).rgba.data());
+}
+
+void renderFirstBare(benchmark::State &state)
+{
+    const RenderedScene scene(int(state.range(0)));
+    BareScene bare;
+    for (auto _ : state) {
+        bare.build();
+        benchmark::DoNotOptimize(bare.trace());
+    }
+}
+
+/// 100,000 nodes, of which ten appear or disappear between pictures of one pixel.
+void renderChanged(benchmark::State &state)
+{
+    const RenderedScene scene(RenderedScene::Small{int(state.range(0))});
+    qxRenderer renderer;
+    renderer.render(scene.settings);
+    osg::UInt32 mask = 0;
+    for (auto _ : state) {
+        for (osg::UInt32 i = 0; i < 10; ++i) {
+            const osg::NodePtr node = qxScenegraph::getRoot()->getChild(i * 997);
+            const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
+            node->setTravMask(mask);
+        }
+        mask = ~mask;
+        benchmark::DoNotOptimize(renderer.render(scene.settings).rgba.data());
+    }
+}
+
+/// The same by a renderer that has seen nothing yet.
+void renderAnew(benchmark::State &state)
+{
+    const RenderedScene scene(RenderedScene::Small{int(state.range(0))});
+    for (auto _ : state)
+        benchmark::DoNotOptimize(qxRenderer().render(scene.settings).rgba.data());
+}
+
+} // namespace
+
+// Argument: number of triangles, 0 for the demo. Processor time of all threads.
+BENCHMARK(renderPicture)
+    ->Name("Rendering/picture")
+    ->Arg(_demo)
+    ->Arg(1000000)
+    ->MeasureProcessCPUTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(renderPictureBare)
+    ->Name("Rendering/barePicture")
+    ->Arg(_demo)
+    ->Arg(1000000)
+    ->MeasureProcessCPUTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(renderFirst)
+    ->Name("Rendering/first")
+    ->Arg(_demo)
+    ->Arg(1000000)
+    ->MeasureProcessCPUTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(renderFirstBare)
+    ->Name("Rendering/bareFirst")
+    ->Arg(_demo)
+    ->Arg(1000000)
+    ->MeasureProcessCPUTime()
+    ->Unit(benchmark::kMillisecond);
+// Argument: number of nodes.
+BENCHMARK(renderChanged)
+    ->Name("RenderUpdate/tenChanged")
+    ->Arg(100000)
+    ->MeasureProcessCPUTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(renderAnew)
+    ->Name("RenderUpdate/bareAnew")
+    ->Arg(100000)
+    ->MeasureProcessCPUTime()
+    ->Unit(benchmark::kMillisecond);
