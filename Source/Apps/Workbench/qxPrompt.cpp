@@ -76,7 +76,11 @@ const char module[] = "qxPrompt";
 python::object makePrompt()
 {
     const python::object made = python::import("types").attr("ModuleType")(module);
-    python::exec(source, made.attr("__dict__"));
+    python::object names = made.attr("__dict__");
+    // Python 2.7 does not see to that itself.
+    names["__builtins__"] =
+        python::object(python::handle<>(python::borrowed(PyEval_GetBuiltins())));
+    python::exec(source, names);
     python::import("sys").attr("modules")[module] = made;
     return made.attr("prompt");
 }

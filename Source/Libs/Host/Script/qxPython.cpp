@@ -89,6 +89,12 @@ boost::python::object qxPythonObject(const std::string &text)
 
 PyObject *qxPythonCompile(const std::string &text, const std::string &fileName, int start)
 {
+    // Python 2.7 takes the bytes of texts as they are.
+    namespace python = boost::python;
+    const python::handle<> valid(
+        python::allow_null(PyUnicode_DecodeUTF8(text.data(), Py_ssize_t(text.size()), "strict")));
+    if (!valid)
+        return nullptr;
     // The mark says UTF-8, and unlike the flag for that it allows a coding line.
     const std::string marked = byteOrderMark + withoutMark(text);
     return Py_CompileString(marked.c_str(), fileName.c_str(), start);
