@@ -92,6 +92,7 @@ const Fault faults[] = {
     {"<GeometryRef ref=\"Body\"", "<GeometryRef ref=\"Red\"", "QX307 GeometryRef[1]"},
     {"<TargetName name=\"Body\"", "<TargetName name=\"Signs\"", "QX308 TargetName[1]"},
     {"nodePath=\"Body/Trim\"", "nodePath=\"Body|Trim\"", "QX309 MaterialSnapshot[1]"},
+    {"nodePath=\"Body/Trim\"", "nodePath=\"Trim\"", "QX309 MaterialSnapshot[1]"},
     {"materialName=\"Blue\"", "materialName=\"Body\"", "QX310 MaterialSnapshot[1]"},
     {"<NodeVariant name=\"Lamp\" base=\"Lamp\">\n  <Default ref=\"!Enable\"/>",
      "<NodeVariant name=\"Lamp\" base=\"Chair\">\n  <Default ref=\"!Enable\"/>", ""},

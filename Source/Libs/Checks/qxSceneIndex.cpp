@@ -14,24 +14,42 @@ QString nameOf(const osg::NodePtr &node)
     return QString::fromStdString(qxNodeUtils::getName(node));
 }
 
+constexpr quint64 EmptyPath = 0xCBF29CE484222325;
+
+/// The hash of a path (FNV-1a, 64 bits) that goes on with `text`.
+quint64 hashOf(const std::string &text, quint64 hash)
+{
+    for (const char each : text)
+        hash = (hash ^ quint64(static_cast<unsigned char>(each))) * 0x100000001B3;
+    return hash;
+}
+
+/// Everything of the overlay tree but its root, which no overlay variant reaches.
+std::vector<qxNodePtr> overlayNodes()
+{
+    std::vector<qxNodePtr> nodes = qxNodeUtils::getSubTreeNodes(qxOverlays::getPoolRoot());
+    if (!nodes.empty())
+        nodes.erase(nodes.begin());
+    return nodes;
+}
+
 } // namespace
 
 qxSceneIndex::qxSceneIndex()
-    : m_nodes(nodesBelow(qxScenegraph::getRoot(), true)),
-      m_overlays(nodesBelow(qxOverlays::getPoolRoot(), false))
+    : m_nodes(byName(qxNodeUtils::getSceneNodes())), m_overlays(byName(overlayNodes()))
 {
     qxAnimManager::the()->getBlockAndClipNames(m_clips);
 }
 
-qxSceneIndex::Nodes qxSceneIndex::nodesBelow(const osg::NodePtr &root, bool withRoot)
+qxSceneIndex::Nodes qxSceneIndex::byName(const std::vector<qxNodePtr> &nodes)
 {
-    Nodes nodes;
-    for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(root)) {
+    Nodes result;
+    for (const qxNodePtr &node : nodes) {
         const QString name = nameOf(node);
-        if (!name.isEmpty() && (withRoot || node != root))
-            nodes[name].push_back(node);
+        if (!name.isEmpty())
+            result[name].push_back(node);
     }
-    return nodes;
+    return result;
 }
 
 std::vector<qxSceneObject> qxSceneIndex::objects(qxVariantKind kind, const QString &base) const
@@ -65,17 +83,26 @@ bool qxSceneIndex::hasMaterial(const QString &name) const
 
 bool qxSceneIndex::hasPath(const QString &path) const
 {
-    if (m_paths.isEmpty())
-        addPaths(qxScenegraph::getRoot(), QString());
-    return m_paths.contains(path);
+    if (m_paths.isEmpty()) {
+        const osg::NodePtr root = qxScenegraph::getRoot();
+        for (osg::UInt32 i = 0; i < root->getNChildren(); ++i)
+            addPaths(root->getChild(i));
+        addPaths(qxScenegraph::environmentGeometrySwitch());
+    }
+    return m_paths.contains(hashOf(path.toStdString(), EmptyPath));
 }
 
-void qxSceneIndex::addPaths(const osg::NodePtr &parent, const QString &prefix) const
+void qxSceneIndex::addPaths(const osg::NodePtr &top) const
 {
-    for (osg::UInt32 i = 0; i < parent->getNChildren(); ++i) {
-        const osg::NodePtr child = parent->getChild(i);
-        const QString path = prefix + nameOf(child);
+    if (top == osg::NullFC)
+        return;
+    std::vector<std::pair<osg::NodePtr, quint64>> open{{top, EmptyPath}};
+    while (!open.empty()) { // not the call stack: scenes may be deep
+        const auto [node, prefix] = open.back();
+        open.pop_back();
+        const quint64 path = hashOf(qxNodeUtils::getName(node), prefix);
         m_paths.insert(path);
-        addPaths(child, path + QLatin1Char('/'));
+        for (osg::UInt32 i = 0; i < node->getNChildren(); ++i)
+            open.push_back({node->getChild(i), hashOf("/", path)});
     }
 }

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "qxNodePtr.h"
 #include "qxOutline.h"
 
 #include <OpenSG/OSGMaterial.h>
-#include <OpenSG/OSGNode.h>
 
 #include <QHash>
 #include <QSet>
@@ -39,11 +39,13 @@ public:
 private:
     typedef QHash<QString, std::vector<osg::NodePtr>> Nodes;
 
-    static Nodes nodesBelow(const osg::NodePtr &root, bool withRoot);
-    void addPaths(const osg::NodePtr &parent, const QString &prefix) const;
+    static Nodes byName(const std::vector<qxNodePtr> &nodes);
+    void addPaths(const osg::NodePtr &top) const;
 
     const Nodes m_nodes;
     const Nodes m_overlays;
     std::set<std::string> m_clips;
-    mutable QSet<QString> m_paths; ///< filled when the first path is asked for
+    /// Hashes of all paths, filled when the first is asked for: the texts would take the square of
+    /// the depth.
+    mutable QSet<quint64> m_paths;
 };
