@@ -107,6 +107,8 @@ PyObject *qxPythonEvaluate(PyObject *code, PyObject *names)
 
 namespace {
 
+namespace converter = boost::python::converter;
+
 /// Lets functions that take a text take a unicode object as well, not only a byte string. The bytes
 /// live as long as the object.
 void *bytesOfUnicode(PyObject *object)
@@ -119,6 +121,14 @@ void *bytesOfUnicode(PyObject *object)
         return const_cast<char *>(bytes);
     PyErr_Clear();
     return nullptr;
+}
+
+void makeTextOfUnicode(PyObject *object, converter::rvalue_from_python_stage1_data *data)
+{
+    typedef converter::rvalue_from_python_storage<std::string> Storage;
+    void *const text = reinterpret_cast<Storage *>(data)->storage.bytes;
+    new (text) std::string(qxPythonText(object));
+    data->convertible = text;
 }
 
 } // namespace
@@ -139,8 +149,9 @@ std::string qxPythonStart()
     char *arguments[] = {noArgument};
     PySys_SetArgvEx(1, arguments, 0);
     PyUnicode_SetDefaultEncoding("utf-8");
-    namespace converter = boost::python::converter;
     converter::registry::insert(&bytesOfUnicode, boost::python::type_id<char>());
+    converter::registry::push_back(&bytesOfUnicode, &makeTextOfUnicode,
+                                   boost::python::type_id<std::string>());
     return std::string();
 }
 

@@ -1,5 +1,5 @@
 #include "Script/qxPython.h"
-#include "Script/qxScriptHandle.h"
+#include "Script/qxScriptScene.h"
 #include "Script/qxScriptWords.h"
 
 namespace python = boost::python;

@@ -1,5 +1,6 @@
+#include "Script/qxScriptScene.h"
+
 #include "Scene/qxNodeWalk.h"
-#include "Script/qxScriptHandle.h"
 #include "qxController.h"
 #include "qxLog.h"
 #include "qxMaterials.h"
