@@ -5,8 +5,8 @@ class WrongUseTest : public ProgramFixture {};
 
 namespace {
 
-const QStringList commands{"info",     "list",   "state",    "select", "set",    "create",
-                           "document", "verify", "optimize", "lint",   "explain"};
+const QStringList commands{"info",   "list",     "state", "select",  "set",   "create", "document",
+                           "verify", "optimize", "lint",  "explain", "check", "capture"};
 
 } // namespace
 
@@ -61,7 +61,7 @@ TEST_F(WrongUseTest, AFileThatIsNoSceneFailsWithItsPath)
     const QString text = write("text.gltf", "Dear all,");
     const QString empty = write("empty.glb", "");
     for (const QString &command : commands) {
-        const bool needsSet = command == "select" || command == "explain";
+        const bool needsSet = command == "select" || command == "explain" || command == "capture";
         const QStringList more = needsSet ? QStringList{"Morning"}
             : command == "set"            ? QStringList{"Desk", "Oak"}
                                           : QStringList();

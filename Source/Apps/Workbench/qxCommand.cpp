@@ -8,10 +8,11 @@
 namespace {
 
 const qxCommand *const commands[] = {
-    &qxCommands::info,     &qxCommands::list,   &qxCommands::state,    &qxCommands::select,
-    &qxCommands::set,      &qxCommands::create, &qxCommands::document, &qxCommands::verify,
-    &qxCommands::optimize, &qxCommands::lint,   &qxCommands::explain,  &qxCommands::runScript,
-    &qxCommands::python,   &qxCommands::render, &qxCommands::previews, &qxCommands::catalogue,
+    &qxCommands::info,     &qxCommands::list,    &qxCommands::state,    &qxCommands::select,
+    &qxCommands::set,      &qxCommands::create,  &qxCommands::document, &qxCommands::verify,
+    &qxCommands::optimize, &qxCommands::lint,    &qxCommands::explain,  &qxCommands::runScript,
+    &qxCommands::python,   &qxCommands::render,  &qxCommands::previews, &qxCommands::catalogue,
+    &qxCommands::check,    &qxCommands::capture,
 };
 
 QString overview()
@@ -54,6 +55,8 @@ QString argumentHelp(QString argument)
         return QStringLiteral("Name of a variant set.");
     if (argument == QLatin1String("SET..."))
         return QStringLiteral("Names of variant sets.");
+    if (argument == QLatin1String("NAME"))
+        return QStringLiteral("Name of the new variant set.");
     return argument == QLatin1String("VARIANT") ? QStringLiteral("Name of a variant.")
                                                 : QStringLiteral("Name of one of its states.");
 }

@@ -43,6 +43,8 @@ extern const qxCommand render;
 extern const qxCommand previews;
 extern const qxCommand catalogue;
 extern const qxCommand explain;
+extern const qxCommand check;
+extern const qxCommand capture;
 
 /// Finds the command that `arguments` (with the program's name in front) ask for and runs it.
 int dispatch(const QStringList &arguments);

@@ -3,6 +3,7 @@
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
 #include "qxMaterials.h"
+#include "qxNodePath.h"
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
@@ -17,15 +18,6 @@ namespace {
 QString nameOf(const osg::NodePtr &node)
 {
     return QString::fromStdString(qxNodeUtils::getName(node));
-}
-
-QString pathOf(const osg::NodePtr &node)
-{
-    QStringList names;
-    const osg::NodePtr root = qxScenegraph::getRoot();
-    for (osg::NodePtr at = node; at != osg::NullFC && at != root; at = at->getParent())
-        names.prepend(nameOf(at));
-    return names.join(QLatin1Char('/'));
 }
 
 osg::Int64 choiceOf(const osg::NodePtr &node)
@@ -112,7 +104,7 @@ QList<qxSceneChange> qxSceneState::nodeChanges(const NodeState &before, const No
     QList<qxSceneChange> changes;
     const auto add = [&](const QString &from, const QString &to) {
         if (from != to)
-            changes += qxSceneChange{pathOf(after.node.get()), 0, from, to};
+            changes += qxSceneChange{qxNodePath(after.node.get()), 0, from, to};
     };
     if (before.mask != after.mask)
         add(maskText(before.mask), maskText(after.mask));

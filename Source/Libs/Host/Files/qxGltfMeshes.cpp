@@ -175,6 +175,17 @@ long long trianglesOf(const qxGltfModel &model, const tinygltf::Primitive &primi
     return primitive.mode == TINYGLTF_MODE_TRIANGLES ? count / 3 : std::max(0LL, count - 2);
 }
 
+/// Names the geometry after its mesh. From the second part on a number follows, so that nodes that
+/// show the parts can be told apart.
+void namePart(const osg::GeometryPtr &geometry, const std::string *mesh, std::size_t number)
+{
+    const std::string name = mesh ? *mesh : geometry->getTypeName();
+    if (number > 1)
+        osg::setName(geometry, name + ' ' + std::to_string(number));
+    else if (mesh)
+        osg::setName(geometry, name);
+}
+
 } // namespace
 
 std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
@@ -183,7 +194,7 @@ std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
     std::vector<qxGltfMeshParts> meshes;
     for (const tinygltf::Mesh &mesh : model.typed.meshes) {
         const qxJson &json = model.document.json["meshes"][meshes.size()];
-        const bool named = qxGltfMember(json, "name").is_string();
+        const bool isNamed = qxGltfMember(json, "name").is_string();
         qxGltfMeshParts parts;
         for (const tinygltf::Primitive &primitive : mesh.primitives) {
             try {
@@ -192,8 +203,8 @@ std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
                 throw qxGltfError(qxGltfCalled("mesh", int(meshes.size()), json)
                                   + QString(", primitive %1: ").arg(parts.size()) + error.reason());
             }
-            if (named && parts.back() != osg::NullFC)
-                osg::setName(parts.back().get(), mesh.name);
+            if (parts.back() != osg::NullFC)
+                namePart(parts.back().get(), isNamed ? &mesh.name : nullptr, parts.size());
         }
         meshes.push_back(std::move(parts));
     }

@@ -1,5 +1,6 @@
 #include "Files/qxSceneFile.h"
 
+#include "Files/qxGltfCameraPatch.h"
 #include "Files/qxGltfCheck.h"
 #include "Files/qxGltfExtras.h"
 #include "Files/qxGltfMeshPatch.h"
@@ -8,6 +9,7 @@
 #include "Files/qxGltfPatch.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
+#include "qxUberCameraPool.h"
 
 #include <exception>
 
@@ -21,6 +23,7 @@ struct qxSceneFile::Content {
     qxGltfMaterialPatch::Before materials;
     qxGltfSwitchUse loaded;
     qxGltfSwitchUse mapped;
+    int viewpoints = 0; ///< how many the file has
     QByteArray variants;
     std::vector<qxSceneVariant> materialVariants;
     qxSceneFileInfo info;
@@ -113,6 +116,7 @@ std::unique_ptr<qxSceneFile::Content> qxSceneFile::Content::load(const QString &
     content->materialVariants = scene.variants;
     content->origin = scene.origin;
     scene.show();
+    content->viewpoints = qxUberCameraPool::the()->count();
     content->loaded = qxGltfSwitchUse::of(content->before);
     content->document = std::move(model.document);
     content->buffers = std::move(model.buffers);
@@ -134,6 +138,7 @@ qxJson qxSceneFile::Content::edited() const
     const std::vector<int> meshes = qxGltfMeshPatch(json, origin, materialPatch).write(after);
     materialPatch.settleNames();
     qxGltfPatch(json, before, after).write(meshes, scene);
+    qxGltfAddViewpoints(json, scene, viewpoints);
     if (variants != variantsIn(json, scene)) {
         qxGltfSetExtra(variantsHolder(json, scene), qxGltfKeys::variants,
                        variants.isEmpty() ? qxJson() : qxJson(variants.toStdString()));

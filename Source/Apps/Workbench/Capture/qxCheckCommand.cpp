@@ -1,0 +1,41 @@
+#include "Capture/qxAmbiguousNodes.h"
+#include "qxCommand.h"
+#include "qxOutput.h"
+#include "qxSession.h"
+#include "qxShowCommand.h"
+
+#include <QCommandLineParser>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+QJsonArray asJson(const QList<QStringList> &rows)
+{
+    QJsonArray array;
+    for (const QStringList &row : rows)
+        array += QJsonObject{{QStringLiteral("name"), row[0]}, {QStringLiteral("path"), row[1]}};
+    return array;
+}
+
+int run(const QCommandLineParser &parser)
+{
+    qxSession session(parser.isSet(QStringLiteral("trace")));
+    if (!session.open(parser.positionalArguments().first()))
+        return WorkFailed;
+    const qxAmbiguousNodes nodes;
+    if (parser.isSet(QStringLiteral("json")))
+        qxOutput::json(asJson(nodes.rows()));
+    else if (nodes.isEmpty())
+        qxOutput::line(QStringLiteral("no ambiguous nodes"));
+    else
+        qxOutput::table(nodes.rows());
+    return nodes.isEmpty() ? Success : WorkFailed;
+}
+
+} // namespace
+
+const qxCommand qxCommands::check = {
+    "check", "FILE", "Lists nodes that a capture could not tell apart: name and path of each.",
+    1,       1,      qxShowCommand::options,
+    run};

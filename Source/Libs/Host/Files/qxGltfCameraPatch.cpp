@@ -1,0 +1,71 @@
+#include "Files/qxGltfCameraPatch.h"
+
+#include "Files/qxGltfPatch.h"
+#include "qxUberCameraPool.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Stands for infinity, which a parallel projection cannot have in a file.
+constexpr float FarAway = 1e6f;
+
+qxJson parallelJson(const qxUberCamera &camera)
+{
+    const float nearPlane = std::max(camera.nearPlane, 0.0f);
+    return {{"xmag", qxGltfNumber(camera.height / 2)},
+            {"ymag", qxGltfNumber(camera.height / 2)},
+            {"znear", qxGltfNumber(nearPlane)},
+            {"zfar", qxGltfNumber(camera.farPlane > nearPlane ? camera.farPlane : FarAway)}};
+}
+
+qxJson perspectiveJson(const qxUberCamera &camera)
+{
+    qxJson json = {{"yfov", qxGltfNumber(camera.fieldOfView)},
+                   {"znear", qxGltfNumber(camera.nearPlane)}};
+    if (camera.farPlane > camera.nearPlane)
+        json["zfar"] = qxGltfNumber(camera.farPlane);
+    return json;
+}
+
+qxJson cameraJson(const qxUberCamera &camera)
+{
+    qxJson json;
+    if (!camera.name.empty())
+        json["name"] = camera.name;
+    const bool isParallel = camera.fieldOfView <= 0;
+    json["type"] = isParallel ? "orthographic" : "perspective";
+    json[isParallel ? "orthographic" : "perspective"] =
+        isParallel ? parallelJson(camera) : perspectiveJson(camera);
+    return json;
+}
+
+qxJson nodeJson(const qxUberCamera &camera, std::size_t index)
+{
+    qxJson json;
+    json["camera"] = index;
+    if (camera.toWorld != osg::Matrix::identity())
+        json["matrix"] = qxGltfNumberList(camera.toWorld.getValues(), 16);
+    return json;
+}
+
+} // namespace
+
+void qxGltfAddViewpoints(qxJson &json, int scene, int first)
+{
+    const qxUberCameraPool &pool = *qxUberCameraPool::the();
+    if (first >= pool.count())
+        return;
+    if (qxGltfSection(json, "scenes").empty()) {
+        json["scene"] = 0;
+        json["scenes"] = qxJson::array({qxJson::object()});
+    }
+    qxJson &roots = json["scenes"][std::size_t(std::max(scene, 0))]["nodes"];
+    for (int id = first; id < pool.count(); ++id) {
+        const qxUberCamera &camera = *pool.get(id);
+        const std::size_t index = qxGltfSection(json, "cameras").size();
+        roots.push_back(qxGltfSection(json, "nodes").size());
+        json["cameras"].push_back(cameraJson(camera));
+        json["nodes"].push_back(nodeJson(camera, index));
+    }
+}
