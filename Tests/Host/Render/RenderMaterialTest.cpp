@@ -1,4 +1,5 @@
 #include "RenderFixture.h"
+#include "qxMaterials.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGImage.h>
@@ -86,12 +87,15 @@ TEST_F(RenderMaterialTest, ASwitchMaterialShowsItsChosenOneAndFollowsIt)
     EXPECT_EQ(picture().at(0, 0), "0 255 255");
 }
 
-TEST_F(RenderMaterialTest, TheOutermostMaterialGroupWins)
+TEST_F(RenderMaterialTest, TheOutermostMaterialGroupThatIsNotIgnoredWins)
 {
     const TestNode outer = scene.addMaterialGroup("Outer", red);
     const TestNode inner = scene.addMaterialGroup("Inner", green, outer);
     addSquare(blue, osg::Vec3f(0, 0, 0), 1, inner);
     EXPECT_EQ(picture().at(0, 0), "255 0 0");
+    qxMaterials::setIgnoreMaterialGroup(outer, true);
+    EXPECT_EQ(picture().at(0, 0), "0 255 0");
+    qxMaterials::setIgnoreMaterialGroup(outer, false);
     const auto group = osg::MaterialGroupPtr::dcast(outer.core());
     group->setMaterial(osg::MaterialPtr(osg::NullFC));
     EXPECT_EQ(picture().at(0, 0), "0 255 0");

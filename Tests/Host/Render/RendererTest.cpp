@@ -1,17 +1,26 @@
 #include "Cameras/qxMainView.h"
 #include "OSGOverlayCore.h"
 #include "RenderFixture.h"
+#include "Scene/qxScene.h"
 #include "qxLights.h"
 
 #include <OpenSG/OSGTransform.h>
 
 #include <limits>
+#include <sstream>
 
 class RendererTest : public RenderFixture {
 protected:
     const osg::MaterialPtr red = flat(1, 0, 0);
     const osg::MaterialPtr green = flat(0, 1, 0);
     const osg::MaterialPtr blue = flat(0, 0, 1);
+
+    static qxSurface bothSides()
+    {
+        qxSurface surface;
+        surface.doubleSided = true;
+        return surface;
+    }
 };
 
 TEST_F(RendererTest, AnEmptySceneIsItsBackground)
@@ -132,6 +141,47 @@ TEST_F(RendererTest, AnOverlayLiesOnTopAndHigherLayersInFront)
     EXPECT_EQ(picture().at(0, 0), "0 255 0");
     low.setMask(0);
     EXPECT_EQ(picture().at(0, 0), "255 0 0");
+}
+
+TEST_F(RendererTest, TheChosenEnvironmentIsBehindEverything)
+{
+    const TestNode choices = scene.addSwitch("Environments", {"Day", "Night"});
+    osg::NodeRefPtr kept(choices.node());
+    addSquare(lit(0, 0, 1, qxSurface()), osg::Vec3f(0, 0, 5), 20, choices.child(0));
+    addSquare(red, osg::Vec3f(0, 0, 5), 20, choices.child(1));
+    scene.root().node()->subChild(choices.node());
+    qxScene::current()->setEnvironment(choices);
+    choices.choose(0);
+    addSquare(green, osg::Vec3f(0.5f, 0, 0), 1);
+    EXPECT_EQ(picture().at(-0.5f, 0), "0 0 255");
+    EXPECT_EQ(picture().at(0.5f, 0), "0 255 0");
+    choices.choose(1);
+    EXPECT_EQ(picture().at(-0.5f, 0), "255 0 0");
+    qxScene::current()->setEnvironment(osg::NullFC);
+    EXPECT_EQ(picture().at(-0.5f, 0), "0 0 0");
+}
+
+TEST_F(RendererTest, AMirrorShowsTheSceneAndTheEnvironment)
+{
+    qxSurface mirror;
+    mirror.roughness = 0;
+    addSquare(lit(1, 1, 1, mirror), osg::Vec3f(0, 0, 0), 2);
+    addSquare(flat(0, 1, 0, bothSides()), osg::Vec3f(-0.5f, 0, 20), 1); // behind the camera
+    const TestNode choices = scene.addSwitch("Environments", {"Red"});
+    const osg::NodeRefPtr kept(choices.node());
+    addSquare(flat(1, 0, 0, bothSides()), osg::Vec3f(0, 0, 30), 50, choices.child(0));
+    scene.root().node()->subChild(choices.node());
+    qxScene::current()->setEnvironment(choices);
+    choices.choose(0);
+    settings.quality = 4;
+    const TestPicture seen = picture();
+    const auto isAbout = [](const std::string &colour, int expectedR, int expectedG) {
+        int r = 0, g = 0, b = 0;
+        std::istringstream(colour) >> r >> g >> b;
+        return std::abs(r - expectedR) < 90 && std::abs(g - expectedG) < 90 && b < 90;
+    };
+    EXPECT_TRUE(isAbout(seen.at(-0.5f, 0), 0, 230)) << seen.at(-0.5f, 0);
+    EXPECT_TRUE(isAbout(seen.at(0.5f, 0), 230, 0)) << seen.at(0.5f, 0);
 }
 
 TEST_F(RendererTest, ALightSwitchedOffDarkens)

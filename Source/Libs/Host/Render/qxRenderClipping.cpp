@@ -61,12 +61,17 @@ void qxRenderClipping::limit(qxRay &ray) const
         ray.far = -1.0f;
 }
 
-float qxRenderClipping::gridCover(const osg::Vec3f &point, float pixel) const
+float qxRenderClipping::gridCover(const qxRay &ray, float distance, float pixel) const
 {
     const float step = gridStep(m_halfSize * 2.0f);
-    const osg::Vec3f way = point - m_centre;
-    return std::max(lineCover(way.dot(m_frame.x), step, pixel),
-                    lineCover(way.dot(m_frame.y), step, pixel));
+    const osg::Vec3f way = ray.at(distance) - m_centre;
+    const float rise = m_frame.z.dot(ray.direction);
+    const auto cover = [&](const osg::Vec3f &axis) {
+        // How fast the coordinate along the axis changes from pixel to pixel.
+        const osg::Vec3f change = axis - m_frame.z * (axis.dot(ray.direction) / rise);
+        return lineCover(way.dot(axis), step, pixel * change.length());
+    };
+    return std::max(cover(m_frame.x), cover(m_frame.y));
 }
 
 qxRenderClipping::Crossing qxRenderClipping::crossing(const qxRay &ray,
@@ -81,8 +86,8 @@ qxRenderClipping::Crossing qxRenderClipping::crossing(const qxRay &ray,
     const float beside = std::max(std::fabs(way.dot(m_frame.x)), std::fabs(way.dot(m_frame.y)));
     if (!(distance > ray.near && distance < ray.far) || !(beside <= m_halfSize))
         return none;
-    const float pixel = camera.pixelSize(distance) / std::max(std::fabs(rise), 0.05f);
-    const float grid = m_settings.showGrid ? gridCover(ray.at(distance), pixel) : 0.0f;
+    const float pixel = camera.pixelSize(distance);
+    const float grid = m_settings.showGrid ? gridCover(ray, distance, pixel) : 0.0f;
     const float plane = m_settings.showPlane ? _planeAlpha * (1.0f - grid) : 0.0f;
     const float alpha = grid + plane;
     if (!(alpha > 0.0f))

@@ -36,7 +36,7 @@ public:
     Crossing crossing(const qxRay &ray, const qxRenderCamera &camera) const;
 
 private:
-    float gridCover(const osg::Vec3f &point, float pixel) const;
+    float gridCover(const qxRay &ray, float distance, float pixel) const;
 
     qxClipping m_settings;
     bool m_active;

@@ -3,7 +3,8 @@
 #include "Scene/qxScene.h"
 
 qxRenderScene::qxRenderScene(RTCDevice device)
-    : m_device(device), m_sources(device), m_shown(device, m_sources)
+    : m_device(device), m_sources(device), m_shown(device, m_sources),
+      m_environment(device, m_sources)
 {
 }
 
@@ -20,7 +21,17 @@ void qxRenderScene::update()
     };
     qxWalkShown(scene.root(), listener);
     m_shown.finish();
+    updateEnvironment();
     updateOverlays();
+}
+
+void qxRenderScene::updateEnvironment()
+{
+    m_environment.begin();
+    qxShownListener listener;
+    listener.part = [this](const qxShownPart &part) { m_environment.add(part); };
+    qxWalkShown(qxScene::current()->environment(), listener);
+    m_environment.finish();
 }
 
 void qxRenderScene::updateOverlays()

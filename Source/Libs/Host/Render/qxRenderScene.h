@@ -6,7 +6,8 @@
 #include <map>
 #include <memory>
 
-/// The running host's scene as rays find it: what is shown, its lights and its overlays.
+/// The running host's scene as rays find it: what is shown, its lights, its
+/// environment and its overlays.
 class qxRenderScene {
 public:
     explicit qxRenderScene(RTCDevice device);
@@ -18,15 +19,19 @@ public:
     /// Overlays by layer, the farthest first.
     typedef std::map<osg::UInt32, std::unique_ptr<qxRenderGroup>> Overlays;
     const Overlays &overlays() const { return m_overlays; }
+    /// What is seen behind everything else; without instances when there is none.
+    const qxRenderGroup &environment() const { return m_environment; }
     const qxRenderLights &lights() const { return m_lights; }
 
 private:
     qxRenderGroup &overlay(osg::UInt32 layer);
+    void updateEnvironment();
     void updateOverlays();
 
     RTCDevice m_device;
     qxRenderSources m_sources;
     qxRenderGroup m_shown;
+    qxRenderGroup m_environment;
     Overlays m_overlays;
     qxRenderLights m_lights;
 };

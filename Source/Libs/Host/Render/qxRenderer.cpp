@@ -30,11 +30,38 @@ qxRenderLight headLight(const qxRenderCamera &camera)
     return light;
 }
 
+osg::Vec3f notNegative(const osg::Vec3f &light)
+{
+    return osg::Vec3f(std::max(light[0], 0.0f), std::max(light[1], 0.0f), std::max(light[2], 0.0f));
+}
+
 int samplesOf(const qxPictureSettings &settings)
 {
     if (settings.quality == qxPictureSettings::Quick)
         return 1;
     return settings.quality < 0 ? _bestSamples : settings.quality;
+}
+
+/// The light of an environment in a few words: what comes from below and from above on average, as
+/// the middle of the scene gets it.
+qxSky skyOf(const qxTracer &environment, const qxBox &scene)
+{
+    const int count = 256;
+    osg::Vec3f sums[2];
+    for (int i = 0; i < count; ++i) {
+        qxSampler sampler(0, std::uint32_t(i));
+        const osg::Vec2f place = sampler.nextPair();
+        const float height = 2.0f * place[0] - 1.0f;
+        const float radius = std::sqrt(1.0f - height * height);
+        const float angle = 6.2831853f * place[1];
+        qxRay ray;
+        ray.origin = scene.isEmpty() ? osg::Vec3f() : scene.centre();
+        ray.direction = osg::Vec3f(radius * std::cos(angle), height, radius * std::sin(angle));
+        sums[height > 0.0f] += environment.seen(ray, sampler).light * (2.0f / float(count));
+    }
+    // The halves' averages are those at half the height.
+    const osg::Vec3f difference = (sums[1] - sums[0]) * 0.5f;
+    return qxSky(notNegative(sums[0] - difference), notNegative(sums[1] + difference));
 }
 
 /// The average of a pixel's samples.
@@ -76,7 +103,7 @@ private:
                                 const qxRenderClipping &clipping) const;
     void paintPixel(int x, int y, qxPicture &picture) const;
     osg::Vec3f sample(int x, int y, int number) const;
-    osg::Vec3f background(float y) const;
+    osg::Vec3f background(const qxRay &ray, float y, qxSampler &sampler) const;
 
     const qxPictureSettings &m_settings;
     const int m_across; ///< tiles in a row
@@ -90,6 +117,8 @@ private:
     const osg::Vec3f m_top;
     const osg::Vec3f m_bottom;
     qxRenderLights m_lights;
+    qxSky m_sky;
+    std::unique_ptr<qxTracer> m_environment; ///< null without
     std::unique_ptr<qxTracer> m_tracer;
     std::vector<qxTracer> m_overlays; ///< the farthest first
 };
@@ -102,23 +131,28 @@ Painter::Painter(const qxRenderScene &scene, const qxPictureSettings &settings)
       m_contour(scene.shown(), m_clipping, m_camera, settings.width, settings.height),
       m_contourLight(qxLightOf(m_clipping.settings().contourColor)),
       m_top(qxLightOf(settings.backgroundTop)), m_bottom(qxLightOf(settings.backgroundBottom)),
-      m_lights(scene.lights())
+      m_lights(scene.lights()),
+      // With lights of its own a scene gets less light from the room around it.
+      m_sky(qxSky::room(m_lights.isEmpty() ? 0.9f : 0.4f))
 {
     m_lights.expose(scene.shown().bounds());
     if (m_lights.isEmpty())
         m_lights.on.push_back(headLight(m_camera));
+    if (!scene.environment().instances().empty()) {
+        m_environment = std::make_unique<qxTracer>(
+            tracerScene(scene.environment(), qxTracer::Flat, m_noClipping));
+        m_sky = skyOf(*m_environment, scene.shown().bounds());
+    }
     const qxTracer::Manner manner = m_rayTracing ? qxTracer::RayTracing : qxTracer::HardLight;
     m_tracer = std::make_unique<qxTracer>(tracerScene(scene.shown(), manner, m_clipping));
     for (const auto &overlay : scene.overlays())
         m_overlays.emplace_back(tracerScene(*overlay.second, qxTracer::Flat, m_noClipping));
 }
 
-/// With lights of its own a scene gets less light from the room around it.
 qxTracer::Scene Painter::tracerScene(const qxRenderGroup &group, qxTracer::Manner manner,
                                      const qxRenderClipping &clipping) const
 {
-    const bool hasLights = m_lights.on.empty() || m_lights.on.front().shadow;
-    return {group, m_lights, clipping, m_camera, qxSky(hasLights ? 0.4f : 0.9f), manner};
+    return {group, m_lights, clipping, m_camera, m_sky, manner, m_environment.get()};
 }
 
 void Painter::paintTile(int tile, qxPicture &picture) const
@@ -156,7 +190,7 @@ osg::Vec3f Painter::sample(int x, int y, int number) const
     const osg::Vec2f shift = m_samples > 1 ? sampler.nextPair() : osg::Vec2f(0.5f, 0.5f);
     const qxRay ray = m_camera.ray(float(x) + shift[0], float(y) + shift[1]);
     const qxTracer::Light seen = m_tracer->seen(ray, sampler);
-    osg::Vec3f light = seen.light + background(float(y) + shift[1]) * seen.through;
+    osg::Vec3f light = seen.light + background(ray, float(y) + shift[1], sampler) * seen.through;
     if (m_rayTracing)
         light = qxToneMapped(light);
     const qxContour::Pixel line = m_contour.at(x, y);
@@ -169,9 +203,15 @@ osg::Vec3f Painter::sample(int x, int y, int number) const
     return light;
 }
 
-osg::Vec3f Painter::background(float y) const
+osg::Vec3f Painter::background(const qxRay &ray, float y, qxSampler &sampler) const
 {
-    return qxMixed(m_bottom, m_top, y / float(m_settings.height));
+    const osg::Vec3f plain = qxMixed(m_bottom, m_top, y / float(m_settings.height));
+    if (!m_environment)
+        return plain;
+    qxRay endless = ray;
+    endless.far = std::numeric_limits<float>::infinity();
+    const qxTracer::Light seen = m_environment->seen(endless, sampler);
+    return seen.light + plain * seen.through;
 }
 
 bool isPossible(const qxPictureSettings &settings)

@@ -1,6 +1,7 @@
 #include "Render/qxShownWalk.h"
 
 #include "OSGOverlayCore.h"
+#include "qxMaterials.h"
 
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGSwitch.h>
@@ -82,7 +83,7 @@ private:
             above.matrix = m_matrices.size() - 1;
             break;
         case Kind::MaterialGroup:
-            if (above.material == osg::NullFC)
+            if (above.material == osg::NullFC && !qxMaterials::getIgnoreMaterialGroup(node))
                 above.material = osg::MaterialGroupPtr::dcast(core)->getMaterial();
             break;
         case Kind::Overlay:

@@ -10,7 +10,7 @@
 struct qxShownPart {
     osg::UInt32 node; ///< its id
     osg::GeometryPtr core;
-    osg::MaterialPtr material; ///< that of the outermost material group, else the geometry's own
+    osg::MaterialPtr material; ///< that of the outermost material group not ignored, else its own
     osg::Matrix toWorld;
     osg::UInt32 layer; ///< of the overlay that it belongs to; 0 without
 };

@@ -2,19 +2,23 @@
 
 namespace {
 
-const osg::Vec3f _above(1.15f, 1.17f, 1.2f);
-const osg::Vec3f _below(0.32f, 0.31f, 0.3f);
-const osg::Vec3f _lamp(2.2f, 2.15f, 2.05f);
 const osg::Vec3f _lampDirection(0.35f, 0.82f, 0.45f);
 const float _lampSharpness = 12.0f;
 
-/// The room changes evenly from below to above; `slope` 1 is the room itself.
-osg::Vec3f room(float height, float slope)
+} // namespace
+
+qxSky qxSky::room(float strength)
 {
-    return qxMixed(_below, _above, 0.5f + 0.5f * slope * height);
+    qxSky sky(osg::Vec3f(0.32f, 0.31f, 0.3f) * strength, osg::Vec3f(1.15f, 1.17f, 1.2f) * strength);
+    sky.m_lamp = osg::Vec3f(2.2f, 2.15f, 2.05f) * strength;
+    return sky;
 }
 
-} // namespace
+/// With `slope` below 1 the difference between below and above is smaller.
+osg::Vec3f qxSky::light(float height, float slope) const
+{
+    return qxMixed(m_below, m_above, 0.5f + 0.5f * slope * height);
+}
 
 osg::Vec3f qxSky::mirrored(const osg::Vec3f &direction, float roughness) const
 {
@@ -23,12 +27,12 @@ osg::Vec3f qxSky::mirrored(const osg::Vec3f &direction, float roughness) const
     const float towards = std::max(0.0f, direction.dot(qxUnit(_lampDirection)));
     // A blurred lamp is larger and, with the same light in all, darker.
     const float lamp = std::pow(towards, sharpness) * (sharpness + 1.0f) / (_lampSharpness + 1.0f);
-    return (room(direction[1], qxMixed(1.0f, 2.0f / 3.0f, blur)) + _lamp * lamp) * m_strength;
+    return light(direction[1], qxMixed(1.0f, 2.0f / 3.0f, blur)) + m_lamp * lamp;
 }
 
 osg::Vec3f qxSky::scattered(const osg::Vec3f &normal) const
 {
     const float towards = std::max(0.0f, normal.dot(qxUnit(_lampDirection)));
     const float lamp = towards * 2.0f / (_lampSharpness + 1.0f);
-    return (room(normal[1], 2.0f / 3.0f) + _lamp * lamp) * m_strength;
+    return light(normal[1], 2.0f / 3.0f) + m_lamp * lamp;
 }

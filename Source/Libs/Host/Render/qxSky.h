@@ -2,12 +2,15 @@
 
 #include "Render/qxRenderMath.h"
 
-/// The surroundings of the scene, as things reflect them: a bright room with a large lamp, up along
-/// the y axis. The formulas for rough and matt surfaces are exact for the room and close for the
-/// lamp.
+/// The light that comes from all around the scene, as things reflect it: it changes evenly from
+/// below to above along the y axis, and there may be a large lamp. The formulas for rough and matt
+/// surfaces are exact without the lamp and close with it.
 class qxSky {
 public:
-    explicit qxSky(float strength) : m_strength(strength) {}
+    /// A bright room with a lamp.
+    static qxSky room(float strength);
+    /// Without a lamp; the light straight below and straight above.
+    qxSky(const osg::Vec3f &below, const osg::Vec3f &above) : m_below(below), m_above(above) {}
 
     /// The light from a direction (of length 1), smoothed as a surface of that roughness mirrors
     /// it.
@@ -17,5 +20,9 @@ public:
     osg::Vec3f scattered(const osg::Vec3f &normal) const;
 
 private:
-    float m_strength;
+    osg::Vec3f light(float height, float slope) const;
+
+    osg::Vec3f m_below;
+    osg::Vec3f m_above;
+    osg::Vec3f m_lamp;
 };

@@ -197,8 +197,10 @@ osg::Vec3f qxTracer::shaded(const Hit &hit, const qxRenderLayer &layer, int dept
 {
     const osg::Vec4f base = hit.base(layer);
     const osg::Vec3f colour(base[0], base[1], base[2]);
-    if (layer.unlit || m_scene.manner == Flat)
+    if (layer.unlit)
         return colour;
+    if (m_scene.manner == Flat)
+        return colour + layer.emission;
     const qxShading shading({colour, layer.metallic, layer.roughness}, hit.normal, hit.toEye);
     const osg::Vec3f light = layer.emission + direct(hit, shading, depth, sampler);
     if (m_scene.manner != RayTracing || depth >= _bounces)
@@ -301,6 +303,14 @@ float qxTracer::unhidden(const Hit &hit, const osg::Vec3f &direction, float dist
     return through;
 }
 
+osg::Vec3f qxTracer::around(const qxRay &ray, qxSampler &sampler) const
+{
+    if (!m_scene.environment)
+        return m_scene.sky.light(ray.direction);
+    const Light seen = m_scene.environment->seen(ray, sampler);
+    return seen.light + m_scene.sky.light(ray.direction) * seen.through;
+}
+
 osg::Vec3f qxTracer::reflectedScene(const Hit &hit, const qxShading &shading, int depth,
                                     qxSampler &sampler) const
 {
@@ -312,7 +322,7 @@ osg::Vec3f qxTracer::reflectedScene(const Hit &hit, const qxShading &shading, in
     ray.origin = hit.start(bounce.direction);
     ray.direction = bounce.direction;
     const Light found = gathered(ray, depth + 1, sampler);
-    osg::Vec3f light = found.light + m_scene.sky.light(ray.direction) * found.through;
+    osg::Vec3f light = found.light + around(ray, sampler) * found.through;
     if (qxPeak(light) > _brightest)
         light *= _brightest / qxPeak(light);
     return qxProduct(light, bounce.share);

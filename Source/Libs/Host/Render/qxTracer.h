@@ -13,7 +13,7 @@ class qxShading;
 class qxTracer {
 public:
     enum Manner {
-        Flat, ///< everything has its base colour, whatever the lights
+        Flat, ///< everything has its own colour, whatever the lights
         HardLight,
         RayTracing ///< with soft shadows and reflections of the scene
     };
@@ -24,6 +24,7 @@ public:
         const qxRenderCamera &camera;
         qxSky sky;
         Manner manner;
+        const qxTracer *environment; ///< seen where rays leave the scene; null for the sky
     };
     explicit qxTracer(const Scene &scene);
 
@@ -57,6 +58,7 @@ private:
     osg::Vec3f arriving(const Offer &offer, const Hit &hit, qxSampler &sampler) const;
     osg::Vec3f reflectedScene(const Hit &hit, const qxShading &shading, int depth,
                               qxSampler &sampler) const;
+    osg::Vec3f around(const qxRay &ray, qxSampler &sampler) const;
     bool intersect(const qxRay &ray, unsigned int mask, Hit &hit) const;
     float unhidden(const Hit &hit, const osg::Vec3f &direction, float distance) const;
 
