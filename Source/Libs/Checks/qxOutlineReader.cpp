@@ -140,13 +140,13 @@ bool qxOutlineReader::readSet(const QString &parent, const qxMark &mark)
 
 void qxOutlineReader::readSetChild(qxOutlineSet &set, const QString &tag, const qxMark &mark)
 {
-    const QString path = below(set.path, tag, mark.ordinal);
+    const auto path = [&] { return below(set.path, tag, mark.ordinal); };
     if (tag == hotkeyTag) {
         set.hotkey = {elementText(), QString(), mark};
         return;
     }
     if (tag == QLatin1String("Preview"))
-        return readPreview(path, mark);
+        return readPreview(path(), mark);
     digest(*m_hash, tag);
     const int kind = kindOf(tag, qxVariantKindNames::refTag);
     const int list = nameListOf(tag);
@@ -161,14 +161,14 @@ void qxOutlineReader::readSetChild(qxOutlineSet &set, const QString &tag, const 
                                  attribute(QStringLiteral("materialName")), mark});
         m_xml.skipCurrentElement();
     } else if (tag == QLatin1String("InclInfo")) {
-        checkNumbers(mark, path);
+        checkNumbers(mark, path());
         m_xml.skipCurrentElement();
     } else if (tag == QLatin1String("Analyzer")) {
-        checkNumbers(mark, path);
+        checkNumbers(mark, path());
         set.clipState = attribute(QStringLiteral("clipState")).toInt();
         m_xml.skipCurrentElement();
     } else {
-        readTexts(set, tag, {QString(), path, mark});
+        readTexts(set, tag, {QString(), path(), mark});
     }
 }
 
