@@ -67,6 +67,16 @@ void captureViewpoint(qxVariantSet &set, bool plainName)
     set.defaultViewpoint = viewpoint;
 }
 
+/// Makes "home" lead to none of the viewpoints that listeners gave to a new set.
+void leaveHome(const qxVariantSet &set)
+{
+    const auto cameras = qxKernelServiceFactory::the()->getService<qxCameraService>();
+    for (const QString &viewpoint : set.viewpoints) {
+        if (cameras)
+            cameras->setHomeViewpoint(cameras->findViewpoint(qxText::toUtf8(viewpoint)), 0);
+    }
+}
+
 /// The group of that name; a new one when there is none.
 qxVariantGroup *findOrCreateGroup(const QString &name)
 {
@@ -93,8 +103,10 @@ void qxVariants::createAndCaptureVariantSet(const char *name, const char *groupN
     if (!set)
         return;
     const qxSetUse use(*set);
+    leaveHome(*set);
     captureVariantsFromRootNodes(set, {qxOpenSGUtils::getRoot()}, true, true, true, true, true,
                                  true, true, true);
+    set->setPreview(createPreviewImage(false, true));
 }
 
 void qxVariants::captureVariantsFromRootNodes(qxVariantSet *set, std::vector<qxNodePtr> roots,

@@ -13,6 +13,8 @@
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
+#include <QImage>
+
 namespace {
 
 enum Flag {
@@ -289,6 +291,43 @@ TEST_F(CaptureTest, NewVariantsAreAnnouncedOnlyWhenAskedFor)
     EXPECT_EQ(heard("nodeVariantAdded").size(), 1u);
 }
 
+/// A scene with all kinds, inside and outside of its environment.
+class EnvironmentCaptureTest : public CaptureTest {
+protected:
+    EnvironmentCaptureTest()
+    {
+        const TestNode sky = scene.addEnvironments("Sky", {"Day", "Night"}).choose(0);
+        const TestMaterial blue = scene.addEnvironmentMaterial("Blue");
+        scene.addSwitchMaterial("Domes", {"Blue", "Grey"});
+        scene.addGeometry("Dome", qxMaterials::findMaterial("Domes"), sky.child(0));
+        scene.addGeometry("Floor", blue, sky.child(0));
+        scene.addSwitch("Wheels", {"Steel"}).choose(0);
+        scene.addGeometry("Body", scene.addSwitchMaterial("Paints", {"Red"}));
+        scene.addGeometry("Window", blue);
+        scene.add("Hidden").setMask(0);
+        scene.addLight("Lamp");
+        scene.addPoses("Lid", {"Closed"});
+    }
+};
+
+TEST_F(EnvironmentCaptureTest, TheEnvironmentAloneIsCaptured)
+{
+    capture(Environments);
+    EXPECT_EQ(texts(set->nodeVariants), Names{"Sky=Day"});
+    EXPECT_EQ(texts(set->materialVariants), Names{"Domes=Blue"});
+    EXPECT_EQ(texts(set->lightVariants), Names());
+    EXPECT_EQ(texts(set->transformVariants), Names());
+    EXPECT_EQ(snapshot(), (Names{"Sky/Day/Floor=Blue", "Window=Blue"}));
+}
+
+TEST_F(EnvironmentCaptureTest, AllButTheEnvironmentIsCaptured)
+{
+    capture(Everything & ~Environments);
+    EXPECT_EQ(texts(set->nodeVariants), (Names{"Wheels=Steel", "Hidden=!Disable"}));
+    EXPECT_EQ(texts(set->materialVariants), Names{"Paints=Red"});
+    EXPECT_EQ(snapshot(), Names{"Body=Paints"});
+}
+
 TEST_F(CaptureTest, AMissingSetIsIgnored)
 {
     qxVariants::captureVariantsFromRootNodes(nullptr, {}, true, true, true, true, true, true, true,
@@ -329,6 +368,7 @@ TEST_P(NewSetTest, ANewSetIsMadeInItsGroup)
     EXPECT_EQ(QString(group->sets[1]->name), "Sport 2");
     EXPECT_EQ(group->sets[1]->nodeVariants.size(), 1u);
     EXPECT_EQ(group->sets[1]->targetNodeNames.list(), QStringList{"Root"});
+    EXPECT_EQ(QImage::fromData(group->sets[1]->getPreview()).size(), QSize(264, 256));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, NewSetTest,

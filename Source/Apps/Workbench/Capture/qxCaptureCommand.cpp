@@ -171,6 +171,7 @@ int run(const QCommandLineParser &parser)
     qxVariants::captureVariantsFromRootNodes(
         set, roots, kinds.has("nodes"), kinds.has("materials"), kinds.has("lights"),
         kinds.has("environment"), kinds.has("viewpoint"), kinds.has("transforms"), true, true);
+    set->setPreview(qxVariants::createPreviewImage(false, true));
     print(*set, parser.isSet(QStringLiteral("json")));
     return session.saveIfAsked(parser.value(QStringLiteral("save"))) ? Success : WorkFailed;
 }
