@@ -56,7 +56,7 @@ void qxMaterialNames::edited(osg::UInt32 id)
         return;
     const auto known = m_byId.find(id);
     if (known != m_byId.end() && !isStill(m_known[known->second]))
-        m_outdated = true;
+        m_outdated = !followContents(known->second);
     if (id == m_pool.getFieldContainerId())
         m_poolEdited = true;
 }
@@ -107,10 +107,58 @@ void qxMaterialNames::follow()
         read();
 }
 
+/// Takes in what was appended to the contents of a material; false when more than that happened, or
+/// when it changes the order in which materials of one name are found.
+bool qxMaterialNames::followContents(std::size_t index)
+{
+    Known &known = m_known[index];
+    if (!lives(known.id) || nameIdOf(known.material) != known.nameId
+        || qxMaterials::getName(known.material) != known.name)
+        return false;
+    const std::vector<osg::MaterialPtr> now = contentsOf(known.material);
+    const std::size_t before = known.contents.size();
+    if (now.size() < before
+        || !std::equal(known.contents.begin(), known.contents.end(), now.begin()))
+        return false;
+    const auto isInPlace = [&](const osg::MaterialPtr &added) {
+        const auto found =
+            added == osg::NullFC ? m_byId.end() : m_byId.find(added.getFieldContainerId());
+        if (found == m_byId.end())
+            return false;
+        const Known &other = m_known[found->second];
+        return found->second < index
+            || (other.contents.empty() && m_byName[other.name].size() == 1);
+    };
+    if (!std::all_of(now.begin() + std::ptrdiff_t(before), now.end(), isInPlace))
+        return false;
+    for (std::size_t i = before; i < now.size(); ++i)
+        ++m_known[m_byId[now[i].getFieldContainerId()]].containers;
+    known.contents = now;
+    return true;
+}
+
+/// Whether the pool still has the last of what it had, and at the same places: then it only grew.
+bool qxMaterialNames::onlyGrew() const
+{
+    const std::size_t count = m_pooled.size();
+    if (m_pool->getCount() < count)
+        return false;
+    for (std::size_t i = count - std::min(count, std::size_t(4)); i < count; ++i) {
+        if (m_pool->get(osg::UInt32(i)) != m_pooled[i].material)
+            return false;
+    }
+    return true;
+}
+
 /// Keeps what still stands in the same order, forgets the others and appends what is behind it.
 void qxMaterialNames::followPool()
 {
     m_poolEdited = false;
+    if (onlyGrew()) {
+        for (std::size_t i = m_pooled.size(); i < m_pool->getCount(); ++i)
+            addToPool(m_pool->get(osg::UInt32(i)));
+        return;
+    }
     const std::vector<osg::MaterialPtr> now = contentsOf(m_pool);
     std::size_t kept = 0;
     for (const Pooled &pooled : m_pooled) {

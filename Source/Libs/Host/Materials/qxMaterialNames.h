@@ -38,7 +38,9 @@ private:
     };
 
     void follow();
+    bool followContents(std::size_t index);
     void followPool();
+    bool onlyGrew() const;
     void read();
     std::size_t add(const osg::MaterialPtr &material);
     void addToPool(const osg::MaterialPtr &material);

@@ -123,23 +123,25 @@ qxMaterialSwitches::Needs qxMaterialSwitches::needsAt(const QString &path,
     Needs needs;
     bool differ = false;
     const QString own = nameOf(material);
-    const qxSnapshotIndex::Entries &entries = m_index.at(path);
-    const auto isOwn = [&own](const qxSnapshotIndex::Entry &each) { return each.material == own; };
-    if (std::all_of(entries.begin(), entries.end(), isOwn))
+    for (auto entry = m_index.first(path); entry; entry = m_index.next(*entry))
+        differ = differ || entry->material != own;
+    if (!differ)
         return needs;
-    for (const qxSnapshotIndex::Entry &entry : entries) {
+    differ = false;
+    for (auto entry = m_index.first(path); entry; entry = m_index.next(*entry)) {
+        const bool isOwn = entry->material == own;
         const osg::MaterialPtr recorded =
-            isOwn(entry) ? material : qxSwitchMaterials::findMaterial(entry.material);
+            isOwn ? material : qxSwitchMaterials::findMaterial(entry->material);
         if (recorded == osg::NullFC)
             continue;
-        Need need{entry.set, switchOf(recorded), recorded, entry.material};
+        Need need{entry->set, switchOf(recorded), recorded, entry->material};
         if (need.from != osg::NullFC) {
-            need.state = stateIn(entry.set, entry.material);
+            need.state = stateIn(entry->set, entry->material);
             need.leaf = heldBy(need.from, need.state);
         }
         if (need.state.isEmpty())
             continue;
-        differ = differ || !isOwn(entry);
+        differ = differ || !isOwn;
         needs.push_back(need);
     }
     return differ ? needs : Needs();

@@ -7,28 +7,50 @@
 
 qxSnapshotIndex::qxSnapshotIndex(const qxVariantSet *except)
 {
+    std::size_t total = 0;
+    int longest = 0;
     for (qxVariantSet *set : qxVariants::_variantSets) {
         if (set == except)
             continue;
         m_uses.emplace_back(*set);
         m_sets.push_back(set);
-        const QMap<QString, QString> &snapshots = set->materialSnapshots;
-        for (auto each = snapshots.begin(); each != snapshots.end(); ++each)
-            m_entries[each.key()].push_back({set, each.value()});
+        total += std::size_t(set->materialSnapshots.size());
+        longest = std::max(longest, set->materialSnapshots.size());
+    }
+    m_entries.reserve(total);
+    m_chains.reserve(longest);
+    for (qxVariantSet *set : m_sets)
+        read(set);
+}
+
+void qxSnapshotIndex::read(qxVariantSet *set)
+{
+    const QMap<QString, QString> &snapshots = set->materialSnapshots;
+    for (auto each = snapshots.begin(); each != snapshots.end(); ++each) {
+        Chain &chain = m_chains[each.key()];
+        const int added = int(m_entries.size());
+        (chain.first < 0 ? chain.first : m_entries[std::size_t(chain.last)].next) = added;
+        chain.last = added;
+        m_entries.push_back({set, each.value(), -1});
     }
 }
 
-const qxSnapshotIndex::Entries &qxSnapshotIndex::at(const QString &path) const
+const qxSnapshotIndex::Entry *qxSnapshotIndex::first(const QString &path) const
 {
-    static const Entries none;
-    const auto found = m_entries.find(path);
-    return found == m_entries.end() ? none : *found;
+    const auto found = m_chains.find(path);
+    return found == m_chains.end() ? nullptr : &m_entries[std::size_t(found->first)];
+}
+
+const qxSnapshotIndex::Entry *qxSnapshotIndex::next(const Entry &entry) const
+{
+    return entry.next < 0 ? nullptr : &m_entries[std::size_t(entry.next)];
 }
 
 void qxSnapshotIndex::rewrite(const QString &path, const std::vector<qxVariantSet *> &sets,
                               const QString &material)
 {
-    for (Entry &entry : m_entries[path]) {
+    for (int i = m_chains.value(path).first; i >= 0; i = m_entries[std::size_t(i)].next) {
+        Entry &entry = m_entries[std::size_t(i)];
         if (entry.material == material
             || std::find(sets.begin(), sets.end(), entry.set) == sets.end())
             continue;
