@@ -11,21 +11,42 @@
 
 namespace {
 
-/// The nodes at and below `top` that a capture of materials would come to, in scene order.
-std::vector<osg::NodePtr> reachedFrom(const osg::NodePtr &top)
+/// What a walk over the scene for a temporary set goes along with.
+struct Restoring {
+    qxVariantSet *set;
+    QSet<QString> paths;
+    std::set<osg::SwitchMaterialPtr> switches;
+    std::set<osg::MaterialPtr> materials;
+};
+
+void restore(const osg::NodePtr &node, Restoring &restoring)
 {
-    std::vector<osg::NodePtr> reached;
+    const auto group = osg::MaterialGroupPtr::dcast(node->getCore());
+    if (group != osg::NullFC)
+        qxVariants::addMaterialGroupIgnoreToVSet(node, group, restoring.set);
+    const osg::MaterialPtr material = qxNodeUtils::getMaterial(node);
+    if (material != osg::NullFC)
+        qxVariants::handleMaterialSnapshots(restoring.set, node, qxNodePaths::getNodePath(node),
+                                            material, {qxScenegraph::getRoot()}, restoring.paths,
+                                            restoring.switches, restoring.materials, false, true);
+}
+
+/// Goes over what is active at and below `top`, in scene order.
+void restoreFrom(const osg::NodePtr &top, Restoring &restoring)
+{
     std::vector<osg::NodePtr> open(1, top);
     while (!open.empty()) {
         const osg::NodePtr node = open.back();
         open.pop_back();
-        if (node == osg::NullFC || node->getTravMask() != qxSceneEdits::Visible)
+        bool captureNodes = false; // hidden nodes are passed over, nothing is noted about them
+        bool notify = true;
+        if (node == osg::NullFC
+            || !qxVariants::checkAndSetNodeActive(node, restoring.set, captureNodes, notify))
             continue;
-        reached.push_back(node);
+        restore(node, restoring);
         const osg::MFNodePtr &children = *node->getMFChildren();
         open.insert(open.end(), children.rbegin(), children.rend());
     }
-    return reached;
 }
 
 } // namespace
@@ -54,19 +75,9 @@ void qxVariants::restoreSwitchNodes()
     {
         const qxSetUse use(*set); // Listeners hear of new variants and may remove any set.
         const qxMaterialSwitches run(set);
-        const std::vector<qxNodePtr> roots = {qxScenegraph::getRoot(),
-                                              qxScenegraph::environmentGeometrySwitch()};
-        QSet<QString> paths;
-        std::set<osg::SwitchMaterialPtr> switches;
-        std::set<osg::MaterialPtr> materials;
-        for (const qxNodePtr &root : roots) {
-            for (const osg::NodePtr &node : reachedFrom(root)) {
-                const osg::MaterialPtr material = qxNodeUtils::getMaterial(node);
-                if (material != osg::NullFC)
-                    handleMaterialSnapshots(set, node, qxNodePaths::getNodePath(node), material,
-                                            roots, paths, switches, materials, false, true);
-            }
-        }
+        Restoring restoring{set, {}, {}, {}};
+        restoreFrom(qxScenegraph::getRoot(), restoring);
+        restoreFrom(qxScenegraph::environmentGeometrySwitch(), restoring);
     }
     removeVariantSet(name);
 }

@@ -1,7 +1,5 @@
 #include "SwitchesFixture.h"
 
-#include "Internal/qxMaterialSwitches.h"
-#include "Internal/qxNodePaths.h"
 #include "qxVariants.h"
 
 #include "Core/qxModuleBus.h"
@@ -34,24 +32,8 @@ qxVariantSet *SwitchesFixture::capture(const QString &name, Roots roots)
     qxVariantSet *set = qxVariants::findVariantSet(name);
     if (!set)
         set = qxVariants::createVariantSet(name, false, nullptr);
-    set->clear();
-    {
-        const qxMaterialSwitches run(set);
-        QSet<QString> paths;
-        std::set<osg::SwitchMaterialPtr> switches;
-        std::set<osg::MaterialPtr> materials;
-        for (const qxNodePtr &root : roots) {
-            for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(root)) {
-                if (node->getTravMask() == 0 || qxNodeUtils::getMaterial(node) == osg::NullFC)
-                    continue;
-                const QString path = qxNodePaths::getNodePath(node);
-                qxVariants::handleMaterialSnapshots(set, node, path, qxNodeUtils::getMaterial(node),
-                                                    roots, paths, switches, materials, true, false);
-                if (!set->materialSnapshots.contains(path))
-                    set->addMaterialSnapshot(path, QString::fromStdString(materialOf(node)));
-            }
-        }
-    }
+    qxVariants::captureVariantsFromRootNodes(set, roots, false, true, false, true, false, false,
+                                             false, false);
     return set;
 }
 

@@ -340,16 +340,14 @@ void qxMaterialSwitches::chooseIn(const osg::SwitchMaterialPtr &target, const St
         m_index.choose(state.first, nameOf(target), state.second);
 }
 
-/// Makes the set choose what the switch material shows. Capture does so by itself for geometries,
-/// but neither for material groups nor for what was just built.
+/// Makes the set choose what the material shows. Capture does so by itself for geometries, but
+/// neither for material groups nor for what was just built.
 void qxMaterialSwitches::captureState(const osg::MaterialPtr &material, const Scope &scope)
 {
     osg::SwitchMaterialPtr choices = switchOf(material);
-    while (choices != osg::NullFC && scope.switches.insert(choices).second) {
-        const osg::MaterialPtr shown = chosen(choices);
-        qxMaterialVariant *const variant = qxVariants::createMaterialVariant(choices, scope.notify);
-        if (variant && !nameOf(shown).isEmpty())
-            scope.set->add(variant, nameOf(shown));
-        choices = switchOf(shown);
-    }
+    auto passes = osg::MultiPassMaterialPtr::dcast(material);
+    if (passes != osg::NullFC)
+        qxVariants::captureMaterialVariantFromMultiPassMaterial(scope.set, passes, scope.notify);
+    else if (choices != osg::NullFC && scope.switches.insert(choices).second)
+        qxVariants::captureMaterialVariantFromSwitchMaterial(scope.set, choices, scope.notify);
 }
