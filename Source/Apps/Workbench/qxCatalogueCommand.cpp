@@ -37,6 +37,7 @@ int run(const QCommandLineParser &parser)
         return qxCommands::fail(QStringLiteral("%1: the folder cannot be made").arg(folder.path()));
 
     qxOSGWidget::setRaytracing(true);
+    qxSetPictures::lookFromFirstViewpoint();
     const qxInterrupt interrupt;
     const QStringList names = qxSetPictures::namesWithoutPreview();
     const int done = qxSetPictures::visit(names, [](qxVariantSet &set) {

@@ -77,6 +77,7 @@ void qxHtmlWriter::picture(const QByteArray &bytes, const QString &words)
 {
     QBuffer buffer;
     buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
     const QByteArray format = QImageReader::imageFormat(&buffer);
     open("img");
     attribute("alt", words);

@@ -65,6 +65,7 @@ int run(const QCommandLineParser &parser)
         return WorkFailed;
 
     qxOSGWidget::setRaytracing(true);
+    qxSetPictures::lookFromFirstViewpoint();
     const qxInterrupt interrupt;
     const QStringList names =
         all || stale ? qxSetPictures::allNames() : qxSetPictures::namesWithoutPreview();

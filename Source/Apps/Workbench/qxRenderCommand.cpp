@@ -204,6 +204,7 @@ int run(const QCommandLineParser &parser)
 
     qxOSGWidget::setRaytracing(job.best);
     qxRaytracingManager::getRaytracingUtils()->setImageQuality(-1);
+    qxSetPictures::lookFromFirstViewpoint();
     const qxInterrupt interrupt;
     if (!job.all)
         return renderOne(job);

@@ -3,6 +3,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxCameraService.h"
 #include "qxImageWriter.h"
 #include "qxInterrupt.h"
 #include "qxOutput.h"
@@ -11,6 +12,11 @@
 
 #include <QImage>
 #include <QSaveFile>
+
+void qxSetPictures::lookFromFirstViewpoint()
+{
+    qxKernelServiceFactory::the()->getService<qxCameraService>()->moveToViewpoint(0, 0, 0, 0);
+}
 
 int qxSetPictures::visit(const QStringList &names, const Work &work)
 {

@@ -9,6 +9,10 @@ class qxVariantSet;
 /// Shows sets one after the other, as each looks when it is selected in the scene as it is now.
 namespace qxSetPictures {
 
+/// Looks from the scene's first viewpoint, if there is one: pictures show that view unless a set or
+/// an option leads elsewhere.
+void lookFromFirstViewpoint();
+
 /// What is done while the set is selected; false ends the work.
 typedef std::function<bool(qxVariantSet &set)> Work;
 
