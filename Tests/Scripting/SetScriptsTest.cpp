@@ -53,6 +53,13 @@ TEST_F(SetScriptsTest, ScriptsOfAFileRunOnlyWhenSelectedAndNotAtAllIfAsked)
                                 "selectVariantSet('One')\nprint('own')\nselectVariantSet('Zwö')");
     EXPECT_EQ(own.out, "own\n");
     EXPECT_EQ(said(own), left.err);
+    for (const QStringList &command :
+         {QStringList{"render", scene, "--all", "--size", "16x16", "--out", path("sheet.png")},
+          QStringList{"previews", scene, "--save", path("previews.gltf")},
+          QStringList{"catalogue", scene, "--out", path("catalogue")}}) {
+        const ProgramRun run = done(command + QStringList("--no-scripts"));
+        EXPECT_TRUE(run.err.contains(left.err.split('\n')[1])) << run.err.toStdString();
+    }
 }
 
 TEST_F(SetScriptsTest, ASetThatAnEarlierScriptRemovedIsSkipped)

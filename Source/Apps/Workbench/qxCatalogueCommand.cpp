@@ -19,7 +19,8 @@ QList<QCommandLineOption> options()
 {
     return {{QStringLiteral("out"),
              QStringLiteral("The folder for the page, index.html. It is made when there is none."),
-             QStringLiteral("DIR")}};
+             QStringLiteral("DIR")},
+            qxCommands::noScriptsOption()};
 }
 
 int run(const QCommandLineParser &parser)

@@ -30,10 +30,8 @@ QString clonesText(int others)
 } // namespace
 
 qxChangeReport::qxChangeReport()
-    : m_before(qxSceneState::take()), m_viewpointBefore(qxMainView::the().viewpoint),
-      m_scriptOutput(qxScriptRunner::output())
+    : m_before(qxSceneState::take()), m_viewpointBefore(qxMainView::the().viewpoint)
 {
-    qxScriptRunner::setOutput(stderr);
     m_notificationListener =
         qxController::addListener([this](const char *name, qxMessage *message, int) {
             if (message && strcmp(name, "animationStart") == 0) {
@@ -51,7 +49,6 @@ qxChangeReport::~qxChangeReport()
 {
     qxController::removeListener(m_notificationListener);
     qxScriptRunner::removeListener(m_scriptListener);
-    qxScriptRunner::setOutput(m_scriptOutput);
 }
 
 void qxChangeReport::finish(const QString &title, const QStringList &skipped)

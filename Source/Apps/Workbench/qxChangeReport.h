@@ -4,12 +4,9 @@
 
 #include <QStringList>
 
-#include <cstdio>
-
 class QJsonObject;
 
 /// Watches one change of the scene, from its construction to finish(), and tells what happened.
-/// Meanwhile scripts print to standard error, since the report goes to standard output.
 class qxChangeReport {
 public:
     qxChangeReport();
@@ -28,7 +25,6 @@ public:
 private:
     const qxSceneState m_before;
     const int m_viewpointBefore;
-    std::FILE *const m_scriptOutput;
     int m_notificationListener;
     int m_scriptListener;
 

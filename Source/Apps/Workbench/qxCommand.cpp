@@ -1,9 +1,13 @@
 #include "qxCommand.h"
 
+#include "Script/qxScriptRunner.h"
+#include "qxLeftOutScripts.h"
 #include "qxOutput.h"
 
 #include <QCommandLineParser>
 #include <QRegularExpression>
+
+#include <cstdio>
 
 namespace {
 
@@ -96,6 +100,9 @@ int runCommand(const qxCommand &command, const QStringList &arguments)
     const QString empty = emptyOption(command, parser);
     if (!empty.isEmpty())
         return wrongUse(QStringLiteral("--%1 needs a value").arg(empty), hint);
+    // Standard output is for the results of the command.
+    qxScriptRunner::setOutput(stderr);
+    const qxLeftOutScripts leftOut(parser.optionNames().contains(QStringLiteral("no-scripts")));
     const int code = command.run(parser);
     if (qxOutput::isWhole())
         return code;

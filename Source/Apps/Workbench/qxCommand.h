@@ -53,7 +53,8 @@ int dispatch(const QStringList &arguments);
 QCommandLineOption jsonOption();
 QCommandLineOption saveOption();
 QCommandLineOption traceOption();
-QCommandLineOption noScriptsOption(); ///< see qxLeftOutScripts
+/// For the commands that select sets; what it asks for is done before the command runs.
+QCommandLineOption noScriptsOption();
 
 /// Says on standard error why the work failed, and answers that code.
 int fail(const QString &reason);

@@ -55,6 +55,7 @@ QList<QCommandLineOption> options()
          QStringLiteral("QUALITY")},
         {QStringLiteral("out"), QStringLiteral("The picture, a PNG; with --all a folder or a PNG."),
          QStringLiteral("OUT")},
+        qxCommands::noScriptsOption(),
     };
 }
 

@@ -2,7 +2,6 @@
 
 #include "Script/qxScriptRunner.h"
 #include "qxCommand.h"
-#include "qxLeftOutScripts.h"
 #include "qxOutput.h"
 #include "qxPrompt.h"
 #include "qxSession.h"
@@ -72,7 +71,7 @@ int inScene(const QCommandLineParser &parser, const QStringList &file,
     const QString out = parser.value(QStringLiteral("save"));
     if (file.isEmpty() && !out.isEmpty())
         return wrongUse(QStringLiteral("--save needs a FILE to save"));
-    const qxLeftOutScripts leftOut(parser.isSet(QStringLiteral("no-scripts")));
+    qxScriptRunner::setOutput(stdout);
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!file.isEmpty() && !session.open(file.first()))
         return WorkFailed;

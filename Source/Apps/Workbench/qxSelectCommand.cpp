@@ -3,7 +3,6 @@
 
 #include "qxChangeReport.h"
 #include "qxCommand.h"
-#include "qxLeftOutScripts.h"
 #include "qxOutput.h"
 #include "qxSession.h"
 
@@ -67,7 +66,6 @@ int run(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments().mid(1);
     const bool json = parser.isSet(QStringLiteral("json"));
-    const qxLeftOutScripts leftOut(parser.isSet(QStringLiteral("no-scripts")));
     qxSession session(parser.isSet(QStringLiteral("trace")));
     // Looked up before the first selection: nothing is half done because of a misspelt name.
     if (!session.open(parser.positionalArguments().first()) || !areSets(names))

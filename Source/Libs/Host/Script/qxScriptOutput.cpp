@@ -79,8 +79,3 @@ void qxScriptRunner::setOutput(std::FILE *output)
 {
     destination() = output;
 }
-
-std::FILE *qxScriptRunner::output()
-{
-    return destination();
-}

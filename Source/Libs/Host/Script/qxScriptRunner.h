@@ -31,7 +31,6 @@ public:
 
     /// Where goes what scripts print: standard output at start. Errors of scripts go to the log.
     static void setOutput(std::FILE *output);
-    static std::FILE *output();
 
     /// Hears every text given to qxScript::run and executeNUS, before it runs, until
     /// removeListener is called with the id.
