@@ -13,8 +13,8 @@ const unsigned int _all = qxRenderGroup::Opaque | qxRenderGroup::Translucent;
 const int _mostSurfaces = 64; ///< that a ray passes through
 const float _nothing = 1.0f / 1024.0f; ///< less light than this is none
 const int _bounces = 2;
-const float _brightest = 4.0f; ///< of a reflected ray: a few brighter ones would be spots
-const std::size_t _fewLights = 3; ///< so many are all asked for every point
+const float _brightest = 2.0f; ///< of a reflected ray: a few brighter ones would be spots
+const std::size_t _fewLights = 8; ///< so many are all asked for every point
 const float _lampSize = 0.02f; ///< radius of a directional light, as seen from distance 1
 
 /// A little beyond a distance, so that a ray that goes on does not find the same surface.
@@ -201,7 +201,9 @@ osg::Vec3f qxTracer::shaded(const Hit &hit, const qxRenderLayer &layer, int dept
         return colour;
     if (m_scene.manner == Flat)
         return colour + layer.emission;
-    const qxShading shading({colour, layer.metallic, layer.roughness}, hit.normal, hit.toEye);
+    // Light that a mirror throws on other surfaces would be single spots.
+    const float roughness = depth > 0 ? std::max(layer.roughness, 0.3f) : layer.roughness;
+    const qxShading shading({colour, layer.metallic, roughness}, hit.normal, hit.toEye);
     const osg::Vec3f light = layer.emission + direct(hit, shading, depth, sampler);
     if (m_scene.manner != RayTracing || depth >= _bounces)
         return light + shading.reflectedSky(m_scene.sky);
