@@ -43,6 +43,7 @@ TEST_F(ExplainTest, JsonTellsWhatWasFoundAndWhatHappened)
                            {"object", "Chair"},
                            {"found", 1},
                            {"reached", 1},
+                           {"left", QJsonObject()},
                            {"from", "Transform 0"},
                            {"to", "Transform 2"},
                            {"code", QJsonValue()},
@@ -52,6 +53,20 @@ TEST_F(ExplainTest, JsonTellsWhatWasFoundAndWhatHappened)
     EXPECT_EQ(json["entries"][1]["variantFound"], false);
     EXPECT_EQ(json["entries"][1]["done"], false);
     EXPECT_TRUE(json["entries"][6]["state"].isNull());
+}
+
+TEST_F(ExplainTest, ObjectsOfOneNameThatAreLeftOutAreCounted)
+{
+    const QByteArray document =
+        "<Variants><VariantSet name='Only'><NodeVariantRef ref='Desk' state='Glass'/>"
+        "</VariantSet><NodeVariant name='Desk' base='Desk'/></Variants>";
+    const QString scene = desk(document);
+    QByteArray twin = bytesOf(scene);
+    twin.replace("\"Lamp\"", "\"Desk\"");
+    EXPECT_EQ(
+        done({"explain", write("twin.gltf", twin), "Only"}).out,
+        "Only\n  node Desk = Glass  Oak -> Glass (1 of 2)  done; 1 left: QX610 the node is no "
+        "switch; no option of the variant\n");
 }
 
 TEST_F(ExplainTest, ScriptsOfASetStayUnrun)

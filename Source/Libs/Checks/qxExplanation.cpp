@@ -162,6 +162,7 @@ void qxExplanation::foresee(qxExplainedEntry &entry, qxVariantKind kind)
             apply(entry, object, effect);
             continue;
         }
+        ++entry.left[effect.reason];
         reason = reason ? reason : effect.reason;
         // A transform switch takes any number, and any other text for its first state.
         if (effect.reason == qxCode::SkippedNoTransformNumber)

@@ -2,6 +2,7 @@
 
 #include "qxStateRules.h"
 
+#include <QMap>
 #include <QStringList>
 
 class qxVariantSet;
@@ -17,6 +18,7 @@ struct qxExplainedEntry {
     QString object; ///< the name of what is looked up in the scene
     int found = 0; ///< how many of that name there are
     int reached = 0; ///< how many of them take the state
+    QMap<qxCode, int> left; ///< why the others do not, and how many
     QString from; ///< the first that takes it, just before its turn; empty for what has no state
     QString to;
     /// Why it does nothing, or has done nothing; none when all is well.

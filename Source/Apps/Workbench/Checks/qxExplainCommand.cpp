@@ -63,6 +63,9 @@ QString titleOf(qxCode code)
 
 QJsonObject objectOf(const qxExplainedEntry &entry)
 {
+    QJsonObject left;
+    for (auto each = entry.left.begin(); each != entry.left.end(); ++each)
+        left[qxCheckCodes::id(each.key())] = each.value();
     const auto orNull = [](bool isMeant, const QJsonValue &value) {
         return isMeant ? value : QJsonValue();
     };
@@ -75,6 +78,7 @@ QJsonObject objectOf(const qxExplainedEntry &entry)
             {QStringLiteral("object"), orNull(!entry.object.isEmpty(), entry.object)},
             {QStringLiteral("found"), entry.found},
             {QStringLiteral("reached"), entry.reached},
+            {QStringLiteral("left"), left},
             {QStringLiteral("from"), orNull(entry.reached > 0, entry.from)},
             {QStringLiteral("to"), orNull(entry.reached > 0, entry.to)},
             {QStringLiteral("code"), hasCode ? qxCheckCodes::id(*entry.code) : QJsonValue()},
@@ -104,6 +108,10 @@ QStringList rowOf(const qxExplainedEntry &entry)
     QString outcome = QStringLiteral("done");
     if (entry.code)
         outcome = QStringLiteral("%1 %2").arg(qxCheckCodes::id(*entry.code), titleOf(*entry.code));
+    for (auto each = entry.left.begin(); entry.reached > 0 && each != entry.left.end(); ++each)
+        outcome += QStringLiteral("; %1 left: %2 %3")
+                       .arg(each.value())
+                       .arg(qxCheckCodes::id(each.key()), titleOf(each.key()));
     if (entry.isVariantFound && !entry.isStateKnown)
         outcome += QStringLiteral("; no option of the variant");
     return {title, changeText(entry), outcome};
