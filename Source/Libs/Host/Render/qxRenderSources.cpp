@@ -94,9 +94,13 @@ void qxRenderSources::rememberProperties(const osg::GeometryPtr &core)
     const osg::FieldContainerPtr properties[] = {
         core->getTypes(),   core->getLengths(), core->getPositions(), core->getNormals(),
         core->getIndices(), core->getColors(),  core->getTexCoords()};
+    const Id id = core.getFieldContainerId();
     for (const osg::FieldContainerPtr &property : properties) {
-        if (property != osg::NullFC)
-            m_coresOf[property.getFieldContainerId()].push_back(core.getFieldContainerId());
+        if (property == osg::NullFC)
+            continue;
+        std::vector<Id> &cores = m_coresOf[property.getFieldContainerId()];
+        if (cores.empty() || cores.back() != id)
+            cores.push_back(id);
     }
 }
 

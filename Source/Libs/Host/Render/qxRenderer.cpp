@@ -10,6 +10,7 @@
 #include "qxLog.h"
 
 #include <limits>
+#include <new>
 
 namespace {
 
@@ -239,10 +240,32 @@ struct qxRenderer::Parts {
             rtcSetDeviceErrorFunction(device.get(), &reportError, &failed);
     }
 
+    qxPicture paint(const qxPictureSettings &settings, const Progress &progress);
+
     qxEmbreeDevice device;
     bool failed = false;
     std::unique_ptr<qxRenderScene> scene;
 };
+
+/// Empty when it is cancelled.
+qxPicture qxRenderer::Parts::paint(const qxPictureSettings &settings, const Progress &progress)
+{
+    if (!scene)
+        scene = std::make_unique<qxRenderScene>(device.get());
+    scene->update();
+    if (failed)
+        return qxPicture();
+    const Painter painter(*scene, settings);
+    qxPicture picture;
+    picture.width = settings.width;
+    picture.height = settings.height;
+    picture.rgba.resize(std::size_t(settings.width) * std::size_t(settings.height) * 4);
+    const int total = painter.tileCount();
+    const auto tell = [&](int done) { return !progress || progress(done, total); };
+    const auto paintTile = [&](int tile) { painter.paintTile(tile, picture); };
+    const bool finished = tell(0) && qxForAllTiles(total, settings.threads, paintTile, tell);
+    return finished ? picture : qxPicture();
+}
 
 qxRenderer::qxRenderer() : m_parts(std::make_unique<Parts>()) {}
 
@@ -257,20 +280,13 @@ qxPicture qxRenderer::render(const qxPictureSettings &settings, const Progress &
         return qxPicture();
     }
     m_parts->failed = false;
-    if (!m_parts->scene)
-        m_parts->scene = std::make_unique<qxRenderScene>(m_parts->device.get());
-    m_parts->scene->update();
-    const Painter painter(*m_parts->scene, settings);
-    qxPicture picture;
-    picture.width = settings.width;
-    picture.height = settings.height;
-    picture.rgba.resize(std::size_t(settings.width) * std::size_t(settings.height) * 4);
-    const int total = painter.tileCount();
-    const auto tell = [&](int done) { return !progress || progress(done, total); };
-    const bool finished = !m_parts->failed && tell(0)
-        && qxForAllTiles(
-            total, settings.threads, [&](int tile) { painter.paintTile(tile, picture); }, tell);
-    if (m_parts->failed)
-        m_parts->scene.reset();
-    return finished ? picture : qxPicture();
+    try {
+        qxPicture picture = m_parts->paint(settings, progress);
+        if (!m_parts->failed)
+            return picture;
+    } catch (const std::bad_alloc &) {
+        qxLog::error("Rendering failed: not enough memory");
+    }
+    m_parts->scene.reset();
+    return qxPicture();
 }
