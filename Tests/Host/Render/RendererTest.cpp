@@ -110,6 +110,31 @@ TEST_F(RendererTest, AGeometryThatIsEditedIsShownAsItIs)
     EXPECT_EQ(picture().at(0.5f, 0), "0 0 0");
 }
 
+TEST_F(RendererTest, CornersMayHaveAnIndexForEachProperty)
+{
+    const auto colours = osg::GeoColors3f::create();
+    colours->push_back(osg::Color3f(0, 0, 1));
+    colours->push_back(osg::Color3f(0, 1, 0));
+    const auto indices = osg::GeoIndicesUI32::create();
+    for (const osg::UInt32 index : {0, 1, 1, 1, 2, 1, 3, 1})
+        indices->push_back(index);
+    const auto types = osg::GeoPTypesUI8::create();
+    types->push_back(GL_QUADS);
+    const auto lengths = osg::GeoPLengthsUI32::create();
+    lengths->push_back(4);
+    const osg::GeometryPtr core = trianglesOf({{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}});
+    core->setColors(colours);
+    core->setIndices(indices);
+    core->getIndexMapping().push_back(osg::Geometry::MapPosition);
+    core->getIndexMapping().push_back(osg::Geometry::MapColor);
+    core->setTypes(types);
+    core->setLengths(lengths);
+    core->setMaterial(flat(1, 1, 1));
+    scene.root().node()->addChild(osg::makeNodeFor(core));
+    EXPECT_EQ(picture().at(-0.5f, 0.5f), "0 255 0");
+    EXPECT_EQ(picture().at(0.5f, -0.5f), "0 255 0");
+}
+
 TEST_F(RendererTest, TrianglesThatAreNoneAreLeftOut)
 {
     const float nan = std::numeric_limits<float>::quiet_NaN();

@@ -40,7 +40,7 @@ qxRenderCamera::qxRenderCamera(const qxUberCamera &camera, const qxBox &scene, i
     m_parallel = !(camera.fieldOfView > 0.0f);
     m_halfHeight =
         m_parallel ? camera.height * 0.5f : std::tan(std::min(camera.fieldOfView, _widest) * 0.5f);
-    m_near = std::max(camera.nearPlane, 0.0f);
+    m_near = camera.nearPlane > 0.0f ? camera.nearPlane : 0.0f;
     if (camera.farPlane > m_near)
         m_far = camera.farPlane;
 }
