@@ -86,6 +86,8 @@ const Fault faults[] = {
      "QX302 NodeVariantRef[2]; QX303 NodeVariantRef[2]"},
     {"ref=\"Chair\" state=\"Transform 1\"", "ref=\"Chair\" state=\"Transform 2\"",
      "QX302 NodeVariantRef[2]; QX303 NodeVariantRef[2]"},
+    {"<OverlayRef ref=\"Signs\" state=\"!None\"/>", "<OverlayRef ref=\"Signs\"/>",
+     "QX302 OverlayRef[1]; QX303 OverlayRef[1]"},
     {"<ViewpointRef ref=\"Front\"", "<ViewpointRef ref=\"front\"", "QX304 ViewpointRef[1]"},
     {"default-viewpoint=\"Back\"", "default-viewpoint=\"back\"", "QX305 VariantSet[1] \"Sport\""},
     {"<AnimationRef ref=\"Spin\"", "<AnimationRef ref=\"\"", "QX306 AnimationRef[1]"},

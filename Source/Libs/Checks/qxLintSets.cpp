@@ -24,6 +24,13 @@ struct Entry {
     qxVariantKind kind;
 };
 
+/// Whether a reference to the overlay variant may lack its state: older documents list so which
+/// overlays are shown. Their overlay variants know showing, hiding and toggling at most.
+bool isOfOldForm(const qxLintVariant *variant)
+{
+    return !variant || variant->outline().options.size() <= 3;
+}
+
 /// The findings of one set.
 class SetLint {
 public:
@@ -73,9 +80,9 @@ void SetLint::lintReferences(qxVariantKind kind)
             add(qxCode::ReferenceTwice, kind, each,
                 QStringLiteral("a second entry; only the last state counts"));
         known.insert(each.variant);
-        // Older documents list the overlays that are shown without a state.
-        const bool isOldForm = kind == qxVariantKind::Overlay && each.state.isEmpty();
         qxLintVariant *const variant = m_context.variants.find(kind, each.variant);
+        const bool isOldForm =
+            kind == qxVariantKind::Overlay && each.state.isEmpty() && isOfOldForm(variant);
         if (variant && isOldForm)
             variant->use(each.state);
         else if (variant)
