@@ -209,7 +209,10 @@ TEST_F(RenderMaterialTest, AnImageThatIsEditedIsShownAsItIs)
 {
     const osg::ImagePtr image = fourFields();
     const osg::MaterialPtr material = textured(GL_REPLACE);
-    osg::SimpleTexturedMaterialPtr::dcast(material)->setImage(image);
+    {
+        const osg::CPEditor edit(material); // the material takes its reference at the end
+        osg::SimpleTexturedMaterialPtr::dcast(material)->setImage(image);
+    }
     addTextured(material, 1);
     EXPECT_EQ(picture().at(-0.5f, -0.5f), "255 0 0");
     {
