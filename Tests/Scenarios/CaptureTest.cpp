@@ -1,8 +1,41 @@
 #include "Program.h"
 
+#include <QDirIterator>
+
 /// Capturing a set in a shell, from looking for ambiguous nodes to selecting what was captured.
 class CaptureCommandTest : public ProgramFixture {
 protected:
+    /// Captures the scene, selects a set that changes it, and then what was captured; answers what
+    /// the capture reported.
+    QJsonObject captureAndReturn(const QString &scene, const QString &otherSet) const
+    {
+        SCOPED_TRACE(scene.toStdString());
+        const QString copy = path("copy." + QFileInfo(scene).suffix());
+        const QJsonObject report =
+            done({"capture", scene, "Now", "--group", "Mine", "--save", copy, "--json"}).object();
+        const QByteArray captured = done({"state", copy, "--json"}).out;
+        const auto select = [&copy](const QString &set) {
+            return done({"select", copy, set, "--json", "--save", copy}).array()[0].toObject();
+        };
+        EXPECT_FALSE(select(otherSet)["changes"].toArray().isEmpty());
+        EXPECT_FALSE(select("Now")["changes"].toArray().isEmpty());
+        EXPECT_EQ(done({"state", copy, "--json"}).out, captured);
+        EXPECT_EQ(select("Now")["changes"], QJsonArray());
+        return report;
+    }
+
+    /// The first set of the scene that changes it, empty when there is none.
+    static QString setThatChanges(const QString &scene)
+    {
+        for (const QJsonValue &set : done({"list", scene, "--json"}).object()["sets"].toArray()) {
+            const QString name = set.toObject()["name"].toString();
+            const QJsonArray report = done({"select", scene, name, "--json"}).array();
+            if (!report[0].toObject()["changes"].toArray().isEmpty())
+                return name;
+        }
+        return QString();
+    }
+
     QString twoSwitches() const
     {
         return write("twins.gltf", R"({"asset":{"version":"2.0"},"scene":0,
@@ -38,17 +71,30 @@ TEST_F(CaptureCommandTest, AmbiguousNodesAreRenamedOnlyWhenThatIsWanted)
 
 TEST_F(CaptureCommandTest, ACapturedSetBringsBackWhatItSaw)
 {
-    const QString scene = path("scene.gltf");
-    const QByteArray before = done({"state", desk(), "--json"}).out;
-    const QJsonObject made =
-        done({"capture", desk(), "Now", "--group", "Mine", "--save", scene, "--json"}).object();
+    const QJsonObject made = captureAndReturn(desk(), "Morning");
     EXPECT_EQ(made["set"].toString(), "Now");
     EXPECT_EQ(made["group"].toString(), "Mine");
-    const QByteArray captured = done({"state", scene, "--json"}).out;
-    done({"select", scene, "Morning", "--save", scene});
-    EXPECT_NE(done({"state", scene, "--json"}).out, captured);
-    done({"select", scene, "Now", "--save", scene});
-    EXPECT_EQ(done({"state", scene, "--json"}).out, captured);
+    captureAndReturn(QX_DEMO_SCENE, "Küstenstraße");
+}
+
+TEST_F(CaptureCommandTest, RealScenesWithVariantsAreCapturedAndBroughtBack)
+{
+    if (qEnvironmentVariableIsEmpty("QX_SCENES"))
+        GTEST_SKIP() << "QX_SCENES names no folder of real scenes";
+    int scenes = 0;
+    QDirIterator walk(qEnvironmentVariable("QX_SCENES"), {"*.gltf", "*.glb"}, QDir::Files,
+                      QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        const QString scene = walk.next();
+        if (scene.contains("/edge-cases/"))
+            continue;
+        const QString set = setThatChanges(scene);
+        if (set.isEmpty())
+            continue;
+        ++scenes;
+        captureAndReturn(scene, set);
+    }
+    EXPECT_GT(scenes, 0);
 }
 
 TEST_F(CaptureCommandTest, OnlyTheNamedKindsAndRootsAreCaptured)
