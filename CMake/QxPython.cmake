@@ -23,3 +23,10 @@ else()
     target_link_libraries(Qx::Python INTERFACE Python3::Python
         Boost::python${Python3_VERSION_MAJOR}${Python3_VERSION_MINOR})
 endif()
+
+# qx_python_classes(sources...): marks the current folder's sources that define classes for scripts.
+# Boost.Python asks such an object for its type once more after its destructor; where the sanitizer
+# watches the types of objects, that would be a crash.
+function(qx_python_classes)
+    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -fno-sanitize=vptr)
+endfunction()

@@ -66,6 +66,9 @@ std::string qxPythonStart()
     PyPreConfig before;
     PyPreConfig_InitIsolatedConfig(&before);
     before.utf8_mode = 1;
+#ifdef __SANITIZE_ADDRESS__
+    before.allocator = PYMEM_ALLOCATOR_MALLOC; // of Python's own memory the sanitizer sees little
+#endif
     PyStatus status = Py_PreInitialize(&before);
 
     PyConfig config;
