@@ -87,7 +87,9 @@ float inCone(const qxRenderLight &spot, float cosine)
     const float width = std::max(0.001f, spot.innerCosine - spot.outerCosine);
     const float share = std::clamp((cosine - spot.outerCosine) / width, 0.0f, 1.0f);
     const bool soft = spot.innerCosine > spot.outerCosine;
-    return (soft ? share * share : 1.0f) * std::pow(std::max(cosine, 0.0f), spot.exponent);
+    const float fading =
+        spot.exponent > 0.0f ? std::pow(std::max(cosine, 0.0f), spot.exponent) : 1.0f;
+    return (soft ? share * share : 1.0f) * fading;
 }
 
 /// The share that is left at a distance; lights of a range end gently.

@@ -180,10 +180,12 @@ void qxTracer::pass(const Hit &hit, int depth, qxSampler &sampler, Light &light)
 {
     const std::vector<qxRenderLayer> &layers = hit.material->layers;
     for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
-        const float alpha = hit.alpha(*layer, hit.base(*layer)[3]);
+        const osg::Vec4f base = hit.base(*layer);
+        const float alpha = hit.alpha(*layer, base[3]);
         if (alpha <= 0.0f)
             continue;
-        light.light += shaded(hit, *layer, depth, sampler) * (alpha * light.through);
+        const osg::Vec3f colour(base[0], base[1], base[2]);
+        light.light += shaded(hit, *layer, colour, depth, sampler) * (alpha * light.through);
         light.through *= 1.0f - alpha;
         if (light.through <= _nothing)
             break;
@@ -192,11 +194,9 @@ void qxTracer::pass(const Hit &hit, int depth, qxSampler &sampler, Light &light)
         light.distance = std::min(light.distance, hit.distance);
 }
 
-osg::Vec3f qxTracer::shaded(const Hit &hit, const qxRenderLayer &layer, int depth,
-                            qxSampler &sampler) const
+osg::Vec3f qxTracer::shaded(const Hit &hit, const qxRenderLayer &layer, const osg::Vec3f &colour,
+                            int depth, qxSampler &sampler) const
 {
-    const osg::Vec4f base = hit.base(layer);
-    const osg::Vec3f colour(base[0], base[1], base[2]);
     if (layer.unlit)
         return colour;
     if (m_scene.manner == Flat)

@@ -49,8 +49,8 @@ private:
     Light gathered(qxRay ray, int depth, qxSampler &sampler) const;
     void pass(const qxRenderClipping::Crossing &plane, Light &light) const;
     void pass(const Hit &hit, int depth, qxSampler &sampler, Light &light) const;
-    osg::Vec3f shaded(const Hit &hit, const qxRenderLayer &layer, int depth,
-                      qxSampler &sampler) const;
+    osg::Vec3f shaded(const Hit &hit, const qxRenderLayer &layer, const osg::Vec3f &colour,
+                      int depth, qxSampler &sampler) const;
     osg::Vec3f direct(const Hit &hit, const qxShading &shading, int depth,
                       qxSampler &sampler) const;
     Offer offerOf(const qxRenderLight &light, const Hit &hit, const qxShading &shading) const;
