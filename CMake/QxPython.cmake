@@ -6,6 +6,9 @@
 set(QX_PYTHON27_ROOT "" CACHE PATH "A Python 2.7 with Boost.Python to use instead of Python 3")
 
 add_library(Qx::Python INTERFACE IMPORTED)
+# Boost.Python itself includes what other parts of Boost tell its users to avoid.
+target_compile_definitions(Qx::Python INTERFACE
+    BOOST_BIND_GLOBAL_PLACEHOLDERS BOOST_ALLOW_DEPRECATED_HEADERS)
 if(QX_PYTHON27_ROOT)
     foreach(library python2.7 boost_python27)
         find_library(QX_${library}_LIBRARY ${library} PATHS ${QX_PYTHON27_ROOT}/lib
