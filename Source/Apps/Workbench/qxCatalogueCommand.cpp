@@ -4,7 +4,6 @@
 #include "qxCataloguePage.h"
 #include "qxCommand.h"
 #include "qxInterrupt.h"
-#include "qxOSGWidget.h"
 #include "qxOutput.h"
 #include "qxSession.h"
 #include "qxSetPictures.h"
@@ -20,6 +19,7 @@ QList<QCommandLineOption> options()
     return {{QStringLiteral("out"),
              QStringLiteral("The folder for the page, index.html. It is made when there is none."),
              QStringLiteral("DIR")},
+            qxSetPictures::qualityOption(),
             qxCommands::noScriptsOption()};
 }
 
@@ -30,6 +30,8 @@ int run(const QCommandLineParser &parser)
         qxOutput::error(QStringLiteral("catalogue needs --out DIR"));
         return WrongUse;
     }
+    if (!qxSetPictures::isQualityKnown(parser))
+        return WrongUse;
     qxSession session;
     const QString file = parser.positionalArguments().first();
     if (!session.open(file))
@@ -37,8 +39,7 @@ int run(const QCommandLineParser &parser)
     if (!folder.mkpath(QStringLiteral(".")))
         return qxCommands::fail(QStringLiteral("%1: the folder cannot be made").arg(folder.path()));
 
-    qxOSGWidget::setRaytracing(true);
-    qxSetPictures::lookFromFirstViewpoint();
+    qxSetPictures::prepare(parser);
     const qxInterrupt interrupt;
     const QStringList names = qxSetPictures::namesWithoutPreview();
     const int done = qxSetPictures::visit(names, [](qxVariantSet &set) {

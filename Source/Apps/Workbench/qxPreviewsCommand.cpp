@@ -3,7 +3,6 @@
 
 #include "qxCommand.h"
 #include "qxInterrupt.h"
-#include "qxOSGWidget.h"
 #include "qxOutput.h"
 #include "qxSession.h"
 #include "qxSetPictures.h"
@@ -19,6 +18,7 @@ QList<QCommandLineOption> options()
              QStringLiteral("Replaces every preview that does not show its set as it is now.")},
             {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
             qxCommands::noScriptsOption(),
+            qxSetPictures::qualityOption(),
             qxCommands::saveOption()};
 }
 
@@ -61,12 +61,13 @@ int run(const QCommandLineParser &parser)
                                      : QStringLiteral("previews needs --save OUT"));
         return WrongUse;
     }
+    if (!qxSetPictures::isQualityKnown(parser))
+        return WrongUse;
     qxSession session;
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;
 
-    qxOSGWidget::setRaytracing(true);
-    qxSetPictures::lookFromFirstViewpoint();
+    qxSetPictures::prepare(parser);
     const qxInterrupt interrupt;
     const QStringList names =
         all || stale ? qxSetPictures::allNames() : qxSetPictures::namesWithoutPreview();

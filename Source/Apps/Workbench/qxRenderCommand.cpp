@@ -6,10 +6,8 @@
 #include "qxContactSheet.h"
 #include "qxFileNames.h"
 #include "qxInterrupt.h"
-#include "qxOSGWidget.h"
 #include "qxOutput.h"
 #include "qxProgress.h"
-#include "qxRaytracingManager.h"
 #include "qxSession.h"
 #include "qxSetPictures.h"
 
@@ -29,7 +27,6 @@ struct Job {
     bool all = false;
     QString view;
     QSize size;
-    bool best = true;
     QString out;
 
     bool isSheet() const { return all && out.endsWith(QLatin1String(".png"), Qt::CaseInsensitive); }
@@ -49,10 +46,7 @@ QList<QCommandLineOption> options()
          QStringLiteral("Width and height of a picture in pixels, such as 1280x720, which is the "
                         "default; 384x256 on a sheet."),
          QStringLiteral("WxH")},
-        {QStringLiteral("quality"),
-         QStringLiteral("quick (hard light, jagged edges) or best (soft shadows, takes longer; the "
-                        "default)."),
-         QStringLiteral("QUALITY")},
+        qxSetPictures::qualityOption(),
         {QStringLiteral("out"), QStringLiteral("The picture, a PNG; with --all a folder or a PNG."),
          QStringLiteral("OUT")},
         qxCommands::noScriptsOption(),
@@ -87,11 +81,6 @@ int readJob(const QCommandLineParser &parser, Job &job)
         return wrongUse(QStringLiteral("--set and --all do not go together"));
     if (!job.all && !job.out.endsWith(QLatin1String(".png"), Qt::CaseInsensitive))
         return wrongUse(QStringLiteral("%1: a picture's name ends with .png").arg(job.out));
-
-    const QString quality = parser.value(QStringLiteral("quality"));
-    job.best = quality != QLatin1String("quick");
-    if (job.best && !quality.isEmpty() && quality != QLatin1String("best"))
-        return wrongUse(QStringLiteral("--quality is quick or best, not \"%1\"").arg(quality));
 
     job.size = job.isSheet() ? QSize(384, 256) : QSize(1280, 720);
     if (parser.isSet(QStringLiteral("size")))
@@ -194,8 +183,8 @@ int run(const QCommandLineParser &parser)
 {
     Job job;
     const int code = readJob(parser, job);
-    if (code != Success)
-        return code;
+    if (code != Success || !qxSetPictures::isQualityKnown(parser))
+        return WrongUse;
     qxSession session;
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;
@@ -203,9 +192,7 @@ int run(const QCommandLineParser &parser)
     if (!flaw.isEmpty())
         return qxCommands::fail(flaw);
 
-    qxOSGWidget::setRaytracing(job.best);
-    qxRaytracingManager::getRaytracingUtils()->setImageQuality(-1);
-    qxSetPictures::lookFromFirstViewpoint();
+    qxSetPictures::prepare(parser);
     const qxInterrupt interrupt;
     if (!job.all)
         return renderOne(job);

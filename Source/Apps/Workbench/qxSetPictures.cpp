@@ -6,15 +6,37 @@
 #include "qxCameraService.h"
 #include "qxImageWriter.h"
 #include "qxInterrupt.h"
+#include "qxOSGWidget.h"
 #include "qxOutput.h"
 #include "qxProgress.h"
+#include "qxRaytracingManager.h"
 #include "qxSceneKeeper.h"
 
+#include <QCommandLineParser>
 #include <QImage>
 #include <QSaveFile>
 
-void qxSetPictures::lookFromFirstViewpoint()
+QCommandLineOption qxSetPictures::qualityOption()
 {
+    return {QStringLiteral("quality"),
+            QStringLiteral("quick (hard light, jagged edges) or best (soft shadows, takes longer; "
+                           "the default)."),
+            QStringLiteral("QUALITY")};
+}
+
+bool qxSetPictures::isQualityKnown(const QCommandLineParser &parser)
+{
+    const QString quality = parser.value(QStringLiteral("quality"));
+    if (quality.isEmpty() || quality == QLatin1String("quick") || quality == QLatin1String("best"))
+        return true;
+    qxOutput::error(QStringLiteral("--quality is quick or best, not \"%1\"").arg(quality));
+    return false;
+}
+
+void qxSetPictures::prepare(const QCommandLineParser &parser)
+{
+    qxOSGWidget::setRaytracing(parser.value(QStringLiteral("quality")) != QLatin1String("quick"));
+    qxRaytracingManager::getRaytracingUtils()->setImageQuality(-1);
     qxKernelServiceFactory::the()->getService<qxCameraService>()->moveToViewpoint(0, 0, 0, 0);
 }
 

@@ -1,17 +1,22 @@
 #pragma once
 
+#include <QCommandLineOption>
 #include <QStringList>
 
 #include <functional>
 
+class QCommandLineParser;
 class qxVariantSet;
 
 /// Shows sets one after the other, as each looks when it is selected in the scene as it is now.
 namespace qxSetPictures {
 
-/// Looks from the scene's first viewpoint, if there is one: pictures show that view unless a set or
-/// an option leads elsewhere.
-void lookFromFirstViewpoint();
+QCommandLineOption qualityOption();
+/// Whether the option has a value that there is; says on standard error when it has not.
+bool isQualityKnown(const QCommandLineParser &parser);
+/// Sets ray tracing as the option asks, and looks from the scene's first viewpoint, if there is
+/// one: pictures show that view unless a set or another option leads elsewhere.
+void prepare(const QCommandLineParser &parser);
 
 /// What is done while the set is selected; false ends the work.
 typedef std::function<bool(qxVariantSet &set)> Work;
