@@ -5,7 +5,12 @@
 #include <QImage>
 #include <QProcess>
 
+#include <fcntl.h>
+
+#include <algorithm>
 #include <csignal>
+#include <cstdlib>
+#include <unistd.h>
 
 namespace {
 
@@ -78,6 +83,38 @@ protected:
                 QByteArray::fromBase64(preview.text().toLatin1());
         }
         return all;
+    }
+
+    /// The scene with this document.
+    QString withDocument(const QByteArray &text) const
+    {
+        const QString made = path("made.gltf");
+        done({"document", file, "--in", write("made.xml", text), "--save", made});
+        return made;
+    }
+
+    /// Sixty sets, "Set 1" and so on: enough to interrupt.
+    QString manySets() const
+    {
+        QByteArray text = "<Variants>";
+        for (int i = 1; i <= 60; ++i)
+            text += "<VariantSet name=\"Set " + QByteArray::number(i)
+                + "\" comment=\"\" default-viewpoint=\"\"/>";
+        return withDocument(text + "</Variants>");
+    }
+
+    /// Runs the program, presses Ctrl-C when its progress shows `text`, and returns what it said.
+    static QByteArray interrupted(const QStringList &arguments, const QByteArray &text)
+    {
+        QProcess process;
+        process.start(QStringLiteral(QX_BUILD_BIN "/workbench"), arguments);
+        process.setReadChannel(QProcess::StandardError);
+        while (!process.peek(4096).contains(text) && process.waitForReadyRead(30000)) {}
+        kill(pid_t(process.processId()), SIGINT);
+        EXPECT_TRUE(process.waitForFinished(30000));
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(process.exitCode(), 130);
+        return process.readAllStandardError();
     }
 
     QString file;
@@ -192,6 +229,23 @@ TEST_F(PictureTest, TheCatalogueShowsEverythingOnOnePage)
     EXPECT_EQ(bytesOf(page), first);
 }
 
+TEST_F(PictureTest, ScriptsThatChangeSetsDoNotChangeTheCatalogue)
+{
+    const QString scripted = withDocument(
+        QByteArray(document).replace("print(\"&lt;stop&gt;\")",
+                                     "createVariantSet('New'); removeVariantSet('stop : halt');"
+                                     "findVariantSet('Away').setName('Far')"));
+    done({"catalogue", scripted, "--quality", "quick", "--out", path("catalogue")});
+    QDomDocument html;
+    ASSERT_TRUE(html.setContent(bytesOf(path("catalogue/index.html"))));
+    QStringList names;
+    const QDomNodeList titles = html.elementsByTagName("h3");
+    for (int i = 0; i < titles.size(); ++i)
+        names += titles.at(i).toElement().text();
+    EXPECT_EQ(names, (QStringList{"Stop / halt", "stop : halt", "Away"}));
+    EXPECT_EQ(html.elementsByTagName("img").size(), 1);
+}
+
 TEST_F(PictureTest, ASceneWithoutSetsHasACatalogueToo)
 {
     const QString empty = write("empty.gltf", R"({"asset": {"version": "2.0"}})");
@@ -229,15 +283,61 @@ TEST_F(PictureTest, WhatCannotBeDoneIsRefusedBeforeAnythingIsRendered)
 
 TEST_F(PictureTest, AnInterruptedRenderingLeavesNoHalfPicture)
 {
-    QProcess process;
-    process.start(QStringLiteral(QX_BUILD_BIN "/workbench"),
-                  {"render", file, "--size", "8000x8000", "--out", path("large.png")});
-    process.setReadChannel(QProcess::StandardError);
-    while (!process.peek(4096).contains("1/1") && process.waitForReadyRead(30000)) {}
-    kill(pid_t(process.processId()), SIGINT);
-    ASSERT_TRUE(process.waitForFinished(30000));
-    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(process.exitCode(), 130);
-    EXPECT_TRUE(process.readAllStandardError().contains("interrupted; no picture was written"));
+    const QByteArray said =
+        interrupted({"render", file, "--size", "8000x8000", "--out", path("large.png")}, "1/1");
+    EXPECT_TRUE(said.contains("interrupted; no picture was written"));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"signs.gltf"});
+}
+
+TEST_F(PictureTest, AnInterruptKeepsThePicturesThatAreDone)
+{
+    const QString out = path("pictures");
+    const QByteArray said =
+        interrupted({"render", manySets(), "--all", "--size", "200x200", "--out", out}, "3/60");
+    const int count = QDir(out).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size();
+    EXPECT_GE(count, 2);
+    EXPECT_LT(count, 60);
+    EXPECT_TRUE(said.contains("holds " + QByteArray::number(count) + " of 60 pictures"))
+        << said.constData();
+    EXPECT_GT(middle(out + "/Set 1.png", {200, 200}).red(), 200);
+    for (int i = 2; i <= count; ++i) // all sets look the same
+        EXPECT_EQ(bytesOf(out + QStringLiteral("/Set %1.png").arg(i)), bytesOf(out + "/Set 1.png"));
+}
+
+TEST_F(PictureTest, AnInterruptSavesThePreviewsThatAreDone)
+{
+    const QString saved = path("saved.gltf");
+    const QByteArray said = interrupted({"previews", manySets(), "--save", saved}, "3/60");
+    int count = 0;
+    for (const QByteArray &preview : previews(saved)) {
+        count += !preview.isEmpty();
+        EXPECT_TRUE(preview.isEmpty() || !QImage::fromData(preview, "PNG").isNull());
+    }
+    EXPECT_GE(count, 2);
+    EXPECT_LT(count, 60);
+    EXPECT_TRUE(said.contains(QByteArray::number(count) + " of 60 sets are done"))
+        << said.constData();
+    EXPECT_FALSE(previews(saved)["Set 2"].isEmpty());
+}
+
+TEST_F(PictureTest, ATerminalShowsABarThatIsWipedInTheEnd)
+{
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_TRUE(terminal >= 0 && grantpt(terminal) == 0 && unlockpt(terminal) == 0);
+    QProcess process;
+    process.setStandardErrorFile(QString::fromLocal8Bit(ptsname(terminal)));
+    process.start(QStringLiteral(QX_BUILD_BIN "/workbench"),
+                  {"render", file, "--all", "--size", "16x16", "--quality", "quick", "--out",
+                   path("pictures")});
+    ASSERT_TRUE(process.waitForFinished(30000));
+    EXPECT_EQ(process.exitCode(), 0);
+    char bytes[4096];
+    const ssize_t count = read(terminal, bytes, sizeof bytes);
+    close(terminal);
+    const QByteArray shown(bytes, int(std::max<ssize_t>(count, 0)));
+    EXPECT_TRUE(shown.contains("[" + QByteArray(24, '.') + "] 1/3 Stop / halt"))
+        << shown.constData();
+    EXPECT_TRUE(shown.contains("[" + QByteArray(8, '#') + QByteArray(16, '.') + "] 2/3 stop"))
+        << shown.constData();
+    EXPECT_TRUE(shown.contains("] 3/3 Away\r\x1b[K")) << shown.constData();
 }

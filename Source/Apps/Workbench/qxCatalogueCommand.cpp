@@ -1,6 +1,3 @@
-#include "qxVariantSet.h"
-#include "qxVariants.h"
-
 #include "qxCataloguePage.h"
 #include "qxCommand.h"
 #include "qxInterrupt.h"
@@ -42,10 +39,10 @@ int run(const QCommandLineParser &parser)
     qxSetPictures::prepare(parser);
     const qxInterrupt interrupt;
     const QStringList names = qxSetPictures::namesWithoutPreview();
-    const int done = qxSetPictures::visit(names, [](qxVariantSet &set) {
-        qxVariants::renderVariantSetPreview(&set, false, true, true);
-        return !set.getPreview().isEmpty();
-    });
+    int done = 0;
+    const qxSetPictures::Previews previews = qxSetPictures::makePreviews(names, done);
+    if (!qxSetPictures::reopen(session, file, previews))
+        return WorkFailed;
     const QString page = folder.filePath(QStringLiteral("index.html"));
     if (!qxSetPictures::write(page, qxCataloguePage::html(QFileInfo(file).fileName())))
         return WorkFailed;

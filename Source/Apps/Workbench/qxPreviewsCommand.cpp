@@ -1,4 +1,3 @@
-#include "qxVariantSet.h"
 #include "qxVariants.h"
 
 #include "qxCommand.h"
@@ -8,7 +7,6 @@
 #include "qxSetPictures.h"
 
 #include <QCommandLineParser>
-#include <QMap>
 
 namespace {
 
@@ -20,36 +18,6 @@ QList<QCommandLineOption> options()
             qxCommands::noScriptsOption(),
             qxSetPictures::qualityOption(),
             qxCommands::saveOption()};
-}
-
-typedef QMap<QString, QByteArray> Previews; ///< by the names of sets
-
-/// Makes a preview of each of these sets until one is interrupted or fails; keeps those that are
-/// new.
-Previews make(const QStringList &names, int &done)
-{
-    Previews previews;
-    done = qxSetPictures::visit(names, [&previews](qxVariantSet &set) {
-        const QByteArray before = set.getPreview();
-        qxVariants::renderVariantSetPreview(&set, false, true, true);
-        if (set.getPreview() != before && !set.getPreview().isEmpty())
-            previews[set.name] = set.getPreview();
-        return !set.getPreview().isEmpty();
-    });
-    return previews;
-}
-
-/// Saves the file as it was read, with these previews: scripts of the sets may have changed what
-/// has no place in it.
-bool save(qxSession &session, const QCommandLineParser &parser, const Previews &previews)
-{
-    if (!session.open(parser.positionalArguments().first()))
-        return false;
-    for (auto preview = previews.begin(); preview != previews.end(); ++preview) {
-        if (qxVariantSet *set = qxVariants::findVariantSet(preview.key()))
-            set->setPreview(preview.value());
-    }
-    return session.save(parser.value(QStringLiteral("save")));
 }
 
 int run(const QCommandLineParser &parser)
@@ -72,8 +40,9 @@ int run(const QCommandLineParser &parser)
     const QStringList names =
         all || stale ? qxSetPictures::allNames() : qxSetPictures::namesWithoutPreview();
     int done = 0;
-    const Previews previews = make(names, done);
-    if (!save(session, parser, previews))
+    const qxSetPictures::Previews previews = qxSetPictures::makePreviews(names, done);
+    if (!qxSetPictures::reopen(session, parser.positionalArguments().first(), previews)
+        || !session.save(parser.value(QStringLiteral("save"))))
         return WorkFailed;
     const int made = all ? done : previews.size();
     const int kept = int(qxVariants::_variantSets.size()) - made;

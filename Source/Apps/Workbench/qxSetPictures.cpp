@@ -11,6 +11,7 @@
 #include "qxProgress.h"
 #include "qxRaytracingManager.h"
 #include "qxSceneKeeper.h"
+#include "qxSession.h"
 
 #include <QCommandLineParser>
 #include <QImage>
@@ -58,6 +59,30 @@ int qxSetPictures::visit(const QStringList &names, const Work &work)
         ++done;
     }
     return done;
+}
+
+qxSetPictures::Previews qxSetPictures::makePreviews(const QStringList &names, int &done)
+{
+    Previews previews;
+    done = visit(names, [&previews](qxVariantSet &set) {
+        const QByteArray before = set.getPreview();
+        qxVariants::renderVariantSetPreview(&set, false, true, true);
+        if (set.getPreview() != before && !set.getPreview().isEmpty())
+            previews[set.name] = set.getPreview();
+        return !set.getPreview().isEmpty();
+    });
+    return previews;
+}
+
+bool qxSetPictures::reopen(qxSession &session, const QString &file, const Previews &previews)
+{
+    if (!session.open(file))
+        return false;
+    for (auto preview = previews.begin(); preview != previews.end(); ++preview) {
+        if (qxVariantSet *set = qxVariants::findVariantSet(preview.key()))
+            set->setPreview(preview.value());
+    }
+    return true;
 }
 
 QStringList qxSetPictures::allNames()

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QCommandLineOption>
+#include <QMap>
 #include <QStringList>
 
 #include <functional>
 
 class QCommandLineParser;
+class qxSession;
 class qxVariantSet;
 
 /// Shows sets one after the other, as each looks when it is selected in the scene as it is now.
@@ -24,6 +26,15 @@ typedef std::function<bool(qxVariantSet &set)> Work;
 /// Selects each of these sets, does `work`, and puts scene and camera back. Sets that are gone are
 /// left out. Answers how many were done; fewer than there are when `work` or Ctrl-C ended it.
 int visit(const QStringList &names, const Work &work);
+
+typedef QMap<QString, QByteArray> Previews; ///< by the names of sets
+
+/// Makes a preview of each of these sets and answers those that are new; counts in `done` like
+/// visit.
+Previews makePreviews(const QStringList &names, int &done);
+/// Opens the file again and gives its sets these previews: scripts of the sets may have changed
+/// what does not belong to the file. False when it cannot be opened.
+bool reopen(qxSession &session, const QString &file, const Previews &previews);
 
 /// The names of all sets in the registry's order.
 QStringList allNames();

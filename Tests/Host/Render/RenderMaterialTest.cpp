@@ -6,6 +6,7 @@
 #include <OpenSG/OSGMaterialChunk.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMultiPassMaterial.h>
+#include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSimpleTexturedMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 #include <OpenSG/OSGTextureChunk.h>
@@ -111,6 +112,32 @@ TEST_F(RenderMaterialTest, PassesLieOnTopOfEachOther)
     passes->addMaterial(translucent(0, 0, 1, 0.5f));
     addSquare(passes, osg::Vec3f(0, 0, 0), 1);
     EXPECT_EQ(picture().at(0, 0), "0 188 188");
+}
+
+TEST_F(RenderMaterialTest, MaterialsThatHoldThemselvesAreStillShownSoon)
+{
+    std::vector<osg::RefPtr<osg::MultiPassMaterialPtr>> crowd;
+    for (int i = 0; i < 40; ++i)
+        crowd.emplace_back(osg::MultiPassMaterial::create());
+    for (const auto &one : crowd) {
+        one->addMaterial(green);
+        for (const auto &other : crowd)
+            one->addMaterial(other.get());
+    }
+    addSquare(crowd.front().get(), osg::Vec3f(0.5f, 0, 0), 0.9f);
+    const osg::RefPtr<osg::MultiPassMaterialPtr> twice(osg::MultiPassMaterial::create());
+    for (int i = 0; i < 2; ++i)
+        twice->addMaterial(twice.get());
+    twice->addMaterial(red);
+    addSquare(twice.get(), osg::Vec3f(-0.5f, 0, 0), 0.9f);
+    EXPECT_EQ(picture().at(-0.5f, 0), "255 0 0");
+    EXPECT_EQ(picture().at(0.5f, 0), "0 255 0");
+
+    crowd.push_back(twice); // now nothing holds itself any more
+    for (const auto &one : crowd) {
+        while (!one->getMaterials().empty())
+            one->subMaterial(one->getMaterials()[0]);
+    }
 }
 
 TEST_F(RenderMaterialTest, TranslucentSurfacesMixWithWhatIsBehind)

@@ -13,8 +13,8 @@
 
 namespace {
 
-/// Switch materials may hold each other; deeper than this they can only go round in circles.
-const int _deepest = 32;
+/// So many make one surface. Few that hold each other several times would be endless work.
+const int _mostMaterials = 1000;
 
 float unit(float value)
 {
@@ -126,27 +126,48 @@ osg::MaterialPtr chosen(const osg::SwitchMaterialPtr &material)
     return isThere ? material->getMaterials()[material->getChoice()] : osg::MaterialPtr();
 }
 
-void readLayers(std::vector<qxRenderLayer> &layers, const osg::MaterialPtr &material,
-                const qxTextureSource &textures, int depth)
-{
-    const auto choices = osg::SwitchMaterialPtr::dcast(material);
-    const auto passes = osg::MultiPassMaterialPtr::dcast(material);
-    if (depth > _deepest)
-        return;
-    if (material == osg::NullFC) {
-        layers.assign(1, qxRenderLayer());
-    } else if (choices != osg::NullFC) {
-        readLayers(layers, chosen(choices), textures, depth + 1);
-    } else if (passes != osg::NullFC) {
-        for (const osg::MaterialPtr &pass : passes->getMaterials())
-            readLayers(layers, pass, textures, depth + 1);
-    } else {
-        const qxRenderLayer layer = readLayer(material, textures);
-        if (layer.alphaMode == qxSurface::Opaque && layer.doubleSided)
-            layers.clear();
-        layers.push_back(layer);
+/// Materials may hold each other, in circles too.
+class LayerReader {
+public:
+    explicit LayerReader(const qxTextureSource &textures) : m_textures(textures) {}
+
+    /// A material that comes again inside of itself adds nothing there.
+    void add(const osg::MaterialPtr &material)
+    {
+        const bool again = std::find(m_path.begin(), m_path.end(), material) != m_path.end();
+        if (again || ++m_count > _mostMaterials)
+            return;
+        m_path.push_back(material);
+        const auto choices = osg::SwitchMaterialPtr::dcast(material);
+        const auto passes = osg::MultiPassMaterialPtr::dcast(material);
+        if (material == osg::NullFC) {
+            m_layers.assign(1, qxRenderLayer());
+        } else if (choices != osg::NullFC) {
+            add(chosen(choices));
+        } else if (passes != osg::NullFC) {
+            for (const osg::MaterialPtr &pass : passes->getMaterials())
+                add(pass);
+        } else {
+            addLayer(readLayer(material, m_textures));
+        }
+        m_path.pop_back();
     }
-}
+
+    std::vector<qxRenderLayer> &layers() { return m_layers; }
+
+private:
+    void addLayer(const qxRenderLayer &layer)
+    {
+        if (layer.alphaMode == qxSurface::Opaque && layer.doubleSided)
+            m_layers.clear();
+        m_layers.push_back(layer);
+    }
+
+    const qxTextureSource &m_textures;
+    std::vector<qxRenderLayer> m_layers;
+    std::vector<osg::MaterialPtr> m_path; ///< from the outermost material to this one
+    int m_count = 0;
+};
 
 } // namespace
 
@@ -159,8 +180,9 @@ bool qxRenderMaterial::isOpaque() const
 
 qxRenderMaterial qxReadMaterial(const osg::MaterialPtr &material, const qxTextureSource &textures)
 {
+    LayerReader reader(textures);
+    reader.add(material);
     qxRenderMaterial result;
-    result.layers.clear();
-    readLayers(result.layers, material, textures, 0);
+    result.layers = std::move(reader.layers());
     return result;
 }

@@ -2,27 +2,93 @@
 
 #include <algorithm>
 #include <atomic>
+#include <exception>
+#include <mutex>
+#include <system_error>
 #include <thread>
 #include <vector>
 
 namespace {
 
-/// Lets the threads end, whatever happens.
-struct Threads {
-    ~Threads()
+/// What the threads share; it outlives them.
+class Tiles {
+public:
+    Tiles(int count, const std::function<void(int)> &work) : m_count(count), m_work(work) {}
+
+    /// False when there is nothing left to do.
+    bool doOne()
     {
-        stop = true;
-        join();
-    }
-    void join()
-    {
-        for (std::thread &thread : all)
-            thread.join();
-        all.clear();
+        const int tile = m_stop ? m_count : m_next++;
+        if (tile >= m_count)
+            return false;
+        m_work(tile);
+        ++m_done;
+        return true;
     }
 
-    std::atomic<bool> stop{false};
-    std::vector<std::thread> all;
+    /// As a helper does it: what goes wrong ends all and is kept for the calling thread.
+    void doAll() noexcept
+    {
+        try {
+            while (doOne()) {}
+        } catch (...) {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_error = std::current_exception();
+            m_stop = true;
+        }
+    }
+
+    void stop() { m_stop = true; }
+    int done() const { return m_done; }
+
+    /// Once the helpers have ended.
+    void rethrow() const
+    {
+        if (m_error)
+            std::rethrow_exception(m_error);
+    }
+
+private:
+    const int m_count;
+    const std::function<void(int)> &m_work;
+    std::atomic<int> m_next{0};
+    std::atomic<int> m_done{0};
+    std::atomic<bool> m_stop{false};
+    std::mutex m_mutex;
+    std::exception_ptr m_error;
+};
+
+/// Lets the threads end, whatever happens.
+class Helpers {
+public:
+    explicit Helpers(Tiles &tiles) : m_tiles(tiles) {}
+    ~Helpers()
+    {
+        m_tiles.stop();
+        join();
+    }
+
+    /// Fewer when the system has no more threads.
+    void start(int count)
+    {
+        m_threads.reserve(std::size_t(std::max(count, 0)));
+        try {
+            for (int i = 0; i < count; ++i)
+                m_threads.emplace_back(&Tiles::doAll, &m_tiles);
+        } catch (const std::system_error &) {
+        }
+    }
+
+    void join()
+    {
+        for (std::thread &thread : m_threads)
+            thread.join();
+        m_threads.clear();
+    }
+
+private:
+    Tiles &m_tiles;
+    std::vector<std::thread> m_threads;
 };
 
 } // namespace
@@ -30,27 +96,15 @@ struct Threads {
 bool qxForAllTiles(int count, int threads, const std::function<void(int)> &work,
                    const std::function<bool(int done)> &progress)
 {
-    std::atomic<int> next{0};
-    std::atomic<int> done{0};
-    Threads helpers;
-    const auto doOne = [&] {
-        const int tile = helpers.stop ? count : next++;
-        if (tile >= count)
-            return false;
-        work(tile);
-        ++done;
-        return true;
-    };
+    Tiles tiles(count, work);
+    Helpers helpers(tiles);
     const int wanted = threads > 0 ? threads : int(std::thread::hardware_concurrency());
-    for (int i = 1; i < std::min(wanted, count); ++i) {
-        helpers.all.emplace_back([&doOne] {
-            while (doOne()) {}
-        });
-    }
-    while (doOne()) {
-        if (!progress(std::min(done.load(), count - 1)))
+    helpers.start(std::min(wanted, count) - 1);
+    while (tiles.doOne()) {
+        if (!progress(std::min(tiles.done(), count - 1)))
             return false;
     }
     helpers.join();
+    tiles.rethrow();
     return progress(count);
 }
