@@ -98,6 +98,12 @@ TEST_F(ScriptNestingTest, AnInterruptEndsAllScriptsAndTheProgramsHandlerComesBac
     };
     EXPECT_EQ(errorsOf("step()\nafter = 1"), "script error: interrupted\n");
     EXPECT_EQ(value("after"), "0");
+    onStep = [&] {
+        onStep = [] { std::raise(SIGINT); };
+        qxScript::run("while true: step()");
+    };
+    EXPECT_EQ(errorsOf("try: step()\nexcept KeyboardInterrupt as end: after = end.args"), "");
+    EXPECT_EQ(value("after"), "()");
     struct sigaction now;
     sigaction(SIGINT, nullptr, &now);
     EXPECT_EQ(now.sa_handler, before.sa_handler);

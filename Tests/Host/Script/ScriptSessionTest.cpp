@@ -70,7 +70,12 @@ TEST(ScriptSessionTest, WhatCallbacksRunIsNoScriptOfAUser)
     qxScriptRunner::setEnabled(false);
     qxScript::executeNUS("pass", false);
     EXPECT_EQ(qxScript::executeNUSR("word"), "given");
-    EXPECT_EQ(heard, "pass");
+    qxScript::executeNUS("del word", false);
+    const qxPythonInit late(first);
+    EXPECT_EQ(qxScript::executeNUSR("word"), "given");
+    qxScript::run("word = 'taken'");
+    EXPECT_EQ(qxScript::executeNUSR("word"), "given");
+    EXPECT_EQ(heard, "passdel wordword = 'taken'");
     qxScriptRunner::setEnabled(true);
     qxScriptRunner::removeListener(listener);
 }

@@ -59,6 +59,9 @@ TEST_F(ScriptTest, PrintedTextsGoToTheOutputInUtf8)
     EXPECT_EQ(printedBy([&] { qxScript::run("sys.stdout.write(u'\\ud800')"); }).size(),
               value("sys.version_info[0] >= 3") == "True" ? 6u : 3u); // "\ud800" where it must
 
+    const char *const lines = "sys.stdout.writelines(str(i) + '\\n' for i in range(2))";
+    EXPECT_EQ(printedBy([&] { qxScript::run(lines); }), "0\n1\n");
+
     std::FILE *const file = std::tmpfile();
     qxScriptRunner::setOutput(file);
     EXPECT_EQ(printedBy([&] { qxScript::run("print('elsewhere')"); }), "");
@@ -133,7 +136,14 @@ TEST_F(ScriptTest, ExitEndsTheScriptAloneAndCountsAsErrorWithAnotherCodeThanZero
         {"import sys\nsys.exit(None)", ""},
         {"raise SystemExit", ""},
         {"exit(3)", "script error: exit(3)\n"},
-        {"exit('no wheels')", "script error: no wheels\n"}};
+        {"exit('no wheels')", "script error: no wheels\n"},
+        {"class Odd(SystemExit):\n  code = property(lambda self: 1 / 0)\nraise Odd()",
+         "script error: an exit without a readable code\n"},
+        {"class Code(object):\n"
+         "  def __index__(self): return 1 / 0\n"
+         "  def __str__(self): return 'odd'\n"
+         "exit(Code())",
+         "script error: exit(odd)\n"}};
     for (const auto &expected : exits) {
         EXPECT_EQ(errorsOf("left = 1\n" + expected.first + "\nleft = 2\n"), expected.second);
         EXPECT_EQ(value("left"), "1") << expected.first;

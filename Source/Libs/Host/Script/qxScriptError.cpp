@@ -72,9 +72,8 @@ std::string format(const Error &error, const std::string &text, const std::strin
 
 /// Exits as the interpreter's own program does: without a value and with 0 all is well, another
 /// number only counts, anything else is a message.
-bool reportExit(const Error &error)
+bool reportCode(const python::object &code)
 {
-    const python::object code = error.value.attr("code");
     if (code.is_none())
         return true;
     if (!PyIndex_Check(code.ptr())) {
@@ -82,10 +81,27 @@ bool reportExit(const Error &error)
         return false;
     }
     const Py_ssize_t status = PyNumber_AsSsize_t(code.ptr(), nullptr);
+    if (PyErr_Occurred()) {
+        PyErr_Clear();
+        qxLog::error("script error: exit(%s)", qxPythonText(code.ptr()).c_str());
+        return false;
+    }
     if (status == 0)
         return true;
     qxLog::error("script error: exit(%zd)", status);
     return false;
+}
+
+/// Classes of scripts may be exits as well, and fail when they are asked.
+bool reportExit(const Error &error)
+{
+    try {
+        return reportCode(error.value.attr("code"));
+    } catch (const python::error_already_set &) {
+        PyErr_Clear();
+        qxLog::error("script error: an exit without a readable code");
+        return false;
+    }
 }
 
 /// The scripts around this one end as well, and only the outermost one tells.

@@ -31,7 +31,10 @@ int raiseEnding(void *)
     PyObject *const exception = ending;
     if (depth == 1)
         ending = nullptr;
-    PyErr_SetString(exception, "scripts call each other too deeply");
+    if (qxScriptLevel::isStop(exception))
+        PyErr_SetString(exception, "scripts call each other too deeply");
+    else
+        PyErr_SetNone(exception);
     return -1;
 }
 

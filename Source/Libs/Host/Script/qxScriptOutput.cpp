@@ -3,6 +3,8 @@
 #include "Script/qxPython.h"
 #include "Script/qxScriptRunner.h"
 
+#include <boost/python/stl_iterator.hpp>
+
 #include <unistd.h>
 
 namespace {
@@ -26,6 +28,11 @@ public:
     {
         qxScriptOutput::write(qxPythonText(text.ptr()), m_errors);
     }
+    void writeLines(const python::object &lines) const
+    {
+        for (python::stl_input_iterator<python::object> line(lines), end; line != end; ++line)
+            write(*line);
+    }
     void flush() const { std::fflush(file()); }
     bool isatty() const { return ::isatty(fileno()) != 0; }
     int fileno() const { return ::fileno(file()); }
@@ -42,6 +49,7 @@ void qxScriptOutput::install()
 {
     const python::class_<Stream> stream = python::class_<Stream>("Stream", python::no_init)
                                               .def("write", &Stream::write)
+                                              .def("writelines", &Stream::writeLines)
                                               .def("flush", &Stream::flush)
                                               .def("isatty", &Stream::isatty)
                                               .def("fileno", &Stream::fileno);

@@ -21,6 +21,17 @@ Sessions &sessions()
     return sessions;
 }
 
+/// While it exists, what callbacks run is set-up.
+class Beginning {
+public:
+    Beginning() : m_outer(sessions().beginning) { sessions().beginning = true; }
+    Beginning(const Beginning &) = delete;
+    ~Beginning() { sessions().beginning = m_outer; }
+
+private:
+    bool m_outer;
+};
+
 /// A library that fails to define its words must not take the host with it.
 void tell(qxPythonInit::Callback callback, bool destroy)
 {
@@ -41,8 +52,10 @@ void tellAll(bool destroy)
 
 qxPythonInit::qxPythonInit(Callback callback) : m_id(sessions().callbacks.add(callback))
 {
-    if (sessions().running)
-        tell(callback, false);
+    if (!sessions().running)
+        return;
+    const Beginning beginning;
+    tell(callback, false);
 }
 
 qxPythonInit::~qxPythonInit()
@@ -57,9 +70,9 @@ bool qxScriptSession::begin()
     if (!qxInterpreter::start())
         return false;
     qxInterpreter::fillNames();
-    sessions().running = sessions().beginning = true;
+    sessions().running = true;
+    const Beginning beginning;
     tellAll(false);
-    sessions().beginning = false;
     return true;
 }
 

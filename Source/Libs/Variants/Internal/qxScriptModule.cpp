@@ -3,6 +3,7 @@
 #include "qxScript.h"
 
 #include <boost/python/converter/registry.hpp>
+#include <boost/python/errors.hpp>
 
 #include <sys/mman.h>
 
@@ -77,5 +78,5 @@ void qxScriptModule::registerOnce()
     m_isRegistered = true;
     keepLibraryLoaded();
     if (!makeModule(m_name, m_entry))
-        PyErr_Print();
+        boost::python::throw_error_already_set(); // the host logs it
 }
