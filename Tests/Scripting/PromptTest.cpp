@@ -110,6 +110,7 @@ TEST_F(PromptTest, MistakesAreShownAndThePromptGoesOn)
     shownUntil(">>> ");
     EXPECT_TRUE(typed("1 / 0\n").contains("ZeroDivisionError"));
     EXPECT_TRUE(typed("foo bar\n").contains("SyntaxError"));
+    typed("'no UTF-8: \xFF'\n");
     EXPECT_TRUE(typed("findVariantSet('Morning').addScript('selectVariantSet(\"Morning\")')\n")
                     .endsWith("\n>>> "));
     EXPECT_TRUE(typed("selectVariantSet('Morning')\n").contains("more than 32 levels deep"));

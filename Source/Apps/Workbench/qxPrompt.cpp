@@ -4,6 +4,8 @@
 
 #include <boost/python.hpp>
 
+#include <csignal>
+
 namespace python = boost::python;
 
 namespace {
@@ -21,7 +23,7 @@ try:
 except ImportError:
     readline = None
 
-ask = input if sys.version_info[0] > 2 else lambda prompt: raw_input(prompt).decode("utf-8")
+ask = input if sys.version_info[0] > 2 else lambda prompt: raw_input(prompt).decode("utf-8", "replace")
 
 
 class Prompt(code.InteractiveConsole):
@@ -73,6 +75,17 @@ prompt = Prompt(sys.modules["__main__"].__dict__)
 /// Out of the way of the names that the person sees.
 const char module[] = "qxPrompt";
 
+/// While it exists, the prompt may take Ctrl-C for itself.
+class KeptInterrupt {
+public:
+    KeptInterrupt() { sigaction(SIGINT, nullptr, &m_programs); }
+    KeptInterrupt(const KeptInterrupt &) = delete;
+    ~KeptInterrupt() { sigaction(SIGINT, &m_programs, nullptr); }
+
+private:
+    struct sigaction m_programs;
+};
+
 python::object makePrompt()
 {
     const python::object made = python::import("types").attr("ModuleType")(module);
@@ -92,6 +105,7 @@ bool qxPrompt::run()
     // Starts the interpreter, if nothing has yet.
     if (!qxScriptRunner::run(std::string(), "prompt"))
         return false;
+    const KeptInterrupt interrupt;
     try {
         const python::object prompt = makePrompt();
         const std::string execute = "__import__('" + std::string(module) + "').prompt.execute()";

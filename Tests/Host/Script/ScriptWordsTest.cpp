@@ -4,6 +4,8 @@
 #include "qxMaterials.h"
 #include "qxScript.h"
 
+#include <OpenSG/OSGSimpleAttachments.h>
+
 namespace {
 
 typedef std::vector<std::pair<std::string, std::string>> Values;
@@ -137,6 +139,77 @@ TEST_F(ScriptWordsTest, PathsAreNamesFromBelowTheRootAndTheFirstNodeInSceneOrder
     EXPECT_TRUE(maskAfterHiding(unnamed, "Car/Wheel/Group"));
     for (const char *path : {"", "Root", "Root/Car", "/Car", "Car/", "Ca", "Car/Wheel/Front"})
         EXPECT_EQ(value("findNodePath('" + std::string(path) + "').isNull()"), "True") << path;
+}
+
+TEST_F(ScriptWordsTest, ManyPathsInOneScriptLeadToTheSameNodesAsEachAlone)
+{
+    const TestNode car = scene.add("Car");
+    scene.add("Door", car);
+    const TestNode second = scene.add("Car");
+    scene.add("Front/Left", scene.add("Wheel", second));
+    scene.add("", second);
+    scene.add("Left", scene.add("Front", scene.add("Wheel", second)));
+    scene.addEnvironments("Sky", {"Studio", "Car"});
+    scene.add("Sky");
+    const std::vector<std::string> paths{"Car",
+                                         "Car/Door",
+                                         "Car/Wheel",
+                                         "Car/Wheel/Front/Left",
+                                         "Car/Wheel/Front",
+                                         "Car/Group",
+                                         "Sky",
+                                         "Sky/Car",
+                                         "Sky/Studio",
+                                         "",
+                                         "Root",
+                                         "/Car",
+                                         "Car/",
+                                         "Door",
+                                         "Car/Wheel/Front/",
+                                         "Studio/Car",
+                                         "Ca",
+                                         "ar/Door"};
+    std::string all = "found = [";
+    for (const std::string &path : paths)
+        all += "findNodePath('" + path + "'), ";
+    qxScript::run((all + "]").c_str());
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        const std::string found = "found[" + std::to_string(i) + "]";
+        const std::string isNull = i < 9 ? "False" : "True";
+        EXPECT_EQ(value(found + ".isNull()"), isNull) << paths[i];
+        EXPECT_EQ(value(found + " == findNodePath('" + paths[i] + "')"), "True") << paths[i];
+    }
+    EXPECT_EQ(value("findNodePath('Sky') == findNode('Sky')"), "True") << "the one in the tree";
+}
+
+TEST_F(ScriptWordsTest, PathsFollowWhatAScriptChangesMeanwhile)
+{
+    const TestNode car = scene.add("Car");
+    const TestNode door = scene.addMaterialGroup("Door", osg::NullFC, car);
+    const TestNode unnamed = scene.addMaterialGroup("", osg::NullFC, car);
+    const std::vector<std::pair<std::function<void()>, std::string>> changes{
+        {[] {}, "1100000"},
+        {[&] { qxMaterials::setIgnoreMaterialGroup(door, true); }, "1100000"},
+        {[&] { osg::setName(unnamed.node(), "Roof"); }, "1110000"},
+        {[&] { osg::setName(car.node(), "Bus"); }, "0001000"},
+        {[&] { osg::setName(door.core(), "Gate"); }, "0001000"},
+        {[&] { scene.add("Seat", car); }, "0001100"},
+        {[&] { scene.addEnvironments("Sky", {"Sun"}); }, "0001110"},
+        {[&] { osg::setName(scene.add("Car").node(), "Sea"); }, "0001111"},
+        {[&] { host.clearScene(); }, "0000000"}};
+    std::size_t step = 0;
+    const int listener = qxRenderRequests::addListener([&](bool) { changes[step++].first(); });
+    qxScript::run(
+        "paths = ['Car', 'Car/Door', 'Car/Roof', 'Bus/Door', 'Bus/Seat', 'Sky/Sun', 'Sea']\n"
+        "found = []\n"
+        "for step in range(9):\n"
+        "  for path in paths: findNodePath(path)\n"
+        "  enableClippingPlane(true)\n"
+        "  found.append(''.join(str(int(bool(findNodePath(p)))) for p in paths))\n");
+    qxRenderRequests::removeListener(listener);
+    ASSERT_EQ(step, changes.size());
+    for (std::size_t i = 0; i < changes.size(); ++i)
+        EXPECT_EQ(value("found[" + std::to_string(i) + "]"), changes[i].second) << i;
 }
 
 TEST_F(ScriptWordsTest, MaterialGroupsKeepTheirIgnoreFlag)

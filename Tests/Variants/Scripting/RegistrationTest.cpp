@@ -1,7 +1,10 @@
 #include "Core/qxHost.h"
 #include "Script/qxScriptRunner.h"
+#include "qxScript.h"
 
 #include <gtest/gtest.h>
+
+#include <dlfcn.h>
 
 TEST(RegistrationTest, EachStartImportsBothModulesButRegistersThemOnce)
 {
@@ -17,6 +20,15 @@ TEST(RegistrationTest, EachStartImportsBothModulesButRegistersThemOnce)
                                         "start"));
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "no converter comes twice";
+}
+
+TEST(RegistrationTest, TheLibraryHasTheEntryPointsByWhichPythonKnowsModules)
+{
+    const qxHost host;
+    const std::string start =
+        qxScript::executeNUSR("'PyInit_' if __import__('sys').version_info[0] > 2 else 'init'");
+    for (const char *module : {"qxVariants", "qxVariantSetPtr"})
+        EXPECT_NE(dlsym(RTLD_DEFAULT, (start + module).c_str()), nullptr) << start << module;
 }
 
 TEST(RegistrationTest, ShutdownSaysSoOnStandardOutput)

@@ -46,9 +46,9 @@ qxSelectionOutcome selectQuietly(const qxVariantSet &set)
                 outcome.animations += QString::fromStdString(*clip);
         }
     });
-    qxScriptRunner::setEnabled(false);
+    const bool wasEnabled = qxScriptRunner::setEnabled(false);
     qxVariants::selectVariantSet(set.name.toUtf8().constData(), false);
-    qxScriptRunner::setEnabled(true);
+    qxScriptRunner::setEnabled(wasEnabled);
     qxController::removeListener(listener);
     const qxUberCamera *camera = qxUberCameraPool::the()->get(qxMainView::the().viewpoint);
     outcome.viewpoint = camera ? QString::fromStdString(camera->name) : QString();

@@ -5,9 +5,11 @@
 #include "Script/qxScriptInterrupt.h"
 #include "Script/qxScriptLevel.h"
 #include "Script/qxScriptRunner.h"
+#include "Script/qxScriptScene.h"
 #include "Script/qxScriptSession.h"
 
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -19,6 +21,15 @@ qxCallList<qxScriptRunner::Listener> &listeners()
     return listeners;
 }
 
+/// What goes with a script that is not inside another one.
+struct Outermost {
+    Outermost() = default;
+    Outermost(const Outermost &) = delete;
+    ~Outermost() { qxScriptScene::forgetPaths(); }
+
+    qxScriptInterrupt interruptible;
+};
+
 /// Calls `run()` inside all that goes with running a script; its result, or one made without
 /// arguments when no script may run.
 template <class Run>
@@ -26,12 +37,12 @@ auto runInLevel(bool leaf, const Run &run) -> decltype(run())
 {
     if (!qxScriptSession::begin())
         return {};
-    std::optional<qxScriptInterrupt> interruptible;
+    std::optional<Outermost> outermost;
     const qxScriptLevel level(leaf);
     if (!level.mayRun())
         return {};
     if (!qxScriptLevel::isNested())
-        interruptible.emplace();
+        outermost.emplace();
     return run();
 }
 
@@ -84,9 +95,9 @@ bool qxScriptRunner::run(const std::string &text, const std::string &fileName)
     return ::run(text, fileName, false);
 }
 
-void qxScriptRunner::setEnabled(bool enable)
+bool qxScriptRunner::setEnabled(bool enable)
 {
-    enabled = enable;
+    return std::exchange(enabled, enable);
 }
 
 int qxScriptRunner::addListener(const Listener &listener)

@@ -26,8 +26,9 @@ public:
     /// that reports success.
     static bool run(const std::string &text, const std::string &fileName);
 
-    /// With false, what qxScript::run is given is left out from now on. True at start.
-    static void setEnabled(bool enabled);
+    /// With false, what qxScript::run is given is left out from now on. True at start. Returns what
+    /// was set before.
+    static bool setEnabled(bool enabled);
 
     /// Where goes what scripts print: standard output at start. Errors of scripts go to the log.
     static void setOutput(std::FILE *output);

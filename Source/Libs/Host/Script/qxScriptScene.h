@@ -8,8 +8,10 @@ namespace qxScriptScene {
 /// The first node of that name; a null handle when there is none.
 qxScriptNode findNode(const char *name);
 /// The first node in scene order with that path: the names from below the root down to the node,
-/// joined by "/".
+/// joined by "/". Behind them come the environment and what is below it.
 qxScriptNode findNodePath(const char *path);
+/// Many look-ups by path in a row are quick by a table, which goes with the outermost script.
+void forgetPaths();
 /// The first material of that name.
 qxScriptMaterial findMaterial(const char *name);
 
