@@ -25,6 +25,13 @@ qxPicture qxScenePicture::render(const qxPictureSettings &settings,
     return picture;
 }
 
+osg::NodePtr qxScenePicture::nodeAt(const qxPictureSettings &settings, float x, float y)
+{
+    if (!idleRenderer())
+        idleRenderer() = std::make_unique<qxRenderer>();
+    return idleRenderer()->nodeAt(settings, x, y);
+}
+
 int qxScenePicture::quality()
 {
     return qxOSGWidget::getRaytracing()

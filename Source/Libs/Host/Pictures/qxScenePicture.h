@@ -10,6 +10,8 @@ public:
                             const qxRenderer::Progress &progress = qxRenderer::Progress());
     /// The quality that the settings of ray tracing ask for (qxPictureSettings::quality).
     static int quality();
+    /// As qxRenderer::nodeAt.
+    static osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);
     /// Gives back what was prepared for the next picture.
     static void forget();
 };

@@ -3,11 +3,14 @@
 #include "Cameras/qxMainView.h"
 #include "Render/qxContour.h"
 #include "Render/qxPictureColour.h"
+#include "Render/qxRenderPicking.h"
 #include "Render/qxRenderScene.h"
 #include "Render/qxTiles.h"
 #include "Render/qxTracer.h"
 #include "Scene/qxScene.h"
 #include "qxLog.h"
+
+#include <OpenSG/OSGFieldContainerFactory.h>
 
 #include <limits>
 #include <new>
@@ -240,21 +243,47 @@ struct qxRenderer::Parts {
             rtcSetDeviceErrorFunction(device.get(), &reportError, &failed);
     }
 
-    qxPicture paint(const qxPictureSettings &settings, const Progress &progress);
+    /// What `work` gives with the scene as it is now; an empty result, with the reason in the log,
+    /// when there can be none.
+    template <class Work>
+    auto withScene(const qxPictureSettings &settings, const Work &work) -> decltype(work());
+    qxPicture paint(const qxPictureSettings &settings, const Progress &progress) const;
+    osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y) const;
 
     qxEmbreeDevice device;
     bool failed = false;
     std::unique_ptr<qxRenderScene> scene;
 };
 
-/// Empty when it is cancelled.
-qxPicture qxRenderer::Parts::paint(const qxPictureSettings &settings, const Progress &progress)
+template <class Work>
+auto qxRenderer::Parts::withScene(const qxPictureSettings &settings, const Work &work)
+    -> decltype(work())
 {
-    if (!scene)
-        scene = std::make_unique<qxRenderScene>(device.get());
-    scene->update();
-    if (failed)
-        return qxPicture();
+    if (!qxScene::current() || !isPossible(settings))
+        return {};
+    if (!device) {
+        qxLog::error("Rendering failed: this processor is not supported");
+        return {};
+    }
+    failed = false;
+    try {
+        if (!scene)
+            scene = std::make_unique<qxRenderScene>(device.get());
+        scene->update();
+        auto result = failed ? decltype(work())() : work();
+        if (!failed)
+            return result;
+    } catch (const std::bad_alloc &) {
+        qxLog::error("Rendering failed: not enough memory");
+    }
+    scene.reset();
+    return {};
+}
+
+/// Empty when it is cancelled.
+qxPicture qxRenderer::Parts::paint(const qxPictureSettings &settings,
+                                   const Progress &progress) const
+{
     const Painter painter(*scene, settings);
     qxPicture picture;
     picture.width = settings.width;
@@ -267,26 +296,32 @@ qxPicture qxRenderer::Parts::paint(const qxPictureSettings &settings, const Prog
     return finished ? picture : qxPicture();
 }
 
+osg::NodePtr qxRenderer::Parts::nodeAt(const qxPictureSettings &settings, float x, float y) const
+{
+    const qxRenderGroup &group = scene->shown();
+    const qxRenderCamera camera(qxMainView::the().camera, group.bounds(), settings.width,
+                                settings.height);
+    const qxRenderClipping clipping(qxClipping::the(), group.bounds());
+    qxRay ray = camera.ray(x, y);
+    clipping.limit(ray);
+    if (clipping.hidesScene() || !(ray.near < ray.far))
+        return osg::NullFC;
+    const osg::UInt32 id = qxNodeAlong(ray, group);
+    if (id == 0)
+        return osg::NullFC;
+    return osg::NodePtr::dcast(osg::FieldContainerFactory::the()->getContainer(id));
+}
+
 qxRenderer::qxRenderer() : m_parts(std::make_unique<Parts>()) {}
 
 qxRenderer::~qxRenderer() = default;
 
 qxPicture qxRenderer::render(const qxPictureSettings &settings, const Progress &progress)
 {
-    if (!qxScene::current() || !isPossible(settings))
-        return qxPicture();
-    if (!m_parts->device) {
-        qxLog::error("Rendering failed: this processor is not supported");
-        return qxPicture();
-    }
-    m_parts->failed = false;
-    try {
-        qxPicture picture = m_parts->paint(settings, progress);
-        if (!m_parts->failed)
-            return picture;
-    } catch (const std::bad_alloc &) {
-        qxLog::error("Rendering failed: not enough memory");
-    }
-    m_parts->scene.reset();
-    return qxPicture();
+    return m_parts->withScene(settings, [&] { return m_parts->paint(settings, progress); });
+}
+
+osg::NodePtr qxRenderer::nodeAt(const qxPictureSettings &settings, float x, float y)
+{
+    return m_parts->withScene(settings, [&] { return m_parts->nodeAt(settings, x, y); });
 }

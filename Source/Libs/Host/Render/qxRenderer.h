@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OpenSG/OSGColor.h>
+#include <OpenSG/OSGNode.h>
 
 #include <cstdint>
 #include <functional>
@@ -50,6 +51,9 @@ public:
     /// An empty picture when it was cancelled, when no host runs, and, with an error line, when the
     /// size is out of range or the scene does not fit into the memory.
     qxPicture render(const qxPictureSettings &settings, const Progress &progress = Progress());
+    /// The node that such a picture shows at a place, in pixels from its lower left corner; null
+    /// for the background. Overlays are looked through.
+    osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);
 
 private:
     struct Parts;

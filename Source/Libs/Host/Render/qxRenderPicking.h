@@ -1,0 +1,8 @@
+#pragma once
+
+#include "Render/qxRay.h"
+#include "Render/qxRenderGroup.h"
+
+/// The id of the node whose surface the ray meets first, 0 when it meets none. Translucent surfaces
+/// count, those that a texture cuts out count as a whole.
+osg::UInt32 qxNodeAlong(const qxRay &ray, const qxRenderGroup &group);
