@@ -1,0 +1,98 @@
+#include "qxPanelEvents.h"
+
+#include "qxController.h"
+#include "qxMessage.h"
+
+#include <QHash>
+
+namespace {
+
+const char *const variantSetChanged = "variantSetChanged";
+const char *const variantsSetSelected = "variantsSetSelected";
+
+/// The announcements that ask for a highlight; their place is the number of the kind.
+const char *const highlights[] = {"selectNodeVariants", "selectMaterialVariants",
+                                  "selectLightVariants", "selectOverlayVariants",
+                                  "selectTransformVariants"};
+
+QStringList namesIn(const qxMessage *message)
+{
+    const auto *names = message ? message->get<std::vector<QString>>("variant") : nullptr;
+    return names ? QStringList(names->begin(), names->end()) : QStringList();
+}
+
+} // namespace
+
+qxPanelEvents::qxPanelEvents(QObject *parent) : QObject(parent)
+{
+    m_listener = qxController::addListener(
+        [this](const char *name, qxMessage *message, int) { hear(name, message); });
+}
+
+qxPanelEvents::~qxPanelEvents()
+{
+    qxController::removeListener(m_listener);
+}
+
+void qxPanelEvents::announceEditedSets()
+{
+    qxController::call(variantSetChanged, 1);
+}
+
+// A list, not a procedure.
+static QHash<QByteArray, int> announcements(int sets, int variants, int states)
+{
+    QHash<QByteArray, int> table;
+    for (const char *object : {"variantSet", "variantGroup"}) {
+        for (const char *event : {"Added", "Removed", "Changed"})
+            table.insert(QByteArray(object) + event, sets);
+    }
+    for (const char *kind : {"node", "material", "light", "overlay", "transform"}) {
+        for (const char *event : {"Added", "Removed", "Changed"})
+            table.insert(QByteArray(kind) + "Variant" + event, variants | states);
+        table.insert(QByteArray(kind) + "VariantSelected", states);
+    }
+    for (const char *event :
+         {"variantsNodesChanged", "variantsMaterialChanged", "variantsLightsChanged",
+          "variantsOverlaysChanged", "activateOverlays", "updateMaterials", "variantSetSelected"})
+        table.insert(event, states);
+    return table;
+}
+
+void qxPanelEvents::hear(const QByteArray &name, const qxMessage *message)
+{
+    static const QHash<QByteArray, int> table = announcements(Sets, Variants, States);
+    if (name == variantsSetSelected) {
+        const std::string *set = message ? message->get<std::string>("variantSetName") : nullptr;
+        m_selected = set ? QString::fromStdString(*set) : QString();
+        return gather(Selected | States);
+    }
+    for (int kind = 0; kind < int(std::size(highlights)); ++kind) {
+        if (name == highlights[kind])
+            emit variantsHighlighted(kind, namesIn(message));
+    }
+    gather(table.value(name, Nothing));
+}
+
+void qxPanelEvents::gather(int what)
+{
+    if (what == Nothing)
+        return;
+    if (m_pending == Nothing)
+        QMetaObject::invokeMethod(this, &qxPanelEvents::flush, Qt::QueuedConnection);
+    m_pending |= what;
+}
+
+void qxPanelEvents::flush()
+{
+    const int told = m_pending;
+    m_pending = Nothing;
+    if (told & Sets)
+        emit setsChanged();
+    if (told & Variants)
+        emit variantsChanged();
+    if (told & States)
+        emit statesChanged();
+    if (told & Selected)
+        emit setSelected(m_selected);
+}

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "qxSetMatch.h"
+
+#include <QAbstractItemModel>
+#include <QPixmap>
+
+#include <vector>
+
+class qxPanelEvents;
+class qxSetEdits;
+class qxVariantGroup;
+class qxVariantSet;
+
+/// Groups and their sets, then the sets in no group, as the module's announcements tell them: as a
+/// tree, or the sets alone in the same order.
+///
+/// Rows keep their place in the views (selection, scrolling, open groups) through every change.
+/// Names and comments are edited in place, sets are moved by drag and drop; both can be undone.
+class qxSetsModel : public QAbstractItemModel {
+    Q_OBJECT
+
+public:
+    enum Shape { Tree, Flat };
+    enum Role {
+        IsGroupRole = Qt::UserRole, ///< bool
+        GroupRole, ///< QString: name of the set's group, empty for none
+        HotkeyRole, ///< QString
+        CommentRole, ///< QString
+        PreviewRole, ///< QPixmap, null for none
+        CountRole, ///< int: states of a set, sets of a group
+        EmptyRole, ///< bool: the set would do nothing, the group has no sets
+        UnusedRole, ///< bool: the set refers to something, but nothing of it exists
+        CurrentRole, ///< bool: the scene shows the set now
+        SearchRole ///< QString: what the search box looks in
+    };
+
+    qxSetsModel(Shape shape, qxPanelEvents *events, qxSetEdits *edits, QObject *parent = nullptr);
+
+    /// The set or group of a row, null for the other of the two and for one that is gone.
+    qxVariantSet *setAt(const QModelIndex &index) const;
+    qxVariantGroup *groupAt(const QModelIndex &index) const;
+    QModelIndex indexOfSet(const QString &name) const;
+    QModelIndex indexOfGroup(const QString &name) const;
+
+    QModelIndex index(int row, int column, const QModelIndex &parent) const override;
+    QModelIndex parent(const QModelIndex &index) const override;
+    int rowCount(const QModelIndex &parent) const override;
+    int columnCount(const QModelIndex &) const override { return 1; }
+    QVariant data(const QModelIndex &index, int role) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+    Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+    QStringList mimeTypes() const override;
+    QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                      const QModelIndex &parent) override;
+
+private:
+    /// What stands in a row. The pointer may be dead when announcements are pending.
+    struct Row {
+        const void *object;
+        QString name;
+        bool isGroup;
+        int parent; ///< row of the group, -1 at the top
+        std::vector<int> children; ///< places in m_rows
+        int row; ///< among its siblings
+    };
+    typedef std::vector<Row> Rows;
+
+    void refresh();
+    void refreshStates();
+    void readRows();
+    int appendRow(const void *object, const QString &name, bool isGroup, int parent);
+    void keepPersistentIndexes(const Rows &before);
+    const Row *rowAt(const QModelIndex &index) const;
+    QModelIndex indexOfRow(int place) const;
+    void rowsShowAnew();
+    QVariant groupData(const Row &row, const qxVariantGroup &group, int role) const;
+    QVariant setDataOf(const Row &row, qxVariantSet &set, int role) const;
+    QPixmap previewOf(const qxVariantSet &set) const;
+
+    Shape m_shape;
+    qxSetEdits *m_edits;
+    Rows m_rows;
+    std::vector<int> m_top;
+    QHash<QString, int> m_sets; ///< places of the sets in m_rows
+    QHash<QString, int> m_groups;
+    mutable qxSetMatch m_match;
+};

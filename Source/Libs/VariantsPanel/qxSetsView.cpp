@@ -1,0 +1,164 @@
+#include "qxSetsView.h"
+
+#include "qxVariantGroup.h"
+#include "qxVariants.h"
+
+#include "qxSetDelegate.h"
+#include "qxSetsFilter.h"
+#include "qxSetsModel.h"
+
+#include <QListView>
+#include <QTreeView>
+
+#include <algorithm>
+
+namespace {
+
+QTreeView *makeTree()
+{
+    auto *const tree = new QTreeView;
+    tree->setHeaderHidden(true);
+    tree->setUniformRowHeights(true);
+    tree->setExpandsOnDoubleClick(false);
+    tree->setItemDelegate(new qxSetDelegate(qxSetDelegate::Lines, tree));
+    return tree;
+}
+
+QListView *makeGallery()
+{
+    auto *const gallery = new QListView;
+    gallery->setViewMode(QListView::IconMode);
+    gallery->setResizeMode(QListView::Adjust);
+    gallery->setMovement(QListView::Snap);
+    gallery->setUniformItemSizes(true);
+    gallery->setLayoutMode(QListView::Batched);
+    gallery->setItemDelegate(new qxSetDelegate(qxSetDelegate::Cards, gallery));
+    return gallery;
+}
+
+} // namespace
+
+qxSetsView::qxSetsView(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent)
+    : QStackedWidget(parent),
+      m_faces{makeFace(makeTree(), new qxSetsModel(qxSetsModel::Tree, events, edits, this)),
+              makeFace(makeGallery(), new qxSetsModel(qxSetsModel::Flat, events, edits, this))}
+{
+    const Face &list = m_faces[List];
+    expandNewGroups();
+    connect(list.model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::expandNewGroups);
+}
+
+/// Groups are open at first; what the user closed stays closed.
+void qxSetsView::expandNewGroups()
+{
+    auto *const tree = static_cast<QTreeView *>(m_faces[List].view);
+    QSet<QString> groups;
+    for (const qxVariantGroup *group : qxVariants::_variantGroups) {
+        groups.insert(group->name);
+        const QModelIndex index = m_faces[List].model->indexOfGroup(group->name);
+        if (!m_knownGroups.contains(group->name))
+            tree->expand(m_faces[List].filter->mapFromSource(index));
+    }
+    m_knownGroups = groups;
+}
+
+qxSetsView::Face qxSetsView::makeFace(QAbstractItemView *view, qxSetsModel *model)
+{
+    auto *const filter = new qxSetsFilter(this);
+    filter->setSourceModel(model);
+    view->setModel(filter);
+    view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+    view->setDragDropMode(QAbstractItemView::InternalMove);
+    view->setDefaultDropAction(Qt::MoveAction);
+    view->setContextMenuPolicy(Qt::CustomContextMenu);
+    view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    connect(view, &QAbstractItemView::activated, this, [this] {
+        if (!currentSet().isEmpty())
+            emit activated(currentSet());
+    });
+    connect(view, &QWidget::customContextMenuRequested, this, [this, view](const QPoint &place) {
+        emit menuRequested(view->viewport()->mapToGlobal(place));
+    });
+    connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &qxSetsView::currentChanged);
+    connect(model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::currentChanged);
+    addWidget(view);
+    return {model, filter, view};
+}
+
+void qxSetsView::setForm(Form form)
+{
+    const QString set = currentSet();
+    setCurrentIndex(form);
+    showSet(set);
+}
+
+void qxSetsView::setSearch(const QString &text)
+{
+    for (const Face &each : m_faces)
+        each.filter->setSearch(text);
+    if (!text.trimmed().isEmpty())
+        static_cast<QTreeView *>(m_faces[List].view)->expandAll();
+}
+
+QStringList qxSetsView::selectedSets() const
+{
+    QModelIndexList selected = face().view->selectionModel()->selectedIndexes();
+    const auto isBefore = [](const QModelIndex &one, const QModelIndex &other) {
+        const int above = one.parent().isValid() ? one.parent().row() : one.row();
+        const int otherAbove = other.parent().isValid() ? other.parent().row() : other.row();
+        return above != otherAbove ? above < otherAbove : one.row() < other.row();
+    };
+    std::sort(selected.begin(), selected.end(), isBefore);
+    QStringList names;
+    for (const QModelIndex &index : selected) {
+        if (!index.data(qxSetsModel::IsGroupRole).toBool())
+            names << index.data().toString();
+    }
+    return names;
+}
+
+QModelIndex qxSetsView::current() const
+{
+    return face().view->currentIndex();
+}
+
+QString qxSetsView::currentSet() const
+{
+    const bool isSet = current().isValid() && !current().data(qxSetsModel::IsGroupRole).toBool();
+    return isSet ? current().data().toString() : QString();
+}
+
+QString qxSetsView::currentGroup() const
+{
+    if (!current().isValid())
+        return QString();
+    const bool isGroup = current().data(qxSetsModel::IsGroupRole).toBool();
+    return current().data(isGroup ? int(Qt::DisplayRole) : int(qxSetsModel::GroupRole)).toString();
+}
+
+void qxSetsView::showSet(const QString &name)
+{
+    setCurrent(face().model->indexOfSet(name));
+}
+
+void qxSetsView::showGroup(const QString &name)
+{
+    setCurrent(face().model->indexOfGroup(name));
+}
+
+void qxSetsView::setCurrent(const QModelIndex &sourceIndex)
+{
+    const QModelIndex index = face().filter->mapFromSource(sourceIndex);
+    if (!index.isValid())
+        return;
+    face().view->setCurrentIndex(index);
+    face().view->scrollTo(index);
+}
+
+void qxSetsView::renameCurrent()
+{
+    if (current().isValid())
+        face().view->edit(current());
+}

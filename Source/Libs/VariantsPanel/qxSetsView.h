@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QSet>
+#include <QStackedWidget>
+
+class QAbstractItemView;
+class QSortFilterProxyModel;
+class qxPanelEvents;
+class qxSetEdits;
+class qxSetsFilter;
+class qxSetsModel;
+
+/// The sets as a list by groups or as a gallery of their previews; both show and select the same.
+class qxSetsView : public QStackedWidget {
+    Q_OBJECT
+
+public:
+    enum Form { List, Gallery };
+
+    qxSetsView(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent = nullptr);
+
+    Form form() const { return Form(currentIndex()); }
+    void setForm(Form form);
+    void setSearch(const QString &text);
+
+    /// The selected sets in the order of the view.
+    QStringList selectedSets() const;
+    /// The set under the cursor, or else the group; empty for none.
+    QString currentSet() const;
+    QString currentGroup() const;
+    void showSet(const QString &name);
+    void showGroup(const QString &name);
+    void renameCurrent();
+
+signals:
+    /// The user wants this set applied.
+    void activated(const QString &set);
+    /// Another set or group is under the cursor, or it has another name.
+    void currentChanged();
+    void menuRequested(const QPoint &globalPosition);
+
+private:
+    /// One form: a model, what the search box leaves of it, and the view.
+    struct Face {
+        qxSetsModel *model;
+        qxSetsFilter *filter;
+        QAbstractItemView *view;
+    };
+
+    Face makeFace(QAbstractItemView *view, qxSetsModel *model);
+    const Face &face() const { return m_faces[currentIndex()]; }
+    QModelIndex current() const;
+    void setCurrent(const QModelIndex &sourceIndex);
+
+    void expandNewGroups();
+
+    Face m_faces[2];
+    QSet<QString> m_knownGroups;
+};

@@ -1,0 +1,222 @@
+#include "qxVariantSetsDock.h"
+
+#include "qxVariantGroup.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "qxPanelEvents.h"
+#include "qxSetCapture.h"
+#include "qxSetEdits.h"
+#include "qxSetForm.h"
+#include "qxSetHotkeys.h"
+#include "qxSetsView.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
+    : QDockWidget(QCoreApplication::translate("qxVariants", "Variant Sets"), parent),
+      m_events(new qxPanelEvents(this)), m_edits(new qxSetEdits(this)),
+      m_view(new qxSetsView(m_events, m_edits)), m_form(new qxSetForm(m_events, m_edits))
+{
+    setObjectName(QStringLiteral("qxVariantSetsDock"));
+    buildActions();
+    buildContents();
+    connect(m_view, &qxSetsView::activated, this, &qxVariantSetsDock::selectSet);
+    connect(m_view, &qxSetsView::currentChanged, this, &qxVariantSetsDock::followCurrent);
+    connect(m_view, &qxSetsView::menuRequested, this, &qxVariantSetsDock::showMenu);
+    connect(m_events, &qxPanelEvents::setSelected, m_view, &qxSetsView::showSet);
+    auto *const hotkeys = new qxSetHotkeys(this);
+    connect(hotkeys, &qxSetHotkeys::pressed, this, &qxVariantSetsDock::selectSet);
+    followCurrent();
+}
+
+QUndoStack *qxVariantSetsDock::undoStack() const
+{
+    return m_edits->stack();
+}
+
+void qxVariantSetsDock::buildContents()
+{
+    auto *const splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(m_view);
+    auto *const scrolled = new QScrollArea; // A long form must not take the list's room.
+    scrolled->setWidget(m_form);
+    scrolled->setWidgetResizable(true);
+    scrolled->setFrameShape(QFrame::NoFrame);
+    splitter->addWidget(scrolled);
+    splitter->setSizes({600, 300});
+    splitter->setCollapsible(0, false);
+    auto *const contents = new QWidget;
+    auto *const layout = new QVBoxLayout(contents);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(buildTopLine());
+    layout->addWidget(splitter, 1);
+    setWidget(contents);
+}
+
+QWidget *qxVariantSetsDock::buildTopLine()
+{
+    auto *const line = new QWidget;
+    auto *const layout = new QHBoxLayout(line);
+    layout->setContentsMargins(4, 4, 4, 0);
+    auto *const search = new QLineEdit;
+    search->setObjectName(QStringLiteral("search"));
+    search->setPlaceholderText(tr("Search sets"));
+    search->setClearButtonEnabled(true);
+    connect(search, &QLineEdit::textChanged, m_view, &qxSetsView::setSearch);
+    auto *const gallery = new QToolButton;
+    gallery->setObjectName(QStringLiteral("gallery"));
+    gallery->setText(tr("Gallery"));
+    gallery->setToolTip(tr("Show the previews of all sets"));
+    gallery->setCheckable(true);
+    connect(gallery, &QToolButton::toggled, m_view,
+            [this](bool on) { m_view->setForm(on ? qxSetsView::Gallery : qxSetsView::List); });
+    auto *const capture = new QToolButton;
+    capture->setText(tr("Capture..."));
+    capture->setToolTip(tr("Make a set of what the scene shows now"));
+    connect(capture, &QToolButton::clicked, this, &qxVariantSetsDock::captureSet);
+    layout->addWidget(search, 1);
+    layout->addWidget(gallery);
+    layout->addWidget(capture);
+    return line;
+}
+
+// A list, not a procedure.
+void qxVariantSetsDock::buildActions()
+{
+    typedef qxVariantSetsDock Dock;
+    m_ofSets << addAction(tr("&Select"), QKeySequence(), &Dock::selectCurrent);
+    addAction(tr("&Add Set"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_N), &Dock::addSet);
+    addAction(tr("Add &Group"), QKeySequence(), &Dock::addGroup);
+    addAction(tr("&Capture..."), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_C), &Dock::captureSet);
+    m_ofSets << addAction(tr("&Update from Scene..."), QKeySequence(), &Dock::updateSet);
+    m_ofSets << addAction(tr("New &Preview"), QKeySequence(), &Dock::makePreview);
+    addAction(tr("&Rename"), QKeySequence(Qt::Key_F2), &Dock::renameCurrent);
+    m_ofSets << addAction(tr("&Duplicate"), QKeySequence(Qt::CTRL + Qt::Key_D),
+                          &Dock::duplicateSet);
+    addAction(tr("De&lete"), QKeySequence::Delete, &Dock::removeCurrent);
+    m_ofSets << addAction(tr("Show Connected &Variants"), QKeySequence(), &Dock::showConnected);
+}
+
+QAction *qxVariantSetsDock::addAction(const QString &text, const QKeySequence &key,
+                                      void (qxVariantSetsDock::*run)())
+{
+    auto *const action = new QAction(text, this);
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(action, &QAction::triggered, this, run);
+    m_view->addAction(action);
+    m_actions << action;
+    return action;
+}
+
+void qxVariantSetsDock::showMenu(const QPoint &globalPosition)
+{
+    QMenu menu;
+    menu.addActions(m_actions);
+    if (!m_view->selectedSets().isEmpty())
+        fillMoveMenu(menu.addMenu(tr("&Move to")));
+    menu.exec(globalPosition);
+}
+
+void qxVariantSetsDock::fillMoveMenu(QMenu *menu)
+{
+    const auto addTarget = [&](const QString &text, const QString &group) {
+        connect(menu->addAction(text), &QAction::triggered, this,
+                [this, group] { m_edits->moveSets(m_view->selectedSets(), group, -1); });
+    };
+    for (const qxVariantGroup *group : qxVariants::_variantGroups) {
+        if (group->visible)
+            addTarget(group->name, group->name);
+    }
+    menu->addSeparator();
+    addTarget(tr("No Group"), QString());
+}
+
+void qxVariantSetsDock::followCurrent()
+{
+    m_form->showSet(m_view->currentSet());
+    for (QAction *action : m_ofSets)
+        action->setEnabled(!m_view->currentSet().isEmpty());
+}
+
+void qxVariantSetsDock::selectSet(const QString &name)
+{
+    emit aboutToSelect();
+    qxVariants::selectVariantSet(name.toUtf8().constData(), false);
+}
+
+void qxVariantSetsDock::selectCurrent()
+{
+    selectSet(m_view->currentSet());
+}
+
+void qxVariantSetsDock::addSet()
+{
+    const QString name = m_edits->addSet(m_view->currentGroup());
+    m_events->flush();
+    m_view->showSet(name);
+    m_view->renameCurrent();
+}
+
+void qxVariantSetsDock::addGroup()
+{
+    const QString name = m_edits->addGroup();
+    m_events->flush();
+    m_view->showGroup(name);
+    m_view->renameCurrent();
+}
+
+void qxVariantSetsDock::captureSet()
+{
+    const QString name = qxSetCapture::capture(m_edits, m_view->currentGroup(), window());
+    m_events->flush();
+    m_view->showSet(name);
+}
+
+void qxVariantSetsDock::updateSet()
+{
+    qxSetCapture::update(m_edits, m_view->currentSet(), window());
+}
+
+void qxVariantSetsDock::makePreview()
+{
+    const QByteArray picture = qxVariants::createPreviewImage(false, true);
+    m_edits->editSet(m_view->currentSet(), tr("Preview of \"%1\"").arg(m_view->currentSet()),
+                     [&picture](qxVariantSet &set) { set.setPreview(picture); });
+}
+
+void qxVariantSetsDock::renameCurrent()
+{
+    m_view->renameCurrent();
+}
+
+void qxVariantSetsDock::duplicateSet()
+{
+    const QString name = m_edits->duplicateSet(m_view->currentSet());
+    m_events->flush();
+    m_view->showSet(name);
+}
+
+void qxVariantSetsDock::removeCurrent()
+{
+    const QStringList sets = m_view->selectedSets();
+    if (!sets.isEmpty())
+        return m_edits->removeSets(sets);
+    const QString group = m_view->currentGroup();
+    if (!group.isEmpty())
+        m_edits->removeGroup(group, false);
+}
+
+void qxVariantSetsDock::showConnected()
+{
+    qxVariants::showConnectedVariants(m_view->currentSet());
+}

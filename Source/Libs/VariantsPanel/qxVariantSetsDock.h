@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QDockWidget>
+
+class QAction;
+class QMenu;
+class QUndoStack;
+class qxPanelEvents;
+class qxSetEdits;
+class qxSetForm;
+class qxSetHotkeys;
+class qxSetsView;
+
+/// The dock "Variant Sets": shows, selects, captures and edits groups and sets.
+///
+/// It follows the module's announcements, whoever causes them, and needs nothing of the host but
+/// HostApi. The keys of sets work in the whole window that it is in.
+class qxVariantSetsDock : public QDockWidget {
+    Q_OBJECT
+
+public:
+    explicit qxVariantSetsDock(QWidget *parent = nullptr);
+
+    /// What the user did here, to undo.
+    QUndoStack *undoStack() const;
+    /// What can be done with sets, for the menu of a window.
+    const QList<QAction *> &setActions() const { return m_actions; }
+    qxSetsView *view() const { return m_view; }
+
+    /// Applies a set to the scene.
+    void selectSet(const QString &name);
+
+signals:
+    /// A set is about to be applied by the user: the time to remember the present state.
+    void aboutToSelect();
+
+private:
+    void buildContents();
+    void buildActions();
+    QAction *addAction(const QString &text, const QKeySequence &key,
+                       void (qxVariantSetsDock::*run)());
+    QWidget *buildTopLine();
+    void showMenu(const QPoint &globalPosition);
+    void fillMoveMenu(QMenu *menu);
+    void followCurrent();
+
+    void selectCurrent();
+    void addSet();
+    void addGroup();
+    void captureSet();
+    void updateSet();
+    void makePreview();
+    void renameCurrent();
+    void duplicateSet();
+    void removeCurrent();
+    void showConnected();
+
+    qxPanelEvents *m_events;
+    qxSetEdits *m_edits;
+    qxSetsView *m_view;
+    qxSetForm *m_form;
+    QList<QAction *> m_actions;
+    QList<QAction *> m_ofSets; ///< those that need a set
+};

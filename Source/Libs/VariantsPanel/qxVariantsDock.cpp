@@ -1,0 +1,50 @@
+#include "qxVariantsDock.h"
+
+#include "qxVariant.h"
+#include "qxVariantsModel.h"
+
+#include "qxPanelEvents.h"
+
+#include <QHeaderView>
+#include <QTreeView>
+
+qxVariantsDock::qxVariantsDock(QWidget *parent)
+    : QDockWidget(tr("Variants"), parent), m_events(new qxPanelEvents(this)),
+      m_model(new qxVariantsModel(m_events, this)), m_view(new QTreeView)
+{
+    setObjectName(QStringLiteral("qxVariantsDock"));
+    m_view->setModel(m_model);
+    m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_view->setUniformRowHeights(true);
+    m_view->setExpandsOnDoubleClick(false);
+    m_view->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_view->header()->setStretchLastSection(false);
+    m_view->expandToDepth(0);
+    setWidget(m_view);
+    connect(m_view, &QTreeView::activated, this, &qxVariantsDock::selectOption);
+    connect(m_events, &qxPanelEvents::variantsHighlighted, this, &qxVariantsDock::highlight);
+}
+
+void qxVariantsDock::selectOption(const QModelIndex &index)
+{
+    const QModelIndex first = index.sibling(index.row(), 0);
+    const QString option = m_model->optionAt(first);
+    qxVariant *const variant = m_model->variantAt(first);
+    if (variant && !option.isEmpty())
+        variant->onSelect(option);
+    else
+        m_view->setExpanded(first, !m_view->isExpanded(first));
+}
+
+/// The kinds are told one after the other, the first of them first.
+void qxVariantsDock::highlight(int kind, const QStringList &names)
+{
+    if (kind == qxVariantsModel::Node)
+        m_view->clearSelection();
+    for (const QString &name : names) {
+        const QModelIndex index = m_model->indexOf(kind, name);
+        m_view->selectionModel()->select(index,
+                                         QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        m_view->scrollTo(index);
+    }
+}

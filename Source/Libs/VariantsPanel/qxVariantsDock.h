@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QDockWidget>
+
+class QModelIndex;
+class QTreeView;
+class qxPanelEvents;
+class qxVariantsModel;
+
+/// The dock "Variants": all variants by kind with their options, shortcuts and actions. A double
+/// click or Enter selects an option; connected variants of a set are highlighted on request.
+class qxVariantsDock : public QDockWidget {
+    Q_OBJECT
+
+public:
+    explicit qxVariantsDock(QWidget *parent = nullptr);
+
+private:
+    void selectOption(const QModelIndex &index);
+    void highlight(int kind, const QStringList &names);
+
+    qxPanelEvents *m_events;
+    qxVariantsModel *m_model;
+    QTreeView *m_view;
+};

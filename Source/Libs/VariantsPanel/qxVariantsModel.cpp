@@ -1,0 +1,306 @@
+#include "qxVariantsModel.h"
+
+#include "qxLightVariant.h"
+#include "qxMaterialVariant.h"
+#include "qxNodeVariant.h"
+#include "qxOverlayVariant.h"
+#include "qxTransformVariant.h"
+#include "qxVariants.h"
+
+#include "qxPanelEvents.h"
+
+#include <QFont>
+
+namespace {
+
+/// What the internal number of an index says: which row stands above it.
+struct Above {
+    int kind = -1; ///< -1 for a row without anything above it, which is a kind itself
+    int variant = -1; ///< -1 for a variant
+
+    static Above of(const QModelIndex &index)
+    {
+        const int number = int(index.internalId());
+        if (number == 0)
+            return Above();
+        if (number <= qxVariantsModel::KindCount)
+            return {number - 1, -1};
+        const int rest = number - 1 - qxVariantsModel::KindCount;
+        return {rest % qxVariantsModel::KindCount, rest / qxVariantsModel::KindCount};
+    }
+    quintptr number() const
+    {
+        if (kind < 0)
+            return 0;
+        if (variant < 0)
+            return quintptr(kind + 1);
+        return quintptr(1 + qxVariantsModel::KindCount + variant * qxVariantsModel::KindCount
+                        + kind);
+    }
+};
+
+template <class List, class Each>
+void visit(const List &list, const Each &each)
+{
+    for (const auto *variant : list)
+        each(*variant);
+}
+
+template <class Each>
+void visitKind(int kind, const Each &each)
+{
+    switch (kind) {
+    case qxVariantsModel::Node:
+        return visit(qxVariants::_nodeVariants, each);
+    case qxVariantsModel::Material:
+        return visit(qxVariants::_materialVariants, each);
+    case qxVariantsModel::Light:
+        return visit(qxVariants::_lightVariants, each);
+    case qxVariantsModel::Overlay:
+        return visit(qxVariants::_overlayVariants, each);
+    default:
+        return visit(qxVariants::_transformVariants, each);
+    }
+}
+
+QString kindName(int kind)
+{
+    switch (kind) {
+    case qxVariantsModel::Node:
+        return qxVariantsModel::tr("Nodes");
+    case qxVariantsModel::Material:
+        return qxVariantsModel::tr("Materials");
+    case qxVariantsModel::Light:
+        return qxVariantsModel::tr("Lights");
+    case qxVariantsModel::Overlay:
+        return qxVariantsModel::tr("Overlays");
+    default:
+        return qxVariantsModel::tr("Transforms");
+    }
+}
+
+} // namespace
+
+qxVariantsModel::qxVariantsModel(qxPanelEvents *events, QObject *parent)
+    : QAbstractItemModel(parent)
+{
+    connect(events, &qxPanelEvents::variantsChanged, this, &qxVariantsModel::refresh);
+    connect(events, &qxPanelEvents::statesChanged, this, &qxVariantsModel::refreshStates);
+    refresh();
+}
+
+qxVariant *qxVariantsModel::find(int kind, const QString &name)
+{
+    switch (kind) {
+    case Node:
+        return qxVariants::findNodeVariant(name);
+    case Material:
+        return qxVariants::findMaterialVariant(name);
+    case Light:
+        return qxVariants::findLightVariant(name);
+    case Overlay:
+        return qxVariants::findOverlayVariant(name);
+    default:
+        return qxVariants::findTransformVariant(name);
+    }
+}
+
+qxVariant *qxVariantsModel::variantAt(const QModelIndex &index) const
+{
+    const Above above = Above::of(index);
+    if (!index.isValid() || above.kind < 0)
+        return nullptr;
+    const int row = above.variant < 0 ? index.row() : above.variant;
+    return find(above.kind, m_kinds[above.kind][std::size_t(row)].name);
+}
+
+QString qxVariantsModel::optionAt(const QModelIndex &index) const
+{
+    const Above above = Above::of(index);
+    if (!index.isValid() || above.variant < 0)
+        return QString();
+    const Variant &variant = m_kinds[above.kind][std::size_t(above.variant)];
+    return variant.options[std::size_t(index.row())].name;
+}
+
+QModelIndex qxVariantsModel::indexOf(int kind, const QString &variant) const
+{
+    const int row = m_rows[kind].value(variant, -1);
+    return row < 0 ? QModelIndex() : createIndex(row, NameColumn, Above{kind, -1}.number());
+}
+
+QModelIndex qxVariantsModel::index(int row, int column, const QModelIndex &parent) const
+{
+    if (!hasIndex(row, column, parent))
+        return QModelIndex();
+    if (!parent.isValid())
+        return createIndex(row, column, Above().number());
+    const Above above = Above::of(parent);
+    return createIndex(row, column,
+                       above.kind < 0 ? Above{parent.row(), -1}.number()
+                                      : Above{above.kind, parent.row()}.number());
+}
+
+QModelIndex qxVariantsModel::parent(const QModelIndex &index) const
+{
+    const Above above = Above::of(index);
+    if (!index.isValid() || above.kind < 0)
+        return QModelIndex();
+    if (above.variant < 0)
+        return createIndex(above.kind, 0, Above().number());
+    return createIndex(above.variant, 0, Above{above.kind, -1}.number());
+}
+
+int qxVariantsModel::rowCount(const QModelIndex &parent) const
+{
+    if (!parent.isValid())
+        return KindCount;
+    const Above above = Above::of(parent);
+    if (parent.column() > 0 || above.variant >= 0)
+        return 0;
+    if (above.kind < 0)
+        return int(m_kinds[parent.row()].size());
+    return int(m_kinds[above.kind][std::size_t(parent.row())].options.size());
+}
+
+QVariant qxVariantsModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid())
+        return QVariant();
+    const Above above = Above::of(index);
+    if (above.kind < 0)
+        return index.column() == NameColumn ? kindData(index.row(), role) : QVariant();
+    const std::vector<Variant> &variants = m_kinds[above.kind];
+    if (above.variant < 0)
+        return variantData(above.kind, variants[std::size_t(index.row())], index.column(), role);
+    return optionData(above.kind, variants[std::size_t(above.variant)], index.row(), index, role);
+}
+
+QVariant qxVariantsModel::kindData(int kind, int role) const
+{
+    if (role == Qt::DisplayRole)
+        return QStringLiteral("%1 (%2)").arg(kindName(kind)).arg(m_kinds[kind].size());
+    if (role != Qt::FontRole)
+        return QVariant();
+    QFont font;
+    font.setBold(true);
+    return font;
+}
+
+QVariant qxVariantsModel::variantData(int kind, const Variant &variant, int column, int role) const
+{
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
+        return QVariant();
+    return column == NameColumn ? variant.name : currentOf(kind, variant);
+}
+
+QVariant qxVariantsModel::optionData(int kind, const Variant &variant, int row,
+                                     const QModelIndex &index, int role) const
+{
+    const Option &option = variant.options[std::size_t(row)];
+    const bool isCurrent = currentOf(kind, variant) == option.name;
+    if (role == CurrentRole)
+        return isCurrent;
+    if (role == ActionRole)
+        return option.isAction;
+    if (role == Qt::DisplayRole)
+        return index.column() == NameColumn ? option.name : option.shortcut;
+    if (role != Qt::FontRole)
+        return QVariant();
+    QFont font;
+    font.setBold(isCurrent);
+    font.setItalic(option.isAction);
+    return font;
+}
+
+QVariant qxVariantsModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return QVariant();
+    return section == NameColumn ? tr("Variant") : tr("State");
+}
+
+const QString &qxVariantsModel::currentOf(int kind, const Variant &variant) const
+{
+    if (!variant.isCurrentKnown) {
+        const qxVariant *const found = find(kind, variant.name);
+        variant.current = found ? found->onCurrent() : QString();
+        variant.isCurrentKnown = true;
+    }
+    return variant.current;
+}
+
+void qxVariantsModel::refresh()
+{
+    emit layoutAboutToBeChanged();
+    const QModelIndexList kept = persistentIndexList();
+    std::vector<Place> places;
+    for (const QModelIndex &index : kept)
+        places.push_back(placeOf(index));
+    readVariants();
+    QModelIndexList moved;
+    for (const Place &place : places)
+        moved.append(indexOf(place));
+    changePersistentIndexList(kept, moved);
+    emit layoutChanged();
+}
+
+void qxVariantsModel::readVariants()
+{
+    for (int kind = 0; kind < KindCount; ++kind) {
+        std::vector<Variant> &variants = m_kinds[kind];
+        QHash<QString, int> &rows = m_rows[kind];
+        variants.clear();
+        rows.clear();
+        visitKind(kind, [&](const qxVariant &variant) {
+            if (!rows.contains(variant.name))
+                rows.insert(variant.name, int(variants.size()));
+            variants.push_back({variant.name, {}, QString(), false});
+            for (const qxVariantOption &option : variant.options)
+                variants.back().options.push_back({option.name, option.shortcut, option.isAction});
+        });
+    }
+}
+
+qxVariantsModel::Place qxVariantsModel::placeOf(const QModelIndex &index) const
+{
+    const Above above = Above::of(index);
+    if (above.kind < 0)
+        return {index.row(), QString(), QString(), index.column()};
+    const int row = above.variant < 0 ? index.row() : above.variant;
+    const QString &variant = m_kinds[above.kind][std::size_t(row)].name;
+    return {above.kind, variant, optionAt(index), index.column()};
+}
+
+QModelIndex qxVariantsModel::indexOf(const Place &place) const
+{
+    if (place.variant.isEmpty())
+        return index(place.kind, place.column, QModelIndex());
+    const QModelIndex variant = indexOf(place.kind, place.variant);
+    if (!variant.isValid() || place.option.isEmpty())
+        return variant.sibling(variant.row(), place.column);
+    for (int row = 0; row < rowCount(variant); ++row) {
+        const QModelIndex option = index(row, place.column, variant);
+        if (optionAt(option) == place.option)
+            return option;
+    }
+    return QModelIndex();
+}
+
+void qxVariantsModel::refreshStates()
+{
+    for (int kind = 0; kind < KindCount; ++kind) {
+        for (Variant &variant : m_kinds[kind])
+            variant.isCurrentKnown = false;
+        const QModelIndex above = index(kind, 0, QModelIndex());
+        for (int row = 0; row < rowCount(above); ++row)
+            showAnew(index(row, 0, above));
+        showAnew(above);
+    }
+}
+
+void qxVariantsModel::showAnew(const QModelIndex &parent)
+{
+    if (const int count = rowCount(parent))
+        emit dataChanged(index(0, 0, parent), index(count - 1, StateColumn, parent));
+}
