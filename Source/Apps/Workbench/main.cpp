@@ -1,3 +1,4 @@
+#include "Window/qxWindowProgram.h"
 #include "qxCommand.h"
 
 #include <QGuiApplication>
@@ -8,10 +9,13 @@
 int main(int argc, char *argv[])
 {
     // Sub-commands need no display; previews and key texts need an application all the same.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    const bool hasWindow = qxWindowProgram::isAskedFor(argc, argv);
+    if (!hasWindow && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     // One document gives one text: Qt's random hash seed would shuffle the attributes of each save.
     qSetGlobalQHashSeed(0);
+    if (hasWindow)
+        return qxWindowProgram::run(argc, argv);
 
     // Qt says at every start that a machine without a user session has no folder for one.
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));

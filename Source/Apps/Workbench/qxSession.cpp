@@ -108,27 +108,32 @@ void qxSession::importVariants()
 
 bool qxSession::openScene(const QString &path)
 {
+    m_failure.clear();
     m_host.clearScene();
     if (m_file.load(path)) {
         logWarnings(m_file);
         return true;
     }
-    qxOutput::error(m_file.errorString());
-    return false;
+    return fail(m_file.errorString());
 }
 
 bool qxSession::readDocument(const QByteArray &xml)
 {
     const QString flaw = flawOf(xml);
     if (!flaw.isEmpty()) {
-        qxOutput::error(QStringLiteral("the variants document cannot be read: %1").arg(flaw));
-        return false;
+        return fail(QStringLiteral("the variants document cannot be read: %1").arg(flaw));
     }
     const qxErrorCount count;
     qxVariantReader().read(xml.constData());
     if (count.errors() == 0)
         return true;
-    qxOutput::error(QStringLiteral("the variants document cannot be read"));
+    return fail(QStringLiteral("the variants document cannot be read"));
+}
+
+bool qxSession::fail(const QString &reason)
+{
+    m_failure = reason;
+    qxOutput::error(reason);
     return false;
 }
 
@@ -142,6 +147,7 @@ bool qxSession::isEmpty() const
 
 bool qxSession::save(const QString &path)
 {
+    m_failure.clear();
     if (!isEmpty() || !m_file.variantsDocument().isEmpty()) {
         const QByteArray document = qxVariantWriter().write();
         if (document != m_imported)
@@ -151,6 +157,5 @@ bool qxSession::save(const QString &path)
         logWarnings(m_file);
         return true;
     }
-    qxOutput::error(m_file.errorString());
-    return false;
+    return fail(m_file.errorString());
 }

@@ -38,13 +38,17 @@ public:
     bool saveIfAsked(const QString &path) { return path.isEmpty() || save(path); }
 
     const qxSceneFile &file() const { return m_file; }
+    /// Why the last operation failed, for people; empty when it did not.
+    QString failure() const { return m_failure; }
 
 private:
     void importVariants();
+    bool fail(const QString &reason);
 
     std::optional<qxStrayOutput> m_stray; ///< what libraries say while the host ends
     qxHost m_host;
     std::unique_ptr<qxTrace> m_trace;
     qxSceneFile m_file;
+    QString m_failure;
     QByteArray m_imported; ///< the document of the variants as the file's own became them
 };

@@ -1,0 +1,46 @@
+#include "qxLogView.h"
+
+#include "qxLog.h"
+
+#include <QFontDatabase>
+
+namespace {
+
+const int keptLines = 5000;
+
+QColor colorOf(qxLog::Level level, const QPalette &palette)
+{
+    const bool isDark = palette.base().color().lightness() < 128;
+    switch (level) {
+    case qxLog::Error:
+        return isDark ? QColor(255, 120, 110) : QColor(190, 20, 20);
+    case qxLog::Warning:
+        return isDark ? QColor(240, 190, 90) : QColor(160, 95, 0);
+    default:
+        return palette.text().color();
+    }
+}
+
+} // namespace
+
+qxLogView::qxLogView(QWidget *parent) : QPlainTextEdit(parent)
+{
+    setReadOnly(true);
+    setMaximumBlockCount(keptLines);
+    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    setPlaceholderText(tr("Nothing was reported."));
+    m_listener = qxLog::addListener([this](qxLog::Level level, const std::string &text) {
+        const QString line = QString::fromStdString(text).trimmed();
+        QTextCharFormat format;
+        format.setForeground(colorOf(level, palette()));
+        setCurrentCharFormat(format);
+        appendPlainText(line);
+        if (level == qxLog::Error)
+            emit errorLogged(line);
+    });
+}
+
+qxLogView::~qxLogView()
+{
+    qxLog::removeListener(m_listener);
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+/// The lines of the host's log, the newest at the end; warnings and errors stand out.
+class qxLogView : public QPlainTextEdit {
+    Q_OBJECT
+
+public:
+    explicit qxLogView(QWidget *parent = nullptr);
+    ~qxLogView() override;
+
+signals:
+    /// An error line came.
+    void errorLogged(const QString &line);
+
+private:
+    int m_listener;
+};

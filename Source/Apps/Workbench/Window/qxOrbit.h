@@ -1,0 +1,24 @@
+#pragma once
+
+#include <OpenSG/OSGMatrix.h>
+#include <OpenSG/OSGVector.h>
+
+struct qxUberCamera;
+
+/// Moves a camera as a hand on the mouse does. Distances are in pictures: 1 is the height of the
+/// view.
+namespace qxOrbit {
+
+/// Turns the camera around `pivot`, to the right and upwards; it never goes over the top.
+void turn(qxUberCamera &camera, const osg::Pnt3f &pivot, float right, float up);
+/// Moves what is at the distance of `pivot` by that part of the picture; the pivot moves along.
+void pan(qxUberCamera &camera, osg::Pnt3f &pivot, float right, float up);
+/// Goes nearer to the pivot by the factor, above 1, or away from it, below 1.
+void zoom(qxUberCamera &camera, const osg::Pnt3f &pivot, float factor);
+/// Shows a sphere as a whole, in the direction that the camera has; `aspect` is width by height.
+void fit(qxUberCamera &camera, const osg::Pnt3f &centre, float radius, float aspect);
+
+/// The distance of the camera from a point, along its view.
+float depth(const qxUberCamera &camera, const osg::Pnt3f &point);
+
+} // namespace qxOrbit

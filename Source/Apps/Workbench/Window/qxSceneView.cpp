@@ -1,0 +1,218 @@
+#include "qxSceneView.h"
+
+#include "Cameras/qxMainView.h"
+#include "Pictures/qxMainGlView.h"
+#include "Pictures/qxScenePicture.h"
+#include "qxController.h"
+#include "qxImageRenderWidget.h"
+#include "qxNodeUtils.h"
+#include "qxOrbit.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGDynamicVolume.h>
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const float defaultFieldOfView = 0.7f;
+const float keyStep = 0.05f;
+
+qxUberCamera &camera()
+{
+    return qxMainView::the().camera;
+}
+
+/// The box around a node with all that is below it, in world coordinates; false for none.
+bool boxOf(const osg::NodePtr &node, osg::Pnt3f &low, osg::Pnt3f &high)
+{
+    if (node == osg::NullFC)
+        return false;
+    osg::DynamicVolume volume = node->getVolume(true);
+    if (volume.isEmpty())
+        return false;
+    if (node->getParent() != osg::NullFC)
+        volume.transform(node->getParent()->getToWorld());
+    volume.getBounds(low, high);
+    return true;
+}
+
+} // namespace
+
+qxSceneView::qxSceneView(QWidget *parent) : QWidget(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMinimumSize(160, 120);
+    m_view = std::make_unique<qxMainGlView>(width(), height());
+    m_view->setListener([this] { update(); });
+}
+
+qxSceneView::~qxSceneView() = default;
+
+/// From the first viewpoint of the scene, else so that all of it is seen.
+void qxSceneView::showNewScene()
+{
+    qxMainView &view = qxMainView::the();
+    if (const qxUberCamera *const first = qxUberCameraPool::the()->get(0)) {
+        view.camera = *first;
+        view.viewpoint = 0;
+    } else {
+        view.camera.fieldOfView = defaultFieldOfView;
+        qxOrbit::turn(view.camera, osg::Pnt3f(0, 0, 0), -0.2f, 0.12f);
+        fitScene();
+    }
+    view.home = view.camera;
+    view.hasHome = true;
+    takeCamera();
+    qxController::updateRender(true);
+}
+
+/// The middle of the scene is what the hand turns, as far ahead as it is.
+void qxSceneView::takeCamera()
+{
+    osg::Pnt3f low, high;
+    if (boxOf(qxScenegraph::getRoot(), low, high))
+        m_pivot = low + (high - low) * 0.5f;
+}
+
+void qxSceneView::fitScene()
+{
+    fitNode(qxScenegraph::getRoot());
+}
+
+void qxSceneView::fitNode(const osg::NodePtr &node)
+{
+    osg::Pnt3f low, high;
+    if (!boxOf(node, low, high))
+        return;
+    m_pivot = low + (high - low) * 0.5f;
+    const float radius = std::max(1e-3f, (high - low).length() / 2);
+    qxOrbit::fit(camera(), m_pivot, radius, float(width()) / float(std::max(1, height())));
+    cameraMoved();
+}
+
+void qxSceneView::goHome()
+{
+    qxMainView &view = qxMainView::the();
+    if (!view.hasHome)
+        return fitScene();
+    view.camera = view.home;
+    cameraMoved();
+}
+
+void qxSceneView::cameraMoved()
+{
+    qxMainView::the().viewpoint = -1;
+    qxController::updateRender(false);
+}
+
+void qxSceneView::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    QImage picture;
+    qxImageRenderWidget::convertToQImage(picture, m_view->picture());
+    if (picture.isNull())
+        return painter.fillRect(rect(), palette().window());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, picture.size() != size());
+    painter.drawImage(rect(), picture);
+}
+
+void qxSceneView::resizeEvent(QResizeEvent *)
+{
+    const QSize pixels = size() * devicePixelRatioF();
+    m_view->resize(pixels.width(), pixels.height());
+}
+
+void qxSceneView::mousePressEvent(QMouseEvent *event)
+{
+    m_pressed = m_last = event->pos();
+    m_isDragged = false;
+    m_view->cancelRefining();
+}
+
+void qxSceneView::mouseMoveEvent(QMouseEvent *event)
+{
+    const int threshold = 3;
+    m_isDragged |= (event->pos() - m_pressed).manhattanLength() > threshold;
+    if (!m_isDragged)
+        return;
+    drag(QPointF(event->pos() - m_last) / std::max(1, height()), event->buttons(),
+         event->modifiers());
+    m_last = event->pos();
+}
+
+void qxSceneView::drag(const QPointF &step, Qt::MouseButtons buttons,
+                       Qt::KeyboardModifiers modifiers)
+{
+    const float right = float(step.x());
+    const float down = float(step.y());
+    const bool isPan = buttons & Qt::MiddleButton || modifiers & Qt::ShiftModifier;
+    if (isPan)
+        qxOrbit::pan(camera(), m_pivot, right, -down);
+    else if (buttons & Qt::RightButton)
+        qxOrbit::zoom(camera(), m_pivot, std::exp(-2 * down));
+    else
+        qxOrbit::turn(camera(), m_pivot, right, down);
+    cameraMoved();
+}
+
+void qxSceneView::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (!m_isDragged && event->button() == Qt::LeftButton)
+        emit nodePicked(nodeAt(event->localPos()));
+}
+
+void qxSceneView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    fitNode(nodeAt(event->localPos()));
+}
+
+osg::NodePtr qxSceneView::nodeAt(const QPointF &place) const
+{
+    qxPictureSettings settings;
+    settings.width = std::max(1, width());
+    settings.height = std::max(1, height());
+    return qxScenePicture::nodeAt(settings, float(place.x()), float(height() - place.y()));
+}
+
+void qxSceneView::wheelEvent(QWheelEvent *event)
+{
+    qxOrbit::zoom(camera(), m_pivot, std::exp(float(event->angleDelta().y()) / 800));
+    cameraMoved();
+}
+
+void qxSceneView::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Left:
+        qxOrbit::turn(camera(), m_pivot, -keyStep, 0);
+        break;
+    case Qt::Key_Right:
+        qxOrbit::turn(camera(), m_pivot, keyStep, 0);
+        break;
+    case Qt::Key_Up:
+        qxOrbit::turn(camera(), m_pivot, 0, -keyStep);
+        break;
+    case Qt::Key_Down:
+        qxOrbit::turn(camera(), m_pivot, 0, keyStep);
+        break;
+    case Qt::Key_Plus:
+        qxOrbit::zoom(camera(), m_pivot, 1.1f);
+        break;
+    case Qt::Key_Minus:
+        qxOrbit::zoom(camera(), m_pivot, 1 / 1.1f);
+        break;
+    case Qt::Key_F:
+        return fitScene();
+    case Qt::Key_Home:
+        return goHome();
+    default:
+        return QWidget::keyPressEvent(event);
+    }
+    cameraMoved();
+}

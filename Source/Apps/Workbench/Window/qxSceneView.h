@@ -1,0 +1,62 @@
+#pragma once
+
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGVector.h>
+
+#include <QWidget>
+
+#include <memory>
+
+class qxMainGlView;
+
+/// The 3D view of a window: shows the scene's picture, quickly while something moves and finer and
+/// finer when all is still.
+///
+/// The left button turns, the middle or the left one with Shift moves, the wheel or the right
+/// button zooms; a click picks a node, a double click looks at it. Arrows turn, plus and minus
+/// zoom, F shows everything, Home leads home.
+class qxSceneView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit qxSceneView(QWidget *parent = nullptr);
+    ~qxSceneView() override;
+
+    QSize sizeHint() const override { return QSize(800, 600); }
+    /// Shows all of the scene, in the direction of the camera.
+    void fitScene();
+    void fitNode(const osg::NodePtr &node);
+    void goHome();
+    /// The scene is another one: what was looked at is forgotten.
+    void showNewScene();
+
+signals:
+    /// The user clicked on this node; null for the background.
+    void nodePicked(const osg::NodePtr &node);
+    /// What the view is doing, for a status line; empty when the picture is finished.
+    void progressed(const QString &text);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void makeView();
+    void takeCamera();
+    void cameraMoved();
+    void drag(const QPointF &step, Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers);
+    void fit(const osg::Pnt3f &low, const osg::Pnt3f &high);
+    osg::NodePtr nodeAt(const QPointF &place) const;
+
+    std::unique_ptr<qxMainGlView> m_view;
+    osg::Pnt3f m_pivot;
+    QPoint m_pressed;
+    QPoint m_last;
+    bool m_isDragged = false;
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QPlainTextEdit>
+#include <QStringList>
+
+/// A prompt of the host's script interpreter: what was typed and printed so far, and a field for
+/// the next statement.
+///
+/// Enter runs the statement; one that goes on, after a colon or an open bracket, gets another line,
+/// and an empty line ends it. Up and Down go through what was typed before, Tab completes names.
+class qxScriptConsole : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit qxScriptConsole(QWidget *parent = nullptr);
+
+    QPlainTextEdit *input() const { return m_input; }
+    QPlainTextEdit *output() const { return m_output; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void enter();
+    void recall(int step);
+    void complete();
+    void print(const QString &text, bool isTyped);
+
+    QPlainTextEdit *m_output;
+    QPlainTextEdit *m_input;
+    QStringList m_history;
+    int m_recalled = 0; ///< place in m_history; its end is what is being typed
+    QString m_typed; ///< that, while older statements are shown
+};

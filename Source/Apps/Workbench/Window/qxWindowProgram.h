@@ -1,0 +1,11 @@
+#pragma once
+
+/// The program as a window: "workbench FILE".
+namespace qxWindowProgram {
+
+/// Whether the only argument is a scene file.
+bool isAskedFor(int argc, char *argv[]);
+/// Shows the scene in a window until that is closed.
+int run(int argc, char *argv[]);
+
+} // namespace qxWindowProgram

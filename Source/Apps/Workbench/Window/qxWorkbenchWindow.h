@@ -1,0 +1,82 @@
+#pragma once
+
+#include "qxSceneKeeper.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class QTreeView;
+class QUndoStack;
+class qxLogView;
+class qxPanelEvents;
+class qxSceneTreeModel;
+class qxSceneView;
+class qxScriptConsole;
+class qxSession;
+class qxVariantSetsDock;
+class qxVariantsDock;
+
+/// The window of the program: the scene, and docks for sets, variants, nodes, log and scripts.
+class qxWorkbenchWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    qxWorkbenchWindow();
+    ~qxWorkbenchWindow() override;
+
+    /// Opens a scene in the place of the one shown, without asking. A reason for a failure is
+    /// shown, and the window is empty then.
+    bool openFile(const QString &path);
+    bool saveFile(const QString &path);
+    QString filePath() const { return m_path; }
+
+    qxVariantSetsDock *setsDock() const { return m_sets; }
+    qxSceneView *sceneView() const { return m_view; }
+    qxScriptConsole *console() const { return m_console; }
+
+    /// Puts the scene back to what it was before the last set was selected here.
+    void goBack();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void buildDocks();
+    void addDock(QDockWidget *dock, Qt::DockWidgetArea area);
+    QDockWidget *dockOf(QWidget *contents, const QString &title, const QString &name);
+    void buildFileMenu();
+    void buildEditMenu();
+    void buildViewMenu();
+    void buildSetsMenu();
+    void buildHelpMenu();
+    void fillRecentMenu();
+    void restoreLayout();
+
+    void askAndOpen();
+    void askAndSaveAs();
+    bool save();
+    bool mayLeave();
+    void showPath(const QString &path);
+    void rememberRecent(const QString &path);
+    void showPicked(const osg::NodePtr &node);
+    void rememberForBack();
+    void showFailure(const QString &what);
+
+    std::unique_ptr<qxSession> m_session;
+    std::unique_ptr<qxSceneKeeper> m_before; ///< what "Back" leads to; null for nothing
+    QString m_path;
+    QString m_lastError; ///< of the log
+    qxPanelEvents *m_events;
+    qxSceneView *m_view;
+    qxVariantSetsDock *m_sets;
+    qxVariantsDock *m_variants;
+    qxSceneTreeModel *m_tree;
+    QTreeView *m_treeView;
+    qxLogView *m_log;
+    qxScriptConsole *m_console;
+    QMenu *m_recent;
+    QAction *m_back;
+};
