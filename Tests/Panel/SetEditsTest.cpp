@@ -1,0 +1,132 @@
+#include "qxNodeVariant.h"
+
+#include "PanelFixture.h"
+
+class SetEditsTest : public PanelFixture {
+protected:
+    static QStringList setsOf(const char *group)
+    {
+        QStringList names;
+        for (const qxVariantSet *each : qxVariants::findVariantGroup(group)->sets)
+            names << each->name;
+        return names;
+    }
+
+    qxSetEdits edits;
+};
+
+TEST_F(SetEditsTest, ARemovedSetComesBackWithAllThatItHeld)
+{
+    qxVariantSet &red = set("Red");
+    red.addNodeVariant("Wheels", "Steel");
+    red.addTransformVariant("Door", "Open");
+    red.addMaterialSnapshot("Body/Hood", "Paint");
+    red.addViewpoint("Front");
+    red.addTargetNodeName("Body");
+    red.values.insert("price", "12");
+    red.hotkey = "Ctrl+R";
+    red.updateShortcut();
+    red.script = "print(1)";
+    red.setClippingState(1);
+    red.setPreview("picture");
+    red.setInclInfo(true, false, true, false, true);
+    edits.removeSets({"Red", "Leather"});
+    EXPECT_EQ(qxVariants::findVariantSet("Red"), nullptr);
+    edits.stack()->undo();
+
+    ASSERT_EQ(setsOf("Outside"), QStringList({"Red", "Blue"}));
+    ASSERT_EQ(setsOf("Inside"), QStringList("Leather"));
+    qxVariantSet &back = set("Red");
+    EXPECT_EQ(back.findNodeVariant("Wheels")->state, "Steel");
+    EXPECT_EQ(back.findTransformVariant("Door")->state, "Open");
+    EXPECT_EQ(back.materialSnapshots.value("Body/Hood"), "Paint");
+    EXPECT_EQ(back.viewpoints.list(), QStringList("Front"));
+    EXPECT_EQ(back.targetNodeNames.list(), QStringList("Body"));
+    EXPECT_EQ(back.values.value("price"), "12");
+    EXPECT_EQ(back.key, int(Qt::Key_R));
+    EXPECT_EQ(back.script, "print(1)");
+    EXPECT_EQ(back.getClippingState(), 1);
+    EXPECT_EQ(back.getPreview(), "picture");
+    EXPECT_TRUE(back.inclNodes && back.inclLights && back.inclView);
+    EXPECT_FALSE(back.inclMats || back.inclEnv);
+
+    edits.stack()->redo();
+    EXPECT_EQ(qxVariants::findVariantSet("Red"), nullptr);
+    EXPECT_EQ(setsOf("Outside"), QStringList("Blue"));
+}
+
+TEST_F(SetEditsTest, ATakenNameGetsANumber)
+{
+    edits.renameSet("Blue", "Red");
+    ASSERT_EQ(setsOf("Outside").size(), 2);
+    const QString given = setsOf("Outside").at(1);
+    EXPECT_NE(given, "Red");
+    EXPECT_TRUE(given.startsWith("Red"));
+    edits.stack()->undo();
+    EXPECT_EQ(setsOf("Outside"), QStringList({"Red", "Blue"}));
+    edits.renameSet("Blue", "  ");
+    EXPECT_EQ(edits.stack()->count(), 1) << "a name of blanks is no name";
+}
+
+TEST_F(SetEditsTest, ACopyStandsBehindItsOriginalWithoutItsKey)
+{
+    set("Red").hotkey = "R";
+    set("Red").script = "pass";
+    const QString copy = edits.duplicateSet("Red");
+    EXPECT_EQ(setsOf("Outside"), QStringList({"Red", copy, "Blue"}));
+    EXPECT_EQ(qxVariants::findVariantSet(copy)->script, "pass");
+    EXPECT_EQ(qxVariants::findVariantSet(copy)->hotkey, "");
+}
+
+TEST_F(SetEditsTest, SetsMoveWithinTheirGroupAndComeBack)
+{
+    addGroup("Many", {"a", "b", "c", "d", "e"});
+    const QList<QPair<QStringList, int>> moves = {
+        {{"b"}, 4}, {{"d"}, 0}, {{"a", "c"}, -1}, {{"e", "a"}, 2}, {{"a", "b", "c"}, 2}};
+    const QStringList results[] = {{"a", "c", "d", "b", "e"},
+                                   {"d", "a", "b", "c", "e"},
+                                   {"b", "d", "e", "a", "c"},
+                                   {"b", "e", "a", "c", "d"},
+                                   {"a", "b", "c", "d", "e"}};
+    for (int number = 0; number < moves.size(); ++number) {
+        edits.moveSets(moves[number].first, "Many", moves[number].second);
+        EXPECT_EQ(setsOf("Many"), results[number]) << number;
+        edits.stack()->undo();
+        EXPECT_EQ(setsOf("Many"), QStringList({"a", "b", "c", "d", "e"})) << number;
+    }
+}
+
+TEST_F(SetEditsTest, WhatAScriptTookAwayIsNotBroughtBackByEdits)
+{
+    edits.editSet("Red", "Comment", [](qxVariantSet &red) { red.comment = "warm"; });
+    edits.renameSet("Red", "Crimson");
+    qxVariants::removeVariantSet("Crimson");
+    edits.stack()->undo();
+    edits.stack()->undo();
+    EXPECT_EQ(qxVariants::findVariantSet("Red"), nullptr);
+    EXPECT_EQ(setsOf("Outside"), QStringList("Blue"));
+}
+
+TEST_F(SetEditsTest, AGroupGoesWithOrWithoutItsSets)
+{
+    edits.removeGroup("Outside", false);
+    EXPECT_EQ(qxVariants::findVariantGroup("Outside"), nullptr);
+    EXPECT_EQ(set("Red").group, nullptr);
+    edits.stack()->undo();
+    EXPECT_EQ(setsOf("Outside"), QStringList({"Red", "Blue"}));
+    edits.removeGroup("Outside", true);
+    EXPECT_EQ(qxVariants::findVariantSet("Red"), nullptr);
+    edits.stack()->undo();
+    EXPECT_EQ(setsOf("Outside"), QStringList({"Red", "Blue"}));
+}
+
+TEST_F(SetEditsTest, EveryEditIsAnnouncedOnce)
+{
+    const auto announced = [this] { return heard("variantSetChanged").size(); };
+    const std::size_t before = announced();
+    edits.editSet("Red", "Comment", [](qxVariantSet &red) { red.comment = "warm"; });
+    EXPECT_EQ(announced(), before + 1);
+    edits.stack()->undo();
+    EXPECT_EQ(announced(), before + 2);
+    EXPECT_EQ(set("Red").comment, "");
+}
