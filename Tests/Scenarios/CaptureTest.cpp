@@ -114,6 +114,16 @@ TEST_F(CaptureCommandTest, OnlyTheNamedKindsAndRootsAreCaptured)
     refused(1, {"capture", desk(), ""}, "a variant set needs a name\n");
 }
 
+TEST_F(CaptureCommandTest, ANewRenderQueueIsHidden)
+{
+    const QString copy = path("queue.gltf");
+    done({"capture", desk(), "Now", "--group", "Render Queue", "--save", copy});
+    const QJsonArray groups = done({"list", copy, "--json"}).object()["groups"].toArray();
+    const QJsonObject queue = groups.last().toObject();
+    EXPECT_EQ(queue["name"].toString(), "Render Queue");
+    EXPECT_EQ(queue["visible"], false);
+}
+
 TEST_F(CaptureCommandTest, TheViewpointIsSavedWithTheSet)
 {
     const QString scene = path("scene.gltf");

@@ -89,6 +89,9 @@ public:
     /// A new group. A name that is taken is refused with a warning and null.
     static qxVariantGroup *createVariantGroup(const QString &name, bool notify, bool visible);
     static qxVariantGroup *findVariantGroup(const QString &name);
+    /// The group of that name; a new one when there is none. A new "Render Queue" is hidden and not
+    /// announced.
+    static qxVariantGroup *findOrCreateVariantGroup(const QString &name);
     /// As removeVariantSet. The sets of the group stay, without a group.
     static bool removeVariantGroup(const QString &name);
     static void clearVariantGroups();

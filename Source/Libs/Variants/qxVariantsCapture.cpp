@@ -77,17 +77,34 @@ void leaveHome(const qxVariantSet &set)
     }
 }
 
-/// The group of that name; a new one when there is none.
-qxVariantGroup *findOrCreateGroup(const QString &name)
+/// Goes over the passes and those of passes. `visited` ends the walk where materials hold each
+/// other; listeners may edit the passes.
+void capturePasses(qxVariantSet *set, const osg::MultiPassMaterialPtr &material, bool notify,
+                   std::set<osg::MultiPassMaterialPtr> &visited)
 {
-    if (qxVariantGroup *known = qxVariants::findVariantGroup(name))
-        return known;
-    const bool isOrdinary = name != QLatin1String("Render Queue");
-    return qxVariants::createVariantGroup(qxVariants::getUniqueVariantGroupName(name), isOrdinary,
-                                          isOrdinary);
+    if (!visited.insert(material).second)
+        return;
+    const osg::MFMaterialPtr &passes = material->getMaterials();
+    const std::vector<osg::MaterialRefPtr> kept(passes.begin(), passes.end());
+    for (const osg::MaterialPtr pass : kept) {
+        auto switchMaterial = osg::SwitchMaterialPtr::dcast(pass);
+        const auto inner = osg::MultiPassMaterialPtr::dcast(pass);
+        if (switchMaterial != osg::NullFC)
+            qxVariants::captureMaterialVariantFromSwitchMaterial(set, switchMaterial, notify);
+        else if (inner != osg::NullFC)
+            capturePasses(set, inner, notify, visited);
+    }
 }
 
 } // namespace
+
+qxVariantGroup *qxVariants::findOrCreateVariantGroup(const QString &name)
+{
+    if (qxVariantGroup *known = findVariantGroup(name))
+        return known;
+    const bool isOrdinary = name != QLatin1String("Render Queue");
+    return createVariantGroup(getUniqueVariantGroupName(name), isOrdinary, isOrdinary);
+}
 
 void qxVariants::createAndCaptureVariantSet(const char *name, const char *groupName)
 {
@@ -95,7 +112,7 @@ void qxVariants::createAndCaptureVariantSet(const char *name, const char *groupN
         return;
     const QString wanted = QString::fromUtf8(groupName);
     qxVariantGroup *const group =
-        findOrCreateGroup(wanted.isEmpty() ? QStringLiteral("New Group 1") : wanted);
+        findOrCreateVariantGroup(wanted.isEmpty() ? QStringLiteral("New Group 1") : wanted);
     if (!group)
         return;
     qxVariantSet *const set =
@@ -118,6 +135,7 @@ void qxVariants::captureVariantsFromRootNodes(qxVariantSet *set, std::vector<qxN
     if (!set)
         return;
     const qxSetUse use(*set);
+    const std::vector<osg::NodeRefPtr> kept(roots.begin(), roots.end()); // beyond listeners
     const qxCaptureProgress progress;
     const CapturedGeometries geometries;
     set->clear();
@@ -157,6 +175,8 @@ void qxVariants::captureVariantsFromRootNode(
     std::set<osg::SwitchMaterialPtr> &visitedSwitchMaterials,
     std::set<osg::MaterialPtr> &visitedMaterials, bool notify)
 {
+    if (!set)
+        return;
     const qxCaptureKinds kinds{captureNodes, captureMaterials, captureLights, captureEnvironments,
                                captureTransforms};
     const qxCaptureNotes notes{materials, visitedNames, visitedSwitchMaterials, visitedMaterials};
@@ -166,9 +186,11 @@ void qxVariants::captureVariantsFromRootNode(
 bool qxVariants::checkAndSetNodeActive(osg::NodePtr node, qxVariantSet *set, bool &captureNodes,
                                        bool &notify)
 {
+    if (node == osg::NullFC)
+        return false;
     if (node->getActive())
         return true;
-    if (!captureNodes)
+    if (!captureNodes || !set)
         return false;
     if (qxActiveNames::contain(qxNodeUtils::getName(node)))
         set->appendToScript(
@@ -181,6 +203,8 @@ bool qxVariants::checkAndSetNodeActive(osg::NodePtr node, qxVariantSet *set, boo
 void qxVariants::addMaterialGroupIgnoreToVSet(osg::NodePtr node, osg::MaterialGroupPtr,
                                               qxVariantSet *set)
 {
+    if (node == osg::NullFC || !set)
+        return;
     const bool ignore = qxMaterials::getIgnoreMaterialGroup(node);
     set->appendToScript(
         QStringLiteral("setIgnoreMaterialGroup(%1,%2)")
@@ -191,29 +215,27 @@ void qxVariants::captureMaterialVariantFromSwitchMaterial(qxVariantSet *set,
                                                           osg::SwitchMaterialPtr &material,
                                                           bool notify)
 {
-    if (material == osg::NullFC)
+    if (!set)
         return;
-    qxMaterialVariant *const variant = createMaterialVariant(material, notify);
-    if (!variant)
-        return;
-    const osg::MaterialPtr chosen = qxSwitchMaterials::chosen(material);
-    set->add(variant, qxSwitchMaterials::nameOf(chosen));
-    auto nested = osg::SwitchMaterialPtr::dcast(chosen);
-    captureMaterialVariantFromSwitchMaterial(set, nested, notify);
+    std::set<osg::SwitchMaterialPtr> visited; // switch materials may hold each other
+    osg::SwitchMaterialRefPtr each(material);
+    while (each != osg::NullFC && visited.insert(each.get()).second) {
+        qxMaterialVariant *const variant = createMaterialVariant(each, notify);
+        if (!variant)
+            return;
+        const osg::MaterialPtr chosen = qxSwitchMaterials::chosen(each);
+        set->add(variant, qxSwitchMaterials::nameOf(chosen));
+        each = osg::SwitchMaterialPtr::dcast(chosen);
+    }
 }
 
 void qxVariants::captureMaterialVariantFromMultiPassMaterial(qxVariantSet *set,
                                                              osg::MultiPassMaterialPtr &material,
                                                              bool notify)
 {
-    for (const osg::MaterialPtr &pass : material->getMaterials()) {
-        auto switchMaterial = osg::SwitchMaterialPtr::dcast(pass);
-        auto passes = osg::MultiPassMaterialPtr::dcast(pass);
-        if (switchMaterial != osg::NullFC)
-            captureMaterialVariantFromSwitchMaterial(set, switchMaterial, notify);
-        else if (passes != osg::NullFC)
-            captureMaterialVariantFromMultiPassMaterial(set, passes, notify);
-    }
+    std::set<osg::MultiPassMaterialPtr> visited;
+    if (set && material != osg::NullFC)
+        capturePasses(set, material, notify, visited);
 }
 
 void qxVariants::initVSetProgressDialog(QProgressDialog *dialog)

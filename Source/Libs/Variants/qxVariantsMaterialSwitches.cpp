@@ -1,5 +1,6 @@
 #include "Internal/qxMaterialSwitches.h"
 #include "Internal/qxNodePaths.h"
+#include "Internal/qxOpenNodes.h"
 #include "Internal/qxSceneEdits.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
@@ -34,18 +35,14 @@ void restore(const osg::NodePtr &node, Restoring &restoring)
 /// Goes over what is active at and below `top`, in scene order.
 void restoreFrom(const osg::NodePtr &top, Restoring &restoring)
 {
-    std::vector<osg::NodePtr> open(1, top);
-    while (!open.empty()) {
-        const osg::NodePtr node = open.back();
-        open.pop_back();
+    qxOpenNodes open(top);
+    for (osg::NodeRefPtr node(open.take()); node != osg::NullFC; node = open.take()) {
         bool captureNodes = false; // hidden nodes are passed over, nothing is noted about them
         bool notify = true;
-        if (node == osg::NullFC
-            || !qxVariants::checkAndSetNodeActive(node, restoring.set, captureNodes, notify))
+        if (!qxVariants::checkAndSetNodeActive(node, restoring.set, captureNodes, notify))
             continue;
         restore(node, restoring);
-        const osg::MFNodePtr &children = *node->getMFChildren();
-        open.insert(open.end(), children.rbegin(), children.rend());
+        open.addChildrenOf(node);
     }
 }
 
@@ -58,6 +55,8 @@ void qxVariants::handleMaterialSnapshots(qxVariantSet *set, osg::NodePtr node, c
                                          std::set<osg::MaterialPtr> &visitedMaterials, bool capture,
                                          bool notify)
 {
+    if (!set || node == osg::NullFC || node->getCore() == osg::NullFC)
+        return;
     const qxMaterialSwitches::Scope scope{
         set, visitedNames, visitedSwitchMaterials, visitedMaterials, capture, notify};
     if (qxMaterialSwitches *run = qxMaterialSwitches::current(set))
@@ -84,6 +83,8 @@ void qxVariants::restoreSwitchNodes()
 
 void qxVariants::changeMaterial(osg::NodePtr node, osg::MaterialPtr material)
 {
+    if (node == osg::NullFC)
+        return;
     const auto group = osg::MaterialGroupPtr::dcast(node->getCore());
     if (group != osg::NullFC)
         qxSceneEdits::setMaterial(group, material);

@@ -4,6 +4,8 @@
 #include "Core/qxMainWindow.h"
 #include "qxScenegraph.h"
 
+#include <OpenSG/OSGSimpleAttachments.h>
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -117,6 +119,18 @@ TEST_F(GuardTest, RenamedNodesGetNamesThatNoOtherNodeHas)
     EXPECT_EQ(seen.count, 1);
 }
 
+TEST_F(GuardTest, NodesThatAreRemovedWhileTheUserIsAskedAreNotRenamed)
+{
+    scene.addSwitch("Wheels", {});
+    const TestNode second = scene.addSwitch("Wheels", {});
+    const TestNode third = scene.addSwitch("Wheels", {});
+    EXPECT_TRUE(verify([&](QMessageBox &box) {
+        scene.root().node()->subChild(second);
+        rename(box);
+    }));
+    EXPECT_EQ(third.name(), "Wheels 2");
+}
+
 TEST_F(GuardTest, CancellingAndClosingRenameNothing)
 {
     scene.addSwitch("Wheels", {});
@@ -156,6 +170,10 @@ TEST_F(GuardTest, ASetRefersToANodeByVariantByPathAndAsAChosenChild)
     EXPECT_TRUE(isReferredTo(wheels.child(1)));
     EXPECT_TRUE(isReferredTo(body));
     EXPECT_TRUE(isReferredTo(copied));
+    const TestNode unnamed = scene.addSwitch("x", {});
+    osg::setName(unnamed.node(), std::string());
+    set->addNodeVariant("", ""); // means no node
+    EXPECT_FALSE(isReferredTo(unnamed));
     std::vector<osg::NodePtr> none;
     EXPECT_FALSE(qxVariants::containsAmbiguousVSets(none));
 }

@@ -103,9 +103,7 @@ bool settleNames(bool rename)
 
 qxVariantSet *createSet(const QString &name, const QString &groupName)
 {
-    qxVariantGroup *group = qxVariants::findVariantGroup(groupName);
-    if (!group)
-        group = qxVariants::createVariantGroup(groupName, true, true);
+    qxVariantGroup *const group = qxVariants::findOrCreateVariantGroup(groupName);
     return qxVariants::createVariantSet(qxVariants::getUniqueVariantSetName(name), true, group);
 }
 

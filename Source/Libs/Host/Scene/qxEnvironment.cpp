@@ -8,6 +8,7 @@
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <algorithm>
+#include <unordered_set>
 
 osg::NodePtr qxScenegraph::environmentGeometrySwitch()
 {
@@ -20,13 +21,28 @@ bool qxNodeUtils::isEnvironmentGeometrySwitch(const osg::NodePtr &node)
     return node != osg::NullFC && node == qxScenegraph::environmentGeometrySwitch();
 }
 
-bool qxMaterials::isEnvironmentMaterial(const osg::MaterialPtr &material)
+namespace {
+
+/// `visited` ends the walk where materials hold each other.
+bool isEnvironment(const osg::MaterialPtr &material, std::unordered_set<osg::UInt32> &visited)
 {
     const auto choices = osg::SwitchMaterialPtr::dcast(material);
     const auto passes = osg::MultiPassMaterialPtr::dcast(material);
     if (choices == osg::NullFC && passes == osg::NullFC)
         return qxSurface::of(material).environment;
+    if (!visited.insert(material.getFieldContainerId()).second)
+        return false;
     const osg::MFMaterialPtr &contents =
         choices != osg::NullFC ? *choices->getMFMaterials() : *passes->getMFMaterials();
-    return std::any_of(contents.begin(), contents.end(), &qxMaterials::isEnvironmentMaterial);
+    return std::any_of(contents.begin(), contents.end(), [&visited](const osg::MaterialPtr &each) {
+        return isEnvironment(each, visited);
+    });
+}
+
+} // namespace
+
+bool qxMaterials::isEnvironmentMaterial(const osg::MaterialPtr &material)
+{
+    std::unordered_set<osg::UInt32> visited;
+    return isEnvironment(material, visited);
 }

@@ -1,6 +1,9 @@
 #include "Scene/qxNameIndex.h"
 
 #include "Scene/qxNodeWalk.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGFieldContainerFactory.h>
 
 #include <cstring>
 #include <functional>
@@ -28,7 +31,7 @@ std::size_t powerOfTwoAbove(std::size_t count)
 qxNameIndex::qxNameIndex()
 {
     qxWalkScene([this](const osg::NodePtr &node) {
-        m_entries.push_back({node, hashOf(qxNodeName(node)), none});
+        m_entries.push_back({node.getFieldContainerId(), hashOf(qxNodeName(node)), none});
         return true;
     });
     m_slots.assign(powerOfTwoAbove(m_entries.size()), none);
@@ -40,17 +43,26 @@ qxNameIndex::qxNameIndex()
     }
 }
 
-bool qxNameIndex::matches(const Entry &entry, std::size_t hash, const char *name) const
+osg::NodePtr qxNameIndex::match(const Entry &entry, std::size_t hash, const char *name)
 {
-    return entry.hash == hash && std::strcmp(qxNodeName(entry.node), name) == 0;
+    if (entry.hash != hash)
+        return osg::NodePtr();
+    const osg::FieldContainerPtr object = osg::FieldContainerFactory::the()->getContainer(entry.id);
+    if (object == osg::NullFC)
+        return osg::NodePtr();
+    const osg::NodePtr node = osg::NodePtr::dcast(object);
+    const bool isThere = node->getParent() != osg::NullFC || node == qxScenegraph::getRoot()
+        || node == qxScenegraph::environmentGeometrySwitch();
+    return isThere && std::strcmp(qxNodeName(node), name) == 0 ? node : osg::NodePtr();
 }
 
 qxNodePtr qxNameIndex::first(const char *name) const
 {
     const std::size_t hash = hashOf(name);
     for (std::uint32_t i = chain(hash); i != none; i = m_entries[i].next) {
-        if (matches(m_entries[i], hash, name))
-            return m_entries[i].node;
+        const osg::NodePtr node = match(m_entries[i], hash, name);
+        if (node != osg::NullFC)
+            return node;
     }
     return qxNodePtr();
 }
@@ -60,8 +72,9 @@ std::vector<qxNodePtr> qxNameIndex::all(const char *name) const
     std::vector<qxNodePtr> found;
     const std::size_t hash = hashOf(name);
     for (std::uint32_t i = chain(hash); i != none; i = m_entries[i].next) {
-        if (matches(m_entries[i], hash, name))
-            found.push_back(m_entries[i].node);
+        const osg::NodePtr node = match(m_entries[i], hash, name);
+        if (node != osg::NullFC)
+            found.push_back(node);
     }
     return found;
 }

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <vector>
 
-/// Finds the nodes of the scene by name. Made in one pass; what changes in it later is not seen,
-/// and a node that is renamed, removed or added outdates the index.
+/// Finds the nodes of the scene by name. Made in one pass: a node that is renamed or added outdates
+/// the index. It keeps ids, so that nodes that were removed are not found any more.
 class qxNameIndex {
 public:
     qxNameIndex();
@@ -19,13 +19,14 @@ public:
 private:
     /// Nodes whose names hash to one slot are chained in scene order.
     struct Entry {
-        osg::NodePtr node;
+        osg::UInt32 id;
         std::size_t hash;
         std::uint32_t next;
     };
 
     std::uint32_t chain(std::size_t hash) const { return m_slots[hash & (m_slots.size() - 1)]; }
-    bool matches(const Entry &entry, std::size_t hash, const char *name) const;
+    /// The node of the entry when it still is one of that name in the scene, else null.
+    static osg::NodePtr match(const Entry &entry, std::size_t hash, const char *name);
 
     std::vector<Entry> m_entries;
     std::vector<std::uint32_t> m_slots;

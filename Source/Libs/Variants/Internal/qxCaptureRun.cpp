@@ -2,6 +2,7 @@
 
 #include "Internal/qxCaptureProgress.h"
 #include "Internal/qxNodePaths.h"
+#include "Internal/qxOpenNodes.h"
 #include "Internal/qxSwitchMaterials.h"
 #include "Internal/qxText.h"
 #include "qxLightVariant.h"
@@ -57,15 +58,14 @@ qxCaptureRun::qxCaptureRun(qxVariantSet &set, const qxCaptureKinds &kinds,
 
 void qxCaptureRun::visit(const osg::NodePtr &top)
 {
-    std::vector<osg::NodePtr> open{top}; // not the call stack: scenes may be deep
-    while (!open.empty()) {
-        const osg::NodePtr node = open.back();
-        open.pop_back();
+    qxOpenNodes open(top); // not the call stack: scenes may be deep
+    for (;;) {
         qxCaptureProgress::processEvents();
-        if (node == osg::NullFC || node->getCore() == osg::NullFC || !captureNode(node))
-            continue;
-        for (osg::UInt32 i = node->getNChildren(); i > 0; --i)
-            open.push_back(node->getChild(i - 1));
+        const osg::NodeRefPtr node(open.take()); // listeners may remove it
+        if (node == osg::NullFC)
+            return;
+        if (node->getCore() != osg::NullFC && captureNode(node))
+            open.addChildrenOf(node);
     }
 }
 
@@ -116,8 +116,9 @@ void qxCaptureRun::captureSwitch(const osg::NodePtr &node)
     const bool isEnvironment = qxNodeUtils::isEnvironmentGeometrySwitch(node);
     if (!(isEnvironment ? m_kinds.environments : m_kinds.nodes))
         return;
+    const QString state = stateOf(node, core); // before listeners change the children
     if (qxNodeVariant *variant = qxVariants::createNodeVariant(node, m_notify))
-        m_set.add(variant, stateOf(node, core));
+        m_set.add(variant, state);
 }
 
 void qxCaptureRun::captureMaterialGroup(const osg::NodePtr &node,
@@ -137,6 +138,7 @@ void qxCaptureRun::captureGeometry(const osg::NodePtr &node, const osg::Geometry
     const osg::MaterialPtr material = geometry->getMaterial();
     if (material == osg::NullFC)
         return;
+    const osg::MaterialRefPtr kept(material); // listeners may give the node another one
     auto switchMaterial = osg::SwitchMaterialPtr::dcast(material);
     const bool isEnvironment = qxMaterials::isEnvironmentMaterial(material);
     if (isEnvironment && switchMaterial != osg::NullFC) {

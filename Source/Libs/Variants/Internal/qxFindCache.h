@@ -2,8 +2,9 @@
 
 #include "qxScenegraph.h"
 
-/// Keeps the host's cache of node names switched on for one scope, in which no node is renamed,
-/// added or removed. A cache that is on already is used and left alone.
+/// Keeps the host's cache of node names switched on for one scope: nodes that are renamed or added
+/// in it are not found by name, removed ones drop out. A cache that is on already is used and left
+/// alone.
 class qxFindCache {
 public:
     explicit qxFindCache(bool wanted) : m_isMine(!qxScenegraph::hasFindCache() && wanted)

@@ -2,6 +2,7 @@
 
 #include "Internal/qxNodePaths.h"
 #include "Internal/qxNotify.h"
+#include "Internal/qxOpenNodes.h"
 #include "Internal/qxSceneEdits.h"
 #include "Internal/qxSwitchMaterials.h"
 #include "qxMaterialVariant.h"
@@ -109,10 +110,11 @@ void qxMaterialSwitches::handle(const osg::NodePtr &node, const QString &path,
 bool qxMaterialSwitches::isClone(const osg::NodePtr &node)
 {
     const osg::UInt32 core = node->getCore().getFieldContainerId();
-    osg::NodePtr &first = m_firstOfCore[core];
+    osg::UInt32 &id = m_firstOfCore[core];
+    const osg::NodePtr first = qxOpenNodes::withId(id);
     if (first == osg::NullFC)
-        first = node;
-    return first != node && qxNodeUtils::isCloneOf(node, first);
+        id = node.getFieldContainerId();
+    return first != osg::NullFC && first != node && qxNodeUtils::isCloneOf(node, first);
 }
 
 /// What the other sets want at that path; empty when they all want this material. What they

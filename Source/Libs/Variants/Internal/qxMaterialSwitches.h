@@ -87,7 +87,8 @@ private:
     qxMaterialSwitches *const m_outer;
     qxSnapshotIndex m_index;
     std::map<Case, osg::SwitchMaterialRefPtr> m_settled;
-    QHash<osg::UInt32, osg::NodePtr> m_firstOfCore; ///< by the id of the core
+    /// Ids of nodes by those of their cores: listeners may remove the nodes.
+    QHash<osg::UInt32, osg::UInt32> m_firstOfCore;
     /// By ids: materials that are part of other ones; read when it is first asked for.
     QSet<osg::UInt32> m_contained;
     bool m_isContainedRead = false;

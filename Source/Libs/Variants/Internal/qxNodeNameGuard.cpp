@@ -51,6 +51,14 @@ void logNodes(const std::vector<osg::NodePtr> &nodes)
         qxLog::warning("ambiguous node: %s", qxNodePaths::utf8Path(node).c_str());
 }
 
+bool isInScene(osg::NodePtr node)
+{
+    const osg::NodePtr root = qxOpenSGUtils::getRoot();
+    while (node != osg::NullFC && node != root)
+        node = node->getParent();
+    return node != osg::NullFC;
+}
+
 /// By what the variant sets refer to nodes, gathered once for all nodes.
 class References {
 public:
@@ -70,6 +78,8 @@ public:
     bool contain(const osg::NodePtr &node) const
     {
         const QString name = qxText::fromUtf8(qxNodeUtils::getName(node));
+        if (name.isEmpty()) // sets may hold empty names, which mean no node
+            return m_paths.contains(qxNodePaths::getNodePath(node));
         return m_variants.contains(name) || m_paths.contains(qxNodePaths::getNodePath(node))
             || isSelectedChild(node, name);
     }
@@ -104,10 +114,14 @@ bool qxNodeNameGuard::verifyNodeNames()
     std::vector<osg::NodePtr> nodes = checker.getAmbiguousNodes();
     if (nodes.empty())
         return true;
+    // What runs while the user is asked may remove nodes.
+    const std::vector<osg::NodeRefPtr> kept(nodes.begin(), nodes.end());
     if (!qxVariants::showAmbiguousNodesDialog(nodes))
         return false;
-    for (const osg::NodePtr &node : nodes)
-        qxNodeUtils::setName(node, qxNodeUtils::getName(node), true, qxOpenSGUtils::getRoot());
+    for (const osg::NodePtr node : kept) {
+        if (isInScene(node))
+            qxNodeUtils::setName(node, qxNodeUtils::getName(node), true, qxOpenSGUtils::getRoot());
+    }
     return true;
 }
 

@@ -1,0 +1,127 @@
+#include "qxVariantSet.h"
+
+#include "CaptureFixture.h"
+#include "qxController.h"
+#include "qxMaterials.h"
+
+#include <OpenSG/OSGMultiPassMaterial.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+namespace {
+
+/// What listeners may do while a capture runs, and arguments that name nothing.
+class ListenersTest : public CaptureFixture {
+protected:
+    ListenersTest() : set(qxVariants::createVariantSet("Sport", false, nullptr)) {}
+
+    template <class Reaction>
+    void captureWhile(const std::string &notification, const Reaction &react)
+    {
+        const int listener =
+            qxController::addListener([&](const char *name, qxMessage *message, int) {
+                if (name == notification)
+                    react(*message);
+            });
+        capture();
+        qxController::removeListener(listener);
+    }
+
+    void capture()
+    {
+        qxVariants::captureVariantsFromRootNodes(set, {scene.root().node()}, true, true, true, true,
+                                                 true, true, true, true);
+    }
+
+    /// Removes everything below the node from the given child on.
+    static void removeFrom(const osg::NodePtr &parent, osg::UInt32 first)
+    {
+        while (parent->getNChildren() > first)
+            parent->subChild(parent->getNChildren() - 1);
+    }
+
+    qxVariantSet *const set;
+};
+
+TEST_F(ListenersTest, NodesThatAListenerRemovesArePassedOver)
+{
+    const TestNode car = scene.add("Car");
+    scene.addSwitch("Wheels", {"Steel"}, car).choose(0);
+    scene.addSwitch("Seats", {"Cloth"}, scene.add("Inside", car)).choose(0);
+    scene.addPoses("Lid", {"Closed"}, car);
+    scene.addGeometry("Door", scene.addMaterial("Paint"));
+    captureWhile("nodeVariantAdded", [&](qxMessage &) {
+        removeFrom(car, 1);
+        removeFrom(scene.root(), 1);
+    });
+    EXPECT_EQ(set->nodeVariants.size(), 1u);
+    EXPECT_TRUE(set->findNodeVariant("Wheels"));
+    EXPECT_TRUE(set->transformVariants.empty());
+    EXPECT_TRUE(set->materialSnapshots.isEmpty());
+}
+
+TEST_F(ListenersTest, ANodeMayRemoveItselfAndAllAboveIt)
+{
+    const TestNode wheels = scene.addSwitch("Wheels", {"Steel"}, scene.add("Car")).choose(0);
+    scene.addSwitch("Tyres", {"Winter"}, wheels.child(0)).choose(0);
+    captureWhile("nodeVariantAdded", [&](qxMessage &) { removeFrom(scene.root(), 0); });
+    EXPECT_EQ(set->nodeVariants.size(), 1u);
+    EXPECT_TRUE(set->findNodeVariant("Wheels"));
+}
+
+TEST_F(ListenersTest, PassesMayBeEditedWhileTheyAreCaptured)
+{
+    const osg::MultiPassMaterialPtr layers = osg::MultiPassMaterial::create();
+    for (const char *name : {"First", "Second", "Third"})
+        layers->addMaterial(scene.addSwitchMaterial(name, {"Red", "Blue"}));
+    qxMaterials::setName(layers, "Layers", true);
+    scene.addGeometry("Body", layers);
+    captureWhile("materialVariantAdded", [&](qxMessage &) {
+        while (layers->getMaterials().size() > 0)
+            layers->subMaterial(layers->getMaterials(0));
+    });
+    EXPECT_EQ(set->materialVariants.size(), 3u); // those that were there
+}
+
+TEST_F(ListenersTest, SwitchMaterialsThatHoldEachOtherAreCapturedOnce)
+{
+    const TestMaterial matt = scene.addSwitchMaterial("Matt", {"Gloss"});
+    const TestMaterial gloss = scene.addSwitchMaterial("Gloss Switch", {"Matt"});
+    const auto holder = osg::SwitchMaterialPtr::dcast(matt.material());
+    holder->addMaterial(gloss);
+    matt.choose(1);
+    scene.addGeometry("Body", matt);
+    EXPECT_FALSE(qxMaterials::isEnvironmentMaterial(matt));
+    capture();
+    EXPECT_EQ(set->materialVariants.size(), 2u);
+    EXPECT_TRUE(set->findMaterialVariant("Matt"));
+    EXPECT_TRUE(set->findMaterialVariant("Gloss Switch"));
+    holder->subMaterial(gloss);
+}
+
+TEST_F(ListenersTest, ArgumentsThatNameNothingAreIgnored)
+{
+    const TestNode hidden = scene.add("Hidden").setMask(0);
+    bool captureNodes = true;
+    bool notify = true;
+    EXPECT_FALSE(qxVariants::checkAndSetNodeActive(osg::NullFC, set, captureNodes, notify));
+    EXPECT_FALSE(qxVariants::checkAndSetNodeActive(hidden, nullptr, captureNodes, notify));
+    qxVariants::changeMaterial(osg::NullFC, scene.addMaterial("Paint"));
+    qxVariants::addMaterialGroupIgnoreToVSet(osg::NullFC, osg::NullFC, set);
+    osg::MultiPassMaterialPtr passes;
+    qxVariants::captureMaterialVariantFromMultiPassMaterial(set, passes, true);
+    QMap<QString, QString> materials;
+    QSet<QString> names;
+    std::set<osg::SwitchMaterialPtr> switches;
+    std::set<osg::MaterialPtr> visited;
+    qxVariants::captureVariantsFromRootNode(nullptr, scene.root().node(), true, true, true, true,
+                                            true, materials, {}, names, switches, visited, true);
+    const osg::NodePtr bare = osg::Node::create();
+    qxVariants::handleMaterialSnapshots(set, bare, "Bare", scene.addMaterial("Bare"), {}, names,
+                                        switches, visited, true, true);
+    osg::subRefCP(bare);
+    EXPECT_TRUE(names.isEmpty());
+    EXPECT_TRUE(set->nodeVariants.empty());
+    EXPECT_EQ(set->script, "");
+}
+
+} // namespace
