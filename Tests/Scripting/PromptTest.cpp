@@ -104,6 +104,29 @@ TEST_F(PromptTest, LinesCanBeEditedCompletedAndTakenFromTheHistory)
     EXPECT_EQ(ended(), 0);
 }
 
+TEST_F(PromptTest, ACaptureAsksBeforeItRenamesNodes)
+{
+    const QString twins = write("twins.gltf", R"({"asset":{"version":"2.0"},"scene":0,
+        "scenes":[{"nodes":[0,1]}],"nodes":[
+        {"name":"Wheels","children":[2],"extras":{"qxSwitch":0}},
+        {"name":"Wheels","children":[3],"extras":{"qxSwitch":0}},
+        {"name":"Steel"},{"name":"Alloy"}]})");
+    const QString saved = path("saved.gltf");
+    const QByteArray question = "Rename them? [y/N] ";
+    for (const char *answer : {"n\n", "\n", "\x04"}) {
+        start({"capture", twins, "Sport", "--save", saved});
+        shownUntil(question);
+        typed(answer, "new names\r\n");
+        EXPECT_EQ(ended(), 1);
+        EXPECT_FALSE(QFile::exists(saved));
+    }
+    start({"capture", twins, "Sport", "--save", saved});
+    shownUntil(question);
+    typed("y\n", "to \"Wheels 2\"\r\n");
+    EXPECT_EQ(ended(), 0);
+    EXPECT_TRUE(QFile::exists(saved));
+}
+
 TEST_F(PromptTest, MistakesAreShownAndThePromptGoesOn)
 {
     start({"python", desk()});

@@ -42,6 +42,9 @@ protected:
         title = dialog->windowTitle();
         text = dialog->findChild<QLabel *>()->text();
         labelWidth = dialog->findChild<QLabel *>()->width();
+        labelMinimumHeight = dialog->findChild<QLabel *>()->minimumHeight();
+        wrapsWords = dialog->findChild<QLabel *>()->wordWrap();
+        hasButton = dialog->findChild<QPushButton *>();
         range = {dialog->minimum(), dialog->maximum()};
         isClosable = dialog->windowFlags() & Qt::WindowCloseButtonHint;
     }
@@ -51,6 +54,9 @@ protected:
     QString title;
     QString text;
     int labelWidth = 0;
+    int labelMinimumHeight = 0;
+    bool wrapsWords = false;
+    bool hasButton = true;
     std::pair<int, int> range{-1, -1};
     bool isClosable = true;
 };
@@ -63,6 +69,9 @@ TEST_F(DialogTest, ACaptureShowsThatItRuns)
     EXPECT_EQ(title, "Variant Set: Capture Variant...");
     EXPECT_EQ(text, "Capturing Variant Set ...");
     EXPECT_EQ(labelWidth, 256);
+    EXPECT_EQ(labelMinimumHeight, 32);
+    EXPECT_TRUE(wrapsWords);
+    EXPECT_FALSE(hasButton); // it cannot be cancelled
     EXPECT_EQ(range, std::make_pair(0, 0));
     EXPECT_FALSE(isClosable);
     EXPECT_FALSE(qxBusy::isBusy());

@@ -68,6 +68,9 @@ TEST_F(NodePathsTest, EveryNodeIsFoundByItsPath)
     EXPECT_EQ(found("Car"), std::vector<qxNodePtr>{car.node()});
     EXPECT_EQ(found("Car/Kühlergrill"),
               (std::vector<qxNodePtr>{grill.node(), twin.node(), slash.node()}));
+    std::vector<qxNodePtr> same = found("Car/Kühlergrill");
+    qxNodePaths::removeFalsePositives(same, "Car/Kühlergrill");
+    EXPECT_EQ(same.size(), 3u); // a slash in a name looks like a step
     EXPECT_EQ(found("Car/Kühlergrill/Group"), std::vector<qxNodePtr>{chrome.node()});
     EXPECT_EQ(found("Root"), std::vector<qxNodePtr>());
     EXPECT_EQ(found(""), std::vector<qxNodePtr>());

@@ -255,7 +255,7 @@ bool qxMaterialSwitches::mayReuse(const osg::SwitchMaterialPtr &old, const osg::
             return false;
         isNew = isNew || state.isEmpty();
     }
-    return usersOf(old).empty() || (chosen(old) == shown && !isNew);
+    return (chosen(old) == shown && !isNew) || usersOf(old).empty();
 }
 
 bool qxMaterialSwitches::isContained(const osg::MaterialPtr &material)
