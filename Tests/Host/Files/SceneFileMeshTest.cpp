@@ -150,6 +150,7 @@ TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
          "pbrMetallicRoughness": {"baseColorFactor": [0.25, 0.5, 1, 0.25], "metallicFactor": 0,
                                   "roughnessFactor": 0.125}},
         {"name": "Leaf", "alphaMode": "MASK", "alphaCutoff": 0.75,
+         "pbrMetallicRoughness": {"baseColorFactor": [1, 1, 1, 0.5]},
          "extensions": {"KHR_materials_unlit": {}}}])");
     load(write("materials.gltf", json));
 
@@ -168,6 +169,12 @@ TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
     EXPECT_EQ(leaf.alphaMode, qxSurface::Mask);
     EXPECT_TRUE(leaf.unlit);
     EXPECT_FALSE(surface.unlit);
+    EXPECT_EQ(material("Leaf")->getTransparency(), 0.5f);
+    osg::SimpleMaterialPtr::dcast(material("Leaf"))->setTransparency(0.75f);
+    save(path("saved.gltf"));
+    load(path("saved.gltf"));
+    EXPECT_EQ(material("Leaf")->getTransparency(), 0.75f);
+    EXPECT_EQ(qxSurface::of(material("Leaf")).alphaMode, qxSurface::Mask);
 }
 
 TEST_F(SceneFileMeshTest, PicturesAreDecodedOnceAndBeginWithTheirBottomRow)
@@ -184,8 +191,24 @@ TEST_F(SceneFileMeshTest, PicturesAreDecodedOnceAndBeginWithTheirBottomRow)
             {{"name", "M" + std::to_string(texture)},
              {"pbrMetallicRoughness", {{"baseColorTexture", {{"index", texture}}}}}});
     }
+    json["samplers"] = qxJson::parse(R"([{"wrapS": 33071, "wrapT": 33648}, {"wrapS": "x"}])");
+    json["textures"][0]["sampler"] = 0;
+    json["textures"][1]["sampler"] = 1;
+    qxJson &use = json["materials"][1]["pbrMetallicRoughness"]["baseColorTexture"];
+    use["extensions"]["KHR_texture_transform"] =
+        qxJson::parse(R"({"offset": [0.5, 0.25], "rotation": 1.57079633, "scale": [2, 4]})");
     load(write("pictures.gltf", json));
 
+    const qxSurface first = qxSurface::of(material("M0"));
+    EXPECT_EQ(first.wrapS, osg::UInt32(GL_CLAMP_TO_EDGE));
+    EXPECT_EQ(first.wrapT, osg::UInt32(GL_MIRRORED_REPEAT));
+    EXPECT_EQ(first.textureMatrix, qxSurface().textureMatrix);
+    const qxSurface second = qxSurface::of(material("M1"));
+    EXPECT_EQ(second.wrapS, osg::UInt32(GL_REPEAT));
+    // From the top of the picture, (s, t) leads to (4 t + 0.5, -2 s + 0.25).
+    const float expected[] = {0, -4, 4.5f, 2, 0, 0.75f};
+    for (std::size_t i = 0; i < 6; ++i)
+        EXPECT_NEAR(second.textureMatrix[i], expected[i], 1e-5f);
     const auto image = [this](const char *name) {
         return osg::SimpleTexturedMaterialPtr::dcast(material(name))->getImage();
     };

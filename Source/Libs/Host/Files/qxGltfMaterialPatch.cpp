@@ -23,19 +23,19 @@ std::vector<float> numbersOf(const osg::Color3f &colour)
 void writeAlpha(qxJson &json, const qxGltfMaterialState &now)
 {
     static const char *const modes[] = {"OPAQUE", "MASK", "BLEND"};
-    const bool seeThrough = now.colour[3] < 1;
-    json["alphaMode"] = modes[seeThrough ? qxSurface::Blend : now.surface.alphaMode];
+    const bool becomesBlended = now.surface.alphaMode == qxSurface::Opaque && now.colour[3] < 1;
+    json["alphaMode"] = modes[becomesBlended ? qxSurface::Blend : now.surface.alphaMode];
     if (now.surface.alphaMode == qxSurface::Mask)
         json["alphaCutoff"] = qxGltfNumber(now.surface.alphaCutoff);
 }
 
-/// Opacity counts only in materials that are blended; that of others stays as the file has it.
+/// Opacity means nothing in opaque materials: there it stays as the file has it.
 void writeColour(qxJson &json, const qxGltfMaterialState &now)
 {
     qxJson &surface = json["pbrMetallicRoughness"];
     const qxJson old = qxGltfMember(surface, "baseColorFactor");
     qxJson colour = qxGltfNumberList(now.colour.data(), 4);
-    if (now.colour[3] >= 1 && now.surface.alphaMode != qxSurface::Blend && old.is_array())
+    if (now.colour[3] >= 1 && now.surface.alphaMode == qxSurface::Opaque && old.is_array())
         colour[3] = old[3];
     surface["baseColorFactor"] = colour;
 }

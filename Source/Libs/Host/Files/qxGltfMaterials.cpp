@@ -10,6 +10,7 @@
 #include <OpenSG/OSGSimpleTexturedMaterial.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -38,6 +39,62 @@ qxSurface surfaceOf(const tinygltf::Material &material, const qxJson &json)
     return surface;
 }
 
+/// How a sampler goes on beyond the edges of its picture.
+osg::UInt32 wrapOf(const qxJson &sampler, const char *side)
+{
+    const qxJson &mode = qxGltfMember(sampler, side);
+    for (const osg::UInt32 known : {GL_CLAMP_TO_EDGE, GL_MIRRORED_REPEAT}) {
+        if (mode == known)
+            return known;
+    }
+    return GL_REPEAT;
+}
+
+float numberOr(const qxJson &value, float fallback)
+{
+    return value.is_number() ? value.get<float>() : fallback;
+}
+
+float entryOr(const qxJson &list, std::size_t index, float fallback)
+{
+    return list.is_array() && index < list.size() ? numberOr(list[index], fallback) : fallback;
+}
+
+/// The transform of a texture, for coordinates that begin at the bottom of the picture.
+qxSurface::TextureMatrix textureMatrixOf(const qxJson &textureUse)
+{
+    const qxJson &transform =
+        qxGltfMember(qxGltfMember(textureUse, "extensions"), "KHR_texture_transform");
+    const qxJson &offset = qxGltfMember(transform, "offset");
+    const qxJson &scale = qxGltfMember(transform, "scale");
+    const float angle = numberOr(qxGltfMember(transform, "rotation"), 0);
+    const float across[2] = {std::cos(angle) * entryOr(scale, 0, 1),
+                             std::sin(angle) * entryOr(scale, 1, 1)};
+    const float down[2] = {-std::sin(angle) * entryOr(scale, 0, 1),
+                           std::cos(angle) * entryOr(scale, 1, 1)};
+    return {across[0], -across[1], across[1] + entryOr(offset, 0, 0),
+            -down[0],  down[1],    1 - down[1] - entryOr(offset, 1, 0)};
+}
+
+/// How the picture of the base colour lies on the surface.
+void setPicturePlace(qxSurface &surface, const qxGltfModel &model, const qxJson &material)
+{
+    const qxJson &use =
+        qxGltfMember(qxGltfMember(material, "pbrMetallicRoughness"), "baseColorTexture");
+    const int texture = qxGltfIndex(use, "index");
+    if (texture < 0)
+        return;
+    surface.textureMatrix = textureMatrixOf(use);
+    const qxJson &json = model.document.json;
+    const int sampler =
+        qxGltfIndex(qxGltfSection(json, "textures")[std::size_t(texture)], "sampler");
+    if (sampler < 0)
+        return;
+    const qxJson &sides = qxGltfSection(json, "samplers")[std::size_t(sampler)];
+    surface.wrapS = wrapOf(sides, "wrapS");
+    surface.wrapT = wrapOf(sides, "wrapT");
+}
+
 /// Metals reflect in their own colour and hardly scatter light, all else the other way round.
 void setHighlight(const osg::SimpleMaterialPtr &material, const qxSurface &surface)
 {
@@ -60,7 +117,8 @@ void setColours(const osg::SimpleMaterialPtr &material, const tinygltf::Material
     material->setAmbient(colourOf(base));
     material->setDiffuse(colourOf(base));
     material->setEmission(colourOf(values.emissiveFactor));
-    material->setTransparency(values.alphaMode == "BLEND" ? 1.0f - float(base[3]) : 0.0f);
+    const bool usesAlpha = values.alphaMode == "BLEND" || values.alphaMode == "MASK";
+    material->setTransparency(usesAlpha ? 1.0f - float(base[3]) : 0.0f);
 }
 
 osg::SimpleMaterialPtr create(const osg::ImagePtr &image)
@@ -101,6 +159,7 @@ std::vector<qxGltfMaterialRef> qxGltfMaterials(qxGltfModel &model)
         const qxGltfExtras extras(int(index), list[index], model.warnings, "material");
         qxSurface surface = surfaceOf(values, list[index]);
         surface.environment = extras.flag(qxGltfKeys::environment, false);
+        setPicturePlace(surface, model, list[index]);
         materials.emplace_back(
             osg::MaterialPtr(makeMaterial(values, surface, images.ofTexture(texture))));
         if (qxGltfMember(list[index], "name").is_string())

@@ -1,5 +1,7 @@
 #include "Materials/OSGSurface.h"
 
+#include <OpenSG/OSGGL.h>
+
 OSG_BEGIN_NAMESPACE
 
 const BitVector Surface::FactorsFieldMask = TypeTraits<BitVector>::One << Surface::FactorsFieldId;
@@ -10,6 +12,10 @@ const BitVector Surface::DoubleSidedFieldMask = TypeTraits<BitVector>::One
 const BitVector Surface::UnlitFieldMask = TypeTraits<BitVector>::One << Surface::UnlitFieldId;
 const BitVector Surface::EnvironmentFieldMask = TypeTraits<BitVector>::One
     << Surface::EnvironmentFieldId;
+const BitVector Surface::WrapSFieldMask = TypeTraits<BitVector>::One << Surface::WrapSFieldId;
+const BitVector Surface::WrapTFieldMask = TypeTraits<BitVector>::One << Surface::WrapTFieldId;
+const BitVector Surface::TextureMatrixFieldMask = TypeTraits<BitVector>::One
+    << Surface::TextureMatrixFieldId;
 
 FieldDescription *Surface::_desc[] = {
     new FieldDescription(MFReal32::getClassType(), "factors", FactorsFieldId, FactorsFieldMask,
@@ -23,7 +29,14 @@ FieldDescription *Surface::_desc[] = {
                          (FieldAccessMethod)&Surface::getSFUnlit),
     new FieldDescription(SFBool::getClassType(), "environment", EnvironmentFieldId,
                          EnvironmentFieldMask, false,
-                         (FieldAccessMethod)&Surface::getSFEnvironment)};
+                         (FieldAccessMethod)&Surface::getSFEnvironment),
+    new FieldDescription(SFUInt32::getClassType(), "wrapS", WrapSFieldId, WrapSFieldMask, false,
+                         (FieldAccessMethod)&Surface::getSFWrapS),
+    new FieldDescription(SFUInt32::getClassType(), "wrapT", WrapTFieldId, WrapTFieldMask, false,
+                         (FieldAccessMethod)&Surface::getSFWrapT),
+    new FieldDescription(MFReal32::getClassType(), "textureMatrix", TextureMatrixFieldId,
+                         TextureMatrixFieldMask, false,
+                         (FieldAccessMethod)&Surface::getMFTextureMatrix)};
 
 FieldContainerType Surface::_type("Surface", "Attachment", "Surface",
                                   (PrototypeCreateF)&Surface::createEmpty, NULL, _desc,
@@ -32,14 +45,16 @@ FieldContainerType Surface::_type("Surface", "Attachment", "Surface",
 OSG_FIELD_CONTAINER_DEF(Surface, SurfacePtr)
 
 Surface::Surface()
-    : Inherited(), _sfAlphaMode(0), _sfDoubleSided(false), _sfUnlit(false), _sfEnvironment(false)
+    : Inherited(), _sfAlphaMode(0), _sfDoubleSided(false), _sfUnlit(false), _sfEnvironment(false),
+      _sfWrapS(GL_REPEAT), _sfWrapT(GL_REPEAT)
 {
 }
 
 Surface::Surface(const Surface &other)
     : Inherited(other), _mfFactors(other._mfFactors), _sfAlphaMode(other._sfAlphaMode),
       _sfDoubleSided(other._sfDoubleSided), _sfUnlit(other._sfUnlit),
-      _sfEnvironment(other._sfEnvironment)
+      _sfEnvironment(other._sfEnvironment), _sfWrapS(other._sfWrapS), _sfWrapT(other._sfWrapT),
+      _mfTextureMatrix(other._mfTextureMatrix)
 {
 }
 
@@ -50,6 +65,8 @@ void Surface::executeSync(FieldContainer &other, const BitVector &which)
     Inherited::executeSyncImpl(&from, which);
     if (which & FactorsFieldMask)
         _mfFactors.syncWith(from._mfFactors);
+    if (which & TextureMatrixFieldMask)
+        _mfTextureMatrix.syncWith(from._mfTextureMatrix);
 #else
 void Surface::executeSync(FieldContainer &other, const BitVector &which, const SyncInfo &info)
 {
@@ -57,6 +74,8 @@ void Surface::executeSync(FieldContainer &other, const BitVector &which, const S
     Inherited::executeSyncImpl(&from, which, info);
     if (which & FactorsFieldMask)
         _mfFactors.syncWith(from._mfFactors, info);
+    if (which & TextureMatrixFieldMask)
+        _mfTextureMatrix.syncWith(from._mfTextureMatrix, info);
 #endif
     if (which & AlphaModeFieldMask)
         _sfAlphaMode.syncWith(from._sfAlphaMode);
@@ -66,6 +85,10 @@ void Surface::executeSync(FieldContainer &other, const BitVector &which, const S
         _sfUnlit.syncWith(from._sfUnlit);
     if (which & EnvironmentFieldMask)
         _sfEnvironment.syncWith(from._sfEnvironment);
+    if (which & WrapSFieldMask)
+        _sfWrapS.syncWith(from._sfWrapS);
+    if (which & WrapTFieldMask)
+        _sfWrapT.syncWith(from._sfWrapT);
 }
 
 OSG_END_NAMESPACE

@@ -23,13 +23,19 @@ public:
         DoubleSidedFieldId = AlphaModeFieldId + 1,
         UnlitFieldId = DoubleSidedFieldId + 1,
         EnvironmentFieldId = UnlitFieldId + 1,
-        NextFieldId = EnvironmentFieldId + 1
+        WrapSFieldId = EnvironmentFieldId + 1,
+        WrapTFieldId = WrapSFieldId + 1,
+        TextureMatrixFieldId = WrapTFieldId + 1,
+        NextFieldId = TextureMatrixFieldId + 1
     };
     static const BitVector FactorsFieldMask;
     static const BitVector AlphaModeFieldMask;
     static const BitVector DoubleSidedFieldMask;
     static const BitVector UnlitFieldMask;
     static const BitVector EnvironmentFieldMask;
+    static const BitVector WrapSFieldMask;
+    static const BitVector WrapTFieldMask;
+    static const BitVector TextureMatrixFieldMask;
     OSG_FIELD_CONTAINER_DECL(SurfacePtr)
 
     MFReal32 *getMFFactors() { return &_mfFactors; }
@@ -37,9 +43,14 @@ public:
     SFBool *getSFDoubleSided() { return &_sfDoubleSided; }
     SFBool *getSFUnlit() { return &_sfUnlit; }
     SFBool *getSFEnvironment() { return &_sfEnvironment; }
+    SFUInt32 *getSFWrapS() { return &_sfWrapS; }
+    SFUInt32 *getSFWrapT() { return &_sfWrapT; }
+    MFReal32 *getMFTextureMatrix() { return &_mfTextureMatrix; }
 
     /// Metallic, roughness, alpha cut-off, emissive strength.
     MFReal32 &getFactors() { return _mfFactors; }
+    /// Six numbers, row after row.
+    MFReal32 &getTextureMatrix() { return _mfTextureMatrix; }
 
     void dump(UInt32 = 0, const BitVector = 0) const override {}
 
@@ -59,6 +70,9 @@ protected:
     SFBool _sfDoubleSided;
     SFBool _sfUnlit;
     SFBool _sfEnvironment;
+    SFUInt32 _sfWrapS;
+    SFUInt32 _sfWrapT;
+    MFReal32 _mfTextureMatrix;
 
 private:
     friend class FieldContainer; // builds and destroys the instances

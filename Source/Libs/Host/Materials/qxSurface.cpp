@@ -2,6 +2,7 @@
 
 #include "Materials/OSGSurface.h"
 
+#include <algorithm>
 #include <tuple>
 
 qxSurface qxSurface::of(const osg::MaterialPtr &material)
@@ -21,6 +22,11 @@ qxSurface qxSurface::of(const osg::MaterialPtr &material)
     surface.doubleSided = stored->getSFDoubleSided()->getValue();
     surface.unlit = stored->getSFUnlit()->getValue();
     surface.environment = stored->getSFEnvironment()->getValue();
+    surface.wrapS = stored->getSFWrapS()->getValue();
+    surface.wrapT = stored->getSFWrapT()->getValue();
+    osg::MFReal32 &matrix = stored->getTextureMatrix();
+    if (matrix.size() == surface.textureMatrix.size())
+        std::copy(matrix.begin(), matrix.end(), surface.textureMatrix.begin());
     return surface;
 }
 
@@ -35,6 +41,10 @@ void qxSurface::setTo(const osg::MaterialPtr &material) const
         stored->getSFDoubleSided()->setValue(doubleSided);
         stored->getSFUnlit()->setValue(unlit);
         stored->getSFEnvironment()->setValue(environment);
+        stored->getSFWrapS()->setValue(wrapS);
+        stored->getSFWrapT()->setValue(wrapT);
+        for (const float factor : textureMatrix)
+            stored->getTextureMatrix().push_back(factor);
     }
     const osg::CPEditor edit(material, osg::AttachmentContainer::AttachmentsFieldMask);
     material->addAttachment(stored);
@@ -44,7 +54,8 @@ bool qxSurface::operator==(const qxSurface &other) const
 {
     const auto values = [](const qxSurface &s) {
         return std::make_tuple(s.metallic, s.roughness, s.alphaCutoff, s.emissiveStrength,
-                               s.alphaMode, s.doubleSided, s.unlit, s.environment);
+                               s.alphaMode, s.doubleSided, s.unlit, s.environment, s.wrapS, s.wrapT,
+                               s.textureMatrix);
     };
     return values(*this) == values(other);
 }

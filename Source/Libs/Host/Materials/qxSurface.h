@@ -1,6 +1,9 @@
 #pragma once
 
+#include <OpenSG/OSGGL.h>
 #include <OpenSG/OSGMaterial.h>
+
+#include <array>
 
 /// How the surface of a material looks, as far as the material's own fields cannot say it. The base
 /// colour is the material's diffuse colour with its transparency, the emitted colour its emission.
@@ -15,6 +18,13 @@ struct qxSurface {
     bool doubleSided = false;
     bool unlit = false; ///< shows its base colour whatever the lights
     bool environment = false; ///< made for what surrounds the scene
+    /// Of the picture of a SimpleTexturedMaterial beyond its edges, to the right and upwards:
+    /// GL_REPEAT, GL_MIRRORED_REPEAT or GL_CLAMP_TO_EDGE.
+    osg::UInt32 wrapS = GL_REPEAT;
+    osg::UInt32 wrapT = GL_REPEAT;
+    /// Where texture coordinates s and t lead in that picture: rows of factors of s, t and 1.
+    typedef std::array<float, 6> TextureMatrix;
+    TextureMatrix textureMatrix = {1, 0, 0, 0, 1, 0};
 
     /// What `material` was given by setTo; the values above when it was given nothing or is null.
     static qxSurface of(const osg::MaterialPtr &material);

@@ -95,6 +95,9 @@ void readSimple(qxRenderLayer &layer, const osg::SimpleMaterialPtr &material,
         return;
     layer.texture = textures(textured->getImage());
     layer.textureUse = textureUse(textured->getEnvMode());
+    const qxSurface surface = qxSurface::of(material);
+    layer.wrap = {surface.wrapS, surface.wrapT};
+    layer.textureMatrix = surface.textureMatrix;
 }
 
 /// A texture that replaces the colour is not lit, as the mode has it.

@@ -12,7 +12,7 @@ struct qxRenderLayer {
     enum TextureUse { Modulate, Replace, Decal };
 
     osg::Vec3f base = osg::Vec3f(0.6f, 0.6f, 0.6f);
-    float alpha = 1; ///< of AlphaMode Blend
+    float alpha = 1; ///< of AlphaMode Blend and Mask
     osg::Vec3f emission;
     float metallic = 0;
     float roughness = 0.6f;
@@ -22,6 +22,7 @@ struct qxRenderLayer {
     bool unlit = false;
     std::shared_ptr<const qxRenderTexture> texture; ///< null for none
     qxRenderTexture::Wrap wrap = {GL_REPEAT, GL_REPEAT};
+    qxSurface::TextureMatrix textureMatrix = {1, 0, 0, 0, 1, 0};
     TextureUse textureUse = Modulate;
 };
 

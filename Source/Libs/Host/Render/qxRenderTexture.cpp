@@ -87,10 +87,11 @@ std::vector<std::uint8_t> bytesOf(const osg::ImagePtr &image, std::size_t pixels
 /// The place of a pixel inside of the picture that the wrap mode shows there.
 int wrapped(int pixel, int size, osg::UInt32 mode)
 {
-    if (mode != GL_REPEAT)
+    if (mode != GL_REPEAT && mode != GL_MIRRORED_REPEAT)
         return std::clamp(pixel, 0, size - 1);
-    const int rest = pixel % size;
-    return rest < 0 ? rest + size : rest;
+    const int period = mode == GL_REPEAT ? size : 2 * size;
+    const int rest = (pixel % period + period) % period;
+    return rest < size ? rest : period - 1 - rest;
 }
 
 /// Takes a coordinate near to the picture, where pixels can be counted in integers.
@@ -98,6 +99,8 @@ float nearby(float coordinate, osg::UInt32 mode)
 {
     if (!std::isfinite(coordinate))
         return 0.0f;
+    if (mode == GL_MIRRORED_REPEAT)
+        return coordinate - 2.0f * std::floor(coordinate * 0.5f);
     return mode == GL_REPEAT ? coordinate - std::floor(coordinate)
                              : std::clamp(coordinate, -1.0f, 2.0f);
 }

@@ -13,8 +13,8 @@ public:
     /// Null when the image is null or holds nothing that can be shown.
     static std::shared_ptr<const qxRenderTexture> make(const osg::ImagePtr &image);
 
-    /// Beyond the edges, to the right and upwards: GL_REPEAT or GL_CLAMP_TO_EDGE; GL_CLAMP counts
-    /// as the latter.
+    /// Beyond the edges, to the right and upwards: GL_REPEAT, GL_MIRRORED_REPEAT or
+    /// GL_CLAMP_TO_EDGE; any other counts as the latter.
     struct Wrap {
         osg::UInt32 s;
         osg::UInt32 t;

@@ -43,7 +43,12 @@ RTCRay embreeRay(const qxRay &ray, unsigned int mask)
 
 osg::Vec4f texel(const qxRenderLayer &layer, const osg::Vec2f &place)
 {
-    return layer.texture ? layer.texture->at(place, layer.wrap) : osg::Vec4f(1, 1, 1, 1);
+    if (!layer.texture)
+        return osg::Vec4f(1, 1, 1, 1);
+    const qxSurface::TextureMatrix &m = layer.textureMatrix;
+    const osg::Vec2f inPicture(m[0] * place[0] + m[1] * place[1] + m[2],
+                               m[3] * place[0] + m[4] * place[1] + m[5]);
+    return layer.texture->at(inPicture, layer.wrap);
 }
 
 } // namespace
