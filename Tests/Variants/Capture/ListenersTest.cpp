@@ -1,5 +1,6 @@
 #include "qxVariantSet.h"
 
+#include "Cameras/qxMainView.h"
 #include "CaptureFixture.h"
 #include "qxController.h"
 #include "qxMaterials.h"
@@ -26,6 +27,12 @@ protected:
         qxController::removeListener(listener);
     }
 
+    static int choiceAfterActivating(const TestNode &node, const char *name)
+    {
+        qxVariants::activateCapturedVariantSet(name);
+        return node.choice();
+    }
+
     void capture()
     {
         qxVariants::captureVariantsFromRootNodes(set, {scene.root().node()}, true, true, true, true,
@@ -39,7 +46,7 @@ protected:
             parent->subChild(parent->getNChildren() - 1);
     }
 
-    qxVariantSet *const set;
+    qxVariantSet *set;
 };
 
 TEST_F(ListenersTest, NodesThatAListenerRemovesArePassedOver)
@@ -96,6 +103,34 @@ TEST_F(ListenersTest, SwitchMaterialsThatHoldEachOtherAreCapturedOnce)
     EXPECT_TRUE(set->findMaterialVariant("Matt"));
     EXPECT_TRUE(set->findMaterialVariant("Gloss Switch"));
     holder->subMaterial(gloss);
+}
+
+TEST_F(ListenersTest, ViewpointsThatAListenerGivesToANewSetAreNotHome)
+{
+    scene.addViewpoint("Side");
+    scene.addViewpoint("Front");
+    qxMainView::the().hasHome = true;
+    const int listener = qxController::addListener([](const char *name, qxMessage *, int) {
+        if (std::string(name) == "variantSetAdded")
+            qxVariants::_variantSets.back()->addViewpoint("Front");
+    });
+    qxVariants::createAndCaptureVariantSet("New", "Cars");
+    qxController::removeListener(listener);
+    EXPECT_EQ(qxMainView::the().home.name, "Front");
+    EXPECT_FALSE(qxMainView::the().hasHome);
+}
+
+TEST_F(ListenersTest, ACapturedSetIsActivatedWhateverItsNameIs)
+{
+    const char *const odd = "It's a \\ set";
+    const TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"}).choose(1);
+    set = qxVariants::createVariantSet(odd, false, nullptr);
+    capture();
+    wheels.choose(0);
+    notifications.clear();
+    EXPECT_EQ(choiceAfterActivating(wheels, "Unknown"), 0);
+    EXPECT_EQ(heard("variantSetAdded").size(), 1u); // what is shown is restored all the same
+    EXPECT_EQ(choiceAfterActivating(wheels, odd), 1);
 }
 
 TEST_F(ListenersTest, ArgumentsThatNameNothingAreIgnored)
