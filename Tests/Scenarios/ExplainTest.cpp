@@ -69,6 +69,27 @@ TEST_F(ExplainTest, ObjectsOfOneNameThatAreLeftOutAreCounted)
         "switch; no option of the variant\n");
 }
 
+TEST_F(ExplainTest, APlaneIsWhereItWasPutWithSixDigits)
+{
+    const auto explained = [this](const char *state, const char *x) {
+        const QByteArray set = "<Variants><VariantSet name='Only'><Analyzer clipState='%1' "
+                               "clipPlanePositionX='%2' clipPlanePositionY='-0.33333333' "
+                               "clipPlaneNormalX='0.70710678' clipPlaneNormalZ='-0.70710678'/>"
+                               "</VariantSet></Variants>";
+        return workbench(
+            {"explain", desk(QByteArray(set).replace("%1", state).replace("%2", x)), "Only"});
+    };
+    for (const char *state : {"1", "3"}) {
+        const ProgramRun placed = explained(state, "1234.5678");
+        EXPECT_EQ(placed.code, 0) << placed.out.toStdString();
+        EXPECT_EQ(placed.out, QByteArray("Only\n  clipping %1    done\n").replace("%1", state));
+        // No script can write this number, so the plane stays elsewhere.
+        const ProgramRun elsewhere = explained(state, "inf");
+        EXPECT_EQ(elsewhere.code, 1);
+        EXPECT_TRUE(elsewhere.out.contains("QX627")) << elsewhere.out.toStdString();
+    }
+}
+
 TEST_F(ExplainTest, ScriptsOfASetStayUnrun)
 {
     const QString proof = path("proof.txt");

@@ -25,14 +25,25 @@ QList<QCommandLineOption> options()
     return {qxCommands::jsonOption(), qxCommands::traceOption()};
 }
 
+/// What of the three numbers reaches the plane: scripts carry six digits of each.
+template <class Vector>
+Vector throughScript(const Vector &exact)
+{
+    Vector rounded;
+    for (int i = 0; i < 3; ++i)
+        rounded[i] = float(QByteArray::number(double(exact[i]), 'g', 6).toDouble());
+    return rounded;
+}
+
 /// Whether the host's clipping plane is as the record asks for.
 bool isClippedAs(const qxAnalyzerVariant &wanted)
 {
     const qxClipping &clipping = qxClipping::the();
     if (wanted.clipState == qxAnalyzerVariant::Disable)
         return !clipping.enabled;
-    const bool isPlaced = clipping.position == wanted.clipPlanePosition
-        && clipping.normal == wanted.clipPlaneNormal && clipping.invert == wanted.clipPlaneInvert;
+    const bool isPlaced = clipping.position == throughScript(wanted.clipPlanePosition)
+        && clipping.normal == throughScript(wanted.clipPlaneNormal)
+        && clipping.invert == wanted.clipPlaneInvert;
     return isPlaced && (wanted.clipState == qxAnalyzerVariant::SetPlane || clipping.enabled);
 }
 
