@@ -191,6 +191,18 @@ TEST_F(ExplainTest, WhatALaterEntryChangesAgainIsNotDone)
               "node Rims=!Next (Loop): Alloy > Steel +\n");
 }
 
+TEST_F(ExplainTest, AStepToATwinOfAMaterialEndsAtTheFirstOfThem)
+{
+    scene.addSwitchMaterial("Coat", {"Red", "Red", "Blue"});
+    qxVariants::createMaterialVariant("Coat", false)->switchMaterialName = "Coat";
+    set->addMaterialVariant("Coat", "!Next");
+    EXPECT_EQ(explainedText(), "material Coat=!Next: Red > Red +\n");
+    set->addMaterialVariant("Coat", "!Previous (Loop)");
+    EXPECT_EQ(explainedText(), "material Coat=!Previous (Loop): Red > Blue +\n");
+    set->addMaterialVariant("Coat", "!Previous");
+    EXPECT_EQ(explainedText(), "material Coat=!Previous: Blue > Red +\n");
+}
+
 TEST_F(ExplainTest, WhatSomebodyElseChangesIsNoticed)
 {
     set->addNodeVariant("Wheels", "Alloy");
@@ -232,6 +244,25 @@ TEST_F(ExplainTest, TargetsAreShownUpToTheFirstThatIsMissing)
     EXPECT_FALSE(body.shown());
 }
 
+TEST_F(ExplainTest, RecursingVariantsShowWhatIsBelowAndAbove)
+{
+    for (const char *name : {"Body", "Trim"})
+        qxVariants::createNodeVariant(name, false)->nodeName = name;
+    qxVariants::_recurse = true;
+    set->addNodeVariant("Trim", "!Disable");
+    set->addNodeVariant("Body", "!Enable");
+    EXPECT_EQ(explainedText(),
+              "node Trim=!Disable: !Enable > !Disable -QX626\n"
+              "node Body=!Enable: !Enable > !Enable +\n");
+    set->clear();
+    set->addNodeVariant("Body", "!Disable");
+    set->addNodeVariant("Trim", "!Enable");
+    EXPECT_EQ(explainedText(),
+              "node Body=!Disable: !Enable > !Disable -QX626\n"
+              "node Trim=!Enable: !Enable > !Enable +\n");
+    qxVariants::_recurse = false;
+}
+
 TEST_F(ExplainTest, ForeseeingChangesNothing)
 {
     set->addNodeVariant("Wheels", "Alloy");
@@ -268,16 +299,21 @@ TEST_F(ExplainTest, WhatIsForeseenComesTrueForEveryStateOfEveryKind)
     scene.addPoses("Door", {"Open"});
     scene.addClone(qxScenegraph::findNode("Sun"));
     scene.addOverlaySwitch("Signs", {"Go"}).choose(0);
-    scene.addSwitchMaterial("Paint", {"Blue", "Red"});
+    scene.addSwitchMaterial("Paint", {"Blue", "Red", "Red", "Green", "Green"});
     qxVariants::createNodeVariant("Rims", false)->nodeName = "Wheels";
+    for (const char *name : {"Body", "Trim"})
+        qxVariants::createNodeVariant(name, false)->nodeName = name;
+    scene.addSwitch("Rims", {"Steel"}, qxScenegraph::findNode("Trim"));
+    qxVariants::createNodeVariant("Inner", false)->nodeName = "Rims";
 
     std::mt19937 random(7);
     const auto any = [&] { return states[int(random() % unsigned(states.size()))]; };
     int done = 0;
     for (int round = 0; round < 500; ++round) {
         set->clear();
-        for (const char *name : {"Wheels", "Chair", "Lamp", "Rims"})
+        for (const char *name : {"Wheels", "Chair", "Lamp", "Rims", "Trim", "Body", "Inner"})
             set->addNodeVariant(name, any());
+        qxVariants::_recurse = round % 2;
         set->addMaterialVariant("Paint", any());
         set->addTransformVariant("Door", any());
         set->addLightVariant("Sun", any());
@@ -290,6 +326,7 @@ TEST_F(ExplainTest, WhatIsForeseenComesTrueForEveryStateOfEveryKind)
             done += entry.isDone;
         }
     }
+    qxVariants::_recurse = false;
     EXPECT_GT(done, 500);
     for (const std::string &line : logged(qxLog::Error)) {
         EXPECT_NE(line.find("does not have a child called"), std::string::npos);

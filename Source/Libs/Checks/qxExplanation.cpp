@@ -10,6 +10,8 @@
 
 #include "qxNodeUtils.h"
 
+#include <OpenSG/OSGSwitch.h>
+
 namespace {
 
 const char viewpointKind[] = "viewpoint";
@@ -69,6 +71,22 @@ bool isAppliedOnce(const qxSceneObject &object, qxAspect aspect)
     return aspect == qxAspect::Choice && object.kind != qxVariantKind::Material;
 }
 
+/// Whether a node variant that recurses goes on to what is below and above the node.
+bool isRecursed(const qxSceneObject &object, qxAspect aspect, const QString &state, int after)
+{
+    if (!qxVariants::_recurse || object.kind != qxVariantKind::Node)
+        return false;
+    if (aspect == qxAspect::Visibility)
+        return after != 0;
+    const bool isSwitch = osg::SwitchPtr::dcast(object.node->getCore()) != osg::NullFC;
+    return isSwitch && state != variantNone;
+}
+
+qxSceneObject nodeObject(const osg::NodePtr &node)
+{
+    return {qxVariantKind::Node, node, osg::NullFC};
+}
+
 std::optional<qxCode> unless(bool isGood, qxCode code)
 {
     return isGood ? std::nullopt : std::optional<qxCode>(code);
@@ -118,16 +136,28 @@ void qxExplanation::addTargets(const qxVariantSet &set)
     }
 }
 
+void qxExplanation::show(const osg::NodePtr &node)
+{
+    m_values.insert(qxStateRules::keyOf(nodeObject(node), qxAspect::Visibility), 1);
+}
+
 void qxExplanation::showSubTree(const osg::NodePtr &node)
 {
-    const auto show = [this](const osg::NodePtr &each) {
-        const qxSceneObject object{qxVariantKind::Node, each, osg::NullFC};
-        m_values.insert(qxStateRules::keyOf(object, qxAspect::Visibility), 1);
-    };
     for (const qxNodePtr &each : qxNodeUtils::getSubTreeNodes(node))
         show(each);
     for (osg::NodePtr above = node->getParent(); above != osg::NullFC; above = above->getParent())
         show(above);
+}
+
+void qxExplanation::recurse(const osg::NodePtr &node)
+{
+    for (const qxNodePtr &each : qxNodeUtils::getSubTreeNodes(node))
+        show(each);
+    osg::NodePtr above = node->getParent();
+    while (above != osg::NullFC && !valueOf(nodeObject(above), qxAspect::Visibility)) {
+        show(above);
+        above = above->getParent();
+    }
 }
 
 void qxExplanation::addVariants(const qxVariantSet &set, qxVariantKind kind)
@@ -189,6 +219,8 @@ void qxExplanation::apply(qxExplainedEntry &entry, const qxSceneObject &object,
     m_values.insert(key, after);
     if (effect.resetsChoice)
         m_values.insert(qxStateRules::keyOf(object, qxAspect::Choice), 0);
+    if (isRecursed(object, effect.aspect, entry.state, after))
+        recurse(object.node);
     m_changes.push_back({m_entries.size(), object, effect.aspect, after});
 }
 

@@ -63,6 +63,9 @@ private:
     /// Foresees the state in every object of the entry's name.
     void foresee(qxExplainedEntry &entry, qxVariantKind kind);
     void apply(qxExplainedEntry &entry, const qxSceneObject &object, const qxEffect &effect);
+    /// What else a node variant shows while it recurses: all below, and above up to what is shown.
+    void recurse(const osg::NodePtr &node);
+    void show(const osg::NodePtr &node);
     void showSubTree(const osg::NodePtr &node);
     int valueOf(const qxSceneObject &object, qxAspect aspect) const;
     /// An entry that is no variant; without a code it is expected to happen.

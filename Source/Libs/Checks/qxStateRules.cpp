@@ -53,12 +53,11 @@ std::string choiceName(const qxSceneObject &object, int index)
 }
 
 /// The position of the first child or material of that name, -1 for none.
-int positionOf(const qxSceneObject &object, const QString &name)
+int positionOf(const qxSceneObject &object, const std::string &name)
 {
-    const std::string wanted = name.toStdString();
     const int count = countOf(object, qxAspect::Choice);
     for (int i = 0; i < count; ++i) {
-        if (choiceName(object, i) == wanted)
+        if (choiceName(object, i) == name)
             return i;
     }
     return -1;
@@ -93,7 +92,7 @@ qxEffect choose(const qxSceneObject &object, const QString &state, qxCode otherw
     const qxEffect stepped = step(qxAspect::Choice, state);
     if (stepped.operation != qxEffect::Nothing)
         return stepped;
-    const int position = positionOf(object, state);
+    const int position = positionOf(object, state.toStdString());
     return position < 0 ? qxEffect::none(otherwise) : qxEffect::put(qxAspect::Choice, position);
 }
 
@@ -147,6 +146,20 @@ qxEffect ofTransform(const qxSceneObject &object, const QString &state)
     const int index = qxNodeUtils::getTransformVariantIndex(object.node, state.toStdString());
     return index < 0 ? qxEffect::none(qxCode::SkippedNoSuchTransform)
                      : qxEffect::put(qxAspect::Pose, index);
+}
+
+/// Where a step leads from `value`, of `count` things to choose from.
+int afterStep(const qxEffect &effect, int value, int count)
+{
+    // The kinds differ only in what they make of choices beyond all there is to choose from.
+    const auto isBeyond = [count](int index) { return index < 0 || index >= count; };
+    int index = value;
+    if (effect.forward) {
+        index = isBeyond(index + 1) ? (effect.loop ? 0 : count - 1) : index + 1;
+        return index < 0 ? 0 : index;
+    }
+    index = effect.loop ? (index < 1 ? count : index) - 1 : (index > 1 ? index - 1 : 0);
+    return isBeyond(index) ? count - 1 : index;
 }
 
 } // namespace
@@ -238,16 +251,10 @@ int qxStateRules::after(const qxSceneObject &object, const qxEffect &effect, int
         return !value;
     if (effect.operation == qxEffect::Nothing)
         return value;
-    // The kinds differ only in what they make of choices beyond all there is to choose from.
-    const int count = countOf(object, effect.aspect);
-    const auto isBeyond = [count](int index) { return index < 0 || index >= count; };
-    int index = value;
-    if (effect.forward) {
-        index = isBeyond(index + 1) ? (effect.loop ? 0 : count - 1) : index + 1;
-        return index < 0 ? 0 : index;
-    }
-    index = effect.loop ? (index < 1 ? count : index) - 1 : (index > 1 ? index - 1 : 0);
-    return isBeyond(index) ? count - 1 : index;
+    const int index = afterStep(effect, value, countOf(object, effect.aspect));
+    // Materials are chosen by name: a step to the second of two twins ends at the first.
+    return object.kind == qxVariantKind::Material ? positionOf(object, choiceName(object, index))
+                                                  : index;
 }
 
 QString qxStateRules::nameOf(const qxSceneObject &object, qxAspect aspect, int value)
