@@ -1,25 +1,19 @@
 #include "Internal/qxKind.h"
+#include "Internal/qxSceneNames.h"
 #include "Internal/qxSetUse.h"
 #include "Internal/qxText.h"
 #include "qxVariantSet.h"
 
-#include "qxAnimManager.h"
-#include "qxLights.h"
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
-#include "qxOverlays.h"
 #include "qxScenegraph.h"
-#include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <algorithm>
-#include <set>
 
 namespace {
-
-typedef std::set<std::string> Names;
 
 template <class Range, class Test>
 bool anyOf(const Range &range, const Test &test)
@@ -27,34 +21,9 @@ bool anyOf(const Range &range, const Test &test)
     return std::any_of(range.begin(), range.end(), test);
 }
 
-Names lightNames()
-{
-    Names names;
-    for (const qxNodePtr &light : qxLights::getLights())
-        names.insert(qxNodeUtils::getName(light));
-    return names;
-}
-
-Names clipNames()
-{
-    Names names;
-    qxAnimManager::the()->getBlockAndClipNames(names);
-    return names;
-}
-
-bool holds(const Names &names, const QString &name)
-{
-    return names.count(qxText::toUtf8(name)) > 0;
-}
-
 std::vector<qxNodePtr> nodesOf(const QString &name)
 {
     return qxScenegraph::findNodes(name.toUtf8().constData());
-}
-
-std::vector<qxNodePtr> overlaysOf(const QString &name)
-{
-    return qxOverlays::findOverlays(name.toUtf8().constData());
 }
 
 std::vector<osg::MaterialPtr> materialsOf(const QString &name)
@@ -65,16 +34,6 @@ std::vector<osg::MaterialPtr> materialsOf(const QString &name)
 bool isNode(const QString &name)
 {
     return !nodesOf(name).empty();
-}
-
-bool isOverlay(const QString &name)
-{
-    return qxOverlays::findOverlay(name.toUtf8().constData()) != osg::NullFC;
-}
-
-bool isViewpoint(const QString &name)
-{
-    return qxUberCameraPool::the()->findViewpoint(qxText::toUtf8(name)) >= 0;
 }
 
 bool isAction(const QString &state)
@@ -188,17 +147,17 @@ bool qxVariantSet::isEmpty()
 
 bool qxVariantSet::isUsed()
 {
+    qxSceneNames scene;
     return leadsToScene<qxNodeVariant>(*this, isNode)
         || leadsToScene<qxMaterialVariant>(
                *this, [](const QString &each) { return !materialsOf(each).empty(); })
-        || (!lightVariants.empty()
-            && leadsToScene<qxLightVariant>(
-                *this,
-                [lights = lightNames()](const QString &each) { return holds(lights, each); }))
-        || anyOf(geometries, isNode) || anyOf(viewpoints, isViewpoint)
-        || anyOf(animations,
-                 [clips = clipNames()](const QString &each) { return holds(clips, each); })
-        || leadsToScene<qxOverlayVariant>(*this, isOverlay);
+        || leadsToScene<qxLightVariant>(*this,
+                                        [&](const QString &each) { return scene.hasLight(each); })
+        || anyOf(geometries, isNode)
+        || anyOf(viewpoints, [&](const QString &each) { return scene.hasViewpoint(each); })
+        || anyOf(animations, [&](const QString &each) { return scene.hasClip(each); })
+        || leadsToScene<qxOverlayVariant>(
+               *this, [&](const QString &each) { return !scene.overlays(each).empty(); });
 }
 
 void qxVariantSet::showConnectedVariants()
@@ -213,22 +172,25 @@ void qxVariantSet::showConnectedVariants()
 
 void qxVariantSet::optimize()
 {
+    qxSceneNames scene;
+    optimize(scene);
+}
+
+void qxVariantSet::optimize(qxSceneNames &scene)
+{
     keepIf<qxNodeVariant>(*this, [](const QString &each, const QString &state) {
         return nodesOffer(nodesOf(each), state);
     });
     keepIf<qxMaterialVariant>(*this, [](const QString &each, const QString &state) {
         return materialsOffer(materialsOf(each), state);
     });
-    if (!lightVariants.empty()) // Gathering the lights goes through the whole scene.
-        keepIf<qxLightVariant>(*this,
-                               [lights = lightNames()](const QString &each, const QString &) {
-                                   return holds(lights, each);
-                               });
+    keepIf<qxLightVariant>(
+        *this, [&](const QString &each, const QString &) { return scene.hasLight(each); });
     keepIf(geometries, isNode);
-    keepIf(viewpoints, isViewpoint);
-    keepIf(animations, [clips = clipNames()](const QString &each) { return holds(clips, each); });
-    keepIf<qxOverlayVariant>(*this, [](const QString &each, const QString &state) {
-        return nodesOffer(overlaysOf(each), state);
+    keepIf(viewpoints, [&](const QString &each) { return scene.hasViewpoint(each); });
+    keepIf(animations, [&](const QString &each) { return scene.hasClip(each); });
+    keepIf<qxOverlayVariant>(*this, [&](const QString &each, const QString &state) {
+        return nodesOffer(scene.overlays(each), state);
     });
     keepIf<qxTransformVariant>(*this, [](const QString &each, const QString &state) {
         return nodesKnowTransform(nodesOf(each), state);

@@ -1,5 +1,6 @@
 #include "Internal/qxFindCache.h"
 #include "Internal/qxNotify.h"
+#include "Internal/qxSceneNames.h"
 #include "Internal/qxSetUse.h"
 #include "Internal/qxText.h"
 #include "qxVariantGroup.h"
@@ -121,8 +122,9 @@ bool qxVariants::hasEmptyVariantSets()
 void qxVariants::optimizeVariantSets()
 {
     const qxFindCache cache(!_variantSets.empty());
+    qxSceneNames scene; // one for all sets: gathering it goes through the whole scene
     for (std::size_t index = 0; index < _variantSets.size(); ++index)
-        _variantSets[index]->optimize();
+        _variantSets[index]->optimize(scene);
 }
 
 qxVariantGroup *qxVariants::createVariantGroup(const QString &name, bool notify, bool visible)

@@ -257,3 +257,32 @@ TEST_F(SetContentsTest, OptimizingDropsWhatTheSceneCannotDo)
     EXPECT_EQ(set.targetNodeNames.size(), 3u);
     EXPECT_TRUE(notifications.entries().empty());
 }
+
+TEST_F(SetContentsTest, OptimizingAllSetsDropsFromEachWhatItWouldDropAlone)
+{
+    scene.addLight("Lamp");
+    scene.addViewpoint("Front");
+    scene.setClips({"Spin"});
+    qxVariants::createOverlayVariant(scene.addOverlaySwitch("Signs", {"Stop"}).node(), false);
+    for (const char *name : {"Lamp", "Sun"})
+        qxVariants::createLightVariant(name, false)->lightName = name;
+    for (const char *name : {"First", "Second"}) {
+        qxVariantSet *const each = qxVariants::createVariantSet(name, false, nullptr);
+        for (const char *light : {"Lamp", "Sun", "Unknown"})
+            each->addLightVariant(light, "!Enable");
+        each->addOverlayVariant("Signs", name == std::string("First") ? "Stop" : "Go");
+        for (const char *listed : {"Front", "Back", ""})
+            each->addViewpoint(listed);
+        for (const char *listed : {"Spin", "Jump"})
+            each->addAnimation(listed);
+    }
+    qxVariants::optimizeVariantSets();
+    for (const char *name : {"First", "Second"}) {
+        const qxVariantSet &each = *qxVariants::findVariantSet(name);
+        EXPECT_EQ(textOf(each.lightVariants), "Lamp=!Enable Unknown=!Enable ");
+        EXPECT_EQ(each.viewpoints.list(), QStringList("Front"));
+        EXPECT_EQ(each.animations.list(), QStringList("Spin"));
+    }
+    EXPECT_EQ(textOf(qxVariants::findVariantSet("First")->overlayVariants), "Signs=Stop ");
+    EXPECT_EQ(textOf(qxVariants::findVariantSet("Second")->overlayVariants), "");
+}
