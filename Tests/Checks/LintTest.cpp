@@ -151,8 +151,11 @@ TEST_F(LintTest, EachPlantedFaultIsFoundWhereItStandsAndNothingElse)
 
 TEST_F(LintTest, FightsAndTwinsAreFound)
 {
-    const QByteArray rims = "<NodeVariant name='Rims' base='Wheels'><State name='Steel'/>"
-                            "<State name='Alloy'/><State name='!Disable'/></NodeVariant>";
+    const QByteArray rims =
+        "<NodeVariant name='Rims' base='Wheels'><State name='Steel'/><State name='Alloy'/>"
+        "<State name='!Disable'/><State name='!Next (Loop)'/></NodeVariant>"
+        "<NodeVariant name='Lantern' base='Lamp'><State name='!Toggle'/></NodeVariant>"
+        "<NodeVariant name='Seat' base='Chair'><State name='!Enable'/></NodeVariant>";
     const auto lintWith = [&](const QByteArray &set) {
         QByteArray document = cleanDocument();
         document.replace("<VariantSet name=\"Winter\"",
@@ -171,6 +174,26 @@ TEST_F(LintTest, FightsAndTwinsAreFound)
     EXPECT_EQ(lintWith(wheels + "<NodeVariantRef ref='Rims' state='Alloy'/>"), "");
     // Hiding the switch and choosing its child go together.
     EXPECT_EQ(lintWith(wheels + "<NodeVariantRef ref='Rims' state='!Disable'/>"), "");
+
+    // The second toggle undoes the first, the second step goes on from it.
+    EXPECT_EQ(lintWith("<NodeVariantRef ref='Lamp' state='!Toggle'/>"
+                       "<NodeVariantRef ref='Lantern' state='!Toggle'/>"),
+              "QX311 NodeVariantRef[2]");
+    EXPECT_EQ(lintWith("<NodeVariantRef ref='Wheels' state='!Next (Loop)'/>"
+                       "<NodeVariantRef ref='Rims' state='!Next (Loop)'/>"),
+              "QX311 NodeVariantRef[2]");
+    // Showing a transform switch takes it to its first state.
+    const QByteArray seat = "<NodeVariantRef ref='Seat' state='!Enable'/>";
+    EXPECT_EQ(lintWith("<NodeVariantRef ref='Chair' state='Transform 1'/>" + seat),
+              "QX311 NodeVariantRef[2]");
+    EXPECT_EQ(lintWith("<NodeVariantRef ref='Chair' state='Transform 0'/>" + seat), "");
+    const auto lintWithTarget = [&](const QByteArray &inclNodes, const QByteArray &state) {
+        return lintWith("<TargetName name='Lamp'/><InclInfo inclNodes='" + inclNodes
+                        + "'/><NodeVariantRef ref='Lamp' state='" + state + "'/>");
+    };
+    EXPECT_EQ(lintWithTarget("1", "!Disable"), "QX311 NodeVariantRef[1]");
+    EXPECT_EQ(lintWithTarget("1", "!Enable"), "");
+    EXPECT_EQ(lintWithTarget("0", "!Disable"), "");
 
     const QByteArray copy = "<Hotkey>X</Hotkey><NodeVariantRef state='!Next (Loop)' ref='Wheels'/>"
                             "<NodeVariantRef ref='Lamp' state='!Disable'/>"

@@ -18,11 +18,20 @@ const ListRule listRules[qxNameLists] = {
     {"TargetName", "target node", qxCode::NoSuchTarget, &qxSceneIndex::hasNode},
 };
 
-/// An entry of a set that changes something of the scene.
+/// An entry of a set that changes something of the scene: a reference or, without one, a target.
 struct Entry {
+    qxLintVariant::Change change;
     const qxOutlineReference *reference;
     qxVariantKind kind;
+    QString name; ///< of the variant or of the target
 };
+
+QString textOf(const Entry &entry)
+{
+    return entry.reference ? QStringLiteral("\"%1\" of the %2 variant \"%3\"")
+                                 .arg(entry.reference->state, names::word(entry.kind), entry.name)
+                           : QStringLiteral("the target \"%1\", which is shown").arg(entry.name);
+}
 
 /// Whether a reference to the overlay variant may lack its state: older documents list so which
 /// overlays are shown. Their overlay variants know showing, hiding and toggling at most.
@@ -39,6 +48,7 @@ public:
     void run(const qxLinter::Compile &compile);
 
 private:
+    void noteTargets();
     void lintReferences(qxVariantKind kind);
     void lintState(qxVariantKind kind, const qxOutlineReference &reference, qxLintVariant &variant);
     void noteFight(qxVariantKind kind, const qxOutlineReference &reference,
@@ -56,6 +66,7 @@ private:
 
 void SetLint::run(const qxLinter::Compile &compile)
 {
+    noteTargets();
     for (int kind = 0; kind < qxVariantKinds; ++kind)
         lintReferences(qxVariantKind(kind));
     for (int list = 0; list < qxNameLists; ++list)
@@ -70,6 +81,20 @@ void SetLint::add(qxCode code, qxVariantKind kind, const qxOutlineReference &ref
     const QString message = QStringLiteral("set \"%1\", %2 variant \"%3\": %4")
                                 .arg(m_set.name, names::word(kind), reference.variant, what);
     m_context.add(code, message, m_set.path, names::refTag(kind), reference.mark);
+}
+
+/// A selection shows targets before all else, up to the first that is missing.
+void SetLint::noteTargets()
+{
+    if (!m_set.inclNodes)
+        return;
+    for (const qxOutlineText &target : m_set.of(qxNameList::Targets)) {
+        const auto nodes = m_context.scene.objects(qxVariantKind::Node, target.text);
+        if (nodes.empty())
+            return;
+        const qxAspectKey key = qxStateRules::keyOf(nodes.front(), qxAspect::Visibility);
+        m_changed.insert(key, {{key, true, 1}, nullptr, qxVariantKind::Node, target.text});
+    }
 }
 
 void SetLint::lintReferences(qxVariantKind kind)
@@ -113,19 +138,21 @@ void SetLint::noteFight(qxVariantKind kind, const qxOutlineReference &reference,
                         const qxLintVariant::Reach &reach)
 {
     bool isSaid = false;
-    for (const qxAspectKey key : reach.keys) {
-        const auto other = m_changed.constFind(key);
+    for (const qxLintVariant::Change &change : reach.changes) {
+        const auto other = m_changed.constFind(change.key);
         if (other == m_changed.constEnd()) {
-            m_changed.insert(key, {&reference, kind});
+            m_changed.insert(change.key, {change, &reference, kind, reference.variant});
             continue;
         }
-        const qxOutlineReference &earlier = *other->reference;
-        const bool isSame = other->kind == kind && earlier.variant == reference.variant;
-        if (isSaid || isSame || earlier.state == reference.state)
+        const bool isSameVariant =
+            other->reference && other->kind == kind && other->name == reference.variant;
+        // Two toggles are no agreement, nor are two steps: the second goes on from the first.
+        const bool isAgreed =
+            change.isPut && other->change.isPut && change.value == other->change.value;
+        if (isSaid || isSameVariant || isAgreed)
             continue;
         add(qxCode::FightingEntries, kind, reference,
-            QStringLiteral("\"%1\" goes against \"%2\" of the %3 variant \"%4\"")
-                .arg(reference.state, earlier.state, names::word(other->kind), earlier.variant));
+            QStringLiteral("\"%1\" goes against %2").arg(reference.state, textOf(*other)));
         isSaid = true;
     }
 }

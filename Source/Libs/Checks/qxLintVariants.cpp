@@ -4,18 +4,21 @@
 
 #include <algorithm>
 
+namespace {
+
+bool isFitting(const qxSceneObject &object)
+{
+    return !qxStateRules::flawOf(object).has_value();
+}
+
+} // namespace
+
 qxLintVariant::qxLintVariant(const qxOutlineVariant &variant, const qxSceneIndex &scene)
-    : m_outline(variant), m_objects(scene.objects(variant.kind, variant.base))
+    : m_outline(variant), m_objects(scene.objects(variant.kind, variant.base)),
+      m_hasFittingObject(std::any_of(m_objects.begin(), m_objects.end(), isFitting))
 {
     for (const qxOutlineOption &option : variant.options)
         m_options.insert(option.name);
-}
-
-bool qxLintVariant::hasFittingObject() const
-{
-    return std::any_of(m_objects.begin(), m_objects.end(), [](const qxSceneObject &each) {
-        return !qxStateRules::flawOf(each).has_value();
-    });
 }
 
 const qxLintVariant::Reach &qxLintVariant::reach(const QString &state)
@@ -29,10 +32,19 @@ const qxLintVariant::Reach &qxLintVariant::reach(const QString &state)
         if (effect.operation == qxEffect::Nothing)
             continue;
         reach.isTaken = true;
-        reach.keys.push_back(qxStateRules::keyOf(object, effect.aspect));
+        reach.changes.push_back({qxStateRules::keyOf(object, effect.aspect),
+                                 effect.operation == qxEffect::Put, effect.value});
+        if (effect.resetsChoice)
+            reach.changes.push_back({qxStateRules::keyOf(object, qxAspect::Choice), true, 0});
     }
-    std::sort(reach.keys.begin(), reach.keys.end());
-    reach.keys.erase(std::unique(reach.keys.begin(), reach.keys.end()), reach.keys.end());
+    // Of clones, which share their choice, the first one has it.
+    const auto isBefore = [](const Change &one, const Change &other) {
+        return one.key < other.key;
+    };
+    const auto isSame = [](const Change &one, const Change &other) { return one.key == other.key; };
+    std::stable_sort(reach.changes.begin(), reach.changes.end(), isBefore);
+    reach.changes.erase(std::unique(reach.changes.begin(), reach.changes.end(), isSame),
+                        reach.changes.end());
     return *m_reaches.insert(state, reach);
 }
 

@@ -7,10 +7,16 @@
 /// One variant of a document beside what the scene has for it, with notes on who uses it.
 class qxLintVariant {
 public:
+    /// What a state makes of one aspect of one object.
+    struct Change {
+        qxAspectKey key;
+        bool isPut; ///< it ends at `value` from wherever it was; false for toggles and steps
+        int value;
+    };
     /// What a state does to the variant's objects.
     struct Reach {
         bool isTaken = false; ///< by one object at least
-        std::vector<qxAspectKey> keys; ///< what it changes
+        std::vector<Change> changes; ///< one for each aspect
     };
 
     qxLintVariant(const qxOutlineVariant &variant, const qxSceneIndex &scene);
@@ -19,7 +25,7 @@ public:
     bool hasOption(const QString &name) const { return m_options.contains(name); }
     bool hasObjects() const { return !m_objects.empty(); }
     /// Whether one object at least is of the right sort.
-    bool hasFittingObject() const;
+    bool hasFittingObject() const { return m_hasFittingObject; }
     /// Worked out once for each state; valid as long as the variant.
     const Reach &reach(const QString &state);
 
@@ -31,7 +37,8 @@ public:
 
 private:
     const qxOutlineVariant &m_outline;
-    std::vector<qxSceneObject> m_objects;
+    const std::vector<qxSceneObject> m_objects;
+    const bool m_hasFittingObject;
     QSet<QString> m_options;
     QHash<QString, Reach> m_reaches;
     QSet<QString> m_used;

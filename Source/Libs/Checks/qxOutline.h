@@ -56,6 +56,7 @@ struct qxOutlineSet {
     qxOutlineText script;
     qxOutlineText hotkey;
     int clipState = 0;
+    bool inclNodes = false; ///< a selection shows its targets
     QByteArray digest; ///< of everything but name, comment, hotkey and preview
 
     const std::vector<qxOutlineReference> &of(qxVariantKind kind) const

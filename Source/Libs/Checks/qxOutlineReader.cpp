@@ -162,6 +162,7 @@ void qxOutlineReader::readSetChild(qxOutlineSet &set, const QString &tag, const 
         m_xml.skipCurrentElement();
     } else if (tag == QLatin1String("InclInfo")) {
         checkNumbers(mark, path());
+        set.inclNodes = attribute(QStringLiteral("inclNodes")).toInt() != 0;
         m_xml.skipCurrentElement();
     } else if (tag == QLatin1String("Analyzer")) {
         checkNumbers(mark, path());

@@ -39,6 +39,10 @@ qxSceneIndex::qxSceneIndex()
     : m_nodes(byName(qxNodeUtils::getSceneNodes())), m_overlays(byName(overlayNodes()))
 {
     qxAnimManager::the()->getBlockAndClipNames(m_clips);
+    const qxUberCameraPool &pool = *qxUberCameraPool::the();
+    for (int id = 0; id < pool.count(); ++id)
+        m_viewpoints.insert(QString::fromStdString(qxUberCameraUtils::getName(pool.get(id))));
+    m_viewpoints.remove(QString()); // no viewpoint at all is found by it
 }
 
 qxSceneIndex::Nodes qxSceneIndex::byName(const std::vector<qxNodePtr> &nodes)
@@ -64,11 +68,6 @@ std::vector<qxSceneObject> qxSceneIndex::objects(qxVariantKind kind, const QStri
     for (const osg::NodePtr &each : nodes.value(base))
         found.push_back({kind, each, osg::NullFC});
     return found;
-}
-
-bool qxSceneIndex::hasViewpoint(const QString &name) const
-{
-    return qxUberCameraPool::the()->findViewpoint(name.toStdString()) >= 0;
 }
 
 bool qxSceneIndex::hasAnimation(const QString &name) const

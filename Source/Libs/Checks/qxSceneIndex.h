@@ -30,7 +30,7 @@ public:
     std::vector<qxSceneObject> objects(qxVariantKind kind, const QString &base) const;
 
     bool hasNode(const QString &name) const { return m_nodes.contains(name); }
-    bool hasViewpoint(const QString &name) const;
+    bool hasViewpoint(const QString &name) const { return m_viewpoints.contains(name); }
     bool hasAnimation(const QString &name) const;
     bool hasMaterial(const QString &name) const;
     /// Whether the names of some node and of all above it, the root left out, make up that path.
@@ -45,6 +45,7 @@ private:
     const Nodes m_nodes;
     const Nodes m_overlays;
     std::set<std::string> m_clips;
+    QSet<QString> m_viewpoints;
     /// Hashes of all paths, filled when the first is asked for: the texts would take the square of
     /// the depth.
     mutable QSet<quint64> m_paths;

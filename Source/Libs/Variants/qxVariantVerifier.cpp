@@ -11,6 +11,7 @@
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
+#include <QHash>
 #include <QSet>
 
 #include <cstdio>
@@ -55,6 +56,24 @@ Names materialNames(const osg::SwitchMaterialPtr &switchMaterial)
 
 } // namespace
 
+/// The names of the options of variants, each variant's gathered when it is first asked for.
+class qxVariantVerifier::OptionNames {
+public:
+    bool contain(const qxVariant &variant, const QString &state)
+    {
+        auto known = m_names.find(&variant);
+        if (known == m_names.end()) {
+            known = m_names.insert(&variant, Names());
+            for (const qxVariantOption &option : variant.options)
+                known->insert(option.name);
+        }
+        return !state.isEmpty() && known->contains(state);
+    }
+
+private:
+    QHash<const qxVariant *, Names> m_names;
+};
+
 /// Writes the lines of one object: its errors, and that it is valid when there were none.
 class qxVariantVerifier::Subject {
 public:
@@ -78,13 +97,14 @@ public:
 
     /// The set's references to variants of one kind.
     template <class Variant>
-    void checkReferences(const qxVariantSet &set, const char *noVariant, const char *noState)
+    void checkReferences(const qxVariantSet &set, OptionNames &options, const char *noVariant,
+                         const char *noState)
     {
         for (const qxVariantState &each : set.*qxKind<Variant>::states) {
-            Variant *const variant = qxKinds::find<Variant>(each.variant);
+            const Variant *const variant = qxKinds::find<Variant>(each.variant);
             if (!variant)
                 error(each.variant, QString(), noVariant);
-            else if (!variant->find(each.state))
+            else if (!options.contain(*variant, each.state))
                 error(each.variant, each.state, noState);
         }
     }
@@ -142,16 +162,17 @@ bool qxVariantVerifier::runChecks()
 
 void qxVariantVerifier::verifyVariantSets()
 {
+    OptionNames options;
     for (qxVariantSet *set : qxVariants::_variantSets)
-        verifyVariantSet(*set);
+        verifyVariantSet(*set, options);
 }
 
-void qxVariantVerifier::verifyVariantSet(qxVariantSet &set)
+void qxVariantVerifier::verifyVariantSet(qxVariantSet &set, OptionNames &options)
 {
     Subject subject(*this, VariantSetType, set.name);
-    subject.checkReferences<qxNodeVariant>(set, "node variant not found",
+    subject.checkReferences<qxNodeVariant>(set, options, "node variant not found",
                                            "requested state not found in node variant");
-    subject.checkReferences<qxMaterialVariant>(set, "material variant not found",
+    subject.checkReferences<qxMaterialVariant>(set, options, "material variant not found",
                                                "requested state not found in material variant");
     subject.finish();
 }

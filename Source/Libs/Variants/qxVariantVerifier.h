@@ -28,8 +28,8 @@ public:
     qxVariantVerifier &operator=(const qxVariantVerifier &) = delete;
 
     /// Runs the three checks and writes their lines to the file, in place of what it held. False
-    /// when the file cannot be opened or written, or when a check throws, with the lines up to
-    /// there. Errors that the checks find do not count.
+    /// when the file cannot be opened or not be written to its end, such as on a full disk, or when
+    /// a check throws, with the lines up to there. Errors that the checks find do not count.
     bool verify(const QString &fileName);
 
     /// Every node and material variant that a set refers to exists and has the requested state.
@@ -54,9 +54,10 @@ public:
 private:
     /// The object that is being checked.
     class Subject;
+    class OptionNames;
 
     bool runChecks();
-    void verifyVariantSet(qxVariantSet &set);
+    void verifyVariantSet(qxVariantSet &set, OptionNames &options);
     void verifyNodeVariant(qxNodeVariant &variant);
     void verifyMaterialVariant(qxMaterialVariant &variant);
     /// The same line to the report, while one is open.
