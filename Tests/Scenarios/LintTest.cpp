@@ -78,6 +78,20 @@ TEST_F(LintTest, JUnitFailsTheCasesOfErrorsAndKeepsTheRestAsOutput)
     refused(2, {"lint", desk(), "--json", "--junit"}, "--json and --junit do not go together");
 }
 
+TEST_F(LintTest, JUnitStaysReadableWhateverTheFileIsCalled)
+{
+    const QString name = path(QString::fromUtf8("page\f\v\x01\t1.gltf"));
+    ASSERT_TRUE(QFile::copy(desk("<Variants/>"), name));
+    QXmlStreamReader xml(done({"lint", name, "--junit"}).out);
+    QString suite;
+    while (!xml.atEnd()) {
+        if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == "testsuite")
+            suite = xml.attributes().value("name").toString();
+    }
+    EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+    EXPECT_TRUE(suite.contains(QString::fromUtf8("page\uFFFD\uFFFD\uFFFD"))) << suite.toStdString();
+}
+
 TEST_F(LintTest, ADocumentThatTheReaderRefusesIsAFindingToo)
 {
     const auto codesOf = [](const ProgramRun &run) {

@@ -25,7 +25,9 @@ QString counted(int count, const char *word)
 QString forXml(QString text)
 {
     const auto isUnfit = [](QChar each) {
-        return (each < QLatin1Char(' ') && !each.isSpace()) || each.unicode() >= 0xFFFE;
+        const bool isBlank =
+            each == QLatin1Char('\t') || each == QLatin1Char('\n') || each == QLatin1Char('\r');
+        return (each < QLatin1Char(' ') && !isBlank) || each.unicode() >= 0xFFFE;
     };
     std::replace_if(text.begin(), text.end(), isUnfit, QChar(QChar::ReplacementCharacter));
     return text;
