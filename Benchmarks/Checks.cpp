@@ -1,3 +1,4 @@
+#include "qxNodeVariant.h"
 #include "qxVariantSet.h"
 #include "qxVariantVerifier.h"
 #include "qxVariants.h"
@@ -112,7 +113,90 @@ void lint(benchmark::State &state)
     state.SetBytesProcessed(state.iterations() * document.size());
 }
 
+QString numbered(const char *word, int index)
+{
+    return QStringLiteral("%1 %2").arg(QLatin1String(word)).arg(index);
+}
+
+qxVariantSet &addSet(int index)
+{
+    return *qxVariants::createVariantSet(numbered("Set", index), false, nullptr);
+}
+
+/// As many sets as the one variant has options: each takes another one.
+void verifyOptions(benchmark::State &state)
+{
+    const qxBenchScene scene(1, 1);
+    qxVariant &variant = *qxVariants::findNodeVariant(qxBenchScene::switchName(0));
+    for (int i = 0; i < int(state.range(0)); ++i) {
+        qxVariantOption option;
+        option.name = numbered("Option", i);
+        variant.options.push_back(option);
+        addSet(i).addNodeVariant(qxBenchScene::switchName(0), numbered("Option", i));
+    }
+    qxVariantVerifier verifier;
+    for (auto _ : state) {
+        const Quiet quiet;
+        verifier.verifyVariantSets();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+/// As many sets as viewpoints: each goes to another one.
+void lintViewpoints(benchmark::State &state)
+{
+    const qxBenchScene scene(0, 0);
+    QByteArray document = "<Variants>\n";
+    for (int i = 0; i < int(state.range(0)); ++i) {
+        const QByteArray name = numbered("View", i).toUtf8();
+        qxBenchScene::addViewpoint(numbered("View", i));
+        document +=
+            "<VariantSet name=\"" + name + "\"><ViewpointRef ref=\"" + name + "\"/></VariantSet>\n";
+    }
+    document += "</Variants>\n";
+    for (auto _ : state) {
+        const qxFindings findings =
+            qxLinter::lint(document, [](const QString &) { return QString(); });
+        if (!findings.isEmpty())
+            state.SkipWithError("the document is not clean");
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+/// As many sets as lights and viewpoints, all of which stay.
+void optimize(benchmark::State &state)
+{
+    const qxBenchScene scene(0, 0);
+    const int count = int(state.range(0));
+    for (int i = 0; i < count; ++i) {
+        qxBenchScene::addLight(numbered("Light", i));
+        qxBenchScene::addViewpoint(numbered("View", i));
+    }
+    for (int i = 0; i < count; ++i) {
+        qxVariantSet &set = addSet(i);
+        set.addViewpoint(numbered("View", i));
+        for (int k = 0; k < 4; ++k)
+            set.addLightVariant(numbered("Light", (i + k) % count), variantEnable);
+    }
+    for (auto _ : state)
+        qxVariants::optimizeVariantSets();
+    if (qxVariants::hasEmptyVariantSets())
+        state.SkipWithError("something was dropped");
+    state.SetItemsProcessed(state.iterations() * count);
+}
+
 } // namespace
 
 BENCHMARK(verify)->Name("Verify/report")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(lint)->Name("Lint/document")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(verifyOptions)
+    ->Name("Verify/options")
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(lintViewpoints)
+    ->Name("Lint/viewpoints")
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(optimize)->Name("Optimize/sets")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);

@@ -1,9 +1,12 @@
 #include "qxBenchScene.h"
 
+#include "qxLightVariant.h"
 #include "qxVariants.h"
 
+#include "OSGUberLight.h"
 #include "qxMessage.h"
 #include "qxScenegraph.h"
+#include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -42,4 +45,17 @@ qxBenchScene::~qxBenchScene()
 {
     qxMessage none;
     qxVariants::clearAll(none);
+}
+
+void qxBenchScene::addLight(const QString &name)
+{
+    addNode(qxScenegraph::getRoot(), osg::UberLight::create(), name);
+    qxVariants::createLightVariant(name, false)->lightName = name;
+}
+
+void qxBenchScene::addViewpoint(const QString &name)
+{
+    qxUberCamera camera;
+    camera.name = name.toStdString();
+    qxUberCameraPool::the()->add(camera);
 }

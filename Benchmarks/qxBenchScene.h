@@ -13,6 +13,10 @@ public:
     qxBenchScene(int switches, int variants);
     ~qxBenchScene();
 
+    /// Adds a light and the light variant of its name.
+    static void addLight(const QString &name);
+    static void addViewpoint(const QString &name);
+
     static QString switchName(int index) { return QStringLiteral("Switch %1").arg(index); }
     static QString childName(int index) { return QStringLiteral("Child %1").arg(index); }
 
