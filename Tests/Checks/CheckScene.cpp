@@ -19,7 +19,7 @@ CheckScene::CheckScene()
 
 QByteArray CheckScene::cleanDocument()
 {
-    QFile file(QStringLiteral(QX_TEST_DATA "/Documents/clean.xml"));
+    QFile file(QStringLiteral(QX_TEST_DATA "/Checks/clean.xml"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     return file.readAll();
 }
