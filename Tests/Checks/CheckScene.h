@@ -4,7 +4,7 @@
 
 #include <QByteArray>
 
-/// The scene that Tests/Data/Documents/clean.xml belongs to.
+/// The scene that Tests/Data/Checks/clean.xml belongs to.
 class CheckScene : public HostFixture {
 protected:
     CheckScene();
