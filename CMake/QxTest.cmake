@@ -39,5 +39,5 @@ function(qx_test name)
         set(arg_LABEL ${name})
     endif()
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 120 LABELS ${arg_LABEL})
+        PROPERTIES TIMEOUT 300 LABELS ${arg_LABEL})
 endfunction()
