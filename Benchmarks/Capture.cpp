@@ -5,16 +5,19 @@
 #include "Core/qxHost.h"
 #include "qxMaterials.h"
 #include "qxMessage.h"
+#include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSimpleMaterial.h>
+#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <benchmark/benchmark.h>
 
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -67,12 +70,98 @@ private:
     qxHost m_host;
 };
 
+/// Geometries in groups of ten: of each ten two are clones of the one before them, and three share
+/// a switch material. The first set holds their first materials.
+class RepaintedScene {
+public:
+    explicit RepaintedScene(int nodes)
+    {
+        for (const char *name : {"Red", "Green", "Blue", "White"})
+            m_plain.push_back(add(osg::SimpleMaterial::create(), name));
+        const osg::SwitchMaterialPtr shared = osg::SwitchMaterial::create();
+        shared->addMaterial(m_plain[0]);
+        shared->addMaterial(m_plain[1]);
+        add(shared, "Shared");
+        for (int i = 0; i < nodes; ++i)
+            addPart(i, i % 10 < 3 ? osg::MaterialPtr(shared) : m_plain[std::size_t(i % 2)]);
+        capture(QStringLiteral("First"));
+    }
+    RepaintedScene(const RepaintedScene &) = delete;
+    ~RepaintedScene() { m_host.clearScene(); }
+
+    /// Gives other materials to all nodes but every tenth.
+    void repaint() const
+    {
+        for (std::size_t i = 0; i < m_parts.size(); ++i) {
+            if (i % 10 != 0)
+                qxNodeUtils::setMaterial(m_parts[i], m_plain[2 + i / 10 % 2], false, false);
+        }
+    }
+
+    static void capture(const QString &name)
+    {
+        qxVariants::captureVariantsFromRootNodes(qxVariants::createVariantSet(name, false, nullptr),
+                                                 {qxScenegraph::getRoot()}, true, true, true, true,
+                                                 true, true, false, true);
+    }
+
+private:
+    static osg::MaterialPtr add(const osg::MaterialPtr &material, const char *name)
+    {
+        qxMaterials::setName(material, name, true);
+        qxScenegraph::getMaterialPool()->add(material);
+        return material;
+    }
+
+    void addPart(int index, const osg::MaterialPtr &material)
+    {
+        if (index % 10 == 0) {
+            m_group = osg::makeNodeFor(osg::Group::create());
+            osg::setName(m_group, "Group " + std::to_string(index));
+            qxScenegraph::getRoot()->addChild(m_group);
+        }
+        const bool isClone = index % 10 == 5 || index % 10 == 6;
+        osg::GeometryPtr core;
+        if (isClone) {
+            core = osg::GeometryPtr::dcast(m_parts.back()->getCore());
+        } else {
+            core = osg::Geometry::create();
+            core->setMaterial(material);
+        }
+        const osg::NodePtr node = osg::makeNodeFor(core);
+        osg::setName(node, "Part " + std::to_string(isClone ? index / 10 * 10 + 4 : index));
+        m_group->addChild(node);
+        m_parts.push_back(node);
+    }
+
+    qxHost m_host;
+    std::vector<osg::MaterialPtr> m_plain;
+    std::vector<osg::NodePtr> m_parts;
+    osg::NodePtr m_group;
+};
+
 void captureScene(benchmark::State &state)
 {
     const CapturedScene scene(int(state.range(0)));
     for (auto _ : state)
         qxVariants::captureVariantsFromRootNodes(scene.set, {qxScenegraph::getRoot()}, true, true,
                                                  true, true, true, true, false, true);
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void captureSnapshots(benchmark::State &state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        {
+            const RepaintedScene scene(int(state.range(0)));
+            scene.repaint();
+            state.ResumeTiming();
+            RepaintedScene::capture(QStringLiteral("Second"));
+            state.PauseTiming();
+        }
+        state.ResumeTiming();
+    }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
@@ -89,6 +178,7 @@ void checkScene(benchmark::State &state)
 }
 
 BENCHMARK(captureScene)->Name("Capture/scene")->Arg(1000)->Arg(10000)->Arg(100000);
+BENCHMARK(captureSnapshots)->Name("Capture/snapshots")->Arg(1000)->Arg(10000);
 BENCHMARK(checkScene)->Name("CaptureCheck/scene")->Arg(1000)->Arg(10000)->Arg(100000);
 
 } // namespace
