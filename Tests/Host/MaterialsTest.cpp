@@ -14,6 +14,7 @@
 #include <OpenSG/OSGThread.h>
 
 #include <algorithm>
+#include <chrono>
 #include <random>
 
 namespace {
@@ -228,6 +229,42 @@ TEST_F(MaterialsTest, AUniqueNameIsMadeOnDemand)
     EXPECT_EQ(copy.name(), "Paint 2");
     qxMaterials::setName(copy, "Paint", true);
     EXPECT_EQ(copy.name(), "Paint");
+}
+
+TEST_F(MaterialsTest, UniqueNamesAreTheFirstFreeOnesAfterRandomChanges)
+{
+    std::mt19937 random(5);
+    std::vector<TestMaterial> materials;
+    for (int i = 0; i < 12; ++i)
+        materials.push_back(scene.addMaterial(""));
+    for (int step = 0; step < 1000; ++step) {
+        const TestMaterial &material = materials[random() % materials.size()];
+        if (random() % 3 == 0) {
+            osg::setName(material.material(), random() % 2 == 0 ? "M" : "M 3");
+            continue;
+        }
+        std::vector<std::string> names;
+        for (const TestMaterial &each : materials)
+            names.push_back(each.name());
+        const std::string expected = qxNodeUtils::getUniqueName("M", names);
+        qxMaterials::setName(material, "M", false);
+        ASSERT_EQ(material.name(), expected) << "step " << step;
+    }
+}
+
+TEST_F(MaterialsTest, VeryManyUnnamedMaterialsAreNamedInTimeThatGrowsWithTheirNumber)
+{
+    const int count = 10000;
+    for (int i = 0; i < count; ++i)
+        scene.addMaterial("");
+    Materials pooled;
+    qxScenegraph::getMaterialPool()->get(pooled);
+    const auto start = std::chrono::steady_clock::now();
+    for (const osg::MaterialPtr &material : pooled)
+        qxMaterials::setName(material, "Material", false);
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(qxMaterials::getName(pooled.back()), "Material " + std::to_string(count));
+    EXPECT_LT(passed.count(), 5) << "a walk through all names for each takes much longer";
 }
 
 TEST_F(MaterialsTest, UsersAreGroupsAndGeometriesOfTheSceneInItsOrder)

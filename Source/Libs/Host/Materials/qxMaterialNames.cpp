@@ -83,15 +83,17 @@ std::vector<osg::MaterialPtr> qxMaterialNames::find(const std::string &name)
     return materials;
 }
 
-std::vector<std::string> qxMaterialNames::names()
+std::string qxMaterialNames::freeName(const std::string &name)
 {
-    follow();
-    std::vector<std::string> names;
-    for (const Known &known : m_known) {
-        if (!known.name.empty())
-            names.push_back(known.name);
-    }
-    return names;
+    if (find(name).empty())
+        return name;
+    const auto tried = m_tried.find(name);
+    std::size_t number = tried == m_tried.end() ? 2 : tried->second;
+    std::string numbered = name + ' ' + std::to_string(number);
+    while (!find(numbered).empty())
+        numbered = name + ' ' + std::to_string(++number);
+    m_tried[name] = number; // not beyond it: it may not be given to a material after all
+    return numbered;
 }
 
 void qxMaterialNames::follow()
@@ -107,13 +109,52 @@ void qxMaterialNames::follow()
         read();
 }
 
-/// Takes in what was appended to the contents of a material; false when more than that happened, or
-/// when it changes the order in which materials of one name are found.
+/// Takes in the material's name; false when that may also concern other materials, or the order in
+/// which those of the name are found is not known.
+bool qxMaterialNames::followName(std::size_t index)
+{
+    Known &known = m_known[index];
+    const osg::UInt32 nameId = nameIdOf(known.material);
+    const std::string name = qxMaterials::getName(known.material);
+    if (nameId == known.nameId && name == known.name)
+        return true;
+    if (m_sharesNames || (nameId != known.nameId && m_byId.count(nameId) > 0))
+        return false;
+    if (m_displaced && m_byName.count(name) > 0)
+        return false;
+    m_byId.erase(known.nameId);
+    removeName(index);
+    known.nameId = nameId;
+    known.name = name;
+    if (nameId != 0)
+        m_byId.emplace(nameId, index);
+    if (name.empty())
+        return true;
+    std::vector<std::size_t> &namesakes = m_byName[name];
+    namesakes.insert(std::lower_bound(namesakes.begin(), namesakes.end(), index), index);
+    return true;
+}
+
+/// The name is free again when it was the only one of that name.
+void qxMaterialNames::removeName(std::size_t index)
+{
+    const std::string &name = m_known[index].name;
+    const auto found = m_byName.find(name);
+    if (found == m_byName.end())
+        return;
+    std::vector<std::size_t> &namesakes = found->second;
+    namesakes.erase(std::remove(namesakes.begin(), namesakes.end(), index), namesakes.end());
+    m_tried.erase(name.substr(0, name.rfind(' '))); // it may be a numbered one that was taken
+    if (namesakes.empty())
+        m_byName.erase(found);
+}
+
+/// Takes in the name, and what was appended to the contents of a material; false when more than
+/// that happened, or when it changes the order in which materials of one name are found.
 bool qxMaterialNames::followContents(std::size_t index)
 {
     Known &known = m_known[index];
-    if (!lives(known.id) || nameIdOf(known.material) != known.nameId
-        || qxMaterials::getName(known.material) != known.name)
+    if (!lives(known.id) || !followName(index))
         return false;
     const std::vector<osg::MaterialPtr> now = contentsOf(known.material);
     const std::size_t before = known.contents.size();
@@ -131,8 +172,11 @@ bool qxMaterialNames::followContents(std::size_t index)
     };
     if (!std::all_of(now.begin() + std::ptrdiff_t(before), now.end(), isInPlace))
         return false;
-    for (std::size_t i = before; i < now.size(); ++i)
-        ++m_known[m_byId[now[i].getFieldContainerId()]].containers;
+    for (std::size_t i = before; i < now.size(); ++i) {
+        const std::size_t added = m_byId[now[i].getFieldContainerId()];
+        ++m_known[added].containers;
+        m_displaced = m_displaced || added > index;
+    }
     known.contents = now;
     return true;
 }
@@ -180,6 +224,8 @@ void qxMaterialNames::read()
     m_byId.clear();
     m_byName.clear();
     m_pooled.clear();
+    m_tried.clear();
+    m_displaced = m_sharesNames = false;
     for (const osg::MaterialPtr &material : contentsOf(m_pool))
         addToPool(material);
     m_outdated = m_pool == osg::NullFC;
@@ -201,7 +247,7 @@ std::size_t qxMaterialNames::add(const osg::MaterialPtr &material)
         return known.first->second;
     const osg::UInt32 nameId = nameIdOf(material);
     if (nameId != 0)
-        m_byId.emplace(nameId, index);
+        m_sharesNames = !m_byId.emplace(nameId, index).second || m_sharesNames;
     const std::string name = qxMaterials::getName(material);
     if (!name.empty())
         m_byName[name].push_back(index);
@@ -223,8 +269,7 @@ bool qxMaterialNames::forget(std::size_t index)
         return false;
     m_byId.erase(known.id);
     m_byId.erase(known.nameId);
-    std::vector<std::size_t> &namesakes = m_byName[known.name];
-    namesakes.erase(std::remove(namesakes.begin(), namesakes.end(), index), namesakes.end());
+    removeName(index);
     known = Known();
     return true;
 }

@@ -10,6 +10,9 @@
 /// others those that it contains. Every material counts once, where it comes first.
 class qxMaterialNames {
 public:
+    /// That of the scene, told of all edits until now.
+    static qxMaterialNames &current();
+
     /// From now on `pool` is meant, and everything is read anew when needed.
     void reset(const osg::MaterialPoolPtr &pool);
     /// Takes note that the object with that id was edited.
@@ -19,8 +22,8 @@ public:
 
     /// The materials of that name, empty when there are none.
     std::vector<osg::MaterialPtr> find(const std::string &name);
-    /// The names of all materials; unnamed ones are left out.
-    std::vector<std::string> names();
+    /// The name, when a material has it with the first number from 2 on that no material has.
+    std::string freeName(const std::string &name);
 
 private:
     /// A material as it was when it was read.
@@ -39,6 +42,8 @@ private:
 
     void follow();
     bool followContents(std::size_t index);
+    bool followName(std::size_t index);
+    void removeName(std::size_t index);
     void followPool();
     bool onlyGrew() const;
     void read();
@@ -51,10 +56,13 @@ private:
     osg::MaterialPoolPtr m_pool;
     bool m_outdated = true;
     bool m_poolEdited = false;
+    bool m_displaced = false; ///< some are found elsewhere in m_known than in a walk
+    bool m_sharesNames = false; ///< some have the same attachment for their name
     std::vector<osg::UInt32> m_destroyed; ///< known ones that are gone
     std::vector<Pooled> m_pooled; ///< the pool's contents when it was read
     std::vector<Known> m_known; ///< in the order of look-ups; forgotten ones are null
     std::unordered_map<osg::UInt32, std::size_t>
         m_byId; ///< by the ids of materials and their names
     std::unordered_map<std::string, std::vector<std::size_t>> m_byName;
+    std::unordered_map<std::string, std::size_t> m_tried; ///< numbers below this one are taken
 };

@@ -6,7 +6,6 @@
 #include "Scene/qxEditReader.h"
 #include "qxMessage.h"
 #include "qxModuleBase.h"
-#include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -69,6 +68,11 @@ private:
 
 } // namespace
 
+qxMaterialNames &qxMaterialNames::current()
+{
+    return MaterialIndex::current().names;
+}
+
 std::string qxMaterials::getName(const osg::MaterialPtr &material)
 {
     const osg::Char8 *name = osg::getName(material);
@@ -79,11 +83,7 @@ void qxMaterials::setName(const osg::MaterialPtr &material, const char *name, bo
 {
     if (material == osg::NullFC || !name)
         return;
-    if (exact)
-        osg::setName(material, std::string(name));
-    else
-        osg::setName(material,
-                     qxNodeUtils::getUniqueName(name, MaterialIndex::current().names.names()));
+    osg::setName(material, exact ? std::string(name) : qxMaterialNames::current().freeName(name));
 }
 
 osg::MaterialPtr qxMaterials::findMaterial(const char *name)
@@ -96,7 +96,7 @@ std::vector<osg::MaterialPtr> qxMaterials::findMaterials(const char *name)
 {
     if (!name || !*name)
         return {};
-    return MaterialIndex::current().names.find(name);
+    return qxMaterialNames::current().find(name);
 }
 
 bool qxMaterials::isEditable(const osg::MaterialPtr &material)
