@@ -58,8 +58,13 @@ protected:
         return shownUntil(next).replace("\r\n", "\n");
     }
 
-    /// As Ctrl-C does.
-    void interrupt() { kill(pid_t(m_program.processId()), SIGINT); }
+    /// As Ctrl-C does, at human speed: a prompt that is still busy with the key before would notice
+    /// it with the next one only.
+    void interrupt()
+    {
+        sleep(1);
+        kill(pid_t(m_program.processId()), SIGINT);
+    }
 
     int ended()
     {
