@@ -1,4 +1,4 @@
-#include "Scripts.h"
+#include "Program.h"
 
 #include <QRegularExpression>
 
@@ -33,7 +33,7 @@ TEST_F(DocumentedScriptsTest, EveryExampleRunsAndPrintsWhatThePageSays)
         if (match.captured(1).contains("no_such_module"))
             EXPECT_TRUE(run.err.contains("no_such_module")) << run.err.toStdString();
         else
-            EXPECT_EQ(said(run), "");
+            EXPECT_EQ(run.err, "");
     }
     EXPECT_EQ(examples, page.count("```python"));
     EXPECT_GE(examples, 9);
@@ -44,7 +44,7 @@ TEST_F(DocumentedScriptsTest, ScriptsOfTheDemoRunWithoutComplaint)
     const QString demo = QStringLiteral(QX_DEMO_SCENE);
     const ProgramRun run = done({"select", demo, "Without Skin", "Everything Open", "Cut-Away",
                                  "Price List", "Show Day", "With Skin", "As Delivered", "--json"});
-    EXPECT_EQ(said(run),
+    EXPECT_EQ(run.err,
               "Stadtwagen: 39 900 EUR\n"
               "Küstenstraße: 44 500 EUR\n"
               "Show day: the barrier is up, the sign is put away\n");

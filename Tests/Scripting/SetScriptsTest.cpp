@@ -1,4 +1,6 @@
-#include "Scripts.h"
+#include "Program.h"
+
+#include <QDir>
 
 /// The scripts that sets bring along, and what scripts can say about sets.
 class SetScriptsTest : public ProgramFixture {
@@ -52,7 +54,7 @@ TEST_F(SetScriptsTest, ScriptsOfAFileRunOnlyWhenSelectedAndNotAtAllIfAsked)
     const ProgramRun own = done({"run", "-", scene, "--no-scripts"},
                                 "selectVariantSet('One')\nprint('own')\nselectVariantSet('Zwö')");
     EXPECT_EQ(own.out, "own\n");
-    EXPECT_EQ(said(own), left.err);
+    EXPECT_EQ(own.err, left.err);
     for (const QStringList &command :
          {QStringList{"render", scene, "--all", "--size", "16x16", "--out", path("sheet.png")},
           QStringList{"previews", scene, "--save", path("previews.gltf")},
@@ -75,18 +77,47 @@ TEST_F(SetScriptsTest, ASetThatAnEarlierScriptRemovedIsSkipped)
     EXPECT_EQ(printed("print(getVariantSets())", path("saved.gltf")), "[]\n");
 }
 
-TEST_F(SetScriptsTest, AScriptThatGoesAstrayDoesNotSpoilTheSelection)
+TEST_F(SetScriptsTest, AScriptThatGoesAstraySpoilsTheResultButNoSelection)
 {
     const QString scene =
         sceneWith({{"Raises", "findNodePath('Lamp').setActive(False)\n1 / 0"},
                    {"Loops", "selectVariantSet('Loops')\nselectVariantSet('Loops')"},
                    {"Fine", "print('fine')"}});
-    const ProgramRun run = workbench({"select", scene, "Raises", "Loops", "Fine"});
-    EXPECT_EQ(run.code, 0);
+    const QString out = path("out.gltf");
+    const ProgramRun run =
+        workbench({"select", scene, "Raises", "Loops", "Fine", "--save", out, "--trace"});
+    EXPECT_EQ(run.code, 1);
     EXPECT_TRUE(run.out.contains("Lamp    shown -> hidden")) << run.out.toStdString();
-    EXPECT_TRUE(said(run).endsWith("\nfine\n")) << run.err.toStdString();
+    EXPECT_EQ(run.err.count("\nfine\n"), 1) << run.err.toStdString();
+    EXPECT_EQ(run.err.count("\npythonInit: destroy qxVariants!\n"), 1) << run.err.toStdString();
     EXPECT_TRUE(run.err.contains("ZeroDivisionError")) << run.err.toStdString();
     EXPECT_EQ(run.err.count("more than 32 levels deep"), 1) << run.err.toStdString();
+    EXPECT_TRUE(run.err.contains("out.gltf: not written, because a script failed\n"));
+    EXPECT_FALSE(QFile::exists(out));
+    for (const QStringList &command :
+         {QStringList{"render", scene, "--all", "--size", "16x16", "--out", path("sheet.png")},
+          QStringList{"render", scene, "--set", "Raises", "--size", "16x16", "--out",
+                      path("1.png")},
+          QStringList{"previews", scene, "--save", path("previews.gltf")},
+          QStringList{"catalogue", scene, "--out", path("catalogue")}}) {
+        EXPECT_EQ(workbench(command).code, 1) << command[0].toStdString();
+        EXPECT_TRUE(QFile::exists(command.last())) << "what can be made is made";
+    }
+}
+
+TEST_F(SetScriptsTest, AnInterruptedScriptEndsTheCommand)
+{
+    const QString scene = sceneWith(
+        {{"Ends", "import os\nwhile True: os.kill(os.getpid(), 2)"}, {"Next", "print('next')"}});
+    const QString out = path("out.gltf");
+    const ProgramRun run = workbench({"select", scene, "Ends", "Next", "--save", out});
+    EXPECT_EQ(run.code, 130);
+    EXPECT_TRUE(run.err.startsWith("error: script error: interrupted\n")) << run.err.toStdString();
+    EXPECT_FALSE(run.err.contains("next")) << run.err.toStdString();
+    EXPECT_FALSE(QFile::exists(out));
+    const QString pictures = path("pictures");
+    EXPECT_EQ(workbench({"render", scene, "--all", "--out", pictures}).code, 130);
+    EXPECT_EQ(QDir(pictures).entryList(QDir::Files), QStringList());
 }
 
 TEST_F(SetScriptsTest, ScriptsFindListCreateAndRemoveSets)

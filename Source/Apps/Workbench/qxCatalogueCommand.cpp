@@ -48,7 +48,7 @@ int run(const QCommandLineParser &parser)
         return WorkFailed;
     qxOutput::line(page);
     if (done == names.size())
-        return Success;
+        return qxCommands::codeAfterScripts();
     qxOutput::error(QStringLiteral("%1; %2 sets are shown without a preview")
                         .arg(qxInterrupt::isAsked() ? QStringLiteral("interrupted")
                                                     : QStringLiteral("a preview failed"))

@@ -151,6 +151,13 @@ QCommandLineOption qxCommands::noScriptsOption()
             QStringLiteral("Leaves out the scripts in FILE, and says which.")};
 }
 
+int qxCommands::codeAfterScripts()
+{
+    if (qxScriptRunner::wereInterrupted())
+        return Interrupted;
+    return qxScriptRunner::haveFailed() ? WorkFailed : Success;
+}
+
 int qxCommands::fail(const QString &reason)
 {
     qxOutput::error(reason);

@@ -56,6 +56,9 @@ QCommandLineOption traceOption();
 /// For the commands that select sets; what it asks for is done before the command runs.
 QCommandLineOption noScriptsOption();
 
+/// What a command ends with whose own work is done, but for scripts of sets: they may have failed
+/// or been interrupted.
+int codeAfterScripts();
 /// Says on standard error why the work failed, and answers that code.
 int fail(const QString &reason);
 

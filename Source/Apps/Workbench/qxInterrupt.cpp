@@ -1,5 +1,7 @@
 #include "qxInterrupt.h"
 
+#include "Script/qxScriptRunner.h"
+
 #include <csignal>
 
 namespace {
@@ -28,5 +30,5 @@ qxInterrupt::~qxInterrupt()
 
 bool qxInterrupt::isAsked()
 {
-    return asked != 0;
+    return asked != 0 || qxScriptRunner::wereInterrupted();
 }

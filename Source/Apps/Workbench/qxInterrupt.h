@@ -8,6 +8,6 @@ public:
     qxInterrupt(const qxInterrupt &) = delete;
     ~qxInterrupt();
 
-    /// Whether the end of the work was asked for.
+    /// Whether the end of the work was asked for; also by a Ctrl-C that ended a script.
     static bool isAsked();
 };

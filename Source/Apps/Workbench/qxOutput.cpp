@@ -5,6 +5,8 @@
 #include <QJsonObject>
 #include <QVector>
 
+#include <fcntl.h>
+
 #include <cstdio>
 #include <unistd.h>
 
@@ -65,12 +67,16 @@ void qxOutput::error(const QString &reason)
     fprintf(stderr, "workbench: %s\n", utf8.constData());
 }
 
-qxStrayOutput::qxStrayOutput()
+qxStrayOutput::qxStrayOutput(bool shown)
 {
     fflush(stdout);
     m_results = dup(STDOUT_FILENO);
+    const int elsewhere = shown ? dup(STDERR_FILENO) : open("/dev/null", O_WRONLY);
+    if (elsewhere < 0)
+        return;
     if (m_results >= 0)
-        dup2(STDERR_FILENO, STDOUT_FILENO);
+        dup2(elsewhere, STDOUT_FILENO);
+    close(elsewhere);
 }
 
 qxStrayOutput::~qxStrayOutput()

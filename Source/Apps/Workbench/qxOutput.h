@@ -24,10 +24,10 @@ void error(const QString &reason);
 } // namespace qxOutput
 
 /// Standard output is for results: as long as this lives, whatever is written there goes to
-/// standard error.
+/// standard error, or nowhere.
 class qxStrayOutput {
 public:
-    qxStrayOutput();
+    explicit qxStrayOutput(bool shown);
     qxStrayOutput(const qxStrayOutput &) = delete;
     ~qxStrayOutput();
 

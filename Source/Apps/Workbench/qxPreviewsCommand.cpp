@@ -48,7 +48,7 @@ int run(const QCommandLineParser &parser)
     const int kept = int(qxVariants::_variantSets.size()) - made;
     qxOutput::line(QStringLiteral("%1 made, %2 kept").arg(made).arg(kept));
     if (done == names.size())
-        return Success;
+        return qxCommands::codeAfterScripts();
     qxOutput::error(QStringLiteral("%1; %2 of %3 sets are done and saved")
                         .arg(qxInterrupt::isAsked() ? QStringLiteral("interrupted")
                                                     : QStringLiteral("a preview failed"))

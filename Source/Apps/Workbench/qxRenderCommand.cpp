@@ -143,7 +143,7 @@ int renderOne(const Job &job)
     }
     if (png.isEmpty())
         return endedEarly(QStringLiteral("no picture was written"));
-    return qxSetPictures::write(job.out, png) ? Success : WorkFailed;
+    return qxSetPictures::write(job.out, png) ? qxCommands::codeAfterScripts() : WorkFailed;
 }
 
 int renderFolder(const Job &job)
@@ -156,7 +156,7 @@ int renderFolder(const Job &job)
         return !png.isEmpty() && qxSetPictures::write(path, png);
     });
     if (done == names.size())
-        return Success;
+        return qxCommands::codeAfterScripts();
     return endedEarly(
         QStringLiteral("%1 holds %2 of %3 pictures").arg(job.out).arg(done).arg(names.size()));
 }
@@ -174,7 +174,7 @@ int renderSheet(const Job &job)
     if (done > 0 && !qxSetPictures::write(job.out, sheet.png()))
         return WorkFailed;
     if (done == names.size())
-        return Success;
+        return qxCommands::codeAfterScripts();
     return endedEarly(
         QStringLiteral("%1 shows %2 of %3 sets").arg(job.out).arg(done).arg(names.size()));
 }

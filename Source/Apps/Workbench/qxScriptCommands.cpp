@@ -66,7 +66,7 @@ bool readScript(const QString &name, QByteArray &text)
 /// Opens the scene, if one is named, and does the work; saves what it made of the scene, but only
 /// when the work succeeded.
 int inScene(const QCommandLineParser &parser, const QStringList &file,
-            const std::function<bool()> &work)
+            const std::function<int()> &work)
 {
     const QString out = parser.value(QStringLiteral("save"));
     if (file.isEmpty() && !out.isEmpty())
@@ -75,11 +75,26 @@ int inScene(const QCommandLineParser &parser, const QStringList &file,
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!file.isEmpty() && !session.open(file.first()))
         return WorkFailed;
-    if (work())
+    const int code = work();
+    if (code == Success)
         return session.saveIfAsked(out) ? Success : WorkFailed;
     if (!out.isEmpty())
         qxOutput::error(QStringLiteral("%1: not written, because the script failed").arg(out));
-    return WorkFailed;
+    return code;
+}
+
+/// Runs a whole script; the exit code.
+int runScript(const QByteArray &text, const std::string &fileName)
+{
+    if (qxScriptRunner::run(text.toStdString(), fileName))
+        return Success;
+    return qxScriptRunner::wereInterrupted() ? Interrupted : WorkFailed;
+}
+
+/// Of what it asks for, only the exit() that ends it decides.
+int runPrompt()
+{
+    return qxPrompt::run() ? Success : WorkFailed;
 }
 
 int runFile(const QCommandLineParser &parser)
@@ -95,8 +110,7 @@ int runFile(const QCommandLineParser &parser)
         return WorkFailed;
     qxVariantWords::setArguments(QStringList(name) + arguments.ofTheScript);
     return inScene(parser, arguments.own.mid(1), [&] {
-        return qxScriptRunner::run(text.toStdString(),
-                                   name == QLatin1String("-") ? "<stdin>" : name.toStdString());
+        return runScript(text, name == QLatin1String("-") ? "<stdin>" : name.toStdString());
     });
 }
 
@@ -108,12 +122,11 @@ int prompt(const QCommandLineParser &parser)
         return wrongUse(QStringLiteral("too many arguments for python"));
     qxVariantWords::setArguments(QStringList(QString()) + arguments.ofTheScript);
     if (isatty(fileno(stdin)))
-        return inScene(parser, arguments.own, qxPrompt::run);
+        return inScene(parser, arguments.own, runPrompt);
     QByteArray text;
     if (!readScript(QStringLiteral("-"), text))
         return WorkFailed;
-    return inScene(parser, arguments.own,
-                   [&] { return qxScriptRunner::run(text.toStdString(), "<stdin>"); });
+    return inScene(parser, arguments.own, [&] { return runScript(text, "<stdin>"); });
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "qxChangeReport.h"
 #include "qxCommand.h"
+#include "qxInterrupt.h"
 #include "qxOutput.h"
 #include "qxSession.h"
 
@@ -62,6 +63,17 @@ QStringList missingFor(const QString &name)
     return set ? missingVariants(*set) : QStringList(QStringLiteral("no longer there"));
 }
 
+/// What a script has left half done takes no file's place.
+int saveAfterScripts(qxSession &session, const QString &out)
+{
+    const int code = qxCommands::codeAfterScripts();
+    if (code == Success)
+        return session.saveIfAsked(out) ? Success : WorkFailed;
+    if (!out.isEmpty())
+        qxOutput::error(QStringLiteral("%1: not written, because a script failed").arg(out));
+    return code;
+}
+
 int run(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments().mid(1);
@@ -73,6 +85,8 @@ int run(const QCommandLineParser &parser)
 
     QJsonArray reports;
     for (const QString &name : names) {
+        if (qxInterrupt::isAsked())
+            break;
         const QStringList missing = missingFor(name);
         qxChangeReport report;
         qxVariants::selectVariantSet(name.toUtf8().constData(),
@@ -85,7 +99,7 @@ int run(const QCommandLineParser &parser)
     }
     if (json)
         qxOutput::json(reports);
-    return session.saveIfAsked(parser.value(QStringLiteral("save"))) ? Success : WorkFailed;
+    return saveAfterScripts(session, parser.value(QStringLiteral("save")));
 }
 
 } // namespace

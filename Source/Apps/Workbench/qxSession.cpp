@@ -78,7 +78,7 @@ qxSession::qxSession(bool trace)
 
 qxSession::~qxSession()
 {
-    m_stray.emplace();
+    m_stray.emplace(m_trace != nullptr);
 }
 
 bool qxSession::open(const QString &path)

@@ -2,6 +2,7 @@
 
 #include "Core/qxCallList.h"
 #include "Script/qxInterpreter.h"
+#include "Script/qxScriptError.h"
 #include "Script/qxScriptInterrupt.h"
 #include "Script/qxScriptLevel.h"
 #include "Script/qxScriptRunner.h"
@@ -14,6 +15,7 @@
 namespace {
 
 bool enabled = true;
+bool failed = false;
 
 qxCallList<qxScriptRunner::Listener> &listeners()
 {
@@ -48,7 +50,9 @@ auto runInLevel(bool leaf, const Run &run) -> decltype(run())
 
 bool run(const std::string &text, const std::string &fileName, bool leaf)
 {
-    return runInLevel(leaf, [&] { return qxInterpreter::run(text, fileName); });
+    const bool ended = runInLevel(leaf, [&] { return qxInterpreter::run(text, fileName); });
+    failed = failed || !ended;
+    return ended;
 }
 
 /// The numbers tell the texts apart where errors are reported.
@@ -93,6 +97,16 @@ std::string qxScript::executeNUSR(const char *expression)
 bool qxScriptRunner::run(const std::string &text, const std::string &fileName)
 {
     return ::run(text, fileName, false);
+}
+
+bool qxScriptRunner::haveFailed()
+{
+    return failed;
+}
+
+bool qxScriptRunner::wereInterrupted()
+{
+    return qxScriptError::wereInterrupted();
 }
 
 bool qxScriptRunner::setEnabled(bool enable)

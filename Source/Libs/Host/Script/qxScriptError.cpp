@@ -8,6 +8,8 @@ namespace {
 
 namespace python = boost::python;
 
+bool interrupted = false;
+
 /// The current Python error, taken from the interpreter.
 struct Error {
     Error()
@@ -107,10 +109,12 @@ bool reportExit(const Error &error)
 /// The scripts around this one end as well, and only the outermost one tells.
 bool reportInterrupt()
 {
-    if (qxScriptLevel::isNested())
+    if (qxScriptLevel::isNested()) {
         qxScriptLevel::interrupt();
-    else
-        qxLog::error("script error: interrupted");
+        return false;
+    }
+    qxLog::error("script error: interrupted");
+    interrupted = true;
     return false;
 }
 
@@ -127,4 +131,9 @@ bool qxScriptError::report(const std::string &text, const std::string &fileName)
         return reportInterrupt();
     qxLog::error("script error:\n%s", format(error, text, fileName).c_str());
     return false;
+}
+
+bool qxScriptError::wereInterrupted()
+{
+    return interrupted;
 }

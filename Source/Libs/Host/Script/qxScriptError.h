@@ -8,4 +8,6 @@ public:
     /// Takes the current Python error and writes it to the log, with the traceback and the lines of
     /// `text` that it goes through. False; true when it was an exit() that reports success.
     static bool report(const std::string &text, const std::string &fileName);
+    /// Whether Ctrl-C has ended a script that was not inside another one.
+    static bool wereInterrupted();
 };

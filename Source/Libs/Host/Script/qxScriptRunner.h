@@ -26,6 +26,11 @@ public:
     /// that reports success.
     static bool run(const std::string &text, const std::string &fileName);
 
+    /// Whether any script so far failed, those inside of others and the interrupted ones included.
+    static bool haveFailed();
+    /// Whether Ctrl-C has ended a script that was not inside another one.
+    static bool wereInterrupted();
+
     /// With false, what qxScript::run is given is left out from now on. True at start. Returns what
     /// was set before.
     static bool setEnabled(bool enabled);
