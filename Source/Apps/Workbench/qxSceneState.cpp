@@ -11,6 +11,7 @@
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
+#include <algorithm>
 #include <map>
 
 namespace {
@@ -149,6 +150,21 @@ QList<qxSceneChange> qxSceneState::changesTo(const qxSceneState &later) const
                                  materialText(material, after.choice)};
     }
     return changes;
+}
+
+bool qxSceneState::isLike(const qxSceneState &other) const
+{
+    const auto isSameNode = [](const NodeState &one, const NodeState &two) {
+        return one.node.get() == two.node.get() && one.mask == two.mask && one.choice == two.choice
+            && one.pose == two.pose;
+    };
+    const auto isSameMaterial = [](const MaterialState &one, const MaterialState &two) {
+        return one.material.get() == two.material.get() && one.choice == two.choice;
+    };
+    return std::equal(m_nodes.begin(), m_nodes.end(), other.m_nodes.begin(), other.m_nodes.end(),
+                      isSameNode)
+        && std::equal(m_materials.begin(), m_materials.end(), other.m_materials.begin(),
+                      other.m_materials.end(), isSameMaterial);
 }
 
 void qxSceneState::restore() const

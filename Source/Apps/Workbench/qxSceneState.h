@@ -26,6 +26,8 @@ public:
 
     /// What differs in `later`, in scene order, materials last.
     QList<qxSceneChange> changesTo(const qxSceneState &later) const;
+    /// Whether the same nodes and materials stand the same way.
+    bool isLike(const qxSceneState &other) const;
     /// Makes the scene stand like this again, as far as its nodes and materials are still there;
     /// poses are left out.
     void restore() const;

@@ -85,19 +85,19 @@ bool qxSession::open(const QString &path)
 {
     if (!openScene(path))
         return false;
-    if (!m_file.variantsDocument().isEmpty())
-        return readDocument(m_file.variantsDocument());
+    if (!m_file->variantsDocument().isEmpty())
+        return readDocument(m_file->variantsDocument());
     importVariants();
     return true;
 }
 
 void qxSession::importVariants()
 {
-    if (m_file.materialVariants().empty())
+    if (m_file->materialVariants().empty())
         return;
     qxVariantGroup *const group = qxVariants::createVariantGroup(
         qxVariants::getUniqueVariantGroupName(QStringLiteral("Material Variants")), true, true);
-    for (const qxSceneVariant &variant : m_file.materialVariants()) {
+    for (const qxSceneVariant &variant : m_file->materialVariants()) {
         qxVariantSet *const set = qxVariants::createVariantSet(
             qxVariants::getUniqueVariantSetName(variant.name), true, group);
         for (const QPair<QString, QString> &choice : variant.materials)
@@ -106,15 +106,22 @@ void qxSession::importVariants()
     m_imported = qxVariantWriter().write();
 }
 
-bool qxSession::openScene(const QString &path)
+void qxSession::close()
 {
     m_failure.clear();
+    m_imported.clear();
     m_host.clearScene();
-    if (m_file.load(path)) {
-        logWarnings(m_file);
+    m_file = std::make_unique<qxSceneFile>();
+}
+
+bool qxSession::openScene(const QString &path)
+{
+    close();
+    if (m_file->load(path)) {
+        logWarnings(*m_file);
         return true;
     }
-    return fail(m_file.errorString());
+    return fail(m_file->errorString());
 }
 
 bool qxSession::readDocument(const QByteArray &xml)
@@ -148,14 +155,14 @@ bool qxSession::isEmpty() const
 bool qxSession::save(const QString &path)
 {
     m_failure.clear();
-    if (!isEmpty() || !m_file.variantsDocument().isEmpty()) {
+    if (!isEmpty() || !m_file->variantsDocument().isEmpty()) {
         const QByteArray document = qxVariantWriter().write();
         if (document != m_imported)
-            m_file.setVariantsDocument(document);
+            m_file->setVariantsDocument(document);
     }
-    if (m_file.save(path)) {
-        logWarnings(m_file);
+    if (m_file->save(path)) {
+        logWarnings(*m_file);
         return true;
     }
-    return fail(m_file.errorString());
+    return fail(m_file->errorString());
 }

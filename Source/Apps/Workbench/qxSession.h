@@ -25,6 +25,8 @@ public:
     bool open(const QString &path);
     /// Loads the scene alone; its document stays as it is until readDocument.
     bool openScene(const QString &path);
+    /// Leaves an empty scene that has no file.
+    void close();
     /// Reads the variants of `xml` into the opened scene, which has none yet.
     bool readDocument(const QByteArray &xml);
 
@@ -37,7 +39,7 @@ public:
     /// Saves when the option --save was given; true when there was nothing to do.
     bool saveIfAsked(const QString &path) { return path.isEmpty() || save(path); }
 
-    const qxSceneFile &file() const { return m_file; }
+    const qxSceneFile &file() const { return *m_file; }
     /// Why the last operation failed, for people; empty when it did not.
     QString failure() const { return m_failure; }
 
@@ -48,7 +50,7 @@ private:
     std::optional<qxStrayOutput> m_stray; ///< what libraries say while the host ends
     qxHost m_host;
     std::unique_ptr<qxTrace> m_trace;
-    qxSceneFile m_file;
+    std::unique_ptr<qxSceneFile> m_file = std::make_unique<qxSceneFile>();
     QString m_failure;
     QByteArray m_imported; ///< the document of the variants as the file's own became them
 };

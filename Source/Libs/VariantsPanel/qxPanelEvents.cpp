@@ -34,6 +34,11 @@ qxPanelEvents::~qxPanelEvents()
     qxController::removeListener(m_listener);
 }
 
+void qxPanelEvents::announceOtherStates()
+{
+    qxController::call("variantSetSelected", 1);
+}
+
 void qxPanelEvents::announceEditedSets()
 {
     qxController::call(variantSetChanged, 1);

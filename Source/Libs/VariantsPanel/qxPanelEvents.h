@@ -24,6 +24,8 @@ public:
 
     /// Announces to everyone that what sets or groups hold was edited.
     static void announceEditedSets();
+    /// Announces that the scene may stand another way, by no variant's doing.
+    static void announceOtherStates();
 
 signals:
     /// Sets or groups came, went or were edited.

@@ -139,6 +139,7 @@ bool qxSceneTreeModel::setData(const QModelIndex &index, const QVariant &value, 
         node->setTravMask(value.toInt() == Qt::Unchecked ? 0 : everything);
     }
     emit dataChanged(index, index);
+    emit visibilityTicked(index);
     qxController::updateRender(false);
     return true;
 }

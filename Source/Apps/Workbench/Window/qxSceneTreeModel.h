@@ -35,6 +35,10 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+signals:
+    /// The user showed or hid this node.
+    void visibilityTicked(const QModelIndex &index);
+
 private:
     struct Row {
         osg::NodeRefPtr node;

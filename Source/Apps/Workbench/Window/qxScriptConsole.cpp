@@ -85,6 +85,7 @@ void qxScriptConsole::enter()
     m_history.append(statement.trimmed());
     m_recalled = m_history.size();
     m_input->clear();
+    emit statementRan();
 }
 
 void qxScriptConsole::recall(int step)

@@ -17,6 +17,10 @@ public:
     QPlainTextEdit *input() const { return m_input; }
     QPlainTextEdit *output() const { return m_output; }
 
+signals:
+    /// A statement ran, whatever it did.
+    void statementRan();
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 

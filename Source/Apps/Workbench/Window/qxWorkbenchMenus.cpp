@@ -8,18 +8,9 @@
 #include "qxWorkbenchWindow.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QSettings>
 #include <QUndoStack>
-
-namespace {
-
-const char *const recentKey = "recentFiles";
-const int recentCount = 8;
-
-} // namespace
 
 void qxWorkbenchWindow::buildFileMenu()
 {
@@ -33,32 +24,6 @@ void qxWorkbenchWindow::buildFileMenu()
                     QKeySequence::SaveAs);
     menu->addSeparator();
     menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
-}
-
-void qxWorkbenchWindow::fillRecentMenu()
-{
-    m_recent->clear();
-    const QStringList paths = QSettings().value(recentKey).toStringList();
-    for (const QString &path : paths) {
-        QAction *const action = m_recent->addAction(QFileInfo(path).fileName());
-        action->setToolTip(path);
-        action->setEnabled(QFileInfo::exists(path));
-        connect(action, &QAction::triggered, this, [this, path] {
-            if (mayLeave())
-                openFile(path);
-        });
-    }
-    m_recent->setToolTipsVisible(true);
-}
-
-void qxWorkbenchWindow::rememberRecent(const QString &path)
-{
-    QSettings settings;
-    QStringList paths = settings.value(recentKey).toStringList();
-    const QString whole = QFileInfo(path).absoluteFilePath();
-    paths.removeAll(whole);
-    paths.prepend(whole);
-    settings.setValue(recentKey, QStringList(paths.mid(0, recentCount)));
 }
 
 void qxWorkbenchWindow::buildEditMenu()

@@ -4,6 +4,7 @@
 #include "qxVariantsDock.h"
 
 #include "Core/qxMainWindow.h"
+#include "qxController.h"
 #include "qxLogView.h"
 #include "qxNodeUtils.h"
 #include "qxPanelEvents.h"
@@ -11,33 +12,19 @@
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
 #include "qxSession.h"
+#include "qxUnsavedChanges.h"
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QHeaderView>
-#include <QMessageBox>
-#include <QMimeData>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTreeView>
-#include <QUndoStack>
 
 namespace {
 
 const char *const layoutKey = "window/layout";
 const char *const geometryKey = "window/geometry";
-
-QString sceneFileIn(const QMimeData &data)
-{
-    for (const QUrl &url : data.urls()) {
-        const QString suffix = QFileInfo(url.toLocalFile()).suffix().toLower();
-        if (suffix == QLatin1String("gltf") || suffix == QLatin1String("glb"))
-            return url.toLocalFile();
-    }
-    return QString();
-}
 
 } // namespace
 
@@ -60,8 +47,10 @@ qxWorkbenchWindow::qxWorkbenchWindow()
             [this](const QString &text) { statusBar()->showMessage(text); });
     connect(m_sets, &qxVariantSetsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
-    for (const auto changed : {&qxPanelEvents::setsChanged, &qxPanelEvents::variantsChanged})
-        connect(m_events, changed, this, [this] { setWindowModified(!m_path.isEmpty()); });
+    m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
+    connect(m_unsaved, &qxUnsavedChanges::looked, this, &QWidget::setWindowModified);
+    connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_unsaved, &qxUnsavedChanges::look);
+    connect(m_console, &qxScriptConsole::statementRan, this, &qxWorkbenchWindow::followScripts);
     showPath(QString());
     restoreLayout();
 }
@@ -70,6 +59,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
 {
     // What shows the scene goes before the scene.
     m_before.reset();
+    delete m_unsaved;
     delete takeCentralWidget();
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         delete dock;
@@ -122,87 +112,6 @@ QDockWidget *qxWorkbenchWindow::dockOf(QWidget *contents, const QString &title, 
     return dock;
 }
 
-bool qxWorkbenchWindow::openFile(const QString &path)
-{
-    m_before.reset();
-    m_back->setEnabled(false);
-    m_lastError.clear();
-    const bool isOpen = m_session->open(path);
-    m_sets->undoStack()->clear();
-    m_tree->refresh();
-    m_view->showNewScene();
-    m_events->flush();
-    showPath(isOpen ? path : QString());
-    if (isOpen)
-        rememberRecent(path);
-    else
-        showFailure(tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()));
-    return isOpen;
-}
-
-bool qxWorkbenchWindow::saveFile(const QString &path)
-{
-    m_lastError.clear();
-    if (!m_session->save(path)) {
-        showFailure(tr("\"%1\" cannot be saved.").arg(QFileInfo(path).fileName()));
-        return false;
-    }
-    m_sets->undoStack()->setClean();
-    showPath(path);
-    rememberRecent(path);
-    return true;
-}
-
-void qxWorkbenchWindow::showFailure(const QString &what)
-{
-    const QString reason = m_session->failure().isEmpty() ? m_lastError : m_session->failure();
-    QMessageBox::warning(this, tr("Workbench"), what + QStringLiteral("\n\n") + reason);
-}
-
-void qxWorkbenchWindow::showPath(const QString &path)
-{
-    m_path = path;
-    setWindowFilePath(path);
-    setWindowTitle(path.isEmpty() ? tr("Workbench")
-                                  : tr("%1[*] - Workbench").arg(QFileInfo(path).fileName()));
-    setWindowModified(false);
-}
-
-void qxWorkbenchWindow::askAndOpen()
-{
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Open a scene"), QFileInfo(m_path).path(), tr("Scenes (*.gltf *.glb)"));
-    if (!path.isEmpty() && mayLeave())
-        openFile(path);
-}
-
-void qxWorkbenchWindow::askAndSaveAs()
-{
-    const QString path = QFileDialog::getSaveFileName(this, tr("Save the scene"), m_path,
-                                                      tr("Scenes (*.gltf *.glb)"));
-    if (!path.isEmpty())
-        saveFile(path);
-}
-
-bool qxWorkbenchWindow::save()
-{
-    if (m_path.isEmpty())
-        askAndSaveAs();
-    return !m_path.isEmpty() && saveFile(m_path);
-}
-
-bool qxWorkbenchWindow::mayLeave()
-{
-    if (!isWindowModified())
-        return true;
-    const QMessageBox::StandardButton answer = QMessageBox::question(
-        this, tr("Workbench"), tr("\"%1\" has unsaved changes.").arg(QFileInfo(m_path).fileName()),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-    if (answer == QMessageBox::Save)
-        return save();
-    return answer == QMessageBox::Discard;
-}
-
 void qxWorkbenchWindow::closeEvent(QCloseEvent *event)
 {
     if (!mayLeave())
@@ -219,19 +128,6 @@ void qxWorkbenchWindow::restoreLayout()
     resize(1280, 800);
     restoreGeometry(settings.value(geometryKey).toByteArray());
     restoreState(settings.value(layoutKey).toByteArray());
-}
-
-void qxWorkbenchWindow::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (!sceneFileIn(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-}
-
-void qxWorkbenchWindow::dropEvent(QDropEvent *event)
-{
-    const QString path = sceneFileIn(*event->mimeData());
-    if (!path.isEmpty() && mayLeave())
-        openFile(path);
 }
 
 void qxWorkbenchWindow::showPicked(const osg::NodePtr &node)
@@ -256,6 +152,14 @@ void qxWorkbenchWindow::goBack()
     const std::unique_ptr<qxSceneKeeper> before = std::move(m_before);
     rememberForBack(); // Back again leads forward.
     before->restore();
+    qxPanelEvents::announceOtherStates();
+    qxController::updateRender(true);
+}
+
+/// What scripts do to nodes nobody announces.
+void qxWorkbenchWindow::followScripts()
+{
+    m_events->flush();
     m_tree->refresh();
-    m_view->update();
+    m_unsaved->look();
 }

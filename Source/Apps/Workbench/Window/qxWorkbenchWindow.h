@@ -14,6 +14,7 @@ class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
 class qxSession;
+class qxUnsavedChanges;
 class qxVariantSetsDock;
 class qxVariantsDock;
 
@@ -28,7 +29,9 @@ public:
     /// Opens a scene in the place of the one shown, without asking. A reason for a failure is
     /// shown, and the window is empty then.
     bool openFile(const QString &path);
+    /// A reason for a failure is shown, and the changes are still unsaved then.
     bool saveFile(const QString &path);
+    /// Empty for a scene that has no file yet.
     QString filePath() const { return m_path; }
 
     qxVariantSetsDock *setsDock() const { return m_sets; }
@@ -37,6 +40,8 @@ public:
 
     /// Puts the scene back to what it was before the last set was selected here.
     void goBack();
+    /// The menu with the files that were opened or saved last, the newest first.
+    QMenu *recentMenu() const { return m_recent; }
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -56,14 +61,17 @@ private:
     void restoreLayout();
 
     void askAndOpen();
-    void askAndSaveAs();
     bool save();
+    bool askAndSaveAs();
     bool mayLeave();
+    void finishTyping();
     void showPath(const QString &path);
     void rememberRecent(const QString &path);
     void showPicked(const osg::NodePtr &node);
     void rememberForBack();
-    void showFailure(const QString &what);
+    void followScripts();
+    QString failureReason() const;
+    void showFailure(const QString &what, const QString &reason);
 
     std::unique_ptr<qxSession> m_session;
     std::unique_ptr<qxSceneKeeper> m_before; ///< what "Back" leads to; null for nothing
@@ -77,6 +85,7 @@ private:
     QTreeView *m_treeView;
     qxLogView *m_log;
     qxScriptConsole *m_console;
+    qxUnsavedChanges *m_unsaved;
     QMenu *m_recent;
     QAction *m_back;
 };

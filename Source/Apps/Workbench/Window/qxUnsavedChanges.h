@@ -1,0 +1,38 @@
+#pragma once
+
+#include "qxSceneState.h"
+
+#include <QByteArray>
+#include <QObject>
+
+class QUndoStack;
+class qxPanelEvents;
+
+/// Whether a save would write something else than was opened or saved last: edited sets and
+/// variants, or a scene that stands another way.
+///
+/// It compares, so what is taken back is no change.
+class qxUnsavedChanges : public QObject {
+    Q_OBJECT
+
+public:
+    qxUnsavedChanges(const QUndoStack *edits, qxPanelEvents *events, QObject *parent);
+
+    /// What is there now is in the file.
+    void forget();
+    /// Looks again; for what nobody announces.
+    void look();
+    bool areThere();
+
+signals:
+    void looked(bool areThere);
+
+private:
+    const QUndoStack *m_edits;
+    QByteArray m_document; ///< its hash
+    qxSceneState m_scene;
+    bool m_mayDocumentDiffer = false;
+    bool m_maySceneDiffer = false;
+    bool m_doesDocumentDiffer = false;
+    bool m_doesSceneDiffer = false;
+};

@@ -1,0 +1,232 @@
+#include "qxVariantSetsDock.h"
+
+#include "qxController.h"
+#include "qxPanelEvents.h"
+#include "qxSceneTreeModel.h"
+#include "qxSceneView.h"
+#include "qxSession.h"
+#include "qxUnsavedChanges.h"
+#include "qxWorkbenchWindow.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPointer>
+#include <QSettings>
+#include <QStatusBar>
+#include <QUndoStack>
+
+namespace {
+
+const char *const recentKey = "recentFiles";
+const int recentCount = 8;
+
+/// Says what takes its time, as long as it lives.
+class BusyLine {
+public:
+    BusyLine(QStatusBar *bar, const QString &text) : m_bar(bar)
+    {
+        qxController::setBusy(true, true);
+        bar->showMessage(text);
+        bar->repaint(); // Nothing else is painted until the work is done.
+    }
+    BusyLine(const BusyLine &) = delete;
+    ~BusyLine()
+    {
+        m_bar->clearMessage();
+        qxController::setBusy(false, true);
+    }
+
+private:
+    QStatusBar *m_bar;
+};
+
+QStringList sceneFilesIn(const QMimeData &data)
+{
+    QStringList paths;
+    for (const QUrl &url : data.urls()) {
+        const QString suffix = QFileInfo(url.toLocalFile()).suffix().toLower();
+        if (suffix == QLatin1String("gltf") || suffix == QLatin1String("glb"))
+            paths << url.toLocalFile();
+    }
+    return paths;
+}
+
+} // namespace
+
+bool qxWorkbenchWindow::openFile(const QString &path)
+{
+    const QString name = QFileInfo(path).fileName();
+    m_before.reset();
+    m_back->setEnabled(false);
+    m_lastError.clear();
+    bool isOpen = false;
+    QString reason;
+    {
+        const BusyLine busy(statusBar(), tr("Opening \"%1\"...").arg(name));
+        isOpen = m_session->open(path);
+        reason = failureReason();
+        if (!isOpen)
+            m_session->close(); // Half a scene must not be saved.
+        m_sets->undoStack()->clear();
+        m_tree->refresh();
+        m_view->showNewScene();
+        m_events->flush();
+        m_unsaved->forget();
+    }
+    showPath(isOpen ? path : QString());
+    if (isOpen)
+        rememberRecent(path);
+    else
+        showFailure(tr("\"%1\" cannot be opened.").arg(name), reason);
+    return isOpen;
+}
+
+bool qxWorkbenchWindow::saveFile(const QString &path)
+{
+    const QString name = QFileInfo(path).fileName();
+    m_lastError.clear();
+    bool isSaved = false;
+    {
+        const BusyLine busy(statusBar(), tr("Saving \"%1\"...").arg(name));
+        isSaved = m_session->save(path);
+    }
+    if (!isSaved) {
+        showFailure(tr("\"%1\" cannot be saved.").arg(name), failureReason());
+        return false;
+    }
+    m_events->flush();
+    m_sets->undoStack()->setClean();
+    m_unsaved->forget();
+    showPath(path);
+    rememberRecent(path);
+    statusBar()->showMessage(tr("\"%1\" is saved.").arg(name), 5000);
+    return true;
+}
+
+QString qxWorkbenchWindow::failureReason() const
+{
+    return m_session->failure().isEmpty() ? m_lastError : m_session->failure();
+}
+
+void qxWorkbenchWindow::showFailure(const QString &what, const QString &reason)
+{
+    QMessageBox box(QMessageBox::Warning, tr("Workbench"), what, QMessageBox::Ok, this);
+    box.setInformativeText(reason);
+    box.exec();
+}
+
+void qxWorkbenchWindow::showPath(const QString &path)
+{
+    m_path = path;
+    setWindowFilePath(path);
+    setWindowTitle(path.isEmpty() ? tr("Workbench[*]")
+                                  : tr("%1[*] - Workbench").arg(QFileInfo(path).fileName()));
+}
+
+void qxWorkbenchWindow::askAndOpen()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Open a scene"), QFileInfo(m_path).path(), tr("Scenes (*.gltf *.glb)"));
+    if (!path.isEmpty() && mayLeave())
+        openFile(path);
+}
+
+bool qxWorkbenchWindow::askAndSaveAs()
+{
+    finishTyping();
+    QFileDialog dialog(this, tr("Save the scene"), QFileInfo(m_path).path(),
+                       tr("Scenes (*.gltf *.glb)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    const QString suffix = QFileInfo(m_path).suffix();
+    dialog.setDefaultSuffix(suffix.isEmpty() ? QStringLiteral("gltf") : suffix);
+    dialog.selectFile(QFileInfo(m_path).fileName());
+    return dialog.exec() == QDialog::Accepted && saveFile(dialog.selectedFiles().value(0));
+}
+
+bool qxWorkbenchWindow::save()
+{
+    finishTyping();
+    return m_path.isEmpty() ? askAndSaveAs() : saveFile(m_path);
+}
+
+/// Fields take what was typed when they are left.
+void qxWorkbenchWindow::finishTyping()
+{
+    QWidget *const field = focusWidget();
+    if (!field)
+        return;
+    const QPointer<QWidget> alive(field);
+    field->clearFocus();
+    m_events->flush();
+    if (alive)
+        alive->setFocus();
+}
+
+bool qxWorkbenchWindow::mayLeave()
+{
+    finishTyping();
+    if (!m_unsaved->areThere())
+        return true;
+    const QString text = m_path.isEmpty()
+        ? tr("The scene has unsaved changes.")
+        : tr("\"%1\" has unsaved changes.").arg(QFileInfo(m_path).fileName());
+    const QMessageBox::StandardButton answer = QMessageBox::question(
+        this, tr("Workbench"), text, QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+        QMessageBox::Save);
+    if (answer == QMessageBox::Save)
+        return save();
+    return answer == QMessageBox::Discard;
+}
+
+void qxWorkbenchWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!sceneFilesIn(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void qxWorkbenchWindow::dropEvent(QDropEvent *event)
+{
+    const QStringList paths = sceneFilesIn(*event->mimeData());
+    if (paths.isEmpty() || !mayLeave())
+        return;
+    event->acceptProposedAction();
+    if (openFile(paths.first()) && paths.size() > 1)
+        statusBar()->showMessage(tr("One scene is open at a time: the others were left out."),
+                                 15000);
+}
+
+void qxWorkbenchWindow::fillRecentMenu()
+{
+    m_recent->clear();
+    m_recent->setToolTipsVisible(true);
+    int number = 0;
+    for (const QString &path : QSettings().value(recentKey).toStringList()) {
+        QString name = QFileInfo(path).fileName();
+        name.replace(QLatin1Char('&'), QLatin1String("&&"));
+        QAction *const action =
+            m_recent->addAction(QStringLiteral("&%1 %2").arg(++number).arg(name));
+        action->setToolTip(path);
+        action->setEnabled(QFileInfo::exists(path));
+        connect(action, &QAction::triggered, this, [this, path] {
+            if (mayLeave())
+                openFile(path);
+        });
+    }
+    if (number == 0)
+        m_recent->addAction(tr("None yet"))->setEnabled(false);
+}
+
+void qxWorkbenchWindow::rememberRecent(const QString &path)
+{
+    QSettings settings;
+    QStringList paths = settings.value(recentKey).toStringList();
+    const QString whole = QFileInfo(path).absoluteFilePath();
+    paths.removeAll(whole);
+    paths.prepend(whole);
+    settings.setValue(recentKey, QStringList(paths.mid(0, recentCount)));
+}
