@@ -70,7 +70,7 @@ qxSetForm::qxSetForm(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent)
     connect(m_values, &QTableWidget::itemChanged, this, &qxSetForm::takeValues);
     m_comment->installEventFilter(this);
     m_script->installEventFilter(this);
-    refresh();
+    retranslate();
 }
 
 void qxSetForm::buildFields()
@@ -80,38 +80,67 @@ void qxSetForm::buildFields()
     m_comment = new QPlainTextEdit;
     m_comment->setTabChangesFocus(true);
     m_comment->setMaximumHeight(4 * fontMetrics().height());
-    m_hotkey = new QKeySequenceEdit;
-    auto *const noHotkey = new QToolButton;
-    noHotkey->setText(tr("Clear"));
-    connect(noHotkey, &QToolButton::clicked, this, [this] {
-        m_hotkey->clear();
-        takeHotkey();
-    });
-    auto *const hotkeyLine = new QHBoxLayout;
-    hotkeyLine->addWidget(m_hotkey, 1);
-    hotkeyLine->addWidget(noHotkey);
     m_viewpoint = new QComboBox;
     m_script = new QPlainTextEdit;
     m_script->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_script->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_script->setTabChangesFocus(true);
     m_values = new QTableWidget(0, 2);
-    m_values->setHorizontalHeaderLabels({tr("Key"), tr("Value")});
     m_values->horizontalHeader()->setStretchLastSection(true);
     m_values->verticalHeader()->hide();
-
     m_values->setMaximumHeight(6 * fontMetrics().height());
+    layFieldsOut();
+}
 
-    auto *const hotkeyLabel = new QLabel(tr("&Key"));
-    hotkeyLabel->setBuddy(m_hotkey);
+QWidget *qxSetForm::buildHotkeyLine()
+{
+    m_hotkey = new QKeySequenceEdit;
+    m_noHotkey = new QToolButton;
+    connect(m_noHotkey, &QToolButton::clicked, this, [this] {
+        m_hotkey->clear();
+        takeHotkey();
+    });
+    auto *const line = new QWidget;
+    line->setFocusProxy(m_hotkey);
+    auto *const layout = new QHBoxLayout(line);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_hotkey, 1);
+    layout->addWidget(m_noHotkey);
+    return line;
+}
+
+void qxSetForm::layFieldsOut()
+{
     auto *const layout = new QFormLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
-    layout->addRow(tr("&Comment"), m_comment);
-    layout->addRow(hotkeyLabel, hotkeyLine);
-    layout->addRow(tr("&Viewpoint"), m_viewpoint);
-    layout->addRow(tr("&Script"), m_script);
-    layout->addRow(tr("Va&lues"), m_values);
-    layout->addRow(tr("States"), m_contents);
+    const auto addRow = [&](const char *text, QWidget *field) {
+        auto *const label = new QLabel;
+        label->setBuddy(field->focusProxy() ? field->focusProxy() : field);
+        layout->addRow(label, field);
+        m_labels.append({label, text});
+    };
+    addRow(QT_TR_NOOP("&Comment"), m_comment);
+    addRow(QT_TR_NOOP("&Key"), buildHotkeyLine());
+    addRow(QT_TR_NOOP("View&point"), m_viewpoint);
+    addRow(QT_TR_NOOP("Sc&ript"), m_script);
+    addRow(QT_TR_NOOP("Va&lues"), m_values);
+    addRow(QT_TR_NOOP("States"), m_contents);
+}
+
+void qxSetForm::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void qxSetForm::retranslate()
+{
+    for (const auto &label : m_labels)
+        label.first->setText(tr(label.second));
+    m_noHotkey->setText(tr("Clear"));
+    m_values->setHorizontalHeaderLabels({tr("Key", "of a value"), tr("Value")});
+    refresh();
 }
 
 void qxSetForm::showSet(const QString &name)

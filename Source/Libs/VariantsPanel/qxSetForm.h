@@ -9,6 +9,7 @@ class QKeySequenceEdit;
 class QLabel;
 class QPlainTextEdit;
 class QTableWidget;
+class QToolButton;
 class qxPanelEvents;
 class qxSetEdits;
 class qxVariantSet;
@@ -26,9 +27,13 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void buildFields();
+    QWidget *buildHotkeyLine();
+    void layFieldsOut();
+    void retranslate();
     void refresh();
     void showContents(const qxVariantSet &set);
     void showViewpoints(const QString &chosen);
@@ -47,7 +52,9 @@ private:
     QLabel *m_contents;
     QPlainTextEdit *m_comment;
     QKeySequenceEdit *m_hotkey;
+    QToolButton *m_noHotkey;
     QComboBox *m_viewpoint;
     QPlainTextEdit *m_script;
     QTableWidget *m_values;
+    QList<QPair<QLabel *, const char *>> m_labels; ///< with texts to be translated
 };

@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
@@ -22,13 +23,13 @@
 #include <QVBoxLayout>
 
 qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
-    : QDockWidget(QCoreApplication::translate("qxVariants", "Variant Sets"), parent),
-      m_events(new qxPanelEvents(this)), m_edits(new qxSetEdits(this)),
+    : QDockWidget(parent), m_events(new qxPanelEvents(this)), m_edits(new qxSetEdits(this)),
       m_view(new qxSetsView(m_events, m_edits)), m_form(new qxSetForm(m_events, m_edits))
 {
     setObjectName(QStringLiteral("qxVariantSetsDock"));
     buildActions();
     buildContents();
+    retranslate();
     connect(m_view, &qxSetsView::activated, this, &qxVariantSetsDock::selectSet);
     connect(m_view, &qxSetsView::currentChanged, this, &qxVariantSetsDock::followCurrent);
     connect(m_view, &qxSetsView::menuRequested, this, &qxVariantSetsDock::showMenu);
@@ -36,6 +37,25 @@ qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     auto *const hotkeys = new qxSetHotkeys(this);
     connect(hotkeys, &qxSetHotkeys::pressed, this, &qxVariantSetsDock::selectSet);
     followCurrent();
+}
+
+void qxVariantSetsDock::changeEvent(QEvent *event)
+{
+    QDockWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void qxVariantSetsDock::retranslate()
+{
+    setWindowTitle(QCoreApplication::translate("qxVariants", "Variant Sets"));
+    m_search->setPlaceholderText(tr("Search sets"));
+    m_gallery->setText(tr("Gallery"));
+    m_gallery->setToolTip(tr("Show the previews of all sets"));
+    m_capture->setText(tr("Capture..."));
+    m_capture->setToolTip(tr("Make a set of what the scene shows now"));
+    for (int number = 0; number < m_actions.size(); ++number)
+        m_actions[number]->setText(tr(m_texts[number]));
 }
 
 QUndoStack *qxVariantSetsDock::undoStack() const
@@ -67,25 +87,20 @@ QWidget *qxVariantSetsDock::buildTopLine()
     auto *const line = new QWidget;
     auto *const layout = new QHBoxLayout(line);
     layout->setContentsMargins(4, 4, 4, 0);
-    auto *const search = new QLineEdit;
-    search->setObjectName(QStringLiteral("search"));
-    search->setPlaceholderText(tr("Search sets"));
-    search->setClearButtonEnabled(true);
-    connect(search, &QLineEdit::textChanged, m_view, &qxSetsView::setSearch);
-    auto *const gallery = new QToolButton;
-    gallery->setObjectName(QStringLiteral("gallery"));
-    gallery->setText(tr("Gallery"));
-    gallery->setToolTip(tr("Show the previews of all sets"));
-    gallery->setCheckable(true);
-    connect(gallery, &QToolButton::toggled, m_view,
+    m_search = new QLineEdit;
+    m_search->setObjectName(QStringLiteral("search"));
+    m_search->setClearButtonEnabled(true);
+    connect(m_search, &QLineEdit::textChanged, m_view, &qxSetsView::setSearch);
+    m_gallery = new QToolButton;
+    m_gallery->setObjectName(QStringLiteral("gallery"));
+    m_gallery->setCheckable(true);
+    connect(m_gallery, &QToolButton::toggled, m_view,
             [this](bool on) { m_view->setForm(on ? qxSetsView::Gallery : qxSetsView::List); });
-    auto *const capture = new QToolButton;
-    capture->setText(tr("Capture..."));
-    capture->setToolTip(tr("Make a set of what the scene shows now"));
-    connect(capture, &QToolButton::clicked, this, &qxVariantSetsDock::captureSet);
-    layout->addWidget(search, 1);
-    layout->addWidget(gallery);
-    layout->addWidget(capture);
+    m_capture = new QToolButton;
+    connect(m_capture, &QToolButton::clicked, this, &qxVariantSetsDock::captureSet);
+    layout->addWidget(m_search, 1);
+    layout->addWidget(m_gallery);
+    layout->addWidget(m_capture);
     return line;
 }
 
@@ -93,28 +108,32 @@ QWidget *qxVariantSetsDock::buildTopLine()
 void qxVariantSetsDock::buildActions()
 {
     typedef qxVariantSetsDock Dock;
-    m_ofSets << addAction(tr("&Select"), QKeySequence(), &Dock::selectCurrent);
-    addAction(tr("&Add Set"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_N), &Dock::addSet);
-    addAction(tr("Add &Group"), QKeySequence(), &Dock::addGroup);
-    addAction(tr("&Capture..."), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_C), &Dock::captureSet);
-    m_ofSets << addAction(tr("&Update from Scene..."), QKeySequence(), &Dock::updateSet);
-    m_ofSets << addAction(tr("New &Preview"), QKeySequence(), &Dock::makePreview);
-    addAction(tr("&Rename"), QKeySequence(Qt::Key_F2), &Dock::renameCurrent);
-    m_ofSets << addAction(tr("&Duplicate"), QKeySequence(Qt::CTRL + Qt::Key_D),
+    m_ofSets << addAction(QT_TR_NOOP("&Select"), QKeySequence(), &Dock::selectCurrent);
+    addAction(QT_TR_NOOP("&Add Set"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_N),
+              &Dock::addSet);
+    addAction(QT_TR_NOOP("Add &Group"), QKeySequence(), &Dock::addGroup);
+    addAction(QT_TR_NOOP("&Capture..."), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_C),
+              &Dock::captureSet);
+    m_ofSets << addAction(QT_TR_NOOP("&Update from Scene..."), QKeySequence(), &Dock::updateSet);
+    m_ofSets << addAction(QT_TR_NOOP("New &Preview"), QKeySequence(), &Dock::makePreview);
+    addAction(QT_TR_NOOP("&Rename"), QKeySequence(Qt::Key_F2), &Dock::renameCurrent);
+    m_ofSets << addAction(QT_TR_NOOP("&Duplicate"), QKeySequence(Qt::CTRL + Qt::Key_D),
                           &Dock::duplicateSet);
-    addAction(tr("De&lete"), QKeySequence::Delete, &Dock::removeCurrent);
-    m_ofSets << addAction(tr("Show Connected &Variants"), QKeySequence(), &Dock::showConnected);
+    addAction(QT_TR_NOOP("De&lete"), QKeySequence::Delete, &Dock::removeCurrent);
+    m_ofSets << addAction(QT_TR_NOOP("Show Connected &Variants"), QKeySequence(),
+                          &Dock::showConnected);
 }
 
-QAction *qxVariantSetsDock::addAction(const QString &text, const QKeySequence &key,
+QAction *qxVariantSetsDock::addAction(const char *text, const QKeySequence &key,
                                       void (qxVariantSetsDock::*run)())
 {
-    auto *const action = new QAction(text, this);
+    auto *const action = new QAction(this);
     action->setShortcut(key);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(action, &QAction::triggered, this, run);
     m_view->addAction(action);
     m_actions << action;
+    m_texts << text;
     return action;
 }
 

@@ -3,7 +3,9 @@
 #include <QDockWidget>
 
 class QAction;
+class QLineEdit;
 class QMenu;
+class QToolButton;
 class QUndoStack;
 class qxPanelEvents;
 class qxSetEdits;
@@ -34,11 +36,14 @@ signals:
     /// A set is about to be applied by the user: the time to remember the present state.
     void aboutToSelect();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     void buildContents();
     void buildActions();
-    QAction *addAction(const QString &text, const QKeySequence &key,
-                       void (qxVariantSetsDock::*run)());
+    void retranslate();
+    QAction *addAction(const char *text, const QKeySequence &key, void (qxVariantSetsDock::*run)());
     QWidget *buildTopLine();
     void showMenu(const QPoint &globalPosition);
     void fillMoveMenu(QMenu *menu);
@@ -59,6 +64,10 @@ private:
     qxSetEdits *m_edits;
     qxSetsView *m_view;
     qxSetForm *m_form;
+    QLineEdit *m_search;
+    QToolButton *m_gallery;
+    QToolButton *m_capture;
     QList<QAction *> m_actions;
+    QList<const char *> m_texts; ///< of the actions, to be translated
     QList<QAction *> m_ofSets; ///< those that need a set
 };

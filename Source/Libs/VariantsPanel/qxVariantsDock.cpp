@@ -5,11 +5,12 @@
 
 #include "qxPanelEvents.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QTreeView>
 
 qxVariantsDock::qxVariantsDock(QWidget *parent)
-    : QDockWidget(tr("Variants"), parent), m_events(new qxPanelEvents(this)),
+    : QDockWidget(parent), m_events(new qxPanelEvents(this)),
       m_model(new qxVariantsModel(m_events, this)), m_view(new QTreeView)
 {
     setObjectName(QStringLiteral("qxVariantsDock"));
@@ -21,8 +22,23 @@ qxVariantsDock::qxVariantsDock(QWidget *parent)
     m_view->header()->setStretchLastSection(false);
     m_view->expandToDepth(0);
     setWidget(m_view);
+    retranslate();
     connect(m_view, &QTreeView::activated, this, &qxVariantsDock::selectOption);
     connect(m_events, &qxPanelEvents::variantsHighlighted, this, &qxVariantsDock::highlight);
+}
+
+void qxVariantsDock::changeEvent(QEvent *event)
+{
+    QDockWidget::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    retranslate();
+    m_model->retranslate();
+}
+
+void qxVariantsDock::retranslate()
+{
+    setWindowTitle(tr("Variants"));
 }
 
 void qxVariantsDock::selectOption(const QModelIndex &index)

@@ -15,7 +15,11 @@ class qxVariantsDock : public QDockWidget {
 public:
     explicit qxVariantsDock(QWidget *parent = nullptr);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void retranslate();
     void selectOption(const QModelIndex &index);
     void highlight(int kind, const QStringList &names);
 

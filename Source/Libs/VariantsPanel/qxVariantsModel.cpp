@@ -129,6 +129,12 @@ QModelIndex qxVariantsModel::indexOf(int kind, const QString &variant) const
     return row < 0 ? QModelIndex() : createIndex(row, NameColumn, Above{kind, -1}.number());
 }
 
+void qxVariantsModel::retranslate()
+{
+    showAnew(QModelIndex());
+    emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+}
+
 QModelIndex qxVariantsModel::index(int row, int column, const QModelIndex &parent) const
 {
     if (!hasIndex(row, column, parent))

@@ -28,6 +28,8 @@ public:
     /// The name of the option of a row; empty for other rows.
     QString optionAt(const QModelIndex &index) const;
     QModelIndex indexOf(int kind, const QString &variant) const;
+    /// The language is another: views ask for all texts anew.
+    void retranslate();
 
     QModelIndex index(int row, int column, const QModelIndex &parent) const override;
     QModelIndex parent(const QModelIndex &index) const override;

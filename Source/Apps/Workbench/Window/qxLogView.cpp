@@ -2,6 +2,7 @@
 
 #include "qxLog.h"
 
+#include <QEvent>
 #include <QFontDatabase>
 
 namespace {
@@ -28,7 +29,7 @@ qxLogView::qxLogView(QWidget *parent) : QPlainTextEdit(parent)
     setReadOnly(true);
     setMaximumBlockCount(keptLines);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    setPlaceholderText(tr("Nothing was reported."));
+    retranslate();
     m_listener = qxLog::addListener([this](qxLog::Level level, const std::string &text) {
         const QString line = QString::fromStdString(text).trimmed();
         QTextCharFormat format;
@@ -43,4 +44,16 @@ qxLogView::qxLogView(QWidget *parent) : QPlainTextEdit(parent)
 qxLogView::~qxLogView()
 {
     qxLog::removeListener(m_listener);
+}
+
+void qxLogView::changeEvent(QEvent *event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void qxLogView::retranslate()
+{
+    setPlaceholderText(tr("Nothing was reported."));
 }

@@ -14,6 +14,11 @@ signals:
     /// An error line came.
     void errorLogged(const QString &line);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void retranslate();
+
     int m_listener;
 };

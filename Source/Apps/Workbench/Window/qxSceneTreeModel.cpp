@@ -73,6 +73,11 @@ void qxSceneTreeModel::refresh()
     }
 }
 
+void qxSceneTreeModel::retranslate()
+{
+    emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+}
+
 const qxSceneTreeModel::Row *qxSceneTreeModel::rowAt(const QModelIndex &index) const
 {
     return &m_rows[index.isValid() ? std::size_t(index.internalId()) : 0];

@@ -23,6 +23,8 @@ public:
     /// Looks at the scene again: all rows anew when nodes came or went or got other names, else
     /// just their visibility.
     void refresh();
+    /// The language is another: views ask for all texts anew.
+    void retranslate();
     osg::NodePtr nodeAt(const QModelIndex &index) const;
     QModelIndex indexOf(const osg::NodePtr &node) const;
 

@@ -30,7 +30,6 @@ qxScriptConsole::qxScriptConsole(QWidget *parent)
         field->setFont(font);
     m_output->setReadOnly(true);
     m_output->setMaximumBlockCount(5000);
-    m_input->setPlaceholderText(tr("Python, such as: selectVariantSet(\"...\")"));
     m_input->setFixedHeight(4 * m_input->fontMetrics().lineSpacing());
     m_input->installEventFilter(this);
     setFocusProxy(m_input);
@@ -38,6 +37,19 @@ qxScriptConsole::qxScriptConsole(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_output, 1);
     layout->addWidget(m_input);
+    retranslate();
+}
+
+void qxScriptConsole::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void qxScriptConsole::retranslate()
+{
+    m_input->setPlaceholderText(tr("Python, such as: selectVariantSet(\"...\")"));
 }
 
 bool qxScriptConsole::eventFilter(QObject *watched, QEvent *event)

@@ -124,8 +124,13 @@ void qxWorkbenchWindow::showPath(const QString &path)
 {
     m_path = path;
     setWindowFilePath(path);
-    setWindowTitle(path.isEmpty() ? tr("Workbench[*]")
-                                  : tr("%1[*] - Workbench").arg(QFileInfo(path).fileName()));
+    showTitle();
+}
+
+void qxWorkbenchWindow::showTitle()
+{
+    setWindowTitle(m_path.isEmpty() ? tr("Workbench[*]")
+                                    : tr("%1[*] - Workbench").arg(QFileInfo(m_path).fileName()));
 }
 
 void qxWorkbenchWindow::askAndOpen()

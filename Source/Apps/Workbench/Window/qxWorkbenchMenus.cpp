@@ -1,52 +1,82 @@
 #include "qxVariantSetsDock.h"
 
 #include "qxController.h"
+#include "qxLanguage.h"
 #include "qxLogView.h"
 #include "qxOSGWidget.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
 #include "qxWorkbenchWindow.h"
 
+#include <QActionGroup>
 #include <QApplication>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QUndoStack>
 
+QMenu *qxWorkbenchWindow::addMenu(const char *title)
+{
+    auto *const menu = new QMenu(this);
+    named(menuBar()->addMenu(menu), title);
+    return menu;
+}
+
+QAction *qxWorkbenchWindow::named(QAction *action, const char *text)
+{
+    m_texts.append({action, text});
+    return action;
+}
+
 void qxWorkbenchWindow::buildFileMenu()
 {
-    QMenu *const menu = menuBar()->addMenu(tr("&File"));
-    menu->addAction(tr("&Open..."), this, &qxWorkbenchWindow::askAndOpen, QKeySequence::Open);
-    m_recent = menu->addMenu(tr("Open &Recent"));
+    QMenu *const menu = addMenu(QT_TR_NOOP("&File"));
+    named(menu->addAction(QString(), this, &qxWorkbenchWindow::askAndOpen, QKeySequence::Open),
+          QT_TR_NOOP("&Open..."));
+    m_recent = new QMenu(this);
+    named(menu->addMenu(m_recent), QT_TR_NOOP("Open &Recent"));
     connect(m_recent, &QMenu::aboutToShow, this, &qxWorkbenchWindow::fillRecentMenu);
     menu->addSeparator();
-    menu->addAction(tr("&Save"), this, &qxWorkbenchWindow::save, QKeySequence::Save);
-    menu->addAction(tr("Save &As..."), this, &qxWorkbenchWindow::askAndSaveAs,
-                    QKeySequence::SaveAs);
+    named(menu->addAction(QString(), this, &qxWorkbenchWindow::save, QKeySequence::Save),
+          QT_TR_NOOP("&Save"));
+    named(menu->addAction(QString(), this, &qxWorkbenchWindow::askAndSaveAs, QKeySequence::SaveAs),
+          QT_TR_NOOP("Save &As..."));
     menu->addSeparator();
-    menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+    named(menu->addAction(QString(), this, &QWidget::close, QKeySequence::Quit),
+          QT_TR_NOOP("&Quit"));
 }
 
 void qxWorkbenchWindow::buildEditMenu()
 {
-    QMenu *const menu = menuBar()->addMenu(tr("&Edit"));
+    QMenu *const menu = addMenu(QT_TR_NOOP("&Edit"));
     QUndoStack *const stack = m_sets->undoStack();
-    QAction *const undo = stack->createUndoAction(this, tr("&Undo"));
-    undo->setShortcut(QKeySequence::Undo);
-    QAction *const redo = stack->createRedoAction(this, tr("&Redo"));
-    redo->setShortcut(QKeySequence::Redo);
-    menu->addActions({undo, redo});
+    m_undo = menu->addAction(QString(), stack, &QUndoStack::undo, QKeySequence::Undo);
+    m_redo = menu->addAction(QString(), stack, &QUndoStack::redo, QKeySequence::Redo);
+    connect(stack, &QUndoStack::indexChanged, this, &qxWorkbenchWindow::showUndo);
     menu->addSeparator();
-    m_back = menu->addAction(tr("&Back to the State Before"), this, &qxWorkbenchWindow::goBack,
-                             QKeySequence(Qt::ALT + Qt::Key_Left));
+    m_back = named(menu->addAction(QString(), this, &qxWorkbenchWindow::goBack,
+                                   QKeySequence(Qt::ALT + Qt::Key_Left)),
+                   QT_TR_NOOP("&Back to the State Before"));
     m_back->setEnabled(false);
+}
+
+/// Qt's own actions would keep the language that they were made in.
+void qxWorkbenchWindow::showUndo()
+{
+    const QUndoStack &stack = *m_sets->undoStack();
+    const auto shown = [](QString step) { return step.replace('&', QLatin1String("&&")); };
+    m_undo->setEnabled(stack.canUndo());
+    m_undo->setText(stack.canUndo() ? tr("&Undo: %1").arg(shown(stack.undoText())) : tr("&Undo"));
+    m_redo->setEnabled(stack.canRedo());
+    m_redo->setText(stack.canRedo() ? tr("&Redo: %1").arg(shown(stack.redoText())) : tr("&Redo"));
 }
 
 void qxWorkbenchWindow::buildViewMenu()
 {
-    QMenu *const menu = menuBar()->addMenu(tr("&View"));
-    menu->addAction(tr("Show &Everything"), m_view, &qxSceneView::fitScene);
-    menu->addAction(tr("&Home"), m_view, &qxSceneView::goHome);
-    QAction *const rayTracing = menu->addAction(tr("&Ray Tracing"));
+    QMenu *const menu = addMenu(QT_TR_NOOP("&View"));
+    named(menu->addAction(QString(), m_view, &qxSceneView::fitScene),
+          QT_TR_NOOP("Show &Everything"));
+    named(menu->addAction(QString(), m_view, &qxSceneView::goHome), QT_TR_NOOP("&Home"));
+    QAction *const rayTracing = named(menu->addAction(QString()), QT_TR_NOOP("&Ray Tracing"));
     rayTracing->setCheckable(true);
     rayTracing->setChecked(qxOSGWidget::getRaytracing());
     connect(rayTracing, &QAction::toggled, this, [](bool on) {
@@ -56,27 +86,47 @@ void qxWorkbenchWindow::buildViewMenu()
     menu->addSeparator();
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         menu->addAction(dock->toggleViewAction());
+    menu->addSeparator();
+    auto *const languages = new QMenu(this);
+    named(menu->addMenu(languages), QT_TR_NOOP("&Language"));
+    fillLanguageMenu(languages);
+}
+
+void qxWorkbenchWindow::fillLanguageMenu(QMenu *menu)
+{
+    auto *const choices = new QActionGroup(this);
+    for (const QString &code : qxLanguage::codes()) {
+        QAction *const action = menu->addAction(qxLanguage::nameOf(code));
+        if (code.isEmpty())
+            named(action, QT_TR_NOOP("&System"));
+        action->setCheckable(true);
+        action->setChecked(code == m_language->chosen());
+        choices->addAction(action);
+        connect(action, &QAction::triggered, this, [this, code] { m_language->choose(code); });
+    }
 }
 
 void qxWorkbenchWindow::buildSetsMenu()
 {
-    menuBar()->addMenu(tr("&Sets"))->addActions(m_sets->setActions());
+    addMenu(QT_TR_NOOP("&Sets"))->addActions(m_sets->setActions());
 }
 
 void qxWorkbenchWindow::buildHelpMenu()
 {
-    QMenu *const menu = menuBar()->addMenu(tr("&Help"));
-    menu->addAction(tr("&Mouse and Keys"), this, [this] {
+    QMenu *const menu = addMenu(QT_TR_NOOP("&Help"));
+    const auto showKeys = [this] {
         QMessageBox::information(
             this, tr("Mouse and keys"),
             tr("Left button: turn. Middle button, or left with Shift: move.\n"
                "Wheel or right button: zoom. Click: pick a node. Double click: look at it.\n"
                "Arrows: turn. + and -: zoom. F: show everything. Home: go home.\n\n"
                "Keys of sets select them anywhere but in text fields."));
-    });
-    menu->addAction(tr("&About"), this, [this] {
+    };
+    const auto showAbout = [this] {
         QMessageBox::about(this, tr("About Workbench"),
                            tr("Workbench %1 shows scenes in many states.")
                                .arg(QApplication::applicationVersion()));
-    });
+    };
+    named(menu->addAction(QString(), this, showKeys), QT_TR_NOOP("&Mouse and Keys"));
+    named(menu->addAction(QString(), this, showAbout), QT_TR_NOOP("&About"));
 }

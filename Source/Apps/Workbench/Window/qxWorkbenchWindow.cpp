@@ -5,6 +5,7 @@
 
 #include "Core/qxMainWindow.h"
 #include "qxController.h"
+#include "qxLanguage.h"
 #include "qxLogView.h"
 #include "qxNodeUtils.h"
 #include "qxPanelEvents.h"
@@ -29,8 +30,8 @@ const char *const geometryKey = "window/geometry";
 } // namespace
 
 qxWorkbenchWindow::qxWorkbenchWindow()
-    : m_session(std::make_unique<qxSession>()), m_events(new qxPanelEvents(this)),
-      m_view(new qxSceneView)
+    : m_language(std::make_unique<qxLanguage>()), m_session(std::make_unique<qxSession>()),
+      m_events(new qxPanelEvents(this)), m_view(new qxSceneView)
 {
     qxMainWindow::set(this);
     setAcceptDrops(true);
@@ -52,6 +53,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_unsaved, &qxUnsavedChanges::look);
     connect(m_console, &qxScriptConsole::statementRan, this, &qxWorkbenchWindow::followScripts);
     showPath(QString());
+    retranslate();
     restoreLayout();
 }
 
@@ -86,12 +88,14 @@ void qxWorkbenchWindow::buildDocks()
     });
     m_console = new qxScriptConsole;
 
-    addDock(dockOf(m_treeView, tr("Scene"), QStringLiteral("scene")), Qt::LeftDockWidgetArea);
+    addDock(dockOf(m_treeView, QT_TR_NOOP("Scene"), QStringLiteral("scene")),
+            Qt::LeftDockWidgetArea);
     addDock(m_variants, Qt::LeftDockWidgetArea);
     addDock(m_sets, Qt::RightDockWidgetArea);
-    QDockWidget *const log = dockOf(m_log, tr("Log"), QStringLiteral("log"));
+    QDockWidget *const log = dockOf(m_log, QT_TR_NOOP("Log"), QStringLiteral("log"));
     addDock(log, Qt::BottomDockWidgetArea);
-    QDockWidget *const console = dockOf(m_console, tr("Scripts"), QStringLiteral("scripts"));
+    QDockWidget *const console =
+        dockOf(m_console, QT_TR_NOOP("Scripts"), QStringLiteral("scripts"));
     addDock(console, Qt::BottomDockWidgetArea);
     tabifyDockWidget(log, console);
     log->raise();
@@ -104,12 +108,31 @@ void qxWorkbenchWindow::addDock(QDockWidget *dock, Qt::DockWidgetArea area)
     addDockWidget(area, dock);
 }
 
-QDockWidget *qxWorkbenchWindow::dockOf(QWidget *contents, const QString &title, const QString &name)
+QDockWidget *qxWorkbenchWindow::dockOf(QWidget *contents, const char *title, const QString &name)
 {
-    auto *const dock = new QDockWidget(title, this);
+    auto *const dock = new QDockWidget(this);
+    m_titles.append({dock, title});
     dock->setObjectName(name);
     dock->setWidget(contents);
     return dock;
+}
+
+void qxWorkbenchWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void qxWorkbenchWindow::retranslate()
+{
+    for (const auto &action : m_texts)
+        action.first->setText(tr(action.second));
+    for (const auto &dock : m_titles)
+        dock.first->setWindowTitle(tr(dock.second));
+    showUndo();
+    showTitle();
+    m_tree->retranslate();
 }
 
 void qxWorkbenchWindow::closeEvent(QCloseEvent *event)

@@ -8,6 +8,7 @@
 
 class QTreeView;
 class QUndoStack;
+class qxLanguage;
 class qxLogView;
 class qxPanelEvents;
 class qxSceneTreeModel;
@@ -44,6 +45,7 @@ public:
     QMenu *recentMenu() const { return m_recent; }
 
 protected:
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -51,13 +53,19 @@ protected:
 private:
     void buildDocks();
     void addDock(QDockWidget *dock, Qt::DockWidgetArea area);
-    QDockWidget *dockOf(QWidget *contents, const QString &title, const QString &name);
+    QDockWidget *dockOf(QWidget *contents, const char *title, const QString &name);
+    QMenu *addMenu(const char *title);
+    /// Gives the action the translation of the text, in each language that is chosen.
+    QAction *named(QAction *action, const char *text);
     void buildFileMenu();
     void buildEditMenu();
     void buildViewMenu();
+    void fillLanguageMenu(QMenu *menu);
     void buildSetsMenu();
     void buildHelpMenu();
     void fillRecentMenu();
+    void retranslate();
+    void showUndo();
     void restoreLayout();
 
     void askAndOpen();
@@ -66,6 +74,7 @@ private:
     bool mayLeave();
     void finishTyping();
     void showPath(const QString &path);
+    void showTitle();
     void rememberRecent(const QString &path);
     void showPicked(const osg::NodePtr &node);
     void rememberForBack();
@@ -73,6 +82,7 @@ private:
     QString failureReason() const;
     void showFailure(const QString &what, const QString &reason);
 
+    std::unique_ptr<qxLanguage> m_language; ///< before all that has texts
     std::unique_ptr<qxSession> m_session;
     std::unique_ptr<qxSceneKeeper> m_before; ///< what "Back" leads to; null for nothing
     QString m_path;
@@ -87,5 +97,9 @@ private:
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;
     QMenu *m_recent;
+    QAction *m_undo;
+    QAction *m_redo;
     QAction *m_back;
+    QList<QPair<QAction *, const char *>> m_texts; ///< to be translated
+    QList<QPair<QDockWidget *, const char *>> m_titles; ///< to be translated
 };

@@ -9,21 +9,17 @@
 
 namespace {
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("qxVariants", text);
-}
-
 QWidget *parentWindow()
 {
-    const QDockWidget *const dock =
-        qxController::getDockWindowManager()->getDockWidget(translated("Variant Sets"));
+    const QDockWidget *const dock = qxController::getDockWindowManager()->getDockWidget(
+        QCoreApplication::translate("qxVariants", "Variant Sets"));
     return dock && dock->isVisible() ? dock->widget() : qxController::getMainWindow();
 }
 
 QLabel *makeLabel()
 {
-    QLabel *const label = new QLabel(translated("Capturing Variant Set ..."));
+    QLabel *const label =
+        new QLabel(QCoreApplication::translate("qxVariants", "Capturing Variant Set ..."));
     label->setFixedWidth(256);
     label->setMinimumHeight(32);
     label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
@@ -54,7 +50,8 @@ void qxCaptureProgress::init(QProgressDialog *dialog)
         return;
     dialog->setParent(parentWindow(), Qt::Window | Qt::WindowTitleHint | Qt::CustomizeWindowHint);
     dialog->setRange(0, 0);
-    dialog->setWindowTitle(translated("Variant Set: Capture Variant..."));
+    dialog->setWindowTitle(
+        QCoreApplication::translate("qxVariants", "Variant Set: Capture Variant..."));
     dialog->setCancelButton(nullptr);
     dialog->setLabel(makeLabel());
     dialog->setModal(true);

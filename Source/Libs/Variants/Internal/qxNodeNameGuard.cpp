@@ -21,11 +21,6 @@
 
 namespace {
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("qxVariants", text);
-}
-
 /// An arrow as mouse pointer for one scope: what is asked can be answered even while the
 /// application is busy.
 class ArrowCursor {
@@ -38,10 +33,13 @@ public:
 
 QString question(const std::vector<osg::NodePtr> &nodes)
 {
-    QString text = translated("Some nodes have the same name and/or node path. In order to "
-                              "continue, the names of those nodes will be changed.\n ");
+    QString text =
+        QCoreApplication::translate("qxVariants",
+                                    "Some nodes have the same name and/or node path. In order to "
+                                    "continue, the names of those nodes will be changed.\n ");
     if (qxNodeNameGuard::areReferredTo(nodes))
-        text += translated("\nWarning: Renaming might break existing variant sets!\n");
+        text += QCoreApplication::translate(
+            "qxVariants", "\nWarning: Renaming might break existing variant sets!\n");
     return text;
 }
 
@@ -132,12 +130,13 @@ bool qxNodeNameGuard::askToRename(const std::vector<osg::NodePtr> &nodes)
         return false;
     }
     const ArrowCursor cursor;
-    QMessageBox box(QMessageBox::Question, translated("Ambiguous node names detected"),
+    QMessageBox box(QMessageBox::Question,
+                    QCoreApplication::translate("qxVariants", "Ambiguous node names detected"),
                     question(nodes), QMessageBox::Yes | QMessageBox::No,
                     qxController::getMainWindow(), Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
     box.setModal(true);
-    box.button(QMessageBox::Yes)->setText(translated("Rename"));
-    box.button(QMessageBox::No)->setText(translated("Cancel"));
+    box.button(QMessageBox::Yes)->setText(QCoreApplication::translate("qxVariants", "Rename"));
+    box.button(QMessageBox::No)->setText(QCoreApplication::translate("qxVariants", "Cancel"));
     return box.exec() == QMessageBox::Yes;
 }
 

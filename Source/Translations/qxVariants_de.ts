@@ -1,0 +1,594 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>qxCaptureDialog</name>
+    <message>
+        <source>&amp;Nodes: switches and what is hidden</source>
+        <translation>&amp;Knoten: Schalter und Ausgeblendetes</translation>
+    </message>
+    <message>
+        <source>&amp;Materials</source>
+        <translation>&amp;Materialien</translation>
+    </message>
+    <message>
+        <source>&amp;Lights</source>
+        <translation>&amp;Lichter</translation>
+    </message>
+    <message>
+        <source>&amp;Environment</source>
+        <translation>&amp;Umgebung</translation>
+    </message>
+    <message>
+        <source>&amp;Viewpoint</source>
+        <translation>&amp;Ansichtspunkt</translation>
+    </message>
+    <message>
+        <source>&amp;Transforms</source>
+        <translation>&amp;Transformationen</translation>
+    </message>
+    <message>
+        <source>Update &quot;%1&quot; from the scene</source>
+        <translation>„%1“ aus der Szene aktualisieren</translation>
+    </message>
+    <message>
+        <source>Capture the scene</source>
+        <translation>Szene erfassen</translation>
+    </message>
+    <message>
+        <source>What is captured</source>
+        <translation>Was erfasst wird</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Capture</source>
+        <translation>Erfassen</translation>
+    </message>
+    <message>
+        <source>Na&amp;me</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>&amp;Group</source>
+        <translation>&amp;Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>qxLogView</name>
+    <message>
+        <source>Nothing was reported.</source>
+        <translation>Es liegen keine Meldungen vor.</translation>
+    </message>
+</context>
+<context>
+    <name>qxSceneTreeModel</name>
+    <message>
+        <source>Node</source>
+        <translation>Knoten</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+</context>
+<context>
+    <name>qxScriptConsole</name>
+    <message>
+        <source>Python, such as: selectVariantSet(&quot;...&quot;)</source>
+        <translation>Python, zum Beispiel: selectVariantSet(&quot;...&quot;)</translation>
+    </message>
+</context>
+<context>
+    <name>qxSetCapture</name>
+    <message>
+        <source>Captured</source>
+        <translation>Erfasst</translation>
+    </message>
+    <message>
+        <source>Update &quot;%1&quot;</source>
+        <translation>„%1“ aktualisieren</translation>
+    </message>
+</context>
+<context>
+    <name>qxSetDelegate</name>
+    <message>
+        <source>No preview</source>
+        <translation>Keine Vorschau</translation>
+    </message>
+</context>
+<context>
+    <name>qxSetEdits</name>
+    <message>
+        <source>New Variant Set</source>
+        <translation>Neues Variantenset</translation>
+    </message>
+    <message>
+        <source>Add &quot;%1&quot;</source>
+        <translation>„%1“ hinzufügen</translation>
+    </message>
+    <message>
+        <source>Capture &quot;%1&quot;</source>
+        <translation>„%1“ erfassen</translation>
+    </message>
+    <message>
+        <source>Duplicate &quot;%1&quot;</source>
+        <translation>„%1“ duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete &quot;%1&quot;</source>
+        <translation>„%1“ löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n sets</source>
+        <translation>
+            <numerusform>%n Set löschen</numerusform>
+            <numerusform>%n Sets löschen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Rename &quot;%1&quot;</source>
+        <translation>„%1“ umbenennen</translation>
+    </message>
+    <message>
+        <source>Move &quot;%1&quot;</source>
+        <translation>„%1“ verschieben</translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %n sets</source>
+        <translation>
+            <numerusform>%n Set verschieben</numerusform>
+            <numerusform>%n Sets verschieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>New Group</source>
+        <translation>Neue Gruppe</translation>
+    </message>
+    <message>
+        <source>Add group &quot;%1&quot;</source>
+        <translation>Gruppe „%1“ hinzufügen</translation>
+    </message>
+    <message>
+        <source>Rename group &quot;%1&quot;</source>
+        <translation>Gruppe „%1“ umbenennen</translation>
+    </message>
+    <message>
+        <source>Comment group &quot;%1&quot;</source>
+        <translation>Kommentar der Gruppe „%1“</translation>
+    </message>
+    <message>
+        <source>Delete group &quot;%1&quot;</source>
+        <translation>Gruppe „%1“ löschen</translation>
+    </message>
+</context>
+<context>
+    <name>qxSetForm</name>
+    <message>
+        <source>&amp;Comment</source>
+        <translation>&amp;Kommentar</translation>
+    </message>
+    <message>
+        <source>&amp;Key</source>
+        <translation>&amp;Taste</translation>
+    </message>
+    <message>
+        <source>Va&amp;lues</source>
+        <translation>&amp;Werte</translation>
+    </message>
+    <message>
+        <source>States</source>
+        <translation>Zustände</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <comment>of a value</comment>
+        <translation>Schlüssel</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>(keiner)</translation>
+    </message>
+    <message>
+        <source>%1 (missing)</source>
+        <translation>%1 (fehlt)</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>Skript</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Taste</translation>
+    </message>
+    <message>
+        <source>Viewpoint</source>
+        <translation>Ansichtspunkt</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Werte</translation>
+    </message>
+    <message>
+        <source>%1 of &quot;%2&quot;</source>
+        <translation>%1 von „%2“</translation>
+    </message>
+    <message>
+        <source>View&amp;point</source>
+        <translation>Ansichts&amp;punkt</translation>
+    </message>
+    <message>
+        <source>Sc&amp;ript</source>
+        <translation>Sk&amp;ript</translation>
+    </message>
+</context>
+<context>
+    <name>qxSetsModel</name>
+    <message numerus="yes">
+        <source>%n states</source>
+        <translation>
+            <numerusform>%n Zustand</numerusform>
+            <numerusform>%n Zustände</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Key: %1</source>
+        <translation>Taste: %1</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantSetsDock</name>
+    <message>
+        <source>Search sets</source>
+        <translation>Sets suchen</translation>
+    </message>
+    <message>
+        <source>Gallery</source>
+        <translation>Galerie</translation>
+    </message>
+    <message>
+        <source>Show the previews of all sets</source>
+        <translation>Vorschaubilder aller Sets zeigen</translation>
+    </message>
+    <message>
+        <source>Capture...</source>
+        <translation>Erfassen …</translation>
+    </message>
+    <message>
+        <source>Make a set of what the scene shows now</source>
+        <translation>Den gezeigten Zustand der Szene als Set festhalten</translation>
+    </message>
+    <message>
+        <source>&amp;Select</source>
+        <translation>&amp;Auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Add Set</source>
+        <translation>Set &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add &amp;Group</source>
+        <translation>&amp;Gruppe hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Capture...</source>
+        <translation>&amp;Erfassen …</translation>
+    </message>
+    <message>
+        <source>&amp;Update from Scene...</source>
+        <translation>Aus Szene a&amp;ktualisieren …</translation>
+    </message>
+    <message>
+        <source>New &amp;Preview</source>
+        <translation>Neue &amp;Vorschau</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate</source>
+        <translation>&amp;Duplizieren</translation>
+    </message>
+    <message>
+        <source>De&amp;lete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Show Connected &amp;Variants</source>
+        <translation>Ver&amp;bundene Varianten zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Move to</source>
+        <translation>Ver&amp;schieben nach</translation>
+    </message>
+    <message>
+        <source>No Group</source>
+        <translation>Keine Gruppe</translation>
+    </message>
+    <message>
+        <source>Preview of &quot;%1&quot;</source>
+        <translation>Vorschau von „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariants</name>
+    <message>
+        <source>Variant Sets</source>
+        <translation>Variantensets</translation>
+    </message>
+    <message>
+        <source>Capturing Variant Set ...</source>
+        <translation>Variantenset wird erfasst …</translation>
+    </message>
+    <message>
+        <source>Variant Set: Capture Variant...</source>
+        <translation>Variantenset: Variante erfassen …</translation>
+    </message>
+    <message>
+        <source>Some nodes have the same name and/or node path. In order to continue, the names of those nodes will be changed.
+ </source>
+        <translation>Einige Knoten haben denselben Namen oder Knotenpfad. Um fortzufahren, werden die Namen dieser Knoten geändert.
+ </translation>
+    </message>
+    <message>
+        <source>
+Warning: Renaming might break existing variant sets!
+</source>
+        <translation>
+Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werden!
+</translation>
+    </message>
+    <message>
+        <source>Ambiguous node names detected</source>
+        <translation>Mehrdeutige Knotennamen gefunden</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantsDock</name>
+    <message>
+        <source>Variants</source>
+        <translation>Varianten</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantsModel</name>
+    <message>
+        <source>Nodes</source>
+        <translation>Knoten</translation>
+    </message>
+    <message>
+        <source>Materials</source>
+        <translation>Materialien</translation>
+    </message>
+    <message>
+        <source>Lights</source>
+        <translation>Lichter</translation>
+    </message>
+    <message>
+        <source>Overlays</source>
+        <translation>Overlays</translation>
+    </message>
+    <message>
+        <source>Transforms</source>
+        <translation>Transformationen</translation>
+    </message>
+    <message>
+        <source>Variant</source>
+        <translation>Variante</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+</context>
+<context>
+    <name>qxWorkbenchWindow</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>&amp;Öffnen …</translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;As...</source>
+        <translation>Speichern &amp;unter …</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Back to the State Before</source>
+        <translation>&amp;Zurück zum vorherigen Zustand</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Show &amp;Everything</source>
+        <translation>&amp;Alles zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Home</source>
+        <translation>&amp;Grundstellung</translation>
+    </message>
+    <message>
+        <source>&amp;Ray Tracing</source>
+        <translation>&amp;Raytracing</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Sprache</translation>
+    </message>
+    <message>
+        <source>&amp;System</source>
+        <translation>&amp;System</translation>
+    </message>
+    <message>
+        <source>&amp;Sets</source>
+        <translation>&amp;Sets</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Mouse and keys</source>
+        <translation>Maus und Tasten</translation>
+    </message>
+    <message>
+        <source>Left button: turn. Middle button, or left with Shift: move.
+Wheel or right button: zoom. Click: pick a node. Double click: look at it.
+Arrows: turn. + and -: zoom. F: show everything. Home: go home.
+
+Keys of sets select them anywhere but in text fields.</source>
+        <translation>Linke Taste: drehen. Mittlere Taste oder linke mit Umschalt: verschieben.
+Mausrad oder rechte Taste: zoomen. Klick: Knoten auswählen. Doppelklick: Knoten ansehen.
+Pfeiltasten: drehen. + und −: zoomen. F: alles zeigen. Pos1: Grundstellung.
+
+Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
+    </message>
+    <message>
+        <source>About Workbench</source>
+        <translation>Über Workbench</translation>
+    </message>
+    <message>
+        <source>Workbench %1 shows scenes in many states.</source>
+        <translation>Workbench %1 zeigt Szenen in vielen Zuständen.</translation>
+    </message>
+    <message>
+        <source>&amp;Mouse and Keys</source>
+        <translation>&amp;Maus und Tasten</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Info</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>Scripts</source>
+        <translation>Skripte</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened.</source>
+        <translation>„%1“ lässt sich nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be saved.</source>
+        <translation>„%1“ lässt sich nicht speichern.</translation>
+    </message>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+    <message>
+        <source>%1[*] - Workbench</source>
+        <translation>%1[*] – Workbench</translation>
+    </message>
+    <message>
+        <source>Open a scene</source>
+        <translation>Szene öffnen</translation>
+    </message>
+    <message>
+        <source>Scenes (*.gltf *.glb)</source>
+        <translation>Szenen (*.gltf *.glb)</translation>
+    </message>
+    <message>
+        <source>Save the scene</source>
+        <translation>Szene speichern</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has unsaved changes.</source>
+        <translation>„%1“ enthält ungespeicherte Änderungen.</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>&amp;Wiederherstellen: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Opening &quot;%1&quot;...</source>
+        <translation>„%1“ wird geöffnet …</translation>
+    </message>
+    <message>
+        <source>Saving &quot;%1&quot;...</source>
+        <translation>„%1“ wird gespeichert …</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is saved.</source>
+        <translation>„%1“ ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>Workbench[*]</source>
+        <translation>Workbench[*]</translation>
+    </message>
+    <message>
+        <source>The scene has unsaved changes.</source>
+        <translation>Die Szene enthält ungespeicherte Änderungen.</translation>
+    </message>
+    <message>
+        <source>One scene is open at a time: the others were left out.</source>
+        <translation>Nur eine Szene kann offen sein; die übrigen wurden nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>None yet</source>
+        <translation>Noch keine</translation>
+    </message>
+</context>
+</TS>
