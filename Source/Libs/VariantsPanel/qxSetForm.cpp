@@ -3,6 +3,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxKeyText.h"
 #include "qxPanelEvents.h"
 #include "qxSetEdits.h"
 #include "qxUberCameraPool.h"
@@ -226,10 +227,7 @@ void qxSetForm::takeText(QPlainTextEdit *field, const QString &what, QString qxV
 
 void qxSetForm::takeHotkey()
 {
-    // One combination selects: what is typed behind it is left out.
-    const QKeySequence typed = m_hotkey->keySequence();
-    const QString key =
-        typed.isEmpty() ? QString() : QKeySequence(typed[0]).toString(QKeySequence::NativeText);
+    const QString key = qxKeyText::held(m_hotkey->keySequence());
     edit(
         tr("Key"), [&](const qxVariantSet &set) { return set.hotkey == key; },
         [&](qxVariantSet &set) {

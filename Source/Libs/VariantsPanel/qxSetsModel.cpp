@@ -4,6 +4,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxKeyText.h"
 #include "qxPanelEvents.h"
 #include "qxSetCommands.h"
 #include "qxSetEdits.h"
@@ -37,7 +38,7 @@ QString toolTip(const qxVariantSet &set)
         lines << set.comment;
     lines << qxSetsModel::tr("%n states", nullptr, stateCount(set));
     if (!set.hotkey.isEmpty())
-        lines << qxSetsModel::tr("Key: %1").arg(set.hotkey);
+        lines << qxSetsModel::tr("Key: %1").arg(qxKeyText::shown(set.hotkey));
     return lines.join('\n');
 }
 
@@ -131,7 +132,7 @@ QVariant qxSetsModel::setDataOf(const Row &row, qxVariantSet &set, int role) con
 {
     switch (role) {
     case HotkeyRole:
-        return set.hotkey;
+        return qxKeyText::shown(set.hotkey);
     case CommentRole:
         return set.comment;
     case PreviewRole:
@@ -145,7 +146,7 @@ QVariant qxSetsModel::setDataOf(const Row &row, qxVariantSet &set, int role) con
     case CurrentRole:
         return m_match.matches(set);
     case SearchRole:
-        return QString(row.name + '\n' + set.comment + '\n' + set.hotkey + '\n'
+        return QString(row.name + '\n' + set.comment + '\n' + qxKeyText::shown(set.hotkey) + '\n'
                        + (set.group ? QString(set.group->name) : QString()));
     case Qt::ToolTipRole:
         return toolTip(set);

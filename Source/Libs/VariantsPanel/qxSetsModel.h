@@ -25,7 +25,7 @@ public:
     enum Role {
         IsGroupRole = Qt::UserRole, ///< bool
         GroupRole, ///< QString: name of the set's group, empty for none
-        HotkeyRole, ///< QString
+        HotkeyRole, ///< QString, as people read it
         CommentRole, ///< QString
         PreviewRole, ///< QPixmap, null for none
         CountRole, ///< int: states of a set, sets of a group

@@ -7,6 +7,7 @@
 #include "qxTransformVariant.h"
 #include "qxVariants.h"
 
+#include "qxKeyText.h"
 #include "qxPanelEvents.h"
 
 #include <QFont>
@@ -210,7 +211,7 @@ QVariant qxVariantsModel::optionData(int kind, const Variant &variant, int row,
     if (role == ActionRole)
         return option.isAction;
     if (role == Qt::DisplayRole)
-        return index.column() == NameColumn ? option.name : option.shortcut;
+        return index.column() == NameColumn ? option.name : qxKeyText::shown(option.shortcut);
     if (role != Qt::FontRole)
         return QVariant();
     QFont font;

@@ -1,0 +1,208 @@
+#include "qxNodeVariant.h"
+#include "qxVariantSet.h"
+#include "qxVariantSetsDock.h"
+#include "qxVariants.h"
+
+#include "ShownTexts.h"
+#include "TestScene.h"
+#include "Window/qxLanguage.h"
+#include "Window/qxWorkbenchWindow.h"
+#include "qxKeyText.h"
+#include "qxSetsView.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QKeySequenceEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QTreeView>
+
+#include <gtest/gtest.h>
+
+/// The window with a small scene, in settings of its own.
+class LanguageTest : public testing::Test {
+protected:
+    LanguageTest()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+        QCoreApplication::setOrganizationName("qxTranslationTests");
+        window = std::make_unique<qxWorkbenchWindow>();
+        TestScene scene;
+        const TestNode desk = scene.addSwitch("Desk", {"Oak", "Ash"});
+        qxNodeVariant *const variant = qxVariants::createNodeVariant(desk, true);
+        qxVariantSet *const set = qxVariants::createVariantSet("Dawn", true, nullptr);
+        set->add(variant, "Ash");
+        set->hotkey = "Ctrl+Shift+Del";
+        set->updateShortcut();
+        set->defaultViewpoint = "Porch";
+        window->show();
+        settle();
+        list().setCurrentIndex(list().model()->index(0, 0));
+        settle();
+    }
+
+    /// Lets announcements and the change of language reach all.
+    static void settle()
+    {
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents(); // What the first ones asked for.
+    }
+    QTreeView &list() const { return *window->setsDock()->view()->findChild<QTreeView *>(); }
+    QList<QMenu *> menus() const
+    {
+        QList<QMenu *> found;
+        for (const QAction *action : window->menuBar()->actions())
+            found << action->menu();
+        return found;
+    }
+    /// Chooses a language in the menu, by the name that it has there.
+    void choose(const QString &language)
+    {
+        for (QAction *action : window->findChildren<QAction *>()) {
+            if (action->text() == language)
+                action->trigger();
+        }
+        settle();
+    }
+
+    QTemporaryDir m_settings;
+    std::unique_ptr<qxWorkbenchWindow> window;
+    Catalogue catalogue;
+};
+
+TEST_F(LanguageTest, EveryTextFollowsTheLanguageAndComesBack)
+{
+    const ShownTexts english = textsIn(*window);
+    choose("Deutsch");
+    const ShownTexts german = textsIn(*window);
+    QSet<QString> contexts;
+    for (auto text = english.begin(); text != english.end(); ++text) {
+        const QStringList lines = text.value().split('\n');
+        const QStringList germanLines = german.value(text.key()).split('\n');
+        ASSERT_EQ(lines.size(), germanLines.size()) << text.value().toStdString();
+        for (int line = 0; line < lines.size(); ++line) {
+            const QStringList found = catalogue.contextsOf(lines[line]);
+            contexts.unite(QSet<QString>(found.begin(), found.end()));
+            EXPECT_TRUE(found.isEmpty() || catalogue.isTranslation(germanLines[line], lines[line]))
+                << text.key().first->metaObject()->className() << ' '
+                << text.key().second.toStdString() << ": " << lines[line].toStdString() << " -> "
+                << germanLines[line].toStdString();
+        }
+    }
+    for (const QWidget *widget : window->findChildren<QWidget *>()) {
+        const QString name = widget->metaObject()->className();
+        EXPECT_TRUE(contexts.contains(name) || !catalogue.contexts().contains(name))
+            << "no text of " << name.toStdString() << " was looked at";
+    }
+    choose("English");
+    const ShownTexts again = textsIn(*window);
+    for (auto text = english.begin(); text != english.end(); ++text)
+        EXPECT_EQ(again.value(text.key()).toStdString(), text.value().toStdString());
+}
+
+TEST_F(LanguageTest, EveryDialogSpeaksTheLanguage)
+{
+    TestScene scene;
+    for (int count = 0; count < 2; ++count) // A capture asks what is to be done with these.
+        scene.addSwitch("Twin", {"Left"});
+    choose("Deutsch");
+    QStringList titles;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        auto *const dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (!dialog || !dialog->isVisible())
+            return;
+        titles << dialog->windowTitle();
+        for (const QString &text : textsIn(*dialog))
+            EXPECT_FALSE(catalogue.isEnglish(text)) << text.toStdString();
+        for (const QAbstractButton *button : dialog->findChildren<QAbstractButton *>())
+            EXPECT_NE(button->text(), "Cancel");
+        const bool isCapture = QByteArray(dialog->metaObject()->className()) == "qxCaptureDialog";
+        isCapture ? dialog->accept() : dialog->reject();
+    });
+    watch.start(10);
+    for (const QMenu *menu : menus()) {
+        for (QAction *action : menu->actions()) {
+            if (action->text().endsWith(QStringLiteral("…")) || menu == menus().last())
+                action->trigger();
+        }
+    }
+    titles.removeDuplicates();
+    for (const char *title : {"Szene erfassen", "Mehrdeutige Knotennamen gefunden",
+                              "„Dawn“ aus der Szene aktualisieren", "Szene öffnen"})
+        EXPECT_TRUE(titles.contains(title)) << title;
+}
+
+TEST_F(LanguageTest, AKeyIsReadInTheLanguageAndHeldInNone)
+{
+    choose("Deutsch");
+    const QList<QPair<QString, QString>> keys = {{"Ctrl+Shift+Del", "Strg+Umschalt+Entf"},
+                                                 {"Alt+Home", "Alt+Pos1"},
+                                                 {"F5", "F5"},
+                                                 {"Space", "Leertaste"},
+                                                 {"not a key", "not a key"}};
+    for (const auto &key : keys) {
+        EXPECT_EQ(qxKeyText::shown(key.first).toStdString(), key.second.toStdString());
+        const QKeySequence sequence(key.first);
+        EXPECT_EQ(qxKeyText::held(sequence),
+                  sequence[0] == Qt::Key_unknown ? QString() : key.first);
+    }
+    auto *const field = window->findChild<QKeySequenceEdit *>();
+    field->setKeySequence(QKeySequence(Qt::CTRL + Qt::Key_End));
+    emit field->editingFinished();
+    qxVariantSet *const set = qxVariants::findVariantSet("Dawn");
+    EXPECT_EQ(set->hotkey, "Ctrl+End");
+    EXPECT_EQ(set->key, int(Qt::Key_End));
+    EXPECT_EQ(set->modifiers, Qt::ControlModifier);
+}
+
+TEST_F(LanguageTest, CountsReadWell)
+{
+    const auto tip = [this] { return list().currentIndex().data(Qt::ToolTipRole).toString(); };
+    qxVariantSet *const set = qxVariants::findVariantSet("Dawn");
+    const QList<QPair<QString, QString>> one = {{"English", "1 state"}, {"Deutsch", "1 Zustand"}};
+    const QList<QPair<QString, QString>> two = {{"English", "2 states"}, {"Deutsch", "2 Zustände"}};
+    for (const auto &expected : one) {
+        choose(expected.first);
+        EXPECT_TRUE(tip().split('\n').contains(expected.second)) << tip().toStdString();
+    }
+    set->addNodeVariant("Chair", "Ash");
+    for (const auto &expected : two) {
+        choose(expected.first);
+        EXPECT_TRUE(tip().split('\n').contains(expected.second)) << tip().toStdString();
+    }
+}
+
+TEST_F(LanguageTest, NoMenuHasAMnemonicTwice)
+{
+    for (const char *language : {"English", "Deutsch"}) {
+        choose(language);
+        QList<QList<QAction *>> lists{window->menuBar()->actions()};
+        for (const QMenu *menu : menus())
+            lists << menu->actions();
+        for (const QList<QAction *> &actions : lists) {
+            QStringList known;
+            for (const QAction *action : actions) {
+                const QString key = QKeySequence::mnemonic(action->text()).toString();
+                EXPECT_FALSE(known.contains(key)) << action->text().toStdString();
+                if (!key.isEmpty())
+                    known << key;
+            }
+        }
+    }
+}
+
+TEST_F(LanguageTest, TheChoiceIsRememberedAndAnUnknownOneIsThatOfTheSystem)
+{
+    choose("Deutsch");
+    window.reset();
+    window = std::make_unique<qxWorkbenchWindow>();
+    EXPECT_TRUE(window->windowTitle().contains("Workbench"));
+    EXPECT_EQ(menus().first()->title(), "&Datei");
+    qxLanguage().choose("xx");
+    EXPECT_EQ(qxLanguage().chosen(), QString());
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QHash>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QVector>
+
+class QWidget;
+
+/// Where a text stands: an object, and what of it.
+typedef QPair<const QObject *, QByteArray> TextPlace;
+typedef QHash<TextPlace, QString> ShownTexts;
+
+/// Every text that people can read in a widget and all that is in it: labels, buttons, menus,
+/// titles, tool tips, place holders, headers and items.
+ShownTexts textsIn(QWidget &widget);
+
+/// The German catalogue, by which a test knows which texts ought to be in which language. A text
+/// may have others in the place of its place holders, and several lines may each be one.
+class Catalogue {
+public:
+    Catalogue();
+
+    /// Whether the text is an English one that has another translation.
+    bool isEnglish(const QString &text) const;
+    /// Whether `german` is the translation of `english`, which is an English text.
+    bool isTranslation(const QString &german, const QString &english) const;
+    /// The contexts of the English text.
+    QStringList contextsOf(const QString &english) const;
+    QStringList contexts() const;
+
+private:
+    struct Message {
+        QString context;
+        QRegularExpression english;
+        QRegularExpression german;
+    };
+
+    QVector<Message> messagesOf(const QString &english) const;
+
+    QVector<Message> m_messages;
+};
