@@ -1,6 +1,7 @@
 #include "qxWorkbenchWindow.h"
 
 #include "qxVariantSetsDock.h"
+#include "qxVariantWords.h"
 #include "qxVariantsDock.h"
 
 #include "Core/qxMainWindow.h"
@@ -34,6 +35,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
       m_events(new qxPanelEvents(this)), m_view(new qxSceneView)
 {
     qxMainWindow::set(this);
+    qxVariantWords::setArguments(QStringList(QString())); // as at a prompt
     setAcceptDrops(true);
     setDockNestingEnabled(true);
     setCentralWidget(m_view);

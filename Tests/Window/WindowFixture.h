@@ -1,0 +1,86 @@
+#pragma once
+
+#include "qxVariantSetsDock.h"
+
+#include "Window/qxWorkbenchWindow.h"
+#include "qxLog.h"
+
+#include <QDialog>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QAction;
+class QPlainTextEdit;
+class QTreeView;
+
+/// A test with the program's window, a folder for its files and settings of its own.
+///
+/// An error line that was not expected fails the test, and so does a dialog that nobody answers.
+class WindowFixture : public testing::Test {
+protected:
+    typedef std::function<void(QDialog &)> Answer;
+
+    WindowFixture();
+    ~WindowFixture() override;
+
+    /// Closes the window and opens another one, as a user does the next day.
+    void makeWindow();
+    /// Lets announcements reach the views.
+    static void settle();
+
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+    QString write(const QString &name, const QByteArray &bytes) const;
+    /// A small scene of switches with sets "Morning" (Ctrl+1), "Evening" and "Leer geräumt".
+    QString desk() const;
+    void openDesk();
+    void openDemo();
+
+    /// The next dialog is answered by `answer`, those of more calls in their order.
+    void expectDialog(const Answer &answer) { m_answers.push_back(answer); }
+    /// Has the button of that text clicked in the next dialog.
+    void expectClick(const QString &button);
+    /// Every text that the dialogs showed, for comparisons.
+    const QStringList &dialogTexts() const { return m_dialogTexts; }
+    void expectErrors(int count) { m_expectedErrors = count; }
+
+    QAction *action(const QString &text) const;
+    QTreeView &list() const;
+    QTreeView &tree() const;
+    /// Puts the cursor of the list on a set, as a click does.
+    QModelIndex goTo(const QString &set);
+    /// Runs Python in the console and tells what that printed.
+    QString type(const QString &statement);
+    /// Presses these keys in whatever has the focus.
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+    std::unique_ptr<qxWorkbenchWindow> window;
+
+private:
+    void answerDialog();
+
+    QTemporaryDir m_folder;
+    QTimer m_watch;
+    std::vector<Answer> m_answers;
+    QPointer<QDialog> m_answered;
+    QStringList m_dialogTexts;
+    QStringList m_errors;
+    int m_expectedErrors = 0;
+    int m_listener;
+};
+
+inline void PrintTo(const QString &text, std::ostream *out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+inline void PrintTo(const QStringList &list, std::ostream *out)
+{
+    *out << '"' << list.join("\", \"").toStdString() << '"';
+}
