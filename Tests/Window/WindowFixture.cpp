@@ -1,6 +1,7 @@
 #include "WindowFixture.h"
 
 #include "Window/qxScriptConsole.h"
+#include "qxLog.h"
 #include "qxSetsView.h"
 
 #include <QAbstractButton>

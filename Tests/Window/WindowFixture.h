@@ -3,7 +3,6 @@
 #include "qxVariantSetsDock.h"
 
 #include "Window/qxWorkbenchWindow.h"
-#include "qxLog.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -13,8 +12,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
-#include <vector>
 
 class QAction;
 class QPlainTextEdit;
