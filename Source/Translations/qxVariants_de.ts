@@ -184,7 +184,7 @@
     </message>
     <message>
         <source>Clear</source>
-        <translation>Entfernen</translation>
+        <translation>Leeren</translation>
     </message>
     <message>
         <source>Key</source>
