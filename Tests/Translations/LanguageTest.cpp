@@ -113,15 +113,19 @@ TEST_F(LanguageTest, EveryTextFollowsTheLanguageAndComesBack)
     const ShownTexts english = textsIn(*window);
     choose("Deutsch");
     const ShownTexts german = textsIn(*window);
+    const QStringList names{"", "English", "Deutsch", "Desk: Ash"};
     QSet<QString> contexts;
     for (auto text = english.begin(); text != english.end(); ++text) {
+        const bool isOfModel = text.key().second.contains(' ');
         const QStringList lines = text.value().split('\n');
         const QStringList germanLines = german.value(text.key()).split('\n');
         ASSERT_EQ(lines.size(), germanLines.size()) << text.value().toStdString();
         for (int line = 0; line < lines.size(); ++line) {
             const QStringList found = catalogue.contextsOf(lines[line]);
             contexts.unite(QSet<QString>(found.begin(), found.end()));
-            EXPECT_TRUE(found.isEmpty() || catalogue.isTranslation(germanLines[line], lines[line]))
+            const bool mayStay = isOfModel || names.contains(lines[line]);
+            EXPECT_TRUE(found.isEmpty() ? mayStay || germanLines[line] != lines[line]
+                                        : catalogue.isTranslation(germanLines[line], lines[line]))
                 << text.key().first->metaObject()->className() << ' '
                 << text.key().second.toStdString() << ": " << lines[line].toStdString() << " -> "
                 << germanLines[line].toStdString();
