@@ -163,11 +163,13 @@ QString WindowFixture::type(const QString &statement)
     window->console()->input()->setPlainText(statement);
     window->console()->output()->clear();
     QTest::keyClick(window->console()->input(), Qt::Key_Return);
+    settle();
     return window->console()->output()->toPlainText().section('\n', 1);
 }
 
 void WindowFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
+    QApplication::setActiveWindow(window.get()); // No window manager does that after a dialog.
     QWidget *const focus = QApplication::focusWidget();
     ASSERT_NE(focus, nullptr);
     QTest::keyClick(focus, key, modifiers);

@@ -55,7 +55,7 @@ protected:
     /// Runs Python in the console and tells what that printed.
     QString type(const QString &statement);
     /// Presses these keys in whatever has the focus.
-    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
     std::unique_ptr<qxWorkbenchWindow> window;
 
