@@ -87,10 +87,6 @@
         <source>Captured</source>
         <translation>Erfasst</translation>
     </message>
-    <message>
-        <source>Update &quot;%1&quot;</source>
-        <translation>„%1“ aktualisieren</translation>
-    </message>
 </context>
 <context>
     <name>qxSetDelegate</name>
@@ -162,6 +158,29 @@
     <message>
         <source>Delete group &quot;%1&quot;</source>
         <translation>Gruppe „%1“ löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Duplicate %n sets</source>
+        <translation>
+            <numerusform>%n Set duplizieren</numerusform>
+            <numerusform>%n Sets duplizieren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete group &quot;%1&quot; with its sets</source>
+        <translation>Gruppe „%1“ mit ihren Sets löschen</translation>
+    </message>
+    <message>
+        <source>Delete the selection</source>
+        <translation>Auswahl löschen</translation>
+    </message>
+    <message>
+        <source>Update &quot;%1&quot;</source>
+        <translation>„%1“ aktualisieren</translation>
+    </message>
+    <message>
+        <source>Move group &quot;%1&quot;</source>
+        <translation>Gruppe „%1“ verschieben</translation>
     </message>
 </context>
 <context>
@@ -313,16 +332,28 @@
         <translation>Ver&amp;bundene Varianten zeigen</translation>
     </message>
     <message>
-        <source>&amp;Move to</source>
-        <translation>Ver&amp;schieben nach</translation>
-    </message>
-    <message>
         <source>No Group</source>
         <translation>Keine Gruppe</translation>
     </message>
     <message>
         <source>Preview of &quot;%1&quot;</source>
         <translation>Vorschau von „%1“</translation>
+    </message>
+    <message>
+        <source>Move U&amp;p</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move Do&amp;wn</source>
+        <translation>Nach un&amp;ten</translation>
+    </message>
+    <message>
+        <source>&amp;Move to...</source>
+        <translation>Verschieben &amp;nach …</translation>
+    </message>
+    <message>
+        <source>Delete Group with Its S&amp;ets</source>
+        <translation>Gruppe mit ihren S&amp;ets löschen</translation>
     </message>
 </context>
 <context>

@@ -17,6 +17,13 @@
             <numerusform>Move %n sets</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Duplicate %n sets</source>
+        <translation>
+            <numerusform>Duplicate %n set</numerusform>
+            <numerusform>Duplicate %n sets</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>qxSetsModel</name>

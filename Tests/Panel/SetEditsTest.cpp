@@ -72,7 +72,7 @@ TEST_F(SetEditsTest, ACopyStandsBehindItsOriginalWithoutItsKey)
 {
     set("Red").hotkey = "R";
     set("Red").script = "pass";
-    const QString copy = edits.duplicateSet("Red");
+    const QString copy = edits.duplicateSets({"Red"}).value(0);
     EXPECT_EQ(setsOf("Outside"), QStringList({"Red", copy, "Blue"}));
     EXPECT_EQ(qxVariants::findVariantSet(copy)->script, "pass");
     EXPECT_EQ(qxVariants::findVariantSet(copy)->hotkey, "");
@@ -129,4 +129,57 @@ TEST_F(SetEditsTest, EveryEditIsAnnouncedOnce)
     edits.stack()->undo();
     EXPECT_EQ(announced(), before + 2);
     EXPECT_EQ(set("Red").comment, "");
+}
+
+TEST_F(SetEditsTest, WhatOthersChangedSinceStaysWhenAnEditIsUndone)
+{
+    edits.editSet("Red", "Comment", [](qxVariantSet &red) { red.comment = "warm"; });
+    edits.editSet("Blue", "Comment", [](qxVariantSet &blue) { blue.comment = "cold"; });
+    set("Red").script = "pass"; // another field
+    set("Blue").comment = "icy"; // the same one
+    edits.stack()->undo();
+    EXPECT_EQ(set("Blue").comment, "icy");
+    EXPECT_EQ(edits.stack()->count(), 1) << "what cannot be undone any more is no step";
+    edits.stack()->undo();
+    EXPECT_EQ(set("Red").comment, "");
+    EXPECT_EQ(set("Red").script, "pass");
+}
+
+TEST_F(SetEditsTest, ASetComesBackWhileItsNameIsTaken)
+{
+    edits.editSet("Red", "Script", [](qxVariantSet &red) { red.script = "pass"; });
+    edits.removeSets({"Red"});
+    qxVariants::createVariantSet("Red", false, nullptr);
+    edits.stack()->undo();
+    const QStringList back = setsOf("Outside");
+    ASSERT_EQ(back.size(), 2);
+    EXPECT_NE(back.at(0), "Red");
+    EXPECT_EQ(qxVariants::findVariantSet(back.at(0))->script, "pass");
+    edits.stack()->undo();
+    EXPECT_EQ(set("Red").script, "") << "the edit was one of another set";
+    EXPECT_EQ(set("Red").group, nullptr);
+}
+
+TEST_F(SetEditsTest, EditsOfOneFieldInARowAreOneStep)
+{
+    const auto write = [this](const char *which, const QString &script) {
+        edits.editSet(
+            which, "Script", [&](qxVariantSet &edited) { edited.script = script; }, "script");
+    };
+    write("Red", "a");
+    write("Red", "ab");
+    EXPECT_EQ(edits.stack()->count(), 1);
+    edits.stack()->setClean();
+    write("Red", "abc"); // What was saved can be come back to.
+    write("Blue", "b");
+    EXPECT_EQ(edits.stack()->count(), 3);
+    edits.stack()->undo();
+    edits.stack()->undo();
+    EXPECT_EQ(set("Red").script, "ab");
+    EXPECT_TRUE(edits.stack()->isClean());
+    edits.stack()->undo();
+    EXPECT_EQ(set("Red").script, "");
+    write("Red", "x");
+    write("Red", "");
+    EXPECT_EQ(edits.stack()->count(), 0) << "all is as before";
 }

@@ -4,6 +4,7 @@
 #include "qxVariants.h"
 
 #include "qxCaptureDialog.h"
+#include "qxCaptureRecord.h"
 #include "qxScenegraph.h"
 #include "qxSetEdits.h"
 
@@ -11,13 +12,13 @@
 
 namespace {
 
-void captureInto(qxVariantSet *set, const std::vector<qxNodePtr> &roots,
+void captureInto(qxVariantSet &set, const std::vector<qxNodePtr> &roots,
                  const qxCaptureChoice &choice)
 {
-    qxVariants::captureVariantsFromRootNodes(set, roots, choice.nodes, choice.materials,
+    qxVariants::captureVariantsFromRootNodes(&set, roots, choice.nodes, choice.materials,
                                              choice.lights, choice.environment, choice.viewpoint,
                                              choice.transforms, true, true);
-    set->setPreview(qxVariants::createPreviewImage(false, true));
+    set.setPreview(qxVariants::createPreviewImage(false, true));
 }
 
 std::vector<qxNodePtr> rootsOf(const qxVariantSet &set)
@@ -33,12 +34,6 @@ std::vector<qxNodePtr> rootsOf(const qxVariantSet &set)
     return roots;
 }
 
-qxVariantGroup *groupNamed(const QString &name)
-{
-    qxVariantGroup *const found = qxVariants::findVariantGroup(name);
-    return found || name.isEmpty() ? found : qxVariants::createVariantGroup(name, true, true);
-}
-
 } // namespace
 
 QString qxSetCapture::capture(qxSetEdits *edits, const QString &group, QWidget *parent)
@@ -48,16 +43,15 @@ QString qxSetCapture::capture(qxSetEdits *edits, const QString &group, QWidget *
         QCoreApplication::translate("qxSetCapture", "Captured"));
     proposal.group = group;
     qxCaptureDialog dialog(proposal, false, parent);
-    if (dialog.exec() != QDialog::Accepted || !qxVariants::verifyNodeNames())
+    if (dialog.exec() != QDialog::Accepted)
         return QString();
     const qxCaptureChoice choice = dialog.choice();
-    const QString name = qxVariants::getUniqueVariantSetName(choice.name);
-    qxVariantSet *const set = qxVariants::createVariantSet(name, true, groupNamed(choice.group));
-    if (!set)
+    qxCaptureRecord record; // The question about names may change them.
+    if (!qxVariants::verifyNodeNames())
         return QString();
-    captureInto(set, {qxScenegraph::getRootNode()}, choice);
-    edits->tookSet(name);
-    return name;
+    return edits->captureSet(
+        qxVariants::getUniqueVariantSetName(choice.name), choice.group, record,
+        [&choice](qxVariantSet &set) { captureInto(set, {qxScenegraph::getRootNode()}, choice); });
 }
 
 void qxSetCapture::update(qxSetEdits *edits, const QString &set, QWidget *parent)
@@ -74,10 +68,12 @@ void qxSetCapture::update(qxSetEdits *edits, const QString &set, QWidget *parent
         proposal = qxCaptureChoice();
     proposal.name = set;
     qxCaptureDialog dialog(proposal, true, parent);
-    if (dialog.exec() != QDialog::Accepted || !qxVariants::verifyNodeNames())
+    if (dialog.exec() != QDialog::Accepted)
         return;
     const qxCaptureChoice choice = dialog.choice();
-    edits->editSet(
-        set, QCoreApplication::translate("qxSetCapture", "Update \"%1\"").arg(set),
-        [&choice](qxVariantSet &edited) { captureInto(&edited, rootsOf(edited), choice); });
+    qxCaptureRecord record;
+    if (qxVariants::verifyNodeNames())
+        edits->captureAgain(set, record, [&choice](qxVariantSet &edited) {
+            captureInto(edited, rootsOf(edited), choice);
+        });
 }

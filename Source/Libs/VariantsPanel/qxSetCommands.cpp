@@ -5,130 +5,162 @@
 
 #include "qxPanelEvents.h"
 
-#include <algorithm>
+namespace {
 
-qxSetPlace qxSetPlace::of(const qxVariantSet &set)
-{
-    if (!set.group)
-        return qxSetPlace();
-    const qxVariantGroup::Sets &sets = set.group->sets;
-    return {set.group->name, int(std::find(sets.begin(), sets.end(), &set) - sets.begin())};
-}
+const int editId = 1; ///< of steps that may become one
 
-void qxSetPlace::take(qxVariantSet &set) const
-{
-    if (set.group)
-        set.group->remove(&set);
-    qxVariantGroup *const target = qxVariants::findVariantGroup(group);
-    if (!target)
-        return;
-    const int count = int(target->sets.size());
-    target->insert(target->sets.begin() + (row < 0 ? count : std::min(row, count)), &set);
-}
+} // namespace
 
-qxSetPresence::qxSetPresence(const QString &text, Way way, const qxSetMemento &contents,
-                             const qxSetPlace &place)
-    : QUndoCommand(text), m_way(way), m_contents(contents), m_place(place)
+qxSetsPresence::qxSetsPresence(const QString &text, Way way, std::vector<Part> parts)
+    : qxEditStep(text, way == AreThere), m_comes(way != Go), m_parts(std::move(parts))
 {
 }
 
-void qxSetPresence::redo()
+bool qxSetsPresence::perform(bool forward)
 {
-    if (m_way == IsThere)
-        m_way = Comes;
-    else
-        m_way == Comes ? appear() : vanish();
+    return forward == m_comes ? appear() : vanish();
 }
 
-void qxSetPresence::undo()
+bool qxSetsPresence::appear()
 {
-    m_way == Comes ? vanish() : appear();
-}
-
-void qxSetPresence::appear()
-{
-    qxVariantSet *const set = qxVariants::createVariantSet(m_contents.name, false, nullptr);
-    if (!set)
-        return setObsolete(true);
-    m_contents.applyTo(*set);
-    m_place.take(*set);
+    std::vector<qxPlaces::Placed> placed;
+    for (Part &part : m_parts) {
+        // Others may have taken the name meanwhile: the set comes back all the same.
+        if (qxVariants::findVariantSet(part.contents.name))
+            part.contents.name = qxVariants::getUniqueVariantSetName(part.contents.name);
+        qxVariantSet *const set = qxVariants::createVariantSet(part.contents.name, false, nullptr);
+        part.contents.applyTo(*set);
+        placed.push_back({set, part.place});
+    }
+    qxPlaces::put(std::move(placed));
     qxPanelEvents::announceEditedSets();
+    return true;
 }
 
-void qxSetPresence::vanish()
+bool qxSetsPresence::vanish()
 {
-    const qxVariantSet *const set = qxVariants::findVariantSet(m_contents.name);
-    if (!set)
-        return setObsolete(true);
-    m_contents = qxSetMemento::of(*set);
-    m_place = qxSetPlace::of(*set);
-    qxVariants::removeVariantSet(m_contents.name);
+    std::vector<Part> found;
+    for (const Part &part : m_parts) {
+        if (const qxVariantSet *set = qxVariants::findVariantSet(part.contents.name))
+            found.push_back({qxSetMemento::of(*set), qxSetPlace::of(*set)});
+    }
+    if (found.empty())
+        return false;
+    for (const Part &part : found)
+        qxVariants::removeVariantSet(part.contents.name);
+    m_parts = std::move(found);
+    return true;
 }
 
-qxSetEdit::qxSetEdit(const QString &text, const qxSetMemento &before, const qxSetMemento &after)
-    : QUndoCommand(text), m_before(before), m_after(after)
+qxSetEdit::qxSetEdit(const QString &text, const qxSetMemento &before, const qxSetMemento &after,
+                     const QString &field, bool isDone)
+    : qxEditStep(text, isDone), m_before(before), m_after(after), m_field(field)
 {
 }
 
-void qxSetEdit::change(const qxSetMemento &from, const qxSetMemento &to)
+int qxSetEdit::id() const
 {
+    return m_field.isEmpty() ? -1 : editId;
+}
+
+bool qxSetEdit::mergeWith(const QUndoCommand *next)
+{
+    const auto &edit = static_cast<const qxSetEdit &>(*next);
+    if (edit.m_field != m_field || edit.m_before.name != m_after.name)
+        return false;
+    m_after = edit.m_after;
+    setObsolete(!qxSetMemento::differ(m_before, m_after));
+    return true;
+}
+
+bool qxSetEdit::perform(bool forward)
+{
+    const qxSetMemento &from = forward ? m_before : m_after;
+    const qxSetMemento &to = forward ? m_after : m_before;
     qxVariantSet *const set = qxVariants::findVariantSet(from.name);
-    if (!set || (from.name != to.name && qxVariants::findVariantSet(to.name)))
-        return setObsolete(true);
-    to.applyTo(*set);
+    const bool isNameFree = from.name == to.name || !qxVariants::findVariantSet(to.name);
+    if (!set || !isNameFree || !qxSetMemento::edit(*set, from, to))
+        return false;
     qxPanelEvents::announceEditedSets();
+    return true;
 }
 
-qxSetMove::qxSetMove(const QString &text, const QString &set, const qxSetPlace &from,
-                     const qxSetPlace &to)
-    : QUndoCommand(text), m_set(set), m_from(from), m_to(to)
+qxSetsMove::qxSetsMove(const QString &text, std::vector<Part> parts)
+    : qxEditStep(text), m_parts(std::move(parts))
 {
 }
 
-void qxSetMove::move(const qxSetPlace &place)
+bool qxSetsMove::perform(bool forward)
 {
-    qxVariantSet *const set = qxVariants::findVariantSet(m_set);
-    if (!set)
-        return setObsolete(true);
-    place.take(*set);
+    std::vector<qxPlaces::Placed> placed;
+    for (const Part &part : m_parts) {
+        if (qxVariantSet *set = qxVariants::findVariantSet(part.set))
+            placed.push_back({set, forward ? part.to : part.from});
+    }
+    if (placed.empty())
+        return false;
+    qxPlaces::put(std::move(placed));
     qxPanelEvents::announceEditedSets();
+    return true;
 }
 
-qxGroupPresence::qxGroupPresence(const QString &text, bool comes, const QString &name,
-                                 const QString &comment)
-    : QUndoCommand(text), m_comes(comes), m_name(name), m_comment(comment)
+qxGroupPresence::qxGroupPresence(const QString &text, bool comes, const Contents &contents)
+    : qxEditStep(text), m_comes(comes), m_contents(contents)
 {
 }
 
-void qxGroupPresence::appear()
+bool qxGroupPresence::perform(bool forward)
 {
-    qxVariantGroup *const group = qxVariants::createVariantGroup(m_name, false, true);
-    if (!group)
-        return setObsolete(true);
-    group->comment = m_comment;
+    qxVariantGroup *group = qxVariants::findVariantGroup(m_contents.name);
+    const bool appears = forward == m_comes;
+    if (appears == bool(group)) // Others were here first.
+        return false;
+    if (!appears) {
+        m_contents.comment = group->comment;
+        m_contents.index = qxPlaces::indexOf(*group);
+        return qxVariants::removeVariantGroup(m_contents.name);
+    }
+    group = qxVariants::createVariantGroup(m_contents.name, false, m_contents.isVisible);
+    group->comment = m_contents.comment;
+    qxPlaces::put({qxPlaces::PlacedGroup{group, m_contents.index}});
     qxPanelEvents::announceEditedSets();
-}
-
-void qxGroupPresence::vanish()
-{
-    const qxVariantGroup *const group = qxVariants::findVariantGroup(m_name);
-    if (!group)
-        return setObsolete(true);
-    m_comment = group->comment;
-    qxVariants::removeVariantGroup(m_name);
+    return true;
 }
 
 qxGroupEdit::qxGroupEdit(const QString &text, const Texts &before, const Texts &after)
-    : QUndoCommand(text), m_before(before), m_after(after)
+    : qxEditStep(text), m_before(before), m_after(after)
 {
 }
 
-void qxGroupEdit::change(const Texts &from, const Texts &to)
+bool qxGroupEdit::perform(bool forward)
 {
+    const Texts &from = forward ? m_before : m_after;
+    const Texts &to = forward ? m_after : m_before;
     qxVariantGroup *const group = qxVariants::findVariantGroup(from.name);
-    if (!group || (from.name != to.name && qxVariants::findVariantGroup(to.name)))
-        return setObsolete(true);
+    const bool isNameFree = from.name == to.name || !qxVariants::findVariantGroup(to.name);
+    if (!group || !isNameFree || group->comment != from.comment)
+        return false;
     group->name = to.name;
     group->comment = to.comment;
     qxPanelEvents::announceEditedSets();
+    return true;
+}
+
+qxGroupsMove::qxGroupsMove(const QString &text, std::vector<Part> parts)
+    : qxEditStep(text), m_parts(std::move(parts))
+{
+}
+
+bool qxGroupsMove::perform(bool forward)
+{
+    std::vector<qxPlaces::PlacedGroup> placed;
+    for (const Part &part : m_parts) {
+        if (qxVariantGroup *group = qxVariants::findVariantGroup(part.group))
+            placed.push_back({group, forward ? part.to : part.from});
+    }
+    if (placed.empty())
+        return false;
+    qxPlaces::put(placed);
+    qxPanelEvents::announceEditedSets();
+    return true;
 }

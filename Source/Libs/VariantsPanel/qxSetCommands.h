@@ -1,86 +1,89 @@
 #pragma once
 
+#include "qxEditStep.h"
 #include "qxSetMemento.h"
+#include "qxSetPlace.h"
 
-#include <QUndoCommand>
-
-/// Where a set stands: the place in a group, or in none for an empty name.
-struct qxSetPlace {
-    QString group;
-    int row = -1; ///< -1 is the end
-
-    static qxSetPlace of(const qxVariantSet &set);
-    /// Takes the set out of its group and puts it here; a group that is gone is no group.
-    void take(qxVariantSet &set) const;
-};
-
-/// A set comes or goes.
-class qxSetPresence : public QUndoCommand {
+/// Sets come or go.
+class qxSetsPresence : public qxEditStep {
 public:
-    enum Way { Comes, Goes, IsThere /**< it came already */ };
+    enum Way { Come, Go, AreThere /**< they came already */ };
+    struct Part {
+        qxSetMemento contents;
+        qxSetPlace place;
+    };
 
-    qxSetPresence(const QString &text, Way way, const qxSetMemento &contents,
-                  const qxSetPlace &place);
-    void redo() override;
-    void undo() override;
+    qxSetsPresence(const QString &text, Way way, std::vector<Part> parts);
+
+protected:
+    bool perform(bool forward) override;
 
 private:
-    void appear();
-    void vanish();
+    bool appear();
+    bool vanish();
 
-    Way m_way;
-    qxSetMemento m_contents;
-    qxSetPlace m_place;
+    bool m_comes;
+    std::vector<Part> m_parts;
 };
 
 /// The contents of a set are others than before.
-class qxSetEdit : public QUndoCommand {
+class qxSetEdit : public qxEditStep {
 public:
-    qxSetEdit(const QString &text, const qxSetMemento &before, const qxSetMemento &after);
-    void redo() override { change(m_before, m_after); }
-    void undo() override { change(m_after, m_before); }
+    /// Steps that follow each other in the same `field` of a set are one; empty for none.
+    qxSetEdit(const QString &text, const qxSetMemento &before, const qxSetMemento &after,
+              const QString &field, bool isDone = false);
+    int id() const override;
+    bool mergeWith(const QUndoCommand *next) override;
+
+protected:
+    bool perform(bool forward) override;
 
 private:
-    void change(const qxSetMemento &from, const qxSetMemento &to);
-
     qxSetMemento m_before;
     qxSetMemento m_after;
+    QString m_field;
 };
 
-/// A set stands elsewhere.
-class qxSetMove : public QUndoCommand {
+/// Sets stand elsewhere.
+class qxSetsMove : public qxEditStep {
 public:
-    qxSetMove(const QString &text, const QString &set, const qxSetPlace &from,
-              const qxSetPlace &to);
-    void redo() override { move(m_to); }
-    void undo() override { move(m_from); }
+    struct Part {
+        QString set;
+        qxSetPlace from;
+        qxSetPlace to;
+    };
+
+    qxSetsMove(const QString &text, std::vector<Part> parts);
+
+protected:
+    bool perform(bool forward) override;
 
 private:
-    void move(const qxSetPlace &place);
-
-    QString m_set;
-    qxSetPlace m_from;
-    qxSetPlace m_to;
+    std::vector<Part> m_parts;
 };
 
 /// A group comes or goes, without sets.
-class qxGroupPresence : public QUndoCommand {
+class qxGroupPresence : public qxEditStep {
 public:
-    qxGroupPresence(const QString &text, bool comes, const QString &name, const QString &comment);
-    void redo() override { m_comes ? appear() : vanish(); }
-    void undo() override { m_comes ? vanish() : appear(); }
+    struct Contents {
+        QString name;
+        QString comment;
+        int index = -1; ///< in the registry
+        bool isVisible = true;
+    };
+
+    qxGroupPresence(const QString &text, bool comes, const Contents &contents);
+
+protected:
+    bool perform(bool forward) override;
 
 private:
-    void appear();
-    void vanish();
-
     bool m_comes;
-    QString m_name;
-    QString m_comment;
+    Contents m_contents;
 };
 
 /// Name and comment of a group are others than before.
-class qxGroupEdit : public QUndoCommand {
+class qxGroupEdit : public qxEditStep {
 public:
     struct Texts {
         QString name;
@@ -88,12 +91,29 @@ public:
     };
 
     qxGroupEdit(const QString &text, const Texts &before, const Texts &after);
-    void redo() override { change(m_before, m_after); }
-    void undo() override { change(m_after, m_before); }
+
+protected:
+    bool perform(bool forward) override;
 
 private:
-    void change(const Texts &from, const Texts &to);
-
     Texts m_before;
     Texts m_after;
+};
+
+/// Groups stand elsewhere in the registry.
+class qxGroupsMove : public qxEditStep {
+public:
+    struct Part {
+        QString group;
+        int from;
+        int to;
+    };
+
+    qxGroupsMove(const QString &text, std::vector<Part> parts);
+
+protected:
+    bool perform(bool forward) override;
+
+private:
+    std::vector<Part> m_parts;
 };

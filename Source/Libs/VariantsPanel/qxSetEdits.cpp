@@ -3,72 +3,100 @@
 #include "qxVariantGroup.h"
 #include "qxVariants.h"
 
+#include "qxCaptureRecord.h"
+#include "qxPanelEvents.h"
 #include "qxSetCommands.h"
 
+#include <algorithm>
+
 namespace {
+
+const int undoLimit = 500; ///< steps; those with previews take some room
 
 /// The steps pushed while it lives are one step of the user.
 class MacroStep {
 public:
     MacroStep(QUndoStack &stack, const QString &text) : m_stack(stack) { stack.beginMacro(text); }
     MacroStep(const MacroStep &) = delete;
+    MacroStep &operator=(const MacroStep &) = delete;
     ~MacroStep() { m_stack.endMacro(); }
 
 private:
     QUndoStack &m_stack;
 };
 
-qxSetMemento emptyContents(const QString &name)
+qxSetsPresence::Part partOf(const qxVariantSet &set)
 {
-    return qxSetMemento::of(qxVariantSet(name));
+    return {qxSetMemento::of(set), qxSetPlace::of(set)};
+}
+
+std::vector<qxVariantSet *> setsNamed(const QStringList &names)
+{
+    std::vector<qxVariantSet *> sets;
+    for (const QString &name : names) {
+        qxVariantSet *const set = qxVariants::findVariantSet(name);
+        if (set && std::find(sets.begin(), sets.end(), set) == sets.end())
+            sets.push_back(set);
+    }
+    return sets;
+}
+
+QStringList setsIn(const qxVariantGroup &group)
+{
+    QStringList names;
+    for (const qxVariantSet *set : group.sets)
+        names.append(set->name);
+    return names;
 }
 
 } // namespace
 
-qxSetEdits::qxSetEdits(QObject *parent) : QObject(parent) {}
+qxSetEdits::qxSetEdits(QObject *parent) : QObject(parent)
+{
+    m_stack.setUndoLimit(undoLimit);
+}
 
 QString qxSetEdits::addSet(const QString &group)
 {
     const QString name = qxVariants::getUniqueVariantSetName(tr("New Variant Set"));
-    m_stack.push(new qxSetPresence(tr("Add \"%1\"").arg(name), qxSetPresence::Comes,
-                                   emptyContents(name), {group, -1}));
+    m_stack.push(
+        new qxSetsPresence(tr("Add \"%1\"").arg(name), qxSetsPresence::Come,
+                           {{qxSetMemento::of(qxVariantSet(name)), qxSetPlace{group, -1, -1}}}));
     return name;
 }
 
-void qxSetEdits::tookSet(const QString &set)
+QStringList qxSetEdits::duplicateSets(const QStringList &sets)
 {
-    const qxVariantSet *const found = qxVariants::findVariantSet(set);
-    if (found)
-        m_stack.push(new qxSetPresence(tr("Capture \"%1\"").arg(set), qxSetPresence::IsThere,
-                                       qxSetMemento::of(*found), qxSetPlace::of(*found)));
-}
-
-QString qxSetEdits::duplicateSet(const QString &set)
-{
-    const qxVariantSet *const found = qxVariants::findVariantSet(set);
-    if (!found)
-        return QString();
-    qxSetMemento copy = qxSetMemento::of(*found);
-    copy.name = qxVariants::getUniqueVariantSetName(set);
-    copy.hotkey.clear(); // A key selects one set.
-    qxSetPlace place = qxSetPlace::of(*found);
-    place.row += place.row < 0 ? 0 : 1;
-    m_stack.push(
-        new qxSetPresence(tr("Duplicate \"%1\"").arg(set), qxSetPresence::Comes, copy, place));
-    return copy.name;
+    const std::vector<qxVariantSet *> originals = setsNamed(sets);
+    if (originals.empty())
+        return QStringList();
+    const MacroStep step(m_stack,
+                         originals.size() == 1
+                             ? tr("Duplicate \"%1\"").arg(originals.front()->name)
+                             : tr("Duplicate %n sets", nullptr, int(originals.size())));
+    QStringList copies;
+    for (const qxVariantSet *original : originals) {
+        qxSetsPresence::Part copy = partOf(*original);
+        copy.contents.name = qxVariants::getUniqueVariantSetName(original->name);
+        copy.contents.hotkey.clear(); // A key selects one set.
+        copy.place.row += original->group ? 1 : 0;
+        ++copy.place.index;
+        copies << copy.contents.name;
+        m_stack.push(new qxSetsPresence(QString(), qxSetsPresence::Come, {copy}));
+    }
+    return copies;
 }
 
 void qxSetEdits::removeSets(const QStringList &sets)
 {
-    const QString what = sets.size() == 1 ? tr("Delete \"%1\"").arg(sets.first())
-                                          : tr("Delete %n sets", nullptr, sets.size());
-    const MacroStep step(m_stack, what);
-    // From the last to the first: undoing brings each back to a place that is there again.
-    for (auto name = sets.rbegin(); name != sets.rend(); ++name) {
-        if (const qxVariantSet *const set = qxVariants::findVariantSet(*name))
-            m_stack.push(new qxSetPresence(what, qxSetPresence::Goes, qxSetMemento::of(*set),
-                                           qxSetPlace::of(*set)));
-    }
+    std::vector<qxSetsPresence::Part> parts;
+    for (const qxVariantSet *set : setsNamed(sets))
+        parts.push_back(partOf(*set));
+    if (parts.empty())
+        return;
+    const QString what = parts.size() == 1 ? tr("Delete \"%1\"").arg(parts.front().contents.name)
+                                           : tr("Delete %n sets", nullptr, int(parts.size()));
+    m_stack.push(new qxSetsPresence(what, qxSetsPresence::Go, std::move(parts)));
 }
 
 void qxSetEdits::renameSet(const QString &set, const QString &name)
@@ -81,7 +109,7 @@ void qxSetEdits::renameSet(const QString &set, const QString &name)
 }
 
 void qxSetEdits::editSet(const QString &set, const QString &what,
-                         const std::function<void(qxVariantSet &)> &change)
+                         const std::function<void(qxVariantSet &)> &change, const QString &field)
 {
     qxVariantSet *const found = qxVariants::findVariantSet(set);
     if (!found)
@@ -89,34 +117,21 @@ void qxSetEdits::editSet(const QString &set, const QString &what,
     const qxSetMemento before = qxSetMemento::of(*found);
     change(*found);
     const qxSetMemento after = qxSetMemento::of(*found);
-    before.applyTo(*found); // The command makes the change, so that it is announced once.
-    m_stack.push(new qxSetEdit(what, before, after));
-}
-
-void qxSetEdits::moveSets(const QStringList &sets, const QString &group, int row)
-{
-    const MacroStep step(m_stack,
-                         sets.size() == 1 ? tr("Move \"%1\"").arg(sets.first())
-                                          : tr("Move %n sets", nullptr, sets.size()));
-    for (const QString &name : sets) {
-        const qxVariantSet *const set = qxVariants::findVariantSet(name);
-        if (!set)
-            continue;
-        const qxSetPlace from = qxSetPlace::of(*set);
-        // Taken out first, a set that stood before the place moves it by one.
-        if (row > 0 && from.group == group && from.row >= 0 && from.row < row)
-            --row;
-        m_stack.push(new qxSetMove(tr("Move \"%1\"").arg(name), name, from, {group, row}));
-        if (row >= 0)
-            ++row;
-    }
+    before.applyTo(*found); // The step makes the change, so that it is announced once.
+    if (qxSetMemento::differ(before, after))
+        m_stack.push(new qxSetEdit(what, before, after, field));
 }
 
 QString qxSetEdits::addGroup()
 {
     const QString name = qxVariants::getUniqueVariantGroupName(tr("New Group"));
-    m_stack.push(new qxGroupPresence(tr("Add group \"%1\"").arg(name), true, name, QString()));
+    makeGroup(name);
     return name;
+}
+
+void qxSetEdits::makeGroup(const QString &name)
+{
+    m_stack.push(new qxGroupPresence(tr("Add group \"%1\"").arg(name), true, {name, {}, -1, true}));
 }
 
 void qxSetEdits::renameGroup(const QString &group, const QString &name)
@@ -137,19 +152,72 @@ void qxSetEdits::commentGroup(const QString &group, const QString &comment)
                                      {group, comment}));
 }
 
+/// Takes the sets out of the group; in the registry they stay where they are.
+void qxSetEdits::leaveGroup(const qxVariantGroup &group)
+{
+    std::vector<qxSetsMove::Part> parts;
+    for (const qxVariantSet *set : group.sets) {
+        const qxSetPlace from = qxSetPlace::of(*set);
+        parts.push_back({set->name, from, {QString(), -1, from.index}});
+    }
+    if (!parts.empty())
+        m_stack.push(new qxSetsMove(QString(), std::move(parts)));
+}
+
 void qxSetEdits::removeGroup(const QString &group, bool withSets)
 {
     const qxVariantGroup *const found = qxVariants::findVariantGroup(group);
     if (!found)
         return;
-    const MacroStep step(m_stack, tr("Delete group \"%1\"").arg(group));
-    QStringList sets;
-    for (const qxVariantSet *set : found->sets)
-        sets.append(set->name);
+    const MacroStep step(m_stack,
+                         withSets ? tr("Delete group \"%1\" with its sets").arg(group)
+                                  : tr("Delete group \"%1\"").arg(group));
     if (withSets)
-        removeSets(sets);
+        removeSets(setsIn(*found));
     else
-        moveSets(sets, QString(), -1);
-    m_stack.push(
-        new qxGroupPresence(tr("Delete group \"%1\"").arg(group), false, group, found->comment));
+        leaveGroup(*found);
+    m_stack.push(new qxGroupPresence(
+        QString(), false, {group, found->comment, qxPlaces::indexOf(*found), found->visible}));
+}
+
+void qxSetEdits::remove(const QStringList &sets, const QStringList &groups, bool withSets)
+{
+    if (groups.isEmpty())
+        return removeSets(sets);
+    if (sets.isEmpty() && groups.size() == 1)
+        return removeGroup(groups.first(), withSets);
+    const MacroStep step(m_stack, tr("Delete the selection"));
+    removeSets(sets);
+    for (const QString &group : groups)
+        removeGroup(group, withSets);
+}
+
+QString qxSetEdits::captureSet(const QString &name, const QString &group, qxCaptureRecord &record,
+                               const std::function<void(qxVariantSet &)> &capture)
+{
+    const MacroStep step(m_stack, tr("Capture \"%1\"").arg(name));
+    if (!group.isEmpty() && !qxVariants::findVariantGroup(group))
+        makeGroup(group);
+    qxVariantSet *const set =
+        qxVariants::createVariantSet(name, true, qxVariants::findVariantGroup(group));
+    if (!set)
+        return QString();
+    capture(*set);
+    m_stack.push(record.finish(name));
+    m_stack.push(new qxSetsPresence(QString(), qxSetsPresence::AreThere, {partOf(*set)}));
+    return name;
+}
+
+void qxSetEdits::captureAgain(const QString &set, qxCaptureRecord &record,
+                              const std::function<void(qxVariantSet &)> &capture)
+{
+    qxVariantSet *const found = qxVariants::findVariantSet(set);
+    if (!found)
+        return;
+    const MacroStep step(m_stack, tr("Update \"%1\"").arg(set));
+    const qxSetMemento before = qxSetMemento::of(*found);
+    capture(*found);
+    m_stack.push(record.finish(set));
+    m_stack.push(new qxSetEdit(QString(), before, qxSetMemento::of(*found), QString(), true));
+    qxPanelEvents::announceEditedSets();
 }

@@ -4,16 +4,18 @@
 #include <QUndoStack>
 
 #include <functional>
-#include <vector>
 
+class qxCaptureRecord;
+class qxVariantGroup;
 class qxVariantSet;
-struct qxSetMemento;
 
-/// The edits of sets and groups that a user makes in the panel, each of them to undo.
+/// The edits of sets and groups that a user makes in the panel, each of them one step to undo.
 ///
-/// Sets and groups are named by their names, which are unique among each. Names that are wanted but
-/// taken get a number. An edit whose set or group a script took away meanwhile is dropped from the
-/// stack when it is undone. Every edit is announced through the host.
+/// Sets and groups are named by their names, which are unique among each; unknown ones are passed
+/// over. Names that are wanted but taken get a number. What others (scripts, a file that is read)
+/// change meanwhile stays: a step that touches just that is dropped when it is undone, and a set
+/// that comes back while its name is taken gets a number. An edit that would change nothing is no
+/// step. Every edit is announced through the host.
 class qxSetEdits : public QObject {
     Q_OBJECT
 
@@ -24,26 +26,45 @@ public:
 
     /// The name of the new, empty set; at the end of `group`, or in none for an empty name.
     QString addSet(const QString &group);
-    /// Takes a set that exists already, by a capture say, as added.
-    void tookSet(const QString &set);
-    /// The name of the copy, which stands behind its original.
-    QString duplicateSet(const QString &set);
+    /// The names of the copies, each of which stands behind its original.
+    QStringList duplicateSets(const QStringList &sets);
     void removeSets(const QStringList &sets);
     /// Gives the set that name, or one like it when it is taken.
     void renameSet(const QString &set, const QString &name);
-    /// Lets `change` edit the set and takes the difference as one edit called `what`.
+    /// Lets `change` edit the set and takes the difference as one step called `what`. Steps that
+    /// follow each other in one `field` are one; an empty name is no field.
     void editSet(const QString &set, const QString &what,
-                 const std::function<void(qxVariantSet &)> &change);
-    /// Moves the sets, in this order, before place `row` of the group (-1 is the end), or out of
-    /// all groups for an empty name.
+                 const std::function<void(qxVariantSet &)> &change,
+                 const QString &field = QString());
+    /// Moves the sets, in this order, before the one in `row` of the group, or among the sets in no
+    /// group for an empty name; -1 is the end.
     void moveSets(const QStringList &sets, const QString &group, int row);
+    /// Moves the sets by one row each, up or down, within their groups; those at the end stay.
+    void shiftSets(const QStringList &sets, bool down);
 
     QString addGroup();
     void renameGroup(const QString &group, const QString &name);
     void commentGroup(const QString &group, const QString &comment);
     /// The sets of the group stay, without a group, unless they are removed as well.
     void removeGroup(const QString &group, bool withSets);
+    /// Removes sets and groups in one step.
+    void remove(const QStringList &sets, const QStringList &groups, bool withSets);
+    /// Moves the groups, in this order, before the visible group in `row`; -1 is the end.
+    void moveGroups(const QStringList &groups, int row);
+    void shiftGroup(const QString &group, bool down);
+
+    /// Makes a set of that name in the group, which is made when there is none, and lets `capture`
+    /// fill it; undo takes back what the capture did to scene, variants and other sets, as far as
+    /// qxCaptureRecord does. The name of the set; empty when the registry refused it.
+    QString captureSet(const QString &name, const QString &group, qxCaptureRecord &record,
+                       const std::function<void(qxVariantSet &)> &capture);
+    /// The same for a set that exists, in the place of what it held.
+    void captureAgain(const QString &set, qxCaptureRecord &record,
+                      const std::function<void(qxVariantSet &)> &capture);
 
 private:
+    void makeGroup(const QString &name);
+    void leaveGroup(const qxVariantGroup &group);
+
     QUndoStack m_stack;
 };

@@ -1,61 +1,99 @@
 #include "qxSetMemento.h"
 
+#include <algorithm>
+
 namespace {
 
-qxStateList qxVariantSet::*const stateLists[] = {
-    &qxVariantSet::nodeVariants, &qxVariantSet::materialVariants, &qxVariantSet::lightVariants,
-    &qxVariantSet::overlayVariants, &qxVariantSet::transformVariants};
+template <class Value>
+bool isSame(const Value &one, const Value &other)
+{
+    return one == other;
+}
+
+bool isSame(const qxUniqueNames &one, const qxUniqueNames &other)
+{
+    return one.list() == other.list();
+}
+
+bool isSame(const qxStateList &one, const qxStateList &other)
+{
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                      [](const qxVariantState &state, const qxVariantState &second) {
+                          return state.variant == second.variant && state.state == second.state;
+                      });
+}
 
 } // namespace
 
 // A list, not a procedure.
+template <class Visit>
+void qxSetMemento::visitFields(const Visit &visit)
+{
+    typedef qxSetMemento Held;
+    typedef qxVariantSet Set;
+    visit(&Held::name, &Set::name);
+    visit(&Held::hotkey, &Set::hotkey);
+    visit(&Held::comment, &Set::comment);
+    visit(&Held::script, &Set::script);
+    visit(&Held::defaultViewpoint, &Set::defaultViewpoint);
+    visit(&Held::values, &Set::values);
+    visit(&Held::preview, &Set::preview);
+    visit(&Held::m_nodes, &Set::nodeVariants);
+    visit(&Held::m_materials, &Set::materialVariants);
+    visit(&Held::m_lights, &Set::lightVariants);
+    visit(&Held::m_overlays, &Set::overlayVariants);
+    visit(&Held::m_transforms, &Set::transformVariants);
+    visit(&Held::m_viewpoints, &Set::viewpoints);
+    visit(&Held::m_animations, &Set::animations);
+    visit(&Held::m_geometries, &Set::geometries);
+    visit(&Held::m_targets, &Set::targetNodeNames);
+    visit(&Held::m_snapshots, &Set::materialSnapshots);
+    visit(&Held::m_isSequential, &Set::sequentialAnimation);
+    visit(&Held::m_includesNodes, &Set::inclNodes);
+    visit(&Held::m_includesMaterials, &Set::inclMats);
+    visit(&Held::m_includesLights, &Set::inclLights);
+    visit(&Held::m_includesEnvironment, &Set::inclEnv);
+    visit(&Held::m_includesView, &Set::inclView);
+}
+
 qxSetMemento qxSetMemento::of(const qxVariantSet &set)
 {
     qxSetMemento held;
-    held.name = set.name;
-    held.hotkey = set.hotkey;
-    held.comment = set.comment;
-    held.script = set.script;
-    held.defaultViewpoint = set.defaultViewpoint;
-    held.values = set.values;
-    held.preview = set.preview;
-    for (std::size_t kind = 0; kind < std::size(stateLists); ++kind)
-        held.m_states[kind] = set.*stateLists[kind];
-    held.m_viewpoints = set.viewpoints;
-    held.m_animations = set.animations;
-    held.m_geometries = set.geometries;
-    held.m_targets = set.targetNodeNames;
-    held.m_snapshots = set.materialSnapshots;
-    held.m_clipping = set.getAnalyzerVariant();
+    visitFields([&](auto field, auto own) { held.*field = set.*own; });
+    held.m_clipping = set.analyzer;
     held.m_animationIndex = set.animationIndex;
-    held.m_sequential = set.sequentialAnimation;
-    bool *const flags = held.m_inclusion;
-    set.getInclInfo(flags[0], flags[1], flags[2], flags[3], flags[4]);
     return held;
 }
 
-// A list, not a procedure.
 void qxSetMemento::applyTo(qxVariantSet &set) const
 {
-    if (set.name != name)
-        set.name = name;
-    set.hotkey = hotkey;
-    set.updateShortcut();
-    set.comment = comment;
-    set.script = script;
-    set.defaultViewpoint = defaultViewpoint;
-    set.values = values;
-    set.setPreview(preview);
-    for (std::size_t kind = 0; kind < std::size(stateLists); ++kind)
-        set.*stateLists[kind] = m_states[kind];
-    set.viewpoints = m_viewpoints;
-    set.animations = m_animations;
-    set.geometries = m_geometries;
-    set.targetNodeNames = m_targets;
-    set.materialSnapshots = m_snapshots;
-    set.setAnalyzerVariant(m_clipping);
+    visitFields([&](auto field, auto own) { set.*own = this->*field; });
+    set.analyzer = m_clipping;
     set.animationIndex = m_animationIndex;
-    set.sequentialAnimation = m_sequential;
-    const bool *const flags = m_inclusion;
-    set.setInclInfo(flags[0], flags[1], flags[2], flags[3], flags[4]);
+    set.updateShortcut();
+}
+
+bool qxSetMemento::differ(const qxSetMemento &before, const qxSetMemento &after)
+{
+    bool differ = false;
+    visitFields([&](auto field, auto) { differ |= !isSame(before.*field, after.*field); });
+    return differ;
+}
+
+bool qxSetMemento::edit(qxVariantSet &set, const qxSetMemento &before, const qxSetMemento &after)
+{
+    const qxSetMemento now = of(set);
+    bool isFree = true;
+    visitFields([&](auto field, auto) {
+        const bool isEdited = !isSame(before.*field, after.*field);
+        isFree &= !isEdited || isSame(now.*field, before.*field);
+    });
+    if (!isFree)
+        return false;
+    visitFields([&](auto field, auto own) {
+        if (!isSame(before.*field, after.*field))
+            set.*own = after.*field;
+    });
+    set.updateShortcut();
+    return true;
 }

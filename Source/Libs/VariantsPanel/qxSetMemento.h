@@ -9,6 +9,13 @@ struct qxSetMemento {
     /// Gives `set` these contents; its name only when it differs. The group stays.
     void applyTo(qxVariantSet &set) const;
 
+    /// Whether an edit from `before` to `after` changes anything. What only the scene changes does
+    /// not count: which animation is next.
+    static bool differ(const qxSetMemento &before, const qxSetMemento &after);
+    /// Makes that edit in `set`: only what differs is touched. False, and nothing is touched, when
+    /// somebody else has changed just that since.
+    static bool edit(qxVariantSet &set, const qxSetMemento &before, const qxSetMemento &after);
+
     QString name;
     QString hotkey;
     QString comment;
@@ -18,14 +25,25 @@ struct qxSetMemento {
     QByteArray preview;
 
 private:
-    qxStateList m_states[5];
+    template <class Visit>
+    static void visitFields(const Visit &visit);
+
+    qxStateList m_nodes;
+    qxStateList m_materials;
+    qxStateList m_lights;
+    qxStateList m_overlays;
+    qxStateList m_transforms;
     qxUniqueNames m_viewpoints;
     qxUniqueNames m_animations;
     qxUniqueNames m_geometries;
     qxUniqueNames m_targets;
     QMap<QString, QString> m_snapshots;
-    qxAnalyzerVariant m_clipping;
+    bool m_isSequential = false;
+    bool m_includesNodes = false;
+    bool m_includesMaterials = false;
+    bool m_includesLights = false;
+    bool m_includesEnvironment = false;
+    bool m_includesView = false;
+    qxAnalyzerVariant m_clipping; ///< no edit changes it
     unsigned int m_animationIndex = 0;
-    bool m_sequential = false;
-    bool m_inclusion[5] = {};
 };

@@ -6,8 +6,8 @@
 
 #include "qxKeyText.h"
 #include "qxPanelEvents.h"
-#include "qxSetCommands.h"
 #include "qxSetEdits.h"
+#include "qxSetPlace.h"
 
 #include <QDataStream>
 #include <QMimeData>
@@ -16,6 +16,15 @@
 namespace {
 
 const char *const setNamesType = "application/x-qx-variant-sets";
+const char *const groupNamesType = "application/x-qx-variant-groups";
+
+QStringList namesIn(const QMimeData &data, const char *type)
+{
+    QDataStream stream(data.data(type));
+    QStringList names;
+    stream >> names;
+    return names;
+}
 
 int stateCount(const qxVariantSet &set)
 {
@@ -186,47 +195,76 @@ Qt::ItemFlags qxSetsModel::flags(const QModelIndex &index) const
     const Row *const row = rowAt(index);
     if (!row)
         return Qt::ItemIsDropEnabled;
-    const Qt::ItemFlags common = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable;
-    return common | (row->isGroup ? Qt::ItemIsDropEnabled : Qt::ItemIsDragEnabled);
+    const Qt::ItemFlags common =
+        Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
+    // A set in the gallery takes others before it.
+    return row->isGroup || m_shape == Flat ? common | Qt::ItemIsDropEnabled : common;
 }
 
 QStringList qxSetsModel::mimeTypes() const
 {
-    return {setNamesType};
+    return {setNamesType, groupNamesType};
 }
 
+/// Sets are dragged, or else groups.
 QMimeData *qxSetsModel::mimeData(const QModelIndexList &indexes) const
 {
+    QStringList sets;
+    QStringList groups;
+    for (const QModelIndex &index : indexes) {
+        if (const Row *const row = rowAt(index))
+            (row->isGroup ? groups : sets).append(row->name);
+    }
     QByteArray names;
     QDataStream stream(&names, QIODevice::WriteOnly);
-    for (const QModelIndex &index : indexes) {
-        const Row *const row = rowAt(index);
-        if (row && !row->isGroup)
-            stream << row->name;
-    }
+    stream << (sets.isEmpty() ? groups : sets);
     auto *const data = new QMimeData;
-    data->setData(setNamesType, names);
+    data->setData(sets.isEmpty() ? groupNamesType : setNamesType, names);
     return data;
 }
 
-bool qxSetsModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int,
+bool qxSetsModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                                  const QModelIndex &parent) const
+{
+    // Groups stand between groups, not in them.
+    const bool isGroup = data->hasFormat(groupNamesType);
+    return QAbstractItemModel::canDropMimeData(data, action, row, column, parent)
+        && !(isGroup && parent.isValid());
+}
+
+bool qxSetsModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                                const QModelIndex &parent)
 {
-    if (action != Qt::MoveAction || !data->hasFormat(setNamesType))
+    if (!canDropMimeData(data, action, row, column, parent))
         return false;
-    QDataStream stream(data->data(setNamesType));
-    QStringList names;
-    for (QString name; !stream.atEnd(); names.append(name))
-        stream >> name;
-    const qxVariantGroup *const group = groupAt(parent);
-    // In the list of all sets, before a set means into its group.
-    const qxVariantSet *const next =
-        m_shape == Flat ? setAt(index(row, 0, QModelIndex())) : nullptr;
-    if (next)
-        m_edits->moveSets(names, qxSetPlace::of(*next).group, qxSetPlace::of(*next).row);
-    else
-        m_edits->moveSets(names, group ? QString(group->name) : QString(), group ? row : -1);
+    if (data->hasFormat(groupNamesType)) {
+        m_edits->moveGroups(namesIn(*data, groupNamesType), row);
+        return false;
+    }
+    const Target target = targetOf(row, parent);
+    m_edits->moveSets(namesIn(*data, setNamesType), target.group, target.row);
     return false; // The move is done: the view must not remove the rows.
+}
+
+/// What a drop before that row means, or one on the set `parent`. Between groups it means behind
+/// the sets of the upper one.
+qxSetsModel::Target qxSetsModel::targetOf(int row, const QModelIndex &parent) const
+{
+    const Row *const above = rowAt(parent);
+    if (above && above->isGroup)
+        return {above->name, row};
+    const int place = above ? above->row : row;
+    if (place < 0 || place >= int(m_top.size()))
+        return {QString(), -1};
+    if (place >= m_firstAlone)
+        return {QString(), place - m_firstAlone};
+    const Row &next = m_rows[std::size_t(m_top[std::size_t(place)])];
+    if (next.isGroup && place > 0)
+        return {index(place - 1, 0, QModelIndex()).data().toString(), -1};
+    if (next.isGroup)
+        return {next.name, 0};
+    const qxVariantSet *const set = qxVariants::findVariantSet(next.name);
+    return set ? Target{qxSetPlace::of(*set).group, qxSetPlace::of(*set).row} : Target();
 }
 
 void qxSetsModel::refresh()
@@ -269,6 +307,7 @@ void qxSetsModel::readRows()
         for (const qxVariantSet *set : group->sets)
             appendRow(set, set->name, false, place);
     }
+    m_firstAlone = int(m_top.size());
     for (const qxVariantSet *set : qxVariants::_variantSets) {
         if (!set->group)
             appendRow(set, set->name, false, -1);

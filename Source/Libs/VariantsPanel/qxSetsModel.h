@@ -16,7 +16,8 @@ class qxVariantSet;
 /// tree, or the sets alone in the same order.
 ///
 /// Rows keep their place in the views (selection, scrolling, open groups) through every change.
-/// Names and comments are edited in place, sets are moved by drag and drop; both can be undone.
+/// Names and comments are edited in place, sets and groups are moved by drag and drop; both can be
+/// undone.
 class qxSetsModel : public QAbstractItemModel {
     Q_OBJECT
 
@@ -54,6 +55,8 @@ public:
     Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
     QStringList mimeTypes() const override;
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                         const QModelIndex &parent) const override;
     bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                       const QModelIndex &parent) override;
 
@@ -69,6 +72,13 @@ private:
     };
     typedef std::vector<Row> Rows;
 
+    /// Where dragged sets go to: before a row of a group, or of the sets in none.
+    struct Target {
+        QString group;
+        int row = -1;
+    };
+
+    Target targetOf(int row, const QModelIndex &parent) const;
     void refresh();
     void refreshStates();
     void readRows();
@@ -85,6 +95,7 @@ private:
     qxSetEdits *m_edits;
     Rows m_rows;
     std::vector<int> m_top;
+    int m_firstAlone = 0; ///< the first set in no group among them
     QHash<QString, int> m_sets; ///< places of the sets in m_rows
     QHash<QString, int> m_groups;
     mutable qxSetMatch m_match;

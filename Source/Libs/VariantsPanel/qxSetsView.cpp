@@ -24,12 +24,21 @@ QTreeView *makeTree()
     return tree;
 }
 
+/// Icons as a list has them: dragged ones are dropped into the model, which orders them. A list of
+/// icons by itself would just put them elsewhere.
+class Gallery : public QListView {
+protected:
+    void startDrag(Qt::DropActions actions) override { QAbstractItemView::startDrag(actions); }
+    void dragMoveEvent(QDragMoveEvent *event) override { QAbstractItemView::dragMoveEvent(event); }
+    void dropEvent(QDropEvent *event) override { QAbstractItemView::dropEvent(event); }
+};
+
 QListView *makeGallery()
 {
-    auto *const gallery = new QListView;
+    auto *const gallery = new Gallery;
     gallery->setViewMode(QListView::IconMode);
     gallery->setResizeMode(QListView::Adjust);
-    gallery->setMovement(QListView::Snap);
+    gallery->setMovement(QListView::Static);
     gallery->setUniformItemSizes(true);
     gallery->setLayoutMode(QListView::Batched);
     gallery->setItemDelegate(new qxSetDelegate(qxSetDelegate::Cards, gallery));
@@ -82,6 +91,8 @@ qxSetsView::Face qxSetsView::makeFace(QAbstractItemView *view, qxSetsModel *mode
     });
     connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &qxSetsView::currentChanged);
+    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &qxSetsView::selectionChanged);
     connect(model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::currentChanged);
     addWidget(view);
     return {model, filter, view};
@@ -102,7 +113,7 @@ void qxSetsView::setSearch(const QString &text)
         static_cast<QTreeView *>(m_faces[List].view)->expandAll();
 }
 
-QStringList qxSetsView::selectedSets() const
+QStringList qxSetsView::selected(bool groups) const
 {
     QModelIndexList selected = face().view->selectionModel()->selectedIndexes();
     const auto isBefore = [](const QModelIndex &one, const QModelIndex &other) {
@@ -113,10 +124,16 @@ QStringList qxSetsView::selectedSets() const
     std::sort(selected.begin(), selected.end(), isBefore);
     QStringList names;
     for (const QModelIndex &index : selected) {
-        if (!index.data(qxSetsModel::IsGroupRole).toBool())
+        if (index.data(qxSetsModel::IsGroupRole).toBool() == groups)
             names << index.data().toString();
     }
     return names;
+}
+
+QPoint qxSetsView::placeOfCurrent() const
+{
+    const QAbstractItemView &view = *face().view;
+    return view.viewport()->mapToGlobal(view.visualRect(current()).bottomLeft());
 }
 
 QModelIndex qxSetsView::current() const
@@ -141,6 +158,17 @@ QString qxSetsView::currentGroup() const
 void qxSetsView::showSet(const QString &name)
 {
     setCurrent(face().model->indexOfSet(name));
+}
+
+void qxSetsView::selectSets(const QStringList &names)
+{
+    if (names.isEmpty())
+        return;
+    showSet(names.first());
+    for (const QString &name : names) {
+        const QModelIndex index = face().filter->mapFromSource(face().model->indexOfSet(name));
+        face().view->selectionModel()->select(index, QItemSelectionModel::Select);
+    }
 }
 
 void qxSetsView::showGroup(const QString &name)

@@ -24,19 +24,25 @@ public:
     void setSearch(const QString &text);
 
     /// The selected sets in the order of the view.
-    QStringList selectedSets() const;
+    QStringList selectedSets() const { return selected(false); }
+    QStringList selectedGroups() const { return selected(true); }
     /// The set under the cursor, or else the group; empty for none.
     QString currentSet() const;
     QString currentGroup() const;
     void showSet(const QString &name);
+    /// Selects these sets alone; the first one is under the cursor.
+    void selectSets(const QStringList &names);
     void showGroup(const QString &name);
     void renameCurrent();
+    /// Where a menu for the row under the cursor belongs, in global coordinates.
+    QPoint placeOfCurrent() const;
 
 signals:
     /// The user wants this set applied.
     void activated(const QString &set);
     /// Another set or group is under the cursor, or it has another name.
     void currentChanged();
+    void selectionChanged();
     void menuRequested(const QPoint &globalPosition);
 
 private:
@@ -49,6 +55,7 @@ private:
 
     Face makeFace(QAbstractItemView *view, qxSetsModel *model);
     const Face &face() const { return m_faces[currentIndex()]; }
+    QStringList selected(bool groups) const;
     QModelIndex current() const;
     void setCurrent(const QModelIndex &sourceIndex);
 

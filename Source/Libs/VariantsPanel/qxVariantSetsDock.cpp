@@ -32,6 +32,7 @@ qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     retranslate();
     connect(m_view, &qxSetsView::activated, this, &qxVariantSetsDock::selectSet);
     connect(m_view, &qxSetsView::currentChanged, this, &qxVariantSetsDock::followCurrent);
+    connect(m_view, &qxSetsView::selectionChanged, this, &qxVariantSetsDock::followSelection);
     connect(m_view, &qxSetsView::menuRequested, this, &qxVariantSetsDock::showMenu);
     connect(m_events, &qxPanelEvents::setSelected, m_view, &qxSetsView::showSet);
     auto *const hotkeys = new qxSetHotkeys(this);
@@ -118,8 +119,14 @@ void qxVariantSetsDock::buildActions()
     m_ofSets << addAction(QT_TR_NOOP("New &Preview"), QKeySequence(), &Dock::makePreview);
     addAction(QT_TR_NOOP("&Rename"), QKeySequence(Qt::Key_F2), &Dock::renameCurrent);
     m_ofSets << addAction(QT_TR_NOOP("&Duplicate"), QKeySequence(Qt::CTRL + Qt::Key_D),
-                          &Dock::duplicateSet);
-    addAction(QT_TR_NOOP("De&lete"), QKeySequence::Delete, &Dock::removeCurrent);
+                          &Dock::duplicateSets);
+    addAction(QT_TR_NOOP("Move U&p"), QKeySequence(Qt::ALT + Qt::Key_Up), &Dock::moveUp);
+    addAction(QT_TR_NOOP("Move Do&wn"), QKeySequence(Qt::ALT + Qt::Key_Down), &Dock::moveDown);
+    m_ofSets << addAction(QT_TR_NOOP("&Move to..."), QKeySequence(Qt::CTRL + Qt::Key_M),
+                          &Dock::askWhereTo);
+    addAction(QT_TR_NOOP("De&lete"), QKeySequence::Delete, &Dock::removeSelected);
+    m_withSets = addAction(QT_TR_NOOP("Delete Group with Its S&ets"),
+                           QKeySequence(Qt::SHIFT + Qt::Key_Delete), &Dock::removeGroupsWithSets);
     m_ofSets << addAction(QT_TR_NOOP("Show Connected &Variants"), QKeySequence(),
                           &Dock::showConnected);
 }
@@ -139,25 +146,24 @@ QAction *qxVariantSetsDock::addAction(const char *text, const QKeySequence &key,
 
 void qxVariantSetsDock::showMenu(const QPoint &globalPosition)
 {
-    QMenu menu;
-    menu.addActions(m_actions);
-    if (!m_view->selectedSets().isEmpty())
-        fillMoveMenu(menu.addMenu(tr("&Move to")));
-    menu.exec(globalPosition);
+    QMenu::exec(m_actions, globalPosition, nullptr, this);
 }
 
-void qxVariantSetsDock::fillMoveMenu(QMenu *menu)
+void qxVariantSetsDock::askWhereTo()
 {
+    QMenu menu;
+    menu.setObjectName(QStringLiteral("groups"));
     const auto addTarget = [&](const QString &text, const QString &group) {
-        connect(menu->addAction(text), &QAction::triggered, this,
+        connect(menu.addAction(text), &QAction::triggered, this,
                 [this, group] { m_edits->moveSets(m_view->selectedSets(), group, -1); });
     };
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
         if (group->visible)
-            addTarget(group->name, group->name);
+            addTarget(QString(group->name).replace('&', QLatin1String("&&")), group->name);
     }
-    menu->addSeparator();
+    menu.addSeparator();
     addTarget(tr("No Group"), QString());
+    menu.exec(m_view->placeOfCurrent());
 }
 
 void qxVariantSetsDock::followCurrent()
@@ -165,6 +171,12 @@ void qxVariantSetsDock::followCurrent()
     m_form->showSet(m_view->currentSet());
     for (QAction *action : m_ofSets)
         action->setEnabled(!m_view->currentSet().isEmpty());
+    followSelection();
+}
+
+void qxVariantSetsDock::followSelection()
+{
+    m_withSets->setEnabled(!m_view->selectedGroups().isEmpty());
 }
 
 void qxVariantSetsDock::selectSet(const QString &name)
@@ -218,21 +230,31 @@ void qxVariantSetsDock::renameCurrent()
     m_view->renameCurrent();
 }
 
-void qxVariantSetsDock::duplicateSet()
+void qxVariantSetsDock::duplicateSets()
 {
-    const QString name = m_edits->duplicateSet(m_view->currentSet());
+    const QStringList copies = m_edits->duplicateSets(m_view->selectedSets());
     m_events->flush();
-    m_view->showSet(name);
+    m_view->selectSets(copies);
 }
 
-void qxVariantSetsDock::removeCurrent()
+void qxVariantSetsDock::move(bool down)
 {
     const QStringList sets = m_view->selectedSets();
+    const QStringList groups = m_view->selectedGroups();
     if (!sets.isEmpty())
-        return m_edits->removeSets(sets);
-    const QString group = m_view->currentGroup();
-    if (!group.isEmpty())
-        m_edits->removeGroup(group, false);
+        m_edits->shiftSets(sets, down);
+    else if (!groups.isEmpty())
+        m_edits->shiftGroup(groups.first(), down);
+}
+
+void qxVariantSetsDock::removeSelected()
+{
+    m_edits->remove(m_view->selectedSets(), m_view->selectedGroups(), false);
+}
+
+void qxVariantSetsDock::removeGroupsWithSets()
+{
+    m_edits->remove(m_view->selectedSets(), m_view->selectedGroups(), true);
 }
 
 void qxVariantSetsDock::showConnected()

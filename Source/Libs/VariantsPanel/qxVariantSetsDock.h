@@ -4,7 +4,6 @@
 
 class QAction;
 class QLineEdit;
-class QMenu;
 class QToolButton;
 class QUndoStack;
 class qxPanelEvents;
@@ -46,8 +45,8 @@ private:
     QAction *addAction(const char *text, const QKeySequence &key, void (qxVariantSetsDock::*run)());
     QWidget *buildTopLine();
     void showMenu(const QPoint &globalPosition);
-    void fillMoveMenu(QMenu *menu);
     void followCurrent();
+    void followSelection();
 
     void selectCurrent();
     void addSet();
@@ -56,8 +55,14 @@ private:
     void updateSet();
     void makePreview();
     void renameCurrent();
-    void duplicateSet();
-    void removeCurrent();
+    void duplicateSets();
+    void move(bool down);
+    void moveUp() { move(false); }
+    void moveDown() { move(true); }
+    /// Lets the user choose the group for the selected sets.
+    void askWhereTo();
+    void removeSelected();
+    void removeGroupsWithSets();
     void showConnected();
 
     qxPanelEvents *m_events;
@@ -70,4 +75,5 @@ private:
     QList<QAction *> m_actions;
     QList<const char *> m_texts; ///< of the actions, to be translated
     QList<QAction *> m_ofSets; ///< those that need a set
+    QAction *m_withSets; ///< needs a group
 };

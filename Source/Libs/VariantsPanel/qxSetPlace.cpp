@@ -1,0 +1,109 @@
+#include "qxSetPlace.h"
+
+#include "qxVariantGroup.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+/// An object of the registry and the place that it is to have there.
+template <class T>
+struct Indexed {
+    T *object;
+    int index;
+};
+
+template <class List, class T>
+bool isInPlace(const List &list, const Indexed<T> &each)
+{
+    return each.index >= 0 && std::size_t(each.index) < list.size()
+        && list[std::size_t(each.index)] == each.object;
+}
+
+/// Gives the objects their places among the others of the list. The list itself can only append, so
+/// that it is filled anew, unless all of them are where they should be.
+template <class List, class T>
+void arrange(List &list, std::vector<Indexed<T>> placed)
+{
+    if (std::all_of(placed.begin(), placed.end(),
+                    [&list](const Indexed<T> &each) { return isInPlace(list, each); }))
+        return;
+    std::stable_sort(placed.begin(), placed.end(), [](const auto &one, const auto &other) {
+        return unsigned(one.index) < unsigned(other.index); // -1 comes last
+    });
+    std::set<T *> moving;
+    for (const Indexed<T> &each : placed)
+        moving.insert(each.object);
+    auto next = placed.begin();
+    std::size_t count = 0;
+    const auto append = [&](T *object) {
+        list.append(object);
+        ++count;
+    };
+    for (T *object : list.takeAll()) {
+        if (moving.count(object))
+            continue;
+        for (; next != placed.end() && unsigned(next->index) <= count; ++next)
+            append(next->object);
+        append(object);
+    }
+    for (; next != placed.end(); ++next)
+        append(next->object);
+}
+
+template <class List, class T>
+int indexIn(const List &list, const T *object)
+{
+    return int(std::find(list.begin(), list.end(), object) - list.begin());
+}
+
+} // namespace
+
+qxSetPlace qxSetPlace::of(const qxVariantSet &set)
+{
+    qxSetPlace place;
+    place.index = indexIn(qxVariants::_variantSets, &set);
+    if (set.group) {
+        place.group = set.group->name;
+        place.row = indexIn(set.group->sets, &set);
+    }
+    return place;
+}
+
+void qxPlaces::put(std::vector<Placed> sets)
+{
+    std::vector<Indexed<qxVariantSet>> indexed;
+    for (const Placed &each : sets) {
+        if (each.set->group)
+            each.set->group->remove(each.set);
+        indexed.push_back({each.set, each.place.index});
+    }
+    arrange(qxVariants::_variantSets, std::move(indexed));
+    // From the front: each finds its place among those that stand already.
+    std::stable_sort(sets.begin(), sets.end(), [](const Placed &one, const Placed &other) {
+        return unsigned(one.place.row) < unsigned(other.place.row);
+    });
+    for (const Placed &each : sets) {
+        qxVariantGroup *const group = qxVariants::findVariantGroup(each.place.group);
+        if (!group)
+            continue;
+        const std::size_t row = std::min(group->sets.size(), std::size_t(unsigned(each.place.row)));
+        group->insert(group->sets.begin() + std::ptrdiff_t(row), each.set);
+    }
+}
+
+int qxPlaces::indexOf(const qxVariantGroup &group)
+{
+    return indexIn(qxVariants::_variantGroups, &group);
+}
+
+void qxPlaces::put(const std::vector<PlacedGroup> &groups)
+{
+    std::vector<Indexed<qxVariantGroup>> indexed;
+    for (const PlacedGroup &each : groups)
+        indexed.push_back({each.group, each.index});
+    arrange(qxVariants::_variantGroups, std::move(indexed));
+}

@@ -1,0 +1,152 @@
+#include "qxVariantsChange.h"
+
+#include "qxLightVariant.h"
+#include "qxMaterialVariant.h"
+#include "qxNodeVariant.h"
+#include "qxOverlayVariant.h"
+#include "qxTransformVariant.h"
+#include "qxVariants.h"
+
+#include "qxController.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace {
+
+typedef std::function<void(qxVariant &)> Visit;
+
+/// What the kinds differ in.
+struct Access {
+    void (*visit)(const Visit &each);
+    qxVariant *(*find)(const QString &name);
+    qxVariant *(*create)(const QString &name);
+    bool (*remove)(const QString &name);
+    QString &(*sceneName)(qxVariant &variant);
+    const char *changed; ///< the announcement
+    int flag; ///< of it
+};
+
+template <class Variant, auto &list, QString Variant::*sceneName,
+          Variant *(*create)(const QString &, bool), bool (*remove)(const QString &)>
+Access accessOf(const char *changed, int flag)
+{
+    return {
+        [](const Visit &visit) {
+            for (Variant *each : list)
+                visit(*each);
+        },
+        [](const QString &name) -> qxVariant * { return list.find(name); },
+        [](const QString &name) -> qxVariant * { return create(name, false); },
+        remove,
+        [](qxVariant &variant) -> QString & { return static_cast<Variant &>(variant).*sceneName; },
+        changed,
+        flag};
+}
+
+// A list, not a procedure.
+const Access &accessOf(int kind)
+{
+    typedef qxVariants All;
+    static const Access kinds[] = {
+        accessOf<qxNodeVariant, All::_nodeVariants, &qxNodeVariant::nodeName,
+                 &All::createNodeVariant, &All::removeNodeVariant>("nodeVariantChanged", 1),
+        accessOf<qxMaterialVariant, All::_materialVariants, &qxMaterialVariant::switchMaterialName,
+                 &All::createMaterialVariant, &All::removeMaterialVariant>("materialVariantChanged",
+                                                                           1),
+        accessOf<qxLightVariant, All::_lightVariants, &qxLightVariant::lightName,
+                 &All::createLightVariant, &All::removeLightVariant>("lightVariantChanged", 1),
+        accessOf<qxOverlayVariant, All::_overlayVariants, &qxOverlayVariant::overlayName,
+                 &All::createOverlayVariant, &All::removeOverlayVariant>("overlayVariantChanged",
+                                                                         1),
+        accessOf<qxTransformVariant, All::_transformVariants, &qxTransformVariant::nodeName,
+                 &All::createTransformVariant, &All::removeTransformVariant>(
+            "transformVariantChanged", 0),
+    };
+    return kinds[kind];
+}
+
+} // namespace
+
+qxVariantsChange::qxVariantsChange()
+{
+    for (int kind = 0; kind < KindCount; ++kind) {
+        accessOf(kind).visit([&](qxVariant &variant) {
+            m_kinds[kind].noted.insert(variant.name, contentsOf(kind, variant));
+        });
+    }
+}
+
+void qxVariantsChange::finish()
+{
+    for (int kind = 0; kind < KindCount; ++kind) {
+        Kind &noted = m_kinds[kind];
+        accessOf(kind).visit([&](qxVariant &variant) {
+            const Contents after = contentsOf(kind, variant);
+            const auto before = noted.noted.constFind(variant.name);
+            if (before == noted.noted.constEnd())
+                noted.come.push_back({variant.name, {}, after});
+            else if (!isSame(*before, after))
+                noted.edited.push_back({variant.name, *before, after});
+        });
+        noted.noted.clear();
+    }
+}
+
+void qxVariantsChange::apply(bool forward) const
+{
+    for (int kind = 0; kind < KindCount; ++kind) {
+        bool isAny = false;
+        for (const Changed &changed : m_kinds[kind].come)
+            isAny |= bring(kind, changed, forward);
+        for (const Changed &changed : m_kinds[kind].edited)
+            isAny |= edit(kind, changed, forward);
+        if (isAny)
+            qxController::call(accessOf(kind).changed, accessOf(kind).flag);
+    }
+}
+
+bool qxVariantsChange::bring(int kind, const Changed &changed, bool forward)
+{
+    const Access &access = accessOf(kind);
+    const qxVariant *const found = access.find(changed.name);
+    if (forward == bool(found))
+        return false;
+    if (!forward)
+        return access.remove(changed.name);
+    give(kind, *access.create(changed.name), changed.after);
+    return true;
+}
+
+bool qxVariantsChange::edit(int kind, const Changed &changed, bool forward)
+{
+    qxVariant *const found = accessOf(kind).find(changed.name);
+    const Contents &from = forward ? changed.before : changed.after;
+    if (!found || !isSame(contentsOf(kind, *found), from))
+        return false;
+    give(kind, *found, forward ? changed.after : changed.before);
+    return true;
+}
+
+qxVariantsChange::Contents qxVariantsChange::contentsOf(int kind, qxVariant &variant)
+{
+    return {accessOf(kind).sceneName(variant), variant.defaultState, variant.options};
+}
+
+void qxVariantsChange::give(int kind, qxVariant &variant, const Contents &contents)
+{
+    accessOf(kind).sceneName(variant) = contents.sceneName;
+    variant.defaultState = contents.defaultState;
+    variant.options = contents.options;
+}
+
+bool qxVariantsChange::isSame(const Contents &one, const Contents &other)
+{
+    return one.sceneName == other.sceneName && one.defaultState == other.defaultState
+        && std::equal(one.options.begin(), one.options.end(), other.options.begin(),
+                      other.options.end(),
+                      [](const qxVariantOption &option, const qxVariantOption &second) {
+                          return option.name == second.name && option.shortcut == second.shortcut
+                              && option.isAction == second.isAction;
+                      });
+}

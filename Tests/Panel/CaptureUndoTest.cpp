@@ -1,0 +1,174 @@
+#include "qxVariantWriter.h"
+
+#include "PanelFixture.h"
+#include "qxCaptureRecord.h"
+#include "qxMaterials.h"
+#include "qxNodeUtils.h"
+#include "qxScenegraph.h"
+#include "qxUberCameraPool.h"
+
+#include <OpenSG/OSGSwitchMaterial.h>
+
+#include <functional>
+
+namespace {
+
+QString nameOf(const osg::MaterialPtr &material)
+{
+    return QString::fromStdString(qxMaterials::getName(material));
+}
+
+/// The name of a material, and for a switch material what it holds and which of it is chosen.
+QString describe(const osg::MaterialPtr &material)
+{
+    const auto choices = osg::SwitchMaterialPtr::dcast(material);
+    if (choices == osg::NullFC)
+        return nameOf(material);
+    QStringList held;
+    for (const osg::MaterialPtr &each : choices->getMaterials())
+        held << nameOf(each);
+    return QStringLiteral("%1 {%2} %3")
+        .arg(nameOf(material), held.join(", "))
+        .arg(choices->getChoice());
+}
+
+/// All that a capture may touch: nodes, materials, viewpoints, and the whole registry.
+QStringList everything()
+{
+    QStringList lines;
+    for (const qxNodePtr &node : qxNodeUtils::getSceneNodes())
+        lines << QString::fromStdString(qxNodeUtils::getName(node)) + ": "
+                + describe(qxNodeUtils::getMaterial(node));
+    std::vector<osg::MaterialPtr> pool;
+    qxScenegraph::getMaterialPool()->get(pool);
+    for (const osg::MaterialPtr &material : pool)
+        lines << describe(material);
+    const qxUberCameraPool &cameras = *qxUberCameraPool::the();
+    for (int id = 0; id < cameras.count(); ++id)
+        lines << QString::fromStdString(cameras.get(id)->name);
+    return lines << QString::fromUtf8(qxVariantWriter().write()).split('\n');
+}
+
+} // namespace
+
+/// A scene, how it changes between the capture of the set "Red" and the next capture, and what is
+/// asked of that one.
+struct Scenario {
+    const char *name;
+    std::function<void(TestScene &)> build;
+    std::function<void(TestScene &)> change;
+};
+
+class CaptureUndoTest : public PanelFixture {
+public:
+    static void captureInto(qxVariantSet &set)
+    {
+        qxVariants::captureVariantsFromRootNodes(&set, {qxScenegraph::getRootNode()}, true, true,
+                                                 true, true, true, true, true, true);
+    }
+    static void paint(const char *node, const osg::MaterialPtr &material)
+    {
+        qxVariants::changeMaterial(qxScenegraph::findNode(node), material);
+    }
+
+protected:
+    qxSetEdits edits;
+};
+
+class EachCaptureUndoTest : public CaptureUndoTest, public testing::WithParamInterface<Scenario> {};
+
+std::vector<Scenario> scenarios()
+{
+    const auto paint = [](const char *node, const char *material) {
+        CaptureUndoTest::paint(node, qxMaterials::findMaterial(material));
+    };
+    const auto bodies = [](TestScene &scene) {
+        const TestMaterial red = scene.addMaterial("Red");
+        scene.addMaterial("Blue");
+        scene.addGeometry("Body", red);
+        scene.addGeometry("Door", red);
+        scene.addMaterialGroup("Roof", red);
+    };
+    return {
+        {"Nothing", [](TestScene &) {}, [](TestScene &) {}},
+        {"NewVariants", [](TestScene &) {},
+         [](TestScene &scene) {
+             scene.addSwitch("Wheels", {"Steel", "Alloy"}).choose(1);
+             scene.add("Hood").setMask(0);
+             scene.addLight("Lamp");
+             scene.addSwitchMaterial("Paints", {"Matt", "Gloss"});
+             scene.addGeometry("Seat", qxMaterials::findMaterial("Paints"));
+         }},
+        {"OtherMaterials", bodies,
+         [paint](TestScene &) {
+             paint("Body", "Blue");
+             paint("Roof", "Blue");
+         }},
+        {"ExtendedSwitch",
+         [](TestScene &scene) {
+             scene.addMaterial("Green");
+             scene.addGeometry("Body", scene.addSwitchMaterial("Paints", {"Red", "Blue"}));
+         },
+         [paint](TestScene &) { paint("Body", "Green"); }},
+        {"NamelessMaterial", bodies,
+         [](TestScene &scene) { scene.addGeometry("Mirror", scene.addMaterial("")); }},
+        {"NodesOfOnePath", bodies,
+         [paint](TestScene &scene) {
+             scene.addGeometry("Body", qxMaterials::findMaterial("Blue"));
+             paint("Door", "Blue");
+         }},
+    };
+}
+
+INSTANTIATE_TEST_SUITE_P(CaptureUndoTest, EachCaptureUndoTest, testing::ValuesIn(scenarios()),
+                         [](const auto &each) { return std::string(each.param.name); });
+
+TEST_P(EachCaptureUndoTest, ACaptureIsUndoneWithAllThatItDid)
+{
+    GetParam().build(scene);
+    captureInto(set("Red"));
+    GetParam().change(scene);
+    const QStringList before = everything();
+    qxCaptureRecord record;
+    edits.captureSet("Captured", "Studio", record, captureInto);
+    const QStringList after = everything();
+    ASSERT_NE(before, after);
+    for (int turn = 0; turn < 2; ++turn) {
+        edits.stack()->undo();
+        EXPECT_EQ(everything(), before) << "undone in turn " << turn;
+        edits.stack()->redo();
+        EXPECT_EQ(everything(), after) << "redone in turn " << turn;
+    }
+    EXPECT_EQ(edits.stack()->count(), 1);
+}
+
+TEST_P(EachCaptureUndoTest, AnUpdateIsUndoneAsWell)
+{
+    GetParam().build(scene);
+    captureInto(set("Red"));
+    GetParam().change(scene);
+    const QStringList before = everything();
+    qxCaptureRecord record;
+    edits.captureAgain("Blue", record, captureInto);
+    const QStringList after = everything();
+    edits.stack()->undo();
+    EXPECT_EQ(everything(), before);
+    edits.stack()->redo();
+    EXPECT_EQ(everything(), after);
+}
+
+TEST_F(CaptureUndoTest, WhatOthersDidSinceStays)
+{
+    const TestNode body = scene.addGeometry("Body", scene.addMaterial("Red"));
+    captureInto(set("Red"));
+    paint("Body", scene.addMaterial("Blue"));
+    qxCaptureRecord record;
+    edits.captureSet("Captured", QString(), record, captureInto);
+    ASSERT_EQ(nameOf(qxNodeUtils::getMaterial(body)), "Red Switch");
+    paint("Body", scene.addMaterial("Green"));
+    set("Red").addMaterialVariant("Red Switch", "Green");
+    edits.stack()->undo();
+    EXPECT_EQ(nameOf(qxNodeUtils::getMaterial(body)), "Green");
+    EXPECT_EQ(set("Red").findMaterialVariant("Red Switch")->state, "Green");
+    EXPECT_EQ(set("Red").materialSnapshots.value("Body"), "Red");
+}
