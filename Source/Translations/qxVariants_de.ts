@@ -621,5 +621,13 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
         <source>None yet</source>
         <translation>Noch keine</translation>
     </message>
+    <message>
+        <source>&amp;Next Pane</source>
+        <translation>&amp;Nächster Bereich</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Pane</source>
+        <translation>&amp;Vorheriger Bereich</translation>
+    </message>
 </context>
 </TS>

@@ -88,6 +88,7 @@ void qxSetForm::buildFields()
     m_script->setTabChangesFocus(true);
     m_values = new QTableWidget(0, 2);
     m_values->horizontalHeader()->setStretchLastSection(true);
+    m_values->setTabKeyNavigation(false); // The arrows do, and Tab leaves.
     m_values->verticalHeader()->hide();
     m_values->setMaximumHeight(6 * fontMetrics().height());
     layFieldsOut();

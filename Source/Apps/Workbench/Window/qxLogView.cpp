@@ -27,6 +27,7 @@ QColor colorOf(qxLog::Level level, const QPalette &palette)
 qxLogView::qxLogView(QWidget *parent) : QPlainTextEdit(parent)
 {
     setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setMaximumBlockCount(keptLines);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     retranslate();

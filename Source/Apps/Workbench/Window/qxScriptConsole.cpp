@@ -29,6 +29,7 @@ qxScriptConsole::qxScriptConsole(QWidget *parent)
     for (QPlainTextEdit *field : {m_output, m_input})
         field->setFont(font);
     m_output->setReadOnly(true);
+    m_output->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_output->setMaximumBlockCount(5000);
     m_input->setFixedHeight(4 * m_input->fontMetrics().lineSpacing());
     m_input->installEventFilter(this);
@@ -76,8 +77,12 @@ bool qxScriptConsole::eventFilter(QObject *watched, QEvent *event)
         recall(1);
         return true;
     case Qt::Key_Tab:
+        if (m_input->document()->isEmpty())
+            return focusNextPrevChild(true);
         complete();
         return true;
+    case Qt::Key_Backtab:
+        return focusNextPrevChild(false);
     default:
         return false;
     }

@@ -7,7 +7,8 @@
 /// the next statement.
 ///
 /// Enter runs the statement; one that goes on, after a colon or an open bracket, gets another line,
-/// and an empty line ends it. Up and Down go through what was typed before, Tab completes names.
+/// and an empty line ends it. Up and Down go through what was typed before, Tab completes names and
+/// leaves an empty field.
 class qxScriptConsole : public QWidget {
     Q_OBJECT
 

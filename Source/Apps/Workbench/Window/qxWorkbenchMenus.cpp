@@ -1,4 +1,5 @@
 #include "qxVariantSetsDock.h"
+#include "qxVariantsDock.h"
 
 #include "qxController.h"
 #include "qxLanguage.h"
@@ -6,12 +7,14 @@
 #include "qxOSGWidget.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
+#include "qxSetsView.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QActionGroup>
 #include <QApplication>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QTreeView>
 #include <QUndoStack>
 
 QMenu *qxWorkbenchWindow::addMenu(const char *title)
@@ -84,12 +87,45 @@ void qxWorkbenchWindow::buildViewMenu()
         qxController::updateRender(true);
     });
     menu->addSeparator();
+    named(menu->addAction(
+              QString(), this, [this] { focusPane(1); }, QKeySequence::NextChild),
+          QT_TR_NOOP("&Next Pane"));
+    named(menu->addAction(
+              QString(), this, [this] { focusPane(-1); }, QKeySequence::PreviousChild),
+          QT_TR_NOOP("&Previous Pane"));
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         menu->addAction(dock->toggleViewAction());
     menu->addSeparator();
     auto *const languages = new QMenu(this);
     named(menu->addMenu(languages), QT_TR_NOOP("&Language"));
     fillLanguageMenu(languages);
+}
+
+QDockWidget *qxWorkbenchWindow::dockAround(QWidget *widget)
+{
+    while (widget && !qobject_cast<QDockWidget *>(widget))
+        widget = widget->parentWidget();
+    return static_cast<QDockWidget *>(widget);
+}
+
+/// Gives the keys to the pane that many places behind the one that has them now.
+void qxWorkbenchWindow::focusPane(int step)
+{
+    QList<QWidget *> panes;
+    for (QWidget *pane : {static_cast<QWidget *>(m_view), static_cast<QWidget *>(m_treeView),
+                          m_variants->widget(), m_sets->view()->currentWidget(),
+                          static_cast<QWidget *>(m_log), static_cast<QWidget *>(m_console)}) {
+        const QDockWidget *const dock = dockAround(pane);
+        if (!dock || dock->toggleViewAction()->isChecked())
+            panes << pane;
+    }
+    int place = 0;
+    for (int pane = 0; pane < panes.size(); ++pane) {
+        const QDockWidget *const dock = dockAround(panes[pane]);
+        if (dock && dock->isAncestorOf(focusWidget()))
+            place = pane;
+    }
+    panes[(place + step + panes.size()) % panes.size()]->setFocus(Qt::TabFocusReason);
 }
 
 void qxWorkbenchWindow::fillLanguageMenu(QMenu *menu)

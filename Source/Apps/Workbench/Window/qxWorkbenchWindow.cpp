@@ -17,6 +17,7 @@
 #include "qxUnsavedChanges.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QSettings>
@@ -54,6 +55,11 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &QWidget::setWindowModified);
     connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_unsaved, &qxUnsavedChanges::look);
     connect(m_console, &qxScriptConsole::statementRan, this, &qxWorkbenchWindow::followScripts);
+    // What has the keys must be seen, but may lie behind another dock.
+    connect(qApp, &QApplication::focusChanged, this, [](QWidget *, QWidget *now) {
+        if (QDockWidget *const dock = dockAround(now))
+            dock->raise();
+    });
     showPath(QString());
     retranslate();
     restoreLayout();

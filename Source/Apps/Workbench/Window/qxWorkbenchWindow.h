@@ -78,6 +78,8 @@ private:
     void rememberRecent(const QString &path);
     void showPicked(const osg::NodePtr &node);
     void rememberForBack();
+    void focusPane(int step);
+    static QDockWidget *dockAround(QWidget *widget);
     void followScripts();
     QString failureReason() const;
     void showFailure(const QString &what, const QString &reason);

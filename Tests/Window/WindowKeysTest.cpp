@@ -1,0 +1,137 @@
+#include "qxVariantsDock.h"
+
+#include "Window/qxLogView.h"
+#include "Window/qxSceneView.h"
+#include "Window/qxScriptConsole.h"
+#include "WindowFixture.h"
+#include "qxSetsView.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QTreeView>
+
+/// The window without a mouse.
+class WindowKeysTest : public WindowFixture {
+protected:
+    QList<QWidget *> panes() const
+    {
+        return {window->sceneView(),
+                &tree(),
+                window->findChild<qxVariantsDock *>()->findChild<QTreeView *>(),
+                &list(),
+                window->findChild<qxLogView *>(),
+                window->console()->input()};
+    }
+    static bool isForKeys(const QWidget &field)
+    {
+        return field.isVisible() && field.isEnabled() && field.focusPolicy() & Qt::TabFocus
+            && !field.focusProxy();
+    }
+    /// Everything that has the focus, one after the other, until it is back at the beginning.
+    QList<QWidget *> wayOf(Qt::Key key)
+    {
+        QList<QWidget *> way;
+        for (QWidget *focus = QApplication::focusWidget(); focus && !way.contains(focus);
+             focus = QApplication::focusWidget()) {
+            way << focus;
+            press(key);
+        }
+        EXPECT_EQ(QApplication::focusWidget(), way.first()) << "the focus is trapped";
+        return way;
+    }
+};
+
+TEST_F(WindowKeysTest, TabLeadsThroughEverythingAndBackAgain)
+{
+    openDesk();
+    goTo("Morning");
+    for (const char *inFront : {"log", "scripts"}) {
+        SCOPED_TRACE(inFront);
+        window->findChild<QDockWidget *>(inFront)->raise();
+        settle();
+        window->sceneView()->setFocus();
+        const QList<QWidget *> way = wayOf(Qt::Key_Tab);
+        for (QWidget *pane : panes())
+            EXPECT_TRUE(way.contains(pane)) << pane->metaObject()->className();
+        for (const QWidget *field : window->setsDock()->findChildren<QWidget *>()) {
+            if (!isForKeys(*field))
+                continue;
+            const bool isReached =
+                way.contains(const_cast<QWidget *>(field)) || way.contains(field->parentWidget());
+            EXPECT_TRUE(isReached) << field->metaObject()->className();
+        }
+        EXPECT_GE(wayOf(Qt::Key_Backtab).size(), way.size());
+    }
+}
+
+TEST_F(WindowKeysTest, ControlTabGoesFromPaneToPane)
+{
+    openDesk();
+    window->sceneView()->setFocus();
+    QList<QWidget *> visited;
+    for (int pane = 0; pane < panes().size(); ++pane) {
+        visited << QApplication::focusWidget();
+        QTest::keySequence(QApplication::focusWidget(), QKeySequence::NextChild);
+        settle();
+    }
+    EXPECT_EQ(visited, panes());
+    EXPECT_EQ(QApplication::focusWidget(), window->sceneView());
+    window->findChild<QDockWidget *>("log")->close();
+    QTest::keySequence(QApplication::focusWidget(), QKeySequence::PreviousChild);
+    QTest::keySequence(QApplication::focusWidget(), QKeySequence::PreviousChild);
+    EXPECT_EQ(QApplication::focusWidget(), &list()) << "a closed pane is left out";
+}
+
+TEST_F(WindowKeysTest, TheMenuKeyOffersWhatCanBeDoneWithASet)
+{
+    openDesk();
+    goTo("Morning");
+    QStringList offered;
+    QTimer::singleShot(50, window.get(), [&offered] {
+        auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        for (const QAction *action : menu->actions())
+            offered << action->text().remove('&');
+        menu->close();
+    });
+    // What the platform makes of the key for the widget that has the focus.
+    const QPoint place = list().inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, place, list().mapToGlobal(place));
+    QApplication::sendEvent(QApplication::focusWidget(), &key);
+    for (const QAction *action : window->setsDock()->setActions())
+        EXPECT_TRUE(offered.contains(action->text().remove('&'))) << action->text().toStdString();
+    EXPECT_TRUE(offered.contains("Move to"));
+}
+
+TEST_F(WindowKeysTest, TheConsoleRemembersAndCompletes)
+{
+    QPlainTextEdit &input = *window->console()->input();
+    type("first = 'a'");
+    type("second = 'b'");
+    input.setFocus();
+    QTest::keyClicks(&input, "half");
+    for (const char *shown : {"second = 'b'", "first = 'a'", "first = 'a'"}) {
+        press(Qt::Key_Up);
+        EXPECT_EQ(input.toPlainText(), shown);
+    }
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    EXPECT_EQ(input.toPlainText(), "half");
+    input.setPlainText("x = getVariantG");
+    input.moveCursor(QTextCursor::End);
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(input.toPlainText().startsWith("x = getVariantGroups"));
+    input.setPlainText("for i in range(2):");
+    input.moveCursor(QTextCursor::End);
+    press(Qt::Key_Return);
+    press(Qt::Key_Tab);
+    QTest::keyClicks(&input, "print(i)");
+    press(Qt::Key_Return);
+    EXPECT_EQ(input.toPlainText(), "for i in range(2):\n    print(i)\n");
+    press(Qt::Key_Return);
+    EXPECT_TRUE(window->console()->output()->toPlainText().endsWith("\n0\n1"));
+    EXPECT_EQ(input.toPlainText(), "");
+}
