@@ -121,35 +121,6 @@ TEST_F(MaterialsTest, MaterialsAreFoundInPoolOrderWithTheirContentsBehindThem)
     EXPECT_TRUE(qxMaterials::isEditable(first) && !qxMaterials::isEditable(osg::NullFC));
 }
 
-TEST_F(MaterialsTest, NamesFollowEveryKindOfChange)
-{
-    const TestMaterial paint = scene.addMaterial("Paint");
-    const TestMaterial wood = scene.addMaterial("Wood");
-    const TestMaterial trim = scene.addSwitchMaterial("Trim", {"Wood"});
-    EXPECT_EQ(qxMaterials::findMaterial("Paint"), paint.material());
-
-    qxMaterials::setName(paint, "Lacquer", true);
-    EXPECT_TRUE(qxMaterials::findMaterial("Paint") == osg::NullFC);
-    EXPECT_EQ(qxMaterials::findMaterial("Lacquer"), paint.material());
-
-    osg::setName(wood.material(), "Oak"); // behind the back of the host
-    EXPECT_EQ(qxMaterials::findMaterial("Oak"), wood.material());
-
-    const TestMaterial unnamed = scene.addMaterial("");
-    EXPECT_TRUE(qxMaterials::findMaterial("Late") == osg::NullFC);
-    osg::setName(unnamed.material(), "Late");
-    EXPECT_EQ(qxMaterials::findMaterial("Late"), unnamed.material());
-
-    removeFromPool(wood);
-    EXPECT_EQ(qxMaterials::findMaterial("Oak"), wood.material()) << "still inside of the switch";
-    {
-        const osg::SwitchMaterialPtr core = osg::SwitchMaterialPtr::dcast(trim.material());
-        const osg::CPEditor edit(core, osg::SwitchMaterial::MaterialsFieldMask);
-        core->subMaterial(wood);
-    }
-    EXPECT_TRUE(qxMaterials::findMaterial("Oak") == osg::NullFC);
-}
-
 TEST_F(MaterialsTest, NamesFollowAlsoWhenTheChangeListWasEmptiedOrStopped)
 {
     const TestMaterial paint = scene.addMaterial("Paint");
@@ -251,18 +222,6 @@ TEST_F(MaterialsTest, UniqueNamesAreTheFirstFreeOnesAfterRandomChanges)
     }
 }
 
-TEST_F(MaterialsTest, VeryManyUnnamedMaterialsGetOneNumberAfterTheOther)
-{
-    const int count = 10000;
-    for (int i = 0; i < count; ++i)
-        scene.addMaterial("");
-    Materials pooled;
-    qxScenegraph::getMaterialPool()->get(pooled);
-    for (const osg::MaterialPtr &material : pooled)
-        qxMaterials::setName(material, "Material", false);
-    EXPECT_EQ(qxMaterials::getName(pooled.back()), "Material " + std::to_string(count));
-}
-
 TEST_F(MaterialsTest, UsersAreGroupsAndGeometriesOfTheSceneInItsOrder)
 {
     const TestMaterial paint = scene.addMaterial("Paint");
@@ -308,11 +267,7 @@ TEST_F(MaterialsTest, RemovedNodesAreNoUsersAnyMore)
     scene.addGeometry("Body", paint, group);
     const TestNode stays = scene.addGeometry("Roof", paint);
     EXPECT_EQ(users(paint).size(), 2u);
-    {
-        osg::NodePtr gone = group;
-        const osg::CPEditor edit(scene.root().node(), osg::Node::ChildrenFieldMask);
-        scene.root().node()->subChild(gone);
-    }
+    group.remove();
     EXPECT_EQ(users(paint), (Nodes{stays.node()}));
 }
 

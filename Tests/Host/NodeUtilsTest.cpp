@@ -121,15 +121,11 @@ TEST_F(NodeUtilsTest, WithoutStatesTheAnswersAreEmptyAndRequestsAreIgnored)
 TEST_F(NodeUtilsTest, ADelayedRequestOutlivesItsNode)
 {
     const TestNode stays = scene.addPoses("Stays", {"A", "B"});
-    TestNode goes = scene.addPoses("Goes", {"A", "B"});
+    const TestNode goes = scene.addPoses("Goes", {"A", "B"});
     selectState(stays, 1, 1);
     selectState(goes, 1, 1);
     EXPECT_FLOAT_EQ(xOf(stays), 0);
-    {
-        osg::NodePtr gone = goes;
-        const osg::CPEditor edit(scene.root().node(), osg::Node::ChildrenFieldMask);
-        scene.root().node()->subChild(gone);
-    }
+    goes.remove();
     QElapsedTimer timer;
     for (timer.start(); xOf(stays) < 1 && timer.elapsed() < 5000;)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);

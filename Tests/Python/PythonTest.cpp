@@ -34,16 +34,6 @@ protected:
     int reported = 0;
 
 private:
-    std::vector<std::string> takeErrors()
-    {
-        const std::vector<std::string> lines = logged(qxLog::Error);
-        const std::vector<std::string> taken(lines.begin() + m_taken, lines.end());
-        m_taken += long(taken.size());
-        for (const std::string &line : taken)
-            expectError(line);
-        return taken;
-    }
-
     void report(const std::string &name, const std::string &failure)
     {
         ++reported;
@@ -52,9 +42,8 @@ private:
             ADD_FAILURE() << name << "\n" << failure;
     }
 
-    long m_taken = 0;
     Stage m_stage{
-        &host, &notifications, [this] { return takeErrors(); },
+        &host, &notifications,
         [this](const std::string &name, const std::string &failure) { report(name, failure); }};
 };
 

@@ -42,11 +42,6 @@ void report(const std::string &name, const std::string &failure)
     Stage::current->report(name, failure);
 }
 
-Texts takeErrors()
-{
-    return Stage::current->takeErrors();
-}
-
 Texts heard()
 {
     const Texts names = Stage::current->notifications->names();
@@ -98,11 +93,6 @@ boost::shared_ptr<qxVariantSetPtr> findSet(const std::string &name)
         qxVariants::findVariantSet(QString::fromStdString(name)));
 }
 
-void removeSet(const std::string &name)
-{
-    qxVariants::removeVariantSet(QString::fromStdString(name));
-}
-
 /// The name of the handle's set, from a handle that a script gave as a shared pointer.
 std::string nameOf(const boost::shared_ptr<qxVariantSetPtr> &handle)
 {
@@ -133,7 +123,6 @@ BOOST_PYTHON_MODULE(stage)
 {
     python::def("clear", clear);
     python::def("report", report);
-    python::def("takeErrors", takeErrors);
     python::def("heard", heard);
     python::def("addSwitch", addSwitch);
     python::def("addSwitchMaterial", addSwitchMaterial);
@@ -143,7 +132,6 @@ BOOST_PYTHON_MODULE(stage)
     python::def("choiceOf", choiceOf);
     python::def("createSet", createSet);
     python::def("findSet", findSet);
-    python::def("removeSet", removeSet);
     python::def("nameOf", nameOf);
     python::def("addTargetNodeName", addTargetNodeName);
     python::def("statesOf", statesOf);

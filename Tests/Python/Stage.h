@@ -6,13 +6,11 @@
 class NotificationLog;
 class qxHost;
 
-/// What Python tests reach through the module `stage` while they run: the scene, the registry and
-/// the host's log, beside the words that every script has.
+/// What Python tests reach through the module `stage` while they run: the scene and the
+/// registry, beside the words that every script has.
 struct Stage {
     qxHost *host;
     NotificationLog *notifications;
-    /// The error lines logged since the last call, which the test has expected.
-    std::function<std::vector<std::string>()> takeErrors;
     /// Hears the outcome of each test: its name, and the traceback of a failure.
     std::function<void(const std::string &name, const std::string &failure)> report;
 

@@ -117,15 +117,6 @@ class Calls(unittest.TestCase):
         self.assertEqual(list(none.getTargetNodeNames()), [])
         self.assertEqual(stage.heard(), [])
 
-    def test_null_objects_add_nothing(self):
-        handle = stage.createSet("Winter")
-        stage.heard()
-        handle.addGeometry(qxNodePtr(), "Steel")
-        handle.addLight(findNode("nowhere"), "!Enable")
-        handle.addMaterial(qxMaterialPtr(), "Red")
-        self.assertEqual(stage.statesOf("Winter"), [])
-        self.assertEqual(stage.heard(), [])
-
     def test_handles_travel_by_value_and_by_shared_pointer(self):
         first = stage.createSet("Winter")
         second = stage.findSet("Winter")

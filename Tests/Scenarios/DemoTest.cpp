@@ -119,17 +119,6 @@ TEST_F(DemoTest, SavingChangesOnlyWhatASelectionChanges)
     EXPECT_FALSE(changed.filter("/qxPose").isEmpty());
 }
 
-TEST_F(DemoTest, SelectingWhatStandsAlreadyChangesNothing)
-{
-    const QString saved = path("saved.gltf");
-    done({"select", demo, "Club Racer", "--save", saved});
-    const QJsonArray again =
-        done({"select", saved, "Club Racer", "--json", "--save", path("again.gltf")}).array();
-    EXPECT_EQ(again[0]["changes"], QJsonArray());
-    EXPECT_EQ(again[0]["skipped"], QJsonArray());
-    EXPECT_EQ(bytesOf(path("again.gltf")), bytesOf(saved));
-}
-
 TEST_F(DemoTest, ClonesStepTogetherAndAreReportedOnce)
 {
     const QJsonArray changes =

@@ -50,16 +50,6 @@ TEST_F(RoundTripTest, ANewDocumentReplacesTheOldOneCompletely)
     EXPECT_EQ(done({"list", path("saved.gltf")}).out, "no variant sets\n");
 }
 
-TEST_F(RoundTripTest, TextsOfEveryKindSurvive)
-{
-    const QString name = QString::fromUtf8("Tür \"links\" & <rechts> 門 🚗");
-    const QString xml = write("in.xml", documentWithName(name.toHtmlEscaped().toUtf8()));
-    done({"document", desk(), "--in", xml, "--save", path("saved.glb")});
-    const QJsonArray states = done({"state", path("saved.glb"), "--json"}).array();
-    ASSERT_EQ(states.size(), 1);
-    EXPECT_EQ(states[0]["name"].toString(), name);
-}
-
 TEST_F(RoundTripTest, BytesThatAreNoDocumentAreRefused)
 {
     refusesDocument("<Variants>", "cannot be read");

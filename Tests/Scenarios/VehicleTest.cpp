@@ -120,10 +120,8 @@ TEST_F(VehicleTest, DoorsBelowANewSwitchAreChosenInALaterSession)
 {
     const size_t nodes = countOfNodes();
     const TestNode doors = m_scene.addSwitch("Doors", {}, find("Grp_Exterior_Dynamic"));
-    for (const char *door : {"Grp_Door_Left_0", "Grp_Door_Right_0"}) {
-        const osg::CPEditor edit(doors.node(), osg::Node::ChildrenFieldMask);
-        doors.node()->addChild(find(door));
-    }
+    for (const char *door : {"Grp_Door_Left_0", "Grp_Door_Right_0"})
+        find(door).moveTo(doors);
     qxNodeVariantCreator().traverse(qxScenegraph::getRoot());
     ASSERT_EQ(qxVariants::_nodeVariants.size(), 1u);
     qxVariantSet *left = qxVariants::createVariantSet("Left door", true, nullptr);
@@ -157,40 +155,4 @@ TEST_F(VehicleTest, DoorsBelowANewSwitchAreChosenInALaterSession)
     saveAndStartAgain();
     EXPECT_EQ(find("Doors").choice(), 0);
     EXPECT_TRUE(isDrawn("Door_FL"));
-}
-
-TEST_F(VehicleTest, AGroupOfTheFileBecomesASwitchAndAPartIsHidden)
-{
-    const size_t nodes = countOfNodes();
-    const osg::NodePtr top = find("Grp_Convertible_Top");
-    {
-        const osg::CPEditor edit(top, osg::Node::CoreFieldMask);
-        top->setCore(osg::Switch::create());
-    }
-    find("Grp_Convertible_Top").choose(osg::Switch::ALL);
-    qxVariants::createNodeVariant(top, true);
-    qxVariants::createNodeVariant(find("Grp_Seat_0_1").node(), true);
-    qxVariantSet *open = qxVariants::createVariantSet("Open", true, nullptr);
-    open->addNodeVariant("Grp_Convertible_Top", "!None");
-    open->addNodeVariant("Grp_Seat_0_1", "!Disable");
-    qxVariantSet *closed = qxVariants::createVariantSet("Closed", true, nullptr);
-    closed->addNodeVariant("Grp_Convertible_Top", "!All");
-    closed->addNodeVariant("Grp_Seat_0_1", "!Enable");
-    qxVariants::selectVariantSet("Open", false);
-
-    saveAndStartAgain();
-    EXPECT_EQ(countOfNodes(), nodes);
-    EXPECT_EQ(currentState("Grp_Convertible_Top"), "!None");
-    EXPECT_EQ(currentState("Grp_Seat_0_1"), "!Disable");
-    EXPECT_FALSE(isDrawn("Roof") || isDrawn("Window_R") || isDrawn("FrontSeat_Seating_L"));
-    EXPECT_TRUE(isDrawn("FrontSeat_Seating_R"));
-
-    qxVariants::selectVariantSet("Closed", false);
-    EXPECT_EQ(find("Grp_Convertible_Top").choice(), osg::Switch::ALL);
-    EXPECT_TRUE(find("Grp_Seat_0_1").shown());
-    EXPECT_TRUE(isDrawn("Roof") && isDrawn("Window_R") && isDrawn("FrontSeat_Seating_L"));
-
-    saveAndStartAgain();
-    EXPECT_EQ(currentState("Grp_Convertible_Top"), "!All");
-    EXPECT_EQ(currentState("Grp_Seat_0_1"), "!Enable");
 }

@@ -108,6 +108,20 @@ const TestNode &TestNode::setMask(osg::UInt32 mask) const
     return *this;
 }
 
+void TestNode::remove() const
+{
+    const osg::NodePtr parent = m_node->getParent();
+    osg::NodePtr gone = m_node;
+    const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
+    parent->subChild(gone);
+}
+
+void TestNode::moveTo(const osg::NodePtr &parent) const
+{
+    const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
+    parent->addChild(m_node);
+}
+
 std::string TestMaterial::name() const
 {
     return qxMaterials::getName(m_material);

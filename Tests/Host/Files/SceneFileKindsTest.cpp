@@ -320,15 +320,3 @@ TEST_F(SceneFileKindsTest, OverlaysMoveToTheirTreeAndGoBackToTheirPlaceInTheFile
     EXPECT_TRUE(overlay("Fresh").shown());
     EXPECT_EQ(jsonOf(path("saved.gltf"))["scenes"][0]["nodes"], qxJson({0, 6, 7, 8, 10}));
 }
-
-TEST_F(SceneFileKindsTest, APoseThatWasSelectedIsSelectedAfterLoading)
-{
-    const TestNode seat = scene.addPoses("Seat", {"Near", "Far"});
-    qxTransformStates::select(seat, 1);
-    saveAndLoad();
-    EXPECT_EQ(qxNodeUtils::getSelectedTransformVariantName(find("Seat")), "Far");
-    qxTransformStates::select(find("Seat"), 0);
-    saveAndLoad();
-    EXPECT_EQ(qxNodeUtils::getTransformVariantCurrentIndex(find("Seat")), 0);
-    EXPECT_EQ(find("Seat").node()->getToWorld()[3][0], 0);
-}

@@ -221,24 +221,3 @@ TEST_F(SceneFileMeshTest, PicturesAreDecodedOnceAndBeginWithTheirBottomRow)
     ASSERT_EQ(file.warnings().size(), 1);
     EXPECT_TRUE(file.warnings()[0].startsWith("image 1 \"Lost\" is left out: \"lost.png\""));
 }
-
-TEST_F(SceneFileMeshTest, TenThousandPrimitivesOverOneBufferViewStayLinear)
-{
-    MeshText mesh;
-    std::vector<float> many(3 * 30000, 0.5f);
-    mesh.primitive["attributes"]["POSITION"] = mesh.addPositions(many);
-    qxJson json = mesh.scene();
-    json["meshes"][0]["primitives"] = qxJson::array();
-    for (int i = 0; i < 10000; ++i) {
-        json["accessors"].push_back({{"bufferView", 0},
-                                     {"byteOffset", 36 * i},
-                                     {"componentType", 5126},
-                                     {"count", 3},
-                                     {"type", "VEC3"}});
-        json["meshes"][0]["primitives"].push_back({{"attributes", {{"POSITION", i + 1}}}});
-    }
-    load(write("many.gltf", json));
-
-    EXPECT_EQ(find("Part").node()->getNChildren(), 10000u);
-    EXPECT_EQ(file.info().triangles, 10000);
-}

@@ -1,9 +1,5 @@
 #include "Files/SceneFileFixture.h"
 #include "qxNodeUtils.h"
-#include "qxScenegraph.h"
-
-#include <OpenSG/OSGGroup.h>
-#include <OpenSG/OSGSwitch.h>
 
 #include <QDirIterator>
 
@@ -93,23 +89,4 @@ TEST_F(SceneFileSamplesTest, EveryEdgeCaseIsDecided)
         EXPECT_TRUE(error.contains(edge.second)) << edge.first << ": " << error.toStdString();
         EXPECT_EQ(error.isEmpty(), edge.second[0] == '\0') << edge.first << error.toStdString();
     }
-}
-
-TEST_F(SceneFileSamplesTest, DoorsOfTheVehicleBecomeASwitchThatIsSavedAndReopened)
-{
-    load(samples + "/vehicle_example/vehicle_example.gltf");
-    const TestNode doors = scene.add("Doors", scene.root().child(0));
-    const osg::NodePtr node = doors.node();
-    {
-        const osg::CPEditor edit(node, osg::Node::CoreFieldMask | osg::Node::ChildrenFieldMask);
-        node->setCore(osg::Switch::create());
-        node->addChild(find("Grp_Door_Left_0"));
-        node->addChild(find("Grp_Door_Right_0"));
-    }
-    doors.choose(1);
-    saveAndLoad("vehicle.gltf");
-
-    EXPECT_EQ(find("Doors").choice(), 1);
-    EXPECT_EQ(find("Doors").child(0).name(), "Grp_Door_Left_0");
-    EXPECT_EQ(find("Door_FL").node()->getParent(), find("Grp_Door_Left_0").node());
 }

@@ -51,18 +51,6 @@ QByteArray triangle()
     return QByteArray(reinterpret_cast<const char *>(values), sizeof(values));
 }
 
-void removeFrom(const osg::NodePtr &parent, osg::NodePtr child)
-{
-    const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
-    parent->subChild(child);
-}
-
-void addTo(const osg::NodePtr &parent, const osg::NodePtr &child)
-{
-    const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
-    parent->addChild(child);
-}
-
 template <class Core>
 void setNewCore(const osg::NodePtr &node)
 {
@@ -183,8 +171,8 @@ TEST_F(SceneFileSaveTest, NodesMoveComeAndGo)
 {
     // Steel moves out of Wheels, which is removed; a new transform comes below Lid.
     osg::NodeRefPtr steel(find("Steel").node());
-    addTo(find("Body"), steel.get());
-    removeFrom(find("Body"), TestNode(find("Wheels").node()->getParent()));
+    TestNode(steel.get()).moveTo(find("Body"));
+    TestNode(find("Wheels").node()->getParent()).remove();
     const TestNode fresh = scene.addTransform("Fresh", find("Lid"));
     fresh.setMask(0);
 
@@ -272,7 +260,7 @@ TEST_F(SceneFileSaveTest, EditedAndNewMaterialsAreWritten)
 
 TEST_F(SceneFileSaveTest, AMeshThatLostAPartBecomesAMeshOfItsOwn)
 {
-    removeFrom(find("Steel"), find("Steel").child(0));
+    find("Steel").child(0).remove();
     const qxJson json = saved();
     EXPECT_EQ(json["nodes"][3]["mesh"], 1);
     EXPECT_EQ(json["nodes"][4]["mesh"], 0) << "the clone still shows both";
@@ -283,7 +271,7 @@ TEST_F(SceneFileSaveTest, AMeshThatLostAPartBecomesAMeshOfItsOwn)
 
     load(path("car.gltf"));
     EXPECT_EQ(find("Steel").node()->getNChildren(), 1u);
-    removeFrom(find("Steel"), find("Steel").child(0));
+    find("Steel").child(0).remove();
     EXPECT_EQ(saved()["nodes"][3], qxJson({{"name", "Steel"}}));
 }
 
@@ -291,7 +279,7 @@ TEST_F(SceneFileSaveTest, NewGeometriesLieInTheFileItself)
 {
     const osg::NodePtr box = osg::makeBox(2, 4, 6, 1, 1, 1);
     osg::setName(box, "Box");
-    addTo(find("Lid"), box);
+    TestNode(box).moveTo(find("Lid"));
     for (const char *name : {"box.gltf", "box.glb"}) {
         save(path(name));
         load(path(name));
@@ -360,7 +348,7 @@ TEST_F(SceneFileSaveTest, WhatHasNoFormIsNamedAndNothingIsWritten)
             + ": node \"Painted\" cannot be written: scene files have no form for a MaterialGroup");
     EXPECT_EQ(bytesOf(path("car.gltf")), QByteArray(_car));
 
-    removeFrom(find("Body"), find("Painted"));
+    find("Painted").remove();
     osg::setName(find("Wheels").node(), static_cast<const char *>(nullptr));
     EXPECT_FALSE(file.save(path("car.gltf")));
     EXPECT_TRUE(

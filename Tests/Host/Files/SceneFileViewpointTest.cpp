@@ -51,13 +51,4 @@ TEST_F(SceneFileViewpointTest, NewViewpointsAreSavedBehindThoseOfTheFile)
     EXPECT_EQ(bytesOf(path("again.gltf")), bytesOf(path("saved.gltf")));
 }
 
-TEST_F(SceneFileViewpointTest, ASceneWithoutAFileKeepsItsViewpoints)
-{
-    const qxUberCamera plain = camera("", 0.8f, 0);
-    qxUberCameraPool::the()->add(plain);
-    saveAndLoad();
-    ASSERT_EQ(qxUberCameraPool::the()->count(), 1);
-    expectViewpoint(0, plain);
-}
-
 } // namespace

@@ -1,6 +1,5 @@
 #include "Cameras/qxMainView.h"
 #include "RenderFixture.h"
-#include "qxScenegraph.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
 #include <OpenSG/OSGThread.h>
@@ -39,7 +38,7 @@ protected:
             osg::Thread::getCurrentChangeList()->clearAll();
             break;
         default:
-            moveToEnd(i);
+            m_parts[i].moveTo(scene.root());
         }
     }
 
@@ -58,13 +57,6 @@ private:
         m_squares.push_back(addSquare(material(), place, 0.19f, m_switches.back().child(0)));
         addSquare(lit(1, 1, 1, qxSurface()), place, 0.1f, m_switches.back().child(1));
         m_switches.back().choose(0);
-    }
-
-    void moveToEnd(std::size_t part)
-    {
-        const osg::NodePtr root = qxScenegraph::getRoot();
-        const osg::CPEditor edit(root, osg::Node::ChildrenFieldMask);
-        root->addChild(m_parts[part].node());
     }
 
     std::mt19937 m_random{17};

@@ -154,35 +154,6 @@ TEST_F(RendererTest, TrianglesThatAreNoneAreLeftOut)
     EXPECT_EQ(picture().at(-0.5f, 0.5f), "0 0 0");
 }
 
-TEST_F(RendererTest, AMillionTrianglesAreAllSeen)
-{
-    const int across = 1000;
-    const int rows = 500;
-    const auto corner = [&](int x, int y) {
-        return osg::Pnt3f(2.0f * float(x) / float(across) - 1, 2.0f * float(y) / float(rows) - 1,
-                          0);
-    };
-    std::vector<osg::Pnt3f> corners;
-    corners.reserve(std::size_t(across) * std::size_t(rows) * 6);
-    for (int y = 0; y < rows; ++y) {
-        for (int x = 0; x < across; ++x) {
-            const osg::Pnt3f low = corner(x, y), high = corner(x + 1, y + 1);
-            corners.insert(corners.end(),
-                           {low, corner(x + 1, y), high, low, high, corner(x, y + 1)});
-        }
-    }
-    const osg::GeometryPtr core = trianglesOf(corners);
-    core->setMaterial(red);
-    scene.root().node()->addChild(osg::makeNodeFor(core));
-    settings.width = settings.height = 100;
-    const std::vector<std::uint8_t> bytes = picture().bytes();
-    ASSERT_EQ(bytes.size(), 40000u);
-    std::size_t reds = 0;
-    for (std::size_t i = 0; i < bytes.size(); i += 4)
-        reds += bytes[i] == 255 && bytes[i + 1] == 0;
-    EXPECT_EQ(reds, 10000u);
-}
-
 TEST_F(RendererTest, AnOverlayLiesOnTopAndHigherLayersInFront)
 {
     addSquare(red, osg::Vec3f(0, 0, 5), 2);

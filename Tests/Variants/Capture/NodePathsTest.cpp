@@ -82,11 +82,7 @@ TEST_F(NodePathsTest, TheTableKeepsTheSceneOfItsMakingWithoutHoldingIt)
     scene.add("Stays");
     qxNodePaths::createLookupTable();
     scene.add("Late");
-    {
-        const osg::NodePtr root = qxScenegraph::getRoot();
-        const osg::CPEditor edit(root, osg::Node::ChildrenFieldMask);
-        root->subChild(gone.node());
-    }
+    gone.remove();
     EXPECT_EQ(found("Gone"), std::vector<qxNodePtr>());
     EXPECT_EQ(found("Late"), std::vector<qxNodePtr>());
     EXPECT_EQ(namesOf(found("Stays")), Names{"Stays"});

@@ -1,40 +1,20 @@
 #include "RandomScene.h"
 
-#include "Internal/qxNodePaths.h"
-
 #include "Cameras/qxMainView.h"
 #include "Scene/qxTransformStates.h"
+#include "SeenFixture.h"
 #include "qxLights.h"
 #include "qxMaterials.h"
-#include "qxNodeUtils.h"
 
 #include <OpenSG/OSGGeometry.h>
-#include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
 namespace {
 
-/// The name of the plain material that is seen in the end.
-std::string shownName(osg::MaterialPtr material)
-{
-    for (auto choices = osg::SwitchMaterialPtr::dcast(material); choices != osg::NullFC;
-         choices = osg::SwitchMaterialPtr::dcast(material)) {
-        if (choices->getChoice() >= choices->getMaterials().size())
-            return "(nothing)";
-        material = choices->getMaterials(choices->getChoice());
-    }
-    return qxMaterials::getName(material);
-}
-
 bool isSwitch(const osg::NodePtr &node)
 {
     return osg::SwitchPtr::dcast(node->getCore()) != osg::NullFC;
-}
-
-bool isMaterialGroup(const osg::NodePtr &node)
-{
-    return osg::MaterialGroupPtr::dcast(node->getCore()) != osg::NullFC;
 }
 
 } // namespace
@@ -122,52 +102,12 @@ void RandomScene::shuffle()
     qxMainView::the().camera.toWorld.setTranslate(float(below(100)), 0, 0);
 }
 
-RandomScene::Nodes RandomScene::visible() const
-{
-    Nodes found;
-    Nodes open{m_scene.root().node()};
-    while (!open.empty()) {
-        const osg::NodePtr node = open.back();
-        open.pop_back();
-        if (!node->getActive())
-            continue;
-        found.push_back(node);
-        open.insert(open.end(), node->getMFChildren()->begin(), node->getMFChildren()->end());
-    }
-    return found;
-}
-
 void RandomScene::paint()
 {
-    for (const osg::NodePtr &node : visible()) {
-        if (qxNodeUtils::getMaterial(node) == osg::NullFC || below(7) != 0)
+    for (const auto &each : activeNodes()) {
+        if (qxNodeUtils::getMaterial(each.second) == osg::NullFC || below(7) != 0)
             continue;
-        qxNodeUtils::setMaterial(node, m_plain[std::size_t(below(int(m_plain.size())))], false,
-                                 true);
+        qxNodeUtils::setMaterial(each.second, m_plain[std::size_t(below(int(m_plain.size())))],
+                                 false, true);
     }
-}
-
-std::map<std::string, std::string> RandomScene::seen() const
-{
-    std::map<std::string, std::string> facts;
-    const osg::Matrix &camera = qxMainView::the().camera.toWorld;
-    facts["camera"] = std::to_string(camera[3][0]);
-    for (const osg::NodePtr &node : visible()) {
-        const std::string path = "/" + qxNodePaths::utf8Path(node);
-        facts[path] = "shown";
-        const auto choices = osg::SwitchPtr::dcast(node->getCore());
-        if (choices != osg::NullFC && choices->getChoice() < osg::Int32(node->getNChildren()))
-            facts[path + " choice"] = choices->getChoice() < 0
-                ? "(none)"
-                : qxNodeUtils::getName(node->getChild(osg::UInt32(choices->getChoice())));
-        if (qxLights::isLight(node))
-            facts[path + " light"] = qxLights::getOn(node) ? "on" : "off";
-        if (qxNodeUtils::hasTransformVariants(node))
-            facts[path + " pose"] = qxNodeUtils::getSelectedTransformVariantName(node);
-        if (qxNodeUtils::getMaterial(node) != osg::NullFC)
-            facts[path + " material"] = shownName(qxNodeUtils::getMaterial(node));
-        if (isMaterialGroup(node))
-            facts[path + " ignored"] = qxMaterials::getIgnoreMaterialGroup(node) ? "yes" : "no";
-    }
-    return facts;
 }

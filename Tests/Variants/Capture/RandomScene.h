@@ -2,7 +2,6 @@
 
 #include "TestScene.h"
 
-#include <map>
 #include <random>
 
 /// A scene, its states and its changes, made up from a seed.
@@ -18,10 +17,6 @@ public:
     /// Gives every seventh visible geometry or material group another plain material.
     void paint();
 
-    /// What can be seen, a line per fact by the path of its node: whatever is below a hidden node
-    /// is left out, and so are choices that show no child.
-    std::map<std::string, std::string> seen() const;
-
 private:
     typedef std::vector<osg::NodePtr> Nodes;
 
@@ -31,7 +26,6 @@ private:
     void addNode();
     void addMaterials();
     osg::MaterialPtr someMaterial();
-    Nodes visible() const;
 
     std::mt19937 m_random;
     TestScene m_scene;

@@ -1,11 +1,9 @@
-#include "qxVariantCaptureChecker.h"
 #include "qxVariantReader.h"
-#include "qxVariantSet.h"
 
 #include "Cameras/qxMainView.h"
-#include "CaptureFixture.h"
 #include "Files/qxSceneFile.h"
 #include "Scene/qxTransformStates.h"
+#include "SeenFixture.h"
 #include "qxLights.h"
 #include "qxMaterials.h"
 #include "qxScenegraph.h"
@@ -16,34 +14,11 @@
 
 #include <QDirIterator>
 #include <QProcess>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include <map>
 #include <random>
-#include <sstream>
 
 namespace {
-
-std::string text(const osg::Matrix &matrix)
-{
-    std::ostringstream out;
-    for (osg::UInt32 column = 0; column < 4; ++column) {
-        for (osg::UInt32 row = 0; row < 4; ++row)
-            out << matrix[column][row] << ' ';
-    }
-    return out.str();
-}
-
-/// The plain material that is seen in the end.
-osg::MaterialPtr shown(osg::MaterialPtr material)
-{
-    for (auto choices = osg::SwitchMaterialPtr::dcast(material);
-         choices != osg::NullFC && choices->getChoice() < choices->getMaterials().size();
-         choices = osg::SwitchMaterialPtr::dcast(material))
-        material = choices->getMaterials(choices->getChoice());
-    return material;
-}
 
 bool isClone(const osg::NodePtr &node)
 {
@@ -51,68 +26,9 @@ bool isClone(const osg::NodePtr &node)
         && node->getCore()->getParents().size() > 1;
 }
 
-/// What is seen of a scene from a file, and its changes at random.
-class SceneFilesTest : public CaptureFixture {
+/// A scene from a file, and its changes at random.
+class SceneFilesTest : public SeenFixture {
 protected:
-    typedef std::map<std::string, std::string> Facts;
-
-    /// A switch that is hidden by its variant is also searched for a child called "!Disable".
-    void TearDown() override
-    {
-        const QRegularExpression known("^Nodevariant .* does not have a child called !Disable$");
-        for (const std::string &line : logged(qxLog::Error)) {
-            if (known.match(QString::fromStdString(line)).hasMatch())
-                expectError(line);
-        }
-        CaptureFixture::TearDown();
-    }
-
-    /// A node by the way to it, which no renaming changes; only what is active and below active
-    /// nodes. The environment stands beside the root.
-    static std::vector<std::pair<std::string, osg::NodePtr>> activeNodes()
-    {
-        std::vector<std::pair<std::string, osg::NodePtr>> found;
-        std::vector<std::pair<std::string, osg::NodePtr>> open{
-            {"environment", qxScenegraph::environmentGeometrySwitch()},
-            {"root", qxScenegraph::getRoot()}};
-        while (!open.empty()) {
-            const auto each = open.back();
-            open.pop_back();
-            if (each.second == osg::NullFC || !each.second->getActive())
-                continue;
-            found.push_back(each);
-            for (osg::UInt32 i = 0; i < each.second->getNChildren(); ++i)
-                open.emplace_back(each.first + '/' + std::to_string(i), each.second->getChild(i));
-        }
-        return found;
-    }
-
-    static Facts seen()
-    {
-        Facts facts;
-        const qxUberCamera &camera = qxMainView::the().camera;
-        facts["camera"] = text(camera.toWorld) + std::to_string(camera.fieldOfView);
-        for (const auto &each : activeNodes())
-            addFacts(each.first, each.second, facts);
-        return facts;
-    }
-
-    static void addFacts(const std::string &way, const osg::NodePtr &node, Facts &facts)
-    {
-        facts[way] = std::to_string(node->getTravMask()) + ' ' + qxNodeUtils::getName(node);
-        const auto choices = osg::SwitchPtr::dcast(node->getCore());
-        if (choices != osg::NullFC && choices->getChoice() < osg::Int32(node->getNChildren()))
-            facts[way + " choice"] = std::to_string(choices->getChoice());
-        const auto place = osg::TransformPtr::dcast(node->getCore());
-        if (place != osg::NullFC)
-            facts[way + " place"] = text(place->getMatrix());
-        if (qxLights::isLight(node))
-            facts[way + " light"] = qxLights::getOn(node) ? "on" : "off";
-        if (qxNodeUtils::getMaterial(node) != osg::NullFC)
-            facts[way + " material"] = qxMaterials::getName(shown(qxNodeUtils::getMaterial(node)));
-        facts[way + " ignored"] = qxMaterials::getIgnoreMaterialGroup(node) ? "yes" : "no";
-    }
-
     int below(int end) { return std::uniform_int_distribution<int>(0, end - 1)(m_random); }
 
     /// Changes everything that a capture of the whole scene keeps. It keeps neither which nodes of
@@ -158,51 +74,25 @@ protected:
         ASSERT_TRUE(file.load(path)) << file.errorString().toStdString();
         if (!file.variantsDocument().isEmpty())
             qxVariantReader().read(file.variantsDocument().constData());
-        qxVariantCaptureChecker checker;
-        checker.findAmbiguousNodes();
-        for (const osg::NodePtr &node : checker.getAmbiguousNodes())
-            qxNodeUtils::setName(node, qxNodeUtils::getName(node), true, scene.root());
-        ASSERT_TRUE(qxVariants::verifyNodeNames());
+        settleNames();
         placeCamera(); // one that shows nothing is not captured
-    }
-
-    static void capture(const QString &name)
-    {
-        qxVariantSet *const set = qxVariants::createVariantSet(name, false, nullptr);
-        ASSERT_TRUE(set);
-        qxVariants::captureVariantsFromRootNodes(set, {qxScenegraph::getRootNode()}, true, true,
-                                                 true, true, true, true, true, true);
-    }
-
-    /// Every fact of both is the same in the other.
-    static void expectSame(const Facts &now, const Facts &then)
-    {
-        for (const auto &fact : then) {
-            const auto found = now.find(fact.first);
-            EXPECT_EQ(found == now.end() ? "(not seen)" : found->second, fact.second) << fact.first;
-        }
-        for (const auto &fact : now)
-            EXPECT_EQ(then.count(fact.first), 1u) << fact.first << " was hidden";
     }
 
     void captureAndReturn(const QString &path)
     {
         SCOPED_TRACE(path.toStdString());
         ASSERT_NO_FATAL_FAILURE(load(path));
-        const Facts asLoaded = seen();
-        capture("As loaded, captured");
-        expectSame(seen(), asLoaded);
+        const Facts asLoaded = capture("As loaded, captured");
         shuffle();
-        const Facts changed = seen();
+        const Facts changed = capture("As changed, captured");
         EXPECT_NE(changed, asLoaded);
-        capture("As changed, captured");
         for (int round = 0; round < 3; ++round) {
             shuffle();
             qxVariants::selectVariantSet("As loaded, captured", false);
-            expectSame(seen(), asLoaded);
+            expectSeen(asLoaded);
             shuffle();
             qxVariants::selectVariantSet("As changed, captured", false);
-            expectSame(seen(), changed);
+            expectSeen(changed);
         }
     }
 

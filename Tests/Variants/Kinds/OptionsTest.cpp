@@ -70,12 +70,3 @@ TEST(Options, TheBaseHasNoState)
     variant.onSelect("!Next");
     EXPECT_EQ(variant.onCurrent(), "");
 }
-
-TEST(Options, ActionNamesAreSpelledExactly)
-{
-    EXPECT_EQ(variantEnable, "!Enable");
-    EXPECT_EQ(variantDisable, "!Disable");
-    EXPECT_EQ(variantToggle, "!Toggle");
-    EXPECT_EQ(variantAll, "!All");
-    EXPECT_EQ(variantNone, "!None");
-}

@@ -52,32 +52,6 @@ TEST_P(EachKindOfNode, TwoSetsThatSawDifferentMaterialsShareASwitchMaterial)
     EXPECT_EQ(shownOn(body), "Blue");
 }
 
-TEST_P(EachKindOfNode, TenSetsBringBackTheirOwnMaterials)
-{
-    std::vector<TestNode> bodies;
-    for (int i = 0; i < 6; ++i)
-        bodies.push_back(addBody("Body " + std::to_string(i), scene.addMaterial("Start")));
-    std::vector<Names> seen;
-    for (int set = 0; set < 10; ++set) {
-        for (int i = 0; i < 6; ++i) {
-            // Some get a material of their own, some share one, some keep theirs for a while.
-            const int kind = (set + i) % 3;
-            const std::string name =
-                kind == 0 ? "Own " + std::to_string(set * 10 + i) : "Common " + std::to_string(set);
-            const osg::MaterialPtr known = qxMaterials::findMaterial(name.c_str());
-            if (kind != 2)
-                paint(bodies[i], known != osg::NullFC ? known : scene.addMaterial(name).material());
-        }
-        seen.push_back(shownOn(bodies));
-        capture(QString::number(set));
-        EXPECT_EQ(shownOn(bodies), seen.back()) << "capturing " << set << " changed the scene";
-    }
-    for (const int set : {3, 0, 9, 1, 7, 5, 2, 8, 4, 6}) {
-        select(QString::number(set));
-        EXPECT_EQ(shownOn(bodies), seen[set]) << set;
-    }
-}
-
 TEST_P(EachKindOfNode, TheStateOfASwitchMaterialIsCapturedWithoutAnyOtherSet)
 {
     const TestNode body = addBody("Body", scene.addSwitchMaterial("Paints", {"Red", "Blue"}));
@@ -128,23 +102,6 @@ TEST_F(SnapshotsTest, NodesWithTheSameChangeShareOneSwitchMaterial)
     capture("Autumn"); // the switch material that nobody shows any more takes the new one in
     EXPECT_EQ(heldOn(bodies.back()), (Names{"Red", "Blue", "Green"}));
     EXPECT_EQ(qxVariants::_materialVariants.size(), 1u);
-}
-
-TEST_F(SnapshotsTest, NodesThatSetsSawDifferentlyDoNotShareOne)
-{
-    const TestMaterial white = scene.addMaterial("White");
-    const TestNode left = scene.addGeometry("Left", scene.addMaterial("Red"));
-    const TestNode right = scene.addGeometry("Right", scene.addMaterial("Blue"));
-    capture("Summer");
-    paint(left, white);
-    paint(right, white);
-    capture("Winter");
-    EXPECT_EQ(heldOn(left), (Names{"Red", "White"}));
-    EXPECT_EQ(heldOn(right), (Names{"Blue", "White"}));
-    select("Summer");
-    EXPECT_EQ(shownOn({left, right}), (Names{"Red", "Blue"}));
-    select("Winter");
-    EXPECT_EQ(shownOn({left, right}), (Names{"White", "White"}));
 }
 
 TEST_F(SnapshotsTest, NamesOfNewSwitchMaterialsComeFromTheHost)
@@ -262,21 +219,6 @@ TEST_F(SnapshotsTest, NodesThatTheRunDoesNotComeToComeAlongWhenTheyNeedTheSame)
     capture("Autumn");
     EXPECT_EQ(snapshot("Summer", "Hidden"), "Paints");
     EXPECT_EQ(materialOf(hidden), "Paints");
-}
-
-TEST_F(SnapshotsTest, WhatASetChoosesForOtherNodesStays)
-{
-    const TestMaterial paints = scene.addSwitchMaterial("Paints", {"Blue", "Green"});
-    const TestNode left = scene.addGeometry("Left", scene.addMaterial("Red"));
-    const TestNode right = scene.addGeometry("Right", paints);
-    capture("Summer");
-    paint(left, paints);
-    paint(right, scene.addMaterial("Grey"));
-    capture("Winter");
-    select("Summer");
-    EXPECT_EQ(shownOn({left, right}), (Names{"Red", "Blue"}));
-    select("Winter");
-    EXPECT_EQ(shownOn({left, right}), (Names{"Blue", "Grey"}));
 }
 
 TEST_F(SnapshotsTest, ASwitchMaterialInsideOfAnotherOneIsNotPutToAnotherUse)

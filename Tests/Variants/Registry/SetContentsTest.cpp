@@ -1,8 +1,4 @@
-#include "qxLightVariant.h"
-#include "qxMaterialVariant.h"
 #include "qxNodeVariant.h"
-#include "qxOverlayVariant.h"
-#include "qxTransformVariant.h"
 #include "qxVariantGroup.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
@@ -149,40 +145,6 @@ TEST_F(SetContentsTest, ASetIsEmptyWhenApplyingItWouldDoNothing)
     }
 }
 
-TEST_F(SetContentsTest, ASetIsUsedAsSoonAsOneThingItRefersToExists)
-{
-    scene.addPoses("Door", {"Open"});
-    qxVariants::createTransformVariant("Door", false);
-    set.addTransformVariant("Door", "Open");
-    set.script = "pass";
-    set.setClippingState(1);
-    EXPECT_FALSE(set.isUsed());
-
-    scene.addLight("Lamp");
-    set.addLightVariant("Lamp", "!Enable");
-    EXPECT_FALSE(set.isUsed()); // No variant yet.
-    qxVariants::createLightVariant("Lamp", false)->lightName = "Lamp";
-    EXPECT_TRUE(set.isUsed());
-
-    qxVariantSet names;
-    names.addGeometry("Body");
-    names.addViewpoint("Front");
-    names.addAnimation("Spin");
-    EXPECT_FALSE(names.isUsed());
-    scene.setClips({"Spin"});
-    EXPECT_TRUE(names.isUsed());
-    scene.setClips({});
-    scene.addViewpoint("Front");
-    EXPECT_TRUE(names.isUsed());
-
-    qxVariantSet overlays;
-    overlays.addOverlayVariant("Logo", "!Enable");
-    qxVariants::createOverlayVariant("Logo", false);
-    EXPECT_FALSE(overlays.isUsed());
-    scene.addOverlay("Logo");
-    EXPECT_TRUE(overlays.isUsed());
-}
-
 TEST_F(SetContentsTest, ConnectedVariantsAreThoseThatExist)
 {
     set.showConnectedVariants();
@@ -202,87 +164,4 @@ TEST_F(SetContentsTest, ConnectedVariantsAreThoseThatExist)
     EXPECT_TRUE(notifications.entries().empty());
     qxVariants::showConnectedVariants("Known");
     EXPECT_EQ(linesOf(notifications).front(), "1 selectNodeVariants variant=[Wheels, Door]");
-}
-
-TEST_F(SetContentsTest, OptimizingDropsWhatTheSceneCannotDo)
-{
-    qxVariants::createNodeVariant(scene.addSwitch("Wheels", {"Steel"}).node(), false);
-    qxVariants::createNodeVariant(scene.addSwitch("Roof", {"Open"}).node(), false);
-    qxVariants::createNodeVariant(scene.addSwitch("Seats", {"Red"}).node(), false);
-    qxVariants::createNodeVariant("Lost", false)->nodeName = "Lost";
-    set.addNodeVariant("Wheels", "Alloy"); // no such child
-    set.addNodeVariant("Roof", "!Nonsense"); // actions are not checked
-    set.addNodeVariant("Seats", "Red");
-    set.addNodeVariant("Lost", "!All"); // no such node
-    set.addNodeVariant("Unknown", "Anything"); // no such variant
-
-    scene.addSwitchMaterial("Paint", {"Red"});
-    qxVariants::createMaterialVariant("Paint", false)->switchMaterialName = "Paint";
-    qxVariants::createMaterialVariant("Trim", false)->switchMaterialName = "Trim";
-    set.addMaterialVariant("Paint", "Blue");
-    set.addMaterialVariant("Trim", "!Next");
-    set.addMaterialVariant("Unknown", "Blue");
-
-    scene.addLight("Lamp");
-    qxVariants::createLightVariant("Lamp", false)->lightName = "Lamp";
-    qxVariants::createLightVariant("Sun", false)->lightName = "Sun";
-    set.addLightVariant("Lamp", "nonsense");
-    set.addLightVariant("Sun", "!Enable");
-
-    qxVariants::createOverlayVariant(scene.addOverlaySwitch("Signs", {"Stop"}).node(), false);
-    set.addOverlayVariant("Signs", "Go");
-    qxVariants::createTransformVariant(scene.addPoses("Door", {"Open"}).node(), false);
-    qxVariants::createTransformVariant("Hood", false)->nodeName = "Door";
-    set.addTransformVariant("Door", "!Next"); // actions are checked here
-    set.addTransformVariant("Hood", "Open");
-
-    scene.addViewpoint("Front");
-    scene.setClips({"Spin"});
-    for (const char *name : {"Wheels", "Front", "Spin"}) {
-        set.addGeometry(name);
-        set.addViewpoint(name);
-        set.addAnimation(name);
-        set.addTargetNodeName(name);
-    }
-    notifications.clear();
-    set.optimize();
-    EXPECT_EQ(textOf(set.nodeVariants), "Roof=!Nonsense Seats=Red Unknown=Anything ");
-    EXPECT_EQ(textOf(set.materialVariants), "Unknown=Blue ");
-    EXPECT_EQ(textOf(set.lightVariants), "Lamp=nonsense ");
-    EXPECT_EQ(textOf(set.overlayVariants), "");
-    EXPECT_EQ(textOf(set.transformVariants), "Hood=Open ");
-    EXPECT_EQ(set.geometries.list(), QStringList("Wheels"));
-    EXPECT_EQ(set.viewpoints.list(), QStringList("Front"));
-    EXPECT_EQ(set.animations.list(), QStringList("Spin"));
-    EXPECT_EQ(set.targetNodeNames.size(), 3u);
-    EXPECT_TRUE(notifications.entries().empty());
-}
-
-TEST_F(SetContentsTest, OptimizingAllSetsDropsFromEachWhatItWouldDropAlone)
-{
-    scene.addLight("Lamp");
-    scene.addViewpoint("Front");
-    scene.setClips({"Spin"});
-    qxVariants::createOverlayVariant(scene.addOverlaySwitch("Signs", {"Stop"}).node(), false);
-    for (const char *name : {"Lamp", "Sun"})
-        qxVariants::createLightVariant(name, false)->lightName = name;
-    for (const char *name : {"First", "Second"}) {
-        qxVariantSet *const each = qxVariants::createVariantSet(name, false, nullptr);
-        for (const char *light : {"Lamp", "Sun", "Unknown"})
-            each->addLightVariant(light, "!Enable");
-        each->addOverlayVariant("Signs", name == std::string("First") ? "Stop" : "Go");
-        for (const char *listed : {"Front", "Back", ""})
-            each->addViewpoint(listed);
-        for (const char *listed : {"Spin", "Jump"})
-            each->addAnimation(listed);
-    }
-    qxVariants::optimizeVariantSets();
-    for (const char *name : {"First", "Second"}) {
-        const qxVariantSet &each = *qxVariants::findVariantSet(name);
-        EXPECT_EQ(textOf(each.lightVariants), "Lamp=!Enable Unknown=!Enable ");
-        EXPECT_EQ(each.viewpoints.list(), QStringList("Front"));
-        EXPECT_EQ(each.animations.list(), QStringList("Spin"));
-    }
-    EXPECT_EQ(textOf(qxVariants::findVariantSet("First")->overlayVariants), "Signs=Stop ");
-    EXPECT_EQ(textOf(qxVariants::findVariantSet("Second")->overlayVariants), "");
 }

@@ -213,32 +213,3 @@ TEST_F(HandleTest, AClippingPlaneLeavesStateAndColours)
         EXPECT_EQ(clip.clipContourShow, place == 4);
     }
 }
-
-TEST_F(HandleTest, ANullHandleDoesNothingAndKnowsNothing)
-{
-    const TestNode wheels = scene.addSwitch("Wheels", {"Steel"});
-    const TestMaterial paint = scene.addMaterial("Paint");
-    notifications.clear();
-    qxVariantSetPtr none;
-    none.setName("A");
-    none.setHotkeyString("A");
-    none.setHotkey('A');
-    none.setHotkey('A', 0x02000000);
-    none.addGeometry(wheels.node(), "Steel");
-    none.addMaterial(paint.material(), "Paint");
-    none.addLight(wheels.node(), "!Enable");
-    none.addViewpoint("Front");
-    none.addScript("1");
-    none.setClippingState(1);
-    none.addClippingPlane({0, 0, 0}, {0, 1, 0}, true, true, true, true, true);
-    none.addCurrentClippingPlane();
-    none.setValue("key", "value");
-    for (const std::string &answer :
-         {none.getName(), none.getHotkey(), none.getScript(), none.getValue("key")})
-        EXPECT_EQ(answer, "");
-    EXPECT_EQ(none.getTargetNodeNames(), Texts());
-    EXPECT_EQ(notifications.entries().size(), 0u);
-    EXPECT_TRUE(qxVariants::_nodeVariants.empty() && qxVariants::_materialVariants.empty()
-                && qxVariants::_lightVariants.empty());
-    EXPECT_EQ(qxVariantSetPtr(set).getName(), "Winter");
-}

@@ -73,33 +73,3 @@ TEST_F(SetScriptsTest, ASetThatSelectsItselfEndsWithOneError)
     for (const std::string &line : errors())
         EXPECT_NE(line.find("32"), std::string::npos) << line;
 }
-
-TEST_F(SetScriptsTest, AnInterruptInASelectedSetReachesTheSetsAround)
-{
-    addSet("Inner", "import os, signal\nos.kill(os.getpid(), signal.SIGINT)\nwhile True: pass");
-    addSet("Middle", "selectVariantSet('Inner')\nmiddle = 'went on'");
-    addSet("Outer",
-           "try:\n    selectVariantSet('Middle')\nexcept KeyboardInterrupt as end:\n"
-           "    outer = 'ended: %s' % end");
-    addSet("Careless", "selectVariantSet('Middle')\nouter = 'went on'");
-    qxVariants::selectVariantSet("Outer", false);
-    EXPECT_EQ(qxScript::executeNUSR("outer"), "ended: ");
-    EXPECT_EQ(qxScript::executeNUSR("'middle' in globals()"), "False");
-    expectAllEnded();
-    qxVariants::selectVariantSet("Careless", false);
-    EXPECT_EQ(errors(), std::vector<std::string>{"script error: interrupted"});
-    EXPECT_EQ(qxScript::executeNUSR("outer"), "ended: ");
-}
-
-TEST_F(SetScriptsTest, SetsMaySelectSetsAsDeepAsTheHostAllows)
-{
-    addSet("Set1", "done = True");
-    for (int i = 2; i <= 32; ++i) {
-        const std::string script = "selectVariantSet('Set" + std::to_string(i - 1) + "')";
-        addSet(("Set" + std::to_string(i)).c_str(), script.c_str());
-    }
-    qxVariants::selectVariantSet("Set32", false);
-    EXPECT_EQ(qxScript::executeNUSR("done"), "True");
-    EXPECT_EQ(heard("variantSetSelected").size(), 32u);
-    expectAllEnded();
-}

@@ -32,6 +32,7 @@ protected:
         qxVariants::createOverlayVariant(scene.addOverlaySwitch("Signs", {"Stop", "Go"}).node(),
                                          false);
         qxVariants::createTransformVariant(scene.addPoses("Door", {"Shut", "Open"}).node(), false);
+        qxVariants::createTransformVariant("Hood", false)->nodeName = "Door";
         scene.add("Body");
         scene.addViewpoint("Front");
         scene.setClips({"Spin"});
@@ -47,9 +48,11 @@ protected:
         set.addLightVariant("Sun", "!Enable");
         set.addOverlayVariant("Signs", "Go");
         set.addTransformVariant("Door", "Open");
+        set.addTransformVariant("Hood", "Open");
         set.addGeometry("Body");
         set.addViewpoint("Front");
         set.addAnimation("Spin");
+        set.addTargetNodeName("Body");
     }
 
     static QStringList contentOf(const qxVariantSet &set)
@@ -66,12 +69,6 @@ protected:
 
     static osg::NodePtr node(const char *name) { return qxScenegraph::findNode(name); }
 
-    static void removeNode(const osg::NodePtr &gone)
-    {
-        const osg::NodePtr parent = gone->getParent();
-        const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
-        parent->subChild(gone);
-    }
     static void rename(const osg::NodePtr &renamed)
     {
         const osg::CPEditor edit(renamed);
@@ -101,20 +98,24 @@ struct Loss {
 TEST_F(LosingSceneTest, OptimizingDropsEntryByEntryWhatTheSceneLost)
 {
     qxVariantSet *const set = qxVariants::createVariantSet("Full", false, nullptr);
+    qxVariantSet *const twin = qxVariants::createVariantSet("Twin", false, nullptr);
     fill(*set);
+    fill(*twin);
     const Loss losses[] = {
         {"nothing", [] {}, {}},
         {"a child that is not asked for", [] { rename(node("Steel")); }, {}},
         {"the child", [] { rename(node("Alloy")); }, {"Wheels=Alloy"}},
-        {"the node of a toggle", [] { removeNode(node("Lamp")); }, {"Lamp=!Toggle"}},
+        {"the node of a toggle", [] { TestNode(node("Lamp")).remove(); }, {"Lamp=!Toggle"}},
         {"a material that is not asked for", [] { renameMaterial("Red"); }, {}},
         {"the material", [] { renameMaterial("Blue"); }, {"Paint=Blue"}},
         {"the light's core", [] { hollow("Sun"); }, {"Sun=!Enable"}},
-        {"the geometry's node", [] { removeNode(node("Body")); }, {"Body"}},
+        {"the geometry's node", [] { TestNode(node("Body")).remove(); }, {"Body"}},
         {"the viewpoints", [] { qxUberCameraPool::the()->clear(); }, {"Front"}},
         {"the clip", [this] { scene.setClips({"Other"}); }, {"Spin"}},
         {"the overlay's child", [] { rename(qxOverlays::findOverlay("Go")); }, {"Signs=Go"}},
-        {"the transform states", [] { removeNode(node("Door")); }, {"Door=Open"}},
+        {"the transform states",
+         [] { TestNode(node("Door")).remove(); },
+         {"Door=Open", "Hood=Open"}},
     };
     QStringList left = contentOf(*set);
     for (const Loss &loss : losses) {
@@ -125,9 +126,11 @@ TEST_F(LosingSceneTest, OptimizingDropsEntryByEntryWhatTheSceneLost)
         notifications.clear();
         qxVariants::optimizeVariantSets();
         EXPECT_EQ(contentOf(*set).join(' ').toStdString(), left.join(' ').toStdString());
+        EXPECT_EQ(contentOf(*twin), left);
         EXPECT_TRUE(notifications.entries().empty());
     }
     EXPECT_EQ(left, QStringList("Unknown=Alloy"));
+    EXPECT_EQ(set->targetNodeNames.size(), 1u) << "a target stays, whatever becomes of its node";
 }
 
 TEST_F(LosingSceneTest, ActionsStayAsLongAsTheSceneObjectDoes)
@@ -141,9 +144,9 @@ TEST_F(LosingSceneTest, ActionsStayAsLongAsTheSceneObjectDoes)
     set.optimize();
     EXPECT_EQ(contentOf(set).join(' ').toStdString(),
               "Wheels=!Nonsense Paint=!Nonsense Sun=nonsense Signs=!Nonsense");
-    removeNode(node("Wheels"));
+    TestNode(node("Wheels")).remove();
     renameMaterial("Paint");
-    removeNode(qxOverlays::findOverlay("Signs"));
+    TestNode(qxOverlays::findOverlay("Signs")).remove();
     set.optimize();
     EXPECT_EQ(contentOf(set), QStringList("Sun=nonsense"));
 }
@@ -157,8 +160,9 @@ TEST_F(LosingSceneTest, OneOfSeveralNodesOfANameIsEnoughForATransformButNotForAS
     fill(set);
     set.addTransformVariant("Door", "Ajar");
     set.optimize();
-    EXPECT_EQ(contentOf(set).join(' ').toStdString(),
-              "Lamp=!Toggle Unknown=Alloy Sun=!Enable Signs=Go Door=Ajar Body Front Spin");
+    EXPECT_EQ(
+        contentOf(set).join(' ').toStdString(),
+        "Lamp=!Toggle Unknown=Alloy Sun=!Enable Signs=Go Door=Ajar Hood=Open Body Front Spin");
 }
 
 TEST_F(LosingSceneTest, ASetIsUsedUntilTheLastThingItRefersToIsGone)
@@ -168,15 +172,15 @@ TEST_F(LosingSceneTest, ASetIsUsedUntilTheLastThingItRefersToIsGone)
     set->script = "pass";
     set->setClippingState(1);
     const std::function<void()> losses[] = {
-        [] { removeNode(node("Wheels")); },   [] { removeNode(node("Lamp")); },
-        [] { renameMaterial("Paint"); },      [] { hollow("Sun"); },
-        [] { removeNode(node("Body")); },     [] { qxUberCameraPool::the()->clear(); },
+        [] { TestNode(node("Wheels")).remove(); }, [] { TestNode(node("Lamp")).remove(); },
+        [] { renameMaterial("Paint"); },           [] { hollow("Sun"); },
+        [] { TestNode(node("Body")).remove(); },   [] { qxUberCameraPool::the()->clear(); },
         [this] { scene.setClips({"Other"}); }};
     for (const auto &happens : losses) {
         happens();
         EXPECT_TRUE(set->isUsed());
     }
-    removeNode(qxOverlays::findOverlay("Signs"));
+    TestNode(qxOverlays::findOverlay("Signs")).remove();
     EXPECT_FALSE(set->isUsed()); // A transform state, a script and a clipping plane do not count.
 }
 
