@@ -3,6 +3,7 @@
 
 #include <OpenSG/OSGSwitchMaterial.h>
 #include <OpenSG/OSGThread.h>
+#include <OpenSG/OSGTransform.h>
 
 #include <random>
 
@@ -82,4 +83,31 @@ TEST_F(RenderUpdateTest, ARendererOutlivesScenesAndHosts)
     addSquare(flat(1, 1, 0), osg::Vec3f(0, 0, 0), 1);
     qxMainView::the().camera.height = 2;
     EXPECT_EQ(picture().bytes(), freshPicture().bytes());
+}
+
+/// Rays take other ways through scenes with very many triangles.
+TEST_F(RenderUpdateTest, ManyTrianglesBehindTheCameraChangeNothing)
+{
+    const osg::TransformPtr mirror = osg::Transform::create();
+    mirror->getMatrix().setScale(-1, 1, 1);
+    const osg::NodePtr mirrored = osg::makeNodeFor(mirror);
+    qxScenegraph::getRoot()->addChild(mirrored);
+    addSquare(lit(1, 0.5f, 0.2f, qxSurface()), osg::Vec3f(0, 0, 8), 0.5f, mirrored);
+    settings.quality = 4;
+    const TestPicture few = picture();
+    std::vector<osg::Pnt3f> corners;
+    for (int i = 0; i < 260000; ++i) {
+        const float x = float(i % 500) * 1e-5f;
+        const float y = float(i / 500) * 1e-5f;
+        corners.insert(corners.end(), {{x, y, 50}, {x, y + 1e-5f, 50}, {x + 1e-5f, y, 50}});
+    }
+    const TestNode crowd(osg::makeNodeFor(trianglesOf(corners)));
+    qxScenegraph::getRoot()->addChild(crowd);
+    const TestPicture many = picture();
+    EXPECT_EQ(many.bytes(), freshPicture().bytes());
+    for (const float x : {-0.8f, -0.1f, 0.1f, 0.7f})
+        EXPECT_NEAR(many.brightness(x, 0.1f), few.brightness(x, 0.1f), 9) << x;
+    EXPECT_GT(many.brightness(0.1f, 0.1f), 100);
+    crowd.setMask(0);
+    EXPECT_EQ(picture().bytes(), few.bytes());
 }

@@ -2,6 +2,8 @@
 
 #include <OpenSG/OSGTriangleIterator.h>
 
+#include <new>
+
 namespace {
 
 template <class Value, class PropertyPtr>
@@ -10,7 +12,7 @@ std::vector<Value> copied(const PropertyPtr &property)
     std::vector<Value> values;
     if (property == osg::NullFC)
         return values;
-    values.reserve(property->getSize() + 1);
+    values.reserve(property->getSize());
     for (osg::UInt32 i = 0; i < property->getSize(); ++i)
         values.push_back(Value(property->getValue(i)));
     return values;
@@ -49,8 +51,7 @@ void fitTo(std::vector<Value> &values, std::size_t count)
 
 } // namespace
 
-std::shared_ptr<qxRenderGeometry> qxRenderGeometry::make(RTCDevice device,
-                                                         const osg::GeometryPtr &core)
+std::shared_ptr<qxRenderGeometry> qxRenderGeometry::make(const osg::GeometryPtr &core)
 {
     const auto geometry = std::make_shared<qxRenderGeometry>();
     if (core->getPositions() == osg::NullFC)
@@ -59,8 +60,6 @@ std::shared_ptr<qxRenderGeometry> qxRenderGeometry::make(RTCDevice device,
         geometry->copyCorners(core);
     else
         geometry->copyShared(core);
-    if (!geometry->m_triangles.empty())
-        geometry->commit(device);
     return geometry;
 }
 
@@ -118,20 +117,36 @@ void qxRenderGeometry::copyCorners(const osg::GeometryPtr &core)
     }
 }
 
-void qxRenderGeometry::commit(RTCDevice device)
+qxEmbreeGeometry qxRenderGeometry::placed(RTCDevice device, const osg::Matrix &matrix) const
 {
-    const std::size_t count = m_positions.size();
-    m_positions.push_back(osg::Vec3f());
-    const qxEmbreeGeometry mesh(rtcNewGeometry(device, RTC_GEOMETRY_TYPE_TRIANGLE));
-    rtcSetSharedGeometryBuffer(mesh.get(), RTC_BUFFER_TYPE_VERTEX, 0, RTC_FORMAT_FLOAT3,
-                               m_positions.data(), 0, sizeof(osg::Vec3f), count);
+    qxEmbreeGeometry mesh(rtcNewGeometry(device, RTC_GEOMETRY_TYPE_TRIANGLE));
+    void *const places =
+        rtcSetNewGeometryBuffer(mesh.get(), RTC_BUFFER_TYPE_VERTEX, 0, RTC_FORMAT_FLOAT3,
+                                sizeof(osg::Vec3f), m_positions.size());
     rtcSetSharedGeometryBuffer(mesh.get(), RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3,
                                m_triangles.data(), 0, sizeof(Triangle), m_triangles.size());
+    if (!places)
+        throw std::bad_alloc();
+    std::transform(m_positions.begin(), m_positions.end(), static_cast<osg::Vec3f *>(places),
+                   [&matrix](const osg::Vec3f &position) {
+                       osg::Pnt3f result;
+                       matrix.multMatrixPnt(osg::Pnt3f(position), result);
+                       return osg::Vec3f(result);
+                   });
+    return mesh;
+}
+
+RTCScene qxRenderGeometry::scene(RTCDevice device) const
+{
+    if (m_scene)
+        return m_scene.get();
+    const qxEmbreeGeometry mesh = placed(device, osg::Matrix::identity());
     rtcCommitGeometry(mesh.get());
     m_scene.reset(rtcNewScene(device));
     rtcSetSceneFlags(m_scene.get(), RTC_SCENE_FLAG_ROBUST);
     rtcAttachGeometry(m_scene.get(), mesh.get());
     rtcCommitScene(m_scene.get());
+    return m_scene.get();
 }
 
 template <class Value>

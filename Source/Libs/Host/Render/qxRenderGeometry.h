@@ -4,6 +4,7 @@
 #include "Render/qxRenderMath.h"
 
 #include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGMatrix.h>
 
 #include <array>
 #include <cstdint>
@@ -17,10 +18,12 @@ public:
     typedef std::array<std::uint32_t, 3> Triangle; ///< places in the lists of the corners
 
     /// Points, lines and triangles with places that are no finite numbers are left out.
-    static std::shared_ptr<qxRenderGeometry> make(RTCDevice device, const osg::GeometryPtr &core);
+    static std::shared_ptr<qxRenderGeometry> make(const osg::GeometryPtr &core);
 
-    /// Null when there are no triangles.
-    RTCScene scene() const { return m_scene.get(); }
+    /// The triangles as a geometry for rays, in coordinates that a matrix leads to.
+    qxEmbreeGeometry placed(RTCDevice device, const osg::Matrix &matrix) const;
+    /// A tree over the triangles, for instances of it; made when it is asked for first.
+    RTCScene scene(RTCDevice device) const;
     const std::vector<Triangle> &triangles() const { return m_triangles; }
     const std::vector<osg::Vec3f> &positions() const { return m_positions; }
 
@@ -43,13 +46,12 @@ private:
     Value at(const std::vector<Value> &values, const Place &place) const;
     void copyShared(const osg::GeometryPtr &core);
     void copyCorners(const osg::GeometryPtr &core);
-    void commit(RTCDevice device);
 
-    std::vector<osg::Vec3f> m_positions; ///< one more than there are: rays read beyond the last
+    std::vector<osg::Vec3f> m_positions;
     std::vector<osg::Vec3f> m_normals; ///< this and the following: as many, or none
     std::vector<osg::Vec2f> m_texCoords;
     std::vector<osg::Vec4f> m_colours;
     std::vector<Triangle> m_triangles;
-    qxEmbreeScene m_scene;
+    mutable qxEmbreeScene m_scene;
     bool m_outdated = false;
 };

@@ -5,13 +5,19 @@ namespace {
 /// Nearly always the next node is the next one of the last time, or some have gone in between.
 const std::size_t _lookAhead = 32;
 
+/// One tree over so many triangles is made quickly, and rays go through it several times faster
+/// than through overlapping trees of single geometries.
+const std::size_t _mostInOneTree = 250000;
+
 /// The columns of the transposed inverse; null for a matrix without inverse.
-void setNormals(osg::Vec3f (&columns)[3], const osg::Matrix &matrix)
+void setNormals(qxRenderInstance &instance, const osg::Matrix &matrix)
 {
+    osg::Vec3f(&columns)[3] = instance.normals;
     osg::Vec3f x[3];
     for (osg::UInt32 i = 0; i < 3; ++i)
         x[i] = osg::Vec3f(matrix[i][0], matrix[i][1], matrix[i][2]);
     const float determinant = x[0].dot(x[1].cross(x[2]));
+    instance.isMirrored = determinant < 0.0f;
     const float factor = determinant != 0.0f && std::isfinite(determinant) ? 1 / determinant : 0;
     columns[0] = x[1].cross(x[2]) * factor;
     columns[1] = x[2].cross(x[0]) * factor;
@@ -20,7 +26,7 @@ void setNormals(osg::Vec3f (&columns)[3], const osg::Matrix &matrix)
 
 bool canBeSeen(const qxRenderInstance &instance)
 {
-    if (!instance.geometry->scene() || instance.normals[0].squareLength() == 0.0f)
+    if (instance.geometry->triangles().empty() || instance.normals[0].squareLength() == 0.0f)
         return false;
     for (osg::UInt32 i = 0; i < 3; ++i) {
         if (!qxIsFinite(instance.normals[i]))
@@ -44,6 +50,15 @@ osg::Vec3f qxRenderInstance::worldNormal(const osg::Vec3f &normal) const
 qxRenderGroup::qxRenderGroup(RTCDevice device, qxRenderSources &sources)
     : m_device(device), m_sources(sources)
 {
+}
+
+osg::Vec3f qxRenderGroup::flatNormalAt(const RTCHit &hit) const
+{
+    const osg::Vec3f normal(hit.Ng_x, hit.Ng_y, hit.Ng_z);
+    const qxRenderInstance &instance = instanceAt(hit);
+    if (!m_isOneTree)
+        return instance.worldNormal(normal);
+    return qxUnit(instance.isMirrored ? -normal : normal);
 }
 
 void qxRenderGroup::begin()
@@ -102,17 +117,28 @@ void qxRenderGroup::make(qxRenderInstance &instance, const qxShownPart &part)
     instance.geometry = m_sources.geometry(part.core);
     instance.surface = m_sources.material(part.material);
     instance.embree.reset();
-    instance.mask = 0;
-    setNormals(instance.normals, part.toWorld);
-    if (canBeSeen(instance))
-        placeRays(instance);
+    setNormals(instance, part.toWorld);
+    instance.isVisible = canBeSeen(instance);
     m_changed = true;
 }
 
-void qxRenderGroup::placeRays(qxRenderInstance &instance)
+bool qxRenderGroup::isSmall() const
 {
+    std::size_t triangles = 0;
+    for (const qxRenderInstance &instance : m_instances)
+        triangles += instance.geometry->triangles().size();
+    return triangles <= _mostInOneTree;
+}
+
+void qxRenderGroup::place(qxRenderInstance &instance)
+{
+    instance.mask = 0;
+    if (m_isOneTree) {
+        instance.embree = instance.geometry->placed(m_device, instance.toWorld);
+        return;
+    }
     instance.embree.reset(rtcNewGeometry(m_device, RTC_GEOMETRY_TYPE_INSTANCE));
-    rtcSetGeometryInstancedScene(instance.embree.get(), instance.geometry->scene());
+    rtcSetGeometryInstancedScene(instance.embree.get(), instance.geometry->scene(m_device));
     rtcSetGeometryTransform(instance.embree.get(), 0, RTC_FORMAT_FLOAT4X4_COLUMN_MAJOR,
                             instance.toWorld.getValues());
 }
@@ -122,9 +148,14 @@ void qxRenderGroup::finish()
     m_changed = m_changed || m_instances.size() != m_before.size();
     m_before.clear();
     m_hasTranslucent = false;
+    const bool isOneTree = isSmall();
+    const bool isOther = isOneTree != m_isOneTree;
+    m_isOneTree = isOneTree;
     for (qxRenderInstance &instance : m_instances) {
-        if (!instance.embree)
+        if (!instance.isVisible)
             continue;
+        if (!instance.embree || isOther)
+            place(instance);
         const unsigned int mask = instance.surface->isOpaque() ? Opaque : Translucent;
         m_hasTranslucent = m_hasTranslucent || mask == Translucent;
         if (mask == instance.mask)
@@ -144,7 +175,7 @@ void qxRenderGroup::finish()
 void qxRenderGroup::commit()
 {
     m_scene.reset(rtcNewScene(m_device));
-    rtcSetSceneFlags(m_scene.get(), RTC_SCENE_FLAG_ROBUST);
+    rtcSetSceneFlags(m_scene.get(), RTC_SCENE_FLAG_NONE);
     bool isEmpty = true;
     for (std::size_t i = 0; i < m_instances.size(); ++i) {
         if (!m_instances[i].embree)

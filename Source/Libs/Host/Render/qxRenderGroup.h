@@ -13,9 +13,11 @@ struct qxRenderInstance {
     osg::UInt32 material; ///< 0 for none
     osg::Matrix toWorld;
     osg::Vec3f normals[3]; ///< columns of the matrix that turns normals
+    bool isMirrored; ///< whether the matrix makes a left hand of a right one
     std::shared_ptr<const qxRenderGeometry> geometry;
     std::shared_ptr<const qxRenderMaterial> surface;
-    qxEmbreeGeometry embree; ///< null when there is nothing to hit
+    bool isVisible; ///< whether there is something to hit
+    qxEmbreeGeometry embree; ///< as it is in the tree
     unsigned int mask; ///< as it was committed
 };
 
@@ -37,8 +39,12 @@ public:
     /// @}
 
     RTCScene scene() const { return m_scene.get(); }
-    /// By the instance id of a hit.
-    const qxRenderInstance &instance(unsigned int id) const { return m_instances[id]; }
+    /// The normal of the triangle that was hit, in world coordinates, of length 1.
+    osg::Vec3f flatNormalAt(const RTCHit &hit) const;
+    const qxRenderInstance &instanceAt(const RTCHit &hit) const
+    {
+        return m_instances[m_isOneTree ? hit.geomID : hit.instID[0]];
+    }
     const std::vector<qxRenderInstance> &instances() const { return m_instances; }
     const qxBox &bounds() const { return m_bounds; }
     bool hasTranslucent() const { return m_hasTranslucent; }
@@ -46,7 +52,8 @@ public:
 private:
     qxRenderInstance *known(osg::UInt32 node);
     void make(qxRenderInstance &instance, const qxShownPart &part);
-    void placeRays(qxRenderInstance &instance);
+    bool isSmall() const;
+    void place(qxRenderInstance &instance);
     void commit();
 
     RTCDevice m_device;
@@ -56,6 +63,7 @@ private:
     std::size_t m_next = 0; ///< place in m_before where the next one is looked for
     std::unordered_map<osg::UInt32, std::size_t> m_places; ///< of nodes in m_before, when needed
     bool m_changed = true;
+    bool m_isOneTree = true; ///< over all triangles; otherwise over trees of geometries
     bool m_hasTranslucent = false;
     qxEmbreeScene m_scene;
     qxBox m_bounds;

@@ -123,11 +123,30 @@ void scale(std::vector<qxRenderLight> &lights, float factor)
 
 } // namespace
 
-qxRenderLight::Arrival qxRenderLight::arrivalAt(const osg::Vec3f &place) const
+/// Whether nothing gets along a way to the light: most lights of a scene are out here soon.
+bool qxRenderLight::isOutOfReach(const osg::Vec3f &way) const
 {
-    if (kind == Directional)
-        return {-direction, std::numeric_limits<float>::infinity(), light};
+    const float square = way.squareLength();
+    if (range > 0.0f && square >= range * range)
+        return true;
+    if (kind != Spot)
+        return false;
+    const float along = -way.dot(direction);
+    return outerCosine > 0.0f
+        && (along < 0.0f || along * along < outerCosine * outerCosine * square);
+}
+
+qxRenderLight::Arrival qxRenderLight::arrivalAt(const osg::Vec3f &place,
+                                                const osg::Vec3f &normal) const
+{
+    if (kind == Directional) {
+        const bool isBehind = normal.dot(direction) >= 0.0f;
+        return {-direction, std::numeric_limits<float>::infinity(),
+                isBehind ? osg::Vec3f() : light};
+    }
     const osg::Vec3f way = position - place;
+    if (way.dot(normal) <= 0.0f || isOutOfReach(way))
+        return {direction, 0.0f, osg::Vec3f()};
     const float distance = way.length();
     const osg::Vec3f toLight = distance > 0.0f ? way * (1.0f / distance) : -direction;
     float share = left(*this, distance);

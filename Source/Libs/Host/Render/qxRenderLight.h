@@ -11,13 +11,14 @@
 struct qxRenderLight {
     enum Kind { Point, Spot, Directional };
 
-    /// What arrives at a place that the light reaches.
+    /// What arrives at a place of a surface.
     struct Arrival {
         osg::Vec3f toLight; ///< of length 1
         float distance; ///< infinite for directional lights
-        osg::Vec3f light; ///< on a surface that faces it; null where it does not shine
+        osg::Vec3f light; ///< were it to face the light; null where the light does not shine,
+                          ///< behind it too
     };
-    Arrival arrivalAt(const osg::Vec3f &place) const;
+    Arrival arrivalAt(const osg::Vec3f &place, const osg::Vec3f &normal) const;
 
     Kind kind = Directional;
     osg::Vec3f position;
@@ -30,6 +31,9 @@ struct qxRenderLight {
     /// By distance: 1 / (constant + linear * d + quadratic * d * d).
     osg::Vec3f attenuation = osg::Vec3f(0, 0, 1);
     bool shadow = true;
+
+private:
+    bool isOutOfReach(const osg::Vec3f &way) const;
 };
 
 /// The lights of a scene.

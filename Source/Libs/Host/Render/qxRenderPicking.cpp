@@ -19,6 +19,5 @@ osg::UInt32 qxNodeAlong(const qxRay &ray, const qxRenderGroup &group)
     found.hit.geomID = RTC_INVALID_GEOMETRY_ID;
     found.hit.instID[0] = RTC_INVALID_GEOMETRY_ID;
     rtcIntersect1(group.scene(), &context, &found);
-    return found.hit.geomID == RTC_INVALID_GEOMETRY_ID ? 0
-                                                       : group.instance(found.hit.instID[0]).node;
+    return found.hit.geomID == RTC_INVALID_GEOMETRY_ID ? 0 : group.instanceAt(found.hit).node;
 }

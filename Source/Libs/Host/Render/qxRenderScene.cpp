@@ -3,8 +3,7 @@
 #include "Scene/qxScene.h"
 
 qxRenderScene::qxRenderScene(RTCDevice device)
-    : m_device(device), m_sources(device), m_shown(device, m_sources),
-      m_environment(device, m_sources)
+    : m_device(device), m_shown(device, m_sources), m_environment(device, m_sources)
 {
 }
 

@@ -13,8 +13,6 @@ osg::BitVector unimportantFields()
 
 } // namespace
 
-qxRenderSources::qxRenderSources(RTCDevice device) : m_device(device) {}
-
 void qxRenderSources::update(const osg::FieldContainerPtr &marked)
 {
     qxEditReader::Follower follower;
@@ -83,7 +81,7 @@ std::shared_ptr<const qxRenderGeometry> qxRenderSources::geometry(const osg::Geo
 {
     std::shared_ptr<qxRenderGeometry> &known = m_geometries[core.getFieldContainerId()];
     if (!known) {
-        known = qxRenderGeometry::make(m_device, core);
+        known = qxRenderGeometry::make(core);
         rememberProperties(core);
     }
     return known;

@@ -10,7 +10,7 @@
 /// kept as long as it is as it was.
 class qxRenderSources {
 public:
-    explicit qxRenderSources(RTCDevice device);
+    qxRenderSources() = default;
     qxRenderSources(const qxRenderSources &) = delete;
 
     /// Follows the edits since the last call. Geometries that were edited are outdated then;
@@ -32,7 +32,6 @@ private:
     void rememberProperties(const osg::GeometryPtr &core);
     void readMaterials();
 
-    RTCDevice m_device;
     qxEditReader m_edits;
     std::unordered_map<Id, std::shared_ptr<qxRenderGeometry>> m_geometries; ///< by core
     std::unordered_map<Id, std::vector<Id>> m_coresOf; ///< by property: cores that have it

@@ -12,7 +12,9 @@
 struct qxPictureSettings {
     enum Quality { Best = -1, Quick = 0 };
 
-    int width = 264; ///< in pixels, from 1 to 16384
+    static constexpr int largest = 16384;
+
+    int width = 264; ///< in pixels, from 1 to `largest`
     int height = 256;
     /// Quick: one sample per pixel in hard light. Above 0: ray tracing with so many samples per
     /// pixel, soft shadows and reflections. Best: ray tracing with as many samples as help.

@@ -125,14 +125,13 @@ bool qxTracer::intersect(const qxRay &ray, unsigned int mask, Hit &hit) const
     rtcIntersect1(m_scene.group.scene(), &context, &found);
     if (found.hit.geomID == RTC_INVALID_GEOMETRY_ID)
         return false;
-    const qxRenderInstance &instance = m_scene.group.instance(found.hit.instID[0]);
+    const qxRenderInstance &instance = m_scene.group.instanceAt(found.hit);
     const qxRenderGeometry &geometry = *instance.geometry;
     const qxRenderGeometry::Place place = {found.hit.primID, found.hit.u, found.hit.v};
     hit.distance = found.ray.tfar;
     hit.position = ray.at(hit.distance);
     hit.toEye = -ray.direction;
-    hit.flatNormal =
-        instance.worldNormal(osg::Vec3f(found.hit.Ng_x, found.hit.Ng_y, found.hit.Ng_z));
+    hit.flatNormal = m_scene.group.flatNormalAt(found.hit);
     hit.front = hit.flatNormal.dot(hit.toEye) >= 0.0f;
     hit.normal = instance.worldNormal(geometry.normalAt(place));
     if (!(hit.normal.squareLength() > 0.5f))
@@ -177,6 +176,7 @@ qxTracer::Light qxTracer::gathered(qxRay ray, int depth, qxSampler &sampler) con
 void qxTracer::pass(const qxRenderClipping::Crossing &plane, Light &light) const
 {
     light.light += plane.light * (plane.alpha * light.through);
+    light.colour += plane.light * (plane.alpha * light.through);
     light.through *= 1.0f - plane.alpha;
 }
 
@@ -190,7 +190,10 @@ void qxTracer::pass(const Hit &hit, int depth, qxSampler &sampler, Light &light)
         if (alpha <= 0.0f)
             continue;
         const osg::Vec3f colour(base[0], base[1], base[2]);
-        light.light += shaded(hit, *layer, colour, depth, sampler) * (alpha * light.through);
+        const float share = alpha * light.through;
+        light.light += shaded(hit, *layer, colour, depth, sampler) * share;
+        light.colour += colour * share;
+        light.normal += hit.normal * share;
         light.through *= 1.0f - alpha;
         if (light.through <= _nothing)
             break;
@@ -235,7 +238,7 @@ osg::Vec3f qxTracer::direct(const Hit &hit, const qxShading &shading, int depth,
 qxTracer::Offer qxTracer::offerOf(const qxRenderLight &light, const Hit &hit,
                                   const qxShading &shading) const
 {
-    const qxRenderLight::Arrival arrival = light.arrivalAt(hit.position);
+    const qxRenderLight::Arrival arrival = light.arrivalAt(hit.position, hit.normal);
     if (qxPeak(arrival.light) <= 0.0f)
         return {osg::Vec3f(), arrival.toLight, arrival.distance, false};
     return {qxProduct(arrival.light, shading.reflected(arrival.toLight)), arrival.toLight,
@@ -266,7 +269,7 @@ qxTracer::Offer qxTracer::drawn(const Hit &hit, const qxShading &shading, float 
 
 osg::Vec3f qxTracer::arriving(const Offer &offer, const Hit &hit, qxSampler &sampler) const
 {
-    if (qxPeak(offer.light) <= 0.0f || !offer.shadow)
+    if (qxPeak(offer.light) <= _nothing || !offer.shadow)
         return offer.light;
     osg::Vec3f direction = offer.toLight;
     if (m_scene.manner == RayTracing) {
@@ -329,7 +332,9 @@ osg::Vec3f qxTracer::reflectedScene(const Hit &hit, const qxShading &shading, in
     ray.origin = hit.start(bounce.direction);
     ray.direction = bounce.direction;
     const Light found = gathered(ray, depth + 1, sampler);
-    osg::Vec3f light = found.light + around(ray, sampler) * found.through;
+    osg::Vec3f light = found.light;
+    if (found.through > 0.0f)
+        light += around(ray, sampler) * found.through;
     if (qxPeak(light) > _brightest)
         light *= _brightest / qxPeak(light);
     return qxProduct(light, bounce.share);

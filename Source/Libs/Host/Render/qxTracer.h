@@ -30,6 +30,8 @@ public:
 
     struct Light {
         osg::Vec3f light;
+        osg::Vec3f colour; ///< of the surfaces themselves, and their normal, of length 0 to 1
+        osg::Vec3f normal;
         float through = 1; ///< share of what is behind the scene
         float distance; ///< of the first surface that hides at least half; infinite without
     };
