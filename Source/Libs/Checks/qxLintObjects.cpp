@@ -145,15 +145,8 @@ void Hotkeys::note(const qxOutlineText &hotkey, const QString &owner, const QStr
 
 void qxLintParts::lintGroups(qxLintContext &context)
 {
-    QHash<QString, const qxOutlineGroup *> known;
+    context.addTwins(qxCode::GroupTwice, QStringLiteral("group"), context.outline.groups);
     for (const qxOutlineGroup &group : context.outline.groups) {
-        if (known.contains(group.name))
-            context.add(qxCode::GroupTwice,
-                        QStringLiteral("group \"%1\" replaces the one of line %2")
-                            .arg(group.name)
-                            .arg(known[group.name]->mark.line),
-                        group.path, group.mark);
-        known.insert(group.name, &group);
         if (group.sets == 0)
             context.add(qxCode::EmptyGroup,
                         QStringLiteral("group \"%1\" has no sets").arg(group.name), group.path,

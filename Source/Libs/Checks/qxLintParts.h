@@ -15,12 +15,31 @@ public:
              const qxMark &mark);
     /// A finding at the element at `path` itself.
     void add(qxCode code, const QString &message, const QString &path, const qxMark &mark);
+    /// A finding at every one of these sets or groups whose name stands before; `kind` says which.
+    template <class List>
+    void addTwins(qxCode code, const QString &kind, const List &all);
 
     const qxOutline &outline;
     const qxSceneIndex scene;
     const qxLintVariants variants;
     qxFindings findings;
 };
+
+template <class List>
+void qxLintContext::addTwins(qxCode code, const QString &kind, const List &all)
+{
+    QHash<QString, int> lines;
+    for (const auto &each : all) {
+        const auto known = lines.constFind(each.name);
+        if (known != lines.constEnd())
+            add(code,
+                QStringLiteral("%1 \"%2\" replaces the one of line %3")
+                    .arg(kind, each.name)
+                    .arg(*known),
+                each.path, each.mark);
+        lines[each.name] = each.mark.line;
+    }
+}
 
 /// The parts of it, each over the whole document.
 namespace qxLintParts {

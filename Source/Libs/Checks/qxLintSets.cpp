@@ -223,16 +223,9 @@ void SetLint::lintRest(const qxLinter::Compile &compile)
 /// Sets of one name, and sets that do the same.
 void compare(qxLintContext &context)
 {
-    QHash<QString, const qxOutlineSet *> names;
+    context.addTwins(qxCode::SetTwice, QStringLiteral("set"), context.outline.sets);
     QHash<QByteArray, const qxOutlineSet *> digests;
     for (const qxOutlineSet &set : context.outline.sets) {
-        if (names.contains(set.name))
-            context.add(qxCode::SetTwice,
-                        QStringLiteral("set \"%1\" replaces the one of line %2")
-                            .arg(set.name)
-                            .arg(names[set.name]->mark.line),
-                        set.path, set.mark);
-        names.insert(set.name, &set);
         if (set.isEmpty())
             continue;
         if (digests.contains(set.digest))

@@ -150,12 +150,13 @@ qxSceneFile::qxSceneFile() : m_content(std::make_unique<Content>()) {}
 
 qxSceneFile::~qxSceneFile() = default;
 
-bool qxSceneFile::load(const QString &path)
+template <class Work>
+bool qxSceneFile::attempt(const QString &path, const Work &work)
 {
     m_error.clear();
     m_warnings.clear();
     try {
-        m_content = Content::load(path, m_warnings);
+        work();
         return true;
     } catch (const qxGltfError &error) {
         m_error = path + ": " + error.reason();
@@ -165,21 +166,18 @@ bool qxSceneFile::load(const QString &path)
     return false;
 }
 
+bool qxSceneFile::load(const QString &path)
+{
+    return attempt(path, [&] { m_content = Content::load(path, m_warnings); });
+}
+
 bool qxSceneFile::save(const QString &path)
 {
-    m_error.clear();
-    m_warnings.clear();
-    try {
+    return attempt(path, [&] {
         qxGltfOutput output(m_content->document, path);
         output.write(m_content->edited(), m_content->buffers);
         m_warnings = output.warnings();
-        return true;
-    } catch (const qxGltfError &error) {
-        m_error = path + ": " + error.reason();
-    } catch (const std::exception &error) { // most likely out of memory
-        m_error = path + ": " + error.what();
-    }
-    return false;
+    });
 }
 
 QString qxSceneFile::errorString() const
