@@ -340,7 +340,7 @@
         <translation>Vorschau von „%1“</translation>
     </message>
     <message>
-        <source>Move U&amp;p</source>
+        <source>M&amp;ove Up</source>
         <translation>Nach &amp;oben</translation>
     </message>
     <message>
@@ -353,7 +353,7 @@
     </message>
     <message>
         <source>Delete Group with Its S&amp;ets</source>
-        <translation>Gruppe mit ihren S&amp;ets löschen</translation>
+        <translation>Gruppe &amp;mit ihren Sets löschen</translation>
     </message>
 </context>
 <context>

@@ -7,6 +7,7 @@
 #include "TestScene.h"
 #include "Window/qxLanguage.h"
 #include "Window/qxWorkbenchWindow.h"
+#include "qxCaptureDialog.h"
 #include "qxKeyText.h"
 #include "qxSetsView.h"
 
@@ -151,17 +152,20 @@ TEST_F(LanguageTest, EveryDialogSpeaksTheLanguage)
     QStringList titles;
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&] {
-        auto *const dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (!dialog || !dialog->isVisible())
+        QWidget *const popup = QApplication::activePopupWidget();
+        QWidget *const shown = popup ? popup : QApplication::activeModalWidget();
+        if (!shown || !shown->isVisible())
             return;
-        titles << dialog->windowTitle();
-        for (const QString &text : textsIn(*dialog))
+        titles << shown->windowTitle();
+        for (const QString &text : textsIn(*shown))
             EXPECT_FALSE(catalogue.isEnglish(text)) << text.toStdString();
-        EXPECT_FALSE(answeringTexts(*dialog).contains("Cancel"));
-        if (!qobject_cast<QFileDialog *>(dialog))
-            expectOtherMnemonics(answeringTexts(*dialog));
-        const bool isCapture = QByteArray(dialog->metaObject()->className()) == "qxCaptureDialog";
-        isCapture ? dialog->accept() : dialog->reject();
+        EXPECT_FALSE(answeringTexts(*shown).contains("Cancel"));
+        if (!qobject_cast<QFileDialog *>(shown))
+            expectOtherMnemonics(answeringTexts(*shown));
+        if (auto *const capture = qobject_cast<qxCaptureDialog *>(shown))
+            capture->accept();
+        else
+            shown->close();
     });
     watch.start(10);
     for (const QMenu *menu : menus()) {

@@ -120,7 +120,7 @@ void qxVariantSetsDock::buildActions()
     addAction(QT_TR_NOOP("&Rename"), QKeySequence(Qt::Key_F2), &Dock::renameCurrent);
     m_ofSets << addAction(QT_TR_NOOP("&Duplicate"), QKeySequence(Qt::CTRL + Qt::Key_D),
                           &Dock::duplicateSets);
-    addAction(QT_TR_NOOP("Move U&p"), QKeySequence(Qt::ALT + Qt::Key_Up), &Dock::moveUp);
+    addAction(QT_TR_NOOP("M&ove Up"), QKeySequence(Qt::ALT + Qt::Key_Up), &Dock::moveUp);
     addAction(QT_TR_NOOP("Move Do&wn"), QKeySequence(Qt::ALT + Qt::Key_Down), &Dock::moveDown);
     m_ofSets << addAction(QT_TR_NOOP("&Move to..."), QKeySequence(Qt::CTRL + Qt::Key_M),
                           &Dock::askWhereTo);
