@@ -1,5 +1,6 @@
 #include "Cameras/qxMainView.h"
 #include "RenderFixture.h"
+#include "qxScenegraph.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
 #include <OpenSG/OSGThread.h>
