@@ -191,7 +191,7 @@
     </message>
     <message>
         <source>&amp;Key</source>
-        <translation>&amp;Taste</translation>
+        <translation>Tas&amp;te</translation>
     </message>
     <message>
         <source>Va&amp;lues</source>

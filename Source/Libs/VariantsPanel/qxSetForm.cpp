@@ -77,11 +77,15 @@ qxSetForm::qxSetForm(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent)
 void qxSetForm::buildFields()
 {
     m_contents = new QLabel;
+    m_contents->setWordWrap(true);
     m_contents->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_comment = new QPlainTextEdit;
     m_comment->setTabChangesFocus(true);
     m_comment->setMaximumHeight(4 * fontMetrics().height());
     m_viewpoint = new QComboBox;
+    // Long names must not make the form wider than its dock.
+    m_viewpoint->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_viewpoint->setMinimumContentsLength(8);
     m_script = new QPlainTextEdit;
     m_script->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_script->setLineWrapMode(QPlainTextEdit::NoWrap);
