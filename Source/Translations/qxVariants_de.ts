@@ -270,6 +270,17 @@
     </message>
 </context>
 <context>
+    <name>qxSetsView</name>
+    <message>
+        <source>No sets yet: &quot;Capture...&quot; makes one of what the scene shows.</source>
+        <translation>Noch keine Sets: „Erfassen …“ macht eines aus dem, was die Szene zeigt.</translation>
+    </message>
+    <message>
+        <source>Nothing has &quot;%1&quot; in it.</source>
+        <translation>Nichts enthält „%1“.</translation>
+    </message>
+</context>
+<context>
     <name>qxVariantSetsDock</name>
     <message>
         <source>Search sets</source>

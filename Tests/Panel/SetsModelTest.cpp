@@ -89,6 +89,23 @@ TEST_F(SetsModelTest, TheSearchFindsEveryWordInNameCommentKeyOrGroup)
     }
 }
 
+TEST_F(SetsModelTest, ATransformSwitchIsCurrentInTheTransformWhereItStands)
+{
+    const TestNode lid = scene.addTransformSwitch("Lid", 3);
+    qxNodeVariant *const variant = qxVariants::createNodeVariant(lid, true);
+    set("Red").add(variant, "Transform 1");
+    set("Blue").add(variant, "Transform 2");
+    set("Leather").add(variant, "!Enable");
+    variant->onSelect("Transform 2");
+    settle();
+    const auto isCurrent = [this](const char *name) {
+        return model.indexOfSet(name).data(qxSetsModel::CurrentRole).toBool();
+    };
+    EXPECT_FALSE(isCurrent("Red"));
+    EXPECT_TRUE(isCurrent("Blue"));
+    EXPECT_TRUE(isCurrent("Leather"));
+}
+
 TEST_F(SetsModelTest, TheSetThatTheSceneShowsIsCurrent)
 {
     const TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"});

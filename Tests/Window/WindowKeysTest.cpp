@@ -103,7 +103,6 @@ TEST_F(WindowKeysTest, TheMenuKeyOffersWhatCanBeDoneWithASet)
     QApplication::sendEvent(QApplication::focusWidget(), &key);
     for (const QAction *action : window->setsDock()->setActions())
         EXPECT_TRUE(offered.contains(action->text().remove('&'))) << action->text().toStdString();
-    EXPECT_TRUE(offered.contains("Move to"));
 }
 
 TEST_F(WindowKeysTest, TheConsoleRemembersAndCompletes)

@@ -90,7 +90,7 @@ TEST_F(WindowSetsTest, ACaptureTakesWhatTheDialogSaysAndBringsItBack)
         dialog.findChild<QComboBox *>()->setCurrentText("Mine");
         for (QCheckBox *box : dialog.findChildren<QCheckBox *>())
             box->setChecked(box->text().contains("Nodes"));
-        dialog.accept();
+        QTest::keyClick(dialog.findChild<QLineEdit *>(), Qt::Key_Return);
     });
     action("Capture...")->trigger();
     settle();

@@ -52,10 +52,10 @@ qxCaptureDialog::qxCaptureDialog(const qxCaptureChoice &proposal, bool isUpdate,
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     m_accept =
         buttons->addButton(isUpdate ? tr("Update") : tr("Capture"), QDialogButtonBox::AcceptRole);
-    m_accept->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);
+    m_accept->setDefault(true); // Only a button that is in its dialog can be that.
     m_name->selectAll();
     allowAccept();
 }

@@ -85,7 +85,7 @@ void paintPicture(QPainter *painter, const QRect &place, const QStyleOptionViewI
     }
     painter->fillRect(place,
                       mixed(option.palette.text().color(), option.palette.base().color(), 0.08));
-    painter->setPen(textColor(option, true));
+    painter->setPen(mixed(option.palette.text().color(), option.palette.base().color(), 0.6));
     painter->drawText(place, Qt::AlignCenter | Qt::TextWordWrap, qxSetDelegate::tr("No preview"));
 }
 

@@ -79,6 +79,8 @@ void qxSetForm::buildFields()
     m_contents = new QLabel;
     m_contents->setWordWrap(true);
     m_contents->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_contents->setWordWrap(true);
+    m_contents->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_comment = new QPlainTextEdit;
     m_comment->setTabChangesFocus(true);
     m_comment->setMaximumHeight(4 * fontMetrics().height());

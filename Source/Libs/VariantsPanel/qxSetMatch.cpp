@@ -8,6 +8,8 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxShownState.h"
+
 namespace {
 
 struct Kind {
@@ -40,8 +42,7 @@ bool qxSetMatch::matches(const qxVariantSet &set)
     for (int kind = 0; kind < int(std::size(kinds)); ++kind) {
         for (const qxVariantState &entry : set.*kinds[kind].states) {
             hasStates = true;
-            const QString &current = currentState({kind, entry.variant});
-            if (current.isEmpty() || current != entry.state)
+            if (!qxShownState::isCurrent(entry.state, currentState({kind, entry.variant})))
                 return false;
         }
     }
@@ -54,5 +55,5 @@ const QString &qxSetMatch::currentState(const Variant &variant)
     if (known != m_current.constEnd())
         return *known;
     const qxVariant *const found = kinds[variant.first].find(variant.second);
-    return *m_current.insert(variant, found ? found->onCurrent() : QString());
+    return *m_current.insert(variant, found ? qxShownState::of(*found) : QString());
 }

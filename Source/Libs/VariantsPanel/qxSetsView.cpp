@@ -7,6 +7,8 @@
 #include "qxSetsFilter.h"
 #include "qxSetsModel.h"
 
+#include <QEvent>
+#include <QLabel>
 #include <QListView>
 #include <QTreeView>
 
@@ -52,6 +54,19 @@ qxSetsView::qxSetsView(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent
       m_faces{makeFace(makeTree(), new qxSetsModel(qxSetsModel::Tree, events, edits, this)),
               makeFace(makeGallery(), new qxSetsModel(qxSetsModel::Flat, events, edits, this))}
 {
+    m_note = new QLabel(this);
+    m_note->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    m_note->setWordWrap(true);
+    m_note->setMargin(24);
+    m_note->setAttribute(Qt::WA_TransparentForMouseEvents);
+    for (const Face &each : m_faces) {
+        for (const auto changed :
+             {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+            connect(each.filter, changed, this, &qxSetsView::showNote);
+        connect(each.filter, &QAbstractItemModel::layoutChanged, this, &qxSetsView::showNote);
+    }
+    connect(this, &QStackedWidget::currentChanged, this, &qxSetsView::showNote);
+    showNote();
     const Face &list = m_faces[List];
     expandNewGroups();
     connect(list.model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::expandNewGroups);
@@ -105,12 +120,36 @@ void qxSetsView::setForm(Form form)
     showSet(set);
 }
 
+void qxSetsView::showNote()
+{
+    m_note->setText(m_search.isEmpty()
+                        ? tr("No sets yet: \"Capture...\" makes one of what the scene shows.")
+                        : tr("Nothing has \"%1\" in it.").arg(m_search));
+    m_note->setVisible(face().filter->rowCount() == 0);
+    m_note->raise();
+}
+
+void qxSetsView::resizeEvent(QResizeEvent *event)
+{
+    QStackedWidget::resizeEvent(event);
+    m_note->setGeometry(rect());
+}
+
+void qxSetsView::changeEvent(QEvent *event)
+{
+    QStackedWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        showNote();
+}
+
 void qxSetsView::setSearch(const QString &text)
 {
+    m_search = text.trimmed();
     for (const Face &each : m_faces)
         each.filter->setSearch(text);
     if (!text.trimmed().isEmpty())
         static_cast<QTreeView *>(m_faces[List].view)->expandAll();
+    showNote();
 }
 
 QStringList qxSetsView::selected(bool groups) const

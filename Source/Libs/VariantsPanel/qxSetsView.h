@@ -4,6 +4,7 @@
 #include <QStackedWidget>
 
 class QAbstractItemView;
+class QLabel;
 class QSortFilterProxyModel;
 class qxPanelEvents;
 class qxSetEdits;
@@ -37,6 +38,10 @@ public:
     /// Where a menu for the row under the cursor belongs, in global coordinates.
     QPoint placeOfCurrent() const;
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
 signals:
     /// The user wants this set applied.
     void activated(const QString &set);
@@ -60,7 +65,10 @@ private:
     void setCurrent(const QModelIndex &sourceIndex);
 
     void expandNewGroups();
+    void showNote();
 
     Face m_faces[2];
     QSet<QString> m_knownGroups;
+    QString m_search;
+    QLabel *m_note; ///< in the place of sets where there are none
 };

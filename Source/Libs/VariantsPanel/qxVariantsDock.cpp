@@ -20,6 +20,7 @@ qxVariantsDock::qxVariantsDock(QWidget *parent)
     m_view->setExpandsOnDoubleClick(false);
     m_view->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_view->header()->setStretchLastSection(false);
+    m_view->header()->resizeSection(1, 14 * fontMetrics().averageCharWidth());
     m_view->expandToDepth(0);
     setWidget(m_view);
     retranslate();

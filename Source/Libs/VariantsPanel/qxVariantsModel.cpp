@@ -9,6 +9,7 @@
 
 #include "qxKeyText.h"
 #include "qxPanelEvents.h"
+#include "qxShownState.h"
 
 #include <QFont>
 
@@ -231,7 +232,7 @@ const QString &qxVariantsModel::currentOf(int kind, const Variant &variant) cons
 {
     if (!variant.isCurrentKnown) {
         const qxVariant *const found = find(kind, variant.name);
-        variant.current = found ? found->onCurrent() : QString();
+        variant.current = found ? qxShownState::of(*found) : QString();
         variant.isCurrentKnown = true;
     }
     return variant.current;

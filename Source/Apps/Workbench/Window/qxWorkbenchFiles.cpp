@@ -18,6 +18,7 @@
 #include <QPointer>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTreeView>
 #include <QUndoStack>
 
 namespace {
@@ -74,6 +75,7 @@ bool qxWorkbenchWindow::openFile(const QString &path)
             m_session->close(); // Half a scene must not be saved.
         m_sets->undoStack()->clear();
         m_tree->refresh();
+        m_treeView->expandToDepth(0);
         m_view->showNewScene();
         m_events->flush();
         m_unsaved->forget();

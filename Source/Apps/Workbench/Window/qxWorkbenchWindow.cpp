@@ -107,8 +107,9 @@ void qxWorkbenchWindow::buildDocks()
     addDock(console, Qt::BottomDockWidgetArea);
     tabifyDockWidget(log, console);
     log->raise();
-    resizeDocks({log}, {110}, Qt::Vertical);
-    resizeDocks({m_sets, m_variants}, {340, 280}, Qt::Horizontal);
+    // Lists are long, lines are few.
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
 }
 
 void qxWorkbenchWindow::addDock(QDockWidget *dock, Qt::DockWidgetArea area)
@@ -158,7 +159,19 @@ void qxWorkbenchWindow::restoreLayout()
     const QSettings settings;
     resize(1280, 800);
     restoreGeometry(settings.value(geometryKey).toByteArray());
-    restoreState(settings.value(layoutKey).toByteArray());
+    m_hasLayout = restoreState(settings.value(layoutKey).toByteArray());
+}
+
+/// Docks take a size only when the window has one.
+void qxWorkbenchWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    if (m_hasLayout)
+        return;
+    m_hasLayout = true;
+    resizeDocks({dockAround(m_log)}, {height() / 6}, Qt::Vertical);
+    resizeDocks({m_sets, m_variants}, {width() * 28 / 100, width() * 23 / 100}, Qt::Horizontal);
+    resizeDocks({dockAround(m_treeView), m_variants}, {2, 3}, Qt::Vertical);
 }
 
 void qxWorkbenchWindow::showPicked(const osg::NodePtr &node)

@@ -46,6 +46,7 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -88,6 +89,7 @@ private:
     std::unique_ptr<qxSession> m_session;
     std::unique_ptr<qxSceneKeeper> m_before; ///< what "Back" leads to; null for nothing
     QString m_path;
+    bool m_hasLayout = false;
     QString m_lastError; ///< of the log
     qxPanelEvents *m_events;
     qxSceneView *m_view;
