@@ -9,6 +9,7 @@ HostFixture::HostFixture()
 
 HostFixture::~HostFixture()
 {
+    host.clearScene(); // and the registry with it, where the test has one
     qxLog::removeListener(m_logListener);
 }
 
@@ -25,4 +26,12 @@ std::vector<std::string> HostFixture::logged(qxLog::Level level) const
             found.push_back(line.second);
     }
     return found;
+}
+
+std::vector<std::string> HostFixture::takeErrors()
+{
+    const std::vector<std::string> all = logged(qxLog::Error);
+    const std::vector<std::string> taken(all.begin() + long(m_expectedErrors.size()), all.end());
+    m_expectedErrors = all;
+    return taken;
 }

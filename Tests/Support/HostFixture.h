@@ -19,6 +19,8 @@ protected:
 
     /// Announces that exactly this error line (without line break) will be logged once more.
     void expectError(const std::string &line) { m_expectedErrors.push_back(line); }
+    /// The error lines behind those that were expected already; the test expects them from now on.
+    std::vector<std::string> takeErrors();
     /// The lines of that level logged so far, in order.
     std::vector<std::string> logged(qxLog::Level level) const;
     /// The notifications of that name heard so far.

@@ -133,6 +133,14 @@ std::vector<std::string> NotificationLog::names() const
     return names;
 }
 
+std::vector<std::string> NotificationLog::lines() const
+{
+    std::vector<std::string> lines;
+    for (const Notification &entry : m_entries)
+        lines.push_back(std::to_string(entry.flag) + " " + entry.text());
+    return lines;
+}
+
 std::vector<Notification> NotificationLog::all(const std::string &name) const
 {
     std::vector<Notification> found;

@@ -36,6 +36,8 @@ public:
     const std::vector<Notification> &entries() const { return m_entries; }
     /// The names of all calls in order.
     std::vector<std::string> names() const;
+    /// All calls in order: the flag, the name, the fields.
+    std::vector<std::string> lines() const;
     /// The calls of that name in order.
     std::vector<Notification> all(const std::string &name) const;
     void clear() { m_entries.clear(); }

@@ -17,10 +17,7 @@ std::string ScriptFixture::errorsOf(const std::string &script)
 std::string ScriptFixture::newErrors()
 {
     std::string errors;
-    const std::vector<std::string> lines = logged(qxLog::Error);
-    for (; m_errors < lines.size(); ++m_errors) {
-        expectError(lines[m_errors]);
-        errors += lines[m_errors] + "\n";
-    }
+    for (const std::string &line : takeErrors())
+        errors += line + "\n";
     return errors;
 }

@@ -11,7 +11,4 @@ protected:
     std::string errorsOf(const std::string &script);
     /// The errors since the last call, each ended by a line break; the test expects them.
     std::string newErrors();
-
-private:
-    std::size_t m_errors = 0;
 };

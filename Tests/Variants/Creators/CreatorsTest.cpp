@@ -30,17 +30,12 @@ Texts namesOf(const List &variants)
 
 class CreatorsTest : public HostFixture {
 protected:
-    ~CreatorsTest() override { host.clearScene(); }
-
     /// Runs the operation over the tree and returns what it sent, each with its flag in front.
     Texts run(qxVariantCreator &&creator, const osg::NodePtr &root)
     {
         notifications.clear();
         EXPECT_TRUE(creator.traverse(root)) << creator.getName();
-        Texts sent;
-        for (const Notification &each : notifications.entries())
-            sent.push_back(std::to_string(each.flag) + " " + each.text());
-        return sent;
+        return notifications.lines();
     }
 
     /// A node with nothing in it.

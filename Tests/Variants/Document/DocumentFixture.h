@@ -15,8 +15,6 @@ Lines itemsOf(const QByteArray &document);
 /// A test with an empty registry at its beginning and at its end.
 class DocumentFixture : public HostFixture {
 protected:
-    ~DocumentFixture() override { host.clearScene(); }
-
     void read(const QByteArray &document) { qxVariantReader().read(document.constData()); }
     /// Reads a document with this inside the root element.
     void readInside(const QByteArray &content) { read("<Variants>" + content + "</Variants>"); }

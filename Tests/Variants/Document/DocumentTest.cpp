@@ -170,10 +170,7 @@ TEST_F(DocumentTest, ReadingTwiceReplacesSetsAndKeepsVariants)
 TEST_F(DocumentTest, TheHostHearsOfADocumentOnceAtTheEnd)
 {
     readInside("<Unknown/>text<!-- comment -->");
-    Lines lines;
-    for (const Notification &each : notifications.entries())
-        lines.push_back(std::to_string(each.flag) + " " + each.text());
-    EXPECT_EQ(lines,
+    EXPECT_EQ(notifications.lines(),
               Lines({"1 lightVariantChanged", "1 nodeVariantChanged", "1 materialVariantChanged",
                      "1 overlayVariantChanged", "1 transformVariantChanged", "1 variantSetChanged",
                      "1 variantGroupChanged"}));

@@ -2,8 +2,6 @@
 
 #include "qxVariant.h"
 
-#include "NotificationLog.h"
-
 #include <string>
 #include <vector>
 
@@ -19,14 +17,5 @@ inline Texts textsOf(const std::vector<qxVariantOption> &options)
             text += " (" + option.shortcut.toStdString() + ")";
         texts.push_back(text);
     }
-    return texts;
-}
-
-/// The notifications as lines, each with its flag in front.
-inline Texts textsOf(const NotificationLog &log)
-{
-    Texts texts;
-    for (const Notification &entry : log.entries())
-        texts.push_back(std::to_string(entry.flag) + " " + entry.text());
     return texts;
 }

@@ -44,7 +44,7 @@ protected:
     {
         notifications.clear();
         variant.onSelect(state);
-        Texts sent = textsOf(notifications);
+        Texts sent = notifications.lines();
         EXPECT_EQ(sent.back(), "1 materialVariantSelected variant=" + addressOf(&variant));
         sent.pop_back();
         return sent;
@@ -162,7 +162,7 @@ TEST_F(MaterialVariantTest, MaterialsAreAddedOnceAndAnnouncedEachTime)
     variant.add(blue.material(), "F2");
     EXPECT_EQ(materialsOf(finish), Texts({"Red", "Blue"}));
     EXPECT_EQ(textsOf(variant.options), stepsAnd({"Red", "Blue (F1)"}));
-    EXPECT_EQ(textsOf(notifications), Texts({"1 updateMaterials", "1 updateMaterials"}));
+    EXPECT_EQ(notifications.lines(), Texts({"1 updateMaterials", "1 updateMaterials"}));
 
     variant.remove(blue.material());
     EXPECT_EQ(materialsOf(finish), Texts({"Red"}));

@@ -23,7 +23,7 @@ protected:
         qxNodeVariant variant(node.node());
         notifications.clear();
         variant.onSelect(state);
-        Texts sent = textsOf(notifications);
+        Texts sent = notifications.lines();
         EXPECT_FALSE(sent.empty());
         EXPECT_EQ(sent.back(), "1 nodeVariantSelected variant=" + addressOf(&variant));
         sent.pop_back();
@@ -200,7 +200,7 @@ TEST_F(NodeVariantTest, ANameWithoutNodesOnlyAnnouncesTheSelection)
     qxNodeVariant variant;
     variant.nodeName = "Gone";
     variant.onSelect("!Next");
-    EXPECT_EQ(textsOf(notifications),
+    EXPECT_EQ(notifications.lines(),
               Texts({"1 nodeVariantSelected variant=" + addressOf(&variant)}));
     EXPECT_EQ(variant.onCurrent(), "");
 }

@@ -62,7 +62,7 @@ TEST_F(LightVariantTest, EachLightOfTheNameIsToggledAndAnnounced)
     EXPECT_TRUE(qxLights::getOn(second));
     EXPECT_FALSE(qxLights::getOn(first));
     EXPECT_EQ(
-        textsOf(notifications),
+        notifications.lines(),
         Texts({"1 variantsLightsChanged variantName=Sun enabled=[Sun] disabled=[] parent= path=",
                "1 variantsLightsChanged variantName=Sun enabled=[] disabled=[Sun] parent= path=",
                "1 lightVariantSelected variant=" + addressOf(&variant)}));
@@ -111,7 +111,7 @@ TEST_F(OverlayVariantTest, SelectingOnlyAsksTheHost)
     variant.overlayName = "Unknown"; // the host need not know it
     notifications.clear();
     variant.onSelect("Whatever");
-    EXPECT_EQ(textsOf(notifications),
+    EXPECT_EQ(notifications.lines(),
               Texts({"1 activateOverlays variantState=Whatever name=Unknown",
                      "1 overlayVariantSelected variant=" + addressOf(&variant)}));
     EXPECT_TRUE(logo.shown());
@@ -149,7 +149,7 @@ TEST_F(OverlayVariantTest, AChangeIsAnnouncedAsOneOfOverlays)
     notifications.clear();
     variant.callVariantsNodesChanged(legend.node(), message);
     const std::string path = variant.getNodePath(legend.node()).toStdString();
-    EXPECT_EQ(textsOf(notifications),
+    EXPECT_EQ(notifications.lines(),
               Texts({"1 variantsOverlaysChanged visible=[Logo] invisible=[Info] parent=Legend path="
                      + path}));
 }

@@ -62,8 +62,6 @@ protected:
     {
         set = qxVariants::createVariantSet("Set", false, nullptr);
     }
-    ~FrameBufferTest() override { host.clearScene(); }
-
     qxMainGlView view;
     qxVariantSet *set;
 };

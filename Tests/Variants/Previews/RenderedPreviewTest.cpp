@@ -46,7 +46,6 @@ protected:
     {
         qxPictureProgress::setDisplay({});
         qxOSGWidget::setRaytracing(false);
-        host.clearScene();
     }
 
     static void useCamera(qxCameraService *service)

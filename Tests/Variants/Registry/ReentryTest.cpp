@@ -5,7 +5,6 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
-#include "Lines.h"
 #include "Script/qxScriptRunner.h"
 #include "qxController.h"
 
@@ -39,8 +38,6 @@ void clearEverything()
 /// Listeners and scripts that change the registry while it works.
 class ReentryTest : public HostFixture {
 protected:
-    ~ReentryTest() override { host.clearScene(); }
-
     /// A set of a group that refers to each kind, twice each where names may differ.
     qxVariantSet *fill()
     {

@@ -6,9 +6,10 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
-#include "Lines.h"
 
 namespace {
+
+typedef std::vector<std::string> Lines;
 
 /// The operations of one kind, as one type.
 struct Kind {
@@ -50,12 +51,10 @@ const Kind kinds[] = {
 
 class RegistryKindsTest : public HostFixture, public testing::WithParamInterface<Kind> {
 protected:
-    ~RegistryKindsTest() override { host.clearScene(); }
-
     /// What was sent since the last call.
     Lines sent()
     {
-        const Lines lines = linesOf(notifications);
+        const Lines lines = notifications.lines();
         notifications.clear();
         return lines;
     }
@@ -125,12 +124,11 @@ TEST_F(RegistrySceneTest, ANodeHasOneVariantOfEachKind)
     qxNodeVariant *const variant = qxVariants::createNodeVariant(wheels.node(), true);
     EXPECT_EQ(qxVariants::createNodeVariant(wheels.node(), true), variant);
     qxOverlayVariant *const overlay = qxVariants::createOverlayVariant(wheels.node(), true);
-    EXPECT_EQ(linesOf(notifications),
+    EXPECT_EQ(notifications.lines(),
               Lines({"1 nodeVariantAdded variant=" + addressOf(variant),
                      "1 overlayVariantAdded variant=" + addressOf(overlay)}));
     EXPECT_TRUE(variant->find("Alloy"));
     EXPECT_EQ(qxVariants::_nodeVariants.size(), 1u);
-    host.clearScene();
 }
 
 TEST_F(RegistrySceneTest, WhatHasNoNameOrNoTransformStatesGetsNoVariant)
@@ -141,12 +139,11 @@ TEST_F(RegistrySceneTest, WhatHasNoNameOrNoTransformStatesGetsNoVariant)
     EXPECT_EQ(qxVariants::createOverlayVariant(QString(), true), nullptr);
     EXPECT_EQ(qxVariants::createMaterialVariant(osg::MaterialPtr(), true), nullptr);
     EXPECT_EQ(qxVariants::createTransformVariant(scene.add("Plain").node(), true), nullptr);
-    EXPECT_EQ(linesOf(notifications), Lines());
+    EXPECT_EQ(notifications.lines(), Lines());
 
     const auto poses = scene.addPoses("Door", {"Open", "Shut"});
     EXPECT_TRUE(qxVariants::createTransformVariant(poses.node(), true)->find("Shut"));
     EXPECT_EQ(notifications.names(), Lines({"transformVariantAdded"}));
-    host.clearScene();
 }
 
 TEST_F(RegistrySceneTest, APlainMaterialIsKnownByTheSwitchAroundIt)
@@ -159,14 +156,12 @@ TEST_F(RegistrySceneTest, APlainMaterialIsKnownByTheSwitchAroundIt)
     const TestMaterial paint = scene.addSwitchMaterial("Paint", {"Red", "Blue"});
     EXPECT_EQ(qxVariants::createMaterialVariant(paint.material(), false)->name, "Paint");
     EXPECT_EQ(qxVariants::_materialVariants.size(), 2u);
-    host.clearScene();
 }
 
 TEST_F(RegistrySceneTest, AnOverlayVariantMadeByNameKnowsItsOverlay)
 {
     EXPECT_EQ(qxVariants::createOverlayVariant("Logo", false)->overlayName, "Logo");
     EXPECT_EQ(qxVariants::createNodeVariant("Logo", false)->nodeName, "");
-    host.clearScene();
 }
 
 TEST(HotkeyTest, IsTheFirstCombinationOfNativeText)

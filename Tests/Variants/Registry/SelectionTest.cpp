@@ -9,12 +9,13 @@
 #include "Cameras/qxMainCameraService.h"
 #include "Core/qxRenderRequests.h"
 #include "HostFixture.h"
-#include "Lines.h"
 #include "Script/qxScriptRunner.h"
 #include "qxController.h"
 #include "qxScenegraph.h"
 
 namespace {
+
+typedef std::vector<std::string> Lines;
 
 /// Stands in front of the camera service and notes what it is asked.
 class NotedCameraService : public qxMainCameraService {
@@ -53,7 +54,6 @@ protected:
         qxController::removeListener(m_calls);
         qxScriptRunner::removeListener(m_scripts);
         qxRenderRequests::removeListener(m_renders);
-        host.clearScene();
     }
 
     void useCamera(qxCameraService *service)

@@ -4,14 +4,13 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
-#include "Lines.h"
 
 namespace {
 
+typedef std::vector<std::string> Lines;
+
 class SetContentsTest : public HostFixture {
 protected:
-    ~SetContentsTest() override { host.clearScene(); }
-
     static std::string textOf(const qxStateList &states)
     {
         std::string text;
@@ -148,7 +147,7 @@ TEST_F(SetContentsTest, ASetIsEmptyWhenApplyingItWouldDoNothing)
 TEST_F(SetContentsTest, ConnectedVariantsAreThoseThatExist)
 {
     set.showConnectedVariants();
-    EXPECT_EQ(linesOf(notifications),
+    EXPECT_EQ(notifications.lines(),
               Lines({"1 selectNodeVariants variant=[]", "1 selectMaterialVariants variant=[]",
                      "1 selectLightVariants variant=[]", "1 selectOverlayVariants variant=[]",
                      "1 selectTransformVariants variant=[]"}));
@@ -163,5 +162,5 @@ TEST_F(SetContentsTest, ConnectedVariantsAreThoseThatExist)
     qxVariants::showConnectedVariants("known");
     EXPECT_TRUE(notifications.entries().empty());
     qxVariants::showConnectedVariants("Known");
-    EXPECT_EQ(linesOf(notifications).front(), "1 selectNodeVariants variant=[Wheels, Door]");
+    EXPECT_EQ(notifications.lines().front(), "1 selectNodeVariants variant=[Wheels, Door]");
 }

@@ -3,15 +3,14 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
-#include "Lines.h"
 #include "qxController.h"
 
 namespace {
 
+typedef std::vector<std::string> Lines;
+
 class SetsTest : public HostFixture {
 protected:
-    ~SetsTest() override { host.clearScene(); }
-
     qxVariantSet *addSet(const char *name, qxVariantGroup *group = nullptr)
     {
         return qxVariants::createVariantSet(name, false, group);
@@ -46,13 +45,13 @@ const Lines changes({"1 nodeVariantChanged", "1 materialVariantChanged", "1 ligh
 TEST_F(SetsTest, TheHostsRequestClearsAllKindsInTheirOrder)
 {
     qxController::call("clearAllVariants", 1);
-    EXPECT_EQ(linesOf(notifications), changes);
+    EXPECT_EQ(notifications.lines(), changes);
 
     addSet("Set", addGroup("Group"));
     qxVariants::createLightVariant("Lamp", false);
     notifications.clear();
     qxController::call("clearAllVariants", 1);
-    EXPECT_EQ(linesOf(notifications), changes);
+    EXPECT_EQ(notifications.lines(), changes);
     EXPECT_TRUE(qxVariants::_variantSets.empty());
     EXPECT_TRUE(qxVariants::_variantGroups.empty());
     EXPECT_TRUE(qxVariants::_lightVariants.empty());
@@ -62,7 +61,7 @@ TEST_F(SetsTest, ATakenNameIsRefusedWithAWarning)
 {
     qxVariantGroup *const group = qxVariants::createVariantGroup("Sport", true, false);
     qxVariantSet *const set = qxVariants::createVariantSet("Sport", true, group);
-    EXPECT_EQ(linesOf(notifications),
+    EXPECT_EQ(notifications.lines(),
               Lines({"1 variantGroupAdded variant=" + addressOf(group),
                      "1 variantSetAdded variant=" + addressOf(set)}));
     EXPECT_FALSE(group->visible);

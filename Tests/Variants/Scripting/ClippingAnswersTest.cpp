@@ -115,7 +115,5 @@ TEST_F(ClippingAnswersTest, AnErrorInTheHostsWordLeavesZeroAndFalse)
     EXPECT_FALSE(clip.clipPlaneShow);
     EXPECT_EQ(clip.clipContourWidth, 0);
     EXPECT_EQ(clip.clipPlaneColor, qxClipping::the().planeColor) << "the others arrive";
-    EXPECT_EQ(logged(qxLog::Error).size(), 3u);
-    for (const std::string &line : logged(qxLog::Error))
-        expectError(line);
+    EXPECT_EQ(takeErrors().size(), 3u);
 }

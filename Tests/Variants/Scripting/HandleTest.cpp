@@ -14,8 +14,6 @@ typedef std::vector<std::string> Texts;
 
 class HandleTest : public HostFixture {
 protected:
-    ~HandleTest() override { host.clearScene(); }
-
     static Texts statesOf(const qxStateList &list)
     {
         Texts states;

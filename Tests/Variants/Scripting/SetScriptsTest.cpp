@@ -10,22 +10,11 @@ namespace {
 /// Sets whose scripts select sets.
 class SetScriptsTest : public HostFixture {
 protected:
-    ~SetScriptsTest() override { host.clearScene(); }
-
     static qxVariantSet *addSet(const char *name, const char *script)
     {
         qxVariantSet *const set = qxVariants::createVariantSet(name, false, nullptr);
         set->script = script;
         return set;
-    }
-
-    /// All error lines so far, which the test takes as its own.
-    std::vector<std::string> errors()
-    {
-        const std::vector<std::string> lines = logged(qxLog::Error);
-        for (const std::string &line : lines)
-            expectError(line);
-        return lines;
     }
 
     /// The interpreter answers, and each selection that began has ended.
@@ -44,7 +33,7 @@ TEST_F(SetScriptsTest, AScriptThatRaisesEndsNoMoreThanItself)
     addSet("Winter", "import sys\nraise ValueError('k\xC3\xA4lte')")->setClippingState(1);
     qxVariants::selectVariantSet("Winter", false);
     EXPECT_EQ(qxScript::executeNUSR("isClippingPlaneEnabled()"), "True") << "what follows it";
-    const auto lines = errors();
+    const auto lines = takeErrors();
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_NE(lines[0].find("ValueError: k\xC3\xA4lte"), std::string::npos) << lines[0];
     expectAllEnded();
@@ -70,6 +59,6 @@ TEST_F(SetScriptsTest, ASetThatSelectsItselfEndsWithOneError)
         EXPECT_LE(heard("variantSetSelected").size(), 40u) << script;
         expectAllEnded();
     }
-    for (const std::string &line : errors())
+    for (const std::string &line : takeErrors())
         EXPECT_NE(line.find("32"), std::string::npos) << line;
 }

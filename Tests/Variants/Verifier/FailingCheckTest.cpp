@@ -62,8 +62,6 @@ namespace {
 
 class FailingCheckTest : public HostFixture {
 protected:
-    ~FailingCheckTest() override { host.clearScene(); }
-
     static QByteArray reportOf(qxVariantVerifier &verifier, const QString &path, bool isDone)
     {
         testing::internal::CaptureStdout();

@@ -37,8 +37,6 @@ protected:
         scene.addViewpoint("Front");
         scene.setClips({"Spin"});
     }
-    ~LosingSceneTest() override { host.clearScene(); }
-
     static void fill(qxVariantSet &set)
     {
         set.addNodeVariant("Wheels", "Alloy");

@@ -22,8 +22,6 @@ QByteArray bytesOf(const QString &path)
 
 class VerifierTest : public HostFixture {
 protected:
-    ~VerifierTest() override { host.clearScene(); }
-
     static qxNodeVariant *nodeVariant(const QString &name, const QString &base,
                                       const QString &standard, const QStringList &options)
     {
