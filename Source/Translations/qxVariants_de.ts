@@ -64,6 +64,17 @@
     </message>
 </context>
 <context>
+    <name>qxPictureDialog</name>
+    <message>
+        <source>Rendering the preview ...</source>
+        <translation>Das Vorschaubild wird berechnet …</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>qxSceneTreeModel</name>
     <message>
         <source>Node</source>
@@ -72,6 +83,13 @@
     <message>
         <source>Kind</source>
         <translation>Art</translation>
+    </message>
+</context>
+<context>
+    <name>qxSceneView</name>
+    <message>
+        <source>Refining: %1 %</source>
+        <translation>Wird verfeinert: %1 %</translation>
     </message>
 </context>
 <context>

@@ -96,7 +96,7 @@ TEST_F(PicturesTest, ARefiningPictureStaysAsItIsWhenItIsCancelled)
     int steps = 0;
     for (; view.isRefining() && steps < 100; ++steps)
         view.refine();
-    EXPECT_EQ(steps, 5) << "quick, 1, 4, 16 and 20 samples";
+    EXPECT_EQ(steps, 4) << "quick, 4, 16 and 20 samples";
 
     qxController::updateRender(false);
     EXPECT_TRUE(view.isRefining());
@@ -120,6 +120,58 @@ TEST_F(PicturesTest, TheViewRefinesOnItsOwnWhileTheProgramIsIdle)
     while (view.isRefining() && time.elapsed() < 20000)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
     EXPECT_FALSE(view.isRefining());
+}
+
+TEST_F(PicturesTest, AFluentViewMovesWithFewerPixelsAndEndsWithAllOfThem)
+{
+    std::vector<int> widths;
+    std::vector<float> shares;
+    qxMainGlView view(1600, 1200); // more than a machine manages in no time
+    view.setFluent(true);
+    view.setListener([&] { widths.push_back(view.picture()->getWidth()); });
+    view.setProgressListener([&](float share) { shares.push_back(share); });
+    QElapsedTimer time;
+    time.start();
+    while (view.isRefining() && time.elapsed() < 20000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
+    ASSERT_EQ(widths.size(), 2u);
+    EXPECT_EQ(widths[0], 400);
+    EXPECT_EQ(widths[1], 1600);
+    EXPECT_EQ(shares.back(), 1);
+    EXPECT_LT(shares.front(), 1);
+    EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
+}
+
+TEST_F(PicturesTest, ACoarsePictureIsNotWhatIsCaptured)
+{
+    qxMainGlView view(1600, 1200);
+    view.setFluent(true);
+    while (!view.picture()->isValid())
+        QCoreApplication::processEvents();
+    ASSERT_LT(view.picture()->getWidth(), 1600);
+    EXPECT_EQ(shown(view).size(), 1600 * 1200 * 3);
+    EXPECT_FALSE(view.isRefining());
+}
+
+TEST_F(PicturesTest, ARequestEndsARefiningThatShowsTheSceneAsItWas)
+{
+    qxOSGWidget::setRaytracing(true);
+    qxRaytracingManager::getRaytracingUtils()->setImageQuality(4000);
+    qxMainGlView view(64, 64);
+    float last = 0;
+    view.setProgressListener([&last](float share) { last = share; });
+    QElapsedTimer time;
+    time.start();
+    while (last < 0.3f && time.elapsed() < 20000) // within the last step
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
+    const float before = last;
+    qxRaytracingManager::getRaytracingUtils()->setImageQuality(1);
+    qxController::updateRender(false);
+    while (view.isRefining() && time.elapsed() < 20000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
+    EXPECT_GT(before, 0);
+    EXPECT_LT(before, 1);
+    EXPECT_EQ(last, 1);
 }
 
 TEST_F(PicturesTest, AShownPictureStaysUntilANewOneIsAskedFor)

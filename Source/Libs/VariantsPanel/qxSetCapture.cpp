@@ -18,7 +18,7 @@ void captureInto(qxVariantSet &set, const std::vector<qxNodePtr> &roots,
     qxVariants::captureVariantsFromRootNodes(&set, roots, choice.nodes, choice.materials,
                                              choice.lights, choice.environment, choice.viewpoint,
                                              choice.transforms, true, true);
-    set.setPreview(qxVariants::createPreviewImage(false, true));
+    set.setPreview(qxVariants::createPreviewImage(true, true));
 }
 
 std::vector<qxNodePtr> rootsOf(const qxVariantSet &set)

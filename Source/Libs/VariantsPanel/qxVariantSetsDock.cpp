@@ -220,7 +220,9 @@ void qxVariantSetsDock::updateSet()
 
 void qxVariantSetsDock::makePreview()
 {
-    const QByteArray picture = qxVariants::createPreviewImage(false, true);
+    const QByteArray picture = qxVariants::createPreviewImage(true, true);
+    if (picture.isEmpty()) // cancelled
+        return;
     m_edits->editSet(m_view->currentSet(), tr("Preview of \"%1\"").arg(m_view->currentSet()),
                      [&picture](qxVariantSet &set) { set.setPreview(picture); });
 }

@@ -49,7 +49,9 @@ qxSceneView::qxSceneView(QWidget *parent) : QWidget(parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(160, 120);
     m_view = std::make_unique<qxMainGlView>(width(), height());
-    m_view->setListener([this] { update(); });
+    m_view->setFluent(true);
+    m_view->setListener([this] { takePicture(); });
+    m_view->setProgressListener([this](float share) { tellProgress(share); });
 }
 
 qxSceneView::~qxSceneView() = default;
@@ -111,28 +113,50 @@ void qxSceneView::cameraMoved()
     qxController::updateRender(false);
 }
 
+void qxSceneView::takePicture()
+{
+    qxImageRenderWidget::convertToQImage(m_picture, m_view->picture());
+    update();
+}
+
+void qxSceneView::tellProgress(float share)
+{
+    const QString text = share < 1 ? tr("Refining: %1 %").arg(int(share * 100)) : QString();
+    if (text == m_progress)
+        return;
+    m_progress = text;
+    emit progressed(text);
+}
+
 void qxSceneView::paintEvent(QPaintEvent *)
 {
+    fitPixels(); // The window may have come to another screen.
     QPainter painter(this);
-    QImage picture;
-    qxImageRenderWidget::convertToQImage(picture, m_view->picture());
-    if (picture.isNull())
+    if (m_picture.isNull())
         return painter.fillRect(rect(), palette().window());
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, picture.size() != size());
-    painter.drawImage(rect(), picture);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.size() != pixels());
+    painter.drawImage(rect(), m_picture);
 }
 
 void qxSceneView::resizeEvent(QResizeEvent *)
 {
-    const QSize pixels = size() * devicePixelRatioF();
-    m_view->resize(pixels.width(), pixels.height());
+    fitPixels();
+}
+
+QSize qxSceneView::pixels() const
+{
+    return size() * devicePixelRatioF();
+}
+
+void qxSceneView::fitPixels()
+{
+    m_view->resize(pixels().width(), pixels().height());
 }
 
 void qxSceneView::mousePressEvent(QMouseEvent *event)
 {
     m_pressed = m_last = event->pos();
     m_isDragged = false;
-    m_view->cancelRefining();
 }
 
 void qxSceneView::mouseMoveEvent(QMouseEvent *event)

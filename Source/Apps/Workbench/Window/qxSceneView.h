@@ -3,6 +3,7 @@
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGVector.h>
 
+#include <QImage>
 #include <QWidget>
 
 #include <memory>
@@ -47,14 +48,19 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void makeView();
     void takeCamera();
+    void takePicture();
+    void tellProgress(float share);
+    /// Of the screen, which may be finer than those of the layout.
+    QSize pixels() const;
+    void fitPixels();
     void cameraMoved();
     void drag(const QPointF &step, Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers);
-    void fit(const osg::Pnt3f &low, const osg::Pnt3f &high);
     osg::NodePtr nodeAt(const QPointF &place) const;
 
     std::unique_ptr<qxMainGlView> m_view;
+    QImage m_picture; ///< what the view shows
+    QString m_progress;
     osg::Pnt3f m_pivot;
     QPoint m_pressed;
     QPoint m_last;

@@ -1,5 +1,6 @@
 #include "qxWindowProgram.h"
 
+#include "qxOSGWidget.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QApplication>
@@ -21,6 +22,7 @@ int qxWindowProgram::run(int argc, char *argv[])
     setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName(QStringLiteral("workbench"));
     QApplication::setOrganizationName(QStringLiteral("qxVariants"));
+    qxOSGWidget::setRaytracing(true);
     qxWorkbenchWindow window;
     window.show();
     window.openFile(application.arguments().value(1));

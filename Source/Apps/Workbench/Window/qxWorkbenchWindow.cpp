@@ -10,6 +10,7 @@
 #include "qxLogView.h"
 #include "qxNodeUtils.h"
 #include "qxPanelEvents.h"
+#include "qxPictureDialog.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
@@ -20,6 +21,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHeaderView>
+#include <QLabel>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTreeView>
@@ -33,7 +35,8 @@ const char *const geometryKey = "window/geometry";
 
 qxWorkbenchWindow::qxWorkbenchWindow()
     : m_language(std::make_unique<qxLanguage>()), m_session(std::make_unique<qxSession>()),
-      m_events(new qxPanelEvents(this)), m_view(new qxSceneView)
+      m_events(new qxPanelEvents(this)), m_view(new qxSceneView),
+      m_pictureDialog(std::make_unique<qxPictureDialog>(this))
 {
     qxMainWindow::set(this);
     qxVariantWords::setArguments(QStringList(QString())); // as at a prompt
@@ -47,8 +50,9 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     buildSetsMenu();
     buildHelpMenu();
     connect(m_view, &qxSceneView::nodePicked, this, &qxWorkbenchWindow::showPicked);
-    connect(m_view, &qxSceneView::progressed, statusBar(),
-            [this](const QString &text) { statusBar()->showMessage(text); });
+    auto *const progress = new QLabel;
+    statusBar()->addPermanentWidget(progress);
+    connect(m_view, &qxSceneView::progressed, progress, &QLabel::setText);
     connect(m_sets, &qxVariantSetsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);

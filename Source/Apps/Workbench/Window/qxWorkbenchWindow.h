@@ -11,6 +11,7 @@ class QUndoStack;
 class qxLanguage;
 class qxLogView;
 class qxPanelEvents;
+class qxPictureDialog;
 class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
@@ -93,6 +94,7 @@ private:
     QString m_lastError; ///< of the log
     qxPanelEvents *m_events;
     qxSceneView *m_view;
+    std::unique_ptr<qxPictureDialog> m_pictureDialog;
     qxVariantSetsDock *m_sets;
     qxVariantsDock *m_variants;
     qxSceneTreeModel *m_tree;

@@ -4,9 +4,17 @@
 #include "Pictures/qxScenePicture.h"
 
 #include <QCoreApplication>
-#include <QPointer>
+#include <QElapsedTimer>
+
+#include <cmath>
 
 namespace {
+
+const int _stillTime = 150; ///< milliseconds without a request before refining begins
+const int _pollTime = 15;
+const float _fluentTime = 30.0f; ///< milliseconds for a picture
+const int _coarsestPixel = 4; ///< width of a quick picture's pixel in those of the view
+const int _bestWork = 12; ///< samples that the best quality takes on average
 
 qxMainGlView *&current()
 {
@@ -14,17 +22,24 @@ qxMainGlView *&current()
     return view;
 }
 
-/// From the last step to the first: each takes four times the samples of the one before.
+/// From the last step to the first: each takes four times the samples of the one before. Fewer than
+/// four would leave more noise than a quick picture has faults.
 std::vector<int> stepsTo(int quality)
 {
     if (quality == qxPictureSettings::Quick)
         return {};
-    const int most = quality == qxPictureSettings::Best ? 16 : quality - 1;
+    const int most = quality == qxPictureSettings::Best ? 4 : quality - 1;
     std::vector<int> steps;
-    for (int samples = 1; samples <= most; samples *= 4)
+    for (int samples = 4; samples <= most; samples *= 4)
         steps.insert(steps.begin(), samples);
     steps.insert(steps.begin(), quality);
     return steps;
+}
+
+/// In samples.
+int workOf(int quality)
+{
+    return quality == qxPictureSettings::Best ? _bestWork : std::max(quality, 1);
 }
 
 } // namespace
@@ -33,8 +48,7 @@ qxMainGlView::qxMainGlView(int width, int height)
     : m_width(width), m_height(height), m_picture(osg::Image::create())
 {
     current() = this;
-    m_idle.setInterval(0);
-    QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] { refine(); });
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { work(); });
     m_requests = qxRenderRequests::addListener([this](bool) { ask(); });
     ask();
 }
@@ -56,7 +70,7 @@ void qxMainGlView::ask()
     m_isStale = true;
     m_steps = stepsTo(qxScenePicture::quality());
     if (QCoreApplication::instance())
-        m_idle.start();
+        m_timer.start(0);
 }
 
 void qxMainGlView::resize(int width, int height)
@@ -70,8 +84,8 @@ void qxMainGlView::resize(int width, int height)
 
 void qxMainGlView::captureImage(osg::ImagePtr image, int &width, int &height)
 {
-    if (m_isStale)
-        draw(qxPictureSettings::Quick, false);
+    if (m_isStale || m_isCoarse)
+        drawQuick(1);
     width = m_picture->isValid() ? m_picture->getWidth() : 0;
     height = m_picture->isValid() ? m_picture->getHeight() : 0;
     if (!m_picture->isValid())
@@ -84,6 +98,7 @@ void qxMainGlView::show(const osg::ImagePtr &picture)
 {
     cancelRefining();
     m_isStale = false;
+    m_isCoarse = false;
     {
         const osg::CPEditor edit(m_picture.get());
         m_picture->set(picture);
@@ -92,47 +107,101 @@ void qxMainGlView::show(const osg::ImagePtr &picture)
         m_listener();
 }
 
-void qxMainGlView::refine()
-{
-    if (m_isDrawing)
-        return;
-    const QPointer<QTimer> alive(&m_idle);
-    if (m_isStale) {
-        draw(qxPictureSettings::Quick, false);
-    } else if (!m_steps.empty()) {
-        const int quality = m_steps.back();
-        m_steps.pop_back();
-        draw(quality, true);
-    }
-    if (alive && !isRefining())
-        m_idle.stop();
-}
-
 void qxMainGlView::cancelRefining()
 {
+    m_job.reset();
     m_steps.clear();
-    m_isCancelled = true;
+    tell();
 }
 
-void qxMainGlView::draw(int quality, bool mayWait)
+/// The next thing to do while the program is idle.
+void qxMainGlView::work()
 {
+    if (m_isStale) {
+        drawQuick(quickPixelSize());
+        m_timer.start(_stillTime);
+    } else if (m_job && m_job->isDone()) {
+        end();
+    } else if (!m_job && !m_steps.empty()) {
+        begin();
+        m_timer.start(_pollTime);
+    } else if (!m_job) {
+        m_timer.stop();
+    }
+    tell();
+}
+
+void qxMainGlView::refine()
+{
+    if (m_isStale)
+        return drawQuick(1);
+    if (!m_job && !m_steps.empty())
+        begin();
+    if (m_job)
+        end();
+}
+
+int qxMainGlView::quickPixelSize() const
+{
+    if (!m_isFluent)
+        return 1;
+    const float time = m_pixelTime * float(m_width) * float(m_height);
+    return std::clamp(int(std::ceil(std::sqrt(time / _fluentTime))), 1, _coarsestPixel);
+}
+
+void qxMainGlView::drawQuick(int pixelSize)
+{
+    m_job.reset();
     m_isStale = false;
-    m_isCancelled = false;
-    qxPictureSettings settings;
-    settings.width = m_width;
-    settings.height = m_height;
-    settings.quality = quality;
-    const QPointer<QTimer> alive(&m_idle);
-    const auto goOn = [this, &alive](int, int) {
-        QCoreApplication::processEvents();
-        return alive && !m_isStale && !m_isCancelled;
+    m_isCoarse = pixelSize > 1;
+    if (!m_steps.empty() && m_steps.back() == qxPictureSettings::Quick)
+        m_steps.pop_back();
+    if (m_isCoarse)
+        m_steps.push_back(qxPictureSettings::Quick);
+    m_total = 0;
+    for (const int step : m_steps)
+        m_total += workOf(step);
+    QElapsedTimer timer;
+    // Reading the scene takes the same time for pictures of all sizes.
+    const auto begins = [&timer](int done, int) {
+        if (done == 0)
+            timer.start();
+        return true;
     };
-    m_isDrawing = true;
-    const qxPicture picture =
-        qxScenePicture::render(settings, mayWait ? goOn : qxRenderer::Progress());
-    if (!alive)
-        return;
-    m_isDrawing = false;
+    const qxPictureSettings wanted = settings(pixelSize, qxPictureSettings::Quick);
+    const qxPicture picture = qxScenePicture::render(wanted, begins);
+    if (timer.isValid())
+        m_pixelTime =
+            float(timer.nsecsElapsed()) * 1e-6f / float(wanted.width) / float(wanted.height);
+    take(picture);
+}
+
+void qxMainGlView::begin()
+{
+    m_jobQuality = m_steps.back();
+    m_steps.pop_back();
+    m_job = std::make_unique<qxPictureJob>(settings(1, m_jobQuality));
+}
+
+void qxMainGlView::end()
+{
+    const qxPicture picture = m_job->take();
+    m_job.reset();
+    m_isCoarse = m_isCoarse && picture.isEmpty();
+    take(picture);
+}
+
+qxPictureSettings qxMainGlView::settings(int pixelSize, int quality) const
+{
+    qxPictureSettings result;
+    result.width = (m_width + pixelSize - 1) / pixelSize;
+    result.height = (m_height + pixelSize - 1) / pixelSize;
+    result.quality = quality;
+    return result;
+}
+
+void qxMainGlView::take(const qxPicture &picture)
+{
     if (picture.isEmpty())
         return;
     {
@@ -143,4 +212,14 @@ void qxMainGlView::draw(int quality, bool mayWait)
     }
     if (m_listener)
         m_listener();
+}
+
+void qxMainGlView::tell() const
+{
+    if (!m_progress)
+        return;
+    float left = m_job ? float(workOf(m_jobQuality)) * (1.0f - m_job->share()) : 0.0f;
+    for (const int step : m_steps)
+        left += float(workOf(step));
+    m_progress(left > 0.0f && m_total > 0 ? 1.0f - left / float(m_total) : 1.0f);
 }

@@ -17,12 +17,21 @@ std::unique_ptr<qxRenderer> &idleRenderer()
 qxPicture qxScenePicture::render(const qxPictureSettings &settings,
                                  const qxRenderer::Progress &progress)
 {
-    std::unique_ptr<qxRenderer> renderer = std::move(idleRenderer());
-    if (!renderer)
-        renderer = std::make_unique<qxRenderer>();
+    std::unique_ptr<qxRenderer> renderer = takeRenderer();
     qxPicture picture = renderer->render(settings, progress);
-    idleRenderer() = std::move(renderer);
+    giveBack(std::move(renderer));
     return picture;
+}
+
+std::unique_ptr<qxRenderer> qxScenePicture::takeRenderer()
+{
+    std::unique_ptr<qxRenderer> renderer = std::move(idleRenderer());
+    return renderer ? std::move(renderer) : std::make_unique<qxRenderer>();
+}
+
+void qxScenePicture::giveBack(std::unique_ptr<qxRenderer> renderer)
+{
+    idleRenderer() = std::move(renderer);
 }
 
 osg::NodePtr qxScenePicture::nodeAt(const qxPictureSettings &settings, float x, float y)

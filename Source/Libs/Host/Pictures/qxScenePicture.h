@@ -12,6 +12,10 @@ public:
     static int quality();
     /// As qxRenderer::nodeAt.
     static osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);
-    /// Gives back what was prepared for the next picture.
+    /// The renderer of all these pictures, for one that takes long; those that are made meanwhile
+    /// get another one.
+    static std::unique_ptr<qxRenderer> takeRenderer();
+    static void giveBack(std::unique_ptr<qxRenderer> renderer);
+    /// Frees what was prepared for the next picture.
     static void forget();
 };

@@ -8,7 +8,7 @@
 
 namespace {
 
-const int _tile = 16; ///< width and height in pixels
+const int _largestTile = 16; ///< width and height in pixels
 /// Samples of the best quality: as many as a pixel needs, looked at after so many at a time.
 const int _bestSamples = 32;
 const int _sampleStep = 8;
@@ -35,6 +35,14 @@ qxRenderLight headLight(const qxRenderCamera &camera)
 osg::Vec3f notNegative(const osg::Vec3f &light)
 {
     return osg::Vec3f(std::max(light[0], 0.0f), std::max(light[1], 0.0f), std::max(light[2], 0.0f));
+}
+
+/// Pixels of many samples come in small tiles: one that is begun is finished before a picture is
+/// cancelled.
+int tileOf(int samples)
+{
+    const float share = std::sqrt(std::min(1.0f, float(_bestSamples) / float(samples)));
+    return std::max(1, int(float(_largestTile) * share));
 }
 
 /// The light of an environment in a few words: what comes from below and from above on average, as
@@ -111,8 +119,9 @@ private:
 };
 
 qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settings)
-    : m_settings(settings), m_across((settings.width + _tile - 1) / _tile),
-      m_samples(samplesOf(settings)), m_rayTracing(settings.quality != qxPictureSettings::Quick),
+    : m_settings(settings), m_samples(samplesOf(settings)), m_tile(tileOf(m_samples)),
+      m_across((settings.width + m_tile - 1) / m_tile),
+      m_rayTracing(settings.quality != qxPictureSettings::Quick),
       m_camera(qxMainView::the().camera, scene.shown().bounds(), settings.width, settings.height),
       m_clipping(qxClipping::the(), scene.shown().bounds()), m_noClipping(qxClipping(), qxBox()),
       m_contour(scene.shown(), m_clipping, m_camera, settings.width, settings.height),
@@ -149,7 +158,7 @@ qxTracer::Scene qxPainter::tracerScene(const qxRenderGroup &group, qxTracer::Man
 
 int qxPainter::tileCount() const
 {
-    return m_across * ((m_settings.height + _tile - 1) / _tile);
+    return m_across * ((m_settings.height + m_tile - 1) / m_tile);
 }
 
 qxPicture qxPainter::paint(const qxRenderer::Progress &progress)
@@ -171,10 +180,10 @@ qxPicture qxPainter::paint(const qxRenderer::Progress &progress)
 
 void qxPainter::paintTile(int tile)
 {
-    const int left = tile % m_across * _tile;
-    const int low = tile / m_across * _tile;
-    const int width = std::min(_tile, m_settings.width - left);
-    const int height = std::min(_tile, m_settings.height - low);
+    const int left = tile % m_across * m_tile;
+    const int low = tile / m_across * m_tile;
+    const int width = std::min(m_tile, m_settings.width - left);
+    const int height = std::min(m_tile, m_settings.height - low);
     std::vector<Average> pixels(std::size_t(width) * std::size_t(height));
     const int step = m_settings.quality < 0 ? _sampleStep : m_samples;
     std::vector<bool> isNoisy(pixels.size(), true);

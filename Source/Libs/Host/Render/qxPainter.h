@@ -32,8 +32,9 @@ private:
     void show(int x, int y, const osg::Vec3f &light);
 
     const qxPictureSettings m_settings;
-    const int m_across; ///< tiles in a row
     const int m_samples; ///< at most, in each pixel
+    const int m_tile; ///< width and height in pixels
+    const int m_across; ///< tiles in a row
     const bool m_rayTracing;
     const qxRenderCamera m_camera;
     const qxRenderClipping m_clipping;

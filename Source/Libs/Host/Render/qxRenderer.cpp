@@ -99,6 +99,14 @@ qxPicture qxRenderer::render(const qxPictureSettings &settings, const Progress &
                               [&] { return qxPainter(*m_parts->scene, settings).paint(progress); });
 }
 
+qxRenderer::Drawing qxRenderer::prepared(const qxPictureSettings &settings)
+{
+    return m_parts->withScene(settings, [&] {
+        const auto painter = std::make_shared<qxPainter>(*m_parts->scene, settings);
+        return Drawing([painter](const Progress &progress) { return painter->paint(progress); });
+    });
+}
+
 osg::NodePtr qxRenderer::nodeAt(const qxPictureSettings &settings, float x, float y)
 {
     return m_parts->withScene(settings, [&] { return m_parts->nodeAt(settings, x, y); });

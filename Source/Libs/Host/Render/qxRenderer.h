@@ -53,6 +53,11 @@ public:
     /// An empty picture when it was cancelled, when no host runs, and, with an error line, when the
     /// size is out of range or the scene does not fit into the memory.
     qxPicture render(const qxPictureSettings &settings, const Progress &progress = Progress());
+    /// Draws a picture of the scene as it was, in any thread, as long as the renderer lives and
+    /// serves nothing else.
+    typedef std::function<qxPicture(const Progress &progress)> Drawing;
+    /// The first half of render(): reads the scene. Empty when there can be no picture.
+    Drawing prepared(const qxPictureSettings &settings);
     /// The node that such a picture shows at a place, in pixels from its lower left corner; null
     /// for the background. Overlays are looked through.
     osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);

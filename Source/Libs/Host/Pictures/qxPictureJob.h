@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Render/qxRenderer.h"
+
+#include <atomic>
+#include <future>
+
+/// A picture of the running host's scene that is made while the program goes on. It shows the scene
+/// as it was at the start.
+class qxPictureJob {
+public:
+    explicit qxPictureJob(const qxPictureSettings &settings);
+    qxPictureJob(const qxPictureJob &) = delete;
+    /// Waits for the threads; they leave undone what they have not begun.
+    ~qxPictureJob();
+
+    bool isDone() const;
+    /// How much of the picture is done, from 0 to 1.
+    float share() const { return m_share; }
+    /// Waits for the picture; empty when there can be none, with the reason in the log. To be
+    /// called once.
+    qxPicture take();
+
+private:
+    std::unique_ptr<qxRenderer> m_renderer; ///< serves nobody else meanwhile
+    std::atomic<float> m_share{0.0f};
+    std::atomic<bool> m_isCancelled{false};
+    std::future<qxPicture> m_picture; ///< none when there can be no picture
+};
