@@ -10,7 +10,7 @@ enum qxExitCode {
     Success = 0,
     WorkFailed = 1, ///< the reason stands on standard error
     WrongUse = 2,
-    Interrupted = 130 ///< by Ctrl-C; what was done by then is kept
+    Interrupted = 130 ///< by Ctrl-C; finished pictures are kept
 };
 
 /// One sub-command of the program.
