@@ -402,7 +402,7 @@
     <message>
         <source>Some nodes have the same name and/or node path. In order to continue, the names of those nodes will be changed.
  </source>
-        <translation>Einige Knoten haben denselben Namen oder Knotenpfad. Um fortzufahren, werden die Namen dieser Knoten geändert.
+        <translation>Einige Knoten haben denselben Namen und/oder Knotenpfad. Um fortzufahren, werden die Namen dieser Knoten geändert.
  </translation>
     </message>
     <message>
