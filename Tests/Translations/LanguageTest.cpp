@@ -6,8 +6,10 @@
 #include "ShownTexts.h"
 #include "TestScene.h"
 #include "Window/qxLanguage.h"
+#include "Window/qxSceneView.h"
 #include "Window/qxWorkbenchWindow.h"
 #include "qxCaptureDialog.h"
+#include "qxController.h"
 #include "qxKeyText.h"
 #include "qxSetsView.h"
 
@@ -20,6 +22,7 @@
 #include <QMenuBar>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <QTreeView>
 
@@ -66,6 +69,8 @@ protected:
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
         QCoreApplication::setOrganizationName("qxTranslationTests");
         window = std::make_unique<qxWorkbenchWindow>();
+        QObject::connect(window->sceneView(), &qxSceneView::progressed,
+                         [this](const QString &text) { progress << text; });
         TestScene scene;
         const TestNode desk = scene.addSwitch("Desk", {"Oak", "Ash"});
         qxNodeVariant *const variant = qxVariants::createNodeVariant(desk, true);
@@ -85,6 +90,14 @@ protected:
     {
         QCoreApplication::processEvents();
         QCoreApplication::processEvents(); // What the first ones asked for.
+    }
+    /// Draws the scene, and waits until nothing is said of it any more.
+    void draw()
+    {
+        progress.clear();
+        qxController::updateRender(true);
+        ASSERT_TRUE(
+            QTest::qWaitFor([this] { return progress.size() > 1 && progress.last() == ""; }));
     }
     QTreeView &list() const { return *window->setsDock()->view()->findChild<QTreeView *>(); }
     QList<QMenu *> menus() const
@@ -106,16 +119,24 @@ protected:
 
     QTemporaryDir m_settings;
     std::unique_ptr<qxWorkbenchWindow> window;
+    QStringList progress; ///< what the view said
     Catalogue catalogue;
 };
 
 TEST_F(LanguageTest, EveryTextFollowsTheLanguageAndComesBack)
 {
+    draw();
     const ShownTexts english = textsIn(*window);
+    const QStringList englishProgress = progress;
     choose("Deutsch");
+    draw();
     const ShownTexts german = textsIn(*window);
+    for (const QString &text : progress)
+        EXPECT_FALSE(catalogue.isEnglish(text)) << text.toStdString();
     const QStringList names{"", "English", "Deutsch", "Desk: Ash"};
-    QSet<QString> contexts;
+    QStringList contexts;
+    for (const QString &text : englishProgress)
+        contexts += catalogue.contextsOf(text);
     for (auto text = english.begin(); text != english.end(); ++text) {
         const bool isOfModel = text.key().second.contains(' ');
         const QStringList lines = text.value().split('\n');
@@ -123,7 +144,7 @@ TEST_F(LanguageTest, EveryTextFollowsTheLanguageAndComesBack)
         ASSERT_EQ(lines.size(), germanLines.size()) << text.value().toStdString();
         for (int line = 0; line < lines.size(); ++line) {
             const QStringList found = catalogue.contextsOf(lines[line]);
-            contexts.unite(QSet<QString>(found.begin(), found.end()));
+            contexts += found;
             const bool mayStay = isOfModel || names.contains(lines[line]);
             EXPECT_TRUE(found.isEmpty() ? mayStay || germanLines[line] != lines[line]
                                         : catalogue.isTranslation(germanLines[line], lines[line]))
@@ -138,6 +159,7 @@ TEST_F(LanguageTest, EveryTextFollowsTheLanguageAndComesBack)
             << "no text of " << name.toStdString() << " was looked at";
     }
     choose("English");
+    draw();
     const ShownTexts again = textsIn(*window);
     for (auto text = english.begin(); text != english.end(); ++text)
         EXPECT_EQ(again.value(text.key()).toStdString(), text.value().toStdString());
