@@ -15,6 +15,7 @@ TEST_F(WrongUseTest, HelpNamesEveryCommandAndEachCommandExplainsItself)
     const ProgramRun overview = done({"--help"});
     EXPECT_EQ(overview.err, "");
     EXPECT_EQ(done({"help"}).out, overview.out);
+    EXPECT_TRUE(overview.out.contains("workbench FILE, which opens a window"));
     for (const QString &command : commands) {
         EXPECT_TRUE(overview.out.contains("\n  " + command.toUtf8() + " FILE"));
         const QByteArray help = done({command, "--help"}).out;
@@ -53,6 +54,11 @@ TEST_F(WrongUseTest, AnEmptyNameOfATargetIsNotTakenForNone)
 {
     refused(2, {"select", desk(), "Morning", "--save", ""}, "--save needs a value");
     refused(2, {"document", desk(), "--out="}, "--out needs a value");
+}
+
+TEST_F(WrongUseTest, AWindowIsNotOpenedOnAFileThatIsNotThere)
+{
+    refused(1, {path("none.gltf")}, "none.gltf: the file does not exist\n");
 }
 
 TEST_F(WrongUseTest, AFileThatIsNoSceneFailsWithItsPath)

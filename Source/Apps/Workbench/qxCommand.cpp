@@ -21,7 +21,8 @@ const qxCommand *const commands[] = {
 
 QString overview()
 {
-    QString text = QStringLiteral("Usage: workbench COMMAND FILE ... [options]\n\nCommands:\n");
+    QString text = QStringLiteral("Usage: workbench COMMAND FILE ... [options]\n"
+                                  "       workbench FILE, which opens a window\n\nCommands:\n");
     for (const qxCommand *command : commands) {
         const QString call = QStringLiteral("%1 %2").arg(command->name, command->arguments);
         text += QStringLiteral("  %1 %2\n").arg(call, -30).arg(command->summary);

@@ -123,6 +123,7 @@ void qxSetForm::layFieldsOut()
     layout->setContentsMargins(6, 6, 6, 6);
     const auto addRow = [&](const char *text, QWidget *field) {
         auto *const label = new QLabel;
+        label->setContentsMargins(0, 0, 2, 0); // An underlined letter takes more than is measured.
         label->setBuddy(field->focusProxy() ? field->focusProxy() : field);
         layout->addRow(label, field);
         m_labels.append({label, text});

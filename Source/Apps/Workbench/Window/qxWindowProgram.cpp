@@ -1,11 +1,33 @@
 #include "qxWindowProgram.h"
 
 #include "qxOSGWidget.h"
+#include "qxCommand.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QApplication>
+#include <QFileInfo>
 
 #include <clocale>
+
+namespace {
+
+/// What speaks against a window; empty for nothing.
+QString obstacle(const QString &path)
+{
+    if (!QFileInfo::exists(path))
+        return QStringLiteral("%1: the file does not exist").arg(path);
+#ifdef Q_OS_LINUX // Qt itself would abort there.
+    for (const char *variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) {
+        if (!qEnvironmentVariableIsEmpty(variable))
+            return QString();
+    }
+    return QStringLiteral("no display to open a window on; commands need none, see --help");
+#else
+    return QString();
+#endif
+}
+
+} // namespace
 
 bool qxWindowProgram::isAskedFor(int argc, char *argv[])
 {
@@ -16,6 +38,9 @@ bool qxWindowProgram::isAskedFor(int argc, char *argv[])
 
 int qxWindowProgram::run(int argc, char *argv[])
 {
+    const QString reason = obstacle(QString::fromLocal8Bit(argv[1]));
+    if (!reason.isEmpty())
+        return qxCommands::fail(reason);
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
