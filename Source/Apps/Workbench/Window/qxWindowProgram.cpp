@@ -1,7 +1,7 @@
 #include "qxWindowProgram.h"
 
-#include "qxOSGWidget.h"
 #include "qxCommand.h"
+#include "qxOSGWidget.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QApplication>
