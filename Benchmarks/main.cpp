@@ -1,6 +1,6 @@
 #include "qxBenchScene.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QLoggingCategory>
 
 #include <benchmark/benchmark.h>
@@ -11,7 +11,7 @@ int main(int argc, char *argv[])
     qSetGlobalQHashSeed(0);
     // Qt says at every start that a machine without a user session has no folder for one.
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
-    QGuiApplication application(argc, argv);
+    QApplication application(argc, argv);
     QLoggingCategory::setFilterRules(QString());
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))

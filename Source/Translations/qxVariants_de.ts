@@ -272,6 +272,32 @@
         <source>Sc&amp;ript</source>
         <translation>Sk&amp;ript</translation>
     </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is there twice. The values are taken as soon as the keys differ.</source>
+        <translation>„%1“ ist doppelt vorhanden. Die Werte werden übernommen, sobald sich die Schlüssel unterscheiden.</translation>
+    </message>
+</context>
+<context>
+    <name>qxSetHotkeys</name>
+    <message>
+        <source>&quot;%1&quot; has this key as well; it selects &quot;%2&quot;.</source>
+        <translation>„%1“ hat diese Taste auch; sie wählt „%2“.</translation>
+    </message>
+    <message>
+        <source>The option &quot;%1&quot; of &quot;%2&quot; has this key as well; it selects the set.</source>
+        <translation>Die Option „%1“ von „%2“ hat diese Taste auch; sie wählt das Set.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has this key as well; it selects the set.</source>
+        <translation>„%1“ hat diese Taste auch; sie wählt das Set.</translation>
+    </message>
 </context>
 <context>
     <name>qxSetsModel</name>
@@ -285,6 +311,18 @@
     <message>
         <source>Key: %1</source>
         <translation>Taste: %1</translation>
+    </message>
+    <message>
+        <source>The scene shows it now.</source>
+        <translation>Die Szene zeigt es gerade.</translation>
+    </message>
+    <message>
+        <source>It is empty: selecting it changes nothing.</source>
+        <translation>Es ist leer: Es zu wählen ändert nichts.</translation>
+    </message>
+    <message>
+        <source>Nothing of what it refers to is in the scene.</source>
+        <translation>Nichts, worauf es verweist, ist in der Szene.</translation>
     </message>
 </context>
 <context>
@@ -383,6 +421,13 @@
     <message>
         <source>Delete Group with Its S&amp;ets</source>
         <translation>Gruppe &amp;mit ihren Sets löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sets found</source>
+        <translation>
+            <numerusform>%n Set gefunden</numerusform>
+            <numerusform>%n Sets gefunden</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -26,12 +26,32 @@
     </message>
 </context>
 <context>
+    <name>qxSetForm</name>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxSetsModel</name>
     <message numerus="yes">
         <source>%n states</source>
         <translation>
             <numerusform>%n state</numerusform>
             <numerusform>%n states</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantSetsDock</name>
+    <message numerus="yes">
+        <source>%n sets found</source>
+        <translation>
+            <numerusform>%n set found</numerusform>
+            <numerusform>%n sets found</numerusform>
         </translation>
     </message>
 </context>

@@ -76,7 +76,7 @@ TEST_F(SetMovesTest, EveryMoveBringsRowsToTheirPlacesAndIsOneStepToUndo)
          "0 Outside,1 Alone,1 Red,1 Blue,0 Inside,1 Leather,0 Extra,0 Bare"},
         {"a set between those in no group", [&] { drop(tree, {set("Red")}, 4); },
          "0 Outside,1 Blue,0 Inside,1 Leather,0 Extra,0 Alone,0 Red,0 Bare"},
-        {"a set out of its group", [&] { edits.moveSets({"Red"}, QString(), -1); },
+        {"a set out of its group", [&] { edits.moveSets({"Red"}, QString(), QString()); },
          "0 Outside,1 Blue,0 Inside,1 Leather,0 Extra,0 Alone,0 Bare,0 Red"},
         {"sets of several places by key",
          [&] {
@@ -124,8 +124,8 @@ TEST_F(SetMovesTest, WhatChangesNothingIsNoStep)
     drop(tree, {tree.indexOfGroup("Outside")}, 0, tree.indexOfGroup("Inside"));
     drop(tree, {tree.indexOfSet("Red")}, 1, tree.indexOfGroup("Outside"));
     drop(tree, {tree.indexOfSet("Bare")}, -1);
-    edits.moveSets({"Leather"}, "Inside", -1);
-    edits.moveSets({"Red"}, "No such group", 0);
+    edits.moveSets({"Leather"}, "Inside", QString());
+    edits.moveSets({"Red"}, "No such group", QString());
     edits.shiftSets({"Red", "Leather", "Alone"}, false);
     edits.shiftGroup("Outside", false);
     edits.removeSets({"No such set"});

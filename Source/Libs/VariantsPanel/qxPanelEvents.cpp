@@ -8,6 +8,7 @@
 namespace {
 
 const char *const variantSetChanged = "variantSetChanged";
+const char *const clearAllVariants = "clearAllVariants";
 const char *const variantsSetSelected = "variantsSetSelected";
 
 /// The announcements that ask for a highlight; their place is the number of the kind.
@@ -67,6 +68,8 @@ static QHash<QByteArray, int> announcements(int sets, int variants, int states)
 void qxPanelEvents::hear(const QByteArray &name, const qxMessage *message)
 {
     static const QHash<QByteArray, int> table = announcements(Sets, Variants, States);
+    if (name == clearAllVariants)
+        emit aboutToForget();
     if (name == variantsSetSelected) {
         const std::string *set = message ? message->get<std::string>("variantSetName") : nullptr;
         m_selected = set ? QString::fromStdString(*set) : QString();

@@ -28,6 +28,8 @@ public:
     static void announceOtherStates();
 
 signals:
+    /// The host is about to forget everything, because the scene goes. Sent at once.
+    void aboutToForget();
     /// Sets or groups came, went or were edited.
     void setsChanged();
     /// The same of variants.

@@ -36,9 +36,9 @@ public:
     void editSet(const QString &set, const QString &what,
                  const std::function<void(qxVariantSet &)> &change,
                  const QString &field = QString());
-    /// Moves the sets, in this order, before the one in `row` of the group, or among the sets in no
-    /// group for an empty name; -1 is the end.
-    void moveSets(const QStringList &sets, const QString &group, int row);
+    /// Moves the sets, in this order, before the set `before` of the group, or among the sets in no
+    /// group for an empty name; without `before` to the end.
+    void moveSets(const QStringList &sets, const QString &group, const QString &before);
     /// Moves the sets by one row each, up or down, within their groups; those at the end stay.
     void shiftSets(const QStringList &sets, bool down);
 
@@ -49,8 +49,8 @@ public:
     void removeGroup(const QString &group, bool withSets);
     /// Removes sets and groups in one step.
     void remove(const QStringList &sets, const QStringList &groups, bool withSets);
-    /// Moves the groups, in this order, before the visible group in `row`; -1 is the end.
-    void moveGroups(const QStringList &groups, int row);
+    /// Moves the groups, in this order, before the group `before`; without it to the end.
+    void moveGroups(const QStringList &groups, const QString &before);
     void shiftGroup(const QString &group, bool down);
 
     /// Makes a set of that name in the group, which is made when there is none, and lets `capture`

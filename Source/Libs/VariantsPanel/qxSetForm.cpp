@@ -1,24 +1,25 @@
 #include "qxSetForm.h"
 
+#include "qxVariantGroup.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
 #include "qxKeyText.h"
 #include "qxPanelEvents.h"
 #include "qxSetEdits.h"
+#include "qxSetHotkeys.h"
 #include "qxUberCameraPool.h"
+#include "qxValuesTable.h"
 
 #include <QComboBox>
 #include <QEvent>
 #include <QFontDatabase>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeySequenceEdit>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
-#include <QTableWidget>
 #include <QToolButton>
 
 namespace {
@@ -31,31 +32,40 @@ QStringList statesOf(const qxStateList &states)
     return lines;
 }
 
+const int summaryLines = 200; ///< more are hard to read, and to lay out
+
 /// The states of the set in the order in which a user thinks of them.
 QString summary(const qxVariantSet &set)
 {
     QStringList lines = statesOf(set.nodeVariants);
     lines += statesOf(set.materialVariants) + statesOf(set.lightVariants)
         + statesOf(set.overlayVariants) + statesOf(set.transformVariants);
+    const int more = lines.size() - summaryLines;
+    if (more > 0)
+        lines = lines.mid(0, summaryLines) << qxSetForm::tr("and %n more", nullptr, more);
     return lines.join('\n');
 }
 
-QMap<QString, QString> valuesIn(const QTableWidget &table)
+/// Shows the text unless another one is being typed.
+void showText(QPlainTextEdit *field, const QString &text)
 {
-    QMap<QString, QString> values;
-    for (int row = 0; row < table.rowCount(); ++row) {
-        const QTableWidgetItem *const key = table.item(row, 0);
-        const QTableWidgetItem *const value = table.item(row, 1);
-        if (key && !key->text().isEmpty())
-            values.insert(key->text(), value ? value->text() : QString());
-    }
-    return values;
+    // With the same text the cursor stays where it is.
+    if (!field->document()->isModified() && field->toPlainText() != text)
+        field->setPlainText(text);
 }
 
-void setTextIfOther(QPlainTextEdit *field, const QString &text)
+QLabel *makeNote()
 {
-    if (field->toPlainText() != text) // The cursor stays where it is otherwise.
-        field->setPlainText(text);
+    auto *const note = new QLabel;
+    note->setWordWrap(true);
+    note->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return note;
+}
+
+void showText(QLabel *note, const QString &text)
+{
+    note->setText(text);
+    note->setVisible(!text.isEmpty());
 }
 
 } // namespace
@@ -68,7 +78,7 @@ qxSetForm::qxSetForm(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent)
     connect(m_hotkey, &QKeySequenceEdit::editingFinished, this, &qxSetForm::takeHotkey);
     connect(m_viewpoint, QOverload<int>::of(&QComboBox::activated), this,
             &qxSetForm::takeViewpoint);
-    connect(m_values, &QTableWidget::itemChanged, this, &qxSetForm::takeValues);
+    connect(m_values, &qxValuesTable::edited, this, &qxSetForm::takeValues);
     m_comment->installEventFilter(this);
     m_script->installEventFilter(this);
     retranslate();
@@ -92,11 +102,9 @@ void qxSetForm::buildFields()
     m_script->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_script->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_script->setTabChangesFocus(true);
-    m_values = new QTableWidget(0, 2);
-    m_values->horizontalHeader()->setStretchLastSection(true);
-    m_values->setTabKeyNavigation(false); // The arrows do, and Tab leaves.
-    m_values->verticalHeader()->hide();
-    m_values->setMaximumHeight(6 * fontMetrics().height());
+    m_values = new qxValuesTable;
+    m_valuesNote = makeNote();
+    m_keyNote = makeNote();
     layFieldsOut();
 }
 
@@ -130,9 +138,11 @@ void qxSetForm::layFieldsOut()
     };
     addRow(QT_TR_NOOP("&Comment"), m_comment);
     addRow(QT_TR_NOOP("&Key"), buildHotkeyLine());
+    layout->addRow(m_keyNote);
     addRow(QT_TR_NOOP("View&point"), m_viewpoint);
     addRow(QT_TR_NOOP("Sc&ript"), m_script);
     addRow(QT_TR_NOOP("Va&lues"), m_values);
+    layout->addRow(m_valuesNote);
     addRow(QT_TR_NOOP("States"), m_contents);
 }
 
@@ -154,30 +164,56 @@ void qxSetForm::retranslate()
 
 void qxSetForm::showSet(const QString &name)
 {
+    showTarget(name, QString());
+}
+
+void qxSetForm::showGroup(const QString &name)
+{
+    showTarget(QString(), name);
+}
+
+void qxSetForm::showTarget(const QString &set, const QString &group)
+{
     takeTexts();
-    m_set = name;
+    if (set != m_set)
+        m_isValuesTableOpen = false;
+    m_set = set;
+    m_group = group;
+    for (const auto &label : m_labels) {
+        if (label.first->buddy() == m_comment) // all that a group has
+            continue;
+        label.first->setVisible(group.isEmpty());
+        label.first->buddy()->setVisible(group.isEmpty());
+    }
+    m_noHotkey->setVisible(group.isEmpty());
     refresh();
 }
 
 void qxSetForm::refresh()
 {
+    const qxVariantGroup *const group = qxVariants::findVariantGroup(m_group);
     const qxVariantSet *const set = qxVariants::findVariantSet(m_set);
     const qxVariantSet nothing;
-    setEnabled(set);
+    setEnabled(set || group);
     showContents(set ? *set : nothing);
+    if (group)
+        showText(m_comment, group->comment);
 }
 
 void qxSetForm::showContents(const qxVariantSet &set)
 {
-    if (!m_comment->hasFocus())
-        setTextIfOther(m_comment, set.comment);
-    if (!m_script->hasFocus())
-        setTextIfOther(m_script, set.script);
+    if (m_group.isEmpty())
+        showText(m_comment, set.comment);
+    showText(m_script, set.script);
     if (!m_hotkey->hasFocus())
         m_hotkey->setKeySequence(QKeySequence(set.hotkey, QKeySequence::NativeText));
+    showText(m_keyNote, qxSetHotkeys::conflictOf(set, *window()));
     m_contents->setText(summary(set));
     showViewpoints(set.defaultViewpoint);
-    showValues(set);
+    if (!m_isValuesTableOpen) {
+        m_values->setPairs(set.values);
+        showText(m_valuesNote, QString());
+    }
 }
 
 void qxSetForm::showViewpoints(const QString &chosen)
@@ -195,20 +231,6 @@ void qxSetForm::showViewpoints(const QString &chosen)
     m_viewpoint->setCurrentIndex(m_viewpoint->findData(chosen));
 }
 
-void qxSetForm::showValues(const qxVariantSet &set)
-{
-    if (m_values->rowCount() == set.values.size() + 1 && valuesIn(*m_values) == set.values)
-        return;
-    const QSignalBlocker quiet(m_values);
-    m_values->setRowCount(0);
-    m_values->setRowCount(set.values.size() + 1); // The last, empty row takes a new value.
-    int row = 0;
-    for (auto value = set.values.begin(); value != set.values.end(); ++value, ++row) {
-        m_values->setItem(row, 0, new QTableWidgetItem(value.key()));
-        m_values->setItem(row, 1, new QTableWidgetItem(value.value()));
-    }
-}
-
 bool qxSetForm::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::FocusOut)
@@ -218,7 +240,10 @@ bool qxSetForm::eventFilter(QObject *watched, QEvent *event)
 
 void qxSetForm::takeTexts()
 {
-    takeText(m_comment, tr("Comment"), &qxVariantSet::comment);
+    if (m_group.isEmpty())
+        takeText(m_comment, tr("Comment"), &qxVariantSet::comment);
+    else
+        takeGroupComment();
     takeText(m_script, tr("Script"), &qxVariantSet::script);
 }
 
@@ -231,6 +256,14 @@ void qxSetForm::takeText(QPlainTextEdit *field, const QString &what, QString qxV
     edit(
         what, [&](const qxVariantSet &set) { return set.*text == typed; },
         [&](qxVariantSet &set) { set.*text = typed; });
+}
+
+void qxSetForm::takeGroupComment()
+{
+    if (!m_comment->document()->isModified())
+        return;
+    m_comment->document()->setModified(false);
+    m_edits->commentGroup(m_group, m_comment->toPlainText());
 }
 
 void qxSetForm::takeHotkey()
@@ -254,10 +287,19 @@ void qxSetForm::takeViewpoint()
 
 void qxSetForm::takeValues()
 {
-    const QMap<QString, QString> values = valuesIn(*m_values);
+    // Of two values with one key one would be lost: nothing is taken until they differ.
+    const QString key = m_values->doubleKey();
+    m_isValuesTableOpen = !key.isEmpty();
+    if (m_isValuesTableOpen)
+        return showText(m_valuesNote,
+                        tr("\"%1\" is there twice. The values are taken as soon as the "
+                           "keys differ.")
+                            .arg(key));
+    const QMap<QString, QString> values = m_values->pairs();
     edit(
         tr("Values"), [&](const qxVariantSet &set) { return set.values == values; },
         [&](qxVariantSet &set) { set.values = values; });
+    showText(m_valuesNote, QString());
 }
 
 void qxSetForm::edit(const QString &what, const std::function<bool(const qxVariantSet &)> &isSame,
@@ -265,5 +307,5 @@ void qxSetForm::edit(const QString &what, const std::function<bool(const qxVaria
 {
     const qxVariantSet *const set = qxVariants::findVariantSet(m_set);
     if (set && !isSame(*set))
-        m_edits->editSet(m_set, tr("%1 of \"%2\"").arg(what, m_set), change);
+        m_edits->editSet(m_set, tr("%1 of \"%2\"").arg(what, m_set), change, what);
 }

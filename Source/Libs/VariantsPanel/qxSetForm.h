@@ -8,10 +8,10 @@ class QComboBox;
 class QKeySequenceEdit;
 class QLabel;
 class QPlainTextEdit;
-class QTableWidget;
 class QToolButton;
 class qxPanelEvents;
 class qxSetEdits;
+class qxValuesTable;
 class qxVariantSet;
 
 /// Shows and edits what a set holds beside its states: comment, key, default viewpoint, script and
@@ -24,6 +24,8 @@ public:
 
     /// Shows the set of that name; nothing for an empty or unknown one.
     void showSet(const QString &name);
+    /// The same for a group, which has a comment alone.
+    void showGroup(const QString &name);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -34,12 +36,13 @@ private:
     QWidget *buildHotkeyLine();
     void layFieldsOut();
     void retranslate();
+    void showTarget(const QString &set, const QString &group);
     void refresh();
     void showContents(const qxVariantSet &set);
     void showViewpoints(const QString &chosen);
-    void showValues(const qxVariantSet &set);
     void takeTexts();
     void takeText(QPlainTextEdit *field, const QString &what, QString qxVariantSet::*text);
+    void takeGroupComment();
     void takeHotkey();
     void takeViewpoint();
     void takeValues();
@@ -49,12 +52,16 @@ private:
 
     qxSetEdits *m_edits;
     QString m_set;
+    QString m_group; ///< one of both is empty
     QLabel *m_contents;
     QPlainTextEdit *m_comment;
     QKeySequenceEdit *m_hotkey;
     QToolButton *m_noHotkey;
     QComboBox *m_viewpoint;
     QPlainTextEdit *m_script;
-    QTableWidget *m_values;
+    qxValuesTable *m_values;
+    bool m_isValuesTableOpen = false; ///< it holds what cannot be taken
+    QLabel *m_keyNote;
+    QLabel *m_valuesNote;
     QList<QPair<QLabel *, const char *>> m_labels; ///< with texts to be translated
 };

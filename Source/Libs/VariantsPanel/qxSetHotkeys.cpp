@@ -2,13 +2,20 @@
 
 #include "qxVariantSet.h"
 #include "qxVariants.h"
+#include "qxVariantsModel.h"
 
+#include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAbstractSpinBox>
+#include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QKeySequenceEdit>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+
+#include <algorithm>
 
 namespace {
 
@@ -21,12 +28,58 @@ bool isTyping()
         || qobject_cast<const QAbstractSpinBox *>(focus);
 }
 
+struct Combination {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+};
+
+/// Whether the key operates the focused widget, which people without a mouse depend on.
+bool isOperating(const Combination &pressed)
+{
+    static const int keys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab,
+                               Qt::Key_Up,    Qt::Key_Down,   Qt::Key_Left,  Qt::Key_Right};
+    const QWidget *const focus = QApplication::focusWidget();
+    const bool isOperated = qobject_cast<const QAbstractItemView *>(focus)
+        || qobject_cast<const QAbstractButton *>(focus) || qobject_cast<const QComboBox *>(focus);
+    return isOperated && !pressed.modifiers
+        && std::find(std::begin(keys), std::end(keys), pressed.key) != std::end(keys);
+}
+
 /// The first set with that key; there may be thousands, but a key is not pressed that often.
-QString setWith(int key, Qt::KeyboardModifiers modifiers)
+const qxVariantSet *setWith(const Combination &pressed)
 {
     for (const qxVariantSet *set : qxVariants::_variantSets) {
-        if (set->key > 0 && set->key == key && set->modifiers == modifiers)
-            return set->name;
+        if (set->key > 0 && set->key == pressed.key && set->modifiers == pressed.modifiers)
+            return set;
+    }
+    return nullptr;
+}
+
+struct Option {
+    int kind = -1; ///< -1 for none
+    QString variant;
+    QString name;
+};
+
+Option optionWith(const Combination &pressed)
+{
+    Option found;
+    qxVariantsModel::visit([&](int kind, const qxVariant &variant) {
+        for (const qxVariantOption &option : variant.options) {
+            if (found.kind < 0 && option.key > 0 && option.key == pressed.key
+                && option.modifiers == pressed.modifiers)
+                found = {kind, variant.name, option.name};
+        }
+    });
+    return found;
+}
+
+/// The window's action with that key, as a menu shows it; empty for none.
+QString actionWith(const QKeySequence &key, const QWidget &window)
+{
+    for (const QAction *action : window.findChildren<QAction *>()) {
+        if (action->shortcuts().contains(key))
+            return QString(action->text()).remove('&');
     }
     return QString();
 }
@@ -47,13 +100,42 @@ bool qxSetHotkeys::eventFilter(QObject *watched, QEvent *event)
     if (!watched->isWidgetType() || static_cast<QWidget *>(watched)->window() != m_place->window())
         return false;
     const auto *const key = static_cast<QKeyEvent *>(event);
-    if (isTyping())
+    const Combination pressedKey{key->key(), key->modifiers() & ~Qt::KeypadModifier};
+    if (isTyping() || isOperating(pressedKey))
         return false;
-    const QString set = setWith(key->key(), key->modifiers() & ~Qt::KeypadModifier);
-    if (set.isEmpty())
+    const qxVariantSet *const set = setWith(pressedKey);
+    const Option option = set ? Option() : optionWith(pressedKey);
+    if (!set && option.kind < 0)
         return false;
     event->accept();
-    if (!isOverride && !key->isAutoRepeat())
-        emit pressed(set);
+    if (isOverride || key->isAutoRepeat())
+        return true;
+    if (set)
+        emit pressed(set->name);
+    else
+        emit optionPressed(option.kind, option.variant, option.name);
     return true;
+}
+
+QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const QWidget &window)
+{
+    if (set.key <= 0)
+        return QString();
+    QStringList lines;
+    const Combination own{set.key, set.modifiers};
+    for (const qxVariantSet *other : qxVariants::_variantSets) {
+        if (other->name != set.name && other->key == set.key && other->modifiers == set.modifiers) {
+            lines << tr("\"%1\" has this key as well; it selects \"%2\".")
+                         .arg(other->name, setWith(own)->name);
+            break;
+        }
+    }
+    const Option option = optionWith(own);
+    if (option.kind >= 0)
+        lines << tr("The option \"%1\" of \"%2\" has this key as well; it selects the set.")
+                     .arg(option.name, option.variant);
+    const QString action = actionWith(QKeySequence(set.key | int(set.modifiers)), window);
+    if (!action.isEmpty())
+        lines << tr("\"%1\" has this key as well; it selects the set.").arg(action);
+    return lines.join('\n');
 }

@@ -51,15 +51,14 @@ Groups visibleGroups()
     return groups;
 }
 
-/// The first object from `row` on that stays where it is; null for the end.
+/// The first object from `before` on that stays where it is; null for the end.
 template <class T>
-T *stayingFrom(const std::vector<T *> &objects, int row, const std::vector<T *> &moved)
+T *stayingFrom(const std::vector<T *> &objects, const T *before, const std::vector<T *> &moved)
 {
-    for (std::size_t place = std::size_t(unsigned(row)); place < objects.size(); ++place) {
-        if (!contains(moved, objects[place]))
-            return objects[place];
-    }
-    return nullptr;
+    const auto stays = [&moved](const T *object) { return !contains(moved, object); };
+    const auto first = std::find(objects.begin(), objects.end(), before);
+    const auto found = std::find_if(first, objects.end(), stays);
+    return found == objects.end() ? nullptr : *found;
 }
 
 /// The objects with the moved ones before `next`.
@@ -177,14 +176,15 @@ void push(QUndoStack &stack, std::vector<qxGroupsMove::Part> parts, const QStrin
 
 } // namespace
 
-void qxSetEdits::moveSets(const QStringList &sets, const QString &group, int row)
+void qxSetEdits::moveSets(const QStringList &sets, const QString &group, const QString &before)
 {
     const qxVariantGroup *const target = qxVariants::findVariantGroup(group);
     const Sets moved = setsNamed(sets);
     if (moved.empty() || (!target && !group.isEmpty()))
         return;
     const Sets siblings = siblingsIn(target);
-    const qxVariantSet *const next = stayingFrom(siblings, row, moved);
+    const qxVariantSet *const next =
+        stayingFrom<qxVariantSet>(siblings, qxVariants::findVariantSet(before), moved);
     const Sets order = movedBefore(siblings, next, moved);
     if (order == siblings)
         return;
@@ -212,7 +212,7 @@ void qxSetEdits::shiftSets(const QStringList &sets, bool down)
     push(m_stack, std::move(parts), chosen);
 }
 
-void qxSetEdits::moveGroups(const QStringList &groups, int row)
+void qxSetEdits::moveGroups(const QStringList &groups, const QString &before)
 {
     Groups moved;
     for (const QString &name : groups) {
@@ -220,7 +220,8 @@ void qxSetEdits::moveGroups(const QStringList &groups, int row)
             moved.push_back(group);
     }
     const Groups shown = visibleGroups();
-    const qxVariantGroup *const next = stayingFrom(shown, row, moved);
+    const qxVariantGroup *const next =
+        stayingFrom<qxVariantGroup>(shown, qxVariants::findVariantGroup(before), moved);
     if (moved.empty() || movedBefore(shown, next, moved) == shown)
         return;
     push(m_stack, movesTo(movedBefore(allOf(qxVariants::_variantGroups), next, moved)),

@@ -7,11 +7,12 @@
 #include "qxKeyText.h"
 #include "qxPanelEvents.h"
 #include "qxSetEdits.h"
-#include "qxSetPlace.h"
 
 #include <QDataStream>
 #include <QMimeData>
 #include <QPixmapCache>
+
+#include <algorithm>
 
 namespace {
 
@@ -40,15 +41,9 @@ bool refersToAnything(const qxVariantSet &set)
         || !set.animations.empty();
 }
 
-QString toolTip(const qxVariantSet &set)
+bool isUnused(qxVariantSet &set)
 {
-    QStringList lines(set.name);
-    if (!set.comment.isEmpty())
-        lines << set.comment;
-    lines << qxSetsModel::tr("%n states", nullptr, stateCount(set));
-    if (!set.hotkey.isEmpty())
-        lines << qxSetsModel::tr("Key: %1").arg(qxKeyText::shown(set.hotkey));
-    return lines.join('\n');
+    return refersToAnything(set) && !set.isUsed();
 }
 
 } // namespace
@@ -115,29 +110,29 @@ QVariant qxSetsModel::data(const QModelIndex &index, int role) const
     if (role == IsGroupRole)
         return row->isGroup;
     if (const qxVariantGroup *const group = groupAt(index))
-        return groupData(*row, *group, role);
+        return groupData(*group, role);
     if (qxVariantSet *const set = setAt(index))
-        return setDataOf(*row, *set, role);
+        return setDataOf(*set, role);
     return QVariant();
 }
 
-QVariant qxSetsModel::groupData(const Row &row, const qxVariantGroup &group, int role) const
+QVariant qxSetsModel::groupData(const qxVariantGroup &group, int role)
 {
     switch (role) {
     case CommentRole:
     case Qt::ToolTipRole:
         return group.comment;
     case CountRole:
-        return int(row.children.size());
+        return int(group.sets.size());
     case EmptyRole:
-        return row.children.empty();
+        return group.sets.empty();
     default:
         return QVariant();
     }
 }
 
 // A list, not a procedure.
-QVariant qxSetsModel::setDataOf(const Row &row, qxVariantSet &set, int role) const
+QVariant qxSetsModel::setDataOf(qxVariantSet &set, int role) const
 {
     switch (role) {
     case HotkeyRole:
@@ -151,17 +146,32 @@ QVariant qxSetsModel::setDataOf(const Row &row, qxVariantSet &set, int role) con
     case EmptyRole:
         return set.isEmpty();
     case UnusedRole:
-        return refersToAnything(set) && !set.isUsed();
+        return isUnused(set);
     case CurrentRole:
         return m_match.matches(set);
-    case SearchRole:
-        return QString(row.name + '\n' + set.comment + '\n' + qxKeyText::shown(set.hotkey) + '\n'
-                       + (set.group ? QString(set.group->name) : QString()));
     case Qt::ToolTipRole:
         return toolTip(set);
     default:
         return QVariant();
     }
+}
+
+/// Explains what the row shows by marks, too.
+QString qxSetsModel::toolTip(qxVariantSet &set) const
+{
+    QStringList lines(set.name);
+    if (!set.comment.isEmpty())
+        lines << set.comment;
+    lines << tr("%n states", nullptr, stateCount(set));
+    if (!set.hotkey.isEmpty())
+        lines << tr("Key: %1").arg(qxKeyText::shown(set.hotkey));
+    if (m_match.matches(set))
+        lines << tr("The scene shows it now.");
+    if (set.isEmpty())
+        lines << tr("It is empty: selecting it changes nothing.");
+    else if (isUnused(set))
+        lines << tr("Nothing of what it refers to is in the scene.");
+    return lines.join('\n');
 }
 
 QPixmap qxSetsModel::previewOf(const qxVariantSet &set) const
@@ -238,11 +248,12 @@ bool qxSetsModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int
     if (!canDropMimeData(data, action, row, column, parent))
         return false;
     if (data->hasFormat(groupNamesType)) {
-        m_edits->moveGroups(namesIn(*data, groupNamesType), row);
+        m_edits->moveGroups(namesIn(*data, groupNamesType),
+                            row < m_firstAlone ? nameIn(m_top, row) : QString());
         return false;
     }
     const Target target = targetOf(row, parent);
-    m_edits->moveSets(namesIn(*data, setNamesType), target.group, target.row);
+    m_edits->moveSets(namesIn(*data, setNamesType), target.group, target.before);
     return false; // The move is done: the view must not remove the rows.
 }
 
@@ -252,19 +263,49 @@ qxSetsModel::Target qxSetsModel::targetOf(int row, const QModelIndex &parent) co
 {
     const Row *const above = rowAt(parent);
     if (above && above->isGroup)
-        return {above->name, row};
+        return {above->name, nameIn(above->children, row)};
     const int place = above ? above->row : row;
     if (place < 0 || place >= int(m_top.size()))
-        return {QString(), -1};
-    if (place >= m_firstAlone)
-        return {QString(), place - m_firstAlone};
+        return Target();
     const Row &next = m_rows[std::size_t(m_top[std::size_t(place)])];
     if (next.isGroup && place > 0)
-        return {index(place - 1, 0, QModelIndex()).data().toString(), -1};
+        return {nameIn(m_top, place - 1), QString()};
     if (next.isGroup)
-        return {next.name, 0};
+        return {next.name, nameIn(next.children, 0)};
     const qxVariantSet *const set = qxVariants::findVariantSet(next.name);
-    return set ? Target{qxSetPlace::of(*set).group, qxSetPlace::of(*set).row} : Target();
+    return {set && set->group ? QString(set->group->name) : QString(), next.name};
+}
+
+/// The name of that row; empty past the end.
+QString qxSetsModel::nameIn(const std::vector<int> &places, int row) const
+{
+    const bool isThere = row >= 0 && row < int(places.size());
+    return isThere ? m_rows[std::size_t(places[std::size_t(row)])].name : QString();
+}
+
+void qxSetsModel::setSearch(const QString &text)
+{
+    const QStringList words = text.simplified().split(' ', Qt::SkipEmptyParts);
+    if (words == m_words)
+        return;
+    m_words = words;
+    refresh();
+}
+
+bool qxSetsModel::isFound(const QString &text) const
+{
+    return std::all_of(m_words.begin(), m_words.end(), [&text](const QString &word) {
+        return text.contains(word, Qt::CaseInsensitive);
+    });
+}
+
+bool qxSetsModel::isFound(const qxVariantSet &set) const
+{
+    if (m_words.isEmpty())
+        return true;
+    const QChar end('\n'); // No word goes across.
+    return isFound(set.name + end + set.comment + end + qxKeyText::shown(set.hotkey) + end
+                   + (set.group ? QString(set.group->name) : QString()));
 }
 
 void qxSetsModel::refresh()
@@ -301,17 +342,26 @@ void qxSetsModel::readRows()
     m_rows.clear();
     m_top.clear();
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
-        if (!group->visible)
-            continue;
-        const int place = m_shape == Tree ? appendRow(group, group->name, true, -1) : -1;
-        for (const qxVariantSet *set : group->sets)
-            appendRow(set, set->name, false, place);
+        if (group->visible)
+            readGroup(*group);
     }
     m_firstAlone = int(m_top.size());
     for (const qxVariantSet *set : qxVariants::_variantSets) {
-        if (!set->group)
+        if (!set->group && isFound(*set))
             appendRow(set, set->name, false, -1);
     }
+}
+
+void qxSetsModel::readGroup(const qxVariantGroup &group)
+{
+    std::vector<const qxVariantSet *> found;
+    std::copy_if(group.sets.begin(), group.sets.end(), std::back_inserter(found),
+                 [this](const qxVariantSet *set) { return isFound(*set); });
+    int place = -1;
+    if (m_shape == Tree && (!found.empty() || isFound(group.name)))
+        place = appendRow(&group, group.name, true, -1);
+    for (const qxVariantSet *set : found)
+        appendRow(set, set->name, false, place);
 }
 
 int qxSetsModel::appendRow(const void *object, const QString &name, bool isGroup, int parent)

@@ -32,11 +32,14 @@ public:
         CountRole, ///< int: states of a set, sets of a group
         EmptyRole, ///< bool: the set would do nothing, the group has no sets
         UnusedRole, ///< bool: the set refers to something, but nothing of it exists
-        CurrentRole, ///< bool: the scene shows the set now
-        SearchRole ///< QString: what the search box looks in
+        CurrentRole ///< bool: the scene shows the set now
     };
 
     qxSetsModel(Shape shape, qxPanelEvents *events, qxSetEdits *edits, QObject *parent = nullptr);
+
+    /// Leaves the sets, with their groups, that have every word in the name, the comment, the key
+    /// or the name of the group, in any case; and groups that have them in their own name.
+    void setSearch(const QString &text);
 
     /// The set or group of a row, null for the other of the two and for one that is gone.
     qxVariantSet *setAt(const QModelIndex &index) const;
@@ -72,26 +75,32 @@ private:
     };
     typedef std::vector<Row> Rows;
 
-    /// Where dragged sets go to: before a row of a group, or of the sets in none.
+    /// Where dragged sets go to.
     struct Target {
-        QString group;
-        int row = -1;
+        QString group; ///< empty for none
+        QString before; ///< a set there; empty for the end
     };
 
     Target targetOf(int row, const QModelIndex &parent) const;
+    QString nameIn(const std::vector<int> &places, int row) const;
+    bool isFound(const QString &text) const;
+    bool isFound(const qxVariantSet &set) const;
     void refresh();
     void refreshStates();
     void readRows();
+    void readGroup(const qxVariantGroup &group);
     int appendRow(const void *object, const QString &name, bool isGroup, int parent);
     void keepPersistentIndexes(const Rows &before);
     const Row *rowAt(const QModelIndex &index) const;
     QModelIndex indexOfRow(int place) const;
     void rowsShowAnew();
-    QVariant groupData(const Row &row, const qxVariantGroup &group, int role) const;
-    QVariant setDataOf(const Row &row, qxVariantSet &set, int role) const;
+    static QVariant groupData(const qxVariantGroup &group, int role);
+    QVariant setDataOf(qxVariantSet &set, int role) const;
+    QString toolTip(qxVariantSet &set) const;
     QPixmap previewOf(const qxVariantSet &set) const;
 
     Shape m_shape;
+    QStringList m_words; ///< of the search
     qxSetEdits *m_edits;
     Rows m_rows;
     std::vector<int> m_top;

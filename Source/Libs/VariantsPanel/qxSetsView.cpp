@@ -4,12 +4,12 @@
 #include "qxVariants.h"
 
 #include "qxSetDelegate.h"
-#include "qxSetsFilter.h"
 #include "qxSetsModel.h"
 
 #include <QEvent>
 #include <QLabel>
 #include <QListView>
+#include <QSignalBlocker>
 #include <QTreeView>
 
 #include <algorithm>
@@ -59,38 +59,42 @@ qxSetsView::qxSetsView(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent
     m_note->setWordWrap(true);
     m_note->setMargin(24);
     m_note->setAttribute(Qt::WA_TransparentForMouseEvents);
-    for (const Face &each : m_faces) {
-        for (const auto changed :
-             {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-            connect(each.filter, changed, this, &qxSetsView::showNote);
-        connect(each.filter, &QAbstractItemModel::layoutChanged, this, &qxSetsView::showNote);
-    }
+    for (const Face &each : m_faces)
+        connect(each.model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::showNote);
     connect(this, &QStackedWidget::currentChanged, this, &qxSetsView::showNote);
     showNote();
-    const Face &list = m_faces[List];
-    expandNewGroups();
-    connect(list.model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::expandNewGroups);
+    auto *const tree = static_cast<QTreeView *>(m_faces[List].view);
+    openGroups();
+    connect(m_faces[List].model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::openGroups);
+    connect(tree, &QTreeView::expanded, this,
+            [this](const QModelIndex &group) { noteOpen(group, true); });
+    connect(tree, &QTreeView::collapsed, this,
+            [this](const QModelIndex &group) { noteOpen(group, false); });
 }
 
-/// Groups are open at first; what the user closed stays closed.
-void qxSetsView::expandNewGroups()
+/// Groups are open until the user closes them. A search opens those that it leaves, for a while.
+void qxSetsView::openGroups()
 {
     auto *const tree = static_cast<QTreeView *>(m_faces[List].view);
-    QSet<QString> groups;
-    for (const qxVariantGroup *group : qxVariants::_variantGroups) {
-        groups.insert(group->name);
-        const QModelIndex index = m_faces[List].model->indexOfGroup(group->name);
-        if (!m_knownGroups.contains(group->name))
-            tree->expand(m_faces[List].filter->mapFromSource(index));
-    }
-    m_knownGroups = groups;
+    const QSignalBlocker quiet(tree); // This is not the user.
+    for (const qxVariantGroup *group : qxVariants::_variantGroups)
+        tree->setExpanded(m_faces[List].model->indexOfGroup(group->name),
+                          !m_search.isEmpty() || !m_closedGroups.contains(group->name));
+}
+
+void qxSetsView::noteOpen(const QModelIndex &group, bool isOpen)
+{
+    if (!m_search.isEmpty())
+        return;
+    if (isOpen)
+        m_closedGroups.remove(group.data().toString());
+    else
+        m_closedGroups.insert(group.data().toString());
 }
 
 qxSetsView::Face qxSetsView::makeFace(QAbstractItemView *view, qxSetsModel *model)
 {
-    auto *const filter = new qxSetsFilter(this);
-    filter->setSourceModel(model);
-    view->setModel(filter);
+    view->setModel(model);
     view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     view->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
     view->setDragDropMode(QAbstractItemView::InternalMove);
@@ -109,14 +113,16 @@ qxSetsView::Face qxSetsView::makeFace(QAbstractItemView *view, qxSetsModel *mode
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &qxSetsView::selectionChanged);
     connect(model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::currentChanged);
+    connect(model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::searched);
     addWidget(view);
-    return {model, filter, view};
+    return {model, view};
 }
 
 void qxSetsView::setForm(Form form)
 {
     const QString set = currentSet();
     setCurrentIndex(form);
+    search();
     showSet(set);
 }
 
@@ -125,7 +131,7 @@ void qxSetsView::showNote()
     m_note->setText(m_search.isEmpty()
                         ? tr("No sets yet: \"Capture...\" makes one of what the scene shows.")
                         : tr("Nothing has \"%1\" in it.").arg(m_search));
-    m_note->setVisible(face().filter->rowCount() == 0);
+    m_note->setVisible(face().model->rowCount(QModelIndex()) == 0);
     m_note->raise();
 }
 
@@ -144,12 +150,27 @@ void qxSetsView::changeEvent(QEvent *event)
 
 void qxSetsView::setSearch(const QString &text)
 {
-    m_search = text.trimmed();
-    for (const Face &each : m_faces)
-        each.filter->setSearch(text);
-    if (!text.trimmed().isEmpty())
-        static_cast<QTreeView *>(m_faces[List].view)->expandAll();
-    showNote();
+    m_search = text.simplified();
+    search();
+}
+
+/// Only what is shown: the other form searches when it is.
+void qxSetsView::search()
+{
+    face().model->setSearch(m_search);
+}
+
+int qxSetsView::foundCount() const
+{
+    if (m_search.isEmpty())
+        return -1;
+    const QAbstractItemModel &rows = *face().model;
+    int count = 0;
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        const QModelIndex index = rows.index(row, 0);
+        count += index.data(qxSetsModel::IsGroupRole).toBool() ? rows.rowCount(index) : 1;
+    }
+    return count;
 }
 
 QStringList qxSetsView::selected(bool groups) const
@@ -205,7 +226,7 @@ void qxSetsView::selectSets(const QStringList &names)
         return;
     showSet(names.first());
     for (const QString &name : names) {
-        const QModelIndex index = face().filter->mapFromSource(face().model->indexOfSet(name));
+        const QModelIndex index = face().model->indexOfSet(name);
         face().view->selectionModel()->select(index, QItemSelectionModel::Select);
     }
 }
@@ -215,9 +236,8 @@ void qxSetsView::showGroup(const QString &name)
     setCurrent(face().model->indexOfGroup(name));
 }
 
-void qxSetsView::setCurrent(const QModelIndex &sourceIndex)
+void qxSetsView::setCurrent(const QModelIndex &index)
 {
-    const QModelIndex index = face().filter->mapFromSource(sourceIndex);
     if (!index.isValid())
         return;
     face().view->setCurrentIndex(index);

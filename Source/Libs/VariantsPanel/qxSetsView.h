@@ -5,10 +5,8 @@
 
 class QAbstractItemView;
 class QLabel;
-class QSortFilterProxyModel;
 class qxPanelEvents;
 class qxSetEdits;
-class qxSetsFilter;
 class qxSetsModel;
 
 /// The sets as a list by groups or as a gallery of their previews; both show and select the same.
@@ -23,6 +21,8 @@ public:
     Form form() const { return Form(currentIndex()); }
     void setForm(Form form);
     void setSearch(const QString &text);
+    /// How many sets the search leaves; -1 without a search.
+    int foundCount() const;
 
     /// The selected sets in the order of the view.
     QStringList selectedSets() const { return selected(false); }
@@ -48,27 +48,30 @@ signals:
     /// Another set or group is under the cursor, or it has another name.
     void currentChanged();
     void selectionChanged();
+    /// foundCount may be another.
+    void searched();
     void menuRequested(const QPoint &globalPosition);
 
 private:
-    /// One form: a model, what the search box leaves of it, and the view.
+    /// One form: a model and its view.
     struct Face {
         qxSetsModel *model;
-        qxSetsFilter *filter;
         QAbstractItemView *view;
     };
 
     Face makeFace(QAbstractItemView *view, qxSetsModel *model);
     const Face &face() const { return m_faces[currentIndex()]; }
     QStringList selected(bool groups) const;
+    void search();
     QModelIndex current() const;
-    void setCurrent(const QModelIndex &sourceIndex);
+    void setCurrent(const QModelIndex &index);
 
-    void expandNewGroups();
+    void openGroups();
+    void noteOpen(const QModelIndex &group, bool isOpen);
     void showNote();
 
     Face m_faces[2];
-    QSet<QString> m_knownGroups;
+    QSet<QString> m_closedGroups;
     QString m_search;
     QLabel *m_note; ///< in the place of sets where there are none
 };

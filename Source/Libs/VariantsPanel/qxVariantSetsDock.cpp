@@ -3,6 +3,7 @@
 #include "qxVariantGroup.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
+#include "qxVariantsModel.h"
 
 #include "qxPanelEvents.h"
 #include "qxSetCapture.h"
@@ -15,11 +16,13 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QToolButton>
+#include <QUndoStack>
 #include <QVBoxLayout>
 
 qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
@@ -37,6 +40,9 @@ qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     connect(m_events, &qxPanelEvents::setSelected, m_view, &qxSetsView::showSet);
     auto *const hotkeys = new qxSetHotkeys(this);
     connect(hotkeys, &qxSetHotkeys::pressed, this, &qxVariantSetsDock::selectSet);
+    connect(hotkeys, &qxSetHotkeys::optionPressed, this, &qxVariantSetsDock::selectOption);
+    // Steps hold parts of the scene.
+    connect(m_events, &qxPanelEvents::aboutToForget, undoStack(), &QUndoStack::clear);
     followCurrent();
 }
 
@@ -57,6 +63,7 @@ void qxVariantSetsDock::retranslate()
     m_capture->setToolTip(tr("Make a set of what the scene shows now"));
     for (int number = 0; number < m_actions.size(); ++number)
         m_actions[number]->setText(tr(m_texts[number]));
+    showFound();
 }
 
 QUndoStack *qxVariantSetsDock::undoStack() const
@@ -79,6 +86,11 @@ void qxVariantSetsDock::buildContents()
     auto *const layout = new QVBoxLayout(contents);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(buildTopLine());
+    m_found = new QLabel;
+    m_found->setObjectName(QStringLiteral("found"));
+    m_found->setMargin(4);
+    m_found->setTextFormat(Qt::PlainText);
+    layout->addWidget(m_found);
     layout->addWidget(splitter, 1);
     setWidget(contents);
 }
@@ -92,6 +104,7 @@ QWidget *qxVariantSetsDock::buildTopLine()
     m_search->setObjectName(QStringLiteral("search"));
     m_search->setClearButtonEnabled(true);
     connect(m_search, &QLineEdit::textChanged, m_view, &qxSetsView::setSearch);
+    connect(m_view, &qxSetsView::searched, this, &qxVariantSetsDock::showFound);
     m_gallery = new QToolButton;
     m_gallery->setObjectName(QStringLiteral("gallery"));
     m_gallery->setCheckable(true);
@@ -155,7 +168,7 @@ void qxVariantSetsDock::askWhereTo()
     menu.setObjectName(QStringLiteral("groups"));
     const auto addTarget = [&](const QString &text, const QString &group) {
         connect(menu.addAction(text), &QAction::triggered, this,
-                [this, group] { m_edits->moveSets(m_view->selectedSets(), group, -1); });
+                [this, group] { m_edits->moveSets(m_view->selectedSets(), group, QString()); });
     };
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
         if (group->visible)
@@ -166,9 +179,19 @@ void qxVariantSetsDock::askWhereTo()
     menu.exec(m_view->placeOfCurrent());
 }
 
+void qxVariantSetsDock::showFound()
+{
+    const int found = m_view->foundCount();
+    m_found->setVisible(found > 0); // The view itself says that there is none.
+    m_found->setText(tr("%n sets found", nullptr, found));
+}
+
 void qxVariantSetsDock::followCurrent()
 {
-    m_form->showSet(m_view->currentSet());
+    if (m_view->currentSet().isEmpty() && !m_view->currentGroup().isEmpty())
+        m_form->showGroup(m_view->currentGroup());
+    else
+        m_form->showSet(m_view->currentSet());
     for (QAction *action : m_ofSets)
         action->setEnabled(!m_view->currentSet().isEmpty());
     followSelection();
@@ -183,6 +206,13 @@ void qxVariantSetsDock::selectSet(const QString &name)
 {
     emit aboutToSelect();
     qxVariants::selectVariantSet(name.toUtf8().constData(), false);
+}
+
+void qxVariantSetsDock::selectOption(int kind, const QString &variant, const QString &option)
+{
+    emit aboutToSelect();
+    if (qxVariant *found = qxVariantsModel::find(kind, variant))
+        found->onSelect(option);
 }
 
 void qxVariantSetsDock::selectCurrent()

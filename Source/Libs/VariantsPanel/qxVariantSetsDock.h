@@ -3,6 +3,7 @@
 #include <QDockWidget>
 
 class QAction;
+class QLabel;
 class QLineEdit;
 class QToolButton;
 class QUndoStack;
@@ -45,9 +46,11 @@ private:
     QAction *addAction(const char *text, const QKeySequence &key, void (qxVariantSetsDock::*run)());
     QWidget *buildTopLine();
     void showMenu(const QPoint &globalPosition);
+    void showFound();
     void followCurrent();
     void followSelection();
 
+    void selectOption(int kind, const QString &variant, const QString &option);
     void selectCurrent();
     void addSet();
     void addGroup();
@@ -70,6 +73,7 @@ private:
     qxSetsView *m_view;
     qxSetForm *m_form;
     QLineEdit *m_search;
+    QLabel *m_found; ///< how many sets the search leaves
     QToolButton *m_gallery;
     QToolButton *m_capture;
     QList<QAction *> m_actions;

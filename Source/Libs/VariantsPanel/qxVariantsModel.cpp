@@ -42,7 +42,7 @@ struct Above {
 };
 
 template <class List, class Each>
-void visit(const List &list, const Each &each)
+void visitList(const List &list, const Each &each)
 {
     for (const auto *variant : list)
         each(*variant);
@@ -53,15 +53,15 @@ void visitKind(int kind, const Each &each)
 {
     switch (kind) {
     case qxVariantsModel::Node:
-        return visit(qxVariants::_nodeVariants, each);
+        return visitList(qxVariants::_nodeVariants, each);
     case qxVariantsModel::Material:
-        return visit(qxVariants::_materialVariants, each);
+        return visitList(qxVariants::_materialVariants, each);
     case qxVariantsModel::Light:
-        return visit(qxVariants::_lightVariants, each);
+        return visitList(qxVariants::_lightVariants, each);
     case qxVariantsModel::Overlay:
-        return visit(qxVariants::_overlayVariants, each);
+        return visitList(qxVariants::_overlayVariants, each);
     default:
-        return visit(qxVariants::_transformVariants, each);
+        return visitList(qxVariants::_transformVariants, each);
     }
 }
 
@@ -89,6 +89,12 @@ qxVariantsModel::qxVariantsModel(qxPanelEvents *events, QObject *parent)
     connect(events, &qxPanelEvents::variantsChanged, this, &qxVariantsModel::refresh);
     connect(events, &qxPanelEvents::statesChanged, this, &qxVariantsModel::refreshStates);
     refresh();
+}
+
+void qxVariantsModel::visit(const std::function<void(int kind, const qxVariant &variant)> &each)
+{
+    for (int kind = 0; kind < KindCount; ++kind)
+        visitKind(kind, [&](const qxVariant &variant) { each(kind, variant); });
 }
 
 qxVariant *qxVariantsModel::find(int kind, const QString &name)

@@ -3,6 +3,7 @@
 #include <QAbstractItemModel>
 #include <QHash>
 
+#include <functional>
 #include <vector>
 
 class qxPanelEvents;
@@ -22,6 +23,11 @@ public:
     };
 
     explicit qxVariantsModel(qxPanelEvents *events, QObject *parent = nullptr);
+
+    /// Visits all variants, kind by kind.
+    static void visit(const std::function<void(int kind, const qxVariant &variant)> &each);
+    /// Null when there is none of that name.
+    static qxVariant *find(int kind, const QString &name);
 
     /// The variant of a row or of the row above it; null for a kind and for one that is gone.
     qxVariant *variantAt(const QModelIndex &index) const;
@@ -70,7 +76,6 @@ private:
     QVariant variantData(int kind, const Variant &variant, int column, int role) const;
     QVariant optionData(int kind, const Variant &variant, int row, const QModelIndex &index,
                         int role) const;
-    static qxVariant *find(int kind, const QString &name);
 
     std::vector<Variant> m_kinds[KindCount];
     QHash<QString, int> m_rows[KindCount]; ///< of the variants, by name
