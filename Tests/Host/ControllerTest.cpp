@@ -1,4 +1,3 @@
-#include "Core/qxRenderRequests.h"
 #include "qxController.h"
 #include "qxMessage.h"
 
@@ -123,21 +122,6 @@ TEST_F(ControllerTest, CallsMayNestAndEndAfterAnException)
     heard.clear();
     EXPECT_NO_THROW(qxController::call("event", 1));
     EXPECT_EQ(heard.size(), 4u);
-}
-
-TEST_F(ControllerTest, RenderRequestsAreCountedAndHeard)
-{
-    const int before = qxRenderRequests::count();
-    std::vector<bool> requests;
-    const int listener =
-        qxRenderRequests::addListener([&](bool everything) { requests.push_back(everything); });
-    qxController::updateRender(false);
-    qxController::updateRender(true);
-    qxRenderRequests::removeListener(listener);
-    qxController::updateRender(true);
-
-    EXPECT_EQ(requests, (std::vector<bool>{false, true}));
-    EXPECT_EQ(qxRenderRequests::count(), before + 3);
 }
 
 TEST(MessageTest, AnEntryKeepsItsPlaceAndIsReplacedOnlyOnDemand)

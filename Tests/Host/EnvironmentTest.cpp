@@ -50,14 +50,6 @@ TEST_F(EnvironmentTest, StandsOutsideOfTheTreeAndIsFoundByNameBehindIt)
     }
 }
 
-TEST_F(EnvironmentTest, GoesWithTheScene)
-{
-    scene.addEnvironments("Environments", {"Studio"});
-    host.clearScene();
-    EXPECT_EQ(qxScenegraph::environmentGeometrySwitch(), osg::NullFC);
-    EXPECT_EQ(qxScenegraph::findNode("Studio"), osg::NullFC);
-}
-
 TEST_F(EnvironmentTest, UsersOfAMaterialAreFoundInItAsSoonAsItIsThere)
 {
     const TestMaterial sky = scene.addMaterial("Sky");

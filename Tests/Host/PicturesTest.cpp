@@ -217,13 +217,3 @@ TEST_F(PicturesTest, TheProgressOfAnExportCanBeSilencedAndEndIt)
     EXPECT_NE(writer.exportImageFast(), "");
     EXPECT_EQ(shares.size(), 2u);
 }
-
-TEST_F(PicturesTest, TheQualityOfRayTracingIsANumberOfSamplesOrTheBest)
-{
-    qxRaytracingUtils *const utils = qxRaytracingManager::getRaytracingUtils();
-    EXPECT_EQ(utils->getImageQuality(), 16);
-    for (const auto &pair : {std::pair<int, int>{-1, -1}, {64, 64}, {0, 1}, {-5, 1}}) {
-        utils->setImageQuality(pair.first);
-        EXPECT_EQ(utils->getImageQuality(), pair.second);
-    }
-}

@@ -3,8 +3,6 @@
 #include "qxController.h"
 
 #include <QString>
-#include <QStringList>
-#include <QVector>
 
 #include <ostream>
 #include <sstream>
@@ -15,45 +13,21 @@ std::string asText(const std::string &text)
 {
     return text;
 }
+
 std::string asText(const QString &text)
 {
     return text.toStdString();
 }
 
-template <class List>
-std::string listText(const List &list)
+template <class Text>
+bool addList(const boost::any &value, std::string &text)
 {
-    std::string text;
-    for (const auto &entry : list)
-        text += (text.empty() ? "" : ", ") + asText(entry);
-    return "[" + text + "]";
-}
-
-template <class T>
-bool renderText(const boost::any &value, std::string &text)
-{
-    if (const T *found = boost::any_cast<T>(&value))
-        text = asText(*found);
-    return value.type() == typeid(T);
-}
-
-template <class T>
-bool renderList(const boost::any &value, std::string &text)
-{
-    if (const T *found = boost::any_cast<T>(&value))
-        text = listText(*found);
-    return value.type() == typeid(T);
-}
-
-template <class T>
-bool renderStreamed(const boost::any &value, std::string &text)
-{
-    const T *found = boost::any_cast<T>(&value);
-    if (!found)
+    const auto *const list = boost::any_cast<std::vector<Text>>(&value);
+    if (!list)
         return false;
-    std::ostringstream stream;
-    stream << std::boolalpha << *found;
-    text = stream.str();
+    for (const Text &entry : *list)
+        text += (text.empty() ? "" : ", ") + asText(entry);
+    text = "[" + text + "]";
     return true;
 }
 
@@ -61,18 +35,13 @@ bool renderStreamed(const boost::any &value, std::string &text)
 
 std::string textOf(const boost::any &value)
 {
-    std::string text;
-    const bool known = renderText<std::string>(value, text) || renderText<QString>(value, text)
-        || renderStreamed<bool>(value, text) || renderStreamed<int>(value, text)
-        || renderStreamed<unsigned int>(value, text) || renderStreamed<double>(value, text)
-        || renderStreamed<const char *>(value, text)
-        || renderList<std::vector<std::string>>(value, text)
-        || renderList<std::vector<QString>>(value, text) || renderList<QStringList>(value, text)
-        || renderList<QList<QString>>(value, text) || renderList<QVector<QString>>(value, text);
-    if (known)
-        return text;
+    if (const auto *const text = boost::any_cast<std::string>(&value))
+        return *text;
     if (void *const *object = boost::any_cast<void *>(&value))
         return addressOf(*object);
+    std::string list;
+    if (addList<std::string>(value, list) || addList<QString>(value, list))
+        return list;
     return std::string("<") + value.type().name() + ">";
 }
 

@@ -13,15 +13,15 @@ struct Notification {
     std::vector<std::string> keys() const;
     /// The field as text, see textOf; "(none)" when the message has no such field.
     std::string field(const std::string &key) const;
-    /// Name and fields in one line, such as: lightsChanged enabled=[Lamp] on=true
+    /// Name and fields in one line, such as: lightsChanged enabled=[Lamp] parent=Hall
     std::string text() const;
 };
 
 /// Names a failed expectation readably.
 void PrintTo(const Notification &notification, std::ostream *out);
 
-/// A message value as text: texts as they are, true and false, numbers, addresses as addressOf
-/// gives them, lists of texts as "[a, b]"; "<type>" for anything else.
+/// A message value as text: texts as they are, addresses as addressOf gives them, lists of texts as
+/// "[a, b]"; "<type>" for anything else.
 std::string textOf(const boost::any &value);
 /// The text under which an object's address appears in a field.
 std::string addressOf(const void *object);

@@ -300,16 +300,6 @@ TEST_F(RendererTest, WhatGoesWrongInAThreadIsThrownInTheCallingOne)
     EXPECT_THROW(qxForAllTiles(30000, 2, helperFails, [](int) { return true; }), std::bad_alloc);
 }
 
-TEST_F(RendererTest, ASizeOutOfRangeIsRefused)
-{
-    settings.width = 0;
-    expectError("A picture cannot have 0 by 48 pixels");
-    EXPECT_TRUE(renderer.render(settings).isEmpty());
-    settings.width = 1;
-    settings.height = 1;
-    EXPECT_EQ(renderer.render(settings).rgba.size(), 4u);
-}
-
 TEST_F(RendererTest, AViewWithoutACameraShowsAllOfTheScene)
 {
     qxMainView::the() = qxMainView();

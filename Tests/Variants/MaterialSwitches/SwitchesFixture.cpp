@@ -42,6 +42,13 @@ void SwitchesFixture::select(const QString &name)
     qxVariants::findVariantSet(name)->select(true, false);
 }
 
+void SwitchesFixture::expectShown(const QString &name, const std::vector<TestNode> &nodes,
+                                  const std::vector<std::string> &materials)
+{
+    select(name);
+    EXPECT_EQ(shownOn(nodes), materials) << "set " << name.toStdString();
+}
+
 QString SwitchesFixture::snapshot(const QString &set, const QString &path)
 {
     return qxVariants::findVariantSet(set)->materialSnapshots.value(path, "(none)");

@@ -17,6 +17,9 @@ protected:
     qxVariantSet *capture(const QString &name, Roots roots = {});
     /// Applies the set.
     void select(const QString &name);
+    /// Applies the set, which brings these materials back.
+    void expectShown(const QString &name, const std::vector<TestNode> &nodes,
+                     const std::vector<std::string> &materials);
     /// The set's snapshot entry for that path; "(none)" without one.
     static QString snapshot(const QString &set, const QString &path);
     /// What the set chooses in the material variant; "(none)" when nothing.
