@@ -175,7 +175,7 @@ void qxRenderGroup::finish()
 void qxRenderGroup::commit()
 {
     m_scene.reset(rtcNewScene(m_device));
-    rtcSetSceneFlags(m_scene.get(), RTC_SCENE_FLAG_NONE);
+    rtcSetSceneFlags(m_scene.get(), RTC_SCENE_FLAG_ROBUST);
     bool isEmpty = true;
     for (std::size_t i = 0; i < m_instances.size(); ++i) {
         if (!m_instances[i].embree)
