@@ -1,0 +1,103 @@
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "Pictures/qxMainGlView.h"
+#include "Window/qxSceneView.h"
+#include "WindowFixture.h"
+#include "qxOSGWidget.h"
+#include "qxRaytracingManager.h"
+
+#include <QAction>
+#include <QMouseEvent>
+#include <QProgressDialog>
+#include <QSignalSpy>
+#include <QTest>
+
+/// The picture of the scene, while a hand is on it and afterwards.
+class WindowViewTest : public WindowFixture {
+protected:
+    ~WindowViewTest() override
+    {
+        qxOSGWidget::setRaytracing(false);
+        qxRaytracingManager::getRaytracingUtils()->setImageQuality(16);
+    }
+
+    /// The picture once nothing more comes.
+    QImage finished()
+    {
+        EXPECT_TRUE(QTest::qWaitFor([] { return !qxMainGlView::the()->isRefining(); }, 20000));
+        return window->sceneView()->grab().toImage();
+    }
+
+    void drag(Qt::MouseButton button, const QPoint &way)
+    {
+        qxSceneView *const view = window->sceneView();
+        const QPoint start = view->rect().center();
+        QTest::mousePress(view, button, Qt::NoModifier, start);
+        for (int i = 1; i <= 4; ++i) {
+            QMouseEvent move(QEvent::MouseMove, start + way * i / 4, button, button,
+                             Qt::NoModifier);
+            QApplication::sendEvent(view, &move);
+        }
+        QTest::mouseRelease(view, button, Qt::NoModifier, start + way);
+    }
+};
+
+TEST_F(WindowViewTest, ThePictureFollowsHandAndKeysAndHomeLeadsBack)
+{
+    openDemo();
+    const QImage atHome = finished();
+    QImage before = atHome;
+    const auto changes = [&](const char *how) {
+        const QImage now = finished();
+        EXPECT_NE(now, before) << how;
+        before = now;
+    };
+    drag(Qt::LeftButton, QPoint(60, 10));
+    changes("turned");
+    drag(Qt::MiddleButton, QPoint(40, 0));
+    changes("moved");
+    drag(Qt::RightButton, QPoint(0, 50));
+    changes("zoomed");
+    QTest::keyClick(window->sceneView(), Qt::Key_Left);
+    changes("turned by a key");
+    QTest::keyClick(window->sceneView(), Qt::Key_Home);
+    EXPECT_EQ(finished(), atHome);
+}
+
+TEST_F(WindowViewTest, AStillPictureIsRefinedAndTheStatusLineTellsHowFarItIs)
+{
+    openDesk();
+    const QImage quick = finished();
+    qxRaytracingManager::getRaytracingUtils()->setImageQuality(4);
+    QSignalSpy texts(window->sceneView(), &qxSceneView::progressed);
+    action("Ray Tracing")->trigger();
+    EXPECT_NE(finished(), quick);
+    ASSERT_FALSE(texts.empty());
+    EXPECT_EQ(texts.first().first().toString(), "Refining: 0 %");
+    EXPECT_EQ(texts.last().first().toString(), "");
+    action("Ray Tracing")->trigger();
+    EXPECT_EQ(finished(), quick);
+}
+
+TEST_F(WindowViewTest, APreviewThatTakesLongCanBeCancelledAndTheOldOneStays)
+{
+    openDemo();
+    goTo("Stadtwagen");
+    qxVariantSet *const set = qxVariants::findVariantSet("Stadtwagen");
+    set->setPreview("old");
+    qxOSGWidget::setRaytracing(true);
+    bool isCancelled = false;
+    QTimer watch;
+    watch.callOnTimeout([&] {
+        auto *const dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        isCancelled = true;
+        dialog->cancel();
+    });
+    watch.start(1);
+    action("New Preview")->trigger();
+    EXPECT_TRUE(isCancelled);
+    EXPECT_EQ(set->getPreview(), "old");
+}
