@@ -18,6 +18,7 @@
 #include <QFileDialog>
 #include <QKeySequenceEdit>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
@@ -79,8 +80,12 @@ protected:
         set->hotkey = "Ctrl+Shift+Del";
         set->updateShortcut();
         set->defaultViewpoint = "Porch";
+        qxVariantSet *const rival = qxVariants::createVariantSet("Dusk", true, nullptr);
+        rival->hotkey = set->hotkey;
+        rival->updateShortcut();
         window->show();
         settle();
+        window->findChild<QLineEdit *>("search")->setText("D");
         list().setCurrentIndex(list().model()->index(0, 0));
         settle();
     }
@@ -133,7 +138,7 @@ TEST_F(LanguageTest, EveryTextFollowsTheLanguageAndComesBack)
     const ShownTexts german = textsIn(*window);
     for (const QString &text : progress)
         EXPECT_FALSE(catalogue.isEnglish(text)) << text.toStdString();
-    const QStringList names{"", "English", "Deutsch", "Desk: Ash"};
+    const QStringList names{"", "English", "Deutsch", "Desk: Ash", "D"};
     QStringList contexts;
     for (const QString &text : englishProgress)
         contexts += catalogue.contextsOf(text);
