@@ -386,16 +386,3 @@ TEST_F(SceneFileSaveTest, FailedWritesLeaveTheOldFilesWhole)
     save(path("car.gltf"));
     EXPECT_EQ(jsonOf(path("car.gltf"))["nodes"][1]["extras"]["qxSwitch"], -2);
 }
-
-TEST_F(SceneFileSaveTest, ASceneWithoutAFileIsSavedFromNothing)
-{
-    host.clearScene();
-    qxSceneFile fresh;
-    scene.addSwitch("Roofs", {"Soft", "Hard"}).choose(0);
-    fresh.setVariantsDocument("<VariantSets/>");
-    ASSERT_TRUE(fresh.save(path("fresh.glb"))) << fresh.errorString().toStdString();
-    load(path("fresh.glb"));
-    EXPECT_EQ(find("Roofs").choice(), 0);
-    EXPECT_EQ(find("Hard").node()->getParent(), find("Roofs").node());
-    EXPECT_EQ(file.variantsDocument(), "<VariantSets/>");
-}

@@ -109,8 +109,11 @@ TEST_F(Family, AClonedTreeSharesCoresAndLosesNamesADeepClonedOneCopiesBoth)
     EXPECT_EQ(sharing->getChild(1)->getTravMask(), 5u);
     EXPECT_EQ(getName(sharing->getChild(0)), nullptr);
 
+    SwitchPtr::dcast(child(0)->getCore())->setChoice(3);
     const NodeRefPtr clone(deepCloneTree(m_root));
-    EXPECT_NE(SwitchPtr::dcast(clone->getChild(0)->getCore()), NullFC);
+    const SwitchPtr core = SwitchPtr::dcast(clone->getChild(0)->getCore());
+    ASSERT_NE(core, NullFC);
+    EXPECT_EQ(core->getChoice(), 3);
     EXPECT_NE(clone->getChild(0)->getCore(), child(0)->getCore());
     EXPECT_EQ(clone->getChild(1)->getTravMask(), 5u);
     setName(clone.get(), "copy");
