@@ -1,51 +1,14 @@
-#include "qxNodeVariant.h"
-#include "qxVariantSetsDock.h"
-#include "qxVariantsDock.h"
+#include "DockFixture.h"
+#include "qxController.h"
 
-#include "PanelFixture.h"
-#include "qxSetsView.h"
-
+#include <QLabel>
 #include <QLineEdit>
-#include <QMainWindow>
+#include <QMenu>
 #include <QPlainTextEdit>
-#include <QTest>
+#include <QTimer>
 #include <QToolButton>
-#include <QTreeView>
-#include <QUndoStack>
 
-/// The docks in a window, used by hand.
-class DockTest : public PanelFixture {
-protected:
-    DockTest()
-    {
-        wheels.choose(0);
-        qxNodeVariant *const variant = qxVariants::createNodeVariant(wheels, true);
-        set("Red").add(variant, "Steel");
-        set("Blue").add(variant, "Alloy");
-        set("Blue").hotkey = "Ctrl+B";
-        set("Blue").updateShortcut();
-        window.addDockWidget(Qt::RightDockWidgetArea, &sets);
-        window.addDockWidget(Qt::LeftDockWidgetArea, &variants);
-        window.resize(900, 700);
-        window.show();
-        QApplication::setActiveWindow(&window);
-        settle();
-    }
-
-    QTreeView &list() { return *sets.findChild<QTreeView *>(); }
-    /// Puts the cursor on a set as a click does.
-    void click(const char *name)
-    {
-        sets.view()->showSet(name);
-        const QRect place = list().visualRect(list().currentIndex());
-        QTest::mouseClick(list().viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
-    }
-
-    TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"});
-    QMainWindow window;
-    qxVariantSetsDock sets{nullptr};
-    qxVariantsDock variants{nullptr};
-};
+class DockTest : public DockFixture {};
 
 TEST_F(DockTest, ADoubleClickEnterAndTheKeySelectASet)
 {
@@ -149,4 +112,83 @@ TEST_F(DockTest, AnOptionIsSelectedInTheSecondDockAndConnectedVariantsAreHighlig
     EXPECT_EQ(wheelsRow.sibling(0, 1).data().toString(), "Alloy");
     qxVariants::showConnectedVariants("Red");
     EXPECT_TRUE(tree.selectionModel()->isSelected(wheelsRow));
+}
+
+TEST_F(DockTest, TheKeyOfAnOptionSelectsItUnlessASetHasTheKey)
+{
+    click("Red");
+    qxVariantOption &option = *qxVariants::findNodeVariant("Wheels")->find("Alloy");
+    option.shortcut = "Ctrl+K";
+    option.updateShortcut();
+    QTest::keyClick(&list(), Qt::Key_K, Qt::ControlModifier);
+    EXPECT_EQ(wheels.choice(), 1);
+    set("Red").hotkey = "Ctrl+K";
+    set("Red").updateShortcut();
+    QTest::keyClick(&list(), Qt::Key_K, Qt::ControlModifier);
+    EXPECT_EQ(wheels.choice(), 0);
+}
+
+TEST_F(DockTest, SetsAndGroupsMoveByKeyAlone)
+{
+    const auto order = [this] {
+        settle();
+        return rows(*list().model()).join(',').toStdString();
+    };
+    click("Blue");
+    QTest::keyClick(&list(), Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(order(), "0 Outside,1 Blue,1 Red,0 Inside,1 Leather,0 Alone");
+    EXPECT_EQ(sets.view()->currentSet(), "Blue") << "the cursor goes along";
+    sets.view()->showGroup("Outside");
+    QTest::keyClick(&list(), Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(order(), "0 Inside,1 Leather,0 Outside,1 Blue,1 Red,0 Alone");
+
+    sets.view()->selectSets({"Red", "Alone"});
+    bool isAsked = false;
+    QTimer::singleShot(0, [&] {
+        auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        isAsked = true;
+        QTest::keyClick(menu, Qt::Key_Down); // "Inside"
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    QTest::keyClick(&list(), Qt::Key_M, Qt::ControlModifier);
+    EXPECT_TRUE(isAsked);
+    EXPECT_EQ(order(), "0 Inside,1 Leather,1 Red,1 Alone,0 Outside,1 Blue");
+
+    QApplication::setActiveWindow(&window); // which a menu without a window system does not do
+    sets.view()->showGroup("Inside");
+    QTest::keyClick(&list(), Qt::Key_Delete, Qt::ShiftModifier);
+    EXPECT_EQ(order(), "0 Outside,1 Blue");
+    for (int step = 0; step < 4; ++step)
+        sets.undoStack()->undo();
+    EXPECT_EQ(order(), "0 Outside,1 Red,1 Blue,0 Inside,1 Leather,0 Alone");
+}
+
+TEST_F(DockTest, TheSearchCountsWhatItLeavesAndClosedGroupsStayClosed)
+{
+    list().collapse(list().model()->index(0, 0));
+    auto &search = *sets.findChild<QLineEdit *>("search");
+    auto &found = *sets.findChild<QLabel *>("found");
+    search.setText("side e");
+    EXPECT_EQ(rows(*list().model()),
+              QStringList({"0 Outside", "1 Red", "1 Blue", "0 Inside", "1 Leather"}));
+    EXPECT_TRUE(list().isExpanded(list().model()->index(0, 0)));
+    EXPECT_TRUE(found.isVisible());
+    EXPECT_TRUE(found.text().startsWith("3")) << found.text().toStdString();
+    search.setText("no such words");
+    EXPECT_FALSE(found.isVisible());
+    search.clear();
+    settle();
+    EXPECT_FALSE(found.isVisible());
+    EXPECT_FALSE(list().isExpanded(list().model()->index(0, 0)));
+    EXPECT_TRUE(list().isExpanded(list().model()->index(1, 0)));
+}
+
+TEST_F(DockTest, ANewSceneLeavesNothingToUndo)
+{
+    click("Red");
+    QTest::keyClick(&list(), Qt::Key_Delete);
+    ASSERT_TRUE(sets.undoStack()->canUndo());
+    qxController::call("clearAllVariants", 1);
+    EXPECT_EQ(sets.undoStack()->count(), 0);
 }

@@ -54,9 +54,10 @@ void showText(QPlainTextEdit *field, const QString &text)
         field->setPlainText(text);
 }
 
-QLabel *makeNote()
+QLabel *makeNote(const QString &name)
 {
     auto *const note = new QLabel;
+    note->setObjectName(name);
     note->setWordWrap(true);
     note->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return note;
@@ -103,8 +104,8 @@ void qxSetForm::buildFields()
     m_script->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_script->setTabChangesFocus(true);
     m_values = new qxValuesTable;
-    m_valuesNote = makeNote();
-    m_keyNote = makeNote();
+    m_valuesNote = makeNote(QStringLiteral("valuesNote"));
+    m_keyNote = makeNote(QStringLiteral("keyNote"));
     layFieldsOut();
 }
 

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "qxNodeVariant.h"
+#include "qxVariantSetsDock.h"
+#include "qxVariantsDock.h"
+
+#include "PanelFixture.h"
+#include "qxSetsView.h"
+
+#include <QMainWindow>
+#include <QTest>
+#include <QTreeView>
+#include <QUndoStack>
+
+/// The docks in a window, used by hand.
+class DockFixture : public PanelFixture {
+protected:
+    DockFixture()
+    {
+        wheels.choose(0);
+        qxNodeVariant *const variant = qxVariants::createNodeVariant(wheels, true);
+        set("Red").add(variant, "Steel");
+        set("Blue").add(variant, "Alloy");
+        set("Blue").hotkey = "Ctrl+B";
+        set("Blue").updateShortcut();
+        window.addDockWidget(Qt::RightDockWidgetArea, &sets);
+        window.addDockWidget(Qt::LeftDockWidgetArea, &variants);
+        window.resize(900, 700);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        settle();
+    }
+
+    QTreeView &list() { return *sets.findChild<QTreeView *>(); }
+    /// Puts the cursor on a set as a click does.
+    void click(const char *name)
+    {
+        sets.view()->showSet(name);
+        const QRect place = list().visualRect(list().currentIndex());
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
+    }
+
+    TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"});
+    QMainWindow window;
+    qxVariantSetsDock sets{nullptr};
+    qxVariantsDock variants{nullptr};
+};
