@@ -287,16 +287,16 @@
 <context>
     <name>qxSetHotkeys</name>
     <message>
-        <source>&quot;%1&quot; has this key as well; it selects &quot;%2&quot;.</source>
-        <translation>„%1“ hat diese Taste auch; sie wählt „%2“.</translation>
+        <source>&quot;%1&quot; has this key, too; this set comes first.</source>
+        <translation>„%1“ hat diese Taste auch; dieses Set geht vor.</translation>
     </message>
     <message>
-        <source>The option &quot;%1&quot; of &quot;%2&quot; has this key as well; it selects the set.</source>
-        <translation>Die Option „%1“ von „%2“ hat diese Taste auch; sie wählt das Set.</translation>
+        <source>&quot;%1&quot; has this key, too, and comes first.</source>
+        <translation>„%1“ hat diese Taste auch und geht vor.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; has this key as well; it selects the set.</source>
-        <translation>„%1“ hat diese Taste auch; sie wählt das Set.</translation>
+        <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too; this set comes first.</source>
+        <translation>Die Option „%1“ von „%2“ hat diese Taste auch; dieses Set geht vor.</translation>
     </message>
 </context>
 <context>

@@ -10,7 +10,6 @@
 #include <QMainWindow>
 #include <QTest>
 #include <QTreeView>
-#include <QUndoStack>
 
 /// The docks in a window, used by hand.
 class DockFixture : public PanelFixture {

@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QTimer>
 #include <QToolButton>
+#include <QUndoStack>
 
 class DockTest : public DockFixture {};
 
@@ -182,6 +183,18 @@ TEST_F(DockTest, TheSearchCountsWhatItLeavesAndClosedGroupsStayClosed)
     EXPECT_FALSE(found.isVisible());
     EXPECT_FALSE(list().isExpanded(list().model()->index(0, 0)));
     EXPECT_TRUE(list().isExpanded(list().model()->index(1, 0)));
+}
+
+TEST_F(DockTest, ANewSetJoinsTheGroupUnderTheCursor)
+{
+    for (const bool isOnGroup : {false, true}) {
+        click("Leather");
+        if (isOnGroup)
+            sets.view()->showGroup("Inside");
+        QTest::keyClick(&list(), Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+        settle();
+        EXPECT_EQ(qxVariants::findVariantGroup("Inside")->sets.size(), isOnGroup ? 3U : 2U);
+    }
 }
 
 TEST_F(DockTest, ANewSceneLeavesNothingToUndo)

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QTableWidget>
+#include <QUndoStack>
 
 /// The form below the list, used by hand.
 class FormTest : public DockFixture {

@@ -124,18 +124,20 @@ QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const QWidget &window)
     QStringList lines;
     const Combination own{set.key, set.modifiers};
     for (const qxVariantSet *other : qxVariants::_variantSets) {
-        if (other->name != set.name && other->key == set.key && other->modifiers == set.modifiers) {
-            lines << tr("\"%1\" has this key as well; it selects \"%2\".")
-                         .arg(other->name, setWith(own)->name);
-            break;
-        }
+        if (other->name == set.name || other->key != set.key || other->modifiers != set.modifiers)
+            continue;
+        const bool isFirst = setWith(own)->name == set.name;
+        lines << (isFirst ? tr("\"%1\" has this key, too; this set comes first.")
+                          : tr("\"%1\" has this key, too, and comes first."))
+                     .arg(other->name);
+        break;
     }
     const Option option = optionWith(own);
     if (option.kind >= 0)
-        lines << tr("The option \"%1\" of \"%2\" has this key as well; it selects the set.")
+        lines << tr("The option \"%1\" of \"%2\" has this key, too; this set comes first.")
                      .arg(option.name, option.variant);
     const QString action = actionWith(QKeySequence(set.key | int(set.modifiers)), window);
     if (!action.isEmpty())
-        lines << tr("\"%1\" has this key as well; it selects the set.").arg(action);
+        lines << tr("\"%1\" has this key, too; this set comes first.").arg(action);
     return lines.join('\n');
 }

@@ -135,6 +135,8 @@ QVariant qxSetsModel::groupData(const qxVariantGroup &group, int role)
 QVariant qxSetsModel::setDataOf(qxVariantSet &set, int role) const
 {
     switch (role) {
+    case GroupRole:
+        return set.group ? QString(set.group->name) : QString();
     case HotkeyRole:
         return qxKeyText::shown(set.hotkey);
     case CommentRole:
@@ -238,8 +240,9 @@ bool qxSetsModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, 
 {
     // Groups stand between groups, not in them.
     const bool isGroup = data->hasFormat(groupNamesType);
+    const bool isBesideCards = m_shape == Flat && row < 0 && !parent.isValid();
     return QAbstractItemModel::canDropMimeData(data, action, row, column, parent)
-        && !(isGroup && parent.isValid());
+        && !(isGroup && parent.isValid()) && !isBesideCards;
 }
 
 bool qxSetsModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
