@@ -225,6 +225,17 @@ void renderPicture(benchmark::State &state)
         benchmark::DoNotOptimize(renderer.render(scene.settings).rgba.data());
 }
 
+/// As a preview is made.
+void renderBest(benchmark::State &state)
+{
+    RenderedScene scene(int(state.range(0)));
+    scene.settings.quality = qxPictureSettings::Best;
+    qxRenderer renderer;
+    renderer.render(scene.settings);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(renderer.render(scene.settings).rgba.data());
+}
+
 void renderPictureBare(benchmark::State &state)
 {
     const RenderedScene scene(int(state.range(0)));
@@ -284,6 +295,11 @@ BENCHMARK(renderPicture)
     ->Name("Rendering/picture")
     ->Arg(_demo)
     ->Arg(1000000)
+    ->MeasureProcessCPUTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(renderBest)
+    ->Name("Rendering/best")
+    ->Arg(_demo)
     ->MeasureProcessCPUTime()
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(renderPictureBare)

@@ -1,3 +1,4 @@
+#include "Cameras/qxMainView.h"
 #include "RenderFixture.h"
 #include "qxMaterials.h"
 #include "qxScenegraph.h"
@@ -225,6 +226,25 @@ TEST_F(RenderMaterialTest, APictureGoesOnAsItsSurfaceSays)
     surface.setTo(material);
     EXPECT_EQ(picture().at(-0.75f, -0.25f), "0 255 0");
     EXPECT_EQ(picture().at(0.5f, -0.75f), "0 0 255");
+}
+
+TEST_F(RenderMaterialTest, PatternsSmallerThanThePixelsAreAveraged)
+{
+    addTextured(textured(GL_MODULATE), 300);
+    for (const int quality : {0, 4}) {
+        settings.quality = quality;
+        const TestPicture seen = picture();
+        for (const float x : {-0.9f, -0.33f, 0.1f, 0.77f}) {
+            const int average = 143 + 140 + 138; // of the light of the four fields
+            EXPECT_NEAR(seen.brightness(x, x * 0.7f), average, 8) << quality << " at " << x;
+        }
+    }
+    settings.quality = 0;
+    qxMainView::the().camera.height = 2.0f / 300.0f; // so near that one pattern fills the picture
+    const float nearest = 0.25f / 150.0f;
+    qxMainView::the().camera.toWorld.setTranslate(-1 + 2 * nearest, -1 + 2 * nearest, 10);
+    EXPECT_EQ(picture().at(-0.5f, -0.5f), "255 0 0");
+    EXPECT_EQ(picture().at(0.5f, -0.5f), "0 255 0");
 }
 
 TEST_F(RenderMaterialTest, ChunksGiveColourPictureAndWrap)

@@ -153,7 +153,9 @@ qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settin
 qxTracer::Scene qxPainter::tracerScene(const qxRenderGroup &group, qxTracer::Manner manner,
                                        const qxRenderClipping &clipping) const
 {
-    return {group, m_lights, clipping, m_camera, m_sky, manner, m_environment.get()};
+    // Several rays share a pixel.
+    const float rayWidth = 1.0f / std::sqrt(float(std::min(m_samples, _sampleStep)));
+    return {group, m_lights, clipping, m_camera, m_sky, manner, rayWidth, m_environment.get()};
 }
 
 int qxPainter::tileCount() const

@@ -167,6 +167,23 @@ osg::Vec2f qxRenderGeometry::texCoordsAt(const Place &place) const
     return m_texCoords.empty() ? osg::Vec2f() : at(m_texCoords, place);
 }
 
+float qxRenderGeometry::texCoordsPerLength(const Place &place, const osg::Matrix &matrix) const
+{
+    if (m_texCoords.empty())
+        return 0.0f;
+    const Triangle &corners = m_triangles[place.triangle];
+    osg::Vec3f sides[2];
+    osg::Vec2f steps[2];
+    for (std::size_t i = 0; i < 2; ++i) {
+        const osg::Vec3f side = m_positions[corners[i + 1]] - m_positions[corners[0]];
+        matrix.multMatrixVec(side, sides[i]);
+        steps[i] = m_texCoords[corners[i + 1]] - m_texCoords[corners[0]];
+    }
+    const float inImage = std::fabs(steps[0][0] * steps[1][1] - steps[0][1] * steps[1][0]);
+    const float inWorld = sides[0].cross(sides[1]).length();
+    return inWorld > 0.0f ? std::sqrt(inImage / inWorld) : 0.0f;
+}
+
 osg::Vec4f qxRenderGeometry::colourAt(const Place &place) const
 {
     return m_colours.empty() ? osg::Vec4f(1, 1, 1, 1) : at(m_colours, place);

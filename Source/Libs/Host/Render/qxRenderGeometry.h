@@ -35,6 +35,8 @@ public:
     };
     osg::Vec3f normalAt(const Place &place) const; ///< null without normals
     osg::Vec2f texCoordsAt(const Place &place) const; ///< null without texture coordinates
+    /// How fast the texture coordinates change, by length in the world that `matrix` leads to.
+    float texCoordsPerLength(const Place &place, const osg::Matrix &matrix) const;
     osg::Vec4f colourAt(const Place &place) const; ///< opaque white without colours
 
     /// Whether the geometry it was made of changed since.

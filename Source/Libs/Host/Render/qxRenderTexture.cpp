@@ -22,6 +22,20 @@ const std::array<float, 256> &lightOfBytes()
     return table;
 }
 
+/// The byte of an amount of light from 0 to 1.
+std::uint8_t byteOfLight(float light)
+{
+    static const std::array<std::uint8_t, 4097> table = [] {
+        std::array<std::uint8_t, 4097> values;
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const float shown = qxShownColour(osg::Vec3f(float(i) / 4096.0f, 0, 0))[0];
+            values[i] = std::uint8_t(std::lround(shown * 255.0f));
+        }
+        return values;
+    }();
+    return table[std::size_t(std::lround(light * 4096.0f))];
+}
+
 template <class Number>
 Number numberAt(const std::uint8_t *bytes)
 {
@@ -115,30 +129,60 @@ std::shared_ptr<const qxRenderTexture> qxRenderTexture::make(const osg::ImagePtr
     if (pixels == 0 || image->getSize() < pixels * std::size_t(image->getBpp()))
         return nullptr;
     const auto texture = std::make_shared<qxRenderTexture>();
-    texture->m_width = image->getWidth();
-    texture->m_height = image->getHeight();
-    texture->m_rgba = bytesOf(image, pixels);
+    texture->m_levels.emplace_back(image->getWidth(), image->getHeight(), bytesOf(image, pixels));
+    while (texture->m_levels.back().width > 1 && texture->m_levels.back().height > 1)
+        texture->m_levels.push_back(texture->m_levels.back().half());
     return texture;
 }
 
-osg::Vec4f qxRenderTexture::pixel(int x, int y) const
+osg::Vec4f qxRenderTexture::Level::pixel(int x, int y) const
 {
     const std::array<float, 256> &light = lightOfBytes();
-    const std::uint8_t *at = &m_rgba[(std::size_t(y) * std::size_t(m_width) + std::size_t(x)) * 4];
+    const std::uint8_t *at = &rgba[(std::size_t(y) * std::size_t(width) + std::size_t(x)) * 4];
     return osg::Vec4f(light[at[0]], light[at[1]], light[at[2]], float(at[3]) / 255.0f);
 }
 
-osg::Vec4f qxRenderTexture::at(const osg::Vec2f &place, const Wrap &wrap) const
+osg::Vec4f qxRenderTexture::Level::at(const osg::Vec2f &place, const Wrap &wrap) const
 {
-    const float x = nearby(place[0], wrap.s) * float(m_width) - 0.5f;
-    const float y = nearby(place[1], wrap.t) * float(m_height) - 0.5f;
+    const float x = nearby(place[0], wrap.s) * float(width) - 0.5f;
+    const float y = nearby(place[1], wrap.t) * float(height) - 0.5f;
     const int left = int(std::floor(x));
     const int low = int(std::floor(y));
-    const int x0 = wrapped(left, m_width, wrap.s);
-    const int x1 = wrapped(left + 1, m_width, wrap.s);
-    const int y0 = wrapped(low, m_height, wrap.t);
-    const int y1 = wrapped(low + 1, m_height, wrap.t);
+    const int x0 = wrapped(left, width, wrap.s);
+    const int x1 = wrapped(left + 1, width, wrap.s);
+    const int y0 = wrapped(low, height, wrap.t);
+    const int y1 = wrapped(low + 1, height, wrap.t);
     const osg::Vec4f lower = qxMixed(pixel(x0, y0), pixel(x1, y0), x - float(left));
     const osg::Vec4f upper = qxMixed(pixel(x0, y1), pixel(x1, y1), x - float(left));
     return qxMixed(lower, upper, y - float(low));
+}
+
+qxRenderTexture::Level qxRenderTexture::Level::half() const
+{
+    Level result(width / 2, height / 2, {});
+    result.rgba.reserve(std::size_t(result.width) * std::size_t(result.height) * 4);
+    for (int y = 0; y < result.height * 2; y += 2) {
+        for (int x = 0; x < result.width * 2; x += 2) {
+            const osg::Vec4f sum =
+                pixel(x, y) + pixel(x + 1, y) + pixel(x, y + 1) + pixel(x + 1, y + 1);
+            for (osg::UInt32 i = 0; i < 3; ++i)
+                result.rgba.push_back(byteOfLight(sum[i] * 0.25f));
+            result.rgba.push_back(std::uint8_t(std::lround(sum[3] * 0.25f * 255.0f)));
+        }
+    }
+    return result;
+}
+
+osg::Vec4f qxRenderTexture::at(const osg::Vec2f &place, const Wrap &wrap, float width) const
+{
+    const Level &full = m_levels.front();
+    const float pixels = width * std::sqrt(float(full.width) * float(full.height));
+    if (!(pixels > 1.0f))
+        return full.at(place, wrap);
+    const float wanted = std::min(std::log2(pixels), float(m_levels.size() - 1));
+    const std::size_t level = std::size_t(wanted);
+    const osg::Vec4f fine = m_levels[level].at(place, wrap);
+    if (level + 1 == m_levels.size())
+        return fine;
+    return qxMixed(fine, m_levels[level + 1].at(place, wrap), wanted - float(level));
 }

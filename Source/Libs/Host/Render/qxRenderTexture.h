@@ -20,13 +20,25 @@ public:
         osg::UInt32 t;
     };
     /// Light and alpha at a place (0, 0 is the lower left corner of the image, 1, 1 the upper right
-    /// one), smooth between the pixels.
-    osg::Vec4f at(const osg::Vec2f &place, const Wrap &wrap) const;
+    /// one), smooth between the pixels. With a width, in images, the average of about that much
+    /// around.
+    osg::Vec4f at(const osg::Vec2f &place, const Wrap &wrap, float width = 0) const;
 
 private:
-    osg::Vec4f pixel(int x, int y) const;
+    /// The image in full size or smaller.
+    struct Level {
+        Level(int levelWidth, int levelHeight, std::vector<std::uint8_t> bytes)
+            : width(levelWidth), height(levelHeight), rgba(std::move(bytes))
+        {
+        }
+        osg::Vec4f pixel(int x, int y) const;
+        osg::Vec4f at(const osg::Vec2f &place, const Wrap &wrap) const;
+        Level half() const;
 
-    int m_width = 0;
-    int m_height = 0;
-    std::vector<std::uint8_t> m_rgba; ///< sRGB, bottom row first
+        int width;
+        int height;
+        std::vector<std::uint8_t> rgba; ///< sRGB, bottom row first
+    };
+
+    std::vector<Level> m_levels; ///< each half as wide and high as the one before
 };

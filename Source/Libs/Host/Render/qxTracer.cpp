@@ -41,16 +41,6 @@ RTCRay embreeRay(const qxRay &ray, unsigned int mask)
     return result;
 }
 
-osg::Vec4f texel(const qxRenderLayer &layer, const osg::Vec2f &place)
-{
-    if (!layer.texture)
-        return osg::Vec4f(1, 1, 1, 1);
-    const qxSurface::TextureMatrix &m = layer.textureMatrix;
-    const osg::Vec2f inPicture(m[0] * place[0] + m[1] * place[1] + m[2],
-                               m[3] * place[0] + m[4] * place[1] + m[5]);
-    return layer.texture->at(inPicture, layer.wrap);
-}
-
 } // namespace
 
 /// A point of a surface.
@@ -63,8 +53,11 @@ struct qxTracer::Hit {
     bool front = true;
     osg::Vec2f texCoords;
     osg::Vec4f colour;
-    const qxRenderMaterial *material = nullptr;
+    const qxRenderInstance *instance = nullptr;
+    qxRenderGeometry::Place place = {0, 0, 0}; ///< in its geometry
+    float width = 0; ///< of the ray on the surface; 0 for points
 
+    osg::Vec4f texel(const qxRenderLayer &layer) const;
     /// Base colour and alpha of a pass.
     osg::Vec4f base(const qxRenderLayer &layer) const;
     float alpha(const qxRenderLayer &layer, float baseAlpha) const;
@@ -72,9 +65,23 @@ struct qxTracer::Hit {
     osg::Vec3f start(const osg::Vec3f &direction) const;
 };
 
+osg::Vec4f qxTracer::Hit::texel(const qxRenderLayer &layer) const
+{
+    if (!layer.texture)
+        return osg::Vec4f(1, 1, 1, 1);
+    const qxSurface::TextureMatrix &m = layer.textureMatrix;
+    const osg::Vec2f inImage(m[0] * texCoords[0] + m[1] * texCoords[1] + m[2],
+                             m[3] * texCoords[0] + m[4] * texCoords[1] + m[5]);
+    if (!(width > 0.0f))
+        return layer.texture->at(inImage, layer.wrap);
+    const float scale = std::sqrt(std::fabs(m[0] * m[4] - m[1] * m[3]));
+    const float perLength = instance->geometry->texCoordsPerLength(place, instance->toWorld);
+    return layer.texture->at(inImage, layer.wrap, width * perLength * scale);
+}
+
 osg::Vec4f qxTracer::Hit::base(const qxRenderLayer &layer) const
 {
-    const osg::Vec4f texture = texel(layer, texCoords);
+    const osg::Vec4f texture = texel(layer);
     const osg::Vec3f light(texture[0], texture[1], texture[2]);
     const osg::Vec3f tint(colour[0], colour[1], colour[2]);
     osg::Vec3f result = qxProduct(layer.base, tint);
@@ -127,13 +134,14 @@ bool qxTracer::intersect(const qxRay &ray, unsigned int mask, Hit &hit) const
         return false;
     const qxRenderInstance &instance = m_scene.group.instanceAt(found.hit);
     const qxRenderGeometry &geometry = *instance.geometry;
-    const qxRenderGeometry::Place place = {found.hit.primID, found.hit.u, found.hit.v};
+    hit.instance = &instance;
+    hit.place = {found.hit.primID, found.hit.u, found.hit.v};
     hit.distance = found.ray.tfar;
     hit.position = ray.at(hit.distance);
     hit.toEye = -ray.direction;
     hit.flatNormal = m_scene.group.flatNormalAt(found.hit);
     hit.front = hit.flatNormal.dot(hit.toEye) >= 0.0f;
-    hit.normal = instance.worldNormal(geometry.normalAt(place));
+    hit.normal = instance.worldNormal(geometry.normalAt(hit.place));
     if (!(hit.normal.squareLength() > 0.5f))
         hit.normal = hit.flatNormal;
     if (!hit.front) {
@@ -142,9 +150,8 @@ bool qxTracer::intersect(const qxRay &ray, unsigned int mask, Hit &hit) const
     }
     // Where a body is cut open, its inner side is seen.
     hit.front = hit.front || m_scene.clipping.isActive();
-    hit.texCoords = geometry.texCoordsAt(place);
-    hit.colour = geometry.colourAt(place);
-    hit.material = instance.surface.get();
+    hit.texCoords = geometry.texCoordsAt(hit.place);
+    hit.colour = geometry.colourAt(hit.place);
     return true;
 }
 
@@ -167,10 +174,19 @@ qxTracer::Light qxTracer::gathered(qxRay ray, int depth, qxSampler &sampler) con
         }
         if (!found)
             return light;
+        if (depth == 0)
+            hit.width = widthAt(hit);
         pass(hit, depth, sampler, light);
         ray.near = beyond(hit.distance);
     }
     return light;
+}
+
+/// How much of a surface a ray of the eye stands for; seen at a flat angle it is longer than wide.
+float qxTracer::widthAt(const Hit &hit) const
+{
+    const float slope = std::max(hit.flatNormal.dot(hit.toEye), 0.1f);
+    return m_scene.camera.pixelSize(hit.distance) * m_scene.rayWidth / std::sqrt(slope);
 }
 
 void qxTracer::pass(const qxRenderClipping::Crossing &plane, Light &light) const
@@ -183,7 +199,7 @@ void qxTracer::pass(const qxRenderClipping::Crossing &plane, Light &light) const
 /// The passes of the material, from the one that was drawn last downwards.
 void qxTracer::pass(const Hit &hit, int depth, qxSampler &sampler, Light &light) const
 {
-    const std::vector<qxRenderLayer> &layers = hit.material->layers;
+    const std::vector<qxRenderLayer> &layers = hit.instance->surface->layers;
     for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
         const osg::Vec4f base = hit.base(*layer);
         const float alpha = hit.alpha(*layer, base[3]);
@@ -306,7 +322,7 @@ float qxTracer::unhidden(const Hit &hit, const osg::Vec3f &direction, float dist
         if (through <= _nothing || !intersect(ray, qxRenderGroup::Translucent, other))
             break;
         other.front = true; // shadows fall from both sides
-        for (const qxRenderLayer &layer : other.material->layers)
+        for (const qxRenderLayer &layer : other.instance->surface->layers)
             through *= 1.0f - other.alpha(layer, other.base(layer)[3]);
         ray.near = beyond(other.distance);
     }

@@ -24,6 +24,7 @@ public:
         const qxRenderCamera &camera;
         qxSky sky;
         Manner manner;
+        float rayWidth; ///< of the eye's rays, in pixels
         const qxTracer *environment; ///< seen where rays leave the scene; null for the sky
     };
     explicit qxTracer(const Scene &scene);
@@ -49,6 +50,7 @@ private:
     };
 
     Light gathered(qxRay ray, int depth, qxSampler &sampler) const;
+    float widthAt(const Hit &hit) const;
     void pass(const qxRenderClipping::Crossing &plane, Light &light) const;
     void pass(const Hit &hit, int depth, qxSampler &sampler, Light &light) const;
     osg::Vec3f shaded(const Hit &hit, const qxRenderLayer &layer, const osg::Vec3f &colour,
