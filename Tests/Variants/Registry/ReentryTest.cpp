@@ -5,6 +5,7 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
+#include "OneOfEach.h"
 #include "Script/qxScriptRunner.h"
 #include "qxController.h"
 
@@ -38,26 +39,14 @@ void clearEverything()
 /// Listeners and scripts that change the registry while it works.
 class ReentryTest : public HostFixture {
 protected:
-    /// A set of a group that refers to each kind, twice each where names may differ.
+    /// A set of a group that refers to each kind, and to two nodes.
     qxVariantSet *fill()
     {
-        for (const char *name : {"Wheels", "Rims"})
-            qxVariants::createNodeVariant(scene.addSwitch(name, {"Steel", "Alloy"}).node(), false);
-        qxVariants::createMaterialVariant(
-            scene.addSwitchMaterial("Paint", {"Red", "Blue"}).material(), false);
-        qxVariants::createTransformVariant(scene.addPoses("Door", {"Shut", "Open"}).node(), false);
-        qxVariants::createLightVariant(scene.addLight("Lamp").node(), false);
-        qxVariants::createOverlayVariant(scene.addOverlay("Logo").node(), false);
         qxVariantSet *const set = qxVariants::createVariantSet(
             "Sport", false, qxVariants::createVariantGroup("Group", false, true));
-        set->addNodeVariant("Wheels", "Alloy");
+        addOneOfEach(scene, *set);
+        qxVariants::createNodeVariant(scene.addSwitch("Rims", {"Steel", "Alloy"}).node(), false);
         set->addNodeVariant("Rims", "!Next");
-        set->addMaterialVariant("Paint", "Blue");
-        set->addTransformVariant("Door", "Open");
-        set->addLightVariant("Lamp", "!Toggle");
-        set->addOverlayVariant("Logo", "!Disable");
-        set->addAnimation("Spin");
-        set->addAnimation("Blink");
         notifications.clear();
         return set;
     }

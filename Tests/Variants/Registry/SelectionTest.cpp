@@ -1,14 +1,7 @@
-#include "qxLightVariant.h"
-#include "qxMaterialVariant.h"
-#include "qxNodeVariant.h"
-#include "qxOverlayVariant.h"
-#include "qxTransformVariant.h"
-#include "qxVariantSet.h"
-#include "qxVariants.h"
-
 #include "Cameras/qxMainCameraService.h"
 #include "Core/qxRenderRequests.h"
 #include "HostFixture.h"
+#include "OneOfEach.h"
 #include "Script/qxScriptRunner.h"
 #include "qxController.h"
 #include "qxScenegraph.h"
@@ -67,22 +60,10 @@ protected:
     /// Refers to a variant of each kind, each with the state that it does not have yet.
     void fill(qxVariantSet &filled)
     {
-        qxVariants::createNodeVariant(scene.addSwitch("Wheels", {"Steel", "Alloy"}).node(), false);
-        qxVariants::createMaterialVariant(
-            scene.addSwitchMaterial("Paint", {"Red", "Blue"}).material(), false);
-        qxVariants::createTransformVariant(scene.addPoses("Door", {"Shut", "Open"}).node(), false);
-        qxVariants::createLightVariant(scene.addLight("Lamp").node(), false);
-        qxVariants::createOverlayVariant(scene.addOverlay("Logo").node(), false);
-        filled.addNodeVariant("Wheels", "Alloy");
-        filled.addMaterialVariant("Paint", "Blue");
-        filled.addTransformVariant("Door", "Open");
-        filled.addLightVariant("Lamp", "!Disable");
-        filled.addOverlayVariant("Logo", "!Disable");
+        addOneOfEach(scene, filled);
         filled.addViewpoint("Front");
         filled.addViewpoint("Never used");
         filled.defaultViewpoint = "Home view";
-        filled.addAnimation("Spin");
-        filled.addAnimation("Blink");
         filled.script = "# mine";
         filled.setClippingState(2);
         lines.clear();

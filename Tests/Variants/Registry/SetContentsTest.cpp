@@ -18,6 +18,15 @@ protected:
             text += (each.variant + "=" + each.state + " ").toStdString();
         return text;
     }
+    void referToEachKind()
+    {
+        set.addNodeVariant("N", "1");
+        set.addMaterialVariant("M", "1");
+        set.addLightVariant("L", "1");
+        set.addOverlayVariant("O", "1");
+        set.addTransformVariant("T", "1");
+    }
+
     qxVariantSet set{"Sport"};
 };
 
@@ -43,11 +52,7 @@ TEST_F(SetContentsTest, AVariantIsReferredToOnceAndKeepsItsPlace)
 
 TEST_F(SetContentsTest, EachKindHasItsOwnReferences)
 {
-    set.addNodeVariant("N", "1");
-    set.addMaterialVariant("M", "1");
-    set.addLightVariant("L", "1");
-    set.addOverlayVariant("O", "1");
-    set.addTransformVariant("T", "1");
+    referToEachKind();
     EXPECT_EQ(textOf(set.nodeVariants) + textOf(set.materialVariants) + textOf(set.lightVariants)
                   + textOf(set.overlayVariants) + textOf(set.transformVariants),
               "N=1 M=1 L=1 O=1 T=1 ");
@@ -70,11 +75,7 @@ TEST_F(SetContentsTest, ClearingKeepsWhatIdentifiesAndShowsTheSet)
 {
     qxVariantGroup group;
     group.add(&set);
-    set.addNodeVariant("N", "1");
-    set.addMaterialVariant("M", "1");
-    set.addLightVariant("L", "1");
-    set.addOverlayVariant("O", "1");
-    set.addTransformVariant("T", "1");
+    referToEachKind();
     set.addGeometry("Body");
     set.addViewpoint("Front");
     set.addAnimation("Spin");
