@@ -79,6 +79,8 @@ TEST_F(DockTest, TheGalleryShowsTheSameSetAsTheList)
     click("Blue");
     sets.findChild<QToolButton *>("gallery")->click();
     EXPECT_EQ(sets.view()->form(), qxSetsView::Gallery);
+    auto *const gallery = qobject_cast<QAbstractItemView *>(sets.view()->currentWidget());
+    EXPECT_TRUE(gallery->dragEnabled() && gallery->viewport()->acceptDrops());
     EXPECT_EQ(sets.view()->currentSet(), "Blue");
 }
 

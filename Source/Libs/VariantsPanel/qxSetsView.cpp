@@ -41,6 +41,7 @@ QListView *makeGallery()
     gallery->setViewMode(QListView::IconMode);
     gallery->setResizeMode(QListView::Adjust);
     gallery->setMovement(QListView::Static);
+    gallery->viewport()->setAcceptDrops(true); // That has just been taken away.
     gallery->setUniformItemSizes(true);
     gallery->setLayoutMode(QListView::Batched);
     gallery->setItemDelegate(new qxSetDelegate(qxSetDelegate::Cards, gallery));
