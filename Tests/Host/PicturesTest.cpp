@@ -156,7 +156,7 @@ TEST_F(PicturesTest, ACoarsePictureIsNotWhatIsCaptured)
 TEST_F(PicturesTest, ARequestEndsARefiningThatShowsTheSceneAsItWas)
 {
     qxOSGWidget::setRaytracing(true);
-    qxRaytracingManager::getRaytracingUtils()->setImageQuality(4000);
+    qxRaytracingManager::getRaytracingUtils()->setImageQuality(1000);
     qxMainGlView view(64, 64);
     float last = 0;
     view.setProgressListener([&last](float share) { last = share; });

@@ -2,6 +2,7 @@
 #include "qxVariants.h"
 
 #include "Pictures/qxMainGlView.h"
+#include "Pictures/qxPictureProgress.h"
 #include "Window/qxSceneView.h"
 #include "WindowFixture.h"
 #include "qxOSGWidget.h"
@@ -80,24 +81,35 @@ TEST_F(WindowViewTest, AStillPictureIsRefinedAndTheStatusLineTellsHowFarItIs)
     EXPECT_EQ(finished(), quick);
 }
 
-TEST_F(WindowViewTest, APreviewThatTakesLongCanBeCancelledAndTheOldOneStays)
+TEST_F(WindowViewTest, APreviewThatTakesLongShowsThatAndCanBeCancelled)
 {
-    openDemo();
-    goTo("Stadtwagen");
-    qxVariantSet *const set = qxVariants::findVariantSet("Stadtwagen");
+    const qxPictureProgress::Display display = qxPictureProgress::display();
+    ASSERT_TRUE(display);
+    EXPECT_TRUE(display(0));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "quick ones show nothing";
+    QTest::qWait(700);
+    EXPECT_TRUE(display(0.3));
+    auto *const dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->value(), 30);
+    dialog->cancel();
+    EXPECT_FALSE(display(0.4));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_TRUE(display(0)) << "the next one";
+    EXPECT_TRUE(display(1));
+}
+
+TEST_F(WindowViewTest, ACancelledPreviewLeavesTheOldOne)
+{
+    openDesk();
+    goTo("Morning");
+    qxVariantSet *const set = qxVariants::findVariantSet("Morning");
     set->setPreview("old");
-    qxOSGWidget::setRaytracing(true);
-    bool isCancelled = false;
-    QTimer watch;
-    watch.callOnTimeout([&] {
-        auto *const dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        isCancelled = true;
-        dialog->cancel();
-    });
-    watch.start(1);
+    const qxPictureProgress::Display display = qxPictureProgress::display();
+    qxPictureProgress::setDisplay([](double) { return false; });
     action("New Preview")->trigger();
-    EXPECT_TRUE(isCancelled);
     EXPECT_EQ(set->getPreview(), "old");
+    qxPictureProgress::setDisplay(display);
+    action("New Preview")->trigger();
+    EXPECT_TRUE(set->getPreview().startsWith("\x89PNG"));
 }

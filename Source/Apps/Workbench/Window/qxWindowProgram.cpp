@@ -2,6 +2,7 @@
 
 #include "qxCommand.h"
 #include "qxOSGWidget.h"
+#include "qxRaytracingManager.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QApplication>
@@ -48,6 +49,7 @@ int qxWindowProgram::run(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("workbench"));
     QApplication::setOrganizationName(QStringLiteral("qxVariants"));
     qxOSGWidget::setRaytracing(true);
+    qxRaytracingManager::getRaytracingUtils()->setImageQuality(-1);
     qxWorkbenchWindow window;
     window.show();
     window.openFile(application.arguments().value(1));
