@@ -200,6 +200,14 @@
         <source>Move group &quot;%1&quot;</source>
         <translation>Gruppe „%1“ verschieben</translation>
     </message>
+    <message>
+        <source>Show group &quot;%1&quot;</source>
+        <translation>Gruppe „%1“ zeigen</translation>
+    </message>
+    <message>
+        <source>Hide group &quot;%1&quot;</source>
+        <translation>Gruppe „%1“ verbergen</translation>
+    </message>
 </context>
 <context>
     <name>qxSetForm</name>
@@ -428,6 +436,14 @@
             <numerusform>%n Set gefunden</numerusform>
             <numerusform>%n Sets gefunden</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Group V&amp;isible</source>
+        <translation>Gruppe s&amp;ichtbar</translation>
+    </message>
+    <message>
+        <source>Show &amp;Hidden Groups</source>
+        <translation>Ve&amp;rborgene Gruppen zeigen</translation>
     </message>
 </context>
 <context>

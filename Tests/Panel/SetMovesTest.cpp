@@ -134,3 +134,21 @@ TEST_F(SetMovesTest, WhatChangesNothingIsNoStep)
     EXPECT_EQ(edits.stack()->count(), 0);
     EXPECT_EQ(shown(), start);
 }
+
+TEST_F(SetMovesTest, AHiddenGroupIsShownOnRequestAndMayBeMadeVisible)
+{
+    edits.setGroupVisible("Inside", false);
+    EXPECT_EQ(shown().join(','), "0 Outside,1 Red,1 Blue,0 Extra,0 Alone,0 Bare");
+    drop(tree, {tree.indexOfGroup("Extra")}, 1); // behind hidden ones or before: it looks the same
+    EXPECT_EQ(edits.stack()->count(), 1);
+    tree.setHiddenShown(true);
+    EXPECT_TRUE(tree.indexOfGroup("Inside").data(qxSetsModel::HiddenRole).toBool());
+    EXPECT_EQ(shown().join(','),
+              "0 Outside,1 Red,1 Blue,0 Inside,1 Leather,0 Hidden,0 Extra,0 Alone,0 Bare");
+    drop(tree, {tree.indexOfGroup("Extra")}, 1);
+    EXPECT_EQ(shown().mid(3, 2), QStringList({"0 Extra", "0 Inside"}));
+    edits.stack()->undo();
+    edits.stack()->undo();
+    tree.setHiddenShown(false);
+    EXPECT_EQ(shown(), start);
+}

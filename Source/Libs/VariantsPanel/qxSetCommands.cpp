@@ -127,21 +127,22 @@ bool qxGroupPresence::perform(bool forward)
     return true;
 }
 
-qxGroupEdit::qxGroupEdit(const QString &text, const Texts &before, const Texts &after)
+qxGroupEdit::qxGroupEdit(const QString &text, const Contents &before, const Contents &after)
     : qxEditStep(text), m_before(before), m_after(after)
 {
 }
 
 bool qxGroupEdit::perform(bool forward)
 {
-    const Texts &from = forward ? m_before : m_after;
-    const Texts &to = forward ? m_after : m_before;
+    const Contents &from = forward ? m_before : m_after;
+    const Contents &to = forward ? m_after : m_before;
     qxVariantGroup *const group = qxVariants::findVariantGroup(from.name);
     const bool isNameFree = from.name == to.name || !qxVariants::findVariantGroup(to.name);
-    if (!group || !isNameFree || group->comment != from.comment)
+    if (!group || !isNameFree || group->comment != from.comment || group->visible != from.isVisible)
         return false;
     group->name = to.name;
     group->comment = to.comment;
+    group->visible = to.isVisible;
     qxPanelEvents::announceEditedSets();
     return true;
 }

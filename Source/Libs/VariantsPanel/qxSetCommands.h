@@ -82,22 +82,23 @@ private:
     Contents m_contents;
 };
 
-/// Name and comment of a group are others than before.
+/// What a group is like is other than before.
 class qxGroupEdit : public qxEditStep {
 public:
-    struct Texts {
+    struct Contents {
         QString name;
         QString comment;
+        bool isVisible;
     };
 
-    qxGroupEdit(const QString &text, const Texts &before, const Texts &after);
+    qxGroupEdit(const QString &text, const Contents &before, const Contents &after);
 
 protected:
     bool perform(bool forward) override;
 
 private:
-    Texts m_before;
-    Texts m_after;
+    Contents m_before;
+    Contents m_after;
 };
 
 /// Groups stand elsewhere in the registry.

@@ -39,11 +39,16 @@ QColor textColor(const QStyleOptionViewItem &option, bool faint)
     return faint ? mixed(text, ground, 0.6) : text;
 }
 
+bool isFaint(const QModelIndex &index)
+{
+    return flag(index, qxSetsModel::EmptyRole) || flag(index, qxSetsModel::HiddenRole);
+}
+
 QFont fontOf(const QStyleOptionViewItem &option, const QModelIndex &index)
 {
     QFont font = option.font;
     font.setBold(flag(index, qxSetsModel::IsGroupRole));
-    font.setItalic(flag(index, qxSetsModel::EmptyRole));
+    font.setItalic(isFaint(index));
     return font;
 }
 
@@ -130,10 +135,21 @@ void qxSetDelegate::paintLine(QPainter *painter, const QStyleOptionViewItem &opt
                       ? index.data(qxSetsModel::CountRole).toString()
                       : index.data(qxSetsModel::HotkeyRole).toString());
     takeWarningSign(painter, place, index);
-    painter->setPen(textColor(option, flag(index, qxSetsModel::EmptyRole)));
-    const QString name = index.data(Qt::DisplayRole).toString();
+    painter->setPen(textColor(option, isFaint(index)));
+    const QFontMetrics metrics = painter->fontMetrics();
+    const QString name =
+        metrics.elidedText(index.data(Qt::DisplayRole).toString(), Qt::ElideRight, place.width());
+    painter->drawText(place, Qt::AlignVCenter, name);
+    place.setLeft(place.left() + metrics.horizontalAdvance(name) + 2 * gap);
+    const QString comment = index.data(qxSetsModel::CommentRole).toString().section('\n', 0, 0);
+    if (comment.isEmpty() || place.width() < 4 * metrics.height())
+        return;
+    QFont font = option.font;
+    font.setItalic(true);
+    painter->setFont(font);
+    painter->setPen(textColor(option, true));
     painter->drawText(place, Qt::AlignVCenter,
-                      painter->fontMetrics().elidedText(name, Qt::ElideRight, place.width()));
+                      metrics.elidedText(comment, Qt::ElideRight, place.width()));
 }
 
 void qxSetDelegate::paintCard(QPainter *painter, const QStyleOptionViewItem &option,

@@ -4,9 +4,9 @@
 
 /// Draws sets and groups: as lines of a list, or as cards with their previews.
 ///
-/// A set that the scene shows now has a bar in the highlight colour at its side; an empty one is
-/// grey and italic; one that refers to nothing that exists has a warning sign; the key stands at
-/// the right.
+/// A set that the scene shows now has a bar in the highlight colour at its side; an empty one
+/// and a hidden group are grey and italic; one that refers to nothing that exists has a warning
+/// sign; the key stands at the right.
 class qxSetDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

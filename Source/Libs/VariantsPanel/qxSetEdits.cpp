@@ -49,6 +49,11 @@ QStringList setsIn(const qxVariantGroup &group)
     return names;
 }
 
+qxGroupEdit::Contents contentsOf(const qxVariantGroup &group)
+{
+    return {group.name, group.comment, group.visible};
+}
+
 } // namespace
 
 qxSetEdits::qxSetEdits(QObject *parent) : QObject(parent)
@@ -140,16 +145,31 @@ void qxSetEdits::renameGroup(const QString &group, const QString &name)
     if (!found || name.trimmed().isEmpty() || name == group)
         return;
     const QString given = qxVariants::getUniqueVariantGroupName(name);
-    m_stack.push(new qxGroupEdit(tr("Rename group \"%1\"").arg(group), {group, found->comment},
-                                 {given, found->comment}));
+    qxGroupEdit::Contents after = contentsOf(*found);
+    after.name = given;
+    m_stack.push(new qxGroupEdit(tr("Rename group \"%1\"").arg(group), contentsOf(*found), after));
 }
 
 void qxSetEdits::commentGroup(const QString &group, const QString &comment)
 {
     const qxVariantGroup *const found = qxVariants::findVariantGroup(group);
-    if (found && found->comment != comment)
-        m_stack.push(new qxGroupEdit(tr("Comment group \"%1\"").arg(group), {group, found->comment},
-                                     {group, comment}));
+    if (!found || found->comment == comment)
+        return;
+    qxGroupEdit::Contents after = contentsOf(*found);
+    after.comment = comment;
+    m_stack.push(new qxGroupEdit(tr("Comment group \"%1\"").arg(group), contentsOf(*found), after));
+}
+
+void qxSetEdits::setGroupVisible(const QString &group, bool isVisible)
+{
+    const qxVariantGroup *const found = qxVariants::findVariantGroup(group);
+    if (!found || found->visible == isVisible)
+        return;
+    qxGroupEdit::Contents after = contentsOf(*found);
+    after.isVisible = isVisible;
+    m_stack.push(new qxGroupEdit(isVisible ? tr("Show group \"%1\"").arg(group)
+                                           : tr("Hide group \"%1\"").arg(group),
+                                 contentsOf(*found), after));
 }
 
 /// Takes the sets out of the group; in the registry they stay where they are.

@@ -45,6 +45,8 @@ public:
     QString addGroup();
     void renameGroup(const QString &group, const QString &name);
     void commentGroup(const QString &group, const QString &comment);
+    /// Whether the group is to be shown.
+    void setGroupVisible(const QString &group, bool isVisible);
     /// The sets of the group stay, without a group, unless they are removed as well.
     void removeGroup(const QString &group, bool withSets);
     /// Removes sets and groups in one step.

@@ -41,14 +41,12 @@ Sets siblingsIn(const qxVariantGroup *group)
     return sets;
 }
 
-Groups visibleGroups()
+Groups visibleOf(const Groups &groups)
 {
-    Groups groups;
-    for (qxVariantGroup *group : qxVariants::_variantGroups) {
-        if (group->visible)
-            groups.push_back(group);
-    }
-    return groups;
+    Groups visible;
+    std::copy_if(groups.begin(), groups.end(), std::back_inserter(visible),
+                 [](const qxVariantGroup *group) { return group->visible; });
+    return visible;
 }
 
 /// The first object from `before` on that stays where it is; null for the end.
@@ -219,13 +217,15 @@ void qxSetEdits::moveGroups(const QStringList &groups, const QString &before)
         if (qxVariantGroup *group = qxVariants::findVariantGroup(name))
             moved.push_back(group);
     }
-    const Groups shown = visibleGroups();
+    const Groups all = allOf(qxVariants::_variantGroups);
     const qxVariantGroup *const next =
-        stayingFrom<qxVariantGroup>(shown, qxVariants::findVariantGroup(before), moved);
-    if (moved.empty() || movedBefore(shown, next, moved) == shown)
+        stayingFrom<qxVariantGroup>(all, qxVariants::findVariantGroup(before), moved);
+    const Groups order = movedBefore(all, next, moved);
+    // A place that differs by hidden groups alone is the same, unless one of them was meant.
+    const bool isAmongShown = !next || next->visible;
+    if (moved.empty() || (isAmongShown && visibleOf(order) == visibleOf(all)))
         return;
-    push(m_stack, movesTo(movedBefore(allOf(qxVariants::_variantGroups), next, moved)),
-         groups.first());
+    push(m_stack, movesTo(order), groups.first());
 }
 
 void qxSetEdits::shiftGroup(const QString &group, bool down)
@@ -233,6 +233,6 @@ void qxSetEdits::shiftGroup(const QString &group, bool down)
     qxVariantGroup *const found = qxVariants::findVariantGroup(group);
     if (!found)
         return;
-    const Groups order = shifted(visibleGroups(), Groups{found}, down);
+    const Groups order = shifted(visibleOf(allOf(qxVariants::_variantGroups)), Groups{found}, down);
     push(m_stack, movesTo(reordered(qxVariants::_variantGroups, order)), group);
 }

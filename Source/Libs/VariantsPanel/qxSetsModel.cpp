@@ -122,6 +122,8 @@ QVariant qxSetsModel::groupData(const qxVariantGroup &group, int role)
     case CommentRole:
     case Qt::ToolTipRole:
         return group.comment;
+    case HiddenRole:
+        return !group.visible;
     case CountRole:
         return int(group.sets.size());
     case EmptyRole:
@@ -295,6 +297,12 @@ void qxSetsModel::setSearch(const QString &text)
     refresh();
 }
 
+void qxSetsModel::setHiddenShown(bool shown)
+{
+    m_showsHidden = shown;
+    refresh();
+}
+
 bool qxSetsModel::isFound(const QString &text) const
 {
     return std::all_of(m_words.begin(), m_words.end(), [&text](const QString &word) {
@@ -345,7 +353,7 @@ void qxSetsModel::readRows()
     m_rows.clear();
     m_top.clear();
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
-        if (group->visible)
+        if (group->visible || m_showsHidden)
             readGroup(*group);
     }
     m_firstAlone = int(m_top.size());

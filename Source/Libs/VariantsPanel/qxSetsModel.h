@@ -30,6 +30,7 @@ public:
         CommentRole, ///< QString
         PreviewRole, ///< QPixmap, null for none
         CountRole, ///< int: states of a set, sets of a group
+        HiddenRole, ///< bool: the group is not to be shown
         EmptyRole, ///< bool: the set would do nothing, the group has no sets
         UnusedRole, ///< bool: the set refers to something, but nothing of it exists
         CurrentRole ///< bool: the scene shows the set now
@@ -40,6 +41,9 @@ public:
     /// Leaves the sets, with their groups, that have every word in the name, the comment, the key
     /// or the name of the group, in any case; and groups that have them in their own name.
     void setSearch(const QString &text);
+
+    /// Whether groups that are not to be shown are, with their sets.
+    void setHiddenShown(bool shown);
 
     /// The set or group of a row, null for the other of the two and for one that is gone.
     qxVariantSet *setAt(const QModelIndex &index) const;
@@ -101,6 +105,7 @@ private:
 
     Shape m_shape;
     QStringList m_words; ///< of the search
+    bool m_showsHidden = false;
     qxSetEdits *m_edits;
     Rows m_rows;
     std::vector<int> m_top;

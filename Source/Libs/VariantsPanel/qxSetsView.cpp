@@ -161,6 +161,12 @@ void qxSetsView::search()
     face().model->setSearch(m_search);
 }
 
+void qxSetsView::setHiddenShown(bool shown)
+{
+    for (const Face &each : m_faces)
+        each.model->setHiddenShown(shown);
+}
+
 int qxSetsView::foundCount() const
 {
     if (m_search.isEmpty())

@@ -21,6 +21,8 @@ public:
     Form form() const { return Form(currentIndex()); }
     void setForm(Form form);
     void setSearch(const QString &text);
+    /// Whether groups that are not to be shown are.
+    void setHiddenShown(bool shown);
     /// How many sets the search leaves; -1 without a search.
     int foundCount() const;
 

@@ -140,6 +140,12 @@ void qxVariantSetsDock::buildActions()
     addAction(QT_TR_NOOP("De&lete"), QKeySequence::Delete, &Dock::removeSelected);
     m_withSets = addAction(QT_TR_NOOP("Delete Group with Its S&ets"),
                            QKeySequence(Qt::SHIFT + Qt::Key_Delete), &Dock::removeGroupsWithSets);
+    m_groupVisible = addAction(QT_TR_NOOP("Group V&isible"), QKeySequence(), nullptr);
+    m_groupVisible->setCheckable(true);
+    connect(m_groupVisible, &QAction::triggered, this, &Dock::setGroupVisible);
+    QAction *const hidden = addAction(QT_TR_NOOP("Show &Hidden Groups"), QKeySequence(), nullptr);
+    hidden->setCheckable(true);
+    connect(hidden, &QAction::toggled, m_view, &qxSetsView::setHiddenShown);
     m_ofSets << addAction(QT_TR_NOOP("Show Connected &Variants"), QKeySequence(),
                           &Dock::showConnected);
 }
@@ -150,7 +156,8 @@ QAction *qxVariantSetsDock::addAction(const char *text, const QKeySequence &key,
     auto *const action = new QAction(this);
     action->setShortcut(key);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(action, &QAction::triggered, this, run);
+    if (run)
+        connect(action, &QAction::triggered, this, run);
     m_view->addAction(action);
     m_actions << action;
     m_texts << text;
@@ -194,6 +201,9 @@ void qxVariantSetsDock::followCurrent()
         m_form->showSet(m_view->currentSet());
     for (QAction *action : m_ofSets)
         action->setEnabled(!m_view->currentSet().isEmpty());
+    const qxVariantGroup *const group = qxVariants::findVariantGroup(m_view->currentGroup());
+    m_groupVisible->setEnabled(group);
+    m_groupVisible->setChecked(group && group->visible);
     followSelection();
 }
 
@@ -277,6 +287,11 @@ void qxVariantSetsDock::move(bool down)
         m_edits->shiftSets(sets, down);
     else if (!groups.isEmpty())
         m_edits->shiftGroup(groups.first(), down);
+}
+
+void qxVariantSetsDock::setGroupVisible(bool isVisible)
+{
+    m_edits->setGroupVisible(m_view->currentGroup(), isVisible);
 }
 
 void qxVariantSetsDock::removeSelected()

@@ -64,6 +64,7 @@ private:
     void moveDown() { move(true); }
     /// Lets the user choose the group for the selected sets.
     void askWhereTo();
+    void setGroupVisible(bool isVisible);
     void removeSelected();
     void removeGroupsWithSets();
     void showConnected();
@@ -80,4 +81,5 @@ private:
     QList<const char *> m_texts; ///< of the actions, to be translated
     QList<QAction *> m_ofSets; ///< those that need a set
     QAction *m_withSets; ///< needs a group
+    QAction *m_groupVisible;
 };
