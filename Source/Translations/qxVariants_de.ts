@@ -719,5 +719,9 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
         <source>&amp;Previous Pane</source>
         <translation>&amp;Vorheriger Bereich</translation>
     </message>
+    <message>
+        <source>A script is running. Escape ends it.</source>
+        <translation>Ein Skript läuft. Esc beendet es.</translation>
+    </message>
 </context>
 </TS>

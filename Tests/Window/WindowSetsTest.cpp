@@ -195,6 +195,21 @@ TEST_F(WindowSetsTest, WhatAScriptMakesShowsAtOnceAndInOneStep)
     EXPECT_EQ(list().model()->rowCount(groupRow("Work")), 1);
 }
 
+TEST_F(WindowSetsTest, AScriptThatNeverEndsIsEndedByEscape)
+{
+    openDesk();
+    QString status;
+    QTimer::singleShot(900, window.get(), [&] {
+        EXPECT_FALSE(window->close()) << "not while a script runs";
+        status = window->statusBar()->currentMessage();
+        QTest::keyClick(window->sceneView(), Qt::Key_Escape);
+    });
+    EXPECT_TRUE(type("while True: number = 1\n").endsWith("KeyboardInterrupt"));
+    EXPECT_EQ(status, "A script is running. Escape ends it.");
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(type("1 + 1"), "2");
+}
+
 TEST_F(WindowSetsTest, ANodeIsPickedInTheViewAndHiddenInTheTree)
 {
     openDemo();

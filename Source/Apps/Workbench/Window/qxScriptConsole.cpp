@@ -1,6 +1,7 @@
 #include "qxScriptConsole.h"
 
 #include "qxConsolePython.h"
+#include "qxController.h"
 
 #include <QFontDatabase>
 #include <QKeyEvent>
@@ -29,6 +30,7 @@ qxScriptConsole::qxScriptConsole(QWidget *parent)
     for (QPlainTextEdit *field : {m_output, m_input})
         field->setFont(font);
     m_output->setReadOnly(true);
+    m_output->setMinimumHeight(3 * m_output->fontMetrics().lineSpacing());
     m_output->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_output->setMaximumBlockCount(5000);
     m_input->setFixedHeight(4 * m_input->fontMetrics().lineSpacing());
@@ -93,7 +95,9 @@ void qxScriptConsole::enter()
     const QString statement = m_input->toPlainText();
     if (statement.trimmed().isEmpty())
         return m_input->clear();
+    qxController::setBusy(true, true);
     const qxConsolePython::Answer answer = qxConsolePython::run(statement);
+    qxController::setBusy(false, true);
     if (answer.isIncomplete)
         return m_input->insertPlainText("\n");
     print(statement.trimmed(), true);

@@ -90,9 +90,11 @@ void qxWorkbenchWindow::buildViewMenu()
     named(menu->addAction(
               QString(), this, [this] { focusPane(1); }, QKeySequence::NextChild),
           QT_TR_NOOP("&Next Pane"));
-    named(menu->addAction(
-              QString(), this, [this] { focusPane(-1); }, QKeySequence::PreviousChild),
-          QT_TR_NOOP("&Previous Pane"));
+    QAction *const previous = named(menu->addAction(QString()), QT_TR_NOOP("&Previous Pane"));
+    connect(previous, &QAction::triggered, this, [this] { focusPane(-1); });
+    // With Shift, keyboards under X11 send another key than Tab.
+    previous->setShortcuts(QList<QKeySequence>{Qt::CTRL + Qt::SHIFT + Qt::Key_Tab}
+                           + QKeySequence::keyBindings(QKeySequence::PreviousChild));
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         menu->addAction(dock->toggleViewAction());
     menu->addSeparator();

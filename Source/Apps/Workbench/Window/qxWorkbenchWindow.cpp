@@ -14,6 +14,7 @@
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
+#include "qxScriptWatch.h"
 #include "qxSession.h"
 #include "qxUnsavedChanges.h"
 
@@ -64,6 +65,9 @@ qxWorkbenchWindow::qxWorkbenchWindow()
         if (QDockWidget *const dock = dockAround(now))
             dock->raise();
     });
+    m_watch = std::make_unique<qxScriptWatch>();
+    connect(m_watch.get(), &qxScriptWatch::stillRuns, this,
+            [this] { statusBar()->showMessage(tr("A script is running. Escape ends it."), 2000); });
     showPath(QString());
     retranslate();
     restoreLayout();
@@ -72,6 +76,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
 qxWorkbenchWindow::~qxWorkbenchWindow()
 {
     // What shows the scene goes before the scene.
+    m_watch.reset();
     m_before.reset();
     delete m_unsaved;
     delete takeCentralWidget();

@@ -15,6 +15,7 @@ class qxPictureDialog;
 class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
+class qxScriptWatch;
 class qxSession;
 class qxUnsavedChanges;
 class qxVariantSetsDock;
@@ -89,6 +90,7 @@ private:
     std::unique_ptr<qxLanguage> m_language; ///< before all that has texts
     std::unique_ptr<qxSession> m_session;
     std::unique_ptr<qxSceneKeeper> m_before; ///< what "Back" leads to; null for nothing
+    std::unique_ptr<qxScriptWatch> m_watch;
     QString m_path;
     bool m_hasLayout = false;
     QString m_lastError; ///< of the log

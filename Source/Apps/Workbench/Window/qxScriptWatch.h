@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+/// Keeps the program's windows painted while a script runs for long, and ends it when the user
+/// presses Escape. What the user does else meanwhile is ignored. At most one exists.
+class qxScriptWatch : public QObject {
+    Q_OBJECT
+
+public:
+    explicit qxScriptWatch(QObject *parent = nullptr);
+    ~qxScriptWatch() override;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+signals:
+    /// A script still runs; again and again until it ends.
+    void stillRuns();
+
+private:
+    static bool goOn();
+    bool look();
+
+    QTimer m_pulse;
+    QElapsedTimer m_sinceBeat; ///< of the event loop
+    bool m_isStopped = false;
+};
