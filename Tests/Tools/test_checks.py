@@ -96,6 +96,13 @@ class LayersTest(CheckTest):
         self.put(f"{MODULE}/qxNodeVariant.h", '#include "qxVariant.h"\n')
         self.assertEqual(self.run_tool("check-layers").count("includes itself"), 2)
 
+    def test_classes_of_one_name_are_seen(self):
+        self.put("Source/Libs/VariantsPanel/qxA.h", "class qxOnce;\nclass qxTwice : public qxOnce {\n};\n")
+        self.put("Source/Libs/Host/qxB.cpp", "struct qxOnce::Part {\n};\n")
+        self.assertEqual(self.run_tool("check-layers"), "")
+        self.put("Source/Apps/Workbench/qxC.h", "struct qxTwice {\n};\n")
+        self.assertIn("qxTwice is a class of Source/Apps/Workbench/qxC.h already", self.run_tool("check-layers"))
+
 
 class StyleTest(CheckTest):
     def complaint_about(self, text, file="a.cpp"):

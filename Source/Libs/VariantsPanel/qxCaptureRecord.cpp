@@ -52,7 +52,7 @@ void give(qxVariantSet &set, const qxCaptureRecord::Entry &entry, bool forward)
 /// The step of a capture without its set.
 class CaptureStep : public qxEditStep {
 public:
-    CaptureStep(qxSceneChange scene, qxVariantsChange variants,
+    CaptureStep(qxSceneUndo scene, qxVariantsChange variants,
                 std::vector<qxCaptureRecord::Entry> entries)
         : qxEditStep(QString(), true), m_scene(std::move(scene)), m_variants(std::move(variants)),
           m_entries(std::move(entries))
@@ -74,7 +74,7 @@ protected:
     }
 
 private:
-    qxSceneChange m_scene;
+    qxSceneUndo m_scene;
     qxVariantsChange m_variants;
     std::vector<qxCaptureRecord::Entry> m_entries;
 };

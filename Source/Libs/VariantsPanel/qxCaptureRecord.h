@@ -3,7 +3,7 @@
 #include "qxVariantsChange.h"
 
 #include "qxEditStep.h"
-#include "qxSceneChange.h"
+#include "qxSceneUndo.h"
 
 #include <QMap>
 
@@ -41,7 +41,7 @@ private:
 
     static Contents contentsOf(const qxVariantSet &set);
 
-    qxSceneChange m_scene;
+    qxSceneUndo m_scene;
     qxVariantsChange m_variants;
     QHash<QString, Contents> m_sets;
 };

@@ -1,4 +1,4 @@
-#include "qxSceneChange.h"
+#include "qxSceneUndo.h"
 
 #include "qxVariants.h"
 
@@ -12,6 +12,7 @@
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <algorithm>
+#include <set>
 
 namespace {
 
@@ -92,7 +93,7 @@ void subtract(Materials &all, const Materials &known)
 
 } // namespace
 
-qxSceneChange::qxSceneChange() : m_pool(poolNow()), m_viewpoints(viewpointsNow())
+qxSceneUndo::qxSceneUndo() : m_pool(poolNow()), m_viewpoints(viewpointsNow())
 {
     std::set<osg::UInt32> known;
     Materials open = m_pool;
@@ -112,7 +113,7 @@ qxSceneChange::qxSceneChange() : m_pool(poolNow()), m_viewpoints(viewpointsNow()
     }
 }
 
-void qxSceneChange::finish()
+void qxSceneUndo::finish()
 {
     std::vector<Node> nodes;
     for (Node &each : m_nodes) {
@@ -139,7 +140,7 @@ void qxSceneChange::finish()
     m_viewpoints.swap(viewpoints);
 }
 
-void qxSceneChange::apply(bool forward) const
+void qxSceneUndo::apply(bool forward) const
 {
     if (forward)
         applyPool(forward); // Nodes take what the pool holds.
@@ -155,7 +156,7 @@ void qxSceneChange::apply(bool forward) const
     qxScenegraph::update(0);
 }
 
-bool qxSceneChange::applyNodes(bool forward) const
+bool qxSceneUndo::applyNodes(bool forward) const
 {
     for (const Node &each : m_nodes) {
         const NodeState &from = forward ? each.before : each.after;
@@ -169,7 +170,7 @@ bool qxSceneChange::applyNodes(bool forward) const
     return !m_nodes.empty();
 }
 
-bool qxSceneChange::applyMaterials(bool forward) const
+bool qxSceneUndo::applyMaterials(bool forward) const
 {
     for (const Material &each : m_materials) {
         const MaterialState &from = forward ? each.before : each.after;
@@ -189,7 +190,7 @@ bool qxSceneChange::applyMaterials(bool forward) const
     return !m_materials.empty();
 }
 
-void qxSceneChange::applyPool(bool forward) const
+void qxSceneUndo::applyPool(bool forward) const
 {
     const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
     const osg::CPEditor edit(pool);
@@ -203,7 +204,7 @@ void qxSceneChange::applyPool(bool forward) const
 }
 
 /// The pool itself can only be emptied or get more.
-void qxSceneChange::applyViewpoints(bool forward) const
+void qxSceneUndo::applyViewpoints(bool forward) const
 {
     if (m_viewpoints.empty())
         return;
@@ -222,12 +223,12 @@ void qxSceneChange::applyViewpoints(bool forward) const
         qxUberCameraPool::the()->add(each);
 }
 
-qxSceneChange::NodeState qxSceneChange::stateOf(const osg::NodePtr &node)
+qxSceneUndo::NodeState qxSceneUndo::stateOf(const osg::NodePtr &node)
 {
     return {nameOf(node), osg::MaterialRefPtr(qxNodeUtils::getMaterial(node))};
 }
 
-qxSceneChange::MaterialState qxSceneChange::stateOf(const osg::MaterialPtr &material)
+qxSceneUndo::MaterialState qxSceneUndo::stateOf(const osg::MaterialPtr &material)
 {
     const auto choices = osg::SwitchMaterialPtr::dcast(material);
     return {nameOf(material), partsOf(material), choices == osg::NullFC ? 0 : choices->getChoice()};

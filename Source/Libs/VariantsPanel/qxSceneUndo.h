@@ -13,10 +13,10 @@
 ///
 /// Undoing and redoing touch only what is still as the capture (or the undoing) left it, so that
 /// what others changed since stays. The change keeps alive what it needs of the scene.
-class qxSceneChange {
+class qxSceneUndo {
 public:
     /// Notes how the scene is now.
-    qxSceneChange();
+    qxSceneUndo();
     /// Keeps only what has become different.
     void finish();
 
@@ -45,7 +45,6 @@ private:
     typedef Changed<osg::NodeRefPtr, NodeState> Node;
     typedef Changed<osg::MaterialRefPtr, MaterialState> Material;
 
-    void noteMaterial(const osg::MaterialPtr &material);
     void apply(bool forward) const;
     bool applyNodes(bool forward) const;
     bool applyMaterials(bool forward) const;
