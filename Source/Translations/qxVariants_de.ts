@@ -303,6 +303,10 @@
         <translation>„%1“ hat diese Taste auch und geht vor.</translation>
     </message>
     <message>
+        <source>&quot;%1&quot; has this key, too, and comes first in the list of sets.</source>
+        <translation>„%1“ hat diese Taste auch und geht in der Liste der Sets vor.</translation>
+    </message>
+    <message>
         <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too; this set comes first.</source>
         <translation>Die Option „%1“ von „%2“ hat diese Taste auch; dieses Set geht vor.</translation>
     </message>

@@ -1,5 +1,6 @@
 #include "DockFixture.h"
 #include "qxController.h"
+#include "qxSetHotkeys.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -129,6 +130,36 @@ TEST_F(DockTest, TheKeyOfAnOptionSelectsItUnlessASetHasTheKey)
     set("Red").updateShortcut();
     QTest::keyClick(&list(), Qt::Key_K, Qt::ControlModifier);
     EXPECT_EQ(wheels.choice(), 0);
+}
+
+TEST_F(DockTest, TheListsOwnKeysWinWhileItHasTheFocusAndThoseOfSetsElsewhere)
+{
+    set("Blue").hotkey = "F2";
+    set("Blue").updateShortcut();
+    sets.view()->showSet("Red");
+    list().setFocus();
+    QTest::keyClick(&list(), Qt::Key_F2);
+    auto *const editor = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr) << "Red is being renamed";
+    EXPECT_EQ(wheels.choice(), 0);
+    QTest::keyClick(editor, Qt::Key_Escape);
+    auto *const elsewhere = variants.findChild<QTreeView *>();
+    elsewhere->setFocus();
+    QTest::keyClick(elsewhere, Qt::Key_F2);
+    EXPECT_EQ(wheels.choice(), 1);
+    EXPECT_TRUE(qxSetHotkeys::conflictOf(set("Blue"), window).contains("comes first in the list"));
+}
+
+TEST_F(DockTest, ASetIsAddedByKeyWhereverTheFocusIs)
+{
+    const std::size_t count = qxVariants::_variantSets.size();
+    auto *const elsewhere = variants.findChild<QTreeView *>();
+    elsewhere->setFocus();
+    QTest::keyClick(elsewhere, Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(qxVariants::_variantSets.size(), count + 1);
+    elsewhere->setFocus();
+    QTest::keyClick(elsewhere, Qt::Key_Delete);
+    EXPECT_EQ(qxVariants::_variantSets.size(), count + 1) << "that is for the list alone";
 }
 
 TEST_F(DockTest, SetsAndGroupsMoveByKeyAlone)

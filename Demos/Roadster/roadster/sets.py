@@ -140,7 +140,7 @@ _SHOW = (
      "overlays": {"Logo": "!Disable"}, "animations": ("Turntable",)},
     {"name": "Lamp Check", "comment": "Headlights and tail lights change over", "hotkey": "F3",
      "lights": {name: "!Toggle" for name in _CAR_LIGHTS}},
-    {"name": "Luggage", "comment": "The boot opens; a case that matches the seats lies inside", "hotkey": "F2",
+    {"name": "Luggage", "comment": "The boot opens; a case that matches the seats lies inside", "hotkey": "Shift+F3",
      "viewpoints": ("Rear",), "transforms": {"Boot Lid": "Open"}},
     {"name": "Turn the Stand", "comment": "The car's next side", "hotkey": "F10",
      "viewpoints": ("Übersicht",), "transforms": {"Turntable": "!Next (Loop)"}},

@@ -33,6 +33,13 @@ struct Combination {
     Qt::KeyboardModifiers modifiers;
 };
 
+/// Whether the action's keys work only while the focus is in some part of the window.
+bool isForPartOnly(const QAction &action)
+{
+    return action.shortcutContext() == Qt::WidgetShortcut
+        || action.shortcutContext() == Qt::WidgetWithChildrenShortcut;
+}
+
 /// Whether the key operates the focused widget, which people without a mouse depend on.
 bool isOperating(const Combination &pressed)
 {
@@ -43,6 +50,19 @@ bool isOperating(const Combination &pressed)
         || qobject_cast<const QAbstractButton *>(focus) || qobject_cast<const QComboBox *>(focus);
     return isOperated && !pressed.modifiers
         && std::find(std::begin(keys), std::end(keys), pressed.key) != std::end(keys);
+}
+
+/// The action of the focused list, or of what it is in, with that key; null for none.
+const QAction *focusedActionWith(const Combination &pressed)
+{
+    const QKeySequence key(pressed.key | int(pressed.modifiers));
+    for (const QWidget *at = QApplication::focusWidget(); at; at = at->parentWidget()) {
+        for (const QAction *action : at->actions()) {
+            if (isForPartOnly(*action) && action->shortcuts().contains(key))
+                return action;
+        }
+    }
+    return nullptr;
 }
 
 /// The first set with that key; there may be thousands, but a key is not pressed that often.
@@ -74,14 +94,14 @@ Option optionWith(const Combination &pressed)
     return found;
 }
 
-/// The window's action with that key, as a menu shows it; empty for none.
-QString actionWith(const QKeySequence &key, const QWidget &window)
+/// The window's action with that key; null for none.
+const QAction *actionWith(const QKeySequence &key, const QWidget &window)
 {
     for (const QAction *action : window.findChildren<QAction *>()) {
         if (action->shortcuts().contains(key))
-            return QString(action->text()).remove('&');
+            return action;
     }
-    return QString();
+    return nullptr;
 }
 
 } // namespace
@@ -101,7 +121,7 @@ bool qxSetHotkeys::eventFilter(QObject *watched, QEvent *event)
         return false;
     const auto *const key = static_cast<QKeyEvent *>(event);
     const Combination pressedKey{key->key(), key->modifiers() & ~Qt::KeypadModifier};
-    if (isTyping() || isOperating(pressedKey))
+    if (isTyping() || isOperating(pressedKey) || focusedActionWith(pressedKey))
         return false;
     const qxVariantSet *const set = setWith(pressedKey);
     const Option option = set ? Option() : optionWith(pressedKey);
@@ -136,8 +156,10 @@ QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const QWidget &window)
     if (option.kind >= 0)
         lines << tr("The option \"%1\" of \"%2\" has this key, too; this set comes first.")
                      .arg(option.name, option.variant);
-    const QString action = actionWith(QKeySequence(set.key | int(set.modifiers)), window);
-    if (!action.isEmpty())
-        lines << tr("\"%1\" has this key, too; this set comes first.").arg(action);
+    if (const QAction *action = actionWith(QKeySequence(set.key | int(set.modifiers)), window))
+        lines << (isForPartOnly(*action)
+                      ? tr("\"%1\" has this key, too, and comes first in the list of sets.")
+                      : tr("\"%1\" has this key, too; this set comes first."))
+                     .arg(QString(action->text()).remove('&'));
     return lines.join('\n');
 }

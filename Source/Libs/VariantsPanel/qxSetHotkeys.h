@@ -8,7 +8,8 @@ class qxVariantSet;
 /// Lets the keys of sets and of options select them wherever in the window of `place` they are
 /// pressed, but for text fields, where a key writes. Of two sets with the same key the first is
 /// selected; sets come before options, and both before what else the window does with the key. Keys
-/// that operate the focused list or button (space, Enter, arrows) still do.
+/// that operate the focused list or button (space, Enter, arrows) still do, and so do those of
+/// actions that are for the focused part of the window alone.
 class qxSetHotkeys : public QObject {
     Q_OBJECT
 

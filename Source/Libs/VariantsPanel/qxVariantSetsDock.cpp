@@ -123,11 +123,11 @@ void qxVariantSetsDock::buildActions()
 {
     typedef qxVariantSetsDock Dock;
     m_ofSets << addAction(QT_TR_NOOP("&Select"), QKeySequence(), &Dock::selectCurrent);
-    addAction(QT_TR_NOOP("&Add Set"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_N),
-              &Dock::addSet);
+    addAction(QT_TR_NOOP("&Add Set"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_N), &Dock::addSet,
+              Qt::WindowShortcut);
     addAction(QT_TR_NOOP("Add &Group"), QKeySequence(), &Dock::addGroup);
     addAction(QT_TR_NOOP("&Capture..."), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_C),
-              &Dock::captureSet);
+              &Dock::captureSet, Qt::WindowShortcut);
     m_ofSets << addAction(QT_TR_NOOP("&Update from Scene..."), QKeySequence(), &Dock::updateSet);
     m_ofSets << addAction(QT_TR_NOOP("New &Preview"), QKeySequence(), &Dock::makePreview);
     addAction(QT_TR_NOOP("&Rename"), QKeySequence(Qt::Key_F2), &Dock::renameCurrent);
@@ -151,11 +151,11 @@ void qxVariantSetsDock::buildActions()
 }
 
 QAction *qxVariantSetsDock::addAction(const char *text, const QKeySequence &key,
-                                      void (qxVariantSetsDock::*run)())
+                                      void (qxVariantSetsDock::*run)(), Qt::ShortcutContext where)
 {
     auto *const action = new QAction(this);
     action->setShortcut(key);
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    action->setShortcutContext(where);
     if (run)
         connect(action, &QAction::triggered, this, run);
     m_view->addAction(action);
@@ -234,6 +234,7 @@ void qxVariantSetsDock::addSet()
 {
     const QString name = m_edits->addSet(m_view->currentGroup());
     m_events->flush();
+    show(); // The menu has this even while the dock is closed.
     m_view->showSet(name);
     m_view->renameCurrent();
 }

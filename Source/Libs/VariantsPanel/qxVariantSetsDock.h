@@ -43,7 +43,9 @@ private:
     void buildContents();
     void buildActions();
     void retranslate();
-    QAction *addAction(const char *text, const QKeySequence &key, void (qxVariantSetsDock::*run)());
+    /// Its key works while the focus is in the view, unless `where` says otherwise.
+    QAction *addAction(const char *text, const QKeySequence &key, void (qxVariantSetsDock::*run)(),
+                       Qt::ShortcutContext where = Qt::WidgetWithChildrenShortcut);
     QWidget *buildTopLine();
     void showMenu(const QPoint &globalPosition);
     void showFound();
