@@ -2,6 +2,7 @@
 #include "qxController.h"
 #include "qxSetHotkeys.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -228,6 +229,30 @@ TEST_F(DockTest, ANewSetJoinsTheGroupUnderTheCursor)
         settle();
         EXPECT_EQ(qxVariants::findVariantGroup("Inside")->sets.size(), isOnGroup ? 3U : 2U);
     }
+}
+
+TEST_F(DockTest, WhatIsNewIsNamedAtOnceEvenIfTheViewWouldHideIt)
+{
+    auto *const search = sets.findChild<QLineEdit *>("search");
+    auto *const gallery = sets.findChild<QToolButton *>("gallery");
+    for (const char *text : {"Add Set", "Add Group"}) {
+        gallery->setChecked(true);
+        search->setText("Red");
+        sets.view()->showSet("Red");
+        for (QAction *action : sets.setActions()) {
+            if (action->text().remove('&') == text)
+                action->trigger();
+        }
+        auto *const editor = sets.view()->currentWidget()->findChild<QLineEdit *>();
+        ASSERT_NE(editor, nullptr) << text;
+        editor->setText(text);
+        QTest::keyClick(editor, Qt::Key_Return);
+        settle();
+        EXPECT_EQ(search->text(), "");
+    }
+    EXPECT_NE(qxVariants::findVariantSet("Red"), nullptr);
+    EXPECT_NE(qxVariants::findVariantSet("Add Set"), nullptr);
+    EXPECT_NE(qxVariants::findVariantGroup("Add Group"), nullptr);
 }
 
 TEST_F(DockTest, ANewSceneLeavesNothingToUndo)

@@ -48,6 +48,19 @@ TEST_F(SetsModelTest, RowsKeepTheirPlaceInViewsWhenSetsMoveAndGetOtherNames)
     EXPECT_FALSE(red.isValid());
 }
 
+TEST_F(SetsModelTest, SetsThatComeBackInOtherMemoryAreFoundByName)
+{
+    const QPersistentModelIndex blue = model.indexOfSet("Blue");
+    const QPersistentModelIndex red = model.indexOfSet("Red");
+    qxVariants::removeVariantSet("Red");
+    qxVariants::removeVariantSet("Blue");
+    for (const char *name : {"Red", "Blue"}) // What went last is reused first.
+        qxVariants::createVariantSet(name, true, nullptr);
+    settle();
+    EXPECT_EQ(red.data().toString(), "Red");
+    EXPECT_EQ(blue.data().toString(), "Blue");
+}
+
 TEST_F(SetsModelTest, ARemovedSetIsNotTouchedBeforeTheRefresh)
 {
     const QModelIndex red = model.indexOfSet("Red");

@@ -386,23 +386,36 @@ int qxSetsModel::appendRow(const void *object, const QString &name, bool isGroup
     return place;
 }
 
-/// Finds what a view remembers in its new place: by identity, so that a rename keeps it, else by
-/// name, so that a set that came back does.
+/// Finds what a view remembers in its new place: by name, so that a set that came back is found,
+/// else by identity if a new name stands there, which is a rename. Identity comes second because
+/// an object that is made after another one went often has its address.
 void qxSetsModel::keepPersistentIndexes(const Rows &before)
 {
-    QHash<const void *, int> places;
+    QHash<const void *, int> renamed;
     for (std::size_t place = 0; place < m_rows.size(); ++place)
-        places.insert(m_rows[place].object, int(place));
+        renamed.insert(m_rows[place].object, int(place));
+    for (const Row &row : before) {
+        const int place = placeOf(row);
+        if (place >= 0)
+            renamed.remove(m_rows[std::size_t(place)].object);
+    }
     const QModelIndexList kept = persistentIndexList();
     QModelIndexList moved;
     for (const QModelIndex &index : kept) {
         const Row &row = before[std::size_t(index.internalId())];
-        const QHash<QString, int> &byName = row.isGroup ? m_groups : m_sets;
-        const int place = places.value(row.object, byName.value(row.name, -1));
+        int place = placeOf(row);
+        if (place < 0)
+            place = renamed.value(row.object, -1);
         const bool same = place >= 0 && m_rows[std::size_t(place)].isGroup == row.isGroup;
         moved.append(same ? indexOfRow(place) : QModelIndex());
     }
     changePersistentIndexList(kept, moved);
+}
+
+/// Where the set or group of that name is now; -1 if it is gone.
+int qxSetsModel::placeOf(const Row &row) const
+{
+    return (row.isGroup ? m_groups : m_sets).value(row.name, -1);
 }
 
 const qxSetsModel::Row *qxSetsModel::rowAt(const QModelIndex &index) const

@@ -95,6 +95,7 @@ private:
     void readGroup(const qxVariantGroup &group);
     int appendRow(const void *object, const QString &name, bool isGroup, int parent);
     void keepPersistentIndexes(const Rows &before);
+    int placeOf(const Row &row) const;
     const Row *rowAt(const QModelIndex &index) const;
     QModelIndex indexOfRow(int place) const;
     void rowsShowAnew();

@@ -233,24 +233,38 @@ void qxVariantSetsDock::selectCurrent()
 void qxVariantSetsDock::addSet()
 {
     const QString name = m_edits->addSet(m_view->currentGroup());
-    m_events->flush();
     show(); // The menu has this even while the dock is closed.
-    m_view->showSet(name);
-    m_view->renameCurrent();
+    showNewSet(name);
+    if (m_view->currentSet() == name)
+        m_view->renameCurrent();
 }
 
 void qxVariantSetsDock::addGroup()
 {
     const QString name = m_edits->addGroup();
     m_events->flush();
+    m_gallery->setChecked(false); // It has no groups.
+    m_search->clear();
     m_view->showGroup(name);
-    m_view->renameCurrent();
+    if (m_view->currentSet().isEmpty() && m_view->currentGroup() == name)
+        m_view->renameCurrent();
 }
 
 void qxVariantSetsDock::captureSet()
 {
     const QString name = qxSetCapture::capture(m_edits, m_view->currentGroup(), window());
+    if (!name.isEmpty()) // not cancelled
+        showNewSet(name);
+}
+
+/// The search ends unless it leaves the new set.
+void qxVariantSetsDock::showNewSet(const QString &name)
+{
     m_events->flush();
+    m_view->showSet(name);
+    if (m_view->currentSet() == name)
+        return;
+    m_search->clear();
     m_view->showSet(name);
 }
 
@@ -276,7 +290,8 @@ void qxVariantSetsDock::renameCurrent()
 void qxVariantSetsDock::duplicateSets()
 {
     const QStringList copies = m_edits->duplicateSets(m_view->selectedSets());
-    m_events->flush();
+    if (!copies.isEmpty())
+        showNewSet(copies.first());
     m_view->selectSets(copies);
 }
 

@@ -57,6 +57,7 @@ private:
     void addSet();
     void addGroup();
     void captureSet();
+    void showNewSet(const QString &name);
     void updateSet();
     void makePreview();
     void renameCurrent();
