@@ -6,6 +6,7 @@
 #include <QKeySequenceEdit>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QSignalSpy>
 #include <QTableWidget>
 #include <QUndoStack>
 
@@ -78,6 +79,56 @@ TEST_F(FormTest, ValuesComeAndGoAndOneOfTheSameKeyIsNotLost)
     sets.undoStack()->undo();
     settle();
     EXPECT_EQ(values().rowCount(), 1) << "one step for all that was done in the table";
+}
+
+TEST_F(FormTest, ValuesOfTheSameKeyAreNumberedWhenTheSetIsLeft)
+{
+    click("Red");
+    write(0, "price", "12");
+    write(1, "price", "13");
+    click("Blue");
+    EXPECT_EQ(set("Red").values, (QMap<QString, QString>{{"price", "12"}, {"price 2", "13"}}));
+    EXPECT_TRUE(set("Blue").values.isEmpty());
+    EXPECT_EQ(note("valuesNote"), "");
+}
+
+/// The field for keys waits for more of them before it says that it is done.
+TEST_F(FormTest, AKeyIsTakenEvenIfTheFieldStillWaitsForMore)
+{
+    auto *const field = sets.findChild<QKeySequenceEdit *>();
+    click("Red");
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_Y, Qt::ControlModifier);
+    qxPanelEvents::announceEditedSets();
+    settle();
+    EXPECT_EQ(set("Red").hotkey, "") << "it may become another";
+    sets.view()->showSet("Blue"); // As when a script selects it.
+    settle();
+    EXPECT_EQ(set("Red").hotkey, "Ctrl+Y");
+    EXPECT_EQ(set("Blue").hotkey, "Ctrl+B");
+    EXPECT_EQ(field->keySequence(), QKeySequence("Ctrl+B"));
+    QTest::keyClick(field, Qt::Key_U, Qt::ControlModifier);
+    list().setFocus();
+    EXPECT_EQ(set("Blue").hotkey, "Ctrl+U");
+}
+
+TEST_F(FormTest, HalfTypedTextWaitsForItsSetWhateverIsAnnounced)
+{
+    click("Red");
+    auto *const comment = sets.findChildren<QPlainTextEdit *>().at(0);
+    comment->setFocus();
+    QTest::keyClicks(comment, "warm");
+    QSignalSpy moves(sets.view(), &qxSetsView::currentChanged);
+    qxPanelEvents::announceEditedSets();
+    settle();
+    EXPECT_EQ(moves.count(), 0);
+    EXPECT_EQ(sets.undoStack()->count(), 0);
+    qxSetEdits others;
+    others.renameSet("Red", "Crimson");
+    settle();
+    EXPECT_EQ(sets.undoStack()->count(), 0);
+    list().setFocus();
+    EXPECT_EQ(set("Crimson").comment, "warm");
 }
 
 TEST_F(FormTest, AGroupHasACommentAlone)

@@ -5,6 +5,7 @@
 
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QTextDocumentFragment>
 
 #include <memory>
 
@@ -68,6 +69,15 @@ TEST_F(SetsModelTest, ARemovedSetIsNotTouchedBeforeTheRefresh)
     EXPECT_EQ(model.setAt(red), nullptr);
     EXPECT_EQ(red.data(qxSetsModel::CommentRole), QVariant());
     EXPECT_EQ(red.data().toString(), "Red");
+}
+
+TEST_F(SetsModelTest, ToolTipsShowNamesAsTheyAre)
+{
+    edits.renameSet("Red", "<b>Red & hot");
+    settle();
+    const QString tip = model.indexOfSet("<b>Red & hot").data(Qt::ToolTipRole).toString();
+    const QString shown = QTextDocumentFragment::fromHtml(tip).toPlainText();
+    EXPECT_TRUE(shown.startsWith("<b>Red & hot\n")) << shown.toStdString();
 }
 
 TEST_F(SetsModelTest, DraggedSetsLandWhereTheyAreDropped)

@@ -17,8 +17,6 @@ public:
     explicit qxPanelEvents(QObject *parent = nullptr);
     ~qxPanelEvents() override;
 
-    /// Whether something was announced that setsChanged has not told yet.
-    bool areSetsPending() const { return m_pending & Sets; }
     /// Sends what is gathered at once.
     void flush();
 

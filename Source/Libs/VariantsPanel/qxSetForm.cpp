@@ -22,6 +22,8 @@
 #include <QSignalBlocker>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace {
 
 QStringList statesOf(const qxStateList &states)
@@ -54,11 +56,22 @@ void showText(QPlainTextEdit *field, const QString &text)
         field->setPlainText(text);
 }
 
+/// The name that the object has now; `name` when it is gone.
+template <typename Objects>
+QString nameOf(const void *object, const Objects &objects, const QString &name)
+{
+    const auto found = std::find_if(objects.begin(), objects.end(), [object](const auto *each) {
+        return static_cast<const void *>(each) == object;
+    });
+    return found == objects.end() ? name : QString((*found)->name);
+}
+
 QLabel *makeNote(const QString &name)
 {
     auto *const note = new QLabel;
     note->setObjectName(name);
     note->setWordWrap(true);
+    note->setTextFormat(Qt::PlainText);
     note->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return note;
 }
@@ -81,6 +94,7 @@ qxSetForm::qxSetForm(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent)
             &qxSetForm::takeViewpoint);
     connect(m_values, &qxValuesTable::edited, this, &qxSetForm::takeValues);
     m_comment->installEventFilter(this);
+    m_hotkey->installEventFilter(this);
     m_script->installEventFilter(this);
     retranslate();
 }
@@ -90,7 +104,7 @@ void qxSetForm::buildFields()
     m_contents = new QLabel;
     m_contents->setWordWrap(true);
     m_contents->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_contents->setWordWrap(true);
+    m_contents->setTextFormat(Qt::PlainText);
     m_contents->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_comment = new QPlainTextEdit;
     m_comment->setTabChangesFocus(true);
@@ -175,9 +189,13 @@ void qxSetForm::showGroup(const QString &name)
 
 void qxSetForm::showTarget(const QString &set, const QString &group)
 {
-    takeTexts();
-    if (set != m_set)
+    followRename();
+    if (set != m_set || group != m_group) {
+        takeTexts();
+        if (m_isValuesTableOpen)
+            setValues(m_values->pairs());
         m_isValuesTableOpen = false;
+    }
     m_set = set;
     m_group = group;
     for (const auto &label : m_labels) {
@@ -190,10 +208,21 @@ void qxSetForm::showTarget(const QString &set, const QString &group)
     refresh();
 }
 
+/// What is being typed belongs to the same set when that has another name now.
+void qxSetForm::followRename()
+{
+    if (!m_set.isEmpty() && !qxVariants::findVariantSet(m_set))
+        m_set = nameOf(m_object, qxVariants::_variantSets, m_set);
+    if (!m_group.isEmpty() && !qxVariants::findVariantGroup(m_group))
+        m_group = nameOf(m_object, qxVariants::_variantGroups, m_group);
+}
+
 void qxSetForm::refresh()
 {
+    followRename();
     const qxVariantGroup *const group = qxVariants::findVariantGroup(m_group);
     const qxVariantSet *const set = qxVariants::findVariantSet(m_set);
+    m_object = group ? static_cast<const void *>(group) : set;
     const qxVariantSet nothing;
     setEnabled(set || group);
     showContents(set ? *set : nothing);
@@ -206,8 +235,11 @@ void qxSetForm::showContents(const qxVariantSet &set)
     if (m_group.isEmpty())
         showText(m_comment, set.comment);
     showText(m_script, set.script);
-    if (!m_hotkey->hasFocus())
-        m_hotkey->setKeySequence(QKeySequence(set.hotkey, QKeySequence::NativeText));
+    if (!isKeyTyped()) {
+        m_shownKey = QKeySequence(set.hotkey, QKeySequence::NativeText);
+        if (m_hotkey->keySequence() != m_shownKey) // It would take a half-typed one away.
+            m_hotkey->setKeySequence(m_shownKey);
+    }
     showText(m_keyNote, qxSetHotkeys::conflictOf(set, *window()));
     m_contents->setText(summary(set));
     showViewpoints(set.defaultViewpoint);
@@ -239,8 +271,17 @@ bool qxSetForm::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
+/// Whether the field holds a key that the set has not got yet: the field waits for more of it.
+bool qxSetForm::isKeyTyped() const
+{
+    return m_hotkey->keySequence() != m_shownKey;
+}
+
 void qxSetForm::takeTexts()
 {
+    followRename();
+    if (isKeyTyped())
+        takeHotkey();
     if (m_group.isEmpty())
         takeText(m_comment, tr("Comment"), &qxVariantSet::comment);
     else
@@ -269,7 +310,8 @@ void qxSetForm::takeGroupComment()
 
 void qxSetForm::takeHotkey()
 {
-    const QString key = qxKeyText::held(m_hotkey->keySequence());
+    m_shownKey = m_hotkey->keySequence();
+    const QString key = qxKeyText::held(m_shownKey);
     edit(
         tr("Key"), [&](const qxVariantSet &set) { return set.hotkey == key; },
         [&](qxVariantSet &set) {
@@ -296,11 +338,15 @@ void qxSetForm::takeValues()
                         tr("\"%1\" is there twice. The values are taken as soon as the "
                            "keys differ.")
                             .arg(key));
-    const QMap<QString, QString> values = m_values->pairs();
+    setValues(m_values->pairs());
+    showText(m_valuesNote, QString());
+}
+
+void qxSetForm::setValues(const QMap<QString, QString> &values)
+{
     edit(
         tr("Values"), [&](const qxVariantSet &set) { return set.values == values; },
         [&](qxVariantSet &set) { set.values = values; });
-    showText(m_valuesNote, QString());
 }
 
 void qxSetForm::edit(const QString &what, const std::function<bool(const qxVariantSet &)> &isSame,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QWidget>
 
 #include <functional>
@@ -40,12 +41,15 @@ private:
     void refresh();
     void showContents(const qxVariantSet &set);
     void showViewpoints(const QString &chosen);
+    void followRename();
+    bool isKeyTyped() const;
     void takeTexts();
     void takeText(QPlainTextEdit *field, const QString &what, QString qxVariantSet::*text);
     void takeGroupComment();
     void takeHotkey();
     void takeViewpoint();
     void takeValues();
+    void setValues(const QMap<QString, QString> &values);
     /// Edits the shown set unless that would change nothing.
     void edit(const QString &what, const std::function<bool(const qxVariantSet &)> &isSame,
               const std::function<void(qxVariantSet &)> &change);
@@ -53,9 +57,11 @@ private:
     qxSetEdits *m_edits;
     QString m_set;
     QString m_group; ///< one of both is empty
+    const void *m_object = nullptr; ///< the set or group, perhaps dead: to know a rename
     QLabel *m_contents;
     QPlainTextEdit *m_comment;
     QKeySequenceEdit *m_hotkey;
+    QKeySequence m_shownKey; ///< what the set has
     QToolButton *m_noHotkey;
     QComboBox *m_viewpoint;
     QPlainTextEdit *m_script;

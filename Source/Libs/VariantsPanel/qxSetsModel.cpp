@@ -11,6 +11,7 @@
 #include <QDataStream>
 #include <QMimeData>
 #include <QPixmapCache>
+#include <QTextDocument>
 
 #include <algorithm>
 
@@ -39,6 +40,12 @@ bool refersToAnything(const qxVariantSet &set)
     return !set.nodeVariants.empty() || !set.materialVariants.empty() || !set.lightVariants.empty()
         || !set.overlayVariants.empty() || !set.geometries.empty() || !set.viewpoints.empty()
         || !set.animations.empty();
+}
+
+/// Keeps a tool tip from taking names for markup.
+QString plain(const QString &text)
+{
+    return text.isEmpty() ? text : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
 }
 
 bool isUnused(qxVariantSet &set)
@@ -120,8 +127,9 @@ QVariant qxSetsModel::groupData(const qxVariantGroup &group, int role)
 {
     switch (role) {
     case CommentRole:
-    case Qt::ToolTipRole:
         return group.comment;
+    case Qt::ToolTipRole:
+        return plain(group.comment);
     case HiddenRole:
         return !group.visible;
     case CountRole:
@@ -175,7 +183,7 @@ QString qxSetsModel::toolTip(qxVariantSet &set) const
         lines << tr("It is empty: selecting it changes nothing.");
     else if (isUnused(set))
         lines << tr("Nothing of what it refers to is in the scene.");
-    return lines.join('\n');
+    return plain(lines.join('\n'));
 }
 
 QPixmap qxSetsModel::previewOf(const qxVariantSet &set) const

@@ -58,6 +58,7 @@ qxSetsView::qxSetsView(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent
     m_note = new QLabel(this);
     m_note->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     m_note->setWordWrap(true);
+    m_note->setTextFormat(Qt::PlainText);
     m_note->setMargin(24);
     m_note->setAttribute(Qt::WA_TransparentForMouseEvents);
     for (const Face &each : m_faces)
@@ -110,10 +111,10 @@ qxSetsView::Face qxSetsView::makeFace(QAbstractItemView *view, qxSetsModel *mode
         emit menuRequested(view->viewport()->mapToGlobal(place));
     });
     connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &qxSetsView::currentChanged);
+            &qxSetsView::tellCurrent);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &qxSetsView::selectionChanged);
-    connect(model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::currentChanged);
+    connect(model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::tellCurrent);
     connect(model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::searched);
     addWidget(view);
     return {model, view};
@@ -125,6 +126,17 @@ void qxSetsView::setForm(Form form)
     setCurrentIndex(form);
     search();
     showSet(set);
+    tellCurrent();
+}
+
+/// The form that is not shown has a cursor, too, and a refresh mostly leaves it where it is.
+void qxSetsView::tellCurrent()
+{
+    const QPair<QString, QString> now(currentSet(), currentGroup());
+    if (now == m_told)
+        return;
+    m_told = now;
+    emit currentChanged();
 }
 
 void qxSetsView::showNote()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPair>
 #include <QSet>
 #include <QStackedWidget>
 
@@ -47,7 +48,7 @@ protected:
 signals:
     /// The user wants this set applied.
     void activated(const QString &set);
-    /// Another set or group is under the cursor, or it has another name.
+    /// Another set or group is under the cursor, or it has another name or group.
     void currentChanged();
     void selectionChanged();
     /// foundCount may be another.
@@ -67,12 +68,14 @@ private:
     void search();
     QModelIndex current() const;
     void setCurrent(const QModelIndex &index);
+    void tellCurrent();
 
     void openGroups();
     void noteOpen(const QModelIndex &group, bool isOpen);
     void showNote();
 
     Face m_faces[2];
+    QPair<QString, QString> m_told; ///< set and group under the cursor
     QSet<QString> m_closedGroups;
     QString m_search;
     QLabel *m_note; ///< in the place of sets where there are none

@@ -45,8 +45,12 @@ QMap<QString, QString> qxValuesTable::pairs() const
 {
     QMap<QString, QString> held;
     for (int row = 0; row < rowCount(); ++row) {
-        if (!textAt(*this, row, 0).isEmpty())
-            held.insert(textAt(*this, row, 0), textAt(*this, row, 1));
+        const QString written = textAt(*this, row, 0);
+        QString key = written;
+        for (int number = 2; held.contains(key); ++number)
+            key = written + ' ' + QString::number(number);
+        if (!key.isEmpty())
+            held.insert(key, textAt(*this, row, 1));
     }
     return held;
 }

@@ -13,6 +13,7 @@ public:
 
     /// Shows these pairs, unless they are what the table holds.
     void setPairs(const QMap<QString, QString> &pairs);
+    /// What the table holds. Keys of earlier rows get a number.
     QMap<QString, QString> pairs() const;
     /// The first key that several rows have; empty when there is none.
     QString doubleKey() const;

@@ -37,6 +37,7 @@ qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     connect(m_view, &qxSetsView::currentChanged, this, &qxVariantSetsDock::followCurrent);
     connect(m_view, &qxSetsView::selectionChanged, this, &qxVariantSetsDock::followSelection);
     connect(m_view, &qxSetsView::menuRequested, this, &qxVariantSetsDock::showMenu);
+    connect(m_events, &qxPanelEvents::setsChanged, this, &qxVariantSetsDock::followGroup);
     connect(m_events, &qxPanelEvents::setSelected, m_view, &qxSetsView::showSet);
     auto *const hotkeys = new qxSetHotkeys(this);
     connect(hotkeys, &qxSetHotkeys::pressed, this, &qxVariantSetsDock::selectSet);
@@ -201,10 +202,15 @@ void qxVariantSetsDock::followCurrent()
         m_form->showSet(m_view->currentSet());
     for (QAction *action : m_ofSets)
         action->setEnabled(!m_view->currentSet().isEmpty());
+    followGroup();
+    followSelection();
+}
+
+void qxVariantSetsDock::followGroup()
+{
     const qxVariantGroup *const group = qxVariants::findVariantGroup(m_view->currentGroup());
     m_groupVisible->setEnabled(group);
     m_groupVisible->setChecked(group && group->visible);
-    followSelection();
 }
 
 void qxVariantSetsDock::followSelection()

@@ -50,6 +50,7 @@ private:
     void showMenu(const QPoint &globalPosition);
     void showFound();
     void followCurrent();
+    void followGroup();
     void followSelection();
 
     void selectOption(int kind, const QString &variant, const QString &option);

@@ -12,6 +12,7 @@
 #include "qxShownState.h"
 
 #include <QFont>
+#include <QTextDocument>
 
 namespace {
 
@@ -205,7 +206,9 @@ QVariant qxVariantsModel::variantData(int kind, const Variant &variant, int colu
 {
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return QVariant();
-    return column == NameColumn ? variant.name : currentOf(kind, variant);
+    const QString text = column == NameColumn ? QString(variant.name) : currentOf(kind, variant);
+    // A tool tip would take names for markup.
+    return role == Qt::DisplayRole ? text : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
 }
 
 QVariant qxVariantsModel::optionData(int kind, const Variant &variant, int row,
