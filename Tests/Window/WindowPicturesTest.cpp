@@ -85,6 +85,8 @@ private:
 
     static void expectWholeTexts(const QWidget &window)
     {
+        // A picture that becomes finer says so at any time, and that takes its place afterwards.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
         for (const QWidget *part : window.findChildren<QWidget *>()) {
             const auto *const label = qobject_cast<const QLabel *>(part);
             const auto *const button = qobject_cast<const QAbstractButton *>(part);
