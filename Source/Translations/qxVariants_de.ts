@@ -8,6 +8,10 @@
         <translation>&amp;Knoten: Schalter und Ausgeblendetes</translation>
     </message>
     <message>
+        <source>&quot;%1&quot; exists; the new set will be &quot;%2&quot;.</source>
+        <translation>„%1“ gibt es schon; das neue Set heißt dann „%2“.</translation>
+    </message>
+    <message>
         <source>&amp;Materials</source>
         <translation>&amp;Materialien</translation>
     </message>
@@ -321,6 +325,10 @@
         </translation>
     </message>
     <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
         <source>Key: %1</source>
         <translation>Taste: %1</translation>
     </message>
@@ -373,6 +381,10 @@
     <message>
         <source>&amp;Select</source>
         <translation>&amp;Auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Find Set</source>
+        <translation>Set &amp;suchen</translation>
     </message>
     <message>
         <source>&amp;Add Set</source>

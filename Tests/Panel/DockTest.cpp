@@ -1,6 +1,7 @@
 #include "DockFixture.h"
 #include "qxController.h"
 #include "qxSetHotkeys.h"
+#include "qxSetsModel.h"
 
 #include <QAction>
 #include <QLabel>
@@ -217,6 +218,30 @@ TEST_F(DockTest, TheSearchCountsWhatItLeavesAndClosedGroupsStayClosed)
     EXPECT_FALSE(found.isVisible());
     EXPECT_FALSE(list().isExpanded(list().model()->index(0, 0)));
     EXPECT_TRUE(list().isExpanded(list().model()->index(1, 0)));
+}
+
+TEST_F(DockTest, TheSearchIsUsedByKeysAloneAndGivesTheCursorBack)
+{
+    click("Alone");
+    QTest::keySequence(&list(), QKeySequence::Find);
+    auto *const search = sets.findChild<QLineEdit *>("search");
+    ASSERT_EQ(QApplication::focusWidget(), search);
+    QTest::keyClicks(search, "blue");
+    EXPECT_EQ(sets.view()->currentSet(), "");
+    EXPECT_EQ(list().model()->index(0, 0).data(qxSetsModel::CountRole).toString(), "1 of 2");
+    QTest::keyClick(search, Qt::Key_Escape);
+    EXPECT_EQ(search->text(), "");
+    EXPECT_EQ(sets.view()->currentSet(), "Alone") << "it was hidden for a while";
+    EXPECT_EQ(list().model()->index(0, 0).data(qxSetsModel::CountRole).toString(), "2");
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_EQ(wheels.choice(), 0) << "nothing is sought";
+    QTest::keyClicks(search, "blu");
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_EQ(wheels.choice(), 1);
+    search->setText("outside");
+    QTest::keyClick(search, Qt::Key_Down);
+    EXPECT_TRUE(list().hasFocus());
+    EXPECT_EQ(sets.view()->currentSet(), "Red");
 }
 
 TEST_F(DockTest, ANewSetJoinsTheGroupUnderTheCursor)

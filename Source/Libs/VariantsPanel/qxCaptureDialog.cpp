@@ -8,6 +8,7 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -33,7 +34,7 @@ const Flag flags[] = {
 
 qxCaptureDialog::qxCaptureDialog(const qxCaptureChoice &proposal, bool isUpdate, QWidget *parent)
     : QDialog(parent), m_proposal(proposal), m_name(new QLineEdit(proposal.name)),
-      m_group(new QComboBox)
+      m_taken(new QLabel), m_group(new QComboBox)
 {
     setWindowTitle(isUpdate ? tr("Update \"%1\" from the scene").arg(proposal.name)
                             : tr("Capture the scene"));
@@ -64,8 +65,13 @@ void qxCaptureDialog::buildNames(bool isUpdate)
 {
     auto *const names = new QFormLayout;
     names->addRow(tr("Na&me"), m_name);
+    names->addRow(m_taken);
     names->addRow(tr("&Group"), m_group);
     static_cast<QVBoxLayout *>(layout())->addLayout(names);
+    m_taken->setObjectName(QStringLiteral("taken"));
+    m_taken->setTextFormat(Qt::PlainText);
+    m_taken->setWordWrap(true);
+    m_taken->hide();
     m_group->setEditable(true); // A group that is not there yet is made.
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
         if (group->visible)
@@ -77,6 +83,15 @@ void qxCaptureDialog::buildNames(bool isUpdate)
         names->labelForField(field)->setVisible(!isUpdate);
     }
     connect(m_name, &QLineEdit::textChanged, this, &qxCaptureDialog::allowAccept);
+    if (!isUpdate)
+        connect(m_name, &QLineEdit::textChanged, this, &qxCaptureDialog::showTaken);
+}
+
+void qxCaptureDialog::showTaken(const QString &name)
+{
+    const QString free = qxVariants::getUniqueVariantSetName(name);
+    m_taken->setText(tr("\"%1\" exists; the new set will be \"%2\".").arg(name, free));
+    m_taken->setVisible(free != name);
 }
 
 void qxCaptureDialog::allowAccept()

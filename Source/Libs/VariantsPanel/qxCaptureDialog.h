@@ -4,6 +4,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 
 /// What a capture takes down.
@@ -31,9 +32,12 @@ public:
 private:
     void buildNames(bool isUpdate);
     void allowAccept();
+    /// Says which name the set gets when that one is taken.
+    void showTaken(const QString &name);
 
     qxCaptureChoice m_proposal;
     QLineEdit *m_name;
+    QLabel *m_taken;
     QComboBox *m_group;
     QList<QPair<QCheckBox *, bool qxCaptureChoice::*>> m_flags;
     QPushButton *m_accept;

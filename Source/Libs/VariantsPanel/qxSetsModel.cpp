@@ -117,14 +117,15 @@ QVariant qxSetsModel::data(const QModelIndex &index, int role) const
     if (role == IsGroupRole)
         return row->isGroup;
     if (const qxVariantGroup *const group = groupAt(index))
-        return groupData(*group, role);
+        return groupData(*group, int(row->children.size()), role);
     if (qxVariantSet *const set = setAt(index))
         return setDataOf(*set, role);
     return QVariant();
 }
 
-QVariant qxSetsModel::groupData(const qxVariantGroup &group, int role)
+QVariant qxSetsModel::groupData(const qxVariantGroup &group, int found, int role)
 {
+    const int count = int(group.sets.size());
     switch (role) {
     case CommentRole:
         return group.comment;
@@ -133,7 +134,7 @@ QVariant qxSetsModel::groupData(const qxVariantGroup &group, int role)
     case HiddenRole:
         return !group.visible;
     case CountRole:
-        return int(group.sets.size());
+        return found == count ? QString::number(count) : tr("%1 of %2").arg(found).arg(count);
     case EmptyRole:
         return group.sets.empty();
     default:

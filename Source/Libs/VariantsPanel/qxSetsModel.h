@@ -29,7 +29,7 @@ public:
         HotkeyRole, ///< QString, as people read it
         CommentRole, ///< QString
         PreviewRole, ///< QPixmap, null for none
-        CountRole, ///< int: states of a set, sets of a group
+        CountRole, ///< states of a set; sets of a group, such as "1 of 4" during a search
         HiddenRole, ///< bool: the group is not to be shown
         EmptyRole, ///< bool: the set would do nothing, the group has no sets
         UnusedRole, ///< bool: the set refers to something, but nothing of it exists
@@ -99,7 +99,7 @@ private:
     const Row *rowAt(const QModelIndex &index) const;
     QModelIndex indexOfRow(int place) const;
     void rowsShowAnew();
-    static QVariant groupData(const qxVariantGroup &group, int role);
+    static QVariant groupData(const qxVariantGroup &group, int found, int role);
     QVariant setDataOf(qxVariantSet &set, int role) const;
     QString toolTip(qxVariantSet &set) const;
     QPixmap previewOf(const qxVariantSet &set) const;

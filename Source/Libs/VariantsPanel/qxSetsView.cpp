@@ -170,7 +170,23 @@ void qxSetsView::setSearch(const QString &text)
 /// Only what is shown: the other form searches when it is.
 void qxSetsView::search()
 {
+    if (current().isValid())
+        m_sought = currentSet();
     face().model->setSearch(m_search);
+    if (!current().isValid())
+        showSet(m_sought);
+}
+
+void qxSetsView::showFirst()
+{
+    const QAbstractItemModel &rows = *face().model;
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        const QModelIndex top = rows.index(row, 0);
+        const bool isGroup = top.data(qxSetsModel::IsGroupRole).toBool();
+        const QModelIndex set = isGroup ? rows.index(0, 0, top) : top;
+        if (set.isValid())
+            return setCurrent(set);
+    }
 }
 
 void qxSetsView::setHiddenShown(bool shown)

@@ -37,6 +37,8 @@ public:
     /// Selects these sets alone; the first one is under the cursor.
     void selectSets(const QStringList &names);
     void showGroup(const QString &name);
+    /// Shows the first set that the search leaves.
+    void showFirst();
     void renameCurrent();
     /// Where a menu for the row under the cursor belongs, in global coordinates.
     QPoint placeOfCurrent() const;
@@ -78,5 +80,6 @@ private:
     QPair<QString, QString> m_told; ///< set and group under the cursor
     QSet<QString> m_closedGroups;
     QString m_search;
+    QString m_sought; ///< set under the cursor before the search hid it; empty for none
     QLabel *m_note; ///< in the place of sets where there are none
 };

@@ -16,6 +16,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -104,7 +105,9 @@ QWidget *qxVariantSetsDock::buildTopLine()
     m_search = new QLineEdit;
     m_search->setObjectName(QStringLiteral("search"));
     m_search->setClearButtonEnabled(true);
+    m_search->installEventFilter(this);
     connect(m_search, &QLineEdit::textChanged, m_view, &qxSetsView::setSearch);
+    connect(m_search, &QLineEdit::returnPressed, this, &qxVariantSetsDock::selectFound);
     connect(m_view, &qxSetsView::searched, this, &qxVariantSetsDock::showFound);
     m_gallery = new QToolButton;
     m_gallery->setObjectName(QStringLiteral("gallery"));
@@ -124,6 +127,7 @@ void qxVariantSetsDock::buildActions()
 {
     typedef qxVariantSetsDock Dock;
     m_ofSets << addAction(QT_TR_NOOP("&Select"), QKeySequence(), &Dock::selectCurrent);
+    addAction(QT_TR_NOOP("&Find Set"), QKeySequence::Find, &Dock::goToSearch, Qt::WindowShortcut);
     addAction(QT_TR_NOOP("&Add Set"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_N), &Dock::addSet,
               Qt::WindowShortcut);
     addAction(QT_TR_NOOP("Add &Group"), QKeySequence(), &Dock::addGroup);
@@ -229,6 +233,37 @@ void qxVariantSetsDock::selectOption(int kind, const QString &variant, const QSt
     emit aboutToSelect();
     if (qxVariant *found = qxVariantsModel::find(kind, variant))
         found->onSelect(option);
+}
+
+void qxVariantSetsDock::goToSearch()
+{
+    show();
+    m_search->setFocus(Qt::ShortcutFocusReason);
+    m_search->selectAll();
+}
+
+void qxVariantSetsDock::selectFound()
+{
+    if (m_view->foundCount() <= 0)
+        return;
+    m_view->showFirst();
+    selectCurrent();
+}
+
+/// The search line with the keys that lead out of it.
+bool qxVariantSetsDock::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_search || event->type() != QEvent::KeyPress)
+        return QDockWidget::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key == Qt::Key_Escape)
+        m_search->clear();
+    if (key != Qt::Key_Down)
+        return false;
+    if (m_view->foundCount() > 0 || m_view->currentSet().isEmpty())
+        m_view->showFirst();
+    m_view->currentWidget()->setFocus(Qt::OtherFocusReason);
+    return true;
 }
 
 void qxVariantSetsDock::selectCurrent()

@@ -38,6 +38,7 @@ signals:
 
 protected:
     void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void buildContents();
@@ -55,6 +56,9 @@ private:
 
     void selectOption(int kind, const QString &variant, const QString &option);
     void selectCurrent();
+    void goToSearch();
+    /// Applies the first set that the search leaves.
+    void selectFound();
     void addSet();
     void addGroup();
     void captureSet();
