@@ -700,10 +700,6 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
         <translation>&amp;Wiederherstellen</translation>
     </message>
     <message>
-        <source>Opening &quot;%1&quot;...</source>
-        <translation>„%1“ wird geöffnet …</translation>
-    </message>
-    <message>
         <source>Saving &quot;%1&quot;...</source>
         <translation>„%1“ wird gespeichert …</translation>
     </message>
@@ -738,6 +734,22 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
     <message>
         <source>A script is running. Escape ends it.</source>
         <translation>Ein Skript läuft. Esc beendet es.</translation>
+    </message>
+    <message>
+        <source>Opening &quot;%1&quot;: file...</source>
+        <translation>„%1“ wird geöffnet: Datei …</translation>
+    </message>
+    <message>
+        <source>Opening &quot;%1&quot;: materials...</source>
+        <translation>„%1“ wird geöffnet: Materialien …</translation>
+    </message>
+    <message>
+        <source>Opening &quot;%1&quot;: nodes...</source>
+        <translation>„%1“ wird geöffnet: Knoten …</translation>
+    </message>
+    <message>
+        <source>Opening &quot;%1&quot;: variants...</source>
+        <translation>„%1“ wird geöffnet: Varianten …</translation>
     </message>
 </context>
 </TS>

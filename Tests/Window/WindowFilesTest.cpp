@@ -70,24 +70,28 @@ struct Unopenable {
 class UnopenableFileTest : public WindowFilesTest,
                            public testing::WithParamInterface<Unopenable> {};
 
-TEST_P(UnopenableFileTest, IsAnErrorAndLeavesAnEmptyUsableWindow)
+TEST_P(UnopenableFileTest, IsAnErrorAndLeavesTheSceneBeforeOpen)
 {
     openDesk();
+    window->setsDock()->selectSet("Evening");
+    type("removeVariantSet('Morning')");
+    const bool isRead = QByteArray(GetParam().name).startsWith("variants");
     const QString file = GetParam().bytes.isNull() ? path(GetParam().name)
                                                    : write(GetParam().name, GetParam().bytes);
-    expectErrors(QByteArray(GetParam().name).startsWith("variants") ? 1 : 0);
+    expectErrors(isRead ? 1 : 0);
     expectClick("OK");
     EXPECT_FALSE(window->openFile(file));
     const QString shown = dialogTexts().join('\n');
     EXPECT_TRUE(shown.contains(QString("\"%1\" cannot be opened.").arg(GetParam().name)));
     EXPECT_TRUE(shown.contains(GetParam().reason)) << shown.toStdString();
-    EXPECT_EQ(window->windowTitle(), "Workbench[*]");
-    EXPECT_FALSE(window->isWindowModified());
-    EXPECT_EQ(sets(), QStringList());
-    EXPECT_EQ(tree().model()->rowCount(), 0);
-    EXPECT_EQ(list().model()->rowCount(), 0);
-    openDesk();
-    EXPECT_EQ(sets().size(), 3);
+    EXPECT_EQ(window->windowTitle(), "desk.gltf[*] - Workbench");
+    EXPECT_EQ(window->isWindowModified(), !isRead) << "only unread files leave edits";
+    EXPECT_EQ(sets().contains("Morning"), isRead);
+    EXPECT_EQ(tree().model()->index(0, 0).data().toString(), "Desk");
+    EXPECT_EQ(action("Back to the State Before")->isEnabled(), !isRead);
+    action("Save")->trigger();
+    ASSERT_TRUE(window->openFile(path("desk.gltf")));
+    EXPECT_EQ(sets().contains("Morning"), isRead);
 }
 
 const Unopenable unopenable[] = {
@@ -100,6 +104,18 @@ const Unopenable unopenable[] = {
      "the variants document cannot be read"},
 };
 INSTANTIATE_TEST_SUITE_P(All, UnopenableFileTest, testing::ValuesIn(unopenable));
+
+TEST_F(WindowFilesTest, AnUnreadableDocumentWithNothingBeforeLeavesAnEmptyUsableWindow)
+{
+    expectErrors(1);
+    expectClick("OK");
+    EXPECT_FALSE(window->openFile(write("damaged.gltf", unopenable[3].bytes)));
+    EXPECT_EQ(window->windowTitle(), "Workbench[*]");
+    EXPECT_FALSE(window->isWindowModified());
+    EXPECT_EQ(tree().model()->rowCount(), 0);
+    openDesk();
+    EXPECT_EQ(sets().size(), 3);
+}
 
 TEST_F(WindowFilesTest, OnlyWhatASaveWouldChangeIsUnsaved)
 {

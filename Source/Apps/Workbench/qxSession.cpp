@@ -81,9 +81,9 @@ qxSession::~qxSession()
     m_stray.emplace(m_trace != nullptr);
 }
 
-bool qxSession::open(const QString &path)
+bool qxSession::open(const QString &path, const qxSceneFile::Watcher &watcher)
 {
-    if (!openScene(path))
+    if (!openScene(path, watcher))
         return false;
     if (!m_file->variantsDocument().isEmpty())
         return readDocument(m_file->variantsDocument());
@@ -114,10 +114,17 @@ void qxSession::close()
     m_file = std::make_unique<qxSceneFile>();
 }
 
-bool qxSession::openScene(const QString &path)
+bool qxSession::openScene(const QString &path, const qxSceneFile::Watcher &watcher)
 {
-    close();
-    if (m_file->load(path)) {
+    m_failure.clear();
+    const auto step = [&](qxSceneFile::Step next) {
+        watcher(next);
+        if (next != qxSceneFile::Showing)
+            return;
+        m_imported.clear();
+        m_host.clearScene();
+    };
+    if (m_file->load(path, step)) {
         logWarnings(*m_file);
         return true;
     }

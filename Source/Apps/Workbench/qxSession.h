@@ -20,11 +20,12 @@ public:
     ~qxSession();
 
     /// Loads the scene and its variants: those of its document, or else those that the file states
-    /// for its materials, each as a set of the group "Material Variants". A scene whose variants
-    /// cannot be read is not opened, because saving it would lose them.
-    bool open(const QString &path);
+    /// for its materials, each as a set of the group "Material Variants". A file that cannot be
+    /// read leaves open what was. A scene whose variants cannot be read must be closed, because
+    /// saving it would lose them.
+    bool open(const QString &path, const qxSceneFile::Watcher &watcher = noWatcher);
     /// Loads the scene alone; its document stays as it is until readDocument.
-    bool openScene(const QString &path);
+    bool openScene(const QString &path, const qxSceneFile::Watcher &watcher = noWatcher);
     /// Leaves an empty scene that has no file.
     void close();
     /// Reads the variants of `xml` into the opened scene, which has none yet.
@@ -44,6 +45,7 @@ public:
     QString failure() const { return m_failure; }
 
 private:
+    static void noWatcher(qxSceneFile::Step) {}
     void importVariants();
     bool fail(const QString &reason);
 

@@ -12,10 +12,12 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLayout>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPointer>
+#include <QProgressBar>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTreeView>
@@ -26,14 +28,18 @@ namespace {
 const char *const recentKey = "recentFiles";
 const int recentCount = 8;
 
-/// Says what takes its time, as long as it lives.
+/// Says what takes its time, and how far it is, as long as it lives.
 class BusyLine {
 public:
-    BusyLine(QStatusBar *bar, const QString &text) : m_bar(bar)
+    BusyLine(QStatusBar *bar, const QStringList &steps) : m_bar(bar), m_steps(steps)
     {
         qxController::setBusy(true, true);
-        bar->showMessage(text);
-        bar->repaint(); // Nothing else is painted until the work is done.
+        m_progress.setRange(0, steps.size());
+        m_progress.setTextVisible(false);
+        m_progress.setMaximumWidth(bar->width() / 4);
+        bar->addPermanentWidget(&m_progress);
+        m_progress.show();
+        takeStep(0);
     }
     BusyLine(const BusyLine &) = delete;
     ~BusyLine()
@@ -42,8 +48,18 @@ public:
         qxController::setBusy(false, true);
     }
 
+    void takeStep(int step)
+    {
+        m_progress.setValue(step);
+        m_bar->showMessage(m_steps[step]);
+        m_bar->layout()->activate();
+        m_bar->repaint(); // Nothing else is painted until the work is done.
+    }
+
 private:
     QStatusBar *m_bar;
+    QStringList m_steps;
+    QProgressBar m_progress;
 };
 
 QStringList sceneFilesIn(const QMimeData &data)
@@ -62,30 +78,49 @@ QStringList sceneFilesIn(const QMimeData &data)
 bool qxWorkbenchWindow::openFile(const QString &path)
 {
     const QString name = QFileInfo(path).fileName();
-    m_before.reset();
-    m_back->setEnabled(false);
     m_lastError.clear();
+    m_isNewScene = false;
     bool isOpen = false;
     QString reason;
     {
-        const BusyLine busy(statusBar(), tr("Opening \"%1\"...").arg(name));
-        isOpen = m_session->open(path);
+        BusyLine busy(statusBar(),
+                      {tr("Opening \"%1\": file...").arg(name),
+                       tr("Opening \"%1\": materials...").arg(name),
+                       tr("Opening \"%1\": nodes...").arg(name),
+                       tr("Opening \"%1\": variants...").arg(name)});
+        isOpen = m_session->open(path, [&](int step) { busy.takeStep(step); });
         reason = failureReason();
-        if (!isOpen)
-            m_session->close(); // Half a scene must not be saved.
-        m_sets->undoStack()->clear();
-        m_tree->refresh();
-        m_treeView->expandToDepth(0);
-        m_view->showNewScene();
-        m_events->flush();
-        m_unsaved->forget();
+        if (isOpen)
+            showPath(path);
+        else if (m_isNewScene)
+            takeBackScene();
+        if (m_isNewScene)
+            showNewScene();
     }
-    showPath(isOpen ? path : QString());
     if (isOpen)
         rememberRecent(path);
     else
         showFailure(tr("\"%1\" cannot be opened.").arg(name), reason);
     return isOpen;
+}
+
+/// Half a scene must not be saved. The one before it comes from its file again.
+void qxWorkbenchWindow::takeBackScene()
+{
+    if (!m_path.isEmpty() && m_session->open(m_path))
+        return;
+    m_session->close();
+    showPath(QString());
+}
+
+void qxWorkbenchWindow::showNewScene()
+{
+    m_sets->undoStack()->clear();
+    m_tree->refresh();
+    m_treeView->expandToDepth(0);
+    m_view->showNewScene();
+    m_events->flush();
+    m_unsaved->forget();
 }
 
 bool qxWorkbenchWindow::saveFile(const QString &path)
@@ -94,7 +129,7 @@ bool qxWorkbenchWindow::saveFile(const QString &path)
     m_lastError.clear();
     bool isSaved = false;
     {
-        const BusyLine busy(statusBar(), tr("Saving \"%1\"...").arg(name));
+        const BusyLine busy(statusBar(), {tr("Saving \"%1\"...").arg(name)});
         isSaved = m_session->save(path);
     }
     if (!isSaved) {

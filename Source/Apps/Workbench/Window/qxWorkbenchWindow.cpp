@@ -55,6 +55,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     statusBar()->addPermanentWidget(progress);
     connect(m_view, &qxSceneView::progressed, progress, &QLabel::setText);
     connect(m_sets, &qxVariantSetsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
+    connect(m_events, &qxPanelEvents::aboutToForget, this, &qxWorkbenchWindow::forgetScene);
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &QWidget::setWindowModified);
@@ -196,6 +197,14 @@ void qxWorkbenchWindow::rememberForBack()
 {
     m_before = std::make_unique<qxSceneKeeper>();
     m_back->setEnabled(true);
+}
+
+/// What leads back to the scene goes with it.
+void qxWorkbenchWindow::forgetScene()
+{
+    m_before.reset();
+    m_back->setEnabled(false);
+    m_isNewScene = true;
 }
 
 void qxWorkbenchWindow::goBack()

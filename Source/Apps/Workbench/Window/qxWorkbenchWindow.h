@@ -30,7 +30,8 @@ public:
     ~qxWorkbenchWindow() override;
 
     /// Opens a scene in the place of the one shown, without asking. A reason for a failure is
-    /// shown, and the window is empty then.
+    /// shown. The scene before is shown then as it was, or, when the file could be read but not its
+    /// variants, as its own file has it.
     bool openFile(const QString &path);
     /// A reason for a failure is shown, and the changes are still unsaved then.
     bool saveFile(const QString &path);
@@ -78,6 +79,9 @@ private:
     void finishTyping();
     void showPath(const QString &path);
     void showTitle();
+    void forgetScene();
+    void takeBackScene();
+    void showNewScene();
     void rememberRecent(const QString &path);
     void showPicked(const osg::NodePtr &node);
     void rememberForBack();
@@ -92,6 +96,7 @@ private:
     std::unique_ptr<qxSceneKeeper> m_before; ///< what "Back" leads to; null for nothing
     std::unique_ptr<qxScriptWatch> m_watch;
     QString m_path;
+    bool m_isNewScene = false; ///< since the last file was asked for
     bool m_hasLayout = false;
     QString m_lastError; ///< of the log
     qxPanelEvents *m_events;

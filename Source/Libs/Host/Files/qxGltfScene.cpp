@@ -47,20 +47,22 @@ void addChildren(const osg::NodePtr &top, const std::vector<osg::NodeRefPtr> &no
 
 } // namespace
 
-qxGltfScene qxGltfScene::build(qxGltfModel &model)
+void qxGltfScene::buildMaterials(qxGltfModel &model)
 {
-    qxGltfScene scene;
-    scene.materials = qxGltfMaterials(model);
-    scene.meshes = qxGltfMeshes(model, scene.materials);
-    recordParts(model, scene);
-    qxGltfSwitchMaterials switches(model, scene);
-    switches.build();
-    scene.mapped = switches.mapped();
-    qxGltfNodes nodes(model, scene);
+    materials = qxGltfMaterials(model);
+}
+
+void qxGltfScene::build(qxGltfModel &model)
+{
+    meshes = qxGltfMeshes(model, materials);
+    recordParts(model, *this);
+    qxGltfSwitchMaterials switchMaterials(model, *this);
+    switchMaterials.build();
+    mapped = switchMaterials.mapped();
+    qxGltfNodes nodes(model, *this);
     nodes.build();
-    scene.cameras = qxGltfCameras(model, nodes);
-    scene.clips = clipsOf(model.document.json);
-    return scene;
+    cameras = qxGltfCameras(model, nodes);
+    clips = clipsOf(model.document.json);
 }
 
 void qxGltfScene::show() const

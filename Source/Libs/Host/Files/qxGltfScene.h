@@ -48,8 +48,10 @@ struct qxGltfScene {
     std::vector<std::string> clips;
     qxGltfOrigin origin;
 
-    /// Makes everything. Throws qxGltfError; what is left out is a warning in the model.
-    static qxGltfScene build(qxGltfModel &model);
+    /// Makes the materials with their pictures. What is left out is a warning in the model.
+    void buildMaterials(qxGltfModel &model);
+    /// Makes all the rest, of these materials. Throws qxGltfError; warnings are as above.
+    void build(qxGltfModel &model);
     /// Hands everything to the host: below the scene's root, into its pools.
     void show() const;
 };

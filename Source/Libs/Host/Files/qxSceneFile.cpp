@@ -28,7 +28,8 @@ struct qxSceneFile::Content {
     std::vector<qxSceneVariant> materialVariants;
     qxSceneFileInfo info;
 
-    static std::unique_ptr<Content> load(const QString &path, QStringList &warnings);
+    static std::unique_ptr<Content> load(const QString &path, QStringList &warnings,
+                                         const Watcher &watcher);
     /// The JSON of the file with what changed in the scene since.
     qxJson edited() const;
 };
@@ -96,11 +97,16 @@ QByteArray variantsIn(qxJson &json, int scene)
 
 } // namespace
 
-std::unique_ptr<qxSceneFile::Content> qxSceneFile::Content::load(const QString &path,
-                                                                 QStringList &warnings)
+std::unique_ptr<qxSceneFile::Content>
+qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Watcher &watcher)
 {
+    watcher(Reading);
     qxGltfModel model = qxGltfModel::read(path);
-    qxGltfScene scene = qxGltfScene::build(model);
+    qxGltfScene scene;
+    watcher(Materials);
+    scene.buildMaterials(model);
+    watcher(Building);
+    scene.build(model);
     auto content = std::make_unique<Content>();
     content->info = infoOf(model);
     content->scene = model.sceneIndex();
@@ -115,6 +121,7 @@ std::unique_ptr<qxSceneFile::Content> qxSceneFile::Content::load(const QString &
     content->before = qxGltfState::of(roots, overlays, scene.environment.get(), scene.origin);
     content->materialVariants = scene.variants;
     content->origin = scene.origin;
+    watcher(Showing);
     scene.show();
     content->viewpoints = qxUberCameraPool::the()->count();
     content->loaded = qxGltfSwitchUse::of(content->before);
@@ -166,9 +173,9 @@ bool qxSceneFile::attempt(const QString &path, const Work &work)
     return false;
 }
 
-bool qxSceneFile::load(const QString &path)
+bool qxSceneFile::load(const QString &path, const Watcher &watcher)
 {
-    return attempt(path, [&] { m_content = Content::load(path, m_warnings); });
+    return attempt(path, [&] { m_content = Content::load(path, m_warnings, watcher); });
 }
 
 bool qxSceneFile::save(const QString &path)

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -36,10 +37,16 @@ public:
     qxSceneFile(const qxSceneFile &) = delete;
     ~qxSceneFile();
 
+    /// What loading goes through.
+    enum Step { Reading, Materials, Building, Showing };
+    typedef std::function<void(Step)> Watcher;
+
     /// Reads the scene of `path` and shows it: below the root of the scene, in the pools of
-    /// materials, viewpoints and clips. Clear the scene before (qxHost::clearScene). On failure
-    /// nothing is shown, and the object is as it was.
-    bool load(const QString &path);
+    /// materials, viewpoints and clips. On failure nothing is shown, and the object is as it was.
+    /// The watcher hears of each step before it is taken. When it has heard of Showing, which does
+    /// not fail, the scene must be clear (qxHost::clearScene).
+    bool load(
+        const QString &path, const Watcher &watcher = [](Step) {});
     /// Writes the scene as it is now; the suffix decides between .gltf and .glb. Files that the
     /// scene needs are put beside it. On failure the old files are whole.
     bool save(const QString &path);
