@@ -29,6 +29,21 @@ TEST_F(DockTest, ADoubleClickEnterAndTheKeySelectASet)
     EXPECT_EQ(sets.view()->currentSet(), "Blue") << "the set that was applied is shown";
 }
 
+TEST_F(DockTest, KeysWorkInTheWindowAndInEveryFloatingDock)
+{
+    QMainWindow other;
+    for (QDockWidget *floating : std::initializer_list<QDockWidget *>{&sets, &variants}) {
+        floating->setFloating(true);
+        for (QWidget *focused : std::initializer_list<QWidget *>{
+                 &window, &list(), variants.findChild<QTreeView *>(), &other}) {
+            wheels.choose(0);
+            QTest::keyClick(focused, Qt::Key_B, Qt::ControlModifier);
+            EXPECT_EQ(wheels.choice(), focused == &other ? 0 : 1);
+        }
+        floating->setFloating(false);
+    }
+}
+
 TEST_F(DockTest, AKeyWritesInATextField)
 {
     set("Red").hotkey = "x";

@@ -240,7 +240,7 @@ void qxSetForm::showContents(const qxVariantSet &set)
         if (m_hotkey->keySequence() != m_shownKey) // It would take a half-typed one away.
             m_hotkey->setKeySequence(m_shownKey);
     }
-    showText(m_keyNote, qxSetHotkeys::conflictOf(set, *window()));
+    showText(m_keyNote, qxSetHotkeys::conflictOf(set, *this));
     m_contents->setText(summary(set));
     showViewpoints(set.defaultViewpoint);
     if (!m_isValuesTableOpen) {

@@ -94,6 +94,15 @@ Option optionWith(const Combination &pressed)
     return found;
 }
 
+/// The window of the widget; docks that float belong to the one they come from.
+const QWidget *windowOf(const QWidget &widget)
+{
+    const QWidget *window = widget.window();
+    while (window->windowType() == Qt::Tool && window->parentWidget())
+        window = window->parentWidget()->window();
+    return window;
+}
+
 /// The window's action with that key; null for none.
 const QAction *actionWith(const QKeySequence &key, const QWidget &window)
 {
@@ -117,7 +126,8 @@ bool qxSetHotkeys::eventFilter(QObject *watched, QEvent *event)
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
     if (!isOverride && event->type() != QEvent::KeyPress)
         return QObject::eventFilter(watched, event);
-    if (!watched->isWidgetType() || static_cast<QWidget *>(watched)->window() != m_place->window())
+    if (!watched->isWidgetType()
+        || windowOf(*static_cast<QWidget *>(watched)) != windowOf(*m_place))
         return false;
     const auto *const key = static_cast<QKeyEvent *>(event);
     const Combination pressedKey{key->key(), key->modifiers() & ~Qt::KeypadModifier};
@@ -137,7 +147,7 @@ bool qxSetHotkeys::eventFilter(QObject *watched, QEvent *event)
     return true;
 }
 
-QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const QWidget &window)
+QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const QWidget &place)
 {
     if (set.key <= 0)
         return QString();
@@ -156,7 +166,8 @@ QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const QWidget &window)
     if (option.kind >= 0)
         lines << tr("The option \"%1\" of \"%2\" has this key, too; this set comes first.")
                      .arg(option.name, option.variant);
-    if (const QAction *action = actionWith(QKeySequence(set.key | int(set.modifiers)), window))
+    if (const QAction *action =
+            actionWith(QKeySequence(set.key | int(set.modifiers)), *windowOf(place)))
         lines << (isForPartOnly(*action)
                       ? tr("\"%1\" has this key, too, and comes first in the list of sets.")
                       : tr("\"%1\" has this key, too; this set comes first."))

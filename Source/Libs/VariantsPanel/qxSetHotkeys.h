@@ -5,11 +5,11 @@
 class QWidget;
 class qxVariantSet;
 
-/// Lets the keys of sets and of options select them wherever in the window of `place` they are
-/// pressed, but for text fields, where a key writes. Of two sets with the same key the first is
-/// selected; sets come before options, and both before what else the window does with the key. Keys
-/// that operate the focused list or button (space, Enter, arrows) still do, and so do those of
-/// actions that are for the focused part of the window alone.
+/// Lets the keys of sets and of options select them wherever in the window of `place` or in its
+/// floating docks they are pressed, but for text fields, where a key writes. Of two sets with the
+/// same key the first is selected; sets come before options, and both before what else the window
+/// does with the key. Keys that operate the focused list or button (space, Enter, arrows) still do,
+/// and so do those of actions that are for the focused part of the window alone.
 class qxSetHotkeys : public QObject {
     Q_OBJECT
 
@@ -18,8 +18,8 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-    /// What else the key of the set does in that window, for people; empty for nothing.
-    static QString conflictOf(const qxVariantSet &set, const QWidget &window);
+    /// What else the key of the set does in the window of `place`, for people; empty for nothing.
+    static QString conflictOf(const qxVariantSet &set, const QWidget &place);
 
 signals:
     void pressed(const QString &set);
