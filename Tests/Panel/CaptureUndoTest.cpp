@@ -1,7 +1,9 @@
+#include "qxNodeVariant.h"
 #include "qxVariantWriter.h"
 
 #include "PanelFixture.h"
 #include "qxCaptureRecord.h"
+#include "qxController.h"
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
@@ -155,6 +157,82 @@ TEST_P(EachCaptureUndoTest, AnUpdateIsUndoneAsWell)
     EXPECT_EQ(everything(), before);
     edits.stack()->redo();
     EXPECT_EQ(everything(), after);
+}
+
+TEST_F(CaptureUndoTest, ASetThatGoesWhileItIsCapturedEndsTheStep)
+{
+    scene.addSwitch("Wheels", {"Steel", "Alloy"});
+    const QStringList before = everything();
+    const auto captureAndRemove = [](qxVariantSet &set) {
+        const QString name = set.name;
+        captureInto(set);
+        qxVariants::removeVariantSet(name);
+    };
+    qxCaptureRecord record;
+    EXPECT_EQ(edits.captureSet("Captured", "Studio", record, captureAndRemove), "");
+    ASSERT_NE(qxVariants::findNodeVariant("Wheels"), nullptr);
+    edits.stack()->undo();
+    EXPECT_EQ(everything(), before) << "the rest is undone";
+
+    const int listener = qxController::addListener([](const char *name, qxMessage *, int) {
+        if (name == std::string("variantSetAdded"))
+            qxVariants::removeVariantSet("Captured");
+    });
+    qxCaptureRecord second;
+    EXPECT_EQ(edits.captureSet("Captured", QString(), second, captureInto), "");
+    qxController::removeListener(listener);
+    EXPECT_EQ(everything(), before);
+
+    qxCaptureRecord third;
+    edits.captureAgain("Blue", third, captureAndRemove);
+    edits.stack()->undo();
+    EXPECT_EQ(qxVariants::findNodeVariant("Wheels"), nullptr);
+    EXPECT_EQ(qxVariants::findVariantSet("Blue"), nullptr) << "a script took it away";
+}
+
+TEST_F(CaptureUndoTest, ATakenNameIsRefusedWithoutATrace)
+{
+    const QStringList before = everything();
+    qxCaptureRecord record;
+    EXPECT_EQ(edits.captureSet("Red", "Studio", record, captureInto), "");
+    EXPECT_EQ(everything(), before);
+    EXPECT_EQ(edits.stack()->count(), 0);
+}
+
+TEST_F(CaptureUndoTest, VariantsThatOthersUseOrChangedStayWhenACaptureIsUndone)
+{
+    for (const char *name : {"Wheels", "Seats", "Mirrors"})
+        scene.addSwitch(name, {"Steel", "Alloy"});
+    qxCaptureRecord record;
+    edits.captureSet("Captured", QString(), record, captureInto);
+    set("Blue").addNodeVariant("Wheels", "Alloy");
+    qxVariants::findNodeVariant("Seats")->options.front().shortcut = "S";
+    edits.stack()->undo();
+    EXPECT_NE(qxVariants::findNodeVariant("Wheels"), nullptr);
+    ASSERT_NE(qxVariants::findNodeVariant("Seats"), nullptr);
+    EXPECT_EQ(qxVariants::findNodeVariant("Mirrors"), nullptr);
+    edits.stack()->redo();
+    EXPECT_EQ(qxVariants::findNodeVariant("Seats")->options.front().shortcut, "S");
+    EXPECT_NE(qxVariants::findNodeVariant("Mirrors"), nullptr);
+}
+
+TEST_F(CaptureUndoTest, ACaptureIsNotHalfUndone)
+{
+    scene.addSwitch("Wheels", {"Steel", "Alloy"});
+    qxCaptureRecord first;
+    edits.captureAgain("Blue", first, captureInto);
+    set("Blue").addNodeVariant("Wheels", "Alloy");
+    scene.addSwitch("Seats", {"Cloth", "Leather"});
+    qxCaptureRecord second;
+    edits.captureSet("Captured", "Studio", second, captureInto);
+    set("Captured").name = "Kept";
+    const QStringList left = everything();
+    for (int turn = 0; turn < 2; ++turn) {
+        edits.stack()->undo();
+        EXPECT_EQ(everything(), left);
+    }
+    edits.stack()->redo();
+    EXPECT_EQ(everything(), left);
 }
 
 TEST_F(CaptureUndoTest, WhatOthersDidSinceStays)

@@ -117,6 +117,28 @@ TEST_F(SetMovesTest, EveryMoveBringsRowsToTheirPlacesAndIsOneStepToUndo)
     }
 }
 
+TEST_F(SetMovesTest, SetsAndGroupsThatOthersTouchedSinceStayWhereTheyAre)
+{
+    edits.moveSets({"Red", "Blue"}, "Inside", QString());
+    qxVariants::findVariantGroup("Inside")->remove(&set("Blue"));
+    edits.stack()->undo();
+    EXPECT_EQ(shown().join(','),
+              "0 Outside,1 Red,0 Inside,1 Leather,0 Extra,0 Blue,0 Alone,0 Bare");
+
+    edits.moveSets({"Red"}, "Inside", QString());
+    qxVariants::findVariantGroup("Outside")->name = "Elsewhere";
+    edits.stack()->undo();
+    EXPECT_EQ(shown().join(','),
+              "0 Elsewhere,0 Inside,1 Leather,1 Red,0 Extra,0 Blue,0 Alone,0 Bare");
+
+    const QString added = edits.addGroup();
+    qxVariants::findVariantGroup(added)->add(&set("Bare"));
+    edits.stack()->undo();
+    ASSERT_NE(set("Bare").group, nullptr);
+    EXPECT_EQ(set("Bare").group->name, added);
+    EXPECT_EQ(edits.stack()->count(), 0) << "none of it can be undone any more";
+}
+
 TEST_F(SetMovesTest, WhatChangesNothingIsNoStep)
 {
     drop(tree, {tree.indexOfGroup("Outside")}, 0);

@@ -49,31 +49,36 @@ void give(qxVariantSet &set, const qxCaptureRecord::Entry &entry, bool forward)
     to ? set.addMaterialVariant(entry.key, *to) : set.removeMaterialVariant(entry.key);
 }
 
-/// The step of a capture without its set.
 class CaptureStep : public qxEditStep {
 public:
-    CaptureStep(qxSceneUndo scene, qxVariantsChange variants,
-                std::vector<qxCaptureRecord::Entry> entries)
-        : qxEditStep(QString(), true), m_scene(std::move(scene)), m_variants(std::move(variants)),
-          m_entries(std::move(entries))
+    CaptureStep(const QString &text, std::unique_ptr<qxEditStep> ofSet, qxSceneUndo scene,
+                qxVariantsChange variants, std::vector<qxCaptureRecord::Entry> entries)
+        : qxEditStep(text, true), m_ofSet(std::move(ofSet)), m_scene(std::move(scene)),
+          m_variants(std::move(variants)), m_entries(std::move(entries))
     {
     }
 
 protected:
     bool perform(bool forward) override
     {
+        if (m_ofSet)
+            forward ? m_ofSet->redo() : m_ofSet->undo();
+        if (m_ofSet && m_ofSet->isObsolete()) // It still needs what the capture made.
+            return false;
         forward ? m_scene.redo() : m_scene.undo();
-        forward ? m_variants.redo() : m_variants.undo();
         for (const qxCaptureRecord::Entry &entry : m_entries) {
             if (qxVariantSet *set = qxVariants::findVariantSet(entry.set))
                 give(*set, entry, forward);
         }
+        // Now that no set holds what the capture wrote.
+        forward ? m_variants.redo() : m_variants.undo();
         if (!m_entries.empty())
             qxPanelEvents::announceEditedSets();
         return true;
     }
 
 private:
+    std::unique_ptr<qxEditStep> m_ofSet;
     qxSceneUndo m_scene;
     qxVariantsChange m_variants;
     std::vector<qxCaptureRecord::Entry> m_entries;
@@ -87,7 +92,8 @@ qxCaptureRecord::qxCaptureRecord()
         m_sets.insert(set->name, contentsOf(*set));
 }
 
-qxEditStep *qxCaptureRecord::finish(const QString &captured)
+std::unique_ptr<qxEditStep> qxCaptureRecord::finish(const QString &text, const QString &captured,
+                                                    std::unique_ptr<qxEditStep> ofSet)
 {
     m_scene.finish();
     m_variants.finish();
@@ -100,7 +106,8 @@ qxEditStep *qxCaptureRecord::finish(const QString &captured)
         compare(set->name, true, before->snapshots, after.snapshots, entries);
         compare(set->name, false, before->materials, after.materials, entries);
     }
-    return new CaptureStep(std::move(m_scene), std::move(m_variants), std::move(entries));
+    return std::make_unique<CaptureStep>(text, std::move(ofSet), std::move(m_scene),
+                                         std::move(m_variants), std::move(entries));
 }
 
 qxCaptureRecord::Contents qxCaptureRecord::contentsOf(const qxVariantSet &set)

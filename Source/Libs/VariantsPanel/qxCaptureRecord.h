@@ -7,6 +7,8 @@
 
 #include <QMap>
 
+#include <memory>
+
 class qxVariantSet;
 
 /// Takes down what a capture does beside filling its set, so that it can be undone: what it changes
@@ -19,9 +21,11 @@ class qxVariantSet;
 class qxCaptureRecord {
 public:
     qxCaptureRecord();
-    /// Ends the record as a step that is done. `captured` is the set, whose own contents are not
-    /// part of it.
-    qxEditStep *finish(const QString &captured);
+    /// Ends the record as a step that is done. `ofSet` is the step of the set `captured` itself,
+    /// not pushed; where it is not possible any more, the whole step is not. Null when the set is
+    /// gone.
+    std::unique_ptr<qxEditStep> finish(const QString &text, const QString &captured,
+                                       std::unique_ptr<qxEditStep> ofSet);
 
     /// One changed entry of another set; no text for an entry that is not there.
     struct Entry {

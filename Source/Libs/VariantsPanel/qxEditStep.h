@@ -12,6 +12,8 @@ public:
     }
     void redo() final;
     void undo() final;
+    /// Makes the change before the step is pushed; being pushed leaves it as it is then.
+    void makeNow();
 
 protected:
     /// Makes the change, or takes it back. False when it is not possible any more, because others

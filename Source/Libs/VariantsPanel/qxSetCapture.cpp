@@ -15,10 +15,15 @@ namespace {
 void captureInto(qxVariantSet &set, const std::vector<qxNodePtr> &roots,
                  const qxCaptureChoice &choice)
 {
+    const QString name = set.name;
     qxVariants::captureVariantsFromRootNodes(&set, roots, choice.nodes, choice.materials,
                                              choice.lights, choice.environment, choice.viewpoint,
                                              choice.transforms, true, true);
-    set.setPreview(qxVariants::createPreviewImage(true, true));
+    const QByteArray picture = qxVariants::createPreviewImage(true, true);
+    // Listeners and the progress display may have removed the set.
+    qxVariantSet *const captured = qxVariants::findVariantSet(name);
+    if (captured && !picture.isEmpty()) // cancelled: the set keeps the one that it had
+        captured->setPreview(picture);
 }
 
 std::vector<qxNodePtr> rootsOf(const qxVariantSet &set)

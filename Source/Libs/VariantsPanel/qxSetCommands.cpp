@@ -9,10 +9,15 @@ namespace {
 
 const int editId = 1; ///< of steps that may become one
 
+QString groupOf(const qxVariantSet &set)
+{
+    return set.group ? QString(set.group->name) : QString();
+}
+
 } // namespace
 
 qxSetsPresence::qxSetsPresence(const QString &text, Way way, std::vector<Part> parts)
-    : qxEditStep(text, way == AreThere), m_comes(way != Go), m_parts(std::move(parts))
+    : qxEditStep(text), m_comes(way == Come), m_parts(std::move(parts))
 {
 }
 
@@ -53,8 +58,8 @@ bool qxSetsPresence::vanish()
 }
 
 qxSetEdit::qxSetEdit(const QString &text, const qxSetMemento &before, const qxSetMemento &after,
-                     const QString &field, bool isDone)
-    : qxEditStep(text, isDone), m_before(before), m_after(after), m_field(field)
+                     const QString &field)
+    : qxEditStep(text), m_before(before), m_after(after), m_field(field)
 {
 }
 
@@ -94,8 +99,11 @@ bool qxSetsMove::perform(bool forward)
 {
     std::vector<qxPlaces::Placed> placed;
     for (const Part &part : m_parts) {
-        if (qxVariantSet *set = qxVariants::findVariantSet(part.set))
-            placed.push_back({set, forward ? part.to : part.from});
+        const qxSetPlace &to = forward ? part.to : part.from;
+        qxVariantSet *const set = qxVariants::findVariantSet(part.set);
+        const bool isTargetThere = to.group.isEmpty() || qxVariants::findVariantGroup(to.group);
+        if (set && isTargetThere && groupOf(*set) == (forward ? part.from : part.to).group)
+            placed.push_back({set, to});
     }
     if (placed.empty())
         return false;
@@ -115,9 +123,10 @@ bool qxGroupPresence::perform(bool forward)
     const bool appears = forward == m_comes;
     if (appears == bool(group)) // Others were here first.
         return false;
+    if (!appears && !group->sets.empty()) // Others have put them in.
+        return false;
     if (!appears) {
-        m_contents.comment = group->comment;
-        m_contents.index = qxPlaces::indexOf(*group);
+        m_contents = {group->name, group->comment, qxPlaces::indexOf(*group), group->visible};
         return qxVariants::removeVariantGroup(m_contents.name);
     }
     group = qxVariants::createVariantGroup(m_contents.name, false, m_contents.isVisible);

@@ -7,7 +7,7 @@
 /// Sets come or go.
 class qxSetsPresence : public qxEditStep {
 public:
-    enum Way { Come, Go, AreThere /**< they came already */ };
+    enum Way { Come, Go };
     struct Part {
         qxSetMemento contents;
         qxSetPlace place;
@@ -31,7 +31,7 @@ class qxSetEdit : public qxEditStep {
 public:
     /// Steps that follow each other in the same `field` of a set are one; empty for none.
     qxSetEdit(const QString &text, const qxSetMemento &before, const qxSetMemento &after,
-              const QString &field, bool isDone = false);
+              const QString &field);
     int id() const override;
     bool mergeWith(const QUndoCommand *next) override;
 
@@ -62,7 +62,7 @@ private:
     std::vector<Part> m_parts;
 };
 
-/// A group comes or goes, without sets.
+/// A group comes or goes, without sets: one that has sets does not go.
 class qxGroupPresence : public qxEditStep {
 public:
     struct Contents {

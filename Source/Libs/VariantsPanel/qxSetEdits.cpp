@@ -8,6 +8,8 @@
 #include "qxSetCommands.h"
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 
 namespace {
 
@@ -47,6 +49,13 @@ QStringList setsIn(const qxVariantGroup &group)
     for (const qxVariantSet *set : group.sets)
         names.append(set->name);
     return names;
+}
+
+/// Adds the group.
+std::unique_ptr<qxEditStep> groupStep(const QString &name)
+{
+    return std::make_unique<qxGroupPresence>(qxSetEdits::tr("Add group \"%1\"").arg(name), true,
+                                             qxGroupPresence::Contents{name, {}, -1, true});
 }
 
 qxGroupEdit::Contents contentsOf(const qxVariantGroup &group)
@@ -130,13 +139,8 @@ void qxSetEdits::editSet(const QString &set, const QString &what,
 QString qxSetEdits::addGroup()
 {
     const QString name = qxVariants::getUniqueVariantGroupName(tr("New Group"));
-    makeGroup(name);
+    m_stack.push(groupStep(name).release());
     return name;
-}
-
-void qxSetEdits::makeGroup(const QString &name)
-{
-    m_stack.push(new qxGroupPresence(tr("Add group \"%1\"").arg(name), true, {name, {}, -1, true}));
 }
 
 void qxSetEdits::renameGroup(const QString &group, const QString &name)
@@ -172,11 +176,11 @@ void qxSetEdits::setGroupVisible(const QString &group, bool isVisible)
                                  contentsOf(*found), after));
 }
 
-/// Takes the sets out of the group; in the registry they stay where they are.
-void qxSetEdits::leaveGroup(const qxVariantGroup &group)
+/// Takes the sets out of their group; in the registry they stay where they are.
+void qxSetEdits::leaveGroup(const QStringList &sets)
 {
     std::vector<qxSetsMove::Part> parts;
-    for (const qxVariantSet *set : group.sets) {
+    for (const qxVariantSet *set : setsNamed(sets)) {
         const qxSetPlace from = qxSetPlace::of(*set);
         parts.push_back({set->name, from, {QString(), -1, from.index}});
     }
@@ -189,15 +193,17 @@ void qxSetEdits::removeGroup(const QString &group, bool withSets)
     const qxVariantGroup *const found = qxVariants::findVariantGroup(group);
     if (!found)
         return;
+    const QStringList sets = setsIn(*found);
+    const qxGroupPresence::Contents contents{group, found->comment, qxPlaces::indexOf(*found),
+                                             found->visible};
     const MacroStep step(m_stack,
                          withSets ? tr("Delete group \"%1\" with its sets").arg(group)
                                   : tr("Delete group \"%1\"").arg(group));
     if (withSets)
-        removeSets(setsIn(*found));
+        removeSets(sets);
     else
-        leaveGroup(*found);
-    m_stack.push(new qxGroupPresence(
-        QString(), false, {group, found->comment, qxPlaces::indexOf(*found), found->visible}));
+        leaveGroup(sets);
+    m_stack.push(new qxGroupPresence(QString(), false, contents));
 }
 
 void qxSetEdits::remove(const QStringList &sets, const QStringList &groups, bool withSets)
@@ -215,17 +221,31 @@ void qxSetEdits::remove(const QStringList &sets, const QStringList &groups, bool
 QString qxSetEdits::captureSet(const QString &name, const QString &group, qxCaptureRecord &record,
                                const std::function<void(qxVariantSet &)> &capture)
 {
-    const MacroStep step(m_stack, tr("Capture \"%1\"").arg(name));
-    if (!group.isEmpty() && !qxVariants::findVariantGroup(group))
-        makeGroup(group);
-    qxVariantSet *const set =
-        qxVariants::createVariantSet(name, true, qxVariants::findVariantGroup(group));
-    if (!set)
+    if (name.isEmpty() || qxVariants::findVariantSet(name))
         return QString();
-    capture(*set);
-    m_stack.push(record.finish(name));
-    m_stack.push(new qxSetsPresence(QString(), qxSetsPresence::AreThere, {partOf(*set)}));
-    return name;
+    std::unique_ptr<qxEditStep> newGroup;
+    if (!group.isEmpty() && !qxVariants::findVariantGroup(group)) {
+        newGroup = groupStep(group);
+        newGroup->makeNow();
+    }
+    // Listeners may remove the set whenever it is announced.
+    if (qxVariantSet *const set =
+            qxVariants::createVariantSet(name, true, qxVariants::findVariantGroup(group)))
+        capture(*set);
+    const qxVariantSet *const captured = qxVariants::findVariantSet(name);
+    std::unique_ptr<qxEditStep> ofSet;
+    if (captured)
+        ofSet = std::make_unique<qxSetsPresence>(
+            QString(), qxSetsPresence::Come, std::vector<qxSetsPresence::Part>{partOf(*captured)});
+    const QString what = tr("Capture \"%1\"").arg(name);
+    std::optional<MacroStep> both;
+    if (newGroup) {
+        both.emplace(m_stack, what);
+        m_stack.push(newGroup.release());
+    }
+    m_stack.push(record.finish(what, name, std::move(ofSet)).release());
+    qxPanelEvents::announceEditedSets();
+    return captured ? name : QString();
 }
 
 void qxSetEdits::captureAgain(const QString &set, qxCaptureRecord &record,
@@ -234,10 +254,12 @@ void qxSetEdits::captureAgain(const QString &set, qxCaptureRecord &record,
     qxVariantSet *const found = qxVariants::findVariantSet(set);
     if (!found)
         return;
-    const MacroStep step(m_stack, tr("Update \"%1\"").arg(set));
     const qxSetMemento before = qxSetMemento::of(*found);
     capture(*found);
-    m_stack.push(record.finish(set));
-    m_stack.push(new qxSetEdit(QString(), before, qxSetMemento::of(*found), QString(), true));
+    std::unique_ptr<qxEditStep> ofSet;
+    if (const qxVariantSet *captured = qxVariants::findVariantSet(set)) // It may be gone by now.
+        ofSet =
+            std::make_unique<qxSetEdit>(QString(), before, qxSetMemento::of(*captured), QString());
+    m_stack.push(record.finish(tr("Update \"%1\"").arg(set), set, std::move(ofSet)).release());
     qxPanelEvents::announceEditedSets();
 }

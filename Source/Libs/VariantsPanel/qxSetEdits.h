@@ -6,7 +6,6 @@
 #include <functional>
 
 class qxCaptureRecord;
-class qxVariantGroup;
 class qxVariantSet;
 
 /// The edits of sets and groups that a user makes in the panel, each of them one step to undo.
@@ -57,7 +56,8 @@ public:
 
     /// Makes a set of that name in the group, which is made when there is none, and lets `capture`
     /// fill it; undo takes back what the capture did to scene, variants and other sets, as far as
-    /// qxCaptureRecord does. The name of the set; empty when the registry refused it.
+    /// qxCaptureRecord does. The name of the set; empty when the name is taken, and when listeners
+    /// have removed the set meanwhile.
     QString captureSet(const QString &name, const QString &group, qxCaptureRecord &record,
                        const std::function<void(qxVariantSet &)> &capture);
     /// The same for a set that exists, in the place of what it held.
@@ -65,8 +65,7 @@ public:
                       const std::function<void(qxVariantSet &)> &capture);
 
 private:
-    void makeGroup(const QString &name);
-    void leaveGroup(const qxVariantGroup &group);
+    void leaveGroup(const QStringList &sets);
 
     QUndoStack m_stack;
 };

@@ -5,9 +5,12 @@
 #include "qxNodeVariant.h"
 #include "qxOverlayVariant.h"
 #include "qxTransformVariant.h"
+#include "qxVariantSet.h"
 #include "qxVariants.h"
 
 #include "qxController.h"
+
+#include <QSet>
 
 #include <algorithm>
 #include <functional>
@@ -23,13 +26,14 @@ struct Access {
     qxVariant *(*create)(const QString &name);
     bool (*remove)(const QString &name);
     QString &(*sceneName)(qxVariant &variant);
+    const qxStateList qxVariantSet::*states; ///< references to its variants
     const char *changed; ///< the announcement
     int flag; ///< of it
 };
 
 template <class Variant, auto &list, QString Variant::*sceneName,
           Variant *(*create)(const QString &, bool), bool (*remove)(const QString &)>
-Access accessOf(const char *changed, int flag)
+Access accessOf(const qxStateList qxVariantSet::*states, const char *changed, int flag)
 {
     return {
         [](const Visit &visit) {
@@ -40,6 +44,7 @@ Access accessOf(const char *changed, int flag)
         [](const QString &name) -> qxVariant * { return create(name, false); },
         remove,
         [](qxVariant &variant) -> QString & { return static_cast<Variant &>(variant).*sceneName; },
+        states,
         changed,
         flag};
 }
@@ -50,20 +55,33 @@ const Access &accessOf(int kind)
     typedef qxVariants All;
     static const Access kinds[] = {
         accessOf<qxNodeVariant, All::_nodeVariants, &qxNodeVariant::nodeName,
-                 &All::createNodeVariant, &All::removeNodeVariant>("nodeVariantChanged", 1),
+                 &All::createNodeVariant, &All::removeNodeVariant>(&qxVariantSet::nodeVariants,
+                                                                   "nodeVariantChanged", 1),
         accessOf<qxMaterialVariant, All::_materialVariants, &qxMaterialVariant::switchMaterialName,
-                 &All::createMaterialVariant, &All::removeMaterialVariant>("materialVariantChanged",
-                                                                           1),
+                 &All::createMaterialVariant, &All::removeMaterialVariant>(
+            &qxVariantSet::materialVariants, "materialVariantChanged", 1),
         accessOf<qxLightVariant, All::_lightVariants, &qxLightVariant::lightName,
-                 &All::createLightVariant, &All::removeLightVariant>("lightVariantChanged", 1),
+                 &All::createLightVariant, &All::removeLightVariant>(&qxVariantSet::lightVariants,
+                                                                     "lightVariantChanged", 1),
         accessOf<qxOverlayVariant, All::_overlayVariants, &qxOverlayVariant::overlayName,
-                 &All::createOverlayVariant, &All::removeOverlayVariant>("overlayVariantChanged",
-                                                                         1),
+                 &All::createOverlayVariant, &All::removeOverlayVariant>(
+            &qxVariantSet::overlayVariants, "overlayVariantChanged", 1),
         accessOf<qxTransformVariant, All::_transformVariants, &qxTransformVariant::nodeName,
                  &All::createTransformVariant, &All::removeTransformVariant>(
-            "transformVariantChanged", 0),
+            &qxVariantSet::transformVariants, "transformVariantChanged", 0),
     };
     return kinds[kind];
+}
+
+/// The variants of the kind that sets refer to.
+QSet<QString> usedOf(int kind)
+{
+    QSet<QString> used;
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        for (const qxVariantState &state : set->*accessOf(kind).states)
+            used.insert(state.variant);
+    }
+    return used;
 }
 
 } // namespace
@@ -96,9 +114,7 @@ void qxVariantsChange::finish()
 void qxVariantsChange::apply(bool forward) const
 {
     for (int kind = 0; kind < KindCount; ++kind) {
-        bool isAny = false;
-        for (const Changed &changed : m_kinds[kind].come)
-            isAny |= bring(kind, changed, forward);
+        bool isAny = forward ? bring(kind) : takeBack(kind);
         for (const Changed &changed : m_kinds[kind].edited)
             isAny |= edit(kind, changed, forward);
         if (isAny)
@@ -106,16 +122,33 @@ void qxVariantsChange::apply(bool forward) const
     }
 }
 
-bool qxVariantsChange::bring(int kind, const Changed &changed, bool forward)
+bool qxVariantsChange::bring(int kind) const
 {
     const Access &access = accessOf(kind);
-    const qxVariant *const found = access.find(changed.name);
-    if (forward == bool(found))
+    bool isAny = false;
+    for (const Changed &changed : m_kinds[kind].come) {
+        if (access.find(changed.name))
+            continue;
+        give(kind, *access.create(changed.name), changed.after);
+        isAny = true;
+    }
+    return isAny;
+}
+
+bool qxVariantsChange::takeBack(int kind) const
+{
+    if (m_kinds[kind].come.empty())
         return false;
-    if (!forward)
-        return access.remove(changed.name);
-    give(kind, *access.create(changed.name), changed.after);
-    return true;
+    const Access &access = accessOf(kind);
+    const QSet<QString> used = usedOf(kind);
+    bool isAny = false;
+    for (const Changed &changed : m_kinds[kind].come) {
+        qxVariant *const found = access.find(changed.name);
+        if (found && !used.contains(changed.name)
+            && isSame(contentsOf(kind, *found), changed.after))
+            isAny |= access.remove(changed.name);
+    }
+    return isAny;
 }
 
 bool qxVariantsChange::edit(int kind, const Changed &changed, bool forward)

@@ -8,7 +8,7 @@
 /// What a capture does to the registry's variants, to undo: variants that come, and options that
 /// existing ones get.
 ///
-/// Undoing and redoing leave alone what others changed since.
+/// Undoing and redoing leave alone what others changed since, and variants that sets refer to.
 class qxVariantsChange {
 public:
     /// Notes all variants.
@@ -39,7 +39,8 @@ private:
 
     void apply(bool forward) const;
     static bool edit(int kind, const Changed &changed, bool forward);
-    static bool bring(int kind, const Changed &changed, bool forward);
+    bool bring(int kind) const;
+    bool takeBack(int kind) const;
     static Contents contentsOf(int kind, qxVariant &variant);
     static void give(int kind, qxVariant &variant, const Contents &contents);
     static bool isSame(const Contents &one, const Contents &other);
