@@ -128,8 +128,8 @@ def dusk_sky():
 
 def night_sky():
     """Stars, and the glow of a town on the horizon."""
-    picture = _sky((0, (2, 3, 10)), (46, (8, 11, 28)), (64, (44, 38, 46)), (66, (10, 10, 14)), (128, (4, 4, 6)))
+    picture = _sky((0, (26, 34, 70)), (40, (48, 56, 96)), (64, (176, 150, 140)), (66, (60, 56, 60)), (128, (30, 30, 36)))
     for k in range(90):
         x, y = k * 47 % 128, 3 + k * 29 % 52
-        picture.fill(x, y, x + 1, y + 1, (90 + k * 37 % 150,) * 3)
+        picture.fill(x, y, x + 1, y + 1, (110 + k * 37 % 140,) * 3)
     return picture.png()

@@ -136,7 +136,7 @@ _SHOW = (
      "transforms": {"Truss": "Low"}, "materials": {"Paint Switch": "Paint Midnight Blue"},
      "lights": {"Hall Light": "!Disable", "Headlight": "!Enable", "Tail Light Left": "!Enable",
                 "Tail Light Right": "!Enable", "Interior Light": "!Enable", "Spot Left": "!Enable",
-                "Spot Middle": "!Disable", "Spot Right": "!Enable"},
+                "Spot Middle": "!Enable", "Spot Right": "!Enable"},
      "overlays": {"Logo": "!Disable"}, "animations": ("Turntable",)},
     {"name": "Lamp Check", "comment": "Headlights and tail lights change over", "hotkey": "F3",
      "lights": {name: "!Toggle" for name in _CAR_LIGHTS}},
