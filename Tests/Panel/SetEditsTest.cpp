@@ -1,6 +1,9 @@
 #include "qxNodeVariant.h"
 
 #include "PanelFixture.h"
+#include "qxCaptureRecord.h"
+
+#include <functional>
 
 class SetEditsTest : public PanelFixture {
 protected:
@@ -128,6 +131,54 @@ TEST_F(SetEditsTest, EveryEditIsAnnouncedOnce)
     edits.stack()->undo();
     EXPECT_EQ(announced(), before + 2);
     EXPECT_EQ(set("Red").comment, "");
+    const std::function<void()> others[] = {
+        [this] {
+            edits.duplicateSets({"Red", "Blue", "Alone"});
+        },
+        [this] {
+            edits.moveSets({"Red", "Alone"}, "Inside", QString());
+        },
+        [this] {
+            edits.shiftSets({"Red", "Blue"}, true);
+        },
+        [this] {
+            qxCaptureRecord record;
+            edits.captureSet("Captured", "Inside", record, [](qxVariantSet &) {});
+        },
+        [this] {
+            qxCaptureRecord record;
+            edits.captureAgain("Red", record, [](qxVariantSet &red) { red.script = "pass"; });
+        },
+    };
+    for (const std::function<void()> &edit : others) {
+        const std::size_t started = announced();
+        edit();
+        EXPECT_EQ(announced(), started + 1) << edits.stack()->undoText().toStdString();
+    }
+    const auto removed = [this] { return heard("variantSetRemoved").size(); };
+    const std::size_t started = removed();
+    edits.removeSets({"Red", "Blue"});
+    EXPECT_EQ(removed(), started + 2) << "each of them";
+}
+
+TEST_F(SetEditsTest, CopiesOfManySetsStandBehindTheirOriginalsUnderNamesOfTheirOwn)
+{
+    addGroup("Many", {"a", "b", "c", "d"});
+    const auto order = [] {
+        QStringList names;
+        for (const qxVariantSet *each : qxVariants::_variantSets)
+            names << each->name;
+        return names.join(',');
+    };
+    edits.moveSets({"d"}, "Many", "a"); // The rows of the group are not in the registry's order.
+    set("b").name = "a 2";
+    const QString before = order();
+    edits.duplicateSets({"Alone", "d", "a 2", "a", "a"});
+    EXPECT_EQ(setsOf("Many"), QStringList({"d", "d 2", "a", "a 3", "a 2", "a 2 2", "c"}));
+    EXPECT_EQ(order(), "Red,Blue,Leather,Alone,Alone 2,a,a 3,a 2,a 2 2,c,d,d 2");
+    edits.stack()->undo();
+    EXPECT_EQ(order(), before);
+    EXPECT_EQ(edits.stack()->count(), 2);
 }
 
 TEST_F(SetEditsTest, WhatOthersChangedSinceStaysWhenAnEditIsUndone)

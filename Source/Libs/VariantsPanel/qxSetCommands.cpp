@@ -44,10 +44,11 @@ bool qxSetsPresence::appear()
 
 bool qxSetsPresence::vanish()
 {
+    const auto places = qxPlaces::now();
     std::vector<Part> found;
     for (const Part &part : m_parts) {
         if (const qxVariantSet *set = qxVariants::findVariantSet(part.contents.name))
-            found.push_back({qxSetMemento::of(*set), qxSetPlace::of(*set)});
+            found.push_back({qxSetMemento::of(*set), places.value(set)});
     }
     if (found.empty())
         return false;

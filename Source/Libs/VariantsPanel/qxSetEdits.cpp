@@ -4,8 +4,11 @@
 #include "qxVariants.h"
 
 #include "qxCaptureRecord.h"
+#include "qxNodeUtils.h"
 #include "qxPanelEvents.h"
 #include "qxSetCommands.h"
+
+#include <QHash>
 
 #include <algorithm>
 #include <memory>
@@ -27,20 +30,45 @@ private:
     QUndoStack &m_stack;
 };
 
-qxSetsPresence::Part partOf(const qxVariantSet &set)
+std::vector<qxSetsPresence::Part> partsOf(const QStringList &sets)
 {
-    return {qxSetMemento::of(set), qxSetPlace::of(set)};
+    const auto places = qxPlaces::now();
+    std::vector<qxSetsPresence::Part> parts;
+    for (const qxVariantSet *set : qxPlaces::setsNamed(sets))
+        parts.push_back({qxSetMemento::of(*set), places.value(set)});
+    return parts;
 }
 
-std::vector<qxVariantSet *> setsNamed(const QStringList &names)
+/// Gives each copy the place behind its original, which is the one that it has till then.
+void placeBehind(std::vector<qxSetsPresence::Part> &copies)
 {
-    std::vector<qxVariantSet *> sets;
-    for (const QString &name : names) {
-        qxVariantSet *const set = qxVariants::findVariantSet(name);
-        if (set && std::find(sets.begin(), sets.end(), set) == sets.end())
-            sets.push_back(set);
+    const auto sort = [&copies](int qxSetPlace::*key) {
+        std::stable_sort(copies.begin(), copies.end(), [key](const auto &one, const auto &other) {
+            return one.place.*key < other.place.*key;
+        });
+    };
+    sort(&qxSetPlace::row);
+    QHash<QString, int> before; // copies in that group
+    for (qxSetsPresence::Part &copy : copies) {
+        if (copy.place.row >= 0)
+            copy.place.row += ++before[copy.place.group];
     }
-    return sets;
+    sort(&qxSetPlace::index);
+    int count = 0;
+    for (qxSetsPresence::Part &copy : copies)
+        copy.place.index += ++count;
+}
+
+/// Gives each copy a name of its own.
+void nameAnew(std::vector<qxSetsPresence::Part> &copies)
+{
+    std::vector<std::string> taken;
+    for (const qxVariantSet *set : qxVariants::_variantSets)
+        taken.push_back(set->name.toStdString());
+    for (qxSetsPresence::Part &copy : copies) {
+        taken.push_back(qxNodeUtils::getUniqueName(copy.contents.name.toStdString(), taken));
+        copy.contents.name = QString::fromStdString(taken.back());
+    }
 }
 
 QStringList setsIn(const qxVariantGroup &group)
@@ -81,31 +109,26 @@ QString qxSetEdits::addSet(const QString &group)
 
 QStringList qxSetEdits::duplicateSets(const QStringList &sets)
 {
-    const std::vector<qxVariantSet *> originals = setsNamed(sets);
-    if (originals.empty())
+    std::vector<qxSetsPresence::Part> copies = partsOf(sets);
+    if (copies.empty())
         return QStringList();
-    const MacroStep step(m_stack,
-                         originals.size() == 1
-                             ? tr("Duplicate \"%1\"").arg(originals.front()->name)
-                             : tr("Duplicate %n sets", nullptr, int(originals.size())));
-    QStringList copies;
-    for (const qxVariantSet *original : originals) {
-        qxSetsPresence::Part copy = partOf(*original);
-        copy.contents.name = qxVariants::getUniqueVariantSetName(original->name);
+    const QString what = copies.size() == 1
+        ? tr("Duplicate \"%1\"").arg(copies.front().contents.name)
+        : tr("Duplicate %n sets", nullptr, int(copies.size()));
+    placeBehind(copies);
+    nameAnew(copies);
+    QStringList names;
+    for (qxSetsPresence::Part &copy : copies) {
         copy.contents.hotkey.clear(); // A key selects one set.
-        copy.place.row += original->group ? 1 : 0;
-        ++copy.place.index;
-        copies << copy.contents.name;
-        m_stack.push(new qxSetsPresence(QString(), qxSetsPresence::Come, {copy}));
+        names << copy.contents.name;
     }
-    return copies;
+    m_stack.push(new qxSetsPresence(what, qxSetsPresence::Come, std::move(copies)));
+    return names;
 }
 
 void qxSetEdits::removeSets(const QStringList &sets)
 {
-    std::vector<qxSetsPresence::Part> parts;
-    for (const qxVariantSet *set : setsNamed(sets))
-        parts.push_back(partOf(*set));
+    std::vector<qxSetsPresence::Part> parts = partsOf(sets);
     if (parts.empty())
         return;
     const QString what = parts.size() == 1 ? tr("Delete \"%1\"").arg(parts.front().contents.name)
@@ -179,9 +202,10 @@ void qxSetEdits::setGroupVisible(const QString &group, bool isVisible)
 /// Takes the sets out of their group; in the registry they stay where they are.
 void qxSetEdits::leaveGroup(const QStringList &sets)
 {
+    const auto places = qxPlaces::now();
     std::vector<qxSetsMove::Part> parts;
-    for (const qxVariantSet *set : setsNamed(sets)) {
-        const qxSetPlace from = qxSetPlace::of(*set);
+    for (const qxVariantSet *set : qxPlaces::setsNamed(sets)) {
+        const qxSetPlace from = places.value(set);
         parts.push_back({set->name, from, {QString(), -1, from.index}});
     }
     if (!parts.empty())
@@ -235,8 +259,7 @@ QString qxSetEdits::captureSet(const QString &name, const QString &group, qxCapt
     const qxVariantSet *const captured = qxVariants::findVariantSet(name);
     std::unique_ptr<qxEditStep> ofSet;
     if (captured)
-        ofSet = std::make_unique<qxSetsPresence>(
-            QString(), qxSetsPresence::Come, std::vector<qxSetsPresence::Part>{partOf(*captured)});
+        ofSet = std::make_unique<qxSetsPresence>(QString(), qxSetsPresence::Come, partsOf({name}));
     const QString what = tr("Capture \"%1\"").arg(name);
     std::optional<MacroStep> both;
     if (newGroup) {

@@ -17,17 +17,6 @@ bool contains(const std::vector<T *> &objects, const T *object)
     return std::find(objects.begin(), objects.end(), object) != objects.end();
 }
 
-Sets setsNamed(const QStringList &names)
-{
-    Sets sets;
-    for (const QString &name : names) {
-        qxVariantSet *const set = qxVariants::findVariantSet(name);
-        if (set && !contains(sets, set))
-            sets.push_back(set);
-    }
-    return sets;
-}
-
 /// The sets that stand in one group, or in none for null.
 Sets siblingsIn(const qxVariantGroup *group)
 {
@@ -120,9 +109,10 @@ std::vector<T *> reordered(const List &list, const std::vector<T *> &order)
 /// What moves when the sets of a group stand in that order.
 std::vector<qxSetsMove::Part> movesTo(const qxVariantGroup &group, const Sets &order)
 {
+    const auto places = qxPlaces::now();
     std::vector<qxSetsMove::Part> parts;
     for (std::size_t row = 0; row < order.size(); ++row) {
-        const qxSetPlace from = qxSetPlace::of(*order[row]);
+        const qxSetPlace from = places.value(order[row]);
         const qxSetPlace to{group.name, int(row), from.index};
         if (from != to)
             parts.push_back({order[row]->name, from, to});
@@ -133,11 +123,12 @@ std::vector<qxSetsMove::Part> movesTo(const qxVariantGroup &group, const Sets &o
 /// What moves when the registry has that order, and the `moved` ones stand in no group.
 std::vector<qxSetsMove::Part> movesTo(const Sets &registry, const Sets &moved)
 {
+    const auto places = qxPlaces::now();
     std::vector<qxSetsMove::Part> parts;
     for (qxVariantSet *set : moved) {
         const auto place = std::find(registry.begin(), registry.end(), set);
         const qxSetPlace to{QString(), -1, int(place - registry.begin())};
-        const qxSetPlace from = qxSetPlace::of(*set);
+        const qxSetPlace from = places.value(set);
         if (from != to)
             parts.push_back({set->name, from, to});
     }
@@ -177,7 +168,7 @@ void push(QUndoStack &stack, std::vector<qxGroupsMove::Part> parts, const QStrin
 void qxSetEdits::moveSets(const QStringList &sets, const QString &group, const QString &before)
 {
     const qxVariantGroup *const target = qxVariants::findVariantGroup(group);
-    const Sets moved = setsNamed(sets);
+    const Sets moved = qxPlaces::setsNamed(sets);
     if (moved.empty() || (!target && !group.isEmpty()))
         return;
     const Sets siblings = siblingsIn(target);
@@ -194,7 +185,7 @@ void qxSetEdits::moveSets(const QStringList &sets, const QString &group, const Q
 
 void qxSetEdits::shiftSets(const QStringList &sets, bool down)
 {
-    const Sets chosen = setsNamed(sets);
+    const Sets chosen = qxPlaces::setsNamed(sets);
     std::vector<qxSetsMove::Part> parts;
     std::vector<const qxVariantGroup *> done;
     for (const qxVariantSet *set : chosen) {

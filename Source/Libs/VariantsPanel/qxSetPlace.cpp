@@ -54,23 +54,32 @@ void arrange(List &list, std::vector<Indexed<T>> placed)
         append(next->object);
 }
 
-template <class List, class T>
-int indexIn(const List &list, const T *object)
-{
-    return int(std::find(list.begin(), list.end(), object) - list.begin());
-}
-
 } // namespace
 
-qxSetPlace qxSetPlace::of(const qxVariantSet &set)
+std::vector<qxVariantSet *> qxPlaces::setsNamed(const QStringList &names)
 {
-    qxSetPlace place;
-    place.index = indexIn(qxVariants::_variantSets, &set);
-    if (set.group) {
-        place.group = set.group->name;
-        place.row = indexIn(set.group->sets, &set);
+    std::vector<qxVariantSet *> sets;
+    std::set<const qxVariantSet *> known;
+    for (const QString &name : names) {
+        qxVariantSet *const set = qxVariants::findVariantSet(name);
+        if (set && known.insert(set).second)
+            sets.push_back(set);
     }
-    return place;
+    return sets;
+}
+
+QHash<const qxVariantSet *, qxSetPlace> qxPlaces::now()
+{
+    QHash<const qxVariantSet *, qxSetPlace> places;
+    int index = 0;
+    for (const qxVariantSet *set : qxVariants::_variantSets)
+        places.insert(set, {QString(), -1, index++});
+    for (const qxVariantGroup *group : qxVariants::_variantGroups) {
+        int row = 0;
+        for (const qxVariantSet *set : group->sets)
+            places.insert(set, {group->name, row++, places.value(set).index});
+    }
+    return places;
 }
 
 void qxPlaces::put(std::vector<Placed> sets)
@@ -97,7 +106,8 @@ void qxPlaces::put(std::vector<Placed> sets)
 
 int qxPlaces::indexOf(const qxVariantGroup &group)
 {
-    return indexIn(qxVariants::_variantGroups, &group);
+    const auto &all = qxVariants::_variantGroups;
+    return int(std::find(all.begin(), all.end(), &group) - all.begin());
 }
 
 void qxPlaces::put(const std::vector<PlacedGroup> &groups)

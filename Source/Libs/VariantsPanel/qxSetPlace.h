@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QString>
+#include <QHash>
+#include <QStringList>
 
 #include <vector>
 
@@ -14,7 +15,6 @@ struct qxSetPlace {
     int row = -1; ///< in the group; -1 is the end, and what a set in no group has
     int index = -1; ///< in the registry; -1 is the end
 
-    static qxSetPlace of(const qxVariantSet &set);
     bool operator==(const qxSetPlace &other) const
     {
         return group == other.group && row == other.row && index == other.index;
@@ -22,8 +22,13 @@ struct qxSetPlace {
     bool operator!=(const qxSetPlace &other) const { return !(*this == other); }
 };
 
-/// Brings sets and groups to their places. Nothing is announced.
+/// Finds sets and groups, and brings them to their places. Nothing is announced.
 namespace qxPlaces {
+
+/// The sets of those names, each of them once; unknown names are passed over.
+std::vector<qxVariantSet *> setsNamed(const QStringList &names);
+/// Where all sets of the registry stand now.
+QHash<const qxVariantSet *, qxSetPlace> now();
 
 struct Placed {
     qxVariantSet *set;
