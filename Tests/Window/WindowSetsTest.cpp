@@ -82,6 +82,28 @@ TEST_F(WindowSetsTest, ADoubleClickEnterAndTheKeySelectASetAndBackLeadsBack)
     EXPECT_EQ(desktop(), "Glass") << "Back again leads forward";
 }
 
+TEST_F(WindowSetsTest, BackLeadsToTheStateBeforeTheLastSelectionThatDidSomething)
+{
+    openDesk();
+    window->setsDock()->selectSet("Morning");
+    settle();
+    auto &variants = *window->findChild<qxVariantsDock *>()->findChild<QTreeView *>();
+    const QAbstractItemModel &model = *variants.model();
+    const QModelIndex desk =
+        model.match(model.index(0, 0, model.index(0, 0)), Qt::DisplayRole, "Desk").value(0);
+    const QModelIndex option =
+        model.match(model.index(0, 0, desk), Qt::DisplayRole, "Oak").value(0);
+    ASSERT_TRUE(option.isValid());
+    emit variants.activated(option);
+    EXPECT_EQ(desktop(), "Oak");
+    emit variants.activated(desk); // opens it
+    window->setsDock()->selectSet("no such set");
+    window->goBack();
+    EXPECT_EQ(desktop(), "Glass");
+    openDesk();
+    EXPECT_FALSE(action("Back to the State Before")->isEnabled()) << "it was another scene";
+}
+
 TEST_F(WindowSetsTest, ACaptureTakesWhatTheDialogSaysAndBringsItBack)
 {
     openDesk();

@@ -3,10 +3,12 @@
 
 #include "Pictures/qxMainGlView.h"
 #include "Pictures/qxPictureProgress.h"
+#include "Window/qxOrbit.h"
 #include "Window/qxSceneView.h"
 #include "WindowFixture.h"
 #include "qxOSGWidget.h"
 #include "qxRaytracingManager.h"
+#include "qxUberCameraPool.h"
 
 #include <QAction>
 #include <QMouseEvent>
@@ -64,6 +66,24 @@ TEST_F(WindowViewTest, ThePictureFollowsHandAndKeysAndHomeLeadsBack)
     changes("turned by a key");
     QTest::keyClick(window->sceneView(), Qt::Key_Home);
     EXPECT_EQ(finished(), atHome);
+}
+
+TEST_F(WindowViewTest, AViewFromStraightAboveStaysOneWhenTheSceneIsFittedAndTurnsFromThere)
+{
+    qxUberCamera camera;
+    camera.toWorld = osg::Matrix(0, 1, 0, 3, 0, 0, 1, 9, 1, 0, 0, 3, 0, 0, 0, 1);
+    const osg::Vec3f right(0, 0, 1);
+    const osg::Pnt3f centre(1, 2, 3);
+    const auto column = [&](int number) {
+        const osg::Vec4f values = camera.toWorld[osg::UInt32(number)];
+        return osg::Vec3f(values[0], values[1], values[2]);
+    };
+    qxOrbit::fit(camera, centre, 1, 1);
+    EXPECT_EQ(column(0), right);
+    EXPECT_GT(column(3)[1], 3);
+    EXPECT_EQ(column(3), osg::Vec3f(1, column(3)[1], 3));
+    qxOrbit::turn(camera, centre, 0, 0);
+    EXPECT_LT((column(0) - right).length(), 1e-3f) << "the picture does not jump";
 }
 
 TEST_F(WindowViewTest, AStillPictureIsRefinedAndTheStatusLineTellsHowFarItIs)

@@ -59,6 +59,8 @@ void qxSceneKeeper::restorePose(const Pose &pose)
         transform->setMatrix(pose.matrix);
     }
     const osg::TransformStatesPtr states = qxTransformStates::of(node);
+    if (states == osg::NullFC)
+        return;
     const osg::CPEditor edit(states, osg::TransformStates::SelectedFieldMask);
     states->setSelected(pose.selected);
 }

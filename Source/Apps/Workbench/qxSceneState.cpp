@@ -95,7 +95,8 @@ qxSceneState qxSceneState::take()
     for (const osg::MaterialPtr &material : materials) {
         const auto choice = osg::SwitchMaterialPtr::dcast(material);
         if (choice != osg::NullFC)
-            state.m_materials.push_back({osg::MaterialRefPtr(material), choice->getChoice()});
+            state.m_materials.push_back({osg::MaterialRefPtr(material), choice->getChoice(),
+                                         choice->getMaterials().size()});
     }
     return state;
 }
@@ -177,7 +178,9 @@ void qxSceneState::restore() const
     }
     for (const MaterialState &state : m_materials) {
         const auto material = osg::SwitchMaterialPtr::dcast(state.material.get());
-        if (material->getChoice() == state.choice)
+        const std::size_t count = material->getMaterials().size();
+        const bool isGone = count < state.count && state.choice >= count;
+        if (isGone || material->getChoice() == state.choice)
             continue;
         const osg::CPEditor edit(material, osg::SwitchMaterial::ChoiceFieldMask);
         material->setChoice(state.choice);

@@ -42,6 +42,7 @@ private:
     struct MaterialState {
         osg::MaterialRefPtr material;
         osg::UInt32 choice;
+        std::size_t count; ///< of the materials to choose from
     };
 
     static QList<qxSceneChange> nodeChanges(const NodeState &before, const NodeState &after);

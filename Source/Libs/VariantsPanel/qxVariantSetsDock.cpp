@@ -224,15 +224,18 @@ void qxVariantSetsDock::followSelection()
 
 void qxVariantSetsDock::selectSet(const QString &name)
 {
-    emit aboutToSelect();
+    if (qxVariants::findVariantSet(name))
+        emit aboutToSelect();
     qxVariants::selectVariantSet(name.toUtf8().constData(), false);
 }
 
 void qxVariantSetsDock::selectOption(int kind, const QString &variant, const QString &option)
 {
+    qxVariant *const found = qxVariantsModel::find(kind, variant);
+    if (!found)
+        return;
     emit aboutToSelect();
-    if (qxVariant *found = qxVariantsModel::find(kind, variant))
-        found->onSelect(option);
+    found->onSelect(option);
 }
 
 void qxVariantSetsDock::goToSearch()

@@ -33,7 +33,8 @@ public:
     void selectSet(const QString &name);
 
 signals:
-    /// A set is about to be applied by the user: the time to remember the present state.
+    /// A set or an option is about to be selected by the user: the time to remember the present
+    /// state.
     void aboutToSelect();
 
 protected:

@@ -47,10 +47,10 @@ void qxVariantsDock::selectOption(const QModelIndex &index)
     const QModelIndex first = index.sibling(index.row(), 0);
     const QString option = m_model->optionAt(first);
     qxVariant *const variant = m_model->variantAt(first);
-    if (variant && !option.isEmpty())
-        variant->onSelect(option);
-    else
-        m_view->setExpanded(first, !m_view->isExpanded(first));
+    if (!variant || option.isEmpty())
+        return m_view->setExpanded(first, !m_view->isExpanded(first));
+    emit aboutToSelect();
+    variant->onSelect(option);
 }
 
 /// The kinds are told one after the other, the first of them first.

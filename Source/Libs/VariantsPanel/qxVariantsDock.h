@@ -15,6 +15,10 @@ class qxVariantsDock : public QDockWidget {
 public:
     explicit qxVariantsDock(QWidget *parent = nullptr);
 
+signals:
+    /// An option is about to be selected by the user.
+    void aboutToSelect();
+
 protected:
     void changeEvent(QEvent *event) override;
 

@@ -57,7 +57,11 @@ void qxOrbit::turn(qxUberCamera &camera, const osg::Pnt3f &pivot, float right, f
     const osg::Vec3f arm = eyeOf(camera) - pivot;
     const float distance = std::max(minimumDepth, arm.length());
     const float steepest = pi / 2 - 0.01f;
-    const float azimuth = std::atan2(arm[0], arm[2]) - right * pi;
+    // From straight above or below only the camera itself tells which way is right.
+    const osg::Vec3f side = column(camera, 0);
+    const bool isVertical = std::hypot(arm[0], arm[2]) < 1e-4f * distance;
+    const float before = isVertical ? std::atan2(-side[2], side[0]) : std::atan2(arm[0], arm[2]);
+    const float azimuth = before - right * pi;
     const float elevation =
         std::max(-steepest, std::min(steepest, std::asin(arm[1] / distance) + up * pi));
     const osg::Vec3f back(std::cos(elevation) * std::sin(azimuth), std::sin(elevation),
@@ -92,5 +96,5 @@ void qxOrbit::fit(qxUberCamera &camera, const osg::Pnt3f &centre, float radius, 
         camera.height = 2 * radius / narrow;
     const float half = std::max(0.01f, camera.fieldOfView / 2);
     const float distance = camera.fieldOfView > 0 ? radius / (std::sin(half) * narrow) : 2 * radius;
-    place(camera, centre + back * distance, back);
+    moveEye(camera, centre + back * distance - eyeOf(camera));
 }

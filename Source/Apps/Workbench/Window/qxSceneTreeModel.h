@@ -4,7 +4,6 @@
 #include <OpenSG/OSGNodePtr.h>
 
 #include <QAbstractItemModel>
-#include <QHash>
 
 #include <vector>
 

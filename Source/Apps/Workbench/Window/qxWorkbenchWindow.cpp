@@ -26,6 +26,7 @@
 #include <QSettings>
 #include <QStatusBar>
 #include <QTreeView>
+#include <QUndoStack>
 
 namespace {
 
@@ -56,6 +57,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_view, &qxSceneView::progressed, progress, &QLabel::setText);
     connect(m_sets, &qxVariantSetsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
     connect(m_events, &qxPanelEvents::aboutToForget, this, &qxWorkbenchWindow::forgetScene);
+    connect(m_variants, &qxVariantsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &QWidget::setWindowModified);
@@ -76,6 +78,8 @@ qxWorkbenchWindow::qxWorkbenchWindow()
 
 qxWorkbenchWindow::~qxWorkbenchWindow()
 {
+    // The stack tells of its end while the dock that it belongs to is gone already.
+    m_sets->undoStack()->disconnect(this);
     // What shows the scene goes before the scene.
     m_watch.reset();
     m_before.reset();
