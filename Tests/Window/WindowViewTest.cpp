@@ -129,6 +129,9 @@ TEST_F(WindowViewTest, ACancelledPreviewLeavesTheOldOne)
     qxPictureProgress::setDisplay([](double) { return false; });
     action("New Preview")->trigger();
     EXPECT_EQ(set->getPreview(), "old");
+    expectClick("Update");
+    action("Update from Scene...")->trigger();
+    EXPECT_EQ(set->getPreview(), "old");
     qxPictureProgress::setDisplay(display);
     action("New Preview")->trigger();
     EXPECT_TRUE(set->getPreview().startsWith("\x89PNG"));
