@@ -2,6 +2,8 @@
 
 #include "qxVariant.h"
 
+#include "qxKindAccess.h"
+
 #include <QHash>
 #include <QStringList>
 
@@ -35,7 +37,6 @@ private:
         std::vector<Changed> edited;
         std::vector<Changed> come; ///< in their order
     };
-    enum { KindCount = 5 };
 
     void apply(bool forward) const;
     static bool edit(int kind, const Changed &changed, bool forward);
@@ -45,5 +46,5 @@ private:
     static void give(int kind, qxVariant &variant, const Contents &contents);
     static bool isSame(const Contents &one, const Contents &other);
 
-    Kind m_kinds[KindCount];
+    Kind m_kinds[qxKindAccess::Count];
 };

@@ -1,13 +1,9 @@
 #include "qxVariantsModel.h"
 
-#include "qxLightVariant.h"
-#include "qxMaterialVariant.h"
-#include "qxNodeVariant.h"
-#include "qxOverlayVariant.h"
-#include "qxTransformVariant.h"
-#include "qxVariants.h"
+#include "qxVariant.h"
 
 #include "qxKeyText.h"
+#include "qxKindAccess.h"
 #include "qxPanelEvents.h"
 #include "qxShownState.h"
 
@@ -42,30 +38,6 @@ struct Above {
     }
 };
 
-template <class List, class Each>
-void visitList(const List &list, const Each &each)
-{
-    for (const auto *variant : list)
-        each(*variant);
-}
-
-template <class Each>
-void visitKind(int kind, const Each &each)
-{
-    switch (kind) {
-    case qxVariantsModel::Node:
-        return visitList(qxVariants::_nodeVariants, each);
-    case qxVariantsModel::Material:
-        return visitList(qxVariants::_materialVariants, each);
-    case qxVariantsModel::Light:
-        return visitList(qxVariants::_lightVariants, each);
-    case qxVariantsModel::Overlay:
-        return visitList(qxVariants::_overlayVariants, each);
-    default:
-        return visitList(qxVariants::_transformVariants, each);
-    }
-}
-
 QString kindName(int kind)
 {
     switch (kind) {
@@ -95,23 +67,12 @@ qxVariantsModel::qxVariantsModel(qxPanelEvents *events, QObject *parent)
 void qxVariantsModel::visit(const std::function<void(int kind, const qxVariant &variant)> &each)
 {
     for (int kind = 0; kind < KindCount; ++kind)
-        visitKind(kind, [&](const qxVariant &variant) { each(kind, variant); });
+        qxKindAccess::of(kind).visit([&](const qxVariant &variant) { each(kind, variant); });
 }
 
 qxVariant *qxVariantsModel::find(int kind, const QString &name)
 {
-    switch (kind) {
-    case Node:
-        return qxVariants::findNodeVariant(name);
-    case Material:
-        return qxVariants::findMaterialVariant(name);
-    case Light:
-        return qxVariants::findLightVariant(name);
-    case Overlay:
-        return qxVariants::findOverlayVariant(name);
-    default:
-        return qxVariants::findTransformVariant(name);
-    }
+    return qxKindAccess::of(kind).find(name);
 }
 
 qxVariant *qxVariantsModel::variantAt(const QModelIndex &index) const
@@ -269,7 +230,7 @@ void qxVariantsModel::readVariants()
         QHash<QString, int> &rows = m_rows[kind];
         variants.clear();
         rows.clear();
-        visitKind(kind, [&](const qxVariant &variant) {
+        qxKindAccess::of(kind).visit([&](const qxVariant &variant) {
             if (!rows.contains(variant.name))
                 rows.insert(variant.name, int(variants.size()));
             variants.push_back({variant.name, {}, QString(), false});
