@@ -212,6 +212,17 @@
         <source>Hide group &quot;%1&quot;</source>
         <translation>Gruppe „%1“ verbergen</translation>
     </message>
+    <message>
+        <source>Preview of &quot;%1&quot;</source>
+        <translation>Vorschau von „%1“</translation>
+    </message>
+    <message numerus="yes">
+        <source>Previews of %n sets</source>
+        <translation>
+            <numerusform>Vorschaubild von %n Set</numerusform>
+            <numerusform>Vorschaubilder von %n Sets</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>qxSetForm</name>
@@ -313,6 +324,17 @@
     <message>
         <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too; this set comes first.</source>
         <translation>Die Option „%1“ von „%2“ hat diese Taste auch; dieses Set geht vor.</translation>
+    </message>
+</context>
+<context>
+    <name>qxSetPreviews</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Preview of &quot;%1&quot; ...</source>
+        <translation>Vorschau von „%1“ …</translation>
     </message>
 </context>
 <context>
@@ -427,10 +449,6 @@
         <translation>Keine Gruppe</translation>
     </message>
     <message>
-        <source>Preview of &quot;%1&quot;</source>
-        <translation>Vorschau von „%1“</translation>
-    </message>
-    <message>
         <source>M&amp;ove Up</source>
         <translation>Nach &amp;oben</translation>
     </message>
@@ -460,6 +478,26 @@
     <message>
         <source>Show &amp;Hidden Groups</source>
         <translation>Ve&amp;rborgene Gruppen zeigen</translation>
+    </message>
+    <message>
+        <source>Previews of All Sets</source>
+        <translation>Vorschaubilder aller Sets</translation>
+    </message>
+    <message>
+        <source>New Preview</source>
+        <translation>Neue Vorschau</translation>
+    </message>
+    <message>
+        <source>The scene may not show &quot;%1&quot; now.</source>
+        <translation>Die Szene zeigt „%1“ gerade vielleicht nicht.</translation>
+    </message>
+    <message>
+        <source>&amp;Select It for the Picture</source>
+        <translation>Für das Bild &amp;auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Picture What Is Shown</source>
+        <translation>Das &amp;Gezeigte aufnehmen</translation>
     </message>
 </context>
 <context>

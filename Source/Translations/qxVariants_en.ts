@@ -24,6 +24,13 @@
             <numerusform>Duplicate %n sets</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Previews of %n sets</source>
+        <translation>
+            <numerusform>Preview of %n set</numerusform>
+            <numerusform>Previews of %n sets</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>qxSetForm</name>

@@ -8,6 +8,8 @@
 #include "WindowFixture.h"
 #include "qxOSGWidget.h"
 #include "qxRaytracingManager.h"
+#include "qxSceneState.h"
+#include "qxSetsView.h"
 #include "qxUberCameraPool.h"
 
 #include <QAction>
@@ -15,6 +17,9 @@
 #include <QProgressDialog>
 #include <QSignalSpy>
 #include <QTest>
+#include <QUndoStack>
+
+#include <algorithm>
 
 /// The picture of the scene, while a hand is on it and afterwards.
 class WindowViewTest : public WindowFixture {
@@ -122,6 +127,7 @@ TEST_F(WindowViewTest, APreviewThatTakesLongShowsThatAndCanBeCancelled)
 TEST_F(WindowViewTest, ACancelledPreviewLeavesTheOldOne)
 {
     openDesk();
+    window->setsDock()->selectSet("Morning");
     goTo("Morning");
     qxVariantSet *const set = qxVariants::findVariantSet("Morning");
     set->setPreview("old");
@@ -135,4 +141,50 @@ TEST_F(WindowViewTest, ACancelledPreviewLeavesTheOldOne)
     qxPictureProgress::setDisplay(display);
     action("New Preview")->trigger();
     EXPECT_TRUE(set->getPreview().startsWith("\x89PNG"));
+}
+
+TEST_F(WindowViewTest, APreviewOfASetThatIsNotShownIsAskedFor)
+{
+    openDemo();
+    window->setsDock()->selectSet("Stadtwagen");
+    settle();
+    goTo("Speedster");
+    const auto preview = [] { return qxVariants::findVariantSet("Speedster")->getPreview(); };
+    expectClick("Cancel");
+    action("New Preview")->trigger();
+    EXPECT_TRUE(preview().isEmpty());
+    expectClick("Picture What Is Shown");
+    action("New Preview")->trigger();
+    const QByteArray asShown = preview();
+    expectClick("Select It for the Picture");
+    action("New Preview")->trigger();
+    EXPECT_TRUE(asShown.startsWith("\x89PNG") && preview().startsWith("\x89PNG"));
+    EXPECT_NE(QImage::fromData(preview()), QImage::fromData(asShown));
+}
+
+TEST_F(WindowViewTest, PreviewsOfAllSetsLeaveTheSceneAloneAndAreOneStep)
+{
+    openDesk();
+    goTo("Evening");
+    const auto made = [] {
+        return std::count_if(qxVariants::_variantSets.begin(), qxVariants::_variantSets.end(),
+                             [](const qxVariantSet *set) { return !set->preview.isEmpty(); });
+    };
+    const qxSceneState before = qxSceneState::take();
+    action("Previews of All Sets")->trigger();
+    EXPECT_EQ(made(), int(qxVariants::_variantSets.size()));
+    EXPECT_TRUE(qxSceneState::take().isLike(before));
+    EXPECT_EQ(window->setsDock()->view()->currentSet(), "Evening");
+    window->setsDock()->undoStack()->undo();
+    EXPECT_EQ(made(), 0);
+    QTimer user;
+    user.callOnTimeout([] {
+        auto *const dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+        if (dialog && dialog->value() > dialog->maximum() / 2)
+            dialog->cancel();
+    });
+    user.start(0);
+    action("Previews of All Sets")->trigger();
+    EXPECT_TRUE(made() > 0 && made() < int(qxVariants::_variantSets.size())) << made();
+    EXPECT_TRUE(qxSceneState::take().isLike(before));
 }

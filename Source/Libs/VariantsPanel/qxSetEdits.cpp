@@ -159,6 +159,23 @@ void qxSetEdits::editSet(const QString &set, const QString &what,
         m_stack.push(new qxSetEdit(what, before, after, field));
 }
 
+void qxSetEdits::setPreviews(const QMap<QString, QByteArray> &previews)
+{
+    QStringList others;
+    for (const QString &name : previews.keys()) {
+        const qxVariantSet *const set = qxVariants::findVariantSet(name);
+        if (set && set->preview != previews[name])
+            others << name;
+    }
+    if (others.isEmpty())
+        return;
+    const MacroStep step(m_stack,
+                         others.size() == 1 ? tr("Preview of \"%1\"").arg(others.first())
+                                            : tr("Previews of %n sets", nullptr, others.size()));
+    for (const QString &name : others)
+        editSet(name, QString(), [&](qxVariantSet &set) { set.setPreview(previews[name]); });
+}
+
 QString qxSetEdits::addGroup()
 {
     const QString name = qxVariants::getUniqueVariantGroupName(tr("New Group"));

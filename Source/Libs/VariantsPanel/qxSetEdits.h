@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMap>
 #include <QObject>
 #include <QUndoStack>
 
@@ -35,6 +36,8 @@ public:
     void editSet(const QString &set, const QString &what,
                  const std::function<void(qxVariantSet &)> &change,
                  const QString &field = QString());
+    /// Gives sets these previews, by their names, in one step.
+    void setPreviews(const QMap<QString, QByteArray> &previews);
     /// Moves the sets, in this order, before the set `before` of the group, or among the sets in no
     /// group for an empty name; without `before` to the end.
     void moveSets(const QStringList &sets, const QString &group, const QString &before);

@@ -10,6 +10,7 @@
 #include "qxSetEdits.h"
 #include "qxSetForm.h"
 #include "qxSetHotkeys.h"
+#include "qxSetMatch.h"
 #include "qxSetsView.h"
 
 #include <QAction>
@@ -20,6 +21,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QToolButton>
@@ -135,6 +138,7 @@ void qxVariantSetsDock::buildActions()
               &Dock::captureSet, Qt::WindowShortcut);
     m_ofSets << addAction(QT_TR_NOOP("&Update from Scene..."), QKeySequence(), &Dock::updateSet);
     m_ofSets << addAction(QT_TR_NOOP("New &Preview"), QKeySequence(), &Dock::makePreview);
+    addAction(QT_TR_NOOP("Previews of All Sets"), QKeySequence(), &Dock::makeAllPreviews);
     addAction(QT_TR_NOOP("&Rename"), QKeySequence(Qt::Key_F2), &Dock::renameCurrent);
     m_ofSets << addAction(QT_TR_NOOP("&Duplicate"), QKeySequence(Qt::CTRL + Qt::Key_D),
                           &Dock::duplicateSets);
@@ -319,11 +323,58 @@ void qxVariantSetsDock::updateSet()
 
 void qxVariantSetsDock::makePreview()
 {
-    const QByteArray picture = qxVariants::createPreviewImage(true, true);
-    if (picture.isEmpty()) // cancelled
-        return;
-    m_edits->editSet(m_view->currentSet(), tr("Preview of \"%1\"").arg(m_view->currentSet()),
-                     [&picture](qxVariantSet &set) { set.setPreview(picture); });
+    const QString name = m_view->currentSet();
+    if (m_view->selectedSets().size() > 1)
+        return makePreviewsOf(m_view->selectedSets());
+    const PreviewWay way = askForPreviewWay(name);
+    if (way == BySelecting)
+        return makePreviewsOf({name});
+    const QByteArray picture =
+        way == AsShown ? qxVariants::createPreviewImage(true, true) : QByteArray();
+    if (!picture.isEmpty()) // It may have been cancelled.
+        setPreviews({{name, picture}});
+}
+
+/// A picture of a scene that does not show the set would be the wrong one.
+qxVariantSetsDock::PreviewWay qxVariantSetsDock::askForPreviewWay(const QString &name)
+{
+    qxVariantSet *const set = qxVariants::findVariantSet(name);
+    if (!set || set->isEmpty() || qxSetMatch().matches(*set))
+        return AsShown;
+    QMessageBox question(QMessageBox::Question, tr("New Preview"),
+                         tr("The scene may not show \"%1\" now.").arg(name), QMessageBox::Cancel,
+                         window());
+    question.setTextFormat(Qt::PlainText);
+    QPushButton *const select =
+        question.addButton(tr("&Select It for the Picture"), QMessageBox::YesRole);
+    const QPushButton *const asShown =
+        question.addButton(tr("&Picture What Is Shown"), QMessageBox::NoRole);
+    question.setDefaultButton(select);
+    question.exec();
+    if (question.clickedButton() == select)
+        return BySelecting;
+    return question.clickedButton() == asShown ? AsShown : NotAtAll;
+}
+
+void qxVariantSetsDock::makeAllPreviews()
+{
+    QStringList all;
+    for (const qxVariantSet *set : qxVariants::_variantSets)
+        all << set->name;
+    makePreviewsOf(all);
+}
+
+void qxVariantSetsDock::makePreviewsOf(const QStringList &sets)
+{
+    const QStringList selected = m_view->selectedSets();
+    emit previewsWanted(sets);
+    m_events->flush(); // The cursor follows the sets that are selected; it comes back.
+    m_view->selectSets(selected);
+}
+
+void qxVariantSetsDock::setPreviews(const QMap<QString, QByteArray> &previews)
+{
+    m_edits->setPreviews(previews);
 }
 
 void qxVariantSetsDock::renameCurrent()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDockWidget>
+#include <QMap>
 
 class QAction;
 class QLabel;
@@ -31,8 +32,13 @@ public:
 
     /// Applies a set to the scene.
     void selectSet(const QString &name);
+    /// Gives sets these previews, by their names, in one step.
+    void setPreviews(const QMap<QString, QByteArray> &previews);
 
 signals:
+    /// The user wants pictures of these sets as each looks when it is selected. That is for whoever
+    /// can put the scene back; setPreviews takes the pictures.
+    void previewsWanted(const QStringList &sets);
     /// A set or an option is about to be selected by the user: the time to remember the present
     /// state.
     void aboutToSelect();
@@ -65,7 +71,12 @@ private:
     void captureSet();
     void showNewSet(const QString &name);
     void updateSet();
+    /// Of what the scene shows for the set under the cursor, or of all that are selected.
     void makePreview();
+    void makeAllPreviews();
+    void makePreviewsOf(const QStringList &sets);
+    enum PreviewWay { AsShown, BySelecting, NotAtAll };
+    PreviewWay askForPreviewWay(const QString &set);
     void renameCurrent();
     void duplicateSets();
     void move(bool down);

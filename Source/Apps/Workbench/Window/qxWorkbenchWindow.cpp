@@ -16,6 +16,7 @@
 #include "qxScriptConsole.h"
 #include "qxScriptWatch.h"
 #include "qxSession.h"
+#include "qxSetPreviews.h"
 #include "qxUnsavedChanges.h"
 
 #include <QAction>
@@ -58,6 +59,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_sets, &qxVariantSetsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
     connect(m_events, &qxPanelEvents::aboutToForget, this, &qxWorkbenchWindow::forgetScene);
     connect(m_variants, &qxVariantsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
+    connect(m_sets, &qxVariantSetsDock::previewsWanted, this, &qxWorkbenchWindow::makePreviews);
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &QWidget::setWindowModified);
@@ -209,6 +211,13 @@ void qxWorkbenchWindow::forgetScene()
     m_before.reset();
     m_back->setEnabled(false);
     m_isNewScene = true;
+}
+
+void qxWorkbenchWindow::makePreviews(const QStringList &sets)
+{
+    m_sets->setPreviews(qxSetPreviews::make(sets, this));
+    qxPanelEvents::announceOtherStates();
+    qxController::updateRender(true);
 }
 
 void qxWorkbenchWindow::goBack()

@@ -85,6 +85,7 @@ private:
     void rememberRecent(const QString &path);
     void showPicked(const osg::NodePtr &node);
     void rememberForBack();
+    void makePreviews(const QStringList &sets);
     void focusPane(int step);
     static QDockWidget *dockAround(QWidget *widget);
     void followScripts();
