@@ -1,6 +1,7 @@
 #include "HostFixture.h"
 #include "Pictures/qxMainGlView.h"
 #include "Pictures/qxPictureProgress.h"
+#include "Pictures/qxScenePicture.h"
 #include "qxController.h"
 #include "qxImageRenderWidget.h"
 #include "qxImageWriter.h"
@@ -174,6 +175,28 @@ TEST_F(PicturesTest, ARequestEndsARefiningThatShowsTheSceneAsItWas)
     EXPECT_EQ(last, 1);
 }
 
+TEST_F(PicturesTest, AskingForWhatIsSeenInterruptsARefiningThatThenGoesOn)
+{
+    qxOSGWidget::setRaytracing(true);
+    qxRaytracingManager::getRaytracingUtils()->setImageQuality(1000);
+    qxMainGlView view(64, 64);
+    float last = 0;
+    view.setProgressListener([&last](float share) { last = share; });
+    QElapsedTimer time;
+    time.start();
+    const auto refineUntil = [&](float share) {
+        while (last < share && time.elapsed() < 20000)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
+        return last;
+    };
+    EXPECT_GE(refineUntil(0.3f), 0.3f) << "within the last step";
+    qxPictureSettings settings;
+    settings.width = settings.height = 64;
+    qxScenePicture::nodeAt(settings, 32, 32);
+    EXPECT_LT(last, 0.3f) << "the step begins again";
+    EXPECT_TRUE(view.isRefining());
+}
+
 TEST_F(PicturesTest, AShownPictureStaysUntilANewOneIsAskedFor)
 {
     qxMainGlView view(8, 4);
@@ -211,9 +234,10 @@ TEST_F(PicturesTest, TheProgressOfAnExportCanBeSilencedAndEndIt)
     qxImageWriter writer;
     writer.exportImageFastInit(64, 64, 0);
     EXPECT_EQ(writer.exportImageFast(), "");
-    EXPECT_EQ(shares.size(), 2u);
+    EXPECT_EQ(shares.size(), 3u);
     EXPECT_EQ(shares.front(), 0);
+    EXPECT_EQ(shares.back(), 1) << "there is no picture, but the rendering has ended";
     writer.setNoProgress(true);
     EXPECT_NE(writer.exportImageFast(), "");
-    EXPECT_EQ(shares.size(), 2u);
+    EXPECT_EQ(shares.size(), 3u);
 }

@@ -21,6 +21,8 @@
 #include <QTest>
 #include <QTreeView>
 
+#include <thread>
+
 /// Sets selected, captured and edited in the window, and what scripts do meanwhile.
 class WindowSetsTest : public WindowFixture {
 protected:
@@ -260,4 +262,8 @@ TEST_F(WindowSetsTest, ErrorsStandInTheLogAndInTheStatusLine)
     const auto *const log = window->findChild<QDockWidget *>("log")->findChild<QPlainTextEdit *>();
     EXPECT_EQ(log->toPlainText(), "a warning\nan error");
     EXPECT_EQ(window->statusBar()->currentMessage(), "an error");
+    std::thread([] { qxLog::warning("from afar"); }).join();
+    EXPECT_FALSE(log->toPlainText().contains("from afar")) << "widgets belong to one thread";
+    settle();
+    EXPECT_TRUE(log->toPlainText().endsWith("\nfrom afar"));
 }

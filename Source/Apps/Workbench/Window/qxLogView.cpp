@@ -1,7 +1,5 @@
 #include "qxLogView.h"
 
-#include "qxLog.h"
-
 #include <QEvent>
 #include <QFontDatabase>
 
@@ -33,18 +31,24 @@ qxLogView::qxLogView(QWidget *parent) : QPlainTextEdit(parent)
     retranslate();
     m_listener = qxLog::addListener([this](qxLog::Level level, const std::string &text) {
         const QString line = QString::fromStdString(text).trimmed();
-        QTextCharFormat format;
-        format.setForeground(colorOf(level, palette()));
-        setCurrentCharFormat(format);
-        appendPlainText(line);
-        if (level == qxLog::Error)
-            emit errorLogged(line);
+        // Threads that render report as well.
+        QMetaObject::invokeMethod(this, [this, level, line] { append(level, line); });
     });
 }
 
 qxLogView::~qxLogView()
 {
     qxLog::removeListener(m_listener);
+}
+
+void qxLogView::append(qxLog::Level level, const QString &line)
+{
+    QTextCharFormat format;
+    format.setForeground(colorOf(level, palette()));
+    setCurrentCharFormat(format);
+    appendPlainText(line);
+    if (level == qxLog::Error)
+        emit errorLogged(line);
 }
 
 void qxLogView::changeEvent(QEvent *event)

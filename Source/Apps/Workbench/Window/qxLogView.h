@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qxLog.h"
+
 #include <QPlainTextEdit>
 
 /// The lines of the host's log, the newest at the end; warnings and errors stand out.
@@ -18,6 +20,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    void append(qxLog::Level level, const QString &line);
     void retranslate();
 
     int m_listener;

@@ -51,8 +51,10 @@ std::string qxImageWriter::exportImageFast()
     settings.width = m_width;
     settings.height = m_height;
     settings.quality = qxScenePicture::quality();
-    const qxPicture picture =
-        qxScenePicture::render(settings, m_isSilent ? qxRenderer::Progress() : shownProgress());
+    const qxRenderer::Progress progress = m_isSilent ? qxRenderer::Progress() : shownProgress();
+    const qxPicture picture = qxScenePicture::render(settings, progress);
+    if (picture.isEmpty() && progress)
+        progress(1, 1);
     return picture.isEmpty() ? std::string() : pngOf(picture);
 }
 

@@ -114,6 +114,16 @@ void qxMainGlView::cancelRefining()
     tell();
 }
 
+void qxMainGlView::interruptRefining()
+{
+    if (!m_job)
+        return;
+    m_job.reset();
+    m_steps.push_back(m_jobQuality);
+    m_timer.start(_stillTime);
+    tell();
+}
+
 /// The next thing to do while the program is idle.
 void qxMainGlView::work()
 {

@@ -47,6 +47,8 @@ public:
     /// processed.
     void refine();
     void cancelRefining();
+    /// Ends the step that is being made, which begins again once the program is idle.
+    void interruptRefining();
 
 private:
     void ask();

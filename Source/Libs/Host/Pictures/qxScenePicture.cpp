@@ -1,5 +1,6 @@
 #include "Pictures/qxScenePicture.h"
 
+#include "Pictures/qxMainGlView.h"
 #include "qxOSGWidget.h"
 #include "qxRaytracingManager.h"
 
@@ -12,11 +13,20 @@ std::unique_ptr<qxRenderer> &idleRenderer()
     return renderer;
 }
 
+/// The main view may refine its picture just now. Another renderer would take as long to read the
+/// scene as the scene is large.
+void getRendererBack()
+{
+    if (qxMainGlView *const view = qxMainGlView::the())
+        view->interruptRefining();
+}
+
 } // namespace
 
 qxPicture qxScenePicture::render(const qxPictureSettings &settings,
                                  const qxRenderer::Progress &progress)
 {
+    getRendererBack();
     std::unique_ptr<qxRenderer> renderer = takeRenderer();
     qxPicture picture = renderer->render(settings, progress);
     giveBack(std::move(renderer));
@@ -36,6 +46,7 @@ void qxScenePicture::giveBack(std::unique_ptr<qxRenderer> renderer)
 
 osg::NodePtr qxScenePicture::nodeAt(const qxPictureSettings &settings, float x, float y)
 {
+    getRendererBack();
     if (!idleRenderer())
         idleRenderer() = std::make_unique<qxRenderer>();
     return idleRenderer()->nodeAt(settings, x, y);
@@ -50,5 +61,6 @@ int qxScenePicture::quality()
 
 void qxScenePicture::forget()
 {
+    getRendererBack();
     idleRenderer().reset();
 }
