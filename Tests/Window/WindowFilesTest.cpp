@@ -141,7 +141,8 @@ TEST_F(WindowFilesTest, OnlyWhatASaveWouldChangeIsUnsaved)
     EXPECT_FALSE(window->isWindowModified());
     const QModelIndex lamp = tree().model()->index(1, 0);
     tree().model()->setData(lamp, Qt::Unchecked, Qt::CheckStateRole);
-    EXPECT_TRUE(window->isWindowModified());
+    EXPECT_FALSE(window->isWindowModified()) << "comparing waits for an idle moment";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window->isWindowModified(); }));
     type("findNode('Lamp').setActive(True)");
     EXPECT_FALSE(window->isWindowModified());
     EXPECT_EQ(lamp.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));

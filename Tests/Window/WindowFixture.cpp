@@ -1,6 +1,7 @@
 #include "WindowFixture.h"
 
 #include "Window/qxScriptConsole.h"
+#include "Window/qxUnsavedChanges.h"
 #include "qxLog.h"
 #include "qxSetsView.h"
 
@@ -61,10 +62,11 @@ void WindowFixture::makeWindow()
     settle();
 }
 
-void WindowFixture::settle()
+void WindowFixture::settle() const
 {
     QCoreApplication::processEvents();
     QCoreApplication::processEvents(); // What the first ones asked for.
+    window->findChild<qxUnsavedChanges *>()->areThere();
 }
 
 QString WindowFixture::write(const QString &name, const QByteArray &bytes) const

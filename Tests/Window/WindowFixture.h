@@ -29,8 +29,8 @@ protected:
 
     /// Closes the window and opens another one, as a user does the next day.
     void makeWindow();
-    /// Lets announcements reach the views.
-    static void settle();
+    /// Lets announcements reach the views, and the time pass until unsaved changes are looked for.
+    void settle() const;
 
     QString path(const QString &name) const { return m_folder.filePath(name); }
     QString write(const QString &name, const QByteArray &bytes) const;

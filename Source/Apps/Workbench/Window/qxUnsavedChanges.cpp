@@ -9,6 +9,8 @@
 
 namespace {
 
+const int idleTime = 300; ///< milliseconds without a change
+
 QByteArray documentHash()
 {
     return QCryptographicHash::hash(qxVariantWriter().write(), QCryptographicHash::Sha1);
@@ -19,18 +21,21 @@ QByteArray documentHash()
 qxUnsavedChanges::qxUnsavedChanges(const QUndoStack *edits, qxPanelEvents *events, QObject *parent)
     : QObject(parent), m_edits(edits)
 {
-    const auto tell = [this] { emit looked(areThere()); };
+    m_idle.setSingleShot(true);
+    m_idle.setInterval(idleTime);
+    connect(&m_idle, &QTimer::timeout, this, &qxUnsavedChanges::areThere);
     for (const auto changed : {&qxPanelEvents::setsChanged, &qxPanelEvents::variantsChanged}) {
-        connect(events, changed, this, [this, tell] {
+        connect(events, changed, this, [this] {
             m_mayDocumentDiffer = true;
-            tell();
+            lookSoon();
         });
     }
-    connect(events, &qxPanelEvents::statesChanged, this, [this, tell] {
+    connect(events, &qxPanelEvents::statesChanged, this, [this] {
         m_maySceneDiffer = true;
-        tell();
+        lookSoon();
     });
-    connect(edits, &QUndoStack::cleanChanged, this, tell);
+    connect(events, &qxPanelEvents::aboutToForget, this, [this] { m_scene = qxSceneState(); });
+    connect(edits, &QUndoStack::cleanChanged, this, &qxUnsavedChanges::lookSoon);
     forget();
 }
 
@@ -40,18 +45,28 @@ void qxUnsavedChanges::forget()
     m_scene = qxSceneState::take();
     m_mayDocumentDiffer = m_maySceneDiffer = false;
     m_doesDocumentDiffer = m_doesSceneDiffer = false;
+    m_idle.stop();
     emit looked(false);
 }
 
 void qxUnsavedChanges::look()
 {
     m_mayDocumentDiffer = m_maySceneDiffer = true;
-    emit looked(areThere());
+    lookSoon();
 }
 
-/// While edits can be undone nothing needs to be compared, which takes long with many sets.
+/// While edits can be undone nothing needs to be compared.
+void qxUnsavedChanges::lookSoon()
+{
+    if (m_edits->isClean())
+        m_idle.start();
+    else
+        emit looked(true);
+}
+
 bool qxUnsavedChanges::areThere()
 {
+    m_idle.stop();
     if (!m_edits->isClean())
         return true;
     if (m_mayDocumentDiffer)
@@ -59,5 +74,7 @@ bool qxUnsavedChanges::areThere()
     if (m_maySceneDiffer)
         m_doesSceneDiffer = !qxSceneState::take().isLike(m_scene);
     m_mayDocumentDiffer = m_maySceneDiffer = false;
-    return m_doesDocumentDiffer || m_doesSceneDiffer;
+    const bool areSome = m_doesDocumentDiffer || m_doesSceneDiffer;
+    emit looked(areSome);
+    return areSome;
 }

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <QTimer>
 
 class QUndoStack;
 class qxPanelEvents;
@@ -20,15 +21,19 @@ public:
 
     /// What is there now is in the file.
     void forget();
-    /// Looks again; for what nobody announces.
+    /// Looks again soon; for what nobody announces.
     void look();
+    /// Looks at once.
     bool areThere();
 
 signals:
     void looked(bool areThere);
 
 private:
+    void lookSoon();
+
     const QUndoStack *m_edits;
+    QTimer m_idle; ///< comparing takes long with many sets, so not each change is a reason
     QByteArray m_document; ///< its hash
     qxSceneState m_scene;
     bool m_mayDocumentDiffer = false;
