@@ -10,6 +10,7 @@
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
@@ -36,6 +37,8 @@ protected:
             return false;
         QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(window.get(), &drop);
+        EXPECT_EQ(dialogTexts(), QStringList()) << "the source of the drag would wait";
+        settle();
         return true;
     }
 
@@ -146,6 +149,16 @@ TEST_F(WindowFilesTest, OnlyWhatASaveWouldChangeIsUnsaved)
     type("findNode('Lamp').setActive(True)");
     EXPECT_FALSE(window->isWindowModified());
     EXPECT_EQ(lamp.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+}
+
+TEST_F(WindowFilesTest, NamesOfFilesAreNoMarkup)
+{
+    expectDialog([](QDialog &dialog) {
+        for (const QLabel *label : dialog.findChildren<QLabel *>())
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+        dialog.reject();
+    });
+    EXPECT_FALSE(window->openFile(path("<b>missing.gltf")));
 }
 
 struct Leaving {

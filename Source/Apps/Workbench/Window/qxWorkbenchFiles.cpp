@@ -12,6 +12,7 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLayout>
 #include <QMenu>
 #include <QMessageBox>
@@ -20,6 +21,7 @@
 #include <QProgressBar>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTimer>
 #include <QTreeView>
 #include <QUndoStack>
 
@@ -71,6 +73,13 @@ QStringList sceneFilesIn(const QMimeData &data)
             paths << url.toLocalFile();
     }
     return paths;
+}
+
+/// Names of files are no markup.
+void makePlain(QMessageBox &box)
+{
+    for (QLabel *label : box.findChildren<QLabel *>())
+        label->setTextFormat(Qt::PlainText);
 }
 
 } // namespace
@@ -154,6 +163,7 @@ void qxWorkbenchWindow::showFailure(const QString &what, const QString &reason)
 {
     QMessageBox box(QMessageBox::Warning, tr("Workbench"), what, QMessageBox::Ok, this);
     box.setInformativeText(reason);
+    makePlain(box);
     box.exec();
 }
 
@@ -217,9 +227,11 @@ bool qxWorkbenchWindow::mayLeave()
     const QString text = m_path.isEmpty()
         ? tr("The scene has unsaved changes.")
         : tr("\"%1\" has unsaved changes.").arg(QFileInfo(m_path).fileName());
-    const QMessageBox::StandardButton answer = QMessageBox::question(
-        this, tr("Workbench"), text, QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
-        QMessageBox::Save);
+    QMessageBox box(QMessageBox::Question, tr("Workbench"), text,
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box.setDefaultButton(QMessageBox::Save);
+    makePlain(box);
+    const int answer = box.exec();
     if (answer == QMessageBox::Save)
         return save();
     return answer == QMessageBox::Discard;
@@ -234,10 +246,16 @@ void qxWorkbenchWindow::dragEnterEvent(QDragEnterEvent *event)
 void qxWorkbenchWindow::dropEvent(QDropEvent *event)
 {
     const QStringList paths = sceneFilesIn(*event->mimeData());
-    if (paths.isEmpty() || !mayLeave())
+    if (paths.isEmpty())
         return;
     event->acceptProposedAction();
-    if (openFile(paths.first()) && paths.size() > 1)
+    // Where the files come from waits for the answer to the drop, not for that to a question.
+    QTimer::singleShot(0, this, [this, paths] { openFirst(paths); });
+}
+
+void qxWorkbenchWindow::openFirst(const QStringList &paths)
+{
+    if (mayLeave() && openFile(paths.first()) && paths.size() > 1)
         statusBar()->showMessage(tr("One scene is open at a time: the others were left out."),
                                  15000);
 }

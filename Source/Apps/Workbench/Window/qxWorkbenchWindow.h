@@ -73,6 +73,7 @@ private:
     void restoreLayout();
 
     void askAndOpen();
+    void openFirst(const QStringList &paths);
     bool save();
     bool askAndSaveAs();
     bool mayLeave();
