@@ -106,6 +106,18 @@ TEST_F(WindowSetsTest, BackLeadsToTheStateBeforeTheLastSelectionThatDidSomething
     EXPECT_FALSE(action("Back to the State Before")->isEnabled()) << "it was another scene";
 }
 
+TEST_F(WindowSetsTest, BackKnowsWhatScriptsSelectedAndPassesOverWhatChangedNothing)
+{
+    openDesk();
+    window->setsDock()->selectSet("Morning");
+    type("selectVariantSet('Leer geräumt')");
+    EXPECT_EQ(desktop(), "!None");
+    type("print(1 + 1)");
+    window->goBack();
+    settle();
+    EXPECT_EQ(desktop(), "Glass");
+}
+
 TEST_F(WindowSetsTest, ACaptureTakesWhatTheDialogSaysAndBringsItBack)
 {
     openDesk();

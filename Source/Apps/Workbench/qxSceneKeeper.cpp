@@ -22,6 +22,14 @@ void qxSceneKeeper::restore() const
     qxClipping::the() = m_clipping;
 }
 
+bool qxSceneKeeper::isStillSo() const
+{
+    const qxClipping &clipping = qxClipping::the();
+    return m_view.camera.toWorld == qxMainView::the().camera.toWorld
+        && m_clipping.enabled == clipping.enabled && m_clipping.position == clipping.position
+        && m_clipping.normal == clipping.normal && m_state.isLike(qxSceneState::take());
+}
+
 qxSceneKeeper::Pose qxSceneKeeper::poseOf(const osg::NodePtr &node)
 {
     Pose pose;

@@ -14,6 +14,8 @@ public:
 
     /// Puts back what variants and sets change. What scripts do beyond that stays.
     void restore() const;
+    /// Whether all that still stands like this.
+    bool isStillSo() const;
 
 private:
     /// The place of a node with named transform states.

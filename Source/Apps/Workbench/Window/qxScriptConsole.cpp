@@ -95,6 +95,7 @@ void qxScriptConsole::enter()
     const QString statement = m_input->toPlainText();
     if (statement.trimmed().isEmpty())
         return m_input->clear();
+    emit aboutToRun();
     qxController::setBusy(true, true);
     const qxConsolePython::Answer answer = qxConsolePython::run(statement);
     qxController::setBusy(false, true);

@@ -19,6 +19,8 @@ public:
     QPlainTextEdit *output() const { return m_output; }
 
 signals:
+    /// What was typed is about to be taken for a statement.
+    void aboutToRun();
     /// A statement ran, whatever it did.
     void statementRan();
 

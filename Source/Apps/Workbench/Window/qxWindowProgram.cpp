@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QScreen>
 
 #include <clocale>
 
@@ -51,6 +52,9 @@ int qxWindowProgram::run(int argc, char *argv[])
     qxOSGWidget::setRaytracing(true);
     qxRaytracingManager::getRaytracingUtils()->setImageQuality(-1);
     qxWorkbenchWindow window;
+    const QRect room = window.screen()->availableGeometry();
+    if (!room.contains(window.geometry()))
+        window.setGeometry(QRect(room.topLeft(), window.size().boundedTo(room.size())));
     window.show();
     window.openFile(application.arguments().value(1));
     return QApplication::exec();

@@ -24,6 +24,7 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
+#include <QScrollBar>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTreeView>
@@ -64,6 +65,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &QWidget::setWindowModified);
     connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_unsaved, &qxUnsavedChanges::look);
+    connect(m_console, &qxScriptConsole::aboutToRun, this, &qxWorkbenchWindow::rememberForScript);
     connect(m_console, &qxScriptConsole::statementRan, this, &qxWorkbenchWindow::followScripts);
     // What has the keys must be seen, but may lie behind another dock.
     connect(qApp, &QApplication::focusChanged, this, [](QWidget *, QWidget *now) {
@@ -85,6 +87,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     // What shows the scene goes before the scene.
     m_watch.reset();
     m_before.reset();
+    m_beforeScript.reset();
     delete m_unsaved;
     delete takeCentralWidget();
     for (QDockWidget *dock : findChildren<QDockWidget *>())
@@ -101,7 +104,9 @@ void qxWorkbenchWindow::buildDocks()
     m_treeView = new QTreeView;
     m_treeView->setModel(m_tree);
     m_treeView->setUniformRowHeights(true);
-    m_treeView->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_treeView->setIndentation(m_treeView->fontMetrics().height() * 2 / 3);
+    m_treeView->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_treeView->header()->setMaximumSectionSize(60 * m_treeView->fontMetrics().averageCharWidth());
     m_treeView->header()->setStretchLastSection(false);
     connect(m_treeView, &QTreeView::activated, this,
             [this](const QModelIndex &index) { m_view->fitNode(m_tree->nodeAt(index)); });
@@ -195,8 +200,19 @@ void qxWorkbenchWindow::showPicked(const osg::NodePtr &node)
     const QModelIndex index = m_tree->indexOf(node);
     m_treeView->setCurrentIndex(index);
     if (index.isValid())
-        m_treeView->scrollTo(index);
+        showNode(index);
     statusBar()->showMessage(QString::fromStdString(qxNodeUtils::getName(node)));
+}
+
+/// The beginning of the column, where the view goes by itself, may be all indentation.
+void qxWorkbenchWindow::showNode(const QModelIndex &index)
+{
+    m_treeView->scrollTo(index);
+    m_treeView->header()->resizeSections(QHeaderView::ResizeToContents);
+    const int begin = m_treeView->visualRect(index).left();
+    const int end = begin + m_treeView->sizeHintForIndex(index).width();
+    QScrollBar *const bar = m_treeView->horizontalScrollBar();
+    bar->setValue(bar->value() + qBound(0, end - m_treeView->viewport()->width(), begin));
 }
 
 void qxWorkbenchWindow::rememberForBack()
@@ -209,6 +225,7 @@ void qxWorkbenchWindow::rememberForBack()
 void qxWorkbenchWindow::forgetScene()
 {
     m_before.reset();
+    m_beforeScript.reset();
     m_back->setEnabled(false);
     m_isNewScene = true;
 }
@@ -231,9 +248,19 @@ void qxWorkbenchWindow::goBack()
     qxController::updateRender(true);
 }
 
+void qxWorkbenchWindow::rememberForScript()
+{
+    m_beforeScript = std::make_unique<qxSceneKeeper>();
+}
+
 /// What scripts do to nodes nobody announces.
 void qxWorkbenchWindow::followScripts()
 {
+    if (m_beforeScript && !m_beforeScript->isStillSo()) {
+        m_before = std::move(m_beforeScript);
+        m_back->setEnabled(true);
+    }
+    m_beforeScript.reset();
     m_events->flush();
     m_tree->refresh();
     m_unsaved->look();

@@ -85,8 +85,10 @@ private:
     void showNewScene();
     void rememberRecent(const QString &path);
     void showPicked(const osg::NodePtr &node);
+    void showNode(const QModelIndex &index);
     void rememberForBack();
     void makePreviews(const QStringList &sets);
+    void rememberForScript();
     void focusPane(int step);
     static QDockWidget *dockAround(QWidget *widget);
     void followScripts();
@@ -97,6 +99,7 @@ private:
     std::unique_ptr<qxSession> m_session;
     std::unique_ptr<qxSceneKeeper> m_before; ///< what "Back" leads to; null for nothing
     std::unique_ptr<qxScriptWatch> m_watch;
+    std::unique_ptr<qxSceneKeeper> m_beforeScript; ///< null when none runs
     QString m_path;
     bool m_isNewScene = false; ///< since the last file was asked for
     bool m_hasLayout = false;
