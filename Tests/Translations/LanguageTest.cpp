@@ -24,6 +24,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QTimer>
 #include <QTreeView>
 
@@ -232,7 +233,10 @@ TEST_F(LanguageTest, AKeyIsReadInTheLanguageAndHeldInNone)
 
 TEST_F(LanguageTest, CountsReadWell)
 {
-    const auto tip = [this] { return list().currentIndex().data(Qt::ToolTipRole).toString(); };
+    const auto tip = [this] {
+        const QString text = list().currentIndex().data(Qt::ToolTipRole).toString();
+        return QTextDocumentFragment::fromHtml(text).toPlainText();
+    };
     qxVariantSet *const set = qxVariants::findVariantSet("Dawn");
     const QList<QPair<QString, QString>> one = {{"English", "1 state"}, {"Deutsch", "1 Zustand"}};
     const QList<QPair<QString, QString>> two = {{"English", "2 states"}, {"Deutsch", "2 Zustände"}};

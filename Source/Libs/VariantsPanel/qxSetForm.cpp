@@ -173,6 +173,7 @@ void qxSetForm::retranslate()
     for (const auto &label : m_labels)
         label.first->setText(tr(label.second));
     m_noHotkey->setText(tr("Clear"));
+    m_hotkey->setKeySequence(m_hotkey->keySequence()); // It names its keys anew.
     m_values->setHorizontalHeaderLabels({tr("Key", "of a value"), tr("Value")});
     refresh();
 }
