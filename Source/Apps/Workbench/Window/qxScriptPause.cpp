@@ -4,6 +4,8 @@
 
 #include <boost/python.hpp>
 
+#include <frameobject.h>
+
 namespace {
 
 const unsigned int linesBetween = 200;
