@@ -3,6 +3,7 @@
 #include "qxVariantSetsDock.h"
 #include "qxVariants.h"
 
+#include "Pictures/qxMainGlView.h"
 #include "ShownTexts.h"
 #include "TestScene.h"
 #include "Window/qxLanguage.h"
@@ -100,10 +101,12 @@ protected:
     /// Draws the scene, and waits until nothing is said of it any more.
     void draw()
     {
+        const int patience = 60000;
+        ASSERT_TRUE(QTest::qWaitFor([] { return !qxMainGlView::the()->isRefining(); }, patience));
         progress.clear();
         qxController::updateRender(true);
-        ASSERT_TRUE(
-            QTest::qWaitFor([this] { return progress.size() > 1 && progress.last() == ""; }));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return progress.size() > 1 && progress.last() == ""; },
+                                    patience));
     }
     QTreeView &list() const { return *window->setsDock()->view()->findChild<QTreeView *>(); }
     QList<QMenu *> menus() const

@@ -145,7 +145,7 @@ TEST_F(WindowFilesTest, OnlyWhatASaveWouldChangeIsUnsaved)
     const QModelIndex lamp = tree().model()->index(1, 0);
     tree().model()->setData(lamp, Qt::Unchecked, Qt::CheckStateRole);
     EXPECT_FALSE(window->isWindowModified()) << "comparing waits for an idle moment";
-    EXPECT_TRUE(QTest::qWaitFor([this] { return window->isWindowModified(); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window->isWindowModified(); }, 60000));
     type("findNode('Lamp').setActive(True)");
     EXPECT_FALSE(window->isWindowModified());
     EXPECT_EQ(lamp.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));

@@ -33,7 +33,7 @@ protected:
     /// The picture once nothing more comes.
     QImage finished()
     {
-        EXPECT_TRUE(QTest::qWaitFor([] { return !qxMainGlView::the()->isRefining(); }, 20000));
+        EXPECT_TRUE(QTest::qWaitFor([] { return !qxMainGlView::the()->isRefining(); }, 60000));
         return window->sceneView()->grab().toImage();
     }
 
