@@ -12,6 +12,8 @@
 #include "qxCaptureDialog.h"
 #include "qxController.h"
 #include "qxKeyText.h"
+#include "qxOSGWidget.h"
+#include "qxRaytracingManager.h"
 #include "qxSetsView.h"
 
 #include <QAbstractButton>
@@ -71,6 +73,9 @@ protected:
     {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
         QCoreApplication::setOrganizationName("qxTranslationTests");
+        // A quick picture is refined, and spoken of, only where the machine is slow.
+        qxOSGWidget::setRaytracing(true);
+        qxRaytracingManager::getRaytracingUtils()->setImageQuality(4);
         window = std::make_unique<qxWorkbenchWindow>();
         QObject::connect(window->sceneView(), &qxSceneView::progressed,
                          [this](const QString &text) { progress << text; });
@@ -90,6 +95,12 @@ protected:
         window->findChild<QLineEdit *>("search")->setText("D");
         list().setCurrentIndex(list().model()->index(0, 0));
         settle();
+    }
+
+    ~LanguageTest() override
+    {
+        qxOSGWidget::setRaytracing(false);
+        qxRaytracingManager::getRaytracingUtils()->setImageQuality(16);
     }
 
     /// Lets announcements and the change of language reach all.
