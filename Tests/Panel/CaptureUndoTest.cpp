@@ -59,6 +59,8 @@ struct Scenario {
     const char *name;
     std::function<void(TestScene &)> build;
     std::function<void(TestScene &)> change;
+
+    friend void PrintTo(const Scenario &scenario, std::ostream *out) { *out << scenario.name; }
 };
 
 class CaptureUndoTest : public PanelFixture {

@@ -68,6 +68,8 @@ struct Unopenable {
     const char *name;
     QByteArray bytes;
     const char *reason;
+
+    friend void PrintTo(const Unopenable &file, std::ostream *out) { *out << file.name; }
 };
 
 class UnopenableFileTest : public WindowFilesTest,
@@ -165,6 +167,8 @@ struct Leaving {
     const char *button;
     bool isLeft;
     bool isSaved;
+
+    friend void PrintTo(const Leaving &way, std::ostream *out) { *out << way.button; }
 };
 
 class LeavingTest : public WindowFilesTest, public testing::WithParamInterface<Leaving> {

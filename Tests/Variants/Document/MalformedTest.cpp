@@ -8,6 +8,8 @@ struct Malformed {
     const char *name;
     QByteArray document;
     const char *error; ///< what we say of it; null for what the parser says
+
+    friend void PrintTo(const Malformed &malformed, std::ostream *out) { *out << malformed.name; }
 };
 
 QByteArray nested(int depth)

@@ -19,6 +19,8 @@ struct Kind {
     qxVariant *(*find)(const QString &name);
     bool (*remove)(const QString &name);
     void (*clear)();
+
+    friend void PrintTo(const Kind &kind, std::ostream *out) { *out << kind.prefix; }
 };
 
 template <class Variant, Variant *(*create)(const QString &, bool),
