@@ -1,15 +1,20 @@
 #include "HostFixture.h"
 
+#include "Core/qxModuleBus.h"
+
 HostFixture::HostFixture()
 {
     m_logListener = qxLog::addListener([this](qxLog::Level level, const std::string &line) {
         m_lines.push_back({level, line});
     });
+    m_moduleListener = qxModuleBus::addListener(
+        [this](qxMessage &message) { moduleMessages.push_back(message.code()); });
 }
 
 HostFixture::~HostFixture()
 {
     host.clearScene(); // and the registry with it, where the test has one
+    qxModuleBus::removeListener(m_moduleListener);
     qxLog::removeListener(m_logListener);
 }
 

@@ -32,9 +32,11 @@ protected:
     qxHost host;
     TestScene scene;
     NotificationLog notifications;
+    std::vector<unsigned int> moduleMessages; ///< the codes of those that all modules heard
 
 private:
     std::vector<std::pair<qxLog::Level, std::string>> m_lines;
     std::vector<std::string> m_expectedErrors;
     int m_logListener = 0;
+    int m_moduleListener = 0;
 };

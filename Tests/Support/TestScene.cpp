@@ -145,6 +145,17 @@ const TestMaterial &TestMaterial::choose(unsigned int choice) const
     return *this;
 }
 
+std::vector<std::string> TestMaterial::held() const
+{
+    std::vector<std::string> names;
+    const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(m_material);
+    if (choices != osg::NullFC) {
+        for (const osg::MaterialPtr &each : choices->getMaterials())
+            names.push_back(qxMaterials::getName(each));
+    }
+    return names;
+}
+
 TestNode TestScene::root() const
 {
     return qxScenegraph::getRoot();
@@ -249,6 +260,12 @@ TestNode TestScene::addEnvironments(const std::string &name, const Names &childr
     return node;
 }
 
+TestMaterial TestScene::material(const std::string &name)
+{
+    const osg::MaterialPtr known = qxMaterials::findMaterial(name.c_str());
+    return known == osg::NullFC ? addMaterial(name) : TestMaterial(known);
+}
+
 TestMaterial TestScene::addMaterial(const std::string &name)
 {
     const osg::SimpleMaterialPtr material = osg::SimpleMaterial::create();
@@ -275,11 +292,9 @@ TestMaterial TestScene::addSwitchMaterial(const std::string &name, const Names &
     if (!name.empty())
         osg::setName(choices, name);
     for (const std::string &contained : materials) {
-        osg::MaterialPtr material = qxMaterials::findMaterial(contained.c_str());
-        if (material == osg::NullFC)
-            material = addMaterial(contained);
+        const osg::MaterialPtr held = material(contained);
         const osg::CPEditor edit(choices, osg::SwitchMaterial::MaterialsFieldMask);
-        choices->addMaterial(material);
+        choices->addMaterial(held);
     }
     const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
     const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);

@@ -49,6 +49,8 @@ public:
     /// The choice of a switch material; another material fails the test.
     unsigned int choice() const;
     const TestMaterial &choose(unsigned int choice) const;
+    /// The names of what a switch material holds; none for another material.
+    std::vector<std::string> held() const;
 
 private:
     osg::MaterialPtr m_material;
@@ -92,6 +94,8 @@ public:
     /// children; its choice is -1.
     TestNode addEnvironments(const std::string &name, const Names &children);
 
+    /// The first material of that name, a new one when there is none.
+    TestMaterial material(const std::string &name);
     /// A simple material in the scene's pool.
     TestMaterial addMaterial(const std::string &name);
     /// The same, marked as a material for environments.

@@ -1,108 +1,60 @@
 #include "Internal/qxSceneEdits.h"
 #include "qxMaterialVariant.h"
 
-#include "Core/qxModuleBus.h"
-#include "HostFixture.h"
-#include "KindTexts.h"
+#include "KindFixture.h"
 #include "qxMaterials.h"
+#include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGGeometry.h>
-#include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMaterialPool.h>
 #include <OpenSG/OSGSimpleMaterial.h>
-#include <OpenSG/OSGSwitchMaterial.h>
 
 namespace {
 
-const Texts steps{"!Next*", "!Next (Loop)*", "!Previous*", "!Previous (Loop)*"};
+typedef KindFixture MaterialVariantTest;
 
-Texts stepsAnd(const Texts &materials)
-{
-    Texts texts = steps;
-    texts.insert(texts.end(), materials.begin(), materials.end());
-    return texts;
-}
-
-Texts materialsOf(const osg::MaterialPtr &material)
-{
-    Texts names;
-    for (const osg::MaterialPtr &each : osg::SwitchMaterialPtr::dcast(material)->getMaterials())
-        names.push_back(qxMaterials::getName(each));
-    return names;
-}
-
-osg::MaterialPtr materialOf(const TestNode &geometry)
-{
-    return osg::GeometryPtr::dcast(geometry.core())->getMaterial();
-}
-
-class MaterialVariantTest : public HostFixture {
-protected:
-    /// Selects the state and returns what was sent before the closing notification.
-    Texts select(qxMaterialVariant &variant, const char *state)
-    {
-        notifications.clear();
-        variant.onSelect(state);
-        Texts sent = notifications.lines();
-        EXPECT_EQ(sent.back(), "1 materialVariantSelected variant=" + addressOf(&variant));
-        sent.pop_back();
-        return sent;
-    }
-};
+const char *const closing = "materialVariantSelected";
 
 } // namespace
 
 TEST_F(MaterialVariantTest, APlainMaterialIsWrappedAndReplacedOnItsNodes)
 {
-    std::vector<unsigned int> codes;
-    const int listener =
-        qxModuleBus::addListener([&codes](qxMessage &message) { codes.push_back(message.code()); });
     const TestMaterial paint = scene.addMaterial("Paint");
     const TestNode hood = scene.addGeometry("Hood", paint);
     const TestNode doors = scene.addMaterialGroup("Doors", paint);
-    const TestNode seat = scene.addGeometry("Seat", scene.addMaterial("Leather"));
+    const TestMaterial leather = scene.addMaterial("Leather");
+    const TestNode seat = scene.addGeometry("Seat", leather);
 
     qxMaterialVariant variant(paint.material());
-    qxModuleBus::removeListener(listener);
 
     EXPECT_EQ(variant.name, "Paint Switch");
     EXPECT_EQ(variant.switchMaterialName, "Paint Switch");
     EXPECT_EQ(variant.defaultState, "Paint");
     EXPECT_EQ(textsOf(variant.options), stepsAnd({"Paint"}));
     const TestMaterial wrapped = qxMaterials::findMaterial("Paint Switch");
-    EXPECT_EQ(materialsOf(wrapped), Texts({"Paint"}));
+    EXPECT_EQ(wrapped.held(), Texts({"Paint"}));
     EXPECT_EQ(wrapped.choice(), 0u);
-    EXPECT_EQ(materialOf(hood), wrapped.material());
-    EXPECT_EQ(osg::MaterialGroupPtr::dcast(doors.core())->getMaterial(), wrapped.material());
-    EXPECT_EQ(qxMaterials::getName(materialOf(seat)), "Leather");
-    EXPECT_EQ(codes, std::vector<unsigned int>({0x10000}));
+    for (const TestNode &node : {hood, doors})
+        EXPECT_EQ(qxNodeUtils::getMaterial(node), wrapped.material());
+    EXPECT_EQ(qxNodeUtils::getMaterial(seat), leather.material());
+    EXPECT_EQ(moduleMessages, std::vector<unsigned int>({0x10000}));
 }
 
-TEST_F(MaterialVariantTest, AWrappedMaterialSurvivesWhenOnlyItsNodeHeldIt)
+TEST_F(MaterialVariantTest, AMaterialThatOnlyItsNodeHoldsIsWrappedAndTakenOutWithoutLoss)
 {
     const osg::MaterialPtr paint = osg::SimpleMaterial::create();
     qxMaterials::setName(paint, "Paint", true);
     const TestNode hood = scene.addGeometry("Hood", paint);
     ASSERT_EQ(paint.getRefCount(), 1);
-
     const qxMaterialVariant variant(paint);
-    EXPECT_EQ(materialsOf(materialOf(hood)), Texts({"Paint"}));
+    EXPECT_EQ(TestMaterial(qxNodeUtils::getMaterial(hood)).held(), Texts({"Paint"}));
     EXPECT_EQ(paint.getRefCount(), 1);
-}
 
-TEST_F(MaterialVariantTest, ASwitchMaterialIsReplacedByOneOfItsOwnWithoutLoss)
-{
-    const osg::MaterialPtr red = osg::SimpleMaterial::create();
-    qxMaterials::setName(red, "Red", true);
-    const osg::SwitchMaterialPtr finish = osg::SwitchMaterial::create();
-    finish->addMaterial(red);
-    const TestNode hood = scene.addGeometry("Hood", finish);
-    ASSERT_EQ(finish.getRefCount(), 1); // nobody else holds the two
-
-    qxSceneEdits::setMaterial(osg::GeometryPtr::dcast(hood.core()), red);
-    EXPECT_EQ(qxMaterials::getName(materialOf(hood)), "Red");
-    EXPECT_EQ(red.getRefCount(), 1);
+    qxScenegraph::getMaterialPool()->sub(qxNodeUtils::getMaterial(hood));
+    qxSceneEdits::setMaterial(osg::GeometryPtr::dcast(hood.core()), paint);
+    EXPECT_EQ(qxMaterials::getName(qxNodeUtils::getMaterial(hood)), "Paint");
+    EXPECT_EQ(paint.getRefCount(), 1);
 }
 
 TEST_F(MaterialVariantTest, ASwitchMaterialGivesItsMaterialsAsOptions)
@@ -114,8 +66,7 @@ TEST_F(MaterialVariantTest, ASwitchMaterialGivesItsMaterialsAsOptions)
     EXPECT_EQ(qxMaterialVariant(finish.material()).defaultState, "");
     EXPECT_EQ(qxMaterialVariant(finish.material()).onCurrent(), "");
 
-    const osg::MaterialRefPtr plain(osg::SimpleMaterial::create());
-    const qxMaterialVariant nameless(plain.get());
+    const qxMaterialVariant nameless(scene.addMaterial("").material());
     EXPECT_TRUE(nameless.name.isEmpty() && nameless.options.empty());
 }
 
@@ -124,17 +75,17 @@ TEST_F(MaterialVariantTest, SelectingChoosesAndAnnounces)
     const TestMaterial finish = scene.addSwitchMaterial("Finish", {"Red", "Blue", "Green"});
     qxMaterialVariant variant(finish.material());
     variant.name = "Body";
-    const std::vector<std::pair<const char *, const char *>> states{
+    const std::vector<std::pair<const char *, std::string>> states{
         {"Blue", "Blue"},        {"!Next", "Green"},   {"!Next", "Green"},
         {"!Next (Loop)", "Red"}, {"!Previous", "Red"}, {"!Previous (Loop)", "Green"}};
     for (const auto &state : states) {
-        EXPECT_EQ(select(variant, state.first),
-                  Texts({std::string("1 variantsMaterialChanged variantName=Body materialName=")
-                         + state.second + " materialBaseName=Finish"}));
-        EXPECT_EQ(variant.onCurrent(), state.second);
+        EXPECT_EQ(select(variant, state.first, closing),
+                  Texts({"1 variantsMaterialChanged variantName=Body materialName=" + state.second
+                         + " materialBaseName=Finish"}));
+        EXPECT_EQ(variant.onCurrent().toStdString(), state.second);
     }
-    EXPECT_EQ(select(variant, "Yellow"), Texts());
-    EXPECT_EQ(select(variant, "!All"), Texts());
+    for (const char *unknown : {"Yellow", "!All", "!previous", "!Previous ", ""})
+        EXPECT_EQ(select(variant, unknown, closing), Texts()) << unknown;
     EXPECT_EQ(finish.choice(), 2u);
 }
 
@@ -145,7 +96,7 @@ TEST_F(MaterialVariantTest, SwitchMaterialsOfOneNameAreSteppedEach)
     const TestMaterial empty = scene.addSwitchMaterial("Finish", {});
     const TestMaterial second = scene.addSwitchMaterial("Finish", {"Blue", "Green"}).choose(1);
     qxMaterialVariant variant(first.material());
-    EXPECT_EQ(select(variant, "!Next (Loop)").size(), 2u);
+    EXPECT_EQ(select(variant, "!Next (Loop)", closing).size(), 2u);
     EXPECT_EQ(first.choice(), 1u);
     EXPECT_EQ(second.choice(), 0u);
     EXPECT_EQ(empty.choice(), 0u);
@@ -155,29 +106,19 @@ TEST_F(MaterialVariantTest, SwitchMaterialsOfOneNameAreSteppedEach)
 TEST_F(MaterialVariantTest, MaterialsAreAddedOnceAndAnnouncedEachTime)
 {
     const TestMaterial finish = scene.addSwitchMaterial("Finish", {"Red"});
-    const TestMaterial blue = scene.addMaterial("Blue");
+    const osg::MaterialPtr blue = scene.addMaterial("Blue");
     qxMaterialVariant variant(finish.material());
     notifications.clear();
-    variant.add(blue.material(), "F1");
-    variant.add(blue.material(), "F2");
-    EXPECT_EQ(materialsOf(finish), Texts({"Red", "Blue"}));
+    variant.add(blue, "F1");
+    variant.add(blue, "F2");
+    EXPECT_EQ(finish.held(), Texts({"Red", "Blue"}));
     EXPECT_EQ(textsOf(variant.options), stepsAnd({"Red", "Blue (F1)"}));
-    EXPECT_EQ(notifications.lines(), Texts({"1 updateMaterials", "1 updateMaterials"}));
 
-    variant.remove(blue.material());
-    EXPECT_EQ(materialsOf(finish), Texts({"Red"}));
-    EXPECT_EQ(textsOf(variant.options), stepsAnd({"Red"}));
-    EXPECT_EQ(heard("updateMaterials").size(), 3u);
-}
-
-TEST_F(MaterialVariantTest, AMaterialThatOnlyTheSwitchHeldIsRemovedWithItsOption)
-{
-    const TestMaterial finish = scene.addSwitchMaterial("Finish", {"Red", "Blue"});
-    qxMaterialVariant variant(finish.material());
-    const osg::MaterialPtr blue = qxMaterials::findMaterial("Blue");
-    qxScenegraph::getMaterialPool()->sub(blue);
+    qxScenegraph::getMaterialPool()->sub(blue); // only the switch material holds it now
     variant.remove(blue);
+    EXPECT_EQ(finish.held(), Texts({"Red"}));
     EXPECT_EQ(textsOf(variant.options), stepsAnd({"Red"}));
+    EXPECT_EQ(notifications.lines(), Texts(3, "1 updateMaterials"));
 }
 
 TEST_F(MaterialVariantTest, RemovingByNameSkipsTheTwinThatMovesUp)
@@ -187,7 +128,7 @@ TEST_F(MaterialVariantTest, RemovingByNameSkipsTheTwinThatMovesUp)
         qxMaterials::setName(qxMaterials::findMaterial(twin), "Red", true);
     qxMaterialVariant variant(finish.material());
     variant.remove(QString("Red"));
-    EXPECT_EQ(materialsOf(finish), Texts({"Red", "Blue"}));
+    EXPECT_EQ(finish.held(), Texts({"Red", "Blue"}));
     EXPECT_EQ(textsOf(variant.options), stepsAnd({"Blue"}));
 
     notifications.clear();
@@ -199,11 +140,11 @@ TEST_F(MaterialVariantTest, WithoutAnEditableSwitchMaterialNothingIsChangedOrSen
 {
     qxMaterialVariant variant;
     variant.switchMaterialName = "Gone";
-    const TestMaterial red = scene.addMaterial("Red");
+    const osg::MaterialPtr red = scene.addMaterial("Red");
     variant.qxVariant::add("Red", "");
     notifications.clear();
     variant.add(scene.addMaterial("Blue").material(), "");
-    variant.remove(red.material());
+    variant.remove(red);
     variant.remove(QString("Red"));
     EXPECT_EQ(textsOf(variant.options), Texts({"Red"}));
     EXPECT_TRUE(notifications.entries().empty());
@@ -217,23 +158,16 @@ TEST_F(MaterialVariantTest, RebuiltOptionsKeepShortcutsAndTheDefaultThatIsStillA
     variant.qxVariant::add("Red", "F1");
     variant.qxVariant::add("!Next", "F2");
     variant.qxVariant::add("Gone", "F3");
-    variant.defaultState = "Red";
-    variant.updateVariants();
-    EXPECT_EQ(textsOf(variant.options),
+    EXPECT_EQ(rebuilt(variant),
               Texts({"!Next* (F2)", "!Next (Loop)", "!Previous", "!Previous (Loop)", "Red (F1)",
                      "Blue"}));
-    EXPECT_EQ(variant.defaultState, "Red");
-
+    EXPECT_EQ(rebuiltDefault(variant, "Red"), "Red");
     qxMaterials::setName(qxMaterials::findMaterial("Red"), "Crimson", true);
-    variant.updateVariants();
-    EXPECT_EQ(variant.defaultState, "Blue");
+    EXPECT_EQ(rebuiltDefault(variant, "Red"), "Blue");
     finish.choose(9);
-    variant.defaultState = "Gone";
-    variant.updateVariants();
-    EXPECT_EQ(variant.defaultState, "Gone");
+    EXPECT_EQ(rebuiltDefault(variant, "Gone"), "Gone");
     variant.switchMaterialName = "Crimson";
-    variant.updateVariants();
-    EXPECT_TRUE(variant.options.empty());
+    EXPECT_EQ(rebuilt(variant), Texts());
 }
 
 TEST_F(MaterialVariantTest, HidingReachesTheNodesThatUseTheSwitchMaterialOnly)

@@ -3,43 +3,30 @@
 #include "qxOverlayVariant.h"
 #include "qxTransformVariant.h"
 
-#include "HostFixture.h"
-#include "KindTexts.h"
+#include "KindFixture.h"
 #include "Script/qxScriptRunner.h"
 #include "qxConnector.h"
 #include "qxLights.h"
 #include "qxNodeUtils.h"
-#include "qxOverlays.h"
-
-#include <OpenSG/OSGNode.h>
 
 namespace {
 
-class LightVariantTest : public HostFixture {};
-class OverlayVariantTest : public HostFixture {};
-class TransformVariantTest : public HostFixture {};
+typedef KindFixture LightVariantTest;
+typedef KindFixture OverlayVariantTest;
+typedef KindFixture TransformVariantTest;
+typedef HostFixture AnalyzerVariantTest;
 
-class AnalyzerVariantTest : public HostFixture {
-protected:
-    AnalyzerVariantTest()
-    {
-        m_listener = qxScriptRunner::addListener(
-            [this](const qxScriptText &script) { scripts.push_back(script); });
-    }
-    ~AnalyzerVariantTest() override { qxScriptRunner::removeListener(m_listener); }
-
-    std::string scriptOf(qxAnalyzerVariant clip)
-    {
-        scripts.clear();
-        clip.execute();
-        return scripts.size() == 1 ? scripts[0].text : "";
-    }
-
+/// What the setting runs in that state.
+std::vector<qxScriptText> scriptsOf(qxAnalyzerVariant clip, int state)
+{
     std::vector<qxScriptText> scripts;
-
-private:
-    int m_listener = 0;
-};
+    const int listener = qxScriptRunner::addListener(
+        [&scripts](const qxScriptText &script) { scripts.push_back(script); });
+    clip.clipState = state;
+    clip.execute();
+    qxScriptRunner::removeListener(listener);
+    return scripts;
+}
 
 int selected(const TestNode &node)
 {
@@ -48,7 +35,7 @@ int selected(const TestNode &node)
 
 } // namespace
 
-TEST_F(LightVariantTest, EachLightOfTheNameIsToggledAndAnnounced)
+TEST_F(LightVariantTest, EachLightOfTheNameIsSwitchedAndAnnounced)
 {
     const TestNode group = scene.add("Sun");
     const TestNode first = scene.addLight("Sun");
@@ -56,30 +43,19 @@ TEST_F(LightVariantTest, EachLightOfTheNameIsToggledAndAnnounced)
     qxLights::setOn(second, false);
     qxLightVariant variant(first.node());
     EXPECT_EQ(variant.defaultState, "!Enable");
-    notifications.clear();
 
-    variant.onSelect("!Toggle"); // the group and its light come first
+    const char *const closing = "lightVariantSelected";
+    const std::string changed = "1 variantsLightsChanged variantName=Sun ";
+    EXPECT_EQ(select(variant, "!Toggle", closing), // the group and its light come first
+              Texts({changed + "enabled=[Sun] disabled=[] parent= path=",
+                     changed + "enabled=[] disabled=[Sun] parent= path="}));
     EXPECT_TRUE(qxLights::getOn(second));
     EXPECT_FALSE(qxLights::getOn(first));
-    EXPECT_EQ(
-        notifications.lines(),
-        Texts({"1 variantsLightsChanged variantName=Sun enabled=[Sun] disabled=[] parent= path=",
-               "1 variantsLightsChanged variantName=Sun enabled=[] disabled=[Sun] parent= path=",
-               "1 lightVariantSelected variant=" + addressOf(&variant)}));
-    EXPECT_EQ(variant.onCurrent(), "!Enable");
-}
-
-TEST_F(LightVariantTest, StatesAreSetAndOthersIgnored)
-{
-    const TestNode lamp = scene.addLight("Lamp");
-    qxLightVariant variant(lamp.node());
-    variant.onSelect("!Disable");
-    EXPECT_EQ(variant.onCurrent(), "!Disable");
-    variant.onSelect("!Enable");
-    EXPECT_EQ(variant.onCurrent(), "!Enable");
-    notifications.clear();
-    variant.onSelect("!Next");
-    EXPECT_EQ(notifications.names(), Texts({"lightVariantSelected"}));
+    for (const char *state : {"!Enable", "!Disable"}) {
+        EXPECT_EQ(select(variant, state, closing).size(), 2u);
+        EXPECT_EQ(variant.onCurrent(), state);
+    }
+    EXPECT_EQ(select(variant, "!Next", closing), Texts());
 }
 
 TEST_F(LightVariantTest, RebuildingLosesShortcutsAndWithoutALightAllOptions)
@@ -89,17 +65,15 @@ TEST_F(LightVariantTest, RebuildingLosesShortcutsAndWithoutALightAllOptions)
     variant.options.clear();
     variant.add(true, "!Enable", "Ctrl+1");
     qxLights::setOn(lamp, false);
-    variant.updateVariants();
-    EXPECT_EQ(textsOf(variant.options), Texts({"!Enable", "!Disable", "!Toggle*"}));
+    EXPECT_EQ(rebuilt(variant), Texts({"!Enable", "!Disable", "!Toggle*"}));
     EXPECT_EQ(variant.defaultState, "!Disable");
 
-    scene.add("Shade");
+    const TestNode shade = scene.add("Shade");
     variant.lightName = "Shade";
-    variant.updateVariants();
-    EXPECT_TRUE(variant.options.empty());
+    EXPECT_EQ(rebuilt(variant), Texts());
     EXPECT_EQ(variant.defaultState, "!Disable");
     EXPECT_EQ(variant.onCurrent(), "");
-    EXPECT_TRUE(qxLightVariant(scene.add("Other").node()).options.empty());
+    EXPECT_TRUE(qxLightVariant(shade.node()).options.empty());
 }
 
 TEST_F(OverlayVariantTest, SelectingOnlyAsksTheHost)
@@ -109,12 +83,11 @@ TEST_F(OverlayVariantTest, SelectingOnlyAsksTheHost)
     EXPECT_EQ(textsOf(variant.options), Texts({"!Enable", "!Disable", "!Toggle*"}));
     EXPECT_EQ(variant.defaultState, "!Enable");
     variant.overlayName = "Unknown"; // the host need not know it
-    notifications.clear();
-    variant.onSelect("Whatever");
-    EXPECT_EQ(notifications.lines(),
-              Texts({"1 activateOverlays variantState=Whatever name=Unknown",
-                     "1 overlayVariantSelected variant=" + addressOf(&variant)}));
+    EXPECT_EQ(select(variant, "Whatever", "overlayVariantSelected"),
+              Texts({"1 activateOverlays variantState=Whatever name=Unknown"}));
+    EXPECT_EQ(variant.onCurrent(), "");
     EXPECT_TRUE(logo.shown());
+    EXPECT_EQ(rebuilt(variant), Texts());
 }
 
 TEST_F(OverlayVariantTest, ASwitchIsReadAsANodeVariantReadsIt)
@@ -123,35 +96,22 @@ TEST_F(OverlayVariantTest, ASwitchIsReadAsANodeVariantReadsIt)
     qxOverlayVariant variant(legend.node());
     EXPECT_EQ(variant.defaultState, "Info");
     EXPECT_EQ(variant.onCurrent(), "Info");
-    legend.choose(-2);
-    EXPECT_EQ(variant.onCurrent(), "!All");
-    EXPECT_EQ(qxOverlayVariant(legend.node()).defaultState, "!None");
-
-    variant.options.clear();
-    variant.add("Info", "F1");
-    variant.add("!Next", "");
-    variant.updateVariants();
-    EXPECT_EQ(textsOf(variant.options),
-              Texts({"!All", "!None", "!Next*", "!Next (Loop)", "!Previous", "!Previous (Loop)",
-                     "Logo", "Info (F1)"}));
-    EXPECT_EQ(variant.defaultState, "Info");
-    variant.overlayName = "Gone";
-    variant.updateVariants();
-    EXPECT_TRUE(variant.options.empty());
-    EXPECT_EQ(variant.onCurrent(), "");
-}
-
-TEST_F(OverlayVariantTest, AChangeIsAnnouncedAsOneOfOverlays)
-{
-    const TestNode legend = scene.addOverlaySwitch("Legend", {"Logo", "Info"}).choose(0);
-    qxOverlayVariant variant(legend.node());
     qxMessage message;
     notifications.clear();
     variant.callVariantsNodesChanged(legend.node(), message);
-    const std::string path = variant.getNodePath(legend.node()).toStdString();
     EXPECT_EQ(notifications.lines(),
-              Texts({"1 variantsOverlaysChanged visible=[Logo] invisible=[Info] parent=Legend path="
-                     + path}));
+              Texts({"1 variantsOverlaysChanged visible=[Info] invisible=[Logo] parent=Legend path="
+                     + variant.getNodePath(legend.node()).toStdString()}));
+
+    legend.choose(-2);
+    EXPECT_EQ(variant.onCurrent(), "!All");
+    EXPECT_EQ(qxOverlayVariant(legend.node()).defaultState, "!None");
+    variant.find("Info")->shortcut = "F1";
+    variant.remove("!Previous");
+    EXPECT_EQ(rebuilt(variant),
+              Texts({"!All", "!None", "!Next*", "!Next (Loop)*", "!Previous", "!Previous (Loop)*",
+                     "Logo", "Info (F1)"}));
+    EXPECT_EQ(variant.defaultState, "Info");
 }
 
 TEST_F(TransformVariantTest, EachNodeIsSteppedFromItsOwnStateInSilence)
@@ -161,15 +121,14 @@ TEST_F(TransformVariantTest, EachNodeIsSteppedFromItsOwnStateInSilence)
     scene.add("Door");
     qxTransformVariant variant("Door");
     notifications.clear();
-    struct Step {
+    const struct {
         const char *state;
         int left, right;
-    };
-    const std::vector<Step> steps{
+    } steps[] = {
         {"!Next", 1, 1},   {"!Next", 2, 1},     {"!Next (Loop)", 0, 0}, {"!Previous", 0, 0},
         {"Open", 2, 1},    {"!Previous", 1, 0}, {"Ajar", 1, 0},         {"!Previous (Loop)", 0, 1},
         {"Unknown", 0, 1}, {"!All", 0, 1}};
-    for (const Step &step : steps) {
+    for (const auto &step : steps) {
         variant.onSelect(step.state);
         EXPECT_EQ(selected(left), step.left) << step.state;
         EXPECT_EQ(selected(right), step.right) << step.state;
@@ -183,7 +142,6 @@ TEST_F(TransformVariantTest, OptionsAreTakenFromTheFirstNodeWithStates)
     scene.add("Door");
     scene.addPoses("Door", {"Shut", "Open"});
     qxTransformVariant variant("Door");
-    const Texts steps{"!Next*", "!Next (Loop)*", "!Previous*", "!Previous (Loop)*"};
     EXPECT_EQ(variant.name, "Door");
     EXPECT_EQ(variant.defaultState, "!Next");
 
@@ -191,80 +149,52 @@ TEST_F(TransformVariantTest, OptionsAreTakenFromTheFirstNodeWithStates)
     variant.add("!Next", "F1");
     variant.add(true, "Open", "F2");
     variant.add("Shut", "F3");
-    variant.defaultState = "Shut";
-    variant.updateVariants();
-    EXPECT_EQ(textsOf(variant.options),
-              Texts({steps[0], steps[1], steps[2], steps[3], "Shut (F3)", "Open* (F2)"}));
-    EXPECT_EQ(variant.defaultState, "Shut");
-    variant.defaultState = "Open";
-    variant.updateVariants();
-    EXPECT_EQ(variant.defaultState, "!Next");
-
+    EXPECT_EQ(rebuilt(variant), stepsAnd({"Shut (F3)", "Open* (F2)"}));
+    EXPECT_EQ(rebuiltDefault(variant, "Shut"), "Shut");
+    EXPECT_EQ(rebuiltDefault(variant, "Open"), "!Next"); // an action here
     variant.nodeName = "Gone";
-    variant.updateVariants();
-    EXPECT_TRUE(variant.options.empty());
+    EXPECT_EQ(rebuilt(variant), Texts());
     EXPECT_TRUE(qxTransformVariant("").name.isEmpty());
 }
 
-TEST_F(AnalyzerVariantTest, DoesNothingUnlessAsked)
+TEST_F(AnalyzerVariantTest, EachStateRunsItsScriptAndHandsOnWhetherToSynchronise)
 {
     qxAnalyzerVariant clip;
-    for (int state : {0, 4, -1}) {
-        clip.clipState = state;
-        clip.execute();
-    }
-    EXPECT_TRUE(scripts.empty());
-}
-
-TEST_F(AnalyzerVariantTest, EnablesWithEveryOptionAndDisablesWithNone)
-{
-    qxAnalyzerVariant clip;
-    clip.clipState = 1;
-    EXPECT_EQ(scriptOf(clip),
+    for (int state : {0, 4, -1})
+        EXPECT_TRUE(scriptsOf(clip, state).empty()) << state;
+    EXPECT_EQ(scriptsOf(clip, 1).at(0).text,
               "setClippingPlane(Pnt3f(0, 0, 0),Vec3f(0, 1, 0),false)\n"
               "setClippingPlaneVisualization(true, Vec3f(0.2, 0.3, 0.4))\n"
               "setClippingGridVisualization(true, Vec3f(0.63, 0.82, 0.89))\n"
               "setClippingContourVisualization(true, Vec3f(1, 0.7, 0), 1)\n"
               "setClippingHideScene(false)\n"
               "enableClippingPlane(true)\n");
-    clip.clipState = 2;
-    EXPECT_EQ(scriptOf(clip), "enableClippingPlane(false)\n");
-}
+    EXPECT_EQ(scriptsOf(clip, 2).at(0).text, "enableClippingPlane(false)\n");
 
-TEST_F(AnalyzerVariantTest, EachFieldHasItsPlaceInTheScript)
-{
-    qxAnalyzerVariant clip;
-    clip.clipState = 1;
-    clip.clipPlaneInvert = true;
-    clip.clipPlaneShow = false;
-    clip.clipPlaneColor = osg::Color3f(0.123456789f, 0, 1e-7f);
-    clip.clipGridShow = false;
-    clip.clipGridColor = osg::Color3f(0, 1, 0);
-    clip.clipContourShow = false;
-    clip.clipContourColor = osg::Color3f(0, 0, 1);
-    clip.clipContourWidth = 12345;
-    clip.clipPlaneHideScene = true;
-    EXPECT_EQ(scriptOf(clip),
-              "setClippingPlane(Pnt3f(0, 0, 0),Vec3f(0, 1, 0),true)\n"
-              "setClippingPlaneVisualization(false, Vec3f(0.123457, 0, 1e-07))\n"
-              "setClippingGridVisualization(false, Vec3f(0, 1, 0))\n"
-              "setClippingContourVisualization(false, Vec3f(0, 0, 1), 12345)\n"
-              "setClippingHideScene(true)\n"
-              "enableClippingPlane(true)\n");
-}
-
-TEST_F(AnalyzerVariantTest, MovesThePlaneAloneAndHandsOnWhetherToSynchronise)
-{
-    qxAnalyzerVariant clip;
-    clip.clipState = 3;
     clip.clipPlanePosition = osg::Pnt3f(1.5f, 0, -2);
-    clip.clipPlaneNormal = osg::Vec3f(0, 0, 1);
-    EXPECT_EQ(scriptOf(clip), "setClippingPlane(Pnt3f(1.5, 0, -2),Vec3f(0, 0, 1),false)\n");
-    EXPECT_FALSE(scripts[0].synchronise);
-    EXPECT_EQ(scripts[0].origin, qxScriptText::Application);
-
+    clip.clipPlaneNormal = osg::Vec3f(0.123456789f, 1e-7f, 1);
+    const qxScriptText moved = scriptsOf(clip, 3).at(0);
+    EXPECT_EQ(moved.text, "setClippingPlane(Pnt3f(1.5, 0, -2),Vec3f(0.123457, 1e-07, 1),false)\n");
+    EXPECT_EQ(moved.origin, qxScriptText::Application);
+    EXPECT_FALSE(moved.synchronise);
     qxConnector::the()->setSyncVariants(true);
-    scriptOf(clip);
+    EXPECT_TRUE(scriptsOf(clip, 3).at(0).synchronise);
     qxConnector::the()->setSyncVariants(false);
-    EXPECT_TRUE(scripts[0].synchronise);
+}
+
+TEST_F(AnalyzerVariantTest, EachFlagAndTheWidthHaveTheirPlaceInTheScript)
+{
+    const std::pair<bool qxAnalyzerVariant::*, const char *> flags[] = {
+        {&qxAnalyzerVariant::clipPlaneInvert, "Vec3f(0, 1, 0),true)\n"},
+        {&qxAnalyzerVariant::clipPlaneShow, "setClippingPlaneVisualization(false, "},
+        {&qxAnalyzerVariant::clipGridShow, "setClippingGridVisualization(false, "},
+        {&qxAnalyzerVariant::clipContourShow, "setClippingContourVisualization(false, "},
+        {&qxAnalyzerVariant::clipPlaneHideScene, "setClippingHideScene(true)\n"}};
+    for (const auto &flag : flags) {
+        qxAnalyzerVariant clip;
+        clip.*flag.first = !(clip.*flag.first);
+        clip.clipContourWidth = 12345; // no separator between thousands
+        for (const char *text : {flag.second, ", 12345)\n"})
+            EXPECT_NE(scriptsOf(clip, 1).at(0).text.find(text), std::string::npos) << text;
+    }
 }

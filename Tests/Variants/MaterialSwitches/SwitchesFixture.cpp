@@ -1,10 +1,6 @@
 #include "SwitchesFixture.h"
 
-#include "qxVariants.h"
-
-#include "Core/qxModuleBus.h"
 #include "qxMaterials.h"
-#include "qxModuleBase.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 
@@ -12,28 +8,19 @@
 
 #include <algorithm>
 
-SwitchesFixture::SwitchesFixture()
+void SwitchesFixture::paint(const Nodes &nodes, const std::string &name)
 {
-    m_busListener = qxModuleBus::addListener([this](qxMessage &message) {
-        if (message.code() == qxModuleBase::MaterialsChanged)
-            ++materialMessages;
-    });
+    for (const TestNode &node : nodes)
+        qxVariants::changeMaterial(node, scene.material(name));
 }
 
-SwitchesFixture::~SwitchesFixture()
+qxVariantSet *SwitchesFixture::capture(const QString &name)
 {
-    qxModuleBus::removeListener(m_busListener);
-}
-
-qxVariantSet *SwitchesFixture::capture(const QString &name, Roots roots)
-{
-    if (roots.empty())
-        roots = {qxScenegraph::getRoot()};
     qxVariantSet *set = qxVariants::findVariantSet(name);
     if (!set)
         set = qxVariants::createVariantSet(name, false, nullptr);
-    qxVariants::captureVariantsFromRootNodes(set, roots, false, true, false, true, false, false,
-                                             false, false);
+    qxVariants::captureVariantsFromRootNodes(set, {qxScenegraph::getRoot()}, false, true, false,
+                                             true, false, false, false, false);
     return set;
 }
 
@@ -42,8 +29,7 @@ void SwitchesFixture::select(const QString &name)
     qxVariants::findVariantSet(name)->select(true, false);
 }
 
-void SwitchesFixture::expectShown(const QString &name, const std::vector<TestNode> &nodes,
-                                  const std::vector<std::string> &materials)
+void SwitchesFixture::expectShown(const QString &name, const Nodes &nodes, const Names &materials)
 {
     select(name);
     EXPECT_EQ(shownOn(nodes), materials) << "set " << name.toStdString();
@@ -60,46 +46,31 @@ QString SwitchesFixture::state(const QString &set, const QString &variant)
     return found ? found->state : QString("(none)");
 }
 
-void SwitchesFixture::paint(const osg::NodePtr &node, const osg::MaterialPtr &material)
-{
-    qxVariants::changeMaterial(node, material);
-}
-
 std::string SwitchesFixture::materialOf(const osg::NodePtr &node)
 {
     return qxMaterials::getName(qxNodeUtils::getMaterial(node));
 }
 
-std::string SwitchesFixture::shownOn(const osg::NodePtr &node)
+SwitchesFixture::Names SwitchesFixture::shownOn(const Nodes &nodes)
 {
-    osg::MaterialPtr material = qxNodeUtils::getMaterial(node);
-    while (osg::SwitchMaterialPtr::dcast(material) != osg::NullFC)
-        material = osg::SwitchMaterialPtr::dcast(material)->getCurrentMaterial();
-    return qxMaterials::getName(material);
-}
-
-std::vector<std::string> SwitchesFixture::shownOn(const std::vector<TestNode> &nodes)
-{
-    std::vector<std::string> shown;
-    for (const TestNode &node : nodes)
-        shown.push_back(shownOn(node.node()));
+    Names shown;
+    for (const TestNode &node : nodes) {
+        osg::MaterialPtr material = qxNodeUtils::getMaterial(node);
+        while (osg::SwitchMaterialPtr::dcast(material) != osg::NullFC)
+            material = osg::SwitchMaterialPtr::dcast(material)->getCurrentMaterial();
+        shown.push_back(qxMaterials::getName(material));
+    }
     return shown;
 }
 
-std::vector<std::string> SwitchesFixture::heldOn(const osg::NodePtr &node)
+SwitchesFixture::Names SwitchesFixture::heldOn(const osg::NodePtr &node)
 {
-    std::vector<std::string> held;
-    const auto choices = osg::SwitchMaterialPtr::dcast(qxNodeUtils::getMaterial(node));
-    if (choices == osg::NullFC)
-        return held;
-    for (const osg::MaterialPtr &material : choices->getMaterials())
-        held.push_back(qxMaterials::getName(material));
-    return held;
+    return TestMaterial(qxNodeUtils::getMaterial(node)).held();
 }
 
 void SwitchesFixture::choose(const osg::NodePtr &node, const std::string &material)
 {
-    const std::vector<std::string> held = heldOn(node);
+    const Names held = heldOn(node);
     const auto found = std::find(held.begin(), held.end(), material);
     ASSERT_NE(found, held.end()) << material;
     TestMaterial(qxNodeUtils::getMaterial(node)).choose(unsigned(found - held.begin()));
