@@ -1,34 +1,13 @@
 #include "HostFixture.h"
-#include "qxController.h"
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGMultiPassMaterial.h>
 
-namespace {
+typedef std::vector<qxNodePtr> Nodes;
 
-class EnvironmentTest : public HostFixture {
-protected:
-    static std::vector<std::string> usersOf(const osg::MaterialPtr &material)
-    {
-        std::vector<qxNodePtr> nodes;
-        qxMaterials::getNodesWithMaterial(nodes, material);
-        std::vector<std::string> names;
-        for (const qxNodePtr &node : nodes)
-            names.push_back(qxNodeUtils::getName(node));
-        return names;
-    }
-
-    static std::string uniqueName(const std::string &wanted)
-    {
-        qxMessage message;
-        message.set("Switch", wanted);
-        qxController::call("MaterialGetUniqueName", message, 1);
-        const auto *reply = message.get<std::string>("newname");
-        return reply ? *reply : "(no reply)";
-    }
-};
+class EnvironmentTest : public HostFixture {};
 
 TEST_F(EnvironmentTest, StandsOutsideOfTheTreeAndIsFoundByNameBehindIt)
 {
@@ -46,51 +25,41 @@ TEST_F(EnvironmentTest, StandsOutsideOfTheTreeAndIsFoundByNameBehindIt)
             qxScenegraph::initFindCache();
         EXPECT_EQ(qxScenegraph::findNode("Environments"), environments.node());
         EXPECT_EQ(qxScenegraph::findNodes("Dusk"),
-                  (std::vector<qxNodePtr>{inTree.node(), environments.child(1).node()}));
+                  (Nodes{inTree.node(), environments.child(1).node()}));
     }
 }
 
 TEST_F(EnvironmentTest, UsersOfAMaterialAreFoundInItAsSoonAsItIsThere)
 {
     const TestMaterial sky = scene.addMaterial("Sky");
-    scene.addGeometry("Body", sky);
-    EXPECT_EQ(usersOf(sky), (std::vector<std::string>{"Body"}));
+    const auto users = [&sky] {
+        Nodes nodes;
+        qxMaterials::getNodesWithMaterial(nodes, sky);
+        return nodes;
+    };
+    const TestNode body = scene.addGeometry("Body", sky);
+    EXPECT_EQ(users(), (Nodes{body.node()}));
     const TestNode environments = scene.addEnvironments("Environments", {"Studio"});
-    scene.addGeometry("Dome", sky, environments.child(0));
-    EXPECT_EQ(usersOf(sky), (std::vector<std::string>{"Body", "Dome"}));
+    const TestNode dome = scene.addGeometry("Dome", sky, environments.child(0));
+    EXPECT_EQ(users(), (Nodes{body.node(), dome.node()}));
     scene.addEnvironments("Others", {});
-    EXPECT_EQ(usersOf(sky), (std::vector<std::string>{"Body"}));
+    EXPECT_EQ(users(), (Nodes{body.node()}));
 }
 
 TEST_F(EnvironmentTest, MaterialsCountAsMadeForItByThemselvesOrByWhatTheyContain)
 {
     const TestMaterial sky = scene.addEnvironmentMaterial("Sky");
     const TestMaterial paint = scene.addMaterial("Paint");
-    const osg::MultiPassMaterialPtr passes = osg::MultiPassMaterial::create();
+    const auto passes = osg::MultiPassMaterial::create();
     const osg::MaterialRefPtr kept{osg::MaterialPtr(passes)};
-    EXPECT_FALSE(qxMaterials::isEnvironmentMaterial(passes));
     passes->addMaterial(paint);
-    EXPECT_FALSE(qxMaterials::isEnvironmentMaterial(passes));
+    for (const osg::MaterialPtr &other :
+         {osg::MaterialPtr(), paint.material(), osg::MaterialPtr(passes),
+          scene.addSwitchMaterial("Paints", {"Paint"}).material()})
+        EXPECT_FALSE(qxMaterials::isEnvironmentMaterial(other));
     passes->addMaterial(sky);
-
-    EXPECT_TRUE(qxMaterials::isEnvironmentMaterial(sky));
-    EXPECT_FALSE(qxMaterials::isEnvironmentMaterial(paint));
-    EXPECT_FALSE(qxMaterials::isEnvironmentMaterial(osg::NullFC));
-    EXPECT_TRUE(qxMaterials::isEnvironmentMaterial(passes));
-    EXPECT_TRUE(
-        qxMaterials::isEnvironmentMaterial(scene.addSwitchMaterial("Skies", {"Paint", "Sky"})));
-    EXPECT_FALSE(qxMaterials::isEnvironmentMaterial(scene.addSwitchMaterial("Paints", {"Paint"})));
+    for (const osg::MaterialPtr &made :
+         {sky.material(), osg::MaterialPtr(passes),
+          scene.addSwitchMaterial("Skies", {"Paint", "Sky"}).material()})
+        EXPECT_TRUE(qxMaterials::isEnvironmentMaterial(made));
 }
-
-TEST_F(EnvironmentTest, NamesOfNewMaterialsAreNumberedWhenTaken)
-{
-    EXPECT_EQ(uniqueName("Paint Switch"), "Paint Switch");
-    scene.addSwitchMaterial("Paint Switch", {"Paint"});
-    EXPECT_EQ(uniqueName("Paint Switch"), "Paint Switch 2");
-    EXPECT_EQ(uniqueName("Paint"), "Paint 2");
-    scene.addMaterial("Paint Switch 2");
-    EXPECT_EQ(uniqueName("Paint Switch"), "Paint Switch 3");
-    EXPECT_EQ(uniqueName("Grün"), "Grün");
-}
-
-} // namespace

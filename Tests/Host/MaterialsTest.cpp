@@ -1,4 +1,5 @@
 #include "HostFixture.h"
+#include "qxController.h"
 #include "qxMaterials.h"
 #include "qxModuleBase.h"
 #include "qxNodeUtils.h"
@@ -6,7 +7,6 @@
 
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGGeometry.h>
-#include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSimpleMaterial.h>
@@ -28,18 +28,13 @@ Nodes users(const osg::MaterialPtr &material)
     return nodes;
 }
 
-/// The users as a walk through all nodes finds them.
-Nodes walkedUsers(const osg::MaterialPtr &material)
+std::string uniqueName(const std::string &wanted)
 {
-    Nodes nodes;
-    for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(qxScenegraph::getRoot())) {
-        const osg::MaterialGroupPtr group = osg::MaterialGroupPtr::dcast(node->getCore());
-        const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(node->getCore());
-        if ((group != osg::NullFC && group->getMaterial() == material)
-            || (geometry != osg::NullFC && geometry->getMaterial() == material))
-            nodes.push_back(node);
-    }
-    return nodes;
+    qxMessage message;
+    message.set("Switch", wanted);
+    qxController::call("MaterialGetUniqueName", message, 1);
+    const auto *reply = message.get<std::string>("newname");
+    return reply ? *reply : "(no reply)";
 }
 
 /// The material and what it contains, behind those in `all`; each once.
@@ -55,39 +50,14 @@ void appendWithContents(const osg::MaterialPtr &material, Materials &all)
         appendWithContents(contained, all);
 }
 
-/// The materials of that name as a walk through the whole pool finds them.
-Materials walked(const std::string &name)
+/// All materials as a walk through the whole pool finds them.
+Materials walked()
 {
-    Materials pooled, all, found;
+    Materials pooled, all;
     qxScenegraph::getMaterialPool()->get(pooled);
     for (const osg::MaterialPtr &material : pooled)
         appendWithContents(material, all);
-    for (const osg::MaterialPtr &material : all) {
-        if (qxMaterials::getName(material) == name)
-            found.push_back(material);
-    }
-    return found;
-}
-
-void setMaterial(const TestNode &node, const osg::MaterialPtr &material)
-{
-    const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(node.core());
-    const osg::CPEditor edit(geometry, osg::Geometry::MaterialFieldMask);
-    geometry->setMaterial(material);
-}
-
-template <class Change>
-void editContents(const osg::SwitchMaterialPtr &choices, const Change &change)
-{
-    const osg::CPEditor edit(choices, osg::SwitchMaterial::MaterialsFieldMask);
-    change();
-}
-
-void removeFromPool(const osg::MaterialPtr &material)
-{
-    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
-    const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
-    pool->sub(material);
+    return all;
 }
 
 } // namespace
@@ -97,19 +67,12 @@ class MaterialsTest : public HostFixture {};
 TEST_F(MaterialsTest, MaterialsAreFoundInPoolOrderWithTheirContentsBehindThem)
 {
     const TestMaterial first = scene.addMaterial("Paint");
-    const osg::MultiPassMaterialPtr passes = osg::MultiPassMaterial::create();
-    const osg::SwitchMaterialPtr inner = osg::SwitchMaterial::create();
+    const auto passes = osg::MultiPassMaterial::create();
+    const auto inner = osg::SwitchMaterial::create();
     osg::setName(inner, "Paint");
-    {
-        const osg::CPEditor edit(passes);
-        passes->addMaterial(inner);
-        passes->addMaterial(first); // known already
-    }
-    {
-        const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
-        const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
-        pool->add(osg::MaterialPtr(passes));
-    }
+    passes->addMaterial(inner);
+    passes->addMaterial(first); // known already
+    qxScenegraph::getMaterialPool()->add(osg::MaterialPtr(passes));
     const TestMaterial last = scene.addMaterial("Paint");
 
     EXPECT_EQ(qxMaterials::findMaterials("Paint"),
@@ -121,121 +84,71 @@ TEST_F(MaterialsTest, MaterialsAreFoundInPoolOrderWithTheirContentsBehindThem)
     EXPECT_TRUE(qxMaterials::isEditable(first) && !qxMaterials::isEditable(osg::NullFC));
 }
 
-TEST_F(MaterialsTest, NamesFollowAlsoWhenTheChangeListWasEmptiedOrStopped)
+TEST_F(MaterialsTest, NamesAndFreeNamesEqualThoseOfAWalkAfterRandomChanges)
 {
-    const TestMaterial paint = scene.addMaterial("Paint");
-    const TestMaterial other = scene.addMaterial("Other");
     osg::ChangeList *const changes = osg::Thread::getCurrentChangeList();
-    // The list grows beyond its old length after it was emptied: a length alone tells nothing.
-    for (int i = 0; i < 3; ++i) {
-        const std::string name = "Paint" + std::to_string(i);
-        changes->clearAll();
-        osg::setName(paint.material(), name);
-        for (int more = 0; more < 20 * i; ++more)
-            scene.root().setMask(osg::UInt32(more));
-        EXPECT_EQ(qxMaterials::findMaterial(name.c_str()), paint.material());
-        EXPECT_EQ(qxMaterials::findMaterial("Other"), other.material());
-    }
-    changes->setReadOnly(true);
-    osg::setName(other.material(), "Another");
-    EXPECT_TRUE(qxMaterials::findMaterial("Other") == osg::NullFC);
-    EXPECT_EQ(qxMaterials::findMaterial("Another"), other.material());
-    changes->setReadOnly(false);
-}
-
-TEST_F(MaterialsTest, NamesEqualThoseOfAWalkAfterRandomChanges)
-{
+    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
     std::mt19937 random(11);
-    const auto anyName = [&] { return "M" + std::to_string(random() % 6); };
-    for (int step = 0; step < 1500; ++step) {
+    const auto anyName = [&] { return "M " + std::to_string(random() % 6); };
+    for (int step = 0; step < 3000; ++step) {
+        changes->setReadOnly(step % 100 < 10); // what is not recorded is followed, too
         Materials pooled;
-        qxScenegraph::getMaterialPool()->get(pooled);
+        pool->get(pooled);
         const osg::MaterialPtr any =
-            pooled.empty() ? scene.addMaterial("M0").material() : pooled[random() % pooled.size()];
+            pooled.empty() ? scene.addMaterial("M 2").material() : pooled[random() % pooled.size()];
         const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(any);
-        const osg::MaterialPtr plain =
-            osg::SimpleMaterialPtr::dcast(qxMaterials::findMaterial("M1"));
-        const unsigned int action = random() % 7;
+        const unsigned int action = random() % 10;
         if (action == 0 || pooled.size() < 4)
             scene.addMaterial(anyName());
         else if (action == 1)
-            removeFromPool(any); // destroys it, and a later one may take its storage
+            pool->sub(any); // destroys it, and a later one may take its storage
         else if (action == 2)
             osg::setName(any, anyName());
         else if (action == 3 && pooled.size() < 40)
             scene.addSwitchMaterial(anyName(), {anyName(), anyName()});
-        else if (choices != osg::NullFC && action == 4)
-            editContents(choices, [&] { choices->addMaterial(plain); });
-        else if (choices != osg::NullFC && !choices->getMaterials().empty() && action == 5)
-            editContents(choices, [&] { choices->subMaterial(choices->getMaterials(0)); });
-        const std::string asked = anyName();
-        if (random() % 2 == 0)
+        else if (choices != osg::NullFC && action < 6) {
+            const osg::CPEditor edit(choices, osg::SwitchMaterial::MaterialsFieldMask);
+            if (action == 4)
+                choices->addMaterial(
+                    osg::SimpleMaterialPtr::dcast(qxMaterials::findMaterial("M 2")));
+            else if (!choices->getMaterials().empty())
+                choices->subMaterial(choices->getMaterials(0));
+        } else if (action == 6)
+            qxMaterials::setName(any, "M", random() % 4 == 0);
+        else if (action == 7) {
+            const osg::MaterialRefPtr kept(any);
+            const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
+            pool->sub(any);
+            pool->add(any); // as many as before, in another order
+        } else if (action == 8)
+            changes->clearAll(); // and may soon be as long as before
+        if (random() % 3 > 0)
             continue;
-        ASSERT_EQ(qxMaterials::findMaterials(asked.c_str()), walked(asked)) << "step " << step;
+        const std::string asked = anyName();
+        Materials found;
+        std::vector<std::string> names;
+        for (const osg::MaterialPtr &each : walked()) {
+            names.push_back(qxMaterials::getName(each));
+            if (names.back() == asked)
+                found.push_back(each);
+        }
+        ASSERT_EQ(qxMaterials::findMaterials(asked.c_str()), found) << "step " << step;
+        ASSERT_EQ(uniqueName("M"), qxNodeUtils::getUniqueName("M", names)) << "step " << step;
     }
 }
 
-TEST_F(MaterialsTest, AMaterialInTheStorageOfADestroyedOneIsAnotherOne)
+TEST_F(MaterialsTest, NamesOfNewMaterialsAreNumberedWhenTaken)
 {
-    scene.addMaterial("Stays");
-    std::string old = "Paint";
-    for (int i = 0; i < 20; ++i) {
-        const TestMaterial material = scene.addMaterial(old);
-        EXPECT_EQ(qxMaterials::findMaterial(old.c_str()), material.material());
-        removeFromPool(material);
-        const std::string name = "Paint" + std::to_string(i);
-        const TestMaterial next = scene.addMaterial(name); // mostly at the same address
-        EXPECT_EQ(qxMaterials::findMaterial(name.c_str()), next.material());
-        EXPECT_TRUE(qxMaterials::findMaterial(old.c_str()) == osg::NullFC);
-        old = name + "b";
-    }
-}
-
-TEST_F(MaterialsTest, AUniqueNameIsMadeOnDemand)
-{
-    scene.addMaterial("Paint");
+    EXPECT_EQ(uniqueName("Paint Switch"), "Paint Switch");
+    scene.addSwitchMaterial("Paint Switch", {"Paint"});
+    EXPECT_EQ(uniqueName("Paint Switch"), "Paint Switch 2");
+    EXPECT_EQ(uniqueName("Grün"), "Grün");
     const TestMaterial copy = scene.addMaterial("");
     qxMaterials::setName(copy, "Paint", false);
     EXPECT_EQ(copy.name(), "Paint 2");
+    EXPECT_EQ(uniqueName("Paint"), "Paint 3");
     qxMaterials::setName(copy, "Paint", true);
     EXPECT_EQ(copy.name(), "Paint");
-}
-
-TEST_F(MaterialsTest, UniqueNamesAreTheFirstFreeOnesAfterRandomChanges)
-{
-    std::mt19937 random(5);
-    std::vector<TestMaterial> materials;
-    for (int i = 0; i < 12; ++i)
-        materials.push_back(scene.addMaterial(""));
-    for (int step = 0; step < 1000; ++step) {
-        const TestMaterial &material = materials[random() % materials.size()];
-        if (random() % 3 == 0) {
-            osg::setName(material.material(), random() % 2 == 0 ? "M" : "M 3");
-            continue;
-        }
-        std::vector<std::string> names;
-        for (const TestMaterial &each : materials)
-            names.push_back(each.name());
-        const std::string expected = qxNodeUtils::getUniqueName("M", names);
-        qxMaterials::setName(material, "M", false);
-        ASSERT_EQ(material.name(), expected) << "step " << step;
-    }
-}
-
-TEST_F(MaterialsTest, UsersAreGroupsAndGeometriesOfTheSceneInItsOrder)
-{
-    const TestMaterial paint = scene.addMaterial("Paint");
-    const TestNode group = scene.addMaterialGroup("Group", paint);
-    const TestNode body = scene.addGeometry("Body", paint, group);
-    const TestNode clone = scene.addClone(body);
-    scene.addGeometry("Bare");
-
-    EXPECT_EQ(users(paint), (Nodes{group.node(), body.node(), clone.node()}));
-    EXPECT_TRUE(users(osg::NullFC).empty());
-
-    Nodes appended = {scene.root().node()};
-    qxMaterials::getNodesWithMaterial(appended, paint);
-    EXPECT_EQ(appended.size(), 4u);
 }
 
 TEST_F(MaterialsTest, UsersEqualThoseOfAWalkAfterRandomChanges)
@@ -244,42 +157,43 @@ TEST_F(MaterialsTest, UsersEqualThoseOfAWalkAfterRandomChanges)
     Materials materials;
     for (int i = 0; i < 8; ++i)
         materials.push_back(scene.addMaterial("M" + std::to_string(i)));
-    std::vector<TestNode> nodes = {scene.root()};
-    for (int step = 0; step < 600; ++step) {
-        const osg::MaterialPtr material = materials[random() % materials.size()];
+    for (int step = 0; step < 1000; ++step) {
+        const Nodes nodes = qxNodeUtils::getSubTreeNodes(scene.root());
         const TestNode node = nodes[random() % nodes.size()];
+        const osg::MaterialPtr material = materials[random() % materials.size()];
         const unsigned int action = random() % 8;
         if (action == 0)
-            nodes.push_back(scene.addGeometry("G", material, node));
-        else if (action == 1 && nodes.size() > 4)
-            nodes.push_back(scene.addClone(nodes.back(), node));
-        else if (osg::GeometryPtr::dcast(node.core()) != osg::NullFC)
-            setMaterial(node, action == 2 ? osg::MaterialPtr() : material);
+            scene.addGeometry("G", material, node);
+        else if (action == 1)
+            scene.addMaterialGroup("G", material, node);
+        else if (action == 2 && nodes.size() < 60)
+            scene.addClone(nodes[random() % nodes.size()], node);
+        else if (action == 3 && node.node() != scene.root().node())
+            node.remove();
+        else
+            qxNodeUtils::setMaterial(node, action == 4 ? osg::MaterialPtr() : material, false,
+                                     false);
         const osg::MaterialPtr asked = materials[random() % materials.size()];
-        ASSERT_EQ(users(asked), walkedUsers(asked)) << "step " << step;
+        Nodes walked = qxNodeUtils::getSubTreeNodes(scene.root());
+        const auto isOther = [&](const qxNodePtr &each) {
+            return qxNodeUtils::getMaterial(each) != asked;
+        };
+        walked.erase(std::remove_if(walked.begin(), walked.end(), isOther), walked.end());
+        ASSERT_EQ(users(asked), walked) << "step " << step;
     }
-}
-
-TEST_F(MaterialsTest, RemovedNodesAreNoUsersAnyMore)
-{
-    const TestMaterial paint = scene.addMaterial("Paint");
-    const TestNode group = scene.add("Group");
-    scene.addGeometry("Body", paint, group);
-    const TestNode stays = scene.addGeometry("Roof", paint);
-    EXPECT_EQ(users(paint).size(), 2u);
-    group.remove();
-    EXPECT_EQ(users(paint), (Nodes{stays.node()}));
 }
 
 TEST_F(MaterialsTest, TheModuleMessageOutdatesEverythingThatWasRead)
 {
-    const TestMaterial paint = scene.addMaterial("Paint");
-    const TestNode body = scene.addGeometry("Body", paint);
+    const TestNode body = scene.addGeometry("Body", scene.addMaterial("Paint"));
     const TestMaterial other = scene.addMaterial("Other");
     EXPECT_TRUE(users(other).empty());
     osg::GeometryPtr::dcast(body.core())->setMaterial(other); // outside of an edit
 
     qxMessage changed(qxModuleBase::MaterialsChanged);
     qxModuleBase::sendMessage(changed, false);
-    EXPECT_EQ(users(other), (Nodes{body.node()}));
+    Nodes appended = {scene.root().node()};
+    qxMaterials::getNodesWithMaterial(appended, other);
+    qxMaterials::getNodesWithMaterial(appended, osg::NullFC);
+    EXPECT_EQ(appended, (Nodes{scene.root().node(), body.node()}));
 }

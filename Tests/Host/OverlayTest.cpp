@@ -44,55 +44,36 @@ TEST_F(OverlayTest, EveryOverlayOfTheNameIsShownAndHidden)
     EXPECT_TRUE(logo.shown() && twin.shown());
 }
 
-TEST_F(OverlayTest, SwitchesFollowTheStateFromEveryChoice)
+TEST_F(OverlayTest, SwitchesFollowTheStateFromEveryChoiceAndThoseThatShareACoreOnce)
 {
     struct Step {
         const char *state;
-        int from;
-        int to;
+        std::vector<int> choices; ///< after the state, from each of `before`
+        int ofNone; ///< the choice of a switch without children
     };
+    const std::vector<int> before = {-2, -1, 0, 1, 2, 9};
     const std::vector<Step> steps = {
-        {"!All", 1, -2},
-        {"!None", 1, -1},
-        {"!Next", 0, 1},
-        {"!Next", 2, 2},
-        {"!Next", -1, 0},
-        {"!Next", -2, 2},
-        {"!Next", 9, 2},
-        {"!Next (Loop)", 2, 0},
-        {"!Next (Loop)", -2, 0},
-        {"!Next (Loop)", 1, 2},
-        {"!Previous", 2, 1},
-        {"!Previous", 0, 0},
-        {"!Previous", -2, 0},
-        {"!Previous", 9, 2},
-        {"!Previous (Loop)", 0, 2},
-        {"!Previous (Loop)", -1, 2},
-        {"!Previous (Loop)", 2, 1},
-        {"!Previous (Loop)", 9, 2},
-        {"Info", 0, 1},
-        {"info", 0, 0},
-        {"!Enable", 2, 2},
+        {"!All", {-2, -2, -2, -2, -2, -2}, -2},
+        {"!None", {-1, -1, -1, -1, -1, -1}, -1},
+        {"!Next", {2, 0, 1, 2, 2, 2}, 0},
+        {"!Next (Loop)", {0, 0, 1, 2, 0, 0}, 0},
+        {"!Previous", {0, 0, 0, 0, 1, 2}, -1},
+        {"!Previous (Loop)", {2, 2, 2, 0, 1, 2}, -1},
+        {"Info", {1, 1, 1, 1, 1, 1}, -1},
+        {"info", before, -1},
+        {"!Enable", before, -1},
     };
     const TestNode panels = scene.addOverlaySwitch("Panels", {"Logo", "Info", "Help"});
-    for (const Step &step : steps) {
-        panels.choose(step.from);
-        activate("Panels", step.state);
-        EXPECT_EQ(panels.choice(), step.to) << step.state << " from " << step.from;
-    }
-    const TestNode empty = scene.addOverlaySwitch("Empty", {});
-    for (const Step &step : {Step{"!Next", -1, 0}, Step{"!Previous", -1, -1},
-                             Step{"!Next (Loop)", -1, 0}, Step{"!Previous (Loop)", -1, -1}}) {
-        empty.choose(step.from);
-        activate("Empty", step.state);
-        EXPECT_EQ(empty.choice(), step.to) << step.state << " without children";
-    }
-}
-
-TEST_F(OverlayTest, SwitchesThatShareACoreAreSteppedOnce)
-{
-    const TestNode panels = scene.addOverlaySwitch("Panels", {"Logo", "Info", "Help"}).choose(0);
     scene.addClone(panels, qxOverlays::getPoolRoot());
-    activate("Panels", "!Next");
-    EXPECT_EQ(panels.choice(), 1);
+    const TestNode empty = scene.addOverlaySwitch("Empty", {});
+    for (const Step &step : steps) {
+        for (std::size_t i = 0; i < before.size(); ++i) {
+            panels.choose(before[i]);
+            activate("Panels", step.state);
+            EXPECT_EQ(panels.choice(), step.choices[i]) << step.state << " from " << before[i];
+        }
+        empty.choose(-1);
+        activate("Empty", step.state);
+        EXPECT_EQ(empty.choice(), step.ofNone) << step.state << " without children";
+    }
 }

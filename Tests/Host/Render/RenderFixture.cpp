@@ -5,8 +5,9 @@
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGSimpleMaterial.h>
+#include <OpenSG/OSGTransform.h>
 
-#include <sstream>
+#include <QString>
 
 const std::uint8_t *TestPicture::pixel(float x, float y) const
 {
@@ -21,9 +22,7 @@ const std::uint8_t *TestPicture::pixel(float x, float y) const
 std::string TestPicture::at(float x, float y) const
 {
     const std::uint8_t *bytes = pixel(x, y);
-    std::ostringstream text;
-    text << int(bytes[0]) << ' ' << int(bytes[1]) << ' ' << int(bytes[2]);
-    return text.str();
+    return QString("%1 %2 %3").arg(bytes[0]).arg(bytes[1]).arg(bytes[2]).toStdString();
 }
 
 int TestPicture::brightness(float x, float y) const
@@ -42,17 +41,17 @@ RenderFixture::RenderFixture()
     camera.height = 2;
 }
 
-osg::MaterialPtr RenderFixture::flat(float red, float green, float blue, const qxSurface &more)
+osg::MaterialPtr RenderFixture::flat(float r, float g, float b, const qxSurface &more)
 {
     qxSurface surface = more;
     surface.unlit = true;
-    return lit(red, green, blue, surface);
+    return lit(r, g, b, surface);
 }
 
-osg::MaterialPtr RenderFixture::lit(float red, float green, float blue, const qxSurface &more)
+osg::MaterialPtr RenderFixture::lit(float r, float g, float b, const qxSurface &more)
 {
     const osg::SimpleMaterialPtr material = osg::SimpleMaterial::create();
-    material->setDiffuse(osg::Color3f(red, green, blue));
+    material->setDiffuse(osg::Color3f(r, g, b));
     more.setTo(material);
     qxScenegraph::getMaterialPool()->add(osg::MaterialPtr(material));
     return material;
@@ -75,6 +74,15 @@ osg::GeometryPtr trianglesOf(const std::vector<osg::Pnt3f> &corners)
     return core;
 }
 
+TestNode RenderFixture::addNode(const osg::NodeCorePtr &core, const osg::NodePtr &parent)
+{
+    const osg::NodePtr node = osg::makeNodeFor(core);
+    const osg::NodePtr above = parent == osg::NullFC ? qxScenegraph::getRoot() : parent;
+    const osg::CPEditor edit(above, osg::Node::ChildrenFieldMask);
+    above->addChild(node);
+    return node;
+}
+
 TestNode RenderFixture::addSquare(const osg::MaterialPtr &material, const osg::Vec3f &middle,
                                   float width, const osg::NodePtr &parent)
 {
@@ -84,11 +92,12 @@ TestNode RenderFixture::addSquare(const osg::MaterialPtr &material, const osg::V
     const osg::GeometryPtr core = trianglesOf(
         {corner(-1, -1), corner(1, -1), corner(1, 1), corner(-1, -1), corner(1, 1), corner(-1, 1)});
     core->setMaterial(material);
-    const osg::NodePtr node = osg::makeNodeFor(core);
-    const osg::NodePtr above = parent == osg::NullFC ? qxScenegraph::getRoot() : parent;
-    const osg::CPEditor edit(above, osg::Node::ChildrenFieldMask);
-    above->addChild(node);
-    return node;
+    return addNode(core, parent);
+}
+
+osg::Matrix &RenderFixture::matrixOf(const TestNode &transform)
+{
+    return osg::TransformPtr::dcast(transform.core())->getMatrix();
 }
 
 osg::NodePtr RenderFixture::addSun(float lux)

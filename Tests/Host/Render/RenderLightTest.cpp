@@ -21,7 +21,7 @@ protected:
     typename Core::Ptr add()
     {
         const typename Core::Ptr light = Core::create();
-        scene.root().node()->addChild(osg::makeNodeFor(light));
+        addNode(light);
         return light;
     }
 
@@ -32,27 +32,23 @@ private:
     int m_dark = 0;
 };
 
-TEST_F(RenderLightTest, ASpotShinesIntoItsConeOnly)
+TEST_F(RenderLightTest, APointShinesAllAroundUpToItsRangeAndASpotIntoItsConeOnly)
 {
-    const auto spot = add<osg::UberLight>();
-    spot->setKind(osg::UberLight::Spot);
-    spot->setIntensity(3);
-    spot->setOuterAngle(0.4f); // reaches 0.42 beside the middle
+    const auto light = add<osg::UberLight>();
+    light->setIntensity(3);
+    EXPECT_GT(lightAt(0), lightAt(0.8f));
+    EXPECT_GT(lightAt(0.8f), 30);
+    light->setRange(1.1f);
+    EXPECT_GT(lightAt(0), 20);
+    EXPECT_EQ(lightAt(0.8f), 0);
+
+    light->setRange(0);
+    light->setKind(osg::UberLight::Spot);
+    light->setOuterAngle(0.4f); // reaches 0.42 beside the middle
     EXPECT_GT(lightAt(0), 100);
     EXPECT_GT(lightAt(0.2f), 10);
     EXPECT_LT(lightAt(0.2f), lightAt(0));
     EXPECT_EQ(lightAt(0.5f), 0);
-}
-
-TEST_F(RenderLightTest, APointShinesAllAroundAndEndsAtItsRange)
-{
-    const auto point = add<osg::UberLight>();
-    point->setIntensity(3);
-    EXPECT_GT(lightAt(0), lightAt(0.8f));
-    EXPECT_GT(lightAt(0.8f), 30);
-    point->setRange(1.1f);
-    EXPECT_GT(lightAt(0), 20);
-    EXPECT_EQ(lightAt(0.8f), 0);
 }
 
 TEST_F(RenderLightTest, LightsOfTheSceneGraphShineAsTheirFieldsSay)
