@@ -1,18 +1,26 @@
-#include "qxLightVariant.h"
-#include "qxMaterialVariant.h"
-#include "qxNodeVariant.h"
-#include "qxOverlayVariant.h"
-#include "qxTransformVariant.h"
 #include "qxVariantGroup.h"
-#include "qxVariantSet.h"
+#include "qxVariantSetPtr.h"
 
+#include "../Registry/OneOfEach.h"
 #include "DocumentFixture.h"
 
 #include <QDir>
 
-#include <random>
+#include <array>
 
 namespace {
+
+class DocumentTest : public DocumentFixture {
+protected:
+    QDomElement elementOf(const QByteArray &xml)
+    {
+        EXPECT_TRUE(m_document.setContent(xml));
+        return m_document.documentElement();
+    }
+
+private:
+    QDomDocument m_document;
+};
 
 QByteArray contentOf(const QString &fileName)
 {
@@ -21,116 +29,44 @@ QByteArray contentOf(const QString &fileName)
     return file.readAll();
 }
 
-class DocumentTest : public DocumentFixture {
-protected:
-    std::string items() { return join(itemsOf(written())); }
-    static std::string join(const Lines &lines)
-    {
-        std::string text;
-        for (const std::string &line : lines)
-            text += line + "\n";
-        return text;
-    }
-};
-
-void fillSport(qxVariantSet &set)
+/// In three sets each of the five has values of its own, inclusions and clipping alike.
+qxVariantSet *addSet(const char *name, qxVariantGroup *group, const std::array<bool, 5> &flags)
 {
-    set.comment = "fast & loud";
-    set.defaultViewpoint = "Home";
-    set.hotkey = "Ctrl+Shift+F5";
-    set.sequentialAnimation = true;
-    set.script = QString::fromUtf8("if a < b and b > c:\n\tprint(\"ä]]>\")\n");
-    set.setPreview(QByteArray("\0\1\2\3", 4));
-    set.addNodeVariant("Wheels", "Alloy");
-    set.addNodeVariant("Roof", "!Next (Loop)");
-    set.addTransformVariant("Door", "Open");
-    set.addMaterialVariant("Paint", "Red");
-    set.addLightVariant("Lamp", "!Toggle");
-    set.addViewpoint("Front");
-    set.addViewpoint("Back");
-    set.addOverlayVariant("Logo", "!Enable");
-    set.addAnimation("Spin");
-    set.addGeometry("Body");
-    set.addTargetNodeName("Car");
-    set.setInclInfo(true, false, true, false, true);
-    set.addMaterialSnapshot("Car/Roof", "Black");
-    set.addMaterialSnapshot("Car/Body", "Red");
-    set.values["colour"] = "red";
-    set.values["Price"] = "12";
+    qxVariantSet *const set = qxVariants::createVariantSet(name, false, group);
+    set->setInclInfo(flags[0], flags[1], flags[2], flags[3], flags[4]);
+    std::array<bool, 5> included{};
+    set->getInclInfo(included[0], included[1], included[2], included[3], included[4]);
+    EXPECT_EQ(included, flags);
+    qxVariantSetPtr(set).addClippingPlane({1.5f, -2, 0.1f}, {0.25f, 0.5f, 1e-7f}, flags[0],
+                                          flags[1], flags[2], flags[3], flags[4]);
+    return set;
 }
 
-void fillClipping(qxVariantSet &set)
-{
-    set.setClippingState(3);
-    set.setClippingPlanePositionX(1.5);
-    set.setClippingPlanePositionY(-2);
-    set.setClippingPlanePositionZ(0.1);
-    set.setClippingPlaneNormalX(0.25);
-    set.setClippingPlaneNormalY(0.5);
-    set.setClippingPlaneNormalZ(1e-7);
-    set.setClippingInvert(true);
-    set.setClippingHideScene(true);
-    set.setClippingShowPlane(false);
-    set.setClippingPlaneColorR(0.123456789);
-    set.setClippingPlaneColorG(0.375);
-    set.setClippingPlaneColorB(1);
-    set.setClippingShowGrid(false);
-    set.setClippingGridColorR(0.125);
-    set.setClippingGridColorG(0.0625);
-    set.setClippingGridColorB(0.75);
-    set.setClippingShowContour(false);
-    set.setClippingContourColorR(0.3125);
-    set.setClippingContourColorG(0.4375);
-    set.setClippingContourColorB(0.5625);
-    set.setClippingContourWidth(7);
-}
-
-void fillVariants()
+void addVariants()
 {
     qxNodeVariant *const wheels = qxVariants::createNodeVariant("Wheels", false);
     wheels->nodeName = "WheelSwitch";
     wheels->defaultState = "Steel";
     wheels->add("Steel", "Ctrl+1");
     wheels->add("Alloy", "");
-    qxMaterialVariant *const paint = qxVariants::createMaterialVariant("Paint", false);
-    paint->switchMaterialName = "PaintSwitch";
-    paint->defaultState = "Red";
-    paint->add("Red", "");
-    qxLightVariant *const lamp = qxVariants::createLightVariant("Lamp", false);
-    lamp->lightName = "LampNode";
-    lamp->defaultState = "!Enable";
-    qxOverlayVariant *const logo = qxVariants::createOverlayVariant("Logo", false);
-    logo->overlayName = "LogoOverlay";
-    logo->add("!Enable", "");
-    qxTransformVariant *const door = qxVariants::createTransformVariant("Door", false);
-    door->nodeName = "DoorNode";
-    door->defaultState = "Open";
-    door->add("Open", "F2");
+    qxVariants::createMaterialVariant("Paint", false)->switchMaterialName = "PaintSwitch";
+    qxVariants::createLightVariant("Lamp", false)->lightName = "LampNode";
+    qxVariants::createOverlayVariant("Logo", false)->overlayName = "LogoOverlay";
+    qxVariants::createTransformVariant("Door", false)->nodeName = "DoorNode";
 }
 
 } // namespace
 
-TEST_F(DocumentTest, AnEmptyRegistryIsAnEmptyRoot)
-{
-    EXPECT_EQ(written(),
-              "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
-              "<!DOCTYPE variants>\n"
-              "<Variants/>\n");
-}
-
 TEST_F(DocumentTest, EveryFieldHasItsPlace)
 {
-    qxVariantSet *const plain = qxVariants::createVariantSet("Plain", false, nullptr);
-    plain->setInclInfo(false, true, false, true, false);
+    addSet("Plain", nullptr, {false, true, false, true, true});
     qxVariantGroup *const cars = qxVariants::createVariantGroup("Cars", false, false);
     cars->comment = "all of them";
     qxVariants::createVariantGroup("Empty", false, true);
-    qxVariantSet *const sport = qxVariants::createVariantSet("Sport", false, cars);
-    fillSport(*sport);
-    fillClipping(*sport);
-    fillVariants();
-    notifications.clear();
-    EXPECT_EQ(items(), join(itemsOf(contentOf("complete.xml"))));
+    fillEverything(*addSet("Sport", cars, {true, false, true, false, true}));
+    addSet("Family", cars, {false, false, true, true, false});
+    addVariants();
+    EXPECT_EQ(itemsOf(written()), itemsOf(contentOf("complete.xml")));
     EXPECT_TRUE(notifications.entries().empty());
 }
 
@@ -144,11 +80,12 @@ TEST_F(DocumentTest, DocumentsOfAllAgesAreRead)
         if (fileName.contains(".written."))
             continue;
         host.clearScene();
-        for (const char *overlay : {"Logo", "Info", "Stamp"})
+        for (const char *overlay : {"Logo", "Info", "Stamp", "Exit"})
             scene.addOverlay(overlay);
+        scene.addOverlaySwitch("Neither", {"This", "That"}); // A switch between overlays is none.
         const QString result = QString(fileName).replace(".xml", ".written.xml");
         read(contentOf(fileName));
-        EXPECT_EQ(items(), join(itemsOf(contentOf(all.contains(result) ? result : fileName))))
+        EXPECT_EQ(itemsOf(written()), itemsOf(contentOf(all.contains(result) ? result : fileName)))
             << fileName.toStdString();
     }
 }
@@ -156,70 +93,73 @@ TEST_F(DocumentTest, DocumentsOfAllAgesAreRead)
 TEST_F(DocumentTest, ReadingTwiceReplacesSetsAndKeepsVariants)
 {
     read(contentOf("complete.xml"));
-    const std::string once = items();
+    const std::string once = itemsOf(written());
     qxNodeVariant *const wheels = qxVariants::findNodeVariant("Wheels");
     wheels->add("Extra", "");
     qxVariants::findVariantSet("Sport")->addViewpoint("Extra");
     read(contentOf("complete.xml"));
     EXPECT_EQ(qxVariants::findNodeVariant("Wheels"), wheels);
-    EXPECT_EQ(qxVariants::_variantGroups.size(), 2u);
-    EXPECT_EQ(qxVariants::_variantSets.size(), 2u);
-    EXPECT_EQ(items(), once);
+    EXPECT_EQ(itemsOf(written()), once);
 }
 
 TEST_F(DocumentTest, TheHostHearsOfADocumentOnceAtTheEnd)
 {
+    const Lines changes{"1 lightVariantChanged",     "1 nodeVariantChanged",
+                        "1 materialVariantChanged",  "1 overlayVariantChanged",
+                        "1 transformVariantChanged", "1 variantSetChanged",
+                        "1 variantGroupChanged"};
     readInside("<Unknown/>text<!-- comment -->");
-    EXPECT_EQ(notifications.lines(),
-              Lines({"1 lightVariantChanged", "1 nodeVariantChanged", "1 materialVariantChanged",
-                     "1 overlayVariantChanged", "1 transformVariantChanged", "1 variantSetChanged",
-                     "1 variantGroupChanged"}));
-    EXPECT_EQ(written().count("\n"), 3);
+    EXPECT_EQ(notifications.lines(), changes);
+    EXPECT_EQ(written(),
+              "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
+              "<!DOCTYPE variants>\n"
+              "<Variants/>\n");
 
-    const Lines silent = notifications.names();
     notifications.clear();
     read(contentOf("complete.xml"));
-    EXPECT_EQ(notifications.names(), silent);
+    EXPECT_EQ(notifications.lines(), changes);
+}
+
+TEST_F(DocumentTest, OverlayVariantsThatOldSetsNeedAreAnnounced)
+{
+    scene.addOverlay("Stop");
+    readInside("<VariantSet name='S'><OverlayRef ref='Go'/></VariantSet>");
+    EXPECT_EQ(heard("overlayVariantAdded").size(), 2u);
 }
 
 TEST_F(DocumentTest, ASingleSetGetsANameOfItsOwnWhenItReplacesNone)
 {
     qxVariantSet *const known = qxVariants::createVariantSet("Sport", false, nullptr);
-    QDomDocument document;
-    document.setContent(QByteArray("<VariantSet name=\"Sport\" comment=\"new\"/>"));
-    QDomElement element = document.documentElement();
+    QDomElement element = elementOf("<VariantSet name='Sport' comment='new'/>");
     qxVariantSet *const other = qxVariantReader::readVariantSet(element, false);
     EXPECT_EQ(qxVariants::findVariantSet("Sport"), known);
     EXPECT_NE(other->name, "Sport");
     EXPECT_EQ(other->comment, "new");
-    EXPECT_EQ(qxVariants::_variantSets.size(), 2u);
     element.removeAttribute("name");
     EXPECT_EQ(qxVariantReader::readVariantSet(element, false), nullptr);
 }
 
 TEST_F(DocumentTest, ASingleVariantIsReadForThreeKindsOnly)
 {
-    const auto readOne = [](const char *tag) {
-        QDomDocument document;
-        QDomElement element = document.createElement(tag);
-        element.setAttribute("name", "One");
+    const auto readOne = [this](const QByteArray &kind) {
+        QDomElement element = elementOf("<" + kind + "Variant name='One'/>");
         return qxVariantReader::readVariant(element);
     };
-    const qxVariant *const node = readOne("NodeVariant");
-    const qxVariant *const material = readOne("MaterialVariant");
-    const qxVariant *const light = readOne("LightVariant");
+    const qxVariant *const node = readOne("Node");
+    const qxVariant *const material = readOne("Material");
+    const qxVariant *const light = readOne("Light");
     EXPECT_TRUE(node && node == qxVariants::findNodeVariant("One"));
     EXPECT_TRUE(material && material == qxVariants::findMaterialVariant("One"));
     EXPECT_TRUE(light && light == qxVariants::findLightVariant("One"));
-    EXPECT_EQ(readOne("OverlayVariant"), nullptr);
-    EXPECT_EQ(readOne("TransformVariant"), nullptr);
+    EXPECT_EQ(readOne("Overlay"), nullptr);
+    EXPECT_EQ(readOne("Transform"), nullptr);
 }
 
 TEST_F(DocumentTest, AShortPreviewIsPrintedAndAnyIsKept)
 {
     const auto printed = [this](const QByteArray &base64) {
         testing::internal::CaptureStdout();
-        readInside("<VariantSet name=\"S\"><Preview><![CDATA[" + base64
+        readInside("<VariantSet name='S'><Preview><![CDATA[" + base64
                    + "]]></Preview></VariantSet>");
         EXPECT_EQ(qxVariants::findVariantSet("S")->getPreview(), QByteArray::fromBase64(base64));
         return testing::internal::GetCapturedStdout();
@@ -228,16 +168,42 @@ TEST_F(DocumentTest, AShortPreviewIsPrintedAndAnyIsKept)
     EXPECT_EQ(printed(QByteArray(80, 'A')), "");
 }
 
-// Linear work only: a search per reference would take minutes.
-TEST_F(DocumentTest, ASetWithAHundredThousandReferencesIsReadInNoTime)
+TEST_F(DocumentTest, ShortcutsAreReadIntoKeysAndModifiers)
 {
-    QByteArray content = "<VariantSet name=\"S\">";
-    for (int i = 0; i < 100000; ++i) {
+    readInside("<VariantSet name='Sport'><Hotkey>Ctrl+Alt+F7</Hotkey></VariantSet>"
+               "<NodeVariant name='Roof'><State name='Open'><Hotkey>Shift+F2</Hotkey></State>"
+               "</NodeVariant>");
+    const qxVariantSet &set = *qxVariants::findVariantSet("Sport");
+    EXPECT_EQ(set.key, Qt::Key_F7);
+    EXPECT_EQ(set.modifiers, Qt::ControlModifier | Qt::AltModifier);
+    const qxVariantOption &option = qxVariants::findNodeVariant("Roof")->options.at(0);
+    EXPECT_EQ(option.key, Qt::Key_F2);
+    EXPECT_EQ(option.modifiers, Qt::ShiftModifier);
+}
+
+// Linear work only: a search per element would take minutes.
+TEST_F(DocumentTest, VeryManyElementsAreRead)
+{
+    const int count = 100000;
+    QByteArray references, states, sets;
+    for (int i = 0; i < count; ++i) {
         const QByteArray number = QByteArray::number(i);
-        content += "<NodeVariantRef ref=\"" + number + "\" state=\"On\"/>";
-        content += "<GeometryRef ref=\"" + number + "\"/>";
+        references += "<NodeVariantRef ref='" + number + "'/><GeometryRef ref='" + number + "'/>";
+        states += "<State name='" + number + "'/>";
+        sets += "<VariantSet name='" + number + "'/>";
     }
-    readInside(content + "</VariantSet>");
-    EXPECT_EQ(qxVariants::findVariantSet("S")->nodeVariants.size(), 100000u);
-    EXPECT_EQ(qxVariants::findVariantSet("S")->geometries.size(), 100000u);
+    const QByteArray twins = QByteArray(states).replace("/>", "><Hotkey>F1</Hotkey></State>");
+    readInside("<VariantSet name='S'>" + references + "</VariantSet><NodeVariant name='V'>" + states
+               + twins + "</NodeVariant><VariantGroup name='G'>" + sets + "</VariantGroup>");
+    qxVariantSet &set = *qxVariants::findVariantSet("S");
+    const std::vector<qxVariantOption> &options = qxVariants::findNodeVariant("V")->options;
+    const qxVariantGroup::Sets &members = qxVariants::findVariantGroup("G")->sets;
+    EXPECT_EQ(set.nodeVariants.size(), std::size_t(count));
+    EXPECT_EQ(set.geometries.size(), std::size_t(count));
+    ASSERT_EQ(options.size(), std::size_t(count));
+    ASSERT_EQ(members.size(), std::size_t(count));
+    EXPECT_EQ(options.back().name, "99999");
+    EXPECT_EQ(options.back().shortcut, "") << "the first one of a name counts";
+    EXPECT_EQ(members.back()->name, "99999");
+    EXPECT_EQ(members.back()->group->name, "G");
 }

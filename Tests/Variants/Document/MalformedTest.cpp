@@ -8,8 +8,6 @@ struct Malformed {
     const char *name;
     QByteArray document;
     const char *error; ///< what we say of it; null for what the parser says
-
-    friend void PrintTo(const Malformed &malformed, std::ostream *out) { *out << malformed.name; }
 };
 
 QByteArray nested(int depth)
@@ -17,32 +15,19 @@ QByteArray nested(int depth)
     return QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
 }
 
-QByteArray entityBomb()
-{
-    QByteArray bomb = "<!DOCTYPE v [\n<!ENTITY e0 'xxxxxxxxxx'>\n";
-    for (int i = 1; i < 12; ++i) {
-        const QByteArray ten = ("&e" + QByteArray::number(i - 1) + ";").repeated(10);
-        bomb += "<!ENTITY e" + QByteArray::number(i) + " '" + ten + "'>\n";
-    }
-    return bomb + "]><Variants><VariantSet name='S' comment='&e11;'/></Variants>";
-}
-
 const Malformed malformed[] = {
     {"Nothing", "", nullptr},
-    {"NoXml", "variants", nullptr},
     {"Truncated", "<Variants><VariantSet name=\"New\"><Script>a</Scr", nullptr},
     {"InATag", "<Variants><VariantSet name=\"New", nullptr},
     {"InAComment", "<Variants><!-- ", nullptr},
     {"InAType", "<!DOCTYPE variants [ <!ELEMENT", nullptr},
     {"WrongEnd", "<Variants>\n <VariantSet name=\"New\">\n </Variants>", nullptr},
-    {"TwoRoots", "<Variants><VariantSet name=\"New\"/></Variants><Variants/>", nullptr},
-    {"NoQuotes", "<Variants><VariantSet name=New/></Variants>", nullptr},
     {"LastCharacter", "<Variants><VariantSet name=\"New\xEF\xBF\xBF\"/></Variants>", nullptr},
     {"OneTooDeep", nested(257), "elements are nested too deep\" at 1 769"},
-    {"AMillionDeep", nested(1000000), "elements are nested too deep\" at 1 769"},
     {"DeepAndOpen", "<Variants>\n" + QByteArray("<a b='/>'>").repeated(1000000),
      "elements are nested too deep\" at 2 2551"},
-    {"EntityBomb", entityBomb(), "entity declarations are not allowed\" at 2 1"},
+    {"Entity", "<!DOCTYPE v [\n<!ENTITY e 'x'>]><Variants a='&e;'/>",
+     "entity declarations are not allowed\" at 2 1"},
     {"ParameterEntity", "<!DOCTYPE v [<!-- ' --><?x ' ?><!ENTITY % p 'x'>]><Variants/>",
      "entity declarations are not allowed\" at 1 32"},
     {"HiddenMarkup", "<?xml version='1.0' encoding='UTF-7'?><Variants/>",
@@ -65,39 +50,34 @@ const QByteArray harmless[] = {
     "<V a=\"" + QByteArray(5000000, 'x') + "\"/>",
 };
 
-class MalformedTest : public DocumentFixture, public testing::WithParamInterface<Malformed> {
-protected:
-    /// The line for an error that the parser finds.
-    static std::string parserError(const QByteArray &bytes)
-    {
-        QString message;
-        int line = 0;
-        int column = 0;
-        EXPECT_FALSE(QDomDocument().setContent(bytes, &message, &line, &column));
-        return message.toStdString() + "\" at " + std::to_string(line) + " "
-            + std::to_string(column);
-    }
-};
+/// The line for an error that the parser finds.
+std::string parserError(const QByteArray &bytes)
+{
+    QString message;
+    int line = 0;
+    int column = 0;
+    EXPECT_FALSE(QDomDocument().setContent(bytes, &message, &line, &column));
+    return QStringLiteral("%1\" at %2 %3").arg(message).arg(line).arg(column).toStdString();
+}
 
-typedef DocumentFixture HarmlessTest;
+typedef DocumentFixture MalformedTest;
 
 } // namespace
 
-TEST_P(MalformedTest, IsReportedAndChangesNothing)
+TEST_F(MalformedTest, IsReportedAndChangesNothing)
 {
     qxVariants::createVariantSet("Known", false, nullptr);
-    const Malformed &each = GetParam();
-    expectError("Error loading variants: \""
-                + (each.error ? each.error : parserError(each.document)));
-    read(each.document);
-    EXPECT_TRUE(notifications.entries().empty());
-    EXPECT_EQ(qxVariants::_variantSets.size(), 1u);
+    for (const Malformed &each : malformed) {
+        SCOPED_TRACE(each.name);
+        const std::string error = each.error ? each.error : parserError(each.document);
+        read(each.document);
+        EXPECT_EQ(takeErrors(), Lines({"Error loading variants: \"" + error}));
+        EXPECT_TRUE(notifications.entries().empty());
+        EXPECT_EQ(qxVariants::_variantSets.size(), 1u);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(, MalformedTest, testing::ValuesIn(malformed),
-                         [](const auto &row) { return row.param.name; });
-
-TEST_F(HarmlessTest, WhatOnlyLooksDangerousIsRead)
+TEST_F(MalformedTest, WhatOnlyLooksDangerousIsRead)
 {
     for (const QByteArray &document : harmless) {
         notifications.clear();
@@ -106,7 +86,7 @@ TEST_F(HarmlessTest, WhatOnlyLooksDangerousIsRead)
     }
 }
 
-TEST_F(HarmlessTest, TextEndsAtANul)
+TEST_F(MalformedTest, TextEndsAtANul)
 {
     const char document[] = "<Variants><VariantSet name=\"S\"/></Variants>\0<not read";
     read(QByteArray(document, sizeof(document)));

@@ -1,4 +1,3 @@
-#include "qxNodeVariant.h"
 #include "qxVariantSet.h"
 
 #include "DocumentFixture.h"
@@ -8,9 +7,10 @@
 namespace {
 
 /// Texts that break documents: markup, white space, characters beyond ASCII and beyond 16 bits.
-const char *const pieces[] = {"a",  "B", "]]>", "<![CDATA[", "<b>", "&amp;",    "&",
-                              "\"", "'", " ",   "\n",        "\t",  "\r.",      "ä",
-                              "€",  "𝄞", "-->", "<?x?>",     "--",  "\xC2\xA0", "\xEF\xBF\xBD"};
+const char *const pieces[] = {"a",     "B",     "]]>",      "<![CDATA[",   "<b>", "&amp;",
+                              "&",     "\"",    "'",        " ",           "\n",  "\t",
+                              "\r.",   "\r\n.", "ä",        "€",           "𝄞",   "-->",
+                              "<?x?>", "--",    "\xC2\xA0", "\xEF\xBF\xBD"};
 
 class TextsTest : public DocumentFixture {
 protected:
@@ -22,29 +22,26 @@ protected:
         return text;
     }
     QString anyName() { return anyText() + QString::number(m_random()); }
-    bool chance() { return m_random() % 2; }
 
-    void addAnySet()
+    void fillAnyhow(qxVariantSet &set)
     {
-        qxVariantSet *const set = qxVariants::createVariantSet(anyName(), false, nullptr);
-        set->comment = anyText();
-        set->script = anyText();
-        set->defaultViewpoint = anyText();
+        set.comment = anyText();
+        set.script = anyText();
+        set.defaultViewpoint = anyText();
         for (int i = 0; i < 3; ++i) {
-            set->addNodeVariant(anyName(), anyText());
-            set->addOverlayVariant(anyName(), anyName());
-            set->addMaterialSnapshot(anyText(), anyText());
-            set->values.insert(anyText(), anyText());
-            set->addGeometry(anyText());
+            set.addNodeVariant(anyName(), anyText());
+            set.addMaterialSnapshot(anyText(), anyText());
+            set.values.insert(anyText(), anyText());
+            set.addGeometry(anyText());
         }
-        set->setClippingPlanePositionX(double(m_random()) / 1000);
     }
-    void addAnyVariant()
+    static QStringList textsOf(const qxVariantSet &set)
     {
-        qxNodeVariant *const variant = qxVariants::createNodeVariant(anyName(), false);
-        variant->nodeName = anyText();
-        variant->defaultState = anyText();
-        variant->add(anyText(), "F1");
+        QStringList texts{set.name, set.comment, set.script, set.defaultViewpoint};
+        for (const qxVariantState &each : set.nodeVariants)
+            texts << each.variant << each.state;
+        return texts << set.materialSnapshots.keys() << set.materialSnapshots.values()
+                     << set.values.keys() << set.values.values() << set.geometries.list();
     }
 
 private:
@@ -53,39 +50,20 @@ private:
 
 } // namespace
 
-TEST_F(TextsTest, WhatIsWrittenIsReadAndWrittenAgain)
+TEST_F(TextsTest, WhatIsWrittenIsRead)
 {
-    for (int round = 0; round < 50; ++round) {
-        for (int i = 0; i < 3; ++i) {
-            addAnySet();
-            addAnyVariant();
-        }
-        const QByteArray first = written();
+    for (int round = 0; round < 200; ++round) {
+        qxVariantSet *const set = qxVariants::createVariantSet(anyName(), false, nullptr);
+        fillAnyhow(*set);
+        const QStringList texts = textsOf(*set);
+        const QByteArray document = written();
         host.clearScene();
-        read(first);
-        ASSERT_EQ(qxVariants::_variantSets.size(), 3u) << first.constData();
-        ASSERT_EQ(itemsOf(written()), itemsOf(first));
+        read(document);
+        ASSERT_EQ(qxVariants::_variantSets.size(), 1u) << document.constData();
+        ASSERT_EQ(textsOf(*qxVariants::_variantSets.front()), texts) << document.constData();
         host.clearScene();
     }
     EXPECT_TRUE(logged(qxLog::Warning).empty());
-}
-
-TEST_F(TextsTest, WhiteSpaceComesBack)
-{
-    qxVariantSet *const set = qxVariants::createVariantSet(" \n\t\r", false, nullptr);
-    set->comment = "a\r\nb";
-    set->script = "  \n\t";
-    set->values["separator"] = " ";
-    set->values["line"] = "\r\n.";
-    const QByteArray document = written();
-    host.clearScene();
-    read(document);
-    const qxVariantSet *const back = qxVariants::findVariantSet(" \n\t\r");
-    ASSERT_TRUE(back);
-    EXPECT_EQ(back->comment, "a\r\nb");
-    EXPECT_EQ(back->script, "  \n\t");
-    EXPECT_EQ(back->values["separator"], " ");
-    EXPECT_EQ(back->values["line"], "\r\n.");
 }
 
 TEST_F(TextsTest, WhatNoDocumentCanHoldIsLeftOutAndReported)

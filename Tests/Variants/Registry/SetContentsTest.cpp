@@ -1,9 +1,7 @@
-#include "qxNodeVariant.h"
 #include "qxVariantGroup.h"
-#include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include "HostFixture.h"
+#include "OneOfEach.h"
 
 namespace {
 
@@ -18,80 +16,56 @@ protected:
             text += (each.variant + "=" + each.state + " ").toStdString();
         return text;
     }
-    void referToEachKind()
-    {
-        set.addNodeVariant("N", "1");
-        set.addMaterialVariant("M", "1");
-        set.addLightVariant("L", "1");
-        set.addOverlayVariant("O", "1");
-        set.addTransformVariant("T", "1");
-    }
-
     qxVariantSet set{"Sport"};
 };
 
 } // namespace
 
-TEST_F(SetContentsTest, AVariantIsReferredToOnceAndKeepsItsPlace)
+TEST_F(SetContentsTest, AnEmptyStateIsTheDefaultOneOfAVariantThatIsGiven)
 {
     qxNodeVariant *const wheels = qxVariants::createNodeVariant("Wheels", false);
     wheels->defaultState = "Steel";
     set.add(wheels, "");
     set.addNodeVariant("Door", "");
-    set.addNodeVariant("Roof", "Open");
-    EXPECT_EQ(textOf(set.nodeVariants), "Wheels=Steel Door= Roof=Open ");
+    EXPECT_EQ(textOf(set.nodeVariants), "Wheels=Steel Door= ");
     set.add(wheels, "Alloy");
-    set.addNodeVariant("Door", "Shut");
-    EXPECT_EQ(textOf(set.nodeVariants), "Wheels=Alloy Door=Shut Roof=Open ");
-    set.removeNodeVariant("Door");
-    set.removeNodeVariant("Door");
-    EXPECT_EQ(textOf(set.nodeVariants), "Wheels=Alloy Roof=Open ");
-    EXPECT_EQ(set.findNodeVariant("Roof")->state, "Open");
-    EXPECT_EQ(set.findNodeVariant("roof"), nullptr);
+    EXPECT_EQ(textOf(set.nodeVariants), "Wheels=Alloy Door= ");
 }
 
 TEST_F(SetContentsTest, EachKindHasItsOwnReferences)
 {
-    referToEachKind();
-    EXPECT_EQ(textOf(set.nodeVariants) + textOf(set.materialVariants) + textOf(set.lightVariants)
-                  + textOf(set.overlayVariants) + textOf(set.transformVariants),
-              "N=1 M=1 L=1 O=1 T=1 ");
-    EXPECT_TRUE(set.containsNodeVariant("N") && set.containsMaterialVariant("M")
-                && set.containsLightVariant("L") && set.containsOverlayVariant("O")
-                && set.containsTransformVariant("T"));
-    EXPECT_FALSE(set.containsNodeVariant("M") || set.containsMaterialVariant("L")
-                 || set.containsLightVariant("O") || set.containsOverlayVariant("T")
-                 || set.containsTransformVariant("N"));
-    set.removeMaterialVariant("M");
-    set.removeLightVariant("L");
-    set.removeOverlayVariant("O");
-    set.removeTransformVariant("T");
-    EXPECT_TRUE(set.findNodeVariant("N"));
-    EXPECT_FALSE(set.findMaterialVariant("M") || set.findLightVariant("L")
-                 || set.findOverlayVariant("O") || set.findTransformVariant("T"));
+    referToOneOfEach(set);
+    EXPECT_EQ(textOf(set.nodeVariants) + textOf(set.materialVariants)
+                  + textOf(set.transformVariants) + textOf(set.lightVariants)
+                  + textOf(set.overlayVariants),
+              "Wheels=Alloy Paint=Blue Door=Open Lamp=!Disable Logo=!Disable ");
+    EXPECT_TRUE(set.containsNodeVariant("Wheels") && set.containsMaterialVariant("Paint")
+                && set.containsTransformVariant("Door") && set.containsLightVariant("Lamp")
+                && set.containsOverlayVariant("Logo"));
+    EXPECT_FALSE(set.containsNodeVariant("Paint") || set.containsMaterialVariant("Door")
+                 || set.containsTransformVariant("Lamp") || set.containsLightVariant("Logo")
+                 || set.containsOverlayVariant("Wheels"));
+    EXPECT_TRUE(set.findMaterialVariant("Paint") && set.findTransformVariant("Door")
+                && set.findLightVariant("Lamp") && set.findOverlayVariant("Logo"));
+    set.removeMaterialVariant("Paint");
+    set.removeTransformVariant("Door");
+    set.removeLightVariant("Lamp");
+    set.removeOverlayVariant("Logo");
+    EXPECT_EQ(set.nodeVariants.size(), 1u);
+    EXPECT_TRUE(set.materialVariants.empty() && set.transformVariants.empty()
+                && set.lightVariants.empty() && set.overlayVariants.empty());
 }
 
 TEST_F(SetContentsTest, ClearingKeepsWhatIdentifiesAndShowsTheSet)
 {
     qxVariantGroup group;
     group.add(&set);
-    referToEachKind();
-    set.addGeometry("Body");
-    set.addViewpoint("Front");
-    set.addAnimation("Spin");
-    set.addTargetNodeName("Body");
-    set.addMaterialSnapshot("Car/Body", "Red");
+    fillEverything(set);
     set.addMaterialSnapshot("Car/Body", "Blue");
     EXPECT_EQ(set.materialSnapshots.value("Car/Body"), "Blue");
-    set.values["price"] = "1";
-    set.hotkey = "Ctrl+1";
     set.updateShortcut();
-    set.comment = set.script = set.defaultViewpoint = "text";
     set.animationIndex = 3;
-    set.sequentialAnimation = true;
-    set.setPreview("picture");
-    set.setInclInfo(true, false, true, false, true);
-    set.setClippingState(3);
+    set.setInclInfo(true, true, true, true, true);
 
     set.clear();
     EXPECT_TRUE(set.nodeVariants.empty() && set.materialVariants.empty()
@@ -107,18 +81,15 @@ TEST_F(SetContentsTest, ClearingKeepsWhatIdentifiesAndShowsTheSet)
     EXPECT_EQ(set.name, "Sport");
     EXPECT_EQ(set.group, &group);
     EXPECT_EQ(set.geometries.size(), 1u);
-    EXPECT_EQ(set.getPreview(), "picture");
+    EXPECT_EQ(set.getPreview().size(), 4);
     EXPECT_EQ(set.getClippingState(), 3);
-    EXPECT_EQ(set.modifiers, Qt::ControlModifier);
-    bool nodes = false, mats = true, lights = false, env = true, view = false;
-    set.getInclInfo(nodes, mats, lights, env, view);
-    EXPECT_TRUE(nodes && !mats && lights && !env && view);
+    EXPECT_EQ(set.modifiers, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(set.inclNodes && set.inclMats && set.inclLights && set.inclEnv && set.inclView);
     group.clear();
 }
 
 TEST_F(SetContentsTest, ASetIsEmptyWhenApplyingItWouldDoNothing)
 {
-    EXPECT_TRUE(set.isEmpty());
     set.comment = set.hotkey = set.defaultViewpoint = "text";
     set.addTargetNodeName("Body");
     set.addMaterialSnapshot("Body", "Red");
@@ -138,30 +109,26 @@ TEST_F(SetContentsTest, ASetIsEmptyWhenApplyingItWouldDoNothing)
         [](qxVariantSet &s) { s.script = " "; },
         [](qxVariantSet &s) { s.setClippingState(1); },
     };
-    for (const auto fill : fillings) {
+    for (const auto &fill : fillings) {
         qxVariantSet other;
         fill(other);
-        EXPECT_FALSE(other.isEmpty());
+        EXPECT_FALSE(other.isEmpty()) << &fill - fillings;
     }
 }
 
 TEST_F(SetContentsTest, ConnectedVariantsAreThoseThatExist)
 {
-    set.showConnectedVariants();
-    EXPECT_EQ(notifications.lines(),
-              Lines({"1 selectNodeVariants variant=[]", "1 selectMaterialVariants variant=[]",
-                     "1 selectLightVariants variant=[]", "1 selectOverlayVariants variant=[]",
-                     "1 selectTransformVariants variant=[]"}));
-
-    notifications.clear();
     qxVariantSet *const known = qxVariants::createVariantSet("Known", false, nullptr);
-    known->addNodeVariant("Gone", "1");
-    known->addNodeVariant("Wheels", "1");
-    known->addNodeVariant("Door", "1");
+    for (const char *variant : {"Gone", "Wheels", "Door"})
+        known->addNodeVariant(variant, "1");
     qxVariants::createNodeVariant("Door", false);
     qxVariants::createNodeVariant("Wheels", false);
     qxVariants::showConnectedVariants("known");
     EXPECT_TRUE(notifications.entries().empty());
     qxVariants::showConnectedVariants("Known");
-    EXPECT_EQ(notifications.lines().front(), "1 selectNodeVariants variant=[Wheels, Door]");
+    EXPECT_EQ(
+        notifications.lines(),
+        Lines({"1 selectNodeVariants variant=[Wheels, Door]", "1 selectMaterialVariants variant=[]",
+               "1 selectLightVariants variant=[]", "1 selectOverlayVariants variant=[]",
+               "1 selectTransformVariants variant=[]"}));
 }
