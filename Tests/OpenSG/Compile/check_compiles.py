@@ -4,7 +4,7 @@
     check_compiles.py COMPILER FILES... -- FLAGS...
 
 A .cpp file must compile without its lines that end in "// refused", and with them the compiler must
-complain about each. A .txt file lists headers, each of which must compile on its own.
+complain about each. A .txt file names headers, each of which must compile on its own.
 Exit code 1 when anything differs.
 """
 
@@ -39,9 +39,10 @@ def complaints_about_lines(command, name, lines):
 
 
 def jobs_of(path):
-    lines = path.read_text().splitlines()
+    text = path.read_text()
     if path.suffix == ".txt":
-        return [(complaint_about_whole, header, f"#include <{header}>") for header in lines]
+        return [(complaint_about_whole, name, f"#include <OpenSG/OSG{name}.h>") for name in text.split()]
+    lines = text.splitlines()
     accepted = "\n".join("" if line.endswith(MARK) else line for line in lines)
     return [(complaint_about_whole, path.name, accepted), (complaints_about_lines, path.name, lines)]
 

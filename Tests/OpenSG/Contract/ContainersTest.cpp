@@ -2,13 +2,9 @@
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMaterialPool.h>
-#include <OpenSG/OSGNode.h>
-#include <OpenSG/OSGSimpleAttachments.h>
-#include <OpenSG/OSGSwitch.h>
-#include <OpenSG/OSGSwitchMaterial.h>
-#include <OpenSG/OSGTransform.h>
 
 using namespace osg;
 
@@ -21,6 +17,11 @@ std::string chainOf(const FieldContainerType *type)
     for (; type; type = type->getParent())
         chain += chain.empty() ? type->getCName() : std::string(" ") + type->getCName();
     return chain;
+}
+
+NamePtr nameOf(const NodePtr &node)
+{
+    return NamePtr::dcast(node->findAttachment(Name::getClassType()));
 }
 
 } // namespace
@@ -43,18 +44,6 @@ TEST(Types, StandInTheirChainsOfParents)
         EXPECT_EQ(chainOf(FieldContainerFactory::the()->findType(name.c_str())), chain);
     }
     EXPECT_EQ(FieldContainerFactory::the()->findType("Nothing"), nullptr);
-}
-
-TEST(Types, AreDerivedFromThemselvesAndUpwardsOnly)
-{
-    const FieldContainerType &type = Switch::getClassType();
-    EXPECT_TRUE(type.isDerivedFrom(type));
-    EXPECT_TRUE(type.isDerivedFrom(NodeCore::getClassType()));
-    EXPECT_FALSE(Group::getClassType().isDerivedFrom(type));
-    EXPECT_TRUE(type.isNodeCore() && !type.isNode() && !type.isAbstract());
-    EXPECT_TRUE(NodeCore::getClassType().isAbstract());
-    EXPECT_TRUE(Name::getClassType().isAttachment());
-    EXPECT_NE(Name::getClassType().getGroupId(), Name::getClassGroupId());
 }
 
 TEST(Containers, AreCreatedByNameAndFoundByIdWhileTheyLive)
@@ -84,11 +73,16 @@ TEST(Types, AreAbstractWhereNoInstanceMakesSense)
     }
 }
 
-TEST(Containers, KnowTheirTypeAndTheFieldsItLists)
+TEST(Types, KnowWhatTheyAreDerivedFromAndTheirFields)
 {
     const auto core = held<Switch>();
     const FieldContainerType &type = core->getType();
     EXPECT_TRUE(type == Switch::getClassType() && type != Group::getClassType());
+    EXPECT_TRUE(type.isDerivedFrom(type) && type.isDerivedFrom(NodeCore::getClassType()));
+    EXPECT_FALSE(Group::getClassType().isDerivedFrom(type));
+    EXPECT_TRUE(type.isNodeCore() && !type.isNode() && !type.isAbstract());
+    EXPECT_TRUE(Name::getClassType().isAttachment());
+    EXPECT_NE(Name::getClassType().getGroupId(), Name::getClassGroupId());
     EXPECT_STREQ(core->getTypeName(), type.getName().str());
     EXPECT_EQ(core->getTypeId(), Switch::getClassTypeId());
 
@@ -117,4 +111,60 @@ TEST(FieldMasks, HaveTheBitsOfTheOrderOfFields)
     EXPECT_EQ(SwitchMaterialBase::MaterialsFieldMask, 16u);
     EXPECT_EQ(SwitchMaterial::ChoiceFieldMask, 32u);
     EXPECT_EQ(FieldBits::AllFields, ~FieldBits::NoField);
+}
+
+TEST(Names, AreMissingEmptyOrText)
+{
+    const NodeRefPtr node(makeCoredNode<Switch>());
+    EXPECT_EQ(getName(NodePtr()), nullptr);
+    EXPECT_EQ(getName(node.get()), nullptr);
+    setName(node.get(), "");
+    EXPECT_STREQ(getName(node.get()), "");
+    setName(node.get(), std::string("Räder"));
+    EXPECT_EQ(nameOf(node)->getField().getValue(), "Räder");
+    const auto sharing = held<Node>();
+    sharing->addAttachment(nameOf(node));
+    setName(node.get(), "Wheels"); // In place: all that share the name see it.
+    EXPECT_STREQ(getName(sharing.get()), "Wheels");
+    setName(node.get(), nullptr);
+    EXPECT_EQ(getName(node.get()), nullptr);
+    setName(node->getCore(), "core"); // The core has a name of its own.
+    EXPECT_EQ(getName(node.get()), nullptr);
+    EXPECT_TRUE(warns([] { setName(NodePtr(), std::string("lost")); }));
+}
+
+TEST(Names, AreSetWithinAnEditAndRemovedWithoutOne)
+{
+    const auto node = held<Node>();
+    forgetRecords();
+    setName(node.get(), "name");
+    EXPECT_GE(timesRecorded(node.get(), Node::AttachmentsFieldMask), 1u);
+    forgetRecords();
+    setName(node.get(), nullptr);
+    EXPECT_EQ(timesRecorded(node.get(), Node::AttachmentsFieldMask), 0u);
+}
+
+TEST(Attachments, ReplaceThoseOfTheSameKindAndBinding)
+{
+    const auto node = held<Node>();
+    const auto first = held<Name>(), second = held<Name>(), bound = held<Name>();
+    node->addAttachment(first.get());
+    node->addAttachment(bound.get(), 1);
+    node->addAttachment(second.get());
+    EXPECT_EQ(nameOf(node), second.get());
+    EXPECT_EQ(node->findAttachment(Name::getClassType().getGroupId(), 1), bound.get());
+    EXPECT_EQ(first.get().getRefCount(), 1);
+    node->subAttachment(second.get());
+    EXPECT_EQ(nameOf(node), NullFC);
+    EXPECT_EQ(second.get().getRefCount(), 1);
+    EXPECT_EQ(bound.get().getRefCount(), 2);
+}
+
+TEST(Names, OfAnImageAreNotItsNameField)
+{
+    const auto image = held<Image>();
+    image->setName("file.png");
+    EXPECT_EQ(getName(image.get()), nullptr);
+    setName(image.get(), "decal");
+    EXPECT_EQ(image->getName(), "file.png");
 }

@@ -1,11 +1,14 @@
 #pragma once
 
-#include <OpenSG/OSGFieldContainer.h>
-#include <OpenSG/OSGRefPtr.h>
+#include <OpenSG/OSGComponentTransform.h>
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSimpleMaterial.h>
+#include <OpenSG/OSGSwitch.h>
+#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <functional>
 
 /// A new container of class T, alive for as long as the test holds on to it.

@@ -1,10 +1,6 @@
 #include "Contract.h"
 
 #include <OpenSG/OSGChangeList.h>
-#include <OpenSG/OSGComponentTransform.h>
-#include <OpenSG/OSGNode.h>
-#include <OpenSG/OSGSimpleAttachments.h>
-#include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGThread.h>
 
 #include <algorithm>
@@ -48,11 +44,8 @@ TEST_F(Edits, AreRecordedOncePerBracketWhateverHappensInIt)
     EXPECT_EQ(choices(), 1u);
     endEditCP(m_core, Switch::ChoiceFieldMask);
     EXPECT_EQ(choices(), 2u);
-}
-
-TEST_F(Edits, EndWithTheScopeOfAnEditor)
-{
-    {
+    forgetRecords();
+    { // Editors end them with their scope.
         CPEdit(m_core, Switch::ChoiceFieldMask);
         CPEditAll(m_node);
         CPEditor editor(m_core, Switch::ChoiceFieldMask);
@@ -64,17 +57,16 @@ TEST_F(Edits, EndWithTheScopeOfAnEditor)
 
 TEST_F(Edits, CanNotifyWithoutARecordOrRecordWithoutNotifying)
 {
-    const auto owner = held<ComponentTransform>();
-    const ComponentTransformPtr transform = owner.get();
+    const auto transform = held<ComponentTransform>();
     const BitVector mask = ComponentTransform::TranslationFieldMask;
     transform->setTranslation(Vec3f(1, 0, 0));
-    changedCP(transform, mask);
+    changedCP(transform.get(), mask);
     EXPECT_EQ(transform->getMatrix()[3][0], 1);
-    EXPECT_EQ(timesRecorded(transform, mask), 0u);
+    EXPECT_EQ(timesRecorded(transform.get(), mask), 0u);
     transform->setTranslation(Vec3f(2, 0, 0));
-    endEditNotChangedCP(transform, mask);
+    endEditNotChangedCP(transform.get(), mask);
     EXPECT_EQ(transform->getMatrix()[3][0], 1);
-    EXPECT_EQ(timesRecorded(transform, mask), 1u);
+    EXPECT_EQ(timesRecorded(transform.get(), mask), 1u);
 }
 
 TEST_F(Edits, OfChildrenAndCoresReachWhatIsLinked)

@@ -2,7 +2,6 @@
 
 #include <OpenSG/OSGGeoFunctions.h>
 #include <OpenSG/OSGGeometry.h>
-#include <OpenSG/OSGSimpleMaterial.h>
 #include <OpenSG/OSGTriangleIterator.h>
 
 #include <cmath>

@@ -6,11 +6,8 @@
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMaterialPool.h>
 #include <OpenSG/OSGMultiPassMaterial.h>
-#include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGSimpleGeometry.h>
-#include <OpenSG/OSGSimpleMaterial.h>
 #include <OpenSG/OSGSimpleTexturedMaterial.h>
-#include <OpenSG/OSGSwitchMaterial.h>
 #include <OpenSG/OSGTextureChunk.h>
 
 using namespace osg;
@@ -86,43 +83,36 @@ TEST_F(SwitchMaterials, LookLikeTheirCurrentMaterial)
     EXPECT_TRUE(passes->isMultiPass() && passes->getNPasses() == 0);
 }
 
-TEST_F(SwitchMaterials, StandInPoolsInOrderWithoutDuplicatesAndNull)
-{
-    MaterialGroupPtr group;
-    const NodeRefPtr scene(makeCoredNode<MaterialGroup>(&group));
-    const auto pool = held<MaterialPool>();
-    group->setMaterial(m_glass.get());
-    pool->add(scene.get());
-    const MaterialPtr red = m_red.get();
-    for (const MaterialPtr &material : {MaterialPtr(m_switch), red, red, MaterialPtr()})
-        pool->add(material);
-    std::vector<MaterialPtr> all;
-    pool->get(all);
-    EXPECT_EQ(all, (std::vector<MaterialPtr>{m_glass, m_switch, red}));
-    pool->sub(UInt32(2));
-    EXPECT_EQ(pool->find(red), -1);
-    EXPECT_TRUE(warns([&] { pool->sub(red); }));
-}
-
-TEST_F(SwitchMaterials, LeavePoolsByMaterialByPoolAndByScene)
+TEST_F(SwitchMaterials, StandInPoolsOnceAndInOrderAndLeaveThemByMaterialByPoolAndByScene)
 {
     const MaterialPtr red = m_red.get(), glass = m_glass.get();
     MaterialPoolPtr nested;
+    MaterialGroupPtr group;
     GeometryPtr geometry;
-    const NodeRefPtr scene(makeCoredNode<MaterialPool>(&nested));
-    scene->addChild(makeCoredNode<Geometry>(&geometry));
+    const NodeRefPtr scene(makeCoredNode<MaterialGroup>(&group));
+    scene->addChild(makeCoredNode<MaterialPool>(&nested));
+    scene->getChild(0)->addChild(makeCoredNode<Geometry>(&geometry));
+    group->setMaterial(m_switch);
     nested->add(red);
     geometry->setMaterial(glass);
 
     const auto pool = held<MaterialPool>();
     pool->add(scene.get());
-    EXPECT_EQ(pool->get(), (std::set<MaterialPtr>{red, glass}));
+    pool->add(red);
+    pool->add(MaterialPtr());
+    std::vector<MaterialPtr> all;
+    pool->get(all);
+    EXPECT_EQ(all, (std::vector<MaterialPtr>{m_switch, red, glass}));
     pool->sub(nested);
-    EXPECT_EQ(pool->getCount(), 1u);
-    EXPECT_EQ(pool->get(0), glass);
+    EXPECT_EQ(pool->find(red), -1);
+    EXPECT_TRUE(warns([&] { pool->sub(red); }));
+    EXPECT_EQ(pool->getCount(), 2u);
+    EXPECT_EQ(pool->get(1), glass);
     pool->add(nested);
-    pool->sub(scene->getChild(0));
-    EXPECT_EQ(pool->get(), (std::set<MaterialPtr>{red}));
+    pool->sub(scene->getChild(0)->getChild(0));
+    EXPECT_EQ(pool->get(), (std::set<MaterialPtr>{m_switch, red}));
+    pool->sub(UInt32(0));
+    EXPECT_EQ(pool->find(red), 0);
     pool->clear();
     EXPECT_TRUE(pool->getCount() == 0 && pool->get().empty());
     EXPECT_EQ(red.getRefCount(), 3); // The test, the switch material and the other pool.
@@ -152,13 +142,12 @@ TEST(SimpleMaterials, StartBlackOpaqueAndLit)
 
 TEST(SimpleTexturedMaterials, ReferToTheirImageWhenTheEditEnds)
 {
-    const auto owner = held<SimpleTexturedMaterial>();
+    const auto material = held<SimpleTexturedMaterial>();
     const auto image = held<Image>();
-    const SimpleTexturedMaterialPtr material = owner.get();
-    beginEditCP(material, SimpleTexturedMaterial::ImageFieldMask);
+    beginEditCP(material.get(), SimpleTexturedMaterial::ImageFieldMask);
     material->setImage(image.get());
     EXPECT_EQ(image.get().getRefCount(), 1);
-    endEditCP(material, SimpleTexturedMaterial::ImageFieldMask);
+    endEditCP(material.get(), SimpleTexturedMaterial::ImageFieldMask);
     EXPECT_GT(image.get().getRefCount(), 1);
     EXPECT_EQ(material->getImage(), image.get());
 }
@@ -197,4 +186,7 @@ TEST(MaterialOwners, HoldTheNewMaterialBeforeTheyLetGoOfTheOldOneOrAfter)
     geometry->setMaterial(ownedBy(lost));
     geometry->setMaterial(lost);
     EXPECT_FALSE(isAlive(id));
+    geometry->setMaterial(SimpleMaterial::create());
+    geometry->setMaterial(geometry->getMaterial());
+    EXPECT_EQ(geometry->getMaterial().getRefCount(), 1);
 }

@@ -25,21 +25,30 @@ TEST(Matrices, AreBuiltFromRowsAndStoredInColumns)
     const Matrix matrix(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16);
     EXPECT_EQ(matrix[3][0], 4);
     EXPECT_EQ(matrix.getValues()[1], 5);
+    Matrix rows;
+    rows.setValue(matrix.getValues(), false);
+    EXPECT_EQ(rows[0][3], 4);
+    rows.transpose();
+    EXPECT_EQ(rows, matrix);
 }
 
-TEST(Matrices, SetEachPartAloneAndMultiplyInOrder)
+TEST(Matrices, SetEachPartAloneUnlessSetAsAWholeAndMultiplyInOrder)
 {
     Matrix matrix, turn;
     matrix.setScale(2, 3, 4);
     matrix.setTranslate(1, 0, 0);
     turn.setRotate(quarterTurn);
     expectMoved(matrix, Pnt3f(1, 1, 1), Pnt3f(3, 3, 4));
-    Matrix turnFirst = matrix;
+    Vec3f direction;
+    matrix.multMatrixVec(Vec3f(1, 1, 1), direction);
+    EXPECT_EQ(direction, Vec3f(2, 3, 4)); // The translation moves points only.
+    Matrix turnFirst = matrix, turnLast = matrix;
     turnFirst.mult(turn);
     expectMoved(turnFirst, Pnt3f(1, 0, 0), Pnt3f(1, 3, 0));
-    Matrix turnLast = matrix;
     turnLast.multLeft(turn);
     expectMoved(turnLast, Pnt3f(1, 0, 0), Pnt3f(0, 3, 0));
+    matrix.setTransform(Vec3f(5, 0, 0));
+    expectMoved(matrix, Pnt3f(1, 1, 1), Pnt3f(6, 1, 1));
 }
 
 TEST(Matrices, ComeApartAndAreUndoneByTheirInverse)
@@ -53,25 +62,8 @@ TEST(Matrices, ComeApartAndAreUndoneByTheirInverse)
     expectMoved(again, Pnt3f(1, 1, 1), Pnt3f(-2, 4, 7));
     ASSERT_TRUE(matrix.inverse(inverse));
     expectMoved(inverse, Pnt3f(-2, 4, 7), Pnt3f(1, 1, 1));
-}
-
-TEST(Matrices, ResetTheRestWhenSetAsAWholeAndMoveDirectionsWithoutTranslation)
-{
-    Matrix matrix;
-    matrix.setScale(2, 3, 4);
-    matrix.setTranslate(1, 0, 0);
-    Vec3f direction;
-    matrix.multMatrixVec(Vec3f(1, 1, 1), direction);
-    EXPECT_EQ(direction, Vec3f(2, 3, 4));
-    matrix.setTransform(Vec3f(5, 0, 0));
-    expectMoved(matrix, Pnt3f(1, 1, 1), Pnt3f(6, 1, 1));
-    Matrix rows;
-    rows.setValue(matrix.getValues(), false);
-    EXPECT_EQ(rows[0][3], 5);
-    rows.transpose();
-    EXPECT_EQ(rows, matrix);
-    rows.invert();
-    expectMoved(rows, Pnt3f(6, 1, 1), Pnt3f(1, 1, 1));
+    again.invert();
+    expectMoved(again, Pnt3f(-2, 4, 7), Pnt3f(1, 1, 1));
 }
 
 TEST(Vectors, StartAtZeroAndMultiplyToDotAndCrossProducts)
@@ -99,21 +91,21 @@ TEST(Colours, StartBlackWithoutAlpha)
 
 TEST(Quaternions, TurnMultiplyInvertAndInterpolate)
 {
-    const auto turned = [](const Quaternion &turn) {
-        Vec3f result;
-        turn.multVec(Vec3f(1, 0, 0), result);
-        return result;
+    const auto turns = [](const Quaternion &turn, const Vec3f &expected) {
+        Vec3f turned;
+        turn.multVec(Vec3f(1, 0, 0), turned);
+        return turned.equals(expected, 1e-4f);
     };
     EXPECT_EQ(Quaternion().w(), 1);
-    EXPECT_TRUE(turned(quarterTurn).equals(Vec3f(0, 1, 0), 1e-4f));
-    EXPECT_TRUE(turned(Quaternion(Vec3f(1, 0, 0), Vec3f(0, 0, 1))).equals(Vec3f(0, 0, 1), 1e-4f));
+    EXPECT_TRUE(turns(quarterTurn, Vec3f(0, 1, 0)));
+    EXPECT_TRUE(turns(Quaternion(Vec3f(1, 0, 0), Vec3f(0, 0, 1)), Vec3f(0, 0, 1)));
+    EXPECT_TRUE(turns(quarterTurn.inverse(), Vec3f(0, -1, 0)));
+    EXPECT_TRUE(
+        turns(Quaternion::slerp(Quaternion(), quarterTurn, 0.5f), Vec3f(1, 1, 0) * 0.70711f));
     Quaternion half = quarterTurn;
     half.mult(quarterTurn);
-    EXPECT_TRUE(turned(half).equals(Vec3f(-1, 0, 0), 1e-4f));
-    EXPECT_TRUE(turned(quarterTurn.inverse()).equals(Vec3f(0, -1, 0), 1e-4f));
-    const Quaternion eighth = Quaternion::slerp(Quaternion(), quarterTurn, 0.5f);
-    EXPECT_TRUE(turned(eighth).equals(Vec3f(0.70711f, 0.70711f, 0), 1e-4f));
+    EXPECT_TRUE(turns(half, Vec3f(-1, 0, 0)));
     Matrix matrix;
     matrix.setRotate(quarterTurn);
-    EXPECT_TRUE(turned(Quaternion(matrix)).equals(Vec3f(0, 1, 0), 1e-4f));
+    EXPECT_TRUE(turns(Quaternion(matrix), Vec3f(0, 1, 0)));
 }

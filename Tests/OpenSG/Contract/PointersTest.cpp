@@ -1,15 +1,40 @@
 #include "Contract.h"
 
-#include <OpenSG/OSGNode.h>
-#include <OpenSG/OSGSwitch.h>
-#include <OpenSG/OSGTransform.h>
+#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGMaterialGroup.h>
+#include <OpenSG/OSGMaterialPool.h>
+#include <OpenSG/OSGMultiPassMaterial.h>
+#include <OpenSG/OSGTextureChunk.h>
 
 #include <set>
 #include <sstream>
 
 using namespace osg;
 
-static const NodePtr madeBeforeMain = NullFC;
+namespace {
+
+/// Gives an owner the same thing twice: it takes one reference and releases it when it goes.
+template <class Owner, class Thing, class Give>
+void expectCounted(const char *how, Give give)
+{
+    const auto thing = held<Thing>();
+    auto owner = held<Owner>();
+    typename Thing::Ptr given = thing.get();
+    give(owner.get(), given);
+    give(owner.get(), given);
+    EXPECT_EQ(given.getRefCount(), 2) << how;
+    owner = NullFC;
+    EXPECT_EQ(given.getRefCount(), 1) << how;
+}
+
+#define EXPECT_COUNTED(Owner, Thing, call) \
+    expectCounted<Owner, Thing>(#call, \
+                                [](const Owner::Ptr &owner, Thing::Ptr &thing) { owner->call; })
+
+const NodePtr madeBeforeMain = NullFC;
+
+} // namespace
 
 TEST(Pointers, AreNullWhenMadeBeforeTheLibraryStarts)
 {
@@ -18,7 +43,7 @@ TEST(Pointers, AreNullWhenMadeBeforeTheLibraryStarts)
     EXPECT_EQ(madeBeforeMain.getRefCount(), 0);
 }
 
-TEST(Pointers, ToOneObjectAreEqualWhateverTheirTypes)
+TEST(Pointers, ToOneObjectAreEqualAndCastDownToWhatItIs)
 {
     const auto owner = held<Switch>();
     const SwitchPtr asSwitch = owner.get();
@@ -30,12 +55,13 @@ TEST(Pointers, ToOneObjectAreEqualWhateverTheirTypes)
     EXPECT_EQ((std::set<NodeCorePtr>{asSwitch, asGroup}).size(), 1u);
     EXPECT_TRUE(NodeCorePtr() < asSwitch); // Null sorts first.
     EXPECT_FALSE(asSwitch < NullFC);
-}
+    std::ostringstream printed, ofNull;
+    printed << asSwitch;
+    ofNull << NodePtr();
+    EXPECT_NE(printed.str(), ofNull.str());
+    EXPECT_NE(printed.str(), "");
 
-TEST(Pointers, CastDownToWhatTheObjectIsElseToNull)
-{
-    const auto owner = held<Switch>();
-    const NodeCorePtr core = owner.get();
+    const NodeCorePtr core = asGroup;
     EXPECT_EQ(SwitchPtr::dcast(core), core);
     EXPECT_EQ(dynamic_fcptr_cast<GroupPtr>(core), core);
     EXPECT_EQ(TransformPtr::dcast(core), NullFC);
@@ -44,12 +70,101 @@ TEST(Pointers, CastDownToWhatTheObjectIsElseToNull)
     EXPECT_EQ(SwitchPtr(owner.getCPtr()), core);
 }
 
-TEST(Pointers, PrintNullAndObjectsDifferently)
+TEST(References, AreCountedOnceByWhoeverIsGivenAnObject)
 {
-    const auto node = held<Node>();
-    std::ostringstream ofNode, ofNull;
-    ofNode << node.get();
-    ofNull << NodePtr();
-    EXPECT_NE(ofNode.str(), ofNull.str());
-    EXPECT_NE(ofNode.str(), "");
+    EXPECT_COUNTED(Node, Switch, setCore(thing));
+    EXPECT_COUNTED(Node, Node, addChild(thing));
+    EXPECT_COUNTED(Node, Name, addAttachment(thing));
+    EXPECT_COUNTED(MaterialPool, SimpleMaterial, add(MaterialPtr(thing)));
+    EXPECT_COUNTED(MaterialGroup, SimpleMaterial, setMaterial(thing));
+    EXPECT_COUNTED(Geometry, SimpleMaterial, setMaterial(thing));
+    EXPECT_COUNTED(Geometry, GeoPositions3f, setPositions(thing));
+    EXPECT_COUNTED(Geometry, GeoNormals3f, setNormals(thing));
+    EXPECT_COUNTED(Geometry, GeoColors3f, setColors(thing));
+    EXPECT_COUNTED(Geometry, GeoTexCoords2f, setTexCoords(thing));
+    EXPECT_COUNTED(Geometry, GeoIndicesUI32, setIndices(thing));
+    EXPECT_COUNTED(Geometry, GeoPTypesUI8, setTypes(thing));
+    EXPECT_COUNTED(Geometry, GeoPLengthsUI32, setLengths(thing));
+    EXPECT_COUNTED(TextureChunk, Image, setImage(thing));
+    EXPECT_COUNTED(SwitchMaterial, SimpleMaterial,
+                   hasMaterial(thing) ? void() : owner->addMaterial(thing));
+    EXPECT_COUNTED(MultiPassMaterial, SimpleMaterial,
+                   hasMaterial(thing) ? void() : owner->addMaterial(thing));
+}
+
+TEST(References, StartAtNoneAndTurnTheHandedInPointerToNullWithTheLastRelease)
+{
+    const UInt32 id = NodeRefPtr(Node::create()).get().getFieldContainerId();
+    EXPECT_FALSE(isAlive(id)); // The passing holder was the only one.
+    const NodePtr node = Node::create();
+    EXPECT_EQ(node.getRefCount(), 0);
+    addRefCP(node);
+    subRefCP(node);
+    EXPECT_EQ(node, NullFC);
+
+    const auto parent = held<Node>();
+    const NodePtr child = Node::create();
+    parent->addChild(child);
+    parent->subChild(child);
+    EXPECT_EQ(child, NullFC);
+}
+
+TEST(References, AreExchangedBySetRefdAndDroppedByClearRef)
+{
+    const auto first = held<Node>(), second = held<Node>();
+    NodePtr slot;
+    addRefCP(slot); // All take null.
+    subRefCP(slot);
+    clearRefCP(slot);
+    setRefdCP(slot, NodePtr());
+    EXPECT_EQ(slot, NullFC);
+    setRefdCP(slot, first.get());
+    setRefdCP(slot, first.get());
+    EXPECT_EQ(first.get().getRefCount(), 2);
+    setRefdCP(slot, second.get());
+    EXPECT_EQ(first.get().getRefCount(), 1);
+    clearRefCP(slot);
+    EXPECT_EQ(second.get().getRefCount(), 1);
+    EXPECT_EQ(slot, NullFC);
+
+    first->setCore(Switch::create());
+    first->setCore(first->getCore()); // The node alone holds it.
+    EXPECT_EQ(first->getCore().getRefCount(), 1);
+}
+
+TEST(References, AreReleasedByRemovalAndNotTakenByBaseClassSetters)
+{
+    const auto child = held<Node>(), replacement = held<Node>(), root = held<Node>();
+    root->insertChild(0, child);
+    root->replaceChild(0, replacement);
+    EXPECT_EQ(child.get().getRefCount(), 1);
+    EXPECT_TRUE(root->replaceChildBy(replacement, child));
+    EXPECT_EQ(child.get().getRefCount(), 2);
+    EXPECT_EQ(replacement.get().getRefCount(), 1);
+    EXPECT_EQ(root.get().getRefCount(), 1); // Not by the links of children to their parent.
+
+    const auto material = held<SimpleMaterial>();
+    const auto group = held<MaterialGroup>();
+    group->setMaterial(material.get());
+    EXPECT_EQ(material.get().getRefCount(), 2);
+    group->setMaterial(NullFC);
+    EXPECT_EQ(material.get().getRefCount(), 1);
+    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(material.get());
+    EXPECT_EQ(material.get().getRefCount(), 1);
+    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(NullFC);
+}
+
+TEST(RefPtrs, HoldCountAndReleaseWhatTheyAreGiven)
+{
+    const auto first = held<Node>();
+    NodeRefPtr holder(first.get()), other(holder);
+    EXPECT_EQ(first.get().getRefCount(), 3);
+    other = Node::create();
+    EXPECT_EQ(first.get().getRefCount(), 2);
+    const UInt32 id = other.get().getFieldContainerId();
+    other = first;
+    EXPECT_FALSE(isAlive(id));
+    holder = NullFC;
+    EXPECT_EQ(first.get().getRefCount(), 2);
+    EXPECT_TRUE(holder == NullFC && other == first && holder != other);
 }

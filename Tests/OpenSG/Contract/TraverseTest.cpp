@@ -1,11 +1,11 @@
 #include "Contract.h"
 
 #include <OpenSG/OSGAction.h>
-#include <OpenSG/OSGNode.h>
-#include <OpenSG/OSGSimpleAttachments.h>
-#include <OpenSG/OSGSwitch.h>
+#include <OpenSG/OSGGraphOp.h>
+#include <OpenSG/OSGGraphOpFactory.h>
 
 #include <map>
+#include <memory>
 
 using namespace osg;
 
@@ -40,6 +40,37 @@ NodePtr named(const char *name, const std::vector<NodePtr> &children = {})
         node->addChild(child);
     return node;
 }
+
+template <class Function>
+struct FirstArgument;
+template <class R, class C, class A>
+struct FirstArgument<R (C::*)(A)> {
+    using Type = A;
+};
+using GraphOpNode = FirstArgument<decltype(&GraphOp::traverse)>::Type;
+
+/// Counts nodes; answers as it is told to.
+class CountOp : public GraphOp {
+public:
+    CountOp() : GraphOp("Count") {}
+    GraphOp *create() override { return new CountOp; }
+    void setParams(const std::string) override {}
+    std::string usage() override { return "counts"; }
+    virtual bool traverse(NodePtr node) { return GraphOp::traverse(node); }
+    Action::ResultE traverseEnter(GraphOpNode) override
+    {
+        ++m_entered;
+        return m_answer;
+    }
+    Action::ResultE traverseLeave(GraphOpNode, Action::ResultE r) override
+    {
+        return m_skipsAtTheEnd ? Action::Skip : r;
+    }
+
+    Action::ResultE m_answer = Action::Continue;
+    bool m_skipsAtTheEnd = false;
+    int m_entered = 0;
+};
 
 class Walks : public testing::Test {
 protected:
@@ -105,4 +136,41 @@ TEST_F(Walks, TakeAListOfRootsAndFreeFunctions)
     EXPECT_EQ(traverse(roots, enter), Action::Quit);
     roots.clear();
     EXPECT_EQ(traverse(roots, enter), Action::Continue);
+}
+
+TEST_F(Walks, OfAGraphOpSucceedOnlyWhenTheyEndWithContinueAndVisitWhatIsExcluded)
+{
+    CountOp op;
+    NodePtr excluded = m_a;
+    op.addToExcludeList(excluded);
+    EXPECT_TRUE(op.isInExcludeList(excluded));
+    EXPECT_TRUE(op.traverse(m_root));
+    EXPECT_EQ(op.m_entered, 5);
+    op.removeFromExcludeList(excluded);
+    EXPECT_FALSE(op.isInExcludeList(excluded));
+    op.addToExcludeList(excluded);
+    op.clearExcludeList();
+    EXPECT_FALSE(op.isInExcludeList(excluded));
+    op.m_answer = Action::Skip;
+    EXPECT_TRUE(op.traverse(m_root));
+    op.m_answer = Action::Quit;
+    EXPECT_FALSE(op.traverse(m_root));
+    op.m_answer = Action::Continue;
+    op.m_skipsAtTheEnd = true;
+    EXPECT_FALSE(op.traverse(m_root));
+}
+
+TEST(GraphOps, AreCreatedByTheNameOfTheirPrototype)
+{
+    CountOp op;
+    GraphOpFactory &factory = GraphOpFactory::the();
+    factory.registerOp(&op);
+    const std::unique_ptr<GraphOp> created(factory.create("Count"));
+    EXPECT_NE(dynamic_cast<CountOp *>(created.get()), nullptr);
+    EXPECT_TRUE(created.get() != &op && created->getName() == "Count");
+    factory.unRegisterOp(&op);
+    EXPECT_EQ(factory.create("Count"), nullptr);
+    factory.registerOp(&op);
+    factory.unRegisterOp("Count");
+    EXPECT_EQ(factory.create("Count"), nullptr);
 }

@@ -59,8 +59,9 @@ TEST(TheStart, RecordsNothingUnlessToldTo)
     });
 }
 
-TEST(TheStop, IsForGood)
+TEST(TheStop, NeedsNoStartAndIsForGood)
 {
+    inOwnProcess([] { EXPECT_TRUE(osgExit()); });
     inOwnProcess([] {
         EXPECT_TRUE(osgInit(0, nullptr));
         EXPECT_TRUE(osgInit(0, nullptr)); // Starting twice is harmless, stopping as well.
@@ -94,9 +95,4 @@ TEST(TheStop, ComesWithTheEndOfTheProgram)
         std::exit(Group::create() == NullFC ? 3 : 2);
     };
     EXPECT_EXIT(program(), testing::ExitedWithCode(0), "");
-}
-
-TEST(TheStop, NeedsNoStart)
-{
-    inOwnProcess([] { EXPECT_TRUE(osgExit()); });
 }

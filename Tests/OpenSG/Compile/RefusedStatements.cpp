@@ -4,9 +4,12 @@
 #include <OpenSG/OSGComponentTransform.h>
 #include <OpenSG/OSGMaterialPool.h>
 #include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGNodePtr.h>
 #include <OpenSG/OSGQuaternion.h>
 #include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGTextureChunk.h>
+#include <OpenSG/OSGUInt32Fields.h>
 
 #include <functional>
 
@@ -56,4 +59,40 @@ void mathematics(Vec3f vector, Matrix matrix, Quaternion turn, Color3f rgb, Colo
     rgb = rgba; // refused
     rgba = rgb; // refused
     turn = Quaternion(matrix);
+}
+
+void pointers(NodePtr a, SwitchPtr s, NodeCorePtr c, FieldContainerPtr f, Node *raw)
+{
+    a = NULL; // refused
+    a = 0; // refused
+    a = nullptr; // refused
+    a = a = NullFC; // refused
+    s = c; // refused
+    a = f; // refused
+    NodePtr implicit = raw; // refused
+    NodeRefPtr holder = a; // refused
+    NodeCorePtr core = a.getCore(); // refused
+}
+
+void fields(SFUInt32 a, SFUInt32 b, MFUInt32 m, MFUInt32 n)
+{
+    a = b = a; // refused
+    m = n = m; // refused
+    m.erase(m.begin(), m.end()); // refused
+}
+
+void nodes(const Node *node, NodePtr ptr, BitVector mask)
+{
+    node->getParent(); // refused
+    node->getChild(0); // refused
+    ptr->editMFChildren(); // refused
+    switch (mask) {
+    case Node::TravMaskFieldMask: // refused
+        break;
+    case Node::TravMaskFieldId:
+        break;
+    }
+    static_assert(Node::CoreFieldMask == 64, ""); // refused
+    CPEditor whole(ptr->getCore(), mask);
+    CPEdit(ptr->getCore(), mask); // refused
 }
