@@ -35,7 +35,7 @@ QString describe(const osg::MaterialPtr &material)
 }
 
 /// All that a capture may touch: nodes, materials, viewpoints, and the whole registry.
-QStringList everything()
+std::string everything()
 {
     QStringList lines;
     for (const qxNodePtr &node : qxNodeUtils::getSceneNodes())
@@ -48,7 +48,7 @@ QStringList everything()
     const qxUberCameraPool &cameras = *qxUberCameraPool::the();
     for (int id = 0; id < cameras.count(); ++id)
         lines << QString::fromStdString(cameras.get(id)->name);
-    return lines << QString::fromUtf8(qxVariantWriter().write()).split('\n');
+    return lines.join('\n').toStdString() + qxVariantWriter().write().toStdString();
 }
 
 } // namespace
@@ -76,6 +76,17 @@ public:
     }
 
 protected:
+    QString capture(const char *group, void (*into)(qxVariantSet &) = captureInto)
+    {
+        qxCaptureRecord record;
+        return edits.captureSet("Captured", group, record, into);
+    }
+    void update(void (*into)(qxVariantSet &) = captureInto)
+    {
+        qxCaptureRecord record;
+        edits.captureAgain("Blue", record, into);
+    }
+
     qxSetEdits edits;
 };
 
@@ -127,51 +138,37 @@ std::vector<Scenario> scenarios()
 INSTANTIATE_TEST_SUITE_P(CaptureUndoTest, EachCaptureUndoTest, testing::ValuesIn(scenarios()),
                          [](const auto &each) { return std::string(each.param.name); });
 
-TEST_P(EachCaptureUndoTest, ACaptureIsUndoneWithAllThatItDid)
+TEST_P(EachCaptureUndoTest, ACaptureAndAnUpdateAreUndoneWithAllThatTheyDid)
 {
     GetParam().build(scene);
     captureInto(set("Red"));
     GetParam().change(scene);
-    const QStringList before = everything();
-    qxCaptureRecord record;
-    edits.captureSet("Captured", "Studio", record, captureInto);
-    const QStringList after = everything();
-    ASSERT_NE(before, after);
-    for (int turn = 0; turn < 2; ++turn) {
+    const std::string before = everything();
+    for (const bool isUpdate : {false, true}) {
+        SCOPED_TRACE(isUpdate ? "update" : "capture");
+        isUpdate ? update() : void(capture("Studio"));
+        const std::string after = everything();
+        EXPECT_NE(before, after);
         edits.stack()->undo();
-        EXPECT_EQ(everything(), before) << "undone in turn " << turn;
+        EXPECT_EQ(everything(), before);
         edits.stack()->redo();
-        EXPECT_EQ(everything(), after) << "redone in turn " << turn;
+        EXPECT_EQ(everything(), after);
+        EXPECT_EQ(edits.stack()->count(), 1);
+        edits.stack()->undo();
+        EXPECT_EQ(everything(), before);
     }
-    EXPECT_EQ(edits.stack()->count(), 1);
-}
-
-TEST_P(EachCaptureUndoTest, AnUpdateIsUndoneAsWell)
-{
-    GetParam().build(scene);
-    captureInto(set("Red"));
-    GetParam().change(scene);
-    const QStringList before = everything();
-    qxCaptureRecord record;
-    edits.captureAgain("Blue", record, captureInto);
-    const QStringList after = everything();
-    edits.stack()->undo();
-    EXPECT_EQ(everything(), before);
-    edits.stack()->redo();
-    EXPECT_EQ(everything(), after);
 }
 
 TEST_F(CaptureUndoTest, ASetThatGoesWhileItIsCapturedEndsTheStep)
 {
     scene.addSwitch("Wheels", {"Steel", "Alloy"});
-    const QStringList before = everything();
+    const std::string before = everything();
     const auto captureAndRemove = [](qxVariantSet &set) {
         const QString name = set.name;
         captureInto(set);
         qxVariants::removeVariantSet(name);
     };
-    qxCaptureRecord record;
-    EXPECT_EQ(edits.captureSet("Captured", "Studio", record, captureAndRemove), "");
+    EXPECT_EQ(capture("Studio", captureAndRemove), "");
     ASSERT_NE(qxVariants::findNodeVariant("Wheels"), nullptr);
     edits.stack()->undo();
     EXPECT_EQ(everything(), before) << "the rest is undone";
@@ -180,13 +177,11 @@ TEST_F(CaptureUndoTest, ASetThatGoesWhileItIsCapturedEndsTheStep)
         if (name == std::string("variantSetAdded"))
             qxVariants::removeVariantSet("Captured");
     });
-    qxCaptureRecord second;
-    EXPECT_EQ(edits.captureSet("Captured", QString(), second, captureInto), "");
+    EXPECT_EQ(capture(""), "");
     qxController::removeListener(listener);
     EXPECT_EQ(everything(), before);
 
-    qxCaptureRecord third;
-    edits.captureAgain("Blue", third, captureAndRemove);
+    update(captureAndRemove);
     edits.stack()->undo();
     EXPECT_EQ(qxVariants::findNodeVariant("Wheels"), nullptr);
     EXPECT_EQ(qxVariants::findVariantSet("Blue"), nullptr) << "a script took it away";
@@ -194,9 +189,9 @@ TEST_F(CaptureUndoTest, ASetThatGoesWhileItIsCapturedEndsTheStep)
 
 TEST_F(CaptureUndoTest, ATakenNameIsRefusedWithoutATrace)
 {
-    const QStringList before = everything();
-    qxCaptureRecord record;
-    EXPECT_EQ(edits.captureSet("Red", "Studio", record, captureInto), "");
+    set("Red").name = "Captured";
+    const std::string before = everything();
+    EXPECT_EQ(capture("Studio"), "");
     EXPECT_EQ(everything(), before);
     EXPECT_EQ(edits.stack()->count(), 0);
 }
@@ -205,8 +200,7 @@ TEST_F(CaptureUndoTest, VariantsThatOthersUseOrChangedStayWhenACaptureIsUndone)
 {
     for (const char *name : {"Wheels", "Seats", "Mirrors"})
         scene.addSwitch(name, {"Steel", "Alloy"});
-    qxCaptureRecord record;
-    edits.captureSet("Captured", QString(), record, captureInto);
+    capture("");
     set("Blue").addNodeVariant("Wheels", "Alloy");
     qxVariants::findNodeVariant("Seats")->options.front().shortcut = "S";
     edits.stack()->undo();
@@ -221,14 +215,12 @@ TEST_F(CaptureUndoTest, VariantsThatOthersUseOrChangedStayWhenACaptureIsUndone)
 TEST_F(CaptureUndoTest, ACaptureIsNotHalfUndone)
 {
     scene.addSwitch("Wheels", {"Steel", "Alloy"});
-    qxCaptureRecord first;
-    edits.captureAgain("Blue", first, captureInto);
+    update();
     set("Blue").addNodeVariant("Wheels", "Alloy");
     scene.addSwitch("Seats", {"Cloth", "Leather"});
-    qxCaptureRecord second;
-    edits.captureSet("Captured", "Studio", second, captureInto);
+    capture("Studio");
     set("Captured").name = "Kept";
-    const QStringList left = everything();
+    const std::string left = everything();
     for (int turn = 0; turn < 2; ++turn) {
         edits.stack()->undo();
         EXPECT_EQ(everything(), left);
@@ -242,8 +234,7 @@ TEST_F(CaptureUndoTest, WhatOthersDidSinceStays)
     const TestNode body = scene.addGeometry("Body", scene.addMaterial("Red"));
     captureInto(set("Red"));
     paint("Body", scene.addMaterial("Blue"));
-    qxCaptureRecord record;
-    edits.captureSet("Captured", QString(), record, captureInto);
+    capture("");
     ASSERT_EQ(nameOf(qxNodeUtils::getMaterial(body)), "Red Switch");
     paint("Body", scene.addMaterial("Green"));
     set("Red").addMaterialVariant("Red Switch", "Green");

@@ -7,9 +7,8 @@
 #include "PanelFixture.h"
 #include "qxSetsView.h"
 
-#include <QMainWindow>
-#include <QTest>
-#include <QTreeView>
+#include <QtTest>
+#include <QtWidgets>
 
 /// The docks in a window, used by hand.
 class DockFixture : public PanelFixture {
@@ -20,8 +19,10 @@ protected:
         qxNodeVariant *const variant = qxVariants::createNodeVariant(wheels, true);
         set("Red").add(variant, "Steel");
         set("Blue").add(variant, "Alloy");
-        set("Blue").hotkey = "Ctrl+B";
-        set("Blue").updateShortcut();
+        giveKey(set("Blue"), "Ctrl+B");
+        qxVariantOption &alloy = *variant->find("Alloy");
+        alloy.shortcut = "Ctrl+K";
+        alloy.updateShortcut();
         window.addDockWidget(Qt::RightDockWidgetArea, &sets);
         window.addDockWidget(Qt::LeftDockWidgetArea, &variants);
         window.resize(900, 700);
@@ -30,6 +31,11 @@ protected:
         settle();
     }
 
+    static void giveKey(qxVariantSet &set, const char *key)
+    {
+        set.hotkey = key;
+        set.updateShortcut();
+    }
     QTreeView &list() { return *sets.findChild<QTreeView *>(); }
     /// Puts the cursor on a set as a click does.
     void click(const char *name)

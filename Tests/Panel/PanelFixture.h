@@ -36,21 +36,37 @@ protected:
     }
     static qxVariantSet &set(const char *name) { return *qxVariants::findVariantSet(name); }
 
-    /// Every row with its depth before it, such as "0 Outside", "1 Red".
-    static QStringList rows(const QAbstractItemModel &model,
-                            const QModelIndex &parent = QModelIndex(), int depth = 0)
+    /// The names of sets or groups with commas between them, and the way back.
+    template <class Objects>
+    static QString namesOf(const Objects &objects)
+    {
+        QStringList names;
+        for (const auto *each : objects)
+            names << each->name;
+        return names.join(',');
+    }
+    static QStringList names(const char *joined) { return QString(joined).split(','); }
+    static QString setsOf(const char *group)
+    {
+        return namesOf(qxVariants::findVariantGroup(group)->sets);
+    }
+
+    /// Every row with its depth before it, such as "0 Outside,1 Red".
+    static QString rows(const QAbstractItemModel &model, const QModelIndex &parent = QModelIndex(),
+                        int depth = 0)
     {
         QStringList found;
         for (int row = 0; row < model.rowCount(parent); ++row) {
             const QModelIndex index = model.index(row, 0, parent);
             found << QString::number(depth) + ' ' + index.data().toString();
-            found += rows(model, index, depth + 1);
+            if (model.rowCount(index) > 0)
+                found << rows(model, index, depth + 1);
         }
-        return found;
+        return found.join(',');
     }
 };
 
-inline void PrintTo(const QStringList &list, std::ostream *out)
+inline void PrintTo(const QString &text, std::ostream *out)
 {
-    *out << '"' << list.join("\", \"").toStdString() << '"';
+    *out << '"' << text.toStdString() << '"';
 }
