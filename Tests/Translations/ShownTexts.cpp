@@ -1,14 +1,7 @@
 #include "ShownTexts.h"
 
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAction>
-#include <QComboBox>
 #include <QDomDocument>
-#include <QFile>
-#include <QHeaderView>
-#include <QMenu>
-#include <QTabBar>
+#include <QtWidgets>
 
 namespace {
 
@@ -63,11 +56,6 @@ QRegularExpression pattern(const QString &text)
         QRegularExpression::DotMatchesEverythingOption);
 }
 
-bool matches(const QRegularExpression &expression, const QString &text)
-{
-    return expression.match(text).hasMatch();
-}
-
 } // namespace
 
 ShownTexts textsIn(QWidget &widget)
@@ -88,54 +76,36 @@ Catalogue::Catalogue()
     const QDomNodeList messages = document.elementsByTagName("message");
     for (int number = 0; number < messages.size(); ++number) {
         const QDomElement message = messages.at(number).toElement();
-        const QString context = message.parentNode().firstChildElement("name").text();
         const QDomElement translation = message.firstChildElement("translation");
-        const QRegularExpression english = pattern(message.firstChildElement("source").text());
         const QDomNodeList forms = translation.elementsByTagName("numerusform");
-        for (int form = 0; form < forms.size(); ++form)
-            m_messages.append({context, english, pattern(forms.at(form).toElement().text())});
-        if (forms.isEmpty())
-            m_messages.append({context, english, pattern(translation.text())});
+        for (int form = 0; form < qMax(1, forms.size()); ++form) {
+            const QDomElement german = forms.isEmpty() ? translation : forms.at(form).toElement();
+            contexts << message.parentNode().firstChildElement("name").text();
+            m_texts.append(
+                {pattern(message.firstChildElement("source").text()), pattern(german.text())});
+        }
     }
-}
-
-QVector<Catalogue::Message> Catalogue::messagesOf(const QString &english) const
-{
-    QVector<Message> found;
-    for (const Message &message : m_messages) {
-        if (matches(message.english, english))
-            found.append(message);
-    }
-    return found;
 }
 
 bool Catalogue::isEnglish(const QString &text) const
 {
-    const QVector<Message> found = messagesOf(text);
-    const auto isTheSame = [&](const Message &message) { return matches(message.german, text); };
-    return !found.isEmpty() && std::none_of(found.begin(), found.end(), isTheSame);
-}
-
-bool Catalogue::isTranslation(const QString &german, const QString &english) const
-{
-    const QVector<Message> found = messagesOf(english);
-    return std::any_of(found.begin(), found.end(),
-                       [&](const Message &message) { return matches(message.german, german); });
+    bool isFound = false;
+    for (const auto &each : m_texts) {
+        if (!each.first.match(text).hasMatch())
+            continue;
+        if (each.second.match(text).hasMatch())
+            return false;
+        isFound = true;
+    }
+    return isFound;
 }
 
 QStringList Catalogue::contextsOf(const QString &english) const
 {
     QStringList found;
-    for (const Message &message : messagesOf(english))
-        found << message.context;
-    return found;
-}
-
-QStringList Catalogue::contexts() const
-{
-    QStringList found;
-    for (const Message &message : m_messages)
-        found << message.context;
-    found.removeDuplicates();
+    for (int number = 0; number < m_texts.size(); ++number) {
+        if (m_texts[number].first.match(english).hasMatch())
+            found << contexts[number];
+    }
     return found;
 }

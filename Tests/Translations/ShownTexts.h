@@ -23,20 +23,11 @@ public:
 
     /// Whether the text is an English one that has another translation.
     bool isEnglish(const QString &text) const;
-    /// Whether `german` is the translation of `english`, which is an English text.
-    bool isTranslation(const QString &german, const QString &english) const;
     /// The contexts of the English text.
     QStringList contextsOf(const QString &english) const;
-    QStringList contexts() const;
+
+    QStringList contexts; ///< those of all messages, in their order
 
 private:
-    struct Message {
-        QString context;
-        QRegularExpression english;
-        QRegularExpression german;
-    };
-
-    QVector<Message> messagesOf(const QString &english) const;
-
-    QVector<Message> m_messages;
+    QVector<QPair<QRegularExpression, QRegularExpression>> m_texts; ///< English and German ones
 };

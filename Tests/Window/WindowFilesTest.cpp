@@ -2,23 +2,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "Window/qxSceneView.h"
-#include "Window/qxScriptConsole.h"
 #include "WindowFixture.h"
-
-#include <QAction>
-#include <QDropEvent>
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMimeData>
-#include <QPlainTextEdit>
-#include <QStatusBar>
-#include <QTest>
-#include <QTreeView>
-#include <QUndoStack>
 
 /// Scenes opened, saved and left.
 class WindowFilesTest : public WindowFixture {
@@ -42,53 +26,42 @@ protected:
         return true;
     }
 
-    static QStringList sets()
+    static QString sets() { return namesOf(qxVariants::_variantSets); }
+    /// Chooses a file in the next dialog.
+    void expectFile(const QString &name)
     {
-        QStringList names;
-        for (const qxVariantSet *set : qxVariants::_variantSets)
-            names << set->name;
-        return names;
+        expectDialog([this, name](QDialog &dialog) {
+            dialog.findChild<QLineEdit *>()->setText(path(name));
+            dialog.accept();
+        });
     }
 };
 
-TEST_F(WindowFilesTest, AnOpenSceneShowsItsNodesSetsAndVariants)
-{
-    openDesk();
-    EXPECT_EQ(window->windowTitle(), "desk.gltf[*] - Workbench");
-    EXPECT_FALSE(window->isWindowModified());
-    EXPECT_EQ(tree().model()->index(0, 0).data().toString(), "Desk");
-    EXPECT_EQ(list().model()->index(0, 0).data().toString(), "Work");
-    EXPECT_TRUE(list().isExpanded(list().model()->index(0, 0)));
-    openDemo();
-    EXPECT_EQ(window->windowTitle(), "roadster.gltf[*] - Workbench");
-    EXPECT_EQ(list().model()->index(0, 0).data().toString(), QStringLiteral("Für die Straße"));
-}
+/// Whether the flaw shows only when the scene before is left already.
+class UnopenableFileTest : public WindowFilesTest, public testing::WithParamInterface<bool> {};
 
-struct Unopenable {
-    const char *name;
-    QByteArray bytes;
-    const char *reason;
-
-    friend void PrintTo(const Unopenable &file, std::ostream *out) { *out << file.name; }
-};
-
-class UnopenableFileTest : public WindowFilesTest,
-                           public testing::WithParamInterface<Unopenable> {};
+const char *const damagedScene = R"({"asset":{"version":"2.0"},"nodes":[{"name":"Lone"}],
+    "scenes":[{"nodes":[0],"extras":{"qxVariants":"<Variants><oops"}}]})";
 
 TEST_P(UnopenableFileTest, IsAnErrorAndLeavesTheSceneBeforeOpen)
 {
     openDesk();
-    window->setsDock()->selectSet("Evening");
+    select("Evening");
     type("removeVariantSet('Morning')");
-    const bool isRead = QByteArray(GetParam().name).startsWith("variants");
-    const QString file = GetParam().bytes.isNull() ? path(GetParam().name)
-                                                   : write(GetParam().name, GetParam().bytes);
+    const bool isRead = GetParam();
+    const QString name = isRead ? "damaged.gltf" : "<b>missing.gltf";
+    const QString file = isRead ? write(name, damagedScene) : path(name);
     expectErrors(isRead ? 1 : 0);
-    expectClick("OK");
+    expectDialog([](QDialog &dialog) {
+        for (const QLabel *label : dialog.findChildren<QLabel *>())
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+        dialog.accept();
+    });
     EXPECT_FALSE(window->openFile(file));
     const QString shown = dialogTexts().join('\n');
-    EXPECT_TRUE(shown.contains(QString("\"%1\" cannot be opened.").arg(GetParam().name)));
-    EXPECT_TRUE(shown.contains(GetParam().reason)) << shown.toStdString();
+    const QString reason = isRead ? "the variants document cannot be read" : file;
+    EXPECT_TRUE(shown.contains('"' + name + "\" cannot be opened."));
+    EXPECT_TRUE(shown.contains(reason)) << shown.toStdString();
     EXPECT_EQ(window->windowTitle(), "desk.gltf[*] - Workbench");
     EXPECT_EQ(window->isWindowModified(), !isRead) << "only unread files leave edits";
     EXPECT_EQ(sets().contains("Morning"), isRead);
@@ -99,51 +72,37 @@ TEST_P(UnopenableFileTest, IsAnErrorAndLeavesTheSceneBeforeOpen)
     EXPECT_EQ(sets().contains("Morning"), isRead);
 }
 
-const Unopenable unopenable[] = {
-    {"missing.gltf", QByteArray(), "missing.gltf"},
-    {"text.gltf", "Dear Sir or Madam", "text.gltf"},
-    {"empty.glb", "", "empty.glb"},
-    {"variants.gltf",
-     R"({"asset":{"version":"2.0"},"nodes":[{"name":"Lone"}],
-         "scenes":[{"nodes":[0],"extras":{"qxVariants":"<Variants><oops"}}]})",
-     "the variants document cannot be read"},
-};
-INSTANTIATE_TEST_SUITE_P(All, UnopenableFileTest, testing::ValuesIn(unopenable));
+INSTANTIATE_TEST_SUITE_P(MissingAndDamaged, UnopenableFileTest, testing::Bool());
 
 TEST_F(WindowFilesTest, AnUnreadableDocumentWithNothingBeforeLeavesAnEmptyUsableWindow)
 {
     expectErrors(1);
     expectClick("OK");
-    EXPECT_FALSE(window->openFile(write("damaged.gltf", unopenable[3].bytes)));
+    EXPECT_FALSE(window->openFile(write("damaged.gltf", damagedScene)));
     EXPECT_EQ(window->windowTitle(), "Workbench[*]");
     EXPECT_FALSE(window->isWindowModified());
     EXPECT_EQ(tree().model()->rowCount(), 0);
     openDesk();
-    EXPECT_EQ(sets().size(), 3);
+    EXPECT_EQ(sets(), "Morning,Evening,Leer geräumt");
 }
 
 TEST_F(WindowFilesTest, OnlyWhatASaveWouldChangeIsUnsaved)
 {
     openDesk();
-    window->setsDock()->selectSet("Evening");
-    settle();
-    EXPECT_TRUE(window->isWindowModified()) << "the scene stands another way";
+    EXPECT_FALSE(isUnsaved());
+    select("Evening");
+    EXPECT_TRUE(isUnsaved()) << "the scene stands another way";
     window->goBack();
-    settle();
-    EXPECT_FALSE(window->isWindowModified());
+    EXPECT_FALSE(isUnsaved());
     goTo("Morning");
     press(Qt::Key_Delete);
-    settle();
-    EXPECT_TRUE(window->isWindowModified());
+    EXPECT_TRUE(isUnsaved());
     press(Qt::Key_Z, Qt::ControlModifier);
-    settle();
-    EXPECT_FALSE(window->isWindowModified());
+    EXPECT_FALSE(isUnsaved());
     type("made = createVariantSet('Noon', 'Work')");
-    settle();
-    EXPECT_TRUE(window->isWindowModified());
+    EXPECT_TRUE(isUnsaved());
     type("removeVariantSet('Noon')");
-    settle();
-    EXPECT_FALSE(window->isWindowModified());
+    EXPECT_FALSE(isUnsaved());
     const QModelIndex lamp = tree().model()->index(1, 0);
     tree().model()->setData(lamp, Qt::Unchecked, Qt::CheckStateRole);
     EXPECT_FALSE(window->isWindowModified()) << "comparing waits for an idle moment";
@@ -153,59 +112,35 @@ TEST_F(WindowFilesTest, OnlyWhatASaveWouldChangeIsUnsaved)
     EXPECT_EQ(lamp.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
 }
 
-TEST_F(WindowFilesTest, NamesOfFilesAreNoMarkup)
-{
-    expectDialog([](QDialog &dialog) {
-        for (const QLabel *label : dialog.findChildren<QLabel *>())
-            EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
-        dialog.reject();
-    });
-    EXPECT_FALSE(window->openFile(path("<b>missing.gltf")));
-}
-
-struct Leaving {
-    const char *button;
-    bool isLeft;
-    bool isSaved;
-
-    friend void PrintTo(const Leaving &way, std::ostream *out) { *out << way.button; }
-};
-
-class LeavingTest : public WindowFilesTest, public testing::WithParamInterface<Leaving> {
-protected:
-    bool isSaved()
-    {
-        QFile file(path("desk.gltf"));
-        return file.open(QIODevice::ReadOnly) && file.readAll().contains("Half typed");
-    }
-};
+class LeavingTest : public WindowFilesTest, public testing::WithParamInterface<const char *> {};
 
 TEST_P(LeavingTest, UnsavedChangesAreAskedForAtEveryWayOut)
 {
+    const QString button = GetParam();
     openDesk();
     const QString other = write("other.gltf", R"({"asset":{"version":"2.0"}})");
     goTo("Morning");
     auto *const comment = window->setsDock()->findChildren<QPlainTextEdit *>().first();
     comment->setFocus();
     QTest::keyClicks(comment, "Half typed ");
-    expectClick(GetParam().button);
+    expectClick(button);
     ASSERT_TRUE(drop({path("notes.txt"), other, path("third.glb")}));
     EXPECT_EQ(dialogTexts().filter("unsaved"), QStringList("\"desk.gltf\" has unsaved changes."));
-    EXPECT_EQ(QFileInfo(window->filePath()).fileName() == "other.gltf", GetParam().isLeft);
-    EXPECT_EQ(isSaved(), GetParam().isSaved);
-    if (GetParam().isLeft) {
+    EXPECT_EQ(QFileInfo(window->filePath()).fileName() == "other.gltf", button != "Cancel");
+    QFile before(path("desk.gltf"));
+    ASSERT_TRUE(before.open(QIODevice::ReadOnly));
+    EXPECT_EQ(before.readAll().contains("Half typed"), button == "Save");
+    if (button != "Cancel") {
         EXPECT_TRUE(window->statusBar()->currentMessage().contains("One scene"));
         return;
     }
     EXPECT_TRUE(window->isWindowModified());
-    expectClick(GetParam().button);
+    expectClick(button);
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(window->isVisible());
 }
 
-const Leaving waysOut[] = {
-    {"Save", true, true}, {"Discard", true, false}, {"Cancel", false, false}};
-INSTANTIATE_TEST_SUITE_P(All, LeavingTest, testing::ValuesIn(waysOut));
+INSTANTIATE_TEST_SUITE_P(All, LeavingTest, testing::Values("Save", "Discard", "Cancel"));
 
 TEST_F(WindowFilesTest, AFailedSaveIsAnErrorAndTheWindowStaysOpen)
 {
@@ -224,21 +159,18 @@ TEST_F(WindowFilesTest, AFailedSaveIsAnErrorAndTheWindowStaysOpen)
 TEST_F(WindowFilesTest, SaveAsAddsTheSuffixAndTheFileIsTheOpenOneFromThenOn)
 {
     openDesk();
-    window->setsDock()->selectSet(QStringLiteral("Leer geräumt"));
-    expectDialog([this](QDialog &dialog) {
-        dialog.findChild<QLineEdit *>()->setText(path("copy"));
-        dialog.accept();
-    });
+    select("Leer geräumt");
+    expectFile("copy");
     action("Save As...")->trigger();
     EXPECT_EQ(window->filePath(), path("copy.gltf"));
     EXPECT_FALSE(window->isWindowModified());
     type("removeVariantSet('Morning')");
     action("Save")->trigger();
     ASSERT_TRUE(window->openFile(path("copy.gltf")));
-    EXPECT_EQ(sets(), (QStringList{"Evening", QStringLiteral("Leer geräumt")}));
+    EXPECT_EQ(sets(), "Evening,Leer geräumt");
     EXPECT_EQ(qxVariants::findNodeVariant("Desk")->onCurrent(), "!None");
     ASSERT_TRUE(window->openFile(path("desk.gltf")));
-    EXPECT_EQ(sets().size(), 3) << "the first file is as it was";
+    EXPECT_EQ(sets(), "Morning,Evening,Leer geräumt") << "the first file is as it was";
 }
 
 TEST_F(WindowFilesTest, SetsMadeWithoutASceneAreNotLostUnasked)
@@ -248,28 +180,27 @@ TEST_F(WindowFilesTest, SetsMadeWithoutASceneAreNotLostUnasked)
     EXPECT_FALSE(window->close());
     EXPECT_EQ(dialogTexts().filter("unsaved"), QStringList("The scene has unsaved changes."));
     expectClick("Save");
-    expectDialog([this](QDialog &dialog) {
-        dialog.findChild<QLineEdit *>()->setText(path("new.glb"));
-        dialog.accept();
-    });
+    expectFile("new.glb");
     EXPECT_TRUE(window->close());
     makeWindow();
     ASSERT_TRUE(window->openFile(path("new.glb")));
-    EXPECT_EQ(sets(), QStringList("Lone"));
+    EXPECT_EQ(sets(), "Lone");
 }
 
 TEST_F(WindowFilesTest, TheLastFilesAreRememberedNewestFirst)
 {
+    const auto recent = [this] {
+        emit window->recentMenu()->aboutToShow();
+        return window->recentMenu()->actions();
+    };
     const QString other = write("R&D.gltf", R"({"asset":{"version":"2.0"}})");
-    emit window->recentMenu()->aboutToShow();
-    ASSERT_EQ(window->recentMenu()->actions().size(), 1);
-    EXPECT_FALSE(window->recentMenu()->actions().first()->isEnabled());
+    ASSERT_EQ(recent().size(), 1);
+    EXPECT_FALSE(recent().first()->isEnabled());
     openDesk();
     ASSERT_TRUE(window->openFile(other));
     openDesk();
     makeWindow();
-    emit window->recentMenu()->aboutToShow();
-    const QList<QAction *> entries = window->recentMenu()->actions();
+    const QList<QAction *> entries = recent();
     ASSERT_EQ(entries.size(), 2);
     EXPECT_EQ(entries[0]->text(), "&1 desk.gltf");
     EXPECT_EQ(entries[1]->text(), "&2 R&&D.gltf");
@@ -279,14 +210,13 @@ TEST_F(WindowFilesTest, TheLastFilesAreRememberedNewestFirst)
 
 TEST_F(WindowFilesTest, TheLayoutIsRemembered)
 {
-    auto *const log = window->findChild<QDockWidget *>("log");
-    log->hide();
-    window->addDockWidget(Qt::RightDockWidgetArea, window->findChild<QDockWidget *>("scene"));
+    const auto dock = [this](const char *name) { return window->findChild<QDockWidget *>(name); };
+    dock("log")->hide();
+    window->addDockWidget(Qt::RightDockWidgetArea, dock("scene"));
     window->resize(1000, 640);
     window->close();
     makeWindow();
     EXPECT_EQ(window->size(), QSize(1000, 640));
-    EXPECT_FALSE(window->findChild<QDockWidget *>("log")->isVisible());
-    EXPECT_EQ(window->dockWidgetArea(window->findChild<QDockWidget *>("scene")),
-              Qt::RightDockWidgetArea);
+    EXPECT_FALSE(dock("log")->isVisible());
+    EXPECT_EQ(window->dockWidgetArea(dock("scene")), Qt::RightDockWidgetArea);
 }

@@ -1,24 +1,10 @@
 #include "WindowFixture.h"
 
+#include "Pictures/qxMainGlView.h"
 #include "Window/qxScriptConsole.h"
 #include "Window/qxUnsavedChanges.h"
 #include "qxLog.h"
-#include "qxSetsView.h"
-
-#include <QAbstractButton>
-#include <QApplication>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QLabel>
-#include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QPointer>
-#include <QProgressDialog>
-#include <QSettings>
-#include <QTest>
-#include <QTreeView>
+#include "qxRaytracingManager.h"
 
 namespace {
 
@@ -40,8 +26,8 @@ WindowFixture::WindowFixture()
         if (level == qxLog::Error)
             m_errors << QString::fromStdString(line);
     });
-    m_watch.callOnTimeout([this] { answerDialog(); });
-    m_watch.start(10);
+    dialogWatch.callOnTimeout([this] { answerDialog(); });
+    dialogWatch.start(10);
     makeWindow();
 }
 
@@ -49,6 +35,8 @@ WindowFixture::~WindowFixture()
 {
     window.reset();
     qxLog::removeListener(m_listener);
+    qxOSGWidget::setRaytracing(false);
+    qxRaytracingManager::getRaytracingUtils()->setImageQuality(16);
     EXPECT_EQ(m_errors.size(), m_expectedErrors) << m_errors.join("").toStdString();
     EXPECT_EQ(m_answers.size(), 0u) << "a dialog did not come";
 }
@@ -77,28 +65,47 @@ QString WindowFixture::write(const QString &name, const QByteArray &bytes) const
     return path(name);
 }
 
-QString WindowFixture::desk() const
-{
-    const QString folder = QStringLiteral(QX_TEST_DATA "/Scenes/");
-    QJsonObject json = QJsonDocument::fromJson(bytesOf(folder + "desk.gltf")).object();
-    QJsonArray scenes = json["scenes"].toArray();
-    QJsonObject scene = scenes[0].toObject();
-    const QString document = QString::fromUtf8(bytesOf(folder + "desk.xml"));
-    scene["extras"] = QJsonObject{{"qxVariants", document}};
-    scenes[0] = scene;
-    json["scenes"] = scenes;
-    return write("desk.gltf", QJsonDocument(json).toJson());
-}
-
 void WindowFixture::openDesk()
 {
-    ASSERT_TRUE(window->openFile(desk()));
+    const QString folder = QStringLiteral(QX_TEST_DATA "/Scenes/");
+    const QString document = QString::fromUtf8(bytesOf(folder + "desk.xml"));
+    const QJsonDocument extras(QJsonObject{{"qxVariants", document}});
+    QByteArray scene = bytesOf(folder + "desk.gltf");
+    scene.replace("\"scenes\": [{", "\"scenes\": [{\"extras\": " + extras.toJson() + ',');
+    ASSERT_TRUE(window->openFile(write("desk.gltf", scene)));
     settle();
 }
 
 void WindowFixture::openDemo()
 {
     ASSERT_TRUE(window->openFile(QX_DEMO_SCENE));
+    settle();
+}
+
+void WindowFixture::openTwins()
+{
+    ASSERT_TRUE(window->openFile(write("twins.gltf", R"({"asset":{"version":"2.0"},
+        "scenes":[{"nodes":[0,1]}],"nodes":[
+        {"name":"Wheels","children":[2],"extras":{"qxSwitch":0}},
+        {"name":"Wheels","children":[3],"extras":{"qxSwitch":0}},
+        {"name":"Steel"},{"name":"Alloy"}]})")));
+}
+
+QImage WindowFixture::finishedPicture() const
+{
+    EXPECT_TRUE(QTest::qWaitFor([] { return !qxMainGlView::the()->isRefining(); }, 60000));
+    return window->sceneView()->grab().toImage();
+}
+
+bool WindowFixture::isUnsaved() const
+{
+    settle();
+    return window->isWindowModified();
+}
+
+void WindowFixture::select(const QString &set) const
+{
+    window->setsDock()->selectSet(set);
     settle();
 }
 

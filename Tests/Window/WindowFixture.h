@@ -2,20 +2,16 @@
 
 #include "qxVariantSetsDock.h"
 
+#include "Window/qxSceneView.h"
 #include "Window/qxWorkbenchWindow.h"
+#include "qxSetsView.h"
 
-#include <QDialog>
-#include <QPointer>
-#include <QTemporaryDir>
-#include <QTimer>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <gtest/gtest.h>
 
 #include <functional>
-
-class QAction;
-class QPlainTextEdit;
-class QTreeView;
 
 /// A test with the program's window, a folder for its files and settings of its own.
 ///
@@ -35,9 +31,14 @@ protected:
     QString path(const QString &name) const { return m_folder.filePath(name); }
     QString write(const QString &name, const QByteArray &bytes) const;
     /// A small scene of switches with sets "Morning" (Ctrl+1), "Evening" and "Leer geräumt".
-    QString desk() const;
     void openDesk();
     void openDemo();
+    /// Two switches of one name.
+    void openTwins();
+    /// The picture of the scene once nothing more comes.
+    QImage finishedPicture() const;
+    bool isUnsaved() const;
+    void select(const QString &set) const;
 
     /// The next dialog is answered by `answer`, those of more calls in their order.
     void expectDialog(const Answer &answer) { m_answers.push_back(answer); }
@@ -47,6 +48,15 @@ protected:
     const QStringList &dialogTexts() const { return m_dialogTexts; }
     void expectErrors(int count) { m_expectedErrors = count; }
 
+    /// The names of sets with commas between them.
+    template <class Sets>
+    static QString namesOf(const Sets &sets)
+    {
+        QStringList names;
+        for (const auto *set : sets)
+            names << set->name;
+        return names.join(',');
+    }
     QAction *action(const QString &text) const;
     QTreeView &list() const;
     QTreeView &tree() const;
@@ -58,12 +68,12 @@ protected:
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
     std::unique_ptr<qxWorkbenchWindow> window;
+    QTimer dialogWatch; ///< looks for dialogs that are to be answered as it was expected
 
 private:
     void answerDialog();
 
     QTemporaryDir m_folder;
-    QTimer m_watch;
     std::vector<Answer> m_answers;
     QPointer<QDialog> m_answered;
     QStringList m_dialogTexts;
@@ -75,9 +85,4 @@ private:
 inline void PrintTo(const QString &text, std::ostream *out)
 {
     *out << '"' << text.toStdString() << '"';
-}
-
-inline void PrintTo(const QStringList &list, std::ostream *out)
-{
-    *out << '"' << list.join("\", \"").toStdString() << '"';
 }

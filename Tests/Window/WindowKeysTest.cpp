@@ -1,17 +1,8 @@
 #include "qxVariantsDock.h"
 
 #include "Window/qxLogView.h"
-#include "Window/qxSceneView.h"
 #include "Window/qxScriptConsole.h"
 #include "WindowFixture.h"
-#include "qxSetsView.h"
-
-#include <QAction>
-#include <QContextMenuEvent>
-#include <QMenu>
-#include <QPlainTextEdit>
-#include <QTest>
-#include <QTreeView>
 
 /// The window without a mouse.
 class WindowKeysTest : public WindowFixture {
@@ -24,11 +15,6 @@ protected:
                 &list(),
                 window->findChild<qxLogView *>(),
                 window->console()->input()};
-    }
-    static bool isForKeys(const QWidget &field)
-    {
-        return field.isVisible() && field.isEnabled() && field.focusPolicy() & Qt::TabFocus
-            && !field.focusProxy();
     }
     /// Everything that has the focus, one after the other, until it is back at the beginning.
     QList<QWidget *> wayOf(Qt::Key key)
@@ -56,12 +42,11 @@ TEST_F(WindowKeysTest, TabLeadsThroughEverythingAndBackAgain)
         const QList<QWidget *> way = wayOf(Qt::Key_Tab);
         for (QWidget *pane : panes())
             EXPECT_TRUE(way.contains(pane)) << pane->metaObject()->className();
-        for (const QWidget *field : window->setsDock()->findChildren<QWidget *>()) {
-            if (!isForKeys(*field))
-                continue;
-            const bool isReached =
-                way.contains(const_cast<QWidget *>(field)) || way.contains(field->parentWidget());
-            EXPECT_TRUE(isReached) << field->metaObject()->className();
+        for (QWidget *field : window->setsDock()->findChildren<QWidget *>()) {
+            const bool isForKeys = field->isVisible() && field->isEnabled()
+                && field->focusPolicy() & Qt::TabFocus && !field->focusProxy();
+            EXPECT_TRUE(!isForKeys || way.contains(field) || way.contains(field->parentWidget()))
+                << field->metaObject()->className();
         }
         EXPECT_GE(wayOf(Qt::Key_Backtab).size(), way.size());
     }
@@ -108,6 +93,11 @@ TEST_F(WindowKeysTest, TheMenuKeyOffersWhatCanBeDoneWithASet)
 TEST_F(WindowKeysTest, TheConsoleRemembersAndCompletes)
 {
     QPlainTextEdit &input = *window->console()->input();
+    const auto enter = [&input](const char *text, Qt::Key key) {
+        input.setPlainText(text);
+        input.moveCursor(QTextCursor::End);
+        QTest::keyClick(&input, key);
+    };
     type("first = 'a'");
     type("second = 'b'");
     input.setFocus();
@@ -119,13 +109,9 @@ TEST_F(WindowKeysTest, TheConsoleRemembersAndCompletes)
     press(Qt::Key_Down);
     press(Qt::Key_Down);
     EXPECT_EQ(input.toPlainText(), "half");
-    input.setPlainText("x = getVariantG");
-    input.moveCursor(QTextCursor::End);
-    press(Qt::Key_Tab);
+    enter("x = getVariantG", Qt::Key_Tab);
     EXPECT_TRUE(input.toPlainText().startsWith("x = getVariantGroups"));
-    input.setPlainText("for i in range(2):");
-    input.moveCursor(QTextCursor::End);
-    press(Qt::Key_Return);
+    enter("for i in range(2):", Qt::Key_Return);
     press(Qt::Key_Tab);
     QTest::keyClicks(&input, "print(i)");
     press(Qt::Key_Return);

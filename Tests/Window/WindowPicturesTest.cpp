@@ -1,23 +1,7 @@
 #include "qxVariantsDock.h"
 
-#include "Window/qxSceneView.h"
 #include "Window/qxScriptConsole.h"
 #include "WindowFixture.h"
-#include "qxSetsView.h"
-
-#include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
-#include <QDir>
-#include <QGroupBox>
-#include <QLabel>
-#include <QPainter>
-#include <QPlainTextEdit>
-#include <QProcess>
-#include <QSet>
-#include <QTest>
-#include <QToolButton>
-#include <QTreeView>
 
 /// Pictures of the window as people see it, in the folder QX_WINDOW_PICTURES or in one that goes
 /// with the test.
@@ -32,7 +16,7 @@ protected:
             m_folder += QStringLiteral("/high");
         QDir().mkpath(m_folder);
         if (!folder.isEmpty())
-            waitForFinePicture();
+            finishedPicture();
     }
 
     /// Takes the picture of the window, with the dialog in front of it.
@@ -60,19 +44,16 @@ protected:
         }
     }
 
-private:
-    void waitForFinePicture()
+    /// Answers the next dialog with a picture of it.
+    void expectPicture(const QString &name)
     {
-        QImage before;
-        for (int wait = 0; wait < 20; ++wait) {
-            QTest::qWait(2000);
-            const QImage now = window->sceneView()->grab().toImage();
-            if (now == before)
-                return;
-            before = now;
-        }
+        expectDialog([this, name](QDialog &dialog) {
+            take(name, &dialog);
+            dialog.reject();
+        });
     }
 
+private:
     static int coloursOf(const QImage &picture)
     {
         QSet<QRgb> colours;
@@ -109,14 +90,12 @@ TEST_F(WindowPicturesTest, ListAndGallery)
     goTo("Rubinrot");
     take("list");
     window->setsDock()->findChild<QToolButton *>("gallery")->click();
-    settle();
     take("gallery");
 }
 
 TEST_F(WindowPicturesTest, ScriptsAndConnectedVariants)
 {
-    window->setsDock()->selectSet("Winterfest");
-    settle();
+    select("Winterfest");
     action("Show Connected Variants")->trigger();
     window->console()->setFocus();
     type("sorted(getVariantGroups())");
@@ -129,26 +108,13 @@ TEST_F(WindowPicturesTest, ScriptsAndConnectedVariants)
 
 TEST_F(WindowPicturesTest, Dialogs)
 {
-    expectDialog([this](QDialog &dialog) {
-        take("capture", &dialog);
-        dialog.reject();
-    });
+    expectPicture("capture");
     action("Capture...")->trigger();
-    expectDialog([this](QDialog &dialog) {
-        take("error", &dialog);
-        dialog.accept();
-    });
+    expectPicture("error");
     window->openFile(write("broken.gltf", "{\"asset\": "));
-    ASSERT_TRUE(window->openFile(write("twins.gltf", R"({"asset":{"version":"2.0"},
-        "scenes":[{"nodes":[0,1]}],"nodes":[
-        {"name":"Wheels","children":[2],"extras":{"qxSwitch":0}},
-        {"name":"Wheels","children":[3],"extras":{"qxSwitch":0}},
-        {"name":"Steel"},{"name":"Alloy"}]})")));
+    openTwins();
     expectClick("Capture");
-    expectDialog([this](QDialog &dialog) {
-        take("ambiguity", &dialog);
-        dialog.reject();
-    });
+    expectPicture("ambiguity");
     action("Capture...")->trigger();
 }
 
@@ -157,25 +123,8 @@ TEST_F(WindowPicturesTest, German)
     action("Deutsch")->trigger();
     goTo("Rubinrot");
     take("german");
-    expectDialog([this](QDialog &dialog) {
-        take("german-capture", &dialog);
-        dialog.reject();
-    });
+    expectPicture("german-capture");
     action(QStringLiteral("Erfassen …"))->trigger();
-}
-
-TEST_F(WindowPicturesTest, DarkColours)
-{
-    QPalette dark(QColor(60, 60, 64), QColor(45, 45, 48));
-    dark.setColor(QPalette::Base, QColor(32, 32, 34));
-    dark.setColor(QPalette::Highlight, QColor(60, 110, 180));
-    const QPalette before = QApplication::palette();
-    QApplication::setPalette(dark);
-    goTo("Rubinrot");
-    take("dark");
-    window->setsDock()->findChild<QToolButton *>("gallery")->click();
-    take("dark-gallery");
-    QApplication::setPalette(before);
 }
 
 /// The factor holds for a whole run of the program, so it is another run.

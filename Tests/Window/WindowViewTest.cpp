@@ -1,42 +1,18 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "Pictures/qxMainGlView.h"
 #include "Pictures/qxPictureProgress.h"
 #include "Window/qxOrbit.h"
-#include "Window/qxSceneView.h"
 #include "WindowFixture.h"
-#include "qxOSGWidget.h"
 #include "qxRaytracingManager.h"
 #include "qxSceneState.h"
-#include "qxSetsView.h"
 #include "qxUberCameraPool.h"
-
-#include <QAction>
-#include <QMouseEvent>
-#include <QProgressDialog>
-#include <QSignalSpy>
-#include <QTest>
-#include <QUndoStack>
 
 #include <algorithm>
 
 /// The picture of the scene, while a hand is on it and afterwards.
 class WindowViewTest : public WindowFixture {
 protected:
-    ~WindowViewTest() override
-    {
-        qxOSGWidget::setRaytracing(false);
-        qxRaytracingManager::getRaytracingUtils()->setImageQuality(16);
-    }
-
-    /// The picture once nothing more comes.
-    QImage finished()
-    {
-        EXPECT_TRUE(QTest::qWaitFor([] { return !qxMainGlView::the()->isRefining(); }, 60000));
-        return window->sceneView()->grab().toImage();
-    }
-
     void drag(Qt::MouseButton button, const QPoint &way)
     {
         qxSceneView *const view = window->sceneView();
@@ -54,10 +30,10 @@ protected:
 TEST_F(WindowViewTest, ThePictureFollowsHandAndKeysAndHomeLeadsBack)
 {
     openDemo();
-    const QImage atHome = finished();
+    const QImage atHome = finishedPicture();
     QImage before = atHome;
     const auto changes = [&](const char *how) {
-        const QImage now = finished();
+        const QImage now = finishedPicture();
         EXPECT_NE(now, before) << how;
         before = now;
     };
@@ -70,7 +46,7 @@ TEST_F(WindowViewTest, ThePictureFollowsHandAndKeysAndHomeLeadsBack)
     QTest::keyClick(window->sceneView(), Qt::Key_Left);
     changes("turned by a key");
     QTest::keyClick(window->sceneView(), Qt::Key_Home);
-    EXPECT_EQ(finished(), atHome);
+    EXPECT_EQ(finishedPicture(), atHome);
 }
 
 TEST_F(WindowViewTest, AViewFromStraightAboveStaysOneWhenTheSceneIsFittedAndTurnsFromThere)
@@ -94,16 +70,16 @@ TEST_F(WindowViewTest, AViewFromStraightAboveStaysOneWhenTheSceneIsFittedAndTurn
 TEST_F(WindowViewTest, AStillPictureIsRefinedAndTheStatusLineTellsHowFarItIs)
 {
     openDesk();
-    const QImage quick = finished();
+    const QImage quick = finishedPicture();
     qxRaytracingManager::getRaytracingUtils()->setImageQuality(4);
     QSignalSpy texts(window->sceneView(), &qxSceneView::progressed);
     action("Ray Tracing")->trigger();
-    EXPECT_NE(finished(), quick);
+    EXPECT_NE(finishedPicture(), quick);
     ASSERT_FALSE(texts.empty());
     EXPECT_EQ(texts.first().first().toString(), "Refining: 0 %");
     EXPECT_EQ(texts.last().first().toString(), "");
     action("Ray Tracing")->trigger();
-    EXPECT_EQ(finished(), quick);
+    EXPECT_EQ(finishedPicture(), quick);
 }
 
 TEST_F(WindowViewTest, APreviewThatTakesLongShowsThatAndCanBeCancelled)
@@ -124,42 +100,32 @@ TEST_F(WindowViewTest, APreviewThatTakesLongShowsThatAndCanBeCancelled)
     EXPECT_TRUE(display(1));
 }
 
-TEST_F(WindowViewTest, ACancelledPreviewLeavesTheOldOne)
-{
-    openDesk();
-    window->setsDock()->selectSet("Morning");
-    goTo("Morning");
-    qxVariantSet *const set = qxVariants::findVariantSet("Morning");
-    set->setPreview("old");
-    const qxPictureProgress::Display display = qxPictureProgress::display();
-    qxPictureProgress::setDisplay([](double) { return false; });
-    action("New Preview")->trigger();
-    EXPECT_EQ(set->getPreview(), "old");
-    expectClick("Update");
-    action("Update from Scene...")->trigger();
-    EXPECT_EQ(set->getPreview(), "old");
-    qxPictureProgress::setDisplay(display);
-    action("New Preview")->trigger();
-    EXPECT_TRUE(set->getPreview().startsWith("\x89PNG"));
-}
-
-TEST_F(WindowViewTest, APreviewOfASetThatIsNotShownIsAskedFor)
+TEST_F(WindowViewTest, APreviewOfASetThatIsNotShownIsAskedForAndACancelledOneLeavesTheOld)
 {
     openDemo();
-    window->setsDock()->selectSet("Stadtwagen");
-    settle();
+    select("Stadtwagen");
     goTo("Speedster");
-    const auto preview = [] { return qxVariants::findVariantSet("Speedster")->getPreview(); };
+    const auto previewBy = [this](const char *step) {
+        action(step)->trigger();
+        return qxVariants::findVariantSet("Speedster")->getPreview();
+    };
     expectClick("Cancel");
-    action("New Preview")->trigger();
-    EXPECT_TRUE(preview().isEmpty());
+    EXPECT_TRUE(previewBy("New Preview").isEmpty());
     expectClick("Picture What Is Shown");
-    action("New Preview")->trigger();
-    const QByteArray asShown = preview();
+    const QByteArray asShown = previewBy("New Preview");
     expectClick("Select It for the Picture");
-    action("New Preview")->trigger();
-    EXPECT_TRUE(asShown.startsWith("\x89PNG") && preview().startsWith("\x89PNG"));
-    EXPECT_NE(QImage::fromData(preview()), QImage::fromData(asShown));
+    const QByteArray selected = previewBy("New Preview");
+    EXPECT_TRUE(asShown.startsWith("\x89PNG") && selected.startsWith("\x89PNG"));
+    EXPECT_NE(QImage::fromData(selected), QImage::fromData(asShown));
+
+    const qxPictureProgress::Display display = qxPictureProgress::display();
+    qxPictureProgress::setDisplay([](double) { return false; });
+    expectClick("Picture What Is Shown");
+    EXPECT_EQ(previewBy("New Preview"), selected);
+    expectClick("Update");
+    EXPECT_EQ(previewBy("Update from Scene..."), selected);
+    qxPictureProgress::setDisplay(display);
+    EXPECT_EQ(previewBy("New Preview"), asShown) << "now it is shown";
 }
 
 TEST_F(WindowViewTest, PreviewsOfAllSetsLeaveTheSceneAloneAndAreOneStep)
