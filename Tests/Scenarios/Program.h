@@ -1,11 +1,14 @@
 #pragma once
 
+#include "TestFiles.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+class QProcess;
 
 /// What a run of the program left behind.
 struct ProgramRun {
@@ -20,36 +23,45 @@ struct ProgramRun {
 };
 
 /// A test that runs the program as a person in front of a shell would, in a folder of its own.
-class ProgramFixture : public testing::Test {
+class ProgramFixture : public testing::Test, protected TestFolder {
 protected:
     /// Runs it with these arguments and waits for its end; it reads `input`.
     static ProgramRun workbench(const QStringList &arguments,
                                 const QByteArray &input = QByteArray());
-    /// Runs it and fails the test unless the exit code is 0.
-    static ProgramRun done(const QStringList &arguments, const QByteArray &input = QByteArray());
+    /// Runs it and fails the test unless the exit code is this one.
+    static ProgramRun exits(int code, const QStringList &arguments,
+                            const QByteArray &input = QByteArray());
+    static ProgramRun done(const QStringList &arguments, const QByteArray &input = QByteArray())
+    {
+        return exits(0, arguments, input);
+    }
+    static ProgramRun failed(const QStringList &arguments) { return exits(1, arguments); }
     /// Runs it and fails the test unless it ends with `code`, prints nothing, and gives `reason`
     /// in its words on standard error.
     static void refused(int code, const QStringList &arguments, const QByteArray &reason);
+    /// Waits for the end of a started program.
+    static ProgramRun ended(QProcess &program);
 
-    QString path(const QString &name) const { return folder.filePath(name); }
-    /// Writes a file into the test's folder and returns its path.
-    QString write(const QString &name, const QByteArray &bytes) const;
-    /// A small scene, Tests/Data/Scenes/desk.gltf, with this variants document.
-    QString desk(const QByteArray &document) const;
-    QString desk() const;
-
-    QTemporaryDir folder;
+    QString desk(const QByteArray &document = QByteArray()) const
+    {
+        return write("desk.gltf", sceneWith("desk", document));
+    }
+    /// The desk with one set, "Only", of these elements, and with what follows it.
+    QString deskWithSet(const QByteArray &elements, const QByteArray &more = QByteArray()) const
+    {
+        return desk("<Variants><VariantSet name='Only'>" + elements + "</VariantSet>" + more
+                    + "</Variants>");
+    }
 };
 
-QByteArray bytesOf(const QString &path);
+/// The JSON of this text.
+QJsonDocument parsed(const QByteArray &text);
 /// The JSON of a .gltf or of a .glb.
 QJsonValue sceneJson(const QString &path);
-/// JSON pointers to everything that one has and the other has not, or has differently.
+/// JSON pointers to every value that one has and the other has not, or has differently.
 QStringList differences(const QJsonValue &one, const QJsonValue &other,
                         const QString &pointer = QString());
-/// How failed expectations show texts.
-void PrintTo(const QString &text, std::ostream *out);
-void PrintTo(const QByteArray &text, std::ostream *out);
-
 /// The variants document of a scene file.
 QByteArray documentOf(const QString &path);
+/// How failed expectations show JSON.
+void PrintTo(const QJsonDocument &json, std::ostream *out);

@@ -20,20 +20,44 @@
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
-#include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace {
 
-osg::NodePtr append(const std::string &name, const osg::NodeCorePtr &core,
-                    const osg::NodePtr &parent)
+/// The object as a switch of that type; anything else ends the test.
+template <class Switch, class Object>
+Switch asSwitch(const Object &object, const std::string &name)
 {
-    const osg::NodePtr node = osg::makeNodeFor(core);
-    if (!name.empty())
-        osg::setName(node, name);
+    const Switch found = Switch::dcast(object);
+    if (found == osg::NullFC)
+        throw std::logic_error(name + " is no switch");
+    return found;
+}
+
+TestNode place(const osg::NodePtr &node, const osg::NodePtr &parent)
+{
     const osg::NodePtr above = parent == osg::NullFC ? qxScenegraph::getRoot() : parent;
     const osg::CPEditor edit(above, osg::Node::ChildrenFieldMask);
     above->addChild(node);
     return node;
+}
+
+TestNode append(const std::string &name, const osg::NodeCorePtr &core, const osg::NodePtr &parent)
+{
+    const osg::NodePtr node = osg::makeNodeFor(core);
+    if (!name.empty())
+        osg::setName(node, name);
+    return place(node, parent);
+}
+
+TestMaterial addToPool(const std::string &name, const osg::MaterialPtr &material)
+{
+    if (!name.empty())
+        osg::setName(material, name);
+    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
+    const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
+    pool->add(material);
+    return material;
 }
 
 /// The clone's own names, which the scene graph leaves out.
@@ -72,11 +96,8 @@ TestNode TestNode::child(unsigned int index) const
 int TestNode::choice() const
 {
     const auto transform = osg::SwitchComponentTransformPtr::dcast(core());
-    if (transform != osg::NullFC)
-        return int(transform->getChoice());
-    const osg::SwitchPtr choices = osg::SwitchPtr::dcast(core());
-    EXPECT_TRUE(choices != osg::NullFC) << name() << " is no switch";
-    return choices == osg::NullFC ? 0 : choices->getChoice();
+    return transform != osg::NullFC ? int(transform->getChoice())
+                                    : asSwitch<osg::SwitchPtr>(core(), name())->getChoice();
 }
 
 const TestNode &TestNode::choose(int choice) const
@@ -87,10 +108,7 @@ const TestNode &TestNode::choose(int choice) const
         transform->setChoice(osg::UInt32(choice));
         return *this;
     }
-    const osg::SwitchPtr choices = osg::SwitchPtr::dcast(core());
-    EXPECT_TRUE(choices != osg::NullFC) << name() << " is no switch";
-    if (choices == osg::NullFC)
-        return *this;
+    const auto choices = asSwitch<osg::SwitchPtr>(core(), name());
     const osg::CPEditor edit(choices, osg::Switch::ChoiceFieldMask);
     choices->setChoice(choice);
     return *this;
@@ -129,17 +147,12 @@ std::string TestMaterial::name() const
 
 unsigned int TestMaterial::choice() const
 {
-    const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(m_material);
-    EXPECT_TRUE(choices != osg::NullFC) << name() << " is no switch material";
-    return choices == osg::NullFC ? 0 : choices->getChoice();
+    return asSwitch<osg::SwitchMaterialPtr>(m_material, name())->getChoice();
 }
 
 const TestMaterial &TestMaterial::choose(unsigned int choice) const
 {
-    const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(m_material);
-    EXPECT_TRUE(choices != osg::NullFC) << name() << " is no switch material";
-    if (choices == osg::NullFC)
-        return *this;
+    const auto choices = asSwitch<osg::SwitchMaterialPtr>(m_material, name());
     const osg::CPEditor edit(choices, osg::SwitchMaterial::ChoiceFieldMask);
     choices->setChoice(choice);
     return *this;
@@ -234,10 +247,7 @@ TestNode TestScene::addClone(const osg::NodePtr &node, const osg::NodePtr &paren
 {
     const osg::NodePtr clone = osg::cloneTree(node);
     copyNames(node, clone);
-    const osg::NodePtr above = parent == osg::NullFC ? qxScenegraph::getRoot() : parent;
-    const osg::CPEditor edit(above, osg::Node::ChildrenFieldMask);
-    above->addChild(clone);
-    return clone;
+    return place(clone, parent);
 }
 
 TestNode TestScene::addOverlay(const std::string &name)
@@ -268,13 +278,7 @@ TestMaterial TestScene::material(const std::string &name)
 
 TestMaterial TestScene::addMaterial(const std::string &name)
 {
-    const osg::SimpleMaterialPtr material = osg::SimpleMaterial::create();
-    if (!name.empty())
-        osg::setName(material, name);
-    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
-    const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
-    pool->add(osg::MaterialPtr(material));
-    return osg::MaterialPtr(material);
+    return addToPool(name, osg::MaterialPtr(osg::SimpleMaterial::create()));
 }
 
 TestMaterial TestScene::addEnvironmentMaterial(const std::string &name)
@@ -289,17 +293,12 @@ TestMaterial TestScene::addEnvironmentMaterial(const std::string &name)
 TestMaterial TestScene::addSwitchMaterial(const std::string &name, const Names &materials)
 {
     const osg::SwitchMaterialPtr choices = osg::SwitchMaterial::create();
-    if (!name.empty())
-        osg::setName(choices, name);
     for (const std::string &contained : materials) {
         const osg::MaterialPtr held = material(contained);
         const osg::CPEditor edit(choices, osg::SwitchMaterial::MaterialsFieldMask);
         choices->addMaterial(held);
     }
-    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
-    const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
-    pool->add(osg::MaterialPtr(choices));
-    return osg::MaterialPtr(choices);
+    return addToPool(name, osg::MaterialPtr(choices));
 }
 
 int TestScene::addViewpoint(const std::string &name, float x)

@@ -1,0 +1,51 @@
+#include "TestFiles.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gtest/gtest.h>
+
+QString TestFolder::write(const QString &name, const QByteArray &bytes) const
+{
+    QDir().mkpath(QFileInfo(path(name)).path());
+    QFile out(path(name));
+    EXPECT_TRUE(out.open(QIODevice::WriteOnly)) << out.fileName().toStdString();
+    EXPECT_EQ(out.write(bytes), bytes.size());
+    return out.fileName();
+}
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile in(path);
+    EXPECT_TRUE(in.open(QIODevice::ReadOnly)) << path.toStdString();
+    return in.readAll();
+}
+
+QByteArray sceneWith(const char *name, const QByteArray &document)
+{
+    const QString path = QStringLiteral(QX_TEST_DATA "/Scenes/%1.").arg(name);
+    const QByteArray text = document.isNull() ? bytesOf(path + "xml") : document;
+    QJsonObject json = QJsonDocument::fromJson(bytesOf(path + "gltf")).object();
+    QJsonObject scene = json["scenes"].toArray()[0].toObject();
+    scene["extras"] = QJsonObject{{"qxVariants", QString::fromUtf8(text)}};
+    json["scenes"] = QJsonArray{scene};
+    return QJsonDocument(json).toJson();
+}
+
+void PrintTo(const QString &text, std::ostream *out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+void PrintTo(const QStringList &list, std::ostream *out)
+{
+    *out << '"' << list.join("\", \"").toStdString() << '"';
+}
+
+void PrintTo(const QByteArray &bytes, std::ostream *out)
+{
+    *out << bytes.toStdString();
+}
