@@ -100,6 +100,12 @@ TEST_F(DocumentTest, ReadingTwiceReplacesSetsAndKeepsVariants)
     read(contentOf("complete.xml"));
     EXPECT_EQ(qxVariants::findNodeVariant("Wheels"), wheels);
     EXPECT_EQ(itemsOf(written()), once);
+
+    const qxVariantSet &set = *qxVariants::findVariantSet("Sport");
+    EXPECT_EQ(set.key, Qt::Key_F5);
+    EXPECT_EQ(set.modifiers, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(wheels->options.at(0).key, Qt::Key_1);
+    EXPECT_EQ(wheels->options.at(0).modifiers, Qt::ControlModifier);
 }
 
 TEST_F(DocumentTest, TheHostHearsOfADocumentOnceAtTheEnd)
@@ -166,19 +172,6 @@ TEST_F(DocumentTest, AShortPreviewIsPrintedAndAnyIsKept)
     };
     EXPECT_EQ(printed(QByteArray(79, 'A')), "\t" + std::string(79, 'A') + "\n");
     EXPECT_EQ(printed(QByteArray(80, 'A')), "");
-}
-
-TEST_F(DocumentTest, ShortcutsAreReadIntoKeysAndModifiers)
-{
-    readInside("<VariantSet name='Sport'><Hotkey>Ctrl+Alt+F7</Hotkey></VariantSet>"
-               "<NodeVariant name='Roof'><State name='Open'><Hotkey>Shift+F2</Hotkey></State>"
-               "</NodeVariant>");
-    const qxVariantSet &set = *qxVariants::findVariantSet("Sport");
-    EXPECT_EQ(set.key, Qt::Key_F7);
-    EXPECT_EQ(set.modifiers, Qt::ControlModifier | Qt::AltModifier);
-    const qxVariantOption &option = qxVariants::findNodeVariant("Roof")->options.at(0);
-    EXPECT_EQ(option.key, Qt::Key_F2);
-    EXPECT_EQ(option.modifiers, Qt::ShiftModifier);
 }
 
 // Linear work only: a search per element would take minutes.

@@ -1,6 +1,5 @@
 #include "qxMaterialVariant.h"
 
-#include "Core/qxModuleBus.h"
 #include "DocumentFixture.h"
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
@@ -11,13 +10,6 @@ namespace {
 
 class MaterialRepairTest : public DocumentFixture {
 protected:
-    MaterialRepairTest()
-    {
-        m_listener = qxModuleBus::addListener(
-            [this](qxMessage &message) { codes.push_back(message.code()); });
-    }
-    ~MaterialRepairTest() override { qxModuleBus::removeListener(m_listener); }
-
     void readVariant(const QByteArray &base, const QByteArrayList &states)
     {
         QByteArray content = "<MaterialVariant name='V' base='" + base + "'>";
@@ -50,11 +42,7 @@ protected:
         return text;
     }
 
-    std::vector<unsigned int> codes;
     const std::vector<unsigned int> once{0x10000};
-
-private:
-    int m_listener = 0;
 };
 
 } // namespace
@@ -64,7 +52,7 @@ TEST_F(MaterialRepairTest, AnExistingSwitchMaterialIsLeftAlone)
     scene.addSwitchMaterial("Paint", {"Red"});
     readVariant("Paint", {"Red", "Blue"});
     EXPECT_EQ(allOf("Paint"), "Paint: Red;");
-    EXPECT_TRUE(codes.empty());
+    EXPECT_TRUE(moduleMessages.empty());
 }
 
 TEST_F(MaterialRepairTest, AnOrdinaryMaterialIsReplacedByASwitchOfItsName)
@@ -77,7 +65,7 @@ TEST_F(MaterialRepairTest, AnOrdinaryMaterialIsReplacedByASwitchOfItsName)
     EXPECT_EQ(materialOf(body), "Paint: Blue Paint");
     EXPECT_EQ(TestMaterial(qxNodeUtils::getMaterial(body)).choice(), 0u);
     EXPECT_EQ(materialOf(group), "Paint") << "only what is drawn is changed here";
-    EXPECT_EQ(codes, once);
+    EXPECT_EQ(moduleMessages, once);
 
     qxVariants::findMaterialVariant("V")->onSelect("!Next");
     EXPECT_EQ(TestMaterial(qxNodeUtils::getMaterial(body)).choice(), 1u);
@@ -88,7 +76,7 @@ TEST_F(MaterialRepairTest, AMaterialThatOnlyThePoolHoldsGoesAway)
     scene.addMaterial("Paint");
     readVariant("Paint", {});
     EXPECT_EQ(allOf("Paint"), "Paint:;");
-    EXPECT_EQ(codes, once);
+    EXPECT_EQ(moduleMessages, once);
 }
 
 TEST_F(MaterialRepairTest, AMissingSwitchIsAddedAndTakesThePlaceOfItsBaseInGroups)
@@ -100,9 +88,9 @@ TEST_F(MaterialRepairTest, AMissingSwitchIsAddedAndTakesThePlaceOfItsBaseInGroup
         readVariant("Paint Switch", {"Paint", "Missing"});
         EXPECT_EQ(materialOf(group), "Paint Switch: Paint");
         EXPECT_EQ(materialOf(body), "Paint");
-        EXPECT_EQ(codes, once);
+        EXPECT_EQ(moduleMessages, once);
     }
     readVariant("Trim", {"Chrome"});
     EXPECT_EQ(allOf("Trim"), "Trim:;");
-    EXPECT_EQ(codes.size(), 2u);
+    EXPECT_EQ(moduleMessages.size(), 2u);
 }

@@ -100,21 +100,23 @@ private:
     int m_renders = 0;
 };
 
+// What happens, in parts.
+const std::string begin = "variantsSetSelected\n";
+const std::string nodes = "variantsNodesChanged\nnodeVariantSelected\n";
+const std::string materials = "variantsMaterialChanged\nmaterialVariantSelected\n";
+const std::string lights = "variantsLightsChanged\nlightVariantSelected\n";
+const std::string transform = "transform\n";
+const std::string front = "5 0 0 1 camera\n";
+const std::string overlays = "activateOverlays\noverlayVariantSelected\n";
+const std::string rest = "script # mine\nscript enableClippingPlane(false)\nrender\n"
+                         "animationStart\nanimationStart\n";
+const std::string home = "9 0 1 1 camera\n";
+const std::string end = "variantsSetSelected\nvariantSetSelected\nrender\n";
+
 } // namespace
 
 TEST_F(SelectionTest, AppliesEverythingInOneOrder)
 {
-    const std::string begin = "variantsSetSelected\n";
-    const std::string nodes = "variantsNodesChanged\nnodeVariantSelected\n";
-    const std::string materials = "variantsMaterialChanged\nmaterialVariantSelected\n";
-    const std::string lights = "variantsLightsChanged\nlightVariantSelected\n";
-    const std::string transform = "transform\n";
-    const std::string front = "5 0 0 1 camera\n";
-    const std::string overlays = "activateOverlays\noverlayVariantSelected\n";
-    const std::string rest = "script # mine\nscript enableClippingPlane(false)\nrender\n"
-                             "animationStart\nanimationStart\n";
-    const std::string home = "9 0 1 1 camera\n";
-    const std::string end = "variantsSetSelected\nvariantSetSelected\nrender\n";
     EXPECT_EQ(selected(true, false), begin + end) << "an empty set";
 
     fill();
@@ -184,11 +186,9 @@ TEST_F(SelectionTest, DefaultsAreTheVariantsOwn)
     set.select(false, false);
     lines.clear();
     set.selectDefault();
-    EXPECT_EQ(
-        lines,
-        "variantsSetSelected\nvariantsNodesChanged\nnodeVariantSelected\n"
-        "variantsMaterialChanged\nmaterialVariantSelected\nvariantsLightsChanged\n"
-        "lightVariantSelected\ntransform\nvariantsSetSelected\nvariantSetSelected\nrender all\n");
+    EXPECT_EQ(lines,
+              begin + nodes + materials + lights + transform
+                  + "variantsSetSelected\nvariantSetSelected\nrender all\n");
     EXPECT_EQ(heard("variantSetSelected").back().text(),
               "variantSetSelected variantSet=" + addressOf(&set));
     EXPECT_EQ(qxVariants::findNodeVariant("Wheels")->onCurrent(), "!None");

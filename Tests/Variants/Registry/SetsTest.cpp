@@ -174,13 +174,13 @@ TEST_F(SetsTest, TargetNodesAreShownBeforeTheSetIsSelected)
     for (const char *target : {"Body", "Missing", "Wheel"})
         set->addTargetNodeName(target);
 
-    qxVariants::selectVariantSet("Sport", true);
-    EXPECT_FALSE(body.shown());
-    set->inclNodes = true;
-    qxVariants::selectVariantSet("Sport", true);
-    EXPECT_TRUE(body.shown());
-    EXPECT_TRUE(door.shown());
-    EXPECT_FALSE(wheel.shown());
+    for (const bool included : {false, true}) {
+        set->inclNodes = included;
+        qxVariants::selectVariantSet("Sport", true);
+        EXPECT_EQ(body.shown(), included);
+        EXPECT_EQ(door.shown(), included);
+        EXPECT_FALSE(wheel.shown());
+    }
     EXPECT_EQ(heard("variantSetSelected").size(), 2u);
 
     notifications.clear();
