@@ -1,27 +1,81 @@
 #include "Files/SceneFileFixture.h"
 
+#include "OSGOverlayCore.h"
+#include "qxLights.h"
+#include "qxMaterials.h"
+#include "qxNodeUtils.h"
+#include "qxOverlays.h"
 #include "qxScenegraph.h"
+
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
 
+#include <cmath>
+#include <sstream>
+
 namespace {
 
-QByteArray number(int value)
+/// Where the node puts its own origin.
+std::string originOf(const osg::NodePtr &node)
 {
-    QByteArray bytes(4, '\0');
-    qToLittleEndian<quint32>(quint32(value), bytes.data());
-    return bytes;
+    const osg::Matrix toWorld = node == osg::NullFC ? osg::Matrix() : node->getToWorld();
+    std::ostringstream text;
+    for (int i = 0; i < 3; ++i)
+        text << ' ' << std::round(toWorld[3][i] * 1000) / 1000 + 0.0;
+    return text.str();
 }
 
-QByteArray padded(const QByteArray &bytes, char filler)
+/// What the core has to say: choice (& for clones), layer, light, material.
+std::string stateOf(const TestNode &node)
 {
-    return bytes + QByteArray((4 - bytes.size() % 4) % 4, filler);
+    const auto geometry = osg::GeometryPtr::dcast(node.core());
+    if (geometry != osg::NullFC)
+        return " <" + lookOf(geometry) + ">";
+    const auto overlay = osg::OverlayCorePtr::dcast(node.core());
+    if (overlay != osg::NullFC)
+        return "=" + std::to_string(overlay->getLayer());
+    if (qxLights::isLight(node))
+        return qxLights::getOn(node) ? " on" : " off";
+    if (std::string(node.core()->getTypeName()).find("Switch") != 0)
+        return std::string();
+    const bool isShared = node.core()->getParents().size() > 1;
+    return "=" + std::to_string(node.choice()) + (isShared ? "&" : "");
+}
+
+std::string below(const TestNode &node);
+
+std::string describe(const TestNode &node)
+{
+    std::string text = node.core()->getTypeName();
+    text += osg::getName(node.node()) ? " '" + node.name() + "'" : " -";
+    text += stateOf(node);
+    if (originOf(node) != originOf(node.node()->getParent()))
+        text += " @" + originOf(node);
+    if (const int poses = qxNodeUtils::getTransformVariantCount(node))
+        text += " in " + qxNodeUtils::getSelectedTransformVariantName(node) + " of "
+            + std::to_string(poses);
+    return text + (node.shown() ? "" : " hidden") + below(node);
+}
+
+std::string below(const TestNode &node)
+{
+    std::string text;
+    for (unsigned int i = 0; i < node.node()->getNChildren(); ++i)
+        text += (i == 0 ? " (" : ", ") + describe(node.child(i));
+    return text.empty() ? text : text + ")";
 }
 
 } // namespace
+
+QByteArray sceneText(const QByteArray &members)
+{
+    return R"({"asset": {"version": "2.0"}, )" + members + "}";
+}
 
 QString SceneFileFixture::path(const QString &name) const
 {
@@ -56,8 +110,19 @@ void SceneFileFixture::save(const QString &name)
 
 void SceneFileFixture::saveAndLoad(const QString &name)
 {
+    const std::string before = tree();
     save(path(name));
     load(path(name));
+    EXPECT_EQ(tree(), before);
+    const QByteArray saved = bytesOf(path(name));
+    save(path(name));
+    EXPECT_EQ(bytesOf(path(name)), saved);
+}
+
+void SceneFileFixture::expectSaved(const qxJson &json)
+{
+    save(path("saved.gltf"));
+    EXPECT_EQ(jsonOf(path("saved.gltf")), json);
 }
 
 QString SceneFileFixture::loadError(const QString &name)
@@ -76,6 +141,37 @@ TestNode SceneFileFixture::find(const char *name) const
         return scene.root();
     }
     return TestNode(node);
+}
+
+std::string SceneFileFixture::tree() const
+{
+    const std::string overlays = below(qxOverlays::getPoolRoot());
+    const osg::NodePtr environment = qxScenegraph::environmentGeometrySwitch();
+    return below(scene.root()) + (overlays.empty() ? "" : " overlays" + overlays)
+        + (environment == osg::NullFC ? "" : " around " + describe(environment));
+}
+
+osg::GeometryPtr SceneFileFixture::part(unsigned int index, const char *node) const
+{
+    return osg::GeometryPtr::dcast(find(node).child(index).core());
+}
+
+void SceneFileFixture::setMaterial(const osg::GeometryPtr &geometry,
+                                   const osg::MaterialPtr &material)
+{
+    const osg::CPEditor edit(geometry, osg::Geometry::MaterialFieldMask);
+    geometry->setMaterial(material);
+}
+
+std::string lookOf(const osg::GeometryPtr &geometry)
+{
+    const auto material = osg::SwitchMaterialPtr::dcast(geometry->getMaterial());
+    if (material == osg::NullFC)
+        return qxMaterials::getName(geometry->getMaterial());
+    std::string text = qxMaterials::getName(material) + ":";
+    for (const osg::MaterialPtr &each : *material->getMFMaterials())
+        text += " " + qxMaterials::getName(each) + ",";
+    return text + " " + std::to_string(material->getChoice());
 }
 
 QByteArray bytesOf(const QString &path)
@@ -100,15 +196,6 @@ QByteArray binOf(const QString &path)
     return bytes.mid(20 + int(qFromLittleEndian<quint32>(bytes.constData() + 12)));
 }
 
-QByteArray glb(const QByteArray &json, const QByteArray &bin)
-{
-    const QByteArray text = padded(json, ' ');
-    QByteArray chunks = number(text.size()) + "JSON" + text;
-    if (!bin.isNull())
-        chunks += number(padded(bin, '\0').size()) + QByteArray("BIN\0", 4) + padded(bin, '\0');
-    return "glTF" + number(2) + number(12 + chunks.size()) + chunks;
-}
-
 int MeshText::addBytes(const char *type, int componentType, const QByteArray &bytes, int count)
 {
     views.push_back({{"buffer", 0}, {"byteOffset", m_bytes.size()}, {"byteLength", bytes.size()}});
@@ -116,17 +203,17 @@ int MeshText::addBytes(const char *type, int componentType, const QByteArray &by
                          {"componentType", componentType},
                          {"count", count},
                          {"type", type}});
-    m_bytes += padded(bytes, '\0');
+    m_bytes.append(bytes).append((4 - bytes.size() % 4) % 4, '\0');
     return int(accessors.size()) - 1;
 }
 
 qxJson MeshText::scene() const
 {
     const QByteArray uri = "data:application/octet-stream;base64," + m_bytes.toBase64();
-    qxJson json = qxJson::parse(R"({"asset": {"version": "2.0"}, "scene": 0,
-        "scenes": [{"nodes": [0]}], "nodes": [{"name": "Part", "mesh": 0}],
-        "meshes": [{"name": "Shape"}]})");
+    qxJson json = qxJson::parse(sceneText(R"("scene": 0, "scenes": [{"nodes": [0]}],
+        "nodes": [{"name": "Part", "mesh": 0}], "meshes": [{"name": "Shape"}])"));
     json["meshes"][0]["primitives"].push_back(primitive);
+    json["meshes"][0]["primitives"][0]["attributes"] = attributes;
     json["buffers"].push_back({{"byteLength", m_bytes.size()}, {"uri", uri.toStdString()}});
     json["bufferViews"] = views;
     json["accessors"] = accessors;

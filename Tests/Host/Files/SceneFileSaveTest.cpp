@@ -1,9 +1,7 @@
 #include "Files/SceneFileFixture.h"
 #include "Materials/qxSurface.h"
-#include "OSGSwitchComponentTransform.h"
 #include "Scene/qxTransformStates.h"
 #include "qxMaterials.h"
-#include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGComponentTransform.h>
@@ -45,22 +43,11 @@ const char *const _car = R"({
   "buffers": [{"uri": "car%20data.bin", "byteLength": 36}]
 })";
 
-QByteArray triangle()
-{
-    const float values[] = {0, 0, 0, 1, 0, 0, 0, 1, 0};
-    return QByteArray(reinterpret_cast<const char *>(values), sizeof(values));
-}
-
 template <class Core>
 void setNewCore(const osg::NodePtr &node)
 {
     const osg::CPEditor edit(node, osg::Node::CoreFieldMask);
     node->setCore(Core::create());
-}
-
-osg::GeometryPtr partOf(const TestNode &node, unsigned int index)
-{
-    return osg::GeometryPtr::dcast(node.child(index).core());
 }
 
 } // namespace
@@ -69,7 +56,7 @@ class SceneFileSaveTest : public SceneFileFixture {
 protected:
     void SetUp() override
     {
-        write("car data.bin", triangle());
+        write("car data.bin", bin);
         load(write("car.gltf", QByteArray(_car)));
         original = jsonOf(path("car.gltf"));
     }
@@ -80,103 +67,66 @@ protected:
         return jsonOf(path("car.gltf"));
     }
 
+    const QByteArray bin{reinterpret_cast<const char *>(triangle.data()), 36};
     qxJson original;
 };
 
-TEST_F(SceneFileSaveTest, WithoutChangesTheFileStaysByteForByte)
+TEST_F(SceneFileSaveTest, WhatChangedInTheSceneIsAllThatChangesInTheFile)
 {
-    save(path("car.gltf"));
-    EXPECT_EQ(bytesOf(path("car.gltf")), QByteArray(_car));
-}
-
-TEST_F(SceneFileSaveTest, ChoicesVisibilityNamesAndTransformsAreTheOnlyChanges)
-{
+    const QByteArray document = "<VariantSets name=\"T\xc3\xbcr\">\n</VariantSets>";
+    file.setVariantsDocument(document);
     find("Wheels").choose(-2);
     find("Lid").choose(1);
     find("Steel").setMask(0);
+    find("Steel").child(1).setMask(0);
+    setMaterial(part(0, "Steel"), qxMaterials::findMaterial("Black"));
+    setNewCore<osg::Switch>(find("Body"));
+    find("Body").choose(1);
     osg::setName(find("Body").node(), "Shell");
-    const TestNode upper(find("Wheels").node()->getParent());
-    const osg::ComponentTransformPtr transform = osg::ComponentTransformPtr::dcast(upper.core());
     {
-        const osg::CPEditor edit(transform, osg::ComponentTransform::ScaleFieldMask);
-        transform->setScale(osg::Vec3f(2, 2, 0.1f));
+        const TestNode upper(find("Wheels").node()->getParent());
+        const osg::ComponentTransformPtr place = osg::ComponentTransformPtr::dcast(upper.core());
+        const osg::CPEditor edit(place, osg::ComponentTransform::ScaleFieldMask);
+        place->setScale(osg::Vec3f(2, 2, 0.1f));
     }
 
     original["extensionsUsed"].push_back("KHR_node_visibility");
+    original["scenes"][0]["extras"]["qxVariants"] = document.toStdString();
+    original["meshes"][0]["primitives"][0]["material"] = 1;
     qxJson &nodes = original["nodes"];
     nodes[0]["name"] = "Shell";
+    nodes[0]["extras"]["qxSwitch"] = 1;
     nodes[1]["extras"]["qxSwitch"] = -2;
     nodes[1]["scale"] = {2, 2, 0.1};
     nodes[2]["extras"]["qxTransformChoice"] = 1;
     nodes[2]["translation"] = {0, 1, 0}; // the chosen state, for other programs
     nodes[3]["extensions"] = {{"KHR_node_visibility", {{"visible", false}}}};
+    nodes[3]["extras"]["qxHiddenParts"] = {1};
     EXPECT_EQ(saved(), original);
-    EXPECT_EQ(find("Clone").choice(), -2);
 
     // And back.
-    load(path("car.gltf"));
-    EXPECT_EQ(find("Clone").choice(), -2);
-    find("Steel").setMask(0xFFFFFFFF);
-    nodes[3].erase("extensions");
-    EXPECT_EQ(saved(), original);
-}
-
-TEST_F(SceneFileSaveTest, TheVariantsDocumentLiesInTheScene)
-{
-    const QByteArray document = "<VariantSets name=\"T\xc3\xbcr\">\n</VariantSets>";
-    file.setVariantsDocument(document);
-    original["scenes"][0]["extras"]["qxVariants"] = document.toStdString();
-    EXPECT_EQ(saved(), original);
-    load(path("car.gltf"));
+    saveAndLoad("car.gltf");
     EXPECT_EQ(file.variantsDocument(), document);
-
     file.setVariantsDocument("");
+    find("Steel").setMask(0xFFFFFFFF);
+    find("Steel").child(1).setMask(0xFFFFFFFF);
+    setNewCore<osg::Group>(find("Shell"));
     original["scenes"][0]["extras"].erase("qxVariants");
-    EXPECT_EQ(saved(), original);
-}
-
-TEST_F(SceneFileSaveTest, AGroupThatBecameASwitchIsOneAfterLoading)
-{
-    setNewCore<osg::Switch>(find("Body"));
-    find("Body").choose(1);
-    original["nodes"][0]["extras"]["qxSwitch"] = 1;
-    EXPECT_EQ(saved(), original);
-
-    load(path("car.gltf"));
-    EXPECT_EQ(find("Body").choice(), 1);
-    setNewCore<osg::Group>(find("Body"));
-    original["nodes"][0]["extras"].erase("qxSwitch");
-    EXPECT_EQ(saved(), original);
-}
-
-TEST_F(SceneFileSaveTest, AHiddenGeometryStaysAPartOfItsMesh)
-{
-    MeshText text;
-    text.primitive["attributes"]["POSITION"] = text.addPositions({0, 0, 0, 1, 0, 0, 0, 1, 0});
-    original = text.scene();
-    load(write("car.gltf", original));
-    find("Part").child(0).setMask(0);
-    original["nodes"][0]["extras"]["qxHiddenParts"] = {0};
-    EXPECT_EQ(saved(), original);
-    EXPECT_TRUE(find("Part").shown());
-    EXPECT_EQ(find("Part").child(0).mask(), 0u);
-
-    load(path("car.gltf"));
-    find("Part").child(0).setMask(0xFFFFFFFF);
-    original["nodes"][0].erase("extras");
+    nodes[0]["extras"].erase("qxSwitch");
+    nodes[3].erase("extensions");
+    nodes[3].erase("extras");
     EXPECT_EQ(saved(), original);
 }
 
 TEST_F(SceneFileSaveTest, NodesMoveComeAndGo)
 {
-    // Steel moves out of Wheels, which is removed; a new transform comes below Lid.
+    // Steel moves out of Wheels, which is removed; a new node comes below Lid.
     osg::NodeRefPtr steel(find("Steel").node());
     TestNode(steel.get()).moveTo(find("Body"));
     TestNode(find("Wheels").node()->getParent()).remove();
-    const TestNode fresh = scene.addTransform("Fresh", find("Lid"));
-    fresh.setMask(0);
-
-    const qxJson json = saved();
+    scene.add("Fresh", find("Lid")).setMask(0);
+    saveAndLoad("car.gltf");
+    const qxJson json = jsonOf(path("car.gltf"));
     EXPECT_EQ(json["nodes"].size(), 6u)
         << "what left stays in the list, other parts may refer to it";
     EXPECT_EQ(json["nodes"][0]["children"], qxJson({2, 3}));
@@ -184,12 +134,6 @@ TEST_F(SceneFileSaveTest, NodesMoveComeAndGo)
     EXPECT_EQ(json["nodes"][2]["children"], qxJson::array({5}));
     // The clone has taken over what its owner said.
     EXPECT_EQ(json["nodes"][4]["extras"], qxJson({{"qxSwitch", 0}}));
-
-    load(path("car.gltf"));
-    EXPECT_EQ(find("Fresh").mask(), 0u);
-    EXPECT_EQ(find("Steel").node()->getParent(), find("Body").node());
-    EXPECT_EQ(qxScenegraph::findNode("Wheels"), osg::NullFC);
-    EXPECT_EQ(find("Clone").choice(), 0);
 }
 
 TEST_F(SceneFileSaveTest, NewSwitchesAndTheirClonesComeBackSharing)
@@ -201,47 +145,25 @@ TEST_F(SceneFileSaveTest, NewSwitchesAndTheirClonesComeBackSharing)
     scene.addPoses("Door", {"Shut", "Open"});
     qxTransformStates::select(find("Door"), 1);
     saveAndLoad();
-
-    EXPECT_EQ(find("Roofs").child(1).name(), "Hard");
-    const std::vector<qxNodePtr> both = qxScenegraph::findNodes("Roofs");
-    ASSERT_EQ(both.size(), 2u);
-    EXPECT_EQ(both[0]->getCore(), both[1]->getCore());
-    EXPECT_EQ(TestNode(both[1]).choice(), 1);
-    EXPECT_EQ(find("Seat").choice(), 2);
-    EXPECT_EQ(find("Seat").node()->getToWorld()[3][0], 2.0f);
-    EXPECT_EQ(qxNodeUtils::getSelectedTransformVariantName(find("Door")), "Open");
-    EXPECT_EQ(find("Door").node()->getToWorld()[3][0], 1.0f);
-}
-
-TEST_F(SceneFileSaveTest, APrimitiveTakesAnotherMaterial)
-{
-    const osg::GeometryPtr part = partOf(find("Steel"), 0);
-    {
-        const osg::CPEditor edit(part, osg::Geometry::MaterialFieldMask);
-        part->setMaterial(qxMaterials::findMaterial("Black"));
-    }
-    original["meshes"][0]["primitives"][0]["material"] = 1;
-    EXPECT_EQ(saved(), original);
+    EXPECT_EQ(qxScenegraph::findNodes("Roofs")[1]->getCore(), find("Roofs").core());
 }
 
 TEST_F(SceneFileSaveTest, EditedAndNewMaterialsAreWritten)
 {
     const osg::SimpleMaterialPtr chrome =
         osg::SimpleMaterialPtr::dcast(qxMaterials::findMaterial("Chrome"));
+    const osg::SimpleMaterialPtr glass =
+        osg::SimpleMaterialPtr::dcast(scene.addMaterial("Glass").material());
     {
         const osg::CPEditor edit(chrome);
+        const osg::CPEditor editGlass(glass);
         chrome->setDiffuse(osg::Color3f(1, 0, 0.5f));
+        glass->setTransparency(0.75f);
         qxSurface surface = qxSurface::of(chrome);
         surface.roughness = 0.25f;
         surface.setTo(chrome);
     }
     qxMaterials::setName(chrome, "Red", true);
-    const osg::SimpleMaterialPtr glass =
-        osg::SimpleMaterialPtr::dcast(scene.addMaterial("Glass").material());
-    {
-        const osg::CPEditor edit(glass);
-        glass->setTransparency(0.75f);
-    }
 
     original["materials"][0]["name"] = "Red";
     original["materials"][0]["pbrMetallicRoughness"] = {{"baseColorFactor", {1, 0, 0.5, 1}},
@@ -249,13 +171,8 @@ TEST_F(SceneFileSaveTest, EditedAndNewMaterialsAreWritten)
     original["materials"].push_back(
         {{"name", "Glass"},
          {"pbrMetallicRoughness", {{"baseColorFactor", {0, 0, 0, 0.25}}}},
-         {"emissiveFactor", {0, 0, 0}},
          {"alphaMode", "BLEND"}});
-    original["materials"][2].erase("emissiveFactor");
     EXPECT_EQ(saved(), original);
-    load(path("car.gltf"));
-    const osg::MaterialPtr again = qxMaterials::findMaterial("Glass");
-    EXPECT_EQ(osg::SimpleMaterialPtr::dcast(again)->getTransparency(), 0.75f);
 }
 
 TEST_F(SceneFileSaveTest, AMeshThatLostAPartBecomesAMeshOfItsOwn)
@@ -283,8 +200,6 @@ TEST_F(SceneFileSaveTest, NewGeometriesLieInTheFileItself)
     for (const char *name : {"box.gltf", "box.glb"}) {
         save(path(name));
         load(path(name));
-        const osg::GeometryPtr loaded = partOf(find("Box"), 0);
-        ASSERT_NE(loaded, osg::NullFC);
         EXPECT_EQ(file.info().triangles, 12 + 2);
         find("Box").node()->updateVolume();
         osg::Pnt3f low;
@@ -296,46 +211,40 @@ TEST_F(SceneFileSaveTest, NewGeometriesLieInTheFileItself)
 
 TEST_F(SceneFileSaveTest, ContainersAreConvertedBothWays)
 {
-    save(path("car.glb"));
+    saveAndLoad("car.glb");
     qxJson packed = jsonOf(path("car.glb"));
     EXPECT_FALSE(packed["buffers"][0].contains("uri"));
-    EXPECT_TRUE(binOf(path("car.glb")).endsWith(triangle()));
-    load(path("car.glb"));
-    EXPECT_EQ(find("Steel").node()->getNChildren(), 2u);
+    EXPECT_EQ(bytesOf(path("car.glb")).left(8), QByteArray("glTF\2\0\0\0", 8));
+    EXPECT_EQ(bytesOf(path("car.glb")).mid(16, 4), "JSON");
+    EXPECT_EQ(binOf(path("car.glb")), QByteArray("\x24\0\0\0BIN\0", 8) + bin);
 
-    save(path("un packed/car.gltf"));
+    saveAndLoad("un packed/car.gltf");
     packed["buffers"][0]["uri"] = "car.bin";
     EXPECT_EQ(jsonOf(path("un packed/car.gltf")), packed);
-    EXPECT_EQ(bytesOf(path("un packed/car.bin")), triangle());
-    load(path("un packed/car.gltf"));
-    EXPECT_EQ(find("Steel").node()->getNChildren(), 2u);
+    EXPECT_EQ(bytesOf(path("un packed/car.bin")), bin);
 }
 
-TEST_F(SceneFileSaveTest, FilesOfTheSceneGoWithItAndReplaceNobodyElses)
+TEST_F(SceneFileSaveTest, AnUnchangedSceneIsCopiedByteForByteWithItsFilesReplacingNobodyElses)
 {
     save(path("b/car.gltf"));
-    EXPECT_EQ(bytesOf(path("b/car data.bin")), triangle());
+    EXPECT_EQ(bytesOf(path("b/car data.bin")), bin);
     EXPECT_EQ(bytesOf(path("b/car.gltf")), QByteArray(_car));
 
     write("c/car data.bin", QByteArray("somebody else's"));
-    save(path("c/car.gltf"));
+    saveAndLoad("c/car.gltf");
     EXPECT_EQ(bytesOf(path("c/car data.bin")), "somebody else's");
+    EXPECT_EQ(bytesOf(path("c/car data-1.bin")), bin);
     original["buffers"][0]["uri"] = "car%20data-1.bin";
     EXPECT_EQ(jsonOf(path("c/car.gltf")), original);
-    load(path("c/car.gltf"));
-    EXPECT_EQ(find("Steel").node()->getNChildren(), 2u);
 }
 
 TEST_F(SceneFileSaveTest, NamesOutsideAsciiWorkForFilesAndTheirParts)
 {
-    const QString bin = QString::fromUtf8("räder/größe.bin");
-    write(bin, triangle());
+    write(QStringLiteral("räder/größe.bin"), bin);
     original["buffers"][0]["uri"] = "r%C3%A4der/gr\u00f6\u00dfe.bin";
-    load(write(QString::fromUtf8("Auto ☂.gltf"), original));
-    save(path(QString::fromUtf8("目/Auto.gltf")));
-    load(path(QString::fromUtf8("目/Auto.gltf")));
-    EXPECT_EQ(bytesOf(path(QString::fromUtf8("目/räder/größe.bin"))), triangle());
-    EXPECT_EQ(find("Steel").node()->getNChildren(), 2u);
+    load(write(QStringLiteral("Auto ☂.gltf"), original));
+    saveAndLoad(QStringLiteral("目/Auto.gltf"));
+    EXPECT_EQ(bytesOf(path(QStringLiteral("目/räder/größe.bin"))), bin);
 }
 
 TEST_F(SceneFileSaveTest, WhatHasNoFormIsNamedAndNothingIsWritten)
