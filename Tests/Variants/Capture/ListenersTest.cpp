@@ -1,9 +1,5 @@
-#include "qxVariantSet.h"
-
 #include "Cameras/qxMainView.h"
 #include "CaptureFixture.h"
-#include "qxController.h"
-#include "qxMaterials.h"
 
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
@@ -13,30 +9,10 @@ namespace {
 /// What listeners may do while a capture runs, and arguments that name nothing.
 class ListenersTest : public CaptureFixture {
 protected:
-    ListenersTest() : set(qxVariants::createVariantSet("Sport", false, nullptr)) {}
-
     template <class Reaction>
     void captureWhile(const std::string &notification, const Reaction &react)
     {
-        const int listener =
-            qxController::addListener([&](const char *name, qxMessage *message, int) {
-                if (name == notification)
-                    react(*message);
-            });
-        capture();
-        qxController::removeListener(listener);
-    }
-
-    static int choiceAfterActivating(const TestNode &node, const char *name)
-    {
-        qxVariants::activateCapturedVariantSet(name);
-        return node.choice();
-    }
-
-    void capture()
-    {
-        qxVariants::captureVariantsFromRootNodes(set, {scene.root().node()}, true, true, true, true,
-                                                 true, true, true, true);
+        listen(notification, react, [this] { captureAll(set); });
     }
 
     /// Removes everything below the node from the given child on.
@@ -46,7 +22,7 @@ protected:
             parent->subChild(parent->getNChildren() - 1);
     }
 
-    qxVariantSet *set;
+    qxVariantSet *const set = newSet();
 };
 
 TEST_F(ListenersTest, NodesThatAListenerRemovesArePassedOver)
@@ -56,23 +32,19 @@ TEST_F(ListenersTest, NodesThatAListenerRemovesArePassedOver)
     scene.addSwitch("Seats", {"Cloth"}, scene.add("Inside", car)).choose(0);
     scene.addPoses("Lid", {"Closed"}, car);
     scene.addGeometry("Door", scene.addMaterial("Paint"));
-    captureWhile("nodeVariantAdded", [&](qxMessage &) {
+    captureWhile("nodeVariantAdded", [&] {
         removeFrom(car, 1);
         removeFrom(scene.root(), 1);
     });
-    EXPECT_EQ(set->nodeVariants.size(), 1u);
-    EXPECT_TRUE(set->findNodeVariant("Wheels"));
-    EXPECT_TRUE(set->transformVariants.empty());
-    EXPECT_TRUE(set->materialSnapshots.isEmpty());
+    EXPECT_EQ(contentsOf(*set), Names{"node Wheels=Steel"});
 }
 
 TEST_F(ListenersTest, ANodeMayRemoveItselfAndAllAboveIt)
 {
     const TestNode wheels = scene.addSwitch("Wheels", {"Steel"}, scene.add("Car")).choose(0);
     scene.addSwitch("Tyres", {"Winter"}, wheels.child(0)).choose(0);
-    captureWhile("nodeVariantAdded", [&](qxMessage &) { removeFrom(scene.root(), 0); });
-    EXPECT_EQ(set->nodeVariants.size(), 1u);
-    EXPECT_TRUE(set->findNodeVariant("Wheels"));
+    captureWhile("nodeVariantAdded", [&] { removeFrom(scene.root(), 0); });
+    EXPECT_EQ(contentsOf(*set), Names{"node Wheels=Steel"});
 }
 
 TEST_F(ListenersTest, PassesMayBeEditedWhileTheyAreCaptured)
@@ -82,7 +54,7 @@ TEST_F(ListenersTest, PassesMayBeEditedWhileTheyAreCaptured)
         layers->addMaterial(scene.addSwitchMaterial(name, {"Red", "Blue"}));
     qxMaterials::setName(layers, "Layers", true);
     scene.addGeometry("Body", layers);
-    captureWhile("materialVariantAdded", [&](qxMessage &) {
+    captureWhile("materialVariantAdded", [&] {
         while (layers->getMaterials().size() > 0)
             layers->subMaterial(layers->getMaterials(0));
     });
@@ -97,11 +69,9 @@ TEST_F(ListenersTest, SwitchMaterialsThatHoldEachOtherAreCapturedOnce)
     holder->addMaterial(gloss);
     matt.choose(1);
     scene.addGeometry("Body", matt);
-    EXPECT_FALSE(qxMaterials::isEnvironmentMaterial(matt));
-    capture();
-    EXPECT_EQ(set->materialVariants.size(), 2u);
-    EXPECT_TRUE(set->findMaterialVariant("Matt"));
-    EXPECT_TRUE(set->findMaterialVariant("Gloss Switch"));
+    captureAll(set);
+    EXPECT_EQ(contentsOf(*set),
+              (Names{"material Matt=Gloss Switch", "material Gloss Switch=Matt", "Body: Matt"}));
     holder->subMaterial(gloss);
 }
 
@@ -110,12 +80,9 @@ TEST_F(ListenersTest, ViewpointsThatAListenerGivesToANewSetAreNotHome)
     scene.addViewpoint("Side");
     scene.addViewpoint("Front");
     qxMainView::the().hasHome = true;
-    const int listener = qxController::addListener([](const char *name, qxMessage *, int) {
-        if (std::string(name) == "variantSetAdded")
-            qxVariants::_variantSets.back()->addViewpoint("Front");
-    });
-    qxVariants::createAndCaptureVariantSet("New", "Cars");
-    qxController::removeListener(listener);
+    listen(
+        "variantSetAdded", [] { qxVariants::_variantSets.back()->addViewpoint("Front"); },
+        [] { qxVariants::createAndCaptureVariantSet("New", "Cars"); });
     EXPECT_EQ(qxMainView::the().home.name, "Front");
     EXPECT_FALSE(qxMainView::the().hasHome);
 }
@@ -124,13 +91,14 @@ TEST_F(ListenersTest, ACapturedSetIsActivatedWhateverItsNameIs)
 {
     const char *const odd = "It's a \\ set";
     const TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"}).choose(1);
-    set = qxVariants::createVariantSet(odd, false, nullptr);
-    capture();
+    captureAll(newSet(odd));
     wheels.choose(0);
     notifications.clear();
-    EXPECT_EQ(choiceAfterActivating(wheels, "Unknown"), 0);
+    qxVariants::activateCapturedVariantSet("Unknown");
+    EXPECT_EQ(wheels.choice(), 0);
     EXPECT_EQ(heard("variantSetAdded").size(), 1u); // what is shown is restored all the same
-    EXPECT_EQ(choiceAfterActivating(wheels, odd), 1);
+    qxVariants::activateCapturedVariantSet(odd);
+    EXPECT_EQ(wheels.choice(), 1);
 }
 
 TEST_F(ListenersTest, ArgumentsThatNameNothingAreIgnored)
@@ -154,9 +122,11 @@ TEST_F(ListenersTest, ArgumentsThatNameNothingAreIgnored)
     qxVariants::handleMaterialSnapshots(set, bare, "Bare", scene.addMaterial("Bare"), {}, names,
                                         switches, visited, true, true);
     osg::subRefCP(bare);
+    captureAll(nullptr);
+    qxVariants::initVSetProgressDialog(nullptr);
     EXPECT_TRUE(names.isEmpty());
-    EXPECT_TRUE(set->nodeVariants.empty());
-    EXPECT_EQ(set->script, "");
+    EXPECT_EQ(contentsOf(*set), Names());
+    EXPECT_TRUE(qxVariants::_nodeVariants.empty());
 }
 
 } // namespace

@@ -10,6 +10,35 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+/// No memory is given for anything larger; 0 for no limit.
+std::size_t memoryLimit = 0;
+
+} // namespace
+
+// A check calls nothing that a test could make throw, but everything that allocates may.
+void *operator new(std::size_t size)
+{
+    void *const memory =
+        memoryLimit > 0 && size > memoryLimit ? nullptr : std::malloc(size > 0 ? size : 1);
+    if (!memory)
+        throw std::bad_alloc();
+    return memory;
+}
+
+void operator delete(void *memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void *memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
 
 namespace {
 
@@ -22,19 +51,25 @@ QByteArray bytesOf(const QString &path)
 
 class VerifierTest : public HostFixture {
 protected:
-    static qxNodeVariant *nodeVariant(const QString &name, const QString &base,
-                                      const QString &standard, const QStringList &options)
+    static void nodeVariant(const QString &name, const QString &base, const QString &standard,
+                            const QStringList &options)
     {
         qxNodeVariant *const variant = qxVariants::createNodeVariant(name, false);
         variant->nodeName = base;
-        return fill(variant, standard, options);
+        fill(*variant, standard, options);
     }
-    static qxMaterialVariant *materialVariant(const QString &name, const QString &base,
-                                              const QString &standard, const QStringList &options)
+    static void materialVariant(const QString &name, const QString &base, const QString &standard,
+                                const QStringList &options)
     {
         qxMaterialVariant *const variant = qxVariants::createMaterialVariant(name, false);
         variant->switchMaterialName = base;
-        return fill(variant, standard, options);
+        fill(*variant, standard, options);
+    }
+    static void fill(qxVariant &variant, const QString &standard, const QStringList &options)
+    {
+        variant.defaultState = standard;
+        for (const QString &option : options)
+            variant.options.push_back({option, QString(), 0, Qt::NoModifier, false});
     }
 
     /// What a verification writes to standard output.
@@ -47,46 +82,31 @@ protected:
         return testing::internal::GetCapturedStdout();
     }
 
-    /// Verifies into a file and compares it, and standard output, with the expected report.
+    /// Verifies into that file, and answers what goes to standard output.
+    std::string verified(const QString &path, bool isDone)
+    {
+        return printed([&] { EXPECT_EQ(verifier.verify(path), isDone) << path.toStdString(); });
+    }
+
+    /// Verifies into a file and compares it, and standard output, with the expected report. Nothing
+    /// else happens.
     void expectReport(const QString &name)
     {
         const QByteArray expected = bytesOf(QStringLiteral(QX_TEST_DATA "/Reports/") + name);
         const QString path = folder.filePath(name);
-        bool isDone = false;
-        const std::string output = printed([&] { isDone = verifier.verify(path); });
-        EXPECT_TRUE(isDone);
+        notifications.clear();
+        EXPECT_EQ(verified(path, true), expected.toStdString());
         EXPECT_EQ(bytesOf(path).toStdString(), expected.toStdString());
-        EXPECT_EQ(output, expected.toStdString());
         EXPECT_EQ(verifier.errorCount(), ("\n" + expected).count("\nError,"));
+        EXPECT_TRUE(notifications.entries().empty());
+        EXPECT_FALSE(qxScenegraph::hasFindCache());
     }
 
     QTemporaryDir folder;
     qxVariantVerifier verifier;
-
-private:
-    template <class Variant>
-    static Variant *fill(Variant *variant, const QString &standard, const QStringList &options)
-    {
-        variant->defaultState = standard;
-        for (const QString &option : options)
-            variant->options.push_back({option, QString(), 0, Qt::NoModifier, false});
-        return variant;
-    }
 };
 
 } // namespace
-
-TEST_F(VerifierTest, AnEmptyRegistryGivesAnEmptyReport)
-{
-    const QString path = folder.filePath("report.csv");
-    QFile old(path);
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
-    old.write("what stood there before");
-    old.close();
-    EXPECT_EQ(printed([&] { EXPECT_TRUE(verifier.verify(path)); }), "");
-    EXPECT_EQ(bytesOf(path), "");
-    EXPECT_EQ(verifier.errorCount(), 0);
-}
 
 TEST_F(VerifierTest, SetsAreReportedWithWhatTheyReferToInVain)
 {
@@ -112,7 +132,7 @@ TEST_F(VerifierTest, SetsAreReportedWithWhatTheyReferToInVain)
 
 TEST_F(VerifierTest, NodeVariantsAreComparedWithTheChildrenOfTheirNode)
 {
-    scene.addSwitch("Wheels", {"Steel", "Alloy"});
+    const TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"}).choose(1);
     scene.add("Lamp");
     scene.addTransformSwitch("Chair", 2);
 
@@ -129,6 +149,7 @@ TEST_F(VerifierTest, NodeVariantsAreComparedWithTheChildrenOfTheirNode)
     nodeVariant("Lamp amiss", "Lamp", "On", {"On", ""});
     nodeVariant("Chair", "Chair", "!Next (Loop)", {"Transform 0"});
     expectReport("nodes.csv");
+    EXPECT_EQ(wheels.choice(), 1);
 }
 
 TEST_F(VerifierTest, MaterialVariantsAreComparedWithTheMaterialsOfTheirSwitch)
@@ -154,26 +175,39 @@ TEST_F(VerifierTest, NamesStandInTheReportAsTheyAre)
     expectReport("names.csv");
 }
 
-TEST_F(VerifierTest, AReportThatCannotBeOpenedStopsItBeforeAnyCheck)
+TEST_F(VerifierTest, AReportThatCannotBeWrittenIsNoSuccess)
 {
     qxVariants::createVariantSet("Sport", false, nullptr);
-    EXPECT_EQ(printed([&] {
-                  EXPECT_FALSE(verifier.verify(folder.path()));
-                  EXPECT_FALSE(verifier.verify(folder.filePath("no folder/report.csv")));
-                  EXPECT_FALSE(verifier.verify(QString()));
-              }),
-              "");
-    EXPECT_EQ(printed([&] { EXPECT_TRUE(verifier.verify(folder.filePath("report.csv"))); }),
-              "Info,VariantSet,Sport,,,valid\n");
+    const std::string line = "Info,VariantSet,Sport,,,valid\n";
+    // What cannot be opened ends it before any check.
+    for (const QString &path : {folder.path(), folder.filePath("no folder/report.csv"), QString()})
+        EXPECT_EQ(verified(path, false), "");
+    EXPECT_EQ(verified("/dev/full", false), line);
+    const QString path = folder.filePath("report.csv");
+    EXPECT_EQ(verified(path, true), line);
+    EXPECT_EQ(bytesOf(path).toStdString(), line);
+    qxVariants::clearVariantSets(); // of an empty registry the report is empty
+    EXPECT_EQ(verified(path, true), "");
+    EXPECT_EQ(bytesOf(path), "");
+    EXPECT_EQ(verifier.errorCount(), 0);
 }
 
-TEST_F(VerifierTest, AReportThatCannotBeWrittenToItsEndIsNoSuccess)
+TEST_F(VerifierTest, ACheckThatThrowsEndsTheVerificationWithTheLinesUpToThere)
 {
-    qxVariants::createVariantSet("Sport", false, nullptr);
-    EXPECT_EQ(printed([&] { EXPECT_FALSE(verifier.verify("/dev/full")); }),
-              "Info,VariantSet,Sport,,,valid\n");
-    EXPECT_EQ(printed([&] { EXPECT_TRUE(verifier.verify(folder.filePath("report.csv"))); }),
-              "Info,VariantSet,Sport,,,valid\n");
+    const int much = 100000;
+    scene.add("Lamp");
+    for (const QString &name : {QString("Lamp"), QString(much + 1, 'x'), QString("Chair")})
+        nodeVariant(name, name, "", {});
+    const QString path = folder.filePath("report.csv");
+    memoryLimit = much;
+    verified(path, false);
+    memoryLimit = 0;
+    EXPECT_EQ(bytesOf(path), "Info,NodeVariant,Lamp,Lamp,,valid\n");
+
+    // The file was closed, and the verifier goes on working.
+    verified(path, true);
+    EXPECT_TRUE(bytesOf(path).endsWith("Error,NodeVariant,Chair,Chair,,switch-node not found\n"));
+    EXPECT_FALSE(qxScenegraph::hasFindCache());
 }
 
 TEST_F(VerifierTest, ACheckByItselfWritesToStandardOutputOnly)
@@ -189,18 +223,6 @@ TEST_F(VerifierTest, ACheckByItselfWritesToStandardOutputOnly)
               "Info,NodeVariant,Lamp,Lamp,,valid\n"
               "Error,KeloNodeVariant,a,b,c,lost\n"
               "Info,KeloMaterialVariant,a,,c,found\n");
-}
-
-TEST_F(VerifierTest, CheckingChangesNothing)
-{
-    const TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"}).choose(1);
-    qxVariants::createNodeVariant(wheels.node(), false);
-    qxVariants::createVariantSet("Sport", false, nullptr)->addNodeVariant("Wheels", "Steel");
-    notifications.clear();
-    printed([&] { verifier.verify(folder.filePath("report.csv")); });
-    EXPECT_TRUE(notifications.entries().empty());
-    EXPECT_EQ(wheels.choice(), 1);
-    EXPECT_FALSE(qxScenegraph::hasFindCache());
 }
 
 TEST_F(VerifierTest, KeloSelectsEverySetAndThenItsDefaults)
