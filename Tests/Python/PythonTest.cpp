@@ -1,55 +1,156 @@
+#include "qxVariantSet.h"
+#include "qxVariantSetPtr.h"
+#include "qxVariants.h"
+
+#include "Cameras/qxMainView.h"
 #include "HostFixture.h"
 #include "Script/qxScriptRunner.h"
-#include "Stage.h"
+#include "qxMaterialPtr.h"
+#include "qxPythonInit.h"
+#include "qxScript.h"
 
 #include <QDir>
 #include <QFile>
 
+#include <boost/make_shared.hpp>
+#include <boost/python.hpp>
+#include <boost/python/stl_iterator.hpp>
+
+namespace python = boost::python;
+
 namespace {
+
+typedef std::vector<std::string> Texts;
 
 /// A file of Python tests in a host of its own.
 class PythonTest : public HostFixture, public testing::WithParamInterface<std::string> {
-protected:
-    PythonTest() { Stage::current = &m_stage; }
-    ~PythonTest() override
+public:
+    PythonTest() { current = this; }
+
+    void clear()
     {
-        Stage::current = nullptr;
         host.clearScene();
+        notifications.clear();
     }
 
-    static std::string textOf(const std::string &fileName)
+    /// What was announced since the last call.
+    Texts takeHeard()
     {
-        QFile file(QString::fromStdString(fileName));
-        EXPECT_TRUE(file.open(QFile::ReadOnly)) << fileName;
-        return file.readAll().toStdString();
+        const Texts names = notifications.names();
+        notifications.clear();
+        return names;
     }
 
-    /// Runs the file as a script would be run, with the same global names.
-    static void run(const std::string &name)
-    {
-        const std::string fileName = QX_PYTHON_TESTS "/" + name;
-        EXPECT_TRUE(qxScriptRunner::run(textOf(fileName), fileName)) << fileName;
-    }
-
-    int reported = 0;
-
-private:
+    /// The outcome of a test in Python: the traceback of a failure.
     void report(const std::string &name, const std::string &failure)
     {
-        ++reported;
+        ++m_reported;
         std::printf("    %s %s\n", failure.empty() ? "ok    " : "FAILED", name.c_str());
         if (!failure.empty())
             ADD_FAILURE() << name << "\n" << failure;
     }
 
-    Stage m_stage{
-        &host, &notifications,
-        [this](const std::string &name, const std::string &failure) { report(name, failure); }};
+    using HostFixture::scene;
+    /// The running test.
+    inline static PythonTest *current = nullptr;
+
+protected:
+    /// Runs the file as a script would be run, with the same global names.
+    static void run(const std::string &name)
+    {
+        const std::string fileName = QX_PYTHON_TESTS "/" + name;
+        QFile file(QString::fromStdString(fileName));
+        EXPECT_TRUE(file.open(QFile::ReadOnly)) << fileName;
+        EXPECT_TRUE(qxScriptRunner::run(file.readAll().toStdString(), fileName)) << fileName;
+    }
+
+    int m_reported = 0;
 };
 
-std::vector<std::string> testFiles()
+Texts textsOf(const python::object &list)
 {
-    std::vector<std::string> names;
+    return Texts(python::stl_input_iterator<std::string>(list),
+                 python::stl_input_iterator<std::string>());
+}
+
+qxVariantSet *setOf(const std::string &name)
+{
+    return qxVariants::findVariantSet(QString::fromStdString(name));
+}
+
+/// What the set refers to, as "variant=state", nodes before materials before lights.
+Texts statesOf(const std::string &name)
+{
+    Texts states;
+    const qxVariantSet *const set = setOf(name);
+    for (const qxStateList *list :
+         {&set->nodeVariants, &set->materialVariants, &set->lightVariants})
+        for (const qxVariantState &each : *list)
+            states.push_back((each.variant + "=" + each.state).toStdString());
+    return states;
+}
+
+PythonTest &test()
+{
+    return *PythonTest::current;
+}
+
+/// The module by which the tests reach scene and registry, beside the words of every script.
+void defineStage(bool destroy)
+{
+    if (destroy)
+        return;
+    const python::object module(python::handle<>(python::borrowed(PyImport_AddModule("stage"))));
+    const python::scope scope(module);
+    python::def(
+        "clear", +[] { test().clear(); });
+    python::def(
+        "report",
+        +[](const std::string &name, const std::string &failure) { test().report(name, failure); });
+    python::def(
+        "heard", +[] { return test().takeHeard(); });
+    python::def(
+        "addSwitch", +[](const std::string &name, const python::object &children) -> qxNodePtr {
+            return test().scene.addSwitch(name, textsOf(children)).node();
+        });
+    python::def(
+        "addSwitchMaterial",
+        +[](const std::string &name, const python::object &materials) -> qxMaterialPtr {
+            return test().scene.addSwitchMaterial(name, textsOf(materials)).material();
+        });
+    python::def(
+        "addLight",
+        +[](const std::string &name) -> qxNodePtr { return test().scene.addLight(name).node(); });
+    python::def(
+        "addViewpoint",
+        +[](const std::string &name, float x) { return test().scene.addViewpoint(name, x); });
+    python::def(
+        "viewpoint", +[] { return qxMainView::the().camera.name; });
+    python::def(
+        "choiceOf", +[](const qxNodePtr &node) { return TestNode(node).choice(); });
+    python::def(
+        "createSet", +[](const std::string &name) -> qxVariantSetPtr {
+            return qxVariants::createVariantSet(QString::fromStdString(name), true, nullptr);
+        });
+    python::def(
+        "findSet",
+        +[](const std::string &name) { return boost::make_shared<qxVariantSetPtr>(setOf(name)); });
+    python::def(
+        "nameOf",
+        +[](const boost::shared_ptr<qxVariantSetPtr> &handle) { return handle->getName(); });
+    python::def(
+        "addTargetNodeName", +[](const std::string &set, const std::string &node) {
+            setOf(set)->addTargetNodeName(QString::fromStdString(node));
+        });
+    python::def("statesOf", statesOf);
+    qxScript::run("import stage");
+}
+
+const qxPythonInit registered(&defineStage);
+
+Texts testFiles()
+{
+    Texts names;
     for (const QString &name : QDir(QX_PYTHON_TESTS).entryList({"test_*.py"}, QDir::Files))
         names.push_back(name.toStdString());
     return names;
@@ -61,7 +162,7 @@ TEST_P(PythonTest, Passes)
 {
     run(GetParam());
     run("run_tests.py");
-    EXPECT_GT(reported, 0);
+    EXPECT_GT(m_reported, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(
