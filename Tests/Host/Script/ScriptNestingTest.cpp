@@ -1,7 +1,7 @@
 #include "Core/qxRenderRequests.h"
 #include "ScriptFixture.h"
-#include "qxScript.h"
 
+#include <array>
 #include <csignal>
 
 namespace {
@@ -36,12 +36,15 @@ const std::string tooDeep =
 
 } // namespace
 
-TEST_F(ScriptNestingTest, ThirtyTwoScriptsMayRunInsideEachOther)
+TEST_F(ScriptNestingTest, ThirtyTwoScriptsMayRunInsideEachOtherAndAFailedOneLeavesTheOthers)
 {
     onStep = [this] { qxScript::run("runs += 1\nif runs < 32: step()\nafter += 1"); };
     onStep();
     EXPECT_EQ(value("(runs, after)"), "(32, 32)");
     EXPECT_EQ(newErrors(), "");
+    onStep = [] { qxScript::run("boom()"); };
+    EXPECT_NE(errorsOf("step()\nafter = 1").find("NameError"), std::string::npos);
+    EXPECT_EQ(value("after"), "1");
 }
 
 TEST_F(ScriptNestingTest, OneThatLeadsToItselfIsEndedAsAWholeWithOneError)
@@ -81,30 +84,21 @@ TEST_F(ScriptNestingTest, WhatTheApplicationComposesRunsWhileScriptsAreEnded)
     EXPECT_EQ(value("getClippingPlanePosition()"), "4, 5, 6");
 }
 
-TEST_F(ScriptNestingTest, AFailedInnerScriptLeavesTheOuterOneRunning)
-{
-    onStep = [] { qxScript::run("boom()"); };
-    EXPECT_NE(errorsOf("step()\nafter = 1").find("NameError"), std::string::npos);
-    EXPECT_EQ(value("after"), "1");
-}
-
 TEST_F(ScriptNestingTest, AnInterruptEndsAllScriptsAndTheProgramsHandlerComesBack)
 {
-    struct sigaction before;
+    struct sigaction before, now;
     sigaction(SIGINT, nullptr, &before);
-    onStep = [&] {
-        onStep = [] { std::raise(SIGINT); };
-        qxScript::run("while true: step()");
-    };
-    EXPECT_EQ(errorsOf("step()\nafter = 1"), "script error: interrupted\n");
-    EXPECT_EQ(value("after"), "0");
-    onStep = [&] {
-        onStep = [] { std::raise(SIGINT); };
-        qxScript::run("while true: step()");
-    };
-    EXPECT_EQ(errorsOf("try: step()\nexcept KeyboardInterrupt as end: after = end.args"), "");
-    EXPECT_EQ(value("after"), "()");
-    struct sigaction now;
+    const std::vector<std::array<std::string, 3>> cases{
+        {"step()\nafter = 1", "script error: interrupted\n", "0"},
+        {"try: step()\nexcept KeyboardInterrupt as end: after = end.args", "", "()"}};
+    for (const auto &[script, errors, after] : cases) {
+        onStep = [&] {
+            onStep = [] { std::raise(SIGINT); };
+            qxScript::run("while true: step()");
+        };
+        EXPECT_EQ(errorsOf(script), errors) << script;
+        EXPECT_EQ(value("after"), after) << script;
+    }
     sigaction(SIGINT, nullptr, &now);
     EXPECT_EQ(now.sa_handler, before.sa_handler);
 }
