@@ -20,11 +20,14 @@ protected:
 TEST_F(RunCommandTest, AScriptWorksOnTheSceneAndTheResultIsSaved)
 {
     const QString script = write("büro.py",
+                                 "import sys\n"
                                  "selectVariantSet('Evening')\n"
                                  "made = createVariantSet('Mittag', 'Wärme')\n"
                                  "made.addScript('print(\"é\")')\n"
                                  "made.setValue('Größe', '1,80 m')\n"
-                                 "print(', '.join(getVariantSets()))\n");
+                                 "print(', '.join(getVariantSets()))\n"
+                                 "sys.exit(0)\n"
+                                 "print('left')\n");
     const QString saved = path("saved.gltf");
     const ProgramRun run = done({"run", script, desk(), "--save", saved});
     EXPECT_EQ(run.out, "late\nMorning, Evening, Leer geräumt, Mittag\n");
@@ -56,25 +59,14 @@ TEST_F(RunCommandTest, AFailingScriptSavesNothingAndShowsWhere)
     fails("def f():\n    selectVariantSet('Morning')\n    return 1 / 0\nf()\n",
           {"Traceback (most recent call last):", "\"<stdin>\", line 3, in f", "return 1 / 0",
            "ZeroDivisionError: ", "out.gltf: not written, because the script failed\n"});
-    fails("print('é'\nfoo bar\n", {"\"<stdin>\", line ", "SyntaxError: "});
     fails("import sys\nsys.exit(3)\n", {"exit(3)"});
-    fails("import sys\nsys.exit('no such paint')\n", {"no such paint"});
     fails("import os\nwhile True: os.kill(os.getpid(), 2)\n", {"script error: interrupted\n"}, 130);
-    fails("selectVariantSet(1)\n", {"Python argument types"});
     fails(QByteArray("print(1)\0print(2)\n", 18), {"NUL"});
     const QString script = write("wrong.py", "findNode('Desk').paint('red')\n");
     const ProgramRun run = workbench({"run", script, desk()});
     EXPECT_EQ(run.code, 1);
-    EXPECT_TRUE(run.err.contains("wrong.py\", line 1")) << run.err.toStdString();
-    EXPECT_TRUE(run.err.contains("findNode('Desk').paint('red')")) << run.err.toStdString();
-}
-
-TEST_F(RunCommandTest, AnExitThatReportsSuccessIsOne)
-{
-    const QString saved = path("saved.gltf");
-    EXPECT_EQ(done({"run", "-", desk(), "--save", saved}, "import sys\nsys.exit(0)\nprint(1)").out,
-              "");
-    EXPECT_TRUE(QFile::exists(saved));
+    EXPECT_TRUE(run.err.contains("wrong.py\", line 1, in <module>\n    findNode('Desk').paint("))
+        << run.err.toStdString();
 }
 
 TEST_F(RunCommandTest, WhatCannotBeRunIsRefused)
@@ -94,10 +86,8 @@ TEST_F(RunCommandTest, WhatCannotBeRunIsRefused)
 
 TEST_F(RunCommandTest, WithoutATerminalThePromptRunsItsInputAsAScript)
 {
-    const ProgramRun run = done({"python", desk()},
-                                "for name in getVariantSets():\n"
-                                "    print(name)\n"
-                                "print('done')\n");
+    const QByteArray script = "for name in getVariantSets():\n    print(name)\nprint('done')\n";
+    const ProgramRun run = done({"python", desk()}, script);
     EXPECT_EQ(run.out, "Morning\nEvening\nLeer geräumt\ndone\n");
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(done({"python"}).out, "");
