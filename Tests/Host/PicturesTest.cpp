@@ -170,6 +170,22 @@ TEST_F(PicturesTest, ARefiningIsInterruptedByQuestionsAndEndedByARequest)
     EXPECT_EQ(last, 1);
 }
 
+TEST_F(PicturesTest, TheViewWaitsWhileAnotherPictureIsMade)
+{
+    qxMainGlView view(8, 4);
+    int pictures = 0;
+    view.setListener([&pictures] { ++pictures; });
+    qxPictureSettings settings;
+    settings.width = settings.height = 64;
+    qxScenePicture::render(settings, [](int, int) {
+        QCoreApplication::processEvents();
+        return true;
+    });
+    EXPECT_EQ(pictures, 0);
+    EXPECT_TRUE(isRefined(view));
+    EXPECT_EQ(pictures, 1);
+}
+
 TEST_F(PicturesTest, TheFastExportGivesPngBytesOnlyWhileItIsPrepared)
 {
     qxImageWriter writer;

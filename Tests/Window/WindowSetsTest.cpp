@@ -185,13 +185,20 @@ TEST_P(AmbiguityTest, NodesOfOneNameAreRenamedBeforeACaptureOnlyWhenTheUserAgree
 {
     const bool isRenamed = GetParam();
     openTwins();
+    tree().collapseAll();
+    tree().expand(tree().model()->index(1, 0));
+    tree().setCurrentIndex(tree().model()->index(1, 0));
     expectClick("Capture");
     expectClick(isRenamed ? "Rename" : "Cancel");
     action("Capture...")->trigger();
     EXPECT_EQ(dialogTexts().filter("Some nodes have the same name").size(), 1);
     EXPECT_EQ(int(qxVariants::_variantSets.size()), isRenamed ? 1 : 0);
     EXPECT_EQ(isUnsaved(), isRenamed);
-    EXPECT_EQ(tree().model()->index(1, 0).data() != "Wheels", isRenamed);
+    const QModelIndex second = tree().model()->index(1, 0);
+    EXPECT_EQ(second.data() != "Wheels", isRenamed);
+    EXPECT_EQ(tree().currentIndex(), second);
+    EXPECT_TRUE(tree().isExpanded(second));
+    EXPECT_FALSE(tree().isExpanded(tree().model()->index(0, 0)));
 }
 INSTANTIATE_TEST_SUITE_P(BothAnswers, AmbiguityTest, testing::Bool());
 

@@ -6,6 +6,8 @@
 
 #include <OpenSG/OSGCPEditor.h>
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace {
@@ -58,11 +60,8 @@ bool qxSceneTreeModel::isSame(const Rows &one, const Rows &other)
 void qxSceneTreeModel::refresh()
 {
     Rows rows = readScene();
-    if (!isSame(rows, m_rows)) {
-        beginResetModel();
-        m_rows = std::move(rows);
-        return endResetModel();
-    }
+    if (!isSame(rows, m_rows))
+        return exchange(std::move(rows));
     for (const Row &row : m_rows) {
         if (row.children.empty())
             continue;
@@ -71,6 +70,25 @@ void qxSceneTreeModel::refresh()
         };
         emit dataChanged(child(row.children.front()), child(row.children.back()));
     }
+}
+
+void qxSceneTreeModel::exchange(Rows rows)
+{
+    emit layoutAboutToBeChanged();
+    QHash<osg::UInt32, int> places;
+    for (std::size_t place = 1; place < rows.size(); ++place)
+        places[rows[place].node.get().getFieldContainerId()] = int(place);
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList after;
+    for (const QModelIndex &index : before) {
+        const int place = places.value(nodeAt(index).getFieldContainerId());
+        after << (place == 0
+                      ? QModelIndex()
+                      : createIndex(rows[std::size_t(place)].row, index.column(), quintptr(place)));
+    }
+    m_rows = std::move(rows);
+    changePersistentIndexList(before, after);
+    emit layoutChanged();
 }
 
 void qxSceneTreeModel::retranslate()

@@ -19,8 +19,8 @@ public:
 
     explicit qxSceneTreeModel(QObject *parent = nullptr);
 
-    /// Looks at the scene again: all rows anew when nodes came or went or got other names, else
-    /// just their visibility.
+    /// Looks at the scene again. Where nodes came or went or got other names, views keep what is
+    /// open and chosen as far as it is still there.
     void refresh();
     /// The language is another: views ask for all texts anew.
     void retranslate();
@@ -53,6 +53,7 @@ private:
     static void append(Rows &rows, const osg::NodePtr &node, int parent, int row);
     static Rows readScene();
     static bool isSame(const Rows &one, const Rows &other);
+    void exchange(Rows rows);
     const Row *rowAt(const QModelIndex &index) const;
 
     Rows m_rows; ///< the first is the root, which is not shown

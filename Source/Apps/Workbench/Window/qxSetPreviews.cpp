@@ -26,9 +26,9 @@ public:
                    window, Qt::Dialog | Qt::WindowTitleHint),
           m_single(qxPictureProgress::display())
     {
-        m_label = new QLabel;
-        m_label->setTextFormat(Qt::PlainText);
-        m_dialog.setLabel(m_label);
+        auto *const label = new QLabel;
+        label->setTextFormat(Qt::PlainText);
+        m_dialog.setLabel(label);
         m_dialog.setWindowModality(Qt::WindowModal);
         m_dialog.setMinimumDuration(0);
         m_dialog.setAutoReset(false);
@@ -40,7 +40,7 @@ public:
     /// False when the user has enough.
     bool begin(const QString &set)
     {
-        m_label->setText(
+        m_dialog.setLabelText(
             text(QT_TRANSLATE_NOOP("qxSetPreviews", "Preview of \"%1\" ...")).arg(set));
         return show(0);
     }
@@ -55,7 +55,6 @@ private:
 
     QProgressDialog m_dialog;
     qxPictureProgress::Display m_single;
-    QLabel *m_label;
     int m_done = 0;
 };
 

@@ -48,6 +48,7 @@ int qxWindowProgram::run(int argc, char *argv[])
     QApplication application(argc, argv);
     setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName(QStringLiteral("workbench"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Workbench"));
     QApplication::setOrganizationName(QStringLiteral("qxVariants"));
     qxOSGWidget::setRaytracing(true);
     qxRaytracingManager::getRaytracingUtils()->setImageQuality(-1);

@@ -127,7 +127,9 @@ void qxMainGlView::interruptRefining()
 /// The next thing to do while the program is idle.
 void qxMainGlView::work()
 {
-    if (m_isStale) {
+    if (qxScenePicture::isRendering()) {
+        m_timer.start(_stillTime); // That picture has the processors, and the renderer.
+    } else if (m_isStale) {
         drawQuick(quickPixelSize());
         m_timer.start(_stillTime);
     } else if (m_job && m_job->isDone()) {

@@ -13,6 +13,20 @@ std::unique_ptr<qxRenderer> &idleRenderer()
     return renderer;
 }
 
+/// Counts the pictures that are being made, one within the events of another.
+class qxRendering {
+public:
+    qxRendering() { ++depth(); }
+    qxRendering(const qxRendering &) = delete;
+    ~qxRendering() { --depth(); }
+
+    static int &depth()
+    {
+        static int count = 0;
+        return count;
+    }
+};
+
 /// The main view may refine its picture just now. Another renderer would take as long to read the
 /// scene as the scene is large.
 void getRendererBack()
@@ -28,9 +42,18 @@ qxPicture qxScenePicture::render(const qxPictureSettings &settings,
 {
     getRendererBack();
     std::unique_ptr<qxRenderer> renderer = takeRenderer();
-    qxPicture picture = renderer->render(settings, progress);
+    qxPicture picture;
+    {
+        const qxRendering rendering;
+        picture = renderer->render(settings, progress);
+    }
     giveBack(std::move(renderer));
     return picture;
+}
+
+bool qxScenePicture::isRendering()
+{
+    return qxRendering::depth() > 0;
 }
 
 std::unique_ptr<qxRenderer> qxScenePicture::takeRenderer()

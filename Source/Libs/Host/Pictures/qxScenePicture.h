@@ -8,6 +8,8 @@ public:
     /// As qxRenderer::render. It may be called while another picture is being made.
     static qxPicture render(const qxPictureSettings &settings,
                             const qxRenderer::Progress &progress = qxRenderer::Progress());
+    /// Whether render is at work, seen from the events that its progress lets through.
+    static bool isRendering();
     /// The quality that the settings of ray tracing ask for (qxPictureSettings::quality).
     static int quality();
     /// As qxRenderer::nodeAt.
