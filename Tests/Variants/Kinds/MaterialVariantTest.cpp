@@ -84,6 +84,8 @@ TEST_F(MaterialVariantTest, SelectingChoosesAndAnnounces)
                          + " materialBaseName=Finish"}));
         EXPECT_EQ(variant.onCurrent().toStdString(), state.second);
     }
+    finish.choose(9);
+    EXPECT_EQ(select(variant, "!Previous (Loop)", closing).size(), 1u);
     for (const char *unknown : {"Yellow", "!All", "!previous", "!Previous ", ""})
         EXPECT_EQ(select(variant, unknown, closing), Texts()) << unknown;
     EXPECT_EQ(finish.choice(), 2u);
