@@ -2,11 +2,8 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-
-#include <gtest/gtest.h>
 
 QString TestFolder::write(const QString &name, const QByteArray &bytes) const
 {
@@ -28,11 +25,9 @@ QByteArray sceneWith(const char *name, const QByteArray &document)
 {
     const QString path = QStringLiteral(QX_TEST_DATA "/Scenes/%1.").arg(name);
     const QByteArray text = document.isNull() ? bytesOf(path + "xml") : document;
-    QJsonObject json = QJsonDocument::fromJson(bytesOf(path + "gltf")).object();
-    QJsonObject scene = json["scenes"].toArray()[0].toObject();
-    scene["extras"] = QJsonObject{{"qxVariants", QString::fromUtf8(text)}};
-    json["scenes"] = QJsonArray{scene};
-    return QJsonDocument(json).toJson();
+    const QJsonDocument extras(QJsonObject{{"qxVariants", QString::fromUtf8(text)}});
+    const QByteArray scenes = "\"scenes\": [{";
+    return bytesOf(path + "gltf").replace(scenes, scenes + "\"extras\": " + extras.toJson() + ',');
 }
 
 void PrintTo(const QString &text, std::ostream *out)

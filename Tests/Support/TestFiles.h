@@ -3,7 +3,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include <iosfwd>
+#include <gtest/gtest.h>
 
 /// What a fixture with a folder of its own derives from.
 class TestFolder {

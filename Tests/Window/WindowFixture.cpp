@@ -6,20 +6,9 @@
 #include "qxLog.h"
 #include "qxRaytracingManager.h"
 
-namespace {
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
-} // namespace
-
 WindowFixture::WindowFixture()
 {
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     QApplication::setOrganizationName("qxVariants");
     QApplication::setApplicationName("workbench-test");
     m_listener = qxLog::addListener([this](qxLog::Level level, const std::string &line) {
@@ -57,22 +46,9 @@ void WindowFixture::settle() const
     window->findChild<qxUnsavedChanges *>()->areThere();
 }
 
-QString WindowFixture::write(const QString &name, const QByteArray &bytes) const
-{
-    QFile file(path(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    EXPECT_EQ(file.write(bytes), bytes.size());
-    return path(name);
-}
-
 void WindowFixture::openDesk()
 {
-    const QString folder = QStringLiteral(QX_TEST_DATA "/Scenes/");
-    const QString document = QString::fromUtf8(bytesOf(folder + "desk.xml"));
-    const QJsonDocument extras(QJsonObject{{"qxVariants", document}});
-    QByteArray scene = bytesOf(folder + "desk.gltf");
-    scene.replace("\"scenes\": [{", "\"scenes\": [{\"extras\": " + extras.toJson() + ',');
-    ASSERT_TRUE(window->openFile(write("desk.gltf", scene)));
+    ASSERT_TRUE(window->openFile(write("desk.gltf", sceneWith("desk"))));
     settle();
 }
 

@@ -2,6 +2,7 @@
 
 #include "qxVariantSetsDock.h"
 
+#include "TestFiles.h"
 #include "Window/qxSceneView.h"
 #include "Window/qxWorkbenchWindow.h"
 #include "qxSetsView.h"
@@ -9,14 +10,12 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include <gtest/gtest.h>
-
 #include <functional>
 
 /// A test with the program's window, a folder for its files and settings of its own.
 ///
 /// An error line that was not expected fails the test, and so does a dialog that nobody answers.
-class WindowFixture : public testing::Test {
+class WindowFixture : public testing::Test, protected TestFolder {
 protected:
     typedef std::function<void(QDialog &)> Answer;
 
@@ -28,8 +27,6 @@ protected:
     /// Lets announcements reach the views, and the time pass until unsaved changes are looked for.
     void settle() const;
 
-    QString path(const QString &name) const { return m_folder.filePath(name); }
-    QString write(const QString &name, const QByteArray &bytes) const;
     /// A small scene of switches with sets "Morning" (Ctrl+1), "Evening" and "Leer geräumt".
     void openDesk();
     void openDemo();
@@ -73,7 +70,6 @@ protected:
 private:
     void answerDialog();
 
-    QTemporaryDir m_folder;
     std::vector<Answer> m_answers;
     QPointer<QDialog> m_answered;
     QStringList m_dialogTexts;
@@ -81,8 +77,3 @@ private:
     int m_expectedErrors = 0;
     int m_listener;
 };
-
-inline void PrintTo(const QString &text, std::ostream *out)
-{
-    *out << '"' << text.toStdString() << '"';
-}

@@ -10,12 +10,12 @@ protected:
     WindowPicturesTest()
     {
         openDemo();
-        const QByteArray folder = qgetenv("QX_WINDOW_PICTURES");
-        m_folder = folder.isEmpty() ? path("pictures") : QString::fromLocal8Bit(folder);
+        const QByteArray wanted = qgetenv("QX_WINDOW_PICTURES");
+        m_folder = wanted.isEmpty() ? path("pictures") : QString::fromLocal8Bit(wanted);
         if (window->devicePixelRatioF() > 1)
             m_folder += QStringLiteral("/high");
         QDir().mkpath(m_folder);
-        if (!folder.isEmpty())
+        if (!wanted.isEmpty())
             finishedPicture();
     }
 
