@@ -26,7 +26,6 @@ protected:
             each.insert(0, "1 variantsNodesChanged variantName=");
         return fields;
     }
-    static QString current(const TestNode &node) { return qxNodeVariant(node.node()).onCurrent(); }
 };
 
 /// Whether the change list holds an edit of that field.
@@ -112,7 +111,7 @@ TEST_F(NodeVariantTest, PlainNodesAreShownHiddenAndToggledByTheirMask)
     osg::setName(bare, "Bare");
     scene.root().node()->addChild(bare);
     EXPECT_EQ(select(bare, "!Disable").size(), 1u);
-    EXPECT_EQ(current(bare), "!Disable");
+    EXPECT_EQ(qxNodeVariant(bare).onCurrent(), "!Disable");
 }
 
 TEST_F(NodeVariantTest, ATransformSwitchTakesStepsAndNumbersFromAnyTextOnceForAllItsNodes)
@@ -133,7 +132,7 @@ TEST_F(NodeVariantTest, ATransformSwitchTakesStepsAndNumbersFromAnyTextOnceForAl
     EXPECT_EQ(select(seat.choose(2), "!Toggle"), changes({hidden, hidden}));
     EXPECT_EQ(seat.mask() | clone.mask(), 0u); // the masks are those of the nodes
     EXPECT_EQ(seat.choice(), 0);
-    EXPECT_EQ(current(seat), "!Disable");
+    EXPECT_EQ(qxNodeVariant(seat.node()).onCurrent(), "!Disable");
 }
 
 TEST_F(NodeVariantTest, WithoutANodeNoOptionIsLeftAndOnlyTheSelectionIsAnnounced)

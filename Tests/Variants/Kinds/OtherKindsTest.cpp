@@ -28,11 +28,6 @@ std::vector<qxScriptText> scriptsOf(qxAnalyzerVariant clip, int state)
     return scripts;
 }
 
-int selected(const TestNode &node)
-{
-    return qxNodeUtils::getTransformVariantCurrentIndex(node);
-}
-
 } // namespace
 
 TEST_F(LightVariantTest, EachLightOfTheNameIsSwitchedAndAnnounced)
@@ -130,8 +125,8 @@ TEST_F(TransformVariantTest, EachNodeIsSteppedFromItsOwnStateInSilence)
         {"Unknown", 0, 1}, {"!All", 0, 1}};
     for (const auto &step : steps) {
         variant.onSelect(step.state);
-        EXPECT_EQ(selected(left), step.left) << step.state;
-        EXPECT_EQ(selected(right), step.right) << step.state;
+        EXPECT_EQ(qxNodeUtils::getTransformVariantCurrentIndex(left), step.left) << step.state;
+        EXPECT_EQ(qxNodeUtils::getTransformVariantCurrentIndex(right), step.right) << step.state;
     }
     EXPECT_EQ(variant.onCurrent(), "Shut");
     EXPECT_EQ(notifications.names(), Texts());

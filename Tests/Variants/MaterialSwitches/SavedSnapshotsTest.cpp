@@ -5,9 +5,9 @@
 #include "SwitchesFixture.h"
 #include "qxScenegraph.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
+#include <fstream>
 #include <map>
 
 namespace {
@@ -28,10 +28,7 @@ class SavedSnapshotsTest : public SwitchesFixture {
 protected:
     void SetUp() override
     {
-        QFile text(path());
-        ASSERT_TRUE(text.open(QIODevice::WriteOnly));
-        text.write(_scene);
-        text.close();
+        std::ofstream(path().toStdString()) << _scene;
         load();
     }
 
