@@ -3,11 +3,9 @@
 
 #include "Files/qxSceneFile.h"
 #include "SwitchesFixture.h"
+#include "TestFiles.h"
 #include "qxScenegraph.h"
 
-#include <QTemporaryDir>
-
-#include <fstream>
 #include <map>
 
 namespace {
@@ -24,19 +22,18 @@ const char *const _scene = R"({"asset": {"version": "2.0"},
     "accessors": [{"componentType": 5126, "count": 3, "type": "VEC3", "min": [0, 0, 0], "max": [0, 0, 0]}]})";
 
 /// A scene in a file, whose sets are saved with it.
-class SavedSnapshotsTest : public SwitchesFixture {
+class SavedSnapshotsTest : public SwitchesFixture, protected TestFolder {
 protected:
     void SetUp() override
     {
-        std::ofstream(path().toStdString()) << _scene;
+        write("scene.gltf", _scene);
         load();
     }
 
-    QString path() const { return folder.filePath("scene.gltf"); }
     void load()
     {
         host.clearScene();
-        ASSERT_TRUE(file.load(path())) << file.errorString().toStdString();
+        ASSERT_TRUE(file.load(path("scene.gltf"))) << file.errorString().toStdString();
         const QByteArray document = file.variantsDocument();
         if (!document.isEmpty())
             qxVariantReader().read(document.constData());
@@ -44,7 +41,7 @@ protected:
     void saveAndLoad()
     {
         file.setVariantsDocument(qxVariantWriter().write());
-        ASSERT_TRUE(file.save(path())) << file.errorString().toStdString();
+        ASSERT_TRUE(file.save(path("scene.gltf"))) << file.errorString().toStdString();
         load();
     }
 
@@ -67,7 +64,6 @@ protected:
         }
     }
 
-    QTemporaryDir folder;
     qxSceneFile file;
 };
 
