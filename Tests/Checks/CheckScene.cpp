@@ -1,6 +1,6 @@
 #include "CheckScene.h"
 
-#include <QFile>
+#include "TestFiles.h"
 
 CheckScene::CheckScene()
 {
@@ -19,7 +19,5 @@ CheckScene::CheckScene()
 
 QByteArray CheckScene::cleanDocument()
 {
-    QFile file(QStringLiteral(QX_TEST_DATA "/Checks/clean.xml"));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
+    return bytesOf(QStringLiteral(QX_TEST_DATA "/Checks/clean.xml"));
 }

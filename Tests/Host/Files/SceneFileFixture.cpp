@@ -10,9 +10,6 @@
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QtEndian>
 
 #include <cmath>
@@ -75,20 +72,6 @@ std::string below(const TestNode &node)
 QByteArray sceneText(const QByteArray &members)
 {
     return R"({"asset": {"version": "2.0"}, )" + members + "}";
-}
-
-QString SceneFileFixture::path(const QString &name) const
-{
-    return QDir(folder.path()).filePath(name);
-}
-
-QString SceneFileFixture::write(const QString &name, const QByteArray &bytes) const
-{
-    QDir().mkpath(QFileInfo(path(name)).path());
-    QFile out(path(name));
-    EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-    EXPECT_EQ(out.write(bytes), bytes.size());
-    return path(name);
 }
 
 QString SceneFileFixture::write(const QString &name, const qxJson &json) const
@@ -172,13 +155,6 @@ std::string lookOf(const osg::GeometryPtr &geometry)
     for (const osg::MaterialPtr &each : *material->getMFMaterials())
         text += " " + qxMaterials::getName(each) + ",";
     return text + " " + std::to_string(material->getChoice());
-}
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile in(path);
-    EXPECT_TRUE(in.open(QIODevice::ReadOnly)) << path.toStdString();
-    return in.readAll();
 }
 
 qxJson jsonOf(const QString &path)

@@ -3,10 +3,9 @@
 #include "Files/qxGltfJson.h"
 #include "Files/qxSceneFile.h"
 #include "HostFixture.h"
+#include "TestFiles.h"
 
 #include <OpenSG/OSGGeometry.h>
-
-#include <QTemporaryDir>
 
 #include <vector>
 
@@ -14,12 +13,9 @@
 QByteArray sceneText(const QByteArray &members);
 
 /// A test with a folder for scene files and a scene file object.
-class SceneFileFixture : public HostFixture {
+class SceneFileFixture : public HostFixture, protected TestFolder {
 protected:
-    /// Where a file of that name lies in the test's folder.
-    QString path(const QString &name) const;
-    /// Writes a file into the test's folder, with its sub-folders, and returns its path.
-    QString write(const QString &name, const QByteArray &bytes) const;
+    using TestFolder::write;
     QString write(const QString &name, const qxJson &json) const;
     /// Clears the scene and loads the file; fails the test with the reason when that fails.
     void load(const QString &file);
@@ -46,13 +42,11 @@ protected:
     static void setMaterial(const osg::GeometryPtr &geometry, const osg::MaterialPtr &material);
 
     const std::vector<float> triangle{0, 0, 0, 1, 0, 0, 0, 1, 0};
-    QTemporaryDir folder;
     qxSceneFile file;
 };
 
 /// The name of the geometry's material; of a switch material its contents and its choice as well.
 std::string lookOf(const osg::GeometryPtr &geometry);
-QByteArray bytesOf(const QString &path);
 /// The JSON of a .gltf or of a .glb.
 qxJson jsonOf(const QString &path);
 /// The BIN chunk of a .glb, from its header on, with everything behind it.

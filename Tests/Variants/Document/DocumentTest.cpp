@@ -3,6 +3,7 @@
 
 #include "../Registry/OneOfEach.h"
 #include "DocumentFixture.h"
+#include "TestFiles.h"
 
 #include <QDir>
 
@@ -24,9 +25,7 @@ private:
 
 QByteArray contentOf(const QString &fileName)
 {
-    QFile file(QStringLiteral(QX_TEST_DATA "/Documents/") + fileName);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
-    return file.readAll();
+    return bytesOf(QStringLiteral(QX_TEST_DATA "/Documents/") + fileName);
 }
 
 /// In three sets each of the five has values of its own, inclusions and clipping alike.

@@ -5,9 +5,8 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
+#include "TestFiles.h"
 #include "qxScenegraph.h"
-
-#include <QTemporaryDir>
 
 #include <cstdio>
 #include <cstdlib>
@@ -41,13 +40,6 @@ void operator delete(void *memory, std::size_t) noexcept
 }
 
 namespace {
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
 
 class VerifierTest : public HostFixture {
 protected:
