@@ -196,11 +196,12 @@ TEST_F(LintTest, TwoVariantsOfOneCoreFightEvenThroughClonesOfTheNode)
 TEST_F(LintTest, AFindingNamesItsPlaceInALine)
 {
     const qxFindings findings = qxLinter::lint(
-        "<Variants><VariantGroup name='A'/><!-- b --><VariantGroup name='A'/></Variants>", compile);
+        "<Variants> <VariantGroup name='A'/><!-- b --><VariantGroup name='A'/></Variants>",
+        compile);
     ASSERT_EQ(findings.size(), 3);
     EXPECT_EQ(findings[1].line, 1);
-    EXPECT_EQ(findings[0].column, 11);
-    EXPECT_EQ(findings[1].column, 45);
+    EXPECT_EQ(findings[0].column, 12);
+    EXPECT_EQ(findings[1].column, 46);
 }
 
 TEST_F(LintTest, OlderFormsAreNoFaults)

@@ -3,6 +3,7 @@
 #include "qxLights.h"
 #include "qxMaterials.h"
 #include "qxOverlays.h"
+#include "qxScenegraph.h"
 
 #include <OpenSG/OSGSimpleMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
@@ -51,6 +52,10 @@ qxJson paints()
 
 class SceneFileKindsTest : public SceneFileFixture {
 protected:
+    static bool isForEnvironments(const char *material)
+    {
+        return qxMaterials::isEnvironmentMaterial(qxMaterials::findMaterial(material));
+    }
     osg::UberLightPtr lightOf(const char *node) const
     {
         return osg::UberLightPtr::dcast(find(node).core());
@@ -197,32 +202,63 @@ TEST_F(SceneFileKindsTest, MaterialsOfOneNameAreToldApartAndKeepTheirNamesInTheF
         EXPECT_EQ(qxMaterials::findMaterials(name).size(), 1u) << name;
 }
 
-TEST_F(SceneFileKindsTest, OverlaysMoveToTheirTreeAndGoBackToTheirPlaceInTheFile)
+TEST_F(SceneFileKindsTest, OverlaysAndTheEnvironmentLeaveTheTreeAndGoBackToTheirPlaceInTheFile)
 {
     const qxJson json = qxJson::parse(sceneText(R"("nodes": [
-        {"name": "Car", "children": [1, 2, 5]},
+        {"name": "Hall", "children": [1, 2, 5, 8, 9]},
         {"name": "Door"},
         {"name": "Sheet", "translation": [1, 2, 3], "children": [3, 4],
          "extras": {"qxOverlay": true, "qxOverlayLayer": 3, "qxSwitch": 0}},
-        {"name": "Page 1"}, {"name": "Page 2"}, {"name": "Roof"},
+        {"name": "Page 1"}, {"name": "Page 2"},
+        {"name": "Sky", "children": [6, 7], "extras": {"qxEnvironment": true, "qxSwitch": 1}},
+        {"name": "Day"}, {"name": "Night", "translation": [0, 1, 0]}, {"name": "Floor"},
+        {"name": "Sign", "extras": {"qxOverlay": true}},
         {"name": "Logo", "extras": {"qxOverlay": 1}}, {"name": "Sun"},
-        {"name": "Choice", "children": [9], "extras": {"qxSwitch": 0}},
-        {"name": "Never", "extras": {"qxOverlay": true}}])"));
+        {"name": "Choice", "children": [13], "extras": {"qxSwitch": 0}},
+        {"name": "Never", "extras": {"qxOverlay": true}}],
+        "materials": [{"name": "Blue", "extras": {"qxEnvironment": 1, "mood": "calm"}},
+                      {"name": "Stone", "extras": {"qxEnvironment": "no"}}])"));
     load(write("scene.gltf", json));
     EXPECT_EQ(file.warnings(),
-              QStringList{"node 9 \"Never\": a child of a switch cannot be an overlay"});
+              (QStringList{"material 1 \"Stone\": qxEnvironment is neither true nor false",
+                           "node 13 \"Never\": a child of a switch cannot be an overlay"}));
     EXPECT_EQ(tree(),
-              " (Group 'Car' (Group 'Door', Group 'Roof'), Group 'Sun', "
+              " (Group 'Hall' (Group 'Door', Group 'Floor'), Group 'Sun', "
               "Switch 'Choice'=0 (Group 'Never'))"
               " overlays (OverlayCore -=3 (ComponentTransform - @ 1 2 3 (Switch 'Sheet'=0 "
-              "(Group 'Page 1', Group 'Page 2'))), OverlayCore 'Logo'=0)");
+              "(Group 'Page 1', Group 'Page 2'))), OverlayCore 'Sign'=0, OverlayCore 'Logo'=0)"
+              " around Switch 'Sky'=1 (Group 'Day', ComponentTransform 'Night' @ 0 1 0)");
+    EXPECT_TRUE(isForEnvironments("Blue"));
+    EXPECT_FALSE(isForEnvironments("Stone"));
     expectSaved(json);
 
     TestNode(qxOverlays::findOverlay("Sheet")).choose(1);
     TestNode(qxOverlays::findOverlay("Logo")).setMask(0);
     scene.addOverlay("Fresh");
+    const TestNode sky(qxScenegraph::environmentGeometrySwitch());
+    sky.choose(0);
+    sky.child(0).setMask(0);
     saveAndLoad();
     const qxJson saved = jsonOf(path("saved.gltf"));
     EXPECT_EQ(saved["nodes"][0], json["nodes"][0]);
-    EXPECT_EQ(saved["scenes"][0]["nodes"], qxJson({0, 6, 7, 8, 10}));
+    EXPECT_EQ(saved["scenes"][0]["nodes"], qxJson({0, 10, 11, 12, 14}));
+}
+
+TEST_F(SceneFileKindsTest, ANewEnvironmentIsWrittenWithItsMaterials)
+{
+    scene.addEnvironments("Surroundings", {"Studio"}).choose(0);
+    scene.addEnvironmentMaterial("White");
+    scene.addMaterial("Paint");
+    scene.add("Car");
+    saveAndLoad();
+    EXPECT_TRUE(isForEnvironments("White"));
+    EXPECT_FALSE(isForEnvironments("Paint"));
+    const qxJson written = jsonOf(path("saved.gltf"));
+    EXPECT_EQ(written["scenes"][0]["nodes"], qxJson({0, 1}));
+    EXPECT_EQ(written["nodes"][1]["extras"], qxJson({{"qxSwitch", 0}, {"qxEnvironment", true}}));
+
+    host.clearScene();
+    EXPECT_EQ(tree(), "");
+    save(path("empty.gltf"));
+    EXPECT_EQ(jsonOf(path("empty.gltf"))["scenes"][0].count("nodes"), 0u);
 }
