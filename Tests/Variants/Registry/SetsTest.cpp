@@ -144,9 +144,12 @@ TEST_F(SetsTest, ASetStaysInItsGroupUntilItIsTakenOut)
     first.add(a);
     second->add(c);
     second->insert(second->sets.end(), c);
-    second->remove(c);
-    EXPECT_EQ(first.sets, qxVariantGroup::Sets({a, c, b}));
     EXPECT_TRUE(second->sets.empty());
+    second->sets.push_back(c); // Not by the group's operations, so it is not a member.
+    second->remove(c);
+    EXPECT_EQ(second->sets, qxVariantGroup::Sets({c}));
+    second->sets.clear();
+    EXPECT_EQ(first.sets, qxVariantGroup::Sets({a, c, b}));
 
     first.remove(c);
     second->add(c);
