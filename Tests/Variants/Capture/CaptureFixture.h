@@ -26,7 +26,7 @@ protected:
                                                  true, true, true, true, true, true);
     }
 
-    /// What the set holds: states by kind, materials by path, the lines of the script.
+    /// What the set holds: states by kind, viewpoints, materials by path, the lines of the script.
     static Names contentsOf(const qxVariantSet &set)
     {
         const std::pair<const char *, const qxStateList *> kinds[] = {
@@ -40,6 +40,8 @@ protected:
             for (const qxVariantState &each : *kind.second)
                 add(QString(kind.first) + ' ' + each.variant + '=' + each.state);
         }
+        for (const QString &viewpoint : set.viewpoints)
+            add("viewpoint " + viewpoint);
         for (const QString &path : set.materialSnapshots.keys())
             add(path + ": " + set.materialSnapshots[path]);
         for (const QString &line : set.script.isEmpty() ? QStringList() : set.script.split('\n'))

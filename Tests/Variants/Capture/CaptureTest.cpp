@@ -92,22 +92,15 @@ TEST_F(CaptureTest, MaterialGroupsWriteTheirIgnoreFlagAndTheirMaterial)
     EXPECT_EQ(capture(Everything & ~Materials), Names{"node Lost=!Disable"});
 }
 
-TEST_F(CaptureTest, TheFirstNodeOfAPathDecidesItsMaterial)
-{
-    const TestMaterial red = scene.addMaterial("Red");
-    scene.addGeometry("Door", red);
-    const TestNode second = scene.addGeometry("Door", scene.addMaterial("Blue"));
-    EXPECT_EQ(capture(Materials), Names{"Door: Red"});
-    EXPECT_EQ(qxNodeUtils::getMaterial(second), red.material());
-}
-
-TEST_F(CaptureTest, ClonesOfAGeometryCountOnce)
+TEST_F(CaptureTest, ClonesOfAGeometryAndNodesOfOnePathCountOnce)
 {
     const TestMaterial paints = scene.addSwitchMaterial("Paints", {"Red", "Blue"}).choose(1);
     const TestNode left = scene.add("Left");
     const TestNode door = scene.addGeometry("Door", paints, left);
+    const TestNode second = scene.addGeometry("Door", scene.addMaterial("Green"), left);
     scene.addClone(door).setMask(0); // not even its hiding is seen
     EXPECT_EQ(capture(), (Names{"material Paints=Blue", "Left/Door: Paints"}));
+    EXPECT_EQ(qxNodeUtils::getMaterial(second), paints.material());
     EXPECT_TRUE(qxVariants::_clonedGeoms.empty());
 }
 
@@ -164,21 +157,18 @@ TEST_F(CaptureTest, TransformsAreCapturedWhileTheyStandInTheirState)
 
 TEST_F(CaptureTest, TheViewpointIsCalledLikeTheSet)
 {
-    capture(Viewpoint);
-    EXPECT_TRUE(set->viewpoints.empty()); // the view shows nothing yet
+    EXPECT_EQ(capture(Viewpoint), Names()); // the view shows nothing yet
     scene.addViewpoint("Sport");
     qxMainView::the().camera.fieldOfView = 0.5f;
     qxMainView::the().camera.toWorld.setTranslate(1, 2, 3);
-    capture(Viewpoint);
-    EXPECT_EQ(set->viewpoints.list(), QStringList{"Sport 2"}); // another one has its name
+    EXPECT_EQ(capture(Viewpoint), Names{"viewpoint Sport 2"}); // another one has its name
     EXPECT_EQ(set->defaultViewpoint, "Sport 2");
     const qxUberCamera *const stored = qxUberCameraPool::the()->get(1);
     EXPECT_EQ(stored->toWorld, qxMainView::the().camera.toWorld);
     qxVariants::captureVariantsFromRootNodes(set, {}, false, false, false, false, true, false, true,
                                              false);
-    EXPECT_EQ(set->viewpoints.list(), QStringList{"Sport View"});
-    capture(Everything & ~Viewpoint);
-    EXPECT_TRUE(set->viewpoints.empty());
+    EXPECT_EQ(contentsOf(*set), Names{"viewpoint Sport View"});
+    EXPECT_EQ(capture(Everything & ~Viewpoint), Names());
     EXPECT_EQ(set->defaultViewpoint, "");
 }
 

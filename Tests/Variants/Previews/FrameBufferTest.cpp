@@ -64,7 +64,6 @@ TEST_F(FrameBufferTest, TheCentredSquareIsStretchedWithoutSmoothing)
         const QImage shown = source(crop.width, crop.height);
         view.show(sceneGraphPicture(shown).get());
         const QByteArray preview = qxVariants::getPreviewImageFromFrameBuffer(nullptr);
-        EXPECT_EQ(QImage::fromData(preview, "PNG").size(), QSize(264, 256));
         EXPECT_EQ(preview, previewOf(shown, crop.square));
         qxVariants::renderVariantSetPreview(&set, true, false, false);
         EXPECT_EQ(set.getPreview(), preview);

@@ -103,6 +103,7 @@ protected:
 TEST_F(VerifierTest, SetsAreReportedWithWhatTheyReferToInVain)
 {
     nodeVariant("Roof", "Roof", "", {"Open", "!Toggle"});
+    nodeVariant("Door", "Door", "", {""});
     materialVariant("Paint", "Paint", "", {"Red"});
     scene.addSwitch("Roof", {"Open", "!Toggle"});
     scene.addSwitchMaterial("Paint", {"Red"});
