@@ -50,14 +50,21 @@ void appendWithContents(const osg::MaterialPtr &material, Materials &all)
         appendWithContents(contained, all);
 }
 
-/// All materials as a walk through the whole pool finds them.
-Materials walked()
+/// Compares what is found with what a walk through the whole pool finds.
+void compareWithWalk(const std::string &asked)
 {
-    Materials pooled, all;
+    Materials pooled, all, found;
     qxScenegraph::getMaterialPool()->get(pooled);
     for (const osg::MaterialPtr &material : pooled)
         appendWithContents(material, all);
-    return all;
+    std::vector<std::string> names;
+    for (const osg::MaterialPtr &each : all) {
+        names.push_back(qxMaterials::getName(each));
+        if (names.back() == asked)
+            found.push_back(each);
+    }
+    ASSERT_EQ(qxMaterials::findMaterials(asked.c_str()), found);
+    ASSERT_EQ(uniqueName("M"), qxNodeUtils::getUniqueName("M", names));
 }
 
 } // namespace
@@ -88,51 +95,53 @@ TEST_F(MaterialsTest, NamesAndFreeNamesEqualThoseOfAWalkAfterRandomChanges)
 {
     osg::ChangeList *const changes = osg::Thread::getCurrentChangeList();
     const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
+    std::vector<osg::MaterialRefPtr> kept;
     std::mt19937 random(11);
     const auto anyName = [&] { return "M " + std::to_string(random() % 6); };
-    for (int step = 0; step < 3000; ++step) {
+    for (int step = 0; step < 10000; ++step) {
+        while (pool->getCount() < 4)
+            scene.addMaterial(anyName());
         Materials pooled;
         pool->get(pooled);
-        const osg::MaterialPtr any =
-            pooled.empty() ? scene.addMaterial("M 2").material() : pooled[random() % pooled.size()];
+        const osg::MaterialPtr any = pooled[random() % pooled.size()];
+        const osg::MaterialPtr other = pooled[random() % pooled.size()];
         const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(any);
-        const unsigned int action = random() % 10;
-        if (action == 0 || pooled.size() < 4)
+        const unsigned int action = random() % 11;
+        if (action == 0)
             scene.addMaterial(anyName());
-        else if (action == 1)
-            pool->sub(any); // destroys it, and a later one may take its storage
-        else if (action == 2)
+        else if (action == 1) {
+            if (random() % 2 == 0)
+                kept.emplace_back(any);
+            pool->sub(any); // outside of an edit
+        } else if (action == 2)
             osg::setName(any, anyName());
         else if (action == 3 && pooled.size() < 40)
             scene.addSwitchMaterial(anyName(), {anyName(), anyName()});
         else if (choices != osg::NullFC && action < 6) {
             const osg::CPEditor edit(choices, osg::SwitchMaterial::MaterialsFieldMask);
             if (action == 4)
-                choices->addMaterial(
-                    osg::SimpleMaterialPtr::dcast(qxMaterials::findMaterial("M 2")));
+                choices->addMaterial(osg::SimpleMaterialPtr::dcast(other));
             else if (!choices->getMaterials().empty())
                 choices->subMaterial(choices->getMaterials(0));
         } else if (action == 6)
             qxMaterials::setName(any, "M", random() % 4 == 0);
         else if (action == 7) {
-            const osg::MaterialRefPtr kept(any);
+            const osg::MaterialRefPtr moved(any);
             const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
             pool->sub(any);
-            pool->add(any); // as many as before, in another order
-        } else if (action == 8)
+            pool->add(any);
+        } else if (action == 8) {
+            pool->sub(pooled.back());
+            scene.addMaterial(anyName()); // often at the same address
+        } else if (action == 9)
             changes->clearAll(); // and may soon be as long as before
+        else if (action == 10 && step % 1000 < 100) {
+            const osg::CPEditor edit(any, osg::Material::AttachmentsFieldMask);
+            any->addAttachment(other->findAttachment(osg::Name::getClassType())); // for both
+        }
         if (random() % 3 > 0)
             continue;
-        const std::string asked = anyName();
-        Materials found;
-        std::vector<std::string> names;
-        for (const osg::MaterialPtr &each : walked()) {
-            names.push_back(qxMaterials::getName(each));
-            if (names.back() == asked)
-                found.push_back(each);
-        }
-        ASSERT_EQ(qxMaterials::findMaterials(asked.c_str()), found) << "step " << step;
-        ASSERT_EQ(uniqueName("M"), qxNodeUtils::getUniqueName("M", names)) << "step " << step;
+        ASSERT_NO_FATAL_FAILURE(compareWithWalk(anyName())) << "step " << step;
     }
 }
 
@@ -178,9 +187,10 @@ TEST_F(MaterialsTest, UsersEqualThoseOfAWalkAfterRandomChanges)
             scene.addMaterialGroup("G", material, node);
         else if (action == 2 && nodes.size() < 60)
             scene.addClone(nodes[random() % nodes.size()], node);
-        else if (action == 3 && node.node() != scene.root().node())
-            node.remove();
-        else
+        else if (action == 3 && node.node() != scene.root().node()) {
+            osg::NodePtr gone = node;
+            gone->getParent()->subChild(gone); // outside of an edit
+        } else
             qxNodeUtils::setMaterial(node, action == 4 ? osg::MaterialPtr() : material, false,
                                      false);
         const osg::MaterialPtr asked = materials[random() % materials.size()];

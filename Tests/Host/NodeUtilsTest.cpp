@@ -59,10 +59,10 @@ TEST_F(NodeUtilsTest, ATransformSwitchTakesThePoseOfTheChosenState)
     osg::Matrix turned;
     turned.setTransform(osg::Vec3f(1, 2, 3), osg::Quaternion(osg::Vec3f(0, 0, 1), 0.5f),
                         osg::Vec3f(2, 3, 4));
+    seat.choose(1);
     {
-        const osg::CPEditor edit(core);
+        const osg::CPEditor edit(core, osg::SwitchComponentTransform::StatesFieldMask);
         core->getStates()[1] = turned;
-        core->setChoice(1);
     }
     const osg::Matrix seen = seat.node()->getToWorld();
     for (osg::UInt32 i = 0; i < 16; ++i)
