@@ -102,6 +102,9 @@ TEST_F(CaptureTest, ClonesOfAGeometryAndNodesOfOnePathCountOnce)
     EXPECT_EQ(capture(), (Names{"material Paints=Blue", "Left/Door: Paints"}));
     EXPECT_EQ(qxNodeUtils::getMaterial(second), paints.material());
     EXPECT_TRUE(qxVariants::_clonedGeoms.empty());
+    qxVariants::changeMaterial(second, scene.addMaterial("Grey"));
+    EXPECT_EQ(captureFrom({second.node(), door.node()}, Materials), // the first one that is met
+              (Names{"material Paints=Blue", "Left/Door: Grey"}));
 }
 
 TEST_F(CaptureTest, NestedSwitchMaterialsAreCapturedAlongTheChosenOnes)
