@@ -205,7 +205,7 @@ TEST_F(SceneFileKindsTest, MaterialsOfOneNameAreToldApartAndKeepTheirNamesInTheF
 TEST_F(SceneFileKindsTest, OverlaysAndTheEnvironmentLeaveTheTreeAndGoBackToTheirPlaceInTheFile)
 {
     const qxJson json = qxJson::parse(sceneText(R"("nodes": [
-        {"name": "Hall", "children": [1, 2, 5, 8, 9]},
+        {"name": "Hall", "children": [1, 5, 2, 8, 9]},
         {"name": "Door"},
         {"name": "Sheet", "translation": [1, 2, 3], "children": [3, 4],
          "extras": {"qxOverlay": true, "qxOverlayLayer": 3, "qxSwitch": 0}},
