@@ -46,7 +46,9 @@ TEST_F(CaptureCommandTest, ACapturedSetBringsBackWhatItSaw)
         done({"select", copy, "Morning", "Now", "Now", "--json", "--save", copy}).array();
     EXPECT_NE(reports[0]["changes"], QJsonArray());
     EXPECT_NE(reports[1]["changes"], QJsonArray());
+    EXPECT_EQ(reports[1]["viewpoint"], "Now");
     EXPECT_EQ(reports[2]["changes"], QJsonArray());
+    EXPECT_TRUE(reports[2]["viewpoint"].isNull()) << "the camera is there already";
     EXPECT_EQ(done({"state", copy}).out, captured);
 }
 
