@@ -215,9 +215,12 @@ TEST_F(CaptureUndoTest, VariantsThatOthersUseOrChangedStayWhenACaptureIsUndone)
 TEST_F(CaptureUndoTest, ACaptureIsNotHalfUndone)
 {
     scene.addSwitch("Wheels", {"Steel", "Alloy"});
+    scene.addGeometry("Body", scene.addMaterial("Red"));
+    captureInto(set("Red"));
+    paint("Body", scene.addMaterial("Blue"));
     update();
     set("Blue").addNodeVariant("Wheels", "Alloy");
-    scene.addSwitch("Seats", {"Cloth", "Leather"});
+    paint("Body", scene.addMaterial("Green"));
     capture("Studio");
     set("Captured").name = "Kept";
     const std::string left = everything();

@@ -105,19 +105,21 @@ TEST_F(FormTest, HalfTypedTextWaitsForItsSetWhateverIsAnnouncedAndIsTakenWhenThe
     qxPanelEvents::announceEditedSets();
     settle();
     EXPECT_EQ(moves.count(), 0);
+    EXPECT_EQ(sets.undoStack()->count(), 0);
     qxSetEdits others;
     others.renameSet("Red", "Crimson");
-    settle();
-    EXPECT_EQ(sets.undoStack()->count(), 0);
-    script.setFocus();
+    script.setFocus(); // before the form hears of that
     EXPECT_EQ(set("Crimson").comment, "warm");
+    settle();
     QTest::keyClicks(&script, "print(1)");
-    EXPECT_EQ(set("Crimson").script, "");
+    others.renameSet("Crimson", "Scarlet");
+    settle();
+    EXPECT_EQ(set("Scarlet").script, "");
     list().setFocus();
-    EXPECT_EQ(set("Crimson").script, "print(1)");
+    EXPECT_EQ(set("Scarlet").script, "print(1)");
     sets.undoStack()->undo();
     settle();
-    EXPECT_EQ(set("Crimson").script, "");
+    EXPECT_EQ(set("Scarlet").script, "");
     EXPECT_EQ(script.toPlainText(), "");
 }
 

@@ -82,9 +82,12 @@ TEST_F(SetsModelTest, RowsFollowTheirSetsToOtherPlacesNamesAndMemory)
     settle();
     EXPECT_EQ(red.data().toString(), "Red");
     EXPECT_EQ(blue.data().toString(), "Navy");
-    qxVariants::removeVariantSet("Red");
+    for (const char *name : {"Navy", "Red"})
+        qxVariants::removeVariantSet(name);
+    qxVariants::createVariantSet("Navy", true, nullptr); // Where "Red" was.
     settle();
     EXPECT_FALSE(red.isValid());
+    EXPECT_EQ(blue.data().toString(), "Navy");
 }
 
 TEST_F(SetsModelTest, ToolTipsShowNamesAsTheyAre)

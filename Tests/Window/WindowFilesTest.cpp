@@ -74,14 +74,20 @@ TEST_P(UnopenableFileTest, IsAnErrorAndLeavesTheSceneBeforeOpen)
 
 INSTANTIATE_TEST_SUITE_P(MissingAndDamaged, UnopenableFileTest, testing::Bool());
 
-TEST_F(WindowFilesTest, AnUnreadableDocumentWithNothingBeforeLeavesAnEmptyUsableWindow)
+TEST_F(WindowFilesTest, AnUnreadableDocumentWithNothingToReturnToLeavesAnEmptyUsableWindow)
 {
-    expectErrors(1);
-    expectClick("OK");
-    EXPECT_FALSE(window->openFile(write("damaged.gltf", damagedScene)));
-    EXPECT_EQ(window->windowTitle(), "Workbench[*]");
-    EXPECT_FALSE(window->isWindowModified());
-    EXPECT_EQ(tree().model()->rowCount(), 0);
+    expectErrors(2);
+    for (const bool wasOpen : {false, true}) {
+        if (wasOpen) {
+            openDesk();
+            QFile::remove(path("desk.gltf"));
+        }
+        expectClick("OK");
+        EXPECT_FALSE(window->openFile(write("damaged.gltf", damagedScene)));
+        EXPECT_EQ(window->windowTitle(), "Workbench[*]");
+        EXPECT_FALSE(window->isWindowModified());
+        EXPECT_EQ(tree().model()->rowCount(), 0);
+    }
     openDesk();
     EXPECT_EQ(sets(), "Morning,Evening,Leer geräumt");
 }

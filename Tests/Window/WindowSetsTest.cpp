@@ -199,6 +199,9 @@ TEST_P(AmbiguityTest, NodesOfOneNameAreRenamedBeforeACaptureOnlyWhenTheUserAgree
     EXPECT_EQ(tree().currentIndex(), second);
     EXPECT_TRUE(tree().isExpanded(second));
     EXPECT_FALSE(tree().isExpanded(tree().model()->index(0, 0)));
+    window->setsDock()->undoStack()->undo();
+    EXPECT_FALSE(isUnsaved());
+    EXPECT_EQ(tree().model()->index(1, 0).data(), "Wheels");
 }
 INSTANTIATE_TEST_SUITE_P(BothAnswers, AmbiguityTest, testing::Bool());
 
