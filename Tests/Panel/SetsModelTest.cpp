@@ -230,7 +230,7 @@ TEST_F(SetsModelTest, AHiddenGroupIsShownOnRequestAndMayBeMadeVisible)
 {
     edits.setGroupVisible("Inside", false);
     EXPECT_EQ(shown(), "0 Outside,1 Red,1 Blue,0 Extra,0 Alone,0 Bare");
-    drop(tree, "Extra", 1); // behind hidden ones or before: it looks the same
+    drop(tree, "Outside", 1); // behind hidden ones or before: it looks the same
     EXPECT_EQ(edits.stack()->count(), 1);
     tree.setHiddenShown(true);
     EXPECT_TRUE(tree.indexOfGroup("Inside").data(qxSetsModel::HiddenRole).toBool());
