@@ -86,8 +86,8 @@ TEST_F(ScriptNestingTest, WhatTheApplicationComposesRunsWhileScriptsAreEnded)
 
 TEST_F(ScriptNestingTest, AnInterruptEndsAllScriptsAndTheProgramsHandlerComesBack)
 {
-    struct sigaction before, now;
-    sigaction(SIGINT, nullptr, &before);
+    const auto own = +[](int) {};
+    const auto before = std::signal(SIGINT, own);
     const std::vector<std::array<std::string, 3>> cases{
         {"step()\nafter = 1", "script error: interrupted\n", "0"},
         {"try: step()\nexcept KeyboardInterrupt as end: after = end.args", "", "()"}};
@@ -99,6 +99,5 @@ TEST_F(ScriptNestingTest, AnInterruptEndsAllScriptsAndTheProgramsHandlerComesBac
         EXPECT_EQ(errorsOf(script), errors) << script;
         EXPECT_EQ(value("after"), after) << script;
     }
-    sigaction(SIGINT, nullptr, &now);
-    EXPECT_EQ(now.sa_handler, before.sa_handler);
+    EXPECT_EQ(std::signal(SIGINT, before), own);
 }

@@ -141,6 +141,7 @@ TEST_F(ScriptWordsTest, PathsAreNamesFromBelowTheRootAndTheFirstNodeInSceneOrder
         {"/Car", none},
         {"Car/", none},
         {"Ca", none},
+        {"Car Door", none},
         {"ar/Door", none},
         {"Door", none},
         {"Car/Bonnet", none},
