@@ -29,12 +29,13 @@ void *operator new(std::size_t size)
     return memory;
 }
 
-void operator delete(void *memory) noexcept
+// Inlined without the other, the compiler would take free for a mistake.
+[[gnu::noinline]] void operator delete(void *memory) noexcept
 {
     std::free(memory);
 }
 
-void operator delete(void *memory, std::size_t) noexcept
+[[gnu::noinline]] void operator delete(void *memory, std::size_t) noexcept
 {
     std::free(memory);
 }
