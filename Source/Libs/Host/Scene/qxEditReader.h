@@ -20,7 +20,8 @@ public:
     };
 
     /// Tells `follower` what happened since the last call. False when something may have been
-    /// missed - the first time, after the list was emptied, or while it does not record.
+    /// missed - the first time, or after the list was emptied. What is edited while the list does
+    /// not record is missed in silence.
     bool read(const osg::FieldContainerPtr &marked, const Follower &follower);
 
 private:
