@@ -30,6 +30,19 @@ TEST_F(SetContentsTest, AnEmptyStateIsTheDefaultOneOfAVariantThatIsGiven)
     EXPECT_EQ(textOf(set.nodeVariants), "Wheels=Steel Door= ");
     set.add(wheels, "Alloy");
     EXPECT_EQ(textOf(set.nodeVariants), "Wheels=Alloy Door= ");
+    set.removeNodeVariant("Wheels");
+    set.removeNodeVariant("Wheels");
+    EXPECT_EQ(textOf(set.nodeVariants), "Door= ");
+}
+
+TEST_F(SetContentsTest, GeometriesComeAndGoByName)
+{
+    for (const char *name : {"Body", "Seat", "Body"})
+        set.addGeometry(name);
+    EXPECT_EQ(set.geometries.list(), (QStringList{"Body", "Seat"}));
+    set.removeGeometry("Body");
+    set.removeGeometry("Body");
+    EXPECT_EQ(set.geometries.list(), QStringList("Seat"));
 }
 
 TEST_F(SetContentsTest, EachKindHasItsOwnReferences)
