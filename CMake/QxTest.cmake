@@ -9,6 +9,10 @@ find_package(Python3 REQUIRED COMPONENTS Interpreter)
 set(QX_TEST_ENVIRONMENT env QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 UBSAN_OPTIONS=print_stacktrace=1
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/Tools/leaks-of-others.txt:print_suppressions=0")
 
+set(QX_TEST_PATHS ${PROJECT_BINARY_DIR}/test-paths)
+set(QX_DEMO_SCENE ${PROJECT_BINARY_DIR}/Tests/Scenarios/roadster.gltf)
+configure_file(${PROJECT_SOURCE_DIR}/CMake/qxTestPaths.h.in ${QX_TEST_PATHS}/qxTestPaths.h @ONLY)
+
 # Builds the tests labelled Scripting: those that depend on which Python is embedded.
 add_custom_target(qxScriptingTests)
 
@@ -21,11 +25,7 @@ function(qx_test name)
     qx_glob_sources(sources)
     add_executable(${name} ${sources})
     qx_compile_options(${name})
-    target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
-    target_compile_definitions(${name} PRIVATE
-        QX_TEST_DATA="${PROJECT_SOURCE_DIR}/Tests/Data"
-        QX_BUILD_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
-        QX_BUILD_LIB="${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
+    target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${QX_TEST_PATHS})
     target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gtest GTest::gtest_main)
     set_target_properties(${name} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests

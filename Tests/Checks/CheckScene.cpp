@@ -1,6 +1,7 @@
 #include "CheckScene.h"
 
 #include "TestFiles.h"
+#include "qxTestPaths.h"
 
 CheckScene::CheckScene()
 {

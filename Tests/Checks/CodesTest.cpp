@@ -1,4 +1,5 @@
 #include "qxCheckCodes.h"
+#include "qxTestPaths.h"
 
 #include <QFile>
 #include <QRegularExpression>

@@ -8,6 +8,7 @@
 #include "qxMaterialPtr.h"
 #include "qxPythonInit.h"
 #include "qxScript.h"
+#include "qxTestPaths.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,7 @@
 #include "Program.h"
 
+#include "qxTestPaths.h"
+
 #include <QProcess>
 #include <QSet>
 #include <QtEndian>

@@ -13,6 +13,7 @@
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 #include "qxSession.h"
+#include "qxTestPaths.h"
 
 #include <QRegularExpression>
 

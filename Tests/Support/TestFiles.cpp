@@ -1,5 +1,7 @@
 #include "TestFiles.h"
 
+#include "qxTestPaths.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>

@@ -1,5 +1,7 @@
 #include "ShownTexts.h"
 
+#include "qxTestPaths.h"
+
 #include <QDomDocument>
 #include <QtWidgets>
 

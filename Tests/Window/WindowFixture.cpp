@@ -5,6 +5,7 @@
 #include "Window/qxUnsavedChanges.h"
 #include "qxLog.h"
 #include "qxRaytracingManager.h"
+#include "qxTestPaths.h"
 
 WindowFixture::WindowFixture()
 {

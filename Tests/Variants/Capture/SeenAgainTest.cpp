@@ -7,6 +7,7 @@
 #include "Files/qxSceneFile.h"
 #include "Scene/qxTransformStates.h"
 #include "qxLights.h"
+#include "qxTestPaths.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGMaterialGroup.h>

@@ -4,6 +4,7 @@
 #include "../Registry/OneOfEach.h"
 #include "DocumentFixture.h"
 #include "TestFiles.h"
+#include "qxTestPaths.h"
 
 #include <QDir>
 

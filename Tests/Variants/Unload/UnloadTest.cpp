@@ -1,6 +1,7 @@
 #include "HostFixture.h"
 #include "qxController.h"
 #include "qxScript.h"
+#include "qxTestPaths.h"
 
 #include <boost/python/converter/registry.hpp>
 

@@ -7,6 +7,7 @@
 #include "HostFixture.h"
 #include "TestFiles.h"
 #include "qxScenegraph.h"
+#include "qxTestPaths.h"
 
 #include <cstdio>
 #include <cstdlib>
