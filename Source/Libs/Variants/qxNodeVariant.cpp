@@ -251,7 +251,8 @@ void qxNodeVariant::pushDisable(osg::NodePtr node)
 
 void qxNodeVariant::callVariantsNodesChanged(const osg::NodePtr &node, qxMessage &message)
 {
-    announce(node, message);
+    if (node != osg::NullFC)
+        announce(node, message);
 }
 
 QString qxNodeVariant::getNodePath(const osg::NodePtr &node)

@@ -40,7 +40,7 @@ public:
     void pushEnable(osg::NodePtr node);
     void pushDisable(osg::NodePtr node);
 
-    /// Adds to `message` what is visible of the node and announces it.
+    /// Adds to `message` what is visible of the node and announces it; nothing for a null node.
     void callVariantsNodesChanged(const osg::NodePtr &node, qxMessage &message);
     /// The names from below the scene root down to the node, each followed by "|".
     QString getNodePath(const osg::NodePtr &node);

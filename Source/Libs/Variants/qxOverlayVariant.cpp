@@ -54,7 +54,8 @@ void qxOverlayVariant::updateVariants()
 
 void qxOverlayVariant::callVariantsNodesChanged(const osg::NodePtr &node, qxMessage &message)
 {
-    qxNotify::variantsOverlaysChanged(message, qxNodesChange::of(node));
+    if (node != osg::NullFC)
+        qxNotify::variantsOverlaysChanged(message, qxNodesChange::of(node));
 }
 
 QString qxOverlayVariant::getNodePath(const osg::NodePtr &node)

@@ -28,7 +28,8 @@ public:
     /// Builds the options anew from the first overlay of the name, as a node variant does.
     void updateVariants();
 
-    /// Adds to `message` what is visible of the node and announces it as a change of overlays.
+    /// Adds to `message` what is visible of the node and announces it as a change of overlays;
+    /// nothing for a null node.
     void callVariantsNodesChanged(const osg::NodePtr &node, qxMessage &message);
     /// The names from below the scene root down to the node, each followed by "|".
     QString getNodePath(const osg::NodePtr &node);

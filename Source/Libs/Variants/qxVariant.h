@@ -1,8 +1,6 @@
 #pragma once
 
-#include "qxName.h"
-
-#include <Qt>
+#include <QString>
 
 #include <vector>
 
@@ -34,7 +32,7 @@ struct qxVariantOption {
 /// Names are compared exactly. Kinds keep the name of their scene object and look it up each time.
 class qxVariant {
 public:
-    qxName name;
+    QString name;
     QString defaultState;
     std::vector<qxVariantOption> options; ///< in the order in which they were added
 

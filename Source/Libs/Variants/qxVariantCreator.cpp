@@ -1,5 +1,7 @@
 #include "qxVariantCreator.h"
 
+#include "Internal/qxNameLookUp.h"
+
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGSwitch.h>
 
@@ -16,6 +18,7 @@ std::string qxVariantCreator::usage()
 
 bool qxVariantCreator::traverse(osg::NodePtr node)
 {
+    const qxUnchangedNames unchanged;
     osg::GraphOp::traverse(node);
     return true;
 }

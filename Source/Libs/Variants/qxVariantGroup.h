@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qxName.h"
+#include <QString>
 
 #include <vector>
 
@@ -37,7 +37,7 @@ public:
     void clear();
 
     Sets sets; ///< the members in display order
-    qxName name; ///< unique among the groups of the registry
+    QString name; ///< unique among the groups of the registry
     QString comment; ///< free text
     bool visible = true; ///< whether the user interface shows the group
 

@@ -105,6 +105,7 @@ void qxVariantReader::read(const char *xml)
                      error.message.toUtf8().constData(), error.line, error.column);
         return;
     }
+    const qxUnchangedNames unchanged;
     readRoot(m_document.documentElement());
     fixOverlayVariants();
     announceAll();

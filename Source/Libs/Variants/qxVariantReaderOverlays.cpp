@@ -69,11 +69,9 @@ void fixOverlays(qxVariantSet &set, const QStringList &allNames)
 void qxVariantReader::fixOverlayVariants()
 {
     const QStringList names = overlayNames();
-    // By index, because listeners hear of new variants and may change the list.
-    for (std::size_t index = 0; index < qxVariants::_variantSets.size(); ++index) {
-        qxVariantSet &set = *qxVariants::_variantSets[index];
-        const qxSetUse use(set);
-        if (!set.overlayVariants.empty())
-            fixOverlays(set, names);
+    for (qxVariantSet *set : qxVariants::_variantSets) {
+        const qxSetUse use(*set);
+        if (!set->overlayVariants.empty())
+            fixOverlays(*set, names);
     }
 }

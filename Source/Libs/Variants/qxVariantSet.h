@@ -157,7 +157,7 @@ public:
     /// Drops references that can no longer work. Those to missing variants stay.
     void optimize();
 
-    qxName name; ///< unique among the sets of the registry
+    QString name; ///< unique among the sets of the registry
     QString hotkey;
     QString comment;
     QString script;

@@ -48,6 +48,7 @@ std::vector<Reference> referencesOf(const qxVariantSet &set)
 template <class Variant>
 void selectStates(const qxVariantSet &set)
 {
+    const qxUnchangedNames unchanged;
     for (const Reference &each : referencesOf<Variant>(set)) {
         if (Variant *variant = qxKinds::find<Variant>(each.first))
             variant->onSelect(each.second);
@@ -57,6 +58,7 @@ void selectStates(const qxVariantSet &set)
 template <class Variant>
 void selectDefaults(const qxVariantSet &set)
 {
+    const qxUnchangedNames unchanged;
     for (const Reference &each : referencesOf<Variant>(set)) {
         if (Variant *variant = qxKinds::find<Variant>(each.first))
             variant->onSelect(QString(variant->defaultState));

@@ -268,12 +268,10 @@ void qxVariantVerifier::report(const QStringList &columns)
 
 bool qxVariantVerifier::verifyKelo()
 {
-    // By index, because listeners may change the list.
-    for (std::size_t index = 0; index < qxVariants::_variantSets.size(); ++index) {
-        qxVariantSet &set = *qxVariants::_variantSets[index];
-        const qxSetUse use(set);
-        set.select(false, false);
-        set.selectDefault();
+    for (qxVariantSet *set : qxVariants::_variantSets) {
+        const qxSetUse use(*set);
+        set->select(false, false);
+        set->selectDefault();
     }
     return true;
 }

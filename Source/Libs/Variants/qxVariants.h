@@ -205,6 +205,6 @@ public:
     /// The geometries met by the capture that runs: clones count once.
     static std::set<osg::NodeCorePtr> _clonedGeoms;
 
-private:
+    /// The module object: there from loading to unloading, it listens to the host.
     static qxVariants _the;
 };

@@ -135,6 +135,7 @@ void qxVariants::captureVariantsFromRootNodes(qxVariantSet *set, std::vector<qxN
     if (!set)
         return;
     const qxSetUse use(*set);
+    const qxUnchangedNames unchanged;
     const std::vector<osg::NodeRefPtr> kept(roots.begin(), roots.end()); // beyond listeners
     const qxCaptureProgress progress;
     const CapturedGeometries geometries;

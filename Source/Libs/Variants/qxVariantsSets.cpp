@@ -100,14 +100,10 @@ void qxVariants::clearVariantSets()
 
 void qxVariants::clearEmptyVariantSets()
 {
-    // By index, because listeners may change the list.
-    std::size_t index = 0;
-    while (index < _variantSets.size()) {
-        if (!_variantSets[index]->isEmpty()) {
-            ++index;
+    for (qxVariantSet *set : _variantSets) {
+        if (!set->isEmpty())
             continue;
-        }
-        qxVariantSet *const set = _variantSets.takeAt(index);
+        _variantSets.take(set);
         qxNotify::variantSetRemoved(set);
         qxSetUse::destroy(set);
     }
@@ -123,8 +119,8 @@ void qxVariants::optimizeVariantSets()
 {
     const qxFindCache cache(!_variantSets.empty());
     qxSceneNames scene; // one for all sets: gathering it goes through the whole scene
-    for (std::size_t index = 0; index < _variantSets.size(); ++index)
-        _variantSets[index]->optimize(scene);
+    for (qxVariantSet *set : _variantSets)
+        set->optimize(scene);
 }
 
 qxVariantGroup *qxVariants::createVariantGroup(const QString &name, bool notify, bool visible)
@@ -170,10 +166,10 @@ void qxVariants::clearVariantGroups()
 
 void qxVariants::clearEmptyGroups()
 {
-    for (std::size_t index = _variantGroups.size(); index-- > 0;) {
-        // Listeners may have removed more than one.
-        if (index < _variantGroups.size() && isEmptyGroup(_variantGroups[index]))
-            removeVariantGroup(_variantGroups[index]->name);
+    for (std::size_t place = _variantGroups.places(); place-- > 0;) {
+        const qxVariantGroup *const group = _variantGroups.at(place);
+        if (group && isEmptyGroup(group))
+            removeVariantGroup(group->name);
     }
 }
 

@@ -107,7 +107,7 @@ void qxPlaces::put(std::vector<Placed> sets)
 int qxPlaces::indexOf(const qxVariantGroup &group)
 {
     const auto &all = qxVariants::_variantGroups;
-    return int(std::find(all.begin(), all.end(), &group) - all.begin());
+    return int(std::distance(all.begin(), std::find(all.begin(), all.end(), &group)));
 }
 
 void qxPlaces::put(const std::vector<PlacedGroup> &groups)

@@ -9,10 +9,12 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
+#include "qxController.h"
 #include "qxOverlays.h"
 
 #include <OpenSG/OSGGraphOpFactory.h>
 
+#include <cstring>
 #include <memory>
 
 namespace {
@@ -35,7 +37,13 @@ protected:
     Texts run(const osg::NodePtr &root)
     {
         notifications.clear();
+        m_madeWhenTold = -1;
+        const int listener = qxController::addListener([this](const char *, qxMessage *, int) {
+            m_madeWhenTold =
+                int(qxVariants::_lightVariants.size() + qxVariants::_transformVariants.size());
+        });
         EXPECT_TRUE(Creator().traverse(root));
+        qxController::removeListener(listener);
         return notifications.lines();
     }
 
@@ -59,9 +67,28 @@ protected:
         EXPECT_EQ(prototype.traverseEnter(none), osg::Action::Continue);
         EXPECT_EQ(prototype.traverseLeave(none, osg::Action::Quit), osg::Action::Continue);
     }
+
+    int m_madeWhenTold = -1; ///< lights and transforms that had variants at the notification
 };
 
+/// The place of a virtual function in its class's table, as the Itanium C++ ABI lays it out.
+template <class Function>
+std::size_t slotOf(Function function)
+{
+    std::size_t offsetAndOne = 0;
+    std::memcpy(&offsetAndOne, &function, sizeof offsetAndOne);
+    return offsetAndOne / sizeof(void *);
+}
+
 } // namespace
+
+// The host calls operations through the table.
+TEST_F(CreatorsTest, CreateStandsBeforeTheTwoDestructors)
+{
+    EXPECT_EQ(slotOf(&qxNodeVariantCreator::create), 0u);
+    EXPECT_EQ(slotOf(&qxNodeVariantCreator::setParams), 3u);
+    EXPECT_EQ(slotOf(&qxNodeVariantCreator::usage), 4u);
+}
 
 TEST_F(CreatorsTest, EachIsMadeByTheFactoryUnderItsNameAndWalksOnWhateverItMeets)
 {
@@ -98,6 +125,7 @@ TEST_F(CreatorsTest, LightsAreFoundBelowLightsAndSwitches)
     scene.addLight("Moon", scene.addLight("Sun", lamps.child(1)));
     EXPECT_EQ(run<qxLightVariantCreator>(scene.root()), Texts({"1 lightVariantChanged"}));
     EXPECT_EQ(namesOf(qxVariants::_lightVariants), Texts({"Sun", "Moon"}));
+    EXPECT_EQ(m_madeWhenTold, 2);
     EXPECT_EQ(qxVariants::findLightVariant("Sun")->defaultState, "!Enable");
 }
 
@@ -108,6 +136,7 @@ TEST_F(CreatorsTest, NodesWithNamedStatesGetTransformVariants)
     scene.addTransformSwitch("Seat", 3);
     EXPECT_EQ(run<qxTransformVariantCreator>(scene.root()), Texts({"0 transformVariantChanged"}));
     EXPECT_EQ(namesOf(qxVariants::_transformVariants), Texts({"Door", "Handle"}));
+    EXPECT_EQ(m_madeWhenTold, 2);
     EXPECT_TRUE(qxVariants::findTransformVariant("Handle")->find("Down"));
 }
 

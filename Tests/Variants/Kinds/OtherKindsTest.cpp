@@ -1,5 +1,6 @@
 #include "qxAnalyzerVariant.h"
 #include "qxLightVariant.h"
+#include "qxNodeVariant.h"
 #include "qxOverlayVariant.h"
 #include "qxTransformVariant.h"
 
@@ -93,6 +94,8 @@ TEST_F(OverlayVariantTest, ASwitchIsReadAsANodeVariantReadsIt)
     EXPECT_EQ(variant.onCurrent(), "Info");
     qxMessage message;
     notifications.clear();
+    variant.callVariantsNodesChanged(osg::NullFC, message); // bears it
+    qxNodeVariant(legend.node()).callVariantsNodesChanged(osg::NullFC, message);
     variant.callVariantsNodesChanged(legend.node(), message);
     EXPECT_EQ(notifications.lines(),
               Texts({"1 variantsOverlaysChanged visible=[Info] invisible=[Logo] parent=Legend path="

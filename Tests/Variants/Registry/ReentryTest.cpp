@@ -98,10 +98,21 @@ TEST_F(ReentryTest, AListenerMayForgetEverythingAtAnyCall)
 TEST_F(ReentryTest, ASelectionGoesOnWithTheStatesThatItBeganWith)
 {
     qxVariantSet *const set = fill();
-    const OnCall emptying(1, [set] { set->clear(); });
-    set->select(true, false);
+    {
+        const OnCall emptying(1, [set] { set->clear(); });
+        set->select(true, false);
+    }
     EXPECT_EQ(heard("nodeVariantSelected").size(), 2u);
     EXPECT_TRUE(heard("materialVariantSelected").empty());
+
+    referToOneOfEach(*set);
+    const int emptying = qxController::addListener([set](const char *name, qxMessage *, int) {
+        if (name == std::string("animationStart"))
+            set->removeAnimation("Spin");
+    });
+    set->select(true, false);
+    qxController::removeListener(emptying);
+    EXPECT_EQ(heard("animationStart").size(), 2u);
 }
 
 TEST_F(ReentryTest, CreatingAnswersNullForWhatAListenerRemovedAtOnce)

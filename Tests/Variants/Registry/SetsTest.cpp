@@ -3,7 +3,10 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
+#include "OneOfEach.h"
+#include "Pictures/qxMainGlView.h"
 #include "qxController.h"
+#include "qxOSGWidget.h"
 
 namespace {
 
@@ -35,25 +38,53 @@ protected:
 
 TEST_F(SetsTest, TheHostsRequestClearsAllKindsInTheirOrderEvenIfThereIsNothing)
 {
-    addSet("Set", addGroup("Group"));
-    qxVariants::createLightVariant("Lamp", false);
-    for (int round = 0; round < 2; ++round) {
+    addOneOfEach(scene, *addSet("Set", addGroup("Group")));
+    notifications.clear();
+    std::string left; // of each kind, of the sets and of the groups, at each call
+    const int listener = qxController::addListener([&](const char *, qxMessage *, int) {
+        typedef qxVariants All;
+        for (const std::size_t size :
+             {All::_nodeVariants.size(), All::_materialVariants.size(), All::_lightVariants.size(),
+              All::_overlayVariants.size(), All::_transformVariants.size(),
+              All::_variantSets.size(), All::_variantGroups.size()})
+            left += std::to_string(size);
+        left += " ";
+    });
+    const std::string nothing = "0000000 ";
+    for (const std::string &last :
+         {"0111111 0011111 0001111 0000111 0000011 0000001 " + nothing,
+          nothing + nothing + nothing + nothing + nothing + nothing + nothing}) {
         notifications.clear();
+        left.clear();
         qxController::call("clearAllVariants", 1);
         EXPECT_EQ(
             notifications.lines(),
             Lines({"1 nodeVariantChanged", "1 materialVariantChanged", "1 lightVariantChanged",
                    "1 overlayVariantChanged", "0 transformVariantChanged", "1 variantSetChanged",
                    "1 variantGroupChanged", "1 clearAllVariants"}));
-        EXPECT_TRUE(qxVariants::_variantSets.empty() && qxVariants::_variantGroups.empty()
-                    && qxVariants::_lightVariants.empty());
+        EXPECT_EQ(left, last + nothing);
     }
+    qxController::removeListener(listener);
+}
+
+TEST_F(SetsTest, SelectingBeginsByEndingTheRefinementOfThePicture)
+{
+    qxOSGWidget::setRaytracing(true);
+    qxMainGlView view(8, 4);
+    view.refine(); // the quick picture, which is made in any case
+    ASSERT_TRUE(view.isRefining());
+    qxVariants::selectVariantSet("Unknown", true);
+    EXPECT_FALSE(view.isRefining());
 }
 
 TEST_F(SetsTest, ATakenNameIsRefusedWithAWarning)
 {
     qxVariantGroup *const group = qxVariants::createVariantGroup("Sport", true, false);
+    const int listener = qxController::addListener([group](const char *, qxMessage *, int) {
+        EXPECT_EQ(group->sets.size(), 1u) << "the set is in its group when it is announced";
+    });
     qxVariantSet *const set = qxVariants::createVariantSet("Sport", true, group);
+    qxController::removeListener(listener);
     EXPECT_EQ(notifications.lines(),
               Lines({"1 variantGroupAdded variant=" + addressOf(group),
                      "1 variantSetAdded variant=" + addressOf(set)}));
@@ -178,7 +209,7 @@ TEST_F(SetsTest, TargetNodesAreShownBeforeTheSetIsSelected)
         set->addTargetNodeName(target);
 
     for (const bool included : {false, true}) {
-        set->inclNodes = included;
+        set->setInclInfo(included, !included, !included, !included, !included);
         qxVariants::selectVariantSet("Sport", true);
         EXPECT_EQ(body.shown(), included);
         EXPECT_EQ(door.shown(), included);

@@ -109,16 +109,22 @@ TEST_F(HandleTest, ObjectsThatAreNullOrNamelessAddNothing)
 TEST_F(HandleTest, AListenerThatRemovesSetAndVariantDoesNoHarm)
 {
     const TestNode wheels = scene.addSwitch("Wheels", {"Steel"});
-    const int listener = qxController::addListener([](const char *name, qxMessage *, int) {
-        if (name == std::string("nodeVariantAdded")) {
-            qxVariants::removeNodeVariant("Wheels");
+    for (const bool keepsVariant : {true, false}) {
+        qxVariants::createVariantSet("Winter", false, nullptr);
+        qxVariantSetPtr winter(qxVariants::findVariantSet("Winter"));
+        const int listener = qxController::addListener([=](const char *name, qxMessage *, int) {
+            if (name != std::string("nodeVariantAdded"))
+                return;
+            if (!keepsVariant)
+                qxVariants::removeNodeVariant("Wheels");
             qxVariants::removeVariantSet("Winter");
-        }
-    });
-    handle.addGeometry(wheels.node(), "Steel");
-    qxController::removeListener(listener);
-    EXPECT_FALSE(qxVariants::findVariantSet("Winter"));
-    EXPECT_FALSE(qxVariants::findNodeVariant("Wheels"));
+        });
+        winter.addGeometry(wheels.node(), "Steel");
+        qxController::removeListener(listener);
+        EXPECT_FALSE(qxVariants::findVariantSet("Winter"));
+        EXPECT_EQ(qxVariants::findNodeVariant("Wheels") != nullptr, keepsVariant);
+        qxVariants::clearNodeVariants();
+    }
 }
 
 TEST_F(HandleTest, ANewNameIsAssignedAsItIs)

@@ -1,5 +1,6 @@
 #include "Internal/qxNotify.h"
 
+#include "Internal/qxNameLookUp.h"
 #include "Internal/qxNodesChange.h"
 #include "Internal/qxText.h"
 #include "qxVariant.h"
@@ -14,6 +15,18 @@ namespace {
 constexpr int AtOnce = 1;
 constexpr int WhenIdle = 0;
 
+void call(const char *name, int flag)
+{
+    const qxUnchangedNames::Pause listeners;
+    qxController::call(name, flag);
+}
+
+void call(const char *name, qxMessage &message, int flag)
+{
+    const qxUnchangedNames::Pause listeners;
+    qxController::call(name, message, flag);
+}
+
 template <class Value>
 void set(qxMessage &message, const char *key, Value &&value)
 {
@@ -25,7 +38,7 @@ void callWith(const char *name, const char *key, Value &&value, int flag = AtOnc
 {
     qxMessage message;
     set(message, key, std::forward<Value>(value));
-    qxController::call(name, message, flag);
+    call(name, message, flag);
 }
 
 void callWithObject(const char *name, void *object, int flag = AtOnce)
@@ -35,7 +48,7 @@ void callWithObject(const char *name, void *object, int flag = AtOnce)
 
 void callTransformVariantChanged(int flag)
 {
-    qxController::call("transformVariantChanged", flag);
+    call("transformVariantChanged", flag);
 }
 
 void callWithChange(const char *name, qxMessage &message, qxNodesChange &&change)
@@ -44,7 +57,7 @@ void callWithChange(const char *name, qxMessage &message, qxNodesChange &&change
     set(message, "invisible", std::move(change.invisible));
     set(message, "parent", std::move(change.parent));
     set(message, "path", std::move(change.path));
-    qxController::call(name, message, AtOnce);
+    call(name, message, AtOnce);
 }
 
 } // namespace
@@ -78,47 +91,47 @@ void transformVariantAdded(qxVariant *variant)
 
 void nodeVariantRemoved()
 {
-    qxController::call("nodeVariantRemoved", AtOnce);
+    call("nodeVariantRemoved", AtOnce);
 }
 
 void materialVariantRemoved()
 {
-    qxController::call("materialVariantRemoved", AtOnce);
+    call("materialVariantRemoved", AtOnce);
 }
 
 void lightVariantRemoved()
 {
-    qxController::call("lightVariantRemoved", AtOnce);
+    call("lightVariantRemoved", AtOnce);
 }
 
 void overlayVariantRemoved()
 {
-    qxController::call("overlayVariantRemoved", AtOnce);
+    call("overlayVariantRemoved", AtOnce);
 }
 
 void transformVariantRemoved()
 {
-    qxController::call("transformVariantRemoved", WhenIdle);
+    call("transformVariantRemoved", WhenIdle);
 }
 
 void nodeVariantChanged()
 {
-    qxController::call("nodeVariantChanged", AtOnce);
+    call("nodeVariantChanged", AtOnce);
 }
 
 void materialVariantChanged()
 {
-    qxController::call("materialVariantChanged", AtOnce);
+    call("materialVariantChanged", AtOnce);
 }
 
 void lightVariantChanged()
 {
-    qxController::call("lightVariantChanged", AtOnce);
+    call("lightVariantChanged", AtOnce);
 }
 
 void overlayVariantChanged()
 {
-    qxController::call("overlayVariantChanged", AtOnce);
+    call("overlayVariantChanged", AtOnce);
 }
 
 void transformVariantChanged()
@@ -143,7 +156,7 @@ void variantSetRemoved(qxVariantSet *set)
 
 void variantSetChanged()
 {
-    qxController::call("variantSetChanged", AtOnce);
+    call("variantSetChanged", AtOnce);
 }
 
 void variantGroupAdded(qxVariantGroup *group)
@@ -158,7 +171,7 @@ void variantGroupRemoved(qxVariantGroup *group)
 
 void variantGroupChanged()
 {
-    qxController::call("variantGroupChanged", AtOnce);
+    call("variantGroupChanged", AtOnce);
 }
 
 void variantsSetSelected(const QString &setName)
@@ -168,7 +181,7 @@ void variantsSetSelected(const QString &setName)
 
 void variantSetSelected()
 {
-    qxController::call("variantSetSelected", AtOnce);
+    call("variantSetSelected", AtOnce);
 }
 
 void variantSetSelected(qxVariantSet *set)
@@ -256,7 +269,7 @@ void variantsLightsChanged(qxMessage &message, std::vector<std::string> &&enable
     // Listeners expect the fields of a node's change, but a light has nothing to say in them.
     set(message, "parent", std::string());
     set(message, "path", std::string());
-    qxController::call("variantsLightsChanged", message, AtOnce);
+    call("variantsLightsChanged", message, AtOnce);
 }
 
 void variantsMaterialChanged(const std::string &variantName, const std::string &materialName,
@@ -265,25 +278,26 @@ void variantsMaterialChanged(const std::string &variantName, const std::string &
     qxMessage message = changeBy(variantName);
     set(message, "materialName", materialName);
     set(message, "materialBaseName", materialBaseName);
-    qxController::call("variantsMaterialChanged", message, AtOnce);
+    call("variantsMaterialChanged", message, AtOnce);
 }
 
 void updateMaterials()
 {
-    qxController::call("updateMaterials", AtOnce);
+    call("updateMaterials", AtOnce);
 }
 
 QString uniqueMaterialName(const QString &wanted)
 {
     qxMessage message;
     set(message, "Switch", qxText::toUtf8(wanted));
-    qxController::call("MaterialGetUniqueName", message, AtOnce);
+    call("MaterialGetUniqueName", message, AtOnce);
     const auto *reply = message.get<std::string>("newname");
     return reply ? qxText::fromUtf8(*reply) : QString();
 }
 
 void sceneMaterialsChanged()
 {
+    const qxUnchangedNames::Pause listeners;
     qxMessage message(qxModuleBase::MaterialsChanged);
     qxModuleBase::sendMessage(message, false);
 }
@@ -293,7 +307,7 @@ void activateOverlays(const QString &state, const QString &overlayName)
     qxMessage message;
     set(message, "variantState", qxText::toUtf8(state));
     set(message, "name", qxText::toUtf8(overlayName));
-    qxController::call("activateOverlays", message, AtOnce);
+    call("activateOverlays", message, AtOnce);
 }
 
 } // namespace qxNotify

@@ -1,37 +1,21 @@
 #include "Internal/qxStateList.h"
 
-#include <algorithm>
-
-namespace {
-
-/// Up to this length going through the list is as fast as asking an index.
-constexpr std::size_t ShortList = 16;
-
-} // namespace
-
-qxStateList::qxStateList(const qxStateList &other) : qxNameWatcher(), m_states(other.m_states)
-{
-    watchAll();
-}
-
 qxStateList &qxStateList::operator=(const qxStateList &other)
 {
     m_states = other.m_states;
-    m_index.clear();
-    watchAll();
+    fillIndex();
     return *this;
 }
 
 qxVariantState *qxStateList::find(const QString &variant)
 {
-    const iterator place = locate(variant);
-    return place == m_states.end() ? nullptr : &*place;
+    const int place = m_index.find(variant);
+    return place == qxNameLookUp::None ? nullptr : &*m_places[std::size_t(place)];
 }
 
 const qxVariantState *qxStateList::find(const QString &variant) const
 {
-    const iterator place = locate(variant);
-    return place == m_states.end() ? nullptr : &*place;
+    return const_cast<qxStateList *>(this)->find(variant);
 }
 
 void qxStateList::add(const QString &variant, const QString &state)
@@ -41,52 +25,33 @@ void qxStateList::add(const QString &variant, const QString &state)
         return;
     }
     m_states.push_back({variant, state});
-    m_states.back().variant.setWatcher(this);
-    if (!m_index.isEmpty())
-        m_index.insert(variant, std::prev(m_states.end()));
+    m_places.push_back(std::prev(m_states.end()));
+    m_index.append(&m_states.back().variant);
 }
 
 void qxStateList::remove(const QString &variant)
 {
-    const iterator place = locate(variant);
-    if (place == m_states.end())
+    const int place = m_index.find(variant);
+    if (place == qxNameLookUp::None)
         return;
-    const bool hasTwins = std::size_t(m_index.size()) != m_states.size();
-    if (hasTwins)
-        m_index.clear(); // The next entry of the variant takes its place.
-    else
-        m_index.remove(variant);
-    m_states.erase(place);
+    m_index.remove(place);
+    m_states.erase(m_places[std::size_t(place)]);
+    if (m_index.isSparse() || m_states.empty())
+        fillIndex();
 }
 
 void qxStateList::clear()
 {
     m_states.clear();
+    fillIndex();
+}
+
+void qxStateList::fillIndex()
+{
+    m_places.clear();
     m_index.clear();
-}
-
-qxStateList::iterator qxStateList::locate(const QString &variant) const
-{
-    if (m_states.size() <= ShortList) {
-        m_index.clear();
-        return std::find_if(m_states.begin(), m_states.end(),
-                            [&](const qxVariantState &each) { return each.variant == variant; });
-    }
-    if (m_index.isEmpty())
-        buildIndex();
-    return m_index.value(variant, m_states.end());
-}
-
-void qxStateList::buildIndex() const
-{
     for (iterator each = m_states.begin(); each != m_states.end(); ++each) {
-        if (!m_index.contains(each->variant))
-            m_index.insert(each->variant, each);
+        m_places.push_back(each);
+        m_index.append(&each->variant);
     }
-}
-
-void qxStateList::watchAll()
-{
-    for (qxVariantState &each : m_states)
-        each.variant.setWatcher(this);
 }

@@ -1,23 +1,21 @@
 #pragma once
 
-#include "qxName.h"
-
-#include <QHash>
+#include "Internal/qxNameLookUp.h"
 
 #include <list>
+#include <vector>
 
 /// One reference that a set holds: a variant, by name, and the state to select in it.
 struct qxVariantState {
-    qxName variant;
+    QString variant;
     QString state; ///< an option's name or an action such as "!Toggle"
 };
 
 /// The references that a set holds to the variants of one kind, in order, one per variant.
 ///
-/// Entries stay where they are in memory until they are removed, and may be edited in place. Long
-/// lists keep an index of the variants' names, so that adding, finding and removing cost the same
-/// in all of them.
-class qxStateList : private qxNameWatcher {
+/// Entries stay where they are in memory until they are removed, and may be edited in place.
+/// Adding, finding and removing cost the same in short and long lists.
+class qxStateList {
     typedef std::list<qxVariantState> States;
 
 public:
@@ -26,7 +24,7 @@ public:
     typedef qxVariantState value_type;
 
     qxStateList() = default;
-    qxStateList(const qxStateList &other);
+    qxStateList(const qxStateList &other) : m_states(other.m_states) { fillIndex(); }
     qxStateList &operator=(const qxStateList &other);
 
     iterator begin() { return m_states.begin(); }
@@ -50,12 +48,9 @@ public:
     void clear();
 
 private:
-    iterator locate(const QString &variant) const;
-    void buildIndex() const;
-    void watchAll();
-    void renamed(const qxName &, const QString &) override { m_index.clear(); }
+    void fillIndex();
 
-    mutable States m_states;
-    /// The first entry of each variant; empty while the list is short or after a name was edited.
-    mutable QHash<QString, iterator> m_index;
+    States m_states;
+    std::vector<iterator> m_places; ///< of the entries; for an empty place whatever was there
+    qxNameLookUp m_index;
 };

@@ -13,10 +13,11 @@ class GraphOp {
 public:
     GraphOp(const char *name = "");
     GraphOp(const GraphOp &) = delete;
+    /// A new operation of the same class, owned by the caller. Declared first, as 1.8 does: its
+    /// place among the virtual functions is part of the binary interface.
+    virtual GraphOp *create() = 0;
     virtual ~GraphOp();
 
-    /// A new operation of the same class, owned by the caller.
-    virtual GraphOp *create() = 0;
     /// Takes settings from a text `name=value name="value with blanks"`.
     virtual void setParams(const std::string params) = 0;
     /// What the operation does and which settings it has.
