@@ -105,14 +105,32 @@ TEST_F(ReentryTest, ASelectionGoesOnWithTheStatesThatItBeganWith)
     EXPECT_EQ(heard("nodeVariantSelected").size(), 2u);
     EXPECT_TRUE(heard("materialVariantSelected").empty());
 
-    referToOneOfEach(*set);
-    const int emptying = qxController::addListener([set](const char *name, qxMessage *, int) {
-        if (name == std::string("animationStart"))
-            set->removeAnimation("Spin");
+    for (const char *clip : {"A", "B", "C"})
+        set->addAnimation(clip);
+    std::string started;
+    const int removing = qxController::addListener([&](const char *name, qxMessage *message, int) {
+        if (name != std::string("animationStart"))
+            return;
+        started += *message->get<std::string>("animation-name");
+        set->removeAnimation("B");
     });
     set->select(true, false);
-    qxController::removeListener(emptying);
-    EXPECT_EQ(heard("animationStart").size(), 2u);
+    qxController::removeListener(removing);
+    EXPECT_EQ(started, "ABC");
+}
+
+TEST_F(ReentryTest, AListenerFindsWhatItRenamesWhileADocumentIsRead)
+{
+    for (int i = 0; i < 40; ++i)
+        qxVariants::createNodeVariant(QStringLiteral("Old%1").arg(i), false);
+    const int renaming = qxController::addListener([](const char *name, qxMessage *, int) {
+        if (name == std::string("nodeVariantChanged")) {
+            qxVariants::findNodeVariant("Old7")->name = "New";
+            EXPECT_TRUE(qxVariants::findNodeVariant("New"));
+        }
+    });
+    qxVariantReader().read("<Variants><NodeVariant name='A'/></Variants>");
+    qxController::removeListener(renaming);
 }
 
 TEST_F(ReentryTest, CreatingAnswersNullForWhatAListenerRemovedAtOnce)
