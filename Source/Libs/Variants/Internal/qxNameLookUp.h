@@ -40,7 +40,7 @@ public:
 private:
     friend class qxUnchangedNames;
     /// Up to this many names going through them is as fast as asking a hash.
-    static constexpr int ShortList = 16;
+    static constexpr int ShortList = 8;
 
     struct Entry {
         const QString *name; ///< null: an empty place
