@@ -22,27 +22,32 @@ QString folded(const QString &text)
     return plain;
 }
 
-/// How many characters must be put in, taken out or replaced to make one text of the other.
+/// How many characters must be put in, taken out, replaced or swapped with their neighbour to make
+/// one text of the other.
 int editsBetween(const QString &one, const QString &other)
 {
-    std::vector<int> row(std::size_t(other.size()) + 1);
-    std::iota(row.begin(), row.end(), 0);
+    std::vector<int> beforeLast;
+    std::vector<int> last(std::size_t(other.size()) + 1);
+    std::iota(last.begin(), last.end(), 0);
     for (int i = 0; i < one.size(); ++i) {
-        int diagonal = row[0]++;
+        std::vector<int> row(last.size(), i + 1);
         for (int j = 0; j < other.size(); ++j) {
-            int &here = row[std::size_t(j) + 1];
-            const int replaced = diagonal + (one[i] != other[j]);
-            diagonal = here;
-            here = std::min({replaced, here + 1, row[std::size_t(j)] + 1});
+            const std::size_t at = std::size_t(j) + 1;
+            row[at] =
+                std::min({last[at - 1] + (one[i] != other[j]), last[at] + 1, row[at - 1] + 1});
+            if (i > 0 && j > 0 && one[i] == other[j - 1] && one[i - 1] == other[j])
+                row[at] = std::min(row[at], beforeLast[at - 2] + 1);
         }
+        beforeLast.swap(last);
+        last.swap(row);
     }
-    return row.back();
+    return last.back();
 }
 
 /// How many edits still let two texts of these lengths look alike.
 int limitFor(int one, int other)
 {
-    return std::max(1, (std::max(one, other) + 1) / 3);
+    return std::max(1, std::max(one, other) / 3);
 }
 
 /// The edits between two texts, -1 when they are not alike.
