@@ -112,8 +112,6 @@ TEST_F(WrongUseTest, AWrongCallIsExplainedInOneLine)
     refused(2, {scene, scene}, "desk.gltf: a file alone opens a window\nTry");
     refused(2, {"info", scene, "--colour"}, "info has no option --colour\nTry");
     refused(2, {"info", scene, "--jsn"}, "no option --jsn; did you mean \"--json\"?\nTry");
-    refused(2, {"select", scene}, "select needs FILE SET...");
-    refused(2, {"info", scene, scene}, "too many arguments for info");
     refused(2, {"set", scene, "Desk", "Oak", "Glass"}, "too many arguments for set");
     refused(2, {"document", scene, "--in", "a.xml"}, "--in and --save go together");
     refused(2, {"document", scene, "--save", path("b.gltf")}, "--in and --save go together");
