@@ -789,5 +789,9 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
         <source>Opening &quot;%1&quot;: variants...</source>
         <translation>„%1“ wird geöffnet: Varianten …</translation>
     </message>
+    <message>
+        <source>Open a scene with &quot;File &gt; Open&quot;, or drop one here.</source>
+        <translation>Öffnen Sie eine Szene mit „Datei &gt; Öffnen“, oder legen Sie eine hier ab.</translation>
+    </message>
 </context>
 </TS>

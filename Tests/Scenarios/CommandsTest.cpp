@@ -40,22 +40,27 @@ TEST_F(CommandsTest, ListShowsGroupsWithTheirSetsAndTheRestBehind)
 
 TEST_F(CommandsTest, StateShowsEveryVariantAndADashForWhatTheSceneLacks)
 {
-    // A transform switch reports whether it is shown; which place it takes is no state of its own.
     EXPECT_EQ(done({"state", desk()}).out,
               "node   Desk   Oak\n"
               "node   Lamp   !Enable\n"
-              "node   Chair  !Enable\n"
+              "node   Chair  Transform 0\n"
               "light  Lamp   -\n");
     const QJsonArray json = done({"state", desk(), "--json"}).array();
     ASSERT_EQ(json.size(), 4);
     EXPECT_EQ(QJsonDocument(json[0].toObject()), parsed(R"x({
-        "kind": "node", "name": "Desk", "current": "Oak", "default": "Oak", "states": [
+        "kind": "node", "name": "Desk", "current": "Oak", "hidden": false, "default": "Oak", "states": [
         {"name": "!All", "shortcut": "", "action": false},
         {"name": "!None", "shortcut": "", "action": false},
         {"name": "!Next (Loop)", "shortcut": "D", "action": false},
         {"name": "Oak", "shortcut": "", "action": false},
         {"name": "Glass", "shortcut": "", "action": false}]})x"));
     EXPECT_EQ(done({"state", desk("<Variants/>")}).out, "no variants\n");
+
+    const QString hidden = deskWithSet("<NodeVariantRef ref='Chair' state='!Disable'/>",
+                                       "<NodeVariant name='Chair' base='Chair'/>");
+    done({"select", hidden, "Only", "--save", hidden});
+    EXPECT_EQ(done({"state", hidden}).out, "node  Chair  Transform 0 (hidden)\n");
+    EXPECT_EQ(done({"state", hidden, "--json"}).array()[0].toObject()["hidden"], true);
 }
 
 TEST_F(CommandsTest, SelectTellsWhatEachSetChangedAndWhatItSkipped)
@@ -94,14 +99,15 @@ TEST_F(CommandsTest, TheSavedSceneStandsAsItWasSelected)
     EXPECT_EQ(done({"state", saved}).out,
               "node   Desk   Glass\n"
               "node   Lamp   !Disable\n"
-              "node   Chair  !Enable\n"
+              "node   Chair  Transform 0\n"
               "light  Lamp   -\n");
     EXPECT_EQ(bytesOf(path("desk.gltf")), sceneWith("desk"));
 
     done({"select", saved, "Leer geräumt", "Evening", "Leer geräumt", "--save", saved});
     EXPECT_TRUE(done({"state", saved})
                     .out.startsWith("node   Desk   !None\n"
-                                    "node   Lamp   !Enable\n"));
+                                    "node   Lamp   !Enable\n"
+                                    "node   Chair  Transform 2\n"));
     const QJsonValue nodes = sceneJson(saved)["nodes"];
     EXPECT_EQ(nodes[0]["extras"], (QJsonObject{{"qxSwitch", -1}, {"price", 12.5}}));
     EXPECT_EQ(nodes[4]["extras"]["qxTransformChoice"], 2);

@@ -13,15 +13,46 @@ TEST_F(VerifyTest, TheLinesGoToStandardOutputAndToTheReport)
     EXPECT_TRUE(run.out.startsWith("Info,VariantSet,Morning,,,valid\n"
                                    "Error,VariantSet,Evening,Shelf,,node variant not found\n"));
     EXPECT_EQ(run.out.count('\n'), 6);
-    EXPECT_EQ(run.err, "");
+    EXPECT_TRUE(run.err.startsWith("workbench: 3 errors by the letter")) << run.err.toStdString();
+    EXPECT_TRUE(run.err.contains("\"workbench lint FILE\""));
     EXPECT_EQ(bytesOf(path("report.csv")), run.out);
-    EXPECT_EQ(failed({"verify", desk()}).out, run.out);
+    EXPECT_EQ(failed({"verify", desk(), "--report", "-"}).out, run.out);
 
     const QString sound = deskWithSet("<NodeVariantRef ref='Desk' state='Oak'/>", variant);
     EXPECT_EQ(done({"verify", sound}).out,
               "Info,VariantSet,Only,,,valid\nInfo,NodeVariant,Desk,Desk,,valid\n");
-    refused(1, {"verify", sound, "--report", path("none/report.csv")},
-            "none/report.csv: the report cannot be written");
+}
+
+TEST_F(VerifyTest, OptimizingKeepsWorkingStepsUnlessItIsStrict)
+{
+    const QString saved = path("saved.gltf");
+    const QString scene = write("door.gltf", R"({
+        "asset": {"version": "2.0"}, "scene": 0, "scenes": [{"nodes": [0, 1]}],
+        "nodes": [{"name": "Door", "extras": {"qxPoseNames": "Shut;Open", "qxPose": 0,
+                   "qxPoses": [0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 0, 0, 2, 0, 0, 0, 1, 1, 1, 1]}},
+                  {"name": "Wall"}]})");
+    const QByteArray doors = "<TransformRef ref='Wall' state='!Next'/>"
+                             "<TransformRef ref='Door' state='!Next (Loop)'/>";
+    done({"document", scene, "--in", "-", "--save", scene},
+         "<Variants><VariantSet name='Only'>" + doors
+             + "</VariantSet><TransformVariant name='Door' base='Door'/>"
+               "<TransformVariant name='Wall' base='Wall'/></Variants>");
+    const ProgramRun run = done({"optimize", scene, "--save", saved});
+    EXPECT_EQ(run.out, "Only\n  dropped  transform Wall = !Next\n");
+    EXPECT_EQ(run.err,
+              "workbench: \"Only\" keeps transform Door = !Next (Loop), which works; "
+              "--strict drops it\n");
+    EXPECT_EQ(done({"optimize", saved, "--json"}).json(),
+              parsed(R"x({"sets": [{"name": "Only", "dropped": [],
+                         "kept": ["transform Door = !Next (Loop)"]}], "removed": []})x"));
+    const QStringList strictly{"optimize", saved, "--strict", "--remove-empty"};
+    EXPECT_EQ(done(strictly + QStringList("--json")).json(),
+              parsed(R"x({"sets": [{"name": "Only", "dropped": ["transform Door = !Next (Loop)"],
+                         "kept": []}], "removed": ["Only"]})x"));
+    EXPECT_EQ(done(strictly + QStringList{"--save", saved}).out,
+              "Only\n  dropped  transform Door = !Next (Loop)\n"
+              "Only\n  removed, it holds nothing\n");
+    EXPECT_FALSE(documentOf(saved).contains("VariantSet"));
 }
 
 TEST_F(VerifyTest, OptimizeListsWhatItDropsAndSavesTheRest)
@@ -42,19 +73,4 @@ TEST_F(VerifyTest, OptimizeListsWhatItDropsAndSavesTheRest)
     EXPECT_TRUE(document.contains("ref=\"Shelf\""));
     EXPECT_FALSE(document.contains("Pine") || document.contains("Gone"));
     EXPECT_EQ(done({"optimize", saved}).out, "nothing to drop\n");
-}
-
-TEST_F(VerifyTest, SetsThatHoldNothingAreRemovedWhenAskedFor)
-{
-    const QString saved = path("saved.gltf");
-    const QString scene = deskWithSet("<AnimationRef ref='Sunset'/>", variant);
-    EXPECT_EQ(done({"optimize", scene, "--remove-empty", "--save", saved}).out,
-              "Only\n"
-              "  dropped  animation Sunset\n"
-              "Only\n"
-              "  removed, it holds nothing\n");
-    EXPECT_FALSE(documentOf(saved).contains("VariantSet"));
-    EXPECT_EQ(done({"optimize", scene, "--remove-empty", "--json"}).json(),
-              parsed(R"({"sets": [{"name": "Only", "dropped": ["animation Sunset"]}],
-                         "removed": ["Only"]})"));
 }

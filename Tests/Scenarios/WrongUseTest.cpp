@@ -1,7 +1,11 @@
 #include "Program.h"
+#include "qxTestPaths.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QRegularExpression>
+
+#include <tuple>
 
 /// What the program says to somebody who does not know it, or who makes a mistake.
 class WrongUseTest : public ProgramFixture {
@@ -9,17 +13,18 @@ protected:
     const QString scene = desk();
 };
 
-TEST_F(WrongUseTest, EveryCommandSaysWhatItNeedsAndThatAFileIsNotThere)
+TEST_F(WrongUseTest, EveryCommandSaysWhatIsMissing)
 {
     const QString overview = QString::fromUtf8(done({"--help"}).out);
     EXPECT_EQ(done({"help"}).out, overview.toUtf8());
-    EXPECT_TRUE(overview.contains("workbench FILE, which opens a window"));
+    EXPECT_EQ(done({scene, "--help"}).out, overview.toUtf8());
     const QString none = path("none.gltf");
     for (const char *call :
          {"info --trace", "list --trace", "state --trace", "select Morning --trace",
           "set Desk Oak --trace", "create --trace", "document --trace", "verify --trace",
-          "optimize --trace", "lint --trace", "explain Morning --trace", "render --out a.png",
-          "previews --save a.gltf", "catalogue --out a", "check --trace", "capture Now --trace"}) {
+          "optimize --trace", "lint --trace", "explain Morning --trace",
+          "render --out a.png --trace", "previews --save a.gltf --trace",
+          "catalogue --out . --trace", "check --trace", "capture Now --trace"}) {
         QStringList words = QString(call).split(' ');
         const QString needed =
             QRegularExpression("\n  " + words[0] + " (FILE.*?)  ").match(overview).captured(1);
@@ -49,60 +54,127 @@ TEST_F(WrongUseTest, ACommandExplainsItself)
     EXPECT_TRUE(help.startsWith("Usage: workbench select FILE SET... [options]\n"));
     for (const char *option : {"--keep-camera", "--save", "--json", "--trace"})
         EXPECT_TRUE(help.contains(option)) << option;
-    EXPECT_EQ(done({"select", "-h", "not there.gltf"}).out, help);
+    for (const QStringList &call :
+         {QStringList{"select", "-h", "not there.gltf"}, {"help", "select"}, {"--help", "select"}})
+        EXPECT_EQ(done(call).out, help);
+    EXPECT_TRUE(done({"verify", "--help"}).out.contains("workbench lint"));
+    EXPECT_EQ(done({"--version"}).out.left(12), "workbench 0.");
 }
 
-TEST_F(WrongUseTest, AWrongCallIsExplainedAndEndsWithTwo)
+TEST_F(WrongUseTest, WithoutAnythingTheProgramOpensAWindow)
 {
-    refused(2, {}, "no command given\nUsage: ");
-    refused(2, {"paint", scene}, "unknown command \"paint\"\nUsage: ");
-    refused(2, {"INFO", scene}, "unknown command");
-    refused(2, {"info", scene, "--colour"}, "'colour'");
-    refused(2, {"select", scene}, "select needs FILE SET...");
-    refused(2, {"set", scene, "Desk"}, "set needs FILE VARIANT STATE");
-    refused(2, {"explain", scene}, "explain needs FILE SET");
-    refused(2, {"capture", scene}, "capture needs FILE NAME");
-    refused(2, {"info", scene, scene}, "too many arguments for info");
+    QProcess program;
+    program.start("env",
+                  {"-u", "QT_QPA_PLATFORM", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY",
+                   QX_BUILD_BIN "/workbench"});
+    EXPECT_TRUE(ended(program).err.contains("no display to open a window on"));
+}
+
+TEST_F(WrongUseTest, TheShellCompletesWhatTheCommandsTake)
+{
+    write("my scenes/a.GLB", "");
+    write("notes.txt", "");
+    for (const auto &[words, offered] : {std::pair("sel", "select"),
+                                         {"m", "my scenes"},
+                                         {"info my", "my scenes"},
+                                         {"info d", "desk.gltf"},
+                                         {"info n", ""},
+                                         {"explain desk.gltf d", ""},
+                                         {"help verif", "verify"},
+                                         {"render desk.gltf --qu", "--quality"},
+                                         {"render --quality b", "best"},
+                                         {"render --quality = b", "best"},
+                                         {"set --kind light desk.gltf --js", "--json"},
+                                         {"info --save = x d", ""},
+                                         {"create --kinds nodes,li", "nodes,lights"},
+                                         {"catalogue --out d", ""}}) {
+        QProcess shell;
+        shell.setWorkingDirectory(folder.path());
+        shell.start("bash",
+                    {"-c",
+                     "source \"$1\"; COMP_WORDS=(workbench $2); "
+                     "COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _workbench; "
+                     "echo \"${COMPREPLY[*]}\"",
+                     "bash", QX_BUILD_BIN "/../share/bash-completion/completions/workbench",
+                     words});
+        EXPECT_EQ(ended(shell).out.trimmed(), offered) << words;
+    }
+}
+
+TEST_F(WrongUseTest, AWrongCallIsExplainedInOneLine)
+{
+    refused(2, {"paint", scene}, "unknown command \"paint\"\nTry");
+    refused(2, {"INFO", scene}, "unknown command \"INFO\"; did you mean \"info\"?\nTry");
+    refused(2, {"--verson"}, "unknown option \"--verson\"; did you mean \"--version\"?\nTry");
+    refused(2, {"help", "selct"}, "unknown command \"selct\"; did you mean \"select\"?\nTry");
+    refused(2, {write("a.obj", "")}, "a.obj: scene files end in .gltf or .glb\n");
+    refused(2, {scene, "select", "Morning"}, "the command comes before the file\nTry");
+    refused(2, {scene, scene}, "desk.gltf: a file alone opens a window\nTry");
+    refused(2, {"info", scene, "--colour"}, "info has no option --colour\nTry");
+    refused(2, {"info", scene, "--jsn"}, "no option --jsn; did you mean \"--json\"?\nTry");
     refused(2, {"set", scene, "Desk", "Oak", "Glass"}, "too many arguments for set");
-    refused(2, {"document", scene, "--json"}, "'json'");
     refused(2, {"document", scene, "--in", "a.xml"}, "--in and --save go together");
     refused(2, {"document", scene, "--save", path("b.gltf")}, "--in and --save go together");
-    refused(2, {"document", scene, "--in", "a", "--out", "b", "--save", "c"}, "--in and --out");
+    refused(2, {"document", scene, "--in", "a", "--out", "b"}, "--in and --out");
     refused(2, {"select", scene, "Morning", "--save"}, "--save");
     // An empty name of a target is not taken for none.
     refused(2, {"select", scene, "Morning", "--save", ""}, "--save needs a value");
     refused(2, {"document", scene, "--out="}, "--out needs a value");
     refused(2, {"create", scene, "--kinds", "nodes,lamps"},
             "unknown kind \"lamps\"; there are nodes, lights, overlays, transforms, materials\n");
+    refused(2, {"set", scene, "Desk", "Oak", "--kind", "lamp"},
+            "unknown kind \"lamp\"; there are node, material, light, overlay, transform\n");
 }
 
-TEST_F(WrongUseTest, NothingIsDoneWhenANameIsMisspelt)
+TEST_F(WrongUseTest, AMisspeltNameIsAnsweredWithTheNearest)
 {
+    const QString set = "no variant set is called \"%1\"; did you mean \"%2\"?\n";
     const QStringList save{"--save", path("out.gltf")};
     refused(1, QStringList{"select", scene, "Morning", "Evning"} + save,
-            "no variant set is called \"Evning\"");
-    refused(1, QStringList{"select", scene, ""} + save, "no variant set is called \"\"");
-    refused(1, QStringList{"set", scene, "desk", "Oak"} + save, "no variant is called \"desk\"");
+            set.arg("Evning", "Evening").toUtf8());
+    refused(1, {"explain", scene, "geraumt"}, set.arg("geraumt", "Leer geräumt").toUtf8());
+    refused(1, {"render", scene, "--set", "evening", "--out", path("a.png")},
+            set.arg("evening", "Evening").toUtf8());
+    refused(1, QStringList{"select", scene, ""} + save, "no variant set is called \"\"\n");
+    refused(1, {"select", scene, "Midnight"}, "no variant set is called \"Midnight\"\n");
+    refused(1, QStringList{"set", scene, "Dsek", "Oak"} + save,
+            "no variant is called \"Dsek\"; did you mean \"Desk\"?\n");
+    refused(1, QStringList{"set", scene, "Desk", "Glas"} + save,
+            "\"Desk\" has no state \"Glas\"; did you mean \"Glass\"?\n");
+    refused(1, {"set", scene, "Desk", "all"}, "did you mean \"!All\"?\n");
     refused(1, QStringList{"set", scene, "Desk", "Stone"} + save,
             "\"Desk\" has no state \"Stone\"; it has \"!All\", \"!None\", \"!Next (Loop)\", "
             "\"Oak\", \"Glass\"\n");
     refused(1, QStringList{"set", scene, "Lamp", "!Disable"} + save, "say --kind node or light");
     refused(1, QStringList{"set", scene, "Desk", "Oak", "--kind", "light"} + save,
-            "no light variant is called \"Desk\"");
+            "no light variant is called \"Desk\"\n");
+    refused(1, {"capture", scene, "Now", "--view", "Frnt"}, "; did you mean \"Front\"?\n");
+    refused(1, {"capture", scene, "Now", "--root", "Lmap"}, "; did you mean \"Lamp\"?\n");
     EXPECT_FALSE(QFile::exists(save[1]));
 }
 
-TEST_F(WrongUseTest, ATargetThatCannotBeWrittenFailsWithItsPath)
+TEST_F(WrongUseTest, AnOutputIsLookedAtBeforeTheWork)
 {
+    const QString taken = path("taken.gltf");
+    const QString nowhere = path("no/where");
     ASSERT_TRUE(QDir(folder.path()).mkdir("taken.gltf"));
-    for (const QString &target :
-         {path("taken.gltf"), scene + "/below.gltf", path("picture.png"), path("no suffix")}) {
-        const ProgramRun run = failed({"select", scene, "Morning", "--save", target});
-        EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
-        EXPECT_TRUE(run.err.contains(target.toUtf8())) << run.err.toStdString();
+    for (const auto &[code, call, target, reason] :
+         {std::tuple(1, "select Morning --save", taken, "it is a folder"),
+          {1, "previews --save", nowhere + ".glb", "its folder does not exist"},
+          {1, "document --out", scene + "/below.xml", "its folder does not exist"},
+          {1, "verify --report", nowhere + ".csv", "its folder does not exist"},
+          {1, "render --out", nowhere + ".png", "its folder does not exist"},
+          {1, "render --all --out", nowhere, "the folder does not exist"},
+          {1, "catalogue --out", scene, "it is no folder"},
+          {2, "render --out", scene, "a picture's name ends with .png"},
+          {2, "capture Now --save", path("picture.png"), "scene files end in .gltf or .glb"},
+          {2, "create --save", QString("-"), "a scene is saved to a file, not to standard output"},
+          {2, "catalogue --out", QString("-"), "a folder is written, not standard output"}}) {
+        QStringList words = QString(call).split(' ') + QStringList(target);
+        words.insert(1, path("none.gltf")); // which nobody gets to see
+        refused(code, words, (target + ": " + reason + '\n').toUtf8());
     }
-    refused(1, {"document", scene, "--out", scene + "/below.xml"}, "/below.xml: ");
     refused(1, {"document", scene, "--in", path("none.xml"), "--save", path("out.gltf")},
             "/none.xml: ");
-    EXPECT_FALSE(QFile::exists(path("out.gltf")));
+    EXPECT_FALSE(QFile::exists(path("out.gltf")) || QFile::exists(path("no")));
 }

@@ -20,7 +20,7 @@ protected:
     {
         return {{"render", scene, "--all", "--size", "16x16", "--out", path("sheet.png")},
                 {"previews", scene, "--save", path("previews.gltf")},
-                {"catalogue", scene, "--out", path("catalogue")}};
+                {"catalogue", scene, "--out", made("catalogue")}};
     }
 
     static QByteArray printed(const QByteArray &script, const QString &scene)
@@ -99,7 +99,7 @@ TEST_F(SetScriptsTest, AnInterruptedScriptEndsTheCommand)
     EXPECT_TRUE(run.err.startsWith("error: script error: interrupted\n")) << run.err.toStdString();
     EXPECT_FALSE(run.err.contains("next")) << run.err.toStdString();
     EXPECT_FALSE(QFile::exists(out));
-    const QString pictures = path("pictures");
+    const QString pictures = made("pictures");
     EXPECT_EQ(workbench({"render", scene, "--all", "--out", pictures}).code, 130);
     EXPECT_EQ(QDir(pictures).entryList(QDir::Files), QStringList());
 }

@@ -16,6 +16,12 @@ QString TestFolder::write(const QString &name, const QByteArray &bytes) const
     return out.fileName();
 }
 
+QString TestFolder::made(const QString &name) const
+{
+    EXPECT_TRUE(QDir().mkpath(path(name)));
+    return path(name);
+}
+
 QByteArray bytesOf(const QString &path)
 {
     QFile in(path);

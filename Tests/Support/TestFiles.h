@@ -12,6 +12,8 @@ protected:
     QString path(const QString &name) const { return folder.filePath(name); }
     /// Writes a file, with its sub-folders, and returns its path.
     QString write(const QString &name, const QByteArray &bytes) const;
+    /// Makes a folder and returns its path.
+    QString made(const QString &name) const;
 
     QTemporaryDir folder;
 };

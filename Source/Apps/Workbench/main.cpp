@@ -9,6 +9,7 @@
 int main(int argc, char *argv[])
 {
     // Sub-commands need no display; previews and key texts need an application all the same.
+    QCoreApplication::setApplicationVersion(QStringLiteral(QX_VERSION));
     const bool hasWindow = qxWindowProgram::isAskedFor(argc, argv);
     if (!hasWindow && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

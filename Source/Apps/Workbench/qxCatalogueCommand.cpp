@@ -4,6 +4,8 @@
 #include "qxOutput.h"
 #include "qxSession.h"
 #include "qxSetPictures.h"
+#include "qxStreams.h"
+#include "qxValueKind.h"
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -13,11 +15,11 @@ namespace {
 
 QList<QCommandLineOption> options()
 {
-    return {{QStringLiteral("out"),
-             QStringLiteral("The folder for the page, index.html. It is made when there is none."),
+    return {{QStringLiteral("out"), QStringLiteral("The folder for the page, index.html."),
              QStringLiteral("DIR")},
             qxSetPictures::qualityOption(),
-            qxCommands::noScriptsOption()};
+            qxCommands::noScriptsOption(),
+            qxCommands::traceOption()};
 }
 
 int run(const QCommandLineParser &parser)
@@ -29,12 +31,14 @@ int run(const QCommandLineParser &parser)
     }
     if (!qxSetPictures::isQualityKnown(parser))
         return WrongUse;
-    qxSession session;
+    const QString page = folder.filePath(QStringLiteral("index.html"));
+    const int code = qxValueKinds::checkFile(page);
+    if (code != Success)
+        return code;
+    qxSession session(parser.isSet(QStringLiteral("trace")));
     const QString file = parser.positionalArguments().first();
     if (!session.open(file))
         return WorkFailed;
-    if (!folder.mkpath(QStringLiteral(".")))
-        return qxCommands::fail(QStringLiteral("%1: the folder cannot be made").arg(folder.path()));
 
     qxSetPictures::prepare(parser);
     const qxInterrupt interrupt;
@@ -43,8 +47,7 @@ int run(const QCommandLineParser &parser)
     const qxSetPictures::Previews previews = qxSetPictures::makePreviews(names, done);
     if (!qxSetPictures::reopen(session, file, previews))
         return WorkFailed;
-    const QString page = folder.filePath(QStringLiteral("index.html"));
-    if (!qxSetPictures::write(page, qxCataloguePage::html(QFileInfo(file).fileName())))
+    if (!qxStreams::write(page, qxCataloguePage::html(QFileInfo(file).fileName())))
         return WorkFailed;
     qxOutput::line(page);
     if (done == names.size())

@@ -1,36 +1,19 @@
 #include "qxCommand.h"
 
 #include "Script/qxScriptRunner.h"
+#include "qxHelp.h"
 #include "qxLeftOutScripts.h"
+#include "qxNearest.h"
 #include "qxOutput.h"
+#include "qxValueKind.h"
 
 #include <QCommandLineParser>
-#include <QRegularExpression>
+#include <QCoreApplication>
+#include <QFileInfo>
 
 #include <cstdio>
 
 namespace {
-
-const qxCommand *const commands[] = {
-    &qxCommands::info,     &qxCommands::list,    &qxCommands::state,    &qxCommands::select,
-    &qxCommands::set,      &qxCommands::create,  &qxCommands::document, &qxCommands::verify,
-    &qxCommands::optimize, &qxCommands::lint,    &qxCommands::explain,  &qxCommands::runScript,
-    &qxCommands::python,   &qxCommands::render,  &qxCommands::previews, &qxCommands::catalogue,
-    &qxCommands::check,    &qxCommands::capture,
-};
-
-QString overview()
-{
-    QString text = QStringLiteral("Usage: workbench COMMAND FILE ... [options]\n"
-                                  "       workbench FILE, which opens a window\n\nCommands:\n");
-    for (const qxCommand *command : commands) {
-        const QString call = QStringLiteral("%1 %2").arg(command->name, command->arguments);
-        text += QStringLiteral("  %1 %2\n").arg(call, -30).arg(command->summary);
-    }
-    return text
-        + QStringLiteral("\n\"workbench COMMAND --help\" tells more about a command.\n"
-                         "Exit codes: 0 done, 1 the work failed, 2 wrong use, 130 interrupted.\n");
-}
 
 int wrongUse(const QString &reason, const QString &hint)
 {
@@ -49,48 +32,30 @@ QString emptyOption(const qxCommand &command, const QCommandLineParser &parser)
     return QString();
 }
 
-QString argumentHelp(QString argument)
+/// Why the options cannot be read.
+QString flawOf(const qxCommand &command, const QCommandLineParser &parser)
 {
-    if (argument.remove(QRegularExpression("[][]")) == QLatin1String("FILE"))
-        return QStringLiteral("A scene file, .gltf or .glb.");
-    if (argument == QLatin1String("SCRIPT"))
-        return QStringLiteral("A file with Python source, - for standard input. "
-                              "What follows -- on the command line is in its sys.argv.");
-    if (argument == QLatin1String("SET"))
-        return QStringLiteral("Name of a variant set.");
-    if (argument == QLatin1String("SET..."))
-        return QStringLiteral("Names of variant sets.");
-    if (argument == QLatin1String("NAME"))
-        return QStringLiteral("Name of the new variant set.");
-    return argument == QLatin1String("VARIANT") ? QStringLiteral("Name of a variant.")
-                                                : QStringLiteral("Name of one of its states.");
-}
-
-/// The parser's own text, but the command stands where it belongs: before the options.
-void printHelp(const qxCommand &command, const QCommandLineParser &parser)
-{
-    const QString text = parser.helpText();
-    qxOutput::line(
-        QStringLiteral("Usage: workbench %1 %2 [options]").arg(command.name, command.arguments));
-    qxOutput::text(text.mid(text.indexOf(QLatin1Char('\n')) + 1));
+    if (parser.unknownOptionNames().isEmpty())
+        return parser.errorText();
+    QStringList names;
+    for (const QCommandLineOption &option : qxCommands::optionsOf(command))
+        names += QLatin1String("--") + option.names().last();
+    const QString unknown = parser.unknownOptionNames().first();
+    const QString written =
+        (unknown.size() > 1 ? QStringLiteral("--") : QStringLiteral("-")) + unknown;
+    return QStringLiteral("%1 has no option %2").arg(QLatin1String(command.name), written)
+        + qxNearest::question(written, names);
 }
 
 int runCommand(const qxCommand &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QString::fromUtf8(command.summary));
-    for (const QString &argument : QString::fromUtf8(command.arguments).split(QLatin1Char(' ')))
-        parser.addPositionalArgument(argument, argumentHelp(argument));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Shows this text."));
-    parser.addOption(help);
-    parser.addOptions(command.options());
-
+    parser.addOptions(qxCommands::optionsOf(command));
     const QString hint = QStringLiteral("Try \"workbench %1 --help\".").arg(command.name);
     if (!parser.parse(arguments))
-        return wrongUse(parser.errorText(), hint);
-    if (parser.isSet(help)) {
-        printHelp(command, parser);
+        return wrongUse(flawOf(command, parser), hint);
+    if (parser.isSet(QStringLiteral("help"))) {
+        qxHelp::print(command);
         return Success;
     }
     const int count = parser.positionalArguments().size();
@@ -101,6 +66,9 @@ int runCommand(const qxCommand &command, const QStringList &arguments)
     const QString empty = emptyOption(command, parser);
     if (!empty.isEmpty())
         return wrongUse(QStringLiteral("--%1 needs a value").arg(empty), hint);
+    const int outputs = qxValueKinds::checkOutputs(command, parser);
+    if (outputs != Success)
+        return outputs;
     // Standard output is for the results of the command.
     qxScriptRunner::setOutput(stderr);
     const qxLeftOutScripts leftOut(parser.optionNames().contains(QStringLiteral("no-scripts")));
@@ -110,23 +78,85 @@ int runCommand(const qxCommand &command, const QStringList &arguments)
     return qxCommands::fail(QStringLiteral("standard output cannot be written"));
 }
 
+/// Somebody may have meant the window, or put the scene in front of the command.
+int runSceneFirst(const QString &file, const QStringList &rest)
+{
+    if (rest.contains(QStringLiteral("--help")) || rest.contains(QStringLiteral("-h"))) {
+        qxHelp::printOverview();
+        return Success;
+    }
+    if (const qxCommand *const command = qxCommands::find(rest.value(0)))
+        return wrongUse(QStringLiteral("the command comes before the file"),
+                        QStringLiteral("Try \"workbench %1 %2\".").arg(command->name, file));
+    return wrongUse(QStringLiteral("%1: a file alone opens a window").arg(file),
+                    QStringLiteral("Try \"workbench --help\"."));
+}
+
+bool isScene(const QString &name)
+{
+    const QString suffix = QFileInfo(name).suffix().toLower();
+    return suffix == QLatin1String("gltf") || suffix == QLatin1String("glb");
+}
+
 } // namespace
+
+const QList<const qxCommand *> &qxCommands::all()
+{
+    static const QList<const qxCommand *> commands{
+        &info,     &list,      &state, &select,  &set,       &create,     &document,
+        &verify,   &optimize,  &lint,  &explain, &runScript, &python,     &render,
+        &previews, &catalogue, &check, &capture, &help,      &completion,
+    };
+    return commands;
+}
+
+const qxCommand *qxCommands::find(const QString &name)
+{
+    for (const qxCommand *command : all()) {
+        if (name == QLatin1String(command->name))
+            return command;
+    }
+    return nullptr;
+}
+
+QStringList qxCommands::argumentsOf(const qxCommand &command)
+{
+    return QString::fromUtf8(command.arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+QList<QCommandLineOption> qxCommands::optionsOf(const qxCommand &command)
+{
+    return command.options() << QCommandLineOption({QStringLiteral("h"), QStringLiteral("help")},
+                                                   QStringLiteral("Shows this text."));
+}
+
+int qxCommands::unknown(const QString &name)
+{
+    const QString hint = QStringLiteral("Try \"workbench --help\".");
+    if (QFileInfo::exists(name))
+        return wrongUse(QStringLiteral("%1: scene files end in .gltf or .glb").arg(name), hint);
+    QStringList names{QStringLiteral("--help"), QStringLiteral("--version")};
+    for (const qxCommand *command : all())
+        names += QLatin1String(command->name);
+    const QString what =
+        name.startsWith(QLatin1Char('-')) ? QStringLiteral("option") : QStringLiteral("command");
+    return wrongUse(QStringLiteral("unknown %1 \"%2\"").arg(what, name)
+                        + qxNearest::question(name, names),
+                    hint);
+}
 
 int qxCommands::dispatch(const QStringList &arguments)
 {
     const QString name = arguments.value(1);
-    if (name == QLatin1String("--help") || name == QLatin1String("-h")
-        || name == QLatin1String("help")) {
-        qxOutput::text(overview());
+    const QStringList rest = arguments.mid(2);
+    if (name == QLatin1String("--version") || name == QLatin1String("-v")) {
+        qxOutput::line(QLatin1String("workbench ") + QCoreApplication::applicationVersion());
         return Success;
     }
-    for (const qxCommand *command : commands) {
-        if (name == QLatin1String(command->name))
-            return runCommand(*command, arguments.mid(0, 1) + arguments.mid(2));
-    }
-    const QString reason = name.isEmpty() ? QStringLiteral("no command given")
-                                          : QStringLiteral("unknown command \"%1\"").arg(name);
-    return wrongUse(reason, overview());
+    const bool isHelp = name == QLatin1String("--help") || name == QLatin1String("-h");
+    if (const qxCommand *const command = isHelp ? &help : find(name))
+        return runCommand(*command, arguments.mid(0, 1) + rest);
+    return isScene(name) ? runSceneFirst(name, rest) : unknown(name);
 }
 
 QCommandLineOption qxCommands::jsonOption()

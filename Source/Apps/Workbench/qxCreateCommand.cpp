@@ -80,11 +80,9 @@ QStringList allWords()
 QList<QCommandLineOption> options()
 {
     return {{QStringLiteral("kinds"),
-             QStringLiteral("What to create variants for, with commas between: %1. Only nodes when "
-                            "not given. Overlays are the switches among the overlays, materials "
-                            "the switch materials.")
-                 .arg(allWords().join(QLatin1String(", "))),
-             QStringLiteral("KINDS"), QStringLiteral("nodes")},
+             QStringLiteral("What to create variants for; only nodes when not given. Overlays are "
+                            "the switches among the overlays, materials the switch materials."),
+             allWords().join(QLatin1Char(',')), QStringLiteral("nodes")},
             qxCommands::saveOption(),
             qxCommands::jsonOption(),
             qxCommands::traceOption()};

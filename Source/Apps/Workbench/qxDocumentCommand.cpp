@@ -1,28 +1,25 @@
 #include "qxCommand.h"
 #include "qxOutput.h"
 #include "qxSession.h"
+#include "qxStreams.h"
 
 #include <QCommandLineParser>
-#include <QFile>
-#include <QSaveFile>
 #include <QXmlStreamReader>
 
 namespace {
 
 QList<QCommandLineOption> options()
 {
-    return {{QStringLiteral("out"), QStringLiteral("Writes the document to XML."),
-             QStringLiteral("XML")},
-            {QStringLiteral("in"),
-             QStringLiteral("Replaces all variants by those of XML; needs --save."),
-             QStringLiteral("XML")},
-            qxCommands::saveOption(),
-            qxCommands::traceOption()};
-}
-
-int fileFailure(const QFileDevice &file)
-{
-    return qxCommands::fail(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
+    return {
+        {QStringLiteral("out"),
+         QStringLiteral("Writes the document to XML; - is standard output, which is the default."),
+         QStringLiteral("XML")},
+        {QStringLiteral("in"),
+         QStringLiteral(
+             "Replaces all variants by those of XML, - for standard input; needs --save."),
+         QStringLiteral("XML")},
+        qxCommands::saveOption(),
+        qxCommands::traceOption()};
 }
 
 /// Hands out the document as the file holds it, so that a damaged one can be mended by hand.
@@ -34,14 +31,9 @@ int exportDocument(const QCommandLineParser &parser)
     const QByteArray document = session.file().variantsDocument();
     if (document.isEmpty())
         return qxCommands::fail(QStringLiteral("the scene holds no variants document"));
-    if (!parser.isSet(QStringLiteral("out"))) {
-        qxOutput::bytes(document);
-        return Success;
-    }
-    QSaveFile out(parser.value(QStringLiteral("out")));
-    if (!out.open(QIODevice::WriteOnly) || out.write(document) < 0 || !out.commit())
-        return fileFailure(out);
-    return Success;
+    const QString out = parser.isSet(QStringLiteral("out")) ? parser.value(QStringLiteral("out"))
+                                                            : QStringLiteral("-");
+    return qxStreams::write(out, document) ? Success : WorkFailed;
 }
 
 /// The reader takes any root element, but one that is not ours and gave nothing is a wrong file.
@@ -54,16 +46,15 @@ bool isWrongFile(const QByteArray &xml, const qxSession &session)
 
 int importDocument(const QCommandLineParser &parser)
 {
-    QFile in(parser.value(QStringLiteral("in")));
-    if (!in.open(QIODevice::ReadOnly))
-        return fileFailure(in);
-    const QByteArray xml = in.readAll();
+    const QString in = parser.value(QStringLiteral("in"));
+    QByteArray xml;
+    if (!qxStreams::read(in, xml))
+        return WorkFailed;
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.openScene(parser.positionalArguments().first()) || !session.readDocument(xml))
         return WorkFailed;
     if (isWrongFile(xml, session))
-        return qxCommands::fail(
-            QStringLiteral("%1: it is no variants document").arg(in.fileName()));
+        return qxCommands::fail(QStringLiteral("%1: it is no variants document").arg(in));
     return session.save(parser.value(QStringLiteral("save"))) ? Success : WorkFailed;
 }
 

@@ -7,6 +7,7 @@
 #include "qxSetPictures.h"
 
 #include <QCommandLineParser>
+#include <QJsonObject>
 
 namespace {
 
@@ -17,7 +18,9 @@ QList<QCommandLineOption> options()
             {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
             qxCommands::noScriptsOption(),
             qxSetPictures::qualityOption(),
-            qxCommands::saveOption()};
+            qxCommands::saveOption(),
+            qxCommands::jsonOption(),
+            qxCommands::traceOption()};
 }
 
 int run(const QCommandLineParser &parser)
@@ -31,7 +34,7 @@ int run(const QCommandLineParser &parser)
     }
     if (!qxSetPictures::isQualityKnown(parser))
         return WrongUse;
-    qxSession session;
+    qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;
 
@@ -46,7 +49,10 @@ int run(const QCommandLineParser &parser)
         return WorkFailed;
     const int made = all ? done : previews.size();
     const int kept = int(qxVariants::_variantSets.size()) - made;
-    qxOutput::line(QStringLiteral("%1 made, %2 kept").arg(made).arg(kept));
+    if (parser.isSet(QStringLiteral("json")))
+        qxOutput::json(QJsonObject{{QStringLiteral("made"), made}, {QStringLiteral("kept"), kept}});
+    else
+        qxOutput::line(QStringLiteral("%1 made, %2 kept").arg(made).arg(kept));
     if (done == names.size())
         return qxCommands::codeAfterScripts();
     qxOutput::error(QStringLiteral("%1; %2 of %3 sets are done and saved")

@@ -1,6 +1,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "Files/qxOutputFile.h"
 #include "qxCameraService.h"
 #include "qxCommand.h"
 #include "qxContactSheet.h"
@@ -10,10 +11,12 @@
 #include "qxProgress.h"
 #include "qxSession.h"
 #include "qxSetPictures.h"
+#include "qxStreams.h"
+#include "qxUnknown.h"
+#include "qxValueKind.h"
 
 #include <QCommandLineParser>
 #include <QDir>
-#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSize>
 
@@ -29,7 +32,13 @@ struct Job {
     QSize size;
     QString out;
 
-    bool isSheet() const { return all && out.endsWith(QLatin1String(".png"), Qt::CaseInsensitive); }
+    /// Whether `out` is a picture and no folder.
+    bool isPicture() const
+    {
+        return out.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)
+            || qxStreams::isStandard(out) || qxOutputFile::isStream(out);
+    }
+    bool isSheet() const { return all && isPicture(); }
 };
 
 QList<QCommandLineOption> options()
@@ -38,7 +47,7 @@ QList<QCommandLineOption> options()
         {QStringLiteral("set"), QStringLiteral("Selects this set before."), QStringLiteral("NAME")},
         {QStringLiteral("all"),
          QStringLiteral("Makes a picture of every set, each selected in the scene as it is in the "
-                        "file: into the folder OUT, or as one sheet when OUT ends with .png.")},
+                        "file: into the folder DIR, or as one sheet into a PNG.")},
         {QStringLiteral("view"),
          QStringLiteral("Looks from this viewpoint instead of where the set leads to."),
          QStringLiteral("VIEWPOINT")},
@@ -47,9 +56,11 @@ QList<QCommandLineOption> options()
                         "default; 384x256 on a sheet."),
          QStringLiteral("WxH")},
         qxSetPictures::qualityOption(),
-        {QStringLiteral("out"), QStringLiteral("The picture, a PNG; with --all a folder or a PNG."),
-         QStringLiteral("OUT")},
+        {QStringLiteral("out"),
+         QStringLiteral("The picture, a PNG, - for standard output; with --all a folder or a PNG."),
+         QStringLiteral("PNG|DIR")},
         qxCommands::noScriptsOption(),
+        qxCommands::traceOption(),
     };
 }
 
@@ -76,10 +87,10 @@ int readJob(const QCommandLineParser &parser, Job &job)
     job.view = parser.value(QStringLiteral("view"));
     job.out = parser.value(QStringLiteral("out"));
     if (job.out.isEmpty())
-        return wrongUse(QStringLiteral("render needs --out OUT"));
+        return wrongUse(QStringLiteral("render needs --out PNG|DIR"));
     if (job.all && !job.set.isEmpty())
         return wrongUse(QStringLiteral("--set and --all do not go together"));
-    if (!job.all && !job.out.endsWith(QLatin1String(".png"), Qt::CaseInsensitive))
+    if (!job.all && !job.isPicture())
         return wrongUse(QStringLiteral("%1: a picture's name ends with .png").arg(job.out));
 
     job.size = job.isSheet() ? QSize(384, 256) : QSize(1280, 720);
@@ -89,26 +100,19 @@ int readJob(const QCommandLineParser &parser, Job &job)
         return wrongUse(QStringLiteral("--size is WIDTHxHEIGHT, each from 1 to %1, not \"%2\"")
                             .arg(LongestSide)
                             .arg(parser.value(QStringLiteral("size"))));
-    return Success;
+    return job.isPicture() ? qxValueKinds::checkFile(job.out) : qxValueKinds::checkFolder(job.out);
 }
 
 /// Why the job cannot be done in this scene; empty when it can.
 QString flawOf(const Job &job)
 {
     if (!job.set.isEmpty() && !qxVariants::findVariantSet(job.set))
-        return QStringLiteral("no variant set is called \"%1\"").arg(job.set);
+        return qxUnknown::set(job.set);
     if (job.all && qxVariants::_variantSets.empty())
         return QStringLiteral("the scene has no variant sets");
     const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
     if (!job.view.isEmpty() && camera->findViewpoint(job.view.toStdString()) < 0)
-        return QStringLiteral("no viewpoint is called \"%1\"").arg(job.view);
-    if (job.all && !job.isSheet())
-        return QDir().mkpath(job.out)
-            ? QString()
-            : QStringLiteral("%1: the folder cannot be made").arg(job.out);
-    const QFileInfo folder(QFileInfo(job.out).absolutePath());
-    if (!folder.isDir() || !folder.isWritable())
-        return QStringLiteral("%1: nothing can be written to its folder").arg(job.out);
+        return qxUnknown::viewpoint(job.view);
     return QString();
 }
 
@@ -143,7 +147,7 @@ int renderOne(const Job &job)
     }
     if (png.isEmpty())
         return endedEarly(QStringLiteral("no picture was written"));
-    return qxSetPictures::write(job.out, png) ? qxCommands::codeAfterScripts() : WorkFailed;
+    return qxStreams::write(job.out, png) ? qxCommands::codeAfterScripts() : WorkFailed;
 }
 
 int renderFolder(const Job &job)
@@ -153,7 +157,7 @@ int renderFolder(const Job &job)
     const int done = qxSetPictures::visit(names, [&](qxVariantSet &set) {
         const QByteArray png = picture(job);
         const QString path = QDir(job.out).filePath(files.next(set.name));
-        return !png.isEmpty() && qxSetPictures::write(path, png);
+        return !png.isEmpty() && qxStreams::write(path, png);
     });
     if (done == names.size())
         return qxCommands::codeAfterScripts();
@@ -171,7 +175,7 @@ int renderSheet(const Job &job)
             sheet.add(QImage::fromData(png), set.name);
         return !png.isEmpty();
     });
-    if (done > 0 && !qxSetPictures::write(job.out, sheet.png()))
+    if (done > 0 && !qxStreams::write(job.out, sheet.png()))
         return WorkFailed;
     if (done == names.size())
         return qxCommands::codeAfterScripts();
@@ -183,9 +187,11 @@ int run(const QCommandLineParser &parser)
 {
     Job job;
     const int code = readJob(parser, job);
-    if (code != Success || !qxSetPictures::isQualityKnown(parser))
+    if (code != Success)
+        return code;
+    if (!qxSetPictures::isQualityKnown(parser))
         return WrongUse;
-    qxSession session;
+    qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;
     const QString flaw = flawOf(job);

@@ -5,10 +5,10 @@
 #include "qxOutput.h"
 #include "qxPrompt.h"
 #include "qxSession.h"
+#include "qxStreams.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QFile>
 
 #include <cstdio>
 #include <functional>
@@ -40,27 +40,6 @@ int wrongUse(const QString &reason)
 {
     qxOutput::error(reason);
     return WrongUse;
-}
-
-bool readAll(QFile &in, QByteArray &text)
-{
-    text = in.readAll();
-    if (in.error() == QFileDevice::NoError)
-        return true;
-    qxOutput::error(QStringLiteral("%1: %2").arg(in.fileName(), in.errorString()));
-    return false;
-}
-
-/// Says why on standard error when it cannot.
-bool readScript(const QString &name, QByteArray &text)
-{
-    QFile in(name);
-    const bool isOpen = name == QLatin1String("-") ? in.open(stdin, QIODevice::ReadOnly)
-                                                   : in.open(QIODevice::ReadOnly);
-    if (isOpen)
-        return readAll(in, text);
-    qxOutput::error(QStringLiteral("%1: %2").arg(name, in.errorString()));
-    return false;
 }
 
 /// Opens the scene, if one is named, and does the work; saves what it made of the scene, but only
@@ -106,7 +85,7 @@ int runFile(const QCommandLineParser &parser)
         return wrongUse(QStringLiteral("too many arguments for run"));
     const QString name = arguments.own.first();
     QByteArray text;
-    if (!readScript(name, text))
+    if (!qxStreams::read(name, text))
         return WorkFailed;
     qxVariantWords::setArguments(QStringList(name) + arguments.ofTheScript);
     return inScene(parser, arguments.own.mid(1), [&] {
@@ -124,7 +103,7 @@ int prompt(const QCommandLineParser &parser)
     if (isatty(fileno(stdin)))
         return inScene(parser, arguments.own, runPrompt);
     QByteArray text;
-    if (!readScript(QStringLiteral("-"), text))
+    if (!qxStreams::read(QStringLiteral("-"), text))
         return WorkFailed;
     return inScene(parser, arguments.own, [&] { return runScript(text, "<stdin>"); });
 }

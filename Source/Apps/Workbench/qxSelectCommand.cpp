@@ -6,6 +6,7 @@
 #include "qxInterrupt.h"
 #include "qxOutput.h"
 #include "qxSession.h"
+#include "qxUnknown.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -27,7 +28,7 @@ bool areSets(const QStringList &names)
 {
     for (const QString &name : names) {
         if (!qxVariants::findVariantSet(name)) {
-            qxOutput::error(QStringLiteral("no variant set is called \"%1\"").arg(name));
+            qxOutput::error(qxUnknown::set(name));
             return false;
         }
     }

@@ -15,14 +15,13 @@
 
 #include <QCommandLineParser>
 #include <QImage>
-#include <QSaveFile>
 
 QCommandLineOption qxSetPictures::qualityOption()
 {
     return {QStringLiteral("quality"),
-            QStringLiteral("quick (hard light, jagged edges) or best (soft shadows, takes longer; "
-                           "the default)."),
-            QStringLiteral("QUALITY")};
+            QStringLiteral("Hard light and jagged edges, or soft shadows, which take longer and "
+                           "are the default."),
+            QStringLiteral("quick|best")};
 }
 
 bool qxSetPictures::isQualityKnown(const QCommandLineParser &parser)
@@ -110,13 +109,4 @@ QByteArray qxSetPictures::render(int width, int height)
     const std::string png = writer.exportImageFast();
     writer.exportImageFastTerminate();
     return QByteArray::fromStdString(png);
-}
-
-bool qxSetPictures::write(const QString &path, const QByteArray &bytes)
-{
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-        return true;
-    qxOutput::error(QStringLiteral("%1: %2").arg(path, file.errorString()));
-    return false;
 }

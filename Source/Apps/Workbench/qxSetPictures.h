@@ -44,7 +44,4 @@ QStringList namesWithoutPreview();
 /// Renders a PNG of the current scene; empty when it was interrupted.
 QByteArray render(int width, int height);
 
-/// Writes the file as a whole or not at all; says on standard error why it could not.
-bool write(const QString &path, const QByteArray &bytes);
-
 } // namespace qxSetPictures

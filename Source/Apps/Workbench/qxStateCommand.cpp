@@ -2,13 +2,14 @@
 
 #include "qxOutput.h"
 #include "qxShowCommand.h"
+#include "qxShownStates.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 
 namespace {
 
-QJsonObject object(const qxVariantRow &row)
+QJsonObject object(const qxVariantRow &row, const qxShownStates::Shown &shown)
 {
     QJsonArray states;
     for (const qxVariantOption &option : row.variant->options)
@@ -17,27 +18,36 @@ QJsonObject object(const qxVariantRow &row)
                               {QStringLiteral("action"), option.isAction}};
     return {{QStringLiteral("kind"), QLatin1String(row.kind)},
             {QStringLiteral("name"), row.variant->name},
-            {QStringLiteral("current"), row.variant->onCurrent()},
+            {QStringLiteral("current"), shown.state},
+            {QStringLiteral("hidden"), shown.isHidden},
             {QStringLiteral("default"), row.variant->defaultState},
             {QStringLiteral("states"), states}};
 }
 
 void printJson(const qxSession &)
 {
+    const qxShownStates states;
     QJsonArray array;
     for (const qxVariantRow &row : qxVariantTable::all())
-        array += object(row);
+        array += object(row, states.of(row));
     qxOutput::json(array);
+}
+
+QString wordsFor(const qxShownStates::Shown &shown)
+{
+    if (shown.state.isEmpty())
+        return QStringLiteral("-");
+    return shown.isHidden && shown.state != variantDisable
+        ? shown.state + QLatin1String(" (hidden)")
+        : shown.state;
 }
 
 void printTable(const qxSession &)
 {
+    const qxShownStates states;
     QList<QStringList> rows;
-    for (const qxVariantRow &row : qxVariantTable::all()) {
-        const QString current = row.variant->onCurrent();
-        rows += QStringList{QLatin1String(row.kind), row.variant->name,
-                            current.isEmpty() ? QStringLiteral("-") : current};
-    }
+    for (const qxVariantRow &row : qxVariantTable::all())
+        rows += QStringList{QLatin1String(row.kind), row.variant->name, wordsFor(states.of(row))};
     if (rows.isEmpty())
         rows += QStringList{QStringLiteral("no variants")};
     qxOutput::table(rows);

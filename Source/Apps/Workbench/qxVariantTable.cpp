@@ -9,6 +9,8 @@
 
 namespace {
 
+const char *const words[] = {"node", "material", "light", "overlay", "transform"};
+
 template <class List>
 void append(QList<qxVariantRow> &rows, const char *kind, const List &variants)
 {
@@ -21,12 +23,20 @@ void append(QList<qxVariantRow> &rows, const char *kind, const List &variants)
 QList<qxVariantRow> qxVariantTable::all()
 {
     QList<qxVariantRow> rows;
-    append(rows, "node", qxVariants::_nodeVariants);
-    append(rows, "material", qxVariants::_materialVariants);
-    append(rows, "light", qxVariants::_lightVariants);
-    append(rows, "overlay", qxVariants::_overlayVariants);
-    append(rows, "transform", qxVariants::_transformVariants);
+    append(rows, words[0], qxVariants::_nodeVariants);
+    append(rows, words[1], qxVariants::_materialVariants);
+    append(rows, words[2], qxVariants::_lightVariants);
+    append(rows, words[3], qxVariants::_overlayVariants);
+    append(rows, words[4], qxVariants::_transformVariants);
     return rows;
+}
+
+QStringList qxVariantTable::kinds()
+{
+    QStringList kinds;
+    for (const char *word : words)
+        kinds += QLatin1String(word);
+    return kinds;
 }
 
 QList<qxVariantRow> qxVariantTable::named(const QString &name)

@@ -17,5 +17,7 @@ namespace qxVariantTable {
 QList<qxVariantRow> all();
 /// The variants of that name: at most one of each kind.
 QList<qxVariantRow> named(const QString &name);
+/// The words of all kinds in that order.
+QStringList kinds();
 
 } // namespace qxVariantTable

@@ -10,6 +10,7 @@
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
+#include <QDir>
 #include <QtEndian>
 
 #include <cmath>
@@ -88,6 +89,7 @@ void SceneFileFixture::load(const QString &name)
 
 void SceneFileFixture::save(const QString &name)
 {
+    QDir().mkpath(QFileInfo(name).path());
     ASSERT_TRUE(file.save(name)) << file.errorString().toStdString();
 }
 

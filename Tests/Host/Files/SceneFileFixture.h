@@ -21,7 +21,8 @@ protected:
     void load(const QString &file);
     /// The same with a file that has these members.
     void loadText(const QByteArray &members) { load(write("scene.gltf", sceneText(members))); }
-    /// Saves the scene; fails the test with the reason when that fails.
+    /// Saves the scene, if need be into a new folder; fails the test with the reason when that
+    /// fails.
     void save(const QString &file);
     /// Saves the scene and loads what was saved. Expects the same tree, and that saving it again
     /// changes no byte.

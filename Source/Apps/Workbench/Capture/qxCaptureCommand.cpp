@@ -9,6 +9,7 @@
 #include "qxScenegraph.h"
 #include "qxSession.h"
 #include "qxUberCameraPool.h"
+#include "qxUnknown.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -70,7 +71,7 @@ std::vector<qxNodePtr> rootsFor(const QStringList &names)
         roots.push_back(qxScenegraph::findNode(name.toUtf8().constData()));
         if (roots.back() != osg::NullFC)
             continue;
-        qxOutput::error(QStringLiteral("no node is called \"%1\"").arg(name));
+        qxOutput::error(qxUnknown::node(name));
         return {};
     }
     return roots;
@@ -83,7 +84,7 @@ bool look(const QString &viewpoint)
     const int id = viewpoint.isEmpty() ? 0 : camera->findViewpoint(viewpoint.toStdString());
     camera->moveToViewpoint(id, 0, 0, 0); // a scene may have no viewpoint at all
     if (id < 0)
-        qxOutput::error(QStringLiteral("no viewpoint is called \"%1\"").arg(viewpoint));
+        qxOutput::error(qxUnknown::viewpoint(viewpoint));
     return id >= 0;
 }
 

@@ -10,6 +10,7 @@
 #include "qxMessage.h"
 #include "qxOutput.h"
 #include "qxSession.h"
+#include "qxUnknown.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -153,8 +154,7 @@ int run(const QCommandLineParser &parser)
         return WorkFailed;
     const qxVariantSet *const set = qxVariants::findVariantSet(arguments[1]);
     if (!set)
-        return qxCommands::fail(
-            QStringLiteral("no variant set is called \"%1\"").arg(arguments[1]));
+        return qxCommands::fail(qxUnknown::set(arguments[1]));
     qxExplanation explanation(*set);
     explanation.compare(selectQuietly(*set));
     print(arguments[1], explanation, parser.isSet(QStringLiteral("json")));

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QScreen>
+#include <QStatusBar>
 
 #include <clocale>
 
@@ -16,7 +17,7 @@ namespace {
 /// What speaks against a window; empty for nothing.
 QString obstacle(const QString &path)
 {
-    if (!QFileInfo::exists(path))
+    if (!path.isEmpty() && !QFileInfo::exists(path))
         return QStringLiteral("%1: the file does not exist").arg(path);
 #ifdef Q_OS_LINUX // Qt itself would abort there.
     for (const char *variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) {
@@ -33,6 +34,8 @@ QString obstacle(const QString &path)
 
 bool qxWindowProgram::isAskedFor(int argc, char *argv[])
 {
+    if (argc < 2)
+        return true;
     const QString path = argc == 2 ? QString::fromLocal8Bit(argv[1]) : QString();
     return path.endsWith(QLatin1String(".gltf"), Qt::CaseInsensitive)
         || path.endsWith(QLatin1String(".glb"), Qt::CaseInsensitive);
@@ -40,7 +43,8 @@ bool qxWindowProgram::isAskedFor(int argc, char *argv[])
 
 int qxWindowProgram::run(int argc, char *argv[])
 {
-    const QString reason = obstacle(QString::fromLocal8Bit(argv[1]));
+    const QString path = argc == 2 ? QString::fromLocal8Bit(argv[1]) : QString();
+    const QString reason = obstacle(path);
     if (!reason.isEmpty())
         return qxCommands::fail(reason);
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
@@ -57,6 +61,10 @@ int qxWindowProgram::run(int argc, char *argv[])
     if (!room.contains(window.geometry()))
         window.setGeometry(QRect(room.topLeft(), window.size().boundedTo(room.size())));
     window.show();
-    window.openFile(application.arguments().value(1));
+    if (path.isEmpty())
+        window.statusBar()->showMessage(
+            qxWorkbenchWindow::tr("Open a scene with \"File > Open\", or drop one here."));
+    else
+        window.openFile(path);
     return QApplication::exec();
 }

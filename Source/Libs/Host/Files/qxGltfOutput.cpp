@@ -1,10 +1,10 @@
 #include "Files/qxGltfOutput.h"
 
 #include "Files/qxGltfUri.h"
+#include "Files/qxOutputFile.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <memory>
 
@@ -21,15 +21,6 @@ bool isBinaryPath(const QString &path)
 bool holds(const QString &path, const QByteArray &bytes)
 {
     return QFileInfo(path).size() == bytes.size() && qxGltfReadFile(path) == bytes;
-}
-
-std::unique_ptr<QSaveFile> written(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    auto file = std::make_unique<QSaveFile>(path);
-    if (!file->open(QIODevice::WriteOnly) || file->write(bytes) != bytes.size() || !file->flush())
-        throw qxGltfError(path + " cannot be written: " + file->errorString());
-    return file;
 }
 
 } // namespace
@@ -135,11 +126,26 @@ QString qxGltfOutput::place(const QString &wanted, const QByteArray &bytes)
 
 void qxGltfOutput::commit() const
 {
-    std::vector<std::unique_ptr<QSaveFile>> files;
-    for (const auto &file : m_files)
-        files.push_back(written(file.first, file.second));
+    // Folders are made below the scene's own, never that itself.
+    const QString flaw = qxOutputFile::flawOf(m_path);
+    if (!flaw.isEmpty())
+        fail(m_path, flaw);
+    std::vector<std::unique_ptr<qxOutputFile>> files;
+    for (const auto &[path, bytes] : m_files) {
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        files.push_back(std::make_unique<qxOutputFile>(path));
+        if (!files.back()->prepare(bytes))
+            fail(path, files.back()->errorString());
+    }
     for (const auto &file : files) {
         if (!file->commit())
-            throw qxGltfError(file->fileName() + " cannot be written: " + file->errorString());
+            fail(file->path(), file->errorString());
     }
+}
+
+/// Of the scene's own path the message speaks anyway.
+void qxGltfOutput::fail(const QString &path, const QString &reason) const
+{
+    const QString what = path == m_path ? QString() : path + ' ';
+    throw qxGltfError(what + "cannot be written: " + reason);
 }

@@ -29,6 +29,7 @@ private:
     QString place(const QString &wanted, const QByteArray &bytes);
     bool staysInFolder() const;
     void commit() const;
+    [[noreturn]] void fail(const QString &path, const QString &reason) const;
 
     const qxGltfDocument &m_document;
     QString m_path;

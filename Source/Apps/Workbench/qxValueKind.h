@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QStringList>
+
+class QCommandLineParser;
+struct qxCommand;
+
+/// What an argument, or the value of an option, is; help calls it by its name.
+struct qxValueKind {
+    enum Place {
+        Word,
+        File,
+        Folder,
+        FileOrFolder ///< which of them is the command's to say
+    };
+
+    const char *name; ///< such as "FILE"
+    const char *help; ///< of an argument; null where there is none of that kind
+    Place place;
+    const char *suffixes; ///< of its files, with "|" between
+};
+
+namespace qxValueKinds {
+
+/// What help calls like this, brackets and dots aside; a word without any help when it is unknown.
+qxValueKind of(const QString &name);
+
+/// Looks at what the options name to be written, before any work is done. Success, or what the
+/// program ends with after saying on standard error why it cannot be written.
+int checkOutputs(const qxCommand &command, const QCommandLineParser &parser);
+/// The same for one file, which is called `name` on the command line, and for one folder.
+int checkFile(const QString &name);
+int checkFolder(const QString &name);
+
+} // namespace qxValueKinds
