@@ -7,6 +7,7 @@
 #include "Files/qxGltfTransforms.h"
 #include "OSGOverlayCore.h"
 #include "Scene/qxTransformStates.h"
+#include "qxNodeUtils.h"
 
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -30,6 +31,12 @@ bool countsChildren(const qxJson &node)
     const qxJson &extras = qxGltfMember(node, "extras");
     return !qxGltfMember(extras, qxGltfKeys::switchChoice).is_null()
         || !qxGltfMember(extras, qxGltfKeys::sharesCoreOf).is_null();
+}
+
+void hide(const osg::NodePtr &node)
+{
+    const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
+    node->setTravMask(0);
 }
 
 void setCore(const osg::NodePtr &node, const osg::NodeCorePtr &core)
@@ -212,10 +219,8 @@ void qxGltfNodes::describe(int index, const osg::NodePtr &node)
     const qxJson &name = qxGltfMember(json, "name");
     if (name.is_string())
         osg::setName(node, name.get<std::string>());
-    if (isVisible(json))
-        return;
-    const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
-    node->setTravMask(0);
+    if (!isVisible(json))
+        hide(node);
 }
 
 void qxGltfNodes::setPoses(int index, const osg::NodePtr &node, qxGltfExtras &extras)
@@ -323,15 +328,28 @@ void qxGltfNodes::addParts(int index, const osg::NodePtr &node, int mesh) const
 {
     const qxGltfExtras extras(index, m_model.node(index), m_model.warnings);
     const std::vector<int> hidden = extras.integers(qxGltfKeys::hiddenParts);
+    const qxGltfMeshParts &parts = m_scene.meshes[std::size_t(mesh)];
+    const bool isAll = node->getNChildren() == 0 && parts.size() == 1;
     int position = 0;
-    for (const qxGltfGeometryRef &part : m_scene.meshes[std::size_t(mesh)]) {
+    for (const qxGltfGeometryRef &part : parts) {
         if (part == osg::NullFC)
             continue;
         const osg::NodePtr child = osg::makeNodeFor(part.get());
-        if (std::find(hidden.begin(), hidden.end(), position++) != hidden.end()) {
-            const osg::CPEditor edit(child, osg::Node::TravMaskFieldMask);
-            child->setTravMask(0);
-        }
         node->addChild(child);
+        if (std::find(hidden.begin(), hidden.end(), position++) != hidden.end())
+            hidePart(child, isAll);
     }
+}
+
+/// No variant reaches a part that has its node's name. Hidden with the node it would stay hidden
+/// when that is shown again, and if it is all that the node shows, hiding the node does the same.
+void qxGltfNodes::hidePart(const osg::NodePtr &part, bool isAll)
+{
+    const osg::NodePtr node = part->getParent();
+    if (qxNodeUtils::isFoundByName(part))
+        hide(part);
+    else if (isAll)
+        hide(node);
+    else if (node->getTravMask() != 0)
+        hide(part);
 }

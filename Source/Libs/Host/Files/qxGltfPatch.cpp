@@ -91,9 +91,10 @@ void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeSt
                optionalJson<int>);
     writeExtra(node, qxGltfKeys::sharesCoreOf, before.sharesCoreOf, after.sharesCoreOf,
                optionalJson<std::string>);
-    writeExtra(
-        node, qxGltfKeys::hiddenParts, before.hiddenParts, after.hiddenParts,
-        [](const std::vector<int> &parts) { return parts.empty() ? qxJson() : qxJson(parts); });
+    // Whether a node is shown may have been taken from its hidden parts.
+    if (before.visible != after.visible || before.hiddenParts != after.hiddenParts)
+        qxGltfSetExtra(node, qxGltfKeys::hiddenParts,
+                       after.hiddenParts.empty() ? qxJson() : qxJson(after.hiddenParts));
     writeExtra(node, qxGltfKeys::lightOn, before.lightOn, after.lightOn,
                [](bool on) { return on ? qxJson() : qxJson(false); });
     writeExtra(node, qxGltfKeys::overlay, before.overlayLayer.has_value(),
