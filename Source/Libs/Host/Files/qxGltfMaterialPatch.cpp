@@ -222,15 +222,19 @@ void qxGltfMaterialPatch::writeTo(qxJson &primitive, const osg::MaterialPtr &mat
     qxGltfSetExtra(primitive, qxGltfKeys::switchMaterial, place);
 }
 
-void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state)
+void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state, const qxGltfSwitchUse &use)
 {
-    for (const auto &geometry : state.geometries) {
-        const auto part = m_origin.geometries.find(geometry.first);
-        if (part == m_origin.geometries.end())
-            continue;
-        writeTo(m_json["meshes"][std::size_t(part->second.mesh)]["primitives"]
-                      [std::size_t(part->second.primitive)],
-                geometry.second->getMaterial());
+    for (const auto &part : m_origin.geometries) {
+        qxJson &primitive = m_json["meshes"][std::size_t(part.second.mesh)]["primitives"]
+                                  [std::size_t(part.second.primitive)];
+        const auto shown = state.geometries.find(part.first);
+        const auto choices = use.shownBy.find(part.first);
+        if (shown != state.geometries.end())
+            writeTo(primitive, shown->second->getMaterial());
+        else if (m_list && choices != use.shownBy.end())
+            writeTo(primitive, use.states[std::size_t(choices->second)].material);
+        else if (m_list && part.second.switchMaterial != 0) // which is gone
+            qxGltfSetExtra(primitive, qxGltfKeys::switchMaterial, qxJson());
     }
 }
 

@@ -201,6 +201,8 @@ void qxGltfSwitchMaterials::assign(std::size_t mesh, std::size_t primitive)
         return;
     const osg::CPEditor edit(geometry, osg::Geometry::MaterialFieldMask);
     geometry->setMaterial(shown);
+    m_scene.origin.geometries[geometry.getFieldContainerId()].switchMaterial =
+        shown.getFieldContainerId();
     if (isMapped(mapping) && m_useOf.emplace(shown.getFieldContainerId(), m_uses.size()).second)
         m_uses.emplace_back(shown, mapping);
 }
