@@ -274,6 +274,7 @@ TEST_F(SceneFileSaveTest, FailedWritesLeaveTheOldFilesWhole)
     EXPECT_TRUE(file.errorString().contains(path("blocked/car data.bin") + " cannot be written"));
     QDir().mkdir(path("folder.gltf"));
     EXPECT_FALSE(file.save(path("folder.gltf")));
+    EXPECT_TRUE(file.errorString().contains("folder.gltf: the file cannot be written: "));
 
     // A disk that is full after thirty bytes.
     std::signal(SIGXFSZ, SIG_IGN);

@@ -1,11 +1,21 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <nlohmann/json.hpp>
 
 /// The JSON of a scene file. Members keep their order, so that a file comes back as it was.
 typedef nlohmann::ordered_json qxJson;
+
+/// Texts about files for people, in the language of the program.
+class qxFileText {
+    Q_DECLARE_TR_FUNCTIONS(qxFileText)
+
+public:
+    /// The word for a kind of entries, such as "buffer view".
+    static QString kind(const char *kind);
+};
 
 /// Why a scene file cannot be read or written, in plain words and without the file's name.
 class qxGltfError {
@@ -27,3 +37,5 @@ int qxGltfIndex(const qxJson &object, const char *name);
 
 /// How messages call an entry of a list: its kind, its number and, when it has one, its name.
 QString qxGltfCalled(const char *kind, int index, const qxJson &entry);
+/// The same for a primitive of the mesh `index`.
+QString qxGltfCalledPrimitive(int index, const qxJson &mesh, int primitive);

@@ -133,9 +133,10 @@ int qxGltfMaterialPatch::append(const osg::MaterialPtr &material)
     const bool plain = osg::SimpleMaterialPtr::dcast(material) != osg::NullFC;
     const osg::SimpleTexturedMaterialPtr textured = osg::SimpleTexturedMaterialPtr::dcast(material);
     if (!plain || (textured != osg::NullFC && textured->getImage() != osg::NullFC)) {
-        throw qxGltfError(QString("material \"%1\" cannot be written: scene files get no new %2")
-                              .arg(QString::fromStdString(qxMaterials::getName(material)),
-                                   material->getTypeName()));
+        throw qxGltfError(
+            qxFileText::tr("material \"%1\" cannot be written: scene files get no new %2")
+                .arg(QString::fromStdString(qxMaterials::getName(material)),
+                     material->getTypeName()));
     }
     m_namesChanged = true;
     qxJson &materials = m_json["materials"];

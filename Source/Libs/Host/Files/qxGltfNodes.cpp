@@ -119,7 +119,7 @@ void qxGltfNodes::findOverlay(int index)
     const bool below = parent >= 0 && m_made[std::size_t(parent)].inOverlay;
     made.overlay = extras.flag(qxGltfKeys::overlay, false);
     if (made.overlay && !below && parent >= 0 && countsChildren(m_model.node(parent))) {
-        warn(index, "a child of a switch cannot be an overlay");
+        warn(index, qxFileText::tr("a child of a switch cannot be an overlay"));
         made.overlay = false;
     }
     made.moved = made.overlay && !below;
@@ -137,11 +137,11 @@ void qxGltfNodes::findEnvironment(int index)
     const int parent = made.place.parent;
     const auto isOne = [](const Made &each) { return each.environment; };
     if (!extras.has(qxGltfKeys::switchChoice) || made.inOverlay)
-        return warn(index, "an environment is a switch and no overlay");
+        return warn(index, qxFileText::tr("an environment is a switch and no overlay"));
     if (parent >= 0 && countsChildren(m_model.node(parent)))
-        return warn(index, "a child of a switch cannot be the environment");
+        return warn(index, qxFileText::tr("a child of a switch cannot be the environment"));
     if (std::any_of(m_made.begin(), m_made.end(), isOne))
-        return warn(index, "the scene has an environment already");
+        return warn(index, qxFileText::tr("the scene has an environment already"));
     made.environment = true;
     made.moved = true;
 }
@@ -174,12 +174,12 @@ osg::NodeCorePtr qxGltfNodes::lightCore(int index, const qxGltfExtras &extras)
                             qxGltfKeys::sharesCoreOf, qxGltfKeys::poses}) {
         if (!extras.has(key))
             continue;
-        warn(index, "a switch or a node with poses cannot be a light");
+        warn(index, qxFileText::tr("a switch or a node with poses cannot be a light"));
         return osg::NodeCorePtr();
     }
     const osg::UberLightPtr core = qxGltfMakeLight(m_model.document.json, light);
     if (core == osg::NullFC) {
-        warn(index, QString("light %1 is of an unknown kind").arg(light));
+        warn(index, qxFileText::tr("light %1 is of an unknown kind").arg(light));
         return osg::NodeCorePtr();
     }
     const osg::CPEditor edit(core, osg::UberLight::OnFieldMask);
@@ -228,7 +228,7 @@ void qxGltfNodes::setPoses(int index, const osg::NodePtr &node, qxGltfExtras &ex
     const std::vector<osg::Matrix> poses = extras.transforms(qxGltfKeys::poses);
     const std::vector<std::string> names = extras.texts(qxGltfKeys::poseNames);
     if (names.size() != poses.size())
-        warn(index, QString("%1 poses with %2 names").arg(poses.size()).arg(names.size()));
+        warn(index, qxFileText::tr("%1 poses with %2 names").arg(poses.size()).arg(names.size()));
     std::vector<qxTransformState> states;
     for (std::size_t i = 0; i < std::min(poses.size(), names.size()); ++i)
         states.push_back({names[i], poses[i]});
@@ -239,7 +239,7 @@ void qxGltfNodes::setPoses(int index, const osg::NodePtr &node, qxGltfExtras &ex
         setCore(node, transform);
     }
     if (!movesNodes(node->getCore()))
-        warn(index, "a switch cannot be put into poses");
+        warn(index, qxFileText::tr("a switch cannot be put into poses"));
     qxTransformStates::set(node, states, extras.integer(qxGltfKeys::pose).value_or(-1));
 }
 
@@ -253,7 +253,8 @@ osg::NodeCorePtr qxGltfNodes::sharedCore(int index)
     const auto owner = m_switches.find(*name);
     if (owner == m_switches.end()) {
         warn(index,
-             QString("there is no switch \"%1\" to share").arg(QString::fromStdString(*name)));
+             qxFileText::tr("there is no switch \"%1\" to share")
+                 .arg(QString::fromStdString(*name)));
         return osg::NodeCorePtr();
     }
     return node(owner->second)->getCore();
@@ -274,7 +275,8 @@ void qxGltfNodes::share(int index)
         setCore(node, osg::Group::create());
 
     if (made.environment && qxGltfHasTransform(m_model.typed.nodes[std::size_t(index)]))
-        warn(index, "an environment surrounds everything: its transform has no effect");
+        warn(index,
+             qxFileText::tr("an environment surrounds everything: its transform has no effect"));
     else if (qxGltfNeedsPlace(node->getCore()))
         putAbove(index, qxGltfTransform(m_model.typed.nodes[std::size_t(index)]));
     if (made.overlay)

@@ -5,7 +5,10 @@
 #include <QStringList>
 
 #include <map>
+#include <memory>
 #include <vector>
+
+class QSaveFile;
 
 /// Writes a scene file and the files that it needs beside it. Nothing on the disk changes before
 /// all of them are written completely, and the scene file itself comes last; a file of other
@@ -24,11 +27,13 @@ public:
 private:
     void packFirstBuffer(qxJson &json, const std::vector<QByteArray> &buffers);
     void unpackFirstBuffer(qxJson &json);
-    void copyOthers(qxJson &json, const char *section);
+    void copyOthers(qxJson &json, const char *section, const char *kind);
     void copyOther(qxJson &entry, const QString &called);
     QString place(const QString &wanted, const QByteArray &bytes);
     bool staysInFolder() const;
     void commit() const;
+    std::unique_ptr<QSaveFile> written(const QString &path, const QByteArray &bytes) const;
+    [[noreturn]] void fail(const QSaveFile &file) const;
 
     const qxGltfDocument &m_document;
     QString m_path;

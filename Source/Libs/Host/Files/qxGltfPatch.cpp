@@ -175,8 +175,9 @@ void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value)
         return;
     }
     if (extras != node.end() && !holdsEntries)
-        throw qxGltfError(QString("\"%1\" cannot be written: the extras of \"%2\" are no object")
-                              .arg(key, QString::fromStdString(node.value("name", std::string()))));
+        throw qxGltfError(
+            qxFileText::tr("\"%1\" cannot be written: the extras of \"%2\" are no object")
+                .arg(key, QString::fromStdString(node.value("name", std::string()))));
     node["extras"][key] = value;
 }
 
@@ -273,6 +274,8 @@ void qxGltfPatch::writeVisibility(qxJson &node, bool visible)
         qxGltfUseExtension(m_json, name);
         return;
     }
+    if (qxGltfMember(qxGltfMember(node, "extensions"), name).is_null()) // the part was hidden
+        return;
     qxJson &visibility = node["extensions"][name];
     visibility.erase("visible");
     if (visibility.empty())

@@ -244,12 +244,13 @@ void qxGltfState::checkSharedNames() const
         const auto found = firstCores.find(*state.sharesCoreOf);
         if (found == firstCores.end()
             || found->second != state.node->getCore().getFieldContainerId())
-            throw qxGltfError(qxGltfCalled(state.node)
-                              + " shares the switch of a node without a name of its own");
+            throw qxGltfError(
+                qxFileText::tr("%1 shares the switch of a node without a name of its own")
+                    .arg(qxGltfCalled(state.node)));
     }
 }
 
 QString qxGltfCalled(const osg::NodePtr &node)
 {
-    return "node \"" + QString::fromStdString(qxNodeUtils::getName(node)) + '"';
+    return qxFileText::tr("node \"%1\"").arg(QString::fromStdString(qxNodeUtils::getName(node)));
 }
