@@ -61,6 +61,466 @@
     </message>
 </context>
 <context>
+    <name>qxFileText</name>
+    <message>
+        <source>indices are not of an unsigned integer type</source>
+        <translation>Indizes sind nicht von einem vorzeichenlosen ganzzahligen Typ</translation>
+    </message>
+    <message>
+        <source>buffer view %1 is in a buffer without data</source>
+        <translation>Pufferausschnitt %1 liegt in einem Puffer ohne Daten</translation>
+    </message>
+    <message>
+        <source>accessor %1 replaces element %2, it has %3</source>
+        <translation>Accessor %1 ersetzt Element %2, er hat %3</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a list</source>
+        <translation>„%1“ ist keine Liste</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; holds something that is no object</source>
+        <translation>„%1“ enthält etwas, das kein Objekt ist</translation>
+    </message>
+    <message>
+        <source>not a glTF 2.0 scene: &quot;asset&quot; states no version</source>
+        <translation>keine Szene in glTF 2.0: „asset“ nennt keine Version</translation>
+    </message>
+    <message>
+        <source>made for glTF version %1, only 2.0 can be read</source>
+        <translation>für glTF Version %1 gemacht, nur 2.0 ist lesbar</translation>
+    </message>
+    <message>
+        <source>&quot;extensionsRequired&quot; holds something that is no text</source>
+        <translation>„extensionsRequired“ enthält etwas, das kein Text ist</translation>
+    </message>
+    <message>
+        <source>requires what is not supported: %1</source>
+        <translation>verlangt, was nicht unterstützt wird: %1</translation>
+    </message>
+    <message>
+        <source>%1 is no object</source>
+        <translation>%1 ist kein Objekt</translation>
+    </message>
+    <message>
+        <source>%1 has no &quot;attributes&quot;</source>
+        <translation>%1 hat keine „attributes“</translation>
+    </message>
+    <message>
+        <source>%1 has an unknown mode</source>
+        <translation>%1 hat einen unbekannten Modus</translation>
+    </message>
+    <message>
+        <source>%1 has no &quot;primitives&quot;</source>
+        <translation>%1 hat keine „primitives“</translation>
+    </message>
+    <message>
+        <source>%1 names its %2 by something that is no index</source>
+        <translation>%1 verweist auf %2 mit etwas, das kein Index ist</translation>
+    </message>
+    <message>
+        <source>%1 refers to %2 %3, the file has %4</source>
+        <translation>%1 verweist auf %2 %3, die Datei hat %4</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a list of %3 numbers</source>
+        <translation>%1: „%2“ ist keine Liste von %3 Zahlen</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; holds something that is no finite number</source>
+        <translation>%1: „%2“ enthält etwas, das keine endliche Zahl ist</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is no count</source>
+        <translation>%1: „%2“ ist keine Anzahl</translation>
+    </message>
+    <message>
+        <source>%1 states no usable &quot;byteLength&quot;</source>
+        <translation>%1 nennt keine brauchbare „byteLength“</translation>
+    </message>
+    <message>
+        <source>%1: &quot;uri&quot; is no text</source>
+        <translation>%1: „uri“ ist kein Text</translation>
+    </message>
+    <message>
+        <source>%1 states no &quot;byteLength&quot;</source>
+        <translation>%1 nennt keine „byteLength“</translation>
+    </message>
+    <message>
+        <source>%1 has an impossible stride of %2</source>
+        <translation>%1 hat eine unmögliche Schrittweite von %2</translation>
+    </message>
+    <message>
+        <source>%1 ends at byte %2 of buffer %3, which has %4</source>
+        <translation>%1 endet bei Byte %2 von Puffer %3, der %4 hat</translation>
+    </message>
+    <message>
+        <source>%1 has %2 elements, more than its buffer view holds</source>
+        <translation>%1 hat %2 Elemente, mehr als sein Pufferausschnitt fasst</translation>
+    </message>
+    <message>
+        <source>%1: &quot;sparse&quot; is no object</source>
+        <translation>%1: „sparse“ ist kein Objekt</translation>
+    </message>
+    <message>
+        <source>%1 replaces more elements than it has</source>
+        <translation>%1 ersetzt mehr Elemente, als er hat</translation>
+    </message>
+    <message>
+        <source>%1 has an unknown component type</source>
+        <translation>%1 hat einen unbekannten Komponententyp</translation>
+    </message>
+    <message>
+        <source>%1 has an unknown type</source>
+        <translation>%1 hat einen unbekannten Typ</translation>
+    </message>
+    <message>
+        <source>%1 states no usable &quot;count&quot;</source>
+        <translation>%1 nennt keinen brauchbaren „count“</translation>
+    </message>
+    <message>
+        <source>%1: &quot;children&quot; is not a list</source>
+        <translation>%1: „children“ ist keine Liste</translation>
+    </message>
+    <message>
+        <source>%1 has two parents, node %2 and node %3</source>
+        <translation>%1 hat zwei Eltern, Knoten %2 und Knoten %3</translation>
+    </message>
+    <message>
+        <source>%1 is its own ancestor</source>
+        <translation>%1 ist sein eigener Vorfahr</translation>
+    </message>
+    <message>
+        <source>the file</source>
+        <translation>die Datei</translation>
+    </message>
+    <message>
+        <source>%1: &quot;nodes&quot; is not a list</source>
+        <translation>%1: „nodes“ ist keine Liste</translation>
+    </message>
+    <message>
+        <source>%1 lists %2, which is a child of node %3</source>
+        <translation>%1 führt %2 auf, ein Kind von Knoten %3</translation>
+    </message>
+    <message>
+        <source>%1 lists %2 twice</source>
+        <translation>%1 führt %2 zweimal auf</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: scene files have no form for a %2</source>
+        <translation>%1 kann nicht geschrieben werden: Szenendateien haben keine Form für %2</translation>
+    </message>
+    <message>
+        <source>an object has more than %1 members</source>
+        <translation>ein Objekt hat mehr als %1 Einträge</translation>
+    </message>
+    <message>
+        <source>the JSON is nested deeper than %1 levels</source>
+        <translation>das JSON ist tiefer als %1 Ebenen geschachtelt</translation>
+    </message>
+    <message>
+        <source>not valid JSON: %1</source>
+        <translation>kein gültiges JSON: %1</translation>
+    </message>
+    <message>
+        <source>not a scene: the JSON is not an object</source>
+        <translation>keine Szene: das JSON ist kein Objekt</translation>
+    </message>
+    <message>
+        <source>the file ends within the header of its %1 chunk</source>
+        <translation>die Datei endet im Kopf ihres %1-Abschnitts</translation>
+    </message>
+    <message>
+        <source>the %1 chunk is cut off: %2 bytes announced, %3 there</source>
+        <translation>der %1-Abschnitt ist abgeschnitten: %2 Bytes angekündigt, %3 vorhanden</translation>
+    </message>
+    <message>
+        <source>the chunk at byte %1 is not the %2 chunk</source>
+        <translation>der Abschnitt bei Byte %1 ist nicht der %2-Abschnitt</translation>
+    </message>
+    <message>
+        <source>the file ends within its header</source>
+        <translation>die Datei endet in ihrem Kopf</translation>
+    </message>
+    <message>
+        <source>container version %1 instead of 2</source>
+        <translation>Containerversion %1 statt 2</translation>
+    </message>
+    <message>
+        <source>the header says %1 bytes, the file has %2</source>
+        <translation>der Kopf nennt %1 Bytes, die Datei hat %2</translation>
+    </message>
+    <message>
+        <source>the file does not exist</source>
+        <translation>die Datei existiert nicht</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>das ist keine Datei</translation>
+    </message>
+    <message>
+        <source>the file cannot be opened: %1</source>
+        <translation>die Datei kann nicht geöffnet werden: %1</translation>
+    </message>
+    <message>
+        <source>the file is larger than one gigabyte</source>
+        <translation>die Datei ist größer als ein Gigabyte</translation>
+    </message>
+    <message>
+        <source>the file cannot be read: %1</source>
+        <translation>die Datei kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>the scene is too large for one .glb file</source>
+        <translation>die Szene ist zu groß für eine .glb-Datei</translation>
+    </message>
+    <message>
+        <source>is no integer</source>
+        <translation>ist keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>is neither true nor false</source>
+        <translation>ist weder wahr noch falsch</translation>
+    </message>
+    <message>
+        <source>is no text</source>
+        <translation>ist kein Text</translation>
+    </message>
+    <message>
+        <source>is not a list of ten numbers per state</source>
+        <translation>ist keine Liste von zehn Zahlen je Zustand</translation>
+    </message>
+    <message>
+        <source>is not a list of integers</source>
+        <translation>ist keine Liste ganzer Zahlen</translation>
+    </message>
+    <message>
+        <source>a new geometry needs triangles</source>
+        <translation>eine neue Geometrie braucht Dreiecke</translation>
+    </message>
+    <message>
+        <source>it</source>
+        <translation>es</translation>
+    </message>
+    <message>
+        <source>it is neither PNG nor JPEG</source>
+        <translation>es ist weder PNG noch JPEG</translation>
+    </message>
+    <message>
+        <source>it is too large</source>
+        <translation>es ist zu groß</translation>
+    </message>
+    <message>
+        <source>%1 is left out: %2</source>
+        <translation>%1 bleibt weg: %2</translation>
+    </message>
+    <message>
+        <source>accessor</source>
+        <translation>Accessor</translation>
+    </message>
+    <message>
+        <source>buffer</source>
+        <translation>Puffer</translation>
+    </message>
+    <message>
+        <source>buffer view</source>
+        <translation>Pufferausschnitt</translation>
+    </message>
+    <message>
+        <source>camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>light</source>
+        <translation>Licht</translation>
+    </message>
+    <message>
+        <source>material</source>
+        <translation>Material</translation>
+    </message>
+    <message>
+        <source>mesh</source>
+        <translation>Netz</translation>
+    </message>
+    <message>
+        <source>node</source>
+        <translation>Knoten</translation>
+    </message>
+    <message>
+        <source>sampler</source>
+        <translation>Sampler</translation>
+    </message>
+    <message>
+        <source>scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>skin</source>
+        <translation>Skin</translation>
+    </message>
+    <message>
+        <source>switch material</source>
+        <translation>Schaltmaterial</translation>
+    </message>
+    <message>
+        <source>texture</source>
+        <translation>Textur</translation>
+    </message>
+    <message>
+        <source>%1 %2 &quot;%3&quot;</source>
+        <comment>a node, its number and its name</comment>
+        <translation>%1 %2 „%3“</translation>
+    </message>
+    <message>
+        <source>%1, primitive %2</source>
+        <translation>%1, Primitiv %2</translation>
+    </message>
+    <message>
+        <source>material &quot;%1&quot; cannot be written: scene files get no new %2</source>
+        <translation>Material „%1“ kann nicht geschrieben werden: Szenendateien bekommen kein neues %2</translation>
+    </message>
+    <message>
+        <source>%1 has the wrong number of components</source>
+        <translation>%1 hat die falsche Zahl von Komponenten</translation>
+    </message>
+    <message>
+        <source>%1 is not there for every vertex</source>
+        <translation>%1 gibt es nicht für jeden Eckpunkt</translation>
+    </message>
+    <message>
+        <source>%1 holds something that is no finite number</source>
+        <translation>%1 enthält etwas, das keine endliche Zahl ist</translation>
+    </message>
+    <message>
+        <source>index %1 is used, there are %2 vertices</source>
+        <translation>Index %1 wird verwendet, es gibt %2 Eckpunkte</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>a child of a switch cannot be an overlay</source>
+        <translation>ein Kind eines Schalters kann kein Overlay sein</translation>
+    </message>
+    <message>
+        <source>an environment is a switch and no overlay</source>
+        <translation>eine Umgebung ist ein Schalter und kein Overlay</translation>
+    </message>
+    <message>
+        <source>a child of a switch cannot be the environment</source>
+        <translation>ein Kind eines Schalters kann nicht die Umgebung sein</translation>
+    </message>
+    <message>
+        <source>the scene has an environment already</source>
+        <translation>die Szene hat schon eine Umgebung</translation>
+    </message>
+    <message>
+        <source>a switch or a node with poses cannot be a light</source>
+        <translation>ein Schalter oder ein Knoten mit Posen kann kein Licht sein</translation>
+    </message>
+    <message>
+        <source>light %1 is of an unknown kind</source>
+        <translation>Licht %1 ist von unbekannter Art</translation>
+    </message>
+    <message>
+        <source>%1 poses with %2 names</source>
+        <translation>%1 Posen mit %2 Namen</translation>
+    </message>
+    <message>
+        <source>a switch cannot be put into poses</source>
+        <translation>ein Schalter kann keine Posen einnehmen</translation>
+    </message>
+    <message>
+        <source>there is no switch &quot;%1&quot; to share</source>
+        <translation>es gibt keinen Schalter „%1“ zu teilen</translation>
+    </message>
+    <message>
+        <source>an environment surrounds everything: its transform has no effect</source>
+        <translation>eine Umgebung umgibt alles: ihre Transformation hat keine Wirkung</translation>
+    </message>
+    <message>
+        <source>scene files end in .gltf or .glb</source>
+        <translation>Szenendateien enden auf .gltf oder .glb</translation>
+    </message>
+    <message>
+        <source>a .gltf has no place for the further chunks of the .glb</source>
+        <translation>eine .gltf hat keinen Platz für die weiteren Abschnitte der .glb</translation>
+    </message>
+    <message>
+        <source>%1 is not copied: %2</source>
+        <translation>%1 wird nicht kopiert: %2</translation>
+    </message>
+    <message>
+        <source>the file cannot be written: %1</source>
+        <translation>die Datei kann nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be written: the extras of &quot;%2&quot; are no object</source>
+        <translation>„%1“ kann nicht geschrieben werden: die „extras“ von „%2“ sind kein Objekt</translation>
+    </message>
+    <message>
+        <source>%1 shares the switch of a node without a name of its own</source>
+        <translation>%1 teilt den Schalter eines Knotens ohne eigenen Namen</translation>
+    </message>
+    <message>
+        <source>node &quot;%1&quot;</source>
+        <translation>Knoten „%1“</translation>
+    </message>
+    <message>
+        <source>%1: cannot be used</source>
+        <translation>%1: ist nicht verwendbar</translation>
+    </message>
+    <message>
+        <source>a mapping of variants cannot be used</source>
+        <translation>eine Zuordnung von Varianten ist nicht verwendbar</translation>
+    </message>
+    <message>
+        <source>a mapping names a variant that is not there</source>
+        <translation>eine Zuordnung nennt eine Variante, die es nicht gibt</translation>
+    </message>
+    <message>
+        <source>its data URI is not in base64</source>
+        <translation>die Daten-URI ist nicht in Base64</translation>
+    </message>
+    <message>
+        <source>the base64 of its data URI is damaged</source>
+        <translation>das Base64 der Daten-URI ist beschädigt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; leads out of the folder of the scene file</source>
+        <translation>„%1“ führt aus dem Ordner der Szenendatei hinaus</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: %2</source>
+        <translation>„%1“: %2</translation>
+    </message>
+    <message>
+        <source>%1 is too short: %2 bytes announced, %3 there</source>
+        <translation>%1 ist zu kurz: %2 Bytes angekündigt, %3 vorhanden</translation>
+    </message>
+    <message>
+        <source>nothing may be written to it</source>
+        <translation>es darf nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>its folder does not exist</source>
+        <translation>den Ordner gibt es nicht</translation>
+    </message>
+    <message>
+        <source>nothing may be written to its folder</source>
+        <translation>in den Ordner darf nicht geschrieben werden</translation>
+    </message>
+</context>
+<context>
     <name>qxLogView</name>
     <message>
         <source>Nothing was reported.</source>
@@ -101,6 +561,25 @@
     <message>
         <source>Python, such as: selectVariantSet(&quot;...&quot;)</source>
         <translation>Python, zum Beispiel: selectVariantSet(&quot;...&quot;)</translation>
+    </message>
+</context>
+<context>
+    <name>qxSession</name>
+    <message>
+        <source>byte %1 is NUL</source>
+        <translation>Byte %1 ist NUL</translation>
+    </message>
+    <message>
+        <source>it is not UTF-8</source>
+        <translation>es ist nicht UTF-8</translation>
+    </message>
+    <message>
+        <source>the variants document cannot be read: %1</source>
+        <translation>das Variantendokument ist nicht lesbar: %1</translation>
+    </message>
+    <message>
+        <source>the variants document cannot be read</source>
+        <translation>das Variantendokument ist nicht lesbar</translation>
     </message>
 </context>
 <context>
@@ -654,11 +1133,13 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
 Wheel or right button: zoom. Click: pick a node. Double click: look at it.
 Arrows: turn. + and -: zoom. F: show everything. Home: go home.
 
+Enter or a double click selects the set under the cursor, F2 renames it.
 Keys of sets select them anywhere but in text fields.</source>
         <translation>Linke Taste: drehen. Mittlere Taste oder linke mit Umschalt: verschieben.
 Mausrad oder rechte Taste: zoomen. Klick: Knoten auswählen. Doppelklick: Knoten ansehen.
 Pfeiltasten: drehen. + und −: zoomen. F: alles zeigen. Pos1: Grundstellung.
 
+Die Eingabetaste oder ein Doppelklick wählt das markierte Set aus, F2 benennt es um.
 Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
     </message>
     <message>

@@ -13,6 +13,7 @@ CheckScene::CheckScene()
     scene.addOverlaySwitch("Signs", {"Stop", "Go"});
     scene.addPoses("Door", {"Shut", "Open"});
     scene.add("Trim", scene.add("Body"));
+    scene.add("Lid", scene.add("Hinge", scene.add("Lid")));
     scene.addViewpoint("Front");
     scene.addViewpoint("Back");
     scene.setClips({"Spin"});

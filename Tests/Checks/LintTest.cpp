@@ -111,6 +111,8 @@ const Fault faults[] = {
     {"<State name='!Toggle'/>", "<State name='!All'/>", "QX404 State[3]"},
     {"<State name='!None'/>", "<State name='!None'/><State/>", "QX405 State[3]"},
     {foreign, "<NodeVariant name='New' base='Lamp'/>", "QX406 NodeVariant[4] 'New'"},
+    {foreign, "<NodeVariant name='Lid' base='Lid'><State name='!Toggle'/></NodeVariant>",
+     "QX409 NodeVariant[4] 'Lid'; QX408 NodeVariant[4] 'Lid'"},
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "HostFixture.h"
 #include "qxNodeUtils.h"
+#include "qxOverlays.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGNodeCore.h>
@@ -56,18 +57,24 @@ TEST_F(SceneLookupTest, ANodeIsNamedByItselfThenByItsCoreThenByTheTypeOfItsCore)
     }
 }
 
-TEST_F(SceneLookupTest, HiddenNodesAndUnchosenChildrenAreFoundInSceneOrder)
+TEST_F(SceneLookupTest, ANodeIsFoundWithoutTheMeshOfItsNameThatItShows)
 {
-    const TestNode wheels = scene.addSwitch("Wheels", {"Twin", "Steel"});
-    const TestNode inner = scene.add("Twin", wheels.child(1));
-    const TestNode last = scene.add("Twin").setMask(0);
-
-    const Nodes expected = {wheels.child(0).node(), inner.node(), last.node()};
-    EXPECT_EQ(qxScenegraph::findNodes("Twin"), expected);
-    EXPECT_EQ(cached("Twin"), expected);
+    const TestNode door = scene.add("Door");
+    const TestNode mesh = scene.addGeometry("", osg::NullFC, door);
+    osg::setName(mesh.core(), "Door");
+    EXPECT_EQ(qxScenegraph::findNodes("Door"), (Nodes{door.node()}));
+    EXPECT_EQ(cached("Door"), (Nodes{door.node()}));
+    const TestNode sheet = scene.addOverlay("Door");
+    mesh.moveTo(sheet);
+    EXPECT_EQ(qxOverlays::findOverlays("Door"), (Nodes{sheet.node()}));
+    mesh.moveTo(scene.add("Wall"));
+    EXPECT_EQ(cached("Door").size(), 2u) << "of another node";
+    mesh.moveTo(door);
+    osg::setName(mesh.node(), "Door");
+    EXPECT_EQ(cached("Door").size(), 2u) << "a node that was named so";
 }
 
-TEST_F(SceneLookupTest, WalkAndCacheFindEveryNodeOfANameInRandomScenes)
+TEST_F(SceneLookupTest, WalkAndCacheFindAllOfANameEvenHiddenNodesAndUnchosenChildren)
 {
     std::mt19937 random(20);
     for (int round = 0; round < 5; ++round) {
@@ -75,7 +82,9 @@ TEST_F(SceneLookupTest, WalkAndCacheFindEveryNodeOfANameInRandomScenes)
         std::vector<TestNode> nodes = {scene.root()};
         for (int i = 0; i < 300; ++i) {
             const std::string name = random() % 5 ? "Node" + std::to_string(random() % 40) : "";
-            nodes.push_back(scene.add(name, nodes[random() % nodes.size()]));
+            const TestNode parent = nodes[random() % nodes.size()];
+            nodes.push_back(i % 3 ? scene.add(name, parent) : scene.addSwitch(name, {}, parent));
+            nodes.back().setMask(i % 2 ? 0xFFFFFFFF : 0);
         }
         std::map<std::string, Nodes> expected;
         for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(scene.root()))

@@ -53,14 +53,22 @@ TEST_F(DockTest, AKeyIsForTheFieldOrListThatHasTheFocusThenForASetThenForAnOptio
     EXPECT_TRUE(qxSetHotkeys::conflictOf(set("Red"), window).contains("comes first in the list"));
 }
 
-TEST_F(DockTest, TheGalleryShowsTheSameSetAsTheList)
+TEST_F(DockTest, EnterSelectsTheHighlightedSetInTheListAsInTheGallery)
 {
-    click("Blue");
-    sets.findChild<QToolButton *>("gallery")->click();
-    EXPECT_EQ(sets.view()->form(), qxSetsView::Gallery);
-    auto *const gallery = qobject_cast<QAbstractItemView *>(sets.view()->currentWidget());
-    EXPECT_TRUE(gallery->dragEnabled() && gallery->viewport()->acceptDrops());
-    EXPECT_EQ(sets.view()->currentSet(), "Blue");
+    QApplication::setDoubleClickInterval(0); // for what a second click may begin
+    for (const bool isGallery : {false, true}) {
+        sets.findChild<QToolButton *>("gallery")->setChecked(isGallery);
+        auto &view = *qobject_cast<QAbstractItemView *>(sets.view()->currentWidget());
+        EXPECT_TRUE(view.dragEnabled() && view.viewport()->acceptDrops());
+        EXPECT_EQ(sets.view()->currentSet(), isGallery ? "Blue" : "");
+        wheels.choose(0);
+        sets.view()->showSet("Blue");
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier,
+                          view.visualRect(view.currentIndex()).center());
+        settle();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(wheels.choice(), 1);
+    }
 }
 
 TEST_F(DockTest, AnOptionIsSelectedInTheSecondDockAndConnectedVariantsAreHighlighted)

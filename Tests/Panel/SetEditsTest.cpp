@@ -54,12 +54,9 @@ TEST_F(SetEditsTest, ARemovedSetComesBackWithAllThatItHeld)
 TEST_F(SetEditsTest, ATakenNameGetsANumber)
 {
     edits.renameSet("Blue", "Red");
-    EXPECT_TRUE(setsOf("Outside").startsWith("Red,Red")) << setsOf("Outside").toStdString();
-    EXPECT_NE(setsOf("Outside"), "Red,Red");
+    EXPECT_TRUE(setsOf("Outside").startsWith("Red,Red ")) << setsOf("Outside").toStdString();
     edits.stack()->undo();
     EXPECT_EQ(setsOf("Outside"), "Red,Blue");
-    edits.renameSet("Blue", "  ");
-    EXPECT_EQ(edits.stack()->count(), 1) << "a name of blanks is no name";
 }
 
 TEST_F(SetEditsTest, CopiesStandBehindTheirOriginalsUnderNamesOfTheirOwnWithoutAKey)
@@ -79,21 +76,6 @@ TEST_F(SetEditsTest, CopiesStandBehindTheirOriginalsUnderNamesOfTheirOwnWithoutA
     edits.stack()->undo();
     EXPECT_EQ(namesOf(qxVariants::_variantSets), before);
     EXPECT_EQ(edits.stack()->count(), 2);
-}
-
-TEST_F(SetEditsTest, SetsMoveWithinTheirGroupAndComeBack)
-{
-    addGroup("Many", {"a", "b", "c", "d", "e"});
-    const QList<QStringList> moves = {{"b", "e", "a,c,d,b,e"},
-                                      {"d", "a", "d,a,b,c,e"},
-                                      {"a,c", "", "b,d,e,a,c"},
-                                      {"e,a", "c", "b,e,a,c,d"}};
-    for (const QStringList &move : moves) {
-        edits.moveSets(move[0].split(','), "Many", move[1]);
-        EXPECT_EQ(setsOf("Many"), move[2]);
-        edits.stack()->undo();
-        EXPECT_EQ(setsOf("Many"), "a,b,c,d,e") << move[2].toStdString();
-    }
 }
 
 TEST_F(SetEditsTest, EveryEditIsAnnouncedOnce)

@@ -151,6 +151,11 @@ TEST_F(SetsModelTest, EveryMoveBringsRowsToTheirPlacesAndIsOneStepToUndo)
          "0 Outside,1 Red,0 Inside,1 Leather,0 Extra,1 Blue,1 Bare,0 Alone"},
         {"sets into a group", [&] { drop(tree, "Alone,Leather", 1, group("Outside")); },
          "0 Outside,1 Red,1 Alone,1 Leather,1 Blue,0 Inside,0 Extra,0 Bare"},
+        {"sets before one of another group",
+         [&] { edits.moveSets(names("Leather,Red"), "Outside", "Blue"); },
+         "0 Outside,1 Leather,1 Red,1 Blue,0 Inside,0 Extra,0 Alone,0 Bare"},
+        {"sets to the end of their group", [&] { edits.moveSets({"Red"}, "Outside", QString()); },
+         "0 Outside,1 Blue,1 Red,0 Inside,1 Leather,0 Extra,0 Alone,0 Bare"},
         {"a set between two groups", [&] { drop(tree, "Alone", 1); },
          "0 Outside,1 Red,1 Blue,1 Alone,0 Inside,1 Leather,0 Extra,0 Bare"},
         {"a set above all groups", [&] { drop(tree, "Alone", 0); },
@@ -220,6 +225,8 @@ TEST_F(SetsModelTest, WhatChangesNothingIsNoStep)
     edits.shiftSets(names("Red,Leather,Alone"), false);
     edits.shiftGroup("Outside", false);
     edits.removeSets({"No such set"});
+    edits.renameSet("Red", " \u00a0");
+    edits.renameGroup("Outside", "\t ");
     edits.commentGroup("Outside", QString());
     edits.editSet("Red", "Comment", [](qxVariantSet &red) { red.comment.clear(); });
     EXPECT_EQ(edits.stack()->count(), 0);

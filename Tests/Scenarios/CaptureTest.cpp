@@ -67,5 +67,6 @@ TEST_F(CaptureCommandTest, OnlyTheNamedKindsAndRootsAreCaptured)
     EXPECT_EQ(part["transforms"], QJsonArray());
     refused(1, {"capture", desk(), "Part", "--root", "Cellar"}, "no node is called \"Cellar\"\n");
     refused(1, {"capture", desk(), "Part", "--view", "Attic"}, "no viewpoint is called \"Attic\"");
-    refused(1, {"capture", desk(), ""}, "a variant set needs a name\n");
+    refused(1, {"capture", desk(), " \t"}, "a variant set needs a name\n");
+    refused(1, {"capture", desk(), "Part", "--group", " "}, "a group needs a name\n");
 }

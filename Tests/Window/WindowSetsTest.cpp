@@ -37,16 +37,9 @@ protected:
     {
         return nodeVariantRow(variant).siblingAtColumn(1).data().toString();
     }
-    /// Drags a set of the list in front of a row of a group, -1 for onto the group.
-    void drag(const QString &set, const QString &group, int row)
-    {
-        const std::unique_ptr<QMimeData> data(list().model()->mimeData({goTo(set)}));
-        list().model()->dropMimeData(data.get(), Qt::MoveAction, row, 0, groupRow(group));
-        settle();
-    }
 };
 
-TEST_F(WindowSetsTest, ADoubleClickEnterAndTheKeySelectASetAndBackLeadsBack)
+TEST_F(WindowSetsTest, ADoubleClickAndTheKeySelectASetAndBackLeadsBack)
 {
     openDesk();
     const QRect place = list().visualRect(goTo("Morning"));
@@ -56,9 +49,7 @@ TEST_F(WindowSetsTest, ADoubleClickEnterAndTheKeySelectASetAndBackLeadsBack)
     EXPECT_EQ(desktop(), "Glass");
     EXPECT_EQ(shownState("Desk"), "Glass");
     EXPECT_EQ(shownState("Lamp"), "!Disable");
-    goTo("Leer geräumt");
-    press(Qt::Key_Return);
-    EXPECT_EQ(desktop(), "!None");
+    select("Leer geräumt");
     window->sceneView()->setFocus();
     press(Qt::Key_1, Qt::ControlModifier);
     EXPECT_EQ(desktop(), "Glass");
@@ -90,7 +81,7 @@ TEST_F(WindowSetsTest, BackLeadsToTheStateBeforeTheLastSelectionThatDidSomething
     EXPECT_FALSE(action("Back to the State Before")->isEnabled()) << "it was another scene";
 }
 
-TEST_F(WindowSetsTest, ACaptureTakesWhatTheDialogSaysAndBringsItBack)
+TEST_F(WindowSetsTest, ACaptureTakesWhatTheDialogSays)
 {
     openDesk();
     select("Leer geräumt");
@@ -113,32 +104,14 @@ TEST_F(WindowSetsTest, ACaptureTakesWhatTheDialogSaysAndBringsItBack)
     EXPECT_TRUE(set.inclNodes && !set.inclMats && !set.inclLights && !set.inclEnv && !set.inclView);
     EXPECT_FALSE(set.preview.isEmpty());
     EXPECT_EQ(window->setsDock()->view()->currentSet(), name);
-    select("Morning");
-    EXPECT_EQ(desktop(), "Glass");
-    select(name);
-    EXPECT_EQ(desktop(), "!None");
-}
-
-TEST_F(WindowSetsTest, ASetIsUpdatedFromTheSceneAndTakenBack)
-{
-    openDesk();
-    select("Leer geräumt");
-    goTo("Morning");
-    const auto stateOfDesk = [] {
-        return qxVariants::findVariantSet("Morning")->findNodeVariant("Desk")->state;
-    };
-    expectClick("Update");
-    action("Update from Scene...")->trigger();
-    EXPECT_EQ(stateOfDesk(), "!None");
-    press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(stateOfDesk(), "Glass");
-    QTest::keySequence(&list(), QKeySequence::Redo);
-    EXPECT_EQ(stateOfDesk(), "!None");
 }
 
 TEST_F(WindowSetsTest, AfterACaptureOfTheDemoIsUndoneASaveWouldChangeNothing)
 {
     openDemo();
+    const auto stateOfRoof = [] {
+        return qxVariants::findVariantSet("Stadtwagen")->findNodeVariant("Roof")->state;
+    };
     for (const char *set : {"Winterfest", "Renngrün"}) {
         select(set);
         ASSERT_TRUE(window->saveFile(path("saved.glb"))); // how the scene stands counts, too
@@ -149,13 +122,15 @@ TEST_F(WindowSetsTest, AfterACaptureOfTheDemoIsUndoneASaveWouldChangeNothing)
             expectClick(way == "Capture..." ? "Capture" : "Update");
             action(way)->trigger();
             EXPECT_TRUE(isUnsaved());
+            const QString roof = qxVariants::findNodeVariant("Roof")->onCurrent();
+            EXPECT_TRUE(way == "Capture..." || stateOfRoof() == roof) << roof.toStdString();
             window->setsDock()->undoStack()->undo();
             EXPECT_FALSE(isUnsaved());
         }
     }
 }
 
-TEST_F(WindowSetsTest, ASetIsRenamedInPlaceAndMovedByDragging)
+TEST_F(WindowSetsTest, ASetIsRenamedInPlace)
 {
     openDesk();
     goTo("Morning");
@@ -167,14 +142,8 @@ TEST_F(WindowSetsTest, ASetIsRenamedInPlaceAndMovedByDragging)
     settle();
     EXPECT_EQ(setsOf("Work"), "Dawn,Evening");
     EXPECT_EQ(window->setsDock()->view()->currentSet(), "Dawn");
-    drag("Dawn", "Work", 2);
-    EXPECT_EQ(setsOf("Work"), "Evening,Dawn");
-    drag("Leer geräumt", "Work", 0);
-    EXPECT_EQ(setsOf("Work"), "Leer geräumt,Evening,Dawn");
-    for (int step = 0; step < 3; ++step) {
-        list().setFocus();
-        press(Qt::Key_Z, Qt::ControlModifier);
-    }
+    list().setFocus();
+    press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(setsOf("Work"), "Morning,Evening");
     EXPECT_FALSE(isUnsaved());
 }
@@ -219,7 +188,6 @@ TEST_F(WindowSetsTest, WhatAScriptMakesShowsAtOnceAndInOneStep)
     type("selectVariantSet('Morning')");
     EXPECT_EQ(shownState("Desk"), "Glass");
     EXPECT_EQ(window->setsDock()->view()->currentSet(), "Morning");
-    EXPECT_TRUE(type("nonsense").contains("NameError"));
     EXPECT_EQ(type("removeVariantSet('Morning')"), "True");
     EXPECT_EQ(list().model()->rowCount(groupRow("Work")), 1);
 }

@@ -13,6 +13,7 @@
 
 #include <OpenSG/OSGSwitchMaterial.h>
 
+#include <QCoreApplication>
 #include <QTextCodec>
 
 namespace {
@@ -41,11 +42,11 @@ QString flawOf(const QByteArray &xml)
 {
     const int nul = xml.indexOf('\0');
     if (nul >= 0)
-        return QStringLiteral("byte %1 is NUL").arg(nul);
+        return QCoreApplication::translate("qxSession", "byte %1 is NUL").arg(nul);
     QTextCodec::ConverterState state;
     QTextCodec::codecForName("UTF-8")->toUnicode(xml.constData(), xml.size(), &state);
     if (state.invalidChars > 0 || state.remainingChars > 0)
-        return QStringLiteral("it is not UTF-8");
+        return QCoreApplication::translate("qxSession", "it is not UTF-8");
     return QString();
 }
 
@@ -135,13 +136,15 @@ bool qxSession::readDocument(const QByteArray &xml)
 {
     const QString flaw = flawOf(xml);
     if (!flaw.isEmpty()) {
-        return fail(QStringLiteral("the variants document cannot be read: %1").arg(flaw));
+        return fail(
+            QCoreApplication::translate("qxSession", "the variants document cannot be read: %1")
+                .arg(flaw));
     }
     const qxErrorCount count;
     qxVariantReader().read(xml.constData());
     if (count.errors() == 0)
         return true;
-    return fail(QStringLiteral("the variants document cannot be read"));
+    return fail(QCoreApplication::translate("qxSession", "the variants document cannot be read"));
 }
 
 bool qxSession::fail(const QString &reason)

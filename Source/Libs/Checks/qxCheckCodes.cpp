@@ -48,6 +48,7 @@ const QVector<qxCodeRow> &qxCheckCodes::all()
         {Code::NoOptions, "QX406", Warning, "variant without options"},
         {Code::UnusedOption, "QX407", Hint, "option that no set uses"},
         {Code::UnusedVariant, "QX408", Hint, "variant that no set uses"},
+        {Code::NestedSceneObjects, "QX409", Warning, "scene object within another of its name"},
 
         {Code::UnreadableHotkey, "QX501", Error, "hotkey that names no key"},
         {Code::HotkeyTwice, "QX502", Warning, "hotkey used twice"},

@@ -54,6 +54,7 @@ enum class qxCode {
     NoOptions,
     UnusedOption,
     UnusedVariant,
+    NestedSceneObjects,
 
     UnreadableHotkey,
     HotkeyTwice,

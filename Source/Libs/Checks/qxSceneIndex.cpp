@@ -7,6 +7,8 @@
 #include "qxScenegraph.h"
 #include "qxUberCameraPool.h"
 
+#include <algorithm>
+
 namespace {
 
 QString nameOf(const osg::NodePtr &node)
@@ -24,6 +26,24 @@ quint64 hashOf(const std::string &text, quint64 hash)
     return hash;
 }
 
+/// For each of these nodes in scene order, the place behind it and everything below it.
+std::vector<std::size_t> endsOf(const std::vector<qxNodePtr> &nodes)
+{
+    std::vector<std::size_t> ends(nodes.size());
+    QHash<osg::UInt32, int> places;
+    for (std::size_t i = 0; i < nodes.size(); ++i)
+        places.insert(nodes[i].getFieldContainerId(), int(i));
+    for (std::size_t i = nodes.size(); i-- > 0;) {
+        ends[i] = std::max(ends[i], i + 1);
+        const osg::NodePtr parent = nodes[i]->getParent();
+        const int above =
+            parent == osg::NullFC ? -1 : places.value(parent.getFieldContainerId(), -1);
+        if (above >= 0)
+            ends[std::size_t(above)] = std::max(ends[std::size_t(above)], ends[i]);
+    }
+    return ends;
+}
+
 /// Everything of the overlay tree but its root, which no overlay variant reaches.
 std::vector<qxNodePtr> overlayNodes()
 {
@@ -35,8 +55,7 @@ std::vector<qxNodePtr> overlayNodes()
 
 } // namespace
 
-qxSceneIndex::qxSceneIndex()
-    : m_nodes(byName(qxNodeUtils::getSceneNodes())), m_overlays(byName(overlayNodes()))
+qxSceneIndex::qxSceneIndex() : m_nodes(qxNodeUtils::getSceneNodes()), m_overlays(overlayNodes())
 {
     qxAnimManager::the()->getBlockAndClipNames(m_clips);
     const qxUberCameraPool &pool = *qxUberCameraPool::the();
@@ -45,15 +64,20 @@ qxSceneIndex::qxSceneIndex()
     m_viewpoints.remove(QString()); // no viewpoint at all is found by it
 }
 
-qxSceneIndex::Nodes qxSceneIndex::byName(const std::vector<qxNodePtr> &nodes)
+qxSceneIndex::Nodes::Nodes(const std::vector<qxNodePtr> &nodes)
 {
-    Nodes result;
-    for (const qxNodePtr &node : nodes) {
-        const QString name = nameOf(node);
-        if (!name.isEmpty())
-            result[name].push_back(node);
+    const std::vector<std::size_t> ends = endsOf(nodes);
+    QHash<QString, std::size_t> inside; // where the sub-trees of the nodes of a name end
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        if (!qxNodeUtils::isFoundByName(nodes[i]))
+            continue;
+        const QString name = nameOf(nodes[i]);
+        byName[name].push_back(nodes[i]);
+        std::size_t &end = inside[name];
+        if (i < end)
+            nested.insert(name);
+        end = std::max(end, ends[i]);
     }
-    return result;
 }
 
 std::vector<qxSceneObject> qxSceneIndex::objects(qxVariantKind kind, const QString &base) const
@@ -65,9 +89,15 @@ std::vector<qxSceneObject> qxSceneIndex::objects(qxVariantKind kind, const QStri
         return found;
     }
     const Nodes &nodes = kind == qxVariantKind::Overlay ? m_overlays : m_nodes;
-    for (const osg::NodePtr &each : nodes.value(base))
+    for (const osg::NodePtr &each : nodes.byName.value(base))
         found.push_back({kind, each, osg::NullFC});
     return found;
+}
+
+bool qxSceneIndex::areNested(qxVariantKind kind, const QString &base) const
+{
+    return (kind == qxVariantKind::Node && m_nodes.nested.contains(base))
+        || (kind == qxVariantKind::Overlay && m_overlays.nested.contains(base));
 }
 
 bool qxSceneIndex::hasAnimation(const QString &name) const

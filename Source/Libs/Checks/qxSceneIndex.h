@@ -29,7 +29,11 @@ public:
     /// for node, light and transform variants, nodes of the overlay tree, materials of any sort.
     std::vector<qxSceneObject> objects(qxVariantKind kind, const QString &base) const;
 
-    bool hasNode(const QString &name) const { return m_nodes.contains(name); }
+    /// Whether one of the nodes of that name, which show and hide what is below them, stands below
+    /// another one. Never for variants that neither show nor hide nodes.
+    bool areNested(qxVariantKind kind, const QString &base) const;
+
+    bool hasNode(const QString &name) const { return m_nodes.byName.contains(name); }
     bool hasViewpoint(const QString &name) const { return m_viewpoints.contains(name); }
     bool hasAnimation(const QString &name) const;
     bool hasMaterial(const QString &name) const;
@@ -37,9 +41,13 @@ public:
     bool hasPath(const QString &path) const;
 
 private:
-    typedef QHash<QString, std::vector<osg::NodePtr>> Nodes;
+    struct Nodes {
+        explicit Nodes(const std::vector<qxNodePtr> &nodes);
 
-    static Nodes byName(const std::vector<qxNodePtr> &nodes);
+        QHash<QString, std::vector<osg::NodePtr>> byName;
+        QSet<QString> nested; ///< names of nodes that stand below one of the same name
+    };
+
     void addPaths(const osg::NodePtr &top) const;
 
     const Nodes m_nodes;

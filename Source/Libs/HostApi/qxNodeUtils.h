@@ -14,6 +14,11 @@ public:
     /// The node's name as UTF-8: its own name attachment, else that of its core, else the name of
     /// the core's type. Empty for a null node and for a node with neither name nor core.
     static std::string getName(const osg::NodePtr &node);
+    /// Whether look-ups by the node's name find it (qxScenegraph, qxOverlays). An empty name finds
+    /// nothing. A name that a node shares with the mesh that it shows stands for the node alone, or
+    /// "!Toggle" could flip the two against each other: a geometry without children that has its
+    /// name by its core is not found by it where its parent bears it as well.
+    static bool isFoundByName(const osg::NodePtr &node);
 
     /// `base` when `existing` does not hold it, else `base`, a blank and the smallest free number
     /// from 2 on. A number at the end of `base` belongs to the name: "RAL 9010" gives "RAL 9010 2".

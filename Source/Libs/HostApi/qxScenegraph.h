@@ -8,9 +8,9 @@
 
 /// The scene that the host shows, and looking things up in it.
 ///
-/// Names follow the rule of qxNodeUtils::getName and are UTF-8; an empty or null name finds
-/// nothing. Results come in scene order: depth first, a node before its children, children in
-/// order; those of the environment come last.
+/// Names follow the rules of qxNodeUtils::getName and isFoundByName and are UTF-8; an empty or null
+/// name finds nothing. Results come in scene order: depth first, a node before its children,
+/// children in order; those of the environment come last.
 class qxScenegraph {
 public:
     /// The topmost node; never null while the host runs.

@@ -98,7 +98,7 @@ qxSetsView::Face qxSetsView::makeFace(QAbstractItemView *view, qxSetsModel *mode
 {
     view->setModel(model);
     view->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    view->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers); // Enter is for selecting.
     view->setDragDropMode(QAbstractItemView::InternalMove);
     view->setDefaultDropAction(Qt::MoveAction);
     view->setContextMenuPolicy(Qt::CustomContextMenu);

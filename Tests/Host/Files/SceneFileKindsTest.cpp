@@ -24,7 +24,8 @@ const char *const _lamps = R"(
     {"name": "Odd", "extensions": {"KHR_lights_punctual": {"light": 1}}},
     {"name": "Shade"}])";
 
-/// Three parts that share the default material "Red", which the second maps otherwise.
+/// Parts that share the default material "Red", which the second maps otherwise, and a mesh that
+/// nothing shows.
 qxJson paints()
 {
     MeshText text({0, 0, 0, 1, 0, 0, 0, 1, 0});
@@ -45,6 +46,7 @@ qxJson paints()
     map(2, first);
     parts[3].erase("material");
     map(3, {qxJson::object(), {{"material", 1}, {"variants", {1, 9}}}});
+    json["meshes"].push_back({{"primitives", {parts[0]}}});
     return json;
 }
 
@@ -137,6 +139,7 @@ TEST_F(SceneFileKindsTest, AChosenMaterialIsShownByOtherProgramsAndKeptWithItsDe
         EXPECT_EQ(parts[i]["material"], shown[i]) << i;
         EXPECT_EQ(parts[i]["extensions"], paints()["meshes"][0]["primitives"][i]["extensions"]);
     }
+    EXPECT_EQ(jsonOf(path("saved.gltf"))["meshes"][1]["primitives"][0], parts[0]);
     EXPECT_EQ(file.materialVariants()[2].materials[0].second, "Red") << "the default, as before";
     TestMaterial(part(3)->getMaterial()).choose(0);
     saveAndLoad();
@@ -144,11 +147,6 @@ TEST_F(SceneFileKindsTest, AChosenMaterialIsShownByOtherProgramsAndKeptWithItsDe
     // As the mappings make them, they need no list.
     TestMaterial(part(0)->getMaterial()).choose(0);
     expectSaved(paints());
-}
-
-TEST_F(SceneFileKindsTest, AGeometryKeepsAMaterialThatItsMappingDoesNotKnow)
-{
-    load(write("scene.gltf", paints()));
     setMaterial(part(0), qxMaterials::findMaterial("Blue"));
     setMaterial(part(3), part(1)->getMaterial());
     saveAndLoad();

@@ -93,6 +93,26 @@ TEST_F(SceneFileReadTest, TheStatedSceneIsShownWithItsVariantsDocument)
     EXPECT_EQ(file.variantsDocument(), "<root/>");
 }
 
+TEST_F(SceneFileReadTest, AMeshOfItsNodesNameIsHiddenWithTheNode)
+{
+    qxJson json = MeshText(triangle).scene();
+    json["nodes"][0]["name"] = "Shape";
+    const qxJson shown = json;
+    json["nodes"][0]["extras"]["qxHiddenParts"] = {0};
+    qxJson hidden = json;
+    hidden["nodes"][0]["extensions"]["KHR_node_visibility"]["visible"] = false;
+    for (const qxJson &each : {json, hidden}) {
+        load(write("scene.gltf", each));
+        EXPECT_EQ(tree(), " (Group 'Shape' hidden (Geometry - <>))");
+        expectSaved(each);
+        find("Shape").setMask(0xFFFFFFFF);
+        expectSaved(shown);
+    }
+    json["meshes"][0]["primitives"].push_back(qxJson(json["meshes"][0]["primitives"][0]));
+    load(write("scene.gltf", json));
+    EXPECT_EQ(tree(), " (Group 'Shape' (Geometry - <> hidden, Geometry - <>))") << "a part of it";
+}
+
 TEST_F(SceneFileReadTest, ChainsOfAHundredThousandNodesLoadAndComeBack)
 {
     const int depth = 100000;

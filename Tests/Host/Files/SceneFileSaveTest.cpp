@@ -275,6 +275,7 @@ TEST_F(SceneFileSaveTest, FailedWritesLeaveTheOldFilesWhole)
               path("blocked/car.gltf") + ": cannot be written: its folder does not exist");
     QDir().mkdir(path("folder.gltf"));
     EXPECT_FALSE(file.save(path("folder.gltf")));
+    EXPECT_TRUE(file.errorString().contains("folder.gltf: the file cannot be written: "));
 
     // A disk that is full after thirty bytes.
     std::signal(SIGXFSZ, SIG_IGN);

@@ -158,8 +158,10 @@ int run(const QCommandLineParser &parser)
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(arguments[0]))
         return WorkFailed;
-    if (arguments[1].isEmpty())
+    if (arguments[1].trimmed().isEmpty())
         return qxCommands::fail(QStringLiteral("a variant set needs a name"));
+    if (parser.value(QStringLiteral("group")).trimmed().isEmpty())
+        return qxCommands::fail(QStringLiteral("a group needs a name"));
     const std::vector<qxNodePtr> roots = rootsFor(parser.values(QStringLiteral("root")));
     if (roots.empty() || !look(parser.value(QStringLiteral("view")))
         || !settleNames(parser.isSet(QStringLiteral("rename"))))

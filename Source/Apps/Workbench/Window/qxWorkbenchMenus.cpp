@@ -158,6 +158,7 @@ void qxWorkbenchWindow::buildHelpMenu()
             tr("Left button: turn. Middle button, or left with Shift: move.\n"
                "Wheel or right button: zoom. Click: pick a node. Double click: look at it.\n"
                "Arrows: turn. + and -: zoom. F: show everything. Home: go home.\n\n"
+               "Enter or a double click selects the set under the cursor, F2 renames it.\n"
                "Keys of sets select them anywhere but in text fields."));
     };
     const auto showAbout = [this] {

@@ -70,7 +70,7 @@ void copyIndices(const Place &place, std::vector<std::uint32_t> &to)
     case TINYGLTF_COMPONENT_TYPE_UNSIGNED_INT:
         return copyAs<std::uint32_t>(place, to, plain);
     default:
-        throw qxGltfError("indices are not of an unsigned integer type");
+        throw qxGltfError(qxFileText::tr("indices are not of an unsigned integer type"));
     }
 }
 
@@ -81,7 +81,7 @@ QByteArray bytesFrom(const qxGltfModel &model, int index, std::size_t offset)
     const tinygltf::BufferView &view = model.typed.bufferViews[std::size_t(index)];
     const QByteArray &buffer = model.buffers[std::size_t(view.buffer)];
     if (buffer.isNull())
-        throw qxGltfError(QString("buffer view %1 is in a buffer without data").arg(index));
+        throw qxGltfError(qxFileText::tr("buffer view %1 is in a buffer without data").arg(index));
     return QByteArray::fromRawData(buffer.constData() + view.byteOffset + offset,
                                    int(view.byteLength - offset));
 }
@@ -150,7 +150,7 @@ std::vector<To> readAll(const qxGltfModel &model, int index, const Copy &copy)
     copy(sparseValues(model, accessor, place), replaced);
     for (std::size_t i = 0; i < targets.size(); ++i) {
         if (targets[i] >= accessor.count)
-            throw qxGltfError(QString("accessor %1 replaces element %2, it has %3")
+            throw qxGltfError(qxFileText::tr("accessor %1 replaces element %2, it has %3")
                                   .arg(index)
                                   .arg(targets[i])
                                   .arg(accessor.count));

@@ -16,10 +16,11 @@ void checkSections(const qxJson &document)
     for (const char *name : _sections) {
         const qxJson &section = qxGltfMember(document, name);
         if (!section.is_null() && !section.is_array())
-            throw qxGltfError(QString("\"%1\" is not a list").arg(name));
+            throw qxGltfError(qxFileText::tr("\"%1\" is not a list").arg(name));
         for (const qxJson &entry : qxGltfSection(document, name)) {
             if (!entry.is_object())
-                throw qxGltfError(QString("\"%1\" holds something that is no object").arg(name));
+                throw qxGltfError(
+                    qxFileText::tr("\"%1\" holds something that is no object").arg(name));
         }
     }
 }
@@ -29,12 +30,13 @@ void checkVersion(const qxJson &document)
     const qxJson &asset = qxGltfMember(document, "asset");
     const qxJson &version = qxGltfMember(asset, "version");
     if (!version.is_string())
-        throw qxGltfError("not a glTF 2.0 scene: \"asset\" states no version");
+        throw qxGltfError(qxFileText::tr("not a glTF 2.0 scene: \"asset\" states no version"));
     const qxJson &least = qxGltfMember(asset, "minVersion");
     const QString stated =
         QString::fromStdString((least.is_string() ? least : version).get<std::string>());
     if (!stated.startsWith("2.") || (least.is_string() && stated != "2.0"))
-        throw qxGltfError("made for glTF version " + stated + ", only 2.0 can be read");
+        throw qxGltfError(
+            qxFileText::tr("made for glTF version %1, only 2.0 can be read").arg(stated));
 }
 
 void checkExtensions(const qxJson &document)
@@ -42,44 +44,46 @@ void checkExtensions(const qxJson &document)
     QStringList unknown;
     for (const qxJson &required : qxGltfSection(document, "extensionsRequired")) {
         if (!required.is_string())
-            throw qxGltfError("\"extensionsRequired\" holds something that is no text");
+            throw qxGltfError(
+                qxFileText::tr("\"extensionsRequired\" holds something that is no text"));
         const QString name = QString::fromStdString(required.get<std::string>());
         if (!qxGltfUnderstoodExtensions().contains(name))
             unknown << name;
     }
     if (!unknown.isEmpty())
-        throw qxGltfError("requires what is not supported: " + unknown.join(", "));
+        throw qxGltfError(
+            qxFileText::tr("requires what is not supported: %1").arg(unknown.join(", ")));
 }
 
 void checkPrimitive(const QString &owner, const qxJson &primitive, const qxJson &document)
 {
     if (!primitive.is_object())
-        throw qxGltfError(owner + " is no object");
+        throw qxGltfError(qxFileText::tr("%1 is no object").arg(owner));
     const qxJson &accessors = qxGltfSection(document, "accessors");
     const qxJson &attributes = qxGltfMember(primitive, "attributes");
     if (!attributes.is_object())
-        throw qxGltfError(owner + " has no \"attributes\"");
+        throw qxGltfError(qxFileText::tr("%1 has no \"attributes\"").arg(owner));
     for (const qxJson &accessor : attributes)
         qxGltfCheckIndexValue(owner, accessor, accessors, "accessor");
     qxGltfCheckIndex(owner, primitive, "indices", accessors, "accessor");
     qxGltfCheckIndex(owner, primitive, "material", qxGltfSection(document, "materials"),
                      "material");
     if (qxGltfCheckedCount(owner, primitive, "mode", 4) > 6)
-        throw qxGltfError(owner + " has an unknown mode");
+        throw qxGltfError(qxFileText::tr("%1 has an unknown mode").arg(owner));
 }
 
 void checkMeshes(const qxJson &document)
 {
     int index = 0;
     for (const qxJson &mesh : qxGltfSection(document, "meshes")) {
-        const QString called = qxGltfCalled("mesh", index++, mesh);
+        const QString called = qxGltfCalled("mesh", index, mesh);
         const qxJson &primitives = qxGltfMember(mesh, "primitives");
         if (!primitives.is_array())
-            throw qxGltfError(called + " has no \"primitives\"");
+            throw qxGltfError(qxFileText::tr("%1 has no \"primitives\"").arg(called));
         int part = 0;
         for (const qxJson &primitive : primitives)
-            checkPrimitive(QString("%1, primitive %2").arg(called).arg(part++), primitive,
-                           document);
+            checkPrimitive(qxGltfCalledPrimitive(index, mesh, part++), primitive, document);
+        ++index;
     }
 }
 
@@ -128,15 +132,15 @@ void qxGltfCheckIndexValue(const QString &owner, const qxJson &value, const qxJs
                            const char *what)
 {
     if (!value.is_number_integer())
-        throw qxGltfError(
-            QString("%1 names its %2 by something that is no index").arg(owner, what));
+        throw qxGltfError(qxFileText::tr("%1 names its %2 by something that is no index")
+                              .arg(owner, qxFileText::kind(what)));
     const bool huge = value.is_number_unsigned()
         && value.get<quint64>() > quint64(std::numeric_limits<int>::max());
     const qint64 index = huge ? std::numeric_limits<qint64>::max() : value.get<qint64>();
     if (index >= 0 && index < qint64(list.size()))
         return;
-    throw qxGltfError(QString("%1 refers to %2 %3, the file has %4")
-                          .arg(owner, what, QString::fromStdString(value.dump()))
+    throw qxGltfError(qxFileText::tr("%1 refers to %2 %3, the file has %4")
+                          .arg(owner, qxFileText::kind(what), QString::fromStdString(value.dump()))
                           .arg(list.size()));
 }
 
@@ -155,11 +159,11 @@ void qxGltfCheckNumbers(const QString &owner, const qxJson &object, const char *
         return;
     if (!value.is_array() || int(value.size()) != count)
         throw qxGltfError(
-            QString("%1: \"%2\" is not a list of %3 numbers").arg(owner, name).arg(count));
+            qxFileText::tr("%1: \"%2\" is not a list of %3 numbers").arg(owner, name).arg(count));
     for (const qxJson &number : value) {
         if (!number.is_number() || !std::isfinite(number.get<float>()))
-            throw qxGltfError(
-                QString("%1: \"%2\" holds something that is no finite number").arg(owner, name));
+            throw qxGltfError(qxFileText::tr("%1: \"%2\" holds something that is no finite number")
+                                  .arg(owner, name));
     }
 }
 
@@ -171,7 +175,7 @@ qint64 qxGltfCheckedCount(const QString &owner, const qxJson &object, const char
         return fallback;
     // Sums of two such numbers still fit.
     if (!value.is_number_unsigned() || value.get<quint64>() > quint64(1) << 60)
-        throw qxGltfError(QString("%1: \"%2\" is no count").arg(owner, name));
+        throw qxGltfError(qxFileText::tr("%1: \"%2\" is no count").arg(owner, name));
     return qint64(value.get<quint64>());
 }
 

@@ -33,10 +33,10 @@ void checkBuffers(const qxJson &document)
         const QString called = qxGltfCalled("buffer", index++, buffer);
         const qint64 length = qxGltfCheckedCount(called, buffer, "byteLength", -1);
         if (length < 0 || length > _maxBuffer)
-            throw qxGltfError(called + " states no usable \"byteLength\"");
+            throw qxGltfError(qxFileText::tr("%1 states no usable \"byteLength\"").arg(called));
         const qxJson &uri = qxGltfMember(buffer, "uri");
         if (!uri.is_null() && !uri.is_string())
-            throw qxGltfError(called + ": \"uri\" is no text");
+            throw qxGltfError(qxFileText::tr("%1: \"uri\" is no text").arg(called));
     }
 }
 
@@ -51,13 +51,14 @@ void checkViews(const qxJson &document)
         const qint64 length = qxGltfCheckedCount(called, view, "byteLength", -1);
         const qint64 stride = qxGltfCheckedCount(called, view, "byteStride", 4);
         if (length < 0)
-            throw qxGltfError(called + " states no \"byteLength\"");
+            throw qxGltfError(qxFileText::tr("%1 states no \"byteLength\"").arg(called));
         if (stride < 4 || stride > 252 || stride % 4 != 0)
-            throw qxGltfError(called + QString(" has an impossible stride of %1").arg(stride));
+            throw qxGltfError(qxFileText::tr("%1 has an impossible stride of %2")
+                                  .arg(called, QString::number(stride)));
         const std::size_t buffer = view["buffer"].get<std::size_t>();
         const qint64 there = buffers[buffer]["byteLength"].get<qint64>();
         if (offset + length > there)
-            throw qxGltfError(QString("%1 ends at byte %2 of buffer %3, which has %4")
+            throw qxGltfError(qxFileText::tr("%1 ends at byte %2 of buffer %3, which has %4")
                                   .arg(called)
                                   .arg(offset + length)
                                   .arg(buffer)
@@ -85,7 +86,7 @@ void checkExtent(const QString &called, const qxJson &place, const Layout &layou
         || (offset + layout.element <= length
             && layout.count - 1 <= (length - offset - layout.element) / stride);
     if (!fits)
-        throw qxGltfError(QString("%1 has %2 elements, more than its buffer view holds")
+        throw qxGltfError(qxFileText::tr("%1 has %2 elements, more than its buffer view holds")
                               .arg(called)
                               .arg(layout.count));
 }
@@ -94,14 +95,14 @@ void checkSparse(const QString &called, const qxJson &sparse, const Layout &layo
                  const qxJson &document)
 {
     if (!sparse.is_object())
-        throw qxGltfError(called + ": \"sparse\" is no object");
+        throw qxGltfError(qxFileText::tr("%1: \"sparse\" is no object").arg(called));
     const qint64 count = qxGltfCheckedCount(called, sparse, "count", -1);
     if (count < 0 || count > layout.count)
-        throw qxGltfError(called + " replaces more elements than it has");
+        throw qxGltfError(qxFileText::tr("%1 replaces more elements than it has").arg(called));
     const qxJson &indices = qxGltfMember(sparse, "indices");
     const int size = componentSize(qxGltfCheckedCount(called, indices, "componentType", 0));
     if (size == 0)
-        throw qxGltfError(called + " has an unknown component type");
+        throw qxGltfError(qxFileText::tr("%1 has an unknown component type").arg(called));
     checkExtent(called, indices, {count, size, size}, document);
     checkExtent(called, qxGltfMember(sparse, "values"), {count, layout.component, layout.element},
                 document);
@@ -121,16 +122,16 @@ void checkAccessor(const QString &called, const qxJson &accessor, const qxJson &
 {
     const qxJson &type = qxGltfMember(accessor, "type");
     if (!type.is_string() || componentCount(type.get<std::string>()) == 0)
-        throw qxGltfError(called + " has an unknown type");
+        throw qxGltfError(qxFileText::tr("%1 has an unknown type").arg(called));
     Layout layout;
     layout.count = qxGltfCheckedCount(called, accessor, "count", -1);
     layout.component = componentSize(qxGltfCheckedCount(called, accessor, "componentType", 0));
     if (layout.component == 0)
-        throw qxGltfError(called + " has an unknown component type");
+        throw qxGltfError(qxFileText::tr("%1 has an unknown component type").arg(called));
     layout.element = elementSize(type.get<std::string>(), layout.component);
     const bool stored = !qxGltfMember(accessor, "bufferView").is_null();
     if (layout.count < 0 || (!stored && layout.count > _maxZeros))
-        throw qxGltfError(called + " states no usable \"count\"");
+        throw qxGltfError(qxFileText::tr("%1 states no usable \"count\"").arg(called));
     if (stored)
         checkExtent(called, accessor, layout, document);
     const qxJson &sparse = qxGltfMember(accessor, "sparse");

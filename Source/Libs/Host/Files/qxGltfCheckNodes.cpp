@@ -24,12 +24,12 @@ void checkChildren(int index, const qxJson &nodes, Parents &parents)
     const QString called = qxGltfCalled("node", index, node);
     const qxJson &children = qxGltfMember(node, "children");
     if (!children.is_null() && !children.is_array())
-        throw qxGltfError(called + ": \"children\" is not a list");
+        throw qxGltfError(qxFileText::tr("%1: \"children\" is not a list").arg(called));
     for (const qxJson &value : children) {
         qxGltfCheckIndexValue(called, value, nodes, "node");
         const std::size_t child = value.get<std::size_t>();
         if (parents[child] >= 0) {
-            throw qxGltfError(QString("%1 has two parents, node %2 and node %3")
+            throw qxGltfError(qxFileText::tr("%1 has two parents, node %2 and node %3")
                                   .arg(qxGltfCalled("node", int(child), nodes[child]))
                                   .arg(parents[child])
                                   .arg(index));
@@ -49,8 +49,8 @@ void checkLoops(const qxJson &nodes, const Parents &parents)
             node = parents[std::size_t(node)];
         }
         if (node >= 0 && visitedBy[std::size_t(node)] == start) {
-            throw qxGltfError(qxGltfCalled("node", node, nodes[std::size_t(node)])
-                              + " is its own ancestor");
+            throw qxGltfError(qxFileText::tr("%1 is its own ancestor")
+                                  .arg(qxGltfCalled("node", node, nodes[std::size_t(node)])));
         }
     }
 }
@@ -59,24 +59,24 @@ void checkScenes(const qxJson &document, const Parents &parents)
 {
     const qxJson &scenes = qxGltfSection(document, "scenes");
     const qxJson &nodes = qxGltfSection(document, "nodes");
-    qxGltfCheckIndex("the file", document, "scene", scenes, "scene");
+    qxGltfCheckIndex(qxFileText::tr("the file"), document, "scene", scenes, "scene");
     int index = 0;
     for (const qxJson &scene : scenes) {
         const QString called = qxGltfCalled("scene", index++, scene);
         const qxJson &roots = qxGltfMember(scene, "nodes");
         if (!roots.is_null() && !roots.is_array())
-            throw qxGltfError(called + ": \"nodes\" is not a list");
+            throw qxGltfError(qxFileText::tr("%1: \"nodes\" is not a list").arg(called));
         std::vector<bool> listed(parents.size(), false);
         for (const qxJson &root : roots) {
             qxGltfCheckIndexValue(called, root, nodes, "node");
             const std::size_t node = root.get<std::size_t>();
             const QString name = qxGltfCalled("node", int(node), nodes[node]);
             if (parents[node] >= 0)
-                throw qxGltfError(QString("%1 lists %2, which is a child of node %3")
+                throw qxGltfError(qxFileText::tr("%1 lists %2, which is a child of node %3")
                                       .arg(called, name)
                                       .arg(parents[node]));
             if (listed[node])
-                throw qxGltfError(QString("%1 lists %2 twice").arg(called, name));
+                throw qxGltfError(qxFileText::tr("%1 lists %2 twice").arg(called, name));
             listed[node] = true;
         }
     }

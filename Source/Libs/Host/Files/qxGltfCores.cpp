@@ -111,8 +111,8 @@ void qxGltfDescribeCore(const osg::NodePtr &node, qxGltfNodeState &state)
         state.overlayLayer = overlay->getLayer();
     } else if (state.place.kind == qxGltfPlace::Nowhere && !isPlainGroup(core)
                && osg::GeometryPtr::dcast(core) == osg::NullFC) {
-        throw qxGltfError(qxGltfCalled(node) + " cannot be written: scene files have no form for a "
-                          + core->getTypeName());
+        throw qxGltfError(qxFileText::tr("%1 cannot be written: scene files have no form for a %2")
+                              .arg(qxGltfCalled(node), core->getTypeName()));
     }
 }
 

@@ -38,14 +38,15 @@ void addMember(std::vector<Level> &levels)
 {
     if (levels.empty() || !levels.back().object || ++levels.back().members < _maxMembers)
         return;
-    throw qxGltfError(QString("an object has more than %1 members").arg(_maxMembers));
+    throw qxGltfError(qxFileText::tr("an object has more than %1 members").arg(_maxMembers));
 }
 
 void openLevel(std::vector<Level> &levels, bool object)
 {
     levels.push_back({object, 0});
     if (levels.size() > _maxDepth)
-        throw qxGltfError(QString("the JSON is nested deeper than %1 levels").arg(_maxDepth));
+        throw qxGltfError(
+            qxFileText::tr("the JSON is nested deeper than %1 levels").arg(_maxDepth));
 }
 
 /// The position of the quote that ends the string beginning at `begin`.
@@ -84,9 +85,10 @@ qxJson parse(const QByteArray &text)
             return json;
     } catch (const qxJson::exception &error) {
         const QString words = QString::fromUtf8(error.what());
-        throw qxGltfError("not valid JSON: " + words.mid(words.indexOf("] ") + 2));
+        throw qxGltfError(
+            qxFileText::tr("not valid JSON: %1").arg(words.mid(words.indexOf("] ") + 2)));
     }
-    throw qxGltfError("not a scene: the JSON is not an object");
+    throw qxGltfError(qxFileText::tr("not a scene: the JSON is not an object"));
 }
 
 /// The content of the chunk at `offset`, which moves behind it.
@@ -94,17 +96,18 @@ QByteArray takeChunk(const QByteArray &bytes, int &offset, quint32 type, const c
 {
     const qint64 left = qint64(bytes.size()) - offset - _chunkHeader;
     if (left < 0)
-        throw qxGltfError(QString("the file ends within the header of its %1 chunk").arg(name));
+        throw qxGltfError(
+            qxFileText::tr("the file ends within the header of its %1 chunk").arg(name));
     const qint64 length = numberAt(bytes, offset);
     if (length > left) {
-        throw qxGltfError(QString("the %1 chunk is cut off: %2 bytes announced, %3 there")
+        throw qxGltfError(qxFileText::tr("the %1 chunk is cut off: %2 bytes announced, %3 there")
                               .arg(name)
                               .arg(length)
                               .arg(left));
     }
     if (numberAt(bytes, offset + 4) != type)
         throw qxGltfError(
-            QString("the chunk at byte %1 is not the %2 chunk").arg(offset).arg(name));
+            qxFileText::tr("the chunk at byte %1 is not the %2 chunk").arg(offset).arg(name));
     const QByteArray content = bytes.mid(offset + _chunkHeader, int(length));
     offset += _chunkHeader + int(length);
     return content;
@@ -113,11 +116,12 @@ QByteArray takeChunk(const QByteArray &bytes, int &offset, quint32 type, const c
 void unpackBinary(const QByteArray &bytes, qxGltfDocument &document)
 {
     if (bytes.size() < _fileHeader)
-        throw qxGltfError("the file ends within its header");
+        throw qxGltfError(qxFileText::tr("the file ends within its header"));
     if (numberAt(bytes, 4) != 2)
-        throw qxGltfError(QString("container version %1 instead of 2").arg(numberAt(bytes, 4)));
+        throw qxGltfError(
+            qxFileText::tr("container version %1 instead of 2").arg(numberAt(bytes, 4)));
     if (numberAt(bytes, 8) != quint32(bytes.size())) {
-        throw qxGltfError(QString("the header says %1 bytes, the file has %2")
+        throw qxGltfError(qxFileText::tr("the header says %1 bytes, the file has %2")
                               .arg(numberAt(bytes, 8))
                               .arg(bytes.size()));
     }
@@ -153,18 +157,18 @@ QByteArray firstIndent(const QByteArray &text)
 QByteArray qxGltfReadFile(const QString &path)
 {
     if (!QFileInfo::exists(path))
-        throw qxGltfError("the file does not exist");
+        throw qxGltfError(qxFileText::tr("the file does not exist"));
     if (!QFileInfo(path).isFile())
-        throw qxGltfError("it is not a file");
+        throw qxGltfError(qxFileText::tr("it is not a file"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw qxGltfError("the file cannot be opened: " + file.errorString());
+        throw qxGltfError(qxFileText::tr("the file cannot be opened: %1").arg(file.errorString()));
     if (file.size() > std::numeric_limits<int>::max() / 2)
-        throw qxGltfError("the file is larger than one gigabyte");
+        throw qxGltfError(qxFileText::tr("the file is larger than one gigabyte"));
     const qint64 size = file.size();
     const QByteArray bytes = file.readAll();
     if (bytes.size() < size)
-        throw qxGltfError("the file cannot be read: " + file.errorString());
+        throw qxGltfError(qxFileText::tr("the file cannot be read: %1").arg(file.errorString()));
     return bytes;
 }
 
@@ -173,7 +177,7 @@ QByteArray qxGltfPackBinary(const QByteArray &text, const QByteArray &bin,
 {
     const qint64 size = qint64(text.size()) + bin.size() + moreChunks.size() + 64;
     if (size > std::numeric_limits<int>::max())
-        throw qxGltfError("the scene is too large for one .glb file");
+        throw qxGltfError(qxFileText::tr("the scene is too large for one .glb file"));
     QByteArray chunks;
     chunks.reserve(int(size));
     appendChunk(chunks, _jsonChunk, text, ' ');

@@ -36,7 +36,7 @@ bool qxGltfExtras::has(const char *key) const
     return !value(key).is_null();
 }
 
-void qxGltfExtras::warn(const char *key, const char *reason) const
+void qxGltfExtras::warn(const char *key, const QString &reason) const
 {
     m_warnings << QString("%1: %2 %3").arg(qxGltfCalled(m_kind, m_index, m_node), key, reason);
 }
@@ -49,7 +49,7 @@ std::optional<int> qxGltfExtras::integer(const char *key) const
     const double wanted = number.is_number() ? number.get<double>() : NAN;
     if (wanted == std::floor(wanted) && std::fabs(wanted) < 1e9)
         return int(wanted);
-    warn(key, "is no integer");
+    warn(key, qxFileText::tr("is no integer"));
     return std::nullopt;
 }
 
@@ -62,7 +62,7 @@ bool qxGltfExtras::flag(const char *key, bool fallback) const
         return wanted == 1;
     if (wanted.is_boolean())
         return wanted.get<bool>();
-    warn(key, "is neither true nor false");
+    warn(key, qxFileText::tr("is neither true nor false"));
     return fallback;
 }
 
@@ -71,7 +71,7 @@ std::optional<std::string> qxGltfExtras::text(const char *key) const
     if (value(key).is_string())
         return value(key).get<std::string>();
     if (has(key))
-        warn(key, "is no text");
+        warn(key, qxFileText::tr("is no text"));
     return std::nullopt;
 }
 
@@ -85,7 +85,7 @@ std::vector<osg::Matrix> qxGltfExtras::transforms(const char *key) const
                                     [](float number) { return std::isfinite(number); });
     std::vector<osg::Matrix> matrices;
     if (!usable || numbers.empty() || numbers.size() % _numbersPerState != 0) {
-        warn(key, "is not a list of ten numbers per state");
+        warn(key, qxFileText::tr("is not a list of ten numbers per state"));
         return matrices;
     }
     for (std::size_t i = 0; i < numbers.size(); i += _numbersPerState)
@@ -100,7 +100,7 @@ std::vector<int> qxGltfExtras::integers(const char *key) const
     for (const qxJson &number : list.is_array() ? list : qxJson::array())
         integers.push_back(number.is_number_integer() ? number.get<int>() : -1);
     if (has(key) && (!list.is_array() || std::count(integers.begin(), integers.end(), -1) > 0))
-        warn(key, "is not a list of integers");
+        warn(key, qxFileText::tr("is not a list of integers"));
     return integers;
 }
 

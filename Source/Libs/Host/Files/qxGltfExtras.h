@@ -49,7 +49,7 @@ public:
 
 private:
     const qxJson &value(const char *key) const;
-    void warn(const char *key, const char *reason) const;
+    void warn(const char *key, const QString &reason) const;
 
     int m_index;
     const qxJson &m_node;

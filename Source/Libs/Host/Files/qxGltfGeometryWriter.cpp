@@ -23,7 +23,7 @@ qxJson qxGltfGeometryWriter::write(const osg::GeometryPtr &geometry)
         }
     }
     if (positions.empty())
-        throw qxGltfError("a new geometry needs triangles");
+        throw qxGltfError(qxFileText::tr("a new geometry needs triangles"));
 
     qxJson attributes = {{"POSITION", append(positions, 3)}};
     addBounds(m_json["accessors"].back(), positions);

@@ -21,7 +21,8 @@ QByteArray encoded(const qxGltfModel &model, const qxJson &image)
     if (uri.is_string())
         return qxGltfRead(model.document, uri.get_ref<const std::string &>());
     const qxJson &views = qxGltfSection(model.document.json, "bufferViews");
-    qxGltfCheckIndexValue("it", qxGltfMember(image, "bufferView"), views, "buffer view");
+    qxGltfCheckIndexValue(qxFileText::tr("it"), qxGltfMember(image, "bufferView"), views,
+                          "buffer view");
     return model.bytesOfView(image["bufferView"].get<int>());
 }
 
@@ -30,10 +31,10 @@ QImage decoded(QByteArray bytes)
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer);
     if (reader.format() != "png" && reader.format() != "jpeg")
-        throw qxGltfError("it is neither PNG nor JPEG");
+        throw qxGltfError(qxFileText::tr("it is neither PNG nor JPEG"));
     const QSize size = reader.size();
     if (size.width() > _maxSide || size.height() > _maxSide)
-        throw qxGltfError("it is too large");
+        throw qxGltfError(qxFileText::tr("it is too large"));
     const QImage image = reader.read();
     if (image.isNull())
         throw qxGltfError(reader.errorString());
@@ -65,7 +66,8 @@ osg::ImagePtr qxGltfImages::decode(int index)
         image->set(osg::Image::OSG_RGBA_PF, picture.width(), picture.height(), 1, 1, 1, 0.0,
                    picture.constBits());
     } catch (const qxGltfError &error) {
-        m_model.warnings << qxGltfCalled("image", index, json) + " is left out: " + error.reason();
+        m_model.warnings << qxFileText::tr("%1 is left out: %2")
+                                .arg(qxGltfCalled("image", index, json), error.reason());
     }
     return kept.get();
 }

@@ -22,11 +22,30 @@ int qxGltfIndex(const qxJson &object, const char *name)
     return value.is_number_integer() ? value.get<int>() : -1;
 }
 
+QString qxFileText::kind(const char *kind)
+{
+    [[maybe_unused]] static const char *const toTranslate[] = {
+        QT_TR_NOOP("accessor"),        QT_TR_NOOP("buffer"), QT_TR_NOOP("buffer view"),
+        QT_TR_NOOP("camera"),          QT_TR_NOOP("image"),  QT_TR_NOOP("light"),
+        QT_TR_NOOP("material"),        QT_TR_NOOP("mesh"),   QT_TR_NOOP("node"),
+        QT_TR_NOOP("sampler"),         QT_TR_NOOP("scene"),  QT_TR_NOOP("skin"),
+        QT_TR_NOOP("switch material"), QT_TR_NOOP("texture")};
+    return tr(kind);
+}
+
 QString qxGltfCalled(const char *kind, int index, const qxJson &entry)
 {
-    const QString number = QString("%1 %2").arg(kind).arg(index);
+    const QString number = QString::number(index);
     const qxJson &name = qxGltfMember(entry, "name");
     if (!name.is_string())
-        return number;
-    return number + " \"" + QString::fromStdString(name.get_ref<const std::string &>()) + '"';
+        return qxFileText::kind(kind) + ' ' + number;
+    return qxFileText::tr("%1 %2 \"%3\"", "a node, its number and its name")
+        .arg(qxFileText::kind(kind), number,
+             QString::fromStdString(name.get_ref<const std::string &>()));
+}
+
+QString qxGltfCalledPrimitive(int index, const qxJson &mesh, int primitive)
+{
+    return qxFileText::tr("%1, primitive %2")
+        .arg(qxGltfCalled("mesh", index, mesh), QString::number(primitive));
 }

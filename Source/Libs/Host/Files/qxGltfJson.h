@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "Files/qxFileText.h"
 
 #include <nlohmann/json.hpp>
 
@@ -27,3 +27,5 @@ int qxGltfIndex(const qxJson &object, const char *name);
 
 /// How messages call an entry of a list: its kind, its number and, when it has one, its name.
 QString qxGltfCalled(const char *kind, int index, const qxJson &entry);
+/// The same for a primitive of the mesh `index`.
+QString qxGltfCalledPrimitive(int index, const qxJson &mesh, int primitive);

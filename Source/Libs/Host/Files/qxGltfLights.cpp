@@ -71,7 +71,7 @@ qxJson jsonOf(const qxGltfLight &light, const qxJson &base)
 void checkLight(const QString &called, const qxJson &light)
 {
     if (!light.is_object())
-        throw qxGltfError(called + " is no object");
+        throw qxGltfError(qxFileText::tr("%1 is no object").arg(called));
     qxGltfCheckNumbers(called, light, "color", 3);
     const qxJson &spot = qxGltfMember(light, "spot");
     const qxJson numbers = {

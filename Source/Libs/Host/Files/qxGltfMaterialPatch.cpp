@@ -133,9 +133,10 @@ int qxGltfMaterialPatch::append(const osg::MaterialPtr &material)
     const bool plain = osg::SimpleMaterialPtr::dcast(material) != osg::NullFC;
     const osg::SimpleTexturedMaterialPtr textured = osg::SimpleTexturedMaterialPtr::dcast(material);
     if (!plain || (textured != osg::NullFC && textured->getImage() != osg::NullFC)) {
-        throw qxGltfError(QString("material \"%1\" cannot be written: scene files get no new %2")
-                              .arg(QString::fromStdString(qxMaterials::getName(material)),
-                                   material->getTypeName()));
+        throw qxGltfError(
+            qxFileText::tr("material \"%1\" cannot be written: scene files get no new %2")
+                .arg(QString::fromStdString(qxMaterials::getName(material)),
+                     material->getTypeName()));
     }
     m_namesChanged = true;
     qxJson &materials = m_json["materials"];
@@ -222,15 +223,19 @@ void qxGltfMaterialPatch::writeTo(qxJson &primitive, const osg::MaterialPtr &mat
     qxGltfSetExtra(primitive, qxGltfKeys::switchMaterial, place);
 }
 
-void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state)
+void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state, const qxGltfSwitchUse &use)
 {
-    for (const auto &geometry : state.geometries) {
-        const auto part = m_origin.geometries.find(geometry.first);
-        if (part == m_origin.geometries.end())
-            continue;
-        writeTo(m_json["meshes"][std::size_t(part->second.mesh)]["primitives"]
-                      [std::size_t(part->second.primitive)],
-                geometry.second->getMaterial());
+    for (const auto &part : m_origin.geometries) {
+        qxJson &primitive = m_json["meshes"][std::size_t(part.second.mesh)]["primitives"]
+                                  [std::size_t(part.second.primitive)];
+        const auto shown = state.geometries.find(part.first);
+        const auto choices = use.shownBy.find(part.first);
+        if (shown != state.geometries.end())
+            writeTo(primitive, shown->second->getMaterial());
+        else if (m_list && choices != use.shownBy.end())
+            writeTo(primitive, use.states[std::size_t(choices->second)].material);
+        else if (m_list && part.second.switchMaterial != 0) // which is gone
+            qxGltfSetExtra(primitive, qxGltfKeys::switchMaterial, qxJson());
     }
 }
 

@@ -38,9 +38,9 @@ public:
     /// they are as the mappings of the file make them, takes the list out instead.
     void writeSwitches(const qxGltfSwitchUse &loaded, const qxGltfSwitchUse &mapped,
                        const qxGltfSwitchUse &now);
-    /// The materials of the geometries that came from the file. Throws qxGltfError for a material
-    /// that scene files have no form for.
-    void writeGeometries(const qxGltfState &state);
+    /// The materials of the geometries that came from the file, be they shown or not. Throws
+    /// qxGltfError for a material that scene files have no form for.
+    void writeGeometries(const qxGltfState &state, const qxGltfSwitchUse &use);
     /// Gives a primitive this material.
     void writeTo(qxJson &primitive, const osg::MaterialPtr &material);
     /// Keeps names that were made distinguishable: where other names in the file would lead to

@@ -50,25 +50,27 @@ int qxGltfMeshPatch::meshOf(const qxGltfNodeState &node, const qxGltfState &stat
     const char *name = osg::getName(state.geometries.at(node.mesh.front()));
     if (name)
         mesh["name"] = name;
-    try {
-        for (const osg::UInt32 part : node.mesh)
-            mesh["primitives"].push_back(primitiveOf(state.geometries.at(part)));
-    } catch (const qxGltfError &error) {
-        throw qxGltfError(qxGltfCalled(node.node) + " cannot be written: " + error.reason());
-    }
+    for (const osg::UInt32 part : node.mesh)
+        mesh["primitives"].push_back(primitiveOf(state.geometries.at(part), node.node));
     const int index = int(qxGltfSection(m_json, "meshes").size());
     m_json["meshes"].push_back(mesh);
     m_meshes.emplace(node.mesh, index);
     return index;
 }
 
-qxJson qxGltfMeshPatch::primitiveOf(const osg::GeometryPtr &geometry)
+qxJson qxGltfMeshPatch::primitiveOf(const osg::GeometryPtr &geometry, const osg::NodePtr &node)
 {
     const auto part = m_origin.geometries.find(geometry.getFieldContainerId());
     if (part != m_origin.geometries.end())
         return m_json["meshes"][std::size_t(part->second.mesh)]["primitives"]
                      [std::size_t(part->second.primitive)];
-    qxJson primitive = qxGltfGeometryWriter(m_json, m_bytes).write(geometry);
+    qxJson primitive;
+    try {
+        primitive = qxGltfGeometryWriter(m_json, m_bytes).write(geometry);
+    } catch (const qxGltfError &error) {
+        throw qxGltfError(
+            qxFileText::tr("%1 cannot be written: %2").arg(qxGltfCalled(node), error.reason()));
+    }
     m_materials.writeTo(primitive, geometry->getMaterial());
     return primitive;
 }

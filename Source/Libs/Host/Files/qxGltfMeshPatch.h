@@ -21,7 +21,8 @@ private:
     typedef std::vector<osg::UInt32> Parts;
 
     int meshOf(const qxGltfNodeState &node, const qxGltfState &state);
-    qxJson primitiveOf(const osg::GeometryPtr &geometry);
+    /// `node`, which shows the geometry, is named when that cannot be written.
+    qxJson primitiveOf(const osg::GeometryPtr &geometry, const osg::NodePtr &node);
     void finishBuffer();
 
     qxJson &m_json;

@@ -27,11 +27,11 @@ Floats attribute(const qxGltfModel &model, const tinygltf::Primitive &primitive,
     if (accessor < 0)
         return Floats();
     if (qxGltfComponents(model, accessor) != components)
-        throw qxGltfError(QString("%1 has the wrong number of components").arg(name));
+        throw qxGltfError(qxFileText::tr("%1 has the wrong number of components").arg(name));
     const int positions = attributeOf(primitive, "POSITION");
     const std::vector<tinygltf::Accessor> &all = model.typed.accessors;
     if (all[std::size_t(accessor)].count != all[std::size_t(positions)].count)
-        throw qxGltfError(QString("%1 is not there for every vertex").arg(name));
+        throw qxGltfError(qxFileText::tr("%1 is not there for every vertex").arg(name));
     return qxGltfFloats(model, accessor);
 }
 
@@ -56,7 +56,8 @@ auto makeProperty(const Floats &values, const Make &make)
 void setPositions(const osg::GeometryPtr &geometry, const Floats &values)
 {
     if (!isFinite(values))
-        throw qxGltfError("POSITION holds something that is no finite number");
+        throw qxGltfError(
+            qxFileText::tr("%1 holds something that is no finite number").arg("POSITION"));
     geometry->setPositions(makeProperty<osg::GeoPositions3f, 3>(
         values, [](const float *v) { return osg::Pnt3f(v[0], v[1], v[2]); }));
 }
@@ -97,7 +98,7 @@ void setIndices(const osg::GeometryPtr &geometry, const std::vector<std::uint32_
     for (const std::uint32_t index : values) {
         if (index >= vertices)
             throw qxGltfError(
-                QString("index %1 is used, there are %2 vertices").arg(index).arg(vertices));
+                qxFileText::tr("index %1 is used, there are %2 vertices").arg(index).arg(vertices));
     }
     const osg::GeoIndicesUI32Ptr indices = osg::GeoIndicesUI32::create();
     const osg::CPEditor edit(indices);
@@ -200,8 +201,8 @@ std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
             try {
                 parts.push_back(makeGeometry(model, primitive, materials));
             } catch (const qxGltfError &error) {
-                throw qxGltfError(qxGltfCalled("mesh", int(meshes.size()), json)
-                                  + QString(", primitive %1: ").arg(parts.size()) + error.reason());
+                throw qxGltfError(qxGltfCalledPrimitive(int(meshes.size()), json, int(parts.size()))
+                                  + ": " + error.reason());
             }
             if (parts.back() != osg::NullFC)
                 namePart(parts.back().get(), isNamed ? &mesh.name : nullptr, parts.size());

@@ -7,6 +7,7 @@
 #include "Files/qxGltfTransforms.h"
 #include "OSGOverlayCore.h"
 #include "Scene/qxTransformStates.h"
+#include "qxNodeUtils.h"
 
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -30,6 +31,12 @@ bool countsChildren(const qxJson &node)
     const qxJson &extras = qxGltfMember(node, "extras");
     return !qxGltfMember(extras, qxGltfKeys::switchChoice).is_null()
         || !qxGltfMember(extras, qxGltfKeys::sharesCoreOf).is_null();
+}
+
+void hide(const osg::NodePtr &node)
+{
+    const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
+    node->setTravMask(0);
 }
 
 void setCore(const osg::NodePtr &node, const osg::NodeCorePtr &core)
@@ -112,7 +119,7 @@ void qxGltfNodes::findOverlay(int index)
     const bool below = parent >= 0 && m_made[std::size_t(parent)].inOverlay;
     made.overlay = extras.flag(qxGltfKeys::overlay, false);
     if (made.overlay && !below && parent >= 0 && countsChildren(m_model.node(parent))) {
-        warn(index, "a child of a switch cannot be an overlay");
+        warn(index, qxFileText::tr("a child of a switch cannot be an overlay"));
         made.overlay = false;
     }
     made.moved = made.overlay && !below;
@@ -130,11 +137,11 @@ void qxGltfNodes::findEnvironment(int index)
     const int parent = made.place.parent;
     const auto isOne = [](const Made &each) { return each.environment; };
     if (!extras.has(qxGltfKeys::switchChoice) || made.inOverlay)
-        return warn(index, "an environment is a switch and no overlay");
+        return warn(index, qxFileText::tr("an environment is a switch and no overlay"));
     if (parent >= 0 && countsChildren(m_model.node(parent)))
-        return warn(index, "a child of a switch cannot be the environment");
+        return warn(index, qxFileText::tr("a child of a switch cannot be the environment"));
     if (std::any_of(m_made.begin(), m_made.end(), isOne))
-        return warn(index, "the scene has an environment already");
+        return warn(index, qxFileText::tr("the scene has an environment already"));
     made.environment = true;
     made.moved = true;
 }
@@ -167,12 +174,12 @@ osg::NodeCorePtr qxGltfNodes::lightCore(int index, const qxGltfExtras &extras)
                             qxGltfKeys::sharesCoreOf, qxGltfKeys::poses}) {
         if (!extras.has(key))
             continue;
-        warn(index, "a switch or a node with poses cannot be a light");
+        warn(index, qxFileText::tr("a switch or a node with poses cannot be a light"));
         return osg::NodeCorePtr();
     }
     const osg::UberLightPtr core = qxGltfMakeLight(m_model.document.json, light);
     if (core == osg::NullFC) {
-        warn(index, QString("light %1 is of an unknown kind").arg(light));
+        warn(index, qxFileText::tr("light %1 is of an unknown kind").arg(light));
         return osg::NodeCorePtr();
     }
     const osg::CPEditor edit(core, osg::UberLight::OnFieldMask);
@@ -212,10 +219,8 @@ void qxGltfNodes::describe(int index, const osg::NodePtr &node)
     const qxJson &name = qxGltfMember(json, "name");
     if (name.is_string())
         osg::setName(node, name.get<std::string>());
-    if (isVisible(json))
-        return;
-    const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
-    node->setTravMask(0);
+    if (!isVisible(json))
+        hide(node);
 }
 
 void qxGltfNodes::setPoses(int index, const osg::NodePtr &node, qxGltfExtras &extras)
@@ -223,7 +228,7 @@ void qxGltfNodes::setPoses(int index, const osg::NodePtr &node, qxGltfExtras &ex
     const std::vector<osg::Matrix> poses = extras.transforms(qxGltfKeys::poses);
     const std::vector<std::string> names = extras.texts(qxGltfKeys::poseNames);
     if (names.size() != poses.size())
-        warn(index, QString("%1 poses with %2 names").arg(poses.size()).arg(names.size()));
+        warn(index, qxFileText::tr("%1 poses with %2 names").arg(poses.size()).arg(names.size()));
     std::vector<qxTransformState> states;
     for (std::size_t i = 0; i < std::min(poses.size(), names.size()); ++i)
         states.push_back({names[i], poses[i]});
@@ -234,7 +239,7 @@ void qxGltfNodes::setPoses(int index, const osg::NodePtr &node, qxGltfExtras &ex
         setCore(node, transform);
     }
     if (!movesNodes(node->getCore()))
-        warn(index, "a switch cannot be put into poses");
+        warn(index, qxFileText::tr("a switch cannot be put into poses"));
     qxTransformStates::set(node, states, extras.integer(qxGltfKeys::pose).value_or(-1));
 }
 
@@ -248,7 +253,8 @@ osg::NodeCorePtr qxGltfNodes::sharedCore(int index)
     const auto owner = m_switches.find(*name);
     if (owner == m_switches.end()) {
         warn(index,
-             QString("there is no switch \"%1\" to share").arg(QString::fromStdString(*name)));
+             qxFileText::tr("there is no switch \"%1\" to share")
+                 .arg(QString::fromStdString(*name)));
         return osg::NodeCorePtr();
     }
     return node(owner->second)->getCore();
@@ -269,7 +275,8 @@ void qxGltfNodes::share(int index)
         setCore(node, osg::Group::create());
 
     if (made.environment && qxGltfHasTransform(m_model.typed.nodes[std::size_t(index)]))
-        warn(index, "an environment surrounds everything: its transform has no effect");
+        warn(index,
+             qxFileText::tr("an environment surrounds everything: its transform has no effect"));
     else if (qxGltfNeedsPlace(node->getCore()))
         putAbove(index, qxGltfTransform(m_model.typed.nodes[std::size_t(index)]));
     if (made.overlay)
@@ -323,15 +330,28 @@ void qxGltfNodes::addParts(int index, const osg::NodePtr &node, int mesh) const
 {
     const qxGltfExtras extras(index, m_model.node(index), m_model.warnings);
     const std::vector<int> hidden = extras.integers(qxGltfKeys::hiddenParts);
+    const qxGltfMeshParts &parts = m_scene.meshes[std::size_t(mesh)];
+    const bool isAll = node->getNChildren() == 0 && parts.size() == 1;
     int position = 0;
-    for (const qxGltfGeometryRef &part : m_scene.meshes[std::size_t(mesh)]) {
+    for (const qxGltfGeometryRef &part : parts) {
         if (part == osg::NullFC)
             continue;
         const osg::NodePtr child = osg::makeNodeFor(part.get());
-        if (std::find(hidden.begin(), hidden.end(), position++) != hidden.end()) {
-            const osg::CPEditor edit(child, osg::Node::TravMaskFieldMask);
-            child->setTravMask(0);
-        }
         node->addChild(child);
+        if (std::find(hidden.begin(), hidden.end(), position++) != hidden.end())
+            hidePart(child, isAll);
     }
+}
+
+/// No variant reaches a part that has its node's name. Hidden with the node it would stay hidden
+/// when that is shown again, and if it is all that the node shows, hiding the node does the same.
+void qxGltfNodes::hidePart(const osg::NodePtr &part, bool isAll)
+{
+    const osg::NodePtr node = part->getParent();
+    if (qxNodeUtils::isFoundByName(part))
+        hide(part);
+    else if (isAll)
+        hide(node);
+    else if (node->getTravMask() != 0)
+        hide(part);
 }

@@ -43,6 +43,7 @@ private:
     void makeOverlay(int index);
     void assemble(int index);
     void addParts(int index, const osg::NodePtr &node, int mesh) const;
+    static void hidePart(const osg::NodePtr &part, bool isAll);
     osg::NodeCorePtr ownCore(int index, qxGltfExtras &extras);
     osg::NodeCorePtr lightCore(int index, const qxGltfExtras &extras);
     osg::NodeCorePtr sharedCore(int index);

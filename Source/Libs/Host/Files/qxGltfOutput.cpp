@@ -6,15 +6,13 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <memory>
-
 namespace {
 
 bool isBinaryPath(const QString &path)
 {
     const QString suffix = QFileInfo(path).suffix().toLower();
     if (suffix != "gltf" && suffix != "glb")
-        throw qxGltfError("scene files end in .gltf or .glb");
+        throw qxGltfError(qxFileText::tr("scene files end in .gltf or .glb"));
     return suffix == "glb";
 }
 
@@ -35,8 +33,8 @@ void qxGltfOutput::write(qxJson json, const std::vector<QByteArray> &buffers)
     if (m_binary && !m_document.binary)
         packFirstBuffer(json, buffers);
     if (!staysInFolder()) {
-        copyOthers(json, "buffers");
-        copyOthers(json, "images");
+        copyOthers(json, "buffers", "buffer");
+        copyOthers(json, "images", "image");
     }
     if (!m_binary && m_document.binary)
         unpackFirstBuffer(json);
@@ -66,7 +64,7 @@ void qxGltfOutput::packFirstBuffer(qxJson &json, const std::vector<QByteArray> &
 void qxGltfOutput::unpackFirstBuffer(qxJson &json)
 {
     if (!m_document.moreChunks.isEmpty())
-        m_warnings << "a .gltf has no place for the further chunks of the .glb";
+        m_warnings << qxFileText::tr("a .gltf has no place for the further chunks of the .glb");
     const qxJson &buffers = qxGltfSection(json, "buffers");
     if (m_bin.isNull() || buffers.empty() || buffers[0].contains("uri"))
         return;
@@ -75,13 +73,13 @@ void qxGltfOutput::unpackFirstBuffer(qxJson &json)
     json["buffers"][0]["uri"] = qxGltfUriOf(name);
 }
 
-void qxGltfOutput::copyOthers(qxJson &json, const char *section)
+void qxGltfOutput::copyOthers(qxJson &json, const char *section, const char *kind)
 {
     for (std::size_t i = 0; i < qxGltfSection(json, section).size(); ++i) {
         qxJson &entry = json[section][i];
         const qxJson &uri = qxGltfMember(entry, "uri");
         if (uri.is_string() && !qxGltfIsDataUri(uri.get_ref<const std::string &>()))
-            copyOther(entry, qxGltfCalled(section, int(i), entry));
+            copyOther(entry, qxGltfCalled(kind, int(i), entry));
     }
 }
 
@@ -97,7 +95,7 @@ void qxGltfOutput::copyOther(qxJson &entry, const QString &called)
     } catch (const qxGltfError &error) {
         if (entry.contains("byteLength")) // buffers are needed
             throw;
-        m_warnings << called + " is not copied: " + error.reason();
+        m_warnings << qxFileText::tr("%1 is not copied: %2").arg(called, error.reason());
     }
 }
 
@@ -143,9 +141,10 @@ void qxGltfOutput::commit() const
     }
 }
 
-/// Of the scene's own path the message speaks anyway.
+/// Every message about a save begins with the path of the scene file.
 void qxGltfOutput::fail(const QString &path, const QString &reason) const
 {
-    const QString what = path == m_path ? QString() : path + ' ';
-    throw qxGltfError(what + "cannot be written: " + reason);
+    if (path == m_path)
+        throw qxGltfError(qxFileText::tr("the file cannot be written: %1").arg(reason));
+    throw qxGltfError(qxFileText::tr("%1 cannot be written: %2").arg(path, reason));
 }

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <map>
+#include <memory>
 #include <vector>
 
 /// Writes a scene file and the files that it needs beside it. Nothing on the disk changes before
@@ -24,7 +25,7 @@ public:
 private:
     void packFirstBuffer(qxJson &json, const std::vector<QByteArray> &buffers);
     void unpackFirstBuffer(qxJson &json);
-    void copyOthers(qxJson &json, const char *section);
+    void copyOthers(qxJson &json, const char *section, const char *kind);
     void copyOther(qxJson &entry, const QString &called);
     QString place(const QString &wanted, const QByteArray &bytes);
     bool staysInFolder() const;

@@ -91,9 +91,10 @@ void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeSt
                optionalJson<int>);
     writeExtra(node, qxGltfKeys::sharesCoreOf, before.sharesCoreOf, after.sharesCoreOf,
                optionalJson<std::string>);
-    writeExtra(
-        node, qxGltfKeys::hiddenParts, before.hiddenParts, after.hiddenParts,
-        [](const std::vector<int> &parts) { return parts.empty() ? qxJson() : qxJson(parts); });
+    // Whether a node is shown may have been taken from its hidden parts.
+    if (before.visible != after.visible || before.hiddenParts != after.hiddenParts)
+        qxGltfSetExtra(node, qxGltfKeys::hiddenParts,
+                       after.hiddenParts.empty() ? qxJson() : qxJson(after.hiddenParts));
     writeExtra(node, qxGltfKeys::lightOn, before.lightOn, after.lightOn,
                [](bool on) { return on ? qxJson() : qxJson(false); });
     writeExtra(node, qxGltfKeys::overlay, before.overlayLayer.has_value(),
@@ -174,8 +175,9 @@ void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value)
         return;
     }
     if (extras != node.end() && !holdsEntries)
-        throw qxGltfError(QString("\"%1\" cannot be written: the extras of \"%2\" are no object")
-                              .arg(key, QString::fromStdString(node.value("name", std::string()))));
+        throw qxGltfError(
+            qxFileText::tr("\"%1\" cannot be written: the extras of \"%2\" are no object")
+                .arg(key, QString::fromStdString(node.value("name", std::string()))));
     node["extras"][key] = value;
 }
 
@@ -272,6 +274,8 @@ void qxGltfPatch::writeVisibility(qxJson &node, bool visible)
         qxGltfUseExtension(m_json, name);
         return;
     }
+    if (qxGltfMember(qxGltfMember(node, "extensions"), name).is_null()) // the part was hidden
+        return;
     qxJson &visibility = node["extensions"][name];
     visibility.erase("visible");
     if (visibility.empty())

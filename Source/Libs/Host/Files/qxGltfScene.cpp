@@ -11,16 +11,14 @@
 
 namespace {
 
-void recordParts(const qxGltfModel &model, qxGltfScene &scene)
+void recordParts(qxGltfScene &scene)
 {
     for (std::size_t mesh = 0; mesh < scene.meshes.size(); ++mesh) {
         const qxGltfMeshParts &parts = scene.meshes[mesh];
         for (std::size_t i = 0; i < parts.size(); ++i) {
             if (parts[i] == osg::NullFC)
                 continue;
-            const int material = model.typed.meshes[mesh].primitives[i].material;
-            scene.origin.geometries[parts[i].get().getFieldContainerId()] = {int(mesh), int(i),
-                                                                             material};
+            scene.origin.geometries[parts[i].get().getFieldContainerId()] = {int(mesh), int(i)};
         }
     }
     for (std::size_t i = 0; i < scene.materials.size(); ++i)
@@ -55,7 +53,7 @@ void qxGltfScene::buildMaterials(qxGltfModel &model)
 void qxGltfScene::build(qxGltfModel &model)
 {
     meshes = qxGltfMeshes(model, materials);
-    recordParts(model, *this);
+    recordParts(*this);
     qxGltfSwitchMaterials switchMaterials(model, *this);
     switchMaterials.build();
     mapped = switchMaterials.mapped();

@@ -12,11 +12,11 @@
 
 /// Which parts of the scene graph came from which part of the file, by container id.
 struct qxGltfOrigin {
-    /// Of a geometry: its mesh, its place in it and its material.
+    /// Of a geometry: its mesh, its place in it, and the switch material that it was loaded with.
     struct Part {
         int mesh = -1;
         int primitive = -1;
-        int material = -1;
+        osg::UInt32 switchMaterial = 0; ///< 0 for none
     };
     std::unordered_map<osg::UInt32, int> nodes;
     /// Where a node was taken from that moved out of the tree: its place below a node, or among the

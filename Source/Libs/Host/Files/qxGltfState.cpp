@@ -2,6 +2,7 @@
 
 #include "Files/qxGltfCores.h"
 #include "OSGOverlayCore.h"
+#include "Scene/qxNodeWalk.h"
 #include "qxNodeUtils.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -28,7 +29,6 @@ private:
 
     int fileIndex(const osg::NodePtr &node) const;
     bool isUpper(const osg::NodePtr &node) const;
-    bool isPart(const osg::NodePtr &node) const;
     std::vector<osg::NodePtr> children(const osg::NodePtr &node, qxGltfNodeState &state);
     void takeParts(std::vector<osg::NodePtr> &nodes, bool onlyLast, qxGltfNodeState &state);
     void addPart(const osg::NodePtr &node, qxGltfNodeState &state);
@@ -67,13 +67,6 @@ bool Describer::isUpper(const osg::NodePtr &node) const
     return madeForFile || fileIndex(node) < 0;
 }
 
-/// Whether the node is nothing but a geometry, as loading makes it of a mesh's primitive.
-bool Describer::isPart(const osg::NodePtr &node) const
-{
-    return !isNamed(node) && node->getNChildren() == 0
-        && osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC;
-}
-
 void Describer::addPart(const osg::NodePtr &node, qxGltfNodeState &state)
 {
     const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(node->getCore());
@@ -85,11 +78,10 @@ void Describer::addPart(const osg::NodePtr &node, qxGltfNodeState &state)
 /// because a switch counts its children.
 void Describer::takeParts(std::vector<osg::NodePtr> &nodes, bool onlyLast, qxGltfNodeState &state)
 {
-    const auto part = [this](const osg::NodePtr &node) { return isPart(node); };
-    auto begin = std::find_if_not(nodes.rbegin(), nodes.rend(), part).base();
+    auto begin = std::find_if_not(nodes.rbegin(), nodes.rend(), qxIsPart).base();
     if (!onlyLast)
         begin = std::stable_partition(nodes.begin(), nodes.end(),
-                                      [&part](const osg::NodePtr &node) { return !part(node); });
+                                      [](const osg::NodePtr &node) { return !qxIsPart(node); });
     for (auto node = begin; node != nodes.end(); ++node) {
         if ((*node)->getTravMask() == 0)
             state.hiddenParts.push_back(int(state.mesh.size()));
@@ -252,12 +244,13 @@ void qxGltfState::checkSharedNames() const
         const auto found = firstCores.find(*state.sharesCoreOf);
         if (found == firstCores.end()
             || found->second != state.node->getCore().getFieldContainerId())
-            throw qxGltfError(qxGltfCalled(state.node)
-                              + " shares the switch of a node without a name of its own");
+            throw qxGltfError(
+                qxFileText::tr("%1 shares the switch of a node without a name of its own")
+                    .arg(qxGltfCalled(state.node)));
     }
 }
 
 QString qxGltfCalled(const osg::NodePtr &node)
 {
-    return "node \"" + QString::fromStdString(qxNodeUtils::getName(node)) + '"';
+    return qxFileText::tr("node \"%1\"").arg(QString::fromStdString(qxNodeUtils::getName(node)));
 }

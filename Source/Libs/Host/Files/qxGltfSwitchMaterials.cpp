@@ -131,7 +131,7 @@ osg::SwitchMaterialPtr qxGltfSwitchMaterials::makeListed(const qxJson &entry, co
         materials.push_back(index);
     }
     if (materials.empty() || !name.is_string()) {
-        m_model.warnings << called + ": cannot be used";
+        m_model.warnings << qxFileText::tr("%1: cannot be used").arg(called);
         return osg::SwitchMaterialPtr();
     }
     m_names.take(name.get<std::string>());
@@ -149,13 +149,15 @@ qxGltfSwitchMaterials::Mapping qxGltfSwitchMaterials::mappingOf(const qxJson &pr
         const int material = indexBelow(qxGltfMember(entry, "material"), m_scene.materials.size());
         const qxJson &variants = qxGltfMember(entry, "variants");
         if (material < 0 || !variants.is_array()) {
-            m_model.warnings << called + ": a mapping of variants cannot be used";
+            m_model.warnings << called + ": "
+                    + qxFileText::tr("a mapping of variants cannot be used");
             continue;
         }
         for (const qxJson &value : variants) {
             const int variant = indexBelow(value, m_scene.variants.size());
             if (variant < 0)
-                m_model.warnings << called + ": a mapping names a variant that is not there";
+                m_model.warnings << called + ": "
+                        + qxFileText::tr("a mapping names a variant that is not there");
             else if (mapping[std::size_t(variant) + 1] == _notMapped)
                 mapping[std::size_t(variant) + 1] = material;
         }
@@ -191,8 +193,7 @@ void qxGltfSwitchMaterials::assign(std::size_t mesh, std::size_t primitive)
         return;
     const qxJson &meshJson = m_model.document.json["meshes"][mesh];
     const qxJson &json = meshJson["primitives"][primitive];
-    const QString called =
-        qxGltfCalled("mesh", int(mesh), meshJson) + QString(", primitive %1").arg(primitive);
+    const QString called = qxGltfCalledPrimitive(int(mesh), meshJson, int(primitive));
     const Mapping mapping = mappingOf(json, called);
     osg::SwitchMaterialPtr shown;
     if (!isListed(json, shown) && isMapped(mapping))
@@ -201,6 +202,8 @@ void qxGltfSwitchMaterials::assign(std::size_t mesh, std::size_t primitive)
         return;
     const osg::CPEditor edit(geometry, osg::Geometry::MaterialFieldMask);
     geometry->setMaterial(shown);
+    m_scene.origin.geometries[geometry.getFieldContainerId()].switchMaterial =
+        shown.getFieldContainerId();
     if (isMapped(mapping) && m_useOf.emplace(shown.getFieldContainerId(), m_uses.size()).second)
         m_uses.emplace_back(shown, mapping);
 }

@@ -57,7 +57,7 @@ bool qxGltfSwitchUse::operator==(const qxGltfSwitchUse &other) const
     return states == other.states && shownBy == other.shownBy;
 }
 
-qxGltfSwitchUse qxGltfSwitchUse::of(const qxGltfState &state)
+qxGltfSwitchUse qxGltfSwitchUse::of(const qxGltfState &state, const qxGltfOrigin &origin)
 {
     qxGltfSwitchUse use;
     std::vector<osg::MaterialPtr> pool;
@@ -70,6 +70,11 @@ qxGltfSwitchUse qxGltfSwitchUse::of(const qxGltfState &state)
     for (const qxGltfNodeState &node : state.nodes) {
         for (const osg::UInt32 part : node.mesh)
             use.addGeometry(part, state.geometries.at(part)->getMaterial());
+    }
+    for (const auto &part : origin.geometries) {
+        const auto known = use.m_known.find(part.second.switchMaterial);
+        if (known != use.m_known.end() && state.geometries.count(part.first) == 0)
+            use.shownBy[part.first] = known->second;
     }
     return use;
 }

@@ -7,6 +7,7 @@
 #include <string>
 #include <unordered_map>
 
+struct qxGltfOrigin;
 struct qxGltfState;
 
 /// A switch material as a scene file lists it. Comparing those of a scene just loaded with those
@@ -29,8 +30,9 @@ struct qxGltfSwitchUse {
     std::unordered_map<osg::UInt32, int> shownBy;
 
     /// Those of the scene's material pool, and behind them those that only geometries have. One
-    /// that contains nothing shows nothing and is left out.
-    static qxGltfSwitchUse of(const qxGltfState &state);
+    /// that contains nothing shows nothing and is left out. What the file holds without showing it
+    /// has the one that it was loaded with.
+    static qxGltfSwitchUse of(const qxGltfState &state, const qxGltfOrigin &origin);
     void add(const osg::SwitchMaterialPtr &material);
     /// Takes note that the geometry shows the material, if that is a switch material.
     void addGeometry(osg::UInt32 geometry, const osg::MaterialPtr &material);

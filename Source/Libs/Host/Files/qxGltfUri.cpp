@@ -28,13 +28,13 @@ QByteArray qxGltfDataOf(const std::string &uri)
     const std::string mark = ";base64";
     if (comma == std::string::npos || comma < mark.size()
         || uri.compare(comma - mark.size(), mark.size(), mark) != 0)
-        throw qxGltfError("its data URI is not in base64");
+        throw qxGltfError(qxFileText::tr("its data URI is not in base64"));
     const QByteArray text = QByteArray::fromRawData(uri.data(), int(uri.size()));
     const auto decoded = QByteArray::fromBase64Encoding(
         text.mid(int(comma) + 1),
         QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded)
-        throw qxGltfError("the base64 of its data URI is damaged");
+        throw qxGltfError(qxFileText::tr("the base64 of its data URI is damaged"));
     return *decoded;
 }
 
@@ -58,14 +58,15 @@ QByteArray qxGltfRead(const qxGltfDocument &document, const std::string &uri)
 {
     if (qxGltfIsDataUri(uri))
         return qxGltfDataOf(uri);
-    const QString shown = '"' + QString::fromStdString(uri) + '"';
+    const QString shown = QString::fromStdString(uri);
     const QString path = qxGltfRelativePath(uri);
     if (path.isEmpty())
-        throw qxGltfError(shown + " leads out of the folder of the scene file");
+        throw qxGltfError(
+            qxFileText::tr("\"%1\" leads out of the folder of the scene file").arg(shown));
     try {
         return qxGltfReadFile(QDir(document.folder()).filePath(path));
     } catch (const qxGltfError &error) {
-        throw qxGltfError(shown + ": " + error.reason());
+        throw qxGltfError(qxFileText::tr("\"%1\": %2").arg(shown, error.reason()));
     }
 }
 
@@ -82,10 +83,9 @@ std::vector<QByteArray> qxGltfReadBuffers(const qxGltfDocument &document)
             throw qxGltfError(called + ": " + error.reason());
         }
         if (!buffers.back().isNull() && buffers.back().size() < length) {
-            throw qxGltfError(called
-                              + QString(" is too short: %1 bytes announced, %2 there")
-                                    .arg(length)
-                                    .arg(buffers.back().size()));
+            throw qxGltfError(
+                qxFileText::tr("%1 is too short: %2 bytes announced, %3 there")
+                    .arg(called, QString::number(length), QString::number(buffers.back().size())));
         }
         buffers.back().truncate(int(length));
     }

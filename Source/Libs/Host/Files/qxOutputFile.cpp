@@ -1,5 +1,7 @@
 #include "Files/qxOutputFile.h"
 
+#include "Files/qxFileText.h"
+
 #include <QFileInfo>
 #include <QSaveFile>
 
@@ -75,14 +77,14 @@ QString qxOutputFile::flawOf(const QString &path)
     const QFileInfo file(path);
     const QFileInfo folder(file.absolutePath());
     if (isStream(path))
-        return file.isWritable() ? QString() : QStringLiteral("nothing may be written to it");
+        return file.isWritable() ? QString() : qxFileText::tr("nothing may be written to it");
     if (file.isDir())
-        return QStringLiteral("it is a folder");
+        return qxFileText::tr("it is a folder");
     if (!folder.isDir())
-        return QStringLiteral("its folder does not exist");
+        return qxFileText::tr("its folder does not exist");
     if (!folder.isWritable())
-        return QStringLiteral("nothing may be written to its folder");
+        return qxFileText::tr("nothing may be written to its folder");
     if (file.exists() && !file.isWritable())
-        return QStringLiteral("nothing may be written to it");
+        return qxFileText::tr("nothing may be written to it");
     return QString();
 }

@@ -124,7 +124,7 @@ qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Wat
     watcher(Showing);
     scene.show();
     content->viewpoints = qxUberCameraPool::the()->count();
-    content->loaded = qxGltfSwitchUse::of(content->before);
+    content->loaded = qxGltfSwitchUse::of(content->before, content->origin);
     content->document = std::move(model.document);
     content->buffers = std::move(model.buffers);
     warnings = model.warnings;
@@ -140,8 +140,9 @@ qxJson qxSceneFile::Content::edited() const
     after.checkSharedNames();
     qxGltfMaterialPatch materialPatch(json, origin, materials);
     materialPatch.writePool();
-    materialPatch.writeSwitches(loaded, mapped, qxGltfSwitchUse::of(after));
-    materialPatch.writeGeometries(after);
+    const qxGltfSwitchUse use = qxGltfSwitchUse::of(after, origin);
+    materialPatch.writeSwitches(loaded, mapped, use);
+    materialPatch.writeGeometries(after, use);
     const std::vector<int> meshes = qxGltfMeshPatch(json, origin, materialPatch).write(after);
     materialPatch.settleNames();
     qxGltfPatch(json, before, after).write(meshes, scene);

@@ -5,7 +5,6 @@
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 
-#include <cstring>
 #include <functional>
 #include <string_view>
 
@@ -53,7 +52,7 @@ osg::NodePtr qxNameIndex::match(const Entry &entry, std::size_t hash, const char
     const osg::NodePtr node = osg::NodePtr::dcast(object);
     const bool isThere = node->getParent() != osg::NullFC || node == qxScenegraph::getRoot()
         || node == qxScenegraph::environmentGeometrySwitch();
-    return isThere && std::strcmp(qxNodeName(node), name) == 0 ? node : osg::NodePtr();
+    return isThere && qxIsFoundBy(node, name) ? node : osg::NodePtr();
 }
 
 qxNodePtr qxNameIndex::first(const char *name) const

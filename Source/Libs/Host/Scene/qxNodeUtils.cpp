@@ -4,11 +4,13 @@
 #include "Scene/qxNodeWalk.h"
 #include "Scene/qxTransformStates.h"
 
+#include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGNodeCore.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -38,9 +40,29 @@ const char *qxNodeName(const osg::NodePtr &node)
     return name ? name : core->getTypeName();
 }
 
+bool qxIsPart(const osg::NodePtr &node)
+{
+    return !osg::getName(node) && node->getNChildren() == 0
+        && osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC;
+}
+
+bool qxIsFoundBy(const osg::NodePtr &node, const char *name)
+{
+    return std::strcmp(qxNodeName(node), name) == 0 && qxNodeUtils::isFoundByName(node);
+}
+
 std::string qxNodeUtils::getName(const osg::NodePtr &node)
 {
     return qxNodeName(node);
+}
+
+bool qxNodeUtils::isFoundByName(const osg::NodePtr &node)
+{
+    const char *const name = qxNodeName(node);
+    if (!*name)
+        return false;
+    const osg::NodePtr parent = node->getParent();
+    return parent == osg::NullFC || std::strcmp(qxNodeName(parent), name) != 0 || !qxIsPart(node);
 }
 
 std::string qxNodeUtils::getUniqueName(const std::string &base,

@@ -3,8 +3,6 @@
 #include "Scene/qxNodeWalk.h"
 #include "Scene/qxScene.h"
 
-#include <cstring>
-
 osg::NodePtr qxOverlays::getPoolRoot()
 {
     const qxScene *scene = qxScene::current();
@@ -24,7 +22,7 @@ std::vector<qxNodePtr> qxOverlays::findOverlays(const char *name)
         return found;
     const osg::NodePtr root = getPoolRoot();
     qxWalkNodes(root, [&](const osg::NodePtr &node) {
-        if (node != root && std::strcmp(qxNodeName(node), name) == 0)
+        if (node != root && qxIsFoundBy(node, name))
             found.push_back(node);
         return true;
     });

@@ -6,7 +6,6 @@
 #include "qxController.h"
 #include "qxOpenSGUtils.h"
 
-#include <cstring>
 #include <memory>
 #include <unordered_set>
 
@@ -54,7 +53,7 @@ qxNodePtr qxScenegraph::findNode(const char *name)
     if (findCache())
         return findCache()->first(name);
     qxWalkScene([&](const osg::NodePtr &node) {
-        if (std::strcmp(qxNodeName(node), name) != 0)
+        if (!qxIsFoundBy(node, name))
             return true;
         found = node;
         return false;
@@ -70,7 +69,7 @@ std::vector<qxNodePtr> qxScenegraph::findNodes(const char *name)
     if (findCache())
         return findCache()->all(name);
     qxWalkScene([&](const osg::NodePtr &node) {
-        if (std::strcmp(qxNodeName(node), name) == 0)
+        if (qxIsFoundBy(node, name))
             found.push_back(node);
         return true;
     });
