@@ -539,6 +539,29 @@
     </message>
 </context>
 <context>
+    <name>qxPictureHint</name>
+    <message>
+        <source>all of it is hidden, or it has no triangles</source>
+        <translation>sie ist ganz verborgen oder hat keine Dreiecke</translation>
+    </message>
+    <message>
+        <source>the camera looks past it</source>
+        <translation>die Kamera blickt an ihr vorbei</translation>
+    </message>
+    <message>
+        <source>the camera sees only the backs of its surfaces, most likely from inside</source>
+        <translation>die Kamera sieht nur die Rückseiten ihrer Flächen, wohl von innen</translation>
+    </message>
+    <message>
+        <source>the clipping plane, or the near or far plane of the camera, cuts it away</source>
+        <translation>die Schnittebene oder die nahe oder ferne Ebene der Kamera schneidet sie weg</translation>
+    </message>
+    <message>
+        <source>it is so far away that it is smaller than a pixel</source>
+        <translation>sie ist so weit weg, dass sie kleiner als ein Pixel ist</translation>
+    </message>
+</context>
+<context>
     <name>qxSceneTreeModel</name>
     <message>
         <source>Node</source>
@@ -554,6 +577,22 @@
     <message>
         <source>Refining: %1 %</source>
         <translation>Wird verfeinert: %1 %</translation>
+    </message>
+    <message>
+        <source>Nothing of the scene is to be seen: %1.</source>
+        <translation>Von der Szene ist nichts zu sehen: %1.</translation>
+    </message>
+    <message>
+        <source>Select another set, or tick nodes in the scene&apos;s tree.</source>
+        <translation>Wählen Sie ein anderes Set, oder haken Sie Knoten im Baum der Szene an.</translation>
+    </message>
+    <message>
+        <source>F shows everything, Home leads home.</source>
+        <translation>F zeigt alles, Pos1 führt zum Ausgangspunkt zurück.</translation>
+    </message>
+    <message>
+        <source>Move the clipping plane, or look from another viewpoint.</source>
+        <translation>Verschieben Sie die Schnittebene, oder wählen Sie einen anderen Ansichtspunkt.</translation>
     </message>
 </context>
 <context>

@@ -6,16 +6,22 @@ class CommandsTest : public ProgramFixture {};
 
 TEST_F(CommandsTest, InfoCountsWhatTheFileHolds)
 {
-    const QByteArray table = done({"info", desk()}).out;
-    for (const char *row : {"made by                   by hand\n",
-                            "viewpoints                Front, Über dem Tisch\n",
-                            "animations                none\n", "variant sets              3\n"})
-        EXPECT_TRUE(table.contains(row)) << row << " is not in\n" << table.toStdString();
-    EXPECT_EQ(done({"info", desk(), "--json"}).json(),
+    const char *const wall = R"("materials": [{"normalTexture": {"index": 0}}], "textures": [{}],
+        "scene")";
+    const QString file = write("wall.gltf", sceneWith("desk").replace("\"scene\"", wall));
+    const ProgramRun run = done({"info", file});
+    EXPECT_EQ(run.err, "Pictures of materials that are kept, but not shown: normal\n");
+    for (const char *row :
+         {"made by                   by hand\n", "pictures kept, not shown  1 normal\n",
+          "viewpoints                Front, Über dem Tisch\n", "animations                none\n",
+          "variant sets              3\n"})
+        EXPECT_TRUE(run.out.contains(row)) << row << " is not in\n" << run.out.toStdString();
+    EXPECT_EQ(done({"info", file, "--json"}).json(),
               parsed(R"({"version": "2.0", "generator": "by hand", "scenes": 1, "nodes": 7,
-                         "meshes": 0, "triangles": 0, "materials": 0, "textures": 0,
+                         "meshes": 0, "triangles": 0, "materials": 1, "textures": 1,
                          "viewpoints": ["Front", "Über dem Tisch"], "animations": [],
                          "extensionsUsed": [], "extensionsNotUnderstood": [],
+                         "picturesNotShown": {"normal": 1},
                          "groups": 2, "sets": 3, "variants": 4})"));
 }
 

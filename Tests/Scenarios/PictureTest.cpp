@@ -54,7 +54,7 @@ protected:
 
     static QImage imageOf(const QString &base64)
     {
-        return QImage::fromData(QByteArray::fromBase64(base64.toLatin1()), "PNG");
+        return QImage::fromData(QByteArray::fromBase64(base64.toLatin1()));
     }
 
     /// A scene of sixty sets. Their names fill the pipe for standard error: the program waits until
@@ -173,10 +173,14 @@ TEST_F(PictureTest, TheCatalogueShowsEverythingOnOnePage)
           "Stop / halt", "Ctrl+R", "Line one", "Sign \u2192 Red", "print(\"<stop>\")",
           "stop : halt", "Sets in no group", "Away", "Aside"})
         EXPECT_TRUE(text.contains(word)) << word;
-    const QStringList pictures =
-        QString::fromUtf8(html).split("src=\"data:image/png;base64,").mid(1);
-    ASSERT_EQ(pictures.size(), 3);
-    EXPECT_GT(imageOf(pictures[1].section('"', 0, 0)).pixelColor(132, 128).blue(), 200);
+    EXPECT_FALSE(html.left(html.indexOf("</style>")).contains("&quot;")) << "browsers keep it";
+    const QStringList pictures = QString::fromUtf8(html).split(":image/jpeg;base64,").mid(1);
+    ASSERT_EQ(pictures.size(), 6);
+    for (const int number : {2, 3}) { // of the second set: the small one, then the large one
+        const QImage picture = imageOf(pictures[number].section('"', 0, 0));
+        EXPECT_EQ(picture.size(), QSize(330, 220) * (number - 1));
+        EXPECT_GT(picture.pixelColor(165, 110).blue(), 200);
+    }
     EXPECT_EQ(textsIn(html, "script") + textsIn(html, "link"), QStringList());
 
     quick({"catalogue", file, "--out", path("catalogue")});
@@ -205,6 +209,20 @@ TEST_F(PictureTest, ASceneWithoutSetsHasACatalogueToo)
                     .contains("The scene has no variants."));
     done({"previews", empty, "--save", path("saved.gltf")});
     refused(1, {"render", empty, "--all", "--out", folder.path()}, "the scene has no variant sets");
+}
+
+TEST_F(PictureTest, PicturesThatShowNothingOfTheSceneAreNamedWithTheReason)
+{
+    QByteArray none = documentOf(file);
+    const QString hidden =
+        write("hidden.gltf", sceneWith("signs", none.replace("state=\"Blue\"", "state=\"!None\"")));
+    const QByteArray hint = "in \"stop : halt\": all of it is hidden, or it has no triangles; ";
+    const QByteArray said = quick({"catalogue", hidden, "--out", path("page")}).err;
+    EXPECT_EQ(said.count("nothing of the scene is to be seen"), said.count(hint)) << said.data();
+    EXPECT_EQ(said.count(hint), 1) << said.data();
+    const QStringList one{"render", hidden, "--out", path("one.png"), "--size", "9x9"};
+    EXPECT_EQ(quick(one).err.count("nothing of the scene"), 0);
+    EXPECT_EQ(quick(one + QStringList{"--set", "stop : halt"}).err.count("nothing of the"), 1);
 }
 
 TEST_F(PictureTest, WhatCannotBeDoneIsRefusedBeforeAnythingIsRendered)

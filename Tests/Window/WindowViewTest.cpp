@@ -45,8 +45,14 @@ TEST_F(WindowViewTest, ThePictureFollowsHandAndKeysAndHomeLeadsBack)
     changes("zoomed");
     QTest::keyClick(window->sceneView(), Qt::Key_Left);
     changes("turned by a key");
+    const auto *const hint = window->sceneView()->findChild<QLabel *>();
+    EXPECT_TRUE(hint->isHidden());
+    drag(Qt::MiddleButton, QPoint(9000, 0));
+    changes("moved away");
+    EXPECT_TRUE(!hint->isHidden() && hint->text().contains("the camera looks past it"));
     QTest::keyClick(window->sceneView(), Qt::Key_Home);
     EXPECT_EQ(finishedPicture(), atHome);
+    EXPECT_TRUE(hint->isHidden());
 }
 
 TEST_F(WindowViewTest, AViewFromStraightAboveStaysOneWhenTheSceneIsFittedAndTurnsFromThere)

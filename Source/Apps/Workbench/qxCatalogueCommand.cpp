@@ -1,3 +1,5 @@
+#include "qxVariantSet.h"
+
 #include "qxCataloguePage.h"
 #include "qxCommand.h"
 #include "qxInterrupt.h"
@@ -7,11 +9,19 @@
 #include "qxStreams.h"
 #include "qxValueKind.h"
 
+#include <QBuffer>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QImage>
 
 namespace {
+
+/// On a card of the page; fine screens and phones show the pictures twice as large.
+const QSize cardSize(330, 220);
+/// Of a pixel. Few, because the pixels are many, and smaller than those of most screens.
+constexpr int Samples = 4;
+constexpr int JpegQuality = 85;
 
 QList<QCommandLineOption> options()
 {
@@ -20,6 +30,31 @@ QList<QCommandLineOption> options()
             qxSetPictures::qualityOption(),
             qxCommands::noScriptsOption(),
             qxCommands::traceOption()};
+}
+
+QByteArray jpegOf(const QImage &image)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "JPG", JpegQuality);
+    return buffer.data();
+}
+
+/// Pictures of these sets; counts in `done` like qxSetPictures::visit.
+qxCataloguePage::Pictures makePictures(const QStringList &names, int &done)
+{
+    qxCataloguePage::Pictures pictures;
+    done = qxSetPictures::visit(names, [&pictures](qxVariantSet &set) {
+        const QSize size = cardSize * 2;
+        const QImage picture = QImage::fromData(qxSetPictures::render(size.width(), size.height()));
+        if (picture.isNull())
+            return false;
+        const QImage small =
+            picture.scaled(cardSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        pictures[set.name] = {jpegOf(picture), jpegOf(small)};
+        return true;
+    });
+    return pictures;
 }
 
 int run(const QCommandLineParser &parser)
@@ -40,22 +75,23 @@ int run(const QCommandLineParser &parser)
     if (!session.open(file))
         return WorkFailed;
 
-    qxSetPictures::prepare(parser);
+    qxSetPictures::prepare(parser, Samples);
     const qxInterrupt interrupt;
-    const QStringList names = qxSetPictures::namesWithoutPreview();
+    const QStringList names = qxSetPictures::allNames();
     int done = 0;
-    const qxSetPictures::Previews previews = qxSetPictures::makePreviews(names, done);
-    if (!qxSetPictures::reopen(session, file, previews))
+    const qxCataloguePage::Pictures pictures = makePictures(names, done);
+    if (!qxSetPictures::reopen(session, file, {}))
         return WorkFailed;
-    if (!qxStreams::write(page, qxCataloguePage::html(QFileInfo(file).fileName())))
+    if (!qxStreams::write(page, qxCataloguePage::html(QFileInfo(file).fileName(), pictures)))
         return WorkFailed;
     qxOutput::line(page);
     if (done == names.size())
         return qxCommands::codeAfterScripts();
-    qxOutput::error(QStringLiteral("%1; %2 sets are shown without a preview")
+    qxOutput::error(QStringLiteral("%1; %2 of %3 sets have no new picture")
                         .arg(qxInterrupt::isAsked() ? QStringLiteral("interrupted")
-                                                    : QStringLiteral("a preview failed"))
-                        .arg(names.size() - done));
+                                                    : QStringLiteral("a picture failed"))
+                        .arg(names.size() - done)
+                        .arg(names.size()));
     return qxInterrupt::isAsked() ? Interrupted : WorkFailed;
 }
 

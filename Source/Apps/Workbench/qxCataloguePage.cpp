@@ -12,7 +12,10 @@
 
 namespace {
 
-/// Without "<", ">" and "&": the page is read as XML, too.
+/// Where several cards stand side by side on a screen of coarse pixels.
+const char *const coarse = "(min-width: 900px) and (max-resolution: 1.4dppx)";
+
+/// As qxHtmlWriter wants it.
 const char *const style = R"(
 :root { --paper: #f6f6f4; --card: #fff; --ink: #1d2125; --soft: #646b73; --line: #dcdedf;
   --accent: #b3372f; --shade: rgba(20, 25, 30, .08); }
@@ -21,7 +24,7 @@ const char *const style = R"(
     --accent: #ef7d72; --shade: rgba(0, 0, 0, .4); } }
 * { box-sizing: border-box; }
 body { margin: 0 auto; max-width: 1240px; padding: 40px 28px 64px; background: var(--paper);
-  color: var(--ink); font: 15px/1.5 system-ui, "Segoe UI", Roboto, "DejaVu Sans", sans-serif; }
+  color: var(--ink); font: 15px/1.5 system-ui, Segoe UI, Roboto, DejaVu Sans, sans-serif; }
 h1 { margin: 0; font-size: 32px; line-height: 1.2; letter-spacing: -.01em; overflow-wrap: anywhere; }
 h2 { margin: 48px 0 4px; padding-top: 14px; border-top: 2px solid var(--accent); font-size: 22px; }
 h3 { margin: 0; font-size: 17px; overflow-wrap: anywhere; }
@@ -35,7 +38,7 @@ nav a:hover { border-color: var(--accent); color: var(--accent); }
   margin-top: 18px; align-items: start; }
 .card { background: var(--card); border: 1px solid var(--line); border-radius: 10px;
   overflow: hidden; box-shadow: 0 2px 8px var(--shade); }
-.card img, .blank { display: block; width: 100%; aspect-ratio: 264 / 256; object-fit: cover; }
+.card img, .blank { display: block; width: 100%; aspect-ratio: 3 / 2; object-fit: contain; }
 .blank { display: grid; place-items: center; background: var(--line); color: var(--soft); }
 .words { padding: 14px 16px 16px; }
 .head { display: flex; justify-content: space-between; align-items: baseline; gap: 12px; }
@@ -50,7 +53,7 @@ summary { cursor: pointer; color: var(--accent); font-size: 13px; }
 ul { margin: 0; padding: 0; list-style: none; font-size: 13px; }
 li { overflow-wrap: anywhere; }
 pre { margin: 0; padding: 8px 10px; border-radius: 6px; background: var(--paper); overflow-x: auto;
-  font: 12px/1.45 "DejaVu Sans Mono", Consolas, monospace; }
+  font: 12px/1.45 DejaVu Sans Mono, Consolas, monospace; }
 .wide { overflow-x: auto; margin-top: 18px; border: 1px solid var(--line); border-radius: 10px; }
 table { width: 100%; border-collapse: collapse; background: var(--card); font-size: 14px; }
 th, td { padding: 8px 14px; text-align: left; vertical-align: top;
@@ -101,18 +104,25 @@ void writeContents(qxHtmlWriter &page, const qxVariantSet &set)
     page.close();
 }
 
-void writePreview(qxHtmlWriter &page, const qxVariantSet &set)
+/// A set without a picture is shown with its preview.
+void writePicture(qxHtmlWriter &page, const qxVariantSet &set,
+                  const qxCataloguePage::Pictures &pictures)
 {
-    if (QImage::fromData(set.getPreview()).isNull())
-        page.element("div", QStringLiteral("no preview"), "blank");
-    else
-        page.picture(set.getPreview(), QStringLiteral("Preview of %1").arg(set.name));
+    const qxCataloguePage::Picture picture = pictures.value(set.name, {set.getPreview(), {}});
+    if (QImage::fromData(picture.large).isNull())
+        return page.element("div", QStringLiteral("no picture"), "blank");
+    page.open("picture");
+    if (!picture.small.isEmpty())
+        page.pictureWhere(coarse, picture.small);
+    page.picture(picture.large, QStringLiteral("Picture of %1").arg(set.name));
+    page.close();
 }
 
-void writeSet(qxHtmlWriter &page, const qxVariantSet &set)
+void writeSet(qxHtmlWriter &page, const qxVariantSet &set,
+              const qxCataloguePage::Pictures &pictures)
 {
     page.open("article", "card");
-    writePreview(page, set);
+    writePicture(page, set, pictures);
     page.open("div", "words");
     page.open("div", "head");
     page.element("h3", set.name);
@@ -163,7 +173,8 @@ void writeHeading(qxHtmlWriter &page, int number, const Section &section)
     page.close();
 }
 
-void writeSection(qxHtmlWriter &page, int number, const Section &section)
+void writeSection(qxHtmlWriter &page, int number, const Section &section,
+                  const qxCataloguePage::Pictures &pictures)
 {
     page.open("section");
     writeHeading(page, number, section);
@@ -174,7 +185,7 @@ void writeSection(qxHtmlWriter &page, int number, const Section &section)
     else
         page.open("div", "cards");
     for (const qxVariantSet *set : section.sets)
-        writeSet(page, *set);
+        writeSet(page, *set, pictures);
     if (!section.sets.isEmpty())
         page.close();
     page.close();
@@ -236,7 +247,7 @@ void writeHead(qxHtmlWriter &page, const QString &title, const QList<Section> &s
 
 } // namespace
 
-QByteArray qxCataloguePage::html(const QString &title)
+QByteArray qxCataloguePage::html(const QString &title, const Pictures &pictures)
 {
     QList<Section> sections = sectionsOfSets();
     const Section variants{QStringLiteral("Variants"), {}, {}, {}};
@@ -244,7 +255,7 @@ QByteArray qxCataloguePage::html(const QString &title)
     qxHtmlWriter page(bytes, title, QString::fromUtf8(style));
     writeHead(page, title, sections + QList<Section>{variants});
     for (int number = 0; number < sections.size(); ++number)
-        writeSection(page, number, sections[number]);
+        writeSection(page, number, sections[number], pictures);
     page.open("section");
     writeHeading(page, sections.size(), variants);
     if (qxVariantTable::all().isEmpty())

@@ -22,6 +22,14 @@ QString printable(const QString &text)
     return QString::fromUcs4(characters.constData(), characters.size());
 }
 
+QString dataUri(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return QStringLiteral("data:image/%1;base64,%2")
+        .arg(QLatin1String(QImageReader::imageFormat(&buffer)), QLatin1String(bytes.toBase64()));
+}
+
 } // namespace
 
 qxHtmlWriter::qxHtmlWriter(QByteArray &page, const QString &title, const QString &style)
@@ -75,14 +83,16 @@ void qxHtmlWriter::element(const char *tag, const QString &content, const char *
 
 void qxHtmlWriter::picture(const QByteArray &bytes, const QString &words)
 {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    const QByteArray format = QImageReader::imageFormat(&buffer);
     open("img");
     attribute("alt", words);
-    attribute("src",
-              QStringLiteral("data:image/%1;base64,%2")
-                  .arg(QLatin1String(format), QLatin1String(bytes.toBase64())));
+    attribute("src", dataUri(bytes));
+    close();
+}
+
+void qxHtmlWriter::pictureWhere(const QString &media, const QByteArray &bytes)
+{
+    open("source");
+    attribute("media", media);
+    attribute("srcset", dataUri(bytes));
     close();
 }

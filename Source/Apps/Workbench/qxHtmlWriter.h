@@ -5,7 +5,8 @@
 /// Writes HTML that is well-formed XML as well.
 class qxHtmlWriter {
 public:
-    /// Writes the beginning of the page, up to its body.
+    /// Writes the beginning of the page, up to its body. The style is without quotation marks, "<",
+    /// ">" and "&", which mean different things there in HTML and in XML.
     qxHtmlWriter(QByteArray &page, const QString &title, const QString &style);
 
     void open(const char *tag, const char *cssClass = nullptr);
@@ -17,6 +18,8 @@ public:
     void element(const char *tag, const QString &text, const char *cssClass = nullptr);
     /// A picture of any format that Qt reads, as part of the page. `words` stand in for it.
     void picture(const QByteArray &bytes, const QString &words);
+    /// Within an element "picture" and before the picture: shown instead where this CSS holds.
+    void pictureWhere(const QString &media, const QByteArray &bytes);
     /// Ends all that is open.
     void finish() { m_writer.writeEndDocument(); }
 

@@ -8,6 +8,7 @@
 #include "qxFileNames.h"
 #include "qxInterrupt.h"
 #include "qxOutput.h"
+#include "qxPictureHint.h"
 #include "qxProgress.h"
 #include "qxSession.h"
 #include "qxSetPictures.h"
@@ -147,6 +148,9 @@ int renderOne(const Job &job)
     }
     if (png.isEmpty())
         return endedEarly(QStringLiteral("no picture was written"));
+    qxPictureHint hint;
+    hint.note(job.out);
+    hint.tell();
     return qxStreams::write(job.out, png) ? qxCommands::codeAfterScripts() : WorkFailed;
 }
 

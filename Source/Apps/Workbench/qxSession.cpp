@@ -69,6 +69,14 @@ void logWarnings(const qxSceneFile &file)
         qxLog::warning("%s", warning.toUtf8().constData());
 }
 
+void logHiddenPictures(const qxSceneFileInfo &info)
+{
+    const QString kinds = QStringList(info.hiddenPictures.keys()).join(QStringLiteral(", "));
+    if (!kinds.isEmpty())
+        qxLog::info("Pictures of materials that are kept, but not shown: %s",
+                    kinds.toUtf8().constData());
+}
+
 } // namespace
 
 qxSession::qxSession(bool trace)
@@ -127,6 +135,7 @@ bool qxSession::openScene(const QString &path, const qxSceneFile::Watcher &watch
     };
     if (m_file->load(path, step)) {
         logWarnings(*m_file);
+        logHiddenPictures(m_file->info());
         return true;
     }
     return fail(m_file->errorString());

@@ -8,6 +8,7 @@
 #include "qxInterrupt.h"
 #include "qxOSGWidget.h"
 #include "qxOutput.h"
+#include "qxPictureHint.h"
 #include "qxProgress.h"
 #include "qxRaytracingManager.h"
 #include "qxSceneKeeper.h"
@@ -15,6 +16,8 @@
 
 #include <QCommandLineParser>
 #include <QImage>
+
+#include <memory>
 
 QCommandLineOption qxSetPictures::qualityOption()
 {
@@ -33,30 +36,35 @@ bool qxSetPictures::isQualityKnown(const QCommandLineParser &parser)
     return false;
 }
 
-void qxSetPictures::prepare(const QCommandLineParser &parser)
+void qxSetPictures::prepare(const QCommandLineParser &parser, int bestSamples)
 {
     qxOSGWidget::setRaytracing(parser.value(QStringLiteral("quality")) != QLatin1String("quick"));
-    qxRaytracingManager::getRaytracingUtils()->setImageQuality(-1);
+    qxRaytracingManager::getRaytracingUtils()->setImageQuality(bestSamples);
     qxKernelServiceFactory::the()->getService<qxCameraService>()->moveToViewpoint(0, 0, 0, 0);
 }
 
 int qxSetPictures::visit(const QStringList &names, const Work &work)
 {
     const qxSceneKeeper before;
-    qxProgress progress(names.size());
+    qxPictureHint hint;
+    auto progress = std::make_unique<qxProgress>(names.size());
     int done = 0;
     for (const QString &name : names) {
         if (qxInterrupt::isAsked())
             break;
-        progress.begin(name);
+        progress->begin(name);
         qxVariants::selectVariantSet(name.toUtf8().constData(), false);
         qxVariantSet *const set = qxVariants::findVariantSet(name);
         const bool isDone = !set || work(*set);
+        if (set && isDone)
+            hint.note(name);
         before.restore();
         if (!isDone)
             break;
         ++done;
     }
+    progress.reset();
+    hint.tell();
     return done;
 }
 

@@ -17,14 +17,16 @@ QCommandLineOption qualityOption();
 /// Whether the option has a value that there is; says on standard error when it has not.
 bool isQualityKnown(const QCommandLineParser &parser);
 /// Sets ray tracing as the option asks, and looks from the scene's first viewpoint, if there is
-/// one: pictures show that view unless a set or another option leads elsewhere.
-void prepare(const QCommandLineParser &parser);
+/// one: pictures show that view unless a set or another option leads elsewhere. `bestSamples` is
+/// what the best quality stands for (qxPictureSettings::quality).
+void prepare(const QCommandLineParser &parser, int bestSamples = -1);
 
 /// What is done while the set is selected; false ends the work.
 typedef std::function<bool(qxVariantSet &set)> Work;
 
 /// Selects each of these sets, does `work`, and puts scene and camera back. Sets that are gone are
-/// left out. Answers how many were done; fewer than there are when `work` or Ctrl-C ended it.
+/// left out. In the end, standard error names the sets in whose pictures nothing of the scene is to
+/// be seen. Answers how many were done; fewer than there are when `work` or Ctrl-C ended it.
 int visit(const QStringList &names, const Work &work);
 
 typedef QMap<QString, QByteArray> Previews; ///< by the names of sets

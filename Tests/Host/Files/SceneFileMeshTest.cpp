@@ -129,8 +129,12 @@ TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
                                   "roughnessFactor": 0.125}},
         {"name": "Leaf", "alphaMode": "MASK", "alphaCutoff": 0.75,
          "pbrMetallicRoughness": {"baseColorFactor": [1, 1, 1, 0.5]},
-         "extensions": {"KHR_materials_unlit": {}}}])");
+         "extensions": {"KHR_materials_unlit": {}}},
+        {"name": "Cloth", "emissiveFactor": [1, 1, 1], "emissiveTexture": {"index": 0},
+         "pbrMetallicRoughness": {"metallicRoughnessTexture": {"index": 0}}}])");
+    json["textures"] = {qxJson::object()};
     load(write("materials.gltf", json));
+    expectSaved(json);
 
     const osg::SimpleMaterialPtr glass = material("Glass");
     EXPECT_EQ(part()->getMaterial(), glass);
@@ -148,6 +152,9 @@ TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
     EXPECT_TRUE(leaf.unlit);
     EXPECT_FALSE(surface.unlit);
     EXPECT_EQ(material("Leaf")->getTransparency(), 0.5f);
+    // Its pictures are not drawn.
+    EXPECT_EQ(qxSurface::of(material("Cloth")).metallic, 0);
+    EXPECT_EQ(material("Cloth")->getEmission(), osg::Color3f(0, 0, 0));
     material("Leaf")->setTransparency(0.75f);
     saveAndLoad();
     EXPECT_EQ(material("Leaf")->getTransparency(), 0.75f);

@@ -74,6 +74,7 @@ TEST_F(RenderClippingTest, AHiddenSceneLeavesPlaneGridAndContour)
     clipping.hideScene = true;
     EXPECT_EQ(picture().at(-0.4f, 0), "0 0 0");
     EXPECT_EQ(picture().at(-0.01f, 0), "255 255 255");
+    EXPECT_EQ(picture().content(), qxPicture::Shown) << "what is hidden on purpose is not missed";
     clipping.showContour = false;
     clipping.normal = osg::Vec3f(0, 0, 1);
     clipping.showPlane = true;

@@ -19,6 +19,7 @@ public:
     std::string halves() const { return at(-0.5f, 0) + ", " + at(0.5f, 0); }
     /// The sum of the three.
     int brightness(float x, float y) const;
+    qxPicture::Content content() const { return m_picture.content; }
     const std::vector<std::uint8_t> &bytes() const { return m_picture.rgba; }
 
 private:

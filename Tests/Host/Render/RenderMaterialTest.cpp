@@ -254,13 +254,3 @@ TEST_F(RenderMaterialTest, ChunksGiveColourPictureAndWrap)
     EXPECT_EQ(picture().at(0.8f, -0.875f), "0 255 0");
     EXPECT_EQ(picture().at(0.8f, -0.375f), "0 255 0");
 }
-
-TEST_F(RenderMaterialTest, VertexColoursTintTheBaseColour)
-{
-    const TestNode square = addSquare(flat(1, 1, 0), osg::Vec3f(0, 0, 0), 2);
-    const auto colours = osg::GeoColors4f::create();
-    for (int i = 0; i < 6; ++i)
-        colours->push_back(osg::Color3f(0, 1, 1));
-    osg::GeometryPtr::dcast(square.core())->setColors(colours);
-    EXPECT_EQ(picture().at(0, 0), "0 255 0");
-}

@@ -7,12 +7,15 @@
 #include "qxImageRenderWidget.h"
 #include "qxNodeUtils.h"
 #include "qxOrbit.h"
+#include "qxPictureHint.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGDynamicVolume.h>
 
+#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -43,11 +46,20 @@ bool boxOf(const osg::NodePtr &node, osg::Pnt3f &low, osg::Pnt3f &high)
 
 } // namespace
 
-qxSceneView::qxSceneView(QWidget *parent) : QWidget(parent)
+qxSceneView::qxSceneView(QWidget *parent) : QWidget(parent), m_hint(new QLabel)
 {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(160, 120);
+    m_hint->setTextFormat(Qt::PlainText);
+    m_hint->setWordWrap(true);
+    m_hint->setMargin(8);
+    m_hint->setAutoFillBackground(true);
+    m_hint->setBackgroundRole(QPalette::ToolTipBase);
+    m_hint->setForegroundRole(QPalette::ToolTipText);
+    m_hint->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_hint->hide();
+    (new QVBoxLayout(this))->addWidget(m_hint, 0, Qt::AlignBottom);
     m_view = std::make_unique<qxMainGlView>(width(), height());
     m_view->setFluent(true);
     m_view->setListener([this] { takePicture(); });
@@ -116,7 +128,37 @@ void qxSceneView::cameraMoved()
 void qxSceneView::takePicture()
 {
     qxImageRenderWidget::convertToQImage(m_picture, m_view->picture());
+    showHint();
     update();
+}
+
+void qxSceneView::showHint()
+{
+    const qxPicture::Content content = m_view->content();
+    const bool hasScene = qxScenegraph::getRoot()->getNChildren() > 0;
+    const bool isNeeded = hasScene && content != qxPicture::Shown;
+    if (isNeeded) {
+        m_hint->setText(
+            tr("Nothing of the scene is to be seen: %1.").arg(qxPictureHint::reason(content))
+            + QLatin1Char('\n') + adviceOn(content));
+    }
+    m_hint->setVisible(isNeeded);
+}
+
+QString qxSceneView::adviceOn(qxPicture::Content content)
+{
+    if (content == qxPicture::Hidden)
+        return tr("Select another set, or tick nodes in the scene's tree.");
+    if (content == qxPicture::CutAway)
+        return tr("Move the clipping plane, or look from another viewpoint.");
+    return tr("F shows everything, Home leads home.");
+}
+
+void qxSceneView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        showHint();
 }
 
 void qxSceneView::tellProgress(float share)

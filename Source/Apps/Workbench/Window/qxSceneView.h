@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Render/qxRenderer.h"
+
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGVector.h>
 
@@ -8,6 +10,7 @@
 
 #include <memory>
 
+class QLabel;
 class qxMainGlView;
 
 /// The 3D view of a window: shows the scene's picture, quickly while something moves and finer and
@@ -38,6 +41,7 @@ signals:
     void progressed(const QString &text);
 
 protected:
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -50,6 +54,9 @@ protected:
 private:
     void takeCamera();
     void takePicture();
+    /// Why nothing of the scene is to be seen.
+    void showHint();
+    static QString adviceOn(qxPicture::Content content);
     void tellProgress(float share);
     /// Of the screen, which may be finer than those of the layout.
     QSize pixels() const;
@@ -61,6 +68,7 @@ private:
     std::unique_ptr<qxMainGlView> m_view;
     QImage m_picture; ///< what the view shows
     QString m_progress;
+    QLabel *m_hint;
     osg::Pnt3f m_pivot;
     QPoint m_pressed;
     QPoint m_last;

@@ -39,6 +39,34 @@ qxSurface surfaceOf(const tinygltf::Material &material, const qxJson &json)
     return surface;
 }
 
+/// A kind of pictures that is not drawn.
+struct HiddenPicture {
+    const char *words;
+    const char *member; ///< that names the picture in a material
+    bool isOfSurface; ///< whether it stands in "pbrMetallicRoughness"
+
+    bool isIn(const qxJson &material) const
+    {
+        const qxJson &surface = qxGltfMember(material, "pbrMetallicRoughness");
+        return !qxGltfMember(isOfSurface ? surface : material, member).is_null();
+    }
+};
+
+const HiddenPicture _metallicRoughness = {"metallic-roughness", "metallicRoughnessTexture", true};
+const HiddenPicture _emissive = {"emissive", "emissiveTexture", false};
+const HiddenPicture _normal = {"normal", "normalTexture", false};
+const HiddenPicture _occlusion = {"occlusion", "occlusionTexture", false};
+
+/// A factor is the most that its picture may say, and usually 1. Without the picture it would make
+/// iron of cloth, and a lamp of the whole body that a small lamp is painted on.
+void setFactorsWithoutPictures(tinygltf::Material &values, const qxJson &json)
+{
+    if (_metallicRoughness.isIn(json))
+        values.pbrMetallicRoughness.metallicFactor = 0;
+    if (_emissive.isIn(json))
+        values.emissiveFactor = {0, 0, 0};
+}
+
 /// How a sampler goes on beyond the edges of its picture.
 osg::UInt32 wrapOf(const qxJson &sampler, const char *side)
 {
@@ -153,8 +181,9 @@ std::vector<qxGltfMaterialRef> qxGltfMaterials(qxGltfModel &model)
     const qxJson &list = qxGltfSection(model.document.json, "materials");
     const std::vector<std::string> names = qxGltfShownNames(list);
     std::vector<qxGltfMaterialRef> materials;
-    for (const tinygltf::Material &values : model.typed.materials) {
+    for (tinygltf::Material values : model.typed.materials) {
         const std::size_t index = materials.size();
+        setFactorsWithoutPictures(values, list[index]);
         const int texture = values.pbrMetallicRoughness.baseColorTexture.index;
         const qxGltfExtras extras(int(index), list[index], model.warnings, "material");
         qxSurface surface = surfaceOf(values, list[index]);
@@ -166,6 +195,18 @@ std::vector<qxGltfMaterialRef> qxGltfMaterials(qxGltfModel &model)
             osg::setName(materials.back().get(), names[index]);
     }
     return materials;
+}
+
+QMap<QString, int> qxGltfHiddenPictures(const qxJson &materials)
+{
+    QMap<QString, int> counts;
+    for (const HiddenPicture &picture : {_metallicRoughness, _emissive, _normal, _occlusion}) {
+        const auto isPictured = [&](const qxJson &material) { return picture.isIn(material); };
+        const auto count = std::count_if(materials.begin(), materials.end(), isPictured);
+        if (count > 0)
+            counts[picture.words] = int(count);
+    }
+    return counts;
 }
 
 qxGltfMaterialRef qxGltfDefaultMaterial()

@@ -3,6 +3,7 @@
 #include "Files/qxGltfCameraPatch.h"
 #include "Files/qxGltfCheck.h"
 #include "Files/qxGltfExtras.h"
+#include "Files/qxGltfMaterials.h"
 #include "Files/qxGltfMeshPatch.h"
 #include "Files/qxGltfModel.h"
 #include "Files/qxGltfOutput.h"
@@ -73,6 +74,7 @@ qxSceneFileInfo infoOf(const qxGltfModel &model)
         if (!qxGltfUnderstoodExtensions().contains(name))
             info.extensionsNotUnderstood << name;
     }
+    info.hiddenPictures = qxGltfHiddenPictures(qxGltfSection(json, "materials"));
     return info;
 }
 

@@ -3,6 +3,7 @@
 #include "Files/qxSceneVariant.h"
 
 #include <QByteArray>
+#include <QMap>
 #include <QStringList>
 
 #include <functional>
@@ -24,6 +25,8 @@ struct qxSceneFileInfo {
     QStringList extensionsUsed;
     QStringList extensionsRequired;
     QStringList extensionsNotUnderstood; ///< used ones whose data are kept, but not shown
+    /// Kinds of pictures that are kept, but not shown: how many materials have one.
+    QMap<QString, int> hiddenPictures;
 };
 
 /// Reads scenes from glTF 2.0 files (.gltf, .glb) into the host and writes them back.

@@ -99,6 +99,7 @@ void qxMainGlView::show(const osg::ImagePtr &picture)
     cancelRefining();
     m_isStale = false;
     m_isCoarse = false;
+    m_content = qxPicture::Shown;
     {
         const osg::CPEditor edit(m_picture.get());
         m_picture->set(picture);
@@ -216,6 +217,7 @@ void qxMainGlView::take(const qxPicture &picture)
 {
     if (picture.isEmpty())
         return;
+    m_content = picture.content;
     {
         const osg::CPEditor edit(m_picture.get());
         m_picture->set(osg::Image::OSG_RGBA_PF, picture.width, picture.height, 1, 1, 1, 0,

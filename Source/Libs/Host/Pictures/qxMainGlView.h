@@ -30,6 +30,8 @@ public:
     void show(const osg::ImagePtr &picture);
     /// What it shows now; without pixels before the first picture.
     osg::ImagePtr picture() const { return m_picture.get(); }
+    /// What that picture shows; a picture of others shows the scene.
+    qxPicture::Content content() const { return m_content; }
     /// Pictures have that size in pixels from now on.
     void resize(int width, int height);
     /// Quick pictures have fewer pixels where this machine would take longer than a hand that moves
@@ -64,6 +66,7 @@ private:
     int m_width;
     int m_height;
     osg::ImageRefPtr m_picture;
+    qxPicture::Content m_content = qxPicture::Shown;
     bool m_isFluent = false;
     bool m_isCoarse = false; ///< what is shown has fewer pixels than the view
     float m_pixelTime = 1e-3f; ///< of a quick picture on this machine, in milliseconds

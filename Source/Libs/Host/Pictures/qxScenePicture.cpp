@@ -13,6 +13,12 @@ std::unique_ptr<qxRenderer> &idleRenderer()
     return renderer;
 }
 
+qxPicture::Content &lastContent()
+{
+    static qxPicture::Content content = qxPicture::Shown;
+    return content;
+}
+
 /// Counts the pictures that are being made, one within the events of another.
 class qxRendering {
 public:
@@ -48,7 +54,13 @@ qxPicture qxScenePicture::render(const qxPictureSettings &settings,
         picture = renderer->render(settings, progress);
     }
     giveBack(std::move(renderer));
+    lastContent() = picture.content;
     return picture;
+}
+
+qxPicture::Content qxScenePicture::content()
+{
+    return lastContent();
 }
 
 bool qxScenePicture::isRendering()

@@ -10,6 +10,8 @@ public:
                             const qxRenderer::Progress &progress = qxRenderer::Progress());
     /// Whether render is at work, seen from the events that its progress lets through.
     static bool isRendering();
+    /// What the picture that render made last shows.
+    static qxPicture::Content content();
     /// The quality that the settings of ray tracing ask for (qxPictureSettings::quality).
     static int quality();
     /// As qxRenderer::nodeAt.

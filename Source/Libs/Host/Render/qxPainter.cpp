@@ -2,6 +2,7 @@
 
 #include "Cameras/qxMainView.h"
 #include "Render/qxPictureColour.h"
+#include "Render/qxRenderPicking.h"
 #include "Render/qxTiles.h"
 
 #include <limits>
@@ -74,6 +75,7 @@ struct qxPainter::Sample {
     osg::Vec3f light; ///< as the picture shows it
     osg::Vec3f colour; ///< own one of what is seen
     osg::Vec3f normal;
+    int met; ///< sides of surfaces
 };
 
 /// What the samples of a pixel have in common.
@@ -88,7 +90,9 @@ public:
         m_look += look;
         m_squares += look.squareLength();
         m_count += 1.0f;
+        m_met |= sample.met;
     }
+    int met() const { return m_met; }
     osg::Vec3f light() const { return m_light * (1.0f / m_count); }
     qxPictureFilter::Pixel pixel() const
     {
@@ -116,11 +120,12 @@ private:
     osg::Vec3f m_look; ///< sum of the light's roots, which differences look like
     float m_squares = 0.0f; ///< of these roots, all channels
     float m_count = 0.0f;
+    int m_met = qxTracer::Nothing;
 };
 
 qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settings)
-    : m_settings(settings), m_samples(samplesOf(settings)), m_tile(tileOf(m_samples)),
-      m_across((settings.width + m_tile - 1) / m_tile),
+    : m_shown(scene.shown()), m_settings(settings), m_samples(samplesOf(settings)),
+      m_tile(tileOf(m_samples)), m_across((settings.width + m_tile - 1) / m_tile),
       m_rayTracing(settings.quality != qxPictureSettings::Quick),
       m_camera(qxMainView::the().camera, scene.shown().bounds(), settings.width, settings.height),
       m_clipping(qxClipping::the(), scene.shown().bounds()), m_noClipping(qxClipping(), qxBox()),
@@ -171,6 +176,7 @@ qxPicture qxPainter::paint(const qxRenderer::Progress &progress)
     const auto paintTile = [this](int tile) { this->paintTile(tile); };
     if (!tell(0) || !qxForAllTiles(tiles, m_settings.threads, paintTile, tell))
         return qxPicture();
+    m_picture.content = content();
     if (!m_filter)
         return std::move(m_picture);
     m_filter->prepare();
@@ -197,8 +203,39 @@ void qxPainter::paintTile(int tile)
         if (done + step < m_samples)
             isNoisy = noisyOnes(pixels, width);
     }
-    for (std::size_t i = 0; i < pixels.size(); ++i)
+    int met = qxTracer::Nothing;
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
         finish(left + int(i) % width, low + int(i) / width, pixels[i]);
+        met |= pixels[i].met();
+    }
+    m_met |= met;
+}
+
+/// Once all tiles are painted. Why nothing is seen is looked for only when nothing is.
+qxPicture::Content qxPainter::content() const
+{
+    if (m_clipping.hidesScene() || (m_met & qxTracer::Front))
+        return qxPicture::Shown;
+    if (m_shown.bounds().isEmpty())
+        return qxPicture::Hidden;
+    if (m_met & qxTracer::Back)
+        return qxPicture::FromBehind;
+    const int rays = 64; // in each direction
+    for (int i = 0; i < rays * rays; ++i) {
+        qxRay ray = m_camera.ray((float(i % rays) + 0.5f) / float(rays) * float(m_settings.width),
+                                 (float(i / rays) + 0.5f) / float(rays) * float(m_settings.height));
+        ray.near = 0.0f;
+        ray.far = std::numeric_limits<float>::infinity();
+        if (qxNodeAlong(ray, m_shown) != 0)
+            return qxPicture::CutAway;
+    }
+    osg::Vec2f place;
+    float distance;
+    const bool isAhead = m_camera.project(m_shown.bounds().centre(), place, distance);
+    const bool isSmall = isAhead && m_shown.bounds().radius() < m_camera.pixelSize(distance);
+    const bool isInside = isAhead && place[0] >= 0.0f && place[0] <= float(m_settings.width)
+        && place[1] >= 0.0f && place[1] <= float(m_settings.height);
+    return isSmall && isInside ? qxPicture::TooSmall : qxPicture::LookedPast;
 }
 
 /// Which of a tile's pixels need more samples. Their surroundings decide: those that are dark by
@@ -270,7 +307,7 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     const osg::Vec3f behind = seen.through > 0.0f
         ? background(ray, float(y) + shift[1], sampler) * seen.through
         : osg::Vec3f();
-    Sample result = {seen.light + behind, seen.colour + behind, seen.normal};
+    Sample result = {seen.light + behind, seen.colour + behind, seen.normal, seen.met};
     if (m_rayTracing)
         result.light = qxToneMapped(result.light);
     const auto cover = [&result](const osg::Vec3f &light, float through) {
@@ -283,6 +320,7 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     for (const qxTracer &overlay : m_overlays) {
         const qxTracer::Light front = overlay.seen(ray, sampler);
         cover(front.light, front.through);
+        result.met |= front.met & qxTracer::Front;
     }
     return result;
 }

@@ -6,6 +6,8 @@
 #include "Render/qxRenderer.h"
 #include "Render/qxTracer.h"
 
+#include <atomic>
+
 /// Makes one picture of a scene, as its settings say.
 class qxPainter {
 public:
@@ -23,6 +25,7 @@ private:
                                 const qxRenderClipping &clipping) const;
     int tileCount() const;
     void paintTile(int tile);
+    qxPicture::Content content() const;
     static std::vector<bool> noisyOnes(const std::vector<Average> &pixels, int width);
     void addSamples(int x, int y, int count, Average &pixel) const;
     void finish(int x, int y, const Average &pixel);
@@ -31,6 +34,7 @@ private:
     void filterBand(int band);
     void show(int x, int y, const osg::Vec3f &light);
 
+    const qxRenderGroup &m_shown;
     const qxPictureSettings m_settings;
     const int m_samples; ///< at most, in each pixel
     const int m_tile; ///< width and height in pixels
@@ -49,5 +53,6 @@ private:
     std::unique_ptr<qxTracer> m_tracer;
     std::vector<qxTracer> m_overlays; ///< the farthest first
     std::unique_ptr<qxPictureFilter> m_filter; ///< null when pixels are shown as they come
+    std::atomic<int> m_met{qxTracer::Nothing}; ///< sides of surfaces, by any ray of the eye
     qxPicture m_picture;
 };

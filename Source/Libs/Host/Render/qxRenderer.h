@@ -27,11 +27,22 @@ struct qxPictureSettings {
 
 /// A finished picture.
 struct qxPicture {
+    /// What is to be seen of the scene, or why nothing is.
+    enum Content {
+        Shown, ///< something, if it be fully translucent; also when the scene is hidden on purpose
+        Hidden, ///< there is nothing that is shown
+        LookedPast,
+        FromBehind, ///< surfaces that have only a front
+        CutAway, ///< by the clipping plane or the planes of the camera
+        TooSmall
+    };
+
     bool isEmpty() const { return rgba.empty(); }
 
     int width = 0;
     int height = 0;
     std::vector<std::uint8_t> rgba; ///< four bytes per pixel, opaque, bottom row first, sRGB
+    Content content = Shown;
 };
 
 /// Makes pictures of the running host's scene from the main view (qxMainView), with its overlays

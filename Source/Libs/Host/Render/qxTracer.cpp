@@ -61,6 +61,8 @@ struct qxTracer::Hit {
     /// Base colour and alpha of a pass.
     osg::Vec4f base(const qxRenderLayer &layer) const;
     float alpha(const qxRenderLayer &layer, float baseAlpha) const;
+    /// Whether the pass has this side.
+    bool shows(const qxRenderLayer &layer) const { return front || layer.doubleSided; }
     /// Where a ray may start without meeting the surface again.
     osg::Vec3f start(const osg::Vec3f &direction) const;
 };
@@ -99,7 +101,7 @@ osg::Vec4f qxTracer::Hit::base(const qxRenderLayer &layer) const
 
 float qxTracer::Hit::alpha(const qxRenderLayer &layer, float baseAlpha) const
 {
-    if (!front && !layer.doubleSided)
+    if (!shows(layer))
         return 0.0f;
     if (layer.alphaMode == qxSurface::Mask)
         return baseAlpha >= layer.alphaCutoff ? 1.0f : 0.0f;
@@ -203,6 +205,7 @@ void qxTracer::pass(const Hit &hit, int depth, qxSampler &sampler, Light &light)
     for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
         const osg::Vec4f base = hit.base(*layer);
         const float alpha = hit.alpha(*layer, base[3]);
+        light.met |= hit.shows(*layer) ? Front : Back;
         if (alpha <= 0.0f)
             continue;
         const osg::Vec3f colour(base[0], base[1], base[2]);

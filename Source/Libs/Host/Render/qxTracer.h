@@ -29,12 +29,15 @@ public:
     };
     explicit qxTracer(const Scene &scene);
 
+    /// Sides of surfaces, to be combined. Only a surface without a back side has backs.
+    enum Side { Nothing = 0, Back = 1, Front = 2 };
     struct Light {
         osg::Vec3f light;
         osg::Vec3f colour; ///< of the surfaces themselves, and their normal, of length 0 to 1
         osg::Vec3f normal;
         float through = 1; ///< share of what is behind the scene
         float distance; ///< of the first surface that hides at least half; infinite without
+        int met = Nothing; ///< sides of surfaces, however translucent
     };
     /// As the eye sees it.
     Light seen(const qxRay &ray, qxSampler &sampler) const;
