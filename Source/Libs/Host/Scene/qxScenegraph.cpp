@@ -5,6 +5,7 @@
 #include "Scene/qxScene.h"
 #include "qxController.h"
 #include "qxOpenSGUtils.h"
+#include "qxOverlays.h"
 
 #include <cstring>
 #include <memory>
@@ -14,10 +15,16 @@ namespace {
 
 const osg::UInt32 shown = 0xFFFFFFFF;
 
-std::unique_ptr<qxNameIndex> &findCache()
+std::unique_ptr<qxFoundNames> &findCache()
 {
-    static std::unique_ptr<qxNameIndex> cache;
+    static std::unique_ptr<qxFoundNames> cache;
     return cache;
+}
+
+std::vector<osg::NodePtr> overlays()
+{
+    const osg::NodePtr root = qxOverlays::getPoolRoot();
+    return root == osg::NullFC ? std::vector<osg::NodePtr>() : root->getMFChildren()->getValues();
 }
 
 void show(const osg::NodePtr &node)
@@ -52,7 +59,7 @@ qxNodePtr qxScenegraph::findNode(const char *name)
     if (!name || !*name)
         return found;
     if (findCache())
-        return findCache()->first(name);
+        return findCache()->scene.first(name);
     qxWalkScene([&](const osg::NodePtr &node) {
         if (std::strcmp(qxNodeName(node), name) != 0)
             return true;
@@ -68,7 +75,7 @@ std::vector<qxNodePtr> qxScenegraph::findNodes(const char *name)
     if (!name || !*name)
         return found;
     if (findCache())
-        return findCache()->all(name);
+        return findCache()->scene.all(name);
     qxWalkScene([&](const osg::NodePtr &node) {
         if (std::strcmp(qxNodeName(node), name) == 0)
             found.push_back(node);
@@ -84,7 +91,13 @@ bool qxScenegraph::hasFindCache()
 
 void qxScenegraph::initFindCache()
 {
-    findCache() = std::make_unique<qxNameIndex>();
+    findCache().reset(new qxFoundNames{qxNameIndex({getRoot(), environmentGeometrySwitch()}),
+                                       qxNameIndex(overlays())});
+}
+
+const qxFoundNames *qxFoundNames::current()
+{
+    return findCache().get();
 }
 
 void qxScenegraph::clearFindCache()
