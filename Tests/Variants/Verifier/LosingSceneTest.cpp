@@ -23,6 +23,7 @@ protected:
                                          false);
         qxVariants::createTransformVariant("Hood", false)->nodeName = "Door";
         scene.add("Body");
+        TestNode(node("Lamp")).moveTo(scene.addEnvironments("Sky", {"Day"}).child(0));
         scene.addViewpoint("Front");
         scene.setClips({"Spin", "Blink"});
     }
@@ -51,6 +52,7 @@ protected:
     }
 
     static osg::NodePtr node(const char *name) { return qxScenegraph::findNode(name); }
+    static osg::NodePtr overlay(const char *name) { return qxOverlays::findOverlay(name); }
 
     static void rename(const osg::NodePtr &renamed)
     {
@@ -93,8 +95,8 @@ TEST_F(LosingSceneTest, OptimizingDropsEntryByEntryWhatTheSceneLost)
         {"the geometry's node", [] { TestNode(node("Body")).remove(); }, {"Body"}},
         {"the viewpoints", [] { qxUberCameraPool::the()->clear(); }, {"Front"}},
         {"the clip", [this] { scene.setClips({"Blink"}); }, {"Spin"}},
-        {"the overlay", [] { rename(qxOverlays::findOverlay("Logo")); }, {"Logo=!Disable"}},
-        {"the overlay's child", [] { rename(qxOverlays::findOverlay("Go")); }, {"Signs=Go"}},
+        {"the overlay", [] { rename(overlay("Logo")); }, {"Logo=!Disable"}},
+        {"the overlay's child", [] { rename(overlay("Go")); }, {"Signs=Go"}},
         {"the transform states",
          [] { TestNode(node("Door")).remove(); },
          {"Door=Open", "Hood=Open"}},
@@ -115,22 +117,44 @@ TEST_F(LosingSceneTest, OptimizingDropsEntryByEntryWhatTheSceneLost)
     EXPECT_EQ(set->targetNodeNames.size(), 1u) << "a target stays, whatever becomes of its node";
 }
 
-TEST_F(LosingSceneTest, ActionsStayAsLongAsTheSceneObjectDoes)
+TEST_F(LosingSceneTest, StatesThatNoSwitchHasToHoldStayAsLongAsTheSceneObjectDoes)
 {
+    qxVariants::createMaterialVariant(QString("Trim"), false)->switchMaterialName = "Red";
     qxVariantSet set;
-    set.addNodeVariant("Wheels", "!Nonsense");
-    set.addMaterialVariant("Paint", "!Nonsense");
-    set.addOverlayVariant("Signs", "!Nonsense");
+    for (const char *state : {"!Nonsense", "nonsense"}) { // actions; states of what is no switch
+        const bool isAction = *state == '!';
+        set.addNodeVariant(isAction ? "Wheels" : "Roof", state);
+        set.addMaterialVariant(isAction ? "Paint" : "Trim", state);
+        set.addOverlayVariant(isAction ? "Signs" : "Logo", state);
+    }
     set.addLightVariant("Lamp", "nonsense");
     set.addTransformVariant("Door", "!Next");
     set.optimize();
     EXPECT_EQ(contentOf(set).join(' ').toStdString(),
-              "Wheels=!Nonsense Paint=!Nonsense Lamp=nonsense Signs=!Nonsense");
-    TestNode(node("Wheels")).remove();
+              "Wheels=!Nonsense Roof=nonsense Paint=!Nonsense Trim=nonsense Lamp=nonsense "
+              "Signs=!Nonsense Logo=nonsense");
+    for (const osg::NodePtr &lost :
+         {node("Wheels"), node("Roof"), overlay("Signs"), overlay("Logo")})
+        TestNode(lost).remove();
     renameMaterial("Paint");
-    TestNode(qxOverlays::findOverlay("Signs")).remove();
+    renameMaterial("Red");
     set.optimize();
     EXPECT_EQ(contentOf(set), QStringList("Lamp=nonsense"));
+}
+
+TEST_F(LosingSceneTest, TheHostDecidesWhatANameFinds)
+{
+    const char *const notUtf8 = "Side\xFF"; // no text finds it
+    scene.addViewpoint(notUtf8);
+    scene.addOverlay(notUtf8);
+    const QString name = QString::fromUtf8(notUtf8);
+    qxVariants::createOverlayVariant(name, false)->overlayName = name;
+    qxVariantSet set;
+    set.addViewpoint(name);
+    set.addOverlayVariant(name, "!Enable");
+    EXPECT_FALSE(set.isUsed());
+    set.optimize();
+    EXPECT_EQ(contentOf(set), QStringList());
 }
 
 TEST_F(LosingSceneTest, OneOfSeveralNodesOfANameIsEnoughForATransformButNotForASwitch)
@@ -168,7 +192,7 @@ TEST_F(LosingSceneTest, ASetIsUsedAsLongAsTheSceneHasSomethingOfIt)
         {"a clip", [](qxVariantSet &set) { set.addAnimation("Spin"); },
          [this] { scene.setClips({"Blink"}); }},
         {"an overlay", [](qxVariantSet &set) { set.addOverlayVariant("Signs", ""); },
-         [] { TestNode(qxOverlays::findOverlay("Signs")).remove(); }}};
+         [] { TestNode(overlay("Signs")).remove(); }}};
     for (const Use &use : uses) {
         SCOPED_TRACE(use.what);
         qxVariantSet set;
