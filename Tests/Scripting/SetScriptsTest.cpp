@@ -127,3 +127,14 @@ TEST_F(SetScriptsTest, ScriptsFindListCreateAndRemoveSets)
               "''\nLeer geräumt\nWork, Attic\nTrue 1\nTrue\nTrue False\n"
               "ValueError\nArgumentError\nArgumentError\nArgumentError\n4\n");
 }
+
+TEST_F(SetScriptsTest, AScriptCapturesNothingWhereNodesCannotBeToldApart)
+{
+    const QString twins = write("twins.gltf", R"({"asset": {"version": "2.0"},
+        "nodes": [{"name": "Wheels", "extras": {"qxSwitch": 0}},
+                  {"name": "Wheels", "extras": {"qxSwitch": 0}}]})");
+    const ProgramRun run = done({"run", "-", twins},
+                                "createAndCaptureVariantSet('Sport', '')\nprint(getVariantSets())");
+    EXPECT_EQ(run.out, "[]\n");
+    EXPECT_EQ(run.err, "warning: ambiguous node: Wheels\n");
+}

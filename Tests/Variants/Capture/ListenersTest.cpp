@@ -1,5 +1,6 @@
 #include "Cameras/qxMainView.h"
 #include "CaptureFixture.h"
+#include "Core/qxRenderRequests.h"
 
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
@@ -97,8 +98,10 @@ TEST_F(ListenersTest, ACapturedSetIsActivatedWhateverItsNameIs)
     qxVariants::activateCapturedVariantSet("Unknown");
     EXPECT_EQ(wheels.choice(), 0);
     EXPECT_EQ(heard("variantSetAdded").size(), 1u); // what is shown is restored all the same
+    const int pictures = qxRenderRequests::count();
     qxVariants::activateCapturedVariantSet(odd);
     EXPECT_EQ(wheels.choice(), 1);
+    EXPECT_EQ(qxRenderRequests::count() - pictures, 2) << "one of the selection, one of its own";
 }
 
 TEST_F(ListenersTest, ArgumentsThatNameNothingAreIgnored)
