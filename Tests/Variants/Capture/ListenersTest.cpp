@@ -30,7 +30,7 @@ TEST_F(ListenersTest, NodesThatAListenerRemovesArePassedOver)
 {
     const TestNode car = scene.add("Car");
     scene.addSwitch("Wheels", {"Steel"}, car).choose(0);
-    scene.addSwitch("Seats", {"Cloth"}, scene.add("Inside", car)).choose(0);
+    const osg::NodeRefPtr kept(scene.addSwitch("Seats", {"Cloth"}, car).choose(0).node());
     scene.addPoses("Lid", {"Closed"}, car);
     scene.addGeometry("Door", scene.addMaterial("Paint"));
     captureWhile("nodeVariantAdded", [&] {
@@ -43,6 +43,7 @@ TEST_F(ListenersTest, NodesThatAListenerRemovesArePassedOver)
 TEST_F(ListenersTest, ANodeMayRemoveItselfAndAllAboveIt)
 {
     const TestNode wheels = scene.addSwitch("Wheels", {"Steel"}, scene.add("Car")).choose(0);
+    const osg::NodeRefPtr kept(wheels.node()); // with what is below it
     scene.addSwitch("Tyres", {"Winter"}, wheels.child(0)).choose(0);
     captureWhile("nodeVariantAdded", [&] { removeFrom(scene.root(), 0); });
     EXPECT_EQ(contentsOf(*set), Names{"node Wheels=Steel"});
