@@ -133,8 +133,7 @@ TEST_F(SetScriptsTest, AScriptCapturesNothingWhereNodesCannotBeToldApart)
     const QString twins = write("twins.gltf", R"({"asset": {"version": "2.0"},
         "nodes": [{"name": "Wheels", "extras": {"qxSwitch": 0}},
                   {"name": "Wheels", "extras": {"qxSwitch": 0}}]})");
-    const ProgramRun run = done({"run", "-", twins},
-                                "createAndCaptureVariantSet('Sport', '')\nprint(getVariantSets())");
-    EXPECT_EQ(run.out, "[]\n");
-    EXPECT_EQ(run.err, "warning: ambiguous node: Wheels\n");
+    const char *const script = "createAndCaptureVariantSet('Sport', '')\nprint(getVariantSets())";
+    const ProgramRun run = done({"run", "-", twins}, script);
+    EXPECT_EQ(run.out + run.err, "[]\nwarning: ambiguous node: Wheels\n");
 }
