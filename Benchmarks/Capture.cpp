@@ -140,6 +140,100 @@ private:
     osg::NodePtr m_group;
 };
 
+/// Geometries with a material each.
+class NamesakeScene {
+public:
+    /// The first set holds materials that all have one name.
+    explicit NamesakeScene(int nodes)
+    {
+        for (int i = 0; i < nodes; ++i) {
+            const osg::NodePtr node = osg::makeNodeFor(osg::Geometry::create());
+            osg::setName(node, "Part " + std::to_string(i));
+            qxScenegraph::getRoot()->addChild(node);
+        }
+        paintEach([](int) { return std::string("Paint"); });
+        RepaintedScene::capture(QStringLiteral("First"));
+    }
+    NamesakeScene(const NamesakeScene &) = delete;
+    ~NamesakeScene() { m_host.clearScene(); }
+
+    /// Gives each node a new material with the name for its number.
+    template <class Name>
+    static void paintEach(const Name &name)
+    {
+        for (int i = 0; i < int(qxScenegraph::getRoot()->getNChildren()); ++i)
+            paint(i, add(osg::SimpleMaterial::create(), name(i)));
+    }
+    /// Gives all nodes one switch material, which holds that many materials.
+    static void paintAll(int choices)
+    {
+        const osg::SwitchMaterialPtr shared = osg::SwitchMaterial::create();
+        add(shared, "Shared");
+        for (int i = 0; i < choices; ++i)
+            shared->addMaterial(add(osg::SimpleMaterial::create(), "Choice " + std::to_string(i)));
+        for (int i = 0; i < int(qxScenegraph::getRoot()->getNChildren()); ++i)
+            paint(i, shared);
+    }
+
+private:
+    static osg::MaterialPtr add(const osg::MaterialPtr &material, const std::string &name)
+    {
+        qxMaterials::setName(material, name.c_str(), true);
+        qxScenegraph::getMaterialPool()->add(material);
+        return material;
+    }
+    static void paint(int node, const osg::MaterialPtr &material)
+    {
+        qxNodeUtils::setMaterial(qxScenegraph::getRoot()->getChild(osg::UInt32(node)), material,
+                                 false, false);
+    }
+
+    qxHost m_host;
+};
+
+/// Measures a second capture, of a scene that was captured and changed.
+template <class Scene, class Change>
+void captureAgain(benchmark::State &state, const Change &change)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        {
+            const Scene scene(int(state.range(0)));
+            change(scene);
+            state.ResumeTiming();
+            RepaintedScene::capture(QStringLiteral("Second"));
+            state.PauseTiming();
+        }
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void captureNamesakes(benchmark::State &state)
+{
+    captureAgain<NamesakeScene>(state, [](const NamesakeScene &) {
+        NamesakeScene::paintEach([](int) { return std::string("Coat"); });
+    });
+}
+
+/// As many choices as nodes.
+void captureShared(benchmark::State &state)
+{
+    const int choices = int(state.range(0));
+    captureAgain<NamesakeScene>(
+        state, [choices](const NamesakeScene &) { NamesakeScene::paintAll(choices); });
+}
+
+/// What the nodes share now cannot be shared by sets that saw them different.
+void captureParted(benchmark::State &state)
+{
+    captureAgain<NamesakeScene>(state, [](const NamesakeScene &) {
+        NamesakeScene::paintEach([](int node) { return "Paint " + std::to_string(node); });
+        RepaintedScene::capture(QStringLiteral("Between"));
+        NamesakeScene::paintAll(3);
+    });
+}
+
 void captureScene(benchmark::State &state)
 {
     const CapturedScene scene(int(state.range(0)));
@@ -151,18 +245,7 @@ void captureScene(benchmark::State &state)
 
 void captureSnapshots(benchmark::State &state)
 {
-    for (auto _ : state) {
-        state.PauseTiming();
-        {
-            const RepaintedScene scene(int(state.range(0)));
-            scene.repaint();
-            state.ResumeTiming();
-            RepaintedScene::capture(QStringLiteral("Second"));
-            state.PauseTiming();
-        }
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(state.iterations() * state.range(0));
+    captureAgain<RepaintedScene>(state, [](const RepaintedScene &scene) { scene.repaint(); });
 }
 
 void checkScene(benchmark::State &state)
@@ -179,6 +262,9 @@ void checkScene(benchmark::State &state)
 
 BENCHMARK(captureScene)->Name("Capture/scene")->Arg(1000)->Arg(10000)->Arg(100000);
 BENCHMARK(captureSnapshots)->Name("Capture/snapshots")->Arg(1000)->Arg(10000);
+BENCHMARK(captureNamesakes)->Name("Capture/namesakes")->Arg(1000)->Arg(10000);
+BENCHMARK(captureShared)->Name("Capture/shared")->Arg(1000)->Arg(10000);
+BENCHMARK(captureParted)->Name("Capture/parted")->Arg(1000)->Arg(10000);
 BENCHMARK(checkScene)->Name("CaptureCheck/scene")->Arg(1000)->Arg(10000)->Arg(100000);
 
 } // namespace

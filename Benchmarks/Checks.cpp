@@ -4,8 +4,13 @@
 #include "qxVariants.h"
 
 #include "qxBenchScene.h"
+#include "qxCommand.h"
 #include "qxLinter.h"
 
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -57,6 +62,15 @@ private:
     int m_output;
 };
 
+QByteArray variantText(int number)
+{
+    const QByteArray name = qxBenchScene::switchName(number).toUtf8();
+    QByteArray text = "<NodeVariant name=\"" + name + "\" base=\"" + name + "\">\n";
+    for (int child = 0; child < 4; ++child)
+        text += "<State name=\"" + qxBenchScene::childName(child).toUtf8() + "\"/>\n";
+    return text + "</NodeVariant>\n";
+}
+
 QByteArray documentOf(int sets)
 {
     QByteArray text = "<Variants>\n";
@@ -69,13 +83,8 @@ QByteArray documentOf(int sets)
         // No two sets are equal, whatever they refer to.
         text += "<Value name=\"Number\">" + QByteArray::number(set) + "</Value></VariantSet>\n";
     }
-    for (int variant = 0; variant < Variants; ++variant) {
-        const QByteArray name = qxBenchScene::switchName(variant).toUtf8();
-        text += "<NodeVariant name=\"" + name + "\" base=\"" + name + "\">\n";
-        for (int child = 0; child < 4; ++child)
-            text += "<State name=\"" + qxBenchScene::childName(child).toUtf8() + "\"/>\n";
-        text += "</NodeVariant>\n";
-    }
+    for (int variant = 0; variant < Variants; ++variant)
+        text += variantText(variant);
     return text + "</Variants>\n";
 }
 
@@ -163,18 +172,20 @@ void lintViewpoints(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-/// As many sets as lights and viewpoints, all of which stay.
+/// As many sets as lights, overlays and viewpoints, all of which stay.
 void optimize(benchmark::State &state)
 {
     const qxBenchScene scene(0, 0);
     const int count = int(state.range(0));
     for (int i = 0; i < count; ++i) {
         qxBenchScene::addLight(numbered("Light", i));
+        qxBenchScene::addOverlay(numbered("Overlay", i));
         qxBenchScene::addViewpoint(numbered("View", i));
     }
     for (int i = 0; i < count; ++i) {
         qxVariantSet &set = addSet(i);
         set.addViewpoint(numbered("View", i));
+        set.addOverlayVariant(numbered("Overlay", i), variantEnable);
         for (int k = 0; k < 4; ++k)
             set.addLightVariant(numbered("Light", (i + k) % count), variantEnable);
     }
@@ -185,8 +196,51 @@ void optimize(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * count);
 }
 
+/// A file of that many switches with one child each, and a variant for each of them.
+bool writeSwitches(const QString &path, int switches)
+{
+    QJsonArray nodes;
+    QJsonArray roots;
+    QByteArray document = "<Variants>\n";
+    for (int i = 0; i < switches; ++i) {
+        roots += 2 * i;
+        nodes += QJsonObject{{"name", qxBenchScene::switchName(i)},
+                             {"children", QJsonArray{2 * i + 1}},
+                             {"extras", QJsonObject{{"qxSwitch", 0}}}};
+        nodes += QJsonObject{{"name", qxBenchScene::childName(0)}};
+        document += variantText(i);
+    }
+    const QJsonObject scene{
+        {"nodes", roots},
+        {"extras", QJsonObject{{"qxVariants", QString::fromUtf8(document + "</Variants>")}}}};
+    const QByteArray text = QJsonDocument(QJsonObject{{"asset", QJsonObject{{"version", "2.0"}}},
+                                                      {"scene", 0},
+                                                      {"scenes", QJsonArray{scene}},
+                                                      {"nodes", nodes}})
+                                .toJson();
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
+}
+
+/// The whole command, from the file to the last line.
+void showStates(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("scene.gltf"));
+    const int switches = int(state.range(0));
+    if (!writeSwitches(path, switches))
+        state.SkipWithError("the scene cannot be written");
+    for (auto _ : state) {
+        const Quiet quiet;
+        if (qxCommands::dispatch({QStringLiteral("workbench"), QStringLiteral("state"), path}) != 0)
+            state.SkipWithError("the states cannot be shown");
+    }
+    state.SetItemsProcessed(state.iterations() * switches);
+}
+
 } // namespace
 
+BENCHMARK(showStates)->Name("State/command")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(verify)->Name("Verify/report")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(lint)->Name("Lint/document")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(verifyOptions)

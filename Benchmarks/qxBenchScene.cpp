@@ -1,10 +1,13 @@
 #include "qxBenchScene.h"
 
 #include "qxLightVariant.h"
+#include "qxOverlayVariant.h"
 #include "qxVariants.h"
 
+#include "OSGOverlayCore.h"
 #include "OSGUberLight.h"
 #include "qxMessage.h"
+#include "qxOverlays.h"
 #include "qxScenegraph.h"
 #include "qxUberCameraPool.h"
 
@@ -51,6 +54,12 @@ void qxBenchScene::addLight(const QString &name)
 {
     addNode(qxScenegraph::getRoot(), osg::UberLight::create(), name);
     qxVariants::createLightVariant(name, false)->lightName = name;
+}
+
+void qxBenchScene::addOverlay(const QString &name)
+{
+    addNode(qxOverlays::getPoolRoot(), osg::OverlayCore::create(), name);
+    qxVariants::createOverlayVariant(name, false)->overlayName = name;
 }
 
 void qxBenchScene::addViewpoint(const QString &name)

@@ -13,8 +13,9 @@ public:
     qxBenchScene(int switches, int variants);
     ~qxBenchScene();
 
-    /// Adds a light and the light variant of its name.
+    /// Adds a light or an overlay and the variant of its name.
     static void addLight(const QString &name);
+    static void addOverlay(const QString &name);
     static void addViewpoint(const QString &name);
 
     static QString switchName(int index) { return QStringLiteral("Switch %1").arg(index); }

@@ -117,9 +117,11 @@ TEST_F(NodeUtilsTest, LightsAreFoundAndSwitchedInTheScene)
 {
     const TestNode group = scene.add("Group").setMask(0);
     const TestNode lamp = scene.addLight("Lamp", group);
+    const TestNode sun = scene.addLight("Sun", scene.addEnvironments("Sky", {"Day"}).child(0));
     const TestNode clone = scene.addClone(lamp);
 
-    EXPECT_EQ(qxLights::getLights(), (std::vector<qxNodePtr>{lamp.node(), clone.node()}));
+    EXPECT_EQ(qxLights::getLights(),
+              (std::vector<qxNodePtr>{lamp.node(), clone.node(), sun.node()}));
     EXPECT_TRUE(qxLights::getOn(lamp));
     qxLights::setOn(lamp, false);
     EXPECT_FALSE(qxLights::getOn(clone)) << "shares the light";

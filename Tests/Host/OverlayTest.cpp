@@ -20,12 +20,17 @@ TEST_F(OverlayTest, OverlaysLieInATreeOfTheirOwn)
     const TestNode inner = scene.add("Logo", logo);
     scene.add("Logo");
 
-    EXPECT_EQ(qxOverlays::findOverlays("Logo"),
-              (std::vector<qxNodePtr>{logo.node(), inner.node()}));
-    EXPECT_EQ(qxOverlays::findOverlay("Logo"), logo.node());
-    EXPECT_EQ(qxScenegraph::findNodes("Logo").size(), 1u);
-    EXPECT_TRUE(qxOverlays::findOverlays("Overlays").empty()) << "the root is no overlay";
-    EXPECT_TRUE(qxOverlays::findOverlay("") == osg::NullFC);
+    for (const bool cached : {false, true}) {
+        if (cached)
+            qxScenegraph::initFindCache();
+        EXPECT_EQ(qxOverlays::findOverlays("Logo"),
+                  (std::vector<qxNodePtr>{logo.node(), inner.node()}));
+        EXPECT_EQ(qxOverlays::findOverlay("Logo"), logo.node());
+        EXPECT_EQ(qxScenegraph::findNodes("Logo").size(), 1u);
+        EXPECT_TRUE(qxOverlays::findOverlays("Overlays").empty()) << "the root is no overlay";
+        EXPECT_TRUE(qxOverlays::findOverlay("") == osg::NullFC);
+    }
+    qxScenegraph::clearFindCache();
 }
 
 TEST_F(OverlayTest, EveryOverlayOfTheNameIsShownAndHidden)

@@ -127,3 +127,13 @@ TEST_F(SetScriptsTest, ScriptsFindListCreateAndRemoveSets)
               "''\nLeer geräumt\nWork, Attic\nTrue 1\nTrue\nTrue False\n"
               "ValueError\nArgumentError\nArgumentError\nArgumentError\n4\n");
 }
+
+TEST_F(SetScriptsTest, AScriptCapturesNothingWhereNodesCannotBeToldApart)
+{
+    const QString twins = write("twins.gltf", R"({"asset": {"version": "2.0"},
+        "nodes": [{"name": "Wheels", "extras": {"qxSwitch": 0}},
+                  {"name": "Wheels", "extras": {"qxSwitch": 0}}]})");
+    const char *const script = "createAndCaptureVariantSet('Sport', '')\nprint(getVariantSets())";
+    const ProgramRun run = done({"run", "-", twins}, script);
+    EXPECT_EQ(run.out + run.err, "[]\nwarning: ambiguous node: Wheels\n");
+}

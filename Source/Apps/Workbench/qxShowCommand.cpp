@@ -1,5 +1,6 @@
 #include "qxShowCommand.h"
 
+#include "qxScenegraph.h"
 #include "qxSession.h"
 
 #include <QCommandLineParser>
@@ -15,6 +16,8 @@ int qxShowCommand::run(const QCommandLineParser &parser, Print json, Print table
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;
     const Print print = parser.isSet(QStringLiteral("json")) ? json : table;
+    qxScenegraph::initFindCache(); // what is shown is looked up by name
     print(session);
+    qxScenegraph::clearFindCache();
     return Success;
 }

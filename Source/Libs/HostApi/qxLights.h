@@ -13,6 +13,6 @@ public:
     static bool getOn(const osg::NodePtr &node);
     /// Switches the light; what is no light is left alone.
     static void setOn(const osg::NodePtr &node, bool on);
-    /// All light nodes in scene order.
+    /// All light nodes in scene order, those of the environment last.
     static std::vector<qxNodePtr> getLights();
 };

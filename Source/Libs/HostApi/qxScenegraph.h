@@ -26,8 +26,9 @@ public:
     /// All nodes of that name, hidden ones and those below unchosen switch children included.
     static std::vector<qxNodePtr> findNodes(const char *name);
 
-    /// With the find cache on, look-ups cost the same in every scene. It is a snapshot of the
-    /// names: whoever switches it on must not rename, add or remove nodes until it is cleared.
+    /// With the find cache on, look-ups of nodes and of overlays cost the same in every scene. It
+    /// is a snapshot of the names: whoever switches it on must not rename, add or remove nodes
+    /// until it is cleared.
     static bool hasFindCache();
     static void initFindCache();
     static void clearFindCache();

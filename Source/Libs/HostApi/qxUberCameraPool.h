@@ -3,6 +3,7 @@
 #include <OpenSG/OSGMatrix.h>
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 /// A camera as a viewpoint keeps it. It looks along its negative z axis, y is up.
@@ -32,6 +33,7 @@ public:
 
 private:
     std::vector<qxUberCamera> m_cameras;
+    std::unordered_map<std::string, int> m_ids; ///< the first of each name
 };
 
 /// What can be asked of a single viewpoint.

@@ -1,3 +1,4 @@
+#include "Internal/qxFindCache.h"
 #include "Internal/qxKind.h"
 #include "Internal/qxSceneNames.h"
 #include "Internal/qxSetUse.h"
@@ -6,7 +7,9 @@
 
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
+#include "qxOverlays.h"
 #include "qxScenegraph.h"
+#include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
@@ -31,9 +34,24 @@ std::vector<osg::MaterialPtr> materialsOf(const QString &name)
     return qxMaterials::findMaterials(name.toUtf8().constData());
 }
 
+std::vector<qxNodePtr> overlaysOf(const QString &name)
+{
+    return qxOverlays::findOverlays(name.toUtf8().constData());
+}
+
 bool isNode(const QString &name)
 {
     return !nodesOf(name).empty();
+}
+
+bool isOverlay(const QString &name)
+{
+    return qxOverlays::findOverlay(name.toUtf8().constData()) != osg::NullFC;
+}
+
+bool isViewpoint(const QString &name)
+{
+    return qxUberCameraPool::the()->findViewpoint(qxText::toUtf8(name)) >= 0;
 }
 
 bool isAction(const QString &state)
@@ -147,17 +165,16 @@ bool qxVariantSet::isEmpty()
 
 bool qxVariantSet::isUsed()
 {
+    const qxFindCache cache(!isEmpty());
     qxSceneNames scene;
     return leadsToScene<qxNodeVariant>(*this, isNode)
         || leadsToScene<qxMaterialVariant>(
                *this, [](const QString &each) { return !materialsOf(each).empty(); })
         || leadsToScene<qxLightVariant>(*this,
                                         [&](const QString &each) { return scene.hasLight(each); })
-        || anyOf(geometries, isNode)
-        || anyOf(viewpoints, [&](const QString &each) { return scene.hasViewpoint(each); })
+        || anyOf(geometries, isNode) || anyOf(viewpoints, isViewpoint)
         || anyOf(animations, [&](const QString &each) { return scene.hasClip(each); })
-        || leadsToScene<qxOverlayVariant>(
-               *this, [&](const QString &each) { return !scene.overlays(each).empty(); });
+        || leadsToScene<qxOverlayVariant>(*this, isOverlay);
 }
 
 void qxVariantSet::showConnectedVariants()
@@ -172,6 +189,7 @@ void qxVariantSet::showConnectedVariants()
 
 void qxVariantSet::optimize()
 {
+    const qxFindCache cache(!isEmpty());
     qxSceneNames scene;
     optimize(scene);
 }
@@ -187,10 +205,10 @@ void qxVariantSet::optimize(qxSceneNames &scene)
     keepIf<qxLightVariant>(
         *this, [&](const QString &each, const QString &) { return scene.hasLight(each); });
     keepIf(geometries, isNode);
-    keepIf(viewpoints, [&](const QString &each) { return scene.hasViewpoint(each); });
+    keepIf(viewpoints, isViewpoint);
     keepIf(animations, [&](const QString &each) { return scene.hasClip(each); });
-    keepIf<qxOverlayVariant>(*this, [&](const QString &each, const QString &state) {
-        return nodesOffer(scene.overlays(each), state);
+    keepIf<qxOverlayVariant>(*this, [](const QString &each, const QString &state) {
+        return nodesOffer(overlaysOf(each), state);
     });
     keepIf<qxTransformVariant>(*this, [](const QString &each, const QString &state) {
         return nodesKnowTransform(nodesOf(each), state);

@@ -7,7 +7,6 @@
 #include "Internal/qxSetUse.h"
 #include "Internal/qxSwitchMaterials.h"
 #include "Internal/qxText.h"
-#include "qxMaterialVariant.h"
 #include "qxNodeVariant.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
@@ -77,23 +76,9 @@ void leaveHome(const qxVariantSet &set)
     }
 }
 
-/// Goes over the passes and those of passes. `visited` ends the walk where materials hold each
-/// other; listeners may edit the passes.
-void capturePasses(qxVariantSet *set, const osg::MultiPassMaterialPtr &material, bool notify,
-                   std::set<osg::MultiPassMaterialPtr> &visited)
+bool isWanted(const osg::MaterialPtr &)
 {
-    if (!visited.insert(material).second)
-        return;
-    const osg::MFMaterialPtr &passes = material->getMaterials();
-    const std::vector<osg::MaterialRefPtr> kept(passes.begin(), passes.end());
-    for (const osg::MaterialPtr pass : kept) {
-        auto switchMaterial = osg::SwitchMaterialPtr::dcast(pass);
-        const auto inner = osg::MultiPassMaterialPtr::dcast(pass);
-        if (switchMaterial != osg::NullFC)
-            qxVariants::captureMaterialVariantFromSwitchMaterial(set, switchMaterial, notify);
-        else if (inner != osg::NullFC)
-            capturePasses(set, inner, notify, visited);
-    }
+    return true;
 }
 
 } // namespace
@@ -216,27 +201,16 @@ void qxVariants::captureMaterialVariantFromSwitchMaterial(qxVariantSet *set,
                                                           osg::SwitchMaterialPtr &material,
                                                           bool notify)
 {
-    if (!set)
-        return;
-    std::set<osg::SwitchMaterialPtr> visited; // switch materials may hold each other
-    osg::SwitchMaterialRefPtr each(material);
-    while (each != osg::NullFC && visited.insert(each.get()).second) {
-        qxMaterialVariant *const variant = createMaterialVariant(each, notify);
-        if (!variant)
-            return;
-        const osg::MaterialPtr chosen = qxSwitchMaterials::chosen(each);
-        set->add(variant, qxSwitchMaterials::nameOf(chosen));
-        each = osg::SwitchMaterialPtr::dcast(chosen);
-    }
+    if (set)
+        qxSwitchMaterials::capture(*set, material, notify, isWanted);
 }
 
 void qxVariants::captureMaterialVariantFromMultiPassMaterial(qxVariantSet *set,
                                                              osg::MultiPassMaterialPtr &material,
                                                              bool notify)
 {
-    std::set<osg::MultiPassMaterialPtr> visited;
-    if (set && material != osg::NullFC)
-        capturePasses(set, material, notify, visited);
+    if (set)
+        qxSwitchMaterials::capture(*set, material, notify, isWanted);
 }
 
 void qxVariants::initVSetProgressDialog(QProgressDialog *dialog)

@@ -51,14 +51,13 @@ void restoreFrom(const osg::NodePtr &top, Restoring &restoring)
 void qxVariants::handleMaterialSnapshots(qxVariantSet *set, osg::NodePtr node, const QString &path,
                                          osg::MaterialPtr material, const std::vector<qxNodePtr> &,
                                          QSet<QString> &visitedNames,
-                                         std::set<osg::SwitchMaterialPtr> &visitedSwitchMaterials,
+                                         std::set<osg::SwitchMaterialPtr> &,
                                          std::set<osg::MaterialPtr> &visitedMaterials, bool capture,
                                          bool notify)
 {
     if (!set || node == osg::NullFC || node->getCore() == osg::NullFC)
         return;
-    const qxMaterialSwitches::Scope scope{
-        set, visitedNames, visitedSwitchMaterials, visitedMaterials, capture, notify};
+    const qxMaterialSwitches::Scope scope{set, visitedNames, visitedMaterials, capture, notify};
     if (qxMaterialSwitches *run = qxMaterialSwitches::current(set))
         run->handle(node, path, material, scope);
     else

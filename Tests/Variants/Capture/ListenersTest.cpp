@@ -1,5 +1,6 @@
 #include "Cameras/qxMainView.h"
 #include "CaptureFixture.h"
+#include "Core/qxRenderRequests.h"
 
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
@@ -29,7 +30,7 @@ TEST_F(ListenersTest, NodesThatAListenerRemovesArePassedOver)
 {
     const TestNode car = scene.add("Car");
     scene.addSwitch("Wheels", {"Steel"}, car).choose(0);
-    scene.addSwitch("Seats", {"Cloth"}, scene.add("Inside", car)).choose(0);
+    const osg::NodeRefPtr kept(scene.addSwitch("Seats", {"Cloth"}, car).choose(0).node());
     scene.addPoses("Lid", {"Closed"}, car);
     scene.addGeometry("Door", scene.addMaterial("Paint"));
     captureWhile("nodeVariantAdded", [&] {
@@ -42,6 +43,7 @@ TEST_F(ListenersTest, NodesThatAListenerRemovesArePassedOver)
 TEST_F(ListenersTest, ANodeMayRemoveItselfAndAllAboveIt)
 {
     const TestNode wheels = scene.addSwitch("Wheels", {"Steel"}, scene.add("Car")).choose(0);
+    const osg::NodeRefPtr kept(wheels.node()); // with what is below it
     scene.addSwitch("Tyres", {"Winter"}, wheels.child(0)).choose(0);
     captureWhile("nodeVariantAdded", [&] { removeFrom(scene.root(), 0); });
     EXPECT_EQ(contentsOf(*set), Names{"node Wheels=Steel"});
@@ -97,8 +99,10 @@ TEST_F(ListenersTest, ACapturedSetIsActivatedWhateverItsNameIs)
     qxVariants::activateCapturedVariantSet("Unknown");
     EXPECT_EQ(wheels.choice(), 0);
     EXPECT_EQ(heard("variantSetAdded").size(), 1u); // what is shown is restored all the same
+    const int pictures = qxRenderRequests::count();
     qxVariants::activateCapturedVariantSet(odd);
     EXPECT_EQ(wheels.choice(), 1);
+    EXPECT_EQ(qxRenderRequests::count() - pictures, 2) << "one of the selection, one of its own";
 }
 
 TEST_F(ListenersTest, ArgumentsThatNameNothingAreIgnored)

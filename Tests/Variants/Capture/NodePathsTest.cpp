@@ -92,7 +92,7 @@ TEST_F(NodePathsTest, TheFirstNodeOfAPathGivesTheOthersItsMaterial)
     const TestNode geometry = scene.addGeometry(name, red);
     const TestNode group = scene.addMaterialGroup(name, blue);
     const TestNode plain = scene.add(name);
-    const TestNode below = scene.addGeometry(name, blue, scene.add("Else"));
+    const TestNode below = scene.addGeometry(name, blue, plain); // which has another path
     qxNodePaths::createLookupTable();
     std::vector<qxNodePtr> nodes = found(name);
     EXPECT_EQ(nodes, found(sameHash));

@@ -3,6 +3,7 @@
 #include "SwitchesFixture.h"
 #include "qxController.h"
 #include "qxMaterials.h"
+#include "qxScenegraph.h"
 
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -45,14 +46,23 @@ TEST_F(SnapshotsTest, MaterialGroupsHaveTheStatesOfTheirSwitchMaterialsCaptured)
     const osg::MultiPassMaterialPtr passes = osg::MultiPassMaterial::create();
     osg::setName(passes, "Passes");
     passes->addMaterial(scene.addSwitchMaterial("Lacquers", {"Matt", "Gloss"}));
+    qxScenegraph::getMaterialPool()->add(osg::MaterialPtr(passes));
     const TestNode body = scene.addMaterialGroup("Body", outer);
-    scene.addMaterialGroup("Layers", passes);
+    const TestNode layers = scene.addMaterialGroup("Layers", passes);
     capture("Only");
     EXPECT_EQ(state("Only", "Outer"), "Inner");
     EXPECT_EQ(state("Only", "Inner"), "Satin");
     EXPECT_EQ(state("Only", "Lacquers"), "Matt");
     choose(body, "Raw");
     expectShown("Only", {body}, {"Satin"});
+
+    paint({layers}, "Bare");
+    capture("Bare"); // the passes stand in a switch material from now on
+    select("Only");
+    TestMaterial(scene.material("Lacquers")).choose(1);
+    capture("Glossy");
+    EXPECT_EQ(state("Glossy", "Passes Switch"), "Passes");
+    EXPECT_EQ(state("Glossy", "Lacquers"), "Gloss");
 }
 
 TEST_F(SnapshotsTest, NodesWithTheSameChangeShareOneSwitchMaterialAndOtherModulesHearOnce)

@@ -2,10 +2,12 @@
 #include "qxVariants.h"
 
 #include "Cameras/qxMainCameraService.h"
+#include "Files/qxSceneFile.h"
 #include "HostFixture.h"
 #include "Pictures/qxPictureProgress.h"
 #include "qxOSGWidget.h"
 #include "qxRaytracingManager.h"
+#include "qxTestPaths.h"
 
 #include <QImage>
 
@@ -81,6 +83,18 @@ TEST_F(RenderedPreviewTest, TheBestQualityIsUsedOnlyByAViewThatTracesRaysAndOnly
         EXPECT_EQ(qualities, std::vector<int>(qualities.size(), each.meanwhile));
         EXPECT_EQ(utils->getImageQuality(), 2);
     }
+}
+
+TEST_F(RenderedPreviewTest, ACapturedSetGetsOneOfTheBestQualityWithoutProgress)
+{
+    qxSceneFile file; // something with edges
+    ASSERT_TRUE(file.load(QX_TEST_DATA "/Scenes/signs.gltf"));
+    qxOSGWidget::setRaytracing(true);
+    qxVariants::createAndCaptureVariantSet("Captured", "");
+    const QByteArray preview = qxVariants::findVariantSet("Captured")->getPreview();
+    EXPECT_TRUE(qualities.empty());
+    EXPECT_EQ(preview, qxVariants::createPreviewImage(false, true));
+    EXPECT_NE(preview, qxVariants::createPreviewImage(false, false));
 }
 
 TEST_F(RenderedPreviewTest, ARenderingThatIsEndedLeavesAnEmptyPreviewAndTheQualityAsItWas)

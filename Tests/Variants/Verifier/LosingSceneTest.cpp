@@ -23,7 +23,12 @@ protected:
                                          false);
         qxVariants::createTransformVariant("Hood", false)->nodeName = "Door";
         scene.add("Body");
-        scene.addViewpoint("Front");
+        TestNode(node("Lamp")).moveTo(scene.addEnvironments("Sky", {"Day"}).child(0));
+        for (const char *name : {"Front", unfound}) {
+            scene.addViewpoint(name);
+            scene.addOverlay(name);
+        }
+        qxVariants::createOverlayVariant("Odd", false)->overlayName = QString(unfound);
         scene.setClips({"Spin", "Blink"});
     }
     static void fill(qxVariantSet &set)
@@ -35,8 +40,12 @@ protected:
         set.addTransformVariant("Hood", "Open");
         set.addGeometry("Body");
         set.addViewpoint("Front");
+        set.addViewpoint(unfound);
+        set.addOverlayVariant("Odd", "!Enable");
         set.addTargetNodeName("Body");
     }
+    /// Something in the scene is called so, but the host finds it by no text.
+    static constexpr char unfound[] = "Side\xFF";
 
     static QStringList contentOf(const qxVariantSet &set)
     {
@@ -51,6 +60,7 @@ protected:
     }
 
     static osg::NodePtr node(const char *name) { return qxScenegraph::findNode(name); }
+    static osg::NodePtr overlay(const char *name) { return qxOverlays::findOverlay(name); }
 
     static void rename(const osg::NodePtr &renamed)
     {
@@ -83,7 +93,7 @@ TEST_F(LosingSceneTest, OptimizingDropsEntryByEntryWhatTheSceneLost)
         QStringList dropped; ///< the entries that go with it
     };
     const Loss losses[] = {
-        {"nothing", [] {}, {}},
+        {"nothing", [] {}, {unfound, "Odd=!Enable"}},
         {"a child that is not asked for", [] { rename(node("Steel")); }, {}},
         {"the child", [] { rename(node("Alloy")); }, {"Wheels=Alloy"}},
         {"the node of a toggle", [] { TestNode(node("Roof")).remove(); }, {"Roof=!Toggle"}},
@@ -93,8 +103,8 @@ TEST_F(LosingSceneTest, OptimizingDropsEntryByEntryWhatTheSceneLost)
         {"the geometry's node", [] { TestNode(node("Body")).remove(); }, {"Body"}},
         {"the viewpoints", [] { qxUberCameraPool::the()->clear(); }, {"Front"}},
         {"the clip", [this] { scene.setClips({"Blink"}); }, {"Spin"}},
-        {"the overlay", [] { rename(qxOverlays::findOverlay("Logo")); }, {"Logo=!Disable"}},
-        {"the overlay's child", [] { rename(qxOverlays::findOverlay("Go")); }, {"Signs=Go"}},
+        {"the overlay", [] { rename(overlay("Logo")); }, {"Logo=!Disable"}},
+        {"the overlay's child", [] { rename(overlay("Go")); }, {"Signs=Go"}},
         {"the transform states",
          [] { TestNode(node("Door")).remove(); },
          {"Door=Open", "Hood=Open"}},
@@ -115,20 +125,27 @@ TEST_F(LosingSceneTest, OptimizingDropsEntryByEntryWhatTheSceneLost)
     EXPECT_EQ(set->targetNodeNames.size(), 1u) << "a target stays, whatever becomes of its node";
 }
 
-TEST_F(LosingSceneTest, ActionsStayAsLongAsTheSceneObjectDoes)
+TEST_F(LosingSceneTest, StatesThatNoSwitchHasToHoldStayAsLongAsTheSceneObjectDoes)
 {
+    qxVariants::createMaterialVariant(QString("Trim"), false)->switchMaterialName = "Red";
     qxVariantSet set;
-    set.addNodeVariant("Wheels", "!Nonsense");
-    set.addMaterialVariant("Paint", "!Nonsense");
-    set.addOverlayVariant("Signs", "!Nonsense");
+    for (const char *state : {"!Nonsense", "nonsense"}) { // actions; states of what is no switch
+        const bool isAction = *state == '!';
+        set.addNodeVariant(isAction ? "Wheels" : "Roof", state);
+        set.addMaterialVariant(isAction ? "Paint" : "Trim", state);
+        set.addOverlayVariant(isAction ? "Signs" : "Logo", state);
+    }
     set.addLightVariant("Lamp", "nonsense");
     set.addTransformVariant("Door", "!Next");
     set.optimize();
     EXPECT_EQ(contentOf(set).join(' ').toStdString(),
-              "Wheels=!Nonsense Paint=!Nonsense Lamp=nonsense Signs=!Nonsense");
-    TestNode(node("Wheels")).remove();
+              "Wheels=!Nonsense Roof=nonsense Paint=!Nonsense Trim=nonsense Lamp=nonsense "
+              "Signs=!Nonsense Logo=nonsense");
+    for (const osg::NodePtr &lost :
+         {node("Wheels"), node("Roof"), overlay("Signs"), overlay("Logo")})
+        TestNode(lost).remove();
     renameMaterial("Paint");
-    TestNode(qxOverlays::findOverlay("Signs")).remove();
+    renameMaterial("Red");
     set.optimize();
     EXPECT_EQ(contentOf(set), QStringList("Lamp=nonsense"));
 }
@@ -168,7 +185,7 @@ TEST_F(LosingSceneTest, ASetIsUsedAsLongAsTheSceneHasSomethingOfIt)
         {"a clip", [](qxVariantSet &set) { set.addAnimation("Spin"); },
          [this] { scene.setClips({"Blink"}); }},
         {"an overlay", [](qxVariantSet &set) { set.addOverlayVariant("Signs", ""); },
-         [] { TestNode(qxOverlays::findOverlay("Signs")).remove(); }}};
+         [] { TestNode(overlay("Signs")).remove(); }}};
     for (const Use &use : uses) {
         SCOPED_TRACE(use.what);
         qxVariantSet set;
@@ -181,6 +198,8 @@ TEST_F(LosingSceneTest, ASetIsUsedAsLongAsTheSceneHasSomethingOfIt)
     set.addTransformVariant("Door", "Open");
     set.script = "pass";
     set.setClippingState(1);
+    set.addViewpoint(unfound);
+    set.addOverlayVariant("Odd", "!Enable");
     set.addNodeVariant("Door", ""); // no variant leads to these
     set.addMaterialVariant("Red", "");
     EXPECT_FALSE(set.isUsed());

@@ -8,11 +8,8 @@ qxUberCameraPool *qxUberCameraPool::the()
 
 int qxUberCameraPool::findViewpoint(const std::string &name) const
 {
-    for (int id = 0; id < count(); ++id) {
-        if (!name.empty() && m_cameras[std::size_t(id)].name == name)
-            return id;
-    }
-    return -1;
+    const auto found = m_ids.find(name);
+    return found == m_ids.end() ? -1 : found->second;
 }
 
 const qxUberCamera *qxUberCameraPool::get(int id) const
@@ -22,13 +19,17 @@ const qxUberCamera *qxUberCameraPool::get(int id) const
 
 int qxUberCameraPool::add(const qxUberCamera &camera)
 {
+    const int id = count();
     m_cameras.push_back(camera);
-    return count() - 1;
+    if (!camera.name.empty())
+        m_ids.emplace(camera.name, id);
+    return id;
 }
 
 void qxUberCameraPool::clear()
 {
     m_cameras.clear();
+    m_ids.clear();
 }
 
 std::string qxUberCameraUtils::getName(const qxUberCamera *camera)

@@ -29,6 +29,8 @@ osg::UInt32 nameIdOf(const osg::MaterialPtr &material)
     return name == osg::NullFC ? 0 : name.getFieldContainerId();
 }
 
+constexpr std::size_t allOfThem = std::size_t(-1);
+
 bool lives(osg::UInt32 id)
 {
     return osg::FieldContainerFactory::the()->getContainer(id) != osg::NullFC;
@@ -67,30 +69,42 @@ void qxMaterialNames::destroyed(osg::UInt32 id)
         m_destroyed.push_back(id);
 }
 
+osg::MaterialPtr qxMaterialNames::first(const std::string &name)
+{
+    const Places &places = lookUp(name, 1);
+    return places.empty() ? osg::MaterialPtr() : m_known[places.front()].material;
+}
+
 std::vector<osg::MaterialPtr> qxMaterialNames::find(const std::string &name)
 {
-    follow();
-    auto found = m_byName.find(name);
-    if (found != m_byName.end() && !areStill(found->second)) {
-        read();
-        found = m_byName.find(name);
-    }
     std::vector<osg::MaterialPtr> materials;
-    if (found == m_byName.end())
-        return materials;
-    for (const std::size_t index : found->second)
+    for (const std::size_t index : lookUp(name, allOfThem))
         materials.push_back(m_known[index].material);
     return materials;
 }
 
+/// Where the materials of that name are known. The first `wanted` of them are as they were when
+/// they were read: edits outside of brackets are found out here.
+const qxMaterialNames::Places &qxMaterialNames::lookUp(const std::string &name, std::size_t wanted)
+{
+    static const Places none;
+    follow();
+    auto found = m_byName.find(name);
+    if (found != m_byName.end() && !areStill(found->second, wanted)) {
+        read();
+        found = m_byName.find(name);
+    }
+    return found == m_byName.end() ? none : found->second;
+}
+
 std::string qxMaterialNames::freeName(const std::string &name)
 {
-    if (find(name).empty())
+    if (first(name) == osg::NullFC)
         return name;
     const auto tried = m_tried.find(name);
     std::size_t number = tried == m_tried.end() ? 2 : tried->second;
     std::string numbered = name + ' ' + std::to_string(number);
-    while (!find(numbered).empty())
+    while (first(numbered) != osg::NullFC)
         numbered = name + ' ' + std::to_string(++number);
     m_tried[name] = number; // not beyond it: it may not be given to a material after all
     return numbered;
@@ -281,8 +295,9 @@ bool qxMaterialNames::isStill(const Known &known) const
         && contentsOf(known.material) == known.contents;
 }
 
-bool qxMaterialNames::areStill(const std::vector<std::size_t> &found) const
+bool qxMaterialNames::areStill(const Places &found, std::size_t wanted) const
 {
-    return std::all_of(found.begin(), found.end(),
+    const auto end = found.begin() + std::ptrdiff_t(std::min(found.size(), wanted));
+    return std::all_of(found.begin(), end,
                        [this](std::size_t index) { return isStill(m_known[index]); });
 }

@@ -20,6 +20,8 @@ public:
     /// Takes note that the object with that id is gone.
     void destroyed(osg::UInt32 id);
 
+    /// The first material of that name, or null. It costs the same however many there are.
+    osg::MaterialPtr first(const std::string &name);
     /// The materials of that name, empty when there are none.
     std::vector<osg::MaterialPtr> find(const std::string &name);
     /// The name, when a material has it with the first number from 2 on that no material has.
@@ -40,6 +42,9 @@ private:
         std::size_t index; ///< in m_known
     };
 
+    typedef std::vector<std::size_t> Places; ///< indices into m_known, ascending
+
+    const Places &lookUp(const std::string &name, std::size_t wanted);
     void follow();
     bool followContents(std::size_t index);
     bool followName(std::size_t index);
@@ -51,7 +56,7 @@ private:
     void addToPool(const osg::MaterialPtr &material);
     bool forget(std::size_t index);
     bool isStill(const Known &known) const;
-    bool areStill(const std::vector<std::size_t> &found) const;
+    bool areStill(const Places &found, std::size_t wanted) const;
 
     osg::MaterialPoolPtr m_pool;
     bool m_outdated = true;
@@ -63,6 +68,6 @@ private:
     std::vector<Known> m_known; ///< in the order of look-ups; forgotten ones are null
     std::unordered_map<osg::UInt32, std::size_t>
         m_byId; ///< by the ids of materials and their names
-    std::unordered_map<std::string, std::vector<std::size_t>> m_byName;
+    std::unordered_map<std::string, Places> m_byName;
     std::unordered_map<std::string, std::size_t> m_tried; ///< numbers below this one are taken
 };

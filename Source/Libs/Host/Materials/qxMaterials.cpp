@@ -88,8 +88,7 @@ void qxMaterials::setName(const osg::MaterialPtr &material, const char *name, bo
 
 osg::MaterialPtr qxMaterials::findMaterial(const char *name)
 {
-    const std::vector<osg::MaterialPtr> found = findMaterials(name);
-    return found.empty() ? osg::MaterialPtr() : found.front();
+    return name && *name ? qxMaterialNames::current().first(name) : osg::MaterialPtr();
 }
 
 std::vector<osg::MaterialPtr> qxMaterials::findMaterials(const char *name)

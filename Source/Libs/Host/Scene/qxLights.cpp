@@ -2,7 +2,6 @@
 
 #include "OSGUberLight.h"
 #include "Scene/qxNodeWalk.h"
-#include "qxScenegraph.h"
 
 namespace {
 
@@ -40,7 +39,7 @@ void qxLights::setOn(const osg::NodePtr &node, bool on)
 std::vector<qxNodePtr> qxLights::getLights()
 {
     std::vector<qxNodePtr> lights;
-    qxWalkNodes(qxScenegraph::getRoot(), [&lights](const osg::NodePtr &node) {
+    qxWalkScene([&lights](const osg::NodePtr &node) {
         if (isLight(node))
             lights.push_back(node);
         return true;

@@ -27,12 +27,14 @@ std::size_t powerOfTwoAbove(std::size_t count)
 
 } // namespace
 
-qxNameIndex::qxNameIndex()
+qxNameIndex::qxNameIndex(const std::vector<osg::NodePtr> &tops)
 {
-    qxWalkScene([this](const osg::NodePtr &node) {
-        m_entries.push_back({node.getFieldContainerId(), hashOf(qxNodeName(node)), none});
-        return true;
-    });
+    for (const osg::NodePtr &top : tops) {
+        qxWalkNodes(top, [this](const osg::NodePtr &node) {
+            m_entries.push_back({node.getFieldContainerId(), hashOf(qxNodeName(node)), none});
+            return true;
+        });
+    }
     m_slots.assign(powerOfTwoAbove(m_entries.size()), none);
     // From the back, so that putting each entry in front leaves the chains in scene order.
     for (std::size_t i = m_entries.size(); i-- > 0;) {

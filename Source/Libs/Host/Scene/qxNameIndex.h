@@ -5,15 +5,17 @@
 #include <cstdint>
 #include <vector>
 
-/// Finds the nodes of the scene by name. Made in one pass: a node that is renamed or added outdates
-/// the index. It keeps ids, so that nodes that were removed are not found any more.
+/// Finds the nodes of the scene or of a part of it by name. Made in one pass: a node that is
+/// renamed or added outdates the index. It keeps ids, so that nodes that were removed are not found
+/// any more.
 class qxNameIndex {
 public:
-    qxNameIndex();
+    /// Of these nodes and everything below them; null ones are passed over.
+    explicit qxNameIndex(const std::vector<osg::NodePtr> &tops);
 
-    /// The first node of that name in scene order, or null.
+    /// The first node of that name in the order of the walk, or null.
     qxNodePtr first(const char *name) const;
-    /// All nodes of that name in scene order.
+    /// All nodes of that name in that order.
     std::vector<qxNodePtr> all(const char *name) const;
 
 private:
@@ -30,4 +32,13 @@ private:
 
     std::vector<Entry> m_entries;
     std::vector<std::uint32_t> m_slots;
+};
+
+/// The find cache of qxScenegraph.
+struct qxFoundNames {
+    qxNameIndex scene;
+    qxNameIndex overlays;
+
+    /// Null while the cache is off.
+    static const qxFoundNames *current();
 };

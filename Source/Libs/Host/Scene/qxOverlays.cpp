@@ -1,5 +1,6 @@
 #include "qxOverlays.h"
 
+#include "Scene/qxNameIndex.h"
 #include "Scene/qxNodeWalk.h"
 #include "Scene/qxScene.h"
 
@@ -20,6 +21,8 @@ std::vector<qxNodePtr> qxOverlays::findOverlays(const char *name)
     std::vector<qxNodePtr> found;
     if (!name || !*name)
         return found;
+    if (const qxFoundNames *names = qxFoundNames::current())
+        return names->overlays.all(name);
     const osg::NodePtr root = getPoolRoot();
     qxWalkNodes(root, [&](const osg::NodePtr &node) {
         if (node != root && qxIsFoundBy(node, name))

@@ -5,6 +5,7 @@
 #include "Scene/qxScene.h"
 #include "qxController.h"
 #include "qxOpenSGUtils.h"
+#include "qxOverlays.h"
 
 #include <memory>
 #include <unordered_set>
@@ -13,10 +14,16 @@ namespace {
 
 const osg::UInt32 shown = 0xFFFFFFFF;
 
-std::unique_ptr<qxNameIndex> &findCache()
+std::unique_ptr<qxFoundNames> &findCache()
 {
-    static std::unique_ptr<qxNameIndex> cache;
+    static std::unique_ptr<qxFoundNames> cache;
     return cache;
+}
+
+std::vector<osg::NodePtr> overlays()
+{
+    const osg::NodePtr root = qxOverlays::getPoolRoot();
+    return root == osg::NullFC ? std::vector<osg::NodePtr>() : root->getMFChildren()->getValues();
 }
 
 void show(const osg::NodePtr &node)
@@ -51,7 +58,7 @@ qxNodePtr qxScenegraph::findNode(const char *name)
     if (!name || !*name)
         return found;
     if (findCache())
-        return findCache()->first(name);
+        return findCache()->scene.first(name);
     qxWalkScene([&](const osg::NodePtr &node) {
         if (!qxIsFoundBy(node, name))
             return true;
@@ -67,7 +74,7 @@ std::vector<qxNodePtr> qxScenegraph::findNodes(const char *name)
     if (!name || !*name)
         return found;
     if (findCache())
-        return findCache()->all(name);
+        return findCache()->scene.all(name);
     qxWalkScene([&](const osg::NodePtr &node) {
         if (qxIsFoundBy(node, name))
             found.push_back(node);
@@ -83,7 +90,13 @@ bool qxScenegraph::hasFindCache()
 
 void qxScenegraph::initFindCache()
 {
-    findCache() = std::make_unique<qxNameIndex>();
+    findCache().reset(new qxFoundNames{qxNameIndex({getRoot(), environmentGeometrySwitch()}),
+                                       qxNameIndex(overlays())});
+}
+
+const qxFoundNames *qxFoundNames::current()
+{
+    return findCache().get();
 }
 
 void qxScenegraph::clearFindCache()

@@ -6,7 +6,6 @@
 #include "Internal/qxSwitchMaterials.h"
 #include "Internal/qxText.h"
 #include "qxLightVariant.h"
-#include "qxMaterialVariant.h"
 #include "qxNodeVariant.h"
 #include "qxTransformVariant.h"
 #include "qxVariantSet.h"
@@ -139,23 +138,35 @@ void qxCaptureRun::captureGeometry(const osg::NodePtr &node, const osg::Geometry
     if (material == osg::NullFC)
         return;
     const osg::MaterialRefPtr kept(material); // listeners may give the node another one
-    auto switchMaterial = osg::SwitchMaterialPtr::dcast(material);
-    const bool isEnvironment = qxMaterials::isEnvironmentMaterial(material);
-    if (isEnvironment && switchMaterial != osg::NullFC) {
-        if (m_kinds.environments)
-            captureEnvironmentMaterial(switchMaterial);
-        return;
-    }
+    if (isEnvironment(material) && qxSwitchMaterials::switchOf(material) != osg::NullFC)
+        return captureStates(material);
     if (m_kinds.materials)
         captureVariants(material);
-    if (isEnvironment ? m_kinds.environments : m_kinds.materials)
+    if (isWanted(material))
         takeSnapshot(node, material);
 }
 
-void qxCaptureRun::captureEnvironmentMaterial(const osg::SwitchMaterialPtr &material)
+/// Asked once for each material: the answer takes as long as the material has contents.
+bool qxCaptureRun::isEnvironment(const osg::MaterialPtr &material)
 {
-    if (qxMaterialVariant *variant = qxVariants::createMaterialVariant(material, m_notify))
-        m_set.add(variant, qxSwitchMaterials::nameOf(qxSwitchMaterials::chosen(material)));
+    const osg::UInt32 id = material.getFieldContainerId();
+    const auto known = m_isEnvironment.constFind(id);
+    return known != m_isEnvironment.constEnd()
+        ? *known
+        : *m_isEnvironment.insert(id, qxMaterials::isEnvironmentMaterial(material));
+}
+
+bool qxCaptureRun::isWanted(const osg::MaterialPtr &material)
+{
+    return isEnvironment(material) ? m_kinds.environments : m_kinds.materials;
+}
+
+/// Takes down what the switch materials show that are seen of the material, as far as the flags
+/// want them.
+void qxCaptureRun::captureStates(const osg::MaterialPtr &material)
+{
+    const auto isSeen = [this](const osg::MaterialPtr &each) { return isWanted(each); };
+    qxSwitchMaterials::capture(m_set, material, m_notify, isSeen);
 }
 
 void qxCaptureRun::captureVariants(const osg::MaterialPtr &material)
@@ -184,9 +195,12 @@ void qxCaptureRun::takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr
     qxVariants::handleMaterialSnapshots(&m_set, node, path, material, m_roots, m_notes.visitedNames,
                                         m_notes.visitedSwitchMaterials, m_notes.visitedMaterials,
                                         true, m_notify);
-    const osg::MaterialPtr now = qxNodeUtils::getMaterial(node); // may be another one now
-    if (now == osg::NullFC || m_notes.materials.contains(path))
+    const osg::MaterialRefPtr now(qxNodeUtils::getMaterial(node)); // may be another one now
+    if (now == osg::NullFC)
         return;
-    m_notes.materials.insert(path, qxSwitchMaterials::nameOf(now));
+    captureStates(now.get()); // of a material group, and of what was just built or named
+    if (m_notes.materials.contains(path))
+        return;
+    m_notes.materials.insert(path, qxSwitchMaterials::nameOf(now.get()));
     qxVariants::checkIfNodeMatchesNodePath(node, path.toUtf8().constData(), true);
 }

@@ -48,7 +48,9 @@ private:
     void captureSwitch(const osg::NodePtr &node);
     void captureMaterialGroup(const osg::NodePtr &node, const osg::MaterialGroupPtr &group);
     void captureGeometry(const osg::NodePtr &node, const osg::GeometryPtr &geometry);
-    void captureEnvironmentMaterial(const osg::SwitchMaterialPtr &material);
+    bool isEnvironment(const osg::MaterialPtr &material);
+    bool isWanted(const osg::MaterialPtr &material);
+    void captureStates(const osg::MaterialPtr &material);
     void captureVariants(const osg::MaterialPtr &material);
     void captureLight(const osg::NodePtr &node);
     void takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr &material);
@@ -58,4 +60,5 @@ private:
     const qxCaptureNotes m_notes;
     const std::vector<qxNodePtr> &m_roots;
     bool m_notify;
+    QMap<osg::UInt32, bool> m_isEnvironment; ///< by the ids of materials
 };

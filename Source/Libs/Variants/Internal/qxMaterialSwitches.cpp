@@ -21,7 +21,6 @@
 namespace {
 
 using qxSwitchMaterials::chosen;
-using qxSwitchMaterials::heldBy;
 using qxSwitchMaterials::nameOf;
 using qxSwitchMaterials::switchOf;
 
@@ -103,8 +102,6 @@ void qxMaterialSwitches::handle(const osg::NodePtr &node, const QString &path,
         giveNames(material, scope.materials);
     if (!needs.empty())
         reconcile(node, path, material, needs, scope);
-    if (scope.capture || !needs.empty())
-        captureState(qxNodeUtils::getMaterial(node), scope);
 }
 
 bool qxMaterialSwitches::isClone(const osg::NodePtr &node)
@@ -120,7 +117,7 @@ bool qxMaterialSwitches::isClone(const osg::NodePtr &node)
 /// What the other sets want at that path; empty when they all want this material. What they
 /// recorded may be gone, or chosen by nothing: that is no need.
 qxMaterialSwitches::Needs qxMaterialSwitches::needsAt(const QString &path,
-                                                      const osg::MaterialPtr &material) const
+                                                      const osg::MaterialPtr &material)
 {
     Needs needs;
     bool differ = false;
@@ -162,6 +159,8 @@ void qxMaterialSwitches::reconcile(const osg::NodePtr &node, const QString &path
     for (const Need &need : needs)
         sets.push_back(need.set);
     m_index.rewrite(path, sets, nameOf(target));
+    if (qxMaterialVariant *variant = qxVariants::findMaterialVariant(nameOf(target)))
+        scope.set->add(variant, nameOf(chosen(target)));
     m_changed = true;
 }
 
@@ -228,16 +227,37 @@ bool qxMaterialSwitches::mayTake(const osg::NodePtr &node, const osg::SwitchMate
     if (!qxMaterials::isEditable(own) || isContained(own)
         || std::any_of(states.begin(), states.end(), chooses))
         return false;
+    const auto needsElse = [&](const osg::NodePtr &user) {
+        return missingStates(own, needsAt(qxNodePaths::getNodePath(user), own)) != states;
+    };
+    const osg::NodePtr last = lastUser(own);
+    if (last != osg::NullFC && last->getCore() != node->getCore() && needsElse(last))
+        return false;
     QSet<osg::UInt32> cores = {node->getCore().getFieldContainerId()};
     for (const qxNodePtr &user : usersOf(own)) {
         const osg::UInt32 core = user->getCore().getFieldContainerId();
         if (cores.contains(core))
             continue;
         cores.insert(core);
-        if (missingStates(own, needsAt(qxNodePaths::getNodePath(user), own)) != states)
+        if (needsElse(user))
             return false;
     }
     return true;
+}
+
+/// A node of the scene with that material, the last one; null when there is none. To ask for all
+/// costs as much as there are, so what was found out counts as long as it is true.
+osg::NodePtr qxMaterialSwitches::lastUser(const osg::MaterialPtr &material)
+{
+    osg::UInt32 &id = m_lastUsers[material.getFieldContainerId()];
+    const osg::NodePtr known = qxOpenNodes::withId(id);
+    if (known != osg::NullFC && qxNodeUtils::getMaterial(known) == material)
+        return known;
+    const std::vector<qxNodePtr> users = usersOf(material);
+    if (users.empty())
+        return osg::NodePtr();
+    id = users.back().getFieldContainerId();
+    return users.back();
 }
 
 /// Whether a switch material that a set saw can show `shown` again on a node: nobody has it by now,
@@ -255,7 +275,7 @@ bool qxMaterialSwitches::mayReuse(const osg::SwitchMaterialPtr &old, const osg::
             return false;
         isNew = isNew || state.isEmpty();
     }
-    return (chosen(old) == shown && !isNew) || usersOf(old).empty();
+    return (chosen(old) == shown && !isNew) || lastUser(old) == osg::NullFC;
 }
 
 bool qxMaterialSwitches::isContained(const osg::MaterialPtr &material)
@@ -272,6 +292,8 @@ bool qxMaterialSwitches::isContained(const osg::MaterialPtr &material)
 
 void qxMaterialSwitches::addContents(const osg::MaterialPtr &material)
 {
+    const osg::UInt32 id = material.getFieldContainerId();
+    m_held.erase(m_held.lower_bound({id, QString()}), m_held.lower_bound({id + 1, QString()}));
     for (const osg::MaterialPtr &part : partsOf(material)) {
         if (m_contained.contains(part.getFieldContainerId()))
             continue;
@@ -286,6 +308,7 @@ osg::SwitchMaterialPtr qxMaterialSwitches::duplicate(const osg::SwitchMaterialPt
     const QString name = nameOf(original);
     const osg::SwitchMaterialPtr made = qxSwitchMaterials::make(name, partsOf(original));
     qxSceneEdits::setChoice(made, original->getChoice());
+    addContents(made);
     qxVariants::createMaterialVariant(osg::MaterialPtr(made), scope.notify);
     // A copy, because the duplicate gets its list beside it.
     const std::vector<qxVariantSet *> referring = m_index.referring(name);
@@ -309,7 +332,9 @@ osg::SwitchMaterialPtr qxMaterialSwitches::build(const osg::MaterialPtr &own, co
     addOnce(materials, own);
     if (wanted.isEmpty())
         wanted = nameOf(materials.front()) + QLatin1String(" Switch");
-    return qxSwitchMaterials::make(wanted, materials);
+    const osg::SwitchMaterialPtr made = qxSwitchMaterials::make(wanted, materials);
+    addContents(made);
+    return made;
 }
 
 /// Adds what the sets mean, and `own` unless it is null, to the switch material and its variant.
@@ -333,23 +358,26 @@ void qxMaterialSwitches::extend(const osg::SwitchMaterialPtr &target, const osg:
                 each)) // an other one of the name was found, or there is no variant
             qxSceneEdits::addMaterial(target, each);
     }
-    addContents(target);
+    if (!missing.empty())
+        addContents(target);
+}
+
+/// The first material of that name that it holds, or null. Many nodes ask for the same, and a
+/// switch material may hold many.
+osg::MaterialPtr qxMaterialSwitches::heldBy(const osg::SwitchMaterialPtr &choices,
+                                            const QString &name)
+{
+    const std::pair<osg::UInt32, QString> asked(choices.getFieldContainerId(), name);
+    const auto known = m_held.find(asked);
+    if (known != m_held.end())
+        return known->second.get();
+    const osg::MaterialRefPtr held(qxSwitchMaterials::heldBy(choices, name));
+    m_held.emplace(asked, held);
+    return held.get();
 }
 
 void qxMaterialSwitches::chooseIn(const osg::SwitchMaterialPtr &target, const States &states)
 {
     for (const States::value_type &state : states)
         m_index.choose(state.first, nameOf(target), state.second);
-}
-
-/// Makes the set choose what the material shows. Capture does so by itself for geometries, but
-/// neither for material groups nor for what was just built.
-void qxMaterialSwitches::captureState(const osg::MaterialPtr &material, const Scope &scope)
-{
-    osg::SwitchMaterialPtr choices = switchOf(material);
-    auto passes = osg::MultiPassMaterialPtr::dcast(material);
-    if (passes != osg::NullFC)
-        qxVariants::captureMaterialVariantFromMultiPassMaterial(scope.set, passes, scope.notify);
-    else if (choices != osg::NullFC && scope.switches.insert(choices).second)
-        qxVariants::captureMaterialVariantFromSwitchMaterial(scope.set, choices, scope.notify);
 }

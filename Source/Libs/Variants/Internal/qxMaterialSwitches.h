@@ -21,11 +21,10 @@ class qxMaterialSwitches {
 public:
     /// What is the same for all nodes of a run. `set` is the one that is being captured (`capture`)
     /// or a temporary one. `notify` announces new material variants. The rest is what the run has
-    /// dealt with: paths, switch materials whose state `set` has, materials that have a name.
+    /// dealt with: paths, and materials that have a name.
     struct Scope {
         qxVariantSet *set;
         QSet<QString> &paths;
-        std::set<osg::SwitchMaterialPtr> &switches;
         std::set<osg::MaterialPtr> &materials;
         bool capture;
         bool notify;
@@ -63,7 +62,7 @@ private:
     typedef std::pair<osg::MaterialPtr, States> Case;
 
     bool isClone(const osg::NodePtr &node);
-    Needs needsAt(const QString &path, const osg::MaterialPtr &material) const;
+    Needs needsAt(const QString &path, const osg::MaterialPtr &material);
     void reconcile(const osg::NodePtr &node, const QString &path, const osg::MaterialPtr &material,
                    const Needs &needs, const Scope &scope);
     osg::SwitchMaterialPtr fromSwitch(const osg::NodePtr &node, const osg::SwitchMaterialPtr &own,
@@ -77,11 +76,12 @@ private:
     void addContents(const osg::MaterialPtr &material);
     static States missingStates(const osg::SwitchMaterialPtr &choices, const Needs &needs);
     osg::SwitchMaterialPtr duplicate(const osg::SwitchMaterialPtr &original, const Scope &scope);
-    static osg::SwitchMaterialPtr build(const osg::MaterialPtr &own, const Needs &needs);
+    osg::SwitchMaterialPtr build(const osg::MaterialPtr &own, const Needs &needs);
     void extend(const osg::SwitchMaterialPtr &target, const osg::MaterialPtr &own,
                 const Needs &needs, const Scope &scope);
+    osg::MaterialPtr heldBy(const osg::SwitchMaterialPtr &choices, const QString &name);
     void chooseIn(const osg::SwitchMaterialPtr &target, const States &states);
-    void captureState(const osg::MaterialPtr &material, const Scope &scope);
+    osg::NodePtr lastUser(const osg::MaterialPtr &material);
 
     const qxVariantSet *const m_set;
     qxMaterialSwitches *const m_outer;
@@ -89,6 +89,9 @@ private:
     std::map<Case, osg::SwitchMaterialRefPtr> m_settled;
     /// Ids of nodes by those of their cores: listeners may remove the nodes.
     QHash<osg::UInt32, osg::UInt32> m_firstOfCore;
+    QHash<osg::UInt32, osg::UInt32> m_lastUsers; ///< ids of nodes by those of materials
+    /// By the ids of switch materials and the names asked for; forgotten where one gets more.
+    std::map<std::pair<osg::UInt32, QString>, osg::MaterialRefPtr> m_held;
     /// By ids: materials that are part of other ones; read when it is first asked for.
     QSet<osg::UInt32> m_contained;
     bool m_isContainedRead = false;
