@@ -265,7 +265,7 @@ TEST_F(WindowSetsTest, ANodeIsPickedInTheViewAndHiddenInTheTree)
     EXPECT_NE(QPersistentModelIndex(tree().currentIndex()), picked) << "what was behind it";
 }
 
-TEST_F(WindowSetsTest, ErrorsStandInTheLogAndInTheStatusLine)
+TEST_F(WindowSetsTest, TheLogShowsWhatIsReported)
 {
     expectErrors(1);
     qxLog::warning("a warning\n");
@@ -277,4 +277,7 @@ TEST_F(WindowSetsTest, ErrorsStandInTheLogAndInTheStatusLine)
     EXPECT_FALSE(log->toPlainText().contains("from afar")) << "widgets belong to one thread";
     settle();
     EXPECT_TRUE(log->toPlainText().endsWith("\nfrom afar"));
+    openDesk();
+    select("Evening");
+    EXPECT_TRUE(log->toPlainText().endsWith("\nlate")) << "its script prints that";
 }
