@@ -2,7 +2,6 @@
 
 #include "qxTestPaths.h"
 
-#include <QProcess>
 #include <QSet>
 #include <QtEndian>
 
@@ -11,7 +10,7 @@
 ProgramRun ProgramFixture::workbench(const QStringList &arguments, const QByteArray &input)
 {
     SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
-    QProcess program;
+    TestProgram program;
     program.start(QStringLiteral(QX_BUILD_BIN "/workbench"), arguments);
     program.write(input);
     program.closeWriteChannel();

@@ -5,8 +5,17 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 
-class QProcess;
+#include <sys/prctl.h>
+
+#include <csignal>
+
+/// The program; it does not outlive the test.
+class TestProgram : public QProcess {
+protected:
+    void setupChildProcess() override { prctl(PR_SET_PDEATHSIG, SIGKILL); }
+};
 
 /// What a run of the program left behind.
 struct ProgramRun {

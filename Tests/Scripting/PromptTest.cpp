@@ -1,8 +1,6 @@
 #include "Program.h"
 #include "qxTestPaths.h"
 
-#include <QProcess>
-
 #include <fcntl.h>
 #include <poll.h>
 
@@ -10,32 +8,50 @@
 #include <cstdlib>
 #include <unistd.h>
 
+/// The program at a terminal of its own.
+class TerminalProgram : public TestProgram {
+public:
+    TerminalProgram() : m_screen(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC))
+    {
+        EXPECT_TRUE(m_screen >= 0 && grantpt(m_screen) == 0 && unlockpt(m_screen) == 0);
+        m_name = ptsname(m_screen);
+    }
+    ~TerminalProgram() override
+    {
+        kill();
+        waitForFinished();
+        ::close(m_screen);
+    }
+    int screen() const { return m_screen; }
+
+protected:
+    void setupChildProcess() override
+    {
+        TestProgram::setupChildProcess();
+        setsid(); // A terminal belongs to whom leads a session and opens it.
+        const int terminal = ::open(m_name.c_str(), O_RDWR);
+        for (int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+            dup2(terminal, stream);
+    }
+
+private:
+    const int m_screen; ///< the person's end
+    std::string m_name; ///< of the program's
+};
+
 /// The prompt as a person at a terminal sees it.
 class PromptTest : public ProgramFixture {
 protected:
-    PromptTest() : m_terminal(posix_openpt(O_RDWR | O_NOCTTY))
-    {
-        EXPECT_TRUE(m_terminal >= 0 && grantpt(m_terminal) == 0 && unlockpt(m_terminal) == 0);
-    }
-    ~PromptTest() override
-    {
-        m_program.kill();
-        m_program.waitForFinished();
-        close(m_terminal);
-    }
-
     /// Waits until the program asks.
     void start(const QStringList &arguments, const QByteArray &question = ">>> ")
     {
-        const QString name = QString::fromLocal8Bit(ptsname(m_terminal));
-        m_program.setStandardInputFile(name);
-        m_program.setStandardOutputFile(name);
-        m_program.setStandardErrorFile(name);
+        m_program = std::make_unique<TerminalProgram>();
+        m_terminal = m_program->screen();
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("TERM", "dumb");
-        m_program.setProcessEnvironment(environment);
-        m_program.start(QStringLiteral(QX_BUILD_BIN "/workbench"), arguments);
-        ASSERT_TRUE(m_program.waitForStarted());
+        m_program->setProcessEnvironment(environment);
+        m_program->start(QStringLiteral(QX_BUILD_BIN "/workbench"), arguments);
+        ASSERT_TRUE(m_program->waitForStarted());
         shownUntil(question);
     }
 
@@ -74,7 +90,7 @@ protected:
         pollfd waiting{m_terminal, POLLIN, 0};
         for (int tries = 0; tries < 5; ++tries) {
             sleep(1);
-            kill(pid_t(m_program.processId()), SIGINT);
+            kill(pid_t(m_program->processId()), SIGINT);
             if (poll(&waiting, 1, 6000) == 1)
                 return;
         }
@@ -82,17 +98,17 @@ protected:
 
     int ended()
     {
-        EXPECT_TRUE(m_program.waitForFinished(30000));
-        EXPECT_EQ(m_program.exitStatus(), QProcess::NormalExit);
-        return m_program.exitCode();
+        EXPECT_TRUE(m_program->waitForFinished(30000));
+        EXPECT_EQ(m_program->exitStatus(), QProcess::NormalExit);
+        return m_program->exitCode();
     }
 
 private:
-    const int m_terminal;
-    QProcess m_program;
+    std::unique_ptr<TerminalProgram> m_program;
+    int m_terminal = -1;
 };
 
-TEST_F(PromptTest, StatementsAreEditedAndRunInTheSceneAndTheEndOfInputSavesIt)
+TEST_F(PromptTest, StatementsRunInTheSceneThatTheEndOfInputSaves)
 {
     const QString saved = path("saved.gltf");
     start({"python", desk(), "--save", saved});
@@ -127,7 +143,7 @@ TEST_F(PromptTest, ACaptureAsksBeforeItRenamesNodes)
     }
 }
 
-TEST_F(PromptTest, MistakesAreShownAndThePromptGoesOn)
+TEST_F(PromptTest, MistakesLeaveThePromptUsable)
 {
     start({"python", desk()});
     shows("1 / 0\n", "ZeroDivisionError");

@@ -195,16 +195,23 @@ TEST_F(WindowSetsTest, WhatAScriptMakesShowsAtOnceAndInOneStep)
 TEST_F(WindowSetsTest, AScriptThatNeverEndsIsEndedByEscape)
 {
     openDesk();
-    QString status;
-    QTimer::singleShot(900, window.get(), [&] {
-        EXPECT_FALSE(window->close()) << "not while a script runs";
-        status = window->statusBar()->currentMessage();
-        QTest::keyClick(window->sceneView(), Qt::Key_Escape);
-    });
-    EXPECT_TRUE(type("while True: number = 1\n").endsWith("KeyboardInterrupt"));
-    EXPECT_EQ(status, "A script is running. Escape ends it.");
-    EXPECT_TRUE(window->isVisible());
-    EXPECT_EQ(type("1 + 1"), "2");
+    qxVariants::findVariantSet("Evening")->script = "while True: pass";
+    for (const char *statement :
+         {"while True: pass\n", "while True:\n try:\n  n = 1\n  while True: n = 2\n except: pass\n",
+          "while True: selectVariantSet('Evening')\n"}) {
+        QString status;
+        QTimer::singleShot(900, window.get(), [&] {
+            EXPECT_FALSE(window->close()) << "not while a script runs";
+            status = window->statusBar()->currentMessage();
+            QTest::keyClick(window->sceneView(), Qt::Key_Escape);
+        });
+        EXPECT_TRUE(type(statement).endsWith("KeyboardInterrupt")) << statement;
+        EXPECT_EQ(status, "A script is running. Escape ends it.");
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_EQ(type("1 + 1"), "2");
+    }
+    expectErrors(1);
+    EXPECT_EQ(type("print(getVariantSets()[1])"), "Evening") << "standard output is there again";
 }
 
 TEST_F(WindowSetsTest, ANodeIsPickedInTheViewAndHiddenInTheTree)
@@ -226,7 +233,7 @@ TEST_F(WindowSetsTest, ANodeIsPickedInTheViewAndHiddenInTheTree)
     EXPECT_NE(QPersistentModelIndex(tree().currentIndex()), picked) << "what was behind it";
 }
 
-TEST_F(WindowSetsTest, ErrorsStandInTheLogAndInTheStatusLine)
+TEST_F(WindowSetsTest, TheLogShowsWhatIsReported)
 {
     expectErrors(1);
     qxLog::warning("a warning\n");
@@ -238,4 +245,7 @@ TEST_F(WindowSetsTest, ErrorsStandInTheLogAndInTheStatusLine)
     EXPECT_FALSE(log->toPlainText().contains("from afar")) << "widgets belong to one thread";
     settle();
     EXPECT_TRUE(log->toPlainText().endsWith("\nfrom afar"));
+    openDesk();
+    select("Evening");
+    EXPECT_TRUE(log->toPlainText().endsWith("\nlate")) << "its script prints that";
 }

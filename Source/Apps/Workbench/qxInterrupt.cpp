@@ -2,9 +2,9 @@
 
 #include "Script/qxScriptRunner.h"
 
-#include <csignal>
-
 namespace {
+
+const int signals[] = {SIGINT, SIGTERM};
 
 volatile std::sig_atomic_t asked = 0;
 
@@ -18,14 +18,17 @@ void ask(int signal)
 
 qxInterrupt::qxInterrupt()
 {
-    std::signal(SIGINT, ask);
-    std::signal(SIGTERM, ask);
+    for (int i = 0; i < 2; ++i) {
+        sigaction(signals[i], nullptr, &m_before[i]);
+        if (m_before[i].sa_handler != SIG_IGN)
+            std::signal(signals[i], ask);
+    }
 }
 
 qxInterrupt::~qxInterrupt()
 {
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGTERM, SIG_DFL);
+    for (int i = 0; i < 2; ++i)
+        sigaction(signals[i], &m_before[i], nullptr);
 }
 
 bool qxInterrupt::isAsked()

@@ -37,7 +37,7 @@ class Prompt(code.InteractiveConsole):
 
     def next(self):
         """Reads a whole statement; False at the end of the input."""
-        signal.signal(signal.SIGINT, signal.default_int_handler)
+        signal.signal(signal.SIGINT, signal.getsignal(signal.SIGINT))
         self.statement = None
         while not self.statement:
             try:

@@ -4,6 +4,8 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxPreviewPicture.h"
+
 #include <QGuiApplication>
 #include <QHash>
 #include <QPixmap>
@@ -102,7 +104,8 @@ void readAnalyzer(const QDomElement &element, qxVariantSet &set)
 /// Loads the picture once, so that a picture that cannot be shown is noticed while loading.
 void tryPreview(const QByteArray &bytes)
 {
-    if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
+    if (qobject_cast<QGuiApplication *>(QCoreApplication::instance())
+        && qxPreviewPicture::isDecodable(bytes))
         QPixmap().loadFromData(bytes);
 }
 

@@ -1,6 +1,7 @@
 #include "qxVariantSet.h"
 
 #include "qxVariantGroup.h"
+#include "qxVariantReader.h"
 #include "qxVariants.h"
 
 qxVariantSet::qxVariantSet() = default;
@@ -81,6 +82,10 @@ void qxVariantSet::getInclInfo(bool &nodes, bool &mats, bool &lights, bool &env,
 void qxVariantSet::updateShortcut()
 {
     qxVariants::mapHotkey(hotkey, key, modifiers);
+    // Names of keys may have blanks, so a text that names a key is not taken for one of the old
+    // form.
+    if (key == 0)
+        qxVariants::mapHotkey(qxVariantReader::convertOldHotkey(hotkey), key, modifiers);
 }
 
 void qxVariantSet::setPreview(QByteArray bytes)

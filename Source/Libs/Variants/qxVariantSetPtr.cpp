@@ -7,9 +7,9 @@
 
 #include "qxScript.h"
 
-#include <locale.h>
-
 #include <cstdio>
+#include <locale>
+#include <sstream>
 
 namespace {
 
@@ -46,25 +46,6 @@ void addTo(qxVariantSet &set, Variant *variant, const char *state)
     if (variant)
         set.add(variant, QString::fromUtf8(state));
 }
-
-/// Numbers have a decimal point for one scope, whatever the user's locale has.
-class qxPlainNumbers {
-public:
-    qxPlainNumbers() : m_plain(newlocale(LC_ALL_MASK, "C", nullptr)), m_before(uselocale(m_plain))
-    {
-    }
-    ~qxPlainNumbers()
-    {
-        uselocale(m_before);
-        freelocale(m_plain);
-    }
-    qxPlainNumbers(const qxPlainNumbers &) = delete;
-    qxPlainNumbers &operator=(const qxPlainNumbers &) = delete;
-
-private:
-    locale_t m_plain;
-    locale_t m_before;
-};
 
 /// An expression with three numbers, and where they belong.
 struct VectorSetting {
@@ -106,12 +87,11 @@ const FlagSetting flagSettings[] = {
 
 void copyVector(qxVariantSet &set, const VectorSetting &setting)
 {
-    const std::string answer = qxScript::executeNUSR(setting.expression);
+    std::istringstream answer(qxScript::executeNUSR(setting.expression));
+    answer.imbue(std::locale::classic()); // a decimal point, whatever the user's locale has
     float numbers[3] = {0, 0, 0};
-    char separator[64];
-    const qxPlainNumbers plain;
-    std::sscanf(answer.c_str(), "%f %63s %f %63s %f", &numbers[0], separator, &numbers[1],
-                separator, &numbers[2]);
+    std::string separator;
+    answer >> numbers[0] >> separator >> numbers[1] >> separator >> numbers[2];
     for (int i = 0; i < 3; ++i)
         (set.*setting.set[i])(double(numbers[i]));
 }

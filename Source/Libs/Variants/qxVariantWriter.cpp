@@ -22,8 +22,8 @@ void writeReferences(QDomElement &parent, const qxVariantSet &set)
 {
     for (const qxVariantState &each : set.*qxKind<Variant>::states) {
         QDomElement element = text::appendElement(parent, qxKind<Variant>::refTag);
-        text::setText(element, names::ref, each.variant);
-        text::setText(element, names::state, each.state);
+        text::setName(element, names::ref, each.variant);
+        text::setName(element, names::state, each.state);
     }
 }
 
@@ -33,7 +33,7 @@ void writeNames(QDomElement &parent, const QString &tag, const QString &attribut
 {
     for (const QString &each : all) {
         QDomElement element = text::appendElement(parent, tag);
-        text::setText(element, attribute, each);
+        text::setName(element, attribute, each);
     }
 }
 
@@ -60,8 +60,8 @@ void writeMaterialSnapshots(QDomElement &parent, const qxVariantSet &set)
     const auto &snapshots = set.materialSnapshots;
     for (auto each = snapshots.begin(); each != snapshots.end(); ++each) {
         QDomElement element = text::appendElement(parent, names::MaterialSnapshot);
-        text::setText(element, names::nodePath, each.key());
-        text::setText(element, names::materialName, each.value());
+        text::setName(element, names::nodePath, each.key());
+        text::setName(element, names::materialName, each.value());
     }
 }
 
@@ -69,7 +69,7 @@ void writeValues(QDomElement &parent, const qxVariantSet &set)
 {
     for (auto each = set.values.begin(); each != set.values.end(); ++each) {
         QDomElement element = text::appendText(parent, names::Value, each.value());
-        text::setText(element, names::name, each.key());
+        text::setName(element, names::name, each.key());
     }
 }
 
@@ -107,16 +107,61 @@ void writeAnalyzer(QDomElement &parent, const qxVariantSet &set)
 }
 
 template <class Variant>
+void addNames(QSet<QString> &all)
+{
+    for (const Variant *variant : qxKind<Variant>::list) {
+        all << variant->name << variant->*qxKind<Variant>::sceneName << variant->defaultState;
+        for (const qxVariantOption &option : variant->options)
+            all << option.name;
+    }
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        for (const qxVariantState &each : set->*qxKind<Variant>::states)
+            all << each.variant << each.state;
+    }
+}
+
+template <class Names>
+void addAll(QSet<QString> &all, const Names &names)
+{
+    for (const QString &name : names)
+        all << name;
+}
+
+/// Every name that the registry holds.
+QSet<QString> allNames()
+{
+    QSet<QString> all;
+    for (const qxVariantGroup *group : qxVariants::_variantGroups)
+        all << group->name;
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        all << set->name << set->defaultViewpoint;
+        for (const qxUniqueNames *names :
+             {&set->viewpoints, &set->animations, &set->geometries, &set->targetNodeNames})
+            addAll(all, *names);
+        addAll(all, set->materialSnapshots.keys());
+        addAll(all, set->materialSnapshots.values());
+        addAll(all, set->values.keys());
+    }
+    addNames<qxNodeVariant>(all);
+    addNames<qxMaterialVariant>(all);
+    addNames<qxLightVariant>(all);
+    addNames<qxOverlayVariant>(all);
+    addNames<qxTransformVariant>(all);
+    return all;
+}
+
+template <class Variant>
 void writeVariantOf(QDomElement &parent, const Variant &variant)
 {
+    const qxDocumentLoss loss(allNames);
     QDomElement element = text::appendElement(parent, qxKind<Variant>::tag);
-    text::setText(element, names::name, variant.name);
-    text::setText(element, names::base, variant.*qxKind<Variant>::sceneName);
+    text::setName(element, names::name, variant.name);
+    text::setName(element, names::base, variant.*qxKind<Variant>::sceneName);
     QDomElement standard = text::appendElement(element, names::Default);
-    text::setText(standard, names::ref, variant.defaultState);
+    text::setName(standard, names::ref, variant.defaultState);
     for (const qxVariantOption &option : variant.options) {
         QDomElement state = text::appendElement(element, names::State);
-        text::setText(state, names::name, option.name);
+        text::setName(state, names::name, option.name);
         text::appendText(state, names::Hotkey, option.shortcut);
     }
 }
@@ -132,7 +177,7 @@ void writeAll(QDomElement &parent)
 
 QByteArray qxVariantWriter::write()
 {
-    const text::LossReport report;
+    const qxDocumentLoss loss(allNames);
     m_document = QDomDocument(QStringLiteral("variants"));
     m_document.appendChild(m_document.createProcessingInstruction(
         QStringLiteral("xml"), QStringLiteral("version=\"1.0\" encoding=\"utf-8\"")));
@@ -155,8 +200,9 @@ QByteArray qxVariantWriter::write()
 void qxVariantWriter::writeVariantGroup(QDomDocument &document, QDomElement &parent,
                                         qxVariantGroup *group)
 {
+    const qxDocumentLoss loss(allNames);
     QDomElement element = text::appendElement(parent, names::VariantGroup);
-    text::setText(element, names::name, group->name);
+    text::setName(element, names::name, group->name);
     text::setText(element, names::comment, group->comment);
     element.setAttribute(names::visible, word(group->visible));
     for (qxVariantSet *set : group->sets)
@@ -166,10 +212,11 @@ void qxVariantWriter::writeVariantGroup(QDomDocument &document, QDomElement &par
 void qxVariantWriter::writeVariantSet(QDomDocument &document, QDomElement &parent,
                                       qxVariantSet *set)
 {
+    const qxDocumentLoss loss(allNames);
     QDomElement element = text::appendElement(parent, names::VariantSet);
-    text::setText(element, names::name, set->name);
+    text::setName(element, names::name, set->name);
     text::setText(element, names::comment, set->comment);
-    text::setText(element, names::defaultViewpoint, set->defaultViewpoint);
+    text::setName(element, names::defaultViewpoint, set->defaultViewpoint);
     text::appendText(element, names::Hotkey, set->hotkey);
     text::appendText(element, names::SequentialAnimation, word(set->sequentialAnimation));
     text::appendText(element, names::Script, set->script);

@@ -13,7 +13,8 @@ class qxVariantSet;
 /// Turns the registry into a variants document.
 ///
 /// What the registry holds is written as it stands, except for characters that no document can
-/// hold: they are left out, and the log says in how many texts.
+/// hold: they are left out, and the log says in how many texts. A name that would become empty or
+/// another's is written as one that nothing else has, which the log says, too.
 class qxVariantWriter {
 public:
     /// The whole registry as UTF-8.

@@ -6,6 +6,7 @@
 
 #include "qxKeyText.h"
 #include "qxPanelEvents.h"
+#include "qxPreviewPicture.h"
 #include "qxSetEdits.h"
 
 #include <QDataStream>
@@ -195,7 +196,8 @@ QPixmap qxSetsModel::previewOf(const qxVariantSet &set) const
     const QString key =
         QStringLiteral("qxPreview%1-%2").arg(set.preview.size()).arg(qHash(set.preview));
     QPixmap picture;
-    if (!QPixmapCache::find(key, &picture) && picture.loadFromData(set.preview))
+    if (!QPixmapCache::find(key, &picture) && qxPreviewPicture::isDecodable(set.preview)
+        && picture.loadFromData(set.preview))
         QPixmapCache::insert(key, picture);
     return picture;
 }

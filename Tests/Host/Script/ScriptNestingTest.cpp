@@ -1,8 +1,10 @@
 #include "Core/qxRenderRequests.h"
+#include "Script/qxScriptWatchdog.h"
 #include "ScriptFixture.h"
 
 #include <array>
 #include <csignal>
+#include <map>
 
 namespace {
 
@@ -82,6 +84,25 @@ TEST_F(ScriptNestingTest, WhatTheApplicationComposesRunsWhileScriptsAreEnded)
     EXPECT_EQ(errorsOf(script), tooDeep);
     EXPECT_EQ(value("runs"), "3232");
     EXPECT_EQ(value("getClippingPlanePosition()"), "4, 5, 6");
+}
+
+TEST_F(ScriptNestingTest, AWatchdogEndsWhatWouldNotEnd)
+{
+    onStep = [] { qxScript::run("while True: pass"); };
+    const std::string interrupted = "script error: interrupted\n";
+    for (const auto &[script, errors] : std::map<std::string, std::string>{
+             {"while True: pass", interrupted},
+             {"while True: step()", interrupted},
+             {"while True:\n try:\n  n = 1\n  while True: n = 2\n except: pass", interrupted},
+             {"try:\n n = 1\n while True: n = 2\nexcept KeyboardInterrupt: after += 1", ""}}) {
+        int looks = 0;
+        const qxScriptWatchdog watchdog(std::chrono::milliseconds(100),
+                                        [&] { return ++looks != 3; });
+        EXPECT_EQ(errorsOf(script), errors) << script;
+        EXPECT_EQ(looks, 3) << script;
+        EXPECT_EQ(errorsOf("for i in range(1000): runs += 1"), "") << "the next one is free";
+    }
+    EXPECT_EQ(value("(runs, after)"), "(4000, 1)");
 }
 
 TEST_F(ScriptNestingTest, AnInterruptEndsAllScriptsAndTheProgramsHandlerComesBack)

@@ -51,7 +51,7 @@ TEST_F(ScriptTest, AnExpressionGivesWhatPrintingItsValueGives)
     EXPECT_EQ(qxScript::executeNUSR(nullptr), "");
 }
 
-TEST_F(ScriptTest, PrintedTextsGoToTheOutputInUtf8)
+TEST_F(ScriptTest, PrintedTextsReachTheOutput)
 {
     const char *const script = "print('\xC3\xA4')\nimport sys\nsys.stdout.write(u'\\u20ac\\n')";
     EXPECT_EQ(printedBy([&] { qxScript::run(script); }), "\xC3\xA4\n\xE2\x82\xAC\n");
@@ -67,6 +67,14 @@ TEST_F(ScriptTest, PrintedTextsGoToTheOutputInUtf8)
     qxScriptRunner::setOutput(stdout);
     EXPECT_EQ(std::ftell(file), 10);
     std::fclose(file);
+
+    Texts heard;
+    qxScriptRunner::setOutput([&](const std::string &line) { heard.push_back(line); });
+    qxScript::run("print('one\\ntwo')\nsys.stderr.write('three ')\nsys.stdout.write('four')");
+    qxScript::run("print('')");
+    EXPECT_EQ(value("sys.stdout.write('caught') and None"), "caught");
+    qxScriptRunner::setOutput(stdout);
+    EXPECT_EQ(heard, Texts({"one", "two", "three four", ""}));
 }
 
 TEST_F(ScriptTest, TextsMayBeEmptyMarkedAndWrittenOnOtherSystems)

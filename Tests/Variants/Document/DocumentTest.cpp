@@ -6,7 +6,11 @@
 #include "TestFiles.h"
 #include "qxTestPaths.h"
 
+#include <QBuffer>
 #include <QDir>
+#include <QImage>
+
+#include <sys/resource.h>
 
 #include <array>
 
@@ -18,6 +22,16 @@ protected:
     {
         EXPECT_TRUE(m_document.setContent(xml));
         return m_document.documentElement();
+    }
+
+    /// Reads a set with that preview, which is kept; what goes to standard output meanwhile.
+    std::string printed(const QByteArray &base64)
+    {
+        testing::internal::CaptureStdout();
+        readInside("<VariantSet name='S'><Preview><![CDATA[" + base64
+                   + "]]></Preview></VariantSet>");
+        EXPECT_EQ(qxVariants::findVariantSet("S")->getPreview(), QByteArray::fromBase64(base64));
+        return testing::internal::GetCapturedStdout();
     }
 
 private:
@@ -66,7 +80,9 @@ TEST_F(DocumentTest, EveryFieldHasItsPlace)
     fillEverything(*addSet("Sport", cars, {true, false, true, false, true}));
     addSet("Family", cars, {false, false, true, true, false});
     addVariants();
-    EXPECT_EQ(itemsOf(written()), itemsOf(contentOf("complete.xml")));
+    const QByteArray document = written();
+    EXPECT_EQ(itemsOf(document), itemsOf(contentOf("complete.xml")));
+    EXPECT_TRUE(document.contains("\n  <InclInfo ")) << "one blank per level";
     EXPECT_TRUE(notifications.entries().empty());
 }
 
@@ -161,17 +177,24 @@ TEST_F(DocumentTest, ASingleVariantIsReadForThreeKindsOnly)
     EXPECT_EQ(readOne("Transform"), nullptr);
 }
 
-TEST_F(DocumentTest, AShortPreviewIsPrintedAndAnyIsKept)
+TEST_F(DocumentTest, AnyPreviewIsKeptAndAShortOnePrinted)
 {
-    const auto printed = [this](const QByteArray &base64) {
-        testing::internal::CaptureStdout();
-        readInside("<VariantSet name='S'><Preview><![CDATA[" + base64
-                   + "]]></Preview></VariantSet>");
-        EXPECT_EQ(qxVariants::findVariantSet("S")->getPreview(), QByteArray::fromBase64(base64));
-        return testing::internal::GetCapturedStdout();
-    };
     EXPECT_EQ(printed(QByteArray(79, 'A')), "\t" + std::string(79, 'A') + "\n");
     EXPECT_EQ(printed(QByteArray(80, 'A')), "");
+}
+
+TEST_F(DocumentTest, APictureThatIsTooLargeForAPreviewIsNotDecoded)
+{
+    QBuffer huge;
+    QImage(16000, 16000, QImage::Format_Mono).save(&huge, "PNG");
+    const auto mostMemory = [] {
+        rusage usage;
+        getrusage(RUSAGE_SELF, &usage);
+        return usage.ru_maxrss;
+    };
+    const long before = mostMemory();
+    printed(huge.data().toBase64());
+    EXPECT_LT(mostMemory() - before, 200000) << "kilobytes; decoded it takes a million";
 }
 
 // Linear work only: a search per element would take minutes.

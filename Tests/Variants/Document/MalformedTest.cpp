@@ -30,7 +30,9 @@ const Malformed malformed[] = {
      "entity declarations are not allowed\" at 2 1"},
     {"ParameterEntity", "<!DOCTYPE v [<!-- ' --><?x ' ?><!ENTITY % p 'x'>]><Variants/>",
      "entity declarations are not allowed\" at 1 32"},
-    {"HiddenMarkup", "<?xml version='1.0' encoding='UTF-7'?><Variants/>",
+    {"HiddenMarkup", "<?xml version='1.0' encoding='utf7'?><Variants/>",
+     "the encoding is not supported\" at 1 1"},
+    {"HiddenBehindAMark", "\xEF\xBB\xBF<?xml version='1.0' encoding='UTF-16'?><Variants/>",
      "the encoding is not supported\" at 1 1"},
 };
 
@@ -44,7 +46,10 @@ const QByteArray harmless[] = {
     "<V>" + QByteArray("<a b='/' c=\"'>\"/>").repeated(300) + "</V>",
     "<V>" + QByteArray("<a b='>'></a >").repeated(300) + "</V>",
     "\xEF\xBB\xBF<?xml version='1.0' encoding='utf-8'?><V/>",
-    "<?xml version='1.0' encoding='ISO-8859-15'?><V/>",
+    "<?xml version='1.0' encoding='UTF8'?><V/>",
+    "\xEF\xBB\xBF<?xml version='1.0' encoding='utf_8'?><V/>",
+    "<?xml version='1.0' encoding='latin-9'?><V/>",
+    "<?xml version='1.0' encoding='cp1252'?><V/>",
     "<?xml version='1.0' encoding='no such'?><V/>",
     "<V>" + QByteArray("\xFF\xC3\x28", 3).repeated(300) + "</V>",
     "<V a=\"" + QByteArray(5000000, 'x') + "\"/>",

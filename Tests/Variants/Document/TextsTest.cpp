@@ -1,3 +1,5 @@
+#include "qxNodeVariant.h"
+#include "qxVariantGroup.h"
 #include "qxVariantSet.h"
 
 #include "DocumentFixture.h"
@@ -34,6 +36,14 @@ protected:
             set.values.insert(anyText(), anyText());
             set.addGeometry(anyText());
         }
+    }
+    template <class List>
+    static QString namesOf(const List &list)
+    {
+        QStringList names;
+        for (const auto *each : list)
+            names << each->name;
+        return names.join(", ");
     }
     static QStringList textsOf(const qxVariantSet &set)
     {
@@ -86,4 +96,38 @@ TEST_F(TextsTest, WhatNoDocumentCanHoldIsLeftOutAndReported)
     EXPECT_EQ(back->script, "xxxxxxxxxx");
     EXPECT_EQ(back->nodeVariants.front().variant, QString::fromUtf8("whole 𝄞"));
     EXPECT_EQ(back->nodeVariants.front().state, "xxxxxxxxxx");
+    EXPECT_EQ(written(), document);
+    EXPECT_EQ(logged(qxLog::Warning).size(), 1u) << "a whole registry leaves none";
+}
+
+TEST_F(TextsTest, NamesThatNoDocumentCanHoldStayApart)
+{
+    const QString one(QChar(1)), two(QChar(2));
+    qxVariantGroup *const group = qxVariants::createVariantGroup(one, false, true);
+    for (const QString &name : {one, two, "S" + one, "S" + two, QString("S"), QString("S 2")}) {
+        qxVariantSet *const set = qxVariants::createVariantSet(name, false, group);
+        qxNodeVariant *const variant = qxVariants::createNodeVariant(name, false);
+        for (const QString &state : {one, two, QString("Unnamed")}) {
+            variant->add(state, "");
+            set->values[state] = "kept";
+        }
+        set->add(variant, two);
+        set->addNodeVariant(name + "gone", "");
+    }
+    const QByteArray document = written();
+    EXPECT_EQ(logged(qxLog::Warning).front(),
+              "Saving variants: the name \"\xEF\xBF\xBD\" is written as \"Unnamed 2\".");
+    host.clearScene();
+    read(document);
+    ASSERT_EQ(qxVariants::_variantGroups.size(), 1u);
+    EXPECT_EQ(namesOf(qxVariants::_variantGroups.front()->sets),
+              "Unnamed 2, Unnamed 3, S 3, S 4, S, S 2");
+    EXPECT_EQ(namesOf(qxVariants::_nodeVariants), namesOf(qxVariants::_variantSets));
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        ASSERT_EQ(set->nodeVariants.size(), 2u);
+        EXPECT_EQ(set->nodeVariants.front().variant, set->name);
+        EXPECT_EQ(set->nodeVariants.front().state, "Unnamed 3");
+        EXPECT_EQ(set->values.size(), 3);
+        EXPECT_EQ(qxVariants::findNodeVariant(set->name)->options.size(), 3u);
+    }
 }

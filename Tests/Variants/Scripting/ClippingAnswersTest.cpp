@@ -5,6 +5,8 @@
 #include "Scene/qxClipping.h"
 #include "qxScript.h"
 
+#include <locale>
+
 namespace {
 
 /// A script's answer, printed just so, in place of the host's.
@@ -17,6 +19,10 @@ void answer(const std::string &word, const std::string &printed)
         + word + "(): return Answer('''" + printed + "''')\n";
     qxScript::run(script.c_str());
 }
+
+struct DecimalComma : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+};
 
 class ClippingAnswersTest : public HostFixture {
 protected:
@@ -31,8 +37,10 @@ protected:
 
 } // namespace
 
-TEST_F(ClippingAnswersTest, EverySettingOfTheHostArrivesExactly)
+TEST_F(ClippingAnswersTest, EverySettingOfTheHostArrivesExactlyInEveryLanguage)
 {
+    const std::locale before =
+        std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
     qxScript::run("setClippingPlane(Pnt3f(0.1, -2.5, 1e-7), Vec3f(1e20, 0.333333343, -0.0), true)\n"
                   "setClippingPlaneVisualization(false, Vec3f(0.11, 0.22, 0.33))\n"
                   "setClippingGridVisualization(true, Vec3f(0.44, 0.55, 0.66))\n"
@@ -49,6 +57,11 @@ TEST_F(ClippingAnswersTest, EverySettingOfTheHostArrivesExactly)
     EXPECT_EQ(clip.clipContourWidth, 7);
     EXPECT_TRUE(clip.clipPlaneInvert && clip.clipPlaneHideScene && clip.clipGridShow);
     EXPECT_FALSE(clip.clipPlaneShow || clip.clipContourShow);
+
+    qxScript::run("setClippingPlane(Pnt3f(), Vec3f(), false)");
+    set.executeAnalyzer();
+    EXPECT_EQ(qxClipping::the().position, osg::Pnt3f(0.1f, -2.5f, 1e-7f)) << "and goes back";
+    std::locale::global(before);
 }
 
 TEST_F(ClippingAnswersTest, NumbersThatAnAnswerLacksAreZero)
@@ -68,7 +81,7 @@ TEST_F(ClippingAnswersTest, NumbersThatAnAnswerLacksAreZero)
         {"[1, 2, 3]", {0, 0, 0}},
         {"", {0, 0, 0}},
         {std::string(100000, 'x'), {0, 0, 0}},
-        {"1 " + std::string(100000, 'x') + " 2 , 3", {1, 0, 0}},
+        {"1 " + std::string(100000, 'x') + " 2 , 3", {1, 2, 3}},
     };
     for (const auto &each : cases) {
         set.analyzer.clipPlanePosition = {7, 7, 7};

@@ -23,15 +23,18 @@ def __qx_prompt():
 
     class Prompt(code.InteractiveInterpreter):
         def answer(self, statement):
-            text, before = Text(), (sys.stdout, sys.stderr)
+            text = Text()
+            self.streams = sys.stdout, sys.stderr
             sys.stdout = sys.stderr = text
             try:
                 more = self.runsource(statement, '<console>', 'single')
             except SystemExit:
                 more = False
             finally:
-                sys.stdout, sys.stderr = before
+                self.put_back()
             return json.dumps({'more': bool(more), 'text': u''.join(text.parts)})
+        def put_back(self):
+            sys.stdout, sys.stderr = self.streams
         def names(self, text):
             import rlcompleter
             completer, found = rlcompleter.Completer(self.locals), []
@@ -65,7 +68,13 @@ QJsonDocument ask(const char *operation, const QString &text)
 
 qxConsolePython::Answer qxConsolePython::run(const QString &statement)
 {
-    const QJsonObject answer = ask("answer", statement).object();
+    const QJsonDocument answered = ask("answer", statement);
+    if (answered.isNull()) {
+        // A statement that would not end was ended without any ceremony.
+        qxScript::executeNUS("__qx_prompt.put_back()", false);
+        return {false, QStringLiteral("KeyboardInterrupt")};
+    }
+    const QJsonObject answer = answered.object();
     return {answer.value("more").toBool(), answer.value("text").toString()};
 }
 

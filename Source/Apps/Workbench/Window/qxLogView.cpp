@@ -1,5 +1,7 @@
 #include "qxLogView.h"
 
+#include "Script/qxScriptRunner.h"
+
 #include <QEvent>
 #include <QFontDatabase>
 
@@ -30,14 +32,16 @@ qxLogView::qxLogView(QWidget *parent) : QPlainTextEdit(parent)
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     retranslate();
     m_listener = qxLog::addListener([this](qxLog::Level level, const std::string &text) {
-        const QString line = QString::fromStdString(text).trimmed();
+        const QString line = QString::fromStdString(text);
         // Threads that render report as well.
         QMetaObject::invokeMethod(this, [this, level, line] { append(level, line); });
     });
+    qxScriptRunner::setOutput([](const std::string &line) { qxLog::info("%s", line.c_str()); });
 }
 
 qxLogView::~qxLogView()
 {
+    qxScriptRunner::setOutput(stdout);
     qxLog::removeListener(m_listener);
 }
 

@@ -4,7 +4,8 @@
 
 #include <QPlainTextEdit>
 
-/// The lines of the host's log, the newest at the end; warnings and errors stand out.
+/// The lines of the host's log, the newest at the end; warnings and errors stand out. While one
+/// exists, what scripts print goes into the log.
 class qxLogView : public QPlainTextEdit {
     Q_OBJECT
 

@@ -1,16 +1,11 @@
 #include "qxScriptWatch.h"
 
-#include "qxScriptPause.h"
-
 #include <QCoreApplication>
 #include <QKeyEvent>
 
 namespace {
 
-const int pulse = 100;
-const int patience = 500;
-
-qxScriptWatch *current = nullptr;
+const std::chrono::milliseconds patience(500);
 
 bool isFromUser(QEvent::Type type)
 {
@@ -36,35 +31,18 @@ bool isFromUser(QEvent::Type type)
 
 } // namespace
 
-qxScriptWatch::qxScriptWatch(QObject *parent) : QObject(parent)
+qxScriptWatch::qxScriptWatch(QObject *parent)
+    : QObject(parent), m_watchdog(patience, [this] { return look(); })
 {
-    current = this;
-    qxScriptPause::setLook(goOn);
-    m_sinceBeat.start();
-    m_pulse.callOnTimeout(this, [this] { m_sinceBeat.start(); });
-    m_pulse.start(pulse);
-}
-
-qxScriptWatch::~qxScriptWatch()
-{
-    qxScriptPause::setLook(nullptr);
-    current = nullptr;
-}
-
-bool qxScriptWatch::goOn()
-{
-    return current->m_sinceBeat.elapsed() < patience || current->look();
 }
 
 bool qxScriptWatch::look()
 {
     m_isStopped = false;
-    m_sinceBeat.start();
     emit stillRuns();
     qApp->installEventFilter(this);
     QCoreApplication::processEvents();
     qApp->removeEventFilter(this);
-    m_sinceBeat.start();
     return !m_isStopped;
 }
 

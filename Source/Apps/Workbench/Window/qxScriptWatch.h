@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QElapsedTimer>
+#include "Script/qxScriptWatchdog.h"
+
 #include <QObject>
-#include <QTimer>
 
 /// Keeps the program's windows painted while a script runs for long, and ends it when the user
 /// presses Escape. What the user does else meanwhile is ignored. At most one exists.
@@ -11,7 +11,6 @@ class qxScriptWatch : public QObject {
 
 public:
     explicit qxScriptWatch(QObject *parent = nullptr);
-    ~qxScriptWatch() override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -20,10 +19,8 @@ signals:
     void stillRuns();
 
 private:
-    static bool goOn();
     bool look();
 
-    QTimer m_pulse;
-    QElapsedTimer m_sinceBeat; ///< of the event loop
     bool m_isStopped = false;
+    qxScriptWatchdog m_watchdog;
 };

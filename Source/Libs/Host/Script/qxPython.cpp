@@ -1,5 +1,7 @@
 #include "Script/qxPython.h"
 
+#include <atomic>
+#include <csignal>
 #include <filesystem>
 
 namespace {
@@ -61,6 +63,35 @@ PyObject *qxPythonEvaluate(PyObject *code, PyObject *names)
     return PyEval_EvalCode(code, names, names);
 }
 
+namespace {
+
+pthread_t scriptsThread;
+std::atomic<int (*)(void *)> wanted{nullptr};
+
+void callWanted(int, const boost::python::object &)
+{
+    if (wanted.load()(nullptr) != 0)
+        boost::python::throw_error_already_set();
+}
+
+/// What another thread asks for, a script in a loop does not notice. It notices signals, and most
+/// calls that take long do so, too. By default this one does nothing.
+void installSignal()
+{
+    scriptsThread = pthread_self();
+    const boost::python::object signals = boost::python::import("signal");
+    signals.attr("signal")(SIGURG, boost::python::make_function(callWanted));
+    signals.attr("siginterrupt")(SIGURG, false);
+}
+
+} // namespace
+
+bool qxPythonCallSoon(int (*action)(void *))
+{
+    wanted = action;
+    return pthread_kill(scriptsThread, SIGURG) == 0;
+}
+
 std::string qxPythonStart()
 {
     PyPreConfig before;
@@ -78,8 +109,10 @@ std::string qxPythonStart()
     if (!PyStatus_Exception(status))
         status = Py_InitializeFromConfig(&config);
     PyConfig_Clear(&config);
-    if (!PyStatus_Exception(status))
+    if (!PyStatus_Exception(status)) {
+        installSignal();
         return std::string();
+    }
     return status.err_msg ? status.err_msg : "unknown reason";
 }
 
@@ -136,6 +169,11 @@ void makeTextOfUnicode(PyObject *object, converter::rvalue_from_python_stage1_da
 
 } // namespace
 
+bool qxPythonCallSoon(int (*action)(void *))
+{
+    return Py_AddPendingCall(action, nullptr) == 0;
+}
+
 std::string qxPythonStart()
 {
     // Python 2.7 ends the process when it misses its library.
@@ -152,6 +190,7 @@ std::string qxPythonStart()
     char *arguments[] = {noArgument};
     PySys_SetArgvEx(1, arguments, 0);
     PyUnicode_SetDefaultEncoding("utf-8");
+    Py_MakePendingCalls(); // makes the lock by which other threads add calls
     converter::registry::insert(&bytesOfUnicode, boost::python::type_id<char>());
     converter::registry::push_back(&bytesOfUnicode, &makeTextOfUnicode,
                                    boost::python::type_id<std::string>());

@@ -28,6 +28,12 @@ PyObject *qxPythonCompile(const std::string &text, const std::string &fileName, 
 /// Python error set.
 PyObject *qxPythonEvaluate(PyObject *code, PyObject *names);
 
+/// Has `action` called between the next two steps of the script that runs, on the script's thread;
+/// when it answers -1, with a Python error set, that is raised there. With Python 3 steps that take
+/// long, such as a sleep, are broken off for it. To be called on any thread, for one action at a
+/// time. False when it has to be tried again.
+bool qxPythonCallSoon(int (*action)(void *));
+
 /// Starts the interpreter, untouched by the user's environment and without signal handlers of its
-/// own; the reason when it cannot, else an empty text.
+/// own for the signals that users send; the reason when it cannot, else an empty text.
 std::string qxPythonStart();

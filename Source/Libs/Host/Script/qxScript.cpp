@@ -8,6 +8,7 @@
 #include "Script/qxScriptRunner.h"
 #include "Script/qxScriptScene.h"
 #include "Script/qxScriptSession.h"
+#include "Script/qxScriptWatchdog.h"
 
 #include <optional>
 #include <utility>
@@ -30,6 +31,7 @@ struct Outermost {
     ~Outermost() { qxScriptScene::forgetPaths(); }
 
     qxScriptInterrupt interruptible;
+    qxScriptWatchdog::Run watched;
 };
 
 /// Calls `run()` inside all that goes with running a script; its result, or one made without

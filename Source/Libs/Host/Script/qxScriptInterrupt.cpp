@@ -1,6 +1,7 @@
 #include "Script/qxScriptInterrupt.h"
 
 #include "Script/qxPython.h"
+#include "Script/qxScriptLevel.h"
 
 #include <csignal>
 
@@ -11,14 +12,19 @@ typedef struct sigaction Action;
 Action pythons; ///< sets a mark that Python sees between two steps of a script
 Action programs;
 
+/// What Python calls for the signal, between two steps of a script.
+void interrupt(int, const boost::python::object &)
+{
+    qxScriptLevel::raiseInterrupt();
+    boost::python::throw_error_already_set();
+}
+
 } // namespace
 
 void qxScriptInterrupt::install()
 {
     sigaction(SIGINT, nullptr, &programs);
-    const boost::python::object signals = boost::python::import("signal");
-    const boost::python::object handler = signals.attr("default_int_handler");
-    signals.attr("signal")(SIGINT, handler);
+    boost::python::import("signal").attr("signal")(SIGINT, boost::python::make_function(interrupt));
     sigaction(SIGINT, &programs, &pythons);
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
 /// Ctrl-C while a script runs: while one of these exists, it raises KeyboardInterrupt in the
-/// script. Before and after, the program's own way to take the signal is in force.
+/// script; a second one does so until the script ends, even if it catches that. Before and after,
+/// the program's own way to take the signal is in force; one that ignores it ignores it all along.
 class qxScriptInterrupt {
 public:
     qxScriptInterrupt();

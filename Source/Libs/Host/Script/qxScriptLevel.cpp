@@ -11,6 +11,13 @@ int depth = 0;
 bool inLeaf = false;
 PyObject *ending = nullptr; ///< the exception that scripts are being ended with
 bool raisePending = false;
+int interrupts = 0; ///< of the scripts that run
+
+/// Whether a text of the application runs, called by a script.
+bool isBusyForAScript()
+{
+    return inLeaf && depth > 1;
+}
 
 PyObject *stopException()
 {
@@ -26,7 +33,7 @@ PyObject *stopException()
 int raiseEnding(void *)
 {
     raisePending = false;
-    if (!ending || inLeaf)
+    if (!ending || isBusyForAScript())
         return 0;
     PyObject *const exception = ending;
     if (depth == 1)
@@ -35,6 +42,18 @@ int raiseEnding(void *)
         PyErr_SetString(exception, "scripts call each other too deeply");
     else
         PyErr_SetNone(exception);
+    return -1;
+}
+
+/// Runs between two steps of Python code, and asks for that again.
+int raiseAgain(void *)
+{
+    if (interrupts == 0)
+        return 0;
+    Py_AddPendingCall(raiseAgain, nullptr);
+    if (isBusyForAScript())
+        return 0;
+    PyErr_SetNone(PyExc_KeyboardInterrupt);
     return -1;
 }
 
@@ -64,8 +83,10 @@ qxScriptLevel::~qxScriptLevel()
 {
     --depth;
     inLeaf = m_outerLeaf;
-    if (depth == 0)
+    if (depth == 0) {
         ending = nullptr;
+        interrupts = 0;
+    }
     if (ending && !raisePending)
         raisePending = Py_AddPendingCall(raiseEnding, nullptr) == 0;
 }
@@ -73,6 +94,13 @@ qxScriptLevel::~qxScriptLevel()
 bool qxScriptLevel::isNested()
 {
     return depth > 1;
+}
+
+void qxScriptLevel::raiseInterrupt()
+{
+    PyErr_SetNone(PyExc_KeyboardInterrupt);
+    if (depth > 0 && ++interrupts == 2)
+        Py_AddPendingCall(raiseAgain, nullptr);
 }
 
 void qxScriptLevel::interrupt()

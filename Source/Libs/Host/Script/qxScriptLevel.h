@@ -21,6 +21,10 @@ public:
 
     /// Whether a script runs inside another one.
     static bool isNested();
+    /// Sets the Python error by which the user interrupts the innermost script. From the second
+    /// time on it comes back at every step until all scripts have ended: none can catch it for
+    /// good.
+    static void raiseInterrupt();
     /// Ends all scripts after the user interrupted the innermost.
     static void interrupt();
     /// Whether `type` is the exception that ends scripts which went too deep.

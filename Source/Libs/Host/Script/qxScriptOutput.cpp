@@ -1,20 +1,47 @@
 #include "Script/qxScriptOutput.h"
 
 #include "Script/qxPython.h"
+#include "Script/qxScriptLevel.h"
 #include "Script/qxScriptRunner.h"
 
 #include <boost/python/stl_iterator.hpp>
 
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
 namespace python = boost::python;
 
-std::FILE *&destination()
+/// Where goes what scripts print: to `lines` if that is set.
+struct Destination {
+    std::FILE *file = stdout;
+    std::function<void(const std::string &)> lines;
+    std::string begun; ///< the last line, as long as it has no end
+};
+
+Destination &destination()
 {
-    static std::FILE *file = stdout;
-    return file;
+    static Destination destination;
+    return destination;
+}
+
+/// Hands the line on, by which scripts could be led to print again.
+void endLine()
+{
+    const std::string line = std::exchange(destination().begun, std::string());
+    if (const auto lines = destination().lines)
+        lines(line);
+}
+
+void addToLines(const std::string &text)
+{
+    for (const char each : text) {
+        if (each == '\n')
+            endLine();
+        else
+            destination().begun += each;
+    }
 }
 
 qxScriptOutput::Capture *capturing = nullptr;
@@ -38,7 +65,7 @@ public:
     int fileno() const { return ::fileno(file()); }
 
 private:
-    std::FILE *file() const { return m_errors ? stderr : destination(); }
+    std::FILE *file() const { return m_errors ? stderr : destination().file; }
 
     bool m_errors;
 };
@@ -62,15 +89,19 @@ void qxScriptOutput::install()
 
 void qxScriptOutput::flush()
 {
-    std::fflush(destination());
+    if (!destination().begun.empty() && !qxScriptLevel::isNested())
+        endLine();
+    std::fflush(destination().file);
 }
 
 void qxScriptOutput::write(const std::string &text, bool toErrors)
 {
     if (capturing && !toErrors)
         capturing->m_text += text;
+    else if (destination().lines)
+        addToLines(text);
     else
-        std::fwrite(text.data(), 1, text.size(), toErrors ? stderr : destination());
+        std::fwrite(text.data(), 1, text.size(), toErrors ? stderr : destination().file);
 }
 
 qxScriptOutput::Capture::Capture() : m_outer(capturing)
@@ -85,5 +116,10 @@ qxScriptOutput::Capture::~Capture()
 
 void qxScriptRunner::setOutput(std::FILE *output)
 {
-    destination() = output;
+    destination() = {output, nullptr, std::string()};
+}
+
+void qxScriptRunner::setOutput(const std::function<void(const std::string &line)> &output)
+{
+    destination() = {stderr, output, std::string()};
 }

@@ -37,6 +37,8 @@ public:
 
     /// Where goes what scripts print: standard output at start. Errors of scripts go to the log.
     static void setOutput(std::FILE *output);
+    /// The same, line by line and without line breaks, with what scripts write to sys.stderr.
+    static void setOutput(const std::function<void(const std::string &line)> &output);
 
     /// Hears every text given to qxScript::run and executeNUS, before it runs, until
     /// removeListener is called with the id.

@@ -3,6 +3,7 @@
 #include <QTextCodec>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -11,6 +12,19 @@ namespace {
 constexpr int DeepestNesting = 256;
 
 constexpr std::size_t None = std::string_view::npos;
+
+/// Whether in the encoding of that number every ASCII byte stands for its character, wherever it
+/// is. The numbers are those of IANA's list of character sets.
+bool keepsAscii(int encoding)
+{
+    // ASCII and ISO 8859, UTF-8, ISO 8859, DOS, Macintosh, KOI8, Windows
+    const std::pair<int, int> ranges[] = {{3, 13},      {106, 106},   {109, 112},
+                                          {2009, 2009}, {2027, 2027}, {2084, 2084},
+                                          {2086, 2086}, {2088, 2088}, {2250, 2259}};
+    return std::any_of(std::begin(ranges), std::end(ranges), [encoding](const auto &each) {
+        return encoding >= each.first && encoding <= each.second;
+    });
+}
 
 /// Goes over the markup of a document, as far as it is well-formed.
 class Scan {
@@ -124,20 +138,17 @@ bool Scan::checkEncoding()
     const bool hasMark = isAt("\xEF\xBB\xBF");
     if (m_text.substr(hasMark ? 3 : 0, 5) != "<?xml")
         return true;
-    const std::string_view declaration = m_text.substr(0, m_text.find("?>"));
+    const std::string_view declaration = m_text.substr(0, m_text.find('>'));
     const std::size_t word = declaration.find("encoding");
     const std::size_t quote = declaration.find_first_of("\"'", std::min(word, declaration.size()));
     if (quote == None)
         return true;
-    const std::size_t length = declaration.substr(quote + 1).find(declaration[quote]);
-    const std::string_view found = declaration.substr(quote + 1, length);
-    const QByteArray encoding = QByteArray(found.data(), int(found.size())).toLower();
-    for (const char *plain : {"utf-8", "us-ascii", "iso-8859-", "windows-125", "latin1"}) {
-        if (encoding.startsWith(plain))
-            return true;
-    }
-    // The parser takes what it does not know for UTF-8.
-    return !QTextCodec::codecForName(encoding) || fail("the encoding is not supported");
+    const std::string_view found = declaration.substr(quote + 1);
+    const std::string_view name = found.substr(0, found.find_first_of("\"'"));
+    // The parser knows many spellings, and takes what it does not know for UTF-8.
+    const QTextCodec *const codec =
+        QTextCodec::codecForName(QByteArray(name.data(), int(name.size())));
+    return !codec || keepsAscii(codec->mibEnum()) || fail("the encoding is not supported");
 }
 
 qxDocumentError Scan::error() const

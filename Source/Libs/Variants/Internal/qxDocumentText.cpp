@@ -8,7 +8,7 @@
 
 namespace {
 
-int lostTexts = 0;
+qxDocumentLoss *current = nullptr;
 
 /// Whether XML 1.0 has the character at `index`, and the parser takes it: a parser of Qt 5 loses
 /// the rest of the document at a U+FFFE or U+FFFF.
@@ -32,16 +32,20 @@ int firstUnwritable(const QString &text)
     return index;
 }
 
-QString writable(const QString &text)
+bool isWhole(const QString &text)
 {
-    const int good = firstUnwritable(text);
-    if (good == text.size())
-        return text;
-    ++lostTexts;
-    QString kept = text.left(good);
-    for (int index = good + 1; index < text.size(); ++index) {
+    return firstUnwritable(text) == text.size();
+}
+
+/// The text with `replacement` in the place of each character that a document cannot hold.
+QString without(const QString &text, const QString &replacement)
+{
+    QString kept;
+    for (int index = 0; index < text.size(); ++index) {
         if (isWritable(text, index))
             kept.append(text.at(index));
+        else
+            kept.append(replacement);
     }
     return kept;
 }
@@ -91,7 +95,12 @@ void apply(const QDomElement &element, const QString &name, QString &target)
 
 void setText(QDomElement &element, const QString &name, const QString &text)
 {
-    element.setAttribute(name, writable(text));
+    element.setAttribute(name, qxDocumentLoss::writable(text));
+}
+
+void setName(QDomElement &element, const QString &attribute, const QString &name)
+{
+    element.setAttribute(attribute, qxDocumentLoss::writableName(name));
 }
 
 void setFlag(QDomElement &element, const QString &name, bool value)
@@ -110,7 +119,7 @@ QDomElement appendText(QDomElement &parent, const QString &tag, const QString &t
 {
     QDomDocument document = parent.ownerDocument();
     QDomElement child = appendElement(parent, tag);
-    const QString content = writable(text);
+    const QString content = qxDocumentLoss::writable(text);
     if (needsCData(content))
         child.appendChild(document.createCDATASection(content));
     else
@@ -118,17 +127,60 @@ QDomElement appendText(QDomElement &parent, const QString &tag, const QString &t
     return child;
 }
 
-LossReport::LossReport()
+} // namespace qxDocumentText
+
+qxDocumentLoss::qxDocumentLoss(QSet<QString> (*allNames)()) : m_allNames(allNames)
 {
-    lostTexts = 0;
+    if (!current)
+        current = this;
 }
 
-LossReport::~LossReport()
+qxDocumentLoss::~qxDocumentLoss()
 {
-    if (lostTexts > 0)
+    if (current != this)
+        return;
+    current = nullptr;
+    if (m_lostTexts > 0)
         qxLog::warning("Saving variants: characters that a document cannot hold were left out of "
                        "%d texts.\n",
-                       lostTexts);
+                       m_lostTexts);
 }
 
-} // namespace qxDocumentText
+QString qxDocumentLoss::writable(const QString &text)
+{
+    if (isWhole(text))
+        return text;
+    ++current->m_lostTexts;
+    return without(text, QString());
+}
+
+QString qxDocumentLoss::writableName(const QString &name)
+{
+    if (isWhole(name))
+        return name;
+    ++current->m_lostTexts;
+    if (current->m_names.isEmpty())
+        current->m_taken = current->m_allNames();
+    QString &known = current->m_names[name];
+    if (known.isEmpty())
+        known = current->newName(name);
+    return known;
+}
+
+QString qxDocumentLoss::newName(const QString &name)
+{
+    const QString bare = without(name, QString());
+    const QString base = bare.isEmpty() ? QStringLiteral("Unnamed") : bare;
+    QString free = base;
+    int &last = m_lastNumbers[base];
+    while (m_taken.contains(free)) {
+        last = qMax(last, 1) + 1;
+        free = base + QLatin1Char(' ') + QString::number(last);
+    }
+    m_taken.insert(free);
+    if (free != bare)
+        qxLog::warning("Saving variants: the name \"%s\" is written as \"%s\".\n",
+                       without(name, QString(QChar::ReplacementCharacter)).toUtf8().constData(),
+                       free.toUtf8().constData());
+    return free;
+}

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QDomElement>
+#include <QHash>
+#include <QSet>
 
 /// Texts on their way into a document and out of it.
 namespace qxDocumentText {
@@ -28,6 +30,10 @@ void forEachChild(const QDomElement &parent, const Action &action)
 
 /// Sets an attribute; characters that a document cannot hold are left out.
 void setText(QDomElement &element, const QString &name, const QString &text);
+/// Sets an attribute to a name of something. One with characters that a document cannot hold
+/// becomes a name that nothing else has, the same each time while an outermost qxDocumentLoss
+/// lives.
+void setName(QDomElement &element, const QString &attribute, const QString &name);
 /// Sets a flag as 1 or 0.
 void setFlag(QDomElement &element, const QString &name, bool value);
 /// Appends a child without content.
@@ -35,13 +41,28 @@ QDomElement appendElement(QDomElement &parent, const QString &tag);
 /// Appends a child with one text in it; characters that a document cannot hold are left out.
 QDomElement appendText(QDomElement &parent, const QString &tag, const QString &text);
 
-/// Counts, while it lives, the texts that lost characters, and reports them at its end.
-class LossReport {
-public:
-    LossReport();
-    ~LossReport();
-    LossReport(const LossReport &) = delete;
-    LossReport &operator=(const LossReport &) = delete;
-};
-
 } // namespace qxDocumentText
+
+/// Notes, while it lives, what texts lose on their way into a document, and reports it at its end.
+/// Texts are written only while one lives; those inside another one leave all to that.
+class qxDocumentLoss {
+public:
+    /// `allNames` gives every name that may be written. It is called when the first one cannot be.
+    explicit qxDocumentLoss(QSet<QString> (*allNames)());
+    ~qxDocumentLoss();
+    qxDocumentLoss(const qxDocumentLoss &) = delete;
+    qxDocumentLoss &operator=(const qxDocumentLoss &) = delete;
+
+    /// The text without characters that a document cannot hold.
+    static QString writable(const QString &text);
+    static QString writableName(const QString &name);
+
+private:
+    QString newName(const QString &name);
+
+    QSet<QString> (*const m_allNames)();
+    int m_lostTexts = 0;
+    QHash<QString, QString> m_names; ///< what is written for those that a document cannot hold
+    QSet<QString> m_taken;
+    QHash<QString, int> m_lastNumbers; ///< behind names to make them unique
+};

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+/// Sees to it that no script keeps the program's thread for good. At most one exists.
+class qxScriptWatchdog {
+public:
+    typedef std::chrono::milliseconds Time;
+
+    /// A script that has run for `patience` is interrupted by a call of `look`, between two of its
+    /// steps and on its own thread, and so again and again. When that answers false the script ends
+    /// with KeyboardInterrupt; one that catches it is ended all the same `patience` later.
+    /// A step that takes long, such as a sleep, is waited for.
+    qxScriptWatchdog(Time patience, const std::function<bool()> &look);
+    qxScriptWatchdog(const qxScriptWatchdog &) = delete;
+    ~qxScriptWatchdog();
+
+    /// A script that is not inside another one, while it runs.
+    struct Run {
+        Run();
+        Run(const Run &) = delete;
+        ~Run();
+    };
+
+private:
+    static int interrupt(void *);
+    bool endsScript();
+    void setWatching(bool isWatching);
+    void watch();
+
+    const Time m_patience;
+    const std::function<bool()> m_look;
+    bool m_isRunning = false;
+    bool m_isEnding = false; ///< the script that runs
+
+    std::mutex m_mutex; ///< of what follows
+    std::condition_variable m_turned;
+    bool m_isOver = false;
+    bool m_isWatching = false; ///< for `patience` from the last turn on
+    unsigned int m_turn = 0;
+    std::thread m_thread;
+};
