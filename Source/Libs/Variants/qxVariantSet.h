@@ -14,7 +14,6 @@ class qxLightVariant;
 class qxMaterialVariant;
 class qxNodeVariant;
 class qxOverlayVariant;
-class qxSceneNames;
 class qxTransformVariant;
 class qxVariantGroup;
 
@@ -188,8 +187,6 @@ public:
 
 private:
     friend class qxSetUse;
-    friend class qxVariants;
-    void optimize(qxSceneNames &scene);
 
     int m_uses = 0;
     bool m_isRemoved = false; ///< left the registry and is deleted after its last use

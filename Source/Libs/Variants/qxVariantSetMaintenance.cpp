@@ -166,7 +166,7 @@ bool qxVariantSet::isEmpty()
 bool qxVariantSet::isUsed()
 {
     const qxFindCache cache(!isEmpty());
-    qxSceneNames scene;
+    const qxSceneNames scene;
     return leadsToScene<qxNodeVariant>(*this, isNode)
         || leadsToScene<qxMaterialVariant>(
                *this, [](const QString &each) { return !materialsOf(each).empty(); })
@@ -190,12 +190,7 @@ void qxVariantSet::showConnectedVariants()
 void qxVariantSet::optimize()
 {
     const qxFindCache cache(!isEmpty());
-    qxSceneNames scene;
-    optimize(scene);
-}
-
-void qxVariantSet::optimize(qxSceneNames &scene)
-{
+    const qxSceneNames scene;
     keepIf<qxNodeVariant>(*this, [](const QString &each, const QString &state) {
         return nodesOffer(nodesOf(each), state);
     });

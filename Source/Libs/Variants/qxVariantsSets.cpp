@@ -118,9 +118,9 @@ bool qxVariants::hasEmptyVariantSets()
 void qxVariants::optimizeVariantSets()
 {
     const qxFindCache cache(!_variantSets.empty());
-    qxSceneNames scene; // one for all sets: gathering it goes through the whole scene
+    const qxSceneNames scene; // shared by all: gathering it goes through the whole scene
     for (qxVariantSet *set : _variantSets)
-        set->optimize(scene);
+        set->optimize();
 }
 
 qxVariantGroup *qxVariants::createVariantGroup(const QString &name, bool notify, bool visible)

@@ -9,24 +9,32 @@
 #include <set>
 #include <string>
 
-bool qxSceneNames::hasLight(const QString &name)
+std::weak_ptr<qxSceneNames::Gathered> qxSceneNames::s_shared;
+
+qxSceneNames::qxSceneNames() : m_gathered(s_shared.lock())
 {
-    if (!m_lights) {
-        m_lights.emplace();
-        for (const qxNodePtr &light : qxLights::getLights())
-            m_lights->insert(qxText::fromUtf8(qxNodeUtils::getName(light)));
-    }
-    return m_lights->contains(name);
+    if (!m_gathered)
+        s_shared = m_gathered = std::make_shared<Gathered>();
 }
 
-bool qxSceneNames::hasClip(const QString &name)
+bool qxSceneNames::hasLight(const QString &name) const
 {
-    if (!m_clips) {
-        m_clips.emplace();
+    if (!m_gathered->lights) {
+        m_gathered->lights.emplace();
+        for (const qxNodePtr &light : qxLights::getLights())
+            m_gathered->lights->insert(qxText::fromUtf8(qxNodeUtils::getName(light)));
+    }
+    return m_gathered->lights->contains(name);
+}
+
+bool qxSceneNames::hasClip(const QString &name) const
+{
+    if (!m_gathered->clips) {
+        m_gathered->clips.emplace();
         std::set<std::string> clips;
         qxAnimManager::the()->getBlockAndClipNames(clips);
         for (const std::string &clip : clips)
-            m_clips->insert(qxText::fromUtf8(clip));
+            m_gathered->clips->insert(qxText::fromUtf8(clip));
     }
-    return m_clips->contains(name);
+    return m_gathered->clips->contains(name);
 }
