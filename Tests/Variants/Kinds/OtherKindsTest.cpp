@@ -7,7 +7,6 @@
 #include "Script/qxScriptRunner.h"
 #include "qxConnector.h"
 #include "qxLights.h"
-#include "qxNodeUtils.h"
 
 namespace {
 
