@@ -1,9 +1,5 @@
 #include "HostFixture.h"
-#include "qxController.h"
-#include "qxMaterials.h"
 #include "qxModuleBase.h"
-#include "qxNodeUtils.h"
-#include "qxScenegraph.h"
 
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGGeometry.h>
@@ -91,7 +87,7 @@ TEST_F(MaterialsTest, MaterialsAreFoundInPoolOrderWithTheirContentsBehindThem)
     EXPECT_TRUE(qxMaterials::isEditable(first) && !qxMaterials::isEditable(osg::NullFC));
 }
 
-TEST_F(MaterialsTest, NamesAndFreeNamesEqualThoseOfAWalkAfterRandomChanges)
+TEST_F(MaterialsTest, NamesEqualThoseOfAWalkAfterRandomChanges)
 {
     osg::ChangeList *const changes = osg::Thread::getCurrentChangeList();
     const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
@@ -145,7 +141,7 @@ TEST_F(MaterialsTest, NamesAndFreeNamesEqualThoseOfAWalkAfterRandomChanges)
     }
 }
 
-TEST_F(MaterialsTest, ANameIsNotFoundAnyMoreThatWentWhileNothingWasRecorded)
+TEST_F(MaterialsTest, ANameThatWentWhileNothingWasRecordedIsNotFound)
 {
     const TestMaterial paint = scene.addMaterial("Paint");
     EXPECT_EQ(qxMaterials::findMaterial("Paint"), paint.material());
@@ -216,4 +212,33 @@ TEST_F(MaterialsTest, TheModuleMessageOutdatesEverythingThatWasRead)
     qxMaterials::getNodesWithMaterial(appended, other);
     qxMaterials::getNodesWithMaterial(appended, osg::NullFC);
     EXPECT_EQ(appended, (Nodes{scene.root().node(), body.node()}));
+}
+
+TEST_F(MaterialsTest, UsersAreFoundInTheEnvironmentWhileItIsThere)
+{
+    const TestMaterial sky = scene.addMaterial("Sky");
+    const TestNode body = scene.addGeometry("Body", sky);
+    const TestNode environments = scene.addEnvironments("Environments", {"Studio"});
+    const TestNode dome = scene.addGeometry("Dome", sky, environments.child(0));
+    EXPECT_EQ(users(sky), (Nodes{body.node(), dome.node()}));
+    scene.addEnvironments("Others", {});
+    EXPECT_EQ(users(sky), (Nodes{body.node()}));
+}
+
+TEST_F(MaterialsTest, WhatContainsAMaterialForTheEnvironmentIsOne)
+{
+    const TestMaterial sky = scene.addEnvironmentMaterial("Sky");
+    const TestMaterial paint = scene.addMaterial("Paint");
+    const auto passes = osg::MultiPassMaterial::create();
+    const osg::MaterialRefPtr kept{osg::MaterialPtr(passes)};
+    passes->addMaterial(paint);
+    for (const osg::MaterialPtr &other :
+         {osg::MaterialPtr(), paint.material(), osg::MaterialPtr(passes),
+          scene.addSwitchMaterial("Paints", {"Paint"}).material()})
+        EXPECT_FALSE(qxMaterials::isEnvironmentMaterial(other));
+    passes->addMaterial(sky);
+    for (const osg::MaterialPtr &made :
+         {sky.material(), osg::MaterialPtr(passes),
+          scene.addSwitchMaterial("Skies", {"Paint", "Sky"}).material()})
+        EXPECT_TRUE(qxMaterials::isEnvironmentMaterial(made));
 }

@@ -1,7 +1,5 @@
 #include "HostFixture.h"
-#include "qxController.h"
 #include "qxOverlays.h"
-#include "qxScenegraph.h"
 
 class OverlayTest : public HostFixture {
 protected:

@@ -2,7 +2,6 @@
 #include "Pictures/qxMainGlView.h"
 #include "Pictures/qxPictureProgress.h"
 #include "Pictures/qxScenePicture.h"
-#include "qxController.h"
 #include "qxImageRenderWidget.h"
 #include "qxImageWriter.h"
 #include "qxRaytracingManager.h"
@@ -21,10 +20,10 @@ osg::ImageRefPtr picture(osg::UInt32 format, int width, int height,
     return image;
 }
 
-QImage converted(const osg::ImagePtr &image)
+QImage converted(const osg::ImageRefPtr &image)
 {
     QImage result(3, 3, QImage::Format_RGB32);
-    qxImageRenderWidget::convertToQImage(result, image);
+    qxImageRenderWidget::convertToQImage(result, image.get());
     return result;
 }
 
@@ -62,40 +61,42 @@ protected:
 
 TEST_F(PicturesTest, PicturesOfTheSceneGraphAreTurnedOverForTheUserInterface)
 {
-    const auto rgb = picture(osg::Image::OSG_RGB_PF, 1, 2, {255, 0, 0, 0, 0, 255});
-    const QImage turned = converted(rgb.get());
+    const QImage turned = converted(picture(osg::Image::OSG_RGB_PF, 1, 2, {255, 0, 0, 0, 0, 255}));
     ASSERT_EQ(turned.size(), QSize(1, 2));
     EXPECT_EQ(turned.pixelColor(0, 0), QColor(0, 0, 255));
     EXPECT_EQ(turned.pixelColor(0, 1), QColor(255, 0, 0));
 
-    const auto rgba = picture(osg::Image::OSG_RGBA_PF, 1, 1, {1, 2, 3, 4});
-    EXPECT_EQ(converted(rgba.get()).pixelColor(0, 0), QColor(1, 2, 3, 4));
-    const auto bgr = picture(osg::Image::OSG_BGR_PF, 1, 1, {1, 2, 3});
-    EXPECT_EQ(converted(bgr.get()).pixelColor(0, 0), QColor(3, 2, 1));
-    const auto grey = picture(osg::Image::OSG_L_PF, 3, 1, {7, 8, 9});
-    EXPECT_EQ(converted(grey.get()).pixelColor(2, 0), QColor(9, 9, 9));
-
-    EXPECT_TRUE(converted(osg::NullFC).isNull());
-    EXPECT_TRUE(converted(osg::ImageRefPtr(osg::Image::create()).get()).isNull());
+    EXPECT_EQ(converted(picture(osg::Image::OSG_RGBA_PF, 1, 1, {1, 2, 3, 4})).pixelColor(0, 0),
+              QColor(1, 2, 3, 4));
+    EXPECT_EQ(converted(picture(osg::Image::OSG_BGR_PF, 1, 1, {1, 2, 3})).pixelColor(0, 0),
+              QColor(3, 2, 1));
+    EXPECT_EQ(converted(picture(osg::Image::OSG_L_PF, 3, 1, {7, 8, 9})).pixelColor(2, 0),
+              QColor(9, 9, 9));
+    for (const osg::ImagePtr &none : {osg::ImagePtr(), osg::Image::create()})
+        EXPECT_TRUE(converted(osg::ImageRefPtr(none)).isNull());
 }
 
-TEST_F(PicturesTest, TheMainViewIsFoundWhileItLivesAndShowsAPictureUntilANewOneIsAskedFor)
+TEST_F(PicturesTest, TheMainViewIsFoundWhileItLives)
 {
-    EXPECT_EQ(qxOSGWidget::getMGLW(-1), nullptr);
     {
-        qxMainGlView view(8, 4);
+        const qxMainGlView view(8, 4);
         EXPECT_EQ(qxOSGWidget::getMGLW(-1), &view);
         EXPECT_EQ(qxOSGWidget::getMGLW(0), &view);
         EXPECT_EQ(qxOSGWidget::getMGLW(1), nullptr);
         EXPECT_EQ(qxOSGWidget::getMGLW(-2), nullptr);
-        view.show(picture(osg::Image::OSG_RGB_PF, 1, 1, {1, 2, 3}).get());
-        QCoreApplication::processEvents();
-        EXPECT_EQ(shown(view), QByteArray("\1\2\3"));
-        qxController::updateRender(false);
-        EXPECT_EQ(shown(view).size(), 8 * 4 * 3);
     }
     EXPECT_EQ(qxOSGWidget::getMGLW(-1), nullptr);
     qxOSGWidget::cancelAntialiasing();
+}
+
+TEST_F(PicturesTest, APictureIsShownUntilANewOneIsAskedFor)
+{
+    qxMainGlView view(8, 4);
+    view.show(picture(osg::Image::OSG_RGB_PF, 1, 1, {1, 2, 3}).get());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shown(view), QByteArray("\1\2\3"));
+    qxController::updateRender(false);
+    EXPECT_EQ(shown(view).size(), 8 * 4 * 3);
 }
 
 TEST_F(PicturesTest, ARefiningPictureStaysAsItIsWhenItIsCancelled)
@@ -119,7 +120,7 @@ TEST_F(PicturesTest, ARefiningPictureStaysAsItIsWhenItIsCancelled)
     EXPECT_EQ(shown(view), halfDone);
 }
 
-TEST_F(PicturesTest, AFluentViewMovesWithFewerPixelsAndEndsWithAllOfThem)
+TEST_F(PicturesTest, AFluentViewMovesWithFewerPixels)
 {
     std::vector<int> widths;
     std::vector<float> shares;
@@ -141,7 +142,7 @@ TEST_F(PicturesTest, AFluentViewMovesWithFewerPixelsAndEndsWithAllOfThem)
     EXPECT_FALSE(captured.isRefining());
 }
 
-TEST_F(PicturesTest, ARefiningIsInterruptedByQuestionsAndEndedByARequest)
+TEST_F(PicturesTest, ARefiningIsInterruptedByQuestions)
 {
     traceRays(1000000); // which no machine ends
     qxMainGlView view(64, 64);
@@ -165,7 +166,7 @@ TEST_F(PicturesTest, ARefiningIsInterruptedByQuestionsAndEndedByARequest)
     EXPECT_TRUE(QTest::qWaitFor(isWithinAStep, 60000)) << "and it goes on by itself";
     EXPECT_LT(last, 1);
     qxRaytracingManager::getRaytracingUtils()->setImageQuality(1);
-    qxController::updateRender(false);
+    qxController::updateRender(false); // A request ends it.
     EXPECT_TRUE(isRefined(view));
     EXPECT_EQ(last, 1);
 }
@@ -203,7 +204,7 @@ TEST_F(PicturesTest, TheFastExportGivesPngBytesOnlyWhileItIsPrepared)
     EXPECT_EQ(writer.exportImageFast(), "");
 }
 
-TEST_F(PicturesTest, TheProgressOfAnExportCanBeSilencedAndEndIt)
+TEST_F(PicturesTest, TheProgressOfAnExportCanEndIt)
 {
     std::vector<double> shares;
     qxPictureProgress::setDisplay([&shares](double share) {

@@ -3,55 +3,36 @@
 
 #include "PanelFixture.h"
 #include "qxCaptureRecord.h"
-#include "qxController.h"
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
-#include "qxScenegraph.h"
 #include "qxUberCameraPool.h"
 
-#include <OpenSG/OSGSwitchMaterial.h>
-
 #include <functional>
+#include <sstream>
 
-namespace {
-
-QString nameOf(const osg::MaterialPtr &material)
+/// Writes the name of a material, and for a switch material what it holds and what is chosen.
+static std::ostream &operator<<(std::ostream &text, const TestMaterial &material)
 {
-    return QString::fromStdString(qxMaterials::getName(material));
-}
-
-/// The name of a material, and for a switch material what it holds and which of it is chosen.
-QString describe(const osg::MaterialPtr &material)
-{
-    const auto choices = osg::SwitchMaterialPtr::dcast(material);
-    if (choices == osg::NullFC)
-        return nameOf(material);
-    QStringList held;
-    for (const osg::MaterialPtr &each : choices->getMaterials())
-        held << nameOf(each);
-    return QStringLiteral("%1 {%2} %3")
-        .arg(nameOf(material), held.join(", "))
-        .arg(choices->getChoice());
+    text << material.name();
+    for (const std::string &each : material.held())
+        text << ", " << each << " of " << material.choice();
+    return text << '\n';
 }
 
 /// All that a capture may touch: nodes, materials, viewpoints, and the whole registry.
-std::string everything()
+static std::string everything()
 {
-    QStringList lines;
+    std::ostringstream text;
     for (const qxNodePtr &node : qxNodeUtils::getSceneNodes())
-        lines << QString::fromStdString(qxNodeUtils::getName(node)) + ": "
-                + describe(qxNodeUtils::getMaterial(node));
+        text << qxNodeUtils::getName(node) << ": " << TestMaterial(qxNodeUtils::getMaterial(node));
     std::vector<osg::MaterialPtr> pool;
     qxScenegraph::getMaterialPool()->get(pool);
     for (const osg::MaterialPtr &material : pool)
-        lines << describe(material);
+        text << TestMaterial(material);
     const qxUberCameraPool &cameras = *qxUberCameraPool::the();
     for (int id = 0; id < cameras.count(); ++id)
-        lines << QString::fromStdString(cameras.get(id)->name);
-    return lines.join('\n').toStdString() + qxVariantWriter().write().toStdString();
+        text << cameras.get(id)->name << '\n';
+    text << qxVariantWriter().write().toStdString();
+    return text.str();
 }
-
-} // namespace
 
 /// A scene, how it changes between the capture of the set "Red" and the next capture, and what is
 /// asked of that one.
@@ -138,7 +119,7 @@ std::vector<Scenario> scenarios()
 INSTANTIATE_TEST_SUITE_P(CaptureUndoTest, EachCaptureUndoTest, testing::ValuesIn(scenarios()),
                          [](const auto &each) { return std::string(each.param.name); });
 
-TEST_P(EachCaptureUndoTest, ACaptureAndAnUpdateAreUndoneWithAllThatTheyDid)
+TEST_P(EachCaptureUndoTest, AllThatItDidIsUndone)
 {
     GetParam().build(scene);
     captureInto(set("Red"));
@@ -238,11 +219,11 @@ TEST_F(CaptureUndoTest, WhatOthersDidSinceStays)
     captureInto(set("Red"));
     paint("Body", scene.addMaterial("Blue"));
     capture("");
-    ASSERT_EQ(nameOf(qxNodeUtils::getMaterial(body)), "Red Switch");
+    ASSERT_EQ(qxMaterials::getName(qxNodeUtils::getMaterial(body)), "Red Switch");
     paint("Body", scene.addMaterial("Green"));
     set("Red").addMaterialVariant("Red Switch", "Green");
     edits.stack()->undo();
-    EXPECT_EQ(nameOf(qxNodeUtils::getMaterial(body)), "Green");
+    EXPECT_EQ(qxMaterials::getName(qxNodeUtils::getMaterial(body)), "Green");
     EXPECT_EQ(set("Red").findMaterialVariant("Red Switch")->state, "Green");
     EXPECT_EQ(set("Red").materialSnapshots.value("Body"), "Red");
 }

@@ -36,7 +36,26 @@ protected:
         set.hotkey = key;
         set.updateShortcut();
     }
+    /// Presses a key in the widget, and lets what that announces reach the views.
+    static void press(QWidget &widget, Qt::Key key,
+                      Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(&widget, key, modifiers);
+        settle();
+    }
+    void undo()
+    {
+        sets.undoStack()->undo();
+        settle();
+    }
+    static void announce()
+    {
+        qxPanelEvents::announceEditedSets();
+        settle();
+    }
     QTreeView &list() { return *sets.findChild<QTreeView *>(); }
+    QTreeView &tree() { return *variants.findChild<QTreeView *>(); }
+    QLineEdit &search() { return *sets.findChild<QLineEdit *>("search"); }
     /// Puts the cursor on a set as a click does.
     void click(const char *name)
     {

@@ -5,11 +5,11 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
+#include "TestFiles.h"
 #include "qxPanelEvents.h"
 #include "qxSetEdits.h"
 
-#include <QAbstractItemModel>
-#include <QCoreApplication>
+#include <QtCore>
 
 /// A test with two groups of sets, which tells what a view of them reads.
 class PanelFixture : public HostFixture {
@@ -65,8 +65,3 @@ protected:
         return found.join(',');
     }
 };
-
-inline void PrintTo(const QString &text, std::ostream *out)
-{
-    *out << '"' << text.toStdString() << '"';
-}

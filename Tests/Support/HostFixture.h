@@ -3,7 +3,9 @@
 #include "Core/qxHost.h"
 #include "NotificationLog.h"
 #include "TestScene.h"
+#include "qxController.h"
 #include "qxLog.h"
+#include "qxMaterials.h"
 
 #include <gtest/gtest.h>
 

@@ -2,36 +2,11 @@
 
 #include "qxController.h"
 
-#include <QString>
+#include <QStringList>
 
+#include <algorithm>
 #include <ostream>
 #include <sstream>
-
-namespace {
-
-std::string asText(const std::string &text)
-{
-    return text;
-}
-
-std::string asText(const QString &text)
-{
-    return text.toStdString();
-}
-
-template <class Text>
-bool addList(const boost::any &value, std::string &text)
-{
-    const auto *const list = boost::any_cast<std::vector<Text>>(&value);
-    if (!list)
-        return false;
-    for (const Text &entry : *list)
-        text += (text.empty() ? "" : ", ") + asText(entry);
-    text = "[" + text + "]";
-    return true;
-}
-
-} // namespace
 
 std::string textOf(const boost::any &value)
 {
@@ -39,10 +14,16 @@ std::string textOf(const boost::any &value)
         return *text;
     if (void *const *object = boost::any_cast<void *>(&value))
         return addressOf(*object);
-    std::string list;
-    if (addList<std::string>(value, list) || addList<QString>(value, list))
-        return list;
-    return std::string("<") + value.type().name() + ">";
+    QStringList texts;
+    if (const auto *const list = boost::any_cast<std::vector<std::string>>(&value)) {
+        for (const std::string &entry : *list)
+            texts << QString::fromStdString(entry);
+    } else if (const auto *const names = boost::any_cast<std::vector<QString>>(&value)) {
+        for (const QString &entry : *names)
+            texts << entry;
+    } else
+        return std::string("<") + value.type().name() + ">";
+    return "[" + texts.join(", ").toStdString() + "]";
 }
 
 std::string addressOf(const void *object)
@@ -113,9 +94,7 @@ std::vector<std::string> NotificationLog::lines() const
 std::vector<Notification> NotificationLog::all(const std::string &name) const
 {
     std::vector<Notification> found;
-    for (const Notification &entry : m_entries) {
-        if (entry.name == name)
-            found.push_back(entry);
-    }
+    std::copy_if(m_entries.begin(), m_entries.end(), std::back_inserter(found),
+                 [&name](const Notification &entry) { return entry.name == name; });
     return found;
 }

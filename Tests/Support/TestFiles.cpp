@@ -22,6 +22,11 @@ QString TestFolder::made(const QString &name) const
     return path(name);
 }
 
+QString testData(const QString &name)
+{
+    return QStringLiteral(QX_TEST_DATA "/") + name;
+}
+
 QByteArray bytesOf(const QString &path)
 {
     QFile in(path);
@@ -31,7 +36,7 @@ QByteArray bytesOf(const QString &path)
 
 QByteArray sceneWith(const char *name, const QByteArray &document)
 {
-    const QString path = QStringLiteral(QX_TEST_DATA "/Scenes/%1.").arg(name);
+    const QString path = testData(QStringLiteral("Scenes/%1.").arg(name));
     const QByteArray text = document.isNull() ? bytesOf(path + "xml") : document;
     const QJsonDocument extras(QJsonObject{{"qxVariants", QString::fromUtf8(text)}});
     const QByteArray scenes = "\"scenes\": [{";

@@ -18,6 +18,8 @@ protected:
     QTemporaryDir folder;
 };
 
+/// The path of a file in Tests/Data.
+QString testData(const QString &name);
 /// What the file holds; one that cannot be read fails the test.
 QByteArray bytesOf(const QString &path);
 /// The scene of that name in Tests/Data/Scenes with this variants document; with the one beside it

@@ -8,9 +8,7 @@
 #include "Scene/qxTransformStates.h"
 #include "qxAnimManager.h"
 #include "qxMaterials.h"
-#include "qxNodeUtils.h"
 #include "qxOverlays.h"
-#include "qxScenegraph.h"
 #include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGGeometry.h>
@@ -32,6 +30,13 @@ Switch asSwitch(const Object &object, const std::string &name)
     if (found == osg::NullFC)
         throw std::logic_error(name + " is no switch");
     return found;
+}
+
+template <class Switch, class Choice>
+void setChoice(const typename Switch::Ptr &object, Choice choice)
+{
+    const osg::CPEditor edit(object, Switch::ChoiceFieldMask);
+    object->setChoice(choice);
 }
 
 TestNode place(const osg::NodePtr &node, const osg::NodePtr &parent)
@@ -76,22 +81,16 @@ osg::Matrix movedAlongX(unsigned int distance)
     return matrix;
 }
 
+template <class Core>
+typename Core::Ptr coreWith(const osg::MaterialPtr &material)
+{
+    const typename Core::Ptr core = Core::create();
+    const osg::CPEditor edit(core, Core::MaterialFieldMask);
+    core->setMaterial(material);
+    return core;
+}
+
 } // namespace
-
-osg::NodeCorePtr TestNode::core() const
-{
-    return m_node->getCore();
-}
-
-std::string TestNode::name() const
-{
-    return qxNodeUtils::getName(m_node);
-}
-
-TestNode TestNode::child(unsigned int index) const
-{
-    return m_node->getChild(index);
-}
 
 int TestNode::choice() const
 {
@@ -103,20 +102,11 @@ int TestNode::choice() const
 const TestNode &TestNode::choose(int choice) const
 {
     const auto transform = osg::SwitchComponentTransformPtr::dcast(core());
-    if (transform != osg::NullFC) {
-        const osg::CPEditor edit(transform, osg::SwitchComponentTransform::ChoiceFieldMask);
-        transform->setChoice(osg::UInt32(choice));
-        return *this;
-    }
-    const auto choices = asSwitch<osg::SwitchPtr>(core(), name());
-    const osg::CPEditor edit(choices, osg::Switch::ChoiceFieldMask);
-    choices->setChoice(choice);
+    if (transform != osg::NullFC)
+        setChoice<osg::SwitchComponentTransform>(transform, osg::UInt32(choice));
+    else
+        setChoice<osg::Switch>(asSwitch<osg::SwitchPtr>(core(), name()), choice);
     return *this;
-}
-
-osg::UInt32 TestNode::mask() const
-{
-    return m_node->getTravMask();
 }
 
 const TestNode &TestNode::setMask(osg::UInt32 mask) const
@@ -152,9 +142,7 @@ unsigned int TestMaterial::choice() const
 
 const TestMaterial &TestMaterial::choose(unsigned int choice) const
 {
-    const auto choices = asSwitch<osg::SwitchMaterialPtr>(m_material, name());
-    const osg::CPEditor edit(choices, osg::SwitchMaterial::ChoiceFieldMask);
-    choices->setChoice(choice);
+    setChoice<osg::SwitchMaterial>(asSwitch<osg::SwitchMaterialPtr>(m_material, name()), choice);
     return *this;
 }
 
@@ -167,11 +155,6 @@ std::vector<std::string> TestMaterial::held() const
             names.push_back(qxMaterials::getName(each));
     }
     return names;
-}
-
-TestNode TestScene::root() const
-{
-    return qxScenegraph::getRoot();
 }
 
 TestNode TestScene::add(const std::string &name, const osg::NodePtr &parent)
@@ -219,23 +202,13 @@ TestNode TestScene::addPoses(const std::string &name, const Names &states,
 TestNode TestScene::addGeometry(const std::string &name, const osg::MaterialPtr &material,
                                 const osg::NodePtr &parent)
 {
-    const osg::GeometryPtr core = osg::Geometry::create();
-    {
-        const osg::CPEditor edit(core, osg::Geometry::MaterialFieldMask);
-        core->setMaterial(material);
-    }
-    return append(name, core, parent);
+    return append(name, coreWith<osg::Geometry>(material), parent);
 }
 
 TestNode TestScene::addMaterialGroup(const std::string &name, const osg::MaterialPtr &material,
                                      const osg::NodePtr &parent)
 {
-    const osg::MaterialGroupPtr core = osg::MaterialGroup::create();
-    {
-        const osg::CPEditor edit(core, osg::MaterialGroup::MaterialFieldMask);
-        core->setMaterial(material);
-    }
-    return append(name, core, parent);
+    return append(name, coreWith<osg::MaterialGroup>(material), parent);
 }
 
 TestNode TestScene::addLight(const std::string &name, const osg::NodePtr &parent)

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "qxNodePtr.h"
+#include "qxNodeUtils.h"
+#include "qxScenegraph.h"
 
 #include <OpenSG/OSGMaterial.h>
 
@@ -14,17 +15,17 @@ public:
 
     osg::NodePtr node() const { return m_node; }
     operator osg::NodePtr() const { return m_node; }
-    osg::NodeCorePtr core() const;
+    osg::NodeCorePtr core() const { return m_node->getCore(); }
     /// The name by the host's rule.
-    std::string name() const;
-    TestNode child(unsigned int index) const;
+    std::string name() const { return qxNodeUtils::getName(m_node); }
+    TestNode child(unsigned int index) const { return m_node->getChild(index); }
 
     /// The choice of a switch or of a transform switch; a node that is neither fails the test.
     int choice() const;
     const TestNode &choose(int choice) const;
 
     /// The traversal mask: 0xFFFFFFFF shown, 0 hidden.
-    osg::UInt32 mask() const;
+    osg::UInt32 mask() const { return m_node->getTravMask(); }
     const TestNode &setMask(osg::UInt32 mask) const;
     bool shown() const { return mask() == 0xFFFFFFFF; }
 
@@ -62,7 +63,7 @@ class TestScene {
 public:
     typedef std::vector<std::string> Names;
 
-    TestNode root() const;
+    TestNode root() const { return qxScenegraph::getRoot(); }
     TestNode add(const std::string &name, const osg::NodePtr &parent = osg::NullFC);
     TestNode addTransform(const std::string &name, const osg::NodePtr &parent = osg::NullFC);
     /// A switch with a group of each name as its children; its choice is -1.

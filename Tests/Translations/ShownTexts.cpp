@@ -82,7 +82,6 @@ Catalogue::Catalogue()
         const QDomNodeList forms = translation.elementsByTagName("numerusform");
         for (int form = 0; form < qMax(1, forms.size()); ++form) {
             const QDomElement german = forms.isEmpty() ? translation : forms.at(form).toElement();
-            contexts << message.parentNode().firstChildElement("name").text();
             m_texts.append(
                 {pattern(message.firstChildElement("source").text()), pattern(german.text())});
         }
@@ -102,12 +101,9 @@ bool Catalogue::isEnglish(const QString &text) const
     return isFound;
 }
 
-QStringList Catalogue::contextsOf(const QString &english) const
+bool Catalogue::knows(const QString &english) const
 {
-    QStringList found;
-    for (int number = 0; number < m_texts.size(); ++number) {
-        if (m_texts[number].first.match(english).hasMatch())
-            found << contexts[number];
-    }
-    return found;
+    return std::any_of(m_texts.begin(), m_texts.end(), [&english](const auto &each) {
+        return each.first.match(english).hasMatch();
+    });
 }

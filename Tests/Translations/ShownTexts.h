@@ -23,10 +23,8 @@ public:
 
     /// Whether the text is an English one that has another translation.
     bool isEnglish(const QString &text) const;
-    /// The contexts of the English text.
-    QStringList contextsOf(const QString &english) const;
-
-    QStringList contexts; ///< those of all messages, in their order
+    /// Whether it is the English text of a message.
+    bool knows(const QString &english) const;
 
 private:
     QVector<QPair<QRegularExpression, QRegularExpression>> m_texts; ///< English and German ones

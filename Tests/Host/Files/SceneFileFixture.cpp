@@ -2,10 +2,7 @@
 
 #include "OSGOverlayCore.h"
 #include "qxLights.h"
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
 #include "qxOverlays.h"
-#include "qxScenegraph.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitchMaterial.h>
@@ -168,32 +165,13 @@ qxJson jsonOf(const QString &path)
     return qxJson::parse(text.toStdString());
 }
 
+qxJson sample(const char *name)
+{
+    return jsonOf(testData(QStringLiteral("Scenes/%1.gltf").arg(name)));
+}
+
 QByteArray binOf(const QString &path)
 {
     const QByteArray bytes = bytesOf(path);
     return bytes.mid(20 + int(qFromLittleEndian<quint32>(bytes.constData() + 12)));
-}
-
-int MeshText::addBytes(const char *type, int componentType, const QByteArray &bytes, int count)
-{
-    views.push_back({{"buffer", 0}, {"byteOffset", m_bytes.size()}, {"byteLength", bytes.size()}});
-    accessors.push_back({{"bufferView", views.size() - 1},
-                         {"componentType", componentType},
-                         {"count", count},
-                         {"type", type}});
-    m_bytes.append(bytes).append((4 - bytes.size() % 4) % 4, '\0');
-    return int(accessors.size()) - 1;
-}
-
-qxJson MeshText::scene() const
-{
-    const QByteArray uri = "data:application/octet-stream;base64," + m_bytes.toBase64();
-    qxJson json = qxJson::parse(sceneText(R"("scene": 0, "scenes": [{"nodes": [0]}],
-        "nodes": [{"name": "Part", "mesh": 0}], "meshes": [{"name": "Shape"}])"));
-    json["meshes"][0]["primitives"].push_back(primitive);
-    json["meshes"][0]["primitives"][0]["attributes"] = attributes;
-    json["buffers"].push_back({{"byteLength", m_bytes.size()}, {"uri", uri.toStdString()}});
-    json["bufferViews"] = views;
-    json["accessors"] = accessors;
-    return json;
 }

@@ -7,8 +7,6 @@
 
 #include <OpenSG/OSGGeometry.h>
 
-#include <vector>
-
 /// The text of a scene file that has these members behind its "asset".
 QByteArray sceneText(const QByteArray &members);
 
@@ -19,6 +17,7 @@ protected:
     QString write(const QString &name, const qxJson &json) const;
     /// Clears the scene and loads the file; fails the test with the reason when that fails.
     void load(const QString &file);
+    void load(const qxJson &json) { load(write("scene.gltf", json)); }
     /// The same with a file that has these members.
     void loadText(const QByteArray &members) { load(write("scene.gltf", sceneText(members))); }
     /// Saves the scene, if need be into a new folder; fails the test with the reason when that
@@ -42,7 +41,6 @@ protected:
     osg::GeometryPtr part(unsigned int index = 0, const char *node = "Part") const;
     static void setMaterial(const osg::GeometryPtr &geometry, const osg::MaterialPtr &material);
 
-    const std::vector<float> triangle{0, 0, 0, 1, 0, 0, 0, 1, 0};
     qxSceneFile file;
 };
 
@@ -50,36 +48,7 @@ protected:
 std::string lookOf(const osg::GeometryPtr &geometry);
 /// The JSON of a .gltf or of a .glb.
 qxJson jsonOf(const QString &path);
+/// The JSON of that scene in Tests/Data/Scenes.
+qxJson sample(const char *name);
 /// The BIN chunk of a .glb, from its header on, with everything behind it.
 QByteArray binOf(const QString &path);
-
-/// Makes a scene whose one mesh has one primitive, accessor by accessor.
-class MeshText {
-public:
-    MeshText() = default;
-    explicit MeshText(const std::vector<float> &positions)
-    {
-        attributes["POSITION"] = addPositions(positions);
-    }
-    /// Adds an accessor over these values and returns its index.
-    template <class T>
-    int add(const char *type, int componentType, const std::vector<T> &values, int perElement)
-    {
-        return addBytes(type, componentType,
-                        QByteArray(reinterpret_cast<const char *>(values.data()),
-                                   int(values.size() * sizeof(T))),
-                        int(values.size()) / perElement);
-    }
-    int addBytes(const char *type, int componentType, const QByteArray &bytes, int count);
-    int addPositions(const std::vector<float> &values) { return add("VEC3", 5126, values, 3); }
-    /// The finished scene: node 0 "Part" with the mesh "Shape".
-    qxJson scene() const;
-
-    qxJson accessors = qxJson::array();
-    qxJson views = qxJson::array();
-    qxJson primitive = qxJson::object();
-    qxJson attributes = qxJson::object(); ///< of the primitive
-
-private:
-    QByteArray m_bytes;
-};

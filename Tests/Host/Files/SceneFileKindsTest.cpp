@@ -1,53 +1,37 @@
 #include "Files/SceneFileFixture.h"
 #include "OSGUberLight.h"
+#include "qxAnimManager.h"
 #include "qxLights.h"
-#include "qxMaterials.h"
 #include "qxOverlays.h"
-#include "qxScenegraph.h"
+#include "qxUberCameraPool.h"
 
+#include <OpenSG/OSGQuaternion.h>
 #include <OpenSG/OSGSimpleMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
 namespace {
 
-const char *const _lamps = R"(
-  "extensionsUsed": ["KHR_lights_punctual"],
-  "extensions": {"KHR_lights_punctual": {"lights": [
-    {"type": "spot", "name": "Bulb", "color": [1, 0.5, 0.1], "intensity": 40, "range": 7,
-     "spot": {"innerConeAngle": 0.1, "outerConeAngle": 0.3}, "extras": {"maker": "X"}},
-    {"type": "laser"}]}},
-  "nodes": [
-    {"name": "Left", "translation": [1, 0, 0], "children": [3],
-     "extensions": {"KHR_lights_punctual": {"light": 0}}},
-    {"name": "Right", "extensions": {"KHR_lights_punctual": {"light": 0}},
-     "extras": {"qxLightOn": false}},
-    {"name": "Odd", "extensions": {"KHR_lights_punctual": {"light": 1}}},
-    {"name": "Shade"}])";
-
-/// Parts that share the default material "Red", which the second maps otherwise, and a mesh that
-/// nothing shows.
-qxJson paints()
+qxUberCamera camera(const char *name, float fieldOfView, float height)
 {
-    MeshText text({0, 0, 0, 1, 0, 0, 0, 1, 0});
-    text.primitive["material"] = 0;
-    qxJson json = text.scene();
-    json["materials"] = {{{"name", "Red"}}, {{"name", "Blue"}}, {{"name", "Red"}}, {{"x", 1}}};
-    json["extensions"]["KHR_materials_variants"]["variants"] = {
-        {{"name", "Cold"}}, {{"name", "Cold"}}, {{"name", 7}}};
-    qxJson &parts = json["meshes"][0]["primitives"];
-    parts = {parts[0], parts[0], parts[0], parts[0]};
-    const auto map = [&parts](std::size_t part, const qxJson &mappings) {
-        parts[part]["extensions"]["KHR_materials_variants"]["mappings"] = mappings;
-    };
-    const qxJson first = {{{"material", 1}, {"variants", {0}}},
-                          {{"material", 2}, {"variants", {1}}}};
-    map(0, first);
-    map(1, {{{"material", 3}, {"variants", {2, 0}}}});
-    map(2, first);
-    parts[3].erase("material");
-    map(3, {qxJson::object(), {{"material", 1}, {"variants", {1, 9}}}});
-    json["meshes"].push_back({{"primitives", {parts[0]}}});
-    return json;
+    qxUberCamera made;
+    made.name = name;
+    made.fieldOfView = fieldOfView;
+    made.height = height;
+    made.farPlane = 40;
+    made.toWorld.setTransform(osg::Vec3f(1, 2, 3), osg::Quaternion(osg::Vec3f(0, 1, 0), 0.5f));
+    return made;
+}
+
+void expectViewpoint(int id, const qxUberCamera &expected)
+{
+    const qxUberCamera *const found = qxUberCameraPool::the()->get(id);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->name, expected.name);
+    EXPECT_FLOAT_EQ(found->fieldOfView, expected.fieldOfView);
+    EXPECT_FLOAT_EQ(found->height, expected.height);
+    EXPECT_FLOAT_EQ(found->nearPlane, expected.nearPlane);
+    EXPECT_FLOAT_EQ(found->farPlane, expected.farPlane);
+    EXPECT_TRUE(found->toWorld.equals(expected.toWorld, 1e-5f));
 }
 
 } // namespace
@@ -62,11 +46,15 @@ protected:
     {
         return osg::UberLightPtr::dcast(find(node).core());
     }
+
+    /// Three parts that share the default material "Red", which the second maps otherwise, and a
+    /// mesh that nothing shows.
+    const qxJson paints = sample("paints");
 };
 
 TEST_F(SceneFileKindsTest, LightsStandWhereTheirNodeStandsAndComeBackAsTheyWereSwitched)
 {
-    loadText(_lamps);
+    load(sample("lamps"));
     EXPECT_EQ(file.warnings(), QStringList{"node 2 \"Odd\": light 1 is of an unknown kind"});
     EXPECT_EQ(tree(),
               " (ComponentTransform - @ 1 0 0 (UberLight 'Left' on (Group 'Shade')), "
@@ -84,7 +72,7 @@ TEST_F(SceneFileKindsTest, LightsStandWhereTheirNodeStandsAndComeBackAsTheyWereS
     qxLights::setOn(find("Right"), true);
     lightOf("Right")->setIntensity(3);
     scene.addLight("Sun");
-    qxJson expected = qxJson::parse(sceneText(_lamps));
+    qxJson expected = sample("lamps");
     qxJson &lights = expected["extensions"]["KHR_lights_punctual"]["lights"];
     lights.push_back(lights[0]);
     lights[2]["intensity"] = 3;
@@ -103,7 +91,7 @@ TEST_F(SceneFileKindsTest, LightsStandWhereTheirNodeStandsAndComeBackAsTheyWereS
 
 TEST_F(SceneFileKindsTest, PrimitivesMappedAlikeShareASwitchMaterial)
 {
-    load(write("scene.gltf", paints()));
+    load(paints);
     EXPECT_EQ(lookOf(part(0)), "Red Switch: Red, Blue, Red 2, 0");
     EXPECT_EQ(lookOf(part(1)), "Red Switch 2: Red, Material, 0");
     EXPECT_EQ(part(2)->getMaterial(), part(0)->getMaterial());
@@ -124,12 +112,12 @@ TEST_F(SceneFileKindsTest, PrimitivesMappedAlikeShareASwitchMaterial)
               (Choices{{"Red Switch", "Red"},
                        {"Red Switch 2", "Material"},
                        {"Default Material Switch", "Default Material"}}));
-    expectSaved(paints());
+    expectSaved(paints);
 }
 
 TEST_F(SceneFileKindsTest, AChosenMaterialIsShownByOtherProgramsAndKeptWithItsDefault)
 {
-    load(write("scene.gltf", paints()));
+    load(paints);
     TestMaterial(part(0)->getMaterial()).choose(2);
     TestMaterial(part(3)->getMaterial()).choose(1);
     saveAndLoad();
@@ -137,7 +125,7 @@ TEST_F(SceneFileKindsTest, AChosenMaterialIsShownByOtherProgramsAndKeptWithItsDe
     const int shown[] = {2, 0, 2, 1};
     for (std::size_t i = 0; i < 4; ++i) {
         EXPECT_EQ(parts[i]["material"], shown[i]) << i;
-        EXPECT_EQ(parts[i]["extensions"], paints()["meshes"][0]["primitives"][i]["extensions"]);
+        EXPECT_EQ(parts[i]["extensions"], paints["meshes"][0]["primitives"][i]["extensions"]);
     }
     EXPECT_EQ(jsonOf(path("saved.gltf"))["meshes"][1]["primitives"][0], parts[0]);
     EXPECT_EQ(file.materialVariants()[2].materials[0].second, "Red") << "the default, as before";
@@ -146,7 +134,7 @@ TEST_F(SceneFileKindsTest, AChosenMaterialIsShownByOtherProgramsAndKeptWithItsDe
     EXPECT_FALSE(jsonOf(path("saved.gltf"))["meshes"][0]["primitives"][3].contains("material"));
     // As the mappings make them, they need no list.
     TestMaterial(part(0)->getMaterial()).choose(0);
-    expectSaved(paints());
+    expectSaved(paints);
     setMaterial(part(0), qxMaterials::findMaterial("Blue"));
     setMaterial(part(3), part(1)->getMaterial());
     saveAndLoad();
@@ -154,11 +142,11 @@ TEST_F(SceneFileKindsTest, AChosenMaterialIsShownByOtherProgramsAndKeptWithItsDe
 
 TEST_F(SceneFileKindsTest, SwitchMaterialsThatWereBuiltHereComeBackAsTheyWere)
 {
-    qxJson json = paints();
+    qxJson json = paints;
     json.erase("extensions");
     for (qxJson &part : json["meshes"][0]["primitives"])
         part.erase("extensions");
-    load(write("scene.gltf", json));
+    load(json);
     const TestMaterial made = scene.addSwitchMaterial("Paint", {"Blue", "Green"});
     made.choose(1);
     setMaterial(part(1), made.material());
@@ -169,7 +157,7 @@ TEST_F(SceneFileKindsTest, SwitchMaterialsThatWereBuiltHereComeBackAsTheyWere)
 
 TEST_F(SceneFileKindsTest, AListOfSwitchMaterialsThatCannotBeUsedIsLeftOut)
 {
-    qxJson json = paints();
+    qxJson json = paints;
     json["extras"]["qxSwitchMaterials"] = {{{"name", "A"}, {"materials", {0, 99}}},
                                            {{"name", 1}, {"materials", {0}}},
                                            {{"materials", qxJson::array()}, {"name", "C"}},
@@ -177,7 +165,7 @@ TEST_F(SceneFileKindsTest, AListOfSwitchMaterialsThatCannotBeUsedIsLeftOut)
     json["meshes"][0]["primitives"][0]["extras"]["qxSwitchMaterial"] = 1;
     json["meshes"][0]["primitives"][1]["extras"]["qxSwitchMaterial"] = 4;
     json["meshes"][0]["primitives"][2]["extras"]["qxSwitchMaterial"] = "x";
-    load(write("scene.gltf", json));
+    load(json);
     EXPECT_EQ(file.warnings().size(), 6);
     EXPECT_EQ(lookOf(part(0)), "Red Switch: Red, Blue, Red 2, 0");
     EXPECT_EQ(lookOf(part(1)), "Red Switch 2: Red, Material, 0");
@@ -185,10 +173,10 @@ TEST_F(SceneFileKindsTest, AListOfSwitchMaterialsThatCannotBeUsedIsLeftOut)
 
 TEST_F(SceneFileKindsTest, MaterialsOfOneNameAreToldApartAndKeepTheirNamesInTheFile)
 {
-    qxJson json = paints();
+    qxJson json = paints;
     json["materials"] = {
         {{"name", "Red"}}, {{"name", "Red"}}, {{"name", "Red 2"}}, {{"name", "Red"}}};
-    load(write("scene.gltf", json));
+    load(json);
     for (const char *name : {"Red", "Red 2", "Red 3", "Red 4"})
         EXPECT_EQ(qxMaterials::findMaterials(name).size(), 1u) << name;
     expectSaved(json);
@@ -202,21 +190,8 @@ TEST_F(SceneFileKindsTest, MaterialsOfOneNameAreToldApartAndKeepTheirNamesInTheF
 
 TEST_F(SceneFileKindsTest, OverlaysAndTheEnvironmentLeaveTheTreeAndGoBackToTheirPlaceInTheFile)
 {
-    const qxJson json = qxJson::parse(sceneText(R"("nodes": [
-        {"name": "Hall", "children": [1, 5, 2, 8, 9]},
-        {"name": "Door"},
-        {"name": "Sheet", "translation": [1, 2, 3], "children": [3, 4],
-         "extras": {"qxOverlay": true, "qxOverlayLayer": 3, "qxSwitch": 0}},
-        {"name": "Page 1"}, {"name": "Page 2"},
-        {"name": "Sky", "children": [6, 7], "extras": {"qxEnvironment": true, "qxSwitch": 1}},
-        {"name": "Day"}, {"name": "Night", "translation": [0, 1, 0]}, {"name": "Floor"},
-        {"name": "Sign", "extras": {"qxOverlay": true}},
-        {"name": "Logo", "extras": {"qxOverlay": 1}}, {"name": "Sun"},
-        {"name": "Choice", "children": [13], "extras": {"qxSwitch": 0}},
-        {"name": "Never", "extras": {"qxOverlay": true}}],
-        "materials": [{"name": "Blue", "extras": {"qxEnvironment": 1, "mood": "calm"}},
-                      {"name": "Stone", "extras": {"qxEnvironment": "no"}}])"));
-    load(write("scene.gltf", json));
+    const qxJson json = sample("overlays");
+    load(json);
     EXPECT_EQ(file.warnings(),
               (QStringList{"material 1 \"Stone\": qxEnvironment is neither true nor false",
                            "node 13 \"Never\": a child of a switch cannot be an overlay"}));
@@ -260,4 +235,32 @@ TEST_F(SceneFileKindsTest, ANewEnvironmentIsWrittenWithItsMaterials)
     EXPECT_EQ(tree(), "");
     save(path("empty.gltf"));
     EXPECT_EQ(jsonOf(path("empty.gltf"))["scenes"][0].count("nodes"), 0u);
+}
+
+TEST_F(SceneFileKindsTest, CamerasAreViewpoints)
+{
+    loadText(R"("scenes": [{"nodes": [0, 2]}], "nodes": [
+        {"translation": [0, 0, 5], "children": [1]}, {"name": "Front", "camera": 0}, {"camera": 1}],
+        "cameras": [{"type": "perspective", "perspective": {"yfov": 0.5, "znear": 0.25}},
+            {"name": "Plan", "type": "orthographic",
+             "orthographic": {"xmag": 2, "ymag": 3, "znear": 1, "zfar": 9}}],
+        "animations": [{"name": "Open", "channels": [], "samplers": []}, {}])");
+    EXPECT_EQ(qxAnimManager::the()->clips(), (std::vector<std::string>{"Open", ""}));
+    osg::Matrix inFront;
+    inFront.setTranslate(0, 0, 5);
+    qxUberCameraPool &pool = *qxUberCameraPool::the();
+    ASSERT_EQ(pool.count(), 2);
+    expectViewpoint(0, {"Front", inFront, 0.5f, 0, 0.25f, 0});
+    expectViewpoint(1, {"Plan", osg::Matrix(), 0, 6, 1, 9});
+
+    const qxUberCamera perspective = camera("Türgriff", 0.8f, 0);
+    const qxUberCamera parallel = camera("Section", 0, 6);
+    pool.add(perspective);
+    pool.add(parallel);
+    save(path("saved.gltf"));
+    load(path("saved.gltf"));
+    ASSERT_EQ(pool.count(), 4);
+    expectViewpoint(2, perspective);
+    expectViewpoint(3, parallel);
+    saveAndLoad(); // known ones are not added again
 }

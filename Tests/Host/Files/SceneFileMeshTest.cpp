@@ -1,6 +1,5 @@
 #include "Files/SceneFileFixture.h"
 #include "Materials/qxSurface.h"
-#include "qxMaterials.h"
 
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -11,28 +10,16 @@
 
 class SceneFileMeshTest : public SceneFileFixture {
 protected:
-    /// Loads the scene and returns its one geometry.
-    osg::GeometryPtr loadGeometry(const MeshText &mesh)
-    {
-        load(write("mesh.gltf", mesh.scene()));
-        return part();
-    }
     osg::SimpleMaterialPtr material(const char *name) const
     {
         return osg::SimpleMaterialPtr::dcast(qxMaterials::findMaterial(name));
     }
-
-    const std::vector<float> square{0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0};
 };
 
 TEST_F(SceneFileMeshTest, AnIndexedTriangleListWithAllItsAttributes)
 {
-    MeshText mesh(square);
-    mesh.attributes["TEXCOORD_0"] = mesh.add<float>("VEC2", 5126, {0, 0, 1, 0, 1, 0.25f, 0, 1}, 2);
-    mesh.attributes["NORMAL"] = mesh.addPositions({0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1, 0});
-    mesh.primitive["indices"] = mesh.add<std::uint16_t>("SCALAR", 5123, {0, 1, 2, 0, 2, 3}, 1);
-    const osg::GeometryPtr geometry = loadGeometry(mesh);
-
+    load(sample("indexed"));
+    const osg::GeometryPtr geometry = part();
     EXPECT_STREQ(osg::getName(geometry), "Shape");
     EXPECT_EQ(file.info().triangles, 2);
     EXPECT_EQ(geometry->getLengths()->getValue(0), 6u);
@@ -43,72 +30,57 @@ TEST_F(SceneFileMeshTest, AnIndexedTriangleListWithAllItsAttributes)
     EXPECT_EQ(geometry->getTexCoords()->getValue(2), osg::Vec2f(1, 0.75f));
 }
 
-TEST_F(SceneFileMeshTest, EveryModeShowsItsTrianglesAndMissingNormalsAreComputed)
+TEST_F(SceneFileMeshTest, EveryModeShowsItsTriangles)
 {
     const int expected[] = {0, 0, 0, 0, 1, 2, 2};
+    qxJson square = sample("square");
     for (int mode = 0; mode < 7; ++mode) {
         SCOPED_TRACE(mode);
-        MeshText mesh(square);
-        mesh.primitive["mode"] = mode;
-        const osg::GeometryPtr geometry = loadGeometry(mesh);
+        square["meshes"][0]["primitives"][0]["mode"] = mode;
+        load(square);
+        const osg::GeometryPtr geometry = part();
         int shown = 0;
         for (auto i = geometry->beginTriangles(); i != geometry->endTriangles(); ++i)
             ++shown;
         EXPECT_EQ(shown, expected[mode]);
         EXPECT_EQ(file.info().triangles, expected[mode]);
         EXPECT_EQ(geometry->getTypes()->getValue(0), osg::UInt32(mode));
-        if (mode < 4)
-            continue;
-        EXPECT_NEAR(std::fabs(geometry->getNormals()->getValue(0)[2]), 1, 1e-5);
+        if (mode >= 4) {
+            EXPECT_NEAR(std::fabs(geometry->getNormals()->getValue(0)[2]), 1, 1e-5);
+        }
     }
 }
 
-TEST_F(SceneFileMeshTest, QuantisedAndInterleavedValuesAreTheNumbersTheyStandFor)
+TEST_F(SceneFileMeshTest, QuantisedValuesAreTheNumbersTheyStandFor)
 {
-    MeshText mesh;
-    const auto add = [&mesh](int type, const char *hex) {
-        const int index = mesh.addBytes("VEC3", type, QByteArray::fromHex(hex), 3);
-        mesh.accessors[std::size_t(index)]["normalized"] = true;
-        mesh.views[std::size_t(index)]["byteStride"] = 4; // the fourth byte belongs to nobody
-        return index;
-    };
-    mesh.attributes["POSITION"] = add(5121, "00ff00aa7f0000aaff0000aa");
-    // Signed bytes: -128 and -127 both stand for -1.
-    mesh.attributes["NORMAL"] = add(5120, "800000aa810000aa7f0000aa");
-    const osg::GeometryPtr geometry = loadGeometry(mesh);
-
-    EXPECT_EQ(geometry->getPositions()->getValue(0), osg::Pnt3f(0, 1, 0));
-    EXPECT_NEAR(geometry->getPositions()->getValue(1)[0], 127.0 / 255.0, 1e-6);
-    EXPECT_EQ(geometry->getNormals()->getValue(0), osg::Vec3f(-1, 0, 0));
-    EXPECT_EQ(geometry->getNormals()->getValue(1), osg::Vec3f(-1, 0, 0));
-    EXPECT_EQ(geometry->getNormals()->getValue(2), osg::Vec3f(1, 0, 0));
+    // The positions are bytes 0, 255, 0; 127, 0, 0; ... and the normals signed bytes.
+    load(sample("quantised"));
+    EXPECT_EQ(part()->getPositions()->getValue(0), osg::Pnt3f(0, 1, 0));
+    EXPECT_NEAR(part()->getPositions()->getValue(1)[0], 127.0 / 255.0, 1e-6);
+    const float expected[] = {-1, -1, 1}; // -128 and -127 both stand for -1.
+    for (osg::UInt32 i = 0; i < 3; ++i)
+        EXPECT_EQ(part()->getNormals()->getValue(i), osg::Vec3f(expected[i], 0, 0));
 }
 
-TEST_F(SceneFileMeshTest, SparseValuesReplaceOthersAndMissingDataAreZeros)
+TEST_F(SceneFileMeshTest, SparseValuesReplaceOthersOrZeros)
 {
-    MeshText mesh({1, 1, 1, 2, 2, 2, 3, 3, 3});
-    const int indices = mesh.add<std::uint8_t>("SCALAR", 5121, {1}, 1);
-    const int values = mesh.addPositions({7, 8, 9});
-    mesh.accessors[0]["sparse"] = {{"count", 1},
-                                   {"indices", {{"bufferView", indices}, {"componentType", 5121}}},
-                                   {"values", {{"bufferView", values}}}};
+    qxJson sparse = sample("sparse"); // (7, 8, 9) instead of the second (2, 2, 2)
     for (const osg::Pnt3f &rest : {osg::Pnt3f(1, 1, 1), osg::Pnt3f(0, 0, 0)}) {
-        const osg::GeometryPtr geometry = loadGeometry(mesh);
-        EXPECT_EQ(geometry->getPositions()->getValue(0), rest);
-        EXPECT_EQ(geometry->getPositions()->getValue(1), osg::Pnt3f(7, 8, 9));
-        mesh.accessors[0].erase("bufferView");
+        load(sparse);
+        EXPECT_EQ(part()->getPositions()->getValue(0), rest);
+        EXPECT_EQ(part()->getPositions()->getValue(1), osg::Pnt3f(7, 8, 9));
+        sparse["accessors"][0].erase("bufferView");
     }
 }
 
-TEST_F(SceneFileMeshTest, PartsStandBehindTheChildrenAndNodesOfOneMeshShareThem)
+TEST_F(SceneFileMeshTest, NodesOfOneMeshShareItsPartsBehindTheirChildren)
 {
-    qxJson json = MeshText(square).scene();
+    qxJson json = sample("square");
     qxJson &parts = json["meshes"][0]["primitives"];
     parts.push_back(qxJson(parts[0]));
     json["nodes"][0]["children"] = qxJson::array({1});
     json["nodes"].push_back({{"name", "Twin"}, {"mesh", 0}});
-    load(write("shared.gltf", json));
-
+    load(json);
     const TestNode top = find("Part");
     ASSERT_EQ(top.node()->getNChildren(), 3u);
     EXPECT_EQ(top.child(0).name(), "Twin");
@@ -120,9 +92,8 @@ TEST_F(SceneFileMeshTest, PartsStandBehindTheChildrenAndNodesOfOneMeshShareThem)
 
 TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
 {
-    MeshText mesh(square);
-    mesh.primitive["material"] = 0;
-    qxJson json = mesh.scene();
+    qxJson json = sample("square");
+    json["meshes"][0]["primitives"][0]["material"] = 0;
     json["materials"] = qxJson::parse(R"([
         {"name": "Glass", "alphaMode": "BLEND", "doubleSided": true, "emissiveFactor": [0, 0, 0.5],
          "pbrMetallicRoughness": {"baseColorFactor": [0.25, 0.5, 1, 0.25], "metallicFactor": 0,
@@ -133,7 +104,7 @@ TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
         {"name": "Cloth", "emissiveFactor": [1, 1, 1], "emissiveTexture": {"index": 0},
          "pbrMetallicRoughness": {"metallicRoughnessTexture": {"index": 0}}}])");
     json["textures"] = {qxJson::object()};
-    load(write("materials.gltf", json));
+    load(json);
     expectSaved(json);
 
     const osg::SimpleMaterialPtr glass = material("Glass");
@@ -161,7 +132,7 @@ TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
     EXPECT_EQ(qxSurface::of(material("Leaf")).alphaMode, qxSurface::Mask);
 }
 
-TEST_F(SceneFileMeshTest, PicturesAreDecodedOnceAndBeginWithTheirBottomRow)
+TEST_F(SceneFileMeshTest, PicturesAreDecodedOnceFromTheirBottomRowOn)
 {
     // One pixel wide, red above blue.
     const QByteArray png = "iVBORw0KGgoAAAANSUhEUgAAAAEAAAACCAIAAAAW4yFwAAAADUlEQVR4nGP4zwAC/wEIAA"

@@ -2,77 +2,42 @@
 
 namespace {
 
-struct File {
-    const char *members;
-    const char *tree;
-    const char *warnings = "";
-};
-
-const File _files[] = {
-    // Five along x, doubled and turned to y, on top of the parent's place.
-    {R"("scenes": [{"nodes": [2, 0]}], "nodes": [
-        {"name": "Moved", "translation": [1, 2, 3], "rotation": [0, 0, 0.70710678, 0.70710678],
-         "scale": [2, 2, 2], "children": [1]},
-        {"name": "Shifted", "matrix": [1,0,0,0, 0,1,0,0, 0,0,1,0, 5,0,0,1]}, {}])",
-     " (Group -, ComponentTransform 'Moved' @ 1 2 3 (Transform 'Shifted' @ 1 12 3))"},
-    {R"("nodes": [{"name": ""}, {"name": "T\u00fcr \ud83d\ude97"}])",
-     " (Group '', Group 'T\u00fcr \U0001F697')"},
-    {R"("nodes": [
-        {"name": "Wheels", "translation": [3, 0, 0], "extras": {"qxSwitch": 1}, "children": [1, 2]},
-        {"name": "Steel"}, {"name": "Alloy"}])",
-     " (ComponentTransform - @ 3 0 0 (Switch 'Wheels'=1 (Group 'Steel', Group 'Alloy')))"},
-    {R"("nodes": [{"name": "All", "extras": {"qxSwitch": -2}},
-        {"name": "Float", "extras": {"qxSwitch": 3.0}},
-        {"name": "Text", "extras": {"qxSwitch": "one"}}])",
-     " (Switch 'All'=-2, Switch 'Float'=3, Group 'Text')",
-     "node 2 \"Text\": qxSwitch is no integer"},
-    {R"("nodes": [
-        {"name": "Lid", "translation": [9, 9, 9], "extras": {"qxTransformChoice": 1,
-         "qxTransformStates": [0,0,0, 0,0,0,1, 1,1,1,  0,2,0, 0,0,0,1, 1,1,1]}}])",
-     " (SwitchComponentTransform 'Lid'=1 @ 0 2 0)"},
-    {R"("nodes": [
-        {"name": "Out", "extensions": {"KHR_node_visibility": {"visible": false}}},
-        {"name": "Door", "extras": {"qxPoseNames": "Shut;Open", "qxPose": 1,
-         "qxPoses": [0,0,0, 0,0,0,1, 1,1,1,  0,0,1, 0,0,0,1, 1,1,1]}}])",
-     " (Group 'Out' hidden, ComponentTransform 'Door' in Open of 2)"},
-    // Clones share the core of the first switch of that name.
-    {R"("scenes": [{"nodes": [0, 1, 2, 3, 5]}], "nodes": [
-        {"name": "Clone", "translation": [1, 0, 0], "extras": {"qxSharesCoreOf": "Wheel"},
-         "children": [4]},
-        {"name": "Wheel"}, {"name": "Wheel", "extras": {"qxSwitch": 0}},
-        {"name": "Wheel", "extras": {"qxSwitch": 1}}, {"name": "Rim"},
-        {"name": "Lost", "extras": {"qxSharesCoreOf": "Nobody"}}])",
-     " (ComponentTransform - @ 1 0 0 (Switch 'Clone'=0& (Group 'Rim')), Group 'Wheel', "
-     "Switch 'Wheel'=0&, Switch 'Wheel'=1, Group 'Lost')",
-     "node 5 \"Lost\": there is no switch \"Nobody\" to share"},
-    // What cannot be the environment stays in the tree.
-    {R"("nodes": [
-        {"name": "Plain", "extras": {"qxEnvironment": true}},
-        {"name": "Sheet", "extras": {"qxOverlay": true, "qxSwitch": 0, "qxEnvironment": true}},
-        {"name": "Choice", "children": [3], "extras": {"qxSwitch": 0}},
-        {"name": "Chosen", "extras": {"qxSwitch": 0, "qxEnvironment": true}},
-        {"name": "Sky", "translation": [1, 0, 0], "extras": {"qxSwitch": 0, "qxEnvironment": true}},
-        {"name": "Late", "extras": {"qxSwitch": 0, "qxEnvironment": true}}])",
-     " (Group 'Plain', Switch 'Choice'=0 (Switch 'Chosen'=0), Switch 'Late'=0)"
-     " overlays (OverlayCore -=0 (Switch 'Sheet'=0)) around Switch 'Sky'=0",
-     "node 0 \"Plain\": an environment is a switch and no overlay\n"
-     "node 1 \"Sheet\": an environment is a switch and no overlay\n"
-     "node 3 \"Chosen\": a child of a switch cannot be the environment\n"
-     "node 5 \"Late\": the scene has an environment already\n"
-     "node 4 \"Sky\": an environment surrounds everything: its transform has no effect"},
+/// What is no scene at all, and words of the message that it must cause.
+const std::pair<const char *, const char *> _texts[] = {
+    {"", "not valid JSON"},
+    {"{\"asset\"", "not valid JSON"},
+    {"[]", "the JSON is not an object"},
+    {"{}", "states no version"},
+    {R"({"asset": {"version": "1.0"}})", "made for glTF version 1.0"},
+    {R"({"asset": {"version": "2.1", "minVersion": "2.1"}})", "made for glTF version 2.1"},
+    {"{\"asset\": \"\xff\"}", "not valid JSON"},
 };
 
 } // namespace
 
-class SceneFileReadTest : public SceneFileFixture {};
+class SceneFileReadTest : public SceneFileFixture {
+protected:
+    /// Expects that a file of these bytes is refused in these words, and that nothing is shown.
+    void expectRefused(const QByteArray &bytes, const QString &words)
+    {
+        const QString error = loadError(write("scene.gltf", bytes));
+        EXPECT_TRUE(error.startsWith(path("scene.gltf") + ": ")) << error.toStdString();
+        EXPECT_TRUE(error.contains(words)) << error.toStdString() << '\n' << words.toStdString();
+        EXPECT_EQ(scene.root().node()->getNChildren(), 0u);
+        EXPECT_EQ(qxScenegraph::getMaterialPool()->getCount(), 0u);
+    }
+};
 
 TEST_F(SceneFileReadTest, NodesKeepNamesOrderTransformsAndStates)
 {
-    for (const File &each : _files) {
-        SCOPED_TRACE(each.members);
-        loadText(each.members);
-        EXPECT_EQ(tree(), each.tree);
-        EXPECT_EQ(file.warnings().join('\n'), each.warnings);
+    // Each with a title, what follows the "asset", the expected tree and the warnings.
+    const QString text = bytesOf(testData("Scenes/trees.txt")).trimmed();
+    for (const QString &each : text.split("\n\n")) {
+        SCOPED_TRACE(each.section('\n', 0, 0).toStdString());
+        const QStringList warnings = each.section('\n', 1).split("\n! ");
+        loadText(warnings[0].section("\n= ", 0, 0).toUtf8());
+        EXPECT_EQ(tree(), ' ' + warnings[0].section("\n= ", 1).toStdString());
+        EXPECT_EQ(file.warnings(), warnings.mid(1));
         saveAndLoad();
         expectSaved(jsonOf(path("scene.gltf")));
     }
@@ -120,9 +85,61 @@ TEST_F(SceneFileReadTest, ChainsOfAHundredThousandNodesLoadAndComeBack)
     for (int i = 0; i + 1 < depth; ++i)
         json["nodes"].push_back({{"children", qxJson::array({i + 1})}});
     json["nodes"].push_back({{"name", "Deepest"}});
-    load(write("deep.gltf", json));
+    load(json);
     find("Deepest").setMask(0);
     save(path("deep.gltf"));
     load(path("deep.gltf"));
     EXPECT_EQ(find("Deepest").mask(), 0u);
+    qxScenegraph::initFindCache();
+    EXPECT_EQ(find("Deepest").mask(), 0u);
+    qxScenegraph::clearFindCache();
+}
+
+TEST_F(SceneFileReadTest, EveryFaultIsSaidInPlainWords)
+{
+    // A line of what follows the "asset", and below it words of the message.
+    const QList<QByteArray> lines = bytesOf(testData("Scenes/faults.txt")).split('\n');
+    ASSERT_GT(lines.size(), 90);
+    for (int line = 0; line + 1 < lines.size(); line += 2)
+        expectRefused(sceneText(lines[line]), lines[line + 1].trimmed());
+    for (const auto &[text, words] : _texts)
+        expectRefused(QByteArray(text), words);
+    EXPECT_TRUE(loadError(path("nowhere.gltf")).contains("the file does not exist"));
+    EXPECT_TRUE(loadError(folder.path()).contains("it is not a file"));
+}
+
+TEST_F(SceneFileReadTest, DamagedContainersAreRefused)
+{
+    load(testData("Scenes/triangle.gltf"));
+    save(path("good.glb"));
+    const QByteArray good = bytesOf(path("good.glb"));
+    for (int length = 4; length < good.size(); ++length)
+        expectRefused(good.left(length), "");
+
+    expectRefused(good + "1234", "the header says");
+    expectRefused(QByteArray(good).replace(13, 1, "\x7f"), "JSON chunk is cut off");
+    expectRefused(QByteArray(good).replace(4, 1, "\1"), "container version 1");
+}
+
+TEST_F(SceneFileReadTest, WhatIsMadeToExhaustTheReaderIsRefusedAtOnce)
+{
+    expectRefused(sceneText(R"("extras": )" + QByteArray(1000000, '[')), "nested deeper than");
+    QByteArray wide = R"("a": 0)";
+    for (int i = 0; i < 200000; ++i)
+        wide += ",\"" + QByteArray::number(i) + "\":0";
+    expectRefused(sceneText(wide), "more than 10000 members");
+
+    // A bracket in a text is no nesting.
+    const QByteArray text = R"("extras": ")" + QByteArray(1000, '[') + '"';
+    EXPECT_EQ(loadError(write("text.gltf", sceneText(text))), "");
+}
+
+TEST_F(SceneFileReadTest, AFailedLoadKeepsWhatWasLoadedBefore)
+{
+    loadText(R"("nodes": [{"name": "Kept"}], "extras": {"qxVariants": "<kept/>"})");
+    EXPECT_FALSE(file.load(write("bad.gltf", QByteArray("{}"))));
+    EXPECT_EQ(find("Kept").name(), "Kept");
+    EXPECT_EQ(file.variantsDocument(), "<kept/>");
+    save(path("again.gltf"));
+    EXPECT_EQ(jsonOf(path("again.gltf"))["nodes"][0]["name"], "Kept");
 }

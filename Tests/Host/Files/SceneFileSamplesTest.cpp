@@ -1,7 +1,6 @@
 #include "Files/SceneFileFixture.h"
 
 #include <QDirIterator>
-#include <QMap>
 
 /// Real scenes, in the folder that the environment variable QX_SCENES names.
 class SceneFileSamplesTest : public SceneFileFixture {
@@ -49,19 +48,15 @@ TEST_F(SceneFileSamplesTest, SavingWithoutChangesGivesTheSameJsonAndData)
 
 TEST_F(SceneFileSamplesTest, EveryEdgeCaseIsDecided)
 {
-    const QMap<QString, QString> refused{
-        {"RecursiveNodes.gltf", "is its own ancestor"},
-        {"WrongReportedLength.glb", "the header says"},
-        {"required-extensions-unsupported.gltf", "requires what is not supported"},
-        {"scene-invalid-child-oob.gltf", "node 4 refers to node 7, the file has 7"},
-        {"scene-invalid-multiple-parents.gltf", "node 2 has two parents, node 0 and node 1"},
-        {"truncated_chunk_data.glb", "the header says"}};
+    QStringList refused;
     for (const QString &edgeCase : edgeCases) {
-        SCOPED_TRACE(edgeCase.toStdString());
-        const QString error = loadError(edgeCase);
-        const QString expected = refused.value(QFileInfo(edgeCase).fileName());
-        EXPECT_TRUE(error.contains(expected)) << error.toStdString();
-        EXPECT_EQ(error.isEmpty(), expected.isEmpty()) << error.toStdString();
+        if (!loadError(edgeCase).isEmpty())
+            refused << QFileInfo(edgeCase).fileName();
     }
+    refused.sort();
+    EXPECT_EQ(refused,
+              (QStringList{"RecursiveNodes.gltf", "WrongReportedLength.glb",
+                           "required-extensions-unsupported.gltf", "scene-invalid-child-oob.gltf",
+                           "scene-invalid-multiple-parents.gltf", "truncated_chunk_data.glb"}));
     EXPECT_GE(edgeCases.size(), 11);
 }

@@ -10,6 +10,8 @@ using namespace osg;
 
 namespace {
 
+auto &factory = *FieldContainerFactory::the();
+
 /// The names of a type and of all that it is derived from.
 std::string chainOf(const FieldContainerType *type)
 {
@@ -41,23 +43,22 @@ TEST(Types, StandInTheirChainsOfParents)
           "Image " + container, "GeoPositions3f GeoPositions " + attachment,
           "Name " + attachment}) {
         const std::string name = chain.substr(0, chain.find(' '));
-        EXPECT_EQ(chainOf(FieldContainerFactory::the()->findType(name.c_str())), chain);
+        EXPECT_EQ(chainOf(factory.findType(name.c_str())), chain);
     }
-    EXPECT_EQ(FieldContainerFactory::the()->findType("Nothing"), nullptr);
+    EXPECT_EQ(factory.findType("Nothing"), nullptr);
 }
 
 TEST(Containers, AreCreatedByNameAndFoundByIdWhileTheyLive)
 {
-    NodeCoreRefPtr core(FieldContainerFactory::the()->createNodeCore("Switch"));
+    NodeCoreRefPtr core(factory.createNodeCore("Switch"));
     const UInt32 id = core.get().getFieldContainerId();
     EXPECT_STREQ(core->getType().getCName(), "Switch");
-    EXPECT_EQ(FieldContainerFactory::the()->getContainer(id), core.get());
+    EXPECT_EQ(factory.getContainer(id), core.get());
     core = NullFC;
-    EXPECT_EQ(FieldContainerFactory::the()->getContainer(id), NullFC);
+    EXPECT_FALSE(isAlive(id) || isAlive(4000000000u));
     EXPECT_GT(held<Switch>().get().getFieldContainerId(), id);
-    EXPECT_EQ(FieldContainerFactory::the()->createFieldContainer("Nothing"), NullFC);
-    EXPECT_EQ(FieldContainerFactory::the()->getContainer(4000000000u), NullFC);
-    const RefPtr<AttachmentPtr> name(FieldContainerFactory::the()->createAttachment("Name"));
+    EXPECT_EQ(factory.createFieldContainer("Nothing"), NullFC);
+    const RefPtr<AttachmentPtr> name(factory.createAttachment("Name"));
     EXPECT_NE(NamePtr::dcast(name.get()), NullFC);
 }
 
@@ -65,27 +66,28 @@ TEST(Types, AreAbstractWhereNoInstanceMakesSense)
 {
     for (const char *name : {"FieldContainer", "AttachmentContainer", "Attachment", "NodeCore",
                              "Light", "Material", "Drawable", "MaterialDrawable"}) {
-        const FieldContainerType *type = FieldContainerFactory::the()->findType(name);
-        ASSERT_NE(type, nullptr) << name;
-        EXPECT_TRUE(type->isAbstract()) << name;
-        EXPECT_EQ(type->getPrototype(), NullFC) << name;
-        EXPECT_EQ(FieldContainerFactory::the()->createFieldContainer(name), NullFC) << name;
+        const FieldContainerType &type = *factory.findType(name);
+        EXPECT_TRUE(type.isAbstract() && type.getPrototype() == NullFC) << name;
+        EXPECT_EQ(factory.createFieldContainer(name), NullFC) << name;
     }
 }
 
-TEST(Types, KnowWhatTheyAreDerivedFromAndTheirFields)
+TEST(Types, KnowWhatTheyAre)
 {
-    const auto core = held<Switch>();
-    const FieldContainerType &type = core->getType();
+    const FieldContainerType &type = held<Switch>()->getType();
     EXPECT_TRUE(type == Switch::getClassType() && type != Group::getClassType());
     EXPECT_TRUE(type.isDerivedFrom(type) && type.isDerivedFrom(NodeCore::getClassType()));
     EXPECT_FALSE(Group::getClassType().isDerivedFrom(type));
     EXPECT_TRUE(type.isNodeCore() && !type.isNode() && !type.isAbstract());
     EXPECT_TRUE(Name::getClassType().isAttachment());
     EXPECT_NE(Name::getClassType().getGroupId(), Name::getClassGroupId());
-    EXPECT_STREQ(core->getTypeName(), type.getName().str());
-    EXPECT_EQ(core->getTypeId(), Switch::getClassTypeId());
+}
 
+TEST(Types, DescribeTheFieldsOfTheirObjects)
+{
+    const auto core = held<Switch>();
+    const FieldContainerType &type = core->getType();
+    EXPECT_EQ(core->getTypeId(), Switch::getClassTypeId());
     EXPECT_EQ(type.getNumFieldDescs(), 3u); // Those of the parents come first.
     ASSERT_NE(type.findFieldDescription("choice"), nullptr);
     EXPECT_EQ(type.findFieldDescription("choice"), type.getFieldDescription(Switch::ChoiceFieldId));
@@ -100,9 +102,7 @@ TEST(FieldMasks, HaveTheBitsOfTheOrderOfFields)
     EXPECT_EQ((Masks{Node::AttachmentsFieldMask, Node::VolumeFieldMask, Node::TravMaskFieldMask,
                      Node::ParentFieldMask, Node::ChildrenFieldMask, Node::CoreFieldMask}),
               (Masks{2, 4, 8, 16, 32, 64}));
-    EXPECT_EQ((Masks{NodeCore::AttachmentsFieldMask, NodeCore::ParentsFieldMask,
-                     Material::AttachmentsFieldMask, Material::SortKeyFieldMask}),
-              (Masks{2, 4, 2, 4}));
+    EXPECT_EQ((Masks{NodeCore::ParentsFieldMask, Material::SortKeyFieldMask}), Masks(2, 4));
     for (BitVector first :
          {Switch::ChoiceFieldMask, Transform::MatrixFieldMask, MaterialGroup::MaterialFieldMask,
           MaterialPool::MaterialsFieldMask, MaterialDrawable::MaterialFieldMask,
@@ -126,22 +126,13 @@ TEST(Names, AreMissingEmptyOrText)
     sharing->addAttachment(nameOf(node));
     setName(node.get(), "Wheels"); // In place: all that share the name see it.
     EXPECT_STREQ(getName(sharing.get()), "Wheels");
+    forgetRecords();
     setName(node.get(), nullptr);
     EXPECT_EQ(getName(node.get()), nullptr);
+    EXPECT_EQ(timesRecorded(node.get(), Node::AttachmentsFieldMask), 0u);
     setName(node->getCore(), "core"); // The core has a name of its own.
     EXPECT_EQ(getName(node.get()), nullptr);
     EXPECT_TRUE(warns([] { setName(NodePtr(), std::string("lost")); }));
-}
-
-TEST(Names, AreSetWithinAnEditAndRemovedWithoutOne)
-{
-    const auto node = held<Node>();
-    forgetRecords();
-    setName(node.get(), "name");
-    EXPECT_GE(timesRecorded(node.get(), Node::AttachmentsFieldMask), 1u);
-    forgetRecords();
-    setName(node.get(), nullptr);
-    EXPECT_EQ(timesRecorded(node.get(), Node::AttachmentsFieldMask), 0u);
 }
 
 TEST(Attachments, ReplaceThoseOfTheSameKindAndBinding)
@@ -156,7 +147,6 @@ TEST(Attachments, ReplaceThoseOfTheSameKindAndBinding)
     EXPECT_EQ(first.get().getRefCount(), 1);
     node->subAttachment(second.get());
     EXPECT_EQ(nameOf(node), NullFC);
-    EXPECT_EQ(second.get().getRefCount(), 1);
     EXPECT_EQ(bound.get().getRefCount(), 2);
 }
 

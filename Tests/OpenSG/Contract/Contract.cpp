@@ -5,6 +5,8 @@
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGThread.h>
 
+#include <algorithm>
+
 namespace {
 
 /// Starts the library once for all tests, with recording of changes.
@@ -36,11 +38,7 @@ std::size_t timesRecorded(const osg::FieldContainerPtr &container, osg::BitVecto
 {
     const osg::ChangeList::ChangeEntry wanted(container.getFieldContainerId(), mask);
     const osg::ChangeList *list = osg::Thread::getCurrentChangeList();
-    std::size_t times = 0;
-    for (osg::ChangeList::changed_const_iterator entry = list->beginChanged();
-         entry != list->endChanged(); ++entry)
-        times += *entry == wanted;
-    return times;
+    return std::size_t(std::count(list->beginChanged(), list->endChanged(), wanted));
 }
 
 bool warns(const std::function<void()> &call)

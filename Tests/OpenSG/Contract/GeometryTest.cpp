@@ -64,7 +64,7 @@ TEST(Geometries, TriangulateEveryPrimitive)
     EXPECT_EQ(surfaceOf(held<Geometry>()).first, 0);
 }
 
-TEST(Properties, AreReadAndWrittenWithoutKnowingTheirFormat)
+TEST(Properties, AreUsedWithoutKnowingTheirFormat)
 {
     const auto owner = held<GeoIndicesUI16>();
     const GeoIndicesPtr indices = owner.get();
@@ -94,13 +94,12 @@ TEST(Properties, LoseTheAlphaOfColoursThroughTheCommonInterface)
     EXPECT_EQ(colours->getSize(), 0u);
 }
 
-TEST(Geometries, CopyTheirArraysAndShareTheMaterialWhenCloned)
+TEST(Geometries, ShareTheirMaterialAloneWithAClone)
 {
     const GeometryRefPtr geometry = square(GL_QUADS, {0, 1, 2, 3}, true);
     EXPECT_TRUE(geometry->getMaterial() == NullFC && geometry->getNormals() == NullFC);
     const MaterialDrawablePtr drawable = geometry.get();
     drawable->setMaterial(SimpleMaterial::create());
-    EXPECT_EQ(geometry->getMaterial().getRefCount(), 1);
     const GeometryRefPtr clone(geometry->clone());
     geometry->getPositions()->setValue(Pnt3f(9, 9, 9), 0);
     EXPECT_EQ(clone->getMaterial(), geometry->getMaterial());
@@ -115,11 +114,11 @@ TEST(Geometries, CalculateSmoothNormalsPerVertex)
     geometry->getPositions()->setValue(Pnt3f(0, 1, 1), 3); // Folds it along the diagonal.
     calcVertexNormals(geometry);
     ASSERT_NE(geometry->getNormals(), NullFC);
-    TriangleIterator it = geometry->beginTriangles();
-    const Vec3f atFold = it.getNormal(0);
-    EXPECT_EQ(it.getNormal(1), Vec3f(0, 0, 1));
-    ++it;
-    EXPECT_EQ(it.getNormal(0), atFold);
-    EXPECT_TRUE(it.getNormal(2).equals(Vec3f(1, -1, 1) * 0.57735f, 1e-4f));
+    TriangleIterator first = geometry->beginTriangles(), second = first;
+    ++second;
+    const Vec3f atFold = first.getNormal(0);
+    EXPECT_EQ(second.getNormal(0), atFold);
+    EXPECT_EQ(first.getNormal(1), Vec3f(0, 0, 1));
+    EXPECT_TRUE(second.getNormal(2).equals(Vec3f(1, -1, 1) * 0.57735f, 1e-4f));
     EXPECT_TRUE(atFold[0] > 0.1f && atFold[2] > 0.6f && std::abs(atFold.length() - 1) < 1e-4f);
 }

@@ -32,20 +32,19 @@ protected:
 
 } // namespace
 
-TEST_F(SwitchMaterials, AcceptDuplicatesAndIgnoreNull)
+TEST_F(SwitchMaterials, AcceptDuplicatesButNoNull)
 {
     m_switch->addMaterial(m_red.get());
     m_switch->addMaterial(NullFC);
-    EXPECT_EQ(m_switch->getMaterials().size(), 3u);
     m_switch->subMaterial(m_red.get());
     EXPECT_EQ(m_switch->getMaterials().getValues(), (std::vector<MaterialPtr>{m_glass, m_red}));
     EXPECT_EQ(m_red.get().getRefCount(), 2);
     m_switch->subMaterial(m_red.get());
-    EXPECT_FALSE(m_switch->hasMaterial(m_red.get()) || m_switch->hasMaterial(NullFC));
+    EXPECT_FALSE(m_switch->hasMaterial(m_red.get()));
     EXPECT_TRUE(warns([&] { m_switch->subMaterial(m_red.get()); }));
 }
 
-TEST_F(SwitchMaterials, KeepAChoiceThatIsOutOfRangeAndWarnWhenItIsUsed)
+TEST_F(SwitchMaterials, WarnOfAChoiceThatIsOutOfRangeWhenItIsUsed)
 {
     EXPECT_EQ(m_switch->getChoice(), 0u);
     m_switch->setChoice(1);
@@ -57,33 +56,28 @@ TEST_F(SwitchMaterials, KeepAChoiceThatIsOutOfRangeAndWarnWhenItIsUsed)
     EXPECT_EQ(current, NullFC);
     EXPECT_TRUE(warns([&] { current = m_switch->getMaterial(7); }));
     EXPECT_TRUE(warns([] { held<SwitchMaterial>()->getCurrentMaterial(); }));
-    forgetRecords();
-    endEditCP(m_switch, SwitchMaterial::ChoiceFieldMask);
-    EXPECT_EQ(timesRecorded(m_switch, SwitchMaterial::ChoiceFieldMask), 1u);
 }
 
 TEST_F(SwitchMaterials, LookLikeTheirCurrentMaterial)
 {
     const auto passes = held<MultiPassMaterial>();
     const auto outer = held<SwitchMaterial>();
-    passes->addMaterial(m_red.get());
-    passes->addMaterial(m_glass.get());
+    for (const MaterialPtr &each : {MaterialPtr(m_red), MaterialPtr(m_glass)})
+        passes->addMaterial(each);
     outer->addMaterial(m_switch);
     outer->addMaterial(passes.get());
     EXPECT_FALSE(outer->isTransparent());
     m_switch->setChoice(1);
-    EXPECT_TRUE(outer->isTransparent());
-    EXPECT_FALSE(outer->isMultiPass());
+    EXPECT_TRUE(outer->isTransparent() && !outer->isMultiPass());
     outer->setChoice(1);
-    EXPECT_TRUE(outer->isMultiPass());
-    EXPECT_EQ(outer->getNPasses(), 2u);
+    EXPECT_TRUE(outer->isMultiPass() && outer->getNPasses() == 2);
     passes->subMaterial(m_red.get());
     EXPECT_FALSE(passes->hasMaterial(m_red.get()));
     passes->subMaterial(m_glass.get());
     EXPECT_TRUE(passes->isMultiPass() && passes->getNPasses() == 0);
 }
 
-TEST_F(SwitchMaterials, StandInPoolsOnceAndInOrderAndLeaveThemByMaterialByPoolAndByScene)
+TEST_F(SwitchMaterials, StandInAPoolOnce)
 {
     const MaterialPtr red = m_red.get(), glass = m_glass.get();
     MaterialPoolPtr nested;
@@ -114,7 +108,7 @@ TEST_F(SwitchMaterials, StandInPoolsOnceAndInOrderAndLeaveThemByMaterialByPoolAn
     pool->sub(UInt32(0));
     EXPECT_EQ(pool->find(red), 0);
     pool->clear();
-    EXPECT_TRUE(pool->getCount() == 0 && pool->get().empty());
+    EXPECT_EQ(pool->getCount(), 0u);
     EXPECT_EQ(red.getRefCount(), 3); // The test, the switch material and the other pool.
     EXPECT_EQ(glass.getRefCount(), 3);
 }
@@ -127,14 +121,9 @@ TEST(SimpleMaterials, StartBlackOpaqueAndLit)
         EXPECT_EQ(colour, Color3f(0, 0, 0));
     EXPECT_EQ(material->getShininess(), 1);
     EXPECT_EQ(material->getTransparency(), 0);
-    EXPECT_TRUE(material->getLit());
+    EXPECT_TRUE(material->getLit() && material->getNPasses() == 1);
     EXPECT_EQ(material->getColorMaterial(), UInt32(GL_DIFFUSE));
     EXPECT_EQ(material->getTransparencyMode(), Material::TransparencyAutoDetection);
-    EXPECT_FALSE(material->isMultiPass());
-    EXPECT_EQ(material->getNPasses(), 1u);
-    EXPECT_FALSE(material->isTransparent());
-    material->setTransparency(0.1f);
-    EXPECT_TRUE(material->isTransparent());
     EXPECT_EQ(NullMaterial, NullFC);
     EXPECT_NE(SimpleMaterialPtr::dcast(getDefaultMaterial()), NullFC);
     EXPECT_EQ(getDefaultMaterial(), getDefaultMaterial());
@@ -166,26 +155,25 @@ TEST(ChunkMaterials, AnswerTheRemovalOfAChunkWithFalse)
     EXPECT_EQ(colours.get().getRefCount(), 1);
 }
 
-TEST(MaterialOwners, HoldTheNewMaterialBeforeTheyLetGoOfTheOldOneOrAfter)
+/// Gives it a material in a switch material, then that material alone, which nobody else holds.
+template <class Owner>
+bool survivesExchange()
 {
-    const auto group = held<MaterialGroup>();
-    const auto geometry = held<Geometry>();
-    const auto ownedBy = [](const MaterialPtr &inner) {
-        const SwitchMaterialPtr outer = SwitchMaterial::create();
-        outer->addMaterial(inner);
-        return outer;
-    };
-    const MaterialPtr kept = SimpleMaterial::create(), lost = SimpleMaterial::create();
-    group->setMaterial(ownedBy(kept));
-    group->setMaterial(kept);
-    EXPECT_EQ(group->getMaterial(), kept);
-    EXPECT_EQ(kept.getRefCount(), 1);
+    const auto owner = held<Owner>();
+    const SwitchMaterialPtr around = SwitchMaterial::create();
+    const MaterialPtr inner = SimpleMaterial::create();
+    const UInt32 id = inner.getFieldContainerId();
+    around->addMaterial(inner);
+    owner->setMaterial(around);
+    owner->setMaterial(inner);
+    return isAlive(id);
+}
 
-    // A geometry releases first: the switch material takes its only holder's material with it.
-    const UInt32 id = lost.getFieldContainerId();
-    geometry->setMaterial(ownedBy(lost));
-    geometry->setMaterial(lost);
-    EXPECT_FALSE(isAlive(id));
+TEST(MaterialOwners, DifferInWhetherTheyHoldTheNewMaterialFirst)
+{
+    EXPECT_TRUE(survivesExchange<MaterialGroup>());
+    EXPECT_FALSE(survivesExchange<Geometry>());
+    const auto geometry = held<Geometry>();
     geometry->setMaterial(SimpleMaterial::create());
     geometry->setMaterial(geometry->getMaterial());
     EXPECT_EQ(geometry->getMaterial().getRefCount(), 1);

@@ -2,9 +2,6 @@
 #include "qxMaterialVariant.h"
 
 #include "KindFixture.h"
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
-#include "qxScenegraph.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGMaterialPool.h>
@@ -23,11 +20,8 @@ TEST_F(MaterialVariantTest, APlainMaterialIsWrappedAndReplacedOnItsNodes)
     const TestMaterial paint = scene.addMaterial("Paint");
     const TestNode hood = scene.addGeometry("Hood", paint);
     const TestNode doors = scene.addMaterialGroup("Doors", paint);
-    const TestMaterial leather = scene.addMaterial("Leather");
-    const TestNode seat = scene.addGeometry("Seat", leather);
-
-    qxMaterialVariant variant(paint.material());
-
+    const TestNode seat = scene.addGeometry("Seat", scene.addMaterial("Leather"));
+    const qxMaterialVariant variant(paint.material());
     EXPECT_EQ(variant.name, "Paint Switch");
     EXPECT_EQ(variant.switchMaterialName, "Paint Switch");
     EXPECT_EQ(variant.defaultState, "Paint");
@@ -37,11 +31,11 @@ TEST_F(MaterialVariantTest, APlainMaterialIsWrappedAndReplacedOnItsNodes)
     EXPECT_EQ(wrapped.choice(), 0u);
     for (const TestNode &node : {hood, doors})
         EXPECT_EQ(qxNodeUtils::getMaterial(node), wrapped.material());
-    EXPECT_EQ(qxNodeUtils::getMaterial(seat), leather.material());
+    EXPECT_EQ(qxMaterials::getName(qxNodeUtils::getMaterial(seat)), "Leather");
     EXPECT_EQ(moduleMessages, std::vector<unsigned int>({0x10000}));
 }
 
-TEST_F(MaterialVariantTest, AMaterialThatOnlyItsNodeHoldsIsWrappedAndTakenOutWithoutLoss)
+TEST_F(MaterialVariantTest, AMaterialThatOnlyItsNodeHoldsIsNotLost)
 {
     const osg::MaterialPtr paint = osg::SimpleMaterial::create();
     qxMaterials::setName(paint, "Paint", true);
@@ -62,10 +56,8 @@ TEST_F(MaterialVariantTest, ASwitchMaterialGivesItsMaterialsAsOptions)
     const TestMaterial finish = scene.addSwitchMaterial("Finish", {"Red", "Blue", "Red"}).choose(1);
     EXPECT_EQ(textsOf(qxMaterialVariant(finish.material()).options), stepsAnd({"Red", "Blue"}));
     EXPECT_EQ(qxMaterialVariant(finish.material()).defaultState, "Blue");
-    finish.choose(7);
-    EXPECT_EQ(qxMaterialVariant(finish.material()).defaultState, "");
-    EXPECT_EQ(qxMaterialVariant(finish.material()).onCurrent(), "");
-
+    const qxMaterialVariant beyond(finish.choose(7).material());
+    EXPECT_TRUE(beyond.defaultState.isEmpty() && beyond.onCurrent().isEmpty());
     const qxMaterialVariant nameless(scene.addMaterial("").material());
     EXPECT_TRUE(nameless.name.isEmpty() && nameless.options.empty());
 }
@@ -99,13 +91,11 @@ TEST_F(MaterialVariantTest, SwitchMaterialsOfOneNameAreSteppedEach)
     const TestMaterial second = scene.addSwitchMaterial("Finish", {"Blue", "Green"}).choose(1);
     qxMaterialVariant variant(first.material());
     EXPECT_EQ(select(variant, "!Next (Loop)", closing).size(), 2u);
-    EXPECT_EQ(first.choice(), 1u);
-    EXPECT_EQ(second.choice(), 0u);
-    EXPECT_EQ(empty.choice(), 0u);
+    EXPECT_TRUE(first.choice() == 1 && second.choice() == 0 && empty.choice() == 0);
     EXPECT_EQ(variant.onCurrent(), ""); // the first of that name is no switch
 }
 
-TEST_F(MaterialVariantTest, MaterialsAreAddedOnceAndAnnouncedEachTime)
+TEST_F(MaterialVariantTest, MaterialsAreAddedOnceButAnnouncedEachTime)
 {
     const TestMaterial finish = scene.addSwitchMaterial("Finish", {"Red"});
     const osg::MaterialPtr blue = scene.addMaterial("Blue");
@@ -152,7 +142,7 @@ TEST_F(MaterialVariantTest, WithoutAnEditableSwitchMaterialNothingIsChangedOrSen
     EXPECT_TRUE(notifications.entries().empty());
 }
 
-TEST_F(MaterialVariantTest, RebuiltOptionsKeepShortcutsAndTheDefaultThatIsStillAState)
+TEST_F(MaterialVariantTest, RebuiltOptionsKeepTheirShortcuts)
 {
     const TestMaterial finish = scene.addSwitchMaterial("Finish", {"Red", "Blue"}).choose(1);
     qxMaterialVariant variant;

@@ -9,18 +9,16 @@ TEST_F(NodeVariantOptionsTest, OfASwitch)
 {
     const TestNode rims = scene.addSwitch("Rims", {"Steel", "Alloy", "Steel", "", ""}).choose(1);
     qxNodeVariant variant(rims.node());
-    EXPECT_EQ(variant.name, "Rims");
-    EXPECT_EQ(variant.nodeName, "Rims");
-    const Texts built{"!All",          "!None",      "!Next*",
-                      "!Next (Loop)*", "!Previous*", "!Previous (Loop)*",
-                      "Steel",         "Alloy",      "Group"};
+    EXPECT_TRUE(variant.name == "Rims" && variant.nodeName == "Rims");
+    Texts built = stepsAnd({"Steel", "Alloy", "Group"});
+    built.insert(built.begin(), {"!All", "!None"});
     EXPECT_EQ(textsOf(variant.options), built);
     EXPECT_EQ(rebuilt(variant), built);
     EXPECT_EQ(variant.defaultState, "Alloy");
     EXPECT_EQ(rebuiltDefault(variant, "!Previous"), "!Next (Loop)"); // no default: it is an action
 }
 
-TEST_F(NodeVariantOptionsTest, TheDefaultAndTheCurrentStateFollowTheChoiceOfTheFirstNode)
+TEST_F(NodeVariantOptionsTest, TheStatesFollowTheChoiceOfTheFirstNode)
 {
     const struct {
         int choice;
@@ -66,12 +64,10 @@ TEST_F(NodeVariantOptionsTest, RebuiltKeepShortcutsAndFlags)
 TEST_F(NodeVariantOptionsTest, OfATransformSwitchWhoseStatesLoseTheirShortcuts)
 {
     const TestNode seat = scene.addTransformSwitch("Seat", 2).choose(1);
-    const qxNodeVariant built(seat.node());
-    EXPECT_EQ(textsOf(built.options), stepsAnd({"Transform 0", "Transform 1"}));
-    EXPECT_EQ(built.defaultState, "!Next (Loop)");
-
-    qxNodeVariant variant;
-    variant.nodeName = "Seat";
+    qxNodeVariant variant(seat.node());
+    EXPECT_EQ(textsOf(variant.options), stepsAnd({"Transform 0", "Transform 1"}));
+    EXPECT_EQ(variant.defaultState, "!Next (Loop)");
+    variant.options.clear();
     variant.add(true, "Transform 1", "F1");
     variant.add("!Previous", "F2");
     EXPECT_EQ(rebuilt(variant),
@@ -99,7 +95,6 @@ TEST(NodesChange, SortsChildrenAfterAnyChoice)
     qxNodesChange all;
     all.sortChildren(-2, {"A", "B"});
     EXPECT_EQ(all.visible, Texts({"A", "B"}));
-
     qxNodesChange odd;
     testing::internal::CaptureStderr();
     odd.sortChildren(2, {"A", "B"});
@@ -108,4 +103,40 @@ TEST(NodesChange, SortsChildrenAfterAnyChoice)
               "qxNodeVariant::callVariantsNodesChanged: choice (2) out of range!\n"
               "qxNodeVariant::callVariantsNodesChanged: choice (-3) out of range!\n");
     EXPECT_TRUE(odd.visible.empty() && odd.invisible.empty());
+}
+
+TEST(Options, AreKeptOncePerNameWithTheFirstShortcut)
+{
+    qxNodeVariant variant;
+    variant.add("Red", "Alt+Shift+A, B");
+    variant.add(true, "Red", "Ctrl+2");
+    variant.add("Plain", "");
+    EXPECT_EQ(textsOf(variant.options), Texts({"Red (Alt+Shift+A, B)", "Plain"}));
+    qxVariantOption &red = variant.options[0];
+    EXPECT_EQ(red.key, int(Qt::Key_A));
+    EXPECT_EQ(red.modifiers, Qt::AltModifier | Qt::ShiftModifier);
+    red.shortcut = "F5";
+    red.updateShortcut();
+    EXPECT_EQ(red.key, int(Qt::Key_F5));
+    EXPECT_EQ(red.modifiers, Qt::NoModifier);
+}
+
+TEST(Options, AreFoundAndRemovedByTheirExactName)
+{
+    qxNodeVariant variant;
+    EXPECT_FALSE(variant.isAction("!Toggle"));
+    for (const char *name : {"!Toggle", "Green", "Blue"})
+        variant.add(name, "");
+    variant.add(true, "Flip", "");
+    variant.add(true, "", "");
+    EXPECT_FALSE(variant.isAction("!Toggle"));
+    EXPECT_TRUE(variant.isAction("Flip"));
+    EXPECT_EQ(variant.find("Flip"), &variant.options[3]);
+    EXPECT_EQ(variant.find(""), nullptr);
+    EXPECT_FALSE(variant.isAction(""));
+
+    variant.remove("green");
+    EXPECT_EQ(variant.options.size(), 5u);
+    variant.remove(variant.options[1].name); // a name that goes with its option
+    EXPECT_EQ(textsOf(variant.options), Texts({"!Toggle", "Blue", "Flip*", "*"}));
 }

@@ -8,7 +8,6 @@
 #include "Script/qxScriptRunner.h"
 #include "qxConnector.h"
 #include "qxLights.h"
-#include "qxNodeUtils.h"
 
 namespace {
 

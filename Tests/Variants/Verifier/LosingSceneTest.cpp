@@ -1,8 +1,7 @@
 #include "../Registry/OneOfEach.h"
 #include "HostFixture.h"
-#include "qxMaterials.h"
+#include "TestFiles.h"
 #include "qxOverlays.h"
-#include "qxScenegraph.h"
 #include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -117,7 +116,7 @@ TEST_F(LosingSceneTest, OptimizingDropsEntryByEntryWhatTheSceneLost)
             EXPECT_TRUE(left.removeOne(entry));
         notifications.clear();
         qxVariants::optimizeVariantSets();
-        EXPECT_EQ(contentOf(*set).join(' ').toStdString(), left.join(' ').toStdString());
+        EXPECT_EQ(contentOf(*set), left);
         EXPECT_EQ(contentOf(*twin), left);
         EXPECT_TRUE(notifications.entries().empty());
     }
@@ -137,7 +136,8 @@ TEST_F(LosingSceneTest, StatesThatNoSwitchHasToHoldStayAsLongAsTheSceneObjectDoe
     }
     set.addLightVariant("Lamp", "nonsense");
     set.addTransformVariant("Door", "!Next");
-    set.optimize();
+    const auto optimize = &qxVariantSet::optimize; // one operation, which a host may bind
+    (set.*optimize)();
     EXPECT_EQ(contentOf(set).join(' ').toStdString(),
               "Wheels=!Nonsense Roof=nonsense Paint=!Nonsense Trim=nonsense Lamp=nonsense "
               "Signs=!Nonsense Logo=nonsense");
@@ -150,7 +150,7 @@ TEST_F(LosingSceneTest, StatesThatNoSwitchHasToHoldStayAsLongAsTheSceneObjectDoe
     EXPECT_EQ(contentOf(set), QStringList("Lamp=nonsense"));
 }
 
-TEST_F(LosingSceneTest, OneOfSeveralNodesOfANameIsEnoughForATransformButNotForASwitch)
+TEST_F(LosingSceneTest, OneOfSeveralNodesOfANameIsEnoughForATransform)
 {
     scene.addSwitch("Wheels", {"Steel"});
     scene.addPoses("Door", {"Ajar"});
