@@ -69,6 +69,7 @@ TEST_F(NodeUtilsTest, NamedStatesAreSelectedByTheTransformService)
     const TestNode twin = scene.addPoses("Door", {"Open"});
     EXPECT_TRUE(qxNodeUtils::hasTransformVariants(door));
     EXPECT_EQ(qxNodeUtils::getTransformVariantCount(door), 3);
+    EXPECT_EQ(qxNodeUtils::getTransformVariantIndex(door, "Open"), 2);
     EXPECT_EQ(qxNodeUtils::getTransformVariantIndex(door, "open"), -1);
     EXPECT_EQ(qxNodeUtils::getTransformVariantName(door, 3), "");
     for (const int state : {2, 3, -1}) // the latter two are none

@@ -132,6 +132,7 @@ TEST_F(SceneLookupTest, TheEnvironmentIsFoundBehindTheTree)
     EXPECT_FALSE(qxNodeUtils::isEnvironmentGeometrySwitch(osg::NullFC));
     EXPECT_EQ(environments.node()->getParent(), osg::NullFC);
     EXPECT_EQ(qxScenegraph::findNode("Environments"), environments.node());
+    EXPECT_EQ(cached("Environments"), (Nodes{environments.node()}));
     const Nodes dusks{inTree.node(), environments.child(1).node()};
     EXPECT_EQ(qxScenegraph::findNodes("Dusk"), dusks);
     EXPECT_EQ(cached("Dusk"), dusks);

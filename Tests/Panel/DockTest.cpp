@@ -187,6 +187,8 @@ TEST_F(DockTest, WhatIsNewIsNamedAtOnceEvenIfTheViewWouldHideIt)
         sets.view()->showSet("Red");
         sets.findChild<QToolButton *>("gallery")->setChecked(true);
         EXPECT_EQ(sets.view()->currentSet(), "Red");
+        auto *const gallery = qobject_cast<QAbstractItemView *>(sets.view()->currentWidget());
+        EXPECT_TRUE(gallery->dragEnabled() && gallery->viewport()->acceptDrops());
         search().setText("Red");
         for (QAction *action : sets.setActions()) {
             if (action->text().remove('&') == text)

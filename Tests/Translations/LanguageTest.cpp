@@ -210,6 +210,7 @@ TEST_F(LanguageTest, TheChoiceIsRemembered)
 {
     choose("Deutsch");
     makeWindow();
+    EXPECT_TRUE(window->windowTitle().contains("Workbench"));
     EXPECT_EQ(menus().first()->title(), "&Datei");
     qxLanguage().choose("xx");
     EXPECT_EQ(qxLanguage().chosen(), QString());

@@ -90,6 +90,7 @@ TEST_F(SceneFileReadTest, ChainsOfAHundredThousandNodesLoadAndComeBack)
     save(path("deep.gltf"));
     load(path("deep.gltf"));
     EXPECT_EQ(find("Deepest").mask(), 0u);
+    EXPECT_EQ(qxScenegraph::findNodes("Deepest").size(), 1u);
     qxScenegraph::initFindCache();
     EXPECT_EQ(find("Deepest").mask(), 0u);
     qxScenegraph::clearFindCache();

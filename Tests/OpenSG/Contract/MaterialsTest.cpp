@@ -56,6 +56,9 @@ TEST_F(SwitchMaterials, WarnOfAChoiceThatIsOutOfRangeWhenItIsUsed)
     EXPECT_EQ(current, NullFC);
     EXPECT_TRUE(warns([&] { current = m_switch->getMaterial(7); }));
     EXPECT_TRUE(warns([] { held<SwitchMaterial>()->getCurrentMaterial(); }));
+    forgetRecords();
+    endEditCP(m_switch, SwitchMaterial::ChoiceFieldMask);
+    EXPECT_EQ(timesRecorded(m_switch, SwitchMaterial::ChoiceFieldMask), 1u);
 }
 
 TEST_F(SwitchMaterials, LookLikeTheirCurrentMaterial)

@@ -84,7 +84,8 @@ TEST(Colours, StartBlackWithoutAlpha)
     EXPECT_EQ(Color3f(), Color3f(0, 0, 0));
     Color4f colour;
     colour.setValuesRGBA(0.1f, 0.2f, 0.3f, 0.4f);
-    EXPECT_EQ(colour.alpha() + colour.getValuesRGBA()[2], 0.4f + 0.3f);
+    EXPECT_EQ(colour.alpha(), 0.4f);
+    EXPECT_EQ(colour.getValuesRGBA()[2], colour.blue());
 }
 
 TEST(Quaternions, TurnMultiplyInvertAndInterpolate)

@@ -102,6 +102,8 @@ TEST(References, AreCountedOnceByWhoeverIsGivenAnObject)
 
 TEST(References, TurnTheHandedInPointerToNullWithTheLastRelease)
 {
+    const UInt32 id = NodeRefPtr(Node::create()).get().getFieldContainerId();
+    EXPECT_FALSE(isAlive(id)); // The passing holder was the only one.
     const NodePtr node = Node::create();
     EXPECT_EQ(node.getRefCount(), 0);
     addRefCP(node);
@@ -154,4 +156,17 @@ TEST(References, AreNotTakenByBaseClassSetters)
     static_cast<MaterialGroupBase &>(*group.get()).setMaterial(material.get());
     EXPECT_EQ(material.get().getRefCount(), 1);
     static_cast<MaterialGroupBase &>(*group.get()).setMaterial(NullFC);
+}
+
+TEST(RefPtrs, ReleaseWhatTheyHeldWhenTheyAreGivenMore)
+{
+    const auto first = held<Node>();
+    NodeRefPtr other(first);
+    other = Node::create();
+    EXPECT_EQ(counts(first, other), "1 1");
+    const UInt32 id = other.get().getFieldContainerId();
+    other = first;
+    EXPECT_FALSE(isAlive(id));
+    EXPECT_EQ(counts(first, other), "2 2");
+    EXPECT_TRUE(other == first && other != NullFC);
 }

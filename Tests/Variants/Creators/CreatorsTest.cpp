@@ -53,10 +53,14 @@ protected:
     {
         SCOPED_TRACE(name);
         Creator prototype;
-        osg::GraphOpFactory::the().registerOp(&prototype);
-        const std::unique_ptr<osg::GraphOp> made(osg::GraphOpFactory::the().create(name));
-        osg::GraphOpFactory::the().unRegisterOp(&prototype);
-        EXPECT_FALSE(osg::GraphOpFactory::the().create(name));
+        osg::GraphOpFactory &ops = osg::GraphOpFactory::the();
+        ops.registerOp(&prototype);
+        ops.unRegisterOp(&prototype);
+        EXPECT_FALSE(ops.create(name));
+        ops.registerOp(&prototype);
+        const std::unique_ptr<osg::GraphOp> made(ops.create(name));
+        ops.unRegisterOp(name);
+        EXPECT_FALSE(ops.create(name));
         ASSERT_TRUE(made);
         EXPECT_EQ(made->getName(), name);
         EXPECT_TRUE(dynamic_cast<Creator *>(made.get()));

@@ -1,5 +1,4 @@
 #include "HostFixture.h"
-#include "qxController.h"
 #include "qxScript.h"
 #include "qxTestPaths.h"
 
