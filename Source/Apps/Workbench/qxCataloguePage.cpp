@@ -2,11 +2,11 @@
 
 #include "qxVariantGroup.h"
 #include "qxVariantSet.h"
-#include "qxVariantTable.h"
 #include "qxVariants.h"
 
 #include "qxHtmlWriter.h"
 #include "qxSetContents.h"
+#include "qxShownStates.h"
 
 #include <QImage>
 
@@ -212,8 +212,9 @@ void writeVariants(qxHtmlWriter &page)
     for (const char *title : {"Kind", "Variant", "Now", "Default", "States"})
         page.element("th", QLatin1String(title));
     page.close();
+    const qxShownStates states;
     for (const qxVariantRow &row : qxVariantTable::all()) {
-        const QString current = row.variant->onCurrent();
+        const QString current = states.of(row).state;
         page.open("tr");
         page.element("td", QLatin1String(row.kind));
         page.element("td", row.variant->name);

@@ -1,6 +1,5 @@
 #include "qxShowCommand.h"
 
-#include "qxScenegraph.h"
 #include "qxSession.h"
 
 #include <QCommandLineParser>
@@ -16,8 +15,6 @@ int qxShowCommand::run(const QCommandLineParser &parser, Print json, Print table
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;
     const Print print = parser.isSet(QStringLiteral("json")) ? json : table;
-    qxScenegraph::initFindCache(); // what is shown is looked up by name
     print(session);
-    qxScenegraph::clearFindCache();
     return Success;
 }
