@@ -32,6 +32,7 @@ protected:
         const int terminal = ::open(m_name.c_str(), O_RDWR);
         for (int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
             dup2(terminal, stream);
+        setenv("TERM", "dumb", 1);
     }
 
 private:
@@ -47,9 +48,6 @@ protected:
     {
         m_program = std::make_unique<TerminalProgram>();
         m_terminal = m_program->screen();
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("TERM", "dumb");
-        m_program->setProcessEnvironment(environment);
         m_program->start(QStringLiteral(QX_BUILD_BIN "/workbench"), arguments);
         ASSERT_TRUE(m_program->waitForStarted());
         shownUntil(question);

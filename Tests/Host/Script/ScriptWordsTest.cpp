@@ -49,13 +49,11 @@ TEST_F(ScriptWordsTest, TheClippingTextsOfVariantSetsReachTheClippingPlaneAndCom
                   {"getClippingPlaneColor()", "0.1, 0.2, 0.3"},
                   {"getClippingGridColor()", "0.4, 0.5, 0.6"},
                   {"getClippingContourColor()", "0.7, 0.8, 0.9"},
-                  {"getClippingContourWidth()", "4"},
-                  {"getClippingPlaneInvertDirection()", "True"},
-                  {"getClippingHideScene()", "True"},
-                  {"getClippingShowPlane()", "False"},
-                  {"getClippingShowGrid()", "False"},
-                  {"getClippingShowContour()", "False"},
-                  {"isClippingPlaneEnabled()", "True"}});
+                  {"getClippingContourWidth(), getClippingPlaneInvertDirection(), "
+                   "getClippingHideScene(), isClippingPlaneEnabled()",
+                   "(4, True, True, True)"},
+                  {"getClippingShowPlane(), getClippingShowGrid(), getClippingShowContour()",
+                   "(False, False, False)"}});
     qxScript::run("setClippingGridVisualization(true, Vec3f())");
     expectValues({{"getClippingShowPlane(), getClippingShowGrid(), getClippingShowContour()",
                    "(False, True, False)"}});
@@ -125,7 +123,7 @@ TEST_F(ScriptWordsTest, PathsAreNamesFromBelowTheRootAndTheFirstNodeInSceneOrder
     scene.add("Bonnet/Left", car);
     const TestNode skies = scene.addEnvironments("Sky", {"Studio", "Car"});
     const TestNode sky = scene.add("Sky"), none(osg::NullFC);
-    const std::vector<std::pair<std::string, TestNode>> paths{
+    std::vector<std::pair<std::string, TestNode>> paths{
         {"Car", car},
         {"Car/Door", door},
         {"Car/Wheel", wheel}, // below the second one
@@ -134,19 +132,10 @@ TEST_F(ScriptWordsTest, PathsAreNamesFromBelowTheRootAndTheFirstNodeInSceneOrder
         {"Car/Group", unnamed},
         {"Sky", sky}, // the one in the tree
         {"Sky/Studio", skies.child(0)},
-        {"Sky/Car", skies.child(1)},
-        {"", none},
-        {"Root", none},
-        {"Root/Car", none},
-        {"/Car", none},
-        {"Car/", none},
-        {"Ca", none},
-        {"Car Door", none},
-        {"ar/Door", none},
-        {"Door", none},
-        {"Car/Bonnet", none},
-        {"Car/Wheel/Front/", none},
-        {"Studio/Car", none}};
+        {"Sky/Car", skies.child(1)}};
+    for (const char *wrong : {"", "Root", "Root/Car", "/Car", "Car/", "Ca", "Car Door", "ar/Door",
+                              "Door", "Car/Bonnet", "Car/Wheel/Front/", "Studio/Car"})
+        paths.emplace_back(wrong, none);
     std::string all = "found = {";
     for (const auto &expected : paths)
         all += "'" + expected.first + "': findNodePath('" + expected.first + "'), ";

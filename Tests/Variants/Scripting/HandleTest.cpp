@@ -155,27 +155,25 @@ TEST_F(HandleTest, TheLastTextCountsAndNamesKeepTheirOrder)
     EXPECT_EQ(set->values.keys(), QStringList("price"));
 }
 
-TEST_F(HandleTest, AClippingPlaneLeavesStateAndColours)
+TEST_F(HandleTest, AClippingPlaneChangesWhatItNames)
 {
     handle.setClippingState(2);
+    set->setClippingContourWidth(9);
     const qxAnalyzerVariant before = set->analyzer;
-    handle.addClippingPlane({1, 2.5f, -3}, {0, 0, 1}, true, true, false, false, false);
     const qxAnalyzerVariant &clip = set->analyzer;
-    EXPECT_EQ(clip.clipPlanePosition, osg::Pnt3f(1, 2.5f, -3));
-    EXPECT_EQ(clip.clipPlaneNormal, osg::Vec3f(0, 0, 1));
-    EXPECT_EQ(clip.clipState, 2);
-    EXPECT_EQ(clip.clipPlaneColor, before.clipPlaneColor);
-    EXPECT_EQ(clip.clipGridColor, before.clipGridColor);
-    EXPECT_EQ(clip.clipContourColor, before.clipContourColor);
-    EXPECT_EQ(clip.clipContourWidth, before.clipContourWidth);
-
-    // Each flag goes to its own place.
-    for (int place = 0; place < 5; ++place) {
-        handle.addClippingPlane({0, 0, 0}, {0, 1, 0}, place == 0, place == 1, place == 2,
+    for (int place = 0; place < 5; ++place) { // Each flag goes to its own.
+        handle.addClippingPlane({1, 2.5f, -3}, {0, 0, 1}, place == 0, place == 1, place == 2,
                                 place == 3, place == 4);
         const bool flags[] = {clip.clipPlaneInvert, clip.clipPlaneHideScene, clip.clipPlaneShow,
                               clip.clipGridShow, clip.clipContourShow};
         for (int flag = 0; flag < 5; ++flag)
             EXPECT_EQ(flags[flag], flag == place) << flag;
     }
+    EXPECT_EQ(clip.clipPlanePosition, osg::Pnt3f(1, 2.5f, -3));
+    EXPECT_EQ(clip.clipPlaneNormal, osg::Vec3f(0, 0, 1));
+    EXPECT_EQ(clip.clipState, 2);
+    EXPECT_EQ(clip.clipContourWidth, 9);
+    EXPECT_TRUE(clip.clipPlaneColor == before.clipPlaneColor
+                && clip.clipGridColor == before.clipGridColor
+                && clip.clipContourColor == before.clipContourColor);
 }

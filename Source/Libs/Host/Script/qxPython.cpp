@@ -70,7 +70,8 @@ std::atomic<int (*)(void *)> wanted{nullptr};
 
 void callWanted(int, const boost::python::object &)
 {
-    if (wanted.load()(nullptr) != 0)
+    const auto action = wanted.load();
+    if (action && action(nullptr) != 0)
         boost::python::throw_error_already_set();
 }
 
