@@ -60,21 +60,21 @@ TEST_F(SceneFileReadTest, TheStatedSceneIsShownWithItsVariantsDocument)
 
 TEST_F(SceneFileReadTest, AMeshOfItsNodesNameIsHiddenWithTheNode)
 {
-    qxJson json = MeshText(triangle).scene();
+    qxJson json = sample("triangle");
     json["nodes"][0]["name"] = "Shape";
     const qxJson shown = json;
     json["nodes"][0]["extras"]["qxHiddenParts"] = {0};
     qxJson hidden = json;
     hidden["nodes"][0]["extensions"]["KHR_node_visibility"]["visible"] = false;
     for (const qxJson &each : {json, hidden}) {
-        load(write("scene.gltf", each));
+        load(each);
         EXPECT_EQ(tree(), " (Group 'Shape' hidden (Geometry - <>))");
         expectSaved(each);
         find("Shape").setMask(0xFFFFFFFF);
         expectSaved(shown);
     }
     json["meshes"][0]["primitives"].push_back(qxJson(json["meshes"][0]["primitives"][0]));
-    load(write("scene.gltf", json));
+    load(json);
     EXPECT_EQ(tree(), " (Group 'Shape' (Geometry - <> hidden, Geometry - <>))") << "a part of it";
 }
 
