@@ -46,7 +46,8 @@ void qxNameLookUp::remove(int place)
         return;
     m_first.erase(first);
     for (int next = place + 1; m_hasNamesakes && next < places(); ++next) {
-        if (m_entries[std::size_t(next)].known == known) {
+        const Entry &namesake = m_entries[std::size_t(next)];
+        if (namesake.name && namesake.known == known) {
             m_first.insert(known, next);
             return;
         }
