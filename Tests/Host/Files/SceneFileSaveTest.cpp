@@ -239,7 +239,7 @@ TEST_F(SceneFileSaveTest, FailedWritesLeaveTheOldFilesWhole)
     write("blocked", QByteArray("a file where a folder is needed"));
     EXPECT_FALSE(file.save(path("blocked/car.gltf")));
     EXPECT_EQ(file.errorString(),
-              path("blocked/car.gltf") + ": cannot be written: its folder does not exist");
+              path("blocked/car.gltf") + ": the file cannot be written: its folder does not exist");
     QDir().mkdir(path("folder.gltf"));
     EXPECT_FALSE(file.save(path("folder.gltf")));
     EXPECT_TRUE(file.errorString().contains("folder.gltf: the file cannot be written: "));
