@@ -205,7 +205,7 @@ TEST_F(PictureTest, PicturesThatShowNothingOfTheSceneAreNamedWithTheReason)
     const QString hidden =
         write("hidden.gltf", sceneWith("signs", none.replace("state=\"Blue\"", "state=\"!None\"")));
     const QByteArray hint = "in \"stop : halt\": all of it is hidden, or it has no triangles; ";
-    const QByteArray said = quick({"catalogue", hidden, "--out", path("page")}).err;
+    const QByteArray said = quick({"catalogue", hidden, "--out", made("page")}).err;
     EXPECT_EQ(said.count("nothing of the scene is to be seen"), said.count(hint)) << said.data();
     EXPECT_EQ(said.count(hint), 1) << said.data();
     const QStringList one{"render", hidden, "--out", path("one.png"), "--size", "9x9"};
