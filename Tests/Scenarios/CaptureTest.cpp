@@ -1,28 +1,21 @@
 #include "Program.h"
 
 /// Capturing a set in a shell, from looking for ambiguous nodes to selecting what was captured.
-class CaptureCommandTest : public ProgramFixture {
-protected:
-    QString twoSwitches() const
-    {
-        return write("twins.gltf", R"({"asset":{"version":"2.0"},"scene":0,
-            "scenes":[{"nodes":[0,1]}],"nodes":[
-            {"name":"Left","children":[2]},{"name":"Right","children":[3]},
-            {"name":"Wheels","children":[4],"extras":{"qxSwitch":0}},
-            {"name":"Wheels","children":[5],"extras":{"qxSwitch":0}},
-            {"name":"Steel"},{"name":"Alloy"}]})");
-    }
-};
+class CaptureCommandTest : public ProgramFixture {};
 
 TEST_F(CaptureCommandTest, AmbiguousNodesAreListedAndRenamedOnlyWhenThatIsWanted)
 {
     EXPECT_EQ(done({"check", desk()}).out, "no ambiguous nodes\n");
     EXPECT_EQ(done({"check", desk(), "--json"}).array(), QJsonArray());
-    const QString twins = twoSwitches();
+    const QString twins = write("twins.gltf", R"({"asset":{"version":"2.0"},"scene":0,
+        "scenes":[{"nodes":[0,1]}],"nodes":[
+        {"name":"Left","children":[2]},{"name":"Right","children":[3]},
+        {"name":"Wheels","children":[4],"extras":{"qxSwitch":0}},
+        {"name":"Wheels","children":[5],"extras":{"qxSwitch":0}},
+        {"name":"Steel"},{"name":"Alloy"}]})");
     EXPECT_EQ(failed({"check", twins}).out, "Wheels  Right/Wheels\n");
     EXPECT_EQ(failed({"check", twins, "--json"}).json(),
               parsed(R"([{"name": "Wheels", "path": "Right/Wheels"}])"));
-
     const QString out = path("out.gltf");
     refused(1, {"capture", twins, "Sport", "--save", out}, "  Right/Wheels\n");
     EXPECT_FALSE(QFile::exists(out));
@@ -40,7 +33,6 @@ TEST_F(CaptureCommandTest, ACapturedSetBringsBackWhatItSaw)
     EXPECT_EQ(made["group"], "Mine");
     EXPECT_EQ(done({"info", copy, "--json"}).object()["viewpoints"],
               (QJsonArray{"Front", "Über dem Tisch", "Now"}));
-
     const QByteArray captured = done({"state", copy}).out;
     const QJsonArray reports =
         done({"select", copy, "Morning", "Now", "Now", "--json", "--save", copy}).array();

@@ -1,4 +1,5 @@
 #include "Program.h"
+#include "qxTestPaths.h"
 
 /// The commands on a small scene: a desk of oak or glass, a lamp, a chair that stands in three
 /// places.
@@ -61,7 +62,6 @@ TEST_F(CommandsTest, StateShowsEveryVariantAndADashForWhatTheSceneLacks)
         {"name": "Oak", "shortcut": "", "action": false},
         {"name": "Glass", "shortcut": "", "action": false}]})x"));
     EXPECT_EQ(done({"state", desk("<Variants/>")}).out, "no variants\n");
-
     const QString hidden = deskWithSet("<NodeVariantRef ref='Chair' state='!Disable'/>",
                                        "<NodeVariant name='Chair' base='Chair'/>");
     done({"select", hidden, "Only", "--save", hidden});
@@ -98,6 +98,17 @@ TEST_F(CommandsTest, SelectTellsWhatEachSetChangedAndWhatItSkipped)
                   "skipped": ["no node variant \"Shelf\""]}])x"));
 }
 
+TEST_F(CommandsTest, ClonesStepTogetherAndAreReportedOnce)
+{
+    const QJsonValue changes =
+        done({"select", QX_DEMO_SCENE, "Next Wheel", "--json"}).array()[0]["changes"];
+    ASSERT_EQ(changes.toArray().size(), 1);
+    EXPECT_TRUE(changes[0]["object"].toString().endsWith("/Wheels"));
+    EXPECT_EQ(changes[0]["clones"], 3);
+    EXPECT_EQ(changes[0]["from"], "Five Spoke");
+    EXPECT_EQ(changes[0]["to"], "Turbine");
+}
+
 TEST_F(CommandsTest, TheSavedSceneStandsAsItWasSelected)
 {
     const QString saved = path("saved.gltf");
@@ -108,7 +119,6 @@ TEST_F(CommandsTest, TheSavedSceneStandsAsItWasSelected)
               "node   Chair  Transform 0\n"
               "light  Lamp   -\n");
     EXPECT_EQ(bytesOf(path("desk.gltf")), sceneWith("desk"));
-
     done({"select", saved, "Leer geräumt", "Evening", "Leer geräumt", "--save", saved});
     EXPECT_TRUE(done({"state", saved})
                     .out.startsWith("node   Desk   !None\n"
@@ -135,12 +145,7 @@ TEST_F(CommandsTest, SetPutsOneVariantIntoAState)
 
 TEST_F(CommandsTest, CreateMakesVariantsOfTheKindsAskedForWhereThereAreNone)
 {
-    const QString scene = write("kinds.gltf", R"({
-        "asset": {"version": "2.0"}, "scene": 0, "scenes": [{"nodes": [0, 3]}],
-        "nodes": [{"name": "Desk", "children": [1, 2], "extras": {"qxSwitch": 0}},
-                  {"name": "Oak"}, {"name": "Glass"},
-                  {"name": "Door", "extras": {"qxPoseNames": "Shut;Open", "qxPose": 0,
-                   "qxPoses": [0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 0, 0, 2, 0, 0, 0, 1, 1, 1, 1]}}]})");
+    const QString scene = deskAndDoor();
     const QString saved = path("saved.gltf");
     EXPECT_EQ(done({"create", scene, "--json", "--save", saved}).json(),
               parsed(R"x([{"kind": "node", "name": "Desk", "default": "Oak", "states": [

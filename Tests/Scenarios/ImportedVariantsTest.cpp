@@ -11,12 +11,10 @@ protected:
         if (qEnvironmentVariableIsEmpty("QX_SCENES"))
             GTEST_SKIP() << "QX_SCENES names no folder of real scenes";
     }
-
     static QString sample(const QString &name)
     {
         return qEnvironmentVariable("QX_SCENES") + "/" + name;
     }
-
     /// Per primitive the material that it shows: its own, or the one that the file maps to this
     /// variant.
     static QList<int> materialsIn(const QJsonValue &json, int variant = -1)

@@ -38,8 +38,7 @@ TEST_F(LintTest, FindingsAreLinesWithPlaceSeverityAndCode)
         "(Variants/VariantGroup[1] \"Work\"/VariantSet[2] \"Evening\"/NodeVariantRef[2])\n"
         "19:4: error QX306: set \"Evening\", animation \"Sunset\": the scene does not have it "
         "(Variants/VariantGroup[1] \"Work\"/VariantSet[2] \"Evening\"/AnimationRef[1])\n"
-        "22:2: hint QX315: group \"Attic\" has no sets (Variants/VariantGroup[2] "
-        "\"Attic\")\n"
+        "22:2: hint QX315: group \"Attic\" has no sets (Variants/VariantGroup[2] \"Attic\")\n"
         "44:3: hint QX407: node variant \"Chair\": no set and no hotkey leads to \"Transform "
         "1\" (Variants/NodeVariant[3] \"Chair\"/State[2])\n"
         "47:2: error QX401: light variant \"Lamp\": the scene has no \"Lamp bulb\" "
@@ -49,9 +48,7 @@ TEST_F(LintTest, FindingsAreLinesWithPlaceSeverityAndCode)
         "3 errors, 0 warnings, 3 hints\n");
 
     const QJsonObject json = failed({"lint", desk(), "--json"}).object();
-    EXPECT_EQ(json["errors"], 3);
-    EXPECT_EQ(json["warnings"], 0);
-    EXPECT_EQ(json["hints"], 3);
+    EXPECT_TRUE(json["errors"] == 3 && json["warnings"] == 0 && json["hints"] == 3);
     ASSERT_EQ(json["findings"].toArray().size(), 6);
     EXPECT_EQ(QJsonDocument(json["findings"][2].toObject()),
               parsed(R"({"code": "QX315", "severity": "hint",
@@ -80,10 +77,8 @@ TEST_F(LintTest, ADocumentThatTheReaderRefusesIsAFindingToo)
 {
     for (const QByteArray document :
          {"<Variants><VariantSet", "<!DOCTYPE v [<!ENTITY a 'b'>]><Variants/>", "no document"}) {
-        const QJsonArray findings =
-            failed({"lint", desk(document), "--json"}).object()["findings"].toArray();
-        EXPECT_EQ(findings.size(), 1) << document.toStdString();
-        EXPECT_EQ(findings[0].toObject()["code"], "QX101") << document.toStdString();
+        const QByteArray out = failed({"lint", desk(document)}).out;
+        EXPECT_TRUE(out.contains("error QX101: ") && out.count('\n') == 2) << out.toStdString();
     }
     for (const QString &clean :
          {desk("<Variants/>"), QStringLiteral(QX_TEST_DATA "/Scenes/desk.gltf"),
@@ -96,6 +91,8 @@ TEST_F(LintTest, ScriptsAreCompiledButNotRun)
     const QByteArray proof = path("proof.txt").toUtf8();
     const QString writes = deskWithSet("<Script>open(\"" + proof + "\", \"w\")</Script>");
     EXPECT_EQ(done({"lint", writes}).out, "no findings\n");
+    EXPECT_EQ(done({"explain", writes, "Only"}).out, // which does not run them either
+              "Only\n  script    QX620 scripts are not run here\n");
     EXPECT_FALSE(QFile::exists(proof));
     const ProgramRun run = failed({"lint", deskWithSet("<Script>1 +</Script>")});
     EXPECT_TRUE(run.out.startsWith("1:35: error QX314: set \"Only\": line 1: "))

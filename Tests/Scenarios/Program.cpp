@@ -45,9 +45,14 @@ void ProgramFixture::refused(int code, const QStringList &arguments, const QByte
     EXPECT_TRUE(run.err.contains(reason)) << run.err.toStdString();
 }
 
-QJsonDocument ProgramRun::json() const
+QString ProgramFixture::deskAndDoor() const
 {
-    return parsed(out);
+    return write("door.gltf", R"({
+        "asset": {"version": "2.0"}, "scene": 0, "scenes": [{"nodes": [0, 3]}],
+        "nodes": [{"name": "Desk", "children": [1, 2], "extras": {"qxSwitch": 0}},
+                  {"name": "Oak"}, {"name": "Glass"},
+                  {"name": "Door", "extras": {"qxPoseNames": "Shut;Open", "qxPose": 0,
+                   "qxPoses": [0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 0, 0, 2, 0, 0, 0, 1, 1, 1, 1]}}]})");
 }
 
 QJsonDocument parsed(const QByteArray &text)

@@ -17,14 +17,17 @@ protected:
     void setupChildProcess() override { prctl(PR_SET_PDEATHSIG, SIGKILL); }
 };
 
+/// The JSON of this text; fails the test when it is anything else.
+QJsonDocument parsed(const QByteArray &text);
+
 /// What a run of the program left behind.
 struct ProgramRun {
     int code = -1; ///< of the exit; -1, and a failed test, when the program crashed or hung
     QByteArray out;
     QByteArray err;
 
-    /// Standard output as JSON; fails the test when it is anything else.
-    QJsonDocument json() const;
+    /// Standard output as JSON.
+    QJsonDocument json() const { return parsed(out); }
     const QJsonArray array() const { return json().array(); }
     const QJsonObject object() const { return json().object(); }
 };
@@ -53,6 +56,8 @@ protected:
     {
         return write("desk.gltf", sceneWith("desk", document));
     }
+    /// A desk of oak or glass and a door that is shut or open, without variants.
+    QString deskAndDoor() const;
     /// The desk with one set, "Only", of these elements, and with what follows it.
     QString deskWithSet(const QByteArray &elements, const QByteArray &more = QByteArray()) const
     {
@@ -61,8 +66,6 @@ protected:
     }
 };
 
-/// The JSON of this text.
-QJsonDocument parsed(const QByteArray &text);
 /// The JSON of a .gltf or of a .glb.
 QJsonValue sceneJson(const QString &path);
 /// JSON pointers to every value that one has and the other has not, or has differently.

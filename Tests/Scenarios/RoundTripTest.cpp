@@ -2,7 +2,6 @@
 #include "qxTestPaths.h"
 
 #include <QDir>
-#include <QProcess>
 
 #include <sys/stat.h>
 
@@ -25,7 +24,6 @@ TEST_F(RoundTripTest, ADocumentIsTheSameTextAfterEverySave)
     EXPECT_EQ(written, documentOf(first));
     EXPECT_TRUE(written.startsWith("<?xml version=\"1.0\" encoding=\"utf-8\"?>"));
     EXPECT_FALSE(written.contains("Morning")) << "the old document is replaced";
-
     done({"document", first, "--out", xml});
     EXPECT_EQ(bytesOf(xml), written);
     EXPECT_EQ(done({"document", first, "--out", "-"}).out, written);
@@ -64,7 +62,6 @@ TEST_F(RoundTripTest, ASceneWithADamagedDocumentIsNotSavedOver)
         refused(1, command + QStringList{"--save", scene}, "the variants document cannot be read");
     refused(1, {"list", scene}, "the variants document cannot be read");
     EXPECT_EQ(bytesOf(scene), sceneWith("desk", damaged));
-
     // It can be taken out as it is, mended by hand, and put back.
     EXPECT_EQ(done({"document", scene}).out, damaged);
     const QString mended = write("mended.xml", documentWithName("Lamp"));

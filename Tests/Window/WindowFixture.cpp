@@ -1,5 +1,7 @@
 #include "WindowFixture.h"
 
+#include "qxVariantsDock.h"
+
 #include "Pictures/qxMainGlView.h"
 #include "Window/qxScriptConsole.h"
 #include "Window/qxUnsavedChanges.h"
@@ -47,43 +49,24 @@ void WindowFixture::settle() const
     window->findChild<qxUnsavedChanges *>()->areThere();
 }
 
-void WindowFixture::openDesk()
-{
-    ASSERT_TRUE(window->openFile(write("desk.gltf", sceneWith("desk"))));
-    settle();
-}
-
 void WindowFixture::openDemo()
 {
-    ASSERT_TRUE(window->openFile(QX_DEMO_SCENE));
-    settle();
+    open(QX_DEMO_SCENE);
 }
 
 void WindowFixture::openTwins()
 {
-    ASSERT_TRUE(window->openFile(write("twins.gltf", R"({"asset":{"version":"2.0"},
+    open(write("twins.gltf", R"({"asset":{"version":"2.0"},
         "scenes":[{"nodes":[0,1]}],"nodes":[
         {"name":"Wheels","children":[2],"extras":{"qxSwitch":0}},
         {"name":"Wheels","children":[3],"extras":{"qxSwitch":0}},
-        {"name":"Steel"},{"name":"Alloy"}]})")));
+        {"name":"Steel"},{"name":"Alloy"}]})"));
 }
 
 QImage WindowFixture::finishedPicture() const
 {
     EXPECT_TRUE(QTest::qWaitFor([] { return !qxMainGlView::the()->isRefining(); }, 60000));
     return window->sceneView()->grab().toImage();
-}
-
-bool WindowFixture::isUnsaved() const
-{
-    settle();
-    return window->isWindowModified();
-}
-
-void WindowFixture::select(const QString &set) const
-{
-    window->setsDock()->selectSet(set);
-    settle();
 }
 
 void WindowFixture::answerDialog()
@@ -126,14 +109,9 @@ QAction *WindowFixture::action(const QString &text) const
     return window->menuBar()->actions().first();
 }
 
-QTreeView &WindowFixture::list() const
+QTreeView &WindowFixture::variants() const
 {
-    return *window->setsDock()->findChild<QTreeView *>();
-}
-
-QTreeView &WindowFixture::tree() const
-{
-    return *window->findChild<QDockWidget *>("scene")->findChild<QTreeView *>();
+    return *window->findChild<qxVariantsDock *>()->findChild<QTreeView *>();
 }
 
 QModelIndex WindowFixture::goTo(const QString &set)

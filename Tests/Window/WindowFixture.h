@@ -28,14 +28,22 @@ protected:
     void settle() const;
 
     /// A small scene of switches with sets "Morning" (Ctrl+1), "Evening" and "Leer geräumt".
-    void openDesk();
+    void openDesk() { open(write("desk.gltf", sceneWith("desk"))); }
     void openDemo();
     /// Two switches of one name.
     void openTwins();
     /// The picture of the scene once nothing more comes.
     QImage finishedPicture() const;
-    bool isUnsaved() const;
-    void select(const QString &set) const;
+    bool isUnsaved() const
+    {
+        settle();
+        return window->isWindowModified();
+    }
+    void select(const QString &set) const
+    {
+        window->setsDock()->selectSet(set);
+        settle();
+    }
 
     /// The next dialog is answered by `answer`, those of more calls in their order.
     void expectDialog(const Answer &answer) { m_answers.push_back(answer); }
@@ -55,8 +63,12 @@ protected:
         return names.join(',');
     }
     QAction *action(const QString &text) const;
-    QTreeView &list() const;
-    QTreeView &tree() const;
+    QTreeView &list() const { return *window->setsDock()->findChild<QTreeView *>(); }
+    QTreeView &variants() const;
+    QTreeView &tree() const
+    {
+        return *window->findChild<QDockWidget *>("scene")->findChild<QTreeView *>();
+    }
     /// Puts the cursor of the list on a set, as a click does.
     QModelIndex goTo(const QString &set);
     /// Runs Python in the console and tells what that printed.
@@ -68,6 +80,11 @@ protected:
     QTimer dialogWatch; ///< looks for dialogs that are to be answered as it was expected
 
 private:
+    void open(const QString &file)
+    {
+        ASSERT_TRUE(window->openFile(file));
+        settle();
+    }
     void answerDialog();
 
     std::vector<Answer> m_answers;

@@ -1,5 +1,3 @@
-#include "qxVariantsDock.h"
-
 #include "Window/qxLogView.h"
 #include "Window/qxScriptConsole.h"
 #include "WindowFixture.h"
@@ -11,7 +9,7 @@ protected:
     {
         return {window->sceneView(),
                 &tree(),
-                window->findChild<qxVariantsDock *>()->findChild<QTreeView *>(),
+                &variants(),
                 &list(),
                 window->findChild<qxLogView *>(),
                 window->console()->input()};

@@ -3,17 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
 #include <random>
-
-namespace {
 
 const int _size = 48;
 
-typedef std::function<qxPictureFilter::Pixel(int x, int y)> Content;
-
 /// What is left of a picture, with noise of the variance that its pixels tell, or told only.
-qxPictureFilter filtered(const Content &content, bool isNoisy = true)
+template <class Content>
+static qxPictureFilter filtered(const Content &content, bool isNoisy = true)
 {
     qxPictureFilter filter(_size, _size);
     std::mt19937 random(1);
@@ -36,7 +32,7 @@ qxPictureFilter filtered(const Content &content, bool isNoisy = true)
 }
 
 /// The largest difference from a light among the columns from `first` to before `last`.
-float error(const qxPictureFilter &filter, int first, int last, float light)
+static float error(const qxPictureFilter &filter, int first, int last, float light)
 {
     float worst = 0.0f;
     for (int y = 0; y < _size; ++y) {
@@ -46,7 +42,7 @@ float error(const qxPictureFilter &filter, int first, int last, float light)
     return worst;
 }
 
-qxPictureFilter::Pixel grey(float light, float deviation)
+static qxPictureFilter::Pixel grey(float light, float deviation)
 {
     qxPictureFilter::Pixel pixel;
     pixel.light = osg::Vec3f(light, light, light);
@@ -54,8 +50,6 @@ qxPictureFilter::Pixel grey(float light, float deviation)
     pixel.colour = osg::Vec3f(0.5f, 0.5f, 0.5f);
     return pixel;
 }
-
-} // namespace
 
 TEST(PictureFilterTest, NoiseGoesAndWhatStandsOutOfItStays)
 {

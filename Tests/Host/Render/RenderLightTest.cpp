@@ -1,5 +1,5 @@
-#include "OSGUberLight.h"
 #include "RenderFixture.h"
+#include "qxLights.h"
 
 #include <OpenSG/OSGDirectionalLight.h>
 #include <OpenSG/OSGSpotLight.h>
@@ -9,14 +9,11 @@ class RenderLightTest : public RenderFixture {
 protected:
     RenderLightTest()
     {
-        qxSurface matt;
-        matt.metallic = 0;
-        addSquare(lit(0.5f, 0.5f, 0.5f, matt), osg::Vec3f(0, 0, -1), 2);
+        addMattWall(-1);
         const TestNode off = scene.addLight("Off");
         osg::UberLightPtr::dcast(off.core())->setOn(false);
         m_dark = picture().brightness(0, 0);
     }
-
     template <class Core>
     typename Core::Ptr add()
     {
@@ -24,7 +21,6 @@ protected:
         addNode(light);
         return light;
     }
-
     /// How much brighter the wall is there than without light.
     int lightAt(float x) { return picture().brightness(x, 0) - m_dark; }
 
@@ -41,7 +37,6 @@ TEST_F(RenderLightTest, APointShinesAllAroundUpToItsRangeAndASpotIntoItsConeOnly
     light->setRange(1.1f);
     EXPECT_GT(lightAt(0), 20);
     EXPECT_EQ(lightAt(0.8f), 0);
-
     light->setRange(0);
     light->setKind(osg::UberLight::Spot);
     light->setOuterAngle(0.4f); // reaches 0.42 beside the middle
@@ -73,13 +68,10 @@ TEST_F(RenderLightTest, LightsOfTheSceneGraphShineAsTheirFieldsSay)
 
 TEST_F(RenderLightTest, LightsTooStrongForAPictureAreExposed)
 {
-    const auto sun = add<osg::UberLight>();
-    sun->setKind(osg::UberLight::Directional);
-    sun->setIntensity(100000);
-    const auto lamp = add<osg::UberLight>();
-    lamp->setIntensity(50000);
+    const osg::NodePtr sun = addSun(100000);
+    add<osg::UberLight>()->setIntensity(50000);
     const int both = lightAt(0);
-    sun->setOn(false);
+    qxLights::setOn(sun, false);
     EXPECT_LT(lightAt(0), both);
     EXPECT_GT(lightAt(0), 10);
 }

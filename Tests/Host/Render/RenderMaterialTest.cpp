@@ -1,4 +1,3 @@
-#include "Cameras/qxMainView.h"
 #include "RenderFixture.h"
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
@@ -13,21 +12,18 @@
 
 class RenderMaterialTest : public RenderFixture {
 protected:
-    static qxSurface surface(qxSurface::AlphaMode mode, bool doubleSided = false)
+    static qxSurface surface(qxSurface::AlphaMode mode)
     {
         qxSurface result;
         result.alphaMode = mode;
-        result.doubleSided = doubleSided;
         return result;
     }
-
     osg::MaterialPtr translucent(float r, float g, float b, float transparency)
     {
         const osg::MaterialPtr material = flat(r, g, b, surface(qxSurface::Blend));
         osg::SimpleMaterialPtr::dcast(material)->setTransparency(transparency);
         return material;
     }
-
     /// Red and green in the lower half, blue and a colour of half alpha in the upper one.
     static osg::ImagePtr fourFields()
     {
@@ -42,14 +38,12 @@ protected:
         image->set(osg::Image::OSG_RGBA_PF, 8, 8, 1, 1, 1, 0.0, bytes.data());
         return image;
     }
-
-    /// The whole picture, with texture coordinates from 0 to `repeats`.
-    TestNode addTextured(const osg::MaterialPtr &material, float repeats)
+    /// The whole picture, with texture coordinates from 0 to `r`.
+    TestNode addTextured(const osg::MaterialPtr &material, float r)
     {
         const TestNode square = addSquare(material, osg::Vec3f(0, 0, 0), 2);
         const auto core = osg::GeometryPtr::dcast(square.core());
         const auto places = osg::GeoTexCoords2f::create();
-        const float r = repeats;
         for (const osg::Vec2f &place : {osg::Vec2f(0, 0), osg::Vec2f(r, 0), osg::Vec2f(r, r),
                                         osg::Vec2f(0, 0), osg::Vec2f(r, r), osg::Vec2f(0, r)})
             places->push_back(place);
@@ -57,7 +51,6 @@ protected:
         core->setTexCoords(places);
         return square;
     }
-
     static osg::MaterialPtr textured(osg::UInt32 mode, const osg::ImagePtr &image)
     {
         const auto material = osg::SimpleTexturedMaterial::create();
@@ -122,7 +115,6 @@ TEST_F(RenderMaterialTest, MaterialsThatHoldThemselvesAreStillShownSoon)
     }
     addSquare(crowd.front().get(), osg::Vec3f(0, 0, 0), 1);
     EXPECT_EQ(picture().at(0, 0), "0 255 0");
-
     for (const auto &one : crowd) { // now nothing holds itself any more
         while (!one->getMaterials().empty())
             one->subMaterial(one->getMaterials()[0]);
@@ -140,15 +132,12 @@ TEST_F(RenderMaterialTest, TranslucentSurfacesMixWithWhatIsBehind)
 
 TEST_F(RenderMaterialTest, ASurfaceThatBecomesTranslucentNoLongerThrowsAFullShadow)
 {
-    qxSurface matt;
-    matt.metallic = 0;
-    addSquare(lit(0.5f, 0.5f, 0.5f, matt), osg::Vec3f(0, 0, 0), 2);
+    addMattWall(0);
     addSun(2);
-    const osg::MaterialPtr paint = flat(1, 0, 0);
-    addSquare(paint, osg::Vec3f(0, 0, 20), 1);
+    addSquare(red, osg::Vec3f(0, 0, 20), 1);
     const int full = picture().brightness(0, 0);
-    surface(qxSurface::Blend).setTo(paint);
-    osg::SimpleMaterialPtr::dcast(paint)->setTransparency(0.5f);
+    surface(qxSurface::Blend).setTo(red);
+    osg::SimpleMaterialPtr::dcast(red)->setTransparency(0.5f);
     EXPECT_GT(picture().brightness(0, 0), full + 50);
     EXPECT_LT(picture().brightness(0, 0), picture().brightness(0, 0.8f) - 50);
 }
@@ -158,8 +147,7 @@ TEST_F(RenderMaterialTest, OneSidedSurfacesAreNotSeenFromBehind)
     const TestNode turned = scene.addTransform("Turned");
     matrixOf(turned).setScale(-1, 1, -1);
     addSquare(red, osg::Vec3f(0.5f, 0, 0), 0.9f, turned);
-    const osg::MaterialPtr both = flat(0, 1, 0, surface(qxSurface::Opaque, true));
-    addSquare(both, osg::Vec3f(-0.5f, 0, 0), 0.9f, turned);
+    addSquare(flat(0, 1, 0, bothSides), osg::Vec3f(-0.5f, 0, 0), 0.9f, turned);
     EXPECT_EQ(picture().halves(), "0 0 0, 0 255 0");
     matrixOf(turned).setScale(-1, 1, 1); // a mirror
     EXPECT_EQ(picture().halves(), "255 0 0, 0 255 0");
@@ -232,9 +220,9 @@ TEST_F(RenderMaterialTest, PatternsSmallerThanThePixelsAreAveraged)
         }
     }
     settings.quality = 0;
-    qxMainView::the().camera.height = 2.0f / 300.0f; // so near that one pattern fills the picture
+    camera.height = 2.0f / 300.0f; // so near that one pattern fills the picture
     const float nearest = 0.25f / 150.0f;
-    qxMainView::the().camera.toWorld.setTranslate(-1 + 2 * nearest, -1 + 2 * nearest, 10);
+    camera.toWorld.setTranslate(-1 + 2 * nearest, -1 + 2 * nearest, 10);
     EXPECT_EQ(picture().at(-0.5f, -0.5f), "255 0 0");
     EXPECT_EQ(picture().at(0.5f, -0.5f), "0 255 0");
 }

@@ -1,4 +1,3 @@
-#include "Cameras/qxMainView.h"
 #include "RenderFixture.h"
 
 #include <OpenSG/OSGSimpleGeometry.h>
@@ -16,7 +15,6 @@ protected:
             addPart(i);
         addSun(2);
     }
-
     void changeSomething()
     {
         const std::size_t i = random(m_parts.size());
@@ -40,7 +38,6 @@ protected:
             m_parts[i].moveTo(scene.root());
         }
     }
-
     std::size_t random(std::size_t below) { return m_random() % below; }
 
 private:
@@ -57,7 +54,6 @@ private:
         addSquare(lit(1, 1, 1), place, 0.1f, m_switches.back().child(1));
         m_switches.back().choose(0);
     }
-
     std::mt19937 m_random{17};
     std::vector<TestNode> m_parts, m_movers, m_switches, m_squares;
 };
@@ -81,7 +77,7 @@ TEST_F(RenderUpdateTest, ARendererOutlivesScenes)
     host.clearScene();
     EXPECT_EQ(picture().bytes(), freshPicture().bytes());
     addSquare(flat(1, 1, 0), osg::Vec3f(0, 0, 0), 1);
-    qxMainView::the().camera.height = 2;
+    camera.height = 2;
     EXPECT_EQ(picture().bytes(), freshPicture().bytes());
 }
 
