@@ -4,10 +4,6 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
-#include "qxController.h"
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
-#include "qxScenegraph.h"
 
 /// A test of capture and of what it needs.
 class CaptureFixture : public HostFixture {
@@ -60,4 +56,6 @@ protected:
         work();
         qxController::removeListener(listener);
     }
+
+    qxVariantSet *const set = newSet();
 };

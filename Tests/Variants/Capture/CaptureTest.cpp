@@ -21,35 +21,30 @@ protected:
     Names capture(int flags = Everything) { return captureFrom({scene.root().node()}, flags); }
 
     /// Captures, and answers what the set holds then.
-    Names captureFrom(const std::vector<qxNodePtr> &roots, int flags)
+    Names captureFrom(const std::vector<qxNodePtr> &roots, int flags, bool notify = true,
+                      bool plainViewpointName = true)
     {
-        qxVariants::captureVariantsFromRootNodes(set, roots, flags & Nodes, flags & Materials,
-                                                 flags & Lights, flags & Environments,
-                                                 flags & Viewpoint, flags & Transforms, true, true);
+        qxVariants::captureVariantsFromRootNodes(
+            set, roots, flags & Nodes, flags & Materials, flags & Lights, flags & Environments,
+            flags & Viewpoint, flags & Transforms, notify, plainViewpointName);
         return contentsOf(*set);
     }
-
-    qxVariantSet *const set = newSet();
 };
 
 TEST_F(CaptureTest, ASwitchIsCapturedAsItStands)
 {
-    struct Case {
-        int choice;
-        osg::UInt32 mask;
-        Names captured;
-    };
-    const osg::UInt32 shown = 0xFFFFFFFF;
-    const Names hidden{"node Wheels=!Disable"}; // recorded as that whatever its choice
     const TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"});
-    for (const Case &each :
-         {Case{0, shown, {"node Wheels=Steel"}}, Case{1, shown, {"node Wheels=Alloy"}},
-          Case{-1, shown, {"node Wheels=!None"}}, Case{-2, shown, {"node Wheels=!None"}},
-          Case{2, shown, {}}, Case{99, shown, {}}, Case{1, 0, hidden}, Case{1, 7, hidden},
-          Case{-1, 0, hidden}, Case{99, 0, hidden}}) {
-        SCOPED_TRACE(testing::Message() << "choice " << each.choice << ", mask " << each.mask);
-        wheels.choose(each.choice).setMask(each.mask);
-        EXPECT_EQ(capture(Nodes), each.captured);
+    const Names none{"node Wheels=!None"};
+    typedef std::pair<int, Names> Row; // a choice and what is captured while the switch is shown
+    for (const Row &row : {Row{0, {"node Wheels=Steel"}}, Row{1, {"node Wheels=Alloy"}},
+                           Row{-1, none}, Row{-2, none}, Row{2, {}}, Row{99, {}}}) {
+        SCOPED_TRACE(row.first);
+        wheels.choose(row.first).setMask(0xFFFFFFFF);
+        EXPECT_EQ(capture(Nodes), row.second);
+        for (const osg::UInt32 mask : {0u, 7u}) { // hidden whatever its choice
+            wheels.setMask(mask);
+            EXPECT_EQ(capture(Nodes), Names{"node Wheels=!Disable"}) << mask;
+        }
     }
     const TestNode sky = scene.addEnvironments("Sky", {"Day"}).setMask(0); // not hidden as a node
     EXPECT_EQ(capture(Environments), Names{"node Sky=!None"});
@@ -110,17 +105,6 @@ TEST_F(CaptureTest, ClonesOfAGeometryAndNodesOfOnePathCountOnce)
               (Names{"material Paints=Blue", "Left/Door: Grey"}));
 }
 
-TEST_F(CaptureTest, NestedSwitchMaterialsAreCapturedAlongTheChosenOnes)
-{
-    scene.addSwitchMaterial("Matt", {"Chalk", "Slate"}).choose(1);
-    scene.addSwitchMaterial("Gloss", {"Piano", "Pearl"}).choose(1);
-    const TestMaterial paints = scene.addSwitchMaterial("Paints", {"Matt", "Gloss"}).choose(1);
-    scene.addGeometry("Body", paints);
-    EXPECT_EQ(capture(), (Names{"material Paints=Gloss", "material Gloss=Pearl", "Body: Paints"}));
-    paints.choose(7); // out of range: nothing is shown, the variant's own default is meant
-    EXPECT_EQ(capture(), (Names{"material Paints=Gloss", "Body: Paints"}));
-}
-
 TEST_F(CaptureTest, EveryPassOfWhatIsShownIsCaptured)
 {
     const osg::MultiPassMaterialPtr inner = osg::MultiPassMaterial::create();
@@ -132,13 +116,19 @@ TEST_F(CaptureTest, EveryPassOfWhatIsShownIsCaptured)
     const osg::MultiPassMaterialPtr none = osg::MultiPassMaterial::create();
     osg::setName(outer, "Layers");
     osg::setName(none, "None");
-    const TestMaterial paints = scene.addSwitchMaterial("Paints", {"Raw"});
+    scene.addSwitchMaterial("Matt", {"Chalk", "Slate"}).choose(1);
+    const TestMaterial paints = scene.addSwitchMaterial("Paints", {"Matt"});
     osg::SwitchMaterialPtr::dcast(paints.material())->addMaterial(outer);
     scene.addGeometry("Body", paints.choose(1));
     scene.addGeometry("Bare", none);
     EXPECT_EQ(capture(),
               (Names{"material Paints=Layers", "material Coat=Red", "material Flakes=Coarse",
                      "Bare: None", "Body: Paints"}));
+    paints.choose(7); // out of range: nothing is shown, the variant's own default is meant
+    EXPECT_EQ(capture(), (Names{"material Paints=Layers", "Bare: None", "Body: Paints"}));
+    paints.choose(0);
+    EXPECT_EQ(capture(),
+              (Names{"material Paints=Matt", "material Matt=Slate", "Bare: None", "Body: Paints"}));
 }
 
 TEST_F(CaptureTest, LightsAreOnOrOff)
@@ -172,11 +162,8 @@ TEST_F(CaptureTest, TheViewpointIsCalledLikeTheSet)
     qxMainView::the().camera.toWorld.setTranslate(1, 2, 3);
     EXPECT_EQ(capture(Viewpoint), Names{"viewpoint Sport 2"}); // another one has its name
     EXPECT_EQ(set->defaultViewpoint, "Sport 2");
-    const qxUberCamera *const stored = qxUberCameraPool::the()->get(1);
-    EXPECT_EQ(stored->toWorld, qxMainView::the().camera.toWorld);
-    qxVariants::captureVariantsFromRootNodes(set, {}, false, false, false, false, true, false, true,
-                                             false);
-    EXPECT_EQ(contentsOf(*set), Names{"viewpoint Sport View"});
+    EXPECT_EQ(qxUberCameraPool::the()->get(1)->toWorld, qxMainView::the().camera.toWorld);
+    EXPECT_EQ(captureFrom({}, Viewpoint, true, false), Names{"viewpoint Sport View"});
     EXPECT_EQ(capture(Everything & ~Viewpoint), Names());
     EXPECT_EQ(set->defaultViewpoint, "");
 }
@@ -212,8 +199,7 @@ TEST_F(CaptureTest, ASecondCaptureReplacesTheFirstAndReusesItsVariantsInSilence)
     EXPECT_EQ(set->comment, "");
     EXPECT_EQ(qxVariants::_nodeVariants.size(), 1u);
     qxVariants::removeNodeVariant("Wheels"); // a new one is announced only when that is asked for
-    qxVariants::captureVariantsFromRootNodes(set, {scene.root().node()}, true, true, true, true,
-                                             true, true, false, true);
+    captureFrom({scene.root().node()}, Everything, false);
     EXPECT_EQ(qxVariants::_nodeVariants.size(), 1u);
     EXPECT_EQ(heard("nodeVariantAdded").size(), 0u);
 }
@@ -236,7 +222,6 @@ TEST_F(CaptureTest, TheEnvironmentAndTheRestAreCapturedApart)
     scene.add("Hidden").setMask(0);
     scene.addLight("Lamp");
     scene.addPoses("Lid", {"Closed"});
-
     EXPECT_EQ(capture(Environments),
               (Names{"node Sky=Day", "material Domes=Blue", "Ceiling: Layers",
                      "Sky/Day/Floor: Blue", "Window: Blue"}));
@@ -248,26 +233,21 @@ TEST_F(CaptureTest, TheEnvironmentAndTheRestAreCapturedApart)
 
 TEST_F(CaptureTest, ANewSetIsMadeInItsGroup)
 {
-    struct Case {
-        const char *group;
-        const char *made;
-        bool visible;
-        std::size_t announced;
-    };
     scene.addSwitch("Wheels", {"Steel"}).choose(0);
-    for (const Case &each :
-         {Case{"Cars", "Cars", true, 1}, Case{"", "New Group 1", true, 1},
-          Case{nullptr, "New Group 1", true, 1}, Case{"Render Queue", "Render Queue", false, 0}}) {
-        SCOPED_TRACE(each.made);
+    typedef std::pair<const char *, std::string> Row; // the group that is given, the one it is in
+    for (const Row &row : {Row{"Cars", "Cars"}, Row{"", "New Group 1"}, Row{nullptr, "New Group 1"},
+                           Row{"Render Queue", "Render Queue"}}) {
+        SCOPED_TRACE(row.second);
+        const bool visible = row.second != "Render Queue";
         qxVariants::clearVariantGroups();
         notifications.clear();
-        qxVariants::createAndCaptureVariantSet("New", each.group);
-        qxVariants::createAndCaptureVariantSet("New", each.group);
+        qxVariants::createAndCaptureVariantSet("New", row.first);
+        qxVariants::createAndCaptureVariantSet("New", row.first);
         ASSERT_EQ(qxVariants::_variantGroups.size(), 1u);
         const qxVariantGroup *const group = qxVariants::_variantGroups[0];
-        EXPECT_EQ(QString(group->name), each.made);
-        EXPECT_EQ(group->visible, each.visible);
-        EXPECT_EQ(heard("variantGroupAdded").size(), each.announced);
+        EXPECT_EQ(group->name.toStdString(), row.second);
+        EXPECT_EQ(group->visible, visible);
+        EXPECT_EQ(heard("variantGroupAdded").size(), visible ? 1u : 0u);
         EXPECT_EQ(heard("variantSetAdded").size(), 2u);
         ASSERT_EQ(group->sets.size(), 2u);
         const qxVariantSet &second = *group->sets[1];

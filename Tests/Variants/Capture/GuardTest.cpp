@@ -57,7 +57,7 @@ TEST_F(GuardTest, TheQuestionSaysWhatWillHappenAndMayBeAnsweredWithNo)
         cancel(box);
     };
     EXPECT_FALSE(verify(lookAndCancel));
-    newSet()->addNodeVariant("Wheels", "!None");
+    set->addNodeVariant("Wheels", "!None");
     text += "\nWarning: Renaming might break existing variant sets!\n";
     EXPECT_FALSE(verify(lookAndCancel));
     EXPECT_FALSE(verify(close));
@@ -98,8 +98,6 @@ TEST_F(GuardTest, ASetRefersToANodeByVariantByPathAndAsAChosenChild)
     osg::setName(unnamed.node(), std::string());
     for (const TestNode &node : {wheels, wheels.child(0), wheels.child(1), body, copied})
         EXPECT_FALSE(isReferredTo(node)) << node.name();
-
-    qxVariantSet *const set = newSet();
     set->addNodeVariant("Wheels", "Alloy");
     set->addMaterialSnapshot("Car/Body", "Paint");
     set->addNodeVariant("Spare", "Tyre"); // below this switch stands a clone only

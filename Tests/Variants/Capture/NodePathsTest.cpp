@@ -6,17 +6,11 @@ namespace {
 
 class NodePathsTest : public CaptureFixture {
 protected:
-    static std::string path(const osg::NodePtr &node)
+    typedef std::vector<qxNodePtr> Nodes;
+
+    static Nodes found(const char *path)
     {
-        return qxNodePaths::getNodePath(node).toStdString();
-    }
-    static std::vector<qxNodePtr> found(const std::string &path)
-    {
-        return qxNodePaths::findHash(qxNodePaths::hashOf(path.c_str()));
-    }
-    static osg::MaterialPtr materialOf(const osg::NodePtr &node)
-    {
-        return qxNodeUtils::getMaterial(node);
+        return qxNodePaths::findHash(qxNodePaths::hashOf(path));
     }
 };
 
@@ -26,10 +20,11 @@ TEST_F(NodePathsTest, APathNamesEveryStepBelowTheRoot)
     const TestNode door = scene.add("Left/Door", scene.add("Side", car));
     const TestNode unnamed = scene.add("", car);
     const TestNode handle = scene.add("Türgriff", unnamed);
-    EXPECT_EQ(path(car), "Car");
-    EXPECT_EQ(path(door), "Car/Side/Left/Door");
-    EXPECT_EQ(path(handle), "Car/Group/Türgriff"); // the host calls it after its core
-    EXPECT_EQ(path(osg::NullFC), "");
+    EXPECT_EQ(qxNodePaths::getNodePath(car.node()), "Car");
+    EXPECT_EQ(qxNodePaths::getNodePath(door.node()), "Car/Side/Left/Door");
+    // The host calls an unnamed node after its core.
+    EXPECT_EQ(qxNodePaths::getNodePath(handle.node()), "Car/Group/Türgriff");
+    EXPECT_EQ(qxNodePaths::getNodePath(osg::NullFC), "");
 }
 
 TEST_F(NodePathsTest, TheHashIsFnv1OverSignedBytes)
@@ -42,35 +37,25 @@ TEST_F(NodePathsTest, TheHashIsFnv1OverSignedBytes)
     EXPECT_EQ(qxNodePaths::hashOf("b", qxNodePaths::hashOf("a/")), qxNodePaths::hashOf("a/b"));
 }
 
-TEST_F(NodePathsTest, EveryNodeIsFoundByItsPath)
+TEST_F(NodePathsTest, EveryNodeThatWasThereAndStaysIsFoundByItsPath)
 {
     const TestNode car = scene.add("Car");
     const TestNode grill = scene.add("Kühlergrill", car);
     const TestNode chrome = scene.add("", grill);
     const TestNode twin = scene.add("Kühlergrill", car);
     const TestNode slash = scene.add("Car/Kühlergrill");
-    qxNodePaths::createLookupTable();
-    EXPECT_EQ(found("Car"), std::vector<qxNodePtr>{car.node()});
-    EXPECT_EQ(found("Car/Kühlergrill"),
-              (std::vector<qxNodePtr>{grill.node(), twin.node(), slash.node()}));
-    std::vector<qxNodePtr> same = found("Car/Kühlergrill");
-    qxNodePaths::removeFalsePositives(same, "Car/Kühlergrill");
-    EXPECT_EQ(same.size(), 3u); // a slash in a name looks like a step
-    EXPECT_EQ(found("Car/Kühlergrill/Group"), std::vector<qxNodePtr>{chrome.node()});
-    EXPECT_EQ(found("Root"), std::vector<qxNodePtr>());
-    EXPECT_EQ(found(""), std::vector<qxNodePtr>());
-}
-
-TEST_F(NodePathsTest, TheTableKeepsTheSceneOfItsMakingWithoutHoldingIt)
-{
     const TestNode gone = scene.add("Gone");
-    const TestNode stays = scene.add("Stays");
     qxNodePaths::createLookupTable();
     scene.add("Late");
     gone.remove();
-    EXPECT_EQ(found("Gone"), std::vector<qxNodePtr>());
-    EXPECT_EQ(found("Late"), std::vector<qxNodePtr>());
-    EXPECT_EQ(found("Stays"), std::vector<qxNodePtr>{stays.node()});
+    EXPECT_EQ(found("Car"), Nodes{car.node()});
+    Nodes same = found("Car/Kühlergrill");
+    EXPECT_EQ(same, (Nodes{grill.node(), twin.node(), slash.node()}));
+    qxNodePaths::removeFalsePositives(same, "Car/Kühlergrill");
+    EXPECT_EQ(same.size(), 3u); // a slash in a name looks like a step
+    EXPECT_EQ(found("Car/Kühlergrill/Group"), Nodes{chrome.node()});
+    for (const char *const none : {"Root", "", "Gone", "Late"})
+        EXPECT_EQ(found(none), Nodes()) << none;
 }
 
 TEST_F(NodePathsTest, AVeryDeepSceneIsTakenIn)
@@ -79,13 +64,13 @@ TEST_F(NodePathsTest, AVeryDeepSceneIsTakenIn)
     for (int i = 0; i < 50000; ++i)
         node = scene.add("n", node);
     qxNodePaths::createLookupTable();
-    EXPECT_EQ(found(path(node)), std::vector<qxNodePtr>{node.node()});
+    EXPECT_EQ(found(qxNodePaths::utf8Path(node).c_str()), Nodes{node.node()});
 }
 
 TEST_F(NodePathsTest, TheFirstNodeOfAPathGivesTheOthersItsMaterial)
 {
-    const std::string name = "First Seat 1";
-    const std::string sameHash = "Big Grill 853";
+    const char *const name = "First Seat 1";
+    const char *const sameHash = "Big Grill 853";
     const TestMaterial red = scene.addMaterial("Red");
     const TestMaterial blue = scene.addMaterial("Blue");
     const TestNode other = scene.addGeometry(sameHash, blue);
@@ -94,19 +79,18 @@ TEST_F(NodePathsTest, TheFirstNodeOfAPathGivesTheOthersItsMaterial)
     const TestNode plain = scene.add(name);
     const TestNode below = scene.addGeometry(name, blue, plain); // which has another path
     qxNodePaths::createLookupTable();
-    std::vector<qxNodePtr> nodes = found(name);
+    Nodes nodes = found(name);
     EXPECT_EQ(nodes, found(sameHash));
     EXPECT_EQ(nodes.size(), 4u);
     qxNodePaths::removeFalsePositives(nodes, name);
-    EXPECT_EQ(nodes, (std::vector<qxNodePtr>{geometry.node(), group.node(), plain.node()}));
-
-    EXPECT_TRUE(qxVariants::checkIfNodeMatchesNodePath(plain, name.c_str(), false));
-    EXPECT_EQ(materialOf(group), blue.material());
-    EXPECT_TRUE(qxVariants::checkIfNodeMatchesNodePath(osg::NullFC, name.c_str(), true));
-    EXPECT_EQ(materialOf(geometry), red.material());
-    EXPECT_EQ(materialOf(group), red.material());
-    EXPECT_EQ(materialOf(below), blue.material());
-    EXPECT_EQ(materialOf(other), blue.material());
+    EXPECT_EQ(nodes, (Nodes{geometry.node(), group.node(), plain.node()}));
+    EXPECT_TRUE(qxVariants::checkIfNodeMatchesNodePath(plain, name, false));
+    EXPECT_EQ(qxNodeUtils::getMaterial(group), blue.material());
+    EXPECT_TRUE(qxVariants::checkIfNodeMatchesNodePath(osg::NullFC, name, true));
+    EXPECT_EQ(qxNodeUtils::getMaterial(geometry), red.material());
+    EXPECT_EQ(qxNodeUtils::getMaterial(group), red.material());
+    EXPECT_EQ(qxNodeUtils::getMaterial(below), blue.material());
+    EXPECT_EQ(qxNodeUtils::getMaterial(other), blue.material());
     EXPECT_FALSE(qxVariants::checkIfNodeMatchesNodePath(geometry, "first seat 1", true));
 }
 

@@ -4,7 +4,6 @@
 #include "Files/qxSceneFile.h"
 #include "SwitchesFixture.h"
 #include "TestFiles.h"
-#include "qxScenegraph.h"
 
 #include <map>
 
@@ -57,9 +56,8 @@ protected:
     void paintParts(const Names &materials)
     {
         const Nodes painted = parts();
-        const Names shown = shownOn(painted);
         for (std::size_t i = 0; i < painted.size(); ++i) {
-            if (shown[i] != materials[i])
+            if (shownOn({painted[i]}) != Names{materials[i]})
                 paint({painted[i]}, materials[i]);
         }
     }
@@ -75,7 +73,6 @@ TEST_F(SavedSnapshotsTest, SetsBringBackTheirMaterialsInLaterSessions)
     for (const auto &set : sets) {
         paintParts(set.second);
         capture(set.first);
-        EXPECT_EQ(shownOn(parts()), set.second);
         saveAndLoad();
         EXPECT_EQ(shownOn(parts()), set.second);
     }
@@ -84,7 +81,6 @@ TEST_F(SavedSnapshotsTest, SetsBringBackTheirMaterialsInLaterSessions)
         saveAndLoad();
         EXPECT_EQ(shownOn(parts()), set.second);
     }
-
     paintParts({"Leather", "Leather", "Night"}); // nobody shows the roof's switch material now
     saveAndLoad();
     qxVariants::activateCapturedVariantSet("1");

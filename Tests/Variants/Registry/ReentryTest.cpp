@@ -4,40 +4,29 @@
 #include "HostFixture.h"
 #include "OneOfEach.h"
 #include "Script/qxScriptRunner.h"
-#include "qxController.h"
 
 namespace {
 
-typedef std::vector<std::string> Lines;
-
-/// Does something once, at the call with that number, counted from the construction on.
-class OnCall {
-public:
-    OnCall(std::size_t number, std::function<void()> action) : m_left(number), m_action(action)
-    {
-        m_id = qxController::addListener([this](const char *, qxMessage *, int) {
-            if (m_left-- == 0)
-                m_action();
-        });
-    }
-    OnCall(const OnCall &) = delete;
-    ~OnCall() { qxController::removeListener(m_id); }
-
-private:
-    std::size_t m_left;
-    std::function<void()> m_action;
-    int m_id = 0;
-};
-
 void clearEverything()
 {
-    qxMessage message;
-    qxVariants::clearAll(message);
+    qxVariants::clearAll(*std::make_unique<qxMessage>());
 }
 
 /// Listeners and scripts that change the registry while it works.
 class ReentryTest : public HostFixture {
 protected:
+    /// Does the work, and at the call with that number, counted from its begin on, something else.
+    template <class Work, class Act>
+    static void interrupt(const Work &work, std::size_t number, const Act &act)
+    {
+        const int listener = qxController::addListener([&](const char *, qxMessage *, int) {
+            if (number-- == 0)
+                act();
+        });
+        work();
+        qxController::removeListener(listener);
+    }
+
     /// A set of a group that refers to each kind, and to two nodes.
     qxVariantSet *fill()
     {
@@ -63,7 +52,6 @@ TEST_F(ReentryTest, AScriptMayRemoveTheSetThatRunsIt)
     });
     set->select(true, false);
     qxScriptRunner::removeListener(listener);
-
     EXPECT_EQ(qxVariants::findVariantSet("Sport"), nullptr);
     EXPECT_EQ(heard("variantSetRemoved").size(), 1u);
     EXPECT_EQ(heard("animationStart").size(), 2u);
@@ -81,12 +69,11 @@ TEST_F(ReentryTest, AListenerMayForgetEverythingAtAnyCall)
     for (const auto act : acts) {
         host.clearScene();
         act(*fill());
-        const Lines names = notifications.names();
+        const auto names = notifications.names();
         for (std::size_t at = 0; at < names.size(); ++at) {
             host.clearScene();
             qxVariantSet *const set = fill();
-            const OnCall clearing(at, clearEverything);
-            act(*set);
+            interrupt([&] { act(*set); }, at, clearEverything);
             EXPECT_TRUE(qxVariants::_variantSets.empty()) << names[at];
             if (at + 1 < names.size()) {
                 EXPECT_EQ(notifications.names().back(), names.back()) << at;
@@ -98,13 +85,10 @@ TEST_F(ReentryTest, AListenerMayForgetEverythingAtAnyCall)
 TEST_F(ReentryTest, ASelectionGoesOnWithTheStatesThatItBeganWith)
 {
     qxVariantSet *const set = fill();
-    {
-        const OnCall emptying(1, [set] { set->clear(); });
-        set->select(true, false);
-    }
+    const auto select = [set] { set->select(true, false); };
+    interrupt(select, 1, [set] { set->clear(); });
     EXPECT_EQ(heard("nodeVariantSelected").size(), 2u);
     EXPECT_TRUE(heard("materialVariantSelected").empty());
-
     for (const char *clip : {"A", "B", "C"})
         set->addAnimation(clip);
     std::string started;
@@ -114,7 +98,7 @@ TEST_F(ReentryTest, ASelectionGoesOnWithTheStatesThatItBeganWith)
         started += *message->get<std::string>("animation-name");
         set->removeAnimation("B");
     });
-    set->select(true, false);
+    select();
     qxController::removeListener(removing);
     EXPECT_EQ(started, "ABC");
 }
@@ -136,22 +120,17 @@ TEST_F(ReentryTest, AListenerFindsWhatItRenamesWhileADocumentIsRead)
 TEST_F(ReentryTest, CreatingAnswersNullForWhatAListenerRemovedAtOnce)
 {
     const osg::NodePtr node = scene.addSwitch("Wheels", {"Steel"}).node();
-    {
-        const OnCall removing(0, [] { qxVariants::removeVariantSet("Sport"); });
-        EXPECT_EQ(qxVariants::createVariantSet("Sport", true, nullptr), nullptr);
-    }
-    {
-        const OnCall removing(0, [] { qxVariants::removeVariantGroup("Group"); });
-        EXPECT_EQ(qxVariants::createVariantGroup("Group", true, true), nullptr);
-    }
-    {
-        const OnCall removing(0, [] { qxVariants::removeNodeVariant("Wheels"); });
-        EXPECT_EQ(qxVariants::createNodeVariant(node, true), nullptr);
-    }
-    const OnCall renaming(0, [] { qxVariants::findVariantSet("Sport")->name = "Racing"; });
-    qxVariantSet *const created = qxVariants::createVariantSet("Sport", true, nullptr);
-    ASSERT_NE(created, nullptr);
-    EXPECT_EQ(qxVariants::findVariantSet("Racing"), created);
+    qxVariantSet *set = nullptr;
+    const auto createSet = [&set] { set = qxVariants::createVariantSet("Sport", true, nullptr); };
+    interrupt(createSet, 0, [] { qxVariants::removeVariantSet("Sport"); });
+    EXPECT_EQ(set, nullptr);
+    interrupt([] { EXPECT_FALSE(qxVariants::createVariantGroup("Group", true, true)); }, 0,
+              [] { qxVariants::removeVariantGroup("Group"); });
+    interrupt([&node] { EXPECT_FALSE(qxVariants::createNodeVariant(node, true)); }, 0,
+              [] { qxVariants::removeNodeVariant("Wheels"); });
+    interrupt(createSet, 0, [] { qxVariants::findVariantSet("Sport")->name = "Racing"; });
+    ASSERT_NE(set, nullptr);
+    EXPECT_EQ(qxVariants::findVariantSet("Racing"), set);
 }
 
 TEST_F(ReentryTest, AListenerMayForgetEverythingWhileADocumentIsRead)
@@ -163,17 +142,16 @@ TEST_F(ReentryTest, AListenerMayForgetEverythingWhileADocumentIsRead)
         "<VariantSet name='B'><OverlayRef ref='Three' state=''/></VariantSet>"
         "</VariantGroup><MaterialVariant name='M' base='P Switch'/></Variants>";
     scene.addOverlay("Logo");
-    qxVariantReader reader;
-    reader.read(older);
+    const auto read = [older] { qxVariantReader().read(older); };
+    read();
     notifications.clear();
-    reader.read(older);
+    read();
     const std::size_t calls = notifications.entries().size();
     for (std::size_t at = 0; at < calls; ++at) {
         clearEverything();
-        reader.read(older);
+        read();
         notifications.clear();
-        const OnCall clearing(at, clearEverything);
-        reader.read(older);
+        interrupt(read, at, clearEverything);
         EXPECT_EQ(notifications.names().back(), "variantGroupChanged") << at;
     }
 }

@@ -1,11 +1,5 @@
-#include "qxLightVariant.h"
-#include "qxMaterialVariant.h"
-#include "qxNodeVariant.h"
-#include "qxOverlayVariant.h"
-#include "qxTransformVariant.h"
-#include "qxVariants.h"
-
 #include "HostFixture.h"
+#include "OneOfEach.h"
 
 namespace {
 
@@ -15,35 +9,32 @@ typedef HostFixture RegistryKindsTest;
 /// The operations of one kind, as one type.
 struct Kind {
     std::string notification; ///< what its lines begin with
-    qxVariant *(*create)(const QString &name, bool notify);
-    qxVariant *(*find)(const QString &name);
+    std::function<qxVariant *(const QString &name, bool notify)> create;
+    std::function<qxVariant *(const QString &name)> find;
     bool (*remove)(const QString &name);
     void (*clear)();
 };
 
-template <class Variant, Variant *(*create)(const QString &, bool),
-          Variant *(*find)(const QString &)>
-Kind kind(const char *notification, bool (*remove)(const QString &), void (*clear)())
+typedef qxVariants All;
+
+template <class Variant>
+Kind kind(const char *notification, Variant *(*create)(const QString &, bool),
+          Variant *(*find)(const QString &), bool (*remove)(const QString &), void (*clear)())
 {
-    return {notification,
-            [](const QString &name, bool notify) -> qxVariant * { return create(name, notify); },
-            [](const QString &name) -> qxVariant * { return find(name); }, remove, clear};
+    return {notification, create, find, remove, clear};
 }
 
 const Kind kinds[] = {
-    kind<qxNodeVariant, &qxVariants::createNodeVariant, &qxVariants::findNodeVariant>(
-        "1 nodeVariant", &qxVariants::removeNodeVariant, &qxVariants::clearNodeVariants),
-    kind<qxMaterialVariant, &qxVariants::createMaterialVariant, &qxVariants::findMaterialVariant>(
-        "1 materialVariant", &qxVariants::removeMaterialVariant,
-        &qxVariants::clearMaterialVariants),
-    kind<qxLightVariant, &qxVariants::createLightVariant, &qxVariants::findLightVariant>(
-        "1 lightVariant", &qxVariants::removeLightVariant, &qxVariants::clearLightVariants),
-    kind<qxOverlayVariant, &qxVariants::createOverlayVariant, &qxVariants::findOverlayVariant>(
-        "1 overlayVariant", &qxVariants::removeOverlayVariant, &qxVariants::clearOverlayVariants),
-    kind<qxTransformVariant, &qxVariants::createTransformVariant,
-         &qxVariants::findTransformVariant>("0 transformVariant",
-                                            &qxVariants::removeTransformVariant,
-                                            &qxVariants::clearTransformVariants)};
+    kind("1 nodeVariant", &All::createNodeVariant, &All::findNodeVariant, &All::removeNodeVariant,
+         &All::clearNodeVariants),
+    kind("1 materialVariant", &All::createMaterialVariant, &All::findMaterialVariant,
+         &All::removeMaterialVariant, &All::clearMaterialVariants),
+    kind("1 lightVariant", &All::createLightVariant, &All::findLightVariant,
+         &All::removeLightVariant, &All::clearLightVariants),
+    kind("1 overlayVariant", &All::createOverlayVariant, &All::findOverlayVariant,
+         &All::removeOverlayVariant, &All::clearOverlayVariants),
+    kind("0 transformVariant", &All::createTransformVariant, &All::findTransformVariant,
+         &All::removeTransformVariant, &All::clearTransformVariants)};
 
 } // namespace
 
@@ -84,7 +75,7 @@ TEST_F(RegistryKindsTest, ClearingTakesOneKindAloneAndAnnouncesItEvenIfThereIsNo
     }
 }
 
-TEST_F(RegistryKindsTest, ANodeHasOneVariantOfEachKind)
+TEST_F(RegistryKindsTest, AnObjectOfTheSceneHasOneVariantOfEachKind)
 {
     const TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"});
     qxNodeVariant *const variant = qxVariants::createNodeVariant(wheels.node(), true);
@@ -94,6 +85,12 @@ TEST_F(RegistryKindsTest, ANodeHasOneVariantOfEachKind)
               Lines({"1 nodeVariantAdded variant=" + addressOf(variant),
                      "1 overlayVariantAdded variant=" + addressOf(overlay)}));
     EXPECT_TRUE(variant->find("Alloy"));
+    const TestMaterial red = scene.addMaterial("Red"); // known by the switch around it
+    qxMaterialVariant *const around = qxVariants::createMaterialVariant(red.material(), false);
+    EXPECT_EQ(around->name, "Red Switch");
+    EXPECT_EQ(qxVariants::createMaterialVariant(red.material(), false), around);
+    const TestMaterial paint = scene.addSwitchMaterial("Paint", {"Red", "Blue"});
+    EXPECT_EQ(qxVariants::createMaterialVariant(paint.material(), false)->name, "Paint");
 }
 
 TEST_F(RegistryKindsTest, WhatHasNoNameOrNoTransformStatesGetsNoVariant)
@@ -105,21 +102,9 @@ TEST_F(RegistryKindsTest, WhatHasNoNameOrNoTransformStatesGetsNoVariant)
     EXPECT_EQ(qxVariants::createMaterialVariant(osg::MaterialPtr(), true), nullptr);
     EXPECT_EQ(qxVariants::createTransformVariant(scene.add("Plain").node(), true), nullptr);
     EXPECT_EQ(notifications.lines(), Lines());
-
-    const auto poses = scene.addPoses("Door", {"Open", "Shut"});
-    EXPECT_TRUE(qxVariants::createTransformVariant(poses.node(), true)->find("Shut"));
+    const osg::NodePtr poses = scene.addPoses("Door", {"Open", "Shut"});
+    EXPECT_TRUE(qxVariants::createTransformVariant(poses, true)->find("Shut"));
     EXPECT_EQ(notifications.names(), Lines({"transformVariantAdded"}));
-}
-
-TEST_F(RegistryKindsTest, APlainMaterialIsKnownByTheSwitchAroundIt)
-{
-    const TestMaterial red = scene.addMaterial("Red");
-    qxMaterialVariant *const around = qxVariants::createMaterialVariant(red.material(), false);
-    EXPECT_EQ(around->name, "Red Switch");
-    EXPECT_EQ(qxVariants::createMaterialVariant(red.material(), false), around);
-
-    const TestMaterial paint = scene.addSwitchMaterial("Paint", {"Red", "Blue"});
-    EXPECT_EQ(qxVariants::createMaterialVariant(paint.material(), false)->name, "Paint");
 }
 
 TEST(HotkeyTest, ATextWithoutAKeyGivesNone)

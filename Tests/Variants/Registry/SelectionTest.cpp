@@ -4,44 +4,36 @@
 #include "OneOfEach.h"
 #include "Scene/qxSceneTransformService.h"
 #include "Script/qxScriptRunner.h"
-#include "qxController.h"
-#include "qxScenegraph.h"
 
 namespace {
+
+/// Everything that selecting does to the host.
+std::string lines;
 
 /// Stands in front of the camera service and notes what it is asked.
 class NotedCameraService : public qxMainCameraService {
 public:
-    explicit NotedCameraService(std::string &lines) : m_lines(lines) {}
     int findViewpoint(const std::string &name) const override { return int(name.size()); }
     void moveToViewpoint(int id, int duration, int home, int redraw) override
     {
         for (int each : {id, duration, home, redraw})
-            m_lines += std::to_string(each) + " ";
-        m_lines += "camera\n";
+            lines += std::to_string(each) + " ";
+        lines += "camera\n";
     }
-
-private:
-    std::string &m_lines;
 };
 
 /// The same for named transform states, which are selected in silence.
 class NotedTransformService : public qxSceneTransformService {
 public:
-    explicit NotedTransformService(std::string &lines) : m_lines(lines) {}
     void selectTransformVariants(const QList<QRPC::NodeTrafoId> &requests, int duration,
                                  int delay) override
     {
-        m_lines += "transform\n";
+        lines += "transform\n";
         qxSceneTransformService::selectTransformVariants(requests, duration, delay);
     }
-
-private:
-    std::string &m_lines;
 };
 
-/// A scene with one object of each kind, and everything that selecting does to the host in one
-/// text.
+/// A scene with one object of each kind.
 class SelectionTest : public HostFixture {
 protected:
     SelectionTest()
@@ -86,18 +78,15 @@ protected:
     }
 
     qxVariantSet set{"Sport"};
-    std::string lines;
     bool cached = false;
     qxKernelServiceFactory &services = *qxKernelServiceFactory::the();
 
 private:
     qxCameraService *const m_hostCamera = services.getService<qxCameraService>();
     qxTransformService *const m_hostTransform = services.getService<qxTransformService>();
-    NotedCameraService m_camera{lines};
-    NotedTransformService m_transform{lines};
-    int m_calls = 0;
-    int m_scripts = 0;
-    int m_renders = 0;
+    NotedCameraService m_camera;
+    NotedTransformService m_transform;
+    int m_calls, m_scripts, m_renders;
 };
 
 // What happens, in parts.
@@ -118,7 +107,6 @@ const std::string end = "variantsSetSelected\nvariantSetSelected\nrender\n";
 TEST_F(SelectionTest, AppliesEverythingInOneOrder)
 {
     EXPECT_EQ(selected(true, false), begin + end) << "an empty set";
-
     fill();
     const std::string states = begin + nodes + materials + transform + lights;
     EXPECT_EQ(selected(true, false), states + front + overlays + rest + home + end);
@@ -130,11 +118,9 @@ TEST_F(SelectionTest, AppliesEverythingInOneOrder)
     EXPECT_EQ(qxVariants::findMaterialVariant("Paint")->onCurrent(), "Blue");
     EXPECT_EQ(qxVariants::findTransformVariant("Door")->onCurrent(), "Open");
     EXPECT_EQ(qxVariants::findLightVariant("Lamp")->onCurrent(), "!Disable");
-
     EXPECT_EQ(selected(true, true), states + overlays + rest + home + end);
     EXPECT_EQ(selected(false, false), states + front + overlays + end);
     EXPECT_EQ(selected(false, true), states + overlays + end);
-
     set.addNodeVariant("Gone", "Any");
     qxVariants::removeMaterialVariant("Paint");
     services.unregisterService<qxCameraService>();
@@ -155,7 +141,6 @@ TEST_F(SelectionTest, FourStatesWithSceneObjectsAreWorthACache)
     selected(false, false);
     EXPECT_TRUE(cached);
     EXPECT_FALSE(qxScenegraph::hasFindCache());
-
     qxScenegraph::initFindCache();
     selected(false, false);
     EXPECT_TRUE(qxScenegraph::hasFindCache());

@@ -1,11 +1,8 @@
 #include "qxVariantGroup.h"
-#include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include "HostFixture.h"
 #include "OneOfEach.h"
 #include "Pictures/qxMainGlView.h"
-#include "qxController.h"
 #include "qxOSGWidget.h"
 
 namespace {
@@ -90,7 +87,6 @@ TEST_F(SetsTest, ATakenNameIsRefusedWithAWarning)
                      "1 variantSetAdded variant=" + addressOf(set)}));
     EXPECT_FALSE(group->visible);
     EXPECT_EQ(set->group, group);
-
     EXPECT_EQ(qxVariants::createVariantSet("Sport", true, nullptr), nullptr);
     EXPECT_EQ(qxVariants::createVariantGroup("Sport", true, true), nullptr);
     EXPECT_EQ(logged(qxLog::Warning),
@@ -135,8 +131,7 @@ TEST_F(SetsTest, EmptySetsGoOneByOneFromTheFrontAndEmptyGroupsFromTheBack)
         addSet(name);
     addSet("E", qxVariants::findVariantGroup("2"))->script = "pass";
     qxVariants::findVariantSet("C")->script = "pass";
-    EXPECT_TRUE(qxVariants::hasEmptyVariantSets());
-    EXPECT_TRUE(qxVariants::hasEmptyGroups());
+    EXPECT_TRUE(qxVariants::hasEmptyVariantSets() && qxVariants::hasEmptyGroups());
     Lines left;
     const int listener = qxController::addListener(
         [&](const char *event, qxMessage *, int) { left.push_back(event + (": " + names())); });
@@ -147,8 +142,7 @@ TEST_F(SetsTest, EmptySetsGoOneByOneFromTheFrontAndEmptyGroupsFromTheBack)
               Lines({"variantSetRemoved: B C D E 1 2 3 ", "variantSetRemoved: C D E 1 2 3 ",
                      "variantSetRemoved: C E 1 2 3 ", "variantGroupRemoved: C E 1 2 ",
                      "variantGroupRemoved: C E 2 "}));
-    EXPECT_FALSE(qxVariants::hasEmptyVariantSets());
-    EXPECT_FALSE(qxVariants::hasEmptyGroups());
+    EXPECT_FALSE(qxVariants::hasEmptyVariantSets() || qxVariants::hasEmptyGroups());
 }
 
 TEST_F(SetsTest, UniqueNamesAreTheHosts)
@@ -157,9 +151,8 @@ TEST_F(SetsTest, UniqueNamesAreTheHosts)
     addGroup("Cars");
     EXPECT_EQ(qxVariants::getUniqueVariantSetName("Cars"), "Cars");
     EXPECT_EQ(qxVariants::getUniqueVariantGroupName("Sport"), "Sport");
-    EXPECT_NE(qxVariants::getUniqueVariantSetName("Sport"), "Sport");
-    EXPECT_TRUE(qxVariants::getUniqueVariantSetName("Sport").startsWith("Sport"));
-    EXPECT_NE(qxVariants::getUniqueVariantGroupName("Cars"), "Cars");
+    EXPECT_EQ(qxVariants::getUniqueVariantSetName("Sport"), "Sport 2");
+    EXPECT_EQ(qxVariants::getUniqueVariantGroupName("Cars"), "Cars 2");
 }
 
 TEST_F(SetsTest, ASetStaysInItsGroupUntilItIsTakenOut)
@@ -171,7 +164,6 @@ TEST_F(SetsTest, ASetStaysInItsGroupUntilItIsTakenOut)
     qxVariantSet *const c = addSet("C");
     first.insert(first.find(b), c);
     EXPECT_EQ(first.sets, qxVariantGroup::Sets({a, c, b}));
-
     first.add(a);
     second->add(c);
     second->insert(second->sets.end(), c);
@@ -181,7 +173,6 @@ TEST_F(SetsTest, ASetStaysInItsGroupUntilItIsTakenOut)
     EXPECT_EQ(second->sets, qxVariantGroup::Sets({c}));
     second->sets.clear();
     EXPECT_EQ(first.sets, qxVariantGroup::Sets({a, c, b}));
-
     first.remove(c);
     second->add(c);
     EXPECT_EQ(c->group, second.get());
@@ -199,24 +190,19 @@ TEST_F(SetsTest, ASetStaysInItsGroupUntilItIsTakenOut)
 
 TEST_F(SetsTest, TargetNodesAreShownBeforeTheSetIsSelected)
 {
-    const TestNode body = scene.add("Body");
-    const TestNode door = scene.add("Door", body);
-    const TestNode wheel = scene.add("Wheel");
-    for (const TestNode &node : {body, door, wheel})
-        node.setMask(0);
+    const TestNode body = scene.add("Body").setMask(0);
+    const TestNode door = scene.add("Door", body).setMask(0);
+    const TestNode wheel = scene.add("Wheel").setMask(0);
     qxVariantSet *const set = addSet("Sport");
     for (const char *target : {"Body", "Missing", "Wheel"})
         set->addTargetNodeName(target);
-
     for (const bool included : {false, true}) {
         set->setInclInfo(included, !included, !included, !included, !included);
         qxVariants::selectVariantSet("Sport", true);
-        EXPECT_EQ(body.shown(), included);
-        EXPECT_EQ(door.shown(), included);
+        EXPECT_TRUE(body.shown() == included && door.shown() == included) << included;
         EXPECT_FALSE(wheel.shown());
     }
     EXPECT_EQ(heard("variantSetSelected").size(), 2u);
-
     notifications.clear();
     qxVariants::selectVariantSet("sport", true);
     qxVariants::selectVariantSet("", true);
