@@ -73,6 +73,15 @@ TEST_F(DockTest, EnterSelectsTheHighlightedSetInTheListAsInTheGallery)
     }
 }
 
+TEST_F(DockTest, TheGalleryShowsTheSameSetAsTheList)
+{
+    click("Blue");
+    sets.findChild<QToolButton *>("gallery")->click();
+    auto *const gallery = qobject_cast<QAbstractItemView *>(sets.view()->currentWidget());
+    EXPECT_TRUE(gallery->dragEnabled() && gallery->viewport()->acceptDrops());
+    EXPECT_EQ(sets.view()->currentSet(), "Blue");
+}
+
 TEST_F(DockTest, AnOptionIsSelectedInTheSecondDock)
 {
     tree().expandAll();
@@ -184,12 +193,9 @@ TEST_F(DockTest, WhatWasFoundIsSelectedByKey)
 TEST_F(DockTest, WhatIsNewIsNamedAtOnceEvenIfTheViewWouldHideIt)
 {
     for (const char *text : {"Add Set", "Add Group"}) {
-        sets.view()->showSet("Red");
         sets.findChild<QToolButton *>("gallery")->setChecked(true);
-        EXPECT_EQ(sets.view()->currentSet(), "Red");
-        auto *const gallery = qobject_cast<QAbstractItemView *>(sets.view()->currentWidget());
-        EXPECT_TRUE(gallery->dragEnabled() && gallery->viewport()->acceptDrops());
         search().setText("Red");
+        sets.view()->showSet("Red");
         for (QAction *action : sets.setActions()) {
             if (action->text().remove('&') == text)
                 action->trigger();
