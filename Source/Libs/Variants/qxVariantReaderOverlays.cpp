@@ -69,6 +69,7 @@ void fixOverlays(qxVariantSet &set, const QStringList &allNames)
 void qxVariantReader::fixOverlayVariants()
 {
     const QStringList names = overlayNames();
+    const qxNamedList<qxVariantSet>::Walk walk(qxVariants::_variantSets);
     for (qxVariantSet *set : qxVariants::_variantSets) {
         const qxSetUse use(*set);
         if (!set->overlayVariants.empty())

@@ -165,7 +165,8 @@ bool qxVariantSet::isEmpty()
 
 bool qxVariantSet::isUsed()
 {
-    const qxFindCache cache(!isEmpty());
+    const qxFindCache cache(!nodeVariants.empty() || !overlayVariants.empty()
+                            || !geometries.empty());
     const qxSceneNames scene;
     return leadsToScene<qxNodeVariant>(*this, isNode)
         || leadsToScene<qxMaterialVariant>(

@@ -112,8 +112,10 @@ qxVariantSetPtr::qxVariantSetPtr(qxVariantSet *set) : m_set(set) {}
 
 void qxVariantSetPtr::setName(const char *name)
 {
-    if (m_set)
-        m_set->name = QString::fromUtf8(name);
+    if (!m_set)
+        return;
+    m_set->name = QString::fromUtf8(name);
+    qxNameLookUp::noteRename(); // Another set may have the name.
 }
 
 std::string qxVariantSetPtr::getName() const

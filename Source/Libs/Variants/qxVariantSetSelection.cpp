@@ -50,7 +50,9 @@ void selectStates(const qxVariantSet &set)
 {
     const qxUnchangedNames unchanged;
     for (const Reference &each : referencesOf<Variant>(set)) {
-        if (Variant *variant = qxKinds::find<Variant>(each.first))
+        Variant *const variant = qxKinds::find<Variant>(each.first);
+        const qxUnchangedNames::Pause others;
+        if (variant)
             variant->onSelect(each.second);
     }
 }
@@ -60,7 +62,9 @@ void selectDefaults(const qxVariantSet &set)
 {
     const qxUnchangedNames unchanged;
     for (const Reference &each : referencesOf<Variant>(set)) {
-        if (Variant *variant = qxKinds::find<Variant>(each.first))
+        Variant *const variant = qxKinds::find<Variant>(each.first);
+        const qxUnchangedNames::Pause others;
+        if (variant)
             variant->onSelect(QString(variant->defaultState));
     }
 }

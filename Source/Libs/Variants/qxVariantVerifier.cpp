@@ -268,6 +268,7 @@ void qxVariantVerifier::report(const QStringList &columns)
 
 bool qxVariantVerifier::verifyKelo()
 {
+    const qxNamedList<qxVariantSet>::Walk walk(qxVariants::_variantSets);
     for (qxVariantSet *set : qxVariants::_variantSets) {
         const qxSetUse use(*set);
         set->select(false, false);

@@ -100,6 +100,7 @@ void qxVariants::clearVariantSets()
 
 void qxVariants::clearEmptyVariantSets()
 {
+    const qxNamedList<qxVariantSet>::Walk walk(_variantSets);
     for (qxVariantSet *set : _variantSets) {
         if (!set->isEmpty())
             continue;
@@ -166,6 +167,7 @@ void qxVariants::clearVariantGroups()
 
 void qxVariants::clearEmptyGroups()
 {
+    const qxNamedList<qxVariantGroup>::Walk walk(_variantGroups);
     for (std::size_t place = _variantGroups.places(); place-- > 0;) {
         const qxVariantGroup *const group = _variantGroups.at(place);
         if (group && isEmptyGroup(group))

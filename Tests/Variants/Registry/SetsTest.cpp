@@ -23,8 +23,8 @@ protected:
     static std::string names()
     {
         std::string names;
-        for (const qxVariantSet *set : qxVariants::_variantSets)
-            names += set->name.toStdString() + " ";
+        for (std::size_t i = 0; i < qxVariants::_variantSets.size(); ++i)
+            names += qxVariants::_variantSets[i]->name.toStdString() + " ";
         for (const qxVariantGroup *group : qxVariants::_variantGroups)
             names += group->name.toStdString() + " ";
         return names;

@@ -127,11 +127,12 @@ TEST_F(HandleTest, AListenerThatRemovesSetAndVariantDoesNoHarm)
 
 TEST_F(HandleTest, ANewNameIsAssignedAsItIs)
 {
-    qxVariants::createVariantSet("Summer", false, nullptr);
+    for (int i = 0; i < 20; ++i)
+        qxVariants::createVariantSet(i == 7 ? "Summer" : QString::number(i), false, nullptr);
     handle.setName("Summer");
-    EXPECT_FALSE(qxVariants::findVariantSet("Winter"));
-    EXPECT_EQ(qxVariants::_variantSets.size(), 2u);
     EXPECT_EQ(qxVariants::findVariantSet("Summer"), set) << "the first of two";
+    EXPECT_FALSE(qxVariants::findVariantSet("Winter"));
+    EXPECT_EQ(qxVariants::_variantSets.size(), 21u);
     EXPECT_EQ(notifications.entries().size(), 0u);
     EXPECT_EQ(logged(qxLog::Warning), Texts());
 }

@@ -83,6 +83,10 @@ void installSignal()
     const boost::python::object signals = boost::python::import("signal");
     signals.attr("signal")(SIGURG, boost::python::make_function(callWanted));
     signals.attr("siginterrupt")(SIGURG, false);
+    sigset_t unblocked;
+    sigemptyset(&unblocked);
+    sigaddset(&unblocked, SIGURG);
+    pthread_sigmask(SIG_UNBLOCK, &unblocked, nullptr);
 }
 
 } // namespace
@@ -91,6 +95,17 @@ bool qxPythonCallSoon(int (*action)(void *))
 {
     wanted = action;
     return pthread_kill(scriptsThread, SIGURG) == 0;
+}
+
+void qxPythonListenToCalls()
+{
+    if (!Py_IsInitialized())
+        return;
+    try {
+        installSignal();
+    } catch (const boost::python::error_already_set &) {
+        PyErr_Clear();
+    }
 }
 
 std::string qxPythonStart()
@@ -174,6 +189,8 @@ bool qxPythonCallSoon(int (*action)(void *))
 {
     return Py_AddPendingCall(action, nullptr) == 0;
 }
+
+void qxPythonListenToCalls() {} // Scripts cannot keep pending calls away.
 
 std::string qxPythonStart()
 {

@@ -33,6 +33,8 @@ PyObject *qxPythonEvaluate(PyObject *code, PyObject *names);
 /// long, such as a sleep, are broken off for it. To be called on any thread, for one action at a
 /// time. False when it has to be tried again.
 bool qxPythonCallSoon(int (*action)(void *));
+/// Makes such calls arrive, whatever earlier scripts did to the signals of the program.
+void qxPythonListenToCalls();
 
 /// Starts the interpreter, untouched by the user's environment and without signal handlers of its
 /// own for the signals that users send; the reason when it cannot, else an empty text.

@@ -30,6 +30,7 @@ qxScriptWatchdog::Run::Run()
 {
     if (!current)
         return;
+    qxPythonListenToCalls();
     current->m_isRunning = true;
     current->setWatching(true);
 }

@@ -14,7 +14,7 @@ public:
     /// A script that has run for `patience` is interrupted by a call of `look`, between two of its
     /// steps and on its own thread, and so again and again. When that answers false the script ends
     /// with KeyboardInterrupt; one that catches it is ended all the same `patience` later.
-    /// A step that takes long, such as a sleep, is waited for.
+    /// With Python 2.7 a step that takes long, such as a sleep, is waited for.
     qxScriptWatchdog(Time patience, const std::function<bool()> &look);
     qxScriptWatchdog(const qxScriptWatchdog &) = delete;
     ~qxScriptWatchdog();

@@ -1,5 +1,7 @@
 #include "Internal/qxCaptureProgress.h"
 
+#include "Internal/qxNameLookUp.h"
+
 #include "qxController.h"
 #include "qxDockWindowManager.h"
 
@@ -63,5 +65,6 @@ void qxCaptureProgress::init(QProgressDialog *dialog)
 
 void qxCaptureProgress::processEvents()
 {
+    const qxUnchangedNames::Pause others;
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }

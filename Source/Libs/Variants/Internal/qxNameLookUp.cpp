@@ -2,14 +2,14 @@
 
 int qxNameLookUp::find(const QString &name) const
 {
-    if (m_count <= ShortList)
-        return firstFrom(0, name);
+    if (places() <= ShortList)
+        return search(name);
     const auto hit = m_first.constFind(name);
-    if (hit != m_first.constEnd() && *m_entries[std::size_t(*hit)].name == name)
+    if (hit != m_first.constEnd() && m_renames == s_renames
+        && *m_entries[std::size_t(*hit)].name == name)
         return *hit;
-    if (isUpToDate())
-        return None;
-    build();
+    if (!isUpToDate())
+        build();
     return m_first.value(name, None);
 }
 
@@ -39,8 +39,8 @@ void qxNameLookUp::remove(int place)
     const QString known = entry.known;
     entry = {nullptr, QString()};
     --m_count;
-    if (m_count == 0)
-        clear();
+    while (!m_entries.empty() && !m_entries.back().name)
+        m_entries.pop_back();
     const auto first = m_first.find(known);
     if (first == m_first.end() || *first != place)
         return;
@@ -62,9 +62,9 @@ void qxNameLookUp::clear()
     m_hasNamesakes = false;
 }
 
-int qxNameLookUp::firstFrom(int place, const QString &name) const
+int qxNameLookUp::search(const QString &name) const
 {
-    for (; place < places(); ++place) {
+    for (int place = 0; place < places(); ++place) {
         const Entry &entry = m_entries[std::size_t(place)];
         if (entry.name && *entry.name == name)
             return place;
@@ -78,7 +78,7 @@ bool qxNameLookUp::isUpToDate() const
     if (m_first.isEmpty())
         return false;
     const quint64 promise = qxUnchangedNames::s_current;
-    if (promise != 0 && m_checkedDuring == promise)
+    if (promise != 0 && m_checkedDuring == promise && m_renames == s_renames)
         return true;
     for (Entry &entry : m_entries) {
         if (!entry.name || entry.name->isSharedWith(entry.known))
@@ -88,6 +88,7 @@ bool qxNameLookUp::isUpToDate() const
         entry.known = *entry.name;
     }
     m_checkedDuring = promise;
+    m_renames = s_renames;
     return true;
 }
 
@@ -101,6 +102,7 @@ void qxNameLookUp::build() const
             enter(place);
     }
     m_checkedDuring = qxUnchangedNames::s_current;
+    m_renames = s_renames;
 }
 
 void qxNameLookUp::enter(int place) const
@@ -113,6 +115,7 @@ void qxNameLookUp::enter(int place) const
         m_first.insert(entry.known, place);
 }
 
+quint64 qxNameLookUp::s_renames = 0;
 quint64 qxUnchangedNames::s_current = 0;
 
 qxUnchangedNames::qxUnchangedNames() : m_before(s_current)

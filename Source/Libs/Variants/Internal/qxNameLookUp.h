@@ -17,18 +17,21 @@ class qxNameLookUp {
 public:
     static constexpr int None = -1;
 
-    /// The place of the object of that name, None when there is none; an empty name is one, too. Of
-    /// several objects it is the first, but for this: in a long list, one that took the name of a
-    /// later one goes before that only when the index has noticed, at the latest with the next
-    /// look-up of a name that nobody bears (any more).
+    /// The place of the object of that name, None when there is none. An empty name is found like
+    /// any other. Of several objects it is the first, but for this: in a long list, one that took
+    /// the name of a later one goes before that only when the index has noticed, at the latest with
+    /// the next look-up of a name that nobody bears (any more).
     int find(const QString &name) const;
     /// The place of just the object whose name stands at this address; None for a stranger.
     int placeOf(const QString *name) const;
     /// Appends an object by the address of its name, which holds until it is removed.
     void append(const QString *name);
-    /// Leaves the place empty. The name is not touched: the object may be gone already.
+    /// Leaves the place empty; at the end places go. The name is not touched: the object may be
+    /// gone already.
     void remove(int place);
     void clear();
+    /// To be called by those who let an object take the name of another: all look-ups notice then.
+    static void noteRename() { ++s_renames; }
 
     /// All places, those that were left empty included.
     int places() const { return int(m_entries.size()); }
@@ -47,7 +50,7 @@ private:
         QString known; ///< what the name was when it was entered; shares its text until it changes
     };
 
-    int firstFrom(int place, const QString &name) const;
+    int search(const QString &name) const;
     bool isUpToDate() const;
     void build() const;
     void enter(int place) const;
@@ -58,6 +61,8 @@ private:
     mutable QHash<QString, int> m_first;
     mutable bool m_hasNamesakes = false;
     mutable quint64 m_checkedDuring = 0; ///< the qxUnchangedNames that saw it up to date
+    mutable quint64 m_renames = 0; ///< of s_renames, those that it knows
+    static quint64 s_renames;
 };
 
 /// While one lives, names change only by operations of the registry: its creator says so.

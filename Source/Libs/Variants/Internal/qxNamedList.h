@@ -13,14 +13,14 @@
 /// The order is that of appending. Names may be changed directly and need not be unique, see
 /// qxNameLookUp. The list does not own the objects: they are taken out before they are deleted.
 ///
-/// Taking an object out leaves its place empty until the list grows again or is asked by index, so
-/// that taking out many is linear in total, and so that whoever goes over the places may let others
-/// change the list meanwhile.
+/// Taking an object out leaves its place empty until the list grows again, so that taking out many
+/// is linear in total. Who lets others change the list while he goes over it holds a Walk: as long
+/// as one lives no object changes its place.
 template <class T>
 class qxNamedList {
 public:
     /// Goes over the objects. It bears that the list changes meanwhile: what is taken out is left
-    /// out, and what is appended comes last.
+    /// out, and what is appended comes last. See Walk.
     class const_iterator {
     public:
         typedef std::forward_iterator_tag iterator_category;
@@ -61,17 +61,29 @@ public:
         std::size_t m_place = 0;
     };
 
+    class Walk {
+    public:
+        explicit Walk(const qxNamedList &list) : m_list(list) { ++m_list.m_walks; }
+        ~Walk() { --m_list.m_walks; }
+        Walk(const Walk &) = delete;
+        Walk &operator=(const Walk &) = delete;
+
+    private:
+        const qxNamedList &m_list;
+    };
+
     qxNamedList() = default;
     qxNamedList(const qxNamedList &) = delete;
     qxNamedList &operator=(const qxNamedList &) = delete;
 
-    const_iterator begin() const { return const_iterator(this, 0); }
+    const_iterator begin() const { return const_iterator(this, m_emptyInFront); }
     const_iterator end() const { return const_iterator(this, std::size_t(-1)); }
     std::size_t size() const { return std::size_t(m_index.count()); }
     bool empty() const { return size() == 0; }
+    /// Takes long in a list that objects were taken out of, until it grows again.
     T *operator[](std::size_t index) const;
     T *front() const { return *begin(); }
-    T *back() const { return (*this)[size() - 1]; }
+    T *back() const { return m_places.back(); } // no place there is empty
 
     /// All places, empty ones included.
     std::size_t places() const { return m_places.size(); }
@@ -91,18 +103,19 @@ public:
     std::vector<T *> takeAll();
 
 private:
-    void closePlaces() const;
+    void closePlaces();
 
-    mutable std::vector<T *> m_places;
-    mutable qxNameLookUp m_index;
+    std::vector<T *> m_places;
+    qxNameLookUp m_index;
+    std::size_t m_emptyInFront = 0; ///< places before the first object
+    mutable int m_walks = 0;
 };
 
 template <class T>
 T *qxNamedList<T>::operator[](std::size_t index) const
 {
-    if (size() != places())
-        closePlaces();
-    return m_places[index];
+    const bool isDense = size() == places();
+    return isDense ? m_places[index] : *std::next(begin(), std::ptrdiff_t(index));
 }
 
 template <class T>
@@ -122,7 +135,7 @@ T *qxNamedList<T>::ifHeld(T *object, const QString &name) const
 template <class T>
 void qxNamedList<T>::append(T *object)
 {
-    if (m_index.isSparse())
+    if (m_index.isSparse() && m_walks == 0)
         closePlaces();
     m_places.push_back(object);
     m_index.append(&object->name);
@@ -134,8 +147,10 @@ void qxNamedList<T>::take(T *object)
     const int place = m_index.placeOf(&object->name);
     m_index.remove(place);
     m_places[std::size_t(place)] = nullptr;
-    if (m_index.count() == 0)
-        m_places.clear();
+    m_places.resize(std::size_t(m_index.places()));
+    while (m_emptyInFront < places() && !m_places[m_emptyInFront])
+        ++m_emptyInFront;
+    m_emptyInFront = std::min(m_emptyInFront, places());
 }
 
 template <class T>
@@ -144,13 +159,15 @@ std::vector<T *> qxNamedList<T>::takeAll()
     const std::vector<T *> all(begin(), end());
     m_places.clear();
     m_index.clear();
+    m_emptyInFront = 0;
     return all;
 }
 
 /// Drops the empty places.
 template <class T>
-void qxNamedList<T>::closePlaces() const
+void qxNamedList<T>::closePlaces()
 {
+    m_emptyInFront = 0;
     m_places.erase(std::remove(m_places.begin(), m_places.end(), nullptr), m_places.end());
     m_index.clear();
     for (T *object : m_places)
