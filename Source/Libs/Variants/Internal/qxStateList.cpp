@@ -36,7 +36,8 @@ void qxStateList::remove(const QString &variant)
         return;
     m_index.remove(place);
     m_states.erase(m_places[std::size_t(place)]);
-    if (m_index.isSparse() || m_states.empty())
+    m_places.resize(std::size_t(m_index.places()));
+    if (m_index.isSparse())
         fillIndex();
 }
 
