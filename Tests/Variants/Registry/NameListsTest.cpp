@@ -89,11 +89,13 @@ TEST(NamedListTest, GoingOverItBearsChanges)
     for (std::size_t i = 0; i < 50; ++i)
         list.append(&objects[i]);
     std::vector<Named *> met;
+    const qxNamedList<Named>::Walk walk(list);
     for (Named *each : list) {
         met.push_back(each);
         if (met.size() < 40) {
             list.take(each);
-            list.take(list.back());
+            if (!list.empty())
+                list.take(list.back());
         }
         if (met.size() % 10 == 0)
             list.append(&objects[50 + met.size() / 10]);
@@ -101,7 +103,7 @@ TEST(NamedListTest, GoingOverItBearsChanges)
             list.takeAll();
         ASSERT_LE(met.size(), 60u);
     }
-    EXPECT_EQ(met[24], &objects[24]);
+    EXPECT_EQ(met.at(24), &objects[24]);
 }
 
 TEST(NamedListTest, MissesAreBelievedOnlyWhereNamesAreSaidNotToChange)
