@@ -114,7 +114,7 @@ TEST_F(WrongUseTest, AWrongCallIsExplainedInOneLine)
     refused(2, {"set", scene, "Desk", "Oak", "Glass"}, "too many arguments for set");
     refused(2, {"document", scene, "--in", "a.xml"}, "--in and --save go together");
     refused(2, {"document", scene, "--save", path("b.gltf")}, "--in and --save go together");
-    refused(2, {"document", scene, "--in", "a", "--out", "b"}, "--in and --out");
+    refused(2, {"document", scene, "--in", "a", "--out", "b.xml"}, "--in and --out");
     refused(2, {"select", scene, "Morning", "--save"}, "--save");
     // An empty name of a target is not taken for none.
     refused(2, {"select", scene, "Morning", "--save", ""}, "--save needs a value");

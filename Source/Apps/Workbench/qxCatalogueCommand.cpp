@@ -80,6 +80,10 @@ int run(const QCommandLineParser &parser)
     const QStringList names = qxSetPictures::allNames();
     int done = 0;
     const qxCataloguePage::Pictures pictures = makePictures(names, done);
+    if (qxInterrupt::isAsked() && pictures.isEmpty()) {
+        qxOutput::error(QStringLiteral("interrupted; no page was written"));
+        return Interrupted;
+    }
     if (!qxSetPictures::reopen(session, file, {}))
         return WorkFailed;
     if (!qxStreams::write(page, qxCataloguePage::html(QFileInfo(file).fileName(), pictures)))

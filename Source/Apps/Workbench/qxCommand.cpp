@@ -87,7 +87,9 @@ int runSceneFirst(const QString &file, const QStringList &rest)
     }
     if (const qxCommand *const command = qxCommands::find(rest.value(0)))
         return wrongUse(QStringLiteral("the command comes before the file"),
-                        QStringLiteral("Try \"workbench %1 %2\".").arg(command->name, file));
+                        QStringLiteral("Try \"workbench %1\".")
+                            .arg((QStringList{QLatin1String(command->name), file} + rest.mid(1))
+                                     .join(QLatin1Char(' '))));
     return wrongUse(QStringLiteral("%1: a file alone opens a window").arg(file),
                     QStringLiteral("Try \"workbench --help\"."));
 }
@@ -133,6 +135,10 @@ QList<QCommandLineOption> qxCommands::optionsOf(const qxCommand &command)
 int qxCommands::unknown(const QString &name)
 {
     const QString hint = QStringLiteral("Try \"workbench --help\".");
+    if (isScene(name)) {
+        qxHelp::printOverview();
+        return Success;
+    }
     if (QFileInfo::exists(name))
         return wrongUse(QStringLiteral("%1: scene files end in .gltf or .glb").arg(name), hint);
     QStringList names{QStringLiteral("--help"), QStringLiteral("--version")};

@@ -56,6 +56,16 @@ int checkScene(const QString &name)
     return qxValueKinds::checkFile(name);
 }
 
+/// A file of another suffix may be one that is dear to its owner, such as the scene itself.
+int checkText(const QString &name, const char *suffix)
+{
+    const bool isStream = qxStreams::isStandard(name) || qxOutputFile::isStream(name);
+    if (!isStream && QFileInfo(name).suffix().toLower() != QLatin1String(suffix))
+        return fail(WrongUse, name,
+                    QStringLiteral("what is written there ends in .%1").arg(QLatin1String(suffix)));
+    return qxValueKinds::checkFile(name);
+}
+
 } // namespace
 
 qxValueKind qxValueKinds::of(const QString &name)
@@ -101,7 +111,8 @@ int qxValueKinds::checkOutputs(const qxCommand &command, const QCommandLineParse
         if (kind.place == qxValueKind::Folder)
             code = checkFolder(name);
         else if (kind.place == qxValueKind::File)
-            code = option.valueName() == QLatin1String("OUT") ? checkScene(name) : checkFile(name);
+            code = option.valueName() == QLatin1String("OUT") ? checkScene(name)
+                                                              : checkText(name, kind.suffixes);
         if (code != Success)
             return code;
     }
