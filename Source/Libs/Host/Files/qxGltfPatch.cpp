@@ -250,20 +250,21 @@ void qxGltfPatch::writeNode(std::size_t position, int mesh)
     const int index = m_indices[position];
     const qxGltfNodeState &before = stateBefore(index);
     const qxGltfNodeState &after = m_after.nodes[position];
-    qxJson &node = m_json["nodes"][std::size_t(index)];
+    // Looked up each time: what is added to the file's top level moves the rest.
+    const auto node = [&]() -> qxJson & { return m_json["nodes"][std::size_t(index)]; };
     if (before.name != after.name)
-        setMember(node, "name", optionalJson(after.name));
-    writePlace(node, before.place, after.place);
+        setMember(node(), "name", optionalJson(after.name));
+    writePlace(node(), before.place, after.place);
     if (before.visible != after.visible)
-        writeVisibility(node, after.visible);
+        writeVisibility(node(), after.visible);
     if (before.mesh != after.mesh)
-        writeMesh(node, mesh);
+        writeMesh(node(), mesh);
     const qxJson children = indicesOf(after.children, m_indices);
     if (children != indicesOf(before.children, m_indicesBefore))
-        setMember(node, "children", children);
-    writeExtras(node, before, after);
+        setMember(node(), "children", children);
+    writeExtras(node(), before, after);
     if (!(before.light == after.light))
-        qxGltfWriteLight(m_json, node, after.light ? &*after.light : nullptr);
+        qxGltfWriteLight(m_json, node(), after.light ? &*after.light : nullptr);
 }
 
 void qxGltfPatch::writeVisibility(qxJson &node, bool visible)
