@@ -229,6 +229,11 @@ TEST_F(CaptureTest, TheEnvironmentAndTheRestAreCapturedApart)
               (Names{"node Wheels=Steel", "node Hidden=!Disable", "material Paints=Red",
                      "material Grains=Fine", "light Lamp=!Enable", "transform Lid=Closed",
                      "Body: Paints", "Wall: Domes", "setIgnoreMaterialGroup(\"Wall\",false)"}));
+    // Also where another set saw something else, and the two are reconciled on the way.
+    qxVariants::createVariantSet("Other", false, nullptr)->addMaterialSnapshot("Wall", "Grey");
+    EXPECT_EQ(capture(Materials),
+              (Names{"material Paints=Red", "material Grains=Fine", "Body: Paints", "Wall: Domes 2",
+                     "setIgnoreMaterialGroup(\"Wall\",false)"}));
 }
 
 TEST_F(CaptureTest, ANewSetIsMadeInItsGroup)

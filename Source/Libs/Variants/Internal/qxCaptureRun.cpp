@@ -198,7 +198,10 @@ void qxCaptureRun::takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr
     const osg::MaterialRefPtr now(qxNodeUtils::getMaterial(node)); // may be another one now
     if (now == osg::NullFC)
         return;
-    captureStates(now.get()); // of a material group, and of what was just built or named
+    // Of a material group, and of what was just built or named; that was recorded unasked.
+    captureStates(now.get());
+    if (!isWanted(now.get()))
+        m_set.removeMaterialVariant(qxSwitchMaterials::nameOf(now.get()));
     if (m_notes.materials.contains(path))
         return;
     m_notes.materials.insert(path, qxSwitchMaterials::nameOf(now.get()));
