@@ -17,7 +17,8 @@ namespace {
 
 int wrongUse(const QString &reason, const QString &hint)
 {
-    qxOutput::error(QStringLiteral("%1\n%2").arg(reason, hint));
+    qxOutput::error(reason);
+    qxOutput::note(hint);
     return WrongUse;
 }
 

@@ -1,13 +1,14 @@
 #include "qxOutput.h"
 
+#include "Core/qxVisibleText.h"
+
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QVector>
 
-#include <fcntl.h>
-
-#include <cstdio>
+#include <algorithm>
 #include <unistd.h>
 
 void qxOutput::bytes(const QByteArray &bytes)
@@ -18,12 +19,12 @@ void qxOutput::bytes(const QByteArray &bytes)
 
 void qxOutput::text(const QString &text)
 {
-    bytes(text.toUtf8());
+    bytes(qxVisibleText::lines(text).toUtf8());
 }
 
 void qxOutput::line(const QString &line)
 {
-    text(line + QLatin1Char('\n'));
+    bytes((qxVisibleText::line(line) + QLatin1Char('\n')).toUtf8());
 }
 
 void qxOutput::json(const QJsonObject &object)
@@ -36,16 +37,18 @@ void qxOutput::json(const QJsonArray &array)
     bytes(QJsonDocument(array).toJson());
 }
 
-void qxOutput::table(const QList<QStringList> &rows)
+void qxOutput::table(const QList<QStringList> &cells)
 {
+    QList<QStringList> rows = cells;
     QVector<int> widths;
-    for (const QStringList &row : rows) {
+    for (QStringList &row : rows) {
+        std::transform(row.begin(), row.end(), row.begin(), qxVisibleText::line);
         widths.resize(qMax(widths.size(), row.size()));
         for (int i = 0; i < row.size(); ++i)
             widths[i] = qMax(widths[i], row[i].size());
     }
     QString result;
-    for (const QStringList &row : rows) {
+    for (const QStringList &row : qAsConst(rows)) {
         QString line;
         for (int i = 0; i < row.size(); ++i)
             line += row[i].leftJustified(widths[i] + 2);
@@ -63,27 +66,41 @@ bool qxOutput::isWhole()
 
 void qxOutput::error(const QString &reason)
 {
-    const QByteArray utf8 = reason.toUtf8();
-    fprintf(stderr, "workbench: %s\n", utf8.constData());
+    note(QStringLiteral("workbench: ") + reason);
 }
 
-qxStrayOutput::qxStrayOutput(bool shown)
+void qxOutput::note(const QString &line)
 {
+    fprintf(stderr, "%s\n", qxVisibleText::line(line).toUtf8().constData());
+}
+
+qxCaughtOutput::qxCaughtOutput(Place place) : m_place(place), m_results(-1), m_caught(tmpfile())
+{
+    if (!m_caught)
+        return;
     fflush(stdout);
     m_results = dup(STDOUT_FILENO);
-    const int elsewhere = shown ? dup(STDERR_FILENO) : open("/dev/null", O_WRONLY);
-    if (elsewhere < 0)
-        return;
     if (m_results >= 0)
-        dup2(elsewhere, STDOUT_FILENO);
-    close(elsewhere);
+        dup2(fileno(m_caught), STDOUT_FILENO);
 }
 
-qxStrayOutput::~qxStrayOutput()
+qxCaughtOutput::~qxCaughtOutput()
 {
-    if (m_results < 0)
+    if (!m_caught)
         return;
-    fflush(stdout);
-    dup2(m_results, STDOUT_FILENO);
-    close(m_results);
+    if (m_results >= 0) {
+        fflush(stdout);
+        dup2(m_results, STDOUT_FILENO);
+        close(m_results);
+    }
+    QFile caught;
+    if (m_place != Nowhere && caught.open(m_caught, QIODevice::ReadOnly) && caught.seek(0)) {
+        const QString text = QString::fromUtf8(caught.readAll());
+        if (m_place == ToResults)
+            qxOutput::text(text);
+        else
+            fputs(qxVisibleText::lines(text).toUtf8().constData(), stderr);
+    }
+    caught.close();
+    fclose(m_caught);
 }

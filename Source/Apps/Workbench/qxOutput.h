@@ -2,13 +2,17 @@
 
 #include <QStringList>
 
+#include <cstdio>
+
 class QJsonArray;
 class QJsonObject;
 
 /// What the program prints: results to standard output, reasons to standard error, both in UTF-8.
+/// Names of a file cannot steer a terminal: see qxVisibleText.
 namespace qxOutput {
 
 void text(const QString &text);
+/// One line, whatever is in it.
 void line(const QString &line);
 /// Raw bytes, as they are.
 void bytes(const QByteArray &bytes);
@@ -17,20 +21,26 @@ void json(const QJsonArray &array);
 /// Whether everything that went to standard output so far could be written.
 bool isWhole();
 /// Rows of cells in columns, each as wide as its widest cell.
-void table(const QList<QStringList> &rows);
+void table(const QList<QStringList> &cells);
 /// A line on standard error that begins with the program's name.
 void error(const QString &reason);
+/// A line on standard error as it is.
+void note(const QString &line);
 
 } // namespace qxOutput
 
-/// Standard output is for results: as long as this lives, whatever is written there goes to
-/// standard error, or nowhere.
-class qxStrayOutput {
+/// Catches what libraries write to standard output while this lives, and then shows it there, on
+/// standard error, or not at all.
+class qxCaughtOutput {
 public:
-    explicit qxStrayOutput(bool shown);
-    qxStrayOutput(const qxStrayOutput &) = delete;
-    ~qxStrayOutput();
+    enum Place { Nowhere, ToResults, ToErrors };
+
+    explicit qxCaughtOutput(Place place);
+    qxCaughtOutput(const qxCaughtOutput &) = delete;
+    ~qxCaughtOutput();
 
 private:
-    int m_results;
+    Place m_place;
+    int m_results; ///< what standard output was before, -1 when nothing is caught
+    FILE *m_caught;
 };

@@ -1,7 +1,9 @@
 #include "qxProgress.h"
 
+#include "Core/qxVisibleText.h"
 #include "Pictures/qxPictureProgress.h"
 #include "qxInterrupt.h"
+#include "qxOutput.h"
 
 #include <cstdio>
 #include <unistd.h>
@@ -30,11 +32,11 @@ qxProgress::~qxProgress()
 void qxProgress::begin(const QString &name)
 {
     ++m_begun;
-    m_name = name.simplified();
+    m_name = qxVisibleText::line(name.simplified());
     if (m_isTerminal)
         draw(0);
     else
-        fprintf(stderr, "%d/%d %s\n", m_begun, m_total, m_name.toUtf8().constData());
+        qxOutput::note(QStringLiteral("%1/%2 %3").arg(m_begun).arg(m_total).arg(m_name));
 }
 
 bool qxProgress::show(double share)

@@ -87,7 +87,7 @@ qxSession::qxSession(bool trace)
 
 qxSession::~qxSession()
 {
-    m_stray.emplace(m_trace != nullptr);
+    m_stray.emplace(strayPlace());
 }
 
 bool qxSession::open(const QString &path, const qxSceneFile::Watcher &watcher)
@@ -107,8 +107,8 @@ void qxSession::importVariants()
     qxVariantGroup *const group = qxVariants::createVariantGroup(
         qxVariants::getUniqueVariantGroupName(QStringLiteral("Material Variants")), true, true);
     for (const qxSceneVariant &variant : m_file->materialVariants()) {
-        qxVariantSet *const set = qxVariants::createVariantSet(
-            qxVariants::getUniqueVariantSetName(variant.name), true, group);
+        // The names are unique, and there is nothing yet that could have one of them.
+        qxVariantSet *const set = qxVariants::createVariantSet(variant.name, true, group);
         for (const QPair<QString, QString> &choice : variant.materials)
             set->add(materialVariant(choice.first), choice.second);
     }
@@ -150,10 +150,18 @@ bool qxSession::readDocument(const QByteArray &xml)
                 .arg(flaw));
     }
     const qxErrorCount count;
-    qxVariantReader().read(xml.constData());
+    {
+        const qxCaughtOutput stray(strayPlace()); // it says what is in short previews
+        qxVariantReader().read(xml.constData());
+    }
     if (count.errors() == 0)
         return true;
     return fail(QCoreApplication::translate("qxSession", "the variants document cannot be read"));
+}
+
+qxCaughtOutput::Place qxSession::strayPlace() const
+{
+    return m_trace ? qxCaughtOutput::ToErrors : qxCaughtOutput::Nowhere;
 }
 
 bool qxSession::fail(const QString &reason)

@@ -47,9 +47,11 @@ public:
 private:
     static void noWatcher(qxSceneFile::Step) {}
     void importVariants();
+    /// Where libraries may speak: results are for other programs.
+    qxCaughtOutput::Place strayPlace() const;
     bool fail(const QString &reason);
 
-    std::optional<qxStrayOutput> m_stray; ///< what libraries say while the host ends
+    std::optional<qxCaughtOutput> m_stray; ///< what libraries say while the host ends
     qxHost m_host;
     std::unique_ptr<qxTrace> m_trace;
     std::unique_ptr<qxSceneFile> m_file = std::make_unique<qxSceneFile>();

@@ -7,10 +7,9 @@
 
 #include "qxController.h"
 #include "qxMessage.h"
+#include "qxOutput.h"
 
 #include <QStringList>
-
-#include <cstdio>
 
 namespace {
 
@@ -73,7 +72,7 @@ void print(const char *name, const qxMessage *message, int flag)
             line += QStringLiteral(" %1=%2").arg(QString::fromStdString(entry.first),
                                                  valueText(entry.second));
     }
-    fprintf(stderr, "%s\n", line.toUtf8().constData());
+    qxOutput::note(line);
 }
 
 } // namespace

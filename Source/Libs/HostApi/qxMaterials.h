@@ -11,7 +11,8 @@
 ///
 /// The order is that of the pool; what a switch or multi-pass material contains follows behind it.
 /// Each material counts once. Look-ups follow every change of the scene that is made inside an edit
-/// bracket, and all others after the module message qxModuleBase::MaterialsChanged.
+/// bracket, and all others after a module message qxModuleBase::MaterialsChanged before which the
+/// pool itself was not edited inside one.
 ///
 /// Names are UTF-8; an empty or null name finds nothing.
 ///

@@ -31,7 +31,7 @@ public:
     ~qxVariantSet();
 
     /// Refers to the variant; an empty state stands for the variant's default state. A variant that
-    /// is referred to already gets the new state and keeps its place.
+    /// is referred to already gets the new state and keeps its place. A null one is ignored.
     void add(qxNodeVariant *variant, const QString &state);
     void add(qxMaterialVariant *variant, const QString &state);
     void add(qxLightVariant *variant, const QString &state);

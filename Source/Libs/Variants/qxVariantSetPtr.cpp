@@ -39,14 +39,6 @@ bool isDigitOrCapital(int key)
     return (key >= '0' && key <= '9') || (key >= 'A' && key <= 'Z');
 }
 
-/// Refers to the variant, unless its announcement has led to its removal.
-template <class Variant>
-void addTo(qxVariantSet &set, Variant *variant, const char *state)
-{
-    if (variant)
-        set.add(variant, QString::fromUtf8(state));
-}
-
 /// An expression with three numbers, and where they belong.
 struct VectorSetting {
     const char *expression;
@@ -154,7 +146,7 @@ void qxVariantSetPtr::addGeometry(qxNodePtr node, const char *state)
     if (!m_set || node == osg::NullFC)
         return;
     const qxSetUse use(*m_set);
-    addTo(*m_set, qxVariants::createNodeVariant(node, true), state);
+    m_set->add(qxVariants::createNodeVariant(node, true), QString::fromUtf8(state));
 }
 
 void qxVariantSetPtr::addMaterial(qxMaterialPtr material, const char *state)
@@ -162,7 +154,7 @@ void qxVariantSetPtr::addMaterial(qxMaterialPtr material, const char *state)
     if (!m_set || material == osg::NullFC)
         return;
     const qxSetUse use(*m_set);
-    addTo(*m_set, qxVariants::createMaterialVariant(material, true), state);
+    m_set->add(qxVariants::createMaterialVariant(material, true), QString::fromUtf8(state));
 }
 
 void qxVariantSetPtr::addLight(qxNodePtr node, const char *state)
@@ -170,7 +162,7 @@ void qxVariantSetPtr::addLight(qxNodePtr node, const char *state)
     if (!m_set || node == osg::NullFC)
         return;
     const qxSetUse use(*m_set);
-    addTo(*m_set, qxVariants::createLightVariant(node, true), state);
+    m_set->add(qxVariants::createLightVariant(node, true), QString::fromUtf8(state));
 }
 
 void qxVariantSetPtr::addViewpoint(const char *name)

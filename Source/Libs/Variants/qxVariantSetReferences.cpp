@@ -7,9 +7,10 @@
 namespace {
 
 /// Refers to the variant by its name; an empty state stands for its default state.
-void addTo(qxStateList &list, const qxVariant &variant, const QString &state)
+void addTo(qxStateList &list, const qxVariant *variant, const QString &state)
 {
-    list.add(variant.name, state.isEmpty() ? variant.defaultState : state);
+    if (variant)
+        list.add(variant->name, state.isEmpty() ? variant->defaultState : state);
 }
 
 /// Compares the UTF-8 texts byte by byte.
@@ -24,27 +25,27 @@ bool contains(const qxStateList &list, const std::string &variantName)
 
 void qxVariantSet::add(qxNodeVariant *variant, const QString &state)
 {
-    addTo(nodeVariants, *variant, state);
+    addTo(nodeVariants, variant, state);
 }
 
 void qxVariantSet::add(qxMaterialVariant *variant, const QString &state)
 {
-    addTo(materialVariants, *variant, state);
+    addTo(materialVariants, variant, state);
 }
 
 void qxVariantSet::add(qxLightVariant *variant, const QString &state)
 {
-    addTo(lightVariants, *variant, state);
+    addTo(lightVariants, variant, state);
 }
 
 void qxVariantSet::add(qxOverlayVariant *variant, const QString &state)
 {
-    addTo(overlayVariants, *variant, state);
+    addTo(overlayVariants, variant, state);
 }
 
 void qxVariantSet::add(qxTransformVariant *variant, const QString &state)
 {
-    addTo(transformVariants, *variant, state);
+    addTo(transformVariants, variant, state);
 }
 
 void qxVariantSet::addNodeVariant(const QString &variantName, const QString &state)

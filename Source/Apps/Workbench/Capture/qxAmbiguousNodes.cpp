@@ -45,14 +45,14 @@ void qxAmbiguousNodes::list() const
 {
     qxOutput::error(QStringLiteral("some nodes have the same name or node path:"));
     for (const QStringList &row : rows())
-        std::fprintf(stderr, "  %s\n", row[1].toUtf8().constData());
+        qxOutput::note(QStringLiteral("  ") + row[1]);
 }
 
 bool qxAmbiguousNodes::mayRename()
 {
     list();
     if (qxVariants::containsAmbiguousVSets(m_nodes))
-        std::fprintf(stderr, "Renaming them might break existing variant sets.\n");
+        qxOutput::note(QStringLiteral("Renaming them might break existing variant sets."));
     if (!isTerminal())
         return false;
     std::fprintf(stderr, "Rename them? [y/N] ");
@@ -65,7 +65,6 @@ void qxAmbiguousNodes::rename()
     for (const osg::NodePtr &node : m_nodes) {
         const QString path = qxNodePath(node);
         qxNodeUtils::setName(node, qxNodeUtils::getName(node), true, qxScenegraph::getRoot());
-        std::fprintf(stderr, "renamed %s to \"%s\"\n", path.toUtf8().constData(),
-                     nameOf(node).toUtf8().constData());
+        qxOutput::note(QStringLiteral("renamed %1 to \"%2\"").arg(path, nameOf(node)));
     }
 }

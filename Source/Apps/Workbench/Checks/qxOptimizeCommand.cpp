@@ -162,8 +162,10 @@ void print(const QList<Shortened> &shortened, const QStringList &removed)
         for (const QString &entry : each.dropped)
             qxOutput::line(QStringLiteral("  dropped  ") + entry);
     }
-    for (const QString &name : removed)
-        qxOutput::line(QStringLiteral("%1\n  removed, it holds nothing").arg(name));
+    for (const QString &name : removed) {
+        qxOutput::line(name);
+        qxOutput::line(QStringLiteral("  removed, it holds nothing"));
+    }
     if (isNothingDropped)
         qxOutput::line(QStringLiteral("nothing to drop"));
 }

@@ -1,12 +1,11 @@
 #include "qxVariantVerifier.h"
 
 #include "qxCommand.h"
+#include "qxOutput.h"
 #include "qxSession.h"
 #include "qxStreams.h"
 
 #include <QCommandLineParser>
-
-#include <cstdio>
 
 namespace {
 
@@ -17,6 +16,18 @@ QList<QCommandLineOption> options()
             qxCommands::traceOption()};
 }
 
+/// The lines go to standard output in any case; false when the report cannot be written.
+bool check(qxVariantVerifier &verifier, const QString &report)
+{
+    const qxCaughtOutput lines(qxCaughtOutput::ToResults);
+    if (!report.isEmpty() && !qxStreams::isStandard(report))
+        return verifier.verify(report);
+    verifier.verifyVariantSets();
+    verifier.verifyNodeVariants();
+    verifier.verifyMaterialVariants();
+    return true;
+}
+
 int run(const QCommandLineParser &parser)
 {
     qxSession session(parser.isSet(QStringLiteral("trace")));
@@ -24,17 +35,10 @@ int run(const QCommandLineParser &parser)
         return WorkFailed;
     qxVariantVerifier verifier;
     const QString report = parser.value(QStringLiteral("report"));
-    // The lines go to standard output anyway.
-    if (report.isEmpty() || qxStreams::isStandard(report)) {
-        verifier.verifyVariantSets();
-        verifier.verifyNodeVariants();
-        verifier.verifyMaterialVariants();
-    } else if (!verifier.verify(report)) {
+    if (!check(verifier, report))
         return qxCommands::fail(QStringLiteral("%1: the report cannot be written").arg(report));
-    }
     if (verifier.errorCount() == 0)
         return Success;
-    fflush(stdout);
     return qxCommands::fail(
         QStringLiteral("%1 by the letter of the report, to which steps such as \"!Next\" are no "
                        "states; \"workbench lint FILE\" finds what is really wrong")

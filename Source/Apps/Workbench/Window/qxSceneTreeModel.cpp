@@ -7,6 +7,7 @@
 #include <OpenSG/OSGCPEditor.h>
 
 #include <QHash>
+#include <QTextDocument>
 
 #include <algorithm>
 
@@ -143,8 +144,10 @@ QVariant qxSceneTreeModel::data(const QModelIndex &index, int role) const
         const bool isAsked = role == Qt::DisplayRole && core != osg::NullFC;
         return isAsked ? QVariant(QString(core->getType().getCName())) : QVariant();
     }
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+    if (role == Qt::DisplayRole)
         return row.name;
+    if (role == Qt::ToolTipRole) // It would take names for markup.
+        return Qt::convertFromPlainText(row.name, Qt::WhiteSpaceNormal);
     if (role == Qt::CheckStateRole)
         return row.node->getTravMask() == 0         ? Qt::Unchecked
             : row.node->getTravMask() == everything ? Qt::Checked

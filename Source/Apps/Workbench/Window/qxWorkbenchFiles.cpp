@@ -21,6 +21,7 @@
 #include <QProgressBar>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTextDocument>
 #include <QTimer>
 #include <QTreeView>
 #include <QUndoStack>
@@ -270,7 +271,7 @@ void qxWorkbenchWindow::fillRecentMenu()
         name.replace(QLatin1Char('&'), QLatin1String("&&"));
         QAction *const action =
             m_recent->addAction(QStringLiteral("&%1 %2").arg(++number).arg(name));
-        action->setToolTip(path);
+        action->setToolTip(Qt::convertFromPlainText(path, Qt::WhiteSpaceNormal));
         action->setEnabled(QFileInfo::exists(path));
         connect(action, &QAction::triggered, this, [this, path] {
             if (mayLeave())

@@ -1,6 +1,7 @@
 #include "qxLog.h"
 
 #include "Core/qxCallList.h"
+#include "Core/qxVisibleText.h"
 
 #include <cstdarg>
 #include <cstdio>
@@ -30,7 +31,8 @@ std::string format(const char *text, va_list arguments)
 void write(qxLog::Level level, const std::string &line)
 {
     static const char *const prefixes[] = {"", "warning: ", "error: "};
-    std::fprintf(stderr, "%s%s\n", prefixes[level], line.c_str());
+    const QByteArray shown = qxVisibleText::lines(QString::fromStdString(line)).toUtf8();
+    std::fprintf(stderr, "%s%s\n", prefixes[level], shown.constData());
     listeners().run([&](const qxLog::Listener &listener) { listener(level, line); });
 }
 

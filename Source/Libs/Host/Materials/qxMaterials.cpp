@@ -29,6 +29,7 @@ private:
     MaterialIndex()
     {
         m_follower.edited = [this](osg::UInt32 id, osg::BitVector mask) {
+            m_poolEdited = m_poolEdited || id == m_poolId;
             names.edited(id);
             users.edited(id, mask);
         };
@@ -38,7 +39,7 @@ private:
         };
         qxModuleBus::addListener([this](qxMessage &message) {
             if (message.code() == qxModuleBase::MaterialsChanged)
-                reset();
+                materialsChanged();
         });
     }
 
@@ -46,6 +47,16 @@ private:
     {
         names.reset(m_pool);
         users.reset();
+    }
+
+    /// Reading a document sends the message once for each switch material that it adds. What was
+    /// recorded of the pool since the last message is what such a message is about.
+    void materialsChanged()
+    {
+        follow();
+        if (!m_poolEdited)
+            reset();
+        m_poolEdited = false;
     }
 
     void follow()
@@ -62,6 +73,7 @@ private:
 
     osg::MaterialPoolPtr m_pool;
     osg::UInt32 m_poolId = 0; ///< tells a new pool in the storage of the old one
+    bool m_poolEdited = false; ///< since the last message
     qxEditReader m_edits;
     qxEditReader::Follower m_follower;
 };

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+/// Texts of files on their way to a terminal: what would steer it is shown as an escape such as
+/// \x1b or \u202e. That is every control character, and those that end lines or turn the direction
+/// of writing.
+namespace qxVisibleText {
+
+/// One line: its line breaks and tabs become \n and \t.
+QString line(const QString &text);
+/// Several lines: line breaks and tabs stay as they are.
+QString lines(const QString &text);
+
+} // namespace qxVisibleText
