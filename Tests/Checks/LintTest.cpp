@@ -64,6 +64,7 @@ const Fault faults[] = {
     {"<![CDATA[aGVsbG8=]]>", "<Data/>", "QX106 Preview[1]"},
     {"<![CDATA[aGVsbG8=]]>", "", "QX106 Preview[1]"},
     {"<Value name=", "<Value title=", "QX107 Value[1]"},
+    {"<Value name='Price'>12", "<Value name='&#27;'>1\x1B[2<![CDATA[\x07]]>", "QX108 "},
     {"<VariantSet name='Winter'", "<VariantSet name='Sport'", "QX201 VariantSet[1] 'Sport'"},
     {foreign, "<VariantGroup name='Road'><VariantSet name='S' script='1'/></VariantGroup>",
      "QX202 VariantGroup[2] 'Road'"},

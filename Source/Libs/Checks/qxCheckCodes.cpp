@@ -16,6 +16,7 @@ const QVector<qxCodeRow> &qxCheckCodes::all()
         {Code::UnreadableNumber, "QX105", Warning, "number that cannot be read"},
         {Code::PreviewWithoutPicture, "QX106", Warning, "preview without a picture"},
         {Code::ValueWithoutName, "QX107", Warning, "value without a name"},
+        {Code::ForbiddenCharacter, "QX108", Warning, "character that XML forbids"},
 
         {Code::SetTwice, "QX201", Error, "two sets of one name"},
         {Code::GroupTwice, "QX202", Error, "two groups of one name"},

@@ -22,6 +22,7 @@ enum class qxCode {
     UnreadableNumber,
     PreviewWithoutPicture,
     ValueWithoutName,
+    ForbiddenCharacter,
 
     SetTwice,
     GroupTwice,

@@ -1,5 +1,7 @@
 #include "qxOutlineReader.h"
 
+#include "qxControlCharacters.h"
+
 #include <QCryptographicHash>
 
 #include <algorithm>
@@ -66,10 +68,21 @@ int kindOf(const QString &tag, QString (*nameOf)(qxVariantKind))
 
 qxOutlineReader::qxOutlineReader(const QByteArray &document, qxOutline &outline,
                                  qxFindings &findings)
-    : m_xml(document), m_outline(outline), m_findings(findings)
+    : m_xml(qxControlCharacters::replaced(document, m_forbidden)), m_outline(outline),
+      m_findings(findings)
 {
+    if (m_forbidden >= 0)
+        noteForbidden(document);
     // The document's own reader knows no name spaces either.
     m_xml.setNamespaceProcessing(false);
+}
+
+void qxOutlineReader::noteForbidden(const QByteArray &document)
+{
+    const QByteArray before = document.left(m_forbidden);
+    const QString inLine = QString::fromUtf8(before.mid(before.lastIndexOf('\n') + 1));
+    add(qxCode::ForbiddenCharacter, QStringLiteral("XML forbids this character; saving drops it"),
+        QString(), {1 + before.count('\n'), 1 + inLine.size(), 0});
 }
 
 void qxOutlineReader::read()

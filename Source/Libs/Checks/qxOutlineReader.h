@@ -38,6 +38,8 @@ private:
     /// Where the next token begins.
     qxMark here() const;
 
+    void noteForbidden(const QByteArray &document);
+
     QString attribute(const QString &name);
     bool has(const QString &name) const;
     void checkWord(const QString &text, const QString &what, const qxMark &mark,
@@ -49,6 +51,7 @@ private:
     void add(qxCode code, const QString &message, const QString &path, const qxMark &mark);
     bool refuseNameless(const QString &path, const qxMark &mark);
 
+    int m_forbidden; ///< the place of the first character that XML forbids, -1 for none
     QXmlStreamReader m_xml;
     qxOutline &m_outline;
     qxFindings &m_findings;

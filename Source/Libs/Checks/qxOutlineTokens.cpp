@@ -1,3 +1,4 @@
+#include "qxControlCharacters.h"
 #include "qxOutlineReader.h"
 
 #include <QCryptographicHash>
@@ -45,7 +46,7 @@ QString qxOutlineReader::elementText()
         if (m_xml.isCharacters() && (m_xml.isCDATA() || !m_xml.isWhitespace()))
             text += m_xml.text();
     }
-    return text;
+    return m_forbidden < 0 ? text : qxControlCharacters::restored(text);
 }
 
 void qxOutlineReader::skipUnknown(const QString &path, const qxMark &mark)
@@ -69,7 +70,10 @@ QString qxOutlineReader::attribute(const QString &name)
     if (value.isEmpty())
         return QString();
     const auto known = m_texts.constFind(QString::fromRawData(value.data(), value.size()));
-    return known != m_texts.constEnd() ? *known : *m_texts.insert(value.toString());
+    if (known != m_texts.constEnd())
+        return *known;
+    const QString text = value.toString();
+    return *m_texts.insert(m_forbidden < 0 ? text : qxControlCharacters::restored(text));
 }
 
 bool qxOutlineReader::has(const QString &name) const

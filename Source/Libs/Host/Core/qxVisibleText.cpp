@@ -21,7 +21,8 @@ QString escape(QChar each)
     case '\t':
         return QStringLiteral("\\t");
     default:
-        const QString form = each.unicode() > 0xFF ? QStringLiteral("\\u%1") : QStringLiteral("\\x%1");
+        const QString form =
+            each.unicode() > 0xFF ? QStringLiteral("\\u%1") : QStringLiteral("\\x%1");
         return form.arg(each.unicode(), 2, 16, QLatin1Char('0'));
     }
 }
