@@ -8,7 +8,6 @@
 int main(int argc, char *argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qSetGlobalQHashSeed(0);
     // Qt says at every start that a machine without a user session has no folder for one, and of
     // every window that nobody asks how large it may be.
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));

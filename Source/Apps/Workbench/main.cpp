@@ -13,8 +13,6 @@ int main(int argc, char *argv[])
     const bool hasWindow = qxWindowProgram::isAskedFor(argc, argv);
     if (!hasWindow && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    // One document gives one text: Qt's random hash seed would shuffle the attributes of each save.
-    qSetGlobalQHashSeed(0);
     if (hasWindow)
         return qxWindowProgram::run(argc, argv);
 

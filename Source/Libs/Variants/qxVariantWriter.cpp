@@ -1,5 +1,6 @@
 #include "qxVariantWriter.h"
 
+#include "Internal/qxDocumentPrint.h"
 #include "Internal/qxDocumentText.h"
 #include "Internal/qxKind.h"
 #include "qxVariantGroup.h"
@@ -8,9 +9,6 @@ namespace {
 
 namespace names = qxDocumentNames;
 namespace text = qxDocumentText;
-
-/// Spaces per level.
-constexpr int Indentation = 1;
 
 const QString &word(bool value)
 {
@@ -194,7 +192,7 @@ QByteArray qxVariantWriter::write()
     writeAll<qxLightVariant>(root);
     writeAll<qxOverlayVariant>(root);
     writeAll<qxTransformVariant>(root);
-    return m_document.toString(Indentation).toUtf8();
+    return qxDocumentPrint::print(m_document);
 }
 
 void qxVariantWriter::writeVariantGroup(QDomDocument &document, QDomElement &parent,

@@ -81,6 +81,44 @@ inline const QString clipContourColorG = QStringLiteral("clipContourColorG");
 inline const QString clipContourColorB = QStringLiteral("clipContourColorB");
 inline const QString clipContourWidth = QStringLiteral("clipContourWidth");
 
+/// All of them that are written, in the order in which those of one element stand.
+inline const QString attributes[] = {name,
+                                     base,
+                                     comment,
+                                     visible,
+                                     defaultViewpoint,
+                                     ref,
+                                     state,
+                                     nodePath,
+                                     materialName,
+                                     inclNodes,
+                                     inclMats,
+                                     inclLights,
+                                     inclEnv,
+                                     inclView,
+                                     clipState,
+                                     clipPlanePositionX,
+                                     clipPlanePositionY,
+                                     clipPlanePositionZ,
+                                     clipPlaneNormalX,
+                                     clipPlaneNormalY,
+                                     clipPlaneNormalZ,
+                                     clipPlaneInvert,
+                                     clipPlaneHideScene,
+                                     clipPlaneShow,
+                                     clipPlaneColorR,
+                                     clipPlaneColorG,
+                                     clipPlaneColorB,
+                                     clipGridShow,
+                                     clipGridColorR,
+                                     clipGridColorG,
+                                     clipGridColorB,
+                                     clipContourShow,
+                                     clipContourColorR,
+                                     clipContourColorG,
+                                     clipContourColorB,
+                                     clipContourWidth};
+
 // The two texts of a flag that is written as a word.
 inline const QString trueWord = QStringLiteral("true");
 inline const QString falseWord = QStringLiteral("false");
