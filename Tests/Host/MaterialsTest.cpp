@@ -203,10 +203,11 @@ TEST_F(MaterialsTest, TheModuleMessageOutdatesEverythingThatWasRead)
 {
     const TestNode body = scene.addGeometry("Body", scene.addMaterial("Paint"));
     const TestMaterial other = scene.addMaterial("Other");
+    qxMessage changed(qxModuleBase::MaterialsChanged);
+    qxModuleBase::sendMessage(changed, false); // about the pool, as its edits are recorded
     EXPECT_TRUE(users(other).empty());
     osg::GeometryPtr::dcast(body.core())->setMaterial(other); // outside of an edit
 
-    qxMessage changed(qxModuleBase::MaterialsChanged);
     qxModuleBase::sendMessage(changed, false);
     Nodes appended = {scene.root().node()};
     qxMaterials::getNodesWithMaterial(appended, other);

@@ -45,6 +45,24 @@ TEST_F(CommandsTest, ListShowsGroupsWithTheirSetsAndTheRestBehind)
     EXPECT_EQ(done({"list", desk("<Variants/>")}).out, "no variant sets\n");
 }
 
+TEST_F(CommandsTest, NamesCannotSteerATerminal)
+{
+    const QString name = "A\x1B[31mB\n\u202E";
+    const QString file = desk("<Variants><VariantSet name='A\x1B[31mB&#10;&#x202E;'><Preview>"
+                              "<![CDATA[\x1B]]></Preview></VariantSet></Variants>");
+    const QByteArray shown = "A\\x1b[31mB\\n\\u202e";
+    EXPECT_EQ(done({"list", file}).out, "(no group)\n  " + shown + "\n");
+    for (const QStringList &call : {QStringList{"verify", file}, {"lint", file},
+                                    {"select", file, name, "--trace"},
+                                    {"select", file, name + name}}) {
+        const ProgramRun run = workbench(call);
+        EXPECT_TRUE((run.out + run.err).contains("A\\x1b[31mB")) << call.first().toStdString();
+        EXPECT_FALSE((run.out + run.err).contains('\x1B')) << call.first().toStdString();
+    }
+    const QJsonArray sets = done({"list", file, "--json"}).object()["sets"].toArray();
+    EXPECT_EQ(sets.first().toObject()["name"].toString(), name);
+}
+
 TEST_F(CommandsTest, StateShowsEveryVariantAndADashForWhatTheSceneLacks)
 {
     EXPECT_EQ(done({"state", desk()}).out,

@@ -8,10 +8,6 @@
 
 typedef std::vector<std::string> Lines;
 
-/// The document one item per line, elements with sorted attributes: what is left when the order of
-/// attributes and the indentation do not count. An error stands in the last line.
-std::string itemsOf(const QByteArray &document);
-
 /// A test with an empty registry at its beginning and at its end.
 class DocumentFixture : public HostFixture {
 protected:

@@ -27,6 +27,8 @@ TEST_F(SetContentsTest, AnEmptyStateIsTheDefaultOneOfAVariantThatIsGiven)
     set.addNodeVariant("Door", "");
     EXPECT_EQ(textOf(set.nodeVariants), "Wheels=Steel Door= ");
     set.add(wheels, "Alloy");
+    set.add(static_cast<qxLightVariant *>(nullptr), "On");
+    EXPECT_TRUE(set.lightVariants.empty());
     EXPECT_EQ(textOf(set.nodeVariants), "Wheels=Alloy Door= ");
     set.removeNodeVariant("Wheels");
     set.removeNodeVariant("Wheels");
