@@ -1,10 +1,12 @@
 #include "qxVariantVerifier.h"
 
 #include "qxCommand.h"
+#include "qxOutput.h"
 #include "qxSession.h"
 #include "qxStreams.h"
 
 #include <QCommandLineParser>
+#include <QTemporaryFile>
 
 #include <cstdio>
 
@@ -15,6 +17,19 @@ QList<QCommandLineOption> options()
     return {{QStringLiteral("report"), QStringLiteral("Writes the same lines to CSV."),
              QStringLiteral("CSV")},
             qxCommands::traceOption()};
+}
+
+/// The verifier writes as it goes; the report itself is written as a whole.
+bool writeReport(qxVariantVerifier &verifier, const QString &report)
+{
+    QTemporaryFile draft;
+    QByteArray lines;
+    if (!draft.open() || !verifier.verify(draft.fileName())
+        || !qxStreams::read(draft.fileName(), lines)) {
+        qxOutput::error(QStringLiteral("%1: the report cannot be written").arg(report));
+        return false;
+    }
+    return qxStreams::write(report, lines);
 }
 
 int run(const QCommandLineParser &parser)
@@ -29,8 +44,8 @@ int run(const QCommandLineParser &parser)
         verifier.verifyVariantSets();
         verifier.verifyNodeVariants();
         verifier.verifyMaterialVariants();
-    } else if (!verifier.verify(report)) {
-        return qxCommands::fail(QStringLiteral("%1: the report cannot be written").arg(report));
+    } else if (!writeReport(verifier, report)) {
+        return WorkFailed;
     }
     if (verifier.errorCount() == 0)
         return Success;
