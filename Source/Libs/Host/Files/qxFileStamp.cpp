@@ -35,18 +35,19 @@ qxFileStamp::qxFileStamp(const QString &path, const QByteArray &bytes)
     m_isWhole = isThere && m_status.st_size == m_size;
 }
 
-bool qxFileStamp::isOutdated() const
+bool qxFileStamp::isUpToDate() const
 {
     struct stat now;
-    if (m_path.isEmpty() || stat(m_path.constData(), &now) != 0)
+    if (m_path.isEmpty())
+        return true;
+    if (stat(m_path.constData(), &now) != 0)
         return false;
     if (m_isStatusSure && isSame(now, m_status))
-        return false;
-    if (!S_ISREG(now.st_mode) || (m_isWhole && now.st_size != m_size))
         return true;
     QFile file(QFile::decodeName(m_path));
-    if (!file.open(QIODevice::ReadOnly))
-        return true;
+    if (!S_ISREG(now.st_mode) || (m_isWhole && now.st_size != m_size)
+        || !file.open(QIODevice::ReadOnly))
+        return false;
     const QByteArray bytes = file.read(m_size);
-    return bytes.size() != m_size || hashOf(bytes) != m_hash;
+    return bytes.size() == m_size && hashOf(bytes) == m_hash;
 }

@@ -8,13 +8,13 @@
 /// What a file held when it was read or written, to see later whether somebody has changed it.
 class qxFileStamp {
 public:
-    /// Of no file: nobody changes that.
+    /// Of no file: that stays as it is.
     qxFileStamp() = default;
     /// `bytes` is what the file holds, or what matters of it: its beginning.
     qxFileStamp(const QString &path, const QByteArray &bytes);
 
-    /// Whether the file holds something else by now. One that is gone does not.
-    bool isOutdated() const;
+    /// Whether the file is there and holds the same.
+    bool isUpToDate() const;
 
 private:
     QByteArray m_path;

@@ -180,6 +180,8 @@ void qxGltfOutput::takeBack() const
 /// Every message about a save begins with the path of the scene file.
 void qxGltfOutput::fail(const QString &path, const QString &reason) const
 {
+    if (m_isReplaced)
+        throw qxGltfError(reason);
     if (path == m_path)
         throw qxGltfError(qxFileText::tr("the file cannot be written: %1").arg(reason));
     throw qxGltfError(qxFileText::tr("%1 cannot be written: %2").arg(path, reason));

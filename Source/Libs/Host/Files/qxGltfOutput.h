@@ -24,7 +24,7 @@ public:
     void write(qxJson json, const std::vector<QByteArray> &buffers);
     /// What could not be taken along, or was written another way than one might expect.
     const QStringList &warnings() const { return m_warnings; }
-    /// Whether the scene file is the new one, also when `write` has thrown after that.
+    /// Whether the scene file is no longer the old one, also when `write` has thrown.
     bool isReplaced() const { return m_isReplaced; }
     /// What the scene file holds then.
     const QByteArray &content() const { return m_files.back().second; }

@@ -119,11 +119,12 @@ bool qxOutputFile::writeInPlace()
         return failUntouched();
     }
     const auto cut = [&] { return ftruncate(file, m_bytes.size()); };
-    m_isReplaced = qxSystemCall::write(file, m_bytes) && qxSystemCall::repeat(cut) == 0
+    const bool isWritten = qxSystemCall::write(file, m_bytes) && qxSystemCall::repeat(cut) == 0
         && qxSystemCall::sync(file);
     const int reason = errno;
     close(file);
-    if (!m_isReplaced) {
+    m_isReplaced = true;
+    if (!isWritten) {
         m_new.keep();
         return fail(
             qxFileText::tr("%1; the file may be half written, its new content is whole in %2")

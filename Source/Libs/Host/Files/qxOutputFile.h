@@ -30,7 +30,7 @@ public:
     QString errorString() const { return m_error; }
     /// What was not as one might expect.
     const QStringList &warnings() const { return m_warnings; }
-    /// Whether the content stands at the path, also when commit has failed after that.
+    /// Whether the old content stands at the path no longer, also when commit has failed.
     bool isReplaced() const { return m_isReplaced; }
 
     /// Whether something stands at the path that is neither a regular file nor a folder.

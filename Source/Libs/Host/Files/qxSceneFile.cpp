@@ -190,7 +190,7 @@ qxJson qxSceneFile::Content::edited() const
                        variants.isEmpty() ? qxJson() : qxJson(variants.toStdString()));
     }
     for (std::size_t i = 0; i < bufferFiles.size(); ++i) {
-        if (bufferFiles[i].isOutdated())
+        if (!bufferFiles[i].isUpToDate())
             json["buffers"][i]["uri"] = qxGltfDataUriOf(buffers[i]);
     }
     return json;
@@ -199,7 +199,7 @@ qxJson qxSceneFile::Content::edited() const
 bool qxSceneFile::Content::isBufferOutdated() const
 {
     return std::any_of(bufferFiles.begin(), bufferFiles.end(),
-                       [](const qxFileStamp &stamp) { return stamp.isOutdated(); });
+                       [](const qxFileStamp &stamp) { return !stamp.isUpToDate(); });
 }
 
 void qxSceneFile::Content::note(const QString &path, const qxFileStamp &stamp)
@@ -254,12 +254,14 @@ bool qxSceneFile::save(const QString &path)
 
 bool qxSceneFile::isChangedByOthers(const QString &path) const
 {
+    if (!QFileInfo(path).isFile())
+        return false;
     bool isKnown = false;
     for (const QString &name : namesOf(path)) {
         const auto known = m_content->known.constFind(name);
         if (known == m_content->known.constEnd())
             continue;
-        if (known->isOutdated())
+        if (!known->isUpToDate())
             return true;
         isKnown = true;
     }
