@@ -79,11 +79,6 @@ int unlink(const char *name) noexcept
     return fails("unlink") ? -1 : real<int(const char *)>("unlink")(name);
 }
 
-int fchmod(int descriptor, mode_t mode) noexcept
-{
-    return fails("chmod") ? -1 : real<int(int, mode_t)>("fchmod")(descriptor, mode);
-}
-
 int ftruncate(int descriptor, off_t size) noexcept
 {
     return fails("truncate") ? -1 : real<int(int, off_t)>("ftruncate")(descriptor, size);
