@@ -1342,7 +1342,7 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
         <translation>„%1“ hat sich auf der Platte geändert, seit die Datei geöffnet wurde.</translation>
     </message>
     <message>
-        <source>Another program has written the file, or one with its buffers. To overwrite it loses what is new there.</source>
+        <source>Another program has written the file, or one with its buffers. Overwriting it loses what is new there.</source>
         <translation>Ein anderes Programm hat die Datei geschrieben, oder eine mit ihren Puffern. Wer sie überschreibt, verliert, was dort neu ist.</translation>
     </message>
     <message>

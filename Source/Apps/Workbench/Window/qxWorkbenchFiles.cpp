@@ -142,7 +142,7 @@ bool qxWorkbenchWindow::saveFile(const QString &path)
                     tr("\"%1\" has changed on the disk since it was opened.").arg(name),
                     QMessageBox::Cancel, this);
     box.setInformativeText(
-        tr("Another program has written the file, or one with its buffers. To overwrite it loses "
+        tr("Another program has written the file, or one with its buffers. Overwriting it loses "
            "what is new there."));
     const QPushButton *const overwrite =
         box.addButton(tr("Overwrite"), QMessageBox::DestructiveRole);
