@@ -519,6 +519,30 @@
         <source>nothing may be written to its folder</source>
         <translation>in den Ordner darf nicht geschrieben werden</translation>
     </message>
+    <message>
+        <source>not all of the file&apos;s owner, group, rights and attributes could be kept</source>
+        <translation>Eigentümer, Gruppe, Rechte und Attribute der Datei konnten nicht alle behalten werden</translation>
+    </message>
+    <message>
+        <source>it is written, but may not be on the disk: %1</source>
+        <translation>sie ist geschrieben, steht aber vielleicht nicht auf der Platte: %1</translation>
+    </message>
+    <message>
+        <source>%1; the file is as it was</source>
+        <translation>%1; die Datei ist, wie sie war</translation>
+    </message>
+    <message>
+        <source>%1; the file may be half written, its new content is whole in %2</source>
+        <translation>%1; die Datei ist vielleicht nur halb geschrieben, ihr neuer Inhalt steht vollständig in %2</translation>
+    </message>
+    <message>
+        <source>the file has several hard links and was written in place, where an interruption would have left it half written</source>
+        <translation>die Datei hat mehrere harte Links und wurde an Ort und Stelle geschrieben, wo eine Unterbrechung sie halb geschrieben hinterlassen hätte</translation>
+    </message>
+    <message>
+        <source>buffers whose files have changed on the disk stand in the scene file now, as they were loaded</source>
+        <translation>Puffer, deren Dateien sich auf der Platte geändert haben, stehen jetzt in der Szenendatei, wie sie geladen wurden</translation>
+    </message>
 </context>
 <context>
     <name>qxLogView</name>
@@ -1312,6 +1336,22 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
     <message>
         <source>Open a scene with &quot;File &gt; Open&quot;, or drop one here.</source>
         <translation>Öffnen Sie eine Szene mit „Datei &gt; Öffnen“, oder legen Sie eine hier ab.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changed on the disk since it was opened.</source>
+        <translation>„%1“ hat sich auf der Platte geändert, seit die Datei geöffnet wurde.</translation>
+    </message>
+    <message>
+        <source>Another program has written the file, or one with its buffers. Overwriting it loses what is new there.</source>
+        <translation>Ein anderes Programm hat die Datei geschrieben, oder eine mit ihren Puffern. Wer sie überschreibt, verliert, was dort neu ist.</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Speichern unter …</translation>
     </message>
 </context>
 </TS>

@@ -106,3 +106,28 @@ TEST_F(RoundTripTest, OutputThatCannotBeWrittenIsAFailure)
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(run.err, "workbench: standard output cannot be written\n");
 }
+
+TEST_F(RoundTripTest, WhatDoesNotReachTheDiskIsAFailureAndTheFileIsAsItWas)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LD_PRELOAD", QX_BUILD_LIB "/libqxFaults.so");
+    environment.insert("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0");
+    environment.insert("QX_FAULT", "sync 1 28");
+    desk();
+    for (const QString call : {"document %1 --out old.xml", "set %1 Desk Glass --save old.gltf",
+                               "verify %1 --report old.csv", "render %1 --size 8x8 --out old.png",
+                               "catalogue %1 --out ."}) {
+        const QString name = call.endsWith('.') ? "index.html" : call.split(' ').last();
+        write(name, "valuable");
+        QProcess program;
+        program.setWorkingDirectory(folder.path());
+        program.setProcessEnvironment(environment);
+        program.start(QX_BUILD_BIN "/workbench", call.arg("desk.gltf").split(' '));
+        const ProgramRun run = ended(program);
+        EXPECT_EQ(run.code, 1);
+        EXPECT_TRUE(run.err.contains("No space left on device; the file is as it was\n"))
+            << run.err.toStdString();
+        EXPECT_EQ(bytesOf(path(name)), "valuable") << call.toStdString();
+    }
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 6);
+}

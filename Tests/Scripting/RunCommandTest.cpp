@@ -69,6 +69,18 @@ TEST_F(RunCommandTest, AFailingScriptSavesNothingAndShowsWhere)
         << run.err.toStdString();
 }
 
+TEST_F(RunCommandTest, AFileThatSomebodyChangesMeanwhileIsSavedOverByForceAlone)
+{
+    const QByteArray change = "open('" + path("desk.gltf").toUtf8() + "', 'a').write(' ')";
+    const ProgramRun run = workbench({"run", "-", desk(), "--save", desk()}, change);
+    EXPECT_EQ(run.code, 1);
+    EXPECT_TRUE(run.err.contains("since it was opened; --force writes it\n"));
+    EXPECT_EQ(bytesOf(path("desk.gltf")), sceneWith("desk") + ' ');
+    done({"run", "-", desk(), "--save", path("other.gltf")}, change);
+    done({"run", "-", desk(), "--save", desk(), "--force"}, change);
+    EXPECT_NE(bytesOf(path("desk.gltf")), sceneWith("desk") + ' ');
+}
+
 TEST_F(RunCommandTest, WhatCannotBeRunIsRefused)
 {
     refused(2, {"run"}, "run needs SCRIPT [FILE]");

@@ -149,9 +149,12 @@ TEST_F(LanguageTest, EveryDialogSpeaksTheLanguage)
     window->openFile(
         write("loop.gltf", R"({"asset":{"version":"2.0"},"nodes":[{"children":[0]}]})"));
     window->saveFile(path("scene.obj"));
+    window->saveFile(path("scene.gltf"));
+    window->saveFile(write("scene.gltf", "{}"));
     for (const QString &text :
          {QString("Szene erfassen"), QString("Mehrdeutige Knotennamen gefunden"),
           QString("„Dawn“ aus der Szene aktualisieren"), QString("Szene öffnen"),
+          QString("„scene.gltf“ hat sich auf der Platte geändert, seit die Datei geöffnet wurde."),
           path("loop.gltf") + ": Knoten 0 ist sein eigener Vorfahr",
           path("scene.obj") + ": Szenendateien enden auf .gltf oder .glb"})
         EXPECT_TRUE(said.contains(text)) << text.toStdString();

@@ -175,6 +175,24 @@ TEST_F(WindowFilesTest, SaveAsAddsTheSuffixAndTheFileIsTheOpenOneFromThenOn)
     EXPECT_EQ(sets(), "Morning,Evening,Leer geräumt") << "the first file is as it was";
 }
 
+TEST_F(WindowFilesTest, WhatOthersHaveWrittenIsNotOverwrittenUnasked)
+{
+    openDesk();
+    const QByteArray others = sceneWith("desk") + ' ';
+    const QString name = write("desk.gltf", others);
+    for (const char *button : {"Cancel", "Save As...", "Overwrite"}) {
+        EXPECT_EQ(type("made = createVariantSet('Noon', 'Work')"), "");
+        expectClick(button);
+        if (*button == 'S')
+            expectFile("mine.gltf");
+        EXPECT_EQ(window->saveFile(name), *button != 'C');
+        EXPECT_EQ(bytesOf(name) == others, *button != 'O');
+    }
+    EXPECT_TRUE(bytesOf(path("mine.gltf")).contains("Noon"));
+    EXPECT_EQ(dialogTexts().filter("has changed on the disk").size(), 3);
+    EXPECT_TRUE(window->saveFile(name));
+}
+
 TEST_F(WindowFilesTest, SetsMadeWithoutASceneAreNotLostUnasked)
 {
     type("made = createVariantSet('Lone', 'Group')");

@@ -5,6 +5,7 @@
 #include "qxLeftOutScripts.h"
 #include "qxNearest.h"
 #include "qxOutput.h"
+#include "qxSession.h"
 #include "qxValueKind.h"
 
 #include <QCommandLineParser>
@@ -129,8 +130,16 @@ QStringList qxCommands::argumentsOf(const qxCommand &command)
 
 QList<QCommandLineOption> qxCommands::optionsOf(const qxCommand &command)
 {
-    return command.options() << QCommandLineOption({QStringLiteral("h"), QStringLiteral("help")},
-                                                   QStringLiteral("Shows this text."));
+    QList<QCommandLineOption> options;
+    for (const QCommandLineOption &option : command.options()) {
+        options << option;
+        if (option.names() == saveOption().names())
+            options << QCommandLineOption(
+                QStringLiteral("force"),
+                QStringLiteral("Saves over a file that has changed since it was opened."));
+    }
+    return options << QCommandLineOption({QStringLiteral("h"), QStringLiteral("help")},
+                                         QStringLiteral("Shows this text."));
 }
 
 int qxCommands::unknown(const QString &name)
@@ -187,6 +196,26 @@ QCommandLineOption qxCommands::noScriptsOption()
 {
     return {QStringLiteral("no-scripts"),
             QStringLiteral("Leaves out the scripts in FILE, and says which.")};
+}
+
+bool qxCommands::maySave(const qxSession &session, const QCommandLineParser &parser)
+{
+    const QString out = parser.value(QStringLiteral("save"));
+    if (parser.isSet(QStringLiteral("force")) || !session.file().isChangedByOthers(out))
+        return true;
+    qxOutput::error(QStringLiteral("%1: not written, because somebody has changed it, or a file of "
+                                   "its buffers, since it was opened; --force writes it")
+                        .arg(out));
+    return false;
+}
+
+int qxCommands::saveIfAsked(qxSession &session, const QCommandLineParser &parser)
+{
+    if (!parser.isSet(QStringLiteral("save")))
+        return Success;
+    const bool isSaved =
+        maySave(session, parser) && session.save(parser.value(QStringLiteral("save")));
+    return isSaved ? Success : WorkFailed;
 }
 
 int qxCommands::codeAfterScripts()

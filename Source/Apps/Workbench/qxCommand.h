@@ -4,6 +4,7 @@
 #include <QStringList>
 
 class QCommandLineParser;
+class qxSession;
 
 /// What a program answers to the shell.
 enum qxExitCode {
@@ -64,11 +65,17 @@ int unknown(const QString &name);
 
 /// The options that several commands share.
 QCommandLineOption jsonOption();
+/// Whoever has this one has --force, too.
 QCommandLineOption saveOption();
 QCommandLineOption traceOption();
 /// For the commands that select sets; what it asks for is done before the command runs.
 QCommandLineOption noScriptsOption();
 
+/// Whether --save may be followed: not over a file that somebody has changed since it was opened,
+/// unless with --force; standard error says so.
+bool maySave(const qxSession &session, const QCommandLineParser &parser);
+/// Saves when --save was given and may be followed; what the command then ends with.
+int saveIfAsked(qxSession &session, const QCommandLineParser &parser);
 /// What a command ends with whose own work is done, but for scripts of sets: they may have failed
 /// or been interrupted.
 int codeAfterScripts();

@@ -143,7 +143,7 @@ int run(const QCommandLineParser &parser)
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;
     print(create(words), parser.isSet(QStringLiteral("json")));
-    return session.saveIfAsked(parser.value(QStringLiteral("save"))) ? Success : WorkFailed;
+    return qxCommands::saveIfAsked(session, parser);
 }
 
 } // namespace

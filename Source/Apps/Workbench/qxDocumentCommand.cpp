@@ -55,7 +55,7 @@ int importDocument(const QCommandLineParser &parser)
         return WorkFailed;
     if (isWrongFile(xml, session))
         return qxCommands::fail(QStringLiteral("%1: it is no variants document").arg(in));
-    return session.save(parser.value(QStringLiteral("save"))) ? Success : WorkFailed;
+    return qxCommands::saveIfAsked(session, parser);
 }
 
 int run(const QCommandLineParser &parser)

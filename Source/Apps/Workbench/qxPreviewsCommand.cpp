@@ -44,8 +44,10 @@ int run(const QCommandLineParser &parser)
         all || stale ? qxSetPictures::allNames() : qxSetPictures::namesWithoutPreview();
     int done = 0;
     const qxSetPictures::Previews previews = qxSetPictures::makePreviews(names, done);
-    if (!qxSetPictures::reopen(session, parser.positionalArguments().first(), previews)
-        || !session.save(parser.value(QStringLiteral("save"))))
+    // The previews show the scene as it was opened.
+    if (!qxCommands::maySave(session, parser)
+        || !qxSetPictures::reopen(session, parser.positionalArguments().first(), previews)
+        || qxCommands::saveIfAsked(session, parser) != Success)
         return WorkFailed;
     const int made = all ? done : previews.size();
     const int kept = int(qxVariants::_variantSets.size()) - made;

@@ -56,7 +56,7 @@ int inScene(const QCommandLineParser &parser, const QStringList &file,
         return WorkFailed;
     const int code = work();
     if (code == Success)
-        return session.saveIfAsked(out) ? Success : WorkFailed;
+        return qxCommands::saveIfAsked(session, parser);
     if (!out.isEmpty())
         qxOutput::error(QStringLiteral("%1: not written, because the script failed").arg(out));
     return code;

@@ -65,11 +65,12 @@ QStringList missingFor(const QString &name)
 }
 
 /// What a script has left half done takes no file's place.
-int saveAfterScripts(qxSession &session, const QString &out)
+int saveAfterScripts(qxSession &session, const QCommandLineParser &parser)
 {
     const int code = qxCommands::codeAfterScripts();
     if (code == Success)
-        return session.saveIfAsked(out) ? Success : WorkFailed;
+        return qxCommands::saveIfAsked(session, parser);
+    const QString out = parser.value(QStringLiteral("save"));
     if (!out.isEmpty())
         qxOutput::error(QStringLiteral("%1: not written, because a script failed").arg(out));
     return code;
@@ -100,7 +101,7 @@ int run(const QCommandLineParser &parser)
     }
     if (json)
         qxOutput::json(reports);
-    return saveAfterScripts(session, parser.value(QStringLiteral("save")));
+    return saveAfterScripts(session, parser);
 }
 
 } // namespace

@@ -37,8 +37,6 @@ public:
     /// Saves scene and variants; a file without variants, or with none but its own material
     /// variants, stays without a document.
     bool save(const QString &path);
-    /// Saves when the option --save was given; true when there was nothing to do.
-    bool saveIfAsked(const QString &path) { return path.isEmpty() || save(path); }
 
     const qxSceneFile &file() const { return *m_file; }
     /// Why the last operation failed, for people; empty when it did not.

@@ -91,7 +91,7 @@ int run(const QCommandLineParser &parser)
         qxOutput::json(report.toJson());
     else
         report.print();
-    return session.saveIfAsked(parser.value(QStringLiteral("save"))) ? Success : WorkFailed;
+    return qxCommands::saveIfAsked(session, parser);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "qxStreams.h"
 
 #include "Files/qxOutputFile.h"
+#include "qxLog.h"
 #include "qxOutput.h"
 
 #include <QFile>
@@ -39,5 +40,8 @@ bool qxStreams::write(const QString &name, const QByteArray &bytes)
         return true;
     }
     qxOutputFile file(name);
-    return (file.prepare(bytes) && file.commit()) || fail(name, file.errorString());
+    const bool isWritten = file.prepare(bytes) && file.commit();
+    for (const QString &warning : file.warnings())
+        qxLog::warning("%s: %s", name.toUtf8().constData(), warning.toUtf8().constData());
+    return isWritten || fail(name, file.errorString());
 }

@@ -174,7 +174,7 @@ int run(const QCommandLineParser &parser)
         kinds.has("environment"), kinds.has("viewpoint"), kinds.has("transforms"), true, true);
     set->setPreview(qxVariants::createPreviewImage(false, true));
     print(*set, parser.isSet(QStringLiteral("json")));
-    return session.saveIfAsked(parser.value(QStringLiteral("save"))) ? Success : WorkFailed;
+    return qxCommands::saveIfAsked(session, parser);
 }
 
 } // namespace

@@ -195,7 +195,7 @@ int run(const QCommandLineParser &parser)
         printJson(shortened, removed);
     else
         print(shortened, removed);
-    return session.saveIfAsked(parser.value(QStringLiteral("save"))) ? Success : WorkFailed;
+    return qxCommands::saveIfAsked(session, parser);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "qxStreams.h"
 
 #include <QCommandLineParser>
+#include <QTemporaryFile>
 
 namespace {
 
@@ -16,16 +17,13 @@ QList<QCommandLineOption> options()
             qxCommands::traceOption()};
 }
 
-/// The lines go to standard output in any case; false when the report cannot be written.
-bool check(qxVariantVerifier &verifier, const QString &report)
+/// The lines of the report. The verifier writes as it goes, here to a draft.
+bool draw(qxVariantVerifier &verifier, QByteArray &lines)
 {
-    const qxCaughtOutput lines(qxCaughtOutput::ToResults);
-    if (!report.isEmpty() && !qxStreams::isStandard(report))
-        return verifier.verify(report);
-    verifier.verifyVariantSets();
-    verifier.verifyNodeVariants();
-    verifier.verifyMaterialVariants();
-    return true;
+    const qxCaughtOutput same(qxCaughtOutput::Nowhere);
+    QTemporaryFile draft;
+    return draft.open() && verifier.verify(draft.fileName())
+        && qxStreams::read(draft.fileName(), lines);
 }
 
 int run(const QCommandLineParser &parser)
@@ -35,8 +33,12 @@ int run(const QCommandLineParser &parser)
         return WorkFailed;
     qxVariantVerifier verifier;
     const QString report = parser.value(QStringLiteral("report"));
-    if (!check(verifier, report))
-        return qxCommands::fail(QStringLiteral("%1: the report cannot be written").arg(report));
+    QByteArray lines;
+    if (!draw(verifier, lines))
+        return qxCommands::fail(QStringLiteral("the report cannot be written"));
+    qxOutput::text(QString::fromUtf8(lines));
+    if (!report.isEmpty() && !qxStreams::isStandard(report) && !qxStreams::write(report, lines))
+        return WorkFailed;
     if (verifier.errorCount() == 0)
         return Success;
     return qxCommands::fail(

@@ -19,6 +19,7 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTextDocument>
@@ -134,6 +135,28 @@ void qxWorkbenchWindow::showNewScene()
 }
 
 bool qxWorkbenchWindow::saveFile(const QString &path)
+{
+    if (!m_session->file().isChangedByOthers(path))
+        return write(path);
+    const QString name = QFileInfo(path).fileName();
+    QMessageBox box(QMessageBox::Warning, tr("Workbench"),
+                    tr("\"%1\" has changed on the disk since it was opened.").arg(name),
+                    QMessageBox::Cancel, this);
+    box.setInformativeText(
+        tr("Another program has written the file, or one with its buffers. Overwriting it loses "
+           "what is new there."));
+    const QPushButton *const overwrite =
+        box.addButton(tr("Overwrite"), QMessageBox::DestructiveRole);
+    QPushButton *const saveAs = box.addButton(tr("Save As..."), QMessageBox::AcceptRole);
+    box.setDefaultButton(saveAs);
+    makePlain(box);
+    box.exec();
+    if (box.clickedButton() == overwrite)
+        return write(path);
+    return box.clickedButton() == saveAs && askAndSaveAs();
+}
+
+bool qxWorkbenchWindow::write(const QString &path)
 {
     const QString name = QFileInfo(path).fileName();
     m_lastError.clear();

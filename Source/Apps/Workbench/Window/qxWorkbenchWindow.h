@@ -33,7 +33,8 @@ public:
     /// shown. The scene before is shown then as it was, or, when the file could be read but not its
     /// variants, as its own file has it.
     bool openFile(const QString &path);
-    /// A reason for a failure is shown, and the changes are still unsaved then.
+    /// Asks before it overwrites what somebody has changed since it was opened. A reason for a
+    /// failure is shown, and the changes are still unsaved then.
     bool saveFile(const QString &path);
     /// Empty for a scene that has no file yet.
     QString filePath() const { return m_path; }
@@ -75,6 +76,7 @@ private:
     void askAndOpen();
     void openFirst(const QStringList &paths);
     bool save();
+    bool write(const QString &path);
     bool askAndSaveAs();
     bool mayLeave();
     void finishTyping();

@@ -195,6 +195,7 @@ qxGltfDocument qxGltfDocument::read(const QString &path)
     const QByteArray bytes = qxGltfReadFile(path);
     qxGltfDocument document;
     document.path = path;
+    document.stamp = qxFileStamp(path, bytes);
     if (bytes.startsWith("glTF"))
         unpackBinary(bytes, document);
     else

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Files/qxFileStamp.h"
 #include "Files/qxGltfJson.h"
 
 #include <QByteArray>
@@ -7,6 +8,7 @@
 /// A scene file as it lies on the disk: its JSON and, in a .glb, the binary chunks.
 struct qxGltfDocument {
     QString path; ///< as it was given to read; empty for a scene that has no file yet
+    qxFileStamp stamp; ///< of the file
     qxJson json; ///< always an object
     QByteArray text; ///< the JSON as it was written in the file
     bool binary = false; ///< whether the file was a .glb

@@ -1,6 +1,7 @@
 #include "Files/qxGltfMeshPatch.h"
 
 #include "Files/qxGltfGeometryWriter.h"
+#include "Files/qxGltfUri.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 
@@ -80,6 +81,6 @@ void qxGltfMeshPatch::finishBuffer()
 {
     if (m_bytes.isEmpty())
         return;
-    const QByteArray uri = "data:application/octet-stream;base64," + m_bytes.toBase64();
-    m_json["buffers"].push_back({{"byteLength", m_bytes.size()}, {"uri", uri.toStdString()}});
+    m_json["buffers"].push_back(
+        {{"byteLength", m_bytes.size()}, {"uri", qxGltfDataUriOf(m_bytes)}});
 }

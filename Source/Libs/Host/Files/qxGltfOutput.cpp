@@ -2,9 +2,12 @@
 
 #include "Files/qxGltfUri.h"
 #include "Files/qxOutputFile.h"
+#include "Files/qxSystemCall.h"
 
 #include <QDir>
 #include <QFileInfo>
+
+#include <system_error>
 
 namespace {
 
@@ -21,6 +24,17 @@ bool holds(const QString &path, const QByteArray &bytes)
     return QFileInfo(path).size() == bytes.size() && qxGltfReadFile(path) == bytes;
 }
 
+/// Makes the folder of the file and those around it. Once the names of the new ones are on the
+/// disk, true; else false with the reason in errno.
+bool makeFolder(const QString &path)
+{
+    const QString folder = QFileInfo(path).absolutePath();
+    if (QFileInfo::exists(folder))
+        return true;
+    return makeFolder(folder) && QDir().mkdir(folder)
+        && qxSystemCall::syncFolder(QFile::encodeName(QFileInfo(folder).absolutePath()));
+}
+
 } // namespace
 
 qxGltfOutput::qxGltfOutput(const qxGltfDocument &document, const QString &path)
@@ -32,7 +46,7 @@ void qxGltfOutput::write(qxJson json, const std::vector<QByteArray> &buffers)
 {
     if (m_binary && !m_document.binary)
         packFirstBuffer(json, buffers);
-    if (!staysInFolder()) {
+    if (!isBeside(m_document, m_path)) {
         copyOthers(json, "buffers", "buffer");
         copyOthers(json, "images", "image");
     }
@@ -44,11 +58,11 @@ void qxGltfOutput::write(qxJson json, const std::vector<QByteArray> &buffers)
     commit();
 }
 
-bool qxGltfOutput::staysInFolder() const
+bool qxGltfOutput::isBeside(const qxGltfDocument &document, const QString &path)
 {
-    return m_document.path.isEmpty()
-        || QFileInfo(m_document.folder()).canonicalFilePath()
-        == QFileInfo(QFileInfo(m_path).absolutePath()).canonicalFilePath();
+    return document.path.isEmpty()
+        || QFileInfo(document.folder()).canonicalFilePath()
+        == QFileInfo(QFileInfo(path).absolutePath()).canonicalFilePath();
 }
 
 /// The first buffer becomes the BIN chunk.
@@ -122,7 +136,7 @@ QString qxGltfOutput::place(const QString &wanted, const QByteArray &bytes)
     return name;
 }
 
-void qxGltfOutput::commit() const
+void qxGltfOutput::commit()
 {
     // Folders are made below the scene's own, never that itself.
     const QString flaw = qxOutputFile::flawOf(m_path);
@@ -130,20 +144,44 @@ void qxGltfOutput::commit() const
         fail(m_path, flaw);
     std::vector<std::unique_ptr<qxOutputFile>> files;
     for (const auto &[path, bytes] : m_files) {
-        QDir().mkpath(QFileInfo(path).absolutePath());
+        if (!makeFolder(path))
+            fail(path, QString::fromStdString(std::generic_category().message(errno)));
         files.push_back(std::make_unique<qxOutputFile>(path));
         if (!files.back()->prepare(bytes))
             fail(path, files.back()->errorString());
     }
-    for (const auto &file : files) {
-        if (!file->commit())
-            fail(file->path(), file->errorString());
-    }
+    for (const auto &file : files)
+        settle(*file);
+}
+
+/// The scene file is the last one, and once it is there the others are needed.
+void qxGltfOutput::settle(qxOutputFile &file)
+{
+    const bool isSettled = file.commit();
+    const bool isScene = file.path() == m_path;
+    if (isScene)
+        m_isReplaced = file.isReplaced();
+    else if (file.isReplaced())
+        m_written << file.path();
+    m_warnings += file.warnings();
+    if (isSettled)
+        return;
+    if (!m_isReplaced)
+        takeBack();
+    fail(file.path(), file.errorString());
+}
+
+void qxGltfOutput::takeBack() const
+{
+    for (const QString &path : m_written)
+        QFile::remove(path);
 }
 
 /// Every message about a save begins with the path of the scene file.
 void qxGltfOutput::fail(const QString &path, const QString &reason) const
 {
+    if (m_isReplaced)
+        throw qxGltfError(reason);
     if (path == m_path)
         throw qxGltfError(qxFileText::tr("the file cannot be written: %1").arg(reason));
     throw qxGltfError(qxFileText::tr("%1 cannot be written: %2").arg(path, reason));

@@ -8,9 +8,12 @@
 #include <memory>
 #include <vector>
 
-/// Writes a scene file and the files that it needs beside it. Nothing on the disk changes before
-/// all of them are written completely, and the scene file itself comes last; a file of other
-/// content is never replaced by one that the scene needs.
+class qxOutputFile;
+
+/// Writes a scene file and the files that it needs beside it. No name on the disk changes before
+/// all of them are written completely, and the scene file itself comes last, when the others are on
+/// the disk; a file of other content is never replaced by one that the scene needs. When writing
+/// fails, the files beside the scene are taken back.
 class qxGltfOutput {
 public:
     /// `path` decides by its suffix whether a .gltf or a .glb is written.
@@ -19,8 +22,14 @@ public:
     /// Writes `json`, the edited JSON of the document, whose buffers have the given content.
     /// Throws qxGltfError.
     void write(qxJson json, const std::vector<QByteArray> &buffers);
-    /// What could not be taken along.
+    /// What could not be taken along, or was written another way than one might expect.
     const QStringList &warnings() const { return m_warnings; }
+    /// Whether the scene file is no longer the old one, also when `write` has thrown.
+    bool isReplaced() const { return m_isReplaced; }
+    /// What the scene file holds then.
+    const QByteArray &content() const { return m_files.back().second; }
+    /// Whether a file of that path lies in the folder of the document.
+    static bool isBeside(const qxGltfDocument &document, const QString &path);
 
 private:
     void packFirstBuffer(qxJson &json, const std::vector<QByteArray> &buffers);
@@ -28,8 +37,9 @@ private:
     void copyOthers(qxJson &json, const char *section, const char *kind);
     void copyOther(qxJson &entry, const QString &called);
     QString place(const QString &wanted, const QByteArray &bytes);
-    bool staysInFolder() const;
-    void commit() const;
+    void commit();
+    void settle(qxOutputFile &file);
+    void takeBack() const;
     [[noreturn]] void fail(const QString &path, const QString &reason) const;
 
     const qxGltfDocument &m_document;
@@ -38,5 +48,7 @@ private:
     QByteArray m_bin;
     std::vector<std::pair<QString, QByteArray>> m_files; ///< path and content, in order
     std::map<QString, QByteArray> m_placed; ///< files beside the scene, by path
+    QStringList m_written; ///< beside the scene file, on the disk
+    bool m_isReplaced = false;
     QStringList m_warnings;
 };

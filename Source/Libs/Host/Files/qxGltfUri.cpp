@@ -38,6 +38,11 @@ QByteArray qxGltfDataOf(const std::string &uri)
     return *decoded;
 }
 
+std::string qxGltfDataUriOf(const QByteArray &bytes)
+{
+    return ("data:application/octet-stream;base64," + bytes.toBase64()).toStdString();
+}
+
 QString qxGltfRelativePath(const std::string &uri)
 {
     const QString path = QUrl::fromPercentEncoding(QByteArray::fromStdString(uri));

@@ -12,6 +12,8 @@ struct qxGltfDocument;
 bool qxGltfIsDataUri(const std::string &uri);
 /// The data of a base64 data URI. Throws qxGltfError when they are in another form.
 QByteArray qxGltfDataOf(const std::string &uri);
+/// A URI that holds these data itself.
+std::string qxGltfDataUriOf(const QByteArray &bytes);
 
 /// The path that a URI names relative to the file that holds it. Empty for what leads elsewhere:
 /// absolute paths, other schemes, and paths that leave the folder through "..".

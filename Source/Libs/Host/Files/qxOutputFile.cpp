@@ -1,42 +1,84 @@
 #include "Files/qxOutputFile.h"
 
+#include "Files/qxFileAttributes.h"
 #include "Files/qxFileText.h"
+#include "Files/qxSystemCall.h"
 
+#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+
+#include <fcntl.h>
 
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
+#include <unistd.h>
 
-qxOutputFile::qxOutputFile(const QString &path) : m_path(path)
+namespace {
+
+const int longestChain = 40; ///< of links, as the system has it
+
+QString reasonOf(int number)
 {
-    if (!isStream(path))
-        m_file = std::make_unique<QSaveFile>(path);
+    return QString::fromStdString(std::generic_category().message(number));
 }
 
-qxOutputFile::~qxOutputFile() = default;
+/// Why the system does not lead there; nothing there is no reason.
+QString flawOfWay(const QString &path)
+{
+    struct stat status;
+    const bool isFound = stat(QFile::encodeName(path).constData(), &status) == 0;
+    return isFound || errno == ENOENT || errno == ENOTDIR ? QString() : reasonOf(errno);
+}
+
+} // namespace
+
+qxOutputFile::qxOutputFile(const QString &path) : m_path(path), m_isStream(isStream(path)) {}
 
 bool qxOutputFile::prepare(const QByteArray &bytes)
 {
     const QString flaw = flawOf(m_path);
     if (!flaw.isEmpty())
         return fail(flaw);
-    if (!m_file) {
-        m_bytes = bytes;
+    m_bytes = bytes;
+    if (m_isStream)
         return true;
-    }
-    const bool isTaken = m_file->open(QIODevice::WriteOnly) && m_file->write(bytes) == bytes.size()
-        && m_file->flush();
-    return isTaken || fail(m_file->errorString());
+    m_target = QFile::encodeName(targetOf(m_path));
+    if (stat(m_target.constData(), &m_old) != 0)
+        m_old.st_nlink = 0;
+    // What one killed while writing in place has left is all that is whole, until this is done.
+    if (m_old.st_nlink <= 1)
+        qxSavingFile::removeStrays(m_target);
+    return writeNew() || failUntouched();
+}
+
+/// Nobody else reads what an old file's mode may not let them read.
+bool qxOutputFile::writeNew()
+{
+    const bool isOld = m_old.st_nlink > 0;
+    const bool isWritten = m_new.create(m_target, isOld ? 0600 : 0666)
+        && qxSystemCall::write(m_new.descriptor(), m_bytes);
+    if (isWritten && m_old.st_nlink == 1
+        && !qxFileAttributes::copy(m_target, m_old, m_new.descriptor()))
+        m_warnings << qxFileText::tr(
+            "not all of the file's owner, group, rights and attributes could be kept");
+    return isWritten && qxSystemCall::sync(m_new.descriptor());
 }
 
 bool qxOutputFile::commit()
 {
-    if (!m_file)
+    if (m_isStream)
         return writeStraight();
-    return m_file->commit() || fail(m_file->errorString());
+    if (m_old.st_nlink > 1)
+        return writeInPlace();
+    if (!m_new.replaceTarget())
+        return failUntouched();
+    m_isReplaced = true;
+    const QString folder = QFileInfo(QFile::decodeName(m_target)).absolutePath();
+    return qxSystemCall::syncFolder(QFile::encodeName(folder))
+        || fail(qxFileText::tr("it is written, but may not be on the disk: %1")
+                    .arg(reasonOf(errno)));
 }
 
 bool qxOutputFile::fail(const QString &reason)
@@ -45,20 +87,67 @@ bool qxOutputFile::fail(const QString &reason)
     return false;
 }
 
+bool qxOutputFile::failUntouched()
+{
+    const QString reason = reasonOf(errno);
+    return fail(m_old.st_nlink > 0 ? qxFileText::tr("%1; the file is as it was").arg(reason)
+                                   : reason);
+}
+
 /// Appended, because standard output has such names, too, and may be a file that holds something.
 bool qxOutputFile::writeStraight()
 {
-    const auto failed = [this] {
-        return fail(QString::fromStdString(std::generic_category().message(errno)));
-    };
     std::FILE *const stream = std::fopen(QFile::encodeName(m_path).constData(), "ab");
     if (!stream)
-        return failed();
+        return fail(reasonOf(errno));
     const std::size_t size = std::size_t(m_bytes.size());
     const bool isWritten =
         std::fwrite(m_bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
-    const bool isDone = isWritten || failed();
+    const bool isDone = isWritten || fail(reasonOf(errno));
     return std::fclose(stream) == 0 && isDone;
+}
+
+/// The whole content lies beside the file until it is in there.
+bool qxOutputFile::writeInPlace()
+{
+    const int file = qxSystemCall::repeat(
+        [this] { return open(m_target.constData(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC); });
+    if (file < 0 || !reserve(file)) {
+        const int reason = errno;
+        close(file);
+        errno = reason;
+        return failUntouched();
+    }
+    const auto cut = [&] { return ftruncate(file, m_bytes.size()); };
+    const bool isWritten = qxSystemCall::write(file, m_bytes) && qxSystemCall::repeat(cut) == 0
+        && qxSystemCall::sync(file);
+    const int reason = errno;
+    close(file);
+    m_isReplaced = true;
+    if (!isWritten) {
+        m_new.keep();
+        return fail(
+            qxFileText::tr("%1; the file may be half written, its new content is whole in %2")
+                .arg(reasonOf(reason), QFile::decodeName(m_new.name())));
+    }
+    qxSavingFile::removeStrays(m_target);
+    m_warnings << qxFileText::tr("the file has several hard links and was written in place, where "
+                                 "an interruption would have left it half written");
+    return true;
+}
+
+/// Room for what is more than before, so that a full disk is found out before anything changes.
+bool qxOutputFile::reserve(int descriptor)
+{
+    if (m_bytes.size() <= m_old.st_size)
+        return true;
+    const auto call = [&] { return fallocate(descriptor, 0, 0, m_bytes.size()); };
+    if (qxSystemCall::repeat(call) == 0 || errno == EOPNOTSUPP)
+        return true;
+    const int reason = errno;
+    const bool isCut = ftruncate(descriptor, m_old.st_size) == 0;
+    errno = isCut ? reason : errno;
+    return false;
 }
 
 bool qxOutputFile::isStream(const QString &path)
@@ -74,10 +163,14 @@ bool qxOutputFile::isStream(const QString &path)
 
 QString qxOutputFile::flawOf(const QString &path)
 {
-    const QFileInfo file(path);
+    const QFileInfo file(targetOf(path));
     const QFileInfo folder(file.absolutePath());
     if (isStream(path))
-        return file.isWritable() ? QString() : qxFileText::tr("nothing may be written to it");
+        return QFileInfo(path).isWritable() ? QString()
+                                            : qxFileText::tr("nothing may be written to it");
+    const QString flaw = flawOfWay(path);
+    if (!flaw.isEmpty())
+        return flaw;
     if (file.isDir())
         return qxFileText::tr("it is a folder");
     if (!folder.isDir())
@@ -87,4 +180,20 @@ QString qxOutputFile::flawOf(const QString &path)
     if (file.exists() && !file.isWritable())
         return qxFileText::tr("nothing may be written to it");
     return QString();
+}
+
+QString qxOutputFile::targetOf(const QString &path)
+{
+    // A link that the system refuses to follow is not followed here either.
+    if (!flawOfWay(path).isEmpty())
+        return path;
+    std::filesystem::path target = QFile::encodeName(path).toStdString();
+    std::error_code unknown;
+    for (int count = 0; count < longestChain; ++count) {
+        const std::filesystem::path next = std::filesystem::read_symlink(target, unknown);
+        if (unknown)
+            break;
+        target = target.parent_path() / next;
+    }
+    return QFile::decodeName(QByteArray::fromStdString(target.string()));
 }

@@ -1,19 +1,23 @@
 #pragma once
 
-#include <QByteArray>
+#include "Files/qxSavingFile.h"
+
 #include <QString>
+#include <QStringList>
 
-#include <memory>
+#include <sys/stat.h>
 
-class QSaveFile;
-
-/// A file that is written as a whole or not at all. What is no regular file, such as a pipe or a
-/// device, stays what it is: it is written straight to.
+/// A file that is written as a whole or not at all, and that is on the disk once it is written. It
+/// keeps owner, group, mode, access list and extended attributes as far as this user may; of a
+/// link, what it leads to is written.
+///
+/// What is no regular file, such as a pipe or a device, stays what it is: it is written straight
+/// to. So is a file with several hard links, with a warning, because one that took its name would
+/// leave the others with the old content.
 class qxOutputFile {
 public:
     explicit qxOutputFile(const QString &path);
     qxOutputFile(const qxOutputFile &) = delete;
-    ~qxOutputFile();
 
     /// Takes the content; as far as that can be found out now, answers whether it can be written.
     /// What stands at the path stays until commit.
@@ -24,18 +28,34 @@ public:
     QString path() const { return m_path; }
     /// Why the last step failed.
     QString errorString() const { return m_error; }
+    /// What was not as one might expect.
+    const QStringList &warnings() const { return m_warnings; }
+    /// Whether the old content stands at the path no longer, also when commit has failed.
+    bool isReplaced() const { return m_isReplaced; }
 
     /// Whether something stands at the path that is neither a regular file nor a folder.
     static bool isStream(const QString &path);
     /// What speaks against writing there, found out without touching it; empty for nothing.
     static QString flawOf(const QString &path);
+    /// The path that is written for this one: links are followed, also those that lead to nothing
+    /// yet.
+    static QString targetOf(const QString &path);
 
 private:
-    bool fail(const QString &reason);
+    bool writeNew();
     bool writeStraight();
+    bool writeInPlace();
+    bool reserve(int descriptor);
+    bool fail(const QString &reason);
+    bool failUntouched();
 
     QString m_path;
-    QByteArray m_bytes; ///< of a stream
-    std::unique_ptr<QSaveFile> m_file; ///< null for a stream
+    QByteArray m_target;
+    QByteArray m_bytes;
+    qxSavingFile m_new;
+    struct stat m_old = {}; ///< of what stands at the target; no links when nothing does
+    bool m_isStream;
+    bool m_isReplaced = false;
     QString m_error;
+    QStringList m_warnings;
 };

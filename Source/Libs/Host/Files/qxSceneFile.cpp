@@ -8,16 +8,26 @@
 #include "Files/qxGltfModel.h"
 #include "Files/qxGltfOutput.h"
 #include "Files/qxGltfPatch.h"
+#include "Files/qxGltfUri.h"
+#include "Files/qxOutputFile.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
 #include "qxUberCameraPool.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <QScopeGuard>
+
+#include <algorithm>
 #include <exception>
 
 /// The file as it was loaded, what was made of it, and the variants document as it is now.
 struct qxSceneFile::Content {
     qxGltfDocument document = qxGltfDocument::empty();
     std::vector<QByteArray> buffers;
+    std::vector<qxFileStamp> bufferFiles; ///< of the buffers that are files
+    bool hasTakenIn = false; ///< whether the saved file holds what others have changed of these
+    QMap<QString, qxFileStamp> known; ///< files that were loaded or saved, by all their names
     int scene = 0;
     qxGltfOrigin origin;
     qxGltfState before;
@@ -33,9 +43,33 @@ struct qxSceneFile::Content {
                                          const Watcher &watcher);
     /// The JSON of the file with what changed in the scene since.
     qxJson edited() const;
+    bool isBufferOutdated() const;
+    /// Notes what a file holds that is read or written now.
+    void note(const QString &path, const qxFileStamp &stamp);
 };
 
 namespace {
+
+/// How the file is called, and how it is really called, whichever way leads there.
+QStringList namesOf(const QString &path)
+{
+    const QFileInfo target(qxOutputFile::targetOf(path));
+    return {QFileInfo(path).absoluteFilePath(),
+            QDir(target.absolutePath()).canonicalPath() + '/' + target.fileName()};
+}
+
+std::vector<qxFileStamp> stampsOf(const qxGltfModel &model)
+{
+    std::vector<qxFileStamp> stamps(model.buffers.size());
+    for (std::size_t i = 0; i < stamps.size(); ++i) {
+        const qxJson &uri = qxGltfMember(model.document.json["buffers"][i], "uri");
+        if (!uri.is_string() || qxGltfIsDataUri(uri.get_ref<const std::string &>()))
+            continue;
+        const QString name = qxGltfRelativePath(uri.get<std::string>());
+        stamps[i] = qxFileStamp(QDir(model.document.folder()).filePath(name), model.buffers[i]);
+    }
+    return stamps;
+}
 
 QStringList textsOf(const qxJson &list)
 {
@@ -127,6 +161,8 @@ qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Wat
     scene.show();
     content->viewpoints = qxUberCameraPool::the()->count();
     content->loaded = qxGltfSwitchUse::of(content->before, content->origin);
+    content->bufferFiles = stampsOf(model);
+    content->note(path, model.document.stamp);
     content->document = std::move(model.document);
     content->buffers = std::move(model.buffers);
     warnings = model.warnings;
@@ -153,7 +189,25 @@ qxJson qxSceneFile::Content::edited() const
         qxGltfSetExtra(variantsHolder(json, scene), qxGltfKeys::variants,
                        variants.isEmpty() ? qxJson() : qxJson(variants.toStdString()));
     }
+    for (std::size_t i = 0; i < bufferFiles.size(); ++i) {
+        if (!bufferFiles[i].isUpToDate())
+            json["buffers"][i]["uri"] = qxGltfDataUriOf(buffers[i]);
+    }
     return json;
+}
+
+bool qxSceneFile::Content::isBufferOutdated() const
+{
+    return std::any_of(bufferFiles.begin(), bufferFiles.end(),
+                       [](const qxFileStamp &stamp) { return !stamp.isUpToDate(); });
+}
+
+void qxSceneFile::Content::note(const QString &path, const qxFileStamp &stamp)
+{
+    if (!QFileInfo(path).isFile())
+        return;
+    for (const QString &name : namesOf(path))
+        known[name] = stamp;
 }
 
 qxSceneFile::qxSceneFile() : m_content(std::make_unique<Content>()) {}
@@ -185,9 +239,34 @@ bool qxSceneFile::save(const QString &path)
 {
     return attempt(path, [&] {
         qxGltfOutput output(m_content->document, path);
+        const auto note = qScopeGuard([&] {
+            m_warnings += output.warnings();
+            if (output.isReplaced())
+                m_content->note(path, qxFileStamp(path, output.content()));
+        });
         output.write(m_content->edited(), m_content->buffers);
-        m_warnings = output.warnings();
+        m_content->hasTakenIn = m_content->isBufferOutdated();
+        if (m_content->hasTakenIn)
+            m_warnings << qxFileText::tr("buffers whose files have changed on the disk stand in "
+                                         "the scene file now, as they were loaded");
     });
+}
+
+bool qxSceneFile::isChangedByOthers(const QString &path) const
+{
+    if (!QFileInfo(path).isFile())
+        return false;
+    bool isKnown = false;
+    for (const QString &name : namesOf(path)) {
+        const auto known = m_content->known.constFind(name);
+        if (known == m_content->known.constEnd())
+            continue;
+        if (!known->isUpToDate())
+            return true;
+        isKnown = true;
+    }
+    return isKnown && !m_content->hasTakenIn && qxGltfOutput::isBeside(m_content->document, path)
+        && m_content->isBufferOutdated();
 }
 
 QString qxSceneFile::errorString() const

@@ -51,8 +51,13 @@ public:
     bool load(
         const QString &path, const Watcher &watcher = [](Step) {});
     /// Writes the scene as it is now; the suffix decides between .gltf and .glb. Files that the
-    /// scene needs are put beside it. On failure the old files are whole.
+    /// scene needs are put beside it. On failure the old files are whole, unless the error says
+    /// otherwise. Files of buffers that others have changed stay so, and the scene file takes in
+    /// what was loaded.
     bool save(const QString &path);
+    /// Whether somebody has changed, since it was loaded or saved here last, the file that a save
+    /// there replaces, or files of buffers that stay beside it.
+    bool isChangedByOthers(const QString &path) const;
 
     /// Why the last load or save failed, with the path; empty when it did not.
     QString errorString() const;
