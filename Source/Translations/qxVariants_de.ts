@@ -547,6 +547,10 @@
         <source>%1 of memory are needed, %2 of %3 are left (--memory-limit)</source>
         <translation>%1 Speicher werden gebraucht, %2 von %3 sind übrig (--memory-limit)</translation>
     </message>
+    <message>
+        <source>its JSON</source>
+        <translation>sein JSON</translation>
+    </message>
 </context>
 <context>
     <name>qxLogView</name>

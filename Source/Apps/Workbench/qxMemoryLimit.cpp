@@ -15,7 +15,7 @@ QCommandLineOption qxMemoryLimit::option()
     return {name,
             QStringLiteral("How much memory the content of a scene file may take, such as 500MB or "
                            "4GB. Without it, %1.")
-                .arg(qxMemoryBudget::text(qxMemoryBudget::limit())),
+                .arg(qxMemoryBudget::text(double(qxMemoryBudget::limit()))),
             QStringLiteral("SIZE")};
 }
 

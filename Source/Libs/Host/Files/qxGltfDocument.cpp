@@ -78,8 +78,9 @@ void checkShape(const QByteArray &text, qxMemoryBudget &budget)
         else if ((c == '}' || c == ']') && !levels.empty())
             levels.pop_back();
     }
-    budget.take(values, _bytesPerValue);
-    budget.take(text.size(), 1);
+    const QString called = qxFileText::tr("its JSON");
+    budget.take(called, values, _bytesPerValue);
+    budget.take(called, text.size(), 1);
 }
 
 qxJson parse(const QByteArray &text, qxMemoryBudget &budget)

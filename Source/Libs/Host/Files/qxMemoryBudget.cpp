@@ -27,10 +27,10 @@ qint64 qxMemoryBudget::limit()
     return current();
 }
 
-QString qxMemoryBudget::text(qint64 bytes)
+QString qxMemoryBudget::text(double bytes)
 {
-    const bool isLarge = bytes >= _gigabyte;
-    const double amount = double(bytes) / double(isLarge ? _gigabyte : _megabyte);
+    const bool isLarge = bytes >= double(_gigabyte);
+    const double amount = bytes / double(isLarge ? _gigabyte : _megabyte);
     return QStringLiteral("%1 %2").arg(QString::number(amount, 'g', 4),
                                        QLatin1String(isLarge ? "GB" : "MB"));
 }
@@ -48,10 +48,10 @@ void qxMemoryBudget::take(qint64 count, qint64 size)
 {
     // A file may state any count: there is no product before it is known to fit.
     if (size > 0 && count > m_left / size) {
-        const double bytes = std::min(double(count) * double(size), 1e18);
+        const double bytes = double(count) * double(size);
         throw qxGltfError(
             qxFileText::tr("%1 of memory are needed, %2 of %3 are left (--memory-limit)")
-                .arg(text(qint64(bytes)), text(m_left), text(limit())));
+                .arg(text(bytes), text(double(m_left)), text(double(limit()))));
     }
     m_left -= count * size;
 }

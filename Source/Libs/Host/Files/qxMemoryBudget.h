@@ -16,7 +16,7 @@ public:
     static qint64 limit();
     /// An amount for people, such as "2 GB". One that was written so, in MB or GB; 0 when it cannot
     /// be understood.
-    static QString text(qint64 bytes);
+    static QString text(double bytes);
     static qint64 fromText(const QString &text);
 
     /// Takes `count` times `size` bytes. Throws qxGltfError when they are not left.
