@@ -67,10 +67,6 @@
         <translation>Indizes sind nicht von einem vorzeichenlosen ganzzahligen Typ</translation>
     </message>
     <message>
-        <source>buffer view %1 is in a buffer without data</source>
-        <translation>Pufferausschnitt %1 liegt in einem Puffer ohne Daten</translation>
-    </message>
-    <message>
         <source>accessor %1 replaces element %2, it has %3</source>
         <translation>Accessor %1 ersetzt Element %2, er hat %3</translation>
     </message>
@@ -542,6 +538,42 @@
     <message>
         <source>buffers whose files have changed on the disk stand in the scene file now, as they were loaded</source>
         <translation>Puffer, deren Dateien sich auf der Platte geändert haben, stehen jetzt in der Szenendatei, wie sie geladen wurden</translation>
+    </message>
+    <message>
+        <source>buffer %1 has no data</source>
+        <translation>Puffer %1 hat keine Daten</translation>
+    </message>
+    <message>
+        <source>%1 is nested deeper than %2 levels</source>
+        <translation>%1 ist tiefer als %2 Ebenen verschachtelt</translation>
+    </message>
+    <message>
+        <source>the paths of all nodes together are longer than %1 characters</source>
+        <translation>die Pfade aller Knoten sind zusammen länger als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>%1 replaces elements from a buffer view with a stride</source>
+        <translation>%1 ersetzt Elemente aus einem Pufferausschnitt mit Schrittweite</translation>
+    </message>
+    <message>
+        <source>it leads out of the folder of the scene file</source>
+        <translation>es führt aus dem Ordner der Szenendatei heraus</translation>
+    </message>
+    <message>
+        <source>it is no picture</source>
+        <translation>es ist kein Bild</translation>
+    </message>
+    <message>
+        <source>the copy of &quot;%1&quot; is called &quot;%2&quot;</source>
+        <translation>die Kopie von „%1“ heißt „%2“</translation>
+    </message>
+    <message>
+        <source>%1 of memory are needed, %2 of %3 are left (--memory-limit)</source>
+        <translation>%1 Speicher werden gebraucht, %2 von %3 sind übrig (--memory-limit)</translation>
+    </message>
+    <message>
+        <source>its JSON</source>
+        <translation>sein JSON</translation>
     </message>
 </context>
 <context>

@@ -52,7 +52,8 @@ TEST_F(CommandsTest, NamesCannotSteerATerminal)
                               "<![CDATA[\x1B]]></Preview></VariantSet></Variants>");
     const QByteArray shown = "A\\x1b[31mB\\n\\u202e";
     EXPECT_EQ(done({"list", file}).out, "(no group)\n  " + shown + "\n");
-    for (const QStringList &call : {QStringList{"verify", file}, {"lint", file},
+    for (const QStringList &call : {QStringList{"verify", file},
+                                    {"lint", file},
                                     {"select", file, name, "--trace"},
                                     {"select", file, name + name}}) {
         const ProgramRun run = workbench(call);

@@ -3,6 +3,7 @@
 #include "Script/qxScriptRunner.h"
 #include "qxHelp.h"
 #include "qxLeftOutScripts.h"
+#include "qxMemoryLimit.h"
 #include "qxNearest.h"
 #include "qxOutput.h"
 #include "qxSession.h"
@@ -26,7 +27,7 @@ int wrongUse(const QString &reason, const QString &hint)
 /// An option with an empty value, as an unset variable of a script gives one; empty if none has.
 QString emptyOption(const qxCommand &command, const QCommandLineParser &parser)
 {
-    for (const QCommandLineOption &option : command.options()) {
+    for (const QCommandLineOption &option : qxCommands::optionsOf(command)) {
         if (!option.valueName().isEmpty() && parser.isSet(option)
             && parser.values(option).contains(QString()))
             return option.names().first();
@@ -68,6 +69,8 @@ int runCommand(const qxCommand &command, const QStringList &arguments)
     const QString empty = emptyOption(command, parser);
     if (!empty.isEmpty())
         return wrongUse(QStringLiteral("--%1 needs a value").arg(empty), hint);
+    if (!qxMemoryLimit::take(parser))
+        return wrongUse(qxMemoryLimit::flaw(parser), hint);
     const int outputs = qxValueKinds::checkOutputs(command, parser);
     if (outputs != Success)
         return outputs;
@@ -138,6 +141,8 @@ QList<QCommandLineOption> qxCommands::optionsOf(const qxCommand &command)
                 QStringLiteral("force"),
                 QStringLiteral("Saves over a file that has changed since it was opened."));
     }
+    if (QString::fromUtf8(command.arguments).contains(QLatin1String("FILE")))
+        options << qxMemoryLimit::option();
     return options << QCommandLineOption({QStringLiteral("h"), QStringLiteral("help")},
                                          QStringLiteral("Shows this text."));
 }

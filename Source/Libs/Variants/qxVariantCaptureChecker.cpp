@@ -14,7 +14,7 @@
 struct qxVariantCaptureChecker::Place {
     osg::NodePtr node;
     QString name;
-    QString path;
+    int path;
     bool needsUniqueName;
 };
 
@@ -66,6 +66,7 @@ private:
 
 void qxVariantCaptureChecker::clear()
 {
+    m_paths.clear();
     m_nodeOfPath.clear();
     m_nodeOfName.clear();
     m_ambiguousNodes.clear();
@@ -90,7 +91,9 @@ bool qxVariantCaptureChecker::findAmbiguousNodes(QString path, osg::NodePtr node
         return false;
     bool found = false;
     const QString name = nameOf(node);
-    std::vector<Place> open{{node, name, path + name + '/', needsUniqueName(node)}};
+    // Without its last "/", which stands before the name.
+    const int above = path.isEmpty() ? 0 : pathBelow(0, path.chopped(path.endsWith('/')));
+    std::vector<Place> open{{node, name, pathBelow(above, name), needsUniqueName(node)}};
     while (!open.empty()) { // not the call stack: scenes may be deep
         const Place place = open.back();
         open.pop_back();
@@ -101,11 +104,24 @@ bool qxVariantCaptureChecker::findAmbiguousNodes(QString path, osg::NodePtr node
             continue;
         const Children children(place.node);
         for (auto child = children.nodes().rbegin(); child != children.nodes().rend(); ++child) {
-            open.push_back({child->first, child->second, place.path + child->second + '/',
+            open.push_back({child->first, child->second, pathBelow(place.path, child->second),
                             children.needsUniqueName(child->first, child->second)});
         }
     }
     return found;
+}
+
+/// The number of the path that leads from that one to a name; 0 is the path of nothing. In deep
+/// scenes the texts would be many times as long as all names. A name may hold "/" itself, and then
+/// stands for several.
+int qxVariantCaptureChecker::pathBelow(int path, const QString &name)
+{
+    for (const QString &part : name.split('/')) {
+        const int next = m_paths.size() + 1;
+        int &number = m_paths[{path, part}];
+        path = number = number == 0 ? next : number;
+    }
+    return path;
 }
 
 /// Whether the node was reported.

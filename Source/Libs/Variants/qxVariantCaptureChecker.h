@@ -3,7 +3,9 @@
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGNodeCoreFields.h>
 
+#include <QHash>
 #include <QMap>
+#include <QPair>
 #include <QString>
 
 #include <set>
@@ -36,10 +38,12 @@ private:
     struct Place;
 
     void clear();
+    int pathBelow(int path, const QString &name);
     bool visit(const Place &place);
     bool report(const osg::NodePtr &node);
 
-    QMap<QString, osg::NodePtr> m_nodeOfPath; ///< the last one recorded
+    QHash<QPair<int, QString>, int> m_paths; ///< numbers of paths, by the path above and a name
+    QMap<int, osg::NodePtr> m_nodeOfPath; ///< the last one recorded
     QMap<QString, osg::NodePtr> m_nodeOfName; ///< the first one that needs a unique name
     std::vector<osg::NodePtr> m_ambiguousNodes;
     std::set<osg::NodeCorePtr> m_reportedCores;

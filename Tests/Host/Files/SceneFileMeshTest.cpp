@@ -1,5 +1,8 @@
 #include "Files/SceneFileFixture.h"
+#include "Files/qxMemoryBudget.h"
 #include "Materials/qxSurface.h"
+#include "Pictures/qxEncodedPicture.h"
+#include "Render/qxRenderTexture.h"
 
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -132,21 +135,31 @@ TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
     EXPECT_EQ(qxSurface::of(material("Leaf")).alphaMode, qxSurface::Mask);
 }
 
-TEST_F(SceneFileMeshTest, PicturesAreDecodedOnceFromTheirBottomRowOn)
+TEST_F(SceneFileMeshTest, PicturesAreThereOnceAndBeginWithTheirBottomRow)
 {
     // One pixel wide, red above blue.
     const QByteArray png = "iVBORw0KGgoAAAANSUhEUgAAAAEAAAACCAIAAAAW4yFwAAAADUlEQVR4nGP4zwAC/wEIAA"
                            "H/2ZC7NQAAAABJRU5ErkJggg==";
+    qxMemoryBudget::setLimit(qxMemoryBudget::fromText("1MB"));
     loadText(R"("materials": [
         {"name": "M0", "pbrMetallicRoughness": {"baseColorTexture": {"index": 0}}},
         {"name": "M1", "pbrMetallicRoughness": {"baseColorTexture": {"index": 1, "extensions": {
          "KHR_texture_transform": {"offset": [0.5, 0.25], "rotation": 1.57079633, "scale": [2, 4]}
         }}}},
-        {"name": "M2", "pbrMetallicRoughness": {"baseColorTexture": {"index": 2}}}],
-        "textures": [{"source": 0, "sampler": 0}, {"source": 0, "sampler": 1}, {"source": 1}],
+        {"name": "M2", "pbrMetallicRoughness": {"baseColorTexture": {"index": 2}}},
+        {"name": "M3", "pbrMetallicRoughness": {"baseColorTexture": {"index": 3}}},
+        {"name": "M4", "pbrMetallicRoughness": {"baseColorTexture": {"index": 4}}},
+        {"name": "M5", "pbrMetallicRoughness": {"baseColorTexture": {"index": 5}}}],
+        "textures": [{"source": 0, "sampler": 0}, {"source": 1, "sampler": 1}, {"source": 2},
+                     {"source": 3}, {"source": 4}, {"source": 5}],
         "samplers": [{"wrapS": 33071, "wrapT": 33648}, {"wrapS": "x"}],
-        "images": [{"uri": "data:image/png;base64,)"
-             + png + R"("}, {"name": "Lost", "uri": "lost.png"}])");
+        "buffers": [{"byteLength": 70, "uri": "data:;base64,)"
+             + png + R"("}], "bufferViews": [{"buffer": 0, "byteLength": 70}],
+        "images": [{"bufferView": 0}, {"bufferView": 0}, {"name": "Lost", "uri": "lost.png"},
+                   {"name": "Torn", "uri": "data:;base64,)"
+             + png.left(60) + R"("}, {"name": "Text", "uri": "data:;base64,AAAA"},
+                   {"name": "Wide", "uri": "data:;base64,)"
+             + R"(iVBORw0KGgoAAAANSUhEUgAAQAAAAC7gCAIAAADrZ6vpAAAADUlEQVR4nGP4"}])");
     const qxSurface first = qxSurface::of(material("M0"));
     EXPECT_EQ(first.wrapS, osg::UInt32(GL_CLAMP_TO_EDGE));
     EXPECT_EQ(first.wrapT, osg::UInt32(GL_MIRRORED_REPEAT));
@@ -162,10 +175,19 @@ TEST_F(SceneFileMeshTest, PicturesAreDecodedOnceFromTheirBottomRowOn)
     };
     ASSERT_NE(image("M0"), osg::NullFC);
     EXPECT_EQ(image("M0"), image("M1"));
-    EXPECT_EQ(image("M0")->getHeight(), 2);
-    EXPECT_EQ(image("M0")->getData()[2], 255) << "blue below";
-    EXPECT_EQ(image("M0")->getData()[4], 255) << "red above";
+    EXPECT_FALSE(image("M0")->isValid()) << "decoded before it is drawn";
+    const QImage pixels = qxEncodedPicture::pixels(image("M0"));
+    ASSERT_EQ(pixels.size(), QSize(1, 2));
+    EXPECT_EQ(pixels.pixelColor(0, 0), QColor(Qt::blue)) << "below";
+    EXPECT_EQ(pixels.pixelColor(0, 1), QColor(Qt::red)) << "above";
     EXPECT_EQ(osg::SimpleTexturedMaterialPtr::dcast(material("M2")), osg::NullFC);
-    ASSERT_EQ(file.warnings().size(), 1);
-    EXPECT_TRUE(file.warnings()[0].startsWith("image 1 \"Lost\" is left out: \"lost.png\""));
+    ASSERT_EQ(file.warnings().size(), 3);
+    EXPECT_TRUE(file.warnings()[0].startsWith("image 2 \"Lost\" is left out: \"lost.png\""));
+    EXPECT_EQ(file.warnings()[1], "image 4 \"Text\" is left out: it is neither PNG nor JPEG");
+    EXPECT_TRUE(file.warnings()[2].startsWith("image 5 \"Wide\" is left out: 1000 MB of memory"));
+
+    // Nothing in its header says so.
+    EXPECT_EQ(qxRenderTexture::make(image("M3")), nullptr);
+    ASSERT_EQ(logged(qxLog::Warning).size(), 1u);
+    EXPECT_EQ(logged(qxLog::Warning)[0].find("image 3 \"Torn\" is left out: "), 0u);
 }

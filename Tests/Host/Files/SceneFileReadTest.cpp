@@ -1,4 +1,9 @@
 #include "Files/SceneFileFixture.h"
+#include "Files/qxMemoryBudget.h"
+
+#include <QDir>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -18,6 +23,10 @@ const std::pair<const char *, const char *> _texts[] = {
 class SceneFileReadTest : public SceneFileFixture {
 protected:
     /// Expects that a file of these bytes is refused in these words, and that nothing is shown.
+    void expectRefused(const qxJson &json, const QString &words)
+    {
+        expectRefused(QByteArray::fromStdString(json.dump()), words);
+    }
     void expectRefused(const QByteArray &bytes, const QString &words)
     {
         const QString error = loadError(write("scene.gltf", bytes));
@@ -78,22 +87,27 @@ TEST_F(SceneFileReadTest, AMeshOfItsNodesNameIsHiddenWithTheNode)
     EXPECT_EQ(tree(), " (Group 'Shape' (Geometry - <> hidden, Geometry - <>))") << "a part of it";
 }
 
-TEST_F(SceneFileReadTest, ChainsOfAHundredThousandNodesLoadAndComeBack)
+TEST_F(SceneFileReadTest, NodesNestAThousandLevelsDeep)
 {
-    const int depth = 100000;
     qxJson json = {{"asset", {{"version", "2.0"}}}};
-    for (int i = 0; i + 1 < depth; ++i)
-        json["nodes"].push_back({{"children", qxJson::array({i + 1})}});
+    for (int i = 1; i < 1000; ++i)
+        json["nodes"].push_back({{"children", qxJson::array({i})}});
     json["nodes"].push_back({{"name", "Deepest"}});
     load(json);
     find("Deepest").setMask(0);
     save(path("deep.gltf"));
     load(path("deep.gltf"));
     EXPECT_EQ(find("Deepest").mask(), 0u);
-    EXPECT_EQ(qxScenegraph::findNodes("Deepest").size(), 1u);
     qxScenegraph::initFindCache();
     EXPECT_EQ(find("Deepest").mask(), 0u);
     qxScenegraph::clearFindCache();
+
+    // The order of the list is not that of the levels.
+    qxJson deeper = json;
+    deeper["nodes"].push_back({{"name", "Top"}, {"children", {0}}});
+    expectRefused(deeper, "node 999 \"Deepest\" is nested deeper than 1000 levels");
+    json["nodes"][0]["name"] = std::string(1000000, 'x');
+    expectRefused(json, "the paths of all nodes together are longer than 256000000 characters");
 }
 
 TEST_F(SceneFileReadTest, EveryFaultIsSaidInPlainWords)
@@ -133,6 +147,73 @@ TEST_F(SceneFileReadTest, WhatIsMadeToExhaustTheReaderIsRefusedAtOnce)
     // A bracket in a text is no nesting.
     const QByteArray text = R"("extras": ")" + QByteArray(1000, '[') + '"';
     EXPECT_EQ(loadError(write("text.gltf", sceneText(text))), "");
+}
+
+TEST_F(SceneFileReadTest, WhatIsDecodedStaysWithinTheMemoryLimit)
+{
+    const auto mesh = [](int parts, int count, int nodes) {
+        qxJson json = qxJson::parse(
+            R"({"asset": {"version": "2.0"}, "meshes": [{"name": "M"}],
+                "accessors": [{"componentType": 5126, "type": "VEC3"}]})");
+        json["accessors"][0]["count"] = count;
+        for (int i = 0; i < parts; ++i)
+            json["meshes"][0]["primitives"].push_back(
+                {{"mode", 0}, {"attributes", {{"POSITION", 0}, {"NORMAL", 0}}}});
+        json["nodes"] = qxJson(std::size_t(nodes), {{"mesh", 0}});
+        return json;
+    };
+    const QByteArray text(1000000, 'A');
+    const QByteArray data = R"("buffers": [{"byteLength": 9, "uri": "data:;base64,)" + text;
+    qxMemoryBudget::setLimit(3000000);
+    EXPECT_EQ(loadError(write("fits.gltf", mesh(1, 30000, 1))), "");
+    expectRefused(mesh(1, 60000, 1), "mesh 0 \"M\", primitive 0: 2.06 MB of memory are needed");
+    expectRefused(mesh(4, 30000, 1), "mesh 0 \"M\", primitive 2: 1.03 MB of memory are needed");
+    expectRefused(mesh(100, 1, 100), "of 2.861 MB are left (--memory-limit)");
+    expectRefused(sceneText("\"extras\": [" + QByteArray(60000, ',').replace(",", "0,") + "0]"),
+                  "its JSON: 5.723 MB of memory are needed");
+    expectRefused(sceneText(data + text.left(200000) + "\"}]"),
+                  "buffer 0: 0.8583 MB of memory are");
+    EXPECT_EQ(loadError(write("fits.gltf", sceneText(data + "\"}]"))), "");
+    write("data.bin", QByteArray(4000000, 0));
+    expectRefused(sceneText(R"("buffers": [{"byteLength": 9, "uri": "data.bin"}])"),
+                  "buffer 0: \"data.bin\": 3.815 MB of memory are needed");
+    qxMemoryBudget::setLimit(qxMemoryBudget::fromText("2GB"));
+    EXPECT_EQ(loadError(path("fits.gltf")), "");
+}
+
+TEST_F(SceneFileReadTest, NothingIsReadThatLiesOutsideOfTheFolderOrIsNoFile)
+{
+    const QString linked = write("in/scene.gltf",
+                                 sceneText(R"("buffers": [{"byteLength": 4)"
+                                           R"(, "uri": "d/data.bin"}])"));
+    const auto error = [&](const QString &target, const char *link = "in/d") {
+        EXPECT_TRUE(QFile::link(target, path(link)));
+        const QString said = loadError(linked);
+        QFile::remove(path(link));
+        return said.mid(said.indexOf(": buffer 0: ") + 12);
+    };
+    const QString outside = "\"d/data.bin\": it leads out of the folder of the scene file";
+    write("other/data.bin", QByteArray("data"));
+    write("in/real/data.bin", QByteArray("data"));
+    write("inner/data.bin", QByteArray("data")); // a name that begins as the folder's
+    EXPECT_EQ(error("../other"), outside);
+    EXPECT_EQ(error(path("inner")), outside);
+    EXPECT_EQ(error("real"), QString());
+    EXPECT_EQ(error("../in/real"), QString());
+    EXPECT_TRUE(error("/proc/self/fd").contains("does not exist"));
+    QDir().mkdir(path("in/d"));
+    EXPECT_EQ(error("/proc/self/environ", "in/d/data.bin"), outside);
+    EXPECT_EQ(error("../scene.gltf", "in/d/data.bin"), QString());
+    EXPECT_EQ(error("..", "in/d/data.bin"), "\"d/data.bin\": it is not a file");
+    EXPECT_EQ(error("/dev/zero", "in/d/data.bin"), "\"d/data.bin\": it is not a file");
+    ASSERT_EQ(mkfifo(QFile::encodeName(path("in/d/data.bin")).constData(), 0600), 0);
+    EXPECT_TRUE(loadError(linked).contains("it is not a file"));
+
+    // A link stands for the scene itself.
+    QFile::remove(path("in/d/data.bin"));
+    write("in/d/data.bin", QByteArray("data"));
+    ASSERT_TRUE(QFile::link("in/scene.gltf", path("link.gltf")));
+    load(path("link.gltf"));
 }
 
 TEST_F(SceneFileReadTest, AFailedLoadKeepsWhatWasLoadedBefore)

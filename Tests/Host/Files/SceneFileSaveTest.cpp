@@ -203,6 +203,38 @@ TEST_F(SceneFileSaveTest, AnUnchangedSceneIsCopiedByteForByteWithItsFilesReplaci
     EXPECT_EQ(jsonOf(path("c/car.gltf")), original);
 }
 
+TEST_F(SceneFileSaveTest, OnlyBuffersAndPicturesAreCopiedAndNeverToHiddenNames)
+{
+    const QByteArray png = "\x89PNG\r\n\x1a\n";
+    write(".config/auto.bin", bin + "and what the scene does not call its own");
+    for (const char *name : {"a.png", ".b/.c.png"})
+        write(name, png);
+    write("secret.txt", QByteArray("a text"));
+    original["buffers"][0]["uri"] = ".config/auto.bin";
+    original["images"] = qxJson::parse(
+        R"([{"uri": "a.png"}, {"uri": ".b/.c.png"}, {"name": "Note", "uri": "secret.txt"}])");
+    load(write("car.gltf", original));
+    save(path("e/car.gltf"));
+    EXPECT_EQ(file.warnings(),
+              QStringList({"the copy of \".config/auto.bin\" is called \"_config/auto.bin\"",
+                           "the copy of \".b/.c.png\" is called \"_b/_c.png\"",
+                           "image 2 \"Note\" is not copied: it is no picture"}));
+    EXPECT_EQ(bytesOf(path("e/_config/auto.bin")), bin);
+    EXPECT_EQ(bytesOf(path("e/_b/_c.png")), png);
+    EXPECT_EQ(QDir(path("e")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList({"_b", "_config", "a.png", "car.gltf"}));
+
+    // Not through what leads out of the folder either.
+    made("elsewhere");
+    QFile::link("../elsewhere", made("f") + "/_config");
+    EXPECT_FALSE(file.save(path("f/car.gltf")));
+    EXPECT_TRUE(QDir(path("elsewhere")).isEmpty());
+    QDir().mkdir(path("g"));
+    QFile::link("../e/car.gltf", path("g/link.gltf"));
+    save(path("g/link.gltf"));
+    EXPECT_FALSE(QFile::exists(path("g/a.png"))) << "a link stands for the file in its folder";
+}
+
 TEST_F(SceneFileSaveTest, NamesOutsideAsciiWorkForFilesAndTheirParts)
 {
     write(QStringLiteral("räder/größe.bin"), bin);

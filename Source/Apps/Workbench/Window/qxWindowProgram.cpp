@@ -1,11 +1,13 @@
 #include "qxWindowProgram.h"
 
 #include "qxCommand.h"
+#include "qxMemoryLimit.h"
 #include "qxOSGWidget.h"
 #include "qxRaytracingManager.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QFileInfo>
 #include <QScreen>
 #include <QStatusBar>
@@ -13,6 +15,17 @@
 #include <clocale>
 
 namespace {
+
+/// The files among the arguments; the parser has the options of a window then.
+QStringList read(QCommandLineParser &parser, int argc, char *argv[])
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+    parser.addOption(qxMemoryLimit::option());
+    parser.parse(arguments);
+    return parser.positionalArguments();
+}
 
 /// What speaks against a window; empty for nothing.
 QString obstacle(const QString &path)
@@ -34,16 +47,24 @@ QString obstacle(const QString &path)
 
 bool qxWindowProgram::isAskedFor(int argc, char *argv[])
 {
-    if (argc < 2)
-        return true;
-    const QString path = argc == 2 ? QString::fromLocal8Bit(argv[1]) : QString();
-    return path.endsWith(QLatin1String(".gltf"), Qt::CaseInsensitive)
-        || path.endsWith(QLatin1String(".glb"), Qt::CaseInsensitive);
+    QCommandLineParser parser;
+    const QStringList files = read(parser, argc, argv);
+    const auto isScene = [&files](const char *suffix) {
+        return files[0].endsWith(QLatin1String(suffix), Qt::CaseInsensitive);
+    };
+    // Unknown options are the commands' to complain about.
+    return parser.unknownOptionNames().isEmpty()
+        && (files.isEmpty() || (files.size() == 1 && (isScene(".gltf") || isScene(".glb"))));
 }
 
 int qxWindowProgram::run(int argc, char *argv[])
 {
-    const QString path = argc == 2 ? QString::fromLocal8Bit(argv[1]) : QString();
+    QCommandLineParser parser;
+    const QString path = read(parser, argc, argv).value(0);
+    if (!qxMemoryLimit::take(parser)) {
+        qxCommands::fail(qxMemoryLimit::flaw(parser));
+        return WrongUse;
+    }
     const QString reason = obstacle(path);
     if (!reason.isEmpty())
         return qxCommands::fail(reason);

@@ -5,8 +5,6 @@
 
 struct qxGltfModel;
 
-/// How many components an element of the accessor has: 1 for SCALAR, 3 for VEC3 and so on.
-int qxGltfComponents(const qxGltfModel &model, int accessor);
 /// All components of all elements; normalised integers as numbers from -1 or 0 to 1, sparse
 /// elements in place. Throws qxGltfError when the data are not there.
 std::vector<float> qxGltfFloats(const qxGltfModel &model, int accessor);

@@ -4,6 +4,9 @@
 
 namespace {
 
+const int _maxDepth = 1000;
+const std::size_t _maxPaths = 256000000;
+
 /// The parent of every node, -1 for those without.
 typedef std::vector<int> Parents;
 
@@ -55,6 +58,74 @@ void checkLoops(const qxJson &nodes, const Parents &parents)
     }
 }
 
+std::size_t nameSize(const qxJson &entry)
+{
+    const qxJson &name = qxGltfMember(entry, "name");
+    return name.is_string() ? name.get_ref<const std::string &>().size() : 0;
+}
+
+/// Walks over scenes recurse, and variants address nodes by their path: refuses scenes that would
+/// exhaust the stack, and paths that are many times as long as the file.
+class PathCheck {
+public:
+    /// The nodes form trees.
+    PathCheck(const qxJson &document, const Parents &parents)
+        : m_document(document), m_parents(parents), m_places(parents.size())
+    {
+    }
+
+    void run()
+    {
+        for (std::size_t start = 0; start < m_parents.size(); ++start) {
+            std::vector<std::size_t> open; // from the node up to the first one that is known
+            for (int node = int(start); node >= 0 && m_places[std::size_t(node)].depth == 0;
+                 node = m_parents[std::size_t(node)])
+                open.push_back(std::size_t(node));
+            for (auto node = open.rbegin(); node != open.rend(); ++node)
+                visit(*node);
+        }
+    }
+
+private:
+    struct Place {
+        int depth = 0; ///< from 1 on
+        std::size_t path = 0; ///< its length
+    };
+
+    void visit(std::size_t index)
+    {
+        const qxJson &node = qxGltfSection(m_document, "nodes")[index];
+        const int parent = m_parents[index];
+        const Place above = parent < 0 ? Place() : m_places[std::size_t(parent)];
+        const Place place{above.depth + 1, above.path + nameSize(node) + 1};
+        m_places[index] = place;
+        m_total += place.path + partPaths(node, place.path);
+        if (place.depth > _maxDepth)
+            throw qxGltfError(qxFileText::tr("%1 is nested deeper than %2 levels")
+                                  .arg(qxGltfCalled("node", int(index), node))
+                                  .arg(_maxDepth));
+        if (m_total > _maxPaths)
+            throw qxGltfError(
+                qxFileText::tr("the paths of all nodes together are longer than %1 characters")
+                    .arg(_maxPaths));
+    }
+
+    /// The length of the paths of the nodes that show the parts of the node's mesh.
+    std::size_t partPaths(const qxJson &node, std::size_t path) const
+    {
+        const int index = qxGltfIndex(node, "mesh");
+        if (index < 0)
+            return 0;
+        const qxJson &mesh = qxGltfSection(m_document, "meshes")[std::size_t(index)];
+        return qxGltfSection(mesh, "primitives").size() * (path + nameSize(mesh) + 1);
+    }
+
+    const qxJson &m_document;
+    const Parents &m_parents;
+    std::vector<Place> m_places;
+    std::size_t m_total = 0;
+};
+
 void checkScenes(const qxJson &document, const Parents &parents)
 {
     const qxJson &scenes = qxGltfSection(document, "scenes");
@@ -94,5 +165,6 @@ void qxGltfCheckNodes(const qxJson &document)
         checkChildren(i, nodes, parents);
     }
     checkLoops(nodes, parents);
+    PathCheck(document, parents).run();
     checkScenes(document, parents);
 }

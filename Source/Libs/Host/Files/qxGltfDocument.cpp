@@ -1,7 +1,8 @@
 #include "Files/qxGltfDocument.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "Files/qxGltfFiles.h"
+#include "Files/qxMemoryBudget.h"
+
 #include <QtEndian>
 
 #include <limits>
@@ -15,6 +16,7 @@ const int _chunkHeader = 8;
 const int _fileHeader = 12;
 const std::size_t _maxDepth = 200;
 const int _maxMembers = 10000;
+const int _bytesPerValue = 100; ///< of the JSON in memory, besides its texts
 
 quint32 numberAt(const QByteArray &bytes, int offset)
 {
@@ -59,12 +61,14 @@ int endOfString(const QByteArray &text, int begin)
 }
 
 /// Writing recurses per level and objects are searched member by member: refuses what would make
-/// either take forever, before anything is parsed.
-void checkShape(const QByteArray &text)
+/// either take forever, and what would fill the memory, before anything is parsed.
+void checkShape(const QByteArray &text, qxMemoryBudget &budget)
 {
     std::vector<Level> levels;
+    qint64 values = 1;
     for (int i = 0; i < text.size(); ++i) {
         const char c = text[i];
+        values += c == '{' || c == '[' || c == ',';
         if (c == '"')
             i = endOfString(text, i);
         else if (c == '{' || c == '[')
@@ -74,11 +78,14 @@ void checkShape(const QByteArray &text)
         else if ((c == '}' || c == ']') && !levels.empty())
             levels.pop_back();
     }
+    const QString called = qxFileText::tr("its JSON");
+    budget.take(called, values, _bytesPerValue);
+    budget.take(called, text.size(), 1);
 }
 
-qxJson parse(const QByteArray &text)
+qxJson parse(const QByteArray &text, qxMemoryBudget &budget)
 {
-    checkShape(text);
+    checkShape(text, budget);
     try {
         qxJson json = qxJson::parse(text.begin(), text.end());
         if (json.is_object())
@@ -154,24 +161,6 @@ QByteArray firstIndent(const QByteArray &text)
 
 } // namespace
 
-QByteArray qxGltfReadFile(const QString &path)
-{
-    if (!QFileInfo::exists(path))
-        throw qxGltfError(qxFileText::tr("the file does not exist"));
-    if (!QFileInfo(path).isFile())
-        throw qxGltfError(qxFileText::tr("it is not a file"));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw qxGltfError(qxFileText::tr("the file cannot be opened: %1").arg(file.errorString()));
-    if (file.size() > std::numeric_limits<int>::max() / 2)
-        throw qxGltfError(qxFileText::tr("the file is larger than one gigabyte"));
-    const qint64 size = file.size();
-    const QByteArray bytes = file.readAll();
-    if (bytes.size() < size)
-        throw qxGltfError(qxFileText::tr("the file cannot be read: %1").arg(file.errorString()));
-    return bytes;
-}
-
 QByteArray qxGltfPackBinary(const QByteArray &text, const QByteArray &bin,
                             const QByteArray &moreChunks)
 {
@@ -190,9 +179,9 @@ QByteArray qxGltfPackBinary(const QByteArray &text, const QByteArray &bin,
     return header + chunks;
 }
 
-qxGltfDocument qxGltfDocument::read(const QString &path)
+qxGltfDocument qxGltfDocument::read(const QString &path, qxMemoryBudget &budget)
 {
-    const QByteArray bytes = qxGltfReadFile(path);
+    const QByteArray bytes = qxGltfReadFile(path, budget);
     qxGltfDocument document;
     document.path = path;
     document.stamp = qxFileStamp(path, bytes);
@@ -200,7 +189,7 @@ qxGltfDocument qxGltfDocument::read(const QString &path)
         unpackBinary(bytes, document);
     else
         document.text = bytes;
-    document.json = parse(document.text);
+    document.json = parse(document.text, budget);
     return document;
 }
 
@@ -215,7 +204,7 @@ qxGltfDocument qxGltfDocument::empty()
 
 QString qxGltfDocument::folder() const
 {
-    return QFileInfo(path).absolutePath();
+    return qxGltfFolderOf(path);
 }
 
 QByteArray qxGltfDocument::textOf(const qxJson &edited) const

@@ -5,6 +5,8 @@
 
 #include <QByteArray>
 
+class qxMemoryBudget;
+
 /// A scene file as it lies on the disk: its JSON and, in a .glb, the binary chunks.
 struct qxGltfDocument {
     QString path; ///< as it was given to read; empty for a scene that has no file yet
@@ -16,7 +18,7 @@ struct qxGltfDocument {
     QByteArray moreChunks; ///< what follows the BIN chunk, headers included
 
     /// Reads a .gltf or a .glb, whatever its name says. Throws qxGltfError.
-    static qxGltfDocument read(const QString &path);
+    static qxGltfDocument read(const QString &path, qxMemoryBudget &budget);
     /// The document of a scene that did not come from a file.
     static qxGltfDocument empty();
 
@@ -30,5 +32,3 @@ struct qxGltfDocument {
 /// Throws qxGltfError when they exceed the four gigabytes of the format.
 QByteArray qxGltfPackBinary(const QByteArray &text, const QByteArray &bin,
                             const QByteArray &moreChunks);
-/// The whole content of a regular file. Throws qxGltfError.
-QByteArray qxGltfReadFile(const QString &path);

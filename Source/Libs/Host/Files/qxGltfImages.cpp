@@ -3,42 +3,29 @@
 #include "Files/qxGltfCheck.h"
 #include "Files/qxGltfModel.h"
 #include "Files/qxGltfUri.h"
-
-#include <OpenSG/OSGSimpleAttachments.h>
-
-#include <QBuffer>
-#include <QImage>
-#include <QImageReader>
+#include "Pictures/qxEncodedPicture.h"
 
 namespace {
 
-/// Larger pictures are most likely made to exhaust the memory.
-const int _maxSide = 16384;
-
-QByteArray encoded(const qxGltfModel &model, const qxJson &image)
+QByteArray encoded(qxGltfModel &model, const qxJson &image)
 {
     const qxJson &uri = qxGltfMember(image, "uri");
     if (uri.is_string())
-        return qxGltfRead(model.document, uri.get_ref<const std::string &>());
+        return qxGltfRead(model.document, uri.get_ref<const std::string &>(), model.budget);
     const qxJson &views = qxGltfSection(model.document.json, "bufferViews");
     qxGltfCheckIndexValue(qxFileText::tr("it"), qxGltfMember(image, "bufferView"), views,
                           "buffer view");
-    return model.bytesOfView(image["bufferView"].get<int>());
+    const int view = image["bufferView"].get<int>();
+    model.budget.take(qint64(model.typed.bufferViews[std::size_t(view)].byteLength), 1);
+    return model.bytesOfView(view);
 }
 
-QImage decoded(QByteArray bytes)
+/// The text of its URI or, with a mark that no URI begins with, the number of its buffer view.
+std::string keyOf(const qxJson &image)
 {
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer);
-    if (reader.format() != "png" && reader.format() != "jpeg")
-        throw qxGltfError(qxFileText::tr("it is neither PNG nor JPEG"));
-    const QSize size = reader.size();
-    if (size.width() > _maxSide || size.height() > _maxSide)
-        throw qxGltfError(qxFileText::tr("it is too large"));
-    const QImage image = reader.read();
-    if (image.isNull())
-        throw qxGltfError(reader.errorString());
-    return image.mirrored().convertToFormat(QImage::Format_RGBA8888);
+    const qxJson &uri = qxGltfMember(image, "uri");
+    return uri.is_string() ? uri.get<std::string>()
+                           : '#' + qxGltfMember(image, "bufferView").dump();
 }
 
 } // namespace
@@ -48,26 +35,26 @@ osg::ImagePtr qxGltfImages::ofTexture(int texture)
     if (texture < 0)
         return osg::ImagePtr();
     const int image = m_model.typed.textures[std::size_t(texture)].source;
-    if (image < 0)
-        return osg::ImagePtr();
-    const auto known = m_images.find(image);
-    return known != m_images.end() ? known->second.get() : decode(image);
+    return image < 0 ? osg::ImagePtr() : make(image);
 }
 
-osg::ImagePtr qxGltfImages::decode(int index)
+osg::ImagePtr qxGltfImages::make(int index)
 {
-    osg::RefPtr<osg::ImagePtr> &kept = m_images[index];
     const qxJson &json = m_model.document.json["images"][std::size_t(index)];
+    const auto [known, isNew] = m_images.try_emplace(keyOf(json));
+    if (!isNew)
+        return known->second.get();
+    const QString called = qxGltfCalled("image", index, json);
+    const qxMemoryBudget before = m_model.budget;
     try {
-        const QImage picture = decoded(encoded(m_model, json));
-        const osg::ImagePtr image = osg::Image::create();
-        kept = image;
-        const osg::CPEditor edit(image);
-        image->set(osg::Image::OSG_RGBA_PF, picture.width(), picture.height(), 1, 1, 1, 0.0,
-                   picture.constBits());
+        const qxEncodedPicture picture(encoded(m_model, json));
+        if (!picture.flaw().isEmpty())
+            throw qxGltfError(picture.flaw());
+        m_model.budget.take(picture.decodedSize(), 1);
+        known->second = picture.image(called);
     } catch (const qxGltfError &error) {
-        m_model.warnings << qxFileText::tr("%1 is left out: %2")
-                                .arg(qxGltfCalled("image", index, json), error.reason());
+        m_model.budget = before;
+        m_model.warnings << qxFileText::tr("%1 is left out: %2").arg(called, error.reason());
     }
-    return kept.get();
+    return known->second.get();
 }

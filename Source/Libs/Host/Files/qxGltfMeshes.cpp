@@ -1,6 +1,7 @@
 #include "Files/qxGltfMeshes.h"
 
 #include "Files/qxGltfAccessors.h"
+#include "Files/qxGltfElements.h"
 #include "Files/qxGltfModel.h"
 
 #include <OpenSG/OSGGeoFunctions.h>
@@ -13,10 +14,18 @@ namespace {
 
 typedef std::vector<float> Floats;
 
+/// While normals are computed.
+const qint64 _bytesPerCorner = 300;
+
 int attributeOf(const tinygltf::Primitive &primitive, const char *name)
 {
     const auto found = primitive.attributes.find(name);
     return found == primitive.attributes.end() ? -1 : found->second;
+}
+
+int componentsOf(const qxGltfModel &model, int accessor)
+{
+    return qxGltfAccessor::of(model.document.json, accessor).elements.components;
 }
 
 /// The values of an attribute for every vertex; empty when the primitive has no such attribute.
@@ -26,7 +35,7 @@ Floats attribute(const qxGltfModel &model, const tinygltf::Primitive &primitive,
     const int accessor = attributeOf(primitive, name);
     if (accessor < 0)
         return Floats();
-    if (qxGltfComponents(model, accessor) != components)
+    if (componentsOf(model, accessor) != components)
         throw qxGltfError(qxFileText::tr("%1 has the wrong number of components").arg(name));
     const int positions = attributeOf(primitive, "POSITION");
     const std::vector<tinygltf::Accessor> &all = model.typed.accessors;
@@ -81,7 +90,7 @@ void setColours(const osg::GeometryPtr &geometry, const qxGltfModel &model,
     const int accessor = attributeOf(primitive, "COLOR_0");
     if (accessor < 0)
         return;
-    if (qxGltfComponents(model, accessor) == 4) {
+    if (componentsOf(model, accessor) == 4) {
         geometry->setColors(makeProperty<osg::GeoColors4f, 4>(
             attribute(model, primitive, "COLOR_0", 4),
             [](const float *v) { return osg::Color4f(v[0], v[1], v[2], v[3]); }));
@@ -152,13 +161,43 @@ void fill(const osg::GeometryPtr &geometry, const qxGltfModel &model,
         osg::calcVertexNormals(geometry);
 }
 
-qxGltfGeometryRef makeGeometry(const qxGltfModel &model, const tinygltf::Primitive &primitive,
+/// Takes from the budget what `fill` is going to need, and answers how much of it is needed only
+/// meanwhile: values are there twice for a while, those that replace others a third time.
+qint64 takeMemory(qxGltfModel &model, const tinygltf::Primitive &primitive)
+{
+    qint64 passing = 0;
+    const auto take = [&](int accessor) {
+        const qxGltfElements elements = qxGltfAccessor::of(model.document.json, accessor).elements;
+        const qint64 size = elements.components * qint64(sizeof(float));
+        model.budget.take(elements.count, 3 * size);
+        passing += 2 * elements.count * size;
+        return elements.count;
+    };
+    for (const char *name : {"NORMAL", "TEXCOORD_0", "COLOR_0"}) {
+        if (attributeOf(primitive, name) >= 0)
+            take(attributeOf(primitive, name));
+    }
+    qint64 corners = take(attributeOf(primitive, "POSITION"));
+    if (attributeOf(primitive, "NORMAL") < 0)
+        model.budget.take(corners, sizeof(osg::Vec3f));
+    if (primitive.indices >= 0)
+        corners = take(primitive.indices);
+    if (attributeOf(primitive, "NORMAL") < 0 && hasTriangles(primitive)) {
+        model.budget.take(corners, _bytesPerCorner);
+        passing += corners * _bytesPerCorner;
+    }
+    return passing;
+}
+
+qxGltfGeometryRef makeGeometry(qxGltfModel &model, const tinygltf::Primitive &primitive,
                                const std::vector<qxGltfMaterialRef> &materials)
 {
     if (attributeOf(primitive, "POSITION") < 0)
         return qxGltfGeometryRef();
+    const qint64 passing = takeMemory(model, primitive);
     const qxGltfGeometryRef geometry(osg::Geometry::create());
     fill(geometry.get(), model, primitive);
+    model.budget.giveBack(passing);
     if (primitive.material >= 0) {
         const osg::CPEditor edit(geometry.get(), osg::Geometry::MaterialFieldMask);
         geometry->setMaterial(materials[std::size_t(primitive.material)].get());
@@ -198,11 +237,12 @@ std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
         const bool isNamed = qxGltfMember(json, "name").is_string();
         qxGltfMeshParts parts;
         for (const tinygltf::Primitive &primitive : mesh.primitives) {
+            const QString called =
+                qxGltfCalledPrimitive(int(meshes.size()), json, int(parts.size()));
             try {
                 parts.push_back(makeGeometry(model, primitive, materials));
             } catch (const qxGltfError &error) {
-                throw qxGltfError(qxGltfCalledPrimitive(int(meshes.size()), json, int(parts.size()))
-                                  + ": " + error.reason());
+                throw qxGltfError(called + ": " + error.reason());
             }
             if (parts.back() != osg::NullFC)
                 namePart(parts.back().get(), isNamed ? &mesh.name : nullptr, parts.size());

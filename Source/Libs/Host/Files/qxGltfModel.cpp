@@ -5,6 +5,11 @@
 
 namespace {
 
+/// Of a node, a material and the like with all that is kept to tell what changed.
+const qint64 _bytesPerEntry = 2000;
+/// Of a node that shows a part of a mesh.
+const qint64 _bytesPerPart = 600;
+
 /// What the typed reader is asked for. Data, pictures and what the host does not show are not its
 /// business: they are resolved elsewhere or stay as they are.
 qxJson shownPart(const qxJson &document)
@@ -30,14 +35,40 @@ void parse(const qxJson &document, tinygltf::Model &model)
     throw qxGltfError(QString::fromStdString(error).simplified());
 }
 
+qint64 parts(const qxJson &mesh)
+{
+    return qint64(qxGltfSection(mesh, "primitives").size());
+}
+
+/// Takes what the nodes and all else that the lists hold become. A mesh is shown by a node of its
+/// own for each of its parts, below each node that refers to it.
+void takeStructure(const qxJson &document, qxMemoryBudget &budget)
+{
+    for (const auto &[name, section] : document.items()) {
+        if (section.is_array())
+            budget.take(QString::fromStdString(name), qint64(section.size()), _bytesPerEntry);
+    }
+    const qxJson &meshes = qxGltfSection(document, "meshes");
+    for (std::size_t i = 0; i < meshes.size(); ++i)
+        budget.take(qxGltfCalled("mesh", int(i), meshes[i]), parts(meshes[i]), _bytesPerEntry);
+    const qxJson &nodes = qxGltfSection(document, "nodes");
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        const int mesh = qxGltfIndex(nodes[i], "mesh");
+        if (mesh >= 0)
+            budget.take(qxGltfCalled("node", int(i), nodes[i]), parts(meshes[std::size_t(mesh)]),
+                        _bytesPerPart);
+    }
+}
+
 } // namespace
 
 qxGltfModel qxGltfModel::read(const QString &path)
 {
     qxGltfModel model;
-    model.document = qxGltfDocument::read(path);
+    model.document = qxGltfDocument::read(path, model.budget);
     qxGltfCheck(model.document.json);
-    model.buffers = qxGltfReadBuffers(model.document);
+    takeStructure(model.document.json, model.budget);
+    model.buffers = qxGltfReadBuffers(model.document, model.budget);
     parse(model.document.json, model.typed);
     return model;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Files/qxGltfDocument.h"
+#include "Files/qxMemoryBudget.h"
 #include "Files/qxTinyGltf.h"
 
 #include <QStringList>
@@ -13,6 +14,7 @@ struct qxGltfModel {
     tinygltf::Model typed; ///< what shows: buffer views, accessors, meshes, materials, textures,
                            ///< cameras and nodes; the rest stays in the document
     std::vector<QByteArray> buffers;
+    qxMemoryBudget budget{qxMemoryBudget::limit()}; ///< what the decoded content may still take
     QStringList warnings; ///< what was left out or put right, for the user
 
     /// Reads and checks a file and everything it needs. Throws qxGltfError.

@@ -1,11 +1,14 @@
 #include "Files/qxGltfOutput.h"
 
+#include "Files/qxGltfFiles.h"
 #include "Files/qxGltfUri.h"
+#include "Files/qxMemoryBudget.h"
 #include "Files/qxOutputFile.h"
 #include "Files/qxSystemCall.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QMimeDatabase>
 
 #include <system_error>
 
@@ -21,7 +24,32 @@ bool isBinaryPath(const QString &path)
 
 bool holds(const QString &path, const QByteArray &bytes)
 {
-    return QFileInfo(path).size() == bytes.size() && qxGltfReadFile(path) == bytes;
+    qxMemoryBudget budget;
+    const QFileInfo file(path);
+    return file.isFile() && file.size() == bytes.size() && qxGltfReadFile(path, budget) == bytes;
+}
+
+/// A scene may name any file that lies beside it. What programs look for by hidden names, such as
+/// what they start with, does not get such a name by a copy.
+QString visibleName(const QString &path)
+{
+    QStringList parts = path.split('/');
+    for (QString &part : parts) {
+        if (part.startsWith('.'))
+            part[0] = '_';
+    }
+    return parts.join('/');
+}
+
+bool isFile(const qxJson &entry)
+{
+    const qxJson &uri = qxGltfMember(entry, "uri");
+    return uri.is_string() && !qxGltfIsDataUri(uri.get_ref<const std::string &>());
+}
+
+bool isPicture(const QByteArray &bytes)
+{
+    return QMimeDatabase().mimeTypeForData(bytes).name().startsWith("image/");
 }
 
 /// Makes the folder of the file and those around it. Once the names of the new ones are on the
@@ -47,8 +75,8 @@ void qxGltfOutput::write(qxJson json, const std::vector<QByteArray> &buffers)
     if (m_binary && !m_document.binary)
         packFirstBuffer(json, buffers);
     if (!isBeside(m_document, m_path)) {
-        copyOthers(json, "buffers", "buffer");
-        copyOthers(json, "images", "image");
+        copyBuffers(json, buffers);
+        copyPictures(json);
     }
     if (!m_binary && m_document.binary)
         unpackFirstBuffer(json);
@@ -62,7 +90,7 @@ bool qxGltfOutput::isBeside(const qxGltfDocument &document, const QString &path)
 {
     return document.path.isEmpty()
         || QFileInfo(document.folder()).canonicalFilePath()
-        == QFileInfo(QFileInfo(path).absolutePath()).canonicalFilePath();
+        == QFileInfo(qxGltfFolderOf(path)).canonicalFilePath();
 }
 
 /// The first buffer becomes the BIN chunk.
@@ -87,36 +115,49 @@ void qxGltfOutput::unpackFirstBuffer(qxJson &json)
     json["buffers"][0]["uri"] = qxGltfUriOf(name);
 }
 
-void qxGltfOutput::copyOthers(qxJson &json, const char *section, const char *kind)
+/// The content is what was read from the files, as far as the scene says that it is its.
+void qxGltfOutput::copyBuffers(qxJson &json, const std::vector<QByteArray> &buffers)
 {
-    for (std::size_t i = 0; i < qxGltfSection(json, section).size(); ++i) {
-        qxJson &entry = json[section][i];
-        const qxJson &uri = qxGltfMember(entry, "uri");
-        if (uri.is_string() && !qxGltfIsDataUri(uri.get_ref<const std::string &>()))
-            copyOther(entry, qxGltfCalled(kind, int(i), entry));
+    for (std::size_t i = 0; i < buffers.size(); ++i) {
+        if (isFile(json["buffers"][i]))
+            copy(json["buffers"][i], buffers[i]);
     }
 }
 
-void qxGltfOutput::copyOther(qxJson &entry, const QString &called)
+void qxGltfOutput::copyPictures(qxJson &json)
 {
-    const std::string uri = entry["uri"];
-    try {
-        const QByteArray bytes = qxGltfRead(m_document, uri);
-        const QString wanted = qxGltfRelativePath(uri);
-        const QString name = place(wanted, bytes);
-        if (name != wanted)
-            entry["uri"] = qxGltfUriOf(name);
-    } catch (const qxGltfError &error) {
-        if (entry.contains("byteLength")) // buffers are needed
-            throw;
-        m_warnings << qxFileText::tr("%1 is not copied: %2").arg(called, error.reason());
+    qxMemoryBudget budget(qxMemoryBudget::limit());
+    for (std::size_t i = 0; i < qxGltfSection(json, "images").size(); ++i) {
+        qxJson &image = json["images"][i];
+        if (!isFile(image))
+            continue;
+        try {
+            const QByteArray bytes =
+                qxGltfRead(m_document, image["uri"].get_ref<const std::string &>(), budget);
+            if (!isPicture(bytes))
+                throw qxGltfError(qxFileText::tr("it is no picture"));
+            copy(image, bytes);
+        } catch (const qxGltfError &error) {
+            m_warnings << qxFileText::tr("%1 is not copied: %2")
+                              .arg(qxGltfCalled("image", int(i), image), error.reason());
+        }
     }
+}
+
+void qxGltfOutput::copy(qxJson &entry, const QByteArray &bytes)
+{
+    const QString wanted = qxGltfRelativePath(entry["uri"].get_ref<const std::string &>());
+    const QString name = place(visibleName(wanted), bytes);
+    if (name == wanted)
+        return;
+    entry["uri"] = qxGltfUriOf(name);
+    m_warnings << qxFileText::tr("the copy of \"%1\" is called \"%2\"").arg(wanted, name);
 }
 
 /// Plans a file beside the scene, under another name when the wanted one is taken.
 QString qxGltfOutput::place(const QString &wanted, const QByteArray &bytes)
 {
-    const QDir folder = QFileInfo(m_path).absoluteDir();
+    const QDir folder(qxGltfFolderOf(m_path));
     const QFileInfo parts(wanted);
     const QString stem = parts.path() == "." ? parts.completeBaseName()
                                              : parts.path() + '/' + parts.completeBaseName();
@@ -130,6 +171,9 @@ QString qxGltfOutput::place(const QString &wanted, const QByteArray &bytes)
             break;
         name = QString("%1-%2.%3").arg(stem).arg(number).arg(parts.suffix());
     }
+    if (!qxGltfIsInside(folder.path(), name))
+        throw qxGltfError(
+            qxFileText::tr("\"%1\" leads out of the folder of the scene file").arg(name));
     m_placed[name] = bytes;
     if (!QFileInfo::exists(folder.filePath(name)))
         m_files.emplace_back(folder.filePath(name), bytes);

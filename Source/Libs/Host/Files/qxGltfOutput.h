@@ -34,8 +34,9 @@ public:
 private:
     void packFirstBuffer(qxJson &json, const std::vector<QByteArray> &buffers);
     void unpackFirstBuffer(qxJson &json);
-    void copyOthers(qxJson &json, const char *section, const char *kind);
-    void copyOther(qxJson &entry, const QString &called);
+    void copyBuffers(qxJson &json, const std::vector<QByteArray> &buffers);
+    void copyPictures(qxJson &json);
+    void copy(qxJson &entry, const QByteArray &bytes);
     QString place(const QString &wanted, const QByteArray &bytes);
     void commit();
     void settle(qxOutputFile &file);

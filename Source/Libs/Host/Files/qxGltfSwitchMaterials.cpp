@@ -13,6 +13,8 @@
 namespace {
 
 const int _notMapped = -2;
+/// What a variant shows in a switch material, as an entry of a set.
+const qint64 _bytesPerChoice = 1500;
 
 const qxJson &variantsExtension(const qxJson &object)
 {
@@ -204,8 +206,10 @@ void qxGltfSwitchMaterials::assign(std::size_t mesh, std::size_t primitive)
     geometry->setMaterial(shown);
     m_scene.origin.geometries[geometry.getFieldContainerId()].switchMaterial =
         shown.getFieldContainerId();
-    if (isMapped(mapping) && m_useOf.emplace(shown.getFieldContainerId(), m_uses.size()).second)
-        m_uses.emplace_back(shown, mapping);
+    if (!isMapped(mapping) || !m_useOf.emplace(shown.getFieldContainerId(), m_uses.size()).second)
+        return;
+    m_model.budget.take(called, qint64(mapping.size()), _bytesPerChoice);
+    m_uses.emplace_back(shown, mapping);
 }
 
 qxGltfSwitchUse qxGltfSwitchMaterials::mapped()

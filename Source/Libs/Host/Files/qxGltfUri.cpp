@@ -1,18 +1,24 @@
 #include "Files/qxGltfUri.h"
 
 #include "Files/qxGltfDocument.h"
+#include "Files/qxGltfFiles.h"
+#include "Files/qxMemoryBudget.h"
 
 #include <QDir>
 #include <QUrl>
 
 namespace {
 
-QByteArray bufferBytes(const qxGltfDocument &document, int index, const qxJson &buffer)
+QByteArray bufferBytes(const qxGltfDocument &document, int index, const qxJson &buffer,
+                       qxMemoryBudget &budget)
 {
     const qxJson &uri = qxGltfMember(buffer, "uri");
     if (uri.is_string())
-        return qxGltfRead(document, uri.get_ref<const std::string &>());
-    return index == 0 ? document.bin : QByteArray();
+        return qxGltfRead(document, uri.get_ref<const std::string &>(), budget);
+    if (index > 0)
+        return QByteArray();
+    budget.take(document.bin.size(), 1); // cut to its length it is a copy
+    return document.bin;
 }
 
 } // namespace
@@ -22,17 +28,18 @@ bool qxGltfIsDataUri(const std::string &uri)
     return uri.compare(0, 5, "data:") == 0;
 }
 
-QByteArray qxGltfDataOf(const std::string &uri)
+QByteArray qxGltfDataOf(const std::string &uri, qxMemoryBudget &budget)
 {
     const std::size_t comma = uri.find(',');
     const std::string mark = ";base64";
     if (comma == std::string::npos || comma < mark.size()
         || uri.compare(comma - mark.size(), mark.size(), mark) != 0)
         throw qxGltfError(qxFileText::tr("its data URI is not in base64"));
-    const QByteArray text = QByteArray::fromRawData(uri.data(), int(uri.size()));
+    const std::size_t begin = comma + 1;
+    const QByteArray text = QByteArray::fromRawData(uri.data() + begin, int(uri.size() - begin));
+    budget.take(text.size() / 4 + 1, 3);
     const auto decoded = QByteArray::fromBase64Encoding(
-        text.mid(int(comma) + 1),
-        QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
+        text, QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded)
         throw qxGltfError(qxFileText::tr("the base64 of its data URI is damaged"));
     return *decoded;
@@ -59,23 +66,24 @@ std::string qxGltfUriOf(const QString &path)
     return QUrl::toPercentEncoding(path, "/").toStdString();
 }
 
-QByteArray qxGltfRead(const qxGltfDocument &document, const std::string &uri)
+QByteArray qxGltfRead(const qxGltfDocument &document, const std::string &uri,
+                      qxMemoryBudget &budget)
 {
     if (qxGltfIsDataUri(uri))
-        return qxGltfDataOf(uri);
+        return qxGltfDataOf(uri, budget);
     const QString shown = QString::fromStdString(uri);
     const QString path = qxGltfRelativePath(uri);
     if (path.isEmpty())
         throw qxGltfError(
             qxFileText::tr("\"%1\" leads out of the folder of the scene file").arg(shown));
     try {
-        return qxGltfReadFile(QDir(document.folder()).filePath(path));
+        return qxGltfReadBeside(document.folder(), path, budget);
     } catch (const qxGltfError &error) {
         throw qxGltfError(qxFileText::tr("\"%1\": %2").arg(shown, error.reason()));
     }
 }
 
-std::vector<QByteArray> qxGltfReadBuffers(const qxGltfDocument &document)
+std::vector<QByteArray> qxGltfReadBuffers(const qxGltfDocument &document, qxMemoryBudget &budget)
 {
     std::vector<QByteArray> buffers;
     for (const qxJson &buffer : qxGltfSection(document.json, "buffers")) {
@@ -83,7 +91,7 @@ std::vector<QByteArray> qxGltfReadBuffers(const qxGltfDocument &document)
         const QString called = qxGltfCalled("buffer", index, buffer);
         const qint64 length = buffer.at("byteLength").get<qint64>();
         try {
-            buffers.push_back(bufferBytes(document, index, buffer));
+            buffers.push_back(bufferBytes(document, index, buffer, budget));
         } catch (const qxGltfError &error) {
             throw qxGltfError(called + ": " + error.reason());
         }

@@ -9,11 +9,12 @@
 namespace {
 
 template <class CorePtr>
-void setMaterialOf(const CorePtr &core, const osg::MaterialPtr &material)
+void setMaterialOf(const CorePtr &core, const osg::MaterialPtr &material, osg::BitVector mask)
 {
     // A drawable releases its old material first, and that may be all that keeps the new one.
     const osg::MaterialRefPtr kept(material);
-    const osg::CPEditor edit(core);
+    // Of nothing else: a geometry that many nodes share would look for all their volumes.
+    const osg::CPEditor edit(core, mask);
     core->setMaterial(material);
 }
 
@@ -21,10 +22,10 @@ void setOwnMaterial(const osg::NodePtr &node, const osg::MaterialPtr &material)
 {
     const auto group = osg::MaterialGroupPtr::dcast(node->getCore());
     if (group != osg::NullFC)
-        return setMaterialOf(group, material);
+        return setMaterialOf(group, material, osg::MaterialGroup::MaterialFieldMask);
     const auto drawable = osg::MaterialDrawablePtr::dcast(node->getCore());
     if (drawable != osg::NullFC)
-        setMaterialOf(drawable, material);
+        setMaterialOf(drawable, material, osg::MaterialDrawable::MaterialFieldMask);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "Render/qxRenderTexture.h"
 
+#include "Pictures/qxEncodedPicture.h"
 #include "Render/qxPictureColour.h"
 #include "Render/qxRenderMath.h"
 
@@ -82,20 +83,28 @@ std::array<int, 4> channelOrder(osg::UInt32 format)
     }
 }
 
-std::vector<std::uint8_t> bytesOf(const osg::ImagePtr &image, std::size_t pixels)
+/// The pixels that the image holds; a null one when it holds none.
+QImage pixelsIn(const osg::ImagePtr &image)
 {
+    const std::size_t pixels = std::size_t(image->getWidth()) * std::size_t(image->getHeight());
+    const std::size_t step = std::size_t(image->getBpp());
+    if (!image->isValid() || pixels == 0 || image->getSize() < pixels * step)
+        return QImage();
+    QImage result(image->getWidth(), image->getHeight(), QImage::Format_RGBA8888);
+    if (result.isNull())
+        return result;
+    result.fill(Qt::white);
     const std::array<int, 4> order = channelOrder(image->getPixelFormat());
     const std::size_t channels = image->getComponents();
-    const std::size_t step = std::size_t(image->getBpp());
     const std::uint8_t *from = image->getData();
-    std::vector<std::uint8_t> bytes(pixels * 4, 255);
+    std::uint8_t *const bytes = result.bits();
     for (std::size_t i = 0; i < pixels * 4; ++i) {
         const int channel = order[i % 4];
         if (channel >= 0)
             bytes[i] = channelAt(from + i / 4 * step + std::size_t(channel) * (step / channels),
                                  image->getDataType());
     }
-    return bytes;
+    return result;
 }
 
 /// The place of a pixel inside of the picture that the wrap mode shows there.
@@ -123,16 +132,21 @@ float nearby(float coordinate, osg::UInt32 mode)
 
 std::shared_ptr<const qxRenderTexture> qxRenderTexture::make(const osg::ImagePtr &image)
 {
-    if (image == osg::NullFC || !image->isValid() || image->getComponents() == 0)
+    if (image == osg::NullFC || image->getComponents() == 0)
         return nullptr;
-    const std::size_t pixels = std::size_t(image->getWidth()) * std::size_t(image->getHeight());
-    if (pixels == 0 || image->getSize() < pixels * std::size_t(image->getBpp()))
+    const QImage pixels = image->isValid() ? pixelsIn(image) : qxEncodedPicture::pixels(image);
+    if (pixels.isNull())
         return nullptr;
     const auto texture = std::make_shared<qxRenderTexture>();
-    texture->m_levels.emplace_back(image->getWidth(), image->getHeight(), bytesOf(image, pixels));
+    texture->m_levels.emplace_back(pixels);
     while (texture->m_levels.back().width > 1 && texture->m_levels.back().height > 1)
         texture->m_levels.push_back(texture->m_levels.back().half());
     return texture;
+}
+
+qxRenderTexture::Level::Level(const QImage &image)
+    : pixels(image), width(image.width()), height(image.height()), rgba(pixels.constBits())
+{
 }
 
 osg::Vec4f qxRenderTexture::Level::pixel(int x, int y) const
@@ -159,18 +173,18 @@ osg::Vec4f qxRenderTexture::Level::at(const osg::Vec2f &place, const Wrap &wrap)
 
 qxRenderTexture::Level qxRenderTexture::Level::half() const
 {
-    Level result(width / 2, height / 2, {});
-    result.rgba.reserve(std::size_t(result.width) * std::size_t(result.height) * 4);
-    for (int y = 0; y < result.height * 2; y += 2) {
-        for (int x = 0; x < result.width * 2; x += 2) {
+    QImage result(width / 2, height / 2, QImage::Format_RGBA8888);
+    std::uint8_t *to = result.bits();
+    for (int y = 0; y < result.height() * 2; y += 2) {
+        for (int x = 0; x < result.width() * 2; x += 2) {
             const osg::Vec4f sum =
                 pixel(x, y) + pixel(x + 1, y) + pixel(x, y + 1) + pixel(x + 1, y + 1);
             for (osg::UInt32 i = 0; i < 3; ++i)
-                result.rgba.push_back(byteOfLight(sum[i] * 0.25f));
-            result.rgba.push_back(std::uint8_t(std::lround(sum[3] * 0.25f * 255.0f)));
+                *to++ = byteOfLight(sum[i] * 0.25f);
+            *to++ = std::uint8_t(std::lround(sum[3] * 0.25f * 255.0f));
         }
     }
-    return result;
+    return Level(result);
 }
 
 osg::Vec4f qxRenderTexture::at(const osg::Vec2f &place, const Wrap &wrap, float width) const

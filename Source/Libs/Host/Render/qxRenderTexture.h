@@ -3,11 +3,13 @@
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGVector.h>
 
+#include <QImage>
+
 #include <cstdint>
 #include <memory>
 #include <vector>
 
-/// A copy of an image, for looking up light in it.
+/// A copy of an image, for looking up light in it. One that is encoded is decoded here.
 class qxRenderTexture {
 public:
     /// Null when the image is null or holds nothing that can be shown.
@@ -27,17 +29,16 @@ public:
 private:
     /// The image in full size or smaller.
     struct Level {
-        Level(int levelWidth, int levelHeight, std::vector<std::uint8_t> bytes)
-            : width(levelWidth), height(levelHeight), rgba(std::move(bytes))
-        {
-        }
+        /// Of bytes: red, green, blue and alpha, bottom row first.
+        explicit Level(const QImage &image);
         osg::Vec4f pixel(int x, int y) const;
         osg::Vec4f at(const osg::Vec2f &place, const Wrap &wrap) const;
         Level half() const;
 
+        QImage pixels; ///< sRGB
         int width;
         int height;
-        std::vector<std::uint8_t> rgba; ///< sRGB, bottom row first
+        const std::uint8_t *rgba; ///< of the pixels
     };
 
     std::vector<Level> m_levels; ///< each half as wide and high as the one before

@@ -4,6 +4,7 @@
 
 #include "OSGWarning.h"
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -87,7 +88,11 @@ void Node::leaveCore()
     // Out of the core's list before the release, which may destroy the core.
     _sfCore.setValue(NullFC);
     MFNodePtr &parents = core->getParents();
-    parents.erase(parents.find(NodePtr(this)));
+    // The last ones first: of the very many nodes that may share a core, those of a scene file end
+    // in the opposite order.
+    const auto found = std::find(parents.rbegin(), parents.rend(), NodePtr(this));
+    if (found != parents.rend())
+        parents.erase(std::prev(found.base()));
     endEditCP(core, NodeCore::ParentsFieldMask);
     subRefCP(core);
 }

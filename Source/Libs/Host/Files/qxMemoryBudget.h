@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+#include <limits>
+
+/// What the decoded content of one file may take of the memory. Files of a few hundred bytes can
+/// ask for any amount: everything that is made of a file is taken from its budget before it is
+/// made.
+class qxMemoryBudget {
+public:
+    explicit qxMemoryBudget(qint64 limit = std::numeric_limits<qint64>::max()) : m_left(limit) {}
+
+    /// For all files that are opened from now on, in bytes; two gigabytes at first.
+    static void setLimit(qint64 bytes);
+    static qint64 limit();
+    /// An amount for people, such as "2 GB". One that was written so, in MB or GB; 0 when it cannot
+    /// be understood.
+    static QString text(double bytes);
+    static qint64 fromText(const QString &text);
+
+    /// Takes `count` times `size` bytes. Throws qxGltfError when they are not left.
+    void take(qint64 count, qint64 size);
+    /// The same; the message begins with what they are for.
+    void take(const QString &owner, qint64 count, qint64 size);
+    /// Returns what was taken for a while.
+    void giveBack(qint64 bytes) { m_left += bytes; }
+
+private:
+    qint64 m_left;
+};

@@ -1,0 +1,86 @@
+#include "Pictures/qxEncodedPicture.h"
+
+#include "Files/qxFileText.h"
+#include "Pictures/OSGEncodedPicture.h"
+#include "qxLog.h"
+
+#include <QBuffer>
+#include <QImageReader>
+
+#include <algorithm>
+
+namespace {
+
+/// Larger pictures are most likely made to exhaust the memory.
+const int _maxSide = 16384;
+
+void turnUpsideDown(QImage &image)
+{
+    for (int top = 0, bottom = image.height() - 1; top < bottom; ++top, --bottom)
+        std::swap_ranges(image.scanLine(top), image.scanLine(top) + image.bytesPerLine(),
+                         image.scanLine(bottom));
+}
+
+} // namespace
+
+qxEncodedPicture::qxEncodedPicture(const QByteArray &bytes) : m_bytes(bytes)
+{
+    QBuffer buffer(&m_bytes);
+    QImageReader reader(&buffer);
+    m_size = reader.size();
+    if (reader.format() != "png" && reader.format() != "jpeg")
+        m_flaw = qxFileText::tr("it is neither PNG nor JPEG");
+    else if (m_size.isEmpty())
+        m_flaw = reader.errorString();
+    else if (m_size.width() > _maxSide || m_size.height() > _maxSide)
+        m_flaw = qxFileText::tr("it is too large");
+    const QImage::Format format = reader.imageFormat();
+    m_isPlain = reader.format() == "png" && format != QImage::Format_RGBA64
+        && format != QImage::Format_RGBX64;
+}
+
+/// With all smaller sizes a third more. Sixteen bits per channel are there beside the eight that
+/// are kept, and a JPEG may have to be collected as a whole before it can be decoded.
+qint64 qxEncodedPicture::decodedSize() const
+{
+    const qint64 pixels = qint64(m_size.width()) * m_size.height();
+    return m_isPlain ? pixels * 16 / 3 : pixels * 12;
+}
+
+osg::ImagePtr qxEncodedPicture::image(const QString &name) const
+{
+    const osg::EncodedPicturePtr attachment = osg::EncodedPicture::create();
+    {
+        const osg::CPEditor edit(attachment);
+        attachment->getField().setValue(m_bytes.toStdString());
+    }
+    const osg::ImagePtr image = osg::Image::create();
+    const osg::CPEditor edit(image);
+    image->set(osg::Image::OSG_RGBA_PF, m_size.width(), m_size.height(), 1, 1, 1, 0.0, NULL,
+               osg::Image::OSG_UINT8_IMAGEDATA, false);
+    image->setName(name.toStdString());
+    image->addAttachment(attachment);
+    return image;
+}
+
+QImage qxEncodedPicture::pixels(const osg::ImagePtr &image)
+{
+    const auto attachment =
+        osg::EncodedPicturePtr::dcast(image->findAttachment(osg::EncodedPicture::getClassType()));
+    if (attachment == osg::NullFC)
+        return QImage();
+    const std::string &text = attachment->getField().getValue();
+    QByteArray bytes = QByteArray::fromRawData(text.data(), int(text.size()));
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    QImage picture = reader.read().convertToFormat(QImage::Format_RGBA8888);
+    if (picture.isNull()) {
+        const QString said =
+            qxFileText::tr("%1 is left out: %2")
+                .arg(QString::fromStdString(image->getName()), reader.errorString());
+        qxLog::warning("%s", said.toUtf8().constData());
+        return picture;
+    }
+    turnUpsideDown(picture);
+    return picture;
+}
