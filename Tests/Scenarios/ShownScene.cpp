@@ -7,6 +7,7 @@
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
 #include "Scene/OSGTransformStates.h"
+#include "Scene/qxNodeWalk.h"
 #include "TestScene.h"
 #include "qxAnimManager.h"
 #include "qxMaterials.h"
@@ -20,6 +21,7 @@
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
+#include <algorithm>
 #include <map>
 #include <sstream>
 
@@ -38,6 +40,7 @@ private:
     void writeName(const Object &object);
     void write(const osg::Matrix &matrix);
     void write(const osg::NodeCorePtr &core);
+    void writePoses(const osg::NodePtr &node);
     void write(const osg::MaterialPtr &material);
     void describe(const osg::MaterialPtr &material);
 
@@ -98,62 +101,102 @@ void Lines::writeMaterials()
     std::vector<osg::MaterialPtr> pool;
     qxScenegraph::getMaterialPool()->get(pool);
     for (const osg::MaterialPtr &material : pool) {
+        // Nothing finds a switch material without a name, and reading the variants makes new ones.
+        if (material->getType() == osg::SwitchMaterial::getClassType()
+            && qxMaterials::getName(material).empty())
+            continue;
         write(material);
         m_text << '\n';
     }
 }
 
+/// What shows as if it were not there is left out: a transform that moves nothing is a group.
 void Lines::write(const osg::NodeCorePtr &core)
 {
-    writeName(core);
-    const auto number = m_cores.emplace(core.getFieldContainerId(), m_cores.size());
-    if (!number.second)
-        m_text << " as " << number.first->second;
     const auto transform = osg::TransformPtr::dcast(core);
-    if (transform != osg::NullFC)
-        write(transform->getMatrix());
+    const auto states = osg::SwitchComponentTransformPtr::dcast(core);
     const auto choices = osg::SwitchPtr::dcast(core);
+    const auto light = osg::UberLightPtr::dcast(core);
+    const auto overlay = osg::OverlayCorePtr::dcast(core);
+    const auto part = osg::GeometryPtr::dcast(core);
+    if (states != osg::NullFC || choices != osg::NullFC || part != osg::NullFC) {
+        writeName(core);
+        const auto number = m_cores.emplace(core.getFieldContainerId(), m_cores.size());
+        if (!number.second)
+            m_text << " as " << number.first->second;
+    }
+    if (transform != osg::NullFC && transform->getMatrix() != osg::Matrix::identity())
+        write(transform->getMatrix());
     if (choices != osg::NullFC)
         m_text << " =" << choices->getChoice();
-    const auto states = osg::SwitchComponentTransformPtr::dcast(core);
     if (states != osg::NullFC) {
         m_text << " =" << states->getChoice();
         for (const osg::Matrix &state : states->getStates())
             write(state);
     }
-    const auto light = osg::UberLightPtr::dcast(core);
     if (light != osg::NullFC)
-        m_text << ' ' << light->getOn() << light->getKind() << ' ' << light->getIntensity();
-    const auto overlay = osg::OverlayCorePtr::dcast(core);
+        m_text << " light " << light->getOn() << light->getKind() << ' ' << light->getIntensity();
     if (overlay != osg::NullFC)
-        m_text << ' ' << overlay->getLayer();
-    const auto part = osg::GeometryPtr::dcast(core);
+        m_text << " overlay " << overlay->getLayer();
     if (part != osg::NullFC) {
         m_text << ' ' << part->getPositions()->getSize();
         write(part->getMaterial());
     }
 }
 
+void Lines::writePoses(const osg::NodePtr &node)
+{
+    const auto states =
+        osg::TransformStatesPtr::dcast(node->findAttachment(osg::TransformStates::getClassType()));
+    if (states == osg::NullFC)
+        return;
+    m_text << " in " << states->getSelected();
+    for (osg::UInt32 i = 0; i < states->getPoses().size(); ++i) {
+        m_text << " '" << states->getNames()[i] << '\'';
+        write(states->getPoses()[i]);
+    }
+}
+
+/// Parts stand behind other children, unless the node is a switch, which counts them. The empty
+/// node of a new viewpoint is no part of what is shown.
+std::vector<osg::NodePtr> childrenOf(const osg::NodePtr &node)
+{
+    std::vector<osg::NodePtr> children(node->getMFChildren()->begin(),
+                                       node->getMFChildren()->end());
+    if (osg::SwitchPtr::dcast(node->getCore()) != osg::NullFC)
+        return children;
+    const auto isEmpty = [](const osg::NodePtr &child) {
+        return !osg::getName(child) && child->getNChildren() == 0
+            && osg::LightPtr::dcast(child->getCore()) == osg::NullFC && !qxIsPart(child);
+    };
+    children.erase(std::remove_if(children.begin(), children.end(), isEmpty), children.end());
+    std::stable_partition(children.begin(), children.end(),
+                          [](const osg::NodePtr &child) { return !qxIsPart(child); });
+    return children;
+}
+
+/// A named geometry comes back as a group with a part below it, which shows the same.
 void Lines::write(const osg::NodePtr &node, int depth)
 {
     if (node == osg::NullFC)
         return;
-    m_text << std::string(std::size_t(depth), ' ');
+    const std::string indent(std::size_t(depth), ' ');
+    const bool isPart = osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC;
+    const bool isNamedPart = isPart && osg::getName(node);
+    m_text << indent;
     writeName(node);
     m_text << (node->getTravMask() == 0 ? " hidden" : "");
-    write(node->getCore());
-    const auto states =
-        osg::TransformStatesPtr::dcast(node->findAttachment(osg::TransformStates::getClassType()));
-    if (states != osg::NullFC) {
-        m_text << " in " << states->getSelected();
-        for (osg::UInt32 i = 0; i < states->getPoses().size(); ++i) {
-            m_text << " '" << states->getNames()[i] << '\'';
-            write(states->getPoses()[i]);
-        }
-    }
+    if (!isNamedPart)
+        write(node->getCore());
+    writePoses(node);
     m_text << '\n';
-    for (osg::UInt32 i = 0; i < node->getNChildren(); ++i)
-        write(node->getChild(i), depth + 1);
+    for (const osg::NodePtr &child : childrenOf(node))
+        write(child, depth + 1);
+    if (!isNamedPart)
+        return;
+    m_text << indent << "  Node -";
+    write(node->getCore());
+    m_text << '\n';
 }
 
 void Lines::writeRest()

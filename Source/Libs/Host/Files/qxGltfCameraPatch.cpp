@@ -4,6 +4,7 @@
 #include "qxUberCameraPool.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -49,6 +50,23 @@ qxJson nodeJson(const qxUberCamera &camera, std::size_t index)
     return json;
 }
 
+/// What is shown as long as the file has no scenes.
+qxJson nodesWithoutParent(const qxJson &json)
+{
+    const qxJson &nodes = qxGltfSection(json, "nodes");
+    std::vector<bool> isChild(nodes.size(), false);
+    for (const qxJson &node : nodes) {
+        for (const qxJson &child : qxGltfMember(node, "children"))
+            isChild[child.get<std::size_t>()] = true;
+    }
+    qxJson list = qxJson::array();
+    for (std::size_t i = 0; i < isChild.size(); ++i) {
+        if (!isChild[i])
+            list.push_back(i);
+    }
+    return list;
+}
+
 } // namespace
 
 void qxGltfAddViewpoints(qxJson &json, int scene, int first)
@@ -58,7 +76,7 @@ void qxGltfAddViewpoints(qxJson &json, int scene, int first)
         return;
     if (qxGltfSection(json, "scenes").empty()) {
         json["scene"] = 0;
-        json["scenes"] = qxJson::array({qxJson::object()});
+        json["scenes"] = qxJson::array({{{"nodes", nodesWithoutParent(json)}}});
     }
     qxJson &roots = json["scenes"][std::size_t(std::max(scene, 0))]["nodes"];
     for (int id = first; id < pool.count(); ++id) {

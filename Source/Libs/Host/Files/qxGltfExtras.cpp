@@ -1,7 +1,5 @@
 #include "Files/qxGltfExtras.h"
 
-#include <OpenSG/OSGQuaternion.h>
-
 #include <algorithm>
 #include <cmath>
 
@@ -9,14 +7,32 @@ namespace {
 
 const std::size_t _numbersPerState = 10;
 
+/// Beyond this length the matrix of a quaternion overflows sooner or later.
+const double _longQuaternion = 1e4;
+
+bool isFinite(const osg::Matrix &matrix)
+{
+    return std::all_of(matrix.getValues(), matrix.getValues() + 16,
+                       [](float number) { return std::isfinite(number); });
+}
+
 } // namespace
+
+osg::Quaternion qxGltfRotation(const float *numbers)
+{
+    const double length = std::hypot(std::hypot(double(numbers[0]), double(numbers[1])),
+                                     std::hypot(double(numbers[2]), double(numbers[3])));
+    const double divisor = length > _longQuaternion ? length : 1;
+    osg::Quaternion rotation;
+    rotation.setValueAsQuat(float(numbers[0] / divisor), float(numbers[1] / divisor),
+                            float(numbers[2] / divisor), float(numbers[3] / divisor));
+    return rotation;
+}
 
 osg::Matrix qxGltfMatrix(const float *numbers)
 {
-    osg::Quaternion rotation;
-    rotation.setValueAsQuat(numbers[3], numbers[4], numbers[5], numbers[6]);
     osg::Matrix matrix;
-    matrix.setTransform(osg::Vec3f(numbers[0], numbers[1], numbers[2]), rotation,
+    matrix.setTransform(osg::Vec3f(numbers[0], numbers[1], numbers[2]), qxGltfRotation(numbers + 3),
                         osg::Vec3f(numbers[7], numbers[8], numbers[9]));
     return matrix;
 }
@@ -34,6 +50,11 @@ const qxJson &qxGltfExtras::value(const char *key) const
 bool qxGltfExtras::has(const char *key) const
 {
     return !value(key).is_null();
+}
+
+bool qxGltfExtras::isNumber(const char *key) const
+{
+    return value(key).is_number();
 }
 
 void qxGltfExtras::warn(const char *key, const QString &reason) const
@@ -90,7 +111,10 @@ std::vector<osg::Matrix> qxGltfExtras::transforms(const char *key) const
     }
     for (std::size_t i = 0; i < numbers.size(); i += _numbersPerState)
         matrices.push_back(qxGltfMatrix(&numbers[i]));
-    return matrices;
+    if (std::all_of(matrices.begin(), matrices.end(), isFinite))
+        return matrices;
+    warn(key, qxFileText::tr("holds numbers that are too large"));
+    return {};
 }
 
 std::vector<int> qxGltfExtras::integers(const char *key) const

@@ -3,6 +3,7 @@
 #include "Files/qxGltfJson.h"
 
 #include <OpenSG/OSGMatrix.h>
+#include <OpenSG/OSGQuaternion.h>
 
 #include <QStringList>
 
@@ -25,7 +26,9 @@ constexpr const char *overlayLayer = "qxOverlayLayer";
 constexpr const char *environment = "qxEnvironment"; ///< of nodes and materials
 constexpr const char *switchMaterial = "qxSwitchMaterial"; ///< of primitives
 constexpr const char *switchMaterials = "qxSwitchMaterials"; ///< of the file
+constexpr const char *materialPool = "qxMaterialPool"; ///< of the file
 constexpr const char *variants = "qxVariants";
+constexpr const char *otherExtras = "qxOther"; ///< what extras were that held no entries
 } // namespace qxGltfKeys
 
 /// Reads the entries of one node, or of one object of another `kind`. What is there in an unusable
@@ -35,6 +38,7 @@ public:
     qxGltfExtras(int index, const qxJson &node, QStringList &warnings, const char *kind = "node");
 
     bool has(const char *key) const;
+    bool isNumber(const char *key) const;
     /// Also from a number such as 2.0, which some tools write.
     std::optional<int> integer(const char *key) const;
     /// Also from the numbers 0 and 1; `fallback` when there is none.
@@ -57,5 +61,8 @@ private:
     const char *m_kind;
 };
 
+/// The rotation that the four numbers x y z w stand for. They are those of the file unless they are
+/// far from a rotation: then they are brought to length 1, so that matrices stay finite.
+osg::Quaternion qxGltfRotation(const float *numbers);
 /// The transform that ten numbers stand for.
 osg::Matrix qxGltfMatrix(const float *numbers);

@@ -65,13 +65,11 @@ void qxGltfScene::build(qxGltfModel &model)
 
 void qxGltfScene::show() const
 {
-    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
+    const osg::MaterialPoolPtr materialPool = qxScenegraph::getMaterialPool();
     {
-        const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
-        for (const qxGltfMaterialRef &material : materials)
-            pool->add(material.get());
-        for (const osg::SwitchMaterialRefPtr &material : switches)
-            pool->add(material.get());
+        const osg::CPEditor edit(materialPool, osg::MaterialPool::MaterialsFieldMask);
+        for (const qxGltfMaterialRef &material : pool)
+            materialPool->add(material.get());
     }
     addChildren(qxScenegraph::getRoot(), roots);
     addChildren(qxOverlays::getPoolRoot(), overlays);

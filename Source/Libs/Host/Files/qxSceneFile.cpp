@@ -139,7 +139,6 @@ qxJson qxSceneFile::Content::edited() const
     const qxGltfState after =
         qxGltfState::of(childrenOf(qxScenegraph::getRoot()), childrenOf(qxOverlays::getPoolRoot()),
                         qxScenegraph::environmentGeometrySwitch(), origin);
-    after.checkSharedNames();
     qxGltfMaterialPatch materialPatch(json, origin, materials);
     materialPatch.writePool();
     const qxGltfSwitchUse use = qxGltfSwitchUse::of(after, origin);
@@ -149,6 +148,8 @@ qxJson qxSceneFile::Content::edited() const
     materialPatch.settleNames();
     qxGltfPatch(json, before, after).write(meshes, scene);
     qxGltfAddViewpoints(json, scene, viewpoints);
+    if (qxGltfSection(document.json, "scenes").empty() && !qxGltfSection(json, "scenes").empty())
+        qxGltfSetExtra(json, qxGltfKeys::variants, qxJson()); // a scene holds it from now on
     if (variants != variantsIn(json, scene)) {
         qxGltfSetExtra(variantsHolder(json, scene), qxGltfKeys::variants,
                        variants.isEmpty() ? qxJson() : qxJson(variants.toStdString()));
