@@ -175,14 +175,17 @@ std::vector<osg::NodePtr> childrenOf(const osg::NodePtr &node)
     return children;
 }
 
-/// A named geometry comes back as a group with a part below it, which shows the same.
+/// A geometry with a name, or among the children of a switch, comes back as a group with a part
+/// below it, which shows the same.
 void Lines::write(const osg::NodePtr &node, int depth)
 {
     if (node == osg::NullFC)
         return;
     const std::string indent(std::size_t(depth), ' ');
     const bool isPart = osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC;
-    const bool isNamedPart = isPart && osg::getName(node);
+    const bool inSwitch = node->getParent() != osg::NullFC
+        && osg::SwitchPtr::dcast(node->getParent()->getCore()) != osg::NullFC;
+    const bool isNamedPart = isPart && (inSwitch || osg::getName(node));
     m_text << indent;
     writeName(node);
     m_text << (node->getTravMask() == 0 ? " hidden" : "");

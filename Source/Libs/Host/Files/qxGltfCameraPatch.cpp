@@ -1,9 +1,11 @@
 #include "Files/qxGltfCameraPatch.h"
 
+#include "Files/qxGltfExtras.h"
 #include "Files/qxGltfPatch.h"
 #include "qxUberCameraPool.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <vector>
 
 namespace {
@@ -68,6 +70,32 @@ qxJson nodesWithoutParent(const qxJson &json)
 }
 
 } // namespace
+
+void qxGltfKeepViewpoints(qxJson &json, const qxGltfOrigin &origin, const qxGltfState &after)
+{
+    std::unordered_map<int, const qxUberCamera *> viewpoints;
+    for (std::size_t id = 0; id < origin.viewpoints.size(); ++id)
+        viewpoints[origin.viewpoints[id]] = qxUberCameraPool::the()->get(int(id));
+    for (const qxGltfNodeState &state : after.nodes) {
+        const auto found = viewpoints.find(state.index);
+        if (found == viewpoints.end() || !found->second)
+            continue;
+        const qxUberCamera &camera = *found->second;
+        qxJson &node = json["nodes"][std::size_t(state.index)];
+        const qxJson &extras = qxGltfMember(node, "extras");
+        const bool hasName = qxGltfMember(extras, qxGltfKeys::viewpointName).is_string();
+        const bool hasPlace = !qxGltfMember(extras, qxGltfKeys::viewpoint).is_null();
+        const qxJson &own =
+            qxGltfMember(json["cameras"][node["camera"].get<std::size_t>()], "name");
+        const std::string ownName = own.is_string() ? own.get<std::string>() : std::string();
+        const std::string shownName = state.name.value_or("").empty() ? ownName : *state.name;
+        if (!hasName && shownName != camera.name)
+            qxGltfSetExtra(node, qxGltfKeys::viewpointName, camera.name);
+        if (!hasPlace && state.node->getToWorld() != camera.toWorld)
+            qxGltfSetExtra(node, qxGltfKeys::viewpoint,
+                           qxGltfNumberList(camera.toWorld.getValues(), 16));
+    }
+}
 
 void qxGltfAddViewpoints(qxJson &json, int scene, int first)
 {

@@ -18,6 +18,13 @@ bool isFinite(const osg::Matrix &matrix)
 
 } // namespace
 
+bool qxGltfCountsChildren(const qxJson &node)
+{
+    const qxJson &extras = qxGltfMember(node, "extras");
+    return !qxGltfMember(extras, qxGltfKeys::switchChoice).is_null()
+        || !qxGltfMember(extras, qxGltfKeys::sharesCoreOf).is_null();
+}
+
 osg::Quaternion qxGltfRotation(const float *numbers)
 {
     const double length = std::hypot(std::hypot(double(numbers[0]), double(numbers[1])),
@@ -96,7 +103,8 @@ std::optional<std::string> qxGltfExtras::text(const char *key) const
     return std::nullopt;
 }
 
-std::vector<osg::Matrix> qxGltfExtras::transforms(const char *key) const
+/// The numbers of a list; none when one of them is not finite.
+std::vector<float> qxGltfExtras::numbers(const char *key) const
 {
     std::vector<float> numbers;
     const qxJson &list = value(key);
@@ -104,13 +112,32 @@ std::vector<osg::Matrix> qxGltfExtras::transforms(const char *key) const
         numbers.push_back(number.is_number() ? number.get<float>() : NAN);
     const bool usable = std::all_of(numbers.begin(), numbers.end(),
                                     [](float number) { return std::isfinite(number); });
+    return usable ? numbers : std::vector<float>();
+}
+
+std::optional<osg::Matrix> qxGltfExtras::matrix(const char *key) const
+{
+    const std::vector<float> all = numbers(key);
+    if (all.size() == 16) {
+        osg::Matrix matrix;
+        matrix.setValue(all.data());
+        return matrix;
+    }
+    if (has(key))
+        warn(key, qxFileText::tr("is not a list of sixteen numbers"));
+    return std::nullopt;
+}
+
+std::vector<osg::Matrix> qxGltfExtras::transforms(const char *key) const
+{
+    const std::vector<float> all = numbers(key);
     std::vector<osg::Matrix> matrices;
-    if (!usable || numbers.empty() || numbers.size() % _numbersPerState != 0) {
+    if (all.empty() || all.size() % _numbersPerState != 0) {
         warn(key, qxFileText::tr("is not a list of ten numbers per state"));
         return matrices;
     }
-    for (std::size_t i = 0; i < numbers.size(); i += _numbersPerState)
-        matrices.push_back(qxGltfMatrix(&numbers[i]));
+    for (std::size_t i = 0; i < all.size(); i += _numbersPerState)
+        matrices.push_back(qxGltfMatrix(&all[i]));
     if (std::all_of(matrices.begin(), matrices.end(), isFinite))
         return matrices;
     warn(key, qxFileText::tr("holds numbers that are too large"));

@@ -25,14 +25,6 @@ bool isVisible(const qxJson &node)
     return !visible.is_boolean() || visible.get<bool>();
 }
 
-/// Whether the node's children are counted: a switch, or what shares its core.
-bool countsChildren(const qxJson &node)
-{
-    const qxJson &extras = qxGltfMember(node, "extras");
-    return !qxGltfMember(extras, qxGltfKeys::switchChoice).is_null()
-        || !qxGltfMember(extras, qxGltfKeys::sharesCoreOf).is_null();
-}
-
 void hide(const osg::NodePtr &node)
 {
     const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
@@ -118,7 +110,7 @@ void qxGltfNodes::findOverlay(int index)
     Made &made = m_made[std::size_t(index)];
     const bool below = parent >= 0 && m_made[std::size_t(parent)].inOverlay;
     made.overlay = extras.flag(qxGltfKeys::overlay, false);
-    if (made.overlay && !below && parent >= 0 && countsChildren(m_model.node(parent))) {
+    if (made.overlay && !below && parent >= 0 && qxGltfCountsChildren(m_model.node(parent))) {
         warn(index, qxFileText::tr("a child of a switch cannot be an overlay"));
         made.overlay = false;
     }
@@ -138,7 +130,7 @@ void qxGltfNodes::findEnvironment(int index)
     const auto isOne = [](const Made &each) { return each.environment; };
     if (!extras.has(qxGltfKeys::switchChoice) || made.inOverlay)
         return warn(index, qxFileText::tr("an environment is a switch and no overlay"));
-    if (parent >= 0 && countsChildren(m_model.node(parent)))
+    if (parent >= 0 && qxGltfCountsChildren(m_model.node(parent)))
         return warn(index, qxFileText::tr("a child of a switch cannot be the environment"));
     if (std::any_of(m_made.begin(), m_made.end(), isOne))
         return warn(index, qxFileText::tr("the scene has an environment already"));

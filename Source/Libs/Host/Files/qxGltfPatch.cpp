@@ -200,6 +200,7 @@ void qxGltfPatch::write(const std::vector<int> &meshes, int scene)
     releaseLiveChildren();
     for (std::size_t i = 0; i < m_after.nodes.size(); ++i)
         writeNode(i, meshes[i]);
+    removeUnmeantMarks();
     writeScene(scene);
 }
 
@@ -318,6 +319,45 @@ void qxGltfPatch::writeVisibility(qxJson &node, bool visible)
         qxGltfEraseExtension(node, name);
 }
 
+/// What the file marks as overlay or environment although it cannot be one where it stood must not
+/// become one because it, or what is around it, changed.
+void qxGltfPatch::removeUnmeantMarks()
+{
+    struct Open {
+        int position;
+        int parent;
+        bool inOverlay;
+    };
+    std::vector<Open> open;
+    bool hasEnvironment = false;
+    const auto openAll = [&open](const std::vector<int> &positions, int parent, bool inOverlay) {
+        for (auto position = positions.rbegin(); position != positions.rend(); ++position)
+            open.push_back({*position, parent, inOverlay});
+    };
+    openAll(m_after.roots, -1, false);
+    QStringList warnings;
+    while (!open.empty()) {
+        const Open next = open.back();
+        open.pop_back();
+        const qxGltfNodeState &state = m_after.nodes[std::size_t(next.position)];
+        const int index = m_indices[std::size_t(next.position)];
+        qxJson &nodes = m_json["nodes"];
+        qxJson &node = nodes[std::size_t(index)];
+        const qxGltfExtras extras(index, node, warnings);
+        const bool isCounted =
+            next.parent >= 0 && qxGltfCountsChildren(nodes[std::size_t(next.parent)]);
+        if (!state.overlayLayer && (next.inOverlay || !isCounted)
+            && extras.flag(qxGltfKeys::overlay, false))
+            qxGltfSetExtra(node, qxGltfKeys::overlay, qxJson());
+        const bool inOverlay = next.inOverlay || state.overlayLayer;
+        if (!state.environment && !hasEnvironment && !inOverlay && !isCounted
+            && extras.has(qxGltfKeys::switchChoice) && extras.flag(qxGltfKeys::environment, false))
+            qxGltfSetExtra(node, qxGltfKeys::environment, qxJson());
+        hasEnvironment = hasEnvironment || state.environment;
+        openAll(state.children, index, inOverlay);
+    }
+}
+
 /// Scenes list no node that has a parent: what moved below another node leaves all of them.
 void qxGltfPatch::takeChildrenFromScenes()
 {
@@ -326,7 +366,9 @@ void qxGltfPatch::takeChildrenFromScenes()
         for (const int child : node.children)
             isChild[std::size_t(m_indices[std::size_t(child)])] = true;
     }
-    for (qxJson &scene : m_json.contains("scenes") ? m_json["scenes"] : qxJson::array()) {
+    if (qxGltfSection(m_json, "scenes").empty())
+        return;
+    for (qxJson &scene : m_json["scenes"]) {
         qxJson left = qxJson::array();
         const qxJson &listed = qxGltfMember(scene, "nodes");
         for (const qxJson &node : listed) {

@@ -20,6 +20,7 @@ private:
     void writeNode(std::size_t position, int mesh);
     void writeVisibility(qxJson &node, bool visible);
     void writeSharing(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeState &after);
+    void removeUnmeantMarks();
     void takeChildrenFromScenes();
     void writeScene(int scene);
     const qxGltfNodeState &stateBefore(int index) const;

@@ -59,7 +59,7 @@ void qxGltfScene::build(qxGltfModel &model)
     mapped = switchMaterials.mapped();
     qxGltfNodes nodes(model, *this);
     nodes.build();
-    cameras = qxGltfCameras(model, nodes);
+    cameras = qxGltfCameras(model, nodes, origin);
     clips = clipsOf(model.document.json);
 }
 

@@ -31,6 +31,7 @@ struct qxGltfOrigin {
     std::unordered_map<osg::UInt32, Part> geometries;
     std::unordered_map<osg::UInt32, int> materials; ///< -1 for that of primitives without one
     std::string defaultName; ///< of that one
+    std::vector<int> viewpoints; ///< the node of each that the file has
     /// The node whose `extras` describe a switch core or a transform-switch core.
     std::unordered_map<osg::UInt32, int> coreOwners;
 };

@@ -147,6 +147,7 @@ qxJson qxSceneFile::Content::edited() const
     const std::vector<int> meshes = qxGltfMeshPatch(json, origin, materialPatch).write(after);
     materialPatch.settleNames();
     qxGltfPatch(json, before, after).write(meshes, scene);
+    qxGltfKeepViewpoints(json, origin, after);
     qxGltfAddViewpoints(json, scene, viewpoints);
     if (qxGltfSection(document.json, "scenes").empty() && !qxGltfSection(json, "scenes").empty())
         qxGltfSetExtra(json, qxGltfKeys::variants, qxJson()); // a scene holds it from now on
