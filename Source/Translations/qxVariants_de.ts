@@ -432,10 +432,6 @@
         <translation>ein Schalter kann keine Posen einnehmen</translation>
     </message>
     <message>
-        <source>there is no switch &quot;%1&quot; to share</source>
-        <translation>es gibt keinen Schalter „%1“ zu teilen</translation>
-    </message>
-    <message>
         <source>an environment surrounds everything: its transform has no effect</source>
         <translation>eine Umgebung umgibt alles: ihre Transformation hat keine Wirkung</translation>
     </message>
@@ -454,14 +450,6 @@
     <message>
         <source>the file cannot be written: %1</source>
         <translation>die Datei kann nicht geschrieben werden: %1</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; cannot be written: the extras of &quot;%2&quot; are no object</source>
-        <translation>„%1“ kann nicht geschrieben werden: die „extras“ von „%2“ sind kein Objekt</translation>
-    </message>
-    <message>
-        <source>%1 shares the switch of a node without a name of its own</source>
-        <translation>%1 teilt den Schalter eines Knotens ohne eigenen Namen</translation>
     </message>
     <message>
         <source>node &quot;%1&quot;</source>
@@ -574,6 +562,18 @@
     <message>
         <source>its JSON</source>
         <translation>sein JSON</translation>
+    </message>
+    <message>
+        <source>is not a list of sixteen numbers</source>
+        <translation>ist keine Liste von sechzehn Zahlen</translation>
+    </message>
+    <message>
+        <source>holds numbers that are too large</source>
+        <translation>enthält zu große Zahlen</translation>
+    </message>
+    <message>
+        <source>there is no switch %1 to share</source>
+        <translation>es gibt keinen Schalter %1 zu teilen</translation>
     </message>
 </context>
 <context>

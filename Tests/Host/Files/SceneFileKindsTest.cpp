@@ -158,15 +158,17 @@ TEST_F(SceneFileKindsTest, SwitchMaterialsThatWereBuiltHereComeBackAsTheyWere)
 TEST_F(SceneFileKindsTest, AListOfSwitchMaterialsThatCannotBeUsedIsLeftOut)
 {
     qxJson json = paints;
-    json["extras"]["qxSwitchMaterials"] = {{{"name", "A"}, {"materials", {0, 99}}},
-                                           {{"name", 1}, {"materials", {0}}},
-                                           {{"materials", qxJson::array()}, {"name", "C"}},
-                                           7};
+    const auto nested = [](int place) { return qxJson{{"qxSwitchMaterial", place}}; };
+    json["extras"]["qxSwitchMaterials"] = {
+        {{"name", "A"}, {"materials", {0, 99}}},     {{"name", 1}, {"materials", {0}}},
+        {{"materials", {nested(3)}}, {"name", "C"}}, {{"materials", {0, nested(2)}}, {"name", "D"}},
+        {{"materials", {nested(7)}}, {"name", "E"}}, 7};
+    json["extras"]["qxMaterialPool"] = {0, 99};
     json["meshes"][0]["primitives"][0]["extras"]["qxSwitchMaterial"] = 1;
-    json["meshes"][0]["primitives"][1]["extras"]["qxSwitchMaterial"] = 4;
+    json["meshes"][0]["primitives"][1]["extras"]["qxSwitchMaterial"] = 3;
     json["meshes"][0]["primitives"][2]["extras"]["qxSwitchMaterial"] = "x";
     load(json);
-    EXPECT_EQ(file.warnings().size(), 6);
+    EXPECT_EQ(file.warnings().size(), 9);
     EXPECT_EQ(lookOf(part(0)), "Red Switch: Red, Blue, Red 2, 0");
     EXPECT_EQ(lookOf(part(1)), "Red Switch 2: Red, Material, 0");
 }

@@ -1,9 +1,13 @@
 #include "Files/qxGltfCameraPatch.h"
 
+#include "Files/qxGltfExtras.h"
 #include "Files/qxGltfPatch.h"
 #include "qxUberCameraPool.h"
 
 #include <algorithm>
+#include <cmath>
+#include <unordered_map>
+#include <vector>
 
 namespace {
 
@@ -49,7 +53,56 @@ qxJson nodeJson(const qxUberCamera &camera, std::size_t index)
     return json;
 }
 
+bool isFinite(const osg::Matrix &matrix)
+{
+    return std::all_of(matrix.getValues(), matrix.getValues() + 16,
+                       [](float number) { return std::isfinite(number); });
+}
+
+/// What is shown as long as the file has no scenes.
+qxJson nodesWithoutParent(const qxJson &json)
+{
+    const qxJson &nodes = qxGltfSection(json, "nodes");
+    std::vector<bool> isChild(nodes.size(), false);
+    for (const qxJson &node : nodes) {
+        for (const qxJson &child : qxGltfMember(node, "children"))
+            isChild[child.get<std::size_t>()] = true;
+    }
+    qxJson list = qxJson::array();
+    for (std::size_t i = 0; i < isChild.size(); ++i) {
+        if (!isChild[i])
+            list.push_back(i);
+    }
+    return list;
+}
+
 } // namespace
+
+void qxGltfKeepViewpoints(qxJson &json, const qxGltfOrigin &origin, const qxGltfState &after)
+{
+    std::unordered_map<int, const qxUberCamera *> viewpoints;
+    for (std::size_t id = 0; id < origin.viewpoints.size(); ++id)
+        viewpoints[origin.viewpoints[id]] = qxUberCameraPool::the()->get(int(id));
+    for (const qxGltfNodeState &state : after.nodes) {
+        const auto found = viewpoints.find(state.index);
+        if (found == viewpoints.end() || !found->second)
+            continue;
+        const qxUberCamera &camera = *found->second;
+        qxJson &node = json["nodes"][std::size_t(state.index)];
+        const qxJson &extras = qxGltfMember(node, "extras");
+        const bool hasName = qxGltfMember(extras, qxGltfKeys::viewpointName).is_string();
+        const bool hasPlace = !qxGltfMember(extras, qxGltfKeys::viewpoint).is_null();
+        const qxJson &own =
+            qxGltfMember(json["cameras"][node["camera"].get<std::size_t>()], "name");
+        const std::string ownName = own.is_string() ? own.get<std::string>() : std::string();
+        const std::string shownName = state.name.value_or("").empty() ? ownName : *state.name;
+        if (!hasName && shownName != camera.name)
+            qxGltfSetExtra(node, qxGltfKeys::viewpointName, camera.name);
+        if (!hasPlace && isFinite(camera.toWorld) && state.node->getToWorld() != camera.toWorld)
+            qxGltfSetExtra(node, qxGltfKeys::viewpoint,
+                           qxGltfNumberList(camera.toWorld.getValues(), 16));
+    }
+}
 
 void qxGltfAddViewpoints(qxJson &json, int scene, int first)
 {
@@ -58,7 +111,7 @@ void qxGltfAddViewpoints(qxJson &json, int scene, int first)
         return;
     if (qxGltfSection(json, "scenes").empty()) {
         json["scene"] = 0;
-        json["scenes"] = qxJson::array({qxJson::object()});
+        json["scenes"] = qxJson::array({{{"nodes", nodesWithoutParent(json)}}});
     }
     qxJson &roots = json["scenes"][std::size_t(std::max(scene, 0))]["nodes"];
     for (int id = first; id < pool.count(); ++id) {

@@ -1,5 +1,6 @@
 #include "Files/qxGltfCameras.h"
 
+#include "Files/qxGltfExtras.h"
 #include "Files/qxGltfModel.h"
 #include "Files/qxGltfNodes.h"
 
@@ -23,7 +24,8 @@ qxUberCamera cameraFrom(const tinygltf::Camera &values)
 
 } // namespace
 
-std::vector<qxUberCamera> qxGltfCameras(const qxGltfModel &model, const qxGltfNodes &nodes)
+std::vector<qxUberCamera> qxGltfCameras(qxGltfModel &model, const qxGltfNodes &nodes,
+                                        qxGltfOrigin &origin)
 {
     std::vector<qxUberCamera> cameras;
     for (const int index : nodes.order()) {
@@ -33,8 +35,12 @@ std::vector<qxUberCamera> qxGltfCameras(const qxGltfModel &model, const qxGltfNo
         qxUberCamera camera = cameraFrom(model.typed.cameras[std::size_t(node.camera)]);
         if (!node.name.empty())
             camera.name = node.name;
-        camera.toWorld = nodes.node(index)->getToWorld();
+        const qxGltfExtras extras(index, model.node(index), model.warnings);
+        camera.name = extras.text(qxGltfKeys::viewpointName).value_or(camera.name);
+        camera.toWorld =
+            extras.matrix(qxGltfKeys::viewpoint).value_or(nodes.node(index)->getToWorld());
         cameras.push_back(camera);
+        origin.viewpoints.push_back(index);
     }
     return cameras;
 }

@@ -1,7 +1,5 @@
 #include "Files/qxGltfExtras.h"
 
-#include <OpenSG/OSGQuaternion.h>
-
 #include <algorithm>
 #include <cmath>
 
@@ -9,14 +7,39 @@ namespace {
 
 const std::size_t _numbersPerState = 10;
 
+/// Beyond this length the matrix of a quaternion overflows sooner or later.
+const double _longQuaternion = 1e4;
+
+bool isFinite(const osg::Matrix &matrix)
+{
+    return std::all_of(matrix.getValues(), matrix.getValues() + 16,
+                       [](float number) { return std::isfinite(number); });
+}
+
 } // namespace
+
+bool qxGltfCountsChildren(const qxJson &node)
+{
+    const qxJson &extras = qxGltfMember(node, "extras");
+    return !qxGltfMember(extras, qxGltfKeys::switchChoice).is_null()
+        || !qxGltfMember(extras, qxGltfKeys::sharesCoreOf).is_null();
+}
+
+osg::Quaternion qxGltfRotation(const float *numbers)
+{
+    const double length = std::hypot(std::hypot(double(numbers[0]), double(numbers[1])),
+                                     std::hypot(double(numbers[2]), double(numbers[3])));
+    const double divisor = length > _longQuaternion ? length : 1;
+    osg::Quaternion rotation;
+    rotation.setValueAsQuat(float(numbers[0] / divisor), float(numbers[1] / divisor),
+                            float(numbers[2] / divisor), float(numbers[3] / divisor));
+    return rotation;
+}
 
 osg::Matrix qxGltfMatrix(const float *numbers)
 {
-    osg::Quaternion rotation;
-    rotation.setValueAsQuat(numbers[3], numbers[4], numbers[5], numbers[6]);
     osg::Matrix matrix;
-    matrix.setTransform(osg::Vec3f(numbers[0], numbers[1], numbers[2]), rotation,
+    matrix.setTransform(osg::Vec3f(numbers[0], numbers[1], numbers[2]), qxGltfRotation(numbers + 3),
                         osg::Vec3f(numbers[7], numbers[8], numbers[9]));
     return matrix;
 }
@@ -34,6 +57,11 @@ const qxJson &qxGltfExtras::value(const char *key) const
 bool qxGltfExtras::has(const char *key) const
 {
     return !value(key).is_null();
+}
+
+bool qxGltfExtras::isNumber(const char *key) const
+{
+    return value(key).is_number();
 }
 
 void qxGltfExtras::warn(const char *key, const QString &reason) const
@@ -75,7 +103,8 @@ std::optional<std::string> qxGltfExtras::text(const char *key) const
     return std::nullopt;
 }
 
-std::vector<osg::Matrix> qxGltfExtras::transforms(const char *key) const
+/// The numbers of a list; none when one of them is not finite.
+std::vector<float> qxGltfExtras::numbers(const char *key) const
 {
     std::vector<float> numbers;
     const qxJson &list = value(key);
@@ -83,14 +112,36 @@ std::vector<osg::Matrix> qxGltfExtras::transforms(const char *key) const
         numbers.push_back(number.is_number() ? number.get<float>() : NAN);
     const bool usable = std::all_of(numbers.begin(), numbers.end(),
                                     [](float number) { return std::isfinite(number); });
+    return usable ? numbers : std::vector<float>();
+}
+
+std::optional<osg::Matrix> qxGltfExtras::matrix(const char *key) const
+{
+    const std::vector<float> all = numbers(key);
+    if (all.size() == 16) {
+        osg::Matrix matrix;
+        matrix.setValue(all.data());
+        return matrix;
+    }
+    if (has(key))
+        warn(key, qxFileText::tr("is not a list of sixteen numbers"));
+    return std::nullopt;
+}
+
+std::vector<osg::Matrix> qxGltfExtras::transforms(const char *key) const
+{
+    const std::vector<float> all = numbers(key);
     std::vector<osg::Matrix> matrices;
-    if (!usable || numbers.empty() || numbers.size() % _numbersPerState != 0) {
+    if (all.empty() || all.size() % _numbersPerState != 0) {
         warn(key, qxFileText::tr("is not a list of ten numbers per state"));
         return matrices;
     }
-    for (std::size_t i = 0; i < numbers.size(); i += _numbersPerState)
-        matrices.push_back(qxGltfMatrix(&numbers[i]));
-    return matrices;
+    for (std::size_t i = 0; i < all.size(); i += _numbersPerState)
+        matrices.push_back(qxGltfMatrix(&all[i]));
+    if (std::all_of(matrices.begin(), matrices.end(), isFinite))
+        return matrices;
+    warn(key, qxFileText::tr("holds numbers that are too large"));
+    return {};
 }
 
 std::vector<int> qxGltfExtras::integers(const char *key) const

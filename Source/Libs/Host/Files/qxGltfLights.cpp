@@ -45,6 +45,8 @@ qxGltfLight lightFrom(const qxJson &json)
     light.range = number(json, "range", 0);
     light.innerAngle = number(spot, "innerConeAngle", 0);
     light.outerAngle = number(spot, "outerConeAngle", 0.78539816f);
+    if (qxGltfMember(json, "name").is_string())
+        light.name = json["name"].get<std::string>().c_str(); // as far as the core keeps it
     return light;
 }
 
@@ -52,6 +54,10 @@ qxGltfLight lightFrom(const qxJson &json)
 qxJson jsonOf(const qxGltfLight &light, const qxJson &base)
 {
     qxJson json = base.is_object() ? base : qxJson::object();
+    if (light.name)
+        json["name"] = *light.name;
+    else
+        json.erase("name");
     json["type"] = _kinds[light.kind];
     json["color"] = qxGltfNumberList(light.colour.data(), light.colour.size());
     json["intensity"] = qxGltfNumber(light.intensity);
@@ -93,13 +99,15 @@ qxGltfLight qxGltfLight::of(const osg::UberLightPtr &core)
     light.range = core->getRange();
     light.innerAngle = core->getInnerAngle();
     light.outerAngle = core->getOuterAngle();
+    if (const char *name = osg::getName(core))
+        light.name = name;
     return light;
 }
 
 bool qxGltfLight::operator==(const qxGltfLight &other) const
 {
     const auto values = [](const qxGltfLight &l) {
-        return std::tie(l.kind, l.colour, l.intensity, l.range, l.innerAngle, l.outerAngle);
+        return std::tie(l.kind, l.colour, l.intensity, l.range, l.innerAngle, l.outerAngle, l.name);
     };
     return values(*this) == values(other);
 }

@@ -3,6 +3,8 @@
 #include "Files/qxGltfJson.h"
 #include "OSGUberLight.h"
 
+#include <optional>
+#include <string>
 #include <vector>
 
 /// A light with the units of KHR_lights_punctual, which are those of osg::UberLight.
@@ -13,6 +15,7 @@ struct qxGltfLight {
     float range = 0; ///< 0 for no limit
     float innerAngle = 0;
     float outerAngle = 0;
+    std::optional<std::string> name; ///< that of the core
 
     static qxGltfLight of(const osg::UberLightPtr &core);
     bool operator==(const qxGltfLight &other) const;

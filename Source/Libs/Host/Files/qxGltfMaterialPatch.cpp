@@ -12,6 +12,7 @@
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -75,6 +76,17 @@ qxGltfMaterialState unstated()
     state.colour = {1, 1, 1, 1};
     state.emission = {0, 0, 0};
     return state;
+}
+
+/// The plain material that a material shows; null when it shows none.
+osg::MaterialPtr chosenIn(osg::MaterialPtr material)
+{
+    for (auto choices = osg::SwitchMaterialPtr::dcast(material); choices != osg::NullFC;
+         choices = osg::SwitchMaterialPtr::dcast(material)) {
+        const bool isChosen = choices->getChoice() < choices->getMFMaterials()->size();
+        material = isChosen ? choices->getMaterial(choices->getChoice()) : osg::MaterialPtr();
+    }
+    return material;
 }
 
 } // namespace
@@ -164,27 +176,110 @@ void qxGltfMaterialPatch::writePool()
     }
 }
 
+bool qxGltfMaterialPatch::isDefault(const osg::MaterialPtr &material) const
+{
+    const auto known = m_origin.materials.find(material.getFieldContainerId());
+    return known != m_origin.materials.end() && known->second < 0;
+}
+
+/// The one of primitives without a material has no entry that could hold its name.
+void qxGltfMaterialPatch::findDefault(const qxGltfSwitchUse &use)
+{
+    for (const qxGltfSwitchState &each : use.states) {
+        const auto found =
+            std::find_if(each.contents.begin(), each.contents.end(),
+                         [this](const osg::MaterialPtr &material) { return isDefault(material); });
+        if (found != each.contents.end())
+            m_default = *found;
+    }
+    if (m_default != osg::NullFC && qxMaterials::getName(m_default) != m_origin.defaultName)
+        m_namesChanged = true;
+}
+
+/// Where the reader would not find the name again that it gave it, it gets an entry.
+void qxGltfMaterialPatch::placeDefault(const qxGltfSwitchUse &use)
+{
+    if (m_default == osg::NullFC)
+        return;
+    const std::string name = qxMaterials::getName(m_default);
+    const std::vector<std::string> names = qxGltfShownNames(qxGltfSection(m_json, "materials"));
+    const bool isFree = std::count(names.begin(), names.end(), name) == 0
+        && std::none_of(use.states.begin(), use.states.end(),
+                        [&name](const qxGltfSwitchState &each) { return each.name == name; });
+    int &place = m_written.emplace(m_default.getFieldContainerId(), -1).first->second;
+    if (place >= 0 || (isFree && name == qxGltfDefaultName))
+        return;
+    place = append(m_default);
+    writeChanges(m_default, place);
+}
+
+/// Where the materials of the pool stand in the file: materials by their place, switch materials
+/// behind them by theirs.
+std::vector<int> qxGltfMaterialPatch::poolPlaces(const qxGltfSwitchUse &use) const
+{
+    const int count = int(qxGltfSection(m_json, "materials").size());
+    std::unordered_map<osg::UInt32, int> places = m_written;
+    for (std::size_t i = 0; i < use.states.size(); ++i)
+        places[use.states[i].id] = count + int(i);
+    std::vector<int> pool;
+    for (const osg::UInt32 id : use.pool)
+        pool.push_back(places.at(id));
+    return pool;
+}
+
+void qxGltfMaterialPatch::writePoolOrder(const std::vector<int> &places)
+{
+    const int count = int(qxGltfSection(m_json, "materials").size());
+    qxJson list = qxJson::array();
+    for (const int place : places) {
+        list.push_back(place < count ? qxJson(place)
+                                     : qxJson{{qxGltfKeys::switchMaterial, place - count}});
+    }
+    qxGltfSetExtra(m_json, qxGltfKeys::materialPool, list);
+}
+
 void qxGltfMaterialPatch::writeSwitches(const qxGltfSwitchUse &loaded,
                                         const qxGltfSwitchUse &mapped, const qxGltfSwitchUse &now)
 {
-    if (!m_namesChanged && now == loaded)
+    findDefault(now);
+    if (!m_namesChanged && now == loaded && now.pool == loaded.pool)
         return;
+    const auto isSame = [](const qxGltfSwitchState &one, const qxGltfSwitchState &other) {
+        return one.name == other.name && one.contents == other.contents;
+    };
+    m_settles = m_namesChanged
+        || !std::equal(now.states.begin(), now.states.end(), loaded.states.begin(),
+                       loaded.states.end(), isSame);
+    if (m_settles)
+        placeDefault(now);
+    std::vector<int> natural(qxGltfSection(m_json, "materials").size() + now.states.size());
+    std::iota(natural.begin(), natural.end(), 0);
+    const std::vector<int> places = poolPlaces(now);
     const qxJson old = qxGltfMember(qxGltfMember(m_json, "extras"), qxGltfKeys::switchMaterials);
     m_list = true;
-    if (m_namesChanged || !(now == mapped))
+    qxGltfSetExtra(m_json, qxGltfKeys::materialPool, qxJson());
+    if (m_namesChanged || !(now == mapped) || places != natural)
         listSwitches(now, old);
     else
         qxGltfSetExtra(m_json, qxGltfKeys::switchMaterials, qxJson());
+    if (places != natural)
+        writePoolOrder(places);
 }
 
 void qxGltfMaterialPatch::listSwitches(const qxGltfSwitchUse &use, const qxJson &old)
 {
+    for (std::size_t i = 0; i < use.states.size(); ++i)
+        m_listed[use.states[i].id] = int(i);
     qxJson list = qxJson::array();
     for (const qxGltfSwitchState &each : use.states) {
-        m_listed[each.id] = int(list.size());
         qxJson materials = qxJson::array();
-        for (const osg::MaterialPtr &material : each.contents)
-            materials.push_back(indexOf(material));
+        for (const osg::MaterialPtr &material : each.contents) {
+            const auto nested = m_listed.find(material.getFieldContainerId());
+            if (nested == m_listed.end())
+                materials.push_back(indexOf(material));
+            else
+                materials.push_back({{qxGltfKeys::switchMaterial, nested->second}});
+        }
         qxJson entry = qxJson::object();
         if (list.size() < old.size() && old[list.size()].is_object())
             entry = old[list.size()];
@@ -199,16 +294,14 @@ void qxGltfMaterialPatch::listSwitches(const qxGltfSwitchUse &use, const qxJson 
 void qxGltfMaterialPatch::writeTo(qxJson &primitive, const osg::MaterialPtr &material)
 {
     const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
-    osg::MaterialPtr shown = material;
-    if (choices != osg::NullFC) {
-        const bool chosen = choices->getChoice() < choices->getMFMaterials()->size();
-        shown = chosen ? choices->getMaterial(choices->getChoice()) : osg::MaterialPtr();
+    // What holds nothing shows nothing: other programs show what they did.
+    if (choices == osg::NullFC || !choices->getMFMaterials()->empty()) {
+        const int index = indexOf(chosenIn(material));
+        if (index < 0)
+            primitive.erase("material");
+        else
+            primitive["material"] = index;
     }
-    const int index = indexOf(shown);
-    if (index < 0)
-        primitive.erase("material");
-    else
-        primitive["material"] = index;
     if (!m_list)
         return;
     const auto listed =
@@ -241,13 +334,13 @@ void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state, const qxGltf
 
 void qxGltfMaterialPatch::settleNames()
 {
-    if (!m_namesChanged)
+    if (!m_namesChanged && !m_settles)
         return;
     const std::vector<std::string> shown = qxGltfShownNames(qxGltfSection(m_json, "materials"));
     for (std::size_t i = 0; i < m_before.size(); ++i) {
         qxJson &json = m_json["materials"][i];
         const auto now = m_names.find(int(i));
-        if (now != m_names.end() && now->second != shown[i] && json.contains("name"))
+        if (now != m_names.end() && now->second != shown[i])
             json["name"] = now->second;
     }
 }

@@ -33,9 +33,9 @@ public:
 
     /// The materials of the scene's pool.
     void writePool();
-    /// Lists the switch materials when they or names of materials are not as they were `loaded`:
-    /// then all of them, because those that are not listed are named by what else is there. When
-    /// they are as the mappings of the file make them, takes the list out instead.
+    /// Lists the switch materials when they, the pool or names of materials are not as they were
+    /// `loaded`: then all of them, because those that are not listed are named by what else is
+    /// there. When they are as the mappings of the file make them, takes the list out instead.
     void writeSwitches(const qxGltfSwitchUse &loaded, const qxGltfSwitchUse &mapped,
                        const qxGltfSwitchUse &now);
     /// The materials of the geometries that came from the file, be they shown or not. Throws
@@ -52,6 +52,11 @@ public:
 private:
     int placeOf(const osg::MaterialPtr &material);
     void listSwitches(const qxGltfSwitchUse &use, const qxJson &old);
+    void findDefault(const qxGltfSwitchUse &use);
+    void placeDefault(const qxGltfSwitchUse &use);
+    bool isDefault(const osg::MaterialPtr &material) const;
+    std::vector<int> poolPlaces(const qxGltfSwitchUse &use) const;
+    void writePoolOrder(const std::vector<int> &places);
     int append(const osg::MaterialPtr &material);
     void writeChanges(const osg::MaterialPtr &material, int index);
 
@@ -61,6 +66,8 @@ private:
     std::unordered_map<osg::UInt32, int> m_written;
     std::unordered_map<osg::UInt32, int> m_listed; ///< the places of switch materials
     std::unordered_map<int, std::string> m_names; ///< of materials, by their place
+    osg::MaterialPtr m_default; ///< that of primitives without one, when something contains it
     bool m_namesChanged = false;
+    bool m_settles = false; ///< whether generated names are written, too
     bool m_list = false; ///< whether switch materials are written
 };

@@ -20,5 +20,7 @@ typedef osg::RefPtr<osg::MaterialPtr> qxGltfMaterialRef;
 std::vector<qxGltfMaterialRef> qxGltfMaterials(qxGltfModel &model);
 /// The kinds of pictures that are not drawn, and how many of these materials have one.
 QMap<QString, int> qxGltfHiddenPictures(const qxJson &materials);
+/// The name of the material of primitives that state none, unless another one has it.
+constexpr const char *qxGltfDefaultName = "Default Material";
 /// The material of primitives that state none.
 qxGltfMaterialRef qxGltfDefaultMaterial();

@@ -25,14 +25,6 @@ bool isVisible(const qxJson &node)
     return !visible.is_boolean() || visible.get<bool>();
 }
 
-/// Whether the node's children are counted: a switch, or what shares its core.
-bool countsChildren(const qxJson &node)
-{
-    const qxJson &extras = qxGltfMember(node, "extras");
-    return !qxGltfMember(extras, qxGltfKeys::switchChoice).is_null()
-        || !qxGltfMember(extras, qxGltfKeys::sharesCoreOf).is_null();
-}
-
 void hide(const osg::NodePtr &node)
 {
     const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
@@ -118,7 +110,7 @@ void qxGltfNodes::findOverlay(int index)
     Made &made = m_made[std::size_t(index)];
     const bool below = parent >= 0 && m_made[std::size_t(parent)].inOverlay;
     made.overlay = extras.flag(qxGltfKeys::overlay, false);
-    if (made.overlay && !below && parent >= 0 && countsChildren(m_model.node(parent))) {
+    if (made.overlay && !below && parent >= 0 && qxGltfCountsChildren(m_model.node(parent))) {
         warn(index, qxFileText::tr("a child of a switch cannot be an overlay"));
         made.overlay = false;
     }
@@ -138,7 +130,7 @@ void qxGltfNodes::findEnvironment(int index)
     const auto isOne = [](const Made &each) { return each.environment; };
     if (!extras.has(qxGltfKeys::switchChoice) || made.inOverlay)
         return warn(index, qxFileText::tr("an environment is a switch and no overlay"));
-    if (parent >= 0 && countsChildren(m_model.node(parent)))
+    if (parent >= 0 && qxGltfCountsChildren(m_model.node(parent)))
         return warn(index, qxFileText::tr("a child of a switch cannot be the environment"));
     if (std::any_of(m_made.begin(), m_made.end(), isOne))
         return warn(index, qxFileText::tr("the scene has an environment already"));
@@ -207,7 +199,7 @@ void qxGltfNodes::make(int index)
     if (own != osg::NullFC) {
         m_scene.origin.coreOwners[own.getFieldContainerId()] = index;
         if (osg::getName(node))
-            m_switches.emplace(values.name, index);
+            m_switches.emplace(osg::getName(node), index);
     }
     if (extras.has(qxGltfKeys::poses))
         setPoses(index, node, extras);
@@ -243,21 +235,38 @@ void qxGltfNodes::setPoses(int index, const osg::NodePtr &node, qxGltfExtras &ex
     qxTransformStates::set(node, states, extras.integer(qxGltfKeys::pose).value_or(-1));
 }
 
+/// Whether node `index` is there and describes a core that others may share.
+bool qxGltfNodes::ownsCore(int index) const
+{
+    if (index < 0 || std::size_t(index) >= m_made.size() || node(index) == osg::NullFC
+        || node(index)->getCore() == osg::NullFC)
+        return false;
+    const auto owner = m_scene.origin.coreOwners.find(node(index)->getCore().getFieldContainerId());
+    return owner != m_scene.origin.coreOwners.end() && owner->second == index;
+}
+
 /// The core that node `index` takes over from another one; null when it has none to take over.
 osg::NodeCorePtr qxGltfNodes::sharedCore(int index)
 {
     const qxGltfExtras extras(index, m_model.node(index), m_model.warnings);
-    const std::optional<std::string> name = extras.text(qxGltfKeys::sharesCoreOf);
-    if (!name)
+    if (!extras.has(qxGltfKeys::sharesCoreOf))
         return osg::NodeCorePtr();
-    const auto owner = m_switches.find(*name);
-    if (owner == m_switches.end()) {
-        warn(index,
-             qxFileText::tr("there is no switch \"%1\" to share")
-                 .arg(QString::fromStdString(*name)));
+    QString called;
+    int owner = -1;
+    if (extras.isNumber(qxGltfKeys::sharesCoreOf)) {
+        const int stated = extras.integer(qxGltfKeys::sharesCoreOf).value_or(-1);
+        called = QString::number(stated);
+        owner = ownsCore(stated) ? stated : -1;
+    } else if (const std::optional<std::string> name = extras.text(qxGltfKeys::sharesCoreOf)) {
+        called = '"' + QString::fromStdString(*name) + '"';
+        const auto first = m_switches.find(name->c_str());
+        owner = first == m_switches.end() ? -1 : first->second;
+    } else {
         return osg::NodeCorePtr();
     }
-    return node(owner->second)->getCore();
+    if (owner < 0)
+        warn(index, qxFileText::tr("there is no switch %1 to share").arg(called));
+    return owner < 0 ? osg::NodeCorePtr() : node(owner)->getCore();
 }
 
 /// Gives clones their core, puts above a node what it has no place for, and groups what has
@@ -266,9 +275,7 @@ void qxGltfNodes::share(int index)
 {
     Made &made = m_made[std::size_t(index)];
     const osg::NodePtr node = made.node.get();
-    const bool owner = node->getCore() != osg::NullFC
-        && m_scene.origin.coreOwners.count(node->getCore().getFieldContainerId()) > 0;
-    const osg::NodeCorePtr shared = owner ? osg::NodeCorePtr() : sharedCore(index);
+    const osg::NodeCorePtr shared = ownsCore(index) ? osg::NodeCorePtr() : sharedCore(index);
     if (shared != osg::NullFC)
         setCore(node, shared);
     else if (node->getCore() == osg::NullFC && !made.overlay)

@@ -46,6 +46,7 @@ private:
     static void hidePart(const osg::NodePtr &part, bool isAll);
     osg::NodeCorePtr ownCore(int index, qxGltfExtras &extras);
     osg::NodeCorePtr lightCore(int index, const qxGltfExtras &extras);
+    bool ownsCore(int index) const;
     osg::NodeCorePtr sharedCore(int index);
     void setPoses(int index, const osg::NodePtr &node, qxGltfExtras &extras);
     void warn(int index, const QString &text);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -89,8 +90,6 @@ void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeSt
                listJson);
     writeExtra(node, qxGltfKeys::transformChoice, before.transformChoice, after.transformChoice,
                optionalJson<int>);
-    writeExtra(node, qxGltfKeys::sharesCoreOf, before.sharesCoreOf, after.sharesCoreOf,
-               optionalJson<std::string>);
     // Whether a node is shown may have been taken from its hidden parts.
     if (before.visible != after.visible || before.hiddenParts != after.hiddenParts)
         qxGltfSetExtra(node, qxGltfKeys::hiddenParts,
@@ -130,6 +129,10 @@ std::vector<int> fileIndices(const qxGltfState &state)
 
 qxJson qxGltfNumber(float number)
 {
+    if (!std::isfinite(number)) {
+        const float largest = std::numeric_limits<float>::max();
+        return qxGltfNumber(std::isnan(number) ? 0 : std::copysign(largest, number));
+    }
     char text[32];
     const std::to_chars_result end = std::to_chars(text, text + sizeof(text), number);
     double shortest = number;
@@ -169,21 +172,23 @@ void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value)
 {
     const auto extras = node.find("extras");
     const bool holdsEntries = extras != node.end() && extras->is_object();
-    if (value.is_null()) {
-        if (holdsEntries && extras->erase(key) > 0 && extras->empty())
-            node.erase("extras");
+    if (!value.is_null()) {
+        if (extras != node.end() && !holdsEntries)
+            *extras = qxJson{{qxGltfKeys::otherExtras, qxJson(*extras)}};
+        node["extras"][key] = value;
         return;
     }
-    if (extras != node.end() && !holdsEntries)
-        throw qxGltfError(
-            qxFileText::tr("\"%1\" cannot be written: the extras of \"%2\" are no object")
-                .arg(key, QString::fromStdString(node.value("name", std::string()))));
-    node["extras"][key] = value;
+    if (!holdsEntries || extras->erase(key) == 0)
+        return;
+    if (extras->empty())
+        node.erase("extras");
+    else if (extras->size() == 1 && extras->contains(qxGltfKeys::otherExtras))
+        *extras = qxJson((*extras)[qxGltfKeys::otherExtras]);
 }
 
 qxGltfPatch::qxGltfPatch(qxJson &json, const qxGltfState &before, const qxGltfState &after)
-    : m_json(json), m_before(before), m_after(after), m_indicesBefore(fileIndices(before)),
-      m_indices(fileIndices(after))
+    : m_json(json), m_before(before), m_after(after), m_ownersBefore(before.owners()),
+      m_owners(after.owners()), m_indicesBefore(fileIndices(before)), m_indices(fileIndices(after))
 {
     for (std::size_t i = 0; i < before.nodes.size(); ++i)
         m_known[before.nodes[i].index] = i;
@@ -195,6 +200,7 @@ void qxGltfPatch::write(const std::vector<int> &meshes, int scene)
     releaseLiveChildren();
     for (std::size_t i = 0; i < m_after.nodes.size(); ++i)
         writeNode(i, meshes[i]);
+    removeUnmeantMarks();
     writeScene(scene);
 }
 
@@ -218,6 +224,7 @@ void qxGltfPatch::releaseLiveChildren()
     for (const int index : m_indicesBefore) {
         if (live[std::size_t(index)])
             continue;
+        m_hasLeft = true;
         qxJson &node = m_json["nodes"][std::size_t(index)];
         qxJson left = qxJson::array();
         for (const qxJson &child : qxGltfMember(node, "children")) {
@@ -263,8 +270,37 @@ void qxGltfPatch::writeNode(std::size_t position, int mesh)
     if (children != indicesOf(before.children, m_indicesBefore))
         setMember(node(), "children", children);
     writeExtras(node(), before, after);
+    writeSharing(node(), before, after);
     if (!(before.light == after.light))
         qxGltfWriteLight(m_json, node(), after.light ? &*after.light : nullptr);
+}
+
+/// A clone names the node whose core it shares, or tells its place in the list of nodes where that
+/// name means another one. What named nothing must not begin to name something.
+void qxGltfPatch::writeSharing(qxJson &node, const qxGltfNodeState &before,
+                               const qxGltfNodeState &after)
+{
+    const auto ownerJson = [](const qxGltfState &state, const auto &owners, int owner, int index) {
+        const std::optional<std::string> &name = state.nodes[std::size_t(owner)].name;
+        return name && owners.at(*name) == owner ? qxJson(*name) : qxJson(index);
+    };
+    const qxJson &stated = qxGltfMember(qxGltfMember(node, "extras"), qxGltfKeys::sharesCoreOf);
+    if (!after.sharesCoreOf) {
+        const bool owns = after.switchChoice || after.transformChoice;
+        const bool names = stated.is_string() && m_owners.count(stated.get<std::string>()) > 0;
+        if (before.sharesCoreOf || (!owns && names))
+            qxGltfSetExtra(node, qxGltfKeys::sharesCoreOf, qxJson());
+        return;
+    }
+    const int index = m_indices[std::size_t(*after.sharesCoreOf)];
+    const qxJson now = ownerJson(m_after, m_owners, *after.sharesCoreOf, index);
+    if (before.sharesCoreOf) {
+        const int indexBefore = m_indicesBefore[std::size_t(*before.sharesCoreOf)];
+        if (index == indexBefore
+            && now == ownerJson(m_before, m_ownersBefore, *before.sharesCoreOf, indexBefore))
+            return;
+    }
+    qxGltfSetExtra(node, qxGltfKeys::sharesCoreOf, now);
 }
 
 void qxGltfPatch::writeVisibility(qxJson &node, bool visible)
@@ -283,11 +319,75 @@ void qxGltfPatch::writeVisibility(qxJson &node, bool visible)
         qxGltfEraseExtension(node, name);
 }
 
+/// What the file marks as overlay or environment although it cannot be one where it stood must not
+/// become one because it, or what is around it, changed.
+void qxGltfPatch::removeUnmeantMarks()
+{
+    struct Open {
+        int position;
+        int parent;
+        bool inOverlay;
+    };
+    std::vector<Open> open;
+    bool hasEnvironment = false;
+    const auto openAll = [&open](const std::vector<int> &positions, int parent, bool inOverlay) {
+        for (auto position = positions.rbegin(); position != positions.rend(); ++position)
+            open.push_back({*position, parent, inOverlay});
+    };
+    openAll(m_after.roots, -1, false);
+    QStringList warnings;
+    while (!open.empty()) {
+        const Open next = open.back();
+        open.pop_back();
+        const qxGltfNodeState &state = m_after.nodes[std::size_t(next.position)];
+        const int index = m_indices[std::size_t(next.position)];
+        qxJson &nodes = m_json["nodes"];
+        qxJson &node = nodes[std::size_t(index)];
+        const qxGltfExtras extras(index, node, warnings);
+        const bool isCounted =
+            next.parent >= 0 && qxGltfCountsChildren(nodes[std::size_t(next.parent)]);
+        if (!state.overlayLayer && (next.inOverlay || !isCounted)
+            && extras.flag(qxGltfKeys::overlay, false))
+            qxGltfSetExtra(node, qxGltfKeys::overlay, qxJson());
+        const bool inOverlay = next.inOverlay || state.overlayLayer;
+        if (!state.environment && !hasEnvironment && !inOverlay && !isCounted
+            && extras.has(qxGltfKeys::switchChoice) && extras.flag(qxGltfKeys::environment, false))
+            qxGltfSetExtra(node, qxGltfKeys::environment, qxJson());
+        hasEnvironment = hasEnvironment || state.environment;
+        openAll(state.children, index, inOverlay);
+    }
+}
+
+/// Scenes list no node that has a parent: what moved below another node leaves all of them.
+void qxGltfPatch::takeChildrenFromScenes()
+{
+    std::vector<bool> isChild(qxGltfSection(m_json, "nodes").size(), false);
+    for (const qxGltfNodeState &node : m_after.nodes) {
+        for (const int child : node.children)
+            isChild[std::size_t(m_indices[std::size_t(child)])] = true;
+    }
+    if (qxGltfSection(m_json, "scenes").empty())
+        return;
+    for (qxJson &scene : m_json["scenes"]) {
+        qxJson left = qxJson::array();
+        const qxJson &listed = qxGltfMember(scene, "nodes");
+        for (const qxJson &node : listed) {
+            if (!isChild[node.get<std::size_t>()])
+                left.push_back(node);
+        }
+        if (left.size() != listed.size())
+            setMember(scene, "nodes", left.empty() ? qxJson() : left);
+    }
+}
+
 void qxGltfPatch::writeScene(int scene)
 {
     const qxJson roots = indicesOf(m_after.roots, m_indices);
-    if (roots == indicesOf(m_before.roots, m_indicesBefore))
+    // Without a scene every node without a parent is a root, also one that left.
+    const bool rootsFollow = scene >= 0 || !m_hasLeft;
+    if (rootsFollow && roots == indicesOf(m_before.roots, m_indicesBefore))
         return;
+    takeChildrenFromScenes();
     if (scene < 0) {
         m_json["scene"] = 0;
         m_json["scenes"] = qxJson::array({qxJson::object()});

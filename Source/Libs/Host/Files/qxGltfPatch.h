@@ -19,6 +19,9 @@ private:
     void releaseLiveChildren();
     void writeNode(std::size_t position, int mesh);
     void writeVisibility(qxJson &node, bool visible);
+    void writeSharing(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeState &after);
+    void removeUnmeantMarks();
+    void takeChildrenFromScenes();
     void writeScene(int scene);
     const qxGltfNodeState &stateBefore(int index) const;
     qxJson indicesOf(const std::vector<int> &positions, const std::vector<int> &indices) const;
@@ -26,12 +29,16 @@ private:
     qxJson &m_json;
     const qxGltfState &m_before;
     const qxGltfState &m_after;
+    const std::unordered_map<std::string, int> m_ownersBefore; ///< see qxGltfState::owners
+    const std::unordered_map<std::string, int> m_owners;
     std::unordered_map<int, std::size_t> m_known; ///< position in `before` by index in the file
     std::vector<int> m_indicesBefore;
     std::vector<int> m_indices; ///< in the file, of all nodes of `after`
+    bool m_hasLeft = false; ///< whether nodes of `before` are gone
 };
 
-/// The number as JSON: its shortest decimal form that reads back exactly.
+/// The number as JSON: its shortest decimal form that reads back exactly. What is no finite number
+/// becomes 0, or the largest one.
 qxJson qxGltfNumber(float number);
 qxJson qxGltfNumberList(const float *begin, std::size_t count);
 /// Notes that the file uses the extension.
@@ -39,5 +46,5 @@ void qxGltfUseExtension(qxJson &document, const char *extension);
 /// Takes the extension out of an object.
 void qxGltfEraseExtension(qxJson &object, const char *extension);
 /// Puts `value` under `key` of the node's extras, or takes the entry out when it is null.
-/// Throws qxGltfError when the node's extras are something that holds no entries.
+/// Extras that hold no entries, such as a text, become an entry until ours are gone.
 void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value);

@@ -59,19 +59,17 @@ void qxGltfScene::build(qxGltfModel &model)
     mapped = switchMaterials.mapped();
     qxGltfNodes nodes(model, *this);
     nodes.build();
-    cameras = qxGltfCameras(model, nodes);
+    cameras = qxGltfCameras(model, nodes, origin);
     clips = clipsOf(model.document.json);
 }
 
 void qxGltfScene::show() const
 {
-    const osg::MaterialPoolPtr pool = qxScenegraph::getMaterialPool();
+    const osg::MaterialPoolPtr materialPool = qxScenegraph::getMaterialPool();
     {
-        const osg::CPEditor edit(pool, osg::MaterialPool::MaterialsFieldMask);
-        for (const qxGltfMaterialRef &material : materials)
-            pool->add(material.get());
-        for (const osg::SwitchMaterialRefPtr &material : switches)
-            pool->add(material.get());
+        const osg::CPEditor edit(materialPool, osg::MaterialPool::MaterialsFieldMask);
+        for (const qxGltfMaterialRef &material : pool)
+            materialPool->add(material.get());
     }
     addChildren(qxScenegraph::getRoot(), roots);
     addChildren(qxOverlays::getPoolRoot(), overlays);

@@ -30,6 +30,8 @@ struct qxGltfOrigin {
         moved; ///< the topmost nodes of overlays, and the environment
     std::unordered_map<osg::UInt32, Part> geometries;
     std::unordered_map<osg::UInt32, int> materials; ///< -1 for that of primitives without one
+    std::string defaultName; ///< of that one
+    std::vector<int> viewpoints; ///< the node of each that the file has
     /// The node whose `extras` describe a switch core or a transform-switch core.
     std::unordered_map<osg::UInt32, int> coreOwners;
 };
@@ -38,6 +40,7 @@ struct qxGltfOrigin {
 struct qxGltfScene {
     std::vector<qxGltfMaterialRef> materials;
     std::vector<osg::SwitchMaterialRefPtr> switches;
+    std::vector<qxGltfMaterialRef> pool; ///< those that the scene's pool gets, in its order
     qxGltfSwitchUse mapped; ///< how the switch materials are as long as the file need not list them
     std::vector<qxSceneVariant> variants;
     std::vector<qxGltfMeshParts> meshes;

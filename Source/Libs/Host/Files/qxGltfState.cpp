@@ -130,11 +130,15 @@ void Describer::describe(const Open &open, std::vector<Open> &rest)
         rest.push_back({*child, position});
 }
 
-/// The one of the nodes with this core whose entry describes it: the one of the file when it is
-/// still there, else the first.
+/// The one of the nodes with this core whose entry describes it: the environment, which cannot be a
+/// clone, else the one of the file when it is still there, else the first.
 int Describer::ownerOf(const std::vector<int> &sharers, osg::UInt32 core) const
 {
     const auto stated = m_origin.coreOwners.find(core);
+    for (const int position : sharers) {
+        if (m_state.nodes[std::size_t(position)].environment)
+            return position;
+    }
     for (const int position : sharers) {
         if (stated != m_origin.coreOwners.end()
             && m_state.nodes[std::size_t(position)].index == stated->second)
@@ -151,7 +155,7 @@ void Describer::findSharers()
             if (position == owner)
                 continue;
             qxGltfNodeState &clone = m_state.nodes[std::size_t(position)];
-            clone.sharesCoreOf = m_state.nodes[std::size_t(owner)].name.value_or("");
+            clone.sharesCoreOf = owner;
             clone.switchChoice.reset();
             clone.transformChoice.reset();
             clone.transformStates.clear();
@@ -230,24 +234,19 @@ qxGltfState qxGltfState::of(const std::vector<osg::NodePtr> &roots,
     return state;
 }
 
-// Clones name the owner of their core: the first switch of that name must be that owner.
-void qxGltfState::checkSharedNames() const
+std::unordered_map<std::string, int> qxGltfState::owners() const
 {
-    std::unordered_map<std::string, osg::UInt32> firstCores;
-    for (const qxGltfNodeState &state : nodes) {
-        if ((state.switchChoice || state.transformChoice) && state.name)
-            firstCores.emplace(*state.name, state.node->getCore().getFieldContainerId());
+    std::unordered_map<std::string, int> first;
+    std::vector<int> open(roots.rbegin(), roots.rend());
+    while (!open.empty()) {
+        const int position = open.back();
+        open.pop_back();
+        const qxGltfNodeState &node = nodes[std::size_t(position)];
+        if ((node.switchChoice || node.transformChoice) && node.name)
+            first.emplace(*node.name, position);
+        open.insert(open.end(), node.children.rbegin(), node.children.rend());
     }
-    for (const qxGltfNodeState &state : nodes) {
-        if (!state.sharesCoreOf)
-            continue;
-        const auto found = firstCores.find(*state.sharesCoreOf);
-        if (found == firstCores.end()
-            || found->second != state.node->getCore().getFieldContainerId())
-            throw qxGltfError(
-                qxFileText::tr("%1 shares the switch of a node without a name of its own")
-                    .arg(qxGltfCalled(state.node)));
-    }
+    return first;
 }
 
 QString qxGltfCalled(const osg::NodePtr &node)

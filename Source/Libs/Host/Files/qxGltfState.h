@@ -34,7 +34,7 @@ struct qxGltfNodeState {
     std::optional<int> switchChoice;
     std::optional<int> transformChoice;
     std::vector<float> transformStates; ///< ten per state
-    std::optional<std::string> sharesCoreOf;
+    std::optional<int> sharesCoreOf; ///< position in qxGltfState::nodes of the owner of the core
     qxGltfPoses poses;
     std::optional<qxGltfLight> light;
     bool lightOn = true;
@@ -57,8 +57,9 @@ struct qxGltfState {
     static qxGltfState of(const std::vector<osg::NodePtr> &roots,
                           const std::vector<osg::NodePtr> &overlays,
                           const osg::NodePtr &environment, const qxGltfOrigin &origin);
-    /// Throws qxGltfError when a clone cannot be told by the name of the node whose core it shares.
-    void checkSharedNames() const;
+    /// The positions of the nodes that a file means by a name when it tells whose core is shared:
+    /// the first switch or transform switch of each name, in the order of the file.
+    std::unordered_map<std::string, int> owners() const;
 };
 
 /// How messages call a node of the scene graph.

@@ -13,6 +13,7 @@
 namespace {
 
 const int _notMapped = -2;
+const int _deepest = 200; ///< of switch materials in each other, as of the file's JSON
 /// What a variant shows in a switch material, as an entry of a set.
 const qint64 _bytesPerChoice = 1500;
 
@@ -47,6 +48,12 @@ bool isMapped(const std::vector<int> &mapping)
                        [](int material) { return material != _notMapped; });
 }
 
+osg::MaterialPtr firstOf(const osg::SwitchMaterialPtr &material)
+{
+    const bool hasNone = material == osg::NullFC || material->getMFMaterials()->empty();
+    return hasNone ? osg::MaterialPtr() : material->getMaterial(0);
+}
+
 QString textOf(const osg::MaterialPtr &material)
 {
     return QString::fromStdString(qxMaterials::getName(material));
@@ -75,6 +82,7 @@ void qxGltfSwitchMaterials::build()
         for (std::size_t i = 0; i < m_scene.meshes[mesh].size(); ++i)
             assign(mesh, i);
     }
+    orderPool();
     describeVariants();
 }
 
@@ -84,7 +92,8 @@ osg::MaterialPtr qxGltfSwitchMaterials::material(int index)
 {
     if (index < 0 && m_default == osg::NullFC) {
         m_default = qxGltfDefaultMaterial();
-        osg::setName(m_default.get(), m_names.unique("Default Material"));
+        m_scene.origin.defaultName = m_names.unique(qxGltfDefaultName);
+        osg::setName(m_default.get(), m_scene.origin.defaultName);
         m_scene.origin.materials[m_default.get().getFieldContainerId()] = -1;
     }
     const osg::MaterialPtr material =
@@ -94,51 +103,116 @@ osg::MaterialPtr qxGltfSwitchMaterials::material(int index)
     return material;
 }
 
-osg::SwitchMaterialPtr qxGltfSwitchMaterials::make(const std::string &name,
-                                                   const std::vector<int> &materials,
-                                                   osg::UInt32 choice)
+osg::SwitchMaterialRefPtr
+qxGltfSwitchMaterials::make(const std::string &name, const std::vector<osg::MaterialPtr> &materials,
+                            osg::UInt32 choice)
 {
-    const osg::SwitchMaterialPtr made = osg::SwitchMaterial::create();
-    m_scene.switches.emplace_back(made);
-    osg::setName(made, name);
-    const osg::CPEditor edit(made);
-    for (const int index : materials)
-        made->addMaterial(material(index));
+    const osg::SwitchMaterialRefPtr made(osg::SwitchMaterial::create());
+    osg::setName(made.get(), name);
+    const osg::CPEditor edit(made.get());
+    for (const osg::MaterialPtr &each : materials)
+        made->addMaterial(each);
     made->setChoice(choice);
     return made;
 }
 
 void qxGltfSwitchMaterials::makeListed()
 {
-    const qxJson &list =
+    const qxJson &stated =
         qxGltfMember(qxGltfMember(m_model.document.json, "extras"), qxGltfKeys::switchMaterials);
-    for (const qxJson &entry : list.is_array() ? list : qxJson::array()) {
-        const QString called = qxGltfCalled("switch material", int(m_listed.size()), entry);
-        m_listed.push_back(makeListed(entry, called));
+    const qxJson &list = stated.is_array() ? stated : qxJson::array();
+    m_listed.resize(list.size());
+    for (std::size_t i = 0; i < list.size(); ++i)
+        listed(list, int(i), 0);
+    for (const Listed &each : m_listed) {
+        if (each.material != osg::NullFC)
+            m_scene.switches.push_back(each.material);
     }
 }
 
-osg::SwitchMaterialPtr qxGltfSwitchMaterials::makeListed(const qxJson &entry, const QString &called)
+/// The switch material of that entry, which is made when it is asked for first; null when it cannot
+/// be used, also because it contains itself.
+osg::MaterialPtr qxGltfSwitchMaterials::listed(const qxJson &list, int index, int depth)
 {
-    const qxJson &name = qxGltfMember(entry, "name");
-    const qxJson &list = qxGltfMember(entry, "materials");
-    const qxJson &choice = qxGltfMember(entry, "choice");
-    std::vector<int> materials;
-    for (const qxJson &value : list.is_array() ? list : qxJson::array()) {
-        const int index = indexBelow(value, m_scene.materials.size());
-        if (index < 0 && value != -1) {
-            materials.clear();
-            break;
-        }
-        materials.push_back(index);
+    Listed &entry = m_listed[std::size_t(index)];
+    if (entry.isOpen || depth > _deepest)
+        return osg::MaterialPtr();
+    if (!entry.isMade) {
+        entry.isOpen = true;
+        entry.material = makeListed(list, index, depth);
+        entry.isOpen = false;
+        entry.isMade = true;
+        if (entry.material == osg::NullFC)
+            m_model.warnings << qxFileText::tr("%1: cannot be used")
+                                    .arg(qxGltfCalled("switch material", index,
+                                                      list[std::size_t(index)]));
     }
-    if (materials.empty() || !name.is_string()) {
-        m_model.warnings << qxFileText::tr("%1: cannot be used").arg(called);
-        return osg::SwitchMaterialPtr();
+    return entry.material.get();
+}
+
+osg::SwitchMaterialRefPtr qxGltfSwitchMaterials::makeListed(const qxJson &list, int index,
+                                                            int depth)
+{
+    const qxJson &entry = list[std::size_t(index)];
+    const qxJson &name = qxGltfMember(entry, "name");
+    const qxJson &choice = qxGltfMember(entry, "choice");
+    const qxJson &contents = qxGltfMember(entry, "materials");
+    if (!contents.is_array() || !name.is_string())
+        return osg::SwitchMaterialRefPtr();
+    const auto isPlace = [this](const qxJson &value) {
+        return value == -1 || indexBelow(value, m_scene.materials.size()) >= 0;
+    };
+    std::vector<osg::MaterialPtr> materials;
+    for (const qxJson &value : contents) {
+        const int nested = indexBelow(qxGltfMember(value, qxGltfKeys::switchMaterial), list.size());
+        if (nested < 0 && !isPlace(value))
+            return osg::SwitchMaterialRefPtr();
+        materials.push_back(nested < 0 ? material(value.get<int>())
+                                       : listed(list, nested, depth + 1));
+        if (materials.back() == osg::NullFC)
+            return osg::SwitchMaterialRefPtr();
     }
     m_names.take(name.get<std::string>());
     return make(name.get<std::string>(), materials,
                 choice.is_number_unsigned() ? choice.get<osg::UInt32>() : 0);
+}
+
+/// The material at a place of the list qxMaterialPool, null when there is none.
+osg::MaterialPtr qxGltfSwitchMaterials::pooled(const qxJson &place) const
+{
+    const int plain = indexBelow(place, m_scene.materials.size());
+    if (plain >= 0)
+        return m_scene.materials[std::size_t(plain)].get();
+    const int choices =
+        indexBelow(qxGltfMember(place, qxGltfKeys::switchMaterial), m_listed.size());
+    return choices < 0 ? osg::MaterialPtr() : m_listed[std::size_t(choices)].material.get();
+}
+
+/// The pool holds all materials and then all switch materials, unless the file says otherwise. It
+/// cannot say so of those that its mappings make: they come last.
+void qxGltfSwitchMaterials::orderPool()
+{
+    const qxJson &list =
+        qxGltfMember(qxGltfMember(m_model.document.json, "extras"), qxGltfKeys::materialPool);
+    std::vector<qxGltfMaterialRef> stated;
+    std::set<osg::UInt32> seen;
+    for (const qxJson &place : list.is_array() ? list : qxJson::array()) {
+        const osg::MaterialPtr material = pooled(place);
+        if (material != osg::NullFC && seen.insert(material.getFieldContainerId()).second)
+            stated.emplace_back(material);
+    }
+    const bool isUsable = list.is_array() && stated.size() == list.size();
+    if (!list.is_null() && !isUsable)
+        m_model.warnings << qxFileText::tr("%1: cannot be used").arg(qxGltfKeys::materialPool);
+    m_scene.pool = isUsable ? stated : m_scene.materials;
+    const auto isListed = [this](const osg::SwitchMaterialRefPtr &material) {
+        return std::any_of(m_listed.begin(), m_listed.end(),
+                           [&material](const Listed &each) { return each.material == material; });
+    };
+    for (const osg::SwitchMaterialRefPtr &material : m_scene.switches) {
+        if (!isUsable || !isListed(material))
+            m_scene.pool.emplace_back(osg::MaterialPtr(material.get()));
+    }
 }
 
 qxGltfSwitchMaterials::Mapping qxGltfSwitchMaterials::mappingOf(const qxJson &primitive,
@@ -172,7 +246,11 @@ osg::SwitchMaterialPtr qxGltfSwitchMaterials::switchFor(const Mapping &mapping)
     osg::SwitchMaterialPtr &found = m_mapped[mapping];
     if (found == osg::NullFC) {
         const std::string base = qxMaterials::getName(material(mapping[0]));
-        found = make(m_names.unique(base + " Switch"), materialsOf(mapping), 0);
+        std::vector<osg::MaterialPtr> materials;
+        for (const int index : materialsOf(mapping))
+            materials.push_back(material(index));
+        m_scene.switches.push_back(make(m_names.unique(base + " Switch"), materials, 0));
+        found = m_scene.switches.back().get();
     }
     return found;
 }
@@ -184,7 +262,7 @@ bool qxGltfSwitchMaterials::isListed(const qxJson &primitive, osg::SwitchMateria
         qxGltfMember(qxGltfMember(primitive, "extras"), qxGltfKeys::switchMaterial);
     const int listed = indexBelow(stated, m_listed.size());
     if (listed >= 0)
-        shown = m_listed[std::size_t(listed)];
+        shown = m_listed[std::size_t(listed)].material.get();
     return shown != osg::NullFC || stated == -1;
 }
 
@@ -229,9 +307,11 @@ qxGltfSwitchUse qxGltfSwitchMaterials::mapped()
             osg::SwitchMaterialPtr listed;
             if (geometry == osg::NullFC || !isMapped(mapping))
                 continue;
-            if (isListed(parts[i], listed) && listed != osg::NullFC)
-                mapping[0] =
-                    m_scene.origin.materials.at(listed->getMaterial(0).getFieldContainerId());
+            if (isListed(parts[i], listed) && firstOf(listed) != osg::NullFC) {
+                const auto known =
+                    m_scene.origin.materials.find(firstOf(listed).getFieldContainerId());
+                mapping[0] = known == m_scene.origin.materials.end() ? mapping[0] : known->second;
+            }
             use.addGeometry(geometry.getFieldContainerId(), switchFor(mapping));
         }
     }
@@ -261,8 +341,8 @@ void qxGltfSwitchMaterials::describeVariants()
         for (const auto &use : m_uses) {
             const int mapped = use.second[variant + 1];
             const osg::MaterialPtr shown =
-                mapped == _notMapped ? use.first->getMaterial(0) : material(mapped);
-            if (use.first->hasMaterial(shown))
+                mapped == _notMapped ? firstOf(use.first) : material(mapped);
+            if (shown != osg::NullFC && use.first->hasMaterial(shown))
                 m_scene.variants[variant].materials.push_back({textOf(use.first), textOf(shown)});
         }
     }

@@ -24,15 +24,26 @@ private:
     /// and then that of each variant, which is -2 for a variant that is not mapped.
     typedef std::vector<int> Mapping;
 
+    /// An entry of the list of switch materials, and what became of it.
+    struct Listed {
+        bool isOpen = false; ///< while what it contains is made
+        bool isMade = false;
+        osg::SwitchMaterialRefPtr material; ///< null when it cannot be used
+    };
+
     void makeListed();
-    osg::SwitchMaterialPtr makeListed(const qxJson &entry, const QString &called);
+    osg::MaterialPtr listed(const qxJson &list, int index, int depth);
+    osg::SwitchMaterialRefPtr makeListed(const qxJson &list, int index, int depth);
+    void orderPool();
+    osg::MaterialPtr pooled(const qxJson &place) const;
     void assign(std::size_t mesh, std::size_t primitive);
     void takeNames();
     bool isListed(const qxJson &primitive, osg::SwitchMaterialPtr &shown) const;
     Mapping mappingOf(const qxJson &primitive, const QString &called);
     osg::SwitchMaterialPtr switchFor(const Mapping &mapping);
-    osg::SwitchMaterialPtr make(const std::string &name, const std::vector<int> &materials,
-                                osg::UInt32 choice);
+    static osg::SwitchMaterialRefPtr make(const std::string &name,
+                                          const std::vector<osg::MaterialPtr> &materials,
+                                          osg::UInt32 choice);
     osg::MaterialPtr material(int index);
     void nameVariants();
     void describeVariants();
@@ -41,7 +52,7 @@ private:
     qxGltfScene &m_scene;
     qxGltfNames m_names; ///< of materials
     qxGltfMaterialRef m_default; ///< made when something shows it
-    std::vector<osg::SwitchMaterialPtr> m_listed; ///< null for entries that cannot be used
+    std::vector<Listed> m_listed;
     std::map<Mapping, osg::SwitchMaterialPtr> m_mapped;
     std::vector<std::pair<osg::SwitchMaterialPtr, Mapping>> m_uses; ///< by first use
     std::unordered_map<osg::UInt32, std::size_t> m_useOf; ///< by the id of the switch material

@@ -38,15 +38,14 @@ bool qxGltfSwitchState::operator==(const qxGltfSwitchState &other) const
 
 void qxGltfSwitchUse::add(const osg::SwitchMaterialPtr &material)
 {
-    if (!material->getMFMaterials()->empty()
-        && m_known.emplace(material.getFieldContainerId(), int(states.size())).second)
+    if (m_known.emplace(material.getFieldContainerId(), int(states.size())).second)
         states.push_back(qxGltfSwitchState::of(material));
 }
 
 void qxGltfSwitchUse::addGeometry(osg::UInt32 geometry, const osg::MaterialPtr &material)
 {
     const osg::SwitchMaterialPtr choices = switchOf(material);
-    if (choices == osg::NullFC || choices->getMFMaterials()->empty())
+    if (choices == osg::NullFC)
         return;
     add(choices);
     shownBy[geometry] = m_known[choices.getFieldContainerId()];
@@ -64,12 +63,25 @@ qxGltfSwitchUse qxGltfSwitchUse::of(const qxGltfState &state, const qxGltfOrigin
     qxScenegraph::getMaterialPool()->get(pool);
     for (const osg::MaterialPtr &material : pool) {
         const osg::SwitchMaterialPtr choices = switchOf(material);
-        if (choices != osg::NullFC)
+        if (choices != osg::NullFC && !qxMaterials::getName(material).empty())
             use.add(choices);
     }
     for (const qxGltfNodeState &node : state.nodes) {
         for (const osg::UInt32 part : node.mesh)
             use.addGeometry(part, state.geometries.at(part)->getMaterial());
+    }
+    for (std::size_t i = 0; i < use.states.size(); ++i) { // which grows
+        const std::vector<osg::MaterialPtr> contents = use.states[i].contents;
+        for (const osg::MaterialPtr &each : contents) {
+            const osg::SwitchMaterialPtr choices = switchOf(each);
+            if (choices != osg::NullFC)
+                use.add(choices);
+        }
+    }
+    for (const osg::MaterialPtr &material : pool) {
+        const osg::UInt32 id = material.getFieldContainerId();
+        if (switchOf(material) == osg::NullFC || use.m_known.count(id) > 0)
+            use.pool.push_back(id);
     }
     for (const auto &part : origin.geometries) {
         const auto known = use.m_known.find(part.second.switchMaterial);

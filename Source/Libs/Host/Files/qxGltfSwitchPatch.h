@@ -28,15 +28,17 @@ struct qxGltfSwitchState {
 struct qxGltfSwitchUse {
     std::vector<qxGltfSwitchState> states;
     std::unordered_map<osg::UInt32, int> shownBy;
+    std::vector<osg::UInt32> pool; ///< ids of what is in the scene's material pool
 
-    /// Those of the scene's material pool, and behind them those that only geometries have. One
-    /// that contains nothing shows nothing and is left out. What the file holds without showing it
-    /// has the one that it was loaded with.
+    /// Those of the scene's material pool, and behind them those that only geometries have, and
+    /// those that are only contained in others. One without a name that nothing shows cannot be
+    /// found and is left out. What the file holds without showing it has the one
+    /// that it was loaded with.
     static qxGltfSwitchUse of(const qxGltfState &state, const qxGltfOrigin &origin);
     void add(const osg::SwitchMaterialPtr &material);
     /// Takes note that the geometry shows the material, if that is a switch material.
     void addGeometry(osg::UInt32 geometry, const osg::MaterialPtr &material);
-    /// Whether a file has the same to say about both.
+    /// Whether a file has the same to say about the switch materials and who shows them.
     bool operator==(const qxGltfSwitchUse &other) const;
 
 private:

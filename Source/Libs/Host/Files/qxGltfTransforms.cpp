@@ -1,5 +1,6 @@
 #include "Files/qxGltfTransforms.h"
 
+#include "Files/qxGltfExtras.h"
 #include "Files/qxTinyGltf.h"
 
 #include <OpenSG/OSGTransform.h>
@@ -21,8 +22,7 @@ osg::Quaternion rotationOf(const std::vector<double> &values)
     osg::Quaternion rotation;
     const auto isZero = [](double value) { return float(value) == 0.0f; };
     if (values.size() == 4 && !std::all_of(values.begin(), values.end(), isZero))
-        rotation.setValueAsQuat(float(values[0]), float(values[1]), float(values[2]),
-                                float(values[3]));
+        rotation = qxGltfRotation(std::vector<float>(values.begin(), values.end()).data());
     return rotation;
 }
 

@@ -175,7 +175,6 @@ qxJson qxSceneFile::Content::edited() const
     const qxGltfState after =
         qxGltfState::of(childrenOf(qxScenegraph::getRoot()), childrenOf(qxOverlays::getPoolRoot()),
                         qxScenegraph::environmentGeometrySwitch(), origin);
-    after.checkSharedNames();
     qxGltfMaterialPatch materialPatch(json, origin, materials);
     materialPatch.writePool();
     const qxGltfSwitchUse use = qxGltfSwitchUse::of(after, origin);
@@ -184,7 +183,10 @@ qxJson qxSceneFile::Content::edited() const
     const std::vector<int> meshes = qxGltfMeshPatch(json, origin, materialPatch).write(after);
     materialPatch.settleNames();
     qxGltfPatch(json, before, after).write(meshes, scene);
+    qxGltfKeepViewpoints(json, origin, after);
     qxGltfAddViewpoints(json, scene, viewpoints);
+    if (qxGltfSection(document.json, "scenes").empty() && !qxGltfSection(json, "scenes").empty())
+        qxGltfSetExtra(json, qxGltfKeys::variants, qxJson()); // a scene holds it from now on
     if (variants != variantsIn(json, scene)) {
         qxGltfSetExtra(variantsHolder(json, scene), qxGltfKeys::variants,
                        variants.isEmpty() ? qxJson() : qxJson(variants.toStdString()));

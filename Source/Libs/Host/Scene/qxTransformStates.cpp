@@ -91,6 +91,11 @@ void qxTransformStates::setPose(const osg::ComponentTransformPtr &transform,
     osg::Vec3f scale;
     osg::Quaternion scaleOrientation;
     pose.getTransform(translation, rotation, scale, scaleOrientation);
+    osg::Matrix together;
+    together.setTransform(translation, rotation, scale, scaleOrientation);
+    if (!std::all_of(together.getValues(), together.getValues() + 16,
+                     [](osg::Real32 number) { return std::isfinite(number); }))
+        return;
 
     typedef osg::ComponentTransform Fields;
     const osg::CPEditor edit(transform,

@@ -31,5 +31,6 @@ public:
     static bool isInSelected(const osg::NodePtr &node);
 
     /// Puts translation, rotation, scale and what belongs to them in place of the transform's own.
+    /// A pose that cannot be taken apart, because its numbers are too large, moves nothing.
     static void setPose(const osg::ComponentTransformPtr &transform, const osg::Matrix &pose);
 };

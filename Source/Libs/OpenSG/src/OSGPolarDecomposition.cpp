@@ -64,7 +64,7 @@ Square operator*(const Square &a, const Square &b)
 /// inverse transposed, over and over.
 Square nearestOrthogonal(Square m)
 {
-    for (int step = 0; step < 50; ++step) {
+    for (int step = 0; step < 600; ++step) {
         const Square minors = m.cofactors();
         const double determinant = m.determinant();
         double change = 0;

@@ -1,0 +1,237 @@
+#include "qxVariantGroup.h"
+#include "qxVariantSet.h"
+#include "qxVariantTable.h"
+#include "qxVariantWriter.h"
+#include "qxVariants.h"
+
+#include "Capture/qxAmbiguousNodes.h"
+#include "Program.h"
+#include "RandomScene.h"
+#include "Scene/qxTransformStates.h"
+#include "ShownScene.h"
+#include "TestScene.h"
+#include "qxMaterials.h"
+#include "qxSession.h"
+
+#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+#include <QDir>
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+/// Changes the opened scene as people do through variants, and as other parts of a host do.
+class RandomEdits {
+public:
+    /// `mayMove`: whether nodes may leave their parents, which is nothing that people can do here.
+    /// `isImported`: whether the variants are those of the file, which are made anew with the names
+    /// that its materials have then.
+    RandomEdits(RandomChoices &random, bool mayMove, bool isImported)
+        : m_random(random), m_mayMove(mayMove), m_isImported(isImported)
+    {
+    }
+
+    void make(unsigned count)
+    {
+        for (; count > 0; --count)
+            make();
+    }
+
+private:
+    typedef void (RandomEdits::*Edit)();
+
+    void make()
+    {
+        const Edit edit = m_random.of<Edit>({&RandomEdits::selectSet, &RandomEdits::selectState,
+                                             &RandomEdits::selectState, &RandomEdits::selectState,
+                                             &RandomEdits::createVariants, &RandomEdits::capture,
+                                             &RandomEdits::editNode, &RandomEdits::editNode,
+                                             &RandomEdits::addNodes, &RandomEdits::editMaterial});
+        (this->*edit)();
+    }
+    void selectSet()
+    {
+        if (!qxVariants::_variantSets.empty())
+            qxVariants::selectVariantSet(
+                qxVariants::_variantSets[any(qxVariants::_variantSets.size())]
+                    ->name.toUtf8()
+                    .constData(),
+                false);
+    }
+    void selectState()
+    {
+        const QList<qxVariantRow> rows = qxVariantTable::all();
+        if (rows.isEmpty())
+            return;
+        qxVariant *const variant = rows[int(any(std::size_t(rows.size())))].variant;
+        if (!variant->options.empty())
+            variant->onSelect(
+                variant->options[int(any(std::size_t(variant->options.size())))].name);
+    }
+    void createVariants()
+    {
+        const osg::NodePtr node = anyNode();
+        if (!osg::getName(node))
+            return;
+        qxVariants::createNodeVariant(node, false);
+        if (qxNodeUtils::hasTransformVariants(node))
+            qxVariants::createTransformVariant(node, false);
+        std::vector<osg::MaterialPtr> pool;
+        qxScenegraph::getMaterialPool()->get(pool);
+        if (!pool.empty())
+            qxVariants::createMaterialVariant(pool[any(pool.size())], false);
+    }
+    void capture()
+    {
+        qxAmbiguousNodes ambiguous;
+        if (!ambiguous.isEmpty())
+            ambiguous.rename();
+        qxVariants::createAndCaptureVariantSet(m_random.of({"Captured", "A", "B"}), "Group");
+    }
+    void editNode()
+    {
+        const TestNode node(anyNode());
+        switch (m_random.below(5)) {
+        case 0:
+            node.setMask(node.mask() == 0 ? 0xFFFFFFFF : 0);
+            break;
+        case 1:
+            qxNodeUtils::setName(node, m_random.name(), m_random.percent(50),
+                                 qxScenegraph::getRoot());
+            break;
+        case 2:
+            qxTransformStates::select(node, int(m_random.below(3)));
+            break;
+        case 3:
+            if (m_mayMove && isInTree(node) && m_random.percent(50))
+                node.remove();
+            break;
+        default:
+            const TestNode parent(anyNode());
+            if (m_mayMove && isInTree(node) && !qxIsBelow(parent, node))
+                node.moveTo(parent);
+        }
+    }
+    void addNodes()
+    {
+        const osg::NodePtr parent = anyNode();
+        switch (m_random.below(5)) {
+        case 0:
+            m_scene.addSwitch(m_random.name(), {m_random.name(), m_random.name()}, parent)
+                .choose(int(m_random.below(4)) - 2);
+            break;
+        case 1:
+            m_scene.addTransformSwitch(m_random.name(), 2, parent).choose(1);
+            break;
+        case 2:
+            m_scene.addClone(anyNode(), qxScenegraph::getRoot());
+            break;
+        case 3:
+            m_scene.addLight(m_random.name(), parent);
+            break;
+        default:
+            m_scene.addViewpoint(m_random.name(), 3);
+        }
+    }
+    void editMaterial()
+    {
+        std::vector<osg::MaterialPtr> pool;
+        qxScenegraph::getMaterialPool()->get(pool);
+        if (pool.empty())
+            return;
+        const osg::MaterialPtr material = pool[any(pool.size())];
+        const bool isSwitch = osg::SwitchMaterialPtr::dcast(material) != osg::NullFC;
+        if (isSwitch)
+            TestMaterial(material).choose(m_random.below(4));
+        else if (!m_isImported && m_random.percent(50))
+            qxMaterials::setName(material, ("My " + m_random.name()).c_str(), false);
+        else if (!qxMaterials::getName(material).empty())
+            m_scene.addSwitchMaterial(m_random.name(), {qxMaterials::getName(material)});
+    }
+
+    std::size_t any(std::size_t count) { return m_random.below(unsigned(count)); }
+    osg::NodePtr anyNode()
+    {
+        std::vector<qxNodePtr> nodes = qxNodeUtils::getSceneNodes();
+        const auto isPart = [](const qxNodePtr &node) {
+            return osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC;
+        };
+        nodes.erase(std::remove_if(nodes.begin(), nodes.end(), isPart), nodes.end());
+        return nodes[any(nodes.size())];
+    }
+    static bool isInTree(const TestNode &node) { return node.node()->getParent() != osg::NullFC; }
+    static bool qxIsBelow(osg::NodePtr node, const osg::NodePtr &top)
+    {
+        for (; node != osg::NullFC; node = node->getParent()) {
+            if (node == top)
+                return true;
+        }
+        return false;
+    }
+
+    RandomChoices &m_random;
+    const bool m_mayMove;
+    const bool m_isImported;
+    TestScene m_scene;
+};
+
+} // namespace
+
+/// Scenes that are saved and opened again.
+class SavedStatesTest : public testing::Test, protected TestFolder {
+protected:
+    void checkSeed(unsigned seed);
+
+    std::unique_ptr<qxSession> session = std::make_unique<qxSession>();
+};
+
+void SavedStatesTest::checkSeed(unsigned seed)
+{
+    RandomChoices random(seed);
+    const bool isExternal = random.percent(20);
+    const QString place = path(QString::number(seed));
+    QDir().mkpath(place + "/other");
+    if (isExternal)
+        write(QString::number(seed) + "/data.bin", randomSceneData());
+    const QByteArray text = QByteArray::fromStdString(randomScene(random, isExternal).dump());
+    const QString first = write(QString::number(seed) + "/a.gltf", text);
+    SCOPED_TRACE("made: " + text.toStdString());
+    ASSERT_TRUE(session->open(first)) << session->failure().toStdString();
+    const unsigned edits = random.percent(30) ? 0 : 1 + random.below(6);
+    // A node that no longer is in the scene takes its camera along.
+    RandomEdits(random, !text.contains("\"camera\""), !session->file().materialVariants().empty())
+        .make(edits);
+    const std::string shown = shownScene();
+    const QByteArray document = qxVariantWriter().write();
+    const QString saved = place + random.of({"/a.gltf", "/b.gltf", "/b.glb", "/other/c.gltf"});
+    ASSERT_TRUE(session->save(saved)) << session->failure().toStdString();
+    EXPECT_EQ(shownScene(), shown) << "saving changes nothing";
+    if (edits == 0 && session->isEmpty() && saved.endsWith(".gltf")) {
+        EXPECT_EQ(bytesOf(saved), text);
+    }
+    const QByteArray bytes = bytesOf(saved);
+    SCOPED_TRACE("saved: " + bytes.toStdString());
+    ASSERT_TRUE(session->open(saved)) << session->failure().toStdString();
+    EXPECT_EQ(shownScene(), shown);
+    EXPECT_EQ(qxVariantWriter().write(), document);
+    ASSERT_TRUE(session->save(saved)) << session->failure().toStdString();
+    EXPECT_EQ(bytesOf(saved), bytes);
+    if (!HasFailure())
+        QDir(place).removeRecursively();
+}
+
+TEST_F(SavedStatesTest, WhatASceneShowsIsShownAgainAfterSavingAndLoading)
+{
+    const QStringList range = qEnvironmentVariable("QX_SEEDS", "1:300").split(':');
+    const unsigned begin = range.first().toUInt();
+    for (unsigned seed = begin; seed < begin + range.last().toUInt(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        checkSeed(seed);
+        if (HasFailure())
+            return;
+    }
+}
