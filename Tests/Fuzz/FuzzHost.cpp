@@ -47,10 +47,10 @@ extern "C" const char *__asan_default_options()
 }
 #endif
 
-void FuzzHost::start()
+qxHost &FuzzHost::start()
 {
     if (host)
-        return;
+        return *host;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qSetGlobalQHashSeed(0); // an input does the same each time
     static int count = 1;
@@ -61,6 +61,7 @@ void FuzzHost::start()
     qxScriptRunner::setEnabled(false);
     qxLog::addListener(
         [](qxLog::Level level, const std::string &) { errors += level == qxLog::Error; });
+    return *host;
 }
 
 void FuzzHost::clear()

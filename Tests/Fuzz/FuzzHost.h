@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+class qxHost;
 class qxSceneFile;
 
 /// What a target runs on: one host for all inputs of the process. Scripts are left out, because
@@ -10,7 +11,7 @@ class qxSceneFile;
 namespace FuzzHost {
 
 /// Starts the host with the first call.
-void start();
+qxHost &start();
 /// Empties scene and registry.
 void clear();
 
