@@ -46,8 +46,11 @@ function(qx_library name)
         foreach(library IN LISTS arg_HOST_LINK)
             target_link_libraries(${name} PRIVATE $<LINK_ONLY:${library}>)
         endforeach()
-        # A shared library that misses a definition fails here, not when it is loaded.
-        target_link_options(${name} PRIVATE $<$<BOOL:${arg_SHARED}>:LINKER:--no-undefined>)
+        # A shared library that misses a definition fails here, not when it is loaded. With clang's
+        # sanitizers the program defines what they add.
+        if(arg_SHARED AND NOT QX_FUZZ)
+            target_link_options(${name} PRIVATE LINKER:--no-undefined)
+        endif()
         if(arg_SHARED)
             install(TARGETS ${name} LIBRARY DESTINATION lib)
         endif()

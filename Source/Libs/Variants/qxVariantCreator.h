@@ -12,6 +12,10 @@ struct qxFirstArgument<Result (Class::*)(Argument)> {
 };
 typedef qxFirstArgument<decltype(&osg::GraphOp::traverse)>::type qxGraphOpNode;
 
+// `traverse` stands in for that of the base, which takes a reference.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+
 /// What the graph operations that create variants have in common: they take no parameters, visit
 /// the whole sub-tree, also below nodes that gave a variant, and never fail.
 ///
@@ -34,3 +38,5 @@ protected:
     /// Whether the node is a switch that has something to choose from.
     static bool isSwitchWithChildren(const osg::NodePtr &node);
 };
+
+#pragma GCC diagnostic pop

@@ -130,7 +130,7 @@ struct qxContour::Sheet {
 
 qxContour::qxContour(const qxRenderGroup &group, const qxRenderClipping &clipping,
                      const qxRenderCamera &camera, int width, int height)
-    : m_width(width), m_height(height)
+    : m_width(width)
 {
     if (!clipping.hasContour())
         return;

@@ -21,6 +21,5 @@ private:
     struct Sheet;
 
     int m_width;
-    int m_height;
     std::vector<Pixel> m_pixels;
 };

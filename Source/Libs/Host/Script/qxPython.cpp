@@ -53,8 +53,7 @@ boost::python::object qxPythonObject(const std::string &text)
 
 PyObject *qxPythonCompile(const std::string &text, const std::string &fileName, int start)
 {
-    PyCompilerFlags flags = _PyCompilerFlags_INIT;
-    flags.cf_flags = PyCF_SOURCE_IS_UTF8 | PyCF_IGNORE_COOKIE;
+    PyCompilerFlags flags{PyCF_SOURCE_IS_UTF8 | PyCF_IGNORE_COOKIE, PY_MINOR_VERSION};
     return Py_CompileStringFlags(withoutMark(text).c_str(), fileName.c_str(), start, &flags);
 }
 

@@ -38,24 +38,35 @@ OSG_GEO_DESC(GeoPLengthsUI32, GeoPLengths, MFUInt32, GL_UNSIGNED_INT, 1)
 OSG_GEO_DESC(GeoPLengthsUI16, GeoPLengths, MFUInt16, GL_UNSIGNED_SHORT, 1)
 OSG_GEO_DESC(GeoPLengthsUI8, GeoPLengths, MFUInt8, GL_UNSIGNED_BYTE, 1)
 
-// The library holds their code.
-extern template class AbstractGeoProperty<GeoPositionsKind>;
-extern template class AbstractGeoProperty<GeoNormalsKind>;
-extern template class AbstractGeoProperty<GeoColorsKind>;
-extern template class AbstractGeoProperty<GeoTexCoordsKind>;
-extern template class AbstractGeoProperty<GeoIndicesKind>;
-extern template class AbstractGeoProperty<GeoPTypesKind>;
-extern template class AbstractGeoProperty<GeoPLengthsKind>;
-extern template class GeoProperty<GeoPositions3fDesc>;
-extern template class GeoProperty<GeoNormals3fDesc>;
-extern template class GeoProperty<GeoColors3fDesc>;
-extern template class GeoProperty<GeoColors4fDesc>;
-extern template class GeoProperty<GeoTexCoords2fDesc>;
-extern template class GeoProperty<GeoIndicesUI32Desc>;
-extern template class GeoProperty<GeoIndicesUI16Desc>;
-extern template class GeoProperty<GeoPTypesUI8Desc>;
-extern template class GeoProperty<GeoPLengthsUI32Desc>;
-extern template class GeoProperty<GeoPLengthsUI16Desc>;
-extern template class GeoProperty<GeoPLengthsUI8Desc>;
+// The library holds their types and their code.
+#define OSG_GEO_KIND_EXTERN(NAME) \
+    template <> \
+    FieldContainerType NAME::_type; \
+    extern template class AbstractGeoProperty<NAME##Kind>;
+#define OSG_GEO_FORMAT_EXTERN(NAME) \
+    template <> \
+    FieldDescription *NAME::_desc[1]; \
+    template <> \
+    FieldContainerType NAME::_type; \
+    extern template class GeoProperty<NAME##Desc>;
+
+OSG_GEO_KIND_EXTERN(GeoPositions)
+OSG_GEO_KIND_EXTERN(GeoNormals)
+OSG_GEO_KIND_EXTERN(GeoColors)
+OSG_GEO_KIND_EXTERN(GeoTexCoords)
+OSG_GEO_KIND_EXTERN(GeoIndices)
+OSG_GEO_KIND_EXTERN(GeoPTypes)
+OSG_GEO_KIND_EXTERN(GeoPLengths)
+OSG_GEO_FORMAT_EXTERN(GeoPositions3f)
+OSG_GEO_FORMAT_EXTERN(GeoNormals3f)
+OSG_GEO_FORMAT_EXTERN(GeoColors3f)
+OSG_GEO_FORMAT_EXTERN(GeoColors4f)
+OSG_GEO_FORMAT_EXTERN(GeoTexCoords2f)
+OSG_GEO_FORMAT_EXTERN(GeoIndicesUI32)
+OSG_GEO_FORMAT_EXTERN(GeoIndicesUI16)
+OSG_GEO_FORMAT_EXTERN(GeoPTypesUI8)
+OSG_GEO_FORMAT_EXTERN(GeoPLengthsUI32)
+OSG_GEO_FORMAT_EXTERN(GeoPLengthsUI16)
+OSG_GEO_FORMAT_EXTERN(GeoPLengthsUI8)
 
 } // namespace osg

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QMap>
+#include <QPair>
+#include <QStringList>
+
+#include <array>
+#include <vector>
+
+/// A variant as plain data. Options are names with their shortcuts behind a tab.
+struct qxPlainVariant {
+    QString name;
+    QString base; ///< the name of what it drives
+    QString standard;
+    QStringList options;
+
+    bool operator==(const qxPlainVariant &other) const;
+};
+
+/// A set as plain data, with references by the kind of the variant.
+struct qxPlainSet {
+    typedef QPair<QString, QString> Reference; ///< variant and state
+
+    QString name;
+    QString comment;
+    QString hotkey;
+    std::array<std::vector<Reference>, 5> references;
+    QStringList viewpoints;
+    QStringList animations;
+    QMap<QString, QString> values;
+
+    bool operator==(const qxPlainSet &other) const;
+};
+
+/// A group as plain data.
+struct qxPlainGroup {
+    QString name;
+    QString comment;
+    bool visible = true;
+    QStringList sets;
+
+    bool operator==(const qxPlainGroup &other) const;
+};
+
+/// What the registry should hold: a model without its look-ups, announcements and pointers.
+struct qxPlainRegistry {
+    std::array<std::vector<qxPlainVariant>, 5> variants;
+    std::vector<qxPlainSet> sets;
+    std::vector<qxPlainGroup> groups;
+
+    /// What the module holds now.
+    static qxPlainRegistry ofModule();
+
+    bool operator==(const qxPlainRegistry &other) const;
+    /// The first line in which the two differ, for people; empty when they are equal.
+    QString difference(const qxPlainRegistry &actual) const;
+
+    /// Groups with their sets, then the other sets: in that order a document holds them.
+    void orderAsDocument();
+};
+
+/// The first one of that name, or the end.
+template <class List>
+auto qxPlainFind(List &list, const QString &name)
+{
+    auto found = list.begin();
+    while (found != list.end() && (name.isEmpty() || found->name != name))
+        ++found;
+    return found;
+}

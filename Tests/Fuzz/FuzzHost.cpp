@@ -1,0 +1,146 @@
+#include "FuzzHost.h"
+
+#include "qxVariantReader.h"
+
+#include "Core/qxHost.h"
+#include "Files/qxSceneFile.h"
+#include "Script/qxScriptRunner.h"
+#include "TestScene.h"
+#include "qxLog.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTextCodec>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+int errors = 0;
+
+/// Left to the end of the process: what else runs then may still need it.
+qxHost *host = nullptr;
+
+const QTemporaryDir &folder()
+{
+    static const QTemporaryDir made;
+    return made;
+}
+
+bool isText(const QByteArray &bytes)
+{
+    QTextCodec::ConverterState state;
+    QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+    return state.invalidChars == 0 && state.remainingChars == 0 && !bytes.contains('\0');
+}
+
+} // namespace
+
+#ifdef QX_FUZZ
+/// Most of the time would go into freed memory that is kept aside, and into stacks of allocations.
+extern "C" const char *__asan_default_options()
+{
+    return "detect_leaks=0:quarantine_size_mb=8:malloc_context_size=3:max_malloc_fill_size=64";
+}
+#endif
+
+qxHost &FuzzHost::start()
+{
+    if (host)
+        return *host;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qSetGlobalQHashSeed(0); // an input does the same each time
+    static int count = 1;
+    static char name[] = "fuzz";
+    static char *arguments[] = {name, nullptr};
+    new QApplication(count, arguments);
+    host = new qxHost;
+    qxScriptRunner::setEnabled(false);
+    qxLog::addListener(
+        [](qxLog::Level level, const std::string &) { errors += level == qxLog::Error; });
+    return *host;
+}
+
+void FuzzHost::clear()
+{
+    host->clearScene();
+}
+
+QString FuzzHost::path(const QString &name)
+{
+    return folder().filePath(name);
+}
+
+QString FuzzHost::write(const QString &name, const QByteArray &bytes)
+{
+    QFile file(path(name));
+    require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(),
+            "no place for files");
+    return file.fileName();
+}
+
+QByteArray FuzzHost::read(const QString &path)
+{
+    QFile file(path);
+    require(file.open(QIODevice::ReadOnly), "no such file");
+    return file.readAll();
+}
+
+bool FuzzHost::show(qxSceneFile &file, const QString &path)
+{
+    return file.load(path, [](qxSceneFile::Step next) {
+        if (next == qxSceneFile::Showing)
+            clear();
+    });
+}
+
+bool FuzzHost::open(qxSceneFile &file, const QString &path)
+{
+    return show(file, path) && readDocument(file.variantsDocument());
+}
+
+bool FuzzHost::readDocument(const QByteArray &document)
+{
+    if (document.isEmpty())
+        return true;
+    const int before = errors;
+    if (!isText(document))
+        return false;
+    qxVariantReader().read(document.constData());
+    return errors == before;
+}
+
+// Built, not read: reading a file takes longer than what is done with most documents.
+void FuzzHost::showWorkshop()
+{
+    clear();
+    TestScene scene;
+    scene.addClone(scene.addSwitch("WheelSwitch", {"Steel", "Alloy"}));
+    scene.addTransformSwitch("Lid", 2);
+    scene.addPoses("DoorNode", {"Shut", "Open"});
+    scene.addLight("LampNode");
+    scene.addSwitchMaterial("PaintSwitch", {"Red", "Blue"});
+    scene.addGeometry("Body", scene.material("PaintSwitch"));
+    scene.addMaterialGroup("Shell", scene.material("Red"));
+    scene.addOverlaySwitch("LogoOverlay", {"Page 1"});
+    scene.addEnvironments("Sky", {"Day"});
+    scene.addViewpoint("Front");
+    scene.addViewpoint("Back", 1);
+    scene.setClips({"Spin", "Blink"});
+}
+
+void FuzzHost::require(bool holds, const char *what)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "finding: %s\n", what);
+    std::abort();
+}
+
+unsigned FuzzHost::choiceOf(const QByteArray &input)
+{
+    return qHash(input, 0);
+}
