@@ -40,6 +40,7 @@ extern const qxCommand optimize;
 extern const qxCommand lint;
 extern const qxCommand runScript;
 extern const qxCommand python;
+extern const qxCommand trust;
 extern const qxCommand render;
 extern const qxCommand previews;
 extern const qxCommand catalogue;
@@ -66,7 +67,8 @@ int unknown(const QString &name);
 QCommandLineOption jsonOption();
 QCommandLineOption saveOption();
 QCommandLineOption traceOption();
-/// For the commands that select sets; what it asks for is done before the command runs.
+/// For the commands that select sets; what they ask for is done before the command runs.
+QCommandLineOption scriptsOption();
 QCommandLineOption noScriptsOption();
 
 /// What a command ends with whose own work is done, but for scripts of sets: they may have failed

@@ -120,6 +120,7 @@ void qxSession::close()
     m_failure.clear();
     m_imported.clear();
     m_host.clearScene();
+    m_scripts.clear();
     m_file = std::make_unique<qxSceneFile>();
 }
 
@@ -132,6 +133,7 @@ bool qxSession::openScene(const QString &path, const qxSceneFile::Watcher &watch
             return;
         m_imported.clear();
         m_host.clearScene();
+        m_scripts.clear();
     };
     if (m_file->load(path, step)) {
         logWarnings(*m_file);
@@ -151,9 +153,30 @@ bool qxSession::readDocument(const QByteArray &xml)
     }
     const qxErrorCount count;
     qxVariantReader().read(xml.constData());
+    takeScripts();
     if (count.errors() == 0)
         return true;
     return fail(QCoreApplication::translate("qxSession", "the variants document cannot be read"));
+}
+
+/// Until somebody has said that they may, the file's scripts do not run.
+void qxSession::takeScripts()
+{
+    m_scripts.take();
+    if (!m_scripts.flaw().isEmpty())
+        qxOutput::error(
+            QCoreApplication::translate("qxSession", "no script of the file is trusted: %1")
+                .arg(m_scripts.flaw()));
+}
+
+void qxSession::rememberScripts(const QString &path)
+{
+    const QString reason = m_scripts.rememberOwn(path);
+    if (!reason.isEmpty())
+        qxOutput::error(
+            QCoreApplication::translate(
+                "qxSession", "the scripts saved to %1 will have to be trusted there: %2")
+                .arg(path, reason));
 }
 
 bool qxSession::fail(const QString &reason)
@@ -180,6 +203,7 @@ bool qxSession::save(const QString &path)
             m_file->setVariantsDocument(document);
     }
     if (m_file->save(path)) {
+        rememberScripts(path);
         logWarnings(*m_file);
         return true;
     }

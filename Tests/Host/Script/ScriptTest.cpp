@@ -165,11 +165,11 @@ TEST_F(ScriptTest, ListenersHearEveryTextBeforeItRunsWithItsOriginAndWhetherItIs
     qxScript::executeNUS("done.append(2)", true);
     qxScript::run(nullptr);
     qxScript::executeNUS(nullptr, false);
-    qxScriptRunner::setEnabled(false);
+    qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
     qxScriptRunner::run("done.append(3)", "given.py");
     qxScript::run("done.append(4)");
     qxScript::executeNUS("done.append(5)", false);
-    qxScriptRunner::setEnabled(true);
+    qxScriptRunner::setAllowed(qxScriptRunner::Trusted);
     qxScript::run("done.append(6)");
     qxScriptRunner::removeListener(listener);
     qxScript::run("done.append(7)");
