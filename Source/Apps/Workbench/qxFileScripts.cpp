@@ -91,8 +91,7 @@ QString qxFileScripts::rememberOwn(const QString &file) const
     qxScriptTrust::Scripts own;
     for (const qxVariantSet *set : qxVariants::_variantSets) {
         const std::string text = textOf(*set);
-        if (!text.empty() && m_texts.count(text) == 0
-            && trust.of(text) == qxScriptTrust::Undecided)
+        if (!text.empty() && m_texts.count(text) == 0 && trust.of(text) == qxScriptTrust::Undecided)
             own.emplace(text, noteOn(file, set->name));
     }
     return own.empty() ? QString() : qxScriptTrust::remember(own, qxScriptTrust::Trusted);

@@ -164,19 +164,16 @@ void qxSession::takeScripts()
 {
     m_scripts.take();
     if (!m_scripts.flaw().isEmpty())
-        qxOutput::error(
-            QCoreApplication::translate("qxSession", "no script of the file is trusted: %1")
-                .arg(m_scripts.flaw()));
+        qxLog::warning("No script of the file is trusted: %s",
+                       m_scripts.flaw().toUtf8().constData());
 }
 
 void qxSession::rememberScripts(const QString &path)
 {
     const QString reason = m_scripts.rememberOwn(path);
     if (!reason.isEmpty())
-        qxOutput::error(
-            QCoreApplication::translate(
-                "qxSession", "the scripts saved to %1 will have to be trusted there: %2")
-                .arg(path, reason));
+        qxLog::warning("The scripts saved to %s will have to be trusted when it is opened: %s",
+                       path.toUtf8().constData(), reason.toUtf8().constData());
 }
 
 bool qxSession::fail(const QString &reason)

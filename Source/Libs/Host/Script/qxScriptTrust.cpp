@@ -45,8 +45,7 @@ bool makeFolder(const QString &folder)
     if (QFileInfo(folder).isDir())
         return true;
     return QDir().mkpath(folder)
-        && QFile::setPermissions(
-               folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        && QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 } // namespace
@@ -117,7 +116,8 @@ QString qxScriptTrust::remember(const Scripts &scripts, Decision decision)
 {
     const QString failure = text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 cannot be written: %2"));
     if (!makeFolder(QFileInfo(path()).path()))
-        return failure.arg(path(), text(QT_TRANSLATE_NOOP("qxScriptTrust", "its folder is missing")));
+        return failure.arg(path(),
+                           text(QT_TRANSLATE_NOOP("qxScriptTrust", "its folder is missing")));
     QLockFile lock(path() + QLatin1String(".lock"));
     if (!lock.tryLock(waiting))
         return failure.arg(path(), text(QT_TRANSLATE_NOOP("qxScriptTrust", "it is locked")));
