@@ -5,8 +5,10 @@ find_package(GTest 1.12 REQUIRED)
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
 # Every test runs, and is listed, without a display and with one locale. The rest of the environment,
-# QX_SCENES (a folder of real scenes) above all, reaches the test as it is when CTest runs.
+# QX_SCENES (a folder of real scenes) above all, reaches the test as it is when CTest runs. What the
+# programs remember of their user stays in the build, and that of tests with a folder in that one.
 set(QX_TEST_ENVIRONMENT env QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 UBSAN_OPTIONS=print_stacktrace=1
+    XDG_DATA_HOME=${PROJECT_BINARY_DIR}/test-data-home
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/Tools/leaks-of-others.txt:print_suppressions=0")
 
 set(QX_TEST_PATHS ${PROJECT_BINARY_DIR}/test-paths)

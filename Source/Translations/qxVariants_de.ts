@@ -650,12 +650,117 @@
         <source>Move the clipping plane, or look from another viewpoint.</source>
         <translation>Verschieben Sie die Schnittebene, oder wählen Sie einen anderen Ansichtspunkt.</translation>
     </message>
+    <message>
+        <source>Turn Left</source>
+        <translation>Nach links drehen</translation>
+    </message>
+    <message>
+        <source>Turn Right</source>
+        <translation>Nach rechts drehen</translation>
+    </message>
+    <message>
+        <source>Turn Up</source>
+        <translation>Nach oben drehen</translation>
+    </message>
+    <message>
+        <source>Turn Down</source>
+        <translation>Nach unten drehen</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Hineinzoomen</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Herauszoomen</translation>
+    </message>
+    <message>
+        <source>Show Everything</source>
+        <translation>Alles zeigen</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Grundstellung</translation>
+    </message>
 </context>
 <context>
     <name>qxScriptConsole</name>
     <message>
         <source>Python, such as: selectVariantSet(&quot;...&quot;)</source>
         <translation>Python, zum Beispiel: selectVariantSet(&quot;...&quot;)</translation>
+    </message>
+</context>
+<context>
+    <name>qxScriptTrust</name>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 is broken in line %2</source>
+        <translation>%1 ist in Zeile %2 unlesbar</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>its folder is missing</source>
+        <translation>der Ordner fehlt</translation>
+    </message>
+    <message>
+        <source>it is locked</source>
+        <translation>ein anderes Programm schreibt darin</translation>
+    </message>
+</context>
+<context>
+    <name>qxScriptsDialog</name>
+    <message>
+        <source>trusted</source>
+        <translation>vertraut</translation>
+    </message>
+    <message>
+        <source>never run</source>
+        <translation>läuft nie</translation>
+    </message>
+    <message>
+        <source>not run</source>
+        <translation>läuft nicht</translation>
+    </message>
+    <message>
+        <source>Scripts of &quot;%1&quot;</source>
+        <translation>Skripte von „%1“</translation>
+    </message>
+    <message>
+        <source>This file brings along scripts, which run when their sets are selected. A script can do all that you can: read, change and delete your files. Trust these only if you know where they come from. Until then the sets are selected without them.</source>
+        <translation>Diese Datei bringt Skripte mit, die laufen, wenn ihre Sets ausgewählt werden. Ein Skript kann alles, was Sie können: Ihre Dateien lesen, ändern und löschen. Vertrauen Sie diesen nur, wenn Sie wissen, woher sie kommen. Bis dahin werden die Sets ohne sie ausgewählt.</translation>
+    </message>
+    <message>
+        <source>&amp;Trust</source>
+        <translation>&amp;Vertrauen</translation>
+    </message>
+    <message>
+        <source>N&amp;ever</source>
+        <translation>&amp;Niemals</translation>
+    </message>
+    <message>
+        <source>&amp;Not Now</source>
+        <translation>&amp;Jetzt nicht</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Set</translation>
+    </message>
+    <message>
+        <source>Its Script</source>
+        <translation>Sein Skript</translation>
+    </message>
+    <message numerus="yes">
+        <source>... and %n more characters, which are not shown here</source>
+        <translation>
+            <numerusform>… und ein weiteres Zeichen, das hier nicht gezeigt wird</numerusform>
+            <numerusform>… und %n weitere Zeichen, die hier nicht gezeigt werden</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -892,12 +997,12 @@
         <translation>„%1“ hat diese Taste auch und geht vor.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; has this key, too, and comes first in the list of sets.</source>
-        <translation>„%1“ hat diese Taste auch und geht in der Liste der Sets vor.</translation>
-    </message>
-    <message>
         <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too; this set comes first.</source>
         <translation>Die Option „%1“ von „%2“ hat diese Taste auch; dieses Set geht vor.</translation>
+    </message>
+    <message>
+        <source>The key is taken by &quot;%1&quot; and does not select this set.</source>
+        <translation>Die Taste gehört „%1“ und wählt dieses Set nicht aus.</translation>
     </message>
 </context>
 <context>
@@ -950,6 +1055,17 @@
     <message>
         <source>Nothing has &quot;%1&quot; in it.</source>
         <translation>Nichts enthält „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>qxTakenKeys</name>
+    <message>
+        <source>the window</source>
+        <translation>das Fenster</translation>
+    </message>
+    <message>
+        <source>editing of text</source>
+        <translation>Bearbeiten von Text</translation>
     </message>
 </context>
 <context>
@@ -1384,6 +1500,30 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
     <message>
         <source>Save As...</source>
         <translation>Speichern unter …</translation>
+    </message>
+    <message>
+        <source>S&amp;cripts of This File...</source>
+        <translation>S&amp;kripte dieser Datei …</translation>
+    </message>
+    <message>
+        <source>Scripts of this file are not run. &quot;File &gt; Scripts of This File&quot; shows them.</source>
+        <translation>Skripte dieser Datei laufen nicht. „Datei &gt; Skripte dieser Datei“ zeigt sie.</translation>
+    </message>
+    <message>
+        <source>Scripts of This File</source>
+        <translation>Skripte dieser Datei</translation>
+    </message>
+    <message>
+        <source>No set has a script that came with a file.</source>
+        <translation>Kein Set hat ein Skript, das mit einer Datei kam.</translation>
+    </message>
+    <message>
+        <source>The decision holds for now, but cannot be remembered.</source>
+        <translation>Die Entscheidung gilt, kann aber nicht gemerkt werden.</translation>
+    </message>
+    <message>
+        <source>The script of &quot;%1&quot; was left out, as it is not trusted.</source>
+        <translation>Das Skript von „%1“ lief nicht, denn ihm wird nicht vertraut.</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>qxScriptsDialog</name>
+    <message numerus="yes">
+        <source>... and %n more characters, which are not shown here</source>
+        <translation>
+            <numerusform>... and one more character, which is not shown here</numerusform>
+            <numerusform>... and %n more characters, which are not shown here</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxSetEdits</name>
     <message numerus="yes">
         <source>Delete %n sets</source>

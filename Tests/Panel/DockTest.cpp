@@ -49,10 +49,46 @@ TEST_F(DockTest, AKeyIsForTheFieldOrListThatHasTheFocus)
     ASSERT_NE(editor, nullptr) << "a set is being renamed";
     EXPECT_EQ(wheels.choice(), 1);
     QTest::keyClick(editor, Qt::Key_Escape);
-    tree().setFocus();
-    press(tree(), Qt::Key_F2);
-    EXPECT_EQ(wheels.choice(), 0);
-    EXPECT_TRUE(qxSetHotkeys::conflictOf(set("Red"), window).contains("comes first in the list"));
+}
+
+TEST_F(DockTest, KeysThatTheWindowHasSelectNothing)
+{
+    const auto isTaken = [&](const QString &key, const QString &owner) {
+        giveKey(set("Blue"), qPrintable(key));
+        announce();
+        for (QAbstractItemView *view : sets.view()->findChildren<QAbstractItemView *>()) {
+            const auto &model = *static_cast<const qxSetsModel *>(view->model());
+            const QModelIndex row = model.indexOfSet("Blue");
+            EXPECT_EQ(row.data(qxSetsModel::KeyTakenRole).toBool(), !owner.isEmpty());
+            const QString tip =
+                QTextDocumentFragment::fromHtml(row.data(Qt::ToolTipRole).toString()).toPlainText();
+            EXPECT_EQ(tip.contains("taken by \"" + owner + '"'), !owner.isEmpty())
+                << tip.toStdString();
+        }
+        wheels.choose(0);
+        tree().setFocus();
+        const int code = QKeySequence(key)[0];
+        press(tree(), Qt::Key(code & ~Qt::KeyboardModifierMask),
+              Qt::KeyboardModifiers(code & Qt::KeyboardModifierMask));
+        EXPECT_EQ(wheels.choice(), owner.isEmpty() ? 1 : 0) << key.toStdString();
+    };
+    isTaken("Ctrl+L", "");
+    QMenu *const menu = window.menuBar()->addMenu("&Tools")->addMenu("More");
+    QAction &load = *menu->addAction("&Load");
+    load.setShortcut(QKeySequence("Ctrl+L"));
+    load.setEnabled(false);
+    QShortcut shortcut(QKeySequence("Ctrl+G, G"), &window);
+    QPushButton button("&Grow", &window);
+    isTaken("Ctrl+L", "Load");
+    isTaken("F2", "Rename"); // although it is for the list alone
+    isTaken("Alt+T", "Tools");
+    isTaken("Alt+K", "Key"); // a field of the form
+    isTaken("Alt+G", "Grow");
+    isTaken("Ctrl+G", "the window");
+    isTaken("Ctrl+V", "editing of text");
+    load.setShortcut(QKeySequence("Ctrl+J"));
+    settle();
+    isTaken("Ctrl+L", "");
 }
 
 TEST_F(DockTest, EnterSelectsTheHighlightedSetInTheListAsInTheGallery)

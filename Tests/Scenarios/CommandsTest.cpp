@@ -90,7 +90,7 @@ TEST_F(CommandsTest, StateShowsEveryVariantAndADashForWhatTheSceneLacks)
 
 TEST_F(CommandsTest, SelectTellsWhatEachSetChangedAndWhatItSkipped)
 {
-    EXPECT_EQ(done({"select", desk(), "Morning", "Evening"}).out,
+    EXPECT_EQ(done({"select", desk(), "Morning", "Evening", "--scripts"}).out,
               "Morning\n"
               "  Desk    Oak -> Glass\n"
               "  Lamp    shown -> hidden\n"
@@ -104,7 +104,8 @@ TEST_F(CommandsTest, SelectTellsWhatEachSetChangedAndWhatItSkipped)
               "  script     print(\"late\")\n"
               "  skipped    no node variant \"Shelf\"\n");
     // Staying where the camera is does not hold for the default viewpoint of a set.
-    EXPECT_EQ(done({"select", desk(), "--keep-camera", "Morning", "Evening", "--json"}).json(),
+    EXPECT_EQ(done({"select", desk(), "--keep-camera", "Morning", "Evening", "--scripts", "--json"})
+                  .json(),
               parsed(R"x([{"name": "Morning", "viewpoint": null, "changes": [
                   {"object": "Desk", "clones": 0, "from": "Oak", "to": "Glass"},
                   {"object": "Lamp", "clones": 0, "from": "shown", "to": "hidden"}],

@@ -182,7 +182,7 @@ TEST_F(PictureTest, ScriptsThatChangeSetsDoNotChangeTheCatalogue)
                      "createVariantSet('New'); removeVariantSet('stop : halt');"
                      "findVariantSet('Away').setName('Far')");
     write("signs.gltf", sceneWith("signs", scripted));
-    quick({"catalogue", file, "--out", made("catalogue")});
+    quick({"catalogue", file, "--scripts", "--out", made("catalogue")});
     const QByteArray html = bytesOf(path("catalogue/index.html"));
     EXPECT_EQ(textsIn(html, "h3"), (QStringList{"Stop / halt", "stop : halt", "Away"}));
     EXPECT_EQ(html.count("<img "), 1);

@@ -27,8 +27,8 @@ TEST_F(DocumentedScriptsTest, EveryExampleRunsAndPrintsWhatThePageSays)
     for (auto found = example.globalMatch(page); found.hasNext(); ++examples) {
         const QRegularExpressionMatch match = found.next();
         SCOPED_TRACE(match.captured(1).toStdString());
-        const ProgramRun run =
-            done({"run", "-", QStringLiteral(QX_DEMO_SCENE)}, match.captured(1).toUtf8());
+        const ProgramRun run = done({"run", "-", QStringLiteral(QX_DEMO_SCENE), "--scripts"},
+                                    match.captured(1).toUtf8());
         EXPECT_EQ(run.out, match.captured(2).toUtf8());
         EXPECT_FALSE(run.out.isEmpty());
         if (match.captured(1).contains("no_such_module"))
@@ -43,8 +43,9 @@ TEST_F(DocumentedScriptsTest, EveryExampleRunsAndPrintsWhatThePageSays)
 TEST_F(DocumentedScriptsTest, ScriptsOfTheDemoRunWithoutComplaint)
 {
     const QString demo = QStringLiteral(QX_DEMO_SCENE);
-    const ProgramRun run = done({"select", demo, "Without Skin", "Everything Open", "Cut-Away",
-                                 "Price List", "Show Day", "With Skin", "As Delivered", "--json"});
+    const ProgramRun run =
+        done({"select", demo, "Without Skin", "Everything Open", "Cut-Away", "Price List",
+              "Show Day", "With Skin", "As Delivered", "--json", "--scripts"});
     EXPECT_EQ(run.err,
               "Stadtwagen: 39 900 EUR\n"
               "Küstenstraße: 44 500 EUR\n"

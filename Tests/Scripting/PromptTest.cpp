@@ -109,7 +109,7 @@ private:
 TEST_F(PromptTest, StatementsRunInTheSceneThatTheEndOfInputSaves)
 {
     const QString saved = path("saved.gltf");
-    start({"python", desk(), "--save", saved});
+    start({"python", desk(), "--scripts", "--save", saved});
     shows("getVariantSets()[0]\n", "\n'Morning'\n");
     shows("selectVariantSet('Evening')\n", "\nlate\n");
     typed("for i in range(2):\n", "... ");

@@ -29,6 +29,7 @@ TEST_F(RunCommandTest, AScriptWorksOnTheSceneAndTheResultIsSaved)
                                  "sys.exit(0)\n"
                                  "print('left')\n");
     const QString saved = path("saved.gltf");
+    done({"trust", desk(), "--yes"});
     const ProgramRun run = done({"run", script, desk(), "--save", saved});
     EXPECT_EQ(run.out, "late\nMorning, Evening, Leer geräumt, Mittag\n");
 

@@ -29,25 +29,93 @@ protected:
     }
 };
 
-TEST_F(SetScriptsTest, ScriptsOfAFileRunOnlyWhenSelectedAndNotAtAllIfAsked)
+TEST_F(SetScriptsTest, ScriptsOfAFileRunOnlyWhenTheirSetIsSelectedAndTheyAreAllowedTo)
 {
-    const QString scene =
-        sceneWith({{"One", "\nprint('one')\nprint('more')"}, {"Zwö", "print(2)"}});
-    EXPECT_FALSE((done({"list", scene}).out + done({"state", scene}).out).contains("2"));
+    const QString proof = path("proof");
+    const QString scene = sceneWith({{"One", "\nopen('" + proof + "', 'w')\nprint('more')"}});
+    const QByteArray own = "selectVariantSet('One')\nprint('own')";
+    const QList<QStringList> commands = QList<QStringList>{{"select", scene, "One"}}
+        << picturing(scene) << QStringList{"run", "-", scene}
+        << QStringList{"render", scene, "--set", "One", "--size", "16x16", "--out", path("1.png")}
+        << QStringList{"list", scene} << QStringList{"state", scene} << QStringList{"lint", scene}
+        << QStringList{"verify", scene} << QStringList{"explain", scene, "One"};
+    const QByteArray line =
+        "workbench: left out the script of \"One\": open('" + proof.toUtf8() + "', 'w')\n";
+    const QByteArray advice = "workbench: scripts of a file run with --scripts, or once "
+                              "\"workbench trust FILE\" has made them trusted\n";
+    struct Case {
+        QStringList decision; ///< of the command "trust", if any
+        QStringList option;
+        QByteArrayList said;
+        bool isRun;
+    };
+    const QList<Case> cases = {{{}, {}, {line, advice}, false},
+                               {{}, {"--scripts"}, {}, true},
+                               {{"--yes"}, {}, {}, true},
+                               {{"--yes"}, {"--no-scripts"}, {line}, false},
+                               {{"--never"}, {}, {line, advice}, false},
+                               {{"--never"}, {"--scripts"}, {}, true},
+                               {{"--forget"}, {}, {line, advice}, false}};
+    for (const Case &each : cases) {
+        if (!each.decision.isEmpty()) {
+            EXPECT_TRUE(done(QStringList{"trust", scene} + each.decision).out.startsWith("One ("));
+        }
+        // What was decided is the same for all commands.
+        for (const QStringList &command : commands.mid(0, each.decision.isEmpty() ? -1 : 1)) {
+            SCOPED_TRACE((each.decision + command.mid(0, 1) + each.option).join(' ').toStdString());
+            const bool selects = commands.indexOf(command) < 6;
+            QFile::remove(proof);
+            const ProgramRun run =
+                workbench(command + (selects ? each.option : QStringList()), own);
+            EXPECT_EQ(run.code, command[0] == "lint" || command[0] == "verify" ? run.code : 0);
+            EXPECT_EQ(QFile::exists(proof), each.isRun && selects);
+            for (const QByteArray &text : {line, advice})
+                EXPECT_EQ(run.err.count(text), selects && each.said.contains(text) ? 1 : 0)
+                    << run.err.toStdString();
+        }
+    }
+    EXPECT_EQ(done({"select", scene, "One", "--no-scripts"}).out, "One\n  nothing changed\n");
+    exits(2, {"select", scene, "One", "--no-scripts", "--scripts"});
+    exits(2, {"trust", scene, "--yes", "--never"});
+}
 
-    const ProgramRun left = done({"select", scene, "One", "Zwö", "--no-scripts"});
-    EXPECT_EQ(left.out, "One\n  nothing changed\nZwö\n  nothing changed\n");
-    EXPECT_EQ(left.err,
-              "workbench: left out the script of \"One\": print('one')\n"
-              "workbench: left out the script of \"Zwö\": print(2)\n");
-    const ProgramRun own = done({"run", "-", scene, "--no-scripts"},
-                                "findVariantSet('One').setClippingState(2) # makes texts as well\n"
-                                "selectVariantSet('One')\nprint('own')\nselectVariantSet('Zwö')");
-    EXPECT_EQ(own.out, "own\n");
-    EXPECT_EQ(own.err, left.err);
-    for (const QStringList &command : picturing(scene)) {
-        const ProgramRun run = done(command + QStringList("--no-scripts"));
-        EXPECT_TRUE(run.err.contains(left.err.split('\n')[1])) << run.err.toStdString();
+TEST_F(SetScriptsTest, WhatOneWritesAndSavesIsTrustedAndWhatAFileBroughtIsNot)
+{
+    const QString scene = sceneWith({{"Theirs", "print('theirs')"}});
+    const QString saved = path("saved.gltf");
+    const QByteArray script = "mine = createVariantSet('Mine')\n"
+                              "mine.addScript('print(\"mine\")')\n"
+                              "theirs = findVariantSet('Theirs')\n"
+                              "createVariantSet('Copy').addScript(theirs.getScript())\n"
+                              "theirs.setName('Renamed')\n"
+                              "selectVariantSet('Mine')\nselectVariantSet('Copy')";
+    const QStringList select{"select", saved, "Mine", "Renamed", "Copy"};
+    const auto isSaved = [&](const QStringList &option, const QByteArray &printed) {
+        EXPECT_EQ(done(QStringList{"run", "-", scene, "--save", saved} + option, script).out,
+                  printed);
+        return done(select).err;
+    };
+    EXPECT_FALSE(isSaved({"--scripts"}, "mine\ntheirs\n").contains("\nmine\n"))
+        << "who knows which script wrote it";
+    const QByteArray said = isSaved({}, "mine\n");
+    EXPECT_TRUE(said.startsWith("mine\nworkbench: left out the script of \"Renamed\": "))
+        << said.toStdString();
+    EXPECT_EQ(said.count("left out"), 2) << said.toStdString();
+
+    const QString store = path("data-home/qxVariants/scripts-of-files");
+    const QByteArray kept = bytesOf(store);
+    EXPECT_TRUE(
+        kept.endsWith("\ntrusted 763c00876497a15a56d51898993d79fb8f8cd8dd0922a3f1c93f417c6b95"
+                      "cb4f saved.gltf: Mine\n"))
+        << kept.toStdString() << "the SHA-256 of what was written above";
+    EXPECT_EQ(QFile::permissions(store) & QFile::Permissions(0x0077), QFile::Permissions());
+    for (const QByteArray &broken : {kept + "trusted maybe\n", kept.left(kept.size() - 40)}) {
+        write("data-home/qxVariants/scripts-of-files", broken);
+        const ProgramRun run = done(select);
+        EXPECT_EQ(run.err.count("left out"), 3) << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains("scripts-of-files is broken in line "));
+        EXPECT_TRUE(failed({"trust", saved, "--yes"}).err.contains("is broken in line "));
+        EXPECT_EQ(bytesOf(store), broken);
     }
 }
 
@@ -55,7 +123,7 @@ TEST_F(SetScriptsTest, ASetThatAnEarlierScriptRemovedIsSkipped)
 {
     const QString scene = sceneWith({{"Axe", "removeVariantSet('Tree')\nremoveVariantSet('Axe')"},
                                      {"Tree", "print('still there')"}});
-    EXPECT_EQ(done({"select", scene, "Axe", "Tree", "--save", path("saved.gltf")}).out,
+    EXPECT_EQ(done({"select", scene, "Axe", "Tree", "--scripts", "--save", path("saved.gltf")}).out,
               "Axe\n"
               "  script  removeVariantSet('Tree')\n"
               "  script  removeVariantSet('Axe')\n"
@@ -71,8 +139,8 @@ TEST_F(SetScriptsTest, AScriptThatGoesAstraySpoilsTheResultButNoSelection)
                    {"Loops", "selectVariantSet('Loops')\nselectVariantSet('Loops')"},
                    {"Fine", "print('fine')"}});
     const QString out = path("out.gltf");
-    const ProgramRun run =
-        workbench({"select", scene, "Raises", "Loops", "Fine", "--save", out, "--trace"});
+    const ProgramRun run = workbench(
+        {"select", scene, "Raises", "Loops", "Fine", "--scripts", "--save", out, "--trace"});
     EXPECT_EQ(run.code, 1);
     EXPECT_TRUE(run.out.contains("Lamp    shown -> hidden")) << run.out.toStdString();
     EXPECT_EQ(run.err.count("\nfine\n"), 1) << run.err.toStdString();
@@ -84,7 +152,8 @@ TEST_F(SetScriptsTest, AScriptThatGoesAstraySpoilsTheResultButNoSelection)
     const QStringList one{"render", scene,   "--set", "Raises",
                           "--size", "16x16", "--out", path("1.png")};
     for (const QStringList &command : picturing(scene) + QList<QStringList>{one}) {
-        EXPECT_EQ(workbench(command).code, 1) << command[0].toStdString();
+        EXPECT_EQ(workbench(command + QStringList("--scripts")).code, 1)
+            << command[0].toStdString();
         EXPECT_TRUE(QFile::exists(command.last())) << "what can be made is made";
     }
 }
@@ -94,13 +163,13 @@ TEST_F(SetScriptsTest, AnInterruptedScriptEndsTheCommand)
     const QString scene = sceneWith(
         {{"Ends", "import os\nwhile True: os.kill(os.getpid(), 2)"}, {"Next", "print('next')"}});
     const QString out = path("out.gltf");
-    const ProgramRun run = workbench({"select", scene, "Ends", "Next", "--save", out});
+    const ProgramRun run = workbench({"select", scene, "Ends", "Next", "--scripts", "--save", out});
     EXPECT_EQ(run.code, 130);
     EXPECT_TRUE(run.err.startsWith("error: script error: interrupted\n")) << run.err.toStdString();
     EXPECT_FALSE(run.err.contains("next")) << run.err.toStdString();
     EXPECT_FALSE(QFile::exists(out));
     const QString pictures = made("pictures");
-    EXPECT_EQ(workbench({"render", scene, "--all", "--out", pictures}).code, 130);
+    EXPECT_EQ(workbench({"render", scene, "--all", "--scripts", "--out", pictures}).code, 130);
     EXPECT_EQ(QDir(pictures).entryList(QDir::Files), QStringList());
 }
 

@@ -7,6 +7,11 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+TestFolder::TestFolder()
+{
+    qputenv("XDG_DATA_HOME", path(QStringLiteral("data-home")).toLocal8Bit());
+}
+
 QString TestFolder::write(const QString &name, const QByteArray &bytes) const
 {
     QDir().mkpath(QFileInfo(path(name)).path());

@@ -5,9 +5,12 @@
 
 #include <gtest/gtest.h>
 
-/// What a fixture with a folder of its own derives from.
+/// What a fixture with a folder of its own derives from. The programs remember there, too, what
+/// they remember of their user.
 class TestFolder {
 protected:
+    TestFolder();
+
     /// Where a file of that name lies in the folder.
     QString path(const QString &name) const { return folder.filePath(name); }
     /// Writes a file, with its sub-folders, and returns its path.

@@ -240,3 +240,48 @@ TEST_F(WindowFilesTest, TheLayoutIsRemembered)
     EXPECT_FALSE(dock("log")->isVisible());
     EXPECT_EQ(window->dockWidgetArea(dock("scene")), Qt::RightDockWidgetArea);
 }
+
+TEST_F(WindowFilesTest, TheScriptsOfAFileWaitForAnAnswerThatIsRemembered)
+{
+    trustsScripts = false;
+    const auto answer = [this](const char *button) {
+        expectDialog([button](QDialog &dialog) {
+            const auto &script = *dialog.findChild<QPlainTextEdit *>();
+            EXPECT_EQ(script.toPlainText(), "print(\"late\")");
+            EXPECT_TRUE(script.isReadOnly());
+            for (QPushButton *each : dialog.findChildren<QPushButton *>()) {
+                EXPECT_EQ(each->isDefault(), each->text() == "&Not Now");
+                if (each->text().remove('&') == button)
+                    each->click();
+            }
+        });
+    };
+    /// The script, when it runs, makes a line of the log.
+    const auto runs = [this] {
+        const auto &log = *window->findChild<QDockWidget *>("log")->findChild<QPlainTextEdit *>();
+        const int before = log.toPlainText().count("\nlate");
+        select("Evening");
+        return log.toPlainText().count("\nlate") > before;
+    };
+    struct Step {
+        bool fromMenu; ///< or else the file is opened
+        const char *button; ///< empty for no question
+        bool isRun;
+    };
+    for (const Step &step : std::initializer_list<Step>{{false, "Not Now", false},
+                                                        {false, "Never", false},
+                                                        {false, "", false},
+                                                        {true, "Trust", true},
+                                                        {false, "", true}}) {
+        SCOPED_TRACE(step.button);
+        if (*step.button)
+            answer(step.button);
+        if (step.fromMenu)
+            action("Scripts of This File...")->trigger();
+        else
+            openDesk();
+        EXPECT_EQ(window->statusBar()->currentMessage().startsWith("Scripts of this file are not"),
+                  !step.isRun);
+        EXPECT_EQ(runs(), step.isRun);
+    }
+}

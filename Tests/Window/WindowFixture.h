@@ -77,12 +77,14 @@ protected:
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
     std::unique_ptr<qxWorkbenchWindow> window;
+    bool trustsScripts = true; ///< those of all files that are opened
     QTimer dialogWatch; ///< looks for dialogs that are to be answered as it was expected
 
 private:
     void open(const QString &file)
     {
         ASSERT_TRUE(window->openFile(file));
+        QApplication::setActiveWindow(window.get()); // There may have been a question.
         settle();
     }
     void answerDialog();

@@ -1,3 +1,6 @@
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
 #include "Window/qxLogView.h"
 #include "Window/qxScriptConsole.h"
 #include "WindowFixture.h"
@@ -66,6 +69,24 @@ TEST_F(WindowKeysTest, ControlTabGoesFromPaneToPane)
     QTest::keySequence(QApplication::focusWidget(), QKeySequence::PreviousChild);
     QTest::keySequence(QApplication::focusWidget(), QKeySequence::PreviousChild);
     EXPECT_EQ(QApplication::focusWidget(), &list()) << "a closed pane is left out";
+}
+
+TEST_F(WindowKeysTest, AKeyOfASetTakesNoneOfTheWindow)
+{
+    openDesk();
+    const QAction &back = *action("Back to the State Before");
+    qxVariantSet &morning = *qxVariants::findVariantSet("Morning");
+    const QString saved = path("desk.gltf");
+    for (const char *key : {"Ctrl+S", "F", "Home", "Left", "Ctrl+A", "Ctrl+K"}) {
+        morning.hotkey = key;
+        morning.updateShortcut();
+        QFile::remove(saved);
+        window->sceneView()->setFocus();
+        press(Qt::Key(morning.key), morning.modifiers);
+        settle();
+        EXPECT_EQ(back.isEnabled(), key == QString("Ctrl+K")) << key << " selected the set";
+        EXPECT_EQ(QFile::exists(saved), key == QString("Ctrl+S"));
+    }
 }
 
 TEST_F(WindowKeysTest, TheMenuKeyOffersWhatCanBeDoneWithASet)

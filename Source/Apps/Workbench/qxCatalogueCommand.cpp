@@ -28,6 +28,7 @@ QList<QCommandLineOption> options()
     return {{QStringLiteral("out"), QStringLiteral("The folder for the page, index.html."),
              QStringLiteral("DIR")},
             qxSetPictures::qualityOption(),
+            qxCommands::scriptsOption(),
             qxCommands::noScriptsOption(),
             qxCommands::traceOption()};
 }

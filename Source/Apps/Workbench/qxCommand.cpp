@@ -50,6 +50,35 @@ QString flawOf(const qxCommand &command, const QCommandLineParser &parser)
         + qxNearest::question(written, names);
 }
 
+bool selectsSets(const qxCommand &command)
+{
+    for (const QCommandLineOption &option : command.options()) {
+        if (option.names().contains(QStringLiteral("scripts")))
+            return true;
+    }
+    return false;
+}
+
+/// Says of the scripts that are left out which they are, and in the end what to do about it.
+int runWithScripts(const qxCommand &command, const QCommandLineParser &parser,
+                   qxScriptRunner::Allowed allowed)
+{
+    if (!selectsSets(command))
+        return command.run(parser);
+    int count = 0;
+    const qxLeftOutScripts leftOut([&](const QString &set, const QString &line) {
+        ++count;
+        qxOutput::error(QStringLiteral("left out the script of \"%1\": %2").arg(set, line));
+    });
+    qxScriptRunner::setAllowed(allowed);
+    const int code = command.run(parser);
+    qxScriptRunner::setAllowed(qxScriptRunner::Trusted);
+    if (count > 0 && allowed == qxScriptRunner::Trusted)
+        qxOutput::error(QStringLiteral("scripts of a file run with --scripts, or once "
+                                       "\"workbench trust FILE\" has made them trusted"));
+    return code;
+}
+
 int runCommand(const qxCommand &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
@@ -76,8 +105,15 @@ int runCommand(const qxCommand &command, const QStringList &arguments)
         return outputs;
     // Standard output is for the results of the command.
     qxScriptRunner::setOutput(stderr);
-    const qxLeftOutScripts leftOut(parser.optionNames().contains(QStringLiteral("no-scripts")));
-    const int code = command.run(parser);
+    const QStringList given = parser.optionNames();
+    const bool all = given.contains(QStringLiteral("scripts"));
+    const bool none = given.contains(QStringLiteral("no-scripts"));
+    if (all && none)
+        return wrongUse(QStringLiteral("--scripts and --no-scripts do not go together"), hint);
+    const int code = runWithScripts(command, parser,
+                                    all        ? qxScriptRunner::Everything
+                                        : none ? qxScriptRunner::Nothing
+                                               : qxScriptRunner::Trusted);
     if (qxOutput::isWhole())
         return code;
     return qxCommands::fail(QStringLiteral("standard output cannot be written"));
@@ -110,9 +146,9 @@ bool isScene(const QString &name)
 const QList<const qxCommand *> &qxCommands::all()
 {
     static const QList<const qxCommand *> commands{
-        &info,     &list,      &state, &select,  &set,       &create,     &document,
-        &verify,   &optimize,  &lint,  &explain, &runScript, &python,     &render,
-        &previews, &catalogue, &check, &capture, &help,      &completion,
+        &info,     &list,      &state, &select,  &set,       &create, &document,
+        &verify,   &optimize,  &lint,  &explain, &runScript, &python, &render,
+        &previews, &catalogue, &check, &capture, &trust,     &help,   &completion,
     };
     return commands;
 }
@@ -197,10 +233,16 @@ QCommandLineOption qxCommands::traceOption()
             QStringLiteral("Prints every notification with its fields to standard error.")};
 }
 
+QCommandLineOption qxCommands::scriptsOption()
+{
+    return {QStringLiteral("scripts"),
+            QStringLiteral("Runs the scripts in FILE this time, trusted or not.")};
+}
+
 QCommandLineOption qxCommands::noScriptsOption()
 {
     return {QStringLiteral("no-scripts"),
-            QStringLiteral("Leaves out the scripts in FILE, and says which.")};
+            QStringLiteral("Leaves out the trusted scripts in FILE, too, and says which.")};
 }
 
 bool qxCommands::maySave(const qxSession &session, const QCommandLineParser &parser)

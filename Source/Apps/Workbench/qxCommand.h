@@ -41,6 +41,7 @@ extern const qxCommand optimize;
 extern const qxCommand lint;
 extern const qxCommand runScript;
 extern const qxCommand python;
+extern const qxCommand trust;
 extern const qxCommand render;
 extern const qxCommand previews;
 extern const qxCommand catalogue;
@@ -68,7 +69,8 @@ QCommandLineOption jsonOption();
 /// Whoever has this one has --force, too.
 QCommandLineOption saveOption();
 QCommandLineOption traceOption();
-/// For the commands that select sets; what it asks for is done before the command runs.
+/// For the commands that select sets; what they ask for is done before the command runs.
+QCommandLineOption scriptsOption();
 QCommandLineOption noScriptsOption();
 
 /// Whether --save may be followed: not over a file that somebody has changed since it was opened,

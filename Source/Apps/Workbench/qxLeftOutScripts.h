@@ -2,18 +2,20 @@
 
 #include <QString>
 
-/// Leaves out, as long as it lives, the scripts that a scene file brings along, and says on
-/// standard error which sets they belong to. What a command runs itself is not touched.
+#include <functional>
+
+/// Tells, as long as it lives, of each script of a set that is left out, when that is selected.
 class qxLeftOutScripts {
 public:
-    /// Does nothing with `leaveOut` false.
-    explicit qxLeftOutScripts(bool leaveOut);
+    /// Gets the name of the set and the first line of its script.
+    typedef std::function<void(const QString &set, const QString &line)> Listener;
+
+    explicit qxLeftOutScripts(const Listener &listener);
     qxLeftOutScripts(const qxLeftOutScripts &) = delete;
     ~qxLeftOutScripts();
 
 private:
-    const bool m_leaveOut;
-    int m_notificationListener = 0;
-    int m_scriptListener = 0;
+    int m_notificationListener;
+    int m_scriptListener;
     QString m_set; ///< the one that is being selected
 };

@@ -16,6 +16,7 @@ QList<QCommandLineOption> options()
     return {{QStringLiteral("stale"),
              QStringLiteral("Replaces every preview that does not show its set as it is now.")},
             {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
+            qxCommands::scriptsOption(),
             qxCommands::noScriptsOption(),
             qxSetPictures::qualityOption(),
             qxCommands::saveOption(),

@@ -60,6 +60,7 @@ QList<QCommandLineOption> options()
         {QStringLiteral("out"),
          QStringLiteral("The picture, a PNG, - for standard output; with --all a folder or a PNG."),
          QStringLiteral("PNG|DIR")},
+        qxCommands::scriptsOption(),
         qxCommands::noScriptsOption(),
         qxCommands::traceOption(),
     };

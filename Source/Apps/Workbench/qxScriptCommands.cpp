@@ -33,7 +33,8 @@ Arguments argumentsOf(const QCommandLineParser &parser)
 
 QList<QCommandLineOption> options()
 {
-    return {qxCommands::noScriptsOption(), qxCommands::saveOption(), qxCommands::traceOption()};
+    return {qxCommands::scriptsOption(), qxCommands::noScriptsOption(), qxCommands::saveOption(),
+            qxCommands::traceOption()};
 }
 
 int wrongUse(const QString &reason)

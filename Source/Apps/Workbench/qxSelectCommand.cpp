@@ -17,6 +17,7 @@ namespace {
 QList<QCommandLineOption> options()
 {
     return {{QStringLiteral("keep-camera"), QStringLiteral("Stays where the camera is.")},
+            qxCommands::scriptsOption(),
             qxCommands::noScriptsOption(),
             qxCommands::saveOption(),
             qxCommands::jsonOption(),

@@ -120,6 +120,7 @@ void qxSession::close()
     m_failure.clear();
     m_imported.clear();
     m_host.clearScene();
+    m_scripts.clear();
     m_file = std::make_unique<qxSceneFile>();
 }
 
@@ -132,6 +133,7 @@ bool qxSession::openScene(const QString &path, const qxSceneFile::Watcher &watch
             return;
         m_imported.clear();
         m_host.clearScene();
+        m_scripts.clear();
     };
     if (m_file->load(path, step)) {
         logWarnings(*m_file);
@@ -154,6 +156,7 @@ bool qxSession::readDocument(const QByteArray &xml)
         const qxCaughtOutput stray(strayPlace()); // it says what is in short previews
         qxVariantReader().read(xml.constData());
     }
+    takeScripts();
     if (count.errors() == 0)
         return true;
     return fail(QCoreApplication::translate("qxSession", "the variants document cannot be read"));
@@ -162,6 +165,23 @@ bool qxSession::readDocument(const QByteArray &xml)
 qxCaughtOutput::Place qxSession::strayPlace() const
 {
     return m_trace ? qxCaughtOutput::ToErrors : qxCaughtOutput::Nowhere;
+}
+
+/// Until somebody has said that they may, the file's scripts do not run.
+void qxSession::takeScripts()
+{
+    m_scripts.take();
+    if (!m_scripts.flaw().isEmpty())
+        qxLog::warning("No script of the file is trusted: %s",
+                       m_scripts.flaw().toUtf8().constData());
+}
+
+void qxSession::rememberScripts(const QString &path)
+{
+    const QString reason = m_scripts.rememberOwn(path);
+    if (!reason.isEmpty())
+        qxLog::warning("The scripts saved to %s will have to be trusted when it is opened: %s",
+                       path.toUtf8().constData(), reason.toUtf8().constData());
 }
 
 bool qxSession::fail(const QString &reason)
@@ -188,6 +208,7 @@ bool qxSession::save(const QString &path)
             m_file->setVariantsDocument(document);
     }
     if (m_file->save(path)) {
+        rememberScripts(path);
         logWarnings(*m_file);
         return true;
     }

@@ -2,6 +2,7 @@
 
 #include "Core/qxHost.h"
 #include "Files/qxSceneFile.h"
+#include "qxFileScripts.h"
 #include "qxOutput.h"
 #include "qxTrace.h"
 
@@ -39,6 +40,8 @@ public:
     bool save(const QString &path);
 
     const qxSceneFile &file() const { return *m_file; }
+    /// The scripts that the file brought along.
+    qxFileScripts &scripts() { return m_scripts; }
     /// Why the last operation failed, for people; empty when it did not.
     QString failure() const { return m_failure; }
 
@@ -47,9 +50,12 @@ private:
     void importVariants();
     /// Where libraries may speak: results are for other programs.
     qxCaughtOutput::Place strayPlace() const;
+    void takeScripts();
+    void rememberScripts(const QString &path);
     bool fail(const QString &reason);
 
     std::optional<qxCaughtOutput> m_stray; ///< what libraries say while the host ends
+    qxFileScripts m_scripts; ///< longer than the sets that have them
     qxHost m_host;
     std::unique_ptr<qxTrace> m_trace;
     std::unique_ptr<qxSceneFile> m_file = std::make_unique<qxSceneFile>();

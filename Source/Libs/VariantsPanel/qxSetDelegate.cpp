@@ -61,6 +61,17 @@ void takeRightText(QPainter *painter, QRect &place, const QString &text)
     place.setRight(place.right() - painter->fontMetrics().horizontalAdvance(text) - gap);
 }
 
+/// A key that does not select the set is struck out.
+void takeKey(QPainter *painter, QRect &place, const QModelIndex &index)
+{
+    const QFont before = painter->font();
+    QFont font = before;
+    font.setStrikeOut(flag(index, qxSetsModel::KeyTakenRole));
+    painter->setFont(font);
+    takeRightText(painter, place, index.data(qxSetsModel::HotkeyRole).toString());
+    painter->setFont(before);
+}
+
 void takeWarningSign(QPainter *painter, QRect &place, const QModelIndex &index)
 {
     const bool unused = flag(index, qxSetsModel::UnusedRole);
@@ -130,10 +141,10 @@ void qxSetDelegate::paintLine(QPainter *painter, const QStyleOptionViewItem &opt
     paintCurrentBar(painter, place, option, index);
     place.adjust(barWidth + gap, 0, -gap, 0);
     painter->setPen(textColor(option, true));
-    takeRightText(painter, place,
-                  flag(index, qxSetsModel::IsGroupRole)
-                      ? index.data(qxSetsModel::CountRole).toString()
-                      : index.data(qxSetsModel::HotkeyRole).toString());
+    if (flag(index, qxSetsModel::IsGroupRole))
+        takeRightText(painter, place, index.data(qxSetsModel::CountRole).toString());
+    else
+        takeKey(painter, place, index);
     takeWarningSign(painter, place, index);
     painter->setPen(textColor(option, isFaint(index)));
     const QFontMetrics metrics = painter->fontMetrics();
@@ -164,7 +175,7 @@ void qxSetDelegate::paintCard(QPainter *painter, const QStyleOptionViewItem &opt
     const int line = painter->fontMetrics().height();
     QRect under(place.left(), place.top() + line, place.width(), line);
     painter->setPen(textColor(option, true));
-    takeRightText(painter, under, index.data(qxSetsModel::HotkeyRole).toString());
+    takeKey(painter, under, index);
     takeWarningSign(painter, under, index);
     const QString group = index.data(qxSetsModel::GroupRole).toString();
     painter->drawText(under, Qt::AlignVCenter,

@@ -8,6 +8,7 @@
 #include "qxPanelEvents.h"
 #include "qxSetEdits.h"
 #include "qxSetHotkeys.h"
+#include "qxTakenKeys.h"
 #include "qxUberCameraPool.h"
 #include "qxValuesTable.h"
 
@@ -84,11 +85,12 @@ void showText(QLabel *note, const QString &text)
 
 } // namespace
 
-qxSetForm::qxSetForm(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent)
-    : QWidget(parent), m_edits(edits)
+qxSetForm::qxSetForm(qxPanelEvents *events, qxSetEdits *edits, qxTakenKeys *taken)
+    : m_edits(edits), m_taken(taken)
 {
     buildFields();
     connect(events, &qxPanelEvents::setsChanged, this, &qxSetForm::refresh);
+    connect(taken, &qxTakenKeys::changed, this, &qxSetForm::refresh);
     connect(m_hotkey, &QKeySequenceEdit::editingFinished, this, &qxSetForm::takeHotkey);
     connect(m_viewpoint, QOverload<int>::of(&QComboBox::activated), this,
             &qxSetForm::takeViewpoint);
@@ -241,7 +243,7 @@ void qxSetForm::showContents(const qxVariantSet &set)
         if (m_hotkey->keySequence() != m_shownKey) // It would take a half-typed one away.
             m_hotkey->setKeySequence(m_shownKey);
     }
-    showText(m_keyNote, qxSetHotkeys::conflictOf(set, *this));
+    showText(m_keyNote, qxSetHotkeys::conflictOf(set, *m_taken));
     m_contents->setText(summary(set));
     showViewpoints(set.defaultViewpoint);
     if (!m_isValuesTableOpen) {

@@ -12,6 +12,7 @@ class QPlainTextEdit;
 class QToolButton;
 class qxPanelEvents;
 class qxSetEdits;
+class qxTakenKeys;
 class qxValuesTable;
 class qxVariantSet;
 
@@ -21,7 +22,7 @@ class qxSetForm : public QWidget {
     Q_OBJECT
 
 public:
-    qxSetForm(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent = nullptr);
+    qxSetForm(qxPanelEvents *events, qxSetEdits *edits, qxTakenKeys *taken);
 
     /// Shows the set of that name; nothing for an empty or unknown one.
     void showSet(const QString &name);
@@ -55,6 +56,7 @@ private:
               const std::function<void(qxVariantSet &)> &change);
 
     qxSetEdits *m_edits;
+    const qxTakenKeys *m_taken;
     QString m_set;
     QString m_group; ///< one of both is empty
     const void *m_object = nullptr; ///< the set or group, perhaps dead: to know a rename

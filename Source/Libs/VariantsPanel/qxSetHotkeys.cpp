@@ -4,10 +4,11 @@
 #include "qxVariants.h"
 #include "qxVariantsModel.h"
 
+#include "qxTakenKeys.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
-#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -33,13 +34,6 @@ struct Combination {
     Qt::KeyboardModifiers modifiers;
 };
 
-/// Whether the action's keys work only while the focus is in some part of the window.
-bool isForPartOnly(const QAction &action)
-{
-    return action.shortcutContext() == Qt::WidgetShortcut
-        || action.shortcutContext() == Qt::WidgetWithChildrenShortcut;
-}
-
 /// Whether the key operates the focused widget, which people without a mouse depend on.
 bool isOperating(const Combination &pressed)
 {
@@ -50,19 +44,6 @@ bool isOperating(const Combination &pressed)
         || qobject_cast<const QAbstractButton *>(focus) || qobject_cast<const QComboBox *>(focus);
     return isOperated && !pressed.modifiers
         && std::find(std::begin(keys), std::end(keys), pressed.key) != std::end(keys);
-}
-
-/// The action of the focused list, or of what it is in, with that key; null for none.
-const QAction *focusedActionWith(const Combination &pressed)
-{
-    const QKeySequence key(pressed.key | int(pressed.modifiers));
-    for (const QWidget *at = QApplication::focusWidget(); at; at = at->parentWidget()) {
-        for (const QAction *action : at->actions()) {
-            if (isForPartOnly(*action) && action->shortcuts().contains(key))
-                return action;
-        }
-    }
-    return nullptr;
 }
 
 /// The first set with that key; there may be thousands, but a key is not pressed that often.
@@ -94,51 +75,36 @@ Option optionWith(const Combination &pressed)
     return found;
 }
 
-/// The window of the widget; docks that float belong to the one they come from.
-const QWidget *windowOf(const QWidget &widget)
-{
-    const QWidget *window = widget.window();
-    while (window->windowType() == Qt::Tool && window->parentWidget())
-        window = window->parentWidget()->window();
-    return window;
-}
-
-/// The window's action with that key; null for none.
-const QAction *actionWith(const QKeySequence &key, const QWidget &window)
-{
-    for (const QAction *action : window.findChildren<QAction *>()) {
-        if (action->shortcuts().contains(key))
-            return action;
-    }
-    return nullptr;
-}
-
 } // namespace
 
-qxSetHotkeys::qxSetHotkeys(QWidget *place) : QObject(place), m_place(place)
+qxSetHotkeys::qxSetHotkeys(qxTakenKeys *taken, QWidget *place)
+    : QObject(place), m_taken(taken), m_place(place)
 {
     qApp->installEventFilter(this);
 }
 
+/// Shortcuts have had their turn when a key arrives here.
 bool qxSetHotkeys::eventFilter(QObject *watched, QEvent *event)
 {
-    // The override comes first: accepted, it keeps menus from taking the key of a set.
-    const bool isOverride = event->type() == QEvent::ShortcutOverride;
-    if (!isOverride && event->type() != QEvent::KeyPress)
+    if (event->type() != QEvent::KeyPress)
         return QObject::eventFilter(watched, event);
     if (!watched->isWidgetType()
-        || windowOf(*static_cast<QWidget *>(watched)) != windowOf(*m_place))
+        || qxTakenKeys::windowOf(*static_cast<QWidget *>(watched))
+            != qxTakenKeys::windowOf(*m_place))
         return false;
     const auto *const key = static_cast<QKeyEvent *>(event);
     const Combination pressedKey{key->key(), key->modifiers() & ~Qt::KeypadModifier};
-    if (isTyping() || isOperating(pressedKey) || focusedActionWith(pressedKey))
+    if (isTyping() || isOperating(pressedKey))
         return false;
     const qxVariantSet *const set = setWith(pressedKey);
     const Option option = set ? Option() : optionWith(pressedKey);
     if (!set && option.kind < 0)
         return false;
+    m_taken->look();
+    if (!m_taken->ownerOf(pressedKey.key | int(pressedKey.modifiers)).isEmpty())
+        return false;
     event->accept();
-    if (isOverride || key->isAutoRepeat())
+    if (key->isAutoRepeat())
         return true;
     if (set)
         emit pressed(set->name);
@@ -147,10 +113,21 @@ bool qxSetHotkeys::eventFilter(QObject *watched, QEvent *event)
     return true;
 }
 
-QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const QWidget &place)
+QString qxSetHotkeys::flawOf(const qxVariantSet &set, const qxTakenKeys &taken)
+{
+    const QString owner = set.key > 0 ? taken.ownerOf(set.key | int(set.modifiers)) : QString();
+    return owner.isEmpty()
+        ? QString()
+        : tr("The key is taken by \"%1\" and does not select this set.").arg(owner);
+}
+
+QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const qxTakenKeys &taken)
 {
     if (set.key <= 0)
         return QString();
+    const QString flaw = flawOf(set, taken);
+    if (!flaw.isEmpty())
+        return flaw;
     QStringList lines;
     const Combination own{set.key, set.modifiers};
     for (const qxVariantSet *other : qxVariants::_variantSets) {
@@ -166,11 +143,5 @@ QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const QWidget &place)
     if (option.kind >= 0)
         lines << tr("The option \"%1\" of \"%2\" has this key, too; this set comes first.")
                      .arg(option.name, option.variant);
-    if (const QAction *action =
-            actionWith(QKeySequence(set.key | int(set.modifiers)), *windowOf(place)))
-        lines << (isForPartOnly(*action)
-                      ? tr("\"%1\" has this key, too, and comes first in the list of sets.")
-                      : tr("\"%1\" has this key, too; this set comes first."))
-                     .arg(QString(action->text()).remove('&'));
     return lines.join('\n');
 }

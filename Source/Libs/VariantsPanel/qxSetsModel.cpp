@@ -8,6 +8,8 @@
 #include "qxPanelEvents.h"
 #include "qxPreviewPicture.h"
 #include "qxSetEdits.h"
+#include "qxSetHotkeys.h"
+#include "qxTakenKeys.h"
 
 #include <QDataStream>
 #include <QMimeData>
@@ -62,6 +64,12 @@ qxSetsModel::qxSetsModel(Shape shape, qxPanelEvents *events, qxSetEdits *edits, 
     connect(events, &qxPanelEvents::setsChanged, this, &qxSetsModel::refresh);
     connect(events, &qxPanelEvents::statesChanged, this, &qxSetsModel::refreshStates);
     refresh();
+}
+
+void qxSetsModel::setTakenKeys(const qxTakenKeys *taken)
+{
+    m_taken = taken;
+    connect(taken, &qxTakenKeys::changed, this, &qxSetsModel::rowsShowAnew);
 }
 
 qxVariantSet *qxSetsModel::setAt(const QModelIndex &index) const
@@ -151,6 +159,8 @@ QVariant qxSetsModel::setDataOf(qxVariantSet &set, int role) const
         return set.group ? QString(set.group->name) : QString();
     case HotkeyRole:
         return qxKeyText::shown(set.hotkey);
+    case KeyTakenRole:
+        return !keyFlaw(set).isEmpty();
     case CommentRole:
         return set.comment;
     case PreviewRole:
@@ -179,6 +189,8 @@ QString qxSetsModel::toolTip(qxVariantSet &set) const
     lines << tr("%n states", nullptr, stateCount(set));
     if (!set.hotkey.isEmpty())
         lines << tr("Key: %1").arg(qxKeyText::shown(set.hotkey));
+    if (!keyFlaw(set).isEmpty())
+        lines << keyFlaw(set);
     if (m_match.matches(set))
         lines << tr("The scene shows it now.");
     if (set.isEmpty())
@@ -186,6 +198,11 @@ QString qxSetsModel::toolTip(qxVariantSet &set) const
     else if (isUnused(set))
         lines << tr("Nothing of what it refers to is in the scene.");
     return plain(lines.join('\n'));
+}
+
+QString qxSetsModel::keyFlaw(const qxVariantSet &set) const
+{
+    return m_taken ? qxSetHotkeys::flawOf(set, *m_taken) : QString();
 }
 
 QPixmap qxSetsModel::previewOf(const qxVariantSet &set) const

@@ -9,6 +9,7 @@
 
 class qxPanelEvents;
 class qxSetEdits;
+class qxTakenKeys;
 class qxVariantGroup;
 class qxVariantSet;
 
@@ -27,6 +28,7 @@ public:
         IsGroupRole = Qt::UserRole, ///< bool
         GroupRole, ///< QString: name of the set's group, empty for none
         HotkeyRole, ///< QString, as people read it
+        KeyTakenRole, ///< bool: the window has the key, so that it does not select the set
         CommentRole, ///< QString
         PreviewRole, ///< QPixmap, null for none
         CountRole, ///< states of a set; sets of a group, such as "1 of 4" during a search
@@ -41,6 +43,9 @@ public:
     /// Leaves the sets, with their groups, that have every word in the name, the comment, the key
     /// or the name of the group, in any case; and groups that have them in their own name.
     void setSearch(const QString &text);
+
+    /// Whose keys do not select sets; none before.
+    void setTakenKeys(const qxTakenKeys *taken);
 
     /// Whether groups that are not to be shown are, with their sets.
     void setHiddenShown(bool shown);
@@ -102,12 +107,14 @@ private:
     static QVariant groupData(const qxVariantGroup &group, int found, int role);
     QVariant setDataOf(qxVariantSet &set, int role) const;
     QString toolTip(qxVariantSet &set) const;
+    QString keyFlaw(const qxVariantSet &set) const;
     QPixmap previewOf(const qxVariantSet &set) const;
 
     Shape m_shape;
     QStringList m_words; ///< of the search
     bool m_showsHidden = false;
     qxSetEdits *m_edits;
+    const qxTakenKeys *m_taken = nullptr;
     Rows m_rows;
     std::vector<int> m_top;
     int m_firstAlone = 0; ///< the first set in no group among them

@@ -189,6 +189,12 @@ void qxSetsView::showFirst()
     }
 }
 
+void qxSetsView::setTakenKeys(const qxTakenKeys *taken)
+{
+    for (const Face &each : m_faces)
+        each.model->setTakenKeys(taken);
+}
+
 void qxSetsView::setHiddenShown(bool shown)
 {
     for (const Face &each : m_faces)

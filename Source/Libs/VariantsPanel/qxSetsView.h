@@ -9,6 +9,7 @@ class QLabel;
 class qxPanelEvents;
 class qxSetEdits;
 class qxSetsModel;
+class qxTakenKeys;
 
 /// The sets as a list by groups or as a gallery of their previews; both show and select the same.
 class qxSetsView : public QStackedWidget {
@@ -24,6 +25,7 @@ public:
     void setSearch(const QString &text);
     /// Whether groups that are not to be shown are.
     void setHiddenShown(bool shown);
+    void setTakenKeys(const qxTakenKeys *taken);
     /// How many sets the search leaves; -1 without a search.
     int foundCount() const;
 

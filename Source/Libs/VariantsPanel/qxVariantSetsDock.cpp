@@ -12,6 +12,7 @@
 #include "qxSetHotkeys.h"
 #include "qxSetMatch.h"
 #include "qxSetsView.h"
+#include "qxTakenKeys.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -31,9 +32,11 @@
 
 qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     : QDockWidget(parent), m_events(new qxPanelEvents(this)), m_edits(new qxSetEdits(this)),
-      m_view(new qxSetsView(m_events, m_edits)), m_form(new qxSetForm(m_events, m_edits))
+      m_taken(new qxTakenKeys(this)), m_view(new qxSetsView(m_events, m_edits)),
+      m_form(new qxSetForm(m_events, m_edits, m_taken))
 {
     setObjectName(QStringLiteral("qxVariantSetsDock"));
+    m_view->setTakenKeys(m_taken);
     buildActions();
     buildContents();
     retranslate();
@@ -43,7 +46,7 @@ qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     connect(m_view, &qxSetsView::menuRequested, this, &qxVariantSetsDock::showMenu);
     connect(m_events, &qxPanelEvents::setsChanged, this, &qxVariantSetsDock::followGroup);
     connect(m_events, &qxPanelEvents::setSelected, m_view, &qxSetsView::showSet);
-    auto *const hotkeys = new qxSetHotkeys(this);
+    auto *const hotkeys = new qxSetHotkeys(m_taken, this);
     connect(hotkeys, &qxSetHotkeys::pressed, this, &qxVariantSetsDock::selectSet);
     connect(hotkeys, &qxSetHotkeys::optionPressed, this, &qxVariantSetsDock::selectOption);
     // Steps hold parts of the scene.

@@ -13,11 +13,13 @@ class qxSetEdits;
 class qxSetForm;
 class qxSetHotkeys;
 class qxSetsView;
+class qxTakenKeys;
 
 /// The dock "Variant Sets": shows, selects, captures and edits groups and sets.
 ///
 /// It follows the module's announcements, whoever causes them, and needs nothing of the host but
-/// HostApi. The keys of sets work in the whole window that it is in.
+/// HostApi. The keys of sets work in the whole window that it is in, but for those that the window
+/// has itself (qxTakenKeys).
 class qxVariantSetsDock : public QDockWidget {
     Q_OBJECT
 
@@ -91,6 +93,7 @@ private:
 
     qxPanelEvents *m_events;
     qxSetEdits *m_edits;
+    qxTakenKeys *m_taken;
     qxSetsView *m_view;
     qxSetForm *m_form;
     QLineEdit *m_search;

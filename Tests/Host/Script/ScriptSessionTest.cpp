@@ -66,7 +66,7 @@ TEST(ScriptSessionTest, WhatCallbacksRunIsNoScriptOfAUser)
     std::string heard;
     const int listener =
         qxScriptRunner::addListener([&](const qxScriptText &script) { heard += script.text; });
-    qxScriptRunner::setEnabled(false);
+    qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
     qxScript::executeNUS("pass", false);
     EXPECT_EQ(qxScript::executeNUSR("word"), "given");
     qxScript::executeNUS("del word", false);
@@ -75,7 +75,7 @@ TEST(ScriptSessionTest, WhatCallbacksRunIsNoScriptOfAUser)
     qxScript::run("word = 'taken'");
     EXPECT_EQ(qxScript::executeNUSR("word"), "given");
     EXPECT_EQ(heard, "passdel wordword = 'taken'");
-    qxScriptRunner::setEnabled(true);
+    qxScriptRunner::setAllowed(qxScriptRunner::Trusted);
     qxScriptRunner::removeListener(listener);
 }
 

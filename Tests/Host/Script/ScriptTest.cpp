@@ -165,18 +165,27 @@ TEST_F(ScriptTest, ListenersHearEveryTextBeforeItRunsWithItsOriginAndWhetherItIs
     qxScript::executeNUS("done.append(2)", true);
     qxScript::run(nullptr);
     qxScript::executeNUS(nullptr, false);
-    qxScriptRunner::setEnabled(false);
+    qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
     qxScriptRunner::run("done.append(3)", "given.py");
     qxScript::run("done.append(4)");
     qxScript::executeNUS("done.append(5)", false);
-    qxScriptRunner::setEnabled(true);
-    qxScript::run("done.append(6)");
+    qxScriptRunner::setDistrusted({"done.append(6)"});
+    for (const auto each : {qxScriptRunner::Trusted, qxScriptRunner::Everything}) {
+        qxScriptRunner::setAllowed(each);
+        qxScript::run("done.append(6)");
+        qxScript::run("done.append(6) # differs");
+    }
+    qxScriptRunner::setDistrusted({});
+    qxScriptRunner::setAllowed(qxScriptRunner::Trusted);
     qxScriptRunner::removeListener(listener);
     qxScript::run("done.append(7)");
     EXPECT_EQ(
         heard,
         (Texts{"[] done.append(1) of a user", "[1] done.append(2) composed, waiting",
                "[1, 2, 3] done.append(4) of a user, left out", "[1, 2, 3] done.append(5) composed",
-               "[1, 2, 3, 5] done.append(6) of a user"}));
-    EXPECT_EQ(value("done"), "[1, 2, 3, 5, 6, 7]");
+               "[1, 2, 3, 5] done.append(6) of a user, left out",
+               "[1, 2, 3, 5] done.append(6) # differs of a user",
+               "[1, 2, 3, 5, 6] done.append(6) of a user",
+               "[1, 2, 3, 5, 6, 6] done.append(6) # differs of a user"}));
+    EXPECT_EQ(value("done"), "[1, 2, 3, 5, 6, 6, 6, 7]");
 }

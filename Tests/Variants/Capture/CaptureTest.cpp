@@ -71,11 +71,11 @@ TEST_F(CaptureTest, AHiddenNodeWithAnActiveNamesakeIsHiddenByTheScript)
     scene.add("Seat \"GT\"", scene.add("Right"));
     scene.add("Mat", left).setMask(0);
     scene.add("Mat", left).setMask(0); // no active one: both are meant
-    scene.add("a\\b", left).setMask(0);
-    scene.add("a\\b", scene.root());
+    scene.add("a\\b\r\n\")", left).setMask(0); // Nothing of a name becomes code.
+    scene.add("a\\b\r\n\")", scene.root());
     EXPECT_EQ(capture(),
               (Names{"node Mat=!Disable", "findNodePath(\"Left/Seat \\\"GT\\\"\").setActive(false)",
-                     "findNodePath(\"Left/a\\\\b\").setActive(false)"}));
+                     "findNodePath(\"Left/a\\\\b\\r\\n\\\")\").setActive(false)"}));
 }
 
 TEST_F(CaptureTest, MaterialGroupsWriteTheirIgnoreFlagAndTheirMaterial)

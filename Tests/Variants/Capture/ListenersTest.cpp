@@ -85,7 +85,7 @@ TEST_F(ListenersTest, ViewpointsThatAListenerGivesToANewSetAreNotHome)
 
 TEST_F(ListenersTest, ACapturedSetIsActivatedWhateverItsNameIs)
 {
-    const char *const odd = "It's a \\ set";
+    const char *const odd = "It's a \\ set\\'\r\n)";
     const TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"}).choose(1);
     captureAll(newSet(odd));
     wheels.choose(0);

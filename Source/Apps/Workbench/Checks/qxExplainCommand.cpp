@@ -58,9 +58,9 @@ qxSelectionOutcome selectQuietly(const qxVariantSet &set)
                 outcome.animations += QString::fromStdString(*clip);
         }
     });
-    const bool wasEnabled = qxScriptRunner::setEnabled(false);
+    const qxScriptRunner::Allowed before = qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
     qxVariants::selectVariantSet(set.name.toUtf8().constData(), false);
-    qxScriptRunner::setEnabled(wasEnabled);
+    qxScriptRunner::setAllowed(before);
     qxController::removeListener(listener);
     const qxUberCamera *camera = qxUberCameraPool::the()->get(qxMainView::the().viewpoint);
     outcome.viewpoint = camera ? QString::fromStdString(camera->name) : QString();

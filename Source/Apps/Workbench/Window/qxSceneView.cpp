@@ -12,6 +12,7 @@
 
 #include <OpenSG/OSGDynamicVolume.h>
 
+#include <QAction>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
@@ -24,6 +25,7 @@ namespace {
 
 const float defaultFieldOfView = 0.7f;
 const float keyStep = 0.05f;
+const float zoomStep = 1.1f;
 
 qxUberCamera &camera()
 {
@@ -48,6 +50,7 @@ bool boxOf(const osg::NodePtr &node, osg::Pnt3f &low, osg::Pnt3f &high)
 
 qxSceneView::qxSceneView(QWidget *parent) : QWidget(parent), m_hint(new QLabel)
 {
+    buildActions();
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(160, 120);
@@ -157,8 +160,10 @@ QString qxSceneView::adviceOn(qxPicture::Content content)
 void qxSceneView::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        showHint();
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    showHint();
+    retranslate();
 }
 
 void qxSceneView::tellProgress(float share)
@@ -252,33 +257,44 @@ void qxSceneView::wheelEvent(QWheelEvent *event)
     cameraMoved();
 }
 
-void qxSceneView::keyPressEvent(QKeyEvent *event)
+/// Its keys are actions, so that whoever gives keys to something else can see them.
+void qxSceneView::buildActions()
 {
-    switch (event->key()) {
-    case Qt::Key_Left:
-        qxOrbit::turn(camera(), m_pivot, -keyStep, 0);
-        break;
-    case Qt::Key_Right:
-        qxOrbit::turn(camera(), m_pivot, keyStep, 0);
-        break;
-    case Qt::Key_Up:
-        qxOrbit::turn(camera(), m_pivot, 0, -keyStep);
-        break;
-    case Qt::Key_Down:
-        qxOrbit::turn(camera(), m_pivot, 0, keyStep);
-        break;
-    case Qt::Key_Plus:
-        qxOrbit::zoom(camera(), m_pivot, 1.1f);
-        break;
-    case Qt::Key_Minus:
-        qxOrbit::zoom(camera(), m_pivot, 1 / 1.1f);
-        break;
-    case Qt::Key_F:
-        return fitScene();
-    case Qt::Key_Home:
-        return goHome();
-    default:
-        return QWidget::keyPressEvent(event);
-    }
+    addAction(QT_TR_NOOP("Turn Left"), Qt::Key_Left, [this] { turn(-keyStep, 0); });
+    addAction(QT_TR_NOOP("Turn Right"), Qt::Key_Right, [this] { turn(keyStep, 0); });
+    addAction(QT_TR_NOOP("Turn Up"), Qt::Key_Up, [this] { turn(0, -keyStep); });
+    addAction(QT_TR_NOOP("Turn Down"), Qt::Key_Down, [this] { turn(0, keyStep); });
+    addAction(QT_TR_NOOP("Zoom In"), Qt::Key_Plus, [this] { zoom(zoomStep); });
+    addAction(QT_TR_NOOP("Zoom Out"), Qt::Key_Minus, [this] { zoom(1 / zoomStep); });
+    addAction(QT_TR_NOOP("Show Everything"), Qt::Key_F, [this] { fitScene(); });
+    addAction(QT_TR_NOOP("Home"), Qt::Key_Home, [this] { goHome(); });
+    retranslate();
+}
+
+void qxSceneView::addAction(const char *text, Qt::Key key, const std::function<void()> &run)
+{
+    auto *const action = new QAction(this);
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    connect(action, &QAction::triggered, this, run);
+    QWidget::addAction(action);
+    m_texts.append({action, text});
+}
+
+void qxSceneView::retranslate()
+{
+    for (const auto &action : m_texts)
+        action.first->setText(tr(action.second));
+}
+
+void qxSceneView::turn(float right, float down)
+{
+    qxOrbit::turn(camera(), m_pivot, right, down);
+    cameraMoved();
+}
+
+void qxSceneView::zoom(float factor)
+{
+    qxOrbit::zoom(camera(), m_pivot, factor);
     cameraMoved();
 }

@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class QLabel;
@@ -49,9 +50,13 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void buildActions();
+    void retranslate();
+    void addAction(const char *text, Qt::Key key, const std::function<void()> &run);
+    void turn(float right, float down);
+    void zoom(float factor);
     void takeCamera();
     void takePicture();
     /// Why nothing of the scene is to be seen.
@@ -73,4 +78,5 @@ private:
     QPoint m_pressed;
     QPoint m_last;
     bool m_isDragged = false;
+    QList<QPair<QAction *, const char *>> m_texts; ///< to be translated
 };

@@ -112,6 +112,8 @@ bool qxWorkbenchWindow::openFile(const QString &path)
         rememberRecent(path);
     else
         showFailure(tr("\"%1\" cannot be opened.").arg(name), reason);
+    if (isOpen)
+        askAboutScripts();
     return isOpen;
 }
 

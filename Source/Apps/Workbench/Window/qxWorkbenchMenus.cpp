@@ -44,6 +44,9 @@ void qxWorkbenchWindow::buildFileMenu()
     named(menu->addAction(QString(), this, &qxWorkbenchWindow::askAndSaveAs, QKeySequence::SaveAs),
           QT_TR_NOOP("Save &As..."));
     menu->addSeparator();
+    named(menu->addAction(QString(), this, &qxWorkbenchWindow::showScripts),
+          QT_TR_NOOP("S&cripts of This File..."));
+    menu->addSeparator();
     named(menu->addAction(QString(), this, &QWidget::close, QKeySequence::Quit),
           QT_TR_NOOP("&Quit"));
 }

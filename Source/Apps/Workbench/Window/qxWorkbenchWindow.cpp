@@ -7,6 +7,7 @@
 #include "Core/qxMainWindow.h"
 #include "qxController.h"
 #include "qxLanguage.h"
+#include "qxLeftOutScripts.h"
 #include "qxLogView.h"
 #include "qxNodeUtils.h"
 #include "qxPanelEvents.h"
@@ -75,6 +76,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     m_watch = std::make_unique<qxScriptWatch>();
     connect(m_watch.get(), &qxScriptWatch::stillRuns, this,
             [this] { statusBar()->showMessage(tr("A script is running. Escape ends it."), 2000); });
+    watchLeftOutScripts();
     showPath(QString());
     retranslate();
     restoreLayout();
@@ -86,6 +88,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     m_sets->undoStack()->disconnect(this);
     // What shows the scene goes before the scene.
     m_watch.reset();
+    m_leftOut.reset();
     m_before.reset();
     m_beforeScript.reset();
     delete m_unsaved;

@@ -9,6 +9,7 @@
 class QTreeView;
 class QUndoStack;
 class qxLanguage;
+class qxLeftOutScripts;
 class qxLogView;
 class qxPanelEvents;
 class qxPictureDialog;
@@ -82,6 +83,10 @@ private:
     void finishTyping();
     void showPath(const QString &path);
     void showTitle();
+    void askAboutScripts();
+    void showScripts();
+    void decideOnScripts();
+    void watchLeftOutScripts();
     void forgetScene();
     void takeBackScene();
     void showNewScene();
@@ -101,6 +106,7 @@ private:
     std::unique_ptr<qxSession> m_session;
     std::unique_ptr<qxSceneKeeper> m_before; ///< what "Back" leads to; null for nothing
     std::unique_ptr<qxScriptWatch> m_watch;
+    std::unique_ptr<qxLeftOutScripts> m_leftOut;
     std::unique_ptr<qxSceneKeeper> m_beforeScript; ///< null when none runs
     QString m_path;
     bool m_isNewScene = false; ///< since the last file was asked for

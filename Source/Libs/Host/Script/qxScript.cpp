@@ -15,8 +15,20 @@
 
 namespace {
 
-bool enabled = true;
+qxScriptRunner::Allowed allowedOnes = qxScriptRunner::Trusted;
 bool failed = false;
+
+std::set<std::string> &distrusted()
+{
+    static std::set<std::string> texts;
+    return texts;
+}
+
+bool isAllowed(const std::string &text)
+{
+    return allowedOnes == qxScriptRunner::Everything
+        || (allowedOnes == qxScriptRunner::Trusted && distrusted().count(text) == 0);
+}
 
 qxCallList<qxScriptRunner::Listener> &listeners()
 {
@@ -80,7 +92,7 @@ void qxScript::run(const char *script)
     if (qxScriptSession::isBeginning())
         ::run(script, newName(), false);
     else
-        announceAndRun({script, qxScriptText::User, false, !enabled});
+        announceAndRun({script, qxScriptText::User, false, !isAllowed(script)});
 }
 
 void qxScript::executeNUS(const char *script, bool synchronise)
@@ -111,9 +123,19 @@ bool qxScriptRunner::wereInterrupted()
     return qxScriptError::wereInterrupted();
 }
 
-bool qxScriptRunner::setEnabled(bool enable)
+qxScriptRunner::Allowed qxScriptRunner::setAllowed(Allowed allowed)
 {
-    return std::exchange(enabled, enable);
+    return std::exchange(allowedOnes, allowed);
+}
+
+qxScriptRunner::Allowed qxScriptRunner::allowed()
+{
+    return allowedOnes;
+}
+
+void qxScriptRunner::setDistrusted(const std::set<std::string> &texts)
+{
+    distrusted() = texts;
 }
 
 int qxScriptRunner::addListener(const Listener &listener)

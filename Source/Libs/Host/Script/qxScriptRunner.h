@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <functional>
+#include <set>
 #include <string>
 
 /// What is known of a script text that qxScript was asked to run.
@@ -13,7 +14,7 @@ struct qxScriptText {
     std::string text; ///< UTF-8
     Origin origin;
     bool synchronise; ///< to be sent to connected sessions as well; false for those of a user
-    bool leftOut; ///< not run, because scripts of users are disabled
+    bool leftOut; ///< not run, because it is not allowed to
 };
 
 /// Runs scripts for a program, and hears which others are run.
@@ -21,8 +22,8 @@ class qxScriptRunner {
 public:
     typedef std::function<void(const qxScriptText &script)> Listener;
 
-    /// Runs `text`, UTF-8, as a program's own script: also while scripts are disabled, and unheard
-    /// by listeners. Errors name `fileName`. Returns whether it ran to its end, or to an exit()
+    /// Runs `text`, UTF-8, as a program's own script: whatever is allowed, and unheard by
+    /// listeners. Errors name `fileName`. Returns whether it ran to its end, or to an exit()
     /// that reports success.
     static bool run(const std::string &text, const std::string &fileName);
 
@@ -31,9 +32,13 @@ public:
     /// Whether Ctrl-C has ended a script that was not inside another one.
     static bool wereInterrupted();
 
-    /// With false, what qxScript::run is given is left out from now on. True at start. Returns what
-    /// was set before.
-    static bool setEnabled(bool enabled);
+    enum Allowed { Nothing, Trusted, Everything };
+    /// Which of the texts that qxScript::run is given are run from now on; the others are left out.
+    /// Trusted at start. Returns what was set before.
+    static Allowed setAllowed(Allowed allowed);
+    static Allowed allowed();
+    /// The texts, UTF-8, that are not trusted, in the place of those named before. All others are.
+    static void setDistrusted(const std::set<std::string> &texts);
 
     /// Where goes what scripts print: standard output at start. Errors of scripts go to the log.
     static void setOutput(std::FILE *output);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "qxFileScripts.h"
+
+#include <QDialog>
+
+class QDialogButtonBox;
+class QPlainTextEdit;
+class QTreeWidget;
+
+/// Shows the scripts that came with a file, and asks whether they may run. Accepted, there is a
+/// decision; else everything stays as it is.
+class qxScriptsDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `file` is its name for people.
+    qxScriptsDialog(const QString &file, const QList<qxFileScripts::Script> &scripts,
+                    QWidget *parent);
+
+    qxScriptTrust::Decision decision() const { return m_decision; }
+
+private:
+    QWidget *buildScripts();
+    void addButton(QDialogButtonBox *buttons, const QString &text,
+                   qxScriptTrust::Decision decision);
+    void showScript();
+
+    QList<qxFileScripts::Script> m_scripts;
+    QTreeWidget *m_sets;
+    QPlainTextEdit *m_text;
+    qxScriptTrust::Decision m_decision = qxScriptTrust::Undecided;
+};

@@ -1,0 +1,110 @@
+#include "qxFileScripts.h"
+
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "Script/qxScriptRunner.h"
+
+#include <QFileInfo>
+
+namespace {
+
+/// As the interpreter would get it, which ends a text at its first NUL.
+std::string textOf(const qxVariantSet &set)
+{
+    return set.script.toUtf8().constData();
+}
+
+QString noteOn(const QString &file, const QString &set)
+{
+    return QFileInfo(file).fileName() + QLatin1String(": ") + set;
+}
+
+} // namespace
+
+void qxFileScripts::take()
+{
+    clear();
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        if (!set->script.isEmpty())
+            m_texts.insert(textOf(*set));
+    }
+    if (!m_texts.empty())
+        m_trust = qxScriptTrust();
+    tellRunner();
+}
+
+void qxFileScripts::clear()
+{
+    m_texts.clear();
+    m_decided.clear();
+    tellRunner();
+}
+
+qxScriptTrust::Decision qxFileScripts::decisionOn(const std::string &text) const
+{
+    const auto decided = m_decided.find(text);
+    return decided == m_decided.end() ? m_trust.of(text) : decided->second;
+}
+
+void qxFileScripts::tellRunner() const
+{
+    std::set<std::string> distrusted;
+    for (const std::string &text : m_texts) {
+        if (decisionOn(text) != qxScriptTrust::Trusted)
+            distrusted.insert(text);
+    }
+    qxScriptRunner::setDistrusted(distrusted);
+}
+
+QList<qxFileScripts::Script> qxFileScripts::list() const
+{
+    QList<Script> scripts;
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        const std::string text = textOf(*set);
+        if (m_texts.count(text) > 0)
+            scripts << Script{set->name, set->script, decisionOn(text)};
+    }
+    return scripts;
+}
+
+QString qxFileScripts::decide(qxScriptTrust::Decision decision, const QString &file)
+{
+    qxScriptTrust::Scripts scripts;
+    for (const Script &script : list()) {
+        const std::string text = script.text.toUtf8().constData();
+        scripts.emplace(text, noteOn(file, script.set));
+        m_decided[text] = decision;
+    }
+    tellRunner();
+    return qxScriptTrust::remember(scripts, decision);
+}
+
+QString qxFileScripts::rememberOwn(const QString &file) const
+{
+    bool isUntrusted = false;
+    for (const std::string &text : m_texts)
+        isUntrusted |= decisionOn(text) != qxScriptTrust::Trusted;
+    if (isUntrusted && qxScriptRunner::allowed() == qxScriptRunner::Everything)
+        return QString();
+    const qxScriptTrust trust;
+    qxScriptTrust::Scripts own;
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        const std::string text = textOf(*set);
+        if (!text.empty() && m_texts.count(text) == 0 && trust.of(text) == qxScriptTrust::Undecided)
+            own.emplace(text, noteOn(file, set->name));
+    }
+    return own.empty() ? QString() : qxScriptTrust::remember(own, qxScriptTrust::Trusted);
+}
+
+QString qxFileScripts::shown(const QString &text)
+{
+    QString shown;
+    for (const uint each : text.toUcs4()) {
+        if (QChar::isPrint(each) || each == '\n' || each == '\t')
+            shown += QString::fromUcs4(&each, 1);
+        else
+            shown += QStringLiteral("\\u{%1}").arg(each, 0, 16);
+    }
+    return shown;
+}

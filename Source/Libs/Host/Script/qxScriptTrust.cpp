@@ -1,0 +1,142 @@
+#include "qxScriptTrust.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace {
+
+const char *const introduction =
+    "# Scripts that came with scene files, by the SHA-256 of their text: whether they are trusted\n"
+    "# and run, or never do. Without a line here a script is asked about.\n";
+
+const int waiting = 10000; ///< milliseconds for another program that writes the file
+
+QString text(const char *source)
+{
+    return QCoreApplication::translate("qxScriptTrust", source);
+}
+
+QByteArray hashOf(const std::string &script)
+{
+    const QByteArray bytes = QByteArray::fromRawData(script.data(), int(script.size()));
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+}
+
+/// One line of modest length, whatever names went into it.
+QString plain(const QString &note)
+{
+    QString line = note.simplified().left(100);
+    std::replace_if(
+        line.begin(), line.end(), [](QChar each) { return !each.isPrint(); }, QLatin1Char('?'));
+    return line;
+}
+
+/// Makes the folder, for the person alone.
+bool makeFolder(const QString &folder)
+{
+    if (QFileInfo(folder).isDir())
+        return true;
+    return QDir().mkpath(folder)
+        && QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+} // namespace
+
+QString qxScriptTrust::path()
+{
+    // One place for window and commands, whose applications have other names.
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+        + QLatin1String("/qxVariants/scripts-of-files");
+}
+
+qxScriptTrust::qxScriptTrust()
+{
+    QFile file(path());
+    if (!file.exists())
+        return;
+    if (!file.open(QIODevice::ReadOnly)) {
+        m_flaw = text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 cannot be read: %2"))
+                     .arg(path(), file.errorString());
+        return;
+    }
+    int number = 0;
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        ++number;
+        if (take(QString::fromUtf8(line)))
+            continue;
+        m_entries.clear();
+        m_flaw = text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 is broken in line %2"))
+                     .arg(path())
+                     .arg(number);
+        return;
+    }
+}
+
+bool qxScriptTrust::take(const QString &line)
+{
+    static const QRegularExpression form(
+        QStringLiteral("\\A(trusted|never) ([0-9a-f]{64})(?: (.*))?\\z"));
+    if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+        return true;
+    const QRegularExpressionMatch parts = form.match(line);
+    if (!parts.hasMatch())
+        return false;
+    const bool isTrusted = parts.captured(1) == QLatin1String("trusted");
+    m_entries[parts.captured(2).toLatin1()] = {isTrusted ? Trusted : Never, parts.captured(3)};
+    return true;
+}
+
+qxScriptTrust::Decision qxScriptTrust::of(const std::string &script) const
+{
+    return m_entries.value(hashOf(script)).decision;
+}
+
+QByteArray qxScriptTrust::written() const
+{
+    QStringList lines;
+    for (auto entry = m_entries.begin(); entry != m_entries.end(); ++entry) {
+        const bool isTrusted = entry->decision == Trusted;
+        const QLatin1String word(isTrusted ? "trusted" : "never");
+        lines << word + QLatin1Char(' ') + QLatin1String(entry.key()) + QLatin1Char(' ')
+                + entry->note;
+    }
+    std::sort(lines.begin(), lines.end()); // one content, one file
+    return introduction + (lines.join(QLatin1Char('\n')) + QLatin1Char('\n')).toUtf8();
+}
+
+QString qxScriptTrust::remember(const Scripts &scripts, Decision decision)
+{
+    const QString failure = text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 cannot be written: %2"));
+    if (!makeFolder(QFileInfo(path()).path()))
+        return failure.arg(path(),
+                           text(QT_TRANSLATE_NOOP("qxScriptTrust", "its folder is missing")));
+    QLockFile lock(path() + QLatin1String(".lock"));
+    if (!lock.tryLock(waiting))
+        return failure.arg(path(), text(QT_TRANSLATE_NOOP("qxScriptTrust", "it is locked")));
+    qxScriptTrust trust;
+    if (!trust.m_flaw.isEmpty())
+        return trust.m_flaw;
+    const QByteArray before = trust.written();
+    for (const auto &script : scripts) {
+        if (decision == Undecided)
+            trust.m_entries.remove(hashOf(script.first));
+        else if (trust.of(script.first) != decision)
+            trust.m_entries[hashOf(script.first)] = {decision, plain(script.second)};
+    }
+    const QByteArray after = trust.written();
+    if (after == before)
+        return QString();
+    QSaveFile file(path());
+    const bool isWritten = file.open(QIODevice::WriteOnly)
+        && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)
+        && file.write(after) == after.size() && file.commit();
+    return isWritten ? QString() : failure.arg(path(), file.errorString());
+}
