@@ -10,9 +10,9 @@
 namespace {
 
 /// As the interpreter would get it, which ends a text at its first NUL.
-std::string textOf(const qxVariantSet &set)
+std::string textOf(const QString &script)
 {
-    return set.script.toUtf8().constData();
+    return script.toUtf8().constData();
 }
 
 QString noteOn(const QString &file, const QString &set)
@@ -27,7 +27,7 @@ void qxFileScripts::take()
     clear();
     for (const qxVariantSet *set : qxVariants::_variantSets) {
         if (!set->script.isEmpty())
-            m_texts.insert(textOf(*set));
+            m_texts.insert(textOf(set->script));
     }
     if (!m_texts.empty())
         m_trust = qxScriptTrust();
@@ -61,23 +61,34 @@ QList<qxFileScripts::Script> qxFileScripts::list() const
 {
     QList<Script> scripts;
     for (const qxVariantSet *set : qxVariants::_variantSets) {
-        const std::string text = textOf(*set);
+        const std::string text = textOf(set->script);
         if (m_texts.count(text) > 0)
             scripts << Script{set->name, set->script, decisionOn(text)};
     }
     return scripts;
 }
 
-QString qxFileScripts::decide(qxScriptTrust::Decision decision, const QString &file)
+QList<qxFileScripts::Script> qxFileScripts::undecided() const
 {
-    qxScriptTrust::Scripts scripts;
+    QList<Script> scripts;
     for (const Script &script : list()) {
-        const std::string text = script.text.toUtf8().constData();
-        scripts.emplace(text, noteOn(file, script.set));
+        if (script.decision == qxScriptTrust::Undecided)
+            scripts << script;
+    }
+    return scripts;
+}
+
+QString qxFileScripts::decide(const QList<Script> &scripts, qxScriptTrust::Decision decision,
+                              const QString &file)
+{
+    qxScriptTrust::Scripts noted;
+    for (const Script &script : scripts) {
+        const std::string text = textOf(script.text);
+        noted.emplace(text, noteOn(file, script.set));
         m_decided[text] = decision;
     }
     tellRunner();
-    return qxScriptTrust::remember(scripts, decision);
+    return qxScriptTrust::remember(noted, decision);
 }
 
 QString qxFileScripts::rememberOwn(const QString &file) const
@@ -90,7 +101,7 @@ QString qxFileScripts::rememberOwn(const QString &file) const
     const qxScriptTrust trust;
     qxScriptTrust::Scripts own;
     for (const qxVariantSet *set : qxVariants::_variantSets) {
-        const std::string text = textOf(*set);
+        const std::string text = textOf(set->script);
         if (!text.empty() && m_texts.count(text) == 0 && trust.of(text) == qxScriptTrust::Undecided)
             own.emplace(text, noteOn(file, set->name));
     }

@@ -29,9 +29,12 @@ public:
     QList<Script> list() const;
     /// Why what was decided earlier is unknown; empty when it is not.
     QString flaw() const { return m_trust.flaw(); }
-    /// Decides on all of the list, and remembers that; `file` is where they were seen. The decision
-    /// holds for now even when it cannot be remembered; then it answers why.
-    QString decide(qxScriptTrust::Decision decision, const QString &file);
+    /// Those of the list that nobody has decided on.
+    QList<Script> undecided() const;
+    /// Decides on these, and remembers that; `file` is where they were seen. The decision holds for
+    /// now even when it cannot be remembered; then it answers why.
+    QString decide(const QList<Script> &scripts, qxScriptTrust::Decision decision,
+                   const QString &file);
     /// What is in the sets and did not come with a file is of this person, who has saved it: it is
     /// trusted. Answers why that cannot be remembered. Where untrusted scripts were let run nothing
     /// is, for they can write scripts.

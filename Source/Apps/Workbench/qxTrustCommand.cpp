@@ -93,7 +93,7 @@ int run(const QCommandLineParser &parser)
         answer = ask();
     if (!answer)
         return Success;
-    const QString reason = session.scripts().decide(answer->decision, file);
+    const QString reason = session.scripts().decide(scripts, answer->decision, file);
     return reason.isEmpty() ? Success : qxCommands::fail(reason);
 }
 

@@ -10,23 +10,17 @@
 
 #include <algorithm>
 
-namespace {
-
-bool isAny(const QList<qxFileScripts::Script> &scripts, qxScriptTrust::Decision decision)
-{
-    return std::any_of(scripts.begin(), scripts.end(),
-                       [decision](const auto &script) { return script.decision == decision; });
-}
-
-} // namespace
-
 /// What was decided about a script before is not asked again.
 void qxWorkbenchWindow::askAboutScripts()
 {
-    if (isAny(m_session->scripts().list(), qxScriptTrust::Undecided))
-        decideOnScripts();
+    const QList<qxFileScripts::Script> undecided = m_session->scripts().undecided();
+    if (!undecided.isEmpty())
+        decideOn(undecided);
     const QList<qxFileScripts::Script> scripts = m_session->scripts().list();
-    if (isAny(scripts, qxScriptTrust::Undecided) || isAny(scripts, qxScriptTrust::Never))
+    const auto isTrusted = [](const qxFileScripts::Script &script) {
+        return script.decision == qxScriptTrust::Trusted;
+    };
+    if (!std::all_of(scripts.begin(), scripts.end(), isTrusted))
         statusBar()->showMessage(
             tr("Scripts of this file are not run. \"File > Scripts of This File\" shows them."),
             15000);
@@ -34,19 +28,19 @@ void qxWorkbenchWindow::askAboutScripts()
 
 void qxWorkbenchWindow::showScripts()
 {
-    if (!m_session->scripts().list().isEmpty())
-        return decideOnScripts();
+    const QList<qxFileScripts::Script> scripts = m_session->scripts().list();
+    if (!scripts.isEmpty())
+        return decideOn(scripts);
     QMessageBox::information(this, tr("Scripts of This File"),
                              tr("No set has a script that came with a file."));
 }
 
-void qxWorkbenchWindow::decideOnScripts()
+void qxWorkbenchWindow::decideOn(const QList<qxFileScripts::Script> &scripts)
 {
-    const QString name = QFileInfo(m_path).fileName();
-    qxScriptsDialog dialog(name, m_session->scripts().list(), this);
+    qxScriptsDialog dialog(QFileInfo(m_path).fileName(), scripts, this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    const QString reason = m_session->scripts().decide(dialog.decision(), m_path);
+    const QString reason = m_session->scripts().decide(scripts, dialog.decision(), m_path);
     if (!reason.isEmpty())
         showFailure(tr("The decision holds for now, but cannot be remembered."), reason);
 }

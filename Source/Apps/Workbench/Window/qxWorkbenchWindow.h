@@ -1,5 +1,6 @@
 #pragma once
 
+#include "qxFileScripts.h"
 #include "qxSceneKeeper.h"
 
 #include <QMainWindow>
@@ -85,7 +86,7 @@ private:
     void showTitle();
     void askAboutScripts();
     void showScripts();
-    void decideOnScripts();
+    void decideOn(const QList<qxFileScripts::Script> &scripts);
     void watchLeftOutScripts();
     void forgetScene();
     void takeBackScene();
