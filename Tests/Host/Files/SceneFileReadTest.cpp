@@ -171,7 +171,8 @@ TEST_F(SceneFileReadTest, WhatIsDecodedStaysWithinTheMemoryLimit)
     expectRefused(mesh(100, 1, 100), "of 2.861 MB are left (--memory-limit)");
     expectRefused(sceneText("\"extras\": [" + QByteArray(60000, ',').replace(",", "0,") + "0]"),
                   "its JSON: 5.723 MB of memory are needed");
-    expectRefused(sceneText(data + text.left(200000) + "\"}]"), "buffer 0: 0.8583 MB of memory are");
+    expectRefused(sceneText(data + text.left(200000) + "\"}]"),
+                  "buffer 0: 0.8583 MB of memory are");
     EXPECT_EQ(loadError(write("fits.gltf", sceneText(data + "\"}]"))), "");
     write("data.bin", QByteArray(4000000, 0));
     expectRefused(sceneText(R"("buffers": [{"byteLength": 9, "uri": "data.bin"}])"),
