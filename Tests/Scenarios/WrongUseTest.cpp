@@ -51,7 +51,7 @@ TEST_F(WrongUseTest, ACommandExplainsItself)
 {
     const QByteArray help = done({"select", "--help"}).out;
     EXPECT_TRUE(help.startsWith("Usage: workbench select FILE SET... [options]\n"));
-    for (const char *option : {"--keep-camera", "--save", "--json", "--trace"})
+    for (const char *option : {"--keep-camera", "--save", "--json", "--trace", "--memory-limit"})
         EXPECT_TRUE(help.contains(option)) << option;
     for (const QStringList &call :
          {QStringList{"select", "-h", "not there.gltf"}, {"help", "select"}, {"--help", "select"}})
@@ -109,6 +109,10 @@ TEST_F(WrongUseTest, AWrongCallIsExplainedInOneLine)
     refused(2, {write("a.obj", "")}, "a.obj: scene files end in .gltf or .glb\n");
     refused(2, {scene, "select", "Morning"}, "the command comes before the file\nTry");
     refused(2, {scene, scene}, "desk.gltf: a file alone opens a window\nTry");
+    const char *size = "--memory-limit 4: a size is written like 500MB or 4GB\n";
+    refused(2, {"info", scene, "--memory-limit", "4"}, size);
+    refused(2, {scene, "--memory-limit", "4"}, size);
+    refused(2, {scene, "--memory-limit"}, "Missing value after '--memory-limit'.");
     refused(2, {"info", scene, "--colour"}, "info has no option --colour\nTry");
     refused(2, {"info", scene, "--jsn"}, "no option --jsn; did you mean \"--json\"?\nTry");
     refused(2, {"set", scene, "Desk", "Oak", "Glass"}, "too many arguments for set");

@@ -160,6 +160,7 @@ TEST_F(SceneFileMeshTest, PicturesAreThereOnceAndBeginWithTheirBottomRow)
              + png.left(60) + R"("}, {"name": "Text", "uri": "data:;base64,AAAA"},
                    {"name": "Wide", "uri": "data:;base64,)"
              + R"(iVBORw0KGgoAAAANSUhEUgAAQAAAAC7gCAIAAADrZ6vpAAAADUlEQVR4nGP4"}])");
+    qxMemoryBudget::setLimit(qxMemoryBudget::fromText("2GB"));
     const qxSurface first = qxSurface::of(material("M0"));
     EXPECT_EQ(first.wrapS, osg::UInt32(GL_CLAMP_TO_EDGE));
     EXPECT_EQ(first.wrapT, osg::UInt32(GL_MIRRORED_REPEAT));

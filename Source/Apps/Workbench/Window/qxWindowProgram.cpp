@@ -61,8 +61,11 @@ int qxWindowProgram::run(int argc, char *argv[])
 {
     QCommandLineParser parser;
     const QString path = read(parser, argc, argv).value(0);
-    if (!qxMemoryLimit::take(parser)) {
-        qxCommands::fail(qxMemoryLimit::flaw(parser));
+    const QString flaw = parser.errorText().isEmpty() && !qxMemoryLimit::take(parser)
+        ? qxMemoryLimit::flaw(parser)
+        : parser.errorText();
+    if (!flaw.isEmpty()) {
+        qxCommands::fail(flaw);
         return WrongUse;
     }
     const QString reason = obstacle(path);

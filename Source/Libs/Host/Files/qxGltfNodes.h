@@ -6,7 +6,7 @@
 
 class qxGltfExtras;
 
-/// Makes scene-graph nodes of the nodes of a file: those of the shown scene, whatever their depth.
+/// Makes scene-graph nodes of the nodes of a file: those of the shown scene.
 class qxGltfNodes {
 public:
     /// Takes meshes from `scene` and puts the roots and the origin of the nodes there.
