@@ -42,7 +42,7 @@ int soak(long steps, unsigned seed, std::FILE *table)
     const QTemporaryDir folder;
     std::mt19937 random(seed);
     qxHost host;
-    qxScriptRunner::setEnabled(false);
+    qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
     qxSoakSteps soak(host, QStringLiteral(QX_SOAK_SCENE), folder.filePath("saved.gltf"),
                      [&](unsigned below) { return unsigned(random() % below); });
     std::fprintf(table, "seed %u\n%10s %9s %9s\n", seed, "steps", "per s", "MB");

@@ -43,7 +43,8 @@ bool isText(const QByteArray &bytes)
 /// Most of the time would go into freed memory that is kept aside, and into stacks of allocations.
 extern "C" const char *__asan_default_options()
 {
-    return "detect_leaks=0:quarantine_size_mb=8:malloc_context_size=3:max_malloc_fill_size=64";
+    return "detect_leaks=0:quarantine_size_mb=1:thread_local_quarantine_size_kb=64"
+           ":malloc_context_size=1:max_malloc_fill_size=0";
 }
 #endif
 
