@@ -20,6 +20,7 @@
 namespace {
 
 int errors = 0;
+int warningCount = 0;
 
 /// Left to the end of the process: what else runs then may still need it.
 qxHost *host = nullptr;
@@ -60,8 +61,10 @@ qxHost &FuzzHost::start()
     new QApplication(count, arguments);
     host = new qxHost;
     qxScriptRunner::setEnabled(false);
-    qxLog::addListener(
-        [](qxLog::Level level, const std::string &) { errors += level == qxLog::Error; });
+    qxLog::addListener([](qxLog::Level level, const std::string &) {
+        errors += level == qxLog::Error;
+        warningCount += level == qxLog::Warning;
+    });
     return *host;
 }
 
@@ -112,6 +115,11 @@ bool FuzzHost::readDocument(const QByteArray &document)
         return false;
     qxVariantReader().read(document.constData());
     return errors == before;
+}
+
+int FuzzHost::warnings()
+{
+    return warningCount;
 }
 
 // Built, not read: reading a file takes longer than what is done with most documents.

@@ -27,6 +27,8 @@ bool show(qxSceneFile &file, const QString &path);
 bool open(qxSceneFile &file, const QString &path);
 /// Reads a document into the registry, unless it is no text. False when it is refused.
 bool readDocument(const QByteArray &document);
+/// How many warnings the log has shown so far.
+int warnings();
 /// Shows the scene that documents are tried on, with all that they can refer to.
 void showWorkshop();
 

@@ -36,7 +36,10 @@ void saveAndReadAgain(qxSceneFile &file, const Course &course)
 {
     const QString path = placeOf(course);
     const QStringList shown = FuzzShown::states();
+    const int warnings = FuzzHost::warnings();
     file.setVariantsDocument(qxVariantWriter().write());
+    if (FuzzHost::warnings() != warnings)
+        return; // a name with characters that no document can hold is another one afterwards
     if (!file.save(path))
         return; // refused with a reason, such as extras of the file that are no object
     const QByteArray saved = FuzzHost::read(path);
