@@ -188,8 +188,9 @@ void Lines::write(const osg::NodePtr &node, int depth)
     const bool inSwitch = node->getParent() != osg::NullFC
         && osg::SwitchPtr::dcast(node->getParent()->getCore()) != osg::NullFC;
     const bool isNamedPart = isPart && (inSwitch || osg::getName(node));
-    m_text << indent << "Node '" << (isNamedPart || osg::getName(node) ? qxNodeName(node) : "")
-           << '\'';
+    const osg::Char8 *const own = osg::getName(node);
+    const osg::Char8 *const name = own || !isNamedPart ? own : osg::getName(node->getCore());
+    m_text << indent << "Node '" << (name ? name : "") << '\'';
     m_text << (node->getTravMask() == 0 ? " hidden" : "");
     if (!isNamedPart)
         write(node->getCore());
@@ -199,7 +200,7 @@ void Lines::write(const osg::NodePtr &node, int depth)
         write(child, depth + 1);
     if (!isNamedPart)
         return;
-    m_text << indent << "  Node -";
+    m_text << indent << " Node ''";
     write(node->getCore());
     m_text << '\n';
 }
