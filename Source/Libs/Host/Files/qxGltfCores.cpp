@@ -126,8 +126,11 @@ void qxGltfDescribePoses(const osg::NodePtr &node, qxGltfPoses &poses)
     poses.numbers = allNumbers(states->getPoses());
     poses.selected = states->getSelected();
     const auto choices = osg::SwitchComponentTransformPtr::dcast(node->getCore());
-    poses.showsPose = choices != osg::NullFC && choices->getChoice() < choices->getCount()
-        && qxTransformStates::isInSelected(node)
-        && choices->getMatrix()
-            != qxTransformStates::shown(choices->getStates()[choices->getChoice()]);
+    const osg::MFMatrix &all = states->getPoses();
+    if (choices == osg::NullFC || choices->getChoice() >= choices->getCount()
+        || std::size_t(poses.selected) >= all.size())
+        return;
+    const osg::Matrix matrix = choices->getMatrix();
+    poses.showsPose = matrix == qxTransformStates::shown(all[std::size_t(poses.selected)])
+        && matrix != qxTransformStates::shown(choices->getStates()[choices->getChoice()]);
 }
