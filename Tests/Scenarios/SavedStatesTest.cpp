@@ -113,7 +113,7 @@ private:
             break;
         default:
             const TestNode parent(anyNode());
-            if (m_mayMove && isInTree(node) && !qxIsBelow(parent, node))
+            if (m_mayMove && isInTree(node) && !isBelow(parent, node))
                 node.moveTo(parent);
         }
     }
@@ -164,16 +164,13 @@ private:
         nodes.erase(std::remove_if(nodes.begin(), nodes.end(), isPart), nodes.end());
         return nodes[any(nodes.size())];
     }
-    static bool isInTree(const TestNode &node) { return node.node()->getParent() != osg::NullFC; }
-    static bool qxIsBelow(osg::NodePtr node, const osg::NodePtr &top)
+    static bool isBelow(osg::NodePtr node, const osg::NodePtr &top)
     {
-        for (; node != osg::NullFC; node = node->getParent()) {
-            if (node == top)
-                return true;
-        }
-        return false;
+        while (node != osg::NullFC && node != top)
+            node = node->getParent();
+        return node == top;
     }
-
+    static bool isInTree(const TestNode &node) { return node.node()->getParent() != osg::NullFC; }
     RandomChoices &m_random;
     const bool m_mayMove;
     const bool m_isImported;
