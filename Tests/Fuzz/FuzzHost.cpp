@@ -60,7 +60,7 @@ qxHost &FuzzHost::start()
     static char *arguments[] = {name, nullptr};
     new QApplication(count, arguments);
     host = new qxHost;
-    qxScriptRunner::setEnabled(false);
+    qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
     qxLog::addListener([](qxLog::Level level, const std::string &) {
         errors += level == qxLog::Error;
         warningCount += level == qxLog::Warning;

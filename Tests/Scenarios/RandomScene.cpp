@@ -23,7 +23,6 @@ private:
     void makeExtras(qxJson &extras);
     void makeSurroundings(qxJson &extras);
     qxJson poses(unsigned count);
-    std::string states(unsigned count);
     std::string attribute();
     std::string variant(const char *tag);
 
@@ -244,20 +243,14 @@ std::string Maker::attribute()
     return '"' + m_random.name() + '"';
 }
 
-std::string Maker::states(unsigned count)
-{
-    std::string text;
-    for (; count > 0; --count)
-        text += "<State name=" + attribute() + "/>";
-    return text;
-}
-
 std::string Maker::variant(const char *tag)
 {
     const std::string name = attribute();
     const std::string base = m_random.percent(50) ? name : attribute();
-    return std::string("<") + tag + " name=" + name + " base=" + base + ">"
-        + states(m_random.below(4)) + "</" + tag + ">";
+    std::string text = std::string("<") + tag + " name=" + name + " base=" + base + ">";
+    for (unsigned count = m_random.below(4); count > 0; --count)
+        text += "<State name=" + attribute() + "/>";
+    return text + "</" + tag + ">";
 }
 
 void Maker::makeDocument()

@@ -119,8 +119,10 @@ void Lines::write(const osg::NodeCorePtr &core)
     const auto light = osg::UberLightPtr::dcast(core);
     const auto overlay = osg::OverlayCorePtr::dcast(core);
     const auto part = osg::GeometryPtr::dcast(core);
-    if (states != osg::NullFC || choices != osg::NullFC || part != osg::NullFC) {
+    if (part != osg::NullFC)
         writeName(core);
+    if (states != osg::NullFC || choices != osg::NullFC) {
+        m_text << ' ' << core->getTypeName();
         const auto number = m_cores.emplace(core.getFieldContainerId(), m_cores.size());
         if (!number.second)
             m_text << " as " << number.first->second;
@@ -186,8 +188,9 @@ void Lines::write(const osg::NodePtr &node, int depth)
     const bool inSwitch = node->getParent() != osg::NullFC
         && osg::SwitchPtr::dcast(node->getParent()->getCore()) != osg::NullFC;
     const bool isNamedPart = isPart && (inSwitch || osg::getName(node));
-    m_text << indent;
-    writeName(node);
+    const osg::Char8 *const own = osg::getName(node);
+    const osg::Char8 *const name = own || !isNamedPart ? own : osg::getName(node->getCore());
+    m_text << indent << "Node '" << (name ? name : "") << '\'';
     m_text << (node->getTravMask() == 0 ? " hidden" : "");
     if (!isNamedPart)
         write(node->getCore());
@@ -197,7 +200,7 @@ void Lines::write(const osg::NodePtr &node, int depth)
         write(child, depth + 1);
     if (!isNamedPart)
         return;
-    m_text << indent << "  Node -";
+    m_text << indent << " Node ''";
     write(node->getCore());
     m_text << '\n';
 }

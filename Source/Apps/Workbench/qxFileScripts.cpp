@@ -107,15 +107,3 @@ QString qxFileScripts::rememberOwn(const QString &file) const
     }
     return own.empty() ? QString() : qxScriptTrust::remember(own, qxScriptTrust::Trusted);
 }
-
-QString qxFileScripts::shown(const QString &text)
-{
-    QString shown;
-    for (const uint each : text.toUcs4()) {
-        if (QChar::isPrint(each) || each == '\n' || each == '\t')
-            shown += QString::fromUcs4(&each, 1);
-        else
-            shown += QStringLiteral("\\u{%1}").arg(each, 0, 16);
-    }
-    return shown;
-}

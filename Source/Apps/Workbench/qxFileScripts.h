@@ -40,10 +40,6 @@ public:
     /// is, for they can write scripts.
     QString rememberOwn(const QString &file) const;
 
-    /// The text with visible escapes in the place of what is not shown, or orders terminals and
-    /// texts about; lines and tabulators stay.
-    static QString shown(const QString &text);
-
 private:
     qxScriptTrust::Decision decisionOn(const std::string &text) const;
     void tellRunner() const;

@@ -51,15 +51,21 @@ QString flawOf(const QByteArray &xml)
 }
 
 /// The variant of that switch material. Its default is the material that the file was made with,
-/// which need not be the one that it shows now.
+/// which need not be the one that it shows now. Null when there is no such switch material.
 qxMaterialVariant *materialVariant(const QString &name)
 {
     if (qxMaterialVariant *known = qxVariants::findMaterialVariant(name))
         return known;
-    const osg::MaterialPtr material = qxMaterials::findMaterial(name.toUtf8().constData());
-    qxMaterialVariant *const variant = qxVariants::createMaterialVariant(material, true);
-    const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
-    variant->defaultState = QString::fromStdString(qxMaterials::getName(choices->getMaterial(0)));
+    osg::SwitchMaterialPtr choices; // a file may call a plain material like it
+    for (const osg::MaterialPtr &each : qxMaterials::findMaterials(name.toUtf8().constData())) {
+        if (choices == osg::NullFC)
+            choices = osg::SwitchMaterialPtr::dcast(each);
+    }
+    qxMaterialVariant *const variant =
+        choices == osg::NullFC ? nullptr : qxVariants::createMaterialVariant(choices, true);
+    if (variant && !choices->getMFMaterials()->empty())
+        variant->defaultState =
+            QString::fromStdString(qxMaterials::getName(choices->getMaterial(0)));
     return variant;
 }
 
@@ -110,7 +116,7 @@ void qxSession::importVariants()
         // The names are unique, and there is nothing yet that could have one of them.
         qxVariantSet *const set = qxVariants::createVariantSet(variant.name, true, group);
         for (const QPair<QString, QString> &choice : variant.materials)
-            set->add(materialVariant(choice.first), choice.second);
+            set->add(materialVariant(choice.first), choice.second); // which may be null
     }
     m_imported = qxVariantWriter().write();
 }

@@ -46,9 +46,8 @@ QString wordFor(Decision decision)
 void print(const QList<qxFileScripts::Script> &scripts)
 {
     for (const qxFileScripts::Script &script : scripts) {
-        qxOutput::line(QStringLiteral("%1 (%2)").arg(qxFileScripts::shown(script.set),
-                                                     wordFor(script.decision)));
-        const QString text = qxFileScripts::shown(script.text);
+        qxOutput::line(QStringLiteral("%1 (%2)").arg(script.set, wordFor(script.decision)));
+        const QString text = qxVisibleText::code(script.text);
         for (const QString &line : text.split(QLatin1Char('\n')))
             qxOutput::line(QLatin1String("  ") + line);
     }

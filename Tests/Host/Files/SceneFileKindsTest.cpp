@@ -7,7 +7,6 @@
 
 #include <OpenSG/OSGQuaternion.h>
 #include <OpenSG/OSGSimpleMaterial.h>
-#include <OpenSG/OSGSwitchMaterial.h>
 
 namespace {
 
@@ -138,21 +137,6 @@ TEST_F(SceneFileKindsTest, AChosenMaterialIsShownByOtherProgramsAndKeptWithItsDe
     setMaterial(part(0), qxMaterials::findMaterial("Blue"));
     setMaterial(part(3), part(1)->getMaterial());
     saveAndLoad();
-}
-
-TEST_F(SceneFileKindsTest, SwitchMaterialsThatWereBuiltHereComeBackAsTheyWere)
-{
-    qxJson json = paints;
-    json.erase("extensions");
-    for (qxJson &part : json["meshes"][0]["primitives"])
-        part.erase("extensions");
-    load(json);
-    const TestMaterial made = scene.addSwitchMaterial("Paint", {"Blue", "Green"});
-    made.choose(1);
-    setMaterial(part(1), made.material());
-    scene.addSwitchMaterial("Unused", {"Red 2"}).choose(5);
-    saveAndLoad();
-    EXPECT_EQ(TestMaterial(qxMaterials::findMaterial("Unused")).choice(), 5u);
 }
 
 TEST_F(SceneFileKindsTest, AListOfSwitchMaterialsThatCannotBeUsedIsLeftOut)

@@ -1,6 +1,5 @@
 #include "Files/SceneFileFixture.h"
 #include "Materials/qxSurface.h"
-#include "Scene/qxTransformStates.h"
 
 #include <OpenSG/OSGComponentTransform.h>
 #include <OpenSG/OSGGeometry.h>
@@ -97,19 +96,6 @@ TEST_F(SceneFileSaveTest, NodesMoveComeAndGo)
     EXPECT_EQ(json["nodes"][2]["children"], qxJson::array({5}));
     // The clone has taken over what its owner said.
     EXPECT_EQ(json["nodes"][4]["extras"], qxJson({{"qxSwitch", 0}}));
-}
-
-TEST_F(SceneFileSaveTest, NewSwitchesAndTheirClonesComeBackSharing)
-{
-    osg::setName(find("Wheels").node(), static_cast<const char *>(nullptr));
-    const TestNode roofs = scene.addSwitch("Roofs", {"Soft", "Hard"});
-    roofs.choose(1);
-    scene.addClone(roofs, find("Lid"));
-    scene.addTransformSwitch("Seat", 3).choose(2);
-    scene.addPoses("Door", {"Shut", "Open"});
-    qxTransformStates::select(find("Door"), 1);
-    saveAndLoad();
-    EXPECT_EQ(qxScenegraph::findNodes("Roofs")[1]->getCore(), find("Roofs").core());
 }
 
 TEST_F(SceneFileSaveTest, EditedAndNewMaterialsAreWritten)

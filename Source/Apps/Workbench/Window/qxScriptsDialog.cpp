@@ -72,7 +72,7 @@ QWidget *qxScriptsDialog::buildScripts()
     m_sets->setRootIsDecorated(false);
     m_sets->setUniformRowHeights(true);
     for (const qxFileScripts::Script &script : m_scripts)
-        new QTreeWidgetItem(m_sets, {qxFileScripts::shown(script.set), wordFor(script.decision)});
+        new QTreeWidgetItem(m_sets, {qxVisibleText::code(script.set), wordFor(script.decision)});
     m_sets->header()->setStretchLastSection(false);
     m_sets->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_sets->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
@@ -95,7 +95,7 @@ void qxScriptsDialog::showScript()
 {
     const int row = m_sets->indexOfTopLevelItem(m_sets->currentItem());
     const QString text = row < 0 ? QString() : m_scripts[row].text;
-    QString shown = qxFileScripts::shown(text.left(shownLength));
+    QString shown = qxVisibleText::code(text.left(shownLength));
     const int more = text.size() - shownLength;
     if (more > 0)
         shown += QLatin1String("\n\n")

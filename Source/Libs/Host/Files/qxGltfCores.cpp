@@ -3,7 +3,7 @@
 #include "Files/qxGltfJson.h"
 #include "OSGOverlayCore.h"
 #include "OSGSwitchComponentTransform.h"
-#include "Scene/OSGTransformStates.h"
+#include "Scene/qxTransformStates.h"
 
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGSwitch.h>
@@ -125,4 +125,12 @@ void qxGltfDescribePoses(const osg::NodePtr &node, qxGltfPoses &poses)
     poses.names.assign(states->getNames().begin(), states->getNames().end());
     poses.numbers = allNumbers(states->getPoses());
     poses.selected = states->getSelected();
+    const auto choices = osg::SwitchComponentTransformPtr::dcast(node->getCore());
+    const osg::MFMatrix &all = states->getPoses();
+    if (choices == osg::NullFC || choices->getChoice() >= choices->getCount()
+        || std::size_t(poses.selected) >= all.size())
+        return;
+    const osg::Matrix matrix = choices->getMatrix();
+    poses.showsPose = matrix == qxTransformStates::shown(all[std::size_t(poses.selected)])
+        && matrix != qxTransformStates::shown(choices->getStates()[choices->getChoice()]);
 }

@@ -316,6 +316,18 @@ void qxGltfMaterialPatch::writeTo(qxJson &primitive, const osg::MaterialPtr &mat
     qxGltfSetExtra(primitive, qxGltfKeys::switchMaterial, place);
 }
 
+/// Whether the geometry shows the switch material that it was loaded with, and that the same as
+/// then: what the file says about it stays, even where that is another material.
+bool qxGltfMaterialPatch::isAsLoaded(const qxGltfOrigin::Part &part,
+                                     const osg::GeometryPtr &geometry)
+{
+    const osg::MaterialPtr material = geometry->getMaterial();
+    if (m_list || material == osg::NullFC || material.getFieldContainerId() != part.switchMaterial)
+        return false;
+    const osg::MaterialPtr chosen = chosenIn(material);
+    return chosen == osg::NullFC || !isDefault(chosen) || indexOf(chosen) < 0;
+}
+
 void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state, const qxGltfSwitchUse &use)
 {
     for (const auto &part : m_origin.geometries) {
@@ -323,8 +335,10 @@ void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state, const qxGltf
                                   [std::size_t(part.second.primitive)];
         const auto shown = state.geometries.find(part.first);
         const auto choices = use.shownBy.find(part.first);
-        if (shown != state.geometries.end())
+        if (shown != state.geometries.end() && !isAsLoaded(part.second, shown->second))
             writeTo(primitive, shown->second->getMaterial());
+        else if (shown != state.geometries.end())
+            continue;
         else if (m_list && choices != use.shownBy.end())
             writeTo(primitive, use.states[std::size_t(choices->second)].material);
         else if (m_list && part.second.switchMaterial != 0) // which is gone

@@ -54,6 +54,7 @@ private:
     void listSwitches(const qxGltfSwitchUse &use, const qxJson &old);
     void findDefault(const qxGltfSwitchUse &use);
     void placeDefault(const qxGltfSwitchUse &use);
+    bool isAsLoaded(const qxGltfOrigin::Part &part, const osg::GeometryPtr &geometry);
     bool isDefault(const osg::MaterialPtr &material) const;
     std::vector<int> poolPlaces(const qxGltfSwitchUse &use) const;
     void writePoolOrder(const std::vector<int> &places);

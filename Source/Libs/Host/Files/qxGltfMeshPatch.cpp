@@ -1,6 +1,9 @@
 #include "Files/qxGltfMeshPatch.h"
 
+#include "Files/qxGltfExtras.h"
 #include "Files/qxGltfGeometryWriter.h"
+#include "Files/qxGltfMeshes.h"
+#include "Files/qxGltfPatch.h"
 #include "Files/qxGltfUri.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -51,8 +54,14 @@ int qxGltfMeshPatch::meshOf(const qxGltfNodeState &node, const qxGltfState &stat
     const char *name = osg::getName(state.geometries.at(node.mesh.front()));
     if (name)
         mesh["name"] = name;
-    for (const osg::UInt32 part : node.mesh)
-        mesh["primitives"].push_back(primitiveOf(state.geometries.at(part), node.node));
+    for (const osg::UInt32 part : node.mesh) {
+        qxJson primitive = primitiveOf(state.geometries.at(part), node.node);
+        const char *own = osg::getName(state.geometries.at(part));
+        const std::string byMesh = qxGltfPartName(name, mesh["primitives"].size() + 1);
+        qxGltfSetExtra(primitive, qxGltfKeys::partName,
+                       own && own != byMesh ? qxJson(own) : qxJson());
+        mesh["primitives"].push_back(primitive);
+    }
     const int index = int(qxGltfSection(m_json, "meshes").size());
     m_json["meshes"].push_back(mesh);
     m_meshes.emplace(node.mesh, index);

@@ -2,6 +2,7 @@
 
 #include "Files/qxGltfAccessors.h"
 #include "Files/qxGltfElements.h"
+#include "Files/qxGltfExtras.h"
 #include "Files/qxGltfModel.h"
 
 #include <OpenSG/OSGGeoFunctions.h>
@@ -215,18 +216,27 @@ long long trianglesOf(const qxGltfModel &model, const tinygltf::Primitive &primi
     return primitive.mode == TINYGLTF_MODE_TRIANGLES ? count / 3 : std::max(0LL, count - 2);
 }
 
-/// Names the geometry after its mesh. From the second part on a number follows, so that nodes that
-/// show the parts can be told apart.
-void namePart(const osg::GeometryPtr &geometry, const std::string *mesh, std::size_t number)
+/// Names the geometry after its mesh, unless the primitive says otherwise.
+void namePart(const osg::GeometryPtr &geometry, const qxJson &mesh, std::size_t number)
 {
-    const std::string name = mesh ? *mesh : geometry->getTypeName();
-    if (number > 1)
-        osg::setName(geometry, name + ' ' + std::to_string(number));
-    else if (mesh)
-        osg::setName(geometry, name);
+    const qxJson &name = qxGltfMember(mesh, "name");
+    const qxJson &extras = qxGltfMember(mesh["primitives"][number - 1], "extras");
+    const qxJson &own = qxGltfMember(extras, qxGltfKeys::partName);
+    const std::string shown = name.is_string() ? name.get<std::string>() : std::string();
+    const std::string byMesh = qxGltfPartName(name.is_string() ? shown.c_str() : nullptr, number);
+    if (own.is_string() || name.is_string() || number > 1)
+        osg::setName(geometry, own.is_string() ? own.get<std::string>() : byMesh);
 }
 
 } // namespace
+
+std::string qxGltfPartName(const char *mesh, std::size_t number)
+{
+    if (number == 1)
+        return mesh ? mesh : "";
+    const std::string name = mesh ? mesh : osg::Geometry::getClassType().getCName();
+    return name + ' ' + std::to_string(number);
+}
 
 std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
                                           const std::vector<qxGltfMaterialRef> &materials)
@@ -234,7 +244,6 @@ std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
     std::vector<qxGltfMeshParts> meshes;
     for (const tinygltf::Mesh &mesh : model.typed.meshes) {
         const qxJson &json = model.document.json["meshes"][meshes.size()];
-        const bool isNamed = qxGltfMember(json, "name").is_string();
         qxGltfMeshParts parts;
         for (const tinygltf::Primitive &primitive : mesh.primitives) {
             const QString called =
@@ -245,7 +254,7 @@ std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
                 throw qxGltfError(called + ": " + error.reason());
             }
             if (parts.back() != osg::NullFC)
-                namePart(parts.back().get(), isNamed ? &mesh.name : nullptr, parts.size());
+                namePart(parts.back().get(), json, parts.size());
         }
         meshes.push_back(std::move(parts));
     }

@@ -232,7 +232,10 @@ void qxGltfNodes::setPoses(int index, const osg::NodePtr &node, qxGltfExtras &ex
     }
     if (!movesNodes(node->getCore()))
         warn(index, qxFileText::tr("a switch cannot be put into poses"));
-    qxTransformStates::set(node, states, extras.integer(qxGltfKeys::pose).value_or(-1));
+    const int selected = extras.integer(qxGltfKeys::pose).value_or(-1);
+    qxTransformStates::set(node, states, selected);
+    if (extras.flag(qxGltfKeys::inPose, false))
+        qxTransformStates::select(node, selected);
 }
 
 /// Whether node `index` is there and describes a core that others may share.

@@ -80,6 +80,8 @@ void writePoses(qxJson &node, const qxGltfPoses &before, const qxGltfPoses &afte
                });
     writeExtra(node, qxGltfKeys::pose, before.selected, after.selected,
                [](int selected) { return selected < 0 ? qxJson() : qxJson(selected); });
+    writeExtra(node, qxGltfKeys::inPose, before.showsPose, after.showsPose,
+               [](bool shows) { return shows ? qxJson(true) : qxJson(); });
 }
 
 void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeState &after)

@@ -116,6 +116,9 @@ void Describer::describe(const Open &open, std::vector<Open> &rest)
     state.index = fileIndex(node);
     if (isNamed(node))
         state.name = osg::getName(node);
+    else if (osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC
+             && osg::getName(node->getCore()))
+        state.name = osg::getName(node->getCore()); // by which it is found
     state.visible = node->getTravMask() != 0;
     qxGltfDescribeCore(node, state);
     qxGltfDescribePoses(node, state.poses);

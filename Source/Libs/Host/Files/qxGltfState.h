@@ -21,6 +21,7 @@ struct qxGltfPoses {
     std::vector<std::string> names;
     std::vector<float> numbers; ///< ten per state
     int selected = -1;
+    bool showsPose = false; ///< a transform switch that stands in the pose and not in its choice
 };
 
 /// One node as a scene file would have it. Comparing what was loaded with what is there now tells

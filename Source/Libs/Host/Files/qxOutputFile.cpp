@@ -34,7 +34,10 @@ QString flawOfWay(const QString &path)
 
 } // namespace
 
-qxOutputFile::qxOutputFile(const QString &path) : m_path(path), m_isStream(isStream(path)) {}
+qxOutputFile::qxOutputFile(const QString &path, Readers readers)
+    : m_path(path), m_readers(readers), m_isStream(isStream(path))
+{
+}
 
 bool qxOutputFile::prepare(const QByteArray &bytes)
 {
@@ -56,8 +59,8 @@ bool qxOutputFile::prepare(const QByteArray &bytes)
 /// Nobody else reads what an old file's mode may not let them read.
 bool qxOutputFile::writeNew()
 {
-    const bool isOld = m_old.st_nlink > 0;
-    const bool isWritten = m_new.create(m_target, isOld ? 0600 : 0666)
+    const bool isForAll = m_old.st_nlink == 0 && m_readers == Everybody;
+    const bool isWritten = m_new.create(m_target, isForAll ? 0666 : 0600)
         && qxSystemCall::write(m_new.descriptor(), m_bytes);
     if (isWritten && m_old.st_nlink == 1
         && !qxFileAttributes::copy(m_target, m_old, m_new.descriptor()))

@@ -16,7 +16,10 @@
 /// leave the others with the old content.
 class qxOutputFile {
 public:
-    explicit qxOutputFile(const QString &path);
+    /// Who may read a file that was not there before, as far as the user's settings let them.
+    enum Readers { Everybody, OwnerAlone };
+
+    explicit qxOutputFile(const QString &path, Readers readers = Everybody);
     qxOutputFile(const qxOutputFile &) = delete;
 
     /// Takes the content; as far as that can be found out now, answers whether it can be written.
@@ -54,6 +57,7 @@ private:
     QByteArray m_bytes;
     qxSavingFile m_new;
     struct stat m_old = {}; ///< of what stands at the target; no links when nothing does
+    Readers m_readers;
     bool m_isStream;
     bool m_isReplaced = false;
     QString m_error;

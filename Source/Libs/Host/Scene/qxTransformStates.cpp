@@ -1,5 +1,7 @@
 #include "Scene/qxTransformStates.h"
 
+#include <OpenSG/OSGRefPtr.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -107,4 +109,12 @@ void qxTransformStates::setPose(const osg::ComponentTransformPtr &transform,
     transform->setScale(scale);
     transform->setScaleOrientation(scaleOrientation);
     transform->setCenter(osg::Vec3f(0, 0, 0));
+}
+
+osg::Matrix qxTransformStates::shown(const osg::Matrix &pose)
+{
+    const osg::ComponentTransformPtr transform = osg::ComponentTransform::create();
+    const osg::RefPtr<osg::ComponentTransformPtr> kept(transform);
+    setPose(transform, pose);
+    return transform->getMatrix();
 }

@@ -30,6 +30,8 @@ public:
     /// Whether the node stands in the state that was selected last; false when none was.
     static bool isInSelected(const osg::NodePtr &node);
 
+    /// The matrix of a transform with components that was put into the pose.
+    static osg::Matrix shown(const osg::Matrix &pose);
     /// Puts translation, rotation, scale and what belongs to them in place of the transform's own.
     /// A pose that cannot be taken apart, because its numbers are too large, moves nothing.
     static void setPose(const osg::ComponentTransformPtr &transform, const osg::Matrix &pose);

@@ -1,12 +1,13 @@
 #include "qxScriptTrust.h"
 
+#include "Files/qxOutputFile.h"
+
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -134,9 +135,7 @@ QString qxScriptTrust::remember(const Scripts &scripts, Decision decision)
     const QByteArray after = trust.written();
     if (after == before)
         return QString();
-    QSaveFile file(path());
-    const bool isWritten = file.open(QIODevice::WriteOnly)
-        && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)
-        && file.write(after) == after.size() && file.commit();
+    qxOutputFile file(path(), qxOutputFile::OwnerAlone);
+    const bool isWritten = file.prepare(after) && file.commit();
     return isWritten ? QString() : failure.arg(path(), file.errorString());
 }
