@@ -1,3 +1,4 @@
+#include "Core/qxVisibleText.h"
 #include "qxCommand.h"
 #include "qxOutput.h"
 #include "qxSession.h"
@@ -49,7 +50,7 @@ void print(const QList<qxFileScripts::Script> &scripts)
         qxOutput::line(QStringLiteral("%1 (%2)").arg(script.set, wordFor(script.decision)));
         const QString text = qxVisibleText::code(script.text);
         for (const QString &line : text.split(QLatin1Char('\n')))
-            qxOutput::line(QLatin1String("  ") + line);
+            qxOutput::text(QStringLiteral("  %1\n").arg(line));
     }
 }
 

@@ -1,5 +1,7 @@
 #include "qxScriptsDialog.h"
 
+#include "Core/qxVisibleText.h"
+
 #include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QHeaderView>

@@ -1,19 +1,25 @@
 #include "Core/qxVisibleText.h"
 
+#include <QVector>
+
 #include <algorithm>
 
 namespace {
 
-bool steers(QChar each)
+bool steers(uint code)
 {
-    const ushort code = each.unicode();
-    return each.category() == QChar::Other_Control || (code >= 0x2028 && code <= 0x202E)
+    return QChar::category(code) == QChar::Other_Control || (code >= 0x2028 && code <= 0x202E)
         || (code >= 0x2066 && code <= 0x2069);
 }
 
-QString escape(QChar each)
+bool isLayout(uint code)
 {
-    switch (each.unicode()) {
+    return code == '\n' || code == '\t';
+}
+
+QString escape(uint code)
+{
+    switch (code) {
     case '\n':
         return QStringLiteral("\\n");
     case '\r':
@@ -21,20 +27,23 @@ QString escape(QChar each)
     case '\t':
         return QStringLiteral("\\t");
     default:
-        const QString form =
-            each.unicode() > 0xFF ? QStringLiteral("\\u%1") : QStringLiteral("\\x%1");
-        return form.arg(each.unicode(), 2, 16, QLatin1Char('0'));
+        const int digits = code > 0xFFFF ? 8 : code > 0xFF ? 4 : 2;
+        const char *const sign = code > 0xFFFF ? "U" : code > 0xFF ? "u" : "x";
+        return QStringLiteral("\\%1%2")
+            .arg(QLatin1String(sign))
+            .arg(code, digits, 16, QLatin1Char('0'));
     }
 }
 
 template <class Predicate>
 QString escaped(const QString &text, const Predicate &isEscaped)
 {
-    if (std::none_of(text.begin(), text.end(), isEscaped))
+    const QVector<uint> codes = text.toUcs4();
+    if (std::none_of(codes.begin(), codes.end(), isEscaped))
         return text;
     QString result;
-    for (const QChar each : text)
-        result += isEscaped(each) ? escape(each) : QString(each);
+    for (const uint each : codes)
+        result += isEscaped(each) ? escape(each) : QString::fromUcs4(&each, 1);
     return result;
 }
 
@@ -47,7 +56,10 @@ QString qxVisibleText::line(const QString &text)
 
 QString qxVisibleText::lines(const QString &text)
 {
-    return escaped(text, [](QChar each) {
-        return each != QLatin1Char('\n') && each != QLatin1Char('\t') && steers(each);
-    });
+    return escaped(text, [](uint code) { return !isLayout(code) && steers(code); });
+}
+
+QString qxVisibleText::code(const QString &text)
+{
+    return escaped(text, [](uint code) { return !isLayout(code) && !QChar::isPrint(code); });
 }
