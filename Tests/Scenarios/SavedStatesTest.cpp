@@ -8,6 +8,7 @@
 #include "Capture/qxAmbiguousNodes.h"
 #include "Program.h"
 #include "RandomScene.h"
+#include "Scene/qxNodeWalk.h"
 #include "Scene/qxTransformStates.h"
 #include "ShownScene.h"
 #include "TestScene.h"
@@ -112,14 +113,14 @@ private:
                 node.remove();
             break;
         default:
-            const TestNode parent(anyNode());
+            const TestNode parent(anyParent());
             if (m_mayMove && isInTree(node) && !isBelow(parent, node))
                 node.moveTo(parent);
         }
     }
     void addNodes()
     {
-        const osg::NodePtr parent = anyNode();
+        const osg::NodePtr parent = anyParent();
         switch (m_random.below(5)) {
         case 0:
             m_scene.addSwitch(m_random.name(), {m_random.name(), m_random.name()}, parent)
@@ -163,6 +164,15 @@ private:
         };
         nodes.erase(std::remove_if(nodes.begin(), nodes.end(), isPart), nodes.end());
         return nodes[any(nodes.size())];
+    }
+    /// Parts stand behind all children that a file tells, and so would one that is added. Where it
+    /// has the name of a mesh, that name would find another one of them.
+    osg::NodePtr anyParent()
+    {
+        const osg::NodePtr node = anyNode();
+        const osg::MFNodePtr &children = *node->getMFChildren();
+        const bool hasParts = std::any_of(children.begin(), children.end(), qxIsPart);
+        return hasParts ? qxScenegraph::getRoot() : node;
     }
     static bool isBelow(osg::NodePtr node, const osg::NodePtr &top)
     {

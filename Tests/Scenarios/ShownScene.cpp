@@ -177,12 +177,23 @@ std::vector<osg::NodePtr> childrenOf(const osg::NodePtr &node)
     return children;
 }
 
+/// A place above one node that does not move it shows as if it were not there.
+bool isNothing(const osg::NodePtr &node)
+{
+    const auto place = osg::TransformPtr::dcast(node->getCore());
+    return place != osg::NullFC && place->getMatrix() == osg::Matrix::identity()
+        && osg::SwitchComponentTransformPtr::dcast(place) == osg::NullFC && !osg::getName(node)
+        && node->getNChildren() == 1 && node->getTravMask() != 0;
+}
+
 /// A geometry with a name, or among the children of a switch, comes back as a group with a part
 /// below it, which shows the same.
 void Lines::write(const osg::NodePtr &node, int depth)
 {
     if (node == osg::NullFC)
         return;
+    if (isNothing(node))
+        return write(node->getChild(0), depth);
     const std::string indent(std::size_t(depth), ' ');
     const bool isPart = osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC;
     const bool inSwitch = node->getParent() != osg::NullFC

@@ -84,6 +84,14 @@ void writePoses(qxJson &node, const qxGltfPoses &before, const qxGltfPoses &afte
                [](bool shows) { return shows ? qxJson(true) : qxJson(); });
 }
 
+/// Whether the node has to say anew if it is shown. One without children may say so by a hidden
+/// part, which would not hide the children that it has now.
+bool changesVisibility(const qxGltfNodeState &before, const qxGltfNodeState &after)
+{
+    return before.visible != after.visible
+        || (!after.visible && before.children.empty() && !after.children.empty());
+}
+
 void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeState &after)
 {
     writeExtra(node, qxGltfKeys::switchChoice, before.switchChoice, after.switchChoice,
@@ -92,8 +100,7 @@ void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeSt
                listJson);
     writeExtra(node, qxGltfKeys::transformChoice, before.transformChoice, after.transformChoice,
                optionalJson<int>);
-    // Whether a node is shown may have been taken from its hidden parts.
-    if (before.visible != after.visible || before.hiddenParts != after.hiddenParts)
+    if (changesVisibility(before, after) || before.hiddenParts != after.hiddenParts)
         qxGltfSetExtra(node, qxGltfKeys::hiddenParts,
                        after.hiddenParts.empty() ? qxJson() : qxJson(after.hiddenParts));
     writeExtra(node, qxGltfKeys::lightOn, before.lightOn, after.lightOn,
@@ -264,7 +271,7 @@ void qxGltfPatch::writeNode(std::size_t position, int mesh)
     if (before.name != after.name)
         setMember(node(), "name", optionalJson(after.name));
     writePlace(node(), before.place, after.place);
-    if (before.visible != after.visible)
+    if (changesVisibility(before, after))
         writeVisibility(node(), after.visible);
     if (before.mesh != after.mesh)
         writeMesh(node(), mesh);
@@ -290,8 +297,10 @@ void qxGltfPatch::writeSharing(qxJson &node, const qxGltfNodeState &before,
     if (!after.sharesCoreOf) {
         const bool owns = after.switchChoice || after.transformChoice;
         const bool names = stated.is_string() && m_owners.count(stated.get<std::string>()) > 0;
+        // A light that was left out because of the entry stays out.
+        const bool hidesLight = !after.light && qxGltfLightOf(node) >= 0;
         if (before.sharesCoreOf || (!owns && names))
-            qxGltfSetExtra(node, qxGltfKeys::sharesCoreOf, qxJson());
+            qxGltfSetExtra(node, qxGltfKeys::sharesCoreOf, hidesLight ? qxJson(-1) : qxJson());
         return;
     }
     const int index = m_indices[std::size_t(*after.sharesCoreOf)];

@@ -27,18 +27,29 @@ private:
         int parent;
     };
 
+    /// A tree that stands outside of that of the scene, and where its nodes begin. Its parent is
+    /// known once it is put back.
+    struct Moved {
+        osg::UInt32 node;
+        int begin;
+        int parent;
+    };
+
     int fileIndex(const osg::NodePtr &node) const;
     bool isUpper(const osg::NodePtr &node) const;
     std::vector<osg::NodePtr> children(const osg::NodePtr &node, qxGltfNodeState &state);
     void takeParts(std::vector<osg::NodePtr> &nodes, bool onlyLast, qxGltfNodeState &state);
     void addPart(const osg::NodePtr &node, qxGltfNodeState &state);
     void describe(const Open &open, std::vector<Open> &rest);
-    void putBack(osg::UInt32 moved, int position);
+    bool isBelow(int position, std::size_t moved) const;
+    void putBack(std::size_t moved);
     int ownerOf(const std::vector<int> &sharers, osg::UInt32 core) const;
 
     const qxGltfOrigin &m_origin;
     qxGltfState &m_state;
     std::unordered_map<osg::UInt32, std::vector<int>> m_sharers; ///< per switch core
+    std::vector<Moved> m_moved;
+    std::unordered_map<int, int> m_positions; ///< of nodes of the file, by their index there
 };
 
 bool isNamed(const osg::NodePtr &node)
@@ -114,6 +125,7 @@ void Describer::describe(const Open &open, std::vector<Open> &rest)
     qxGltfNodeState &state = m_state.nodes.back();
     state.node = node;
     state.index = fileIndex(node);
+    m_positions.emplace(state.index, position);
     if (isNamed(node))
         state.name = osg::getName(node);
     else if (osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC
@@ -180,21 +192,39 @@ void Describer::describeAll(const std::vector<osg::NodePtr> &roots)
     }
 }
 
-/// What stands outside of the tree goes back to where it was taken from, when that is still there.
-void Describer::putBack(osg::UInt32 moved, int position)
+/// Whether what is at that position lies in the moved tree, or below it once all are back.
+bool Describer::isBelow(int position, std::size_t moved) const
 {
-    const auto origin = m_origin.moved.find(moved);
+    while (position >= m_moved.front().begin) {
+        const auto behind = std::upper_bound(
+            m_moved.begin(), m_moved.end(), position,
+            [](int wanted, const Moved &tree) { return wanted < tree.begin; });
+        const std::size_t tree = std::size_t(behind - m_moved.begin()) - 1;
+        if (tree == moved)
+            return true;
+        position = m_moved[tree].parent;
+    }
+    return false;
+}
+
+/// What stands outside of the tree goes back to where it was taken from, when that is still there
+/// and has not moved into it.
+void Describer::putBack(std::size_t moved)
+{
+    Moved &tree = m_moved[moved];
+    const auto origin = m_origin.moved.find(tree.node);
     if (origin == m_origin.moved.end()) {
-        m_state.roots.push_back(position);
+        m_state.roots.push_back(tree.begin);
         return;
     }
-    const auto isParent = [&origin](const qxGltfNodeState &state) {
-        return state.index >= 0 && state.index == origin->second.parent;
-    };
-    const auto parent = std::find_if(m_state.nodes.begin(), m_state.nodes.end(), isParent);
-    std::vector<int> &list = parent == m_state.nodes.end() ? m_state.roots : parent->children;
+    const auto parent = origin->second.parent < 0 ? m_positions.end()
+                                                  : m_positions.find(origin->second.parent);
+    if (parent != m_positions.end() && !isBelow(parent->second, moved))
+        tree.parent = parent->second;
+    std::vector<int> &list =
+        tree.parent < 0 ? m_state.roots : m_state.nodes[std::size_t(tree.parent)].children;
     const std::ptrdiff_t place = origin->second.position;
-    list.insert(list.begin() + std::min(place, std::ptrdiff_t(list.size())), position);
+    list.insert(list.begin() + std::min(place, std::ptrdiff_t(list.size())), tree.begin);
 }
 
 void Describer::describeMoved(const std::vector<osg::NodePtr> &nodes,
@@ -214,13 +244,15 @@ void Describer::describeMoved(const std::vector<osg::NodePtr> &nodes,
                      });
     for (const osg::NodePtr &node : inFileOrder) {
         const std::size_t position = m_state.nodes.size();
+        m_moved.push_back({node.getFieldContainerId(), int(position), -1});
         describeAll({node});
         m_state.roots.pop_back();
-        putBack(node.getFieldContainerId(), int(position));
         m_state.nodes[position].environment = node == environment;
         if (node != environment && !m_state.nodes[position].overlayLayer)
             m_state.nodes[position].overlayLayer = 0;
     }
+    for (std::size_t moved = 0; moved < m_moved.size(); ++moved)
+        putBack(moved);
 }
 
 } // namespace
