@@ -1,4 +1,5 @@
 #include "qxMaterialVariant.h"
+#include "qxVariantCaptureChecker.h"
 #include "qxVariantGroup.h"
 #include "qxVariantSet.h"
 #include "qxVariantTable.h"
@@ -89,9 +90,14 @@ private:
     }
     void capture()
     {
-        qxAmbiguousNodes ambiguous;
-        if (!ambiguous.isEmpty())
-            ambiguous.rename();
+        // A part that gets a name stands below a node of that name when it comes back, where it is
+        // found by the name of its mesh again.
+        qxVariantCaptureChecker checker;
+        checker.findAmbiguousNodes();
+        const std::vector<osg::NodePtr> ambiguous = checker.getAmbiguousNodes();
+        if (std::any_of(ambiguous.begin(), ambiguous.end(), qxIsPart))
+            return;
+        qxAmbiguousNodes().rename();
         qxVariants::createAndCaptureVariantSet(m_random.of({"Captured", "A", "B"}), "Group");
     }
     void editNode()

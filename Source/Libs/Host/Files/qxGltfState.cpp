@@ -196,9 +196,9 @@ void Describer::describeAll(const std::vector<osg::NodePtr> &roots)
 bool Describer::isBelow(int position, std::size_t moved) const
 {
     while (position >= m_moved.front().begin) {
-        const auto behind = std::upper_bound(
-            m_moved.begin(), m_moved.end(), position,
-            [](int wanted, const Moved &tree) { return wanted < tree.begin; });
+        const auto behind =
+            std::upper_bound(m_moved.begin(), m_moved.end(), position,
+                             [](int wanted, const Moved &tree) { return wanted < tree.begin; });
         const std::size_t tree = std::size_t(behind - m_moved.begin()) - 1;
         if (tree == moved)
             return true;
@@ -217,8 +217,8 @@ void Describer::putBack(std::size_t moved)
         m_state.roots.push_back(tree.begin);
         return;
     }
-    const auto parent = origin->second.parent < 0 ? m_positions.end()
-                                                  : m_positions.find(origin->second.parent);
+    const auto parent =
+        origin->second.parent < 0 ? m_positions.end() : m_positions.find(origin->second.parent);
     if (parent != m_positions.end() && !isBelow(parent->second, moved))
         tree.parent = parent->second;
     std::vector<int> &list =
