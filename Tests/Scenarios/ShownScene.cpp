@@ -16,6 +16,7 @@
 #include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSimpleMaterial.h>
 #include <OpenSG/OSGSwitch.h>
@@ -177,13 +178,24 @@ std::vector<osg::NodePtr> childrenOf(const osg::NodePtr &node)
     return children;
 }
 
+/// A part without a name of its own is shown again with its node.
+bool isHidden(const osg::NodePtr &node)
+{
+    const osg::NodePtr parent = node->getParent();
+    const bool goesWithNode = parent != osg::NullFC && parent->getTravMask() == 0 && qxIsPart(node)
+        && !qxNodeUtils::isFoundByName(node);
+    return node->getTravMask() == 0 && !goesWithNode;
+}
+
 /// A place above one node that does not move it shows as if it were not there.
 bool isNothing(const osg::NodePtr &node)
 {
+    if (osg::getName(node) || node->getNChildren() != 1 || node->getTravMask() == 0)
+        return false;
     const auto place = osg::TransformPtr::dcast(node->getCore());
-    return place != osg::NullFC && place->getMatrix() == osg::Matrix::identity()
-        && osg::SwitchComponentTransformPtr::dcast(place) == osg::NullFC && !osg::getName(node)
-        && node->getNChildren() == 1 && node->getTravMask() != 0;
+    const bool isStill = place != osg::NullFC && place->getMatrix() == osg::Matrix::identity()
+        && osg::SwitchComponentTransformPtr::dcast(place) == osg::NullFC;
+    return isStill || node->getCore()->getType() == osg::Group::getClassType();
 }
 
 /// A geometry with a name, or among the children of a switch, comes back as a group with a part
@@ -202,7 +214,7 @@ void Lines::write(const osg::NodePtr &node, int depth)
     const osg::Char8 *const own = osg::getName(node);
     const osg::Char8 *const name = own || !isNamedPart ? own : osg::getName(node->getCore());
     m_text << indent << "Node '" << (name ? name : "") << '\'';
-    m_text << (node->getTravMask() == 0 ? " hidden" : "");
+    m_text << (isHidden(node) ? " hidden" : "");
     if (!isNamedPart)
         write(node->getCore());
     writePoses(node);

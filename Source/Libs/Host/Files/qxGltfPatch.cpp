@@ -51,6 +51,18 @@ void writePlace(qxJson &node, const qxGltfPlace &before, const qxGltfPlace &afte
                   : qxJson());
 }
 
+/// What has come to stand still is a transform all the same: variants know a node without a name by
+/// the type of its core.
+void keepTransform(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeState &after)
+{
+    const bool isTransform = !(before.place == after.place)
+        && after.place.kind == qxGltfPlace::Components && !after.switchChoice
+        && !after.transformChoice && !after.sharesCoreOf && !after.light;
+    if (isTransform && !node.contains("translation") && !node.contains("rotation")
+        && !node.contains("scale"))
+        node["translation"] = {0.0, 0.0, 0.0};
+}
+
 template <class T>
 qxJson optionalJson(const std::optional<T> &value)
 {
@@ -271,6 +283,7 @@ void qxGltfPatch::writeNode(std::size_t position, int mesh)
     if (before.name != after.name)
         setMember(node(), "name", optionalJson(after.name));
     writePlace(node(), before.place, after.place);
+    keepTransform(node(), before, after);
     if (changesVisibility(before, after))
         writeVisibility(node(), after.visible);
     if (before.mesh != after.mesh)
