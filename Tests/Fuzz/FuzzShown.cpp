@@ -22,10 +22,20 @@ namespace {
 /// How many of a list are tried: an input need not be slow to be bad.
 constexpr int Enough = 12;
 
+/// A node without a name is known by the type of its core, and a place that components cannot tell
+/// comes back as another type.
+bool isNameOfType(const QString &name)
+{
+    static const QStringList types{"Group", "Transform", "ComponentTransform"};
+    return types.contains(name);
+}
+
 template <class Variant>
 void addStates(QStringList &states, const char *kind, const qxNamedList<Variant> &list)
 {
     for (const Variant *variant : list) {
+        if (isNameOfType(variant->name))
+            continue;
         states << QStringLiteral("%1 %2: %3")
                       .arg(QLatin1String(kind), variant->name, variant->onCurrent());
     }
