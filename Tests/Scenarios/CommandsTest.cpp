@@ -60,8 +60,9 @@ TEST_F(CommandsTest, NamesCannotSteerATerminal)
         EXPECT_TRUE((run.out + run.err).contains("A\\x1b[31mB")) << call.first().toStdString();
         EXPECT_FALSE((run.out + run.err).contains('\x1B')) << call.first().toStdString();
     }
-    const QJsonArray sets = done({"list", file, "--json"}).object()["sets"].toArray();
-    EXPECT_EQ(sets.first().toObject()["name"].toString(), name);
+    const ProgramRun json = done({"list", file, "--json"});
+    EXPECT_TRUE(json.out.contains("\\u202e")) << json.out.toStdString();
+    EXPECT_EQ(json.object()["sets"].toArray().first().toObject()["name"].toString(), name);
 }
 
 TEST_F(CommandsTest, StateShowsEveryVariantAndADashForWhatTheSceneLacks)
@@ -206,4 +207,15 @@ TEST_F(CommandsTest, TheTraceHoldsEveryNotificationWithItsFieldsInOrder)
         "variantSetSelected (1)\n";
     EXPECT_TRUE(run.err.startsWith("nodeVariantChanged (1)\n"));
     EXPECT_TRUE(run.err.endsWith("variantGroupChanged (1)\n" + selection)) << run.err.toStdString();
+}
+
+TEST_F(CommandsTest, LibrariesInTheCurrentFolderAreNotLoaded)
+{
+    for (const char *name :
+         {"libQt5Xml.so.5", "libQt5Core.so.5", "libembree3.so.3", "libqxHost.so"})
+        write(name, "this is no library");
+    TestProgram program;
+    program.setWorkingDirectory(path("."));
+    program.start(QStringLiteral(QX_BUILD_BIN "/workbench"), {"--version"});
+    EXPECT_EQ(ended(program).code, 0);
 }

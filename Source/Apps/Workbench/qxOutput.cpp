@@ -11,9 +11,20 @@
 #include <algorithm>
 #include <unistd.h>
 
+namespace {
+
+void printJson(const QJsonDocument &document)
+{
+    qxOutput::bytes(qxVisibleText::json(QString::fromUtf8(document.toJson())).toUtf8());
+}
+
+} // namespace
+
 void qxOutput::bytes(const QByteArray &bytes)
 {
-    fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+    const QByteArray shown =
+        isatty(STDOUT_FILENO) ? qxVisibleText::lines(QString::fromUtf8(bytes)).toUtf8() : bytes;
+    fwrite(shown.constData(), 1, size_t(shown.size()), stdout);
     fflush(stdout);
 }
 
@@ -29,12 +40,12 @@ void qxOutput::line(const QString &line)
 
 void qxOutput::json(const QJsonObject &object)
 {
-    bytes(QJsonDocument(object).toJson());
+    printJson(QJsonDocument(object));
 }
 
 void qxOutput::json(const QJsonArray &array)
 {
-    bytes(QJsonDocument(array).toJson());
+    printJson(QJsonDocument(array));
 }
 
 void qxOutput::table(const QList<QStringList> &cells)

@@ -14,7 +14,7 @@ namespace qxOutput {
 void text(const QString &text);
 /// One line, whatever is in it.
 void line(const QString &line);
-/// Raw bytes, as they are.
+/// Raw bytes, as they are; a terminal gets what people can read of them.
 void bytes(const QByteArray &bytes);
 void json(const QJsonObject &object);
 void json(const QJsonArray &array);

@@ -21,12 +21,12 @@ QString counted(int count, const char *word)
                                                     count == 1 ? QString() : QStringLiteral("s"));
 }
 
-/// Characters that no XML can hold may stand in file names.
+/// Characters that no XML can hold may stand in names; a carriage return would come back as a line
+/// break.
 QString forXml(QString text)
 {
     const auto isUnfit = [](QChar each) {
-        const bool isBlank =
-            each == QLatin1Char('\t') || each == QLatin1Char('\n') || each == QLatin1Char('\r');
+        const bool isBlank = each == QLatin1Char('\t') || each == QLatin1Char('\n');
         return (each < QLatin1Char(' ') && !isBlank) || each.unicode() >= 0xFFFE;
     };
     std::replace_if(text.begin(), text.end(), isUnfit, QChar(QChar::ReplacementCharacter));

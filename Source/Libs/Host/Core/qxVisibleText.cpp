@@ -8,7 +8,8 @@ namespace {
 
 bool steers(uint code)
 {
-    return QChar::category(code) == QChar::Other_Control || (code >= 0x2028 && code <= 0x202E)
+    return QChar::category(code) == QChar::Other_Control || code == 0x061C
+        || (code >= 0x200E && code <= 0x200F) || (code >= 0x2028 && code <= 0x202E)
         || (code >= 0x2066 && code <= 0x2069);
 }
 
@@ -57,6 +58,17 @@ QString qxVisibleText::line(const QString &text)
 QString qxVisibleText::lines(const QString &text)
 {
     return escaped(text, [](uint code) { return !isLayout(code) && steers(code); });
+}
+
+QString qxVisibleText::json(const QString &text)
+{
+    QString result;
+    for (const QChar each : text) {
+        const bool isPlain = each.unicode() < 0x7F || !steers(each.unicode());
+        result += isPlain ? QString(each)
+                          : "\\u" + QString::number(each.unicode(), 16).rightJustified(4, '0');
+    }
+    return result;
 }
 
 QString qxVisibleText::code(const QString &text)

@@ -11,8 +11,10 @@ namespace qxVisibleText {
 QString line(const QString &text);
 /// Several lines: line breaks and tabs stay as they are.
 QString lines(const QString &text);
-/// The same for a text that somebody is asked to trust: nothing in it stays unseen, such as blanks
-/// without a width.
+/// A JSON text with its own escapes for what may stand in it, but steers; it means the same.
+QString json(const QString &text);
+/// The same as `lines` for a text that somebody is asked to trust: nothing in it stays unseen, such
+/// as blanks without a width.
 QString code(const QString &text);
 
 } // namespace qxVisibleText
