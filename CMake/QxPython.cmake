@@ -16,6 +16,8 @@ if(QX_PYTHON27_ROOT)
         target_link_libraries(Qx::Python INTERFACE ${QX_${library}_LIBRARY})
     endforeach()
     target_include_directories(Qx::Python SYSTEM INTERFACE ${QX_PYTHON27_ROOT}/include/python2.7)
+    # It lies inside the project, where CMake does not see that it stays.
+    list(APPEND CMAKE_INSTALL_RPATH ${QX_PYTHON27_ROOT}/lib)
     target_compile_definitions(Qx::Python INTERFACE QX_PYTHON_HOME="${QX_PYTHON27_ROOT}")
 else()
     # The system's own is the one that its Boost.Python is built for; another may come first in PATH.
