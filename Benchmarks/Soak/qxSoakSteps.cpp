@@ -29,22 +29,6 @@ namespace {
 const int Light = 2;
 const int Overlay = 3;
 
-/// Makes variants of all that varies in the scene.
-void createAll()
-{
-    qxNodeVariantCreator().traverse(qxScenegraph::getRoot());
-    qxLightVariantCreator().traverse(qxScenegraph::getRoot());
-    qxTransformVariantCreator().traverse(qxScenegraph::getRoot());
-    qxOverlayVariantCreator().traverse(qxOverlays::getPoolRoot());
-    qxVariants::createNodeVariant(qxScenegraph::environmentGeometrySwitch(), false);
-    std::vector<osg::MaterialPtr> materials;
-    qxScenegraph::getMaterialPool()->get(materials);
-    for (const osg::MaterialPtr &material : materials) {
-        if (osg::SwitchMaterialPtr::dcast(material) != osg::NullFC)
-            qxVariants::createMaterialVariant(material, false);
-    }
-}
-
 QStringList statesOf(int kind, const qxVariant &variant)
 {
     if (kind == Light)
@@ -138,6 +122,21 @@ QString qxSoakSteps::checkShown() const
         }
     }
     return QString();
+}
+
+void qxSoakSteps::createAll()
+{
+    qxNodeVariantCreator().traverse(qxScenegraph::getRoot());
+    qxLightVariantCreator().traverse(qxScenegraph::getRoot());
+    qxTransformVariantCreator().traverse(qxScenegraph::getRoot());
+    qxOverlayVariantCreator().traverse(qxOverlays::getPoolRoot());
+    qxVariants::createNodeVariant(qxScenegraph::environmentGeometrySwitch(), false);
+    std::vector<osg::MaterialPtr> materials;
+    qxScenegraph::getMaterialPool()->get(materials);
+    for (const osg::MaterialPtr &material : materials) {
+        if (osg::SwitchMaterialPtr::dcast(material) != osg::NullFC)
+            qxVariants::createMaterialVariant(material, false);
+    }
 }
 
 void qxSoakSteps::open(const QString &path)

@@ -24,6 +24,8 @@ public:
 
     /// Takes one step. Says in words what is wrong after it; an empty text when nothing is.
     QString take();
+    /// Makes variants of all that varies in the scene.
+    static void createAll();
     /// What the last step was.
     QString last() const { return m_last; }
 

@@ -5,7 +5,6 @@
 #include "qxVariants.h"
 
 #include "FuzzHost.h"
-#include "FuzzShown.h"
 #include "qxMessage.h"
 
 namespace {
@@ -38,9 +37,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
         const unsigned choice = FuzzHost::choiceOf(input);
         if (choice % 4 == 1)
             writeAndReadAgain();
-        FuzzShown::selectSets();
-        FuzzShown::selectStates(choice);
-        FuzzShown::states();
+        FuzzHost::selectSets();
+        FuzzHost::selectStates(choice);
+        FuzzHost::states();
         if (choice % 4 == 0)
             qxVariants::optimizeVariantSets();
         if (choice % 8 == 0)

@@ -1,11 +1,14 @@
 #include "FuzzHost.h"
 
 #include "qxVariantReader.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
 
 #include "Core/qxHost.h"
 #include "Files/qxSceneFile.h"
 #include "Script/qxScriptRunner.h"
 #include "TestScene.h"
+#include "qxKindAccess.h"
 #include "qxLog.h"
 
 #include <QApplication>
@@ -18,6 +21,9 @@
 #include <cstdlib>
 
 namespace {
+
+/// How many of a list are tried.
+constexpr int Enough = 12;
 
 int errors = 0;
 int warningCount = 0;
@@ -147,6 +153,44 @@ void FuzzHost::require(bool holds, const char *what)
         return;
     std::fprintf(stderr, "finding: %s\n", what);
     std::abort();
+}
+
+/// A node without a name is known by the type of its core, and a place that components cannot tell
+/// comes back as another type: variants of that name are left out.
+QStringList FuzzHost::states()
+{
+    static const QStringList types{"Group", "Transform", "ComponentTransform"};
+    QStringList states;
+    for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
+        qxKindAccess::of(kind).visit([&](const qxVariant &variant) {
+            if (!types.contains(variant.name))
+                states
+                    << QStringLiteral("%1 %2: %3").arg(kind).arg(variant.name, variant.onCurrent());
+        });
+    }
+    return states;
+}
+
+void FuzzHost::selectStates(unsigned choice)
+{
+    for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
+        int left = Enough;
+        qxKindAccess::of(kind).visit([&](qxVariant &variant) {
+            if (left-- > 0 && !variant.options.empty())
+                variant.onSelect(variant.options[choice % variant.options.size()].name);
+        });
+    }
+}
+
+void FuzzHost::selectSets()
+{
+    int left = Enough;
+    for (qxVariantSet *set : qxVariants::_variantSets) {
+        if (left-- == 0)
+            return;
+        set->select(true, false);
+        set->selectDefault();
+    }
 }
 
 unsigned FuzzHost::choiceOf(const QByteArray &input)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
+#include <QStringList>
 
 class qxHost;
 class qxSceneFile;
@@ -34,6 +34,13 @@ void showWorkshop();
 
 /// Ends the process with a finding when `holds` is false.
 void require(bool holds, const char *what);
+
+/// All variants, each with the state that it is in.
+QStringList states();
+/// Selects a state of the first variants of each kind, and the first sets: an input need not be
+/// slow to be bad.
+void selectStates(unsigned choice);
+void selectSets();
 
 /// A number made of the input, for choices that it leaves open.
 unsigned choiceOf(const QByteArray &input);

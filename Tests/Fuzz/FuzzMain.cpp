@@ -51,21 +51,17 @@ std::vector<std::filesystem::path> filesAt(const char *place)
 extern "C" std::size_t LLVMFuzzerMutate(unsigned char *data, std::size_t size, std::size_t most)
 {
     static std::mt19937 random(1);
-    const std::size_t at = random() % (size + 1);
+    std::vector<unsigned char> bytes(data, data + size);
+    const auto at = bytes.begin() + long(random() % (size + 1));
     const unsigned kind = random() % 3;
-    if (kind == 0 && size < most) {
-        std::copy_backward(data + at, data + size, data + size + 1);
-        data[at] = static_cast<unsigned char>(random());
-        return size + 1;
-    }
-    if (at == size)
-        return size;
-    if (kind == 1) {
-        std::copy(data + at + 1, data + size, data + at);
-        return size - 1;
-    }
-    data[at] = static_cast<unsigned char>(random());
-    return size;
+    if (kind == 0 && size < most)
+        bytes.insert(at, static_cast<unsigned char>(random()));
+    else if (kind == 1 && at != bytes.end())
+        bytes.erase(at);
+    else if (at != bytes.end())
+        *at = static_cast<unsigned char>(random());
+    std::copy(bytes.begin(), bytes.end(), data);
+    return bytes.size();
 }
 
 int main(int count, char **arguments)

@@ -6,7 +6,6 @@
 #include "qxVariants.h"
 
 #include "FuzzHost.h"
-#include "FuzzShown.h"
 #include "qxExplanation.h"
 #include "qxLinter.h"
 

@@ -5,7 +5,7 @@
 
 #include "Files/qxSceneFile.h"
 #include "FuzzHost.h"
-#include "FuzzShown.h"
+#include "qxSoakSteps.h"
 
 #include <QDir>
 
@@ -35,7 +35,7 @@ QString placeOf(const Course &course)
 void saveAndReadAgain(qxSceneFile &file, const Course &course)
 {
     const QString path = placeOf(course);
-    const QStringList shown = FuzzShown::states();
+    const QStringList shown = FuzzHost::states();
     const int warnings = FuzzHost::warnings();
     file.setVariantsDocument(qxVariantWriter().write());
     if (FuzzHost::warnings() != warnings)
@@ -45,7 +45,7 @@ void saveAndReadAgain(qxSceneFile &file, const Course &course)
     const QByteArray saved = FuzzHost::read(path);
     qxSceneFile again;
     FuzzHost::require(FuzzHost::open(again, path), "what was saved cannot be read again");
-    FuzzHost::require(FuzzShown::states() == shown, "what was saved shows something else");
+    FuzzHost::require(FuzzHost::states() == shown, "what was saved shows something else");
     FuzzHost::require(again.save(path), "what was saved cannot be saved again");
     FuzzHost::require(FuzzHost::read(path) == saved, "what was saved is saved differently");
 }
@@ -55,9 +55,9 @@ void use(qxSceneFile &file, const Course &course)
     if (!FuzzHost::readDocument(file.variantsDocument()))
         return;
     if (course.hasNewVariants())
-        FuzzShown::createVariants();
-    FuzzShown::selectSets();
-    FuzzShown::selectStates(course.number);
+        qxSoakSteps::createAll();
+    FuzzHost::selectSets();
+    FuzzHost::selectStates(course.number);
     if (course.isSaved())
         saveAndReadAgain(file, course);
 }

@@ -53,71 +53,47 @@ private:
         return edges[below(std::size(edges))];
     }
 
-    void changeText(std::string &text)
-    {
-        std::vector<unsigned char> bytes(text.begin(), text.end());
-        const std::size_t size = bytes.size();
-        bytes.resize(size + 16);
-        bytes.resize(LLVMFuzzerMutate(bytes.data(), size, bytes.size()));
-        text.assign(bytes.begin(), bytes.end());
-    }
-
     void changeLeaf(Json &json)
     {
         if (json.is_string() && below(2) == 0) {
-            std::string text = json;
-            changeText(text);
-            json = text;
+            auto &text = json.get_ref<std::string &>();
+            const std::size_t size = text.size();
+            text.resize(size + 16);
+            text.resize(LLVMFuzzerMutate(reinterpret_cast<unsigned char *>(text.data()), size,
+                                         text.size()));
         } else if (json.is_number_integer() && below(2) == 0)
             json = below(8);
         else
             json = edge(json);
     }
 
-    void changeList(Json &list)
+    /// An entry goes, is exchanged for another, or is taken over from elsewhere.
+    void changeEntries(Json &json, const Json &from)
     {
-        const std::size_t size = list.size();
-        const int at = below(size);
-        switch (below(5)) {
-        case 0:
-            list.push_back(size > 0 ? list[std::size_t(at)] : Json(any()));
-            break;
-        case 1:
-            if (size > 0)
-                list.erase(std::size_t(at));
-            break;
-        case 2:
-            if (size > 1)
-                std::swap(list[std::size_t(at)], list[std::size_t(below(size))]);
-            break;
-        default:
-            changeObject(list);
-        }
-    }
-
-    /// Takes a member away, or gives one that another object has; of lists an entry's.
-    void changeObject(Json &json)
-    {
-        const Json from = any();
-        if (json.is_object() && !json.empty() && below(3) == 0)
-            json.erase(std::next(json.begin(), below(json.size())));
-        else if (json.is_object() && from.is_object() && !from.empty()) {
+        const auto any = [&] { return std::next(json.begin(), below(json.size())); };
+        const int kind = json.empty() ? 2 : below(7);
+        if (kind == 0)
+            json.erase(any());
+        else if (kind == 1)
+            std::swap(*any(), *any());
+        else if (json.is_array() && kind == 2)
+            json.push_back(json.empty() ? from : Json(*any()));
+        else if (json.is_array())
+            *any() = from;
+        else if (from.is_object() && !from.empty()) {
             const auto member = std::next(from.begin(), below(from.size()));
             json[member.key()] = member.value();
-        } else if (json.is_array() && !json.empty())
-            json[std::size_t(below(json.size()))] = from;
+        }
     }
 
     void step()
     {
         Json &json = any();
-        const int kind = below(10);
-        if (kind == 0)
-            json = Json(any());
-        else if (json.is_array())
-            changeList(json);
-        else if (json.is_object())
-            changeObject(json);
+        const Json from = any();
+        if (below(10) == 0)
+            json = from;
+        else if (json.is_structured())
+            changeEntries(json, from);
         else
             changeLeaf(json);
     }

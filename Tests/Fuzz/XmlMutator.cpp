@@ -55,49 +55,36 @@ private:
         attribute.setValue(QString::fromUtf8(bytes).remove(QChar(0)));
     }
 
-    void changeText(QDomElement element, const QDomElement &other)
-    {
-        const QDomText text = element.firstChild().toText();
-        if (text.isNull())
-            element.appendChild(element.ownerDocument().createTextNode(other.text()));
-        else
-            element.firstChild().setNodeValue(other.text());
-    }
-
+    /// What is asked of the root's parent, or of an attribute that is not there, does nothing.
     void step(QDomElement element, const QDomElement &other)
     {
         const QDomAttr own = anyAttribute(element);
         const QDomAttr others = anyAttribute(other);
-        const bool isRoot = element.parentNode().isDocument();
+        QDomNode parent = element.parentNode().toElement();
         switch (below(8)) {
         case 0:
             element.appendChild(other.cloneNode());
             break;
         case 1:
-            if (!isRoot && m_all.size() > 2)
-                element.parentNode().insertBefore(other.cloneNode(), element);
+            parent.insertBefore(other.cloneNode(), element);
             break;
         case 2:
-            if (!isRoot)
-                element.parentNode().removeChild(element);
+            parent.removeChild(element);
             break;
         case 3:
             element.setTagName(other.tagName());
             break;
         case 4:
-            changeText(element, other);
+            element.firstChild().setNodeValue(QString());
+            element.appendChild(element.ownerDocument().createTextNode(other.text()));
             break;
         case 5:
-            if (!own.isNull())
-                changeValue(own);
-            break;
-        case 6:
-            if (!others.isNull())
-                element.setAttribute(others.name(), others.value());
+            changeValue(own);
             break;
         default:
-            if (!own.isNull() && !others.isNull())
-                element.setAttribute(own.name(), others.value());
+            if (!others.isNull()) // beside the own ones or in place of one
+                element.setAttribute(own.isNull() || below(2) == 0 ? others.name() : own.name(),
+                                     others.value());
         }
     }
 

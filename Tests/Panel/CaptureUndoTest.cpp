@@ -1,37 +1,16 @@
 #include "qxNodeVariant.h"
 #include "qxVariantWriter.h"
 
+#include "../Scenarios/ShownScene.h"
 #include "PanelFixture.h"
 #include "qxCaptureRecord.h"
-#include "qxUberCameraPool.h"
 
 #include <functional>
-#include <sstream>
-
-/// Writes the name of a material, and for a switch material what it holds and what is chosen.
-static std::ostream &operator<<(std::ostream &text, const TestMaterial &material)
-{
-    text << material.name();
-    for (const std::string &each : material.held())
-        text << ", " << each << " of " << material.choice();
-    return text << '\n';
-}
 
 /// All that a capture may touch: nodes, materials, viewpoints, and the whole registry.
 static std::string everything()
 {
-    std::ostringstream text;
-    for (const qxNodePtr &node : qxNodeUtils::getSceneNodes())
-        text << qxNodeUtils::getName(node) << ": " << TestMaterial(qxNodeUtils::getMaterial(node));
-    std::vector<osg::MaterialPtr> pool;
-    qxScenegraph::getMaterialPool()->get(pool);
-    for (const osg::MaterialPtr &material : pool)
-        text << TestMaterial(material);
-    const qxUberCameraPool &cameras = *qxUberCameraPool::the();
-    for (int id = 0; id < cameras.count(); ++id)
-        text << cameras.get(id)->name << '\n';
-    text << qxVariantWriter().write().toStdString();
-    return text.str();
+    return shownScene() + qxVariantWriter().write().toStdString();
 }
 
 /// A scene, how it changes between the capture of the set "Red" and the next capture, and what is

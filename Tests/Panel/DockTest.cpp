@@ -109,15 +109,6 @@ TEST_F(DockTest, EnterSelectsTheHighlightedSetInTheListAsInTheGallery)
     }
 }
 
-TEST_F(DockTest, TheGalleryShowsTheSameSetAsTheList)
-{
-    click("Blue");
-    sets.findChild<QToolButton *>("gallery")->click();
-    auto *const gallery = qobject_cast<QAbstractItemView *>(sets.view()->currentWidget());
-    EXPECT_TRUE(gallery->dragEnabled() && gallery->viewport()->acceptDrops());
-    EXPECT_EQ(sets.view()->currentSet(), "Blue");
-}
-
 TEST_F(DockTest, AnOptionIsSelectedInTheSecondDock)
 {
     tree().expandAll();

@@ -7,12 +7,7 @@ TEST_F(CaptureCommandTest, AmbiguousNodesAreListedAndRenamedOnlyWhenThatIsWanted
 {
     EXPECT_EQ(done({"check", desk()}).out, "no ambiguous nodes\n");
     EXPECT_EQ(done({"check", desk(), "--json"}).array(), QJsonArray());
-    const QString twins = write("twins.gltf", R"({"asset":{"version":"2.0"},"scene":0,
-        "scenes":[{"nodes":[0,1]}],"nodes":[
-        {"name":"Left","children":[2]},{"name":"Right","children":[3]},
-        {"name":"Wheels","children":[4],"extras":{"qxSwitch":0}},
-        {"name":"Wheels","children":[5],"extras":{"qxSwitch":0}},
-        {"name":"Steel"},{"name":"Alloy"}]})");
+    const QString twins = testData("Scenes/twins.gltf");
     EXPECT_EQ(failed({"check", twins}).out, "Wheels  Right/Wheels\n");
     EXPECT_EQ(failed({"check", twins, "--json"}).json(),
               parsed(R"([{"name": "Wheels", "path": "Right/Wheels"}])"));

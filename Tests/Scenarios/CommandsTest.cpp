@@ -130,26 +130,6 @@ TEST_F(CommandsTest, ClonesStepTogetherAndAreReportedOnce)
     EXPECT_EQ(changes[0]["to"], "Turbine");
 }
 
-TEST_F(CommandsTest, TheSavedSceneStandsAsItWasSelected)
-{
-    const QString saved = path("saved.gltf");
-    done({"select", desk(), "Morning", "--save", saved});
-    EXPECT_EQ(done({"state", saved}).out,
-              "node   Desk   Glass\n"
-              "node   Lamp   !Disable\n"
-              "node   Chair  Transform 0\n"
-              "light  Lamp   -\n");
-    EXPECT_EQ(bytesOf(path("desk.gltf")), sceneWith("desk"));
-    done({"select", saved, "Leer geräumt", "Evening", "Leer geräumt", "--save", saved});
-    EXPECT_TRUE(done({"state", saved})
-                    .out.startsWith("node   Desk   !None\n"
-                                    "node   Lamp   !Enable\n"
-                                    "node   Chair  Transform 2\n"));
-    const QJsonValue nodes = sceneJson(saved)["nodes"];
-    EXPECT_EQ(nodes[0]["extras"], (QJsonObject{{"qxSwitch", -1}, {"price", 12.5}}));
-    EXPECT_EQ(nodes[4]["extras"]["qxTransformChoice"], 2);
-}
-
 TEST_F(CommandsTest, SetPutsOneVariantIntoAState)
 {
     const QString saved = path("saved.glb");

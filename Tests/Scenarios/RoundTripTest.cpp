@@ -87,18 +87,10 @@ TEST_F(RoundTripTest, APipeIsWrittenTo)
     EXPECT_FALSE(QFileInfo(pipe).isFile());
 }
 
-TEST_F(RoundTripTest, OutputThatCannotBeWrittenIsAFailure)
+TEST_F(RoundTripTest, StandardOutputThatCannotBeWrittenIsAFailure)
 {
-    const QString full = path("full.gltf");
-    if (!QFile::link("/dev/full", full) || !QFile::exists(full))
+    if (!QFile::exists("/dev/full"))
         GTEST_SKIP() << "this system has no /dev/full";
-    for (const QStringList &call : {QStringList{"document", desk(), "--out", full},
-                                    {"set", desk(), "Desk", "Glass", "--save", full},
-                                    {"render", desk(), "--size", "8x8", "--out", full}}) {
-        const ProgramRun run = failed(call);
-        EXPECT_TRUE(run.err.contains("No space left on device\n")) << run.err.toStdString();
-    }
-    EXPECT_FALSE(QFileInfo(full).isFile());
     QProcess program;
     program.setStandardOutputFile("/dev/full");
     program.start(QX_BUILD_BIN "/workbench", {"list", desk()});

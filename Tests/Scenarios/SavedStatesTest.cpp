@@ -3,6 +3,7 @@
 #include "qxVariantGroup.h"
 #include "qxVariantSet.h"
 #include "qxVariantTable.h"
+#include "qxVariantWords.h"
 #include "qxVariantWriter.h"
 #include "qxVariants.h"
 
@@ -11,16 +12,23 @@
 #include "RandomScene.h"
 #include "Scene/qxNodeWalk.h"
 #include "Scene/qxTransformStates.h"
+#include "Script/qxScriptRunner.h"
 #include "ShownScene.h"
 #include "TestScene.h"
 #include "qxMaterials.h"
 #include "qxSession.h"
+#include "qxShownStates.h"
+#include "qxTestPaths.h"
+#include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGQuaternion.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <QDir>
+#include <QMap>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <memory>
@@ -142,7 +150,13 @@ private:
             m_scene.addLight(m_random.name(), parent);
             break;
         default:
-            m_scene.addViewpoint(m_random.name(), 3);
+            qxUberCamera camera;
+            camera.name = m_random.name();
+            (m_random.percent(50) ? camera.fieldOfView : camera.height) = m_random.positive();
+            camera.farPlane = 40;
+            camera.toWorld.setTransform(osg::Vec3f(1, 2, 3),
+                                        osg::Quaternion(osg::Vec3f(0, 1, 0), 0.5f));
+            qxUberCameraPool::the()->add(camera);
         }
     }
     void editMaterial()
@@ -201,6 +215,8 @@ protected:
     void checkSeed(unsigned seed);
     /// Saves the opened scene, opens it and saves it again.
     void checkSave(const QString &saved);
+    /// Expects what the set asks for. Steps are no states to come back to.
+    static void expectStatesOf(qxVariantSet &set);
 
     std::unique_ptr<qxSession> session = std::make_unique<qxSession>();
 };
@@ -247,6 +263,23 @@ void SavedStatesTest::checkSeed(unsigned seed)
         QDir(place).removeRecursively();
 }
 
+void SavedStatesTest::expectStatesOf(qxVariantSet &set)
+{
+    static const QRegularExpression step("^(!Next|!Previous|!Toggle)");
+    const QMap<QString, qxStateList *> wanted = {{"node", &set.nodeVariants},
+                                                 {"material", &set.materialVariants},
+                                                 {"light", &set.lightVariants},
+                                                 {"overlay", &set.overlayVariants},
+                                                 {"transform", &set.transformVariants}};
+    const qxShownStates shown;
+    for (const qxVariantRow &row : qxVariantTable::all()) {
+        const qxVariantState *const entry = wanted[row.kind]->find(row.variant->name);
+        const bool isState = entry && !step.match(entry->state).hasMatch();
+        EXPECT_TRUE(!isState || shown.of(row).state == entry->state)
+            << row.variant->name.toStdString();
+    }
+}
+
 TEST_F(SavedStatesTest, WhatASceneShowsIsShownAgainAfterSavingAndLoading)
 {
     const QStringList range = qEnvironmentVariable("QX_SEEDS", "1:200").split(':');
@@ -291,4 +324,22 @@ TEST_F(SavedStatesTest, WhatWasLostOnceIsKept)
             EXPECT_EQ(qxVariants::_materialVariants[0]->onCurrent(), "Blue");
         checkSave(path("b.gltf"));
     }
+}
+
+TEST_F(SavedStatesTest, EverySetOfTheDemoShowsItsStatesAndIsShownAgain)
+{
+    qxVariantWords::setArguments({});
+    ASSERT_TRUE(session->open(QX_DEMO_SCENE));
+    std::vector<QString> names;
+    for (const qxVariantSet *set : qxVariants::_variantSets)
+        names.push_back(set->name);
+    ASSERT_GE(names.size(), 10u);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        SCOPED_TRACE(names[i].toStdString());
+        qxVariants::selectVariantSet(names[i].toUtf8(), false);
+        expectStatesOf(*qxVariants::findVariantSet(names[i]));
+        if (i % 6 == 5)
+            checkSave(path("demo.gltf"));
+    }
+    EXPECT_FALSE(qxScriptRunner::haveFailed());
 }

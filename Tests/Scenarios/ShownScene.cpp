@@ -142,7 +142,8 @@ void Lines::write(const osg::NodeCorePtr &core)
     if (overlay != osg::NullFC)
         m_text << " overlay " << overlay->getLayer();
     if (part != osg::NullFC) {
-        m_text << ' ' << part->getPositions()->getSize();
+        const osg::GeoPositionsPtr corners = part->getPositions();
+        m_text << ' ' << (corners == osg::NullFC ? 0 : corners->getSize());
         write(part->getMaterial());
     }
 }

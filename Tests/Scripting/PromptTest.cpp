@@ -126,11 +126,7 @@ TEST_F(PromptTest, StatementsRunInTheSceneThatTheEndOfInputSaves)
 
 TEST_F(PromptTest, ACaptureAsksBeforeItRenamesNodes)
 {
-    const QString twins = write("twins.gltf", R"({"asset":{"version":"2.0"},"scene":0,
-        "scenes":[{"nodes":[0,1]}],"nodes":[
-        {"name":"Wheels","children":[2],"extras":{"qxSwitch":0}},
-        {"name":"Wheels","children":[3],"extras":{"qxSwitch":0}},
-        {"name":"Steel"},{"name":"Alloy"}]})");
+    const QString twins = testData("Scenes/twins.gltf");
     const QString saved = path("saved.gltf");
     for (const char *answer : {"n\n", "\n", "\x04", "y\n"}) {
         const bool agreed = answer == std::string("y\n");

@@ -199,10 +199,8 @@ TEST_F(SetScriptsTest, ScriptsFindListCreateAndRemoveSets)
 
 TEST_F(SetScriptsTest, AScriptCapturesNothingWhereNodesCannotBeToldApart)
 {
-    const QString twins = write("twins.gltf", R"({"asset": {"version": "2.0"},
-        "nodes": [{"name": "Wheels", "extras": {"qxSwitch": 0}},
-                  {"name": "Wheels", "extras": {"qxSwitch": 0}}]})");
+    const QString twins = testData("Scenes/twins.gltf");
     const char *const script = "createAndCaptureVariantSet('Sport', '')\nprint(getVariantSets())";
     const ProgramRun run = done({"run", "-", twins}, script);
-    EXPECT_EQ(run.out + run.err, "[]\nwarning: ambiguous node: Wheels\n");
+    EXPECT_EQ(run.out + run.err, "[]\nwarning: ambiguous node: Right/Wheels\n");
 }

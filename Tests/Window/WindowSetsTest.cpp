@@ -101,48 +101,6 @@ TEST_F(WindowSetsTest, ACaptureTakesWhatTheDialogSays)
     EXPECT_EQ(window->setsDock()->view()->currentSet(), name);
 }
 
-TEST_F(WindowSetsTest, AfterACaptureOfTheDemoIsUndoneASaveWouldChangeNothing)
-{
-    openDemo();
-    const auto stateOfRoof = [] {
-        return qxVariants::findVariantSet("Stadtwagen")->findNodeVariant("Roof")->state;
-    };
-    for (const char *set : {"Winterfest", "Renngrün"}) {
-        select(set);
-        ASSERT_TRUE(window->saveFile(path("saved.glb"))); // how the scene stands counts, too
-        ASSERT_FALSE(isUnsaved());
-        for (const QString &way : QStringList{"Capture...", "Update from Scene..."}) {
-            SCOPED_TRACE(way.toStdString());
-            goTo("Stadtwagen");
-            expectClick(way == "Capture..." ? "Capture" : "Update");
-            action(way)->trigger();
-            EXPECT_TRUE(isUnsaved());
-            const QString roof = qxVariants::findNodeVariant("Roof")->onCurrent();
-            EXPECT_TRUE(way == "Capture..." || stateOfRoof() == roof) << roof.toStdString();
-            window->setsDock()->undoStack()->undo();
-            EXPECT_FALSE(isUnsaved());
-        }
-    }
-}
-
-TEST_F(WindowSetsTest, ASetIsRenamedInPlace)
-{
-    openDesk();
-    goTo("Morning");
-    press(Qt::Key_F2);
-    auto *const editor = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-    ASSERT_NE(editor, nullptr);
-    editor->setText("Dawn");
-    press(Qt::Key_Return);
-    settle();
-    EXPECT_EQ(setsOf("Work"), "Dawn,Evening");
-    EXPECT_EQ(window->setsDock()->view()->currentSet(), "Dawn");
-    list().setFocus();
-    press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(setsOf("Work"), "Morning,Evening");
-    EXPECT_FALSE(isUnsaved());
-}
-
 TEST_F(WindowSetsTest, NodesOfOneNameAreRenamedBeforeACaptureOnlyWhenTheUserAgrees)
 {
     for (const bool isRenamed : {false, true}) {

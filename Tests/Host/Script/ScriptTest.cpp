@@ -1,3 +1,4 @@
+#include "Script/qxScriptCheck.h"
 #include "Script/qxScriptRunner.h"
 #include "ScriptFixture.h"
 
@@ -112,20 +113,6 @@ TEST_F(ScriptTest, ErrorsAreLoggedWithTheirTracebackAndEndOnlyTheirScript)
                   "  File \"<script>\", line 2, in late\nValueError: 3\n"});
 }
 
-TEST_F(ScriptTest, AProgramsScriptTellsWhetherItSucceededAndNamesItsFile)
-{
-    const auto run = [](const std::string &text) {
-        return qxScriptRunner::run(text, "a \xC3\xA4.py");
-    };
-    EXPECT_TRUE(run("x = 1"));
-    EXPECT_FALSE(run("boom()"));
-    EXPECT_NE(newErrors().find("File \"a \xC3\xA4.py\", line 1, in <module>\n    boom()\n"),
-              std::string::npos);
-    EXPECT_FALSE(run(std::string("x = 2\0x = 3", 11)));
-    EXPECT_NE(newErrors().find("the text of the script holds a NUL character"), std::string::npos);
-    EXPECT_EQ(value("x"), "1");
-}
-
 TEST_F(ScriptTest, ExitEndsTheScriptAloneAndCountsAsErrorWithAnotherCodeThanZero)
 {
     const std::vector<std::pair<std::string, std::string>> exits{
@@ -188,4 +175,17 @@ TEST_F(ScriptTest, ListenersHearEveryTextBeforeItRunsWithItsOriginAndWhetherItIs
                "[1, 2, 3, 5, 6] done.append(6) of a user",
                "[1, 2, 3, 5, 6, 6] done.append(6) # differs of a user"}));
     EXPECT_EQ(value("done"), "[1, 2, 3, 5, 6, 6, 6, 7]");
+}
+
+TEST_F(ScriptTest, WhatCannotBeCompiledIsSaidWithItsLineAndNothingIsRun)
+{
+    for (const char *sound : {"", "raise Exception('never')", "undefined", "x = 'größer'\nexit()"})
+        EXPECT_EQ(qxScriptCheck::flawOf(sound), "") << sound;
+    EXPECT_EQ(qxScriptCheck::flawOf("x = 1\n\nif x\n").substr(0, 8), "line 3: ");
+    EXPECT_EQ(qxScriptCheck::flawOf("  x = 1\ny").substr(0, 8), "line 1: ");
+    EXPECT_EQ(qxScriptCheck::flawOf(std::string("x\0y", 3)),
+              "the text of the script holds a NUL character");
+    EXPECT_NE(qxScriptCheck::flawOf("x = '\xFF'"), "");
+    EXPECT_EQ(qxScriptCheck::flawOf("x"), "");
+    EXPECT_TRUE(logged(qxLog::Error).empty());
 }

@@ -72,47 +72,6 @@ TEST(Types, AreAbstractWhereNoInstanceMakesSense)
     }
 }
 
-TEST(Types, KnowWhatTheyAre)
-{
-    const FieldContainerType &type = held<Switch>()->getType();
-    EXPECT_TRUE(type == Switch::getClassType() && type != Group::getClassType());
-    EXPECT_TRUE(type.isDerivedFrom(type) && type.isDerivedFrom(NodeCore::getClassType()));
-    EXPECT_FALSE(Group::getClassType().isDerivedFrom(type));
-    EXPECT_TRUE(type.isNodeCore() && !type.isNode() && !type.isAbstract());
-    EXPECT_TRUE(Name::getClassType().isAttachment());
-    EXPECT_NE(Name::getClassType().getGroupId(), Name::getClassGroupId());
-}
-
-TEST(Types, DescribeTheFieldsOfTheirObjects)
-{
-    const auto core = held<Switch>();
-    const FieldContainerType &type = core->getType();
-    EXPECT_EQ(core->getTypeId(), Switch::getClassTypeId());
-    EXPECT_EQ(type.getNumFieldDescs(), 3u); // Those of the parents come first.
-    ASSERT_NE(type.findFieldDescription("choice"), nullptr);
-    EXPECT_EQ(type.findFieldDescription("choice"), type.getFieldDescription(Switch::ChoiceFieldId));
-    EXPECT_EQ(core->getField("choice"), core->getSFChoice());
-    EXPECT_EQ(core->getField(Switch::ChoiceFieldId), core->getSFChoice());
-    EXPECT_EQ(core->getField("matrix"), nullptr);
-}
-
-TEST(FieldMasks, HaveTheBitsOfTheOrderOfFields)
-{
-    using Masks = std::vector<BitVector>;
-    EXPECT_EQ((Masks{Node::AttachmentsFieldMask, Node::VolumeFieldMask, Node::TravMaskFieldMask,
-                     Node::ParentFieldMask, Node::ChildrenFieldMask, Node::CoreFieldMask}),
-              (Masks{2, 4, 8, 16, 32, 64}));
-    EXPECT_EQ((Masks{NodeCore::ParentsFieldMask, Material::SortKeyFieldMask}), Masks(2, 4));
-    for (BitVector first :
-         {Switch::ChoiceFieldMask, Transform::MatrixFieldMask, MaterialGroup::MaterialFieldMask,
-          MaterialPool::MaterialsFieldMask, MaterialDrawable::MaterialFieldMask,
-          Material::TransparencyModeFieldMask})
-        EXPECT_EQ(first, 8u);
-    EXPECT_EQ(SwitchMaterialBase::MaterialsFieldMask, 16u);
-    EXPECT_EQ(SwitchMaterial::ChoiceFieldMask, 32u);
-    EXPECT_EQ(FieldBits::AllFields, ~FieldBits::NoField);
-}
-
 TEST(Names, AreMissingEmptyOrText)
 {
     const NodeRefPtr node(makeCoredNode<Switch>());

@@ -1,4 +1,3 @@
-#include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGMatrix.h>
 #include <OpenSG/OSGQuaternion.h>
 #include <OpenSG/OSGVector.h>
@@ -63,29 +62,6 @@ TEST(Matrices, ComeApart)
     expectMoved(inverse, Pnt3f(-2, 4, 7), Pnt3f(1, 1, 1));
     again.invert();
     expectMoved(again, Pnt3f(-2, 4, 7), Pnt3f(1, 1, 1));
-}
-
-TEST(Vectors, MultiplyToDotAndCrossProducts)
-{
-    EXPECT_EQ(Pnt4f(), Pnt4f(0, 0, 0, 0));
-    EXPECT_EQ(Vec3f(1, 2), Vec3f(1, 2, 0));
-    EXPECT_EQ(Vec3f(1, 2, 3) * Vec3f(4, 5, 6), 32);
-    EXPECT_EQ(Vec3f(1, 0, 0) % Vec3f(0, 1, 0), Vec3f(0, 0, 1));
-    EXPECT_EQ(Vec3f(3, 4, 0).length(), 5);
-    const Pnt3f point(1, 2, 3);
-    const Vec3f difference = point - Pnt3f(1, 1, 1);
-    EXPECT_EQ(point + difference, Pnt3f(1, 3, 5));
-    EXPECT_EQ(point.dist(Pnt3f(1, 2, 7)), 4);
-}
-
-TEST(Colours, StartBlackWithoutAlpha)
-{
-    EXPECT_EQ(Color4f(), Color4f(0, 0, 0, 0));
-    EXPECT_EQ(Color3f(), Color3f(0, 0, 0));
-    Color4f colour;
-    colour.setValuesRGBA(0.1f, 0.2f, 0.3f, 0.4f);
-    EXPECT_EQ(colour.alpha(), 0.4f);
-    EXPECT_EQ(colour.getValuesRGBA()[2], colour.blue());
 }
 
 TEST(Quaternions, TurnMultiplyInvertAndInterpolate)

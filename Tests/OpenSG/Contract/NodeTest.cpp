@@ -50,19 +50,6 @@ NodePtr nodeAt(const Vec3f &translation)
 
 } // namespace
 
-TEST(Nodes, AreActiveWithAllBitsOfTheMaskOnly)
-{
-    const auto node = held<Node>();
-    EXPECT_TRUE(node->getActive() && !node->getCore() && !node->getParent());
-    EXPECT_EQ(node->getNChildren(), 0u);
-    node->setTravMask(7);
-    EXPECT_FALSE(node->getActive());
-    node->setActive(false);
-    EXPECT_EQ(node->getTravMask(), 0u);
-    node->setActive(true);
-    EXPECT_EQ(node->getTravMask(), 0xFFFFFFFFu);
-}
-
 TEST_F(Family, AChildThatIsAddedAgainMoves)
 {
     m_root->addChild(child(0));

@@ -9,29 +9,6 @@ namespace {
 
 typedef SwitchesFixture SnapshotsTest;
 
-TEST_F(SnapshotsTest, TwoSetsThatSawDifferentMaterialsShareASwitchMaterial)
-{
-    for (const bool isGroup : {false, true}) {
-        SCOPED_TRACE(isGroup ? "material group" : "geometry");
-        host.clearScene();
-        const TestNode body = isGroup ? scene.addMaterialGroup("Body", scene.material("Red"))
-                                      : addBody("Body", "Red");
-        capture("Summer");
-        EXPECT_EQ(materialOf(body), "Red"); // nothing to reconcile yet
-        EXPECT_EQ(snapshot("Summer", "Body"), "Red");
-        EXPECT_TRUE(qxVariants::_materialVariants.empty());
-        capture("Winter", {body}, "Blue");
-        EXPECT_EQ(materialOf(body), "Red Switch");
-        EXPECT_EQ(heldOn(body), (Names{"Red", "Blue"}));
-        EXPECT_EQ(snapshot("Summer", "Body"), "Red Switch");
-        EXPECT_EQ(snapshot("Winter", "Body"), "Red Switch");
-        EXPECT_EQ(state("Summer", "Red Switch"), "Red");
-        EXPECT_EQ(state("Winter", "Red Switch"), "Blue");
-        expectShown("Summer", {body}, {"Red"});
-        expectShown("Winter", {body}, {"Blue"});
-    }
-}
-
 TEST_F(SnapshotsTest, MaterialGroupsHaveTheStatesOfTheirSwitchMaterialsCaptured)
 {
     scene.addSwitchMaterial("Inner", {"Silk", "Satin"}).choose(1);

@@ -125,6 +125,14 @@ TEST_F(HandleTest, AListenerThatRemovesSetAndVariantDoesNoHarm)
     }
 }
 
+TEST_F(HandleTest, TheLastValueOfAKeyCounts)
+{
+    handle.setValue("price", "1");
+    handle.setValue("price", "2");
+    EXPECT_EQ(handle.getValue("price"), "2");
+    EXPECT_EQ(handle.getValue("colour"), "");
+}
+
 TEST_F(HandleTest, ANewNameIsAssignedAsItIs)
 {
     for (int i = 0; i < 20; ++i)
@@ -135,46 +143,4 @@ TEST_F(HandleTest, ANewNameIsAssignedAsItIs)
     EXPECT_EQ(qxVariants::_variantSets.size(), 21u);
     EXPECT_EQ(notifications.entries().size(), 0u);
     EXPECT_EQ(logged(qxLog::Warning), Texts());
-}
-
-TEST_F(HandleTest, TheLastTextCountsAndNamesKeepTheirOrder)
-{
-    handle.addScript("first");
-    handle.addScript("second");
-    EXPECT_EQ(handle.getScript(), "second");
-    for (const char *viewpoint : {"Front", "Back", "Front"})
-        handle.addViewpoint(viewpoint);
-    EXPECT_EQ(set->viewpoints.list(), QStringList({"Front", "Back"}));
-    set->addTargetNodeName("Body");
-    set->addTargetNodeName("Axle");
-    EXPECT_EQ(handle.getTargetNodeNames(), Texts({"Body", "Axle"}));
-
-    handle.setValue("price", "1");
-    handle.setValue("price", "2");
-    EXPECT_EQ(handle.getValue("price"), "2");
-    EXPECT_EQ(handle.getValue("colour"), "");
-    EXPECT_EQ(set->values.keys(), QStringList("price"));
-}
-
-TEST_F(HandleTest, AClippingPlaneChangesWhatItNames)
-{
-    handle.setClippingState(2);
-    set->setClippingContourWidth(9);
-    const qxAnalyzerVariant before = set->analyzer;
-    const qxAnalyzerVariant &clip = set->analyzer;
-    for (int place = 0; place < 5; ++place) { // Each flag goes to its own.
-        handle.addClippingPlane({1, 2.5f, -3}, {0, 0, 1}, place == 0, place == 1, place == 2,
-                                place == 3, place == 4);
-        const bool flags[] = {clip.clipPlaneInvert, clip.clipPlaneHideScene, clip.clipPlaneShow,
-                              clip.clipGridShow, clip.clipContourShow};
-        for (int flag = 0; flag < 5; ++flag)
-            EXPECT_EQ(flags[flag], flag == place) << flag;
-    }
-    EXPECT_EQ(clip.clipPlanePosition, osg::Pnt3f(1, 2.5f, -3));
-    EXPECT_EQ(clip.clipPlaneNormal, osg::Vec3f(0, 0, 1));
-    EXPECT_EQ(clip.clipState, 2);
-    EXPECT_EQ(clip.clipContourWidth, 9);
-    EXPECT_TRUE(clip.clipPlaneColor == before.clipPlaneColor
-                && clip.clipGridColor == before.clipGridColor
-                && clip.clipContourColor == before.clipContourColor);
 }
