@@ -575,6 +575,10 @@
         <source>there is no switch %1 to share</source>
         <translation>es gibt keinen Schalter %1 zu teilen</translation>
     </message>
+    <message>
+        <source>it is a file that the scene uses</source>
+        <translation>die Szene benutzt diese Datei</translation>
+    </message>
 </context>
 <context>
     <name>qxLogView</name>

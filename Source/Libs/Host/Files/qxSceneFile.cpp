@@ -53,9 +53,7 @@ namespace {
 /// How the file is called, and how it is really called, whichever way leads there.
 QStringList namesOf(const QString &path)
 {
-    const QFileInfo target(qxOutputFile::targetOf(path));
-    return {QFileInfo(path).absoluteFilePath(),
-            QDir(target.absolutePath()).canonicalPath() + '/' + target.fileName()};
+    return {QFileInfo(path).absoluteFilePath(), qxOutputFile::realTargetOf(path)};
 }
 
 std::vector<qxFileStamp> stampsOf(const qxGltfModel &model)
@@ -246,8 +244,9 @@ bool qxSceneFile::save(const QString &path)
             if (output.isReplaced())
                 m_content->note(path, qxFileStamp(path, output.content()));
         });
+        const bool isOutdated = m_content->isBufferOutdated();
         output.write(m_content->edited(), m_content->buffers);
-        m_content->hasTakenIn = m_content->isBufferOutdated();
+        m_content->hasTakenIn = isOutdated;
         if (m_content->hasTakenIn)
             m_warnings << qxFileText::tr("buffers whose files have changed on the disk stand in "
                                          "the scene file now, as they were loaded");
