@@ -579,6 +579,10 @@
         <source>it is a file that the scene uses</source>
         <translation>die Szene benutzt diese Datei</translation>
     </message>
+    <message>
+        <source>the variants document</source>
+        <translation>das Variantendokument</translation>
+    </message>
 </context>
 <context>
     <name>qxLogView</name>

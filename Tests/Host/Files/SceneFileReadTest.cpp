@@ -177,6 +177,9 @@ TEST_F(SceneFileReadTest, WhatIsDecodedStaysWithinTheMemoryLimit)
     write("data.bin", QByteArray(4000000, 0));
     expectRefused(sceneText(R"("buffers": [{"byteLength": 9, "uri": "data.bin"}])"),
                   "buffer 0: \"data.bin\": 3.815 MB of memory are needed");
+    loadText("");
+    EXPECT_TRUE(file.hasRoomFor(QByteArray(1200, 'A').replace("A", "<A b=''>")));
+    EXPECT_FALSE(file.hasRoomFor(QByteArray(1600, 'A').replace("A", "<A b=''>")));
     qxMemoryBudget::setLimit(qxMemoryBudget::fromText("2GB"));
     EXPECT_EQ(loadError(path("fits.gltf")), "");
 }
