@@ -575,6 +575,14 @@
         <source>there is no switch %1 to share</source>
         <translation>es gibt keinen Schalter %1 zu teilen</translation>
     </message>
+    <message>
+        <source>it is a file that the scene uses</source>
+        <translation>die Szene benutzt diese Datei</translation>
+    </message>
+    <message>
+        <source>the variants document</source>
+        <translation>das Variantendokument</translation>
+    </message>
 </context>
 <context>
     <name>qxLogView</name>

@@ -193,6 +193,15 @@ TEST_F(LintTest, OlderFormsAreNoFaults)
               "");
 }
 
+TEST_F(LintTest, OfEachCodeTheFirstThousandAreListed)
+{
+    const QByteArray document = planted(foreign, QByteArray(2500, 'x').replace("x", "<x/>"));
+    const qxFindings findings = qxLinter::lint(document, compile);
+    ASSERT_EQ(findings.size(), 1000);
+    EXPECT_EQ(findings.first().more, 0);
+    EXPECT_EQ(findings.last().more, 1500);
+}
+
 TEST(CodesTest, EveryCodeStandsInItsPlaceAndIsDocumentedInItsWords)
 {
     QStringList rows;

@@ -13,6 +13,9 @@
 
 namespace {
 
+const int widestColumn = 500; ///< one long name does not make every row as long
+const int atOnce = 1 << 16; ///< characters of rows
+
 void printJson(const QJsonDocument &document)
 {
     qxOutput::bytes(qxVisibleText::json(QString::fromUtf8(document.toJson())).toUtf8());
@@ -50,24 +53,32 @@ void qxOutput::json(const QJsonArray &array)
 
 void qxOutput::table(const QList<QStringList> &cells)
 {
-    QList<QStringList> rows = cells;
+    table(cells.size(), [&cells](int row) { return cells[row]; });
+}
+
+void qxOutput::table(int rows, const std::function<QStringList(int)> &cellsOf)
+{
     QVector<int> widths;
-    for (QStringList &row : rows) {
-        std::transform(row.begin(), row.end(), row.begin(), qxVisibleText::line);
-        widths.resize(qMax(widths.size(), row.size()));
-        for (int i = 0; i < row.size(); ++i)
-            widths[i] = qMax(widths[i], row[i].size());
+    for (int row = 0; row < rows; ++row) {
+        const QStringList cells = cellsOf(row);
+        widths.resize(qMax(widths.size(), cells.size()));
+        for (int i = 0; i < cells.size(); ++i)
+            widths[i] = qBound(widths[i], qxVisibleText::line(cells[i]).size(), widestColumn);
     }
-    QString result;
-    for (const QStringList &row : qAsConst(rows)) {
+    QString ready;
+    for (int row = 0; row < rows; ++row) {
+        const QStringList cells = cellsOf(row);
         QString line;
-        for (int i = 0; i < row.size(); ++i)
-            line += row[i].leftJustified(widths[i] + 2);
+        for (int i = 0; i < cells.size(); ++i)
+            line += qxVisibleText::line(cells[i]).leftJustified(widths[i] + 2);
         while (line.endsWith(QLatin1Char(' ')))
             line.chop(1);
-        result += line + QLatin1Char('\n');
+        ready += line + QLatin1Char('\n');
+        if (ready.size() < atOnce && row + 1 < rows)
+            continue;
+        bytes(ready.toUtf8());
+        ready.clear();
     }
-    text(result);
 }
 
 bool qxOutput::isWhole()

@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include <cstdio>
+#include <functional>
 
 class QJsonArray;
 class QJsonObject;
@@ -20,8 +21,10 @@ void json(const QJsonObject &object);
 void json(const QJsonArray &array);
 /// Whether everything that went to standard output so far could be written.
 bool isWhole();
-/// Rows of cells in columns, each as wide as its widest cell.
+/// Rows of cells in columns, each as wide as its widest cell, up to 500 characters.
 void table(const QList<QStringList> &cells);
+/// The same for so many rows that they are asked for one by one, each twice.
+void table(int rows, const std::function<QStringList(int)> &cellsOf);
 /// A line on standard error that begins with the program's name.
 void error(const QString &reason);
 /// A line on standard error as it is.

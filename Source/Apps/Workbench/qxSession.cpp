@@ -149,8 +149,15 @@ bool qxSession::openScene(const QString &path, const qxSceneFile::Watcher &watch
     return fail(m_file->errorString());
 }
 
+bool qxSession::hasRoomFor(const QByteArray &xml)
+{
+    return m_file->hasRoomFor(xml) || fail(m_file->errorString());
+}
+
 bool qxSession::readDocument(const QByteArray &xml)
 {
+    if (!hasRoomFor(xml))
+        return false;
     const QString flaw = flawOf(xml);
     if (!flaw.isEmpty()) {
         return fail(

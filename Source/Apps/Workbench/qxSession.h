@@ -29,6 +29,8 @@ public:
     bool openScene(const QString &path, const qxSceneFile::Watcher &watcher = noWatcher);
     /// Leaves an empty scene that has no file.
     void close();
+    /// Whether the file may take the memory that reading and checking `xml` takes.
+    bool hasRoomFor(const QByteArray &xml);
     /// Reads the variants of `xml` into the opened scene, which has none yet.
     bool readDocument(const QByteArray &xml);
 

@@ -2,6 +2,8 @@
 
 #include "qxCheckCodes.h"
 
+#include <QHash>
+
 /// Something that a check found in a variants document.
 struct qxFinding {
     qxCode code;
@@ -9,8 +11,24 @@ struct qxFinding {
     QString path; ///< of the element, such as: Variants/VariantSet[3] "Sport"/NodeVariantRef[2]
     int line = 0; ///< in the document, from 1
     int column = 0; ///< of the first character of the element, from 1
+    int more = 0; ///< so many further ones of its code are not listed
 
     qxSeverity severity() const { return qxCheckCodes::row(code).severity; }
 };
 
 typedef QVector<qxFinding> qxFindings;
+
+/// Findings while they are found. Of each code the first thousand are kept, the rest is counted: a
+/// document can have millions of the same fault.
+class qxFindingList {
+public:
+    void add(const qxFinding &finding);
+    /// What was kept, in the order of the document. The last one of a code knows how many more
+    /// there are.
+    qxFindings inOrder() const;
+    const qxFinding &last() const { return m_kept.last(); }
+
+private:
+    qxFindings m_kept;
+    QHash<int, int> m_counts; ///< by code
+};

@@ -22,7 +22,7 @@ public:
     const qxOutline &outline;
     const qxSceneIndex scene;
     const qxLintVariants variants;
-    qxFindings findings;
+    qxFindingList findings;
 };
 
 template <class List>

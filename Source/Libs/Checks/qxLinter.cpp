@@ -2,9 +2,6 @@
 
 #include "qxLintParts.h"
 
-#include <algorithm>
-#include <tuple>
-
 void qxLintContext::add(qxCode code, const QString &message, const QString &owner,
                         const QString &tag, const qxMark &mark)
 {
@@ -14,12 +11,12 @@ void qxLintContext::add(qxCode code, const QString &message, const QString &owne
 void qxLintContext::add(qxCode code, const QString &message, const QString &path,
                         const qxMark &mark)
 {
-    findings.append({code, message, path, mark.line, mark.column});
+    findings.add({code, message, path, mark.line, mark.column});
 }
 
 qxFindings qxLinter::lint(const QByteArray &document, const Compile &compile)
 {
-    qxFindings findings;
+    qxFindingList findings;
     const qxOutline outline = qxOutline::of(document, findings);
     if (!outline.isWhole)
         return {findings.last()};
@@ -29,9 +26,5 @@ qxFindings qxLinter::lint(const QByteArray &document, const Compile &compile)
     qxLintParts::lintHotkeys(context);
     qxLintParts::lintGroups(context);
     qxLintParts::lintVariants(context);
-    std::stable_sort(context.findings.begin(), context.findings.end(),
-                     [](const qxFinding &one, const qxFinding &other) {
-                         return std::tie(one.line, one.column) < std::tie(other.line, other.column);
-                     });
-    return context.findings;
+    return context.findings.inOrder();
 }

@@ -16,8 +16,8 @@ namespace qxLinter {
 /// Answers what is wrong with a script, or an empty text.
 typedef std::function<QString(const QString &script)> Compile;
 
-/// All findings in the order of the document. `document` is UTF-8; when it is not well-formed,
-/// what is wrong with it is the only finding.
+/// The findings in the order of the document, up to a thousand of each code. `document` is UTF-8;
+/// when it is not well-formed, what is wrong with it is the only finding.
 qxFindings lint(const QByteArray &document, const Compile &compile);
 
 } // namespace qxLinter

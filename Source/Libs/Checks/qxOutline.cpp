@@ -50,7 +50,7 @@ bool qxOutlineSet::isEmpty() const
         && script.text.isEmpty() && clipState == 0;
 }
 
-qxOutline qxOutline::of(const QByteArray &document, qxFindings &findings)
+qxOutline qxOutline::of(const QByteArray &document, qxFindingList &findings)
 {
     qxOutline outline;
     qxOutlineReader(document, outline, findings).read();

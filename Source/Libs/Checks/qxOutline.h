@@ -100,5 +100,5 @@ struct qxOutline {
     bool isWhole = false; ///< false when the document is not well-formed
 
     /// Takes the outline of `document` and adds what is wrong with its form to `findings`.
-    static qxOutline of(const QByteArray &document, qxFindings &findings);
+    static qxOutline of(const QByteArray &document, qxFindingList &findings);
 };

@@ -67,7 +67,7 @@ int kindOf(const QString &tag, QString (*nameOf)(qxVariantKind))
 } // namespace
 
 qxOutlineReader::qxOutlineReader(const QByteArray &document, qxOutline &outline,
-                                 qxFindings &findings)
+                                 qxFindingList &findings)
     : m_xml(qxControlCharacters::replaced(document, m_forbidden)), m_outline(outline),
       m_findings(findings)
 {

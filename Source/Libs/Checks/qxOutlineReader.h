@@ -13,7 +13,7 @@ class QCryptographicHash;
 /// Reads the outline of one document in one pass.
 class qxOutlineReader {
 public:
-    qxOutlineReader(const QByteArray &document, qxOutline &outline, qxFindings &findings);
+    qxOutlineReader(const QByteArray &document, qxOutline &outline, qxFindingList &findings);
 
     void read();
 
@@ -54,7 +54,7 @@ private:
     int m_forbidden; ///< the place of the first character that XML forbids, -1 for none
     QXmlStreamReader m_xml;
     qxOutline &m_outline;
-    qxFindings &m_findings;
+    qxFindingList &m_findings;
     QSet<QString> m_texts; ///< names come again and again: one copy of each is kept
     QXmlStreamAttributes m_attributes; ///< of the element that was just entered
     QCryptographicHash *m_hash = nullptr; ///< of the set that is being read

@@ -131,7 +131,7 @@ void qxOutlineReader::digestText(QCryptographicHash &hash, const QString &text) 
 void qxOutlineReader::add(qxCode code, const QString &message, const QString &path,
                           const qxMark &mark)
 {
-    m_findings.append({code, message, path, mark.line, mark.column});
+    m_findings.add({code, message, path, mark.line, mark.column});
 }
 
 bool qxOutlineReader::refuseNameless(const QString &path, const qxMark &mark)

@@ -107,7 +107,7 @@ TEST_F(SceneFileReadTest, NodesNestAThousandLevelsDeep)
     deeper["nodes"].push_back({{"name", "Top"}, {"children", {0}}});
     expectRefused(deeper, "node 999 \"Deepest\" is nested deeper than 1000 levels");
     json["nodes"][0]["name"] = std::string(1000000, 'x');
-    expectRefused(json, "the paths of all nodes together are longer than 256000000 characters");
+    expectRefused(json, "the paths of all nodes together are longer than 32000000 characters");
 }
 
 TEST_F(SceneFileReadTest, EveryFaultIsSaidInPlainWords)
@@ -177,6 +177,9 @@ TEST_F(SceneFileReadTest, WhatIsDecodedStaysWithinTheMemoryLimit)
     write("data.bin", QByteArray(4000000, 0));
     expectRefused(sceneText(R"("buffers": [{"byteLength": 9, "uri": "data.bin"}])"),
                   "buffer 0: \"data.bin\": 3.815 MB of memory are needed");
+    loadText("\"extras\": 0");
+    EXPECT_TRUE(file.hasRoomFor(QByteArray(1200, 'A').replace("A", "<A b=''>")));
+    EXPECT_FALSE(file.hasRoomFor(QByteArray(1600, 'A').replace("A", "<A b=''>")));
     qxMemoryBudget::setLimit(qxMemoryBudget::fromText("2GB"));
     EXPECT_EQ(loadError(path("fits.gltf")), "");
 }

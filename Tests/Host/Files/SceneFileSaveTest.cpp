@@ -188,6 +188,16 @@ TEST_F(SceneFileSaveTest, AnUnchangedSceneIsCopiedByteForByteWithItsFilesReplaci
     EXPECT_EQ(bytesOf(path("c/car data-1.bin")), bin);
     original["buffers"][0]["uri"] = "car%20data-1.bin";
     EXPECT_EQ(jsonOf(path("c/car.gltf")), original);
+
+    const QString own = write("own.gltf", bin); // any name may be that of a buffer
+    original["buffers"][0]["uri"] = "own.gltf";
+    load(write("car.gltf", original));
+    EXPECT_FALSE(file.save(own));
+    EXPECT_EQ(file.errorString(),
+              own + ": the file cannot be written: it is a file that the scene uses");
+    EXPECT_EQ(bytesOf(own), bin);
+    saveAndLoad("d/own.gltf");
+    EXPECT_EQ(bytesOf(path("d/own-1.gltf")), bin);
 }
 
 TEST_F(SceneFileSaveTest, OnlyBuffersAndPicturesAreCopiedAndNeverToHiddenNames)

@@ -13,6 +13,8 @@
 
 namespace {
 
+const int listed = 20; ///< before a question
+
 /// Whether somebody sits there who reads a question and can answer it.
 bool isTerminal()
 {
@@ -33,19 +35,20 @@ qxAmbiguousNodes::qxAmbiguousNodes()
     m_nodes = checker.getAmbiguousNodes();
 }
 
-QList<QStringList> qxAmbiguousNodes::rows() const
+QStringList qxAmbiguousNodes::row(int index) const
 {
-    QList<QStringList> rows;
-    for (const osg::NodePtr &node : m_nodes)
-        rows += QStringList{nameOf(node), qxNodePath(node)};
-    return rows;
+    const osg::NodePtr &node = m_nodes[std::size_t(index)];
+    return {nameOf(node), qxNodePath(node)};
 }
 
 void qxAmbiguousNodes::list() const
 {
     qxOutput::error(QStringLiteral("some nodes have the same name or node path:"));
-    for (const QStringList &row : rows())
-        qxOutput::note(QStringLiteral("  ") + row[1]);
+    for (int i = 0; i < qMin(count(), listed); ++i)
+        qxOutput::note(QStringLiteral("  ") + row(i)[1]);
+    if (count() > listed)
+        qxOutput::note(
+            QStringLiteral("and %1 more; workbench check lists them").arg(count() - listed));
 }
 
 bool qxAmbiguousNodes::mayRename()

@@ -14,10 +14,12 @@ public:
     qxAmbiguousNodes();
 
     bool isEmpty() const { return m_nodes.empty(); }
-    /// Name and path of each.
-    QList<QStringList> rows() const;
+    int count() const { return int(m_nodes.size()); }
+    /// Name and path of one.
+    QStringList row(int index) const;
 
-    /// Shows them and asks in the terminal whether they may be renamed; no without a terminal.
+    /// Shows the first ones and asks in the terminal whether they may be renamed; no without a
+    /// terminal.
     bool mayRename();
     /// Gives each a name that no other node of the scene has, and says so on standard error.
     void rename();

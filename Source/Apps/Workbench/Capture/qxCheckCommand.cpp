@@ -10,11 +10,13 @@
 
 namespace {
 
-QJsonArray asJson(const QList<QStringList> &rows)
+QJsonArray asJson(const qxAmbiguousNodes &nodes)
 {
     QJsonArray array;
-    for (const QStringList &row : rows)
+    for (int i = 0; i < nodes.count(); ++i) {
+        const QStringList row = nodes.row(i);
         array += QJsonObject{{QStringLiteral("name"), row[0]}, {QStringLiteral("path"), row[1]}};
+    }
     return array;
 }
 
@@ -25,11 +27,11 @@ int run(const QCommandLineParser &parser)
         return WorkFailed;
     const qxAmbiguousNodes nodes;
     if (parser.isSet(QStringLiteral("json")))
-        qxOutput::json(asJson(nodes.rows()));
+        qxOutput::json(asJson(nodes));
     else if (nodes.isEmpty())
         qxOutput::line(QStringLiteral("no ambiguous nodes"));
     else
-        qxOutput::table(nodes.rows());
+        qxOutput::table(nodes.count(), [&nodes](int index) { return nodes.row(index); });
     return nodes.isEmpty() ? Success : WorkFailed;
 }
 

@@ -59,7 +59,7 @@ int run(const QCommandLineParser &parser)
     }
     const QString file = parser.positionalArguments().first();
     qxSession session(parser.isSet(QStringLiteral("trace")));
-    if (!session.openScene(file))
+    if (!session.openScene(file) || !session.hasRoomFor(session.file().variantsDocument()))
         return WorkFailed;
     qxFindings findings;
     if (!session.file().variantsDocument().isEmpty())

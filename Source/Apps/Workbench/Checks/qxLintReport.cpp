@@ -21,6 +21,15 @@ QString counted(int count, const char *word)
                                                     count == 1 ? QString() : QStringLiteral("s"));
 }
 
+/// A line of its own for findings that are not listed.
+QString moreOf(const qxFinding &finding)
+{
+    return finding.more == 0 ? QString()
+                             : QStringLiteral("and %1 more of %2\n")
+                                   .arg(finding.more)
+                                   .arg(qxCheckCodes::id(finding.code));
+}
+
 /// Characters that no XML can hold may stand in names; a carriage return would come back as a line
 /// break.
 QString forXml(QString text)
@@ -37,7 +46,8 @@ QString lines(const qxFindings &findings)
 {
     QString text;
     for (const qxFinding &each : findings)
-        text += QStringLiteral("%1: %2 (%3)\n").arg(placeOf(each), each.message, each.path);
+        text += QStringLiteral("%1: %2 (%3)\n").arg(placeOf(each), each.message, each.path)
+            + moreOf(each);
     return forXml(text);
 }
 
@@ -84,9 +94,10 @@ QVector<qxCodeRow> lintCodes()
 
 int qxLintReport::count(const qxFindings &findings, qxSeverity severity)
 {
-    return int(std::count_if(findings.begin(), findings.end(), [severity](const qxFinding &each) {
-        return each.severity() == severity;
-    }));
+    int count = 0;
+    for (const qxFinding &each : findings)
+        count += each.severity() == severity ? 1 + each.more : 0;
+    return count;
 }
 
 void qxLintReport::print(const qxFindings &findings)
@@ -95,7 +106,8 @@ void qxLintReport::print(const qxFindings &findings)
     for (const qxFinding &each : findings)
         text += QStringLiteral("%1: %2 %3: %4 (%5)\n")
                     .arg(placeOf(each), qxCheckCodes::word(each.severity()),
-                         qxCheckCodes::id(each.code), each.message, each.path);
+                         qxCheckCodes::id(each.code), each.message, each.path)
+            + moreOf(each);
     qxOutput::text(text);
     if (findings.isEmpty())
         return qxOutput::line(QStringLiteral("no findings"));
@@ -109,12 +121,15 @@ void qxLintReport::printJson(const QString &file, const qxFindings &findings)
 {
     QJsonArray array;
     for (const qxFinding &each : findings) {
-        array += QJsonObject{{QStringLiteral("code"), qxCheckCodes::id(each.code)},
-                             {QStringLiteral("severity"), qxCheckCodes::word(each.severity())},
-                             {QStringLiteral("message"), each.message},
-                             {QStringLiteral("path"), each.path},
-                             {QStringLiteral("line"), each.line},
-                             {QStringLiteral("column"), each.column}};
+        QJsonObject object{{QStringLiteral("code"), qxCheckCodes::id(each.code)},
+                           {QStringLiteral("severity"), qxCheckCodes::word(each.severity())},
+                           {QStringLiteral("message"), each.message},
+                           {QStringLiteral("path"), each.path},
+                           {QStringLiteral("line"), each.line},
+                           {QStringLiteral("column"), each.column}};
+        if (each.more > 0)
+            object.insert(QStringLiteral("more"), each.more);
+        array += object;
     }
     qxOutput::json(QJsonObject{{QStringLiteral("file"), file},
                                {QStringLiteral("findings"), array},

@@ -5,7 +5,7 @@
 namespace {
 
 const int _maxDepth = 1000;
-const std::size_t _maxPaths = 256000000;
+const std::size_t _maxPaths = 32000000;
 
 /// The parent of every node, -1 for those without.
 typedef std::vector<int> Parents;

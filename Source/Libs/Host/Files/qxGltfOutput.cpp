@@ -72,6 +72,7 @@ qxGltfOutput::qxGltfOutput(const qxGltfDocument &document, const QString &path)
 
 void qxGltfOutput::write(qxJson json, const std::vector<QByteArray> &buffers)
 {
+    refuseOwnFiles();
     if (m_binary && !m_document.binary)
         packFirstBuffer(json, buffers);
     if (!isBeside(m_document, m_path)) {
@@ -91,6 +92,21 @@ bool qxGltfOutput::isBeside(const qxGltfDocument &document, const QString &path)
     return document.path.isEmpty()
         || QFileInfo(document.folder()).canonicalFilePath()
         == QFileInfo(qxGltfFolderOf(path)).canonicalFilePath();
+}
+
+/// Buffers and pictures may have any name, also that of a scene file.
+void qxGltfOutput::refuseOwnFiles() const
+{
+    const QDir folder(m_document.folder());
+    for (const char *section : {"buffers", "images"}) {
+        for (const qxJson &entry : qxGltfSection(m_document.json, section)) {
+            if (!isFile(entry))
+                continue;
+            const QString name = qxGltfRelativePath(entry["uri"].get_ref<const std::string &>());
+            if (!name.isEmpty() && qxOutputFile::isSame(folder.filePath(name), m_path))
+                fail(m_path, qxFileText::tr("it is a file that the scene uses"));
+        }
+    }
 }
 
 /// The first buffer becomes the BIN chunk.
@@ -167,7 +183,8 @@ QString qxGltfOutput::place(const QString &wanted, const QByteArray &bytes)
         const QString path = folder.filePath(name);
         if (planned != m_placed.end() && planned->second == bytes)
             return name;
-        if (planned == m_placed.end() && (!QFileInfo::exists(path) || holds(path, bytes)))
+        if (planned == m_placed.end() && !qxOutputFile::isSame(path, m_path)
+            && (!QFileInfo::exists(path) || holds(path, bytes)))
             break;
         name = QString("%1-%2.%3").arg(stem).arg(number).arg(parts.suffix());
     }

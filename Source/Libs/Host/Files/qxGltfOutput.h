@@ -32,6 +32,7 @@ public:
     static bool isBeside(const qxGltfDocument &document, const QString &path);
 
 private:
+    void refuseOwnFiles() const;
     void packFirstBuffer(qxJson &json, const std::vector<QByteArray> &buffers);
     void unpackFirstBuffer(qxJson &json);
     void copyBuffers(qxJson &json, const std::vector<QByteArray> &buffers);

@@ -4,6 +4,7 @@
 #include "Files/qxFileText.h"
 #include "Files/qxSystemCall.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -199,4 +200,18 @@ QString qxOutputFile::targetOf(const QString &path)
         target = target.parent_path() / next;
     }
     return QFile::decodeName(QByteArray::fromStdString(target.string()));
+}
+
+QString qxOutputFile::realTargetOf(const QString &path)
+{
+    const QFileInfo target(targetOf(path));
+    return QDir(target.absolutePath()).canonicalPath() + '/' + target.fileName();
+}
+
+bool qxOutputFile::isSame(const QString &path, const QString &other)
+{
+    std::error_code unknown; // also of several hard links
+    return realTargetOf(path) == realTargetOf(other)
+        || std::filesystem::equivalent(QFile::encodeName(path).toStdString(),
+                                       QFile::encodeName(other).toStdString(), unknown);
 }

@@ -43,6 +43,10 @@ public:
     /// The path that is written for this one: links are followed, also those that lead to nothing
     /// yet.
     static QString targetOf(const QString &path);
+    /// That path through the real folder.
+    static QString realTargetOf(const QString &path);
+    /// Whether a write to one of these paths changes what stands at the other.
+    static bool isSame(const QString &path, const QString &other);
 
 private:
     bool writeNew();

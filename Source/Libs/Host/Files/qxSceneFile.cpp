@@ -9,6 +9,7 @@
 #include "Files/qxGltfOutput.h"
 #include "Files/qxGltfPatch.h"
 #include "Files/qxGltfUri.h"
+#include "Files/qxMemoryBudget.h"
 #include "Files/qxOutputFile.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
@@ -25,6 +26,7 @@
 struct qxSceneFile::Content {
     qxGltfDocument document = qxGltfDocument::empty();
     std::vector<QByteArray> buffers;
+    qxMemoryBudget budget{qxMemoryBudget::limit()}; ///< what is left of it
     std::vector<qxFileStamp> bufferFiles; ///< of the buffers that are files
     bool hasTakenIn = false; ///< whether the saved file holds what others have changed of these
     QMap<QString, qxFileStamp> known; ///< files that were loaded or saved, by all their names
@@ -50,12 +52,15 @@ struct qxSceneFile::Content {
 
 namespace {
 
+// What variants documents become, estimated from above: sets of one attribute take the most.
+const qint64 bytesPerElement = 1200;
+const qint64 bytesPerAttribute = 600;
+const qint64 bytesPerByte = 10;
+
 /// How the file is called, and how it is really called, whichever way leads there.
 QStringList namesOf(const QString &path)
 {
-    const QFileInfo target(qxOutputFile::targetOf(path));
-    return {QFileInfo(path).absoluteFilePath(),
-            QDir(target.absolutePath()).canonicalPath() + '/' + target.fileName()};
+    return {QFileInfo(path).absoluteFilePath(), qxOutputFile::realTargetOf(path)};
 }
 
 std::vector<qxFileStamp> stampsOf(const qxGltfModel &model)
@@ -165,6 +170,7 @@ qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Wat
     content->note(path, model.document.stamp);
     content->document = std::move(model.document);
     content->buffers = std::move(model.buffers);
+    content->budget = model.budget;
     warnings = model.warnings;
     return content;
 }
@@ -246,8 +252,9 @@ bool qxSceneFile::save(const QString &path)
             if (output.isReplaced())
                 m_content->note(path, qxFileStamp(path, output.content()));
         });
+        const bool isOutdated = m_content->isBufferOutdated();
         output.write(m_content->edited(), m_content->buffers);
-        m_content->hasTakenIn = m_content->isBufferOutdated();
+        m_content->hasTakenIn = isOutdated;
         if (m_content->hasTakenIn)
             m_warnings << qxFileText::tr("buffers whose files have changed on the disk stand in "
                                          "the scene file now, as they were loaded");
@@ -289,6 +296,18 @@ QByteArray qxSceneFile::variantsDocument() const
 void qxSceneFile::setVariantsDocument(const QByteArray &document)
 {
     m_content->variants = document;
+}
+
+bool qxSceneFile::hasRoomFor(const QByteArray &document)
+{
+    return attempt(m_content->document.path, [&] {
+        const qint64 elements = document.count('<') - document.count("</");
+        qxMemoryBudget(m_content->budget)
+            .take(qxFileText::tr("the variants document"),
+                  elements * bytesPerElement + document.count('=') * bytesPerAttribute
+                      + document.size() * bytesPerByte,
+                  1);
+    });
 }
 
 std::vector<qxSceneVariant> qxSceneFile::materialVariants() const

@@ -59,7 +59,7 @@ public:
     /// there replaces, or files of buffers that stay beside it.
     bool isChangedByOthers(const QString &path) const;
 
-    /// Why the last load or save failed, with the path; empty when it did not.
+    /// Why the last operation failed, with the path; empty when it did not.
     QString errorString() const;
     /// What the last load or save left out or put right.
     QStringList warnings() const;
@@ -68,6 +68,9 @@ public:
     QByteArray variantsDocument() const;
     /// Saved with the scene from now on; an empty one is taken out.
     void setVariantsDocument(const QByteArray &document);
+    /// Whether what reading and checking such a document takes is left of the memory that the file
+    /// may take; else errorString says so.
+    bool hasRoomFor(const QByteArray &document);
 
     /// The variants that the file loaded last states for its materials, in its order. Each of their
     /// switch materials holds the material that the file was made with as its first one.
