@@ -720,6 +720,18 @@
         <source>it is locked</source>
         <translation>ein anderes Programm schreibt darin</translation>
     </message>
+    <message>
+        <source>%1 is no regular file</source>
+        <translation>%1 ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>%1 is another user&apos;s</source>
+        <translation>%1 gehört einem anderen Benutzer</translation>
+    </message>
+    <message>
+        <source>others may write %1</source>
+        <translation>Andere dürfen %1 ändern</translation>
+    </message>
 </context>
 <context>
     <name>qxScriptsDialog</name>
@@ -768,6 +780,13 @@
         <translation>
             <numerusform>… und ein weiteres Zeichen, das hier nicht gezeigt wird</numerusform>
             <numerusform>… und %n weitere Zeichen, die hier nicht gezeigt werden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Trust All %n</source>
+        <translation>
+            <numerusform>&amp;Vertrauen</numerusform>
+            <numerusform>Allen %n &amp;vertrauen</numerusform>
         </translation>
     </message>
 </context>

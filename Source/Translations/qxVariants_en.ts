@@ -10,6 +10,13 @@
             <numerusform>... and %n more characters, which are not shown here</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>&amp;Trust All %n</source>
+        <translation>
+            <numerusform>&amp;Trust</numerusform>
+            <numerusform>&amp;Trust All %n</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>qxSetEdits</name>

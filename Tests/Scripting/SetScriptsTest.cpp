@@ -84,7 +84,7 @@ TEST_F(SetScriptsTest, WhatOneWritesAndSavesIsTrustedAndWhatAFileBroughtIsNot)
     const QString scene = sceneWith({{"Theirs", "print('theirs')"}});
     const QString saved = path("saved.gltf");
     const QByteArray script = "mine = createVariantSet('Mine')\n"
-                              "mine.addScript('print(\"mine\")')\n"
+                              "mine.addScript(u'\\x0cprint(\"mine\")')\n"
                               "theirs = findVariantSet('Theirs')\n"
                               "createVariantSet('Copy').addScript(theirs.getScript())\n"
                               "theirs.setName('Renamed')\n"
@@ -97,12 +97,13 @@ TEST_F(SetScriptsTest, WhatOneWritesAndSavesIsTrustedAndWhatAFileBroughtIsNot)
     };
     EXPECT_FALSE(isSaved({"--scripts"}, "mine\ntheirs\n").contains("\nmine\n"))
         << "who knows which script wrote it";
+    const QString store = write("data-home/qxVariants/scripts-of-files", "# for all to read\n");
+    QFile::setPermissions(store, QFile::Permissions(0x6644));
     const QByteArray said = isSaved({}, "mine\n");
     EXPECT_TRUE(said.startsWith("mine\nworkbench: left out the script of \"Renamed\": "))
         << said.toStdString();
     EXPECT_EQ(said.count("left out"), 2) << said.toStdString();
 
-    const QString store = path("data-home/qxVariants/scripts-of-files");
     const QByteArray kept = bytesOf(store);
     EXPECT_TRUE(
         kept.endsWith("\ntrusted 763c00876497a15a56d51898993d79fb8f8cd8dd0922a3f1c93f417c6b95"
@@ -117,6 +118,9 @@ TEST_F(SetScriptsTest, WhatOneWritesAndSavesIsTrustedAndWhatAFileBroughtIsNot)
         EXPECT_TRUE(failed({"trust", saved, "--yes"}).err.contains("is broken in line "));
         EXPECT_EQ(bytesOf(store), broken);
     }
+    write("data-home/qxVariants/scripts-of-files", kept);
+    QFile::setPermissions(store, QFile::Permissions(0x6622));
+    EXPECT_TRUE(done(select).err.contains("No script of the file is trusted: others may write "));
 }
 
 TEST_F(SetScriptsTest, ASetThatAnEarlierScriptRemovedIsSkipped)

@@ -77,11 +77,14 @@ TEST_F(WindowKeysTest, AKeyOfASetTakesNoneOfTheWindow)
     const QAction &back = *action("Back to the State Before");
     qxVariantSet &morning = *qxVariants::findVariantSet("Morning");
     const QString saved = path("desk.gltf");
-    for (const char *key : {"Ctrl+S", "F", "Home", "Left", "Ctrl+A", "Ctrl+K"}) {
+    for (const char *key :
+         {"Ctrl+S", "F", "Home", "Left", "Ctrl+A", "Tab", "Shift+Backtab", "Esc", "F10",
+          "Shift+F10", "Menu", "Alt+F4", "PgDown", "Shift+End", "Ctrl+K"}) {
         morning.hotkey = key;
         morning.updateShortcut();
         QFile::remove(saved);
-        window->sceneView()->setFocus();
+        const bool isOfLists = QString(key).contains(QRegularExpression("PgDown|End"));
+        (isOfLists ? panes()[1] : panes()[0])->setFocus();
         press(Qt::Key(morning.key), morning.modifiers);
         settle();
         EXPECT_EQ(back.isEnabled(), key == QString("Ctrl+K")) << key << " selected the set";

@@ -1,6 +1,7 @@
 #include "qxFileScripts.h"
 
 #include "qxVariantSet.h"
+#include "qxVariantWriter.h"
 #include "qxVariants.h"
 
 #include "Script/qxScriptRunner.h"
@@ -101,7 +102,8 @@ QString qxFileScripts::rememberOwn(const QString &file) const
     const qxScriptTrust trust;
     qxScriptTrust::Scripts own;
     for (const qxVariantSet *set : qxVariants::_variantSets) {
-        const std::string text = textOf(set->script);
+        // With the file comes what the document holds of the script.
+        const std::string text = textOf(qxVariantWriter::writable(set->script));
         if (!text.empty() && m_texts.count(text) == 0 && trust.of(text) == qxScriptTrust::Undecided)
             own.emplace(text, noteOn(file, set->name));
     }

@@ -118,7 +118,7 @@ void qxSession::importVariants()
         for (const QPair<QString, QString> &choice : variant.materials)
             set->add(materialVariant(choice.first), choice.second); // which may be null
     }
-    m_imported = qxVariantWriter().write();
+    m_imported = qxVariantWriter().writeToCompare();
 }
 
 void qxSession::close()

@@ -195,6 +195,18 @@ QByteArray qxVariantWriter::write()
     return qxDocumentPrint::print(m_document);
 }
 
+QByteArray qxVariantWriter::writeToCompare()
+{
+    const qxDocumentLoss loss(allNames, qxDocumentLoss::Silent);
+    return write();
+}
+
+QString qxVariantWriter::writable(const QString &text)
+{
+    const qxDocumentLoss loss(allNames, qxDocumentLoss::Silent);
+    return qxDocumentLoss::writable(text);
+}
+
 void qxVariantWriter::writeVariantGroup(QDomDocument &document, QDomElement &parent,
                                         qxVariantGroup *group)
 {

@@ -19,6 +19,10 @@ class qxVariantWriter {
 public:
     /// The whole registry as UTF-8.
     QByteArray write();
+    /// The same bytes to compare with; the log hears nothing, for nothing is saved.
+    QByteArray writeToCompare();
+    /// The text as a document holds it.
+    static QString writable(const QString &text);
 
     /// Each of these appends one element to `parent`.
     static void writeVariantGroup(QDomDocument &document, QDomElement &parent,

@@ -37,12 +37,14 @@ struct Combination {
 /// Whether the key operates the focused widget, which people without a mouse depend on.
 bool isOperating(const Combination &pressed)
 {
-    static const int keys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab,
-                               Qt::Key_Up,    Qt::Key_Down,   Qt::Key_Left,  Qt::Key_Right};
+    static const int keys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter,   Qt::Key_Up,
+                               Qt::Key_Down,  Qt::Key_Left,   Qt::Key_Right,   Qt::Key_PageUp,
+                               Qt::Key_Home,  Qt::Key_End,    Qt::Key_PageDown};
+    const Qt::KeyboardModifiers others = pressed.modifiers & ~Qt::ShiftModifier; // that one extends
     const QWidget *const focus = QApplication::focusWidget();
     const bool isOperated = qobject_cast<const QAbstractItemView *>(focus)
         || qobject_cast<const QAbstractButton *>(focus) || qobject_cast<const QComboBox *>(focus);
-    return isOperated && !pressed.modifiers
+    return isOperated && !others
         && std::find(std::begin(keys), std::end(keys), pressed.key) != std::end(keys);
 }
 

@@ -9,7 +9,8 @@ class qxVariantSet;
 /// Lets the keys of sets and of options select them wherever in the window of `place` or in its
 /// floating docks they are pressed, but for text fields, where a key writes. Of two sets with the
 /// same key the first is selected; sets come before options. Keys that the window has taken select
-/// nothing, and those that operate the focused list or button (space, Enter, arrows) still do.
+/// nothing, and those that operate the focused list or button (space, Enter, arrows, pages) still
+/// do.
 class qxSetHotkeys : public QObject {
     Q_OBJECT
 

@@ -32,6 +32,7 @@ public:
         for (const QShortcut *shortcut : window.findChildren<QShortcut *>())
             note(shortcut->key(), shortcut->whatsThis());
         noteEditing();
+        noteGuiding();
     }
 
     QHash<int, QString> owners; ///< by key
@@ -72,6 +73,23 @@ private:
             for (const QKeySequence &each : QKeySequence::keyBindings(key))
                 note(each, qxTakenKeys::tr("editing of text"));
         }
+    }
+
+    /// What every window does, without an action: the focus goes on, scripts, menus and edits are
+    /// ended, menus open, and the window closes.
+    void noteGuiding()
+    {
+        static const QKeySequence keys[] = {Qt::Key_Tab,
+                                            Qt::SHIFT + Qt::Key_Tab,
+                                            Qt::Key_Backtab,
+                                            Qt::SHIFT + Qt::Key_Backtab,
+                                            Qt::Key_Escape,
+                                            Qt::Key_F10,
+                                            Qt::SHIFT + Qt::Key_F10,
+                                            Qt::Key_Menu,
+                                            Qt::ALT + Qt::Key_F4};
+        for (const QKeySequence &key : keys)
+            note(key, QString());
     }
 
     QSet<const QWidget *> m_seen;

@@ -7,8 +7,9 @@ class QWidget;
 
 /// The keys with which the window of a place does something itself, so that sets leave them to it:
 /// those of its actions (shown, enabled and in force just now or not), shortcuts, menus, buttons
-/// and labels, and those that edit text. They are asked of the window, which may get others at any
-/// time; a window that takes keys in any other way has to put them into actions of its widgets.
+/// and labels, those that edit text, and those that go through any window, such as Tab and Escape.
+/// They are asked of the window, which may get others at any time; a window that takes keys in any
+/// other way has to put them into actions of its widgets.
 class qxTakenKeys : public QObject {
     Q_OBJECT
 

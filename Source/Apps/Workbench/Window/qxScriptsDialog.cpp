@@ -46,7 +46,10 @@ qxScriptsDialog::qxScriptsDialog(const QString &file, const QList<qxFileScripts:
     layout->addWidget(question);
     layout->addWidget(buildScripts(), 1);
     auto *const buttons = new QDialogButtonBox;
-    addButton(buttons, tr("&Trust"), qxScriptTrust::Trusted);
+    // Only one is shown at a time.
+    const int count = scripts.size();
+    addButton(buttons, count > 1 ? tr("&Trust All %n", nullptr, count) : tr("&Trust"),
+              qxScriptTrust::Trusted);
     addButton(buttons, tr("N&ever"), qxScriptTrust::Never);
     QPushButton *const later = buttons->addButton(tr("&Not Now"), QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

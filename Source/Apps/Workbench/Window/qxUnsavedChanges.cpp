@@ -13,7 +13,7 @@ const int idleTime = 300; ///< milliseconds without a change
 
 QByteArray documentHash()
 {
-    return QCryptographicHash::hash(qxVariantWriter().write(), QCryptographicHash::Sha1);
+    return QCryptographicHash::hash(qxVariantWriter().writeToCompare(), QCryptographicHash::Sha1);
 }
 
 } // namespace

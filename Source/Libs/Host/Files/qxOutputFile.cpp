@@ -63,7 +63,7 @@ bool qxOutputFile::writeNew()
     const bool isForAll = m_old.st_nlink == 0 && m_readers == Everybody;
     const bool isWritten = m_new.create(m_target, isForAll ? 0666 : 0600)
         && qxSystemCall::write(m_new.descriptor(), m_bytes);
-    if (isWritten && m_old.st_nlink == 1
+    if (isWritten && m_old.st_nlink == 1 && m_readers == Everybody
         && !qxFileAttributes::copy(m_target, m_old, m_new.descriptor()))
         m_warnings << qxFileText::tr(
             "not all of the file's owner, group, rights and attributes could be kept");
@@ -122,9 +122,10 @@ bool qxOutputFile::writeInPlace()
         errno = reason;
         return failUntouched();
     }
+    const bool isAllowed = m_readers == Everybody || fchmod(file, 0600) == 0;
     const auto cut = [&] { return ftruncate(file, m_bytes.size()); };
-    const bool isWritten = qxSystemCall::write(file, m_bytes) && qxSystemCall::repeat(cut) == 0
-        && qxSystemCall::sync(file);
+    const bool isWritten = isAllowed && qxSystemCall::write(file, m_bytes)
+        && qxSystemCall::repeat(cut) == 0 && qxSystemCall::sync(file);
     const int reason = errno;
     close(file);
     m_isReplaced = true;

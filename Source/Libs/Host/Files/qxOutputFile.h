@@ -16,7 +16,8 @@
 /// leave the others with the old content.
 class qxOutputFile {
 public:
-    /// Who may read a file that was not there before, as far as the user's settings let them.
+    /// Who may read the file: everybody whom the user's settings, or the mode that it has, let; or
+    /// its owner and nobody else, whatever mode it has.
     enum Readers { Everybody, OwnerAlone };
 
     explicit qxOutputFile(const QString &path, Readers readers = Everybody);

@@ -3,6 +3,7 @@
 #include "Script/qxPython.h"
 #include "Script/qxScriptLevel.h"
 #include "Script/qxScriptRunner.h"
+#include "qxLog.h"
 
 #include <boost/python/stl_iterator.hpp>
 
@@ -70,6 +71,26 @@ private:
     bool m_errors;
 };
 
+/// A function of Python's own, for Python 2.7 takes no other.
+const char *const showWarning =
+    "def showwarning(message, category, filename, lineno, file=None, line=None):\n"
+    "    log('%s:%d: %s: %s' % (filename, lineno, category.__name__, message))\n";
+
+void logWarning(const python::object &text)
+{
+    qxLog::warning("%s", qxPythonText(text.ptr()).c_str());
+}
+
+void installWarnings()
+{
+    python::dict names;
+    names["__builtins__"] = python::import(qxPythonBuiltins);
+    names["log"] = python::make_function(logWarning);
+    python::exec(showWarning, names, names);
+    python::object warnings = python::import("warnings");
+    warnings.attr("showwarning") = names["showwarning"];
+}
+
 } // namespace
 
 void qxScriptOutput::install()
@@ -85,6 +106,7 @@ void qxScriptOutput::install()
     python::object sys = python::import("sys");
     sys.attr("stdout") = Stream(false);
     sys.attr("stderr") = Stream(true);
+    installWarnings();
 }
 
 void qxScriptOutput::flush()

@@ -5,7 +5,8 @@
 /// What scripts print: goes to where qxScriptRunner::setOutput says, or into a text.
 class qxScriptOutput {
 public:
-    /// Puts itself in place of Python's sys.stdout and sys.stderr.
+    /// Puts itself in place of Python's sys.stdout and sys.stderr; what Python warns of goes to the
+    /// log.
     static void install();
     static void flush();
 

@@ -10,7 +10,10 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
+#include <sys/stat.h>
+
 #include <algorithm>
+#include <unistd.h>
 
 namespace {
 
@@ -49,19 +52,38 @@ bool makeFolder(const QString &folder)
         && QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
+/// Why what stands there need not be what this person has decided; nothing there is no reason.
+QString flawOfOwner(const QString &path)
+{
+    struct stat status;
+    if (stat(QFile::encodeName(path).constData(), &status) != 0)
+        return QString();
+    if (!S_ISREG(status.st_mode))
+        return text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 is no regular file")).arg(path);
+    if (status.st_uid != geteuid())
+        return text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 is another user's")).arg(path);
+    if (status.st_mode & (S_IWGRP | S_IWOTH))
+        return text(QT_TRANSLATE_NOOP("qxScriptTrust", "others may write %1")).arg(path);
+    return QString();
+}
+
 } // namespace
 
 QString qxScriptTrust::path()
 {
     // One place for window and commands, whose applications have other names.
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+    const QString place = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    // Qt takes a relative one, which would be that of whoever made the current folder.
+    const bool isMeant = QDir::isAbsolutePath(place);
+    return (isMeant ? place : QDir::homePath() + QLatin1String("/.local/share"))
         + QLatin1String("/qxVariants/scripts-of-files");
 }
 
 qxScriptTrust::qxScriptTrust()
 {
+    m_flaw = flawOfOwner(path());
     QFile file(path());
-    if (!file.exists())
+    if (!m_flaw.isEmpty() || !file.exists())
         return;
     if (!file.open(QIODevice::ReadOnly)) {
         m_flaw = text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 cannot be read: %2"))

@@ -129,7 +129,8 @@ QDomElement appendText(QDomElement &parent, const QString &tag, const QString &t
 
 } // namespace qxDocumentText
 
-qxDocumentLoss::qxDocumentLoss(QSet<QString> (*allNames)()) : m_allNames(allNames)
+qxDocumentLoss::qxDocumentLoss(QSet<QString> (*allNames)(), Report report)
+    : m_allNames(allNames), m_report(report)
 {
     if (!current)
         current = this;
@@ -140,7 +141,7 @@ qxDocumentLoss::~qxDocumentLoss()
     if (current != this)
         return;
     current = nullptr;
-    if (m_lostTexts > 0)
+    if (m_lostTexts > 0 && m_report == Logged)
         qxLog::warning("Saving variants: characters that a document cannot hold were left out of "
                        "%d texts.\n",
                        m_lostTexts);
@@ -178,7 +179,7 @@ QString qxDocumentLoss::newName(const QString &name)
         free = base + QLatin1Char(' ') + QString::number(last);
     }
     m_taken.insert(free);
-    if (free != bare)
+    if (free != bare && m_report == Logged)
         qxLog::warning("Saving variants: the name \"%s\" is written as \"%s\".\n",
                        without(name, QString(QChar::ReplacementCharacter)).toUtf8().constData(),
                        free.toUtf8().constData());

@@ -43,12 +43,15 @@ QDomElement appendText(QDomElement &parent, const QString &tag, const QString &t
 
 } // namespace qxDocumentText
 
-/// Notes, while it lives, what texts lose on their way into a document, and reports it at its end.
-/// Texts are written only while one lives; those inside another one leave all to that.
+/// Notes, while it lives, what texts lose on their way into a document, and reports it at its end
+/// unless it is silent. Texts are written only while one lives; those inside another one leave all
+/// to that.
 class qxDocumentLoss {
 public:
+    enum Report { Logged, Silent };
+
     /// `allNames` gives every name that may be written. It is called when the first one cannot be.
-    explicit qxDocumentLoss(QSet<QString> (*allNames)());
+    explicit qxDocumentLoss(QSet<QString> (*allNames)(), Report report = Logged);
     ~qxDocumentLoss();
     qxDocumentLoss(const qxDocumentLoss &) = delete;
     qxDocumentLoss &operator=(const qxDocumentLoss &) = delete;
@@ -61,6 +64,7 @@ private:
     QString newName(const QString &name);
 
     QSet<QString> (*const m_allNames)();
+    const Report m_report;
     int m_lostTexts = 0;
     QHash<QString, QString> m_names; ///< what is written for those that a document cannot hold
     QSet<QString> m_taken;
