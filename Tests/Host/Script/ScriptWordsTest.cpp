@@ -24,7 +24,6 @@ TEST_F(ScriptWordsTest, PointsAndVectorsAreThreeNumbersThatKeepTheirFloats)
 {
     expectValues({{"Pnt3f(0.2, 1e-7, -3)", "0.2, 1e-07, -3"},
                   {"Vec3f()", "0, 0, 0"},
-                  {"Pnt3f(inf, -inf, nan)", "inf, -inf, nan"},
                   {"Vec3f(0.123456789, 16777216, 1e30)", "0.12345679, 16777216, 1e+30"},
                   {"repr([Pnt3f(1, 2, 3), Vec3f(4, 5, 6)])", "[Pnt3f(1, 2, 3), Vec3f(4, 5, 6)]"},
                   {"(lambda v: (v.x(), v.y(), v.z()))(Vec3f(1, 2, 3))", "(1.0, 2.0, 3.0)"},

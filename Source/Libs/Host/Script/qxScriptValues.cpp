@@ -4,7 +4,6 @@
 #include <OpenSG/OSGVector.h>
 
 #include <charconv>
-#include <limits>
 #include <vector>
 
 namespace python = boost::python;
@@ -97,9 +96,6 @@ void qxScriptWords::defineValues()
 {
     python::scope().attr("true") = true;
     python::scope().attr("false") = false;
-    // As the module writes such numbers into statements.
-    python::scope().attr("inf") = std::numeric_limits<double>::infinity();
-    python::scope().attr("nan") = std::numeric_limits<double>::quiet_NaN();
     defineTriple<osg::Pnt3f>("Pnt3f", "A point: three numbers.");
     defineTriple<osg::Vec3f>("Vec3f", "A vector or a colour: three numbers.");
     python::to_python_converter<std::vector<std::string>, TextList>();
