@@ -61,8 +61,7 @@ TEST_F(RunCommandTest, AFailingScriptSavesNothingAndShowsWhere)
           {"Traceback (most recent call last):", "\"<stdin>\", line 3, in f", "return 1 / 0",
            "ZeroDivisionError: ", "out.gltf: not written, because the script failed\n"});
     fails("import sys\nsys.exit(3)\n", {"exit(3)"});
-    fails("import warnings\nwarnings.warn('odd')\n1 / 0",
-          {"warning: <stdin>:2: UserWarning: odd\n"});
+    fails("import warnings\nwarnings.warn('odd')\n1 / 0", {"warning: ", ":2: UserWarning: odd\n"});
     fails("import os\nwhile True: os.kill(os.getpid(), 2)\n", {"script error: interrupted\n"}, 130);
     fails(QByteArray("print(1)\0print(2)\n", 18), {"NUL"});
     const QString script = write("wrong.py", "findNode('Desk').paint('red')\n");
