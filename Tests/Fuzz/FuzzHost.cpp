@@ -28,7 +28,7 @@ constexpr int Enough = 12;
 int errors = 0;
 int warningCount = 0;
 
-/// Left to the end of the process: what else runs then may still need it.
+/// Never destroyed: statics of others that use it are destroyed later.
 qxHost *host = nullptr;
 
 const QTemporaryDir &folder()
