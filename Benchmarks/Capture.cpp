@@ -2,7 +2,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "Core/qxHost.h"
+#include "qxHost.h"
 #include "qxMaterials.h"
 #include "qxMessage.h"
 #include "qxNodeUtils.h"

@@ -3,8 +3,8 @@
 #include "qxVariantVerifier.h"
 #include "qxVariants.h"
 
+#include "Commands/qxCommand.h"
 #include "qxBenchScene.h"
-#include "qxCommand.h"
 #include "qxLinter.h"
 
 #include <QFile>

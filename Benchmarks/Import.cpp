@@ -1,5 +1,5 @@
-#include "Core/qxHost.h"
 #include "Files/qxSceneFile.h"
+#include "qxHost.h"
 
 #include <QFile>
 #include <QTemporaryDir>

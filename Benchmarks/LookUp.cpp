@@ -1,8 +1,8 @@
 #include "qxNodeVariant.h"
 #include "qxVariants.h"
 
-#include "Core/qxHost.h"
 #include "Script/qxScriptRunner.h"
+#include "qxHost.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGGroup.h>

@@ -1,8 +1,8 @@
 #include "qxMaterialVariant.h"
 #include "qxVariants.h"
 
-#include "Core/qxHost.h"
 #include "qxController.h"
+#include "qxHost.h"
 #include "qxMaterials.h"
 #include "qxMessage.h"
 #include "qxModuleBase.h"

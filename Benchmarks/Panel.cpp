@@ -1,12 +1,12 @@
 #include "qxNodeVariant.h"
 #include "qxVariantGroup.h"
 #include "qxVariantSet.h"
-#include "qxVariantSetsDock.h"
 #include "qxVariants.h"
 
+#include "Sets/qxSetsView.h"
+#include "Sets/qxVariantSetsDock.h"
 #include "qxBenchScene.h"
 #include "qxController.h"
-#include "qxSetsView.h"
 
 #include <QAbstractItemView>
 #include <QBuffer>

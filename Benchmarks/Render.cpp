@@ -1,10 +1,10 @@
 #include "Cameras/qxMainView.h"
-#include "Core/qxHost.h"
 #include "Files/qxSceneFile.h"
 #include "Render/qxEmbree.h"
 #include "Render/qxRenderCamera.h"
 #include "Render/qxRenderer.h"
 #include "Render/qxShownWalk.h"
+#include "qxHost.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGSimpleGeometry.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Core/qxHost.h"
+#include "qxHost.h"
 
 #include <OpenSG/OSGNode.h>
 

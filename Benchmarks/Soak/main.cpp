@@ -1,8 +1,8 @@
 // Takes random steps for a long time: what the module holds and shows stays what a plain model
 // says, and memory stays flat.
 
-#include "Core/qxHost.h"
 #include "Script/qxScriptRunner.h"
+#include "qxHost.h"
 #include "qxSoakSteps.h"
 
 #include <QApplication>

@@ -3,7 +3,7 @@
 #include "qxVariantGroup.h"
 #include "qxVariants.h"
 
-#include "qxKindAccess.h"
+#include "Variants/qxKindAccess.h"
 
 #include <tuple>
 

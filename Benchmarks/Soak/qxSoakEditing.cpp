@@ -9,7 +9,7 @@
 #include "qxVariantSetPtr.h"
 #include "qxVariants.h"
 
-#include "qxKindAccess.h"
+#include "Variants/qxKindAccess.h"
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"

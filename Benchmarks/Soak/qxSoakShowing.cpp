@@ -6,8 +6,8 @@
 #include "qxVariantWriter.h"
 #include "qxVariants.h"
 
-#include "qxCaptureRecord.h"
-#include "qxKindAccess.h"
+#include "Undo/qxCaptureRecord.h"
+#include "Variants/qxKindAccess.h"
 #include "qxMessage.h"
 #include "qxScenegraph.h"
 #include "qxSoakSteps.h"

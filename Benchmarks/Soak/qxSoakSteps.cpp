@@ -7,8 +7,8 @@
 #include "qxVariant.h"
 #include "qxVariants.h"
 
-#include "Core/qxHost.h"
-#include "qxKindAccess.h"
+#include "Variants/qxKindAccess.h"
+#include "qxHost.h"
 #include "qxMessage.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Files/qxSceneFile.h"
+#include "Undo/qxSetEdits.h"
 #include "qxPlainRegistry.h"
-#include "qxSetEdits.h"
 
 #include <functional>
 #include <memory>

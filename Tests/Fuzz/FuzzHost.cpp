@@ -4,11 +4,11 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "Core/qxHost.h"
 #include "Files/qxSceneFile.h"
 #include "Script/qxScriptRunner.h"
 #include "TestScene.h"
-#include "qxKindAccess.h"
+#include "Variants/qxKindAccess.h"
+#include "qxHost.h"
 #include "qxLog.h"
 
 #include <QApplication>

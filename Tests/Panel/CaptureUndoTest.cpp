@@ -3,7 +3,7 @@
 
 #include "../Scenarios/ShownScene.h"
 #include "PanelFixture.h"
-#include "qxCaptureRecord.h"
+#include "Undo/qxCaptureRecord.h"
 
 #include <functional>
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "qxNodeVariant.h"
-#include "qxVariantSetsDock.h"
-#include "qxVariantsDock.h"
 
 #include "PanelFixture.h"
-#include "qxSetsView.h"
+#include "Sets/qxSetsView.h"
+#include "Sets/qxVariantSetsDock.h"
+#include "Variants/qxVariantsDock.h"
 
 #include <QtTest>
 #include <QtWidgets>

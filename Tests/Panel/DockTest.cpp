@@ -1,6 +1,6 @@
 #include "DockFixture.h"
-#include "qxSetHotkeys.h"
-#include "qxSetsModel.h"
+#include "Sets/qxSetHotkeys.h"
+#include "Sets/qxSetsModel.h"
 
 class DockTest : public DockFixture {};
 

@@ -1,5 +1,5 @@
 #include "DockFixture.h"
-#include "qxSetForm.h"
+#include "Sets/qxSetForm.h"
 
 /// The form below the list, used by hand.
 class FormTest : public DockFixture {

@@ -6,8 +6,8 @@
 
 #include "HostFixture.h"
 #include "TestFiles.h"
+#include "Undo/qxSetEdits.h"
 #include "qxPanelEvents.h"
-#include "qxSetEdits.h"
 
 #include <QtCore>
 

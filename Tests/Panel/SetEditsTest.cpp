@@ -2,7 +2,7 @@
 #include "qxVariantWriter.h"
 
 #include "PanelFixture.h"
-#include "qxCaptureRecord.h"
+#include "Undo/qxCaptureRecord.h"
 
 #include <functional>
 

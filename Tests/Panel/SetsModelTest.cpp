@@ -1,7 +1,7 @@
 #include "qxNodeVariant.h"
 
 #include "PanelFixture.h"
-#include "qxSetsModel.h"
+#include "Sets/qxSetsModel.h"
 
 #include <QMimeData>
 #include <QTextDocumentFragment>

@@ -2,22 +2,22 @@
 #include "qxVariantCaptureChecker.h"
 #include "qxVariantGroup.h"
 #include "qxVariantSet.h"
-#include "qxVariantTable.h"
-#include "qxVariantWords.h"
 #include "qxVariantWriter.h"
 #include "qxVariants.h"
 
-#include "Capture/qxAmbiguousNodes.h"
+#include "Commands/qxAmbiguousNodes.h"
 #include "Program.h"
 #include "RandomScene.h"
+#include "Report/qxShownStates.h"
+#include "Report/qxVariantTable.h"
 #include "Scene/qxNodeWalk.h"
 #include "Scene/qxTransformStates.h"
 #include "Script/qxScriptRunner.h"
+#include "Script/qxVariantBindings.h"
+#include "Session/qxSession.h"
 #include "ShownScene.h"
 #include "TestScene.h"
 #include "qxMaterials.h"
-#include "qxSession.h"
-#include "qxShownStates.h"
 #include "qxTestPaths.h"
 #include "qxUberCameraPool.h"
 
@@ -328,7 +328,7 @@ TEST_F(SavedStatesTest, WhatWasLostOnceIsKept)
 
 TEST_F(SavedStatesTest, EverySetOfTheDemoShowsItsStatesAndIsShownAgain)
 {
-    qxVariantWords::setArguments({});
+    qxVariantBindings::setArguments({});
     ASSERT_TRUE(session->open(QX_DEMO_SCENE));
     std::vector<QString> names;
     for (const qxVariantSet *set : qxVariants::_variantSets)

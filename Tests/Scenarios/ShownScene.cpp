@@ -1,18 +1,17 @@
 #include "ShownScene.h"
 
-#include "qxVariantTable.h"
-
 #include "Materials/qxSurface.h"
 #include "OSGOverlayCore.h"
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
+#include "Report/qxShownStates.h"
+#include "Report/qxVariantTable.h"
 #include "Scene/OSGTransformStates.h"
 #include "Scene/qxNodeWalk.h"
 #include "TestScene.h"
 #include "qxAnimManager.h"
 #include "qxMaterials.h"
 #include "qxOverlays.h"
-#include "qxShownStates.h"
 #include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGGeometry.h>

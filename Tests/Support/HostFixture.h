@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Core/qxHost.h"
 #include "NotificationLog.h"
 #include "TestScene.h"
 #include "qxController.h"
+#include "qxHost.h"
 #include "qxLog.h"
 #include "qxMaterials.h"
 

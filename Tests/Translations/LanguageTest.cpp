@@ -2,11 +2,11 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "Sets/qxCaptureDialog.h"
 #include "ShownTexts.h"
 #include "TestScene.h"
 #include "Window/qxLanguage.h"
 #include "WindowFixture.h"
-#include "qxCaptureDialog.h"
 #include "qxController.h"
 #include "qxKeyText.h"
 #include "qxOSGWidget.h"

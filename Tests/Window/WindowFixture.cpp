@@ -1,8 +1,7 @@
 #include "WindowFixture.h"
 
-#include "qxVariantsDock.h"
-
 #include "Pictures/qxMainGlView.h"
+#include "Variants/qxVariantsDock.h"
 #include "Window/qxScriptConsole.h"
 #include "Window/qxUnsavedChanges.h"
 #include "qxLog.h"

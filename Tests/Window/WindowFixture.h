@@ -1,11 +1,10 @@
 #pragma once
 
-#include "qxVariantSetsDock.h"
-
+#include "Sets/qxSetsView.h"
+#include "Sets/qxVariantSetsDock.h"
 #include "TestFiles.h"
 #include "Window/qxSceneView.h"
 #include "Window/qxWorkbenchWindow.h"
-#include "qxSetsView.h"
 
 #include <QtTest>
 #include <QtWidgets>

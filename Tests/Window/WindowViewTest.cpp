@@ -2,10 +2,10 @@
 #include "qxVariants.h"
 
 #include "Pictures/qxPictureProgress.h"
+#include "Report/qxSceneState.h"
 #include "Window/qxOrbit.h"
 #include "WindowFixture.h"
 #include "qxRaytracingManager.h"
-#include "qxSceneState.h"
 #include "qxUberCameraPool.h"
 
 #include <algorithm>

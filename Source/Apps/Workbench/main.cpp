@@ -1,5 +1,5 @@
+#include "Commands/qxCommand.h"
 #include "Window/qxWindowProgram.h"
-#include "qxCommand.h"
 
 #include <QGuiApplication>
 #include <QLoggingCategory>

@@ -7,7 +7,7 @@ namespace {
 
 namespace names = qxVariantKindNames;
 
-QString introduce(const qxOutlineVariant &variant)
+QString introduce(const qxSyntaxTreeVariant &variant)
 {
     return QStringLiteral("%1 variant \"%2\"").arg(names::word(variant.kind), variant.name);
 }
@@ -24,14 +24,14 @@ public:
 
 private:
     void lintObjects();
-    void lintOption(const qxOutlineOption &option);
+    void lintOption(const qxSyntaxTreeOption &option);
     void lintUse();
     void add(qxCode code, const QString &what);
-    void add(qxCode code, const qxOutlineOption &option, const QString &what);
+    void add(qxCode code, const qxSyntaxTreeOption &option, const QString &what);
 
     qxLintContext &m_context;
     qxLintVariant &m_variant;
-    const qxOutlineVariant &m_outline;
+    const qxSyntaxTreeVariant &m_outline;
 };
 
 void VariantLint::add(qxCode code, const QString &what)
@@ -39,7 +39,7 @@ void VariantLint::add(qxCode code, const QString &what)
     m_context.add(code, introduce(m_outline) + what, m_outline.path, m_outline.mark);
 }
 
-void VariantLint::add(qxCode code, const qxOutlineOption &option, const QString &what)
+void VariantLint::add(qxCode code, const qxSyntaxTreeOption &option, const QString &what)
 {
     m_context.add(code, introduce(m_outline) + what, m_outline.path, QStringLiteral("State"),
                   option.mark);
@@ -49,7 +49,7 @@ void VariantLint::run()
 {
     lintObjects();
     QSet<QString> known;
-    for (const qxOutlineOption &option : m_outline.options) {
+    for (const qxSyntaxTreeOption &option : m_outline.options) {
         if (known.contains(option.name))
             add(qxCode::OptionTwice, option,
                 QStringLiteral(": a second option \"%1\", which is dropped").arg(option.name));
@@ -83,7 +83,7 @@ void VariantLint::lintObjects()
                 .arg(m_outline.base));
 }
 
-void VariantLint::lintOption(const qxOutlineOption &option)
+void VariantLint::lintOption(const qxSyntaxTreeOption &option)
 {
     if (option.name.isEmpty())
         add(qxCode::OptionWithoutName, option, QStringLiteral(": an option without a name"));
@@ -96,7 +96,7 @@ void VariantLint::lintOption(const qxOutlineOption &option)
 void VariantLint::lintUse()
 {
     if (m_variant.isUsed()) {
-        for (const qxOutlineOption &option : m_outline.options) {
+        for (const qxSyntaxTreeOption &option : m_outline.options) {
             const bool isAction = option.name.startsWith(QLatin1Char('!'));
             const bool isDefault = option.name == m_outline.standard.text;
             if (!isAction && !isDefault && !option.name.isEmpty() && !m_variant.isUsed(option.name))
@@ -114,14 +114,14 @@ public:
     explicit Hotkeys(qxLintContext &context) : m_context(context) {}
 
     /// Notes a hotkey of `owner`; `path` leads to its element.
-    void note(const qxOutlineText &hotkey, const QString &owner, const QString &path);
+    void note(const qxSyntaxTreeText &hotkey, const QString &owner, const QString &path);
 
 private:
     qxLintContext &m_context;
     QHash<int, QString> m_owners; ///< by key and modifiers
 };
 
-void Hotkeys::note(const qxOutlineText &hotkey, const QString &owner, const QString &path)
+void Hotkeys::note(const qxSyntaxTreeText &hotkey, const QString &owner, const QString &path)
 {
     const QString text = qxVariantReader::convertOldHotkey(hotkey.text);
     if (text.isEmpty())
@@ -151,7 +151,7 @@ void Hotkeys::note(const qxOutlineText &hotkey, const QString &owner, const QStr
 void qxLintParts::lintGroups(qxLintContext &context)
 {
     context.addTwins(qxCode::GroupTwice, QStringLiteral("group"), context.outline.groups);
-    for (const qxOutlineGroup &group : context.outline.groups) {
+    for (const qxSyntaxTreeGroup &group : context.outline.groups) {
         if (group.sets == 0)
             context.add(qxCode::EmptyGroup,
                         QStringLiteral("group \"%1\" has no sets").arg(group.name), group.path,
@@ -163,7 +163,7 @@ void qxLintParts::lintVariants(qxLintContext &context)
 {
     std::array<QHash<QString, int>, qxVariantKinds> lines;
     for (const auto &variant : context.variants.all()) {
-        const qxOutlineVariant &outline = variant->outline();
+        const qxSyntaxTreeVariant &outline = variant->outline();
         const int line = lines[std::size_t(outline.kind)].value(outline.name, 0);
         if (line > 0)
             context.add(qxCode::VariantTwice,
@@ -179,11 +179,11 @@ void qxLintParts::lintVariants(qxLintContext &context)
 void qxLintParts::lintHotkeys(qxLintContext &context)
 {
     Hotkeys hotkeys(context);
-    for (const qxOutlineSet &set : context.outline.sets)
+    for (const qxSyntaxTreeSet &set : context.outline.sets)
         hotkeys.note(set.hotkey, QStringLiteral("set \"%1\"").arg(set.name), set.path);
     for (const auto &variant : context.variants.all()) {
-        const qxOutlineVariant &outline = variant->outline();
-        for (const qxOutlineOption &option : outline.options) {
+        const qxSyntaxTreeVariant &outline = variant->outline();
+        for (const qxSyntaxTreeOption &option : outline.options) {
             if (option.hotkey.text.isEmpty())
                 continue;
             variant->use(option.name);

@@ -6,7 +6,8 @@
 /// What the parts of one look over a document share.
 class qxLintContext {
 public:
-    explicit qxLintContext(const qxOutline &document) : outline(document), variants(document, scene)
+    explicit qxLintContext(const qxSyntaxTree &document)
+        : outline(document), variants(document, scene)
     {
     }
 
@@ -19,7 +20,7 @@ public:
     template <class List>
     void addTwins(qxCode code, const QString &kind, const List &all);
 
-    const qxOutline &outline;
+    const qxSyntaxTree &outline;
     const qxSceneIndex scene;
     const qxLintVariants variants;
     qxFindingList findings;

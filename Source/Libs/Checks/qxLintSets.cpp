@@ -21,7 +21,7 @@ const ListRule listRules[qxNameLists] = {
 /// An entry of a set that changes something of the scene: a reference or, without one, a target.
 struct Entry {
     qxLintVariant::Change change;
-    const qxOutlineReference *reference;
+    const qxSyntaxTreeReference *reference;
     qxVariantKind kind;
     QString name; ///< of the variant or of the target
 };
@@ -43,24 +43,25 @@ bool isOfOldForm(const qxLintVariant *variant)
 /// The findings of one set.
 class SetLint {
 public:
-    SetLint(qxLintContext &context, const qxOutlineSet &set) : m_context(context), m_set(set) {}
+    SetLint(qxLintContext &context, const qxSyntaxTreeSet &set) : m_context(context), m_set(set) {}
 
     void run(const qxLinter::Compile &compile);
 
 private:
     void noteTargets();
     void lintReferences(qxVariantKind kind);
-    void lintState(qxVariantKind kind, const qxOutlineReference &reference, qxLintVariant &variant);
-    void noteFight(qxVariantKind kind, const qxOutlineReference &reference,
+    void lintState(qxVariantKind kind, const qxSyntaxTreeReference &reference,
+                   qxLintVariant &variant);
+    void noteFight(qxVariantKind kind, const qxSyntaxTreeReference &reference,
                    const qxLintVariant::Reach &reach);
     void lintNames(qxNameList list);
     void lintSnapshots();
     void lintRest(const qxLinter::Compile &compile);
-    void add(qxCode code, qxVariantKind kind, const qxOutlineReference &reference,
+    void add(qxCode code, qxVariantKind kind, const qxSyntaxTreeReference &reference,
              const QString &what);
 
     qxLintContext &m_context;
-    const qxOutlineSet &m_set;
+    const qxSyntaxTreeSet &m_set;
     QHash<qxAspectKey, Entry> m_changed; ///< who changes what
 };
 
@@ -75,7 +76,7 @@ void SetLint::run(const qxLinter::Compile &compile)
     lintRest(compile);
 }
 
-void SetLint::add(qxCode code, qxVariantKind kind, const qxOutlineReference &reference,
+void SetLint::add(qxCode code, qxVariantKind kind, const qxSyntaxTreeReference &reference,
                   const QString &what)
 {
     const QString message = QStringLiteral("set \"%1\", %2 variant \"%3\": %4")
@@ -88,7 +89,7 @@ void SetLint::noteTargets()
 {
     if (!m_set.inclNodes)
         return;
-    for (const qxOutlineText &target : m_set.of(qxNameList::Targets)) {
+    for (const qxSyntaxTreeText &target : m_set.of(qxNameList::Targets)) {
         const auto nodes = m_context.scene.objects(qxVariantKind::Node, target.text);
         if (nodes.empty())
             return;
@@ -100,7 +101,7 @@ void SetLint::noteTargets()
 void SetLint::lintReferences(qxVariantKind kind)
 {
     QSet<QString> known;
-    for (const qxOutlineReference &each : m_set.of(kind)) {
+    for (const qxSyntaxTreeReference &each : m_set.of(kind)) {
         if (known.contains(each.variant))
             add(qxCode::ReferenceTwice, kind, each,
                 QStringLiteral("a second entry; only the last state counts"));
@@ -117,7 +118,7 @@ void SetLint::lintReferences(qxVariantKind kind)
     }
 }
 
-void SetLint::lintState(qxVariantKind kind, const qxOutlineReference &reference,
+void SetLint::lintState(qxVariantKind kind, const qxSyntaxTreeReference &reference,
                         qxLintVariant &variant)
 {
     variant.use(reference.state);
@@ -134,7 +135,7 @@ void SetLint::lintState(qxVariantKind kind, const qxOutlineReference &reference,
     noteFight(kind, reference, reach);
 }
 
-void SetLint::noteFight(qxVariantKind kind, const qxOutlineReference &reference,
+void SetLint::noteFight(qxVariantKind kind, const qxSyntaxTreeReference &reference,
                         const qxLintVariant::Reach &reach)
 {
     bool isSaid = false;
@@ -161,13 +162,13 @@ void SetLint::lintNames(qxNameList list)
 {
     const ListRule &rule = listRules[int(list)];
     QSet<QString> known;
-    const auto say = [&](qxCode code, const qxOutlineText &name, const char *what) {
+    const auto say = [&](qxCode code, const qxSyntaxTreeText &name, const char *what) {
         const QString message =
             QStringLiteral("set \"%1\", %2 \"%3\": %4")
                 .arg(m_set.name, QLatin1String(rule.word), name.text, QLatin1String(what));
         m_context.add(code, message, m_set.path, QString::fromLatin1(rule.tag), name.mark);
     };
-    for (const qxOutlineText &each : m_set.of(list)) {
+    for (const qxSyntaxTreeText &each : m_set.of(list)) {
         if (known.contains(each.text))
             say(qxCode::NameTwice, each, "it is listed already");
         else if (!(m_context.scene.*rule.has)(each.text))
@@ -180,7 +181,7 @@ void SetLint::lintSnapshots()
 {
     const QString tag = QStringLiteral("MaterialSnapshot");
     QSet<QString> known;
-    for (const qxOutlineText &each : m_set.snapshots) {
+    for (const qxSyntaxTreeText &each : m_set.snapshots) {
         const QString what = QStringLiteral("set \"%1\", snapshot of \"%2\": %3");
         if (known.contains(each.text))
             m_context.add(qxCode::NameTwice,
@@ -224,8 +225,8 @@ void SetLint::lintRest(const qxLinter::Compile &compile)
 void compare(qxLintContext &context)
 {
     context.addTwins(qxCode::SetTwice, QStringLiteral("set"), context.outline.sets);
-    QHash<QByteArray, const qxOutlineSet *> digests;
-    for (const qxOutlineSet &set : context.outline.sets) {
+    QHash<QByteArray, const qxSyntaxTreeSet *> digests;
+    for (const qxSyntaxTreeSet &set : context.outline.sets) {
         if (set.isEmpty())
             continue;
         if (digests.contains(set.digest))
@@ -242,7 +243,7 @@ void compare(qxLintContext &context)
 
 void qxLintParts::lintSets(qxLintContext &context, const qxLinter::Compile &compile)
 {
-    for (const qxOutlineSet &set : context.outline.sets)
+    for (const qxSyntaxTreeSet &set : context.outline.sets)
         SetLint(context, set).run(compile);
     compare(context);
 }

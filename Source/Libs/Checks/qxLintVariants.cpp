@@ -13,11 +13,11 @@ bool isFitting(const qxSceneObject &object)
 
 } // namespace
 
-qxLintVariant::qxLintVariant(const qxOutlineVariant &variant, const qxSceneIndex &scene)
+qxLintVariant::qxLintVariant(const qxSyntaxTreeVariant &variant, const qxSceneIndex &scene)
     : m_outline(variant), m_objects(scene.objects(variant.kind, variant.base)),
       m_hasFittingObject(std::any_of(m_objects.begin(), m_objects.end(), isFitting))
 {
-    for (const qxOutlineOption &option : variant.options)
+    for (const qxSyntaxTreeOption &option : variant.options)
         m_options.insert(option.name);
 }
 
@@ -60,10 +60,10 @@ bool qxLintVariant::isUsed(const QString &state) const
     return m_isStepped || m_used.contains(state);
 }
 
-qxLintVariants::qxLintVariants(const qxOutline &outline, const qxSceneIndex &scene)
+qxLintVariants::qxLintVariants(const qxSyntaxTree &outline, const qxSceneIndex &scene)
 {
     m_all.reserve(outline.variants.size());
-    for (const qxOutlineVariant &each : outline.variants) {
+    for (const qxSyntaxTreeVariant &each : outline.variants) {
         m_all.push_back(std::make_unique<qxLintVariant>(each, scene));
         m_byName[std::size_t(each.kind)].insert(each.name, m_all.back().get());
     }

@@ -19,9 +19,9 @@ public:
         std::vector<Change> changes; ///< one for each aspect
     };
 
-    qxLintVariant(const qxOutlineVariant &variant, const qxSceneIndex &scene);
+    qxLintVariant(const qxSyntaxTreeVariant &variant, const qxSceneIndex &scene);
 
-    const qxOutlineVariant &outline() const { return m_outline; }
+    const qxSyntaxTreeVariant &outline() const { return m_outline; }
     bool hasOption(const QString &name) const { return m_options.contains(name); }
     bool hasObjects() const { return !m_objects.empty(); }
     /// Whether one object at least is of the right sort.
@@ -36,7 +36,7 @@ public:
     bool isUsed(const QString &state) const;
 
 private:
-    const qxOutlineVariant &m_outline;
+    const qxSyntaxTreeVariant &m_outline;
     const std::vector<qxSceneObject> m_objects;
     const bool m_hasFittingObject;
     QSet<QString> m_options;
@@ -48,7 +48,7 @@ private:
 /// The variants of a document by kind and name.
 class qxLintVariants {
 public:
-    qxLintVariants(const qxOutline &outline, const qxSceneIndex &scene);
+    qxLintVariants(const qxSyntaxTree &outline, const qxSceneIndex &scene);
 
     /// Of several variants of one name the last, as the reader leaves it; null for none.
     qxLintVariant *find(qxVariantKind kind, const QString &name) const;

@@ -17,7 +17,7 @@ void qxLintContext::add(qxCode code, const QString &message, const QString &path
 qxFindings qxLinter::lint(const QByteArray &document, const Compile &compile)
 {
     qxFindingList findings;
-    const qxOutline outline = qxOutline::of(document, findings);
+    const qxSyntaxTree outline = qxSyntaxTree::of(document, findings);
     if (!outline.isWhole)
         return {findings.last()};
     qxLintContext context(outline);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "qxNodePtr.h"
-#include "qxOutline.h"
+#include "qxSyntaxTree.h"
 
 #include <OpenSG/OSGMaterial.h>
 

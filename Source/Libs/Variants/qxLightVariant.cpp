@@ -1,8 +1,8 @@
 #include "qxLightVariant.h"
 
-#include "Internal/qxNodeWalks.h"
-#include "Internal/qxNotify.h"
-#include "Internal/qxText.h"
+#include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxText.h"
+#include "Internal/Scene/qxNodeVisibility.h"
 
 #include "qxLights.h"
 #include "qxMessage.h"
@@ -86,5 +86,5 @@ void qxLightVariant::callVariantsLightChanged(const osg::NodePtr &node, qxMessag
 
 QString qxLightVariant::getNodePath(const osg::NodePtr &node)
 {
-    return qxText::fromUtf8(qxNodeWalks::nodePath(node));
+    return qxText::fromUtf8(qxNodeVisibility::nodePath(node));
 }

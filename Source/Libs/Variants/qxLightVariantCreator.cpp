@@ -1,6 +1,6 @@
 #include "qxLightVariantCreator.h"
 
-#include "Internal/qxNotify.h"
+#include "Internal/Registry/qxNotify.h"
 #include "qxVariants.h"
 
 #include "OSGUberLight.h"

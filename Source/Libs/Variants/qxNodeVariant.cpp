@@ -1,14 +1,14 @@
 #include "qxNodeVariant.h"
 
-#include "Internal/qxNodeWalks.h"
-#include "Internal/qxNodesChange.h"
-#include "Internal/qxNotify.h"
-#include "Internal/qxOptionAppender.h"
-#include "Internal/qxOptionRebuild.h"
-#include "Internal/qxSceneEdits.h"
-#include "Internal/qxSwitchOptions.h"
-#include "Internal/qxSwitchStepping.h"
-#include "Internal/qxText.h"
+#include "Internal/Options/qxOptionAppender.h"
+#include "Internal/Options/qxOptionRebuild.h"
+#include "Internal/Options/qxSwitchOptions.h"
+#include "Internal/Options/qxSwitchStepping.h"
+#include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxText.h"
+#include "Internal/Scene/qxNodeVisibility.h"
+#include "Internal/Scene/qxNodesChange.h"
+#include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariants.h"
 
 #include "OSGSwitchComponentTransform.h"
@@ -42,8 +42,8 @@ void enable(const osg::NodePtr &node)
 {
     if (!qxVariants::_recurse)
         return;
-    qxNodeWalks::pushEnable(node);
-    qxNodeWalks::enableAncestors(node);
+    qxNodeVisibility::pushEnable(node);
+    qxNodeVisibility::enableAncestors(node);
 }
 
 void announce(const osg::NodePtr &node, qxMessage &message)
@@ -241,12 +241,12 @@ void qxNodeVariant::recurseEnable(osg::NodePtr node)
 
 void qxNodeVariant::pushEnable(osg::NodePtr node)
 {
-    qxNodeWalks::pushEnable(node);
+    qxNodeVisibility::pushEnable(node);
 }
 
 void qxNodeVariant::pushDisable(osg::NodePtr node)
 {
-    qxNodeWalks::pushDisable(node);
+    qxNodeVisibility::pushDisable(node);
 }
 
 void qxNodeVariant::callVariantsNodesChanged(const osg::NodePtr &node, qxMessage &message)
@@ -257,5 +257,5 @@ void qxNodeVariant::callVariantsNodesChanged(const osg::NodePtr &node, qxMessage
 
 QString qxNodeVariant::getNodePath(const osg::NodePtr &node)
 {
-    return qxText::fromUtf8(qxNodeWalks::nodePath(node));
+    return qxText::fromUtf8(qxNodeVisibility::nodePath(node));
 }

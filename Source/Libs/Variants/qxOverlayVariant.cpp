@@ -1,11 +1,11 @@
 #include "qxOverlayVariant.h"
 
-#include "Internal/qxNodeWalks.h"
-#include "Internal/qxNodesChange.h"
-#include "Internal/qxNotify.h"
-#include "Internal/qxOptionRebuild.h"
-#include "Internal/qxSwitchOptions.h"
-#include "Internal/qxText.h"
+#include "Internal/Options/qxOptionRebuild.h"
+#include "Internal/Options/qxSwitchOptions.h"
+#include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxText.h"
+#include "Internal/Scene/qxNodeVisibility.h"
+#include "Internal/Scene/qxNodesChange.h"
 
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"
@@ -60,5 +60,5 @@ void qxOverlayVariant::callVariantsNodesChanged(const osg::NodePtr &node, qxMess
 
 QString qxOverlayVariant::getNodePath(const osg::NodePtr &node)
 {
-    return qxText::fromUtf8(qxNodeWalks::nodePath(node));
+    return qxText::fromUtf8(qxNodeVisibility::nodePath(node));
 }

@@ -1,9 +1,9 @@
 #include "qxTransformVariant.h"
 
-#include "Internal/qxOptionRebuild.h"
-#include "Internal/qxSwitchOptions.h"
-#include "Internal/qxSwitchStepping.h"
-#include "Internal/qxText.h"
+#include "Internal/Options/qxOptionRebuild.h"
+#include "Internal/Options/qxSwitchOptions.h"
+#include "Internal/Options/qxSwitchStepping.h"
+#include "Internal/Registry/qxText.h"
 
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"

@@ -1,6 +1,6 @@
 #include "qxTransformVariantCreator.h"
 
-#include "Internal/qxNotify.h"
+#include "Internal/Registry/qxNotify.h"
 #include "qxVariants.h"
 
 #include "qxNodeUtils.h"

@@ -1,6 +1,6 @@
 #include "qxVariant.h"
 
-#include "Internal/qxOptionAppender.h"
+#include "Internal/Options/qxOptionAppender.h"
 #include "qxVariants.h"
 
 #include <algorithm>

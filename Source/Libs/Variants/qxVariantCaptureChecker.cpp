@@ -1,6 +1,6 @@
 #include "qxVariantCaptureChecker.h"
 
-#include "Internal/qxText.h"
+#include "Internal/Registry/qxText.h"
 
 #include "qxNodeUtils.h"
 #include "qxOpenSGUtils.h"

@@ -1,6 +1,6 @@
 #include "qxVariantCreator.h"
 
-#include "Internal/qxNameLookUp.h"
+#include "Internal/Registry/qxNameLookUp.h"
 
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGSwitch.h>

@@ -1,10 +1,10 @@
 #include "qxVariantReader.h"
 
-#include "Internal/qxDocumentGuard.h"
-#include "Internal/qxDocumentText.h"
-#include "Internal/qxKind.h"
-#include "Internal/qxOptionAppender.h"
-#include "Internal/qxSwitchMaterialRepair.h"
+#include "Internal/Document/qxDocumentGuard.h"
+#include "Internal/Document/qxDocumentText.h"
+#include "Internal/Materials/qxSwitchMaterialRepair.h"
+#include "Internal/Options/qxOptionAppender.h"
+#include "Internal/Registry/qxKind.h"
 #include "qxVariantGroup.h"
 
 #include "qxLog.h"

@@ -1,5 +1,5 @@
-#include "Internal/qxSetUse.h"
-#include "Internal/qxText.h"
+#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxText.h"
 #include "qxOverlayVariant.h"
 #include "qxVariantReader.h"
 #include "qxVariantSet.h"

@@ -1,5 +1,5 @@
-#include "Internal/qxDocumentNames.h"
-#include "Internal/qxDocumentText.h"
+#include "Internal/Document/qxDocumentNames.h"
+#include "Internal/Document/qxDocumentText.h"
 #include "qxVariantReader.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"

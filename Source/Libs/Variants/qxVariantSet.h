@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Internal/qxStateList.h"
-#include "Internal/qxUniqueNames.h"
+#include "Internal/Registry/qxStateList.h"
+#include "Internal/Registry/qxUniqueNames.h"
 #include "qxAnalyzerVariant.h"
 
 #include <OpenSG/OSGNode.h>

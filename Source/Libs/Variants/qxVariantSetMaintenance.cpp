@@ -1,8 +1,8 @@
-#include "Internal/qxFindCache.h"
-#include "Internal/qxKind.h"
-#include "Internal/qxSceneNames.h"
-#include "Internal/qxSetUse.h"
-#include "Internal/qxText.h"
+#include "Internal/Registry/qxKind.h"
+#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxText.h"
+#include "Internal/Scene/qxFindCache.h"
+#include "Internal/Scene/qxSceneNames.h"
 #include "qxVariantSet.h"
 
 #include "qxMaterials.h"

@@ -1,7 +1,7 @@
 #include "qxVariantSetPtr.h"
 
-#include "Internal/qxSetUse.h"
-#include "Internal/qxText.h"
+#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxText.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 

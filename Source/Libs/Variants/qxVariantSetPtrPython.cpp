@@ -1,4 +1,4 @@
-#include "Internal/qxScriptModule.h"
+#include "Internal/Registry/qxScriptModule.h"
 #include "qxVariantSetPtr.h"
 
 #include "qxPythonInit.h"

@@ -1,5 +1,5 @@
-#include "Internal/qxKind.h"
-#include "Internal/qxText.h"
+#include "Internal/Registry/qxKind.h"
+#include "Internal/Registry/qxText.h"
 #include "qxVariantSet.h"
 
 #include <algorithm>

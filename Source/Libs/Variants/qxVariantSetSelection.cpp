@@ -1,8 +1,8 @@
-#include "Internal/qxFindCache.h"
-#include "Internal/qxKind.h"
-#include "Internal/qxNodeWalks.h"
-#include "Internal/qxSetUse.h"
-#include "Internal/qxText.h"
+#include "Internal/Registry/qxKind.h"
+#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxText.h"
+#include "Internal/Scene/qxFindCache.h"
+#include "Internal/Scene/qxNodeVisibility.h"
 #include "qxVariantSet.h"
 
 #include "qxCameraService.h"
@@ -174,10 +174,10 @@ void qxVariantSet::hideGeometry()
 
 void qxVariantSet::pushEnable(osg::NodePtr node)
 {
-    qxNodeWalks::pushEnable(node);
+    qxNodeVisibility::pushEnable(node);
 }
 
 void qxVariantSet::pushDisable(osg::NodePtr node)
 {
-    qxNodeWalks::pushDisable(node);
+    qxNodeVisibility::pushDisable(node);
 }

@@ -1,9 +1,9 @@
 #include "qxVariantVerifier.h"
 
-#include "Internal/qxFindCache.h"
-#include "Internal/qxKind.h"
-#include "Internal/qxSetUse.h"
-#include "Internal/qxText.h"
+#include "Internal/Registry/qxKind.h"
+#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxText.h"
+#include "Internal/Scene/qxFindCache.h"
 
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"

@@ -1,8 +1,8 @@
 #include "qxVariantWriter.h"
 
-#include "Internal/qxDocumentPrint.h"
-#include "Internal/qxDocumentText.h"
-#include "Internal/qxKind.h"
+#include "Internal/Document/qxDocumentPrint.h"
+#include "Internal/Document/qxDocumentText.h"
+#include "Internal/Registry/qxKind.h"
 #include "qxVariantGroup.h"
 
 namespace {

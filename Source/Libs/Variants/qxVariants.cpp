@@ -1,7 +1,7 @@
 #include "qxVariants.h"
 
-#include "Internal/qxKind.h"
-#include "Internal/qxText.h"
+#include "Internal/Registry/qxKind.h"
+#include "Internal/Registry/qxText.h"
 #include "qxVariantGroup.h"
 
 #include "qxController.h"

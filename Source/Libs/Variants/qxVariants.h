@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Internal/qxNamedList.h"
+#include "Internal/Registry/qxNamedList.h"
 
 #include "qxNodePtr.h"
 

@@ -1,12 +1,12 @@
-#include "Internal/qxActiveNames.h"
-#include "Internal/qxCaptureProgress.h"
-#include "Internal/qxCaptureRun.h"
-#include "Internal/qxFindCache.h"
-#include "Internal/qxMaterialSwitches.h"
-#include "Internal/qxNodePaths.h"
-#include "Internal/qxSetUse.h"
-#include "Internal/qxSwitchMaterials.h"
-#include "Internal/qxText.h"
+#include "Internal/Capture/qxCaptureProgress.h"
+#include "Internal/Capture/qxCaptureRun.h"
+#include "Internal/Materials/qxSnapshotReconciler.h"
+#include "Internal/Materials/qxSwitchMaterials.h"
+#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxText.h"
+#include "Internal/Scene/qxActiveNames.h"
+#include "Internal/Scene/qxFindCache.h"
+#include "Internal/Scene/qxPathLookup.h"
 #include "qxNodeVariant.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
@@ -43,7 +43,7 @@ QString nameOf(const osg::NodePtr &node)
 QString quotedPath(const osg::NodePtr &node)
 {
     const QLatin1Char quote('"');
-    return quote + qxText::escaped(qxNodePaths::getNodePath(node), quote) + quote;
+    return quote + qxText::escaped(qxPathLookup::getNodePath(node), quote) + quote;
 }
 
 /// Stores the active camera as a viewpoint and makes it the set's.
@@ -125,11 +125,11 @@ void qxVariants::captureVariantsFromRootNodes(qxVariantSet *set, std::vector<qxN
     const qxCaptureProgress progress;
     const CapturedGeometries geometries;
     set->clear();
-    qxNodePaths::createLookupTable();
+    qxPathLookup::createLookupTable();
     qxCaptureProgress::processEvents();
 
     const qxActiveNames activeNames;
-    const qxMaterialSwitches switches(set);
+    const qxSnapshotReconciler switches(set);
     const qxFindCache cache(true); // new variants of transforms look for their nodes
     QMap<QString, QString> materials;
     QSet<QString> names;
@@ -220,7 +220,7 @@ void qxVariants::initVSetProgressDialog(QProgressDialog *dialog)
 
 void qxVariants::activateCapturedVariantSet(const char *name)
 {
-    qxNodePaths::createLookupTable();
+    qxPathLookup::createLookupTable();
     restoreSwitchNodes();
     const qxVariantSet *const set = findVariantSet(QString::fromUtf8(name));
     if (!set)

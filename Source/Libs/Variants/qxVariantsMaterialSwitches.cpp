@@ -1,7 +1,7 @@
-#include "Internal/qxMaterialSwitches.h"
-#include "Internal/qxNodePaths.h"
-#include "Internal/qxOpenNodes.h"
-#include "Internal/qxSceneEdits.h"
+#include "Internal/Materials/qxSnapshotReconciler.h"
+#include "Internal/Scene/qxOpenNodes.h"
+#include "Internal/Scene/qxPathLookup.h"
+#include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -27,7 +27,7 @@ void restore(const osg::NodePtr &node, Restoring &restoring)
         qxVariants::addMaterialGroupIgnoreToVSet(node, group, restoring.set);
     const osg::MaterialPtr material = qxNodeUtils::getMaterial(node);
     if (material != osg::NullFC)
-        qxVariants::handleMaterialSnapshots(restoring.set, node, qxNodePaths::getNodePath(node),
+        qxVariants::handleMaterialSnapshots(restoring.set, node, qxPathLookup::getNodePath(node),
                                             material, {qxScenegraph::getRoot()}, restoring.paths,
                                             restoring.switches, restoring.materials, false, true);
 }
@@ -57,11 +57,11 @@ void qxVariants::handleMaterialSnapshots(qxVariantSet *set, osg::NodePtr node, c
 {
     if (!set || node == osg::NullFC || node->getCore() == osg::NullFC)
         return;
-    const qxMaterialSwitches::Scope scope{set, visitedNames, visitedMaterials, capture, notify};
-    if (qxMaterialSwitches *run = qxMaterialSwitches::current(set))
+    const qxSnapshotReconciler::Scope scope{set, visitedNames, visitedMaterials, capture, notify};
+    if (qxSnapshotReconciler *run = qxSnapshotReconciler::current(set))
         run->handle(node, path, material, scope);
     else
-        qxMaterialSwitches(set).handle(node, path, material, scope);
+        qxSnapshotReconciler(set).handle(node, path, material, scope);
 }
 
 void qxVariants::restoreSwitchNodes()
@@ -72,7 +72,7 @@ void qxVariants::restoreSwitchNodes()
         return;
     {
         const qxSetUse use(*set); // Listeners hear of new variants and may remove any set.
-        const qxMaterialSwitches run(set);
+        const qxSnapshotReconciler run(set);
         Restoring restoring{set, {}, {}, {}};
         restoreFrom(qxScenegraph::getRoot(), restoring);
         restoreFrom(qxScenegraph::environmentGeometrySwitch(), restoring);

@@ -1,5 +1,5 @@
-#include "Internal/qxNodeNameGuard.h"
-#include "Internal/qxNodePaths.h"
+#include "Internal/Capture/qxNodeNameGuard.h"
+#include "Internal/Scene/qxPathLookup.h"
 #include "qxVariants.h"
 
 #include "qxNodeUtils.h"
@@ -23,8 +23,8 @@ bool qxVariants::checkIfNodeMatchesNodePath(osg::NodePtr, const char *path, bool
 {
     if (!path)
         return false;
-    std::vector<qxNodePtr> nodes = qxNodePaths::findHash(qxNodePaths::hashOf(path));
-    qxNodePaths::removeFalsePositives(nodes, path);
+    std::vector<qxNodePtr> nodes = qxPathLookup::findHash(qxPathLookup::hashOf(path));
+    qxPathLookup::removeFalsePositives(nodes, path);
     if (nodes.empty())
         return false;
     if (!apply)

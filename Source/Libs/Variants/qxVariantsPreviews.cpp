@@ -1,6 +1,6 @@
-#include "Internal/qxPreview.h"
-#include "Internal/qxSetUse.h"
-#include "Internal/qxText.h"
+#include "Internal/Capture/qxPreview.h"
+#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxText.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 

@@ -1,4 +1,4 @@
-#include "Internal/qxScriptModule.h"
+#include "Internal/Registry/qxScriptModule.h"
 #include "qxVariants.h"
 
 #include "qxPythonInit.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Files/qxGltfJson.h"
+#include "Files/Gltf/Common/qxGltfJson.h"
 #include "Files/qxSceneFile.h"
 #include "HostFixture.h"
 #include "TestFiles.h"

@@ -1,5 +1,5 @@
-#include "Core/qxHost.h"
 #include "Script/qxScriptRunner.h"
+#include "qxHost.h"
 #include "qxPythonInit.h"
 #include "qxScript.h"
 

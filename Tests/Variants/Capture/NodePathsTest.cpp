@@ -1,4 +1,4 @@
-#include "Internal/qxNodePaths.h"
+#include "Internal/Scene/qxPathLookup.h"
 
 #include "CaptureFixture.h"
 
@@ -10,7 +10,7 @@ protected:
 
     static Nodes found(const char *path)
     {
-        return qxNodePaths::findHash(qxNodePaths::hashOf(path));
+        return qxPathLookup::findHash(qxPathLookup::hashOf(path));
     }
 };
 
@@ -20,21 +20,21 @@ TEST_F(NodePathsTest, APathNamesEveryStepBelowTheRoot)
     const TestNode door = scene.add("Left/Door", scene.add("Side", car));
     const TestNode unnamed = scene.add("", car);
     const TestNode handle = scene.add("Türgriff", unnamed);
-    EXPECT_EQ(qxNodePaths::getNodePath(car.node()), "Car");
-    EXPECT_EQ(qxNodePaths::getNodePath(door.node()), "Car/Side/Left/Door");
+    EXPECT_EQ(qxPathLookup::getNodePath(car.node()), "Car");
+    EXPECT_EQ(qxPathLookup::getNodePath(door.node()), "Car/Side/Left/Door");
     // The host calls an unnamed node after its core.
-    EXPECT_EQ(qxNodePaths::getNodePath(handle.node()), "Car/Group/Türgriff");
-    EXPECT_EQ(qxNodePaths::getNodePath(osg::NullFC), "");
+    EXPECT_EQ(qxPathLookup::getNodePath(handle.node()), "Car/Group/Türgriff");
+    EXPECT_EQ(qxPathLookup::getNodePath(osg::NullFC), "");
 }
 
 TEST_F(NodePathsTest, TheHashIsFnv1OverSignedBytes)
 {
-    EXPECT_EQ(qxNodePaths::hashOf(""), 2166136261u);
-    EXPECT_EQ(qxNodePaths::hashOf("a"), 0x050C5D7Eu);
-    EXPECT_EQ(qxNodePaths::hashOf("foobar"), 0x31F0B262u);
+    EXPECT_EQ(qxPathLookup::hashOf(""), 2166136261u);
+    EXPECT_EQ(qxPathLookup::hashOf("a"), 0x050C5D7Eu);
+    EXPECT_EQ(qxPathLookup::hashOf("foobar"), 0x31F0B262u);
     // 0xFC, the first byte of nothing in UTF-8, as -4: all upper bits are turned over.
-    EXPECT_EQ(qxNodePaths::hashOf("\xFC"), 0x050C5D1Fu ^ 0xFFFFFFFCu);
-    EXPECT_EQ(qxNodePaths::hashOf("b", qxNodePaths::hashOf("a/")), qxNodePaths::hashOf("a/b"));
+    EXPECT_EQ(qxPathLookup::hashOf("\xFC"), 0x050C5D1Fu ^ 0xFFFFFFFCu);
+    EXPECT_EQ(qxPathLookup::hashOf("b", qxPathLookup::hashOf("a/")), qxPathLookup::hashOf("a/b"));
 }
 
 TEST_F(NodePathsTest, EveryNodeThatWasThereAndStaysIsFoundByItsPath)
@@ -45,13 +45,13 @@ TEST_F(NodePathsTest, EveryNodeThatWasThereAndStaysIsFoundByItsPath)
     const TestNode twin = scene.add("Kühlergrill", car);
     const TestNode slash = scene.add("Car/Kühlergrill");
     const TestNode gone = scene.add("Gone");
-    qxNodePaths::createLookupTable();
+    qxPathLookup::createLookupTable();
     scene.add("Late");
     gone.remove();
     EXPECT_EQ(found("Car"), Nodes{car.node()});
     Nodes same = found("Car/Kühlergrill");
     EXPECT_EQ(same, (Nodes{grill.node(), twin.node(), slash.node()}));
-    qxNodePaths::removeFalsePositives(same, "Car/Kühlergrill");
+    qxPathLookup::removeFalsePositives(same, "Car/Kühlergrill");
     EXPECT_EQ(same.size(), 3u); // a slash in a name looks like a step
     EXPECT_EQ(found("Car/Kühlergrill/Group"), Nodes{chrome.node()});
     for (const char *const none : {"Root", "", "Gone", "Late"})
@@ -63,8 +63,8 @@ TEST_F(NodePathsTest, AVeryDeepSceneIsTakenIn)
     TestNode node = scene.root();
     for (int i = 0; i < 50000; ++i)
         node = scene.add("n", node);
-    qxNodePaths::createLookupTable();
-    EXPECT_EQ(found(qxNodePaths::utf8Path(node).c_str()), Nodes{node.node()});
+    qxPathLookup::createLookupTable();
+    EXPECT_EQ(found(qxPathLookup::utf8Path(node).c_str()), Nodes{node.node()});
 }
 
 TEST_F(NodePathsTest, TheFirstNodeOfAPathGivesTheOthersItsMaterial)
@@ -78,11 +78,11 @@ TEST_F(NodePathsTest, TheFirstNodeOfAPathGivesTheOthersItsMaterial)
     const TestNode group = scene.addMaterialGroup(name, blue);
     const TestNode plain = scene.add(name);
     const TestNode below = scene.addGeometry(name, blue, plain); // which has another path
-    qxNodePaths::createLookupTable();
+    qxPathLookup::createLookupTable();
     Nodes nodes = found(name);
     EXPECT_EQ(nodes, found(sameHash));
     EXPECT_EQ(nodes.size(), 4u);
-    qxNodePaths::removeFalsePositives(nodes, name);
+    qxPathLookup::removeFalsePositives(nodes, name);
     EXPECT_EQ(nodes, (Nodes{geometry.node(), group.node(), plain.node()}));
     EXPECT_TRUE(qxVariants::checkIfNodeMatchesNodePath(plain, name, false));
     EXPECT_EQ(qxNodeUtils::getMaterial(group), blue.material());

@@ -1,4 +1,4 @@
-#include "Internal/qxNodePaths.h"
+#include "Internal/Scene/qxPathLookup.h"
 #include "qxVariantCaptureChecker.h"
 #include "qxVariantReader.h"
 
@@ -114,9 +114,9 @@ protected:
         }
         for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(scene.root())) {
             // A capture cannot tell clones from each other, nor nodes that share a path.
-            const std::string path = qxNodePaths::utf8Path(node);
+            const std::string path = qxPathLookup::utf8Path(node);
             if (node->getCore()->getParents().size() == 1
-                && qxNodePaths::findHash(qxNodePaths::hashOf(path.c_str())).size() == 1)
+                && qxPathLookup::findHash(qxPathLookup::hashOf(path.c_str())).size() == 1)
                 TestNode(node).setMask(below(7) == 0 ? 0 : 0xFFFFFFFF);
         }
         placeCamera();

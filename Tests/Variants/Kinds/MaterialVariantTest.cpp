@@ -1,4 +1,4 @@
-#include "Internal/qxSceneEdits.h"
+#include "Internal/Scene/qxSceneEdits.h"
 #include "qxMaterialVariant.h"
 
 #include "KindFixture.h"

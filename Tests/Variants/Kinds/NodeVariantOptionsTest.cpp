@@ -1,4 +1,4 @@
-#include "Internal/qxNodesChange.h"
+#include "Internal/Scene/qxNodesChange.h"
 #include "qxNodeVariant.h"
 
 #include "KindFixture.h"

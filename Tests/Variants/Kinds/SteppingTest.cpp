@@ -1,4 +1,4 @@
-#include "Internal/qxSwitchStepping.h"
+#include "Internal/Options/qxSwitchStepping.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "Internal/qxNamedList.h"
-#include "Internal/qxStateList.h"
-#include "Internal/qxUniqueNames.h"
+#include "Internal/Registry/qxNamedList.h"
+#include "Internal/Registry/qxStateList.h"
+#include "Internal/Registry/qxUniqueNames.h"
 
 #include <QTextStream>
 

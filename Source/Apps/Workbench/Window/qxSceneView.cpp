@@ -3,11 +3,11 @@
 #include "Cameras/qxMainView.h"
 #include "Pictures/qxMainGlView.h"
 #include "Pictures/qxScenePicture.h"
+#include "Report/qxPictureHint.h"
 #include "qxController.h"
 #include "qxImageRenderWidget.h"
 #include "qxNodeUtils.h"
 #include "qxOrbit.h"
-#include "qxPictureHint.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGDynamicVolume.h>

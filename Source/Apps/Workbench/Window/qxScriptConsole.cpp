@@ -1,6 +1,6 @@
 #include "qxScriptConsole.h"
 
-#include "qxConsolePython.h"
+#include "Script/qxConsolePython.h"
 #include "qxController.h"
 
 #include <QFontDatabase>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qxFileScripts.h"
+#include "Script/qxFileScripts.h"
 
 #include <QDialog>
 

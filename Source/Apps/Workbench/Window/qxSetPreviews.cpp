@@ -3,7 +3,7 @@
 #include "qxVariants.h"
 
 #include "Pictures/qxPictureProgress.h"
-#include "qxSceneKeeper.h"
+#include "Session/qxSceneSnapshot.h"
 
 #include <QCoreApplication>
 #include <QLabel>
@@ -63,7 +63,7 @@ private:
 QMap<QString, QByteArray> qxSetPreviews::make(const QStringList &sets, QWidget *window)
 {
     QMap<QString, QByteArray> previews;
-    const qxSceneKeeper before;
+    const qxSceneSnapshot before;
     Progress progress(sets.size(), window);
     for (const QString &set : sets) {
         if (!progress.begin(set))

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qxSceneState.h"
+#include "Report/qxSceneState.h"
 
 #include <QByteArray>
 #include <QObject>

@@ -1,7 +1,7 @@
 #include "qxWindowProgram.h"
 
-#include "qxCommand.h"
-#include "qxMemoryLimit.h"
+#include "Commands/qxCommand.h"
+#include "Session/qxMemoryLimit.h"
 #include "qxOSGWidget.h"
 #include "qxRaytracingManager.h"
 #include "qxWorkbenchWindow.h"

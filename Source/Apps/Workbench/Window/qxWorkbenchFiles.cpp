@@ -1,10 +1,9 @@
-#include "qxVariantSetsDock.h"
-
+#include "Session/qxSession.h"
+#include "Sets/qxVariantSetsDock.h"
 #include "qxController.h"
 #include "qxPanelEvents.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
-#include "qxSession.h"
 #include "qxUnsavedChanges.h"
 #include "qxWorkbenchWindow.h"
 

@@ -1,13 +1,12 @@
-#include "qxVariantSetsDock.h"
-#include "qxVariantsDock.h"
-
+#include "Sets/qxSetsView.h"
+#include "Sets/qxVariantSetsDock.h"
+#include "Variants/qxVariantsDock.h"
 #include "qxController.h"
 #include "qxLanguage.h"
 #include "qxLogView.h"
 #include "qxOSGWidget.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
-#include "qxSetsView.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QActionGroup>

@@ -1,7 +1,7 @@
-#include "qxLeftOutScripts.h"
+#include "Script/qxBlockedScripts.h"
+#include "Session/qxSession.h"
 #include "qxLog.h"
 #include "qxScriptsDialog.h"
-#include "qxSession.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QFileInfo>
@@ -47,7 +47,7 @@ void qxWorkbenchWindow::decideOn(const QList<qxFileScripts::Script> &scripts)
 
 void qxWorkbenchWindow::watchLeftOutScripts()
 {
-    m_leftOut = std::make_unique<qxLeftOutScripts>([this](const QString &set, const QString &line) {
+    m_leftOut = std::make_unique<qxBlockedScripts>([this](const QString &set, const QString &line) {
         const QString text =
             tr("The script of \"%1\" was left out, as it is not trusted.").arg(set);
         statusBar()->showMessage(text, 15000);

@@ -1,13 +1,13 @@
 #include "qxWorkbenchWindow.h"
 
-#include "qxVariantSetsDock.h"
-#include "qxVariantWords.h"
-#include "qxVariantsDock.h"
-
 #include "Core/qxMainWindow.h"
+#include "Script/qxBlockedScripts.h"
+#include "Script/qxVariantBindings.h"
+#include "Session/qxSession.h"
+#include "Sets/qxVariantSetsDock.h"
+#include "Variants/qxVariantsDock.h"
 #include "qxController.h"
 #include "qxLanguage.h"
-#include "qxLeftOutScripts.h"
 #include "qxLogView.h"
 #include "qxNodeUtils.h"
 #include "qxPanelEvents.h"
@@ -15,10 +15,9 @@
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
-#include "qxScriptWatch.h"
-#include "qxSession.h"
 #include "qxSetPreviews.h"
 #include "qxUnsavedChanges.h"
+#include "qxWindowWatchdog.h"
 
 #include <QAction>
 #include <QApplication>
@@ -44,7 +43,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
       m_pictureDialog(std::make_unique<qxPictureDialog>(this))
 {
     qxMainWindow::set(this);
-    qxVariantWords::setArguments(QStringList(QString())); // as at a prompt
+    qxVariantBindings::setArguments(QStringList(QString())); // as at a prompt
     setAcceptDrops(true);
     setDockNestingEnabled(true);
     setCentralWidget(m_view);
@@ -73,8 +72,8 @@ qxWorkbenchWindow::qxWorkbenchWindow()
         if (QDockWidget *const dock = dockAround(now))
             dock->raise();
     });
-    m_watch = std::make_unique<qxScriptWatch>();
-    connect(m_watch.get(), &qxScriptWatch::stillRuns, this,
+    m_watch = std::make_unique<qxWindowWatchdog>();
+    connect(m_watch.get(), &qxWindowWatchdog::stillRuns, this,
             [this] { statusBar()->showMessage(tr("A script is running. Escape ends it."), 2000); });
     watchLeftOutScripts();
     showPath(QString());
@@ -220,7 +219,7 @@ void qxWorkbenchWindow::showNode(const QModelIndex &index)
 
 void qxWorkbenchWindow::rememberForBack()
 {
-    m_before = std::make_unique<qxSceneKeeper>();
+    m_before = std::make_unique<qxSceneSnapshot>();
     m_back->setEnabled(true);
 }
 
@@ -244,7 +243,7 @@ void qxWorkbenchWindow::goBack()
 {
     if (!m_before)
         return;
-    const std::unique_ptr<qxSceneKeeper> before = std::move(m_before);
+    const std::unique_ptr<qxSceneSnapshot> before = std::move(m_before);
     rememberForBack(); // Back again leads forward.
     before->restore();
     qxPanelEvents::announceOtherStates();
@@ -253,7 +252,7 @@ void qxWorkbenchWindow::goBack()
 
 void qxWorkbenchWindow::rememberForScript()
 {
-    m_beforeScript = std::make_unique<qxSceneKeeper>();
+    m_beforeScript = std::make_unique<qxSceneSnapshot>();
 }
 
 /// What scripts do to nodes nobody announces.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "qxFileScripts.h"
-#include "qxSceneKeeper.h"
+#include "Script/qxFileScripts.h"
+#include "Session/qxSceneSnapshot.h"
 
 #include <QMainWindow>
 
@@ -10,14 +10,14 @@
 class QTreeView;
 class QUndoStack;
 class qxLanguage;
-class qxLeftOutScripts;
+class qxBlockedScripts;
 class qxLogView;
 class qxPanelEvents;
 class qxPictureDialog;
 class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
-class qxScriptWatch;
+class qxWindowWatchdog;
 class qxSession;
 class qxUnsavedChanges;
 class qxVariantSetsDock;
@@ -105,10 +105,10 @@ private:
 
     std::unique_ptr<qxLanguage> m_language; ///< before all that has texts
     std::unique_ptr<qxSession> m_session;
-    std::unique_ptr<qxSceneKeeper> m_before; ///< what "Back" leads to; null for nothing
-    std::unique_ptr<qxScriptWatch> m_watch;
-    std::unique_ptr<qxLeftOutScripts> m_leftOut;
-    std::unique_ptr<qxSceneKeeper> m_beforeScript; ///< null when none runs
+    std::unique_ptr<qxSceneSnapshot> m_before; ///< what "Back" leads to; null for nothing
+    std::unique_ptr<qxWindowWatchdog> m_watch;
+    std::unique_ptr<qxBlockedScripts> m_leftOut;
+    std::unique_ptr<qxSceneSnapshot> m_beforeScript; ///< null when none runs
     QString m_path;
     bool m_isNewScene = false; ///< since the last file was asked for
     bool m_hasLayout = false;

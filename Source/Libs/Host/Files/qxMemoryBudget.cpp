@@ -1,6 +1,6 @@
 #include "Files/qxMemoryBudget.h"
 
-#include "Files/qxGltfJson.h"
+#include "Files/Gltf/Common/qxGltfJson.h"
 
 #include <QRegularExpression>
 

@@ -1,10 +1,10 @@
 #include "Script/qxInterpreter.h"
 
 #include "Script/qxPython.h"
+#include "Script/qxScriptBindings.h"
 #include "Script/qxScriptError.h"
 #include "Script/qxScriptInterrupt.h"
 #include "Script/qxScriptOutput.h"
-#include "Script/qxScriptWords.h"
 #include "qxLog.h"
 
 namespace {
@@ -27,7 +27,7 @@ bool startOnce()
     try {
         qxScriptOutput::install();
         qxScriptInterrupt::install();
-        qxScriptWords::define();
+        qxScriptBindings::define();
         return true;
     } catch (const python::error_already_set &) {
         qxScriptError::report("the host's words for scripts", std::string());

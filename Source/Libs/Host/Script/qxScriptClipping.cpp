@@ -1,7 +1,7 @@
 #include "Scene/qxClipping.h"
 #include "Script/qxClippingCommands.h"
 #include "Script/qxPython.h"
-#include "Script/qxScriptWords.h"
+#include "Script/qxScriptBindings.h"
 
 namespace python = boost::python;
 
@@ -17,7 +17,7 @@ auto get()
 } // namespace
 
 // A list, not a procedure.
-void qxScriptWords::defineClipping()
+void qxScriptBindings::defineClipping()
 {
     using namespace qxClippingCommands;
     using python::args;

@@ -1,6 +1,6 @@
 #include "Script/qxPython.h"
+#include "Script/qxScriptBindings.h"
 #include "Script/qxScriptScene.h"
-#include "Script/qxScriptWords.h"
 
 namespace python = boost::python;
 
@@ -51,7 +51,7 @@ void convertPointer()
 
 } // namespace
 
-void qxScriptWords::defineHandles()
+void qxScriptBindings::defineHandles()
 {
     defineHandle<qxScriptNode>("qxNodePtr", "A node of the scene, or none.")
         .def("isActive", &qxScriptScene::isActive, "Whether the node is shown.")

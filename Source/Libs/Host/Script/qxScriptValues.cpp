@@ -1,5 +1,5 @@
 #include "Script/qxPython.h"
-#include "Script/qxScriptWords.h"
+#include "Script/qxScriptBindings.h"
 
 #include <OpenSG/OSGVector.h>
 
@@ -92,7 +92,7 @@ struct TextList {
 
 } // namespace
 
-void qxScriptWords::defineValues()
+void qxScriptBindings::defineValues()
 {
     python::scope().attr("true") = true;
     python::scope().attr("false") = false;

@@ -1,0 +1,106 @@
+#include "qxVariantSet.h"
+
+#include "Report/qxCataloguePage.h"
+#include "Report/qxOutput.h"
+#include "Session/qxInterrupt.h"
+#include "Session/qxSession.h"
+#include "Session/qxSetPictures.h"
+#include "qxCommand.h"
+#include "qxStreams.h"
+#include "qxValueKind.h"
+
+#include <QBuffer>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QImage>
+
+namespace {
+
+/// On a card of the page; fine screens and phones show the pictures twice as large.
+const QSize cardSize(330, 220);
+/// Of a pixel. Few, because the pixels are many, and smaller than those of most screens.
+constexpr int Samples = 4;
+constexpr int JpegQuality = 85;
+
+QList<QCommandLineOption> options()
+{
+    return {{QStringLiteral("out"), QStringLiteral("The folder for the page, index.html."),
+             QStringLiteral("DIR")},
+            qxSetPictures::qualityOption(),
+            qxCommands::scriptsOption(),
+            qxCommands::noScriptsOption(),
+            qxCommands::traceOption()};
+}
+
+QByteArray jpegOf(const QImage &image)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "JPG", JpegQuality);
+    return buffer.data();
+}
+
+/// Pictures of these sets; counts in `done` like qxSetPictures::visit.
+qxCataloguePage::Pictures makePictures(const QStringList &names, int &done)
+{
+    qxCataloguePage::Pictures pictures;
+    done = qxSetPictures::visit(names, [&pictures](qxVariantSet &set) {
+        const QSize size = cardSize * 2;
+        const QImage picture = QImage::fromData(qxSetPictures::render(size.width(), size.height()));
+        if (picture.isNull())
+            return false;
+        const QImage small =
+            picture.scaled(cardSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        pictures[set.name] = {jpegOf(picture), jpegOf(small)};
+        return true;
+    });
+    return pictures;
+}
+
+int run(const QCommandLineParser &parser)
+{
+    const QDir folder(parser.value(QStringLiteral("out")));
+    if (!parser.isSet(QStringLiteral("out"))) {
+        qxOutput::error(QStringLiteral("catalogue needs --out DIR"));
+        return WrongUse;
+    }
+    if (!qxSetPictures::isQualityKnown(parser))
+        return WrongUse;
+    const QString page = folder.filePath(QStringLiteral("index.html"));
+    const int code = qxValueKinds::checkFile(page);
+    if (code != Success)
+        return code;
+    qxSession session(parser.isSet(QStringLiteral("trace")));
+    const QString file = parser.positionalArguments().first();
+    if (!session.open(file))
+        return WorkFailed;
+
+    qxSetPictures::prepare(parser, Samples);
+    const qxInterrupt interrupt;
+    const QStringList names = qxSetPictures::allNames();
+    int done = 0;
+    const qxCataloguePage::Pictures pictures = makePictures(names, done);
+    if (qxInterrupt::isAsked() && pictures.isEmpty()) {
+        qxOutput::error(QStringLiteral("interrupted; no page was written"));
+        return Interrupted;
+    }
+    if (!qxSetPictures::reopen(session, file, {}))
+        return WorkFailed;
+    if (!qxStreams::write(page, qxCataloguePage::html(QFileInfo(file).fileName(), pictures)))
+        return WorkFailed;
+    qxOutput::line(page);
+    if (done == names.size())
+        return qxCommands::codeAfterScripts();
+    qxOutput::error(QStringLiteral("%1; %2 of %3 sets have no new picture")
+                        .arg(qxInterrupt::isAsked() ? QStringLiteral("interrupted")
+                                                    : QStringLiteral("a picture failed"))
+                        .arg(names.size() - done)
+                        .arg(names.size()));
+    return qxInterrupt::isAsked() ? Interrupted : WorkFailed;
+}
+
+} // namespace
+
+const qxCommand qxCommands::catalogue = {
+    "catalogue", "FILE", "Writes a page that shows all sets and variants.", 1, 1, options, run};

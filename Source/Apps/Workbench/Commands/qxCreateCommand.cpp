@@ -1,0 +1,152 @@
+#include "qxVariantCreator.h"
+#include "qxVariants.h"
+
+#include "Report/qxOutput.h"
+#include "Report/qxVariantTable.h"
+#include "Session/qxSession.h"
+#include "qxCommand.h"
+#include "qxCreators.h"
+#include "qxOverlays.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGGraphOpFactory.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+#include <QCommandLineParser>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QSet>
+
+namespace {
+
+/// Runs the operation of that name over the tree below `root`.
+void runOperation(const char *name, const osg::NodePtr &root)
+{
+    const std::unique_ptr<osg::GraphOp> operation(osg::GraphOpFactory::the().create(name));
+    // The walk of the base class would announce nothing.
+    dynamic_cast<qxVariantCreator &>(*operation).traverse(root);
+}
+
+void createNodes()
+{
+    runOperation("qxNodeVariantCreator", qxScenegraph::getRoot());
+}
+
+void createLights()
+{
+    runOperation("qxLightVariantCreator", qxScenegraph::getRoot());
+}
+
+void createOverlays()
+{
+    runOperation("qxOverlayVariantCreator", qxOverlays::getPoolRoot());
+}
+
+void createTransforms()
+{
+    runOperation("qxTransformVariantCreator", qxScenegraph::getRoot());
+}
+
+/// Plain materials are left alone: a variant would put a switch material in their place.
+void createMaterials()
+{
+    std::vector<osg::MaterialPtr> materials;
+    qxScenegraph::getMaterialPool()->get(materials);
+    for (const osg::MaterialPtr &material : materials) {
+        if (osg::SwitchMaterialPtr::dcast(material) != osg::NullFC)
+            qxVariants::createMaterialVariant(material, false);
+    }
+}
+
+struct Kind {
+    const char *word;
+    void (*create)();
+};
+
+const Kind kinds[] = {{"nodes", createNodes},
+                      {"lights", createLights},
+                      {"overlays", createOverlays},
+                      {"transforms", createTransforms},
+                      {"materials", createMaterials}};
+
+QStringList allWords()
+{
+    QStringList words;
+    for (const Kind &kind : kinds)
+        words += QLatin1String(kind.word);
+    return words;
+}
+
+QList<QCommandLineOption> options()
+{
+    return {{QStringLiteral("kinds"),
+             QStringLiteral("What to create variants for; only nodes when not given. Overlays are "
+                            "the switches among the overlays, materials the switch materials."),
+             allWords().join(QLatin1Char(',')), QStringLiteral("nodes")},
+            qxCommands::saveOption(),
+            qxCommands::jsonOption(),
+            qxCommands::traceOption()};
+}
+
+void print(const QList<qxVariantRow> &created, bool json)
+{
+    QJsonArray array;
+    QList<QStringList> rows;
+    for (const qxVariantRow &row : created) {
+        QStringList states;
+        for (const qxVariantOption &option : row.variant->options)
+            states += option.name;
+        array += QJsonObject{{QStringLiteral("kind"), QLatin1String(row.kind)},
+                             {QStringLiteral("name"), row.variant->name},
+                             {QStringLiteral("default"), row.variant->defaultState},
+                             {QStringLiteral("states"), QJsonArray::fromStringList(states)}};
+        rows += QStringList{QLatin1String(row.kind), row.variant->name,
+                            states.join(QLatin1String(", "))};
+    }
+    if (json)
+        return qxOutput::json(array);
+    if (rows.isEmpty())
+        rows += QStringList{QStringLiteral("no new variants")};
+    qxOutput::table(rows);
+}
+
+/// Creates the variants that are asked for and answers those that were not there before.
+QList<qxVariantRow> create(const QStringList &words)
+{
+    QSet<const qxVariant *> known;
+    for (const qxVariantRow &row : qxVariantTable::all())
+        known += row.variant;
+    const qxCreators creators;
+    for (const Kind &kind : kinds) {
+        if (words.contains(QLatin1String(kind.word)))
+            kind.create();
+    }
+    QList<qxVariantRow> created;
+    for (const qxVariantRow &row : qxVariantTable::all()) {
+        if (!known.contains(row.variant))
+            created += row;
+    }
+    return created;
+}
+
+int run(const QCommandLineParser &parser)
+{
+    const QStringList words = parser.value(QStringLiteral("kinds")).split(QLatin1Char(','));
+    for (const QString &word : words) {
+        if (allWords().contains(word))
+            continue;
+        qxOutput::error(QStringLiteral("unknown kind \"%1\"; there are %2")
+                            .arg(word, allWords().join(QLatin1String(", "))));
+        return WrongUse;
+    }
+    qxSession session(parser.isSet(QStringLiteral("trace")));
+    if (!session.open(parser.positionalArguments().first()))
+        return WorkFailed;
+    print(create(words), parser.isSet(QStringLiteral("json")));
+    return qxCommands::saveIfAsked(session, parser);
+}
+
+} // namespace
+
+const qxCommand qxCommands::create = {
+    "create", "FILE", "Creates variants for what can vary in a scene.", 1, 1, options, run};

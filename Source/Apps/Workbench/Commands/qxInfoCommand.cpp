@@ -1,0 +1,110 @@
+#include "qxVariants.h"
+
+#include "Report/qxOutput.h"
+#include "Report/qxVariantTable.h"
+#include "Session/qxSession.h"
+#include "qxAnimManager.h"
+#include "qxShowCommand.h"
+#include "qxUberCameraPool.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+/// One fact about the scene: its key in JSON, its words for people, its value.
+struct Fact {
+    const char *key;
+    const char *words;
+    QJsonValue value;
+};
+
+QJsonArray viewpointNames()
+{
+    QJsonArray names;
+    for (int id = 0; id < qxUberCameraPool::the()->count(); ++id)
+        names += QString::fromStdString(qxUberCameraPool::the()->get(id)->name);
+    return names;
+}
+
+QJsonObject hiddenPictures(const qxSceneFileInfo &info)
+{
+    QJsonObject counts;
+    for (auto kind = info.hiddenPictures.begin(); kind != info.hiddenPictures.end(); ++kind)
+        counts.insert(kind.key(), kind.value());
+    return counts;
+}
+
+QJsonArray clipNames()
+{
+    QJsonArray names;
+    for (const std::string &name : qxAnimManager::the()->clips())
+        names += QString::fromStdString(name);
+    return names;
+}
+
+// A list, not a procedure.
+QList<Fact> facts(const qxSceneFileInfo &info)
+{
+    return {
+        {"version", "glTF version", info.version},
+        {"generator", "made by", info.generator},
+        {"scenes", "scenes", info.scenes},
+        {"nodes", "nodes", info.nodes},
+        {"meshes", "meshes", info.meshes},
+        {"triangles", "triangles", double(info.triangles)},
+        {"materials", "materials", info.materials},
+        {"textures", "textures", info.textures},
+        {"viewpoints", "viewpoints", viewpointNames()},
+        {"animations", "animations", clipNames()},
+        {"extensionsUsed", "extensions", QJsonArray::fromStringList(info.extensionsUsed)},
+        {"extensionsNotUnderstood", "of these kept, not shown",
+         QJsonArray::fromStringList(info.extensionsNotUnderstood)},
+        {"picturesNotShown", "pictures kept, not shown", hiddenPictures(info)},
+        {"groups", "variant groups", int(qxVariants::_variantGroups.size())},
+        {"sets", "variant sets", int(qxVariants::_variantSets.size())},
+        {"variants", "variants", qxVariantTable::all().size()},
+    };
+}
+
+QString wordsFor(const QJsonValue &value)
+{
+    if (!value.isArray() && !value.isObject())
+        return value.toVariant().toString();
+    QStringList names;
+    const QJsonObject counts = value.toObject();
+    for (const QString &kind : counts.keys())
+        names += QStringLiteral("%1 %2").arg(counts[kind].toInt()).arg(kind);
+    for (const QJsonValue &name : value.toArray())
+        names += name.toString().isEmpty() ? QStringLiteral("(unnamed)") : name.toString();
+    return names.isEmpty() ? QStringLiteral("none") : names.join(QLatin1String(", "));
+}
+
+void printJson(const qxSession &session)
+{
+    QJsonObject object;
+    for (const Fact &fact : facts(session.file().info()))
+        object.insert(QLatin1String(fact.key), fact.value);
+    qxOutput::json(object);
+}
+
+void printTable(const qxSession &session)
+{
+    QList<QStringList> rows;
+    for (const Fact &fact : facts(session.file().info())) {
+        const QString words = wordsFor(fact.value);
+        if (!words.isEmpty())
+            rows += QStringList{QLatin1String(fact.words), words};
+    }
+    qxOutput::table(rows);
+}
+
+int run(const QCommandLineParser &parser)
+{
+    return qxShowCommand::run(parser, printJson, printTable);
+}
+
+} // namespace
+
+const qxCommand qxCommands::info = {
+    "info", "FILE", "Shows what a scene file holds.", 1, 1, qxShowCommand::options, run};

@@ -1,0 +1,72 @@
+#include "qxVariants.h"
+
+#include "Report/qxOutput.h"
+#include "Session/qxInterrupt.h"
+#include "Session/qxSession.h"
+#include "Session/qxSetPictures.h"
+#include "qxCommand.h"
+
+#include <QCommandLineParser>
+#include <QJsonObject>
+
+namespace {
+
+QList<QCommandLineOption> options()
+{
+    return {{QStringLiteral("stale"),
+             QStringLiteral("Replaces every preview that does not show its set as it is now.")},
+            {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
+            qxCommands::scriptsOption(),
+            qxCommands::noScriptsOption(),
+            qxSetPictures::qualityOption(),
+            qxCommands::saveOption(),
+            qxCommands::jsonOption(),
+            qxCommands::traceOption()};
+}
+
+int run(const QCommandLineParser &parser)
+{
+    const bool all = parser.isSet(QStringLiteral("all"));
+    const bool stale = parser.isSet(QStringLiteral("stale"));
+    if ((all && stale) || !parser.isSet(QStringLiteral("save"))) {
+        qxOutput::error(all && stale ? QStringLiteral("--stale and --all do not go together")
+                                     : QStringLiteral("previews needs --save OUT"));
+        return WrongUse;
+    }
+    if (!qxSetPictures::isQualityKnown(parser))
+        return WrongUse;
+    qxSession session(parser.isSet(QStringLiteral("trace")));
+    if (!session.open(parser.positionalArguments().first()))
+        return WorkFailed;
+
+    qxSetPictures::prepare(parser);
+    const qxInterrupt interrupt;
+    const QStringList names =
+        all || stale ? qxSetPictures::allNames() : qxSetPictures::namesWithoutPreview();
+    int done = 0;
+    const qxSetPictures::Previews previews = qxSetPictures::makePreviews(names, done);
+    // The previews show the scene as it was opened.
+    if (!qxCommands::maySave(session, parser)
+        || !qxSetPictures::reopen(session, parser.positionalArguments().first(), previews)
+        || qxCommands::saveIfAsked(session, parser) != Success)
+        return WorkFailed;
+    const int made = all ? done : previews.size();
+    const int kept = int(qxVariants::_variantSets.size()) - made;
+    if (parser.isSet(QStringLiteral("json")))
+        qxOutput::json(QJsonObject{{QStringLiteral("made"), made}, {QStringLiteral("kept"), kept}});
+    else
+        qxOutput::line(QStringLiteral("%1 made, %2 kept").arg(made).arg(kept));
+    if (done == names.size())
+        return qxCommands::codeAfterScripts();
+    qxOutput::error(QStringLiteral("%1; %2 of %3 sets are done and saved")
+                        .arg(qxInterrupt::isAsked() ? QStringLiteral("interrupted")
+                                                    : QStringLiteral("a preview failed"))
+                        .arg(done)
+                        .arg(names.size()));
+    return qxInterrupt::isAsked() ? Interrupted : WorkFailed;
+}
+
+} // namespace
+
+const qxCommand qxCommands::previews = {
+    "previews", "FILE", "Makes the previews of the variant sets.", 1, 1, options, run};

@@ -1,0 +1,216 @@
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "Files/qxOutputFile.h"
+#include "Report/qxContactSheet.h"
+#include "Report/qxOutput.h"
+#include "Report/qxPictureHint.h"
+#include "Report/qxProgress.h"
+#include "Session/qxInterrupt.h"
+#include "Session/qxSession.h"
+#include "Session/qxSetPictures.h"
+#include "qxCameraService.h"
+#include "qxCommand.h"
+#include "qxFileNames.h"
+#include "qxStreams.h"
+#include "qxUnknown.h"
+#include "qxValueKind.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QRegularExpression>
+#include <QSize>
+
+namespace {
+
+constexpr int LongestSide = 8192;
+
+/// What the options ask for.
+struct Job {
+    QString set;
+    bool all = false;
+    QString view;
+    QSize size;
+    QString out;
+
+    /// Whether `out` is a picture and no folder.
+    bool isPicture() const
+    {
+        return out.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)
+            || qxStreams::isStandard(out) || qxOutputFile::isStream(out);
+    }
+    bool isSheet() const { return all && isPicture(); }
+};
+
+QList<QCommandLineOption> options()
+{
+    return {
+        {QStringLiteral("set"), QStringLiteral("Selects this set before."), QStringLiteral("NAME")},
+        {QStringLiteral("all"),
+         QStringLiteral("Makes a picture of every set, each selected in the scene as it is in the "
+                        "file: into the folder DIR, or as one sheet into a PNG.")},
+        {QStringLiteral("view"),
+         QStringLiteral("Looks from this viewpoint instead of where the set leads to."),
+         QStringLiteral("VIEWPOINT")},
+        {QStringLiteral("size"),
+         QStringLiteral("Width and height of a picture in pixels, such as 1280x720, which is the "
+                        "default; 384x256 on a sheet."),
+         QStringLiteral("WxH")},
+        qxSetPictures::qualityOption(),
+        {QStringLiteral("out"),
+         QStringLiteral("The picture, a PNG, - for standard output; with --all a folder or a PNG."),
+         QStringLiteral("PNG|DIR")},
+        qxCommands::scriptsOption(),
+        qxCommands::noScriptsOption(),
+        qxCommands::traceOption(),
+    };
+}
+
+int wrongUse(const QString &reason)
+{
+    qxOutput::error(reason);
+    return WrongUse;
+}
+
+/// An empty size for a text that is none.
+QSize sizeOf(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$"));
+    const QRegularExpressionMatch match = form.match(text);
+    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+    return size.width() > LongestSide || size.height() > LongestSide ? QSize() : size;
+}
+
+/// Success, or why the options do not go together.
+int readJob(const QCommandLineParser &parser, Job &job)
+{
+    job.set = parser.value(QStringLiteral("set"));
+    job.all = parser.isSet(QStringLiteral("all"));
+    job.view = parser.value(QStringLiteral("view"));
+    job.out = parser.value(QStringLiteral("out"));
+    if (job.out.isEmpty())
+        return wrongUse(QStringLiteral("render needs --out PNG|DIR"));
+    if (job.all && !job.set.isEmpty())
+        return wrongUse(QStringLiteral("--set and --all do not go together"));
+    if (!job.all && !job.isPicture())
+        return wrongUse(QStringLiteral("%1: a picture's name ends with .png").arg(job.out));
+
+    job.size = job.isSheet() ? QSize(384, 256) : QSize(1280, 720);
+    if (parser.isSet(QStringLiteral("size")))
+        job.size = sizeOf(parser.value(QStringLiteral("size")));
+    if (job.size.isEmpty())
+        return wrongUse(QStringLiteral("--size is WIDTHxHEIGHT, each from 1 to %1, not \"%2\"")
+                            .arg(LongestSide)
+                            .arg(parser.value(QStringLiteral("size"))));
+    return job.isPicture() ? qxValueKinds::checkFile(job.out) : qxValueKinds::checkFolder(job.out);
+}
+
+/// Why the job cannot be done in this scene; empty when it can.
+QString flawOf(const Job &job)
+{
+    if (!job.set.isEmpty() && !qxVariants::findVariantSet(job.set))
+        return qxUnknown::set(job.set);
+    if (job.all && qxVariants::_variantSets.empty())
+        return QStringLiteral("the scene has no variant sets");
+    const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
+    if (!job.view.isEmpty() && camera->findViewpoint(job.view.toStdString()) < 0)
+        return qxUnknown::viewpoint(job.view);
+    return QString();
+}
+
+/// The scene as it is now, from the viewpoint that was asked for; empty when interrupted.
+QByteArray picture(const Job &job)
+{
+    if (!job.view.isEmpty()) {
+        const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
+        camera->moveToViewpoint(camera->findViewpoint(job.view.toStdString()), 0, 0, 0);
+    }
+    return qxSetPictures::render(job.size.width(), job.size.height());
+}
+
+/// The exit code of work that ended before it was complete; the reason was told otherwise.
+int endedEarly(const QString &kept)
+{
+    if (!qxInterrupt::isAsked())
+        return WorkFailed;
+    qxOutput::error(QStringLiteral("interrupted; %1").arg(kept));
+    return Interrupted;
+}
+
+int renderOne(const Job &job)
+{
+    QByteArray png;
+    {
+        qxProgress progress(1);
+        progress.begin(job.set.isEmpty() ? job.out : job.set);
+        if (!job.set.isEmpty())
+            qxVariants::selectVariantSet(job.set.toUtf8().constData(), false);
+        png = picture(job);
+    }
+    if (png.isEmpty())
+        return endedEarly(QStringLiteral("no picture was written"));
+    qxPictureHint hint;
+    hint.note(job.out);
+    hint.tell();
+    return qxStreams::write(job.out, png) ? qxCommands::codeAfterScripts() : WorkFailed;
+}
+
+int renderFolder(const Job &job)
+{
+    const QStringList names = qxSetPictures::allNames();
+    qxFileNames files(QStringLiteral(".png"));
+    const int done = qxSetPictures::visit(names, [&](qxVariantSet &set) {
+        const QByteArray png = picture(job);
+        const QString path = QDir(job.out).filePath(files.next(set.name));
+        return !png.isEmpty() && qxStreams::write(path, png);
+    });
+    if (done == names.size())
+        return qxCommands::codeAfterScripts();
+    return endedEarly(
+        QStringLiteral("%1 holds %2 of %3 pictures").arg(job.out).arg(done).arg(names.size()));
+}
+
+int renderSheet(const Job &job)
+{
+    const QStringList names = qxSetPictures::allNames();
+    qxContactSheet sheet(job.size);
+    const int done = qxSetPictures::visit(names, [&](qxVariantSet &set) {
+        const QByteArray png = picture(job);
+        if (!png.isEmpty())
+            sheet.add(QImage::fromData(png), set.name);
+        return !png.isEmpty();
+    });
+    if (done > 0 && !qxStreams::write(job.out, sheet.png()))
+        return WorkFailed;
+    if (done == names.size())
+        return qxCommands::codeAfterScripts();
+    return endedEarly(
+        QStringLiteral("%1 shows %2 of %3 sets").arg(job.out).arg(done).arg(names.size()));
+}
+
+int run(const QCommandLineParser &parser)
+{
+    Job job;
+    const int code = readJob(parser, job);
+    if (code != Success)
+        return code;
+    if (!qxSetPictures::isQualityKnown(parser))
+        return WrongUse;
+    qxSession session(parser.isSet(QStringLiteral("trace")));
+    if (!session.open(parser.positionalArguments().first()))
+        return WorkFailed;
+    const QString flaw = flawOf(job);
+    if (!flaw.isEmpty())
+        return qxCommands::fail(flaw);
+
+    qxSetPictures::prepare(parser);
+    const qxInterrupt interrupt;
+    if (!job.all)
+        return renderOne(job);
+    return job.isSheet() ? renderSheet(job) : renderFolder(job);
+}
+
+} // namespace
+
+const qxCommand qxCommands::render = {
+    "render", "FILE", "Makes pictures of the scene and of its sets.", 1, 1, options, run};

@@ -1,0 +1,47 @@
+#include "qxStreams.h"
+
+#include "Files/qxOutputFile.h"
+#include "Report/qxOutput.h"
+#include "qxLog.h"
+
+#include <QFile>
+
+#include <cstdio>
+
+namespace {
+
+bool fail(const QString &name, const QString &reason)
+{
+    qxOutput::error(QStringLiteral("%1: %2").arg(name, reason));
+    return false;
+}
+
+} // namespace
+
+bool qxStreams::isStandard(const QString &name)
+{
+    return name == QLatin1String("-");
+}
+
+bool qxStreams::read(const QString &name, QByteArray &bytes)
+{
+    QFile in(name);
+    const bool isOpen =
+        isStandard(name) ? in.open(stdin, QIODevice::ReadOnly) : in.open(QIODevice::ReadOnly);
+    if (isOpen)
+        bytes = in.readAll();
+    return in.error() == QFileDevice::NoError || fail(name, in.errorString());
+}
+
+bool qxStreams::write(const QString &name, const QByteArray &bytes)
+{
+    if (isStandard(name)) {
+        qxOutput::bytes(bytes);
+        return true;
+    }
+    qxOutputFile file(name);
+    const bool isWritten = file.prepare(bytes) && file.commit();
+    for (const QString &warning : file.warnings())
+        qxLog::warning("%s: %s", name.toUtf8().constData(), warning.toUtf8().constData());
+    return isWritten || fail(name, file.errorString());
+}

@@ -1,0 +1,120 @@
+#include "qxValueKind.h"
+
+#include "Files/qxOutputFile.h"
+#include "Report/qxOutput.h"
+#include "qxCommand.h"
+#include "qxStreams.h"
+
+#include <QCommandLineParser>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace {
+
+const qxValueKind kinds[] = {
+    {"FILE", "A scene file, .gltf or .glb.", qxValueKind::File, "gltf|glb"},
+    {"SCRIPT",
+     "A file with Python source, - for standard input. What follows -- on the command line is in "
+     "its sys.argv.",
+     qxValueKind::File, "py"},
+    {"SET", "Name of a variant set.", qxValueKind::Word, ""},
+    {"SET...", "Names of variant sets.", qxValueKind::Word, ""},
+    {"NAME", "Name of the new variant set.", qxValueKind::Word, ""},
+    {"VARIANT", "Name of a variant.", qxValueKind::Word, ""},
+    {"STATE", "Name of one of its states.", qxValueKind::Word, ""},
+    {"COMMAND", "Name of a command.", qxValueKind::Word, ""},
+    {"OUT", nullptr, qxValueKind::File, "gltf|glb"},
+    {"XML", nullptr, qxValueKind::File, "xml"},
+    {"CSV", nullptr, qxValueKind::File, "csv"},
+    {"PNG|DIR", nullptr, qxValueKind::FileOrFolder, "png"},
+    {"DIR", nullptr, qxValueKind::Folder, ""},
+};
+
+/// The options that name what a command writes.
+const QStringList &outputs()
+{
+    static const QStringList names{QStringLiteral("save"), QStringLiteral("out"),
+                                   QStringLiteral("report")};
+    return names;
+}
+
+int fail(qxExitCode code, const QString &name, const QString &reason)
+{
+    qxOutput::error(QStringLiteral("%1: %2").arg(name, reason));
+    return code;
+}
+
+/// A scene is written in the form that its suffix says, and has files beside it.
+int checkScene(const QString &name)
+{
+    const QString suffix = QFileInfo(name).suffix().toLower();
+    if (qxStreams::isStandard(name))
+        return fail(WrongUse, QStringLiteral("--save -"),
+                    QStringLiteral("a scene is saved to a file, not to standard output"));
+    if (suffix != QLatin1String("gltf") && suffix != QLatin1String("glb"))
+        return fail(WrongUse, name, QStringLiteral("scene files end in .gltf or .glb"));
+    return qxValueKinds::checkFile(name);
+}
+
+/// A file of another suffix may be one that is dear to its owner, such as the scene itself.
+int checkText(const QString &name, const char *suffix)
+{
+    const bool isStream = qxStreams::isStandard(name) || qxOutputFile::isStream(name);
+    if (!isStream && QFileInfo(name).suffix().toLower() != QLatin1String(suffix))
+        return fail(WrongUse, name,
+                    QStringLiteral("what is written there ends in .%1").arg(QLatin1String(suffix)));
+    return qxValueKinds::checkFile(name);
+}
+
+} // namespace
+
+qxValueKind qxValueKinds::of(const QString &name)
+{
+    static const QRegularExpression brackets(QStringLiteral("[][]"));
+    const QString plain = QString(name).remove(brackets);
+    for (const qxValueKind &kind : kinds) {
+        if (plain == QLatin1String(kind.name))
+            return kind;
+    }
+    return {"", nullptr, qxValueKind::Word, ""};
+}
+
+int qxValueKinds::checkFile(const QString &name)
+{
+    const QString flaw = qxStreams::isStandard(name) ? QString() : qxOutputFile::flawOf(name);
+    return flaw.isEmpty() ? Success : fail(WorkFailed, name, flaw);
+}
+
+int qxValueKinds::checkFolder(const QString &name)
+{
+    const QFileInfo folder(name);
+    if (qxStreams::isStandard(name))
+        return fail(WrongUse, QStringLiteral("--out -"),
+                    QStringLiteral("a folder is written, not standard output"));
+    if (!folder.exists())
+        return fail(WorkFailed, name, QStringLiteral("the folder does not exist"));
+    if (!folder.isDir())
+        return fail(WorkFailed, name, QStringLiteral("it is no folder"));
+    return folder.isWritable()
+        ? Success
+        : fail(WorkFailed, name, QStringLiteral("nothing may be written to the folder"));
+}
+
+int qxValueKinds::checkOutputs(const qxCommand &command, const QCommandLineParser &parser)
+{
+    for (const QCommandLineOption &option : command.options()) {
+        if (!outputs().contains(option.names().first()) || !parser.isSet(option))
+            continue;
+        const QString name = parser.value(option);
+        const qxValueKind kind = of(option.valueName());
+        int code = Success;
+        if (kind.place == qxValueKind::Folder)
+            code = checkFolder(name);
+        else if (kind.place == qxValueKind::File)
+            code = option.valueName() == QLatin1String("OUT") ? checkScene(name)
+                                                              : checkText(name, kind.suffixes);
+        if (code != Success)
+            return code;
+    }
+    return Success;
+}

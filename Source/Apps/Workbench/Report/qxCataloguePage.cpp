@@ -1,0 +1,268 @@
+#include "qxCataloguePage.h"
+
+#include "qxVariantGroup.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "Commands/qxSetContents.h"
+#include "qxHtmlWriter.h"
+#include "qxShownStates.h"
+
+#include <QImage>
+
+namespace {
+
+/// Where several cards stand side by side on a screen of coarse pixels.
+const char *const coarse = "(min-width: 900px) and (max-resolution: 1.4dppx)";
+
+/// As qxHtmlWriter wants it.
+const char *const style = R"(
+:root { --paper: #f6f6f4; --card: #fff; --ink: #1d2125; --soft: #646b73; --line: #dcdedf;
+  --accent: #b3372f; --shade: rgba(20, 25, 30, .08); }
+@media (prefers-color-scheme: dark) {
+  :root { --paper: #15181b; --card: #1e2226; --ink: #e8eaec; --soft: #9aa3ab; --line: #343a40;
+    --accent: #ef7d72; --shade: rgba(0, 0, 0, .4); } }
+* { box-sizing: border-box; }
+body { margin: 0 auto; max-width: 1240px; padding: 40px 28px 64px; background: var(--paper);
+  color: var(--ink); font: 15px/1.5 system-ui, Segoe UI, Roboto, DejaVu Sans, sans-serif; }
+h1 { margin: 0; font-size: 32px; line-height: 1.2; letter-spacing: -.01em; overflow-wrap: anywhere; }
+h2 { margin: 48px 0 4px; padding-top: 14px; border-top: 2px solid var(--accent); font-size: 22px; }
+h3 { margin: 0; font-size: 17px; overflow-wrap: anywhere; }
+h4 { margin: 12px 0 2px; font-size: 12px; color: var(--soft); font-weight: 600; }
+p { margin: 4px 0; color: var(--soft); white-space: pre-line; overflow-wrap: anywhere; }
+nav { display: flex; flex-wrap: wrap; gap: 8px; margin-top: 20px; }
+nav a { padding: 4px 14px; border: 1px solid var(--line); border-radius: 99px;
+  background: var(--card); color: inherit; text-decoration: none; }
+nav a:hover { border-color: var(--accent); color: var(--accent); }
+.cards { display: grid; grid-template-columns: repeat(auto-fill, minmax(264px, 1fr)); gap: 22px;
+  margin-top: 18px; align-items: start; }
+.card { background: var(--card); border: 1px solid var(--line); border-radius: 10px;
+  overflow: hidden; box-shadow: 0 2px 8px var(--shade); }
+.card img, .blank { display: block; width: 100%; aspect-ratio: 3 / 2; object-fit: contain; }
+.blank { display: grid; place-items: center; background: var(--line); color: var(--soft); }
+.words { padding: 14px 16px 16px; }
+.head { display: flex; justify-content: space-between; align-items: baseline; gap: 12px; }
+kbd, .chip { padding: 1px 8px; border: 1px solid var(--line); border-radius: 6px;
+  font-size: 12px; white-space: nowrap; }
+kbd { border-bottom-width: 2px; font-family: inherit; color: var(--soft); }
+.chip { display: inline-block; margin: 2px 4px 2px 0; white-space: normal; }
+.now { border-color: var(--accent); color: var(--accent); }
+.badge { margin-left: 10px; font-size: 12px; font-weight: 400; color: var(--soft); }
+details { margin-top: 10px; }
+summary { cursor: pointer; color: var(--accent); font-size: 13px; }
+ul { margin: 0; padding: 0; list-style: none; font-size: 13px; }
+li { overflow-wrap: anywhere; }
+pre { margin: 0; padding: 8px 10px; border-radius: 6px; background: var(--paper); overflow-x: auto;
+  font: 12px/1.45 DejaVu Sans Mono, Consolas, monospace; }
+.wide { overflow-x: auto; margin-top: 18px; border: 1px solid var(--line); border-radius: 10px; }
+table { width: 100%; border-collapse: collapse; background: var(--card); font-size: 14px; }
+th, td { padding: 8px 14px; text-align: left; vertical-align: top;
+  border-bottom: 1px solid var(--line); }
+th { font-size: 12px; color: var(--soft); white-space: nowrap; }
+tr:last-child td { border-bottom: 0; }
+@media print { .card { break-inside: avoid; } }
+)";
+
+QString counted(std::size_t count, const char *one, const char *many)
+{
+    return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
+}
+
+/// The place of a section that links lead to.
+QString sectionId(int number)
+{
+    return QStringLiteral("section-%1").arg(number);
+}
+
+void writeFact(qxHtmlWriter &page, const qxSetFact &fact)
+{
+    page.element("h4", fact.title);
+    if (fact.isCode) {
+        page.element("pre", fact.lines.join(QLatin1Char('\n')));
+        return;
+    }
+    page.open("ul");
+    for (const QString &line : fact.lines)
+        page.element("li", line);
+    page.close();
+}
+
+void writeContents(qxHtmlWriter &page, const qxVariantSet &set)
+{
+    const QList<qxSetFact> facts = qxSetContents::of(set);
+    if (facts.isEmpty())
+        return;
+    int lines = 0;
+    for (const qxSetFact &fact : facts)
+        lines += fact.isCode ? 1 : fact.lines.size();
+    page.open("details");
+    page.element(
+        "summary",
+        QStringLiteral("Contents (%1)").arg(counted(std::size_t(lines), "entry", "entries")));
+    for (const qxSetFact &fact : facts)
+        writeFact(page, fact);
+    page.close();
+}
+
+/// A set without a picture is shown with its preview.
+void writePicture(qxHtmlWriter &page, const qxVariantSet &set,
+                  const qxCataloguePage::Pictures &pictures)
+{
+    const qxCataloguePage::Picture picture = pictures.value(set.name, {set.getPreview(), {}});
+    if (QImage::fromData(picture.large).isNull())
+        return page.element("div", QStringLiteral("no picture"), "blank");
+    page.open("picture");
+    if (!picture.small.isEmpty())
+        page.pictureWhere(coarse, picture.small);
+    page.picture(picture.large, QStringLiteral("Picture of %1").arg(set.name));
+    page.close();
+}
+
+void writeSet(qxHtmlWriter &page, const qxVariantSet &set,
+              const qxCataloguePage::Pictures &pictures)
+{
+    page.open("article", "card");
+    writePicture(page, set, pictures);
+    page.open("div", "words");
+    page.open("div", "head");
+    page.element("h3", set.name);
+    if (!set.hotkey.isEmpty())
+        page.element("kbd", set.hotkey);
+    page.close();
+    if (!set.comment.isEmpty())
+        page.element("p", set.comment);
+    writeContents(page, set);
+    page.close();
+    page.close();
+}
+
+/// A heading with sets below it.
+struct Section {
+    QString title;
+    QString badge;
+    QString comment;
+    QList<const qxVariantSet *> sets;
+};
+
+QList<Section> sectionsOfSets()
+{
+    QList<Section> sections;
+    for (const qxVariantGroup *group : qxVariants::_variantGroups) {
+        const QString badge = group->visible ? QString() : QStringLiteral("hidden");
+        sections += Section{group->name, badge, group->comment, {}};
+        for (const qxVariantSet *set : group->sets)
+            sections.last().sets += set;
+    }
+    Section rest{QStringLiteral("Sets in no group"), {}, {}, {}};
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        if (!set->group)
+            rest.sets += set;
+    }
+    if (!rest.sets.isEmpty())
+        sections += rest;
+    return sections;
+}
+
+void writeHeading(qxHtmlWriter &page, int number, const Section &section)
+{
+    page.open("h2");
+    page.attribute("id", sectionId(number));
+    page.text(section.title);
+    if (!section.badge.isEmpty())
+        page.element("span", section.badge, "badge");
+    page.close();
+}
+
+void writeSection(qxHtmlWriter &page, int number, const Section &section,
+                  const qxCataloguePage::Pictures &pictures)
+{
+    page.open("section");
+    writeHeading(page, number, section);
+    if (!section.comment.isEmpty())
+        page.element("p", section.comment);
+    if (section.sets.isEmpty())
+        page.element("p", QStringLiteral("This group has no sets."));
+    else
+        page.open("div", "cards");
+    for (const qxVariantSet *set : section.sets)
+        writeSet(page, *set, pictures);
+    if (!section.sets.isEmpty())
+        page.close();
+    page.close();
+}
+
+void writeOptions(qxHtmlWriter &page, const qxVariant &variant, const QString &current)
+{
+    page.open("td");
+    for (const qxVariantOption &option : variant.options) {
+        const QString key =
+            option.shortcut.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(option.shortcut);
+        page.element("span", option.name + key, option.name == current ? "chip now" : "chip");
+    }
+    if (variant.options.empty())
+        page.text(QStringLiteral("none"));
+    page.close();
+}
+
+void writeVariants(qxHtmlWriter &page)
+{
+    page.open("div", "wide");
+    page.open("table");
+    page.open("tr");
+    for (const char *title : {"Kind", "Variant", "Now", "Default", "States"})
+        page.element("th", QLatin1String(title));
+    page.close();
+    const qxShownStates states;
+    for (const qxVariantRow &row : qxVariantTable::all()) {
+        const QString current = states.of(row).state;
+        page.open("tr");
+        page.element("td", QLatin1String(row.kind));
+        page.element("td", row.variant->name);
+        page.element("td", current);
+        page.element("td", row.variant->defaultState);
+        writeOptions(page, *row.variant, current);
+        page.close();
+    }
+    page.close();
+    page.close();
+}
+
+void writeHead(qxHtmlWriter &page, const QString &title, const QList<Section> &sections)
+{
+    page.element("h1", title);
+    page.element(
+        "p",
+        QStringLiteral("%1 in %2, %3")
+            .arg(counted(qxVariants::_variantSets.size(), "variant set", "variant sets"),
+                 counted(qxVariants::_variantGroups.size(), "group", "groups"),
+                 counted(std::size_t(qxVariantTable::all().size()), "variant", "variants")));
+    page.open("nav");
+    for (int number = 0; number < sections.size(); ++number) {
+        page.open("a");
+        page.attribute("href", QLatin1Char('#') + sectionId(number));
+        page.text(sections[number].title);
+        page.close();
+    }
+    page.close();
+}
+
+} // namespace
+
+QByteArray qxCataloguePage::html(const QString &title, const Pictures &pictures)
+{
+    QList<Section> sections = sectionsOfSets();
+    const Section variants{QStringLiteral("Variants"), {}, {}, {}};
+    QByteArray bytes;
+    qxHtmlWriter page(bytes, title, QString::fromUtf8(style));
+    writeHead(page, title, sections + QList<Section>{variants});
+    for (int number = 0; number < sections.size(); ++number)
+        writeSection(page, number, sections[number], pictures);
+    page.open("section");
+    writeHeading(page, sections.size(), variants);
+    if (qxVariantTable::all().isEmpty())
+        page.element("p", QStringLiteral("The scene has no variants."));
+    else
+        writeVariants(page);
+    page.finish();
+    return bytes;
+}

@@ -1,0 +1,30 @@
+#include "qxBlockedScripts.h"
+
+#include "Script/qxScriptRunner.h"
+#include "qxController.h"
+#include "qxMessage.h"
+
+#include <cstring>
+
+qxBlockedScripts::qxBlockedScripts(const Listener &listener)
+{
+    m_notificationListener =
+        qxController::addListener([this](const char *name, qxMessage *message, int) {
+            if (!message || strcmp(name, "variantsSetSelected") != 0)
+                return;
+            if (const auto *set = message->get<std::string>("variantSetName"))
+                m_set = QString::fromStdString(*set);
+        });
+    m_scriptListener = qxScriptRunner::addListener([this, listener](const qxScriptText &script) {
+        if (!script.leftOut)
+            return;
+        const QString text = QString::fromStdString(script.text).trimmed();
+        listener(m_set, text.section(QLatin1Char('\n'), 0, 0));
+    });
+}
+
+qxBlockedScripts::~qxBlockedScripts()
+{
+    qxScriptRunner::removeListener(m_scriptListener);
+    qxController::removeListener(m_notificationListener);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+/// Tells, as long as it lives, of each script of a set that is left out, when that is selected.
+class qxBlockedScripts {
+public:
+    /// Gets the name of the set and the first line of its script.
+    typedef std::function<void(const QString &set, const QString &line)> Listener;
+
+    explicit qxBlockedScripts(const Listener &listener);
+    qxBlockedScripts(const qxBlockedScripts &) = delete;
+    ~qxBlockedScripts();
+
+private:
+    int m_notificationListener;
+    int m_scriptListener;
+    QString m_set; ///< the one that is being selected
+};

@@ -1,0 +1,229 @@
+#include "qxSession.h"
+
+#include "qxMaterialVariant.h"
+#include "qxVariantGroup.h"
+#include "qxVariantReader.h"
+#include "qxVariantSet.h"
+#include "qxVariantWriter.h"
+#include "qxVariants.h"
+
+#include "Report/qxOutput.h"
+#include "qxLog.h"
+#include "qxMaterials.h"
+
+#include <OpenSG/OSGSwitchMaterial.h>
+
+#include <QCoreApplication>
+#include <QTextCodec>
+
+namespace {
+
+/// Counts the error lines of a scope: the reader reports through the log and returns nothing.
+class qxErrorCount {
+public:
+    qxErrorCount()
+        : m_listener(qxLog::addListener(
+            [this](qxLog::Level level, const std::string &) { m_errors += level == qxLog::Error; }))
+    {
+    }
+    qxErrorCount(const qxErrorCount &) = delete;
+    ~qxErrorCount() { qxLog::removeListener(m_listener); }
+
+    int errors() const { return m_errors; }
+
+private:
+    int m_errors = 0;
+    int m_listener;
+};
+
+/// What makes bytes no text at all. The reader would take a NUL for the end of the document, and
+/// anything else that is no UTF-8 for characters that nobody wrote.
+QString flawOf(const QByteArray &xml)
+{
+    const int nul = xml.indexOf('\0');
+    if (nul >= 0)
+        return QCoreApplication::translate("qxSession", "byte %1 is NUL").arg(nul);
+    QTextCodec::ConverterState state;
+    QTextCodec::codecForName("UTF-8")->toUnicode(xml.constData(), xml.size(), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0)
+        return QCoreApplication::translate("qxSession", "it is not UTF-8");
+    return QString();
+}
+
+/// The variant of that switch material. Its default is the material that the file was made with,
+/// which need not be the one that it shows now. Null when there is no such switch material.
+qxMaterialVariant *materialVariant(const QString &name)
+{
+    if (qxMaterialVariant *known = qxVariants::findMaterialVariant(name))
+        return known;
+    osg::SwitchMaterialPtr choices; // a file may call a plain material like it
+    for (const osg::MaterialPtr &each : qxMaterials::findMaterials(name.toUtf8().constData())) {
+        if (choices == osg::NullFC)
+            choices = osg::SwitchMaterialPtr::dcast(each);
+    }
+    qxMaterialVariant *const variant =
+        choices == osg::NullFC ? nullptr : qxVariants::createMaterialVariant(choices, true);
+    if (variant && !choices->getMFMaterials()->empty())
+        variant->defaultState =
+            QString::fromStdString(qxMaterials::getName(choices->getMaterial(0)));
+    return variant;
+}
+
+void logWarnings(const qxSceneFile &file)
+{
+    for (const QString &warning : file.warnings())
+        qxLog::warning("%s", warning.toUtf8().constData());
+}
+
+void logHiddenPictures(const qxSceneFileInfo &info)
+{
+    const QString kinds = QStringList(info.hiddenPictures.keys()).join(QStringLiteral(", "));
+    if (!kinds.isEmpty())
+        qxLog::info("Pictures of materials that are kept, but not shown: %s",
+                    kinds.toUtf8().constData());
+}
+
+} // namespace
+
+qxSession::qxSession(bool trace)
+{
+    if (trace)
+        m_trace = std::make_unique<qxTrace>();
+}
+
+qxSession::~qxSession()
+{
+    m_stray.emplace(strayPlace());
+}
+
+bool qxSession::open(const QString &path, const qxSceneFile::Watcher &watcher)
+{
+    if (!openScene(path, watcher))
+        return false;
+    if (!m_file->variantsDocument().isEmpty())
+        return readDocument(m_file->variantsDocument());
+    importVariants();
+    return true;
+}
+
+void qxSession::importVariants()
+{
+    if (m_file->materialVariants().empty())
+        return;
+    qxVariantGroup *const group = qxVariants::createVariantGroup(
+        qxVariants::getUniqueVariantGroupName(QStringLiteral("Material Variants")), true, true);
+    for (const qxSceneVariant &variant : m_file->materialVariants()) {
+        // The names are unique, and there is nothing yet that could have one of them.
+        qxVariantSet *const set = qxVariants::createVariantSet(variant.name, true, group);
+        for (const QPair<QString, QString> &choice : variant.materials)
+            set->add(materialVariant(choice.first), choice.second); // which may be null
+    }
+    m_imported = qxVariantWriter().writeToCompare();
+}
+
+void qxSession::close()
+{
+    m_failure.clear();
+    m_imported.clear();
+    m_host.clearScene();
+    m_scripts.clear();
+    m_file = std::make_unique<qxSceneFile>();
+}
+
+bool qxSession::openScene(const QString &path, const qxSceneFile::Watcher &watcher)
+{
+    m_failure.clear();
+    const auto step = [&](qxSceneFile::Step next) {
+        watcher(next);
+        if (next != qxSceneFile::Showing)
+            return;
+        m_imported.clear();
+        m_host.clearScene();
+        m_scripts.clear();
+    };
+    if (m_file->load(path, step)) {
+        logWarnings(*m_file);
+        logHiddenPictures(m_file->info());
+        return true;
+    }
+    return fail(m_file->errorString());
+}
+
+bool qxSession::hasRoomFor(const QByteArray &xml)
+{
+    return m_file->hasRoomFor(xml) || fail(m_file->errorString());
+}
+
+bool qxSession::readDocument(const QByteArray &xml)
+{
+    if (!hasRoomFor(xml))
+        return false;
+    const QString flaw = flawOf(xml);
+    if (!flaw.isEmpty()) {
+        return fail(
+            QCoreApplication::translate("qxSession", "the variants document cannot be read: %1")
+                .arg(flaw));
+    }
+    const qxErrorCount count;
+    {
+        const qxCaughtOutput stray(strayPlace()); // it says what is in short previews
+        qxVariantReader().read(xml.constData());
+    }
+    takeScripts();
+    if (count.errors() == 0)
+        return true;
+    return fail(QCoreApplication::translate("qxSession", "the variants document cannot be read"));
+}
+
+qxCaughtOutput::Place qxSession::strayPlace() const
+{
+    return m_trace ? qxCaughtOutput::ToErrors : qxCaughtOutput::Nowhere;
+}
+
+/// Until somebody has said that they may, the file's scripts do not run.
+void qxSession::takeScripts()
+{
+    m_scripts.take();
+    if (!m_scripts.flaw().isEmpty())
+        qxLog::warning("No script of the file is trusted: %s",
+                       m_scripts.flaw().toUtf8().constData());
+}
+
+void qxSession::rememberScripts(const QString &path)
+{
+    const QString reason = m_scripts.rememberOwn(path);
+    if (!reason.isEmpty())
+        qxLog::warning("The scripts saved to %s will have to be trusted when it is opened: %s",
+                       path.toUtf8().constData(), reason.toUtf8().constData());
+}
+
+bool qxSession::fail(const QString &reason)
+{
+    m_failure = reason;
+    qxOutput::error(reason);
+    return false;
+}
+
+bool qxSession::isEmpty() const
+{
+    return qxVariants::_nodeVariants.empty() && qxVariants::_materialVariants.empty()
+        && qxVariants::_lightVariants.empty() && qxVariants::_overlayVariants.empty()
+        && qxVariants::_transformVariants.empty() && qxVariants::_variantSets.empty()
+        && qxVariants::_variantGroups.empty();
+}
+
+bool qxSession::save(const QString &path)
+{
+    m_failure.clear();
+    if (!isEmpty() || !m_file->variantsDocument().isEmpty()) {
+        const QByteArray document = qxVariantWriter().write();
+        if (document != m_imported)
+            m_file->setVariantsDocument(document);
+    }
+    if (m_file->save(path)) {
+        rememberScripts(path);
+        logWarnings(*m_file);
+        return true;
+    }
+    return fail(m_file->errorString());
+}

@@ -1,0 +1,120 @@
+#include "qxSetPictures.h"
+
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "Report/qxOutput.h"
+#include "Report/qxPictureHint.h"
+#include "Report/qxProgress.h"
+#include "qxCameraService.h"
+#include "qxImageWriter.h"
+#include "qxInterrupt.h"
+#include "qxOSGWidget.h"
+#include "qxRaytracingManager.h"
+#include "qxSceneSnapshot.h"
+#include "qxSession.h"
+
+#include <QCommandLineParser>
+#include <QImage>
+
+#include <memory>
+
+QCommandLineOption qxSetPictures::qualityOption()
+{
+    return {QStringLiteral("quality"),
+            QStringLiteral("Hard light and jagged edges, or soft shadows, which take longer and "
+                           "are the default."),
+            QStringLiteral("quick|best")};
+}
+
+bool qxSetPictures::isQualityKnown(const QCommandLineParser &parser)
+{
+    const QString quality = parser.value(QStringLiteral("quality"));
+    if (quality.isEmpty() || quality == QLatin1String("quick") || quality == QLatin1String("best"))
+        return true;
+    qxOutput::error(QStringLiteral("--quality is quick or best, not \"%1\"").arg(quality));
+    return false;
+}
+
+void qxSetPictures::prepare(const QCommandLineParser &parser, int bestSamples)
+{
+    qxOSGWidget::setRaytracing(parser.value(QStringLiteral("quality")) != QLatin1String("quick"));
+    qxRaytracingManager::getRaytracingUtils()->setImageQuality(bestSamples);
+    qxKernelServiceFactory::the()->getService<qxCameraService>()->moveToViewpoint(0, 0, 0, 0);
+}
+
+int qxSetPictures::visit(const QStringList &names, const Work &work)
+{
+    const qxSceneSnapshot before;
+    qxPictureHint hint;
+    auto progress = std::make_unique<qxProgress>(names.size());
+    int done = 0;
+    for (const QString &name : names) {
+        if (qxInterrupt::isAsked())
+            break;
+        progress->begin(name);
+        qxVariants::selectVariantSet(name.toUtf8().constData(), false);
+        qxVariantSet *const set = qxVariants::findVariantSet(name);
+        const bool isDone = !set || work(*set);
+        if (set && isDone)
+            hint.note(name);
+        before.restore();
+        if (!isDone)
+            break;
+        ++done;
+    }
+    progress.reset();
+    hint.tell();
+    return done;
+}
+
+qxSetPictures::Previews qxSetPictures::makePreviews(const QStringList &names, int &done)
+{
+    Previews previews;
+    done = visit(names, [&previews](qxVariantSet &set) {
+        const QByteArray before = set.getPreview();
+        qxVariants::renderVariantSetPreview(&set, false, true, true);
+        if (set.getPreview() != before && !set.getPreview().isEmpty())
+            previews[set.name] = set.getPreview();
+        return !set.getPreview().isEmpty();
+    });
+    return previews;
+}
+
+bool qxSetPictures::reopen(qxSession &session, const QString &file, const Previews &previews)
+{
+    if (!session.open(file))
+        return false;
+    for (auto preview = previews.begin(); preview != previews.end(); ++preview) {
+        if (qxVariantSet *set = qxVariants::findVariantSet(preview.key()))
+            set->setPreview(preview.value());
+    }
+    return true;
+}
+
+QStringList qxSetPictures::allNames()
+{
+    QStringList names;
+    for (const qxVariantSet *set : qxVariants::_variantSets)
+        names += set->name;
+    return names;
+}
+
+QStringList qxSetPictures::namesWithoutPreview()
+{
+    QStringList names;
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        if (QImage::fromData(set->getPreview()).isNull())
+            names += set->name;
+    }
+    return names;
+}
+
+QByteArray qxSetPictures::render(int width, int height)
+{
+    qxImageWriter writer;
+    writer.exportImageFastInit(width, height, 0);
+    const std::string png = writer.exportImageFast();
+    writer.exportImageFastTerminate();
+    return QByteArray::fromStdString(png);
+}

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "qxFinding.h"
+
+#include <QByteArray>
+
+#include <array>
+#include <vector>
+
+/// The kinds of variants, in the order in which a selection goes through them (overlays last).
+enum class qxVariantKind { Node, Material, Transform, Light, Overlay };
+constexpr int qxVariantKinds = 5;
+
+namespace qxVariantKindNames {
+
+/// "node", "material" and so on.
+QString word(qxVariantKind kind);
+/// The document's element for a variant and for a set's reference to it.
+QString tag(qxVariantKind kind);
+QString refTag(qxVariantKind kind);
+
+} // namespace qxVariantKindNames
+
+/// Where an element stands in the document.
+struct qxMark {
+    int line = 0;
+    int column = 0;
+    int ordinal = 0; ///< among its siblings of the same name, from 1
+};
+
+struct qxSyntaxTreeReference {
+    QString variant;
+    QString state;
+    qxMark mark;
+};
+
+/// An element that matters for one text, and sometimes for a second one.
+struct qxSyntaxTreeText {
+    QString text;
+    QString more; ///< the material of a snapshot, the path of a script's element
+    qxMark mark;
+};
+
+/// The lists of names that a set can hold.
+enum class qxNameList { Viewpoints, Animations, Geometries, Targets };
+constexpr int qxNameLists = 4;
+
+struct qxSyntaxTreeSet {
+    QString name;
+    QString path;
+    qxMark mark;
+    std::array<std::vector<qxSyntaxTreeReference>, qxVariantKinds> references;
+    std::array<std::vector<qxSyntaxTreeText>, qxNameLists> names;
+    std::vector<qxSyntaxTreeText> snapshots;
+    QString defaultViewpoint;
+    qxSyntaxTreeText script;
+    qxSyntaxTreeText hotkey;
+    int clipState = 0;
+    bool inclNodes = false; ///< a selection shows its targets
+    QByteArray digest; ///< of everything but name, comment, hotkey and preview
+
+    const std::vector<qxSyntaxTreeReference> &of(qxVariantKind kind) const
+    {
+        return references[std::size_t(kind)];
+    }
+    const std::vector<qxSyntaxTreeText> &of(qxNameList list) const
+    {
+        return names[std::size_t(list)];
+    }
+    /// Whether selecting the set does nothing, as qxVariantSet::isEmpty has it.
+    bool isEmpty() const;
+};
+
+struct qxSyntaxTreeGroup {
+    QString name;
+    QString path;
+    qxMark mark;
+    int sets = 0;
+};
+
+struct qxSyntaxTreeOption {
+    QString name;
+    qxSyntaxTreeText hotkey;
+    qxMark mark;
+};
+
+struct qxSyntaxTreeVariant {
+    qxVariantKind kind = qxVariantKind::Node;
+    QString name;
+    QString base; ///< the name of its scene object
+    QString path;
+    qxMark mark;
+    qxSyntaxTreeText standard; ///< the default state
+    std::vector<qxSyntaxTreeOption> options;
+};
+
+/// A variants document as it is written down, each thing with its place: also what the reader skips
+/// or replaces while it fills the registry.
+struct qxSyntaxTree {
+    std::vector<qxSyntaxTreeGroup> groups;
+    std::vector<qxSyntaxTreeSet> sets;
+    std::vector<qxSyntaxTreeVariant> variants;
+    bool isWhole = false; ///< false when the document is not well-formed
+
+    /// Takes the outline of `document` and adds what is wrong with its form to `findings`.
+    static qxSyntaxTree of(const QByteArray &document, qxFindingList &findings);
+};

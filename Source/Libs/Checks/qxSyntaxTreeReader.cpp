@@ -1,0 +1,265 @@
+#include "qxSyntaxTreeReader.h"
+
+#include "qxControlCharacters.h"
+
+#include <QCryptographicHash>
+
+#include <algorithm>
+
+namespace {
+
+const QString nameAttribute = QStringLiteral("name");
+
+QString below(const QString &parent, const QString &tag, int ordinal)
+{
+    return QStringLiteral("%1/%2[%3]").arg(parent, tag).arg(ordinal);
+}
+
+/// The path of an element that is known by its name as well.
+QString namedPath(const QString &parent, const QString &tag, int ordinal, const QString &name)
+{
+    return below(parent, tag, ordinal) + QStringLiteral(" \"%1\"").arg(name);
+}
+
+const QString root = QStringLiteral("Variants");
+const QString setTag = QStringLiteral("VariantSet");
+const QString groupTag = QStringLiteral("VariantGroup");
+/// Elements that are somebody else's and are passed over.
+const QStringList reserved{QStringLiteral("KeloNodeVariant"),
+                           QStringLiteral("KeloMaterialVariant")};
+const QString hotkeyTag = QStringLiteral("Hotkey");
+
+/// The element of each list of names, and the attribute that holds the name.
+struct NameTag {
+    const char *tag;
+    const char *attribute;
+};
+
+const NameTag nameTags[qxNameLists] = {{"ViewpointRef", "ref"},
+                                       {"AnimationRef", "ref"},
+                                       {"GeometryRef", "ref"},
+                                       {"TargetName", "name"}};
+
+/// The place of `tag` in the table; -1 for another element.
+int nameListOf(const QString &tag)
+{
+    for (int i = 0; i < qxNameLists; ++i) {
+        if (tag == QLatin1String(nameTags[i].tag))
+            return i;
+    }
+    return -1;
+}
+
+/// The kind of variant whose own element, or whose reference, is called `tag`; -1 for none.
+int kindOf(const QString &tag, QString (*nameOf)(qxVariantKind))
+{
+    static QHash<QString, int> kinds;
+    if (kinds.isEmpty()) {
+        for (int i = 0; i < qxVariantKinds; ++i) {
+            kinds.insert(qxVariantKindNames::tag(qxVariantKind(i)), i);
+            kinds.insert(qxVariantKindNames::refTag(qxVariantKind(i)), i);
+        }
+    }
+    const int kind = kinds.value(tag, -1);
+    return kind >= 0 && nameOf(qxVariantKind(kind)) == tag ? kind : -1;
+}
+
+} // namespace
+
+qxSyntaxTreeReader::qxSyntaxTreeReader(const QByteArray &document, qxSyntaxTree &outline,
+                                       qxFindingList &findings)
+    : m_xml(qxControlCharacters::replaced(document, m_forbidden)), m_outline(outline),
+      m_findings(findings)
+{
+    if (m_forbidden >= 0)
+        noteForbidden(document);
+    // The document's own reader knows no name spaces either.
+    m_xml.setNamespaceProcessing(false);
+}
+
+void qxSyntaxTreeReader::noteForbidden(const QByteArray &document)
+{
+    const QByteArray before = document.left(m_forbidden);
+    const QString inLine = QString::fromUtf8(before.mid(before.lastIndexOf('\n') + 1));
+    add(qxCode::ForbiddenCharacter, QStringLiteral("XML forbids this character; saving drops it"),
+        QString(), {1 + before.count('\n'), 1 + inLine.size(), 0});
+}
+
+void qxSyntaxTreeReader::read()
+{
+    if (m_xml.readNextStartElement()) {
+        eachChild([this](const QString &tag, const qxMark &mark) {
+            const int kind = kindOf(tag, qxVariantKindNames::tag);
+            if (tag == groupTag)
+                readGroup(mark);
+            else if (tag == setTag)
+                readSet(root, mark);
+            else if (kind >= 0)
+                readVariant(qxVariantKind(kind), mark);
+            else if (reserved.contains(tag))
+                m_xml.skipCurrentElement();
+            else
+                skipUnknown(below(root, tag, mark.ordinal), mark);
+        });
+    }
+    while (!m_xml.atEnd())
+        m_xml.readNext();
+    m_outline.isWhole = !m_xml.hasError();
+    if (m_outline.isWhole)
+        return;
+    const qxMark mark{int(m_xml.lineNumber()), int(m_xml.columnNumber()) + 1, 0};
+    add(qxCode::UnreadableDocument, m_xml.errorString(), QString(), mark);
+}
+
+void qxSyntaxTreeReader::readGroup(const qxMark &mark)
+{
+    if (refuseNameless(below(root, groupTag, mark.ordinal), mark))
+        return;
+    const std::size_t index = m_outline.groups.size();
+    const QString name = attribute(nameAttribute);
+    const QString path = namedPath(root, groupTag, mark.ordinal, name);
+    m_outline.groups.push_back({name, path, mark, 0});
+    const QString visible = QStringLiteral("visible");
+    if (has(visible))
+        checkWord(attribute(visible), visible, mark, path);
+    eachChild([&](const QString &tag, const qxMark &child) {
+        if (tag != setTag)
+            skipUnknown(below(path, tag, child.ordinal), child);
+        else if (readSet(path, child))
+            ++m_outline.groups[index].sets;
+    });
+}
+
+bool qxSyntaxTreeReader::readSet(const QString &parent, const qxMark &mark)
+{
+    if (refuseNameless(below(parent, setTag, mark.ordinal), mark))
+        return false;
+    qxSyntaxTreeSet set;
+    set.name = attribute(nameAttribute);
+    set.path = namedPath(parent, setTag, mark.ordinal, set.name);
+    set.mark = mark;
+    set.defaultViewpoint = attribute(QStringLiteral("default-viewpoint"));
+    set.script = {attribute(QStringLiteral("script")), set.path, mark};
+    QCryptographicHash hash(QCryptographicHash::Md5);
+    digestText(hash, set.defaultViewpoint);
+    digestText(hash, set.script.text);
+    m_hash = &hash;
+    eachChild([&](const QString &tag, const qxMark &child) { readSetChild(set, tag, child); });
+    m_hash = nullptr;
+    set.digest = hash.result();
+    m_outline.sets.push_back(std::move(set));
+    return true;
+}
+
+void qxSyntaxTreeReader::readSetChild(qxSyntaxTreeSet &set, const QString &tag, const qxMark &mark)
+{
+    const auto path = [&] { return below(set.path, tag, mark.ordinal); };
+    if (tag == hotkeyTag) {
+        set.hotkey = {elementText(), QString(), mark};
+        return;
+    }
+    if (tag == QLatin1String("Preview"))
+        return readPreview(path(), mark);
+    digest(*m_hash, tag);
+    const int kind = kindOf(tag, qxVariantKindNames::refTag);
+    const int list = nameListOf(tag);
+    if (kind >= 0) {
+        readReference(set.references[std::size_t(kind)], mark);
+    } else if (list >= 0) {
+        const QString name = attribute(QString::fromLatin1(nameTags[list].attribute));
+        set.names[std::size_t(list)].push_back({name, QString(), mark});
+        m_xml.skipCurrentElement();
+    } else if (tag == QLatin1String("MaterialSnapshot")) {
+        set.snapshots.push_back({attribute(QStringLiteral("nodePath")),
+                                 attribute(QStringLiteral("materialName")), mark});
+        m_xml.skipCurrentElement();
+    } else if (tag == QLatin1String("InclInfo")) {
+        checkNumbers(mark, path());
+        set.inclNodes = attribute(QStringLiteral("inclNodes")).toInt() != 0;
+        m_xml.skipCurrentElement();
+    } else if (tag == QLatin1String("Analyzer")) {
+        checkNumbers(mark, path());
+        set.clipState = attribute(QStringLiteral("clipState")).toInt();
+        m_xml.skipCurrentElement();
+    } else {
+        readTexts(set, tag, {QString(), path(), mark});
+    }
+}
+
+void qxSyntaxTreeReader::readReference(std::vector<qxSyntaxTreeReference> &references,
+                                       const qxMark &mark)
+{
+    references.push_back(
+        {attribute(QStringLiteral("ref")), attribute(QStringLiteral("state")), mark});
+    m_xml.skipCurrentElement();
+}
+
+void qxSyntaxTreeReader::readTexts(qxSyntaxTreeSet &set, const QString &tag,
+                                   const qxSyntaxTreeText &entry)
+{
+    const QString &path = entry.more;
+    const bool isValue = tag == QLatin1String("Value");
+    const bool isWord = tag == QLatin1String("SequentialAnimation");
+    if (!isValue && !isWord && tag != QLatin1String("Script"))
+        return skipUnknown(path, entry.mark);
+    if (isValue && !has(nameAttribute))
+        add(qxCode::ValueWithoutName, QStringLiteral("a value without a name is skipped"), path,
+            entry.mark);
+    const QString text = elementText();
+    digestText(*m_hash, text);
+    if (isWord && !text.isEmpty())
+        checkWord(text, tag, entry.mark, path);
+    else if (!isValue && !isWord)
+        set.script = {text, path, entry.mark};
+}
+
+void qxSyntaxTreeReader::readPreview(const QString &path, const qxMark &mark)
+{
+    m_xml.readNext();
+    while (m_xml.isCharacters() && !m_xml.isCDATA() && m_xml.isWhitespace())
+        m_xml.readNext();
+    const bool isPicture = m_xml.isCDATA();
+    if (!m_xml.isEndElement()) {
+        if (m_xml.isStartElement())
+            m_xml.skipCurrentElement();
+        m_xml.skipCurrentElement();
+    }
+    if (!isPicture)
+        add(qxCode::PreviewWithoutPicture,
+            QStringLiteral("a preview that is no CDATA section is skipped"), path, mark);
+}
+
+void qxSyntaxTreeReader::readVariant(qxVariantKind kind, const qxMark &mark)
+{
+    const QString ownTag = qxVariantKindNames::tag(kind);
+    if (refuseNameless(below(root, ownTag, mark.ordinal), mark))
+        return;
+    qxSyntaxTreeVariant variant;
+    variant.kind = kind;
+    variant.name = attribute(nameAttribute);
+    variant.base = attribute(QStringLiteral("base"));
+    variant.path = namedPath(root, ownTag, mark.ordinal, variant.name);
+    variant.mark = mark;
+    eachChild([&](const QString &tag, const qxMark &child) {
+        if (tag == QLatin1String("State"))
+            return readOption(variant, child);
+        if (tag != QLatin1String("Default"))
+            return skipUnknown(below(variant.path, tag, child.ordinal), child);
+        variant.standard = {attribute(QStringLiteral("ref")), QString(), child};
+        m_xml.skipCurrentElement();
+    });
+    m_outline.variants.push_back(std::move(variant));
+}
+
+void qxSyntaxTreeReader::readOption(qxSyntaxTreeVariant &variant, const qxMark &mark)
+{
+    qxSyntaxTreeOption option{attribute(nameAttribute), {}, mark};
+    const QString path = below(variant.path, QStringLiteral("State"), mark.ordinal);
+    eachChild([&](const QString &tag, const qxMark &child) {
+        if (tag == hotkeyTag)
+            option.hotkey = {elementText(), QString(), mark};
+        else
+            skipUnknown(below(path, tag, child.ordinal), child);
+    });
+    variant.options.push_back(std::move(option));
+}

@@ -1,0 +1,136 @@
+#include "Files/Gltf/Common/qxGltfCores.h"
+
+#include "Files/Gltf/Common/qxGltfJson.h"
+#include "OSGOverlayCore.h"
+#include "OSGSwitchComponentTransform.h"
+#include "Scene/qxTransformStates.h"
+
+#include <OpenSG/OSGMaterialGroup.h>
+#include <OpenSG/OSGSwitch.h>
+
+namespace {
+
+std::vector<float> numbersOf(const osg::Vec3f &translation, const osg::Quaternion &rotation,
+                             const osg::Vec3f &scale)
+{
+    return {translation[0], translation[1], translation[2], rotation.x(), rotation.y(),
+            rotation.z(),   rotation.w(),   scale[0],       scale[1],     scale[2]};
+}
+
+std::vector<float> allNumbers(const osg::MFMatrix &matrices)
+{
+    std::vector<float> numbers;
+    for (const osg::Matrix &matrix : matrices) {
+        const std::vector<float> ten = qxGltfNumbers(matrix);
+        numbers.insert(numbers.end(), ten.begin(), ten.end());
+    }
+    return numbers;
+}
+
+/// A centre and a scale along other axes have no place in translation, rotation and scale.
+bool fitsComponents(const osg::ComponentTransformPtr &transform)
+{
+    return transform->getCenter() == osg::Vec3f(0, 0, 0)
+        && transform->getScaleOrientation() == osg::Quaternion();
+}
+
+qxGltfPlace matrixPlace(const osg::Matrix &matrix)
+{
+    const float *values = matrix.getValues();
+    return {qxGltfPlace::Matrix, std::vector<float>(values, values + 16)};
+}
+
+bool isPlainGroup(const osg::NodeCorePtr &core)
+{
+    const osg::MaterialGroupPtr group = osg::MaterialGroupPtr::dcast(core);
+    if (group != osg::NullFC)
+        return group->getMaterial() == osg::NullFC;
+    return core->getType() == osg::Group::getClassType();
+}
+
+} // namespace
+
+std::vector<float> qxGltfNumbers(const osg::Matrix &matrix)
+{
+    osg::Vec3f translation;
+    osg::Vec3f scale;
+    osg::Quaternion rotation;
+    osg::Quaternion scaleOrientation;
+    matrix.getTransform(translation, rotation, scale, scaleOrientation);
+    return numbersOf(translation, rotation, scale);
+}
+
+bool qxGltfIsSwitch(const osg::NodeCorePtr &core)
+{
+    return osg::SwitchPtr::dcast(core) != osg::NullFC;
+}
+
+bool qxGltfNeedsPlace(const osg::NodeCorePtr &core)
+{
+    return qxGltfIsSwitch(core) || osg::UberLightPtr::dcast(core) != osg::NullFC;
+}
+
+bool qxGltfIsPlainTransform(const osg::NodeCorePtr &core)
+{
+    return osg::TransformPtr::dcast(core) != osg::NullFC
+        && osg::SwitchComponentTransformPtr::dcast(core) == osg::NullFC;
+}
+
+qxGltfPlace qxGltfPlaceOf(const osg::NodeCorePtr &core)
+{
+    const osg::TransformPtr transform = osg::TransformPtr::dcast(core);
+    if (transform == osg::NullFC)
+        return qxGltfPlace();
+    const osg::ComponentTransformPtr components = osg::ComponentTransformPtr::dcast(core);
+    if (components == osg::NullFC || !fitsComponents(components))
+        return matrixPlace(transform->getMatrix());
+    return {
+        qxGltfPlace::Components,
+        numbersOf(components->getTranslation(), components->getRotation(), components->getScale())};
+}
+
+void qxGltfDescribeCore(const osg::NodePtr &node, qxGltfNodeState &state)
+{
+    const osg::NodeCorePtr core = node->getCore();
+    if (core == osg::NullFC)
+        return;
+    const osg::SwitchComponentTransformPtr states = osg::SwitchComponentTransformPtr::dcast(core);
+    const osg::SwitchPtr choice = osg::SwitchPtr::dcast(core);
+    const osg::UberLightPtr light = osg::UberLightPtr::dcast(core);
+    const osg::OverlayCorePtr overlay = osg::OverlayCorePtr::dcast(core);
+    state.place = qxGltfPlaceOf(core);
+    if (choice != osg::NullFC) {
+        state.switchChoice = choice->getChoice();
+    } else if (states != osg::NullFC) {
+        state.transformChoice = int(states->getChoice());
+        state.transformStates = allNumbers(states->getStates());
+    } else if (light != osg::NullFC) {
+        state.light = qxGltfLight::of(light);
+        state.lightOn = light->getOn();
+    } else if (overlay != osg::NullFC) {
+        state.overlayLayer = overlay->getLayer();
+    } else if (state.place.kind == qxGltfPlace::Nowhere && !isPlainGroup(core)
+               && osg::GeometryPtr::dcast(core) == osg::NullFC) {
+        throw qxGltfError(qxFileText::tr("%1 cannot be written: scene files have no form for a %2")
+                              .arg(qxGltfCalled(node), core->getTypeName()));
+    }
+}
+
+void qxGltfDescribePoses(const osg::NodePtr &node, qxGltfPoses &poses)
+{
+    const osg::TransformStatesPtr states =
+        osg::TransformStatesPtr::dcast(node->findAttachment(osg::TransformStates::getClassType()));
+    if (states == osg::NullFC)
+        return;
+    poses.names.assign(states->getNames().begin(), states->getNames().end());
+    poses.numbers = allNumbers(states->getPoses());
+    poses.selected = states->getSelected();
+    const auto choices = osg::SwitchComponentTransformPtr::dcast(node->getCore());
+    const osg::MFMatrix &all = states->getPoses();
+    if (choices == osg::NullFC || choices->getChoice() >= choices->getCount()
+        || std::size_t(poses.selected) >= all.size())
+        return;
+    const osg::Matrix matrix = choices->getMatrix();
+    poses.showsPose = matrix == qxTransformStates::shown(all[std::size_t(poses.selected)])
+        && matrix != qxTransformStates::shown(choices->getStates()[choices->getChoice()]);
+}

@@ -1,0 +1,51 @@
+#include "Files/Gltf/Common/qxGltfJson.h"
+
+const qxJson &qxGltfMember(const qxJson &object, const char *name)
+{
+    static const qxJson none;
+    if (!object.is_object())
+        return none;
+    const auto found = object.find(name);
+    return found == object.end() ? none : *found;
+}
+
+const qxJson &qxGltfSection(const qxJson &document, const char *name)
+{
+    static const qxJson none = qxJson::array();
+    const qxJson &section = qxGltfMember(document, name);
+    return section.is_array() ? section : none;
+}
+
+int qxGltfIndex(const qxJson &object, const char *name)
+{
+    const qxJson &value = qxGltfMember(object, name);
+    return value.is_number_integer() ? value.get<int>() : -1;
+}
+
+QString qxFileText::kind(const char *kind)
+{
+    [[maybe_unused]] static const char *const toTranslate[] = {
+        QT_TR_NOOP("accessor"),        QT_TR_NOOP("buffer"), QT_TR_NOOP("buffer view"),
+        QT_TR_NOOP("camera"),          QT_TR_NOOP("image"),  QT_TR_NOOP("light"),
+        QT_TR_NOOP("material"),        QT_TR_NOOP("mesh"),   QT_TR_NOOP("node"),
+        QT_TR_NOOP("sampler"),         QT_TR_NOOP("scene"),  QT_TR_NOOP("skin"),
+        QT_TR_NOOP("switch material"), QT_TR_NOOP("texture")};
+    return tr(kind);
+}
+
+QString qxGltfCalled(const char *kind, int index, const qxJson &entry)
+{
+    const QString number = QString::number(index);
+    const qxJson &name = qxGltfMember(entry, "name");
+    if (!name.is_string())
+        return qxFileText::kind(kind) + ' ' + number;
+    return qxFileText::tr("%1 %2 \"%3\"", "a node, its number and its name")
+        .arg(qxFileText::kind(kind), number,
+             QString::fromStdString(name.get_ref<const std::string &>()));
+}
+
+QString qxGltfCalledPrimitive(int index, const qxJson &mesh, int primitive)
+{
+    return qxFileText::tr("%1, primitive %2")
+        .arg(qxGltfCalled("mesh", index, mesh), QString::number(primitive));
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Files/Gltf/Common/qxGltfDocument.h"
+#include "Files/Gltf/Common/qxTinyGltf.h"
+#include "Files/qxMemoryBudget.h"
+
+#include <QStringList>
+
+#include <vector>
+
+/// A checked scene file with its values in types and its data in memory.
+struct qxGltfModel {
+    qxGltfDocument document;
+    tinygltf::Model typed; ///< what shows: buffer views, accessors, meshes, materials, textures,
+                           ///< cameras and nodes; the rest stays in the document
+    std::vector<QByteArray> buffers;
+    qxMemoryBudget budget{qxMemoryBudget::limit()}; ///< what the decoded content may still take
+    QStringList warnings; ///< what was left out or put right, for the user
+
+    /// Reads and checks a file and everything it needs. Throws qxGltfError.
+    static qxGltfModel read(const QString &path);
+
+    /// The scene that is shown, null when the file has none.
+    const qxJson &scene() const;
+    /// The position of that scene, -1 when the file has none.
+    int sceneIndex() const;
+    /// The topmost nodes of that scene; without a scene all nodes that have no parent.
+    std::vector<int> roots() const;
+    /// The JSON of a node.
+    const qxJson &node(int index) const;
+    /// The bytes of a buffer view; null when its buffer has no data.
+    QByteArray bytesOfView(int index) const;
+};

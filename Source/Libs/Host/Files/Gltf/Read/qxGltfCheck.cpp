@@ -1,0 +1,192 @@
+#include "Files/Gltf/Read/qxGltfCheck.h"
+
+#include "Files/Gltf/Common/qxGltfLights.h"
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+const char *const _sections[] = {"scenes",  "nodes",       "meshes",   "materials", "textures",
+                                 "images",  "samplers",    "cameras",  "skins",     "animations",
+                                 "buffers", "bufferViews", "accessors"};
+
+void checkSections(const qxJson &document)
+{
+    for (const char *name : _sections) {
+        const qxJson &section = qxGltfMember(document, name);
+        if (!section.is_null() && !section.is_array())
+            throw qxGltfError(qxFileText::tr("\"%1\" is not a list").arg(name));
+        for (const qxJson &entry : qxGltfSection(document, name)) {
+            if (!entry.is_object())
+                throw qxGltfError(
+                    qxFileText::tr("\"%1\" holds something that is no object").arg(name));
+        }
+    }
+}
+
+void checkVersion(const qxJson &document)
+{
+    const qxJson &asset = qxGltfMember(document, "asset");
+    const qxJson &version = qxGltfMember(asset, "version");
+    if (!version.is_string())
+        throw qxGltfError(qxFileText::tr("not a glTF 2.0 scene: \"asset\" states no version"));
+    const qxJson &least = qxGltfMember(asset, "minVersion");
+    const QString stated =
+        QString::fromStdString((least.is_string() ? least : version).get<std::string>());
+    if (!stated.startsWith("2.") || (least.is_string() && stated != "2.0"))
+        throw qxGltfError(
+            qxFileText::tr("made for glTF version %1, only 2.0 can be read").arg(stated));
+}
+
+void checkExtensions(const qxJson &document)
+{
+    QStringList unknown;
+    for (const qxJson &required : qxGltfSection(document, "extensionsRequired")) {
+        if (!required.is_string())
+            throw qxGltfError(
+                qxFileText::tr("\"extensionsRequired\" holds something that is no text"));
+        const QString name = QString::fromStdString(required.get<std::string>());
+        if (!qxGltfUnderstoodExtensions().contains(name))
+            unknown << name;
+    }
+    if (!unknown.isEmpty())
+        throw qxGltfError(
+            qxFileText::tr("requires what is not supported: %1").arg(unknown.join(", ")));
+}
+
+void checkPrimitive(const QString &owner, const qxJson &primitive, const qxJson &document)
+{
+    if (!primitive.is_object())
+        throw qxGltfError(qxFileText::tr("%1 is no object").arg(owner));
+    const qxJson &accessors = qxGltfSection(document, "accessors");
+    const qxJson &attributes = qxGltfMember(primitive, "attributes");
+    if (!attributes.is_object())
+        throw qxGltfError(qxFileText::tr("%1 has no \"attributes\"").arg(owner));
+    for (const qxJson &accessor : attributes)
+        qxGltfCheckIndexValue(owner, accessor, accessors, "accessor");
+    qxGltfCheckIndex(owner, primitive, "indices", accessors, "accessor");
+    qxGltfCheckIndex(owner, primitive, "material", qxGltfSection(document, "materials"),
+                     "material");
+    if (qxGltfCheckedCount(owner, primitive, "mode", 4) > 6)
+        throw qxGltfError(qxFileText::tr("%1 has an unknown mode").arg(owner));
+}
+
+void checkMeshes(const qxJson &document)
+{
+    int index = 0;
+    for (const qxJson &mesh : qxGltfSection(document, "meshes")) {
+        const QString called = qxGltfCalled("mesh", index, mesh);
+        const qxJson &primitives = qxGltfMember(mesh, "primitives");
+        if (!primitives.is_array())
+            throw qxGltfError(qxFileText::tr("%1 has no \"primitives\"").arg(called));
+        int part = 0;
+        for (const qxJson &primitive : primitives)
+            checkPrimitive(qxGltfCalledPrimitive(index, mesh, part++), primitive, document);
+        ++index;
+    }
+}
+
+void checkTextureReference(const QString &owner, const qxJson &object, const char *name,
+                           const qxJson &document)
+{
+    const qxJson &reference = qxGltfMember(object, name);
+    if (!reference.is_null())
+        qxGltfCheckIndex(owner, reference, "index", qxGltfSection(document, "textures"), "texture");
+}
+
+void checkMaterials(const qxJson &document)
+{
+    int index = 0;
+    for (const qxJson &material : qxGltfSection(document, "materials")) {
+        const QString called = qxGltfCalled("material", index++, material);
+        const qxJson &surface = qxGltfMember(material, "pbrMetallicRoughness");
+        qxGltfCheckNumbers(called, surface, "baseColorFactor", 4);
+        qxGltfCheckNumbers(called, material, "emissiveFactor", 3);
+        checkTextureReference(called, surface, "baseColorTexture", document);
+        checkTextureReference(called, surface, "metallicRoughnessTexture", document);
+        for (const char *name : {"normalTexture", "occlusionTexture", "emissiveTexture"})
+            checkTextureReference(called, material, name, document);
+    }
+    index = 0;
+    for (const qxJson &texture : qxGltfSection(document, "textures")) {
+        const QString called = qxGltfCalled("texture", index++, texture);
+        qxGltfCheckIndex(called, texture, "source", qxGltfSection(document, "images"), "image");
+        qxGltfCheckIndex(called, texture, "sampler", qxGltfSection(document, "samplers"),
+                         "sampler");
+    }
+}
+
+} // namespace
+
+const QStringList &qxGltfUnderstoodExtensions()
+{
+    static const QStringList names{"KHR_lights_punctual",   "KHR_materials_emissive_strength",
+                                   "KHR_materials_unlit",   "KHR_materials_variants",
+                                   "KHR_mesh_quantization", "KHR_node_visibility",
+                                   "KHR_texture_transform"};
+    return names;
+}
+
+void qxGltfCheckIndexValue(const QString &owner, const qxJson &value, const qxJson &list,
+                           const char *what)
+{
+    if (!value.is_number_integer())
+        throw qxGltfError(qxFileText::tr("%1 names its %2 by something that is no index")
+                              .arg(owner, qxFileText::kind(what)));
+    const bool huge = value.is_number_unsigned()
+        && value.get<quint64>() > quint64(std::numeric_limits<int>::max());
+    const qint64 index = huge ? std::numeric_limits<qint64>::max() : value.get<qint64>();
+    if (index >= 0 && index < qint64(list.size()))
+        return;
+    throw qxGltfError(qxFileText::tr("%1 refers to %2 %3, the file has %4")
+                          .arg(owner, qxFileText::kind(what), QString::fromStdString(value.dump()))
+                          .arg(list.size()));
+}
+
+void qxGltfCheckIndex(const QString &owner, const qxJson &object, const char *name,
+                      const qxJson &list, const char *what)
+{
+    const qxJson &value = qxGltfMember(object, name);
+    if (!value.is_null())
+        qxGltfCheckIndexValue(owner, value, list, what);
+}
+
+void qxGltfCheckNumbers(const QString &owner, const qxJson &object, const char *name, int count)
+{
+    const qxJson &value = qxGltfMember(object, name);
+    if (value.is_null())
+        return;
+    if (!value.is_array() || int(value.size()) != count)
+        throw qxGltfError(
+            qxFileText::tr("%1: \"%2\" is not a list of %3 numbers").arg(owner, name).arg(count));
+    for (const qxJson &number : value) {
+        if (!number.is_number() || !std::isfinite(number.get<float>()))
+            throw qxGltfError(qxFileText::tr("%1: \"%2\" holds something that is no finite number")
+                                  .arg(owner, name));
+    }
+}
+
+qint64 qxGltfCheckedCount(const QString &owner, const qxJson &object, const char *name,
+                          qint64 fallback)
+{
+    const qxJson &value = qxGltfMember(object, name);
+    if (value.is_null())
+        return fallback;
+    // Sums of two such numbers still fit.
+    if (!value.is_number_unsigned() || value.get<quint64>() > quint64(1) << 60)
+        throw qxGltfError(qxFileText::tr("%1: \"%2\" is no count").arg(owner, name));
+    return qint64(value.get<quint64>());
+}
+
+void qxGltfCheck(const qxJson &document)
+{
+    checkVersion(document);
+    checkExtensions(document);
+    checkSections(document);
+    qxGltfCheckNodes(document);
+    qxGltfCheckLights(document);
+    qxGltfCheckData(document);
+    checkMeshes(document);
+    checkMaterials(document);
+}

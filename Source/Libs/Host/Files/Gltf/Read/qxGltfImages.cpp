@@ -1,0 +1,60 @@
+#include "Files/Gltf/Read/qxGltfImages.h"
+
+#include "Files/Gltf/Common/qxGltfModel.h"
+#include "Files/Gltf/Common/qxGltfUri.h"
+#include "Files/Gltf/Read/qxGltfCheck.h"
+#include "Pictures/qxEncodedPicture.h"
+
+namespace {
+
+QByteArray encoded(qxGltfModel &model, const qxJson &image)
+{
+    const qxJson &uri = qxGltfMember(image, "uri");
+    if (uri.is_string())
+        return qxGltfRead(model.document, uri.get_ref<const std::string &>(), model.budget);
+    const qxJson &views = qxGltfSection(model.document.json, "bufferViews");
+    qxGltfCheckIndexValue(qxFileText::tr("it"), qxGltfMember(image, "bufferView"), views,
+                          "buffer view");
+    const int view = image["bufferView"].get<int>();
+    model.budget.take(qint64(model.typed.bufferViews[std::size_t(view)].byteLength), 1);
+    return model.bytesOfView(view);
+}
+
+/// The text of its URI or, with a mark that no URI begins with, the number of its buffer view.
+std::string keyOf(const qxJson &image)
+{
+    const qxJson &uri = qxGltfMember(image, "uri");
+    return uri.is_string() ? uri.get<std::string>()
+                           : '#' + qxGltfMember(image, "bufferView").dump();
+}
+
+} // namespace
+
+osg::ImagePtr qxGltfImages::ofTexture(int texture)
+{
+    if (texture < 0)
+        return osg::ImagePtr();
+    const int image = m_model.typed.textures[std::size_t(texture)].source;
+    return image < 0 ? osg::ImagePtr() : make(image);
+}
+
+osg::ImagePtr qxGltfImages::make(int index)
+{
+    const qxJson &json = m_model.document.json["images"][std::size_t(index)];
+    const auto [known, isNew] = m_images.try_emplace(keyOf(json));
+    if (!isNew)
+        return known->second.get();
+    const QString called = qxGltfCalled("image", index, json);
+    const qxMemoryBudget before = m_model.budget;
+    try {
+        const qxEncodedPicture picture(encoded(m_model, json));
+        if (!picture.flaw().isEmpty())
+            throw qxGltfError(picture.flaw());
+        m_model.budget.take(picture.decodedSize(), 1);
+        known->second = picture.image(called);
+    } catch (const qxGltfError &error) {
+        m_model.budget = before;
+        m_model.warnings << qxFileText::tr("%1 is left out: %2").arg(called, error.reason());
+    }
+    return known->second.get();
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Files/Gltf/Common/qxGltfDocument.h"
+
+#include <QStringList>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+class qxOutputFile;
+
+/// Writes a scene file and the files that it needs beside it. No name on the disk changes before
+/// all of them are written completely, and the scene file itself comes last, when the others are on
+/// the disk; a file of other content is never replaced by one that the scene needs. When writing
+/// fails, the files beside the scene are taken back.
+class qxGltfOutput {
+public:
+    /// `path` decides by its suffix whether a .gltf or a .glb is written.
+    qxGltfOutput(const qxGltfDocument &document, const QString &path);
+
+    /// Writes `json`, the edited JSON of the document, whose buffers have the given content.
+    /// Throws qxGltfError.
+    void write(qxJson json, const std::vector<QByteArray> &buffers);
+    /// What could not be taken along, or was written another way than one might expect.
+    const QStringList &warnings() const { return m_warnings; }
+    /// Whether the scene file is no longer the old one, also when `write` has thrown.
+    bool isReplaced() const { return m_isReplaced; }
+    /// What the scene file holds then.
+    const QByteArray &content() const { return m_files.back().second; }
+    /// Whether a file of that path lies in the folder of the document.
+    static bool isBeside(const qxGltfDocument &document, const QString &path);
+
+private:
+    void refuseOwnFiles() const;
+    void packFirstBuffer(qxJson &json, const std::vector<QByteArray> &buffers);
+    void unpackFirstBuffer(qxJson &json);
+    void copyBuffers(qxJson &json, const std::vector<QByteArray> &buffers);
+    void copyPictures(qxJson &json);
+    void copy(qxJson &entry, const QByteArray &bytes);
+    QString place(const QString &wanted, const QByteArray &bytes);
+    void commit();
+    void settle(qxOutputFile &file);
+    void takeBack() const;
+    [[noreturn]] void fail(const QString &path, const QString &reason) const;
+
+    const qxGltfDocument &m_document;
+    QString m_path;
+    bool m_binary;
+    QByteArray m_bin;
+    std::vector<std::pair<QString, QByteArray>> m_files; ///< path and content, in order
+    std::map<QString, QByteArray> m_placed; ///< files beside the scene, by path
+    QStringList m_written; ///< beside the scene file, on the disk
+    bool m_isReplaced = false;
+    QStringList m_warnings;
+};

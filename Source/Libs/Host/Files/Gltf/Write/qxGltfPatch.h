@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Files/Gltf/Common/qxGltfJson.h"
+#include "Files/Gltf/Common/qxGltfState.h"
+
+/// Writes into the JSON of a file what differs between two descriptions of its scene. Everything
+/// else stays as it is, also what nobody here understands. Nodes that left the scene stay in the
+/// list of nodes, because other parts of the file may refer to nodes by their position.
+class qxGltfPatch {
+public:
+    /// `before` describes the scene as `json` has it, `after` as it is now.
+    qxGltfPatch(qxJson &json, const qxGltfState &before, const qxGltfState &after);
+
+    /// `meshes[i]` is the mesh of the file that node `i` of `after` shows now, -1 for none.
+    void write(const std::vector<int> &meshes, int scene);
+
+private:
+    void placeNewNodes();
+    void releaseLiveChildren();
+    void writeNode(std::size_t position, int mesh);
+    void writeVisibility(qxJson &node, bool visible);
+    void writeSharing(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeState &after);
+    void removeUnmeantMarks();
+    void takeChildrenFromScenes();
+    void writeScene(int scene);
+    const qxGltfNodeState &stateBefore(int index) const;
+    qxJson indicesOf(const std::vector<int> &positions, const std::vector<int> &indices) const;
+
+    qxJson &m_json;
+    const qxGltfState &m_before;
+    const qxGltfState &m_after;
+    const std::unordered_map<std::string, int> m_ownersBefore; ///< see qxGltfState::owners
+    const std::unordered_map<std::string, int> m_owners;
+    std::unordered_map<int, std::size_t> m_known; ///< position in `before` by index in the file
+    std::vector<int> m_indicesBefore;
+    std::vector<int> m_indices; ///< in the file, of all nodes of `after`
+    bool m_hasLeft = false; ///< whether nodes of `before` are gone
+};
+
+/// The number as JSON: its shortest decimal form that reads back exactly. What is no finite number
+/// becomes 0, or the largest one.
+qxJson qxGltfNumber(float number);
+qxJson qxGltfNumberList(const float *begin, std::size_t count);
+/// Notes that the file uses the extension.
+void qxGltfUseExtension(qxJson &document, const char *extension);
+/// Takes the extension out of an object.
+void qxGltfEraseExtension(qxJson &object, const char *extension);
+/// Puts `value` under `key` of the node's extras, or takes the entry out when it is null.
+/// Extras that hold no entries, such as a text, become an entry until ours are gone.
+void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value);

@@ -1,3 +1,0 @@
-// The one place where the body of the header-only reader is compiled.
-#define TINYGLTF_IMPLEMENTATION
-#include "Files/qxTinyGltf.h"

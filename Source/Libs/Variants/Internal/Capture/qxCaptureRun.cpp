@@ -1,0 +1,209 @@
+#include "Internal/Capture/qxCaptureRun.h"
+
+#include "Internal/Capture/qxCaptureProgress.h"
+#include "Internal/Materials/qxSwitchMaterials.h"
+#include "Internal/Registry/qxText.h"
+#include "Internal/Scene/qxOpenNodes.h"
+#include "Internal/Scene/qxPathLookup.h"
+#include "qxLightVariant.h"
+#include "qxNodeVariant.h"
+#include "qxTransformVariant.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "OSGUberLight.h"
+#include "qxLights.h"
+#include "qxMaterials.h"
+#include "qxNodeUtils.h"
+
+#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGMaterialGroup.h>
+#include <OpenSG/OSGMultiPassMaterial.h>
+#include <OpenSG/OSGSwitch.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+namespace {
+
+/// The core as that kind, null when it is another one. The type is looked at first, because a cast
+/// that fails is slow.
+template <class Core>
+typename Core::Ptr coreAs(const osg::NodeCorePtr &core)
+{
+    return core->getType().isDerivedFrom(Core::getClassType()) ? Core::Ptr::dcast(core)
+                                                               : typename Core::Ptr();
+}
+
+QString nameOf(const osg::NodePtr &node)
+{
+    return qxText::fromUtf8(qxNodeUtils::getName(node));
+}
+
+QString stateOf(const osg::NodePtr &node, const osg::SwitchPtr &core)
+{
+    if (core->getChoice() < 0)
+        return variantNone;
+    return node->getActive() ? nameOf(node->getChild(osg::UInt32(core->getChoice())))
+                             : variantDisable;
+}
+
+} // namespace
+
+qxCaptureRun::qxCaptureRun(qxVariantSet &set, const qxCaptureKinds &kinds,
+                           const qxCaptureNotes &notes, const std::vector<qxNodePtr> &roots,
+                           bool notify)
+    : m_set(set), m_kinds(kinds), m_notes(notes), m_roots(roots), m_notify(notify)
+{
+}
+
+void qxCaptureRun::visit(const osg::NodePtr &top)
+{
+    qxOpenNodes open(top); // not the call stack: scenes may be deep
+    for (;;) {
+        qxCaptureProgress::processEvents();
+        const osg::NodeRefPtr node(open.take()); // listeners may remove it
+        if (node == osg::NullFC)
+            return;
+        if (node->getCore() != osg::NullFC && captureNode(node))
+            open.addChildrenOf(node);
+    }
+}
+
+/// Whether the walk goes on below the node.
+bool qxCaptureRun::captureNode(const osg::NodePtr &node)
+{
+    const osg::NodeCorePtr core = node->getCore();
+    const auto geometry = coreAs<osg::Geometry>(core);
+    if (geometry != osg::NullFC && !qxVariants::_clonedGeoms.insert(core).second)
+        return false;
+    captureTransform(node);
+    captureSwitch(node);
+    const auto group = coreAs<osg::MaterialGroup>(core);
+    if (group != osg::NullFC) {
+        if (!mayDescend(node))
+            return false;
+        captureMaterialGroup(node, group);
+    }
+    if (geometry != osg::NullFC) {
+        captureGeometry(node, geometry);
+        return false;
+    }
+    if (coreAs<osg::UberLight>(core) != osg::NullFC)
+        captureLight(node);
+    return coreAs<osg::Group>(core) != osg::NullFC && mayDescend(node);
+}
+
+bool qxCaptureRun::mayDescend(const osg::NodePtr &node)
+{
+    bool captureNodes = m_kinds.nodes;
+    return qxVariants::checkAndSetNodeActive(node, &m_set, captureNodes, m_notify);
+}
+
+void qxCaptureRun::captureTransform(const osg::NodePtr &node)
+{
+    if (!m_kinds.transforms || qxNodeUtils::getTransformVariantCount(node) <= 0
+        || !qxNodeUtils::isTransformVariantInState(node))
+        return;
+    if (qxTransformVariant *variant = qxVariants::createTransformVariant(node, m_notify))
+        m_set.add(variant, qxText::fromUtf8(qxNodeUtils::getSelectedTransformVariantName(node)));
+}
+
+void qxCaptureRun::captureSwitch(const osg::NodePtr &node)
+{
+    const auto core = coreAs<osg::Switch>(node->getCore());
+    if (core == osg::NullFC || core->getChoice() >= osg::Int32(node->getNChildren()))
+        return;
+    const bool isEnvironment = qxNodeUtils::isEnvironmentGeometrySwitch(node);
+    if (!(isEnvironment ? m_kinds.environments : m_kinds.nodes))
+        return;
+    const QString state = stateOf(node, core); // before listeners change the children
+    if (qxNodeVariant *variant = qxVariants::createNodeVariant(node, m_notify))
+        m_set.add(variant, state);
+}
+
+void qxCaptureRun::captureMaterialGroup(const osg::NodePtr &node,
+                                        const osg::MaterialGroupPtr &group)
+{
+    if (!m_kinds.materials)
+        return;
+    qxVariants::addMaterialGroupIgnoreToVSet(node, group, &m_set);
+    if (group->getMaterial() != osg::NullFC)
+        takeSnapshot(node, group->getMaterial());
+}
+
+void qxCaptureRun::captureGeometry(const osg::NodePtr &node, const osg::GeometryPtr &geometry)
+{
+    if (!mayDescend(node) || (!m_kinds.materials && !m_kinds.environments))
+        return;
+    const osg::MaterialPtr material = geometry->getMaterial();
+    if (material == osg::NullFC)
+        return;
+    const osg::MaterialRefPtr kept(material); // listeners may give the node another one
+    if (isEnvironment(material) && qxSwitchMaterials::switchOf(material) != osg::NullFC)
+        return captureStates(material);
+    if (m_kinds.materials)
+        captureVariants(material);
+    if (isWanted(material))
+        takeSnapshot(node, material);
+}
+
+/// Asked once for each material: the answer takes as long as the material has contents.
+bool qxCaptureRun::isEnvironment(const osg::MaterialPtr &material)
+{
+    const osg::UInt32 id = material.getFieldContainerId();
+    const auto known = m_isEnvironment.constFind(id);
+    return known != m_isEnvironment.constEnd()
+        ? *known
+        : *m_isEnvironment.insert(id, qxMaterials::isEnvironmentMaterial(material));
+}
+
+bool qxCaptureRun::isWanted(const osg::MaterialPtr &material)
+{
+    return isEnvironment(material) ? m_kinds.environments : m_kinds.materials;
+}
+
+/// Takes down what the switch materials show that are seen of the material, as far as the flags
+/// want them.
+void qxCaptureRun::captureStates(const osg::MaterialPtr &material)
+{
+    const auto isSeen = [this](const osg::MaterialPtr &each) { return isWanted(each); };
+    qxSwitchMaterials::capture(m_set, material, m_notify, isSeen);
+}
+
+void qxCaptureRun::captureVariants(const osg::MaterialPtr &material)
+{
+    auto switchMaterial = osg::SwitchMaterialPtr::dcast(material);
+    auto passes = osg::MultiPassMaterialPtr::dcast(material);
+    if (switchMaterial != osg::NullFC)
+        qxVariants::captureMaterialVariantFromSwitchMaterial(&m_set, switchMaterial, m_notify);
+    else if (passes != osg::NullFC)
+        qxVariants::captureMaterialVariantFromMultiPassMaterial(&m_set, passes, m_notify);
+}
+
+void qxCaptureRun::captureLight(const osg::NodePtr &node)
+{
+    if (!m_kinds.lights)
+        return;
+    if (qxLightVariant *variant = qxVariants::createLightVariant(node, m_notify))
+        m_set.add(variant,
+                  node->getActive() && qxLights::getOn(node) ? variantEnable : variantDisable);
+}
+
+/// Notes the node's material, unless a node met earlier has the same path.
+void qxCaptureRun::takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr &material)
+{
+    const QString path = qxPathLookup::getNodePath(node);
+    qxVariants::handleMaterialSnapshots(&m_set, node, path, material, m_roots, m_notes.visitedNames,
+                                        m_notes.visitedSwitchMaterials, m_notes.visitedMaterials,
+                                        true, m_notify);
+    const osg::MaterialRefPtr now(qxNodeUtils::getMaterial(node)); // may be another one now
+    if (now == osg::NullFC)
+        return;
+    // Of a material group, and of what was just built or named; that was recorded unasked.
+    captureStates(now.get());
+    if (!isWanted(now.get()))
+        m_set.removeMaterialVariant(qxSwitchMaterials::nameOf(now.get()));
+    if (m_notes.materials.contains(path))
+        return;
+    m_notes.materials.insert(path, qxSwitchMaterials::nameOf(now.get()));
+    qxVariants::checkIfNodeMatchesNodePath(node, path.toUtf8().constData(), true);
+}

@@ -1,0 +1,102 @@
+#include "Internal/Materials/qxSwitchMaterialRepair.h"
+
+#include "Internal/Registry/qxNotify.h"
+#include "Internal/Scene/qxSceneEdits.h"
+#include "qxMaterialVariant.h"
+
+#include "qxMaterials.h"
+#include "qxScenegraph.h"
+
+#include <OpenSG/OSGMaterialDrawable.h>
+#include <OpenSG/OSGMaterialGroup.h>
+#include <OpenSG/OSGMaterialPool.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+namespace {
+
+const QString switchSuffix = QStringLiteral(" Switch");
+
+osg::SwitchMaterialPtr buildSwitchMaterial(const qxMaterialVariant &variant)
+{
+    const osg::SwitchMaterialPtr created = osg::SwitchMaterial::create();
+    qxMaterials::setName(created, variant.switchMaterialName.toUtf8().constData(), true);
+    for (const qxVariantOption &option : variant.options) {
+        const osg::MaterialPtr choice = qxMaterials::findMaterial(option.name.toUtf8().constData());
+        if (choice != osg::NullFC)
+            qxSceneEdits::addMaterial(created, choice);
+    }
+    return created;
+}
+
+std::vector<qxNodePtr> usersOf(const osg::MaterialPtr &material)
+{
+    std::vector<qxNodePtr> nodes;
+    qxMaterials::getNodesWithMaterial(nodes, material);
+    return nodes;
+}
+
+void replaceInDrawables(const osg::MaterialPtr &old, const osg::MaterialPtr &replacement)
+{
+    for (const qxNodePtr &node : usersOf(old)) {
+        const osg::MaterialDrawablePtr core = osg::MaterialDrawablePtr::dcast(node->getCore());
+        if (core != osg::NullFC)
+            qxSceneEdits::setMaterial(core, replacement);
+    }
+}
+
+void replaceInGroups(const osg::MaterialPtr &old, const osg::MaterialPtr &replacement)
+{
+    for (const qxNodePtr &node : usersOf(old)) {
+        const osg::MaterialGroupPtr core = osg::MaterialGroupPtr::dcast(node->getCore());
+        if (core != osg::NullFC)
+            qxSceneEdits::setMaterial(core, replacement);
+    }
+}
+
+/// Puts the switch material in the place of the ordinary material of its name.
+void replaceNamesake(const qxMaterialVariant &variant, const osg::MaterialPtr &namesake)
+{
+    const osg::MaterialRefPtr kept(namesake); // The pool may be its only owner.
+    const osg::SwitchMaterialPtr created = buildSwitchMaterial(variant);
+    qxSceneEdits::setChoice(created, 0);
+    qxSceneEdits::addToPool(qxScenegraph::getMaterialPool(), created);
+    qxSceneEdits::subFromPool(qxScenegraph::getMaterialPool(), namesake);
+    replaceInDrawables(namesake, created);
+    qxNotify::sceneMaterialsChanged();
+}
+
+void addMissing(const qxMaterialVariant &variant)
+{
+    const QString name = variant.switchMaterialName;
+    const osg::SwitchMaterialPtr created = buildSwitchMaterial(variant);
+    qxSceneEdits::addToPool(qxScenegraph::getMaterialPool(), created);
+    qxNotify::sceneMaterialsChanged();
+
+    if (!name.endsWith(switchSuffix))
+        return;
+    const QString plainName = name.left(name.size() - switchSuffix.size());
+    const osg::MaterialPtr plain = qxMaterials::findMaterial(plainName.toUtf8().constData());
+    if (plain != osg::NullFC)
+        replaceInGroups(plain, created);
+}
+
+} // namespace
+
+namespace qxSwitchMaterialRepair {
+
+void ensureSwitchMaterial(const qxMaterialVariant &variant)
+{
+    const QByteArray name = variant.switchMaterialName.toUtf8();
+    osg::MaterialPtr namesake = osg::NullFC;
+    for (const osg::MaterialPtr &each : qxMaterials::findMaterials(name.constData())) {
+        if (osg::SwitchMaterialPtr::dcast(each) != osg::NullFC)
+            return;
+        namesake = each;
+    }
+    if (namesake != osg::NullFC)
+        replaceNamesake(variant, namesake);
+    else
+        addMissing(variant);
+}
+
+} // namespace qxSwitchMaterialRepair

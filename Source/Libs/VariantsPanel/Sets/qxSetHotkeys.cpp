@@ -1,0 +1,149 @@
+#include "qxSetHotkeys.h"
+
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "Variants/qxVariantsModel.h"
+#include "qxTakenKeys.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QKeySequenceEdit>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include <algorithm>
+
+namespace {
+
+/// Whether what is typed goes into the focused widget.
+bool isTyping()
+{
+    const QWidget *const focus = QApplication::focusWidget();
+    return qobject_cast<const QLineEdit *>(focus) || qobject_cast<const QPlainTextEdit *>(focus)
+        || qobject_cast<const QTextEdit *>(focus) || qobject_cast<const QKeySequenceEdit *>(focus)
+        || qobject_cast<const QAbstractSpinBox *>(focus);
+}
+
+struct Combination {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+};
+
+/// Whether the key operates the focused widget, which people without a mouse depend on.
+bool isOperating(const Combination &pressed)
+{
+    static const int keys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter,   Qt::Key_Up,
+                               Qt::Key_Down,  Qt::Key_Left,   Qt::Key_Right,   Qt::Key_PageUp,
+                               Qt::Key_Home,  Qt::Key_End,    Qt::Key_PageDown};
+    const Qt::KeyboardModifiers others = pressed.modifiers & ~Qt::ShiftModifier; // that one extends
+    const QWidget *const focus = QApplication::focusWidget();
+    const bool isOperated = qobject_cast<const QAbstractItemView *>(focus)
+        || qobject_cast<const QAbstractButton *>(focus) || qobject_cast<const QComboBox *>(focus);
+    return isOperated && !others
+        && std::find(std::begin(keys), std::end(keys), pressed.key) != std::end(keys);
+}
+
+/// The first set with that key; there may be thousands, but a key is not pressed that often.
+const qxVariantSet *setWith(const Combination &pressed)
+{
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        if (set->key > 0 && set->key == pressed.key && set->modifiers == pressed.modifiers)
+            return set;
+    }
+    return nullptr;
+}
+
+struct Option {
+    int kind = -1; ///< -1 for none
+    QString variant;
+    QString name;
+};
+
+Option optionWith(const Combination &pressed)
+{
+    Option found;
+    qxVariantsModel::visit([&](int kind, const qxVariant &variant) {
+        for (const qxVariantOption &option : variant.options) {
+            if (found.kind < 0 && option.key > 0 && option.key == pressed.key
+                && option.modifiers == pressed.modifiers)
+                found = {kind, variant.name, option.name};
+        }
+    });
+    return found;
+}
+
+} // namespace
+
+qxSetHotkeys::qxSetHotkeys(qxTakenKeys *taken, QWidget *place)
+    : QObject(place), m_taken(taken), m_place(place)
+{
+    qApp->installEventFilter(this);
+}
+
+/// Shortcuts have had their turn when a key arrives here.
+bool qxSetHotkeys::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QObject::eventFilter(watched, event);
+    if (!watched->isWidgetType()
+        || qxTakenKeys::windowOf(*static_cast<QWidget *>(watched))
+            != qxTakenKeys::windowOf(*m_place))
+        return false;
+    const auto *const key = static_cast<QKeyEvent *>(event);
+    const Combination pressedKey{key->key(), key->modifiers() & ~Qt::KeypadModifier};
+    if (isTyping() || isOperating(pressedKey))
+        return false;
+    const qxVariantSet *const set = setWith(pressedKey);
+    const Option option = set ? Option() : optionWith(pressedKey);
+    if (!set && option.kind < 0)
+        return false;
+    m_taken->look();
+    if (!m_taken->ownerOf(pressedKey.key | int(pressedKey.modifiers)).isEmpty())
+        return false;
+    event->accept();
+    if (key->isAutoRepeat())
+        return true;
+    if (set)
+        emit pressed(set->name);
+    else
+        emit optionPressed(option.kind, option.variant, option.name);
+    return true;
+}
+
+QString qxSetHotkeys::flawOf(const qxVariantSet &set, const qxTakenKeys &taken)
+{
+    const QString owner = set.key > 0 ? taken.ownerOf(set.key | int(set.modifiers)) : QString();
+    return owner.isEmpty()
+        ? QString()
+        : tr("The key is taken by \"%1\" and does not select this set.").arg(owner);
+}
+
+QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const qxTakenKeys &taken)
+{
+    if (set.key <= 0)
+        return QString();
+    const QString flaw = flawOf(set, taken);
+    if (!flaw.isEmpty())
+        return flaw;
+    QStringList lines;
+    const Combination own{set.key, set.modifiers};
+    for (const qxVariantSet *other : qxVariants::_variantSets) {
+        if (other->name == set.name || other->key != set.key || other->modifiers != set.modifiers)
+            continue;
+        const bool isFirst = setWith(own)->name == set.name;
+        lines << (isFirst ? tr("\"%1\" has this key, too; this set comes first.")
+                          : tr("\"%1\" has this key, too, and comes first."))
+                     .arg(other->name);
+        break;
+    }
+    const Option option = optionWith(own);
+    if (option.kind >= 0)
+        lines << tr("The option \"%1\" of \"%2\" has this key, too; this set comes first.")
+                     .arg(option.name, option.variant);
+    return lines.join('\n');
+}

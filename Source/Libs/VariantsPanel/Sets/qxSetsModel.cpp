@@ -1,0 +1,459 @@
+#include "qxSetsModel.h"
+
+#include "qxVariantGroup.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "Undo/qxSetEdits.h"
+#include "qxKeyText.h"
+#include "qxPanelEvents.h"
+#include "qxPreviewPicture.h"
+#include "qxSetHotkeys.h"
+#include "qxTakenKeys.h"
+
+#include <QDataStream>
+#include <QMimeData>
+#include <QPixmapCache>
+#include <QTextDocument>
+
+#include <algorithm>
+
+namespace {
+
+const char *const setNamesType = "application/x-qx-variant-sets";
+const char *const groupNamesType = "application/x-qx-variant-groups";
+
+QStringList namesIn(const QMimeData &data, const char *type)
+{
+    QDataStream stream(data.data(type));
+    QStringList names;
+    stream >> names;
+    return names;
+}
+
+int stateCount(const qxVariantSet &set)
+{
+    return int(set.nodeVariants.size() + set.materialVariants.size() + set.lightVariants.size()
+               + set.overlayVariants.size() + set.transformVariants.size());
+}
+
+/// Whether the set has references that could be of use.
+bool refersToAnything(const qxVariantSet &set)
+{
+    return !set.nodeVariants.empty() || !set.materialVariants.empty() || !set.lightVariants.empty()
+        || !set.overlayVariants.empty() || !set.geometries.empty() || !set.viewpoints.empty()
+        || !set.animations.empty();
+}
+
+/// Keeps a tool tip from taking names for markup.
+QString plain(const QString &text)
+{
+    return text.isEmpty() ? text : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
+}
+
+bool isUnused(qxVariantSet &set)
+{
+    return refersToAnything(set) && !set.isUsed();
+}
+
+} // namespace
+
+qxSetsModel::qxSetsModel(Shape shape, qxPanelEvents *events, qxSetEdits *edits, QObject *parent)
+    : QAbstractItemModel(parent), m_shape(shape), m_edits(edits)
+{
+    connect(events, &qxPanelEvents::setsChanged, this, &qxSetsModel::refresh);
+    connect(events, &qxPanelEvents::statesChanged, this, &qxSetsModel::refreshStates);
+    refresh();
+}
+
+void qxSetsModel::setTakenKeys(const qxTakenKeys *taken)
+{
+    m_taken = taken;
+    connect(taken, &qxTakenKeys::changed, this, &qxSetsModel::rowsShowAnew);
+}
+
+qxVariantSet *qxSetsModel::setAt(const QModelIndex &index) const
+{
+    const Row *const row = rowAt(index);
+    return row && !row->isGroup ? qxVariants::findVariantSet(row->name) : nullptr;
+}
+
+qxVariantGroup *qxSetsModel::groupAt(const QModelIndex &index) const
+{
+    const Row *const row = rowAt(index);
+    return row && row->isGroup ? qxVariants::findVariantGroup(row->name) : nullptr;
+}
+
+QModelIndex qxSetsModel::indexOfSet(const QString &name) const
+{
+    return indexOfRow(m_sets.value(name, -1));
+}
+
+QModelIndex qxSetsModel::indexOfGroup(const QString &name) const
+{
+    return indexOfRow(m_groups.value(name, -1));
+}
+
+QModelIndex qxSetsModel::index(int row, int column, const QModelIndex &parent) const
+{
+    if (!hasIndex(row, column, parent))
+        return QModelIndex();
+    const Row *const above = rowAt(parent);
+    const int place = (above ? above->children : m_top)[std::size_t(row)];
+    return createIndex(row, column, quintptr(place));
+}
+
+QModelIndex qxSetsModel::parent(const QModelIndex &index) const
+{
+    const Row *const row = rowAt(index);
+    return row ? indexOfRow(row->parent) : QModelIndex();
+}
+
+int qxSetsModel::rowCount(const QModelIndex &parent) const
+{
+    if (!parent.isValid())
+        return int(m_top.size());
+    return int(rowAt(parent)->children.size());
+}
+
+QVariant qxSetsModel::data(const QModelIndex &index, int role) const
+{
+    const Row *const row = rowAt(index);
+    if (!row)
+        return QVariant();
+    if (role == Qt::DisplayRole || role == Qt::EditRole)
+        return row->name;
+    if (role == IsGroupRole)
+        return row->isGroup;
+    if (const qxVariantGroup *const group = groupAt(index))
+        return groupData(*group, int(row->children.size()), role);
+    if (qxVariantSet *const set = setAt(index))
+        return setDataOf(*set, role);
+    return QVariant();
+}
+
+QVariant qxSetsModel::groupData(const qxVariantGroup &group, int found, int role)
+{
+    const int count = int(group.sets.size());
+    switch (role) {
+    case CommentRole:
+        return group.comment;
+    case Qt::ToolTipRole:
+        return plain(group.comment);
+    case HiddenRole:
+        return !group.visible;
+    case CountRole:
+        return found == count ? QString::number(count) : tr("%1 of %2").arg(found).arg(count);
+    case EmptyRole:
+        return group.sets.empty();
+    default:
+        return QVariant();
+    }
+}
+
+// A list, not a procedure.
+QVariant qxSetsModel::setDataOf(qxVariantSet &set, int role) const
+{
+    switch (role) {
+    case GroupRole:
+        return set.group ? QString(set.group->name) : QString();
+    case HotkeyRole:
+        return qxKeyText::shown(set.hotkey);
+    case KeyTakenRole:
+        return !keyFlaw(set).isEmpty();
+    case CommentRole:
+        return set.comment;
+    case PreviewRole:
+        return previewOf(set);
+    case CountRole:
+        return stateCount(set);
+    case EmptyRole:
+        return set.isEmpty();
+    case UnusedRole:
+        return isUnused(set);
+    case CurrentRole:
+        return m_match.matches(set);
+    case Qt::ToolTipRole:
+        return toolTip(set);
+    default:
+        return QVariant();
+    }
+}
+
+/// Explains what the row shows by marks, too.
+QString qxSetsModel::toolTip(qxVariantSet &set) const
+{
+    QStringList lines(set.name);
+    if (!set.comment.isEmpty())
+        lines << set.comment;
+    lines << tr("%n states", nullptr, stateCount(set));
+    if (!set.hotkey.isEmpty())
+        lines << tr("Key: %1").arg(qxKeyText::shown(set.hotkey));
+    if (!keyFlaw(set).isEmpty())
+        lines << keyFlaw(set);
+    if (m_match.matches(set))
+        lines << tr("The scene shows it now.");
+    if (set.isEmpty())
+        lines << tr("It is empty: selecting it changes nothing.");
+    else if (isUnused(set))
+        lines << tr("Nothing of what it refers to is in the scene.");
+    return plain(lines.join('\n'));
+}
+
+QString qxSetsModel::keyFlaw(const qxVariantSet &set) const
+{
+    return m_taken ? qxSetHotkeys::flawOf(set, *m_taken) : QString();
+}
+
+QPixmap qxSetsModel::previewOf(const qxVariantSet &set) const
+{
+    if (set.preview.isEmpty())
+        return QPixmap();
+    // The same bytes give the same picture, whichever set has them.
+    const QString key =
+        QStringLiteral("qxPreview%1-%2").arg(set.preview.size()).arg(qHash(set.preview));
+    QPixmap picture;
+    if (!QPixmapCache::find(key, &picture) && qxPreviewPicture::isDecodable(set.preview)
+        && picture.loadFromData(set.preview))
+        QPixmapCache::insert(key, picture);
+    return picture;
+}
+
+bool qxSetsModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    const Row *const row = rowAt(index);
+    if (!row || role != Qt::EditRole)
+        return false;
+    const QString name = row->name;
+    if (row->isGroup)
+        m_edits->renameGroup(name, value.toString());
+    else
+        m_edits->renameSet(name, value.toString());
+    return true;
+}
+
+Qt::ItemFlags qxSetsModel::flags(const QModelIndex &index) const
+{
+    const Row *const row = rowAt(index);
+    if (!row)
+        return Qt::ItemIsDropEnabled;
+    const Qt::ItemFlags common =
+        Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
+    // A set in the gallery takes others before it.
+    return row->isGroup || m_shape == Flat ? common | Qt::ItemIsDropEnabled : common;
+}
+
+QStringList qxSetsModel::mimeTypes() const
+{
+    return {setNamesType, groupNamesType};
+}
+
+/// Sets are dragged, or else groups.
+QMimeData *qxSetsModel::mimeData(const QModelIndexList &indexes) const
+{
+    QStringList sets;
+    QStringList groups;
+    for (const QModelIndex &index : indexes) {
+        if (const Row *const row = rowAt(index))
+            (row->isGroup ? groups : sets).append(row->name);
+    }
+    QByteArray names;
+    QDataStream stream(&names, QIODevice::WriteOnly);
+    stream << (sets.isEmpty() ? groups : sets);
+    auto *const data = new QMimeData;
+    data->setData(sets.isEmpty() ? groupNamesType : setNamesType, names);
+    return data;
+}
+
+bool qxSetsModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                                  const QModelIndex &parent) const
+{
+    // Groups stand between groups, not in them.
+    const bool isGroup = data->hasFormat(groupNamesType);
+    const bool isBesideCards = m_shape == Flat && row < 0 && !parent.isValid();
+    return QAbstractItemModel::canDropMimeData(data, action, row, column, parent)
+        && !(isGroup && parent.isValid()) && !isBesideCards;
+}
+
+bool qxSetsModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                               const QModelIndex &parent)
+{
+    if (!canDropMimeData(data, action, row, column, parent))
+        return false;
+    if (data->hasFormat(groupNamesType)) {
+        m_edits->moveGroups(namesIn(*data, groupNamesType),
+                            row < m_firstAlone ? nameIn(m_top, row) : QString());
+        return false;
+    }
+    const Target target = targetOf(row, parent);
+    m_edits->moveSets(namesIn(*data, setNamesType), target.group, target.before);
+    return false; // The move is done: the view must not remove the rows.
+}
+
+/// What a drop before that row means, or one on the set `parent`. Between groups it means behind
+/// the sets of the upper one.
+qxSetsModel::Target qxSetsModel::targetOf(int row, const QModelIndex &parent) const
+{
+    const Row *const above = rowAt(parent);
+    if (above && above->isGroup)
+        return {above->name, nameIn(above->children, row)};
+    const int place = above ? above->row : row;
+    if (place < 0 || place >= int(m_top.size()))
+        return Target();
+    const Row &next = m_rows[std::size_t(m_top[std::size_t(place)])];
+    if (next.isGroup && place > 0)
+        return {nameIn(m_top, place - 1), QString()};
+    if (next.isGroup)
+        return {next.name, nameIn(next.children, 0)};
+    const qxVariantSet *const set = qxVariants::findVariantSet(next.name);
+    return {set && set->group ? QString(set->group->name) : QString(), next.name};
+}
+
+/// The name of that row; empty past the end.
+QString qxSetsModel::nameIn(const std::vector<int> &places, int row) const
+{
+    const bool isThere = row >= 0 && row < int(places.size());
+    return isThere ? m_rows[std::size_t(places[std::size_t(row)])].name : QString();
+}
+
+void qxSetsModel::setSearch(const QString &text)
+{
+    const QStringList words = text.simplified().split(' ', Qt::SkipEmptyParts);
+    if (words == m_words)
+        return;
+    m_words = words;
+    refresh();
+}
+
+void qxSetsModel::setHiddenShown(bool shown)
+{
+    m_showsHidden = shown;
+    refresh();
+}
+
+bool qxSetsModel::isFound(const QString &text) const
+{
+    return std::all_of(m_words.begin(), m_words.end(), [&text](const QString &word) {
+        return text.contains(word, Qt::CaseInsensitive);
+    });
+}
+
+bool qxSetsModel::isFound(const qxVariantSet &set) const
+{
+    if (m_words.isEmpty())
+        return true;
+    const QChar end('\n'); // No word goes across.
+    return isFound(set.name + end + set.comment + end + qxKeyText::shown(set.hotkey) + end
+                   + (set.group ? QString(set.group->name) : QString()));
+}
+
+void qxSetsModel::refresh()
+{
+    emit layoutAboutToBeChanged();
+    const Rows before = std::move(m_rows);
+    m_sets.clear();
+    m_groups.clear();
+    readRows();
+    keepPersistentIndexes(before);
+    emit layoutChanged();
+    refreshStates();
+}
+
+void qxSetsModel::refreshStates()
+{
+    m_match.reset();
+    rowsShowAnew();
+}
+
+void qxSetsModel::rowsShowAnew()
+{
+    const auto tell = [this](const QModelIndex &parent) {
+        if (const int count = rowCount(parent))
+            emit dataChanged(index(0, 0, parent), index(count - 1, 0, parent));
+    };
+    tell(QModelIndex());
+    for (int row = 0; row < int(m_top.size()); ++row)
+        tell(index(row, 0, QModelIndex()));
+}
+
+void qxSetsModel::readRows()
+{
+    m_rows.clear();
+    m_top.clear();
+    for (const qxVariantGroup *group : qxVariants::_variantGroups) {
+        if (group->visible || m_showsHidden)
+            readGroup(*group);
+    }
+    m_firstAlone = int(m_top.size());
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        if (!set->group && isFound(*set))
+            appendRow(set, set->name, false, -1);
+    }
+}
+
+void qxSetsModel::readGroup(const qxVariantGroup &group)
+{
+    std::vector<const qxVariantSet *> found;
+    std::copy_if(group.sets.begin(), group.sets.end(), std::back_inserter(found),
+                 [this](const qxVariantSet *set) { return isFound(*set); });
+    int place = -1;
+    if (m_shape == Tree && (!found.empty() || isFound(group.name)))
+        place = appendRow(&group, group.name, true, -1);
+    for (const qxVariantSet *set : found)
+        appendRow(set, set->name, false, place);
+}
+
+int qxSetsModel::appendRow(const void *object, const QString &name, bool isGroup, int parent)
+{
+    std::vector<int> &siblings = parent < 0 ? m_top : m_rows[std::size_t(parent)].children;
+    const int row = int(siblings.size());
+    const int place = int(m_rows.size());
+    siblings.push_back(place);
+    (isGroup ? m_groups : m_sets).insert(name, place);
+    m_rows.push_back({object, name, isGroup, parent, {}, row});
+    return place;
+}
+
+/// Finds what a view remembers in its new place: by name, so that a set that came back is found,
+/// else by identity if a new name stands there, which is a rename. Identity comes second because
+/// an object that is made after another one went often has its address.
+void qxSetsModel::keepPersistentIndexes(const Rows &before)
+{
+    QHash<const void *, int> renamed;
+    for (std::size_t place = 0; place < m_rows.size(); ++place)
+        renamed.insert(m_rows[place].object, int(place));
+    for (const Row &row : before) {
+        const int place = placeOf(row);
+        if (place >= 0)
+            renamed.remove(m_rows[std::size_t(place)].object);
+    }
+    const QModelIndexList kept = persistentIndexList();
+    QModelIndexList moved;
+    for (const QModelIndex &index : kept) {
+        const Row &row = before[std::size_t(index.internalId())];
+        int place = placeOf(row);
+        if (place < 0)
+            place = renamed.value(row.object, -1);
+        const bool same = place >= 0 && m_rows[std::size_t(place)].isGroup == row.isGroup;
+        moved.append(same ? indexOfRow(place) : QModelIndex());
+    }
+    changePersistentIndexList(kept, moved);
+}
+
+/// Where the set or group of that name is now; -1 if it is gone.
+int qxSetsModel::placeOf(const Row &row) const
+{
+    return (row.isGroup ? m_groups : m_sets).value(row.name, -1);
+}
+
+const qxSetsModel::Row *qxSetsModel::rowAt(const QModelIndex &index) const
+{
+    return index.isValid() ? &m_rows[std::size_t(index.internalId())] : nullptr;
+}
+
+QModelIndex qxSetsModel::indexOfRow(int place) const
+{
+    if (place < 0)
+        return QModelIndex();
+    return createIndex(m_rows[std::size_t(place)].row, 0, quintptr(place));
+}

@@ -1,0 +1,424 @@
+#include "qxVariantSetsDock.h"
+
+#include "qxVariantGroup.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "Undo/qxSetEdits.h"
+#include "Variants/qxVariantsModel.h"
+#include "qxPanelEvents.h"
+#include "qxSetCapture.h"
+#include "qxSetForm.h"
+#include "qxSetHotkeys.h"
+#include "qxSetMatch.h"
+#include "qxSetsView.h"
+#include "qxTakenKeys.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QToolButton>
+#include <QUndoStack>
+#include <QVBoxLayout>
+
+qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
+    : QDockWidget(parent), m_events(new qxPanelEvents(this)), m_edits(new qxSetEdits(this)),
+      m_taken(new qxTakenKeys(this)), m_view(new qxSetsView(m_events, m_edits)),
+      m_form(new qxSetForm(m_events, m_edits, m_taken))
+{
+    setObjectName(QStringLiteral("qxVariantSetsDock"));
+    m_view->setTakenKeys(m_taken);
+    buildActions();
+    buildContents();
+    retranslate();
+    connect(m_view, &qxSetsView::activated, this, &qxVariantSetsDock::selectSet);
+    connect(m_view, &qxSetsView::currentChanged, this, &qxVariantSetsDock::followCurrent);
+    connect(m_view, &qxSetsView::selectionChanged, this, &qxVariantSetsDock::followSelection);
+    connect(m_view, &qxSetsView::menuRequested, this, &qxVariantSetsDock::showMenu);
+    connect(m_events, &qxPanelEvents::setsChanged, this, &qxVariantSetsDock::followGroup);
+    connect(m_events, &qxPanelEvents::setSelected, m_view, &qxSetsView::showSet);
+    auto *const hotkeys = new qxSetHotkeys(m_taken, this);
+    connect(hotkeys, &qxSetHotkeys::pressed, this, &qxVariantSetsDock::selectSet);
+    connect(hotkeys, &qxSetHotkeys::optionPressed, this, &qxVariantSetsDock::selectOption);
+    // Steps hold parts of the scene.
+    connect(m_events, &qxPanelEvents::aboutToForget, undoStack(), &QUndoStack::clear);
+    followCurrent();
+}
+
+void qxVariantSetsDock::changeEvent(QEvent *event)
+{
+    QDockWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void qxVariantSetsDock::retranslate()
+{
+    setWindowTitle(QCoreApplication::translate("qxVariants", "Variant Sets"));
+    m_search->setPlaceholderText(tr("Search sets"));
+    m_gallery->setText(tr("Gallery"));
+    m_gallery->setToolTip(tr("Show the previews of all sets"));
+    m_capture->setText(tr("Capture..."));
+    m_capture->setToolTip(tr("Make a set of what the scene shows now"));
+    for (int number = 0; number < m_actions.size(); ++number)
+        m_actions[number]->setText(tr(m_texts[number]));
+    showFound();
+}
+
+QUndoStack *qxVariantSetsDock::undoStack() const
+{
+    return m_edits->stack();
+}
+
+void qxVariantSetsDock::buildContents()
+{
+    auto *const splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(m_view);
+    auto *const scrolled = new QScrollArea; // A long form must not take the list's room.
+    scrolled->setWidget(m_form);
+    scrolled->setWidgetResizable(true);
+    scrolled->setFrameShape(QFrame::NoFrame);
+    splitter->addWidget(scrolled);
+    splitter->setSizes({600, 300});
+    splitter->setCollapsible(0, false);
+    auto *const contents = new QWidget;
+    auto *const layout = new QVBoxLayout(contents);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(buildTopLine());
+    m_found = new QLabel;
+    m_found->setObjectName(QStringLiteral("found"));
+    m_found->setMargin(4);
+    m_found->setTextFormat(Qt::PlainText);
+    layout->addWidget(m_found);
+    layout->addWidget(splitter, 1);
+    setWidget(contents);
+}
+
+QWidget *qxVariantSetsDock::buildTopLine()
+{
+    auto *const line = new QWidget;
+    auto *const layout = new QHBoxLayout(line);
+    layout->setContentsMargins(4, 4, 4, 0);
+    m_search = new QLineEdit;
+    m_search->setObjectName(QStringLiteral("search"));
+    m_search->setClearButtonEnabled(true);
+    m_search->installEventFilter(this);
+    connect(m_search, &QLineEdit::textChanged, m_view, &qxSetsView::setSearch);
+    connect(m_search, &QLineEdit::returnPressed, this, &qxVariantSetsDock::selectFound);
+    connect(m_view, &qxSetsView::searched, this, &qxVariantSetsDock::showFound);
+    m_gallery = new QToolButton;
+    m_gallery->setObjectName(QStringLiteral("gallery"));
+    m_gallery->setCheckable(true);
+    connect(m_gallery, &QToolButton::toggled, m_view,
+            [this](bool on) { m_view->setForm(on ? qxSetsView::Gallery : qxSetsView::List); });
+    m_capture = new QToolButton;
+    connect(m_capture, &QToolButton::clicked, this, &qxVariantSetsDock::captureSet);
+    layout->addWidget(m_search, 1);
+    layout->addWidget(m_gallery);
+    layout->addWidget(m_capture);
+    return line;
+}
+
+// A list, not a procedure.
+void qxVariantSetsDock::buildActions()
+{
+    typedef qxVariantSetsDock Dock;
+    m_ofSets << addAction(QT_TR_NOOP("&Select"), QKeySequence(), &Dock::selectCurrent);
+    addAction(QT_TR_NOOP("&Find Set"), QKeySequence::Find, &Dock::goToSearch, Qt::WindowShortcut);
+    addAction(QT_TR_NOOP("&Add Set"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_N), &Dock::addSet,
+              Qt::WindowShortcut);
+    addAction(QT_TR_NOOP("Add &Group"), QKeySequence(), &Dock::addGroup);
+    addAction(QT_TR_NOOP("&Capture..."), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_C),
+              &Dock::captureSet, Qt::WindowShortcut);
+    m_ofSets << addAction(QT_TR_NOOP("&Update from Scene..."), QKeySequence(), &Dock::updateSet);
+    m_ofSets << addAction(QT_TR_NOOP("New &Preview"), QKeySequence(), &Dock::makePreview);
+    addAction(QT_TR_NOOP("Previews of All Sets"), QKeySequence(), &Dock::makeAllPreviews);
+    addAction(QT_TR_NOOP("&Rename"), QKeySequence(Qt::Key_F2), &Dock::renameCurrent);
+    m_ofSets << addAction(QT_TR_NOOP("&Duplicate"), QKeySequence(Qt::CTRL + Qt::Key_D),
+                          &Dock::duplicateSets);
+    addAction(QT_TR_NOOP("M&ove Up"), QKeySequence(Qt::ALT + Qt::Key_Up), &Dock::moveUp);
+    addAction(QT_TR_NOOP("Move Do&wn"), QKeySequence(Qt::ALT + Qt::Key_Down), &Dock::moveDown);
+    m_ofSets << addAction(QT_TR_NOOP("&Move to..."), QKeySequence(Qt::CTRL + Qt::Key_M),
+                          &Dock::askWhereTo);
+    addAction(QT_TR_NOOP("De&lete"), QKeySequence::Delete, &Dock::removeSelected);
+    m_withSets = addAction(QT_TR_NOOP("Delete Group with Its S&ets"),
+                           QKeySequence(Qt::SHIFT + Qt::Key_Delete), &Dock::removeGroupsWithSets);
+    m_groupVisible = addAction(QT_TR_NOOP("Group V&isible"), QKeySequence(), nullptr);
+    m_groupVisible->setCheckable(true);
+    connect(m_groupVisible, &QAction::triggered, this, &Dock::setGroupVisible);
+    QAction *const hidden = addAction(QT_TR_NOOP("Show &Hidden Groups"), QKeySequence(), nullptr);
+    hidden->setCheckable(true);
+    connect(hidden, &QAction::toggled, m_view, &qxSetsView::setHiddenShown);
+    m_ofSets << addAction(QT_TR_NOOP("Show Connected &Variants"), QKeySequence(),
+                          &Dock::showConnected);
+}
+
+QAction *qxVariantSetsDock::addAction(const char *text, const QKeySequence &key,
+                                      void (qxVariantSetsDock::*run)(), Qt::ShortcutContext where)
+{
+    auto *const action = new QAction(this);
+    action->setShortcut(key);
+    action->setShortcutContext(where);
+    if (run)
+        connect(action, &QAction::triggered, this, run);
+    m_view->addAction(action);
+    m_actions << action;
+    m_texts << text;
+    return action;
+}
+
+void qxVariantSetsDock::showMenu(const QPoint &globalPosition)
+{
+    QMenu::exec(m_actions, globalPosition, nullptr, this);
+}
+
+void qxVariantSetsDock::askWhereTo()
+{
+    QMenu menu;
+    menu.setObjectName(QStringLiteral("groups"));
+    const auto addTarget = [&](const QString &text, const QString &group) {
+        connect(menu.addAction(text), &QAction::triggered, this,
+                [this, group] { m_edits->moveSets(m_view->selectedSets(), group, QString()); });
+    };
+    for (const qxVariantGroup *group : qxVariants::_variantGroups) {
+        if (group->visible)
+            addTarget(QString(group->name).replace('&', QLatin1String("&&")), group->name);
+    }
+    menu.addSeparator();
+    addTarget(tr("No Group"), QString());
+    menu.exec(m_view->placeOfCurrent());
+}
+
+void qxVariantSetsDock::showFound()
+{
+    const int found = m_view->foundCount();
+    m_found->setVisible(found > 0); // The view itself says that there is none.
+    m_found->setText(tr("%n sets found", nullptr, found));
+}
+
+void qxVariantSetsDock::followCurrent()
+{
+    if (m_view->currentSet().isEmpty() && !m_view->currentGroup().isEmpty())
+        m_form->showGroup(m_view->currentGroup());
+    else
+        m_form->showSet(m_view->currentSet());
+    for (QAction *action : m_ofSets)
+        action->setEnabled(!m_view->currentSet().isEmpty());
+    followGroup();
+    followSelection();
+}
+
+void qxVariantSetsDock::followGroup()
+{
+    const qxVariantGroup *const group = qxVariants::findVariantGroup(m_view->currentGroup());
+    m_groupVisible->setEnabled(group);
+    m_groupVisible->setChecked(group && group->visible);
+}
+
+void qxVariantSetsDock::followSelection()
+{
+    m_withSets->setEnabled(!m_view->selectedGroups().isEmpty());
+}
+
+void qxVariantSetsDock::selectSet(const QString &name)
+{
+    if (qxVariants::findVariantSet(name))
+        emit aboutToSelect();
+    qxVariants::selectVariantSet(name.toUtf8().constData(), false);
+}
+
+void qxVariantSetsDock::selectOption(int kind, const QString &variant, const QString &option)
+{
+    qxVariant *const found = qxVariantsModel::find(kind, variant);
+    if (!found)
+        return;
+    emit aboutToSelect();
+    found->onSelect(option);
+}
+
+void qxVariantSetsDock::goToSearch()
+{
+    show();
+    m_search->setFocus(Qt::ShortcutFocusReason);
+    m_search->selectAll();
+}
+
+void qxVariantSetsDock::selectFound()
+{
+    if (m_view->foundCount() <= 0)
+        return;
+    m_view->showFirst();
+    selectCurrent();
+}
+
+/// The search line with the keys that lead out of it.
+bool qxVariantSetsDock::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_search || event->type() != QEvent::KeyPress)
+        return QDockWidget::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key == Qt::Key_Escape)
+        m_search->clear();
+    if (key != Qt::Key_Down)
+        return false;
+    if (m_view->foundCount() > 0 || m_view->currentSet().isEmpty())
+        m_view->showFirst();
+    m_view->currentWidget()->setFocus(Qt::OtherFocusReason);
+    return true;
+}
+
+void qxVariantSetsDock::selectCurrent()
+{
+    selectSet(m_view->currentSet());
+}
+
+void qxVariantSetsDock::addSet()
+{
+    const QString name = m_edits->addSet(m_view->currentGroup());
+    show(); // The menu has this even while the dock is closed.
+    showNewSet(name);
+    if (m_view->currentSet() == name)
+        m_view->renameCurrent();
+}
+
+void qxVariantSetsDock::addGroup()
+{
+    const QString name = m_edits->addGroup();
+    m_events->flush();
+    m_gallery->setChecked(false); // It has no groups.
+    m_search->clear();
+    m_view->showGroup(name);
+    if (m_view->currentSet().isEmpty() && m_view->currentGroup() == name)
+        m_view->renameCurrent();
+}
+
+void qxVariantSetsDock::captureSet()
+{
+    const QString name = qxSetCapture::capture(m_edits, m_view->currentGroup(), window());
+    if (!name.isEmpty()) // not cancelled
+        showNewSet(name);
+}
+
+/// The search ends unless it leaves the new set.
+void qxVariantSetsDock::showNewSet(const QString &name)
+{
+    m_events->flush();
+    m_view->showSet(name);
+    if (m_view->currentSet() == name)
+        return;
+    m_search->clear();
+    m_view->showSet(name);
+}
+
+void qxVariantSetsDock::updateSet()
+{
+    qxSetCapture::update(m_edits, m_view->currentSet(), window());
+}
+
+void qxVariantSetsDock::makePreview()
+{
+    const QString name = m_view->currentSet();
+    if (m_view->selectedSets().size() > 1)
+        return makePreviewsOf(m_view->selectedSets());
+    const PreviewWay way = askForPreviewWay(name);
+    if (way == BySelecting)
+        return makePreviewsOf({name});
+    const QByteArray picture =
+        way == AsShown ? qxVariants::createPreviewImage(true, true) : QByteArray();
+    if (!picture.isEmpty()) // It may have been cancelled.
+        setPreviews({{name, picture}});
+}
+
+/// A picture of a scene that does not show the set would be the wrong one.
+qxVariantSetsDock::PreviewWay qxVariantSetsDock::askForPreviewWay(const QString &name)
+{
+    qxVariantSet *const set = qxVariants::findVariantSet(name);
+    if (!set || set->isEmpty() || qxSetMatch().matches(*set))
+        return AsShown;
+    QMessageBox question(QMessageBox::Question, tr("New Preview"),
+                         tr("The scene may not show \"%1\" now.").arg(name), QMessageBox::Cancel,
+                         window());
+    question.setTextFormat(Qt::PlainText);
+    QPushButton *const select =
+        question.addButton(tr("&Select It for the Picture"), QMessageBox::YesRole);
+    const QPushButton *const asShown =
+        question.addButton(tr("&Picture What Is Shown"), QMessageBox::NoRole);
+    question.setDefaultButton(select);
+    question.exec();
+    if (question.clickedButton() == select)
+        return BySelecting;
+    return question.clickedButton() == asShown ? AsShown : NotAtAll;
+}
+
+void qxVariantSetsDock::makeAllPreviews()
+{
+    QStringList all;
+    for (const qxVariantSet *set : qxVariants::_variantSets)
+        all << set->name;
+    makePreviewsOf(all);
+}
+
+void qxVariantSetsDock::makePreviewsOf(const QStringList &sets)
+{
+    const QStringList selected = m_view->selectedSets();
+    emit previewsWanted(sets);
+    m_events->flush(); // The cursor follows the sets that are selected; it comes back.
+    m_view->selectSets(selected);
+}
+
+void qxVariantSetsDock::setPreviews(const QMap<QString, QByteArray> &previews)
+{
+    m_edits->setPreviews(previews);
+}
+
+void qxVariantSetsDock::renameCurrent()
+{
+    m_view->renameCurrent();
+}
+
+void qxVariantSetsDock::duplicateSets()
+{
+    const QStringList copies = m_edits->duplicateSets(m_view->selectedSets());
+    if (!copies.isEmpty())
+        showNewSet(copies.first());
+    m_view->selectSets(copies);
+}
+
+void qxVariantSetsDock::move(bool down)
+{
+    const QStringList sets = m_view->selectedSets();
+    const QStringList groups = m_view->selectedGroups();
+    if (!sets.isEmpty())
+        m_edits->shiftSets(sets, down);
+    else if (!groups.isEmpty())
+        m_edits->shiftGroup(groups.first(), down);
+}
+
+void qxVariantSetsDock::setGroupVisible(bool isVisible)
+{
+    m_edits->setGroupVisible(m_view->currentGroup(), isVisible);
+}
+
+void qxVariantSetsDock::removeSelected()
+{
+    m_edits->remove(m_view->selectedSets(), m_view->selectedGroups(), false);
+}
+
+void qxVariantSetsDock::removeGroupsWithSets()
+{
+    m_edits->remove(m_view->selectedSets(), m_view->selectedGroups(), true);
+}
+
+void qxVariantSetsDock::showConnected()
+{
+    qxVariants::showConnectedVariants(m_view->currentSet());
+}

@@ -1,0 +1,177 @@
+#include "qxSetUndoSteps.h"
+
+#include "qxVariantGroup.h"
+#include "qxVariants.h"
+
+#include "qxPanelEvents.h"
+
+namespace {
+
+const int editId = 1; ///< of steps that may become one
+
+QString groupOf(const qxVariantSet &set)
+{
+    return set.group ? QString(set.group->name) : QString();
+}
+
+} // namespace
+
+qxSetsPresence::qxSetsPresence(const QString &text, Way way, std::vector<Part> parts)
+    : qxEditStep(text), m_comes(way == Come), m_parts(std::move(parts))
+{
+}
+
+bool qxSetsPresence::perform(bool forward)
+{
+    return forward == m_comes ? appear() : vanish();
+}
+
+bool qxSetsPresence::appear()
+{
+    std::vector<qxPlaces::Placed> placed;
+    for (Part &part : m_parts) {
+        // Others may have taken the name meanwhile: the set comes back all the same.
+        if (qxVariants::findVariantSet(part.contents.name))
+            part.contents.name = qxVariants::getUniqueVariantSetName(part.contents.name);
+        qxVariantSet *const set = qxVariants::createVariantSet(part.contents.name, false, nullptr);
+        part.contents.applyTo(*set);
+        placed.push_back({set, part.place});
+    }
+    qxPlaces::put(std::move(placed));
+    qxPanelEvents::announceEditedSets();
+    return true;
+}
+
+bool qxSetsPresence::vanish()
+{
+    const auto places = qxPlaces::now();
+    std::vector<Part> found;
+    for (const Part &part : m_parts) {
+        if (const qxVariantSet *set = qxVariants::findVariantSet(part.contents.name))
+            found.push_back({qxSetMemento::of(*set), places.value(set)});
+    }
+    if (found.empty())
+        return false;
+    for (const Part &part : found)
+        qxVariants::removeVariantSet(part.contents.name);
+    m_parts = std::move(found);
+    return true;
+}
+
+qxSetEdit::qxSetEdit(const QString &text, const qxSetMemento &before, const qxSetMemento &after,
+                     const QString &field)
+    : qxEditStep(text), m_before(before), m_after(after), m_field(field)
+{
+}
+
+int qxSetEdit::id() const
+{
+    return m_field.isEmpty() ? -1 : editId;
+}
+
+bool qxSetEdit::mergeWith(const QUndoCommand *next)
+{
+    const auto &edit = static_cast<const qxSetEdit &>(*next);
+    if (edit.m_field != m_field || edit.m_before.name != m_after.name)
+        return false;
+    m_after = edit.m_after;
+    setObsolete(!qxSetMemento::differ(m_before, m_after));
+    return true;
+}
+
+bool qxSetEdit::perform(bool forward)
+{
+    const qxSetMemento &from = forward ? m_before : m_after;
+    const qxSetMemento &to = forward ? m_after : m_before;
+    qxVariantSet *const set = qxVariants::findVariantSet(from.name);
+    const bool isNameFree = from.name == to.name || !qxVariants::findVariantSet(to.name);
+    if (!set || !isNameFree || !qxSetMemento::edit(*set, from, to))
+        return false;
+    qxPanelEvents::announceEditedSets();
+    return true;
+}
+
+qxSetsMove::qxSetsMove(const QString &text, std::vector<Part> parts)
+    : qxEditStep(text), m_parts(std::move(parts))
+{
+}
+
+bool qxSetsMove::perform(bool forward)
+{
+    std::vector<qxPlaces::Placed> placed;
+    for (const Part &part : m_parts) {
+        const qxSetPlace &to = forward ? part.to : part.from;
+        qxVariantSet *const set = qxVariants::findVariantSet(part.set);
+        const bool isTargetThere = to.group.isEmpty() || qxVariants::findVariantGroup(to.group);
+        if (set && isTargetThere && groupOf(*set) == (forward ? part.from : part.to).group)
+            placed.push_back({set, to});
+    }
+    if (placed.empty())
+        return false;
+    qxPlaces::put(std::move(placed));
+    qxPanelEvents::announceEditedSets();
+    return true;
+}
+
+qxGroupPresence::qxGroupPresence(const QString &text, bool comes, const Contents &contents)
+    : qxEditStep(text), m_comes(comes), m_contents(contents)
+{
+}
+
+bool qxGroupPresence::perform(bool forward)
+{
+    qxVariantGroup *group = qxVariants::findVariantGroup(m_contents.name);
+    const bool appears = forward == m_comes;
+    if (appears == bool(group)) // Others were here first.
+        return false;
+    if (!appears && !group->sets.empty()) // Others have put them in.
+        return false;
+    if (!appears) {
+        m_contents = {group->name, group->comment, qxPlaces::indexOf(*group), group->visible};
+        return qxVariants::removeVariantGroup(m_contents.name);
+    }
+    group = qxVariants::createVariantGroup(m_contents.name, false, m_contents.isVisible);
+    group->comment = m_contents.comment;
+    qxPlaces::put({qxPlaces::PlacedGroup{group, m_contents.index}});
+    qxPanelEvents::announceEditedSets();
+    return true;
+}
+
+qxGroupEdit::qxGroupEdit(const QString &text, const Contents &before, const Contents &after)
+    : qxEditStep(text), m_before(before), m_after(after)
+{
+}
+
+bool qxGroupEdit::perform(bool forward)
+{
+    const Contents &from = forward ? m_before : m_after;
+    const Contents &to = forward ? m_after : m_before;
+    qxVariantGroup *const group = qxVariants::findVariantGroup(from.name);
+    const bool isNameFree = from.name == to.name || !qxVariants::findVariantGroup(to.name);
+    if (!group || !isNameFree || group->comment != from.comment || group->visible != from.isVisible)
+        return false;
+    group->name = to.name;
+    group->comment = to.comment;
+    group->visible = to.isVisible;
+    qxPanelEvents::announceEditedSets();
+    return true;
+}
+
+qxGroupsMove::qxGroupsMove(const QString &text, std::vector<Part> parts)
+    : qxEditStep(text), m_parts(std::move(parts))
+{
+}
+
+bool qxGroupsMove::perform(bool forward)
+{
+    std::vector<qxPlaces::PlacedGroup> placed;
+    for (const Part &part : m_parts) {
+        if (qxVariantGroup *group = qxVariants::findVariantGroup(part.group))
+            placed.push_back({group, forward ? part.to : part.from});
+    }
+    if (placed.empty())
+        return false;
+    qxPlaces::put(placed);
+    qxPanelEvents::announceEditedSets();
+    return true;
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "qxVariant.h"
+
+#include "Variants/qxKindAccess.h"
+
+#include <QHash>
+#include <QStringList>
+
+/// What a capture does to the registry's variants, to undo: variants that come, and options that
+/// existing ones get.
+///
+/// Undoing and redoing leave alone what others changed since, and variants that sets refer to.
+class qxVariantsChange {
+public:
+    /// Notes all variants.
+    qxVariantsChange();
+    /// Keeps only those that came or have become different.
+    void finish();
+
+    void redo() const { apply(true); }
+    void undo() const { apply(false); }
+
+private:
+    struct Contents {
+        QString sceneName;
+        QString defaultState;
+        std::vector<qxVariantOption> options;
+    };
+    struct Changed {
+        QString name;
+        Contents before;
+        Contents after;
+    };
+    struct Kind {
+        QHash<QString, Contents> noted; ///< all, until finish
+        std::vector<Changed> edited;
+        std::vector<Changed> come; ///< in their order
+    };
+
+    void apply(bool forward) const;
+    static bool edit(int kind, const Changed &changed, bool forward);
+    bool bring(int kind) const;
+    bool takeBack(int kind) const;
+    static Contents contentsOf(int kind, qxVariant &variant);
+    static void give(int kind, qxVariant &variant, const Contents &contents);
+    static bool isSame(const Contents &one, const Contents &other);
+
+    Kind m_kinds[qxKindAccess::Count];
+};
