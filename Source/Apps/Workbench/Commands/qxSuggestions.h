@@ -3,7 +3,7 @@
 #include <QStringList>
 
 /// What somebody may have meant who wrote a name that there is not.
-namespace qxNearest {
+namespace qxSuggestions {
 
 /// The few of `names` that are most like `wanted`, the best first; none when none is like it.
 /// Case and accents do not count.
@@ -12,4 +12,4 @@ QStringList namesTo(const QString &wanted, const QStringList &names);
 /// empty when nothing is near.
 QString question(const QString &wanted, const QStringList &names);
 
-} // namespace qxNearest
+} // namespace qxSuggestions
