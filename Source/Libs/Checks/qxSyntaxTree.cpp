@@ -1,7 +1,5 @@
 #include "qxSyntaxTree.h"
 
-#include "qxSyntaxTreeReader.h"
-
 #include <algorithm>
 
 namespace {
@@ -48,11 +46,4 @@ bool qxSyntaxTreeSet::isEmpty() const
     return areEmpty(references) && of(qxNameList::Viewpoints).empty()
         && of(qxNameList::Animations).empty() && of(qxNameList::Geometries).empty()
         && script.text.isEmpty() && clipState == 0;
-}
-
-qxSyntaxTree qxSyntaxTree::of(const QByteArray &document, qxFindingList &findings)
-{
-    qxSyntaxTree tree;
-    qxSyntaxTreeReader(document, tree, findings).read();
-    return tree;
 }

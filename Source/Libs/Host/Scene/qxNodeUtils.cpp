@@ -1,6 +1,5 @@
 #include "qxNodeUtils.h"
 
-#include "Scene/qxNodeNames.h"
 #include "Scene/qxNodeWalk.h"
 #include "Scene/qxTransformStates.h"
 
@@ -81,18 +80,6 @@ std::string qxNodeUtils::getUniqueName(const std::string &base,
     while (taken[free])
         ++free;
     return base + " " + std::to_string(free);
-}
-
-void qxNodeUtils::setName(const osg::NodePtr &node, const std::string &name, bool makeUnique,
-                          const osg::NodePtr &root)
-{
-    static qxNodeNames names;
-    if (node == osg::NullFC)
-        return;
-    if (makeUnique && root != osg::NullFC)
-        names.rename(node, name, root);
-    else
-        osg::setName(node, name);
 }
 
 std::vector<qxNodePtr> qxNodeUtils::getSceneNodes()

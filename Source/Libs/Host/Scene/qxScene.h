@@ -25,7 +25,7 @@ public:
     /// Replaces it; null takes it away. The node must have a Switch core and no parent.
     void setEnvironment(const osg::NodePtr &node);
 
-    /// Takes everything out of them and forgets the find cache.
+    /// Takes everything out of them.
     void clear();
 
 private:

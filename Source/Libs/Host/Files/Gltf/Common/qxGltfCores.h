@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Files/Gltf/Common/qxGltfState.h"
+#include "Files/Gltf/Common/qxGltfNodeState.h"
 
 /// Whether the core is a switch over children.
 bool qxGltfIsSwitch(const osg::NodeCorePtr &core);
