@@ -4,6 +4,7 @@
 #include "Script/qxBlockedScripts.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
+#include "Session/qxSetPictures.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
 #include "qxController.h"
@@ -12,10 +13,10 @@
 #include "qxNodeUtils.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
+#include "qxPreviewDialog.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
-#include "qxSetPreviews.h"
 #include "qxUnsavedChanges.h"
 #include "qxWindowWatchdog.h"
 
@@ -234,7 +235,14 @@ void qxWorkbenchWindow::forgetScene()
 
 void qxWorkbenchWindow::makePreviews(const QStringList &sets)
 {
-    m_sets->setPreviews(qxSetPreviews::make(sets, this));
+    qxSetPictures::Previews previews;
+    {
+        qxPreviewDialog dialog(sets.size(), this);
+        qxSetPictures::visit(
+            sets, [&dialog](const QString &set) { return dialog.begin(set); },
+            [&previews](qxVariantSet &set) { return qxSetPictures::addPreview(set, previews); });
+    }
+    m_sets->setPreviews(previews);
     qxPanelEvents::announceOtherStates();
     qxController::updateRender(true);
 }
