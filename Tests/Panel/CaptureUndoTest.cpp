@@ -5,6 +5,8 @@
 #include "PanelFixture.h"
 #include "Undo/qxCaptureRecord.h"
 
+#include <QSignalSpy>
+
 #include <functional>
 
 /// All that a capture may touch: nodes, materials, viewpoints, and the whole registry.
@@ -163,6 +165,8 @@ TEST_F(CaptureUndoTest, VariantsThatOthersUseOrChangedStayWhenACaptureIsUndone)
     capture("");
     set("Blue").addNodeVariant("Wheels", "Alloy");
     qxVariants::findNodeVariant("Seats")->options.front().shortcut = "S";
+    notifications.clear();
+    QSignalSpy told(&qxPanelChanges::the(), &qxPanelChanges::variantsEdited);
     edits.stack()->undo();
     EXPECT_NE(qxVariants::findNodeVariant("Wheels"), nullptr);
     ASSERT_NE(qxVariants::findNodeVariant("Seats"), nullptr);
@@ -170,6 +174,9 @@ TEST_F(CaptureUndoTest, VariantsThatOthersUseOrChangedStayWhenACaptureIsUndone)
     edits.stack()->redo();
     EXPECT_EQ(qxVariants::findNodeVariant("Seats")->options.front().shortcut, "S");
     EXPECT_NE(qxVariants::findNodeVariant("Mirrors"), nullptr);
+    EXPECT_EQ(told.size(), 2);
+    EXPECT_EQ(notifications.names(),
+              std::vector<std::string>({"variantSetRemoved", "nodeVariantRemoved"}));
 }
 
 TEST_F(CaptureUndoTest, ACaptureIsNotHalfUndone)
