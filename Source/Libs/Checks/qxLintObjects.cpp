@@ -76,7 +76,9 @@ void VariantLint::lintObjects()
     else if (!m_variant.hasFittingObject())
         add(qxCode::WrongSceneObject,
             QStringLiteral(": \"%1\" in the scene is of another sort").arg(m_outline.base));
-    if (m_context.scene.areNested(m_outline.kind, m_outline.base))
+    const qxSceneLookup &scene = m_context.scene;
+    if ((m_outline.kind == qxVariantKind::Node && scene.hasNestedNodes(m_outline.base))
+        || (m_outline.kind == qxVariantKind::Overlay && scene.hasNestedOverlays(m_outline.base)))
         add(qxCode::NestedSceneObjects,
             QStringLiteral(": one \"%1\" in the scene stands within another, and both are hidden "
                            "when one is")
