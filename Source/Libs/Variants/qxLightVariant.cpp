@@ -1,13 +1,13 @@
 #include "qxLightVariant.h"
 
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 
 #include "qxLights.h"
 #include "qxMessage.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 
 #include <algorithm>
 

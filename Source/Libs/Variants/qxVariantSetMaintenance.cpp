@@ -1,14 +1,14 @@
 #include "Internal/Registry/qxKind.h"
 #include "Internal/Registry/qxSetUse.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxFindCache.h"
-#include "Internal/Scene/qxSceneNames.h"
 #include "qxVariantSet.h"
 
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"
+#include "qxSceneLookup.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 #include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGSwitch.h>
@@ -167,7 +167,7 @@ bool qxVariantSet::isUsed()
 {
     const qxFindCache cache(!nodeVariants.empty() || !overlayVariants.empty()
                             || !geometries.empty());
-    const qxSceneNames scene;
+    const qxSceneLookup scene;
     return leadsToScene<qxNodeVariant>(*this, isNode)
         || leadsToScene<qxMaterialVariant>(
                *this, [](const QString &each) { return !materialsOf(each).empty(); })
@@ -191,7 +191,7 @@ void qxVariantSet::showConnectedVariants()
 void qxVariantSet::optimize()
 {
     const qxFindCache cache(!isEmpty());
-    const qxSceneNames scene;
+    const qxSceneLookup scene;
     keepIf<qxNodeVariant>(*this, [](const QString &each, const QString &state) {
         return nodesOffer(nodesOf(each), state);
     });

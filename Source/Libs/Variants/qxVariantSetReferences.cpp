@@ -1,6 +1,7 @@
 #include "Internal/Registry/qxKind.h"
-#include "Internal/Registry/qxText.h"
 #include "qxVariantSet.h"
+
+#include "qxText.h"
 
 #include <algorithm>
 

@@ -1,6 +1,5 @@
 #include "Internal/Registry/qxKind.h"
 #include "Internal/Registry/qxSetUse.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxFindCache.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "qxVariantSet.h"
@@ -9,6 +8,7 @@
 #include "qxController.h"
 #include "qxScenegraph.h"
 #include "qxScript.h"
+#include "qxText.h"
 
 namespace {
 

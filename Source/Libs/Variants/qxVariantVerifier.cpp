@@ -2,11 +2,11 @@
 
 #include "Internal/Registry/qxKind.h"
 #include "Internal/Registry/qxSetUse.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxFindCache.h"
 
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
+#include "qxText.h"
 
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>

@@ -1,13 +1,13 @@
 #include "Internal/Registry/qxNotify.h"
 
 #include "Internal/Registry/qxNameLookUp.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "qxVariant.h"
 
 #include "qxController.h"
 #include "qxMessage.h"
 #include "qxModuleBase.h"
+#include "qxText.h"
 
 namespace {
 
