@@ -5,11 +5,9 @@
 
 namespace {
 
-namespace names = qxVariantKindNames;
-
 QString introduce(const qxSyntaxTreeVariant &variant)
 {
-    return QStringLiteral("%1 variant \"%2\"").arg(names::word(variant.kind), variant.name);
+    return QStringLiteral("%1 variant \"%2\"").arg(variant.kind->word, variant.name);
 }
 
 /// The findings of one variant.
@@ -161,17 +159,17 @@ void qxLintParts::lintGroups(qxLintContext &context)
 
 void qxLintParts::lintVariants(qxLintContext &context)
 {
-    std::array<QHash<QString, int>, qxVariantKinds> lines;
+    QHash<const qxVariantKind *, QHash<QString, int>> lines;
     for (const auto &variant : context.variants.all()) {
         const qxSyntaxTreeVariant &outline = variant->outline();
-        const int line = lines[std::size_t(outline.kind)].value(outline.name, 0);
+        const int line = lines[outline.kind].value(outline.name, 0);
         if (line > 0)
             context.add(qxCode::VariantTwice,
                         QStringLiteral("%1 replaces the options of the one of line %2")
                             .arg(introduce(outline))
                             .arg(line),
                         outline.path, outline.mark);
-        lines[std::size_t(outline.kind)].insert(outline.name, outline.mark.line);
+        lines[outline.kind].insert(outline.name, outline.mark.line);
         VariantLint(context, *variant).run();
     }
 }

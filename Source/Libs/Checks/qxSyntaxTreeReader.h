@@ -25,10 +25,9 @@ private:
     /// False for a set without a name.
     bool readSet(const QString &parent, const qxMark &mark);
     void readSetChild(qxSyntaxTreeSet &set, const QString &tag, const qxMark &mark);
-    void readReference(std::vector<qxSyntaxTreeReference> &references, const qxMark &mark);
     void readTexts(qxSyntaxTreeSet &set, const QString &tag, const qxSyntaxTreeText &entry);
     void readPreview(const QString &path, const qxMark &mark);
-    void readVariant(qxVariantKind kind, const qxMark &mark);
+    void readVariant(const qxVariantKind *kind, const qxMark &mark);
     void readOption(qxSyntaxTreeVariant &variant, const qxMark &mark);
 
     void eachChild(const Child &child);

@@ -8,6 +8,7 @@
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxSceneEdits.h"
+#include "qxVariantKind.h"
 
 #include "qxMaterials.h"
 #include "qxScenegraph.h"
@@ -88,6 +89,10 @@ void setMasks(const QString &switchMaterialName, osg::UInt32 mask)
 
 } // namespace
 
+const qxVariantNotifications qxMaterialVariant::notifications{
+    "materialVariantAdded",    "materialVariantRemoved", "materialVariantChanged",
+    "materialVariantSelected", "selectMaterialVariants", 1};
+
 qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
 {
     const QString materialName = nameOf(material);
@@ -126,7 +131,7 @@ void qxMaterialVariant::onSelect(const QString &state)
         if (choose(switchMaterial, target))
             qxNotify::variantsMaterialChanged(variantName, target, baseName);
     }
-    qxNotify::materialVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxMaterialVariant::onCurrent() const
