@@ -10,6 +10,7 @@
 #include "qxLanguage.h"
 #include "qxLogView.h"
 #include "qxNodeUtils.h"
+#include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
 #include "qxSceneTreeModel.h"
@@ -235,7 +236,7 @@ void qxWorkbenchWindow::forgetScene()
 void qxWorkbenchWindow::makePreviews(const QStringList &sets)
 {
     m_sets->setPreviews(qxSetPreviews::make(sets, this));
-    qxPanelEvents::announceOtherStates();
+    emit qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
 }
 
@@ -246,7 +247,7 @@ void qxWorkbenchWindow::goBack()
     const std::unique_ptr<qxSceneSnapshot> before = std::move(m_before);
     rememberForBack(); // Back again leads forward.
     before->restore();
-    qxPanelEvents::announceOtherStates();
+    emit qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
 }
 
