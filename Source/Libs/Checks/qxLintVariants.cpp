@@ -65,11 +65,11 @@ qxLintVariants::qxLintVariants(const qxSyntaxTree &tree, const qxSceneLookup &sc
     m_all.reserve(tree.variants.size());
     for (const qxSyntaxTreeVariant &each : tree.variants) {
         m_all.push_back(std::make_unique<qxLintVariant>(each, scene));
-        m_byName[std::size_t(each.kind)].insert(each.name, m_all.back().get());
+        m_byName[each.kind].insert(each.name, m_all.back().get());
     }
 }
 
-qxLintVariant *qxLintVariants::find(qxVariantKind kind, const QString &name) const
+qxLintVariant *qxLintVariants::find(const qxVariantKind *kind, const QString &name) const
 {
-    return m_byName[std::size_t(kind)].value(name, nullptr);
+    return m_byName.value(kind).value(name, nullptr);
 }

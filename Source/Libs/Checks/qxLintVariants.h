@@ -54,11 +54,11 @@ public:
     qxLintVariants(const qxSyntaxTree &tree, const qxSceneLookup &scene);
 
     /// Of several variants of one name the last, as the reader leaves it; null for none.
-    qxLintVariant *find(qxVariantKind kind, const QString &name) const;
+    qxLintVariant *find(const qxVariantKind *kind, const QString &name) const;
     /// All of them in the order of the document, those that are replaced included.
     const std::vector<std::unique_ptr<qxLintVariant>> &all() const { return m_all; }
 
 private:
     std::vector<std::unique_ptr<qxLintVariant>> m_all;
-    std::array<QHash<QString, qxLintVariant *>, qxVariantKinds> m_byName;
+    QHash<const qxVariantKind *, QHash<QString, qxLintVariant *>> m_byName;
 };
