@@ -5,11 +5,9 @@
 
 namespace {
 
-namespace names = qxVariantKindNames;
-
 QString introduce(const qxSyntaxTreeVariant &variant)
 {
-    return QStringLiteral("%1 variant \"%2\"").arg(names::word(variant.kind), variant.name);
+    return QStringLiteral("%1 variant \"%2\"").arg(variant.kind->word, variant.name);
 }
 
 /// The findings of one variant.
@@ -76,7 +74,9 @@ void VariantLint::lintObjects()
     else if (!m_variant.hasFittingObject())
         add(qxCode::WrongSceneObject,
             QStringLiteral(": \"%1\" in the scene is of another sort").arg(m_element.base));
-    if (m_context.scene.areNested(m_element.kind, m_element.base))
+    const qxSceneLookup &scene = m_context.scene;
+    if ((m_element.kind == &qxVariantKinds::node && scene.hasNestedNodes(m_element.base))
+        || (m_element.kind == &qxVariantKinds::overlay && scene.hasNestedOverlays(m_element.base)))
         add(qxCode::NestedSceneObjects,
             QStringLiteral(": one \"%1\" in the scene stands within another, and both are hidden "
                            "when one is")
@@ -161,17 +161,17 @@ void qxLintParts::lintGroups(qxLintContext &context)
 
 void qxLintParts::lintVariants(qxLintContext &context)
 {
-    std::array<QHash<QString, int>, qxVariantKinds> lines;
+    QHash<const qxVariantKind *, QHash<QString, int>> lines;
     for (const auto &variant : context.variants.all()) {
         const qxSyntaxTreeVariant &element = variant->element();
-        const int line = lines[std::size_t(element.kind)].value(element.name, 0);
+        const int line = lines[element.kind].value(element.name, 0);
         if (line > 0)
             context.add(qxCode::VariantTwice,
                         QStringLiteral("%1 replaces the options of the one of line %2")
                             .arg(introduce(element))
                             .arg(line),
                         element.path, element.location);
-        lines[std::size_t(element.kind)].insert(element.name, element.location.line);
+        lines[element.kind].insert(element.name, element.location.line);
         VariantLint(context, *variant).run();
     }
 }

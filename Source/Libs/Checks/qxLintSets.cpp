@@ -2,34 +2,32 @@
 
 namespace {
 
-namespace names = qxVariantKindNames;
-
 struct ListRule {
     const char *tag;
     const char *word;
     qxCode missing;
-    bool (qxSceneIndex::*has)(const QString &name) const;
+    bool (qxSceneLookup::*has)(const QString &name) const;
 };
 
 const ListRule listRules[qxNameLists] = {
-    {"ViewpointRef", "viewpoint", qxCode::NoSuchViewpoint, &qxSceneIndex::hasViewpoint},
-    {"AnimationRef", "animation", qxCode::NoSuchAnimation, &qxSceneIndex::hasAnimation},
-    {"GeometryRef", "geometry", qxCode::NoSuchGeometry, &qxSceneIndex::hasNode},
-    {"TargetName", "target node", qxCode::NoSuchTarget, &qxSceneIndex::hasNode},
+    {"ViewpointRef", "viewpoint", qxCode::NoSuchViewpoint, &qxSceneLookup::hasViewpoint},
+    {"AnimationRef", "animation", qxCode::NoSuchAnimation, &qxSceneLookup::hasClip},
+    {"GeometryRef", "geometry", qxCode::NoSuchGeometry, &qxSceneLookup::hasNode},
+    {"TargetName", "target node", qxCode::NoSuchTarget, &qxSceneLookup::hasNode},
 };
 
 /// An entry of a set that changes something of the scene: a reference or, without one, a target.
 struct Entry {
     qxLintVariant::Change change;
     const qxSyntaxTreeReference *reference;
-    qxVariantKind kind;
+    const qxVariantKind *kind;
     QString name; ///< of the variant or of the target
 };
 
 QString textOf(const Entry &entry)
 {
     return entry.reference ? QStringLiteral("\"%1\" of the %2 variant \"%3\"")
-                                 .arg(entry.reference->state, names::word(entry.kind), entry.name)
+                                 .arg(entry.reference->state, entry.kind->word, entry.name)
                            : QStringLiteral("the target \"%1\", which is shown").arg(entry.name);
 }
 
@@ -49,15 +47,15 @@ public:
 
 private:
     void noteTargets();
-    void lintReferences(qxVariantKind kind);
-    void lintState(qxVariantKind kind, const qxSyntaxTreeReference &reference,
+    void lintReferences(const qxVariantKind *kind);
+    void lintState(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
                    qxLintVariant &variant);
-    void noteFight(qxVariantKind kind, const qxSyntaxTreeReference &reference,
+    void noteFight(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
                    const qxLintVariant::Reach &reach);
     void lintNames(qxNameList list);
     void lintSnapshots();
     void lintRest(const qxLinter::Compile &compile);
-    void add(qxCode code, qxVariantKind kind, const qxSyntaxTreeReference &reference,
+    void add(qxCode code, const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
              const QString &what);
 
     qxLintContext &m_context;
@@ -68,20 +66,21 @@ private:
 void SetLint::run(const qxLinter::Compile &compile)
 {
     noteTargets();
-    for (int kind = 0; kind < qxVariantKinds; ++kind)
-        lintReferences(qxVariantKind(kind));
+    const qxVariantKinds::Order &order = qxVariantKinds::selectionOrder();
+    for (const auto *kinds : {&order.first, &order.rest})
+        std::for_each(kinds->begin(), kinds->end(), [this](auto *kind) { lintReferences(kind); });
     for (int list = 0; list < qxNameLists; ++list)
         lintNames(qxNameList(list));
     lintSnapshots();
     lintRest(compile);
 }
 
-void SetLint::add(qxCode code, qxVariantKind kind, const qxSyntaxTreeReference &reference,
+void SetLint::add(qxCode code, const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
                   const QString &what)
 {
     const QString message = QStringLiteral("set \"%1\", %2 variant \"%3\": %4")
-                                .arg(m_set.name, names::word(kind), reference.variant, what);
-    m_context.add(code, message, m_set.path, names::refTag(kind), reference.location);
+                                .arg(m_set.name, kind->word, reference.variant, what);
+    m_context.add(code, message, m_set.path, kind->referenceTag, reference.location);
 }
 
 /// A selection shows targets before all else, up to the first that is missing.
@@ -90,25 +89,28 @@ void SetLint::noteTargets()
     if (!m_set.inclNodes)
         return;
     for (const qxSyntaxTreeText &target : m_set.of(qxNameList::Targets)) {
-        const auto nodes = m_context.scene.objects(qxVariantKind::Node, target.text);
+        const auto nodes = m_context.scene.nodes(target.text);
         if (nodes.empty())
             return;
-        const qxAspectKey key = qxStateRules::keyOf(nodes.front(), qxAspect::Visibility);
-        m_changed.insert(key, {{key, true, 1}, nullptr, qxVariantKind::Node, target.text});
+        const qxAspectKey key =
+            qxStateRules::keyOf({&qxVariantKinds::node, nodes.front(), {}}, qxAspect::Visibility);
+        m_changed.insert(key, {{key, true, 1}, nullptr, &qxVariantKinds::node, target.text});
     }
 }
 
-void SetLint::lintReferences(qxVariantKind kind)
+void SetLint::lintReferences(const qxVariantKind *kind)
 {
     QSet<QString> known;
-    for (const qxSyntaxTreeReference &each : m_set.of(kind)) {
+    for (const qxSyntaxTreeReference &each : m_set.references) {
+        if (each.kind != kind)
+            continue;
         if (known.contains(each.variant))
             add(qxCode::ReferenceTwice, kind, each,
                 QStringLiteral("a second entry; only the last state counts"));
         known.insert(each.variant);
         qxLintVariant *const variant = m_context.variants.find(kind, each.variant);
         const bool isOldForm =
-            kind == qxVariantKind::Overlay && each.state.isEmpty() && isOfOldForm(variant);
+            kind == &qxVariantKinds::overlay && each.state.isEmpty() && isOfOldForm(variant);
         if (variant && isOldForm)
             variant->use(each.state);
         else if (variant)
@@ -118,7 +120,7 @@ void SetLint::lintReferences(qxVariantKind kind)
     }
 }
 
-void SetLint::lintState(qxVariantKind kind, const qxSyntaxTreeReference &reference,
+void SetLint::lintState(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
                         qxLintVariant &variant)
 {
     variant.use(reference.state);
@@ -135,7 +137,7 @@ void SetLint::lintState(qxVariantKind kind, const qxSyntaxTreeReference &referen
     noteFight(kind, reference, reach);
 }
 
-void SetLint::noteFight(qxVariantKind kind, const qxSyntaxTreeReference &reference,
+void SetLint::noteFight(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
                         const qxLintVariant::Reach &reach)
 {
     bool isSaid = false;

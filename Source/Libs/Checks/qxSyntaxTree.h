@@ -1,25 +1,13 @@
 #pragma once
 
+#include "qxVariantKinds.h"
+
 #include "qxFinding.h"
 
 #include <QByteArray>
 
 #include <array>
 #include <vector>
-
-/// The kinds of variants, in the order in which a selection goes through them (overlays last).
-enum class qxVariantKind { Node, Material, Transform, Light, Overlay };
-constexpr int qxVariantKinds = 5;
-
-namespace qxVariantKindNames {
-
-/// "node", "material" and so on.
-QString word(qxVariantKind kind);
-/// The document's element for a variant and for a set's reference to it.
-QString tag(qxVariantKind kind);
-QString refTag(qxVariantKind kind);
-
-} // namespace qxVariantKindNames
 
 /// Where an element stands in the document.
 struct qxSourceLocation {
@@ -29,6 +17,7 @@ struct qxSourceLocation {
 };
 
 struct qxSyntaxTreeReference {
+    const qxVariantKind *kind;
     QString variant;
     QString state;
     qxSourceLocation location;
@@ -49,7 +38,7 @@ struct qxSyntaxTreeSet {
     QString name;
     QString path;
     qxSourceLocation location;
-    std::array<std::vector<qxSyntaxTreeReference>, qxVariantKinds> references;
+    std::vector<qxSyntaxTreeReference> references; ///< of all kinds in the document's order
     std::array<std::vector<qxSyntaxTreeText>, qxNameLists> names;
     std::vector<qxSyntaxTreeText> snapshots;
     QString defaultViewpoint;
@@ -59,10 +48,6 @@ struct qxSyntaxTreeSet {
     bool inclNodes = false; ///< a selection shows its targets
     QByteArray digest; ///< of everything but name, comment, hotkey and preview
 
-    const std::vector<qxSyntaxTreeReference> &of(qxVariantKind kind) const
-    {
-        return references[std::size_t(kind)];
-    }
     const std::vector<qxSyntaxTreeText> &of(qxNameList list) const
     {
         return names[std::size_t(list)];
@@ -85,7 +70,7 @@ struct qxSyntaxTreeOption {
 };
 
 struct qxSyntaxTreeVariant {
-    qxVariantKind kind = qxVariantKind::Node;
+    const qxVariantKind *kind = &qxVariantKinds::node;
     QString name;
     QString base; ///< the name of its scene object
     QString path;

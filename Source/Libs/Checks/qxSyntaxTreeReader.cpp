@@ -50,20 +50,6 @@ int nameListOf(const QString &tag)
     return -1;
 }
 
-/// The kind of variant whose own element, or whose reference, is called `tag`; -1 for none.
-int kindOf(const QString &tag, QString (*nameOf)(qxVariantKind))
-{
-    static QHash<QString, int> kinds;
-    if (kinds.isEmpty()) {
-        for (int i = 0; i < qxVariantKinds; ++i) {
-            kinds.insert(qxVariantKindNames::tag(qxVariantKind(i)), i);
-            kinds.insert(qxVariantKindNames::refTag(qxVariantKind(i)), i);
-        }
-    }
-    const int kind = kinds.value(tag, -1);
-    return kind >= 0 && nameOf(qxVariantKind(kind)) == tag ? kind : -1;
-}
-
 } // namespace
 
 qxSyntaxTree qxSyntaxTree::of(const QByteArray &document, qxFindingList &findings)
@@ -96,13 +82,13 @@ void qxSyntaxTreeReader::read()
 {
     if (m_xml.readNextStartElement()) {
         eachChild([this](const QString &tag, const qxSourceLocation &location) {
-            const int kind = kindOf(tag, qxVariantKindNames::tag);
+            const qxVariantKind *kind = qxVariantKinds::by(&qxVariantKind::tag, tag);
             if (tag == groupTag)
                 readGroup(location);
             else if (tag == setTag)
                 readSet(root, location);
-            else if (kind >= 0)
-                readVariant(qxVariantKind(kind), location);
+            else if (kind)
+                readVariant(kind, location);
             else if (reserved.contains(tag))
                 m_xml.skipCurrentElement();
             else
@@ -170,10 +156,12 @@ void qxSyntaxTreeReader::readSetChild(qxSyntaxTreeSet &set, const QString &tag,
     if (tag == QLatin1String("Preview"))
         return readPreview(path(), location);
     digest(*m_hash, tag);
-    const int kind = kindOf(tag, qxVariantKindNames::refTag);
+    const qxVariantKind *kind = qxVariantKinds::by(&qxVariantKind::referenceTag, tag);
     const int list = nameListOf(tag);
-    if (kind >= 0) {
-        readReference(set.references[std::size_t(kind)], location);
+    if (kind) {
+        set.references.push_back(
+            {kind, attribute(QStringLiteral("ref")), attribute(QStringLiteral("state")), location});
+        m_xml.skipCurrentElement();
     } else if (list >= 0) {
         const QString name = attribute(QString::fromLatin1(nameTags[list].attribute));
         set.names[std::size_t(list)].push_back({name, QString(), location});
@@ -193,14 +181,6 @@ void qxSyntaxTreeReader::readSetChild(qxSyntaxTreeSet &set, const QString &tag,
     } else {
         readTexts(set, tag, {QString(), path(), location});
     }
-}
-
-void qxSyntaxTreeReader::readReference(std::vector<qxSyntaxTreeReference> &references,
-                                       const qxSourceLocation &location)
-{
-    references.push_back(
-        {attribute(QStringLiteral("ref")), attribute(QStringLiteral("state")), location});
-    m_xml.skipCurrentElement();
 }
 
 void qxSyntaxTreeReader::readTexts(qxSyntaxTreeSet &set, const QString &tag,
@@ -238,9 +218,9 @@ void qxSyntaxTreeReader::readPreview(const QString &path, const qxSourceLocation
             QStringLiteral("a preview that is no CDATA section is skipped"), path, location);
 }
 
-void qxSyntaxTreeReader::readVariant(qxVariantKind kind, const qxSourceLocation &location)
+void qxSyntaxTreeReader::readVariant(const qxVariantKind *kind, const qxSourceLocation &location)
 {
-    const QString ownTag = qxVariantKindNames::tag(kind);
+    const QString ownTag = kind->tag;
     if (refuseNameless(below(root, ownTag, location.ordinal), location))
         return;
     qxSyntaxTreeVariant variant;

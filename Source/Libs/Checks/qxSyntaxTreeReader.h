@@ -25,11 +25,9 @@ private:
     /// False for a set without a name.
     bool readSet(const QString &parent, const qxSourceLocation &location);
     void readSetChild(qxSyntaxTreeSet &set, const QString &tag, const qxSourceLocation &location);
-    void readReference(std::vector<qxSyntaxTreeReference> &references,
-                       const qxSourceLocation &location);
     void readTexts(qxSyntaxTreeSet &set, const QString &tag, const qxSyntaxTreeText &entry);
     void readPreview(const QString &path, const qxSourceLocation &location);
-    void readVariant(qxVariantKind kind, const qxSourceLocation &location);
+    void readVariant(const qxVariantKind *kind, const qxSourceLocation &location);
     void readOption(qxSyntaxTreeVariant &variant, const qxSourceLocation &location);
 
     void eachChild(const Child &child);

@@ -99,7 +99,7 @@ QStringList qxSuggestions::of(const QString &wanted, const QStringList &names)
 
 QString qxSuggestions::question(const QString &wanted, const QStringList &names)
 {
-    QStringList quoted = namesTo(wanted, names);
+    QStringList quoted = of(wanted, names);
     if (quoted.isEmpty())
         return QString();
     for (QString &name : quoted)

@@ -7,7 +7,7 @@ namespace qxSuggestions {
 
 /// The few of `names` that are most like `wanted`, the best first; none when none is like it.
 /// Case and accents do not count.
-QStringList namesTo(const QString &wanted, const QStringList &names);
+QStringList of(const QString &wanted, const QStringList &names);
 /// The same as a question to be put behind a reason, such as `; did you mean "Desk" or "Disk"?`;
 /// empty when nothing is near.
 QString question(const QString &wanted, const QStringList &names);

@@ -11,6 +11,7 @@
 #include "qxLanguage.h"
 #include "qxLogView.h"
 #include "qxNodeUtils.h"
+#include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
 #include "qxPreviewDialog.h"
@@ -243,7 +244,7 @@ void qxWorkbenchWindow::makePreviews(const QStringList &sets)
             [&previews](qxVariantSet &set) { return qxSetPictures::addPreview(set, previews); });
     }
     m_sets->setPreviews(previews);
-    qxPanelEvents::announceOtherStates();
+    emit qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
 }
 
@@ -254,7 +255,7 @@ void qxWorkbenchWindow::goBack()
     const std::unique_ptr<qxSceneSnapshot> before = std::move(m_before);
     rememberForBack(); // Back again leads forward.
     before->restore();
-    qxPanelEvents::announceOtherStates();
+    emit qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
 }
 

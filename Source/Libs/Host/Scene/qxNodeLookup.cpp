@@ -1,5 +1,6 @@
 #include "Scene/qxNameIndex.h"
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
+#include "qxNodeWalk.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
 

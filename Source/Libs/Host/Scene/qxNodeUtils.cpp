@@ -1,7 +1,8 @@
 #include "qxNodeUtils.h"
 
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "Scene/qxTransformStates.h"
+#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGNodeCore.h>
