@@ -2,6 +2,9 @@
 
 #include "Files/Gltf/Common/qxGltfNodeState.h"
 
+/// How messages call a node of the scene graph.
+QString qxGltfLabel(const osg::NodePtr &node);
+
 /// Whether the core is a switch over children.
 bool qxGltfIsSwitch(const osg::NodeCorePtr &core);
 /// Whether the core has a meaning of its own and puts its children nowhere, so that the transform

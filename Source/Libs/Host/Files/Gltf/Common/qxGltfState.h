@@ -3,6 +3,8 @@
 #include "Files/Gltf/Common/qxGltfNodeState.h"
 #include "Files/Gltf/Common/qxGltfOrigin.h"
 
+#include <OpenSG/OSGGeometry.h>
+
 #include <string>
 #include <vector>
 
@@ -22,8 +24,3 @@ struct qxGltfState {
     /// the first switch or transform switch of each name, in the order of the file.
     std::unordered_map<std::string, int> owners() const;
 };
-
-/// How messages call a node of the scene graph.
-QString qxGltfLabel(const osg::NodePtr &node);
-/// The ten numbers of a transform: translation, rotation quaternion x y z w, scale.
-std::vector<float> qxGltfNumbers(const osg::Matrix &matrix);

@@ -5,6 +5,7 @@
 #include "Files/Gltf/Common/qxGltfSwitchMaterialState.h"
 #include "Materials/qxSurface.h"
 
+#include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGSimpleMaterial.h>
 
 #include <optional>

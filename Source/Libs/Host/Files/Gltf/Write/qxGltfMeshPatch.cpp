@@ -1,5 +1,6 @@
 #include "Files/Gltf/Write/qxGltfMeshPatch.h"
 
+#include "Files/Gltf/Common/qxGltfCores.h"
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfJsonEdit.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
