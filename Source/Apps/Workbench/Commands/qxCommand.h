@@ -71,7 +71,7 @@ int saveIfAsked(qxSession &session, const QCommandLineParser &parser);
 /// What a command ends with whose own work is done, but for scripts of sets: they may have failed
 /// or been interrupted.
 int codeAfterScripts();
-/// Says on standard error why the work failed, and answers that code.
-int fail(const QString &reason);
+/// Says on standard error why the command fails, and answers the code.
+int fail(const QString &reason, qxExitCode code = WorkFailed);
 
 } // namespace qxCommands
