@@ -6,12 +6,12 @@
 
 class QWidget;
 
-/// Pictures sets as each looks when it is selected.
+/// Makes pictures of sets, each as it looks when selected.
 namespace qxSetPreviews {
 
-/// Selects these sets one after the other, pictures each and puts the scene back; what scripts of
-/// the sets do beyond that stays. The progress is shown, and the user can end it: the pictures made
-/// until then, by the names of sets, are answered.
+/// Selects these sets one after the other, makes a picture of each and restores the scene; other
+/// effects of the sets' scripts stay. Shows the progress; the user can cancel. Returns the finished
+/// pictures by names of sets.
 QMap<QString, QByteArray> make(const QStringList &sets, QWidget *window);
 
 } // namespace qxSetPreviews
