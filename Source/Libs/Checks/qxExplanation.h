@@ -2,7 +2,9 @@
 
 #include "qxStateRules.h"
 
+#include <QHash>
 #include <QMap>
+#include <QSet>
 #include <QStringList>
 
 class qxVariantSet;
@@ -56,12 +58,12 @@ private:
     };
 
     void addTargets(const qxVariantSet &set);
-    void addVariants(const qxVariantSet &set, qxVariantKind kind);
+    void addVariants(const qxVariantSet &set, const qxVariantKind *kind);
     void addViewpoints(const qxVariantSet &set);
     void addRest(const qxVariantSet &set);
     void addAnimations(const qxVariantSet &set);
     /// Foresees the state in every object of the entry's name.
-    void foresee(qxExplainedEntry &entry, qxVariantKind kind);
+    void foresee(qxExplainedEntry &entry, const qxVariantKind *kind);
     void apply(qxExplainedEntry &entry, const qxSceneObject &object, const qxEffect &effect);
     /// What else a node variant shows while it recurses: all below, and above up to what is shown.
     void recurse(const osg::NodePtr &node);
@@ -73,7 +75,7 @@ private:
     bool isShown(const qxExplainedEntry &entry, const qxSelectionOutcome &outcome) const;
     void compareChanges();
 
-    const qxSceneIndex m_scene;
+    const qxSceneLookup m_scene;
     std::vector<qxExplainedEntry> m_entries;
     std::vector<Change> m_changes;
     QHash<qxAspectKey, int> m_values; ///< what was changed so far

@@ -5,10 +5,10 @@
 #include "Internal/Options/qxSwitchOptions.h"
 #include "Internal/Options/qxSwitchStepping.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "Internal/Scene/qxSceneEdits.h"
+#include "qxVariantKind.h"
 #include "qxVariants.h"
 
 #include "OSGSwitchComponentTransform.h"
@@ -16,6 +16,7 @@
 #include "qxMessage.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 
 #include <OpenSG/OSGSwitch.h>
 
@@ -175,6 +176,10 @@ void addTransformStates(qxVariant &variant, const osg::SwitchComponentTransformP
 
 } // namespace
 
+const qxVariantNotifications qxNodeVariant::notifications{
+    "nodeVariantAdded",    "nodeVariantRemoved", "nodeVariantChanged",
+    "nodeVariantSelected", "selectNodeVariants", 1};
+
 qxNodeVariant::qxNodeVariant(osg::NodePtr node)
 {
     if (node == osg::NullFC)
@@ -196,7 +201,7 @@ void qxNodeVariant::onSelect(const QString &state)
     Selection selection(*this, state);
     for (const qxNodePtr &node : findNodes(nodeName))
         selection.apply(node);
-    qxNotify::nodeVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxNodeVariant::onCurrent() const

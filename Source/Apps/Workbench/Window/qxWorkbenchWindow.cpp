@@ -73,10 +73,10 @@ qxWorkbenchWindow::qxWorkbenchWindow()
         if (QDockWidget *const dock = dockAround(now))
             dock->raise();
     });
-    m_watch = std::make_unique<qxWindowWatchdog>();
-    connect(m_watch.get(), &qxWindowWatchdog::stillRuns, this,
+    m_watchdog = std::make_unique<qxWindowWatchdog>();
+    connect(m_watchdog.get(), &qxWindowWatchdog::stillRuns, this,
             [this] { statusBar()->showMessage(tr("A script is running. Escape ends it."), 2000); });
-    watchLeftOutScripts();
+    watchBlockedScripts();
     showPath(QString());
     retranslate();
     restoreLayout();
