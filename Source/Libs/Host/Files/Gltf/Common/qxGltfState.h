@@ -24,8 +24,8 @@ struct qxGltfTransformStates {
     bool isShown = false; ///< a transform switch that stands in the pose and not in its choice
 };
 
-/// One node as a scene file would have it. Comparing what was loaded with what is there now tells
-/// what a save has to write.
+/// One node as a scene file describes it. The differences between the loaded and the present state
+/// are what a save writes.
 struct qxGltfNodeState {
     osg::NodePtr node;
     int index = -1; ///< in the file, -1 when it is not from there
@@ -46,20 +46,20 @@ struct qxGltfNodeState {
     std::vector<int> children; ///< positions in qxGltfState::nodes
 };
 
-/// The scene as a scene file would have it: every node once, parents before their children.
+/// The scene as a scene file describes it: every node once, parents before their children.
 struct qxGltfState {
     std::vector<qxGltfNodeState> nodes;
     std::vector<int> roots;
     std::unordered_map<osg::UInt32, osg::GeometryPtr> geometries; ///< all that are shown
 
-    /// Describes these nodes and everything below them; overlays and the environment, which may be
-    /// null, stand where they came from, new ones behind the other roots. Throws qxGltfError naming
-    /// the node for what a scene file has no form for.
+    /// Describes these nodes and everything below them. Overlays and the environment, which may be
+    /// null, are put at their original places, new ones after the other roots. Throws qxGltfError
+    /// with the name of a node that cannot be written.
     static qxGltfState of(const std::vector<osg::NodePtr> &roots,
                           const std::vector<osg::NodePtr> &overlays,
                           const osg::NodePtr &environment, const qxGltfOrigin &origin);
-    /// The positions of the nodes that a file means by a name when it tells whose core is shared:
-    /// the first switch or transform switch of each name, in the order of the file.
+    /// The positions of the nodes whose cores can be shared by name: the first switch or transform
+    /// switch of each name, in the order of the file.
     std::unordered_map<std::string, int> owners() const;
 };
 

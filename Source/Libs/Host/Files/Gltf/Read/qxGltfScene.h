@@ -19,8 +19,8 @@ struct qxGltfOrigin {
         osg::UInt32 switchMaterial = 0; ///< 0 for none
     };
     std::unordered_map<osg::UInt32, int> nodes;
-    /// Where a node was taken from that moved out of the tree: its place below a node, or among the
-    /// roots (-1).
+    /// The original place of a node that moved out of the tree: below a node, or among the roots
+    /// (-1).
     struct Place {
         int parent = -1;
         int position = 0;
@@ -36,7 +36,7 @@ struct qxGltfOrigin {
     std::unordered_map<osg::UInt32, int> coreOwners;
 };
 
-/// The scene graph made of a file, not yet shown. It ends with the object unless it is shown.
+/// The scene graph of a file, not yet shown. It is destroyed with this object unless it is shown.
 struct qxGltfScene {
     std::vector<qxGltfMaterialRef> materials;
     std::vector<osg::SwitchMaterialRefPtr> switches;
@@ -56,6 +56,6 @@ struct qxGltfScene {
     void buildMaterials(qxGltfModel &model);
     /// Makes all the rest, of these materials. Throws qxGltfError; warnings are as above.
     void build(qxGltfModel &model);
-    /// Hands everything to the host: below the scene's root, into its pools.
+    /// Adds everything to the host: below the scene's root, and to its pools.
     void show() const;
 };
