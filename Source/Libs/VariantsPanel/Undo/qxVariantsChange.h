@@ -7,15 +7,15 @@
 #include <QHash>
 #include <QStringList>
 
-/// What a capture does to the registry's variants, to undo: variants that come, and options that
-/// existing ones get.
+/// The changes of a capture to the registry's variants, for undo: new variants, and new options of
+/// existing ones.
 ///
-/// Undoing and redoing leave alone what others changed since, and variants that sets refer to.
+/// Undo and redo do not touch what others have changed since, nor variants that sets refer to.
 class qxVariantsChange {
 public:
-    /// Notes all variants.
+    /// Records all variants.
     qxVariantsChange();
-    /// Keeps only those that came or have become different.
+    /// Keeps only those that are new or have changed.
     void finish();
 
     void redo() const { apply(true); }

@@ -29,12 +29,12 @@ public:
     /// Null when there is none of that name.
     static qxVariant *find(int kind, const QString &name);
 
-    /// The variant of a row or of the row above it; null for a kind and for one that is gone.
+    /// The variant of a row or of its parent row; null for a kind and for a removed variant.
     qxVariant *variantAt(const QModelIndex &index) const;
     /// The name of the option of a row; empty for other rows.
     QString optionAt(const QModelIndex &index) const;
     QModelIndex indexOf(int kind, const QString &variant) const;
-    /// The language is another: views ask for all texts anew.
+    /// Call it after a change of language: views update all texts.
     void retranslate();
 
     QModelIndex index(int row, int column, const QModelIndex &parent) const override;
@@ -57,7 +57,7 @@ private:
         mutable bool isCurrentKnown = false;
     };
 
-    /// The place of a row by names, which outlives a change of rows.
+    /// The place of a row by names, which stays valid when rows change.
     struct Place {
         int kind;
         QString variant;
