@@ -5,6 +5,9 @@
 #include "qxScenegraph.h"
 #include "qxText.h"
 
+#include <cstdint>
+#include <string_view>
+
 /// Names of scene objects, and the paths that are made of them.
 namespace qxNames {
 
@@ -49,6 +52,16 @@ inline std::string pathOf(const osg::NodePtr &node)
         node, '/', [&root](const osg::NodePtr &each, const std::string &) { return each == root; });
     if (!path.empty())
         path.pop_back();
+    return path;
+}
+
+/// The hash of the path of nothing, and the one of a path (FNV-1a, 64 bits) that goes on with
+/// `text`.
+constexpr std::uint64_t EmptyPath = 0xCBF29CE484222325;
+inline std::uint64_t hashOf(std::string_view text, std::uint64_t path)
+{
+    for (const char each : text)
+        path = (path ^ static_cast<unsigned char>(each)) * 0x100000001B3;
     return path;
 }
 

@@ -13,6 +13,8 @@
 #include <optional>
 #include <set>
 
+using qxNames::EmptyPath;
+using qxNames::hashOf;
 using qxNames::nameOf;
 
 namespace {
@@ -87,16 +89,6 @@ QSet<QString> clipNames()
     for (const std::string &clip : clips)
         names.insert(qxText::fromUtf8(clip));
     return names;
-}
-
-constexpr quint64 EmptyPath = 0xCBF29CE484222325;
-
-/// The hash of a path (FNV-1a, 64 bits) that goes on with `text`.
-quint64 hashOf(const std::string &text, quint64 hash)
-{
-    for (const char each : text)
-        hash = (hash ^ quint64(static_cast<unsigned char>(each))) * 0x100000001B3;
-    return hash;
 }
 
 /// The hashes of all paths: the texts would take the square of the depth.
