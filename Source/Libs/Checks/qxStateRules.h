@@ -7,7 +7,7 @@
 
 /// Something that a variant of some kind drives, or would if it were of the right sort.
 struct qxSceneObject {
-    qxVariantKind kind = qxVariantKind::Node;
+    const qxVariantKind *kind = &qxVariantKinds::node;
     osg::NodePtr node = osg::NullFC; ///< null for a material
     osg::MaterialPtr material = osg::NullFC;
 };
@@ -39,7 +39,7 @@ struct qxEffect {
 namespace qxStateRules {
 
 /// What bears the name `base` among the objects of that kind, in scene order.
-std::vector<qxSceneObject> objectsOf(const qxSceneLookup &scene, qxVariantKind kind,
+std::vector<qxSceneObject> objectsOf(const qxSceneLookup &scene, const qxVariantKind *kind,
                                      const QString &base);
 /// Why no state at all reaches the object: it is of the wrong sort.
 std::optional<qxCode> flawOf(const qxSceneObject &object);

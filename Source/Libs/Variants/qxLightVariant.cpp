@@ -2,6 +2,7 @@
 
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Scene/qxNodeVisibility.h"
+#include "qxVariantKind.h"
 
 #include "qxLights.h"
 #include "qxMessage.h"
@@ -37,6 +38,10 @@ void buildOptions(qxLightVariant &variant, const osg::NodePtr &light)
 
 } // namespace
 
+const qxVariantNotifications qxLightVariant::notifications{
+    "lightVariantAdded",    "lightVariantRemoved", "lightVariantChanged",
+    "lightVariantSelected", "selectLightVariants", 1};
+
 qxLightVariant::qxLightVariant(osg::NodePtr node)
 {
     lightName = qxText::fromUtf8(qxNodeUtils::getName(node));
@@ -57,7 +62,7 @@ void qxLightVariant::onSelect(const QString &state)
             callVariantsLightChanged(light, message);
         }
     }
-    qxNotify::lightVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxLightVariant::onCurrent() const

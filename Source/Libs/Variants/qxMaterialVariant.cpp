@@ -7,6 +7,7 @@
 #include "Internal/Options/qxSwitchStepping.h"
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Scene/qxSceneEdits.h"
+#include "qxVariantKind.h"
 
 #include "qxNames.h"
 
@@ -86,6 +87,10 @@ void setMasks(const QString &switchMaterialName, osg::UInt32 mask)
 
 } // namespace
 
+const qxVariantNotifications qxMaterialVariant::notifications{
+    "materialVariantAdded",    "materialVariantRemoved", "materialVariantChanged",
+    "materialVariantSelected", "selectMaterialVariants", 1};
+
 qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
 {
     const QString materialName = nameOf(material);
@@ -124,7 +129,7 @@ void qxMaterialVariant::onSelect(const QString &state)
         if (choose(switchMaterial, target))
             qxNotify::variantsMaterialChanged(variantName, target, baseName);
     }
-    qxNotify::materialVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxMaterialVariant::onCurrent() const

@@ -1,4 +1,8 @@
-#include "Internal/Registry/qxKind.h"
+#include "qxLightVariant.h"
+#include "qxMaterialVariant.h"
+#include "qxNodeVariant.h"
+#include "qxOverlayVariant.h"
+#include "qxTransformVariant.h"
 #include "qxVariantSet.h"
 
 #include "qxText.h"

@@ -69,7 +69,8 @@ bool isWorkingStep(const qxSceneLookup &scene, const qxVariantState &entry)
     const qxTransformVariant *const variant = qxVariants::findTransformVariant(entry.variant);
     if (!variant || !entry.state.startsWith(QLatin1Char('!')))
         return false;
-    const auto nodes = qxStateRules::objectsOf(scene, qxVariantKind::Transform, variant->nodeName);
+    const auto nodes =
+        qxStateRules::objectsOf(scene, &qxVariantKinds::transform, variant->nodeName);
     return std::any_of(nodes.begin(), nodes.end(), [&](const qxSceneObject &node) {
         return qxStateRules::effectOf(node, entry.state).operation != qxEffect::Nothing;
     });

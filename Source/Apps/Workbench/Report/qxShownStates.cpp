@@ -14,7 +14,7 @@ qxShownStates::Shown qxShownStates::of(const qxVariantRow &row) const
     const auto nodes = m_scene.nodes(variant->nodeName);
     if (nodes.empty())
         return shown;
-    const qxSceneObject node{qxVariantKind::Node, nodes.front(), osg::NullFC};
+    const qxSceneObject node{&qxVariantKinds::node, nodes.front(), osg::NullFC};
     shown.isHidden = qxStateRules::current(node, qxAspect::Visibility) == 0;
     if (osg::SwitchComponentTransformPtr::dcast(node.node->getCore()) != osg::NullFC)
         shown.state = qxStateRules::nameOf(node, qxAspect::Choice,
