@@ -2,13 +2,14 @@
 
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
+#include "qxOverlays.h"
 #include "qxScenegraph.h"
 #include "qxText.h"
 
 #include <cstdint>
 #include <string_view>
 
-/// Names of scene objects, and the paths that are made of them.
+/// Names of scene objects, finding objects by them, and the paths that are made of them.
 namespace qxNames {
 
 /// By the rule of qxNodeUtils::getName.
@@ -20,6 +21,36 @@ inline QString nameOf(const osg::NodePtr &node)
 inline QString nameOf(const osg::MaterialPtr &material)
 {
     return qxText::fromUtf8(qxMaterials::getName(material));
+}
+
+/// The first node of that name, or null; all nodes of that name (see qxScenegraph).
+inline qxNodePtr findNode(const QString &name)
+{
+    return qxScenegraph::findNode(qxText::toUtf8(name).c_str());
+}
+inline std::vector<qxNodePtr> findNodes(const QString &name)
+{
+    return qxScenegraph::findNodes(qxText::toUtf8(name).c_str());
+}
+
+/// The same for overlays (see qxOverlays).
+inline qxNodePtr findOverlay(const QString &name)
+{
+    return qxOverlays::findOverlay(qxText::toUtf8(name).c_str());
+}
+inline std::vector<qxNodePtr> findOverlays(const QString &name)
+{
+    return qxOverlays::findOverlays(qxText::toUtf8(name).c_str());
+}
+
+/// The same for materials (see qxMaterials).
+inline osg::MaterialPtr findMaterial(const QString &name)
+{
+    return qxMaterials::findMaterial(qxText::toUtf8(name).c_str());
+}
+inline std::vector<osg::MaterialPtr> findMaterials(const QString &name)
+{
+    return qxMaterials::findMaterials(qxText::toUtf8(name).c_str());
 }
 
 /// The names (UTF-8) from below the top down to the node, each followed by `separator`: empty for

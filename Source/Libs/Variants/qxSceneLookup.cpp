@@ -4,7 +4,6 @@
 #include "qxLights.h"
 #include "qxNames.h"
 #include "qxNodeWalk.h"
-#include "qxOverlays.h"
 #include "qxUberCameraPool.h"
 
 #include <QHash>
@@ -107,7 +106,6 @@ QSet<quint64> pathHashes()
         hashes.insert(path);
         for (const osg::NodePtr &child : *place.first->getMFChildren())
             below.push_back({child, hashOf("/", path)});
-        return true;
     });
     return hashes;
 }
@@ -151,7 +149,7 @@ std::vector<qxNodePtr> qxSceneLookup::overlays(const QString &name) const
 
 std::vector<osg::MaterialPtr> qxSceneLookup::materials(const QString &name) const
 {
-    return qxMaterials::findMaterials(qxText::toUtf8(name).c_str());
+    return qxNames::findMaterials(name);
 }
 
 bool qxSceneLookup::hasNestedNodes(const QString &name) const
@@ -171,7 +169,7 @@ bool qxSceneLookup::hasNode(const QString &name) const
 
 bool qxSceneLookup::hasMaterial(const QString &name) const
 {
-    return qxMaterials::findMaterial(qxText::toUtf8(name).c_str()) != osg::NullFC;
+    return qxNames::findMaterial(name) != osg::NullFC;
 }
 
 bool qxSceneLookup::hasLight(const QString &name) const
@@ -182,6 +180,14 @@ bool qxSceneLookup::hasLight(const QString &name) const
 bool qxSceneLookup::hasViewpoint(const QString &name) const
 {
     return !name.isEmpty() && qxUberCameraPool::the()->findViewpoint(qxText::toUtf8(name)) >= 0;
+}
+
+QStringList qxSceneLookup::viewpointNames()
+{
+    QStringList names;
+    for (int id = 0; id < qxUberCameraPool::the()->count(); ++id)
+        names += qxText::fromUtf8(qxUberCameraPool::the()->get(id)->name);
+    return names;
 }
 
 bool qxSceneLookup::hasClip(const QString &name) const

@@ -37,11 +37,9 @@ public:
     void run(const osg::NodePtr &root)
     {
         m_matrices.assign(1, osg::Matrix());
-        qxWalkTree(Places{{root, {0, 0, osg::MaterialPtr()}}},
-                   [this](const Place &place, Places &below) {
-                       visit(place.node, place.above, below);
-                       return true;
-                   });
+        qxWalkTree(
+            Places{{root, {0, 0, osg::MaterialPtr()}}},
+            [this](const Place &place, Places &below) { visit(place.node, place.above, below); });
     }
 
 private:

@@ -42,7 +42,6 @@ std::vector<qxNodePtr> qxLights::getLights()
     qxWalkScene([&lights](const osg::NodePtr &node) {
         if (isLight(node))
             lights.push_back(node);
-        return true;
     });
     return lights;
 }

@@ -30,7 +30,6 @@ qxNameIndex::qxNameIndex(const std::vector<osg::NodePtr> &tops)
     for (const osg::NodePtr &top : tops) {
         qxWalkNodes(top, [this](const osg::NodePtr &node) {
             m_entries.push_back({node.getFieldContainerId(), hashOf(qxNodeName(node)), none});
-            return true;
         });
     }
     m_slots.assign(powerOfTwoAbove(m_entries.size()), none);

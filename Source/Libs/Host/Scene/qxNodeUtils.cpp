@@ -99,20 +99,14 @@ void qxNodeUtils::setName(const osg::NodePtr &node, const std::string &name, boo
 std::vector<qxNodePtr> qxNodeUtils::getSceneNodes()
 {
     std::vector<qxNodePtr> nodes;
-    qxWalkScene([&nodes](const osg::NodePtr &found) {
-        nodes.push_back(found);
-        return true;
-    });
+    qxWalkScene([&nodes](const osg::NodePtr &found) { nodes.push_back(found); });
     return nodes;
 }
 
 std::vector<qxNodePtr> qxNodeUtils::getSubTreeNodes(const osg::NodePtr &node)
 {
     std::vector<qxNodePtr> nodes;
-    qxWalkNodes(node, [&nodes](const osg::NodePtr &found) {
-        nodes.push_back(found);
-        return true;
-    });
+    qxWalkNodes(node, [&nodes](const osg::NodePtr &found) { nodes.push_back(found); });
     return nodes;
 }
 

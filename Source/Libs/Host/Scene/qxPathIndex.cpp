@@ -133,7 +133,6 @@ void qxPathIndex::build()
         const std::size_t hash = hashOf(qxNodeName(candidate.node), candidate.above);
         m_nodes.emplace_back(hash, candidate.node);
         addChildren(below, candidate.node, hashOf("/", hash));
-        return true;
     });
     std::stable_sort(m_nodes.begin(), m_nodes.end(), isBefore);
 }

@@ -32,7 +32,6 @@ void cutDeepTree(const osg::NodePtr &top)
             cuts.push_back(node);
         for (const osg::NodePtr &child : *node->getMFChildren())
             below.push_back({child, level + 1});
-        return true;
     });
     for (auto cut = cuts.rbegin(); cut != cuts.rend(); ++cut) { // deeper ones were found later
         const osg::NodePtr parent = (*cut)->getParent();

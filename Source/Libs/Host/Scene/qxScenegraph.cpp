@@ -79,7 +79,6 @@ std::vector<qxNodePtr> qxScenegraph::findNodes(const char *name)
     qxWalkScene([&](const osg::NodePtr &node) {
         if (qxIsFoundBy(node, name))
             found.push_back(node);
-        return true;
     });
     return found;
 }

@@ -185,10 +185,7 @@ void Describer::describeAll(const std::vector<osg::NodePtr> &roots)
     std::vector<Open> tops;
     for (const osg::NodePtr &root : roots)
         tops.push_back({root, -1});
-    qxWalkTree(tops, [this](const Open &next, std::vector<Open> &below) {
-        describe(next, below);
-        return true;
-    });
+    qxWalkTree(tops, [this](const Open &next, std::vector<Open> &below) { describe(next, below); });
 }
 
 /// Whether what is at that position lies in the moved tree, or below it once all are back.
@@ -276,7 +273,6 @@ std::unordered_map<std::string, int> qxGltfState::owners() const
         if ((node.switchChoice || node.transformChoice) && node.name)
             first.emplace(*node.name, position);
         below.insert(below.end(), node.children.begin(), node.children.end());
-        return true;
     });
     return first;
 }

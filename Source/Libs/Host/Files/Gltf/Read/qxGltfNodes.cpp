@@ -97,7 +97,6 @@ void qxGltfNodes::findOrder()
         const std::vector<int> &children = m_model.typed.nodes[std::size_t(index)].children;
         place(children, index);
         below.insert(below.end(), children.begin(), children.end());
-        return true;
     });
 }
 

@@ -377,7 +377,6 @@ void qxGltfPatch::removeUnmeantMarks()
         hasEnvironment = hasEnvironment || state.environment;
         for (const int child : state.children)
             below.push_back({child, index, inOverlay});
-        return true;
     });
 }
 
