@@ -4,8 +4,8 @@
 #include "Report/qxVariantTable.h"
 #include "Session/qxSession.h"
 #include "qxAnimManager.h"
+#include "qxSceneLookup.h"
 #include "qxShowCommand.h"
-#include "qxUberCameraPool.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -18,14 +18,6 @@ struct Fact {
     const char *words;
     QJsonValue value;
 };
-
-QJsonArray viewpointNames()
-{
-    QJsonArray names;
-    for (int id = 0; id < qxUberCameraPool::the()->count(); ++id)
-        names += QString::fromStdString(qxUberCameraPool::the()->get(id)->name);
-    return names;
-}
 
 QJsonObject hiddenPictures(const qxSceneFileInfo &info)
 {
@@ -55,7 +47,7 @@ QList<Fact> facts(const qxSceneFileInfo &info)
         {"triangles", "triangles", double(info.triangles)},
         {"materials", "materials", info.materials},
         {"textures", "textures", info.textures},
-        {"viewpoints", "viewpoints", viewpointNames()},
+        {"viewpoints", "viewpoints", QJsonArray::fromStringList(qxSceneLookup::viewpointNames())},
         {"animations", "animations", clipNames()},
         {"extensionsUsed", "extensions", QJsonArray::fromStringList(info.extensionsUsed)},
         {"extensionsNotUnderstood", "of these kept, not shown",

@@ -7,9 +7,9 @@
 #include "Undo/qxSetEdits.h"
 #include "qxKeyText.h"
 #include "qxPanelEvents.h"
+#include "qxSceneLookup.h"
 #include "qxSetHotkeys.h"
 #include "qxTakenKeys.h"
-#include "qxUberCameraPool.h"
 #include "qxValuesTable.h"
 
 #include <QComboBox>
@@ -257,11 +257,8 @@ void qxSetForm::showViewpoints(const QString &chosen)
     const QSignalBlocker quiet(m_viewpoint);
     m_viewpoint->clear();
     m_viewpoint->addItem(tr("(none)"), QString());
-    const qxUberCameraPool &pool = *qxUberCameraPool::the();
-    for (int id = 0; id < pool.count(); ++id) {
-        const QString name = QString::fromStdString(qxUberCameraUtils::getName(pool.get(id)));
+    for (const QString &name : qxSceneLookup::viewpointNames())
         m_viewpoint->addItem(name, name);
-    }
     if (m_viewpoint->findData(chosen) < 0)
         m_viewpoint->addItem(tr("%1 (missing)").arg(chosen), chosen);
     m_viewpoint->setCurrentIndex(m_viewpoint->findData(chosen));
