@@ -35,7 +35,7 @@ QString textOf(const Entry &entry)
 /// overlays are shown. Their overlay variants know showing, hiding and toggling at most.
 bool isOfOldForm(const qxLintVariant *variant)
 {
-    return !variant || variant->outline().options.size() <= 3;
+    return !variant || variant->element().options.size() <= 3;
 }
 
 /// The findings of one set.
@@ -80,7 +80,7 @@ void SetLint::add(qxCode code, const qxVariantKind *kind, const qxSyntaxTreeRefe
 {
     const QString message = QStringLiteral("set \"%1\", %2 variant \"%3\": %4")
                                 .arg(m_set.name, kind->word, reference.variant, what);
-    m_context.add(code, message, m_set.path, kind->referenceTag, reference.mark);
+    m_context.add(code, message, m_set.path, kind->referenceTag, reference.location);
 }
 
 /// A selection shows targets before all else, up to the first that is missing.
@@ -132,7 +132,7 @@ void SetLint::lintState(const qxVariantKind *kind, const qxSyntaxTreeReference &
     if (!reach.isTaken)
         add(qxCode::StateUnknownToScene, kind, reference,
             QStringLiteral("\"%1\" in the scene does not take the state \"%2\"")
-                .arg(variant.outline().base, reference.state));
+                .arg(variant.element().base, reference.state));
     noteFight(kind, reference, reach);
 }
 
@@ -167,7 +167,7 @@ void SetLint::lintNames(qxNameList list)
         const QString message =
             QStringLiteral("set \"%1\", %2 \"%3\": %4")
                 .arg(m_set.name, QLatin1String(rule.word), name.text, QLatin1String(what));
-        m_context.add(code, message, m_set.path, QString::fromLatin1(rule.tag), name.mark);
+        m_context.add(code, message, m_set.path, QString::fromLatin1(rule.tag), name.location);
     };
     for (const qxSyntaxTreeText &each : m_set.of(list)) {
         if (known.contains(each.text))
@@ -188,17 +188,17 @@ void SetLint::lintSnapshots()
             m_context.add(qxCode::NameTwice,
                           what.arg(m_set.name, each.text,
                                    QStringLiteral("a second one; only the last counts")),
-                          m_set.path, tag, each.mark);
+                          m_set.path, tag, each.location);
         known.insert(each.text);
         if (!m_context.scene.hasPath(each.text))
             m_context.add(qxCode::NoSuchSnapshotPath,
                           what.arg(m_set.name, each.text, QStringLiteral("no node has that path")),
-                          m_set.path, tag, each.mark);
+                          m_set.path, tag, each.location);
         if (!m_context.scene.hasMaterial(each.more))
             m_context.add(qxCode::NoSuchSnapshotMaterial,
                           what.arg(m_set.name, each.text,
                                    QStringLiteral("there is no material \"%1\"").arg(each.more)),
-                          m_set.path, tag, each.mark);
+                          m_set.path, tag, each.location);
     }
 }
 
@@ -209,32 +209,32 @@ void SetLint::lintRest(const qxLinter::Compile &compile)
         m_context.add(qxCode::NoSuchDefaultViewpoint,
                       QStringLiteral("set \"%1\": there is no viewpoint \"%2\" to end at")
                           .arg(m_set.name, viewpoint),
-                      m_set.path, m_set.mark);
+                      m_set.path, m_set.location);
     if (m_set.isEmpty())
         m_context.add(
             qxCode::EmptySet,
             QStringLiteral("set \"%1\" holds nothing that a selection applies").arg(m_set.name),
-            m_set.path, m_set.mark);
+            m_set.path, m_set.location);
     const QString error = m_set.script.text.isEmpty() ? QString() : compile(m_set.script.text);
     if (!error.isEmpty())
         m_context.add(qxCode::ScriptDoesNotCompile,
                       QStringLiteral("set \"%1\": %2").arg(m_set.name, error), m_set.script.more,
-                      m_set.script.mark);
+                      m_set.script.location);
 }
 
 /// Sets of one name, and sets that do the same.
 void compare(qxLintContext &context)
 {
-    context.addTwins(qxCode::SetTwice, QStringLiteral("set"), context.outline.sets);
+    context.addTwins(qxCode::SetTwice, QStringLiteral("set"), context.tree.sets);
     QHash<QByteArray, const qxSyntaxTreeSet *> digests;
-    for (const qxSyntaxTreeSet &set : context.outline.sets) {
+    for (const qxSyntaxTreeSet &set : context.tree.sets) {
         if (set.isEmpty())
             continue;
         if (digests.contains(set.digest))
             context.add(qxCode::EqualSets,
                         QStringLiteral("set \"%1\" does what set \"%2\" does")
                             .arg(set.name, digests[set.digest]->name),
-                        set.path, set.mark);
+                        set.path, set.location);
         else
             digests.insert(set.digest, &set);
     }
@@ -244,7 +244,7 @@ void compare(qxLintContext &context)
 
 void qxLintParts::lintSets(qxLintContext &context, const qxLinter::Compile &compile)
 {
-    for (const qxSyntaxTreeSet &set : context.outline.sets)
+    for (const qxSyntaxTreeSet &set : context.tree.sets)
         SetLint(context, set).run(compile);
     compare(context);
 }

@@ -11,7 +11,7 @@ bool qxSyntaxTreeSet::isEmpty() const
 
 qxSyntaxTree qxSyntaxTree::of(const QByteArray &document, qxFindingList &findings)
 {
-    qxSyntaxTree outline;
-    qxSyntaxTreeReader(document, outline, findings).read();
-    return outline;
+    qxSyntaxTree tree;
+    qxSyntaxTreeReader(document, tree, findings).read();
+    return tree;
 }

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// Where an element stands in the document.
-struct qxMark {
+struct qxSourceLocation {
     int line = 0;
     int column = 0;
     int ordinal = 0; ///< among its siblings of the same name, from 1
@@ -20,14 +20,14 @@ struct qxSyntaxTreeReference {
     const qxVariantKind *kind;
     QString variant;
     QString state;
-    qxMark mark;
+    qxSourceLocation location;
 };
 
 /// An element that matters for one text, and sometimes for a second one.
 struct qxSyntaxTreeText {
     QString text;
     QString more; ///< the material of a snapshot, the path of a script's element
-    qxMark mark;
+    qxSourceLocation location;
 };
 
 /// The lists of names that a set can hold.
@@ -37,7 +37,7 @@ constexpr int qxNameLists = 4;
 struct qxSyntaxTreeSet {
     QString name;
     QString path;
-    qxMark mark;
+    qxSourceLocation location;
     std::vector<qxSyntaxTreeReference> references; ///< of all kinds in the document's order
     std::array<std::vector<qxSyntaxTreeText>, qxNameLists> names;
     std::vector<qxSyntaxTreeText> snapshots;
@@ -59,14 +59,14 @@ struct qxSyntaxTreeSet {
 struct qxSyntaxTreeGroup {
     QString name;
     QString path;
-    qxMark mark;
+    qxSourceLocation location;
     int sets = 0;
 };
 
 struct qxSyntaxTreeOption {
     QString name;
     qxSyntaxTreeText hotkey;
-    qxMark mark;
+    qxSourceLocation location;
 };
 
 struct qxSyntaxTreeVariant {
@@ -74,7 +74,7 @@ struct qxSyntaxTreeVariant {
     QString name;
     QString base; ///< the name of its scene object
     QString path;
-    qxMark mark;
+    qxSourceLocation location;
     qxSyntaxTreeText standard; ///< the default state
     std::vector<qxSyntaxTreeOption> options;
 };
@@ -87,6 +87,6 @@ struct qxSyntaxTree {
     std::vector<qxSyntaxTreeVariant> variants;
     bool isWhole = false; ///< false when the document is not well-formed
 
-    /// Takes the outline of `document` and adds what is wrong with its form to `findings`.
+    /// Parses `document` and adds what is wrong with its form to `findings`.
     static qxSyntaxTree of(const QByteArray &document, qxFindingList &findings);
 };
