@@ -51,5 +51,6 @@ struct qxVariantKind {
 
     /// Brings to the scene what a variant that was just read drives; null where nothing is to do.
     void (*complete)(const qxVariant &variant) = nullptr;
-    bool hasDefaults = true; ///< selecting the default states of a set takes part in it
+    bool hasDefaults = true; ///< selecting the default states of a set includes it
+    bool makesUsed = true; ///< a set that refers to one whose scene object exists is used
 };

@@ -11,6 +11,7 @@
 #include "qxVariants.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -133,6 +134,16 @@ constexpr qxVariantKind overlayRow()
     return kind;
 }
 
+constexpr qxVariantKind transformRow()
+{
+    auto kind = row<qxTransformVariant, qxVariants::_transformVariants>(
+        {"transform", QT_TRANSLATE_NOOP("qxVariants", "Transforms"), "TransformVariant",
+         "TransformRef"},
+        &qxVariantSet::transformVariants, &qxTransformVariant::nodeName);
+    kind.makesUsed = false;
+    return kind;
+}
+
 } // namespace
 
 // A list, not a procedure.
@@ -150,10 +161,7 @@ constexpr qxVariantKind light = row<qxLightVariant, qxVariants::_lightVariants>(
 
 constexpr qxVariantKind overlay = overlayRow();
 
-constexpr qxVariantKind transform = row<qxTransformVariant, qxVariants::_transformVariants>(
-    {"transform", QT_TRANSLATE_NOOP("qxVariants", "Transforms"), "TransformVariant",
-     "TransformRef"},
-    &qxVariantSet::transformVariants, &qxTransformVariant::nodeName);
+constexpr qxVariantKind transform = transformRow();
 
 const List &all()
 {
@@ -187,10 +195,17 @@ const Order &readingOrder()
 
 Order::Order(const List &firstKinds) : first(firstKinds)
 {
-    for (const qxVariantKind *kind : all()) {
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
         if (std::find(first.begin(), first.end(), kind) == first.end())
             rest.push_back(kind);
     }
+}
+
+List Order::all() const
+{
+    List kinds = first;
+    kinds.insert(kinds.end(), rest.begin(), rest.end());
+    return kinds;
 }
 
 const qxVariantKind *by(QLatin1String qxVariantKind::*name, const QString &text)
@@ -206,6 +221,13 @@ const qxVariantKind &of(const qxVariant &variant)
         return kind->type == typeid(variant);
     });
     return **found;
+}
+
+std::size_t count()
+{
+    return std::accumulate(
+        all().begin(), all().end(), std::size_t(0),
+        [](std::size_t sum, const qxVariantKind *kind) { return sum + kind->count(); });
 }
 
 void visit(const std::function<void(const qxVariantKind &kind, qxVariant &variant)> &each)

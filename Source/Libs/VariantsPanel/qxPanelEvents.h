@@ -4,6 +4,7 @@
 #include <QStringList>
 
 class qxMessage;
+struct qxVariantKind;
 
 /// The module's notifications and qxPanelChanges, as signals for the views.
 ///
@@ -30,8 +31,8 @@ signals:
     void statesChanged();
     /// This set was applied last.
     void setSelected(const QString &name);
-    /// The user wants to see these variants; `kind` as in qxVariantsModel.
-    void variantsHighlighted(int kind, const QStringList &names);
+    /// The user wants to see these variants.
+    void variantsHighlighted(const qxVariantKind &kind, const QStringList &names);
 
 private:
     enum Pending { Nothing = 0, Sets = 1, Variants = 2, States = 4, Selected = 8 };

@@ -5,6 +5,7 @@
 class QWidget;
 class qxTakenKeys;
 class qxVariantSet;
+struct qxVariantKind;
 
 /// Lets the keys of sets and of options select them wherever in the window of `place` or in its
 /// floating docks they are pressed, but for text fields, where a key writes. Of two sets with the
@@ -26,8 +27,7 @@ public:
 
 signals:
     void pressed(const QString &set);
-    /// `kind` as in qxVariantsModel.
-    void optionPressed(int kind, const QString &variant, const QString &option);
+    void optionPressed(const qxVariantKind &kind, const QString &variant, const QString &option);
 
 private:
     qxTakenKeys *m_taken;

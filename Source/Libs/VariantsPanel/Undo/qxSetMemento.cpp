@@ -1,5 +1,7 @@
 #include "qxSetMemento.h"
 
+#include "qxVariantKinds.h"
+
 #include <algorithm>
 
 namespace {
@@ -27,10 +29,15 @@ bool isSame(const qxStateList &one, const qxStateList &other)
 
 // A list, not a procedure.
 template <class Visit>
-void qxSetMemento::visitFields(const Visit &visit)
+void qxSetMemento::visitFields(const Visit &visitBoth)
 {
     typedef qxSetMemento Held;
     typedef qxVariantSet Set;
+    const auto visit = [&](auto field, auto own) {
+        visitBoth(
+            [field](auto &held) -> auto & { return held.*field; },
+            [own](auto &set) -> auto & { return set.*own; });
+    };
     visit(&Held::name, &Set::name);
     visit(&Held::hotkey, &Set::hotkey);
     visit(&Held::comment, &Set::comment);
@@ -38,11 +45,6 @@ void qxSetMemento::visitFields(const Visit &visit)
     visit(&Held::defaultViewpoint, &Set::defaultViewpoint);
     visit(&Held::values, &Set::values);
     visit(&Held::preview, &Set::preview);
-    visit(&Held::m_nodes, &Set::nodeVariants);
-    visit(&Held::m_materials, &Set::materialVariants);
-    visit(&Held::m_lights, &Set::lightVariants);
-    visit(&Held::m_overlays, &Set::overlayVariants);
-    visit(&Held::m_transforms, &Set::transformVariants);
     visit(&Held::m_viewpoints, &Set::viewpoints);
     visit(&Held::m_animations, &Set::animations);
     visit(&Held::m_geometries, &Set::geometries);
@@ -54,12 +56,18 @@ void qxSetMemento::visitFields(const Visit &visit)
     visit(&Held::m_includesLights, &Set::inclLights);
     visit(&Held::m_includesEnvironment, &Set::inclEnv);
     visit(&Held::m_includesView, &Set::inclView);
+    for (std::size_t i = 0; i < qxVariantKinds::all().size(); ++i)
+        visitBoth(
+            [i](auto &held) -> auto & { return held.m_states[i]; },
+            [i](auto &set) -> auto & { return set.*qxVariantKinds::all()[i]->states; });
 }
+
+qxSetMemento::qxSetMemento() : m_states(qxVariantKinds::all().size()) {}
 
 qxSetMemento qxSetMemento::of(const qxVariantSet &set)
 {
     qxSetMemento held;
-    visitFields([&](auto field, auto own) { held.*field = set.*own; });
+    visitFields([&](auto field, auto own) { field(held) = own(set); });
     held.m_clipping = set.analyzer;
     held.m_animationIndex = set.animationIndex;
     return held;
@@ -67,7 +75,7 @@ qxSetMemento qxSetMemento::of(const qxVariantSet &set)
 
 void qxSetMemento::applyTo(qxVariantSet &set) const
 {
-    visitFields([&](auto field, auto own) { set.*own = this->*field; });
+    visitFields([&](auto field, auto own) { own(set) = field(*this); });
     set.analyzer = m_clipping;
     set.animationIndex = m_animationIndex;
     set.updateShortcut();
@@ -76,7 +84,7 @@ void qxSetMemento::applyTo(qxVariantSet &set) const
 bool qxSetMemento::differ(const qxSetMemento &before, const qxSetMemento &after)
 {
     bool differ = false;
-    visitFields([&](auto field, auto) { differ |= !isSame(before.*field, after.*field); });
+    visitFields([&](auto field, auto) { differ |= !isSame(field(before), field(after)); });
     return differ;
 }
 
@@ -85,14 +93,14 @@ bool qxSetMemento::edit(qxVariantSet &set, const qxSetMemento &before, const qxS
     const qxSetMemento now = of(set);
     bool isFree = true;
     visitFields([&](auto field, auto) {
-        const bool isEdited = !isSame(before.*field, after.*field);
-        isFree &= !isEdited || isSame(now.*field, before.*field);
+        const bool isEdited = !isSame(field(before), field(after));
+        isFree &= !isEdited || isSame(field(now), field(before));
     });
     if (!isFree)
         return false;
     visitFields([&](auto field, auto own) {
-        if (!isSame(before.*field, after.*field))
-            set.*own = after.*field;
+        if (!isSame(field(before), field(after)))
+            own(set) = field(after);
     });
     set.updateShortcut();
     return true;

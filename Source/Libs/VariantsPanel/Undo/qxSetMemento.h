@@ -28,11 +28,9 @@ private:
     template <class Visit>
     static void visitFields(const Visit &visit);
 
-    qxStateList m_nodes;
-    qxStateList m_materials;
-    qxStateList m_lights;
-    qxStateList m_overlays;
-    qxStateList m_transforms;
+    qxSetMemento();
+
+    std::vector<qxStateList> m_states; ///< in the order of qxVariantKinds::all
     qxUniqueNames m_viewpoints;
     qxUniqueNames m_animations;
     qxUniqueNames m_geometries;
