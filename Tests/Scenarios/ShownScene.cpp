@@ -9,7 +9,7 @@
 #include "OSGUberLight.h"
 #include "Report/qxShownStates.h"
 #include "Scene/OSGTransformStates.h"
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "TestScene.h"
 #include "qxAnimManager.h"
 #include "qxMaterials.h"

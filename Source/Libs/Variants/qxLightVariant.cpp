@@ -1,7 +1,6 @@
 #include "qxLightVariant.h"
 
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "qxVariantKind.h"
 
@@ -9,6 +8,7 @@
 #include "qxMessage.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 
 #include <algorithm>
 

@@ -11,10 +11,10 @@ qxShownStates::Shown qxShownStates::of(const qxVariant &variant) const
     const auto *const ofNode = dynamic_cast<const qxNodeVariant *>(&variant);
     if (!ofNode)
         return shown;
-    const auto objects = m_scene.objects(&qxVariantKinds::node, ofNode->nodeName);
-    if (objects.empty())
+    const auto nodes = m_scene.nodes(ofNode->nodeName);
+    if (nodes.empty())
         return shown;
-    const qxSceneObject &node = objects.front();
+    const qxSceneObject node{&qxVariantKinds::node, nodes.front(), osg::NullFC};
     shown.isHidden = qxStateRules::current(node, qxAspect::Visibility) == 0;
     if (osg::SwitchComponentTransformPtr::dcast(node.node->getCore()) != osg::NullFC)
         shown.state = qxStateRules::nameOf(node, qxAspect::Choice,

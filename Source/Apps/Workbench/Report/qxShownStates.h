@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qxSceneIndex.h"
+#include "qxSceneLookup.h"
 #include "qxScenegraph.h"
 
 /// What the scene shows of variants, where their own current state does not tell: the place of a
@@ -20,5 +20,5 @@ public:
     Shown of(const qxVariant &variant) const;
 
 private:
-    const qxSceneIndex m_scene;
+    const qxSceneLookup m_scene;
 };
