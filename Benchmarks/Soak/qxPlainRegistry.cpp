@@ -1,6 +1,8 @@
 #include "qxPlainRegistry.h"
 
+#include "qxVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantSet.h"
 #include "qxVariants.h"
 
 #include <tuple>

@@ -6,6 +6,7 @@
 #include "qxOverlayVariant.h"
 #include "qxTransformVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantSet.h"
 #include "qxVariantSetPtr.h"
 #include "qxVariants.h"
 

@@ -7,7 +7,7 @@
 #include "qxNodeVariant.h"
 #include "qxOverlayVariant.h"
 #include "qxTransformVariant.h"
-#include "qxVariantSet.h"
+#include "qxVariantReferences.h"
 #include "qxVariants.h"
 
 #include <algorithm>
@@ -77,7 +77,7 @@ struct Names {
 };
 
 template <class Variant, auto &list>
-constexpr qxVariantKind row(const Names &names, qxStateList qxVariantSet::*states,
+constexpr qxVariantKind row(const Names &names, qxStateList qxVariantReferences::*states,
                             QString Variant::*sceneName)
 {
     typedef Registered<Variant, list> Variants;
@@ -103,7 +103,7 @@ constexpr qxVariantKind materialRow()
     auto kind = row<qxMaterialVariant, qxVariants::_materialVariants>(
         {"material", QT_TRANSLATE_NOOP("qxVariants", "Materials"), "MaterialVariant",
          "MaterialVariantRef"},
-        &qxVariantSet::materialVariants, &qxMaterialVariant::switchMaterialName);
+        &qxVariantReferences::materialVariants, &qxMaterialVariant::switchMaterialName);
     kind.complete = [](const qxVariant &variant) {
         qxSwitchMaterialRepair::ensureSwitchMaterial(
             static_cast<const qxMaterialVariant &>(variant));
@@ -128,7 +128,7 @@ constexpr qxVariantKind overlayRow()
 {
     auto kind = row<qxOverlayVariant, qxVariants::_overlayVariants>(
         {"overlay", QT_TRANSLATE_NOOP("qxVariants", "Overlays"), "OverlayVariant", "OverlayRef"},
-        &qxVariantSet::overlayVariants, &qxOverlayVariant::overlayName);
+        &qxVariantReferences::overlayVariants, &qxOverlayVariant::overlayName);
     kind.create = createOverlay;
     kind.hasDefaults = false;
     return kind;
@@ -139,7 +139,7 @@ constexpr qxVariantKind transformRow()
     auto kind = row<qxTransformVariant, qxVariants::_transformVariants>(
         {"transform", QT_TRANSLATE_NOOP("qxVariants", "Transforms"), "TransformVariant",
          "TransformRef"},
-        &qxVariantSet::transformVariants, &qxTransformVariant::nodeName);
+        &qxVariantReferences::transformVariants, &qxTransformVariant::nodeName);
     kind.makesUsed = false;
     return kind;
 }
@@ -151,13 +151,13 @@ namespace qxVariantKinds {
 
 constexpr qxVariantKind node = row<qxNodeVariant, qxVariants::_nodeVariants>(
     {"node", QT_TRANSLATE_NOOP("qxVariants", "Nodes"), "NodeVariant", "NodeVariantRef"},
-    &qxVariantSet::nodeVariants, &qxNodeVariant::nodeName);
+    &qxVariantReferences::nodeVariants, &qxNodeVariant::nodeName);
 
 constexpr qxVariantKind material = materialRow();
 
 constexpr qxVariantKind light = row<qxLightVariant, qxVariants::_lightVariants>(
     {"light", QT_TRANSLATE_NOOP("qxVariants", "Lights"), "LightVariant", "LightVariantRef"},
-    &qxVariantSet::lightVariants, &qxLightVariant::lightName);
+    &qxVariantReferences::lightVariants, &qxLightVariant::lightName);
 
 constexpr qxVariantKind overlay = overlayRow();
 

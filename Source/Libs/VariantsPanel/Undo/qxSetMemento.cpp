@@ -56,18 +56,14 @@ void qxSetMemento::visitFields(const Visit &visitBoth)
     visit(&Held::m_includesLights, &Set::inclLights);
     visit(&Held::m_includesEnvironment, &Set::inclEnv);
     visit(&Held::m_includesView, &Set::inclView);
-    for (std::size_t i = 0; i < qxVariantKinds::all().size(); ++i)
-        visitBoth(
-            [i](auto &held) -> auto & { return held.m_states[i]; },
-            [i](auto &set) -> auto & { return set.*qxVariantKinds::all()[i]->states; });
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        visit(kind->states, kind->states);
 }
-
-qxSetMemento::qxSetMemento() : m_states(qxVariantKinds::all().size()) {}
 
 qxSetMemento qxSetMemento::of(const qxVariantSet &set)
 {
     qxSetMemento held;
-    visitFields([&](auto field, auto own) { field(held) = own(set); });
+    visitFields([&](auto field, auto own) { held.*field = set.*own; });
     held.m_clipping = set.analyzer;
     held.m_animationIndex = set.animationIndex;
     return held;
@@ -75,7 +71,7 @@ qxSetMemento qxSetMemento::of(const qxVariantSet &set)
 
 void qxSetMemento::applyTo(qxVariantSet &set) const
 {
-    visitFields([&](auto field, auto own) { own(set) = field(*this); });
+    visitFields([&](auto field, auto own) { set.*own = this->*field; });
     set.analyzer = m_clipping;
     set.animationIndex = m_animationIndex;
     set.updateShortcut();
@@ -84,7 +80,7 @@ void qxSetMemento::applyTo(qxVariantSet &set) const
 bool qxSetMemento::differ(const qxSetMemento &before, const qxSetMemento &after)
 {
     bool differ = false;
-    visitFields([&](auto field, auto) { differ |= !isSame(field(before), field(after)); });
+    visitFields([&](auto field, auto) { differ |= !isSame(before.*field, after.*field); });
     return differ;
 }
 
@@ -93,14 +89,14 @@ bool qxSetMemento::edit(qxVariantSet &set, const qxSetMemento &before, const qxS
     const qxSetMemento now = of(set);
     bool isFree = true;
     visitFields([&](auto field, auto) {
-        const bool isEdited = !isSame(field(before), field(after));
-        isFree &= !isEdited || isSame(field(now), field(before));
+        const bool isEdited = !isSame(before.*field, after.*field);
+        isFree &= !isEdited || isSame(now.*field, before.*field);
     });
     if (!isFree)
         return false;
     visitFields([&](auto field, auto own) {
-        if (!isSame(field(before), field(after)))
-            own(set) = field(after);
+        if (!isSame(before.*field, after.*field))
+            set.*own = after.*field;
     });
     set.updateShortcut();
     return true;

@@ -3,7 +3,7 @@
 #include "qxVariantSet.h"
 
 /// Everything that a set holds, as a value: to bring a set back, to copy it, to undo an edit.
-struct qxSetMemento {
+struct qxSetMemento : private qxVariantReferences {
     /// What `set` holds now.
     static qxSetMemento of(const qxVariantSet &set);
     /// Gives `set` these contents; its name only when it differs. The group stays.
@@ -28,9 +28,6 @@ private:
     template <class Visit>
     static void visitFields(const Visit &visit);
 
-    qxSetMemento();
-
-    std::vector<qxStateList> m_states; ///< in the order of qxVariantKinds::all
     qxUniqueNames m_viewpoints;
     qxUniqueNames m_animations;
     qxUniqueNames m_geometries;
