@@ -1,7 +1,7 @@
+#include "qxVariantKinds.h"
 #include "qxVariants.h"
 
 #include "Report/qxOutput.h"
-#include "Report/qxVariantTable.h"
 #include "Session/qxSession.h"
 #include "qxAnimManager.h"
 #include "qxSceneLookup.h"
@@ -55,7 +55,7 @@ QList<Fact> facts(const qxSceneFileInfo &info)
         {"picturesNotShown", "pictures kept, not shown", hiddenPictures(info)},
         {"groups", "variant groups", int(qxVariants::_variantGroups.size())},
         {"sets", "variant sets", int(qxVariants::_variantSets.size())},
-        {"variants", "variants", qxVariantTable::all().size()},
+        {"variants", "variants", int(qxVariantKinds::count())},
     };
 }
 

@@ -1,6 +1,7 @@
 #include "qxSetForm.h"
 
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -40,9 +41,9 @@ const int summaryLines = 200; ///< more are hard to read, and to lay out
 /// The states of the set in the order in which a user thinks of them.
 QString summary(const qxVariantSet &set)
 {
-    QStringList lines = statesOf(set.nodeVariants);
-    lines += statesOf(set.materialVariants) + statesOf(set.lightVariants)
-        + statesOf(set.overlayVariants) + statesOf(set.transformVariants);
+    QStringList lines;
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        lines += statesOf(set.*kind->states);
     const int more = lines.size() - summaryLines;
     if (more > 0)
         lines = lines.mid(0, summaryLines) << qxSetForm::tr("and %n more", nullptr, more);
