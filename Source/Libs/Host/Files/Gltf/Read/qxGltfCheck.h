@@ -4,13 +4,13 @@
 
 #include <QStringList>
 
-/// Extensions that may stand in "extensionsRequired": the host shows the scene as they say, or
-/// nothing that it shows depends on them.
+/// Extensions allowed in "extensionsRequired": the host implements them, or shows nothing that
+/// depends on them.
 const QStringList &qxGltfUnderstoodExtensions();
 
-/// Refuses documents that the rest of the reader could trip over: what it accepts has objects where
-/// objects belong, indices that exist, nodes that form trees, and data within their buffers.
-/// Throws qxGltfError with the first fault.
+/// Refuses documents that the reader cannot handle. After it values have the right types, indices
+/// are valid, nodes form trees, and data are within their buffers. Throws qxGltfError with the
+/// first fault.
 void qxGltfCheck(const qxJson &document);
 
 /// The part of qxGltfCheck about scenes and nodes.

@@ -11,7 +11,7 @@
 #include <string>
 #include <unordered_map>
 
-/// The scene graph made of a file, not yet shown. It ends with the object unless it is shown.
+/// The scene graph of a file, not yet shown. It is destroyed with this object unless it is shown.
 struct qxGltfScene {
     std::vector<qxGltfMaterialRef> materials;
     std::vector<osg::SwitchMaterialRefPtr> switches;
@@ -27,6 +27,6 @@ struct qxGltfScene {
     std::vector<std::string> clips;
     qxGltfOrigin origin;
 
-    /// Hands everything to the host: below the scene's root, into its pools.
+    /// Adds everything to the host: below the scene's root, and to its pools.
     void show() const;
 };

@@ -3,9 +3,9 @@
 #include "Files/Gltf/Common/qxGltfJson.h"
 #include "Files/Gltf/Common/qxGltfState.h"
 
-/// Writes into the JSON of a file what differs between two descriptions of its scene. Everything
-/// else stays as it is, also what nobody here understands. Nodes that left the scene stay in the
-/// list of nodes, because other parts of the file may refer to nodes by their position.
+/// Writes the differences between two descriptions of a scene into the JSON of its file. Everything
+/// else is kept, also unknown members. Nodes that left the scene stay in the list of nodes, because
+/// other parts of the file may refer to nodes by their position.
 class qxGltfPatch {
 public:
     /// `before` describes the scene as `json` has it, `after` as it is now.
