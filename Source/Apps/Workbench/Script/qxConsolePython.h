@@ -2,12 +2,12 @@
 
 #include <QStringList>
 
-/// What a prompt needs of the interpreter.
+/// Functions of the interpreter for a prompt.
 namespace qxConsolePython {
 
-/// What running a statement did.
+/// The result of running a statement.
 struct Answer {
-    bool isIncomplete; ///< the statement goes on: nothing ran
+    bool isIncomplete; ///< the statement is incomplete: nothing ran
     QString printed; ///< with errors and their tracebacks
 };
 
