@@ -1033,7 +1033,7 @@
     </message>
 </context>
 <context>
-    <name>qxSetPreviews</name>
+    <name>qxPreviewDialog</name>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>

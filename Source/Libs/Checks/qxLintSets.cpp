@@ -1,4 +1,5 @@
 #include "qxLintParts.h"
+#include "qxLinter.h"
 
 namespace {
 

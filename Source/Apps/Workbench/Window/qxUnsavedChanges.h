@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Report/qxSceneState.h"
+#include "Session/qxSceneState.h"
 
 #include <QByteArray>
 #include <QObject>

@@ -4,6 +4,7 @@
 #include "Script/qxBlockedScripts.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
+#include "Session/qxSetPictures.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
 #include "qxController.h"
@@ -13,10 +14,10 @@
 #include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
+#include "qxPreviewDialog.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
-#include "qxSetPreviews.h"
 #include "qxUnsavedChanges.h"
 #include "qxWindowWatchdog.h"
 
@@ -87,8 +88,8 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     // The stack emits signals while its dock is already destroyed.
     m_sets->undoStack()->disconnect(this);
     // Views of the scene are destroyed before the scene.
-    m_watch.reset();
-    m_leftOut.reset();
+    m_watchdog.reset();
+    m_blockedScripts.reset();
     m_before.reset();
     m_beforeScript.reset();
     delete m_unsaved;
@@ -235,7 +236,14 @@ void qxWorkbenchWindow::forgetScene()
 
 void qxWorkbenchWindow::makePreviews(const QStringList &sets)
 {
-    m_sets->setPreviews(qxSetPreviews::make(sets, this));
+    qxSetPictures::Previews previews;
+    {
+        qxPreviewDialog dialog(sets.size(), this);
+        qxSetPictures::visit(
+            sets, [&dialog](const QString &set) { return dialog.begin(set); },
+            [&previews](qxVariantSet &set) { return qxSetPictures::addPreview(set, previews); });
+    }
+    m_sets->setPreviews(previews);
     emit qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
 }

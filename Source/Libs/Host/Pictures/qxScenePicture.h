@@ -7,7 +7,7 @@ class qxScenePicture {
 public:
     /// As qxRenderer::render. It may be called while another picture is being made.
     static qxPicture render(const qxPictureSettings &settings,
-                            const qxRenderer::Progress &progress = qxRenderer::Progress());
+                            const qxPicture::Progress &progress = {});
     /// Whether render is running, for code in events that its progress display processes.
     static bool isRendering();
     /// What the last picture of render shows.
@@ -20,6 +20,9 @@ public:
     /// another one.
     static std::unique_ptr<qxRenderer> takeRenderer();
     static void giveBack(std::unique_ptr<qxRenderer> renderer);
+    /// Who takes it for long is asked by this to give it back at once when another picture needs
+    /// it.
+    static void setBorrower(const std::function<void()> &giveBack);
     /// Frees what was prepared for the next picture.
     static void forget();
 };

@@ -93,7 +93,7 @@ qxRenderer::qxRenderer() : m_parts(std::make_unique<Parts>()) {}
 
 qxRenderer::~qxRenderer() = default;
 
-qxPicture qxRenderer::render(const qxPictureSettings &settings, const Progress &progress)
+qxPicture qxRenderer::render(const qxPictureSettings &settings, const qxPicture::Progress &progress)
 {
     return m_parts->withScene(settings,
                               [&] { return qxPainter(*m_parts->scene, settings).paint(progress); });
@@ -103,7 +103,8 @@ qxRenderer::Drawing qxRenderer::prepared(const qxPictureSettings &settings)
 {
     return m_parts->withScene(settings, [&] {
         const auto painter = std::make_shared<qxPainter>(*m_parts->scene, settings);
-        return Drawing([painter](const Progress &progress) { return painter->paint(progress); });
+        return Drawing(
+            [painter](const qxPicture::Progress &progress) { return painter->paint(progress); });
     });
 }
 

@@ -68,3 +68,15 @@ void qxNodeNames::rename(const osg::NodePtr &node, const std::string &name,
     const qxEditReader::Follower own{[](osg::UInt32, osg::BitVector) {}, [](osg::UInt32) {}};
     m_edits.read(root, own);
 }
+
+void qxNodeUtils::setName(const osg::NodePtr &node, const std::string &name, bool makeUnique,
+                          const osg::NodePtr &root)
+{
+    static qxNodeNames names;
+    if (node == osg::NullFC)
+        return;
+    if (makeUnique && root != osg::NullFC)
+        names.rename(node, name, root);
+    else
+        osg::setName(node, name);
+}

@@ -1,7 +1,6 @@
 #include "qxNodeUtils.h"
 
 #include "Scene/qxNodeName.h"
-#include "Scene/qxNodeNames.h"
 #include "Scene/qxTransformStates.h"
 #include "qxNodeWalk.h"
 
@@ -82,18 +81,6 @@ std::string qxNodeUtils::getUniqueName(const std::string &base,
     while (taken[free])
         ++free;
     return base + " " + std::to_string(free);
-}
-
-void qxNodeUtils::setName(const osg::NodePtr &node, const std::string &name, bool makeUnique,
-                          const osg::NodePtr &root)
-{
-    static qxNodeNames names;
-    if (node == osg::NullFC)
-        return;
-    if (makeUnique && root != osg::NullFC)
-        names.rename(node, name, root);
-    else
-        osg::setName(node, name);
 }
 
 std::vector<qxNodePtr> qxNodeUtils::getSceneNodes()

@@ -1,7 +1,5 @@
 #include "Scene/qxScene.h"
 
-#include "qxScenegraph.h"
-
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
@@ -91,7 +89,6 @@ void qxScene::setEnvironment(const osg::NodePtr &node)
 
 void qxScene::clear()
 {
-    qxScenegraph::clearFindCache();
     if (m_environment != osg::NullFC)
         removeChildren(m_environment.get());
     setEnvironment(osg::NullFC);

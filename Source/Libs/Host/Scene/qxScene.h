@@ -25,7 +25,7 @@ public:
     /// Replaces it; null removes it. The node must have a Switch core and no parent.
     void setEnvironment(const osg::NodePtr &node);
 
-    /// Empties all of them and clears the find cache.
+    /// Empties all of them.
     void clear();
 
 private:

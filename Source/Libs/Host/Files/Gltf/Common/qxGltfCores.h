@@ -1,6 +1,9 @@
 #pragma once
 
-#include "Files/Gltf/Common/qxGltfState.h"
+#include "Files/Gltf/Common/qxGltfNodeState.h"
+
+/// How messages call a node of the scene graph.
+QString qxGltfLabel(const osg::NodePtr &node);
 
 /// Whether the core is a switch over children.
 bool qxGltfIsSwitch(const osg::NodeCorePtr &core);

@@ -3,7 +3,6 @@
 #include "Files/Gltf/Common/qxGltfCores.h"
 #include "OSGOverlayCore.h"
 #include "Scene/qxNodeName.h"
-#include "qxNodeUtils.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 
@@ -282,9 +281,4 @@ std::unordered_map<std::string, int> qxGltfState::owners() const
         open.insert(open.end(), node.children.rbegin(), node.children.rend());
     }
     return first;
-}
-
-QString qxGltfLabel(const osg::NodePtr &node)
-{
-    return qxFileText::tr("node \"%1\"").arg(QString::fromStdString(qxNodeUtils::getName(node)));
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Files/Gltf/Common/qxGltfNames.h"
+#include "Files/Gltf/Common/qxGltfSwitchMaterialState.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
-#include "Files/Gltf/Write/qxGltfSwitchMaterialState.h"
 
 #include <map>
 

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "Files/Gltf/Common/qxGltfJson.h"
-#include "Files/Gltf/Read/qxGltfScene.h"
-#include "Files/Gltf/Write/qxGltfSwitchMaterialState.h"
+#include "Files/Gltf/Common/qxGltfOrigin.h"
+#include "Files/Gltf/Common/qxGltfSwitchMaterialState.h"
 #include "Materials/qxSurface.h"
 
+#include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGSimpleMaterial.h>
 
 #include <optional>

@@ -36,15 +36,3 @@ private:
     std::vector<int> m_indices; ///< in the file, of all nodes of `after`
     bool m_hasLeft = false; ///< whether nodes of `before` are gone
 };
-
-/// The number as JSON: its shortest decimal form that reads back exactly. NaN becomes 0, infinity
-/// the largest number.
-qxJson qxGltfNumber(float number);
-qxJson qxGltfNumberList(const float *begin, std::size_t count);
-/// Notes that the file uses the extension.
-void qxGltfUseExtension(qxJson &document, const char *extension);
-/// Takes the extension out of an object.
-void qxGltfEraseExtension(qxJson &object, const char *extension);
-/// Sets `key` of the node's extras to `value`, or removes it if null. Extras that are no object,
-/// such as a text, become an entry themselves until ours are removed.
-void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value);

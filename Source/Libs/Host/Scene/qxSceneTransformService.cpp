@@ -1,6 +1,5 @@
-#include "qxTransformService.h"
-
 #include "Scene/qxSceneTransformService.h"
+
 #include "Scene/qxTransformStates.h"
 
 #include <OpenSG/OSGFieldContainerFactory.h>

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Files/Gltf/Read/qxGltfMaterials.h"
-
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <string>

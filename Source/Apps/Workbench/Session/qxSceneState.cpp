@@ -2,8 +2,8 @@
 
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
+#include "Report/qxNodePath.h"
 #include "qxMaterials.h"
-#include "qxNodePath.h"
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
