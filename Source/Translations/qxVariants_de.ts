@@ -1257,16 +1257,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
-</context>
-<context>
-    <name>qxVariantsDock</name>
-    <message>
-        <source>Variants</source>
-        <translation>Varianten</translation>
-    </message>
-</context>
-<context>
-    <name>qxVariantsModel</name>
     <message>
         <source>Nodes</source>
         <translation>Knoten</translation>
@@ -1287,6 +1277,16 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <source>Transforms</source>
         <translation>Transformationen</translation>
     </message>
+</context>
+<context>
+    <name>qxVariantsDock</name>
+    <message>
+        <source>Variants</source>
+        <translation>Varianten</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantsModel</name>
     <message>
         <source>Variant</source>
         <translation>Variante</translation>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Internal/Registry/qxStateList.h"
 #include "Internal/Registry/qxUniqueNames.h"
 #include "qxAnalyzerVariant.h"
+#include "qxVariantReferences.h"
 
 #include <OpenSG/OSGNode.h>
 
@@ -21,7 +21,7 @@ class qxVariantGroup;
 ///
 /// A set refers to variants by name only: it survives the removal of a variant, and applying it
 /// skips what does not exist. The registry creates and deletes sets.
-class qxVariantSet {
+class qxVariantSet : public qxVariantReferences {
 public:
     qxVariantSet();
     explicit qxVariantSet(const QString &setName);
@@ -164,15 +164,10 @@ public:
     Qt::KeyboardModifiers modifiers;
     QString defaultViewpoint;
     qxUniqueNames viewpoints; ///< selecting moves to the first one
-    qxStateList overlayVariants;
     qxUniqueNames animations;
     unsigned int animationIndex = 0; ///< the next one to start when they start in turn
     bool sequentialAnimation = false;
     qxUniqueNames geometries; ///< names of nodes
-    qxStateList nodeVariants;
-    qxStateList materialVariants;
-    qxStateList lightVariants;
-    qxStateList transformVariants;
     QMap<QString, QString> values;
     qxVariantGroup *group = nullptr; ///< maintained by the group
     qxAnalyzerVariant analyzer;

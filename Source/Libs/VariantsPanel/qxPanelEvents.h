@@ -4,6 +4,7 @@
 #include <QStringList>
 
 class qxMessage;
+struct qxVariantKind;
 
 /// The module's notifications and qxPanelChanges, as signals for the views.
 ///
@@ -31,8 +32,8 @@ signals:
     void statesChanged();
     /// This set was selected last.
     void setSelected(const QString &name);
-    /// Views are to highlight these variants; `kind` as in qxVariantsModel.
-    void variantsHighlighted(int kind, const QStringList &names);
+    /// Views are to highlight these variants.
+    void variantsHighlighted(const qxVariantKind &kind, const QStringList &names);
 
 private:
     enum Pending { Nothing = 0, Sets = 1, Variants = 2, States = 4, Selected = 8 };

@@ -5,8 +5,7 @@
 #include "Render/qxRenderPicking.h"
 #include "Scene/qxScene.h"
 #include "qxLog.h"
-
-#include <OpenSG/OSGFieldContainerFactory.h>
+#include "qxNodeWalk.h"
 
 #include <new>
 
@@ -83,10 +82,7 @@ osg::NodePtr qxRenderer::Parts::nodeAt(const qxPictureSettings &settings, float 
     clipping.limit(ray);
     if (clipping.hidesScene() || !(ray.near < ray.far))
         return osg::NullFC;
-    const osg::UInt32 id = qxNodeAlong(ray, group);
-    if (id == 0)
-        return osg::NullFC;
-    return osg::NodePtr::dcast(osg::FieldContainerFactory::the()->getContainer(id));
+    return qxNodeWithId(qxNodeAlong(ray, group));
 }
 
 qxRenderer::qxRenderer() : m_parts(std::make_unique<Parts>()) {}

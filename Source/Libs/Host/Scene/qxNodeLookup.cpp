@@ -1,6 +1,6 @@
 #include "Scene/qxNameIndex.h"
 #include "Scene/qxNodeName.h"
-#include "qxNodeWalk.h"
+#include "Scene/qxSceneWalk.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
 

@@ -12,10 +12,7 @@ void qxNodeNames::count(const osg::NodePtr &root)
 {
     m_counts.clear();
     m_tried.clear();
-    qxWalkNodes(root, [this](const osg::NodePtr &node) {
-        ++m_counts[qxNodeName(node)];
-        return true;
-    });
+    qxWalkNodes(root, [this](const osg::NodePtr &node) { ++m_counts[qxNodeName(node)]; });
 }
 
 void qxNodeNames::follow(const osg::NodePtr &root)

@@ -1,8 +1,8 @@
 #include "qxNodeUtils.h"
 
 #include "Scene/qxNodeName.h"
+#include "Scene/qxSceneWalk.h"
 #include "Scene/qxTransformStates.h"
-#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGNodeCore.h>
@@ -86,20 +86,14 @@ std::string qxNodeUtils::getUniqueName(const std::string &base,
 std::vector<qxNodePtr> qxNodeUtils::getSceneNodes()
 {
     std::vector<qxNodePtr> nodes;
-    qxWalkScene([&nodes](const osg::NodePtr &found) {
-        nodes.push_back(found);
-        return true;
-    });
+    qxWalkScene([&nodes](const osg::NodePtr &found) { nodes.push_back(found); });
     return nodes;
 }
 
 std::vector<qxNodePtr> qxNodeUtils::getSubTreeNodes(const osg::NodePtr &node)
 {
     std::vector<qxNodePtr> nodes;
-    qxWalkNodes(node, [&nodes](const osg::NodePtr &found) {
-        nodes.push_back(found);
-        return true;
-    });
+    qxWalkNodes(node, [&nodes](const osg::NodePtr &found) { nodes.push_back(found); });
     return nodes;
 }
 

@@ -5,6 +5,7 @@
 class QWidget;
 class qxTakenKeys;
 class qxVariantSet;
+struct qxVariantKind;
 
 /// Selects sets and options by their hotkeys, in the whole window of `place` and its floating docks
 /// except text fields. Of two sets with the same key the first is selected; sets come before
@@ -25,8 +26,7 @@ public:
 
 signals:
     void pressed(const QString &set);
-    /// `kind` as in qxVariantsModel.
-    void optionPressed(int kind, const QString &variant, const QString &option);
+    void optionPressed(const qxVariantKind &kind, const QString &variant, const QString &option);
 
 private:
     qxTakenKeys *m_taken;

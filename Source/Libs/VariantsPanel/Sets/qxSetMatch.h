@@ -4,6 +4,7 @@
 #include <QString>
 
 class qxVariantSet;
+struct qxVariantKind;
 
 /// Finds the sets that the scene shows now: all their states are current.
 ///
@@ -17,7 +18,7 @@ public:
     void reset() { m_current.clear(); }
 
 private:
-    typedef QPair<int, QString> Variant; ///< kind and name
+    typedef QPair<const qxVariantKind *, QString> Variant; ///< kind and name
 
     const QString &currentState(const Variant &variant);
 

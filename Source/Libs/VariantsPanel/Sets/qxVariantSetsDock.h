@@ -14,6 +14,7 @@ class qxSetForm;
 class qxSetHotkeys;
 class qxSetsView;
 class qxTakenKeys;
+struct qxVariantKind;
 
 /// The dock "Variant Sets": shows, selects, captures and edits groups and sets.
 ///
@@ -62,7 +63,7 @@ private:
     void followGroup();
     void followSelection();
 
-    void selectOption(int kind, const QString &variant, const QString &option);
+    void selectOption(const qxVariantKind &kind, const QString &variant, const QString &option);
     void selectCurrent();
     void goToSearch();
     /// Selects the first set that the search finds.

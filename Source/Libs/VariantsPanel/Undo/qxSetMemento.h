@@ -3,7 +3,7 @@
 #include "qxVariantSet.h"
 
 /// The contents of a set as a value, to restore a set, to copy it, to undo an edit.
-struct qxSetMemento {
+struct qxSetMemento : private qxVariantReferences {
     /// The present contents of `set`.
     static qxSetMemento of(const qxVariantSet &set);
     /// Gives `set` these contents, but leaves it in its group.
@@ -28,11 +28,6 @@ private:
     template <class Visit>
     static void visitFields(const Visit &visit);
 
-    qxStateList m_nodes;
-    qxStateList m_materials;
-    qxStateList m_lights;
-    qxStateList m_overlays;
-    qxStateList m_transforms;
     qxUniqueNames m_viewpoints;
     qxUniqueNames m_animations;
     qxUniqueNames m_geometries;

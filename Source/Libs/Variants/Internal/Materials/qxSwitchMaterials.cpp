@@ -85,11 +85,6 @@ private:
 
 namespace qxSwitchMaterials {
 
-osg::MaterialPtr findMaterial(const QString &name)
-{
-    return qxMaterials::findMaterial(qxText::toUtf8(name).c_str());
-}
-
 osg::SwitchMaterialPtr switchOf(const osg::MaterialPtr &material)
 {
     return osg::SwitchMaterialPtr::dcast(material);

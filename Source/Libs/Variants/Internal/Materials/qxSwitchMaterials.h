@@ -13,9 +13,6 @@ class qxVariantSet;
 /// nothing.
 namespace qxSwitchMaterials {
 
-/// The first material of that name, or null.
-osg::MaterialPtr findMaterial(const QString &name);
-
 /// The same material when it is a switch material, else null.
 osg::SwitchMaterialPtr switchOf(const osg::MaterialPtr &material);
 /// The chosen material; null when the choice is out of range.

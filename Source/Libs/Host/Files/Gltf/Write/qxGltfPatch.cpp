@@ -3,6 +3,7 @@
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfJsonEdit.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
+#include "qxNodeWalk.h"
 
 #include <algorithm>
 
@@ -292,17 +293,12 @@ void qxGltfPatch::removeUnmeantMarks()
         int parent;
         bool inOverlay;
     };
-    std::vector<Open> open;
+    std::vector<Open> tops;
+    for (const int root : m_after.roots)
+        tops.push_back({root, -1, false});
     bool hasEnvironment = false;
-    const auto openAll = [&open](const std::vector<int> &positions, int parent, bool inOverlay) {
-        for (auto position = positions.rbegin(); position != positions.rend(); ++position)
-            open.push_back({*position, parent, inOverlay});
-    };
-    openAll(m_after.roots, -1, false);
     QStringList warnings;
-    while (!open.empty()) {
-        const Open next = open.back();
-        open.pop_back();
+    qxWalkTree(tops, [&](const Open &next, std::vector<Open> &below) {
         const qxGltfNodeState &state = m_after.nodes[std::size_t(next.position)];
         const int index = m_indices[std::size_t(next.position)];
         qxJson &nodes = m_json["nodes"];
@@ -318,8 +314,9 @@ void qxGltfPatch::removeUnmeantMarks()
             && extras.has(qxGltfKeys::switchChoice) && extras.flag(qxGltfKeys::environment, false))
             qxGltfSetExtra(node, qxGltfKeys::environment, qxJson());
         hasEnvironment = hasEnvironment || state.environment;
-        openAll(state.children, index, inOverlay);
-    }
+        for (const int child : state.children)
+            below.push_back({child, index, inOverlay});
+    });
 }
 
 /// Scenes list no node that has a parent: what moved below another node leaves all of them.
