@@ -21,7 +21,7 @@ void qxVariantGroup::add(qxVariantSet *set)
 void qxVariantGroup::append(qxVariantSet *set)
 {
     sets.push_back(set);
-    set->group = this;
+    link(set);
 }
 
 void qxVariantGroup::insert(iterator position, qxVariantSet *set)
@@ -29,7 +29,7 @@ void qxVariantGroup::insert(iterator position, qxVariantSet *set)
     if (set->group || contains(set))
         return;
     sets.insert(position, set);
-    set->group = this;
+    link(set);
 }
 
 void qxVariantGroup::remove(qxVariantSet *set)
@@ -39,8 +39,20 @@ void qxVariantGroup::remove(qxVariantSet *set)
     const iterator place = find(set);
     if (place == sets.end())
         return;
-    set->group = nullptr;
+    unlink(set);
     sets.erase(place);
+}
+
+void qxVariantGroup::link(qxVariantSet *set)
+{
+    set->group = this;
+    set->m_leaveGroup = [](qxVariantSet *leaving) { leaving->group->remove(leaving); };
+}
+
+void qxVariantGroup::unlink(qxVariantSet *set)
+{
+    set->group = nullptr;
+    set->m_leaveGroup = nullptr;
 }
 
 bool qxVariantGroup::contains(qxVariantSet *set) const
@@ -61,6 +73,6 @@ qxVariantGroup::const_iterator qxVariantGroup::find(qxVariantSet *set) const
 void qxVariantGroup::clear()
 {
     for (qxVariantSet *set : sets)
-        set->group = nullptr;
+        unlink(set);
     sets.clear();
 }

@@ -46,4 +46,6 @@ private:
     friend class qxVariants;
     /// Appends a set that was just created, so that it can be in no group.
     void append(qxVariantSet *set);
+    void link(qxVariantSet *set);
+    static void unlink(qxVariantSet *set);
 };

@@ -3,6 +3,7 @@
 #include "Internal/Document/qxDocumentGuard.h"
 #include "Internal/Document/qxDocumentText.h"
 #include "Internal/Materials/qxSwitchMaterialRepair.h"
+#include "Internal/Options/qxHotkey.h"
 #include "Internal/Options/qxOptionAppender.h"
 #include "Internal/Registry/qxKind.h"
 #include "qxVariantGroup.h"
@@ -29,7 +30,7 @@ bool parse(QDomDocument &document, const QByteArray &bytes, qxDocumentError &err
 QString hotkeyOf(const QDomElement &state)
 {
     QDomElement hotkey = state.lastChildElement(names::Hotkey);
-    return qxVariantReader::convertOldHotkey(hotkey.text());
+    return qxHotkey::convertOld(hotkey.text());
 }
 
 void readOptions(const QDomElement &element, qxVariant &variant)
@@ -114,6 +115,7 @@ void qxVariantReader::read(const char *xml)
 qxVariantGroup *qxVariantReader::readVariantGroup(QDomElement &element)
 {
     const QString name = text::attribute(element, names::name);
+    const qxOperation operation;
     qxVariants::removeVariantGroup(name);
     qxVariantGroup *const group = qxVariants::createVariantGroup(name, false, true);
     if (!group)
@@ -124,8 +126,7 @@ qxVariantGroup *qxVariantReader::readVariantGroup(QDomElement &element)
     for (auto child = element.firstChildElement(names::VariantSet); !child.isNull();
          child = child.nextSiblingElement(names::VariantSet)) {
         qxVariantSet *const set = readVariantSet(child, true);
-        // Listeners hear of the set that was replaced, and may remove the group.
-        if (qxVariants::findVariantGroup(name) != group)
+        if (!qxVariants::_variantGroups.contains(group)) // the replaced set was announced
             return nullptr;
         if (set)
             group->append(set);
@@ -175,6 +176,5 @@ qxVariant *qxVariantReader::readVariant(QDomElement &element)
 
 QString qxVariantReader::convertOldHotkey(QString text)
 {
-    const QChar joint = QLatin1Char('+');
-    return text.trimmed().replace(QLatin1Char('-'), joint).replace(QLatin1Char(' '), joint);
+    return qxHotkey::convertOld(text);
 }

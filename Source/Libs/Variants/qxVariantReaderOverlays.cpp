@@ -1,4 +1,4 @@
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxText.h"
 #include "qxOverlayVariant.h"
 #include "qxVariantReader.h"
@@ -71,7 +71,7 @@ void qxVariantReader::fixOverlayVariants()
     const QStringList names = overlayNames();
     const qxNamedList<qxVariantSet>::Walk walk(qxVariants::_variantSets);
     for (qxVariantSet *set : qxVariants::_variantSets) {
-        const qxSetUse use(*set);
+        const qxOperation operation;
         if (!set->overlayVariants.empty())
             fixOverlays(*set, names);
     }

@@ -1,5 +1,6 @@
 #include "Internal/Document/qxDocumentNames.h"
 #include "Internal/Document/qxDocumentText.h"
+#include "Internal/Options/qxHotkey.h"
 #include "qxVariantReader.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
@@ -37,7 +38,7 @@ void readName(const QDomElement &element, qxVariantSet &set)
 
 void readHotkey(const QDomElement &element, qxVariantSet &set)
 {
-    set.hotkey = qxVariantReader::convertOldHotkey(element.text());
+    set.hotkey = qxHotkey::convertOld(element.text());
     set.updateShortcut();
 }
 

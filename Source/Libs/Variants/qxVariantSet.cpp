@@ -1,8 +1,6 @@
 #include "qxVariantSet.h"
 
-#include "qxVariantGroup.h"
-#include "qxVariantReader.h"
-#include "qxVariants.h"
+#include "Internal/Options/qxHotkey.h"
 
 qxVariantSet::qxVariantSet() = default;
 
@@ -10,8 +8,8 @@ qxVariantSet::qxVariantSet(const QString &setName) : name(setName) {}
 
 qxVariantSet::~qxVariantSet()
 {
-    if (group)
-        group->remove(this);
+    if (m_leaveGroup)
+        m_leaveGroup(this);
 }
 
 void qxVariantSet::addGeometry(const QString &nodeName)
@@ -81,11 +79,11 @@ void qxVariantSet::getInclInfo(bool &nodes, bool &mats, bool &lights, bool &env,
 
 void qxVariantSet::updateShortcut()
 {
-    qxVariants::mapHotkey(hotkey, key, modifiers);
+    qxHotkey::map(hotkey, key, modifiers);
     // Names of keys may have blanks, so a text that names a key is not taken for one of the old
     // form.
     if (key == 0)
-        qxVariants::mapHotkey(qxVariantReader::convertOldHotkey(hotkey), key, modifiers);
+        qxHotkey::map(qxHotkey::convertOld(hotkey), key, modifiers);
 }
 
 void qxVariantSet::setPreview(QByteArray bytes)

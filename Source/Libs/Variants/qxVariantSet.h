@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Internal/Registry/qxStateList.h"
-#include "Internal/Registry/qxUniqueNames.h"
+#include "qxStateList.h"
+#include "qxUniqueNames.h"
 #include "qxAnalyzerVariant.h"
 
 #include <OpenSG/OSGNode.h>
@@ -186,8 +186,7 @@ public:
     bool inclView = false;
 
 private:
-    friend class qxSetUse;
-
-    int m_uses = 0;
-    bool m_isRemoved = false; ///< left the registry and is deleted after its last use
+    friend class qxVariantGroup;
+    /// Takes the set out of its group; given by the group, which sets do not know.
+    void (*m_leaveGroup)(qxVariantSet *set) = nullptr;
 };

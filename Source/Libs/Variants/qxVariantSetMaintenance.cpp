@@ -1,5 +1,5 @@
 #include "Internal/Registry/qxKind.h"
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxFindCache.h"
 #include "Internal/Scene/qxSceneNames.h"
@@ -180,7 +180,7 @@ bool qxVariantSet::isUsed()
 
 void qxVariantSet::showConnectedVariants()
 {
-    const qxSetUse use(*this);
+    const qxOperation operation;
     highlight<qxNodeVariant>(*this);
     highlight<qxMaterialVariant>(*this);
     highlight<qxLightVariant>(*this);

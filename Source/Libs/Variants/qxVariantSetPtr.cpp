@@ -1,6 +1,6 @@
 #include "qxVariantSetPtr.h"
 
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxText.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
@@ -145,7 +145,7 @@ void qxVariantSetPtr::addGeometry(qxNodePtr node, const char *state)
 {
     if (!m_set || node == osg::NullFC)
         return;
-    const qxSetUse use(*m_set);
+    const qxOperation operation;
     m_set->add(qxVariants::createNodeVariant(node, true), QString::fromUtf8(state));
 }
 
@@ -153,7 +153,7 @@ void qxVariantSetPtr::addMaterial(qxMaterialPtr material, const char *state)
 {
     if (!m_set || material == osg::NullFC)
         return;
-    const qxSetUse use(*m_set);
+    const qxOperation operation;
     m_set->add(qxVariants::createMaterialVariant(material, true), QString::fromUtf8(state));
 }
 
@@ -161,7 +161,7 @@ void qxVariantSetPtr::addLight(qxNodePtr node, const char *state)
 {
     if (!m_set || node == osg::NullFC)
         return;
-    const qxSetUse use(*m_set);
+    const qxOperation operation;
     m_set->add(qxVariants::createLightVariant(node, true), QString::fromUtf8(state));
 }
 
@@ -211,7 +211,7 @@ void qxVariantSetPtr::addCurrentClippingPlane()
 {
     if (!m_set)
         return;
-    const qxSetUse use(*m_set);
+    const qxOperation operation;
     for (const VectorSetting &setting : vectorSettings)
         copyVector(*m_set, setting);
     copyContourWidth(*m_set);

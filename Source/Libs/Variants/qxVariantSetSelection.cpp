@@ -1,5 +1,5 @@
 #include "Internal/Registry/qxKind.h"
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxFindCache.h"
 #include "Internal/Scene/qxNodeVisibility.h"
@@ -33,7 +33,6 @@ bool isWorthACache(const qxVariantSet &set)
 /// A variant's name and a state.
 typedef std::pair<QString, QString> Reference;
 
-/// A copy: listeners may change the list while its states are selected.
 template <class Variant>
 std::vector<Reference> referencesOf(const qxVariantSet &set)
 {
@@ -77,7 +76,7 @@ void moveCamera(qxCameraService *camera, const QString &viewpoint, const Travel 
 
 void startAllAnimations(const qxVariantSet &set)
 {
-    const QStringList animations = set.animations.list(); // Listeners may change the set's.
+    const QStringList animations = set.animations.list();
     for (const QString &animation : animations)
         qxNotify::animationStart(animation);
 }
@@ -131,7 +130,7 @@ void applySet(qxVariantSet &set, bool full, bool keepCamera)
 
 void qxVariantSet::select(bool full, bool keepCamera)
 {
-    const qxSetUse use(*this);
+    const qxOperation operation;
     applySet(*this, full, keepCamera);
     qxNotify::variantsSetSelected(name);
     qxNotify::variantSetSelected();
@@ -140,7 +139,7 @@ void qxVariantSet::select(bool full, bool keepCamera)
 
 void qxVariantSet::selectDefault()
 {
-    const qxSetUse use(*this);
+    const qxOperation operation;
     qxNotify::variantsSetSelected(name);
     selectDefaults<qxNodeVariant>(*this);
     selectDefaults<qxMaterialVariant>(*this);

@@ -1,7 +1,7 @@
 #include "qxVariantVerifier.h"
 
 #include "Internal/Registry/qxKind.h"
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxFindCache.h"
 
@@ -270,7 +270,7 @@ bool qxVariantVerifier::verifyKelo()
 {
     const qxNamedList<qxVariantSet>::Walk walk(qxVariants::_variantSets);
     for (qxVariantSet *set : qxVariants::_variantSets) {
-        const qxSetUse use(*set);
+        const qxOperation operation;
         set->select(false, false);
         set->selectDefault();
     }

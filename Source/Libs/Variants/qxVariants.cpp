@@ -1,5 +1,6 @@
 #include "qxVariants.h"
 
+#include "Internal/Options/qxHotkey.h"
 #include "Internal/Registry/qxKind.h"
 #include "Internal/Registry/qxText.h"
 #include "qxVariantGroup.h"
@@ -9,8 +10,6 @@
 #include "qxNodeUtils.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
-
-#include <QKeySequence>
 
 namespace {
 
@@ -31,16 +30,6 @@ QString switchNameOf(const osg::MaterialPtr &material)
 
 } // namespace
 
-// Above _the: the lists are there as long as the module object is.
-qxNamedList<qxNodeVariant> qxVariants::_nodeVariants;
-qxNamedList<qxMaterialVariant> qxVariants::_materialVariants;
-qxNamedList<qxLightVariant> qxVariants::_lightVariants;
-qxNamedList<qxOverlayVariant> qxVariants::_overlayVariants;
-qxNamedList<qxTransformVariant> qxVariants::_transformVariants;
-qxNamedList<qxVariantSet> qxVariants::_variantSets;
-qxNamedList<qxVariantGroup> qxVariants::_variantGroups;
-bool qxVariants::_recurse = false;
-std::set<osg::NodeCorePtr> qxVariants::_clonedGeoms;
 qxVariants qxVariants::_the;
 
 qxVariants::qxVariants()
@@ -201,9 +190,5 @@ void qxVariants::clearTransformVariants()
 
 void qxVariants::mapHotkey(const QString &text, int &key, Qt::KeyboardModifiers &modifiers)
 {
-    const QKeySequence sequence(text, QKeySequence::NativeText);
-    const int combination = sequence.isEmpty() ? 0 : sequence[0];
-    const bool isKnown = combination != Qt::Key_unknown; // What Qt makes of a text without a key.
-    key = isKnown ? combination & 0x01FFFFFF : 0;
-    modifiers = Qt::KeyboardModifiers(isKnown ? combination & int(0xFE000000) : 0);
+    qxHotkey::map(text, key, modifiers);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Internal/Registry/qxNamedList.h"
+#include "qxVariantLists.h"
 
 #include "qxNodePtr.h"
 
@@ -11,24 +11,15 @@
 #include <QMap>
 #include <QSet>
 
-#include <set>
-
 class QProgressDialog;
-class qxLightVariant;
-class qxMaterialVariant;
 class qxMessage;
-class qxNodeVariant;
-class qxOverlayVariant;
-class qxTransformVariant;
-class qxVariantGroup;
-class qxVariantSet;
 
 /// The one registry of all variants, variant sets and variant groups. It owns them.
 ///
 /// Names are compared exactly. An empty name never matches: find and create return null, remove
 /// returns false. With `notify` a creation is announced, else it is silent; an object that exists
 /// already is never announced again. All operations run on the user-interface thread.
-class qxVariants {
+class qxVariants : public qxVariantLists {
 public:
     qxVariants();
     qxVariants(const qxVariants &) = delete;
@@ -191,19 +182,6 @@ public:
     static void mapHotkey(const QString &text, int &key, Qt::KeyboardModifiers &modifiers);
     /// Forgets everything: the host's "clearAllVariants".
     static void clearAll(qxMessage &message);
-
-    /// In order of creation, which is the order of the document and of the user interface.
-    static qxNamedList<qxNodeVariant> _nodeVariants;
-    static qxNamedList<qxMaterialVariant> _materialVariants;
-    static qxNamedList<qxLightVariant> _lightVariants;
-    static qxNamedList<qxOverlayVariant> _overlayVariants;
-    static qxNamedList<qxTransformVariant> _transformVariants;
-    static qxNamedList<qxVariantSet> _variantSets;
-    static qxNamedList<qxVariantGroup> _variantGroups;
-    /// Whether showing a node also shows what is below and above it.
-    static bool _recurse;
-    /// The geometries met by the capture that runs: clones count once.
-    static std::set<osg::NodeCorePtr> _clonedGeoms;
 
     /// The module object: there from loading to unloading, it listens to the host.
     static qxVariants _the;

@@ -1,11 +1,9 @@
+#include "Internal/Capture/qxCapture.h"
 #include "Internal/Capture/qxCaptureProgress.h"
 #include "Internal/Capture/qxCaptureRun.h"
-#include "Internal/Materials/qxSnapshotReconciler.h"
 #include "Internal/Materials/qxSwitchMaterials.h"
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxText.h"
-#include "Internal/Scene/qxActiveNames.h"
-#include "Internal/Scene/qxFindCache.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "qxNodeVariant.h"
 #include "qxVariantSet.h"
@@ -104,7 +102,7 @@ void qxVariants::createAndCaptureVariantSet(const char *name, const char *groupN
         createVariantSet(getUniqueVariantSetName(QString::fromUtf8(name)), true, group);
     if (!set)
         return;
-    const qxSetUse use(*set);
+    const qxOperation operation;
     leaveHome(*set);
     captureVariantsFromRootNodes(set, {qxOpenSGUtils::getRoot()}, true, true, true, true, true,
                                  true, true, true);
@@ -119,33 +117,29 @@ void qxVariants::captureVariantsFromRootNodes(qxVariantSet *set, std::vector<qxN
 {
     if (!set)
         return;
-    const qxSetUse use(*set);
+    const qxOperation operation;
     const qxUnchangedNames unchanged;
-    const std::vector<osg::NodeRefPtr> kept(roots.begin(), roots.end()); // beyond listeners
+    const std::vector<osg::NodeRefPtr> kept(roots.begin(), roots.end());
     const qxCaptureProgress progress;
     const CapturedGeometries geometries;
     set->clear();
     qxPathLookup::createLookupTable();
     qxCaptureProgress::processEvents();
 
-    const qxActiveNames activeNames;
-    const qxSnapshotReconciler switches(set);
-    const qxFindCache cache(true); // new variants of transforms look for their nodes
-    QMap<QString, QString> materials;
-    QSet<QString> names;
-    std::set<osg::SwitchMaterialPtr> switchMaterials;
-    std::set<osg::MaterialPtr> visitedMaterials;
+    qxCapture capture(*set, true); // new variants of transforms look for their nodes
     for (const qxNodePtr &root : roots) {
         captureVariantsFromRootNode(set, root, captureNodes, captureMaterials, captureLights,
-                                    captureEnvironments, captureTransforms, materials, roots, names,
-                                    switchMaterials, visitedMaterials, notify);
+                                    captureEnvironments, captureTransforms, capture.materials, roots,
+                                    capture.visitedNames, capture.visitedSwitchMaterials,
+                                    capture.visitedMaterials, notify);
     }
     if (captureEnvironments) {
         captureVariantsFromRootNode(set, qxScenegraph::environmentGeometrySwitch(), false, false,
-                                    false, true, false, materials, roots, names, switchMaterials,
-                                    visitedMaterials, notify);
+                                    false, true, false, capture.materials, roots,
+                                    capture.visitedNames, capture.visitedSwitchMaterials,
+                                    capture.visitedMaterials, notify);
     }
-    set->materialSnapshots = materials;
+    set->materialSnapshots = capture.materials;
     if (captureViewpoint)
         ::captureViewpoint(*set, plainViewpointName);
     for (const qxNodePtr &root : roots)
@@ -178,7 +172,7 @@ bool qxVariants::checkAndSetNodeActive(osg::NodePtr node, qxVariantSet *set, boo
         return true;
     if (!captureNodes || !set)
         return false;
-    if (qxActiveNames::contain(qxNodeUtils::getName(node)))
+    if (qxCapture::hasActiveNode(qxNodeUtils::getName(node)))
         set->appendToScript(
             QStringLiteral("findNodePath(%1).setActive(false)").arg(quotedPath(node)));
     else if (qxNodeVariant *variant = createNodeVariant(node, notify))

@@ -1,4 +1,4 @@
-#include "Internal/Materials/qxSnapshotReconciler.h"
+#include "Internal/Capture/qxCapture.h"
 #include "Internal/Scene/qxOpenNodes.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "Internal/Scene/qxSceneEdits.h"
@@ -12,36 +12,29 @@
 
 namespace {
 
-/// What a walk over the scene for a temporary set goes along with.
-struct Restoring {
-    qxVariantSet *set;
-    QSet<QString> paths;
-    std::set<osg::SwitchMaterialPtr> switches;
-    std::set<osg::MaterialPtr> materials;
-};
-
-void restore(const osg::NodePtr &node, Restoring &restoring)
+void restore(const osg::NodePtr &node, qxVariantSet *set, qxCapture &run)
 {
     const auto group = osg::MaterialGroupPtr::dcast(node->getCore());
     if (group != osg::NullFC)
-        qxVariants::addMaterialGroupIgnoreToVSet(node, group, restoring.set);
+        qxVariants::addMaterialGroupIgnoreToVSet(node, group, set);
     const osg::MaterialPtr material = qxNodeUtils::getMaterial(node);
     if (material != osg::NullFC)
-        qxVariants::handleMaterialSnapshots(restoring.set, node, qxPathLookup::getNodePath(node),
-                                            material, {qxScenegraph::getRoot()}, restoring.paths,
-                                            restoring.switches, restoring.materials, false, true);
+        qxVariants::handleMaterialSnapshots(set, node, qxPathLookup::getNodePath(node), material,
+                                            {qxScenegraph::getRoot()}, run.visitedNames,
+                                            run.visitedSwitchMaterials, run.visitedMaterials,
+                                            false, true);
 }
 
 /// Goes over what is active at and below `top`, in scene order.
-void restoreFrom(const osg::NodePtr &top, Restoring &restoring)
+void restoreFrom(const osg::NodePtr &top, qxVariantSet *set, qxCapture &run)
 {
     qxOpenNodes open(top);
     for (osg::NodeRefPtr node(open.take()); node != osg::NullFC; node = open.take()) {
         bool captureNodes = false; // hidden nodes are passed over, nothing is noted about them
         bool notify = true;
-        if (!qxVariants::checkAndSetNodeActive(node, restoring.set, captureNodes, notify))
+        if (!qxVariants::checkAndSetNodeActive(node, set, captureNodes, notify))
             continue;
-        restore(node, restoring);
+        restore(node, set, run);
         open.addChildrenOf(node);
     }
 }
@@ -57,11 +50,8 @@ void qxVariants::handleMaterialSnapshots(qxVariantSet *set, osg::NodePtr node, c
 {
     if (!set || node == osg::NullFC || node->getCore() == osg::NullFC)
         return;
-    const qxSnapshotReconciler::Scope scope{set, visitedNames, visitedMaterials, capture, notify};
-    if (qxSnapshotReconciler *run = qxSnapshotReconciler::current(set))
-        run->handle(node, path, material, scope);
-    else
-        qxSnapshotReconciler(set).handle(node, path, material, scope);
+    qxCapture::reconcile(node, path, material,
+                         {set, visitedNames, visitedMaterials, capture, notify});
 }
 
 void qxVariants::restoreSwitchNodes()
@@ -71,11 +61,9 @@ void qxVariants::restoreSwitchNodes()
     if (!set)
         return;
     {
-        const qxSetUse use(*set); // Listeners hear of new variants and may remove any set.
-        const qxSnapshotReconciler run(set);
-        Restoring restoring{set, {}, {}, {}};
-        restoreFrom(qxScenegraph::getRoot(), restoring);
-        restoreFrom(qxScenegraph::environmentGeometrySwitch(), restoring);
+        qxCapture run(*set, false);
+        restoreFrom(qxScenegraph::getRoot(), set, run);
+        restoreFrom(qxScenegraph::environmentGeometrySwitch(), set, run);
     }
     removeVariantSet(name);
 }

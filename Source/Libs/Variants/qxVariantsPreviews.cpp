@@ -1,5 +1,5 @@
 #include "Internal/Capture/qxPreview.h"
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxText.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
@@ -21,7 +21,7 @@ void qxVariants::renderVariantSetPreview(qxVariantSet *set, bool fromFrameBuffer
 {
     if (!set)
         return;
-    const qxSetUse use(*set); // A progress display lets events through.
+    const qxOperation operation; // a progress display lets events through
     set->setPreview(fromFrameBuffer ? getPreviewImageFromFrameBuffer(set)
                                     : createPreviewImage(showProgress, fullRaytracingQuality));
     const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();

@@ -1,5 +1,5 @@
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxFindCache.h"
 #include "Internal/Scene/qxSceneNames.h"
@@ -22,6 +22,27 @@ Named *adopt(qxNamedList<Named> &list, std::unique_ptr<Named> object)
 {
     list.append(object.get());
     return object.release();
+}
+
+/// What left the registry has no ties any more, even while an operation keeps it.
+void discard(qxVariantSet *set)
+{
+    if (set->group)
+        set->group->remove(set);
+    qxOperation::bury(set);
+}
+
+void discard(qxVariantGroup *group)
+{
+    group->clear();
+    qxOperation::bury(group);
+}
+
+void remove(qxVariantSet *set)
+{
+    qxVariants::_variantSets.take(set);
+    qxNotify::variantSetRemoved(set);
+    discard(set);
 }
 
 template <class Named>
@@ -61,14 +82,13 @@ qxVariantSet *qxVariants::createVariantSet(const QString &name, bool notify, qxV
         qxLog::warning("A variant set with that name already exists.");
         return nullptr;
     }
-    const QString wanted = name;
+    const qxOperation operation;
     qxVariantSet *const set = adopt(_variantSets, std::make_unique<qxVariantSet>(name));
     if (group)
         group->append(set);
-    if (!notify)
-        return set;
-    qxNotify::variantSetAdded(set);
-    return _variantSets.ifHeld(set, wanted);
+    if (notify)
+        qxNotify::variantSetAdded(set);
+    return _variantSets.contains(set) ? set : nullptr;
 }
 
 qxVariantSet *qxVariants::findVariantSet(const QString &name)
@@ -80,11 +100,8 @@ bool qxVariants::removeVariantSet(const QString &name)
 {
     if (name.isEmpty())
         return false;
-    if (qxVariantSet *set = findVariantSet(name)) {
-        _variantSets.take(set);
-        qxNotify::variantSetRemoved(set);
-        qxSetUse::destroy(set);
-    }
+    if (qxVariantSet *set = findVariantSet(name))
+        remove(set);
     return true;
 }
 
@@ -94,7 +111,7 @@ void qxVariants::clearVariantSets()
     for (qxVariantGroup *group : _variantGroups)
         group->clear();
     for (qxVariantSet *set : _variantSets.takeAll())
-        qxSetUse::destroy(set);
+        discard(set);
     qxNotify::variantSetChanged();
 }
 
@@ -102,11 +119,8 @@ void qxVariants::clearEmptyVariantSets()
 {
     const qxNamedList<qxVariantSet>::Walk walk(_variantSets);
     for (qxVariantSet *set : _variantSets) {
-        if (!set->isEmpty())
-            continue;
-        _variantSets.take(set);
-        qxNotify::variantSetRemoved(set);
-        qxSetUse::destroy(set);
+        if (set->isEmpty())
+            remove(set);
     }
 }
 
@@ -132,13 +146,12 @@ qxVariantGroup *qxVariants::createVariantGroup(const QString &name, bool notify,
         qxLog::warning("A variant group with that name already exists.");
         return nullptr;
     }
-    const QString wanted = name;
+    const qxOperation operation;
     qxVariantGroup *const group = adopt(_variantGroups, std::make_unique<qxVariantGroup>(name));
     group->visible = visible;
-    if (!notify)
-        return group;
-    qxNotify::variantGroupAdded(group);
-    return _variantGroups.ifHeld(group, wanted);
+    if (notify)
+        qxNotify::variantGroupAdded(group);
+    return _variantGroups.contains(group) ? group : nullptr;
 }
 
 qxVariantGroup *qxVariants::findVariantGroup(const QString &name)
@@ -153,7 +166,7 @@ bool qxVariants::removeVariantGroup(const QString &name)
     if (qxVariantGroup *group = findVariantGroup(name)) {
         _variantGroups.take(group);
         qxNotify::variantGroupRemoved(group);
-        delete group;
+        discard(group);
     }
     return true;
 }
@@ -161,7 +174,7 @@ bool qxVariants::removeVariantGroup(const QString &name)
 void qxVariants::clearVariantGroups()
 {
     for (qxVariantGroup *group : _variantGroups.takeAll())
-        delete group;
+        discard(group);
     qxNotify::variantGroupChanged();
 }
 
@@ -202,7 +215,7 @@ void qxVariants::selectVariantSet(const char *name, bool flag)
     qxVariantSet *const set = findVariantSet(QString::fromUtf8(name));
     if (!set)
         return;
-    const qxSetUse use(*set);
+    const qxOperation operation;
     if (set->inclNodes)
         showTargets(*set);
     set->select(true, flag);

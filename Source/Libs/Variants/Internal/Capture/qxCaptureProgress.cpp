@@ -1,6 +1,6 @@
 #include "Internal/Capture/qxCaptureProgress.h"
 
-#include "Internal/Registry/qxNameLookUp.h"
+#include "qxNameLookUp.h"
 
 #include "qxController.h"
 #include "qxDockWindowManager.h"

@@ -115,7 +115,7 @@ void qxCaptureRun::captureSwitch(const osg::NodePtr &node)
     const bool isEnvironment = qxNodeUtils::isEnvironmentGeometrySwitch(node);
     if (!(isEnvironment ? m_kinds.environments : m_kinds.nodes))
         return;
-    const QString state = stateOf(node, core); // before listeners change the children
+    const QString state = stateOf(node, core);
     if (qxNodeVariant *variant = qxVariants::createNodeVariant(node, m_notify))
         m_set.add(variant, state);
 }
@@ -137,7 +137,7 @@ void qxCaptureRun::captureGeometry(const osg::NodePtr &node, const osg::Geometry
     const osg::MaterialPtr material = geometry->getMaterial();
     if (material == osg::NullFC)
         return;
-    const osg::MaterialRefPtr kept(material); // listeners may give the node another one
+    const osg::MaterialRefPtr kept(material);
     if (isEnvironment(material) && qxSwitchMaterials::switchOf(material) != osg::NullFC)
         return captureStates(material);
     if (m_kinds.materials)

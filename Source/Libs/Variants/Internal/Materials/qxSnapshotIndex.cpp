@@ -12,7 +12,6 @@ qxSnapshotIndex::qxSnapshotIndex(const qxVariantSet *except)
     for (qxVariantSet *set : qxVariants::_variantSets) {
         if (set == except)
             continue;
-        m_uses.emplace_back(*set);
         m_sets.push_back(set);
         total += std::size_t(set->materialSnapshots.size());
         longest = std::max(longest, set->materialSnapshots.size());

@@ -24,8 +24,6 @@ using qxSwitchMaterials::chosen;
 using qxSwitchMaterials::nameOf;
 using qxSwitchMaterials::switchOf;
 
-qxSnapshotReconciler *_current = nullptr;
-
 /// Sets record materials by name, so those that they see get one: the material and, when it is a
 /// switch material, what it shows.
 void giveNames(osg::MaterialPtr material, std::set<osg::MaterialPtr> &named)
@@ -73,22 +71,12 @@ std::vector<osg::MaterialPtr> partsOf(const osg::MaterialPtr &material)
 
 } // namespace
 
-qxSnapshotReconciler::qxSnapshotReconciler(const qxVariantSet *set)
-    : m_set(set), m_outer(_current), m_index(set)
-{
-    _current = this;
-}
+qxSnapshotReconciler::qxSnapshotReconciler(const qxVariantSet *set) : m_index(set) {}
 
 qxSnapshotReconciler::~qxSnapshotReconciler()
 {
-    _current = m_outer;
     if (m_changed)
         qxNotify::sceneMaterialsChanged();
-}
-
-qxSnapshotReconciler *qxSnapshotReconciler::current(const qxVariantSet *set)
-{
-    return _current && _current->m_set == set ? _current : nullptr;
 }
 
 void qxSnapshotReconciler::handle(const osg::NodePtr &node, const QString &path,
@@ -349,13 +337,11 @@ void qxSnapshotReconciler::extend(const osg::SwitchMaterialPtr &target, const os
     }
     if (own != osg::NullFC && !target->hasMaterial(own))
         addOnce(missing, own);
-    qxVariants::createMaterialVariant(material, scope.notify);
+    qxMaterialVariant *const variant = qxVariants::createMaterialVariant(material, scope.notify);
     for (const osg::MaterialPtr &each : missing) {
-        // Looked up each time: listeners hear of every addition.
-        if (qxMaterialVariant *variant = qxVariants::findMaterialVariant(nameOf(target)))
+        if (variant && qxVariants::_materialVariants.contains(variant))
             variant->add(each, QString());
-        if (!target->hasMaterial(
-                each)) // an other one of the name was found, or there is no variant
+        if (!target->hasMaterial(each)) // another one of the name was found, or no variant is left
             qxSceneEdits::addMaterial(target, each);
     }
     if (!missing.empty())

@@ -3,6 +3,7 @@
 #include "Internal/Document/qxDocumentNames.h"
 #include "Internal/Registry/qxFiveKinds.h"
 #include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxOperation.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -104,14 +105,13 @@ Variant *find(const QString &name)
 template <class Variant>
 Variant *adopt(std::unique_ptr<Variant> variant, bool notify)
 {
+    const qxOperation operation;
     qxNamedList<Variant> &list = qxKind<Variant>::list;
     list.append(variant.get());
     Variant *const added = variant.release();
-    if (!notify)
-        return added;
-    const QString name = added->name;
-    qxKind<Variant>::added(added);
-    return list.ifHeld(added, name);
+    if (notify)
+        qxKind<Variant>::added(added);
+    return list.contains(added) ? added : nullptr;
 }
 
 /// The variant `name`, built from `source` when there is none; null for an empty name.
@@ -143,7 +143,7 @@ bool remove(const QString &name)
         return false;
     if (Variant *variant = find<Variant>(name)) {
         qxKind<Variant>::list.take(variant);
-        delete variant;
+        qxOperation::bury(variant);
     }
     qxKind<Variant>::removed();
     return true;
@@ -153,7 +153,7 @@ template <class Variant>
 void clear()
 {
     for (Variant *variant : qxKind<Variant>::list.takeAll())
-        delete variant;
+        qxOperation::bury(variant);
     qxKind<Variant>::changed();
 }
 

@@ -1,6 +1,6 @@
 #include "Internal/Registry/qxNotify.h"
 
-#include "Internal/Registry/qxNameLookUp.h"
+#include "qxNameLookUp.h"
 #include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "qxVariant.h"
