@@ -1,10 +1,6 @@
 #include "qxExplanation.h"
 
-#include "qxLightVariant.h"
-#include "qxMaterialVariant.h"
-#include "qxNodeVariant.h"
-#include "qxOverlayVariant.h"
-#include "qxTransformVariant.h"
+#include "qxVariant.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -19,62 +15,16 @@ const char defaultViewpointKind[] = "default viewpoint";
 const char animationKind[] = "animation";
 const char clippingKind[] = "clipping";
 
-/// A variant and the name of its scene object.
-struct Found {
-    qxVariant *variant = nullptr;
-    QString base;
-};
-
-template <class Variant>
-Found with(Variant *variant, QString Variant::*base)
-{
-    return variant ? Found{variant, variant->*base} : Found();
-}
-
-Found find(qxVariantKind kind, const QString &name)
-{
-    switch (kind) {
-    case qxVariantKind::Node:
-        return with(qxVariants::findNodeVariant(name), &qxNodeVariant::nodeName);
-    case qxVariantKind::Material:
-        return with(qxVariants::findMaterialVariant(name), &qxMaterialVariant::switchMaterialName);
-    case qxVariantKind::Transform:
-        return with(qxVariants::findTransformVariant(name), &qxTransformVariant::nodeName);
-    case qxVariantKind::Light:
-        return with(qxVariants::findLightVariant(name), &qxLightVariant::lightName);
-    case qxVariantKind::Overlay:
-        break;
-    }
-    return with(qxVariants::findOverlayVariant(name), &qxOverlayVariant::overlayName);
-}
-
-const qxStateList &statesOf(const qxVariantSet &set, qxVariantKind kind)
-{
-    switch (kind) {
-    case qxVariantKind::Node:
-        return set.nodeVariants;
-    case qxVariantKind::Material:
-        return set.materialVariants;
-    case qxVariantKind::Transform:
-        return set.transformVariants;
-    case qxVariantKind::Light:
-        return set.lightVariants;
-    case qxVariantKind::Overlay:
-        break;
-    }
-    return set.overlayVariants;
-}
-
 /// Clones share one core, and a state is applied to it once.
 bool isAppliedOnce(const qxSceneObject &object, qxAspect aspect)
 {
-    return aspect == qxAspect::Choice && object.kind != qxVariantKind::Material;
+    return aspect == qxAspect::Choice && object.kind != &qxVariantKinds::material;
 }
 
 /// Whether a node variant that recurses goes on to what is below and above the node.
 bool isRecursed(const qxSceneObject &object, qxAspect aspect, const QString &state, int after)
 {
-    if (!qxVariants::_recurse || object.kind != qxVariantKind::Node)
+    if (!qxVariants::_recurse || object.kind != &qxVariantKinds::node)
         return false;
     if (aspect == qxAspect::Visibility)
         return after != 0;
@@ -84,7 +34,7 @@ bool isRecursed(const qxSceneObject &object, qxAspect aspect, const QString &sta
 
 qxSceneObject nodeObject(const osg::NodePtr &node)
 {
-    return {qxVariantKind::Node, node, osg::NullFC};
+    return {&qxVariantKinds::node, node, osg::NullFC};
 }
 
 std::optional<qxCode> unless(bool isGood, qxCode code)
@@ -97,11 +47,11 @@ std::optional<qxCode> unless(bool isGood, qxCode code)
 qxExplanation::qxExplanation(const qxVariantSet &set)
 {
     addTargets(set);
-    for (const qxVariantKind kind : {qxVariantKind::Node, qxVariantKind::Material,
-                                     qxVariantKind::Transform, qxVariantKind::Light})
+    for (const qxVariantKind *kind : qxVariantKinds::selectionOrder().first)
         addVariants(set, kind);
     addViewpoints(set);
-    addVariants(set, qxVariantKind::Overlay);
+    for (const qxVariantKind *kind : qxVariantKinds::selectionOrder().rest)
+        addVariants(set, kind);
     addRest(set);
 }
 
@@ -118,7 +68,7 @@ void qxExplanation::addTargets(const qxVariantSet &set)
 {
     bool isMissing = false;
     for (const QString &name : set.targetNodeNames) {
-        const auto nodes = m_scene.objects(qxVariantKind::Node, name);
+        const auto nodes = m_scene.objects(&qxVariantKinds::node, name);
         isMissing = isMissing || nodes.empty();
         addPlain("target", name,
                  !set.inclNodes ? qxCode::SkippedTargetsOff
@@ -160,18 +110,18 @@ void qxExplanation::recurse(const osg::NodePtr &node)
     }
 }
 
-void qxExplanation::addVariants(const qxVariantSet &set, qxVariantKind kind)
+void qxExplanation::addVariants(const qxVariantSet &set, const qxVariantKind *kind)
 {
-    for (const qxVariantState &each : statesOf(set, kind)) {
-        const Found found = find(kind, each.variant);
+    for (const qxVariantState &each : set.*kind->states) {
+        qxVariant *const found = kind->find(each.variant);
         qxExplainedEntry entry;
-        entry.kind = qxVariantKindNames::word(kind);
+        entry.kind = kind->word;
         entry.name = each.variant;
         entry.state = each.state;
         entry.isVariant = true;
-        entry.isVariantFound = found.variant != nullptr;
-        entry.isStateKnown = found.variant && found.variant->find(each.state);
-        entry.object = found.base;
+        entry.isVariantFound = found != nullptr;
+        entry.isStateKnown = found && found->find(each.state);
+        entry.object = found ? found->*kind->sceneName : QString();
         if (entry.isVariantFound)
             foresee(entry, kind);
         else
@@ -180,7 +130,7 @@ void qxExplanation::addVariants(const qxVariantSet &set, qxVariantKind kind)
     }
 }
 
-void qxExplanation::foresee(qxExplainedEntry &entry, qxVariantKind kind)
+void qxExplanation::foresee(qxExplainedEntry &entry, const qxVariantKind *kind)
 {
     const std::vector<qxSceneObject> objects = m_scene.objects(kind, entry.object);
     entry.found = int(objects.size());

@@ -56,12 +56,12 @@ private:
     };
 
     void addTargets(const qxVariantSet &set);
-    void addVariants(const qxVariantSet &set, qxVariantKind kind);
+    void addVariants(const qxVariantSet &set, const qxVariantKind *kind);
     void addViewpoints(const qxVariantSet &set);
     void addRest(const qxVariantSet &set);
     void addAnimations(const qxVariantSet &set);
     /// Foresees the state in every object of the entry's name.
-    void foresee(qxExplainedEntry &entry, qxVariantKind kind);
+    void foresee(qxExplainedEntry &entry, const qxVariantKind *kind);
     void apply(qxExplainedEntry &entry, const qxSceneObject &object, const qxEffect &effect);
     /// What else a node variant shows while it recurses: all below, and above up to what is shown.
     void recurse(const osg::NodePtr &node);

@@ -14,7 +14,7 @@ bool isFitting(const qxSceneObject &object)
 } // namespace
 
 qxLintVariant::qxLintVariant(const qxSyntaxTreeVariant &variant, const qxSceneIndex &scene)
-    : m_outline(variant), m_objects(scene.objects(variant.kind, variant.base)),
+    : m_element(variant), m_objects(scene.objects(variant.kind, variant.base)),
       m_hasFittingObject(std::any_of(m_objects.begin(), m_objects.end(), isFitting))
 {
     for (const qxSyntaxTreeOption &option : variant.options)
@@ -60,16 +60,16 @@ bool qxLintVariant::isUsed(const QString &state) const
     return m_isStepped || m_used.contains(state);
 }
 
-qxLintVariants::qxLintVariants(const qxSyntaxTree &outline, const qxSceneIndex &scene)
+qxLintVariants::qxLintVariants(const qxSyntaxTree &tree, const qxSceneIndex &scene)
 {
-    m_all.reserve(outline.variants.size());
-    for (const qxSyntaxTreeVariant &each : outline.variants) {
+    m_all.reserve(tree.variants.size());
+    for (const qxSyntaxTreeVariant &each : tree.variants) {
         m_all.push_back(std::make_unique<qxLintVariant>(each, scene));
-        m_byName[std::size_t(each.kind)].insert(each.name, m_all.back().get());
+        m_byName[each.kind].insert(each.name, m_all.back().get());
     }
 }
 
-qxLintVariant *qxLintVariants::find(qxVariantKind kind, const QString &name) const
+qxLintVariant *qxLintVariants::find(const qxVariantKind *kind, const QString &name) const
 {
-    return m_byName[std::size_t(kind)].value(name, nullptr);
+    return m_byName.value(kind).value(name, nullptr);
 }

@@ -21,7 +21,7 @@ public:
 
     qxLintVariant(const qxSyntaxTreeVariant &variant, const qxSceneIndex &scene);
 
-    const qxSyntaxTreeVariant &outline() const { return m_outline; }
+    const qxSyntaxTreeVariant &element() const { return m_element; }
     bool hasOption(const QString &name) const { return m_options.contains(name); }
     bool hasObjects() const { return !m_objects.empty(); }
     /// Whether one object at least is of the right sort.
@@ -36,7 +36,7 @@ public:
     bool isUsed(const QString &state) const;
 
 private:
-    const qxSyntaxTreeVariant &m_outline;
+    const qxSyntaxTreeVariant &m_element;
     const std::vector<qxSceneObject> m_objects;
     const bool m_hasFittingObject;
     QSet<QString> m_options;
@@ -48,14 +48,14 @@ private:
 /// The variants of a document by kind and name.
 class qxLintVariants {
 public:
-    qxLintVariants(const qxSyntaxTree &outline, const qxSceneIndex &scene);
+    qxLintVariants(const qxSyntaxTree &tree, const qxSceneIndex &scene);
 
     /// Of several variants of one name the last, as the reader leaves it; null for none.
-    qxLintVariant *find(qxVariantKind kind, const QString &name) const;
+    qxLintVariant *find(const qxVariantKind *kind, const QString &name) const;
     /// All of them in the order of the document, those that are replaced included.
     const std::vector<std::unique_ptr<qxLintVariant>> &all() const { return m_all; }
 
 private:
     std::vector<std::unique_ptr<qxLintVariant>> m_all;
-    std::array<QHash<QString, qxLintVariant *>, qxVariantKinds> m_byName;
+    QHash<const qxVariantKind *, QHash<QString, qxLintVariant *>> m_byName;
 };

@@ -80,24 +80,25 @@ qxSceneIndex::Nodes::Nodes(const std::vector<qxNodePtr> &nodes)
     }
 }
 
-std::vector<qxSceneObject> qxSceneIndex::objects(qxVariantKind kind, const QString &base) const
+std::vector<qxSceneObject> qxSceneIndex::objects(const qxVariantKind *kind,
+                                                 const QString &base) const
 {
     std::vector<qxSceneObject> found;
-    if (kind == qxVariantKind::Material) {
+    if (kind == &qxVariantKinds::material) {
         for (const osg::MaterialPtr &each : qxMaterials::findMaterials(base.toUtf8().constData()))
             found.push_back({kind, osg::NullFC, each});
         return found;
     }
-    const Nodes &nodes = kind == qxVariantKind::Overlay ? m_overlays : m_nodes;
+    const Nodes &nodes = kind == &qxVariantKinds::overlay ? m_overlays : m_nodes;
     for (const osg::NodePtr &each : nodes.byName.value(base))
         found.push_back({kind, each, osg::NullFC});
     return found;
 }
 
-bool qxSceneIndex::areNested(qxVariantKind kind, const QString &base) const
+bool qxSceneIndex::areNested(const qxVariantKind *kind, const QString &base) const
 {
-    return (kind == qxVariantKind::Node && m_nodes.nested.contains(base))
-        || (kind == qxVariantKind::Overlay && m_overlays.nested.contains(base));
+    return (kind == &qxVariantKinds::node && m_nodes.nested.contains(base))
+        || (kind == &qxVariantKinds::overlay && m_overlays.nested.contains(base));
 }
 
 bool qxSceneIndex::hasAnimation(const QString &name) const

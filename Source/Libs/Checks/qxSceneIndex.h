@@ -14,7 +14,7 @@
 
 /// Something that a variant of some kind drives, or would if it were of the right sort.
 struct qxSceneObject {
-    qxVariantKind kind = qxVariantKind::Node;
+    const qxVariantKind *kind = &qxVariantKinds::node;
     osg::NodePtr node = osg::NullFC; ///< null for a material
     osg::MaterialPtr material = osg::NullFC;
 };
@@ -27,11 +27,11 @@ public:
 
     /// What bears the name `base` among the objects of that kind, in scene order: nodes of any sort
     /// for node, light and transform variants, nodes of the overlay tree, materials of any sort.
-    std::vector<qxSceneObject> objects(qxVariantKind kind, const QString &base) const;
+    std::vector<qxSceneObject> objects(const qxVariantKind *kind, const QString &base) const;
 
     /// Whether one of the nodes of that name, which show and hide what is below them, stands below
     /// another one. Never for variants that neither show nor hide nodes.
-    bool areNested(qxVariantKind kind, const QString &base) const;
+    bool areNested(const qxVariantKind *kind, const QString &base) const;
 
     bool hasNode(const QString &name) const { return m_nodes.byName.contains(name); }
     bool hasViewpoint(const QString &name) const { return m_viewpoints.contains(name); }

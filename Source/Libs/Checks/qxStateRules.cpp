@@ -37,7 +37,7 @@ int countOf(const qxSceneObject &object, qxAspect aspect)
 {
     if (aspect == qxAspect::Pose)
         return qxNodeUtils::getTransformVariantCount(object.node);
-    if (object.kind == qxVariantKind::Material)
+    if (object.kind == &qxVariantKinds::material)
         return int(switchMaterialOf(object)->getMaterials().size());
     const auto transforms = transformSwitchOf(object);
     return transforms != osg::NullFC ? int(transforms->getCount())
@@ -47,7 +47,7 @@ int countOf(const qxSceneObject &object, qxAspect aspect)
 /// The name of the child or material at `index`.
 std::string choiceName(const qxSceneObject &object, int index)
 {
-    if (object.kind == qxVariantKind::Material)
+    if (object.kind == &qxVariantKinds::material)
         return qxMaterials::getName(switchMaterialOf(object)->getMaterials(osg::UInt32(index)));
     return qxNodeUtils::getName(object.node->getChild(osg::UInt32(index)));
 }
@@ -112,7 +112,7 @@ qxEffect ofTransformSwitch(const qxSceneObject &object, const QString &state)
 /// Nodes of the scene and of the overlay tree, which differ in nothing but transform switches.
 qxEffect ofNode(const qxSceneObject &object, const QString &state)
 {
-    const bool isOverlay = object.kind == qxVariantKind::Overlay;
+    const bool isOverlay = object.kind == &qxVariantKinds::overlay;
     const bool hasTransforms = !isOverlay && transformSwitchOf(object) != osg::NullFC;
     qxEffect visibility = showOrHide(qxAspect::Visibility, state);
     if (visibility.operation != qxEffect::Nothing) {
@@ -182,11 +182,12 @@ qxEffect qxEffect::put(qxAspect aspect, int value)
 
 std::optional<qxCode> qxStateRules::flawOf(const qxSceneObject &object)
 {
-    if (object.kind == qxVariantKind::Light && !qxLights::isLight(object.node))
+    if (object.kind == &qxVariantKinds::light && !qxLights::isLight(object.node))
         return qxCode::SkippedNoLight;
-    if (object.kind == qxVariantKind::Transform && !qxNodeUtils::hasTransformVariants(object.node))
+    if (object.kind == &qxVariantKinds::transform
+        && !qxNodeUtils::hasTransformVariants(object.node))
         return qxCode::SkippedNoTransforms;
-    if (object.kind != qxVariantKind::Material)
+    if (object.kind != &qxVariantKinds::material)
         return std::nullopt;
     const auto switchMaterial = switchMaterialOf(object);
     if (switchMaterial == osg::NullFC)
@@ -200,22 +201,19 @@ qxEffect qxStateRules::effectOf(const qxSceneObject &object, const QString &stat
 {
     if (const auto flaw = flawOf(object))
         return qxEffect::none(*flaw);
-    switch (object.kind) {
-    case qxVariantKind::Material:
+    if (object.kind == &qxVariantKinds::material)
         return choose(object, state, qxCode::SkippedNoSuchMaterial);
-    case qxVariantKind::Light:
+    if (object.kind == &qxVariantKinds::light)
         return ofLight(state);
-    case qxVariantKind::Transform:
+    if (object.kind == &qxVariantKinds::transform)
         return ofTransform(object, state);
-    default:
-        return ofNode(object, state);
-    }
+    return ofNode(object, state);
 }
 
 qxAspectKey qxStateRules::keyOf(const qxSceneObject &object, qxAspect aspect)
 {
     quint64 container = 0;
-    if (object.kind == qxVariantKind::Material)
+    if (object.kind == &qxVariantKinds::material)
         container = object.material.getFieldContainerId();
     else if (aspect == qxAspect::Visibility || aspect == qxAspect::Pose)
         container = object.node.getFieldContainerId();
@@ -236,7 +234,7 @@ int qxStateRules::current(const qxSceneObject &object, qxAspect aspect)
     case qxAspect::Choice:
         break;
     }
-    if (object.kind == qxVariantKind::Material)
+    if (object.kind == &qxVariantKinds::material)
         return int(switchMaterialOf(object)->getChoice());
     const auto transforms = transformSwitchOf(object);
     return transforms != osg::NullFC ? int(transforms->getChoice())
@@ -253,8 +251,8 @@ int qxStateRules::after(const qxSceneObject &object, const qxEffect &effect, int
         return value;
     const int index = afterStep(effect, value, countOf(object, effect.aspect));
     // Materials are chosen by name: a step to the second of two twins ends at the first.
-    return object.kind == qxVariantKind::Material ? positionOf(object, choiceName(object, index))
-                                                  : index;
+    return object.kind == &qxVariantKinds::material ? positionOf(object, choiceName(object, index))
+                                                    : index;
 }
 
 QString qxStateRules::nameOf(const qxSceneObject &object, qxAspect aspect, int value)
@@ -263,7 +261,7 @@ QString qxStateRules::nameOf(const qxSceneObject &object, qxAspect aspect, int v
         return value ? variantEnable : variantDisable;
     if (aspect == qxAspect::Pose)
         return QString::fromStdString(qxNodeUtils::getTransformVariantName(object.node, value));
-    const bool isNode = object.kind != qxVariantKind::Material;
+    const bool isNode = object.kind != &qxVariantKinds::material;
     if (isNode && transformSwitchOf(object) != osg::NullFC)
         return QString::asprintf("Transform %u", unsigned(value));
     if (isNode && value == osg::Switch::ALL)

@@ -4,6 +4,7 @@
 #include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodeVisibility.h"
+#include "qxVariantKind.h"
 
 #include "qxLights.h"
 #include "qxMessage.h"
@@ -38,6 +39,10 @@ void buildOptions(qxLightVariant &variant, const osg::NodePtr &light)
 
 } // namespace
 
+const qxVariantNotifications qxLightVariant::notifications{
+    "lightVariantAdded",    "lightVariantRemoved", "lightVariantChanged",
+    "lightVariantSelected", "selectLightVariants", 1};
+
 qxLightVariant::qxLightVariant(osg::NodePtr node)
 {
     lightName = qxText::fromUtf8(qxNodeUtils::getName(node));
@@ -59,7 +64,7 @@ void qxLightVariant::onSelect(const QString &state)
             callVariantsLightChanged(light, message);
         }
     }
-    qxNotify::lightVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxLightVariant::onCurrent() const

@@ -9,6 +9,7 @@
 #include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxSceneEdits.h"
+#include "qxVariantKind.h"
 
 #include "qxMaterials.h"
 #include "qxScenegraph.h"
@@ -89,6 +90,10 @@ void setMasks(const QString &switchMaterialName, osg::UInt32 mask)
 
 } // namespace
 
+const qxVariantNotifications qxMaterialVariant::notifications{
+    "materialVariantAdded",    "materialVariantRemoved", "materialVariantChanged",
+    "materialVariantSelected", "selectMaterialVariants", 1};
+
 qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
 {
     const QString materialName = nameOf(material);
@@ -127,7 +132,7 @@ void qxMaterialVariant::onSelect(const QString &state)
         if (choose(switchMaterial, target))
             qxNotify::variantsMaterialChanged(variantName, target, baseName);
     }
-    qxNotify::materialVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxMaterialVariant::onCurrent() const

@@ -10,6 +10,7 @@
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "Internal/Scene/qxSceneEdits.h"
+#include "qxVariantKind.h"
 #include "qxVariantLists.h"
 
 #include "OSGSwitchComponentTransform.h"
@@ -175,6 +176,10 @@ void addTransformStates(qxVariant &variant, const osg::SwitchComponentTransformP
 
 } // namespace
 
+const qxVariantNotifications qxNodeVariant::notifications{
+    "nodeVariantAdded",    "nodeVariantRemoved", "nodeVariantChanged",
+    "nodeVariantSelected", "selectNodeVariants", 1};
+
 qxNodeVariant::qxNodeVariant(osg::NodePtr node)
 {
     if (node == osg::NullFC)
@@ -197,7 +202,7 @@ void qxNodeVariant::onSelect(const QString &state)
     Selection selection(*this, state);
     for (const qxNodePtr &node : findNodes(nodeName))
         selection.apply(node);
-    qxNotify::nodeVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxNodeVariant::onCurrent() const

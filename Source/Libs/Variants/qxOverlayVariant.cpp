@@ -7,6 +7,7 @@
 #include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
+#include "qxVariantKind.h"
 
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"
@@ -22,6 +23,10 @@ qxNodePtr firstOverlay(const QString &name)
 
 } // namespace
 
+const qxVariantNotifications qxOverlayVariant::notifications{
+    "overlayVariantAdded",    "overlayVariantRemoved", "overlayVariantChanged",
+    "overlayVariantSelected", "selectOverlayVariants", 1};
+
 qxOverlayVariant::qxOverlayVariant(osg::NodePtr node)
 {
     if (node == osg::NullFC)
@@ -35,7 +40,7 @@ void qxOverlayVariant::onSelect(const QString &state)
 {
     const qxOperation operation;
     qxNotify::activateOverlays(state, overlayName);
-    qxNotify::overlayVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxOverlayVariant::onCurrent() const

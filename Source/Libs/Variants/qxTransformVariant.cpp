@@ -4,6 +4,7 @@
 #include "Internal/Options/qxSwitchOptions.h"
 #include "Internal/Options/qxSwitchStepping.h"
 #include "Internal/Registry/qxText.h"
+#include "qxVariantKind.h"
 
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
@@ -40,6 +41,11 @@ void requestState(const qxNodePtr &node, int index)
 }
 
 } // namespace
+
+const qxVariantNotifications qxTransformVariant::notifications{
+    "transformVariantAdded",   "transformVariantRemoved",
+    "transformVariantChanged", nullptr,
+    "selectTransformVariants", 0};
 
 qxTransformVariant::qxTransformVariant(const QString &node) : nodeName(node)
 {

@@ -1,8 +1,10 @@
-#include "Internal/Registry/qxKind.h"
+#include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxFindCache.h"
 #include "Internal/Scene/qxSceneNames.h"
+#include "qxVariant.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 
 #include "qxMaterials.h"
@@ -60,24 +62,24 @@ bool isAction(const QString &state)
 }
 
 /// Whether one of the references leads to a variant whose scene object passes the test.
-template <class Variant, class Test>
-bool leadsToScene(const qxVariantSet &set, const Test &sceneHas)
+template <class Test>
+bool leadsToScene(const qxVariantSet &set, const qxVariantKind &kind, const Test &sceneHas)
 {
-    return anyOf(set.*qxKind<Variant>::states, [&](const qxVariantState &each) {
-        const Variant *variant = qxKinds::find<Variant>(each.variant);
-        return variant && sceneHas(variant->*qxKind<Variant>::sceneName);
+    return anyOf(set.*kind.states, [&](const qxVariantState &each) {
+        const qxVariant *variant = kind.find(each.variant);
+        return variant && sceneHas(variant->*kind.sceneName);
     });
 }
 
 /// Drops the references whose variant exists but fails the test of (scene name, state).
-template <class Variant, class Test>
-void keepIf(qxVariantSet &set, const Test &works)
+template <class Test>
+void keepIf(qxVariantSet &set, const qxVariantKind &kind, const Test &works)
 {
-    qxStateList &references = set.*qxKind<Variant>::states;
+    qxStateList &references = set.*kind.states;
     QStringList broken;
     for (const qxVariantState &each : references) {
-        const Variant *variant = qxKinds::find<Variant>(each.variant);
-        if (variant && !works(variant->*qxKind<Variant>::sceneName, each.state))
+        const qxVariant *variant = kind.find(each.variant);
+        if (variant && !works(variant->*kind.sceneName, each.state))
             broken.append(each.variant);
     }
     for (const QString &name : broken)
@@ -142,24 +144,25 @@ bool nodesKnowTransform(const std::vector<qxNodePtr> &nodes, const QString &stat
     });
 }
 
-template <class Variant>
-void highlight(const qxVariantSet &set)
+void highlight(const qxVariantSet &set, const qxVariantKind &kind)
 {
     std::vector<QString> names;
-    for (const qxVariantState &each : set.*qxKind<Variant>::states) {
-        if (qxKinds::find<Variant>(each.variant))
+    for (const qxVariantState &each : set.*kind.states) {
+        if (kind.find(each.variant))
             names.push_back(each.variant);
     }
-    qxKind<Variant>::highlight(names);
+    qxNotify::highlightVariants(kind.notifications, names);
 }
 
 } // namespace
 
 bool qxVariantSet::isEmpty()
 {
-    return nodeVariants.empty() && materialVariants.empty() && lightVariants.empty()
-        && overlayVariants.empty() && transformVariants.empty() && geometries.empty()
-        && viewpoints.empty() && animations.empty() && script.isEmpty()
+    const auto refersToAny = [this](const qxVariantKind *kind) {
+        return !(this->*kind->states).empty();
+    };
+    return !anyOf(qxVariantKinds::all(), refersToAny) && geometries.empty() && viewpoints.empty()
+        && animations.empty() && script.isEmpty()
         && analyzer.clipState == qxAnalyzerVariant::NoChange;
 }
 
@@ -168,45 +171,42 @@ bool qxVariantSet::isUsed()
     const qxFindCache cache(!nodeVariants.empty() || !overlayVariants.empty()
                             || !geometries.empty());
     const qxSceneNames scene;
-    return leadsToScene<qxNodeVariant>(*this, isNode)
-        || leadsToScene<qxMaterialVariant>(
-               *this, [](const QString &each) { return !materialsOf(each).empty(); })
-        || leadsToScene<qxLightVariant>(*this,
-                                        [&](const QString &each) { return scene.hasLight(each); })
+    return leadsToScene(*this, qxVariantKinds::node, isNode)
+        || leadsToScene(*this, qxVariantKinds::material,
+                        [](const QString &each) { return !materialsOf(each).empty(); })
+        || leadsToScene(*this, qxVariantKinds::light,
+                        [&](const QString &each) { return scene.hasLight(each); })
         || anyOf(geometries, isNode) || anyOf(viewpoints, isViewpoint)
         || anyOf(animations, [&](const QString &each) { return scene.hasClip(each); })
-        || leadsToScene<qxOverlayVariant>(*this, isOverlay);
+        || leadsToScene(*this, qxVariantKinds::overlay, isOverlay);
 }
 
 void qxVariantSet::showConnectedVariants()
 {
     const qxOperation operation;
-    highlight<qxNodeVariant>(*this);
-    highlight<qxMaterialVariant>(*this);
-    highlight<qxLightVariant>(*this);
-    highlight<qxOverlayVariant>(*this);
-    highlight<qxTransformVariant>(*this);
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        highlight(*this, *kind);
 }
 
 void qxVariantSet::optimize()
 {
     const qxFindCache cache(!isEmpty());
     const qxSceneNames scene;
-    keepIf<qxNodeVariant>(*this, [](const QString &each, const QString &state) {
+    keepIf(*this, qxVariantKinds::node, [](const QString &each, const QString &state) {
         return nodesOffer(nodesOf(each), state);
     });
-    keepIf<qxMaterialVariant>(*this, [](const QString &each, const QString &state) {
+    keepIf(*this, qxVariantKinds::material, [](const QString &each, const QString &state) {
         return materialsOffer(materialsOf(each), state);
     });
-    keepIf<qxLightVariant>(
-        *this, [&](const QString &each, const QString &) { return scene.hasLight(each); });
+    keepIf(*this, qxVariantKinds::light,
+           [&](const QString &each, const QString &) { return scene.hasLight(each); });
     keepIf(geometries, isNode);
     keepIf(viewpoints, isViewpoint);
     keepIf(animations, [&](const QString &each) { return scene.hasClip(each); });
-    keepIf<qxOverlayVariant>(*this, [](const QString &each, const QString &state) {
+    keepIf(*this, qxVariantKinds::overlay, [](const QString &each, const QString &state) {
         return nodesOffer(overlaysOf(each), state);
     });
-    keepIf<qxTransformVariant>(*this, [](const QString &each, const QString &state) {
+    keepIf(*this, qxVariantKinds::transform, [](const QString &each, const QString &state) {
         return nodesKnowTransform(nodesOf(each), state);
     });
 }

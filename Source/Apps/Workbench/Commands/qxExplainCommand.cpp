@@ -10,7 +10,7 @@
 #include "qxController.h"
 #include "qxExplanation.h"
 #include "qxMessage.h"
-#include "qxUnknown.h"
+#include "qxUnknownName.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -154,7 +154,7 @@ int run(const QCommandLineParser &parser)
         return WorkFailed;
     const qxVariantSet *const set = qxVariants::findVariantSet(arguments[1]);
     if (!set)
-        return qxCommands::fail(qxUnknown::set(arguments[1]));
+        return qxCommands::fail(qxUnknownName::set(arguments[1]));
     qxExplanation explanation(*set);
     explanation.compare(selectQuietly(*set));
     print(arguments[1], explanation, parser.isSet(QStringLiteral("json")));

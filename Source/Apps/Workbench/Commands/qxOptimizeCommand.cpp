@@ -69,7 +69,7 @@ bool isWorkingStep(const qxSceneIndex &scene, const qxVariantState &entry)
     const qxTransformVariant *const variant = qxVariants::findTransformVariant(entry.variant);
     if (!variant || !entry.state.startsWith(QLatin1Char('!')))
         return false;
-    const auto nodes = scene.objects(qxVariantKind::Transform, variant->nodeName);
+    const auto nodes = scene.objects(&qxVariantKinds::transform, variant->nodeName);
     return std::any_of(nodes.begin(), nodes.end(), [&](const qxSceneObject &node) {
         return qxStateRules::effectOf(node, entry.state).operation != qxEffect::Nothing;
     });

@@ -6,7 +6,7 @@
 #include "Session/qxInterrupt.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
-#include "qxUnknown.h"
+#include "qxUnknownName.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -29,7 +29,7 @@ bool areSets(const QStringList &names)
 {
     for (const QString &name : names) {
         if (!qxVariants::findVariantSet(name)) {
-            qxOutput::error(qxUnknown::set(name));
+            qxOutput::error(qxUnknownName::set(name));
             return false;
         }
     }

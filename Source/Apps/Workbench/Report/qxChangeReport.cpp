@@ -40,7 +40,7 @@ qxChangeReport::qxChangeReport()
             }
         });
     m_scriptListener = qxScriptRunner::addListener([this](const qxScriptText &script) {
-        if (!script.leftOut)
+        if (!script.isBlocked)
             m_scripts += QString::fromStdString(script.text).trimmed();
     });
 }

@@ -11,7 +11,7 @@ qxShownStates::Shown qxShownStates::of(const qxVariantRow &row) const
     const auto *const variant = dynamic_cast<const qxNodeVariant *>(row.variant);
     if (!variant)
         return shown;
-    const auto objects = m_scene.objects(qxVariantKind::Node, variant->nodeName);
+    const auto objects = m_scene.objects(&qxVariantKinds::node, variant->nodeName);
     if (objects.empty())
         return shown;
     const qxSceneObject &node = objects.front();
