@@ -10,7 +10,7 @@
 #include "RandomScene.h"
 #include "Report/qxShownStates.h"
 #include "Report/qxVariantTable.h"
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "Scene/qxTransformStates.h"
 #include "Script/qxScriptRunner.h"
 #include "Script/qxVariantBindings.h"

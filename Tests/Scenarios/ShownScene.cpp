@@ -7,7 +7,7 @@
 #include "Report/qxShownStates.h"
 #include "Report/qxVariantTable.h"
 #include "Scene/OSGTransformStates.h"
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "TestScene.h"
 #include "qxAnimManager.h"
 #include "qxMaterials.h"

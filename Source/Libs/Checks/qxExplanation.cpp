@@ -68,7 +68,7 @@ void qxExplanation::addTargets(const qxVariantSet &set)
 {
     bool isMissing = false;
     for (const QString &name : set.targetNodeNames) {
-        const auto nodes = m_scene.objects(&qxVariantKinds::node, name);
+        const auto nodes = qxStateRules::objectsOf(m_scene, &qxVariantKinds::node, name);
         isMissing = isMissing || nodes.empty();
         addPlain("target", name,
                  !set.inclNodes ? qxCode::SkippedTargetsOff
@@ -132,7 +132,7 @@ void qxExplanation::addVariants(const qxVariantSet &set, const qxVariantKind *ki
 
 void qxExplanation::foresee(qxExplainedEntry &entry, const qxVariantKind *kind)
 {
-    const std::vector<qxSceneObject> objects = m_scene.objects(kind, entry.object);
+    const std::vector<qxSceneObject> objects = qxStateRules::objectsOf(m_scene, kind, entry.object);
     entry.found = int(objects.size());
     m_done.clear();
     std::optional<qxCode> reason;
@@ -220,7 +220,7 @@ void qxExplanation::addAnimations(const qxVariantSet &set)
     const std::size_t turn = set.animationIndex < set.animations.size() ? set.animationIndex : 0;
     for (std::size_t i = 0; i < set.animations.size(); ++i) {
         const QString &name = set.animations[i];
-        const bool exists = m_scene.hasAnimation(name);
+        const bool exists = m_scene.hasClip(name);
         const bool waits = set.sequentialAnimation && i != turn;
         addPlain(animationKind, name,
                  waits ? qxCode::SkippedForLaterTurn : unless(exists, qxCode::SkippedAnimation));

@@ -2,7 +2,9 @@
 
 #include "qxStateRules.h"
 
+#include <QHash>
 #include <QMap>
+#include <QSet>
 #include <QStringList>
 
 class qxVariantSet;
@@ -73,7 +75,7 @@ private:
     bool isShown(const qxExplainedEntry &entry, const qxSelectionOutcome &outcome) const;
     void compareChanges();
 
-    const qxSceneIndex m_scene;
+    const qxSceneLookup m_scene;
     std::vector<qxExplainedEntry> m_entries;
     std::vector<Change> m_changes;
     QHash<qxAspectKey, int> m_values; ///< what was changed so far

@@ -74,7 +74,9 @@ void VariantLint::lintObjects()
     else if (!m_variant.hasFittingObject())
         add(qxCode::WrongSceneObject,
             QStringLiteral(": \"%1\" in the scene is of another sort").arg(m_element.base));
-    if (m_context.scene.areNested(m_element.kind, m_element.base))
+    const qxSceneLookup &scene = m_context.scene;
+    if ((m_element.kind == &qxVariantKinds::node && scene.hasNestedNodes(m_element.base))
+        || (m_element.kind == &qxVariantKinds::overlay && scene.hasNestedOverlays(m_element.base)))
         add(qxCode::NestedSceneObjects,
             QStringLiteral(": one \"%1\" in the scene stands within another, and both are hidden "
                            "when one is")

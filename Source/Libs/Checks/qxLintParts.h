@@ -21,7 +21,7 @@ public:
     void addTwins(qxCode code, const QString &kind, const List &all);
 
     const qxSyntaxTree &tree;
-    const qxSceneIndex scene;
+    const qxSceneLookup scene;
     const qxLintVariants variants;
     qxFindingList findings;
 };

@@ -6,14 +6,14 @@ struct ListRule {
     const char *tag;
     const char *word;
     qxCode missing;
-    bool (qxSceneIndex::*has)(const QString &name) const;
+    bool (qxSceneLookup::*has)(const QString &name) const;
 };
 
 const ListRule listRules[qxNameLists] = {
-    {"ViewpointRef", "viewpoint", qxCode::NoSuchViewpoint, &qxSceneIndex::hasViewpoint},
-    {"AnimationRef", "animation", qxCode::NoSuchAnimation, &qxSceneIndex::hasAnimation},
-    {"GeometryRef", "geometry", qxCode::NoSuchGeometry, &qxSceneIndex::hasNode},
-    {"TargetName", "target node", qxCode::NoSuchTarget, &qxSceneIndex::hasNode},
+    {"ViewpointRef", "viewpoint", qxCode::NoSuchViewpoint, &qxSceneLookup::hasViewpoint},
+    {"AnimationRef", "animation", qxCode::NoSuchAnimation, &qxSceneLookup::hasClip},
+    {"GeometryRef", "geometry", qxCode::NoSuchGeometry, &qxSceneLookup::hasNode},
+    {"TargetName", "target node", qxCode::NoSuchTarget, &qxSceneLookup::hasNode},
 };
 
 /// An entry of a set that changes something of the scene: a reference or, without one, a target.
@@ -89,10 +89,11 @@ void SetLint::noteTargets()
     if (!m_set.inclNodes)
         return;
     for (const qxSyntaxTreeText &target : m_set.of(qxNameList::Targets)) {
-        const auto nodes = m_context.scene.objects(&qxVariantKinds::node, target.text);
+        const auto nodes = m_context.scene.nodes(target.text);
         if (nodes.empty())
             return;
-        const qxAspectKey key = qxStateRules::keyOf(nodes.front(), qxAspect::Visibility);
+        const qxAspectKey key =
+            qxStateRules::keyOf({&qxVariantKinds::node, nodes.front(), {}}, qxAspect::Visibility);
         m_changed.insert(key, {{key, true, 1}, nullptr, &qxVariantKinds::node, target.text});
     }
 }

@@ -13,8 +13,8 @@ bool isFitting(const qxSceneObject &object)
 
 } // namespace
 
-qxLintVariant::qxLintVariant(const qxSyntaxTreeVariant &variant, const qxSceneIndex &scene)
-    : m_element(variant), m_objects(scene.objects(variant.kind, variant.base)),
+qxLintVariant::qxLintVariant(const qxSyntaxTreeVariant &variant, const qxSceneLookup &scene)
+    : m_element(variant), m_objects(qxStateRules::objectsOf(scene, variant.kind, variant.base)),
       m_hasFittingObject(std::any_of(m_objects.begin(), m_objects.end(), isFitting))
 {
     for (const qxSyntaxTreeOption &option : variant.options)
@@ -60,7 +60,7 @@ bool qxLintVariant::isUsed(const QString &state) const
     return m_isStepped || m_used.contains(state);
 }
 
-qxLintVariants::qxLintVariants(const qxSyntaxTree &tree, const qxSceneIndex &scene)
+qxLintVariants::qxLintVariants(const qxSyntaxTree &tree, const qxSceneLookup &scene)
 {
     m_all.reserve(tree.variants.size());
     for (const qxSyntaxTreeVariant &each : tree.variants) {

@@ -2,6 +2,9 @@
 
 #include "qxStateRules.h"
 
+#include <QHash>
+#include <QSet>
+
 #include <memory>
 
 /// One variant of a document beside what the scene has for it, with notes on who uses it.
@@ -19,7 +22,7 @@ public:
         std::vector<Change> changes; ///< one for each aspect
     };
 
-    qxLintVariant(const qxSyntaxTreeVariant &variant, const qxSceneIndex &scene);
+    qxLintVariant(const qxSyntaxTreeVariant &variant, const qxSceneLookup &scene);
 
     const qxSyntaxTreeVariant &element() const { return m_element; }
     bool hasOption(const QString &name) const { return m_options.contains(name); }
@@ -48,7 +51,7 @@ private:
 /// The variants of a document by kind and name.
 class qxLintVariants {
 public:
-    qxLintVariants(const qxSyntaxTree &tree, const qxSceneIndex &scene);
+    qxLintVariants(const qxSyntaxTree &tree, const qxSceneLookup &scene);
 
     /// Of several variants of one name the last, as the reader leaves it; null for none.
     qxLintVariant *find(const qxVariantKind *kind, const QString &name) const;

@@ -180,6 +180,21 @@ qxEffect qxEffect::put(qxAspect aspect, int value)
     return effect;
 }
 
+std::vector<qxSceneObject> qxStateRules::objectsOf(const qxSceneLookup &scene,
+                                                   const qxVariantKind *kind, const QString &base)
+{
+    std::vector<qxSceneObject> found;
+    if (kind == &qxVariantKinds::material) {
+        for (const osg::MaterialPtr &each : scene.materials(base))
+            found.push_back({kind, osg::NullFC, each});
+        return found;
+    }
+    for (const qxNodePtr &each :
+         kind == &qxVariantKinds::overlay ? scene.overlays(base) : scene.nodes(base))
+        found.push_back({kind, each, osg::NullFC});
+    return found;
+}
+
 std::optional<qxCode> qxStateRules::flawOf(const qxSceneObject &object)
 {
     if (object.kind == &qxVariantKinds::light && !qxLights::isLight(object.node))

@@ -1,8 +1,16 @@
 #pragma once
 
-#include "qxSceneIndex.h"
+#include "qxSceneLookup.h"
+#include "qxSyntaxTree.h"
 
 #include <optional>
+
+/// Something that a variant of some kind drives, or would if it were of the right sort.
+struct qxSceneObject {
+    const qxVariantKind *kind = &qxVariantKinds::node;
+    osg::NodePtr node = osg::NullFC; ///< null for a material
+    osg::MaterialPtr material = osg::NullFC;
+};
 
 /// What a state changes of a scene object.
 enum class qxAspect { Visibility, Choice, Light, Pose };
@@ -30,6 +38,9 @@ struct qxEffect {
 /// What the kinds of variants make of a state, without doing it.
 namespace qxStateRules {
 
+/// What bears the name `base` among the objects of that kind, in scene order.
+std::vector<qxSceneObject> objectsOf(const qxSceneLookup &scene, const qxVariantKind *kind,
+                                     const QString &base);
 /// Why no state at all reaches the object: it is of the wrong sort.
 std::optional<qxCode> flawOf(const qxSceneObject &object);
 qxEffect effectOf(const qxSceneObject &object, const QString &state);

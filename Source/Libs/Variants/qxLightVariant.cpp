@@ -2,7 +2,6 @@
 
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "qxVariantKind.h"
 
@@ -10,6 +9,7 @@
 #include "qxMessage.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 
 #include <algorithm>
 

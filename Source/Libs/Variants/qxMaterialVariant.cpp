@@ -7,12 +7,10 @@
 #include "Internal/Options/qxSwitchStepping.h"
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariantKind.h"
 
-#include "qxMaterials.h"
-#include "qxScenegraph.h"
+#include "qxNames.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGMaterialGroup.h>
@@ -20,9 +18,9 @@
 
 namespace {
 
+using qxNames::nameOf;
 using qxSwitchMaterials::chosen;
 using qxSwitchMaterials::findMaterial;
-using qxSwitchMaterials::nameOf;
 
 std::vector<osg::MaterialPtr> findMaterials(const QString &name)
 {

@@ -6,7 +6,6 @@
 #include "Internal/Options/qxSwitchStepping.h"
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "Internal/Scene/qxSceneEdits.h"
@@ -18,6 +17,7 @@
 #include "qxMessage.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 
 #include <OpenSG/OSGSwitch.h>
 

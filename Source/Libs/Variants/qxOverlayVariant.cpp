@@ -4,13 +4,13 @@
 #include "Internal/Options/qxSwitchOptions.h"
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "qxVariantKind.h"
 
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"
+#include "qxText.h"
 
 namespace {
 

@@ -3,11 +3,11 @@
 #include "Internal/Options/qxOptionRebuild.h"
 #include "Internal/Options/qxSwitchOptions.h"
 #include "Internal/Options/qxSwitchStepping.h"
-#include "Internal/Registry/qxText.h"
 #include "qxVariantKind.h"
 
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 #include "qxTransformService.h"
 
 #include <algorithm>

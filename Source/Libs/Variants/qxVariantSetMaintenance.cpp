@@ -1,8 +1,6 @@
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxFindCache.h"
-#include "Internal/Scene/qxSceneNames.h"
 #include "qxVariant.h"
 #include "qxVariantKinds.h"
 #include "qxVariantSet.h"
@@ -10,7 +8,9 @@
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"
+#include "qxSceneLookup.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 #include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGSwitch.h>
@@ -170,7 +170,7 @@ bool qxVariantSet::isUsed()
 {
     const qxFindCache cache(!nodeVariants.empty() || !overlayVariants.empty()
                             || !geometries.empty());
-    const qxSceneNames scene;
+    const qxSceneLookup scene;
     return leadsToScene(*this, qxVariantKinds::node, isNode)
         || leadsToScene(*this, qxVariantKinds::material,
                         [](const QString &each) { return !materialsOf(each).empty(); })
@@ -191,7 +191,7 @@ void qxVariantSet::showConnectedVariants()
 void qxVariantSet::optimize()
 {
     const qxFindCache cache(!isEmpty());
-    const qxSceneNames scene;
+    const qxSceneLookup scene;
     keepIf(*this, qxVariantKinds::node, [](const QString &each, const QString &state) {
         return nodesOffer(nodesOf(each), state);
     });

@@ -1,6 +1,5 @@
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxFindCache.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "qxVariant.h"
@@ -11,6 +10,7 @@
 #include "qxController.h"
 #include "qxScenegraph.h"
 #include "qxScript.h"
+#include "qxText.h"
 
 namespace {
 

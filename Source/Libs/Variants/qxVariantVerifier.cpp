@@ -1,7 +1,6 @@
 #include "qxVariantVerifier.h"
 
 #include "Internal/Registry/qxOperation.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxFindCache.h"
 #include "qxMaterialVariant.h"
 #include "qxNodeVariant.h"
@@ -11,6 +10,7 @@
 
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
+#include "qxText.h"
 
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>

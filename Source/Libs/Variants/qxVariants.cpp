@@ -1,7 +1,6 @@
 #include "qxVariants.h"
 
 #include "Internal/Options/qxHotkey.h"
-#include "Internal/Registry/qxText.h"
 #include "qxLightVariant.h"
 #include "qxMaterialVariant.h"
 #include "qxNodeVariant.h"
@@ -12,24 +11,20 @@
 #include "qxVariantSet.h"
 
 #include "qxController.h"
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
+#include "qxNames.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
+
+using qxNames::nameOf;
 
 namespace {
 
 const char *const clearAllVariants = "clearAllVariants";
 
-QString nameOf(const osg::NodePtr &node)
-{
-    return qxText::fromUtf8(qxNodeUtils::getName(node));
-}
-
 /// The name of the switch material that a variant of this material drives.
 QString switchNameOf(const osg::MaterialPtr &material)
 {
-    const QString name = qxText::fromUtf8(qxMaterials::getName(material));
+    const QString name = nameOf(material);
     const bool isSwitch = osg::SwitchMaterialPtr::dcast(material) != osg::NullFC;
     return name.isEmpty() || isSwitch ? name : name + QStringLiteral(" Switch");
 }

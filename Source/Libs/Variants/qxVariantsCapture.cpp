@@ -3,7 +3,6 @@
 #include "Internal/Capture/qxCaptureRun.h"
 #include "Internal/Materials/qxSwitchMaterials.h"
 #include "Internal/Registry/qxOperation.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "qxNodeVariant.h"
 #include "qxVariantSet.h"
@@ -12,7 +11,7 @@
 #include "qxCameraService.h"
 #include "qxConnector.h"
 #include "qxMaterials.h"
-#include "qxNodeUtils.h"
+#include "qxNames.h"
 #include "qxOpenSGUtils.h"
 #include "qxScenegraph.h"
 #include "qxScript.h"
@@ -20,6 +19,8 @@
 
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
+
+using qxNames::nameOf;
 
 namespace {
 
@@ -31,11 +32,6 @@ public:
     CapturedGeometries(const CapturedGeometries &) = delete;
     CapturedGeometries &operator=(const CapturedGeometries &) = delete;
 };
-
-QString nameOf(const osg::NodePtr &node)
-{
-    return qxText::fromUtf8(qxNodeUtils::getName(node));
-}
 
 /// The path as an argument in a script.
 QString quotedPath(const osg::NodePtr &node)

@@ -1,11 +1,11 @@
 #include "Internal/Capture/qxCapture.h"
-#include "Internal/Scene/qxOpenNodes.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
 #include "qxNodeUtils.h"
+#include "qxNodeWalk.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGMaterialGroup.h>
@@ -28,15 +28,14 @@ void restore(const osg::NodePtr &node, qxVariantSet *set, qxCapture &run)
 /// Goes over what is active at and below `top`, in scene order.
 void restoreFrom(const osg::NodePtr &top, qxVariantSet *set, qxCapture &run)
 {
-    qxOpenNodes open(top);
-    for (osg::NodeRefPtr node(open.take()); node != osg::NullFC; node = open.take()) {
+    qxWalkChangingNodes(top, [set, &run](const osg::NodePtr &node) {
         bool captureNodes = false; // hidden nodes are passed over, nothing is noted about them
         bool notify = true;
         if (!qxVariants::checkAndSetNodeActive(node, set, captureNodes, notify))
-            continue;
+            return false;
         restore(node, set, run);
-        open.addChildrenOf(node);
-    }
+        return true;
+    });
 }
 
 } // namespace

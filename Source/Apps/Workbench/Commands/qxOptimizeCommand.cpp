@@ -64,19 +64,20 @@ struct Shortened {
 };
 
 /// Whether the state is an action that does something. To optimizing, transforms have no actions.
-bool isWorkingStep(const qxSceneIndex &scene, const qxVariantState &entry)
+bool isWorkingStep(const qxSceneLookup &scene, const qxVariantState &entry)
 {
     const qxTransformVariant *const variant = qxVariants::findTransformVariant(entry.variant);
     if (!variant || !entry.state.startsWith(QLatin1Char('!')))
         return false;
-    const auto nodes = scene.objects(&qxVariantKinds::transform, variant->nodeName);
+    const auto nodes =
+        qxStateRules::objectsOf(scene, &qxVariantKinds::transform, variant->nodeName);
     return std::any_of(nodes.begin(), nodes.end(), [&](const qxSceneObject &node) {
         return qxStateRules::effectOf(node, entry.state).operation != qxEffect::Nothing;
     });
 }
 
 /// Puts those steps of `before` back that are gone and work, each where it was, and answers them.
-QStringList putBackSteps(qxVariantSet &set, const qxStateList &before, const qxSceneIndex &scene)
+QStringList putBackSteps(qxVariantSet &set, const qxStateList &before, const qxSceneLookup &scene)
 {
     QStringList kept;
     qxStateList whole;
@@ -106,7 +107,7 @@ QList<Shortened> optimizeAll(bool strict)
     for (const qxVariantSet *set : qxVariants::_variantSets)
         before += {entriesOf(*set), set->transformVariants};
     qxVariants::optimizeVariantSets();
-    const qxSceneIndex scene;
+    const qxSceneLookup scene;
     QList<Shortened> result;
     int index = 0;
     for (qxVariantSet *set : qxVariants::_variantSets) {

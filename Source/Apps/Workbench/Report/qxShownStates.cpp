@@ -11,10 +11,10 @@ qxShownStates::Shown qxShownStates::of(const qxVariantRow &row) const
     const auto *const variant = dynamic_cast<const qxNodeVariant *>(row.variant);
     if (!variant)
         return shown;
-    const auto objects = m_scene.objects(&qxVariantKinds::node, variant->nodeName);
-    if (objects.empty())
+    const auto nodes = m_scene.nodes(variant->nodeName);
+    if (nodes.empty())
         return shown;
-    const qxSceneObject &node = objects.front();
+    const qxSceneObject node{&qxVariantKinds::node, nodes.front(), osg::NullFC};
     shown.isHidden = qxStateRules::current(node, qxAspect::Visibility) == 0;
     if (osg::SwitchComponentTransformPtr::dcast(node.node->getCore()) != osg::NullFC)
         shown.state = qxStateRules::nameOf(node, qxAspect::Choice,

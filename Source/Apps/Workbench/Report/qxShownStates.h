@@ -2,7 +2,7 @@
 
 #include "qxVariantTable.h"
 
-#include "qxSceneIndex.h"
+#include "qxSceneLookup.h"
 #include "qxScenegraph.h"
 
 /// What the scene shows of variants, where their own current state does not tell: the place of a
@@ -22,5 +22,5 @@ public:
     Shown of(const qxVariantRow &row) const;
 
 private:
-    const qxSceneIndex m_scene;
+    const qxSceneLookup m_scene;
 };

@@ -3,11 +3,11 @@
 #include "Internal/Options/qxOptionAppender.h"
 #include "Internal/Options/qxOptionRebuild.h"
 #include "Internal/Options/qxSwitchStepping.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariant.h"
 
 #include "qxNodeUtils.h"
+#include "qxText.h"
 
 #include <OpenSG/OSGSwitch.h>
 

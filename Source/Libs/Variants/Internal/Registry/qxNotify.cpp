@@ -1,7 +1,6 @@
 #include "Internal/Registry/qxNotify.h"
 
 #include "qxNameLookUp.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "qxVariant.h"
 #include "qxVariantKind.h"
@@ -9,6 +8,7 @@
 #include "qxController.h"
 #include "qxMessage.h"
 #include "qxModuleBase.h"
+#include "qxText.h"
 
 namespace {
 

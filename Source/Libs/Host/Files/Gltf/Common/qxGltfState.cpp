@@ -2,7 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfCores.h"
 #include "OSGOverlayCore.h"
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "qxNodeUtils.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
