@@ -9,7 +9,7 @@
 class QString;
 class qxStateList;
 class qxVariant;
-class qxVariantSet;
+struct qxVariantSetContents;
 
 /// The names of the notifications about the variants of one kind.
 struct qxVariantNotifications {
@@ -31,7 +31,7 @@ struct qxVariantKind {
     QLatin1String tag; ///< of the document's element for a variant
     QLatin1String referenceTag; ///< of the element of a set that refers to a variant
     const qxVariantNotifications &notifications;
-    qxStateList qxVariantSet::*states; ///< the references of a set to variants of the kind
+    qxStateList qxVariantSetContents::*states; ///< the references of a set to variants of the kind
     QString qxVariant::*sceneName; ///< the name of the scene object; for variants of the kind alone
     const std::type_info &type; ///< of its variants
 

@@ -9,7 +9,7 @@
 #include "qxOverlayVariant.h"
 #include "qxTransformVariant.h"
 #include "qxVariantLists.h"
-#include "qxVariantSet.h"
+#include "qxVariantSetContents.h"
 
 #include <algorithm>
 
@@ -76,7 +76,7 @@ struct Names {
 };
 
 template <class Variant, auto &list>
-constexpr qxVariantKind row(const Names &names, qxStateList qxVariantSet::*states,
+constexpr qxVariantKind row(const Names &names, qxStateList qxVariantSetContents::*states,
                             QString Variant::*sceneName)
 {
     typedef Registered<Variant, list> Variants;
@@ -102,7 +102,7 @@ constexpr qxVariantKind materialRow()
     auto kind = row<qxMaterialVariant, qxVariantLists::_materialVariants>(
         {"material", QT_TRANSLATE_NOOP("qxVariants", "Materials"), "MaterialVariant",
          "MaterialVariantRef"},
-        &qxVariantSet::materialVariants, &qxMaterialVariant::switchMaterialName);
+        &qxVariantSetContents::materialVariants, &qxMaterialVariant::switchMaterialName);
     kind.complete = [](const qxVariant &variant) {
         qxSwitchMaterialRepair::ensureSwitchMaterial(
             static_cast<const qxMaterialVariant &>(variant));
@@ -127,7 +127,7 @@ constexpr qxVariantKind overlayRow()
 {
     auto kind = row<qxOverlayVariant, qxVariantLists::_overlayVariants>(
         {"overlay", QT_TRANSLATE_NOOP("qxVariants", "Overlays"), "OverlayVariant", "OverlayRef"},
-        &qxVariantSet::overlayVariants, &qxOverlayVariant::overlayName);
+        &qxVariantSetContents::overlayVariants, &qxOverlayVariant::overlayName);
     kind.create = createOverlay;
     kind.hasDefaults = false;
     return kind;
@@ -140,20 +140,20 @@ namespace qxVariantKinds {
 
 constexpr qxVariantKind node = row<qxNodeVariant, qxVariantLists::_nodeVariants>(
     {"node", QT_TRANSLATE_NOOP("qxVariants", "Nodes"), "NodeVariant", "NodeVariantRef"},
-    &qxVariantSet::nodeVariants, &qxNodeVariant::nodeName);
+    &qxVariantSetContents::nodeVariants, &qxNodeVariant::nodeName);
 
 constexpr qxVariantKind material = materialRow();
 
 constexpr qxVariantKind light = row<qxLightVariant, qxVariantLists::_lightVariants>(
     {"light", QT_TRANSLATE_NOOP("qxVariants", "Lights"), "LightVariant", "LightVariantRef"},
-    &qxVariantSet::lightVariants, &qxLightVariant::lightName);
+    &qxVariantSetContents::lightVariants, &qxLightVariant::lightName);
 
 constexpr qxVariantKind overlay = overlayRow();
 
 constexpr qxVariantKind transform = row<qxTransformVariant, qxVariantLists::_transformVariants>(
     {"transform", QT_TRANSLATE_NOOP("qxVariants", "Transforms"), "TransformVariant",
      "TransformRef"},
-    &qxVariantSet::transformVariants, &qxTransformVariant::nodeName);
+    &qxVariantSetContents::transformVariants, &qxTransformVariant::nodeName);
 
 const List &all()
 {

@@ -38,6 +38,8 @@ void qxCapture::reconcile(const osg::NodePtr &node, const QString &path,
                           const osg::MaterialPtr &material,
                           const qxSnapshotReconciler::Scope &scope)
 {
+    if (node == osg::NullFC || node->getCore() == osg::NullFC)
+        return;
     if (s_current && s_current->m_set == scope.set)
         s_current->m_reconciler.handle(node, path, material, scope);
     else

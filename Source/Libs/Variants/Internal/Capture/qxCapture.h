@@ -24,14 +24,14 @@ public:
     /// Whether an active node has that name (UTF-8). A run goes through the scene once and takes
     /// it that no node is shown, hidden or renamed meanwhile.
     static bool hasActiveNode(const std::string &name);
-    /// See qxSnapshotReconciler::handle. Outside of a run for the set this is a run of its own.
+    /// See qxSnapshotReconciler::handle. Outside of a run for the set this is a run of its own. A
+    /// null node and one without a core are ignored.
     static void reconcile(const osg::NodePtr &node, const QString &path,
                           const osg::MaterialPtr &material,
                           const qxSnapshotReconciler::Scope &scope);
 
     QMap<QString, QString> materials; ///< the material snapshot: names by node path
     QSet<QString> visitedNames;
-    std::set<osg::SwitchMaterialPtr> visitedSwitchMaterials;
     std::set<osg::MaterialPtr> visitedMaterials;
 
 private:

@@ -1,7 +1,7 @@
 #include "Internal/Materials/qxSnapshotIndex.h"
 
+#include "qxVariantLists.h"
 #include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include <algorithm>
 
@@ -9,7 +9,7 @@ qxSnapshotIndex::qxSnapshotIndex(const qxVariantSet *except)
 {
     std::size_t total = 0;
     int longest = 0;
-    for (qxVariantSet *set : qxVariants::_variantSets) {
+    for (qxVariantSet *set : qxVariantLists::_variantSets) {
         if (set == except)
             continue;
         m_sets.push_back(set);

@@ -2,11 +2,12 @@
 
 #include "Internal/Materials/qxSwitchMaterials.h"
 #include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxSceneVariants.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxMaterialVariant.h"
+#include "qxVariantLists.h"
 #include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include "qxNames.h"
 #include "qxNodeWalk.h"
@@ -92,12 +93,13 @@ void qxSnapshotReconciler::handle(const osg::NodePtr &node, const QString &path,
 
 bool qxSnapshotReconciler::isClone(const osg::NodePtr &node)
 {
+    if (node->getParent() == osg::NullFC)
+        return false;
     const osg::UInt32 core = node->getCore().getFieldContainerId();
-    osg::UInt32 &id = m_firstOfCore[core];
-    const osg::NodePtr first = qxNodeWithId(id);
-    if (first == osg::NullFC)
-        id = node.getFieldContainerId();
-    return first != osg::NullFC && first != node && qxNodeUtils::isCloneOf(node, first);
+    osg::NodeRefPtr &first = m_firstOfCore[core];
+    if (first == osg::NullFC || first->getParent() == osg::NullFC)
+        first = node;
+    return first.get() != node && qxNodeUtils::isCloneOf(node, first.get());
 }
 
 /// What the other sets want at that path; empty when they all want this material. What they
@@ -140,12 +142,12 @@ void qxSnapshotReconciler::reconcile(const osg::NodePtr &node, const QString &pa
     const osg::SwitchMaterialPtr target = own != osg::NullFC ? fromSwitch(node, own, needs, scope)
                                                              : fromPlain(material, needs, scope);
     if (target != own)
-        qxVariants::changeMaterial(node, target);
+        qxSceneEdits::setMaterial(node, target);
     std::vector<qxVariantSet *> sets;
     for (const Need &need : needs)
         sets.push_back(need.set);
     m_index.rewrite(path, sets, nameOf(target));
-    if (qxMaterialVariant *variant = qxVariants::findMaterialVariant(nameOf(target)))
+    if (qxMaterialVariant *variant = qxVariantLists::_materialVariants.find(nameOf(target)))
         scope.set->add(variant, nameOf(chosen(target)));
     m_changed = true;
 }
@@ -235,15 +237,13 @@ bool qxSnapshotReconciler::mayTake(const osg::NodePtr &node, const osg::SwitchMa
 /// costs as much as there are, so what was found out counts as long as it is true.
 osg::NodePtr qxSnapshotReconciler::lastUser(const osg::MaterialPtr &material)
 {
-    osg::UInt32 &id = m_lastUsers[material.getFieldContainerId()];
-    const osg::NodePtr known = qxNodeWithId(id);
-    if (known != osg::NullFC && qxNodeUtils::getMaterial(known) == material)
-        return known;
-    const std::vector<qxNodePtr> users = usersOf(material);
-    if (users.empty())
-        return osg::NodePtr();
-    id = users.back().getFieldContainerId();
-    return users.back();
+    osg::NodeRefPtr &known = m_lastUsers[material.getFieldContainerId()];
+    if (known == osg::NullFC || known->getParent() == osg::NullFC
+        || qxNodeUtils::getMaterial(known.get()) != material) {
+        const std::vector<qxNodePtr> users = usersOf(material);
+        known = users.empty() ? osg::NodePtr() : osg::NodePtr(users.back());
+    }
+    return known.get();
 }
 
 /// Whether a switch material that a set saw can show `shown` again on a node: nobody has it by now,
@@ -295,7 +295,7 @@ osg::SwitchMaterialPtr qxSnapshotReconciler::duplicate(const osg::SwitchMaterial
     const osg::SwitchMaterialPtr made = qxSwitchMaterials::make(name, partsOf(original));
     qxSceneEdits::setChoice(made, original->getChoice());
     addContents(made);
-    qxVariants::createMaterialVariant(osg::MaterialPtr(made), scope.notify);
+    qxSceneVariants::ofMaterial(made, scope.notify);
     // A copy, because the duplicate gets its list beside it.
     const std::vector<qxVariantSet *> referring = m_index.referring(name);
     for (qxVariantSet *set : referring)
@@ -327,7 +327,6 @@ osg::SwitchMaterialPtr qxSnapshotReconciler::build(const osg::MaterialPtr &own, 
 void qxSnapshotReconciler::extend(const osg::SwitchMaterialPtr &target, const osg::MaterialPtr &own,
                                   const Needs &needs, const Scope &scope)
 {
-    const osg::MaterialPtr material(target);
     std::vector<osg::MaterialPtr> missing;
     for (const Need &need : needs) {
         if (heldBy(target, need.state) == osg::NullFC)
@@ -335,9 +334,9 @@ void qxSnapshotReconciler::extend(const osg::SwitchMaterialPtr &target, const os
     }
     if (own != osg::NullFC && !target->hasMaterial(own))
         addOnce(missing, own);
-    qxMaterialVariant *const variant = qxVariants::createMaterialVariant(material, scope.notify);
+    qxMaterialVariant *const variant = qxSceneVariants::ofMaterial(target, scope.notify);
     for (const osg::MaterialPtr &each : missing) {
-        if (variant && qxVariants::_materialVariants.contains(variant))
+        if (variant && qxVariantLists::_materialVariants.contains(variant))
             variant->add(each, QString());
         if (!target->hasMaterial(each)) // another one of the name was found, or no variant is left
             qxSceneEdits::addMaterial(target, each);

@@ -4,6 +4,7 @@
 
 #include "qxNodePtr.h"
 
+#include <OpenSG/OSGNodePtr.h>
 #include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
@@ -82,9 +83,8 @@ private:
 
     qxSnapshotIndex m_index;
     std::map<Case, osg::SwitchMaterialRefPtr> m_settled;
-    /// Ids of nodes by those of their cores: listeners may remove the nodes.
-    QHash<osg::UInt32, osg::UInt32> m_firstOfCore;
-    QHash<osg::UInt32, osg::UInt32> m_lastUsers; ///< ids of nodes by those of materials
+    QHash<osg::UInt32, osg::NodeRefPtr> m_firstOfCore; ///< by the ids of cores
+    QHash<osg::UInt32, osg::NodeRefPtr> m_lastUsers; ///< by the ids of materials
     /// By the ids of switch materials and the names asked for; forgotten where one gets more.
     std::map<std::pair<osg::UInt32, QString>, osg::MaterialRefPtr> m_held;
     /// By ids: materials that are part of other ones; read when it is first asked for.

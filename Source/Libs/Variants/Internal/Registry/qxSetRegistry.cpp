@@ -1,21 +1,24 @@
+#include "Internal/Registry/qxSetRegistry.h"
+
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxFindCache.h"
 #include "qxVariantGroup.h"
+#include "qxVariantLists.h"
 #include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include "qxLog.h"
 #include "qxNodeUtils.h"
-#include "qxOSGWidget.h"
 #include "qxSceneLookup.h"
-#include "qxScenegraph.h"
 #include "qxText.h"
 
 #include <algorithm>
 #include <memory>
 
 namespace {
+
+auto &_variantSets = qxVariantLists::_variantSets;
+auto &_variantGroups = qxVariantLists::_variantGroups;
 
 template <class Named>
 Named *adopt(qxNamedList<Named> &list, std::unique_ptr<Named> object)
@@ -40,7 +43,7 @@ void discard(qxVariantGroup *group)
 
 void remove(qxVariantSet *set)
 {
-    qxVariants::_variantSets.take(set);
+    _variantSets.take(set);
     qxNotify::variantSetRemoved(set);
     discard(set);
 }
@@ -60,25 +63,13 @@ bool isEmptyGroup(const qxVariantGroup *group)
     return group->sets.empty();
 }
 
-/// Shows the target nodes with all that is below them, up to the first that the scene does not
-/// have.
-void showTargets(const qxVariantSet &set)
-{
-    for (const QString &name : set.targetNodeNames) {
-        const qxNodePtr node = qxScenegraph::findNode(name.toUtf8().constData());
-        if (node == osg::NullFC)
-            return;
-        qxScenegraph::showNodes(qxNodeUtils::getSubTreeNodes(node));
-    }
-}
-
 } // namespace
 
-qxVariantSet *qxVariants::createVariantSet(const QString &name, bool notify, qxVariantGroup *group)
+qxVariantSet *qxSetRegistry::createSet(const QString &name, bool notify, qxVariantGroup *group)
 {
     if (name.isEmpty())
         return nullptr;
-    if (findVariantSet(name)) {
+    if (_variantSets.find(name)) {
         qxLog::warning("A variant set with that name already exists.");
         return nullptr;
     }
@@ -91,21 +82,16 @@ qxVariantSet *qxVariants::createVariantSet(const QString &name, bool notify, qxV
     return _variantSets.contains(set) ? set : nullptr;
 }
 
-qxVariantSet *qxVariants::findVariantSet(const QString &name)
-{
-    return _variantSets.find(name);
-}
-
-bool qxVariants::removeVariantSet(const QString &name)
+bool qxSetRegistry::removeSet(const QString &name)
 {
     if (name.isEmpty())
         return false;
-    if (qxVariantSet *set = findVariantSet(name))
+    if (qxVariantSet *set = _variantSets.find(name))
         remove(set);
     return true;
 }
 
-void qxVariants::clearVariantSets()
+void qxSetRegistry::clearSets()
 {
     // Emptied as a whole: searching the groups for one set after the other takes quadratic time.
     for (qxVariantGroup *group : _variantGroups)
@@ -115,7 +101,7 @@ void qxVariants::clearVariantSets()
     qxNotify::variantSetChanged();
 }
 
-void qxVariants::clearEmptyVariantSets()
+void qxSetRegistry::clearEmptySets()
 {
     const qxNamedList<qxVariantSet>::Walk walk(_variantSets);
     for (qxVariantSet *set : _variantSets) {
@@ -124,13 +110,13 @@ void qxVariants::clearEmptyVariantSets()
     }
 }
 
-bool qxVariants::hasEmptyVariantSets()
+bool qxSetRegistry::hasEmptySets()
 {
     return std::any_of(_variantSets.begin(), _variantSets.end(),
                        [](qxVariantSet *set) { return set->isEmpty(); });
 }
 
-void qxVariants::optimizeVariantSets()
+void qxSetRegistry::optimizeSets()
 {
     const qxFindCache cache(!_variantSets.empty());
     const qxSceneLookup scene; // shared by all: gathering it goes through the whole scene
@@ -138,11 +124,11 @@ void qxVariants::optimizeVariantSets()
         set->optimize();
 }
 
-qxVariantGroup *qxVariants::createVariantGroup(const QString &name, bool notify, bool visible)
+qxVariantGroup *qxSetRegistry::createGroup(const QString &name, bool notify, bool visible)
 {
     if (name.isEmpty())
         return nullptr;
-    if (findVariantGroup(name)) {
+    if (_variantGroups.find(name)) {
         qxLog::warning("A variant group with that name already exists.");
         return nullptr;
     }
@@ -154,16 +140,11 @@ qxVariantGroup *qxVariants::createVariantGroup(const QString &name, bool notify,
     return _variantGroups.contains(group) ? group : nullptr;
 }
 
-qxVariantGroup *qxVariants::findVariantGroup(const QString &name)
-{
-    return _variantGroups.find(name);
-}
-
-bool qxVariants::removeVariantGroup(const QString &name)
+bool qxSetRegistry::removeGroup(const QString &name)
 {
     if (name.isEmpty())
         return false;
-    if (qxVariantGroup *group = findVariantGroup(name)) {
+    if (qxVariantGroup *group = _variantGroups.find(name)) {
         _variantGroups.take(group);
         qxNotify::variantGroupRemoved(group);
         discard(group);
@@ -171,52 +152,42 @@ bool qxVariants::removeVariantGroup(const QString &name)
     return true;
 }
 
-void qxVariants::clearVariantGroups()
+void qxSetRegistry::clearGroups()
 {
     for (qxVariantGroup *group : _variantGroups.takeAll())
         discard(group);
     qxNotify::variantGroupChanged();
 }
 
-void qxVariants::clearEmptyGroups()
+void qxSetRegistry::clearEmptyGroups()
 {
     const qxNamedList<qxVariantGroup>::Walk walk(_variantGroups);
     for (std::size_t place = _variantGroups.places(); place-- > 0;) {
         const qxVariantGroup *const group = _variantGroups.at(place);
         if (group && isEmptyGroup(group))
-            removeVariantGroup(group->name);
+            removeGroup(group->name);
     }
 }
 
-bool qxVariants::hasEmptyGroups()
+bool qxSetRegistry::hasEmptyGroups()
 {
     return std::any_of(_variantGroups.begin(), _variantGroups.end(), isEmptyGroup);
 }
 
-QString qxVariants::getUniqueVariantSetName(QString base)
+QString qxSetRegistry::uniqueSetName(const QString &base)
 {
     return uniqueName(base, _variantSets);
 }
 
-QString qxVariants::getUniqueVariantGroupName(QString base)
+QString qxSetRegistry::uniqueGroupName(const QString &base)
 {
     return uniqueName(base, _variantGroups);
 }
 
-void qxVariants::showConnectedVariants(QString setName)
+qxVariantGroup *qxSetRegistry::findOrCreateGroup(const QString &name)
 {
-    if (qxVariantSet *set = findVariantSet(setName))
-        set->showConnectedVariants();
-}
-
-void qxVariants::selectVariantSet(const char *name, bool flag)
-{
-    qxOSGWidget::cancelAntialiasing();
-    qxVariantSet *const set = findVariantSet(QString::fromUtf8(name));
-    if (!set)
-        return;
-    const qxOperation operation;
-    if (set->inclNodes)
-        showTargets(*set);
-    set->select(true, flag);
+    if (qxVariantGroup *known = _variantGroups.find(name))
+        return known;
+    const bool isOrdinary = name != QLatin1String("Render Queue");
+    return createGroup(uniqueGroupName(name), isOrdinary, isOrdinary);
 }
