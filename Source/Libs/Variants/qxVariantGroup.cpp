@@ -39,7 +39,7 @@ void qxVariantGroup::remove(qxVariantSet *set)
     const iterator place = find(set);
     if (place == sets.end())
         return;
-    unlink(set);
+    set->group = nullptr;
     sets.erase(place);
 }
 
@@ -47,12 +47,6 @@ void qxVariantGroup::link(qxVariantSet *set)
 {
     set->group = this;
     set->m_leaveGroup = [](qxVariantSet *leaving) { leaving->group->remove(leaving); };
-}
-
-void qxVariantGroup::unlink(qxVariantSet *set)
-{
-    set->group = nullptr;
-    set->m_leaveGroup = nullptr;
 }
 
 bool qxVariantGroup::contains(qxVariantSet *set) const
@@ -73,6 +67,6 @@ qxVariantGroup::const_iterator qxVariantGroup::find(qxVariantSet *set) const
 void qxVariantGroup::clear()
 {
     for (qxVariantSet *set : sets)
-        unlink(set);
+        set->group = nullptr;
     sets.clear();
 }

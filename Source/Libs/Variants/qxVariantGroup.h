@@ -45,5 +45,4 @@ public:
 
 private:
     void link(qxVariantSet *set);
-    static void unlink(qxVariantSet *set);
 };

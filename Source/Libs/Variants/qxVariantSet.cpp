@@ -47,7 +47,7 @@ qxVariantSet::qxVariantSet(const QString &setName)
 
 qxVariantSet::~qxVariantSet()
 {
-    if (m_leaveGroup)
+    if (group && m_leaveGroup)
         m_leaveGroup(this);
 }
 
@@ -131,61 +131,6 @@ void qxVariantSet::add(qxOverlayVariant *variant, const QString &state)
 void qxVariantSet::add(qxTransformVariant *variant, const QString &state)
 {
     addTo(transformVariants, variant, state);
-}
-
-void qxVariantSet::addNodeVariant(const QString &variantName, const QString &state)
-{
-    nodeVariants.add(variantName, state);
-}
-
-void qxVariantSet::addMaterialVariant(const QString &variantName, const QString &state)
-{
-    materialVariants.add(variantName, state);
-}
-
-void qxVariantSet::addLightVariant(const QString &variantName, const QString &state)
-{
-    lightVariants.add(variantName, state);
-}
-
-void qxVariantSet::addOverlayVariant(const QString &variantName, const QString &state)
-{
-    overlayVariants.add(variantName, state);
-}
-
-void qxVariantSet::addTransformVariant(const QString &variantName, const QString &state)
-{
-    transformVariants.add(variantName, state);
-}
-
-qxVariantState *qxVariantSet::findNodeVariant(const QString &variantName)
-{
-    return nodeVariants.find(variantName);
-}
-
-qxVariantState *qxVariantSet::findMaterialVariant(const QString &variantName)
-{
-    return materialVariants.find(variantName);
-}
-
-qxVariantState *qxVariantSet::findLightVariant(const QString &variantName)
-{
-    return lightVariants.find(variantName);
-}
-
-qxVariantState *qxVariantSet::findOverlayVariant(const QString &variantName)
-{
-    return overlayVariants.find(variantName);
-}
-
-qxVariantState *qxVariantSet::findTransformVariant(const QString &variantName)
-{
-    return transformVariants.find(variantName);
-}
-
-void qxVariantSet::removeTransformVariant(const QString &variantName)
-{
-    transformVariants.remove(variantName);
 }
 
 bool qxVariantSet::containsNodeVariant(std::string variantName)

@@ -34,25 +34,58 @@ public:
     void add(qxTransformVariant *variant, const QString &state);
 
     /// The same by name. The variant need not exist, and an empty state is kept as it is.
-    void addNodeVariant(const QString &variantName, const QString &state);
-    void addMaterialVariant(const QString &variantName, const QString &state);
-    void addLightVariant(const QString &variantName, const QString &state);
-    void addOverlayVariant(const QString &variantName, const QString &state);
-    void addTransformVariant(const QString &variantName, const QString &state);
+    void addNodeVariant(const QString &variantName, const QString &state)
+    {
+        nodeVariants.add(variantName, state);
+    }
+    void addMaterialVariant(const QString &variantName, const QString &state)
+    {
+        materialVariants.add(variantName, state);
+    }
+    void addLightVariant(const QString &variantName, const QString &state)
+    {
+        lightVariants.add(variantName, state);
+    }
+    void addOverlayVariant(const QString &variantName, const QString &state)
+    {
+        overlayVariants.add(variantName, state);
+    }
+    void addTransformVariant(const QString &variantName, const QString &state)
+    {
+        transformVariants.add(variantName, state);
+    }
 
     /// The entry of that variant, to read or to edit, or null. It is valid until it is removed.
-    qxVariantState *findNodeVariant(const QString &variantName);
-    qxVariantState *findMaterialVariant(const QString &variantName);
-    qxVariantState *findLightVariant(const QString &variantName);
-    qxVariantState *findOverlayVariant(const QString &variantName);
-    qxVariantState *findTransformVariant(const QString &variantName);
+    qxVariantState *findNodeVariant(const QString &variantName)
+    {
+        return nodeVariants.find(variantName);
+    }
+    qxVariantState *findMaterialVariant(const QString &variantName)
+    {
+        return materialVariants.find(variantName);
+    }
+    qxVariantState *findLightVariant(const QString &variantName)
+    {
+        return lightVariants.find(variantName);
+    }
+    qxVariantState *findOverlayVariant(const QString &variantName)
+    {
+        return overlayVariants.find(variantName);
+    }
+    qxVariantState *findTransformVariant(const QString &variantName)
+    {
+        return transformVariants.find(variantName);
+    }
 
     /// Drops the entry of that variant, if any.
     void removeNodeVariant(const QString &variantName) { nodeVariants.remove(variantName); }
     void removeMaterialVariant(const QString &variantName) { materialVariants.remove(variantName); }
     void removeLightVariant(const QString &variantName) { lightVariants.remove(variantName); }
     void removeOverlayVariant(const QString &variantName) { overlayVariants.remove(variantName); }
-    void removeTransformVariant(const QString &variantName);
+    void removeTransformVariant(const QString &variantName)
+    {
+        transformVariants.remove(variantName);
+    }
 
     /// Names are added once; removing an absent one does nothing.
     void addGeometry(const QString &nodeName) { geometries.add(nodeName); }

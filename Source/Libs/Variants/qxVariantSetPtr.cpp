@@ -194,12 +194,8 @@ void qxVariantSetPtr::addClippingPlane(const osg::Pnt3f &position, const osg::Ve
 {
     if (!m_set)
         return;
-    m_set->setClippingPlanePositionX(position[0]);
-    m_set->setClippingPlanePositionY(position[1]);
-    m_set->setClippingPlanePositionZ(position[2]);
-    m_set->setClippingPlaneNormalX(normal[0]);
-    m_set->setClippingPlaneNormalY(normal[1]);
-    m_set->setClippingPlaneNormalZ(normal[2]);
+    m_set->analyzer.clipPlanePosition = position;
+    m_set->analyzer.clipPlaneNormal = normal;
     m_set->setClippingInvert(invertDirection);
     m_set->setClippingHideScene(hideScene);
     m_set->setClippingShowPlane(showClippingPlane);

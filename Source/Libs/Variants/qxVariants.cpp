@@ -185,11 +185,6 @@ qxVariantSet *qxVariants::createVariantSet(const QString &name, bool notify, qxV
     return qxSetRegistry::createSet(name, notify, group);
 }
 
-qxVariantSet *qxVariants::findVariantSet(const QString &name)
-{
-    return _variantSets.find(name);
-}
-
 bool qxVariants::removeVariantSet(const QString &name)
 {
     return qxSetRegistry::removeSet(name);
@@ -218,11 +213,6 @@ void qxVariants::optimizeVariantSets()
 qxVariantGroup *qxVariants::createVariantGroup(const QString &name, bool notify, bool visible)
 {
     return qxSetRegistry::createGroup(name, notify, visible);
-}
-
-qxVariantGroup *qxVariants::findVariantGroup(const QString &name)
-{
-    return _variantGroups.find(name);
 }
 
 qxVariantGroup *qxVariants::findOrCreateVariantGroup(const QString &name)

@@ -67,7 +67,7 @@ public:
     /// A new set, added to `group` unless that is null. A name that is taken is refused with a
     /// warning and null.
     static qxVariantSet *createVariantSet(const QString &name, bool notify, qxVariantGroup *group);
-    static qxVariantSet *findVariantSet(const QString &name);
+    static qxVariantSet *findVariantSet(const QString &name) { return _variantSets.find(name); }
     /// Deletes the set and announces it; an unknown name is silent. False only for an empty name.
     static bool removeVariantSet(const QString &name);
     static void clearVariantSets();
@@ -79,7 +79,10 @@ public:
 
     /// A new group. A name that is taken is refused with a warning and null.
     static qxVariantGroup *createVariantGroup(const QString &name, bool notify, bool visible);
-    static qxVariantGroup *findVariantGroup(const QString &name);
+    static qxVariantGroup *findVariantGroup(const QString &name)
+    {
+        return _variantGroups.find(name);
+    }
     /// The group of that name; a new one when there is none. A new "Render Queue" is hidden and not
     /// announced.
     static qxVariantGroup *findOrCreateVariantGroup(const QString &name);

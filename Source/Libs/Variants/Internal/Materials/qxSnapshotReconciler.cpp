@@ -22,6 +22,7 @@ namespace {
 using qxNames::nameOf;
 using qxSwitchMaterials::chosen;
 using qxSwitchMaterials::switchOf;
+using qxSwitchMaterials::usersOf;
 
 /// Sets record materials by name, so those that they see get one: the material and, when it is a
 /// switch material, what it shows.
@@ -48,13 +49,6 @@ void addOnce(std::vector<osg::MaterialPtr> &materials, const osg::MaterialPtr &m
     if (material != osg::NullFC
         && std::find(materials.begin(), materials.end(), material) == materials.end())
         materials.push_back(material);
-}
-
-std::vector<qxNodePtr> usersOf(const osg::MaterialPtr &material)
-{
-    std::vector<qxNodePtr> nodes;
-    qxMaterials::getNodesWithMaterial(nodes, material);
-    return nodes;
 }
 
 /// What a switch or multi-pass material is made of.

@@ -36,6 +36,13 @@ osg::MaterialPtr findMaterial(const QString &name)
     return qxMaterials::findMaterial(qxText::toUtf8(name).c_str());
 }
 
+std::vector<qxNodePtr> usersOf(const osg::MaterialPtr &material)
+{
+    std::vector<qxNodePtr> nodes;
+    qxMaterials::getNodesWithMaterial(nodes, material);
+    return nodes;
+}
+
 osg::SwitchMaterialPtr switchOf(const osg::MaterialPtr &material)
 {
     return osg::SwitchMaterialPtr::dcast(material);

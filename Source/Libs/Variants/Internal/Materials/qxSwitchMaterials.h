@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qxNodePtr.h"
+
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <QString>
@@ -12,6 +14,9 @@ namespace qxSwitchMaterials {
 
 /// The first material of that name, or null.
 osg::MaterialPtr findMaterial(const QString &name);
+
+/// The nodes of the scene that have the material.
+std::vector<qxNodePtr> usersOf(const osg::MaterialPtr &material);
 
 /// The same material when it is a switch material, else null.
 osg::SwitchMaterialPtr switchOf(const osg::MaterialPtr &material);

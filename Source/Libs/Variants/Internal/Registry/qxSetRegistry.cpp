@@ -20,9 +20,15 @@ namespace {
 auto &_variantSets = qxVariantLists::_variantSets;
 auto &_variantGroups = qxVariantLists::_variantGroups;
 
+/// A new object of that name; null with a warning when the name is taken.
 template <class Named>
-Named *adopt(qxNamedList<Named> &list, std::unique_ptr<Named> object)
+Named *add(qxNamedList<Named> &list, const QString &name, const char *isTaken)
 {
+    if (list.find(name)) {
+        qxLog::warning("%s", isTaken);
+        return nullptr;
+    }
+    auto object = std::make_unique<Named>(name);
     list.append(object.get());
     return object.release();
 }
@@ -69,12 +75,10 @@ qxVariantSet *qxSetRegistry::createSet(const QString &name, bool notify, qxVaria
 {
     if (name.isEmpty())
         return nullptr;
-    if (_variantSets.find(name)) {
-        qxLog::warning("A variant set with that name already exists.");
-        return nullptr;
-    }
     const qxOperation operation;
-    qxVariantSet *const set = adopt(_variantSets, std::make_unique<qxVariantSet>(name));
+    auto *const set = add(_variantSets, name, "A variant set with that name already exists.");
+    if (!set)
+        return nullptr;
     if (group)
         group->append(set);
     if (notify)
@@ -128,12 +132,10 @@ qxVariantGroup *qxSetRegistry::createGroup(const QString &name, bool notify, boo
 {
     if (name.isEmpty())
         return nullptr;
-    if (_variantGroups.find(name)) {
-        qxLog::warning("A variant group with that name already exists.");
-        return nullptr;
-    }
     const qxOperation operation;
-    qxVariantGroup *const group = adopt(_variantGroups, std::make_unique<qxVariantGroup>(name));
+    auto *const group = add(_variantGroups, name, "A variant group with that name already exists.");
+    if (!group)
+        return nullptr;
     group->visible = visible;
     if (notify)
         qxNotify::variantGroupAdded(group);
