@@ -3,7 +3,7 @@
 #include "qxVariantVerifier.h"
 #include "qxVariants.h"
 
-#include "Commands/qxCommand.h"
+#include "Commands/qxCommandTable.h"
 #include "qxBenchScene.h"
 #include "qxLinter.h"
 

@@ -1,9 +1,9 @@
 #include "qxPlainRegistry.h"
 
+#include "qxVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantSet.h"
 #include "qxVariants.h"
-
-#include "Variants/qxKindAccess.h"
 
 #include <tuple>
 
@@ -28,7 +28,7 @@ auto fieldsOf(const qxPlainGroup &group)
 qxPlainVariant plain(int kind, qxVariant &variant)
 {
     qxPlainVariant made{
-        variant.name, qxKindAccess::of(kind).sceneName(variant), variant.defaultState, {}};
+        variant.name, variant.*qxPlainKind(kind).sceneName, variant.defaultState, {}};
     for (const qxVariantOption &option : variant.options)
         made.options << option.name + '\t' + option.shortcut;
     return made;
@@ -39,8 +39,8 @@ qxPlainSet plain(const qxVariantSet &set)
     qxPlainSet made{set.name,  set.comment,           set.hotkey,
                     {},        set.viewpoints.list(), set.animations.list(),
                     set.values};
-    for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
-        for (const qxVariantState &each : set.*qxKindAccess::of(kind).states)
+    for (int kind = 0; kind < qxPlainKinds; ++kind) {
+        for (const qxVariantState &each : set.*qxPlainKind(kind).states)
             made.references[std::size_t(kind)].emplace_back(each.variant, each.state);
     }
     return made;
@@ -99,8 +99,8 @@ bool qxPlainRegistry::operator==(const qxPlainRegistry &other) const
 qxPlainRegistry qxPlainRegistry::ofModule()
 {
     qxPlainRegistry made;
-    for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
-        qxKindAccess::of(kind).visit([&](qxVariant &variant) {
+    for (int kind = 0; kind < qxPlainKinds; ++kind) {
+        qxPlainKind(kind).visit([&](qxVariant &variant) {
             made.variants[std::size_t(kind)].push_back(plain(kind, variant));
         });
     }

@@ -1,11 +1,20 @@
 #pragma once
 
+#include "qxVariantKinds.h"
+
 #include <QMap>
 #include <QPair>
 #include <QStringList>
 
 #include <array>
 #include <vector>
+
+/// The kinds that the model knows, by their numbers.
+enum { qxPlainKinds = 5 };
+inline const qxVariantKind &qxPlainKind(int kind)
+{
+    return *qxVariantKinds::all()[std::size_t(kind)];
+}
 
 /// A variant as plain data. Options are names with their shortcuts behind a tab.
 struct qxPlainVariant {
@@ -24,7 +33,7 @@ struct qxPlainSet {
     QString name;
     QString comment;
     QString hotkey;
-    std::array<std::vector<Reference>, 5> references;
+    std::array<std::vector<Reference>, qxPlainKinds> references;
     QStringList viewpoints;
     QStringList animations;
     QMap<QString, QString> values;
@@ -44,7 +53,7 @@ struct qxPlainGroup {
 
 /// What the registry should hold: a model without its look-ups, announcements and pointers.
 struct qxPlainRegistry {
-    std::array<std::vector<qxPlainVariant>, 5> variants;
+    std::array<std::vector<qxPlainVariant>, qxPlainKinds> variants;
     std::vector<qxPlainSet> sets;
     std::vector<qxPlainGroup> groups;
 

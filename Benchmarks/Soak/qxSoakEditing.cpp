@@ -6,10 +6,10 @@
 #include "qxOverlayVariant.h"
 #include "qxTransformVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantSet.h"
 #include "qxVariantSetPtr.h"
 #include "qxVariants.h"
 
-#include "Variants/qxKindAccess.h"
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"
@@ -73,7 +73,7 @@ bool isNothing(const qxPlainSet &set)
 /// One of the model's variants, of a kind that it answers; null when the kind has none.
 qxPlainVariant *qxSoakSteps::anyVariant(int &kind)
 {
-    kind = int(m_choice(qxKindAccess::Count));
+    kind = int(m_choice(qxPlainKinds));
     auto &all = m_model.variants[std::size_t(kind)];
     return all.empty() ? nullptr : &all[m_choice(unsigned(all.size()))];
 }
@@ -104,8 +104,8 @@ void qxSoakSteps::createNamedVariant()
     auto &all = m_model.variants[std::size_t(driven.kind)];
     if (name.isEmpty() || qxPlainFind(all, name) != all.end())
         return; // callers never pass an empty one
-    qxVariant *const made = qxKindAccess::of(driven.kind).create(name);
-    qxKindAccess::of(driven.kind).sceneName(*made) = driven.name;
+    qxVariant *const made = qxPlainKind(driven.kind).create(name, false);
+    made->*qxPlainKind(driven.kind).sceneName = driven.name;
     all.push_back({name, driven.name, QString(), {}});
 }
 
@@ -114,7 +114,7 @@ void qxSoakSteps::removeVariant()
     int kind = 0;
     const qxPlainVariant *const variant = anyVariant(kind);
     const QString name = variant && m_choice(4) > 0 ? variant->name : text();
-    qxKindAccess::of(kind).remove(name);
+    qxPlainKind(kind).remove(name);
     auto &all = m_model.variants[std::size_t(kind)];
     const auto found = qxPlainFind(all, name);
     if (found != all.end())
@@ -129,7 +129,7 @@ void qxSoakSteps::renameVariant()
     auto &all = m_model.variants[std::size_t(kind)];
     if (!variant || name.isEmpty() || qxPlainFind(all, name) != all.end())
         return;
-    qxKindAccess::of(kind).find(variant->name)->name = name;
+    qxPlainKind(kind).find(variant->name)->name = name;
     variant->name = name;
 }
 
@@ -139,7 +139,7 @@ void qxSoakSteps::editVariant()
     qxPlainVariant *const variant = anyVariant(kind);
     if (!variant)
         return;
-    qxVariant *const real = qxKindAccess::of(kind).find(variant->name);
+    qxVariant *const real = qxPlainKind(kind).find(variant->name);
     const QString option = m_choice(2) == 0 ? text() : object().states.front();
     const auto known =
         std::find_if(variant->options.begin(), variant->options.end(),
@@ -167,7 +167,7 @@ void qxSoakSteps::clearKind()
         &qxVariants::clearNodeVariants, &qxVariants::clearMaterialVariants,
         &qxVariants::clearLightVariants, &qxVariants::clearOverlayVariants,
         &qxVariants::clearTransformVariants};
-    const unsigned kind = m_choice(qxKindAccess::Count);
+    const unsigned kind = m_choice(qxPlainKinds);
     clears[kind]();
     m_model.variants[kind].clear();
 }
@@ -238,7 +238,7 @@ void qxSoakSteps::addReference()
 void qxSoakSteps::removeReference()
 {
     const auto set = qxPlainFind(m_model.sets, nameIn(m_model.sets));
-    const unsigned kind = m_choice(qxKindAccess::Count);
+    const unsigned kind = m_choice(qxPlainKinds);
     const unsigned place = m_choice(8);
     if (set == m_model.sets.end() || place >= set->references[kind].size())
         return;

@@ -7,7 +7,6 @@
 #include "qxVariants.h"
 
 #include "Undo/qxCaptureRecord.h"
-#include "Variants/qxKindAccess.h"
 #include "qxMessage.h"
 #include "qxScenegraph.h"
 #include "qxSoakSteps.h"
@@ -26,7 +25,7 @@ void capture(qxVariantSet &set)
 bool isPartOf(const qxPlainRegistry &less, const qxPlainRegistry &all)
 {
     for (std::size_t i = 0; i < less.sets.size(); ++i) {
-        for (std::size_t kind = 0; kind < qxKindAccess::Count; ++kind) {
+        for (std::size_t kind = 0; kind < qxPlainKinds; ++kind) {
             const auto &before = all.sets[i].references[kind];
             auto place = before.begin();
             for (const auto &each : less.sets[i].references[kind]) {
@@ -83,7 +82,7 @@ void qxSoakSteps::selectState()
     for (const qxPlainVariant &variant : all) {
         if (variant.base != driven.name)
             continue;
-        qxKindAccess::of(driven.kind).find(variant.name)->onSelect(state);
+        qxPlainKind(driven.kind).find(variant.name)->onSelect(state);
         return apply(driven.kind, variant.name, state);
     }
 }
@@ -94,7 +93,7 @@ void qxSoakSteps::selectSet()
         return;
     const qxPlainSet &set = m_model.sets[m_choice(unsigned(m_model.sets.size()))];
     qxVariants::selectVariantSet(set.name.toUtf8().constData(), m_choice(2) == 0);
-    for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
+    for (int kind = 0; kind < qxPlainKinds; ++kind) {
         for (const qxPlainSet::Reference &each : set.references[std::size_t(kind)])
             apply(kind, each.first, each.second);
     }

@@ -7,7 +7,6 @@
 #include "qxVariant.h"
 #include "qxVariants.h"
 
-#include "Variants/qxKindAccess.h"
 #include "qxHost.h"
 #include "qxMessage.h"
 #include "qxOverlays.h"
@@ -114,7 +113,7 @@ QString qxSoakSteps::checkShown() const
         for (const qxPlainVariant &variant : m_model.variants[std::size_t(each.kind)]) {
             if (variant.base != each.name)
                 continue;
-            const qxVariant *const real = qxKindAccess::of(each.kind).find(variant.name);
+            const qxVariant *const real = qxPlainKind(each.kind).find(variant.name);
             const QString shown = real ? real->onCurrent() : QStringLiteral("(not found)");
             if (shown != each.states.value(each.shown))
                 return QStringLiteral("\"%1\" should show \"%2\", but shows \"%3\"")
@@ -158,11 +157,11 @@ void qxSoakSteps::startAgain()
     m_objects.clear();
     m_model = qxPlainRegistry();
     createAll();
-    for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
-        qxKindAccess::of(kind).visit([&](qxVariant &variant) {
+    for (int kind = 0; kind < qxPlainKinds; ++kind) {
+        qxPlainKind(kind).visit([&](qxVariant &variant) {
             const QStringList states = statesOf(kind, variant);
             if (!states.isEmpty())
-                m_objects.push_back({kind, qxKindAccess::of(kind).sceneName(variant), states,
+                m_objects.push_back({kind, variant.*qxPlainKind(kind).sceneName, states,
                                      states.indexOf(variant.onCurrent())});
         });
     }

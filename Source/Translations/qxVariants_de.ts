@@ -80,11 +80,11 @@
     </message>
     <message>
         <source>not a glTF 2.0 scene: &quot;asset&quot; states no version</source>
-        <translation>keine Szene in glTF 2.0: „asset“ nennt keine Version</translation>
+        <translation>keine glTF-2.0-Szene: „asset“ nennt keine Version</translation>
     </message>
     <message>
         <source>made for glTF version %1, only 2.0 can be read</source>
-        <translation>für glTF Version %1 gemacht, nur 2.0 ist lesbar</translation>
+        <translation>für glTF-Version %1 erstellt, nur 2.0 kann gelesen werden</translation>
     </message>
     <message>
         <source>&quot;extensionsRequired&quot; holds something that is no text</source>
@@ -92,7 +92,7 @@
     </message>
     <message>
         <source>requires what is not supported: %1</source>
-        <translation>verlangt, was nicht unterstützt wird: %1</translation>
+        <translation>verlangt nicht unterstützte Erweiterungen: %1</translation>
     </message>
     <message>
         <source>%1 is no object</source>
@@ -180,7 +180,7 @@
     </message>
     <message>
         <source>%1 has two parents, node %2 and node %3</source>
-        <translation>%1 hat zwei Eltern, Knoten %2 und Knoten %3</translation>
+        <translation>%1 hat zwei übergeordnete Knoten, %2 und %3</translation>
     </message>
     <message>
         <source>%1 is its own ancestor</source>
@@ -204,7 +204,7 @@
     </message>
     <message>
         <source>%1 cannot be written: scene files have no form for a %2</source>
-        <translation>%1 kann nicht geschrieben werden: Szenendateien haben keine Form für %2</translation>
+        <translation>%1 kann nicht gespeichert werden: In Szenendateien lässt sich %2 nicht ausdrücken</translation>
     </message>
     <message>
         <source>an object has more than %1 members</source>
@@ -224,7 +224,7 @@
     </message>
     <message>
         <source>the file ends within the header of its %1 chunk</source>
-        <translation>die Datei endet im Kopf ihres %1-Abschnitts</translation>
+        <translation>die Datei endet mitten im Kopf des %1-Abschnitts</translation>
     </message>
     <message>
         <source>the %1 chunk is cut off: %2 bytes announced, %3 there</source>
@@ -236,7 +236,7 @@
     </message>
     <message>
         <source>the file ends within its header</source>
-        <translation>die Datei endet in ihrem Kopf</translation>
+        <translation>die Datei endet mitten im Dateikopf</translation>
     </message>
     <message>
         <source>container version %1 instead of 2</source>
@@ -244,7 +244,7 @@
     </message>
     <message>
         <source>the header says %1 bytes, the file has %2</source>
-        <translation>der Kopf nennt %1 Bytes, die Datei hat %2</translation>
+        <translation>laut Dateikopf sind es %1 Bytes, die Datei hat %2</translation>
     </message>
     <message>
         <source>the file does not exist</source>
@@ -252,7 +252,7 @@
     </message>
     <message>
         <source>it is not a file</source>
-        <translation>das ist keine Datei</translation>
+        <translation>es ist keine Datei</translation>
     </message>
     <message>
         <source>the file cannot be opened: %1</source>
@@ -308,7 +308,7 @@
     </message>
     <message>
         <source>%1 is left out: %2</source>
-        <translation>%1 bleibt weg: %2</translation>
+        <translation>%1 wird weggelassen: %2</translation>
     </message>
     <message>
         <source>accessor</source>
@@ -377,7 +377,7 @@
     </message>
     <message>
         <source>material &quot;%1&quot; cannot be written: scene files get no new %2</source>
-        <translation>Material „%1“ kann nicht geschrieben werden: Szenendateien bekommen kein neues %2</translation>
+        <translation>Material „%1“ kann nicht gespeichert werden: Szenendateien können kein neues %2 aufnehmen</translation>
     </message>
     <message>
         <source>%1 has the wrong number of components</source>
@@ -385,7 +385,7 @@
     </message>
     <message>
         <source>%1 is not there for every vertex</source>
-        <translation>%1 gibt es nicht für jeden Eckpunkt</translation>
+        <translation>%1 fehlt bei manchen Eckpunkten</translation>
     </message>
     <message>
         <source>%1 holds something that is no finite number</source>
@@ -397,7 +397,7 @@
     </message>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation>%1 kann nicht geschrieben werden: %2</translation>
+        <translation>%1 kann nicht gespeichert werden: %2</translation>
     </message>
     <message>
         <source>a child of a switch cannot be an overlay</source>
@@ -441,7 +441,7 @@
     </message>
     <message>
         <source>a .gltf has no place for the further chunks of the .glb</source>
-        <translation>eine .gltf hat keinen Platz für die weiteren Abschnitte der .glb</translation>
+        <translation>eine .gltf-Datei kann die weiteren Abschnitte der .glb-Datei nicht aufnehmen</translation>
     </message>
     <message>
         <source>%1 is not copied: %2</source>
@@ -469,11 +469,11 @@
     </message>
     <message>
         <source>its data URI is not in base64</source>
-        <translation>die Daten-URI ist nicht in Base64</translation>
+        <translation>die Daten-URI ist nicht Base64-kodiert</translation>
     </message>
     <message>
         <source>the base64 of its data URI is damaged</source>
-        <translation>das Base64 der Daten-URI ist beschädigt</translation>
+        <translation>die Base64-Daten der URI sind beschädigt</translation>
     </message>
     <message>
         <source>&quot;%1&quot; leads out of the folder of the scene file</source>
@@ -489,7 +489,7 @@
     </message>
     <message>
         <source>nothing may be written to it</source>
-        <translation>es darf nicht geschrieben werden</translation>
+        <translation>die Schreibberechtigung fehlt</translation>
     </message>
     <message>
         <source>it is a folder</source>
@@ -497,35 +497,35 @@
     </message>
     <message>
         <source>its folder does not exist</source>
-        <translation>den Ordner gibt es nicht</translation>
+        <translation>der Ordner existiert nicht</translation>
     </message>
     <message>
         <source>nothing may be written to its folder</source>
-        <translation>in den Ordner darf nicht geschrieben werden</translation>
+        <translation>die Schreibberechtigung für den Ordner fehlt</translation>
     </message>
     <message>
         <source>not all of the file&apos;s owner, group, rights and attributes could be kept</source>
-        <translation>Eigentümer, Gruppe, Rechte und Attribute der Datei konnten nicht alle behalten werden</translation>
+        <translation>Eigentümer, Gruppe, Rechte und Attribute der Datei konnten nicht vollständig erhalten werden</translation>
     </message>
     <message>
         <source>it is written, but may not be on the disk: %1</source>
-        <translation>sie ist geschrieben, steht aber vielleicht nicht auf der Platte: %1</translation>
+        <translation>die Datei ist geschrieben, liegt aber vielleicht noch nicht auf dem Datenträger: %1</translation>
     </message>
     <message>
         <source>%1; the file is as it was</source>
-        <translation>%1; die Datei ist, wie sie war</translation>
+        <translation>%1; die Datei ist unverändert</translation>
     </message>
     <message>
         <source>%1; the file may be half written, its new content is whole in %2</source>
-        <translation>%1; die Datei ist vielleicht nur halb geschrieben, ihr neuer Inhalt steht vollständig in %2</translation>
+        <translation>%1; die Datei ist vielleicht nur halb geschrieben, ihr vollständiger neuer Inhalt steht in %2</translation>
     </message>
     <message>
         <source>the file has several hard links and was written in place, where an interruption would have left it half written</source>
-        <translation>die Datei hat mehrere harte Links und wurde an Ort und Stelle geschrieben, wo eine Unterbrechung sie halb geschrieben hinterlassen hätte</translation>
+        <translation>die Datei hat mehrere harte Links und wurde deshalb direkt überschrieben; eine Unterbrechung hätte sie halb geschrieben hinterlassen</translation>
     </message>
     <message>
         <source>buffers whose files have changed on the disk stand in the scene file now, as they were loaded</source>
-        <translation>Puffer, deren Dateien sich auf der Platte geändert haben, stehen jetzt in der Szenendatei, wie sie geladen wurden</translation>
+        <translation>Puffer, deren Dateien sich auf dem Datenträger geändert haben, wurden so, wie sie geladen waren, in die Szenendatei übernommen</translation>
     </message>
     <message>
         <source>buffer %1 has no data</source>
@@ -557,7 +557,7 @@
     </message>
     <message>
         <source>%1 of memory are needed, %2 of %3 are left (--memory-limit)</source>
-        <translation>%1 Speicher werden gebraucht, %2 von %3 sind übrig (--memory-limit)</translation>
+        <translation>%1 Speicher werden benötigt, %2 von %3 sind frei (--memory-limit)</translation>
     </message>
     <message>
         <source>its JSON</source>
@@ -573,7 +573,7 @@
     </message>
     <message>
         <source>there is no switch %1 to share</source>
-        <translation>es gibt keinen Schalter %1 zu teilen</translation>
+        <translation>den Schalter %1, den der Knoten teilen soll, gibt es nicht</translation>
     </message>
     <message>
         <source>it is a file that the scene uses</source>
@@ -706,11 +706,11 @@
     </message>
     <message>
         <source>%1 is broken in line %2</source>
-        <translation>%1 ist in Zeile %2 unlesbar</translation>
+        <translation>%1 ist in Zeile %2 beschädigt</translation>
     </message>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation>%1 kann nicht geschrieben werden: %2</translation>
+        <translation>%1 kann nicht gespeichert werden: %2</translation>
     </message>
     <message>
         <source>its folder is missing</source>
@@ -737,15 +737,15 @@
     <name>qxScriptsDialog</name>
     <message>
         <source>trusted</source>
-        <translation>vertraut</translation>
+        <translation>vertrauenswürdig</translation>
     </message>
     <message>
         <source>never run</source>
-        <translation>läuft nie</translation>
+        <translation>wird nie ausgeführt</translation>
     </message>
     <message>
         <source>not run</source>
-        <translation>läuft nicht</translation>
+        <translation>wird nicht ausgeführt</translation>
     </message>
     <message>
         <source>Scripts of &quot;%1&quot;</source>
@@ -753,7 +753,7 @@
     </message>
     <message>
         <source>This file brings along scripts, which run when their sets are selected. A script can do all that you can: read, change and delete your files. Trust these only if you know where they come from. Until then the sets are selected without them.</source>
-        <translation>Diese Datei bringt Skripte mit, die laufen, wenn ihre Sets ausgewählt werden. Ein Skript kann alles, was Sie können: Ihre Dateien lesen, ändern und löschen. Vertrauen Sie diesen nur, wenn Sie wissen, woher sie kommen. Bis dahin werden die Sets ohne sie ausgewählt.</translation>
+        <translation>Diese Datei enthält Skripte, die ausgeführt werden, wenn ihre Sets ausgewählt werden. Ein Skript darf alles, was Sie dürfen: Ihre Dateien lesen, ändern und löschen. Vertrauen Sie diesen Skripten nur, wenn Sie wissen, woher sie stammen. Bis dahin werden die Sets ohne Skripte ausgewählt.</translation>
     </message>
     <message>
         <source>&amp;Trust</source>
@@ -802,11 +802,11 @@
     </message>
     <message>
         <source>the variants document cannot be read: %1</source>
-        <translation>das Variantendokument ist nicht lesbar: %1</translation>
+        <translation>das Variantendokument kann nicht gelesen werden: %1</translation>
     </message>
     <message>
         <source>the variants document cannot be read</source>
-        <translation>das Variantendokument ist nicht lesbar</translation>
+        <translation>das Variantendokument kann nicht gelesen werden</translation>
     </message>
 </context>
 <context>
@@ -1017,23 +1017,23 @@
     <name>qxSetHotkeys</name>
     <message>
         <source>&quot;%1&quot; has this key, too; this set comes first.</source>
-        <translation>„%1“ hat diese Taste auch; dieses Set geht vor.</translation>
+        <translation>„%1“ hat dieselbe Taste; dieses Set hat Vorrang.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has this key, too, and comes first.</source>
-        <translation>„%1“ hat diese Taste auch und geht vor.</translation>
+        <translation>„%1“ hat dieselbe Taste und hat Vorrang.</translation>
     </message>
     <message>
         <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too; this set comes first.</source>
-        <translation>Die Option „%1“ von „%2“ hat diese Taste auch; dieses Set geht vor.</translation>
+        <translation>Die Option „%1“ von „%2“ hat dieselbe Taste; dieses Set hat Vorrang.</translation>
     </message>
     <message>
         <source>The key is taken by &quot;%1&quot; and does not select this set.</source>
-        <translation>Die Taste gehört „%1“ und wählt dieses Set nicht aus.</translation>
+        <translation>Die Taste wird von „%1“ verwendet und wählt dieses Set nicht aus.</translation>
     </message>
 </context>
 <context>
-    <name>qxSetPreviews</name>
+    <name>qxPreviewDialog</name>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
@@ -1062,22 +1062,22 @@
     </message>
     <message>
         <source>The scene shows it now.</source>
-        <translation>Die Szene zeigt es gerade.</translation>
+        <translation>Die Szene zeigt dieses Set gerade.</translation>
     </message>
     <message>
         <source>It is empty: selecting it changes nothing.</source>
-        <translation>Es ist leer: Es zu wählen ändert nichts.</translation>
+        <translation>Das Set ist leer: Die Auswahl ändert nichts.</translation>
     </message>
     <message>
         <source>Nothing of what it refers to is in the scene.</source>
-        <translation>Nichts, worauf es verweist, ist in der Szene.</translation>
+        <translation>Nichts, worauf das Set verweist, ist in der Szene vorhanden.</translation>
     </message>
 </context>
 <context>
     <name>qxSetsView</name>
     <message>
         <source>No sets yet: &quot;Capture...&quot; makes one of what the scene shows.</source>
-        <translation>Noch keine Sets: „Erfassen …“ macht eines aus dem, was die Szene zeigt.</translation>
+        <translation>Noch keine Sets: „Erfassen …“ erstellt eines aus dem gezeigten Zustand der Szene.</translation>
     </message>
     <message>
         <source>Nothing has &quot;%1&quot; in it.</source>
@@ -1257,16 +1257,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
-</context>
-<context>
-    <name>qxVariantsDock</name>
-    <message>
-        <source>Variants</source>
-        <translation>Varianten</translation>
-    </message>
-</context>
-<context>
-    <name>qxVariantsModel</name>
     <message>
         <source>Nodes</source>
         <translation>Knoten</translation>
@@ -1287,6 +1277,16 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <source>Transforms</source>
         <translation>Transformationen</translation>
     </message>
+</context>
+<context>
+    <name>qxVariantsDock</name>
+    <message>
+        <source>Variants</source>
+        <translation>Varianten</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantsModel</name>
     <message>
         <source>Variant</source>
         <translation>Variante</translation>
@@ -1514,11 +1514,11 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
     </message>
     <message>
         <source>&quot;%1&quot; has changed on the disk since it was opened.</source>
-        <translation>„%1“ hat sich auf der Platte geändert, seit die Datei geöffnet wurde.</translation>
+        <translation>„%1“ wurde auf dem Datenträger geändert, seit die Datei geöffnet wurde.</translation>
     </message>
     <message>
         <source>Another program has written the file, or one with its buffers. Overwriting it loses what is new there.</source>
-        <translation>Ein anderes Programm hat die Datei geschrieben, oder eine mit ihren Puffern. Wer sie überschreibt, verliert, was dort neu ist.</translation>
+        <translation>Ein anderes Programm hat die Datei oder eine ihrer Pufferdateien geändert. Beim Überschreiben gehen diese Änderungen verloren.</translation>
     </message>
     <message>
         <source>Overwrite</source>
@@ -1534,7 +1534,7 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
     </message>
     <message>
         <source>Scripts of this file are not run. &quot;File &gt; Scripts of This File&quot; shows them.</source>
-        <translation>Skripte dieser Datei laufen nicht. „Datei &gt; Skripte dieser Datei“ zeigt sie.</translation>
+        <translation>Skripte dieser Datei werden nicht ausgeführt. „Datei &gt; Skripte dieser Datei“ zeigt sie.</translation>
     </message>
     <message>
         <source>Scripts of This File</source>
@@ -1542,15 +1542,15 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
     </message>
     <message>
         <source>No set has a script that came with a file.</source>
-        <translation>Kein Set hat ein Skript, das mit einer Datei kam.</translation>
+        <translation>Kein Set hat ein Skript, das aus einer Datei stammt.</translation>
     </message>
     <message>
         <source>The decision holds for now, but cannot be remembered.</source>
-        <translation>Die Entscheidung gilt, kann aber nicht gemerkt werden.</translation>
+        <translation>Die Entscheidung gilt vorerst, kann aber nicht gespeichert werden.</translation>
     </message>
     <message>
         <source>The script of &quot;%1&quot; was left out, as it is not trusted.</source>
-        <translation>Das Skript von „%1“ lief nicht, denn ihm wird nicht vertraut.</translation>
+        <translation>Das Skript von „%1“ wurde nicht ausgeführt, weil ihm nicht vertraut wird.</translation>
     </message>
 </context>
 </TS>

@@ -1,5 +1,6 @@
 #include "FuzzHost.h"
 
+#include "qxVariantKinds.h"
 #include "qxVariantReader.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
@@ -7,7 +8,6 @@
 #include "Files/qxSceneFile.h"
 #include "Script/qxScriptRunner.h"
 #include "TestScene.h"
-#include "Variants/qxKindAccess.h"
 #include "qxHost.h"
 #include "qxLog.h"
 
@@ -161,21 +161,18 @@ QStringList FuzzHost::states()
 {
     static const QStringList types{"Group", "Transform", "ComponentTransform"};
     QStringList states;
-    for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
-        qxKindAccess::of(kind).visit([&](const qxVariant &variant) {
-            if (!types.contains(variant.name))
-                states
-                    << QStringLiteral("%1 %2: %3").arg(kind).arg(variant.name, variant.onCurrent());
-        });
-    }
+    qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
+        if (!types.contains(variant.name))
+            states << QStringLiteral("%1 %2: %3").arg(kind.word, variant.name, variant.onCurrent());
+    });
     return states;
 }
 
 void FuzzHost::selectStates(unsigned choice)
 {
-    for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
         int left = Enough;
-        qxKindAccess::of(kind).visit([&](qxVariant &variant) {
+        kind->visit([&](qxVariant &variant) {
             if (left-- > 0 && !variant.options.empty())
                 variant.onSelect(variant.options[choice % variant.options.size()].name);
         });

@@ -1,6 +1,7 @@
 #include "qxMaterialVariant.h"
 #include "qxVariantCaptureChecker.h"
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariantWriter.h"
 #include "qxVariants.h"
@@ -9,7 +10,6 @@
 #include "Program.h"
 #include "RandomScene.h"
 #include "Report/qxShownStates.h"
-#include "Report/qxVariantTable.h"
 #include "Scene/qxNodeName.h"
 #include "Scene/qxTransformStates.h"
 #include "Script/qxScriptRunner.h"
@@ -75,10 +75,11 @@ private:
     }
     void selectState()
     {
-        const QList<qxVariantRow> rows = qxVariantTable::all();
-        if (rows.isEmpty())
+        QList<qxVariant *> all;
+        qxVariantKinds::visit([&](const qxVariantKind &, qxVariant &each) { all += &each; });
+        if (all.isEmpty())
             return;
-        qxVariant *const variant = rows[int(any(std::size_t(rows.size())))].variant;
+        qxVariant *const variant = all[int(any(std::size_t(all.size())))];
         if (!variant->options.empty())
             variant->onSelect(
                 variant->options[int(any(std::size_t(variant->options.size())))].name);
@@ -266,18 +267,13 @@ void SavedStatesTest::checkSeed(unsigned seed)
 void SavedStatesTest::expectStatesOf(qxVariantSet &set)
 {
     static const QRegularExpression step("^(!Next|!Previous|!Toggle)");
-    const QMap<QString, qxStateList *> wanted = {{"node", &set.nodeVariants},
-                                                 {"material", &set.materialVariants},
-                                                 {"light", &set.lightVariants},
-                                                 {"overlay", &set.overlayVariants},
-                                                 {"transform", &set.transformVariants}};
     const qxShownStates shown;
-    for (const qxVariantRow &row : qxVariantTable::all()) {
-        const qxVariantState *const entry = wanted[row.kind]->find(row.variant->name);
+    qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
+        const qxVariantState *const entry = (set.*kind.states).find(variant.name);
         const bool isState = entry && !step.match(entry->state).hasMatch();
-        EXPECT_TRUE(!isState || shown.of(row).state == entry->state)
-            << row.variant->name.toStdString();
-    }
+        EXPECT_TRUE(!isState || shown.of(variant).state == entry->state)
+            << variant.name.toStdString();
+    });
 }
 
 TEST_F(SavedStatesTest, WhatASceneShowsIsShownAgainAfterSavingAndLoading)
@@ -314,8 +310,10 @@ TEST_F(SavedStatesTest, WhatWasLostOnceIsKept)
         SCOPED_TRACE(members.toStdString());
         const QByteArray text = R"({"asset": {"version": "2.0"}, )" + members + "}";
         ASSERT_TRUE(session->open(write("a.gltf", QByteArray(text).replace('\n', ' '))));
-        for (const qxVariantRow &row : qxVariantTable::named("Red"))
-            row.variant->onSelect("Blue");
+        for (const qxVariantKind *kind : qxVariantKinds::all()) {
+            if (qxVariant *variant = kind->find("Red"))
+                variant->onSelect("Blue");
+        }
         TestScene().addViewpoint("Side");
         qxNodeUtils::setName(qxScenegraph::findNode("Blue"), "Green", false, osg::NullFC);
         if (qxVariants::_materialVariants.empty())

@@ -1,11 +1,13 @@
 #include "ShownScene.h"
 
+#include "qxVariant.h"
+#include "qxVariantKinds.h"
+
 #include "Materials/qxSurface.h"
 #include "OSGOverlayCore.h"
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
 #include "Report/qxShownStates.h"
-#include "Report/qxVariantTable.h"
 #include "Scene/OSGTransformStates.h"
 #include "Scene/qxNodeName.h"
 #include "TestScene.h"
@@ -241,11 +243,11 @@ void Lines::writeRest()
     for (const std::string &clip : qxAnimManager::the()->clips())
         m_text << "clip '" << clip << "'\n";
     const qxShownStates shown;
-    for (const qxVariantRow &row : qxVariantTable::all()) {
-        const qxShownStates::Shown state = shown.of(row);
-        m_text << row.kind << " '" << row.variant->name.toStdString() << "' in '"
+    qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
+        const qxShownStates::Shown state = shown.of(variant);
+        m_text << kind.word.data() << " '" << variant.name.toStdString() << "' in '"
                << state.state.toStdString() << '\'' << (state.isHidden ? " hidden\n" : "\n");
-    }
+    });
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 #include "qxVariants.h"
 
 #include "Pictures/qxPictureProgress.h"
-#include "Report/qxSceneState.h"
+#include "Session/qxSceneState.h"
 #include "Window/qxOrbit.h"
 #include "WindowFixture.h"
 #include "qxRaytracingManager.h"

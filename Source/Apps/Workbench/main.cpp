@@ -1,4 +1,4 @@
-#include "Commands/qxCommand.h"
+#include "Commands/qxCommandTable.h"
 #include "Window/qxWindowProgram.h"
 
 #include <QGuiApplication>

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "qxLintVariants.h"
-#include "qxLinter.h"
+
+#include <functional>
 
 /// What the parts of one look over a document share.
 class qxLintContext {
@@ -46,7 +47,7 @@ void qxLintContext::addTwins(qxCode code, const QString &kind, const List &all)
 namespace qxLintParts {
 
 /// Sets: their references, names, snapshots and scripts, and how they compare with one another.
-void lintSets(qxLintContext &context, const qxLinter::Compile &compile);
+void lintSets(qxLintContext &context, const std::function<QString(const QString &script)> &compile);
 /// Groups and variants by themselves. What sets use must have been noted before.
 void lintGroups(qxLintContext &context);
 void lintVariants(qxLintContext &context);

@@ -1,4 +1,5 @@
 #include "qxLintParts.h"
+#include "qxLinter.h"
 
 namespace {
 
@@ -66,9 +67,8 @@ private:
 void SetLint::run(const qxLinter::Compile &compile)
 {
     noteTargets();
-    const qxVariantKinds::Order &order = qxVariantKinds::selectionOrder();
-    for (const auto *kinds : {&order.first, &order.rest})
-        std::for_each(kinds->begin(), kinds->end(), [this](auto *kind) { lintReferences(kind); });
+    for (const qxVariantKind *kind : qxVariantKinds::selectionOrder().all())
+        lintReferences(kind);
     for (int list = 0; list < qxNameLists; ++list)
         lintNames(qxNameList(list));
     lintSnapshots();

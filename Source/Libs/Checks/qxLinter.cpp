@@ -2,18 +2,6 @@
 
 #include "qxLintParts.h"
 
-void qxLintContext::add(qxCode code, const QString &message, const QString &owner,
-                        const QString &tag, const qxSourceLocation &location)
-{
-    add(code, message, QStringLiteral("%1/%2[%3]").arg(owner, tag).arg(location.ordinal), location);
-}
-
-void qxLintContext::add(qxCode code, const QString &message, const QString &path,
-                        const qxSourceLocation &location)
-{
-    findings.add({code, message, path, location.line, location.column});
-}
-
 qxFindings qxLinter::lint(const QByteArray &document, const Compile &compile)
 {
     qxFindingList findings;

@@ -52,6 +52,13 @@ int nameListOf(const QString &tag)
 
 } // namespace
 
+qxSyntaxTree qxSyntaxTree::of(const QByteArray &document, qxFindingList &findings)
+{
+    qxSyntaxTree tree;
+    qxSyntaxTreeReader(document, tree, findings).read();
+    return tree;
+}
+
 qxSyntaxTreeReader::qxSyntaxTreeReader(const QByteArray &document, qxSyntaxTree &tree,
                                        qxFindingList &findings)
     : m_xml(qxControlCharacters::replaced(document, m_forbidden)), m_tree(tree),

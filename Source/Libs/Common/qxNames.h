@@ -2,10 +2,14 @@
 
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
+#include "qxOverlays.h"
 #include "qxScenegraph.h"
 #include "qxText.h"
 
-/// Names of scene objects, and the paths that are made of them.
+#include <cstdint>
+#include <string_view>
+
+/// Names of scene objects, finding objects by them, and the paths that are made of them.
 namespace qxNames {
 
 /// By the rule of qxNodeUtils::getName.
@@ -17,6 +21,36 @@ inline QString nameOf(const osg::NodePtr &node)
 inline QString nameOf(const osg::MaterialPtr &material)
 {
     return qxText::fromUtf8(qxMaterials::getName(material));
+}
+
+/// The first node of that name, or null; all nodes of that name (see qxScenegraph).
+inline qxNodePtr findNode(const QString &name)
+{
+    return qxScenegraph::findNode(qxText::toUtf8(name).c_str());
+}
+inline std::vector<qxNodePtr> findNodes(const QString &name)
+{
+    return qxScenegraph::findNodes(qxText::toUtf8(name).c_str());
+}
+
+/// The same for overlays (see qxOverlays).
+inline qxNodePtr findOverlay(const QString &name)
+{
+    return qxOverlays::findOverlay(qxText::toUtf8(name).c_str());
+}
+inline std::vector<qxNodePtr> findOverlays(const QString &name)
+{
+    return qxOverlays::findOverlays(qxText::toUtf8(name).c_str());
+}
+
+/// The same for materials (see qxMaterials).
+inline osg::MaterialPtr findMaterial(const QString &name)
+{
+    return qxMaterials::findMaterial(qxText::toUtf8(name).c_str());
+}
+inline std::vector<osg::MaterialPtr> findMaterials(const QString &name)
+{
+    return qxMaterials::findMaterials(qxText::toUtf8(name).c_str());
 }
 
 /// The names (UTF-8) from below the top down to the node, each followed by `separator`: empty for
@@ -49,6 +83,16 @@ inline std::string pathOf(const osg::NodePtr &node)
         node, '/', [&root](const osg::NodePtr &each, const std::string &) { return each == root; });
     if (!path.empty())
         path.pop_back();
+    return path;
+}
+
+/// The hash of the path of nothing, and the one of a path (FNV-1a, 64 bits) that goes on with
+/// `text`.
+constexpr std::uint64_t EmptyPath = 0xCBF29CE484222325;
+inline std::uint64_t hashOf(std::string_view text, std::uint64_t path)
+{
+    for (const char each : text)
+        path = (path ^ static_cast<unsigned char>(each)) * 0x100000001B3;
     return path;
 }
 

@@ -1,19 +1,28 @@
 #pragma once
 
-#include "qxScenegraph.h"
-
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGNode.h>
 
 #include <algorithm>
+#include <type_traits>
 #include <vector>
+
+/// Whether a walk goes on after a visit, which may end it by returning false, or returns nothing.
+template <class Visit, class... Args>
+bool qxGoesOnAfter(const Visit &visit, Args &&...args)
+{
+    if constexpr (std::is_void_v<std::invoke_result_t<Visit, Args...>>)
+        return visit(args...), true;
+    else
+        return visit(args...);
+}
 
 /// Walks a tree in order: each item before what is below it. It needs no call stack, because scenes
 /// may be deeper than that.
 ///
 /// An item is a node, or stands for one, and has with it what comes down from the nodes above.
 /// `visit(item, below)` looks at one item and appends to `below` the children that are to be
-/// visited, in order. When it returns false the walk ends. Says whether all were visited.
+/// visited, in order; it ends the walk by returning false. Says whether all were visited.
 template <class Item, class Visit>
 bool qxWalkTree(std::vector<Item> tops, const Visit &visit)
 {
@@ -23,35 +32,27 @@ bool qxWalkTree(std::vector<Item> tops, const Visit &visit)
         const Item item = std::move(open.back());
         open.pop_back();
         const auto known = std::ptrdiff_t(open.size());
-        if (!visit(item, open))
+        if (!qxGoesOnAfter(visit, item, open))
             return false;
         std::reverse(open.begin() + known, open.end());
     }
     return true;
 }
 
-/// Calls `visit(node)` for `top`, which may be null, and everything below it in scene order, until
-/// it returns false. Nothing may be added or removed meanwhile. Says whether all were visited.
+/// The same for `top`, which may be null, and everything below it: calls `visit(node)`. Nothing may
+/// be added or removed meanwhile.
 template <class Visit>
 bool qxWalkNodes(const osg::NodePtr &top, const Visit &visit)
 {
     typedef std::vector<osg::NodePtr> Nodes;
     const auto visitOne = [&visit](const osg::NodePtr &node, Nodes &below) {
-        if (!visit(node))
+        if (!qxGoesOnAfter(visit, node))
             return false;
         const osg::MFNodePtr &children = *node->getMFChildren();
         below.insert(below.end(), children.begin(), children.end());
         return true;
     };
     return qxWalkTree(top == osg::NullFC ? Nodes() : Nodes{top}, visitOne);
-}
-
-/// The same for the whole scene: the root and what is below it, then the environment.
-template <class Visit>
-void qxWalkScene(const Visit &visit)
-{
-    if (qxWalkNodes(qxScenegraph::getRoot(), visit))
-        qxWalkNodes(qxScenegraph::environmentGeometrySwitch(), visit);
 }
 
 /// Like qxWalkNodes where `visit` may change the scene, and so may listeners that hear of what it
@@ -70,7 +71,6 @@ void qxWalkChangingNodes(const osg::NodePtr top, const Visit &visit)
             for (const osg::NodePtr &child : *node->getMFChildren())
                 below.emplace_back(child);
         }
-        return true;
     });
 }
 

@@ -14,6 +14,7 @@
 #include "qxAnimManager.h"
 #include "qxController.h"
 #include "qxMessage.h"
+#include "qxScenegraph.h"
 #include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGBaseFunctions.h>
@@ -55,6 +56,7 @@ struct qxHost::Services {
     }
     ~Services()
     {
+        qxScenegraph::clearFindCache();
         qxRenderRequests::removeListener(renderListener);
         qxKernelServiceFactory::the()->unregisterService<qxTransformService>();
         qxKernelServiceFactory::the()->unregisterService<qxCameraService>();
@@ -89,6 +91,7 @@ void qxHost::clearScene()
     qxMessage message;
     qxController::call("clearAllVariants", message, 1);
     qxScenePicture::forget();
+    qxScenegraph::clearFindCache();
     m_services->scene.clear();
     qxUberCameraPool::the()->clear();
     qxAnimManager::the()->setClips({});

@@ -27,7 +27,7 @@ public:
 
     UInt32 &getChoice() { return _sfChoice.getValue(); }
     const UInt32 &getChoice() const { return _sfChoice.getValue(); }
-    /// Any number is stored; one without a state leaves the transform as it is.
+    /// Any number is stored; the transform does not change if there is no such state.
     void setChoice(const UInt32 &choice) { _sfChoice.setValue(choice); }
 
     MFMatrix &getStates() { return _mfStates; }
@@ -45,8 +45,8 @@ private:
     void operator=(const SwitchComponentTransformBase &);
 };
 
-/// A transform with several states, of which it shows the chosen one. At the end of an edit of the
-/// choice or of the states it takes its whole pose from the chosen state.
+/// A transform with several states. When an edit of the choice or of the states ends, it takes
+/// translation, rotation and scale from the chosen state.
 class SwitchComponentTransform : public SwitchComponentTransformBase {
     typedef SwitchComponentTransformBase Inherited;
 

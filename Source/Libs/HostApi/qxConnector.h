@@ -5,7 +5,7 @@ class qxConnector {
 public:
     static qxConnector *the();
 
-    /// Whether what variants do is sent to connected sessions; false at start.
+    /// Whether selections of variants are sent to connected sessions; false at start.
     bool syncVariants() const { return m_syncVariants; }
     void setSyncVariants(bool sync) { m_syncVariants = sync; }
 

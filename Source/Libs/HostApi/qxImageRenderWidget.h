@@ -4,7 +4,7 @@
 
 class QImage;
 
-/// Pictures of the scene graph as those of the user interface.
+/// Converts images of the scene graph to images of Qt.
 class qxImageRenderWidget {
 public:
     /// Makes `target` show `image`, top row first. It becomes a null image when `image` has no

@@ -5,7 +5,7 @@
 /// Renders pictures of the scene as the main view's camera sees it.
 class qxImageWriter {
 public:
-    /// Whether a rendering keeps its progress to itself; it is shown otherwise.
+    /// Whether the progress of a rendering is hidden.
     void setNoProgress(bool off) { m_isSilent = off; }
     /// Whether files are overwritten without a question. The fast export writes no file and never
     /// asks.
@@ -15,10 +15,10 @@ public:
     /// one.
     void exportImageFastInit(int width, int height, int view);
     /// Renders a picture with the settings of ray tracing and returns it as PNG, the same bytes for
-    /// the same scene. Empty, with an error line in the log, without preparation and for a size or
-    /// view that there cannot be; empty when someone at the progress display ended the rendering.
+    /// the same scene. Empty, with an error line in the log, without preparation and for an invalid
+    /// size or view; empty when the rendering was cancelled.
     std::string exportImageFast();
-    /// Ends what exportImageFastInit began.
+    /// Releases what exportImageFastInit prepared.
     void exportImageFastTerminate();
 
 private:

@@ -5,13 +5,13 @@
 
 #include <typeinfo>
 
-/// Base of everything that the service factory hands out.
+/// Base class of all services.
 class qxBaseService {
 public:
     virtual ~qxBaseService();
 };
 
-/// Where services are found by their class. The host registers them, whoever needs one asks.
+/// Registry of services by their class. The host registers them.
 class qxKernelServiceFactory {
 public:
     static qxKernelServiceFactory *the();
@@ -30,7 +30,7 @@ public:
     {
         m_services.insert(typeid(T).name(), service);
     }
-    /// Takes back what registerService registered for class `T`.
+    /// Unregisters the service for class `T`.
     template <class T>
     void unregisterService()
     {

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-/// The host's log: lines for the person in front of the application.
+/// The host's log: lines for the user of the application.
 ///
 /// Formats are those of printf, texts are UTF-8. A line break at the end of a text is optional.
 class qxLog {
@@ -16,7 +16,7 @@ public:
     static void warning(const char *format, ...) __attribute__((format(printf, 1, 2)));
     static void error(const char *format, ...) __attribute__((format(printf, 1, 2)));
 
-    /// Hears every line until removeListener is called with the returned id.
+    /// `listener` receives every line until removeListener gets the returned id.
     static int addListener(const Listener &listener);
     static void removeListener(int id);
 };

@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-/// The materials of the scene: those in the scene's material pool and those they are made of.
+/// The materials of the scene: those in its material pool and those contained in them.
 ///
-/// The order is that of the pool; what a switch or multi-pass material contains follows behind it.
-/// Each material counts once. Look-ups follow every change of the scene that is made inside an edit
-/// bracket, and all others after a module message qxModuleBase::MaterialsChanged before which the
-/// pool itself was not edited inside one.
+/// The order is that of the pool; the contents of a switch or multi-pass material follow it. Each
+/// material occurs once. Look-ups see every change that was made inside an edit bracket. They see
+/// other changes after a module message qxModuleBase::MaterialsChanged, unless the pool itself was
+/// edited inside a bracket before it.
 ///
 /// Names are UTF-8; an empty or null name finds nothing.
 ///
@@ -23,8 +23,7 @@ class qxMaterials {
 public:
     /// The material's name; empty for a null material and for one without a name.
     static std::string getName(const osg::MaterialPtr &material);
-    /// Names the material: with `exact` true just so, else with a number behind it when the name is
-    /// taken.
+    /// Names the material; with `exact` false a number is added to a name that is taken.
     static void setName(const osg::MaterialPtr &material, const char *name, bool exact);
 
     /// The first material of that name, or null.
@@ -34,15 +33,15 @@ public:
 
     /// Whether the user may change the material; false for a null one.
     static bool isEditable(const osg::MaterialPtr &material);
-    /// Whether the material is made for what surrounds the scene: one that is marked so, and a
-    /// switch or multi-pass material that contains one. False for a null one.
+    /// Whether the material is marked as one for environments, or is a switch or multi-pass
+    /// material that contains such a material. False for null.
     static bool isEnvironmentMaterial(const osg::MaterialPtr &material);
-    /// Appends every scene node whose core shows this very material, in scene order.
+    /// Appends, in scene order, every scene node whose core has this very material.
     static void getNodesWithMaterial(std::vector<qxNodePtr> &nodes,
                                      const osg::MaterialPtr &material);
 
-    /// Whether what is below the node's material group ignores the material of the group; false
-    /// for a node without such a core. The flag belongs to the core, whatever nodes share it.
+    /// Whether the sub-tree of the node's material group ignores the group's material; false for a
+    /// node without such a core. The flag belongs to the core, so all its nodes share it.
     static bool getIgnoreMaterialGroup(const osg::NodePtr &node);
     /// Sets the flag; false when the node has no material group.
     static bool setIgnoreMaterialGroup(const osg::NodePtr &node, bool ignore);

@@ -6,16 +6,16 @@
 #include <utility>
 #include <vector>
 
-/// A record of named values that travels with a notification or over the module bus.
+/// A record of named values, sent with a notification or over the module bus.
 ///
 /// Keys are case-sensitive. Entries keep the order in which their keys were first set, so that a
-/// trace shows a message as its sender filled it.
+/// trace shows them in the sender's order.
 class qxMessage {
 public:
     typedef std::pair<std::string, boost::any> Entry;
 
     qxMessage();
-    /// A message of the module bus; `code` says what it is about (see qxModuleBase).
+    /// A message of the module bus; `code` is its kind (see qxModuleBase).
     explicit qxMessage(unsigned int code);
 
     /// Stores `value` under `key`. An entry that exists keeps its place; it takes the new value

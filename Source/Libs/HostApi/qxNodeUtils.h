@@ -7,27 +7,27 @@
 #include <string>
 #include <vector>
 
-/// What the host knows about single nodes: names, sub-trees, clones, materials and named transform
-/// states.
+/// Operations on single nodes: names, sub-trees, clones, materials and named transform states.
 class qxNodeUtils {
 public:
     /// The node's name as UTF-8: its own name attachment, else that of its core, else the name of
     /// the core's type. Empty for a null node and for a node with neither name nor core.
     static std::string getName(const osg::NodePtr &node);
     /// Whether look-ups by the node's name find it (qxScenegraph, qxOverlays). An empty name finds
-    /// nothing. A name that a node shares with the mesh that it shows stands for the node alone, or
-    /// "!Toggle" could flip the two against each other: a geometry without children that has its
-    /// name by its core is not found by it where its parent bears it as well.
+    /// nothing. A geometry without children that is named by its core is not found by a name that
+    /// its parent has, too: the name means the parent alone. Otherwise "!Toggle" could flip the two
+    /// against each other.
     static bool isFoundByName(const osg::NodePtr &node);
 
-    /// `base` when `existing` does not hold it, else `base`, a blank and the smallest free number
-    /// from 2 on. A number at the end of `base` belongs to the name: "RAL 9010" gives "RAL 9010 2".
+    /// `base` if `existing` does not contain it, else `base`, a blank and the smallest free number
+    /// from 2 on. A number at the end of `base` is part of the name: "RAL 9010" becomes "RAL 9010
+    /// 2".
     static std::string getUniqueName(const std::string &base,
                                      const std::vector<std::string> &existing);
 
-    /// Names the node. With `makeUnique` the name is made unlike that of every other node at and
-    /// below `root` (see getUniqueName), and the node's clones of the same name are renamed with
-    /// it. Null nodes are left alone.
+    /// Names the node. With `makeUnique` the name is made unique among the nodes at and below
+    /// `root` (see getUniqueName), and the node's clones of the same name are renamed with it. Null
+    /// nodes are ignored.
     static void setName(const osg::NodePtr &node, const std::string &name, bool makeUnique,
                         const osg::NodePtr &root);
 
@@ -47,13 +47,13 @@ public:
 
     /// The material of a material group or of a geometry; null for other nodes.
     static osg::MaterialPtr getMaterial(const osg::NodePtr &node);
-    /// Gives the material to a material group or a geometry; with `subTree` also to all of them
-    /// below the node, with `announce` the other modules are told that materials changed.
+    /// Sets the material of a material group or a geometry; with `subTree` also of all of them
+    /// below the node. With `announce` it sends qxModuleBase::MaterialsChanged.
     static void setMaterial(const osg::NodePtr &node, const osg::MaterialPtr &material,
                             bool subTree, bool announce);
 
-    /// Whether the host keeps named transform states for the node. The operations below answer 0,
-    /// -1 or an empty text for a node without them.
+    /// Whether the node has named transform states. The operations below return 0, -1 or an empty
+    /// text for a node without them.
     static bool hasTransformVariants(const osg::NodePtr &node);
     static int getTransformVariantCount(const osg::NodePtr &node);
     /// The name of state `index`; empty when out of range.
@@ -63,6 +63,6 @@ public:
     /// The state that was selected last, -1 when none was.
     static int getTransformVariantCurrentIndex(const osg::NodePtr &node);
     static std::string getSelectedTransformVariantName(const osg::NodePtr &node);
-    /// Whether the node still stands where the state that was selected last has put it.
+    /// Whether the node still has the transform of the state that was selected last.
     static bool isTransformVariantInState(const osg::NodePtr &node);
 };

@@ -2,7 +2,7 @@
 
 #include <OpenSG/OSGImageFields.h>
 
-/// A view of the scene, and what is common to all views.
+/// A view of the scene, and settings of all views.
 class qxOSGWidget {
 public:
     qxOSGWidget(const qxOSGWidget &) = delete;
@@ -11,16 +11,16 @@ public:
     /// The view of that number, counted from 0; -1 is the default one. Null when there is none.
     static qxOSGWidget *getMGLW(int number);
 
-    /// Copies what the view shows into `image`, bottom row first, and tells how many pixels that
-    /// are. When the view shows nothing, that is 0 by 0, and `image` stays as it is.
+    /// Copies the view's picture into `image`, bottom row first, and returns its size in pixels. If
+    /// the view shows nothing, the size is 0 by 0, and `image` is not changed.
     virtual void captureImage(osg::ImagePtr image, int &width, int &height) = 0;
 
     /// Whether pictures are made by ray tracing.
     static bool getRaytracing();
     static void setRaytracing(bool on);
 
-    /// Ends the refining of a still picture when one is in progress. The picture stays as fine as
-    /// it is until a new one is asked for.
+    /// Stops the refinement of a still picture, which then stays as it is until a new one is
+    /// requested.
     static void cancelAntialiasing();
 
 protected:

@@ -2,7 +2,7 @@
 
 #include <OpenSG/OSGNode.h>
 
-/// The scene graph as its own library sees it.
+/// The scene graph in types of OpenSG.
 class qxOpenSGUtils {
 public:
     /// The root of the scene as a plain node; never null while the host runs.

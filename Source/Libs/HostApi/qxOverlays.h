@@ -4,7 +4,7 @@
 
 #include <vector>
 
-/// The overlays: parts of the picture in front of the scene, kept in a tree of their own.
+/// The overlays: parts of the picture in front of the scene, in a separate tree.
 ///
 /// Each child of the pool's root that shows an overlay has an osg::OverlayCore.
 class qxOverlays {

@@ -1,9 +1,9 @@
 #pragma once
 
-/// How well ray-traced pictures are made.
+/// Settings of ray tracing.
 class qxRaytracingUtils {
 public:
-    /// Samples per pixel, -1 for as many as the best picture takes. 16 at start.
+    /// Samples per pixel, -1 for the best quality. 16 at start.
     int getImageQuality() const { return m_quality; }
     /// A number below -1, and 0, count as 1.
     void setImageQuality(int quality) { m_quality = quality == -1 || quality > 0 ? quality : 1; }
@@ -12,7 +12,7 @@ private:
     int m_quality = 16;
 };
 
-/// Where the settings of ray tracing are found.
+/// Access to the settings of ray tracing.
 class qxRaytracingManager {
 public:
     /// Never null.

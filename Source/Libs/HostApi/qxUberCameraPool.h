@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-/// A camera as a viewpoint keeps it. It looks along its negative z axis, y is up.
+/// The camera of a viewpoint. It looks along its negative z axis, y is up.
 struct qxUberCamera {
     std::string name; ///< UTF-8, as shown to the user
     osg::Matrix toWorld; ///< from camera to world coordinates
@@ -36,7 +36,7 @@ private:
     std::unordered_map<std::string, int> m_ids; ///< the first of each name
 };
 
-/// What can be asked of a single viewpoint.
+/// Operations on a single viewpoint.
 class qxUberCameraUtils {
 public:
     /// The viewpoint's name (UTF-8); empty for a null one.

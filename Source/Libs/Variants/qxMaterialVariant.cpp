@@ -18,9 +18,9 @@
 
 namespace {
 
+using qxNames::findMaterial;
 using qxNames::nameOf;
 using qxSwitchMaterials::chosen;
-using qxSwitchMaterials::findMaterial;
 
 std::vector<osg::MaterialPtr> findMaterials(const QString &name)
 {

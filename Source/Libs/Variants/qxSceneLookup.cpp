@@ -4,7 +4,6 @@
 #include "qxLights.h"
 #include "qxNames.h"
 #include "qxNodeWalk.h"
-#include "qxOverlays.h"
 #include "qxUberCameraPool.h"
 
 #include <QHash>
@@ -13,6 +12,8 @@
 #include <optional>
 #include <set>
 
+using qxNames::EmptyPath;
+using qxNames::hashOf;
 using qxNames::nameOf;
 
 namespace {
@@ -89,16 +90,6 @@ QSet<QString> clipNames()
     return names;
 }
 
-constexpr quint64 EmptyPath = 0xCBF29CE484222325;
-
-/// The hash of a path (FNV-1a, 64 bits) that goes on with `text`.
-quint64 hashOf(const std::string &text, quint64 hash)
-{
-    for (const char each : text)
-        hash = (hash ^ quint64(static_cast<unsigned char>(each))) * 0x100000001B3;
-    return hash;
-}
-
 /// The hashes of all paths: the texts would take the square of the depth.
 QSet<quint64> pathHashes()
 {
@@ -115,7 +106,6 @@ QSet<quint64> pathHashes()
         hashes.insert(path);
         for (const osg::NodePtr &child : *place.first->getMFChildren())
             below.push_back({child, hashOf("/", path)});
-        return true;
     });
     return hashes;
 }
@@ -159,7 +149,7 @@ std::vector<qxNodePtr> qxSceneLookup::overlays(const QString &name) const
 
 std::vector<osg::MaterialPtr> qxSceneLookup::materials(const QString &name) const
 {
-    return qxMaterials::findMaterials(qxText::toUtf8(name).c_str());
+    return qxNames::findMaterials(name);
 }
 
 bool qxSceneLookup::hasNestedNodes(const QString &name) const
@@ -179,7 +169,7 @@ bool qxSceneLookup::hasNode(const QString &name) const
 
 bool qxSceneLookup::hasMaterial(const QString &name) const
 {
-    return qxMaterials::findMaterial(qxText::toUtf8(name).c_str()) != osg::NullFC;
+    return qxNames::findMaterial(name) != osg::NullFC;
 }
 
 bool qxSceneLookup::hasLight(const QString &name) const
@@ -190,6 +180,14 @@ bool qxSceneLookup::hasLight(const QString &name) const
 bool qxSceneLookup::hasViewpoint(const QString &name) const
 {
     return !name.isEmpty() && qxUberCameraPool::the()->findViewpoint(qxText::toUtf8(name)) >= 0;
+}
+
+QStringList qxSceneLookup::viewpointNames()
+{
+    QStringList names;
+    for (int id = 0; id < qxUberCameraPool::the()->count(); ++id)
+        names += qxText::fromUtf8(qxUberCameraPool::the()->get(id)->name);
+    return names;
 }
 
 bool qxSceneLookup::hasClip(const QString &name) const

@@ -4,7 +4,7 @@
 
 #include <OpenSG/OSGMaterialFields.h>
 
-#include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -30,10 +30,12 @@ public:
 
     bool hasNode(const QString &name) const;
     bool hasMaterial(const QString &name) const;
-    /// Whether qxLights lists a light of that name, be it one that nodes() does not find: a light
-    /// without a name, say, which is listed by the empty one.
+    /// Whether qxLights lists a light of that name. The sets go by this list, which has lights that
+    /// are called "" as well; light variants look among nodes(), and those find none by that name.
     bool hasLight(const QString &name) const;
     bool hasViewpoint(const QString &name) const;
+    /// The names of all viewpoints, in their order.
+    static QStringList viewpointNames();
     bool hasClip(const QString &name) const;
     /// Whether the names of some node and of all above it, the root left out, make up that path.
     bool hasPath(const QString &path) const;

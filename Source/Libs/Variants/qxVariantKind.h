@@ -9,7 +9,7 @@
 class QString;
 class qxStateList;
 class qxVariant;
-struct qxVariantSetContents;
+struct qxVariantReferences;
 
 /// The names of the notifications about the variants of one kind.
 struct qxVariantNotifications {
@@ -31,7 +31,7 @@ struct qxVariantKind {
     QLatin1String tag; ///< of the document's element for a variant
     QLatin1String referenceTag; ///< of the element of a set that refers to a variant
     const qxVariantNotifications &notifications;
-    qxStateList qxVariantSetContents::*states; ///< the references of a set to variants of the kind
+    qxStateList qxVariantReferences::*states; ///< those of a set to variants of the kind
     QString qxVariant::*sceneName; ///< the name of the scene object; for variants of the kind alone
     const std::type_info &type; ///< of its variants
 
@@ -51,5 +51,6 @@ struct qxVariantKind {
 
     /// Brings to the scene what a variant that was just read drives; null where nothing is to do.
     void (*complete)(const qxVariant &variant) = nullptr;
-    bool hasDefaults = true; ///< selecting the default states of a set takes part in it
+    bool hasDefaults = true; ///< selecting the default states of a set includes it
+    bool makesUsed = true; ///< a set that refers to one whose scene object exists is used
 };

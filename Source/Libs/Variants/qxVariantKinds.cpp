@@ -9,9 +9,10 @@
 #include "qxOverlayVariant.h"
 #include "qxTransformVariant.h"
 #include "qxVariantLists.h"
-#include "qxVariantSetContents.h"
+#include "qxVariantReferences.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -76,7 +77,7 @@ struct Names {
 };
 
 template <class Variant, auto &list>
-constexpr qxVariantKind row(const Names &names, qxStateList qxVariantSetContents::*states,
+constexpr qxVariantKind row(const Names &names, qxStateList qxVariantReferences::*states,
                             QString Variant::*sceneName)
 {
     typedef Registered<Variant, list> Variants;
@@ -102,7 +103,7 @@ constexpr qxVariantKind materialRow()
     auto kind = row<qxMaterialVariant, qxVariantLists::_materialVariants>(
         {"material", QT_TRANSLATE_NOOP("qxVariants", "Materials"), "MaterialVariant",
          "MaterialVariantRef"},
-        &qxVariantSetContents::materialVariants, &qxMaterialVariant::switchMaterialName);
+        &qxVariantReferences::materialVariants, &qxMaterialVariant::switchMaterialName);
     kind.complete = [](const qxVariant &variant) {
         qxSwitchMaterialRepair::ensureSwitchMaterial(
             static_cast<const qxMaterialVariant &>(variant));
@@ -127,9 +128,19 @@ constexpr qxVariantKind overlayRow()
 {
     auto kind = row<qxOverlayVariant, qxVariantLists::_overlayVariants>(
         {"overlay", QT_TRANSLATE_NOOP("qxVariants", "Overlays"), "OverlayVariant", "OverlayRef"},
-        &qxVariantSetContents::overlayVariants, &qxOverlayVariant::overlayName);
+        &qxVariantReferences::overlayVariants, &qxOverlayVariant::overlayName);
     kind.create = createOverlay;
     kind.hasDefaults = false;
+    return kind;
+}
+
+constexpr qxVariantKind transformRow()
+{
+    auto kind = row<qxTransformVariant, qxVariantLists::_transformVariants>(
+        {"transform", QT_TRANSLATE_NOOP("qxVariants", "Transforms"), "TransformVariant",
+         "TransformRef"},
+        &qxVariantReferences::transformVariants, &qxTransformVariant::nodeName);
+    kind.makesUsed = false;
     return kind;
 }
 
@@ -140,20 +151,17 @@ namespace qxVariantKinds {
 
 constexpr qxVariantKind node = row<qxNodeVariant, qxVariantLists::_nodeVariants>(
     {"node", QT_TRANSLATE_NOOP("qxVariants", "Nodes"), "NodeVariant", "NodeVariantRef"},
-    &qxVariantSetContents::nodeVariants, &qxNodeVariant::nodeName);
+    &qxVariantReferences::nodeVariants, &qxNodeVariant::nodeName);
 
 constexpr qxVariantKind material = materialRow();
 
 constexpr qxVariantKind light = row<qxLightVariant, qxVariantLists::_lightVariants>(
     {"light", QT_TRANSLATE_NOOP("qxVariants", "Lights"), "LightVariant", "LightVariantRef"},
-    &qxVariantSetContents::lightVariants, &qxLightVariant::lightName);
+    &qxVariantReferences::lightVariants, &qxLightVariant::lightName);
 
 constexpr qxVariantKind overlay = overlayRow();
 
-constexpr qxVariantKind transform = row<qxTransformVariant, qxVariantLists::_transformVariants>(
-    {"transform", QT_TRANSLATE_NOOP("qxVariants", "Transforms"), "TransformVariant",
-     "TransformRef"},
-    &qxVariantSetContents::transformVariants, &qxTransformVariant::nodeName);
+constexpr qxVariantKind transform = transformRow();
 
 const List &all()
 {
@@ -187,10 +195,17 @@ const Order &readingOrder()
 
 Order::Order(const List &firstKinds) : first(firstKinds)
 {
-    for (const qxVariantKind *kind : all()) {
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
         if (std::find(first.begin(), first.end(), kind) == first.end())
             rest.push_back(kind);
     }
+}
+
+List Order::all() const
+{
+    List kinds = first;
+    kinds.insert(kinds.end(), rest.begin(), rest.end());
+    return kinds;
 }
 
 const qxVariantKind *by(QLatin1String qxVariantKind::*name, const QString &text)
@@ -206,6 +221,13 @@ const qxVariantKind &of(const qxVariant &variant)
         return kind->type == typeid(variant);
     });
     return **found;
+}
+
+std::size_t count()
+{
+    return std::accumulate(
+        all().begin(), all().end(), std::size_t(0),
+        [](std::size_t sum, const qxVariantKind *kind) { return sum + kind->count(); });
 }
 
 void visit(const std::function<void(const qxVariantKind &kind, qxVariant &variant)> &each)

@@ -25,6 +25,8 @@ struct Order {
 
     List first;
     List rest; ///< all others in the order of the registry
+
+    List all() const;
 };
 
 const Order &selectionOrder(); ///< in which a set is applied, and explained
@@ -38,6 +40,8 @@ const qxVariantKind *by(QLatin1String qxVariantKind::*name, const QString &text)
 /// The kind of a variant of the registry.
 const qxVariantKind &of(const qxVariant &variant);
 
+/// How many variants the registry holds.
+std::size_t count();
 /// Goes over all variants of the registry, kind by kind.
 void visit(const std::function<void(const qxVariantKind &kind, qxVariant &variant)> &each);
 

@@ -47,11 +47,8 @@ void readRoot(const QDomElement &root)
 
 void announceAll()
 {
-    const qxVariantKinds::Order &order = qxVariantKinds::readingOrder();
-    for (const auto *kinds : {&order.first, &order.rest}) {
-        for (const qxVariantKind *kind : *kinds)
-            qxNotify::variantsChangedByDocument(kind->notifications);
-    }
+    for (const qxVariantKind *kind : qxVariantKinds::readingOrder().all())
+        qxNotify::variantsChangedByDocument(kind->notifications);
     qxNotify::variantSetChanged();
     qxNotify::variantGroupChanged();
 }

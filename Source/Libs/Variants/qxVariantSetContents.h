@@ -1,8 +1,8 @@
 #pragma once
 
 #include "qxAnalyzerVariant.h"
+#include "qxVariantReferences.h"
 
-#include "qxStateList.h"
 #include "qxUniqueNames.h"
 
 #include <QByteArray>
@@ -11,7 +11,7 @@
 class qxVariantGroup;
 
 /// What a variant set holds: names of variants and states, and settings of the scene.
-struct qxVariantSetContents {
+struct qxVariantSetContents : qxVariantReferences {
     QString name; ///< unique among the sets of the registry
     QString hotkey;
     QString comment;
@@ -20,15 +20,10 @@ struct qxVariantSetContents {
     Qt::KeyboardModifiers modifiers;
     QString defaultViewpoint;
     qxUniqueNames viewpoints; ///< selecting moves to the first one
-    qxStateList overlayVariants;
     qxUniqueNames animations;
     unsigned int animationIndex = 0; ///< the next one to start when they start in turn
     bool sequentialAnimation = false;
     qxUniqueNames geometries; ///< names of nodes
-    qxStateList nodeVariants;
-    qxStateList materialVariants;
-    qxStateList lightVariants;
-    qxStateList transformVariants;
     QMap<QString, QString> values;
     qxVariantGroup *group = nullptr; ///< maintained by the group
     qxAnalyzerVariant analyzer;

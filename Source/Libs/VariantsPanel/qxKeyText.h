@@ -4,11 +4,11 @@
 
 class QKeySequence;
 
-/// The keys of sets and options as texts. People read them in the language of the interface, sets
-/// and files hold them in none, so that a scene saved in one language has its keys in another.
+/// Hotkeys of sets and options as texts. They are shown in the language of the interface; sets and
+/// files hold the English form, so that a scene works in every language.
 namespace qxKeyText {
 
-/// What people read for the text that a set holds; a text that names no key stays as it is.
+/// The text to show for the text that a set holds; one that is no hotkey stays as it is.
 QString shown(const QString &held);
 /// The text that a set holds for the first combination; empty for none.
 QString held(const QKeySequence &key);

@@ -2,9 +2,9 @@
 
 #include <QObject>
 
-/// What panel and window change without a notification of the module.
+/// Signals for changes by panel and window that the module does not announce.
 ///
-/// Every qxPanelEvents passes it on; other parts of a host connect to it themselves.
+/// Every qxPanelEvents forwards them; other parts of a host may connect to them.
 class qxPanelChanges : public QObject {
     Q_OBJECT
 

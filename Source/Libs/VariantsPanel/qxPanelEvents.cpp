@@ -1,5 +1,7 @@
 #include "qxPanelEvents.h"
 
+#include "qxVariantKinds.h"
+
 #include "qxController.h"
 #include "qxMessage.h"
 #include "qxPanelChanges.h"
@@ -10,11 +12,6 @@ namespace {
 
 const char *const clearAllVariants = "clearAllVariants";
 const char *const variantsSetSelected = "variantsSetSelected";
-
-/// The announcements that ask for a highlight; their place is the number of the kind.
-const char *const highlights[] = {"selectNodeVariants", "selectMaterialVariants",
-                                  "selectLightVariants", "selectOverlayVariants",
-                                  "selectTransformVariants"};
 
 QStringList namesIn(const qxMessage *message)
 {
@@ -43,14 +40,15 @@ qxPanelEvents::~qxPanelEvents()
 static QHash<QByteArray, int> announcements(int sets, int variants, int states)
 {
     QHash<QByteArray, int> table;
-    for (const char *object : {"variantSet", "variantGroup"}) {
-        for (const char *event : {"Added", "Removed", "Changed"})
-            table.insert(QByteArray(object) + event, sets);
-    }
-    for (const char *kind : {"node", "material", "light", "overlay", "transform"}) {
-        for (const char *event : {"Added", "Removed", "Changed"})
-            table.insert(QByteArray(kind) + "Variant" + event, variants | states);
-        table.insert(QByteArray(kind) + "VariantSelected", states);
+    for (const char *event : {"variantSetAdded", "variantSetRemoved", "variantSetChanged",
+                              "variantGroupAdded", "variantGroupRemoved", "variantGroupChanged"})
+        table.insert(event, sets);
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
+        const qxVariantNotifications &names = kind->notifications;
+        for (const char *event : {names.added, names.removed, names.changed})
+            table.insert(event, variants | states);
+        if (names.selected)
+            table.insert(names.selected, states);
     }
     for (const char *event :
          {"variantsNodesChanged", "variantsMaterialChanged", "variantsLightsChanged",
@@ -69,9 +67,9 @@ void qxPanelEvents::hear(const QByteArray &name, const qxMessage *message)
         m_selected = set ? QString::fromStdString(*set) : QString();
         return gather(Selected | States);
     }
-    for (int kind = 0; kind < int(std::size(highlights)); ++kind) {
-        if (name == highlights[kind])
-            emit variantsHighlighted(kind, namesIn(message));
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
+        if (name == kind->notifications.highlight)
+            emit variantsHighlighted(*kind, namesIn(message));
     }
     gather(table.value(name, Nothing));
 }

@@ -4,11 +4,13 @@
 #include <QStringList>
 
 class qxMessage;
+struct qxVariantKind;
 
 /// The module's notifications and qxPanelChanges, as signals for the views.
 ///
-/// They are gathered: however many come in one turn of the event loop, each signal is sent once,
-/// after them. Until then pointers to sets, groups and variants may be dead, so views keep names.
+/// They are collected: however many come in one turn of the event loop, each signal is sent once,
+/// after them. Until then pointers to sets, groups and variants may be dangling, so views keep
+/// names.
 class qxPanelEvents : public QObject {
     Q_OBJECT
 
@@ -16,22 +18,22 @@ public:
     explicit qxPanelEvents(QObject *parent = nullptr);
     ~qxPanelEvents() override;
 
-    /// Sends what is gathered at once.
+    /// Sends the collected signals now.
     void flush();
 
 signals:
-    /// The host is about to forget everything, because the scene goes. Sent at once.
+    /// The scene is about to be cleared. Sent at once.
     void aboutToForget();
-    /// Sets or groups came, went or were edited.
+    /// Sets or groups were added, removed or edited.
     void setsChanged();
-    /// The same of variants.
+    /// Variants were added, removed or edited.
     void variantsChanged();
     /// The scene may show other states than before.
     void statesChanged();
-    /// This set was applied last.
+    /// This set was selected last.
     void setSelected(const QString &name);
-    /// The user wants to see these variants; `kind` as in qxVariantsModel.
-    void variantsHighlighted(int kind, const QStringList &names);
+    /// Views are to highlight these variants.
+    void variantsHighlighted(const qxVariantKind &kind, const QStringList &names);
 
 private:
     enum Pending { Nothing = 0, Sets = 1, Variants = 2, States = 4, Selected = 8 };

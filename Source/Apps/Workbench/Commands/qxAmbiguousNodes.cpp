@@ -3,13 +3,13 @@
 #include "qxVariantCaptureChecker.h"
 #include "qxVariants.h"
 
-#include "Report/qxNodePath.h"
 #include "Report/qxOutput.h"
-#include "qxNodeUtils.h"
-#include "qxScenegraph.h"
+#include "qxNames.h"
 
 #include <cstdio>
 #include <unistd.h>
+
+using qxNames::nameOf;
 
 namespace {
 
@@ -19,11 +19,6 @@ const int listed = 20; ///< before a question
 bool isTerminal()
 {
     return isatty(STDIN_FILENO) && isatty(STDERR_FILENO);
-}
-
-QString nameOf(const osg::NodePtr &node)
-{
-    return QString::fromStdString(qxNodeUtils::getName(node));
 }
 
 } // namespace
@@ -38,7 +33,7 @@ qxAmbiguousNodes::qxAmbiguousNodes()
 QStringList qxAmbiguousNodes::row(int index) const
 {
     const osg::NodePtr &node = m_nodes[std::size_t(index)];
-    return {nameOf(node), qxNodePath(node)};
+    return {nameOf(node), qxText::fromUtf8(qxNames::pathOf(node))};
 }
 
 void qxAmbiguousNodes::list() const
@@ -66,7 +61,7 @@ bool qxAmbiguousNodes::mayRename()
 void qxAmbiguousNodes::rename()
 {
     for (const osg::NodePtr &node : m_nodes) {
-        const QString path = qxNodePath(node);
+        const QString path = qxText::fromUtf8(qxNames::pathOf(node));
         qxNodeUtils::setName(node, qxNodeUtils::getName(node), true, qxScenegraph::getRoot());
         qxOutput::note(QStringLiteral("renamed %1 to \"%2\"").arg(path, nameOf(node)));
     }

@@ -51,19 +51,9 @@ extern const qxCommand capture;
 extern const qxCommand help;
 extern const qxCommand completion;
 
-/// Finds the command that `arguments` (with the program's name in front) ask for and runs it.
-int dispatch(const QStringList &arguments);
-
-/// The table of commands: help and shell completion follow from it.
-const QList<const qxCommand *> &all();
-/// Null for an unknown name.
-const qxCommand *find(const QString &name);
 /// The arguments one by one, and the options with --help.
 QStringList argumentsOf(const qxCommand &command);
 QList<QCommandLineOption> optionsOf(const qxCommand &command);
-/// Says that there is no such command, with those most like it, and answers the exit code.
-int unknown(const QString &name);
-
 /// The options that several commands share.
 QCommandLineOption jsonOption();
 /// Whoever has this one has --force, too.

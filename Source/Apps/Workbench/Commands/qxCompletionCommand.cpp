@@ -1,5 +1,5 @@
 #include "Report/qxOutput.h"
-#include "qxCommand.h"
+#include "qxCommandTable.h"
 #include "qxValueKind.h"
 
 #include <QCommandLineParser>

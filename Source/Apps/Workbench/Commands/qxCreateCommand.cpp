@@ -1,8 +1,9 @@
+#include "qxVariant.h"
 #include "qxVariantCreator.h"
+#include "qxVariantKinds.h"
 #include "qxVariants.h"
 
 #include "Report/qxOutput.h"
-#include "Report/qxVariantTable.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
 #include "qxCreators.h"
@@ -88,20 +89,20 @@ QList<QCommandLineOption> options()
             qxCommands::traceOption()};
 }
 
-void print(const QList<qxVariantRow> &created, bool json)
+void print(const QList<qxVariant *> &created, bool json)
 {
     QJsonArray array;
     QList<QStringList> rows;
-    for (const qxVariantRow &row : created) {
+    for (const qxVariant *variant : created) {
+        const QString kind = qxVariantKinds::of(*variant).word;
         QStringList states;
-        for (const qxVariantOption &option : row.variant->options)
+        for (const qxVariantOption &option : variant->options)
             states += option.name;
-        array += QJsonObject{{QStringLiteral("kind"), QLatin1String(row.kind)},
-                             {QStringLiteral("name"), row.variant->name},
-                             {QStringLiteral("default"), row.variant->defaultState},
+        array += QJsonObject{{QStringLiteral("kind"), kind},
+                             {QStringLiteral("name"), variant->name},
+                             {QStringLiteral("default"), variant->defaultState},
                              {QStringLiteral("states"), QJsonArray::fromStringList(states)}};
-        rows += QStringList{QLatin1String(row.kind), row.variant->name,
-                            states.join(QLatin1String(", "))};
+        rows += QStringList{kind, variant->name, states.join(QLatin1String(", "))};
     }
     if (json)
         return qxOutput::json(array);
@@ -111,21 +112,21 @@ void print(const QList<qxVariantRow> &created, bool json)
 }
 
 /// Creates the variants that are asked for and answers those that were not there before.
-QList<qxVariantRow> create(const QStringList &words)
+QList<qxVariant *> create(const QStringList &words)
 {
     QSet<const qxVariant *> known;
-    for (const qxVariantRow &row : qxVariantTable::all())
-        known += row.variant;
+    qxVariantKinds::visit(
+        [&](const qxVariantKind &, const qxVariant &variant) { known += &variant; });
     const qxCreators creators;
     for (const Kind &kind : kinds) {
         if (words.contains(QLatin1String(kind.word)))
             kind.create();
     }
-    QList<qxVariantRow> created;
-    for (const qxVariantRow &row : qxVariantTable::all()) {
-        if (!known.contains(row.variant))
-            created += row;
-    }
+    QList<qxVariant *> created;
+    qxVariantKinds::visit([&](const qxVariantKind &, qxVariant &variant) {
+        if (!known.contains(&variant))
+            created += &variant;
+    });
     return created;
 }
 

@@ -1,5 +1,5 @@
 #include "Report/qxOutput.h"
-#include "qxCommand.h"
+#include "qxCommandTable.h"
 #include "qxHelp.h"
 #include "qxSuggestions.h"
 #include "qxValueKind.h"

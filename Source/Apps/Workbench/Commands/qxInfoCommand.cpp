@@ -1,11 +1,11 @@
+#include "qxVariantKinds.h"
 #include "qxVariants.h"
 
 #include "Report/qxOutput.h"
-#include "Report/qxVariantTable.h"
 #include "Session/qxSession.h"
 #include "qxAnimManager.h"
+#include "qxSceneLookup.h"
 #include "qxShowCommand.h"
-#include "qxUberCameraPool.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -18,14 +18,6 @@ struct Fact {
     const char *words;
     QJsonValue value;
 };
-
-QJsonArray viewpointNames()
-{
-    QJsonArray names;
-    for (int id = 0; id < qxUberCameraPool::the()->count(); ++id)
-        names += QString::fromStdString(qxUberCameraPool::the()->get(id)->name);
-    return names;
-}
 
 QJsonObject hiddenPictures(const qxSceneFileInfo &info)
 {
@@ -55,7 +47,7 @@ QList<Fact> facts(const qxSceneFileInfo &info)
         {"triangles", "triangles", double(info.triangles)},
         {"materials", "materials", info.materials},
         {"textures", "textures", info.textures},
-        {"viewpoints", "viewpoints", viewpointNames()},
+        {"viewpoints", "viewpoints", QJsonArray::fromStringList(qxSceneLookup::viewpointNames())},
         {"animations", "animations", clipNames()},
         {"extensionsUsed", "extensions", QJsonArray::fromStringList(info.extensionsUsed)},
         {"extensionsNotUnderstood", "of these kept, not shown",
@@ -63,7 +55,7 @@ QList<Fact> facts(const qxSceneFileInfo &info)
         {"picturesNotShown", "pictures kept, not shown", hiddenPictures(info)},
         {"groups", "variant groups", int(qxVariants::_variantGroups.size())},
         {"sets", "variant sets", int(qxVariants::_variantSets.size())},
-        {"variants", "variants", qxVariantTable::all().size()},
+        {"variants", "variants", int(qxVariantKinds::count())},
     };
 }
 

@@ -1,4 +1,5 @@
 #include "qxTransformVariant.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -15,31 +16,30 @@
 
 namespace {
 
-QString textOf(const char *kind, const qxVariantState &entry)
+QString textOf(const qxVariantKind &kind, const qxVariantState &entry)
 {
-    return QStringLiteral("%1 %2 = %3").arg(QLatin1String(kind), entry.variant, entry.state);
+    return QStringLiteral("%1 %2 = %3").arg(kind.word, entry.variant, entry.state);
 }
 
 /// Everything of a set that optimizing may drop, as words such as "node Roof = Open".
 QStringList entriesOf(const qxVariantSet &set)
 {
     QStringList entries;
-    const auto addStates = [&](const char *kind, const qxStateList &states) {
-        for (const qxVariantState &each : states)
-            entries += textOf(kind, each);
+    const auto addStates = [&](const qxVariantKinds::List &kinds) {
+        for (const qxVariantKind *kind : kinds) {
+            for (const qxVariantState &each : set.*kind->states)
+                entries += textOf(*kind, each);
+        }
     };
     const auto addNames = [&](const char *kind, const qxUniqueNames &names) {
         for (const QString &name : names)
             entries += QStringLiteral("%1 %2").arg(QLatin1String(kind), name);
     };
-    addStates("node", set.nodeVariants);
-    addStates("material", set.materialVariants);
-    addStates("light", set.lightVariants);
+    addStates(qxVariantKinds::optimizingOrder().first);
     addNames("geometry", set.geometries);
     addNames("viewpoint", set.viewpoints);
     addNames("animation", set.animations);
-    addStates("overlay", set.overlayVariants);
-    addStates("transform", set.transformVariants);
+    addStates(qxVariantKinds::optimizingOrder().rest);
     return entries;
 }
 
@@ -85,7 +85,7 @@ QStringList putBackSteps(qxVariantSet &set, const qxStateList &before, const qxS
         if (!set.transformVariants.find(entry.variant)) {
             if (!isWorkingStep(scene, entry))
                 continue;
-            kept += textOf("transform", entry);
+            kept += textOf(qxVariantKinds::transform, entry);
         }
         whole.add(entry.variant, entry.state);
     }

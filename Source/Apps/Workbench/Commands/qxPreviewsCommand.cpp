@@ -1,3 +1,4 @@
+#include "qxVariantSet.h"
 #include "qxVariants.h"
 
 #include "Report/qxOutput.h"
@@ -43,8 +44,14 @@ int run(const QCommandLineParser &parser)
     const qxInterrupt interrupt;
     const QStringList names =
         all || stale ? qxSetPictures::allNames() : qxSetPictures::namesWithoutPreview();
-    int done = 0;
-    const qxSetPictures::Previews previews = qxSetPictures::makePreviews(names, done);
+    qxSetPictures::Previews previews;
+    const int done = qxSetPictures::visit(names, [&previews](qxVariantSet &set) {
+        if (!qxSetPictures::addPreview(set, previews))
+            return false;
+        if (previews[set.name] == set.getPreview())
+            previews.remove(set.name);
+        return true;
+    });
     // The previews show the scene as it was opened.
     if (!qxCommands::maySave(session, parser)
         || !qxSetPictures::reopen(session, parser.positionalArguments().first(), previews)

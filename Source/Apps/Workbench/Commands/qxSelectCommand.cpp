@@ -1,3 +1,4 @@
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -36,25 +37,16 @@ bool areSets(const QStringList &names)
     return true;
 }
 
-template <class Found>
-void addMissing(QStringList &missing, const char *kind, const qxStateList &states, Found found)
-{
-    for (const qxVariantState &state : states) {
-        if (!found(state.variant))
-            missing +=
-                QStringLiteral("no %1 variant \"%2\"").arg(QLatin1String(kind), state.variant);
-    }
-}
-
 /// What the set refers to although the registry does not have it.
 QStringList missingVariants(const qxVariantSet &set)
 {
     QStringList missing;
-    addMissing(missing, "node", set.nodeVariants, qxVariants::findNodeVariant);
-    addMissing(missing, "material", set.materialVariants, qxVariants::findMaterialVariant);
-    addMissing(missing, "transform", set.transformVariants, qxVariants::findTransformVariant);
-    addMissing(missing, "light", set.lightVariants, qxVariants::findLightVariant);
-    addMissing(missing, "overlay", set.overlayVariants, qxVariants::findOverlayVariant);
+    for (const qxVariantKind *kind : qxVariantKinds::selectionOrder().all()) {
+        for (const qxVariantState &state : set.*kind->states) {
+            if (!kind->find(state.variant))
+                missing += QStringLiteral("no %1 variant \"%2\"").arg(kind->word, state.variant);
+        }
+    }
     return missing;
 }
 

@@ -1,6 +1,8 @@
+#include "qxVariant.h"
+#include "qxVariantKinds.h"
+
 #include "Report/qxChangeReport.h"
 #include "Report/qxOutput.h"
-#include "Report/qxVariantTable.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
 #include "qxSuggestions.h"
@@ -10,11 +12,19 @@
 
 namespace {
 
+QStringList kindWords()
+{
+    QStringList words;
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        words += kind->word;
+    return words;
+}
+
 QList<QCommandLineOption> options()
 {
     return {{QStringLiteral("kind"),
              QStringLiteral("Takes the variant of this kind when several share the name."),
-             qxVariantTable::kinds().join(QLatin1Char('|'))},
+             kindWords().join(QLatin1Char('|'))},
             qxCommands::saveOption(),
             qxCommands::jsonOption(),
             qxCommands::traceOption()};
@@ -35,10 +45,10 @@ QString noState(const qxVariant &variant, const QString &state)
 QStringList variantNames(const QString &kind)
 {
     QStringList names;
-    for (const qxVariantRow &row : qxVariantTable::all()) {
-        if (kind.isEmpty() || kind == QLatin1String(row.kind))
-            names += row.variant->name;
-    }
+    qxVariantKinds::visit([&](const qxVariantKind &each, const qxVariant &variant) {
+        if (kind.isEmpty() || kind == each.word)
+            names += variant.name;
+    });
     names.removeDuplicates();
     return names;
 }
@@ -46,18 +56,19 @@ QStringList variantNames(const QString &kind)
 /// The one variant that is meant, or null after saying why none is.
 qxVariant *findVariant(const QString &name, const QString &kind)
 {
-    QList<qxVariantRow> rows;
-    for (const qxVariantRow &row : qxVariantTable::named(name)) {
-        if (kind.isEmpty() || kind == QLatin1String(row.kind))
-            rows += row;
-    }
-    if (rows.size() == 1)
-        return rows.first().variant;
+    qxVariant *found = nullptr;
     QStringList kinds;
-    for (const qxVariantRow &row : rows)
-        kinds += QLatin1String(row.kind);
+    for (const qxVariantKind *each : qxVariantKinds::all()) {
+        qxVariant *const variant = each->find(name);
+        if (!variant || (!kind.isEmpty() && kind != each->word))
+            continue;
+        found = variant;
+        kinds += each->word;
+    }
+    if (kinds.size() == 1)
+        return found;
     const QString wanted = kind.isEmpty() ? kind : kind + QLatin1Char(' ');
-    qxOutput::error(rows.isEmpty()
+    qxOutput::error(kinds.isEmpty()
                         ? QStringLiteral("no %1variant is called \"%2\"").arg(wanted, name)
                             + qxSuggestions::question(name, variantNames(kind))
                         : QStringLiteral("several variants are called \"%1\", say --kind %2")
@@ -69,9 +80,9 @@ int run(const QCommandLineParser &parser)
 {
     const QStringList arguments = parser.positionalArguments();
     const QString kind = parser.value(QStringLiteral("kind"));
-    if (!kind.isEmpty() && !qxVariantTable::kinds().contains(kind)) {
+    if (!kind.isEmpty() && !kindWords().contains(kind)) {
         qxOutput::error(QStringLiteral("unknown kind \"%1\"; there are %2")
-                            .arg(kind, qxVariantTable::kinds().join(QLatin1String(", "))));
+                            .arg(kind, kindWords().join(QLatin1String(", "))));
         return WrongUse;
     }
     qxSession session(parser.isSet(QStringLiteral("trace")));

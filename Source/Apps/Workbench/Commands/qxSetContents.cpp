@@ -1,5 +1,6 @@
 #include "qxSetContents.h"
 
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 
 namespace {
@@ -70,17 +71,22 @@ QStringList animationLines(const qxVariantSet &set)
     return all;
 }
 
+/// Such as "Node variants".
+QString titleOf(const qxVariantKind &kind)
+{
+    const QString word = kind.word;
+    return word.left(1).toUpper() + word.mid(1) + QStringLiteral(" variants");
+}
+
 } // namespace
 
 // A list, not a procedure.
 QList<qxSetFact> qxSetContents::of(const qxVariantSet &set)
 {
-    const QList<qxSetFact> all{
-        {QStringLiteral("Node variants"), lines(set.nodeVariants)},
-        {QStringLiteral("Material variants"), lines(set.materialVariants)},
-        {QStringLiteral("Light variants"), lines(set.lightVariants)},
-        {QStringLiteral("Overlay variants"), lines(set.overlayVariants)},
-        {QStringLiteral("Transform variants"), lines(set.transformVariants)},
+    QList<qxSetFact> all;
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        all += {titleOf(*kind), lines(set.*kind->states)};
+    all += QList<qxSetFact>{
         {QStringLiteral("Viewpoints"), set.viewpoints.list()},
         {QStringLiteral("Default viewpoint"), lines(set.defaultViewpoint)},
         {QStringLiteral("Animations"), animationLines(set)},

@@ -1,6 +1,8 @@
+#include "qxVariant.h"
+#include "qxVariantKinds.h"
+
 #include "Report/qxOutput.h"
 #include "Report/qxShownStates.h"
-#include "Report/qxVariantTable.h"
 #include "qxShowCommand.h"
 
 #include <QJsonArray>
@@ -8,18 +10,19 @@
 
 namespace {
 
-QJsonObject object(const qxVariantRow &row, const qxShownStates::Shown &shown)
+QJsonObject object(const qxVariantKind &kind, const qxVariant &variant,
+                   const qxShownStates::Shown &shown)
 {
     QJsonArray states;
-    for (const qxVariantOption &option : row.variant->options)
+    for (const qxVariantOption &option : variant.options)
         states += QJsonObject{{QStringLiteral("name"), option.name},
                               {QStringLiteral("shortcut"), option.shortcut},
                               {QStringLiteral("action"), option.isAction}};
-    return {{QStringLiteral("kind"), QLatin1String(row.kind)},
-            {QStringLiteral("name"), row.variant->name},
+    return {{QStringLiteral("kind"), kind.word},
+            {QStringLiteral("name"), variant.name},
             {QStringLiteral("current"), shown.state},
             {QStringLiteral("hidden"), shown.isHidden},
-            {QStringLiteral("default"), row.variant->defaultState},
+            {QStringLiteral("default"), variant.defaultState},
             {QStringLiteral("states"), states}};
 }
 
@@ -27,8 +30,9 @@ void printJson(const qxSession &)
 {
     const qxShownStates states;
     QJsonArray array;
-    for (const qxVariantRow &row : qxVariantTable::all())
-        array += object(row, states.of(row));
+    qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
+        array += object(kind, variant, states.of(variant));
+    });
     qxOutput::json(array);
 }
 
@@ -45,8 +49,9 @@ void printTable(const qxSession &)
 {
     const qxShownStates states;
     QList<QStringList> rows;
-    for (const qxVariantRow &row : qxVariantTable::all())
-        rows += QStringList{QLatin1String(row.kind), row.variant->name, wordsFor(states.of(row))};
+    qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
+        rows += QStringList{kind.word, variant.name, wordsFor(states.of(variant))};
+    });
     if (rows.isEmpty())
         rows += QStringList{QStringLiteral("no variants")};
     qxOutput::table(rows);

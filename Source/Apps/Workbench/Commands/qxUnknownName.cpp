@@ -2,8 +2,8 @@
 
 #include "Session/qxSetPictures.h"
 #include "qxNodeUtils.h"
+#include "qxSceneLookup.h"
 #include "qxSuggestions.h"
-#include "qxUberCameraPool.h"
 
 namespace {
 
@@ -22,10 +22,7 @@ QString qxUnknownName::set(const QString &name)
 
 QString qxUnknownName::viewpoint(const QString &name)
 {
-    QStringList names;
-    for (int id = 0; id < qxUberCameraPool::the()->count(); ++id)
-        names += QString::fromStdString(qxUberCameraPool::the()->get(id)->name);
-    return line("viewpoint", name, names);
+    return line("viewpoint", name, qxSceneLookup::viewpointNames());
 }
 
 QString qxUnknownName::node(const QString &name)

@@ -1,6 +1,7 @@
 #include "qxCataloguePage.h"
 
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -213,16 +214,16 @@ void writeVariants(qxHtmlWriter &page)
         page.element("th", QLatin1String(title));
     page.close();
     const qxShownStates states;
-    for (const qxVariantRow &row : qxVariantTable::all()) {
-        const QString current = states.of(row).state;
+    qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
+        const QString current = states.of(variant).state;
         page.open("tr");
-        page.element("td", QLatin1String(row.kind));
-        page.element("td", row.variant->name);
+        page.element("td", kind.word);
+        page.element("td", variant.name);
         page.element("td", current);
-        page.element("td", row.variant->defaultState);
-        writeOptions(page, *row.variant, current);
+        page.element("td", variant.defaultState);
+        writeOptions(page, variant, current);
         page.close();
-    }
+    });
     page.close();
     page.close();
 }
@@ -230,12 +231,11 @@ void writeVariants(qxHtmlWriter &page)
 void writeHead(qxHtmlWriter &page, const QString &title, const QList<Section> &sections)
 {
     page.element("h1", title);
-    page.element(
-        "p",
-        QStringLiteral("%1 in %2, %3")
-            .arg(counted(qxVariants::_variantSets.size(), "variant set", "variant sets"),
-                 counted(qxVariants::_variantGroups.size(), "group", "groups"),
-                 counted(std::size_t(qxVariantTable::all().size()), "variant", "variants")));
+    page.element("p",
+                 QStringLiteral("%1 in %2, %3")
+                     .arg(counted(qxVariants::_variantSets.size(), "variant set", "variant sets"),
+                          counted(qxVariants::_variantGroups.size(), "group", "groups"),
+                          counted(qxVariantKinds::count(), "variant", "variants")));
     page.open("nav");
     for (int number = 0; number < sections.size(); ++number) {
         page.open("a");
@@ -259,7 +259,7 @@ QByteArray qxCataloguePage::html(const QString &title, const Pictures &pictures)
         writeSection(page, number, sections[number], pictures);
     page.open("section");
     writeHeading(page, sections.size(), variants);
-    if (qxVariantTable::all().isEmpty())
+    if (qxVariantKinds::count() == 0)
         page.element("p", QStringLiteral("The scene has no variants."));
     else
         writeVariants(page);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qxSceneState.h"
+#include "Session/qxSceneState.h"
 
 #include <QStringList>
 

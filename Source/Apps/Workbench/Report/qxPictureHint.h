@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Render/qxRenderer.h"
+#include "Render/qxPicture.h"
 
 #include <QMap>
 #include <QStringList>

@@ -5,13 +5,13 @@
 #include "OSGSwitchComponentTransform.h"
 #include "qxStateRules.h"
 
-qxShownStates::Shown qxShownStates::of(const qxVariantRow &row) const
+qxShownStates::Shown qxShownStates::of(const qxVariant &variant) const
 {
-    Shown shown{row.variant->onCurrent(), false};
-    const auto *const variant = dynamic_cast<const qxNodeVariant *>(row.variant);
-    if (!variant)
+    Shown shown{variant.onCurrent(), false};
+    const auto *const ofNode = dynamic_cast<const qxNodeVariant *>(&variant);
+    if (!ofNode)
         return shown;
-    const auto nodes = m_scene.nodes(variant->nodeName);
+    const auto nodes = m_scene.nodes(ofNode->nodeName);
     if (nodes.empty())
         return shown;
     const qxSceneObject node{&qxVariantKinds::node, nodes.front(), osg::NullFC};

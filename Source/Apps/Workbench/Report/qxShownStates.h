@@ -1,7 +1,5 @@
 #pragma once
 
-#include "qxVariantTable.h"
-
 #include "qxSceneLookup.h"
 #include "qxScenegraph.h"
 
@@ -19,7 +17,7 @@ public:
     ~qxShownStates() { qxScenegraph::clearFindCache(); }
     qxShownStates(const qxShownStates &) = delete;
 
-    Shown of(const qxVariantRow &row) const;
+    Shown of(const qxVariant &variant) const;
 
 private:
     const qxSceneLookup m_scene;

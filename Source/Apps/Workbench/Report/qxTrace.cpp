@@ -1,8 +1,9 @@
 #include "qxTrace.h"
 
+#include "qxVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
-#include "qxVariantTable.h"
 #include "qxVariants.h"
 
 #include "qxController.h"
@@ -16,11 +17,13 @@ namespace {
 /// Says in words which object of the registry a message points to.
 QString objectText(const void *address)
 {
-    for (const qxVariantRow &row : qxVariantTable::all()) {
-        if (row.variant == address)
-            return QStringLiteral("%1 variant \"%2\"")
-                .arg(QLatin1String(row.kind), row.variant->name);
-    }
+    QString text;
+    qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
+        if (&variant == address)
+            text = QStringLiteral("%1 variant \"%2\"").arg(kind.word, variant.name);
+    });
+    if (!text.isEmpty())
+        return text;
     for (const qxVariantSet *set : qxVariants::_variantSets) {
         if (set == address)
             return QStringLiteral("set \"%1\"").arg(set->name);

@@ -1,6 +1,12 @@
 #include "qxPrompt.h"
 
 #include "Script/qxScriptRunner.h"
+#include "qxScript.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <boost/python.hpp>
 
@@ -8,72 +14,13 @@
 
 namespace python = boost::python;
 
+/// The sources of a library are not looked at before they are needed.
+static void initResources()
+{
+    Q_INIT_RESOURCE(qxPrompt);
+}
+
 namespace {
-
-/// Reading and running are two steps, so that each statement is a run of its own: one that goes
-/// astray and is broken off does not end the prompt.
-const char source[] = R"(
-import code
-import signal
-import sys
-
-try:
-    import readline
-    import rlcompleter
-except ImportError:
-    readline = None
-
-ask = input if sys.version_info[0] > 2 else lambda prompt: raw_input(prompt).decode("utf-8", "replace")
-
-
-class Prompt(code.InteractiveConsole):
-    def __init__(self, names):
-        code.InteractiveConsole.__init__(self, names, "<prompt>")
-        self.statement = None
-        self.ended = False
-        if readline:
-            readline.set_completer(rlcompleter.Completer(names).complete)
-            readline.parse_and_bind("tab: complete")
-
-    def next(self):
-        """Reads a whole statement; False at the end of the input."""
-        signal.signal(signal.SIGINT, signal.getsignal(signal.SIGINT))
-        self.statement = None
-        while not self.statement:
-            try:
-                self.push(self.line("... " if self.buffer else ">>> "))
-            except KeyboardInterrupt:
-                self.write("\nKeyboardInterrupt\n")
-                self.resetbuffer()
-            except EOFError:
-                self.write("\n")
-                return False
-        return True
-
-    def line(self, prompt):
-        scripts_output = sys.stdout
-        sys.stdout = sys.__stdout__  # input() edits lines for the terminal's own only
-        try:
-            return ask(prompt)
-        finally:
-            sys.stdout = scripts_output
-
-    def runcode(self, statement):
-        self.statement = statement
-
-    def execute(self):
-        try:
-            code.InteractiveConsole.runcode(self, self.statement)
-        except SystemExit:
-            self.ended = True
-            raise
-
-
-prompt = Prompt(sys.modules["__main__"].__dict__)
-)";
-
-/// Out of the way of the names that the person sees.
-const char module[] = "qxPrompt";
 
 /// While it exists, the prompt may take Ctrl-C for itself.
 class KeptInterrupt {
@@ -86,16 +33,46 @@ private:
     struct sigaction m_programs;
 };
 
-python::object makePrompt()
+/// The module of qxPrompt.py, out of the way of the names that the person sees. The interpreter
+/// runs.
+python::object promptModule()
 {
-    const python::object made = python::import("types").attr("ModuleType")(module);
+    const char name[] = "qxPrompt";
+    python::object modules = python::import("sys").attr("modules");
+    if (modules.contains(name))
+        return modules[name];
+    const python::object made = python::import("types").attr("ModuleType")(name);
     python::object names = made.attr("__dict__");
     // Python 2.7 does not see to that itself.
     names["__builtins__"] =
         python::object(python::handle<>(python::borrowed(PyEval_GetBuiltins())));
-    python::exec(source, names);
-    python::import("sys").attr("modules")[module] = made;
-    return made.attr("prompt");
+    initResources();
+    QFile source(QStringLiteral(":/Script/qxPrompt.py"));
+    source.open(QIODevice::ReadOnly);
+    python::exec(source.readAll().constData(), names);
+    made.attr("console") = made.attr("Console")();
+    modules[name] = made;
+    return made;
+}
+
+/// Asks the console in a script of the application, so that what it runs can be interrupted.
+QJsonDocument ask(const char *operation, const QString &text)
+{
+    if (qxScript::executeNUSR("True") != "True") // starts the interpreter, if nothing has yet
+        return QJsonDocument();
+    try {
+        promptModule();
+    } catch (const python::error_already_set &) {
+        PyErr_Print();
+        return QJsonDocument();
+    }
+    const QByteArray argument =
+        QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact).toBase64();
+    const QByteArray expression = QByteArray("__import__('qxPrompt').console.") + operation
+        + "(__import__('json').loads(__import__('base64').b64decode('" + argument
+        + "').decode('utf-8'))[0])";
+    return QJsonDocument::fromJson(
+        QByteArray::fromStdString(qxScript::executeNUSR(expression.constData())));
 }
 
 } // namespace
@@ -107,14 +84,37 @@ bool qxPrompt::run()
         return false;
     const KeptInterrupt interrupt;
     try {
-        const python::object prompt = makePrompt();
-        const std::string execute = "__import__('" + std::string(module) + "').prompt.execute()";
+        const python::object module = promptModule();
+        const python::object terminal = module.attr("Terminal")();
+        module.attr("terminal") = terminal;
         bool succeeded = true;
-        while (!prompt.attr("ended") && prompt.attr("next")())
-            succeeded = qxScriptRunner::run(execute, "<prompt>");
-        return succeeded || !prompt.attr("ended");
+        while (!terminal.attr("ended") && terminal.attr("next")())
+            succeeded =
+                qxScriptRunner::run("__import__('qxPrompt').terminal.execute()", "<prompt>");
+        return succeeded || !terminal.attr("ended");
     } catch (const python::error_already_set &) {
         PyErr_Print();
         return false;
     }
+}
+
+qxPrompt::Answer qxPrompt::run(const QString &statement)
+{
+    const QJsonDocument answered = ask("answer", statement);
+    if (answered.isNull()) {
+        // A statement that would not end was ended without any ceremony.
+        qxScript::executeNUS("__import__('qxPrompt').console.put_back()", false);
+        return {false, QStringLiteral("KeyboardInterrupt")};
+    }
+    const QJsonObject answer = answered.object();
+    return {answer.value("more").toBool(), answer.value("text").toString()};
+}
+
+QStringList qxPrompt::completions(const QString &text)
+{
+    QStringList names;
+    for (const QJsonValue &name : ask("names", text).array())
+        names << name.toString();
+    names.removeDuplicates();
+    return names;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Cameras/qxMainView.h"
-#include "Report/qxSceneState.h"
 #include "Scene/qxClipping.h"
+#include "qxSceneState.h"
 
 #include <OpenSG/OSGComponentTransform.h>
 

@@ -2,6 +2,7 @@
 
 #include "qxMaterialVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
 #include "qxVariantReader.h"
 #include "qxVariantSet.h"
 #include "qxVariantWriter.h"
@@ -206,9 +207,7 @@ bool qxSession::fail(const QString &reason)
 
 bool qxSession::isEmpty() const
 {
-    return qxVariants::_nodeVariants.empty() && qxVariants::_materialVariants.empty()
-        && qxVariants::_lightVariants.empty() && qxVariants::_overlayVariants.empty()
-        && qxVariants::_transformVariants.empty() && qxVariants::_variantSets.empty()
+    return qxVariantKinds::count() == 0 && qxVariants::_variantSets.empty()
         && qxVariants::_variantGroups.empty();
 }
 

@@ -43,42 +43,52 @@ void qxSetPictures::prepare(const QCommandLineParser &parser, int bestSamples)
     qxKernelServiceFactory::the()->getService<qxCameraService>()->moveToViewpoint(0, 0, 0, 0);
 }
 
-int qxSetPictures::visit(const QStringList &names, const Work &work)
+int qxSetPictures::visit(const QStringList &names, const Begin &begin, const Work &work)
 {
     const qxSceneSnapshot before;
-    qxPictureHint hint;
-    auto progress = std::make_unique<qxProgress>(names.size());
     int done = 0;
     for (const QString &name : names) {
-        if (qxInterrupt::isAsked())
+        if (!begin(name))
             break;
-        progress->begin(name);
         qxVariants::selectVariantSet(name.toUtf8().constData(), false);
         qxVariantSet *const set = qxVariants::findVariantSet(name);
         const bool isDone = !set || work(*set);
-        if (set && isDone)
-            hint.note(name);
         before.restore();
         if (!isDone)
             break;
         ++done;
     }
+    return done;
+}
+
+int qxSetPictures::visit(const QStringList &names, const Work &work)
+{
+    qxPictureHint hint;
+    auto progress = std::make_unique<qxProgress>(names.size());
+    const auto begin = [&progress](const QString &name) {
+        if (qxInterrupt::isAsked())
+            return false;
+        progress->begin(name);
+        return true;
+    };
+    const auto workAndNote = [&](qxVariantSet &set) {
+        const bool isDone = work(set);
+        if (isDone)
+            hint.note(set.name);
+        return isDone;
+    };
+    const int done = visit(names, begin, workAndNote);
     progress.reset();
     hint.tell();
     return done;
 }
 
-qxSetPictures::Previews qxSetPictures::makePreviews(const QStringList &names, int &done)
+bool qxSetPictures::addPreview(const qxVariantSet &set, Previews &previews)
 {
-    Previews previews;
-    done = visit(names, [&previews](qxVariantSet &set) {
-        const QByteArray before = set.getPreview();
-        qxVariants::renderVariantSetPreview(&set, false, true, true);
-        if (set.getPreview() != before && !set.getPreview().isEmpty())
-            previews[set.name] = set.getPreview();
-        return !set.getPreview().isEmpty();
-    });
-    return previews;
+    const QByteArray preview = qxVariants::createPreviewImage(true, true);
+    if (!preview.isEmpty())
+        previews[set.name] = preview;
+    return !preview.isEmpty();
 }
 
 bool qxSetPictures::reopen(qxSession &session, const QString &file, const Previews &previews)

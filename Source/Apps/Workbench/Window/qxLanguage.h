@@ -10,14 +10,14 @@ class QTranslator;
 /// The language of the interface: the translations of this program and of Qt, in use while this
 /// lives. The choice is remembered in the settings of the program.
 ///
-/// Numbers, dates and files follow no choice of language.
+/// Formats of numbers, dates and files do not depend on it.
 class qxLanguage {
 public:
     /// Takes the language that was chosen last, or else that of the system.
     qxLanguage();
     ~qxLanguage();
 
-    /// The codes that can be chosen, such as "de"; the empty one stands for that of the system.
+    /// The available codes, such as "de"; an empty one means the system's language.
     static QStringList codes();
     /// The name of a language in that language.
     static QString nameOf(const QString &code);

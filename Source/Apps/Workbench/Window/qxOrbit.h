@@ -5,15 +5,14 @@
 
 struct qxUberCamera;
 
-/// Moves a camera as a hand on the mouse does. Distances are in pictures: 1 is the height of the
-/// view.
+/// Moves a camera for mouse movements. Distances are relative: 1 is the height of the view.
 namespace qxOrbit {
 
 /// Turns the camera around `pivot`, to the right and upwards; it never goes over the top.
 void turn(qxUberCamera &camera, const osg::Pnt3f &pivot, float right, float up);
-/// Moves what is at the distance of `pivot` by that part of the picture; the pivot moves along.
+/// Moves objects at the distance of `pivot` by that part of the picture; the pivot moves, too.
 void pan(qxUberCamera &camera, osg::Pnt3f &pivot, float right, float up);
-/// Goes nearer to the pivot by the factor, above 1, or away from it, below 1.
+/// Moves nearer to the pivot for a factor above 1, away from it below 1.
 void zoom(qxUberCamera &camera, const osg::Pnt3f &pivot, float factor);
 /// Shows a sphere as a whole, in the direction that the camera has; `aspect` is width by height.
 void fit(qxUberCamera &camera, const osg::Pnt3f &centre, float radius, float aspect);

@@ -6,8 +6,8 @@
 class QProgressDialog;
 class QWidget;
 
-/// Shows the progress of pictures that are rendered while everything waits for them (previews), in
-/// front of a window. Quick ones show nothing; others can be cancelled.
+/// Shows the progress of pictures that block the program (previews), in front of a window. Fast
+/// ones show nothing; others can be cancelled.
 class qxPictureDialog {
     Q_DECLARE_TR_FUNCTIONS(qxPictureDialog)
 

@@ -1,8 +1,7 @@
 #include "qxSceneTreeModel.h"
 
 #include "qxController.h"
-#include "qxNodeUtils.h"
-#include "qxScenegraph.h"
+#include "qxNames.h"
 
 #include <OpenSG/OSGCPEditor.h>
 
@@ -15,11 +14,6 @@ namespace {
 
 const osg::UInt32 everything = 0xFFFFFFFF;
 
-QString nameOf(const osg::NodePtr &node)
-{
-    return QString::fromStdString(qxNodeUtils::getName(node));
-}
-
 } // namespace
 
 qxSceneTreeModel::qxSceneTreeModel(QObject *parent) : QAbstractItemModel(parent)
@@ -30,7 +24,7 @@ qxSceneTreeModel::qxSceneTreeModel(QObject *parent) : QAbstractItemModel(parent)
 void qxSceneTreeModel::append(Rows &rows, const osg::NodePtr &node, int parent, int row)
 {
     const int place = int(rows.size());
-    rows.push_back({osg::NodeRefPtr(node), nameOf(node), parent, row, {}});
+    rows.push_back({osg::NodeRefPtr(node), qxNames::nameOf(node), parent, row, {}});
     if (parent >= 0)
         rows[std::size_t(parent)].children.push_back(place);
 }

@@ -10,7 +10,7 @@
 /// The nodes of the scene below its root. The first column has the name with a check box for the
 /// visibility, the second what the node is.
 ///
-/// It shows the scene as it was when refresh was called; visibility is read when it is shown.
+/// Rows are those of the last refresh; visibility is always read from the scene.
 class qxSceneTreeModel : public QAbstractItemModel {
     Q_OBJECT
 
@@ -19,10 +19,10 @@ public:
 
     explicit qxSceneTreeModel(QObject *parent = nullptr);
 
-    /// Looks at the scene again. Where nodes came or went or got other names, views keep what is
-    /// open and chosen as far as it is still there.
+    /// Reads the scene again. If nodes were added, removed or renamed, views keep expanded and
+    /// selected rows that still exist.
     void refresh();
-    /// The language is another: views ask for all texts anew.
+    /// Call it after a change of language: views update all texts.
     void retranslate();
     osg::NodePtr nodeAt(const QModelIndex &index) const;
     QModelIndex indexOf(const osg::NodePtr &node) const;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Render/qxRenderer.h"
+#include "Render/qxPicture.h"
 
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGVector.h>
@@ -14,8 +14,7 @@
 class QLabel;
 class qxMainGlView;
 
-/// The 3D view of a window: shows the scene's picture, quickly while something moves and finer and
-/// finer when all is still.
+/// The 3D view of a window: a coarse picture while something moves, refined when nothing does.
 ///
 /// The left button turns, the middle or the left one with Shift moves, the wheel or the right
 /// button zooms; a click picks a node, a double click looks at it. Arrows turn, plus and minus
@@ -32,7 +31,7 @@ public:
     void fitScene();
     void fitNode(const osg::NodePtr &node);
     void goHome();
-    /// The scene is another one: what was looked at is forgotten.
+    /// Call it for a new scene: forgets the point that the camera orbits.
     void showNewScene();
 
 signals:
@@ -59,7 +58,7 @@ private:
     void zoom(float factor);
     void takeCamera();
     void takePicture();
-    /// Why nothing of the scene is to be seen.
+    /// Shows why nothing of the scene is visible.
     void showHint();
     static QString adviceOn(qxPicture::Content content);
     void tellProgress(float share);

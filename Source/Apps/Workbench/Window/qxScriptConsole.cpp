@@ -1,6 +1,6 @@
 #include "qxScriptConsole.h"
 
-#include "Script/qxConsolePython.h"
+#include "Script/qxPrompt.h"
 #include "qxController.h"
 
 #include <QFontDatabase>
@@ -97,7 +97,7 @@ void qxScriptConsole::enter()
         return m_input->clear();
     emit aboutToRun();
     qxController::setBusy(true, true);
-    const qxConsolePython::Answer answer = qxConsolePython::run(statement);
+    const qxPrompt::Answer answer = qxPrompt::run(statement);
     qxController::setBusy(false, true);
     if (answer.isIncomplete)
         return m_input->insertPlainText("\n");
@@ -130,7 +130,7 @@ void qxScriptConsole::complete()
     const QString word = path.match(before).captured();
     if (word.isEmpty())
         return m_input->insertPlainText(QStringLiteral("    "));
-    const QStringList names = qxConsolePython::completions(word);
+    const QStringList names = qxPrompt::completions(word);
     const QString start = commonStart(names);
     if (start.size() > word.size())
         return m_input->insertPlainText(start.mid(word.size()));

@@ -6,8 +6,8 @@
 /// A prompt of the host's script interpreter: what was typed and printed so far, and a field for
 /// the next statement.
 ///
-/// Enter runs the statement; one that goes on, after a colon or an open bracket, gets another line,
-/// and an empty line ends it. Up and Down go through what was typed before, Tab completes names and
+/// Enter runs the statement. An incomplete one, after a colon or an open bracket, gets another
+/// line, and an empty line ends it. Up and Down recall earlier statements, Tab completes names and
 /// leaves an empty field.
 class qxScriptConsole : public QWidget {
     Q_OBJECT
@@ -19,9 +19,9 @@ public:
     QPlainTextEdit *output() const { return m_output; }
 
 signals:
-    /// What was typed is about to be taken for a statement.
+    /// A statement is about to run.
     void aboutToRun();
-    /// A statement ran, whatever it did.
+    /// A statement ran, successfully or not.
     void statementRan();
 
 protected:
@@ -38,6 +38,6 @@ private:
     QPlainTextEdit *m_output;
     QPlainTextEdit *m_input;
     QStringList m_history;
-    int m_recalled = 0; ///< place in m_history; its end is what is being typed
-    QString m_typed; ///< that, while older statements are shown
+    int m_recalled = 0; ///< index in m_history; its size for the text being typed
+    QString m_typed; ///< the text being typed, while older statements are shown
 };

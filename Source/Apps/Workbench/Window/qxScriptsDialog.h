@@ -8,13 +8,13 @@ class QDialogButtonBox;
 class QPlainTextEdit;
 class QTreeWidget;
 
-/// Shows the scripts that came with a file, and asks whether they may run. Accepted, there is a
-/// decision; else everything stays as it is.
+/// Shows the scripts that came with a file, and asks whether they may run. If accepted, the user
+/// has decided; otherwise nothing changes.
 class qxScriptsDialog : public QDialog {
     Q_OBJECT
 
 public:
-    /// `file` is its name for people.
+    /// `file` is the name to show.
     qxScriptsDialog(const QString &file, const QList<qxFileScripts::Script> &scripts,
                     QWidget *parent);
 

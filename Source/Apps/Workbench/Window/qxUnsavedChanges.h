@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Report/qxSceneState.h"
+#include "Session/qxSceneState.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -9,21 +9,20 @@
 class QUndoStack;
 class qxPanelEvents;
 
-/// Whether a save would write something else than was opened or saved last: edited sets and
-/// variants, or a scene that stands another way.
+/// Whether sets, variants or scene differ from what was last opened or saved.
 ///
-/// It compares, so what is taken back is no change.
+/// It compares contents, so a change that was reverted does not count.
 class qxUnsavedChanges : public QObject {
     Q_OBJECT
 
 public:
     qxUnsavedChanges(const QUndoStack *edits, qxPanelEvents *events, QObject *parent);
 
-    /// What is there now is in the file.
+    /// The file was just opened or saved: there are no changes.
     void forget();
-    /// Looks again soon; for what nobody announces.
+    /// Compares soon; for changes without a notification.
     void look();
-    /// Looks at once.
+    /// Compares now.
     bool areThere();
 
 signals:
@@ -33,7 +32,7 @@ private:
     void lookSoon();
 
     const QUndoStack *m_edits;
-    QTimer m_idle; ///< comparing takes long with many sets, so not each change is a reason
+    QTimer m_idle; ///< comparing many sets is slow, so it waits for a pause
     QByteArray m_document; ///< its hash
     qxSceneState m_scene;
     bool m_mayDocumentDiffer = false;

@@ -4,8 +4,8 @@
 
 #include <QObject>
 
-/// Keeps the program's windows painted while a script runs for long, and ends it when the user
-/// presses Escape. What the user does else meanwhile is ignored. At most one exists.
+/// Repaints the program's windows while a script runs for long, and ends the script when the user
+/// presses Escape. Other input is ignored meanwhile. At most one exists.
 class qxWindowWatchdog : public QObject {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:
-    /// A script still runs; again and again until it ends.
+    /// A script still runs. Emitted repeatedly until it ends.
     void stillRuns();
 
 private:

@@ -4,6 +4,7 @@
 #include "Script/qxBlockedScripts.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
+#include "Session/qxSetPictures.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
 #include "qxController.h"
@@ -13,10 +14,10 @@
 #include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
+#include "qxPreviewDialog.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
-#include "qxSetPreviews.h"
 #include "qxUnsavedChanges.h"
 #include "qxWindowWatchdog.h"
 
@@ -68,7 +69,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_unsaved, &qxUnsavedChanges::look);
     connect(m_console, &qxScriptConsole::aboutToRun, this, &qxWorkbenchWindow::rememberForScript);
     connect(m_console, &qxScriptConsole::statementRan, this, &qxWorkbenchWindow::followScripts);
-    // What has the keys must be seen, but may lie behind another dock.
+    // The dock with the focus may lie behind another one.
     connect(qApp, &QApplication::focusChanged, this, [](QWidget *, QWidget *now) {
         if (QDockWidget *const dock = dockAround(now))
             dock->raise();
@@ -84,11 +85,11 @@ qxWorkbenchWindow::qxWorkbenchWindow()
 
 qxWorkbenchWindow::~qxWorkbenchWindow()
 {
-    // The stack tells of its end while the dock that it belongs to is gone already.
+    // The stack emits signals while its dock is already destroyed.
     m_sets->undoStack()->disconnect(this);
-    // What shows the scene goes before the scene.
-    m_watchdog.reset();
-    m_blockedScripts.reset();
+    // Views of the scene are destroyed before the scene.
+    m_watch.reset();
+    m_leftOut.reset();
     m_before.reset();
     m_beforeScript.reset();
     delete m_unsaved;
@@ -207,7 +208,7 @@ void qxWorkbenchWindow::showPicked(const osg::NodePtr &node)
     statusBar()->showMessage(QString::fromStdString(qxNodeUtils::getName(node)));
 }
 
-/// The beginning of the column, where the view goes by itself, may be all indentation.
+/// The view scrolls to the start of the column, which may show only indentation.
 void qxWorkbenchWindow::showNode(const QModelIndex &index)
 {
     m_treeView->scrollTo(index);
@@ -224,7 +225,7 @@ void qxWorkbenchWindow::rememberForBack()
     m_back->setEnabled(true);
 }
 
-/// What leads back to the scene goes with it.
+/// Records of the old scene are dropped with it.
 void qxWorkbenchWindow::forgetScene()
 {
     m_before.reset();
@@ -235,7 +236,14 @@ void qxWorkbenchWindow::forgetScene()
 
 void qxWorkbenchWindow::makePreviews(const QStringList &sets)
 {
-    m_sets->setPreviews(qxSetPreviews::make(sets, this));
+    qxSetPictures::Previews previews;
+    {
+        qxPreviewDialog dialog(sets.size(), this);
+        qxSetPictures::visit(
+            sets, [&dialog](const QString &set) { return dialog.begin(set); },
+            [&previews](qxVariantSet &set) { return qxSetPictures::addPreview(set, previews); });
+    }
+    m_sets->setPreviews(previews);
     emit qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
 }
@@ -256,7 +264,7 @@ void qxWorkbenchWindow::rememberForScript()
     m_beforeScript = std::make_unique<qxSceneSnapshot>();
 }
 
-/// What scripts do to nodes nobody announces.
+/// Changes of nodes by scripts are not announced, so everything is refreshed.
 void qxWorkbenchWindow::followScripts()
 {
     if (m_beforeScript && !m_beforeScript->isStillSo()) {

@@ -31,12 +31,12 @@ public:
     qxWorkbenchWindow();
     ~qxWorkbenchWindow() override;
 
-    /// Opens a scene in the place of the one shown, without asking. A reason for a failure is
-    /// shown. The scene before is shown then as it was, or, when the file could be read but not its
-    /// variants, as its own file has it.
+    /// Replaces the scene by that of the file, without asking. If it fails, the reason is shown and
+    /// the old scene stays. If only the variants of the file could not be read, the old scene is
+    /// read again from its own file.
     bool openFile(const QString &path);
-    /// Asks before it overwrites what somebody has changed since it was opened. A reason for a
-    /// failure is shown, and the changes are still unsaved then.
+    /// Asks before it overwrites a file that others have changed since it was opened. If it fails,
+    /// the reason is shown, and the changes stay unsaved.
     bool saveFile(const QString &path);
     /// Empty for a scene that has no file yet.
     QString filePath() const { return m_path; }
@@ -45,7 +45,7 @@ public:
     qxSceneView *sceneView() const { return m_view; }
     qxScriptConsole *console() const { return m_console; }
 
-    /// Puts the scene back to what it was before the last set was selected here.
+    /// Restores the scene to its state before the last selection.
     void goBack();
     /// The menu with the files that were opened or saved last, the newest first.
     QMenu *recentMenu() const { return m_recent; }
@@ -62,7 +62,7 @@ private:
     void addDock(QDockWidget *dock, Qt::DockWidgetArea area);
     QDockWidget *dockOf(QWidget *contents, const char *title, const QString &name);
     QMenu *addMenu(const char *title);
-    /// Gives the action the translation of the text, in each language that is chosen.
+    /// Sets the text of the action, translated again at each change of language.
     QAction *named(QAction *action, const char *text);
     void buildFileMenu();
     void buildEditMenu();
@@ -103,7 +103,7 @@ private:
     QString failureReason() const;
     void showFailure(const QString &what, const QString &reason);
 
-    std::unique_ptr<qxLanguage> m_language; ///< before all that has texts
+    std::unique_ptr<qxLanguage> m_language; ///< must precede everything that has texts
     std::unique_ptr<qxSession> m_session;
     std::unique_ptr<qxSceneSnapshot> m_before; ///< what "Back" leads to; null for nothing
     std::unique_ptr<qxWindowWatchdog> m_watchdog;

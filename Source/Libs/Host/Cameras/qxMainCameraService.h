@@ -2,8 +2,8 @@
 
 #include "qxCameraService.h"
 
-/// Puts the camera of the main view (qxMainView) to the viewpoints of the pool, without a flight:
-/// a duration is taken as an upper limit.
+/// Moves the camera of the main view (qxMainView) to viewpoints of the pool at once: a duration is
+/// only an upper limit.
 class qxMainCameraService : public qxCameraService {
 public:
     int findViewpoint(const std::string &name) const override;

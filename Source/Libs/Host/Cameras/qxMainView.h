@@ -2,8 +2,8 @@
 
 #include "qxUberCameraPool.h"
 
-/// From where the main view shows the scene. It changes when the camera service moves it; a window
-/// may move it as well and then sets `viewpoint` to -1.
+/// The camera of the main view. The camera service moves it; a window may move it, too, and then
+/// sets `viewpoint` to -1.
 struct qxMainView {
     static qxMainView &the();
 

@@ -4,10 +4,11 @@
 #include <deque>
 #include <utility>
 
-/// Things that are run in the order of their registration, and that may come and go meanwhile.
+/// Functions that run in the order of their registration; others may be added and removed
+/// meanwhile.
 ///
-/// A run leaves out what was removed before its turn and what was added after the run began. What
-/// is removed while it runs itself is kept alive until no run is in progress.
+/// A run skips items that were removed before their turn or added after it began. An item that is
+/// removed while it runs stays alive until no run is in progress.
 template <class T>
 class qxCallList {
 public:

@@ -2,13 +2,13 @@
 
 #include <functional>
 
-/// Where requests for a new picture arrive: qxController::updateRender sends them, a view obeys.
+/// Requests for a new picture: qxController::updateRender sends them, a view receives them.
 class qxRenderRequests {
 public:
-    /// `everything` also redoes what a picture keeps between frames.
+    /// `everything` also rebuilds what is cached between frames.
     typedef std::function<void(bool everything)> Listener;
 
-    /// Hears every request until removeListener is called with the returned id.
+    /// `listener` receives every request until removeListener gets the returned id.
     static int addListener(const Listener &listener);
     static void removeListener(int id);
     static void request(bool everything);

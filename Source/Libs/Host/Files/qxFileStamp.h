@@ -5,15 +5,15 @@
 
 #include <sys/stat.h>
 
-/// What a file held when it was read or written, to see later whether somebody has changed it.
+/// The content of a file when it was read or written, to detect later changes by others.
 class qxFileStamp {
 public:
-    /// Of no file: that stays as it is.
+    /// Of no file, which never changes.
     qxFileStamp() = default;
-    /// `bytes` is what the file holds, or what matters of it: its beginning.
+    /// `bytes` is the content of the file, or the beginning that matters.
     qxFileStamp(const QString &path, const QByteArray &bytes);
 
-    /// Whether the file is there and holds the same.
+    /// Whether the file exists with the same content.
     bool isUpToDate() const;
 
 private:

@@ -4,9 +4,8 @@
 
 #include <limits>
 
-/// What the decoded content of one file may take of the memory. Files of a few hundred bytes can
-/// ask for any amount: everything that is made of a file is taken from its budget before it is
-/// made.
+/// The memory limit for the decoded content of one file, since a few hundred bytes can ask for any
+/// amount. Memory is taken from the budget before it is allocated.
 class qxMemoryBudget {
 public:
     explicit qxMemoryBudget(qint64 limit = std::numeric_limits<qint64>::max()) : m_left(limit) {}
@@ -19,11 +18,11 @@ public:
     static QString text(double bytes);
     static qint64 fromText(const QString &text);
 
-    /// Takes `count` times `size` bytes. Throws qxGltfError when they are not left.
+    /// Takes `count` times `size` bytes. Throws qxGltfError if fewer are left.
     void take(qint64 count, qint64 size);
     /// The same; the message begins with what they are for.
     void take(const QString &owner, qint64 count, qint64 size);
-    /// Returns what was taken for a while.
+    /// Gives back memory that was needed temporarily.
     void giveBack(qint64 bytes) { m_left += bytes; }
 
 private:

@@ -4,28 +4,28 @@
 
 #include <sys/types.h>
 
-/// The file beside a target that takes its new content until that is whole. Its name tells the
-/// target, and it is locked as long as its process lives.
+/// A temporary file beside a target for its new content. Its name is derived from the target, and
+/// it is locked as long as its process lives.
 ///
 /// Operations that can fail answer false with the reason in errno.
 class qxSavingFile {
 public:
     qxSavingFile() = default;
     qxSavingFile(const qxSavingFile &) = delete;
-    /// Removes the file unless it has become its target or is kept.
+    /// Removes the file unless it replaced its target or is kept.
     ~qxSavingFile();
 
-    /// Makes it for that target, which need not exist, with the mode that open(2) gives it.
+    /// Creates it for that target, which need not exist, with the mode of open(2).
     bool create(const QByteArray &target, mode_t mode);
-    /// Makes it the target.
+    /// Renames it to the target.
     bool replaceTarget();
-    /// Leaves it where it is.
+    /// Keeps the file.
     void keep() { m_isKept = true; }
 
     int descriptor() const { return m_descriptor; }
     const QByteArray &name() const { return m_name; }
 
-    /// Removes what saves of that target have left that were killed.
+    /// Removes the temporary files of killed saves of that target.
     static void removeStrays(const QByteArray &target);
 
 private:

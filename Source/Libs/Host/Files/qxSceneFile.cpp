@@ -1,10 +1,11 @@
 #include "Files/qxSceneFile.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Common/qxGltfModel.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/Gltf/Read/qxGltfCheck.h"
-#include "Files/Gltf/Read/qxGltfMaterials.h"
+#include "Files/Gltf/Read/qxGltfModel.h"
+#include "Files/Gltf/Read/qxGltfScene.h"
+#include "Files/Gltf/Read/qxGltfSceneBuilder.h"
 #include "Files/Gltf/Write/qxGltfCameraPatch.h"
 #include "Files/Gltf/Write/qxGltfMeshPatch.h"
 #include "Files/Gltf/Write/qxGltfOutput.h"
@@ -145,9 +146,9 @@ qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Ste
     qxGltfModel model = qxGltfModel::read(path);
     qxGltfScene scene;
     listener(Materials);
-    scene.buildMaterials(model);
+    scene.materials = qxGltfMaterials(model);
     listener(Building);
-    scene.build(model);
+    qxGltfBuildScene(model, scene);
     auto content = std::make_unique<Content>();
     content->info = infoOf(model);
     content->scene = model.sceneIndex();

@@ -24,15 +24,15 @@ struct qxSceneFileInfo {
     int animations = 0;
     QStringList extensionsUsed;
     QStringList extensionsRequired;
-    QStringList extensionsNotUnderstood; ///< used ones whose data are kept, but not shown
+    QStringList extensionsNotUnderstood; ///< used by the file, kept, but not shown
     /// Kinds of pictures that are kept, but not shown: how many materials have one.
     QMap<QString, int> hiddenPictures;
 };
 
 /// Reads scenes from glTF 2.0 files (.gltf, .glb) into the host and writes them back.
 ///
-/// Saving changes in the file what changed in the scene, and keeps everything else as it was, also
-/// what the host does not understand. Docs/SceneFiles.md tells what is read and written.
+/// Saving changes in the file only what changed in the scene, and keeps everything else, also what
+/// the host does not understand. Docs/SceneFiles.md says what is read and written.
 class qxSceneFile {
 public:
     /// A scene that has no file yet.
@@ -44,39 +44,39 @@ public:
     enum Step { Reading, Materials, Building, Showing };
     typedef std::function<void(Step)> StepListener;
 
-    /// Reads the scene of `path` and shows it: below the root of the scene, in the pools of
-    /// materials, viewpoints and clips. On failure nothing is shown, and the object is as it was.
+    /// Reads the scene of `path` into the host: below the root of the scene, and into the pools of
+    /// materials, viewpoints and clips. On failure nothing is added, and the object is unchanged.
     /// The listener hears of each step before it is taken. When it has heard of Showing, which does
     /// not fail, the scene must be clear (qxHost::clearScene).
     bool load(
         const QString &path, const StepListener &listener = [](Step) {});
-    /// Writes the scene as it is now; the suffix decides between .gltf and .glb. Files that the
-    /// scene needs are put beside it. On failure the old files are whole, unless the error says
-    /// otherwise. Files of buffers that others have changed stay so, and the scene file takes in
-    /// what was loaded.
+    /// Writes the present scene; the suffix decides between .gltf and .glb. Files that the scene
+    /// needs are written beside it. On failure the old files are intact, unless the error says
+    /// otherwise. Files of buffers that others have changed are not overwritten; the scene file
+    /// then includes the data that were loaded.
     bool save(const QString &path);
-    /// Whether somebody has changed, since it was loaded or saved here last, the file that a save
-    /// there replaces, or files of buffers that stay beside it.
+    /// Whether others have changed the file that a save to `path` replaces, or files of its
+    /// buffers, since it was last loaded or saved here.
     bool isChangedByOthers(const QString &path) const;
 
     /// Why the last operation failed, with the path; empty when it did not.
     QString errorString() const;
-    /// What the last load or save left out or put right.
+    /// What the last load or save left out or corrected.
     QStringList warnings() const;
 
     /// The variants document in the scene, UTF-8; empty when it has none.
     QByteArray variantsDocument() const;
-    /// Saved with the scene from now on; an empty one is taken out.
+    /// Sets the document to save with the scene; an empty one is removed.
     void setVariantsDocument(const QByteArray &document);
-    /// Whether what reading and checking such a document takes is left of the memory that the file
-    /// may take; else errorString says so.
+    /// Whether the file's memory budget allows to read and check such a document; if not,
+    /// errorString says so.
     bool hasRoomFor(const QByteArray &document);
 
-    /// The variants that the file loaded last states for its materials, in its order. Each of their
-    /// switch materials holds the material that the file was made with as its first one.
+    /// The material variants of the file loaded last, in its order. The first material of each of
+    /// their switch materials is the original one.
     std::vector<qxSceneVariant> materialVariants() const;
 
-    /// What the file holds that was loaded last.
+    /// The content of the file loaded last.
     qxSceneFileInfo info() const;
 
 private:

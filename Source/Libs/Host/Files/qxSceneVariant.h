@@ -4,10 +4,10 @@
 #include <QPair>
 #include <QString>
 
-/// One variant that a scene file states for its materials (KHR_materials_variants).
+/// One material variant of a scene file (KHR_materials_variants).
 struct qxSceneVariant {
     QString name; ///< unique among those of the file, never empty
-    /// Every switch material that the variants of the file choose from, and the material that this
-    /// one chooses there; both by name.
+    /// Every switch material of the file's variants, with the material that this one chooses; both
+    /// by name.
     QList<QPair<QString, QString>> materials;
 };

@@ -6,7 +6,7 @@
 
 namespace qxSystemCall {
 
-/// Calls until no signal comes between; the result of the last call.
+/// Repeats the call while a signal interrupts it; returns the result of the last one.
 template <class Call>
 auto repeat(const Call &call)
 {
@@ -16,12 +16,12 @@ auto repeat(const Call &call)
     return result;
 }
 
-/// Writes all of the bytes, however few the system takes at once. False with the reason in errno.
+/// Writes all bytes, in several calls if need be. False with the reason in errno.
 bool write(int descriptor, const QByteArray &bytes);
 /// Waits until what was written is on the disk. False with the reason in errno.
 bool sync(int descriptor);
-/// The same for which names stand in a folder. A file system that has nothing of the kind, and a
-/// folder that may not be opened, are no failure.
+/// The same for the names in a folder. A file system without such a call and a folder that cannot
+/// be opened are no failure.
 bool syncFolder(const QByteArray &folder);
 
 } // namespace qxSystemCall

@@ -5,8 +5,8 @@
 
 OSG_BEGIN_NAMESPACE
 
-/// Attached to a material group whose material may be ignored: a scene graph's material group has
-/// no field for that. Read and written through qxMaterials.
+/// Attachment of a material group that says whether its material is ignored, for which the core has
+/// no field. Read and written through qxMaterials.
 struct MaterialGroupIgnoreDesc {
     typedef SFBool FieldTypeT;
 

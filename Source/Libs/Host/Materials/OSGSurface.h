@@ -10,7 +10,7 @@ OSG_BEGIN_NAMESPACE
 class Surface;
 typedef FCPtr<AttachmentPtr, Surface> SurfacePtr;
 
-/// What a scene file says about a material and the material itself has no field for. Read and
+/// Properties of a material in a scene file for which the material itself has no field. Read and
 /// written through qxSurface.
 class Surface : public Attachment {
     typedef Attachment Inherited;

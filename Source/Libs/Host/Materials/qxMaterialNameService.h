@@ -1,6 +1,7 @@
 #pragma once
 
-/// Finds names for new materials: answers "MaterialGetUniqueName" while it lives (see qxMaterials).
+/// Finds names for new materials: replies to "MaterialGetUniqueName" while it lives (see
+/// qxMaterials).
 class qxMaterialNameService {
 public:
     qxMaterialNameService();

@@ -6,25 +6,25 @@
 #include <unordered_map>
 #include <vector>
 
-/// Finds materials by name: those of a pool in its order, and behind each one that is made of
-/// others those that it contains. Every material counts once, where it comes first.
+/// Finds materials by name: those of a pool in its order, each followed by the materials that it
+/// contains. Every material occurs once, at its first place.
 class qxMaterialNames {
 public:
-    /// That of the scene, told of all edits until now.
+    /// The one of the scene, updated by all edits until now.
     static qxMaterialNames &current();
 
-    /// From now on `pool` is meant, and everything is read anew when needed.
+    /// Switches to `pool`; everything is read again when needed.
     void reset(const osg::MaterialPoolPtr &pool);
-    /// Takes note that the object with that id was edited.
+    /// The object with that id was edited.
     void edited(osg::UInt32 id);
-    /// Takes note that the object with that id is gone.
+    /// The object with that id was destroyed.
     void destroyed(osg::UInt32 id);
 
-    /// The first material of that name, or null. It costs the same however many there are.
+    /// The first material of that name, or null, in constant time.
     osg::MaterialPtr first(const std::string &name);
     /// The materials of that name, empty when there are none.
     std::vector<osg::MaterialPtr> find(const std::string &name);
-    /// The name, when a material has it with the first number from 2 on that no material has.
+    /// The name, or if a material has it, the name with the first free number from 2 on.
     std::string freeName(const std::string &name);
 
 private:
@@ -63,7 +63,7 @@ private:
     bool m_poolEdited = false;
     bool m_displaced = false; ///< some are found elsewhere in m_known than in a walk
     bool m_sharesNames = false; ///< some have the same attachment for their name
-    std::vector<osg::UInt32> m_destroyed; ///< known ones that are gone
+    std::vector<osg::UInt32> m_destroyed; ///< known ones that were destroyed
     std::vector<Pooled> m_pooled; ///< the pool's contents when it was read
     std::vector<Known> m_known; ///< in the order of look-ups; forgotten ones are null
     std::unordered_map<osg::UInt32, std::size_t>

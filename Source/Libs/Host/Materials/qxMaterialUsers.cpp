@@ -1,6 +1,6 @@
 #include "Materials/qxMaterialUsers.h"
 
-#include "qxNodeWalk.h"
+#include "Scene/qxSceneWalk.h"
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGMaterialDrawable.h>
@@ -91,13 +91,12 @@ void qxMaterialUsers::read()
     qxWalkScene([this](const osg::NodePtr &node) {
         osg::MaterialPtr material;
         if (!readMaterial(node->getCore(), material))
-            return true;
+            return;
         const std::uint32_t place = std::uint32_t(m_nodes.size());
         m_nodes.push_back(node);
         m_placeOf.emplace(node.getFieldContainerId(), place);
         if (material != osg::NullFC)
             m_users[material.getFieldContainerId()].push_back(place);
-        return true;
     });
     m_outdated = false;
 }

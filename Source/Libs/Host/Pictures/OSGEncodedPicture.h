@@ -5,8 +5,8 @@
 
 OSG_BEGIN_NAMESPACE
 
-/// Attached to an image that holds no pixels: the bytes of the PNG or JPEG that it stands for.
-/// Read and written through qxEncodedPicture.
+/// Attachment of an image without pixels: the bytes of its PNG or JPEG. Read and written through
+/// qxEncodedPicture.
 struct EncodedPictureDesc {
     typedef SFString FieldTypeT;
 

@@ -4,18 +4,18 @@
 
 #include <QImage>
 
-/// A picture that waits to be decoded until it is drawn.
+/// A picture that is decoded when it is first drawn.
 class qxEncodedPicture {
 public:
-    /// Looks at the header alone. The bytes need live no longer than this.
+    /// Reads only the header. The bytes must live as long as this object.
     explicit qxEncodedPicture(const QByteArray &bytes);
 
-    /// Why it cannot be shown; empty when nothing in the header speaks against it.
+    /// Why it cannot be shown; empty if its header is valid.
     QString flaw() const { return m_flaw; }
-    /// The bytes of memory that decoding needs: for the picture in all sizes that it is drawn in,
-    /// or for a while more than that.
+    /// The bytes of memory that the picture needs, in all sizes that it is drawn in, or more if
+    /// decoding temporarily needs more.
     qint64 decodedSize() const;
-    /// An image without pixels that stands for the picture. Messages call it `name`.
+    /// An image without pixels that refers to the picture. `name` is for messages.
     osg::ImagePtr image(const QString &name) const;
 
     /// The pixels of such an image, red, green, blue and alpha, bottom row first. Null for other

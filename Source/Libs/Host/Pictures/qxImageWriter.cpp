@@ -24,7 +24,7 @@ std::string pngOf(const qxPicture &picture)
     return buffer.data().toStdString();
 }
 
-qxRenderer::Progress shownProgress()
+qxPicture::Progress shownProgress()
 {
     const qxPictureProgress::Display display = qxPictureProgress::display();
     if (!display)
@@ -51,7 +51,7 @@ std::string qxImageWriter::exportImageFast()
     settings.width = m_width;
     settings.height = m_height;
     settings.quality = qxScenePicture::quality();
-    const qxRenderer::Progress progress = m_isSilent ? qxRenderer::Progress() : shownProgress();
+    const qxPicture::Progress progress = m_isSilent ? qxPicture::Progress() : shownProgress();
     const qxPicture picture = qxScenePicture::render(settings, progress);
     if (picture.isEmpty() && progress)
         progress(1, 1);

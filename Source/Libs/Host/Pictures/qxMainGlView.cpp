@@ -22,6 +22,13 @@ qxMainGlView *&current()
     return view;
 }
 
+/// Its picture may be in the making just now.
+void interruptCurrent()
+{
+    if (current())
+        current()->interruptRefining();
+}
+
 /// From the last step to the first: each takes four times the samples of the one before. Fewer than
 /// four would leave more noise than a quick picture has faults.
 std::vector<int> stepsTo(int quality)
@@ -48,6 +55,7 @@ qxMainGlView::qxMainGlView(int width, int height)
     : m_width(width), m_height(height), m_picture(osg::Image::create())
 {
     current() = this;
+    qxScenePicture::setBorrower(interruptCurrent);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { work(); });
     m_requests = qxRenderRequests::addListener([this](bool) { ask(); });
     ask();
@@ -63,6 +71,17 @@ qxMainGlView::~qxMainGlView()
 qxMainGlView *qxMainGlView::the()
 {
     return current();
+}
+
+qxOSGWidget *qxOSGWidget::getMGLW(int number)
+{
+    return number == -1 || number == 0 ? qxMainGlView::the() : nullptr;
+}
+
+void qxOSGWidget::cancelAntialiasing()
+{
+    if (qxMainGlView *view = qxMainGlView::the())
+        view->cancelRefining();
 }
 
 void qxMainGlView::ask()

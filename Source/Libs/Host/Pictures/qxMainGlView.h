@@ -13,9 +13,9 @@
 
 /// The main view, with or without a window: a picture of the scene that follows its changes.
 ///
-/// Asked for a new picture (qxRenderRequests), it shows a quick one at once. When nothing was asked
-/// for a while it refines the picture step by step, in the background, as the settings of ray
-/// tracing say. There is one main view at a time, the one made last.
+/// On a request (qxRenderRequests) it shows a quick picture at once. After a pause it refines the
+/// picture step by step in the background, by the settings of ray tracing. There is one main view
+/// at a time, the latest one.
 class qxMainGlView : public qxOSGWidget {
 public:
     /// A view of that size in pixels.
@@ -30,26 +30,25 @@ public:
     void show(const osg::ImagePtr &picture);
     /// What it shows now; without pixels before the first picture.
     osg::ImagePtr picture() const { return m_picture.get(); }
-    /// What that picture shows; a picture of others shows the scene.
+    /// What that picture shows; Shown for a picture set by show().
     qxPicture::Content content() const { return m_content; }
     /// Pictures have that size in pixels from now on.
     void resize(int width, int height);
-    /// Quick pictures have fewer pixels where this machine would take longer than a hand that moves
-    /// the camera allows. They are the first to be refined.
+    /// Whether quick pictures get fewer pixels if this machine is too slow for moving the camera
+    /// smoothly. They are refined first.
     void setFluent(bool on) { m_isFluent = on; }
     /// Is called whenever what it shows has changed.
     void setListener(const std::function<void()> &listener) { m_listener = listener; }
-    /// Hears how much of the refining is done, from 0 to 1, which ends it.
+    /// Receives the share of the refinement that is done, from 0 to 1; 1 is the last call.
     typedef std::function<void(float share)> Progress;
     void setProgressListener(const Progress &listener) { m_progress = listener; }
 
     /// Whether the picture will become finer.
     bool isRefining() const { return m_isStale || m_job || !m_steps.empty(); }
-    /// Makes the picture finer by one step at once; the view does so on its own while events are
-    /// processed.
+    /// Refines the picture by one step at once; the view does so itself while events are processed.
     void refine();
     void cancelRefining();
-    /// Ends the step that is being made, which begins again once the program is idle.
+    /// Cancels the current step, which starts again when the program is idle.
     void interruptRefining();
 
 private:
@@ -68,7 +67,7 @@ private:
     osg::ImageRefPtr m_picture;
     qxPicture::Content m_content = qxPicture::Shown;
     bool m_isFluent = false;
-    bool m_isCoarse = false; ///< what is shown has fewer pixels than the view
+    bool m_isCoarse = false; ///< the picture has fewer pixels than the view
     float m_pixelTime = 1e-3f; ///< of a quick picture on this machine, in milliseconds
     bool m_isStale = true; ///< the picture is older than the scene
     std::vector<int> m_steps; ///< the qualities still to come, the next one last

@@ -1,7 +1,5 @@
 #include "qxOSGWidget.h"
 
-#include "Pictures/qxMainGlView.h"
-
 namespace {
 
 bool &isRaytracing()
@@ -14,11 +12,6 @@ bool &isRaytracing()
 
 qxOSGWidget::~qxOSGWidget() = default;
 
-qxOSGWidget *qxOSGWidget::getMGLW(int number)
-{
-    return number == -1 || number == 0 ? qxMainGlView::the() : nullptr;
-}
-
 bool qxOSGWidget::getRaytracing()
 {
     return isRaytracing();
@@ -27,10 +20,4 @@ bool qxOSGWidget::getRaytracing()
 void qxOSGWidget::setRaytracing(bool on)
 {
     isRaytracing() = on;
-}
-
-void qxOSGWidget::cancelAntialiasing()
-{
-    if (qxMainGlView *view = qxMainGlView::the())
-        view->cancelRefining();
 }

@@ -5,20 +5,19 @@
 #include <atomic>
 #include <future>
 
-/// A picture of the running host's scene that is made while the program goes on. It shows the scene
-/// as it was at the start.
+/// A picture of the running host's scene, rendered in the background. It shows the scene as it was
+/// at the start.
 class qxPictureJob {
 public:
     explicit qxPictureJob(const qxPictureSettings &settings);
     qxPictureJob(const qxPictureJob &) = delete;
-    /// Waits for the threads; they leave undone what they have not begun.
+    /// Waits for the threads, which start no further tiles.
     ~qxPictureJob();
 
     bool isDone() const;
     /// How much of the picture is done, from 0 to 1.
     float share() const { return m_share; }
-    /// Waits for the picture; empty when there can be none, with the reason in the log. To be
-    /// called once.
+    /// Waits for the picture; empty if it cannot be made, with the reason in the log. Call it once.
     qxPicture take();
 
 private:

@@ -2,14 +2,14 @@
 
 #include <functional>
 
-/// Where the progress of a rendering is shown. A program that has a place for it says so here.
+/// The display for the progress of a rendering, set by the program.
 class qxPictureProgress {
 public:
-    /// Told which share of a picture is done, from 0 to 1, which comes at the end even when the
-    /// picture failed; false ends the rendering.
+    /// Gets the share of a picture that is done, from 0 to 1; 1 comes at the end even if the
+    /// picture failed. Returns false to cancel the rendering.
     typedef std::function<bool(double share)> Display;
 
-    /// The display from now on; an empty one shows nothing.
+    /// Sets the display; an empty one shows nothing.
     static void setDisplay(const Display &display);
     static const Display &display();
 };

@@ -1,6 +1,5 @@
 #include "Pictures/qxScenePicture.h"
 
-#include "Pictures/qxMainGlView.h"
 #include "qxOSGWidget.h"
 #include "qxRaytracingManager.h"
 
@@ -33,18 +32,23 @@ public:
     }
 };
 
-/// The main view may refine its picture just now. Another renderer would take as long to read the
-/// scene as the scene is large.
+std::function<void()> &borrower()
+{
+    static std::function<void()> giveBack;
+    return giveBack;
+}
+
+/// Another renderer would take as long to read the scene as the scene is large.
 void getRendererBack()
 {
-    if (qxMainGlView *const view = qxMainGlView::the())
-        view->interruptRefining();
+    if (borrower())
+        borrower()();
 }
 
 } // namespace
 
 qxPicture qxScenePicture::render(const qxPictureSettings &settings,
-                                 const qxRenderer::Progress &progress)
+                                 const qxPicture::Progress &progress)
 {
     getRendererBack();
     std::unique_ptr<qxRenderer> renderer = takeRenderer();
@@ -66,6 +70,11 @@ qxPicture::Content qxScenePicture::content()
 bool qxScenePicture::isRendering()
 {
     return qxRendering::depth() > 0;
+}
+
+void qxScenePicture::setBorrower(const std::function<void()> &giveBack)
+{
+    borrower() = giveBack;
 }
 
 std::unique_ptr<qxRenderer> qxScenePicture::takeRenderer()

@@ -2,24 +2,27 @@
 
 #include "Render/qxRenderer.h"
 
-/// Pictures of the running host's scene, all made by one renderer, so that each serves the next.
+/// Pictures of the running host's scene, all made by one renderer, so that its caches are reused.
 class qxScenePicture {
 public:
     /// As qxRenderer::render. It may be called while another picture is being made.
     static qxPicture render(const qxPictureSettings &settings,
-                            const qxRenderer::Progress &progress = qxRenderer::Progress());
-    /// Whether render is at work, seen from the events that its progress lets through.
+                            const qxPicture::Progress &progress = {});
+    /// Whether render is running, for code in events that its progress display processes.
     static bool isRendering();
-    /// What the picture that render made last shows.
+    /// What the last picture of render shows.
     static qxPicture::Content content();
     /// The quality that the settings of ray tracing ask for (qxPictureSettings::quality).
     static int quality();
     /// As qxRenderer::nodeAt.
     static osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);
-    /// The renderer of all these pictures, for one that takes long; those that are made meanwhile
-    /// get another one.
+    /// The renderer of all these pictures, for a long rendering; pictures made meanwhile get
+    /// another one.
     static std::unique_ptr<qxRenderer> takeRenderer();
     static void giveBack(std::unique_ptr<qxRenderer> renderer);
+    /// Who takes it for long is asked by this to give it back at once when another picture needs
+    /// it.
+    static void setBorrower(const std::function<void()> &giveBack);
     /// Frees what was prepared for the next picture.
     static void forget();
 };

@@ -168,7 +168,7 @@ int qxPainter::tileCount() const
     return m_across * ((m_settings.height + m_tile - 1) / m_tile);
 }
 
-qxPicture qxPainter::paint(const qxRenderer::Progress &progress)
+qxPicture qxPainter::paint(const qxPicture::Progress &progress)
 {
     const int tiles = tileCount();
     const int bands = m_filter ? m_filter->bandCount() : 0;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "Render/qxContour.h"
+#include "Render/qxPicture.h"
 #include "Render/qxPictureFilter.h"
 #include "Render/qxRenderScene.h"
-#include "Render/qxRenderer.h"
 #include "Render/qxTracer.h"
 
 #include <atomic>
@@ -15,7 +15,7 @@ public:
     qxPainter(const qxPainter &) = delete;
 
     /// An empty picture when `progress` ends it.
-    qxPicture paint(const qxRenderer::Progress &progress);
+    qxPicture paint(const qxPicture::Progress &progress);
 
 private:
     struct Sample;

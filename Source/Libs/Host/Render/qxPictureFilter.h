@@ -5,9 +5,8 @@
 #include <array>
 #include <vector>
 
-/// Takes the noise out of a picture that was made of a few random samples per pixel. A pixel
-/// becomes the average of those around it that belong to a like surface and, as far as the noise
-/// lets one tell, look alike; what stands out of the noise stays.
+/// Removes the noise of a picture made of a few random samples per pixel. A pixel becomes the
+/// average of those around it that have a similar surface and do not differ by more than the noise.
 class qxPictureFilter {
 public:
     qxPictureFilter(int width, int height);
@@ -21,9 +20,8 @@ public:
     /// Threads may set different pixels at once.
     void set(int x, int y, const Pixel &pixel);
 
-    /// \name Once all pixels are set
-    /// prepare(), then all bands of rows, in any order and at once; then light() is what is left.
-    /// @{
+    /// \name When all pixels are set: prepare(), then all bands of rows, in any order and in
+    /// parallel; light() is the result. @{
     void prepare();
     int bandCount() const;
     int firstRow(int band) const;

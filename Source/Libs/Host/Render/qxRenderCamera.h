@@ -4,11 +4,11 @@
 #include "Render/qxRenderMath.h"
 #include "qxUberCameraPool.h"
 
-/// From where a picture of a certain size is seen.
+/// The camera of a picture of a certain size.
 class qxRenderCamera {
 public:
-    /// A camera that has neither a field of view nor a height, or a matrix that is none of a
-    /// camera, gives way to one that shows all of `scene` from ahead, above and aside.
+    /// A camera without field of view and height, or with an invalid matrix, is replaced by one
+    /// that shows the whole `scene` from the front, above and one side.
     qxRenderCamera(const qxUberCamera &camera, const qxBox &scene, int width, int height);
 
     /// Through a place of the picture, in pixels from its lower left corner.

@@ -13,7 +13,7 @@ public:
     qxRenderClipping(const qxClipping &settings, const qxBox &scene);
 
     const qxClipping &settings() const { return m_settings; }
-    /// False when it is off, or has no direction: then it neither cuts nor is seen.
+    /// False if it is off or has no direction: then it neither cuts nor is visible.
     bool isActive() const { return m_active; }
     bool hidesScene() const { return m_active && m_settings.hideScene; }
     bool hasContour() const
@@ -24,7 +24,7 @@ public:
     /// Above 0 on the side that is cut away, in world units.
     float height(const osg::Vec3f &point) const { return m_normal.dot(point - m_point); }
     const osg::Vec3f &normal() const { return m_normal; }
-    /// Leaves the part of the ray that is not cut away; `near` is behind `far` when nothing is.
+    /// Limits the ray to the part that is not cut away; `near` is behind `far` if none is left.
     void limit(qxRay &ray) const;
 
     /// Where a ray meets the shown plane.

@@ -11,23 +11,23 @@
 #include <memory>
 #include <vector>
 
-/// A copy of the triangles of a geometry, ready for rays, in its own coordinates. All nodes with
+/// A copy of the triangles of a geometry for ray tracing, in its own coordinates. All nodes with
 /// that geometry share it.
 class qxRenderGeometry {
 public:
     typedef std::array<std::uint32_t, 3> Triangle; ///< places in the lists of the corners
 
-    /// Points, lines and triangles with places that are no finite numbers are left out.
+    /// Leaves out points, lines and triangles with coordinates that are not finite.
     static std::shared_ptr<qxRenderGeometry> make(const osg::GeometryPtr &core);
 
-    /// The triangles as a geometry for rays, in coordinates that a matrix leads to.
+    /// The triangles as a geometry of Embree, transformed by a matrix.
     qxEmbreeGeometry placed(RTCDevice device, const osg::Matrix &matrix) const;
-    /// A tree over the triangles, for instances of it; made when it is asked for first.
+    /// A search tree over the triangles, for instances; built at the first call.
     RTCScene scene(RTCDevice device) const;
     const std::vector<Triangle> &triangles() const { return m_triangles; }
     const std::vector<osg::Vec3f> &positions() const { return m_positions; }
 
-    /// What lies at a place of a triangle; u and v are the weights of its second and third corner.
+    /// A point of a triangle; u and v are the weights of its second and third corner.
     struct Place {
         std::uint32_t triangle;
         float u;
@@ -35,7 +35,8 @@ public:
     };
     osg::Vec3f normalAt(const Place &place) const; ///< null without normals
     osg::Vec2f texCoordsAt(const Place &place) const; ///< null without texture coordinates
-    /// How fast the texture coordinates change, by length in the world that `matrix` leads to.
+    /// The change of the texture coordinates per length in world coordinates, to which `matrix`
+    /// transforms.
     float texCoordsPerLength(const Place &place, const osg::Matrix &matrix) const;
     osg::Vec4f colourAt(const Place &place) const; ///< opaque white without colours
 

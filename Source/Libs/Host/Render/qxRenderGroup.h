@@ -3,7 +3,7 @@
 #include "Render/qxRenderSources.h"
 #include "Render/qxShownWalk.h"
 
-/// A node that shows a geometry, as rays find it.
+/// A visible geometry node, prepared for ray tracing.
 struct qxRenderInstance {
     /// The same in world coordinates, of length 1; null stays.
     osg::Vec3f worldNormal(const osg::Vec3f &normal) const;
@@ -13,7 +13,7 @@ struct qxRenderInstance {
     osg::UInt32 material; ///< 0 for none
     osg::Matrix toWorld;
     osg::Vec3f normals[3]; ///< columns of the matrix that turns normals
-    bool isMirrored; ///< whether the matrix makes a left hand of a right one
+    bool isMirrored; ///< whether the matrix mirrors
     std::shared_ptr<const qxRenderGeometry> geometry;
     std::shared_ptr<const qxRenderMaterial> surface;
     bool isVisible; ///< whether there is something to hit
@@ -21,7 +21,7 @@ struct qxRenderInstance {
     unsigned int mask; ///< as it was committed
 };
 
-/// Instances that rays find together: the scene, or the overlays of one layer.
+/// Instances that are traced together: the scene, or the overlays of one layer.
 class qxRenderGroup {
 public:
     enum Mask { Opaque = 1, Translucent = 2 };
@@ -29,10 +29,8 @@ public:
     qxRenderGroup(RTCDevice device, qxRenderSources &sources);
     qxRenderGroup(const qxRenderGroup &) = delete;
 
-    /// \name An update
-    /// begin(), then all that is shown in order, then finish(). What was there before and is as it
-    /// was is taken over.
-    /// @{
+    /// \name An update: begin(), then all visible parts in order, then finish(). Unchanged
+    /// instances are reused. @{
     void begin();
     void add(const qxShownPart &part);
     void finish();

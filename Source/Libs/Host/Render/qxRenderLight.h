@@ -42,10 +42,10 @@ struct qxRenderLights {
     std::vector<qxRenderLight> off;
     bool isEmpty() const { return on.empty() && off.empty(); }
 
-    /// Takes a light over, the host's own and those of the scene graph; each lights everything.
+    /// Adds a light, of the host's own or of the scene graph's kinds; each lights everything.
     void add(const osg::LightPtr &core, const osg::Matrix &toWorld);
-    /// Makes all lights together as strong as a picture can show in the middle of what they light,
-    /// as a photographer sets the exposure: with all lights on, whether they are or not. Lights
-    /// that are within the range already stay as they are.
+    /// Scales all lights so that their sum in the middle of the scene fits into a picture, like the
+    /// exposure of a camera. Lights that are off count as well. Does nothing if the sum is in range
+    /// already.
     void expose(const qxBox &scene);
 };

@@ -26,20 +26,20 @@ struct qxRenderLayer {
     TextureUse textureUse = Modulate;
 };
 
-/// What a renderer has to know about a material. A new one is plain and grey, as are geometries
-/// without a material.
+/// A material as the renderer needs it. The default is plain grey, as for geometries without a
+/// material.
 struct qxRenderMaterial {
-    /// Whether nothing behind it can be seen.
+    /// Whether it hides everything behind it.
     bool isOpaque() const;
 
     /// In the order of drawing; those below an opaque one are left out. Empty: invisible.
     std::vector<qxRenderLayer> layers = std::vector<qxRenderLayer>(1);
 };
 
-/// Where the textures of images are had from.
+/// Returns the texture of an image.
 typedef std::function<std::shared_ptr<const qxRenderTexture>(const osg::ImagePtr &)>
     qxTextureSource;
 
-/// Reads a material as it is now: the chosen one of a switch material, all passes of one with
-/// several. A switch material without a chosen one and a null material give the grey one.
+/// Reads the present material: the chosen one of a switch material, all passes of a multi-pass
+/// material. Null and a switch material without a choice give the default.
 qxRenderMaterial qxReadMaterial(const osg::MaterialPtr &material, const qxTextureSource &textures);

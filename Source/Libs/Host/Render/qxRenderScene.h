@@ -6,20 +6,19 @@
 #include <map>
 #include <memory>
 
-/// The running host's scene as rays find it: what is shown, its lights, its
-/// environment and its overlays.
+/// The running host's scene for ray tracing: visible geometries, lights, environment and overlays.
 class qxRenderScene {
 public:
     explicit qxRenderScene(RTCDevice device);
 
-    /// Takes over what is shown now. A host must be running.
+    /// Reads the present scene. A host must be running.
     void update();
 
     const qxRenderGroup &shown() const { return m_shown; }
     /// Overlays by layer, the farthest first.
     typedef std::map<osg::UInt32, std::unique_ptr<qxRenderGroup>> Overlays;
     const Overlays &overlays() const { return m_overlays; }
-    /// What is seen behind everything else; without instances when there is none.
+    /// The environment; without instances if there is none.
     const qxRenderGroup &environment() const { return m_environment; }
     const qxRenderLights &lights() const { return m_lights; }
 

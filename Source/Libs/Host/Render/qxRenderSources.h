@@ -6,19 +6,20 @@
 
 #include <unordered_map>
 
-/// Geometries, materials and images of the scene in the form that rays need, each made once and
-/// kept as long as it is as it was.
+/// Geometries, materials and images of the scene, prepared for ray tracing and cached until they
+/// change.
 class qxRenderSources {
 public:
     qxRenderSources() = default;
     qxRenderSources(const qxRenderSources &) = delete;
 
-    /// Follows the edits since the last call. Geometries that were edited are outdated then;
-    /// materials are as they are now. `marked` is an object that lives as long as the scene.
+    /// Processes the edits since the last call: edited geometries become outdated, materials are
+    /// read again. `marked` is an object that lives as long as the scene.
     void update(const osg::FieldContainerPtr &marked);
 
     std::shared_ptr<const qxRenderGeometry> geometry(const osg::GeometryPtr &core);
-    /// Follows the material with every update. For null the one of geometries without material.
+    /// The material, kept up to date by every update. For null the one of geometries without
+    /// material.
     std::shared_ptr<const qxRenderMaterial> material(const osg::MaterialPtr &material);
 
 private:

@@ -9,21 +9,21 @@
 #include <memory>
 #include <vector>
 
-/// A copy of an image, for looking up light in it. One that is encoded is decoded here.
+/// A copy of an image for texture look-ups. An encoded image is decoded here.
 class qxRenderTexture {
 public:
-    /// Null when the image is null or holds nothing that can be shown.
+    /// Null if the image is null or cannot be shown.
     static std::shared_ptr<const qxRenderTexture> make(const osg::ImagePtr &image);
 
-    /// Beyond the edges, to the right and upwards: GL_REPEAT, GL_MIRRORED_REPEAT or
-    /// GL_CLAMP_TO_EDGE; any other counts as the latter.
+    /// Horizontal and vertical wrap mode: GL_REPEAT, GL_MIRRORED_REPEAT or GL_CLAMP_TO_EDGE; any
+    /// other counts as the latter.
     struct Wrap {
         osg::UInt32 s;
         osg::UInt32 t;
     };
     /// Light and alpha at a place (0, 0 is the lower left corner of the image, 1, 1 the upper right
-    /// one), smooth between the pixels. With a width, in images, the average of about that much
-    /// around.
+    /// one), interpolated between pixels. With a width, in units of the image, averaged over about
+    /// that width.
     osg::Vec4f at(const osg::Vec2f &place, const Wrap &wrap, float width = 0) const;
 
 private:

@@ -5,8 +5,7 @@
 #include "Render/qxRenderPicking.h"
 #include "Scene/qxScene.h"
 #include "qxLog.h"
-
-#include <OpenSG/OSGFieldContainerFactory.h>
+#include "qxNodeWalk.h"
 
 #include <new>
 
@@ -83,17 +82,14 @@ osg::NodePtr qxRenderer::Parts::nodeAt(const qxPictureSettings &settings, float 
     clipping.limit(ray);
     if (clipping.hidesScene() || !(ray.near < ray.far))
         return osg::NullFC;
-    const osg::UInt32 id = qxNodeAlong(ray, group);
-    if (id == 0)
-        return osg::NullFC;
-    return osg::NodePtr::dcast(osg::FieldContainerFactory::the()->getContainer(id));
+    return qxNodeWithId(qxNodeAlong(ray, group));
 }
 
 qxRenderer::qxRenderer() : m_parts(std::make_unique<Parts>()) {}
 
 qxRenderer::~qxRenderer() = default;
 
-qxPicture qxRenderer::render(const qxPictureSettings &settings, const Progress &progress)
+qxPicture qxRenderer::render(const qxPictureSettings &settings, const qxPicture::Progress &progress)
 {
     return m_parts->withScene(settings,
                               [&] { return qxPainter(*m_parts->scene, settings).paint(progress); });
@@ -103,7 +99,8 @@ qxRenderer::Drawing qxRenderer::prepared(const qxPictureSettings &settings)
 {
     return m_parts->withScene(settings, [&] {
         const auto painter = std::make_shared<qxPainter>(*m_parts->scene, settings);
-        return Drawing([painter](const Progress &progress) { return painter->paint(progress); });
+        return Drawing(
+            [painter](const qxPicture::Progress &progress) { return painter->paint(progress); });
     });
 }
 

@@ -4,9 +4,9 @@
 
 #include <cstdint>
 
-/// Random numbers from 0 to below 1 for one sample of a pixel. Over the samples of the pixel the
-/// numbers of one use cover the square evenly, and those of different uses have nothing to do with
-/// each other. They depend on the place in the picture and on nothing else.
+/// Random numbers from 0 to below 1 for one sample of a pixel. Over the samples of a pixel the
+/// numbers of one use cover the square evenly; those of different uses are independent. They depend
+/// only on the place in the picture.
 class qxSampler {
 public:
     qxSampler(std::uint32_t pixel, std::uint32_t sample) : m_pixel(pixel), m_sample(sample) {}
@@ -38,8 +38,9 @@ private:
         return ((x & 0xAAAAAAAAu) >> 1) | ((x & 0x55555555u) << 1);
     }
 
-    /// By chance, where each bit depends on the lower ones only: of numbers with mirrored bits this
-    /// exchanges halves, halves of halves and so on, and what was even stays even.
+    /// A random permutation in which each bit depends only on the lower ones. On numbers with
+    /// mirrored bits it swaps halves, halves of halves and so on, so an even distribution stays
+    /// even.
     static std::uint32_t shuffled(std::uint32_t x, std::uint32_t seed)
     {
         x += seed;

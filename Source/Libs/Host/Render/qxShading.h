@@ -4,8 +4,8 @@
 
 class qxSky;
 
-/// How a point of a surface reflects light: a matt part below microscopic mirrors, as appendix B of
-/// the glTF 2.0 specification has it. All directions have length 1 and point away from the surface.
+/// The reflection model of a surface: diffuse below microfacets, as in appendix B of the glTF 2.0
+/// specification. All directions have length 1 and point away from the surface.
 class qxShading {
 public:
     struct Surface {
@@ -19,16 +19,16 @@ public:
     /// The share of the light from a direction that goes to the eye, times the cosine of the angle
     /// that it arrives at.
     osg::Vec3f reflected(const osg::Vec3f &toLight) const;
-    /// What comes from the whole sky, with nothing in its way.
+    /// The reflected light of the whole sky, without occlusion.
     osg::Vec3f reflectedSky(const qxSky &sky) const;
 
-    /// A direction from which light comes to the eye, and the share of it that does.
+    /// A direction of incoming light, and the share of it that is reflected to the eye.
     struct Bounce {
         osg::Vec3f direction;
         osg::Vec3f share; ///< null when the direction leads into the surface
     };
-    /// One of many such directions, whose average is all the light there is; `choice` and `place`
-    /// are random.
+    /// One random direction; the average over many of them is the reflected light. `choice` and
+    /// `place` are random numbers.
     Bounce bounce(float choice, const osg::Vec2f &place) const;
 
 private:
@@ -41,6 +41,6 @@ private:
     float m_eyeCosine;
     float m_roughness;
     float m_alpha; ///< squared roughness
-    osg::Vec3f m_matt; ///< colour of the matt part
-    osg::Vec3f m_mirror; ///< what the mirrors reflect of light from straight above
+    osg::Vec3f m_matt; ///< diffuse colour
+    osg::Vec3f m_mirror; ///< specular reflectance at normal incidence
 };

@@ -2,6 +2,7 @@
 
 #include "OSGOverlayCore.h"
 #include "qxMaterials.h"
+#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGSwitch.h>
@@ -28,7 +29,7 @@ Kind kindOf(const osg::FieldContainerType &type)
     return type.isDerivedFrom(osg::OverlayCore::getClassType()) ? Kind::Overlay : Kind::Plain;
 }
 
-/// The walk itself: an open list instead of recursion, because scenes may be deep.
+/// The walk itself.
 class Walk {
 public:
     explicit Walk(const qxShownListener &listener) : m_listener(listener) {}
@@ -36,12 +37,9 @@ public:
     void run(const osg::NodePtr &root)
     {
         m_matrices.assign(1, osg::Matrix());
-        m_open.assign(1, Open{root, {0, 0, osg::MaterialPtr()}});
-        while (!m_open.empty()) {
-            const Open next = m_open.back();
-            m_open.pop_back();
-            visit(next.node, next.above);
-        }
+        qxWalkTree(
+            Places{{root, {0, 0, osg::MaterialPtr()}}},
+            [this](const Place &place, Places &below) { visit(place.node, place.above, below); });
     }
 
 private:
@@ -51,27 +49,28 @@ private:
         osg::UInt32 layer;
         osg::MaterialPtr material;
     };
-    struct Open {
+    struct Place {
         osg::NodePtr node;
         Above above;
     };
+    typedef std::vector<Place> Places;
 
-    void visit(const osg::NodePtr &node, Above above)
+    void visit(const osg::NodePtr &node, Above above, Places &below)
     {
         if (node == osg::NullFC || node->getTravMask() == 0)
             return;
         const osg::NodeCorePtr core = node->getCore();
         const osg::MFNodePtr &children = *node->getMFChildren();
         if (core == osg::NullFC) {
-            openAll(children, above);
+            openAll(children, above, below);
             return;
         }
         const Kind kind = kindOfCore(core);
         enter(kind, node, core, above);
         if (kind == Kind::Switch)
-            openChosen(children, osg::SwitchPtr::dcast(core)->getChoice(), above);
+            openChosen(children, osg::SwitchPtr::dcast(core)->getChoice(), above, below);
         else
-            openAll(children, above);
+            openAll(children, above, below);
     }
 
     void enter(Kind kind, const osg::NodePtr &node, const osg::NodeCorePtr &core, Above &above)
@@ -109,18 +108,19 @@ private:
                          above.layer});
     }
 
-    void openAll(const osg::MFNodePtr &children, const Above &above)
+    static void openAll(const osg::MFNodePtr &children, const Above &above, Places &below)
     {
-        for (auto child = children.rbegin(); child != children.rend(); ++child)
-            m_open.push_back({*child, above});
+        for (const osg::NodePtr &child : children)
+            below.push_back({child, above});
     }
 
-    void openChosen(const osg::MFNodePtr &children, osg::Int32 choice, const Above &above)
+    static void openChosen(const osg::MFNodePtr &children, osg::Int32 choice, const Above &above,
+                           Places &below)
     {
         if (choice == osg::Switch::ALL)
-            openAll(children, above);
+            openAll(children, above, below);
         else if (choice >= 0 && std::size_t(choice) < children.size())
-            m_open.push_back({children[std::size_t(choice)], above});
+            below.push_back({children[std::size_t(choice)], above});
     }
 
     /// Asking a type for its parents is slow; there are few types and many nodes.
@@ -136,7 +136,6 @@ private:
     }
 
     const qxShownListener &m_listener;
-    std::vector<Open> m_open;
     std::vector<osg::Matrix> m_matrices;
     std::vector<Kind> m_kinds;
 };

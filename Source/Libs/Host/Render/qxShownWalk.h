@@ -15,13 +15,13 @@ struct qxShownPart {
     osg::UInt32 layer; ///< of the overlay that it belongs to; 0 without
 };
 
-/// Receives what is shown, in scene order.
+/// Receives the visible parts in scene order.
 struct qxShownListener {
     std::function<void(const qxShownPart &)> part;
-    /// Lights that are off come as well.
+    /// Also called for lights that are off.
     std::function<void(const osg::LightPtr &, const osg::Matrix &toWorld)> light;
 };
 
-/// Walks over all that is shown below `root`. A node without any bit in its traversal mask hides
-/// everything below it, a switch all children but the chosen one.
+/// Visits all visible parts below `root`. A node with traversal mask 0 hides everything below it, a
+/// switch all children but the chosen one.
 void qxWalkShown(const osg::NodePtr &root, const qxShownListener &listener);

@@ -3,7 +3,7 @@
 #include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGVector.h>
 
-/// The clipping plane of the running host: scripts set it, pictures are cut by it.
+/// The clipping plane of the running host, set by scripts and used by pictures.
 ///
 /// The half of the scene that the normal points to is cut away, with `invert` the other one.
 struct qxClipping {

@@ -6,11 +6,11 @@
 #include <cstddef>
 #include <functional>
 
-/// Reads what was edited in the scene graph since it was read last, so that what was derived from
-/// the scene can follow. Edits outside of brackets are not seen.
+/// Reads the edits of the scene graph since the last call, to update data derived from the scene.
+/// Edits outside of brackets are not seen.
 ///
-/// The change list may be emptied by anyone at any time. To notice it, the reader leaves a mark of
-/// its own at the end of the list: an entry for the given object whose mask names no field.
+/// Anyone may empty the change list at any time. To detect that, the reader puts a mark at the end
+/// of the list: an entry for the given object with an empty field mask.
 class qxEditReader {
 public:
     /// Receives what happened: first each edit, in order, then each destruction.
@@ -19,9 +19,9 @@ public:
         std::function<void(osg::UInt32 id)> destroyed;
     };
 
-    /// Tells `follower` what happened since the last call. False when something may have been
-    /// missed - the first time, or after the list was emptied. What is edited while the list does
-    /// not record is missed in silence.
+    /// Reports the edits since the last call to `follower`. False if some may be missing: the first
+    /// time, or after the list was emptied. Edits while the list does not record are missed without
+    /// notice.
     bool read(const osg::FieldContainerPtr &marked, const Follower &follower);
 
 private:

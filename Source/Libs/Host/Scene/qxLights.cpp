@@ -1,7 +1,7 @@
 #include "qxLights.h"
 
 #include "OSGUberLight.h"
-#include "qxNodeWalk.h"
+#include "Scene/qxSceneWalk.h"
 
 namespace {
 
@@ -42,7 +42,6 @@ std::vector<qxNodePtr> qxLights::getLights()
     qxWalkScene([&lights](const osg::NodePtr &node) {
         if (isLight(node))
             lights.push_back(node);
-        return true;
     });
     return lights;
 }

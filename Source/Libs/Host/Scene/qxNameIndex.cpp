@@ -2,9 +2,6 @@
 
 #include "Scene/qxNodeName.h"
 #include "qxNodeWalk.h"
-#include "qxScenegraph.h"
-
-#include <OpenSG/OSGFieldContainerFactory.h>
 
 #include <functional>
 #include <string_view>
@@ -33,7 +30,6 @@ qxNameIndex::qxNameIndex(const std::vector<osg::NodePtr> &tops)
     for (const osg::NodePtr &top : tops) {
         qxWalkNodes(top, [this](const osg::NodePtr &node) {
             m_entries.push_back({node.getFieldContainerId(), hashOf(qxNodeName(node)), none});
-            return true;
         });
     }
     m_slots.assign(powerOfTwoAbove(m_entries.size()), none);
@@ -49,10 +45,9 @@ osg::NodePtr qxNameIndex::match(const Entry &entry, std::size_t hash, const char
 {
     if (entry.hash != hash)
         return osg::NodePtr();
-    const osg::FieldContainerPtr object = osg::FieldContainerFactory::the()->getContainer(entry.id);
-    if (object == osg::NullFC)
-        return osg::NodePtr();
-    const osg::NodePtr node = osg::NodePtr::dcast(object);
+    const osg::NodePtr node = qxNodeWithId(entry.id);
+    if (node == osg::NullFC)
+        return node;
     const bool isThere = node->getParent() != osg::NullFC || node == qxScenegraph::getRoot()
         || node == qxScenegraph::environmentGeometrySwitch();
     return isThere && qxIsFoundBy(node, name) ? node : osg::NodePtr();

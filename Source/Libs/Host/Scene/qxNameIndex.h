@@ -5,12 +5,11 @@
 #include <cstdint>
 #include <vector>
 
-/// Finds the nodes of the scene or of a part of it by name. Made in one pass: a node that is
-/// renamed or added outdates the index. It keeps ids, so that nodes that were removed are not found
-/// any more.
+/// Finds nodes of the scene or of a part of it by name. It is built in one pass and outdated when a
+/// node is renamed or added. It holds ids, so removed nodes are no longer found.
 class qxNameIndex {
 public:
-    /// Of these nodes and everything below them; null ones are passed over.
+    /// Of these nodes and everything below them; null ones are ignored.
     explicit qxNameIndex(const std::vector<osg::NodePtr> &tops);
 
     /// The first node of that name in the order of the walk, or null.

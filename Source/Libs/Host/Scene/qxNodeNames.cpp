@@ -12,10 +12,7 @@ void qxNodeNames::count(const osg::NodePtr &root)
 {
     m_counts.clear();
     m_tried.clear();
-    qxWalkNodes(root, [this](const osg::NodePtr &node) {
-        ++m_counts[qxNodeName(node)];
-        return true;
-    });
+    qxWalkNodes(root, [this](const osg::NodePtr &node) { ++m_counts[qxNodeName(node)]; });
 }
 
 void qxNodeNames::follow(const osg::NodePtr &root)
@@ -67,4 +64,16 @@ void qxNodeNames::rename(const osg::NodePtr &node, const std::string &name,
         osg::setName(each, after);
     const qxEditReader::Follower own{[](osg::UInt32, osg::BitVector) {}, [](osg::UInt32) {}};
     m_edits.read(root, own);
+}
+
+void qxNodeUtils::setName(const osg::NodePtr &node, const std::string &name, bool makeUnique,
+                          const osg::NodePtr &root)
+{
+    static qxNodeNames names;
+    if (node == osg::NullFC)
+        return;
+    if (makeUnique && root != osg::NullFC)
+        names.rename(node, name, root);
+    else
+        osg::setName(node, name);
 }

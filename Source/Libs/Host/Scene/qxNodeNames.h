@@ -6,12 +6,12 @@
 #include <string>
 #include <unordered_map>
 
-/// Gives nodes of a tree names that no other node of it has. What the names of the tree are is
-/// remembered from one renaming to the next, as long as nothing else is edited meanwhile.
+/// Gives nodes of a tree unique names. The names of the tree are cached between renamings, as long
+/// as nothing else is edited.
 class qxNodeNames {
 public:
-    /// Names the node and its clones of the same name: `name`, or else `name` with the smallest
-    /// number behind it that makes it unlike the names of all other nodes at and below `root`.
+    /// Names the node and its clones of the same name: `name`, if need be with the smallest number
+    /// that makes it unique among the nodes at and below `root`.
     void rename(const osg::NodePtr &node, const std::string &name, const osg::NodePtr &root);
 
 private:

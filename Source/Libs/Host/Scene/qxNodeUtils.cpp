@@ -1,9 +1,8 @@
 #include "qxNodeUtils.h"
 
 #include "Scene/qxNodeName.h"
-#include "Scene/qxNodeNames.h"
+#include "Scene/qxSceneWalk.h"
 #include "Scene/qxTransformStates.h"
-#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGNodeCore.h>
@@ -84,35 +83,17 @@ std::string qxNodeUtils::getUniqueName(const std::string &base,
     return base + " " + std::to_string(free);
 }
 
-void qxNodeUtils::setName(const osg::NodePtr &node, const std::string &name, bool makeUnique,
-                          const osg::NodePtr &root)
-{
-    static qxNodeNames names;
-    if (node == osg::NullFC)
-        return;
-    if (makeUnique && root != osg::NullFC)
-        names.rename(node, name, root);
-    else
-        osg::setName(node, name);
-}
-
 std::vector<qxNodePtr> qxNodeUtils::getSceneNodes()
 {
     std::vector<qxNodePtr> nodes;
-    qxWalkScene([&nodes](const osg::NodePtr &found) {
-        nodes.push_back(found);
-        return true;
-    });
+    qxWalkScene([&nodes](const osg::NodePtr &found) { nodes.push_back(found); });
     return nodes;
 }
 
 std::vector<qxNodePtr> qxNodeUtils::getSubTreeNodes(const osg::NodePtr &node)
 {
     std::vector<qxNodePtr> nodes;
-    qxWalkNodes(node, [&nodes](const osg::NodePtr &found) {
-        nodes.push_back(found);
-        return true;
-    });
+    qxWalkNodes(node, [&nodes](const osg::NodePtr &found) { nodes.push_back(found); });
     return nodes;
 }
 

@@ -28,7 +28,6 @@ std::vector<qxNodePtr> qxOverlays::findOverlays(const char *name)
     qxWalkNodes(root, [&](const osg::NodePtr &node) {
         if (node != root && qxIsFoundBy(node, name))
             found.push_back(node);
-        return true;
     });
     return found;
 }

@@ -1,7 +1,8 @@
 #include "Scene/qxPathIndex.h"
 
 #include "Scene/qxNodeName.h"
-#include "qxScenegraph.h"
+#include "qxNames.h"
+#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -9,17 +10,10 @@
 #include <algorithm>
 #include <string_view>
 
+using qxNames::EmptyPath;
+using qxNames::hashOf;
+
 namespace {
-
-constexpr std::size_t emptyPath = 0xCBF29CE484222325;
-
-/// The hash of a path (FNV-1a, 64 bits) that goes on with `text`.
-std::size_t hashOf(std::string_view text, std::size_t hash)
-{
-    for (const char each : text)
-        hash = (hash ^ static_cast<unsigned char>(each)) * 0x100000001B3;
-    return hash;
-}
 
 /// A node to look at, and what is known of the path above it.
 struct Candidate {
@@ -27,23 +21,24 @@ struct Candidate {
     std::size_t above;
 };
 
-void addChildren(std::vector<Candidate> &open, const osg::NodePtr &node, std::size_t above)
+typedef std::vector<Candidate> Candidates;
+
+void addChildren(Candidates &open, const osg::NodePtr &node, std::size_t above)
 {
-    const osg::MFNodePtr &children = *node->getMFChildren();
-    for (auto child = children.rbegin(); child != children.rend(); ++child)
-        open.push_back({*child, above});
+    for (const osg::NodePtr &child : *node->getMFChildren())
+        open.push_back({child, above});
 }
 
-/// Where paths begin, the first one at the end.
-std::vector<Candidate> tops(std::size_t above)
+/// Where paths begin.
+Candidates tops(std::size_t above)
 {
-    std::vector<Candidate> open;
-    const osg::NodePtr environment = qxScenegraph::environmentGeometrySwitch();
-    if (environment != osg::NullFC)
-        open.push_back({environment, above});
+    Candidates open;
     const osg::NodePtr root = qxScenegraph::getRoot();
     if (root != osg::NullFC)
         addChildren(open, root, above);
+    const osg::NodePtr environment = qxScenegraph::environmentGeometrySwitch();
+    if (environment != osg::NullFC)
+        open.push_back({environment, above});
     return open;
 }
 
@@ -58,20 +53,19 @@ bool isTop(const osg::NodePtr &node)
 /// the path cannot be split beforehand.
 osg::NodePtr walkTo(const std::string &path)
 {
-    std::vector<Candidate> open = tops(0);
-    while (!open.empty()) {
-        const Candidate candidate = open.back();
-        open.pop_back();
+    osg::NodePtr found;
+    qxWalkTree(tops(0), [&](const Candidate &candidate, Candidates &below) {
         const std::string_view name = qxNodeName(candidate.node);
         if (path.compare(candidate.above, name.size(), name) != 0)
-            continue;
+            return true;
         const std::size_t end = candidate.above + name.size();
         if (end == path.size())
-            return candidate.node;
-        if (path[end] == '/')
-            addChildren(open, candidate.node, end + 1);
-    }
-    return osg::NullFC;
+            found = candidate.node;
+        else if (path[end] == '/')
+            addChildren(below, candidate.node, end + 1);
+        return found == osg::NullFC;
+    });
+    return found;
 }
 
 bool hasPath(osg::NodePtr node, std::string_view path)
@@ -135,14 +129,11 @@ void qxPathIndex::follow()
 
 void qxPathIndex::build()
 {
-    std::vector<Candidate> open = tops(emptyPath);
-    while (!open.empty()) {
-        const Candidate candidate = open.back();
-        open.pop_back();
+    qxWalkTree(tops(EmptyPath), [this](const Candidate &candidate, Candidates &below) {
         const std::size_t hash = hashOf(qxNodeName(candidate.node), candidate.above);
         m_nodes.emplace_back(hash, candidate.node);
-        addChildren(open, candidate.node, hashOf("/", hash));
-    }
+        addChildren(below, candidate.node, hashOf("/", hash));
+    });
     std::stable_sort(m_nodes.begin(), m_nodes.end(), isBefore);
 }
 
@@ -150,7 +141,7 @@ osg::NodePtr qxPathIndex::lookUp(const std::string &path) const
 {
     const auto [begin, end] =
         std::equal_range(m_nodes.begin(), m_nodes.end(),
-                         std::make_pair(hashOf(path, emptyPath), osg::NodePtr()), isBefore);
+                         std::make_pair(hashOf(path, EmptyPath), osg::NodePtr()), isBefore);
     const auto found =
         std::find_if(begin, end, [&](const auto &each) { return hasPath(each.second, path); });
     return found == end ? osg::NodePtr() : found->second;
@@ -187,7 +178,7 @@ bool qxPathIndex::isRight(const osg::NodePtr &node) const
             return true; // not of the scene
         steps.push_back(parent);
     }
-    std::size_t hash = hashOf(qxNodeName(steps.back()), emptyPath);
+    std::size_t hash = hashOf(qxNodeName(steps.back()), EmptyPath);
     for (auto step = steps.rbegin() + 1; step != steps.rend(); ++step)
         hash = hashOf(qxNodeName(*step), hashOf("/", hash));
     const auto [begin, end] = std::equal_range(m_nodes.begin(), m_nodes.end(),

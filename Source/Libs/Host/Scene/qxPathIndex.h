@@ -11,8 +11,8 @@
 /// Finds nodes of the scene by path: the names from below the root down to the node, joined by "/".
 /// The paths of the environment begin with its own name.
 ///
-/// From the second look-up on there is a table, which is made anew when names or structure of the
-/// scene were edited. Edits outside of brackets are not seen: keep an index for one task only.
+/// From the second look-up on it uses a table, which is rebuilt when names or structure of the
+/// scene are edited. Edits outside of brackets are not seen: use an index for one task only.
 class qxPathIndex {
 public:
     /// The first node in scene order with exactly that path; null when there is none, and for an

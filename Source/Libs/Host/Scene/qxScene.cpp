@@ -1,12 +1,11 @@
 #include "Scene/qxScene.h"
 
-#include "qxScenegraph.h"
+#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -24,17 +23,16 @@ osg::NodePtr makeRoot(const char *name)
 /// within its own destruction, and a scene may be deeper than the stack.
 void cutDeepTree(const osg::NodePtr &top)
 {
-    const int levels = 1000;
-    std::vector<std::pair<osg::NodePtr, int>> open = {{top, 0}};
+    constexpr int levels = 1000;
+    typedef std::vector<std::pair<osg::NodePtr, int>> Places; // each node with its level
     std::vector<osg::NodePtr> cuts;
-    while (!open.empty()) {
-        const std::pair<osg::NodePtr, int> next = open.back();
-        open.pop_back();
-        if (next.second > 0 && next.second % levels == 0)
-            cuts.push_back(next.first);
-        for (const osg::NodePtr &child : *next.first->getMFChildren())
-            open.push_back({child, next.second + 1});
-    }
+    qxWalkTree(Places{{top, 0}}, [&cuts](const Places::value_type &place, Places &below) {
+        const auto &[node, level] = place;
+        if (level > 0 && level % levels == 0)
+            cuts.push_back(node);
+        for (const osg::NodePtr &child : *node->getMFChildren())
+            below.push_back({child, level + 1});
+    });
     for (auto cut = cuts.rbegin(); cut != cuts.rend(); ++cut) { // deeper ones were found later
         const osg::NodePtr parent = (*cut)->getParent();
         const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
@@ -91,7 +89,6 @@ void qxScene::setEnvironment(const osg::NodePtr &node)
 
 void qxScene::clear()
 {
-    qxScenegraph::clearFindCache();
     if (m_environment != osg::NullFC)
         removeChildren(m_environment.get());
     setEnvironment(osg::NullFC);

@@ -22,10 +22,10 @@ public:
     const osg::MaterialPoolPtr &materialPool() const { return m_materialPool; }
     /// The switch over the environments; null when there is none.
     osg::NodePtr environment() const { return m_environment.get(); }
-    /// Replaces it; null takes it away. The node must have a Switch core and no parent.
+    /// Replaces it; null removes it. The node must have a Switch core and no parent.
     void setEnvironment(const osg::NodePtr &node);
 
-    /// Takes everything out of them and forgets the find cache.
+    /// Empties all of them.
     void clear();
 
 private:

@@ -1,31 +1,14 @@
 #include "qxScenegraph.h"
 
-#include "Scene/qxNameIndex.h"
-#include "Scene/qxNodeName.h"
 #include "Scene/qxScene.h"
 #include "qxController.h"
-#include "qxNodeWalk.h"
 #include "qxOpenSGUtils.h"
-#include "qxOverlays.h"
 
-#include <memory>
 #include <unordered_set>
 
 namespace {
 
 const osg::UInt32 shown = 0xFFFFFFFF;
-
-std::unique_ptr<qxFoundNames> &findCache()
-{
-    static std::unique_ptr<qxFoundNames> cache;
-    return cache;
-}
-
-std::vector<osg::NodePtr> overlays()
-{
-    const osg::NodePtr root = qxOverlays::getPoolRoot();
-    return root == osg::NullFC ? std::vector<osg::NodePtr>() : root->getMFChildren()->getValues();
-}
 
 void show(const osg::NodePtr &node)
 {
@@ -51,58 +34,6 @@ qxNodePtr qxScenegraph::getRootNode()
 osg::NodePtr qxOpenSGUtils::getRoot()
 {
     return qxScenegraph::getRoot();
-}
-
-qxNodePtr qxScenegraph::findNode(const char *name)
-{
-    qxNodePtr found;
-    if (!name || !*name)
-        return found;
-    if (findCache())
-        return findCache()->scene.first(name);
-    qxWalkScene([&](const osg::NodePtr &node) {
-        if (!qxIsFoundBy(node, name))
-            return true;
-        found = node;
-        return false;
-    });
-    return found;
-}
-
-std::vector<qxNodePtr> qxScenegraph::findNodes(const char *name)
-{
-    std::vector<qxNodePtr> found;
-    if (!name || !*name)
-        return found;
-    if (findCache())
-        return findCache()->scene.all(name);
-    qxWalkScene([&](const osg::NodePtr &node) {
-        if (qxIsFoundBy(node, name))
-            found.push_back(node);
-        return true;
-    });
-    return found;
-}
-
-bool qxScenegraph::hasFindCache()
-{
-    return findCache() != nullptr;
-}
-
-void qxScenegraph::initFindCache()
-{
-    findCache().reset(new qxFoundNames{qxNameIndex({getRoot(), environmentGeometrySwitch()}),
-                                       qxNameIndex(overlays())});
-}
-
-const qxFoundNames *qxFoundNames::current()
-{
-    return findCache().get();
-}
-
-void qxScenegraph::clearFindCache()
-{
-    findCache().reset();
 }
 
 void qxScenegraph::showNodes(const std::vector<qxNodePtr> &nodes)

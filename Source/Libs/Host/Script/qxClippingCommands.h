@@ -2,8 +2,8 @@
 
 #include <OpenSG/OSGVector.h>
 
-/// What scripts do to the clipping plane (qxClipping) and ask of it. Every change asks for a new
-/// picture. Colours are vectors of red, green and blue.
+/// Functions for scripts that change and query the clipping plane (qxClipping). Every change
+/// requests a new picture. Colours are vectors of red, green and blue.
 namespace qxClippingCommands {
 
 void setClippingPlane(const osg::Pnt3f &position, const osg::Vec3f &normal, bool invert);

@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// Python and Boost.Python, and what differs between Python 2.7 and 3.
+/// Includes Python and Boost.Python, and hides the differences between Python 2.7 and 3.
 
 /// The name of the module with Python's own functions.
 #if PY_MAJOR_VERSION >= 3
@@ -14,11 +14,11 @@ const char *const qxPythonBuiltins = "__builtin__";
 #endif
 
 /// A text object as UTF-8: lone surrogates as escapes, byte strings of Python 2.7 as they are, and
-/// other objects as str() gives them. Leaves no Python error behind; an object that refuses gives
-/// an empty text.
+/// other objects as str() gives them. Leaves no Python error set; if str() fails, the text is
+/// empty.
 std::string qxPythonText(PyObject *object);
 
-/// UTF-8 as Python's text object, with replacement characters for what is none.
+/// UTF-8 as Python's text object, with replacement characters for invalid bytes.
 boost::python::object qxPythonObject(const std::string &text);
 
 /// Compiles UTF-8 text; a new reference, or null with a Python error set. `start` is
@@ -28,14 +28,14 @@ PyObject *qxPythonCompile(const std::string &text, const std::string &fileName, 
 /// Python error set.
 PyObject *qxPythonEvaluate(PyObject *code, PyObject *names);
 
-/// Has `action` called between the next two steps of the script that runs, on the script's thread;
-/// when it answers -1, with a Python error set, that is raised there. With Python 3 steps that take
-/// long, such as a sleep, are broken off for it. To be called on any thread, for one action at a
-/// time. False when it has to be tried again.
+/// Lets the script's thread call `action` between its next two steps; if it returns -1, with a
+/// Python error set, that is raised there. With Python 3 long steps, such as a sleep, are
+/// interrupted for it. May be called on any thread, for one action at a time. False if it must be
+/// tried again.
 bool qxPythonAddPendingCall(int (*action)(void *));
-/// Makes such calls arrive, whatever earlier scripts did to the signals of the program.
+/// Makes sure that such calls work even if earlier scripts changed the program's signals.
 void qxPythonEnablePendingCalls();
 
-/// Starts the interpreter, untouched by the user's environment and without signal handlers of its
-/// own for the signals that users send; the reason when it cannot, else an empty text.
+/// Starts the interpreter, ignoring the user's environment and without its own handlers for signals
+/// of users. Returns the reason if it cannot start, else an empty text.
 std::string qxPythonStart();

@@ -2,10 +2,10 @@
 
 #include <string>
 
-/// Looks at scripts without running them.
+/// Checks scripts without running them.
 class qxScriptCheck {
 public:
-    /// What keeps the text, UTF-8, from being compiled, such as "line 3: invalid syntax"; empty
-    /// when nothing does. Starts the interpreter when need be, but neither a session nor a script.
+    /// Why the text, UTF-8, does not compile, such as "line 3: invalid syntax"; empty if it does.
+    /// Starts the interpreter if need be, but neither a session nor a script.
     static std::string flawOf(const std::string &text);
 };

@@ -2,11 +2,11 @@
 
 #include <string>
 
-/// What becomes of the Python error that a script ended with.
+/// Reports the Python error that ended a script.
 class qxScriptError {
 public:
-    /// Takes the current Python error and writes it to the log, with the traceback and the lines of
-    /// `text` that it goes through. False; true when it was an exit() that reports success.
+    /// Clears the current Python error and logs it with the traceback and its lines of `text`.
+    /// Returns whether it was an exit() with success.
     static bool report(const std::string &text, const std::string &fileName);
     /// Whether Ctrl-C has ended a script that was not inside another one.
     static bool wereInterrupted();

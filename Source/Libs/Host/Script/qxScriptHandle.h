@@ -7,7 +7,7 @@
 
 #include <string>
 
-/// What a script holds instead of a scene object: it becomes null when the object is destroyed.
+/// A script's handle on a scene object; it becomes null when the object is destroyed.
 template <class Pointer>
 class qxScriptHandle {
 public:
@@ -19,7 +19,7 @@ public:
     {
     }
 
-    /// The object, null when there is none or not any more.
+    /// The object, null if there is none or it was destroyed.
     Pointer get() const { return isNull() ? Pointer() : m_object; }
     operator Pointer() const { return get(); }
     bool isNull() const

@@ -2,15 +2,14 @@
 
 #include <string>
 
-/// What scripts print: goes to where qxScriptRunner::setOutput says, or into a text.
+/// The output of scripts: goes to the target of qxScriptRunner::setOutput, or into a text.
 class qxScriptOutput {
 public:
-    /// Puts itself in place of Python's sys.stdout and sys.stderr; what Python warns of goes to the
-    /// log.
+    /// Replaces Python's sys.stdout and sys.stderr; Python's warnings go to the log.
     static void install();
     static void flush();
 
-    /// While it exists, what is printed to sys.stdout goes into its text and nowhere else.
+    /// While it exists, sys.stdout writes only into its text.
     class Capture {
     public:
         Capture();

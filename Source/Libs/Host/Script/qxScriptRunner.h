@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-/// What is known of a script text that qxScript was asked to run.
+/// A script text that was given to qxScript.
 struct qxScriptText {
     enum Origin {
         User, ///< written by a user, through qxScript::run
@@ -17,17 +17,17 @@ struct qxScriptText {
     bool isBlocked; ///< not run, because it is not allowed to
 };
 
-/// Runs scripts for a program, and hears which others are run.
+/// Runs scripts of a program, and notifies it of all others.
 class qxScriptRunner {
 public:
     typedef std::function<void(const qxScriptText &script)> Listener;
 
-    /// Runs `text`, UTF-8, as a program's own script: whatever is allowed, and unheard by
-    /// listeners. Errors name `fileName`. Returns whether it ran to its end, or to an exit()
-    /// that reports success.
+    /// Runs `text`, UTF-8, as a script of the program: always allowed, and not reported to
+    /// listeners. Errors name `fileName`. Returns whether it ran to its end, or to an exit() with
+    /// success.
     static bool run(const std::string &text, const std::string &fileName);
 
-    /// Whether any script so far failed, those inside of others and the interrupted ones included.
+    /// Whether any script so far failed, including nested and interrupted ones.
     static bool haveFailed();
     /// Whether Ctrl-C has ended a script that was not inside another one.
     static bool wereInterrupted();
@@ -37,16 +37,17 @@ public:
     /// Trusted at start. Returns what was set before.
     static Allowed setAllowed(Allowed allowed);
     static Allowed allowed();
-    /// The texts, UTF-8, that are not trusted, in the place of those named before. All others are.
+    /// Sets the texts, UTF-8, that are not trusted; all others are.
     static void setDistrusted(const std::set<std::string> &texts);
 
-    /// Where goes what scripts print: standard output at start. Errors of scripts go to the log.
+    /// The target for what scripts print: standard output at start. Errors of scripts go to the
+    /// log.
     static void setOutput(std::FILE *output);
-    /// The same, line by line and without line breaks, with what scripts write to sys.stderr.
+    /// The same, line by line without line breaks, including what scripts write to sys.stderr.
     static void setOutput(const std::function<void(const std::string &line)> &output);
 
-    /// Hears every text given to qxScript::run and executeNUS, before it runs, until
-    /// removeListener is called with the id.
+    /// `listener` receives every text given to qxScript::run and executeNUS before it runs, until
+    /// removeListener gets the returned id.
     static int addListener(const Listener &listener);
     static void removeListener(int id);
 };

@@ -7,7 +7,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 
-/// What a capture takes down.
+/// The user's choices for a capture.
 struct qxCaptureChoice {
     QString name; ///< of the new set
     QString group; ///< empty for none
@@ -19,12 +19,12 @@ struct qxCaptureChoice {
     bool transforms = true;
 };
 
-/// Asks what a capture takes down. At least one kind is chosen when it was accepted.
+/// Asks what to capture. If accepted, at least one kind is chosen.
 class qxCaptureDialog : public QDialog {
     Q_OBJECT
 
 public:
-    /// With `isUpdate` the set is there already: name and group are not asked for.
+    /// With `isUpdate` the set exists already: name and group are not asked for.
     qxCaptureDialog(const qxCaptureChoice &proposal, bool isUpdate, QWidget *parent = nullptr);
 
     qxCaptureChoice choice() const;
@@ -32,7 +32,7 @@ public:
 private:
     void buildNames(bool isUpdate);
     void allowAccept();
-    /// Says which name the set gets when that one is taken.
+    /// If that name is taken, shows the name that the set will get.
     void showTaken(const QString &name);
 
     qxCaptureChoice m_proposal;

@@ -5,14 +5,14 @@
 class QWidget;
 class qxSetEdits;
 
-/// Captures that a user asks for, with a dialog before.
+/// Captures requested by the user, after a dialog.
 namespace qxSetCapture {
 
-/// Captures the scene into a new set and returns its name; empty when the user thought better of
-/// it or nodes stay ambiguous.
+/// Captures the scene into a new set and returns its name; empty if the user cancelled or nodes
+/// stay ambiguous.
 QString capture(qxSetEdits *edits, const QString &group, QWidget *parent);
-/// Captures the scene into a set that exists: below its target nodes where it has some, else
-/// below the root. The old contents come back with undo.
+/// Captures the scene into an existing set: below its target nodes if it has some, else below the
+/// root. Undo restores the old contents.
 void update(qxSetEdits *edits, const QString &set, QWidget *parent);
 
 } // namespace qxSetCapture

@@ -1,15 +1,16 @@
 #include "qxSetForm.h"
 
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
 #include "Undo/qxSetEdits.h"
 #include "qxKeyText.h"
 #include "qxPanelEvents.h"
+#include "qxSceneLookup.h"
 #include "qxSetHotkeys.h"
 #include "qxTakenKeys.h"
-#include "qxUberCameraPool.h"
 #include "qxValuesTable.h"
 
 #include <QComboBox>
@@ -40,9 +41,9 @@ const int summaryLines = 200; ///< more are hard to read, and to lay out
 /// The states of the set in the order in which a user thinks of them.
 QString summary(const qxVariantSet &set)
 {
-    QStringList lines = statesOf(set.nodeVariants);
-    lines += statesOf(set.materialVariants) + statesOf(set.lightVariants)
-        + statesOf(set.overlayVariants) + statesOf(set.transformVariants);
+    QStringList lines;
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        lines += statesOf(set.*kind->states);
     const int more = lines.size() - summaryLines;
     if (more > 0)
         lines = lines.mid(0, summaryLines) << qxSetForm::tr("and %n more", nullptr, more);
@@ -257,11 +258,8 @@ void qxSetForm::showViewpoints(const QString &chosen)
     const QSignalBlocker quiet(m_viewpoint);
     m_viewpoint->clear();
     m_viewpoint->addItem(tr("(none)"), QString());
-    const qxUberCameraPool &pool = *qxUberCameraPool::the();
-    for (int id = 0; id < pool.count(); ++id) {
-        const QString name = QString::fromStdString(qxUberCameraUtils::getName(pool.get(id)));
+    for (const QString &name : qxSceneLookup::viewpointNames())
         m_viewpoint->addItem(name, name);
-    }
     if (m_viewpoint->findData(chosen) < 0)
         m_viewpoint->addItem(tr("%1 (missing)").arg(chosen), chosen);
     m_viewpoint->setCurrentIndex(m_viewpoint->findData(chosen));

@@ -16,8 +16,8 @@ class qxTakenKeys;
 class qxValuesTable;
 class qxVariantSet;
 
-/// Shows and edits what a set holds beside its states: comment, key, default viewpoint, script and
-/// values. Each edit is taken over when its field is left, and can be undone.
+/// Shows and edits comment, hotkey, default viewpoint, script and values of a set. An edit takes
+/// effect when its field is left, and can be undone.
 class qxSetForm : public QWidget {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ public:
 
     /// Shows the set of that name; nothing for an empty or unknown one.
     void showSet(const QString &name);
-    /// The same for a group, which has a comment alone.
+    /// The same for a group, which has only a comment.
     void showGroup(const QString &name);
 
 protected:
@@ -59,7 +59,7 @@ private:
     const qxTakenKeys *m_taken;
     QString m_set;
     QString m_group; ///< one of both is empty
-    const void *m_object = nullptr; ///< the set or group, perhaps dead: to know a rename
+    const void *m_object = nullptr; ///< the set or group, perhaps dangling: to detect a rename
     QLabel *m_contents;
     QPlainTextEdit *m_comment;
     QKeySequenceEdit *m_hotkey;
@@ -68,7 +68,7 @@ private:
     QComboBox *m_viewpoint;
     QPlainTextEdit *m_script;
     qxValuesTable *m_values;
-    bool m_isValuesTableOpen = false; ///< it holds what cannot be taken
+    bool m_isValuesTableOpen = false; ///< it holds an invalid edit
     QLabel *m_keyNote;
     QLabel *m_valuesNote;
     QList<QPair<QLabel *, const char *>> m_labels; ///< with texts to be translated

@@ -1,9 +1,10 @@
 #include "qxSetHotkeys.h"
 
+#include "qxVariant.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "Variants/qxVariantsModel.h"
 #include "qxTakenKeys.h"
 
 #include <QAbstractButton>
@@ -59,7 +60,7 @@ const qxVariantSet *setWith(const Combination &pressed)
 }
 
 struct Option {
-    int kind = -1; ///< -1 for none
+    const qxVariantKind *kind = nullptr; ///< null for none
     QString variant;
     QString name;
 };
@@ -67,11 +68,11 @@ struct Option {
 Option optionWith(const Combination &pressed)
 {
     Option found;
-    qxVariantsModel::visit([&](int kind, const qxVariant &variant) {
+    qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
         for (const qxVariantOption &option : variant.options) {
-            if (found.kind < 0 && option.key > 0 && option.key == pressed.key
+            if (!found.kind && option.key > 0 && option.key == pressed.key
                 && option.modifiers == pressed.modifiers)
-                found = {kind, variant.name, option.name};
+                found = {&kind, variant.name, option.name};
         }
     });
     return found;
@@ -100,7 +101,7 @@ bool qxSetHotkeys::eventFilter(QObject *watched, QEvent *event)
         return false;
     const qxVariantSet *const set = setWith(pressedKey);
     const Option option = set ? Option() : optionWith(pressedKey);
-    if (!set && option.kind < 0)
+    if (!set && !option.kind)
         return false;
     m_taken->look();
     if (!m_taken->ownerOf(pressedKey.key | int(pressedKey.modifiers)).isEmpty())
@@ -111,7 +112,7 @@ bool qxSetHotkeys::eventFilter(QObject *watched, QEvent *event)
     if (set)
         emit pressed(set->name);
     else
-        emit optionPressed(option.kind, option.variant, option.name);
+        emit optionPressed(*option.kind, option.variant, option.name);
     return true;
 }
 
@@ -142,7 +143,7 @@ QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const qxTakenKeys &tak
         break;
     }
     const Option option = optionWith(own);
-    if (option.kind >= 0)
+    if (option.kind)
         lines << tr("The option \"%1\" of \"%2\" has this key, too; this set comes first.")
                      .arg(option.name, option.variant);
     return lines.join('\n');

@@ -5,12 +5,12 @@
 class QWidget;
 class qxTakenKeys;
 class qxVariantSet;
+struct qxVariantKind;
 
-/// Lets the keys of sets and of options select them wherever in the window of `place` or in its
-/// floating docks they are pressed, but for text fields, where a key writes. Of two sets with the
-/// same key the first is selected; sets come before options. Keys that the window has taken select
-/// nothing, and those that operate the focused list or button (space, Enter, arrows, pages) still
-/// do.
+/// Selects sets and options by their hotkeys, in the whole window of `place` and its floating docks
+/// except text fields. Of two sets with the same key the first is selected; sets come before
+/// options. Keys that the window uses itself select nothing, nor do those that operate the focused
+/// list or button (space, Enter, arrows, pages).
 class qxSetHotkeys : public QObject {
     Q_OBJECT
 
@@ -19,15 +19,14 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-    /// That the window has the key of the set, for people; empty when it has not.
+    /// A text that says that the window uses the set's hotkey itself; empty if it does not.
     static QString flawOf(const qxVariantSet &set, const qxTakenKeys &taken);
-    /// What else has the key of the set, for people; empty for nothing.
+    /// A text that says what else has the set's hotkey; empty for nothing.
     static QString conflictOf(const qxVariantSet &set, const qxTakenKeys &taken);
 
 signals:
     void pressed(const QString &set);
-    /// `kind` as in qxVariantsModel.
-    void optionPressed(int kind, const QString &variant, const QString &option);
+    void optionPressed(const qxVariantKind &kind, const QString &variant, const QString &option);
 
 private:
     qxTakenKeys *m_taken;

@@ -4,20 +4,21 @@
 #include <QString>
 
 class qxVariantSet;
+struct qxVariantKind;
 
-/// Tells which sets the scene shows now: those all of whose states are the current ones.
+/// Finds the sets that the scene shows now: all their states are current.
 ///
-/// What it learns of a variant it keeps until reset.
+/// It caches the states of variants until reset.
 class qxSetMatch {
 public:
     /// Whether the set has states and every one of them is current. A state that depends on the one
     /// before, such as "!Next", is never current.
     bool matches(const qxVariantSet &set);
-    /// The scene may be another.
+    /// Call it when the scene may have changed.
     void reset() { m_current.clear(); }
 
 private:
-    typedef QPair<int, QString> Variant; ///< kind and name
+    typedef QPair<const qxVariantKind *, QString> Variant; ///< kind and name
 
     const QString &currentState(const Variant &variant);
 

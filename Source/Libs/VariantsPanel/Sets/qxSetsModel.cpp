@@ -1,6 +1,7 @@
 #include "qxSetsModel.h"
 
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -33,16 +34,21 @@ QStringList namesIn(const QMimeData &data, const char *type)
 
 int stateCount(const qxVariantSet &set)
 {
-    return int(set.nodeVariants.size() + set.materialVariants.size() + set.lightVariants.size()
-               + set.overlayVariants.size() + set.transformVariants.size());
+    std::size_t count = 0;
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        count += (set.*kind->states).size();
+    return int(count);
 }
 
 /// Whether the set has references that could be of use.
 bool refersToAnything(const qxVariantSet &set)
 {
-    return !set.nodeVariants.empty() || !set.materialVariants.empty() || !set.lightVariants.empty()
-        || !set.overlayVariants.empty() || !set.geometries.empty() || !set.viewpoints.empty()
-        || !set.animations.empty();
+    const auto refersTo = [&](const qxVariantKind *kind) {
+        return kind->makesUsed && !(set.*kind->states).empty();
+    };
+    const qxVariantKinds::List &kinds = qxVariantKinds::all();
+    return std::any_of(kinds.begin(), kinds.end(), refersTo) || !set.geometries.empty()
+        || !set.viewpoints.empty() || !set.animations.empty();
 }
 
 /// Keeps a tool tip from taking names for markup.

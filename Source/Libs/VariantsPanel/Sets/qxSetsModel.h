@@ -13,12 +13,11 @@ class qxTakenKeys;
 class qxVariantGroup;
 class qxVariantSet;
 
-/// Groups and their sets, then the sets in no group, as the module's announcements tell them: as a
-/// tree, or the sets alone in the same order.
+/// Groups with their sets, then the sets without a group, updated by qxPanelEvents: as a tree, or
+/// the sets alone in the same order.
 ///
-/// Rows keep their place in the views (selection, scrolling, open groups) through every change.
-/// Names and comments are edited in place, sets and groups are moved by drag and drop; both can be
-/// undone.
+/// Views keep selection, scroll position and expanded groups through every change. Names and
+/// comments are edited in place, sets and groups are moved by drag and drop; both can be undone.
 class qxSetsModel : public QAbstractItemModel {
     Q_OBJECT
 
@@ -27,30 +26,30 @@ public:
     enum Role {
         IsGroupRole = Qt::UserRole, ///< bool
         GroupRole, ///< QString: name of the set's group, empty for none
-        HotkeyRole, ///< QString, as people read it
-        KeyTakenRole, ///< bool: the window has the key, so that it does not select the set
+        HotkeyRole, ///< QString, as shown
+        KeyTakenRole, ///< bool: the window uses the key itself, so it does not select the set
         CommentRole, ///< QString
         PreviewRole, ///< QPixmap, null for none
         CountRole, ///< states of a set; sets of a group, such as "1 of 4" during a search
         HiddenRole, ///< bool: the group is not to be shown
-        EmptyRole, ///< bool: the set would do nothing, the group has no sets
+        EmptyRole, ///< bool: selecting the set does nothing, the group has no sets
         UnusedRole, ///< bool: the set refers to something, but nothing of it exists
         CurrentRole ///< bool: the scene shows the set now
     };
 
     qxSetsModel(Shape shape, qxPanelEvents *events, qxSetEdits *edits, QObject *parent = nullptr);
 
-    /// Leaves the sets, with their groups, that have every word in the name, the comment, the key
-    /// or the name of the group, in any case; and groups that have them in their own name.
+    /// Shows only sets, with their groups, whose name, comment, hotkey or group name contain every
+    /// word, ignoring case; and groups whose name does.
     void setSearch(const QString &text);
 
-    /// Whose keys do not select sets; none before.
+    /// Keys that do not select sets; none before this call.
     void setTakenKeys(const qxTakenKeys *taken);
 
-    /// Whether groups that are not to be shown are, with their sets.
+    /// Whether to show hidden groups with their sets.
     void setHiddenShown(bool shown);
 
-    /// The set or group of a row, null for the other of the two and for one that is gone.
+    /// The set of a row, or its group; null for a row of the other kind and for a removed object.
     qxVariantSet *setAt(const QModelIndex &index) const;
     qxVariantGroup *groupAt(const QModelIndex &index) const;
     QModelIndex indexOfSet(const QString &name) const;
@@ -73,7 +72,7 @@ public:
                       const QModelIndex &parent) override;
 
 private:
-    /// What stands in a row. The pointer may be dead when announcements are pending.
+    /// The content of a row. The pointer may be dangling while notifications are pending.
     struct Row {
         const void *object;
         QString name;
@@ -84,7 +83,7 @@ private:
     };
     typedef std::vector<Row> Rows;
 
-    /// Where dragged sets go to.
+    /// The target of dragged sets.
     struct Target {
         QString group; ///< empty for none
         QString before; ///< a set there; empty for the end

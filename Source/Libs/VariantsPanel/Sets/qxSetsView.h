@@ -11,7 +11,7 @@ class qxSetEdits;
 class qxSetsModel;
 class qxTakenKeys;
 
-/// The sets as a list by groups or as a gallery of their previews; both show and select the same.
+/// The sets as a list by groups or as a gallery of previews, with a common selection.
 class qxSetsView : public QStackedWidget {
     Q_OBJECT
 
@@ -23,26 +23,26 @@ public:
     Form form() const { return Form(currentIndex()); }
     void setForm(Form form);
     void setSearch(const QString &text);
-    /// Whether groups that are not to be shown are.
+    /// Whether to show hidden groups.
     void setHiddenShown(bool shown);
     void setTakenKeys(const qxTakenKeys *taken);
-    /// How many sets the search leaves; -1 without a search.
+    /// How many sets the search finds; -1 without a search.
     int foundCount() const;
 
     /// The selected sets in the order of the view.
     QStringList selectedSets() const { return selected(false); }
     QStringList selectedGroups() const { return selected(true); }
-    /// The set under the cursor, or else the group; empty for none.
+    /// The current set, or group; empty for none.
     QString currentSet() const;
     QString currentGroup() const;
     void showSet(const QString &name);
-    /// Selects these sets alone; the first one is under the cursor.
+    /// Selects only these sets; the first one becomes current.
     void selectSets(const QStringList &names);
     void showGroup(const QString &name);
-    /// Shows the first set that the search leaves.
+    /// Shows the first set that the search finds.
     void showFirst();
     void renameCurrent();
-    /// Where a menu for the row under the cursor belongs, in global coordinates.
+    /// The position of a menu for the current row, in global coordinates.
     QPoint placeOfCurrent() const;
 
 protected:
@@ -50,12 +50,12 @@ protected:
     void changeEvent(QEvent *event) override;
 
 signals:
-    /// The user wants this set applied.
+    /// The user wants to select this set.
     void activated(const QString &set);
-    /// Another set or group is under the cursor, or it has another name or group.
+    /// Another set or group is current, or its name or group has changed.
     void currentChanged();
     void selectionChanged();
-    /// foundCount may be another.
+    /// foundCount may have changed.
     void searched();
     void menuRequested(const QPoint &globalPosition);
 
@@ -79,9 +79,9 @@ private:
     void showNote();
 
     Face m_faces[2];
-    QPair<QString, QString> m_told; ///< set and group under the cursor
+    QPair<QString, QString> m_told; ///< current set and group
     QSet<QString> m_closedGroups;
     QString m_search;
-    QString m_sought; ///< set under the cursor before the search hid it; empty for none
-    QLabel *m_note; ///< in the place of sets where there are none
+    QString m_sought; ///< current set that the search has hidden; empty for none
+    QLabel *m_note; ///< shown if there are no sets
 };

@@ -5,30 +5,30 @@
 
 class QWidget;
 
-/// The keys with which the window of a place does something itself, so that sets leave them to it:
-/// those of its actions (shown, enabled and in force just now or not), shortcuts, menus, buttons
-/// and labels, those that edit text, and those that go through any window, such as Tab and Escape.
-/// They are asked of the window, which may get others at any time; a window that takes keys in any
-/// other way has to put them into actions of its widgets.
+/// The keys that a window uses itself and that hotkeys must not use: those of its actions (visible,
+/// enabled and active or not), shortcuts, menus, buttons and labels, those that edit text, and
+/// those of every window, such as Tab and Escape. They are read from the window, which may change
+/// them at any time. A window that handles keys in any other way must add actions with these keys
+/// to its widgets.
 class qxTakenKeys : public QObject {
     Q_OBJECT
 
 public:
     explicit qxTakenKeys(QWidget *place);
 
-    /// What of the window has the key (as in QKeySequence, with its modifiers), for people; empty
-    /// for nothing.
+    /// The part of the window that uses the key (as in QKeySequence, with modifiers), as text;
+    /// empty for none.
     QString ownerOf(int key) const;
-    /// Asks the window once more, for what it does not announce.
+    /// Reads the keys from the window again, for changes without a signal.
     void look() { m_isKnown = false; }
 
-    /// The window of the widget; docks that float belong to the one they come from.
+    /// The window of the widget; floating docks belong to their main window.
     static const QWidget *windowOf(const QWidget &widget);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:
-    /// Other keys are taken, or by something else.
+    /// The keys or their users have changed.
     void changed();
 
 private:

@@ -3,17 +3,17 @@
 #include <QMap>
 #include <QTableWidget>
 
-/// A table of keys and values to edit. The last row is empty and takes a new pair; the Delete key
-/// takes a row away, and so does an empty key.
+/// An editable table of keys and values. The last row is empty, for a new pair; the Delete key or
+/// an empty key removes a row.
 class qxValuesTable : public QTableWidget {
     Q_OBJECT
 
 public:
     explicit qxValuesTable(QWidget *parent = nullptr);
 
-    /// Shows these pairs, unless they are what the table holds.
+    /// Shows these pairs, unless the table holds the same.
     void setPairs(const QMap<QString, QString> &pairs);
-    /// What the table holds. Keys of earlier rows get a number.
+    /// The pairs of the table. A key that an earlier row has gets a number.
     QMap<QString, QString> pairs() const;
     /// The first key that several rows have; empty when there is none.
     QString doubleKey() const;

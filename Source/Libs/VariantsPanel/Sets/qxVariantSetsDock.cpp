@@ -1,11 +1,12 @@
 #include "qxVariantSetsDock.h"
 
+#include "qxVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantKind.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
 #include "Undo/qxSetEdits.h"
-#include "Variants/qxVariantsModel.h"
 #include "qxPanelEvents.h"
 #include "qxSetCapture.h"
 #include "qxSetForm.h"
@@ -236,9 +237,10 @@ void qxVariantSetsDock::selectSet(const QString &name)
     qxVariants::selectVariantSet(name.toUtf8().constData(), false);
 }
 
-void qxVariantSetsDock::selectOption(int kind, const QString &variant, const QString &option)
+void qxVariantSetsDock::selectOption(const qxVariantKind &kind, const QString &variant,
+                                     const QString &option)
 {
-    qxVariant *const found = qxVariantsModel::find(kind, variant);
+    qxVariant *const found = kind.find(variant);
     if (!found)
         return;
     emit aboutToSelect();

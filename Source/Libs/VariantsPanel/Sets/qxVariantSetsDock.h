@@ -14,21 +14,22 @@ class qxSetForm;
 class qxSetHotkeys;
 class qxSetsView;
 class qxTakenKeys;
+struct qxVariantKind;
 
 /// The dock "Variant Sets": shows, selects, captures and edits groups and sets.
 ///
-/// It follows the module's announcements, whoever causes them, and needs nothing of the host but
-/// HostApi. The keys of sets work in the whole window that it is in, but for those that the window
-/// has itself (qxTakenKeys).
+/// It follows the module's notifications and works in any host, because it needs only HostApi. The
+/// hotkeys of sets work in the dock's whole window, except keys that the window uses itself
+/// (qxTakenKeys).
 class qxVariantSetsDock : public QDockWidget {
     Q_OBJECT
 
 public:
     explicit qxVariantSetsDock(QWidget *parent = nullptr);
 
-    /// What the user did here, to undo.
+    /// The user's edits, for undo.
     QUndoStack *undoStack() const;
-    /// What can be done with sets, for the menu of a window.
+    /// The actions on sets, for the menu of a window.
     const QList<QAction *> &setActions() const { return m_actions; }
     qxSetsView *view() const { return m_view; }
 
@@ -38,11 +39,10 @@ public:
     void setPreviews(const QMap<QString, QByteArray> &previews);
 
 signals:
-    /// The user wants pictures of these sets as each looks when it is selected. That is for whoever
-    /// can put the scene back; setPreviews takes the pictures.
+    /// The user wants pictures of these sets, each as it looks when selected. The receiver must be
+    /// able to restore the scene; it calls setPreviews with the pictures.
     void previewsWanted(const QStringList &sets);
-    /// A set or an option is about to be selected by the user: the time to remember the present
-    /// state.
+    /// The user is about to select a set or an option; receivers may record the present state.
     void aboutToSelect();
 
 protected:
@@ -53,7 +53,7 @@ private:
     void buildContents();
     void buildActions();
     void retranslate();
-    /// Its key works while the focus is in the view, unless `where` says otherwise.
+    /// The action's key works while the view has the focus, unless `where` says otherwise.
     QAction *addAction(const char *text, const QKeySequence &key, void (qxVariantSetsDock::*run)(),
                        Qt::ShortcutContext where = Qt::WidgetWithChildrenShortcut);
     QWidget *buildTopLine();
@@ -63,17 +63,17 @@ private:
     void followGroup();
     void followSelection();
 
-    void selectOption(int kind, const QString &variant, const QString &option);
+    void selectOption(const qxVariantKind &kind, const QString &variant, const QString &option);
     void selectCurrent();
     void goToSearch();
-    /// Applies the first set that the search leaves.
+    /// Selects the first set that the search finds.
     void selectFound();
     void addSet();
     void addGroup();
     void captureSet();
     void showNewSet(const QString &name);
     void updateSet();
-    /// Of what the scene shows for the set under the cursor, or of all that are selected.
+    /// Pictures the scene for the current set, or each set if several are selected.
     void makePreview();
     void makeAllPreviews();
     void makePreviewsOf(const QStringList &sets);
@@ -97,7 +97,7 @@ private:
     qxSetsView *m_view;
     qxSetForm *m_form;
     QLineEdit *m_search;
-    QLabel *m_found; ///< how many sets the search leaves
+    QLabel *m_found; ///< how many sets the search finds
     QToolButton *m_gallery;
     QToolButton *m_capture;
     QList<QAction *> m_actions;

@@ -11,23 +11,21 @@
 
 class qxVariantSet;
 
-/// Takes down what a capture does beside filling its set, so that it can be undone: what it changes
-/// in the scene, which variants it makes or extends, and which references and material snapshots of
-/// other sets it rewrites.
+/// Records the effects of a capture beyond its own set for undo: changes of the scene, new and
+/// extended variants, and changed references and material snapshots of other sets.
 ///
-/// It stands before everything that belongs to the capture. What scripts of listeners do meanwhile
-/// beyond these things is not taken down. Materials that came keep their contents while they are
-/// out of the scene.
+/// Construct it before the capture begins. Other effects of listeners' scripts are not recorded.
+/// New materials keep their contents while they are not in the scene.
 class qxCaptureRecord {
 public:
     qxCaptureRecord();
-    /// Ends the record as a step that is done. `ofSet` is the step of the set `captured` itself,
-    /// not pushed; where it is not possible any more, the whole step is not. Null when the set is
-    /// gone.
+    /// Ends the record and returns a step that is already done. `ofSet` is the step of the set
+    /// `captured` itself, which must not be pushed; null if the set is gone. If `ofSet` is no
+    /// longer possible, the whole step is not.
     std::unique_ptr<qxEditStep> finish(const QString &text, const QString &captured,
                                        std::unique_ptr<qxEditStep> ofSet);
 
-    /// One changed entry of another set; no text for an entry that is not there.
+    /// One changed entry of another set; no text for a missing entry.
     struct Entry {
         QString set;
         bool isSnapshot;
@@ -37,7 +35,7 @@ public:
     };
 
 private:
-    /// What capture may rewrite in a set.
+    /// The parts of a set that a capture may change.
     struct Contents {
         QMap<QString, QString> snapshots;
         QMap<QString, QString> materials;

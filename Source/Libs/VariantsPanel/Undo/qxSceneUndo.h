@@ -8,23 +8,23 @@
 
 #include <optional>
 
-/// What a capture does to the scene, to undo: names of nodes, materials of nodes, materials that
-/// come into the pool, names, contents and choices of materials, and viewpoints.
+/// The changes of a capture to the scene, for undo: names and materials of nodes, new materials in
+/// the pool, names, contents and choices of materials, and viewpoints.
 ///
-/// Undoing and redoing touch only what is still as the capture (or the undoing) left it, so that
-/// what others changed since stays. The change keeps alive what it needs of the scene.
+/// Undo and redo touch only what is still as the capture (or the undo) left it, so that later
+/// changes by others stay. This object keeps the nodes and materials that it needs alive.
 class qxSceneUndo {
 public:
-    /// Notes how the scene is now.
+    /// Records the present scene.
     qxSceneUndo();
-    /// Keeps only what has become different.
+    /// Keeps only what has changed.
     void finish();
 
     void redo() const { apply(true); }
     void undo() const { apply(false); }
 
 private:
-    /// A name attachment's text; none is another thing than an empty one.
+    /// The text of a name attachment; no attachment differs from an empty text.
     typedef std::optional<std::string> Name;
 
     struct NodeState {
@@ -55,6 +55,6 @@ private:
 
     std::vector<Node> m_nodes;
     std::vector<Material> m_materials;
-    std::vector<osg::MaterialRefPtr> m_pool; ///< all at first, then those that came
+    std::vector<osg::MaterialRefPtr> m_pool; ///< all of them until finish, then the new ones
     std::vector<qxUberCamera> m_viewpoints; ///< the same
 };

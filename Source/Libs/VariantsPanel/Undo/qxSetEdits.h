@@ -9,13 +9,12 @@
 class qxCaptureRecord;
 class qxVariantSet;
 
-/// The edits of sets and groups that a user makes in the panel, each of them one step to undo.
+/// The user's edits of sets and groups in the panel, each of them one undo step.
 ///
-/// Sets and groups are named by their names, which are unique among each; unknown ones are passed
-/// over. Names that are wanted but taken get a number. What others (scripts, a file that is read)
-/// change meanwhile stays: a step that touches just that is dropped when it is undone, and a set
-/// that comes back while its name is taken gets a number. An edit that would change nothing is no
-/// step. qxPanelChanges tells of every edit.
+/// Sets and groups are identified by their unique names; unknown ones are ignored. A new name that
+/// is taken gets a number. Changes by others (scripts, a file that is read) stay: undoing a step
+/// that would overwrite them drops the step, and a restored set gets a number if its name is taken.
+/// An edit that changes nothing is no step. qxPanelChanges signals every edit.
 class qxSetEdits : public QObject {
     Q_OBJECT
 
@@ -24,15 +23,16 @@ public:
 
     QUndoStack *stack() { return &m_stack; }
 
-    /// The name of the new, empty set; at the end of `group`, or in none for an empty name.
+    /// Adds an empty set at the end of `group`, or without a group for an empty name, and returns
+    /// its name.
     QString addSet(const QString &group);
-    /// The names of the copies, each of which stands behind its original.
+    /// Adds a copy behind each of the sets and returns the names of the copies.
     QStringList duplicateSets(const QStringList &sets);
     void removeSets(const QStringList &sets);
-    /// Gives the set that name, or one like it when it is taken.
+    /// Gives the set that name, with a number if it is taken.
     void renameSet(const QString &set, const QString &name);
-    /// Lets `change` edit the set and takes the difference as one step called `what`. Steps that
-    /// follow each other in one `field` are one; an empty name is no field.
+    /// Lets `change` edit the set and makes the difference one step with the text `what`.
+    /// Consecutive steps with the same `field` are merged, unless it is empty.
     void editSet(const QString &set, const QString &what,
                  const std::function<void(qxVariantSet &)> &change,
                  const QString &field = QString());
@@ -57,13 +57,13 @@ public:
     void moveGroups(const QStringList &groups, const QString &before);
     void shiftGroup(const QString &group, bool down);
 
-    /// Makes a set of that name in the group, which is made when there is none, and lets `capture`
-    /// fill it; undo takes back what the capture did to scene, variants and other sets, as far as
-    /// qxCaptureRecord does. The name of the set; empty when the name is taken, and when listeners
-    /// have removed the set meanwhile.
+    /// Creates a set of that name in the group, which is created if it does not exist, and lets
+    /// `capture` fill it. Undo also reverts what qxCaptureRecord records of scene, variants and
+    /// other sets. Returns the name of the set; empty if the name is taken or listeners have
+    /// removed the set.
     QString captureSet(const QString &name, const QString &group, qxCaptureRecord &record,
                        const std::function<void(qxVariantSet &)> &capture);
-    /// The same for a set that exists, in the place of what it held.
+    /// The same for an existing set, whose contents are replaced.
     void captureAgain(const QString &set, qxCaptureRecord &record,
                       const std::function<void(qxVariantSet &)> &capture);
 

@@ -1,5 +1,7 @@
 #include "qxSetMemento.h"
 
+#include "qxVariantKinds.h"
+
 #include <algorithm>
 
 namespace {
@@ -27,10 +29,15 @@ bool isSame(const qxStateList &one, const qxStateList &other)
 
 // A list, not a procedure.
 template <class Visit>
-void qxSetMemento::visitFields(const Visit &visit)
+void qxSetMemento::visitFields(const Visit &visitBoth)
 {
     typedef qxSetMemento Held;
     typedef qxVariantSet Set;
+    const auto visit = [&](auto field, auto own) {
+        visitBoth(
+            [field](auto &held) -> auto & { return held.*field; },
+            [own](auto &set) -> auto & { return set.*own; });
+    };
     visit(&Held::name, &Set::name);
     visit(&Held::hotkey, &Set::hotkey);
     visit(&Held::comment, &Set::comment);
@@ -38,11 +45,6 @@ void qxSetMemento::visitFields(const Visit &visit)
     visit(&Held::defaultViewpoint, &Set::defaultViewpoint);
     visit(&Held::values, &Set::values);
     visit(&Held::preview, &Set::preview);
-    visit(&Held::m_nodes, &Set::nodeVariants);
-    visit(&Held::m_materials, &Set::materialVariants);
-    visit(&Held::m_lights, &Set::lightVariants);
-    visit(&Held::m_overlays, &Set::overlayVariants);
-    visit(&Held::m_transforms, &Set::transformVariants);
     visit(&Held::m_viewpoints, &Set::viewpoints);
     visit(&Held::m_animations, &Set::animations);
     visit(&Held::m_geometries, &Set::geometries);
@@ -54,6 +56,8 @@ void qxSetMemento::visitFields(const Visit &visit)
     visit(&Held::m_includesLights, &Set::inclLights);
     visit(&Held::m_includesEnvironment, &Set::inclEnv);
     visit(&Held::m_includesView, &Set::inclView);
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        visit(kind->states, kind->states);
 }
 
 qxSetMemento qxSetMemento::of(const qxVariantSet &set)

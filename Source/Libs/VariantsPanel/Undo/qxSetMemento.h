@@ -2,18 +2,18 @@
 
 #include "qxVariantSet.h"
 
-/// Everything that a set holds, as a value: to bring a set back, to copy it, to undo an edit.
-struct qxSetMemento {
-    /// What `set` holds now.
+/// The contents of a set as a value, to restore a set, to copy it, to undo an edit.
+struct qxSetMemento : private qxVariantReferences {
+    /// The present contents of `set`.
     static qxSetMemento of(const qxVariantSet &set);
-    /// Gives `set` these contents; its name only when it differs. The group stays.
+    /// Gives `set` these contents, but leaves it in its group.
     void applyTo(qxVariantSet &set) const;
 
-    /// Whether an edit from `before` to `after` changes anything. What only the scene changes does
-    /// not count: which animation is next.
+    /// Whether an edit from `before` to `after` changes anything. The index of the next animation
+    /// does not count.
     static bool differ(const qxSetMemento &before, const qxSetMemento &after);
-    /// Makes that edit in `set`: only what differs is touched. False, and nothing is touched, when
-    /// somebody else has changed just that since.
+    /// Makes that edit in `set`, only in the fields that differ. False, without any change, if
+    /// others have changed one of these fields since.
     static bool edit(qxVariantSet &set, const qxSetMemento &before, const qxSetMemento &after);
 
     QString name;
@@ -28,11 +28,6 @@ private:
     template <class Visit>
     static void visitFields(const Visit &visit);
 
-    qxStateList m_nodes;
-    qxStateList m_materials;
-    qxStateList m_lights;
-    qxStateList m_overlays;
-    qxStateList m_transforms;
     qxUniqueNames m_viewpoints;
     qxUniqueNames m_animations;
     qxUniqueNames m_geometries;

@@ -4,7 +4,7 @@
 #include "qxSetMemento.h"
 #include "qxSetPlace.h"
 
-/// Sets come or go.
+/// Adds or removes sets.
 class qxSetsPresence : public qxEditStep {
 public:
     enum Way { Come, Go };
@@ -26,10 +26,10 @@ private:
     std::vector<Part> m_parts;
 };
 
-/// The contents of a set are others than before.
+/// Edits a set.
 class qxSetEdit : public qxEditStep {
 public:
-    /// Steps that follow each other in the same `field` of a set are one; empty for none.
+    /// Consecutive steps with the same `field` of a set are merged; an empty field never is.
     qxSetEdit(const QString &text, const qxSetMemento &before, const qxSetMemento &after,
               const QString &field);
     int id() const override;
@@ -44,7 +44,7 @@ private:
     QString m_field;
 };
 
-/// Sets stand elsewhere.
+/// Moves sets.
 class qxSetsMove : public qxEditStep {
 public:
     struct Part {
@@ -62,7 +62,7 @@ private:
     std::vector<Part> m_parts;
 };
 
-/// A group comes or goes, without sets: one that has sets does not go.
+/// Adds or removes a group without sets; a group that has sets is not removed.
 class qxGroupPresence : public qxEditStep {
 public:
     struct Contents {
@@ -82,7 +82,7 @@ private:
     Contents m_contents;
 };
 
-/// What a group is like is other than before.
+/// Changes name, comment or visibility of a group.
 class qxGroupEdit : public qxEditStep {
 public:
     struct Contents {
@@ -101,7 +101,7 @@ private:
     Contents m_after;
 };
 
-/// Groups stand elsewhere in the registry.
+/// Moves groups in the registry.
 class qxGroupsMove : public qxEditStep {
 public:
     struct Part {

@@ -1,5 +1,6 @@
 #include "qxVariantsChange.h"
 
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -12,11 +13,11 @@
 namespace {
 
 /// The variants of the kind that sets refer to.
-QSet<QString> usedOf(int kind)
+QSet<QString> usedOf(const qxVariantKind &kind)
 {
     QSet<QString> used;
     for (const qxVariantSet *set : qxVariants::_variantSets) {
-        for (const qxVariantState &state : set->*qxKindAccess::of(kind).states)
+        for (const qxVariantState &state : set->*kind.states)
             used.insert(state.variant);
     }
     return used;
@@ -26,73 +27,73 @@ QSet<QString> usedOf(int kind)
 
 qxVariantsChange::qxVariantsChange()
 {
-    for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
-        qxKindAccess::of(kind).visit([&](qxVariant &variant) {
-            m_kinds[kind].noted.insert(variant.name, contentsOf(kind, variant));
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
+        m_kinds.push_back({kind, {}, {}, {}});
+        kind->visit([&](const qxVariant &variant) {
+            m_kinds.back().noted.insert(variant.name, contentsOf(*kind, variant));
         });
     }
 }
 
 void qxVariantsChange::finish()
 {
-    for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
-        Kind &noted = m_kinds[kind];
-        qxKindAccess::of(kind).visit([&](qxVariant &variant) {
-            const Contents after = contentsOf(kind, variant);
-            const auto before = noted.noted.constFind(variant.name);
-            if (before == noted.noted.constEnd())
-                noted.come.push_back({variant.name, {}, after});
+    for (Kind &change : m_kinds) {
+        change.kind->visit([&](const qxVariant &variant) {
+            const Contents after = contentsOf(*change.kind, variant);
+            const auto before = change.noted.constFind(variant.name);
+            if (before == change.noted.constEnd())
+                change.come.push_back({variant.name, {}, after});
             else if (!isSame(*before, after))
-                noted.edited.push_back({variant.name, *before, after});
+                change.edited.push_back({variant.name, *before, after});
         });
-        noted.noted.clear();
+        change.noted.clear();
     }
 }
 
 void qxVariantsChange::apply(bool forward) const
 {
     bool isAny = false;
-    for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
-        isAny |= forward ? bring(kind) : takeBack(kind);
-        for (const Changed &changed : m_kinds[kind].edited)
-            isAny |= edit(kind, changed, forward);
+    for (const Kind &change : m_kinds) {
+        isAny |= forward ? bring(change) : takeBack(change);
+        for (const Changed &changed : change.edited)
+            isAny |= edit(*change.kind, changed, forward);
     }
     if (isAny)
         emit qxPanelChanges::the().variantsEdited();
 }
 
-bool qxVariantsChange::bring(int kind) const
+bool qxVariantsChange::bring(const Kind &change)
 {
-    const qxKindAccess &access = qxKindAccess::of(kind);
+    const qxVariantKind &kind = *change.kind;
     bool isAny = false;
-    for (const Changed &changed : m_kinds[kind].come) {
-        if (access.find(changed.name))
+    for (const Changed &changed : change.come) {
+        if (kind.find(changed.name))
             continue;
-        give(kind, *access.create(changed.name), changed.after);
+        give(kind, *kind.create(changed.name, false), changed.after);
         isAny = true;
     }
     return isAny;
 }
 
-bool qxVariantsChange::takeBack(int kind) const
+bool qxVariantsChange::takeBack(const Kind &change)
 {
-    if (m_kinds[kind].come.empty())
+    if (change.come.empty())
         return false;
-    const qxKindAccess &access = qxKindAccess::of(kind);
+    const qxVariantKind &kind = *change.kind;
     const QSet<QString> used = usedOf(kind);
     bool isAny = false;
-    for (const Changed &changed : m_kinds[kind].come) {
-        qxVariant *const found = access.find(changed.name);
+    for (const Changed &changed : change.come) {
+        qxVariant *const found = kind.find(changed.name);
         if (found && !used.contains(changed.name)
             && isSame(contentsOf(kind, *found), changed.after))
-            isAny |= access.remove(changed.name);
+            isAny |= kind.remove(changed.name);
     }
     return isAny;
 }
 
-bool qxVariantsChange::edit(int kind, const Changed &changed, bool forward)
+bool qxVariantsChange::edit(const qxVariantKind &kind, const Changed &changed, bool forward)
 {
-    qxVariant *const found = qxKindAccess::of(kind).find(changed.name);
+    qxVariant *const found = kind.find(changed.name);
     const Contents &from = forward ? changed.before : changed.after;
     if (!found || !isSame(contentsOf(kind, *found), from))
         return false;
@@ -100,14 +101,15 @@ bool qxVariantsChange::edit(int kind, const Changed &changed, bool forward)
     return true;
 }
 
-qxVariantsChange::Contents qxVariantsChange::contentsOf(int kind, qxVariant &variant)
+qxVariantsChange::Contents qxVariantsChange::contentsOf(const qxVariantKind &kind,
+                                                        const qxVariant &variant)
 {
-    return {qxKindAccess::of(kind).sceneName(variant), variant.defaultState, variant.options};
+    return {variant.*kind.sceneName, variant.defaultState, variant.options};
 }
 
-void qxVariantsChange::give(int kind, qxVariant &variant, const Contents &contents)
+void qxVariantsChange::give(const qxVariantKind &kind, qxVariant &variant, const Contents &contents)
 {
-    qxKindAccess::of(kind).sceneName(variant) = contents.sceneName;
+    variant.*kind.sceneName = contents.sceneName;
     variant.defaultState = contents.defaultState;
     variant.options = contents.options;
 }

@@ -2,20 +2,20 @@
 
 #include "qxVariant.h"
 
-#include "Variants/qxKindAccess.h"
-
 #include <QHash>
 #include <QStringList>
 
-/// What a capture does to the registry's variants, to undo: variants that come, and options that
-/// existing ones get.
+struct qxVariantKind;
+
+/// The changes of a capture to the registry's variants, for undo: new variants, and new options of
+/// existing ones.
 ///
-/// Undoing and redoing leave alone what others changed since, and variants that sets refer to.
+/// Undo and redo do not touch what others have changed since, nor variants that sets refer to.
 class qxVariantsChange {
 public:
-    /// Notes all variants.
+    /// Records all variants.
     qxVariantsChange();
-    /// Keeps only those that came or have become different.
+    /// Keeps only those that are new or have changed.
     void finish();
 
     void redo() const { apply(true); }
@@ -33,18 +33,19 @@ private:
         Contents after;
     };
     struct Kind {
+        const qxVariantKind *kind;
         QHash<QString, Contents> noted; ///< all, until finish
         std::vector<Changed> edited;
         std::vector<Changed> come; ///< in their order
     };
 
     void apply(bool forward) const;
-    static bool edit(int kind, const Changed &changed, bool forward);
-    bool bring(int kind) const;
-    bool takeBack(int kind) const;
-    static Contents contentsOf(int kind, qxVariant &variant);
-    static void give(int kind, qxVariant &variant, const Contents &contents);
+    static bool edit(const qxVariantKind &kind, const Changed &changed, bool forward);
+    static bool bring(const Kind &change);
+    static bool takeBack(const Kind &change);
+    static Contents contentsOf(const qxVariantKind &kind, const qxVariant &variant);
+    static void give(const qxVariantKind &kind, qxVariant &variant, const Contents &contents);
     static bool isSame(const Contents &one, const Contents &other);
 
-    Kind m_kinds[qxKindAccess::Count];
+    std::vector<Kind> m_kinds;
 };

@@ -7,8 +7,8 @@ class qxVariant;
 /// The state of a variant as people see it.
 namespace qxShownState {
 
-/// The current state. A transform switch reports no more than that it is shown: here that is the
-/// transform in which it stands.
+/// The current state. For a transform switch, whose variant reports only that it is visible, its
+/// current transform.
 QString of(const qxVariant &variant);
 /// Whether `state` is current in a variant of which `shown` is the shown state.
 bool isCurrent(const QString &state, const QString &shown);

@@ -1,6 +1,7 @@
 #include "qxVariantsDock.h"
 
 #include "qxVariant.h"
+#include "qxVariantKinds.h"
 #include "qxVariantsModel.h"
 
 #include "qxPanelEvents.h"
@@ -54,9 +55,9 @@ void qxVariantsDock::selectOption(const QModelIndex &index)
 }
 
 /// The kinds are told one after the other, the first of them first.
-void qxVariantsDock::highlight(int kind, const QStringList &names)
+void qxVariantsDock::highlight(const qxVariantKind &kind, const QStringList &names)
 {
-    if (kind == qxVariantsModel::Node)
+    if (&kind == qxVariantKinds::all().front())
         m_view->clearSelection();
     for (const QString &name : names) {
         const QModelIndex index = m_model->indexOf(kind, name);

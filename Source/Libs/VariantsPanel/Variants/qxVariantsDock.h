@@ -6,6 +6,7 @@ class QModelIndex;
 class QTreeView;
 class qxPanelEvents;
 class qxVariantsModel;
+struct qxVariantKind;
 
 /// The dock "Variants": all variants by kind with their options, shortcuts and actions. A double
 /// click or Enter selects an option; connected variants of a set are highlighted on request.
@@ -25,7 +26,7 @@ protected:
 private:
     void retranslate();
     void selectOption(const QModelIndex &index);
-    void highlight(int kind, const QStringList &names);
+    void highlight(const qxVariantKind &kind, const QStringList &names);
 
     qxPanelEvents *m_events;
     qxVariantsModel *m_model;

@@ -1,16 +1,29 @@
 #include "qxVariantsModel.h"
 
 #include "qxVariant.h"
+#include "qxVariantKinds.h"
 
 #include "qxKeyText.h"
-#include "qxKindAccess.h"
 #include "qxPanelEvents.h"
 #include "qxShownState.h"
 
+#include <QCoreApplication>
 #include <QFont>
 #include <QTextDocument>
 
+#include <algorithm>
+
 namespace {
+
+int kindCount()
+{
+    return int(qxVariantKinds::all().size());
+}
+
+const qxVariantKind &kindAt(int row)
+{
+    return *qxVariantKinds::all()[std::size_t(row)];
+}
 
 /// What the internal number of an index says: which row stands above it.
 struct Above {
@@ -22,10 +35,10 @@ struct Above {
         const int number = int(index.internalId());
         if (number == 0)
             return Above();
-        if (number <= qxVariantsModel::KindCount)
+        if (number <= kindCount())
             return {number - 1, -1};
-        const int rest = number - 1 - qxVariantsModel::KindCount;
-        return {rest % qxVariantsModel::KindCount, rest / qxVariantsModel::KindCount};
+        const int rest = number - 1 - kindCount();
+        return {rest % kindCount(), rest / kindCount()};
     }
     quintptr number() const
     {
@@ -33,26 +46,9 @@ struct Above {
             return 0;
         if (variant < 0)
             return quintptr(kind + 1);
-        return quintptr(1 + qxVariantsModel::KindCount + variant * qxVariantsModel::KindCount
-                        + kind);
+        return quintptr(1 + kindCount() + variant * kindCount() + kind);
     }
 };
-
-QString kindName(int kind)
-{
-    switch (kind) {
-    case qxVariantsModel::Node:
-        return qxVariantsModel::tr("Nodes");
-    case qxVariantsModel::Material:
-        return qxVariantsModel::tr("Materials");
-    case qxVariantsModel::Light:
-        return qxVariantsModel::tr("Lights");
-    case qxVariantsModel::Overlay:
-        return qxVariantsModel::tr("Overlays");
-    default:
-        return qxVariantsModel::tr("Transforms");
-    }
-}
 
 } // namespace
 
@@ -64,24 +60,13 @@ qxVariantsModel::qxVariantsModel(qxPanelEvents *events, QObject *parent)
     refresh();
 }
 
-void qxVariantsModel::visit(const std::function<void(int kind, const qxVariant &variant)> &each)
-{
-    for (int kind = 0; kind < KindCount; ++kind)
-        qxKindAccess::of(kind).visit([&](const qxVariant &variant) { each(kind, variant); });
-}
-
-qxVariant *qxVariantsModel::find(int kind, const QString &name)
-{
-    return qxKindAccess::of(kind).find(name);
-}
-
 qxVariant *qxVariantsModel::variantAt(const QModelIndex &index) const
 {
     const Above above = Above::of(index);
     if (!index.isValid() || above.kind < 0)
         return nullptr;
     const int row = above.variant < 0 ? index.row() : above.variant;
-    return find(above.kind, m_kinds[above.kind][std::size_t(row)].name);
+    return kindAt(above.kind).find(variantsOf(above.kind)[std::size_t(row)].name);
 }
 
 QString qxVariantsModel::optionAt(const QModelIndex &index) const
@@ -89,13 +74,19 @@ QString qxVariantsModel::optionAt(const QModelIndex &index) const
     const Above above = Above::of(index);
     if (!index.isValid() || above.variant < 0)
         return QString();
-    const Variant &variant = m_kinds[above.kind][std::size_t(above.variant)];
+    const Variant &variant = variantsOf(above.kind)[std::size_t(above.variant)];
     return variant.options[std::size_t(index.row())].name;
+}
+
+QModelIndex qxVariantsModel::indexOf(const qxVariantKind &kind, const QString &variant) const
+{
+    const qxVariantKinds::List &all = qxVariantKinds::all();
+    return indexOf(int(std::find(all.begin(), all.end(), &kind) - all.begin()), variant);
 }
 
 QModelIndex qxVariantsModel::indexOf(int kind, const QString &variant) const
 {
-    const int row = m_rows[kind].value(variant, -1);
+    const int row = m_kinds[std::size_t(kind)].rows.value(variant, -1);
     return row < 0 ? QModelIndex() : createIndex(row, NameColumn, Above{kind, -1}.number());
 }
 
@@ -130,13 +121,13 @@ QModelIndex qxVariantsModel::parent(const QModelIndex &index) const
 int qxVariantsModel::rowCount(const QModelIndex &parent) const
 {
     if (!parent.isValid())
-        return KindCount;
+        return kindCount();
     const Above above = Above::of(parent);
     if (parent.column() > 0 || above.variant >= 0)
         return 0;
     if (above.kind < 0)
-        return int(m_kinds[parent.row()].size());
-    return int(m_kinds[above.kind][std::size_t(parent.row())].options.size());
+        return int(variantsOf(parent.row()).size());
+    return int(variantsOf(above.kind)[std::size_t(parent.row())].options.size());
 }
 
 QVariant qxVariantsModel::data(const QModelIndex &index, int role) const
@@ -146,7 +137,7 @@ QVariant qxVariantsModel::data(const QModelIndex &index, int role) const
     const Above above = Above::of(index);
     if (above.kind < 0)
         return index.column() == NameColumn ? kindData(index.row(), role) : QVariant();
-    const std::vector<Variant> &variants = m_kinds[above.kind];
+    const std::vector<Variant> &variants = variantsOf(above.kind);
     if (above.variant < 0)
         return variantData(above.kind, variants[std::size_t(index.row())], index.column(), role);
     return optionData(above.kind, variants[std::size_t(above.variant)], index.row(), index, role);
@@ -155,7 +146,9 @@ QVariant qxVariantsModel::data(const QModelIndex &index, int role) const
 QVariant qxVariantsModel::kindData(int kind, int role) const
 {
     if (role == Qt::DisplayRole)
-        return QStringLiteral("%1 (%2)").arg(kindName(kind)).arg(m_kinds[kind].size());
+        return QStringLiteral("%1 (%2)")
+            .arg(QCoreApplication::translate("qxVariants", kindAt(kind).title))
+            .arg(variantsOf(kind).size());
     if (role != Qt::FontRole)
         return QVariant();
     QFont font;
@@ -201,7 +194,7 @@ QVariant qxVariantsModel::headerData(int section, Qt::Orientation orientation, i
 const QString &qxVariantsModel::currentOf(int kind, const Variant &variant) const
 {
     if (!variant.isCurrentKnown) {
-        const qxVariant *const found = find(kind, variant.name);
+        const qxVariant *const found = kindAt(kind).find(variant.name);
         variant.current = found ? qxShownState::of(*found) : QString();
         variant.isCurrentKnown = true;
     }
@@ -225,12 +218,12 @@ void qxVariantsModel::refresh()
 
 void qxVariantsModel::readVariants()
 {
-    for (int kind = 0; kind < KindCount; ++kind) {
-        std::vector<Variant> &variants = m_kinds[kind];
-        QHash<QString, int> &rows = m_rows[kind];
-        variants.clear();
-        rows.clear();
-        qxKindAccess::of(kind).visit([&](const qxVariant &variant) {
+    m_kinds.clear();
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
+        m_kinds.emplace_back();
+        std::vector<Variant> &variants = m_kinds.back().variants;
+        QHash<QString, int> &rows = m_kinds.back().rows;
+        kind->visit([&](const qxVariant &variant) {
             if (!rows.contains(variant.name))
                 rows.insert(variant.name, int(variants.size()));
             variants.push_back({variant.name, {}, QString(), false});
@@ -246,7 +239,7 @@ qxVariantsModel::Place qxVariantsModel::placeOf(const QModelIndex &index) const
     if (above.kind < 0)
         return {index.row(), QString(), QString(), index.column()};
     const int row = above.variant < 0 ? index.row() : above.variant;
-    const QString &variant = m_kinds[above.kind][std::size_t(row)].name;
+    const QString &variant = variantsOf(above.kind)[std::size_t(row)].name;
     return {above.kind, variant, optionAt(index), index.column()};
 }
 
@@ -267,8 +260,8 @@ QModelIndex qxVariantsModel::indexOf(const Place &place) const
 
 void qxVariantsModel::refreshStates()
 {
-    for (int kind = 0; kind < KindCount; ++kind) {
-        for (Variant &variant : m_kinds[kind])
+    for (int kind = 0; kind < kindCount(); ++kind) {
+        for (const Variant &variant : variantsOf(kind))
             variant.isCurrentKnown = false;
         const QModelIndex above = index(kind, 0, QModelIndex());
         for (int row = 0; row < rowCount(above); ++row)

@@ -3,11 +3,11 @@
 #include <QAbstractItemModel>
 #include <QHash>
 
-#include <functional>
 #include <vector>
 
 class qxPanelEvents;
 class qxVariant;
+struct qxVariantKind;
 
 /// The variants by kind with their options: three levels of kind, variant and option; columns for
 /// the name and for the current state (of a variant) or the shortcut (of an option).
@@ -15,7 +15,6 @@ class qxVariantsModel : public QAbstractItemModel {
     Q_OBJECT
 
 public:
-    enum Kind { Node, Material, Light, Overlay, Transform, KindCount };
     enum Column { NameColumn, StateColumn, ColumnCount };
     enum Role {
         CurrentRole = Qt::UserRole, ///< bool: the option is the current state
@@ -24,17 +23,12 @@ public:
 
     explicit qxVariantsModel(qxPanelEvents *events, QObject *parent = nullptr);
 
-    /// Visits all variants, kind by kind.
-    static void visit(const std::function<void(int kind, const qxVariant &variant)> &each);
-    /// Null when there is none of that name.
-    static qxVariant *find(int kind, const QString &name);
-
-    /// The variant of a row or of the row above it; null for a kind and for one that is gone.
+    /// The variant of a row or of its parent row; null for a kind and for a removed variant.
     qxVariant *variantAt(const QModelIndex &index) const;
     /// The name of the option of a row; empty for other rows.
     QString optionAt(const QModelIndex &index) const;
-    QModelIndex indexOf(int kind, const QString &variant) const;
-    /// The language is another: views ask for all texts anew.
+    QModelIndex indexOf(const qxVariantKind &kind, const QString &variant) const;
+    /// Call it after a change of language: views update all texts.
     void retranslate();
 
     QModelIndex index(int row, int column, const QModelIndex &parent) const override;
@@ -57,7 +51,12 @@ private:
         mutable bool isCurrentKnown = false;
     };
 
-    /// The place of a row by names, which outlives a change of rows.
+    struct Kind {
+        std::vector<Variant> variants;
+        QHash<QString, int> rows; ///< of the variants, by name
+    };
+
+    /// The place of a row by names, which stays valid when rows change.
     struct Place {
         int kind;
         QString variant;
@@ -67,6 +66,11 @@ private:
 
     void refresh();
     void readVariants();
+    const std::vector<Variant> &variantsOf(int kind) const
+    {
+        return m_kinds[std::size_t(kind)].variants;
+    }
+    QModelIndex indexOf(int kind, const QString &variant) const;
     Place placeOf(const QModelIndex &index) const;
     QModelIndex indexOf(const Place &place) const;
     void refreshStates();
@@ -77,6 +81,5 @@ private:
     QVariant optionData(int kind, const Variant &variant, int row, const QModelIndex &index,
                         int role) const;
 
-    std::vector<Variant> m_kinds[KindCount];
-    QHash<QString, int> m_rows[KindCount]; ///< of the variants, by name
+    std::vector<Kind> m_kinds; ///< in the order of qxVariantKinds::all
 };

@@ -111,8 +111,7 @@ qxSnapshotReconciler::Needs qxSnapshotReconciler::needsAt(const QString &path,
     differ = false;
     for (auto entry = m_index.first(path); entry; entry = m_index.next(*entry)) {
         const bool isOwn = entry->material == own;
-        const osg::MaterialPtr recorded =
-            isOwn ? material : qxSwitchMaterials::findMaterial(entry->material);
+        const osg::MaterialPtr recorded = isOwn ? material : qxNames::findMaterial(entry->material);
         if (recorded == osg::NullFC)
             continue;
         Need need{entry->set, switchOf(recorded), recorded, entry->material};

@@ -31,11 +31,6 @@ void name(const osg::SwitchMaterialPtr &created, const QString &wanted)
 
 namespace qxSwitchMaterials {
 
-osg::MaterialPtr findMaterial(const QString &name)
-{
-    return qxMaterials::findMaterial(qxText::toUtf8(name).c_str());
-}
-
 std::vector<qxNodePtr> usersOf(const osg::MaterialPtr &material)
 {
     std::vector<qxNodePtr> nodes;

@@ -12,9 +12,6 @@
 /// nothing.
 namespace qxSwitchMaterials {
 
-/// The first material of that name, or null.
-osg::MaterialPtr findMaterial(const QString &name);
-
 /// The nodes of the scene that have the material.
 std::vector<qxNodePtr> usersOf(const osg::MaterialPtr &material);
 

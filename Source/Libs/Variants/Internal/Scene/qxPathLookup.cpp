@@ -110,14 +110,13 @@ void qxPathLookup::createLookupTableRecursive(qxNodePtr node, unsigned int paren
     qxWalkTree(Places{{node, parentHash}}, [&root](const Places::value_type &place, Places &below) {
         auto [each, hash] = place;
         if (each == osg::NullFC)
-            return true;
+            return;
         if (each->getParent() != root)
             hash = hashOf("/", hash);
         hash = hashOf(qxNodeUtils::getName(each).c_str(), hash);
         _pathToNodeMap.add(hash, each);
         for (const osg::NodePtr &child : *each->getMFChildren())
             below.push_back({child, hash});
-        return true;
     });
 }
 

@@ -4,7 +4,9 @@
 #include "OSGOverlayCore.h"
 #include "OSGSwitchComponentTransform.h"
 #include "Scene/qxTransformStates.h"
+#include "qxNodeUtils.h"
 
+#include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGSwitch.h>
 
@@ -17,11 +19,21 @@ std::vector<float> numbersOf(const osg::Vec3f &translation, const osg::Quaternio
             rotation.z(),   rotation.w(),   scale[0],       scale[1],     scale[2]};
 }
 
+std::vector<float> numbersOf(const osg::Matrix &matrix)
+{
+    osg::Vec3f translation;
+    osg::Vec3f scale;
+    osg::Quaternion rotation;
+    osg::Quaternion scaleOrientation;
+    matrix.getTransform(translation, rotation, scale, scaleOrientation);
+    return numbersOf(translation, rotation, scale);
+}
+
 std::vector<float> allNumbers(const osg::MFMatrix &matrices)
 {
     std::vector<float> numbers;
     for (const osg::Matrix &matrix : matrices) {
-        const std::vector<float> ten = qxGltfNumbers(matrix);
+        const std::vector<float> ten = numbersOf(matrix);
         numbers.insert(numbers.end(), ten.begin(), ten.end());
     }
     return numbers;
@@ -50,14 +62,9 @@ bool isPlainGroup(const osg::NodeCorePtr &core)
 
 } // namespace
 
-std::vector<float> qxGltfNumbers(const osg::Matrix &matrix)
+QString qxGltfLabel(const osg::NodePtr &node)
 {
-    osg::Vec3f translation;
-    osg::Vec3f scale;
-    osg::Quaternion rotation;
-    osg::Quaternion scaleOrientation;
-    matrix.getTransform(translation, rotation, scale, scaleOrientation);
-    return numbersOf(translation, rotation, scale);
+    return qxFileText::tr("node \"%1\"").arg(QString::fromStdString(qxNodeUtils::getName(node)));
 }
 
 bool qxGltfIsSwitch(const osg::NodeCorePtr &core)

@@ -1,11 +1,14 @@
 #pragma once
 
-#include "Files/Gltf/Common/qxGltfState.h"
+#include "Files/Gltf/Common/qxGltfNodeState.h"
+
+/// How messages call a node of the scene graph.
+QString qxGltfLabel(const osg::NodePtr &node);
 
 /// Whether the core is a switch over children.
 bool qxGltfIsSwitch(const osg::NodeCorePtr &core);
-/// Whether the core has a meaning of its own and puts its children nowhere, so that the transform
-/// of its node is that of an unnamed node above it.
+/// Whether the core has another meaning and no transform, so that an unnamed node above it gets the
+/// transform of its node.
 bool qxGltfNeedsPose(const osg::NodeCorePtr &core);
 /// Whether the core is a transform, but not a transform switch.
 bool qxGltfIsPlainTransform(const osg::NodeCorePtr &core);

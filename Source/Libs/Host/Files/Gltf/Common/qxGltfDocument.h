@@ -24,7 +24,7 @@ struct qxGltfDocument {
 
     /// The folder that URIs of the file are relative to.
     QString folder() const;
-    /// `edited` as text in the style of this file; the very text of the file when nothing changed.
+    /// `edited` as text in the style of this file; without changes, the text of the file.
     QByteArray textOf(const qxJson &edited) const;
 };
 

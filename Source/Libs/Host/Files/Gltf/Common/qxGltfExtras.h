@@ -32,11 +32,11 @@ constexpr const char *viewpoint = "qxViewpoint";
 constexpr const char *viewpointName = "qxViewpointName";
 constexpr const char *materialPool = "qxMaterialPool"; ///< of the file
 constexpr const char *variants = "qxVariants";
-constexpr const char *otherExtras = "qxOther"; ///< what extras were that held no entries
+constexpr const char *otherExtras = "qxOther"; ///< the original extras that were no object
 } // namespace qxGltfKeys
 
-/// Reads the entries of one node, or of one object of another `kind`. What is there in an unusable
-/// form counts as not there and is a warning.
+/// Reads the entries of one node, or of one object of another `kind`. An entry of the wrong form is
+/// ignored with a warning.
 class qxGltfExtras {
 public:
     qxGltfExtras(int index, const qxJson &node, QStringList &warnings, const char *kind = "node");
@@ -68,10 +68,10 @@ private:
     const char *m_kind;
 };
 
-/// Whether the children of the node are counted: it is a switch, or shares a core.
+/// Whether the indices of the node's children matter: it is a switch, or shares a core.
 bool qxGltfCountsChildren(const qxJson &node);
-/// The rotation that the four numbers x y z w stand for. They are those of the file unless they are
-/// far from a rotation: then they are brought to length 1, so that matrices stay finite.
+/// The rotation of the four numbers x y z w. Numbers far from a unit quaternion are normalized, so
+/// that matrices stay finite.
 osg::Quaternion qxGltfRotation(const float *numbers);
 /// The transform that ten numbers stand for.
 osg::Matrix qxGltfMatrix(const float *numbers);

@@ -4,10 +4,10 @@
 
 #include <nlohmann/json.hpp>
 
-/// The JSON of a scene file. Members keep their order, so that a file comes back as it was.
+/// The JSON of a scene file. Members keep their order, so that saving does not change it.
 typedef nlohmann::ordered_json qxJson;
 
-/// Why a scene file cannot be read or written, in plain words and without the file's name.
+/// Why a scene file cannot be read or written, without the file's name.
 class qxGltfError {
 public:
     explicit qxGltfError(const QString &reason) : m_reason(reason) {}

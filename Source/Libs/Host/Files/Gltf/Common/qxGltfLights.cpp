@@ -1,7 +1,7 @@
 #include "Files/Gltf/Common/qxGltfLights.h"
 
-#include "Files/Gltf/Read/qxGltfCheck.h"
-#include "Files/Gltf/Write/qxGltfPatch.h"
+#include "Files/Gltf/Common/qxGltfCheckValues.h"
+#include "Files/Gltf/Common/qxGltfJsonEdit.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 

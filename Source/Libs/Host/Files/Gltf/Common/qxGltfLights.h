@@ -21,14 +21,13 @@ struct qxGltfLight {
     bool operator==(const qxGltfLight &other) const;
 };
 
-/// Throws qxGltfError for lights that have something else than numbers where numbers belong, and
-/// for nodes that refer to a light that is not there.
+/// Throws qxGltfError for lights with values of the wrong type, and for nodes that refer to a
+/// missing light.
 void qxGltfCheckLights(const qxJson &document);
 /// The place of the light of a node in the list of lights, -1 when the node is none.
 int qxGltfLightOf(const qxJson &node);
 /// The core of light `index`, named as the light; null when it is of an unknown kind.
 osg::UberLightPtr qxGltfMakeLight(const qxJson &document, int index);
-/// Makes the node of a file a light like `light`, or no light when that is null. Lights that look
-/// alike share an entry in the list of lights; one that is new there keeps what the node's earlier
-/// entry says beyond.
+/// Writes `light` to the node of a file, or removes its light when null. Equal lights share an
+/// entry in the list of lights; a new entry keeps the other members of the node's old one.
 void qxGltfWriteLight(qxJson &document, qxJson &node, const qxGltfLight *light);

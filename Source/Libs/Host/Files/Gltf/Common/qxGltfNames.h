@@ -7,13 +7,12 @@
 #include <unordered_set>
 #include <vector>
 
-/// Makes names distinguishable as qxNodeUtils::getUniqueName does, at the same cost however many
-/// there are.
+/// Makes names unique as qxNodeUtils::getUniqueName does, in constant time.
 class qxGltfNames {
 public:
-    /// The name belongs to somebody.
+    /// Marks the name as taken.
     void take(const std::string &name) { m_taken.insert(name); }
-    /// `base` when nobody has it, else with a number behind it. It belongs to somebody from now on.
+    /// `base`, with a number if it is taken. The result is taken from now on.
     std::string unique(const std::string &base);
 
 private:
@@ -21,6 +20,6 @@ private:
     std::unordered_map<std::string, int> m_next; ///< the smallest number that may be free, by base
 };
 
-/// The names under which the entries of a list are shown, empty for those without. Of several with
-/// one name the first keeps it, and the others get names that nobody has.
+/// The unique names of the entries of a list, empty for those without. Of several with one name the
+/// first keeps it.
 std::vector<std::string> qxGltfShownNames(const qxJson &list);

@@ -3,7 +3,7 @@
 #include "Files/Gltf/Common/qxGltfCores.h"
 #include "OSGOverlayCore.h"
 #include "Scene/qxNodeName.h"
-#include "qxNodeUtils.h"
+#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 
@@ -40,7 +40,7 @@ private:
     std::vector<osg::NodePtr> children(const osg::NodePtr &node, qxGltfNodeState &state);
     void takeParts(std::vector<osg::NodePtr> &nodes, bool onlyLast, qxGltfNodeState &state);
     void addPart(const osg::NodePtr &node, qxGltfNodeState &state);
-    void describe(const Open &open, std::vector<Open> &rest);
+    void describe(const Open &open, std::vector<Open> &below);
     bool isBelow(int position, std::size_t moved) const;
     void putBack(std::size_t moved);
     int ownerOf(const std::vector<int> &sharers, osg::UInt32 core) const;
@@ -111,7 +111,7 @@ std::vector<osg::NodePtr> Describer::children(const osg::NodePtr &node, qxGltfNo
     return nodes;
 }
 
-void Describer::describe(const Open &open, std::vector<Open> &rest)
+void Describer::describe(const Open &open, std::vector<Open> &below)
 {
     osg::NodePtr node = open.node;
     qxGltfNodeState above;
@@ -140,9 +140,8 @@ void Describer::describe(const Open &open, std::vector<Open> &rest)
         state.overlayLayer = above.overlayLayer;
     if (state.switchChoice || state.transformChoice)
         m_sharers[node->getCore().getFieldContainerId()].push_back(position);
-    const std::vector<osg::NodePtr> below = children(node, state);
-    for (auto child = below.rbegin(); child != below.rend(); ++child)
-        rest.push_back({*child, position});
+    for (const osg::NodePtr &child : children(node, state))
+        below.push_back({child, position});
 }
 
 /// The one of the nodes with this core whose entry describes it: the environment, which cannot be a
@@ -182,14 +181,10 @@ void Describer::findSharers()
 
 void Describer::describeAll(const std::vector<osg::NodePtr> &roots)
 {
-    std::vector<Open> open;
-    for (auto root = roots.rbegin(); root != roots.rend(); ++root)
-        open.push_back({*root, -1});
-    while (!open.empty()) {
-        const Open next = open.back();
-        open.pop_back();
-        describe(next, open);
-    }
+    std::vector<Open> tops;
+    for (const osg::NodePtr &root : roots)
+        tops.push_back({root, -1});
+    qxWalkTree(tops, [this](const Open &next, std::vector<Open> &below) { describe(next, below); });
 }
 
 /// Whether what is at that position lies in the moved tree, or below it once all are back.
@@ -272,19 +267,11 @@ qxGltfState qxGltfState::of(const std::vector<osg::NodePtr> &roots,
 std::unordered_map<std::string, int> qxGltfState::owners() const
 {
     std::unordered_map<std::string, int> first;
-    std::vector<int> open(roots.rbegin(), roots.rend());
-    while (!open.empty()) {
-        const int position = open.back();
-        open.pop_back();
+    qxWalkTree(roots, [&](int position, std::vector<int> &below) {
         const qxGltfNodeState &node = nodes[std::size_t(position)];
         if ((node.switchChoice || node.transformChoice) && node.name)
             first.emplace(*node.name, position);
-        open.insert(open.end(), node.children.rbegin(), node.children.rend());
-    }
+        below.insert(below.end(), node.children.begin(), node.children.end());
+    });
     return first;
-}
-
-QString qxGltfLabel(const osg::NodePtr &node)
-{
-    return qxFileText::tr("node \"%1\"").arg(QString::fromStdString(qxNodeUtils::getName(node)));
 }

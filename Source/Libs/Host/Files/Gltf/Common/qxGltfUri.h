@@ -9,11 +9,11 @@
 class qxMemoryBudget;
 struct qxGltfDocument;
 
-/// Whether the URI holds the data itself.
+/// Whether the URI contains the data.
 bool qxGltfIsDataUri(const std::string &uri);
 /// The data of a base64 data URI. Throws qxGltfError when they are in another form.
 QByteArray qxGltfDataOf(const std::string &uri, qxMemoryBudget &budget);
-/// A URI that holds these data itself.
+/// A URI that contains these data.
 std::string qxGltfDataUriOf(const QByteArray &bytes);
 
 /// The path that a URI names relative to the file that holds it. Empty for what leads elsewhere:
@@ -22,8 +22,8 @@ QString qxGltfRelativePath(const std::string &uri);
 /// `path` as a URI: everything percent-encoded that needs it.
 std::string qxGltfUriOf(const QString &path);
 
-/// What `uri` stands for, read from the document's folder or from the URI itself.
-/// Throws qxGltfError when there is nothing to read or when it may not be read.
+/// The data of `uri`, from the document's folder or from the URI itself. Throws qxGltfError if they
+/// are missing or must not be read.
 QByteArray qxGltfReadUri(const qxGltfDocument &document, const std::string &uri,
                          qxMemoryBudget &budget);
 /// The content of all buffers, cut to their stated length. A buffer without a URI that is not the

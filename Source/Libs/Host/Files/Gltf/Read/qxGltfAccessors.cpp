@@ -1,7 +1,7 @@
 #include "Files/Gltf/Read/qxGltfAccessors.h"
 
-#include "Files/Gltf/Common/qxGltfElements.h"
-#include "Files/Gltf/Common/qxGltfModel.h"
+#include "Files/Gltf/Read/qxGltfElements.h"
+#include "Files/Gltf/Read/qxGltfModel.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,7 +1,7 @@
 #include "Files/Gltf/Read/qxGltfCameras.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Common/qxGltfModel.h"
+#include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfNodes.h"
 
 #include <OpenSG/OSGTransform.h>

@@ -8,8 +8,8 @@ struct qxGltfModel;
 class qxGltfNodes;
 struct qxGltfOrigin;
 
-/// The cameras of the shown scene in scene order, where the nodes stand now. A camera is named by
-/// its node, else by itself; the extras of the node may say otherwise about both.
-/// `origin` learns which nodes they are.
+/// The cameras of the shown scene in scene order, with the present poses of their nodes. A camera
+/// has the name of its node, else its own; the extras of the node can override pose and name. Their
+/// nodes are recorded in `origin`.
 std::vector<qxUberCamera> qxGltfCameras(qxGltfModel &model, const qxGltfNodes &nodes,
                                         qxGltfOrigin &origin);

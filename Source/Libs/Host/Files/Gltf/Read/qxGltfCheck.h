@@ -4,29 +4,16 @@
 
 #include <QStringList>
 
-/// Extensions that may stand in "extensionsRequired": the host shows the scene as they say, or
-/// nothing that it shows depends on them.
+/// Extensions allowed in "extensionsRequired": the host implements them, or shows nothing that
+/// depends on them.
 const QStringList &qxGltfUnderstoodExtensions();
 
-/// Refuses documents that the rest of the reader could trip over: what it accepts has objects where
-/// objects belong, indices that exist, nodes that form trees, and data within their buffers.
-/// Throws qxGltfError with the first fault.
+/// Refuses documents that the reader cannot handle. After it values have the right types, indices
+/// are valid, nodes form trees, and data are within their buffers. Throws qxGltfError with the
+/// first fault.
 void qxGltfCheck(const qxJson &document);
 
 /// The part of qxGltfCheck about scenes and nodes.
 void qxGltfCheckNodes(const qxJson &document);
 /// The part of qxGltfCheck about buffers, buffer views and accessors.
 void qxGltfCheckData(const qxJson &document);
-
-/// Throws when a member of that name is there, but not an index below `count` into a list of
-/// `what`. `owner` begins the message.
-void qxGltfCheckIndex(const QString &owner, const qxJson &object, const char *name,
-                      const qxJson &list, const char *what);
-/// Throws when `value` is not an index below the size of `list`.
-void qxGltfCheckIndexValue(const QString &owner, const qxJson &value, const qxJson &list,
-                           const char *what);
-/// Throws when the member is there, but not a list of exactly `count` finite numbers.
-void qxGltfCheckNumbers(const QString &owner, const qxJson &object, const char *name, int count);
-/// A non-negative integer member; `fallback` when there is none. Throws when it is something else.
-qint64 qxGltfCheckedCount(const QString &owner, const qxJson &object, const char *name,
-                          qint64 fallback);

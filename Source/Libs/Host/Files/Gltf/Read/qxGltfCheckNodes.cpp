@@ -1,3 +1,4 @@
+#include "Files/Gltf/Common/qxGltfCheckValues.h"
 #include "Files/Gltf/Read/qxGltfCheck.h"
 
 #include <vector>

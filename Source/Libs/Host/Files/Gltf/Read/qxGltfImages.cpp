@@ -1,8 +1,8 @@
 #include "Files/Gltf/Read/qxGltfImages.h"
 
-#include "Files/Gltf/Common/qxGltfModel.h"
+#include "Files/Gltf/Common/qxGltfCheckValues.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
-#include "Files/Gltf/Read/qxGltfCheck.h"
+#include "Files/Gltf/Read/qxGltfModel.h"
 #include "Pictures/qxEncodedPicture.h"
 
 namespace {

@@ -8,15 +8,16 @@
 
 struct qxGltfModel;
 
-/// The pictures of a file, each once and only when asked for. None is decoded: what is drawn first
-/// does that (qxEncodedPicture).
+/// The pictures of a file, each read once on demand. They are decoded when they are first drawn
+/// (qxEncodedPicture).
 class qxGltfImages {
 public:
-    /// The model gets a warning for every picture that cannot be had, and pays for the others.
+    /// The model gets a warning for every picture that cannot be read, and its budget pays for the
+    /// others.
     explicit qxGltfImages(qxGltfModel &model) : m_model(model) {}
 
-    /// The picture of a texture; null when there is none or when it cannot be had. Images with the
-    /// same data are one picture.
+    /// The picture of a texture; null if there is none or it cannot be read. Images with the same
+    /// data are one picture.
     osg::ImagePtr ofTexture(int texture);
 
 private:

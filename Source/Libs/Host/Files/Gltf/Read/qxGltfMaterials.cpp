@@ -1,9 +1,9 @@
 #include "Files/Gltf/Read/qxGltfMaterials.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Common/qxGltfModel.h"
 #include "Files/Gltf/Common/qxGltfNames.h"
 #include "Files/Gltf/Read/qxGltfImages.h"
+#include "Files/Gltf/Read/qxGltfModel.h"
 #include "Materials/qxSurface.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>

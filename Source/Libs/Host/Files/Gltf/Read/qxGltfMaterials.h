@@ -13,10 +13,10 @@ struct qxGltfModel;
 
 typedef osg::RefPtr<osg::MaterialPtr> qxGltfMaterialRef;
 
-/// The materials of the file in its order, with their textures. A picture that cannot be had is a
-/// warning in the model, its material shows without it.
-/// Those that share a name are made distinguishable. A material neither glows nor is metallic where
-/// a picture that is not drawn says how much.
+/// The materials of the file in its order, with their textures. A picture that cannot be read is a
+/// warning in the model and missing in its material. Materials with the same name get unique names.
+/// A material whose metallic or emissive factor depends on a picture that is not drawn is not
+/// metallic or does not emit.
 std::vector<qxGltfMaterialRef> qxGltfMaterials(qxGltfModel &model);
 /// The kinds of pictures that are not drawn, and how many of these materials have one.
 QMap<QString, int> qxGltfHiddenPictures(const qxJson &materials);

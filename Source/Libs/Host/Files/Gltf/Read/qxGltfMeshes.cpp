@@ -1,9 +1,9 @@
 #include "Files/Gltf/Read/qxGltfMeshes.h"
 
-#include "Files/Gltf/Common/qxGltfElements.h"
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Common/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfAccessors.h"
+#include "Files/Gltf/Read/qxGltfElements.h"
+#include "Files/Gltf/Read/qxGltfModel.h"
 
 #include <OpenSG/OSGGeoFunctions.h>
 #include <OpenSG/OSGSimpleAttachments.h>

@@ -13,9 +13,8 @@ typedef std::vector<qxGltfGeometryRef> qxGltfMeshParts;
 std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
                                           const std::vector<qxGltfMaterialRef> &materials);
 
-/// The name of the part of that number, from 1 on, of a mesh of that name, which may be null. From
-/// the second part on a number follows, so that nodes that show the parts can be told apart. Empty
-/// for a part without a name.
+/// The name of a mesh's part, numbered from 1: the name of the mesh, from the second part on with
+/// the number. Empty if the mesh's name is null.
 std::string qxGltfPartName(const char *mesh, std::size_t number);
 
 /// How many triangles the meshes of the file have.

@@ -3,11 +3,12 @@
 #include "Files/Gltf/Common/qxGltfCores.h"
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
-#include "Files/Gltf/Common/qxGltfModel.h"
-#include "Files/Gltf/Common/qxGltfTransforms.h"
+#include "Files/Gltf/Read/qxGltfModel.h"
+#include "Files/Gltf/Read/qxGltfTransforms.h"
 #include "OSGOverlayCore.h"
 #include "Scene/qxTransformStates.h"
 #include "qxNodeUtils.h"
+#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -84,22 +85,19 @@ void qxGltfNodes::build()
 
 void qxGltfNodes::findOrder()
 {
-    std::vector<int> open;
-    const auto openAll = [&open, this](const std::vector<int> &nodes, int parent) {
-        for (std::size_t i = nodes.size(); i-- > 0;) {
+    const auto place = [this](const std::vector<int> &nodes, int parent) {
+        for (std::size_t i = 0; i < nodes.size(); ++i)
             m_made[std::size_t(nodes[i])].place = {parent, int(i)};
-            open.push_back(nodes[i]);
-        }
     };
-    openAll(m_model.roots(), -1);
-    while (!open.empty()) {
-        const int index = open.back();
-        open.pop_back();
+    place(m_model.roots(), -1);
+    qxWalkTree(m_model.roots(), [&](int index, std::vector<int> &below) {
         m_order.push_back(index);
         findOverlay(index);
         findEnvironment(index);
-        openAll(m_model.typed.nodes[std::size_t(index)].children, index);
-    }
+        const std::vector<int> &children = m_model.typed.nodes[std::size_t(index)].children;
+        place(children, index);
+        below.insert(below.end(), children.begin(), children.end());
+    });
 }
 
 /// The topmost nodes of overlays move to the overlay tree, unless their parent would miss them.

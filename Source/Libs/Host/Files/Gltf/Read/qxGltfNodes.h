@@ -21,8 +21,8 @@ public:
     osg::NodePtr node(int index) const;
 
 private:
-    /// What stands for one node of the file. The upper node carries what the node itself has no
-    /// place for, such as the transform of a switch; it is the node itself otherwise.
+    /// The scene-graph nodes of one node of the file. The upper one has what the node's core cannot
+    /// hold, such as the transform of a switch; otherwise it is the node itself.
     struct Made {
         osg::NodeRefPtr upper;
         osg::NodeRefPtr node;

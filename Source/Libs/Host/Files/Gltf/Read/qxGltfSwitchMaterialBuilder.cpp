@@ -1,8 +1,8 @@
 #include "Files/Gltf/Read/qxGltfSwitchMaterialBuilder.h"
 
+#include "Files/Gltf/Common/qxGltfCheckValues.h"
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Common/qxGltfModel.h"
-#include "Files/Gltf/Read/qxGltfCheck.h"
+#include "Files/Gltf/Read/qxGltfModel.h"
 #include "qxMaterials.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>

@@ -1,30 +1,30 @@
 #pragma once
 
 #include "Files/Gltf/Common/qxGltfNames.h"
+#include "Files/Gltf/Common/qxGltfSwitchMaterialState.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
-#include "Files/Gltf/Write/qxGltfSwitchMaterialState.h"
 
 #include <map>
 
-/// Makes the switch materials of a file and puts them on the geometries: those that the file lists
-/// (qxSwitchMaterials), and one for every way in which its primitives map materials to variants
-/// (KHR_materials_variants). What cannot be used is a warning.
+/// Makes the switch materials of a file and assigns them to the geometries: those that the file
+/// lists (qxSwitchMaterials), and one for every different mapping of its primitives
+/// (KHR_materials_variants). Unusable entries are warnings.
 class qxGltfSwitchMaterialBuilder {
 public:
     /// Takes materials and geometries from `scene`, and puts switch materials and variants there.
     qxGltfSwitchMaterialBuilder(qxGltfModel &model, qxGltfScene &scene);
 
     void build();
-    /// How the switch materials would be without the list, if each had its first material chosen:
-    /// as long as they are so, the file needs no list. To be called after build.
+    /// The switch materials as they would be without the list, each with its first material chosen:
+    /// while they are like this, the file needs no list. Call it after build.
     qxGltfSwitchMaterialUse mapped();
 
 private:
-    /// Materials of the file by their place, -1 for that of primitives without one: the default,
-    /// and then that of each variant, which is -2 for a variant that is not mapped.
+    /// Indices of materials, -1 for that of primitives without one: the default, and then that of
+    /// each variant, -2 for a variant without a mapping.
     typedef std::vector<int> Mapping;
 
-    /// An entry of the list of switch materials, and what became of it.
+    /// An entry of the list of switch materials, and the switch material made of it.
     struct Listed {
         bool isOpen = false; ///< while what it contains is made
         bool isMade = false;

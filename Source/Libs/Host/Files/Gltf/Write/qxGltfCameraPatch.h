@@ -5,10 +5,10 @@
 struct qxGltfOrigin;
 struct qxGltfState;
 
-/// The viewpoints that came from the file stay as they are when their nodes are renamed or stand
-/// elsewhere: then the nodes get entries that say so.
+/// Keeps name and pose of the viewpoints from the file if their nodes were renamed or moved, with
+/// entries at the nodes.
 void qxGltfKeepViewpoints(qxJson &json, const qxGltfOrigin &origin, const qxGltfState &after);
-/// Adds the viewpoints from `first` on to the JSON of a file, which has those before: each as a
-/// camera on a node of its own at the top of that scene. The node has no name, so that variants
-/// cannot mean it.
+/// Adds the viewpoints from `first` on to the JSON of a file, which has the earlier ones: each as a
+/// camera on a separate root node of that scene. The node has no name, so that variants cannot find
+/// it.
 void qxGltfAddViewpoints(qxJson &json, int scene, int first);

@@ -1,6 +1,6 @@
 #include "Files/Gltf/Write/qxGltfGeometryWriter.h"
 
-#include "Files/Gltf/Write/qxGltfPatch.h"
+#include "Files/Gltf/Common/qxGltfJsonEdit.h"
 
 #include <OpenSG/OSGTriangleIterator.h>
 

@@ -1,17 +1,18 @@
 #pragma once
 
 #include "Files/Gltf/Common/qxGltfJson.h"
-#include "Files/Gltf/Read/qxGltfScene.h"
-#include "Files/Gltf/Write/qxGltfSwitchMaterialState.h"
+#include "Files/Gltf/Common/qxGltfOrigin.h"
+#include "Files/Gltf/Common/qxGltfSwitchMaterialState.h"
 #include "Materials/qxSurface.h"
 
+#include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGSimpleMaterial.h>
 
 #include <optional>
 
 struct qxGltfState;
 
-/// What a scene file says about a material, without its textures.
+/// A material as a scene file describes it, without textures.
 struct qxGltfMaterialState {
     std::optional<std::string> name;
     std::vector<float> colour; ///< red, green, blue, opacity
@@ -19,11 +20,11 @@ struct qxGltfMaterialState {
     qxSurface surface;
 
     static qxGltfMaterialState of(const osg::SimpleMaterialPtr &material);
-    /// Whether they have everything but their names in common.
+    /// Whether they are equal except for their names.
     bool looksLike(const qxGltfMaterialState &other) const;
 };
 
-/// Writes into the JSON of a file which materials changed, came, and are shown by which geometry.
+/// Writes changed and new materials, and the material of each geometry, into the JSON of a file.
 class qxGltfMaterialPatch {
 public:
     /// The materials of a scene just loaded, by their place in the file.
@@ -33,20 +34,20 @@ public:
 
     /// The materials of the scene's pool.
     void writePool();
-    /// Lists the switch materials when they, the pool or names of materials are not as they were
-    /// `loaded`: then all of them, because those that are not listed are named by what else is
-    /// there. When they are as the mappings of the file make them, takes the list out instead.
+    /// Lists all switch materials if they, the pool or names of materials differ from `loaded`. All
+    /// of them, because the names of unlisted ones depend on other names. If they are as the
+    /// mappings of the file make them, the list is removed.
     void writeSwitches(const qxGltfSwitchMaterialUse &loaded, const qxGltfSwitchMaterialUse &mapped,
                        const qxGltfSwitchMaterialUse &now);
-    /// The materials of the geometries that came from the file, be they shown or not. Throws
-    /// qxGltfError for a material that scene files have no form for.
+    /// The materials of the geometries from the file, visible or not. Throws qxGltfError for a
+    /// material that cannot be written.
     void writeGeometries(const qxGltfState &state, const qxGltfSwitchMaterialUse &use);
     /// Gives a primitive this material.
     void writeTo(qxJson &primitive, const osg::MaterialPtr &material);
-    /// Keeps names that were made distinguishable: where other names in the file would lead to
-    /// another one, the file gets the name itself. To be called last.
+    /// Writes a unique name that was generated at loading if other names in the file would now give
+    /// another one. Call it last.
     void settleNames();
-    /// The place of a material in the file, which is made when it has none; -1 for null.
+    /// The index of a material in the file, where it is added if missing; -1 for null.
     int indexOf(const osg::MaterialPtr &material);
 
 private:

@@ -1,10 +1,11 @@
 #include "Files/Gltf/Write/qxGltfMeshPatch.h"
 
+#include "Files/Gltf/Common/qxGltfCores.h"
 #include "Files/Gltf/Common/qxGltfExtras.h"
+#include "Files/Gltf/Common/qxGltfJsonEdit.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/Gltf/Read/qxGltfMeshes.h"
 #include "Files/Gltf/Write/qxGltfGeometryWriter.h"
-#include "Files/Gltf/Write/qxGltfPatch.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 

@@ -7,8 +7,7 @@
 
 #include <map>
 
-/// Finds the mesh that a node shows now, and writes one into the JSON of a file where there is
-/// none.
+/// Finds the mesh that a node shows now, and adds it to the JSON of a file if it is missing.
 class qxGltfMeshPatch {
 public:
     qxGltfMeshPatch(qxJson &json, const qxGltfOrigin &origin, qxGltfMaterialPatch &materials);

@@ -10,10 +10,9 @@
 
 class qxOutputFile;
 
-/// Writes a scene file and the files that it needs beside it. No name on the disk changes before
-/// all of them are written completely, and the scene file itself comes last, when the others are on
-/// the disk; a file of other content is never replaced by one that the scene needs. When writing
-/// fails, the files beside the scene are taken back.
+/// Writes a scene file and the files that it needs beside it. No file is replaced before all of
+/// them are written completely, and the scene file is replaced last. A file beside the scene never
+/// replaces one of other content. If writing fails, the files beside the scene are removed.
 class qxGltfOutput {
 public:
     /// `path` decides by its suffix whether a .gltf or a .glb is written.
@@ -22,11 +21,11 @@ public:
     /// Writes `json`, the edited JSON of the document, whose buffers have the given content.
     /// Throws qxGltfError.
     void write(qxJson json, const std::vector<QByteArray> &buffers);
-    /// What could not be taken along, or was written another way than one might expect.
+    /// What could not be copied, or was written under another name or form.
     const QStringList &warnings() const { return m_warnings; }
-    /// Whether the scene file is no longer the old one, also when `write` has thrown.
+    /// Whether the old scene file was replaced, also when `write` has thrown.
     bool isReplaced() const { return m_isReplaced; }
-    /// What the scene file holds then.
+    /// The new content of the scene file.
     const QByteArray &content() const { return m_files.back().second; }
     /// Whether a file of that path lies in the folder of the document.
     static bool isBeside(const qxGltfDocument &document, const QString &path);

@@ -1,12 +1,11 @@
 #include "Files/Gltf/Write/qxGltfPatch.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
+#include "Files/Gltf/Common/qxGltfJsonEdit.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
+#include "qxNodeWalk.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <limits>
 
 namespace {
 
@@ -148,65 +147,6 @@ std::vector<int> fileIndices(const qxGltfState &state)
 }
 
 } // namespace
-
-qxJson qxGltfNumber(float number)
-{
-    if (!std::isfinite(number)) {
-        const float largest = std::numeric_limits<float>::max();
-        return qxGltfNumber(std::isnan(number) ? 0 : std::copysign(largest, number));
-    }
-    char text[32];
-    const std::to_chars_result end = std::to_chars(text, text + sizeof(text), number);
-    double shortest = number;
-    std::from_chars(text, end.ptr, shortest);
-    // Whole numbers without a fraction, as most files have them.
-    if (std::fabs(shortest) < 1e9 && shortest == std::floor(shortest))
-        return std::int32_t(shortest);
-    return shortest;
-}
-
-qxJson qxGltfNumberList(const float *begin, std::size_t count)
-{
-    qxJson list = qxJson::array();
-    for (std::size_t i = 0; i < count; ++i)
-        list.push_back(qxGltfNumber(begin[i]));
-    return list;
-}
-
-void qxGltfUseExtension(qxJson &document, const char *extension)
-{
-    qxJson &used = document["extensionsUsed"];
-    if (std::find(used.begin(), used.end(), extension) == used.end())
-        used.push_back(extension);
-}
-
-void qxGltfEraseExtension(qxJson &object, const char *extension)
-{
-    const auto extensions = object.find("extensions");
-    if (extensions == object.end())
-        return;
-    extensions->erase(extension);
-    if (extensions->empty())
-        object.erase("extensions");
-}
-
-void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value)
-{
-    const auto extras = node.find("extras");
-    const bool holdsEntries = extras != node.end() && extras->is_object();
-    if (!value.is_null()) {
-        if (extras != node.end() && !holdsEntries)
-            *extras = qxJson{{qxGltfKeys::otherExtras, qxJson(*extras)}};
-        node["extras"][key] = value;
-        return;
-    }
-    if (!holdsEntries || extras->erase(key) == 0)
-        return;
-    if (extras->empty())
-        node.erase("extras");
-    else if (extras->size() == 1 && extras->contains(qxGltfKeys::otherExtras))
-        *extras = qxJson((*extras)[qxGltfKeys::otherExtras]);
-}
 
 qxGltfPatch::qxGltfPatch(qxJson &json, const qxGltfState &before, const qxGltfState &after)
     : m_json(json), m_before(before), m_after(after), m_ownersBefore(before.owners()),
@@ -353,17 +293,12 @@ void qxGltfPatch::removeUnmeantMarks()
         int parent;
         bool inOverlay;
     };
-    std::vector<Open> open;
+    std::vector<Open> tops;
+    for (const int root : m_after.roots)
+        tops.push_back({root, -1, false});
     bool hasEnvironment = false;
-    const auto openAll = [&open](const std::vector<int> &positions, int parent, bool inOverlay) {
-        for (auto position = positions.rbegin(); position != positions.rend(); ++position)
-            open.push_back({*position, parent, inOverlay});
-    };
-    openAll(m_after.roots, -1, false);
     QStringList warnings;
-    while (!open.empty()) {
-        const Open next = open.back();
-        open.pop_back();
+    qxWalkTree(tops, [&](const Open &next, std::vector<Open> &below) {
         const qxGltfNodeState &state = m_after.nodes[std::size_t(next.position)];
         const int index = m_indices[std::size_t(next.position)];
         qxJson &nodes = m_json["nodes"];
@@ -379,8 +314,9 @@ void qxGltfPatch::removeUnmeantMarks()
             && extras.has(qxGltfKeys::switchChoice) && extras.flag(qxGltfKeys::environment, false))
             qxGltfSetExtra(node, qxGltfKeys::environment, qxJson());
         hasEnvironment = hasEnvironment || state.environment;
-        openAll(state.children, index, inOverlay);
-    }
+        for (const int child : state.children)
+            below.push_back({child, index, inOverlay});
+    });
 }
 
 /// Scenes list no node that has a parent: what moved below another node leaves all of them.

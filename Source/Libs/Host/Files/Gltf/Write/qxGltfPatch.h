@@ -3,9 +3,9 @@
 #include "Files/Gltf/Common/qxGltfJson.h"
 #include "Files/Gltf/Common/qxGltfState.h"
 
-/// Writes into the JSON of a file what differs between two descriptions of its scene. Everything
-/// else stays as it is, also what nobody here understands. Nodes that left the scene stay in the
-/// list of nodes, because other parts of the file may refer to nodes by their position.
+/// Writes the differences between two descriptions of a scene into the JSON of its file. Everything
+/// else is kept, also unknown members. Nodes that left the scene stay in the list of nodes, because
+/// other parts of the file may refer to nodes by their position.
 class qxGltfPatch {
 public:
     /// `before` describes the scene as `json` has it, `after` as it is now.
@@ -36,15 +36,3 @@ private:
     std::vector<int> m_indices; ///< in the file, of all nodes of `after`
     bool m_hasLeft = false; ///< whether nodes of `before` are gone
 };
-
-/// The number as JSON: its shortest decimal form that reads back exactly. What is no finite number
-/// becomes 0, or the largest one.
-qxJson qxGltfNumber(float number);
-qxJson qxGltfNumberList(const float *begin, std::size_t count);
-/// Notes that the file uses the extension.
-void qxGltfUseExtension(qxJson &document, const char *extension);
-/// Takes the extension out of an object.
-void qxGltfEraseExtension(qxJson &object, const char *extension);
-/// Puts `value` under `key` of the node's extras, or takes the entry out when it is null.
-/// Extras that hold no entries, such as a text, become an entry until ours are gone.
-void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value);

@@ -1,4 +1,4 @@
-#include "Files/Gltf/Write/qxGltfSwitchMaterialState.h"
+#include "Files/Gltf/Common/qxGltfSwitchMaterialState.h"
 
 #include "Files/Gltf/Common/qxGltfState.h"
 #include "qxMaterials.h"

@@ -1,9 +1,7 @@
-#include "qxTransformService.h"
-
 #include "Scene/qxSceneTransformService.h"
-#include "Scene/qxTransformStates.h"
 
-#include <OpenSG/OSGFieldContainerFactory.h>
+#include "Scene/qxTransformStates.h"
+#include "qxNodeWalk.h"
 
 #include <QTimer>
 
@@ -11,11 +9,8 @@ namespace {
 
 void select(const QList<QRPC::NodeTrafoId> &requests)
 {
-    for (const QRPC::NodeTrafoId &request : requests) {
-        const osg::NodePtr node =
-            osg::NodePtr::dcast(osg::FieldContainerFactory::the()->getContainer(request.first));
-        qxTransformStates::select(node, request.second);
-    }
+    for (const QRPC::NodeTrafoId &request : requests)
+        qxTransformStates::select(qxNodeWithId(request.first), request.second);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
-#include "qxCameraService.h"
-
 #include "Cameras/qxMainCameraService.h"
+
 #include "Cameras/qxMainView.h"
 #include "qxController.h"
 #include "qxNodeUtils.h"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Files/Gltf/Read/qxGltfMaterials.h"
-
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <string>
@@ -10,8 +8,8 @@
 struct qxGltfOrigin;
 struct qxGltfState;
 
-/// A switch material as a scene file lists it. Comparing those of a scene just loaded with those
-/// that are there now tells whether a save has to list them.
+/// A switch material as a scene file lists it. A save lists them if those of the scene just loaded
+/// and the present ones differ.
 struct qxGltfSwitchMaterialState {
     osg::SwitchMaterialPtr material;
     osg::UInt32 id = 0;
@@ -30,13 +28,13 @@ struct qxGltfSwitchMaterialUse {
     std::unordered_map<osg::UInt32, int> shownBy;
     std::vector<osg::UInt32> pool; ///< ids of what is in the scene's material pool
 
-    /// Those of the scene's material pool, and behind them those that only geometries have, and
-    /// those that are only contained in others. One without a name that nothing shows cannot be
-    /// found and is left out. What the file holds without showing it has the one
-    /// that it was loaded with.
+    /// Those of the scene's material pool, then those that only geometries have, and those that are
+    /// only contained in others. One without a name that no geometry has cannot be found and is
+    /// left out. A geometry of the file that is not in the scene has the one that it was loaded
+    /// with.
     static qxGltfSwitchMaterialUse of(const qxGltfState &state, const qxGltfOrigin &origin);
     void add(const osg::SwitchMaterialPtr &material);
-    /// Takes note that the geometry shows the material, if that is a switch material.
+    /// Records that the geometry has the material, if that is a switch material.
     void addGeometry(osg::UInt32 geometry, const osg::MaterialPtr &material);
     /// Whether a file has the same to say about the switch materials and who shows them.
     bool operator==(const qxGltfSwitchMaterialUse &other) const;

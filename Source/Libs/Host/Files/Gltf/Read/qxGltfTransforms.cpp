@@ -1,4 +1,4 @@
-#include "Files/Gltf/Common/qxGltfTransforms.h"
+#include "Files/Gltf/Read/qxGltfTransforms.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxTinyGltf.h"

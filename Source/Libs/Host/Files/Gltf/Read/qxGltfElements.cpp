@@ -1,6 +1,6 @@
-#include "Files/Gltf/Common/qxGltfElements.h"
+#include "Files/Gltf/Read/qxGltfElements.h"
 
-#include "Files/Gltf/Read/qxGltfCheck.h"
+#include "Files/Gltf/Common/qxGltfCheckValues.h"
 
 #include <map>
 

@@ -2,11 +2,8 @@
 
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
-#include "qxMaterials.h"
-#include "qxNodePath.h"
-#include "qxNodeUtils.h"
+#include "qxNames.h"
 #include "qxOverlays.h"
-#include "qxScenegraph.h"
 
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
@@ -14,12 +11,9 @@
 #include <algorithm>
 #include <map>
 
-namespace {
+using qxNames::nameOf;
 
-QString nameOf(const osg::NodePtr &node)
-{
-    return QString::fromStdString(qxNodeUtils::getName(node));
-}
+namespace {
 
 osg::Int64 choiceOf(const osg::NodePtr &node)
 {
@@ -75,7 +69,7 @@ QString materialText(const osg::SwitchMaterialPtr &material, osg::UInt32 choice)
 {
     if (choice >= material->getMaterials().size())
         return QStringLiteral("none");
-    return QString::fromStdString(qxMaterials::getName(material->getMaterials()[choice]));
+    return nameOf(material->getMaterials()[choice]);
 }
 
 } // namespace
@@ -106,7 +100,8 @@ QList<qxSceneChange> qxSceneState::nodeChanges(const NodeState &before, const No
     QList<qxSceneChange> changes;
     const auto add = [&](const QString &from, const QString &to) {
         if (from != to)
-            changes += qxSceneChange{qxNodePath(after.node.get()), 0, from, to};
+            changes +=
+                qxSceneChange{qxText::fromUtf8(qxNames::pathOf(after.node.get())), 0, from, to};
     };
     if (before.mask != after.mask)
         add(maskText(before.mask), maskText(after.mask));
@@ -146,8 +141,7 @@ QList<qxSceneChange> qxSceneState::changesTo(const qxSceneState &later) const
         if (before == choices.end() || before->second == after.choice)
             continue;
         const auto material = osg::SwitchMaterialPtr::dcast(after.material.get());
-        changes += qxSceneChange{QString::fromStdString(qxMaterials::getName(material)), 0,
-                                 materialText(material, before->second),
+        changes += qxSceneChange{nameOf(material), 0, materialText(material, before->second),
                                  materialText(material, after.choice)};
     }
     return changes;

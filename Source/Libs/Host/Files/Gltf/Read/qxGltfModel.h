@@ -14,8 +14,8 @@ struct qxGltfModel {
     tinygltf::Model typed; ///< what shows: buffer views, accessors, meshes, materials, textures,
                            ///< cameras and nodes; the rest stays in the document
     std::vector<QByteArray> buffers;
-    qxMemoryBudget budget{qxMemoryBudget::limit()}; ///< what the decoded content may still take
-    QStringList warnings; ///< what was left out or put right, for the user
+    qxMemoryBudget budget{qxMemoryBudget::limit()}; ///< the memory that is left for decoded content
+    QStringList warnings; ///< what was left out or corrected, for the user
 
     /// Reads and checks a file and everything it needs. Throws qxGltfError.
     static qxGltfModel read(const QString &path);
@@ -24,7 +24,7 @@ struct qxGltfModel {
     const qxJson &scene() const;
     /// The position of that scene, -1 when the file has none.
     int sceneIndex() const;
-    /// The topmost nodes of that scene; without a scene all nodes that have no parent.
+    /// The root nodes of that scene; without a scene all nodes that have no parent.
     std::vector<int> roots() const;
     /// The JSON of a node.
     const qxJson &node(int index) const;

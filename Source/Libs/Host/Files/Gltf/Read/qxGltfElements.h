@@ -4,8 +4,8 @@
 
 #include <optional>
 
-/// Where the elements of one list lie in the buffers, and how they are stored there. The check of a
-/// file and the reading of its data both go by this, so that they cannot differ.
+/// Where and how the elements of one list are stored in the buffers. Both the check of a file and
+/// the reader of its data use it, so that they cannot differ.
 struct qxGltfElements {
     qint64 count = 0;
     int type = 0; ///< of a component, as the file states it
@@ -25,7 +25,7 @@ struct qxGltfAccessor {
     bool isNormalized = false;
     std::optional<Sparse> sparse;
 
-    /// The accessor at that place of the file, whose buffers and buffer views are checked. All
-    /// elements lie within their buffers. Throws qxGltfError when they do not.
+    /// The accessor of that index in a file with checked buffers and buffer views. Throws
+    /// qxGltfError if not all elements are within their buffers.
     static qxGltfAccessor of(const qxJson &document, int index);
 };

@@ -1,4 +1,4 @@
-#include "Files/Gltf/Common/qxGltfModel.h"
+#include "Files/Gltf/Read/qxGltfModel.h"
 
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/Gltf/Read/qxGltfCheck.h"

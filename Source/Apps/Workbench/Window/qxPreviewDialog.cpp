@@ -1,0 +1,35 @@
+#include "qxPreviewDialog.h"
+
+#include <QLabel>
+
+namespace {
+
+const int steps = 100; ///< of one picture
+
+} // namespace
+
+qxPreviewDialog::qxPreviewDialog(int count, QWidget *window)
+    : m_dialog(QString(), tr("Cancel"), 0, count * steps, window, Qt::Dialog | Qt::WindowTitleHint),
+      m_single(qxPictureProgress::display())
+{
+    auto *const label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    m_dialog.setLabel(label);
+    m_dialog.setWindowModality(Qt::WindowModal);
+    m_dialog.setMinimumDuration(0);
+    m_dialog.setAutoReset(false);
+    qxPictureProgress::setDisplay([this](double share) { return show(share); });
+}
+
+bool qxPreviewDialog::begin(const QString &set)
+{
+    ++m_begun;
+    m_dialog.setLabelText(tr("Preview of \"%1\" ...").arg(set));
+    return show(0);
+}
+
+bool qxPreviewDialog::show(double share)
+{
+    m_dialog.setValue((m_begun - 1) * steps + int(share * steps)); // This lets events through.
+    return !m_dialog.wasCanceled();
+}

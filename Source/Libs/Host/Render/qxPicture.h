@@ -1,0 +1,49 @@
+#pragma once
+
+#include <OpenSG/OSGColor.h>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+/// What a picture is made with.
+struct qxPictureSettings {
+    enum Quality { Best = -1, Quick = 0 };
+
+    static constexpr int largest = 16384;
+
+    int width = 264; ///< in pixels, from 1 to `largest`
+    int height = 256;
+    /// Quick: one sample per pixel in hard light. Above 0: ray tracing with so many samples per
+    /// pixel, soft shadows and reflections. Best: ray tracing with as many samples as help.
+    int quality = Quick;
+    /// Behind the scene, from the upper to the lower edge; sRGB.
+    osg::Color3f backgroundTop = osg::Color3f(0.88f, 0.9f, 0.92f);
+    osg::Color3f backgroundBottom = osg::Color3f(0.64f, 0.66f, 0.69f);
+    int threads = 0; ///< 0 for one per processor; the picture is the same with any number
+};
+
+/// A finished picture.
+struct qxPicture {
+    /// What is to be seen of the scene, or why nothing is.
+    enum Content {
+        Shown, ///< something, if it be fully translucent; also when the scene is hidden on purpose
+        Hidden, ///< there is nothing that is shown
+        LookedPast,
+        FromBehind, ///< surfaces that have only a front
+        CutAway, ///< by the clipping plane or the planes of the camera
+        TooSmall
+    };
+
+    /// Hears how many of the `total` steps of making one are done, in the thread that renders;
+    /// first with 0. Answers false to cancel. Whatever it does to the scene shows in the next
+    /// picture only.
+    typedef std::function<bool(int done, int total)> Progress;
+
+    bool isEmpty() const { return rgba.empty(); }
+
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint8_t> rgba; ///< four bytes per pixel, opaque, bottom row first, sRGB
+    Content content = Shown;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "qxStateList.h"
+
+/// What a set refers to of the variants, one list for each kind.
+struct qxVariantReferences {
+    qxStateList nodeVariants;
+    qxStateList materialVariants;
+    qxStateList lightVariants;
+    qxStateList overlayVariants;
+    qxStateList transformVariants;
+};
