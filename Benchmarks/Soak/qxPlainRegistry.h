@@ -51,17 +51,17 @@ struct qxPlainGroup {
     bool operator==(const qxPlainGroup &other) const;
 };
 
-/// What the registry should hold: a model without its look-ups, announcements and pointers.
+/// The expected contents of the registry: a model without look-ups, notifications and pointers.
 struct qxPlainRegistry {
     std::array<std::vector<qxPlainVariant>, qxPlainKinds> variants;
     std::vector<qxPlainSet> sets;
     std::vector<qxPlainGroup> groups;
 
-    /// What the module holds now.
+    /// The present contents of the registry.
     static qxPlainRegistry ofModule();
 
     bool operator==(const qxPlainRegistry &other) const;
-    /// The first line in which the two differ, for people; empty when they are equal.
+    /// The first line in which the two differ; empty if they are equal.
     QString difference(const qxPlainRegistry &actual) const;
 
     /// Groups with their sets, then the other sets: in that order a document holds them.

@@ -10,21 +10,21 @@
 class qxHost;
 class qxVariantSet;
 
-/// Steps that a user, a script or a program may take with a scene and its variants, taken at random
-/// on the module and on a plain model of it, which must be alike after each of them.
+/// Random steps of a user, a script or a program with a scene and its variants, taken both on the
+/// module and on a plain model. Both must be equal after each step.
 ///
-/// The scene is that of a file. Only what is in it is driven; the model knows what it shows.
+/// The scene comes from a file. Variants drive only its objects; the model knows what it shows.
 class qxSoakSteps {
 public:
-    /// A number below the one that is asked for: from the bytes of an input, or at random.
+    /// A number below the given one: from the bytes of an input, or at random.
     typedef std::function<unsigned(unsigned)> Choice;
 
     /// Opens the scene, which must be readable. `place` is where it is saved and read again.
     qxSoakSteps(qxHost &host, const QString &scene, const QString &place, const Choice &choice);
 
-    /// Takes one step. Says in words what is wrong after it; an empty text when nothing is.
+    /// Takes one step. Returns what is wrong after it, or an empty text.
     QString take();
-    /// Makes variants of all that varies in the scene.
+    /// Makes variants of everything in the scene that can vary.
     static void createAll();
     /// What the last step was.
     QString last() const { return m_last; }

@@ -6,8 +6,8 @@
 class qxHost;
 class qxSceneFile;
 
-/// What a target runs on: one host for all inputs of the process. Scripts are left out, because
-/// inputs are anybody's, and standard output is silent.
+/// One host for all inputs of a target's process. Scripts are blocked, because inputs are
+/// untrusted, and nothing goes to standard output.
 namespace FuzzHost {
 
 /// Starts the host with the first call.
@@ -15,7 +15,7 @@ qxHost &start();
 /// Empties scene and registry.
 void clear();
 
-/// Where a file of that name lies in the folder for files of this process, which goes with it.
+/// The path of a file in this process's temporary folder.
 QString path(const QString &name);
 /// Writes the bytes into that file and returns its path.
 QString write(const QString &name, const QByteArray &bytes);
@@ -29,7 +29,7 @@ bool open(qxSceneFile &file, const QString &path);
 bool readDocument(const QByteArray &document);
 /// How many warnings the log has shown so far.
 int warnings();
-/// Shows the scene that documents are tried on, with all that they can refer to.
+/// Loads the scene for testing documents, with everything that they can refer to.
 void showWorkshop();
 
 /// Ends the process with a finding when `holds` is false.
@@ -37,12 +37,12 @@ void require(bool holds, const char *what);
 
 /// All variants, each with the state that it is in.
 QStringList states();
-/// Selects a state of the first variants of each kind, and the first sets: an input need not be
-/// slow to be bad.
+/// Selects a state of the first variants of each kind, and the first sets: more would only make
+/// inputs slow.
 void selectStates(unsigned choice);
 void selectSets();
 
-/// A number made of the input, for choices that it leaves open.
+/// A number derived from the input, for choices that it does not make.
 unsigned choiceOf(const QByteArray &input);
 
 } // namespace FuzzHost

@@ -11,7 +11,7 @@
 
 #include <QtCore>
 
-/// A test with two groups of sets, which tells what a view of them reads.
+/// A test with two groups of sets and helpers to read models.
 class PanelFixture : public HostFixture {
 protected:
     PanelFixture()

@@ -20,7 +20,7 @@ protected:
 /// The JSON of this text; fails the test when it is anything else.
 QJsonDocument parsed(const QByteArray &text);
 
-/// What a run of the program left behind.
+/// The result of a run of the program.
 struct ProgramRun {
     int code = -1; ///< of the exit; -1, and a failed test, when the program crashed or hung
     QByteArray out;
@@ -46,8 +46,8 @@ protected:
         return exits(0, arguments, input);
     }
     static ProgramRun failed(const QStringList &arguments) { return exits(1, arguments); }
-    /// Runs it and fails the test unless it ends with `code`, prints nothing, and gives `reason`
-    /// in its words on standard error.
+    /// Runs it and fails the test unless it ends with `code`, prints nothing, and standard error
+    /// contains `reason`.
     static void refused(int code, const QStringList &arguments, const QByteArray &reason);
     /// Waits for the end of a started program.
     static ProgramRun ended(QProcess &program);

@@ -33,8 +33,8 @@ private:
     std::mt19937 m_engine;
 };
 
-/// A small scene file of everything that scene files have a form for, with a variants document over
-/// it. What is wrong in it is no reason to refuse it. `isExternal`: its buffer is "data.bin".
+/// A small scene file with everything that scene files can express, and a variants document for it.
+/// Its faults are no reason to refuse it. With `isExternal` its buffer is "data.bin".
 qxJson randomScene(RandomChoices &random, bool isExternal);
 /// The content of that buffer.
 QByteArray randomSceneData();

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-/// A test with a host of its own: an empty scene, and ears for every notification and log line.
+/// A test with its own host and an empty scene, which records every notification and log line.
 ///
 /// An error line that the test did not expect fails it, and so does an expected one that never
 /// came. A class derived from this one that overrides TearDown must call this one's.
@@ -19,9 +19,9 @@ protected:
     ~HostFixture() override;
     void TearDown() override;
 
-    /// Announces that exactly this error line (without line break) will be logged once more.
+    /// Expects exactly this error line (without line break) once more.
     void expectError(const std::string &line) { m_expectedErrors.push_back(line); }
-    /// The error lines behind those that were expected already; the test expects them from now on.
+    /// The error lines that were not expected yet; they count as expected from now on.
     std::vector<std::string> takeErrors();
     /// The lines of that level logged so far, in order.
     std::vector<std::string> logged(qxLog::Level level) const;

@@ -2,7 +2,7 @@
 
 #include "qxMessage.h"
 
-/// One call of the host's controller as a listener heard it.
+/// One call of the host's controller as a listener received it.
 struct Notification {
     std::string name;
     int flag = 0;
@@ -26,7 +26,7 @@ std::string textOf(const boost::any &value);
 /// The text under which an object's address appears in a field.
 std::string addressOf(const void *object);
 
-/// Hears every call of the controller, as a user interface would, from construction to destruction.
+/// Records every call of the controller, from construction to destruction.
 class NotificationLog {
 public:
     NotificationLog();

@@ -5,8 +5,7 @@
 
 #include <gtest/gtest.h>
 
-/// What a fixture with a folder of its own derives from. The programs remember there, too, what
-/// they remember of their user.
+/// Base of fixtures with a temporary folder. Programs store their settings there, too.
 class TestFolder {
 protected:
     TestFolder();

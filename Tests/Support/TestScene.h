@@ -29,9 +29,9 @@ public:
     const TestNode &setMask(osg::UInt32 mask) const;
     bool shown() const { return mask() == 0xFFFFFFFF; }
 
-    /// Takes the node, with all below it, from its parent.
+    /// Removes the node, with everything below it, from its parent.
     void remove() const;
-    /// Takes the node to the end of another parent's children.
+    /// Moves the node to the end of another parent's children.
     void moveTo(const osg::NodePtr &parent) const;
 
 private:

@@ -11,12 +11,12 @@ class QWidget;
 typedef QPair<const QObject *, QByteArray> TextPlace;
 typedef QHash<TextPlace, QString> ShownTexts;
 
-/// Every text that people can read in a widget and all that is in it: labels, buttons, menus,
-/// titles, tool tips, place holders, headers and items.
+/// Every visible text of a widget and its children: labels, buttons, menus, titles, tool tips,
+/// place holders, headers and items.
 ShownTexts textsIn(QWidget &widget);
 
-/// The German catalogue, by which a test knows which texts ought to be in which language. A text
-/// may have others in the place of its place holders, and several lines may each be one.
+/// The German catalogue, to check the language of texts. Place holders match any text; each line of
+/// a text may be a message of its own.
 class Catalogue {
 public:
     Catalogue();

@@ -21,7 +21,7 @@ protected:
     WindowFixture();
     ~WindowFixture() override;
 
-    /// Closes the window and opens another one, as a user does the next day.
+    /// Closes the window and opens a new one.
     void makeWindow();
     /// Lets announcements reach the views, and the time pass until unsaved changes are looked for.
     void settle() const;
@@ -31,7 +31,7 @@ protected:
     void openDemo();
     /// Two switches of one name.
     void openTwins();
-    /// The picture of the scene once nothing more comes.
+    /// The completely refined picture of the scene.
     QImage finishedPicture() const;
     bool isUnsaved() const
     {
@@ -44,7 +44,7 @@ protected:
         settle();
     }
 
-    /// The next dialog is answered by `answer`, those of more calls in their order.
+    /// Answers the next dialog by `answer`; several calls answer dialogs in their order.
     void expectDialog(const Answer &answer) { m_answers.push_back(answer); }
     /// Has the button of that text clicked in the next dialog.
     void expectClick(const QString &button);
@@ -77,7 +77,7 @@ protected:
 
     std::unique_ptr<qxWorkbenchWindow> window;
     bool trustsScripts = true; ///< those of all files that are opened
-    QTimer dialogWatch; ///< looks for dialogs that are to be answered as it was expected
+    QTimer dialogWatch; ///< looks for dialogs to answer
 
 private:
     void open(const QString &file)

@@ -5,10 +5,10 @@
 
 /// How much a finding weighs.
 enum class qxSeverity {
-    Error, ///< something that was meant to happen cannot happen
-    Warning, ///< something happens, but hardly what was meant
-    Hint, ///< nothing is wrong; something could go
-    Skip ///< a part of a selection that does nothing, and says nothing
+    Error, ///< something cannot work
+    Warning, ///< something works, but is probably a mistake
+    Hint, ///< nothing is wrong, but something is not needed
+    Skip ///< a part of a selection that silently does nothing
 };
 
 /// What checks can find. The names stand in the program; users see the stable code of each, which

@@ -6,8 +6,8 @@
 
 #include <functional>
 
-/// Looks over a variants document beside the scene of the host and finds what is wrong, what is
-/// hardly meant, and what could go.
+/// Checks a variants document against the scene of the host and finds errors, likely mistakes, and
+/// entries that are not needed.
 ///
 /// The document is taken as it is written down: neither the registry nor the scene is used or
 /// changed otherwise than by looking things up. The time grows with document and scene together.

@@ -79,14 +79,14 @@ protected:
         camera.height = 2;
     }
 
-    /// A material of the scene's pool that shows its colour as it is.
+    /// An unlit material in the scene's pool.
     osg::MaterialPtr flat(float r, float g, float b, const qxSurface &more = qxSurface())
     {
         qxSurface surface = more;
         surface.unlit = true;
         return lit(r, g, b, surface);
     }
-    /// One that needs light.
+    /// A lit one.
     osg::MaterialPtr lit(float r, float g, float b, const qxSurface &more = qxSurface())
     {
         const osg::SimpleMaterialPtr material = osg::SimpleMaterial::create();
@@ -116,7 +116,7 @@ protected:
         core->setMaterial(material);
         return addNode(core, parent);
     }
-    /// All over the picture, of a grey that light shows well.
+    /// A grey matt wall that fills the picture.
     void addMattWall(float z)
     {
         qxSurface matt;
@@ -139,7 +139,7 @@ protected:
     }
 
     TestPicture picture() { return TestPicture(renderer.render(settings)); }
-    /// Made without anything that was kept.
+    /// A picture without cached data.
     TestPicture freshPicture() { return TestPicture(qxRenderer().render(settings)); }
 
     qxPictureSettings settings;

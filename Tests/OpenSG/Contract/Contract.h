@@ -11,7 +11,7 @@
 
 #include <functional>
 
-/// A new container of class T, alive for as long as the test holds on to it.
+/// A new container of class T that lives as long as the test holds it.
 template <class T>
 osg::RefPtr<typename T::Ptr> held()
 {

@@ -22,7 +22,7 @@ inline void referToOneOfEach(qxVariantSet &set)
     set.addAnimation("Blink");
 }
 
-/// The same, and adds each kind's object and variant; no object has the state referred to yet.
+/// The same, and adds an object and a variant of each kind; no object is in that state yet.
 inline void addOneOfEach(TestScene &scene, qxVariantSet &set)
 {
     qxVariants::createNodeVariant(scene.addSwitch("Wheels", {"Steel", "Alloy"}).node(), false);

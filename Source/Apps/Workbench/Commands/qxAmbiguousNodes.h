@@ -6,11 +6,10 @@
 
 #include <vector>
 
-/// The nodes of the scene that a capture could not tell apart, as people deal with them in a
-/// terminal.
+/// The ambiguous nodes of the scene, for commands in a terminal.
 class qxAmbiguousNodes {
 public:
-    /// Finds those of the opened scene.
+    /// Finds the nodes that a capture could not distinguish.
     qxAmbiguousNodes();
 
     bool isEmpty() const { return m_nodes.empty(); }

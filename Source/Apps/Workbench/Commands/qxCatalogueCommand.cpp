@@ -61,10 +61,8 @@ qxCataloguePage::Pictures makePictures(const QStringList &names, int &done)
 int run(const QCommandLineParser &parser)
 {
     const QDir folder(parser.value(QStringLiteral("out")));
-    if (!parser.isSet(QStringLiteral("out"))) {
-        qxOutput::error(QStringLiteral("catalogue needs --out DIR"));
-        return WrongUse;
-    }
+    if (!parser.isSet(QStringLiteral("out")))
+        return qxCommands::fail(QStringLiteral("catalogue needs --out DIR"), WrongUse);
     if (!qxSetPictures::isQualityKnown(parser))
         return WrongUse;
     const QString page = folder.filePath(QStringLiteral("index.html"));

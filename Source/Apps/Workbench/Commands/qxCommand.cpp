@@ -84,8 +84,8 @@ int qxCommands::codeAfterScripts()
     return qxScriptRunner::haveFailed() ? WorkFailed : Success;
 }
 
-int qxCommands::fail(const QString &reason)
+int qxCommands::fail(const QString &reason, qxExitCode code)
 {
     qxOutput::error(reason);
-    return WorkFailed;
+    return code;
 }

@@ -6,7 +6,7 @@
 class QCommandLineParser;
 class qxSession;
 
-/// What a program answers to the shell.
+/// Exit codes of the program.
 enum qxExitCode {
     Success = 0,
     WorkFailed = 1, ///< the reason stands on standard error
@@ -56,22 +56,22 @@ QStringList argumentsOf(const qxCommand &command);
 QList<QCommandLineOption> optionsOf(const qxCommand &command);
 /// The options that several commands share.
 QCommandLineOption jsonOption();
-/// Whoever has this one has --force, too.
+/// Includes the option --force.
 QCommandLineOption saveOption();
 QCommandLineOption traceOption();
-/// For the commands that select sets; what they ask for is done before the command runs.
+/// For commands that select sets; they take effect before the command runs.
 QCommandLineOption scriptsOption();
 QCommandLineOption noScriptsOption();
 
-/// Whether --save may be followed: not over a file that somebody has changed since it was opened,
-/// unless with --force; standard error says so.
+/// Whether --save may write: not over a file that others have changed since it was opened, unless
+/// with --force. Prints a refusal to standard error.
 bool maySave(const qxSession &session, const QCommandLineParser &parser);
-/// Saves when --save was given and may be followed; what the command then ends with.
+/// Saves if --save was given and may write; returns the exit code.
 int saveIfAsked(qxSession &session, const QCommandLineParser &parser);
-/// What a command ends with whose own work is done, but for scripts of sets: they may have failed
-/// or been interrupted.
+/// The exit code of a command that succeeded itself, but whose scripts of sets may have failed or
+/// been interrupted.
 int codeAfterScripts();
-/// Says on standard error why the work failed, and answers that code.
-int fail(const QString &reason);
+/// Prints to standard error why the command fails, and returns the code.
+int fail(const QString &reason, qxExitCode code = WorkFailed);
 
 } // namespace qxCommands

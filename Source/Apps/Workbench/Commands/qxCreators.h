@@ -6,7 +6,7 @@ namespace osg {
 class GraphOp;
 }
 
-/// Offers the graph operations that create variants under their names, as long as it lives.
+/// Registers the graph operations that create variants while it lives.
 class qxCreators {
 public:
     qxCreators();

@@ -1,4 +1,3 @@
-#include "Report/qxOutput.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
 #include "qxStreams.h"
@@ -61,14 +60,11 @@ int importDocument(const QCommandLineParser &parser)
 int run(const QCommandLineParser &parser)
 {
     const bool in = parser.isSet(QStringLiteral("in"));
-    if (in && parser.isSet(QStringLiteral("out"))) {
-        qxOutput::error(QStringLiteral("--in and --out do not go together"));
-        return WrongUse;
-    }
-    if (in != parser.isSet(QStringLiteral("save"))) {
-        qxOutput::error(QStringLiteral("--in and --save go together: --in XML --save OUT"));
-        return WrongUse;
-    }
+    if (in && parser.isSet(QStringLiteral("out")))
+        return qxCommands::fail(QStringLiteral("--in and --out do not go together"), WrongUse);
+    if (in != parser.isSet(QStringLiteral("save")))
+        return qxCommands::fail(QStringLiteral("--in and --save go together: --in XML --save OUT"),
+                                WrongUse);
     return in ? importDocument(parser) : exportDocument(parser);
 }
 

@@ -3,14 +3,13 @@
 #include <QSet>
 #include <QString>
 
-/// Gives things file names of their own: safe on every system, and different even where case does
-/// not count.
+/// Makes unique file names that are safe on every system, also where case does not matter.
 class qxFileNames {
 public:
-    /// `suffix` such as ".png" stands behind each of them.
+    /// Each of them ends with `suffix`, such as ".png".
     explicit qxFileNames(const QString &suffix) : m_suffix(suffix) {}
 
-    /// The file name for the next thing, which is called `name`.
+    /// The file name for the next object, which is called `name`.
     QString next(const QString &name);
 
 private:

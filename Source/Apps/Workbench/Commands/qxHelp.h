@@ -3,7 +3,7 @@
 class QCommandLineParser;
 struct qxCommand;
 
-/// What the program says about itself, all of it taken from the table of commands.
+/// The program's help, made from the table of commands.
 namespace qxHelp {
 
 /// The commands in one list.

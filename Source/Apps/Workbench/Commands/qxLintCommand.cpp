@@ -1,7 +1,6 @@
 #include "qxVariantWriter.h"
 
 #include "Report/qxLintReport.h"
-#include "Report/qxOutput.h"
 #include "Script/qxScriptCheck.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
@@ -53,10 +52,8 @@ qxFindings lintScene(qxSession &session, const QByteArray &document)
 int run(const QCommandLineParser &parser)
 {
     const bool json = parser.isSet(QStringLiteral("json"));
-    if (json && parser.isSet(QStringLiteral("junit"))) {
-        qxOutput::error(QStringLiteral("--json and --junit do not go together"));
-        return WrongUse;
-    }
+    if (json && parser.isSet(QStringLiteral("junit")))
+        return qxCommands::fail(QStringLiteral("--json and --junit do not go together"), WrongUse);
     const QString file = parser.positionalArguments().first();
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.openScene(file) || !session.hasRoomFor(session.file().variantsDocument()))

@@ -29,11 +29,11 @@ int run(const QCommandLineParser &parser)
 {
     const bool all = parser.isSet(QStringLiteral("all"));
     const bool stale = parser.isSet(QStringLiteral("stale"));
-    if ((all && stale) || !parser.isSet(QStringLiteral("save"))) {
-        qxOutput::error(all && stale ? QStringLiteral("--stale and --all do not go together")
-                                     : QStringLiteral("previews needs --save OUT"));
-        return WrongUse;
-    }
+    if ((all && stale) || !parser.isSet(QStringLiteral("save")))
+        return qxCommands::fail(all && stale
+                                    ? QStringLiteral("--stale and --all do not go together")
+                                    : QStringLiteral("previews needs --save OUT"),
+                                WrongUse);
     if (!qxSetPictures::isQualityKnown(parser))
         return WrongUse;
     qxSession session(parser.isSet(QStringLiteral("trace")));

@@ -66,12 +66,6 @@ QList<QCommandLineOption> options()
     };
 }
 
-int wrongUse(const QString &reason)
-{
-    qxOutput::error(reason);
-    return WrongUse;
-}
-
 /// An empty size for a text that is none.
 QSize sizeOf(const QString &text)
 {
@@ -89,19 +83,22 @@ int readJob(const QCommandLineParser &parser, Job &job)
     job.view = parser.value(QStringLiteral("view"));
     job.out = parser.value(QStringLiteral("out"));
     if (job.out.isEmpty())
-        return wrongUse(QStringLiteral("render needs --out PNG|DIR"));
+        return qxCommands::fail(QStringLiteral("render needs --out PNG|DIR"), WrongUse);
     if (job.all && !job.set.isEmpty())
-        return wrongUse(QStringLiteral("--set and --all do not go together"));
+        return qxCommands::fail(QStringLiteral("--set and --all do not go together"), WrongUse);
     if (!job.all && !job.isPicture())
-        return wrongUse(QStringLiteral("%1: a picture's name ends with .png").arg(job.out));
+        return qxCommands::fail(QStringLiteral("%1: a picture's name ends with .png").arg(job.out),
+                                WrongUse);
 
     job.size = job.isSheet() ? QSize(384, 256) : QSize(1280, 720);
     if (parser.isSet(QStringLiteral("size")))
         job.size = sizeOf(parser.value(QStringLiteral("size")));
     if (job.size.isEmpty())
-        return wrongUse(QStringLiteral("--size is WIDTHxHEIGHT, each from 1 to %1, not \"%2\"")
-                            .arg(LongestSide)
-                            .arg(parser.value(QStringLiteral("size"))));
+        return qxCommands::fail(
+            QStringLiteral("--size is WIDTHxHEIGHT, each from 1 to %1, not \"%2\"")
+                .arg(LongestSide)
+                .arg(parser.value(QStringLiteral("size"))),
+            WrongUse);
     return job.isPicture() ? qxValueKinds::checkFile(job.out) : qxValueKinds::checkFolder(job.out);
 }
 

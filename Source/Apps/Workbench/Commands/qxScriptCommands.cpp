@@ -36,12 +36,6 @@ QList<QCommandLineOption> options()
             qxCommands::traceOption()};
 }
 
-int wrongUse(const QString &reason)
-{
-    qxOutput::error(reason);
-    return WrongUse;
-}
-
 /// Opens the scene, if one is named, and does the work; saves what it made of the scene, but only
 /// when the work succeeded.
 int inScene(const QCommandLineParser &parser, const QStringList &file,
@@ -49,7 +43,7 @@ int inScene(const QCommandLineParser &parser, const QStringList &file,
 {
     const QString out = parser.value(QStringLiteral("save"));
     if (file.isEmpty() && !out.isEmpty())
-        return wrongUse(QStringLiteral("--save needs a FILE to save"));
+        return qxCommands::fail(QStringLiteral("--save needs a FILE to save"), WrongUse);
     qxScriptRunner::setOutput(stdout);
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!file.isEmpty() && !session.open(file.first()))
@@ -80,9 +74,9 @@ int runFile(const QCommandLineParser &parser)
 {
     const Arguments arguments = argumentsOf(parser);
     if (arguments.own.isEmpty())
-        return wrongUse(QStringLiteral("run needs SCRIPT [FILE]"));
+        return qxCommands::fail(QStringLiteral("run needs SCRIPT [FILE]"), WrongUse);
     if (arguments.own.size() > 2)
-        return wrongUse(QStringLiteral("too many arguments for run"));
+        return qxCommands::fail(QStringLiteral("too many arguments for run"), WrongUse);
     const QString name = arguments.own.first();
     QByteArray text;
     if (!qxStreams::read(name, text))
@@ -98,7 +92,7 @@ int prompt(const QCommandLineParser &parser)
 {
     const Arguments arguments = argumentsOf(parser);
     if (arguments.own.size() > 1)
-        return wrongUse(QStringLiteral("too many arguments for python"));
+        return qxCommands::fail(QStringLiteral("too many arguments for python"), WrongUse);
     qxVariantBindings::setArguments(QStringList(QString()) + arguments.ofTheScript);
     if (isatty(fileno(stdin)))
         return inScene(parser, arguments.own, runPrompt);

@@ -5,17 +5,17 @@
 
 class qxVariantSet;
 
-/// One fact about a set: what it is about, and its lines.
+/// One fact about a set: its subject, and its lines.
 struct qxSetFact {
     QString title; ///< such as "Node variants"
     QStringList lines;
     bool isCode = false; ///< the lines are the text of a program
 };
 
-/// What a set holds, in words.
+/// Describes the contents of a set.
 namespace qxSetContents {
 
-/// What there is, in a fixed order; hotkey, comment and preview are left to the caller.
+/// All facts in a fixed order, without hotkey, comment and preview.
 QList<qxSetFact> of(const qxVariantSet &set);
 
 } // namespace qxSetContents

@@ -4,7 +4,7 @@
 
 class qxSession;
 
-/// What the commands have in common that only show what is in a scene file.
+/// Common code of the commands that only print the contents of a scene file.
 namespace qxShowCommand {
 
 /// Prints something about an opened scene.

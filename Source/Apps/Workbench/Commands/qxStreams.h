@@ -3,12 +3,13 @@
 #include <QByteArray>
 #include <QString>
 
-/// What commands read and write by name: files, pipes and devices, or "-" for standard input and
-/// output. Both say on standard error why they could not.
+/// Reads and writes by name: files, pipes and devices, or "-" for standard input and output.
+/// Failures are explained on standard error.
 namespace qxStreams {
 
 bool read(const QString &name, QByteArray &bytes);
-/// A file is written as a whole or not at all; of standard output the command's end tells.
+/// A file is written completely or not at all; errors of standard output are reported when the
+/// command ends.
 bool write(const QString &name, const QByteArray &bytes);
 
 /// Whether the name is "-".

@@ -73,11 +73,11 @@ int run(const QCommandLineParser &parser)
         if (parser.isSet(QLatin1String(answer.option)))
             given << &answer;
     }
-    if (given.size() > 1) {
-        qxOutput::error(QStringLiteral("--%1 and --%2 do not go together")
-                            .arg(QLatin1String(given[0]->option), QLatin1String(given[1]->option)));
-        return WrongUse;
-    }
+    if (given.size() > 1)
+        return qxCommands::fail(
+            QStringLiteral("--%1 and --%2 do not go together")
+                .arg(QLatin1String(given[0]->option), QLatin1String(given[1]->option)),
+            WrongUse);
     const QString file = parser.positionalArguments().first();
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(file))

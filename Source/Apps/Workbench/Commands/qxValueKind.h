@@ -5,7 +5,7 @@
 class QCommandLineParser;
 struct qxCommand;
 
-/// What an argument, or the value of an option, is; help calls it by its name.
+/// The kind of an argument or of an option's value, by its name in the help.
 struct qxValueKind {
     enum Place {
         Word,
@@ -25,8 +25,8 @@ namespace qxValueKinds {
 /// What help calls like this, brackets and dots aside; a word without any help when it is unknown.
 qxValueKind of(const QString &name);
 
-/// Looks at what the options name to be written, before any work is done. Success, or what the
-/// program ends with after saying on standard error why it cannot be written.
+/// Checks the outputs that the options name, before any work is done. Returns Success, or the exit
+/// code after explaining on standard error why one cannot be written.
 int checkOutputs(const qxCommand &command, const QCommandLineParser &parser);
 /// The same for one file, which is called `name` on the command line, and for one folder.
 int checkFile(const QString &name);

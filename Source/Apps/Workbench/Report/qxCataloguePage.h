@@ -3,14 +3,14 @@
 #include <QByteArray>
 #include <QMap>
 
-/// One page that shows all groups, sets and variants of the registry: HTML that is XML as well,
-/// with style and pictures in it, without scripts and links to elsewhere.
+/// One page that shows all groups, sets and variants of the registry: HTML that is also XML,
+/// self-contained, without scripts and external links.
 namespace qxCataloguePage {
 
-/// The same picture twice.
+/// A picture in two sizes.
 struct Picture {
     QByteArray large;
-    QByteArray small; ///< for a card of the page on a screen of coarse pixels
+    QByteArray small; ///< for a card of the page on a low-resolution screen
 };
 typedef QMap<QString, Picture> Pictures; ///< by the names of sets
 

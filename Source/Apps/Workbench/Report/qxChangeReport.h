@@ -6,14 +6,15 @@
 
 class QJsonObject;
 
-/// Watches one change of the scene, from its construction to finish(), and tells what happened.
+/// Records the changes of the scene from its construction to finish(), and reports them.
 class qxChangeReport {
 public:
     qxChangeReport();
     qxChangeReport(const qxChangeReport &) = delete;
     ~qxChangeReport();
 
-    /// Ends the watching. `title` names what was selected, `skipped` what it refers to in vain.
+    /// Ends the recording. `title` names what was selected, `skipped` lists missing objects that it
+    /// refers to.
     void finish(const QString &title, const QStringList &skipped);
 
     /// A heading and a line for each change.

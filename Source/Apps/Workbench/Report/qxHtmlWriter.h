@@ -2,7 +2,7 @@
 
 #include <QXmlStreamWriter>
 
-/// Writes HTML that is well-formed XML as well.
+/// Writes HTML that is also well-formed XML.
 class qxHtmlWriter {
 public:
     /// Writes the beginning of the page, up to its body. The style is without quotation marks, "<",
@@ -12,15 +12,16 @@ public:
     void open(const char *tag, const char *cssClass = nullptr);
     void attribute(const char *name, const QString &value);
     void close() { m_writer.writeEndElement(); }
-    /// Writes text; what no page can hold becomes a replacement character.
+    /// Writes text; characters that XML forbids become replacement characters.
     void text(const QString &text);
-    /// An element with a text in it; a blank one keeps the place of an empty text.
+    /// An element with a text; an empty text becomes a blank, so that it keeps its height.
     void element(const char *tag, const QString &text, const char *cssClass = nullptr);
     /// A picture of any format that Qt reads, as part of the page. `alternative` stands in for it.
     void picture(const QByteArray &bytes, const QString &alternative);
-    /// Within an element "picture" and before the picture: shown instead where this CSS holds.
+    /// An alternative for media that match this CSS, inside an element "picture" and before the
+    /// picture.
     void pictureWhere(const QString &media, const QByteArray &bytes);
-    /// Ends all that is open.
+    /// Closes all open elements.
     void finish() { m_writer.writeEndDocument(); }
 
 private:

@@ -2,7 +2,7 @@
 
 #include "qxFinding.h"
 
-/// The ways in which findings are printed to standard output. `file` is the scene they belong to.
+/// Prints findings to standard output in several formats. `file` is their scene.
 namespace qxLintReport {
 
 /// A line for each finding, and one that counts them.
@@ -10,10 +10,11 @@ void print(const qxFindings &findings);
 /// Keys "file", "findings" (objects with "code", "severity", "message", "path", "line" and
 /// "column"), "errors", "warnings" and "hints".
 void printJson(const QString &file, const qxFindings &findings);
-/// A test case for each code of the linter. Errors fail theirs; what else was found is its output.
+/// A test case for each code of the linter. An error fails its test case; other findings are its
+/// output.
 void printJUnit(const QString &file, const qxFindings &findings);
 
-/// How many findings weigh that much.
+/// How many findings have that severity.
 int count(const qxFindings &findings, qxSeverity severity);
 
 } // namespace qxLintReport

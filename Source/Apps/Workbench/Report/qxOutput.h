@@ -8,14 +8,14 @@
 class QJsonArray;
 class QJsonObject;
 
-/// What the program prints: results to standard output, reasons to standard error, both in UTF-8.
-/// Names of a file cannot steer a terminal: see qxVisibleText.
+/// Prints results to standard output and errors to standard error, both in UTF-8. Names of a file
+/// are made safe for a terminal, see qxVisibleText.
 namespace qxOutput {
 
 void text(const QString &text);
-/// One line, whatever is in it.
+/// One line; line breaks in it are escaped.
 void line(const QString &line);
-/// Raw bytes, as they are; a terminal gets what people can read of them.
+/// Bytes as they are; on a terminal control characters are escaped.
 void bytes(const QByteArray &bytes);
 void json(const QJsonObject &object);
 void json(const QJsonArray &array);
@@ -23,7 +23,7 @@ void json(const QJsonArray &array);
 bool isWhole();
 /// Rows of cells in columns, each as wide as its widest cell, up to 500 characters.
 void table(const QList<QStringList> &cells);
-/// The same for so many rows that they are asked for one by one, each twice.
+/// The same for many rows, which are requested one by one, each twice.
 void table(int rows, const std::function<QStringList(int)> &cellsOf);
 /// A line on standard error that begins with the program's name.
 void error(const QString &reason);
@@ -32,8 +32,8 @@ void note(const QString &line);
 
 } // namespace qxOutput
 
-/// Catches what libraries write to standard output while this lives, and then shows it there, on
-/// standard error, or not at all.
+/// Captures what libraries write to standard output while it lives, and then writes it there, to
+/// standard error, or nowhere.
 class qxCaughtOutput {
 public:
     enum Place { Nowhere, ToResults, ToErrors };

@@ -5,13 +5,14 @@
 #include <QMap>
 #include <QStringList>
 
-/// Says of pictures that nothing of the scene is to be seen in them.
+/// Reports pictures that show nothing of the scene.
 class qxPictureHint {
 public:
-    /// Why, as half a sentence in the language of the interface; empty when something is.
+    /// The reason, as half a sentence in the language of the interface; empty if something is
+    /// visible.
     static QString reason(qxPicture::Content content);
 
-    /// The picture that was made last is called like that.
+    /// Records the content of the last picture under this name.
     void note(const QString &picture);
     /// A line on standard error for each reason, with the pictures noted before.
     void tell() const;

@@ -3,17 +3,17 @@
 #include <QElapsedTimer>
 #include <QString>
 
-/// The progress of work on several things, on standard error: a bar on a terminal, otherwise a line
-/// for each thing. Pictures that are rendered meanwhile move the bar (qxPictureProgress), and
-/// Ctrl-C ends them.
+/// Shows the progress of work on several objects on standard error: a bar on a terminal, otherwise
+/// a line for each object. Pictures rendered meanwhile move the bar (qxPictureProgress), and Ctrl-C
+/// cancels them.
 class qxProgress {
 public:
     explicit qxProgress(int total);
     qxProgress(const qxProgress &) = delete;
-    /// Wipes the bar.
+    /// Removes the bar.
     ~qxProgress();
 
-    /// The next thing is being worked on.
+    /// Work on the next object begins.
     void begin(const QString &name);
 
 private:

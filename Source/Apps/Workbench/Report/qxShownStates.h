@@ -3,9 +3,11 @@
 #include "qxSceneLookup.h"
 #include "qxScenegraph.h"
 
-/// What the scene shows of variants, where their own current state does not tell: the place of a
-/// transform switch, and whether a switch is hidden as a whole. While it lives, the look-up cache
-/// of names is on, so the scene must not change.
+class qxVariant;
+
+/// States of variants with more detail than their own current state: the position of a transform
+/// switch, and whether a switch is hidden as a whole. While it lives, the look-up cache of names is
+/// on, so the scene must not change.
 class qxShownStates {
 public:
     struct Shown {

@@ -1,6 +1,6 @@
 #pragma once
 
-/// Prints every notification of the host's controller with its fields, as long as it lives.
+/// Prints every notification of the host's controller with its fields while it lives.
 class qxTrace {
 public:
     qxTrace();

@@ -6,8 +6,8 @@
 
 #include <set>
 
-/// The scripts of sets that a scene file brought along. Only those run that this person trusts, by
-/// whatever way their sets are selected; what is written here runs.
+/// The scripts of sets that came with a scene file. Only those that the user trusts run, however
+/// their sets are selected; scripts written in this program always run.
 class qxFileScripts {
 public:
     struct Script {
@@ -20,24 +20,24 @@ public:
     qxFileScripts(const qxFileScripts &) = delete;
     ~qxFileScripts() { clear(); }
 
-    /// The sets were just read from a file.
+    /// Call it when the sets were just read from a file.
     void take();
-    /// They are gone.
+    /// Call it when the sets are gone.
     void clear();
 
     /// Those of the sets that still have such a script, in the order of the sets.
     QList<Script> list() const;
-    /// Why what was decided earlier is unknown; empty when it is not.
+    /// Why earlier decisions could not be read; empty if they could.
     QString flaw() const { return m_trust.flaw(); }
-    /// Those of the list that nobody has decided on.
+    /// Those of the list without a decision.
     QList<Script> undecided() const;
-    /// Decides on these, and remembers that; `file` is where they were seen. The decision holds for
-    /// now even when it cannot be remembered; then it answers why.
+    /// Decides on these scripts, seen in `file`, and stores the decision. If it cannot be stored,
+    /// it holds for now, and the reason is returned.
     QString decide(const QList<Script> &scripts, qxScriptTrust::Decision decision,
                    const QString &file);
-    /// What is in the sets and did not come with a file is of this person, who has saved it: it is
-    /// trusted. Answers why that cannot be remembered. Where untrusted scripts were let run nothing
-    /// is, for they can write scripts.
+    /// Trusts the scripts that did not come with a file: the user wrote and saved them. Returns why
+    /// that cannot be stored. Nothing is trusted if untrusted scripts have run, because they can
+    /// write scripts.
     QString rememberOwn(const QString &file) const;
 
 private:

@@ -2,17 +2,16 @@
 
 #include <QStringList>
 
-/// Lets a person say statements to the host's interpreter; qxPrompt.py does it in Python.
+/// A prompt of the host's interpreter, written in Python (qxPrompt.py).
 namespace qxPrompt {
 
-/// In front of a terminal, until the end of the input or exit(): with line editing, a history and
-/// completion of names by the tab key. Answers what exit() was given: false for anything but
-/// success.
+/// In a terminal, until the end of the input or exit(): with line editing, a history and completion
+/// of names by the tab key. Returns false if exit() was called with a failure.
 bool run();
 
-/// What running a statement did.
+/// The result of running a statement.
 struct Answer {
-    bool isIncomplete; ///< the statement goes on: nothing ran
+    bool isIncomplete; ///< the statement is incomplete: nothing ran
     QString printed; ///< with errors and their tracebacks
 };
 Answer run(const QString &statement);

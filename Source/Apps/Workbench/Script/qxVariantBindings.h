@@ -6,8 +6,8 @@
 /// They are there whenever the interpreter starts.
 namespace qxVariantBindings {
 
-/// What scripts find in sys.argv; the first one is the script. Its folder, if it is a file, is
-/// where they may import others from. To be called before the first script runs.
+/// Sets sys.argv; the first argument is the script. If it is a file, modules can be imported from
+/// its folder. Call it before the first script runs.
 void setArguments(const QStringList &arguments);
 
 } // namespace qxVariantBindings

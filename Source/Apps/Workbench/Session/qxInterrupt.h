@@ -2,16 +2,16 @@
 
 #include <csignal>
 
-/// Lets long work end in an orderly way when Ctrl-C is pressed (or the process is asked to end)
-/// while an object of this class lives. A second Ctrl-C ends the program at once. A program that
-/// was started to ignore Ctrl-C, as in the background, goes on ignoring it.
+/// While it lives, Ctrl-C (or a request to terminate) lets long work end in an orderly way. A
+/// second Ctrl-C ends the program at once. A program that was started to ignore Ctrl-C, as in the
+/// background, goes on ignoring it.
 class qxInterrupt {
 public:
     qxInterrupt();
     qxInterrupt(const qxInterrupt &) = delete;
     ~qxInterrupt();
 
-    /// Whether the end of the work was asked for; also by a Ctrl-C that ended a script.
+    /// Whether the work is to end; also after a Ctrl-C that ended a script.
     static bool isAsked();
 
 private:

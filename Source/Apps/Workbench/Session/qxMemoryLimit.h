@@ -4,15 +4,15 @@
 
 class QCommandLineParser;
 
-/// The option that every command with a scene has, and the window: what the decoded content of a
-/// scene file may take of the memory.
+/// The option of window and scene commands that limits the memory for the decoded content of a
+/// scene file.
 namespace qxMemoryLimit {
 
 QCommandLineOption option();
-/// Sets the limit for the files that are opened from now on, if the option is given. False when its
-/// value is no size.
+/// If the option is given, sets the limit for files opened from now on. False if its value is no
+/// size.
 bool take(const QCommandLineParser &parser);
-/// Says what is wrong then.
+/// The error message for such a value.
 QString flaw(const QCommandLineParser &parser);
 
 } // namespace qxMemoryLimit

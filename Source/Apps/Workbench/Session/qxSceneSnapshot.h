@@ -6,15 +6,14 @@
 
 #include <OpenSG/OSGComponentTransform.h>
 
-/// Remembers how scene, camera and clipping stand, so that sets can be selected just to be looked
-/// at.
+/// Records the states of scene, camera and clipping, so that sets can be selected temporarily.
 class qxSceneSnapshot {
 public:
     qxSceneSnapshot();
 
-    /// Puts back what variants and sets change. What scripts do beyond that stays.
+    /// Restores what variants and sets change. Other effects of scripts stay.
     void restore() const;
-    /// Whether all that still stands like this.
+    /// Whether nothing of that has changed.
     bool isStillSo() const;
 
 private:

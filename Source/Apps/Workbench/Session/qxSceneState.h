@@ -8,7 +8,7 @@
 
 #include <vector>
 
-/// Something of the scene that stood one way before and stands another way now.
+/// One changed state in the scene.
 struct qxSceneChange {
     QString object; ///< path of the node from below the root, or name of the material
     int others; ///< how many further nodes share the change, because they are clones
@@ -16,17 +16,16 @@ struct qxSceneChange {
     QString after;
 };
 
-/// What variants can change, taken down at one moment: visibility, choices of switches, of
-/// transform switches and of switch materials, lights, and the pose of nodes with named transform
-/// states.
+/// A record of everything that variants can change: visibility, choices of switches, of transform
+/// switches and of switch materials, lights, and the pose of nodes with named transform states.
 class qxSceneState {
 public:
-    /// Takes down the scene as it is now.
+    /// Records the present scene.
     static qxSceneState take();
 
-    /// What differs in `later`, in scene order, materials last.
+    /// The differences of `later`, in scene order, materials last.
     QList<qxSceneChange> changesTo(const qxSceneState &later) const;
-    /// Whether the same nodes and materials stand the same way.
+    /// Whether nodes and materials and their states are the same.
     bool isLike(const qxSceneState &other) const;
     /// Makes the scene stand like this again, as far as its nodes and materials are still there;
     /// poses are left out.

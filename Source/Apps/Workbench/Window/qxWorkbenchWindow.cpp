@@ -88,8 +88,8 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     // The stack emits signals while its dock is already destroyed.
     m_sets->undoStack()->disconnect(this);
     // Views of the scene are destroyed before the scene.
-    m_watch.reset();
-    m_leftOut.reset();
+    m_watchdog.reset();
+    m_blockedScripts.reset();
     m_before.reset();
     m_beforeScript.reset();
     delete m_unsaved;

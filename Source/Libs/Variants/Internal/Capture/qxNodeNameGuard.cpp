@@ -57,7 +57,7 @@ bool isInScene(osg::NodePtr node)
     return node != osg::NullFC;
 }
 
-/// By what the variant sets refer to nodes, gathered once for all nodes.
+/// The names and paths by which variant sets refer to nodes, collected once.
 class References {
 public:
     References()

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-/// Sees to it that no capture begins while nodes cannot be told apart.
+/// Makes sure that no capture begins while nodes are ambiguous.
 namespace qxNodeNameGuard {
 
 /// Renames ambiguous nodes when the user agrees. False when there are such nodes and they keep

@@ -168,3 +168,21 @@ std::vector<std::string> qxGltfExtras::texts(const char *key) const
         texts.push_back(entry.is_string() ? entry.get<std::string>() : std::string());
     return texts;
 }
+
+void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value)
+{
+    const auto extras = node.find("extras");
+    const bool holdsEntries = extras != node.end() && extras->is_object();
+    if (!value.is_null()) {
+        if (extras != node.end() && !holdsEntries)
+            *extras = qxJson{{qxGltfKeys::otherExtras, qxJson(*extras)}};
+        node["extras"][key] = value;
+        return;
+    }
+    if (!holdsEntries || extras->erase(key) == 0)
+        return;
+    if (extras->empty())
+        node.erase("extras");
+    else if (extras->size() == 1 && extras->contains(qxGltfKeys::otherExtras))
+        *extras = qxJson((*extras)[qxGltfKeys::otherExtras]);
+}

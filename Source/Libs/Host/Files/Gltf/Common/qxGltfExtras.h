@@ -75,3 +75,7 @@ bool qxGltfCountsChildren(const qxJson &node);
 osg::Quaternion qxGltfRotation(const float *numbers);
 /// The transform that ten numbers stand for.
 osg::Matrix qxGltfMatrix(const float *numbers);
+
+/// Puts `value` under `key` of the node's extras, or takes the entry out when it is null.
+/// Extras that hold no entries, such as a text, become an entry until ours are gone.
+void qxGltfSetExtra(qxJson &node, const char *key, const qxJson &value);

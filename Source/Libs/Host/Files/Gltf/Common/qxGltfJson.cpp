@@ -1,5 +1,10 @@
 #include "Files/Gltf/Common/qxGltfJson.h"
 
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
 const qxJson &qxGltfMember(const qxJson &object, const char *name)
 {
     static const qxJson none;
@@ -48,4 +53,45 @@ QString qxGltfPrimitiveLabel(int index, const qxJson &mesh, int primitive)
 {
     return qxFileText::tr("%1, primitive %2")
         .arg(qxGltfLabel("mesh", index, mesh), QString::number(primitive));
+}
+
+qxJson qxGltfNumber(float number)
+{
+    if (!std::isfinite(number)) {
+        const float largest = std::numeric_limits<float>::max();
+        return qxGltfNumber(std::isnan(number) ? 0 : std::copysign(largest, number));
+    }
+    char text[32];
+    const std::to_chars_result end = std::to_chars(text, text + sizeof(text), number);
+    double shortest = number;
+    std::from_chars(text, end.ptr, shortest);
+    // Whole numbers without a fraction, as most files have them.
+    if (std::fabs(shortest) < 1e9 && shortest == std::floor(shortest))
+        return std::int32_t(shortest);
+    return shortest;
+}
+
+qxJson qxGltfNumberList(const float *begin, std::size_t count)
+{
+    qxJson list = qxJson::array();
+    for (std::size_t i = 0; i < count; ++i)
+        list.push_back(qxGltfNumber(begin[i]));
+    return list;
+}
+
+void qxGltfUseExtension(qxJson &document, const char *extension)
+{
+    qxJson &used = document["extensionsUsed"];
+    if (std::find(used.begin(), used.end(), extension) == used.end())
+        used.push_back(extension);
+}
+
+void qxGltfEraseExtension(qxJson &object, const char *extension)
+{
+    const auto extensions = object.find("extensions");
+    if (extensions == object.end())
+        return;
+    extensions->erase(extension);
+    if (extensions->empty())
+        object.erase("extensions");
 }

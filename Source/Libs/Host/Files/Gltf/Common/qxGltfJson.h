@@ -29,3 +29,12 @@ int qxGltfIndex(const qxJson &object, const char *name);
 QString qxGltfLabel(const char *kind, int index, const qxJson &entry);
 /// The same for a primitive of the mesh `index`.
 QString qxGltfPrimitiveLabel(int index, const qxJson &mesh, int primitive);
+
+/// The number as JSON: its shortest decimal form that reads back exactly. What is no finite number
+/// becomes 0, or the largest one.
+qxJson qxGltfNumber(float number);
+qxJson qxGltfNumberList(const float *begin, std::size_t count);
+/// Notes that the file uses the extension.
+void qxGltfUseExtension(qxJson &document, const char *extension);
+/// Takes the extension out of an object.
+void qxGltfEraseExtension(qxJson &object, const char *extension);

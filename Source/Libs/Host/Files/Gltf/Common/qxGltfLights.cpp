@@ -1,7 +1,6 @@
 #include "Files/Gltf/Common/qxGltfLights.h"
 
 #include "Files/Gltf/Common/qxGltfCheckValues.h"
-#include "Files/Gltf/Common/qxGltfJsonEdit.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 

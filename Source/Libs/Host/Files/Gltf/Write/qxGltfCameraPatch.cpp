@@ -1,7 +1,7 @@
 #include "Files/Gltf/Write/qxGltfCameraPatch.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Common/qxGltfJsonEdit.h"
+#include "Files/Gltf/Common/qxGltfState.h"
 #include "qxUberCameraPool.h"
 
 #include <algorithm>

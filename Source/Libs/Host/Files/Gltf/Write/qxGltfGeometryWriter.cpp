@@ -1,7 +1,5 @@
 #include "Files/Gltf/Write/qxGltfGeometryWriter.h"
 
-#include "Files/Gltf/Common/qxGltfJsonEdit.h"
-
 #include <OpenSG/OSGTriangleIterator.h>
 
 #include <algorithm>

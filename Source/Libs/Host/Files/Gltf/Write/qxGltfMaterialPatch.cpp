@@ -1,7 +1,6 @@
 #include "Files/Gltf/Write/qxGltfMaterialPatch.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Common/qxGltfJsonEdit.h"
 #include "Files/Gltf/Common/qxGltfNames.h"
 #include "Files/Gltf/Common/qxGltfState.h"
 #include "Files/Gltf/Read/qxGltfMaterials.h"

@@ -2,7 +2,6 @@
 
 #include "Files/Gltf/Common/qxGltfCores.h"
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Common/qxGltfJsonEdit.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/Gltf/Read/qxGltfMeshes.h"
 #include "Files/Gltf/Write/qxGltfGeometryWriter.h"

@@ -1,7 +1,6 @@
 #include "Files/Gltf/Write/qxGltfPatch.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Common/qxGltfJsonEdit.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
 #include "qxNodeWalk.h"
 
