@@ -3,8 +3,8 @@
 #include "Internal/Materials/qxSwitchMaterials.h"
 #include "Internal/Options/qxOptionAppender.h"
 #include "Internal/Options/qxOptionRebuild.h"
+#include "Internal/Options/qxStateWriter.h"
 #include "Internal/Options/qxSwitchOptions.h"
-#include "Internal/Options/qxSwitchStepping.h"
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxSceneEdits.h"
@@ -27,27 +27,26 @@ std::vector<osg::MaterialPtr> findMaterials(const QString &name)
     return qxMaterials::findMaterials(qxText::toUtf8(name).c_str());
 }
 
-/// The name (UTF-8) of the material that the step leads to.
-std::string targetName(const osg::SwitchMaterialPtr &switchMaterial, qxStep step)
-{
-    const osg::UInt32 index =
-        qxSwitchStepping::stepMaterial(step, osg::Int32(switchMaterial->getChoice()),
-                                       osg::UInt32(switchMaterial->getMaterials().size()));
-    return qxMaterials::getName(switchMaterial->getMaterials(index));
-}
-
-/// Chooses the first material of that name; says whether there is one.
-bool choose(const osg::SwitchMaterialPtr &switchMaterial, const std::string &name)
-{
-    const osg::UInt32 count = osg::UInt32(switchMaterial->getMaterials().size());
-    for (osg::UInt32 i = 0; i < count; ++i) {
-        if (qxMaterials::getName(switchMaterial->getMaterials(i)) != name)
-            continue;
-        qxSceneEdits::setChoice(switchMaterial, i);
-        return true;
+/// Chooses materials and announces each.
+class MaterialChanges : public qxStateWriter {
+public:
+    // Copies: a listener may remove the variant.
+    explicit MaterialChanges(const qxMaterialVariant &variant)
+        : m_variantName(qxText::toUtf8(variant.name)),
+          m_baseName(qxText::toUtf8(variant.switchMaterialName))
+    {
     }
-    return false;
-}
+    void finish(const qxSceneObject &object) override
+    {
+        const osg::Int64 place = qxStateRules::valueOf(object, qxAspect::Choice);
+        qxNotify::variantsMaterialChanged(
+            m_variantName, qxStateRules::nameAt(object, qxAspect::Choice, place), m_baseName);
+    }
+
+private:
+    const std::string m_variantName;
+    const std::string m_baseName;
+};
 
 /// Puts `replacement`, which the pool holds, in the place of `material` on every node.
 void replaceOnNodes(const osg::MaterialPtr &material, const osg::MaterialPtr &replacement)
@@ -113,26 +112,19 @@ qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
 
 void qxMaterialVariant::onSelect(const QString &state)
 {
-    // Copies: a listener may remove the variant and whatever holds the state.
-    const std::string variantName = qxText::toUtf8(name);
-    const std::string baseName = qxText::toUtf8(switchMaterialName);
-    const std::string wanted = qxText::toUtf8(state);
-    const std::optional<qxStep> step = qxSwitchStepping::stepOf(state);
-    for (const osg::MaterialPtr &material : qxMaterials::findMaterials(baseName.c_str())) {
-        const auto switchMaterial = osg::SwitchMaterialPtr::dcast(material);
-        if (switchMaterial == osg::NullFC || switchMaterial->getMaterials().empty())
-            continue;
-        const std::string target = step ? targetName(switchMaterial, *step) : wanted;
-        if (choose(switchMaterial, target))
-            qxNotify::variantsMaterialChanged(variantName, target, baseName);
-    }
+    MaterialChanges changes(*this);
+    qxStateRequest request(state);
+    for (const qxSceneObject &object : qxStateRules::material.objects(switchMaterialName))
+        qxStateRules::material.decide(object, request, changes);
     qxNotify::materialVariantSelected(this);
 }
 
 QString qxMaterialVariant::onCurrent() const
 {
-    const auto switchMaterial = osg::SwitchMaterialPtr::dcast(findMaterial(switchMaterialName));
-    return switchMaterial == osg::NullFC ? QString() : nameOf(chosen(switchMaterial));
+    const osg::MaterialPtr found = findMaterial(switchMaterialName);
+    return qxSwitchMaterials::switchOf(found) == osg::NullFC
+        ? QString()
+        : qxStateRules::stateOf({osg::NullFC, found}, qxAspect::Choice);
 }
 
 void qxMaterialVariant::add(osg::MaterialPtr material, const QString &shortcut)

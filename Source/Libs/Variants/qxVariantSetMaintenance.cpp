@@ -5,14 +5,8 @@
 #include "Internal/Scene/qxSceneNames.h"
 #include "qxVariantSet.h"
 
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
-#include "qxOverlays.h"
-#include "qxScenegraph.h"
+#include "qxForecast.h"
 #include "qxUberCameraPool.h"
-
-#include <OpenSG/OSGSwitch.h>
-#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <algorithm>
 
@@ -24,29 +18,10 @@ bool anyOf(const Range &range, const Test &test)
     return std::any_of(range.begin(), range.end(), test);
 }
 
-std::vector<qxNodePtr> nodesOf(const QString &name)
+/// A test for (scene name), whatever is asked of it.
+auto hasObjects(const qxStateRule &rule)
 {
-    return qxScenegraph::findNodes(name.toUtf8().constData());
-}
-
-std::vector<osg::MaterialPtr> materialsOf(const QString &name)
-{
-    return qxMaterials::findMaterials(name.toUtf8().constData());
-}
-
-std::vector<qxNodePtr> overlaysOf(const QString &name)
-{
-    return qxOverlays::findOverlays(name.toUtf8().constData());
-}
-
-bool isNode(const QString &name)
-{
-    return !nodesOf(name).empty();
-}
-
-bool isOverlay(const QString &name)
-{
-    return qxOverlays::findOverlay(name.toUtf8().constData()) != osg::NullFC;
+    return [&rule](const QString &name) { return !rule.objects(name).empty(); };
 }
 
 bool isViewpoint(const QString &name)
@@ -96,49 +71,30 @@ void keepIf(qxUniqueNames &names, const Test &works)
         names.remove(name);
 }
 
-bool hasChildNamed(const osg::NodePtr &node, const std::string &name)
+bool isLacking(const qxEffect &effect)
 {
-    for (osg::UInt32 index = 0; index < node->getNChildren(); ++index) {
-        if (qxNodeUtils::getName(node->getChild(index)) == name)
-            return true;
-    }
-    return false;
+    return effect.reason == qxReason::NoSuchChild || effect.reason == qxReason::NoSuchMaterial
+        || effect.reason == qxReason::EmptySwitchMaterial;
 }
 
-/// Whether the nodes exist and none of them is a switch without a child called like the state.
-bool nodesOffer(const std::vector<qxNodePtr> &nodes, const QString &state)
+/// Whether the objects exist and none of them is a switch that lacks what the state names.
+bool offer(const qxStateRule &rule, const QString &base, const QString &state)
 {
-    if (nodes.empty() || isAction(state))
-        return !nodes.empty();
-    const std::string name = qxText::toUtf8(state);
-    return !anyOf(nodes, [&](const qxNodePtr &node) {
-        const bool isSwitch = osg::SwitchPtr::dcast(node->getCore()) != osg::NullFC;
-        return isSwitch && !hasChildNamed(node, name);
-    });
-}
-
-/// The same for materials: no switch material without a material called like the state.
-bool materialsOffer(const std::vector<osg::MaterialPtr> &materials, const QString &state)
-{
-    if (materials.empty() || isAction(state))
-        return !materials.empty();
-    const std::string name = qxText::toUtf8(state);
-    const auto isNamed = [&](const osg::MaterialPtr &choice) {
-        return qxMaterials::getName(choice) == name;
-    };
-    return !anyOf(materials, [&](const osg::MaterialPtr &material) {
-        const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
-        return choices != osg::NullFC && !anyOf(choices->getMaterials(), isNamed);
+    const std::vector<qxSceneObject> objects = rule.objects(base);
+    if (objects.empty() || isAction(state))
+        return !objects.empty();
+    qxStateSurvey survey;
+    return !anyOf(objects, [&](const qxSceneObject &each) {
+        return isLacking(survey.ask(rule, each, state).front());
     });
 }
 
 /// Whether one of the nodes has that transform state; actions are no states here.
-bool nodesKnowTransform(const std::vector<qxNodePtr> &nodes, const QString &state)
+bool hasPose(const QString &base, const QString &state)
 {
-    const std::string name = qxText::toUtf8(state);
-    return anyOf(nodes, [&](const qxNodePtr &node) {
-        return qxNodeUtils::hasTransformVariants(node)
-            && qxNodeUtils::getTransformVariantIndex(node, name) >= 0;
+    qxStateSurvey survey;
+    return anyOf(qxStateRules::transform.objects(base), [&](const qxSceneObject &each) {
+        return survey.isNamed(qxStateRules::transform, each, state);
     });
 }
 
@@ -168,14 +124,14 @@ bool qxVariantSet::isUsed()
     const qxFindCache cache(!nodeVariants.empty() || !overlayVariants.empty()
                             || !geometries.empty());
     const qxSceneNames scene;
+    const auto isNode = hasObjects(qxStateRules::node);
     return leadsToScene<qxNodeVariant>(*this, isNode)
-        || leadsToScene<qxMaterialVariant>(
-               *this, [](const QString &each) { return !materialsOf(each).empty(); })
+        || leadsToScene<qxMaterialVariant>(*this, hasObjects(qxStateRules::material))
         || leadsToScene<qxLightVariant>(*this,
                                         [&](const QString &each) { return scene.hasLight(each); })
         || anyOf(geometries, isNode) || anyOf(viewpoints, isViewpoint)
         || anyOf(animations, [&](const QString &each) { return scene.hasClip(each); })
-        || leadsToScene<qxOverlayVariant>(*this, isOverlay);
+        || leadsToScene<qxOverlayVariant>(*this, hasObjects(qxStateRules::overlay));
 }
 
 void qxVariantSet::showConnectedVariants()
@@ -193,20 +149,18 @@ void qxVariantSet::optimize()
     const qxFindCache cache(!isEmpty());
     const qxSceneNames scene;
     keepIf<qxNodeVariant>(*this, [](const QString &each, const QString &state) {
-        return nodesOffer(nodesOf(each), state);
+        return offer(qxStateRules::node, each, state);
     });
     keepIf<qxMaterialVariant>(*this, [](const QString &each, const QString &state) {
-        return materialsOffer(materialsOf(each), state);
+        return offer(qxStateRules::material, each, state);
     });
     keepIf<qxLightVariant>(
         *this, [&](const QString &each, const QString &) { return scene.hasLight(each); });
-    keepIf(geometries, isNode);
+    keepIf(geometries, hasObjects(qxStateRules::node));
     keepIf(viewpoints, isViewpoint);
     keepIf(animations, [&](const QString &each) { return scene.hasClip(each); });
     keepIf<qxOverlayVariant>(*this, [](const QString &each, const QString &state) {
-        return nodesOffer(overlaysOf(each), state);
+        return offer(qxStateRules::overlay, each, state);
     });
-    keepIf<qxTransformVariant>(*this, [](const QString &each, const QString &state) {
-        return nodesKnowTransform(nodesOf(each), state);
-    });
+    keepIf<qxTransformVariant>(*this, hasPose);
 }
