@@ -25,7 +25,7 @@ std::vector<qxNodePtr> findLights(const QString &name)
 
 QString stateOf(const osg::NodePtr &light)
 {
-    return qxStateRules::stateOf({light, osg::NullFC}, qxAspect::Light);
+    return qxStateRules::stateOf(qxSceneObject(light), qxAspect::Light);
 }
 
 void announce(const osg::NodePtr &light, qxMessage &message)
@@ -75,8 +75,9 @@ void qxLightVariant::onSelect(const QString &state)
 {
     LightChanges changes(*this);
     qxStateRequest request(state);
-    for (const qxSceneObject &object : qxStateRules::light.objects(lightName))
-        qxStateRules::light.decide(object, request, changes);
+    qxStateRules::light.visit(qxText::toUtf8(lightName), [&](const qxSceneObject &each) {
+        qxStateRules::light.decide(each, request, changes);
+    });
     qxNotify::lightVariantSelected(this);
 }
 

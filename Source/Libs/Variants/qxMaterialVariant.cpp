@@ -27,25 +27,33 @@ std::vector<osg::MaterialPtr> findMaterials(const QString &name)
     return qxMaterials::findMaterials(qxText::toUtf8(name).c_str());
 }
 
-/// Chooses materials and announces each.
+/// Puts the switch materials of one name into a state and announces them.
 class MaterialChanges : public qxStateWriter {
 public:
-    // Copies: a listener may remove the variant.
-    explicit MaterialChanges(const qxMaterialVariant &variant)
+    // Copies: a listener may remove the variant and whatever holds the state.
+    MaterialChanges(const qxMaterialVariant &variant, const QString &state)
         : m_variantName(qxText::toUtf8(variant.name)),
-          m_baseName(qxText::toUtf8(variant.switchMaterialName))
+          m_baseName(qxText::toUtf8(variant.switchMaterialName)), m_request(state)
     {
+    }
+    void apply()
+    {
+        qxStateRules::material.visit(m_baseName, [this](const qxSceneObject &each) {
+            qxStateRules::material.decide(each, m_request, *this);
+        });
     }
     void finish(const qxSceneObject &object) override
     {
-        const osg::Int64 place = qxStateRules::valueOf(object, qxAspect::Choice);
-        qxNotify::variantsMaterialChanged(
-            m_variantName, qxStateRules::nameAt(object, qxAspect::Choice, place), m_baseName);
+        if (!m_request.step)
+            return qxNotify::variantsMaterialChanged(m_variantName, m_request.name, m_baseName);
+        const osg::MaterialPtr shown = chosen(object.switchMaterial);
+        qxNotify::variantsMaterialChanged(m_variantName, qxMaterials::getName(shown), m_baseName);
     }
 
 private:
     const std::string m_variantName;
     const std::string m_baseName;
+    qxStateRequest m_request;
 };
 
 /// Puts `replacement`, which the pool holds, in the place of `material` on every node.
@@ -112,19 +120,15 @@ qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
 
 void qxMaterialVariant::onSelect(const QString &state)
 {
-    MaterialChanges changes(*this);
-    qxStateRequest request(state);
-    for (const qxSceneObject &object : qxStateRules::material.objects(switchMaterialName))
-        qxStateRules::material.decide(object, request, changes);
+    MaterialChanges(*this, state).apply();
     qxNotify::materialVariantSelected(this);
 }
 
 QString qxMaterialVariant::onCurrent() const
 {
-    const osg::MaterialPtr found = findMaterial(switchMaterialName);
-    return qxSwitchMaterials::switchOf(found) == osg::NullFC
-        ? QString()
-        : qxStateRules::stateOf({osg::NullFC, found}, qxAspect::Choice);
+    const qxSceneObject found(findMaterial(switchMaterialName));
+    return found.switchMaterial == osg::NullFC ? QString()
+                                               : qxStateRules::stateOf(found, qxAspect::Choice);
 }
 
 void qxMaterialVariant::add(osg::MaterialPtr material, const QString &shortcut)

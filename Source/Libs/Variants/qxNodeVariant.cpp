@@ -97,8 +97,8 @@ qxNodeVariant::qxNodeVariant(osg::NodePtr node)
 void qxNodeVariant::onSelect(const QString &state)
 {
     NodeChanges changes(*this, state);
-    for (const qxSceneObject &object : qxStateRules::node.objects(nodeName))
-        changes.apply(object);
+    qxStateRules::node.visit(qxText::toUtf8(nodeName),
+                             [&](const qxSceneObject &each) { changes.apply(each); });
     qxNotify::nodeVariantSelected(this);
 }
 

@@ -14,6 +14,7 @@
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -30,37 +31,31 @@ osg::SwitchComponentTransformPtr transformSwitchOf(const qxSceneObject &object)
     return osg::SwitchComponentTransformPtr::dcast(object.node->getCore());
 }
 
-osg::SwitchMaterialPtr switchMaterialOf(const qxSceneObject &object)
+/// -1 for none.
+template <class List, class NameOf>
+int firstNamed(const List &list, const std::string &name, const NameOf &nameOf)
 {
-    return osg::SwitchMaterialPtr::dcast(object.material);
+    const auto found = std::find_if(list.begin(), list.end(),
+                                    [&](const auto &each) { return nameOf(each) == name; });
+    return found == list.end() ? -1 : int(found - list.begin());
 }
 
-template <class Found>
-std::vector<qxSceneObject> objectsOf(const std::vector<Found> &found)
+void visitNodes(const std::string &name, const qxStateRule::Visit &visit)
 {
-    std::vector<qxSceneObject> objects;
-    objects.reserve(found.size());
-    for (const Found &each : found)
-        objects.push_back({osg::NodePtr(each), osg::NullFC});
-    return objects;
+    for (const qxNodePtr &each : qxScenegraph::findNodes(name.c_str()))
+        visit(qxSceneObject(each));
 }
 
-std::vector<qxSceneObject> nodesNamed(const QString &name)
+void visitOverlays(const std::string &name, const qxStateRule::Visit &visit)
 {
-    return objectsOf(qxScenegraph::findNodes(qxText::toUtf8(name).c_str()));
+    for (const qxNodePtr &each : qxOverlays::findOverlays(name.c_str()))
+        visit(qxSceneObject(each));
 }
 
-std::vector<qxSceneObject> overlaysNamed(const QString &name)
+void visitMaterials(const std::string &name, const qxStateRule::Visit &visit)
 {
-    return objectsOf(qxOverlays::findOverlays(qxText::toUtf8(name).c_str()));
-}
-
-std::vector<qxSceneObject> materialsNamed(const QString &name)
-{
-    std::vector<qxSceneObject> objects;
-    for (const osg::MaterialPtr &each : qxMaterials::findMaterials(qxText::toUtf8(name).c_str()))
-        objects.push_back({osg::NullFC, each});
-    return objects;
+    for (const osg::MaterialPtr &each : qxMaterials::findMaterials(name.c_str()))
+        visit(qxSceneObject(each));
 }
 
 void refuse(const qxSceneObject &object, qxAspect aspect, qxReason reason, qxEffectTarget &target)
@@ -78,12 +73,12 @@ void requestPose(const osg::NodePtr &node, int place)
 void setChoice(const qxSceneObject &object, osg::Int64 place)
 {
     if (object.material != osg::NullFC)
-        return qxSceneEdits::setChoice(switchMaterialOf(object), osg::UInt32(place));
-    const auto transforms = transformSwitchOf(object);
-    if (transforms != osg::NullFC)
-        qxSceneEdits::setChoice(transforms, osg::UInt32(place));
+        return qxSceneEdits::setChoice(object.switchMaterial, osg::UInt32(place));
+    const auto choices = switchOf(object);
+    if (choices != osg::NullFC)
+        qxSceneEdits::setChoice(choices, osg::Int32(place));
     else
-        qxSceneEdits::setChoice(switchOf(object), osg::Int32(place));
+        qxSceneEdits::setChoice(transformSwitchOf(object), osg::UInt32(place));
 }
 
 /// What showing, hiding and toggling do. False for any other state, which does nothing here.
@@ -171,7 +166,7 @@ void decideNode(const qxSceneObject &object, qxStateRequest &request, qxEffectTa
 /// Materials are chosen by name: a step to the second of two namesakes ends at the first.
 void decideMaterial(const qxSceneObject &object, qxStateRequest &request, qxEffectTarget &target)
 {
-    const auto material = switchMaterialOf(object);
+    const osg::SwitchMaterialPtr &material = object.switchMaterial;
     if (material == osg::NullFC || material->getMaterials().empty())
         return refuse(object, qxAspect::Choice,
                       material == osg::NullFC ? qxReason::NoSwitchMaterial
@@ -226,18 +221,32 @@ void decideTransform(const qxSceneObject &object, qxStateRequest &request, qxEff
 
 namespace qxStateRules {
 
-const qxStateRule node{nodesNamed, decideNode, true};
-const qxStateRule material{materialsNamed, decideMaterial};
-const qxStateRule light{nodesNamed, decideLight};
-const qxStateRule overlay{overlaysNamed, decideOverlay};
-const qxStateRule transform{nodesNamed, decideTransform};
+const qxStateRule node{visitNodes, decideNode, true};
+const qxStateRule material{visitMaterials, decideMaterial};
+const qxStateRule light{visitNodes, decideLight};
+const qxStateRule overlay{visitOverlays, decideOverlay};
+const qxStateRule transform{visitNodes, decideTransform};
 
 } // namespace qxStateRules
+
+qxSceneObject::qxSceneObject(const osg::NodePtr &object) : node(object) {}
+
+qxSceneObject::qxSceneObject(const osg::MaterialPtr &object)
+    : material(object), switchMaterial(osg::SwitchMaterialPtr::dcast(object))
+{
+}
 
 bool qxEffect::isMisfit() const
 {
     return reason == qxReason::NoSwitchMaterial || reason == qxReason::EmptySwitchMaterial
         || reason == qxReason::NoLight || reason == qxReason::NoTransforms;
+}
+
+std::vector<qxSceneObject> qxStateRule::objects(const QString &name) const
+{
+    std::vector<qxSceneObject> objects;
+    visit(qxText::toUtf8(name), [&](const qxSceneObject &each) { objects.push_back(each); });
+    return objects;
 }
 
 qxStateRequest::qxStateRequest(const QString &wanted)
@@ -260,12 +269,11 @@ osg::Int64 qxEffectTarget::value(const qxSceneObject &object, qxAspect aspect) c
 
 int qxEffectTarget::placeOf(const qxSceneObject &object, qxAspect aspect, const std::string &name)
 {
-    const int count = qxStateRules::countOf(object, aspect);
-    for (int place = 0; place < count; ++place) {
-        if (qxStateRules::nameAt(object, aspect, place) == name)
-            return place;
-    }
-    return -1;
+    if (aspect == qxAspect::Pose)
+        return qxNodeUtils::getTransformVariantIndex(object.node, name);
+    if (object.material != osg::NullFC)
+        return firstNamed(object.switchMaterial->getMaterials(), name, qxMaterials::getName);
+    return firstNamed(*object.node->getMFChildren(), name, qxNodeUtils::getName);
 }
 
 void qxEffectTarget::finish(const qxSceneObject &) {}
@@ -273,12 +281,12 @@ void qxEffectTarget::finish(const qxSceneObject &) {}
 void qxStateRules::recurse(const osg::NodePtr &node, qxEffectTarget &target)
 {
     const auto show = [&target](const osg::NodePtr &each) {
-        target.take({{each, osg::NullFC}, qxAspect::Visibility, 1, qxReason::Recursion});
+        target.take({qxSceneObject(each), qxAspect::Visibility, 1, qxReason::Recursion});
     };
     for (const qxNodePtr &each : qxNodeUtils::getSubTreeNodes(node))
         show(each);
     osg::NodePtr above = node == osg::NullFC ? osg::NodePtr() : node->getParent();
-    while (above != osg::NullFC && !target.value({above, osg::NullFC}, qxAspect::Visibility)) {
+    while (above != osg::NullFC && !target.value(qxSceneObject(above), qxAspect::Visibility)) {
         show(above);
         above = above->getParent();
     }
@@ -297,10 +305,10 @@ osg::Int64 qxStateRules::valueOf(const qxSceneObject &object, qxAspect aspect)
         break;
     }
     if (object.material != osg::NullFC)
-        return switchMaterialOf(object)->getChoice();
-    const auto transforms = transformSwitchOf(object);
-    return transforms != osg::NullFC ? osg::Int64(transforms->getChoice())
-                                     : osg::Int64(switchOf(object)->getChoice());
+        return object.switchMaterial->getChoice();
+    const auto choices = switchOf(object);
+    return choices != osg::NullFC ? osg::Int64(choices->getChoice())
+                                  : osg::Int64(transformSwitchOf(object)->getChoice());
 }
 
 void qxStateRules::setValue(const qxSceneObject &object, qxAspect aspect, osg::Int64 value)
@@ -322,7 +330,7 @@ int qxStateRules::countOf(const qxSceneObject &object, qxAspect aspect)
 {
     if (aspect == qxAspect::Pose)
         return qxNodeUtils::getTransformVariantCount(object.node);
-    return object.material != osg::NullFC ? int(switchMaterialOf(object)->getMaterials().size())
+    return object.material != osg::NullFC ? int(object.switchMaterial->getMaterials().size())
                                           : int(object.node->getNChildren());
 }
 
@@ -334,7 +342,7 @@ std::string qxStateRules::nameAt(const qxSceneObject &object, qxAspect aspect, o
         return qxNodeUtils::getTransformVariantName(object.node, int(place));
     const auto index = osg::UInt32(place);
     return object.material != osg::NullFC
-        ? qxMaterials::getName(switchMaterialOf(object)->getMaterials(index))
+        ? qxMaterials::getName(object.switchMaterial->getMaterials(index))
         : qxNodeUtils::getName(object.node->getChild(index));
 }
 

@@ -4,15 +4,21 @@
 
 #include <OpenSG/OSGMaterialFields.h>
 #include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGSwitchMaterialFields.h>
 
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
 
 /// Something of the scene that variants drive, or would if it were of the right sort.
 struct qxSceneObject {
-    osg::NodePtr node = osg::NullFC; ///< null for a material
-    osg::MaterialPtr material = osg::NullFC;
+    explicit qxSceneObject(const osg::NodePtr &node);
+    explicit qxSceneObject(const osg::MaterialPtr &material);
+
+    osg::NodePtr node; ///< null for a material
+    osg::MaterialPtr material; ///< null for a node
+    osg::SwitchMaterialPtr switchMaterial; ///< the same; null for materials of another sort
 };
 
 /// What a state changes of a scene object.
@@ -95,11 +101,16 @@ public:
 
 /// What the variants of one kind make of states.
 struct qxStateRule {
-    /// Whatever bears the name among the objects that the kind looks at, in scene order.
-    std::vector<qxSceneObject> (*objects)(const QString &name);
+    typedef std::function<void(const qxSceneObject &object)> Visit;
+
+    /// Goes over whatever bears the name (UTF-8) among what the kind looks at, in scene order.
+    void (*visit)(const std::string &name, const Visit &visit);
     /// Decides what the state does to one of them: one effect at least.
     void (*decide)(const qxSceneObject &object, qxStateRequest &request, qxEffectTarget &target);
     bool recurses = false; ///< while qxVariants::_recurse is set
+
+    /// All that the rule goes over.
+    std::vector<qxSceneObject> objects(const QString &name) const;
 };
 
 /// The one place that knows what states do.

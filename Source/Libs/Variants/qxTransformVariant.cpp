@@ -45,8 +45,9 @@ void qxTransformVariant::onSelect(const QString &state)
 {
     Requests requests;
     qxStateRequest request(state);
-    for (const qxSceneObject &object : qxStateRules::transform.objects(nodeName))
-        qxStateRules::transform.decide(object, request, requests);
+    qxStateRules::transform.visit(qxText::toUtf8(nodeName), [&](const qxSceneObject &each) {
+        qxStateRules::transform.decide(each, request, requests);
+    });
 }
 
 QString qxTransformVariant::onCurrent() const
@@ -54,7 +55,7 @@ QString qxTransformVariant::onCurrent() const
     const std::vector<qxNodePtr> nodes = findNodes(nodeName);
     if (nodes.empty())
         return QString();
-    return qxStateRules::stateOf({nodes.front(), osg::NullFC}, qxAspect::Pose);
+    return qxStateRules::stateOf(qxSceneObject(nodes.front()), qxAspect::Pose);
 }
 
 void qxTransformVariant::updateVariants()

@@ -166,7 +166,7 @@ void qxVariantVerifier::verifyNodeVariant(qxNodeVariant &variant)
 
     qxStateSurvey survey;
     const auto isKnown = [&](const QString &state) {
-        return survey.isNamed(qxStateRules::node, {node, osg::NullFC}, state);
+        return survey.isNamed(qxStateRules::node, qxSceneObject(node), state);
     };
     const QString &standard = variant.defaultState;
     const bool isSwitch = osg::SwitchPtr::dcast(node->getCore()) != osg::NullFC;
@@ -199,7 +199,7 @@ void qxVariantVerifier::verifyMaterialVariant(qxMaterialVariant &variant)
 
     qxStateSurvey survey;
     const auto isKnown = [&](const QString &state) {
-        return survey.isNamed(qxStateRules::material, {osg::NullFC, material}, state);
+        return survey.isNamed(qxStateRules::material, qxSceneObject(material), state);
     };
     const QString &standard = variant.defaultState;
     if (!standard.isEmpty() && !variant.find(standard))

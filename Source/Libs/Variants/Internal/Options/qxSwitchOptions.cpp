@@ -90,11 +90,11 @@ void qxSwitchOptions::rebuild(qxVariant &variant, qxOptionRebuild &options,
 QString qxSwitchOptions::currentState(const osg::NodePtr &node)
 {
     const bool isSwitch = osg::SwitchPtr::dcast(node->getCore()) != osg::NullFC;
-    return isSwitch ? qxStateRules::stateOf({node, osg::NullFC}, qxAspect::Choice)
+    return isSwitch ? qxStateRules::stateOf(qxSceneObject(node), qxAspect::Choice)
                     : visibility(node);
 }
 
 QString qxSwitchOptions::visibility(const osg::NodePtr &node)
 {
-    return qxStateRules::stateOf({node, osg::NullFC}, qxAspect::Visibility);
+    return qxStateRules::stateOf(qxSceneObject(node), qxAspect::Visibility);
 }
