@@ -6,7 +6,7 @@
 #include "Sets/qxSetsView.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "qxBenchScene.h"
-#include "qxController.h"
+#include "qxPanelChanges.h"
 
 #include <QAbstractItemView>
 #include <QBuffer>
@@ -118,7 +118,7 @@ void editSet(benchmark::State &state)
     int turn = 0;
     for (auto _ : state) {
         qxVariants::findVariantSet(QStringLiteral("Set 7"))->comment = QString::number(++turn);
-        qxController::call("variantSetChanged", 1);
+        emit qxPanelChanges::the().setsEdited();
         handleEvents();
     }
 }

@@ -4,6 +4,9 @@
 #include "../Scenarios/ShownScene.h"
 #include "PanelFixture.h"
 #include "Undo/qxCaptureRecord.h"
+#include "qxPanelEvents.h"
+
+#include <QSignalSpy>
 
 #include <functional>
 
@@ -163,13 +166,20 @@ TEST_F(CaptureUndoTest, VariantsThatOthersUseOrChangedStayWhenACaptureIsUndone)
     capture("");
     set("Blue").addNodeVariant("Wheels", "Alloy");
     qxVariants::findNodeVariant("Seats")->options.front().shortcut = "S";
+    notifications.clear();
     edits.stack()->undo();
     EXPECT_NE(qxVariants::findNodeVariant("Wheels"), nullptr);
     ASSERT_NE(qxVariants::findNodeVariant("Seats"), nullptr);
     EXPECT_EQ(qxVariants::findNodeVariant("Mirrors"), nullptr);
+    const qxPanelEvents events;
+    QSignalSpy shown(&events, &qxPanelEvents::variantsChanged);
     edits.stack()->redo();
+    settle();
+    EXPECT_EQ(shown.size(), 1);
     EXPECT_EQ(qxVariants::findNodeVariant("Seats")->options.front().shortcut, "S");
     EXPECT_NE(qxVariants::findNodeVariant("Mirrors"), nullptr);
+    EXPECT_EQ(notifications.names(),
+              std::vector<std::string>({"variantSetRemoved", "nodeVariantRemoved"}));
 }
 
 TEST_F(CaptureUndoTest, ACaptureIsNotHalfUndone)

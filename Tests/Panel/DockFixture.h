@@ -50,7 +50,7 @@ protected:
     }
     static void announce()
     {
-        qxPanelEvents::announceEditedSets();
+        emit qxPanelChanges::the().setsEdited();
         settle();
     }
     QTreeView &list() { return *sets.findChild<QTreeView *>(); }

@@ -7,7 +7,7 @@
 #include "HostFixture.h"
 #include "TestFiles.h"
 #include "Undo/qxSetEdits.h"
-#include "qxPanelEvents.h"
+#include "qxPanelChanges.h"
 
 #include <QtCore>
 

@@ -4,6 +4,8 @@
 #include "PanelFixture.h"
 #include "Undo/qxCaptureRecord.h"
 
+#include <QSignalSpy>
+
 #include <functional>
 
 class SetEditsTest : public PanelFixture {
@@ -59,26 +61,45 @@ TEST_F(SetEditsTest, CopiesStandBehindTheirOriginalsUnderNamesOfTheirOwnWithoutA
     EXPECT_EQ(edits.stack()->count(), 2);
 }
 
-TEST_F(SetEditsTest, EveryEditIsAnnouncedOnce)
+TEST_F(SetEditsTest, EveryEditIsToldOnceAndTheModulesNotificationsAreItsOwn)
 {
+    typedef std::vector<std::string> Names;
+    const auto undo = [this] { edits.stack()->undo(); };
     qxCaptureRecord record;
     qxCaptureRecord another;
-    const std::function<void()> each[] = {
-        [&] { comment("Red", "warm"); },
-        [&] { edits.stack()->undo(); },
-        [&] { edits.duplicateSets(names("Red,Blue,Alone")); },
-        [&] { edits.moveSets(names("Red,Alone"), "Inside", QString()); },
-        [&] { edits.shiftSets(names("Red,Blue"), true); },
-        [&] { edits.captureSet("Captured", "Inside", record, [](qxVariantSet &) {}); },
-        [&] { edits.captureAgain("Red", another, [](qxVariantSet &red) { red.script = "pass"; }); },
+    const struct {
+        std::function<void()> edit;
+        int told;
+        Names announced = {};
+    } cases[] = {
+        {[&] { comment("Red", "warm"); }, 1},
+        {undo, 1},
+        {[&] { edits.renameSet("Red", "Crimson"); }, 1},
+        {undo, 1},
+        {[&] { edits.duplicateSets(names("Red,Blue,Alone")); }, 1},
+        {[&] { edits.moveSets(names("Red,Alone"), "Inside", QString()); }, 1},
+        {[&] { edits.shiftSets(names("Red,Blue"), true); }, 1},
+        {[&] { edits.captureSet("Captured", "Inside", record, [](qxVariantSet &) {}); }, 1,
+         Names{"variantSetAdded"}},
+        {[&] {
+             edits.captureAgain("Red", another, [](qxVariantSet &red) { red.script = "pass"; });
+         },
+         1},
+        {[&] { edits.removeSets(names("Red,Blue")); }, 0,
+         Names{"variantSetRemoved", "variantSetRemoved"}},
+        {undo, 1},
+        {[&] { edits.addGroup(); }, 1},
+        {undo, 0, Names{"variantGroupRemoved"}},
+        {[&] { edits.moveGroups({"Inside"}, "Outside"); }, 1},
+        {[&] { edits.setGroupVisible("Inside", false); }, 1},
     };
-    for (const auto &edit : each) {
+    for (const auto &each : cases) {
+        QSignalSpy told(&qxPanelChanges::the(), &qxPanelChanges::setsEdited);
         notifications.clear();
-        edit();
-        EXPECT_EQ(heard("variantSetChanged").size(), 1u) << edits.stack()->undoText().toStdString();
+        each.edit();
+        EXPECT_EQ(told.size(), each.told) << edits.stack()->undoText().toStdString();
+        EXPECT_EQ(notifications.names(), each.announced) << edits.stack()->undoText().toStdString();
     }
-    edits.removeSets(names("Red,Blue"));
-    EXPECT_EQ(heard("variantSetRemoved").size(), 2u);
 }
 
 TEST_F(SetEditsTest, WhatOthersDidSinceStaysWhenAnEditIsUndone)

@@ -2,6 +2,7 @@
 
 #include "PanelFixture.h"
 #include "Sets/qxSetsModel.h"
+#include "qxPanelEvents.h"
 
 #include <QMimeData>
 #include <QTextDocumentFragment>
@@ -18,7 +19,7 @@ protected:
         qxVariants::createVariantGroup("Hidden", false, false);
         addGroup("Extra", {});
         qxVariants::createVariantSet("Bare", false, nullptr);
-        qxPanelEvents::announceEditedSets();
+        emit qxPanelChanges::the().setsEdited();
         settle();
     }
 

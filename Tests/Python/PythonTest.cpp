@@ -96,7 +96,7 @@ PythonTest &test()
     return *PythonTest::current;
 }
 
-/// The module by which the tests reach scene and registry, beside the words of every script.
+/// The module by which the tests reach scene and registry, beside the bindings of every script.
 void defineStage(bool destroy)
 {
     if (destroy)

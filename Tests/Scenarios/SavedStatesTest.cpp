@@ -8,15 +8,15 @@
 #include "Commands/qxAmbiguousNodes.h"
 #include "Program.h"
 #include "RandomScene.h"
-#include "Report/qxShownStates.h"
 #include "Report/qxVariantTable.h"
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "Scene/qxTransformStates.h"
 #include "Script/qxScriptRunner.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
 #include "ShownScene.h"
 #include "TestScene.h"
+#include "qxFindCache.h"
 #include "qxMaterials.h"
 #include "qxTestPaths.h"
 #include "qxUberCameraPool.h"
@@ -271,11 +271,11 @@ void SavedStatesTest::expectStatesOf(qxVariantSet &set)
                                                  {"light", &set.lightVariants},
                                                  {"overlay", &set.overlayVariants},
                                                  {"transform", &set.transformVariants}};
-    const qxShownStates shown;
+    const qxFindCache cache(true);
     for (const qxVariantRow &row : qxVariantTable::all()) {
         const qxVariantState *const entry = wanted[row.kind]->find(row.variant->name);
         const bool isState = entry && !step.match(entry->state).hasMatch();
-        EXPECT_TRUE(!isState || shown.of(row).state == entry->state)
+        EXPECT_TRUE(!isState || row.variant->shown().state() == entry->state)
             << row.variant->name.toStdString();
     }
 }

@@ -4,12 +4,12 @@
 #include "OSGOverlayCore.h"
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
-#include "Report/qxShownStates.h"
 #include "Report/qxVariantTable.h"
 #include "Scene/OSGTransformStates.h"
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "TestScene.h"
 #include "qxAnimManager.h"
+#include "qxFindCache.h"
 #include "qxMaterials.h"
 #include "qxOverlays.h"
 #include "qxUberCameraPool.h"
@@ -240,11 +240,11 @@ void Lines::writeRest()
     }
     for (const std::string &clip : qxAnimManager::the()->clips())
         m_text << "clip '" << clip << "'\n";
-    const qxShownStates shown;
+    const qxFindCache cache(true);
     for (const qxVariantRow &row : qxVariantTable::all()) {
-        const qxShownStates::Shown state = shown.of(row);
+        const qxShownState state = row.variant->shown();
         m_text << row.kind << " '" << row.variant->name.toStdString() << "' in '"
-               << state.state.toStdString() << '\'' << (state.isHidden ? " hidden\n" : "\n");
+               << state.state().toStdString() << '\'' << (state.isHidden ? " hidden\n" : "\n");
     }
 }
 

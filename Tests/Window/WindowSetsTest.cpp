@@ -3,6 +3,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "NotificationLog.h"
 #include "WindowFixture.h"
 #include "qxLog.h"
 
@@ -48,10 +49,12 @@ TEST_F(WindowSetsTest, ADoubleClickAndTheKeySelectASetAndBackLeadsBack)
     window->sceneView()->setFocus();
     press(Qt::Key_1, Qt::ControlModifier);
     EXPECT_EQ(desktop(), "Glass");
+    const NotificationLog notifications;
     press(Qt::Key_Left, Qt::AltModifier);
     settle();
     EXPECT_EQ(desktop(), "!None");
     EXPECT_EQ(shownState("Desk"), "!None");
+    EXPECT_EQ(notifications.names(), std::vector<std::string>()) << "nothing was selected";
     press(Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(desktop(), "Glass") << "Back again leads forward";
 }

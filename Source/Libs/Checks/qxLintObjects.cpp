@@ -5,18 +5,16 @@
 
 namespace {
 
-namespace names = qxVariantKindNames;
-
 QString introduce(const qxSyntaxTreeVariant &variant)
 {
-    return QStringLiteral("%1 variant \"%2\"").arg(names::word(variant.kind), variant.name);
+    return QStringLiteral("%1 variant \"%2\"").arg(variant.kind->word, variant.name);
 }
 
 /// The findings of one variant.
 class VariantLint {
 public:
     VariantLint(qxLintContext &context, qxLintVariant &variant)
-        : m_context(context), m_variant(variant), m_outline(variant.outline())
+        : m_context(context), m_variant(variant), m_element(variant.element())
     {
     }
 
@@ -31,25 +29,25 @@ private:
 
     qxLintContext &m_context;
     qxLintVariant &m_variant;
-    const qxSyntaxTreeVariant &m_outline;
+    const qxSyntaxTreeVariant &m_element;
 };
 
 void VariantLint::add(qxCode code, const QString &what)
 {
-    m_context.add(code, introduce(m_outline) + what, m_outline.path, m_outline.mark);
+    m_context.add(code, introduce(m_element) + what, m_element.path, m_element.location);
 }
 
 void VariantLint::add(qxCode code, const qxSyntaxTreeOption &option, const QString &what)
 {
-    m_context.add(code, introduce(m_outline) + what, m_outline.path, QStringLiteral("State"),
-                  option.mark);
+    m_context.add(code, introduce(m_element) + what, m_element.path, QStringLiteral("State"),
+                  option.location);
 }
 
 void VariantLint::run()
 {
     lintObjects();
     QSet<QString> known;
-    for (const qxSyntaxTreeOption &option : m_outline.options) {
+    for (const qxSyntaxTreeOption &option : m_element.options) {
         if (known.contains(option.name))
             add(qxCode::OptionTwice, option,
                 QStringLiteral(": a second option \"%1\", which is dropped").arg(option.name));
@@ -57,14 +55,14 @@ void VariantLint::run()
             lintOption(option);
         known.insert(option.name);
     }
-    const QString &standard = m_outline.standard.text;
+    const QString &standard = m_element.standard.text;
     if (!standard.isEmpty() && !m_variant.hasOption(standard))
         m_context.add(
             qxCode::DefaultIsNoOption,
-            introduce(m_outline)
+            introduce(m_element)
                 + QStringLiteral(": the default state \"%1\" is none of its options").arg(standard),
-            m_outline.path, QStringLiteral("Default"), m_outline.standard.mark);
-    if (m_outline.options.empty())
+            m_element.path, QStringLiteral("Default"), m_element.standard.location);
+    if (m_element.options.empty())
         add(qxCode::NoOptions, QStringLiteral(" has no options"));
     lintUse();
 }
@@ -72,15 +70,17 @@ void VariantLint::run()
 void VariantLint::lintObjects()
 {
     if (!m_variant.hasObjects())
-        add(qxCode::NoSceneObject, QStringLiteral(": the scene has no \"%1\"").arg(m_outline.base));
+        add(qxCode::NoSceneObject, QStringLiteral(": the scene has no \"%1\"").arg(m_element.base));
     else if (!m_variant.hasFittingObject())
         add(qxCode::WrongSceneObject,
-            QStringLiteral(": \"%1\" in the scene is of another sort").arg(m_outline.base));
-    if (m_context.scene.areNested(m_outline.kind, m_outline.base))
+            QStringLiteral(": \"%1\" in the scene is of another sort").arg(m_element.base));
+    const qxSceneLookup &scene = m_context.scene;
+    if ((m_element.kind == &qxVariantKinds::node && scene.hasNestedNodes(m_element.base))
+        || (m_element.kind == &qxVariantKinds::overlay && scene.hasNestedOverlays(m_element.base)))
         add(qxCode::NestedSceneObjects,
             QStringLiteral(": one \"%1\" in the scene stands within another, and both are hidden "
                            "when one is")
-                .arg(m_outline.base));
+                .arg(m_element.base));
 }
 
 void VariantLint::lintOption(const qxSyntaxTreeOption &option)
@@ -90,20 +90,20 @@ void VariantLint::lintOption(const qxSyntaxTreeOption &option)
     else if (m_variant.hasFittingObject() && !m_variant.reach(option.name).isTaken)
         add(qxCode::OptionUnknownToScene, option,
             QStringLiteral(": \"%1\" in the scene does not take the state \"%2\"")
-                .arg(m_outline.base, option.name));
+                .arg(m_element.base, option.name));
 }
 
 void VariantLint::lintUse()
 {
     if (m_variant.isUsed()) {
-        for (const qxSyntaxTreeOption &option : m_outline.options) {
+        for (const qxSyntaxTreeOption &option : m_element.options) {
             const bool isAction = option.name.startsWith(QLatin1Char('!'));
-            const bool isDefault = option.name == m_outline.standard.text;
+            const bool isDefault = option.name == m_element.standard.text;
             if (!isAction && !isDefault && !option.name.isEmpty() && !m_variant.isUsed(option.name))
                 add(qxCode::UnusedOption, option,
                     QStringLiteral(": no set and no hotkey leads to \"%1\"").arg(option.name));
         }
-    } else if (!m_outline.options.empty()) {
+    } else if (!m_element.options.empty()) {
         add(qxCode::UnusedVariant, QStringLiteral(": no set and no hotkey uses it"));
     }
 }
@@ -130,12 +130,12 @@ void Hotkeys::note(const qxSyntaxTreeText &hotkey, const QString &owner, const Q
     Qt::KeyboardModifiers modifiers;
     qxVariants::mapHotkey(text, key, modifiers);
     const QString tag = QStringLiteral("Hotkey");
-    const qxMark mark{hotkey.mark.line, hotkey.mark.column, 1};
+    const qxSourceLocation location{hotkey.location.line, hotkey.location.column, 1};
     if (key == 0 || key == Qt::Key_unknown)
         return m_context.add(
             qxCode::UnreadableHotkey,
             QStringLiteral("%1: the hotkey \"%2\" names no key").arg(owner, hotkey.text), path, tag,
-            mark);
+            location);
     QString &other = m_owners[key | int(modifiers)];
     if (other.isEmpty())
         other = owner;
@@ -143,35 +143,35 @@ void Hotkeys::note(const qxSyntaxTreeText &hotkey, const QString &owner, const Q
         m_context.add(qxCode::HotkeyTwice,
                       QStringLiteral("%1: the hotkey \"%2\" is that of %3 as well")
                           .arg(owner, hotkey.text, other),
-                      path, tag, mark);
+                      path, tag, location);
 }
 
 } // namespace
 
 void qxLintParts::lintGroups(qxLintContext &context)
 {
-    context.addTwins(qxCode::GroupTwice, QStringLiteral("group"), context.outline.groups);
-    for (const qxSyntaxTreeGroup &group : context.outline.groups) {
+    context.addTwins(qxCode::GroupTwice, QStringLiteral("group"), context.tree.groups);
+    for (const qxSyntaxTreeGroup &group : context.tree.groups) {
         if (group.sets == 0)
             context.add(qxCode::EmptyGroup,
                         QStringLiteral("group \"%1\" has no sets").arg(group.name), group.path,
-                        group.mark);
+                        group.location);
     }
 }
 
 void qxLintParts::lintVariants(qxLintContext &context)
 {
-    std::array<QHash<QString, int>, qxVariantKinds> lines;
+    QHash<const qxVariantKind *, QHash<QString, int>> lines;
     for (const auto &variant : context.variants.all()) {
-        const qxSyntaxTreeVariant &outline = variant->outline();
-        const int line = lines[std::size_t(outline.kind)].value(outline.name, 0);
+        const qxSyntaxTreeVariant &element = variant->element();
+        const int line = lines[element.kind].value(element.name, 0);
         if (line > 0)
             context.add(qxCode::VariantTwice,
                         QStringLiteral("%1 replaces the options of the one of line %2")
-                            .arg(introduce(outline))
+                            .arg(introduce(element))
                             .arg(line),
-                        outline.path, outline.mark);
-        lines[std::size_t(outline.kind)].insert(outline.name, outline.mark.line);
+                        element.path, element.location);
+        lines[element.kind].insert(element.name, element.location.line);
         VariantLint(context, *variant).run();
     }
 }
@@ -179,17 +179,18 @@ void qxLintParts::lintVariants(qxLintContext &context)
 void qxLintParts::lintHotkeys(qxLintContext &context)
 {
     Hotkeys hotkeys(context);
-    for (const qxSyntaxTreeSet &set : context.outline.sets)
+    for (const qxSyntaxTreeSet &set : context.tree.sets)
         hotkeys.note(set.hotkey, QStringLiteral("set \"%1\"").arg(set.name), set.path);
     for (const auto &variant : context.variants.all()) {
-        const qxSyntaxTreeVariant &outline = variant->outline();
-        for (const qxSyntaxTreeOption &option : outline.options) {
+        const qxSyntaxTreeVariant &element = variant->element();
+        for (const qxSyntaxTreeOption &option : element.options) {
             if (option.hotkey.text.isEmpty())
                 continue;
             variant->use(option.name);
-            hotkeys.note(option.hotkey,
-                         QStringLiteral("%1, option \"%2\"").arg(introduce(outline), option.name),
-                         QStringLiteral("%1/State[%2]").arg(outline.path).arg(option.mark.ordinal));
+            hotkeys.note(
+                option.hotkey,
+                QStringLiteral("%1, option \"%2\"").arg(introduce(element), option.name),
+                QStringLiteral("%1/State[%2]").arg(element.path).arg(option.location.ordinal));
         }
     }
 }

@@ -2,26 +2,25 @@
 
 #include "qxLintVariants.h"
 #include "qxLinter.h"
+#include "qxSceneLookup.h"
 
 /// What the parts of one look over a document share.
 class qxLintContext {
 public:
-    explicit qxLintContext(const qxSyntaxTree &document)
-        : outline(document), variants(document, scene)
-    {
-    }
+    explicit qxLintContext(const qxSyntaxTree &document) : tree(document), variants(document) {}
 
     /// A finding at an element that is a child of the one at `owner`.
     void add(qxCode code, const QString &message, const QString &owner, const QString &tag,
-             const qxMark &mark);
+             const qxSourceLocation &location);
     /// A finding at the element at `path` itself.
-    void add(qxCode code, const QString &message, const QString &path, const qxMark &mark);
+    void add(qxCode code, const QString &message, const QString &path,
+             const qxSourceLocation &location);
     /// A finding at every one of these sets or groups whose name stands before; `kind` says which.
     template <class List>
     void addTwins(qxCode code, const QString &kind, const List &all);
 
-    const qxSyntaxTree &outline;
-    const qxSceneIndex scene;
+    const qxSyntaxTree &tree;
+    const qxSceneLookup scene;
     const qxLintVariants variants;
     qxFindingList findings;
 };
@@ -37,8 +36,8 @@ void qxLintContext::addTwins(qxCode code, const QString &kind, const List &all)
                 QStringLiteral("%1 \"%2\" replaces the one of line %3")
                     .arg(kind, each.name)
                     .arg(*known),
-                each.path, each.mark);
-        lines[each.name] = each.mark.line;
+                each.path, each.location);
+        lines[each.name] = each.location.line;
     }
 }
 

@@ -2,34 +2,32 @@
 
 namespace {
 
-namespace names = qxVariantKindNames;
-
 struct ListRule {
     const char *tag;
     const char *word;
     qxCode missing;
-    bool (qxSceneIndex::*has)(const QString &name) const;
+    bool (qxSceneLookup::*has)(const QString &name) const;
 };
 
 const ListRule listRules[qxNameLists] = {
-    {"ViewpointRef", "viewpoint", qxCode::NoSuchViewpoint, &qxSceneIndex::hasViewpoint},
-    {"AnimationRef", "animation", qxCode::NoSuchAnimation, &qxSceneIndex::hasAnimation},
-    {"GeometryRef", "geometry", qxCode::NoSuchGeometry, &qxSceneIndex::hasNode},
-    {"TargetName", "target node", qxCode::NoSuchTarget, &qxSceneIndex::hasNode},
+    {"ViewpointRef", "viewpoint", qxCode::NoSuchViewpoint, &qxSceneLookup::hasViewpoint},
+    {"AnimationRef", "animation", qxCode::NoSuchAnimation, &qxSceneLookup::hasClip},
+    {"GeometryRef", "geometry", qxCode::NoSuchGeometry, &qxSceneLookup::hasNode},
+    {"TargetName", "target node", qxCode::NoSuchTarget, &qxSceneLookup::hasNode},
 };
 
 /// An entry of a set that changes something of the scene: a reference or, without one, a target.
 struct Entry {
     qxLintVariant::Change change;
     const qxSyntaxTreeReference *reference;
-    qxVariantKind kind;
+    const qxVariantKind *kind;
     QString name; ///< of the variant or of the target
 };
 
 QString textOf(const Entry &entry)
 {
     return entry.reference ? QStringLiteral("\"%1\" of the %2 variant \"%3\"")
-                                 .arg(entry.reference->state, names::word(entry.kind), entry.name)
+                                 .arg(entry.reference->state, entry.kind->word, entry.name)
                            : QStringLiteral("the target \"%1\", which is shown").arg(entry.name);
 }
 
@@ -37,7 +35,7 @@ QString textOf(const Entry &entry)
 /// overlays are shown. Their overlay variants know showing, hiding and toggling at most.
 bool isOfOldForm(const qxLintVariant *variant)
 {
-    return !variant || variant->outline().options.size() <= 3;
+    return !variant || variant->element().options.size() <= 3;
 }
 
 /// The findings of one set.
@@ -49,39 +47,40 @@ public:
 
 private:
     void noteTargets();
-    void lintReferences(qxVariantKind kind);
-    void lintState(qxVariantKind kind, const qxSyntaxTreeReference &reference,
+    void lintReferences(const qxVariantKind *kind);
+    void lintState(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
                    qxLintVariant &variant);
-    void noteFight(qxVariantKind kind, const qxSyntaxTreeReference &reference,
+    void noteFight(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
                    const qxLintVariant::Reach &reach);
     void lintNames(qxNameList list);
     void lintSnapshots();
     void lintRest(const qxLinter::Compile &compile);
-    void add(qxCode code, qxVariantKind kind, const qxSyntaxTreeReference &reference,
+    void add(qxCode code, const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
              const QString &what);
 
     qxLintContext &m_context;
     const qxSyntaxTreeSet &m_set;
-    QHash<qxAspectKey, Entry> m_changed; ///< who changes what
+    QHash<qxForecast::Key, Entry> m_changed; ///< who changes what
 };
 
 void SetLint::run(const qxLinter::Compile &compile)
 {
     noteTargets();
-    for (int kind = 0; kind < qxVariantKinds; ++kind)
-        lintReferences(qxVariantKind(kind));
+    const qxVariantKinds::Order &order = qxVariantKinds::selectionOrder();
+    for (const auto *kinds : {&order.first, &order.rest})
+        std::for_each(kinds->begin(), kinds->end(), [this](auto *kind) { lintReferences(kind); });
     for (int list = 0; list < qxNameLists; ++list)
         lintNames(qxNameList(list));
     lintSnapshots();
     lintRest(compile);
 }
 
-void SetLint::add(qxCode code, qxVariantKind kind, const qxSyntaxTreeReference &reference,
+void SetLint::add(qxCode code, const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
                   const QString &what)
 {
     const QString message = QStringLiteral("set \"%1\", %2 variant \"%3\": %4")
-                                .arg(m_set.name, names::word(kind), reference.variant, what);
-    m_context.add(code, message, m_set.path, names::refTag(kind), reference.mark);
+                                .arg(m_set.name, kind->word, reference.variant, what);
+    m_context.add(code, message, m_set.path, kind->referenceTag, reference.location);
 }
 
 /// A selection shows targets before all else, up to the first that is missing.
@@ -90,25 +89,28 @@ void SetLint::noteTargets()
     if (!m_set.inclNodes)
         return;
     for (const qxSyntaxTreeText &target : m_set.of(qxNameList::Targets)) {
-        const auto nodes = m_context.scene.objects(qxVariantKind::Node, target.text);
+        const auto nodes = m_context.scene.nodes(target.text);
         if (nodes.empty())
             return;
-        const qxAspectKey key = qxStateRules::keyOf(nodes.front(), qxAspect::Visibility);
-        m_changed.insert(key, {{key, true, 1}, nullptr, qxVariantKind::Node, target.text});
+        const qxForecast::Key key =
+            qxForecast::keyOf(qxSceneObject(nodes.front()), qxAspect::Visibility);
+        m_changed.insert(key, {{key, true, 1}, nullptr, &qxVariantKinds::node, target.text});
     }
 }
 
-void SetLint::lintReferences(qxVariantKind kind)
+void SetLint::lintReferences(const qxVariantKind *kind)
 {
     QSet<QString> known;
-    for (const qxSyntaxTreeReference &each : m_set.of(kind)) {
+    for (const qxSyntaxTreeReference &each : m_set.references) {
+        if (each.kind != kind)
+            continue;
         if (known.contains(each.variant))
             add(qxCode::ReferenceTwice, kind, each,
                 QStringLiteral("a second entry; only the last state counts"));
         known.insert(each.variant);
         qxLintVariant *const variant = m_context.variants.find(kind, each.variant);
         const bool isOldForm =
-            kind == qxVariantKind::Overlay && each.state.isEmpty() && isOfOldForm(variant);
+            kind == &qxVariantKinds::overlay && each.state.isEmpty() && isOfOldForm(variant);
         if (variant && isOldForm)
             variant->use(each.state);
         else if (variant)
@@ -118,7 +120,7 @@ void SetLint::lintReferences(qxVariantKind kind)
     }
 }
 
-void SetLint::lintState(qxVariantKind kind, const qxSyntaxTreeReference &reference,
+void SetLint::lintState(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
                         qxLintVariant &variant)
 {
     variant.use(reference.state);
@@ -131,11 +133,11 @@ void SetLint::lintState(qxVariantKind kind, const qxSyntaxTreeReference &referen
     if (!reach.isTaken)
         add(qxCode::StateUnknownToScene, kind, reference,
             QStringLiteral("\"%1\" in the scene does not take the state \"%2\"")
-                .arg(variant.outline().base, reference.state));
+                .arg(variant.element().base, reference.state));
     noteFight(kind, reference, reach);
 }
 
-void SetLint::noteFight(qxVariantKind kind, const qxSyntaxTreeReference &reference,
+void SetLint::noteFight(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
                         const qxLintVariant::Reach &reach)
 {
     bool isSaid = false;
@@ -166,7 +168,7 @@ void SetLint::lintNames(qxNameList list)
         const QString message =
             QStringLiteral("set \"%1\", %2 \"%3\": %4")
                 .arg(m_set.name, QLatin1String(rule.word), name.text, QLatin1String(what));
-        m_context.add(code, message, m_set.path, QString::fromLatin1(rule.tag), name.mark);
+        m_context.add(code, message, m_set.path, QString::fromLatin1(rule.tag), name.location);
     };
     for (const qxSyntaxTreeText &each : m_set.of(list)) {
         if (known.contains(each.text))
@@ -187,17 +189,17 @@ void SetLint::lintSnapshots()
             m_context.add(qxCode::NameTwice,
                           what.arg(m_set.name, each.text,
                                    QStringLiteral("a second one; only the last counts")),
-                          m_set.path, tag, each.mark);
+                          m_set.path, tag, each.location);
         known.insert(each.text);
         if (!m_context.scene.hasPath(each.text))
             m_context.add(qxCode::NoSuchSnapshotPath,
                           what.arg(m_set.name, each.text, QStringLiteral("no node has that path")),
-                          m_set.path, tag, each.mark);
+                          m_set.path, tag, each.location);
         if (!m_context.scene.hasMaterial(each.more))
             m_context.add(qxCode::NoSuchSnapshotMaterial,
                           what.arg(m_set.name, each.text,
                                    QStringLiteral("there is no material \"%1\"").arg(each.more)),
-                          m_set.path, tag, each.mark);
+                          m_set.path, tag, each.location);
     }
 }
 
@@ -208,32 +210,32 @@ void SetLint::lintRest(const qxLinter::Compile &compile)
         m_context.add(qxCode::NoSuchDefaultViewpoint,
                       QStringLiteral("set \"%1\": there is no viewpoint \"%2\" to end at")
                           .arg(m_set.name, viewpoint),
-                      m_set.path, m_set.mark);
+                      m_set.path, m_set.location);
     if (m_set.isEmpty())
         m_context.add(
             qxCode::EmptySet,
             QStringLiteral("set \"%1\" holds nothing that a selection applies").arg(m_set.name),
-            m_set.path, m_set.mark);
+            m_set.path, m_set.location);
     const QString error = m_set.script.text.isEmpty() ? QString() : compile(m_set.script.text);
     if (!error.isEmpty())
         m_context.add(qxCode::ScriptDoesNotCompile,
                       QStringLiteral("set \"%1\": %2").arg(m_set.name, error), m_set.script.more,
-                      m_set.script.mark);
+                      m_set.script.location);
 }
 
 /// Sets of one name, and sets that do the same.
 void compare(qxLintContext &context)
 {
-    context.addTwins(qxCode::SetTwice, QStringLiteral("set"), context.outline.sets);
+    context.addTwins(qxCode::SetTwice, QStringLiteral("set"), context.tree.sets);
     QHash<QByteArray, const qxSyntaxTreeSet *> digests;
-    for (const qxSyntaxTreeSet &set : context.outline.sets) {
+    for (const qxSyntaxTreeSet &set : context.tree.sets) {
         if (set.isEmpty())
             continue;
         if (digests.contains(set.digest))
             context.add(qxCode::EqualSets,
                         QStringLiteral("set \"%1\" does what set \"%2\" does")
                             .arg(set.name, digests[set.digest]->name),
-                        set.path, set.mark);
+                        set.path, set.location);
         else
             digests.insert(set.digest, &set);
     }
@@ -243,7 +245,7 @@ void compare(qxLintContext &context)
 
 void qxLintParts::lintSets(qxLintContext &context, const qxLinter::Compile &compile)
 {
-    for (const qxSyntaxTreeSet &set : context.outline.sets)
+    for (const qxSyntaxTreeSet &set : context.tree.sets)
         SetLint(context, set).run(compile);
     compare(context);
 }

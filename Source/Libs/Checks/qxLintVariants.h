@@ -1,6 +1,11 @@
 #pragma once
 
-#include "qxStateRules.h"
+#include "qxFindCache.h"
+#include "qxForecast.h"
+#include "qxSyntaxTree.h"
+
+#include <QHash>
+#include <QSet>
 
 #include <memory>
 
@@ -9,9 +14,9 @@ class qxLintVariant {
 public:
     /// What a state makes of one aspect of one object.
     struct Change {
-        qxAspectKey key;
+        qxForecast::Key key;
         bool isPut; ///< it ends at `value` from wherever it was; false for toggles and steps
-        int value;
+        osg::Int64 value;
     };
     /// What a state does to the variant's objects.
     struct Reach {
@@ -19,9 +24,10 @@ public:
         std::vector<Change> changes; ///< one for each aspect
     };
 
-    qxLintVariant(const qxSyntaxTreeVariant &variant, const qxSceneIndex &scene);
+    /// Looks up its objects; `survey` must outlive this.
+    qxLintVariant(const qxSyntaxTreeVariant &variant, qxStateSurvey &survey);
 
-    const qxSyntaxTreeVariant &outline() const { return m_outline; }
+    const qxSyntaxTreeVariant &element() const { return m_element; }
     bool hasOption(const QString &name) const { return m_options.contains(name); }
     bool hasObjects() const { return !m_objects.empty(); }
     /// Whether one object at least is of the right sort.
@@ -36,9 +42,10 @@ public:
     bool isUsed(const QString &state) const;
 
 private:
-    const qxSyntaxTreeVariant &m_outline;
+    const qxSyntaxTreeVariant &m_element;
+    qxStateSurvey &m_survey;
     const std::vector<qxSceneObject> m_objects;
-    const bool m_hasFittingObject;
+    bool m_hasFittingObject = false;
     QSet<QString> m_options;
     QHash<QString, Reach> m_reaches;
     QSet<QString> m_used;
@@ -48,14 +55,16 @@ private:
 /// The variants of a document by kind and name.
 class qxLintVariants {
 public:
-    qxLintVariants(const qxSyntaxTree &outline, const qxSceneIndex &scene);
+    explicit qxLintVariants(const qxSyntaxTree &tree);
 
     /// Of several variants of one name the last, as the reader leaves it; null for none.
-    qxLintVariant *find(qxVariantKind kind, const QString &name) const;
+    qxLintVariant *find(const qxVariantKind *kind, const QString &name) const;
     /// All of them in the order of the document, those that are replaced included.
     const std::vector<std::unique_ptr<qxLintVariant>> &all() const { return m_all; }
 
 private:
+    const qxFindCache m_cache{true};
+    qxStateSurvey m_survey;
     std::vector<std::unique_ptr<qxLintVariant>> m_all;
-    std::array<QHash<QString, qxLintVariant *>, qxVariantKinds> m_byName;
+    QHash<const qxVariantKind *, QHash<QString, qxLintVariant *>> m_byName;
 };

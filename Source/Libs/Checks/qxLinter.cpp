@@ -3,24 +3,24 @@
 #include "qxLintParts.h"
 
 void qxLintContext::add(qxCode code, const QString &message, const QString &owner,
-                        const QString &tag, const qxMark &mark)
+                        const QString &tag, const qxSourceLocation &location)
 {
-    add(code, message, QStringLiteral("%1/%2[%3]").arg(owner, tag).arg(mark.ordinal), mark);
+    add(code, message, QStringLiteral("%1/%2[%3]").arg(owner, tag).arg(location.ordinal), location);
 }
 
 void qxLintContext::add(qxCode code, const QString &message, const QString &path,
-                        const qxMark &mark)
+                        const qxSourceLocation &location)
 {
-    findings.add({code, message, path, mark.line, mark.column});
+    findings.add({code, message, path, location.line, location.column});
 }
 
 qxFindings qxLinter::lint(const QByteArray &document, const Compile &compile)
 {
     qxFindingList findings;
-    const qxSyntaxTree outline = qxSyntaxTree::of(document, findings);
-    if (!outline.isWhole)
+    const qxSyntaxTree tree = qxSyntaxTree::of(document, findings);
+    if (!tree.isWhole)
         return {findings.last()};
-    qxLintContext context(outline);
+    qxLintContext context(tree);
     context.findings = findings;
     qxLintParts::lintSets(context, compile);
     qxLintParts::lintHotkeys(context);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qxVariantKinds.h"
+
 #include "qxFinding.h"
 
 #include <QByteArray>
@@ -7,38 +9,25 @@
 #include <array>
 #include <vector>
 
-/// The kinds of variants, in the order in which a selection goes through them (overlays last).
-enum class qxVariantKind { Node, Material, Transform, Light, Overlay };
-constexpr int qxVariantKinds = 5;
-
-namespace qxVariantKindNames {
-
-/// "node", "material" and so on.
-QString word(qxVariantKind kind);
-/// The document's element for a variant and for a set's reference to it.
-QString tag(qxVariantKind kind);
-QString refTag(qxVariantKind kind);
-
-} // namespace qxVariantKindNames
-
 /// Where an element stands in the document.
-struct qxMark {
+struct qxSourceLocation {
     int line = 0;
     int column = 0;
     int ordinal = 0; ///< among its siblings of the same name, from 1
 };
 
 struct qxSyntaxTreeReference {
+    const qxVariantKind *kind;
     QString variant;
     QString state;
-    qxMark mark;
+    qxSourceLocation location;
 };
 
 /// An element that matters for one text, and sometimes for a second one.
 struct qxSyntaxTreeText {
     QString text;
     QString more; ///< the material of a snapshot, the path of a script's element
-    qxMark mark;
+    qxSourceLocation location;
 };
 
 /// The lists of names that a set can hold.
@@ -48,8 +37,8 @@ constexpr int qxNameLists = 4;
 struct qxSyntaxTreeSet {
     QString name;
     QString path;
-    qxMark mark;
-    std::array<std::vector<qxSyntaxTreeReference>, qxVariantKinds> references;
+    qxSourceLocation location;
+    std::vector<qxSyntaxTreeReference> references; ///< of all kinds in the document's order
     std::array<std::vector<qxSyntaxTreeText>, qxNameLists> names;
     std::vector<qxSyntaxTreeText> snapshots;
     QString defaultViewpoint;
@@ -59,10 +48,6 @@ struct qxSyntaxTreeSet {
     bool inclNodes = false; ///< a selection shows its targets
     QByteArray digest; ///< of everything but name, comment, hotkey and preview
 
-    const std::vector<qxSyntaxTreeReference> &of(qxVariantKind kind) const
-    {
-        return references[std::size_t(kind)];
-    }
     const std::vector<qxSyntaxTreeText> &of(qxNameList list) const
     {
         return names[std::size_t(list)];
@@ -74,22 +59,22 @@ struct qxSyntaxTreeSet {
 struct qxSyntaxTreeGroup {
     QString name;
     QString path;
-    qxMark mark;
+    qxSourceLocation location;
     int sets = 0;
 };
 
 struct qxSyntaxTreeOption {
     QString name;
     qxSyntaxTreeText hotkey;
-    qxMark mark;
+    qxSourceLocation location;
 };
 
 struct qxSyntaxTreeVariant {
-    qxVariantKind kind = qxVariantKind::Node;
+    const qxVariantKind *kind = &qxVariantKinds::node;
     QString name;
     QString base; ///< the name of its scene object
     QString path;
-    qxMark mark;
+    qxSourceLocation location;
     qxSyntaxTreeText standard; ///< the default state
     std::vector<qxSyntaxTreeOption> options;
 };
@@ -102,6 +87,6 @@ struct qxSyntaxTree {
     std::vector<qxSyntaxTreeVariant> variants;
     bool isWhole = false; ///< false when the document is not well-formed
 
-    /// Takes the outline of `document` and adds what is wrong with its form to `findings`.
+    /// Parses `document` and adds what is wrong with its form to `findings`.
     static qxSyntaxTree of(const QByteArray &document, qxFindingList &findings);
 };

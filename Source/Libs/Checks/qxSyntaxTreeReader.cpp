@@ -50,25 +50,11 @@ int nameListOf(const QString &tag)
     return -1;
 }
 
-/// The kind of variant whose own element, or whose reference, is called `tag`; -1 for none.
-int kindOf(const QString &tag, QString (*nameOf)(qxVariantKind))
-{
-    static QHash<QString, int> kinds;
-    if (kinds.isEmpty()) {
-        for (int i = 0; i < qxVariantKinds; ++i) {
-            kinds.insert(qxVariantKindNames::tag(qxVariantKind(i)), i);
-            kinds.insert(qxVariantKindNames::refTag(qxVariantKind(i)), i);
-        }
-    }
-    const int kind = kinds.value(tag, -1);
-    return kind >= 0 && nameOf(qxVariantKind(kind)) == tag ? kind : -1;
-}
-
 } // namespace
 
-qxSyntaxTreeReader::qxSyntaxTreeReader(const QByteArray &document, qxSyntaxTree &outline,
+qxSyntaxTreeReader::qxSyntaxTreeReader(const QByteArray &document, qxSyntaxTree &tree,
                                        qxFindingList &findings)
-    : m_xml(qxControlCharacters::replaced(document, m_forbidden)), m_outline(outline),
+    : m_xml(qxControlCharacters::replaced(document, m_forbidden)), m_tree(tree),
       m_findings(findings)
 {
     if (m_forbidden >= 0)
@@ -88,110 +74,106 @@ void qxSyntaxTreeReader::noteForbidden(const QByteArray &document)
 void qxSyntaxTreeReader::read()
 {
     if (m_xml.readNextStartElement()) {
-        eachChild([this](const QString &tag, const qxMark &mark) {
-            const int kind = kindOf(tag, qxVariantKindNames::tag);
+        eachChild([this](const QString &tag, const qxSourceLocation &location) {
+            const qxVariantKind *kind = qxVariantKinds::by(&qxVariantKind::tag, tag);
             if (tag == groupTag)
-                readGroup(mark);
+                readGroup(location);
             else if (tag == setTag)
-                readSet(root, mark);
-            else if (kind >= 0)
-                readVariant(qxVariantKind(kind), mark);
+                readSet(root, location);
+            else if (kind)
+                readVariant(kind, location);
             else if (reserved.contains(tag))
                 m_xml.skipCurrentElement();
             else
-                skipUnknown(below(root, tag, mark.ordinal), mark);
+                skipUnknown(below(root, tag, location.ordinal), location);
         });
     }
     while (!m_xml.atEnd())
         m_xml.readNext();
-    m_outline.isWhole = !m_xml.hasError();
-    if (m_outline.isWhole)
+    m_tree.isWhole = !m_xml.hasError();
+    if (m_tree.isWhole)
         return;
-    const qxMark mark{int(m_xml.lineNumber()), int(m_xml.columnNumber()) + 1, 0};
-    add(qxCode::UnreadableDocument, m_xml.errorString(), QString(), mark);
+    const qxSourceLocation location{int(m_xml.lineNumber()), int(m_xml.columnNumber()) + 1, 0};
+    add(qxCode::UnreadableDocument, m_xml.errorString(), QString(), location);
 }
 
-void qxSyntaxTreeReader::readGroup(const qxMark &mark)
+void qxSyntaxTreeReader::readGroup(const qxSourceLocation &location)
 {
-    if (refuseNameless(below(root, groupTag, mark.ordinal), mark))
+    if (refuseNameless(below(root, groupTag, location.ordinal), location))
         return;
-    const std::size_t index = m_outline.groups.size();
+    const std::size_t index = m_tree.groups.size();
     const QString name = attribute(nameAttribute);
-    const QString path = namedPath(root, groupTag, mark.ordinal, name);
-    m_outline.groups.push_back({name, path, mark, 0});
+    const QString path = namedPath(root, groupTag, location.ordinal, name);
+    m_tree.groups.push_back({name, path, location, 0});
     const QString visible = QStringLiteral("visible");
     if (has(visible))
-        checkWord(attribute(visible), visible, mark, path);
-    eachChild([&](const QString &tag, const qxMark &child) {
+        checkWord(attribute(visible), visible, location, path);
+    eachChild([&](const QString &tag, const qxSourceLocation &child) {
         if (tag != setTag)
             skipUnknown(below(path, tag, child.ordinal), child);
         else if (readSet(path, child))
-            ++m_outline.groups[index].sets;
+            ++m_tree.groups[index].sets;
     });
 }
 
-bool qxSyntaxTreeReader::readSet(const QString &parent, const qxMark &mark)
+bool qxSyntaxTreeReader::readSet(const QString &parent, const qxSourceLocation &location)
 {
-    if (refuseNameless(below(parent, setTag, mark.ordinal), mark))
+    if (refuseNameless(below(parent, setTag, location.ordinal), location))
         return false;
     qxSyntaxTreeSet set;
     set.name = attribute(nameAttribute);
-    set.path = namedPath(parent, setTag, mark.ordinal, set.name);
-    set.mark = mark;
+    set.path = namedPath(parent, setTag, location.ordinal, set.name);
+    set.location = location;
     set.defaultViewpoint = attribute(QStringLiteral("default-viewpoint"));
-    set.script = {attribute(QStringLiteral("script")), set.path, mark};
+    set.script = {attribute(QStringLiteral("script")), set.path, location};
     QCryptographicHash hash(QCryptographicHash::Md5);
     digestText(hash, set.defaultViewpoint);
     digestText(hash, set.script.text);
     m_hash = &hash;
-    eachChild([&](const QString &tag, const qxMark &child) { readSetChild(set, tag, child); });
+    eachChild(
+        [&](const QString &tag, const qxSourceLocation &child) { readSetChild(set, tag, child); });
     m_hash = nullptr;
     set.digest = hash.result();
-    m_outline.sets.push_back(std::move(set));
+    m_tree.sets.push_back(std::move(set));
     return true;
 }
 
-void qxSyntaxTreeReader::readSetChild(qxSyntaxTreeSet &set, const QString &tag, const qxMark &mark)
+void qxSyntaxTreeReader::readSetChild(qxSyntaxTreeSet &set, const QString &tag,
+                                      const qxSourceLocation &location)
 {
-    const auto path = [&] { return below(set.path, tag, mark.ordinal); };
+    const auto path = [&] { return below(set.path, tag, location.ordinal); };
     if (tag == hotkeyTag) {
-        set.hotkey = {elementText(), QString(), mark};
+        set.hotkey = {elementText(), QString(), location};
         return;
     }
     if (tag == QLatin1String("Preview"))
-        return readPreview(path(), mark);
+        return readPreview(path(), location);
     digest(*m_hash, tag);
-    const int kind = kindOf(tag, qxVariantKindNames::refTag);
+    const qxVariantKind *kind = qxVariantKinds::by(&qxVariantKind::referenceTag, tag);
     const int list = nameListOf(tag);
-    if (kind >= 0) {
-        readReference(set.references[std::size_t(kind)], mark);
+    if (kind) {
+        set.references.push_back(
+            {kind, attribute(QStringLiteral("ref")), attribute(QStringLiteral("state")), location});
+        m_xml.skipCurrentElement();
     } else if (list >= 0) {
         const QString name = attribute(QString::fromLatin1(nameTags[list].attribute));
-        set.names[std::size_t(list)].push_back({name, QString(), mark});
+        set.names[std::size_t(list)].push_back({name, QString(), location});
         m_xml.skipCurrentElement();
     } else if (tag == QLatin1String("MaterialSnapshot")) {
         set.snapshots.push_back({attribute(QStringLiteral("nodePath")),
-                                 attribute(QStringLiteral("materialName")), mark});
+                                 attribute(QStringLiteral("materialName")), location});
         m_xml.skipCurrentElement();
     } else if (tag == QLatin1String("InclInfo")) {
-        checkNumbers(mark, path());
+        checkNumbers(location, path());
         set.inclNodes = attribute(QStringLiteral("inclNodes")).toInt() != 0;
         m_xml.skipCurrentElement();
     } else if (tag == QLatin1String("Analyzer")) {
-        checkNumbers(mark, path());
+        checkNumbers(location, path());
         set.clipState = attribute(QStringLiteral("clipState")).toInt();
         m_xml.skipCurrentElement();
     } else {
-        readTexts(set, tag, {QString(), path(), mark});
+        readTexts(set, tag, {QString(), path(), location});
     }
-}
-
-void qxSyntaxTreeReader::readReference(std::vector<qxSyntaxTreeReference> &references,
-                                       const qxMark &mark)
-{
-    references.push_back(
-        {attribute(QStringLiteral("ref")), attribute(QStringLiteral("state")), mark});
-    m_xml.skipCurrentElement();
 }
 
 void qxSyntaxTreeReader::readTexts(qxSyntaxTreeSet &set, const QString &tag,
@@ -201,19 +183,19 @@ void qxSyntaxTreeReader::readTexts(qxSyntaxTreeSet &set, const QString &tag,
     const bool isValue = tag == QLatin1String("Value");
     const bool isWord = tag == QLatin1String("SequentialAnimation");
     if (!isValue && !isWord && tag != QLatin1String("Script"))
-        return skipUnknown(path, entry.mark);
+        return skipUnknown(path, entry.location);
     if (isValue && !has(nameAttribute))
         add(qxCode::ValueWithoutName, QStringLiteral("a value without a name is skipped"), path,
-            entry.mark);
+            entry.location);
     const QString text = elementText();
     digestText(*m_hash, text);
     if (isWord && !text.isEmpty())
-        checkWord(text, tag, entry.mark, path);
+        checkWord(text, tag, entry.location, path);
     else if (!isValue && !isWord)
-        set.script = {text, path, entry.mark};
+        set.script = {text, path, entry.location};
 }
 
-void qxSyntaxTreeReader::readPreview(const QString &path, const qxMark &mark)
+void qxSyntaxTreeReader::readPreview(const QString &path, const qxSourceLocation &location)
 {
     m_xml.readNext();
     while (m_xml.isCharacters() && !m_xml.isCDATA() && m_xml.isWhitespace())
@@ -226,21 +208,21 @@ void qxSyntaxTreeReader::readPreview(const QString &path, const qxMark &mark)
     }
     if (!isPicture)
         add(qxCode::PreviewWithoutPicture,
-            QStringLiteral("a preview that is no CDATA section is skipped"), path, mark);
+            QStringLiteral("a preview that is no CDATA section is skipped"), path, location);
 }
 
-void qxSyntaxTreeReader::readVariant(qxVariantKind kind, const qxMark &mark)
+void qxSyntaxTreeReader::readVariant(const qxVariantKind *kind, const qxSourceLocation &location)
 {
-    const QString ownTag = qxVariantKindNames::tag(kind);
-    if (refuseNameless(below(root, ownTag, mark.ordinal), mark))
+    const QString ownTag = kind->tag;
+    if (refuseNameless(below(root, ownTag, location.ordinal), location))
         return;
     qxSyntaxTreeVariant variant;
     variant.kind = kind;
     variant.name = attribute(nameAttribute);
     variant.base = attribute(QStringLiteral("base"));
-    variant.path = namedPath(root, ownTag, mark.ordinal, variant.name);
-    variant.mark = mark;
-    eachChild([&](const QString &tag, const qxMark &child) {
+    variant.path = namedPath(root, ownTag, location.ordinal, variant.name);
+    variant.location = location;
+    eachChild([&](const QString &tag, const qxSourceLocation &child) {
         if (tag == QLatin1String("State"))
             return readOption(variant, child);
         if (tag != QLatin1String("Default"))
@@ -248,16 +230,16 @@ void qxSyntaxTreeReader::readVariant(qxVariantKind kind, const qxMark &mark)
         variant.standard = {attribute(QStringLiteral("ref")), QString(), child};
         m_xml.skipCurrentElement();
     });
-    m_outline.variants.push_back(std::move(variant));
+    m_tree.variants.push_back(std::move(variant));
 }
 
-void qxSyntaxTreeReader::readOption(qxSyntaxTreeVariant &variant, const qxMark &mark)
+void qxSyntaxTreeReader::readOption(qxSyntaxTreeVariant &variant, const qxSourceLocation &location)
 {
-    qxSyntaxTreeOption option{attribute(nameAttribute), {}, mark};
-    const QString path = below(variant.path, QStringLiteral("State"), mark.ordinal);
-    eachChild([&](const QString &tag, const qxMark &child) {
+    qxSyntaxTreeOption option{attribute(nameAttribute), {}, location};
+    const QString path = below(variant.path, QStringLiteral("State"), location.ordinal);
+    eachChild([&](const QString &tag, const qxSourceLocation &child) {
         if (tag == hotkeyTag)
-            option.hotkey = {elementText(), QString(), mark};
+            option.hotkey = {elementText(), QString(), location};
         else
             skipUnknown(below(path, tag, child.ordinal), child);
     });

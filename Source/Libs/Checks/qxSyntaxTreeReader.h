@@ -10,50 +10,50 @@
 
 class QCryptographicHash;
 
-/// Reads the outline of one document in one pass.
+/// Parses one document in one pass.
 class qxSyntaxTreeReader {
 public:
-    qxSyntaxTreeReader(const QByteArray &document, qxSyntaxTree &outline, qxFindingList &findings);
+    qxSyntaxTreeReader(const QByteArray &document, qxSyntaxTree &tree, qxFindingList &findings);
 
     void read();
 
 private:
     /// Reads the child that was just entered, up to and with its end.
-    typedef std::function<void(const QString &tag, const qxMark &mark)> Child;
+    typedef std::function<void(const QString &tag, const qxSourceLocation &location)> Child;
 
-    void readGroup(const qxMark &mark);
+    void readGroup(const qxSourceLocation &location);
     /// False for a set without a name.
-    bool readSet(const QString &parent, const qxMark &mark);
-    void readSetChild(qxSyntaxTreeSet &set, const QString &tag, const qxMark &mark);
-    void readReference(std::vector<qxSyntaxTreeReference> &references, const qxMark &mark);
+    bool readSet(const QString &parent, const qxSourceLocation &location);
+    void readSetChild(qxSyntaxTreeSet &set, const QString &tag, const qxSourceLocation &location);
     void readTexts(qxSyntaxTreeSet &set, const QString &tag, const qxSyntaxTreeText &entry);
-    void readPreview(const QString &path, const qxMark &mark);
-    void readVariant(qxVariantKind kind, const qxMark &mark);
-    void readOption(qxSyntaxTreeVariant &variant, const qxMark &mark);
+    void readPreview(const QString &path, const qxSourceLocation &location);
+    void readVariant(const qxVariantKind *kind, const qxSourceLocation &location);
+    void readOption(qxSyntaxTreeVariant &variant, const qxSourceLocation &location);
 
     void eachChild(const Child &child);
     /// The text of the element that was just entered, as the document's own reader takes it.
     QString elementText();
-    void skipUnknown(const QString &path, const qxMark &mark);
+    void skipUnknown(const QString &path, const qxSourceLocation &location);
     /// Where the next token begins.
-    qxMark here() const;
+    qxSourceLocation here() const;
 
     void noteForbidden(const QByteArray &document);
 
     QString attribute(const QString &name);
     bool has(const QString &name) const;
-    void checkWord(const QString &text, const QString &what, const qxMark &mark,
+    void checkWord(const QString &text, const QString &what, const qxSourceLocation &location,
                    const QString &path);
-    void checkNumbers(const qxMark &mark, const QString &path);
+    void checkNumbers(const qxSourceLocation &location, const QString &path);
     /// Takes the element that was just entered into the digest of its set.
     void digest(QCryptographicHash &hash, const QString &tag) const;
     void digestText(QCryptographicHash &hash, const QString &text) const;
-    void add(qxCode code, const QString &message, const QString &path, const qxMark &mark);
-    bool refuseNameless(const QString &path, const qxMark &mark);
+    void add(qxCode code, const QString &message, const QString &path,
+             const qxSourceLocation &location);
+    bool refuseNameless(const QString &path, const qxSourceLocation &location);
 
     int m_forbidden; ///< the place of the first character that XML forbids, -1 for none
     QXmlStreamReader m_xml;
-    qxSyntaxTree &m_outline;
+    qxSyntaxTree &m_tree;
     qxFindingList &m_findings;
     QSet<QString> m_texts; ///< names come again and again: one copy of each is kept
     QXmlStreamAttributes m_attributes; ///< of the element that was just entered

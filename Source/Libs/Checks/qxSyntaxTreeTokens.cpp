@@ -21,16 +21,16 @@ void qxSyntaxTreeReader::eachChild(const Child &child)
 {
     QHash<QString, int> ordinals;
     while (!m_xml.atEnd()) {
-        qxMark mark = here();
+        qxSourceLocation location = here();
         m_xml.readNext();
         if (m_xml.isEndElement())
             return;
         if (!m_xml.isStartElement())
             continue;
         const QString tag = m_xml.name().toString();
-        mark.ordinal = ++ordinals[tag];
+        location.ordinal = ++ordinals[tag];
         m_attributes = m_xml.attributes();
-        child(tag, mark);
+        child(tag, location);
     }
 }
 
@@ -49,15 +49,15 @@ QString qxSyntaxTreeReader::elementText()
     return m_forbidden < 0 ? text : qxControlCharacters::restored(text);
 }
 
-void qxSyntaxTreeReader::skipUnknown(const QString &path, const qxMark &mark)
+void qxSyntaxTreeReader::skipUnknown(const QString &path, const qxSourceLocation &location)
 {
     const QString tag = m_xml.name().toString();
     m_xml.skipCurrentElement();
     add(qxCode::UnknownElement, QStringLiteral("the unknown element \"%1\" is skipped").arg(tag),
-        path, mark);
+        path, location);
 }
 
-qxMark qxSyntaxTreeReader::here() const
+qxSourceLocation qxSyntaxTreeReader::here() const
 {
     // Behind text the parser has already looked at the next "<".
     const bool isAhead = m_xml.isCharacters() && !m_xml.isCDATA();
@@ -81,15 +81,15 @@ bool qxSyntaxTreeReader::has(const QString &name) const
     return m_attributes.hasAttribute(name);
 }
 
-void qxSyntaxTreeReader::checkWord(const QString &text, const QString &what, const qxMark &mark,
-                                   const QString &path)
+void qxSyntaxTreeReader::checkWord(const QString &text, const QString &what,
+                                   const qxSourceLocation &location, const QString &path)
 {
     if (text != QLatin1String("true") && text != QLatin1String("false"))
         add(qxCode::WordNeitherTrueNorFalse,
-            QStringLiteral("%1 \"%2\" reads as false").arg(what, text), path, mark);
+            QStringLiteral("%1 \"%2\" reads as false").arg(what, text), path, location);
 }
 
-void qxSyntaxTreeReader::checkNumbers(const qxMark &mark, const QString &path)
+void qxSyntaxTreeReader::checkNumbers(const qxSourceLocation &location, const QString &path)
 {
     for (const QXmlStreamAttribute &each : qAsConst(m_attributes)) {
         const QString name = each.name().toString();
@@ -103,7 +103,7 @@ void qxSyntaxTreeReader::checkNumbers(const qxMark &mark, const QString &path)
         if (!isNumber)
             add(qxCode::UnreadableNumber,
                 QStringLiteral("%1 \"%2\" reads as 0").arg(name, each.value().toString()), path,
-                mark);
+                location);
     }
 }
 
@@ -129,12 +129,12 @@ void qxSyntaxTreeReader::digestText(QCryptographicHash &hash, const QString &tex
 }
 
 void qxSyntaxTreeReader::add(qxCode code, const QString &message, const QString &path,
-                             const qxMark &mark)
+                             const qxSourceLocation &location)
 {
-    m_findings.add({code, message, path, mark.line, mark.column});
+    m_findings.add({code, message, path, location.line, location.column});
 }
 
-bool qxSyntaxTreeReader::refuseNameless(const QString &path, const qxMark &mark)
+bool qxSyntaxTreeReader::refuseNameless(const QString &path, const qxSourceLocation &location)
 {
     if (!attribute(QStringLiteral("name")).isEmpty())
         return false;
@@ -142,6 +142,6 @@ bool qxSyntaxTreeReader::refuseNameless(const QString &path, const qxMark &mark)
     m_xml.skipCurrentElement();
     add(qxCode::ElementWithoutName,
         QStringLiteral("a %1 without a name is skipped with all that is in it").arg(tag), path,
-        mark);
+        location);
     return true;
 }

@@ -56,17 +56,17 @@ qxForecast::Key qxForecast::keyOf(const qxSceneObject &object, qxAspect aspect)
     return Key(id) << 2 | Key(aspect);
 }
 
-const qxForecast::Effects &qxForecast::foresee(const qxStateRule &rule, const qxSceneObject &object,
-                                               qxStateRequest &request)
+qxForeseen qxForecast::foresee(const qxStateRule &rule, const qxSceneObject &object,
+                               qxStateRequest &request)
 {
-    m_effects.clear();
+    m_foreseen.reset();
     rule.decide(object, request, *this);
-    return m_effects;
+    return *m_foreseen;
 }
 
-void qxForecast::put(const qxSceneObject &object, qxAspect aspect, osg::Int64 value)
+void qxForecast::show(const osg::NodePtr &node)
 {
-    m_values.insert(keyOf(object, aspect), value);
+    m_values.insert(keyOf(qxSceneObject(node), qxAspect::Visibility), 1);
 }
 
 osg::Int64 qxForecast::value(const qxSceneObject &object, qxAspect aspect) const
@@ -75,11 +75,10 @@ osg::Int64 qxForecast::value(const qxSceneObject &object, qxAspect aspect) const
     return changed != m_values.constEnd() ? *changed : qxEffectTarget::value(object, aspect);
 }
 
-/// What is shown along with a node is foreseen, but is no effect of its own.
 void qxForecast::take(const qxEffect &effect)
 {
-    if (effect.reason != qxReason::Recursion)
-        qxStateSurvey::take(effect);
+    if (!m_foreseen || (effect.isTaken() && !m_foreseen->effect.isTaken()))
+        m_foreseen = {effect, effect.isChange() ? value(effect.object, effect.aspect) : 0};
     if (effect.isChange())
-        put(effect.object, effect.aspect, effect.value);
+        m_values.insert(keyOf(effect.object, effect.aspect), effect.value);
 }

@@ -31,6 +31,12 @@ private:
     QHash<quint64, Places> m_places;
 };
 
+/// What a state is to do to an object.
+struct qxForeseen {
+    qxEffect effect; ///< by which the object takes the state; when it does not, why
+    osg::Int64 before; ///< the value just before its turn
+};
+
 /// Foresees what states do one after the other, without doing it: each goes on from where those
 /// before it end. The scene must not change meanwhile.
 class qxForecast : public qxStateSurvey {
@@ -39,11 +45,11 @@ public:
     typedef quint64 Key;
     static Key keyOf(const qxSceneObject &object, qxAspect aspect);
 
-    /// Foresees the state in one more object of the request. Valid until the next call.
-    const Effects &foresee(const qxStateRule &rule, const qxSceneObject &object,
-                           qxStateRequest &request);
-    /// Foresees that something else changes the object.
-    void put(const qxSceneObject &object, qxAspect aspect, osg::Int64 value);
+    /// Foresees the state in one more object of the request.
+    qxForeseen foresee(const qxStateRule &rule, const qxSceneObject &object,
+                       qxStateRequest &request);
+    /// Foresees that something else shows the node.
+    void show(const osg::NodePtr &node);
 
     /// After all that was foreseen.
     osg::Int64 value(const qxSceneObject &object, qxAspect aspect) const override;
@@ -51,4 +57,5 @@ public:
 
 private:
     QHash<Key, osg::Int64> m_values;
+    std::optional<qxForeseen> m_foreseen; ///< of the present object
 };

@@ -2,13 +2,14 @@
 
 #include "Internal/Options/qxStateWriter.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodeVisibility.h"
+#include "qxVariantKind.h"
 
 #include "qxLights.h"
 #include "qxMessage.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 
 #include <algorithm>
 
@@ -63,6 +64,10 @@ void buildOptions(qxLightVariant &variant, const osg::NodePtr &light)
 
 } // namespace
 
+const qxVariantNotifications qxLightVariant::notifications{
+    "lightVariantAdded",    "lightVariantRemoved", "lightVariantChanged",
+    "lightVariantSelected", "selectLightVariants", 1};
+
 qxLightVariant::qxLightVariant(osg::NodePtr node)
 {
     lightName = qxText::fromUtf8(qxNodeUtils::getName(node));
@@ -78,7 +83,7 @@ void qxLightVariant::onSelect(const QString &state)
     qxStateRules::light.visit(qxText::toUtf8(lightName), [&](const qxSceneObject &each) {
         qxStateRules::light.decide(each, request, changes);
     });
-    qxNotify::lightVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxLightVariant::onCurrent() const

@@ -3,6 +3,7 @@
 #include "qxVariant.h"
 
 class qxMessage;
+struct qxVariantNotifications;
 
 namespace osg {
 class NodePtr;
@@ -11,6 +12,8 @@ class NodePtr;
 /// Switches all lights with one name.
 class qxLightVariant : public qxVariant {
 public:
+    static const qxVariantNotifications notifications;
+
     QString lightName; ///< the light nodes are looked up by this name on every call
 
     /// A variant without options that drives nothing yet.

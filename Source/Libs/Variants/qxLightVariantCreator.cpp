@@ -1,6 +1,7 @@
 #include "qxLightVariantCreator.h"
 
 #include "Internal/Registry/qxNotify.h"
+#include "qxLightVariant.h"
 #include "qxVariants.h"
 
 #include "OSGUberLight.h"
@@ -17,7 +18,7 @@ osg::GraphOp *qxLightVariantCreator::create()
 bool qxLightVariantCreator::traverse(osg::NodePtr node)
 {
     qxVariantCreator::traverse(node);
-    qxNotify::lightVariantChanged();
+    qxNotify::variantsChanged(qxLightVariant::notifications);
     return true;
 }
 

@@ -6,11 +6,10 @@
 #include "Internal/Options/qxStateWriter.h"
 #include "Internal/Options/qxSwitchOptions.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxSceneEdits.h"
+#include "qxVariantKind.h"
 
-#include "qxMaterials.h"
-#include "qxScenegraph.h"
+#include "qxNames.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGMaterialGroup.h>
@@ -18,9 +17,9 @@
 
 namespace {
 
+using qxNames::nameOf;
 using qxSwitchMaterials::chosen;
 using qxSwitchMaterials::findMaterial;
-using qxSwitchMaterials::nameOf;
 
 std::vector<osg::MaterialPtr> findMaterials(const QString &name)
 {
@@ -95,6 +94,10 @@ void setMasks(const QString &switchMaterialName, osg::UInt32 mask)
 
 } // namespace
 
+const qxVariantNotifications qxMaterialVariant::notifications{
+    "materialVariantAdded",    "materialVariantRemoved", "materialVariantChanged",
+    "materialVariantSelected", "selectMaterialVariants", 1};
+
 qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
 {
     const QString materialName = nameOf(material);
@@ -121,7 +124,7 @@ qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
 void qxMaterialVariant::onSelect(const QString &state)
 {
     MaterialChanges(*this, state).apply();
-    qxNotify::materialVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxMaterialVariant::onCurrent() const

@@ -2,11 +2,15 @@
 
 #include "qxVariant.h"
 
+struct qxVariantNotifications;
+
 #include <OpenSG/OSGMaterialFields.h>
 
 /// Chooses which material of all switch materials with one name is in use.
 class qxMaterialVariant : public qxVariant {
 public:
+    static const qxVariantNotifications notifications;
+
     QString switchMaterialName; ///< the switch materials are looked up by this name on every call
 
     /// A variant without options that drives nothing yet.

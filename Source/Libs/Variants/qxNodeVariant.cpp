@@ -5,9 +5,9 @@
 #include "Internal/Options/qxStateWriter.h"
 #include "Internal/Options/qxSwitchOptions.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
+#include "qxVariantKind.h"
 #include "qxVariants.h"
 
 #include "OSGSwitchComponentTransform.h"
@@ -15,6 +15,7 @@
 #include "qxMessage.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 
 namespace {
 
@@ -78,6 +79,10 @@ void addTransformStates(qxVariant &variant, const osg::SwitchComponentTransformP
 
 } // namespace
 
+const qxVariantNotifications qxNodeVariant::notifications{
+    "nodeVariantAdded",    "nodeVariantRemoved", "nodeVariantChanged",
+    "nodeVariantSelected", "selectNodeVariants", 1};
+
 qxNodeVariant::qxNodeVariant(osg::NodePtr node)
 {
     if (node == osg::NullFC)
@@ -99,13 +104,25 @@ void qxNodeVariant::onSelect(const QString &state)
     NodeChanges changes(*this, state);
     qxStateRules::node.visit(qxText::toUtf8(nodeName),
                              [&](const qxSceneObject &each) { changes.apply(each); });
-    qxNotify::nodeVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxNodeVariant::onCurrent() const
 {
     const qxNodePtr node = firstNode(nodeName);
     return node == osg::NullFC ? QString() : qxSwitchOptions::currentState(node);
+}
+
+qxShownState qxNodeVariant::shown() const
+{
+    const qxSceneObject object(firstNode(nodeName));
+    if (object.node == osg::NullFC)
+        return {};
+    qxShownState shown{qxSwitchOptions::currentState(object.node), QString()};
+    shown.isHidden = !qxStateRules::valueOf(object, qxAspect::Visibility);
+    if (osg::SwitchComponentTransformPtr::dcast(object.node->getCore()) != osg::NullFC)
+        shown.place = qxStateRules::stateOf(object, qxAspect::Choice);
+    return shown;
 }
 
 void qxNodeVariant::updateVariants()

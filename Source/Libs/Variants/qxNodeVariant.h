@@ -3,6 +3,7 @@
 #include "qxVariant.h"
 
 class qxMessage;
+struct qxVariantNotifications;
 
 namespace osg {
 class NodePtr;
@@ -12,6 +13,8 @@ class NodePtr;
 /// transform switches, the traversal mask of other nodes.
 class qxNodeVariant : public qxVariant {
 public:
+    static const qxVariantNotifications notifications;
+
     QString nodeName; ///< the nodes are looked up by this name on every call
 
     /// A variant without options that drives nothing yet.
@@ -24,6 +27,7 @@ public:
     void onSelect(const QString &state) override;
     /// The state of the first node of the name; empty when there is none.
     QString onCurrent() const override;
+    qxShownState shown() const override;
 
     /// Builds the options anew from the first node of the name. Shortcuts of options that survive
     /// are kept, and so is a default state that is still a state. Without a node no option is left.

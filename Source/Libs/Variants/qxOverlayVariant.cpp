@@ -3,12 +3,13 @@
 #include "Internal/Options/qxOptionRebuild.h"
 #include "Internal/Options/qxSwitchOptions.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
+#include "qxVariantKind.h"
 
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"
+#include "qxText.h"
 
 namespace {
 
@@ -20,6 +21,10 @@ qxNodePtr firstOverlay(const QString &name)
 }
 
 } // namespace
+
+const qxVariantNotifications qxOverlayVariant::notifications{
+    "overlayVariantAdded",    "overlayVariantRemoved", "overlayVariantChanged",
+    "overlayVariantSelected", "selectOverlayVariants", 1};
 
 qxOverlayVariant::qxOverlayVariant(osg::NodePtr node)
 {
@@ -33,7 +38,7 @@ qxOverlayVariant::qxOverlayVariant(osg::NodePtr node)
 void qxOverlayVariant::onSelect(const QString &state)
 {
     qxNotify::activateOverlays(state, overlayName);
-    qxNotify::overlayVariantSelected(this);
+    qxNotify::variantSelected(notifications, this);
 }
 
 QString qxOverlayVariant::onCurrent() const

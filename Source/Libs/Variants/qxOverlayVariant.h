@@ -3,6 +3,7 @@
 #include "qxVariant.h"
 
 class qxMessage;
+struct qxVariantNotifications;
 
 namespace osg {
 class NodePtr;
@@ -12,6 +13,8 @@ class NodePtr;
 /// apply the state.
 class qxOverlayVariant : public qxVariant {
 public:
+    static const qxVariantNotifications notifications;
+
     QString overlayName; ///< the overlays are looked up by this name on every call
 
     /// A variant without options that drives nothing yet.

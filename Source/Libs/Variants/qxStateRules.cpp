@@ -1,6 +1,5 @@
 #include "qxStateRules.h"
 
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariant.h"
 
@@ -9,6 +8,7 @@
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 #include "qxTransformService.h"
 
 #include <OpenSG/OSGSwitch.h>

@@ -2,11 +2,12 @@
 
 #include "Internal/Options/qxOptionRebuild.h"
 #include "Internal/Options/qxSwitchOptions.h"
-#include "Internal/Registry/qxText.h"
+#include "qxVariantKind.h"
 
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 #include "qxStateRules.h"
+#include "qxText.h"
 
 #include <algorithm>
 
@@ -34,6 +35,11 @@ public:
 };
 
 } // namespace
+
+const qxVariantNotifications qxTransformVariant::notifications{
+    "transformVariantAdded",   "transformVariantRemoved",
+    "transformVariantChanged", nullptr,
+    "selectTransformVariants", 0};
 
 qxTransformVariant::qxTransformVariant(const QString &node) : nodeName(node)
 {

@@ -2,9 +2,13 @@
 
 #include "qxVariant.h"
 
+struct qxVariantNotifications;
+
 /// Chooses one of the named transform states that the host keeps on all nodes with one name.
 class qxTransformVariant : public qxVariant {
 public:
+    static const qxVariantNotifications notifications;
+
     QString nodeName; ///< the nodes are looked up by this name on every call
 
     /// A variant without options that drives nothing yet.

@@ -1,6 +1,7 @@
 #include "qxTransformVariantCreator.h"
 
 #include "Internal/Registry/qxNotify.h"
+#include "qxTransformVariant.h"
 #include "qxVariants.h"
 
 #include "qxNodeUtils.h"
@@ -18,7 +19,7 @@ osg::GraphOp *qxTransformVariantCreator::create()
 bool qxTransformVariantCreator::traverse(osg::NodePtr node)
 {
     qxVariantCreator::traverse(node);
-    qxNotify::transformVariantChanged();
+    qxNotify::variantsChanged(qxTransformVariant::notifications);
     return true;
 }
 

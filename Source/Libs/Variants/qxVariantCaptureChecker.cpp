@@ -1,14 +1,15 @@
 #include "qxVariantCaptureChecker.h"
 
-#include "Internal/Registry/qxText.h"
-
-#include "qxNodeUtils.h"
+#include "qxNames.h"
+#include "qxNodeWalk.h"
 #include "qxOpenSGUtils.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGSwitch.h>
 
 #include <QHash>
+
+using qxNames::nameOf;
 
 /// A node with its path, still to be looked at.
 struct qxVariantCaptureChecker::Place {
@@ -19,11 +20,6 @@ struct qxVariantCaptureChecker::Place {
 };
 
 namespace {
-
-QString nameOf(const osg::NodePtr &node)
-{
-    return qxText::fromUtf8(qxNodeUtils::getName(node));
-}
 
 template <class Core>
 bool hasCore(const osg::NodePtr &node)
@@ -93,21 +89,18 @@ bool qxVariantCaptureChecker::findAmbiguousNodes(QString path, osg::NodePtr node
     const QString name = nameOf(node);
     // Without its last "/", which stands before the name.
     const int above = path.isEmpty() ? 0 : pathBelow(0, path.chopped(path.endsWith('/')));
-    std::vector<Place> open{{node, name, pathBelow(above, name), needsUniqueName(node)}};
-    while (!open.empty()) { // not the call stack: scenes may be deep
-        const Place place = open.back();
-        open.pop_back();
+    const std::vector<Place> top{{node, name, pathBelow(above, name), needsUniqueName(node)}};
+    qxWalkTree(top, [&](const Place &place, std::vector<Place> &below) {
         found = visit(place) || found;
-        if (found && stopAtFirst)
-            return true;
-        if (hasCore<osg::Geometry>(place.node))
-            continue;
+        const bool stops = found && stopAtFirst;
+        if (stops || hasCore<osg::Geometry>(place.node))
+            return !stops;
         const Children children(place.node);
-        for (auto child = children.nodes().rbegin(); child != children.nodes().rend(); ++child) {
-            open.push_back({child->first, child->second, pathBelow(place.path, child->second),
-                            children.needsUniqueName(child->first, child->second)});
-        }
-    }
+        for (const auto &[child, childName] : children.nodes())
+            below.push_back({child, childName, pathBelow(place.path, childName),
+                             children.needsUniqueName(child, childName)});
+        return true;
+    });
     return found;
 }
 

@@ -1,15 +1,20 @@
 #include "qxVariantReader.h"
 
 #include "Internal/Document/qxDocumentGuard.h"
+#include "Internal/Document/qxDocumentNames.h"
 #include "Internal/Document/qxDocumentText.h"
-#include "Internal/Materials/qxSwitchMaterialRepair.h"
 #include "Internal/Options/qxOptionAppender.h"
-#include "Internal/Registry/qxKind.h"
+#include "Internal/Registry/qxNotify.h"
+#include "qxLightVariant.h"
+#include "qxMaterialVariant.h"
+#include "qxNodeVariant.h"
+#include "qxOverlayVariant.h"
+#include "qxTransformVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
+#include "qxVariants.h"
 
 #include "qxLog.h"
-
-#include <QHash>
 
 #include <cstring>
 
@@ -45,50 +50,39 @@ void readOptions(const QDomElement &element, qxVariant &variant)
     });
 }
 
-template <class Variant>
-Variant *readVariantOf(const QDomElement &element)
+qxVariant *readVariantOf(const qxVariantKind &kind, const QDomElement &element)
 {
-    typedef qxKind<Variant> Kind;
     const QString name = text::attribute(element, names::name);
-    Variant *const variant = name.isEmpty() ? nullptr : Kind::createNamed(name, false);
+    qxVariant *const variant = name.isEmpty() ? nullptr : kind.create(name, false);
     if (!variant)
         return nullptr;
-    variant->*Kind::sceneName = text::attribute(element, names::base);
+    variant->*kind.sceneName = text::attribute(element, names::base);
     readOptions(element, *variant);
+    if (kind.complete)
+        kind.complete(*variant);
     return variant;
-}
-
-typedef void (*RootAction)(QDomElement &);
-
-const QHash<QString, RootAction> &rootActions()
-{
-    static const QHash<QString, RootAction> actions{
-        {names::VariantGroup, [](QDomElement &e) { qxVariantReader::readVariantGroup(e); }},
-        {names::VariantSet, [](QDomElement &e) { qxVariantReader::readVariantSet(e, true); }},
-        {names::NodeVariant, [](QDomElement &e) { qxVariantReader::readNodeVariant(e); }},
-        {names::MaterialVariant, [](QDomElement &e) { qxVariantReader::readMaterialVariant(e); }},
-        {names::LightVariant, [](QDomElement &e) { qxVariantReader::readLightVariant(e); }},
-        {names::OverlayVariant, [](QDomElement &e) { qxVariantReader::readOverlayVariant(e); }},
-        {names::TransformVariant, [](QDomElement &e) { qxVariantReader::readTransformVariant(e); }},
-    };
-    return actions;
 }
 
 void readRoot(const QDomElement &root)
 {
     text::forEachChild(root, [](QDomElement &child) {
-        if (const RootAction action = rootActions().value(child.tagName()))
-            action(child);
+        const QString tag = child.tagName();
+        if (tag == names::VariantGroup)
+            qxVariantReader::readVariantGroup(child);
+        else if (tag == names::VariantSet)
+            qxVariantReader::readVariantSet(child, true);
+        else if (const qxVariantKind *kind = qxVariantKinds::by(&qxVariantKind::tag, tag))
+            readVariantOf(*kind, child);
     });
 }
 
 void announceAll()
 {
-    qxNotify::lightVariantChanged();
-    qxNotify::nodeVariantChanged();
-    qxNotify::materialVariantChanged();
-    qxNotify::overlayVariantChanged();
-    qxNotify::transformVariantChangedByDocument();
+    const qxVariantKinds::Order &order = qxVariantKinds::readingOrder();
+    for (const auto *kinds : {&order.first, &order.rest}) {
+        for (const qxVariantKind *kind : *kinds)
+            qxNotify::variantsChangedByDocument(kind->notifications);
+    }
     qxNotify::variantSetChanged();
     qxNotify::variantGroupChanged();
 }
@@ -135,42 +129,35 @@ qxVariantGroup *qxVariantReader::readVariantGroup(QDomElement &element)
 
 qxNodeVariant *qxVariantReader::readNodeVariant(QDomElement &element)
 {
-    return readVariantOf<qxNodeVariant>(element);
+    return static_cast<qxNodeVariant *>(readVariantOf(qxVariantKinds::node, element));
 }
 
 qxMaterialVariant *qxVariantReader::readMaterialVariant(QDomElement &element)
 {
-    qxMaterialVariant *const variant = readVariantOf<qxMaterialVariant>(element);
-    if (variant)
-        qxSwitchMaterialRepair::ensureSwitchMaterial(*variant);
-    return variant;
+    return static_cast<qxMaterialVariant *>(readVariantOf(qxVariantKinds::material, element));
 }
 
 qxLightVariant *qxVariantReader::readLightVariant(QDomElement &element)
 {
-    return readVariantOf<qxLightVariant>(element);
+    return static_cast<qxLightVariant *>(readVariantOf(qxVariantKinds::light, element));
 }
 
 qxOverlayVariant *qxVariantReader::readOverlayVariant(QDomElement &element)
 {
-    return readVariantOf<qxOverlayVariant>(element);
+    return static_cast<qxOverlayVariant *>(readVariantOf(qxVariantKinds::overlay, element));
 }
 
 qxTransformVariant *qxVariantReader::readTransformVariant(QDomElement &element)
 {
-    return readVariantOf<qxTransformVariant>(element);
+    return static_cast<qxTransformVariant *>(readVariantOf(qxVariantKinds::transform, element));
 }
 
 qxVariant *qxVariantReader::readVariant(QDomElement &element)
 {
-    const QString tag = element.tagName();
-    if (tag == names::NodeVariant)
-        return readNodeVariant(element);
-    if (tag == names::MaterialVariant)
-        return readMaterialVariant(element);
-    if (tag == names::LightVariant)
-        return readLightVariant(element);
-    return nullptr;
+    const qxVariantKind *kind = qxVariantKinds::by(&qxVariantKind::tag, element.tagName());
+    const bool isRead = kind == &qxVariantKinds::node || kind == &qxVariantKinds::material
+        || kind == &qxVariantKinds::light;
+    return isRead ? readVariantOf(*kind, element) : nullptr;
 }
 
 QString qxVariantReader::convertOldHotkey(QString text)

@@ -1,5 +1,4 @@
 #include "Internal/Registry/qxSetUse.h"
-#include "Internal/Registry/qxText.h"
 #include "qxOverlayVariant.h"
 #include "qxVariantReader.h"
 #include "qxVariantSet.h"

@@ -1,5 +1,6 @@
 #include "Internal/Document/qxDocumentNames.h"
 #include "Internal/Document/qxDocumentText.h"
+#include "qxVariantKinds.h"
 #include "qxVariantReader.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
@@ -22,12 +23,6 @@ constexpr int ShortPreview = 80;
 
 /// What an element does to the set it stands in.
 typedef void (*SetAction)(const QDomElement &, qxVariantSet &);
-
-template <void (qxVariantSet::*add)(const QString &, const QString &)>
-void readReference(const QDomElement &element, qxVariantSet &set)
-{
-    (set.*add)(text::attribute(element, names::ref), text::attribute(element, names::state));
-}
 
 template <void (qxVariantSet::*add)(const QString &)>
 void readName(const QDomElement &element, qxVariantSet &set)
@@ -126,12 +121,7 @@ const QHash<QString, SetAction> &setActions()
     static const QHash<QString, SetAction> actions{
         {names::Hotkey, readHotkey},
         {names::SequentialAnimation, readSequentialAnimation},
-        {names::NodeVariantRef, readReference<&qxVariantSet::addNodeVariant>},
-        {names::TransformRef, readReference<&qxVariantSet::addTransformVariant>},
-        {names::MaterialVariantRef, readReference<&qxVariantSet::addMaterialVariant>},
-        {names::LightVariantRef, readReference<&qxVariantSet::addLightVariant>},
         {names::ViewpointRef, readName<&qxVariantSet::addViewpoint>},
-        {names::OverlayRef, readReference<&qxVariantSet::addOverlayVariant>},
         {names::AnimationRef, readName<&qxVariantSet::addAnimation>},
         {names::GeometryRef, readName<&qxVariantSet::addGeometry>},
         {names::TargetName, readTargetName},
@@ -169,6 +159,10 @@ qxVariantSet *qxVariantReader::readVariantSet(QDomElement &element, bool replace
     text::forEachChild(element, [set](const QDomElement &child) {
         if (const SetAction action = setActions().value(child.tagName()))
             action(child, *set);
+        else if (const auto *kind =
+                     qxVariantKinds::by(&qxVariantKind::referenceTag, child.tagName()))
+            (set->*kind->states)
+                .add(text::attribute(child, names::ref), text::attribute(child, names::state));
     });
     return set;
 }

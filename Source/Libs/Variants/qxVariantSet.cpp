@@ -1,6 +1,7 @@
 #include "qxVariantSet.h"
 
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
 #include "qxVariantReader.h"
 #include "qxVariants.h"
 
@@ -100,12 +101,9 @@ QByteArray qxVariantSet::getPreview() const
 
 void qxVariantSet::clear()
 {
-    lightVariants.clear();
-    materialVariants.clear();
-    nodeVariants.clear();
-    transformVariants.clear();
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        (this->*kind->states).clear();
     viewpoints.clear();
-    overlayVariants.clear();
     values.clear();
     animations.clear();
     animationIndex = 0;

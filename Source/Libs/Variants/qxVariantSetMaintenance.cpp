@@ -1,11 +1,13 @@
-#include "Internal/Registry/qxKind.h"
+#include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxSetUse.h"
-#include "Internal/Registry/qxText.h"
-#include "Internal/Scene/qxFindCache.h"
-#include "Internal/Scene/qxSceneNames.h"
+#include "qxVariant.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 
+#include "qxFindCache.h"
 #include "qxForecast.h"
+#include "qxSceneLookup.h"
+#include "qxText.h"
 #include "qxUberCameraPool.h"
 
 #include <algorithm>
@@ -35,24 +37,24 @@ bool isAction(const QString &state)
 }
 
 /// Whether one of the references leads to a variant whose scene object passes the test.
-template <class Variant, class Test>
-bool leadsToScene(const qxVariantSet &set, const Test &sceneHas)
+template <class Test>
+bool leadsToScene(const qxVariantSet &set, const qxVariantKind &kind, const Test &sceneHas)
 {
-    return anyOf(set.*qxKind<Variant>::states, [&](const qxVariantState &each) {
-        const Variant *variant = qxKinds::find<Variant>(each.variant);
-        return variant && sceneHas(variant->*qxKind<Variant>::sceneName);
+    return anyOf(set.*kind.states, [&](const qxVariantState &each) {
+        const qxVariant *variant = kind.find(each.variant);
+        return variant && sceneHas(variant->*kind.sceneName);
     });
 }
 
 /// Drops the references whose variant exists but fails the test of (scene name, state).
-template <class Variant, class Test>
-void keepIf(qxVariantSet &set, const Test &works)
+template <class Test>
+void keepIf(qxVariantSet &set, const qxVariantKind &kind, const Test &works)
 {
-    qxStateList &references = set.*qxKind<Variant>::states;
+    qxStateList &references = set.*kind.states;
     QStringList broken;
     for (const qxVariantState &each : references) {
-        const Variant *variant = qxKinds::find<Variant>(each.variant);
-        if (variant && !works(variant->*qxKind<Variant>::sceneName, each.state))
+        const qxVariant *variant = kind.find(each.variant);
+        if (variant && !works(variant->*kind.sceneName, each.state))
             broken.append(each.variant);
     }
     for (const QString &name : broken)
@@ -89,6 +91,13 @@ bool offer(const qxStateRule &rule, const QString &base, const QString &state)
     });
 }
 
+void keepWhatIsOffered(qxVariantSet &set, const qxVariantKind &kind)
+{
+    keepIf(set, kind, [&kind](const QString &base, const QString &state) {
+        return offer(kind.rule, base, state);
+    });
+}
+
 /// Whether one of the nodes has that transform state; actions are no states here.
 bool hasPose(const QString &base, const QString &state)
 {
@@ -98,24 +107,25 @@ bool hasPose(const QString &base, const QString &state)
     });
 }
 
-template <class Variant>
-void highlight(const qxVariantSet &set)
+void highlight(const qxVariantSet &set, const qxVariantKind &kind)
 {
     std::vector<QString> names;
-    for (const qxVariantState &each : set.*qxKind<Variant>::states) {
-        if (qxKinds::find<Variant>(each.variant))
+    for (const qxVariantState &each : set.*kind.states) {
+        if (kind.find(each.variant))
             names.push_back(each.variant);
     }
-    qxKind<Variant>::highlight(names);
+    qxNotify::highlightVariants(kind.notifications, names);
 }
 
 } // namespace
 
 bool qxVariantSet::isEmpty()
 {
-    return nodeVariants.empty() && materialVariants.empty() && lightVariants.empty()
-        && overlayVariants.empty() && transformVariants.empty() && geometries.empty()
-        && viewpoints.empty() && animations.empty() && script.isEmpty()
+    const auto refersToAny = [this](const qxVariantKind *kind) {
+        return !(this->*kind->states).empty();
+    };
+    return !anyOf(qxVariantKinds::all(), refersToAny) && geometries.empty() && viewpoints.empty()
+        && animations.empty() && script.isEmpty()
         && analyzer.clipState == qxAnalyzerVariant::NoChange;
 }
 
@@ -123,44 +133,36 @@ bool qxVariantSet::isUsed()
 {
     const qxFindCache cache(!nodeVariants.empty() || !overlayVariants.empty()
                             || !geometries.empty());
-    const qxSceneNames scene;
-    const auto isNode = hasObjects(qxStateRules::node);
-    return leadsToScene<qxNodeVariant>(*this, isNode)
-        || leadsToScene<qxMaterialVariant>(*this, hasObjects(qxStateRules::material))
-        || leadsToScene<qxLightVariant>(*this,
-                                        [&](const QString &each) { return scene.hasLight(each); })
-        || anyOf(geometries, isNode) || anyOf(viewpoints, isViewpoint)
+    const qxSceneLookup scene;
+    const auto leadsToObjects = [this](const qxVariantKind &kind) {
+        return leadsToScene(*this, kind, hasObjects(kind.rule));
+    };
+    return leadsToObjects(qxVariantKinds::node) || leadsToObjects(qxVariantKinds::material)
+        || leadsToScene(*this, qxVariantKinds::light,
+                        [&](const QString &each) { return scene.hasLight(each); })
+        || anyOf(geometries, hasObjects(qxStateRules::node)) || anyOf(viewpoints, isViewpoint)
         || anyOf(animations, [&](const QString &each) { return scene.hasClip(each); })
-        || leadsToScene<qxOverlayVariant>(*this, hasObjects(qxStateRules::overlay));
+        || leadsToObjects(qxVariantKinds::overlay);
 }
 
 void qxVariantSet::showConnectedVariants()
 {
     const qxSetUse use(*this);
-    highlight<qxNodeVariant>(*this);
-    highlight<qxMaterialVariant>(*this);
-    highlight<qxLightVariant>(*this);
-    highlight<qxOverlayVariant>(*this);
-    highlight<qxTransformVariant>(*this);
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        highlight(*this, *kind);
 }
 
 void qxVariantSet::optimize()
 {
     const qxFindCache cache(!isEmpty());
-    const qxSceneNames scene;
-    keepIf<qxNodeVariant>(*this, [](const QString &each, const QString &state) {
-        return offer(qxStateRules::node, each, state);
-    });
-    keepIf<qxMaterialVariant>(*this, [](const QString &each, const QString &state) {
-        return offer(qxStateRules::material, each, state);
-    });
-    keepIf<qxLightVariant>(
-        *this, [&](const QString &each, const QString &) { return scene.hasLight(each); });
+    const qxSceneLookup scene;
+    keepWhatIsOffered(*this, qxVariantKinds::node);
+    keepWhatIsOffered(*this, qxVariantKinds::material);
+    keepIf(*this, qxVariantKinds::light,
+           [&](const QString &each, const QString &) { return scene.hasLight(each); });
     keepIf(geometries, hasObjects(qxStateRules::node));
     keepIf(viewpoints, isViewpoint);
     keepIf(animations, [&](const QString &each) { return scene.hasClip(each); });
-    keepIf<qxOverlayVariant>(*this, [](const QString &each, const QString &state) {
-        return offer(qxStateRules::overlay, each, state);
-    });
-    keepIf<qxTransformVariant>(*this, hasPose);
+    keepWhatIsOffered(*this, qxVariantKinds::overlay);
+    keepIf(*this, qxVariantKinds::transform, hasPose);
 }

@@ -1,11 +1,11 @@
 #include "qxVariantSetPtr.h"
 
 #include "Internal/Registry/qxSetUse.h"
-#include "Internal/Registry/qxText.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
 #include "qxScript.h"
+#include "qxText.h"
 
 #include <cstdio>
 #include <locale>

@@ -1,6 +1,11 @@
-#include "Internal/Registry/qxKind.h"
-#include "Internal/Registry/qxText.h"
+#include "qxLightVariant.h"
+#include "qxMaterialVariant.h"
+#include "qxNodeVariant.h"
+#include "qxOverlayVariant.h"
+#include "qxTransformVariant.h"
 #include "qxVariantSet.h"
+
+#include "qxText.h"
 
 #include <algorithm>
 

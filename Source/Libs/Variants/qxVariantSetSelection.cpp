@@ -1,14 +1,16 @@
-#include "Internal/Registry/qxKind.h"
+#include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxSetUse.h"
-#include "Internal/Registry/qxText.h"
-#include "Internal/Scene/qxFindCache.h"
 #include "Internal/Scene/qxNodeVisibility.h"
+#include "qxVariant.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 
 #include "qxCameraService.h"
 #include "qxController.h"
+#include "qxFindCache.h"
 #include "qxScenegraph.h"
 #include "qxScript.h"
+#include "qxText.h"
 
 namespace {
 
@@ -34,10 +36,9 @@ bool isWorthACache(const qxVariantSet &set)
 typedef std::pair<QString, QString> Reference;
 
 /// A copy: listeners may change the list while its states are selected.
-template <class Variant>
-std::vector<Reference> referencesOf(const qxVariantSet &set)
+std::vector<Reference> referencesOf(const qxVariantSet &set, const qxVariantKind &kind)
 {
-    const qxStateList &states = set.*qxKind<Variant>::states;
+    const qxStateList &states = set.*kind.states;
     std::vector<Reference> references;
     references.reserve(states.size());
     for (const qxVariantState &each : states)
@@ -45,27 +46,32 @@ std::vector<Reference> referencesOf(const qxVariantSet &set)
     return references;
 }
 
-template <class Variant>
-void selectStates(const qxVariantSet &set)
+/// Puts the variant of each reference into the state that `stateOf` answers.
+template <class StateOf>
+void selectAll(const qxVariantSet &set, const qxVariantKind &kind, const StateOf &stateOf)
 {
     const qxUnchangedNames unchanged;
-    for (const Reference &each : referencesOf<Variant>(set)) {
-        Variant *const variant = qxKinds::find<Variant>(each.first);
+    for (const Reference &each : referencesOf(set, kind)) {
+        qxVariant *const variant = kind.find(each.first);
         const qxUnchangedNames::Pause others;
         if (variant)
-            variant->onSelect(each.second);
+            variant->onSelect(stateOf(*variant, each));
     }
 }
 
-template <class Variant>
+void selectStates(const qxVariantSet &set, const qxVariantKinds::List &kinds)
+{
+    for (const qxVariantKind *kind : kinds)
+        selectAll(set, *kind, [](const qxVariant &, const Reference &each) { return each.second; });
+}
+
 void selectDefaults(const qxVariantSet &set)
 {
-    const qxUnchangedNames unchanged;
-    for (const Reference &each : referencesOf<Variant>(set)) {
-        Variant *const variant = qxKinds::find<Variant>(each.first);
-        const qxUnchangedNames::Pause others;
-        if (variant)
-            variant->onSelect(QString(variant->defaultState));
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
+        if (kind->hasDefaults)
+            selectAll(set, *kind, [](const qxVariant &variant, const Reference &) {
+                return variant.defaultState;
+            });
     }
 }
 
@@ -115,14 +121,11 @@ void applySet(qxVariantSet &set, bool full, bool keepCamera)
 {
     const qxFindCache cache(isWorthACache(set));
     qxNotify::variantsSetSelected(set.name);
-    selectStates<qxNodeVariant>(set);
-    selectStates<qxMaterialVariant>(set);
-    selectStates<qxTransformVariant>(set);
-    selectStates<qxLightVariant>(set);
+    selectStates(set, qxVariantKinds::selectionOrder().first);
     const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
     if (camera && !set.viewpoints.empty() && !keepCamera)
         moveCamera(camera, set.viewpoints.front(), toFirstViewpoint);
-    selectStates<qxOverlayVariant>(set);
+    selectStates(set, qxVariantKinds::selectionOrder().rest);
     if (full)
         applyRest(set, camera);
 }
@@ -142,10 +145,7 @@ void qxVariantSet::selectDefault()
 {
     const qxSetUse use(*this);
     qxNotify::variantsSetSelected(name);
-    selectDefaults<qxNodeVariant>(*this);
-    selectDefaults<qxMaterialVariant>(*this);
-    selectDefaults<qxLightVariant>(*this);
-    selectDefaults<qxTransformVariant>(*this);
+    selectDefaults(*this);
     qxNotify::variantsSetSelected(name);
     qxNotify::variantSetSelected(this);
     qxController::updateRender(true);

@@ -1,13 +1,17 @@
 #include "qxVariantVerifier.h"
 
-#include "Internal/Registry/qxKind.h"
 #include "Internal/Registry/qxSetUse.h"
-#include "Internal/Registry/qxText.h"
-#include "Internal/Scene/qxFindCache.h"
+#include "qxMaterialVariant.h"
+#include "qxNodeVariant.h"
+#include "qxVariantKinds.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
 
+#include "qxFindCache.h"
 #include "qxForecast.h"
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
+#include "qxText.h"
 
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
@@ -69,12 +73,11 @@ public:
     }
 
     /// The set's references to variants of one kind.
-    template <class Variant>
-    void checkReferences(const qxVariantSet &set, OptionNames &options, const char *noVariant,
-                         const char *noState)
+    void checkReferences(const qxVariantSet &set, const qxVariantKind &kind, OptionNames &options,
+                         const char *noVariant, const char *noState)
     {
-        for (const qxVariantState &each : set.*qxKind<Variant>::states) {
-            const Variant *const variant = qxKinds::find<Variant>(each.variant);
+        for (const qxVariantState &each : set.*kind.states) {
+            const qxVariant *const variant = kind.find(each.variant);
             if (!variant)
                 error(each.variant, QString(), noVariant);
             else if (!options.contain(*variant, each.state))
@@ -143,10 +146,10 @@ void qxVariantVerifier::verifyVariantSets()
 void qxVariantVerifier::verifyVariantSet(qxVariantSet &set, OptionNames &options)
 {
     Subject subject(*this, VariantSetType, set.name);
-    subject.checkReferences<qxNodeVariant>(set, options, "node variant not found",
-                                           "requested state not found in node variant");
-    subject.checkReferences<qxMaterialVariant>(set, options, "material variant not found",
-                                               "requested state not found in material variant");
+    subject.checkReferences(set, qxVariantKinds::node, options, "node variant not found",
+                            "requested state not found in node variant");
+    subject.checkReferences(set, qxVariantKinds::material, options, "material variant not found",
+                            "requested state not found in material variant");
     subject.finish();
 }
 

@@ -1,9 +1,17 @@
 #include "qxVariantWriter.h"
 
+#include "Internal/Document/qxDocumentNames.h"
 #include "Internal/Document/qxDocumentPrint.h"
 #include "Internal/Document/qxDocumentText.h"
-#include "Internal/Registry/qxKind.h"
+#include "qxLightVariant.h"
+#include "qxMaterialVariant.h"
+#include "qxNodeVariant.h"
+#include "qxOverlayVariant.h"
+#include "qxTransformVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
 
 namespace {
 
@@ -15,13 +23,16 @@ const QString &word(bool value)
     return value ? names::trueWord : names::falseWord;
 }
 
-template <class Variant>
-void writeReferences(QDomElement &parent, const qxVariantSet &set)
+void writeReferences(QDomElement &parent, const qxVariantSet &set,
+                     const qxVariantKinds::List &kinds)
 {
-    for (const qxVariantState &each : set.*qxKind<Variant>::states) {
-        QDomElement element = text::appendElement(parent, qxKind<Variant>::refTag);
-        text::setName(element, names::ref, each.variant);
-        text::setName(element, names::state, each.state);
+    for (const qxVariantKind *kind : kinds) {
+        const QString tag = kind->referenceTag;
+        for (const qxVariantState &each : set.*kind->states) {
+            QDomElement element = text::appendElement(parent, tag);
+            text::setName(element, names::ref, each.variant);
+            text::setName(element, names::state, each.state);
+        }
     }
 }
 
@@ -104,16 +115,15 @@ void writeAnalyzer(QDomElement &parent, const qxVariantSet &set)
     element.setAttribute(names::clipContourWidth, set.getClippingContourWidth());
 }
 
-template <class Variant>
-void addNames(QSet<QString> &all)
+void addNames(QSet<QString> &all, const qxVariantKind &kind)
 {
-    for (const Variant *variant : qxKind<Variant>::list) {
-        all << variant->name << variant->*qxKind<Variant>::sceneName << variant->defaultState;
-        for (const qxVariantOption &option : variant->options)
+    kind.visit([&](const qxVariant &variant) {
+        all << variant.name << variant.*kind.sceneName << variant.defaultState;
+        for (const qxVariantOption &option : variant.options)
             all << option.name;
-    }
+    });
     for (const qxVariantSet *set : qxVariants::_variantSets) {
-        for (const qxVariantState &each : set->*qxKind<Variant>::states)
+        for (const qxVariantState &each : set->*kind.states)
             all << each.variant << each.state;
     }
 }
@@ -140,21 +150,17 @@ QSet<QString> allNames()
         addAll(all, set->materialSnapshots.values());
         addAll(all, set->values.keys());
     }
-    addNames<qxNodeVariant>(all);
-    addNames<qxMaterialVariant>(all);
-    addNames<qxLightVariant>(all);
-    addNames<qxOverlayVariant>(all);
-    addNames<qxTransformVariant>(all);
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        addNames(all, *kind);
     return all;
 }
 
-template <class Variant>
-void writeVariantOf(QDomElement &parent, const Variant &variant)
+void writeVariant(QDomElement &parent, const qxVariantKind &kind, const qxVariant &variant)
 {
     const qxDocumentLoss loss(allNames);
-    QDomElement element = text::appendElement(parent, qxKind<Variant>::tag);
+    QDomElement element = text::appendElement(parent, kind.tag);
     text::setName(element, names::name, variant.name);
-    text::setName(element, names::base, variant.*qxKind<Variant>::sceneName);
+    text::setName(element, names::base, variant.*kind.sceneName);
     QDomElement standard = text::appendElement(element, names::Default);
     text::setName(standard, names::ref, variant.defaultState);
     for (const qxVariantOption &option : variant.options) {
@@ -162,13 +168,6 @@ void writeVariantOf(QDomElement &parent, const Variant &variant)
         text::setName(state, names::name, option.name);
         text::appendText(state, names::Hotkey, option.shortcut);
     }
-}
-
-template <class Variant>
-void writeAll(QDomElement &parent)
-{
-    for (const Variant *variant : qxKind<Variant>::list)
-        writeVariantOf(parent, *variant);
 }
 
 } // namespace
@@ -187,11 +186,9 @@ QByteArray qxVariantWriter::write()
         if (!set->group)
             writeVariantSet(m_document, root, set);
     }
-    writeAll<qxNodeVariant>(root);
-    writeAll<qxMaterialVariant>(root);
-    writeAll<qxLightVariant>(root);
-    writeAll<qxOverlayVariant>(root);
-    writeAll<qxTransformVariant>(root);
+    qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
+        writeVariant(root, kind, variant);
+    });
     return qxDocumentPrint::print(m_document);
 }
 
@@ -231,12 +228,9 @@ void qxVariantWriter::writeVariantSet(QDomDocument &document, QDomElement &paren
     text::appendText(element, names::SequentialAnimation, word(set->sequentialAnimation));
     text::appendText(element, names::Script, set->script);
     writePreview(document, element, set->preview);
-    writeReferences<qxNodeVariant>(element, *set);
-    writeReferences<qxTransformVariant>(element, *set);
-    writeReferences<qxMaterialVariant>(element, *set);
-    writeReferences<qxLightVariant>(element, *set);
+    writeReferences(element, *set, qxVariantKinds::referenceOrder().first);
     writeNames(element, names::ViewpointRef, names::ref, set->viewpoints);
-    writeReferences<qxOverlayVariant>(element, *set);
+    writeReferences(element, *set, qxVariantKinds::referenceOrder().rest);
     writeNames(element, names::AnimationRef, names::ref, set->animations);
     writeNames(element, names::GeometryRef, names::ref, set->geometries);
     writeNames(element, names::TargetName, names::name, set->targetNodeNames);
@@ -248,29 +242,29 @@ void qxVariantWriter::writeVariantSet(QDomDocument &document, QDomElement &paren
 
 void qxVariantWriter::writeNodeVariant(QDomDocument &, QDomElement &parent, qxNodeVariant *variant)
 {
-    writeVariantOf(parent, *variant);
+    writeVariant(parent, qxVariantKinds::node, *variant);
 }
 
 void qxVariantWriter::writeMaterialVariant(QDomDocument &, QDomElement &parent,
                                            qxMaterialVariant *variant)
 {
-    writeVariantOf(parent, *variant);
+    writeVariant(parent, qxVariantKinds::material, *variant);
 }
 
 void qxVariantWriter::writeLightVariant(QDomDocument &, QDomElement &parent,
                                         qxLightVariant *variant)
 {
-    writeVariantOf(parent, *variant);
+    writeVariant(parent, qxVariantKinds::light, *variant);
 }
 
 void qxVariantWriter::writeOverlayVariant(QDomDocument &, QDomElement &parent,
                                           qxOverlayVariant *variant)
 {
-    writeVariantOf(parent, *variant);
+    writeVariant(parent, qxVariantKinds::overlay, *variant);
 }
 
 void qxVariantWriter::writeTransformVariant(QDomDocument &, QDomElement &parent,
                                             qxTransformVariant *variant)
 {
-    writeVariantOf(parent, *variant);
+    writeVariant(parent, qxVariantKinds::transform, *variant);
 }

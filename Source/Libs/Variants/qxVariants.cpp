@@ -1,32 +1,45 @@
 #include "qxVariants.h"
 
-#include "Internal/Registry/qxKind.h"
-#include "Internal/Registry/qxText.h"
+#include "qxLightVariant.h"
+#include "qxMaterialVariant.h"
+#include "qxNodeVariant.h"
+#include "qxOverlayVariant.h"
+#include "qxTransformVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
+#include "qxVariantSet.h"
 
 #include "qxController.h"
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
+#include "qxNames.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <QKeySequence>
 
+using qxNames::nameOf;
+
 namespace {
 
 const char *const clearAllVariants = "clearAllVariants";
 
-QString nameOf(const osg::NodePtr &node)
-{
-    return qxText::fromUtf8(qxNodeUtils::getName(node));
-}
-
 /// The name of the switch material that a variant of this material drives.
 QString switchNameOf(const osg::MaterialPtr &material)
 {
-    const QString name = qxText::fromUtf8(qxMaterials::getName(material));
+    const QString name = nameOf(material);
     const bool isSwitch = osg::SwitchMaterialPtr::dcast(material) != osg::NullFC;
     return name.isEmpty() || isSwitch ? name : name + QStringLiteral(" Switch");
+}
+
+/// The variant `name`, built from `source` when there is none; null for an empty name.
+template <class Variant, class Source>
+Variant *findOrBuild(const qxVariantKind &kind, const QString &name, const Source &source,
+                     bool notify)
+{
+    if (name.isEmpty())
+        return nullptr;
+    qxVariant *const known = kind.find(name);
+    return static_cast<Variant *>(known ? known
+                                        : kind.adopt(std::make_unique<Variant>(source), notify));
 }
 
 } // namespace
@@ -55,33 +68,31 @@ qxVariants::~qxVariants()
 
 void qxVariants::clearAll(qxMessage &)
 {
-    clearNodeVariants();
-    clearMaterialVariants();
-    clearLightVariants();
-    clearOverlayVariants();
-    clearTransformVariants();
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        kind->clear();
     clearVariantSets();
     clearVariantGroups();
 }
 
 qxNodeVariant *qxVariants::createNodeVariant(osg::NodePtr node, bool notify)
 {
-    return qxKinds::findOrBuild<qxNodeVariant>(nameOf(node), node, notify);
+    return findOrBuild<qxNodeVariant>(qxVariantKinds::node, nameOf(node), node, notify);
 }
 
 qxMaterialVariant *qxVariants::createMaterialVariant(osg::MaterialPtr material, bool notify)
 {
-    return qxKinds::findOrBuild<qxMaterialVariant>(switchNameOf(material), material, notify);
+    return findOrBuild<qxMaterialVariant>(qxVariantKinds::material, switchNameOf(material),
+                                          material, notify);
 }
 
 qxLightVariant *qxVariants::createLightVariant(osg::NodePtr node, bool notify)
 {
-    return qxKinds::findOrBuild<qxLightVariant>(nameOf(node), node, notify);
+    return findOrBuild<qxLightVariant>(qxVariantKinds::light, nameOf(node), node, notify);
 }
 
 qxOverlayVariant *qxVariants::createOverlayVariant(osg::NodePtr node, bool notify)
 {
-    return qxKinds::findOrBuild<qxOverlayVariant>(nameOf(node), node, notify);
+    return findOrBuild<qxOverlayVariant>(qxVariantKinds::overlay, nameOf(node), node, notify);
 }
 
 qxTransformVariant *qxVariants::createTransformVariant(osg::NodePtr node, bool notify)
@@ -89,114 +100,107 @@ qxTransformVariant *qxVariants::createTransformVariant(osg::NodePtr node, bool n
     if (!qxNodeUtils::hasTransformVariants(node))
         return nullptr;
     const QString name = nameOf(node);
-    return qxKinds::findOrBuild<qxTransformVariant>(name, name, notify);
+    return findOrBuild<qxTransformVariant>(qxVariantKinds::transform, name, name, notify);
 }
 
 qxNodeVariant *qxVariants::createNodeVariant(const QString &name, bool notify)
 {
-    return qxKinds::findOrCreate<qxNodeVariant>(name, notify);
+    return static_cast<qxNodeVariant *>(qxVariantKinds::node.create(name, notify));
 }
 
 qxMaterialVariant *qxVariants::createMaterialVariant(const QString &name, bool notify)
 {
-    return qxKinds::findOrCreate<qxMaterialVariant>(name, notify);
+    return static_cast<qxMaterialVariant *>(qxVariantKinds::material.create(name, notify));
 }
 
 qxLightVariant *qxVariants::createLightVariant(const QString &name, bool notify)
 {
-    return qxKinds::findOrCreate<qxLightVariant>(name, notify);
+    return static_cast<qxLightVariant *>(qxVariantKinds::light.create(name, notify));
 }
 
 qxOverlayVariant *qxVariants::createOverlayVariant(const QString &name, bool notify)
 {
-    if (name.isEmpty())
-        return nullptr;
-    if (qxOverlayVariant *known = findOverlayVariant(name))
-        return known;
-    auto variant = std::make_unique<qxOverlayVariant>();
-    variant->name = name;
-    variant->overlayName = name;
-    return qxKinds::adopt(std::move(variant), notify);
+    return static_cast<qxOverlayVariant *>(qxVariantKinds::overlay.create(name, notify));
 }
 
 qxTransformVariant *qxVariants::createTransformVariant(const QString &name, bool notify)
 {
-    return qxKinds::findOrCreate<qxTransformVariant>(name, notify);
+    return static_cast<qxTransformVariant *>(qxVariantKinds::transform.create(name, notify));
 }
 
 qxNodeVariant *qxVariants::findNodeVariant(const QString &name)
 {
-    return qxKinds::find<qxNodeVariant>(name);
+    return _nodeVariants.find(name);
 }
 
 qxMaterialVariant *qxVariants::findMaterialVariant(const QString &name)
 {
-    return qxKinds::find<qxMaterialVariant>(name);
+    return _materialVariants.find(name);
 }
 
 qxLightVariant *qxVariants::findLightVariant(const QString &name)
 {
-    return qxKinds::find<qxLightVariant>(name);
+    return _lightVariants.find(name);
 }
 
 qxOverlayVariant *qxVariants::findOverlayVariant(const QString &name)
 {
-    return qxKinds::find<qxOverlayVariant>(name);
+    return _overlayVariants.find(name);
 }
 
 qxTransformVariant *qxVariants::findTransformVariant(const QString &name)
 {
-    return qxKinds::find<qxTransformVariant>(name);
+    return _transformVariants.find(name);
 }
 
 bool qxVariants::removeNodeVariant(const QString &name)
 {
-    return qxKinds::remove<qxNodeVariant>(name);
+    return qxVariantKinds::node.remove(name);
 }
 
 bool qxVariants::removeMaterialVariant(const QString &name)
 {
-    return qxKinds::remove<qxMaterialVariant>(name);
+    return qxVariantKinds::material.remove(name);
 }
 
 bool qxVariants::removeLightVariant(const QString &name)
 {
-    return qxKinds::remove<qxLightVariant>(name);
+    return qxVariantKinds::light.remove(name);
 }
 
 bool qxVariants::removeOverlayVariant(const QString &name)
 {
-    return qxKinds::remove<qxOverlayVariant>(name);
+    return qxVariantKinds::overlay.remove(name);
 }
 
 bool qxVariants::removeTransformVariant(const QString &name)
 {
-    return qxKinds::remove<qxTransformVariant>(name);
+    return qxVariantKinds::transform.remove(name);
 }
 
 void qxVariants::clearNodeVariants()
 {
-    qxKinds::clear<qxNodeVariant>();
+    qxVariantKinds::node.clear();
 }
 
 void qxVariants::clearMaterialVariants()
 {
-    qxKinds::clear<qxMaterialVariant>();
+    qxVariantKinds::material.clear();
 }
 
 void qxVariants::clearLightVariants()
 {
-    qxKinds::clear<qxLightVariant>();
+    qxVariantKinds::light.clear();
 }
 
 void qxVariants::clearOverlayVariants()
 {
-    qxKinds::clear<qxOverlayVariant>();
+    qxVariantKinds::overlay.clear();
 }
 
 void qxVariants::clearTransformVariants()
 {
-    qxKinds::clear<qxTransformVariant>();
+    qxVariantKinds::transform.clear();
 }
 
 void qxVariants::mapHotkey(const QString &text, int &key, Qt::KeyboardModifiers &modifiers)

@@ -3,9 +3,7 @@
 #include "Internal/Materials/qxSnapshotReconciler.h"
 #include "Internal/Materials/qxSwitchMaterials.h"
 #include "Internal/Registry/qxSetUse.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxActiveNames.h"
-#include "Internal/Scene/qxFindCache.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "qxNodeVariant.h"
 #include "qxVariantSet.h"
@@ -13,8 +11,9 @@
 
 #include "qxCameraService.h"
 #include "qxConnector.h"
+#include "qxFindCache.h"
 #include "qxMaterials.h"
-#include "qxNodeUtils.h"
+#include "qxNames.h"
 #include "qxOpenSGUtils.h"
 #include "qxScenegraph.h"
 #include "qxScript.h"
@@ -22,6 +21,8 @@
 
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
+
+using qxNames::nameOf;
 
 namespace {
 
@@ -33,11 +34,6 @@ public:
     CapturedGeometries(const CapturedGeometries &) = delete;
     CapturedGeometries &operator=(const CapturedGeometries &) = delete;
 };
-
-QString nameOf(const osg::NodePtr &node)
-{
-    return qxText::fromUtf8(qxNodeUtils::getName(node));
-}
 
 /// The path as an argument in a script.
 QString quotedPath(const osg::NodePtr &node)

@@ -1,11 +1,11 @@
 #include "Internal/Materials/qxSnapshotReconciler.h"
-#include "Internal/Scene/qxOpenNodes.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
 #include "qxNodeUtils.h"
+#include "qxNodeWalk.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGMaterialGroup.h>
@@ -35,15 +35,14 @@ void restore(const osg::NodePtr &node, Restoring &restoring)
 /// Goes over what is active at and below `top`, in scene order.
 void restoreFrom(const osg::NodePtr &top, Restoring &restoring)
 {
-    qxOpenNodes open(top);
-    for (osg::NodeRefPtr node(open.take()); node != osg::NullFC; node = open.take()) {
+    qxWalkChangingNodes(top, [&restoring](const osg::NodePtr &node) {
         bool captureNodes = false; // hidden nodes are passed over, nothing is noted about them
         bool notify = true;
         if (!qxVariants::checkAndSetNodeActive(node, restoring.set, captureNodes, notify))
-            continue;
+            return false;
         restore(node, restoring);
-        open.addChildrenOf(node);
-    }
+        return true;
+    });
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 #include "Internal/Capture/qxPreview.h"
 #include "Internal/Registry/qxSetUse.h"
-#include "Internal/Registry/qxText.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
 #include "qxCameraService.h"
+#include "qxText.h"
 
 QByteArray qxVariants::createPreviewImage(bool showProgress, bool fullRaytracingQuality)
 {

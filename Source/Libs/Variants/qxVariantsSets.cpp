@@ -1,16 +1,16 @@
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxSetUse.h"
-#include "Internal/Registry/qxText.h"
-#include "Internal/Scene/qxFindCache.h"
-#include "Internal/Scene/qxSceneNames.h"
 #include "qxVariantGroup.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxFindCache.h"
 #include "qxLog.h"
 #include "qxNodeUtils.h"
 #include "qxOSGWidget.h"
+#include "qxSceneLookup.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 
 #include <algorithm>
 #include <memory>
@@ -119,7 +119,7 @@ bool qxVariants::hasEmptyVariantSets()
 void qxVariants::optimizeVariantSets()
 {
     const qxFindCache cache(!_variantSets.empty());
-    const qxSceneNames scene; // shared by all: gathering it goes through the whole scene
+    const qxSceneLookup scene; // shared by all: gathering it goes through the whole scene
     for (qxVariantSet *set : _variantSets)
         set->optimize();
 }

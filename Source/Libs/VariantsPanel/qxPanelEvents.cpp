@@ -2,12 +2,12 @@
 
 #include "qxController.h"
 #include "qxMessage.h"
+#include "qxPanelChanges.h"
 
 #include <QHash>
 
 namespace {
 
-const char *const variantSetChanged = "variantSetChanged";
 const char *const clearAllVariants = "clearAllVariants";
 const char *const variantsSetSelected = "variantsSetSelected";
 
@@ -28,21 +28,15 @@ qxPanelEvents::qxPanelEvents(QObject *parent) : QObject(parent)
 {
     m_listener = qxController::addListener(
         [this](const char *name, qxMessage *message, int) { hear(name, message); });
+    const qxPanelChanges *const changes = &qxPanelChanges::the();
+    connect(changes, &qxPanelChanges::setsEdited, this, [this] { gather(Sets); });
+    connect(changes, &qxPanelChanges::variantsEdited, this, [this] { gather(Variants | States); });
+    connect(changes, &qxPanelChanges::sceneRestored, this, [this] { gather(States); });
 }
 
 qxPanelEvents::~qxPanelEvents()
 {
     qxController::removeListener(m_listener);
-}
-
-void qxPanelEvents::announceOtherStates()
-{
-    qxController::call("variantSetSelected", 1);
-}
-
-void qxPanelEvents::announceEditedSets()
-{
-    qxController::call(variantSetChanged, 1);
 }
 
 // A list, not a procedure.

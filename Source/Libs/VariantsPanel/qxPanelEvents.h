@@ -5,11 +5,10 @@
 
 class qxMessage;
 
-/// What the module announces, as signals for the panel's views.
+/// The module's notifications and qxPanelChanges, as signals for the views.
 ///
-/// Announcements are gathered: however many come in one turn of the event loop, each signal is sent
-/// once, after them. Until then pointers to sets, groups and variants may be dead, so views keep
-/// names.
+/// They are gathered: however many come in one turn of the event loop, each signal is sent once,
+/// after them. Until then pointers to sets, groups and variants may be dead, so views keep names.
 class qxPanelEvents : public QObject {
     Q_OBJECT
 
@@ -19,11 +18,6 @@ public:
 
     /// Sends what is gathered at once.
     void flush();
-
-    /// Announces to everyone that what sets or groups hold was edited.
-    static void announceEditedSets();
-    /// Announces that the scene may stand another way, by no variant's doing.
-    static void announceOtherStates();
 
 signals:
     /// The host is about to forget everything, because the scene goes. Sent at once.

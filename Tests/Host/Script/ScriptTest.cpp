@@ -145,7 +145,7 @@ TEST_F(ScriptTest, ListenersHearEveryTextBeforeItRunsWithItsOriginAndWhetherItIs
         heard.push_back(value("done") + " " + script.text
                         + (script.origin == qxScriptText::User ? " of a user" : " composed")
                         + (script.synchronise ? ", waiting" : "")
-                        + (script.leftOut ? ", left out" : ""));
+                        + (script.isBlocked ? ", left out" : ""));
     });
     qxScriptRunner::run("done = []", "start.py");
     qxScript::run("done.append(1)");

@@ -9,7 +9,7 @@
 #include "qxCommand.h"
 #include "qxScenegraph.h"
 #include "qxUberCameraPool.h"
-#include "qxUnknown.h"
+#include "qxUnknownName.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -71,7 +71,7 @@ std::vector<qxNodePtr> rootsFor(const QStringList &names)
         roots.push_back(qxScenegraph::findNode(name.toUtf8().constData()));
         if (roots.back() != osg::NullFC)
             continue;
-        qxOutput::error(qxUnknown::node(name));
+        qxOutput::error(qxUnknownName::node(name));
         return {};
     }
     return roots;
@@ -84,7 +84,7 @@ bool look(const QString &viewpoint)
     const int id = viewpoint.isEmpty() ? 0 : camera->findViewpoint(viewpoint.toStdString());
     camera->moveToViewpoint(id, 0, 0, 0); // a scene may have no viewpoint at all
     if (id < 0)
-        qxOutput::error(qxUnknown::viewpoint(viewpoint));
+        qxOutput::error(qxUnknownName::viewpoint(viewpoint));
     return id >= 0;
 }
 

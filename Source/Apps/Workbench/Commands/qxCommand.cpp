@@ -6,7 +6,7 @@
 #include "Session/qxMemoryLimit.h"
 #include "Session/qxSession.h"
 #include "qxHelp.h"
-#include "qxNearest.h"
+#include "qxSuggestions.h"
 #include "qxValueKind.h"
 
 #include <QCommandLineParser>
@@ -47,7 +47,7 @@ QString flawOf(const qxCommand &command, const QCommandLineParser &parser)
     const QString written =
         (unknown.size() > 1 ? QStringLiteral("--") : QStringLiteral("-")) + unknown;
     return QStringLiteral("%1 has no option %2").arg(QLatin1String(command.name), written)
-        + qxNearest::question(written, names);
+        + qxSuggestions::question(written, names);
 }
 
 bool selectsSets(const qxCommand &command)
@@ -59,14 +59,14 @@ bool selectsSets(const qxCommand &command)
     return false;
 }
 
-/// Says of the scripts that are left out which they are, and in the end what to do about it.
+/// Says of blocked scripts which they are, and in the end what to do about it.
 int runWithScripts(const qxCommand &command, const QCommandLineParser &parser,
                    qxScriptRunner::Allowed allowed)
 {
     if (!selectsSets(command))
         return command.run(parser);
     int count = 0;
-    const qxBlockedScripts leftOut([&](const QString &set, const QString &line) {
+    const qxBlockedScripts blockedScripts([&](const QString &set, const QString &line) {
         ++count;
         qxOutput::error(QStringLiteral("left out the script of \"%1\": %2").arg(set, line));
     });
@@ -198,7 +198,7 @@ int qxCommands::unknown(const QString &name)
     const QString what =
         name.startsWith(QLatin1Char('-')) ? QStringLiteral("option") : QStringLiteral("command");
     return wrongUse(QStringLiteral("unknown %1 \"%2\"").arg(what, name)
-                        + qxNearest::question(name, names),
+                        + qxSuggestions::question(name, names),
                     hint);
 }
 

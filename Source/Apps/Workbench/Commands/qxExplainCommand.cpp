@@ -10,7 +10,7 @@
 #include "qxController.h"
 #include "qxExplanation.h"
 #include "qxMessage.h"
-#include "qxUnknown.h"
+#include "qxUnknownName.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -154,8 +154,9 @@ int run(const QCommandLineParser &parser)
         return WorkFailed;
     const qxVariantSet *const set = qxVariants::findVariantSet(arguments[1]);
     if (!set)
-        return qxCommands::fail(qxUnknown::set(arguments[1]));
-    qxExplanation explanation(*set);
+        return qxCommands::fail(qxUnknownName::set(arguments[1]));
+    qxForecast forecast;
+    qxExplanation explanation(*set, forecast);
     explanation.compare(selectQuietly(*set));
     print(arguments[1], explanation, parser.isSet(QStringLiteral("json")));
     const auto &entries = explanation.entries();

@@ -1,7 +1,7 @@
 #include "Report/qxOutput.h"
 #include "qxCommand.h"
 #include "qxHelp.h"
-#include "qxNearest.h"
+#include "qxSuggestions.h"
 #include "qxValueKind.h"
 
 #include <QCommandLineParser>

@@ -13,7 +13,7 @@
 #include "qxCommand.h"
 #include "qxFileNames.h"
 #include "qxStreams.h"
-#include "qxUnknown.h"
+#include "qxUnknownName.h"
 #include "qxValueKind.h"
 
 #include <QCommandLineParser>
@@ -109,12 +109,12 @@ int readJob(const QCommandLineParser &parser, Job &job)
 QString flawOf(const Job &job)
 {
     if (!job.set.isEmpty() && !qxVariants::findVariantSet(job.set))
-        return qxUnknown::set(job.set);
+        return qxUnknownName::set(job.set);
     if (job.all && qxVariants::_variantSets.empty())
         return QStringLiteral("the scene has no variant sets");
     const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
     if (!job.view.isEmpty() && camera->findViewpoint(job.view.toStdString()) < 0)
-        return qxUnknown::viewpoint(job.view);
+        return qxUnknownName::viewpoint(job.view);
     return QString();
 }
 

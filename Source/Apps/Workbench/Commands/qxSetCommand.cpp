@@ -3,7 +3,7 @@
 #include "Report/qxVariantTable.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
-#include "qxNearest.h"
+#include "qxSuggestions.h"
 
 #include <QCommandLineParser>
 #include <QJsonObject>
@@ -26,7 +26,7 @@ QString noState(const qxVariant &variant, const QString &state)
     QStringList names;
     for (const qxVariantOption &option : variant.options)
         names += option.name;
-    QString known = qxNearest::question(state, names);
+    QString known = qxSuggestions::question(state, names);
     if (known.isEmpty() && !names.isEmpty())
         known = QStringLiteral("; it has \"%1\"").arg(names.join(QLatin1String("\", \"")));
     return QStringLiteral("\"%1\" has no state \"%2\"").arg(variant.name, state) + known;
@@ -59,7 +59,7 @@ qxVariant *findVariant(const QString &name, const QString &kind)
     const QString wanted = kind.isEmpty() ? kind : kind + QLatin1Char(' ');
     qxOutput::error(rows.isEmpty()
                         ? QStringLiteral("no %1variant is called \"%2\"").arg(wanted, name)
-                            + qxNearest::question(name, variantNames(kind))
+                            + qxSuggestions::question(name, variantNames(kind))
                         : QStringLiteral("several variants are called \"%1\", say --kind %2")
                               .arg(name, kinds.join(QLatin1String(" or "))));
     return nullptr;

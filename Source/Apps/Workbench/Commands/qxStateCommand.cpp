@@ -1,6 +1,6 @@
 #include "Report/qxOutput.h"
-#include "Report/qxShownStates.h"
 #include "Report/qxVariantTable.h"
+#include "qxFindCache.h"
 #include "qxShowCommand.h"
 
 #include <QJsonArray>
@@ -8,7 +8,7 @@
 
 namespace {
 
-QJsonObject object(const qxVariantRow &row, const qxShownStates::Shown &shown)
+QJsonObject object(const qxVariantRow &row, const qxShownState &shown)
 {
     QJsonArray states;
     for (const qxVariantOption &option : row.variant->options)
@@ -17,7 +17,7 @@ QJsonObject object(const qxVariantRow &row, const qxShownStates::Shown &shown)
                               {QStringLiteral("action"), option.isAction}};
     return {{QStringLiteral("kind"), QLatin1String(row.kind)},
             {QStringLiteral("name"), row.variant->name},
-            {QStringLiteral("current"), shown.state},
+            {QStringLiteral("current"), shown.state()},
             {QStringLiteral("hidden"), shown.isHidden},
             {QStringLiteral("default"), row.variant->defaultState},
             {QStringLiteral("states"), states}};
@@ -25,28 +25,29 @@ QJsonObject object(const qxVariantRow &row, const qxShownStates::Shown &shown)
 
 void printJson(const qxSession &)
 {
-    const qxShownStates states;
+    const qxFindCache cache(true);
     QJsonArray array;
     for (const qxVariantRow &row : qxVariantTable::all())
-        array += object(row, states.of(row));
+        array += object(row, row.variant->shown());
     qxOutput::json(array);
 }
 
-QString wordsFor(const qxShownStates::Shown &shown)
+QString wordsFor(const qxShownState &shown)
 {
-    if (shown.state.isEmpty())
+    if (shown.state().isEmpty())
         return QStringLiteral("-");
-    return shown.isHidden && shown.state != variantDisable
-        ? shown.state + QLatin1String(" (hidden)")
-        : shown.state;
+    return shown.isHidden && shown.state() != variantDisable
+        ? shown.state() + QLatin1String(" (hidden)")
+        : shown.state();
 }
 
 void printTable(const qxSession &)
 {
-    const qxShownStates states;
+    const qxFindCache cache(true);
     QList<QStringList> rows;
     for (const qxVariantRow &row : qxVariantTable::all())
-        rows += QStringList{QLatin1String(row.kind), row.variant->name, wordsFor(states.of(row))};
+        rows +=
+            QStringList{QLatin1String(row.kind), row.variant->name, wordsFor(row.variant->shown())};
     if (rows.isEmpty())
         rows += QStringList{QStringLiteral("no variants")};
     qxOutput::table(rows);

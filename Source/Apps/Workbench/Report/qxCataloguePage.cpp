@@ -2,11 +2,12 @@
 
 #include "qxVariantGroup.h"
 #include "qxVariantSet.h"
+#include "qxVariantTable.h"
 #include "qxVariants.h"
 
 #include "Commands/qxSetContents.h"
+#include "qxFindCache.h"
 #include "qxHtmlWriter.h"
-#include "qxShownStates.h"
 
 #include <QImage>
 
@@ -212,9 +213,9 @@ void writeVariants(qxHtmlWriter &page)
     for (const char *title : {"Kind", "Variant", "Now", "Default", "States"})
         page.element("th", QLatin1String(title));
     page.close();
-    const qxShownStates states;
+    const qxFindCache cache(true);
     for (const qxVariantRow &row : qxVariantTable::all()) {
-        const QString current = states.of(row).state;
+        const QString current = row.variant->shown().state();
         page.open("tr");
         page.element("td", QLatin1String(row.kind));
         page.element("td", row.variant->name);

@@ -81,10 +81,10 @@ void qxHtmlWriter::element(const char *tag, const QString &content, const char *
     close();
 }
 
-void qxHtmlWriter::picture(const QByteArray &bytes, const QString &words)
+void qxHtmlWriter::picture(const QByteArray &bytes, const QString &alternative)
 {
     open("img");
-    attribute("alt", words);
+    attribute("alt", alternative);
     attribute("src", dataUri(bytes));
     close();
 }

@@ -16,8 +16,8 @@ public:
     void text(const QString &text);
     /// An element with a text in it; a blank one keeps the place of an empty text.
     void element(const char *tag, const QString &text, const char *cssClass = nullptr);
-    /// A picture of any format that Qt reads, as part of the page. `words` stand in for it.
-    void picture(const QByteArray &bytes, const QString &words);
+    /// A picture of any format that Qt reads, as part of the page. `alternative` stands in for it.
+    void picture(const QByteArray &bytes, const QString &alternative);
     /// Within an element "picture" and before the picture: shown instead where this CSS holds.
     void pictureWhere(const QString &media, const QByteArray &bytes);
     /// Ends all that is open.

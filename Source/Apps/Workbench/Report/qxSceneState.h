@@ -8,6 +8,8 @@
 
 #include <vector>
 
+class qxForecast;
+
 /// Something of the scene that stood one way before and stands another way now.
 struct qxSceneChange {
     QString object; ///< path of the node from below the root, or name of the material
@@ -23,6 +25,9 @@ class qxSceneState {
 public:
     /// Takes down the scene as it is now.
     static qxSceneState take();
+
+    /// The same scene after all that was foreseen.
+    qxSceneState after(const qxForecast &forecast) const;
 
     /// What differs in `later`, in scene order, materials last.
     QList<qxSceneChange> changesTo(const qxSceneState &later) const;

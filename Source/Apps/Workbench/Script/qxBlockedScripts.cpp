@@ -16,7 +16,7 @@ qxBlockedScripts::qxBlockedScripts(const Listener &listener)
                 m_set = QString::fromStdString(*set);
         });
     m_scriptListener = qxScriptRunner::addListener([this, listener](const qxScriptText &script) {
-        if (!script.leftOut)
+        if (!script.isBlocked)
             return;
         const QString text = QString::fromStdString(script.text).trimmed();
         listener(m_set, text.section(QLatin1Char('\n'), 0, 0));

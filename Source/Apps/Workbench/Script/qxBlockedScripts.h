@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// Tells, as long as it lives, of each script of a set that is left out, when that is selected.
+/// Tells, as long as it lives, of each script of a set that is blocked when the set is selected.
 class qxBlockedScripts {
 public:
     /// Gets the name of the set and the first line of its script.

@@ -68,7 +68,7 @@ bool removeVariantSet(const std::string &name)
     return qxVariants::findVariantSet(text) && qxVariants::removeVariantSet(text);
 }
 
-void defineWords()
+void defineFunctions()
 {
     const python::docstring_options onlyOwnTexts(true, false, false);
     const python::scope names(python::import("__main__"));
@@ -106,7 +106,7 @@ void pythonInit(bool destroy)
 {
     if (destroy)
         return;
-    defineWords();
+    defineFunctions();
     defineArguments();
 }
 

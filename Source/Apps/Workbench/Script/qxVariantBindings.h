@@ -3,7 +3,7 @@
 #include <QStringList>
 
 /// What scripts can say in this program about variants, beyond what host and module give them.
-/// The words are there whenever the interpreter starts.
+/// They are there whenever the interpreter starts.
 namespace qxVariantBindings {
 
 /// What scripts find in sys.argv; the first one is the script. Its folder, if it is a file, is

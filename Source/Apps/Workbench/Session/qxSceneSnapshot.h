@@ -18,7 +18,7 @@ public:
     bool isStillSo() const;
 
 private:
-    /// The place of a node with named transform states.
+    /// How a node with named transform states stands.
     struct Pose {
         osg::NodeRefPtr node;
         int selected;

@@ -96,9 +96,9 @@ qxSession::~qxSession()
     m_stray.emplace(strayPlace());
 }
 
-bool qxSession::open(const QString &path, const qxSceneFile::Watcher &watcher)
+bool qxSession::open(const QString &path, const qxSceneFile::StepListener &listener)
 {
-    if (!openScene(path, watcher))
+    if (!openScene(path, listener))
         return false;
     if (!m_file->variantsDocument().isEmpty())
         return readDocument(m_file->variantsDocument());
@@ -130,11 +130,11 @@ void qxSession::close()
     m_file = std::make_unique<qxSceneFile>();
 }
 
-bool qxSession::openScene(const QString &path, const qxSceneFile::Watcher &watcher)
+bool qxSession::openScene(const QString &path, const qxSceneFile::StepListener &listener)
 {
     m_failure.clear();
     const auto step = [&](qxSceneFile::Step next) {
-        watcher(next);
+        listener(next);
         if (next != qxSceneFile::Showing)
             return;
         m_imported.clear();

@@ -24,9 +24,9 @@ public:
     /// for its materials, each as a set of the group "Material Variants". A file that cannot be
     /// read leaves open what was. A scene whose variants cannot be read must be closed, because
     /// saving it would lose them.
-    bool open(const QString &path, const qxSceneFile::Watcher &watcher = noWatcher);
+    bool open(const QString &path, const qxSceneFile::StepListener &listener = noListener);
     /// Loads the scene alone; its document stays as it is until readDocument.
-    bool openScene(const QString &path, const qxSceneFile::Watcher &watcher = noWatcher);
+    bool openScene(const QString &path, const qxSceneFile::StepListener &listener = noListener);
     /// Leaves an empty scene that has no file.
     void close();
     /// Whether the file may take the memory that reading and checking `xml` takes.
@@ -48,7 +48,7 @@ public:
     QString failure() const { return m_failure; }
 
 private:
-    static void noWatcher(qxSceneFile::Step) {}
+    static void noListener(qxSceneFile::Step) {}
     void importVariants();
     /// Where libraries may speak: results are for other programs.
     qxCaughtOutput::Place strayPlace() const;

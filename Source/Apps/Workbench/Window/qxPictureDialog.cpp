@@ -6,7 +6,7 @@
 
 namespace {
 
-const int patience = 500; ///< milliseconds that nobody needs to be told about
+const int delay = 500; ///< milliseconds that nobody needs to be told about
 const int steps = 100;
 
 } // namespace
@@ -29,7 +29,7 @@ bool qxPictureDialog::show(double share)
         m_dialog = new QProgressDialog(tr("Rendering the preview ..."), tr("Cancel"), 0, steps,
                                        m_window, Qt::Dialog | Qt::WindowTitleHint);
         m_dialog->setWindowModality(Qt::WindowModal);
-        m_dialog->setMinimumDuration(patience);
+        m_dialog->setMinimumDuration(delay);
         m_dialog->setAutoReset(false);
     }
     m_dialog->setValue(int(share * steps)); // This lets events through once it is seen.

@@ -5,7 +5,7 @@
 
 namespace {
 
-const std::chrono::milliseconds patience(500);
+const std::chrono::milliseconds timeout(500);
 
 bool isFromUser(QEvent::Type type)
 {
@@ -32,11 +32,11 @@ bool isFromUser(QEvent::Type type)
 } // namespace
 
 qxWindowWatchdog::qxWindowWatchdog(QObject *parent)
-    : QObject(parent), m_watchdog(patience, [this] { return look(); })
+    : QObject(parent), m_watchdog(timeout, [this] { return onTimeout(); })
 {
 }
 
-bool qxWindowWatchdog::look()
+bool qxWindowWatchdog::onTimeout()
 {
     m_isStopped = false;
     emit stillRuns();

@@ -19,7 +19,7 @@ signals:
     void stillRuns();
 
 private:
-    bool look();
+    bool onTimeout();
 
     bool m_isStopped = false;
     qxScriptWatchdog m_watchdog;

@@ -45,13 +45,14 @@ void qxWorkbenchWindow::decideOn(const QList<qxFileScripts::Script> &scripts)
         showFailure(tr("The decision holds for now, but cannot be remembered."), reason);
 }
 
-void qxWorkbenchWindow::watchLeftOutScripts()
+void qxWorkbenchWindow::watchBlockedScripts()
 {
-    m_leftOut = std::make_unique<qxBlockedScripts>([this](const QString &set, const QString &line) {
-        const QString text =
-            tr("The script of \"%1\" was left out, as it is not trusted.").arg(set);
-        statusBar()->showMessage(text, 15000);
-        qxLog::info("Left out the script of \"%s\": %s", set.toUtf8().constData(),
-                    line.toUtf8().constData());
-    });
+    m_blockedScripts =
+        std::make_unique<qxBlockedScripts>([this](const QString &set, const QString &line) {
+            const QString text =
+                tr("The script of \"%1\" was left out, as it is not trusted.").arg(set);
+            statusBar()->showMessage(text, 15000);
+            qxLog::info("Left out the script of \"%s\": %s", set.toUtf8().constData(),
+                        line.toUtf8().constData());
+        });
 }

@@ -10,6 +10,7 @@
 #include "qxLanguage.h"
 #include "qxLogView.h"
 #include "qxNodeUtils.h"
+#include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
 #include "qxSceneTreeModel.h"
@@ -72,10 +73,10 @@ qxWorkbenchWindow::qxWorkbenchWindow()
         if (QDockWidget *const dock = dockAround(now))
             dock->raise();
     });
-    m_watch = std::make_unique<qxWindowWatchdog>();
-    connect(m_watch.get(), &qxWindowWatchdog::stillRuns, this,
+    m_watchdog = std::make_unique<qxWindowWatchdog>();
+    connect(m_watchdog.get(), &qxWindowWatchdog::stillRuns, this,
             [this] { statusBar()->showMessage(tr("A script is running. Escape ends it."), 2000); });
-    watchLeftOutScripts();
+    watchBlockedScripts();
     showPath(QString());
     retranslate();
     restoreLayout();
@@ -86,8 +87,8 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     // The stack tells of its end while the dock that it belongs to is gone already.
     m_sets->undoStack()->disconnect(this);
     // What shows the scene goes before the scene.
-    m_watch.reset();
-    m_leftOut.reset();
+    m_watchdog.reset();
+    m_blockedScripts.reset();
     m_before.reset();
     m_beforeScript.reset();
     delete m_unsaved;
@@ -235,7 +236,7 @@ void qxWorkbenchWindow::forgetScene()
 void qxWorkbenchWindow::makePreviews(const QStringList &sets)
 {
     m_sets->setPreviews(qxSetPreviews::make(sets, this));
-    qxPanelEvents::announceOtherStates();
+    emit qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
 }
 
@@ -246,7 +247,7 @@ void qxWorkbenchWindow::goBack()
     const std::unique_ptr<qxSceneSnapshot> before = std::move(m_before);
     rememberForBack(); // Back again leads forward.
     before->restore();
-    qxPanelEvents::announceOtherStates();
+    emit qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
 }
 

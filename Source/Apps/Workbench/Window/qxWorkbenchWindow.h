@@ -87,7 +87,7 @@ private:
     void askAboutScripts();
     void showScripts();
     void decideOn(const QList<qxFileScripts::Script> &scripts);
-    void watchLeftOutScripts();
+    void watchBlockedScripts();
     void forgetScene();
     void takeBackScene();
     void showNewScene();
@@ -106,8 +106,8 @@ private:
     std::unique_ptr<qxLanguage> m_language; ///< before all that has texts
     std::unique_ptr<qxSession> m_session;
     std::unique_ptr<qxSceneSnapshot> m_before; ///< what "Back" leads to; null for nothing
-    std::unique_ptr<qxWindowWatchdog> m_watch;
-    std::unique_ptr<qxBlockedScripts> m_leftOut;
+    std::unique_ptr<qxWindowWatchdog> m_watchdog;
+    std::unique_ptr<qxBlockedScripts> m_blockedScripts;
     std::unique_ptr<qxSceneSnapshot> m_beforeScript; ///< null when none runs
     QString m_path;
     bool m_isNewScene = false; ///< since the last file was asked for

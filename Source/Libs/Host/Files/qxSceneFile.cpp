@@ -34,15 +34,15 @@ struct qxSceneFile::Content {
     qxGltfOrigin origin;
     qxGltfState before;
     qxGltfMaterialPatch::Before materials;
-    qxGltfSwitchUse loaded;
-    qxGltfSwitchUse mapped;
+    qxGltfSwitchMaterialUse loaded;
+    qxGltfSwitchMaterialUse mapped;
     int viewpoints = 0; ///< how many the file has
     QByteArray variants;
     std::vector<qxSceneVariant> materialVariants;
     qxSceneFileInfo info;
 
     static std::unique_ptr<Content> load(const QString &path, QStringList &warnings,
-                                         const Watcher &watcher);
+                                         const StepListener &listener);
     /// The JSON of the file with what changed in the scene since.
     qxJson edited() const;
     bool isBufferOutdated() const;
@@ -139,14 +139,14 @@ QByteArray variantsIn(qxJson &json, int scene)
 } // namespace
 
 std::unique_ptr<qxSceneFile::Content>
-qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Watcher &watcher)
+qxSceneFile::Content::load(const QString &path, QStringList &warnings, const StepListener &listener)
 {
-    watcher(Reading);
+    listener(Reading);
     qxGltfModel model = qxGltfModel::read(path);
     qxGltfScene scene;
-    watcher(Materials);
+    listener(Materials);
     scene.buildMaterials(model);
-    watcher(Building);
+    listener(Building);
     scene.build(model);
     auto content = std::make_unique<Content>();
     content->info = infoOf(model);
@@ -162,10 +162,10 @@ qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Wat
     content->before = qxGltfState::of(roots, overlays, scene.environment.get(), scene.origin);
     content->materialVariants = scene.variants;
     content->origin = scene.origin;
-    watcher(Showing);
+    listener(Showing);
     scene.show();
     content->viewpoints = qxUberCameraPool::the()->count();
-    content->loaded = qxGltfSwitchUse::of(content->before, content->origin);
+    content->loaded = qxGltfSwitchMaterialUse::of(content->before, content->origin);
     content->bufferFiles = stampsOf(model);
     content->note(path, model.document.stamp);
     content->document = std::move(model.document);
@@ -183,7 +183,7 @@ qxJson qxSceneFile::Content::edited() const
                         qxScenegraph::environmentGeometrySwitch(), origin);
     qxGltfMaterialPatch materialPatch(json, origin, materials);
     materialPatch.writePool();
-    const qxGltfSwitchUse use = qxGltfSwitchUse::of(after, origin);
+    const qxGltfSwitchMaterialUse use = qxGltfSwitchMaterialUse::of(after, origin);
     materialPatch.writeSwitches(loaded, mapped, use);
     materialPatch.writeGeometries(after, use);
     const std::vector<int> meshes = qxGltfMeshPatch(json, origin, materialPatch).write(after);
@@ -238,9 +238,9 @@ bool qxSceneFile::attempt(const QString &path, const Work &work)
     return false;
 }
 
-bool qxSceneFile::load(const QString &path, const Watcher &watcher)
+bool qxSceneFile::load(const QString &path, const StepListener &listener)
 {
-    return attempt(path, [&] { m_content = Content::load(path, m_warnings, watcher); });
+    return attempt(path, [&] { m_content = Content::load(path, m_warnings, listener); });
 }
 
 bool qxSceneFile::save(const QString &path)

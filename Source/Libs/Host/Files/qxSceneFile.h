@@ -42,14 +42,14 @@ public:
 
     /// What loading goes through.
     enum Step { Reading, Materials, Building, Showing };
-    typedef std::function<void(Step)> Watcher;
+    typedef std::function<void(Step)> StepListener;
 
     /// Reads the scene of `path` and shows it: below the root of the scene, in the pools of
     /// materials, viewpoints and clips. On failure nothing is shown, and the object is as it was.
-    /// The watcher hears of each step before it is taken. When it has heard of Showing, which does
+    /// The listener hears of each step before it is taken. When it has heard of Showing, which does
     /// not fail, the scene must be clear (qxHost::clearScene).
     bool load(
-        const QString &path, const Watcher &watcher = [](Step) {});
+        const QString &path, const StepListener &listener = [](Step) {});
     /// Writes the scene as it is now; the suffix decides between .gltf and .glb. Files that the
     /// scene needs are put beside it. On failure the old files are whole, unless the error says
     /// otherwise. Files of buffers that others have changed stay so, and the scene file takes in

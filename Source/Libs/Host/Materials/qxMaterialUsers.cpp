@@ -1,6 +1,6 @@
 #include "Materials/qxMaterialUsers.h"
 
-#include "Scene/qxNodeWalk.h"
+#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGMaterialDrawable.h>

@@ -61,7 +61,7 @@ qxSky skyOf(const qxTracer &environment, const qxBox &scene)
         qxRay ray;
         ray.origin = scene.isEmpty() ? osg::Vec3f() : scene.centre();
         ray.direction = osg::Vec3f(radius * std::cos(angle), height, radius * std::sin(angle));
-        sums[height > 0.0f] += environment.seen(ray, sampler).light * (2.0f / float(count));
+        sums[height > 0.0f] += environment.trace(ray, sampler).radiance * (2.0f / float(count));
     }
     // The halves' averages are those at half the height.
     const osg::Vec3f difference = (sums[1] - sums[0]) * 0.5f;
@@ -75,7 +75,7 @@ struct qxPainter::Sample {
     osg::Vec3f light; ///< as the picture shows it
     osg::Vec3f colour; ///< own one of what is seen
     osg::Vec3f normal;
-    int met; ///< sides of surfaces
+    int sides; ///< of surfaces
 };
 
 /// What the samples of a pixel have in common.
@@ -90,9 +90,9 @@ public:
         m_look += look;
         m_squares += look.squareLength();
         m_count += 1.0f;
-        m_met |= sample.met;
+        m_sides |= sample.sides;
     }
-    int met() const { return m_met; }
+    int sides() const { return m_sides; }
     osg::Vec3f light() const { return m_light * (1.0f / m_count); }
     qxPictureFilter::Pixel pixel() const
     {
@@ -120,7 +120,7 @@ private:
     osg::Vec3f m_look; ///< sum of the light's roots, which differences look like
     float m_squares = 0.0f; ///< of these roots, all channels
     float m_count = 0.0f;
-    int m_met = qxTracer::Nothing;
+    int m_sides = qxTracer::Nothing;
 };
 
 qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settings)
@@ -144,8 +144,8 @@ qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settin
             tracerScene(scene.environment(), qxTracer::Flat, m_noClipping));
         m_sky = skyOf(*m_environment, scene.shown().bounds());
     }
-    const qxTracer::Manner manner = m_rayTracing ? qxTracer::RayTracing : qxTracer::HardLight;
-    m_tracer = std::make_unique<qxTracer>(tracerScene(scene.shown(), manner, m_clipping));
+    const qxTracer::Mode mode = m_rayTracing ? qxTracer::RayTracing : qxTracer::HardLight;
+    m_tracer = std::make_unique<qxTracer>(tracerScene(scene.shown(), mode, m_clipping));
     for (const auto &overlay : scene.overlays())
         m_overlays.emplace_back(tracerScene(*overlay.second, qxTracer::Flat, m_noClipping));
     if (m_samples >= _fewestToFilter)
@@ -155,12 +155,12 @@ qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settin
     m_picture.rgba.resize(std::size_t(settings.width) * std::size_t(settings.height) * 4);
 }
 
-qxTracer::Scene qxPainter::tracerScene(const qxRenderGroup &group, qxTracer::Manner manner,
+qxTracer::Scene qxPainter::tracerScene(const qxRenderGroup &group, qxTracer::Mode mode,
                                        const qxRenderClipping &clipping) const
 {
     // Several rays share a pixel.
     const float rayWidth = 1.0f / std::sqrt(float(std::min(m_samples, _sampleStep)));
-    return {group, m_lights, clipping, m_camera, m_sky, manner, rayWidth, m_environment.get()};
+    return {group, m_lights, clipping, m_camera, m_sky, mode, rayWidth, m_environment.get()};
 }
 
 int qxPainter::tileCount() const
@@ -203,22 +203,22 @@ void qxPainter::paintTile(int tile)
         if (done + step < m_samples)
             isNoisy = noisyOnes(pixels, width);
     }
-    int met = qxTracer::Nothing;
+    int sides = qxTracer::Nothing;
     for (std::size_t i = 0; i < pixels.size(); ++i) {
         finish(left + int(i) % width, low + int(i) / width, pixels[i]);
-        met |= pixels[i].met();
+        sides |= pixels[i].sides();
     }
-    m_met |= met;
+    m_sides |= sides;
 }
 
 /// Once all tiles are painted. Why nothing is seen is looked for only when nothing is.
 qxPicture::Content qxPainter::content() const
 {
-    if (m_clipping.hidesScene() || (m_met & qxTracer::Front))
+    if (m_clipping.hidesScene() || (m_sides & qxTracer::Front))
         return qxPicture::Shown;
     if (m_shown.bounds().isEmpty())
         return qxPicture::Hidden;
-    if (m_met & qxTracer::Back)
+    if (m_sides & qxTracer::Back)
         return qxPicture::FromBehind;
     const int rays = 64; // in each direction
     for (int i = 0; i < rays * rays; ++i) {
@@ -303,11 +303,11 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
                       std::uint32_t(number));
     const osg::Vec2f shift = m_samples > 1 ? sampler.nextPair() : osg::Vec2f(0.5f, 0.5f);
     const qxRay ray = m_camera.ray(float(x) + shift[0], float(y) + shift[1]);
-    const qxTracer::Light seen = m_tracer->seen(ray, sampler);
-    const osg::Vec3f behind = seen.through > 0.0f
-        ? background(ray, float(y) + shift[1], sampler) * seen.through
+    const qxTracer::RayResult seen = m_tracer->trace(ray, sampler);
+    const osg::Vec3f behind = seen.transmittance > 0.0f
+        ? background(ray, float(y) + shift[1], sampler) * seen.transmittance
         : osg::Vec3f();
-    Sample result = {seen.light + behind, seen.colour + behind, seen.normal, seen.met};
+    Sample result = {seen.radiance + behind, seen.colour + behind, seen.normal, seen.sides};
     if (m_rayTracing)
         result.light = qxToneMapped(result.light);
     const auto cover = [&result](const osg::Vec3f &light, float through) {
@@ -318,9 +318,9 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     if (line.cover > 0.0f && line.distance <= seen.distance * 1.002f)
         cover(m_contourLight * line.cover, 1.0f - line.cover);
     for (const qxTracer &overlay : m_overlays) {
-        const qxTracer::Light front = overlay.seen(ray, sampler);
-        cover(front.light, front.through);
-        result.met |= front.met & qxTracer::Front;
+        const qxTracer::RayResult front = overlay.trace(ray, sampler);
+        cover(front.radiance, front.transmittance);
+        result.sides |= front.sides & qxTracer::Front;
     }
     return result;
 }
@@ -332,6 +332,6 @@ osg::Vec3f qxPainter::background(const qxRay &ray, float y, qxSampler &sampler) 
         return plain;
     qxRay endless = ray;
     endless.far = std::numeric_limits<float>::infinity();
-    const qxTracer::Light seen = m_environment->seen(endless, sampler);
-    return seen.light + plain * seen.through;
+    const qxTracer::RayResult seen = m_environment->trace(endless, sampler);
+    return seen.radiance + plain * seen.transmittance;
 }

@@ -21,7 +21,7 @@ private:
     struct Sample;
     class Average;
 
-    qxTracer::Scene tracerScene(const qxRenderGroup &group, qxTracer::Manner manner,
+    qxTracer::Scene tracerScene(const qxRenderGroup &group, qxTracer::Mode mode,
                                 const qxRenderClipping &clipping) const;
     int tileCount() const;
     void paintTile(int tile);
@@ -53,6 +53,6 @@ private:
     std::unique_ptr<qxTracer> m_tracer;
     std::vector<qxTracer> m_overlays; ///< the farthest first
     std::unique_ptr<qxPictureFilter> m_filter; ///< null when pixels are shown as they come
-    std::atomic<int> m_met{qxTracer::Nothing}; ///< sides of surfaces, by any ray of the eye
+    std::atomic<int> m_sides{qxTracer::Nothing}; ///< sides of surfaces, by any ray of the eye
     qxPicture m_picture;
 };

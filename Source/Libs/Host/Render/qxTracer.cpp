@@ -118,9 +118,9 @@ osg::Vec3f qxTracer::Hit::start(const osg::Vec3f &direction) const
 
 qxTracer::qxTracer(const Scene &scene) : m_scene(scene) {}
 
-qxTracer::Light qxTracer::seen(const qxRay &ray, qxSampler &sampler) const
+qxTracer::RayResult qxTracer::trace(const qxRay &ray, qxSampler &sampler) const
 {
-    return gathered(ray, 0, sampler);
+    return radianceAlong(ray, 0, sampler);
 }
 
 bool qxTracer::intersect(const qxRay &ray, unsigned int mask, Hit &hit) const
@@ -158,30 +158,30 @@ bool qxTracer::intersect(const qxRay &ray, unsigned int mask, Hit &hit) const
 }
 
 /// Goes through surfaces until one lets nothing through.
-qxTracer::Light qxTracer::gathered(qxRay ray, int depth, qxSampler &sampler) const
+qxTracer::RayResult qxTracer::radianceAlong(qxRay ray, int depth, qxSampler &sampler) const
 {
-    Light light;
-    light.distance = _infinity;
+    RayResult result;
+    result.distance = _infinity;
     qxRenderClipping::Crossing plane = {_infinity, 0.0f, osg::Vec3f()};
     if (depth == 0)
         plane = m_scene.clipping.crossing(ray, m_scene.camera);
     m_scene.clipping.limit(ray);
-    for (int i = 0; i < _mostSurfaces && light.through > _nothing; ++i) {
+    for (int i = 0; i < _mostSurfaces && result.transmittance > _nothing; ++i) {
         Hit hit;
         const bool left = !m_scene.clipping.hidesScene() && ray.near < ray.far;
         const bool found = left && intersect(ray, _all, hit);
         if (plane.alpha > 0.0f && !(found && hit.distance < plane.distance)) {
-            pass(plane, light);
+            pass(plane, result);
             plane.alpha = 0.0f;
         }
         if (!found)
-            return light;
+            return result;
         if (depth == 0)
             hit.width = widthAt(hit);
-        pass(hit, depth, sampler, light);
+        pass(hit, depth, sampler, result);
         ray.near = beyond(hit.distance);
     }
-    return light;
+    return result;
 }
 
 /// How much of a surface a ray of the eye stands for; seen at a flat angle it is longer than wide.
@@ -191,34 +191,34 @@ float qxTracer::widthAt(const Hit &hit) const
     return m_scene.camera.pixelSize(hit.distance) * m_scene.rayWidth / std::sqrt(slope);
 }
 
-void qxTracer::pass(const qxRenderClipping::Crossing &plane, Light &light) const
+void qxTracer::pass(const qxRenderClipping::Crossing &plane, RayResult &result) const
 {
-    light.light += plane.light * (plane.alpha * light.through);
-    light.colour += plane.light * (plane.alpha * light.through);
-    light.through *= 1.0f - plane.alpha;
+    result.radiance += plane.light * (plane.alpha * result.transmittance);
+    result.colour += plane.light * (plane.alpha * result.transmittance);
+    result.transmittance *= 1.0f - plane.alpha;
 }
 
 /// The passes of the material, from the one that was drawn last downwards.
-void qxTracer::pass(const Hit &hit, int depth, qxSampler &sampler, Light &light) const
+void qxTracer::pass(const Hit &hit, int depth, qxSampler &sampler, RayResult &result) const
 {
     const std::vector<qxRenderLayer> &layers = hit.instance->surface->layers;
     for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
         const osg::Vec4f base = hit.base(*layer);
         const float alpha = hit.alpha(*layer, base[3]);
-        light.met |= hit.shows(*layer) ? Front : Back;
+        result.sides |= hit.shows(*layer) ? Front : Back;
         if (alpha <= 0.0f)
             continue;
         const osg::Vec3f colour(base[0], base[1], base[2]);
-        const float share = alpha * light.through;
-        light.light += shaded(hit, *layer, colour, depth, sampler) * share;
-        light.colour += colour * share;
-        light.normal += hit.normal * share;
-        light.through *= 1.0f - alpha;
-        if (light.through <= _nothing)
+        const float share = alpha * result.transmittance;
+        result.radiance += shaded(hit, *layer, colour, depth, sampler) * share;
+        result.colour += colour * share;
+        result.normal += hit.normal * share;
+        result.transmittance *= 1.0f - alpha;
+        if (result.transmittance <= _nothing)
             break;
     }
-    if (light.through <= 0.5f)
-        light.distance = std::min(light.distance, hit.distance);
+    if (result.transmittance <= 0.5f)
+        result.distance = std::min(result.distance, hit.distance);
 }
 
 osg::Vec3f qxTracer::shaded(const Hit &hit, const qxRenderLayer &layer, const osg::Vec3f &colour,
@@ -226,13 +226,13 @@ osg::Vec3f qxTracer::shaded(const Hit &hit, const qxRenderLayer &layer, const os
 {
     if (layer.unlit)
         return colour;
-    if (m_scene.manner == Flat)
+    if (m_scene.mode == Flat)
         return colour + layer.emission;
     // Light that a mirror throws on other surfaces would be single spots.
     const float roughness = depth > 0 ? std::max(layer.roughness, 0.3f) : layer.roughness;
     const qxShading shading({colour, layer.metallic, roughness}, hit.normal, hit.toEye);
     const osg::Vec3f light = layer.emission + direct(hit, shading, depth, sampler);
-    if (m_scene.manner != RayTracing || depth >= _bounces)
+    if (m_scene.mode != RayTracing || depth >= _bounces)
         return light + shading.reflectedSky(m_scene.sky);
     return light + reflectedScene(hit, shading, depth, sampler);
 }
@@ -242,20 +242,21 @@ osg::Vec3f qxTracer::direct(const Hit &hit, const qxShading &shading, int depth,
 {
     const std::vector<qxRenderLight> &lights = m_scene.lights.on;
     osg::Vec3f sum;
-    if (m_scene.manner != RayTracing || (depth == 0 && lights.size() <= _fewLights)) {
+    if (m_scene.mode != RayTracing || (depth == 0 && lights.size() <= _fewLights)) {
         for (const qxRenderLight &light : lights)
-            sum += arriving(offerOf(light, hit, shading), hit, sampler);
+            sum += shadowed(sampleOf(light, hit, shading), hit, sampler);
         return sum;
     }
     const int asked = depth == 0 ? 2 : 1;
     for (int i = 0; i < asked; ++i)
-        sum += arriving(drawn(hit, shading, sampler.next()), hit, sampler) * (1.0f / float(asked));
+        sum += shadowed(chosenSample(hit, shading, sampler.next()), hit, sampler)
+            * (1.0f / float(asked));
     return sum;
 }
 
 /// What a light gives if nothing is in its way.
-qxTracer::Offer qxTracer::offerOf(const qxRenderLight &light, const Hit &hit,
-                                  const qxShading &shading) const
+qxTracer::LightSample qxTracer::sampleOf(const qxRenderLight &light, const Hit &hit,
+                                         const qxShading &shading) const
 {
     const qxRenderLight::Arrival arrival = light.arrivalAt(hit.position, hit.normal);
     if (qxPeak(arrival.light) <= 0.0f)
@@ -265,13 +266,14 @@ qxTracer::Offer qxTracer::offerOf(const qxRenderLight &light, const Hit &hit,
 }
 
 /// One of the lights, those that give more sooner than others, standing for all of them.
-qxTracer::Offer qxTracer::drawn(const Hit &hit, const qxShading &shading, float random) const
+qxTracer::LightSample qxTracer::chosenSample(const Hit &hit, const qxShading &shading,
+                                             float random) const
 {
-    Offer result = {osg::Vec3f(), osg::Vec3f(), 0.0f, false};
+    LightSample result = {osg::Vec3f(), osg::Vec3f(), 0.0f, false};
     float sum = 0.0f;
     for (const qxRenderLight &light : m_scene.lights.on) {
-        const Offer offer = offerOf(light, hit, shading);
-        const float weight = qxPeak(offer.light);
+        const LightSample sample = sampleOf(light, hit, shading);
+        const float weight = qxPeak(sample.light);
         if (!(weight > 0.0f))
             continue;
         sum += weight;
@@ -279,19 +281,19 @@ qxTracer::Offer qxTracer::drawn(const Hit &hit, const qxShading &shading, float 
         const bool take = random < chance;
         random = take ? random / chance : (random - chance) / (1.0f - chance);
         if (take)
-            result = offer;
+            result = sample;
     }
     const float weight = qxPeak(result.light);
     result.light *= weight > 0.0f ? sum / weight : 0.0f;
     return result;
 }
 
-osg::Vec3f qxTracer::arriving(const Offer &offer, const Hit &hit, qxSampler &sampler) const
+osg::Vec3f qxTracer::shadowed(const LightSample &sample, const Hit &hit, qxSampler &sampler) const
 {
-    if (qxPeak(offer.light) <= _nothing || !offer.shadow)
-        return offer.light;
-    osg::Vec3f direction = offer.toLight;
-    if (m_scene.manner == RayTracing) {
+    if (qxPeak(sample.light) <= _nothing || !sample.shadow)
+        return sample.light;
+    osg::Vec3f direction = sample.toLight;
+    if (m_scene.mode == RayTracing) {
         // Towards some place of a lamp that is a disc.
         const osg::Vec2f place = sampler.nextPair();
         const qxFrame frame(direction);
@@ -300,11 +302,10 @@ osg::Vec3f qxTracer::arriving(const Offer &offer, const Hit &hit, qxSampler &sam
         direction = qxUnit(direction + frame.x * (radius * std::cos(angle))
                            + frame.y * (radius * std::sin(angle)));
     }
-    return offer.light * unhidden(hit, direction, offer.distance);
+    return sample.light * transmittance(hit, direction, sample.distance);
 }
 
-/// The share of light that gets here from that far away.
-float qxTracer::unhidden(const Hit &hit, const osg::Vec3f &direction, float distance) const
+float qxTracer::transmittance(const Hit &hit, const osg::Vec3f &direction, float distance) const
 {
     qxRay ray;
     ray.origin = hit.start(direction);
@@ -336,8 +337,8 @@ osg::Vec3f qxTracer::around(const qxRay &ray, qxSampler &sampler) const
 {
     if (!m_scene.environment)
         return m_scene.sky.light(ray.direction);
-    const Light seen = m_scene.environment->seen(ray, sampler);
-    return seen.light + m_scene.sky.light(ray.direction) * seen.through;
+    const RayResult seen = m_scene.environment->trace(ray, sampler);
+    return seen.radiance + m_scene.sky.light(ray.direction) * seen.transmittance;
 }
 
 osg::Vec3f qxTracer::reflectedScene(const Hit &hit, const qxShading &shading, int depth,
@@ -350,10 +351,10 @@ osg::Vec3f qxTracer::reflectedScene(const Hit &hit, const qxShading &shading, in
     qxRay ray;
     ray.origin = hit.start(bounce.direction);
     ray.direction = bounce.direction;
-    const Light found = gathered(ray, depth + 1, sampler);
-    osg::Vec3f light = found.light;
-    if (found.through > 0.0f)
-        light += around(ray, sampler) * found.through;
+    const RayResult found = radianceAlong(ray, depth + 1, sampler);
+    osg::Vec3f light = found.radiance;
+    if (found.transmittance > 0.0f)
+        light += around(ray, sampler) * found.transmittance;
     if (qxPeak(light) > _brightest)
         light *= _brightest / qxPeak(light);
     return qxProduct(light, bounce.share);

@@ -9,10 +9,10 @@
 
 class qxShading;
 
-/// Finds out which light comes along rays. Many threads may ask at once.
+/// Finds out which light (radiance) comes along rays. Many threads may ask at once.
 class qxTracer {
 public:
-    enum Manner {
+    enum Mode {
         Flat, ///< everything has its own colour, whatever the lights
         HardLight,
         RayTracing ///< with soft shadows and reflections of the scene
@@ -23,7 +23,7 @@ public:
         const qxRenderClipping &clipping;
         const qxRenderCamera &camera;
         qxSky sky;
-        Manner manner;
+        Mode mode;
         float rayWidth; ///< of the eye's rays, in pixels
         const qxTracer *environment; ///< seen where rays leave the scene; null for the sky
     };
@@ -31,43 +31,45 @@ public:
 
     /// Sides of surfaces, to be combined. Only a surface without a back side has backs.
     enum Side { Nothing = 0, Back = 1, Front = 2 };
-    struct Light {
-        osg::Vec3f light;
+    struct RayResult {
+        osg::Vec3f radiance;
         osg::Vec3f colour; ///< of the surfaces themselves, and their normal, of length 0 to 1
         osg::Vec3f normal;
-        float through = 1; ///< share of what is behind the scene
+        float transmittance = 1; ///< share of what is behind the scene
         float distance; ///< of the first surface that hides at least half; infinite without
-        int met = Nothing; ///< sides of surfaces, however translucent
+        int sides = Nothing; ///< met on the way, however translucent
     };
     /// As the eye sees it.
-    Light seen(const qxRay &ray, qxSampler &sampler) const;
+    RayResult trace(const qxRay &ray, qxSampler &sampler) const;
 
 private:
     struct Hit;
-    /// Light of a lamp that a point would reflect to the eye.
-    struct Offer {
+    /// What a point would reflect of a light to the eye, if nothing were in between.
+    struct LightSample {
         osg::Vec3f light;
         osg::Vec3f toLight;
         float distance;
         bool shadow;
     };
 
-    Light gathered(qxRay ray, int depth, qxSampler &sampler) const;
+    RayResult radianceAlong(qxRay ray, int depth, qxSampler &sampler) const;
     float widthAt(const Hit &hit) const;
-    void pass(const qxRenderClipping::Crossing &plane, Light &light) const;
-    void pass(const Hit &hit, int depth, qxSampler &sampler, Light &light) const;
+    void pass(const qxRenderClipping::Crossing &plane, RayResult &result) const;
+    void pass(const Hit &hit, int depth, qxSampler &sampler, RayResult &result) const;
     osg::Vec3f shaded(const Hit &hit, const qxRenderLayer &layer, const osg::Vec3f &colour,
                       int depth, qxSampler &sampler) const;
     osg::Vec3f direct(const Hit &hit, const qxShading &shading, int depth,
                       qxSampler &sampler) const;
-    Offer offerOf(const qxRenderLight &light, const Hit &hit, const qxShading &shading) const;
-    Offer drawn(const Hit &hit, const qxShading &shading, float random) const;
-    osg::Vec3f arriving(const Offer &offer, const Hit &hit, qxSampler &sampler) const;
+    LightSample sampleOf(const qxRenderLight &light, const Hit &hit,
+                         const qxShading &shading) const;
+    LightSample chosenSample(const Hit &hit, const qxShading &shading, float random) const;
+    osg::Vec3f shadowed(const LightSample &sample, const Hit &hit, qxSampler &sampler) const;
     osg::Vec3f reflectedScene(const Hit &hit, const qxShading &shading, int depth,
                               qxSampler &sampler) const;
     osg::Vec3f around(const qxRay &ray, qxSampler &sampler) const;
     bool intersect(const qxRay &ray, unsigned int mask, Hit &hit) const;
-    float unhidden(const Hit &hit, const osg::Vec3f &direction, float distance) const;
+    /// The share of light that gets to the point from that far away.
+    float transmittance(const Hit &hit, const osg::Vec3f &direction, float distance) const;
 
     const Scene m_scene;
 };

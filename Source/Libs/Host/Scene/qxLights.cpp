@@ -1,7 +1,7 @@
 #include "qxLights.h"
 
 #include "OSGUberLight.h"
-#include "Scene/qxNodeWalk.h"
+#include "qxNodeWalk.h"
 
 namespace {
 

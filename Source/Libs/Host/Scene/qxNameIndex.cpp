@@ -1,6 +1,7 @@
 #include "Scene/qxNameIndex.h"
 
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
+#include "qxNodeWalk.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGFieldContainerFactory.h>

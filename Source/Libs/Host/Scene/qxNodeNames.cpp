@@ -1,7 +1,8 @@
 #include "Scene/qxNodeNames.h"
 
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "qxNodeUtils.h"
+#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 

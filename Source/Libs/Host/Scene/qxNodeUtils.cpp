@@ -1,8 +1,9 @@
 #include "qxNodeUtils.h"
 
+#include "Scene/qxNodeName.h"
 #include "Scene/qxNodeNames.h"
-#include "Scene/qxNodeWalk.h"
 #include "Scene/qxTransformStates.h"
+#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGNodeCore.h>

@@ -1,6 +1,6 @@
 #include "Scene/qxOverlayService.h"
 
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "qxController.h"
 #include "qxMessage.h"
 #include "qxOverlays.h"

@@ -1,8 +1,9 @@
 #include "qxOverlays.h"
 
 #include "Scene/qxNameIndex.h"
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "Scene/qxScene.h"
+#include "qxNodeWalk.h"
 
 osg::NodePtr qxOverlays::getPoolRoot()
 {

@@ -1,6 +1,6 @@
 #include "Scene/qxPathIndex.h"
 
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGFieldContainerFactory.h>

@@ -1,9 +1,10 @@
 #include "qxScenegraph.h"
 
 #include "Scene/qxNameIndex.h"
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "Scene/qxScene.h"
 #include "qxController.h"
+#include "qxNodeWalk.h"
 #include "qxOpenSGUtils.h"
 #include "qxOverlays.h"
 

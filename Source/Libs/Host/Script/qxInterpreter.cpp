@@ -30,7 +30,7 @@ bool startOnce()
         qxScriptBindings::define();
         return true;
     } catch (const python::error_already_set &) {
-        qxScriptError::report("the host's words for scripts", std::string());
+        qxScriptError::report("the host's bindings", std::string());
         return false;
     }
 }

@@ -8,7 +8,7 @@ public:
     /// Starts it when it does not run yet. False when it cannot start, which goes to the log once.
     static bool start();
 
-    /// Gives the global names what every script finds: Python's own and the host's words.
+    /// Gives the global names what every script finds: Python's own and the host's bindings.
     static void fillNames();
     static void clearNames();
 

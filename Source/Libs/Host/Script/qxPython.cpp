@@ -90,13 +90,13 @@ void installSignal()
 
 } // namespace
 
-bool qxPythonCallSoon(int (*action)(void *))
+bool qxPythonAddPendingCall(int (*action)(void *))
 {
     wanted = action;
     return pthread_kill(scriptsThread, SIGURG) == 0;
 }
 
-void qxPythonListenToCalls()
+void qxPythonEnablePendingCalls()
 {
     if (!Py_IsInitialized())
         return;
@@ -184,12 +184,12 @@ void makeTextOfUnicode(PyObject *object, converter::rvalue_from_python_stage1_da
 
 } // namespace
 
-bool qxPythonCallSoon(int (*action)(void *))
+bool qxPythonAddPendingCall(int (*action)(void *))
 {
     return Py_AddPendingCall(action, nullptr) == 0;
 }
 
-void qxPythonListenToCalls() {} // Scripts cannot keep pending calls away.
+void qxPythonEnablePendingCalls() {} // Scripts cannot keep pending calls away.
 
 std::string qxPythonStart()
 {

@@ -32,9 +32,9 @@ PyObject *qxPythonEvaluate(PyObject *code, PyObject *names);
 /// when it answers -1, with a Python error set, that is raised there. With Python 3 steps that take
 /// long, such as a sleep, are broken off for it. To be called on any thread, for one action at a
 /// time. False when it has to be tried again.
-bool qxPythonCallSoon(int (*action)(void *));
+bool qxPythonAddPendingCall(int (*action)(void *));
 /// Makes such calls arrive, whatever earlier scripts did to the signals of the program.
-void qxPythonListenToCalls();
+void qxPythonEnablePendingCalls();
 
 /// Starts the interpreter, untouched by the user's environment and without signal handlers of its
 /// own for the signals that users send; the reason when it cannot, else an empty text.

@@ -4,7 +4,7 @@
 #include "Script/qxInterpreter.h"
 #include "Script/qxScriptError.h"
 #include "Script/qxScriptInterrupt.h"
-#include "Script/qxScriptLevel.h"
+#include "Script/qxScriptNesting.h"
 #include "Script/qxScriptRunner.h"
 #include "Script/qxScriptScene.h"
 #include "Script/qxScriptSession.h"
@@ -54,10 +54,10 @@ auto runInLevel(bool leaf, const Run &run) -> decltype(run())
     if (!qxScriptSession::begin())
         return {};
     std::optional<Outermost> outermost;
-    const qxScriptLevel level(leaf);
+    const qxScriptNesting level(leaf);
     if (!level.mayRun())
         return {};
-    if (!qxScriptLevel::isNested())
+    if (!qxScriptNesting::isNested())
         outermost.emplace();
     return run();
 }
@@ -79,7 +79,7 @@ std::string newName()
 void announceAndRun(const qxScriptText &script)
 {
     listeners().run([&](const qxScriptRunner::Listener &listener) { listener(script); });
-    if (!script.leftOut)
+    if (!script.isBlocked)
         run(script.text, newName(), script.origin == qxScriptText::Application);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The host's words for scripts: what the Python module qxHost holds.
+/// The host's bindings for scripts: what the Python module qxHost holds.
 class qxScriptBindings {
 public:
     /// Makes the module; once, when the interpreter has started. Python errors are thrown.

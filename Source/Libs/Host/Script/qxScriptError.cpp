@@ -1,7 +1,7 @@
 #include "Script/qxScriptError.h"
 
 #include "Script/qxPython.h"
-#include "Script/qxScriptLevel.h"
+#include "Script/qxScriptNesting.h"
 #include "qxLog.h"
 
 namespace {
@@ -109,8 +109,8 @@ bool reportExit(const Error &error)
 /// The scripts around this one end as well, and only the outermost one tells.
 bool reportInterrupt()
 {
-    if (qxScriptLevel::isNested()) {
-        qxScriptLevel::interrupt();
+    if (qxScriptNesting::isNested()) {
+        qxScriptNesting::interrupt();
         return false;
     }
     qxLog::error("script error: interrupted");
@@ -123,7 +123,7 @@ bool reportInterrupt()
 bool qxScriptError::report(const std::string &text, const std::string &fileName)
 {
     const Error error;
-    if (qxScriptLevel::isStop(error.type.ptr()))
+    if (qxScriptNesting::isStop(error.type.ptr()))
         return false; // the reason of the stop is in the log
     if (error.is(PyExc_SystemExit))
         return reportExit(error);

@@ -1,7 +1,7 @@
 #include "Script/qxScriptInterrupt.h"
 
 #include "Script/qxPython.h"
-#include "Script/qxScriptLevel.h"
+#include "Script/qxScriptNesting.h"
 
 #include <csignal>
 
@@ -15,7 +15,7 @@ Action programs;
 /// What Python calls for the signal, between two steps of a script.
 void interrupt(int, const boost::python::object &)
 {
-    qxScriptLevel::raiseInterrupt();
+    qxScriptNesting::raiseInterrupt();
     boost::python::throw_error_already_set();
 }
 

@@ -1,7 +1,7 @@
 #include "Script/qxScriptOutput.h"
 
 #include "Script/qxPython.h"
-#include "Script/qxScriptLevel.h"
+#include "Script/qxScriptNesting.h"
 #include "Script/qxScriptRunner.h"
 #include "qxLog.h"
 
@@ -111,7 +111,7 @@ void qxScriptOutput::install()
 
 void qxScriptOutput::flush()
 {
-    if (!destination().begun.empty() && !qxScriptLevel::isNested())
+    if (!destination().begun.empty() && !qxScriptNesting::isNested())
         endLine();
     std::fflush(destination().file);
 }

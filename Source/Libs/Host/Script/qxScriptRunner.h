@@ -14,7 +14,7 @@ struct qxScriptText {
     std::string text; ///< UTF-8
     Origin origin;
     bool synchronise; ///< to be sent to connected sessions as well; false for those of a user
-    bool leftOut; ///< not run, because it is not allowed to
+    bool isBlocked; ///< not run, because it is not allowed to
 };
 
 /// Runs scripts for a program, and hears which others are run.
@@ -33,7 +33,7 @@ public:
     static bool wereInterrupted();
 
     enum Allowed { Nothing, Trusted, Everything };
-    /// Which of the texts that qxScript::run is given are run from now on; the others are left out.
+    /// Which of the texts that qxScript::run is given are run from now on; the others are blocked.
     /// Trusted at start. Returns what was set before.
     static Allowed setAllowed(Allowed allowed);
     static Allowed allowed();

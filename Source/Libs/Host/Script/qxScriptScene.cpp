@@ -1,6 +1,6 @@
 #include "Script/qxScriptScene.h"
 
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "Scene/qxPathIndex.h"
 #include "qxController.h"
 #include "qxLog.h"

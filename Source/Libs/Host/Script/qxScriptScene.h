@@ -2,7 +2,7 @@
 
 #include "Script/qxScriptHandle.h"
 
-/// The words of scripts that deal with nodes and materials.
+/// The functions of scripts that deal with nodes and materials.
 namespace qxScriptScene {
 
 /// The first node of that name; a null handle when there is none.

@@ -32,7 +32,7 @@ private:
     bool m_outer;
 };
 
-/// A library that fails to define its words must not take the host with it.
+/// A library that fails to define its bindings must not take the host with it.
 void tell(qxPythonInit::Callback callback, bool destroy)
 {
     try {

@@ -7,8 +7,8 @@
 class qxScriptSession {
 public:
     /// Begins a session unless one runs: starts the interpreter when need be, gives the global
-    /// names the host's words and calls the callbacks of qxPythonInit. False when the interpreter
-    /// cannot start, which goes to the log.
+    /// names the host's bindings and calls the callbacks of qxPythonInit. False when the
+    /// interpreter cannot start, which goes to the log.
     static bool begin();
     /// Calls the callbacks and empties the global names; does nothing without a session.
     static void end();

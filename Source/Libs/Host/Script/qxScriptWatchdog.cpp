@@ -1,7 +1,7 @@
 #include "Script/qxScriptWatchdog.h"
 
 #include "Script/qxPython.h"
-#include "Script/qxScriptLevel.h"
+#include "Script/qxScriptNesting.h"
 
 namespace {
 
@@ -9,8 +9,8 @@ qxScriptWatchdog *current = nullptr;
 
 } // namespace
 
-qxScriptWatchdog::qxScriptWatchdog(Time patience, const std::function<bool()> &look)
-    : m_patience(patience), m_look(look), m_thread([this] { watch(); })
+qxScriptWatchdog::qxScriptWatchdog(Time timeout, const std::function<bool()> &onTimeout)
+    : m_timeout(timeout), m_onTimeout(onTimeout), m_thread([this] { watch(); })
 {
     current = this;
 }
@@ -30,7 +30,7 @@ qxScriptWatchdog::Run::Run()
 {
     if (!current)
         return;
-    qxPythonListenToCalls();
+    qxPythonEnablePendingCalls();
     current->m_isRunning = true;
     current->setWatching(true);
 }
@@ -62,8 +62,8 @@ void qxScriptWatchdog::watch()
         const auto hasTurned = [this, turn = m_turn] { return m_isOver || m_turn != turn; };
         if (!m_isWatching)
             m_turned.wait(lock, hasTurned);
-        else if (!m_turned.wait_for(lock, m_patience, hasTurned))
-            m_isWatching = !qxPythonCallSoon(interrupt);
+        else if (!m_turned.wait_for(lock, m_timeout, hasTurned))
+            m_isWatching = !qxPythonAddPendingCall(interrupt);
     }
 }
 
@@ -77,9 +77,9 @@ bool qxScriptWatchdog::endsScript()
 {
     if (!m_isRunning)
         return false; // came too late for the script
-    m_isEnding = m_isEnding || !m_look();
+    m_isEnding = m_isEnding || !m_onTimeout();
     setWatching(true);
     if (m_isEnding)
-        qxScriptLevel::raiseInterrupt();
+        qxScriptNesting::raiseInterrupt();
     return m_isEnding;
 }

@@ -11,11 +11,11 @@ class qxScriptWatchdog {
 public:
     typedef std::chrono::milliseconds Time;
 
-    /// A script that has run for `patience` is interrupted by a call of `look`, between two of its
-    /// steps and on its own thread, and so again and again. When that answers false the script ends
-    /// with KeyboardInterrupt; one that catches it is ended all the same `patience` later.
-    /// With Python 2.7 a step that takes long, such as a sleep, is waited for.
-    qxScriptWatchdog(Time patience, const std::function<bool()> &look);
+    /// A script that has run for `timeout` is interrupted by a call of `onTimeout`, between two of
+    /// its steps and on its own thread, and so again and again. When that answers false the script
+    /// ends with KeyboardInterrupt; one that catches it is ended all the same `timeout` later. With
+    /// Python 2.7 a step that takes long, such as a sleep, is waited for.
+    qxScriptWatchdog(Time timeout, const std::function<bool()> &onTimeout);
     qxScriptWatchdog(const qxScriptWatchdog &) = delete;
     ~qxScriptWatchdog();
 
@@ -32,15 +32,15 @@ private:
     void setWatching(bool isWatching);
     void watch();
 
-    const Time m_patience;
-    const std::function<bool()> m_look;
+    const Time m_timeout;
+    const std::function<bool()> m_onTimeout;
     bool m_isRunning = false;
     bool m_isEnding = false; ///< the script that runs
 
     std::mutex m_mutex; ///< of what follows
     std::condition_variable m_turned;
     bool m_isOver = false;
-    bool m_isWatching = false; ///< for `patience` from the last turn on
+    bool m_isWatching = false; ///< for `timeout` from the last turn on
     unsigned int m_turn = 0;
     std::thread m_thread;
 };

@@ -1,7 +1,6 @@
 #include "qxSetMatch.h"
 
 #include "Variants/qxKindAccess.h"
-#include "Variants/qxShownState.h"
 
 bool qxSetMatch::matches(const qxVariantSet &set)
 {
@@ -9,18 +8,18 @@ bool qxSetMatch::matches(const qxVariantSet &set)
     for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
         for (const qxVariantState &entry : set.*qxKindAccess::of(kind).states) {
             hasStates = true;
-            if (!qxShownState::isCurrent(entry.state, currentState({kind, entry.variant})))
+            if (!shownState({kind, entry.variant}).is(entry.state))
                 return false;
         }
     }
     return hasStates;
 }
 
-const QString &qxSetMatch::currentState(const Variant &variant)
+const qxShownState &qxSetMatch::shownState(const Variant &variant)
 {
-    const auto known = m_current.constFind(variant);
-    if (known != m_current.constEnd())
+    const auto known = m_shown.constFind(variant);
+    if (known != m_shown.constEnd())
         return *known;
     const qxVariant *const found = qxKindAccess::of(variant.first).find(variant.second);
-    return *m_current.insert(variant, found ? qxShownState::of(*found) : QString());
+    return *m_shown.insert(variant, found ? found->shown() : qxShownState());
 }

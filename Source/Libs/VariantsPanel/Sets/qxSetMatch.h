@@ -1,7 +1,8 @@
 #pragma once
 
+#include "qxVariant.h"
+
 #include <QHash>
-#include <QString>
 
 class qxVariantSet;
 
@@ -14,12 +15,12 @@ public:
     /// before, such as "!Next", is never current.
     bool matches(const qxVariantSet &set);
     /// The scene may be another.
-    void reset() { m_current.clear(); }
+    void reset() { m_shown.clear(); }
 
 private:
     typedef QPair<int, QString> Variant; ///< kind and name
 
-    const QString &currentState(const Variant &variant);
+    const qxShownState &shownState(const Variant &variant);
 
-    QHash<Variant, QString> m_current;
+    QHash<Variant, qxShownState> m_shown;
 };

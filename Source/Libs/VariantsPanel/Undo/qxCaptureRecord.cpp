@@ -3,7 +3,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "qxPanelEvents.h"
+#include "qxPanelChanges.h"
 
 namespace {
 
@@ -73,7 +73,7 @@ protected:
         // Now that no set holds what the capture wrote.
         forward ? m_variants.redo() : m_variants.undo();
         if (!m_entries.empty())
-            qxPanelEvents::announceEditedSets();
+            emit qxPanelChanges::the().setsEdited();
         return true;
     }
 

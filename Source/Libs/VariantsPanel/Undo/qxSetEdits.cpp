@@ -5,7 +5,7 @@
 
 #include "qxCaptureRecord.h"
 #include "qxNodeUtils.h"
-#include "qxPanelEvents.h"
+#include "qxPanelChanges.h"
 #include "qxSetUndoSteps.h"
 
 #include <QHash>
@@ -284,7 +284,7 @@ QString qxSetEdits::captureSet(const QString &name, const QString &group, qxCapt
         m_stack.push(newGroup.release());
     }
     m_stack.push(record.finish(what, name, std::move(ofSet)).release());
-    qxPanelEvents::announceEditedSets();
+    emit qxPanelChanges::the().setsEdited();
     return captured ? name : QString();
 }
 
@@ -301,5 +301,5 @@ void qxSetEdits::captureAgain(const QString &set, qxCaptureRecord &record,
         ofSet =
             std::make_unique<qxSetEdit>(QString(), before, qxSetMemento::of(*captured), QString());
     m_stack.push(record.finish(tr("Update \"%1\"").arg(set), set, std::move(ofSet)).release());
-    qxPanelEvents::announceEditedSets();
+    emit qxPanelChanges::the().setsEdited();
 }

@@ -15,7 +15,7 @@ class qxVariantSet;
 /// over. Names that are wanted but taken get a number. What others (scripts, a file that is read)
 /// change meanwhile stays: a step that touches just that is dropped when it is undone, and a set
 /// that comes back while its name is taken gets a number. An edit that would change nothing is no
-/// step. Every edit is announced through the host.
+/// step. qxPanelChanges tells of every edit.
 class qxSetEdits : public QObject {
     Q_OBJECT
 

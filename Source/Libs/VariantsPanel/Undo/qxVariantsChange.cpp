@@ -3,7 +3,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "qxController.h"
+#include "qxPanelChanges.h"
 
 #include <QSet>
 
@@ -51,13 +51,14 @@ void qxVariantsChange::finish()
 
 void qxVariantsChange::apply(bool forward) const
 {
+    bool isAny = false;
     for (int kind = 0; kind < qxKindAccess::Count; ++kind) {
-        bool isAny = forward ? bring(kind) : takeBack(kind);
+        isAny |= forward ? bring(kind) : takeBack(kind);
         for (const Changed &changed : m_kinds[kind].edited)
             isAny |= edit(kind, changed, forward);
-        if (isAny)
-            qxController::call(qxKindAccess::of(kind).changed, qxKindAccess::of(kind).flag);
     }
+    if (isAny)
+        emit qxPanelChanges::the().variantsEdited();
 }
 
 bool qxVariantsChange::bring(int kind) const

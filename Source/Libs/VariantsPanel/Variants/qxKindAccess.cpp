@@ -11,7 +11,7 @@ namespace {
 
 template <class Variant, auto &list, QString Variant::*sceneName,
           Variant *(*create)(const QString &, bool), bool (*remove)(const QString &)>
-qxKindAccess accessOf(const qxStateList qxVariantSet::*states, const char *changed, int flag)
+qxKindAccess accessOf(const qxStateList qxVariantSet::*states)
 {
     return {
         [](const qxKindAccess::Visit &visit) {
@@ -22,9 +22,7 @@ qxKindAccess accessOf(const qxStateList qxVariantSet::*states, const char *chang
         [](const QString &name) -> qxVariant * { return create(name, false); },
         remove,
         [](qxVariant &variant) -> QString & { return static_cast<Variant &>(variant).*sceneName; },
-        states,
-        changed,
-        flag};
+        states};
 }
 
 } // namespace
@@ -35,20 +33,18 @@ const qxKindAccess &qxKindAccess::of(int kind)
     typedef qxVariants All;
     static const qxKindAccess kinds[] = {
         accessOf<qxNodeVariant, All::_nodeVariants, &qxNodeVariant::nodeName,
-                 &All::createNodeVariant, &All::removeNodeVariant>(&qxVariantSet::nodeVariants,
-                                                                   "nodeVariantChanged", 1),
+                 &All::createNodeVariant, &All::removeNodeVariant>(&qxVariantSet::nodeVariants),
         accessOf<qxMaterialVariant, All::_materialVariants, &qxMaterialVariant::switchMaterialName,
                  &All::createMaterialVariant, &All::removeMaterialVariant>(
-            &qxVariantSet::materialVariants, "materialVariantChanged", 1),
+            &qxVariantSet::materialVariants),
         accessOf<qxLightVariant, All::_lightVariants, &qxLightVariant::lightName,
-                 &All::createLightVariant, &All::removeLightVariant>(&qxVariantSet::lightVariants,
-                                                                     "lightVariantChanged", 1),
+                 &All::createLightVariant, &All::removeLightVariant>(&qxVariantSet::lightVariants),
         accessOf<qxOverlayVariant, All::_overlayVariants, &qxOverlayVariant::overlayName,
                  &All::createOverlayVariant, &All::removeOverlayVariant>(
-            &qxVariantSet::overlayVariants, "overlayVariantChanged", 1),
+            &qxVariantSet::overlayVariants),
         accessOf<qxTransformVariant, All::_transformVariants, &qxTransformVariant::nodeName,
                  &All::createTransformVariant, &All::removeTransformVariant>(
-            &qxVariantSet::transformVariants, "transformVariantChanged", 0),
+            &qxVariantSet::transformVariants),
     };
     return kinds[kind];
 }

@@ -8,7 +8,7 @@ class qxVariant;
 
 /// What the kinds of variants differ in, so that the rest is written once for all of them.
 ///
-/// Nothing is announced, except that variants are removed.
+/// Only the removal of a variant is announced.
 struct qxKindAccess {
     enum { Count = 5 };
     typedef std::function<void(qxVariant &)> Visit;
@@ -22,6 +22,4 @@ struct qxKindAccess {
     bool (*remove)(const QString &name);
     QString &(*sceneName)(qxVariant &variant);
     const qxStateList qxVariantSet::*states; ///< a set's references to variants of the kind
-    const char *changed; ///< the announcement
-    int flag; ///< of it
 };

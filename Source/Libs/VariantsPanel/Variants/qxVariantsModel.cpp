@@ -5,7 +5,6 @@
 #include "qxKeyText.h"
 #include "qxKindAccess.h"
 #include "qxPanelEvents.h"
-#include "qxShownState.h"
 
 #include <QFont>
 #include <QTextDocument>
@@ -202,7 +201,7 @@ const QString &qxVariantsModel::currentOf(int kind, const Variant &variant) cons
 {
     if (!variant.isCurrentKnown) {
         const qxVariant *const found = find(kind, variant.name);
-        variant.current = found ? qxShownState::of(*found) : QString();
+        variant.current = found ? found->shown().visibleState() : QString();
         variant.isCurrentKnown = true;
     }
     return variant.current;

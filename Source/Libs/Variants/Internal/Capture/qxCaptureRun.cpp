@@ -2,8 +2,6 @@
 
 #include "Internal/Capture/qxCaptureProgress.h"
 #include "Internal/Materials/qxSwitchMaterials.h"
-#include "Internal/Registry/qxText.h"
-#include "Internal/Scene/qxOpenNodes.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "qxLightVariant.h"
 #include "qxNodeVariant.h"
@@ -14,13 +12,16 @@
 #include "OSGUberLight.h"
 #include "qxLights.h"
 #include "qxMaterials.h"
-#include "qxNodeUtils.h"
+#include "qxNames.h"
+#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
+
+using qxNames::nameOf;
 
 namespace {
 
@@ -31,11 +32,6 @@ typename Core::Ptr coreAs(const osg::NodeCorePtr &core)
 {
     return core->getType().isDerivedFrom(Core::getClassType()) ? Core::Ptr::dcast(core)
                                                                : typename Core::Ptr();
-}
-
-QString nameOf(const osg::NodePtr &node)
-{
-    return qxText::fromUtf8(qxNodeUtils::getName(node));
 }
 
 QString stateOf(const osg::NodePtr &node, const osg::SwitchPtr &core)
@@ -57,15 +53,12 @@ qxCaptureRun::qxCaptureRun(qxVariantSet &set, const qxCaptureKinds &kinds,
 
 void qxCaptureRun::visit(const osg::NodePtr &top)
 {
-    qxOpenNodes open(top); // not the call stack: scenes may be deep
-    for (;;) {
+    qxCaptureProgress::processEvents();
+    qxWalkChangingNodes(top, [this](const osg::NodePtr &node) {
+        const bool goesOn = node->getCore() != osg::NullFC && captureNode(node);
         qxCaptureProgress::processEvents();
-        const osg::NodeRefPtr node(open.take()); // listeners may remove it
-        if (node == osg::NullFC)
-            return;
-        if (node->getCore() != osg::NullFC && captureNode(node))
-            open.addChildrenOf(node);
-    }
+        return goesOn;
+    });
 }
 
 /// Whether the walk goes on below the node.
@@ -201,9 +194,9 @@ void qxCaptureRun::takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr
     // Of a material group, and of what was just built or named; that was recorded unasked.
     captureStates(now.get());
     if (!isWanted(now.get()))
-        m_set.removeMaterialVariant(qxSwitchMaterials::nameOf(now.get()));
+        m_set.removeMaterialVariant(nameOf(now.get()));
     if (m_notes.materials.contains(path))
         return;
-    m_notes.materials.insert(path, qxSwitchMaterials::nameOf(now.get()));
+    m_notes.materials.insert(path, nameOf(now.get()));
     qxVariants::checkIfNodeMatchesNodePath(node, path.toUtf8().constData(), true);
 }

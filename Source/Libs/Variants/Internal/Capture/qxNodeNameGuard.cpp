@@ -1,6 +1,5 @@
 #include "Internal/Capture/qxNodeNameGuard.h"
 
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "qxVariantCaptureChecker.h"
 #include "qxVariantSet.h"
@@ -10,6 +9,7 @@
 #include "qxLog.h"
 #include "qxNodeUtils.h"
 #include "qxOpenSGUtils.h"
+#include "qxText.h"
 
 #include <OpenSG/OSGSwitch.h>
 

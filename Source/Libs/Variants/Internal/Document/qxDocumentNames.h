@@ -9,23 +9,13 @@ namespace qxDocumentNames {
 inline const QString Variants = QStringLiteral("Variants");
 inline const QString VariantGroup = QStringLiteral("VariantGroup");
 inline const QString VariantSet = QStringLiteral("VariantSet");
-inline const QString NodeVariant = QStringLiteral("NodeVariant");
-inline const QString MaterialVariant = QStringLiteral("MaterialVariant");
-inline const QString LightVariant = QStringLiteral("LightVariant");
-inline const QString OverlayVariant = QStringLiteral("OverlayVariant");
-inline const QString TransformVariant = QStringLiteral("TransformVariant");
 
 // Children of a set.
 inline const QString Hotkey = QStringLiteral("Hotkey");
 inline const QString SequentialAnimation = QStringLiteral("SequentialAnimation");
 inline const QString Script = QStringLiteral("Script");
 inline const QString Preview = QStringLiteral("Preview");
-inline const QString NodeVariantRef = QStringLiteral("NodeVariantRef");
-inline const QString TransformRef = QStringLiteral("TransformRef");
-inline const QString MaterialVariantRef = QStringLiteral("MaterialVariantRef");
-inline const QString LightVariantRef = QStringLiteral("LightVariantRef");
 inline const QString ViewpointRef = QStringLiteral("ViewpointRef");
-inline const QString OverlayRef = QStringLiteral("OverlayRef");
 inline const QString AnimationRef = QStringLiteral("AnimationRef");
 inline const QString GeometryRef = QStringLiteral("GeometryRef");
 inline const QString TargetName = QStringLiteral("TargetName");

@@ -2,16 +2,14 @@
 
 #include "Internal/Materials/qxSwitchMaterials.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Scene/qxOpenNodes.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxMaterialVariant.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
-#include "qxScenegraph.h"
+#include "qxNames.h"
+#include "qxNodeWalk.h"
 
 #include <OpenSG/OSGMaterialPool.h>
 #include <OpenSG/OSGMultiPassMaterial.h>
@@ -20,8 +18,8 @@
 
 namespace {
 
+using qxNames::nameOf;
 using qxSwitchMaterials::chosen;
-using qxSwitchMaterials::nameOf;
 using qxSwitchMaterials::switchOf;
 
 qxSnapshotReconciler *_current = nullptr;
@@ -108,7 +106,7 @@ bool qxSnapshotReconciler::isClone(const osg::NodePtr &node)
 {
     const osg::UInt32 core = node->getCore().getFieldContainerId();
     osg::UInt32 &id = m_firstOfCore[core];
-    const osg::NodePtr first = qxOpenNodes::withId(id);
+    const osg::NodePtr first = qxNodeWithId(id);
     if (first == osg::NullFC)
         id = node.getFieldContainerId();
     return first != osg::NullFC && first != node && qxNodeUtils::isCloneOf(node, first);
@@ -250,7 +248,7 @@ bool qxSnapshotReconciler::mayTake(const osg::NodePtr &node, const osg::SwitchMa
 osg::NodePtr qxSnapshotReconciler::lastUser(const osg::MaterialPtr &material)
 {
     osg::UInt32 &id = m_lastUsers[material.getFieldContainerId()];
-    const osg::NodePtr known = qxOpenNodes::withId(id);
+    const osg::NodePtr known = qxNodeWithId(id);
     if (known != osg::NullFC && qxNodeUtils::getMaterial(known) == material)
         return known;
     const std::vector<qxNodePtr> users = usersOf(material);

@@ -1,15 +1,12 @@
 #include "Internal/Materials/qxSwitchMaterials.h"
 
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxMaterialVariant.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
-#include "qxScenegraph.h"
+#include "qxNames.h"
 
 #include <OpenSG/OSGMultiPassMaterial.h>
 
@@ -66,7 +63,7 @@ private:
         if (!variant)
             return;
         const osg::MaterialRefPtr shown(qxSwitchMaterials::chosen(choices));
-        m_set.add(variant, qxSwitchMaterials::nameOf(shown.get()));
+        m_set.add(variant, qxNames::nameOf(shown.get()));
         visit(shown);
     }
 
@@ -87,11 +84,6 @@ private:
 } // namespace
 
 namespace qxSwitchMaterials {
-
-QString nameOf(const osg::MaterialPtr &material)
-{
-    return qxText::fromUtf8(qxMaterials::getName(material));
-}
 
 osg::MaterialPtr findMaterial(const QString &name)
 {

@@ -13,7 +13,6 @@ class qxVariantSet;
 /// nothing.
 namespace qxSwitchMaterials {
 
-QString nameOf(const osg::MaterialPtr &material);
 /// The first material of that name, or null.
 osg::MaterialPtr findMaterial(const QString &name);
 

@@ -2,11 +2,11 @@
 
 #include "Internal/Options/qxOptionAppender.h"
 #include "Internal/Options/qxOptionRebuild.h"
-#include "Internal/Registry/qxText.h"
 #include "qxVariant.h"
 
 #include "qxNodeUtils.h"
 #include "qxStateRules.h"
+#include "qxText.h"
 
 #include <OpenSG/OSGSwitch.h>
 

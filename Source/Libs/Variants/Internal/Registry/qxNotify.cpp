@@ -1,19 +1,19 @@
 #include "Internal/Registry/qxNotify.h"
 
 #include "Internal/Registry/qxNameLookUp.h"
-#include "Internal/Registry/qxText.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "qxVariant.h"
+#include "qxVariantKind.h"
 
 #include "qxController.h"
 #include "qxMessage.h"
 #include "qxModuleBase.h"
+#include "qxText.h"
 
 namespace {
 
-/// Views follow a notification at once, or when the host is idle.
+/// Views follow a notification at once.
 constexpr int AtOnce = 1;
-constexpr int WhenIdle = 0;
 
 void call(const char *name, int flag)
 {
@@ -46,11 +46,6 @@ void callWithObject(const char *name, void *object, int flag = AtOnce)
     callWith(name, "variant", object, flag);
 }
 
-void callTransformVariantChanged(int flag)
-{
-    call("transformVariantChanged", flag);
-}
-
 void callWithChange(const char *name, qxMessage &message, qxNodesChange &&change)
 {
     set(message, "visible", std::move(change.visible));
@@ -64,84 +59,34 @@ void callWithChange(const char *name, qxMessage &message, qxNodesChange &&change
 
 namespace qxNotify {
 
-void nodeVariantAdded(qxVariant *variant)
+void variantAdded(const qxVariantNotifications &names, qxVariant *variant)
 {
-    callWithObject("nodeVariantAdded", variant);
+    callWithObject(names.added, variant, names.flag);
 }
 
-void materialVariantAdded(qxVariant *variant)
+void variantRemoved(const qxVariantNotifications &names)
 {
-    callWithObject("materialVariantAdded", variant);
+    call(names.removed, names.flag);
 }
 
-void lightVariantAdded(qxVariant *variant)
+void variantsChanged(const qxVariantNotifications &names)
 {
-    callWithObject("lightVariantAdded", variant);
+    call(names.changed, names.flag);
 }
 
-void overlayVariantAdded(qxVariant *variant)
+void variantsChangedByDocument(const qxVariantNotifications &names)
 {
-    callWithObject("overlayVariantAdded", variant);
+    call(names.changed, AtOnce);
 }
 
-void transformVariantAdded(qxVariant *variant)
+void variantSelected(const qxVariantNotifications &names, qxVariant *variant)
 {
-    callWithObject("transformVariantAdded", variant, WhenIdle);
+    callWithObject(names.selected, variant);
 }
 
-void nodeVariantRemoved()
+void highlightVariants(const qxVariantNotifications &names, const std::vector<QString> &variants)
 {
-    call("nodeVariantRemoved", AtOnce);
-}
-
-void materialVariantRemoved()
-{
-    call("materialVariantRemoved", AtOnce);
-}
-
-void lightVariantRemoved()
-{
-    call("lightVariantRemoved", AtOnce);
-}
-
-void overlayVariantRemoved()
-{
-    call("overlayVariantRemoved", AtOnce);
-}
-
-void transformVariantRemoved()
-{
-    call("transformVariantRemoved", WhenIdle);
-}
-
-void nodeVariantChanged()
-{
-    call("nodeVariantChanged", AtOnce);
-}
-
-void materialVariantChanged()
-{
-    call("materialVariantChanged", AtOnce);
-}
-
-void lightVariantChanged()
-{
-    call("lightVariantChanged", AtOnce);
-}
-
-void overlayVariantChanged()
-{
-    call("overlayVariantChanged", AtOnce);
-}
-
-void transformVariantChanged()
-{
-    callTransformVariantChanged(WhenIdle);
-}
-
-void transformVariantChangedByDocument()
-{
-    callTransformVariantChanged(AtOnce);
+    callWith(names.highlight, "variant", variants);
 }
 
 void variantSetAdded(qxVariantSet *set)
@@ -192,51 +137,6 @@ void variantSetSelected(qxVariantSet *set)
 void animationStart(const QString &animation)
 {
     callWith("animationStart", "animation-name", qxText::toUtf8(animation));
-}
-
-void selectNodeVariants(const std::vector<QString> &names)
-{
-    callWith("selectNodeVariants", "variant", names);
-}
-
-void selectMaterialVariants(const std::vector<QString> &names)
-{
-    callWith("selectMaterialVariants", "variant", names);
-}
-
-void selectLightVariants(const std::vector<QString> &names)
-{
-    callWith("selectLightVariants", "variant", names);
-}
-
-void selectOverlayVariants(const std::vector<QString> &names)
-{
-    callWith("selectOverlayVariants", "variant", names);
-}
-
-void selectTransformVariants(const std::vector<QString> &names)
-{
-    callWith("selectTransformVariants", "variant", names);
-}
-
-void nodeVariantSelected(qxVariant *variant)
-{
-    callWithObject("nodeVariantSelected", variant);
-}
-
-void materialVariantSelected(qxVariant *variant)
-{
-    callWithObject("materialVariantSelected", variant);
-}
-
-void lightVariantSelected(qxVariant *variant)
-{
-    callWithObject("lightVariantSelected", variant);
-}
-
-void overlayVariantSelected(qxVariant *variant)
-{
-    callWithObject("overlayVariantSelected", variant);
 }
 
 qxMessage changeBy(const std::string &variantName)

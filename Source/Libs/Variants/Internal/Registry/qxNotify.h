@@ -10,35 +10,24 @@ class qxVariant;
 class qxVariantGroup;
 class qxVariantSet;
 struct qxNodesChange;
+struct qxVariantNotifications;
 
-/// Everything that the module tells the host: one function per notification, called like it.
+/// Everything that the module tells the host: one function per notification, called like it. Those
+/// about variants have their names from the kind.
 ///
 /// Notifications ask views to follow at once, except those of transform variants, which may wait.
 /// Texts travel as UTF-8, objects as untyped addresses.
 namespace qxNotify {
 
-// The registry gained a variant.
-void nodeVariantAdded(qxVariant *variant);
-void materialVariantAdded(qxVariant *variant);
-void lightVariantAdded(qxVariant *variant);
-void overlayVariantAdded(qxVariant *variant);
-void transformVariantAdded(qxVariant *variant);
-
-// The registry was asked to remove a variant.
-void nodeVariantRemoved();
-void materialVariantRemoved();
-void lightVariantRemoved();
-void overlayVariantRemoved();
-void transformVariantRemoved();
-
-// Many variants came or went.
-void nodeVariantChanged();
-void materialVariantChanged();
-void lightVariantChanged();
-void overlayVariantChanged();
-void transformVariantChanged();
+// Variants of one kind came, went or were selected, or the user wants to see those of these names.
+void variantAdded(const qxVariantNotifications &names, qxVariant *variant);
+void variantRemoved(const qxVariantNotifications &names);
+void variantsChanged(const qxVariantNotifications &names);
 /// The same after a document was read, when views follow at once.
-void transformVariantChangedByDocument();
+void variantsChangedByDocument(const qxVariantNotifications &names);
+/// A state was selected; sent once, after all changes.
+void variantSelected(const qxVariantNotifications &names, qxVariant *variant);
+void highlightVariants(const qxVariantNotifications &names, const std::vector<QString> &variants);
 
 // Sets and groups came or went; removed ones still exist during the call.
 void variantSetAdded(qxVariantSet *set);
@@ -53,19 +42,6 @@ void variantsSetSelected(const QString &setName);
 void variantSetSelected();
 void variantSetSelected(qxVariantSet *set);
 void animationStart(const QString &animation);
-
-// The user wants to see the variants of these names.
-void selectNodeVariants(const std::vector<QString> &names);
-void selectMaterialVariants(const std::vector<QString> &names);
-void selectLightVariants(const std::vector<QString> &names);
-void selectOverlayVariants(const std::vector<QString> &names);
-void selectTransformVariants(const std::vector<QString> &names);
-
-// A state was selected; sent once, after all changes.
-void nodeVariantSelected(qxVariant *variant);
-void materialVariantSelected(qxVariant *variant);
-void lightVariantSelected(qxVariant *variant);
-void overlayVariantSelected(qxVariant *variant);
 
 /// The beginning of a message about one changed node: the name of the variant that changed it.
 qxMessage changeBy(const std::string &variantName);

@@ -1,11 +1,7 @@
 #include "Internal/Scene/qxPathLookup.h"
 
-#include "Internal/Registry/qxText.h"
-
-#include "qxNodeUtils.h"
-#include "qxScenegraph.h"
-
-#include <OpenSG/OSGFieldContainerFactory.h>
+#include "qxNames.h"
+#include "qxNodeWalk.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -38,10 +34,9 @@ public:
         if (m_slots.empty())
             chain();
         for (std::uint32_t i = slot(hash); i != None; i = m_entries[i].next) {
-            const osg::FieldContainerPtr object =
-                osg::FieldContainerFactory::the()->getContainer(m_entries[i].id);
-            if (m_entries[i].hash == hash && object != osg::NullFC)
-                nodes.push_back(osg::NodePtr::dcast(object));
+            const osg::NodePtr node = qxNodeWithId(m_entries[i].id);
+            if (m_entries[i].hash == hash && node != osg::NullFC)
+                nodes.push_back(node);
         }
         return nodes;
     }
@@ -81,25 +76,7 @@ PathTable _pathToNodeMap;
 
 std::string qxPathLookup::utf8Path(const osg::NodePtr &node)
 {
-    if (node == osg::NullFC)
-        return std::string();
-    const osg::NodePtr root = qxScenegraph::getRootNode();
-    std::vector<std::string> names{qxNodeUtils::getName(node)};
-    std::size_t length = names.front().size();
-    osg::NodePtr parent = node->getParent();
-    for (; parent != osg::NullFC && parent != root; parent = parent->getParent()) {
-        names.push_back(qxNodeUtils::getName(parent));
-        length += names.back().size() + 1;
-    }
-
-    std::string path;
-    path.reserve(length);
-    for (auto name = names.rbegin(); name != names.rend(); ++name) {
-        if (name != names.rbegin())
-            path.push_back('/');
-        path.append(*name);
-    }
-    return path;
+    return node == qxScenegraph::getRoot() ? qxNodeUtils::getName(node) : qxNames::pathOf(node);
 }
 
 QString qxPathLookup::getNodePath(qxNodePtr node)
@@ -129,20 +106,19 @@ void qxPathLookup::createLookupTable()
 void qxPathLookup::createLookupTableRecursive(qxNodePtr node, unsigned int parentHash)
 {
     const osg::NodePtr root = qxScenegraph::getRootNode();
-    std::vector<std::pair<osg::NodePtr, unsigned int>> open{{node, parentHash}};
-    while (!open.empty()) { // not the call stack: scenes may be deep
-        const osg::NodePtr each = open.back().first;
-        unsigned int hash = open.back().second;
-        open.pop_back();
+    typedef std::vector<std::pair<osg::NodePtr, unsigned int>> Places;
+    qxWalkTree(Places{{node, parentHash}}, [&root](const Places::value_type &place, Places &below) {
+        auto [each, hash] = place;
         if (each == osg::NullFC)
-            continue;
+            return true;
         if (each->getParent() != root)
             hash = hashOf("/", hash);
         hash = hashOf(qxNodeUtils::getName(each).c_str(), hash);
         _pathToNodeMap.add(hash, each);
-        for (osg::UInt32 i = each->getNChildren(); i > 0; --i)
-            open.push_back({each->getChild(i - 1), hash});
-    }
+        for (const osg::NodePtr &child : *each->getMFChildren())
+            below.push_back({child, hash});
+        return true;
+    });
 }
 
 std::vector<qxNodePtr> qxPathLookup::findHash(unsigned int hash)

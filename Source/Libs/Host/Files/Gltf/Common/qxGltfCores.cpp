@@ -34,10 +34,10 @@ bool fitsComponents(const osg::ComponentTransformPtr &transform)
         && transform->getScaleOrientation() == osg::Quaternion();
 }
 
-qxGltfPlace matrixPlace(const osg::Matrix &matrix)
+qxGltfPose matrixPose(const osg::Matrix &matrix)
 {
     const float *values = matrix.getValues();
-    return {qxGltfPlace::Matrix, std::vector<float>(values, values + 16)};
+    return {qxGltfPose::Matrix, std::vector<float>(values, values + 16)};
 }
 
 bool isPlainGroup(const osg::NodeCorePtr &core)
@@ -65,7 +65,7 @@ bool qxGltfIsSwitch(const osg::NodeCorePtr &core)
     return osg::SwitchPtr::dcast(core) != osg::NullFC;
 }
 
-bool qxGltfNeedsPlace(const osg::NodeCorePtr &core)
+bool qxGltfNeedsPose(const osg::NodeCorePtr &core)
 {
     return qxGltfIsSwitch(core) || osg::UberLightPtr::dcast(core) != osg::NullFC;
 }
@@ -76,16 +76,16 @@ bool qxGltfIsPlainTransform(const osg::NodeCorePtr &core)
         && osg::SwitchComponentTransformPtr::dcast(core) == osg::NullFC;
 }
 
-qxGltfPlace qxGltfPlaceOf(const osg::NodeCorePtr &core)
+qxGltfPose qxGltfPoseOf(const osg::NodeCorePtr &core)
 {
     const osg::TransformPtr transform = osg::TransformPtr::dcast(core);
     if (transform == osg::NullFC)
-        return qxGltfPlace();
+        return qxGltfPose();
     const osg::ComponentTransformPtr components = osg::ComponentTransformPtr::dcast(core);
     if (components == osg::NullFC || !fitsComponents(components))
-        return matrixPlace(transform->getMatrix());
+        return matrixPose(transform->getMatrix());
     return {
-        qxGltfPlace::Components,
+        qxGltfPose::Components,
         numbersOf(components->getTranslation(), components->getRotation(), components->getScale())};
 }
 
@@ -98,39 +98,39 @@ void qxGltfDescribeCore(const osg::NodePtr &node, qxGltfNodeState &state)
     const osg::SwitchPtr choice = osg::SwitchPtr::dcast(core);
     const osg::UberLightPtr light = osg::UberLightPtr::dcast(core);
     const osg::OverlayCorePtr overlay = osg::OverlayCorePtr::dcast(core);
-    state.place = qxGltfPlaceOf(core);
+    state.pose = qxGltfPoseOf(core);
     if (choice != osg::NullFC) {
         state.switchChoice = choice->getChoice();
     } else if (states != osg::NullFC) {
         state.transformChoice = int(states->getChoice());
-        state.transformStates = allNumbers(states->getStates());
+        state.switchTransforms = allNumbers(states->getStates());
     } else if (light != osg::NullFC) {
         state.light = qxGltfLight::of(light);
         state.lightOn = light->getOn();
     } else if (overlay != osg::NullFC) {
         state.overlayLayer = overlay->getLayer();
-    } else if (state.place.kind == qxGltfPlace::Nowhere && !isPlainGroup(core)
+    } else if (state.pose.kind == qxGltfPose::None && !isPlainGroup(core)
                && osg::GeometryPtr::dcast(core) == osg::NullFC) {
         throw qxGltfError(qxFileText::tr("%1 cannot be written: scene files have no form for a %2")
-                              .arg(qxGltfCalled(node), core->getTypeName()));
+                              .arg(qxGltfLabel(node), core->getTypeName()));
     }
 }
 
-void qxGltfDescribePoses(const osg::NodePtr &node, qxGltfPoses &poses)
+void qxGltfDescribeTransformStates(const osg::NodePtr &node, qxGltfTransformStates &result)
 {
     const osg::TransformStatesPtr states =
         osg::TransformStatesPtr::dcast(node->findAttachment(osg::TransformStates::getClassType()));
     if (states == osg::NullFC)
         return;
-    poses.names.assign(states->getNames().begin(), states->getNames().end());
-    poses.numbers = allNumbers(states->getPoses());
-    poses.selected = states->getSelected();
+    result.names.assign(states->getNames().begin(), states->getNames().end());
+    result.numbers = allNumbers(states->getPoses());
+    result.selected = states->getSelected();
     const auto choices = osg::SwitchComponentTransformPtr::dcast(node->getCore());
     const osg::MFMatrix &all = states->getPoses();
     if (choices == osg::NullFC || choices->getChoice() >= choices->getCount()
-        || std::size_t(poses.selected) >= all.size())
+        || std::size_t(result.selected) >= all.size())
         return;
     const osg::Matrix matrix = choices->getMatrix();
-    poses.showsPose = matrix == qxTransformStates::shown(all[std::size_t(poses.selected)])
+    result.isShown = matrix == qxTransformStates::shown(all[std::size_t(result.selected)])
         && matrix != qxTransformStates::shown(choices->getStates()[choices->getChoice()]);
 }

@@ -101,7 +101,7 @@ qxGltfAccessor::Sparse sparseOf(const QString &called, const qxJson &sparse,
 qxGltfAccessor qxGltfAccessor::of(const qxJson &document, int index)
 {
     const qxJson &json = qxGltfSection(document, "accessors")[std::size_t(index)];
-    const QString called = qxGltfCalled("accessor", index, json);
+    const QString called = qxGltfLabel("accessor", index, json);
     qxGltfAccessor accessor;
     qxGltfElements &elements = accessor.elements;
     elements.count = qxGltfCheckedCount(called, json, "count", -1);

@@ -66,7 +66,7 @@ bool qxGltfExtras::isNumber(const char *key) const
 
 void qxGltfExtras::warn(const char *key, const QString &reason) const
 {
-    m_warnings << QString("%1: %2 %3").arg(qxGltfCalled(m_kind, m_index, m_node), key, reason);
+    m_warnings << QString("%1: %2 %3").arg(qxGltfLabel(m_kind, m_index, m_node), key, reason);
 }
 
 std::optional<int> qxGltfExtras::integer(const char *key) const

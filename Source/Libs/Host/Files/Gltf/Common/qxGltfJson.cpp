@@ -33,7 +33,7 @@ QString qxFileText::kind(const char *kind)
     return tr(kind);
 }
 
-QString qxGltfCalled(const char *kind, int index, const qxJson &entry)
+QString qxGltfLabel(const char *kind, int index, const qxJson &entry)
 {
     const QString number = QString::number(index);
     const qxJson &name = qxGltfMember(entry, "name");
@@ -44,8 +44,8 @@ QString qxGltfCalled(const char *kind, int index, const qxJson &entry)
              QString::fromStdString(name.get_ref<const std::string &>()));
 }
 
-QString qxGltfCalledPrimitive(int index, const qxJson &mesh, int primitive)
+QString qxGltfPrimitiveLabel(int index, const qxJson &mesh, int primitive)
 {
     return qxFileText::tr("%1, primitive %2")
-        .arg(qxGltfCalled("mesh", index, mesh), QString::number(primitive));
+        .arg(qxGltfLabel("mesh", index, mesh), QString::number(primitive));
 }

@@ -26,6 +26,6 @@ const qxJson &qxGltfMember(const qxJson &object, const char *name);
 int qxGltfIndex(const qxJson &object, const char *name);
 
 /// How messages call an entry of a list: its kind, its number and, when it has one, its name.
-QString qxGltfCalled(const char *kind, int index, const qxJson &entry);
+QString qxGltfLabel(const char *kind, int index, const qxJson &entry);
 /// The same for a primitive of the mesh `index`.
-QString qxGltfCalledPrimitive(int index, const qxJson &mesh, int primitive);
+QString qxGltfPrimitiveLabel(int index, const qxJson &mesh, int primitive);

@@ -116,10 +116,10 @@ void qxGltfCheckLights(const qxJson &document)
 {
     const qxJson &lights = lightsOf(document);
     for (std::size_t i = 0; i < lights.size(); ++i)
-        checkLight(qxGltfCalled("light", int(i), lights[i]), lights[i]);
+        checkLight(qxGltfLabel("light", int(i), lights[i]), lights[i]);
     int index = 0;
     for (const qxJson &node : qxGltfSection(document, "nodes"))
-        qxGltfCheckIndex(qxGltfCalled("node", index++, node), extensionOf(node), "light", lights,
+        qxGltfCheckIndex(qxGltfLabel("node", index++, node), extensionOf(node), "light", lights,
                          "light");
 }
 

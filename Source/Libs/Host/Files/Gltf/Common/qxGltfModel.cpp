@@ -50,12 +50,12 @@ void takeStructure(const qxJson &document, qxMemoryBudget &budget)
     }
     const qxJson &meshes = qxGltfSection(document, "meshes");
     for (std::size_t i = 0; i < meshes.size(); ++i)
-        budget.take(qxGltfCalled("mesh", int(i), meshes[i]), parts(meshes[i]), _bytesPerEntry);
+        budget.take(qxGltfLabel("mesh", int(i), meshes[i]), parts(meshes[i]), _bytesPerEntry);
     const qxJson &nodes = qxGltfSection(document, "nodes");
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         const int mesh = qxGltfIndex(nodes[i], "mesh");
         if (mesh >= 0)
-            budget.take(qxGltfCalled("node", int(i), nodes[i]), parts(meshes[std::size_t(mesh)]),
+            budget.take(qxGltfLabel("node", int(i), nodes[i]), parts(meshes[std::size_t(mesh)]),
                         _bytesPerPart);
     }
 }

@@ -2,7 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfCores.h"
 #include "OSGOverlayCore.h"
-#include "Scene/qxNodeWalk.h"
+#include "Scene/qxNodeName.h"
 #include "qxNodeUtils.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -72,7 +72,7 @@ bool Describer::isUpper(const osg::NodePtr &node) const
         || !(isOverlay || qxGltfIsPlainTransform(node->getCore())))
         return false;
     const bool madeForFile = m_origin.uppers.count(node.getFieldContainerId()) > 0;
-    if (!qxGltfNeedsPlace(node->getChild(0)->getCore()))
+    if (!qxGltfNeedsPose(node->getChild(0)->getCore()))
         return isOverlay && madeForFile;
     // What are two nodes in the file stay two.
     return madeForFile || fileIndex(node) < 0;
@@ -133,9 +133,9 @@ void Describer::describe(const Open &open, std::vector<Open> &rest)
         state.name = osg::getName(node->getCore()); // by which it is found
     state.visible = node->getTravMask() != 0;
     qxGltfDescribeCore(node, state);
-    qxGltfDescribePoses(node, state.poses);
-    if (above.place.kind != qxGltfPlace::Nowhere)
-        state.place = above.place;
+    qxGltfDescribeTransformStates(node, state.transformStates);
+    if (above.pose.kind != qxGltfPose::None)
+        state.pose = above.pose;
     if (above.overlayLayer)
         state.overlayLayer = above.overlayLayer;
     if (state.switchChoice || state.transformChoice)
@@ -173,9 +173,9 @@ void Describer::findSharers()
             clone.sharesCoreOf = owner;
             clone.switchChoice.reset();
             clone.transformChoice.reset();
-            clone.transformStates.clear();
+            clone.switchTransforms.clear();
             if (!qxGltfIsSwitch(clone.node->getCore()))
-                clone.place = qxGltfPlace();
+                clone.pose = qxGltfPose();
         }
     }
 }
@@ -284,7 +284,7 @@ std::unordered_map<std::string, int> qxGltfState::owners() const
     return first;
 }
 
-QString qxGltfCalled(const osg::NodePtr &node)
+QString qxGltfLabel(const osg::NodePtr &node)
 {
     return qxFileText::tr("node \"%1\"").arg(QString::fromStdString(qxNodeUtils::getName(node)));
 }

@@ -7,21 +7,21 @@
 #include <string>
 #include <vector>
 
-/// Where a node stands: as translation, rotation and scale, or as a matrix.
-struct qxGltfPlace {
-    enum Kind { Nowhere, Components, Matrix };
-    Kind kind = Nowhere;
+/// Where a node stands, its pose: as translation, rotation and scale, or as a matrix.
+struct qxGltfPose {
+    enum Kind { None, Components, Matrix };
+    Kind kind = None;
     std::vector<float> numbers; ///< ten or sixteen, as a scene file has them
 
-    bool operator==(const qxGltfPlace &o) const { return kind == o.kind && numbers == o.numbers; }
+    bool operator==(const qxGltfPose &o) const { return kind == o.kind && numbers == o.numbers; }
 };
 
 /// The named transform states of a node.
-struct qxGltfPoses {
+struct qxGltfTransformStates {
     std::vector<std::string> names;
     std::vector<float> numbers; ///< ten per state
     int selected = -1;
-    bool showsPose = false; ///< a transform switch that stands in the pose and not in its choice
+    bool isShown = false; ///< a transform switch that stands in the pose and not in its choice
 };
 
 /// One node as a scene file would have it. Comparing what was loaded with what is there now tells
@@ -31,12 +31,12 @@ struct qxGltfNodeState {
     int index = -1; ///< in the file, -1 when it is not from there
     std::optional<std::string> name;
     bool visible = true;
-    qxGltfPlace place;
+    qxGltfPose pose;
     std::optional<int> switchChoice;
     std::optional<int> transformChoice;
-    std::vector<float> transformStates; ///< ten per state
+    std::vector<float> switchTransforms; ///< of a transform switch, ten per transform
     std::optional<int> sharesCoreOf; ///< position in qxGltfState::nodes of the owner of the core
-    qxGltfPoses poses;
+    qxGltfTransformStates transformStates;
     std::optional<qxGltfLight> light;
     bool lightOn = true;
     std::optional<osg::UInt32> overlayLayer; ///< of an overlay
@@ -64,6 +64,6 @@ struct qxGltfState {
 };
 
 /// How messages call a node of the scene graph.
-QString qxGltfCalled(const osg::NodePtr &node);
+QString qxGltfLabel(const osg::NodePtr &node);
 /// The ten numbers of a transform: translation, rotation quaternion x y z w, scale.
 std::vector<float> qxGltfNumbers(const osg::Matrix &matrix);

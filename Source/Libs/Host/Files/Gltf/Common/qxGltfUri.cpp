@@ -14,7 +14,7 @@ QByteArray bufferBytes(const qxGltfDocument &document, int index, const qxJson &
 {
     const qxJson &uri = qxGltfMember(buffer, "uri");
     if (uri.is_string())
-        return qxGltfRead(document, uri.get_ref<const std::string &>(), budget);
+        return qxGltfReadUri(document, uri.get_ref<const std::string &>(), budget);
     if (index > 0)
         return QByteArray();
     budget.take(document.bin.size(), 1); // cut to its length it is a copy
@@ -66,8 +66,8 @@ std::string qxGltfUriOf(const QString &path)
     return QUrl::toPercentEncoding(path, "/").toStdString();
 }
 
-QByteArray qxGltfRead(const qxGltfDocument &document, const std::string &uri,
-                      qxMemoryBudget &budget)
+QByteArray qxGltfReadUri(const qxGltfDocument &document, const std::string &uri,
+                         qxMemoryBudget &budget)
 {
     if (qxGltfIsDataUri(uri))
         return qxGltfDataOf(uri, budget);
@@ -88,7 +88,7 @@ std::vector<QByteArray> qxGltfReadBuffers(const qxGltfDocument &document, qxMemo
     std::vector<QByteArray> buffers;
     for (const qxJson &buffer : qxGltfSection(document.json, "buffers")) {
         const int index = int(buffers.size());
-        const QString called = qxGltfCalled("buffer", index, buffer);
+        const QString called = qxGltfLabel("buffer", index, buffer);
         const qint64 length = buffer.at("byteLength").get<qint64>();
         try {
             buffers.push_back(bufferBytes(document, index, buffer, budget));

@@ -24,8 +24,8 @@ std::string qxGltfUriOf(const QString &path);
 
 /// What `uri` stands for, read from the document's folder or from the URI itself.
 /// Throws qxGltfError when there is nothing to read or when it may not be read.
-QByteArray qxGltfRead(const qxGltfDocument &document, const std::string &uri,
-                      qxMemoryBudget &budget);
+QByteArray qxGltfReadUri(const qxGltfDocument &document, const std::string &uri,
+                         qxMemoryBudget &budget);
 /// The content of all buffers, cut to their stated length. A buffer without a URI that is not the
 /// BIN chunk is null. Throws qxGltfError for one that is missing or too short.
 std::vector<QByteArray> qxGltfReadBuffers(const qxGltfDocument &document, qxMemoryBudget &budget);

@@ -76,13 +76,13 @@ void checkMeshes(const qxJson &document)
 {
     int index = 0;
     for (const qxJson &mesh : qxGltfSection(document, "meshes")) {
-        const QString called = qxGltfCalled("mesh", index, mesh);
+        const QString called = qxGltfLabel("mesh", index, mesh);
         const qxJson &primitives = qxGltfMember(mesh, "primitives");
         if (!primitives.is_array())
             throw qxGltfError(qxFileText::tr("%1 has no \"primitives\"").arg(called));
         int part = 0;
         for (const qxJson &primitive : primitives)
-            checkPrimitive(qxGltfCalledPrimitive(index, mesh, part++), primitive, document);
+            checkPrimitive(qxGltfPrimitiveLabel(index, mesh, part++), primitive, document);
         ++index;
     }
 }
@@ -99,7 +99,7 @@ void checkMaterials(const qxJson &document)
 {
     int index = 0;
     for (const qxJson &material : qxGltfSection(document, "materials")) {
-        const QString called = qxGltfCalled("material", index++, material);
+        const QString called = qxGltfLabel("material", index++, material);
         const qxJson &surface = qxGltfMember(material, "pbrMetallicRoughness");
         qxGltfCheckNumbers(called, surface, "baseColorFactor", 4);
         qxGltfCheckNumbers(called, material, "emissiveFactor", 3);
@@ -110,7 +110,7 @@ void checkMaterials(const qxJson &document)
     }
     index = 0;
     for (const qxJson &texture : qxGltfSection(document, "textures")) {
-        const QString called = qxGltfCalled("texture", index++, texture);
+        const QString called = qxGltfLabel("texture", index++, texture);
         qxGltfCheckIndex(called, texture, "source", qxGltfSection(document, "images"), "image");
         qxGltfCheckIndex(called, texture, "sampler", qxGltfSection(document, "samplers"),
                          "sampler");

@@ -11,7 +11,7 @@ void checkBuffers(const qxJson &document)
 {
     int index = 0;
     for (const qxJson &buffer : qxGltfSection(document, "buffers")) {
-        const QString called = qxGltfCalled("buffer", index++, buffer);
+        const QString called = qxGltfLabel("buffer", index++, buffer);
         const qint64 length = qxGltfCheckedCount(called, buffer, "byteLength", -1);
         if (length < 0 || length > _maxBuffer)
             throw qxGltfError(qxFileText::tr("%1 states no usable \"byteLength\"").arg(called));
@@ -26,7 +26,7 @@ void checkViews(const qxJson &document)
     const qxJson &buffers = qxGltfSection(document, "buffers");
     int index = 0;
     for (const qxJson &view : qxGltfSection(document, "bufferViews")) {
-        const QString called = qxGltfCalled("buffer view", index++, view);
+        const QString called = qxGltfLabel("buffer view", index++, view);
         qxGltfCheckIndexValue(called, qxGltfMember(view, "buffer"), buffers, "buffer");
         const qint64 offset = qxGltfCheckedCount(called, view, "byteOffset", 0);
         const qint64 length = qxGltfCheckedCount(called, view, "byteLength", -1);

@@ -24,7 +24,7 @@ void checkNode(const QString &called, const qxJson &node, const qxJson &document
 void checkChildren(int index, const qxJson &nodes, Parents &parents)
 {
     const qxJson &node = nodes[std::size_t(index)];
-    const QString called = qxGltfCalled("node", index, node);
+    const QString called = qxGltfLabel("node", index, node);
     const qxJson &children = qxGltfMember(node, "children");
     if (!children.is_null() && !children.is_array())
         throw qxGltfError(qxFileText::tr("%1: \"children\" is not a list").arg(called));
@@ -33,7 +33,7 @@ void checkChildren(int index, const qxJson &nodes, Parents &parents)
         const std::size_t child = value.get<std::size_t>();
         if (parents[child] >= 0) {
             throw qxGltfError(qxFileText::tr("%1 has two parents, node %2 and node %3")
-                                  .arg(qxGltfCalled("node", int(child), nodes[child]))
+                                  .arg(qxGltfLabel("node", int(child), nodes[child]))
                                   .arg(parents[child])
                                   .arg(index));
         }
@@ -53,7 +53,7 @@ void checkLoops(const qxJson &nodes, const Parents &parents)
         }
         if (node >= 0 && visitedBy[std::size_t(node)] == start) {
             throw qxGltfError(qxFileText::tr("%1 is its own ancestor")
-                                  .arg(qxGltfCalled("node", node, nodes[std::size_t(node)])));
+                                  .arg(qxGltfLabel("node", node, nodes[std::size_t(node)])));
         }
     }
 }
@@ -102,7 +102,7 @@ private:
         m_total += place.path + partPaths(node, place.path);
         if (place.depth > _maxDepth)
             throw qxGltfError(qxFileText::tr("%1 is nested deeper than %2 levels")
-                                  .arg(qxGltfCalled("node", int(index), node))
+                                  .arg(qxGltfLabel("node", int(index), node))
                                   .arg(_maxDepth));
         if (m_total > _maxPaths)
             throw qxGltfError(
@@ -133,7 +133,7 @@ void checkScenes(const qxJson &document, const Parents &parents)
     qxGltfCheckIndex(qxFileText::tr("the file"), document, "scene", scenes, "scene");
     int index = 0;
     for (const qxJson &scene : scenes) {
-        const QString called = qxGltfCalled("scene", index++, scene);
+        const QString called = qxGltfLabel("scene", index++, scene);
         const qxJson &roots = qxGltfMember(scene, "nodes");
         if (!roots.is_null() && !roots.is_array())
             throw qxGltfError(qxFileText::tr("%1: \"nodes\" is not a list").arg(called));
@@ -141,7 +141,7 @@ void checkScenes(const qxJson &document, const Parents &parents)
         for (const qxJson &root : roots) {
             qxGltfCheckIndexValue(called, root, nodes, "node");
             const std::size_t node = root.get<std::size_t>();
-            const QString name = qxGltfCalled("node", int(node), nodes[node]);
+            const QString name = qxGltfLabel("node", int(node), nodes[node]);
             if (parents[node] >= 0)
                 throw qxGltfError(qxFileText::tr("%1 lists %2, which is a child of node %3")
                                       .arg(called, name)
@@ -161,7 +161,7 @@ void qxGltfCheckNodes(const qxJson &document)
     Parents parents(nodes.size(), -1);
     for (int i = 0; i < int(nodes.size()); ++i) {
         const qxJson &node = nodes[std::size_t(i)];
-        checkNode(qxGltfCalled("node", i, node), node, document);
+        checkNode(qxGltfLabel("node", i, node), node, document);
         checkChildren(i, nodes, parents);
     }
     checkLoops(nodes, parents);

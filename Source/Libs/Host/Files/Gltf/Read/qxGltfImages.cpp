@@ -11,7 +11,7 @@ QByteArray encoded(qxGltfModel &model, const qxJson &image)
 {
     const qxJson &uri = qxGltfMember(image, "uri");
     if (uri.is_string())
-        return qxGltfRead(model.document, uri.get_ref<const std::string &>(), model.budget);
+        return qxGltfReadUri(model.document, uri.get_ref<const std::string &>(), model.budget);
     const qxJson &views = qxGltfSection(model.document.json, "bufferViews");
     qxGltfCheckIndexValue(qxFileText::tr("it"), qxGltfMember(image, "bufferView"), views,
                           "buffer view");
@@ -44,7 +44,7 @@ osg::ImagePtr qxGltfImages::make(int index)
     const auto [known, isNew] = m_images.try_emplace(keyOf(json));
     if (!isNew)
         return known->second.get();
-    const QString called = qxGltfCalled("image", index, json);
+    const QString called = qxGltfLabel("image", index, json);
     const qxMemoryBudget before = m_model.budget;
     try {
         const qxEncodedPicture picture(encoded(m_model, json));

@@ -247,7 +247,7 @@ std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
         qxGltfMeshParts parts;
         for (const tinygltf::Primitive &primitive : mesh.primitives) {
             const QString called =
-                qxGltfCalledPrimitive(int(meshes.size()), json, int(parts.size()));
+                qxGltfPrimitiveLabel(int(meshes.size()), json, int(parts.size()));
             try {
                 parts.push_back(makeGeometry(model, primitive, materials));
             } catch (const qxGltfError &error) {

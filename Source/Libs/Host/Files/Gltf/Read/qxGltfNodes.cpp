@@ -56,7 +56,7 @@ osg::NodePtr qxGltfNodes::node(int index) const
 
 void qxGltfNodes::warn(int index, const QString &text)
 {
-    m_model.warnings << qxGltfCalled("node", index, m_model.node(index)) + ": " + text;
+    m_model.warnings << qxGltfLabel("node", index, m_model.node(index)) + ": " + text;
 }
 
 void qxGltfNodes::build()
@@ -202,7 +202,7 @@ void qxGltfNodes::make(int index)
             m_switches.emplace(osg::getName(node), index);
     }
     if (extras.has(qxGltfKeys::poses))
-        setPoses(index, node, extras);
+        setTransformStates(index, node, extras);
 }
 
 void qxGltfNodes::describe(int index, const osg::NodePtr &node)
@@ -215,7 +215,7 @@ void qxGltfNodes::describe(int index, const osg::NodePtr &node)
         hide(node);
 }
 
-void qxGltfNodes::setPoses(int index, const osg::NodePtr &node, qxGltfExtras &extras)
+void qxGltfNodes::setTransformStates(int index, const osg::NodePtr &node, qxGltfExtras &extras)
 {
     const std::vector<osg::Matrix> poses = extras.transforms(qxGltfKeys::poses);
     const std::vector<std::string> names = extras.texts(qxGltfKeys::poseNames);
@@ -287,7 +287,7 @@ void qxGltfNodes::share(int index)
     if (made.environment && qxGltfHasTransform(m_model.typed.nodes[std::size_t(index)]))
         warn(index,
              qxFileText::tr("an environment surrounds everything: its transform has no effect"));
-    else if (qxGltfNeedsPlace(node->getCore()))
+    else if (qxGltfNeedsPose(node->getCore()))
         putAbove(index, qxGltfTransform(m_model.typed.nodes[std::size_t(index)]));
     if (made.overlay)
         makeOverlay(index);

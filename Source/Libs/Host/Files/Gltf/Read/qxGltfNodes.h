@@ -48,7 +48,7 @@ private:
     osg::NodeCorePtr lightCore(int index, const qxGltfExtras &extras);
     bool ownsCore(int index) const;
     osg::NodeCorePtr sharedCore(int index);
-    void setPoses(int index, const osg::NodePtr &node, qxGltfExtras &extras);
+    void setTransformStates(int index, const osg::NodePtr &node, qxGltfExtras &extras);
     void warn(int index, const QString &text);
 
     qxGltfModel &m_model;

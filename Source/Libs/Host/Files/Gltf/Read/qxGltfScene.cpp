@@ -2,8 +2,8 @@
 
 #include "Files/Gltf/Common/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfCameras.h"
-#include "Files/Gltf/Read/qxGltfMaterialChoices.h"
 #include "Files/Gltf/Read/qxGltfNodes.h"
+#include "Files/Gltf/Read/qxGltfSwitchMaterialBuilder.h"
 #include "Scene/qxScene.h"
 #include "qxAnimManager.h"
 #include "qxOverlays.h"
@@ -54,7 +54,7 @@ void qxGltfScene::build(qxGltfModel &model)
 {
     meshes = qxGltfMeshes(model, materials);
     recordParts(*this);
-    qxGltfMaterialChoices switchMaterials(model, *this);
+    qxGltfSwitchMaterialBuilder switchMaterials(model, *this);
     switchMaterials.build();
     mapped = switchMaterials.mapped();
     qxGltfNodes nodes(model, *this);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Files/Gltf/Read/qxGltfMeshes.h"
-#include "Files/Gltf/Write/qxGltfSwitchPatch.h"
+#include "Files/Gltf/Write/qxGltfSwitchMaterialState.h"
 #include "Files/qxSceneVariant.h"
 #include "qxUberCameraPool.h"
 
@@ -41,7 +41,8 @@ struct qxGltfScene {
     std::vector<qxGltfMaterialRef> materials;
     std::vector<osg::SwitchMaterialRefPtr> switches;
     std::vector<qxGltfMaterialRef> pool; ///< those that the scene's pool gets, in its order
-    qxGltfSwitchUse mapped; ///< how the switch materials are as long as the file need not list them
+    qxGltfSwitchMaterialUse
+        mapped; ///< how the switch materials are as long as the file need not list them
     std::vector<qxSceneVariant> variants;
     std::vector<qxGltfMeshParts> meshes;
     std::vector<osg::NodeRefPtr> roots;

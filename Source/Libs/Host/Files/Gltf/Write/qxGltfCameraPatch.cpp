@@ -91,14 +91,14 @@ void qxGltfKeepViewpoints(qxJson &json, const qxGltfOrigin &origin, const qxGltf
         qxJson &node = json["nodes"][std::size_t(state.index)];
         const qxJson &extras = qxGltfMember(node, "extras");
         const bool hasName = qxGltfMember(extras, qxGltfKeys::viewpointName).is_string();
-        const bool hasPlace = !qxGltfMember(extras, qxGltfKeys::viewpoint).is_null();
+        const bool hasPose = !qxGltfMember(extras, qxGltfKeys::viewpoint).is_null();
         const qxJson &own =
             qxGltfMember(json["cameras"][node["camera"].get<std::size_t>()], "name");
         const std::string ownName = own.is_string() ? own.get<std::string>() : std::string();
         const std::string shownName = state.name.value_or("").empty() ? ownName : *state.name;
         if (!hasName && shownName != camera.name)
             qxGltfSetExtra(node, qxGltfKeys::viewpointName, camera.name);
-        if (!hasPlace && isFinite(camera.toWorld) && state.node->getToWorld() != camera.toWorld)
+        if (!hasPose && isFinite(camera.toWorld) && state.node->getToWorld() != camera.toWorld)
             qxGltfSetExtra(node, qxGltfKeys::viewpoint,
                            qxGltfNumberList(camera.toWorld.getValues(), 16));
     }

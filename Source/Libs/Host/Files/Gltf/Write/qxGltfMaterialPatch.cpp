@@ -183,9 +183,9 @@ bool qxGltfMaterialPatch::isDefault(const osg::MaterialPtr &material) const
 }
 
 /// The one of primitives without a material has no entry that could hold its name.
-void qxGltfMaterialPatch::findDefault(const qxGltfSwitchUse &use)
+void qxGltfMaterialPatch::findDefault(const qxGltfSwitchMaterialUse &use)
 {
-    for (const qxGltfSwitchState &each : use.states) {
+    for (const qxGltfSwitchMaterialState &each : use.states) {
         const auto found =
             std::find_if(each.contents.begin(), each.contents.end(),
                          [this](const osg::MaterialPtr &material) { return isDefault(material); });
@@ -197,7 +197,7 @@ void qxGltfMaterialPatch::findDefault(const qxGltfSwitchUse &use)
 }
 
 /// Where the reader would not find the name again that it gave it, it gets an entry.
-void qxGltfMaterialPatch::placeDefault(const qxGltfSwitchUse &use)
+void qxGltfMaterialPatch::placeDefault(const qxGltfSwitchMaterialUse &use)
 {
     if (m_default == osg::NullFC)
         return;
@@ -205,7 +205,9 @@ void qxGltfMaterialPatch::placeDefault(const qxGltfSwitchUse &use)
     const std::vector<std::string> names = qxGltfShownNames(qxGltfSection(m_json, "materials"));
     const bool isFree = std::count(names.begin(), names.end(), name) == 0
         && std::none_of(use.states.begin(), use.states.end(),
-                        [&name](const qxGltfSwitchState &each) { return each.name == name; });
+                        [&name](const qxGltfSwitchMaterialState &each) {
+                            return each.name == name;
+                        });
     int &place = m_written.emplace(m_default.getFieldContainerId(), -1).first->second;
     if (place >= 0 || (isFree && name == qxGltfDefaultName))
         return;
@@ -215,7 +217,7 @@ void qxGltfMaterialPatch::placeDefault(const qxGltfSwitchUse &use)
 
 /// Where the materials of the pool stand in the file: materials by their place, switch materials
 /// behind them by theirs.
-std::vector<int> qxGltfMaterialPatch::poolPlaces(const qxGltfSwitchUse &use) const
+std::vector<int> qxGltfMaterialPatch::poolPlaces(const qxGltfSwitchMaterialUse &use) const
 {
     const int count = int(qxGltfSection(m_json, "materials").size());
     std::unordered_map<osg::UInt32, int> places = m_written;
@@ -238,13 +240,15 @@ void qxGltfMaterialPatch::writePoolOrder(const std::vector<int> &places)
     qxGltfSetExtra(m_json, qxGltfKeys::materialPool, list);
 }
 
-void qxGltfMaterialPatch::writeSwitches(const qxGltfSwitchUse &loaded,
-                                        const qxGltfSwitchUse &mapped, const qxGltfSwitchUse &now)
+void qxGltfMaterialPatch::writeSwitches(const qxGltfSwitchMaterialUse &loaded,
+                                        const qxGltfSwitchMaterialUse &mapped,
+                                        const qxGltfSwitchMaterialUse &now)
 {
     findDefault(now);
     if (!m_namesChanged && now == loaded && now.pool == loaded.pool)
         return;
-    const auto isSame = [](const qxGltfSwitchState &one, const qxGltfSwitchState &other) {
+    const auto isSame = [](const qxGltfSwitchMaterialState &one,
+                           const qxGltfSwitchMaterialState &other) {
         return one.name == other.name && one.contents == other.contents;
     };
     m_settles = m_namesChanged
@@ -266,12 +270,12 @@ void qxGltfMaterialPatch::writeSwitches(const qxGltfSwitchUse &loaded,
         writePoolOrder(places);
 }
 
-void qxGltfMaterialPatch::listSwitches(const qxGltfSwitchUse &use, const qxJson &old)
+void qxGltfMaterialPatch::listSwitches(const qxGltfSwitchMaterialUse &use, const qxJson &old)
 {
     for (std::size_t i = 0; i < use.states.size(); ++i)
         m_listed[use.states[i].id] = int(i);
     qxJson list = qxJson::array();
-    for (const qxGltfSwitchState &each : use.states) {
+    for (const qxGltfSwitchMaterialState &each : use.states) {
         qxJson materials = qxJson::array();
         for (const osg::MaterialPtr &material : each.contents) {
             const auto nested = m_listed.find(material.getFieldContainerId());
@@ -328,7 +332,8 @@ bool qxGltfMaterialPatch::isAsLoaded(const qxGltfOrigin::Part &part,
     return chosen == osg::NullFC || !isDefault(chosen) || indexOf(chosen) < 0;
 }
 
-void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state, const qxGltfSwitchUse &use)
+void qxGltfMaterialPatch::writeGeometries(const qxGltfState &state,
+                                          const qxGltfSwitchMaterialUse &use)
 {
     for (const auto &part : m_origin.geometries) {
         qxJson &primitive = m_json["meshes"][std::size_t(part.second.mesh)]["primitives"]

@@ -2,7 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfJson.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
-#include "Files/Gltf/Write/qxGltfSwitchPatch.h"
+#include "Files/Gltf/Write/qxGltfSwitchMaterialState.h"
 #include "Materials/qxSurface.h"
 
 #include <OpenSG/OSGSimpleMaterial.h>
@@ -36,11 +36,11 @@ public:
     /// Lists the switch materials when they, the pool or names of materials are not as they were
     /// `loaded`: then all of them, because those that are not listed are named by what else is
     /// there. When they are as the mappings of the file make them, takes the list out instead.
-    void writeSwitches(const qxGltfSwitchUse &loaded, const qxGltfSwitchUse &mapped,
-                       const qxGltfSwitchUse &now);
+    void writeSwitches(const qxGltfSwitchMaterialUse &loaded, const qxGltfSwitchMaterialUse &mapped,
+                       const qxGltfSwitchMaterialUse &now);
     /// The materials of the geometries that came from the file, be they shown or not. Throws
     /// qxGltfError for a material that scene files have no form for.
-    void writeGeometries(const qxGltfState &state, const qxGltfSwitchUse &use);
+    void writeGeometries(const qxGltfState &state, const qxGltfSwitchMaterialUse &use);
     /// Gives a primitive this material.
     void writeTo(qxJson &primitive, const osg::MaterialPtr &material);
     /// Keeps names that were made distinguishable: where other names in the file would lead to
@@ -51,12 +51,12 @@ public:
 
 private:
     int placeOf(const osg::MaterialPtr &material);
-    void listSwitches(const qxGltfSwitchUse &use, const qxJson &old);
-    void findDefault(const qxGltfSwitchUse &use);
-    void placeDefault(const qxGltfSwitchUse &use);
+    void listSwitches(const qxGltfSwitchMaterialUse &use, const qxJson &old);
+    void findDefault(const qxGltfSwitchMaterialUse &use);
+    void placeDefault(const qxGltfSwitchMaterialUse &use);
     bool isAsLoaded(const qxGltfOrigin::Part &part, const osg::GeometryPtr &geometry);
     bool isDefault(const osg::MaterialPtr &material) const;
-    std::vector<int> poolPlaces(const qxGltfSwitchUse &use) const;
+    std::vector<int> poolPlaces(const qxGltfSwitchMaterialUse &use) const;
     void writePoolOrder(const std::vector<int> &places);
     int append(const osg::MaterialPtr &material);
     void writeChanges(const osg::MaterialPtr &material, int index);

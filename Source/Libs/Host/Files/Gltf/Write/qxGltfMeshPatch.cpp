@@ -79,7 +79,7 @@ qxJson qxGltfMeshPatch::primitiveOf(const osg::GeometryPtr &geometry, const osg:
         primitive = qxGltfGeometryWriter(m_json, m_bytes).write(geometry);
     } catch (const qxGltfError &error) {
         throw qxGltfError(
-            qxFileText::tr("%1 cannot be written: %2").arg(qxGltfCalled(node), error.reason()));
+            qxFileText::tr("%1 cannot be written: %2").arg(qxGltfLabel(node), error.reason()));
     }
     m_materials.writeTo(primitive, geometry->getMaterial());
     return primitive;

@@ -149,13 +149,13 @@ void qxGltfOutput::copyPictures(qxJson &json)
             continue;
         try {
             const QByteArray bytes =
-                qxGltfRead(m_document, image["uri"].get_ref<const std::string &>(), budget);
+                qxGltfReadUri(m_document, image["uri"].get_ref<const std::string &>(), budget);
             if (!isPicture(bytes))
                 throw qxGltfError(qxFileText::tr("it is no picture"));
             copy(image, bytes);
         } catch (const qxGltfError &error) {
             m_warnings << qxFileText::tr("%1 is not copied: %2")
-                              .arg(qxGltfCalled("image", int(i), image), error.reason());
+                              .arg(qxGltfLabel("image", int(i), image), error.reason());
         }
     }
 }

@@ -19,18 +19,18 @@ void setMember(qxJson &object, const char *name, const qxJson &value)
         object[name] = value;
 }
 
-/// The part of a place that one member holds; null for the identity.
-qxJson component(const qxGltfPlace &place, std::size_t begin, const std::vector<float> &identity)
+/// The part of a pose that one member holds; null for the identity.
+qxJson component(const qxGltfPose &pose, std::size_t begin, const std::vector<float> &identity)
 {
-    if (place.kind != qxGltfPlace::Components)
+    if (pose.kind != qxGltfPose::Components)
         return qxJson();
-    const float *numbers = &place.numbers[begin];
+    const float *numbers = &pose.numbers[begin];
     if (std::equal(identity.begin(), identity.end(), numbers))
         return qxJson();
     return qxGltfNumberList(numbers, identity.size());
 }
 
-void writePlace(qxJson &node, const qxGltfPlace &before, const qxGltfPlace &after)
+void writePose(qxJson &node, const qxGltfPose &before, const qxGltfPose &after)
 {
     if (before == after)
         return;
@@ -46,7 +46,7 @@ void writePlace(qxJson &node, const qxGltfPlace &before, const qxGltfPlace &afte
             setMember(node, part.name, now);
     }
     setMember(node, "matrix",
-              after.kind == qxGltfPlace::Matrix
+              after.kind == qxGltfPose::Matrix
                   ? qxGltfNumberList(after.numbers.data(), after.numbers.size())
                   : qxJson());
 }
@@ -55,8 +55,8 @@ void writePlace(qxJson &node, const qxGltfPlace &before, const qxGltfPlace &afte
 /// the type of its core.
 void keepTransform(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeState &after)
 {
-    const bool isTransform = !(before.place == after.place)
-        && after.place.kind == qxGltfPlace::Components && !after.switchChoice
+    const bool isTransform = !(before.pose == after.pose)
+        && after.pose.kind == qxGltfPose::Components && !after.switchChoice
         && !after.transformChoice && !after.sharesCoreOf && !after.light;
     if (isTransform && !node.contains("translation") && !node.contains("rotation")
         && !node.contains("scale"))
@@ -83,7 +83,8 @@ void writeExtra(qxJson &node, const char *key, const T &before, const T &after,
         qxGltfSetExtra(node, key, toJson(after));
 }
 
-void writePoses(qxJson &node, const qxGltfPoses &before, const qxGltfPoses &after)
+void writeTransformStates(qxJson &node, const qxGltfTransformStates &before,
+                          const qxGltfTransformStates &after)
 {
     writeExtra(node, qxGltfKeys::poses, before.numbers, after.numbers, listJson);
     writeExtra(node, qxGltfKeys::poseNames, before.names, after.names,
@@ -92,7 +93,7 @@ void writePoses(qxJson &node, const qxGltfPoses &before, const qxGltfPoses &afte
                });
     writeExtra(node, qxGltfKeys::pose, before.selected, after.selected,
                [](int selected) { return selected < 0 ? qxJson() : qxJson(selected); });
-    writeExtra(node, qxGltfKeys::inPose, before.showsPose, after.showsPose,
+    writeExtra(node, qxGltfKeys::inPose, before.isShown, after.isShown,
                [](bool shows) { return shows ? qxJson(true) : qxJson(); });
 }
 
@@ -108,7 +109,7 @@ void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeSt
 {
     writeExtra(node, qxGltfKeys::switchChoice, before.switchChoice, after.switchChoice,
                optionalJson<int>);
-    writeExtra(node, qxGltfKeys::transformStates, before.transformStates, after.transformStates,
+    writeExtra(node, qxGltfKeys::transformStates, before.switchTransforms, after.switchTransforms,
                listJson);
     writeExtra(node, qxGltfKeys::transformChoice, before.transformChoice, after.transformChoice,
                optionalJson<int>);
@@ -125,7 +126,7 @@ void writeExtras(qxJson &node, const qxGltfNodeState &before, const qxGltfNodeSt
                [](osg::UInt32 layer) { return layer == 0 ? qxJson() : qxJson(layer); });
     writeExtra(node, qxGltfKeys::environment, before.environment, after.environment,
                [](bool environment) { return environment ? qxJson(true) : qxJson(); });
-    writePoses(node, before.poses, after.poses);
+    writeTransformStates(node, before.transformStates, after.transformStates);
 }
 
 void writeMesh(qxJson &node, int mesh)
@@ -282,7 +283,7 @@ void qxGltfPatch::writeNode(std::size_t position, int mesh)
     const auto node = [&]() -> qxJson & { return m_json["nodes"][std::size_t(index)]; };
     if (before.name != after.name)
         setMember(node(), "name", optionalJson(after.name));
-    writePlace(node(), before.place, after.place);
+    writePose(node(), before.pose, after.pose);
     keepTransform(node(), before, after);
     if (changesVisibility(before, after))
         writeVisibility(node(), after.visible);

@@ -1,4 +1,4 @@
-#include "qxNearest.h"
+#include "qxSuggestions.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -80,7 +80,7 @@ int distance(const QString &wanted, const QString &name)
 
 } // namespace
 
-QStringList qxNearest::namesTo(const QString &wanted, const QStringList &names)
+QStringList qxSuggestions::of(const QString &wanted, const QStringList &names)
 {
     const QString key = folded(wanted);
     std::multimap<int, QString> near;
@@ -97,9 +97,9 @@ QStringList qxNearest::namesTo(const QString &wanted, const QStringList &names)
     return best;
 }
 
-QString qxNearest::question(const QString &wanted, const QStringList &names)
+QString qxSuggestions::question(const QString &wanted, const QStringList &names)
 {
-    QStringList quoted = namesTo(wanted, names);
+    QStringList quoted = of(wanted, names);
     if (quoted.isEmpty())
         return QString();
     for (QString &name : quoted)

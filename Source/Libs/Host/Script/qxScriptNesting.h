@@ -8,13 +8,13 @@ struct _object; // PyObject
 /// To end them, each script gets an exception as soon as what it called returns. Until the
 /// outermost got its, no further script of a user begins. So a script that leads to itself twice
 /// costs no more than one that does once.
-class qxScriptLevel {
+class qxScriptNesting {
 public:
     /// `leaf` is for texts of the application: they lead to no others, run also while scripts are
     /// being ended, and are not ended themselves.
-    explicit qxScriptLevel(bool leaf);
-    qxScriptLevel(const qxScriptLevel &) = delete;
-    ~qxScriptLevel();
+    explicit qxScriptNesting(bool leaf);
+    qxScriptNesting(const qxScriptNesting &) = delete;
+    ~qxScriptNesting();
 
     /// False when this script must not run. That it is too deep goes to the log.
     bool mayRun() const { return m_mayRun; }

@@ -1,8 +1,8 @@
-#include "qxUnknown.h"
+#include "qxUnknownName.h"
 
 #include "Session/qxSetPictures.h"
-#include "qxNearest.h"
 #include "qxNodeUtils.h"
+#include "qxSuggestions.h"
 #include "qxUberCameraPool.h"
 
 namespace {
@@ -10,17 +10,17 @@ namespace {
 QString line(const char *what, const QString &name, const QStringList &names)
 {
     return QStringLiteral("no %1 is called \"%2\"").arg(QLatin1String(what), name)
-        + qxNearest::question(name, names);
+        + qxSuggestions::question(name, names);
 }
 
 } // namespace
 
-QString qxUnknown::set(const QString &name)
+QString qxUnknownName::set(const QString &name)
 {
     return line("variant set", name, qxSetPictures::allNames());
 }
 
-QString qxUnknown::viewpoint(const QString &name)
+QString qxUnknownName::viewpoint(const QString &name)
 {
     QStringList names;
     for (int id = 0; id < qxUberCameraPool::the()->count(); ++id)
@@ -28,7 +28,7 @@ QString qxUnknown::viewpoint(const QString &name)
     return line("viewpoint", name, names);
 }
 
-QString qxUnknown::node(const QString &name)
+QString qxUnknownName::node(const QString &name)
 {
     QStringList names;
     for (const qxNodePtr &node : qxNodeUtils::getSceneNodes())

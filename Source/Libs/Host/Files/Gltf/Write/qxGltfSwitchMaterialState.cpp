@@ -1,4 +1,4 @@
-#include "Files/Gltf/Write/qxGltfSwitchPatch.h"
+#include "Files/Gltf/Write/qxGltfSwitchMaterialState.h"
 
 #include "Files/Gltf/Common/qxGltfState.h"
 #include "qxMaterials.h"
@@ -18,7 +18,7 @@ osg::SwitchMaterialPtr switchOf(const osg::MaterialPtr &material)
 
 } // namespace
 
-qxGltfSwitchState qxGltfSwitchState::of(const osg::SwitchMaterialPtr &material)
+qxGltfSwitchMaterialState qxGltfSwitchMaterialState::of(const osg::SwitchMaterialPtr &material)
 {
     const osg::MFMaterialPtr &contents = *material->getMFMaterials();
     return {material,
@@ -28,21 +28,21 @@ qxGltfSwitchState qxGltfSwitchState::of(const osg::SwitchMaterialPtr &material)
             material->getChoice()};
 }
 
-bool qxGltfSwitchState::operator==(const qxGltfSwitchState &other) const
+bool qxGltfSwitchMaterialState::operator==(const qxGltfSwitchMaterialState &other) const
 {
-    const auto values = [](const qxGltfSwitchState &s) {
+    const auto values = [](const qxGltfSwitchMaterialState &s) {
         return std::tie(s.name, s.contents, s.choice);
     };
     return values(*this) == values(other);
 }
 
-void qxGltfSwitchUse::add(const osg::SwitchMaterialPtr &material)
+void qxGltfSwitchMaterialUse::add(const osg::SwitchMaterialPtr &material)
 {
     if (m_known.emplace(material.getFieldContainerId(), int(states.size())).second)
-        states.push_back(qxGltfSwitchState::of(material));
+        states.push_back(qxGltfSwitchMaterialState::of(material));
 }
 
-void qxGltfSwitchUse::addGeometry(osg::UInt32 geometry, const osg::MaterialPtr &material)
+void qxGltfSwitchMaterialUse::addGeometry(osg::UInt32 geometry, const osg::MaterialPtr &material)
 {
     const osg::SwitchMaterialPtr choices = switchOf(material);
     if (choices == osg::NullFC)
@@ -51,14 +51,15 @@ void qxGltfSwitchUse::addGeometry(osg::UInt32 geometry, const osg::MaterialPtr &
     shownBy[geometry] = m_known[choices.getFieldContainerId()];
 }
 
-bool qxGltfSwitchUse::operator==(const qxGltfSwitchUse &other) const
+bool qxGltfSwitchMaterialUse::operator==(const qxGltfSwitchMaterialUse &other) const
 {
     return states == other.states && shownBy == other.shownBy;
 }
 
-qxGltfSwitchUse qxGltfSwitchUse::of(const qxGltfState &state, const qxGltfOrigin &origin)
+qxGltfSwitchMaterialUse qxGltfSwitchMaterialUse::of(const qxGltfState &state,
+                                                    const qxGltfOrigin &origin)
 {
-    qxGltfSwitchUse use;
+    qxGltfSwitchMaterialUse use;
     std::vector<osg::MaterialPtr> pool;
     qxScenegraph::getMaterialPool()->get(pool);
     for (const osg::MaterialPtr &material : pool) {

@@ -1,4 +1,4 @@
-#include "Files/Gltf/Read/qxGltfMaterialChoices.h"
+#include "Files/Gltf/Read/qxGltfSwitchMaterialBuilder.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfModel.h"
@@ -61,20 +61,20 @@ QString textOf(const osg::MaterialPtr &material)
 
 } // namespace
 
-qxGltfMaterialChoices::qxGltfMaterialChoices(qxGltfModel &model, qxGltfScene &scene)
+qxGltfSwitchMaterialBuilder::qxGltfSwitchMaterialBuilder(qxGltfModel &model, qxGltfScene &scene)
     : m_model(model), m_scene(scene)
 {
     takeNames();
 }
 
-void qxGltfMaterialChoices::takeNames()
+void qxGltfSwitchMaterialBuilder::takeNames()
 {
     m_names = qxGltfNames();
     for (const qxGltfMaterialRef &material : m_scene.materials)
         m_names.take(qxMaterials::getName(material.get()));
 }
 
-void qxGltfMaterialChoices::build()
+void qxGltfSwitchMaterialBuilder::build()
 {
     nameVariants();
     makeListed();
@@ -88,7 +88,7 @@ void qxGltfMaterialChoices::build()
 
 /// The material at that place of the file; one that has no name gets one, because it is chosen by
 /// its name.
-osg::MaterialPtr qxGltfMaterialChoices::material(int index)
+osg::MaterialPtr qxGltfSwitchMaterialBuilder::material(int index)
 {
     if (index < 0 && m_default == osg::NullFC) {
         m_default = qxGltfDefaultMaterial();
@@ -103,9 +103,8 @@ osg::MaterialPtr qxGltfMaterialChoices::material(int index)
     return material;
 }
 
-osg::SwitchMaterialRefPtr
-qxGltfMaterialChoices::make(const std::string &name, const std::vector<osg::MaterialPtr> &materials,
-                            osg::UInt32 choice)
+osg::SwitchMaterialRefPtr qxGltfSwitchMaterialBuilder::make(
+    const std::string &name, const std::vector<osg::MaterialPtr> &materials, osg::UInt32 choice)
 {
     const osg::SwitchMaterialRefPtr made(osg::SwitchMaterial::create());
     osg::setName(made.get(), name);
@@ -116,7 +115,7 @@ qxGltfMaterialChoices::make(const std::string &name, const std::vector<osg::Mate
     return made;
 }
 
-void qxGltfMaterialChoices::makeListed()
+void qxGltfSwitchMaterialBuilder::makeListed()
 {
     const qxJson &stated =
         qxGltfMember(qxGltfMember(m_model.document.json, "extras"), qxGltfKeys::switchMaterials);
@@ -132,7 +131,7 @@ void qxGltfMaterialChoices::makeListed()
 
 /// The switch material of that entry, which is made when it is asked for first; null when it cannot
 /// be used, also because it contains itself.
-osg::MaterialPtr qxGltfMaterialChoices::listed(const qxJson &list, int index, int depth)
+osg::MaterialPtr qxGltfSwitchMaterialBuilder::listed(const qxJson &list, int index, int depth)
 {
     Listed &entry = m_listed[std::size_t(index)];
     if (entry.isOpen || depth > _deepest)
@@ -144,14 +143,14 @@ osg::MaterialPtr qxGltfMaterialChoices::listed(const qxJson &list, int index, in
         entry.isMade = true;
         if (entry.material == osg::NullFC)
             m_model.warnings << qxFileText::tr("%1: cannot be used")
-                                    .arg(qxGltfCalled("switch material", index,
-                                                      list[std::size_t(index)]));
+                                    .arg(qxGltfLabel("switch material", index,
+                                                     list[std::size_t(index)]));
     }
     return entry.material.get();
 }
 
-osg::SwitchMaterialRefPtr qxGltfMaterialChoices::makeListed(const qxJson &list, int index,
-                                                            int depth)
+osg::SwitchMaterialRefPtr qxGltfSwitchMaterialBuilder::makeListed(const qxJson &list, int index,
+                                                                  int depth)
 {
     const qxJson &entry = list[std::size_t(index)];
     const qxJson &name = qxGltfMember(entry, "name");
@@ -178,7 +177,7 @@ osg::SwitchMaterialRefPtr qxGltfMaterialChoices::makeListed(const qxJson &list, 
 }
 
 /// The material at a place of the list qxMaterialPool, null when there is none.
-osg::MaterialPtr qxGltfMaterialChoices::pooled(const qxJson &place) const
+osg::MaterialPtr qxGltfSwitchMaterialBuilder::pooled(const qxJson &place) const
 {
     const int plain = indexBelow(place, m_scene.materials.size());
     if (plain >= 0)
@@ -190,7 +189,7 @@ osg::MaterialPtr qxGltfMaterialChoices::pooled(const qxJson &place) const
 
 /// The pool holds all materials and then all switch materials, unless the file says otherwise. It
 /// cannot say so of those that its mappings make: they come last.
-void qxGltfMaterialChoices::orderPool()
+void qxGltfSwitchMaterialBuilder::orderPool()
 {
     const qxJson &list =
         qxGltfMember(qxGltfMember(m_model.document.json, "extras"), qxGltfKeys::materialPool);
@@ -215,8 +214,8 @@ void qxGltfMaterialChoices::orderPool()
     }
 }
 
-qxGltfMaterialChoices::Mapping qxGltfMaterialChoices::mappingOf(const qxJson &primitive,
-                                                                const QString &called)
+qxGltfSwitchMaterialBuilder::Mapping qxGltfSwitchMaterialBuilder::mappingOf(const qxJson &primitive,
+                                                                            const QString &called)
 {
     Mapping mapping(m_scene.variants.size() + 1, _notMapped);
     mapping[0] = qxGltfIndex(primitive, "material");
@@ -241,7 +240,7 @@ qxGltfMaterialChoices::Mapping qxGltfMaterialChoices::mappingOf(const qxJson &pr
     return mapping;
 }
 
-osg::SwitchMaterialPtr qxGltfMaterialChoices::switchFor(const Mapping &mapping)
+osg::SwitchMaterialPtr qxGltfSwitchMaterialBuilder::switchFor(const Mapping &mapping)
 {
     osg::SwitchMaterialPtr &found = m_mapped[mapping];
     if (found == osg::NullFC) {
@@ -256,7 +255,8 @@ osg::SwitchMaterialPtr qxGltfMaterialChoices::switchFor(const Mapping &mapping)
 }
 
 /// Whether the primitive states which switch material of the list it shows, or that it shows none.
-bool qxGltfMaterialChoices::isListed(const qxJson &primitive, osg::SwitchMaterialPtr &shown) const
+bool qxGltfSwitchMaterialBuilder::isListed(const qxJson &primitive,
+                                           osg::SwitchMaterialPtr &shown) const
 {
     const qxJson &stated =
         qxGltfMember(qxGltfMember(primitive, "extras"), qxGltfKeys::switchMaterial);
@@ -266,14 +266,14 @@ bool qxGltfMaterialChoices::isListed(const qxJson &primitive, osg::SwitchMateria
     return shown != osg::NullFC || stated == -1;
 }
 
-void qxGltfMaterialChoices::assign(std::size_t mesh, std::size_t primitive)
+void qxGltfSwitchMaterialBuilder::assign(std::size_t mesh, std::size_t primitive)
 {
     const osg::GeometryPtr geometry = m_scene.meshes[mesh][primitive].get();
     if (geometry == osg::NullFC)
         return;
     const qxJson &meshJson = m_model.document.json["meshes"][mesh];
     const qxJson &json = meshJson["primitives"][primitive];
-    const QString called = qxGltfCalledPrimitive(int(mesh), meshJson, int(primitive));
+    const QString called = qxGltfPrimitiveLabel(int(mesh), meshJson, int(primitive));
     const Mapping mapping = mappingOf(json, called);
     osg::SwitchMaterialPtr shown;
     if (!isListed(json, shown) && isMapped(mapping))
@@ -290,7 +290,7 @@ void qxGltfMaterialChoices::assign(std::size_t mesh, std::size_t primitive)
     m_uses.emplace_back(shown, mapping);
 }
 
-qxGltfSwitchUse qxGltfMaterialChoices::mapped()
+qxGltfSwitchMaterialUse qxGltfSwitchMaterialBuilder::mapped()
 {
     const std::size_t made = m_scene.switches.size();
     const QStringList warnings = m_model.warnings;
@@ -298,7 +298,7 @@ qxGltfSwitchUse qxGltfMaterialChoices::mapped()
     takeNames();
     if (m_default != osg::NullFC)
         m_names.take(qxMaterials::getName(m_default.get()));
-    qxGltfSwitchUse use;
+    qxGltfSwitchMaterialUse use;
     for (std::size_t mesh = 0; mesh < m_scene.meshes.size(); ++mesh) {
         const qxJson &parts = m_model.document.json["meshes"][mesh]["primitives"];
         for (std::size_t i = 0; i < parts.size(); ++i) {
@@ -320,7 +320,7 @@ qxGltfSwitchUse qxGltfMaterialChoices::mapped()
     return use;
 }
 
-void qxGltfMaterialChoices::nameVariants()
+void qxGltfSwitchMaterialBuilder::nameVariants()
 {
     const qxJson &list = qxGltfSection(variantsExtension(m_model.document.json), "variants");
     qxGltfNames taken;
@@ -335,7 +335,7 @@ void qxGltfMaterialChoices::nameVariants()
 }
 
 /// A variant shows the first material of what it does not map: that with which the file was made.
-void qxGltfMaterialChoices::describeVariants()
+void qxGltfSwitchMaterialBuilder::describeVariants()
 {
     for (std::size_t variant = 0; variant < m_scene.variants.size(); ++variant) {
         for (const auto &use : m_uses) {

@@ -3,10 +3,10 @@
 #include <QString>
 
 /// Why a name leads nowhere in the scene: one line for people, with the names most like it.
-namespace qxUnknown {
+namespace qxUnknownName {
 
 QString set(const QString &name);
 QString viewpoint(const QString &name);
 QString node(const QString &name);
 
-} // namespace qxUnknown
+} // namespace qxUnknownName

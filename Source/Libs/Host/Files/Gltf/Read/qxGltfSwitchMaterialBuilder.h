@@ -2,22 +2,22 @@
 
 #include "Files/Gltf/Common/qxGltfNames.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
-#include "Files/Gltf/Write/qxGltfSwitchPatch.h"
+#include "Files/Gltf/Write/qxGltfSwitchMaterialState.h"
 
 #include <map>
 
 /// Makes the switch materials of a file and puts them on the geometries: those that the file lists
 /// (qxSwitchMaterials), and one for every way in which its primitives map materials to variants
 /// (KHR_materials_variants). What cannot be used is a warning.
-class qxGltfMaterialChoices {
+class qxGltfSwitchMaterialBuilder {
 public:
     /// Takes materials and geometries from `scene`, and puts switch materials and variants there.
-    qxGltfMaterialChoices(qxGltfModel &model, qxGltfScene &scene);
+    qxGltfSwitchMaterialBuilder(qxGltfModel &model, qxGltfScene &scene);
 
     void build();
     /// How the switch materials would be without the list, if each had its first material chosen:
     /// as long as they are so, the file needs no list. To be called after build.
-    qxGltfSwitchUse mapped();
+    qxGltfSwitchMaterialUse mapped();
 
 private:
     /// Materials of the file by their place, -1 for that of primitives without one: the default,

@@ -9,7 +9,7 @@ namespace {
 
 typedef std::vector<std::pair<std::string, std::string>> Values;
 
-class ScriptWordsTest : public ScriptFixture {
+class ScriptBindingsTest : public ScriptFixture {
 protected:
     void expectValues(const Values &values)
     {
@@ -20,7 +20,7 @@ protected:
 
 } // namespace
 
-TEST_F(ScriptWordsTest, PointsAndVectorsAreThreeNumbersThatKeepTheirFloats)
+TEST_F(ScriptBindingsTest, PointsAndVectorsAreThreeNumbersThatKeepTheirFloats)
 {
     expectValues({{"Pnt3f(0.2, 1e-7, -3)", "0.2, 1e-07, -3"},
                   {"Vec3f()", "0, 0, 0"},
@@ -32,7 +32,7 @@ TEST_F(ScriptWordsTest, PointsAndVectorsAreThreeNumbersThatKeepTheirFloats)
     EXPECT_NE(errorsOf("Vec3f(1, 2, 3)[3]").find("IndexError"), std::string::npos);
 }
 
-TEST_F(ScriptWordsTest, TheClippingTextsOfVariantSetsReachTheClippingPlaneAndComeBack)
+TEST_F(ScriptBindingsTest, TheClippingTextsOfVariantSetsReachTheClippingPlaneAndComeBack)
 {
     qxScript::executeNUS("setClippingPlane(Pnt3f(1.5, 0, -2),Vec3f(0, 0, 1),true)\n"
                          "setClippingPlaneVisualization(false, Vec3f(0.1, 0.2, 0.3))\n"
@@ -64,7 +64,7 @@ TEST_F(ScriptWordsTest, TheClippingTextsOfVariantSetsReachTheClippingPlaneAndCom
                   {"isClippingPlaneEnabled()", "False"}});
 }
 
-TEST_F(ScriptWordsTest, ChangesAskForANewPictureAndQuestionsDoNot)
+TEST_F(ScriptBindingsTest, ChangesAskForANewPictureAndQuestionsDoNot)
 {
     scene.add("Car");
     scene.addMaterialGroup("Group", osg::NullFC);
@@ -82,7 +82,7 @@ TEST_F(ScriptWordsTest, ChangesAskForANewPictureAndQuestionsDoNot)
     }
 }
 
-TEST_F(ScriptWordsTest, HandlesFindNameShowAndHideNodesAndBecomeNullWithTheirObject)
+TEST_F(ScriptBindingsTest, HandlesFindNameShowAndHideNodesAndBecomeNullWithTheirObject)
 {
     const TestNode car = scene.add("Car");
     const TestNode door = scene.add("T\xC3\xBCr", car);
@@ -113,7 +113,7 @@ TEST_F(ScriptWordsTest, HandlesFindNameShowAndHideNodesAndBecomeNullWithTheirObj
                   {"paint.isNull(), paint.getName()", "(True, '')"}});
 }
 
-TEST_F(ScriptWordsTest, PathsAreNamesFromBelowTheRootAndTheFirstNodeInSceneOrderCounts)
+TEST_F(ScriptBindingsTest, PathsAreNamesFromBelowTheRootAndTheFirstNodeInSceneOrderCounts)
 {
     const TestNode car = scene.add("Car"), door = scene.add("Door", car);
     const TestNode second = scene.add("Car"), wheel = scene.add("Wheel", second);
@@ -148,7 +148,7 @@ TEST_F(ScriptWordsTest, PathsAreNamesFromBelowTheRootAndTheFirstNodeInSceneOrder
     }
 }
 
-TEST_F(ScriptWordsTest, PathsFollowWhatAScriptChangesMeanwhile)
+TEST_F(ScriptBindingsTest, PathsFollowWhatAScriptChangesMeanwhile)
 {
     const TestNode car = scene.add("Car");
     const TestNode door = scene.addMaterialGroup("Door", osg::NullFC, car);
@@ -178,7 +178,7 @@ TEST_F(ScriptWordsTest, PathsFollowWhatAScriptChangesMeanwhile)
         EXPECT_EQ(value("found[" + std::to_string(i) + "]"), changes[i].second) << i;
 }
 
-TEST_F(ScriptWordsTest, MaterialGroupsKeepTheirIgnoreFlag)
+TEST_F(ScriptBindingsTest, MaterialGroupsKeepTheirIgnoreFlag)
 {
     const TestNode car = scene.add("Car");
     const TestNode group = scene.addMaterialGroup("Group", osg::NullFC, car);

@@ -1,4 +1,4 @@
-#include "Script/qxScriptLevel.h"
+#include "Script/qxScriptNesting.h"
 
 #include "Script/qxPython.h"
 #include "qxLog.h"
@@ -38,7 +38,7 @@ int raiseEnding(void *)
     PyObject *const exception = ending;
     if (depth == 1)
         ending = nullptr;
-    if (qxScriptLevel::isStop(exception))
+    if (qxScriptNesting::isStop(exception))
         PyErr_SetString(exception, "scripts call each other too deeply");
     else
         PyErr_SetNone(exception);
@@ -68,7 +68,7 @@ void endAll()
 
 } // namespace
 
-qxScriptLevel::qxScriptLevel(bool leaf) : m_mayRun(leaf || !ending), m_outerLeaf(inLeaf)
+qxScriptNesting::qxScriptNesting(bool leaf) : m_mayRun(leaf || !ending), m_outerLeaf(inLeaf)
 {
     // The innermost script still has its clipping plane set.
     if (m_mayRun && depth >= (leaf ? mostLevels + 1 : mostLevels)) {
@@ -79,7 +79,7 @@ qxScriptLevel::qxScriptLevel(bool leaf) : m_mayRun(leaf || !ending), m_outerLeaf
     inLeaf = leaf;
 }
 
-qxScriptLevel::~qxScriptLevel()
+qxScriptNesting::~qxScriptNesting()
 {
     --depth;
     inLeaf = m_outerLeaf;
@@ -91,24 +91,24 @@ qxScriptLevel::~qxScriptLevel()
         raisePending = Py_AddPendingCall(raiseEnding, nullptr) == 0;
 }
 
-bool qxScriptLevel::isNested()
+bool qxScriptNesting::isNested()
 {
     return depth > 1;
 }
 
-void qxScriptLevel::raiseInterrupt()
+void qxScriptNesting::raiseInterrupt()
 {
     PyErr_SetNone(PyExc_KeyboardInterrupt);
     if (depth > 0 && ++interrupts == 2)
         Py_AddPendingCall(raiseAgain, nullptr);
 }
 
-void qxScriptLevel::interrupt()
+void qxScriptNesting::interrupt()
 {
     ending = PyExc_KeyboardInterrupt;
 }
 
-bool qxScriptLevel::isStop(PyObject *type)
+bool qxScriptNesting::isStop(PyObject *type)
 {
     return type == stopException();
 }

@@ -1,0 +1,221 @@
+#include "qxVariantKinds.h"
+
+#include "Internal/Materials/qxSwitchMaterialRepair.h"
+#include "Internal/Registry/qxNotify.h"
+#include "qxLightVariant.h"
+#include "qxMaterialVariant.h"
+#include "qxNodeVariant.h"
+#include "qxOverlayVariant.h"
+#include "qxTransformVariant.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "qxStateRules.h"
+
+#include <algorithm>
+
+namespace {
+
+/// The registry's operations on the variants in `list`, the same for every kind.
+template <class Variant, auto &list>
+struct Registered {
+    static void visit(const qxVariantKind::Visit &each)
+    {
+        for (Variant *variant : list)
+            each(*variant);
+    }
+
+    static std::size_t count() { return list.size(); }
+
+    static qxVariant *find(const QString &name) { return list.find(name); }
+
+    static qxVariant *adopt(std::unique_ptr<qxVariant> variant, bool notify)
+    {
+        auto *const added = static_cast<Variant *>(variant.release());
+        list.append(added);
+        if (!notify)
+            return added;
+        const QString name = added->name;
+        qxNotify::variantAdded(Variant::notifications, added);
+        return list.ifHeld(added, name);
+    }
+
+    static qxVariant *create(const QString &name, bool notify)
+    {
+        if (Variant *known = list.find(name))
+            return known;
+        auto variant = std::make_unique<Variant>();
+        variant->name = name;
+        return adopt(std::move(variant), notify);
+    }
+
+    static bool remove(const QString &name)
+    {
+        if (name.isEmpty())
+            return false;
+        if (Variant *variant = list.find(name)) {
+            list.take(variant);
+            delete variant;
+        }
+        qxNotify::variantRemoved(Variant::notifications);
+        return true;
+    }
+
+    static void clear()
+    {
+        for (Variant *variant : list.takeAll())
+            delete variant;
+        qxNotify::variantsChanged(Variant::notifications);
+    }
+};
+
+/// What the document and people call a kind.
+struct Names {
+    const char *word;
+    const char *title;
+    const char *tag;
+    const char *referenceTag;
+};
+
+template <class Variant, auto &list>
+constexpr qxVariantKind row(const Names &names, qxStateList qxVariantSet::*states,
+                            QString Variant::*sceneName, const qxStateRule &rule)
+{
+    typedef Registered<Variant, list> Variants;
+    return {QLatin1String(names.word),
+            names.title,
+            QLatin1String(names.tag),
+            QLatin1String(names.referenceTag),
+            Variant::notifications,
+            states,
+            static_cast<QString qxVariant::*>(sceneName),
+            rule,
+            typeid(Variant),
+            Variants::visit,
+            Variants::count,
+            Variants::find,
+            Variants::create,
+            Variants::adopt,
+            Variants::remove,
+            Variants::clear};
+}
+
+constexpr qxVariantKind materialRow()
+{
+    auto kind = row<qxMaterialVariant, qxVariants::_materialVariants>(
+        {"material", QT_TRANSLATE_NOOP("qxVariants", "Materials"), "MaterialVariant",
+         "MaterialVariantRef"},
+        &qxVariantSet::materialVariants, &qxMaterialVariant::switchMaterialName,
+        qxStateRules::material);
+    kind.complete = [](const qxVariant &variant) {
+        qxSwitchMaterialRepair::ensureSwitchMaterial(
+            static_cast<const qxMaterialVariant &>(variant));
+    };
+    return kind;
+}
+
+/// An overlay variant always drives something.
+qxVariant *createOverlay(const QString &name, bool notify)
+{
+    if (name.isEmpty())
+        return nullptr;
+    if (qxVariant *known = qxVariantKinds::overlay.find(name))
+        return known;
+    auto variant = std::make_unique<qxOverlayVariant>();
+    variant->name = name;
+    variant->overlayName = name;
+    return qxVariantKinds::overlay.adopt(std::move(variant), notify);
+}
+
+constexpr qxVariantKind overlayRow()
+{
+    auto kind = row<qxOverlayVariant, qxVariants::_overlayVariants>(
+        {"overlay", QT_TRANSLATE_NOOP("qxVariants", "Overlays"), "OverlayVariant", "OverlayRef"},
+        &qxVariantSet::overlayVariants, &qxOverlayVariant::overlayName, qxStateRules::overlay);
+    kind.create = createOverlay;
+    kind.hasDefaults = false;
+    return kind;
+}
+
+} // namespace
+
+// A list, not a procedure.
+namespace qxVariantKinds {
+
+constexpr qxVariantKind node = row<qxNodeVariant, qxVariants::_nodeVariants>(
+    {"node", QT_TRANSLATE_NOOP("qxVariants", "Nodes"), "NodeVariant", "NodeVariantRef"},
+    &qxVariantSet::nodeVariants, &qxNodeVariant::nodeName, qxStateRules::node);
+
+constexpr qxVariantKind material = materialRow();
+
+constexpr qxVariantKind light = row<qxLightVariant, qxVariants::_lightVariants>(
+    {"light", QT_TRANSLATE_NOOP("qxVariants", "Lights"), "LightVariant", "LightVariantRef"},
+    &qxVariantSet::lightVariants, &qxLightVariant::lightName, qxStateRules::light);
+
+constexpr qxVariantKind overlay = overlayRow();
+
+constexpr qxVariantKind transform = row<qxTransformVariant, qxVariants::_transformVariants>(
+    {"transform", QT_TRANSLATE_NOOP("qxVariants", "Transforms"), "TransformVariant",
+     "TransformRef"},
+    &qxVariantSet::transformVariants, &qxTransformVariant::nodeName, qxStateRules::transform);
+
+const List &all()
+{
+    static const List kinds{&node, &material, &light, &overlay, &transform};
+    return kinds;
+}
+
+const Order &selectionOrder()
+{
+    static const Order order({&node, &material, &transform, &light});
+    return order;
+}
+
+const Order &referenceOrder()
+{
+    static const Order order({&node, &transform, &material, &light});
+    return order;
+}
+
+const Order &optimizingOrder()
+{
+    static const Order order({&node, &material, &light});
+    return order;
+}
+
+const Order &readingOrder()
+{
+    static const Order order({&light, &node, &material});
+    return order;
+}
+
+Order::Order(const List &firstKinds) : first(firstKinds)
+{
+    for (const qxVariantKind *kind : all()) {
+        if (std::find(first.begin(), first.end(), kind) == first.end())
+            rest.push_back(kind);
+    }
+}
+
+const qxVariantKind *by(QLatin1String qxVariantKind::*name, const QString &text)
+{
+    const auto found = std::find_if(all().begin(), all().end(),
+                                    [&](const qxVariantKind *kind) { return kind->*name == text; });
+    return found == all().end() ? nullptr : *found;
+}
+
+const qxVariantKind &of(const qxVariant &variant)
+{
+    const auto found = std::find_if(all().begin(), all().end(), [&](const qxVariantKind *kind) {
+        return kind->type == typeid(variant);
+    });
+    return **found;
+}
+
+void visit(const std::function<void(const qxVariantKind &kind, qxVariant &variant)> &each)
+{
+    for (const qxVariantKind *kind : all())
+        kind->visit([&](qxVariant &variant) { each(*kind, variant); });
+}
+
+} // namespace qxVariantKinds

@@ -1,0 +1,7 @@
+#include "qxPanelChanges.h"
+
+qxPanelChanges &qxPanelChanges::the()
+{
+    static qxPanelChanges changes;
+    return changes;
+}
