@@ -104,6 +104,19 @@ TEST_F(CommandsTest, SelectTellsWhatEachSetChangedAndWhatItSkipped)
               "  animation  Sunset\n"
               "  script     print(\"late\")\n"
               "  skipped    no node variant \"Shelf\"\n");
+    EXPECT_EQ(done({"select", desk(), "Morning", "Evening", "--dry-run", "--scripts"}).out,
+              "Morning\n"
+              "  Desk    Oak -> Glass\n"
+              "  Lamp    shown -> hidden\n"
+              "  camera  Front\n"
+              "Evening\n"
+              "  Desk       Glass -> Oak\n"
+              "  Lamp       hidden -> shown\n"
+              "  Chair      Transform 0 -> Transform 2\n"
+              "  camera     Über dem Tisch\n"
+              "  animation  Sunset\n"
+              "  skipped    no node variant \"Shelf\"\n"
+              "  skipped    the script, which is not run\n");
     // Staying where the camera is does not hold for the default viewpoint of a set.
     EXPECT_EQ(done({"select", desk(), "--keep-camera", "Morning", "Evening", "--scripts", "--json"})
                   .json(),

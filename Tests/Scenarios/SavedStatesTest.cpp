@@ -9,7 +9,6 @@
 #include "Commands/qxAmbiguousNodes.h"
 #include "Program.h"
 #include "RandomScene.h"
-#include "Report/qxShownStates.h"
 #include "Scene/qxNodeName.h"
 #include "Scene/qxTransformStates.h"
 #include "Script/qxScriptRunner.h"
@@ -17,6 +16,7 @@
 #include "Session/qxSession.h"
 #include "ShownScene.h"
 #include "TestScene.h"
+#include "qxFindCache.h"
 #include "qxMaterials.h"
 #include "qxTestPaths.h"
 #include "qxUberCameraPool.h"
@@ -267,11 +267,11 @@ void SavedStatesTest::checkSeed(unsigned seed)
 void SavedStatesTest::expectStatesOf(qxVariantSet &set)
 {
     static const QRegularExpression step("^(!Next|!Previous|!Toggle)");
-    const qxShownStates shown;
+    const qxFindCache cache(true);
     qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
         const qxVariantState *const entry = (set.*kind.states).find(variant.name);
         const bool isState = entry && !step.match(entry->state).hasMatch();
-        EXPECT_TRUE(!isState || shown.of(variant).state == entry->state)
+        EXPECT_TRUE(!isState || variant.shown().state() == entry->state)
             << variant.name.toStdString();
     });
 }

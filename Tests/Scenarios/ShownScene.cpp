@@ -7,11 +7,11 @@
 #include "OSGOverlayCore.h"
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
-#include "Report/qxShownStates.h"
 #include "Scene/OSGTransformStates.h"
 #include "Scene/qxNodeName.h"
 #include "TestScene.h"
 #include "qxAnimManager.h"
+#include "qxFindCache.h"
 #include "qxMaterials.h"
 #include "qxOverlays.h"
 #include "qxUberCameraPool.h"
@@ -242,11 +242,11 @@ void Lines::writeRest()
     }
     for (const std::string &clip : qxAnimManager::the()->clips())
         m_text << "clip '" << clip << "'\n";
-    const qxShownStates shown;
+    const qxFindCache cache(true);
     qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
-        const qxShownStates::Shown state = shown.of(variant);
+        const qxShownState state = variant.shown();
         m_text << kind.word.data() << " '" << variant.name.toStdString() << "' in '"
-               << state.state.toStdString() << '\'' << (state.isHidden ? " hidden\n" : "\n");
+               << state.state().toStdString() << '\'' << (state.isHidden ? " hidden\n" : "\n");
     });
 }
 

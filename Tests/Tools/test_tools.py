@@ -114,12 +114,12 @@ class LayersTest(CheckTest):
         self.assert_complaints("check-layers", expected)
 
     def test_the_headers_of_the_module_stand_in_rows(self):
-        self.put_include(f"{MODULE}/Internal/qxFindCache.h", '"qxVariants.h"')
+        self.put_include(f"{MODULE}/Internal/qxEdit.h", '"qxVariants.h"')
         self.put_include(f"{MODULE}/qxNew.h", "<vector>")
         self.put_include(f"{MODULE}/qxVariantSet.h", '"Internal/qxEdit.h"')
         self.assert_complaints("check-layers", {
             f"{MODULE}/qxVariantSet.h": "no public header must include Internal",
-            f"{MODULE}/Internal/qxFindCache.h": "row 1 of the module must not include row 4",
+            f"{MODULE}/Internal/qxEdit.h": "row 1 of the module must not include row 4",
             f"{MODULE}/qxNew.h": "has no row"})
 
     def test_classes_form_no_rings(self):

@@ -1,12 +1,14 @@
 #include "qxExplanation.h"
 
 #include "qxVariant.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxFindCache.h"
 #include "qxNodeUtils.h"
 
-#include <OpenSG/OSGSwitch.h>
+#include <algorithm>
 
 namespace {
 
@@ -15,26 +17,34 @@ const char defaultViewpointKind[] = "default viewpoint";
 const char animationKind[] = "animation";
 const char clippingKind[] = "clipping";
 
-/// Clones share one core, and a state is applied to it once.
-bool isAppliedOnce(const qxSceneObject &object, qxAspect aspect)
-{
-    return aspect == qxAspect::Choice && object.kind != &qxVariantKinds::material;
-}
+struct ReasonRow {
+    qxReason reason;
+    qxCode code;
+};
 
-/// Whether a node variant that recurses goes on to what is below and above the node.
-bool isRecursed(const qxSceneObject &object, qxAspect aspect, const QString &state, int after)
-{
-    if (!qxVariants::_recurse || object.kind != &qxVariantKinds::node)
-        return false;
-    if (aspect == qxAspect::Visibility)
-        return after != 0;
-    const bool isSwitch = osg::SwitchPtr::dcast(object.node->getCore()) != osg::NullFC;
-    return isSwitch && state != variantNone;
-}
+const ReasonRow reasonRows[] = {
+    {qxReason::FirstTransform, qxCode::SkippedNoTransformNumber},
+    {qxReason::BeyondTransforms, qxCode::SkippedTransformOutOfRange},
+    {qxReason::NoSwitch, qxCode::SkippedNoSwitch},
+    {qxReason::NoSuchChild, qxCode::SkippedNoSuchChild},
+    {qxReason::NoSwitchMaterial, qxCode::SkippedNoSwitchMaterial},
+    {qxReason::EmptySwitchMaterial, qxCode::SkippedEmptySwitchMaterial},
+    {qxReason::NoSuchMaterial, qxCode::SkippedNoSuchMaterial},
+    {qxReason::NoLight, qxCode::SkippedNoLight},
+    {qxReason::NoLightState, qxCode::SkippedNoLightState},
+    {qxReason::NoTransforms, qxCode::SkippedNoTransforms},
+    {qxReason::NoSuchTransform, qxCode::SkippedNoSuchTransform},
+};
 
-qxSceneObject nodeObject(const osg::NodePtr &node)
+/// Why an object does not take a state. Of overlays it is all one.
+qxCode codeOf(const qxVariantKind &kind, qxReason reason)
 {
-    return {&qxVariantKinds::node, node, osg::NullFC};
+    if (&kind == &qxVariantKinds::overlay)
+        return qxCode::SkippedNoOverlayState;
+    const auto row =
+        std::find_if(std::begin(reasonRows), std::end(reasonRows),
+                     [reason](const ReasonRow &each) { return each.reason == reason; });
+    return row->code;
 }
 
 std::optional<qxCode> unless(bool isGood, qxCode code)
@@ -44,8 +54,9 @@ std::optional<qxCode> unless(bool isGood, qxCode code)
 
 } // namespace
 
-qxExplanation::qxExplanation(const qxVariantSet &set)
+qxExplanation::qxExplanation(const qxVariantSet &set, qxForecast &forecast) : m_forecast(forecast)
 {
+    const qxFindCache cache(true);
     addTargets(set);
     for (const qxVariantKind *kind : qxVariantKinds::selectionOrder().first)
         addVariants(set, kind);
@@ -68,7 +79,7 @@ void qxExplanation::addTargets(const qxVariantSet &set)
 {
     bool isMissing = false;
     for (const QString &name : set.targetNodeNames) {
-        const auto nodes = qxStateRules::objectsOf(m_scene, &qxVariantKinds::node, name);
+        const std::vector<qxSceneObject> nodes = qxStateRules::node.objects(name);
         isMissing = isMissing || nodes.empty();
         addPlain("target", name,
                  !set.inclNodes ? qxCode::SkippedTargetsOff
@@ -77,37 +88,23 @@ void qxExplanation::addTargets(const qxVariantSet &set)
         m_entries.back().found = int(nodes.size());
         if (m_entries.back().code)
             continue;
+        const qxSceneObject &node = nodes.front();
+        const osg::Int64 before = m_forecast.value(node, qxAspect::Visibility);
         m_entries.back().reached = 1;
-        m_entries.back().from = qxStateRules::nameOf(nodes.front(), qxAspect::Visibility,
-                                                     valueOf(nodes.front(), qxAspect::Visibility));
-        m_entries.back().to = qxStateRules::nameOf(nodes.front(), qxAspect::Visibility, 1);
-        showSubTree(nodes.front().node);
-        m_changes.push_back({m_entries.size() - 1, nodes.front(), qxAspect::Visibility, 1});
+        m_entries.back().from = qxStateRules::stateFor(node, qxAspect::Visibility, before);
+        m_entries.back().to = qxStateRules::stateFor(node, qxAspect::Visibility, 1);
+        showTarget(node.node);
+        m_changes.push_back(
+            {m_entries.size() - 1, {node, qxAspect::Visibility, 1, qxReason::Named}});
     }
 }
 
-void qxExplanation::show(const osg::NodePtr &node)
-{
-    m_values.insert(qxStateRules::keyOf(nodeObject(node), qxAspect::Visibility), 1);
-}
-
-void qxExplanation::showSubTree(const osg::NodePtr &node)
+void qxExplanation::showTarget(const osg::NodePtr &node)
 {
     for (const qxNodePtr &each : qxNodeUtils::getSubTreeNodes(node))
-        show(each);
+        m_forecast.show(each);
     for (osg::NodePtr above = node->getParent(); above != osg::NullFC; above = above->getParent())
-        show(above);
-}
-
-void qxExplanation::recurse(const osg::NodePtr &node)
-{
-    for (const qxNodePtr &each : qxNodeUtils::getSubTreeNodes(node))
-        show(each);
-    osg::NodePtr above = node->getParent();
-    while (above != osg::NullFC && !valueOf(nodeObject(above), qxAspect::Visibility)) {
-        show(above);
-        above = above->getParent();
-    }
+        m_forecast.show(above);
 }
 
 void qxExplanation::addVariants(const qxVariantSet &set, const qxVariantKind *kind)
@@ -123,61 +120,37 @@ void qxExplanation::addVariants(const qxVariantSet &set, const qxVariantKind *ki
         entry.isStateKnown = found && found->find(each.state);
         entry.object = found ? found->*kind->sceneName : QString();
         if (entry.isVariantFound)
-            foresee(entry, kind);
+            foresee(entry, *kind);
         else
             entry.code = qxCode::SkippedNoVariant;
         m_entries.push_back(entry);
     }
 }
 
-void qxExplanation::foresee(qxExplainedEntry &entry, const qxVariantKind *kind)
+void qxExplanation::foresee(qxExplainedEntry &entry, const qxVariantKind &kind)
 {
-    const std::vector<qxSceneObject> objects = qxStateRules::objectsOf(m_scene, kind, entry.object);
-    entry.found = int(objects.size());
-    m_done.clear();
-    std::optional<qxCode> reason;
-    for (const qxSceneObject &object : objects) {
-        const qxEffect effect = qxStateRules::effectOf(object, entry.state);
-        if (effect.operation != qxEffect::Nothing) {
-            apply(entry, object, effect);
+    qxStateRequest request(entry.state);
+    request.recurses = kind.rule.recurses && qxVariants::_recurse;
+    for (const qxSceneObject &object : kind.rule.objects(entry.object)) {
+        const qxForeseen foreseen = m_forecast.foresee(kind.rule, object, request);
+        const qxEffect &effect = foreseen.effect;
+        ++entry.found;
+        if (!effect.isTaken()) {
+            const qxCode code = codeOf(kind, effect.reason);
+            ++entry.left[code];
+            entry.code = entry.code.value_or(code);
             continue;
         }
-        ++entry.left[effect.reason];
-        reason = reason ? reason : effect.reason;
-        // A transform switch takes any number, and any other text for its first state.
-        if (effect.reason == qxCode::SkippedNoTransformNumber)
-            m_values.insert(qxStateRules::keyOf(object, qxAspect::Choice), 0);
-        else if (effect.reason == qxCode::SkippedTransformOutOfRange)
-            m_values.remove(qxStateRules::keyOf(object, qxAspect::Choice));
+        if (entry.reached++ == 0) {
+            entry.from = qxStateRules::stateFor(object, effect.aspect, foreseen.before);
+            entry.to = qxStateRules::stateFor(object, effect.aspect, effect.value);
+        }
+        m_changes.push_back({m_entries.size(), effect});
     }
-    if (entry.reached == 0)
-        entry.code = reason.value_or(qxCode::SkippedNoObject);
-}
-
-void qxExplanation::apply(qxExplainedEntry &entry, const qxSceneObject &object,
-                          const qxEffect &effect)
-{
-    const qxAspectKey key = qxStateRules::keyOf(object, effect.aspect);
-    const int before = valueOf(object, effect.aspect);
-    const bool isDone = isAppliedOnce(object, effect.aspect) && m_done.contains(key);
-    const int after = isDone ? before : qxStateRules::after(object, effect, before);
-    if (entry.reached++ == 0) {
-        entry.from = qxStateRules::nameOf(object, effect.aspect, before);
-        entry.to = qxStateRules::nameOf(object, effect.aspect, after);
-    }
-    m_done.insert(key);
-    m_values.insert(key, after);
-    if (effect.resetsChoice)
-        m_values.insert(qxStateRules::keyOf(object, qxAspect::Choice), 0);
-    if (isRecursed(object, effect.aspect, entry.state, after))
-        recurse(object.node);
-    m_changes.push_back({m_entries.size(), object, effect.aspect, after});
-}
-
-int qxExplanation::valueOf(const qxSceneObject &object, qxAspect aspect) const
-{
-    const auto changed = m_values.constFind(qxStateRules::keyOf(object, aspect));
-    return changed != m_values.constEnd() ? *changed : qxStateRules::current(object, aspect);
+    if (entry.reached > 0)
+        entry.code.reset();
+    else if (entry.found == 0)
+        entry.code = qxCode::SkippedNoObject;
 }
 
 void qxExplanation::addViewpoints(const qxVariantSet &set)
@@ -257,11 +230,11 @@ void qxExplanation::compareChanges()
 {
     for (const Change &change : m_changes) {
         qxExplainedEntry &entry = m_entries[change.entry];
-        const int now = qxStateRules::current(change.object, change.aspect);
-        if (now == change.value || entry.code == qxCode::NotShown)
+        const qxEffect &effect = change.effect;
+        const osg::Int64 now = qxStateRules::valueOf(effect.object, effect.aspect);
+        if (now == effect.value || entry.code == qxCode::NotShown)
             continue;
-        const qxAspectKey key = qxStateRules::keyOf(change.object, change.aspect);
-        const bool isForeseen = m_values.value(key, now) == now;
+        const bool isForeseen = m_forecast.value(effect.object, effect.aspect) == now;
         entry.isDone = false;
         entry.code = isForeseen ? qxCode::ChangedAgain : qxCode::NotShown;
     }

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "qxStateRules.h"
+#include "qxCheckCodes.h"
+#include "qxForecast.h"
+#include "qxSceneLookup.h"
 
-#include <QHash>
 #include <QMap>
-#include <QSet>
 #include <QStringList>
 
 class qxVariantSet;
+struct qxVariantKind;
 
 /// What one entry of a set does when the set is selected.
 struct qxExplainedEntry {
@@ -39,8 +40,9 @@ struct qxSelectionOutcome {
 /// it did. It does not select and changes nothing.
 class qxExplanation {
 public:
-    /// Foresees; what is there now must stay there until compare, but for what the set changes.
-    explicit qxExplanation(const qxVariantSet &set);
+    /// Goes on from what `forecast`, which must outlive this, has foreseen. What is there now must
+    /// stay there until compare, but for what the set changes.
+    qxExplanation(const qxVariantSet &set, qxForecast &forecast);
 
     /// Looks at the scene after the selection: completes the code and isDone of each entry.
     void compare(const qxSelectionOutcome &outcome);
@@ -49,12 +51,10 @@ public:
     const std::vector<qxExplainedEntry> &entries() const { return m_entries; }
 
 private:
-    /// What an entry makes of one aspect of one object.
+    /// What an entry makes of one object.
     struct Change {
         std::size_t entry;
-        qxSceneObject object;
-        qxAspect aspect;
-        int value;
+        qxEffect effect;
     };
 
     void addTargets(const qxVariantSet &set);
@@ -63,13 +63,8 @@ private:
     void addRest(const qxVariantSet &set);
     void addAnimations(const qxVariantSet &set);
     /// Foresees the state in every object of the entry's name.
-    void foresee(qxExplainedEntry &entry, const qxVariantKind *kind);
-    void apply(qxExplainedEntry &entry, const qxSceneObject &object, const qxEffect &effect);
-    /// What else a node variant shows while it recurses: all below, and above up to what is shown.
-    void recurse(const osg::NodePtr &node);
-    void show(const osg::NodePtr &node);
-    void showSubTree(const osg::NodePtr &node);
-    int valueOf(const qxSceneObject &object, qxAspect aspect) const;
+    void foresee(qxExplainedEntry &entry, const qxVariantKind &kind);
+    void showTarget(const osg::NodePtr &node);
     /// An entry that is no variant; without a code it is expected to happen.
     void addPlain(const char *kind, const QString &name, std::optional<qxCode> code);
     bool isShown(const qxExplainedEntry &entry, const qxSelectionOutcome &outcome) const;
@@ -78,6 +73,5 @@ private:
     const qxSceneLookup m_scene;
     std::vector<qxExplainedEntry> m_entries;
     std::vector<Change> m_changes;
-    QHash<qxAspectKey, int> m_values; ///< what was changed so far
-    QSet<qxAspectKey> m_done; ///< shared cores that the present entry has changed already
+    qxForecast &m_forecast;
 };

@@ -1,15 +1,14 @@
 #pragma once
 
 #include "qxLintVariants.h"
+#include "qxSceneLookup.h"
 
 #include <functional>
 
 /// What the parts of one look over a document share.
 class qxLintContext {
 public:
-    explicit qxLintContext(const qxSyntaxTree &document) : tree(document), variants(document, scene)
-    {
-    }
+    explicit qxLintContext(const qxSyntaxTree &document) : tree(document), variants(document) {}
 
     /// A finding at an element that is a child of the one at `owner`.
     void add(qxCode code, const QString &message, const QString &owner, const QString &tag,

@@ -61,7 +61,7 @@ private:
 
     qxLintContext &m_context;
     const qxSyntaxTreeSet &m_set;
-    QHash<qxAspectKey, Entry> m_changed; ///< who changes what
+    QHash<qxForecast::Key, Entry> m_changed; ///< who changes what
 };
 
 void SetLint::run(const qxLinter::Compile &compile)
@@ -92,8 +92,8 @@ void SetLint::noteTargets()
         const auto nodes = m_context.scene.nodes(target.text);
         if (nodes.empty())
             return;
-        const qxAspectKey key =
-            qxStateRules::keyOf({&qxVariantKinds::node, nodes.front(), {}}, qxAspect::Visibility);
+        const qxForecast::Key key =
+            qxForecast::keyOf(qxSceneObject(nodes.front()), qxAspect::Visibility);
         m_changed.insert(key, {{key, true, 1}, nullptr, &qxVariantKinds::node, target.text});
     }
 }

@@ -1,22 +1,16 @@
 #include "qxLintVariants.h"
 
-#include "qxVariant.h"
+#include "qxVariantKinds.h"
 
 #include <algorithm>
 
-namespace {
-
-bool isFitting(const qxSceneObject &object)
+qxLintVariant::qxLintVariant(const qxSyntaxTreeVariant &variant, qxStateSurvey &survey)
+    : m_element(variant), m_survey(survey), m_objects(variant.kind->rule.objects(variant.base))
 {
-    return !qxStateRules::flawOf(object).has_value();
-}
-
-} // namespace
-
-qxLintVariant::qxLintVariant(const qxSyntaxTreeVariant &variant, const qxSceneLookup &scene)
-    : m_element(variant), m_objects(qxStateRules::objectsOf(scene, variant.kind, variant.base)),
-      m_hasFittingObject(std::any_of(m_objects.begin(), m_objects.end(), isFitting))
-{
+    // What is of the wrong sort says so to any state.
+    for (const qxSceneObject &each : m_objects)
+        m_hasFittingObject = m_hasFittingObject
+            || !survey.ask(variant.kind->rule, each, QString()).front().isMisfit();
     for (const qxSyntaxTreeOption &option : variant.options)
         m_options.insert(option.name);
 }
@@ -28,14 +22,17 @@ const qxLintVariant::Reach &qxLintVariant::reach(const QString &state)
         return *known;
     Reach reach;
     for (const qxSceneObject &object : m_objects) {
-        const qxEffect effect = qxStateRules::effectOf(object, state);
-        if (effect.operation == qxEffect::Nothing)
+        const qxStateSurvey::Effects &effects = m_survey.ask(m_element.kind->rule, object, state);
+        if (std::none_of(effects.begin(), effects.end(),
+                         [](const qxEffect &each) { return each.isTaken(); }))
             continue;
         reach.isTaken = true;
-        reach.changes.push_back({qxStateRules::keyOf(object, effect.aspect),
-                                 effect.operation == qxEffect::Put, effect.value});
-        if (effect.resetsChoice)
-            reach.changes.push_back({qxStateRules::keyOf(object, qxAspect::Choice), true, 0});
+        for (const qxEffect &each : effects) {
+            const bool isPut = each.reason != qxReason::Toggled && each.reason != qxReason::Stepped;
+            if (each.isChange())
+                reach.changes.push_back(
+                    {qxForecast::keyOf(object, each.aspect), isPut, each.value});
+        }
     }
     // Of clones, which share their choice, the first one has it.
     const auto isBefore = [](const Change &one, const Change &other) {
@@ -51,8 +48,7 @@ const qxLintVariant::Reach &qxLintVariant::reach(const QString &state)
 void qxLintVariant::use(const QString &state)
 {
     m_used.insert(state);
-    m_isStepped = m_isStepped || state == variantNext || state == variantNextLoop
-        || state == variantPrevious || state == variantPreviousLoop;
+    m_isStepped = m_isStepped || qxSwitchStepping::stepOf(state);
 }
 
 bool qxLintVariant::isUsed(const QString &state) const
@@ -60,11 +56,11 @@ bool qxLintVariant::isUsed(const QString &state) const
     return m_isStepped || m_used.contains(state);
 }
 
-qxLintVariants::qxLintVariants(const qxSyntaxTree &tree, const qxSceneLookup &scene)
+qxLintVariants::qxLintVariants(const qxSyntaxTree &tree)
 {
     m_all.reserve(tree.variants.size());
     for (const qxSyntaxTreeVariant &each : tree.variants) {
-        m_all.push_back(std::make_unique<qxLintVariant>(each, scene));
+        m_all.push_back(std::make_unique<qxLintVariant>(each, m_survey));
         m_byName[each.kind].insert(each.name, m_all.back().get());
     }
 }

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "qxStateRules.h"
+#include "qxFindCache.h"
+#include "qxForecast.h"
+#include "qxSyntaxTree.h"
 
 #include <QHash>
 #include <QSet>
@@ -12,9 +14,9 @@ class qxLintVariant {
 public:
     /// What a state makes of one aspect of one object.
     struct Change {
-        qxAspectKey key;
+        qxForecast::Key key;
         bool isPut; ///< it ends at `value` from wherever it was; false for toggles and steps
-        int value;
+        osg::Int64 value;
     };
     /// What a state does to the variant's objects.
     struct Reach {
@@ -22,7 +24,8 @@ public:
         std::vector<Change> changes; ///< one for each aspect
     };
 
-    qxLintVariant(const qxSyntaxTreeVariant &variant, const qxSceneLookup &scene);
+    /// Looks up its objects; `survey` must outlive this.
+    qxLintVariant(const qxSyntaxTreeVariant &variant, qxStateSurvey &survey);
 
     const qxSyntaxTreeVariant &element() const { return m_element; }
     bool hasOption(const QString &name) const { return m_options.contains(name); }
@@ -40,8 +43,9 @@ public:
 
 private:
     const qxSyntaxTreeVariant &m_element;
+    qxStateSurvey &m_survey;
     const std::vector<qxSceneObject> m_objects;
-    const bool m_hasFittingObject;
+    bool m_hasFittingObject = false;
     QSet<QString> m_options;
     QHash<QString, Reach> m_reaches;
     QSet<QString> m_used;
@@ -51,7 +55,7 @@ private:
 /// The variants of a document by kind and name.
 class qxLintVariants {
 public:
-    qxLintVariants(const qxSyntaxTree &tree, const qxSceneLookup &scene);
+    explicit qxLintVariants(const qxSyntaxTree &tree);
 
     /// Of several variants of one name the last, as the reader leaves it; null for none.
     qxLintVariant *find(const qxVariantKind *kind, const QString &name) const;
@@ -59,6 +63,8 @@ public:
     const std::vector<std::unique_ptr<qxLintVariant>> &all() const { return m_all; }
 
 private:
+    const qxFindCache m_cache{true};
+    qxStateSurvey m_survey;
     std::vector<std::unique_ptr<qxLintVariant>> m_all;
     QHash<const qxVariantKind *, QHash<QString, qxLintVariant *>> m_byName;
 };

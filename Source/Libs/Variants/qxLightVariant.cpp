@@ -1,5 +1,6 @@
 #include "qxLightVariant.h"
 
+#include "Internal/Options/qxStateWriter.h"
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxNodeVisibility.h"
@@ -26,8 +27,33 @@ std::vector<qxNodePtr> findLights(const QString &name)
 
 QString stateOf(const osg::NodePtr &light)
 {
-    return qxLights::getOn(light) ? variantEnable : variantDisable;
+    return qxStateRules::stateOf(qxSceneObject(light), qxAspect::Light);
 }
+
+void announce(const osg::NodePtr &light, qxMessage &message)
+{
+    std::vector<std::string> enabled;
+    std::vector<std::string> disabled;
+    (qxLights::getOn(light) ? enabled : disabled).push_back(qxNodeUtils::getName(light));
+    qxNotify::variantsLightsChanged(message, std::move(enabled), std::move(disabled));
+}
+
+/// Switches lights and announces each.
+class LightChanges : public qxStateWriter {
+public:
+    explicit LightChanges(const qxLightVariant &variant)
+        : m_variantName(qxText::toUtf8(variant.name))
+    {
+    }
+    void finish(const qxSceneObject &light) override
+    {
+        qxMessage message = qxNotify::changeBy(m_variantName);
+        announce(light.node, message);
+    }
+
+private:
+    const std::string m_variantName;
+};
 
 void buildOptions(qxLightVariant &variant, const osg::NodePtr &light)
 {
@@ -54,16 +80,11 @@ qxLightVariant::qxLightVariant(osg::NodePtr node)
 void qxLightVariant::onSelect(const QString &state)
 {
     const qxOperation operation;
-    const bool toggle = state == variantToggle;
-    if (toggle || state == variantEnable || state == variantDisable) {
-        const bool on = state == variantEnable;
-        const std::string variantName = qxText::toUtf8(name);
-        for (const qxNodePtr &light : findLights(lightName)) {
-            qxMessage message = qxNotify::changeBy(variantName);
-            qxLights::setOn(light, toggle ? !qxLights::getOn(light) : on);
-            callVariantsLightChanged(light, message);
-        }
-    }
+    LightChanges changes(*this);
+    qxStateRequest request(state);
+    qxStateRules::light.visit(qxText::toUtf8(lightName), [&](const qxSceneObject &each) {
+        qxStateRules::light.decide(each, request, changes);
+    });
     qxNotify::variantSelected(notifications, this);
 }
 
@@ -83,12 +104,8 @@ void qxLightVariant::updateVariants()
 
 void qxLightVariant::callVariantsLightChanged(const osg::NodePtr &node, qxMessage &message)
 {
-    if (!qxLights::isLight(node))
-        return;
-    std::vector<std::string> enabled;
-    std::vector<std::string> disabled;
-    (qxLights::getOn(node) ? enabled : disabled).push_back(qxNodeUtils::getName(node));
-    qxNotify::variantsLightsChanged(message, std::move(enabled), std::move(disabled));
+    if (qxLights::isLight(node))
+        announce(node, message);
 }
 
 QString qxLightVariant::getNodePath(const osg::NodePtr &node)

@@ -3,8 +3,8 @@
 #include "Internal/Materials/qxSwitchMaterials.h"
 #include "Internal/Options/qxOptionAppender.h"
 #include "Internal/Options/qxOptionRebuild.h"
+#include "Internal/Options/qxStateWriter.h"
 #include "Internal/Options/qxSwitchOptions.h"
-#include "Internal/Options/qxSwitchStepping.h"
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxSceneEdits.h"
@@ -27,27 +27,34 @@ std::vector<osg::MaterialPtr> findMaterials(const QString &name)
     return qxMaterials::findMaterials(qxText::toUtf8(name).c_str());
 }
 
-/// The name (UTF-8) of the material that the step leads to.
-std::string targetName(const osg::SwitchMaterialPtr &switchMaterial, qxStep step)
-{
-    const osg::UInt32 index =
-        qxSwitchStepping::stepMaterial(step, osg::Int32(switchMaterial->getChoice()),
-                                       osg::UInt32(switchMaterial->getMaterials().size()));
-    return qxMaterials::getName(switchMaterial->getMaterials(index));
-}
-
-/// Chooses the first material of that name; says whether there is one.
-bool choose(const osg::SwitchMaterialPtr &switchMaterial, const std::string &name)
-{
-    const osg::UInt32 count = osg::UInt32(switchMaterial->getMaterials().size());
-    for (osg::UInt32 i = 0; i < count; ++i) {
-        if (qxMaterials::getName(switchMaterial->getMaterials(i)) != name)
-            continue;
-        qxSceneEdits::setChoice(switchMaterial, i);
-        return true;
+/// Puts the switch materials of one name into a state and announces them.
+class MaterialChanges : public qxStateWriter {
+public:
+    // Copies: a listener may remove the variant and whatever holds the state.
+    MaterialChanges(const qxMaterialVariant &variant, const QString &state)
+        : m_variantName(qxText::toUtf8(variant.name)),
+          m_baseName(qxText::toUtf8(variant.switchMaterialName)), m_request(state)
+    {
     }
-    return false;
-}
+    void apply()
+    {
+        qxStateRules::material.visit(m_baseName, [this](const qxSceneObject &each) {
+            qxStateRules::material.decide(each, m_request, *this);
+        });
+    }
+    void finish(const qxSceneObject &object) override
+    {
+        if (!m_request.step)
+            return qxNotify::variantsMaterialChanged(m_variantName, m_request.name, m_baseName);
+        const osg::MaterialPtr shown = chosen(object.switchMaterial);
+        qxNotify::variantsMaterialChanged(m_variantName, qxMaterials::getName(shown), m_baseName);
+    }
+
+private:
+    const std::string m_variantName;
+    const std::string m_baseName;
+    qxStateRequest m_request;
+};
 
 /// Puts `replacement`, which the pool holds, in the place of `material` on every node.
 void replaceOnNodes(const osg::MaterialPtr &material, const osg::MaterialPtr &replacement)
@@ -118,25 +125,15 @@ qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
 void qxMaterialVariant::onSelect(const QString &state)
 {
     const qxOperation operation;
-    const std::string variantName = qxText::toUtf8(name);
-    const std::string baseName = qxText::toUtf8(switchMaterialName);
-    const std::string wanted = qxText::toUtf8(state);
-    const std::optional<qxStep> step = qxSwitchStepping::stepOf(state);
-    for (const osg::MaterialPtr &material : qxMaterials::findMaterials(baseName.c_str())) {
-        const auto switchMaterial = osg::SwitchMaterialPtr::dcast(material);
-        if (switchMaterial == osg::NullFC || switchMaterial->getMaterials().empty())
-            continue;
-        const std::string target = step ? targetName(switchMaterial, *step) : wanted;
-        if (choose(switchMaterial, target))
-            qxNotify::variantsMaterialChanged(variantName, target, baseName);
-    }
+    MaterialChanges(*this, state).apply();
     qxNotify::variantSelected(notifications, this);
 }
 
 QString qxMaterialVariant::onCurrent() const
 {
-    const auto switchMaterial = osg::SwitchMaterialPtr::dcast(findMaterial(switchMaterialName));
-    return switchMaterial == osg::NullFC ? QString() : nameOf(chosen(switchMaterial));
+    const qxSceneObject found(findMaterial(switchMaterialName));
+    return found.switchMaterial == osg::NullFC ? QString()
+                                               : qxStateRules::stateOf(found, qxAspect::Choice);
 }
 
 void qxMaterialVariant::add(osg::MaterialPtr material, const QString &shortcut)

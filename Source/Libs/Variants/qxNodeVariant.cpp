@@ -2,13 +2,12 @@
 
 #include "Internal/Options/qxOptionAppender.h"
 #include "Internal/Options/qxOptionRebuild.h"
+#include "Internal/Options/qxStateWriter.h"
 #include "Internal/Options/qxSwitchOptions.h"
-#include "Internal/Options/qxSwitchStepping.h"
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
-#include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariantKind.h"
 #include "qxVariantLists.h"
 
@@ -19,14 +18,7 @@
 #include "qxScenegraph.h"
 #include "qxText.h"
 
-#include <OpenSG/OSGSwitch.h>
-
-#include <cstdio>
-#include <set>
-
 namespace {
-
-constexpr char TransformName[] = "Transform %u";
 
 std::vector<qxNodePtr> findNodes(const QString &name)
 {
@@ -40,137 +32,48 @@ qxNodePtr firstNode(const QString &name)
     return nodes.empty() ? qxNodePtr() : nodes.front();
 }
 
-void enable(const osg::NodePtr &node)
-{
-    if (!qxVariantLists::_recurse)
-        return;
-    qxNodeVisibility::pushEnable(node);
-    qxNodeVisibility::enableAncestors(node);
-}
-
 void announce(const osg::NodePtr &node, qxMessage &message)
 {
     qxNotify::variantsNodesChanged(message, qxNodesChange::of(node));
 }
 
-/// The nodes of one name while one state is applied to them.
-class Selection {
+/// Puts the nodes of one name into a state and announces them.
+class NodeChanges : public qxStateWriter {
 public:
-    Selection(const qxNodeVariant &variant, const QString &state);
-    void apply(const osg::NodePtr &node);
+    NodeChanges(const qxNodeVariant &variant, const QString &state)
+        : m_variantName(qxText::toUtf8(variant.name)), m_request(state)
+    {
+        m_request.recurses = qxVariantLists::_recurse;
+    }
+    void apply(const qxSceneObject &object)
+    {
+        m_message = qxNotify::changeBy(m_variantName);
+        qxStateRules::node.decide(object, m_request, *this);
+    }
+    void take(const qxEffect &effect) override;
+    void finish(const qxSceneObject &object) override { announce(object.node, m_message); }
 
 private:
-    void applyVisibility(const osg::NodePtr &node, qxMessage &message);
-    void applyTransformSwitch(const osg::SwitchComponentTransformPtr &core);
-    void applySwitch(const osg::NodePtr &node, const osg::SwitchPtr &core, qxMessage &message);
-    /// The switch's choice that the state asks for; none when no child has that name.
-    std::optional<osg::Int32> choiceFor(const osg::NodePtr &node, const osg::SwitchPtr &core) const;
-    /// False when the core was met before: clones share one core.
-    bool isFirstVisit(const osg::NodeCorePtr &core);
-
-    const QString m_state;
-    const std::string m_stateUtf8;
     const std::string m_variantName;
-    const std::optional<qxStep> m_step;
-    std::set<osg::NodeCorePtr> m_handled;
+    qxStateRequest m_request;
+    qxMessage m_message;
 };
 
-Selection::Selection(const qxNodeVariant &variant, const QString &state)
-    : m_state(state), m_stateUtf8(qxText::toUtf8(state)),
-      m_variantName(qxText::toUtf8(variant.name)), m_step(qxSwitchStepping::stepOf(state))
+void NodeChanges::take(const qxEffect &effect)
 {
-}
-
-void Selection::apply(const osg::NodePtr &node)
-{
-    qxMessage message = qxNotify::changeBy(m_variantName);
-    applyVisibility(node, message);
-
-    const osg::NodeCorePtr core = node->getCore();
-    const auto transformSwitch = osg::SwitchComponentTransformPtr::dcast(core);
-    if (transformSwitch != osg::NullFC)
-        return applyTransformSwitch(transformSwitch);
-    const auto switchCore = osg::SwitchPtr::dcast(core);
-    if (switchCore != osg::NullFC)
-        applySwitch(node, switchCore, message);
-}
-
-bool Selection::isFirstVisit(const osg::NodeCorePtr &core)
-{
-    const bool shared = core->getParents().size() > 1;
-    return !shared || m_handled.insert(core).second;
-}
-
-void Selection::applyVisibility(const osg::NodePtr &node, qxMessage &message)
-{
-    const bool toggle = m_state == variantToggle;
-    if (!toggle && m_state != variantEnable && m_state != variantDisable)
-        return;
-
-    const bool show =
-        toggle ? node->getTravMask() != qxSceneEdits::Visible : m_state == variantEnable;
-    if (show) {
-        qxSceneEdits::setTraversalMask(node, qxSceneEdits::Visible);
-        enable(node);
-    } else {
-        qxSceneEdits::setTraversalMask(node, qxSceneEdits::Hidden);
-        qxNotify::setHidden(message);
-    }
-    announce(node, message);
-}
-
-void Selection::applyTransformSwitch(const osg::SwitchComponentTransformPtr &core)
-{
-    if (!isFirstVisit(core))
-        return;
-    osg::UInt32 choice = 0;
-    if (m_step)
-        choice =
-            qxSwitchStepping::stepTransformSwitch(*m_step, core->getChoice(), core->getCount());
-    else
-        std::sscanf(m_stateUtf8.c_str(), TransformName, &choice);
-    qxSceneEdits::setChoice(core, choice);
-}
-
-void Selection::applySwitch(const osg::NodePtr &node, const osg::SwitchPtr &core,
-                            qxMessage &message)
-{
-    const bool first = isFirstVisit(core);
-    const std::optional<osg::Int32> choice = choiceFor(node, core);
-    if (!choice) {
+    if (effect.reason == qxReason::NoSuchChild)
         qxLog::error("Nodevariant %s does not have a child called %s\n", m_variantName.c_str(),
-                     m_stateUtf8.c_str());
-        return;
-    }
-    if (first)
-        qxSceneEdits::setChoice(core, *choice);
-    if (m_state != variantNone)
-        enable(node);
-    announce(node, message);
-}
-
-std::optional<osg::Int32> Selection::choiceFor(const osg::NodePtr &node,
-                                               const osg::SwitchPtr &core) const
-{
-    const osg::UInt32 count = node->getNChildren();
-    if (m_step)
-        return qxSwitchStepping::stepSwitch(*m_step, core->getChoice(), count);
-    if (m_state == variantAll)
-        return osg::Switch::ALL;
-    if (m_state == variantNone)
-        return osg::Switch::NONE;
-    for (osg::UInt32 i = 0; i < count; ++i) {
-        if (qxNodeUtils::getName(node->getChild(i)) == m_stateUtf8)
-            return osg::Int32(i);
-    }
-    return std::nullopt;
+                     m_request.name.c_str());
+    qxStateWriter::take(effect);
+    if (effect.aspect == qxAspect::Visibility && !effect.value)
+        qxNotify::setHidden(m_message);
 }
 
 void addTransformStates(qxVariant &variant, const osg::SwitchComponentTransformPtr &core)
 {
     qxOptionAppender options(variant);
     for (osg::UInt32 i = 0; i < core->getCount(); ++i)
-        options.add(false, QString::asprintf(TransformName, i), QString());
+        options.add(false, qxStateRules::transformName(i), QString());
     variant.defaultState = variantNextLoop;
 }
 
@@ -199,9 +102,9 @@ qxNodeVariant::qxNodeVariant(osg::NodePtr node)
 void qxNodeVariant::onSelect(const QString &state)
 {
     const qxOperation operation;
-    Selection selection(*this, state);
-    for (const qxNodePtr &node : findNodes(nodeName))
-        selection.apply(node);
+    NodeChanges changes(*this, state);
+    qxStateRules::node.visit(qxText::toUtf8(nodeName),
+                             [&](const qxSceneObject &each) { changes.apply(each); });
     qxNotify::variantSelected(notifications, this);
 }
 
@@ -209,6 +112,18 @@ QString qxNodeVariant::onCurrent() const
 {
     const qxNodePtr node = firstNode(nodeName);
     return node == osg::NullFC ? QString() : qxSwitchOptions::currentState(node);
+}
+
+qxShownState qxNodeVariant::shown() const
+{
+    const qxSceneObject object(firstNode(nodeName));
+    if (object.node == osg::NullFC)
+        return {};
+    qxShownState shown{qxSwitchOptions::currentState(object.node), QString()};
+    shown.isHidden = !qxStateRules::valueOf(object, qxAspect::Visibility);
+    if (osg::SwitchComponentTransformPtr::dcast(object.node->getCore()) != osg::NullFC)
+        shown.place = qxStateRules::stateOf(object, qxAspect::Choice);
+    return shown;
 }
 
 void qxNodeVariant::updateVariants()
@@ -242,7 +157,9 @@ void qxNodeVariant::hideGeometry()
 
 void qxNodeVariant::recurseEnable(osg::NodePtr node)
 {
-    enable(node);
+    qxStateWriter scene;
+    if (qxVariantLists::_recurse)
+        qxStateRules::recurse(node, scene);
 }
 
 void qxNodeVariant::pushEnable(osg::NodePtr node)

@@ -27,6 +27,7 @@ public:
     void onSelect(const QString &state) override;
     /// The state of the first node of the name; empty when there is none.
     QString onCurrent() const override;
+    qxShownState shown() const override;
 
     /// Builds the options anew from the first node of the name. Shortcuts of options that survive
     /// are kept, and so is a default state that is still a state. Without a node no option is left.

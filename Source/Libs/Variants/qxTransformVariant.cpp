@@ -2,13 +2,12 @@
 
 #include "Internal/Options/qxOptionRebuild.h"
 #include "Internal/Options/qxSwitchOptions.h"
-#include "Internal/Options/qxSwitchStepping.h"
 #include "qxVariantKind.h"
 
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
+#include "qxStateRules.h"
 #include "qxText.h"
-#include "qxTransformService.h"
 
 #include <algorithm>
 
@@ -25,20 +24,15 @@ std::vector<qxNodePtr> findNodes(const QString &name)
     return nodes;
 }
 
-/// The index of the transform state that the step leads to; negative when the node has none such.
-int indexAfter(qxStep step, const qxNodePtr &node)
-{
-    return qxSwitchStepping::stepTransformState(step,
-                                                qxNodeUtils::getTransformVariantCurrentIndex(node),
-                                                qxNodeUtils::getTransformVariantCount(node));
-}
-
-void requestState(const qxNodePtr &node, int index)
-{
-    auto *service = qxKernelServiceFactory::the()->getService<qxTransformService>();
-    const QList<QRPC::NodeTrafoId> request{QRPC::NodeTrafoId(node.getID(), index)};
-    service->selectTransformVariants(request, 0, 0);
-}
+/// Asks the host for the states that are decided, those out of range included.
+class Requests : public qxEffectTarget {
+public:
+    void take(const qxEffect &effect) override
+    {
+        if (effect.value >= 0)
+            qxStateRules::setValue(effect.object, effect.aspect, effect.value);
+    }
+};
 
 } // namespace
 
@@ -55,14 +49,11 @@ qxTransformVariant::qxTransformVariant(const QString &node) : nodeName(node)
 
 void qxTransformVariant::onSelect(const QString &state)
 {
-    const std::optional<qxStep> step = qxSwitchStepping::stepOf(state);
-    const std::string wanted = qxText::toUtf8(state);
-    for (const qxNodePtr &node : findNodes(nodeName)) {
-        const int index =
-            step ? indexAfter(*step, node) : qxNodeUtils::getTransformVariantIndex(node, wanted);
-        if (index >= 0)
-            requestState(node, index);
-    }
+    Requests requests;
+    qxStateRequest request(state);
+    qxStateRules::transform.visit(qxText::toUtf8(nodeName), [&](const qxSceneObject &each) {
+        qxStateRules::transform.decide(each, request, requests);
+    });
 }
 
 QString qxTransformVariant::onCurrent() const
@@ -70,7 +61,7 @@ QString qxTransformVariant::onCurrent() const
     const std::vector<qxNodePtr> nodes = findNodes(nodeName);
     if (nodes.empty())
         return QString();
-    return qxText::fromUtf8(qxNodeUtils::getSelectedTransformVariantName(nodes.front()));
+    return qxStateRules::stateOf(qxSceneObject(nodes.front()), qxAspect::Pose);
 }
 
 void qxTransformVariant::updateVariants()

@@ -37,6 +37,11 @@ void qxVariantOption::updateShortcut()
     qxHotkey::map(shortcut, key, modifiers);
 }
 
+bool qxShownState::is(const QString &wanted) const
+{
+    return !wanted.isEmpty() && (wanted == current || wanted == visibleState());
+}
+
 qxVariant::~qxVariant() {}
 
 void qxVariant::onSelect(const QString &) {}
@@ -44,6 +49,11 @@ void qxVariant::onSelect(const QString &) {}
 QString qxVariant::onCurrent() const
 {
     return QString();
+}
+
+qxShownState qxVariant::shown() const
+{
+    return {onCurrent(), QString()};
 }
 
 void qxVariant::add(const QString &optionName, const QString &shortcut)

@@ -30,6 +30,20 @@ struct qxVariantOption {
     void updateShortcut();
 };
 
+/// What the scene shows of a variant, as people see it.
+struct qxShownState {
+    QString current; ///< see qxVariant::onCurrent
+    QString place; ///< of a transform switch, such as "Transform 2"; empty for anything else
+    bool isHidden = false; ///< be it a switch, hidden as a whole
+
+    /// The state, and the place of a transform switch, hidden or not.
+    const QString &state() const { return place.isEmpty() ? current : place; }
+    /// The same, but "!Disable" for a transform switch that is hidden.
+    const QString &visibleState() const { return isHidden ? current : state(); }
+    /// Whether people see it in that state.
+    bool is(const QString &wanted) const;
+};
+
 /// A named part of the scene together with the states it can be put in.
 ///
 /// Names are compared exactly. Kinds keep the name of their scene object and look it up each time.
@@ -44,6 +58,7 @@ public:
     virtual void onSelect(const QString &state);
     /// The state that the scene shows now; empty when it shows none.
     virtual QString onCurrent() const;
+    virtual qxShownState shown() const;
 
     /// Appends an option that is not an action. A name that is there already keeps its option.
     void add(const QString &optionName, const QString &shortcut);

@@ -9,6 +9,7 @@
 class QString;
 class qxStateList;
 class qxVariant;
+struct qxStateRule;
 struct qxVariantReferences;
 
 /// The names of the notifications about the variants of one kind.
@@ -33,6 +34,7 @@ struct qxVariantKind {
     const qxVariantNotifications &notifications;
     qxStateList qxVariantReferences::*states; ///< those of a set to variants of the kind
     QString qxVariant::*sceneName; ///< the name of the scene object; for variants of the kind alone
+    const qxStateRule &rule; ///< what the variants make of states
     const std::type_info &type; ///< of its variants
 
     void (*visit)(const Visit &each);

@@ -11,6 +11,8 @@
 #include "qxVariantLists.h"
 #include "qxVariantReferences.h"
 
+#include "qxStateRules.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -78,7 +80,7 @@ struct Names {
 
 template <class Variant, auto &list>
 constexpr qxVariantKind row(const Names &names, qxStateList qxVariantReferences::*states,
-                            QString Variant::*sceneName)
+                            QString Variant::*sceneName, const qxStateRule &rule)
 {
     typedef Registered<Variant, list> Variants;
     return {QLatin1String(names.word),
@@ -88,6 +90,7 @@ constexpr qxVariantKind row(const Names &names, qxStateList qxVariantReferences:
             Variant::notifications,
             states,
             static_cast<QString qxVariant::*>(sceneName),
+            rule,
             typeid(Variant),
             Variants::visit,
             Variants::count,
@@ -103,7 +106,8 @@ constexpr qxVariantKind materialRow()
     auto kind = row<qxMaterialVariant, qxVariantLists::_materialVariants>(
         {"material", QT_TRANSLATE_NOOP("qxVariants", "Materials"), "MaterialVariant",
          "MaterialVariantRef"},
-        &qxVariantReferences::materialVariants, &qxMaterialVariant::switchMaterialName);
+        &qxVariantReferences::materialVariants, &qxMaterialVariant::switchMaterialName,
+        qxStateRules::material);
     kind.complete = [](const qxVariant &variant) {
         qxSwitchMaterialRepair::ensureSwitchMaterial(
             static_cast<const qxMaterialVariant &>(variant));
@@ -128,7 +132,8 @@ constexpr qxVariantKind overlayRow()
 {
     auto kind = row<qxOverlayVariant, qxVariantLists::_overlayVariants>(
         {"overlay", QT_TRANSLATE_NOOP("qxVariants", "Overlays"), "OverlayVariant", "OverlayRef"},
-        &qxVariantReferences::overlayVariants, &qxOverlayVariant::overlayName);
+        &qxVariantReferences::overlayVariants, &qxOverlayVariant::overlayName,
+        qxStateRules::overlay);
     kind.create = createOverlay;
     kind.hasDefaults = false;
     return kind;
@@ -139,7 +144,8 @@ constexpr qxVariantKind transformRow()
     auto kind = row<qxTransformVariant, qxVariantLists::_transformVariants>(
         {"transform", QT_TRANSLATE_NOOP("qxVariants", "Transforms"), "TransformVariant",
          "TransformRef"},
-        &qxVariantReferences::transformVariants, &qxTransformVariant::nodeName);
+        &qxVariantReferences::transformVariants, &qxTransformVariant::nodeName,
+        qxStateRules::transform);
     kind.makesUsed = false;
     return kind;
 }
@@ -151,13 +157,13 @@ namespace qxVariantKinds {
 
 constexpr qxVariantKind node = row<qxNodeVariant, qxVariantLists::_nodeVariants>(
     {"node", QT_TRANSLATE_NOOP("qxVariants", "Nodes"), "NodeVariant", "NodeVariantRef"},
-    &qxVariantReferences::nodeVariants, &qxNodeVariant::nodeName);
+    &qxVariantReferences::nodeVariants, &qxNodeVariant::nodeName, qxStateRules::node);
 
 constexpr qxVariantKind material = materialRow();
 
 constexpr qxVariantKind light = row<qxLightVariant, qxVariantLists::_lightVariants>(
     {"light", QT_TRANSLATE_NOOP("qxVariants", "Lights"), "LightVariant", "LightVariantRef"},
-    &qxVariantReferences::lightVariants, &qxLightVariant::lightName);
+    &qxVariantReferences::lightVariants, &qxLightVariant::lightName, qxStateRules::light);
 
 constexpr qxVariantKind overlay = overlayRow();
 

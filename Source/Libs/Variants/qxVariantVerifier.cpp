@@ -1,13 +1,14 @@
 #include "qxVariantVerifier.h"
 
 #include "Internal/Registry/qxOperation.h"
-#include "Internal/Scene/qxFindCache.h"
 #include "qxMaterialVariant.h"
 #include "qxNodeVariant.h"
 #include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxFindCache.h"
+#include "qxForecast.h"
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
 #include "qxText.h"
@@ -29,34 +30,6 @@ const QString KeloMaterialVariantType = QStringLiteral("KeloMaterialVariant");
 namespace {
 
 typedef QSet<QString> Names;
-
-bool showsOrHides(const QString &state)
-{
-    return state == variantEnable || state == variantDisable;
-}
-
-/// Whether a switch node with children of these names can be put into the state.
-bool switchKnows(const Names &children, const QString &state)
-{
-    return children.contains(state) || state == variantAll || state == variantNone
-        || showsOrHides(state);
-}
-
-Names childNames(const osg::NodePtr &node)
-{
-    Names names;
-    for (osg::UInt32 i = 0; i < node->getNChildren(); ++i)
-        names.insert(qxText::fromUtf8(qxNodeUtils::getName(node->getChild(i))));
-    return names;
-}
-
-Names materialNames(const osg::SwitchMaterialPtr &switchMaterial)
-{
-    Names names;
-    for (const osg::MaterialPtr &each : switchMaterial->getMaterials())
-        names.insert(qxText::fromUtf8(qxMaterials::getName(each)));
-    return names;
-}
 
 } // namespace
 
@@ -194,23 +167,20 @@ void qxVariantVerifier::verifyNodeVariant(qxNodeVariant &variant)
     if (node == osg::NullFC)
         return subject.error(QString(), "switch-node not found");
 
-    const char *const empty = "empty state in node variant";
-    const char *const unknown = "node state not found in switch node";
+    qxStateSurvey survey;
+    const auto isKnown = [&](const QString &state) {
+        return survey.isNamed(qxStateRules::node, qxSceneObject(node), state);
+    };
     const QString &standard = variant.defaultState;
-    if (osg::SwitchPtr::dcast(node->getCore()) == osg::NullFC) {
-        if (!standard.isEmpty() && !showsOrHides(standard))
-            return subject.error(QString(),
-                                 "node is not a switch-node and has illegal default value");
-        subject.checkOptions(variant, showsOrHides, empty, unknown);
-        return subject.finish();
-    }
-    const Names children = childNames(node);
-    const auto isKnown = [&](const QString &state) { return switchKnows(children, state); };
-    if (!standard.isEmpty() && !variant.find(standard))
+    const bool isSwitch = osg::SwitchPtr::dcast(node->getCore()) != osg::NullFC;
+    if (!isSwitch && !standard.isEmpty() && !isKnown(standard))
+        return subject.error(QString(), "node is not a switch-node and has illegal default value");
+    if (isSwitch && !standard.isEmpty() && !variant.find(standard))
         subject.error(standard, "default node state not found in node variant");
-    else if (!standard.isEmpty() && !isKnown(standard))
+    else if (isSwitch && !standard.isEmpty() && !isKnown(standard))
         subject.error(standard, "default node state not found in switch node");
-    subject.checkOptions(variant, isKnown, empty, unknown);
+    subject.checkOptions(variant, isKnown, "empty state in node variant",
+                         "node state not found in switch node");
     subject.finish();
 }
 
@@ -227,19 +197,20 @@ void qxVariantVerifier::verifyMaterialVariant(qxMaterialVariant &variant)
         qxMaterials::findMaterial(qxText::toUtf8(variant.switchMaterialName).c_str());
     if (material == osg::NullFC)
         return subject.error(QString(), "switch-material not found");
-    const auto switchMaterial = osg::SwitchMaterialPtr::dcast(material);
-    if (switchMaterial == osg::NullFC)
+    if (osg::SwitchMaterialPtr::dcast(material) == osg::NullFC)
         return subject.error(QString(), "material is not a switch-material");
 
-    const Names materials = materialNames(switchMaterial);
+    qxStateSurvey survey;
+    const auto isKnown = [&](const QString &state) {
+        return survey.isNamed(qxStateRules::material, qxSceneObject(material), state);
+    };
     const QString &standard = variant.defaultState;
     if (!standard.isEmpty() && !variant.find(standard))
         return subject.error(standard, "default material state not found in material variant");
-    if (!standard.isEmpty() && !materials.contains(standard))
+    if (!standard.isEmpty() && !isKnown(standard))
         return subject.error(standard, "default material state not found in switch material");
-    subject.checkOptions(
-        variant, [&](const QString &state) { return materials.contains(state); },
-        "empty state in material variant", "material state not found in switch material");
+    subject.checkOptions(variant, isKnown, "empty state in material variant",
+                         "material state not found in switch material");
     subject.finish();
 }
 

@@ -155,7 +155,8 @@ int run(const QCommandLineParser &parser)
     const qxVariantSet *const set = qxVariants::findVariantSet(arguments[1]);
     if (!set)
         return qxCommands::fail(qxUnknownName::set(arguments[1]));
-    qxExplanation explanation(*set);
+    qxForecast forecast;
+    qxExplanation explanation(*set, forecast);
     explanation.compare(selectQuietly(*set));
     print(arguments[1], explanation, parser.isSet(QStringLiteral("json")));
     const auto &entries = explanation.entries();

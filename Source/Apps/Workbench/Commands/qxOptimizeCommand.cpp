@@ -6,7 +6,8 @@
 #include "Report/qxOutput.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
-#include "qxStateRules.h"
+#include "qxFindCache.h"
+#include "qxForecast.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -64,26 +65,27 @@ struct Shortened {
 };
 
 /// Whether the state is an action that does something. To optimizing, transforms have no actions.
-bool isWorkingStep(const qxSceneLookup &scene, const qxVariantState &entry)
+bool isWorkingStep(const qxVariantState &entry)
 {
     const qxTransformVariant *const variant = qxVariants::findTransformVariant(entry.variant);
     if (!variant || !entry.state.startsWith(QLatin1Char('!')))
         return false;
-    const auto nodes =
-        qxStateRules::objectsOf(scene, &qxVariantKinds::transform, variant->nodeName);
+    const qxStateRule &rule = qxStateRules::transform;
+    const std::vector<qxSceneObject> nodes = rule.objects(variant->nodeName);
+    qxStateSurvey survey;
     return std::any_of(nodes.begin(), nodes.end(), [&](const qxSceneObject &node) {
-        return qxStateRules::effectOf(node, entry.state).operation != qxEffect::Nothing;
+        return survey.ask(rule, node, entry.state).front().isTaken();
     });
 }
 
 /// Puts those steps of `before` back that are gone and work, each where it was, and answers them.
-QStringList putBackSteps(qxVariantSet &set, const qxStateList &before, const qxSceneLookup &scene)
+QStringList putBackSteps(qxVariantSet &set, const qxStateList &before)
 {
     QStringList kept;
     qxStateList whole;
     for (const qxVariantState &entry : before) {
         if (!set.transformVariants.find(entry.variant)) {
-            if (!isWorkingStep(scene, entry))
+            if (!isWorkingStep(entry))
                 continue;
             kept += textOf(qxVariantKinds::transform, entry);
         }
@@ -107,12 +109,12 @@ QList<Shortened> optimizeAll(bool strict)
     for (const qxVariantSet *set : qxVariants::_variantSets)
         before += {entriesOf(*set), set->transformVariants};
     qxVariants::optimizeVariantSets();
-    const qxSceneLookup scene;
+    const qxFindCache cache(true);
     QList<Shortened> result;
     int index = 0;
     for (qxVariantSet *set : qxVariants::_variantSets) {
         const Before &was = before[index++];
-        const QStringList kept = strict ? QStringList() : putBackSteps(*set, was.transforms, scene);
+        const QStringList kept = strict ? QStringList() : putBackSteps(*set, was.transforms);
         const QStringList dropped = missing(was.entries, entriesOf(*set));
         if (!dropped.isEmpty() || !kept.isEmpty())
             result += {set->name, dropped, kept};

@@ -2,11 +2,13 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "Cameras/qxMainView.h"
 #include "Report/qxChangeReport.h"
 #include "Report/qxOutput.h"
 #include "Session/qxInterrupt.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
+#include "qxExplanation.h"
 #include "qxUnknownName.h"
 
 #include <QCommandLineParser>
@@ -18,6 +20,8 @@ namespace {
 QList<QCommandLineOption> options()
 {
     return {{QStringLiteral("keep-camera"), QStringLiteral("Stays where the camera is.")},
+            {QStringLiteral("dry-run"),
+             QStringLiteral("Tells what would change, and changes nothing. Scripts are not run.")},
             qxCommands::scriptsOption(),
             qxCommands::noScriptsOption(),
             qxCommands::saveOption(),
@@ -57,6 +61,61 @@ QStringList missingFor(const QString &name)
     return set ? missingVariants(*set) : QStringList(QStringLiteral("no longer there"));
 }
 
+/// Prints reports as they come, or all of them at the end as JSON.
+class Reports {
+public:
+    explicit Reports(bool json) : m_json(json) {}
+    ~Reports()
+    {
+        if (m_json)
+            qxOutput::json(m_array);
+    }
+    void add(const qxChangeReport &report)
+    {
+        if (m_json)
+            m_array += report.toJson();
+        else
+            report.print();
+    }
+
+private:
+    const bool m_json;
+    QJsonArray m_array;
+};
+
+/// Where the camera ends; empty when it stays.
+QString viewpointAfter(const qxExplanation &explanation, bool keepCamera)
+{
+    QString viewpoint;
+    for (const qxExplainedEntry &entry : explanation.entries()) {
+        const bool isMove = (entry.kind == QLatin1String("viewpoint") && !keepCamera)
+            || entry.kind == QLatin1String("default viewpoint");
+        if (isMove && !entry.code)
+            viewpoint = entry.name;
+    }
+    return viewpoint;
+}
+
+/// Tells what selecting the sets would change, each after the ones before it.
+void foreseeAll(const QStringList &names, bool keepCamera, bool json)
+{
+    Reports reports(json);
+    qxForecast forecast;
+    qxSceneState state = qxSceneState::take();
+    const qxUberCamera *const camera = qxUberCameraPool::the()->get(qxMainView::the().viewpoint);
+    QString viewpoint = camera ? QString::fromStdString(camera->name) : QString();
+    for (const QString &name : names) {
+        const qxExplanation explanation(*qxVariants::findVariantSet(name), forecast);
+        const QString next = viewpointAfter(explanation, keepCamera);
+        qxChangeReport report(state);
+        state = state.after(forecast);
+        report.foresee(name, explanation, state, next == viewpoint ? QString() : next,
+                       missingFor(name));
+        viewpoint = next.isEmpty() ? viewpoint : next;
+        reports.add(report);
+    }
+}
+
 /// What a script has left half done takes no file's place.
 int saveAfterScripts(qxSession &session, const QCommandLineParser &parser)
 {
@@ -69,6 +128,20 @@ int saveAfterScripts(qxSession &session, const QCommandLineParser &parser)
     return code;
 }
 
+void selectAll(const QStringList &names, bool keepCamera, bool json)
+{
+    Reports reports(json);
+    for (const QString &name : names) {
+        if (qxInterrupt::isAsked())
+            return;
+        const QStringList missing = missingFor(name);
+        qxChangeReport report;
+        qxVariants::selectVariantSet(name.toUtf8().constData(), keepCamera);
+        report.finish(name, missing);
+        reports.add(report);
+    }
+}
+
 int run(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments().mid(1);
@@ -78,22 +151,14 @@ int run(const QCommandLineParser &parser)
     if (!session.open(parser.positionalArguments().first()) || !areSets(names))
         return WorkFailed;
 
-    QJsonArray reports;
-    for (const QString &name : names) {
-        if (qxInterrupt::isAsked())
-            break;
-        const QStringList missing = missingFor(name);
-        qxChangeReport report;
-        qxVariants::selectVariantSet(name.toUtf8().constData(),
-                                     parser.isSet(QStringLiteral("keep-camera")));
-        report.finish(name, missing);
-        if (json)
-            reports += report.toJson();
-        else
-            report.print();
+    const bool keepCamera = parser.isSet(QStringLiteral("keep-camera"));
+    if (parser.isSet(QStringLiteral("dry-run"))) {
+        if (parser.isSet(QStringLiteral("save")))
+            return qxCommands::fail(QStringLiteral("--dry-run changes nothing to save"));
+        foreseeAll(names, keepCamera, json);
+        return Success;
     }
-    if (json)
-        qxOutput::json(reports);
+    selectAll(names, keepCamera, json);
     return saveAfterScripts(session, parser);
 }
 

@@ -2,7 +2,7 @@
 #include "qxVariantKinds.h"
 
 #include "Report/qxOutput.h"
-#include "Report/qxShownStates.h"
+#include "qxFindCache.h"
 #include "qxShowCommand.h"
 
 #include <QJsonArray>
@@ -10,8 +10,7 @@
 
 namespace {
 
-QJsonObject object(const qxVariantKind &kind, const qxVariant &variant,
-                   const qxShownStates::Shown &shown)
+QJsonObject object(const qxVariantKind &kind, const qxVariant &variant, const qxShownState &shown)
 {
     QJsonArray states;
     for (const qxVariantOption &option : variant.options)
@@ -20,7 +19,7 @@ QJsonObject object(const qxVariantKind &kind, const qxVariant &variant,
                               {QStringLiteral("action"), option.isAction}};
     return {{QStringLiteral("kind"), kind.word},
             {QStringLiteral("name"), variant.name},
-            {QStringLiteral("current"), shown.state},
+            {QStringLiteral("current"), shown.state()},
             {QStringLiteral("hidden"), shown.isHidden},
             {QStringLiteral("default"), variant.defaultState},
             {QStringLiteral("states"), states}};
@@ -28,29 +27,29 @@ QJsonObject object(const qxVariantKind &kind, const qxVariant &variant,
 
 void printJson(const qxSession &)
 {
-    const qxShownStates states;
+    const qxFindCache cache(true);
     QJsonArray array;
     qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
-        array += object(kind, variant, states.of(variant));
+        array += object(kind, variant, variant.shown());
     });
     qxOutput::json(array);
 }
 
-QString wordsFor(const qxShownStates::Shown &shown)
+QString wordsFor(const qxShownState &shown)
 {
-    if (shown.state.isEmpty())
+    if (shown.state().isEmpty())
         return QStringLiteral("-");
-    return shown.isHidden && shown.state != variantDisable
-        ? shown.state + QLatin1String(" (hidden)")
-        : shown.state;
+    return shown.isHidden && shown.state() != variantDisable
+        ? shown.state() + QLatin1String(" (hidden)")
+        : shown.state();
 }
 
 void printTable(const qxSession &)
 {
-    const qxShownStates states;
+    const qxFindCache cache(true);
     QList<QStringList> rows;
     qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
-        rows += QStringList{kind.word, variant.name, wordsFor(states.of(variant))};
+        rows += QStringList{kind.word, variant.name, wordsFor(variant.shown())};
     });
     if (rows.isEmpty())
         rows += QStringList{QStringLiteral("no variants")};

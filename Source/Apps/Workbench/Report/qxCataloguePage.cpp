@@ -6,8 +6,8 @@
 #include "qxVariants.h"
 
 #include "Commands/qxSetContents.h"
+#include "qxFindCache.h"
 #include "qxHtmlWriter.h"
-#include "qxShownStates.h"
 
 #include <QImage>
 
@@ -213,9 +213,9 @@ void writeVariants(qxHtmlWriter &page)
     for (const char *title : {"Kind", "Variant", "Now", "Default", "States"})
         page.element("th", QLatin1String(title));
     page.close();
-    const qxShownStates states;
+    const qxFindCache cache(true);
     qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
-        const QString current = states.of(variant).state;
+        const QString current = variant.shown().state();
         page.open("tr");
         page.element("td", kind.word);
         page.element("td", variant.name);

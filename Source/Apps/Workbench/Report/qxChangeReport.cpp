@@ -3,6 +3,7 @@
 #include "Cameras/qxMainView.h"
 #include "Script/qxScriptRunner.h"
 #include "qxController.h"
+#include "qxExplanation.h"
 #include "qxMessage.h"
 #include "qxOutput.h"
 
@@ -29,8 +30,8 @@ QString clonesText(int others)
 
 } // namespace
 
-qxChangeReport::qxChangeReport()
-    : m_before(qxSceneState::take()), m_viewpointBefore(qxMainView::the().viewpoint)
+qxChangeReport::qxChangeReport(const qxSceneState &before)
+    : m_before(before), m_viewpointBefore(qxMainView::the().viewpoint)
 {
     m_notificationListener =
         qxController::addListener([this](const char *name, qxMessage *message, int) {
@@ -58,6 +59,22 @@ void qxChangeReport::finish(const QString &title, const QStringList &skipped)
     m_changes = m_before.changesTo(qxSceneState::take());
     if (qxMainView::the().viewpoint != m_viewpointBefore)
         m_viewpoint = viewpointName(qxMainView::the().viewpoint);
+}
+
+void qxChangeReport::foresee(const QString &title, const qxExplanation &explanation,
+                             const qxSceneState &after, const QString &viewpoint,
+                             const QStringList &skipped)
+{
+    m_title = title;
+    m_skipped = skipped;
+    m_changes = m_before.changesTo(after);
+    m_viewpoint = viewpoint;
+    for (const qxExplainedEntry &entry : explanation.entries()) {
+        if (entry.kind == QLatin1String("animation") && entry.code != qxCode::SkippedForLaterTurn)
+            m_animations += entry.name;
+        else if (entry.code == qxCode::SkippedScript)
+            m_skipped += QStringLiteral("the script, which is not run");
+    }
 }
 
 void qxChangeReport::print() const

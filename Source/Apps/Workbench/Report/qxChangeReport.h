@@ -5,17 +5,24 @@
 #include <QStringList>
 
 class QJsonObject;
+class qxExplanation;
 
 /// Records the changes of the scene from its construction to finish(), and reports them.
 class qxChangeReport {
 public:
-    qxChangeReport();
+    /// Watches from now on, or from where `before` stands.
+    explicit qxChangeReport(const qxSceneState &before = qxSceneState::take());
     qxChangeReport(const qxChangeReport &) = delete;
     ~qxChangeReport();
 
     /// Ends the recording. `title` names what was selected, `skipped` lists missing objects that it
     /// refers to.
     void finish(const QString &title, const QStringList &skipped);
+
+    /// The same for a selection that is only foreseen: `after` is where the scene would stand.
+    /// `viewpoint` is where the camera would go, empty when it would stay.
+    void foresee(const QString &title, const qxExplanation &explanation, const qxSceneState &after,
+                 const QString &viewpoint, const QStringList &skipped);
 
     /// A heading and a line for each change.
     void print() const;

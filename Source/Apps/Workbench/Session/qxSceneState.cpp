@@ -2,7 +2,10 @@
 
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
+#include "qxForecast.h"
+#include "qxMaterials.h"
 #include "qxNames.h"
+#include "qxNodeUtils.h"
 #include "qxOverlays.h"
 
 #include <OpenSG/OSGSwitch.h>
@@ -15,17 +18,23 @@ using qxNames::nameOf;
 
 namespace {
 
-osg::Int64 choiceOf(const osg::NodePtr &node)
+/// What of the node there is to choose; visibility for a node that chooses nothing.
+qxAspect choiceAspect(const osg::NodePtr &node)
 {
     const osg::NodeCorePtr core = node->getCore();
-    const auto transform = osg::SwitchComponentTransformPtr::dcast(core);
-    if (transform != osg::NullFC)
-        return transform->getChoice();
-    const auto choice = osg::SwitchPtr::dcast(core);
-    if (choice != osg::NullFC)
-        return choice->getChoice();
-    const auto light = osg::UberLightPtr::dcast(core);
-    return light != osg::NullFC ? osg::Int64(light->getOn()) : 0;
+    if (osg::UberLightPtr::dcast(core) != osg::NullFC)
+        return qxAspect::Light;
+    const bool isChoice = osg::SwitchPtr::dcast(core) != osg::NullFC
+        || osg::SwitchComponentTransformPtr::dcast(core) != osg::NullFC;
+    return isChoice ? qxAspect::Choice : qxAspect::Visibility;
+}
+
+const osg::UInt32 shown = 0xFFFFFFFF;
+
+osg::Int64 choiceOf(const osg::NodePtr &node)
+{
+    const qxAspect aspect = choiceAspect(node);
+    return aspect == qxAspect::Visibility ? 0 : qxStateRules::valueOf(qxSceneObject(node), aspect);
 }
 
 QString choiceText(const osg::NodePtr &node, osg::Int64 choice)
@@ -33,25 +42,10 @@ QString choiceText(const osg::NodePtr &node, osg::Int64 choice)
     if (osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC)
         return choice ? QStringLiteral("on") : QStringLiteral("off");
     if (osg::SwitchPtr::dcast(node->getCore()) == osg::NullFC)
-        return QStringLiteral("Transform %1").arg(choice);
+        return qxStateRules::transformName(osg::UInt32(choice));
     if (choice >= 0 && choice < osg::Int64(node->getNChildren()))
         return nameOf(node->getChild(osg::UInt32(choice)));
     return choice == osg::Switch::ALL ? QStringLiteral("all") : QStringLiteral("none");
-}
-
-void setChoice(const osg::NodePtr &node, osg::Int64 choice)
-{
-    const osg::NodeCorePtr core = node->getCore();
-    const auto transform = osg::SwitchComponentTransformPtr::dcast(core);
-    const auto choices = osg::SwitchPtr::dcast(core);
-    const auto light = osg::UberLightPtr::dcast(core);
-    const osg::CPEditor edit(core);
-    if (transform != osg::NullFC)
-        transform->setChoice(osg::UInt32(choice));
-    else if (choices != osg::NullFC)
-        choices->setChoice(osg::Int32(choice));
-    else if (light != osg::NullFC)
-        light->setOn(choice != 0);
 }
 
 void setMask(const osg::NodePtr &node, osg::UInt32 mask)
@@ -92,6 +86,27 @@ qxSceneState qxSceneState::take()
             state.m_materials.push_back({osg::MaterialRefPtr(material), choice->getChoice(),
                                          choice->getMaterials().size()});
     }
+    return state;
+}
+
+qxSceneState qxSceneState::after(const qxForecast &forecast) const
+{
+    qxSceneState state = *this;
+    for (NodeState &each : state.m_nodes) {
+        const qxSceneObject object(each.node.get());
+        const bool isShown = each.mask == shown;
+        const bool isToBeShown = forecast.value(object, qxAspect::Visibility) != 0;
+        if (isShown != isToBeShown)
+            each.mask = isToBeShown ? shown : 0;
+        const qxAspect aspect = choiceAspect(object.node);
+        if (aspect != qxAspect::Visibility)
+            each.choice = forecast.value(object, aspect);
+        each.pose =
+            qxStateRules::nameAt(object, qxAspect::Pose, forecast.value(object, qxAspect::Pose));
+    }
+    for (MaterialState &each : state.m_materials)
+        each.choice =
+            osg::UInt32(forecast.value(qxSceneObject(each.material.get()), qxAspect::Choice));
     return state;
 }
 
@@ -168,7 +183,8 @@ void qxSceneState::restore() const
         if (state.node->getTravMask() != state.mask)
             setMask(state.node.get(), state.mask);
         if (choiceOf(state.node.get()) != state.choice)
-            setChoice(state.node.get(), state.choice);
+            qxStateRules::setValue(qxSceneObject(state.node.get()), choiceAspect(state.node.get()),
+                                   state.choice);
     }
     for (const MaterialState &state : m_materials) {
         const auto material = osg::SwitchMaterialPtr::dcast(state.material.get());

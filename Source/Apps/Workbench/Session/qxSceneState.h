@@ -8,6 +8,8 @@
 
 #include <vector>
 
+class qxForecast;
+
 /// One changed state in the scene.
 struct qxSceneChange {
     QString object; ///< path of the node from below the root, or name of the material
@@ -22,6 +24,9 @@ class qxSceneState {
 public:
     /// Records the present scene.
     static qxSceneState take();
+
+    /// The same scene after all that was foreseen.
+    qxSceneState after(const qxForecast &forecast) const;
 
     /// The differences of `later`, in scene order, materials last.
     QList<qxSceneChange> changesTo(const qxSceneState &later) const;

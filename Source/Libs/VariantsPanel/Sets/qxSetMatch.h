@@ -1,7 +1,8 @@
 #pragma once
 
+#include "qxVariant.h"
+
 #include <QHash>
-#include <QString>
 
 class qxVariantSet;
 struct qxVariantKind;
@@ -15,12 +16,12 @@ public:
     /// before, such as "!Next", is never current.
     bool matches(const qxVariantSet &set);
     /// Call it when the scene may have changed.
-    void reset() { m_current.clear(); }
+    void reset() { m_shown.clear(); }
 
 private:
     typedef QPair<const qxVariantKind *, QString> Variant; ///< kind and name
 
-    const QString &currentState(const Variant &variant);
+    const qxShownState &shownState(const Variant &variant);
 
-    QHash<Variant, QString> m_current;
+    QHash<Variant, qxShownState> m_shown;
 };

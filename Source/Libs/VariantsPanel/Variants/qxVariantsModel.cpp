@@ -5,7 +5,6 @@
 
 #include "qxKeyText.h"
 #include "qxPanelEvents.h"
-#include "qxShownState.h"
 
 #include <QCoreApplication>
 #include <QFont>
@@ -195,7 +194,7 @@ const QString &qxVariantsModel::currentOf(int kind, const Variant &variant) cons
 {
     if (!variant.isCurrentKnown) {
         const qxVariant *const found = kindAt(kind).find(variant.name);
-        variant.current = found ? qxShownState::of(*found) : QString();
+        variant.current = found ? found->shown().visibleState() : QString();
         variant.isCurrentKnown = true;
     }
     return variant.current;

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "Internal/Materials/qxSnapshotReconciler.h"
-#include "Internal/Scene/qxFindCache.h"
+
+#include "qxFindCache.h"
 
 #include <QMap>
 

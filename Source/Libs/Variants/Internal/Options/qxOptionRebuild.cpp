@@ -1,6 +1,6 @@
 #include "Internal/Options/qxOptionRebuild.h"
 
-#include "Internal/Options/qxSwitchStepping.h"
+#include "qxSwitchStepping.h"
 
 qxOptionRebuild::qxOptionRebuild(qxVariant &variant)
     : m_variant(variant), m_options(variant), m_defaultState(variant.defaultState)

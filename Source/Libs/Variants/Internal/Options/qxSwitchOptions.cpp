@@ -2,11 +2,10 @@
 
 #include "Internal/Options/qxOptionAppender.h"
 #include "Internal/Options/qxOptionRebuild.h"
-#include "Internal/Options/qxSwitchStepping.h"
-#include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariant.h"
 
 #include "qxNodeUtils.h"
+#include "qxStateRules.h"
 #include "qxText.h"
 
 #include <OpenSG/OSGSwitch.h>
@@ -90,20 +89,12 @@ void qxSwitchOptions::rebuild(qxVariant &variant, qxOptionRebuild &options,
 
 QString qxSwitchOptions::currentState(const osg::NodePtr &node)
 {
-    const osg::SwitchPtr core = osg::SwitchPtr::dcast(node->getCore());
-    if (core == osg::NullFC)
-        return visibility(node);
-
-    const osg::Int32 choice = core->getChoice();
-    if (choice == osg::Switch::NONE)
-        return variantNone;
-    if (choice == osg::Switch::ALL)
-        return variantAll;
-    const osg::Int32 shown = qxSwitchStepping::shownChild(choice, node->getNChildren());
-    return shown < 0 ? QString() : childName(node, osg::UInt32(shown));
+    const bool isSwitch = osg::SwitchPtr::dcast(node->getCore()) != osg::NullFC;
+    return isSwitch ? qxStateRules::stateOf(qxSceneObject(node), qxAspect::Choice)
+                    : visibility(node);
 }
 
 QString qxSwitchOptions::visibility(const osg::NodePtr &node)
 {
-    return node->getTravMask() == qxSceneEdits::Visible ? variantEnable : variantDisable;
+    return qxStateRules::stateOf(qxSceneObject(node), qxAspect::Visibility);
 }

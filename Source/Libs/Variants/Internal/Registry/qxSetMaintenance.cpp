@@ -2,21 +2,15 @@
 
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
-#include "Internal/Scene/qxFindCache.h"
 #include "qxVariant.h"
 #include "qxVariantKinds.h"
 #include "qxVariantSetContents.h"
 
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
-#include "qxOverlays.h"
+#include "qxFindCache.h"
+#include "qxForecast.h"
 #include "qxSceneLookup.h"
-#include "qxScenegraph.h"
 #include "qxText.h"
 #include "qxUberCameraPool.h"
-
-#include <OpenSG/OSGSwitch.h>
-#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <algorithm>
 
@@ -28,29 +22,10 @@ bool anyOf(const Range &range, const Test &test)
     return std::any_of(range.begin(), range.end(), test);
 }
 
-std::vector<qxNodePtr> nodesOf(const QString &name)
+/// A test for (scene name), whatever is asked of it.
+auto hasObjects(const qxStateRule &rule)
 {
-    return qxScenegraph::findNodes(name.toUtf8().constData());
-}
-
-std::vector<osg::MaterialPtr> materialsOf(const QString &name)
-{
-    return qxMaterials::findMaterials(name.toUtf8().constData());
-}
-
-std::vector<qxNodePtr> overlaysOf(const QString &name)
-{
-    return qxOverlays::findOverlays(name.toUtf8().constData());
-}
-
-bool isNode(const QString &name)
-{
-    return !nodesOf(name).empty();
-}
-
-bool isOverlay(const QString &name)
-{
-    return qxOverlays::findOverlay(name.toUtf8().constData()) != osg::NullFC;
+    return [&rule](const QString &name) { return !rule.objects(name).empty(); };
 }
 
 bool isViewpoint(const QString &name)
@@ -100,49 +75,37 @@ void keepIf(qxUniqueNames &names, const Test &works)
         names.remove(name);
 }
 
-bool hasChildNamed(const osg::NodePtr &node, const std::string &name)
+bool isLacking(const qxEffect &effect)
 {
-    for (osg::UInt32 index = 0; index < node->getNChildren(); ++index) {
-        if (qxNodeUtils::getName(node->getChild(index)) == name)
-            return true;
-    }
-    return false;
+    return effect.reason == qxReason::NoSuchChild || effect.reason == qxReason::NoSuchMaterial
+        || effect.reason == qxReason::EmptySwitchMaterial;
 }
 
-/// Whether the nodes exist and none of them is a switch without a child called like the state.
-bool nodesOffer(const std::vector<qxNodePtr> &nodes, const QString &state)
+/// Whether the objects exist and none of them is a switch that lacks what the state names.
+bool offer(const qxStateRule &rule, const QString &base, const QString &state)
 {
-    if (nodes.empty() || isAction(state))
-        return !nodes.empty();
-    const std::string name = qxText::toUtf8(state);
-    return !anyOf(nodes, [&](const qxNodePtr &node) {
-        const bool isSwitch = osg::SwitchPtr::dcast(node->getCore()) != osg::NullFC;
-        return isSwitch && !hasChildNamed(node, name);
+    const std::vector<qxSceneObject> objects = rule.objects(base);
+    if (objects.empty() || isAction(state))
+        return !objects.empty();
+    qxStateSurvey survey;
+    return !anyOf(objects, [&](const qxSceneObject &each) {
+        return isLacking(survey.ask(rule, each, state).front());
     });
 }
 
-/// The same for materials: no switch material without a material called like the state.
-bool materialsOffer(const std::vector<osg::MaterialPtr> &materials, const QString &state)
+void keepWhatIsOffered(qxVariantSetContents &set, const qxVariantKind &kind)
 {
-    if (materials.empty() || isAction(state))
-        return !materials.empty();
-    const std::string name = qxText::toUtf8(state);
-    const auto isNamed = [&](const osg::MaterialPtr &choice) {
-        return qxMaterials::getName(choice) == name;
-    };
-    return !anyOf(materials, [&](const osg::MaterialPtr &material) {
-        const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
-        return choices != osg::NullFC && !anyOf(choices->getMaterials(), isNamed);
+    keepIf(set, kind, [&kind](const QString &base, const QString &state) {
+        return offer(kind.rule, base, state);
     });
 }
 
 /// Whether one of the nodes has that transform state; actions are no states here.
-bool nodesKnowTransform(const std::vector<qxNodePtr> &nodes, const QString &state)
+bool hasPose(const QString &base, const QString &state)
 {
-    const std::string name = qxText::toUtf8(state);
-    return anyOf(nodes, [&](const qxNodePtr &node) {
-        return qxNodeUtils::hasTransformVariants(node)
-            && qxNodeUtils::getTransformVariantIndex(node, name) >= 0;
+    qxStateSurvey survey;
+    return anyOf(qxStateRules::transform.objects(base), [&](const qxSceneObject &each) {
+        return survey.isNamed(qxStateRules::transform, each, state);
     });
 }
 
@@ -173,14 +136,16 @@ bool qxSetMaintenance::isUsed(const qxVariantSetContents &set)
     const qxFindCache cache(!set.nodeVariants.empty() || !set.overlayVariants.empty()
                             || !set.geometries.empty());
     const qxSceneLookup scene;
-    return leadsToScene(set, qxVariantKinds::node, isNode)
-        || leadsToScene(set, qxVariantKinds::material,
-                        [](const QString &each) { return !materialsOf(each).empty(); })
+    const auto leadsToObjects = [&set](const qxVariantKind &kind) {
+        return leadsToScene(set, kind, hasObjects(kind.rule));
+    };
+    return leadsToObjects(qxVariantKinds::node) || leadsToObjects(qxVariantKinds::material)
         || leadsToScene(set, qxVariantKinds::light,
                         [&](const QString &each) { return scene.hasLight(each); })
-        || anyOf(set.geometries, isNode) || anyOf(set.viewpoints, isViewpoint)
+        || anyOf(set.geometries, hasObjects(qxStateRules::node))
+        || anyOf(set.viewpoints, isViewpoint)
         || anyOf(set.animations, [&](const QString &each) { return scene.hasClip(each); })
-        || leadsToScene(set, qxVariantKinds::overlay, isOverlay);
+        || leadsToObjects(qxVariantKinds::overlay);
 }
 
 void qxSetMaintenance::highlightVariants(const qxVariantSetContents &set)
@@ -194,21 +159,13 @@ void qxSetMaintenance::optimize(qxVariantSetContents &set)
 {
     const qxFindCache cache(!isEmpty(set));
     const qxSceneLookup scene;
-    keepIf(set, qxVariantKinds::node, [](const QString &each, const QString &state) {
-        return nodesOffer(nodesOf(each), state);
-    });
-    keepIf(set, qxVariantKinds::material, [](const QString &each, const QString &state) {
-        return materialsOffer(materialsOf(each), state);
-    });
+    keepWhatIsOffered(set, qxVariantKinds::node);
+    keepWhatIsOffered(set, qxVariantKinds::material);
     keepIf(set, qxVariantKinds::light,
            [&](const QString &each, const QString &) { return scene.hasLight(each); });
-    keepIf(set.geometries, isNode);
+    keepIf(set.geometries, hasObjects(qxStateRules::node));
     keepIf(set.viewpoints, isViewpoint);
     keepIf(set.animations, [&](const QString &each) { return scene.hasClip(each); });
-    keepIf(set, qxVariantKinds::overlay, [](const QString &each, const QString &state) {
-        return nodesOffer(overlaysOf(each), state);
-    });
-    keepIf(set, qxVariantKinds::transform, [](const QString &each, const QString &state) {
-        return nodesKnowTransform(nodesOf(each), state);
-    });
+    keepWhatIsOffered(set, qxVariantKinds::overlay);
+    keepIf(set, qxVariantKinds::transform, hasPose);
 }

@@ -2,11 +2,11 @@
 
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Registry/qxOperation.h"
-#include "Internal/Scene/qxFindCache.h"
 #include "qxVariantGroup.h"
 #include "qxVariantLists.h"
 #include "qxVariantSet.h"
 
+#include "qxFindCache.h"
 #include "qxLog.h"
 #include "qxNodeUtils.h"
 #include "qxSceneLookup.h"

@@ -1,12 +1,13 @@
 #include "Internal/Registry/qxSetSelection.h"
 
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Scene/qxFindCache.h"
+#include "Internal/Scene/qxNodeVisibility.h"
 #include "qxVariant.h"
 #include "qxVariantKinds.h"
 #include "qxVariantSetContents.h"
 
 #include "qxCameraService.h"
+#include "qxFindCache.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 #include "qxScript.h"

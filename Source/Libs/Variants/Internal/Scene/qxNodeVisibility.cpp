@@ -22,17 +22,6 @@ void qxNodeVisibility::pushDisable(const osg::NodePtr &node)
     }
 }
 
-void qxNodeVisibility::enableAncestors(const osg::NodePtr &node)
-{
-    if (node == osg::NullFC)
-        return;
-    osg::NodePtr parent = node->getParent();
-    while (parent != osg::NullFC && parent->getTravMask() != qxSceneEdits::Visible) {
-        setTraversalMask(parent, qxSceneEdits::Visible);
-        parent = parent->getParent();
-    }
-}
-
 std::string qxNodeVisibility::nodePath(const osg::NodePtr &node)
 {
     const osg::NodePtr root = qxScenegraph::getRoot();

@@ -11,8 +11,6 @@ namespace qxNodeVisibility {
 void pushEnable(const osg::NodePtr &node);
 /// Hides the geometry nodes at and below the node; other nodes keep their masks.
 void pushDisable(const osg::NodePtr &node);
-/// Makes the ancestors visible, up to the first one that is.
-void enableAncestors(const osg::NodePtr &node);
 /// The names (UTF-8) from the top down to the node, each followed by "|". The path begins below the
 /// scene root or below the nearest node called "Root"; it is empty for either of them.
 std::string nodePath(const osg::NodePtr &node);

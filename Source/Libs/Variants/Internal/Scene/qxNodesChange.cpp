@@ -1,10 +1,10 @@
 #include "Internal/Scene/qxNodesChange.h"
 
-#include "Internal/Options/qxSwitchStepping.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxSceneEdits.h"
 
 #include "qxNodeUtils.h"
+#include "qxSwitchStepping.h"
 
 #include <OpenSG/OSGSwitch.h>
 

@@ -1,4 +1,4 @@
-#include "Internal/Options/qxSwitchStepping.h"
+#include "qxSwitchStepping.h"
 
 #include "qxVariant.h"
 
