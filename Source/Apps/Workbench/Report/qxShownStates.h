@@ -3,6 +3,8 @@
 #include "qxSceneLookup.h"
 #include "qxScenegraph.h"
 
+class qxVariant;
+
 /// States of variants with more detail than their own current state: the position of a transform
 /// switch, and whether a switch is hidden as a whole. While it lives, the look-up cache of names is
 /// on, so the scene must not change.

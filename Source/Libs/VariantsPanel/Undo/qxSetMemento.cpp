@@ -29,15 +29,10 @@ bool isSame(const qxStateList &one, const qxStateList &other)
 
 // A list, not a procedure.
 template <class Visit>
-void qxSetMemento::visitFields(const Visit &visitBoth)
+void qxSetMemento::visitFields(const Visit &visit)
 {
     typedef qxSetMemento Held;
     typedef qxVariantSet Set;
-    const auto visit = [&](auto field, auto own) {
-        visitBoth(
-            [field](auto &held) -> auto & { return held.*field; },
-            [own](auto &set) -> auto & { return set.*own; });
-    };
     visit(&Held::name, &Set::name);
     visit(&Held::hotkey, &Set::hotkey);
     visit(&Held::comment, &Set::comment);
