@@ -2,6 +2,7 @@
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGNodePtr.h>
 
 #include <algorithm>
 #include <type_traits>

@@ -1,6 +1,7 @@
 #include "qxLightVariant.h"
 
 #include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "qxVariantKind.h"
 
@@ -52,6 +53,7 @@ qxLightVariant::qxLightVariant(osg::NodePtr node)
 
 void qxLightVariant::onSelect(const QString &state)
 {
+    const qxOperation operation;
     const bool toggle = state == variantToggle;
     if (toggle || state == variantEnable || state == variantDisable) {
         const bool on = state == variantEnable;

@@ -6,6 +6,7 @@
 #include "Internal/Options/qxSwitchOptions.h"
 #include "Internal/Options/qxSwitchStepping.h"
 #include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariantKind.h"
 
@@ -116,7 +117,7 @@ qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
 
 void qxMaterialVariant::onSelect(const QString &state)
 {
-    // Copies: a listener may remove the variant and whatever holds the state.
+    const qxOperation operation;
     const std::string variantName = qxText::toUtf8(name);
     const std::string baseName = qxText::toUtf8(switchMaterialName);
     const std::string wanted = qxText::toUtf8(state);

@@ -5,11 +5,12 @@
 #include "Internal/Options/qxSwitchOptions.h"
 #include "Internal/Options/qxSwitchStepping.h"
 #include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariantKind.h"
-#include "qxVariants.h"
+#include "qxVariantLists.h"
 
 #include "OSGSwitchComponentTransform.h"
 #include "qxLog.h"
@@ -41,7 +42,7 @@ qxNodePtr firstNode(const QString &name)
 
 void enable(const osg::NodePtr &node)
 {
-    if (!qxVariants::_recurse)
+    if (!qxVariantLists::_recurse)
         return;
     qxNodeVisibility::pushEnable(node);
     qxNodeVisibility::enableAncestors(node);
@@ -52,8 +53,7 @@ void announce(const osg::NodePtr &node, qxMessage &message)
     qxNotify::variantsNodesChanged(message, qxNodesChange::of(node));
 }
 
-/// The nodes of one name while one state is applied to them. It keeps no hold of the variant, which
-/// a listener may remove meanwhile.
+/// The nodes of one name while one state is applied to them.
 class Selection {
 public:
     Selection(const qxNodeVariant &variant, const QString &state);
@@ -198,6 +198,7 @@ qxNodeVariant::qxNodeVariant(osg::NodePtr node)
 
 void qxNodeVariant::onSelect(const QString &state)
 {
+    const qxOperation operation;
     Selection selection(*this, state);
     for (const qxNodePtr &node : findNodes(nodeName))
         selection.apply(node);

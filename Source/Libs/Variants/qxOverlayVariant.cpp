@@ -3,6 +3,7 @@
 #include "Internal/Options/qxOptionRebuild.h"
 #include "Internal/Options/qxSwitchOptions.h"
 #include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "qxVariantKind.h"
@@ -37,6 +38,7 @@ qxOverlayVariant::qxOverlayVariant(osg::NodePtr node)
 
 void qxOverlayVariant::onSelect(const QString &state)
 {
+    const qxOperation operation;
     qxNotify::activateOverlays(state, overlayName);
     qxNotify::variantSelected(notifications, this);
 }

@@ -1,7 +1,6 @@
 #include "qxVariant.h"
 
-#include "Internal/Options/qxOptionAppender.h"
-#include "qxVariants.h"
+#include "Internal/Options/qxHotkey.h"
 
 #include <algorithm>
 
@@ -26,9 +25,16 @@ auto findOption(std::vector<qxVariantOption> &options, const QString &name)
 
 } // namespace
 
+qxVariantOption::qxVariantOption(bool action, const QString &optionName, const QString &text)
+    : name(optionName), shortcut(text), isAction(action)
+{
+    if (!shortcut.isEmpty())
+        updateShortcut();
+}
+
 void qxVariantOption::updateShortcut()
 {
-    qxVariants::mapHotkey(shortcut, key, modifiers);
+    qxHotkey::map(shortcut, key, modifiers);
 }
 
 qxVariant::~qxVariant() {}
@@ -48,7 +54,7 @@ void qxVariant::add(const QString &optionName, const QString &shortcut)
 void qxVariant::add(bool action, const QString &optionName, const QString &shortcut)
 {
     if (findOption(options, optionName) == options.end())
-        qxOptionAppender::append(*this, action, optionName, shortcut);
+        options.emplace_back(action, optionName, shortcut);
 }
 
 void qxVariant::remove(const QString &optionName)

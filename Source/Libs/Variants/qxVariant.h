@@ -17,6 +17,9 @@ extern const QString variantNone; ///< "!None"
 
 /// One state that a variant can be put in.
 struct qxVariantOption {
+    qxVariantOption() = default;
+    qxVariantOption(bool action, const QString &optionName, const QString &text);
+
     QString name;
     QString shortcut; ///< key sequence in the host's native text format; empty for none
     int key = 0; ///< key code of the shortcut's first combination, without modifiers

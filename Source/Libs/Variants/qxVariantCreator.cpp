@@ -1,6 +1,6 @@
 #include "qxVariantCreator.h"
 
-#include "Internal/Registry/qxNameLookUp.h"
+#include "qxNameLookUp.h"
 
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGSwitch.h>

@@ -21,7 +21,7 @@ void qxVariantGroup::add(qxVariantSet *set)
 void qxVariantGroup::append(qxVariantSet *set)
 {
     sets.push_back(set);
-    set->group = this;
+    link(set);
 }
 
 void qxVariantGroup::insert(iterator position, qxVariantSet *set)
@@ -29,7 +29,7 @@ void qxVariantGroup::insert(iterator position, qxVariantSet *set)
     if (set->group || contains(set))
         return;
     sets.insert(position, set);
-    set->group = this;
+    link(set);
 }
 
 void qxVariantGroup::remove(qxVariantSet *set)
@@ -41,6 +41,12 @@ void qxVariantGroup::remove(qxVariantSet *set)
         return;
     set->group = nullptr;
     sets.erase(place);
+}
+
+void qxVariantGroup::link(qxVariantSet *set)
+{
+    set->group = this;
+    set->m_leaveGroup = [](qxVariantSet *leaving) { leaving->group->remove(leaving); };
 }
 
 bool qxVariantGroup::contains(qxVariantSet *set) const

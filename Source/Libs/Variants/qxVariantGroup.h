@@ -25,6 +25,8 @@ public:
 
     /// Appends the set; does nothing when it belongs to a group already, this one or another.
     void add(qxVariantSet *set);
+    /// The same for a set that was just created, so that it can be in no group: nobody looks.
+    void append(qxVariantSet *set);
     /// Inserts the set before `position` under the same condition.
     void insert(iterator position, qxVariantSet *set);
     /// Takes the set out; does nothing when it belongs to another group or to none.
@@ -42,8 +44,5 @@ public:
     bool visible = true; ///< whether the user interface shows the group
 
 private:
-    friend class qxVariantReader;
-    friend class qxVariants;
-    /// Appends a set that was just created, so that it can be in no group.
-    void append(qxVariantSet *set);
+    void link(qxVariantSet *set);
 };

@@ -2,13 +2,14 @@
 
 #include "Internal/Materials/qxSwitchMaterialRepair.h"
 #include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxOperation.h"
 #include "qxLightVariant.h"
 #include "qxMaterialVariant.h"
 #include "qxNodeVariant.h"
 #include "qxOverlayVariant.h"
 #include "qxTransformVariant.h"
+#include "qxVariantLists.h"
 #include "qxVariantReferences.h"
-#include "qxVariants.h"
 
 #include <algorithm>
 #include <numeric>
@@ -30,13 +31,12 @@ struct Registered {
 
     static qxVariant *adopt(std::unique_ptr<qxVariant> variant, bool notify)
     {
+        const qxOperation operation;
         auto *const added = static_cast<Variant *>(variant.release());
         list.append(added);
-        if (!notify)
-            return added;
-        const QString name = added->name;
-        qxNotify::variantAdded(Variant::notifications, added);
-        return list.ifHeld(added, name);
+        if (notify)
+            qxNotify::variantAdded(Variant::notifications, added);
+        return list.contains(added) ? added : nullptr;
     }
 
     static qxVariant *create(const QString &name, bool notify)
@@ -54,7 +54,7 @@ struct Registered {
             return false;
         if (Variant *variant = list.find(name)) {
             list.take(variant);
-            delete variant;
+            qxOperation::bury(variant);
         }
         qxNotify::variantRemoved(Variant::notifications);
         return true;
@@ -63,7 +63,7 @@ struct Registered {
     static void clear()
     {
         for (Variant *variant : list.takeAll())
-            delete variant;
+            qxOperation::bury(variant);
         qxNotify::variantsChanged(Variant::notifications);
     }
 };
@@ -100,7 +100,7 @@ constexpr qxVariantKind row(const Names &names, qxStateList qxVariantReferences:
 
 constexpr qxVariantKind materialRow()
 {
-    auto kind = row<qxMaterialVariant, qxVariants::_materialVariants>(
+    auto kind = row<qxMaterialVariant, qxVariantLists::_materialVariants>(
         {"material", QT_TRANSLATE_NOOP("qxVariants", "Materials"), "MaterialVariant",
          "MaterialVariantRef"},
         &qxVariantReferences::materialVariants, &qxMaterialVariant::switchMaterialName);
@@ -126,7 +126,7 @@ qxVariant *createOverlay(const QString &name, bool notify)
 
 constexpr qxVariantKind overlayRow()
 {
-    auto kind = row<qxOverlayVariant, qxVariants::_overlayVariants>(
+    auto kind = row<qxOverlayVariant, qxVariantLists::_overlayVariants>(
         {"overlay", QT_TRANSLATE_NOOP("qxVariants", "Overlays"), "OverlayVariant", "OverlayRef"},
         &qxVariantReferences::overlayVariants, &qxOverlayVariant::overlayName);
     kind.create = createOverlay;
@@ -136,7 +136,7 @@ constexpr qxVariantKind overlayRow()
 
 constexpr qxVariantKind transformRow()
 {
-    auto kind = row<qxTransformVariant, qxVariants::_transformVariants>(
+    auto kind = row<qxTransformVariant, qxVariantLists::_transformVariants>(
         {"transform", QT_TRANSLATE_NOOP("qxVariants", "Transforms"), "TransformVariant",
          "TransformRef"},
         &qxVariantReferences::transformVariants, &qxTransformVariant::nodeName);
@@ -149,13 +149,13 @@ constexpr qxVariantKind transformRow()
 // A list, not a procedure.
 namespace qxVariantKinds {
 
-constexpr qxVariantKind node = row<qxNodeVariant, qxVariants::_nodeVariants>(
+constexpr qxVariantKind node = row<qxNodeVariant, qxVariantLists::_nodeVariants>(
     {"node", QT_TRANSLATE_NOOP("qxVariants", "Nodes"), "NodeVariant", "NodeVariantRef"},
     &qxVariantReferences::nodeVariants, &qxNodeVariant::nodeName);
 
 constexpr qxVariantKind material = materialRow();
 
-constexpr qxVariantKind light = row<qxLightVariant, qxVariants::_lightVariants>(
+constexpr qxVariantKind light = row<qxLightVariant, qxVariantLists::_lightVariants>(
     {"light", QT_TRANSLATE_NOOP("qxVariants", "Lights"), "LightVariant", "LightVariantRef"},
     &qxVariantReferences::lightVariants, &qxLightVariant::lightName);
 

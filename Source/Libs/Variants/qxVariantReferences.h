@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Internal/Registry/qxStateList.h"
+#include "qxStateList.h"
 
 /// What a set refers to of the variants, one list for each kind.
 struct qxVariantReferences {

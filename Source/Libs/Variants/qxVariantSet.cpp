@@ -1,53 +1,54 @@
 #include "qxVariantSet.h"
 
-#include "qxVariantGroup.h"
+#include "Internal/Options/qxHotkey.h"
+#include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxOperation.h"
+#include "Internal/Registry/qxSetMaintenance.h"
+#include "Internal/Registry/qxSetSelection.h"
+#include "Internal/Scene/qxNodeVisibility.h"
+#include "qxLightVariant.h"
+#include "qxMaterialVariant.h"
+#include "qxNodeVariant.h"
+#include "qxOverlayVariant.h"
+#include "qxTransformVariant.h"
 #include "qxVariantKinds.h"
-#include "qxVariantReader.h"
-#include "qxVariants.h"
 
+#include "qxController.h"
+#include "qxScenegraph.h"
+#include "qxScript.h"
+#include "qxText.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Refers to the variant by its name; an empty state stands for its default state.
+void addTo(qxStateList &list, const qxVariant *variant, const QString &state)
+{
+    if (variant)
+        list.add(variant->name, state.isEmpty() ? variant->defaultState : state);
+}
+
+/// Compares the UTF-8 texts byte by byte.
+bool contains(const qxStateList &list, const std::string &variantName)
+{
+    return std::any_of(list.begin(), list.end(), [&](const qxVariantState &each) {
+        return qxText::toUtf8(each.variant) == variantName;
+    });
+}
+
+} // namespace
 qxVariantSet::qxVariantSet() = default;
 
-qxVariantSet::qxVariantSet(const QString &setName) : name(setName) {}
+qxVariantSet::qxVariantSet(const QString &setName)
+{
+    name = setName;
+}
 
 qxVariantSet::~qxVariantSet()
 {
-    if (group)
-        group->remove(this);
-}
-
-void qxVariantSet::addGeometry(const QString &nodeName)
-{
-    geometries.add(nodeName);
-}
-
-void qxVariantSet::removeGeometry(const QString &nodeName)
-{
-    geometries.remove(nodeName);
-}
-
-void qxVariantSet::addViewpoint(const QString &viewpoint)
-{
-    viewpoints.add(viewpoint);
-}
-
-void qxVariantSet::removeViewpoint(const QString &viewpoint)
-{
-    viewpoints.remove(viewpoint);
-}
-
-void qxVariantSet::addAnimation(const QString &animation)
-{
-    animations.add(animation);
-}
-
-void qxVariantSet::removeAnimation(const QString &animation)
-{
-    animations.remove(animation);
-}
-
-void qxVariantSet::addTargetNodeName(const QString &nodeName)
-{
-    targetNodeNames.add(nodeName);
+    if (group && m_leaveGroup)
+        m_leaveGroup(this);
 }
 
 void qxVariantSet::addMaterialSnapshot(const QString &nodePath, const QString &materialName)
@@ -82,21 +83,11 @@ void qxVariantSet::getInclInfo(bool &nodes, bool &mats, bool &lights, bool &env,
 
 void qxVariantSet::updateShortcut()
 {
-    qxVariants::mapHotkey(hotkey, key, modifiers);
+    qxHotkey::map(hotkey, key, modifiers);
     // Names of keys may have blanks, so a text that names a key is not taken for one of the old
     // form.
     if (key == 0)
-        qxVariants::mapHotkey(qxVariantReader::convertOldHotkey(hotkey), key, modifiers);
-}
-
-void qxVariantSet::setPreview(QByteArray bytes)
-{
-    preview = bytes;
-}
-
-QByteArray qxVariantSet::getPreview() const
-{
-    return preview;
+        qxHotkey::map(qxHotkey::convertOld(hotkey), key, modifiers);
 }
 
 void qxVariantSet::clear()
@@ -115,4 +106,124 @@ void qxVariantSet::clear()
     key = -1;
     targetNodeNames.clear();
     materialSnapshots.clear();
+}
+
+void qxVariantSet::add(qxNodeVariant *variant, const QString &state)
+{
+    addTo(nodeVariants, variant, state);
+}
+
+void qxVariantSet::add(qxMaterialVariant *variant, const QString &state)
+{
+    addTo(materialVariants, variant, state);
+}
+
+void qxVariantSet::add(qxLightVariant *variant, const QString &state)
+{
+    addTo(lightVariants, variant, state);
+}
+
+void qxVariantSet::add(qxOverlayVariant *variant, const QString &state)
+{
+    addTo(overlayVariants, variant, state);
+}
+
+void qxVariantSet::add(qxTransformVariant *variant, const QString &state)
+{
+    addTo(transformVariants, variant, state);
+}
+
+bool qxVariantSet::containsNodeVariant(std::string variantName)
+{
+    return contains(nodeVariants, variantName);
+}
+
+bool qxVariantSet::containsMaterialVariant(std::string variantName)
+{
+    return contains(materialVariants, variantName);
+}
+
+bool qxVariantSet::containsLightVariant(std::string variantName)
+{
+    return contains(lightVariants, variantName);
+}
+
+bool qxVariantSet::containsOverlayVariant(std::string variantName)
+{
+    return contains(overlayVariants, variantName);
+}
+
+bool qxVariantSet::containsTransformVariant(const std::string &variantName)
+{
+    return findTransformVariant(qxText::fromUtf8(variantName)) != nullptr;
+}
+
+void qxVariantSet::select(bool full, bool keepCamera)
+{
+    const qxOperation operation;
+    qxSetSelection::apply(*this, full, keepCamera);
+    qxNotify::variantsSetSelected(name);
+    qxNotify::variantSetSelected();
+    qxController::updateRender(false);
+}
+
+void qxVariantSet::selectDefault()
+{
+    const qxOperation operation;
+    qxNotify::variantsSetSelected(name);
+    qxSetSelection::applyDefaults(*this);
+    qxNotify::variantsSetSelected(name);
+    qxNotify::variantSetSelected(this);
+    qxController::updateRender(true);
+}
+
+void qxVariantSet::executeScript()
+{
+    qxScript::run(script.toUtf8().constData());
+}
+
+void qxVariantSet::showGeometry()
+{
+    for (const QString &nodeName : geometries) {
+        for (const qxNodePtr &node : qxScenegraph::findNodes(nodeName.toUtf8().constData()))
+            pushEnable(node);
+    }
+}
+
+void qxVariantSet::hideGeometry()
+{
+    for (const QString &nodeName : geometries) {
+        for (const qxNodePtr &node : qxScenegraph::findNodes(nodeName.toUtf8().constData()))
+            pushDisable(node);
+    }
+}
+
+void qxVariantSet::pushEnable(osg::NodePtr node)
+{
+    qxNodeVisibility::pushEnable(node);
+}
+
+void qxVariantSet::pushDisable(osg::NodePtr node)
+{
+    qxNodeVisibility::pushDisable(node);
+}
+
+bool qxVariantSet::isEmpty()
+{
+    return qxSetMaintenance::isEmpty(*this);
+}
+
+bool qxVariantSet::isUsed()
+{
+    return qxSetMaintenance::isUsed(*this);
+}
+
+void qxVariantSet::showConnectedVariants()
+{
+    qxSetMaintenance::highlightVariants(*this);
+}
+
+void qxVariantSet::optimize()
+{
+    qxSetMaintenance::optimize(*this);
 }

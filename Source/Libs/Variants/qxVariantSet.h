@@ -1,12 +1,8 @@
 #pragma once
 
-#include "Internal/Registry/qxUniqueNames.h"
-#include "qxAnalyzerVariant.h"
-#include "qxVariantReferences.h"
+#include "qxVariantSetContents.h"
 
 #include <OpenSG/OSGNode.h>
-
-#include <QMap>
 
 #include <string>
 
@@ -15,13 +11,12 @@ class qxMaterialVariant;
 class qxNodeVariant;
 class qxOverlayVariant;
 class qxTransformVariant;
-class qxVariantGroup;
 
 /// A named combination of variant states and scene settings that is applied in one step.
 ///
 /// A set refers to variants by name only: it survives the removal of a variant, and applying it
 /// skips what does not exist. The registry creates and deletes sets.
-class qxVariantSet : public qxVariantReferences {
+class qxVariantSet : public qxVariantSetContents {
 public:
     qxVariantSet();
     explicit qxVariantSet(const QString &setName);
@@ -39,34 +34,67 @@ public:
     void add(qxTransformVariant *variant, const QString &state);
 
     /// The same by name. The variant need not exist, and an empty state is kept as it is.
-    void addNodeVariant(const QString &variantName, const QString &state);
-    void addMaterialVariant(const QString &variantName, const QString &state);
-    void addLightVariant(const QString &variantName, const QString &state);
-    void addOverlayVariant(const QString &variantName, const QString &state);
-    void addTransformVariant(const QString &variantName, const QString &state);
+    void addNodeVariant(const QString &variantName, const QString &state)
+    {
+        nodeVariants.add(variantName, state);
+    }
+    void addMaterialVariant(const QString &variantName, const QString &state)
+    {
+        materialVariants.add(variantName, state);
+    }
+    void addLightVariant(const QString &variantName, const QString &state)
+    {
+        lightVariants.add(variantName, state);
+    }
+    void addOverlayVariant(const QString &variantName, const QString &state)
+    {
+        overlayVariants.add(variantName, state);
+    }
+    void addTransformVariant(const QString &variantName, const QString &state)
+    {
+        transformVariants.add(variantName, state);
+    }
 
     /// The entry of that variant, to read or to edit, or null. It is valid until it is removed.
-    qxVariantState *findNodeVariant(const QString &variantName);
-    qxVariantState *findMaterialVariant(const QString &variantName);
-    qxVariantState *findLightVariant(const QString &variantName);
-    qxVariantState *findOverlayVariant(const QString &variantName);
-    qxVariantState *findTransformVariant(const QString &variantName);
+    qxVariantState *findNodeVariant(const QString &variantName)
+    {
+        return nodeVariants.find(variantName);
+    }
+    qxVariantState *findMaterialVariant(const QString &variantName)
+    {
+        return materialVariants.find(variantName);
+    }
+    qxVariantState *findLightVariant(const QString &variantName)
+    {
+        return lightVariants.find(variantName);
+    }
+    qxVariantState *findOverlayVariant(const QString &variantName)
+    {
+        return overlayVariants.find(variantName);
+    }
+    qxVariantState *findTransformVariant(const QString &variantName)
+    {
+        return transformVariants.find(variantName);
+    }
 
     /// Drops the entry of that variant, if any.
-    void removeNodeVariant(const QString &variantName);
-    void removeMaterialVariant(const QString &variantName);
-    void removeLightVariant(const QString &variantName);
-    void removeOverlayVariant(const QString &variantName);
-    void removeTransformVariant(const QString &variantName);
+    void removeNodeVariant(const QString &variantName) { nodeVariants.remove(variantName); }
+    void removeMaterialVariant(const QString &variantName) { materialVariants.remove(variantName); }
+    void removeLightVariant(const QString &variantName) { lightVariants.remove(variantName); }
+    void removeOverlayVariant(const QString &variantName) { overlayVariants.remove(variantName); }
+    void removeTransformVariant(const QString &variantName)
+    {
+        transformVariants.remove(variantName);
+    }
 
     /// Names are added once; removing an absent one does nothing.
-    void addGeometry(const QString &nodeName);
-    void removeGeometry(const QString &nodeName);
-    void addViewpoint(const QString &viewpoint);
-    void removeViewpoint(const QString &viewpoint);
-    void addAnimation(const QString &animation);
-    void removeAnimation(const QString &animation);
-    void addTargetNodeName(const QString &nodeName);
+    void addGeometry(const QString &nodeName) { geometries.add(nodeName); }
+    void removeGeometry(const QString &nodeName) { geometries.remove(nodeName); }
+    void addViewpoint(const QString &viewpoint) { viewpoints.add(viewpoint); }
+    void removeViewpoint(const QString &viewpoint) { viewpoints.remove(viewpoint); }
+    void addAnimation(const QString &animation) { animations.add(animation); }
+    void removeAnimation(const QString &animation) { animations.remove(animation); }
+    void addTargetNodeName(const QString &nodeName) { targetNodeNames.add(nodeName); }
     /// Replaces the material recorded for that path, if any.
     void addMaterialSnapshot(const QString &nodePath, const QString &materialName);
 
@@ -78,50 +106,50 @@ public:
     /// Reads `key` and `modifiers` from `hotkey`.
     void updateShortcut();
     /// The bytes of an encoded picture.
-    void setPreview(QByteArray bytes);
-    QByteArray getPreview() const;
+    void setPreview(QByteArray bytes) { preview = bytes; }
+    QByteArray getPreview() const { return preview; }
 
-    const qxAnalyzerVariant &getAnalyzerVariant() const;
-    void setAnalyzerVariant(const qxAnalyzerVariant &settings);
+    const qxAnalyzerVariant &getAnalyzerVariant() const { return analyzer; }
+    void setAnalyzerVariant(const qxAnalyzerVariant &settings) { analyzer = settings; }
     /// Applies the clipping settings alone.
-    void executeAnalyzer();
+    void executeAnalyzer() { analyzer.execute(); }
 
     /// One clipping setting each, see qxAnalyzerVariant.
-    void setClippingState(int state);
-    void setClippingPlanePositionX(double x);
-    void setClippingPlanePositionY(double y);
-    void setClippingPlanePositionZ(double z);
-    void setClippingPlaneNormalX(double x);
-    void setClippingPlaneNormalY(double y);
-    void setClippingPlaneNormalZ(double z);
-    void setClippingInvert(bool invert);
-    void setClippingHideScene(bool hide);
-    void setClippingShowPlane(bool show);
-    void setClippingPlaneColorR(double red);
-    void setClippingPlaneColorG(double green);
-    void setClippingPlaneColorB(double blue);
-    void setClippingShowGrid(bool show);
-    void setClippingGridColorR(double red);
-    void setClippingGridColorG(double green);
-    void setClippingGridColorB(double blue);
-    void setClippingShowContour(bool show);
-    void setClippingContourColorR(double red);
-    void setClippingContourColorG(double green);
-    void setClippingContourColorB(double blue);
-    void setClippingContourWidth(int width);
+    void setClippingState(int state) { analyzer.clipState = state; }
+    void setClippingPlanePositionX(double x) { analyzer.clipPlanePosition[0] = float(x); }
+    void setClippingPlanePositionY(double y) { analyzer.clipPlanePosition[1] = float(y); }
+    void setClippingPlanePositionZ(double z) { analyzer.clipPlanePosition[2] = float(z); }
+    void setClippingPlaneNormalX(double x) { analyzer.clipPlaneNormal[0] = float(x); }
+    void setClippingPlaneNormalY(double y) { analyzer.clipPlaneNormal[1] = float(y); }
+    void setClippingPlaneNormalZ(double z) { analyzer.clipPlaneNormal[2] = float(z); }
+    void setClippingInvert(bool invert) { analyzer.clipPlaneInvert = invert; }
+    void setClippingHideScene(bool hide) { analyzer.clipPlaneHideScene = hide; }
+    void setClippingShowPlane(bool show) { analyzer.clipPlaneShow = show; }
+    void setClippingPlaneColorR(double red) { analyzer.clipPlaneColor[0] = float(red); }
+    void setClippingPlaneColorG(double green) { analyzer.clipPlaneColor[1] = float(green); }
+    void setClippingPlaneColorB(double blue) { analyzer.clipPlaneColor[2] = float(blue); }
+    void setClippingShowGrid(bool show) { analyzer.clipGridShow = show; }
+    void setClippingGridColorR(double red) { analyzer.clipGridColor[0] = float(red); }
+    void setClippingGridColorG(double green) { analyzer.clipGridColor[1] = float(green); }
+    void setClippingGridColorB(double blue) { analyzer.clipGridColor[2] = float(blue); }
+    void setClippingShowContour(bool show) { analyzer.clipContourShow = show; }
+    void setClippingContourColorR(double red) { analyzer.clipContourColor[0] = float(red); }
+    void setClippingContourColorG(double green) { analyzer.clipContourColor[1] = float(green); }
+    void setClippingContourColorB(double blue) { analyzer.clipContourColor[2] = float(blue); }
+    void setClippingContourWidth(int width) { analyzer.clipContourWidth = width; }
 
-    int getClippingState() const;
-    osg::Pnt3f getClippingPlanePosition() const;
-    osg::Vec3f getClippingPlaneNormal() const;
-    bool getClippingInvert() const;
-    bool getClippingHideScene() const;
-    bool getClippingShowPlane() const;
-    osg::Color3f getClippingPlaneColor() const;
-    bool getClippingShowGrid() const;
-    osg::Color3f getClippingGridColor() const;
-    bool getClippingShowContour() const;
-    osg::Color3f getClippingContourColor() const;
-    int getClippingContourWidth() const;
+    int getClippingState() const { return analyzer.clipState; }
+    osg::Pnt3f getClippingPlanePosition() const { return analyzer.clipPlanePosition; }
+    osg::Vec3f getClippingPlaneNormal() const { return analyzer.clipPlaneNormal; }
+    bool getClippingInvert() const { return analyzer.clipPlaneInvert; }
+    bool getClippingHideScene() const { return analyzer.clipPlaneHideScene; }
+    bool getClippingShowPlane() const { return analyzer.clipPlaneShow; }
+    osg::Color3f getClippingPlaneColor() const { return analyzer.clipPlaneColor; }
+    bool getClippingShowGrid() const { return analyzer.clipGridShow; }
+    osg::Color3f getClippingGridColor() const { return analyzer.clipGridColor; }
+    bool getClippingShowContour() const { return analyzer.clipContourShow; }
+    osg::Color3f getClippingContourColor() const { return analyzer.clipContourColor; }
+    int getClippingContourWidth() const { return analyzer.clipContourWidth; }
 
     /// Empties the contents. Name, group, clipping, preview, inclusion flags, geometries and
     /// modifiers stay.
@@ -156,33 +184,8 @@ public:
     /// Drops references that can no longer work. Those to missing variants stay.
     void optimize();
 
-    QString name; ///< unique among the sets of the registry
-    QString hotkey;
-    QString comment;
-    QString script;
-    int key = -1; ///< read from `hotkey`, as are the modifiers
-    Qt::KeyboardModifiers modifiers;
-    QString defaultViewpoint;
-    qxUniqueNames viewpoints; ///< selecting moves to the first one
-    qxUniqueNames animations;
-    unsigned int animationIndex = 0; ///< the next one to start when they start in turn
-    bool sequentialAnimation = false;
-    qxUniqueNames geometries; ///< names of nodes
-    QMap<QString, QString> values;
-    qxVariantGroup *group = nullptr; ///< maintained by the group
-    qxAnalyzerVariant analyzer;
-    QByteArray preview;
-    qxUniqueNames targetNodeNames;
-    QMap<QString, QString> materialSnapshots; ///< material names by node path
-    bool inclNodes = false;
-    bool inclMats = false;
-    bool inclLights = false;
-    bool inclEnv = false;
-    bool inclView = false;
-
 private:
-    friend class qxSetUse;
-
-    int m_uses = 0;
-    bool m_isRemoved = false; ///< left the registry and is deleted after its last use
+    friend class qxVariantGroup;
+    /// Takes the set out of its group; given by the group, which sets do not know.
+    void (*m_leaveGroup)(qxVariantSet *set) = nullptr;
 };

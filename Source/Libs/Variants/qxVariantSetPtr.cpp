@@ -1,6 +1,6 @@
 #include "qxVariantSetPtr.h"
 
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -145,7 +145,7 @@ void qxVariantSetPtr::addGeometry(qxNodePtr node, const char *state)
 {
     if (!m_set || node == osg::NullFC)
         return;
-    const qxSetUse use(*m_set);
+    const qxOperation operation;
     m_set->add(qxVariants::createNodeVariant(node, true), QString::fromUtf8(state));
 }
 
@@ -153,7 +153,7 @@ void qxVariantSetPtr::addMaterial(qxMaterialPtr material, const char *state)
 {
     if (!m_set || material == osg::NullFC)
         return;
-    const qxSetUse use(*m_set);
+    const qxOperation operation;
     m_set->add(qxVariants::createMaterialVariant(material, true), QString::fromUtf8(state));
 }
 
@@ -161,7 +161,7 @@ void qxVariantSetPtr::addLight(qxNodePtr node, const char *state)
 {
     if (!m_set || node == osg::NullFC)
         return;
-    const qxSetUse use(*m_set);
+    const qxOperation operation;
     m_set->add(qxVariants::createLightVariant(node, true), QString::fromUtf8(state));
 }
 
@@ -194,12 +194,8 @@ void qxVariantSetPtr::addClippingPlane(const osg::Pnt3f &position, const osg::Ve
 {
     if (!m_set)
         return;
-    m_set->setClippingPlanePositionX(position[0]);
-    m_set->setClippingPlanePositionY(position[1]);
-    m_set->setClippingPlanePositionZ(position[2]);
-    m_set->setClippingPlaneNormalX(normal[0]);
-    m_set->setClippingPlaneNormalY(normal[1]);
-    m_set->setClippingPlaneNormalZ(normal[2]);
+    m_set->analyzer.clipPlanePosition = position;
+    m_set->analyzer.clipPlaneNormal = normal;
     m_set->setClippingInvert(invertDirection);
     m_set->setClippingHideScene(hideScene);
     m_set->setClippingShowPlane(showClippingPlane);
@@ -211,7 +207,7 @@ void qxVariantSetPtr::addCurrentClippingPlane()
 {
     if (!m_set)
         return;
-    const qxSetUse use(*m_set);
+    const qxOperation operation;
     for (const VectorSetting &setting : vectorSettings)
         copyVector(*m_set, setting);
     copyContourWidth(*m_set);

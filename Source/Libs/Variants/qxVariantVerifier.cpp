@@ -1,6 +1,6 @@
 #include "qxVariantVerifier.h"
 
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxFindCache.h"
 #include "qxMaterialVariant.h"
 #include "qxNodeVariant.h"
@@ -273,7 +273,7 @@ bool qxVariantVerifier::verifyKelo()
 {
     const qxNamedList<qxVariantSet>::Walk walk(qxVariants::_variantSets);
     for (qxVariantSet *set : qxVariants::_variantSets) {
-        const qxSetUse use(*set);
+        const qxOperation operation;
         set->select(false, false);
         set->selectDefault();
     }

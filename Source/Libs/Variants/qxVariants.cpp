@@ -1,5 +1,19 @@
 #include "qxVariants.h"
 
+#include "Internal/Capture/qxCapture.h"
+#include "Internal/Capture/qxCaptureProgress.h"
+#include "Internal/Capture/qxNodeActivity.h"
+#include "Internal/Capture/qxNodeNameGuard.h"
+#include "Internal/Capture/qxPreview.h"
+#include "Internal/Capture/qxSceneCapture.h"
+#include "Internal/Materials/qxMaterialCapture.h"
+#include "Internal/Options/qxHotkey.h"
+#include "Internal/Registry/qxOperation.h"
+#include "Internal/Registry/qxSceneVariants.h"
+#include "Internal/Registry/qxSetRegistry.h"
+#include "Internal/Registry/qxSetSelection.h"
+#include "Internal/Scene/qxPathLookup.h"
+#include "Internal/Scene/qxSceneEdits.h"
 #include "qxLightVariant.h"
 #include "qxMaterialVariant.h"
 #include "qxNodeVariant.h"
@@ -10,50 +24,17 @@
 #include "qxVariantSet.h"
 
 #include "qxController.h"
-#include "qxNames.h"
+#include "qxOSGWidget.h"
 
+#include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
-
-#include <QKeySequence>
-
-using qxNames::nameOf;
 
 namespace {
 
 const char *const clearAllVariants = "clearAllVariants";
 
-/// The name of the switch material that a variant of this material drives.
-QString switchNameOf(const osg::MaterialPtr &material)
-{
-    const QString name = nameOf(material);
-    const bool isSwitch = osg::SwitchMaterialPtr::dcast(material) != osg::NullFC;
-    return name.isEmpty() || isSwitch ? name : name + QStringLiteral(" Switch");
-}
-
-/// The variant `name`, built from `source` when there is none; null for an empty name.
-template <class Variant, class Source>
-Variant *findOrBuild(const qxVariantKind &kind, const QString &name, const Source &source,
-                     bool notify)
-{
-    if (name.isEmpty())
-        return nullptr;
-    qxVariant *const known = kind.find(name);
-    return static_cast<Variant *>(known ? known
-                                        : kind.adopt(std::make_unique<Variant>(source), notify));
-}
-
 } // namespace
 
-// Above _the: the lists are there as long as the module object is.
-qxNamedList<qxNodeVariant> qxVariants::_nodeVariants;
-qxNamedList<qxMaterialVariant> qxVariants::_materialVariants;
-qxNamedList<qxLightVariant> qxVariants::_lightVariants;
-qxNamedList<qxOverlayVariant> qxVariants::_overlayVariants;
-qxNamedList<qxTransformVariant> qxVariants::_transformVariants;
-qxNamedList<qxVariantSet> qxVariants::_variantSets;
-qxNamedList<qxVariantGroup> qxVariants::_variantGroups;
-bool qxVariants::_recurse = false;
-std::set<osg::NodeCorePtr> qxVariants::_clonedGeoms;
 qxVariants qxVariants::_the;
 
 qxVariants::qxVariants()
@@ -70,37 +51,33 @@ void qxVariants::clearAll(qxMessage &)
 {
     for (const qxVariantKind *kind : qxVariantKinds::all())
         kind->clear();
-    clearVariantSets();
-    clearVariantGroups();
+    qxSetRegistry::clearSets();
+    qxSetRegistry::clearGroups();
 }
 
 qxNodeVariant *qxVariants::createNodeVariant(osg::NodePtr node, bool notify)
 {
-    return findOrBuild<qxNodeVariant>(qxVariantKinds::node, nameOf(node), node, notify);
+    return qxSceneVariants::ofNode(node, notify);
 }
 
 qxMaterialVariant *qxVariants::createMaterialVariant(osg::MaterialPtr material, bool notify)
 {
-    return findOrBuild<qxMaterialVariant>(qxVariantKinds::material, switchNameOf(material),
-                                          material, notify);
+    return qxSceneVariants::ofMaterial(material, notify);
 }
 
 qxLightVariant *qxVariants::createLightVariant(osg::NodePtr node, bool notify)
 {
-    return findOrBuild<qxLightVariant>(qxVariantKinds::light, nameOf(node), node, notify);
+    return qxSceneVariants::ofLight(node, notify);
 }
 
 qxOverlayVariant *qxVariants::createOverlayVariant(osg::NodePtr node, bool notify)
 {
-    return findOrBuild<qxOverlayVariant>(qxVariantKinds::overlay, nameOf(node), node, notify);
+    return qxSceneVariants::ofOverlay(node, notify);
 }
 
 qxTransformVariant *qxVariants::createTransformVariant(osg::NodePtr node, bool notify)
 {
-    if (!qxNodeUtils::hasTransformVariants(node))
-        return nullptr;
-    const QString name = nameOf(node);
-    return findOrBuild<qxTransformVariant>(qxVariantKinds::transform, name, name, notify);
+    return qxSceneVariants::ofTransforms(node, notify);
 }
 
 qxNodeVariant *qxVariants::createNodeVariant(const QString &name, bool notify)
@@ -203,11 +180,230 @@ void qxVariants::clearTransformVariants()
     qxVariantKinds::transform.clear();
 }
 
+qxVariantSet *qxVariants::createVariantSet(const QString &name, bool notify, qxVariantGroup *group)
+{
+    return qxSetRegistry::createSet(name, notify, group);
+}
+
+bool qxVariants::removeVariantSet(const QString &name)
+{
+    return qxSetRegistry::removeSet(name);
+}
+
+void qxVariants::clearVariantSets()
+{
+    qxSetRegistry::clearSets();
+}
+
+void qxVariants::clearEmptyVariantSets()
+{
+    qxSetRegistry::clearEmptySets();
+}
+
+bool qxVariants::hasEmptyVariantSets()
+{
+    return qxSetRegistry::hasEmptySets();
+}
+
+void qxVariants::optimizeVariantSets()
+{
+    qxSetRegistry::optimizeSets();
+}
+
+qxVariantGroup *qxVariants::createVariantGroup(const QString &name, bool notify, bool visible)
+{
+    return qxSetRegistry::createGroup(name, notify, visible);
+}
+
+qxVariantGroup *qxVariants::findOrCreateVariantGroup(const QString &name)
+{
+    return qxSetRegistry::findOrCreateGroup(name);
+}
+
+bool qxVariants::removeVariantGroup(const QString &name)
+{
+    return qxSetRegistry::removeGroup(name);
+}
+
+void qxVariants::clearVariantGroups()
+{
+    qxSetRegistry::clearGroups();
+}
+
+void qxVariants::clearEmptyGroups()
+{
+    qxSetRegistry::clearEmptyGroups();
+}
+
+bool qxVariants::hasEmptyGroups()
+{
+    return qxSetRegistry::hasEmptyGroups();
+}
+
+QString qxVariants::getUniqueVariantSetName(QString base)
+{
+    return qxSetRegistry::uniqueSetName(base);
+}
+
+QString qxVariants::getUniqueVariantGroupName(QString base)
+{
+    return qxSetRegistry::uniqueGroupName(base);
+}
+
+void qxVariants::showConnectedVariants(QString setName)
+{
+    if (qxVariantSet *set = findVariantSet(setName))
+        set->showConnectedVariants();
+}
+
+void qxVariants::selectVariantSet(const char *name, bool flag)
+{
+    qxOSGWidget::cancelAntialiasing();
+    qxVariantSet *const set = findVariantSet(QString::fromUtf8(name));
+    if (!set)
+        return;
+    const qxOperation operation;
+    if (set->inclNodes)
+        qxSetSelection::showTargets(*set);
+    set->select(true, flag);
+}
+
+bool qxVariants::verifyNodeNames()
+{
+    return qxNodeNameGuard::verifyNodeNames();
+}
+
+bool qxVariants::showAmbiguousNodesDialog(std::vector<osg::NodePtr> &nodes)
+{
+    return qxNodeNameGuard::askToRename(nodes);
+}
+
+bool qxVariants::containsAmbiguousVSets(std::vector<osg::NodePtr> &nodes)
+{
+    return qxNodeNameGuard::areReferredTo(nodes);
+}
+
+bool qxVariants::checkIfNodeMatchesNodePath(osg::NodePtr, const char *path, bool apply)
+{
+    if (!path)
+        return false;
+    const std::vector<qxNodePtr> nodes = qxPathLookup::findPath(path);
+    if (apply)
+        qxSceneEdits::shareMaterial(nodes);
+    return !nodes.empty();
+}
+
+void qxVariants::createAndCaptureVariantSet(const char *name, const char *groupName)
+{
+    qxSceneCapture::createAndCapture(name, groupName);
+}
+
+void qxVariants::captureVariantsFromRootNodes(qxVariantSet *set, std::vector<qxNodePtr> roots,
+                                              bool captureNodes, bool captureMaterials,
+                                              bool captureLights, bool captureEnvironments,
+                                              bool captureViewpoint, bool captureTransforms,
+                                              bool notify, bool plainViewpointName)
+{
+    const qxCaptureKinds kinds{captureNodes, captureMaterials, captureLights, captureEnvironments,
+                               captureTransforms};
+    if (set)
+        qxSceneCapture::fromRoots(*set, roots, kinds,
+                                  {captureViewpoint, notify, plainViewpointName});
+}
+
+void qxVariants::captureVariantsFromRootNode(
+    qxVariantSet *set, qxNodePtr node, bool captureNodes, bool captureMaterials, bool captureLights,
+    bool captureEnvironments, bool captureTransforms, QMap<QString, QString> &materials,
+    std::vector<qxNodePtr>, QSet<QString> &visitedNames, std::set<osg::SwitchMaterialPtr> &,
+    std::set<osg::MaterialPtr> &visitedMaterials, bool notify)
+{
+    const qxCaptureKinds kinds{captureNodes, captureMaterials, captureLights, captureEnvironments,
+                               captureTransforms};
+    const qxCaptureNotes notes{materials, visitedNames, visitedMaterials};
+    if (set)
+        qxCaptureRun(*set, kinds, notes, notify).visit(node);
+}
+
+bool qxVariants::checkAndSetNodeActive(osg::NodePtr node, qxVariantSet *set, bool &captureNodes,
+                                       bool &notify)
+{
+    return qxNodeActivity::goesOnBelow(node, set, captureNodes, notify);
+}
+
+void qxVariants::addMaterialGroupIgnoreToVSet(osg::NodePtr node, osg::MaterialGroupPtr,
+                                              qxVariantSet *set)
+{
+    if (node != osg::NullFC && set)
+        qxNodeActivity::recordIgnored(node, *set);
+}
+
+void qxVariants::captureMaterialVariantFromSwitchMaterial(qxVariantSet *set,
+                                                          osg::SwitchMaterialPtr &material,
+                                                          bool notify)
+{
+    if (set)
+        qxMaterialCapture::capture(*set, material, notify);
+}
+
+void qxVariants::captureMaterialVariantFromMultiPassMaterial(qxVariantSet *set,
+                                                             osg::MultiPassMaterialPtr &material,
+                                                             bool notify)
+{
+    if (set)
+        qxMaterialCapture::capture(*set, material, notify);
+}
+
+void qxVariants::initVSetProgressDialog(QProgressDialog *dialog)
+{
+    qxCaptureProgress::init(dialog);
+}
+
+void qxVariants::activateCapturedVariantSet(const char *name)
+{
+    qxSceneCapture::activate(name);
+}
+
+void qxVariants::handleMaterialSnapshots(qxVariantSet *set, osg::NodePtr node, const QString &path,
+                                         osg::MaterialPtr material, const std::vector<qxNodePtr> &,
+                                         QSet<QString> &visitedNames,
+                                         std::set<osg::SwitchMaterialPtr> &,
+                                         std::set<osg::MaterialPtr> &visitedMaterials, bool capture,
+                                         bool notify)
+{
+    if (set)
+        qxCapture::reconcile(node, path, material,
+                             {set, visitedNames, visitedMaterials, capture, notify});
+}
+
+void qxVariants::restoreSwitchNodes()
+{
+    qxSceneCapture::restoreSwitches();
+}
+
+void qxVariants::changeMaterial(osg::NodePtr node, osg::MaterialPtr material)
+{
+    if (node != osg::NullFC)
+        qxSceneEdits::setMaterial(node, material);
+}
+
+QByteArray qxVariants::createPreviewImage(bool showProgress, bool fullRaytracingQuality)
+{
+    return qxPreview::fromScene(showProgress, fullRaytracingQuality);
+}
+
+QByteArray qxVariants::getPreviewImageFromFrameBuffer(qxVariantSet *)
+{
+    return qxPreview::fromFrameBuffer();
+}
+
+void qxVariants::renderVariantSetPreview(qxVariantSet *set, bool fromFrameBuffer, bool showProgress,
+                                         bool fullRaytracingQuality)
+{
+    if (set)
+        qxPreview::render(*set, fromFrameBuffer, showProgress, fullRaytracingQuality);
+}
+
 void qxVariants::mapHotkey(const QString &text, int &key, Qt::KeyboardModifiers &modifiers)
 {
-    const QKeySequence sequence(text, QKeySequence::NativeText);
-    const int combination = sequence.isEmpty() ? 0 : sequence[0];
-    const bool isKnown = combination != Qt::Key_unknown; // What Qt makes of a text without a key.
-    key = isKnown ? combination & 0x01FFFFFF : 0;
-    modifiers = Qt::KeyboardModifiers(isKnown ? combination & int(0xFE000000) : 0);
+    qxHotkey::map(text, key, modifiers);
 }

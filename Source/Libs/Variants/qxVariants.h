@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Internal/Registry/qxNamedList.h"
+#include "qxVariantLists.h"
 
 #include "qxNodePtr.h"
 
@@ -11,24 +11,15 @@
 #include <QMap>
 #include <QSet>
 
-#include <set>
-
 class QProgressDialog;
-class qxLightVariant;
-class qxMaterialVariant;
 class qxMessage;
-class qxNodeVariant;
-class qxOverlayVariant;
-class qxTransformVariant;
-class qxVariantGroup;
-class qxVariantSet;
 
 /// The one registry of all variants, variant sets and variant groups. It owns them.
 ///
 /// Names are compared exactly. An empty name never matches: find and create return null, remove
 /// returns false. With `notify` a creation is announced, else it is silent; an object that exists
 /// already is never announced again. All operations run on the user-interface thread.
-class qxVariants {
+class qxVariants : public qxVariantLists {
 public:
     qxVariants();
     qxVariants(const qxVariants &) = delete;
@@ -76,7 +67,7 @@ public:
     /// A new set, added to `group` unless that is null. A name that is taken is refused with a
     /// warning and null.
     static qxVariantSet *createVariantSet(const QString &name, bool notify, qxVariantGroup *group);
-    static qxVariantSet *findVariantSet(const QString &name);
+    static qxVariantSet *findVariantSet(const QString &name) { return _variantSets.find(name); }
     /// Deletes the set and announces it; an unknown name is silent. False only for an empty name.
     static bool removeVariantSet(const QString &name);
     static void clearVariantSets();
@@ -88,7 +79,10 @@ public:
 
     /// A new group. A name that is taken is refused with a warning and null.
     static qxVariantGroup *createVariantGroup(const QString &name, bool notify, bool visible);
-    static qxVariantGroup *findVariantGroup(const QString &name);
+    static qxVariantGroup *findVariantGroup(const QString &name)
+    {
+        return _variantGroups.find(name);
+    }
     /// The group of that name; a new one when there is none. A new "Render Queue" is hidden and not
     /// announced.
     static qxVariantGroup *findOrCreateVariantGroup(const QString &name);
@@ -191,19 +185,6 @@ public:
     static void mapHotkey(const QString &text, int &key, Qt::KeyboardModifiers &modifiers);
     /// Forgets everything: the host's "clearAllVariants".
     static void clearAll(qxMessage &message);
-
-    /// In order of creation, which is the order of the document and of the user interface.
-    static qxNamedList<qxNodeVariant> _nodeVariants;
-    static qxNamedList<qxMaterialVariant> _materialVariants;
-    static qxNamedList<qxLightVariant> _lightVariants;
-    static qxNamedList<qxOverlayVariant> _overlayVariants;
-    static qxNamedList<qxTransformVariant> _transformVariants;
-    static qxNamedList<qxVariantSet> _variantSets;
-    static qxNamedList<qxVariantGroup> _variantGroups;
-    /// Whether showing a node also shows what is below and above it.
-    static bool _recurse;
-    /// The geometries met by the capture that runs: clones count once.
-    static std::set<osg::NodeCorePtr> _clonedGeoms;
 
     /// The module object: there from loading to unloading, it listens to the host.
     static qxVariants _the;

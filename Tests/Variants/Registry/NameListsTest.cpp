@@ -1,6 +1,6 @@
-#include "Internal/Registry/qxNamedList.h"
-#include "Internal/Registry/qxStateList.h"
-#include "Internal/Registry/qxUniqueNames.h"
+#include "qxNamedList.h"
+#include "qxStateList.h"
+#include "qxUniqueNames.h"
 
 #include <QTextStream>
 

@@ -2,6 +2,7 @@
 
 #include "Scene/qxNodeName.h"
 #include "qxNodeWalk.h"
+#include "qxScenegraph.h"
 
 #include <functional>
 #include <string_view>

@@ -1,9 +1,8 @@
 #include "Internal/Capture/qxCaptureProgress.h"
 
-#include "Internal/Registry/qxNameLookUp.h"
-
 #include "qxController.h"
 #include "qxDockWindowManager.h"
+#include "qxNameLookUp.h"
 
 #include <QApplication>
 #include <QDockWidget>

@@ -1,13 +1,18 @@
 #include "Internal/Capture/qxCaptureRun.h"
 
+#include "Internal/Capture/qxCapture.h"
 #include "Internal/Capture/qxCaptureProgress.h"
+#include "Internal/Capture/qxNodeActivity.h"
+#include "Internal/Materials/qxMaterialCapture.h"
 #include "Internal/Materials/qxSwitchMaterials.h"
+#include "Internal/Registry/qxSceneVariants.h"
 #include "Internal/Scene/qxPathLookup.h"
+#include "Internal/Scene/qxSceneEdits.h"
 #include "qxLightVariant.h"
 #include "qxNodeVariant.h"
 #include "qxTransformVariant.h"
+#include "qxVariantLists.h"
 #include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include "OSGUberLight.h"
 #include "qxLights.h"
@@ -45,9 +50,8 @@ QString stateOf(const osg::NodePtr &node, const osg::SwitchPtr &core)
 } // namespace
 
 qxCaptureRun::qxCaptureRun(qxVariantSet &set, const qxCaptureKinds &kinds,
-                           const qxCaptureNotes &notes, const std::vector<qxNodePtr> &roots,
-                           bool notify)
-    : m_set(set), m_kinds(kinds), m_notes(notes), m_roots(roots), m_notify(notify)
+                           const qxCaptureNotes &notes, bool notify)
+    : m_set(set), m_kinds(kinds), m_notes(notes), m_notify(notify)
 {
 }
 
@@ -66,7 +70,7 @@ bool qxCaptureRun::captureNode(const osg::NodePtr &node)
 {
     const osg::NodeCorePtr core = node->getCore();
     const auto geometry = coreAs<osg::Geometry>(core);
-    if (geometry != osg::NullFC && !qxVariants::_clonedGeoms.insert(core).second)
+    if (geometry != osg::NullFC && !qxVariantLists::_clonedGeoms.insert(core).second)
         return false;
     captureTransform(node);
     captureSwitch(node);
@@ -87,8 +91,7 @@ bool qxCaptureRun::captureNode(const osg::NodePtr &node)
 
 bool qxCaptureRun::mayDescend(const osg::NodePtr &node)
 {
-    bool captureNodes = m_kinds.nodes;
-    return qxVariants::checkAndSetNodeActive(node, &m_set, captureNodes, m_notify);
+    return qxNodeActivity::goesOnBelow(node, &m_set, m_kinds.nodes, m_notify);
 }
 
 void qxCaptureRun::captureTransform(const osg::NodePtr &node)
@@ -96,7 +99,7 @@ void qxCaptureRun::captureTransform(const osg::NodePtr &node)
     if (!m_kinds.transforms || qxNodeUtils::getTransformVariantCount(node) <= 0
         || !qxNodeUtils::isTransformVariantInState(node))
         return;
-    if (qxTransformVariant *variant = qxVariants::createTransformVariant(node, m_notify))
+    if (qxTransformVariant *variant = qxSceneVariants::ofTransforms(node, m_notify))
         m_set.add(variant, qxText::fromUtf8(qxNodeUtils::getSelectedTransformVariantName(node)));
 }
 
@@ -108,8 +111,8 @@ void qxCaptureRun::captureSwitch(const osg::NodePtr &node)
     const bool isEnvironment = qxNodeUtils::isEnvironmentGeometrySwitch(node);
     if (!(isEnvironment ? m_kinds.environments : m_kinds.nodes))
         return;
-    const QString state = stateOf(node, core); // before listeners change the children
-    if (qxNodeVariant *variant = qxVariants::createNodeVariant(node, m_notify))
+    const QString state = stateOf(node, core);
+    if (qxNodeVariant *variant = qxSceneVariants::ofNode(node, m_notify))
         m_set.add(variant, state);
 }
 
@@ -118,7 +121,7 @@ void qxCaptureRun::captureMaterialGroup(const osg::NodePtr &node,
 {
     if (!m_kinds.materials)
         return;
-    qxVariants::addMaterialGroupIgnoreToVSet(node, group, &m_set);
+    qxNodeActivity::recordIgnored(node, m_set);
     if (group->getMaterial() != osg::NullFC)
         takeSnapshot(node, group->getMaterial());
 }
@@ -130,11 +133,11 @@ void qxCaptureRun::captureGeometry(const osg::NodePtr &node, const osg::Geometry
     const osg::MaterialPtr material = geometry->getMaterial();
     if (material == osg::NullFC)
         return;
-    const osg::MaterialRefPtr kept(material); // listeners may give the node another one
+    const osg::MaterialRefPtr kept(material);
     if (isEnvironment(material) && qxSwitchMaterials::switchOf(material) != osg::NullFC)
         return captureStates(material);
     if (m_kinds.materials)
-        captureVariants(material);
+        qxMaterialCapture::capture(m_set, material, m_notify);
     if (isWanted(material))
         takeSnapshot(node, material);
 }
@@ -159,24 +162,14 @@ bool qxCaptureRun::isWanted(const osg::MaterialPtr &material)
 void qxCaptureRun::captureStates(const osg::MaterialPtr &material)
 {
     const auto isSeen = [this](const osg::MaterialPtr &each) { return isWanted(each); };
-    qxSwitchMaterials::capture(m_set, material, m_notify, isSeen);
-}
-
-void qxCaptureRun::captureVariants(const osg::MaterialPtr &material)
-{
-    auto switchMaterial = osg::SwitchMaterialPtr::dcast(material);
-    auto passes = osg::MultiPassMaterialPtr::dcast(material);
-    if (switchMaterial != osg::NullFC)
-        qxVariants::captureMaterialVariantFromSwitchMaterial(&m_set, switchMaterial, m_notify);
-    else if (passes != osg::NullFC)
-        qxVariants::captureMaterialVariantFromMultiPassMaterial(&m_set, passes, m_notify);
+    qxMaterialCapture::capture(m_set, material, m_notify, isSeen);
 }
 
 void qxCaptureRun::captureLight(const osg::NodePtr &node)
 {
     if (!m_kinds.lights)
         return;
-    if (qxLightVariant *variant = qxVariants::createLightVariant(node, m_notify))
+    if (qxLightVariant *variant = qxSceneVariants::ofLight(node, m_notify))
         m_set.add(variant,
                   node->getActive() && qxLights::getOn(node) ? variantEnable : variantDisable);
 }
@@ -185,9 +178,8 @@ void qxCaptureRun::captureLight(const osg::NodePtr &node)
 void qxCaptureRun::takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr &material)
 {
     const QString path = qxPathLookup::getNodePath(node);
-    qxVariants::handleMaterialSnapshots(&m_set, node, path, material, m_roots, m_notes.visitedNames,
-                                        m_notes.visitedSwitchMaterials, m_notes.visitedMaterials,
-                                        true, m_notify);
+    qxCapture::reconcile(node, path, material,
+                         {&m_set, m_notes.visitedNames, m_notes.visitedMaterials, true, m_notify});
     const osg::MaterialRefPtr now(qxNodeUtils::getMaterial(node)); // may be another one now
     if (now == osg::NullFC)
         return;
@@ -198,5 +190,5 @@ void qxCaptureRun::takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr
     if (m_notes.materials.contains(path))
         return;
     m_notes.materials.insert(path, nameOf(now.get()));
-    qxVariants::checkIfNodeMatchesNodePath(node, path.toUtf8().constData(), true);
+    qxSceneEdits::shareMaterial(qxPathLookup::findPath(path.toUtf8().constData()));
 }

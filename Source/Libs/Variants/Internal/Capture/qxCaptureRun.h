@@ -27,7 +27,6 @@ struct qxCaptureKinds {
 struct qxCaptureNotes {
     QMap<QString, QString> &materials; ///< material names by node path
     QSet<QString> &visitedNames;
-    std::set<osg::SwitchMaterialPtr> &visitedSwitchMaterials;
     std::set<osg::MaterialPtr> &visitedMaterials;
 };
 
@@ -36,7 +35,7 @@ struct qxCaptureNotes {
 class qxCaptureRun {
 public:
     qxCaptureRun(qxVariantSet &set, const qxCaptureKinds &kinds, const qxCaptureNotes &notes,
-                 const std::vector<qxNodePtr> &roots, bool notify);
+                 bool notify);
 
     /// Captures the node and everything below it, as far as it is active.
     void visit(const osg::NodePtr &top);
@@ -51,14 +50,12 @@ private:
     bool isEnvironment(const osg::MaterialPtr &material);
     bool isWanted(const osg::MaterialPtr &material);
     void captureStates(const osg::MaterialPtr &material);
-    void captureVariants(const osg::MaterialPtr &material);
     void captureLight(const osg::NodePtr &node);
     void takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr &material);
 
     qxVariantSet &m_set;
     const qxCaptureKinds m_kinds;
     const qxCaptureNotes m_notes;
-    const std::vector<qxNodePtr> &m_roots;
-    bool m_notify;
+    const bool m_notify;
     QMap<osg::UInt32, bool> m_isEnvironment; ///< by the ids of materials
 };

@@ -2,8 +2,8 @@
 
 #include "Internal/Scene/qxPathLookup.h"
 #include "qxVariantCaptureChecker.h"
+#include "qxVariantLists.h"
 #include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include "qxController.h"
 #include "qxLog.h"
@@ -62,7 +62,7 @@ class References {
 public:
     References()
     {
-        for (const qxVariantSet *set : qxVariants::_variantSets) {
+        for (const qxVariantSet *set : qxVariantLists::_variantSets) {
             for (const qxVariantState &state : set->nodeVariants) {
                 m_variants.insert(state.variant);
                 m_states.insert({state.variant, state.state});
@@ -114,7 +114,7 @@ bool qxNodeNameGuard::verifyNodeNames()
         return true;
     // What runs while the user is asked may remove nodes.
     const std::vector<osg::NodeRefPtr> kept(nodes.begin(), nodes.end());
-    if (!qxVariants::showAmbiguousNodesDialog(nodes))
+    if (!askToRename(nodes))
         return false;
     for (const osg::NodePtr node : kept) {
         if (isInScene(node))

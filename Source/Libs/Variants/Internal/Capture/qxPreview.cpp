@@ -1,9 +1,14 @@
 #include "Internal/Capture/qxPreview.h"
 
+#include "Internal/Registry/qxOperation.h"
+#include "qxVariantSet.h"
+
+#include "qxCameraService.h"
 #include "qxImageRenderWidget.h"
 #include "qxImageWriter.h"
 #include "qxOSGWidget.h"
 #include "qxRaytracingManager.h"
+#include "qxText.h"
 
 #include <OpenSG/OSGImage.h>
 
@@ -86,6 +91,15 @@ QByteArray qxPreview::fromFrameBuffer()
     buffer.open(QIODevice::WriteOnly);
     fromFrame(frame).save(&buffer, "PNG");
     return buffer.data();
+}
+
+void qxPreview::render(qxVariantSet &set, bool fromView, bool showProgress, bool fullQuality)
+{
+    const qxOperation operation; // a progress display lets events through
+    set.setPreview(fromView ? fromFrameBuffer() : fromScene(showProgress, fullQuality));
+    const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
+    if (camera)
+        camera->setHomeViewpoint(camera->findViewpoint(qxText::toUtf8(set.defaultViewpoint)), 1);
 }
 
 QImage qxPreview::fromFrame(const QImage &frame)

@@ -3,6 +3,7 @@
 #include <QByteArray>
 
 class QImage;
+class qxVariantSet;
 
 /// The small pictures that sets carry: PNG of 264 by 256 pixels.
 namespace qxPreview {
@@ -12,6 +13,8 @@ namespace qxPreview {
 QByteArray fromScene(bool showProgress, bool fullQuality);
 /// What the main view shows now; empty when there is no view or it shows nothing.
 QByteArray fromFrameBuffer();
+/// Gives the set one of these, see qxVariants::renderVariantSetPreview.
+void render(qxVariantSet &set, bool fromView, bool showProgress, bool fullQuality);
 /// The centred square of the picture, stretched to the size of a preview.
 QImage fromFrame(const QImage &frame);
 

@@ -1,7 +1,7 @@
 #include "Internal/Materials/qxSnapshotIndex.h"
 
+#include "qxVariantLists.h"
 #include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include <algorithm>
 
@@ -9,10 +9,9 @@ qxSnapshotIndex::qxSnapshotIndex(const qxVariantSet *except)
 {
     std::size_t total = 0;
     int longest = 0;
-    for (qxVariantSet *set : qxVariants::_variantSets) {
+    for (qxVariantSet *set : qxVariantLists::_variantSets) {
         if (set == except)
             continue;
-        m_uses.emplace_back(*set);
         m_sets.push_back(set);
         total += std::size_t(set->materialSnapshots.size());
         longest = std::max(longest, set->materialSnapshots.size());

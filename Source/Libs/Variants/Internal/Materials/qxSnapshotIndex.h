@@ -1,11 +1,10 @@
 #pragma once
 
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 
 #include <QHash>
 #include <QString>
 
-#include <list>
 #include <vector>
 
 class qxVariantSet;
@@ -13,7 +12,7 @@ class qxVariantSet;
 /// What the variant sets record about materials, by node path and by material variant: read once,
 /// so that a walk over the scene need not ask every set about every node.
 ///
-/// The sets are kept alive as long as the index is. It follows only the changes made through it.
+/// It follows only the changes made through it.
 class qxSnapshotIndex {
 public:
     /// One entry of a set's material snapshot. Those of one path are chained in the order of the
@@ -44,7 +43,7 @@ public:
 private:
     void read(qxVariantSet *set);
 
-    std::list<qxSetUse> m_uses;
+    const qxOperation m_operation; ///< the sets may be removed, but not deleted
     std::vector<qxVariantSet *> m_sets;
     struct Chain {
         int first = -1;

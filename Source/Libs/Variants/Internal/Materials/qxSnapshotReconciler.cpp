@@ -2,11 +2,12 @@
 
 #include "Internal/Materials/qxSwitchMaterials.h"
 #include "Internal/Registry/qxNotify.h"
+#include "Internal/Registry/qxSceneVariants.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxMaterialVariant.h"
+#include "qxVariantLists.h"
 #include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include "qxNames.h"
 #include "qxNodeWalk.h"
@@ -21,8 +22,7 @@ namespace {
 using qxNames::nameOf;
 using qxSwitchMaterials::chosen;
 using qxSwitchMaterials::switchOf;
-
-qxSnapshotReconciler *_current = nullptr;
+using qxSwitchMaterials::usersOf;
 
 /// Sets record materials by name, so those that they see get one: the material and, when it is a
 /// switch material, what it shows.
@@ -51,13 +51,6 @@ void addOnce(std::vector<osg::MaterialPtr> &materials, const osg::MaterialPtr &m
         materials.push_back(material);
 }
 
-std::vector<qxNodePtr> usersOf(const osg::MaterialPtr &material)
-{
-    std::vector<qxNodePtr> nodes;
-    qxMaterials::getNodesWithMaterial(nodes, material);
-    return nodes;
-}
-
 /// What a switch or multi-pass material is made of.
 std::vector<osg::MaterialPtr> partsOf(const osg::MaterialPtr &material)
 {
@@ -71,22 +64,12 @@ std::vector<osg::MaterialPtr> partsOf(const osg::MaterialPtr &material)
 
 } // namespace
 
-qxSnapshotReconciler::qxSnapshotReconciler(const qxVariantSet *set)
-    : m_set(set), m_outer(_current), m_index(set)
-{
-    _current = this;
-}
+qxSnapshotReconciler::qxSnapshotReconciler(const qxVariantSet *set) : m_index(set) {}
 
 qxSnapshotReconciler::~qxSnapshotReconciler()
 {
-    _current = m_outer;
     if (m_changed)
         qxNotify::sceneMaterialsChanged();
-}
-
-qxSnapshotReconciler *qxSnapshotReconciler::current(const qxVariantSet *set)
-{
-    return _current && _current->m_set == set ? _current : nullptr;
 }
 
 void qxSnapshotReconciler::handle(const osg::NodePtr &node, const QString &path,
@@ -104,12 +87,13 @@ void qxSnapshotReconciler::handle(const osg::NodePtr &node, const QString &path,
 
 bool qxSnapshotReconciler::isClone(const osg::NodePtr &node)
 {
+    if (node->getParent() == osg::NullFC)
+        return false;
     const osg::UInt32 core = node->getCore().getFieldContainerId();
-    osg::UInt32 &id = m_firstOfCore[core];
-    const osg::NodePtr first = qxNodeWithId(id);
-    if (first == osg::NullFC)
-        id = node.getFieldContainerId();
-    return first != osg::NullFC && first != node && qxNodeUtils::isCloneOf(node, first);
+    osg::NodeRefPtr &first = m_firstOfCore[core];
+    if (first == osg::NullFC || first->getParent() == osg::NullFC)
+        first = node;
+    return first.get() != node && qxNodeUtils::isCloneOf(node, first.get());
 }
 
 /// What the other sets want at that path; empty when they all want this material. What they
@@ -151,12 +135,12 @@ void qxSnapshotReconciler::reconcile(const osg::NodePtr &node, const QString &pa
     const osg::SwitchMaterialPtr target = own != osg::NullFC ? fromSwitch(node, own, needs, scope)
                                                              : fromPlain(material, needs, scope);
     if (target != own)
-        qxVariants::changeMaterial(node, target);
+        qxSceneEdits::setMaterial(node, target);
     std::vector<qxVariantSet *> sets;
     for (const Need &need : needs)
         sets.push_back(need.set);
     m_index.rewrite(path, sets, nameOf(target));
-    if (qxMaterialVariant *variant = qxVariants::findMaterialVariant(nameOf(target)))
+    if (qxMaterialVariant *variant = qxVariantLists::_materialVariants.find(nameOf(target)))
         scope.set->add(variant, nameOf(chosen(target)));
     m_changed = true;
 }
@@ -246,15 +230,13 @@ bool qxSnapshotReconciler::mayTake(const osg::NodePtr &node, const osg::SwitchMa
 /// costs as much as there are, so what was found out counts as long as it is true.
 osg::NodePtr qxSnapshotReconciler::lastUser(const osg::MaterialPtr &material)
 {
-    osg::UInt32 &id = m_lastUsers[material.getFieldContainerId()];
-    const osg::NodePtr known = qxNodeWithId(id);
-    if (known != osg::NullFC && qxNodeUtils::getMaterial(known) == material)
-        return known;
-    const std::vector<qxNodePtr> users = usersOf(material);
-    if (users.empty())
-        return osg::NodePtr();
-    id = users.back().getFieldContainerId();
-    return users.back();
+    osg::NodeRefPtr &known = m_lastUsers[material.getFieldContainerId()];
+    if (known == osg::NullFC || known->getParent() == osg::NullFC
+        || qxNodeUtils::getMaterial(known.get()) != material) {
+        const std::vector<qxNodePtr> users = usersOf(material);
+        known = users.empty() ? osg::NodePtr() : osg::NodePtr(users.back());
+    }
+    return known.get();
 }
 
 /// Whether a switch material that a set saw can show `shown` again on a node: nobody has it by now,
@@ -306,7 +288,7 @@ osg::SwitchMaterialPtr qxSnapshotReconciler::duplicate(const osg::SwitchMaterial
     const osg::SwitchMaterialPtr made = qxSwitchMaterials::make(name, partsOf(original));
     qxSceneEdits::setChoice(made, original->getChoice());
     addContents(made);
-    qxVariants::createMaterialVariant(osg::MaterialPtr(made), scope.notify);
+    qxSceneVariants::ofMaterial(made, scope.notify);
     // A copy, because the duplicate gets its list beside it.
     const std::vector<qxVariantSet *> referring = m_index.referring(name);
     for (qxVariantSet *set : referring)
@@ -338,7 +320,6 @@ osg::SwitchMaterialPtr qxSnapshotReconciler::build(const osg::MaterialPtr &own, 
 void qxSnapshotReconciler::extend(const osg::SwitchMaterialPtr &target, const osg::MaterialPtr &own,
                                   const Needs &needs, const Scope &scope)
 {
-    const osg::MaterialPtr material(target);
     std::vector<osg::MaterialPtr> missing;
     for (const Need &need : needs) {
         if (heldBy(target, need.state) == osg::NullFC)
@@ -346,13 +327,11 @@ void qxSnapshotReconciler::extend(const osg::SwitchMaterialPtr &target, const os
     }
     if (own != osg::NullFC && !target->hasMaterial(own))
         addOnce(missing, own);
-    qxVariants::createMaterialVariant(material, scope.notify);
+    qxMaterialVariant *const variant = qxSceneVariants::ofMaterial(target, scope.notify);
     for (const osg::MaterialPtr &each : missing) {
-        // Looked up each time: listeners hear of every addition.
-        if (qxMaterialVariant *variant = qxVariants::findMaterialVariant(nameOf(target)))
+        if (variant && qxVariantLists::_materialVariants.contains(variant))
             variant->add(each, QString());
-        if (!target->hasMaterial(
-                each)) // an other one of the name was found, or there is no variant
+        if (!target->hasMaterial(each)) // another one of the name was found, or no variant is left
             qxSceneEdits::addMaterial(target, each);
     }
     if (!missing.empty())

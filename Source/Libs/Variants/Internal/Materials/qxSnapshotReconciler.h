@@ -4,6 +4,7 @@
 
 #include "qxNodePtr.h"
 
+#include <OpenSG/OSGNodePtr.h>
 #include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
@@ -16,7 +17,7 @@
 /// brings back its own material.
 ///
 /// One object serves one run over the scene: it keeps tables that no node has to be searched for
-/// again. While it lives it is the current one.
+/// again.
 class qxSnapshotReconciler {
 public:
     /// What is the same for all nodes of a run. `set` is the one that is being captured (`capture`)
@@ -36,9 +37,6 @@ public:
     ~qxSnapshotReconciler();
     qxSnapshotReconciler(const qxSnapshotReconciler &) = delete;
     qxSnapshotReconciler &operator=(const qxSnapshotReconciler &) = delete;
-
-    /// The innermost run when it is one for `set`, else null.
-    static qxSnapshotReconciler *current(const qxVariantSet *set);
 
     /// Reconciles a material group or geometry with the snapshots. `path` and `material` are those
     /// of the node. The first node of a path counts, and the first one that has its core.
@@ -83,13 +81,10 @@ private:
     void chooseIn(const osg::SwitchMaterialPtr &target, const States &states);
     osg::NodePtr lastUser(const osg::MaterialPtr &material);
 
-    const qxVariantSet *const m_set;
-    qxSnapshotReconciler *const m_outer;
     qxSnapshotIndex m_index;
     std::map<Case, osg::SwitchMaterialRefPtr> m_settled;
-    /// Ids of nodes by those of their cores: listeners may remove the nodes.
-    QHash<osg::UInt32, osg::UInt32> m_firstOfCore;
-    QHash<osg::UInt32, osg::UInt32> m_lastUsers; ///< ids of nodes by those of materials
+    QHash<osg::UInt32, osg::NodeRefPtr> m_firstOfCore; ///< by the ids of cores
+    QHash<osg::UInt32, osg::NodeRefPtr> m_lastUsers; ///< by the ids of materials
     /// By the ids of switch materials and the names asked for; forgotten where one gets more.
     std::map<std::pair<osg::UInt32, QString>, osg::MaterialRefPtr> m_held;
     /// By ids: materials that are part of other ones; read when it is first asked for.

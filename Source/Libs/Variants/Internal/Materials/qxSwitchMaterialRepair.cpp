@@ -1,5 +1,6 @@
 #include "Internal/Materials/qxSwitchMaterialRepair.h"
 
+#include "Internal/Materials/qxSwitchMaterials.h"
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxMaterialVariant.h"
@@ -28,26 +29,12 @@ osg::SwitchMaterialPtr buildSwitchMaterial(const qxMaterialVariant &variant)
     return created;
 }
 
-std::vector<qxNodePtr> usersOf(const osg::MaterialPtr &material)
+/// Puts `replacement` in the place of the material on the nodes with such a core.
+template <class Core>
+void replaceIn(const osg::MaterialPtr &old, const osg::MaterialPtr &replacement)
 {
-    std::vector<qxNodePtr> nodes;
-    qxMaterials::getNodesWithMaterial(nodes, material);
-    return nodes;
-}
-
-void replaceInDrawables(const osg::MaterialPtr &old, const osg::MaterialPtr &replacement)
-{
-    for (const qxNodePtr &node : usersOf(old)) {
-        const osg::MaterialDrawablePtr core = osg::MaterialDrawablePtr::dcast(node->getCore());
-        if (core != osg::NullFC)
-            qxSceneEdits::setMaterial(core, replacement);
-    }
-}
-
-void replaceInGroups(const osg::MaterialPtr &old, const osg::MaterialPtr &replacement)
-{
-    for (const qxNodePtr &node : usersOf(old)) {
-        const osg::MaterialGroupPtr core = osg::MaterialGroupPtr::dcast(node->getCore());
+    for (const qxNodePtr &node : qxSwitchMaterials::usersOf(old)) {
+        const auto core = Core::Ptr::dcast(node->getCore());
         if (core != osg::NullFC)
             qxSceneEdits::setMaterial(core, replacement);
     }
@@ -61,7 +48,7 @@ void replaceNamesake(const qxMaterialVariant &variant, const osg::MaterialPtr &n
     qxSceneEdits::setChoice(created, 0);
     qxSceneEdits::addToPool(qxScenegraph::getMaterialPool(), created);
     qxSceneEdits::subFromPool(qxScenegraph::getMaterialPool(), namesake);
-    replaceInDrawables(namesake, created);
+    replaceIn<osg::MaterialDrawable>(namesake, created);
     qxNotify::sceneMaterialsChanged();
 }
 
@@ -77,7 +64,7 @@ void addMissing(const qxMaterialVariant &variant)
     const QString plainName = name.left(name.size() - switchSuffix.size());
     const osg::MaterialPtr plain = qxMaterials::findMaterial(plainName.toUtf8().constData());
     if (plain != osg::NullFC)
-        replaceInGroups(plain, created);
+        replaceIn<osg::MaterialGroup>(plain, created);
 }
 
 } // namespace

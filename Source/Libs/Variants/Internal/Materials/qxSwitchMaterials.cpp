@@ -2,15 +2,11 @@
 
 #include "Internal/Registry/qxNotify.h"
 #include "Internal/Scene/qxSceneEdits.h"
-#include "qxMaterialVariant.h"
-#include "qxVariantSet.h"
-#include "qxVariants.h"
+#include "qxVariantLists.h"
 
 #include "qxNames.h"
 
-#include <OpenSG/OSGMultiPassMaterial.h>
-
-#include <QSet>
+#include <OpenSG/OSGMaterialPool.h>
 
 #include <algorithm>
 
@@ -22,7 +18,7 @@ void name(const osg::SwitchMaterialPtr &created, const QString &wanted)
 {
     QString base = wanted;
     QString unique = qxNotify::uniqueMaterialName(base);
-    while (qxVariants::findMaterialVariant(unique)) {
+    while (qxVariantLists::_materialVariants.find(unique)) {
         base = qxText::fromUtf8(
             qxNodeUtils::getUniqueName(qxText::toUtf8(unique), {qxText::toUtf8(unique)}));
         unique = qxNotify::uniqueMaterialName(base);
@@ -31,59 +27,16 @@ void name(const osg::SwitchMaterialPtr &created, const QString &wanted)
     qxMaterials::setName(created, qxText::toUtf8(exact ? unique : base).c_str(), exact);
 }
 
-/// Goes on into what is seen of a material. Listeners hear of new variants and may edit materials;
-/// these may hold each other.
-class Capture {
-public:
-    Capture(qxVariantSet &set, bool notify, const qxSwitchMaterials::Wanted &wanted)
-        : m_set(set), m_notify(notify), m_wanted(wanted)
-    {
-    }
-
-    void visit(const osg::MaterialRefPtr &material)
-    {
-        if (material == osg::NullFC || m_visited.contains(material.get().getFieldContainerId()))
-            return;
-        m_visited.insert(material.get().getFieldContainerId());
-        const osg::SwitchMaterialPtr choices = qxSwitchMaterials::switchOf(material.get());
-        const auto passes = osg::MultiPassMaterialPtr::dcast(material.get());
-        if (choices != osg::NullFC)
-            visitSwitch(choices);
-        else if (passes != osg::NullFC)
-            visitPasses(passes);
-    }
-
-private:
-    void visitSwitch(const osg::SwitchMaterialPtr &choices)
-    {
-        if (!m_wanted(choices))
-            return;
-        qxMaterialVariant *const variant =
-            qxVariants::createMaterialVariant(osg::MaterialPtr(choices), m_notify);
-        if (!variant)
-            return;
-        const osg::MaterialRefPtr shown(qxSwitchMaterials::chosen(choices));
-        m_set.add(variant, qxNames::nameOf(shown.get()));
-        visit(shown);
-    }
-
-    void visitPasses(const osg::MultiPassMaterialPtr &material)
-    {
-        const osg::MFMaterialPtr &passes = material->getMaterials();
-        const std::vector<osg::MaterialRefPtr> kept(passes.begin(), passes.end());
-        for (const osg::MaterialRefPtr &pass : kept)
-            visit(pass);
-    }
-
-    qxVariantSet &m_set;
-    const bool m_notify;
-    const qxSwitchMaterials::Wanted &m_wanted;
-    QSet<osg::UInt32> m_visited;
-};
-
 } // namespace
 
 namespace qxSwitchMaterials {
+
+std::vector<qxNodePtr> usersOf(const osg::MaterialPtr &material)
+{
+    std::vector<qxNodePtr> nodes;
+    qxMaterials::getNodesWithMaterial(nodes, material);
+    return nodes;
+}
 
 osg::SwitchMaterialPtr switchOf(const osg::MaterialPtr &material)
 {
@@ -113,11 +66,6 @@ void choose(const osg::SwitchMaterialPtr &switchMaterial, const osg::MaterialPtr
     const auto found = std::find(held.begin(), held.end(), material);
     if (found != held.end())
         qxSceneEdits::setChoice(switchMaterial, osg::UInt32(found - held.begin()));
-}
-
-void capture(qxVariantSet &set, const osg::MaterialPtr &material, bool notify, const Wanted &wanted)
-{
-    Capture(set, notify, wanted).visit(osg::MaterialRefPtr(material));
 }
 
 osg::SwitchMaterialPtr make(const QString &wanted, const std::vector<osg::MaterialPtr> &materials)

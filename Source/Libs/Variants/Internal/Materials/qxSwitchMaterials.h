@@ -1,17 +1,19 @@
 #pragma once
 
+#include "qxNodePtr.h"
+
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <QString>
 
-#include <functional>
 #include <vector>
-
-class qxVariantSet;
 
 /// Switch materials of the scene, and what they hold. Names follow qxMaterials; an empty name finds
 /// nothing.
 namespace qxSwitchMaterials {
+
+/// The nodes of the scene that have the material.
+std::vector<qxNodePtr> usersOf(const osg::MaterialPtr &material);
 
 /// The same material when it is a switch material, else null.
 osg::SwitchMaterialPtr switchOf(const osg::MaterialPtr &material);
@@ -21,13 +23,6 @@ osg::MaterialPtr chosen(const osg::SwitchMaterialPtr &switchMaterial);
 osg::MaterialPtr heldBy(const osg::SwitchMaterialPtr &switchMaterial, const QString &name);
 /// Chooses the material; when it is not held, the choice stays.
 void choose(const osg::SwitchMaterialPtr &switchMaterial, const osg::MaterialPtr &material);
-
-typedef std::function<bool(const osg::MaterialPtr &)> Wanted;
-/// Makes the set choose what the switch materials show that are seen of the material: of it, of its
-/// passes, and of what these show in turn. A switch material that is not `wanted` is left out with
-/// all that it shows. `notify` announces new material variants.
-void capture(qxVariantSet &set, const osg::MaterialPtr &material, bool notify,
-             const Wanted &wanted);
 
 /// A new switch material of those materials in the scene's pool; its choice is 0. The host names
 /// it: `wanted`, or a variation of it that neither a material nor a material variant has.

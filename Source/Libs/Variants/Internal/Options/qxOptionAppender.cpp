@@ -20,17 +20,5 @@ void qxOptionAppender::add(bool action, const QString &name, const QString &shor
     const int known = m_names.size();
     m_names.insert(name);
     if (m_names.size() > known)
-        append(m_variant, action, name, shortcut);
-}
-
-void qxOptionAppender::append(qxVariant &variant, bool action, const QString &name,
-                              const QString &shortcut)
-{
-    qxVariantOption option;
-    option.name = name;
-    option.shortcut = shortcut;
-    option.isAction = action;
-    if (!shortcut.isEmpty())
-        option.updateShortcut();
-    variant.options.push_back(std::move(option));
+        m_variant.options.emplace_back(action, name, shortcut);
 }

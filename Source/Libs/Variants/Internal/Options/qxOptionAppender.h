@@ -13,10 +13,6 @@ public:
     /// As qxVariant::add.
     void add(bool action, const QString &name, const QString &shortcut);
 
-    /// Appends an option without looking for its name.
-    static void append(qxVariant &variant, bool action, const QString &name,
-                       const QString &shortcut);
-
 private:
     qxVariant &m_variant;
     /// The names of the options; empty while they are few.

@@ -1,6 +1,5 @@
 #include "Internal/Registry/qxNotify.h"
 
-#include "Internal/Registry/qxNameLookUp.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "qxVariant.h"
 #include "qxVariantKind.h"
@@ -8,6 +7,7 @@
 #include "qxController.h"
 #include "qxMessage.h"
 #include "qxModuleBase.h"
+#include "qxNameLookUp.h"
 #include "qxText.h"
 
 namespace {

@@ -125,6 +125,13 @@ std::vector<qxNodePtr> qxPathLookup::findHash(unsigned int hash)
     return _pathToNodeMap.find(hash);
 }
 
+std::vector<qxNodePtr> qxPathLookup::findPath(const char *path)
+{
+    std::vector<qxNodePtr> nodes = findHash(hashOf(path));
+    removeFalsePositives(nodes, path);
+    return nodes;
+}
+
 void qxPathLookup::removeFalsePositives(std::vector<qxNodePtr> &nodes, const std::string &path)
 {
     const auto differs = [&path](const qxNodePtr &node) { return utf8Path(node) != path; };

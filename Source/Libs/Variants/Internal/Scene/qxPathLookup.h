@@ -32,6 +32,8 @@ void createLookupTable();
 void createLookupTableRecursive(qxNodePtr node, unsigned int parentHash);
 /// Every node of the table whose path has that hash, in scene order. Different paths may have it.
 std::vector<qxNodePtr> findHash(unsigned int hash);
+/// The nodes of the table that have that path (UTF-8), in scene order.
+std::vector<qxNodePtr> findPath(const char *path);
 /// Takes out the nodes that have another path (UTF-8) and keeps the order of the others.
 void removeFalsePositives(std::vector<qxNodePtr> &nodes, const std::string &path);
 

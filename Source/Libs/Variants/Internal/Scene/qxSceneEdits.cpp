@@ -2,6 +2,8 @@
 
 #include "Internal/Scene/qxEdit.h"
 
+#include "qxNodeUtils.h"
+
 #include <OpenSG/OSGMaterialDrawable.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMaterialPool.h>
@@ -59,6 +61,23 @@ void qxSceneEdits::setMaterial(const osg::MaterialDrawablePtr &drawable,
     const osg::MaterialRefPtr kept(material);
     const qxEdit edit(drawable);
     drawable->setMaterial(material);
+}
+
+void qxSceneEdits::setMaterial(const osg::NodePtr &node, const osg::MaterialPtr &material)
+{
+    const auto group = osg::MaterialGroupPtr::dcast(node->getCore());
+    if (group != osg::NullFC)
+        setMaterial(group, material);
+    else
+        qxNodeUtils::setMaterial(node, material, false, false);
+}
+
+void qxSceneEdits::shareMaterial(const std::vector<qxNodePtr> &nodes)
+{
+    const osg::MaterialPtr material =
+        nodes.size() < 2 ? osg::MaterialPtr() : qxNodeUtils::getMaterial(nodes.front());
+    for (std::size_t i = 1; i < nodes.size(); ++i)
+        setMaterial(nodes[i], material);
 }
 
 void qxSceneEdits::addToPool(const osg::MaterialPoolPtr &pool, const osg::MaterialPtr &material)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OSGSwitchComponentTransform.h"
+#include "qxNodePtr.h"
 
 #include <OpenSG/OSGMaterialDrawableFields.h>
 #include <OpenSG/OSGMaterialGroupFields.h>
@@ -33,6 +34,11 @@ void setMaterial(const osg::MaterialGroupPtr &group, const osg::MaterialPtr &mat
 /// Releases the old material before it takes the new one: the new one must be held elsewhere when
 /// only the old one holds it.
 void setMaterial(const osg::MaterialDrawablePtr &drawable, const osg::MaterialPtr &material);
+
+/// Gives the material to a material group or a geometry.
+void setMaterial(const osg::NodePtr &node, const osg::MaterialPtr &material);
+/// Gives all nodes the material of the first one.
+void shareMaterial(const std::vector<qxNodePtr> &nodes);
 
 void addToPool(const osg::MaterialPoolPtr &pool, const osg::MaterialPtr &material);
 void subFromPool(const osg::MaterialPoolPtr &pool, const osg::MaterialPtr &material);

@@ -1,4 +1,4 @@
-#include "Internal/Registry/qxNameLookUp.h"
+#include "qxNameLookUp.h"
 
 int qxNameLookUp::find(const QString &name) const
 {

@@ -1,4 +1,4 @@
-#include "Internal/Registry/qxStateList.h"
+#include "qxStateList.h"
 
 qxStateList &qxStateList::operator=(const qxStateList &other)
 {

@@ -1,4 +1,4 @@
-#include "Internal/Registry/qxUniqueNames.h"
+#include "qxUniqueNames.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
+#include "Internal/Registry/qxSetSelection.h"
+
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxSetUse.h"
 #include "Internal/Scene/qxFindCache.h"
-#include "Internal/Scene/qxNodeVisibility.h"
 #include "qxVariant.h"
 #include "qxVariantKinds.h"
-#include "qxVariantSet.h"
+#include "qxVariantSetContents.h"
 
 #include "qxCameraService.h"
-#include "qxController.h"
+#include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 #include "qxScript.h"
 #include "qxText.h"
@@ -26,7 +26,7 @@ struct Travel {
 constexpr Travel toFirstViewpoint{0, 0, 1};
 constexpr Travel toDefaultViewpoint{0, 1, 1};
 
-bool isWorthACache(const qxVariantSet &set)
+bool isWorthACache(const qxVariantSetContents &set)
 {
     return set.nodeVariants.size() + set.materialVariants.size() + set.lightVariants.size()
         >= StatesWorthACache;
@@ -35,8 +35,7 @@ bool isWorthACache(const qxVariantSet &set)
 /// A variant's name and a state.
 typedef std::pair<QString, QString> Reference;
 
-/// A copy: listeners may change the list while its states are selected.
-std::vector<Reference> referencesOf(const qxVariantSet &set, const qxVariantKind &kind)
+std::vector<Reference> referencesOf(const qxVariantSetContents &set, const qxVariantKind &kind)
 {
     const qxStateList &states = set.*kind.states;
     std::vector<Reference> references;
@@ -48,7 +47,7 @@ std::vector<Reference> referencesOf(const qxVariantSet &set, const qxVariantKind
 
 /// Puts the variant of each reference into the state that `stateOf` answers.
 template <class StateOf>
-void selectAll(const qxVariantSet &set, const qxVariantKind &kind, const StateOf &stateOf)
+void selectAll(const qxVariantSetContents &set, const qxVariantKind &kind, const StateOf &stateOf)
 {
     const qxUnchangedNames unchanged;
     for (const Reference &each : referencesOf(set, kind)) {
@@ -59,20 +58,10 @@ void selectAll(const qxVariantSet &set, const qxVariantKind &kind, const StateOf
     }
 }
 
-void selectStates(const qxVariantSet &set, const qxVariantKinds::List &kinds)
+void selectStates(const qxVariantSetContents &set, const qxVariantKinds::List &kinds)
 {
     for (const qxVariantKind *kind : kinds)
         selectAll(set, *kind, [](const qxVariant &, const Reference &each) { return each.second; });
-}
-
-void selectDefaults(const qxVariantSet &set)
-{
-    for (const qxVariantKind *kind : qxVariantKinds::all()) {
-        if (kind->hasDefaults)
-            selectAll(set, *kind, [](const qxVariant &variant, const Reference &) {
-                return variant.defaultState;
-            });
-    }
 }
 
 void moveCamera(qxCameraService *camera, const QString &viewpoint, const Travel &travel)
@@ -81,14 +70,14 @@ void moveCamera(qxCameraService *camera, const QString &viewpoint, const Travel 
     camera->moveToViewpoint(id, travel.duration, travel.home, travel.redraw);
 }
 
-void startAllAnimations(const qxVariantSet &set)
+void startAllAnimations(const qxVariantSetContents &set)
 {
-    const QStringList animations = set.animations.list(); // Listeners may change the set's.
+    const QStringList animations = set.animations.list();
     for (const QString &animation : animations)
         qxNotify::animationStart(animation);
 }
 
-void startNextAnimation(qxVariantSet &set)
+void startNextAnimation(qxVariantSetContents &set)
 {
     if (set.animations.empty())
         return;
@@ -98,7 +87,7 @@ void startNextAnimation(qxVariantSet &set)
     ++set.animationIndex;
 }
 
-void startAnimations(qxVariantSet &set)
+void startAnimations(qxVariantSetContents &set)
 {
     if (set.sequentialAnimation)
         startNextAnimation(set);
@@ -107,17 +96,19 @@ void startAnimations(qxVariantSet &set)
 }
 
 /// What only a full selection does.
-void applyRest(qxVariantSet &set, qxCameraService *camera)
+void applyRest(qxVariantSetContents &set, qxCameraService *camera)
 {
     if (!set.script.isEmpty())
-        set.executeScript();
-    set.executeAnalyzer();
+        qxScript::run(set.script.toUtf8().constData());
+    set.analyzer.execute();
     startAnimations(set);
     if (camera && !set.defaultViewpoint.isEmpty())
         moveCamera(camera, set.defaultViewpoint, toDefaultViewpoint);
 }
 
-void applySet(qxVariantSet &set, bool full, bool keepCamera)
+} // namespace
+
+void qxSetSelection::apply(qxVariantSetContents &set, bool full, bool keepCamera)
 {
     const qxFindCache cache(isWorthACache(set));
     qxNotify::variantsSetSelected(set.name);
@@ -130,54 +121,22 @@ void applySet(qxVariantSet &set, bool full, bool keepCamera)
         applyRest(set, camera);
 }
 
-} // namespace
-
-void qxVariantSet::select(bool full, bool keepCamera)
+void qxSetSelection::applyDefaults(const qxVariantSetContents &set)
 {
-    const qxSetUse use(*this);
-    applySet(*this, full, keepCamera);
-    qxNotify::variantsSetSelected(name);
-    qxNotify::variantSetSelected();
-    qxController::updateRender(false);
-}
-
-void qxVariantSet::selectDefault()
-{
-    const qxSetUse use(*this);
-    qxNotify::variantsSetSelected(name);
-    selectDefaults(*this);
-    qxNotify::variantsSetSelected(name);
-    qxNotify::variantSetSelected(this);
-    qxController::updateRender(true);
-}
-
-void qxVariantSet::executeScript()
-{
-    qxScript::run(script.toUtf8().constData());
-}
-
-void qxVariantSet::showGeometry()
-{
-    for (const QString &nodeName : geometries) {
-        for (const qxNodePtr &node : qxScenegraph::findNodes(nodeName.toUtf8().constData()))
-            pushEnable(node);
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
+        if (kind->hasDefaults)
+            selectAll(set, *kind, [](const qxVariant &variant, const Reference &) {
+                return variant.defaultState;
+            });
     }
 }
 
-void qxVariantSet::hideGeometry()
+void qxSetSelection::showTargets(const qxVariantSetContents &set)
 {
-    for (const QString &nodeName : geometries) {
-        for (const qxNodePtr &node : qxScenegraph::findNodes(nodeName.toUtf8().constData()))
-            pushDisable(node);
+    for (const QString &name : set.targetNodeNames) {
+        const qxNodePtr node = qxScenegraph::findNode(name.toUtf8().constData());
+        if (node == osg::NullFC)
+            return;
+        qxScenegraph::showNodes(qxNodeUtils::getSubTreeNodes(node));
     }
-}
-
-void qxVariantSet::pushEnable(osg::NodePtr node)
-{
-    qxNodeVisibility::pushEnable(node);
-}
-
-void qxVariantSet::pushDisable(osg::NodePtr node)
-{
-    qxNodeVisibility::pushDisable(node);
 }

@@ -1,8 +1,10 @@
-#include "Internal/Registry/qxSetUse.h"
-#include "qxOverlayVariant.h"
-#include "qxVariantReader.h"
+#include "Internal/Document/qxOlderOverlays.h"
+
+#include "Internal/Registry/qxOperation.h"
+#include "qxVariant.h"
+#include "qxVariantKinds.h"
+#include "qxVariantLists.h"
 #include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include "OSGOverlayCore.h"
 #include "qxNodeUtils.h"
@@ -31,13 +33,13 @@ QStringList overlayNames()
 
 bool isNewStyle(const qxVariantState &reference)
 {
-    const qxOverlayVariant *variant = qxVariants::findOverlayVariant(reference.variant);
+    const qxVariant *variant = qxVariantKinds::overlay.find(reference.variant);
     return (variant && variant->options.size() > PlainOptions) || !reference.state.isEmpty();
 }
 
 void refer(qxVariantSet &set, const QString &name, const QString &state)
 {
-    qxVariants::createOverlayVariant(name, true);
+    qxVariantKinds::overlay.create(name, true);
     set.addOverlayVariant(name, state);
 }
 
@@ -65,12 +67,12 @@ void fixOverlays(qxVariantSet &set, const QStringList &allNames)
 
 } // namespace
 
-void qxVariantReader::fixOverlayVariants()
+void qxOlderOverlays::makeExplicit()
 {
     const QStringList names = overlayNames();
-    const qxNamedList<qxVariantSet>::Walk walk(qxVariants::_variantSets);
-    for (qxVariantSet *set : qxVariants::_variantSets) {
-        const qxSetUse use(*set);
+    const qxNamedList<qxVariantSet>::Walk walk(qxVariantLists::_variantSets);
+    for (qxVariantSet *set : qxVariantLists::_variantSets) {
+        const qxOperation operation;
         if (!set->overlayVariants.empty())
             fixOverlays(*set, names);
     }

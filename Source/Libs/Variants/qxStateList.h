@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Internal/Registry/qxNameLookUp.h"
+#include "qxNameLookUp.h"
 
 #include <list>
 #include <vector>

@@ -1,9 +1,14 @@
+#include "Internal/Document/qxSetElements.h"
+
 #include "Internal/Document/qxDocumentNames.h"
 #include "Internal/Document/qxDocumentText.h"
+#include "Internal/Options/qxHotkey.h"
+#include "Internal/Registry/qxOperation.h"
+#include "Internal/Registry/qxSetRegistry.h"
+#include "qxVariantGroup.h"
 #include "qxVariantKinds.h"
-#include "qxVariantReader.h"
+#include "qxVariantLists.h"
 #include "qxVariantSet.h"
-#include "qxVariants.h"
 
 #include "qxPreviewPicture.h"
 
@@ -32,7 +37,7 @@ void readName(const QDomElement &element, qxVariantSet &set)
 
 void readHotkey(const QDomElement &element, qxVariantSet &set)
 {
-    set.hotkey = qxVariantReader::convertOldHotkey(element.text());
+    set.hotkey = qxHotkey::convertOld(element.text());
     set.updateShortcut();
 }
 
@@ -141,14 +146,14 @@ qxVariantSet *createSet(const QString &name, bool replace)
     if (name.isEmpty())
         return nullptr;
     if (replace)
-        qxVariants::removeVariantSet(name);
-    const QString free = replace ? name : qxVariants::getUniqueVariantSetName(name);
-    return qxVariants::createVariantSet(free, false, nullptr);
+        qxSetRegistry::removeSet(name);
+    const QString free = replace ? name : qxSetRegistry::uniqueSetName(name);
+    return qxSetRegistry::createSet(free, false, nullptr);
 }
 
 } // namespace
 
-qxVariantSet *qxVariantReader::readVariantSet(QDomElement &element, bool replace)
+qxVariantSet *qxSetElements::readSet(const QDomElement &element, bool replace)
 {
     qxVariantSet *const set = createSet(text::attribute(element, names::name), replace);
     if (!set)
@@ -165,4 +170,26 @@ qxVariantSet *qxVariantReader::readVariantSet(QDomElement &element, bool replace
                 .add(text::attribute(child, names::ref), text::attribute(child, names::state));
     });
     return set;
+}
+
+qxVariantGroup *qxSetElements::readGroup(const QDomElement &element)
+{
+    const QString name = text::attribute(element, names::name);
+    const qxOperation operation;
+    qxSetRegistry::removeGroup(name);
+    qxVariantGroup *const group = qxSetRegistry::createGroup(name, false, true);
+    if (!group)
+        return nullptr;
+    text::apply(element, names::comment, group->comment);
+    if (element.hasAttribute(names::visible))
+        group->visible = element.attribute(names::visible) == names::trueWord;
+    for (auto child = element.firstChildElement(names::VariantSet); !child.isNull();
+         child = child.nextSiblingElement(names::VariantSet)) {
+        qxVariantSet *const set = readSet(child, true);
+        if (!qxVariantLists::_variantGroups.contains(group)) // the replaced set was announced
+            return nullptr;
+        if (set)
+            group->append(set);
+    }
+    return group;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Internal/Registry/qxNameLookUp.h"
+#include "qxNameLookUp.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -92,9 +92,8 @@ public:
 
     /// The first object of that name in list order; null for none and for an empty name.
     T *find(const QString &name) const;
-    /// `object`, or null when it is no longer in the list. It is not touched, so it may be deleted;
-    /// `name` is the one that it had.
-    T *ifHeld(T *object, const QString &name) const;
+    /// Whether the object is in the list. It must not be deleted, see qxOperation.
+    bool contains(const T *object) const;
     /// Appends an object that is in no list.
     void append(T *object);
     /// Takes an object of this list out of it.
@@ -126,10 +125,9 @@ T *qxNamedList<T>::find(const QString &name) const
 }
 
 template <class T>
-T *qxNamedList<T>::ifHeld(T *object, const QString &name) const
+bool qxNamedList<T>::contains(const T *object) const
 {
-    const bool isHeld = find(name) == object || std::find(begin(), end(), object) != end();
-    return isHeld ? object : nullptr;
+    return m_index.placeOf(&object->name) != qxNameLookUp::None;
 }
 
 template <class T>

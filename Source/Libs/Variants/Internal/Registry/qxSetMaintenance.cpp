@@ -1,9 +1,11 @@
+#include "Internal/Registry/qxSetMaintenance.h"
+
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxSetUse.h"
+#include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxFindCache.h"
 #include "qxVariant.h"
 #include "qxVariantKinds.h"
-#include "qxVariantSet.h"
+#include "qxVariantSetContents.h"
 
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
@@ -63,7 +65,7 @@ bool isAction(const QString &state)
 
 /// Whether one of the references leads to a variant whose scene object passes the test.
 template <class Test>
-bool leadsToScene(const qxVariantSet &set, const qxVariantKind &kind, const Test &sceneHas)
+bool leadsToScene(const qxVariantSetContents &set, const qxVariantKind &kind, const Test &sceneHas)
 {
     return anyOf(set.*kind.states, [&](const qxVariantState &each) {
         const qxVariant *variant = kind.find(each.variant);
@@ -73,7 +75,7 @@ bool leadsToScene(const qxVariantSet &set, const qxVariantKind &kind, const Test
 
 /// Drops the references whose variant exists but fails the test of (scene name, state).
 template <class Test>
-void keepIf(qxVariantSet &set, const qxVariantKind &kind, const Test &works)
+void keepIf(qxVariantSetContents &set, const qxVariantKind &kind, const Test &works)
 {
     qxStateList &references = set.*kind.states;
     QStringList broken;
@@ -144,7 +146,7 @@ bool nodesKnowTransform(const std::vector<qxNodePtr> &nodes, const QString &stat
     });
 }
 
-void highlight(const qxVariantSet &set, const qxVariantKind &kind)
+void highlight(const qxVariantSetContents &set, const qxVariantKind &kind)
 {
     std::vector<QString> names;
     for (const qxVariantState &each : set.*kind.states) {
@@ -156,57 +158,57 @@ void highlight(const qxVariantSet &set, const qxVariantKind &kind)
 
 } // namespace
 
-bool qxVariantSet::isEmpty()
+bool qxSetMaintenance::isEmpty(const qxVariantSetContents &set)
 {
-    const auto refersToAny = [this](const qxVariantKind *kind) {
-        return !(this->*kind->states).empty();
+    const auto refersToAny = [&set](const qxVariantKind *kind) {
+        return !(set.*kind->states).empty();
     };
-    return !anyOf(qxVariantKinds::all(), refersToAny) && geometries.empty() && viewpoints.empty()
-        && animations.empty() && script.isEmpty()
-        && analyzer.clipState == qxAnalyzerVariant::NoChange;
+    return !anyOf(qxVariantKinds::all(), refersToAny) && set.geometries.empty()
+        && set.viewpoints.empty() && set.animations.empty() && set.script.isEmpty()
+        && set.analyzer.clipState == qxAnalyzerVariant::NoChange;
 }
 
-bool qxVariantSet::isUsed()
+bool qxSetMaintenance::isUsed(const qxVariantSetContents &set)
 {
-    const qxFindCache cache(!nodeVariants.empty() || !overlayVariants.empty()
-                            || !geometries.empty());
+    const qxFindCache cache(!set.nodeVariants.empty() || !set.overlayVariants.empty()
+                            || !set.geometries.empty());
     const qxSceneLookup scene;
-    return leadsToScene(*this, qxVariantKinds::node, isNode)
-        || leadsToScene(*this, qxVariantKinds::material,
+    return leadsToScene(set, qxVariantKinds::node, isNode)
+        || leadsToScene(set, qxVariantKinds::material,
                         [](const QString &each) { return !materialsOf(each).empty(); })
-        || leadsToScene(*this, qxVariantKinds::light,
+        || leadsToScene(set, qxVariantKinds::light,
                         [&](const QString &each) { return scene.hasLight(each); })
-        || anyOf(geometries, isNode) || anyOf(viewpoints, isViewpoint)
-        || anyOf(animations, [&](const QString &each) { return scene.hasClip(each); })
-        || leadsToScene(*this, qxVariantKinds::overlay, isOverlay);
+        || anyOf(set.geometries, isNode) || anyOf(set.viewpoints, isViewpoint)
+        || anyOf(set.animations, [&](const QString &each) { return scene.hasClip(each); })
+        || leadsToScene(set, qxVariantKinds::overlay, isOverlay);
 }
 
-void qxVariantSet::showConnectedVariants()
+void qxSetMaintenance::highlightVariants(const qxVariantSetContents &set)
 {
-    const qxSetUse use(*this);
+    const qxOperation operation;
     for (const qxVariantKind *kind : qxVariantKinds::all())
-        highlight(*this, *kind);
+        highlight(set, *kind);
 }
 
-void qxVariantSet::optimize()
+void qxSetMaintenance::optimize(qxVariantSetContents &set)
 {
-    const qxFindCache cache(!isEmpty());
+    const qxFindCache cache(!isEmpty(set));
     const qxSceneLookup scene;
-    keepIf(*this, qxVariantKinds::node, [](const QString &each, const QString &state) {
+    keepIf(set, qxVariantKinds::node, [](const QString &each, const QString &state) {
         return nodesOffer(nodesOf(each), state);
     });
-    keepIf(*this, qxVariantKinds::material, [](const QString &each, const QString &state) {
+    keepIf(set, qxVariantKinds::material, [](const QString &each, const QString &state) {
         return materialsOffer(materialsOf(each), state);
     });
-    keepIf(*this, qxVariantKinds::light,
+    keepIf(set, qxVariantKinds::light,
            [&](const QString &each, const QString &) { return scene.hasLight(each); });
-    keepIf(geometries, isNode);
-    keepIf(viewpoints, isViewpoint);
-    keepIf(animations, [&](const QString &each) { return scene.hasClip(each); });
-    keepIf(*this, qxVariantKinds::overlay, [](const QString &each, const QString &state) {
+    keepIf(set.geometries, isNode);
+    keepIf(set.viewpoints, isViewpoint);
+    keepIf(set.animations, [&](const QString &each) { return scene.hasClip(each); });
+    keepIf(set, qxVariantKinds::overlay, [](const QString &each, const QString &state) {
         return nodesOffer(overlaysOf(each), state);
     });
-    keepIf(*this, qxVariantKinds::transform, [](const QString &each, const QString &state) {
+    keepIf(set, qxVariantKinds::transform, [](const QString &each, const QString &state) {
         return nodesKnowTransform(nodesOf(each), state);
     });
 }
