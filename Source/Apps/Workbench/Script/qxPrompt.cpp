@@ -41,7 +41,7 @@ python::object promptModule()
     python::object modules = python::import("sys").attr("modules");
     if (modules.contains(name))
         return modules[name];
-    const python::object made = python::import("types").attr("ModuleType")(name);
+    python::object made = python::import("types").attr("ModuleType")(name);
     python::object names = made.attr("__dict__");
     // Python 2.7 does not see to that itself.
     names["__builtins__"] =
@@ -84,7 +84,7 @@ bool qxPrompt::run()
         return false;
     const KeptInterrupt interrupt;
     try {
-        const python::object module = promptModule();
+        python::object module = promptModule();
         const python::object terminal = module.attr("Terminal")();
         module.attr("terminal") = terminal;
         bool succeeded = true;
