@@ -25,11 +25,15 @@ auto findOption(std::vector<qxVariantOption> &options, const QString &name)
 
 } // namespace
 
-qxVariantOption::qxVariantOption(bool action, const QString &optionName, const QString &text)
-    : name(optionName), shortcut(text), isAction(action)
+qxVariantOption qxVariantOption::make(bool action, const QString &name, const QString &shortcut)
 {
+    qxVariantOption option;
+    option.name = name;
+    option.shortcut = shortcut;
+    option.isAction = action;
     if (!shortcut.isEmpty())
-        updateShortcut();
+        option.updateShortcut();
+    return option;
 }
 
 void qxVariantOption::updateShortcut()
@@ -64,7 +68,7 @@ void qxVariant::add(const QString &optionName, const QString &shortcut)
 void qxVariant::add(bool action, const QString &optionName, const QString &shortcut)
 {
     if (findOption(options, optionName) == options.end())
-        options.emplace_back(action, optionName, shortcut);
+        options.push_back(qxVariantOption::make(action, optionName, shortcut));
 }
 
 void qxVariant::remove(const QString &optionName)

@@ -17,15 +17,13 @@ extern const QString variantNone; ///< "!None"
 
 /// One state that a variant can be put in.
 struct qxVariantOption {
-    qxVariantOption() = default;
-    qxVariantOption(bool action, const QString &optionName, const QString &text);
-
     QString name;
     QString shortcut; ///< key sequence in the host's native text format; empty for none
     int key = 0; ///< key code of the shortcut's first combination, without modifiers
     Qt::KeyboardModifiers modifiers; ///< modifiers of that combination
     bool isAction = false; ///< an action such as "!Next" rather than a state
 
+    static qxVariantOption make(bool action, const QString &name, const QString &shortcut);
     /// Recomputes `key` and `modifiers`; to be called after `shortcut` was changed in place.
     void updateShortcut();
 };

@@ -20,5 +20,5 @@ void qxOptionAppender::add(bool action, const QString &name, const QString &shor
     const int known = m_names.size();
     m_names.insert(name);
     if (m_names.size() > known)
-        m_variant.options.emplace_back(action, name, shortcut);
+        m_variant.options.push_back(qxVariantOption::make(action, name, shortcut));
 }
