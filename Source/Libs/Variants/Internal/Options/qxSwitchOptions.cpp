@@ -6,8 +6,7 @@
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariant.h"
 
-#include "qxNodeUtils.h"
-#include "qxText.h"
+#include "qxNames.h"
 
 #include <OpenSG/OSGSwitch.h>
 
@@ -15,7 +14,7 @@ namespace {
 
 QString childName(const osg::NodePtr &node, osg::UInt32 index)
 {
-    return qxText::fromUtf8(qxNodeUtils::getName(node->getChild(index)));
+    return qxNames::nameOf(node->getChild(index));
 }
 
 void buildSwitch(qxVariant &variant, const osg::NodePtr &node, const osg::SwitchPtr &core)

@@ -8,11 +8,9 @@
 #include "qxVariantSetContents.h"
 
 #include "qxMaterials.h"
+#include "qxNames.h"
 #include "qxNodeUtils.h"
-#include "qxOverlays.h"
 #include "qxSceneLookup.h"
-#include "qxScenegraph.h"
-#include "qxText.h"
 #include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGSwitch.h>
@@ -30,17 +28,17 @@ bool anyOf(const Range &range, const Test &test)
 
 std::vector<qxNodePtr> nodesOf(const QString &name)
 {
-    return qxScenegraph::findNodes(name.toUtf8().constData());
+    return qxNames::findNodes(name);
 }
 
 std::vector<osg::MaterialPtr> materialsOf(const QString &name)
 {
-    return qxMaterials::findMaterials(name.toUtf8().constData());
+    return qxNames::findMaterials(name);
 }
 
 std::vector<qxNodePtr> overlaysOf(const QString &name)
 {
-    return qxOverlays::findOverlays(name.toUtf8().constData());
+    return qxNames::findOverlays(name);
 }
 
 bool isNode(const QString &name)
@@ -50,7 +48,7 @@ bool isNode(const QString &name)
 
 bool isOverlay(const QString &name)
 {
-    return qxOverlays::findOverlay(name.toUtf8().constData()) != osg::NullFC;
+    return qxNames::findOverlay(name) != osg::NullFC;
 }
 
 bool isViewpoint(const QString &name)

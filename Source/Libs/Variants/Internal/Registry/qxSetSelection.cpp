@@ -7,10 +7,10 @@
 #include "qxVariantSetContents.h"
 
 #include "qxCameraService.h"
+#include "qxNames.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 #include "qxScript.h"
-#include "qxText.h"
 
 namespace {
 
@@ -99,7 +99,7 @@ void startAnimations(qxVariantSetContents &set)
 void applyRest(qxVariantSetContents &set, qxCameraService *camera)
 {
     if (!set.script.isEmpty())
-        qxScript::run(set.script.toUtf8().constData());
+        qxScript::run(qxText::toUtf8(set.script).c_str());
     set.analyzer.execute();
     startAnimations(set);
     if (camera && !set.defaultViewpoint.isEmpty())
@@ -134,7 +134,7 @@ void qxSetSelection::applyDefaults(const qxVariantSetContents &set)
 void qxSetSelection::showTargets(const qxVariantSetContents &set)
 {
     for (const QString &name : set.targetNodeNames) {
-        const qxNodePtr node = qxScenegraph::findNode(name.toUtf8().constData());
+        const qxNodePtr node = qxNames::findNode(name);
         if (node == osg::NullFC)
             return;
         qxScenegraph::showNodes(qxNodeUtils::getSubTreeNodes(node));
