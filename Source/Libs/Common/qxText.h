@@ -20,6 +20,8 @@ inline std::string toUtf8(const QString &text)
     return utf8;
 }
 
+std::string toUtf8(const QByteArray &) = delete; // bytes would lose what follows a NUL
+
 inline QString fromUtf8(const std::string &text)
 {
     return QString::fromUtf8(text.data(), int(text.size()));

@@ -5,6 +5,7 @@
 #include "qxController.h"
 #include "qxMessage.h"
 #include "qxPanelChanges.h"
+#include "qxText.h"
 
 #include <QHash>
 
@@ -64,7 +65,7 @@ void qxPanelEvents::hear(const QByteArray &name, const qxMessage *message)
         emit aboutToForget();
     if (name == variantsSetSelected) {
         const std::string *set = message ? message->get<std::string>("variantSetName") : nullptr;
-        m_selected = set ? QString::fromStdString(*set) : QString();
+        m_selected = set ? qxText::fromUtf8(*set) : QString();
         return gather(Selected | States);
     }
     for (const qxVariantKind *kind : qxVariantKinds::all()) {

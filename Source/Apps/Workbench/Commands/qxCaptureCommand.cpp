@@ -7,6 +7,7 @@
 #include "Session/qxSession.h"
 #include "qxCameraService.h"
 #include "qxCommand.h"
+#include "qxNames.h"
 #include "qxScenegraph.h"
 #include "qxUberCameraPool.h"
 #include "qxUnknownName.h"
@@ -68,7 +69,7 @@ std::vector<qxNodePtr> rootsFor(const QStringList &names)
         return {qxScenegraph::getRootNode()};
     std::vector<qxNodePtr> roots;
     for (const QString &name : names) {
-        roots.push_back(qxScenegraph::findNode(name.toUtf8().constData()));
+        roots.push_back(qxNames::findNode(name));
         if (roots.back() != osg::NullFC)
             continue;
         qxOutput::error(qxUnknownName::node(name));
@@ -81,7 +82,7 @@ std::vector<qxNodePtr> rootsFor(const QStringList &names)
 bool look(const QString &viewpoint)
 {
     const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
-    const int id = viewpoint.isEmpty() ? 0 : camera->findViewpoint(viewpoint.toStdString());
+    const int id = viewpoint.isEmpty() ? 0 : camera->findViewpoint(qxText::toUtf8(viewpoint));
     camera->moveToViewpoint(id, 0, 0, 0); // a scene may have no viewpoint at all
     if (id < 0)
         qxOutput::error(qxUnknownName::viewpoint(viewpoint));

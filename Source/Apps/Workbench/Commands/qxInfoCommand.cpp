@@ -6,6 +6,7 @@
 #include "qxAnimManager.h"
 #include "qxSceneLookup.h"
 #include "qxShowCommand.h"
+#include "qxText.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -31,7 +32,7 @@ QJsonArray clipNames()
 {
     QJsonArray names;
     for (const std::string &name : qxAnimManager::the()->clips())
-        names += QString::fromStdString(name);
+        names += qxText::fromUtf8(name);
     return names;
 }
 

@@ -6,6 +6,7 @@
 #include "qxCommand.h"
 #include "qxLinter.h"
 #include "qxLog.h"
+#include "qxText.h"
 
 #include <QCommandLineParser>
 
@@ -20,7 +21,7 @@ QList<QCommandLineOption> options()
 
 QString compile(const QString &script)
 {
-    return QString::fromStdString(qxScriptCheck::flawOf(script.toStdString()));
+    return qxText::fromUtf8(qxScriptCheck::flawOf(qxText::toUtf8(script)));
 }
 
 /// Has the reader read the document as well: it refuses what no document of ours has.
@@ -28,7 +29,7 @@ bool isAccepted(qxSession &session, const QByteArray &document, QString &reason)
 {
     const int listener = qxLog::addListener([&](qxLog::Level level, const std::string &line) {
         if (level == qxLog::Error && reason.isEmpty())
-            reason = QString::fromStdString(line);
+            reason = qxText::fromUtf8(line);
     });
     const bool isRead = session.readDocument(document);
     qxLog::removeListener(listener);

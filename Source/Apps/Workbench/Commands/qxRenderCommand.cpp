@@ -13,6 +13,7 @@
 #include "qxCommand.h"
 #include "qxFileNames.h"
 #include "qxStreams.h"
+#include "qxText.h"
 #include "qxUnknownName.h"
 #include "qxValueKind.h"
 
@@ -110,7 +111,7 @@ QString flawOf(const Job &job)
     if (job.all && qxVariants::_variantSets.empty())
         return QStringLiteral("the scene has no variant sets");
     const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
-    if (!job.view.isEmpty() && camera->findViewpoint(job.view.toStdString()) < 0)
+    if (!job.view.isEmpty() && camera->findViewpoint(qxText::toUtf8(job.view)) < 0)
         return qxUnknownName::viewpoint(job.view);
     return QString();
 }
@@ -120,7 +121,7 @@ QByteArray picture(const Job &job)
 {
     if (!job.view.isEmpty()) {
         const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
-        camera->moveToViewpoint(camera->findViewpoint(job.view.toStdString()), 0, 0, 0);
+        camera->moveToViewpoint(camera->findViewpoint(qxText::toUtf8(job.view)), 0, 0, 0);
     }
     return qxSetPictures::render(job.size.width(), job.size.height());
 }
@@ -141,7 +142,7 @@ int renderOne(const Job &job)
         qxProgress progress(1);
         progress.begin(job.set.isEmpty() ? job.out : job.set);
         if (!job.set.isEmpty())
-            qxVariants::selectVariantSet(job.set.toUtf8().constData(), false);
+            qxVariants::selectVariantSet(qxText::toUtf8(job.set).c_str(), false);
         png = picture(job);
     }
     if (png.isEmpty())

@@ -5,6 +5,7 @@
 #include "Session/qxSession.h"
 #include "qxCommand.h"
 #include "qxStreams.h"
+#include "qxText.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -83,7 +84,7 @@ int runFile(const QCommandLineParser &parser)
         return WorkFailed;
     qxVariantBindings::setArguments(QStringList(name) + arguments.ofTheScript);
     return inScene(parser, arguments.own.mid(1), [&] {
-        return runScript(text, name == QLatin1String("-") ? "<stdin>" : name.toStdString());
+        return runScript(text, name == QLatin1String("-") ? "<stdin>" : qxText::toUtf8(name));
     });
 }
 

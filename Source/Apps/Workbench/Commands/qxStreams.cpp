@@ -3,6 +3,7 @@
 #include "Files/qxOutputFile.h"
 #include "Report/qxOutput.h"
 #include "qxLog.h"
+#include "qxText.h"
 
 #include <QFile>
 
@@ -42,6 +43,6 @@ bool qxStreams::write(const QString &name, const QByteArray &bytes)
     qxOutputFile file(name);
     const bool isWritten = file.prepare(bytes) && file.commit();
     for (const QString &warning : file.warnings())
-        qxLog::warning("%s: %s", name.toUtf8().constData(), warning.toUtf8().constData());
+        qxLog::warning("%s: %s", qxText::toUtf8(name).c_str(), qxText::toUtf8(warning).c_str());
     return isWritten || fail(name, file.errorString());
 }

@@ -1,6 +1,7 @@
 #include "qxUnknownName.h"
 
 #include "Session/qxSetPictures.h"
+#include "qxNames.h"
 #include "qxNodeUtils.h"
 #include "qxSceneLookup.h"
 #include "qxSuggestions.h"
@@ -29,7 +30,7 @@ QString qxUnknownName::node(const QString &name)
 {
     QStringList names;
     for (const qxNodePtr &node : qxNodeUtils::getSceneNodes())
-        names += QString::fromStdString(qxNodeUtils::getName(node));
+        names += qxNames::nameOf(node);
     names.removeDuplicates();
     return line("node", name, names);
 }

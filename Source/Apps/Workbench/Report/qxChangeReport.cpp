@@ -6,6 +6,7 @@
 #include "qxExplanation.h"
 #include "qxMessage.h"
 #include "qxOutput.h"
+#include "qxText.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -17,7 +18,7 @@ namespace {
 QString viewpointName(int id)
 {
     const qxUberCamera *camera = qxUberCameraPool::the()->get(id);
-    return camera ? QString::fromStdString(camera->name) : QString();
+    return camera ? qxText::fromUtf8(camera->name) : QString();
 }
 
 QString clonesText(int others)
@@ -37,12 +38,12 @@ qxChangeReport::qxChangeReport(const qxSceneState &before)
         qxController::addListener([this](const char *name, qxMessage *message, int) {
             if (message && strcmp(name, "animationStart") == 0) {
                 if (const auto *clip = message->get<std::string>("animation-name"))
-                    m_animations += QString::fromStdString(*clip);
+                    m_animations += qxText::fromUtf8(*clip);
             }
         });
     m_scriptListener = qxScriptRunner::addListener([this](const qxScriptText &script) {
         if (!script.isBlocked)
-            m_scripts += QString::fromStdString(script.text).trimmed();
+            m_scripts += qxText::fromUtf8(script.text).trimmed();
     });
 }
 

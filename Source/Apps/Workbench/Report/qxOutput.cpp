@@ -1,6 +1,7 @@
 #include "qxOutput.h"
 
 #include "Core/qxVisibleText.h"
+#include "qxText.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -93,7 +94,7 @@ void qxOutput::error(const QString &reason)
 
 void qxOutput::note(const QString &line)
 {
-    fprintf(stderr, "%s\n", qxVisibleText::line(line).toUtf8().constData());
+    fprintf(stderr, "%s\n", qxText::toUtf8(qxVisibleText::line(line)).c_str());
 }
 
 qxCaughtOutput::qxCaughtOutput(Place place) : m_place(place), m_results(-1), m_caught(tmpfile())
@@ -121,7 +122,7 @@ qxCaughtOutput::~qxCaughtOutput()
         if (m_place == ToResults)
             qxOutput::text(text);
         else
-            fputs(qxVisibleText::lines(text).toUtf8().constData(), stderr);
+            fputs(qxText::toUtf8(qxVisibleText::lines(text)).c_str(), stderr);
     }
     caught.close();
     fclose(m_caught);

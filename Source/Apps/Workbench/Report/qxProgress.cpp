@@ -4,6 +4,7 @@
 #include "Pictures/qxPictureProgress.h"
 #include "Session/qxInterrupt.h"
 #include "qxOutput.h"
+#include "qxText.h"
 
 #include <cstdio>
 #include <unistd.h>
@@ -58,7 +59,7 @@ void qxProgress::draw(double share) const
                              .arg(m_total)
                              .arg(m_name.left(NameWidth));
     wipe();
-    fputs(line.toUtf8().constData(), stderr);
+    fputs(qxText::toUtf8(line).c_str(), stderr);
 }
 
 void qxProgress::wipe() const

@@ -9,6 +9,7 @@
 #include "qxController.h"
 #include "qxMessage.h"
 #include "qxOutput.h"
+#include "qxText.h"
 
 #include <QStringList>
 
@@ -37,7 +38,7 @@ QString objectText(const void *address)
 
 QString quoted(const std::string &text)
 {
-    return QLatin1Char('"') + QString::fromStdString(text) + QLatin1Char('"');
+    return QLatin1Char('"') + qxText::fromUtf8(text) + QLatin1Char('"');
 }
 
 QString listText(const QStringList &texts)
@@ -61,7 +62,7 @@ QString valueText(const boost::any &value)
     }
     if (const auto *names = boost::any_cast<std::vector<QString>>(&value)) {
         for (const QString &name : *names)
-            texts += quoted(name.toStdString());
+            texts += quoted(qxText::toUtf8(name));
         return listText(texts);
     }
     return QStringLiteral("(%1)").arg(QLatin1String(value.type().name()));
@@ -72,7 +73,7 @@ void print(const char *name, const qxMessage *message, int flag)
     QString line = QStringLiteral("%1 (%2)").arg(QLatin1String(name)).arg(flag);
     if (message) {
         for (const qxMessage::Entry &entry : message->entries())
-            line += QStringLiteral(" %1=%2").arg(QString::fromStdString(entry.first),
+            line += QStringLiteral(" %1=%2").arg(qxText::fromUtf8(entry.first),
                                                  valueText(entry.second));
     }
     qxOutput::note(line);

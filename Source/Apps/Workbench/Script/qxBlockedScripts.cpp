@@ -3,6 +3,7 @@
 #include "Script/qxScriptRunner.h"
 #include "qxController.h"
 #include "qxMessage.h"
+#include "qxText.h"
 
 #include <cstring>
 
@@ -13,12 +14,12 @@ qxBlockedScripts::qxBlockedScripts(const Listener &listener)
             if (!message || strcmp(name, "variantsSetSelected") != 0)
                 return;
             if (const auto *set = message->get<std::string>("variantSetName"))
-                m_set = QString::fromStdString(*set);
+                m_set = qxText::fromUtf8(*set);
         });
     m_scriptListener = qxScriptRunner::addListener([this, listener](const qxScriptText &script) {
         if (!script.isBlocked)
             return;
-        const QString text = QString::fromStdString(script.text).trimmed();
+        const QString text = qxText::fromUtf8(script.text).trimmed();
         listener(m_set, text.section(QLatin1Char('\n'), 0, 0));
     });
 }

@@ -5,6 +5,7 @@
 #include "qxVariants.h"
 
 #include "Script/qxScriptRunner.h"
+#include "qxText.h"
 
 #include <QFileInfo>
 
@@ -13,7 +14,7 @@ namespace {
 /// As the interpreter would get it, which ends a text at its first NUL.
 std::string textOf(const QString &script)
 {
-    return script.toUtf8().constData();
+    return qxText::toUtf8(script).c_str();
 }
 
 QString noteOn(const QString &file, const QString &set)

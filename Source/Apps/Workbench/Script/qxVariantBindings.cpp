@@ -6,6 +6,7 @@
 #include "qxVariants.h"
 
 #include "qxPythonInit.h"
+#include "qxText.h"
 
 #include <boost/python.hpp>
 
@@ -23,7 +24,7 @@ QStringList &scriptArguments()
 
 qxVariantSetPtr findVariantSet(const std::string &name)
 {
-    return qxVariantSetPtr(qxVariants::findVariantSet(QString::fromStdString(name)));
+    return qxVariantSetPtr(qxVariants::findVariantSet(qxText::fromUtf8(name)));
 }
 
 template <class List>
@@ -31,7 +32,7 @@ python::list namesOf(const List &objects)
 {
     python::list names;
     for (const auto *object : objects)
-        names.append(object->name.toUtf8().toStdString());
+        names.append(qxText::toUtf8(object->name));
     return names;
 }
 
@@ -57,14 +58,14 @@ qxVariantSetPtr createVariantSet(const std::string &name, const std::string &gro
         PyErr_SetString(PyExc_ValueError, "a variant set needs a name");
         python::throw_error_already_set();
     }
-    const QString unique = qxVariants::getUniqueVariantSetName(QString::fromStdString(name));
+    const QString unique = qxVariants::getUniqueVariantSetName(qxText::fromUtf8(name));
     return qxVariantSetPtr(
-        qxVariants::createVariantSet(unique, true, groupCalled(QString::fromStdString(group))));
+        qxVariants::createVariantSet(unique, true, groupCalled(qxText::fromUtf8(group))));
 }
 
 bool removeVariantSet(const std::string &name)
 {
-    const QString text = QString::fromStdString(name);
+    const QString text = qxText::fromUtf8(name);
     return qxVariants::findVariantSet(text) && qxVariants::removeVariantSet(text);
 }
 
@@ -94,10 +95,10 @@ void defineArguments()
         return;
     python::list texts;
     for (const QString &argument : arguments)
-        texts.append(argument.toUtf8().toStdString());
+        texts.append(qxText::toUtf8(argument));
     python::object sys = python::import("sys");
     sys.attr("argv") = texts;
-    const std::filesystem::path script = arguments.first().toStdString();
+    const std::filesystem::path script = qxText::toUtf8(arguments.first());
     if (std::filesystem::is_regular_file(script))
         sys.attr("path").attr("insert")(0, absolute(script).parent_path().string());
 }

@@ -10,7 +10,7 @@
 
 #include "Report/qxOutput.h"
 #include "qxLog.h"
-#include "qxMaterials.h"
+#include "qxNames.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
 
@@ -58,22 +58,21 @@ qxMaterialVariant *materialVariant(const QString &name)
     if (qxMaterialVariant *known = qxVariants::findMaterialVariant(name))
         return known;
     osg::SwitchMaterialPtr choices; // a file may call a plain material like it
-    for (const osg::MaterialPtr &each : qxMaterials::findMaterials(name.toUtf8().constData())) {
+    for (const osg::MaterialPtr &each : qxNames::findMaterials(name)) {
         if (choices == osg::NullFC)
             choices = osg::SwitchMaterialPtr::dcast(each);
     }
     qxMaterialVariant *const variant =
         choices == osg::NullFC ? nullptr : qxVariants::createMaterialVariant(choices, true);
     if (variant && !choices->getMFMaterials()->empty())
-        variant->defaultState =
-            QString::fromStdString(qxMaterials::getName(choices->getMaterial(0)));
+        variant->defaultState = qxNames::nameOf(choices->getMaterial(0));
     return variant;
 }
 
 void logWarnings(const qxSceneFile &file)
 {
     for (const QString &warning : file.warnings())
-        qxLog::warning("%s", warning.toUtf8().constData());
+        qxLog::warning("%s", qxText::toUtf8(warning).c_str());
 }
 
 void logHiddenPictures(const qxSceneFileInfo &info)
@@ -81,7 +80,7 @@ void logHiddenPictures(const qxSceneFileInfo &info)
     const QString kinds = QStringList(info.hiddenPictures.keys()).join(QStringLiteral(", "));
     if (!kinds.isEmpty())
         qxLog::info("Pictures of materials that are kept, but not shown: %s",
-                    kinds.toUtf8().constData());
+                    qxText::toUtf8(kinds).c_str());
 }
 
 } // namespace
@@ -187,7 +186,7 @@ void qxSession::takeScripts()
     m_scripts.take();
     if (!m_scripts.flaw().isEmpty())
         qxLog::warning("No script of the file is trusted: %s",
-                       m_scripts.flaw().toUtf8().constData());
+                       qxText::toUtf8(m_scripts.flaw()).c_str());
 }
 
 void qxSession::rememberScripts(const QString &path)
@@ -195,7 +194,7 @@ void qxSession::rememberScripts(const QString &path)
     const QString reason = m_scripts.rememberOwn(path);
     if (!reason.isEmpty())
         qxLog::warning("The scripts saved to %s will have to be trusted when it is opened: %s",
-                       path.toUtf8().constData(), reason.toUtf8().constData());
+                       qxText::toUtf8(path).c_str(), qxText::toUtf8(reason).c_str());
 }
 
 bool qxSession::fail(const QString &reason)

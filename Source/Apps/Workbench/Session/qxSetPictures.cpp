@@ -13,6 +13,7 @@
 #include "qxRaytracingManager.h"
 #include "qxSceneSnapshot.h"
 #include "qxSession.h"
+#include "qxText.h"
 
 #include <QCommandLineParser>
 #include <QImage>
@@ -50,7 +51,7 @@ int qxSetPictures::visit(const QStringList &names, const Begin &begin, const Wor
     for (const QString &name : names) {
         if (!begin(name))
             break;
-        qxVariants::selectVariantSet(name.toUtf8().constData(), false);
+        qxVariants::selectVariantSet(qxText::toUtf8(name).c_str(), false);
         qxVariantSet *const set = qxVariants::findVariantSet(name);
         const bool isDone = !set || work(*set);
         before.restore();

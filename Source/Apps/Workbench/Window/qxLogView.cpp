@@ -1,6 +1,7 @@
 #include "qxLogView.h"
 
 #include "Script/qxScriptRunner.h"
+#include "qxText.h"
 
 #include <QEvent>
 #include <QFontDatabase>
@@ -32,7 +33,7 @@ qxLogView::qxLogView(QWidget *parent) : QPlainTextEdit(parent)
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     retranslate();
     m_listener = qxLog::addListener([this](qxLog::Level level, const std::string &text) {
-        const QString line = QString::fromStdString(text);
+        const QString line = qxText::fromUtf8(text);
         // Threads that render report as well.
         QMetaObject::invokeMethod(this, [this, level, line] { append(level, line); });
     });

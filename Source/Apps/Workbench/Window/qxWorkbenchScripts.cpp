@@ -2,6 +2,7 @@
 #include "Session/qxSession.h"
 #include "qxLog.h"
 #include "qxScriptsDialog.h"
+#include "qxText.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QFileInfo>
@@ -52,7 +53,7 @@ void qxWorkbenchWindow::watchBlockedScripts()
             const QString text =
                 tr("The script of \"%1\" was left out, as it is not trusted.").arg(set);
             statusBar()->showMessage(text, 15000);
-            qxLog::info("Left out the script of \"%s\": %s", set.toUtf8().constData(),
-                        line.toUtf8().constData());
+            qxLog::info("Left out the script of \"%s\": %s", qxText::toUtf8(set).c_str(),
+                        qxText::toUtf8(line).c_str());
         });
 }

@@ -10,7 +10,7 @@
 #include "qxController.h"
 #include "qxLanguage.h"
 #include "qxLogView.h"
-#include "qxNodeUtils.h"
+#include "qxNames.h"
 #include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
@@ -205,7 +205,7 @@ void qxWorkbenchWindow::showPicked(const osg::NodePtr &node)
     m_treeView->setCurrentIndex(index);
     if (index.isValid())
         showNode(index);
-    statusBar()->showMessage(QString::fromStdString(qxNodeUtils::getName(node)));
+    statusBar()->showMessage(qxNames::nameOf(node));
 }
 
 /// The view scrolls to the start of the column, which may show only indentation.

@@ -2,6 +2,7 @@
 
 #include "Core/qxCallList.h"
 #include "Core/qxVisibleText.h"
+#include "qxText.h"
 
 #include <cstdarg>
 #include <cstdio>
@@ -31,7 +32,7 @@ std::string format(const char *text, va_list arguments)
 void write(qxLog::Level level, const std::string &line)
 {
     static const char *const prefixes[] = {"", "warning: ", "error: "};
-    const QByteArray shown = qxVisibleText::lines(QString::fromStdString(line)).toUtf8();
+    const QByteArray shown = qxVisibleText::lines(qxText::fromUtf8(line)).toUtf8();
     std::fprintf(stderr, "%s%s\n", prefixes[level], shown.constData());
     listeners().run([&](const qxLog::Listener &listener) { listener(level, line); });
 }

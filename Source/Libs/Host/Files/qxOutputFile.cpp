@@ -3,6 +3,7 @@
 #include "Files/qxFileAttributes.h"
 #include "Files/qxFileText.h"
 #include "Files/qxSystemCall.h"
+#include "qxText.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,7 +23,7 @@ const int longestChain = 40; ///< of links, as the system has it
 
 QString reasonOf(int number)
 {
-    return QString::fromStdString(std::generic_category().message(number));
+    return qxText::fromUtf8(std::generic_category().message(number));
 }
 
 /// Why the system does not lead there; nothing there is no reason.
@@ -162,7 +163,7 @@ bool qxOutputFile::isStream(const QString &path)
         || path.startsWith(QLatin1String("/dev/fd/")))
         return true;
     std::error_code unknown;
-    const auto status = std::filesystem::status(path.toStdString(), unknown);
+    const auto status = std::filesystem::status(qxText::toUtf8(path), unknown);
     return std::filesystem::is_other(status);
 }
 

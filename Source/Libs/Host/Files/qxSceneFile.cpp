@@ -14,6 +14,7 @@
 #include "Files/qxOutputFile.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
+#include "qxText.h"
 #include "qxUberCameraPool.h"
 
 #include <QDir>
@@ -82,7 +83,7 @@ QStringList textsOf(const qxJson &list)
     QStringList texts;
     for (const qxJson &text : list) {
         if (text.is_string())
-            texts << QString::fromStdString(text.get<std::string>());
+            texts << qxText::fromUtf8(text.get<std::string>());
     }
     return texts;
 }
@@ -90,7 +91,7 @@ QStringList textsOf(const qxJson &list)
 QString assetText(const qxJson &document, const char *name)
 {
     const qxJson &text = qxGltfMember(qxGltfMember(document, "asset"), name);
-    return text.is_string() ? QString::fromStdString(text.get<std::string>()) : QString();
+    return text.is_string() ? qxText::fromUtf8(text.get<std::string>()) : QString();
 }
 
 qxSceneFileInfo infoOf(const qxGltfModel &model)

@@ -3,6 +3,7 @@
 #include "Files/qxFileText.h"
 #include "Pictures/OSGEncodedPicture.h"
 #include "qxLog.h"
+#include "qxText.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -58,7 +59,7 @@ osg::ImagePtr qxEncodedPicture::image(const QString &name) const
     const osg::CPEditor edit(image);
     image->set(osg::Image::OSG_RGBA_PF, m_size.width(), m_size.height(), 1, 1, 1, 0.0, NULL,
                osg::Image::OSG_UINT8_IMAGEDATA, false);
-    image->setName(name.toStdString());
+    image->setName(qxText::toUtf8(name));
     image->addAttachment(attachment);
     return image;
 }
@@ -75,10 +76,9 @@ QImage qxEncodedPicture::pixels(const osg::ImagePtr &image)
     QImageReader reader(&buffer);
     QImage picture = reader.read().convertToFormat(QImage::Format_RGBA8888);
     if (picture.isNull()) {
-        const QString said =
-            qxFileText::tr("%1 is left out: %2")
-                .arg(QString::fromStdString(image->getName()), reader.errorString());
-        qxLog::warning("%s", said.toUtf8().constData());
+        const QString said = qxFileText::tr("%1 is left out: %2")
+                                 .arg(qxText::fromUtf8(image->getName()), reader.errorString());
+        qxLog::warning("%s", qxText::toUtf8(said).c_str());
         return picture;
     }
     turnUpsideDown(picture);

@@ -6,6 +6,7 @@
 #include "Undo/qxCaptureRecord.h"
 #include "Undo/qxSetEdits.h"
 #include "qxCaptureDialog.h"
+#include "qxNames.h"
 #include "qxScenegraph.h"
 
 #include <QCoreApplication>
@@ -30,7 +31,7 @@ std::vector<qxNodePtr> rootsOf(const qxVariantSet &set)
 {
     std::vector<qxNodePtr> roots;
     for (const QString &name : set.targetNodeNames) {
-        const qxNodePtr node = qxScenegraph::findNode(name.toUtf8().constData());
+        const qxNodePtr node = qxNames::findNode(name);
         if (node != osg::NullFC)
             roots.push_back(node);
     }

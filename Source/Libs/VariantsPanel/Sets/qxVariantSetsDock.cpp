@@ -14,6 +14,7 @@
 #include "qxSetMatch.h"
 #include "qxSetsView.h"
 #include "qxTakenKeys.h"
+#include "qxText.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -234,7 +235,7 @@ void qxVariantSetsDock::selectSet(const QString &name)
 {
     if (qxVariants::findVariantSet(name))
         emit aboutToSelect();
-    qxVariants::selectVariantSet(name.toUtf8().constData(), false);
+    qxVariants::selectVariantSet(qxText::toUtf8(name).c_str(), false);
 }
 
 void qxVariantSetsDock::selectOption(const qxVariantKind &kind, const QString &variant,

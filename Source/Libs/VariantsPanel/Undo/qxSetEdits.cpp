@@ -7,6 +7,7 @@
 #include "qxNodeUtils.h"
 #include "qxPanelChanges.h"
 #include "qxSetUndoSteps.h"
+#include "qxText.h"
 
 #include <QHash>
 
@@ -64,10 +65,10 @@ void nameAnew(std::vector<qxSetsPresence::Part> &copies)
 {
     std::vector<std::string> taken;
     for (const qxVariantSet *set : qxVariants::_variantSets)
-        taken.push_back(set->name.toStdString());
+        taken.push_back(qxText::toUtf8(set->name));
     for (qxSetsPresence::Part &copy : copies) {
-        taken.push_back(qxNodeUtils::getUniqueName(copy.contents.name.toStdString(), taken));
-        copy.contents.name = QString::fromStdString(taken.back());
+        taken.push_back(qxNodeUtils::getUniqueName(qxText::toUtf8(copy.contents.name), taken));
+        copy.contents.name = qxText::fromUtf8(taken.back());
     }
 }
 

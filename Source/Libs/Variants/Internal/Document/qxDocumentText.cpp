@@ -1,6 +1,7 @@
 #include "Internal/Document/qxDocumentText.h"
 
 #include "qxLog.h"
+#include "qxText.h"
 
 #include <QDomDocument>
 
@@ -181,7 +182,7 @@ QString qxDocumentLoss::newName(const QString &name)
     m_taken.insert(free);
     if (free != bare && m_report == Logged)
         qxLog::warning("Saving variants: the name \"%s\" is written as \"%s\".\n",
-                       without(name, QString(QChar::ReplacementCharacter)).toUtf8().constData(),
-                       free.toUtf8().constData());
+                       qxText::toUtf8(without(name, QString(QChar::ReplacementCharacter))).c_str(),
+                       qxText::toUtf8(free).c_str());
     return free;
 }

@@ -6,6 +6,7 @@
 #include "qxMaterialVariant.h"
 
 #include "qxMaterials.h"
+#include "qxNames.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGMaterialDrawable.h>
@@ -20,9 +21,9 @@ const QString switchSuffix = QStringLiteral(" Switch");
 osg::SwitchMaterialPtr buildSwitchMaterial(const qxMaterialVariant &variant)
 {
     const osg::SwitchMaterialPtr created = osg::SwitchMaterial::create();
-    qxMaterials::setName(created, variant.switchMaterialName.toUtf8().constData(), true);
+    qxMaterials::setName(created, qxText::toUtf8(variant.switchMaterialName).c_str(), true);
     for (const qxVariantOption &option : variant.options) {
-        const osg::MaterialPtr choice = qxMaterials::findMaterial(option.name.toUtf8().constData());
+        const osg::MaterialPtr choice = qxNames::findMaterial(option.name);
         if (choice != osg::NullFC)
             qxSceneEdits::addMaterial(created, choice);
     }
@@ -62,7 +63,7 @@ void addMissing(const qxMaterialVariant &variant)
     if (!name.endsWith(switchSuffix))
         return;
     const QString plainName = name.left(name.size() - switchSuffix.size());
-    const osg::MaterialPtr plain = qxMaterials::findMaterial(plainName.toUtf8().constData());
+    const osg::MaterialPtr plain = qxNames::findMaterial(plainName);
     if (plain != osg::NullFC)
         replaceIn<osg::MaterialGroup>(plain, created);
 }

@@ -4,6 +4,7 @@
 #include "Internal/Options/qxOptionRebuild.h"
 #include "qxVariant.h"
 
+#include "qxNames.h"
 #include "qxNodeUtils.h"
 #include "qxStateRules.h"
 #include "qxText.h"
@@ -14,7 +15,7 @@ namespace {
 
 QString childName(const osg::NodePtr &node, osg::UInt32 index)
 {
-    return qxText::fromUtf8(qxNodeUtils::getName(node->getChild(index)));
+    return qxNames::nameOf(node->getChild(index));
 }
 
 void buildSwitch(qxVariant &variant, const osg::NodePtr &node, const osg::SwitchPtr &core)

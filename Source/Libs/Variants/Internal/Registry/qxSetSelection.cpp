@@ -8,10 +8,10 @@
 
 #include "qxCameraService.h"
 #include "qxFindCache.h"
+#include "qxNames.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 #include "qxScript.h"
-#include "qxText.h"
 
 namespace {
 
@@ -100,7 +100,7 @@ void startAnimations(qxVariantSetContents &set)
 void applyRest(qxVariantSetContents &set, qxCameraService *camera)
 {
     if (!set.script.isEmpty())
-        qxScript::run(set.script.toUtf8().constData());
+        qxScript::run(qxText::toUtf8(set.script).c_str());
     set.analyzer.execute();
     startAnimations(set);
     if (camera && !set.defaultViewpoint.isEmpty())
@@ -135,7 +135,7 @@ void qxSetSelection::applyDefaults(const qxVariantSetContents &set)
 void qxSetSelection::showTargets(const qxVariantSetContents &set)
 {
     for (const QString &name : set.targetNodeNames) {
-        const qxNodePtr node = qxScenegraph::findNode(name.toUtf8().constData());
+        const qxNodePtr node = qxNames::findNode(name);
         if (node == osg::NullFC)
             return;
         qxScenegraph::showNodes(qxNodeUtils::getSubTreeNodes(node));

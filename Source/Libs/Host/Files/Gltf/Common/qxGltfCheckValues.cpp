@@ -1,5 +1,7 @@
 #include "Files/Gltf/Common/qxGltfCheckValues.h"
 
+#include "qxText.h"
+
 #include <cmath>
 #include <limits>
 
@@ -15,7 +17,7 @@ void qxGltfCheckIndexValue(const QString &owner, const qxJson &value, const qxJs
     if (index >= 0 && index < qint64(list.size()))
         return;
     throw qxGltfError(qxFileText::tr("%1 refers to %2 %3, the file has %4")
-                          .arg(owner, qxFileText::kind(what), QString::fromStdString(value.dump()))
+                          .arg(owner, qxFileText::kind(what), qxText::fromUtf8(value.dump()))
                           .arg(list.size()));
 }
 

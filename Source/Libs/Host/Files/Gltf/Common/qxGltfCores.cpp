@@ -4,7 +4,7 @@
 #include "OSGOverlayCore.h"
 #include "OSGSwitchComponentTransform.h"
 #include "Scene/qxTransformStates.h"
-#include "qxNodeUtils.h"
+#include "qxNames.h"
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGMaterialGroup.h>
@@ -64,7 +64,7 @@ bool isPlainGroup(const osg::NodeCorePtr &core)
 
 QString qxGltfLabel(const osg::NodePtr &node)
 {
-    return qxFileText::tr("node \"%1\"").arg(QString::fromStdString(qxNodeUtils::getName(node)));
+    return qxFileText::tr("node \"%1\"").arg(qxNames::nameOf(node));
 }
 
 bool qxGltfIsSwitch(const osg::NodeCorePtr &core)

@@ -1,5 +1,7 @@
 #include "Files/Gltf/Common/qxGltfExtras.h"
 
+#include "qxText.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -160,8 +162,8 @@ std::vector<std::string> qxGltfExtras::texts(const char *key) const
     std::vector<std::string> texts;
     const qxJson &list = value(key);
     if (list.is_string()) {
-        for (const QString &part : QString::fromStdString(list.get<std::string>()).split(';'))
-            texts.push_back(part.toStdString());
+        for (const QString &part : qxText::fromUtf8(list.get<std::string>()).split(';'))
+            texts.push_back(qxText::toUtf8(part));
         return texts;
     }
     for (const qxJson &entry : list.is_array() ? list : qxJson::array())

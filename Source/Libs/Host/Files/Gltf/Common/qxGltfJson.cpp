@@ -1,5 +1,7 @@
 #include "Files/Gltf/Common/qxGltfJson.h"
 
+#include "qxText.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -45,8 +47,7 @@ QString qxGltfLabel(const char *kind, int index, const qxJson &entry)
     if (!name.is_string())
         return qxFileText::kind(kind) + ' ' + number;
     return qxFileText::tr("%1 %2 \"%3\"", "a node, its number and its name")
-        .arg(qxFileText::kind(kind), number,
-             QString::fromStdString(name.get_ref<const std::string &>()));
+        .arg(qxFileText::kind(kind), number, qxText::fromUtf8(name.get_ref<const std::string &>()));
 }
 
 QString qxGltfPrimitiveLabel(int index, const qxJson &mesh, int primitive)

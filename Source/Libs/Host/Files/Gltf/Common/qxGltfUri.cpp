@@ -3,6 +3,7 @@
 #include "Files/Gltf/Common/qxGltfDocument.h"
 #include "Files/Gltf/Common/qxGltfFiles.h"
 #include "Files/qxMemoryBudget.h"
+#include "qxText.h"
 
 #include <QDir>
 #include <QUrl>
@@ -71,7 +72,7 @@ QByteArray qxGltfReadUri(const qxGltfDocument &document, const std::string &uri,
 {
     if (qxGltfIsDataUri(uri))
         return qxGltfDataOf(uri, budget);
-    const QString shown = QString::fromStdString(uri);
+    const QString shown = qxText::fromUtf8(uri);
     const QString path = qxGltfRelativePath(uri);
     if (path.isEmpty())
         throw qxGltfError(

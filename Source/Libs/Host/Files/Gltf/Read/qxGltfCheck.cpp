@@ -2,6 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfCheckValues.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
+#include "qxText.h"
 
 namespace {
 
@@ -31,7 +32,7 @@ void checkVersion(const qxJson &document)
         throw qxGltfError(qxFileText::tr("not a glTF 2.0 scene: \"asset\" states no version"));
     const qxJson &least = qxGltfMember(asset, "minVersion");
     const QString stated =
-        QString::fromStdString((least.is_string() ? least : version).get<std::string>());
+        qxText::fromUtf8((least.is_string() ? least : version).get<std::string>());
     if (!stated.startsWith("2.") || (least.is_string() && stated != "2.0"))
         throw qxGltfError(
             qxFileText::tr("made for glTF version %1, only 2.0 can be read").arg(stated));
@@ -44,7 +45,7 @@ void checkExtensions(const qxJson &document)
         if (!required.is_string())
             throw qxGltfError(
                 qxFileText::tr("\"extensionsRequired\" holds something that is no text"));
-        const QString name = QString::fromStdString(required.get<std::string>());
+        const QString name = qxText::fromUtf8(required.get<std::string>());
         if (!qxGltfUnderstoodExtensions().contains(name))
             unknown << name;
     }

@@ -2,6 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/Gltf/Read/qxGltfCheck.h"
+#include "qxText.h"
 
 namespace {
 
@@ -32,7 +33,7 @@ void parse(const qxJson &document, tinygltf::Model &model)
     if (reader.LoadASCIIFromString(&model, &error, &warning, text.data(), unsigned(text.size()), "",
                                    tinygltf::NO_REQUIRE))
         return;
-    throw qxGltfError(QString::fromStdString(error).simplified());
+    throw qxGltfError(qxText::fromUtf8(error).simplified());
 }
 
 qint64 parts(const qxJson &mesh)
@@ -46,7 +47,7 @@ void takeStructure(const qxJson &document, qxMemoryBudget &budget)
 {
     for (const auto &[name, section] : document.items()) {
         if (section.is_array())
-            budget.take(QString::fromStdString(name), qint64(section.size()), _bytesPerEntry);
+            budget.take(qxText::fromUtf8(name), qint64(section.size()), _bytesPerEntry);
     }
     const qxJson &meshes = qxGltfSection(document, "meshes");
     for (std::size_t i = 0; i < meshes.size(); ++i)

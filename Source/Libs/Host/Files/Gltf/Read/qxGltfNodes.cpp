@@ -9,6 +9,7 @@
 #include "Scene/qxTransformStates.h"
 #include "qxNodeUtils.h"
 #include "qxNodeWalk.h"
+#include "qxText.h"
 
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -259,7 +260,7 @@ osg::NodeCorePtr qxGltfNodes::sharedCore(int index)
         called = QString::number(stated);
         owner = ownsCore(stated) ? stated : -1;
     } else if (const std::optional<std::string> name = extras.text(qxGltfKeys::sharesCoreOf)) {
-        called = '"' + QString::fromStdString(*name) + '"';
+        called = '"' + qxText::fromUtf8(*name) + '"';
         const auto first = m_switches.find(name->c_str());
         owner = first == m_switches.end() ? -1 : first->second;
     } else {

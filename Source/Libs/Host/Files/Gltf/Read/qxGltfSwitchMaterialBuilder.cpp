@@ -4,6 +4,7 @@
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "qxMaterials.h"
+#include "qxNames.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 
@@ -56,7 +57,7 @@ osg::MaterialPtr firstOf(const osg::SwitchMaterialPtr &material)
 
 QString textOf(const osg::MaterialPtr &material)
 {
-    return QString::fromStdString(qxMaterials::getName(material));
+    return qxNames::nameOf(material);
 }
 
 } // namespace
@@ -330,7 +331,7 @@ void qxGltfSwitchMaterialBuilder::nameVariants()
     for (std::string &name : names) {
         if (name.empty())
             name = taken.unique("Variant");
-        m_scene.variants.push_back({QString::fromStdString(name), {}});
+        m_scene.variants.push_back({qxText::fromUtf8(name), {}});
     }
 }
 

@@ -5,6 +5,7 @@
 #include "Files/Gltf/Common/qxGltfState.h"
 #include "Files/Gltf/Read/qxGltfMaterials.h"
 #include "qxMaterials.h"
+#include "qxNames.h"
 #include "qxScenegraph.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -147,8 +148,7 @@ int qxGltfMaterialPatch::append(const osg::MaterialPtr &material)
     if (!plain || (textured != osg::NullFC && textured->getImage() != osg::NullFC)) {
         throw qxGltfError(
             qxFileText::tr("material \"%1\" cannot be written: scene files get no new %2")
-                .arg(QString::fromStdString(qxMaterials::getName(material)),
-                     material->getTypeName()));
+                .arg(qxNames::nameOf(material), material->getTypeName()));
     }
     m_namesChanged = true;
     qxJson &materials = m_json["materials"];

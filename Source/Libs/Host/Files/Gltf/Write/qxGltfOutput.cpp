@@ -5,6 +5,7 @@
 #include "Files/qxMemoryBudget.h"
 #include "Files/qxOutputFile.h"
 #include "Files/qxSystemCall.h"
+#include "qxText.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -206,7 +207,7 @@ void qxGltfOutput::commit()
     std::vector<std::unique_ptr<qxOutputFile>> files;
     for (const auto &[path, bytes] : m_files) {
         if (!makeFolder(path))
-            fail(path, QString::fromStdString(std::generic_category().message(errno)));
+            fail(path, qxText::fromUtf8(std::generic_category().message(errno)));
         files.push_back(std::make_unique<qxOutputFile>(path));
         if (!files.back()->prepare(bytes))
             fail(path, files.back()->errorString());
