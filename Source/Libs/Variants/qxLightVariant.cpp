@@ -8,9 +8,8 @@
 
 #include "qxLights.h"
 #include "qxMessage.h"
+#include "qxNames.h"
 #include "qxNodeUtils.h"
-#include "qxScenegraph.h"
-#include "qxText.h"
 
 #include <algorithm>
 
@@ -19,7 +18,7 @@ namespace {
 /// The light nodes of that name, in scene order.
 std::vector<qxNodePtr> findLights(const QString &name)
 {
-    std::vector<qxNodePtr> nodes = qxScenegraph::findNodes(qxText::toUtf8(name).c_str());
+    std::vector<qxNodePtr> nodes = qxNames::findNodes(name);
     const auto isNoLight = [](const qxNodePtr &node) { return !qxLights::isLight(node); };
     nodes.erase(std::remove_if(nodes.begin(), nodes.end(), isNoLight), nodes.end());
     return nodes;
@@ -71,7 +70,7 @@ const qxVariantNotifications qxLightVariant::notifications{
 
 qxLightVariant::qxLightVariant(osg::NodePtr node)
 {
-    lightName = qxText::fromUtf8(qxNodeUtils::getName(node));
+    lightName = qxNames::nameOf(node);
     name = lightName;
     if (qxLights::isLight(node))
         buildOptions(*this, node);

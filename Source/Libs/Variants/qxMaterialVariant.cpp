@@ -24,7 +24,7 @@ using qxSwitchMaterials::chosen;
 
 std::vector<osg::MaterialPtr> findMaterials(const QString &name)
 {
-    return qxMaterials::findMaterials(qxText::toUtf8(name).c_str());
+    return qxNames::findMaterials(name);
 }
 
 /// Puts the switch materials of one name into a state and announces them.

@@ -14,15 +14,13 @@
 #include "OSGSwitchComponentTransform.h"
 #include "qxLog.h"
 #include "qxMessage.h"
-#include "qxNodeUtils.h"
-#include "qxScenegraph.h"
-#include "qxText.h"
+#include "qxNames.h"
 
 namespace {
 
 std::vector<qxNodePtr> findNodes(const QString &name)
 {
-    return qxScenegraph::findNodes(qxText::toUtf8(name).c_str());
+    return qxNames::findNodes(name);
 }
 
 /// Null when the scene has no node of that name.
@@ -87,7 +85,7 @@ qxNodeVariant::qxNodeVariant(osg::NodePtr node)
 {
     if (node == osg::NullFC)
         return;
-    nodeName = qxText::fromUtf8(qxNodeUtils::getName(node));
+    nodeName = qxNames::nameOf(node);
     name = nodeName;
 
     const auto core = osg::SwitchComponentTransformPtr::dcast(node->getCore());

@@ -8,16 +8,14 @@
 #include "Internal/Scene/qxNodesChange.h"
 #include "qxVariantKind.h"
 
-#include "qxNodeUtils.h"
-#include "qxOverlays.h"
-#include "qxText.h"
+#include "qxNames.h"
 
 namespace {
 
 /// Null when the host has no overlay of that name.
 qxNodePtr firstOverlay(const QString &name)
 {
-    const std::vector<qxNodePtr> nodes = qxOverlays::findOverlays(qxText::toUtf8(name).c_str());
+    const std::vector<qxNodePtr> nodes = qxNames::findOverlays(name);
     return nodes.empty() ? qxNodePtr() : nodes.front();
 }
 
@@ -31,7 +29,7 @@ qxOverlayVariant::qxOverlayVariant(osg::NodePtr node)
 {
     if (node == osg::NullFC)
         return;
-    overlayName = qxText::fromUtf8(qxNodeUtils::getName(node));
+    overlayName = qxNames::nameOf(node);
     name = overlayName;
     qxSwitchOptions::build(*this, node);
 }

@@ -4,10 +4,9 @@
 #include "Internal/Options/qxSwitchOptions.h"
 #include "qxVariantKind.h"
 
+#include "qxNames.h"
 #include "qxNodeUtils.h"
-#include "qxScenegraph.h"
 #include "qxStateRules.h"
-#include "qxText.h"
 
 #include <algorithm>
 
@@ -16,7 +15,7 @@ namespace {
 /// The nodes of that name that have transform states, in scene order.
 std::vector<qxNodePtr> findNodes(const QString &name)
 {
-    std::vector<qxNodePtr> nodes = qxScenegraph::findNodes(qxText::toUtf8(name).c_str());
+    std::vector<qxNodePtr> nodes = qxNames::findNodes(name);
     const auto hasNone = [](const qxNodePtr &node) {
         return !qxNodeUtils::hasTransformVariants(node);
     };

@@ -17,6 +17,7 @@
 
 #include "qxLog.h"
 #include "qxNameLookUp.h"
+#include "qxText.h"
 
 #include <cstring>
 
@@ -62,7 +63,7 @@ void qxVariantReader::read(const char *xml)
     qxDocumentError error;
     if (!parse(m_document, bytes, error)) {
         qxLog::error("Error loading variants: \"%s\" at %d %d\n",
-                     error.message.toUtf8().constData(), error.line, error.column);
+                     qxText::toUtf8(error.message).c_str(), error.line, error.column);
         return;
     }
     const qxUnchangedNames unchanged;

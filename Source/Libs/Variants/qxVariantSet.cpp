@@ -14,9 +14,8 @@
 #include "qxVariantKinds.h"
 
 #include "qxController.h"
-#include "qxScenegraph.h"
+#include "qxNames.h"
 #include "qxScript.h"
-#include "qxText.h"
 
 #include <algorithm>
 
@@ -179,13 +178,13 @@ void qxVariantSet::selectDefault()
 
 void qxVariantSet::executeScript()
 {
-    qxScript::run(script.toUtf8().constData());
+    qxScript::run(qxText::toUtf8(script).c_str());
 }
 
 void qxVariantSet::showGeometry()
 {
     for (const QString &nodeName : geometries) {
-        for (const qxNodePtr &node : qxScenegraph::findNodes(nodeName.toUtf8().constData()))
+        for (const qxNodePtr &node : qxNames::findNodes(nodeName))
             pushEnable(node);
     }
 }
@@ -193,7 +192,7 @@ void qxVariantSet::showGeometry()
 void qxVariantSet::hideGeometry()
 {
     for (const QString &nodeName : geometries) {
-        for (const qxNodePtr &node : qxScenegraph::findNodes(nodeName.toUtf8().constData()))
+        for (const qxNodePtr &node : qxNames::findNodes(nodeName))
             pushDisable(node);
     }
 }

@@ -9,9 +9,7 @@
 
 #include "qxFindCache.h"
 #include "qxForecast.h"
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
-#include "qxText.h"
+#include "qxNames.h"
 
 #include <OpenSG/OSGSwitch.h>
 #include <OpenSG/OSGSwitchMaterial.h>
@@ -163,7 +161,7 @@ void qxVariantVerifier::verifyNodeVariants()
 void qxVariantVerifier::verifyNodeVariant(qxNodeVariant &variant)
 {
     Subject subject(*this, NodeVariantType, variant.name, variant.nodeName);
-    const qxNodePtr node = qxScenegraph::findNode(qxText::toUtf8(variant.nodeName).c_str());
+    const qxNodePtr node = qxNames::findNode(variant.nodeName);
     if (node == osg::NullFC)
         return subject.error(QString(), "switch-node not found");
 
@@ -193,8 +191,7 @@ void qxVariantVerifier::verifyMaterialVariants()
 void qxVariantVerifier::verifyMaterialVariant(qxMaterialVariant &variant)
 {
     Subject subject(*this, MaterialVariantType, variant.name, variant.switchMaterialName);
-    const osg::MaterialPtr material =
-        qxMaterials::findMaterial(qxText::toUtf8(variant.switchMaterialName).c_str());
+    const osg::MaterialPtr material = qxNames::findMaterial(variant.switchMaterialName);
     if (material == osg::NullFC)
         return subject.error(QString(), "switch-material not found");
     if (osg::SwitchMaterialPtr::dcast(material) == osg::NullFC)
@@ -219,16 +216,16 @@ void qxVariantVerifier::writeError(const QString &type, const QString &a, const 
 {
     ++m_errors;
     report({QStringLiteral("Error"), type, a, b, c, QString::fromUtf8(message)});
-    std::printf("Error,%s,%s,%s,%s,%s\n", type.toUtf8().constData(), a.toUtf8().constData(),
-                b.toUtf8().constData(), c.toUtf8().constData(), message);
+    std::printf("Error,%s,%s,%s,%s,%s\n", qxText::toUtf8(type).c_str(), qxText::toUtf8(a).c_str(),
+                qxText::toUtf8(b).c_str(), qxText::toUtf8(c).c_str(), message);
 }
 
 void qxVariantVerifier::writeInfo(const QString &type, const QString &a, const QString &b,
                                   const QString &c, const char *message)
 {
     report({QStringLiteral("Info"), type, a, b, c, QString::fromUtf8(message)});
-    std::printf("Info,%s,%s,%s,%s,%s\n", type.toUtf8().constData(), a.toUtf8().constData(),
-                b.toUtf8().constData(), c.toUtf8().constData(), message);
+    std::printf("Info,%s,%s,%s,%s,%s\n", qxText::toUtf8(type).c_str(), qxText::toUtf8(a).c_str(),
+                qxText::toUtf8(b).c_str(), qxText::toUtf8(c).c_str(), message);
 }
 
 void qxVariantVerifier::report(const QStringList &columns)

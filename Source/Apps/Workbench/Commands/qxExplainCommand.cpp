@@ -10,6 +10,7 @@
 #include "qxController.h"
 #include "qxExplanation.h"
 #include "qxMessage.h"
+#include "qxText.h"
 #include "qxUnknownName.h"
 
 #include <QCommandLineParser>
@@ -55,15 +56,15 @@ qxSelectionOutcome selectQuietly(const qxVariantSet &set)
     const int listener = qxController::addListener([&](const char *name, qxMessage *message, int) {
         if (message && std::strcmp(name, "animationStart") == 0) {
             if (const auto *clip = message->get<std::string>("animation-name"))
-                outcome.animations += QString::fromStdString(*clip);
+                outcome.animations += qxText::fromUtf8(*clip);
         }
     });
     const qxScriptRunner::Allowed before = qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
-    qxVariants::selectVariantSet(set.name.toUtf8().constData(), false);
+    qxVariants::selectVariantSet(qxText::toUtf8(set.name).c_str(), false);
     qxScriptRunner::setAllowed(before);
     qxController::removeListener(listener);
     const qxUberCamera *camera = qxUberCameraPool::the()->get(qxMainView::the().viewpoint);
-    outcome.viewpoint = camera ? QString::fromStdString(camera->name) : QString();
+    outcome.viewpoint = camera ? qxText::fromUtf8(camera->name) : QString();
     outcome.isClipped = isClippedAs(set.analyzer);
     return outcome;
 }

@@ -9,6 +9,7 @@
 #include "Session/qxSession.h"
 #include "qxCommand.h"
 #include "qxExplanation.h"
+#include "qxText.h"
 #include "qxUnknownName.h"
 
 #include <QCommandLineParser>
@@ -103,7 +104,7 @@ void foreseeAll(const QStringList &names, bool keepCamera, bool json)
     qxForecast forecast;
     qxSceneState state = qxSceneState::take();
     const qxUberCamera *const camera = qxUberCameraPool::the()->get(qxMainView::the().viewpoint);
-    QString viewpoint = camera ? QString::fromStdString(camera->name) : QString();
+    QString viewpoint = camera ? qxText::fromUtf8(camera->name) : QString();
     for (const QString &name : names) {
         const qxExplanation explanation(*qxVariants::findVariantSet(name), forecast);
         const QString next = viewpointAfter(explanation, keepCamera);
@@ -136,7 +137,7 @@ void selectAll(const QStringList &names, bool keepCamera, bool json)
             return;
         const QStringList missing = missingFor(name);
         qxChangeReport report;
-        qxVariants::selectVariantSet(name.toUtf8().constData(), keepCamera);
+        qxVariants::selectVariantSet(qxText::toUtf8(name).c_str(), keepCamera);
         report.finish(name, missing);
         reports.add(report);
     }

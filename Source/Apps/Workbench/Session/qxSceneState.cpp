@@ -3,7 +3,6 @@
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
 #include "qxForecast.h"
-#include "qxMaterials.h"
 #include "qxNames.h"
 #include "qxNodeUtils.h"
 #include "qxOverlays.h"
@@ -123,7 +122,7 @@ QList<qxSceneChange> qxSceneState::nodeChanges(const NodeState &before, const No
     if (before.choice != after.choice)
         add(choiceText(after.node.get(), before.choice),
             choiceText(after.node.get(), after.choice));
-    add(QString::fromStdString(before.pose), QString::fromStdString(after.pose));
+    add(qxText::fromUtf8(before.pose), qxText::fromUtf8(after.pose));
     return changes;
 }
 

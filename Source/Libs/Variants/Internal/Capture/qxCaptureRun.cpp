@@ -190,5 +190,5 @@ void qxCaptureRun::takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr
     if (m_notes.materials.contains(path))
         return;
     m_notes.materials.insert(path, nameOf(now.get()));
-    qxSceneEdits::shareMaterial(qxPathLookup::findPath(path.toUtf8().constData()));
+    qxSceneEdits::shareMaterial(qxPathLookup::findPath(qxText::toUtf8(path).c_str()));
 }

@@ -7,9 +7,9 @@
 
 #include "qxController.h"
 #include "qxLog.h"
+#include "qxNames.h"
 #include "qxNodeUtils.h"
 #include "qxOpenSGUtils.h"
-#include "qxText.h"
 
 #include <OpenSG/OSGSwitch.h>
 
@@ -75,7 +75,7 @@ public:
 
     bool contain(const osg::NodePtr &node) const
     {
-        const QString name = qxText::fromUtf8(qxNodeUtils::getName(node));
+        const QString name = qxNames::nameOf(node);
         if (name.isEmpty()) // sets may hold empty names, which mean no node
             return m_paths.contains(qxPathLookup::getNodePath(node));
         return m_variants.contains(name) || m_paths.contains(qxPathLookup::getNodePath(node))
@@ -92,7 +92,7 @@ private:
             const osg::NodePtr parent = instance->getParent();
             if (parent == osg::NullFC || osg::SwitchPtr::dcast(parent->getCore()) == osg::NullFC)
                 continue;
-            if (m_states.contains({qxText::fromUtf8(qxNodeUtils::getName(parent)), name}))
+            if (m_states.contains({qxNames::nameOf(parent), name}))
                 return true;
         }
         return false;

@@ -158,6 +158,6 @@ void qxSceneCapture::activate(const char *name)
         return;
     const QString script =
         QStringLiteral("selectVariantSet('%1')").arg(qxText::escaped(set->name, QLatin1Char('\'')));
-    qxScript::executeNUS(script.toUtf8().constData(), qxConnector::the()->syncVariants());
+    qxScript::executeNUS(qxText::toUtf8(script).c_str(), qxConnector::the()->syncVariants());
     qxScenegraph::update(0);
 }
