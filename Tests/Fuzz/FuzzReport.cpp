@@ -7,6 +7,7 @@
 
 #include "FuzzHost.h"
 #include "qxExplanation.h"
+#include "qxForecast.h"
 #include "qxLinter.h"
 
 namespace {
@@ -31,7 +32,8 @@ void verify()
 void explainSets()
 {
     for (qxVariantSet *set : qxVariants::_variantSets) {
-        qxExplanation explanation(*set);
+        qxForecast forecast;
+        qxExplanation explanation(*set, forecast);
         const std::size_t entries = explanation.entries().size();
         set->select(true, false);
         explanation.compare({});
