@@ -106,12 +106,13 @@ void foreseeAll(const QStringList &names, bool keepCamera, bool json)
     const qxUberCamera *const camera = qxUberCameraPool::the()->get(qxMainView::the().viewpoint);
     QString viewpoint = camera ? qxText::fromUtf8(camera->name) : QString();
     for (const QString &name : names) {
-        const qxExplanation explanation(*qxVariants::findVariantSet(name), forecast);
+        const qxVariantSet &set = *qxVariants::findVariantSet(name);
+        const qxExplanation explanation(set, forecast);
         const QString next = viewpointAfter(explanation, keepCamera);
         qxChangeReport report(state);
         state = state.after(forecast);
-        report.foresee(name, explanation, state, next == viewpoint ? QString() : next,
-                       missingFor(name));
+        report.foresee(set, explanation, state, next == viewpoint ? QString() : next,
+                       missingVariants(set));
         viewpoint = next.isEmpty() ? viewpoint : next;
         reports.add(report);
     }
