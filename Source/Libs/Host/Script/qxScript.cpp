@@ -1,14 +1,14 @@
-#include "Script/qxScriptRunner.h"
+#include "qxScript.h"
 
 #include "Core/qxCallList.h"
 #include "Script/qxInterpreter.h"
 #include "Script/qxScriptError.h"
 #include "Script/qxScriptInterrupt.h"
 #include "Script/qxScriptNesting.h"
+#include "Script/qxScriptRunner.h"
 #include "Script/qxScriptScene.h"
 #include "Script/qxScriptSession.h"
 #include "Script/qxScriptWatchdog.h"
-#include "qxScript.h"
 
 #include <optional>
 #include <utility>
