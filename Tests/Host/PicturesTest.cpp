@@ -9,10 +9,8 @@
 #include <QImage>
 #include <QTest>
 
-namespace {
-
-osg::ImageRefPtr picture(osg::UInt32 format, int width, int height,
-                         const std::vector<osg::UInt8> &bytes)
+static osg::ImageRefPtr picture(osg::UInt32 format, int width, int height,
+                                const std::vector<osg::UInt8> &bytes)
 {
     const osg::ImageRefPtr image(osg::Image::create());
     const osg::CPEditor edit(image.get());
@@ -20,7 +18,7 @@ osg::ImageRefPtr picture(osg::UInt32 format, int width, int height,
     return image;
 }
 
-QImage converted(const osg::ImageRefPtr &image)
+static QImage converted(const osg::ImageRefPtr &image)
 {
     QImage result(3, 3, QImage::Format_RGB32);
     qxImageRenderWidget::convertToQImage(result, image.get());
@@ -56,8 +54,6 @@ protected:
         return QTest::qWaitFor([&view] { return !view.isRefining(); }, 60000);
     }
 };
-
-} // namespace
 
 TEST_F(PicturesTest, PicturesOfTheSceneGraphAreTurnedOverForTheUserInterface)
 {

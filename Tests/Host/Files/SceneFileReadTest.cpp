@@ -5,8 +5,6 @@
 
 #include <sys/stat.h>
 
-namespace {
-
 /// What is no scene at all, and words of the message that it must cause.
 const std::pair<const char *, const char *> _texts[] = {
     {"", "not valid JSON"},
@@ -17,8 +15,6 @@ const std::pair<const char *, const char *> _texts[] = {
     {R"({"asset": {"version": "2.1", "minVersion": "2.1"}})", "made for glTF version 2.1"},
     {"{\"asset\": \"\xff\"}", "not valid JSON"},
 };
-
-} // namespace
 
 class SceneFileReadTest : public SceneFileFixture {
 protected:

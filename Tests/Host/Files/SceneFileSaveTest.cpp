@@ -11,16 +11,12 @@
 
 #include <QDir>
 
-namespace {
-
 template <class Core>
-void setNewCore(const osg::NodePtr &node)
+static void setNewCore(const osg::NodePtr &node)
 {
     const osg::CPEditor edit(node, osg::Node::CoreFieldMask);
     node->setCore(Core::create());
 }
-
-} // namespace
 
 /// The scene holds everything that a save may change, and much that it must not.
 class SceneFileSaveTest : public SceneFileFixture {

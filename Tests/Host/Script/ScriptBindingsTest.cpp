@@ -5,8 +5,6 @@
 
 #include <OpenSG/OSGSimpleAttachments.h>
 
-namespace {
-
 typedef std::vector<std::pair<std::string, std::string>> Values;
 
 class ScriptBindingsTest : public ScriptFixture {
@@ -17,8 +15,6 @@ protected:
             EXPECT_EQ(value(expected.first), expected.second) << expected.first;
     }
 };
-
-} // namespace
 
 TEST_F(ScriptBindingsTest, PointsAndVectorsAreThreeNumbersThatKeepTheirFloats)
 {

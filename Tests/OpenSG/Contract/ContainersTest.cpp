@@ -8,12 +8,10 @@
 
 using namespace osg;
 
-namespace {
-
-auto &factory = *FieldContainerFactory::the();
+static auto &factory = *FieldContainerFactory::the();
 
 /// The names of a type and of all that it is derived from.
-std::string chainOf(const FieldContainerType *type)
+static std::string chainOf(const FieldContainerType *type)
 {
     std::string chain;
     for (; type; type = type->getParent())
@@ -21,12 +19,10 @@ std::string chainOf(const FieldContainerType *type)
     return chain;
 }
 
-NamePtr nameOf(const NodePtr &node)
+static NamePtr nameOf(const NodePtr &node)
 {
     return NamePtr::dcast(node->findAttachment(Name::getClassType()));
 }
-
-} // namespace
 
 TEST(Types, StandInTheirChainsOfParents)
 {

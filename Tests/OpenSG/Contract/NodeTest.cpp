@@ -4,8 +4,6 @@
 
 using namespace osg;
 
-namespace {
-
 /// A node with three children, all named; the first one has a switch as its core.
 class Family : public testing::Test {
 protected:
@@ -32,14 +30,14 @@ protected:
     const NodeRefPtr m_root = held<Node>(), m_other = held<Node>();
 };
 
-Pnt3f moved(const TransformPtr &transform, const Pnt3f &point)
+static Pnt3f moved(const TransformPtr &transform, const Pnt3f &point)
 {
     Pnt3f result;
     transform->getMatrix().multMatrixPnt(point, result);
     return result;
 }
 
-NodePtr nodeAt(const Vec3f &translation)
+static NodePtr nodeAt(const Vec3f &translation)
 {
     TransformPtr transform;
     const NodePtr node = makeCoredNode<Transform>(&transform);
@@ -47,8 +45,6 @@ NodePtr nodeAt(const Vec3f &translation)
     endEditCP(transform, Transform::MatrixFieldMask);
     return node;
 }
-
-} // namespace
 
 TEST_F(Family, AChildThatIsAddedAgainMoves)
 {

@@ -12,11 +12,9 @@
 
 using namespace osg;
 
-namespace {
-
 /// Gives an owner the same thing twice: it takes one reference and releases it when it goes.
 template <class Owner, class Thing, class Give>
-void expectCounted(const char *how, Give give)
+static void expectCounted(const char *how, Give give)
 {
     const auto thing = held<Thing>();
     auto owner = held<Owner>();
@@ -32,15 +30,13 @@ void expectCounted(const char *how, Give give)
     expectCounted<Owner, Thing>(#call, \
                                 [](const Owner::Ptr &owner, Thing::Ptr &thing) { owner->call; })
 
-std::string counts(const NodeRefPtr &first, const NodeRefPtr &second)
+static std::string counts(const NodeRefPtr &first, const NodeRefPtr &second)
 {
     return std::to_string(first.get().getRefCount()) + " "
         + std::to_string(second.get().getRefCount());
 }
 
 const NodePtr madeBeforeMain = NullFC;
-
-} // namespace
 
 TEST(Pointers, AreNullWhenMadeBeforeTheLibraryStarts)
 {

@@ -2,8 +2,6 @@
 
 #include "CaptureFixture.h"
 
-namespace {
-
 class NodePathsTest : public CaptureFixture {
 protected:
     typedef std::vector<qxNodePtr> Nodes;
@@ -93,5 +91,3 @@ TEST_F(NodePathsTest, TheFirstNodeOfAPathGivesTheOthersItsMaterial)
     EXPECT_EQ(qxNodeUtils::getMaterial(other), blue.material());
     EXPECT_FALSE(qxVariants::checkIfNodeMatchesNodePath(geometry, "first seat 1", true));
 }
-
-} // namespace

@@ -6,8 +6,6 @@
 
 #include <OpenSG/OSGSwitchMaterial.h>
 
-namespace {
-
 class MaterialRepairTest : public DocumentFixture {
 protected:
     void readVariant(const QByteArray &base, const QByteArrayList &states)
@@ -44,8 +42,6 @@ protected:
 
     const std::vector<unsigned int> once{0x10000};
 };
-
-} // namespace
 
 TEST_F(MaterialRepairTest, AnExistingSwitchMaterialIsLeftAlone)
 {

@@ -9,15 +9,13 @@
 #include "qxConnector.h"
 #include "qxLights.h"
 
-namespace {
-
 typedef KindFixture LightVariantTest;
 typedef KindFixture OverlayVariantTest;
 typedef KindFixture TransformVariantTest;
 typedef HostFixture AnalyzerVariantTest;
 
 /// What the setting runs in that state.
-std::vector<qxScriptText> scriptsOf(qxAnalyzerVariant clip, int state)
+static std::vector<qxScriptText> scriptsOf(qxAnalyzerVariant clip, int state)
 {
     std::vector<qxScriptText> scripts;
     const int listener = qxScriptRunner::addListener(
@@ -27,8 +25,6 @@ std::vector<qxScriptText> scriptsOf(qxAnalyzerVariant clip, int state)
     qxScriptRunner::removeListener(listener);
     return scripts;
 }
-
-} // namespace
 
 TEST_F(LightVariantTest, EachLightOfTheNameIsSwitchedAndAnnounced)
 {

@@ -7,10 +7,8 @@
 
 #include <locale>
 
-namespace {
-
 /// A script's answer, printed just so, in place of the host's.
-void answer(const std::string &word, const std::string &printed)
+static void answer(const std::string &word, const std::string &printed)
 {
     const std::string script = "class Answer(object):\n"
                                "    def __init__(self, text): self.text = text\n"
@@ -34,8 +32,6 @@ protected:
 
     qxVariantSet set{"Winter"};
 };
-
-} // namespace
 
 TEST_F(ClippingAnswersTest, EverySettingOfTheHostArrivesExactlyInEveryLanguage)
 {

@@ -8,8 +8,6 @@
 #include "HostFixture.h"
 #include "qxController.h"
 
-namespace {
-
 typedef std::vector<std::string> Texts;
 
 class HandleTest : public HostFixture {
@@ -27,8 +25,6 @@ protected:
     qxVariantSet *const set = qxVariants::createVariantSet("Winter", false, nullptr);
     qxVariantSetPtr handle{set};
 };
-
-} // namespace
 
 TEST_F(HandleTest, HotkeysOfDigitsAndCapitalsStandInTheOldForm)
 {
