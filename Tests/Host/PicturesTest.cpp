@@ -72,7 +72,7 @@ TEST_F(PicturesTest, PicturesOfTheSceneGraphAreTurnedOverForTheUserInterface)
         EXPECT_TRUE(converted(osg::ImageRefPtr(none)).isNull());
 }
 
-TEST_F(PicturesTest, TheMainViewIsFoundWhileItLives)
+TEST_F(PicturesTest, TheMainViewIsFoundWhileItLivesAndShowsAPictureUntilANewOneIsAskedFor)
 {
     {
         const qxMainGlView view(8, 4);
@@ -83,10 +83,7 @@ TEST_F(PicturesTest, TheMainViewIsFoundWhileItLives)
     }
     EXPECT_EQ(qxOSGWidget::getMGLW(-1), nullptr);
     qxOSGWidget::cancelAntialiasing();
-}
 
-TEST_F(PicturesTest, APictureIsShownUntilANewOneIsAskedFor)
-{
     qxMainGlView view(8, 4);
     view.show(picture(osg::Image::OSG_RGB_PF, 1, 1, {1, 2, 3}).get());
     QCoreApplication::processEvents();

@@ -2,7 +2,6 @@
 #include "Materials/qxSurface.h"
 
 #include <OpenSG/OSGComponentTransform.h>
-#include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSimpleGeometry.h>

@@ -1,7 +1,6 @@
 #include "Core/qxRenderRequests.h"
 #include "Scene/qxClipping.h"
 #include "ScriptFixture.h"
-#include "qxMaterials.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 

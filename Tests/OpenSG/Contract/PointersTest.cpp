@@ -45,7 +45,7 @@ TEST(Pointers, AreNullWhenMadeBeforeTheLibraryStarts)
     EXPECT_EQ(madeBeforeMain.getRefCount(), 0);
 }
 
-TEST(Pointers, ToOneObjectAreEqual)
+TEST(Pointers, ToOneObjectAreEqualAndAreCastDownToWhatItIs)
 {
     const auto owner = held<Switch>();
     const SwitchPtr asSwitch = owner.get();
@@ -60,11 +60,7 @@ TEST(Pointers, ToOneObjectAreEqual)
     ofNull << NodePtr();
     EXPECT_NE(printed.str(), ofNull.str());
     EXPECT_NE(printed.str(), "");
-}
 
-TEST(Pointers, AreCastDownToWhatTheirObjectIs)
-{
-    const auto owner = held<Switch>();
     const NodeCorePtr core = owner.get();
     EXPECT_EQ(SwitchPtr::dcast(core), core);
     EXPECT_EQ(dynamic_fcptr_cast<GroupPtr>(core), core);
@@ -74,7 +70,7 @@ TEST(Pointers, AreCastDownToWhatTheirObjectIs)
     EXPECT_EQ(SwitchPtr(owner.getCPtr()), core);
 }
 
-TEST(References, AreCountedOnceByWhoeverIsGivenAnObject)
+TEST(References, AreCountedOnceByWhoeverIsGivenAnObjectButNotByBaseClassSetters)
 {
     EXPECT_COUNTED(Node, Switch, setCore(thing));
     EXPECT_COUNTED(Node, Node, addChild(thing));
@@ -94,6 +90,12 @@ TEST(References, AreCountedOnceByWhoeverIsGivenAnObject)
                    hasMaterial(thing) ? void() : owner->addMaterial(thing));
     EXPECT_COUNTED(MultiPassMaterial, SimpleMaterial,
                    hasMaterial(thing) ? void() : owner->addMaterial(thing));
+
+    const auto material = held<SimpleMaterial>();
+    const auto group = held<MaterialGroup>();
+    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(material.get());
+    EXPECT_EQ(material.get().getRefCount(), 1);
+    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(NullFC);
 }
 
 TEST(References, TurnTheHandedInPointerToNullWithTheLastRelease)
@@ -143,15 +145,6 @@ TEST(References, OfChildrenAreReleasedWhenTheyAreReplaced)
     root->setCore(Switch::create());
     root->setCore(root->getCore()); // The node alone holds it.
     EXPECT_EQ(root->getCore().getRefCount(), 1);
-}
-
-TEST(References, AreNotTakenByBaseClassSetters)
-{
-    const auto material = held<SimpleMaterial>();
-    const auto group = held<MaterialGroup>();
-    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(material.get());
-    EXPECT_EQ(material.get().getRefCount(), 1);
-    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(NullFC);
 }
 
 TEST(RefPtrs, ReleaseWhatTheyHeldWhenTheyAreGivenMore)

@@ -9,7 +9,6 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
-#include "qxController.h"
 #include "qxOverlays.h"
 
 #include <OpenSG/OSGGraphOpFactory.h>

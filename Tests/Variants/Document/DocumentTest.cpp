@@ -173,14 +173,11 @@ TEST_F(DocumentTest, ASingleVariantIsReadForThreeKindsOnly)
     EXPECT_EQ(readOne("Transform"), nullptr);
 }
 
-TEST_F(DocumentTest, AnyPreviewIsKeptAndAShortOnePrinted)
+TEST_F(DocumentTest, AnyPreviewIsKeptAShortOnePrintedAndOneThatIsTooLargeNotDecoded)
 {
     EXPECT_EQ(printed(QByteArray(79, 'A')), "\t" + std::string(79, 'A') + "\n");
     EXPECT_EQ(printed(QByteArray(80, 'A')), "");
-}
 
-TEST_F(DocumentTest, APictureThatIsTooLargeForAPreviewIsNotDecoded)
-{
     QBuffer huge;
     QImage(16000, 16000, QImage::Format_Mono).save(&huge, "PNG");
     rusage before, after;

@@ -78,17 +78,14 @@ TEST_F(MalformedTest, IsReportedAndChangesNothing)
     }
 }
 
-TEST_F(MalformedTest, WhatOnlyLooksDangerousIsRead)
+TEST_F(MalformedTest, WhatOnlyLooksDangerousIsReadUpToANul)
 {
     for (const QByteArray &document : harmless) {
         notifications.clear();
         read(document);
         EXPECT_EQ(notifications.entries().size(), 7u) << document.left(200).constData();
     }
-}
 
-TEST_F(MalformedTest, TextEndsAtANul)
-{
     const char document[] = "<Variants><VariantSet name=\"S\"/></Variants>\0<not read";
     read(QByteArray(document, sizeof(document)));
     EXPECT_TRUE(qxVariants::findVariantSet("S"));

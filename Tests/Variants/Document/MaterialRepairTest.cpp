@@ -1,8 +1,6 @@
 #include "qxMaterialVariant.h"
 
 #include "DocumentFixture.h"
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
 
