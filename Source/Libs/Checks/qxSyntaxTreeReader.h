@@ -2,7 +2,6 @@
 
 #include "qxSyntaxTree.h"
 
-#include <QHash>
 #include <QSet>
 #include <QXmlStreamReader>
 

@@ -22,11 +22,6 @@ using qxNames::findMaterial;
 using qxNames::nameOf;
 using qxSwitchMaterials::chosen;
 
-std::vector<osg::MaterialPtr> findMaterials(const QString &name)
-{
-    return qxNames::findMaterials(name);
-}
-
 /// Puts the switch materials of one name into a state and announces them.
 class MaterialChanges : public qxStateWriter {
 public:
@@ -85,10 +80,8 @@ void wrap(const osg::MaterialPtr &material, const QString &name)
 
 void setMasks(const QString &switchMaterialName, osg::UInt32 mask)
 {
-    for (const osg::MaterialPtr &material : findMaterials(switchMaterialName)) {
-        std::vector<qxNodePtr> nodes;
-        qxMaterials::getNodesWithMaterial(nodes, material);
-        for (const qxNodePtr &node : nodes)
+    for (const osg::MaterialPtr &material : qxNames::findMaterials(switchMaterialName)) {
+        for (const qxNodePtr &node : qxSwitchMaterials::usersOf(material))
             qxSceneEdits::setTraversalMask(node, mask);
     }
 }

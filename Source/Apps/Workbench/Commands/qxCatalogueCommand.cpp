@@ -79,10 +79,8 @@ int run(const QCommandLineParser &parser)
     const QStringList names = qxSetPreviews::allNames();
     int done = 0;
     const qxCataloguePage::Pictures pictures = makePictures(names, done);
-    if (qxInterrupt::isAsked() && pictures.isEmpty()) {
-        qxOutput::error(QStringLiteral("interrupted; no page was written"));
-        return Interrupted;
-    }
+    if (qxInterrupt::isAsked() && pictures.isEmpty())
+        return qxCommands::endedEarly(QStringLiteral("no page was written"));
     if (!qxSetPreviews::reopen(session, file, {}))
         return WorkFailed;
     if (!qxStreams::write(page, qxCataloguePage::html(QFileInfo(file).fileName(), pictures)))
@@ -90,12 +88,10 @@ int run(const QCommandLineParser &parser)
     qxOutput::line(page);
     if (done == names.size())
         return qxCommands::codeAfterScripts();
-    qxOutput::error(QStringLiteral("%1; %2 of %3 sets have no new picture")
-                        .arg(qxInterrupt::isAsked() ? QStringLiteral("interrupted")
-                                                    : QStringLiteral("a picture failed"))
-                        .arg(names.size() - done)
-                        .arg(names.size()));
-    return qxInterrupt::isAsked() ? Interrupted : WorkFailed;
+    const int left = names.size() - done;
+    return qxCommands::endedEarly(
+        QStringLiteral("%1 of %2 sets have no new picture").arg(left).arg(names.size()),
+        QStringLiteral("a picture failed"));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "Report/qxOutput.h"
 #include "Script/qxScriptRunner.h"
+#include "Session/qxInterrupt.h"
 #include "Session/qxMemoryLimit.h"
 #include "Session/qxSession.h"
 
@@ -82,6 +83,13 @@ int qxCommands::codeAfterScripts()
     if (qxScriptRunner::wereInterrupted())
         return Interrupted;
     return qxScriptRunner::haveFailed() ? WorkFailed : Success;
+}
+
+int qxCommands::endedEarly(const QString &done, const QString &failure)
+{
+    if (qxInterrupt::isAsked())
+        return fail(QStringLiteral("interrupted; %1").arg(done), Interrupted);
+    return failure.isEmpty() ? WorkFailed : fail(QStringLiteral("%1; %2").arg(failure, done));
 }
 
 int qxCommands::fail(const QString &reason, qxExitCode code)

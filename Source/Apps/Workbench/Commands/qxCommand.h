@@ -71,6 +71,9 @@ int saveIfAsked(qxSession &session, const QCommandLineParser &parser);
 /// The exit code of a command that succeeded itself, but whose scripts of sets may have failed or
 /// been interrupted.
 int codeAfterScripts();
+/// The exit code of work that ended before it was complete. Prints to standard error why, and what
+/// is done: that it was interrupted or this failure, which is empty when it was told otherwise.
+int endedEarly(const QString &done, const QString &failure = QString());
 /// Prints to standard error why the command fails, and returns the code.
 int fail(const QString &reason, qxExitCode code = WorkFailed);
 

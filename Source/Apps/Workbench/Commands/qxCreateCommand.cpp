@@ -28,26 +28,6 @@ void runOperation(const char *name, const osg::NodePtr &root)
     dynamic_cast<qxVariantCreator &>(*operation).traverse(root);
 }
 
-void createNodes()
-{
-    runOperation("qxNodeVariantCreator", qxScenegraph::getRoot());
-}
-
-void createLights()
-{
-    runOperation("qxLightVariantCreator", qxScenegraph::getRoot());
-}
-
-void createOverlays()
-{
-    runOperation("qxOverlayVariantCreator", qxOverlays::getPoolRoot());
-}
-
-void createTransforms()
-{
-    runOperation("qxTransformVariantCreator", qxScenegraph::getRoot());
-}
-
 /// Plain materials are left alone: a variant would put a switch material in their place.
 void createMaterials()
 {
@@ -64,11 +44,12 @@ struct Kind {
     void (*create)();
 };
 
-const Kind kinds[] = {{"nodes", createNodes},
-                      {"lights", createLights},
-                      {"overlays", createOverlays},
-                      {"transforms", createTransforms},
-                      {"materials", createMaterials}};
+const Kind kinds[] = {
+    {"nodes", [] { runOperation("qxNodeVariantCreator", qxScenegraph::getRoot()); }},
+    {"lights", [] { runOperation("qxLightVariantCreator", qxScenegraph::getRoot()); }},
+    {"overlays", [] { runOperation("qxOverlayVariantCreator", qxOverlays::getPoolRoot()); }},
+    {"transforms", [] { runOperation("qxTransformVariantCreator", qxScenegraph::getRoot()); }},
+    {"materials", createMaterials}};
 
 QStringList allWords()
 {
@@ -136,9 +117,9 @@ int run(const QCommandLineParser &parser)
     for (const QString &word : words) {
         if (allWords().contains(word))
             continue;
-        qxOutput::error(QStringLiteral("unknown kind \"%1\"; there are %2")
-                            .arg(word, allWords().join(QLatin1String(", "))));
-        return WrongUse;
+        return qxCommands::fail(QStringLiteral("unknown kind \"%1\"; there are %2")
+                                    .arg(word, allWords().join(QLatin1String(", "))),
+                                WrongUse);
     }
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))

@@ -2,6 +2,7 @@
 #include "qxVariants.h"
 
 #include "Cameras/qxMainView.h"
+#include "Report/qxChangeReport.h"
 #include "Report/qxOutput.h"
 #include "Scene/qxClipping.h"
 #include "Script/qxScriptRunner.h"
@@ -9,7 +10,6 @@
 #include "qxCommand.h"
 #include "qxController.h"
 #include "qxExplanation.h"
-#include "qxMessage.h"
 #include "qxText.h"
 #include "qxUnknownName.h"
 
@@ -18,7 +18,6 @@
 #include <QJsonObject>
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -53,18 +52,12 @@ bool isClippedAs(const qxAnalyzerVariant &wanted)
 qxSelectionOutcome selectQuietly(const qxVariantSet &set)
 {
     qxSelectionOutcome outcome;
-    const int listener = qxController::addListener([&](const char *name, qxMessage *message, int) {
-        if (message && std::strcmp(name, "animationStart") == 0) {
-            if (const auto *clip = message->get<std::string>("animation-name"))
-                outcome.animations += qxText::fromUtf8(*clip);
-        }
-    });
+    const int listener = qxChangeReport::listenForClips(outcome.animations);
     const qxScriptRunner::Allowed before = qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
     qxVariants::selectVariantSet(qxText::toUtf8(set.name).c_str(), false);
     qxScriptRunner::setAllowed(before);
     qxController::removeListener(listener);
-    const qxUberCamera *camera = qxUberCameraPool::the()->get(qxMainView::the().viewpoint);
-    outcome.viewpoint = camera ? qxText::fromUtf8(camera->name) : QString();
+    outcome.viewpoint = qxText::fromUtf8(qxMainView::the().viewpointName());
     outcome.isClipped = isClippedAs(set.analyzer);
     return outcome;
 }

@@ -65,12 +65,9 @@ int run(const QCommandLineParser &parser)
         qxOutput::line(QStringLiteral("%1 made, %2 kept").arg(made).arg(kept));
     if (done == names.size())
         return qxCommands::codeAfterScripts();
-    qxOutput::error(QStringLiteral("%1; %2 of %3 sets are done and saved")
-                        .arg(qxInterrupt::isAsked() ? QStringLiteral("interrupted")
-                                                    : QStringLiteral("a preview failed"))
-                        .arg(done)
-                        .arg(names.size()));
-    return qxInterrupt::isAsked() ? Interrupted : WorkFailed;
+    return qxCommands::endedEarly(
+        QStringLiteral("%1 of %2 sets are done and saved").arg(done).arg(names.size()),
+        QStringLiteral("a preview failed"));
 }
 
 } // namespace

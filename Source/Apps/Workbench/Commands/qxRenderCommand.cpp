@@ -3,7 +3,6 @@
 
 #include "Files/qxOutputFile.h"
 #include "Report/qxContactSheet.h"
-#include "Report/qxOutput.h"
 #include "Report/qxPictureHint.h"
 #include "Report/qxProgress.h"
 #include "Session/qxInterrupt.h"
@@ -126,15 +125,6 @@ QByteArray picture(const Job &job)
     return qxSetPreviews::render(job.size.width(), job.size.height());
 }
 
-/// The exit code of work that ended before it was complete; the reason was told otherwise.
-int endedEarly(const QString &kept)
-{
-    if (!qxInterrupt::isAsked())
-        return WorkFailed;
-    qxOutput::error(QStringLiteral("interrupted; %1").arg(kept));
-    return Interrupted;
-}
-
 int renderOne(const Job &job)
 {
     QByteArray png;
@@ -146,7 +136,7 @@ int renderOne(const Job &job)
         png = picture(job);
     }
     if (png.isEmpty())
-        return endedEarly(QStringLiteral("no picture was written"));
+        return qxCommands::endedEarly(QStringLiteral("no picture was written"));
     qxPictureHint hint;
     hint.note(job.out);
     hint.tell();
@@ -164,7 +154,7 @@ int renderFolder(const Job &job)
     });
     if (done == names.size())
         return qxCommands::codeAfterScripts();
-    return endedEarly(
+    return qxCommands::endedEarly(
         QStringLiteral("%1 holds %2 of %3 pictures").arg(job.out).arg(done).arg(names.size()));
 }
 
@@ -182,7 +172,7 @@ int renderSheet(const Job &job)
         return WorkFailed;
     if (done == names.size())
         return qxCommands::codeAfterScripts();
-    return endedEarly(
+    return qxCommands::endedEarly(
         QStringLiteral("%1 shows %2 of %3 sets").arg(job.out).arg(done).arg(names.size()));
 }
 

@@ -103,8 +103,7 @@ void foreseeAll(const QStringList &names, bool keepCamera, bool json)
     Reports reports(json);
     qxForecast forecast;
     qxSceneState state = qxSceneState::take();
-    const qxUberCamera *const camera = qxUberCameraPool::the()->get(qxMainView::the().viewpoint);
-    QString viewpoint = camera ? qxText::fromUtf8(camera->name) : QString();
+    QString viewpoint = qxText::fromUtf8(qxMainView::the().viewpointName());
     for (const QString &name : names) {
         const qxVariantSet &set = *qxVariants::findVariantSet(name);
         const qxExplanation explanation(set, forecast);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QStringList>
-
 class QCommandLineParser;
 struct qxCommand;
 

@@ -17,12 +17,6 @@
 
 namespace {
 
-QString viewpointName(int id)
-{
-    const qxUberCamera *camera = qxUberCameraPool::the()->get(id);
-    return camera ? qxText::fromUtf8(camera->name) : QString();
-}
-
 QString clonesText(int others)
 {
     if (others == 0)
@@ -36,13 +30,7 @@ QString clonesText(int others)
 qxChangeReport::qxChangeReport(const qxSceneState &before)
     : m_before(before), m_viewpointBefore(qxMainView::the().viewpoint)
 {
-    m_notificationListener =
-        qxController::addListener([this](const char *name, qxMessage *message, int) {
-            if (message && strcmp(name, "animationStart") == 0) {
-                if (const auto *clip = message->get<std::string>("animation-name"))
-                    m_animations += qxText::fromUtf8(*clip);
-            }
-        });
+    m_notificationListener = listenForClips(m_animations);
     m_scriptListener = qxScriptRunner::addListener([this](const qxScriptText &script) {
         if (!script.isBlocked)
             m_scripts += qxText::fromUtf8(script.text).trimmed();
@@ -55,13 +43,23 @@ qxChangeReport::~qxChangeReport()
     qxScriptRunner::removeListener(m_scriptListener);
 }
 
+int qxChangeReport::listenForClips(QStringList &clips)
+{
+    return qxController::addListener([&clips](const char *name, qxMessage *message, int) {
+        if (message && strcmp(name, "animationStart") == 0) {
+            if (const auto *clip = message->get<std::string>("animation-name"))
+                clips += qxText::fromUtf8(*clip);
+        }
+    });
+}
+
 void qxChangeReport::finish(const QString &title, const QStringList &skipped)
 {
     m_title = title;
     m_skipped = skipped;
     m_changes = m_before.changesTo(qxSceneState::take());
     if (qxMainView::the().viewpoint != m_viewpointBefore)
-        m_viewpoint = viewpointName(qxMainView::the().viewpoint);
+        m_viewpoint = qxText::fromUtf8(qxMainView::the().viewpointName());
 }
 
 void qxChangeReport::foresee(const qxVariantSet &set, const qxExplanation &explanation,

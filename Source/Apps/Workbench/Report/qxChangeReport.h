@@ -16,6 +16,9 @@ public:
     qxChangeReport(const qxChangeReport &) = delete;
     ~qxChangeReport();
 
+    /// Adds every clip that starts, until qxController::removeListener() with this id.
+    static int listenForClips(QStringList &clips);
+
     /// Ends the recording. `title` names what was selected, `skipped` lists missing objects that it
     /// refers to.
     void finish(const QString &title, const QStringList &skipped);

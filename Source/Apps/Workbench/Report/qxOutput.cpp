@@ -9,7 +9,6 @@
 #include <QJsonObject>
 #include <QVector>
 
-#include <algorithm>
 #include <unistd.h>
 
 namespace {

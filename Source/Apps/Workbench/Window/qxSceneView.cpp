@@ -6,7 +6,6 @@
 #include "Report/qxPictureHint.h"
 #include "qxController.h"
 #include "qxImageRenderWidget.h"
-#include "qxNodeUtils.h"
 #include "qxOrbit.h"
 #include "qxScenegraph.h"
 

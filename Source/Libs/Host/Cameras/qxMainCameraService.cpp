@@ -34,6 +34,12 @@ qxMainView &qxMainView::the()
     return view;
 }
 
+std::string qxMainView::viewpointName() const
+{
+    const qxUberCamera *const found = qxUberCameraPool::the()->get(viewpoint);
+    return found ? found->name : std::string();
+}
+
 int qxMainCameraService::findViewpoint(const std::string &name) const
 {
     return qxUberCameraPool::the()->findViewpoint(name);

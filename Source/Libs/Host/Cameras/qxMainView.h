@@ -2,6 +2,8 @@
 
 #include "qxUberCameraPool.h"
 
+#include <string>
+
 /// The camera of the main view. The camera service moves it; a window may move it, too, and then
 /// sets `viewpoint` to -1.
 struct qxMainView {
@@ -9,6 +11,7 @@ struct qxMainView {
 
     qxUberCamera camera; ///< a nameless camera in the origin at start
     int viewpoint = -1; ///< id of the viewpoint that the camera was put to, -1 for none
+    std::string viewpointName() const; ///< empty for none
     qxUberCamera home; ///< where "home" leads
     bool hasHome = false;
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <utility>
 
 /// Functions that run in the order of their registration; others may be added and removed
 /// meanwhile.

@@ -3,7 +3,6 @@
 #include "qxVariant.h"
 
 #include <QHash>
-#include <QStringList>
 
 struct qxVariantKind;
 

@@ -5,7 +5,6 @@
 #include "qxVariant.h"
 
 #include "qxNames.h"
-#include "qxNodeUtils.h"
 #include "qxStateRules.h"
 #include "qxText.h"
 

@@ -1,7 +1,6 @@
 #include "Internal/Registry/qxSetSelection.h"
 
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Scene/qxNodeVisibility.h"
 #include "qxVariant.h"
 #include "qxVariantKinds.h"
 #include "qxVariantSetContents.h"

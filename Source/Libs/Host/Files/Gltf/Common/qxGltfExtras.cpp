@@ -12,12 +12,6 @@ const std::size_t _numbersPerState = 10;
 /// Beyond this length the matrix of a quaternion overflows sooner or later.
 const double _longQuaternion = 1e4;
 
-bool isFinite(const osg::Matrix &matrix)
-{
-    return std::all_of(matrix.getValues(), matrix.getValues() + 16,
-                       [](float number) { return std::isfinite(number); });
-}
-
 } // namespace
 
 bool qxGltfCountsChildren(const qxJson &node)
@@ -25,6 +19,12 @@ bool qxGltfCountsChildren(const qxJson &node)
     const qxJson &extras = qxGltfMember(node, "extras");
     return !qxGltfMember(extras, qxGltfKeys::switchChoice).is_null()
         || !qxGltfMember(extras, qxGltfKeys::sharesCoreOf).is_null();
+}
+
+bool qxGltfIsFinite(const osg::Matrix &matrix)
+{
+    return std::all_of(matrix.getValues(), matrix.getValues() + 16,
+                       [](float number) { return std::isfinite(number); });
 }
 
 osg::Quaternion qxGltfRotation(const float *numbers)
@@ -140,7 +140,7 @@ std::vector<osg::Matrix> qxGltfExtras::transforms(const char *key) const
     }
     for (std::size_t i = 0; i < all.size(); i += _numbersPerState)
         matrices.push_back(qxGltfMatrix(&all[i]));
-    if (std::all_of(matrices.begin(), matrices.end(), isFinite))
+    if (std::all_of(matrices.begin(), matrices.end(), qxGltfIsFinite))
         return matrices;
     warn(key, qxFileText::tr("holds numbers that are too large"));
     return {};

@@ -70,6 +70,7 @@ private:
 
 /// Whether the indices of the node's children matter: it is a switch, or shares a core.
 bool qxGltfCountsChildren(const qxJson &node);
+bool qxGltfIsFinite(const osg::Matrix &matrix);
 /// The rotation of the four numbers x y z w. Numbers far from a unit quaternion are normalized, so
 /// that matrices stay finite.
 osg::Quaternion qxGltfRotation(const float *numbers);

@@ -9,7 +9,6 @@
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <string>
-#include <unordered_map>
 
 /// The scene graph of a file, not yet shown. It is destroyed with this object unless it is shown.
 struct qxGltfScene {

@@ -1,6 +1,5 @@
 #include "Files/Gltf/Read/qxGltfSwitchMaterialBuilder.h"
 
-#include "Files/Gltf/Common/qxGltfCheckValues.h"
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "qxMaterials.h"
@@ -53,11 +52,6 @@ osg::MaterialPtr firstOf(const osg::SwitchMaterialPtr &material)
 {
     const bool hasNone = material == osg::NullFC || material->getMFMaterials()->empty();
     return hasNone ? osg::MaterialPtr() : material->getMaterial(0);
-}
-
-QString textOf(const osg::MaterialPtr &material)
-{
-    return qxNames::nameOf(material);
 }
 
 } // namespace
@@ -344,7 +338,8 @@ void qxGltfSwitchMaterialBuilder::describeVariants()
             const osg::MaterialPtr shown =
                 mapped == _notMapped ? firstOf(use.first) : material(mapped);
             if (shown != osg::NullFC && use.first->hasMaterial(shown))
-                m_scene.variants[variant].materials.push_back({textOf(use.first), textOf(shown)});
+                m_scene.variants[variant].materials.push_back(
+                    {qxNames::nameOf(use.first), qxNames::nameOf(shown)});
         }
     }
 }

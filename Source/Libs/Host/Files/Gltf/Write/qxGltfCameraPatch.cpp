@@ -5,7 +5,6 @@
 #include "qxUberCameraPool.h"
 
 #include <algorithm>
-#include <cmath>
 #include <unordered_map>
 #include <vector>
 
@@ -53,12 +52,6 @@ qxJson nodeJson(const qxUberCamera &camera, std::size_t index)
     return json;
 }
 
-bool isFinite(const osg::Matrix &matrix)
-{
-    return std::all_of(matrix.getValues(), matrix.getValues() + 16,
-                       [](float number) { return std::isfinite(number); });
-}
-
 /// What is shown as long as the file has no scenes.
 qxJson nodesWithoutParent(const qxJson &json)
 {
@@ -98,7 +91,8 @@ void qxGltfKeepViewpoints(qxJson &json, const qxGltfOrigin &origin, const qxGltf
         const std::string shownName = state.name.value_or("").empty() ? ownName : *state.name;
         if (!hasName && shownName != camera.name)
             qxGltfSetExtra(node, qxGltfKeys::viewpointName, camera.name);
-        if (!hasPose && isFinite(camera.toWorld) && state.node->getToWorld() != camera.toWorld)
+        if (!hasPose && qxGltfIsFinite(camera.toWorld)
+            && state.node->getToWorld() != camera.toWorld)
             qxGltfSetExtra(node, qxGltfKeys::viewpoint,
                            qxGltfNumberList(camera.toWorld.getValues(), 16));
     }

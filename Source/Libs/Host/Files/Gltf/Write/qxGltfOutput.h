@@ -5,7 +5,6 @@
 #include <QStringList>
 
 #include <map>
-#include <memory>
 #include <vector>
 
 class qxOutputFile;
