@@ -145,22 +145,17 @@ void decideSwitch(const qxSceneObject &object, qxStateRequest &request, qxEffect
 }
 
 /// A switch that is shown or hidden looks for a child of that name as well.
-void decideOverlay(const qxSceneObject &object, qxStateRequest &request, qxEffectTarget &target)
+template <bool KnowsTransformSwitches>
+void decideShownOrChosen(const qxSceneObject &object, qxStateRequest &request,
+                         qxEffectTarget &target)
 {
     const bool isShownOrHidden = decideShown(object, qxAspect::Visibility, request, target);
     if (switchOf(object) != osg::NullFC)
         decideSwitch(object, request, target);
+    else if (KnowsTransformSwitches && transformSwitchOf(object) != osg::NullFC)
+        decideTransformSwitch(object, request, target);
     else if (!isShownOrHidden)
         refuse(object, qxAspect::Choice, qxReason::NoSwitch, target);
-}
-
-/// Like an overlay, but for transform switches, which overlays do not know.
-void decideNode(const qxSceneObject &object, qxStateRequest &request, qxEffectTarget &target)
-{
-    if (transformSwitchOf(object) == osg::NullFC)
-        return decideOverlay(object, request, target);
-    decideShown(object, qxAspect::Visibility, request, target);
-    decideTransformSwitch(object, request, target);
 }
 
 /// Materials are chosen by name: a step to the second of two namesakes ends at the first.
@@ -221,10 +216,10 @@ void decideTransform(const qxSceneObject &object, qxStateRequest &request, qxEff
 
 namespace qxStateRules {
 
-const qxStateRule node{visitNodes, decideNode, true};
+const qxStateRule node{visitNodes, decideShownOrChosen<true>, true};
 const qxStateRule material{visitMaterials, decideMaterial};
 const qxStateRule light{visitNodes, decideLight};
-const qxStateRule overlay{visitOverlays, decideOverlay};
+const qxStateRule overlay{visitOverlays, decideShownOrChosen<false>};
 const qxStateRule transform{visitNodes, decideTransform};
 
 } // namespace qxStateRules

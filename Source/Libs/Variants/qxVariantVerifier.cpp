@@ -216,25 +216,20 @@ void qxVariantVerifier::writeError(const QString &type, const QString &a, const 
 {
     ++m_errors;
     report({QStringLiteral("Error"), type, a, b, c, QString::fromUtf8(message)});
-    std::printf("Error,%s,%s,%s,%s,%s\n", qxText::toUtf8(type).c_str(), qxText::toUtf8(a).c_str(),
-                qxText::toUtf8(b).c_str(), qxText::toUtf8(c).c_str(), message);
 }
 
 void qxVariantVerifier::writeInfo(const QString &type, const QString &a, const QString &b,
                                   const QString &c, const char *message)
 {
     report({QStringLiteral("Info"), type, a, b, c, QString::fromUtf8(message)});
-    std::printf("Info,%s,%s,%s,%s,%s\n", qxText::toUtf8(type).c_str(), qxText::toUtf8(a).c_str(),
-                qxText::toUtf8(b).c_str(), qxText::toUtf8(c).c_str(), message);
 }
 
 void qxVariantVerifier::report(const QStringList &columns)
 {
-    if (!m_file.isOpen())
-        return;
-    for (int i = 0; i < columns.size(); ++i)
-        m_stream << (i > 0 ? "," : "") << columns[i];
-    m_stream << "\n";
+    const QString line = columns.join(QLatin1Char(',')) + QLatin1Char('\n');
+    if (m_file.isOpen())
+        m_stream << line;
+    std::fputs(line.toUtf8().constData(), stdout);
 }
 
 bool qxVariantVerifier::verifyKelo()

@@ -60,7 +60,7 @@ private:
     void verifyVariantSet(qxVariantSet &set, OptionNames &options);
     void verifyNodeVariant(qxNodeVariant &variant);
     void verifyMaterialVariant(qxMaterialVariant &variant);
-    /// The same line to the report, while one is open.
+    /// The line to standard output, and to the report while one is open.
     void report(const QStringList &columns);
 
     QFile m_file;
