@@ -19,7 +19,22 @@
 #include <string>
 #include <vector>
 
-namespace {
+static osg::NodePtr add(const osg::NodePtr &parent, const osg::NodeCorePtr &core,
+                        const std::string &name)
+{
+    const osg::NodePtr node = osg::makeNodeFor(core);
+    osg::setName(node, name);
+    parent->addChild(node);
+    return node;
+}
+
+/// Adds it to the pool, under that name.
+static osg::MaterialPtr add(const osg::MaterialPtr &material, const std::string &name)
+{
+    qxMaterials::setName(material, name.c_str(), true);
+    qxScenegraph::getMaterialPool()->add(material);
+    return material;
+}
 
 /// Groups of nine geometries each. The first geometry of a group is hidden; there is an active node
 /// of its name in every second group.
@@ -27,9 +42,7 @@ class CapturedScene {
 public:
     explicit CapturedScene(int nodes)
     {
-        const osg::MaterialPtr paint = osg::SimpleMaterial::create();
-        qxMaterials::setName(paint, "Paint", true);
-        qxScenegraph::getMaterialPool()->add(paint);
+        const osg::MaterialPtr paint = add(osg::SimpleMaterial::create(), "Paint");
         for (int i = 0; i < nodes / 10; ++i) {
             const std::string number = std::to_string(i);
             const osg::NodePtr group =
@@ -45,15 +58,6 @@ public:
     qxVariantSet *set;
 
 private:
-    static osg::NodePtr add(const osg::NodePtr &parent, const osg::NodeCorePtr &core,
-                            const std::string &name)
-    {
-        const osg::NodePtr node = osg::makeNodeFor(core);
-        osg::setName(node, name);
-        parent->addChild(node);
-        return node;
-    }
-
     static void addPart(const osg::NodePtr &group, const osg::MaterialPtr &paint,
                         const std::string &number, int part)
     {
@@ -106,20 +110,11 @@ public:
     }
 
 private:
-    static osg::MaterialPtr add(const osg::MaterialPtr &material, const char *name)
-    {
-        qxMaterials::setName(material, name, true);
-        qxScenegraph::getMaterialPool()->add(material);
-        return material;
-    }
-
     void addPart(int index, const osg::MaterialPtr &material)
     {
-        if (index % 10 == 0) {
-            m_group = osg::makeNodeFor(osg::Group::create());
-            osg::setName(m_group, "Group " + std::to_string(index));
-            qxScenegraph::getRoot()->addChild(m_group);
-        }
+        if (index % 10 == 0)
+            m_group = add(qxScenegraph::getRoot(), osg::Group::create(),
+                          "Group " + std::to_string(index));
         const bool isClone = index % 10 == 5 || index % 10 == 6;
         osg::GeometryPtr core;
         if (isClone) {
@@ -128,10 +123,8 @@ private:
             core = osg::Geometry::create();
             core->setMaterial(material);
         }
-        const osg::NodePtr node = osg::makeNodeFor(core);
-        osg::setName(node, "Part " + std::to_string(isClone ? index / 10 * 10 + 4 : index));
-        m_group->addChild(node);
-        m_parts.push_back(node);
+        const int number = isClone ? index / 10 * 10 + 4 : index;
+        m_parts.push_back(add(m_group, core, "Part " + std::to_string(number)));
     }
 
     qxHost m_host;
@@ -146,11 +139,8 @@ public:
     /// The first set holds materials that all have one name.
     explicit NamesakeScene(int nodes)
     {
-        for (int i = 0; i < nodes; ++i) {
-            const osg::NodePtr node = osg::makeNodeFor(osg::Geometry::create());
-            osg::setName(node, "Part " + std::to_string(i));
-            qxScenegraph::getRoot()->addChild(node);
-        }
+        for (int i = 0; i < nodes; ++i)
+            add(qxScenegraph::getRoot(), osg::Geometry::create(), "Part " + std::to_string(i));
         paintEach([](int) { return std::string("Paint"); });
         RepaintedScene::capture(QStringLiteral("First"));
     }
@@ -176,12 +166,6 @@ public:
     }
 
 private:
-    static osg::MaterialPtr add(const osg::MaterialPtr &material, const std::string &name)
-    {
-        qxMaterials::setName(material, name.c_str(), true);
-        qxScenegraph::getMaterialPool()->add(material);
-        return material;
-    }
     static void paint(int node, const osg::MaterialPtr &material)
     {
         qxNodeUtils::setMaterial(qxScenegraph::getRoot()->getChild(osg::UInt32(node)), material,
@@ -193,7 +177,7 @@ private:
 
 /// Measures a second capture, of a scene that was captured and changed.
 template <class Scene, class Change>
-void captureAgain(benchmark::State &state, const Change &change)
+static void captureAgain(benchmark::State &state, const Change &change)
 {
     for (auto _ : state) {
         state.PauseTiming();
@@ -209,7 +193,7 @@ void captureAgain(benchmark::State &state, const Change &change)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-void captureNamesakes(benchmark::State &state)
+static void captureNamesakes(benchmark::State &state)
 {
     captureAgain<NamesakeScene>(state, [](const NamesakeScene &) {
         NamesakeScene::paintEach([](int) { return std::string("Coat"); });
@@ -217,7 +201,7 @@ void captureNamesakes(benchmark::State &state)
 }
 
 /// As many choices as nodes.
-void captureShared(benchmark::State &state)
+static void captureShared(benchmark::State &state)
 {
     const int choices = int(state.range(0));
     captureAgain<NamesakeScene>(
@@ -225,7 +209,7 @@ void captureShared(benchmark::State &state)
 }
 
 /// What the nodes share now cannot be shared by sets that saw them different.
-void captureParted(benchmark::State &state)
+static void captureParted(benchmark::State &state)
 {
     captureAgain<NamesakeScene>(state, [](const NamesakeScene &) {
         NamesakeScene::paintEach([](int node) { return "Paint " + std::to_string(node); });
@@ -234,7 +218,7 @@ void captureParted(benchmark::State &state)
     });
 }
 
-void captureScene(benchmark::State &state)
+static void captureScene(benchmark::State &state)
 {
     const CapturedScene scene(int(state.range(0)));
     for (auto _ : state)
@@ -243,12 +227,12 @@ void captureScene(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-void captureSnapshots(benchmark::State &state)
+static void captureSnapshots(benchmark::State &state)
 {
     captureAgain<RepaintedScene>(state, [](const RepaintedScene &scene) { scene.repaint(); });
 }
 
-void checkScene(benchmark::State &state)
+static void checkScene(benchmark::State &state)
 {
     const CapturedScene scene(int(state.range(0)));
     for (auto _ : state) {
@@ -266,5 +250,3 @@ BENCHMARK(captureNamesakes)->Name("Capture/namesakes")->Arg(1000)->Arg(10000);
 BENCHMARK(captureShared)->Name("Capture/shared")->Arg(1000)->Arg(10000);
 BENCHMARK(captureParted)->Name("Capture/parted")->Arg(1000)->Arg(10000);
 BENCHMARK(checkScene)->Name("CaptureCheck/scene")->Arg(1000)->Arg(10000)->Arg(100000);
-
-} // namespace

@@ -18,24 +18,22 @@
 
 #include <unistd.h>
 
-namespace {
-
 const int Variants = 2000;
 const int EntriesOfASet = 200;
 
 /// The benchmarks count in hundreds of entries: 10,000 of them are 5,000 sets.
-int setsOf(const benchmark::State &state)
+static int setsOf(const benchmark::State &state)
 {
     return int(state.range(0)) * 100 / EntriesOfASet;
 }
 
 /// Which variant an entry of a set refers to, and which child it chooses.
-int variantOf(int set, int entry)
+static int variantOf(int set, int entry)
 {
     return (set * 7 + entry) % Variants;
 }
 
-int childOf(int set, int entry)
+static int childOf(int set, int entry)
 {
     return (set / 4 + entry * set) % 4;
 }
@@ -62,7 +60,7 @@ private:
     int m_output;
 };
 
-QByteArray variantText(int number)
+static QByteArray variantText(int number)
 {
     const QByteArray name = qxBenchScene::switchName(number).toUtf8();
     QByteArray text = "<NodeVariant name=\"" + name + "\" base=\"" + name + "\">\n";
@@ -71,7 +69,7 @@ QByteArray variantText(int number)
     return text + "</NodeVariant>\n";
 }
 
-QByteArray documentOf(int sets)
+static QByteArray documentOf(int sets)
 {
     QByteArray text = "<Variants>\n";
     for (int set = 0; set < sets; ++set) {
@@ -88,7 +86,7 @@ QByteArray documentOf(int sets)
     return text + "</Variants>\n";
 }
 
-void verify(benchmark::State &state)
+static void verify(benchmark::State &state)
 {
     const qxBenchScene scene(Variants, Variants);
     for (int index = 0; index < setsOf(state); ++index) {
@@ -108,7 +106,7 @@ void verify(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * setsOf(state) * EntriesOfASet);
 }
 
-void lint(benchmark::State &state)
+static void lint(benchmark::State &state)
 {
     const qxBenchScene scene(Variants, 0);
     const QByteArray document = documentOf(setsOf(state));
@@ -122,18 +120,18 @@ void lint(benchmark::State &state)
     state.SetBytesProcessed(state.iterations() * document.size());
 }
 
-QString numbered(const char *word, int index)
+static QString numbered(const char *word, int index)
 {
     return QStringLiteral("%1 %2").arg(QLatin1String(word)).arg(index);
 }
 
-qxVariantSet &addSet(int index)
+static qxVariantSet &addSet(int index)
 {
     return *qxVariants::createVariantSet(numbered("Set", index), false, nullptr);
 }
 
 /// As many sets as the one variant has options: each takes another one.
-void verifyOptions(benchmark::State &state)
+static void verifyOptions(benchmark::State &state)
 {
     const qxBenchScene scene(1, 1);
     qxVariant &variant = *qxVariants::findNodeVariant(qxBenchScene::switchName(0));
@@ -152,7 +150,7 @@ void verifyOptions(benchmark::State &state)
 }
 
 /// As many sets as viewpoints: each goes to another one.
-void lintViewpoints(benchmark::State &state)
+static void lintViewpoints(benchmark::State &state)
 {
     const qxBenchScene scene(0, 0);
     QByteArray document = "<Variants>\n";
@@ -173,7 +171,7 @@ void lintViewpoints(benchmark::State &state)
 }
 
 /// As many sets as lights, overlays and viewpoints, all of which stay.
-void optimize(benchmark::State &state)
+static void optimize(benchmark::State &state)
 {
     const qxBenchScene scene(0, 0);
     const int count = int(state.range(0));
@@ -197,7 +195,7 @@ void optimize(benchmark::State &state)
 }
 
 /// A file of that many switches with one child each, and a variant for each of them.
-bool writeSwitches(const QString &path, int switches)
+static bool writeSwitches(const QString &path, int switches)
 {
     QJsonArray nodes;
     QJsonArray roots;
@@ -223,7 +221,7 @@ bool writeSwitches(const QString &path, int switches)
 }
 
 /// The whole command, from the file to the last line.
-void showStates(benchmark::State &state)
+static void showStates(benchmark::State &state)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("scene.gltf"));
@@ -237,8 +235,6 @@ void showStates(benchmark::State &state)
     }
     state.SetItemsProcessed(state.iterations() * switches);
 }
-
-} // namespace
 
 BENCHMARK(showStates)->Name("State/command")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(verify)->Name("Verify/report")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);

@@ -10,20 +10,18 @@
 
 #include <benchmark/benchmark.h>
 
-namespace {
-
 const int Sets = 1000;
 const int References = 20;
 const int Variants = 10000;
 const int Options = 6;
 
-void forgetAll()
+static void forgetAll()
 {
     qxMessage none;
     qxVariants::clearAll(none);
 }
 
-void fillRegistry()
+static void fillRegistry()
 {
     for (int i = 0; i < Variants; ++i) {
         const QString name = QStringLiteral("Variant %1").arg(i);
@@ -43,7 +41,7 @@ void fillRegistry()
     }
 }
 
-QByteArray sampleDocument()
+static QByteArray sampleDocument()
 {
     fillRegistry();
     const QByteArray text = qxVariantWriter().write();
@@ -52,7 +50,7 @@ QByteArray sampleDocument()
 }
 
 /// The same elements as in `from`, made one by one through the DOM.
-void copyByHand(const QDomElement &from, QDomDocument &document, QDomNode to)
+static void copyByHand(const QDomElement &from, QDomDocument &document, QDomNode to)
 {
     QDomElement copy = document.createElement(from.tagName());
     const QDomNamedNodeMap attributes = from.attributes();
@@ -69,7 +67,7 @@ void copyByHand(const QDomElement &from, QDomDocument &document, QDomNode to)
     }
 }
 
-void parseBare(benchmark::State &state)
+static void parseBare(benchmark::State &state)
 {
     const QByteArray text = sampleDocument();
     for (auto _ : state) {
@@ -79,7 +77,7 @@ void parseBare(benchmark::State &state)
     state.SetBytesProcessed(state.iterations() * text.size());
 }
 
-void readDocument(benchmark::State &state)
+static void readDocument(benchmark::State &state)
 {
     const QByteArray text = sampleDocument();
     for (auto _ : state) {
@@ -94,7 +92,7 @@ void readDocument(benchmark::State &state)
     state.SetBytesProcessed(state.iterations() * text.size());
 }
 
-void writeBare(benchmark::State &state)
+static void writeBare(benchmark::State &state)
 {
     QDomDocument sample;
     sample.setContent(sampleDocument());
@@ -107,7 +105,7 @@ void writeBare(benchmark::State &state)
     }
 }
 
-void writeDocument(benchmark::State &state)
+static void writeDocument(benchmark::State &state)
 {
     fillRegistry();
     for (auto _ : state) {
@@ -116,8 +114,6 @@ void writeDocument(benchmark::State &state)
     }
     forgetAll();
 }
-
-} // namespace
 
 BENCHMARK(parseBare)->Name("Reading/bare")->Unit(benchmark::kMillisecond);
 BENCHMARK(readDocument)->Name("Reading/document")->Unit(benchmark::kMillisecond);

@@ -6,13 +6,11 @@
 
 #include <benchmark/benchmark.h>
 
-namespace {
-
 const int Variants = 8;
 
 /// `count` texts with commas between them, each made by `entry` from its number.
 template <class Entry>
-QByteArray list(int count, Entry entry)
+static QByteArray list(int count, Entry entry)
 {
     QByteArray text;
     for (int i = 0; i < count; ++i)
@@ -21,7 +19,7 @@ QByteArray list(int count, Entry entry)
 }
 
 /// One primitive, a triangle, which every variant gives another material.
-QByteArray mesh(const QByteArray &number, int index)
+static QByteArray mesh(const QByteArray &number, int index)
 {
     const auto mapping = [index](const QByteArray &variant, int which) {
         return "{\"material\":" + QByteArray::number((index + which) % Variants) + ",\"variants\":["
@@ -34,7 +32,7 @@ QByteArray mesh(const QByteArray &number, int index)
 }
 
 /// A scene of that many nodes with a mesh each.
-QByteArray scene(int primitives)
+static QByteArray scene(int primitives)
 {
     const auto named = [](const QByteArray &number, int) {
         return "{\"name\":\"Look " + number + "\"}";
@@ -59,7 +57,7 @@ QByteArray scene(int primitives)
         + triangle + "\"}]}";
 }
 
-void importFile(benchmark::State &state)
+static void importFile(benchmark::State &state)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("scene.gltf"));
@@ -80,8 +78,6 @@ void importFile(benchmark::State &state)
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-
-} // namespace
 
 // Argument: number of primitives, each with a material of its own in every variant.
 BENCHMARK(importFile)->Name("Import/file")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);

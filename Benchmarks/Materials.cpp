@@ -18,8 +18,6 @@
 
 #include <unordered_map>
 
-namespace {
-
 /// A switch material of two materials, `primitives` nodes that show it, and between them as many
 /// that show a plain one.
 class PaintedScene {
@@ -62,7 +60,7 @@ private:
     qxHost m_host;
 };
 
-void findUsers(benchmark::State &state)
+static void findUsers(benchmark::State &state)
 {
     const PaintedScene scene(int(state.range(0)));
     for (auto _ : state) {
@@ -74,7 +72,7 @@ void findUsers(benchmark::State &state)
 }
 
 /// The same by asking every node, as it would be without an index.
-void findUsersBare(benchmark::State &state)
+static void findUsersBare(benchmark::State &state)
 {
     const PaintedScene scene(int(state.range(0)));
     for (auto _ : state) {
@@ -92,7 +90,7 @@ void findUsersBare(benchmark::State &state)
 }
 
 /// The first look-up after the host said that materials changed in ways it cannot follow.
-void findUsersAnew(benchmark::State &state)
+static void findUsersAnew(benchmark::State &state)
 {
     const PaintedScene scene(int(state.range(0)));
     for (auto _ : state) {
@@ -105,7 +103,7 @@ void findUsersAnew(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-void selectMaterial(benchmark::State &state)
+static void selectMaterial(benchmark::State &state)
 {
     const PaintedScene scene(int(state.range(0)));
     qxMaterialVariant *const variant = qxVariants::createMaterialVariant(scene.paint, false);
@@ -117,7 +115,7 @@ void selectMaterial(benchmark::State &state)
 
 /// What a selection has to do at least: find material and choice by name, write the choice, send
 /// its two messages.
-void selectMaterialBare(benchmark::State &state)
+static void selectMaterialBare(benchmark::State &state)
 {
     const PaintedScene scene(int(state.range(0)));
     const std::string names[] = {"Red", "Blue"};
@@ -144,7 +142,7 @@ void selectMaterialBare(benchmark::State &state)
     }
 }
 
-void buildFindCache(benchmark::State &state)
+static void buildFindCache(benchmark::State &state)
 {
     const PaintedScene scene(int(state.range(0)));
     for (auto _ : state) {
@@ -155,7 +153,7 @@ void buildFindCache(benchmark::State &state)
 }
 
 /// The same with containers of the standard library.
-void buildFindCacheBare(benchmark::State &state)
+static void buildFindCacheBare(benchmark::State &state)
 {
     const PaintedScene scene(int(state.range(0)));
     for (auto _ : state) {
@@ -167,8 +165,6 @@ void buildFindCacheBare(benchmark::State &state)
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-
-} // namespace
 
 // Argument: number of primitives with the material; as many others stand between them.
 BENCHMARK(findUsers)->Name("MaterialUsers/find")->Arg(1000)->Arg(10000);

@@ -18,20 +18,18 @@
 
 #include <benchmark/benchmark.h>
 
-namespace {
-
 const int Groups = 100;
 const int References = 20;
 const int Variants = 1000;
 
-void handleEvents()
+static void handleEvents()
 {
     // What is announced is shown in the next turn, which may ask for a picture in the one after.
     for (int turn = 0; turn < 3; ++turn)
         QCoreApplication::processEvents();
 }
 
-QByteArray picture(int number)
+static QByteArray picture(int number)
 {
     QImage image(264, 256, QImage::Format_RGB32);
     image.fill(QColor::fromHsv(number % 360, 200, 200));
@@ -90,14 +88,14 @@ private:
     qxVariantSetsDock m_dock;
 };
 
-void open(benchmark::State &state)
+static void open(benchmark::State &state)
 {
     const Sets sets(int(state.range(0)));
     for (auto _ : state)
         const Panel panel;
 }
 
-void typeIntoSearch(benchmark::State &state)
+static void typeIntoSearch(benchmark::State &state)
 {
     const Sets sets(int(state.range(0)));
     Panel panel;
@@ -111,7 +109,7 @@ void typeIntoSearch(benchmark::State &state)
     }
 }
 
-void editSet(benchmark::State &state)
+static void editSet(benchmark::State &state)
 {
     const Sets sets(int(state.range(0)));
     const Panel panel;
@@ -123,7 +121,7 @@ void editSet(benchmark::State &state)
     }
 }
 
-void changeState(benchmark::State &state)
+static void changeState(benchmark::State &state)
 {
     const Sets sets(int(state.range(0)));
     const Panel panel;
@@ -135,7 +133,7 @@ void changeState(benchmark::State &state)
     }
 }
 
-void scrollGallery(benchmark::State &state)
+static void scrollGallery(benchmark::State &state)
 {
     const Sets sets(int(state.range(0)));
     Panel panel(qxSetsView::Gallery);
@@ -146,8 +144,6 @@ void scrollGallery(benchmark::State &state)
         handleEvents();
     }
 }
-
-} // namespace
 
 // Argument: number of sets, in 100 groups.
 #define QX_PANEL_BENCHMARK(FUNCTION, NAME) \

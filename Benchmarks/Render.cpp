@@ -20,8 +20,6 @@
 #include <cmath>
 #include <limits>
 
-namespace {
-
 const int _width = 264;
 const int _height = 256;
 
@@ -29,7 +27,7 @@ const int _height = 256;
 const int _demo = 0;
 
 /// A hilly field of 10,000 triangles.
-osg::GeometryPtr makeField()
+static osg::GeometryPtr makeField()
 {
     const int side = 71;
     const auto positions = osg::GeoPositions3f::create();
@@ -216,7 +214,7 @@ private:
     std::vector<osg::Vec3f> m_corners;
 };
 
-void renderPicture(benchmark::State &state)
+static void renderPicture(benchmark::State &state)
 {
     const RenderedScene scene(int(state.range(0)));
     qxRenderer renderer;
@@ -226,7 +224,7 @@ void renderPicture(benchmark::State &state)
 }
 
 /// As a preview is made.
-void renderBest(benchmark::State &state)
+static void renderBest(benchmark::State &state)
 {
     RenderedScene scene(int(state.range(0)));
     scene.settings.quality = qxPictureSettings::Best;
@@ -236,7 +234,7 @@ void renderBest(benchmark::State &state)
         benchmark::DoNotOptimize(renderer.render(scene.settings).rgba.data());
 }
 
-void renderPictureBare(benchmark::State &state)
+static void renderPictureBare(benchmark::State &state)
 {
     const RenderedScene scene(int(state.range(0)));
     BareScene bare;
@@ -245,14 +243,14 @@ void renderPictureBare(benchmark::State &state)
         benchmark::DoNotOptimize(bare.trace());
 }
 
-void renderFirst(benchmark::State &state)
+static void renderFirst(benchmark::State &state)
 {
     const RenderedScene scene(int(state.range(0)));
     for (auto _ : state)
         benchmark::DoNotOptimize(qxRenderer().render(scene.settings).rgba.data());
 }
 
-void renderFirstBare(benchmark::State &state)
+static void renderFirstBare(benchmark::State &state)
 {
     const RenderedScene scene(int(state.range(0)));
     BareScene bare;
@@ -263,7 +261,7 @@ void renderFirstBare(benchmark::State &state)
 }
 
 /// 100,000 nodes, of which ten appear or disappear between pictures of one pixel.
-void renderChanged(benchmark::State &state)
+static void renderChanged(benchmark::State &state)
 {
     const RenderedScene scene(RenderedScene::Small{int(state.range(0))});
     qxRenderer renderer;
@@ -281,53 +279,28 @@ void renderChanged(benchmark::State &state)
 }
 
 /// The same by a renderer that has seen nothing yet.
-void renderAnew(benchmark::State &state)
+static void renderAnew(benchmark::State &state)
 {
     const RenderedScene scene(RenderedScene::Small{int(state.range(0))});
     for (auto _ : state)
         benchmark::DoNotOptimize(qxRenderer().render(scene.settings).rgba.data());
 }
 
-} // namespace
+static void threads(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
+}
 
 // Argument: number of triangles, 0 for the demo. Processor time of all threads.
-BENCHMARK(renderPicture)
-    ->Name("Rendering/picture")
-    ->Arg(_demo)
-    ->Arg(1000000)
-    ->MeasureProcessCPUTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(renderBest)
-    ->Name("Rendering/best")
-    ->Arg(_demo)
-    ->MeasureProcessCPUTime()
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(renderPicture)->Name("Rendering/picture")->Arg(_demo)->Arg(1000000)->Apply(threads);
+BENCHMARK(renderBest)->Name("Rendering/best")->Arg(_demo)->Apply(threads);
 BENCHMARK(renderPictureBare)
     ->Name("Rendering/barePicture")
     ->Arg(_demo)
     ->Arg(1000000)
-    ->MeasureProcessCPUTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(renderFirst)
-    ->Name("Rendering/first")
-    ->Arg(_demo)
-    ->Arg(1000000)
-    ->MeasureProcessCPUTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(renderFirstBare)
-    ->Name("Rendering/bareFirst")
-    ->Arg(_demo)
-    ->Arg(1000000)
-    ->MeasureProcessCPUTime()
-    ->Unit(benchmark::kMillisecond);
+    ->Apply(threads);
+BENCHMARK(renderFirst)->Name("Rendering/first")->Arg(_demo)->Arg(1000000)->Apply(threads);
+BENCHMARK(renderFirstBare)->Name("Rendering/bareFirst")->Arg(_demo)->Arg(1000000)->Apply(threads);
 // Argument: number of nodes.
-BENCHMARK(renderChanged)
-    ->Name("RenderUpdate/tenChanged")
-    ->Arg(100000)
-    ->MeasureProcessCPUTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(renderAnew)
-    ->Name("RenderUpdate/bareAnew")
-    ->Arg(100000)
-    ->MeasureProcessCPUTime()
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(renderChanged)->Name("RenderUpdate/tenChanged")->Arg(100000)->Apply(threads);
+BENCHMARK(renderAnew)->Name("RenderUpdate/bareAnew")->Arg(100000)->Apply(threads);

@@ -4,6 +4,7 @@
 
 #include "qxBenchScene.h"
 #include "qxController.h"
+#include "qxFindCache.h"
 #include "qxMessage.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
@@ -14,8 +15,6 @@
 #include <QHash>
 
 #include <benchmark/benchmark.h>
-
-namespace {
 
 const int Switches = 20000; // 100,000 nodes
 
@@ -34,7 +33,7 @@ private:
 };
 
 /// Two sets that put the same switches into different states, so that every selection changes all.
-qxVariantSet *makeSet(int child, int states)
+static qxVariantSet *makeSet(int child, int states)
 {
     qxVariantSet *set =
         qxVariants::createVariantSet(qxBenchScene::childName(child), false, nullptr);
@@ -43,32 +42,12 @@ qxVariantSet *makeSet(int child, int states)
     return set;
 }
 
-/// Switches the host's look-up cache on beforehand when asked to, as a host does for several
-/// selections in a row.
-class Cache {
-public:
-    explicit Cache(bool on) : m_on(on)
-    {
-        if (m_on)
-            qxScenegraph::initFindCache();
-    }
-    Cache(const Cache &) = delete;
-    ~Cache()
-    {
-        if (m_on)
-            qxScenegraph::clearFindCache();
-    }
-
-private:
-    bool m_on;
-};
-
-void selectSet(benchmark::State &state)
+static void selectSet(benchmark::State &state)
 {
     const qxBenchScene scene(Switches, int(state.range(0)));
     qxVariantSet *sets[] = {makeSet(1, int(state.range(0))), makeSet(2, int(state.range(0)))};
     const Ear ear;
-    const Cache cache(state.range(1) != 0);
+    const qxFindCache cache(state.range(1) != 0);
     int turn = 0;
     for (auto _ : state)
         sets[turn ^= 1]->select(false, true);
@@ -76,7 +55,7 @@ void selectSet(benchmark::State &state)
 }
 
 /// What a selection has to do at least, with the choice known beforehand.
-void announce(const osg::NodePtr &node, int choice, const std::string &variantName)
+static void announce(const osg::NodePtr &node, int choice, const std::string &variantName)
 {
     std::vector<std::string> visible, invisible;
     for (osg::UInt32 i = 0; i < node->getNChildren(); ++i)
@@ -91,7 +70,7 @@ void announce(const osg::NodePtr &node, int choice, const std::string &variantNa
     qxController::call("variantsNodesChanged", message, 1);
 }
 
-void selectBare(benchmark::State &state)
+static void selectBare(benchmark::State &state)
 {
     const qxBenchScene scene(Switches, int(state.range(0)));
     std::vector<std::pair<QString, int>> states;
@@ -101,11 +80,11 @@ void selectBare(benchmark::State &state)
         variants[states.back().first] = qxVariants::findNodeVariant(states.back().first);
     }
     const Ear ear;
-    const Cache cache(state.range(1) != 0);
+    const qxFindCache cache(state.range(1) != 0);
     int turn = 1;
     for (auto _ : state) {
         turn = 3 - turn;
-        const Cache own(state.range(1) == 0);
+        const qxFindCache own(state.range(1) == 0);
         for (const auto &entry : states) {
             qxNodeVariant *variant = variants.value(entry.first);
             const std::string variantName = variant->name.toStdString();
@@ -124,8 +103,6 @@ void selectBare(benchmark::State &state)
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-
-} // namespace
 
 // Arguments: number of states, and whether the cache was there before the selection.
 BENCHMARK(selectSet)

@@ -15,9 +15,8 @@
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitch.h>
 
-namespace {
-
-osg::NodePtr addNode(const osg::NodePtr &parent, const osg::NodeCorePtr &core, const QString &name)
+static osg::NodePtr addNode(const osg::NodePtr &parent, const osg::NodeCorePtr &core,
+                            const QString &name)
 {
     osg::NodePtr node = osg::Node::create();
     osg::beginEditCP(node);
@@ -29,8 +28,6 @@ osg::NodePtr addNode(const osg::NodePtr &parent, const osg::NodeCorePtr &core, c
     osg::endEditCP(parent, osg::Node::ChildrenFieldMask);
     return node;
 }
-
-} // namespace
 
 qxBenchScene::qxBenchScene(int switches, int variants)
 {

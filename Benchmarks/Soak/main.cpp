@@ -15,12 +15,10 @@
 #include <random>
 #include <unistd.h>
 
-namespace {
-
 /// The first tenth fills what is kept: pools, caches, arenas of the allocator.
 constexpr double MostGrowth = 32;
 
-double megabytes()
+static double megabytes()
 {
     long total = 0;
     long resident = 0;
@@ -29,7 +27,7 @@ double megabytes()
 }
 
 /// What the module and the log say is not asked for; the table goes where standard output was.
-std::FILE *silence()
+static std::FILE *silence()
 {
     std::FILE *const table = fdopen(dup(STDOUT_FILENO), "w");
     const bool isDone =
@@ -37,7 +35,7 @@ std::FILE *silence()
     return isDone ? table : nullptr;
 }
 
-int soak(long steps, unsigned seed, std::FILE *table)
+static int soak(long steps, unsigned seed, std::FILE *table)
 {
     const QTemporaryDir folder;
     std::mt19937 random(seed);
@@ -72,8 +70,6 @@ int soak(long steps, unsigned seed, std::FILE *table)
     }
     return 0;
 }
-
-} // namespace
 
 int main(int argc, char *argv[])
 {

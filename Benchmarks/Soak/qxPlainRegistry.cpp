@@ -5,27 +5,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include <tuple>
-
-namespace {
-
-auto fieldsOf(const qxPlainVariant &variant)
-{
-    return std::tie(variant.name, variant.base, variant.standard, variant.options);
-}
-
-auto fieldsOf(const qxPlainSet &set)
-{
-    return std::tie(set.name, set.comment, set.hotkey, set.references, set.viewpoints,
-                    set.animations, set.values);
-}
-
-auto fieldsOf(const qxPlainGroup &group)
-{
-    return std::tie(group.name, group.comment, group.visible, group.sets);
-}
-
-qxPlainVariant plain(int kind, qxVariant &variant)
+static qxPlainVariant plain(int kind, qxVariant &variant)
 {
     qxPlainVariant made{
         variant.name, variant.*qxPlainKind(kind).sceneName, variant.defaultState, {}};
@@ -34,7 +14,7 @@ qxPlainVariant plain(int kind, qxVariant &variant)
     return made;
 }
 
-qxPlainSet plain(const qxVariantSet &set)
+static qxPlainSet plain(const qxVariantSet &set)
 {
     qxPlainSet made{set.name,  set.comment,           set.hotkey,
                     {},        set.viewpoints.list(), set.animations.list(),
@@ -46,7 +26,7 @@ qxPlainSet plain(const qxVariantSet &set)
     return made;
 }
 
-QStringList linesOf(const qxPlainRegistry &registry)
+static QStringList linesOf(const qxPlainRegistry &registry)
 {
     QStringList lines;
     for (std::size_t kind = 0; kind < registry.variants.size(); ++kind) {
@@ -72,28 +52,6 @@ QStringList linesOf(const qxPlainRegistry &registry)
                      .arg(each.sets.join(", "));
     }
     return lines;
-}
-
-} // namespace
-
-bool qxPlainVariant::operator==(const qxPlainVariant &other) const
-{
-    return fieldsOf(*this) == fieldsOf(other);
-}
-
-bool qxPlainSet::operator==(const qxPlainSet &other) const
-{
-    return fieldsOf(*this) == fieldsOf(other);
-}
-
-bool qxPlainGroup::operator==(const qxPlainGroup &other) const
-{
-    return fieldsOf(*this) == fieldsOf(other);
-}
-
-bool qxPlainRegistry::operator==(const qxPlainRegistry &other) const
-{
-    return variants == other.variants && sets == other.sets && groups == other.groups;
 }
 
 qxPlainRegistry qxPlainRegistry::ofModule()

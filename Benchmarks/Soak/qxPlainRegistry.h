@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <array>
+#include <tuple>
 #include <vector>
 
 /// The kinds that the model knows, by their numbers.
@@ -23,7 +24,8 @@ struct qxPlainVariant {
     QString standard;
     QStringList options;
 
-    bool operator==(const qxPlainVariant &other) const;
+    auto fields() const { return std::tie(name, base, standard, options); }
+    bool operator==(const qxPlainVariant &other) const { return fields() == other.fields(); }
 };
 
 /// A set as plain data, with references by the kind of the variant.
@@ -38,7 +40,11 @@ struct qxPlainSet {
     QStringList animations;
     QMap<QString, QString> values;
 
-    bool operator==(const qxPlainSet &other) const;
+    auto fields() const
+    {
+        return std::tie(name, comment, hotkey, references, viewpoints, animations, values);
+    }
+    bool operator==(const qxPlainSet &other) const { return fields() == other.fields(); }
 };
 
 /// A group as plain data.
@@ -48,7 +54,8 @@ struct qxPlainGroup {
     bool visible = true;
     QStringList sets;
 
-    bool operator==(const qxPlainGroup &other) const;
+    auto fields() const { return std::tie(name, comment, visible, sets); }
+    bool operator==(const qxPlainGroup &other) const { return fields() == other.fields(); }
 };
 
 /// The expected contents of the registry: a model without look-ups, notifications and pointers.
@@ -60,7 +67,8 @@ struct qxPlainRegistry {
     /// The present contents of the registry.
     static qxPlainRegistry ofModule();
 
-    bool operator==(const qxPlainRegistry &other) const;
+    auto fields() const { return std::tie(variants, sets, groups); }
+    bool operator==(const qxPlainRegistry &other) const { return fields() == other.fields(); }
     /// The first line in which the two differ; empty if they are equal.
     QString difference(const qxPlainRegistry &actual) const;
 

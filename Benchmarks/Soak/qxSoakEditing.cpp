@@ -18,9 +18,7 @@
 
 #include <OpenSG/OSGSwitchMaterial.h>
 
-namespace {
-
-qxVariant *createOf(int kind, const QByteArray &object)
+static qxVariant *createOf(int kind, const QByteArray &object)
 {
     switch (kind) {
     case 0: {
@@ -42,33 +40,12 @@ qxVariant *createOf(int kind, const QByteArray &object)
     }
 }
 
-void addReferenceTo(qxVariantSet &set, int kind, const QString &variant, const QString &state)
-{
-    typedef void (qxVariantSet::*Add)(const QString &, const QString &);
-    static const Add adds[] = {&qxVariantSet::addNodeVariant, &qxVariantSet::addMaterialVariant,
-                               &qxVariantSet::addLightVariant, &qxVariantSet::addOverlayVariant,
-                               &qxVariantSet::addTransformVariant};
-    (set.*adds[kind])(variant, state);
-}
-
-void removeReferenceFrom(qxVariantSet &set, int kind, const QString &variant)
-{
-    typedef void (qxVariantSet::*Remove)(const QString &);
-    static const Remove removes[] = {
-        &qxVariantSet::removeNodeVariant, &qxVariantSet::removeMaterialVariant,
-        &qxVariantSet::removeLightVariant, &qxVariantSet::removeOverlayVariant,
-        &qxVariantSet::removeTransformVariant};
-    (set.*removes[kind])(variant);
-}
-
-bool isNothing(const qxPlainSet &set)
+static bool isNothing(const qxPlainSet &set)
 {
     const auto isEmpty = [](const auto &references) { return references.empty(); };
     return std::all_of(set.references.begin(), set.references.end(), isEmpty)
         && set.viewpoints.isEmpty() && set.animations.isEmpty();
 }
-
-} // namespace
 
 /// One of the model's variants, of a kind that it answers; null when the kind has none.
 qxPlainVariant *qxSoakSteps::anyVariant(int &kind)
@@ -163,12 +140,8 @@ void qxSoakSteps::editVariant()
 
 void qxSoakSteps::clearKind()
 {
-    static void (*const clears[])() = {
-        &qxVariants::clearNodeVariants, &qxVariants::clearMaterialVariants,
-        &qxVariants::clearLightVariants, &qxVariants::clearOverlayVariants,
-        &qxVariants::clearTransformVariants};
     const unsigned kind = m_choice(qxPlainKinds);
-    clears[kind]();
+    qxPlainKind(int(kind)).clear();
     m_model.variants[kind].clear();
 }
 
@@ -225,7 +198,7 @@ void qxSoakSteps::addReference()
     const QString name = variant && driven.kind == kind ? variant->name : driven.name;
     if (set == m_model.sets.end())
         return;
-    addReferenceTo(*qxVariants::findVariantSet(set->name), driven.kind, name, state);
+    (qxVariants::findVariantSet(set->name)->*qxPlainKind(driven.kind).states).add(name, state);
     auto &references = set->references[std::size_t(driven.kind)];
     const auto known = std::find_if(references.begin(), references.end(),
                                     [&](const auto &each) { return each.first == name; });
@@ -243,7 +216,8 @@ void qxSoakSteps::removeReference()
     if (set == m_model.sets.end() || place >= set->references[kind].size())
         return;
     const auto reference = set->references[kind].begin() + int(place);
-    removeReferenceFrom(*qxVariants::findVariantSet(set->name), int(kind), reference->first);
+    (qxVariants::findVariantSet(set->name)->*qxPlainKind(int(kind)).states)
+        .remove(reference->first);
     set->references[kind].erase(reference);
 }
 

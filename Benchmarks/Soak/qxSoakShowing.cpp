@@ -13,16 +13,14 @@
 
 #include <algorithm>
 
-namespace {
-
-void capture(qxVariantSet &set)
+static void capture(qxVariantSet &set)
 {
     qxVariants::captureVariantsFromRootNodes(&set, {qxScenegraph::getRootNode()}, true, true, true,
                                              true, false, true, false, false);
 }
 
 /// Whether every entry was there before, and in that order.
-bool isPartOf(const qxPlainRegistry &less, const qxPlainRegistry &all)
+static bool isPartOf(const qxPlainRegistry &less, const qxPlainRegistry &all)
 {
     for (std::size_t i = 0; i < less.sets.size(); ++i) {
         for (std::size_t kind = 0; kind < qxPlainKinds; ++kind) {
@@ -38,7 +36,7 @@ bool isPartOf(const qxPlainRegistry &less, const qxPlainRegistry &all)
     return less.variants == all.variants && less.groups == all.groups;
 }
 
-bool isUsed(const qxPlainRegistry &registry, std::size_t kind, const QString &variant)
+static bool isUsed(const qxPlainRegistry &registry, std::size_t kind, const QString &variant)
 {
     const auto refers = [&](const qxPlainSet &set) {
         const auto &references = set.references[kind];
@@ -49,7 +47,7 @@ bool isUsed(const qxPlainRegistry &registry, std::size_t kind, const QString &va
 }
 
 /// What an undone capture leaves: variants that it made stay when a set asks for them.
-qxPlainRegistry withoutKept(qxPlainRegistry undone, const qxPlainRegistry &before)
+static qxPlainRegistry withoutKept(qxPlainRegistry undone, const qxPlainRegistry &before)
 {
     for (std::size_t kind = 0; kind < undone.variants.size(); ++kind) {
         auto &all = undone.variants[kind];
@@ -64,15 +62,13 @@ qxPlainRegistry withoutKept(qxPlainRegistry undone, const qxPlainRegistry &befor
     return undone;
 }
 
-void sortVariants(qxPlainRegistry &registry)
+static void sortVariants(qxPlainRegistry &registry)
 {
     for (auto &all : registry.variants) {
         std::sort(all.begin(), all.end(),
                   [](const auto &one, const auto &other) { return one.name < other.name; });
     }
 }
-
-} // namespace
 
 void qxSoakSteps::selectState()
 {

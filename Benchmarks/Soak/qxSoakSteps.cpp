@@ -23,12 +23,10 @@ struct qxSoakSteps::Row {
     const char *name;
 };
 
-namespace {
-
 const int Light = 2;
 const int Overlay = 3;
 
-QStringList statesOf(int kind, const qxVariant &variant)
+static QStringList statesOf(int kind, const qxVariant &variant)
 {
     if (kind == Light)
         return {variantEnable, variantDisable};
@@ -39,8 +37,6 @@ QStringList statesOf(int kind, const qxVariant &variant)
     }
     return states;
 }
-
-} // namespace
 
 // A list, not a procedure.
 const std::vector<qxSoakSteps::Row> &qxSoakSteps::rows()

@@ -699,7 +699,7 @@
     </message>
 </context>
 <context>
-    <name>qxScriptTrust</name>
+    <name>qxTrustStore</name>
     <message>
         <source>%1 cannot be read: %2</source>
         <translation>%1 kann nicht gelesen werden: %2</translation>

@@ -15,19 +15,17 @@
 
 #include <QCoreApplication>
 
-namespace {
-
-qxCameraService *cameras()
+static qxCameraService *cameras()
 {
     return qxKernelServiceFactory::the()->getService<qxCameraService>();
 }
 
-float xOf(const qxUberCamera &camera)
+static float xOf(const qxUberCamera &camera)
 {
     return camera.toWorld[3][0];
 }
 
-void startClip(const std::string &name)
+static void startClip(const std::string &name)
 {
     qxMessage message;
     message.set("animation-name", name);
@@ -38,21 +36,21 @@ class UnknownService : public qxBaseService {};
 
 typedef std::vector<std::string> Lines;
 
-Lines heard;
+static Lines heard;
 
-void hearFirst(qxMessage &message)
+static void hearFirst(qxMessage &message)
 {
     heard.push_back("first");
     message.set("reply", std::string("from first"));
 }
 
-void hearSecond(qxMessage &message)
+static void hearSecond(qxMessage &message)
 {
     const std::string *reply = message.get<std::string>("reply");
     heard.push_back(reply ? "second, " + *reply : "second");
 }
 
-void leaveInviteAndCallAgain(qxMessage &)
+static void leaveInviteAndCallAgain(qxMessage &)
 {
     heard.push_back("leaving");
     qxController::subCB("event", &leaveInviteAndCallAgain);
@@ -70,8 +68,6 @@ protected:
             qxController::subCB("event", callback);
     }
 };
-
-} // namespace
 
 class HostTest : public HostFixture {};
 

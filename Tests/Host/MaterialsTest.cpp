@@ -12,19 +12,17 @@
 #include <algorithm>
 #include <random>
 
-namespace {
-
 typedef std::vector<osg::MaterialPtr> Materials;
 typedef std::vector<qxNodePtr> Nodes;
 
-Nodes users(const osg::MaterialPtr &material)
+static Nodes users(const osg::MaterialPtr &material)
 {
     Nodes nodes;
     qxMaterials::getNodesWithMaterial(nodes, material);
     return nodes;
 }
 
-std::string uniqueName(const std::string &wanted)
+static std::string uniqueName(const std::string &wanted)
 {
     qxMessage message;
     message.set("Switch", wanted);
@@ -34,7 +32,7 @@ std::string uniqueName(const std::string &wanted)
 }
 
 /// The material and what it contains, behind those in `all`; each once.
-void appendWithContents(const osg::MaterialPtr &material, Materials &all)
+static void appendWithContents(const osg::MaterialPtr &material, Materials &all)
 {
     if (std::find(all.begin(), all.end(), material) != all.end())
         return;
@@ -47,7 +45,7 @@ void appendWithContents(const osg::MaterialPtr &material, Materials &all)
 }
 
 /// Compares what is found with what a walk through the whole pool finds.
-void compareWithWalk(const std::string &asked)
+static void compareWithWalk(const std::string &asked)
 {
     Materials pooled, all, found;
     qxScenegraph::getMaterialPool()->get(pooled);
@@ -62,8 +60,6 @@ void compareWithWalk(const std::string &asked)
     ASSERT_EQ(qxMaterials::findMaterials(asked.c_str()), found);
     ASSERT_EQ(uniqueName("M"), qxNodeUtils::getUniqueName("M", names));
 }
-
-} // namespace
 
 class MaterialsTest : public HostFixture {};
 

@@ -8,20 +8,16 @@
 
 #include <QTest>
 
-namespace {
-
-float xOf(const TestNode &node)
+static float xOf(const TestNode &node)
 {
     return node.node()->getToWorld()[3][0];
 }
 
-void selectState(const osg::NodePtr &node, int state, int delay = 0)
+static void selectState(const osg::NodePtr &node, int state, int delay = 0)
 {
     auto *service = qxKernelServiceFactory::the()->getService<qxTransformService>();
     service->selectTransformVariants({QRPC::NodeTrafoId(qxNodePtr(node).getID(), state)}, 0, delay);
 }
-
-} // namespace
 
 TEST(UniqueNameTest, TheSmallestFreeNumberIsPutBehindTheWholeName)
 {

@@ -9,10 +9,8 @@
 #include <QImage>
 #include <QTest>
 
-namespace {
-
-osg::ImageRefPtr picture(osg::UInt32 format, int width, int height,
-                         const std::vector<osg::UInt8> &bytes)
+static osg::ImageRefPtr picture(osg::UInt32 format, int width, int height,
+                                const std::vector<osg::UInt8> &bytes)
 {
     const osg::ImageRefPtr image(osg::Image::create());
     const osg::CPEditor edit(image.get());
@@ -20,7 +18,7 @@ osg::ImageRefPtr picture(osg::UInt32 format, int width, int height,
     return image;
 }
 
-QImage converted(const osg::ImageRefPtr &image)
+static QImage converted(const osg::ImageRefPtr &image)
 {
     QImage result(3, 3, QImage::Format_RGB32);
     qxImageRenderWidget::convertToQImage(result, image.get());
@@ -57,8 +55,6 @@ protected:
     }
 };
 
-} // namespace
-
 TEST_F(PicturesTest, PicturesOfTheSceneGraphAreTurnedOverForTheUserInterface)
 {
     const QImage turned = converted(picture(osg::Image::OSG_RGB_PF, 1, 2, {255, 0, 0, 0, 0, 255}));
@@ -76,7 +72,7 @@ TEST_F(PicturesTest, PicturesOfTheSceneGraphAreTurnedOverForTheUserInterface)
         EXPECT_TRUE(converted(osg::ImageRefPtr(none)).isNull());
 }
 
-TEST_F(PicturesTest, TheMainViewIsFoundWhileItLives)
+TEST_F(PicturesTest, TheMainViewIsFoundWhileItLivesAndShowsAPictureUntilANewOneIsAskedFor)
 {
     {
         const qxMainGlView view(8, 4);
@@ -87,10 +83,7 @@ TEST_F(PicturesTest, TheMainViewIsFoundWhileItLives)
     }
     EXPECT_EQ(qxOSGWidget::getMGLW(-1), nullptr);
     qxOSGWidget::cancelAntialiasing();
-}
 
-TEST_F(PicturesTest, APictureIsShownUntilANewOneIsAskedFor)
-{
     qxMainGlView view(8, 4);
     view.show(picture(osg::Image::OSG_RGB_PF, 1, 1, {1, 2, 3}).get());
     QCoreApplication::processEvents();

@@ -1,7 +1,5 @@
 #include "HostFixture.h"
-#include "qxNodeUtils.h"
 #include "qxOverlays.h"
-#include "qxScenegraph.h"
 
 #include <OpenSG/OSGNodeCore.h>
 #include <OpenSG/OSGSimpleAttachments.h>

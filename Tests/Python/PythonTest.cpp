@@ -19,8 +19,6 @@
 
 namespace python = boost::python;
 
-namespace {
-
 typedef std::vector<std::string> Texts;
 
 /// A file of Python tests in a host of its own.
@@ -68,19 +66,19 @@ protected:
     int m_reported = 0;
 };
 
-Texts textsOf(const python::object &list)
+static Texts textsOf(const python::object &list)
 {
     return Texts(python::stl_input_iterator<std::string>(list),
                  python::stl_input_iterator<std::string>());
 }
 
-qxVariantSet *setOf(const std::string &name)
+static qxVariantSet *setOf(const std::string &name)
 {
     return qxVariants::findVariantSet(QString::fromStdString(name));
 }
 
 /// What the set refers to, as "variant=state", nodes before materials before lights.
-Texts statesOf(const std::string &name)
+static Texts statesOf(const std::string &name)
 {
     Texts states;
     const qxVariantSet *const set = setOf(name);
@@ -91,13 +89,13 @@ Texts statesOf(const std::string &name)
     return states;
 }
 
-PythonTest &test()
+static PythonTest &test()
 {
     return *PythonTest::current;
 }
 
 /// The module by which the tests reach scene and registry, beside the bindings of every script.
-void defineStage(bool destroy)
+static void defineStage(bool destroy)
 {
     if (destroy)
         return;
@@ -149,15 +147,13 @@ void defineStage(bool destroy)
 
 const qxPythonInit registered(&defineStage);
 
-Texts testFiles()
+static Texts testFiles()
 {
     Texts names;
     for (const QString &name : QDir(QX_PYTHON_TESTS).entryList({"test_*.py"}, QDir::Files))
         names.push_back(name.toStdString());
     return names;
 }
-
-} // namespace
 
 TEST_P(PythonTest, Passes)
 {

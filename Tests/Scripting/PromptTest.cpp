@@ -4,7 +4,6 @@
 #include <fcntl.h>
 #include <poll.h>
 
-#include <csignal>
 #include <cstdlib>
 #include <unistd.h>
 

@@ -154,7 +154,8 @@ TEST_F(LanguageTest, EveryDialogSpeaksTheLanguage)
     for (const QString &text :
          {QString("Szene erfassen"), QString("Mehrdeutige Knotennamen gefunden"),
           QString("„Dawn“ aus der Szene aktualisieren"), QString("Szene öffnen"),
-          QString("„scene.gltf“ hat sich auf der Platte geändert, seit die Datei geöffnet wurde."),
+          QString(
+              "„scene.gltf“ wurde auf dem Datenträger geändert, seit die Datei geöffnet wurde."),
           path("loop.gltf") + ": Knoten 0 ist sein eigener Vorfahr",
           path("scene.obj") + ": Szenendateien enden auf .gltf oder .glb"})
         EXPECT_TRUE(said.contains(text)) << text.toStdString();

@@ -5,12 +5,10 @@
 #include <QDomDocument>
 #include <QtWidgets>
 
-namespace {
-
 const char *const textProperties[] = {"text",    "title",          "windowTitle", "placeholderText",
                                       "toolTip", "informativeText"};
 
-void takeItems(const QAbstractItemModel &model, const QModelIndex &parent, ShownTexts &texts)
+static void takeItems(const QAbstractItemModel &model, const QModelIndex &parent, ShownTexts &texts)
 {
     for (int row = 0; row < model.rowCount(parent); ++row) {
         for (int column = 0; column < model.columnCount(parent); ++column) {
@@ -24,7 +22,7 @@ void takeItems(const QAbstractItemModel &model, const QModelIndex &parent, Shown
     }
 }
 
-void takeObject(const QObject &object, ShownTexts &texts)
+static void takeObject(const QObject &object, ShownTexts &texts)
 {
     for (const char *property : textProperties)
         texts.insert({&object, property}, object.property(property).toString());
@@ -49,7 +47,7 @@ void takeObject(const QObject &object, ShownTexts &texts)
 }
 
 /// The text with anything in the place of its place holders.
-QRegularExpression pattern(const QString &text)
+static QRegularExpression pattern(const QString &text)
 {
     QString escaped = QRegularExpression::escape(text);
     static const QRegularExpression placeHolder(QStringLiteral("\\\\%[1-9n]"));
@@ -57,8 +55,6 @@ QRegularExpression pattern(const QString &text)
         QRegularExpression::anchoredPattern(escaped.replace(placeHolder, QStringLiteral(".+"))),
         QRegularExpression::DotMatchesEverythingOption);
 }
-
-} // namespace
 
 ShownTexts textsIn(QWidget &widget)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qxLintVariants.h"
+#include "qxLintReach.h"
 #include "qxSceneLookup.h"
 
 #include <functional>

@@ -1,71 +1,196 @@
-#include "qxLintVariants.h"
+#include "qxVariantReader.h"
+#include "qxVariants.h"
 
-#include "qxVariantKinds.h"
+#include "qxLintParts.h"
 
-#include <algorithm>
+namespace {
 
-qxLintVariant::qxLintVariant(const qxSyntaxTreeVariant &variant, qxStateSurvey &survey)
-    : m_element(variant), m_survey(survey), m_objects(variant.kind->rule.objects(variant.base))
+QString introduce(const qxSyntaxTreeVariant &variant)
 {
-    // What is of the wrong sort says so to any state.
-    for (const qxSceneObject &each : m_objects)
-        m_hasFittingObject = m_hasFittingObject
-            || !survey.ask(variant.kind->rule, each, QString()).front().isMisfit();
-    for (const qxSyntaxTreeOption &option : variant.options)
-        m_options.insert(option.name);
+    return QStringLiteral("%1 variant \"%2\"").arg(variant.kind->word, variant.name);
 }
 
-const qxLintVariant::Reach &qxLintVariant::reach(const QString &state)
+/// The findings of one variant.
+class VariantLint {
+public:
+    VariantLint(qxLintContext &context, qxLintVariant &variant)
+        : m_context(context), m_variant(variant), m_element(variant.element())
+    {
+    }
+
+    void run();
+
+private:
+    void lintObjects();
+    void lintOption(const qxSyntaxTreeOption &option);
+    void lintUse();
+    void add(qxCode code, const QString &what);
+    void add(qxCode code, const qxSyntaxTreeOption &option, const QString &what);
+
+    qxLintContext &m_context;
+    qxLintVariant &m_variant;
+    const qxSyntaxTreeVariant &m_element;
+};
+
+void VariantLint::add(qxCode code, const QString &what)
 {
-    const auto known = m_reaches.constFind(state);
-    if (known != m_reaches.constEnd())
-        return *known;
-    Reach reach;
-    for (const qxSceneObject &object : m_objects) {
-        const qxStateSurvey::Effects &effects = m_survey.ask(m_element.kind->rule, object, state);
-        if (std::none_of(effects.begin(), effects.end(),
-                         [](const qxEffect &each) { return each.isTaken(); }))
-            continue;
-        reach.isTaken = true;
-        for (const qxEffect &each : effects) {
-            const bool isPut = each.reason != qxReason::Toggled && each.reason != qxReason::Stepped;
-            if (each.isChange())
-                reach.changes.push_back(
-                    {qxForecast::keyOf(object, each.aspect), isPut, each.value});
+    m_context.add(code, introduce(m_element) + what, m_element.path, m_element.location);
+}
+
+void VariantLint::add(qxCode code, const qxSyntaxTreeOption &option, const QString &what)
+{
+    m_context.add(code, introduce(m_element) + what, m_element.path, QStringLiteral("State"),
+                  option.location);
+}
+
+void VariantLint::run()
+{
+    lintObjects();
+    QSet<QString> known;
+    for (const qxSyntaxTreeOption &option : m_element.options) {
+        if (known.contains(option.name))
+            add(qxCode::OptionTwice, option,
+                QStringLiteral(": a second option \"%1\", which is dropped").arg(option.name));
+        else
+            lintOption(option);
+        known.insert(option.name);
+    }
+    const QString &standard = m_element.standard.text;
+    if (!standard.isEmpty() && !m_variant.hasOption(standard))
+        m_context.add(
+            qxCode::DefaultIsNoOption,
+            introduce(m_element)
+                + QStringLiteral(": the default state \"%1\" is none of its options").arg(standard),
+            m_element.path, QStringLiteral("Default"), m_element.standard.location);
+    if (m_element.options.empty())
+        add(qxCode::NoOptions, QStringLiteral(" has no options"));
+    lintUse();
+}
+
+void VariantLint::lintObjects()
+{
+    if (!m_variant.hasObjects())
+        add(qxCode::NoSceneObject, QStringLiteral(": the scene has no \"%1\"").arg(m_element.base));
+    else if (!m_variant.hasFittingObject())
+        add(qxCode::WrongSceneObject,
+            QStringLiteral(": \"%1\" in the scene is of another sort").arg(m_element.base));
+    const qxSceneLookup &scene = m_context.scene;
+    if ((m_element.kind == &qxVariantKinds::node && scene.hasNestedNodes(m_element.base))
+        || (m_element.kind == &qxVariantKinds::overlay && scene.hasNestedOverlays(m_element.base)))
+        add(qxCode::NestedSceneObjects,
+            QStringLiteral(": one \"%1\" in the scene stands within another, and both are hidden "
+                           "when one is")
+                .arg(m_element.base));
+}
+
+void VariantLint::lintOption(const qxSyntaxTreeOption &option)
+{
+    if (option.name.isEmpty())
+        add(qxCode::OptionWithoutName, option, QStringLiteral(": an option without a name"));
+    else if (m_variant.hasFittingObject() && !m_variant.reach(option.name).isTaken)
+        add(qxCode::OptionUnknownToScene, option,
+            QStringLiteral(": \"%1\" in the scene does not take the state \"%2\"")
+                .arg(m_element.base, option.name));
+}
+
+void VariantLint::lintUse()
+{
+    if (m_variant.isUsed()) {
+        for (const qxSyntaxTreeOption &option : m_element.options) {
+            const bool isAction = option.name.startsWith(QLatin1Char('!'));
+            const bool isDefault = option.name == m_element.standard.text;
+            if (!isAction && !isDefault && !option.name.isEmpty() && !m_variant.isUsed(option.name))
+                add(qxCode::UnusedOption, option,
+                    QStringLiteral(": no set and no hotkey leads to \"%1\"").arg(option.name));
+        }
+    } else if (!m_element.options.empty()) {
+        add(qxCode::UnusedVariant, QStringLiteral(": no set and no hotkey uses it"));
+    }
+}
+
+/// Hotkeys as the reader and the application take them.
+class Hotkeys {
+public:
+    explicit Hotkeys(qxLintContext &context) : m_context(context) {}
+
+    /// Notes a hotkey of `owner`; `path` leads to its element.
+    void note(const qxSyntaxTreeText &hotkey, const QString &owner, const QString &path);
+
+private:
+    qxLintContext &m_context;
+    QHash<int, QString> m_owners; ///< by key and modifiers
+};
+
+void Hotkeys::note(const qxSyntaxTreeText &hotkey, const QString &owner, const QString &path)
+{
+    const QString text = qxVariantReader::convertOldHotkey(hotkey.text);
+    if (text.isEmpty())
+        return;
+    int key = 0;
+    Qt::KeyboardModifiers modifiers;
+    qxVariants::mapHotkey(text, key, modifiers);
+    const QString tag = QStringLiteral("Hotkey");
+    const qxSourceLocation location{hotkey.location.line, hotkey.location.column, 1};
+    if (key == 0 || key == Qt::Key_unknown)
+        return m_context.add(
+            qxCode::UnreadableHotkey,
+            QStringLiteral("%1: the hotkey \"%2\" names no key").arg(owner, hotkey.text), path, tag,
+            location);
+    QString &other = m_owners[key | int(modifiers)];
+    if (other.isEmpty())
+        other = owner;
+    else
+        m_context.add(qxCode::HotkeyTwice,
+                      QStringLiteral("%1: the hotkey \"%2\" is that of %3 as well")
+                          .arg(owner, hotkey.text, other),
+                      path, tag, location);
+}
+
+} // namespace
+
+void qxLintParts::lintGroups(qxLintContext &context)
+{
+    context.addTwins(qxCode::GroupTwice, QStringLiteral("group"), context.tree.groups);
+    for (const qxSyntaxTreeGroup &group : context.tree.groups) {
+        if (group.sets == 0)
+            context.add(qxCode::EmptyGroup,
+                        QStringLiteral("group \"%1\" has no sets").arg(group.name), group.path,
+                        group.location);
+    }
+}
+
+void qxLintParts::lintVariants(qxLintContext &context)
+{
+    QHash<const qxVariantKind *, QHash<QString, int>> lines;
+    for (const auto &variant : context.variants.all()) {
+        const qxSyntaxTreeVariant &element = variant->element();
+        const int line = lines[element.kind].value(element.name, 0);
+        if (line > 0)
+            context.add(qxCode::VariantTwice,
+                        QStringLiteral("%1 replaces the options of the one of line %2")
+                            .arg(introduce(element))
+                            .arg(line),
+                        element.path, element.location);
+        lines[element.kind].insert(element.name, element.location.line);
+        VariantLint(context, *variant).run();
+    }
+}
+
+void qxLintParts::lintHotkeys(qxLintContext &context)
+{
+    Hotkeys hotkeys(context);
+    for (const qxSyntaxTreeSet &set : context.tree.sets)
+        hotkeys.note(set.hotkey, QStringLiteral("set \"%1\"").arg(set.name), set.path);
+    for (const auto &variant : context.variants.all()) {
+        const qxSyntaxTreeVariant &element = variant->element();
+        for (const qxSyntaxTreeOption &option : element.options) {
+            if (option.hotkey.text.isEmpty())
+                continue;
+            variant->use(option.name);
+            hotkeys.note(
+                option.hotkey,
+                QStringLiteral("%1, option \"%2\"").arg(introduce(element), option.name),
+                QStringLiteral("%1/State[%2]").arg(element.path).arg(option.location.ordinal));
         }
     }
-    // Of clones, which share their choice, the first one has it.
-    const auto isBefore = [](const Change &one, const Change &other) {
-        return one.key < other.key;
-    };
-    const auto isSame = [](const Change &one, const Change &other) { return one.key == other.key; };
-    std::stable_sort(reach.changes.begin(), reach.changes.end(), isBefore);
-    reach.changes.erase(std::unique(reach.changes.begin(), reach.changes.end(), isSame),
-                        reach.changes.end());
-    return *m_reaches.insert(state, reach);
-}
-
-void qxLintVariant::use(const QString &state)
-{
-    m_used.insert(state);
-    m_isStepped = m_isStepped || qxSwitchStepping::stepOf(state);
-}
-
-bool qxLintVariant::isUsed(const QString &state) const
-{
-    return m_isStepped || m_used.contains(state);
-}
-
-qxLintVariants::qxLintVariants(const qxSyntaxTree &tree)
-{
-    m_all.reserve(tree.variants.size());
-    for (const qxSyntaxTreeVariant &each : tree.variants) {
-        m_all.push_back(std::make_unique<qxLintVariant>(each, m_survey));
-        m_byName[each.kind].insert(each.name, m_all.back().get());
-    }
-}
-
-qxLintVariant *qxLintVariants::find(const qxVariantKind *kind, const QString &name) const
-{
-    return m_byName.value(kind).value(name, nullptr);
 }

@@ -8,11 +8,6 @@
 
 namespace {
 
-void run(const std::string &script)
-{
-    qxScript::executeNUS(script.c_str(), qxConnector::the()->syncVariants());
-}
-
 void writeColor(std::ostream &script, const osg::Color3f &color)
 {
     script << "Vec3f(" << color.red() << ", " << color.green() << ", " << color.blue();
@@ -44,10 +39,17 @@ void writeDisplay(std::ostream &script, const qxAnalyzerVariant &clip)
 
 void qxAnalyzerVariant::execute()
 {
+    const std::string text = script();
+    if (!text.empty())
+        qxScript::executeNUS(text.c_str(), qxConnector::the()->syncVariants());
+}
+
+std::string qxAnalyzerVariant::script() const
+{
     if (clipState == Disable)
-        return run("enableClippingPlane(false)\n");
+        return "enableClippingPlane(false)\n";
     if (clipState != Enable && clipState != SetPlane)
-        return;
+        return {};
 
     std::ostringstream script;
     script.imbue(std::locale::classic()); // a decimal comma would be another argument
@@ -55,5 +57,5 @@ void qxAnalyzerVariant::execute()
     writePlane(script, *this);
     if (clipState == Enable)
         writeDisplay(script, *this);
-    run(script.str());
+    return script.str();
 }

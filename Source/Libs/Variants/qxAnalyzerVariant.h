@@ -5,6 +5,8 @@
 #include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGVector.h>
 
+#include <string>
+
 /// The clipping setting of a variant set: what becomes of the clipping plane when the set is
 /// applied.
 ///
@@ -29,4 +31,6 @@ public:
 
     /// Applies the setting through the host's script service.
     void execute();
+    /// The script that applies it; empty when nothing changes.
+    std::string script() const;
 };

@@ -1,8 +1,8 @@
 #include "qxLightVariant.h"
 
 #include "Internal/Options/qxStateWriter.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "qxVariantKind.h"
 
@@ -78,7 +78,7 @@ qxLightVariant::qxLightVariant(osg::NodePtr node)
 
 void qxLightVariant::onSelect(const QString &state)
 {
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     LightChanges changes(*this);
     qxStateRequest request(state);
     qxStateRules::light.visit(qxText::toUtf8(lightName), [&](const qxSceneObject &each) {

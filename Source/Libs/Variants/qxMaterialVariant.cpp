@@ -5,8 +5,8 @@
 #include "Internal/Options/qxOptionRebuild.h"
 #include "Internal/Options/qxStateWriter.h"
 #include "Internal/Options/qxSwitchOptions.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxSceneEdits.h"
 #include "qxVariantKind.h"
 
@@ -115,7 +115,7 @@ qxMaterialVariant::qxMaterialVariant(osg::MaterialPtr material)
 
 void qxMaterialVariant::onSelect(const QString &state)
 {
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     MaterialChanges(*this, state).apply();
     qxNotify::variantSelected(notifications, this);
 }

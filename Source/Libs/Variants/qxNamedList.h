@@ -92,7 +92,7 @@ public:
 
     /// The first object of that name in list order; null for none and for an empty name.
     T *find(const QString &name) const;
-    /// Whether the object is in the list. It must not be deleted, see qxOperation.
+    /// Whether the object is in the list. It must not be deleted, see qxDeferredDeletion.
     bool contains(const T *object) const;
     /// Appends an object that is in no list.
     void append(T *object);

@@ -4,8 +4,8 @@
 #include "Internal/Options/qxOptionRebuild.h"
 #include "Internal/Options/qxStateWriter.h"
 #include "Internal/Options/qxSwitchOptions.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "qxVariantKind.h"
@@ -99,7 +99,7 @@ qxNodeVariant::qxNodeVariant(osg::NodePtr node)
 
 void qxNodeVariant::onSelect(const QString &state)
 {
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     NodeChanges changes(*this, state);
     qxStateRules::node.visit(qxText::toUtf8(nodeName),
                              [&](const qxSceneObject &each) { changes.apply(each); });

@@ -2,8 +2,8 @@
 
 #include "Internal/Options/qxOptionRebuild.h"
 #include "Internal/Options/qxSwitchOptions.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxOperation.h"
 #include "Internal/Scene/qxNodeVisibility.h"
 #include "Internal/Scene/qxNodesChange.h"
 #include "qxVariantKind.h"
@@ -36,7 +36,7 @@ qxOverlayVariant::qxOverlayVariant(osg::NodePtr node)
 
 void qxOverlayVariant::onSelect(const QString &state)
 {
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     qxNotify::activateOverlays(state, overlayName);
     qxNotify::variantSelected(notifications, this);
 }

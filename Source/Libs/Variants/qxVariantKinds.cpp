@@ -1,8 +1,8 @@
 #include "qxVariantKinds.h"
 
 #include "Internal/Materials/qxSwitchMaterialRepair.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxOperation.h"
 #include "qxLightVariant.h"
 #include "qxMaterialVariant.h"
 #include "qxNodeVariant.h"
@@ -33,7 +33,7 @@ struct Registered {
 
     static qxVariant *adopt(std::unique_ptr<qxVariant> variant, bool notify)
     {
-        const qxOperation operation;
+        const qxDeferredDeletion deferred;
         auto *const added = static_cast<Variant *>(variant.release());
         list.append(added);
         if (notify)
@@ -56,7 +56,7 @@ struct Registered {
             return false;
         if (Variant *variant = list.find(name)) {
             list.take(variant);
-            qxOperation::bury(variant);
+            qxDeferredDeletion::bury(variant);
         }
         qxNotify::variantRemoved(Variant::notifications);
         return true;
@@ -65,7 +65,7 @@ struct Registered {
     static void clear()
     {
         for (Variant *variant : list.takeAll())
-            qxOperation::bury(variant);
+            qxDeferredDeletion::bury(variant);
         qxNotify::variantsChanged(Variant::notifications);
     }
 };

@@ -1,8 +1,8 @@
 #include "qxVariantSet.h"
 
 #include "Internal/Options/qxHotkey.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxOperation.h"
 #include "Internal/Registry/qxSetMaintenance.h"
 #include "Internal/Registry/qxSetSelection.h"
 #include "Internal/Scene/qxNodeVisibility.h"
@@ -159,7 +159,7 @@ bool qxVariantSet::containsTransformVariant(const std::string &variantName)
 
 void qxVariantSet::select(bool full, bool keepCamera)
 {
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     qxSetSelection::apply(*this, full, keepCamera);
     qxNotify::variantsSetSelected(name);
     qxNotify::variantSetSelected();
@@ -168,7 +168,7 @@ void qxVariantSet::select(bool full, bool keepCamera)
 
 void qxVariantSet::selectDefault()
 {
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     qxNotify::variantsSetSelected(name);
     qxSetSelection::applyDefaults(*this);
     qxNotify::variantsSetSelected(name);

@@ -1,6 +1,6 @@
 #include "qxVariantSetPtr.h"
 
-#include "Internal/Registry/qxOperation.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -145,7 +145,7 @@ void qxVariantSetPtr::addGeometry(qxNodePtr node, const char *state)
 {
     if (!m_set || node == osg::NullFC)
         return;
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     m_set->add(qxVariants::createNodeVariant(node, true), QString::fromUtf8(state));
 }
 
@@ -153,7 +153,7 @@ void qxVariantSetPtr::addMaterial(qxMaterialPtr material, const char *state)
 {
     if (!m_set || material == osg::NullFC)
         return;
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     m_set->add(qxVariants::createMaterialVariant(material, true), QString::fromUtf8(state));
 }
 
@@ -161,7 +161,7 @@ void qxVariantSetPtr::addLight(qxNodePtr node, const char *state)
 {
     if (!m_set || node == osg::NullFC)
         return;
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     m_set->add(qxVariants::createLightVariant(node, true), QString::fromUtf8(state));
 }
 
@@ -207,7 +207,7 @@ void qxVariantSetPtr::addCurrentClippingPlane()
 {
     if (!m_set)
         return;
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     for (const VectorSetting &setting : vectorSettings)
         copyVector(*m_set, setting);
     copyContourWidth(*m_set);

@@ -1,6 +1,6 @@
 #include "qxVariantVerifier.h"
 
-#include "Internal/Registry/qxOperation.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "qxMaterialVariant.h"
 #include "qxNodeVariant.h"
 #include "qxVariantKinds.h"
@@ -241,7 +241,7 @@ bool qxVariantVerifier::verifyKelo()
 {
     const qxNamedList<qxVariantSet>::Walk walk(qxVariants::_variantSets);
     for (qxVariantSet *set : qxVariants::_variantSets) {
-        const qxOperation operation;
+        const qxDeferredDeletion deferred;
         set->select(false, false);
         set->selectDefault();
     }

@@ -1,14 +1,14 @@
 #include "qxVariants.h"
 
-#include "Internal/Capture/qxCapture.h"
 #include "Internal/Capture/qxCaptureProgress.h"
+#include "Internal/Capture/qxCaptureState.h"
 #include "Internal/Capture/qxNodeActivity.h"
 #include "Internal/Capture/qxNodeNameGuard.h"
 #include "Internal/Capture/qxPreview.h"
 #include "Internal/Capture/qxSceneCapture.h"
 #include "Internal/Materials/qxMaterialCapture.h"
 #include "Internal/Options/qxHotkey.h"
-#include "Internal/Registry/qxOperation.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "Internal/Registry/qxSceneVariants.h"
 #include "Internal/Registry/qxSetRegistry.h"
 #include "Internal/Registry/qxSetSelection.h"
@@ -262,7 +262,7 @@ void qxVariants::selectVariantSet(const char *name, bool flag)
     qxVariantSet *const set = findVariantSet(QString::fromUtf8(name));
     if (!set)
         return;
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     if (set->inclNodes)
         qxSetSelection::showTargets(*set);
     set->select(true, flag);
@@ -321,7 +321,7 @@ void qxVariants::captureVariantsFromRootNode(
                                captureTransforms};
     const qxCaptureNotes notes{materials, visitedNames, visitedMaterials};
     if (set)
-        qxCaptureRun(*set, kinds, notes, notify).visit(node);
+        qxCaptureWalk(*set, kinds, notes, notify).visit(node);
 }
 
 bool qxVariants::checkAndSetNodeActive(osg::NodePtr node, qxVariantSet *set, bool &captureNodes,
@@ -371,8 +371,8 @@ void qxVariants::handleMaterialSnapshots(qxVariantSet *set, osg::NodePtr node, c
                                          bool notify)
 {
     if (set)
-        qxCapture::reconcile(node, path, material,
-                             {set, visitedNames, visitedMaterials, capture, notify});
+        qxCaptureState::reconcile(node, path, material,
+                                  {set, visitedNames, visitedMaterials, capture, notify});
 }
 
 void qxVariants::restoreSwitchNodes()

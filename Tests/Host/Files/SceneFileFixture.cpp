@@ -13,10 +13,8 @@
 #include <cmath>
 #include <sstream>
 
-namespace {
-
 /// Where the node puts its own origin.
-std::string originOf(const osg::NodePtr &node)
+static std::string originOf(const osg::NodePtr &node)
 {
     const osg::Matrix toWorld = node == osg::NullFC ? osg::Matrix() : node->getToWorld();
     std::ostringstream text;
@@ -26,7 +24,7 @@ std::string originOf(const osg::NodePtr &node)
 }
 
 /// What the core has to say: choice (& for clones), layer, light, material.
-std::string stateOf(const TestNode &node)
+static std::string stateOf(const TestNode &node)
 {
     const auto geometry = osg::GeometryPtr::dcast(node.core());
     if (geometry != osg::NullFC)
@@ -42,9 +40,9 @@ std::string stateOf(const TestNode &node)
     return "=" + std::to_string(node.choice()) + (isShared ? "&" : "");
 }
 
-std::string below(const TestNode &node);
+static std::string below(const TestNode &node);
 
-std::string describe(const TestNode &node)
+static std::string describe(const TestNode &node)
 {
     std::string text = node.core()->getTypeName();
     text += osg::getName(node.node()) ? " '" + node.name() + "'" : " -";
@@ -57,15 +55,13 @@ std::string describe(const TestNode &node)
     return text + (node.shown() ? "" : " hidden") + below(node);
 }
 
-std::string below(const TestNode &node)
+static std::string below(const TestNode &node)
 {
     std::string text;
     for (unsigned int i = 0; i < node.node()->getNChildren(); ++i)
         text += (i == 0 ? " (" : ", ") + describe(node.child(i));
     return text.empty() ? text : text + ")";
 }
-
-} // namespace
 
 QByteArray sceneText(const QByteArray &members)
 {

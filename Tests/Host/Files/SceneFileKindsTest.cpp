@@ -7,9 +7,7 @@
 
 #include <OpenSG/OSGSimpleMaterial.h>
 
-namespace {
-
-void expectViewpoint(int id, const qxUberCamera &expected)
+static void expectViewpoint(int id, const qxUberCamera &expected)
 {
     const qxUberCamera *const found = qxUberCameraPool::the()->get(id);
     ASSERT_TRUE(found);
@@ -20,8 +18,6 @@ void expectViewpoint(int id, const qxUberCamera &expected)
     EXPECT_FLOAT_EQ(found->farPlane, expected.farPlane);
     EXPECT_TRUE(found->toWorld.equals(expected.toWorld, 1e-5f));
 }
-
-} // namespace
 
 class SceneFileKindsTest : public SceneFileFixture {
 protected:

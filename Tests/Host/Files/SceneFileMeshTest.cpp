@@ -54,7 +54,7 @@ TEST_F(SceneFileMeshTest, EveryModeShowsItsTriangles)
     }
 }
 
-TEST_F(SceneFileMeshTest, QuantisedValuesAreTheNumbersTheyStandFor)
+TEST_F(SceneFileMeshTest, QuantisedValuesAreTheirNumbersAndSparseOnesReplaceOthersOrZeros)
 {
     // The positions are bytes 0, 255, 0; 127, 0, 0; ... and the normals signed bytes.
     load(sample("quantised"));
@@ -63,10 +63,7 @@ TEST_F(SceneFileMeshTest, QuantisedValuesAreTheNumbersTheyStandFor)
     const float expected[] = {-1, -1, 1}; // -128 and -127 both stand for -1.
     for (osg::UInt32 i = 0; i < 3; ++i)
         EXPECT_EQ(part()->getNormals()->getValue(i), osg::Vec3f(expected[i], 0, 0));
-}
 
-TEST_F(SceneFileMeshTest, SparseValuesReplaceOthersOrZeros)
-{
     qxJson sparse = sample("sparse"); // (7, 8, 9) instead of the second (2, 2, 2)
     for (const osg::Pnt3f &rest : {osg::Pnt3f(1, 1, 1), osg::Pnt3f(0, 0, 0)}) {
         load(sparse);

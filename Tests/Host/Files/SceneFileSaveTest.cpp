@@ -2,7 +2,6 @@
 #include "Materials/qxSurface.h"
 
 #include <OpenSG/OSGComponentTransform.h>
-#include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSimpleGeometry.h>
@@ -11,16 +10,12 @@
 
 #include <QDir>
 
-namespace {
-
 template <class Core>
-void setNewCore(const osg::NodePtr &node)
+static void setNewCore(const osg::NodePtr &node)
 {
     const osg::CPEditor edit(node, osg::Node::CoreFieldMask);
     node->setCore(Core::create());
 }
-
-} // namespace
 
 /// The scene holds everything that a save may change, and much that it must not.
 class SceneFileSaveTest : public SceneFileFixture {

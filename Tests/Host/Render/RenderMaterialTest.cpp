@@ -1,6 +1,4 @@
 #include "RenderFixture.h"
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
 
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGMaterialChunk.h>

@@ -1,11 +1,8 @@
 #include "Core/qxRenderRequests.h"
 #include "Scene/qxClipping.h"
 #include "ScriptFixture.h"
-#include "qxMaterials.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
-
-namespace {
 
 typedef std::vector<std::pair<std::string, std::string>> Values;
 
@@ -17,8 +14,6 @@ protected:
             EXPECT_EQ(value(expected.first), expected.second) << expected.first;
     }
 };
-
-} // namespace
 
 TEST_F(ScriptBindingsTest, PointsAndVectorsAreThreeNumbersThatKeepTheirFloats)
 {

@@ -6,8 +6,6 @@
 #include <csignal>
 #include <map>
 
-namespace {
-
 /// A host where every request for a picture runs something: `step()` in a script leads there.
 class ScriptNestingTest : public ScriptFixture {
 protected:
@@ -35,8 +33,6 @@ private:
 
 const std::string tooDeep =
     "scripts call each other more than 32 levels deep: all of them are ended\n";
-
-} // namespace
 
 TEST_F(ScriptNestingTest, ThirtyTwoScriptsMayRunInsideEachOtherAndAFailedOneLeavesTheOthers)
 {

@@ -5,23 +5,19 @@
 
 #include <gtest/gtest.h>
 
-namespace {
+static std::string calls;
 
-std::string calls;
-
-void first(bool destroy)
+static void first(bool destroy)
 {
     calls += destroy ? "-1" : "+1";
     if (!destroy)
         qxScript::run("word = 'given'");
 }
 
-void second(bool destroy)
+static void second(bool destroy)
 {
     calls += destroy ? "-2" : "+2";
 }
-
-} // namespace
 
 TEST(ScriptSessionTest, CallbacksHearOfTheFirstScriptAndOfTheHostsEndInTheirOrder)
 {

@@ -2,8 +2,6 @@
 #include "Script/qxScriptRunner.h"
 #include "ScriptFixture.h"
 
-namespace {
-
 typedef std::vector<std::string> Texts;
 
 class ScriptTest : public ScriptFixture {
@@ -19,14 +17,12 @@ protected:
 
 /// What is written to standard output meanwhile.
 template <class Action>
-std::string printedBy(const Action &action)
+static std::string printedBy(const Action &action)
 {
     testing::internal::CaptureStdout();
     action();
     return testing::internal::GetCapturedStdout();
 }
-
-} // namespace
 
 TEST_F(ScriptTest, AnExpressionGivesWhatPrintingItsValueGives)
 {

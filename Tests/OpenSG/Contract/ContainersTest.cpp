@@ -8,12 +8,10 @@
 
 using namespace osg;
 
-namespace {
-
-auto &factory = *FieldContainerFactory::the();
+static auto &factory = *FieldContainerFactory::the();
 
 /// The names of a type and of all that it is derived from.
-std::string chainOf(const FieldContainerType *type)
+static std::string chainOf(const FieldContainerType *type)
 {
     std::string chain;
     for (; type; type = type->getParent())
@@ -21,14 +19,12 @@ std::string chainOf(const FieldContainerType *type)
     return chain;
 }
 
-NamePtr nameOf(const NodePtr &node)
+static NamePtr nameOf(const NodePtr &node)
 {
     return NamePtr::dcast(node->findAttachment(Name::getClassType()));
 }
 
-} // namespace
-
-TEST(Types, StandInTheirChainsOfParents)
+TEST(Types, StandInTheirChainsOfParentsAndAreAbstractWhereNoInstanceMakesSense)
 {
     const std::string container = "AttachmentContainer FieldContainer";
     const std::string group = "Group NodeCore " + container;
@@ -46,6 +42,13 @@ TEST(Types, StandInTheirChainsOfParents)
         EXPECT_EQ(chainOf(factory.findType(name.c_str())), chain);
     }
     EXPECT_EQ(factory.findType("Nothing"), nullptr);
+
+    for (const char *name : {"FieldContainer", "AttachmentContainer", "Attachment", "NodeCore",
+                             "Light", "Material", "Drawable", "MaterialDrawable"}) {
+        const FieldContainerType &type = *factory.findType(name);
+        EXPECT_TRUE(type.isAbstract() && type.getPrototype() == NullFC) << name;
+        EXPECT_EQ(factory.createFieldContainer(name), NullFC) << name;
+    }
 }
 
 TEST(Containers, AreCreatedByNameAndFoundByIdWhileTheyLive)
@@ -62,17 +65,7 @@ TEST(Containers, AreCreatedByNameAndFoundByIdWhileTheyLive)
     EXPECT_NE(NamePtr::dcast(name.get()), NullFC);
 }
 
-TEST(Types, AreAbstractWhereNoInstanceMakesSense)
-{
-    for (const char *name : {"FieldContainer", "AttachmentContainer", "Attachment", "NodeCore",
-                             "Light", "Material", "Drawable", "MaterialDrawable"}) {
-        const FieldContainerType &type = *factory.findType(name);
-        EXPECT_TRUE(type.isAbstract() && type.getPrototype() == NullFC) << name;
-        EXPECT_EQ(factory.createFieldContainer(name), NullFC) << name;
-    }
-}
-
-TEST(Names, AreMissingEmptyOrText)
+TEST(Names, AreMissingEmptyOrTextAndNotTheNameFieldOfAnImage)
 {
     const NodeRefPtr node(makeCoredNode<Switch>());
     EXPECT_EQ(getName(NodePtr()), nullptr);
@@ -92,6 +85,12 @@ TEST(Names, AreMissingEmptyOrText)
     setName(node->getCore(), "core"); // The core has a name of its own.
     EXPECT_EQ(getName(node.get()), nullptr);
     EXPECT_TRUE(warns([] { setName(NodePtr(), std::string("lost")); }));
+
+    const auto image = held<Image>();
+    image->setName("file.png");
+    EXPECT_EQ(getName(image.get()), nullptr);
+    setName(image.get(), "decal");
+    EXPECT_EQ(image->getName(), "file.png");
 }
 
 TEST(Attachments, ReplaceThoseOfTheSameKindAndBinding)
@@ -107,13 +106,4 @@ TEST(Attachments, ReplaceThoseOfTheSameKindAndBinding)
     node->subAttachment(second.get());
     EXPECT_EQ(nameOf(node), NullFC);
     EXPECT_EQ(bound.get().getRefCount(), 2);
-}
-
-TEST(Names, OfAnImageAreNotItsNameField)
-{
-    const auto image = held<Image>();
-    image->setName("file.png");
-    EXPECT_EQ(getName(image.get()), nullptr);
-    setName(image.get(), "decal");
-    EXPECT_EQ(image->getName(), "file.png");
 }

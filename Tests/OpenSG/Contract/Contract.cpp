@@ -7,8 +7,6 @@
 
 #include <algorithm>
 
-namespace {
-
 /// Starts the library once for all tests, with recording of changes.
 class Library : public testing::Environment {
 public:
@@ -21,8 +19,6 @@ public:
 };
 
 const testing::Environment *const library = testing::AddGlobalTestEnvironment(new Library);
-
-} // namespace
 
 bool isAlive(osg::UInt32 id)
 {

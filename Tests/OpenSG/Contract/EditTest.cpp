@@ -5,8 +5,6 @@
 
 using namespace osg;
 
-namespace {
-
 /// Nothing is recorded yet.
 class Edits : public testing::Test {
 protected:
@@ -19,8 +17,6 @@ protected:
     const NodeRefPtr m_node = held<Node>();
     const SwitchPtr m_core = m_owner;
 };
-
-} // namespace
 
 TEST_F(Edits, AreRecordedOncePerBracketWhateverHappensInIt)
 {

@@ -9,10 +9,8 @@
 
 using namespace osg;
 
-namespace {
-
 /// The unit square: its corners in this order, as one primitive.
-GeometryRefPtr square(UInt8 primitive, const std::vector<UInt32> &order, bool indexed)
+static GeometryRefPtr square(UInt8 primitive, const std::vector<UInt32> &order, bool indexed)
 {
     const Pnt3f corners[] = {Pnt3f(0, 0, 0), Pnt3f(1, 0, 0), Pnt3f(1, 1, 0), Pnt3f(0, 1, 0)};
     const auto geometry = held<Geometry>();
@@ -32,7 +30,7 @@ GeometryRefPtr square(UInt8 primitive, const std::vector<UInt32> &order, bool in
 }
 
 /// The number of triangles and the area, which points to where the surface faces.
-std::pair<int, Vec3f> surfaceOf(const GeometryPtr &geometry)
+static std::pair<int, Vec3f> surfaceOf(const GeometryPtr &geometry)
 {
     std::pair<int, Vec3f> surface;
     for (TriangleIterator it = geometry->beginTriangles(); it != geometry->endTriangles(); ++it) {
@@ -43,8 +41,6 @@ std::pair<int, Vec3f> surfaceOf(const GeometryPtr &geometry)
     }
     return surface;
 }
-
-} // namespace
 
 TEST(Geometries, TriangulateEveryPrimitive)
 {

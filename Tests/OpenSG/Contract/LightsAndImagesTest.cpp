@@ -38,7 +38,7 @@ TEST(Images, CopyTheDataTheyAreGiven)
     EXPECT_EQ(std::memcmp(image->getData() + 1, pixels + 1, 5), 0);
 }
 
-TEST(Images, CorrectTheirSizes)
+TEST(Images, CorrectTheirSizesAndHaveTheBytesAndTheNumberOfTheirFormat)
 {
     const auto image = held<Image>();
     const auto size = [&image] {
@@ -49,10 +49,7 @@ TEST(Images, CorrectTheirSizes)
     EXPECT_EQ(size(), Vec3f(1, 1, 1));
     EXPECT_FALSE(image->set(12345, 6, 7)); // The size is another one all the same.
     EXPECT_EQ(size(), Vec3f(6, 7, 1));
-}
 
-TEST(Images, HaveTheBytesAndTheNumberOfTheirFormat)
-{
     const struct {
         int format, number, bytes;
     } formats[] = {
@@ -60,7 +57,6 @@ TEST(Images, HaveTheBytesAndTheNumberOfTheirFormat)
         {Image::OSG_L_PF, 0x1909, 1},   {Image::OSG_LA_PF, 0x190A, 2},
         {Image::OSG_BGR_PF, 0x80E0, 3}, {Image::OSG_BGRA_PF, 0x80E1, 4},
     };
-    const auto image = held<Image>();
     for (const auto &row : formats) {
         EXPECT_EQ(row.format, row.number);
         EXPECT_TRUE(image->set(UInt32(row.format), 2, 3)) << row.number;

@@ -12,8 +12,6 @@
 
 using namespace osg;
 
-namespace {
-
 /// A switch material with a red and a glass material.
 class SwitchMaterials : public testing::Test {
 protected:
@@ -29,8 +27,6 @@ protected:
     const SwitchMaterialRefPtr m_owner = held<SwitchMaterial>();
     const SwitchMaterialPtr m_switch = m_owner;
 };
-
-} // namespace
 
 TEST_F(SwitchMaterials, AcceptDuplicatesButNoNull)
 {

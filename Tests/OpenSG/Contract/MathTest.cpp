@@ -6,18 +6,14 @@
 
 using namespace osg;
 
-namespace {
-
 const Quaternion quarterTurn(Vec3f(0, 0, 2), 1.5707963f);
 
-void expectMoved(const Matrix &matrix, const Pnt3f &point, const Pnt3f &expected)
+static void expectMoved(const Matrix &matrix, const Pnt3f &point, const Pnt3f &expected)
 {
     Pnt3f moved;
     matrix.multMatrixPnt(point, moved);
     EXPECT_TRUE(moved.equals(expected, 1e-4f)) << moved[0] << " " << moved[1] << " " << moved[2];
 }
-
-} // namespace
 
 TEST(Matrices, AreBuiltFromRowsAndStoredInColumns)
 {

@@ -4,8 +4,6 @@
 
 using namespace osg;
 
-namespace {
-
 /// A node with three children, all named; the first one has a switch as its core.
 class Family : public testing::Test {
 protected:
@@ -32,14 +30,14 @@ protected:
     const NodeRefPtr m_root = held<Node>(), m_other = held<Node>();
 };
 
-Pnt3f moved(const TransformPtr &transform, const Pnt3f &point)
+static Pnt3f moved(const TransformPtr &transform, const Pnt3f &point)
 {
     Pnt3f result;
     transform->getMatrix().multMatrixPnt(point, result);
     return result;
 }
 
-NodePtr nodeAt(const Vec3f &translation)
+static NodePtr nodeAt(const Vec3f &translation)
 {
     TransformPtr transform;
     const NodePtr node = makeCoredNode<Transform>(&transform);
@@ -47,8 +45,6 @@ NodePtr nodeAt(const Vec3f &translation)
     endEditCP(transform, Transform::MatrixFieldMask);
     return node;
 }
-
-} // namespace
 
 TEST_F(Family, AChildThatIsAddedAgainMoves)
 {
@@ -89,25 +85,22 @@ TEST_F(Family, ARemovedChildIsDestroyedWithItsSubtreeUnlessHeld)
     EXPECT_EQ(kept->getParent(), NullFC);
 }
 
-TEST_F(Family, AClonedTreeSharesCoresButNoNames)
+TEST_F(Family, AClonedTreeSharesCoresButNoNamesAndADeepOneIsACopyOfEverything)
 {
     const NodeRefPtr clone(cloneTree(m_root));
     EXPECT_EQ(clone->getChild(0)->getCore(), child(0)->getCore());
     EXPECT_EQ(clone->getChild(1)->getTravMask(), 5u);
     EXPECT_EQ(getName(clone->getChild(0)), nullptr);
-}
 
-TEST_F(Family, ADeepClonedTreeIsACopyOfEverything)
-{
     SwitchPtr::dcast(child(0)->getCore())->setChoice(3);
-    const NodeRefPtr clone(deepCloneTree(m_root));
-    const SwitchPtr core = SwitchPtr::dcast(clone->getChild(0)->getCore());
+    const NodeRefPtr copy(deepCloneTree(m_root));
+    const SwitchPtr core = SwitchPtr::dcast(copy->getChild(0)->getCore());
     EXPECT_NE(core, child(0)->getCore());
     EXPECT_EQ(core->getChoice(), 3);
-    EXPECT_EQ(clone->getChild(1)->getTravMask(), 5u);
-    setName(clone.get(), "copy");
+    EXPECT_EQ(copy->getChild(1)->getTravMask(), 5u);
+    setName(copy.get(), "copy");
     EXPECT_STREQ(getName(m_root.get()), "root");
-    EXPECT_STREQ(getName(clone->getChild(2)), "c");
+    EXPECT_STREQ(getName(copy->getChild(2)), "c");
 }
 
 TEST(Nodes, LeaveTheVolumeWhenHidden)

@@ -12,11 +12,9 @@
 
 using namespace osg;
 
-namespace {
-
 /// Gives an owner the same thing twice: it takes one reference and releases it when it goes.
 template <class Owner, class Thing, class Give>
-void expectCounted(const char *how, Give give)
+static void expectCounted(const char *how, Give give)
 {
     const auto thing = held<Thing>();
     auto owner = held<Owner>();
@@ -32,15 +30,13 @@ void expectCounted(const char *how, Give give)
     expectCounted<Owner, Thing>(#call, \
                                 [](const Owner::Ptr &owner, Thing::Ptr &thing) { owner->call; })
 
-std::string counts(const NodeRefPtr &first, const NodeRefPtr &second)
+static std::string counts(const NodeRefPtr &first, const NodeRefPtr &second)
 {
     return std::to_string(first.get().getRefCount()) + " "
         + std::to_string(second.get().getRefCount());
 }
 
 const NodePtr madeBeforeMain = NullFC;
-
-} // namespace
 
 TEST(Pointers, AreNullWhenMadeBeforeTheLibraryStarts)
 {
@@ -49,7 +45,7 @@ TEST(Pointers, AreNullWhenMadeBeforeTheLibraryStarts)
     EXPECT_EQ(madeBeforeMain.getRefCount(), 0);
 }
 
-TEST(Pointers, ToOneObjectAreEqual)
+TEST(Pointers, ToOneObjectAreEqualAndAreCastDownToWhatItIs)
 {
     const auto owner = held<Switch>();
     const SwitchPtr asSwitch = owner.get();
@@ -64,11 +60,7 @@ TEST(Pointers, ToOneObjectAreEqual)
     ofNull << NodePtr();
     EXPECT_NE(printed.str(), ofNull.str());
     EXPECT_NE(printed.str(), "");
-}
 
-TEST(Pointers, AreCastDownToWhatTheirObjectIs)
-{
-    const auto owner = held<Switch>();
     const NodeCorePtr core = owner.get();
     EXPECT_EQ(SwitchPtr::dcast(core), core);
     EXPECT_EQ(dynamic_fcptr_cast<GroupPtr>(core), core);
@@ -78,7 +70,7 @@ TEST(Pointers, AreCastDownToWhatTheirObjectIs)
     EXPECT_EQ(SwitchPtr(owner.getCPtr()), core);
 }
 
-TEST(References, AreCountedOnceByWhoeverIsGivenAnObject)
+TEST(References, AreCountedOnceByWhoeverIsGivenAnObjectButNotByBaseClassSetters)
 {
     EXPECT_COUNTED(Node, Switch, setCore(thing));
     EXPECT_COUNTED(Node, Node, addChild(thing));
@@ -98,6 +90,12 @@ TEST(References, AreCountedOnceByWhoeverIsGivenAnObject)
                    hasMaterial(thing) ? void() : owner->addMaterial(thing));
     EXPECT_COUNTED(MultiPassMaterial, SimpleMaterial,
                    hasMaterial(thing) ? void() : owner->addMaterial(thing));
+
+    const auto material = held<SimpleMaterial>();
+    const auto group = held<MaterialGroup>();
+    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(material.get());
+    EXPECT_EQ(material.get().getRefCount(), 1);
+    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(NullFC);
 }
 
 TEST(References, TurnTheHandedInPointerToNullWithTheLastRelease)
@@ -147,15 +145,6 @@ TEST(References, OfChildrenAreReleasedWhenTheyAreReplaced)
     root->setCore(Switch::create());
     root->setCore(root->getCore()); // The node alone holds it.
     EXPECT_EQ(root->getCore().getRefCount(), 1);
-}
-
-TEST(References, AreNotTakenByBaseClassSetters)
-{
-    const auto material = held<SimpleMaterial>();
-    const auto group = held<MaterialGroup>();
-    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(material.get());
-    EXPECT_EQ(material.get().getRefCount(), 1);
-    static_cast<MaterialGroupBase &>(*group.get()).setMaterial(NullFC);
 }
 
 TEST(RefPtrs, ReleaseWhatTheyHeldWhenTheyAreGivenMore)

@@ -7,8 +7,6 @@
 
 using namespace osg;
 
-namespace {
-
 using Result = Action::ResultE;
 
 /// Writes down what it is called with. Answers as told, else Continue and what it was handed.
@@ -29,7 +27,7 @@ struct Visitor {
     std::string log;
 };
 
-NodePtr named(const char *name, const std::vector<NodePtr> &children = {})
+static NodePtr named(const char *name, const std::vector<NodePtr> &children = {})
 {
     const NodePtr node = Node::create();
     setName(node, name);
@@ -86,8 +84,6 @@ protected:
     Visitor m_visitor;
 };
 
-} // namespace
-
 TEST_F(Walks, SkipChildrenAndStopWhenTold)
 {
     m_visitor.enters = {{"a", Action::Skip}, {"d", Action::Quit}, {"null", Action::Skip}};
@@ -135,7 +131,7 @@ TEST_F(Walks, TakeAListOfRootsAndFreeFunctions)
     EXPECT_EQ(traverse(roots, enter), Action::Continue);
 }
 
-TEST_F(Walks, OfAGraphOpVisitWhatIsExcluded)
+TEST_F(Walks, OfAGraphOpVisitWhatIsExcludedAndSucceedOnlyWhenTheyEndWithContinue)
 {
     CountOp op;
     NodePtr excluded = m_a;
@@ -148,11 +144,7 @@ TEST_F(Walks, OfAGraphOpVisitWhatIsExcluded)
     op.addToExcludeList(excluded);
     op.clearExcludeList();
     EXPECT_FALSE(op.isInExcludeList(excluded));
-}
 
-TEST_F(Walks, OfAGraphOpSucceedOnlyWhenTheyEndWithContinue)
-{
-    CountOp op;
     op.m_answer = Action::Skip;
     EXPECT_TRUE(op.traverse(m_root));
     op.m_answer = Action::Quit;

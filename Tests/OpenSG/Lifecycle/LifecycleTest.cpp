@@ -11,10 +11,8 @@
 
 using namespace osg;
 
-namespace {
-
 /// Tells a story in a process of its own: the library starts and stops only once in each.
-void inOwnProcess(void (*story)())
+static void inOwnProcess(void (*story)())
 {
     const auto tell = [story] {
         story();
@@ -23,7 +21,7 @@ void inOwnProcess(void (*story)())
     EXPECT_EXIT(tell(), testing::ExitedWithCode(0), "");
 }
 
-bool editIsRecorded()
+static bool editIsRecorded()
 {
     const SwitchRefPtr core(Switch::create());
     ChangeList *list = Thread::getCurrentChangeList();
@@ -31,8 +29,6 @@ bool editIsRecorded()
     endEditCP(core.get(), Switch::ChoiceFieldMask);
     return list->sizeChanged() > before;
 }
-
-} // namespace
 
 TEST(BeforeTheStart, NothingIsCreatedAndTypesKnowOnlyThemselves)
 {

@@ -11,8 +11,6 @@
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
-namespace {
-
 enum { Nodes = 1, Materials = 2, Lights = 4, Environments = 8, Viewpoint = 16, Transforms = 32 };
 const int Everything = 63;
 
@@ -262,5 +260,3 @@ TEST_F(CaptureTest, ANewSetIsMadeInItsGroup)
         qxVariants::clearVariantSets();
     }
 }
-
-} // namespace

@@ -4,8 +4,6 @@
 
 #include <OpenSG/OSGSimpleAttachments.h>
 
-namespace {
-
 class CheckerTest : public CaptureFixture {
 protected:
     std::vector<osg::NodePtr> ambiguous()
@@ -101,5 +99,3 @@ TEST_F(CheckerTest, WhatNeedsAUniqueNameOrPath)
     for (const osg::NodePtr &node : Nodes{blank, wheels, bare, osg::NullFC})
         EXPECT_FALSE(checker.needsUniquePath(node));
 }
-
-} // namespace

@@ -9,8 +9,6 @@
 #include <QProgressDialog>
 #include <QPushButton>
 
-namespace {
-
 /// The dialog that is open during a capture, looked at when the first variant is announced.
 class DialogTest : public CaptureFixture {
 protected:
@@ -70,5 +68,3 @@ TEST_F(DialogTest, TheDialogBelongsToTheVisibleDockElseToTheMainWindow)
     captureAndLook(look);
     dock.setWidget(nullptr);
 }
-
-} // namespace

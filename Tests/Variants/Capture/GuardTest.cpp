@@ -7,8 +7,6 @@
 #include <QPushButton>
 #include <QTimer>
 
-namespace {
-
 class GuardTest : public CaptureFixture {
 protected:
     typedef std::function<void(QMessageBox &box)> Answer;
@@ -111,5 +109,3 @@ TEST_F(GuardTest, ASetRefersToANodeByVariantByPathAndAsAChosenChild)
     std::vector<osg::NodePtr> none;
     EXPECT_FALSE(qxVariants::containsAmbiguousVSets(none));
 }
-
-} // namespace

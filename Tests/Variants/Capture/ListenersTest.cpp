@@ -5,8 +5,6 @@
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
-namespace {
-
 /// What listeners may do while a capture runs, and arguments that name nothing.
 class ListenersTest : public CaptureFixture {
 protected:
@@ -125,5 +123,3 @@ TEST_F(ListenersTest, ArgumentsThatNameNothingAreIgnored)
     EXPECT_EQ(contentsOf(*set), Names());
     EXPECT_TRUE(qxVariants::_nodeVariants.empty());
 }
-
-} // namespace

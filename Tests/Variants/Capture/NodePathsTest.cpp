@@ -2,8 +2,6 @@
 
 #include "CaptureFixture.h"
 
-namespace {
-
 class NodePathsTest : public CaptureFixture {
 protected:
     typedef std::vector<qxNodePtr> Nodes;
@@ -14,7 +12,7 @@ protected:
     }
 };
 
-TEST_F(NodePathsTest, APathNamesEveryStepBelowTheRoot)
+TEST_F(NodePathsTest, APathNamesEveryStepBelowTheRootAndItsHashIsFnv1OverSignedBytes)
 {
     const TestNode car = scene.add("Car");
     const TestNode door = scene.add("Left/Door", scene.add("Side", car));
@@ -25,10 +23,7 @@ TEST_F(NodePathsTest, APathNamesEveryStepBelowTheRoot)
     // The host calls an unnamed node after its core.
     EXPECT_EQ(qxPathLookup::getNodePath(handle.node()), "Car/Group/Türgriff");
     EXPECT_EQ(qxPathLookup::getNodePath(osg::NullFC), "");
-}
 
-TEST_F(NodePathsTest, TheHashIsFnv1OverSignedBytes)
-{
     EXPECT_EQ(qxPathLookup::hashOf(""), 2166136261u);
     EXPECT_EQ(qxPathLookup::hashOf("a"), 0x050C5D7Eu);
     EXPECT_EQ(qxPathLookup::hashOf("foobar"), 0x31F0B262u);
@@ -93,5 +88,3 @@ TEST_F(NodePathsTest, TheFirstNodeOfAPathGivesTheOthersItsMaterial)
     EXPECT_EQ(qxNodeUtils::getMaterial(other), blue.material());
     EXPECT_FALSE(qxVariants::checkIfNodeMatchesNodePath(geometry, "first seat 1", true));
 }
-
-} // namespace

@@ -19,19 +19,17 @@
 #include <map>
 #include <random>
 
-namespace {
-
 /// What is seen of a scene: the camera, and a fact for each node and for what it shows.
 typedef std::map<std::string, std::string> Facts;
 
-std::string text(const osg::Matrix &matrix)
+static std::string text(const osg::Matrix &matrix)
 {
     const auto *const values = matrix.getValues();
     return testing::PrintToString(std::vector<osg::Real32>(values, values + 16));
 }
 
 /// The name of the plain material that is seen in the end.
-std::string shownName(osg::MaterialPtr material)
+static std::string shownName(osg::MaterialPtr material)
 {
     for (auto choices = osg::SwitchMaterialPtr::dcast(material); choices != osg::NullFC;
          choices = osg::SwitchMaterialPtr::dcast(material)) {
@@ -42,7 +40,7 @@ std::string shownName(osg::MaterialPtr material)
     return qxMaterials::getName(material);
 }
 
-void addFacts(const std::string &way, const osg::NodePtr &node, Facts &facts)
+static void addFacts(const std::string &way, const osg::NodePtr &node, Facts &facts)
 {
     facts[way] = qxNodeUtils::getName(node);
     const auto choices = osg::SwitchPtr::dcast(node->getCore());
@@ -64,7 +62,7 @@ void addFacts(const std::string &way, const osg::NodePtr &node, Facts &facts)
 /// Visits what is active and below active nodes, each node with the way to it, which no renaming
 /// changes.
 template <class Visit>
-void visitActive(const std::string &way, const osg::NodePtr &node, const Visit &visit)
+static void visitActive(const std::string &way, const osg::NodePtr &node, const Visit &visit)
 {
     if (node == osg::NullFC || !node->getActive())
         return;
@@ -285,5 +283,3 @@ TEST_F(SeenAgainTest, RandomScenesComeBackNodeByNode)
         captureAndReturn();
     }
 }
-
-} // namespace

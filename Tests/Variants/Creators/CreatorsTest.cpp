@@ -9,7 +9,6 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
-#include "qxController.h"
 #include "qxOverlays.h"
 
 #include <OpenSG/OSGGraphOpFactory.h>
@@ -17,12 +16,10 @@
 #include <cstring>
 #include <memory>
 
-namespace {
-
 typedef std::vector<std::string> Texts;
 
 template <class List>
-QString namesOf(const List &variants)
+static QString namesOf(const List &variants)
 {
     QStringList names;
     for (const auto *variant : variants)
@@ -78,14 +75,12 @@ protected:
 
 /// The place of a virtual function in its class's table, as the Itanium C++ ABI lays it out.
 template <class Function>
-std::size_t slotOf(Function function)
+static std::size_t slotOf(Function function)
 {
     std::size_t offsetAndOne = 0;
     std::memcpy(&offsetAndOne, &function, sizeof offsetAndOne);
     return offsetAndOne / sizeof(void *);
 }
-
-} // namespace
 
 // The host calls operations through the table.
 TEST_F(CreatorsTest, CreateStandsBeforeTheTwoDestructors)

@@ -14,8 +14,6 @@
 
 #include <array>
 
-namespace {
-
 class DocumentTest : public DocumentFixture {
 protected:
     QDomElement elementOf(const QByteArray &xml)
@@ -38,13 +36,14 @@ private:
     QDomDocument m_document;
 };
 
-QByteArray contentOf(const QString &fileName)
+static QByteArray contentOf(const QString &fileName)
 {
     return bytesOf(QStringLiteral(QX_TEST_DATA "/Documents/") + fileName);
 }
 
 /// In three sets each of the five has values of its own, inclusions and clipping alike.
-qxVariantSet *addSet(const char *name, qxVariantGroup *group, const std::array<bool, 5> &flags)
+static qxVariantSet *addSet(const char *name, qxVariantGroup *group,
+                            const std::array<bool, 5> &flags)
 {
     qxVariantSet *const set = qxVariants::createVariantSet(name, false, group);
     set->setInclInfo(flags[0], flags[1], flags[2], flags[3], flags[4]);
@@ -56,7 +55,7 @@ qxVariantSet *addSet(const char *name, qxVariantGroup *group, const std::array<b
     return set;
 }
 
-void addVariants()
+static void addVariants()
 {
     qxNodeVariant *const wheels = qxVariants::createNodeVariant("Wheels", false);
     wheels->nodeName = "WheelSwitch";
@@ -68,8 +67,6 @@ void addVariants()
     qxVariants::createOverlayVariant("Logo", false)->overlayName = "LogoOverlay";
     qxVariants::createTransformVariant("Door", false)->nodeName = "DoorNode";
 }
-
-} // namespace
 
 TEST_F(DocumentTest, EveryFieldHasItsPlace)
 {
@@ -176,14 +173,11 @@ TEST_F(DocumentTest, ASingleVariantIsReadForThreeKindsOnly)
     EXPECT_EQ(readOne("Transform"), nullptr);
 }
 
-TEST_F(DocumentTest, AnyPreviewIsKeptAndAShortOnePrinted)
+TEST_F(DocumentTest, AnyPreviewIsKeptAShortOnePrintedAndOneThatIsTooLargeNotDecoded)
 {
     EXPECT_EQ(printed(QByteArray(79, 'A')), "\t" + std::string(79, 'A') + "\n");
     EXPECT_EQ(printed(QByteArray(80, 'A')), "");
-}
 
-TEST_F(DocumentTest, APictureThatIsTooLargeForAPreviewIsNotDecoded)
-{
     QBuffer huge;
     QImage(16000, 16000, QImage::Format_Mono).save(&huge, "PNG");
     rusage before, after;

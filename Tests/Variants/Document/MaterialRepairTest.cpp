@@ -1,12 +1,8 @@
 #include "qxMaterialVariant.h"
 
 #include "DocumentFixture.h"
-#include "qxMaterials.h"
-#include "qxNodeUtils.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
-
-namespace {
 
 class MaterialRepairTest : public DocumentFixture {
 protected:
@@ -44,8 +40,6 @@ protected:
 
     const std::vector<unsigned int> once{0x10000};
 };
-
-} // namespace
 
 TEST_F(MaterialRepairTest, AnExistingSwitchMaterialIsLeftAlone)
 {

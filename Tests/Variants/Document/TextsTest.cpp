@@ -6,8 +6,6 @@
 
 #include <random>
 
-namespace {
-
 /// Texts that break documents: markup, white space, characters beyond ASCII and beyond 16 bits.
 const char *const pieces[] = {"a",     "B",     "]]>",      "<![CDATA[",   "<b>", "&amp;",
                               "&",     "\"",    "'",        " ",           "\n",  "\t",
@@ -49,8 +47,6 @@ protected:
 private:
     std::mt19937 m_random{3};
 };
-
-} // namespace
 
 TEST_F(TextsTest, WhatIsWrittenIsRead)
 {

@@ -7,13 +7,9 @@
 #include <OpenSG/OSGMaterialPool.h>
 #include <OpenSG/OSGSimpleMaterial.h>
 
-namespace {
-
 typedef KindFixture MaterialVariantTest;
 
 const char *const closing = "materialVariantSelected";
-
-} // namespace
 
 TEST_F(MaterialVariantTest, APlainMaterialIsWrappedAndReplacedOnItsNodes)
 {

@@ -105,7 +105,7 @@ TEST(NodesChange, SortsChildrenAfterAnyChoice)
     EXPECT_TRUE(odd.visible.empty() && odd.invisible.empty());
 }
 
-TEST(Options, AreKeptOncePerNameWithTheFirstShortcut)
+TEST(Options, AreKeptOncePerNameAndFoundAndRemovedByIt)
 {
     qxNodeVariant variant;
     variant.add("Red", "Alt+Shift+A, B");
@@ -119,24 +119,21 @@ TEST(Options, AreKeptOncePerNameWithTheFirstShortcut)
     red.updateShortcut();
     EXPECT_EQ(red.key, int(Qt::Key_F5));
     EXPECT_EQ(red.modifiers, Qt::NoModifier);
-}
 
-TEST(Options, AreFoundAndRemovedByTheirExactName)
-{
-    qxNodeVariant variant;
-    EXPECT_FALSE(variant.isAction("!Toggle"));
+    qxNodeVariant other;
+    EXPECT_FALSE(other.isAction("!Toggle"));
     for (const char *name : {"!Toggle", "Green", "Blue"})
-        variant.add(name, "");
-    variant.add(true, "Flip", "");
-    variant.add(true, "", "");
-    EXPECT_FALSE(variant.isAction("!Toggle"));
-    EXPECT_TRUE(variant.isAction("Flip"));
-    EXPECT_EQ(variant.find("Flip"), &variant.options[3]);
-    EXPECT_EQ(variant.find(""), nullptr);
-    EXPECT_FALSE(variant.isAction(""));
+        other.add(name, "");
+    other.add(true, "Flip", "");
+    other.add(true, "", "");
+    EXPECT_FALSE(other.isAction("!Toggle"));
+    EXPECT_TRUE(other.isAction("Flip"));
+    EXPECT_EQ(other.find("Flip"), &other.options[3]);
+    EXPECT_EQ(other.find(""), nullptr);
+    EXPECT_FALSE(other.isAction(""));
 
-    variant.remove("green");
-    EXPECT_EQ(variant.options.size(), 5u);
-    variant.remove(variant.options[1].name); // a name that goes with its option
-    EXPECT_EQ(textsOf(variant.options), Texts({"!Toggle", "Blue", "Flip*", "*"}));
+    other.remove("green");
+    EXPECT_EQ(other.options.size(), 5u);
+    other.remove(other.options[1].name); // a name that goes with its option
+    EXPECT_EQ(textsOf(other.options), Texts({"!Toggle", "Blue", "Flip*", "*"}));
 }

@@ -7,8 +7,6 @@
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitch.h>
 
-namespace {
-
 class NodeVariantTest : public KindFixture {
 protected:
     ~NodeVariantTest() override { qxVariants::_recurse = false; }
@@ -30,14 +28,12 @@ protected:
 
 /// Whether the change list holds an edit of that field.
 template <class Ptr>
-bool recorded(const Ptr &object, osg::BitVector field)
+static bool recorded(const Ptr &object, osg::BitVector field)
 {
     const osg::ChangeList *changes = osg::Thread::getCurrentChangeList();
     const auto edit = std::make_pair(object.getFieldContainerId(), field);
     return std::count(changes->beginChanged(), changes->endChanged(), edit) > 0;
 }
-
-} // namespace
 
 TEST_F(NodeVariantTest, AChildIsShownAndAllAndNoneBothAnnounceEveryChildAsInvisible)
 {

@@ -9,15 +9,13 @@
 #include "qxConnector.h"
 #include "qxLights.h"
 
-namespace {
-
 typedef KindFixture LightVariantTest;
 typedef KindFixture OverlayVariantTest;
 typedef KindFixture TransformVariantTest;
 typedef HostFixture AnalyzerVariantTest;
 
 /// What the setting runs in that state.
-std::vector<qxScriptText> scriptsOf(qxAnalyzerVariant clip, int state)
+static std::vector<qxScriptText> scriptsOf(qxAnalyzerVariant clip, int state)
 {
     std::vector<qxScriptText> scripts;
     const int listener = qxScriptRunner::addListener(
@@ -27,8 +25,6 @@ std::vector<qxScriptText> scriptsOf(qxAnalyzerVariant clip, int state)
     qxScriptRunner::removeListener(listener);
     return scripts;
 }
-
-} // namespace
 
 TEST_F(LightVariantTest, EachLightOfTheNameIsSwitchedAndAnnounced)
 {
@@ -154,8 +150,21 @@ TEST_F(TransformVariantTest, OptionsAreTakenFromTheFirstNodeWithStates)
     EXPECT_TRUE(qxTransformVariant("").name.isEmpty());
 }
 
-TEST_F(AnalyzerVariantTest, EachStateRunsItsScriptAndHandsOnWhetherToSynchronise)
+TEST_F(AnalyzerVariantTest, EachStateRunsItsScriptOfAllSettingsAndHandsOnWhetherToSynchronise)
 {
+    const std::pair<bool qxAnalyzerVariant::*, const char *> flags[] = {
+        {&qxAnalyzerVariant::clipPlaneInvert, "Vec3f(0, 1, 0),true)\n"},
+        {&qxAnalyzerVariant::clipPlaneShow, "setClippingPlaneVisualization(false, "},
+        {&qxAnalyzerVariant::clipGridShow, "setClippingGridVisualization(false, "},
+        {&qxAnalyzerVariant::clipContourShow, "setClippingContourVisualization(false, "},
+        {&qxAnalyzerVariant::clipPlaneHideScene, "setClippingHideScene(true)\n"}};
+    for (const auto &flag : flags) {
+        qxAnalyzerVariant clip;
+        clip.*flag.first = !(clip.*flag.first);
+        clip.clipContourWidth = 12345; // no separator between thousands
+        for (const char *text : {flag.second, ", 12345)\n"})
+            EXPECT_NE(scriptsOf(clip, 1).at(0).text.find(text), std::string::npos) << text;
+    }
     qxAnalyzerVariant clip;
     for (int state : {0, 4, -1})
         EXPECT_TRUE(scriptsOf(clip, state).empty()) << state;
@@ -177,21 +186,4 @@ TEST_F(AnalyzerVariantTest, EachStateRunsItsScriptAndHandsOnWhetherToSynchronise
     qxConnector::the()->setSyncVariants(true);
     EXPECT_TRUE(scriptsOf(clip, 3).at(0).synchronise);
     qxConnector::the()->setSyncVariants(false);
-}
-
-TEST_F(AnalyzerVariantTest, EachFlagAndTheWidthHaveTheirPlaceInTheScript)
-{
-    const std::pair<bool qxAnalyzerVariant::*, const char *> flags[] = {
-        {&qxAnalyzerVariant::clipPlaneInvert, "Vec3f(0, 1, 0),true)\n"},
-        {&qxAnalyzerVariant::clipPlaneShow, "setClippingPlaneVisualization(false, "},
-        {&qxAnalyzerVariant::clipGridShow, "setClippingGridVisualization(false, "},
-        {&qxAnalyzerVariant::clipContourShow, "setClippingContourVisualization(false, "},
-        {&qxAnalyzerVariant::clipPlaneHideScene, "setClippingHideScene(true)\n"}};
-    for (const auto &flag : flags) {
-        qxAnalyzerVariant clip;
-        clip.*flag.first = !(clip.*flag.first);
-        clip.clipContourWidth = 12345; // no separator between thousands
-        for (const char *text : {flag.second, ", 12345)\n"})
-            EXPECT_NE(scriptsOf(clip, 1).at(0).text.find(text), std::string::npos) << text;
-    }
 }

@@ -6,13 +6,12 @@
 
 using namespace qxSwitchStepping;
 
-namespace {
-
 /// A choice and what "next", "next in a loop", "previous" and "previous in a loop" make of it.
 typedef std::array<long, 5> Row;
 
 template <class Result, class Choice, class Count>
-void expectRows(Result (*step)(qxStep, Choice, Count), int count, const std::vector<Row> &rows)
+static void expectRows(Result (*step)(qxStep, Choice, Count), int count,
+                       const std::vector<Row> &rows)
 {
     for (const Row &row : rows) {
         for (std::size_t i = 0; i < 4; ++i)
@@ -23,8 +22,6 @@ void expectRows(Result (*step)(qxStep, Choice, Count), int count, const std::vec
 
 const long lowest = std::numeric_limits<osg::Int32>::min();
 const long highest = std::numeric_limits<osg::Int32>::max();
-
-} // namespace
 
 TEST(Stepping, OfASwitch)
 {

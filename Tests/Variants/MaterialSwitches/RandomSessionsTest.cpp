@@ -5,8 +5,6 @@
 #include <map>
 #include <random>
 
-namespace {
-
 /// A user who paints, shares, wraps and chooses materials at random between captures.
 class RandomSessionsTest : public SwitchesFixture {
 protected:
@@ -81,5 +79,3 @@ TEST_F(RandomSessionsTest, EverySetBringsBackWhatItSaw)
         }
     }
 }
-
-} // namespace

@@ -5,8 +5,6 @@
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
-namespace {
-
 typedef SwitchesFixture SnapshotsTest;
 
 TEST_F(SnapshotsTest, MaterialGroupsHaveTheStatesOfTheirSwitchMaterialsCaptured)
@@ -271,5 +269,3 @@ TEST_F(SnapshotsTest, ASetThatAListenerRemovesInBetweenDoesNoHarm)
     EXPECT_TRUE(qxVariants::_variantSets.empty());
     EXPECT_EQ(shownOn({left, right}), (Names{"Blue", "Grey"}));
 }
-
-} // namespace

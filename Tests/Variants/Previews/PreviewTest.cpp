@@ -13,10 +13,8 @@
 #include <QBuffer>
 #include <QPixmap>
 
-namespace {
-
 /// A picture in which no two pixels are alike.
-QImage source(int width, int height)
+static QImage source(int width, int height)
 {
     QImage image(width, height, QImage::Format_RGB32);
     for (int y = 0; y < height; ++y) {
@@ -27,7 +25,7 @@ QImage source(int width, int height)
 }
 
 /// The same as the scene graph holds it: from the lower left corner on.
-osg::ImageRefPtr sceneGraphPicture(const QImage &source)
+static osg::ImageRefPtr sceneGraphPicture(const QImage &source)
 {
     const QImage rows = source.mirrored().convertToFormat(QImage::Format_RGB888);
     std::vector<osg::UInt8> bytes;
@@ -40,7 +38,7 @@ osg::ImageRefPtr sceneGraphPicture(const QImage &source)
 }
 
 /// That part of the picture as a preview, by way of a pixmap.
-QByteArray previewOf(const QImage &source, const QRect &square)
+static QByteArray previewOf(const QImage &source, const QRect &square)
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
@@ -94,8 +92,6 @@ protected:
 };
 
 typedef HostFixture FrameBufferTest;
-
-} // namespace
 
 TEST_F(RenderedPreviewTest, ThePreviewIsAPngOf264By256)
 {

@@ -9,14 +9,12 @@
 #include <memory>
 #include <random>
 
-namespace {
-
 struct Named {
     QString name;
 };
 
 /// Few names, so that twins are common; the first one is empty.
-QString nameOf(unsigned int number)
+static QString nameOf(unsigned int number)
 {
     return number == 0 ? QString() : QStringLiteral("Name%1").arg(number);
 }
@@ -29,8 +27,6 @@ void (*const changes[])(QString &name, QString text) = {
     [](QString &name, QString text) { name.remove(0, name.size()).append(text); },
     [](QString &name, QString text) { QTextStream(&text) >> name; },
 };
-
-} // namespace
 
 // The list is compared with the plainest one that does the same.
 TEST(NamedListTest, FindsTheFirstOfANameHoweverNamesAreChanged)

@@ -5,9 +5,7 @@
 #include "OneOfEach.h"
 #include "Script/qxScriptRunner.h"
 
-namespace {
-
-void clearEverything()
+static void clearEverything()
 {
     qxVariants::clearAll(*std::make_unique<qxMessage>());
 }
@@ -39,8 +37,6 @@ protected:
         return set;
     }
 };
-
-} // namespace
 
 TEST_F(ReentryTest, AScriptMayRemoveTheSetThatRunsIt)
 {

@@ -1,8 +1,6 @@
 #include "HostFixture.h"
 #include "OneOfEach.h"
 
-namespace {
-
 typedef std::vector<std::string> Lines;
 typedef HostFixture RegistryKindsTest;
 
@@ -18,8 +16,9 @@ struct Kind {
 typedef qxVariants All;
 
 template <class Variant>
-Kind kind(const char *notification, Variant *(*create)(const QString &, bool),
-          Variant *(*find)(const QString &), bool (*remove)(const QString &), void (*clear)())
+static Kind kind(const char *notification, Variant *(*create)(const QString &, bool),
+                 Variant *(*find)(const QString &), bool (*remove)(const QString &),
+                 void (*clear)())
 {
     return {notification, create, find, remove, clear};
 }
@@ -35,8 +34,6 @@ const Kind kinds[] = {
          &All::removeOverlayVariant, &All::clearOverlayVariants),
     kind("0 transformVariant", &All::createTransformVariant, &All::findTransformVariant,
          &All::removeTransformVariant, &All::clearTransformVariants)};
-
-} // namespace
 
 TEST_F(RegistryKindsTest, ANewVariantIsAnnouncedAndARemovalEvenOfNone)
 {

@@ -5,8 +5,6 @@
 
 #include <optional>
 
-namespace {
-
 class SceneLookupTest : public HostFixture {};
 
 TEST_F(SceneLookupTest, EachSortIsFoundByName)
@@ -46,5 +44,3 @@ TEST_F(SceneLookupTest, OneMadeWithinAnothersLifeSharesWhatThatGathers)
     outer.reset();
     EXPECT_TRUE(hasLate());
 }
-
-} // namespace

@@ -5,10 +5,8 @@
 #include "Scene/qxSceneTransformService.h"
 #include "Script/qxScriptRunner.h"
 
-namespace {
-
 /// Everything that selecting does to the host.
-std::string lines;
+static std::string lines;
 
 /// Stands in front of the camera service and notes what it is asked.
 class NotedCameraService : public qxMainCameraService {
@@ -101,8 +99,6 @@ const std::string rest = "script # mine\nscript enableClippingPlane(false)\nrend
                          "animationStart\nanimationStart\n";
 const std::string home = "9 0 1 1 camera\n";
 const std::string end = "variantsSetSelected\nvariantSetSelected\nrender\n";
-
-} // namespace
 
 TEST_F(SelectionTest, AppliesEverythingInOneOrder)
 {

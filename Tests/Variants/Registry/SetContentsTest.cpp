@@ -3,8 +3,6 @@
 #include "HostFixture.h"
 #include "OneOfEach.h"
 
-namespace {
-
 class SetContentsTest : public HostFixture {
 protected:
     static std::string textOf(const qxStateList &states)
@@ -16,8 +14,6 @@ protected:
     }
     qxVariantSet set{"Sport"};
 };
-
-} // namespace
 
 TEST_F(SetContentsTest, AnEmptyStateIsTheDefaultOneOfAVariantThatIsGiven)
 {

@@ -5,8 +5,6 @@
 #include "Pictures/qxMainGlView.h"
 #include "qxOSGWidget.h"
 
-namespace {
-
 typedef std::vector<std::string> Lines;
 
 class SetsTest : public HostFixture {
@@ -30,8 +28,6 @@ protected:
         return names;
     }
 };
-
-} // namespace
 
 TEST_F(SetsTest, TheHostsRequestClearsAllKindsInTheirOrderEvenIfThereIsNothing)
 {

@@ -7,10 +7,8 @@
 
 #include <locale>
 
-namespace {
-
 /// A script's answer, printed just so, in place of the host's.
-void answer(const std::string &word, const std::string &printed)
+static void answer(const std::string &word, const std::string &printed)
 {
     const std::string script = "class Answer(object):\n"
                                "    def __init__(self, text): self.text = text\n"
@@ -34,8 +32,6 @@ protected:
 
     qxVariantSet set{"Winter"};
 };
-
-} // namespace
 
 TEST_F(ClippingAnswersTest, EverySettingOfTheHostArrivesExactlyInEveryLanguage)
 {
@@ -94,7 +90,7 @@ TEST_F(ClippingAnswersTest, NumbersThatAnAnswerLacksAreZero)
     }
 }
 
-TEST_F(ClippingAnswersTest, AWidthMayBeWrittenInAnyBaseAndIsZeroWhenItIsNoNumber)
+TEST_F(ClippingAnswersTest, AWidthMayBeWrittenInAnyBaseAndAFlagIsSetByTheTextTrueAlone)
 {
     const std::pair<const char *, int> cases[] = {{"12", 12},  {" -3 px", -3}, {"0x10", 16},
                                                   {"2.75", 2}, {"wide", 0},    {"", 0}};
@@ -103,10 +99,7 @@ TEST_F(ClippingAnswersTest, AWidthMayBeWrittenInAnyBaseAndIsZeroWhenItIsNoNumber
         answer("getClippingContourWidth", each.first);
         EXPECT_EQ(copied().clipContourWidth, each.second) << each.first;
     }
-}
 
-TEST_F(ClippingAnswersTest, AFlagIsSetByTheTextTrueAlone)
-{
     for (const char *printed : {"False", "true", "TRUE", "1", " True", "True.", "", "True"}) {
         const bool isSet = printed == std::string("True");
         set.setClippingShowGrid(!isSet);

@@ -6,9 +6,6 @@
 #include "qxVariants.h"
 
 #include "HostFixture.h"
-#include "qxController.h"
-
-namespace {
 
 typedef std::vector<std::string> Texts;
 
@@ -27,8 +24,6 @@ protected:
     qxVariantSet *const set = qxVariants::createVariantSet("Winter", false, nullptr);
     qxVariantSetPtr handle{set};
 };
-
-} // namespace
 
 TEST_F(HandleTest, HotkeysOfDigitsAndCapitalsStandInTheOldForm)
 {
@@ -68,8 +63,14 @@ TEST_F(HandleTest, OtherKeysLeaveHotkeyAndShortcut)
     EXPECT_EQ(set->key, 0);
 }
 
-TEST_F(HandleTest, VariantsOfGivenObjectsAreCreatedAndAnnouncedOnce)
+TEST_F(HandleTest, VariantsOfGivenObjectsAreCreatedAndAnnouncedOnceOfNamelessOnesNone)
 {
+    handle.addGeometry(qxNodePtr(), "A");
+    handle.addLight(osg::NullFC, "A");
+    handle.addMaterial(qxMaterialPtr(), "A");
+    handle.addMaterial(scene.addMaterial("").material(), "A");
+    EXPECT_TRUE(set->isEmpty());
+    EXPECT_EQ(notifications.entries().size(), 0u);
     const TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"}).choose(1);
     const TestNode lamp = scene.addLight("Lamp");
     const TestMaterial paint = scene.addSwitchMaterial("Paint", {"Red", "Blue"});
@@ -94,16 +95,6 @@ TEST_F(HandleTest, VariantsOfGivenObjectsAreCreatedAndAnnouncedOnce)
         << "the default states";
 }
 
-TEST_F(HandleTest, ObjectsThatAreNullOrNamelessAddNothing)
-{
-    handle.addGeometry(qxNodePtr(), "A");
-    handle.addLight(osg::NullFC, "A");
-    handle.addMaterial(qxMaterialPtr(), "A");
-    handle.addMaterial(scene.addMaterial("").material(), "A");
-    EXPECT_TRUE(set->isEmpty());
-    EXPECT_EQ(notifications.entries().size(), 0u);
-}
-
 TEST_F(HandleTest, AListenerThatRemovesSetAndVariantDoesNoHarm)
 {
     const TestNode wheels = scene.addSwitch("Wheels", {"Steel"});
@@ -125,15 +116,7 @@ TEST_F(HandleTest, AListenerThatRemovesSetAndVariantDoesNoHarm)
     }
 }
 
-TEST_F(HandleTest, TheLastValueOfAKeyCounts)
-{
-    handle.setValue("price", "1");
-    handle.setValue("price", "2");
-    EXPECT_EQ(handle.getValue("price"), "2");
-    EXPECT_EQ(handle.getValue("colour"), "");
-}
-
-TEST_F(HandleTest, ANewNameIsAssignedAsItIs)
+TEST_F(HandleTest, ANewNameIsAssignedAsItIsAndTheLastValueOfAKeyCounts)
 {
     for (int i = 0; i < 20; ++i)
         qxVariants::createVariantSet(i == 7 ? "Summer" : QString::number(i), false, nullptr);
@@ -143,4 +126,9 @@ TEST_F(HandleTest, ANewNameIsAssignedAsItIs)
     EXPECT_EQ(qxVariants::_variantSets.size(), 21u);
     EXPECT_EQ(notifications.entries().size(), 0u);
     EXPECT_EQ(logged(qxLog::Warning), Texts());
+
+    handle.setValue("price", "1");
+    handle.setValue("price", "2");
+    EXPECT_EQ(handle.getValue("price"), "2");
+    EXPECT_EQ(handle.getValue("colour"), "");
 }

@@ -10,11 +10,9 @@
 /// Has the name of the module's class, by which Boost.Python looks it up.
 class qxVariantSetPtr {};
 
-namespace {
-
 const char *const library = QX_BUILD_LIB "/libqxVariants.so";
 
-void whileLoaded(const std::function<void()> &action)
+static void whileLoaded(const std::function<void()> &action)
 {
     void *const module = dlopen(library, RTLD_NOW);
     ASSERT_TRUE(module) << dlerror();
@@ -32,8 +30,6 @@ protected:
         return notifications.entries().size() - 1;
     }
 };
-
-} // namespace
 
 TEST_F(UnloadTest, TheModuleListensFromLoadingToUnloading)
 {

@@ -8,8 +8,6 @@
 
 #include <functional>
 
-namespace {
-
 /// Sets over a scene that loses one thing after the other.
 class LosingSceneTest : public HostFixture {
 protected:
@@ -77,8 +75,6 @@ protected:
         hollowed->setCore(osg::Group::create());
     }
 };
-
-} // namespace
 
 TEST_F(LosingSceneTest, OptimizingDropsEntryByEntryWhatTheSceneLost)
 {

@@ -11,12 +11,8 @@
 #include <cstdlib>
 #include <new>
 
-namespace {
-
 /// No memory is given for anything larger; 0 for no limit.
-std::size_t memoryLimit = 0;
-
-} // namespace
+static std::size_t memoryLimit = 0;
 
 // A check calls nothing that a test could make throw, but everything that allocates may.
 void *operator new(std::size_t size)
@@ -38,8 +34,6 @@ void *operator new(std::size_t size)
 {
     std::free(memory);
 }
-
-namespace {
 
 class VerifierTest : public HostFixture, protected TestFolder {
 protected:
@@ -87,8 +81,6 @@ protected:
 
     qxVariantVerifier verifier;
 };
-
-} // namespace
 
 TEST_F(VerifierTest, SetsAreReportedWithWhatTheyReferToInVain)
 {

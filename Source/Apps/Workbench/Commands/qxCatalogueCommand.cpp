@@ -4,7 +4,7 @@
 #include "Report/qxOutput.h"
 #include "Session/qxInterrupt.h"
 #include "Session/qxSession.h"
-#include "Session/qxSetPictures.h"
+#include "Session/qxSetPreviews.h"
 #include "qxCommand.h"
 #include "qxStreams.h"
 #include "qxValueKind.h"
@@ -27,7 +27,7 @@ QList<QCommandLineOption> options()
 {
     return {{QStringLiteral("out"), QStringLiteral("The folder for the page, index.html."),
              QStringLiteral("DIR")},
-            qxSetPictures::qualityOption(),
+            qxSetPreviews::qualityOption(),
             qxCommands::scriptsOption(),
             qxCommands::noScriptsOption(),
             qxCommands::traceOption()};
@@ -41,13 +41,13 @@ QByteArray jpegOf(const QImage &image)
     return buffer.data();
 }
 
-/// Pictures of these sets; counts in `done` like qxSetPictures::visit.
+/// Pictures of these sets; counts in `done` like qxSetPreviews::visit.
 qxCataloguePage::Pictures makePictures(const QStringList &names, int &done)
 {
     qxCataloguePage::Pictures pictures;
-    done = qxSetPictures::visit(names, [&pictures](qxVariantSet &set) {
+    done = qxSetPreviews::visit(names, [&pictures](qxVariantSet &set) {
         const QSize size = cardSize * 2;
-        const QImage picture = QImage::fromData(qxSetPictures::render(size.width(), size.height()));
+        const QImage picture = QImage::fromData(qxSetPreviews::render(size.width(), size.height()));
         if (picture.isNull())
             return false;
         const QImage small =
@@ -63,7 +63,7 @@ int run(const QCommandLineParser &parser)
     const QDir folder(parser.value(QStringLiteral("out")));
     if (!parser.isSet(QStringLiteral("out")))
         return qxCommands::fail(QStringLiteral("catalogue needs --out DIR"), WrongUse);
-    if (!qxSetPictures::isQualityKnown(parser))
+    if (!qxSetPreviews::isQualityKnown(parser))
         return WrongUse;
     const QString page = folder.filePath(QStringLiteral("index.html"));
     const int code = qxValueKinds::checkFile(page);
@@ -74,14 +74,14 @@ int run(const QCommandLineParser &parser)
     if (!session.open(file))
         return WorkFailed;
 
-    qxSetPictures::prepare(parser, Samples);
+    qxSetPreviews::prepare(parser, Samples);
     const qxInterrupt interrupt;
-    const QStringList names = qxSetPictures::allNames();
+    const QStringList names = qxSetPreviews::allNames();
     int done = 0;
     const qxCataloguePage::Pictures pictures = makePictures(names, done);
     if (qxInterrupt::isAsked() && pictures.isEmpty())
         return qxCommands::endedEarly(QStringLiteral("no page was written"));
-    if (!qxSetPictures::reopen(session, file, {}))
+    if (!qxSetPreviews::reopen(session, file, {}))
         return WorkFailed;
     if (!qxStreams::write(page, qxCataloguePage::html(QFileInfo(file).fileName(), pictures)))
         return WorkFailed;

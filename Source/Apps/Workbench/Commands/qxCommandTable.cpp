@@ -1,7 +1,7 @@
 #include "qxCommandTable.h"
 
 #include "Report/qxOutput.h"
-#include "Script/qxBlockedScripts.h"
+#include "Script/qxBlockedScriptReport.h"
 #include "Script/qxScriptRunner.h"
 #include "Session/qxMemoryLimit.h"
 #include "qxHelp.h"
@@ -65,7 +65,7 @@ int runWithScripts(const qxCommand &command, const QCommandLineParser &parser,
     if (!selectsSets(command))
         return command.run(parser);
     int count = 0;
-    const qxBlockedScripts blockedScripts([&](const QString &set, const QString &line) {
+    const qxBlockedScriptReport blockedScripts([&](const QString &set, const QString &line) {
         ++count;
         qxOutput::error(QStringLiteral("left out the script of \"%1\": %2").arg(set, line));
     });

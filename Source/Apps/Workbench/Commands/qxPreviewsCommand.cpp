@@ -4,7 +4,7 @@
 #include "Report/qxOutput.h"
 #include "Session/qxInterrupt.h"
 #include "Session/qxSession.h"
-#include "Session/qxSetPictures.h"
+#include "Session/qxSetPreviews.h"
 #include "qxCommand.h"
 
 #include <QCommandLineParser>
@@ -19,7 +19,7 @@ QList<QCommandLineOption> options()
             {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
             qxCommands::scriptsOption(),
             qxCommands::noScriptsOption(),
-            qxSetPictures::qualityOption(),
+            qxSetPreviews::qualityOption(),
             qxCommands::saveOption(),
             qxCommands::jsonOption(),
             qxCommands::traceOption()};
@@ -34,19 +34,19 @@ int run(const QCommandLineParser &parser)
                                     ? QStringLiteral("--stale and --all do not go together")
                                     : QStringLiteral("previews needs --save OUT"),
                                 WrongUse);
-    if (!qxSetPictures::isQualityKnown(parser))
+    if (!qxSetPreviews::isQualityKnown(parser))
         return WrongUse;
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;
 
-    qxSetPictures::prepare(parser);
+    qxSetPreviews::prepare(parser);
     const qxInterrupt interrupt;
     const QStringList names =
-        all || stale ? qxSetPictures::allNames() : qxSetPictures::namesWithoutPreview();
-    qxSetPictures::Previews previews;
-    const int done = qxSetPictures::visit(names, [&previews](qxVariantSet &set) {
-        if (!qxSetPictures::addPreview(set, previews))
+        all || stale ? qxSetPreviews::allNames() : qxSetPreviews::namesWithoutPreview();
+    qxSetPreviews::Previews previews;
+    const int done = qxSetPreviews::visit(names, [&previews](qxVariantSet &set) {
+        if (!qxSetPreviews::addPreview(set, previews))
             return false;
         if (previews[set.name] == set.getPreview())
             previews.remove(set.name);
@@ -54,7 +54,7 @@ int run(const QCommandLineParser &parser)
     });
     // The previews show the scene as it was opened.
     if (!qxCommands::maySave(session, parser)
-        || !qxSetPictures::reopen(session, parser.positionalArguments().first(), previews)
+        || !qxSetPreviews::reopen(session, parser.positionalArguments().first(), previews)
         || qxCommands::saveIfAsked(session, parser) != Success)
         return WorkFailed;
     const int made = all ? done : previews.size();

@@ -7,7 +7,7 @@
 #include "Report/qxProgress.h"
 #include "Session/qxInterrupt.h"
 #include "Session/qxSession.h"
-#include "Session/qxSetPictures.h"
+#include "Session/qxSetPreviews.h"
 #include "qxCameraService.h"
 #include "qxCommand.h"
 #include "qxFileNames.h"
@@ -56,7 +56,7 @@ QList<QCommandLineOption> options()
          QStringLiteral("Width and height of a picture in pixels, such as 1280x720, which is the "
                         "default; 384x256 on a sheet."),
          QStringLiteral("WxH")},
-        qxSetPictures::qualityOption(),
+        qxSetPreviews::qualityOption(),
         {QStringLiteral("out"),
          QStringLiteral("The picture, a PNG, - for standard output; with --all a folder or a PNG."),
          QStringLiteral("PNG|DIR")},
@@ -122,7 +122,7 @@ QByteArray picture(const Job &job)
         const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
         camera->moveToViewpoint(camera->findViewpoint(qxText::toUtf8(job.view)), 0, 0, 0);
     }
-    return qxSetPictures::render(job.size.width(), job.size.height());
+    return qxSetPreviews::render(job.size.width(), job.size.height());
 }
 
 int renderOne(const Job &job)
@@ -145,9 +145,9 @@ int renderOne(const Job &job)
 
 int renderFolder(const Job &job)
 {
-    const QStringList names = qxSetPictures::allNames();
+    const QStringList names = qxSetPreviews::allNames();
     qxFileNames files(QStringLiteral(".png"));
-    const int done = qxSetPictures::visit(names, [&](qxVariantSet &set) {
+    const int done = qxSetPreviews::visit(names, [&](qxVariantSet &set) {
         const QByteArray png = picture(job);
         const QString path = QDir(job.out).filePath(files.next(set.name));
         return !png.isEmpty() && qxStreams::write(path, png);
@@ -160,9 +160,9 @@ int renderFolder(const Job &job)
 
 int renderSheet(const Job &job)
 {
-    const QStringList names = qxSetPictures::allNames();
+    const QStringList names = qxSetPreviews::allNames();
     qxContactSheet sheet(job.size);
-    const int done = qxSetPictures::visit(names, [&](qxVariantSet &set) {
+    const int done = qxSetPreviews::visit(names, [&](qxVariantSet &set) {
         const QByteArray png = picture(job);
         if (!png.isEmpty())
             sheet.add(QImage::fromData(png), set.name);
@@ -182,7 +182,7 @@ int run(const QCommandLineParser &parser)
     const int code = readJob(parser, job);
     if (code != Success)
         return code;
-    if (!qxSetPictures::isQualityKnown(parser))
+    if (!qxSetPreviews::isQualityKnown(parser))
         return WrongUse;
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))
@@ -191,7 +191,7 @@ int run(const QCommandLineParser &parser)
     if (!flaw.isEmpty())
         return qxCommands::fail(flaw);
 
-    qxSetPictures::prepare(parser);
+    qxSetPreviews::prepare(parser);
     const qxInterrupt interrupt;
     if (!job.all)
         return renderOne(job);

@@ -105,12 +105,13 @@ void foreseeAll(const QStringList &names, bool keepCamera, bool json)
     qxSceneState state = qxSceneState::take();
     QString viewpoint = qxText::fromUtf8(qxMainView::the().viewpointName());
     for (const QString &name : names) {
-        const qxExplanation explanation(*qxVariants::findVariantSet(name), forecast);
+        const qxVariantSet &set = *qxVariants::findVariantSet(name);
+        const qxExplanation explanation(set, forecast);
         const QString next = viewpointAfter(explanation, keepCamera);
         qxChangeReport report(state);
         state = state.after(forecast);
-        report.foresee(name, explanation, state, next == viewpoint ? QString() : next,
-                       missingFor(name));
+        report.foresee(set, explanation, state, next == viewpoint ? QString() : next,
+                       missingVariants(set));
         viewpoint = next.isEmpty() ? viewpoint : next;
         reports.add(report);
     }

@@ -11,7 +11,7 @@
 
 namespace {
 
-typedef qxScriptTrust::Decision Decision;
+typedef qxTrustStore::Decision Decision;
 
 struct Answer {
     const char *option;
@@ -21,10 +21,10 @@ struct Answer {
 };
 
 const Answer answers[] = {
-    {"yes", "Trusts them: they run when their sets are selected.", qxScriptTrust::Trusted,
+    {"yes", "Trusts them: they run when their sets are selected.", qxTrustStore::Trusted,
      "trusted"},
-    {"never", "Has them never run, and does not ask again.", qxScriptTrust::Never, "never run"},
-    {"forget", "Forgets what was decided about them.", qxScriptTrust::Undecided, "undecided"},
+    {"never", "Has them never run, and does not ask again.", qxTrustStore::Never, "never run"},
+    {"forget", "Forgets what was decided about them.", qxTrustStore::Undecided, "undecided"},
 };
 
 QList<QCommandLineOption> options()

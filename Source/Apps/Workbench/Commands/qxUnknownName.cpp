@@ -1,6 +1,6 @@
 #include "qxUnknownName.h"
 
-#include "Session/qxSetPictures.h"
+#include "Session/qxSetPreviews.h"
 #include "qxNames.h"
 #include "qxNodeUtils.h"
 #include "qxSceneLookup.h"
@@ -18,7 +18,7 @@ QString line(const char *what, const QString &name, const QStringList &names)
 
 QString qxUnknownName::set(const QString &name)
 {
-    return line("variant set", name, qxSetPictures::allNames());
+    return line("variant set", name, qxSetPreviews::allNames());
 }
 
 QString qxUnknownName::viewpoint(const QString &name)

@@ -1,5 +1,7 @@
 #include "qxChangeReport.h"
 
+#include "qxVariantSet.h"
+
 #include "Cameras/qxMainView.h"
 #include "Script/qxScriptRunner.h"
 #include "qxController.h"
@@ -60,14 +62,16 @@ void qxChangeReport::finish(const QString &title, const QStringList &skipped)
         m_viewpoint = qxText::fromUtf8(qxMainView::the().viewpointName());
 }
 
-void qxChangeReport::foresee(const QString &title, const qxExplanation &explanation,
+void qxChangeReport::foresee(const qxVariantSet &set, const qxExplanation &explanation,
                              const qxSceneState &after, const QString &viewpoint,
                              const QStringList &skipped)
 {
-    m_title = title;
+    m_title = set.name;
     m_skipped = skipped;
     m_changes = m_before.changesTo(after);
     m_viewpoint = viewpoint;
+    if (const std::string clipping = set.analyzer.script(); !clipping.empty())
+        m_scripts += qxText::fromUtf8(clipping).trimmed();
     for (const qxExplainedEntry &entry : explanation.entries()) {
         if (entry.kind == QLatin1String("animation") && entry.code != qxCode::SkippedForLaterTurn)
             m_animations += entry.name;

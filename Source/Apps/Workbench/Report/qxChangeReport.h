@@ -6,6 +6,7 @@
 
 class QJsonObject;
 class qxExplanation;
+class qxVariantSet;
 
 /// Records the changes of the scene from its construction to finish(), and reports them.
 class qxChangeReport {
@@ -24,8 +25,8 @@ public:
 
     /// The same for a selection that is only foreseen: `after` is where the scene would stand.
     /// `viewpoint` is where the camera would go, empty when it would stay.
-    void foresee(const QString &title, const qxExplanation &explanation, const qxSceneState &after,
-                 const QString &viewpoint, const QStringList &skipped);
+    void foresee(const qxVariantSet &set, const qxExplanation &explanation,
+                 const qxSceneState &after, const QString &viewpoint, const QStringList &skipped);
 
     /// A heading and a line for each change.
     void print() const;

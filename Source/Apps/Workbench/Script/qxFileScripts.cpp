@@ -32,7 +32,7 @@ void qxFileScripts::take()
             m_texts.insert(textOf(set->script));
     }
     if (!m_texts.empty())
-        m_trust = qxScriptTrust();
+        m_trust = qxTrustStore();
     tellRunner();
 }
 
@@ -43,7 +43,7 @@ void qxFileScripts::clear()
     tellRunner();
 }
 
-qxScriptTrust::Decision qxFileScripts::decisionOn(const std::string &text) const
+qxTrustStore::Decision qxFileScripts::decisionOn(const std::string &text) const
 {
     const auto decided = m_decided.find(text);
     return decided == m_decided.end() ? m_trust.of(text) : decided->second;
@@ -53,7 +53,7 @@ void qxFileScripts::tellRunner() const
 {
     std::set<std::string> distrusted;
     for (const std::string &text : m_texts) {
-        if (decisionOn(text) != qxScriptTrust::Trusted)
+        if (decisionOn(text) != qxTrustStore::Trusted)
             distrusted.insert(text);
     }
     qxScriptRunner::setDistrusted(distrusted);
@@ -74,39 +74,39 @@ QList<qxFileScripts::Script> qxFileScripts::undecided() const
 {
     QList<Script> scripts;
     for (const Script &script : list()) {
-        if (script.decision == qxScriptTrust::Undecided)
+        if (script.decision == qxTrustStore::Undecided)
             scripts << script;
     }
     return scripts;
 }
 
-QString qxFileScripts::decide(const QList<Script> &scripts, qxScriptTrust::Decision decision,
+QString qxFileScripts::decide(const QList<Script> &scripts, qxTrustStore::Decision decision,
                               const QString &file)
 {
-    qxScriptTrust::Scripts noted;
+    qxTrustStore::Scripts noted;
     for (const Script &script : scripts) {
         const std::string text = textOf(script.text);
         noted.emplace(text, noteOn(file, script.set));
         m_decided[text] = decision;
     }
     tellRunner();
-    return qxScriptTrust::remember(noted, decision);
+    return qxTrustStore::remember(noted, decision);
 }
 
 QString qxFileScripts::rememberOwn(const QString &file) const
 {
     bool isUntrusted = false;
     for (const std::string &text : m_texts)
-        isUntrusted |= decisionOn(text) != qxScriptTrust::Trusted;
+        isUntrusted |= decisionOn(text) != qxTrustStore::Trusted;
     if (isUntrusted && qxScriptRunner::allowed() == qxScriptRunner::Everything)
         return QString();
-    const qxScriptTrust trust;
-    qxScriptTrust::Scripts own;
+    const qxTrustStore trust;
+    qxTrustStore::Scripts own;
     for (const qxVariantSet *set : qxVariants::_variantSets) {
         // With the file comes what the document holds of the script.
         const std::string text = textOf(qxVariantWriter::writable(set->script));
-        if (!text.empty() && m_texts.count(text) == 0 && trust.of(text) == qxScriptTrust::Undecided)
+        if (!text.empty() && m_texts.count(text) == 0 && trust.of(text) == qxTrustStore::Undecided)
             own.emplace(text, noteOn(file, set->name));
     }
-    return own.empty() ? QString() : qxScriptTrust::remember(own, qxScriptTrust::Trusted);
+    return own.empty() ? QString() : qxTrustStore::remember(own, qxTrustStore::Trusted);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Script/qxScriptTrust.h"
+#include "Script/qxTrustStore.h"
 
 #include <QList>
 
@@ -13,7 +13,7 @@ public:
     struct Script {
         QString set;
         QString text;
-        qxScriptTrust::Decision decision;
+        qxTrustStore::Decision decision;
     };
 
     qxFileScripts() = default;
@@ -33,7 +33,7 @@ public:
     QList<Script> undecided() const;
     /// Decides on these scripts, seen in `file`, and stores the decision. If it cannot be stored,
     /// it holds for now, and the reason is returned.
-    QString decide(const QList<Script> &scripts, qxScriptTrust::Decision decision,
+    QString decide(const QList<Script> &scripts, qxTrustStore::Decision decision,
                    const QString &file);
     /// Trusts the scripts that did not come with a file: the user wrote and saved them. Returns why
     /// that cannot be stored. Nothing is trusted if untrusted scripts have run, because they can
@@ -41,10 +41,10 @@ public:
     QString rememberOwn(const QString &file) const;
 
 private:
-    qxScriptTrust::Decision decisionOn(const std::string &text) const;
+    qxTrustStore::Decision decisionOn(const std::string &text) const;
     void tellRunner() const;
 
     std::set<std::string> m_texts;
-    std::map<std::string, qxScriptTrust::Decision> m_decided; ///< since they were read
-    qxScriptTrust m_trust;
+    std::map<std::string, qxTrustStore::Decision> m_decided; ///< since they were read
+    qxTrustStore m_trust;
 };

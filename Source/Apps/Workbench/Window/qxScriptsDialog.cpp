@@ -16,12 +16,12 @@ namespace {
 
 const int shownLength = 100000; ///< characters; more are hard to read, and to lay out
 
-QString wordFor(qxScriptTrust::Decision decision)
+QString wordFor(qxTrustStore::Decision decision)
 {
     switch (decision) {
-    case qxScriptTrust::Trusted:
+    case qxTrustStore::Trusted:
         return qxScriptsDialog::tr("trusted");
-    case qxScriptTrust::Never:
+    case qxTrustStore::Never:
         return qxScriptsDialog::tr("never run");
     default:
         return qxScriptsDialog::tr("not run");
@@ -49,8 +49,8 @@ qxScriptsDialog::qxScriptsDialog(const QString &file, const QList<qxFileScripts:
     // Only one is shown at a time.
     const int count = scripts.size();
     addButton(buttons, count > 1 ? tr("&Trust All %n", nullptr, count) : tr("&Trust"),
-              qxScriptTrust::Trusted);
-    addButton(buttons, tr("N&ever"), qxScriptTrust::Never);
+              qxTrustStore::Trusted);
+    addButton(buttons, tr("N&ever"), qxTrustStore::Never);
     QPushButton *const later = buttons->addButton(tr("&Not Now"), QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);
@@ -60,7 +60,7 @@ qxScriptsDialog::qxScriptsDialog(const QString &file, const QList<qxFileScripts:
 }
 
 void qxScriptsDialog::addButton(QDialogButtonBox *buttons, const QString &text,
-                                qxScriptTrust::Decision decision)
+                                qxTrustStore::Decision decision)
 {
     QPushButton *const button = buttons->addButton(text, QDialogButtonBox::ActionRole);
     button->setAutoDefault(false);

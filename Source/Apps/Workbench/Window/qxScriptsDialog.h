@@ -18,16 +18,15 @@ public:
     qxScriptsDialog(const QString &file, const QList<qxFileScripts::Script> &scripts,
                     QWidget *parent);
 
-    qxScriptTrust::Decision decision() const { return m_decision; }
+    qxTrustStore::Decision decision() const { return m_decision; }
 
 private:
     QWidget *buildScripts();
-    void addButton(QDialogButtonBox *buttons, const QString &text,
-                   qxScriptTrust::Decision decision);
+    void addButton(QDialogButtonBox *buttons, const QString &text, qxTrustStore::Decision decision);
     void showScript();
 
     QList<qxFileScripts::Script> m_scripts;
     QTreeWidget *m_sets;
     QPlainTextEdit *m_text;
-    qxScriptTrust::Decision m_decision = qxScriptTrust::Undecided;
+    qxTrustStore::Decision m_decision = qxTrustStore::Undecided;
 };

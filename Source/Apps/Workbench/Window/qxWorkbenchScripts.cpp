@@ -1,4 +1,4 @@
-#include "Script/qxBlockedScripts.h"
+#include "Script/qxBlockedScriptReport.h"
 #include "Session/qxSession.h"
 #include "qxLog.h"
 #include "qxScriptsDialog.h"
@@ -19,7 +19,7 @@ void qxWorkbenchWindow::askAboutScripts()
         decideOn(undecided);
     const QList<qxFileScripts::Script> scripts = m_session->scripts().list();
     const auto isTrusted = [](const qxFileScripts::Script &script) {
-        return script.decision == qxScriptTrust::Trusted;
+        return script.decision == qxTrustStore::Trusted;
     };
     if (!std::all_of(scripts.begin(), scripts.end(), isTrusted))
         statusBar()->showMessage(
@@ -49,7 +49,7 @@ void qxWorkbenchWindow::decideOn(const QList<qxFileScripts::Script> &scripts)
 void qxWorkbenchWindow::watchBlockedScripts()
 {
     m_blockedScripts =
-        std::make_unique<qxBlockedScripts>([this](const QString &set, const QString &line) {
+        std::make_unique<qxBlockedScriptReport>([this](const QString &set, const QString &line) {
             const QString text =
                 tr("The script of \"%1\" was left out, as it is not trusted.").arg(set);
             statusBar()->showMessage(text, 15000);

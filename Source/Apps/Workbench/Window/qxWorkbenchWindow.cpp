@@ -1,10 +1,10 @@
 #include "qxWorkbenchWindow.h"
 
 #include "Core/qxMainWindow.h"
-#include "Script/qxBlockedScripts.h"
+#include "Script/qxBlockedScriptReport.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
-#include "Session/qxSetPictures.h"
+#include "Session/qxSetPreviews.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
 #include "qxController.h"
@@ -236,12 +236,12 @@ void qxWorkbenchWindow::forgetScene()
 
 void qxWorkbenchWindow::makePreviews(const QStringList &sets)
 {
-    qxSetPictures::Previews previews;
+    qxSetPreviews::Previews previews;
     {
         qxPreviewDialog dialog(sets.size(), this);
-        qxSetPictures::visit(
+        qxSetPreviews::visit(
             sets, [&dialog](const QString &set) { return dialog.begin(set); },
-            [&previews](qxVariantSet &set) { return qxSetPictures::addPreview(set, previews); });
+            [&previews](qxVariantSet &set) { return qxSetPreviews::addPreview(set, previews); });
     }
     m_sets->setPreviews(previews);
     emit qxPanelChanges::the().sceneRestored();

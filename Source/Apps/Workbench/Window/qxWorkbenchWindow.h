@@ -10,7 +10,7 @@
 class QTreeView;
 class QUndoStack;
 class qxLanguage;
-class qxBlockedScripts;
+class qxBlockedScriptReport;
 class qxLogView;
 class qxPanelEvents;
 class qxPictureDialog;
@@ -107,7 +107,7 @@ private:
     std::unique_ptr<qxSession> m_session;
     std::unique_ptr<qxSceneSnapshot> m_before; ///< what "Back" leads to; null for nothing
     std::unique_ptr<qxWindowWatchdog> m_watchdog;
-    std::unique_ptr<qxBlockedScripts> m_blockedScripts;
+    std::unique_ptr<qxBlockedScriptReport> m_blockedScripts;
     std::unique_ptr<qxSceneSnapshot> m_beforeScript; ///< null when none runs
     QString m_path;
     bool m_isNewScene = false; ///< since the last file was asked for

@@ -1,6 +1,6 @@
 #include "Internal/Capture/qxNodeActivity.h"
 
-#include "Internal/Capture/qxCapture.h"
+#include "Internal/Capture/qxCaptureState.h"
 #include "Internal/Registry/qxSceneVariants.h"
 #include "Internal/Scene/qxPathLookup.h"
 #include "qxNodeVariant.h"
@@ -30,7 +30,7 @@ bool qxNodeActivity::goesOnBelow(const osg::NodePtr &node, qxVariantSet *set, bo
         return true;
     if (!captureNodes || !set)
         return false;
-    if (qxCapture::hasActiveNode(qxNodeUtils::getName(node)))
+    if (qxCaptureState::hasActiveNode(qxNodeUtils::getName(node)))
         set->appendToScript(
             QStringLiteral("findNodePath(%1).setActive(false)").arg(quotedPath(node)));
     else if (qxNodeVariant *variant = qxSceneVariants::ofNode(node, notify))

@@ -1,6 +1,6 @@
 #include "Internal/Capture/qxPreview.h"
 
-#include "Internal/Registry/qxOperation.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "qxVariantSet.h"
 
 #include "qxCameraService.h"
@@ -95,7 +95,7 @@ QByteArray qxPreview::fromFrameBuffer()
 
 void qxPreview::render(qxVariantSet &set, bool fromView, bool showProgress, bool fullQuality)
 {
-    const qxOperation operation; // a progress display lets events through
+    const qxDeferredDeletion deferred; // a progress display lets events through
     set.setPreview(fromView ? fromFrameBuffer() : fromScene(showProgress, fullQuality));
     const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
     if (camera)

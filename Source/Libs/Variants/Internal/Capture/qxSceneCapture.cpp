@@ -1,7 +1,7 @@
 #include "Internal/Capture/qxSceneCapture.h"
 
-#include "Internal/Capture/qxCapture.h"
 #include "Internal/Capture/qxCaptureProgress.h"
+#include "Internal/Capture/qxCaptureState.h"
 #include "Internal/Capture/qxNodeActivity.h"
 #include "Internal/Capture/qxNodeNameGuard.h"
 #include "Internal/Capture/qxPreview.h"
@@ -63,19 +63,19 @@ void leaveHome(const qxVariantSet &set)
     }
 }
 
-void restore(const osg::NodePtr &node, qxVariantSet &set, qxCapture &run)
+void restore(const osg::NodePtr &node, qxVariantSet &set, qxCaptureState &run)
 {
     const auto group = osg::MaterialGroupPtr::dcast(node->getCore());
     if (group != osg::NullFC)
         qxNodeActivity::recordIgnored(node, set);
     const osg::MaterialPtr material = qxNodeUtils::getMaterial(node);
     if (material != osg::NullFC)
-        qxCapture::reconcile(node, qxPathLookup::getNodePath(node), material,
-                             {&set, run.visitedNames, run.visitedMaterials, false, true});
+        qxCaptureState::reconcile(node, qxPathLookup::getNodePath(node), material,
+                                  {&set, run.visitedNames, run.visitedMaterials, false, true});
 }
 
 /// Goes over what is active at and below `top`, in scene order.
-void restoreFrom(const osg::NodePtr &top, qxVariantSet &set, qxCapture &run)
+void restoreFrom(const osg::NodePtr &top, qxVariantSet &set, qxCaptureState &run)
 {
     qxWalkChangingNodes(top, [&set, &run](const osg::NodePtr &node) {
         if (!node->getActive())
@@ -96,7 +96,7 @@ void qxSceneCapture::createAndCapture(const char *name, const char *groupName)
         qxSetRegistry::findOrCreateGroup(wanted.isEmpty() ? QStringLiteral("New Group 1") : wanted);
     if (!group)
         return;
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     qxVariantSet *const set = qxSetRegistry::createSet(
         qxSetRegistry::uniqueSetName(QString::fromUtf8(name)), true, group);
     if (!set)
@@ -109,7 +109,7 @@ void qxSceneCapture::createAndCapture(const char *name, const char *groupName)
 void qxSceneCapture::fromRoots(qxVariantSet &set, const std::vector<qxNodePtr> &roots,
                                const qxCaptureKinds &kinds, const Options &options)
 {
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     const qxUnchangedNames unchanged;
     const std::vector<osg::NodeRefPtr> kept(roots.begin(), roots.end());
     const qxCaptureProgress progress;
@@ -118,12 +118,12 @@ void qxSceneCapture::fromRoots(qxVariantSet &set, const std::vector<qxNodePtr> &
     qxPathLookup::createLookupTable();
     qxCaptureProgress::processEvents();
 
-    qxCapture capture(set, true); // new variants of transforms look for their nodes
+    qxCaptureState capture(set, true); // new variants of transforms look for their nodes
     const qxCaptureNotes notes{capture.materials, capture.visitedNames, capture.visitedMaterials};
     for (const qxNodePtr &root : roots)
-        qxCaptureRun(set, kinds, notes, options.notify).visit(root);
+        qxCaptureWalk(set, kinds, notes, options.notify).visit(root);
     if (kinds.environments)
-        qxCaptureRun(set, {false, false, false, true, false}, notes, options.notify)
+        qxCaptureWalk(set, {false, false, false, true, false}, notes, options.notify)
             .visit(qxScenegraph::environmentGeometrySwitch());
     set.materialSnapshots = capture.materials;
     if (options.viewpoint)
@@ -137,12 +137,12 @@ void qxSceneCapture::fromRoots(qxVariantSet &set, const std::vector<qxNodePtr> &
 void qxSceneCapture::restoreSwitches()
 {
     const QString name = qxSetRegistry::uniqueSetName(QStringLiteral("Temp"));
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     qxVariantSet *const set = qxSetRegistry::createSet(name, true, nullptr);
     if (!set)
         return;
     {
-        qxCapture run(*set, false);
+        qxCaptureState run(*set, false);
         restoreFrom(qxScenegraph::getRoot(), *set, run);
         restoreFrom(qxScenegraph::environmentGeometrySwitch(), *set, run);
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Internal/Capture/qxCaptureRun.h"
+#include "Internal/Capture/qxCaptureWalk.h"
 
 /// Captures of the whole scene, and what it takes to show again what was captured. See the
 /// operations of qxVariants.

@@ -2,7 +2,8 @@
 
 #include <QString>
 
-/// The element and attribute names of the variants document.
+/// The element and attribute names of the variants document, but for the elements of variants and
+/// of references to them: those are columns of qxVariantKinds.
 namespace qxDocumentNames {
 
 // The root and its children.

@@ -1,6 +1,6 @@
 #include "Internal/Document/qxOlderOverlays.h"
 
-#include "Internal/Registry/qxOperation.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "qxVariant.h"
 #include "qxVariantKinds.h"
 #include "qxVariantLists.h"
@@ -72,7 +72,7 @@ void qxOlderOverlays::makeExplicit()
     const QStringList names = overlayNames();
     const qxNamedList<qxVariantSet>::Walk walk(qxVariantLists::_variantSets);
     for (qxVariantSet *set : qxVariantLists::_variantSets) {
-        const qxOperation operation;
+        const qxDeferredDeletion deferred;
         if (!set->overlayVariants.empty())
             fixOverlays(*set, names);
     }

@@ -3,7 +3,7 @@
 #include "Internal/Document/qxDocumentNames.h"
 #include "Internal/Document/qxDocumentText.h"
 #include "Internal/Options/qxHotkey.h"
-#include "Internal/Registry/qxOperation.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "Internal/Registry/qxSetRegistry.h"
 #include "qxVariantGroup.h"
 #include "qxVariantKinds.h"
@@ -175,7 +175,7 @@ qxVariantSet *qxSetElements::readSet(const QDomElement &element, bool replace)
 qxVariantGroup *qxSetElements::readGroup(const QDomElement &element)
 {
     const QString name = text::attribute(element, names::name);
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     qxSetRegistry::removeGroup(name);
     qxVariantGroup *const group = qxSetRegistry::createGroup(name, false, true);
     if (!group)

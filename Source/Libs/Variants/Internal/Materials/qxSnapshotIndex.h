@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Internal/Registry/qxOperation.h"
+#include "Internal/Registry/qxDeferredDeletion.h"
 
 #include <QHash>
 #include <QString>
@@ -43,7 +43,7 @@ public:
 private:
     void read(qxVariantSet *set);
 
-    const qxOperation m_operation; ///< the sets may be removed, but not deleted
+    const qxDeferredDeletion m_operation; ///< the sets may be removed, but not deleted
     std::vector<qxVariantSet *> m_sets;
     struct Chain {
         int first = -1;

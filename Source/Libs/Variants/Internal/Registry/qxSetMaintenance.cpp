@@ -1,7 +1,7 @@
 #include "Internal/Registry/qxSetMaintenance.h"
 
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxOperation.h"
 #include "qxVariant.h"
 #include "qxVariantKinds.h"
 #include "qxVariantSetContents.h"
@@ -150,7 +150,7 @@ bool qxSetMaintenance::isUsed(const qxVariantSetContents &set)
 
 void qxSetMaintenance::highlightVariants(const qxVariantSetContents &set)
 {
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     for (const qxVariantKind *kind : qxVariantKinds::all())
         highlight(set, *kind);
 }

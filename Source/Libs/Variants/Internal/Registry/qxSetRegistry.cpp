@@ -1,7 +1,7 @@
 #include "Internal/Registry/qxSetRegistry.h"
 
+#include "Internal/Registry/qxDeferredDeletion.h"
 #include "Internal/Registry/qxNotify.h"
-#include "Internal/Registry/qxOperation.h"
 #include "qxVariantGroup.h"
 #include "qxVariantLists.h"
 #include "qxVariantSet.h"
@@ -38,13 +38,13 @@ void discard(qxVariantSet *set)
 {
     if (set->group)
         set->group->remove(set);
-    qxOperation::bury(set);
+    qxDeferredDeletion::bury(set);
 }
 
 void discard(qxVariantGroup *group)
 {
     group->clear();
-    qxOperation::bury(group);
+    qxDeferredDeletion::bury(group);
 }
 
 void remove(qxVariantSet *set)
@@ -75,7 +75,7 @@ qxVariantSet *qxSetRegistry::createSet(const QString &name, bool notify, qxVaria
 {
     if (name.isEmpty())
         return nullptr;
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     auto *const set = add(_variantSets, name, "A variant set with that name already exists.");
     if (!set)
         return nullptr;
@@ -132,7 +132,7 @@ qxVariantGroup *qxSetRegistry::createGroup(const QString &name, bool notify, boo
 {
     if (name.isEmpty())
         return nullptr;
-    const qxOperation operation;
+    const qxDeferredDeletion deferred;
     auto *const group = add(_variantGroups, name, "A variant group with that name already exists.");
     if (!group)
         return nullptr;

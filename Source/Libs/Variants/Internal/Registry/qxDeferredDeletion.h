@@ -13,12 +13,12 @@
 ///   matters whether an object is still registered, qxNamedList::contains says so.
 /// - A list of the registry is gone over within a qxNamedList::Walk, any other list as a copy.
 /// - An object of the scene is held by a ref pointer. A node without a parent has left the scene.
-class qxOperation {
+class qxDeferredDeletion {
 public:
-    qxOperation() { ++s_depth; }
-    ~qxOperation();
-    qxOperation(const qxOperation &) = delete;
-    qxOperation &operator=(const qxOperation &) = delete;
+    qxDeferredDeletion() { ++s_depth; }
+    ~qxDeferredDeletion();
+    qxDeferredDeletion(const qxDeferredDeletion &) = delete;
+    qxDeferredDeletion &operator=(const qxDeferredDeletion &) = delete;
 
     /// Deletes an object that left the registry; at once when no operation runs.
     template <class Object>

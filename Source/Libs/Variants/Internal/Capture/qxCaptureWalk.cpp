@@ -1,7 +1,7 @@
-#include "Internal/Capture/qxCaptureRun.h"
+#include "Internal/Capture/qxCaptureWalk.h"
 
-#include "Internal/Capture/qxCapture.h"
 #include "Internal/Capture/qxCaptureProgress.h"
+#include "Internal/Capture/qxCaptureState.h"
 #include "Internal/Capture/qxNodeActivity.h"
 #include "Internal/Materials/qxMaterialCapture.h"
 #include "Internal/Materials/qxSwitchMaterials.h"
@@ -49,13 +49,13 @@ QString stateOf(const osg::NodePtr &node, const osg::SwitchPtr &core)
 
 } // namespace
 
-qxCaptureRun::qxCaptureRun(qxVariantSet &set, const qxCaptureKinds &kinds,
-                           const qxCaptureNotes &notes, bool notify)
+qxCaptureWalk::qxCaptureWalk(qxVariantSet &set, const qxCaptureKinds &kinds,
+                             const qxCaptureNotes &notes, bool notify)
     : m_set(set), m_kinds(kinds), m_notes(notes), m_notify(notify)
 {
 }
 
-void qxCaptureRun::visit(const osg::NodePtr &top)
+void qxCaptureWalk::visit(const osg::NodePtr &top)
 {
     qxCaptureProgress::processEvents();
     qxWalkChangingNodes(top, [this](const osg::NodePtr &node) {
@@ -66,7 +66,7 @@ void qxCaptureRun::visit(const osg::NodePtr &top)
 }
 
 /// Whether the walk goes on below the node.
-bool qxCaptureRun::captureNode(const osg::NodePtr &node)
+bool qxCaptureWalk::captureNode(const osg::NodePtr &node)
 {
     const osg::NodeCorePtr core = node->getCore();
     const auto geometry = coreAs<osg::Geometry>(core);
@@ -89,12 +89,12 @@ bool qxCaptureRun::captureNode(const osg::NodePtr &node)
     return coreAs<osg::Group>(core) != osg::NullFC && mayDescend(node);
 }
 
-bool qxCaptureRun::mayDescend(const osg::NodePtr &node)
+bool qxCaptureWalk::mayDescend(const osg::NodePtr &node)
 {
     return qxNodeActivity::goesOnBelow(node, &m_set, m_kinds.nodes, m_notify);
 }
 
-void qxCaptureRun::captureTransform(const osg::NodePtr &node)
+void qxCaptureWalk::captureTransform(const osg::NodePtr &node)
 {
     if (!m_kinds.transforms || qxNodeUtils::getTransformVariantCount(node) <= 0
         || !qxNodeUtils::isTransformVariantInState(node))
@@ -103,7 +103,7 @@ void qxCaptureRun::captureTransform(const osg::NodePtr &node)
         m_set.add(variant, qxText::fromUtf8(qxNodeUtils::getSelectedTransformVariantName(node)));
 }
 
-void qxCaptureRun::captureSwitch(const osg::NodePtr &node)
+void qxCaptureWalk::captureSwitch(const osg::NodePtr &node)
 {
     const auto core = coreAs<osg::Switch>(node->getCore());
     if (core == osg::NullFC || core->getChoice() >= osg::Int32(node->getNChildren()))
@@ -116,8 +116,8 @@ void qxCaptureRun::captureSwitch(const osg::NodePtr &node)
         m_set.add(variant, state);
 }
 
-void qxCaptureRun::captureMaterialGroup(const osg::NodePtr &node,
-                                        const osg::MaterialGroupPtr &group)
+void qxCaptureWalk::captureMaterialGroup(const osg::NodePtr &node,
+                                         const osg::MaterialGroupPtr &group)
 {
     if (!m_kinds.materials)
         return;
@@ -126,7 +126,7 @@ void qxCaptureRun::captureMaterialGroup(const osg::NodePtr &node,
         takeSnapshot(node, group->getMaterial());
 }
 
-void qxCaptureRun::captureGeometry(const osg::NodePtr &node, const osg::GeometryPtr &geometry)
+void qxCaptureWalk::captureGeometry(const osg::NodePtr &node, const osg::GeometryPtr &geometry)
 {
     if (!mayDescend(node) || (!m_kinds.materials && !m_kinds.environments))
         return;
@@ -143,7 +143,7 @@ void qxCaptureRun::captureGeometry(const osg::NodePtr &node, const osg::Geometry
 }
 
 /// Asked once for each material: the answer takes as long as the material has contents.
-bool qxCaptureRun::isEnvironment(const osg::MaterialPtr &material)
+bool qxCaptureWalk::isEnvironment(const osg::MaterialPtr &material)
 {
     const osg::UInt32 id = material.getFieldContainerId();
     const auto known = m_isEnvironment.constFind(id);
@@ -152,20 +152,20 @@ bool qxCaptureRun::isEnvironment(const osg::MaterialPtr &material)
         : *m_isEnvironment.insert(id, qxMaterials::isEnvironmentMaterial(material));
 }
 
-bool qxCaptureRun::isWanted(const osg::MaterialPtr &material)
+bool qxCaptureWalk::isWanted(const osg::MaterialPtr &material)
 {
     return isEnvironment(material) ? m_kinds.environments : m_kinds.materials;
 }
 
 /// Takes down what the switch materials show that are seen of the material, as far as the flags
 /// want them.
-void qxCaptureRun::captureStates(const osg::MaterialPtr &material)
+void qxCaptureWalk::captureStates(const osg::MaterialPtr &material)
 {
     const auto isSeen = [this](const osg::MaterialPtr &each) { return isWanted(each); };
     qxMaterialCapture::capture(m_set, material, m_notify, isSeen);
 }
 
-void qxCaptureRun::captureLight(const osg::NodePtr &node)
+void qxCaptureWalk::captureLight(const osg::NodePtr &node)
 {
     if (!m_kinds.lights)
         return;
@@ -175,11 +175,12 @@ void qxCaptureRun::captureLight(const osg::NodePtr &node)
 }
 
 /// Notes the node's material, unless a node met earlier has the same path.
-void qxCaptureRun::takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr &material)
+void qxCaptureWalk::takeSnapshot(const osg::NodePtr &node, const osg::MaterialPtr &material)
 {
     const QString path = qxPathLookup::getNodePath(node);
-    qxCapture::reconcile(node, path, material,
-                         {&m_set, m_notes.visitedNames, m_notes.visitedMaterials, true, m_notify});
+    qxCaptureState::reconcile(
+        node, path, material,
+        {&m_set, m_notes.visitedNames, m_notes.visitedMaterials, true, m_notify});
     const osg::MaterialRefPtr now(qxNodeUtils::getMaterial(node)); // may be another one now
     if (now == osg::NullFC)
         return;

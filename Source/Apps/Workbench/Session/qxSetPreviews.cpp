@@ -1,4 +1,4 @@
-#include "qxSetPictures.h"
+#include "qxSetPreviews.h"
 
 #include "qxVariantSet.h"
 #include "qxVariants.h"
@@ -20,7 +20,7 @@
 
 #include <memory>
 
-QCommandLineOption qxSetPictures::qualityOption()
+QCommandLineOption qxSetPreviews::qualityOption()
 {
     return {QStringLiteral("quality"),
             QStringLiteral("Hard light and jagged edges, or soft shadows, which take longer and "
@@ -28,7 +28,7 @@ QCommandLineOption qxSetPictures::qualityOption()
             QStringLiteral("quick|best")};
 }
 
-bool qxSetPictures::isQualityKnown(const QCommandLineParser &parser)
+bool qxSetPreviews::isQualityKnown(const QCommandLineParser &parser)
 {
     const QString quality = parser.value(QStringLiteral("quality"));
     if (quality.isEmpty() || quality == QLatin1String("quick") || quality == QLatin1String("best"))
@@ -37,14 +37,14 @@ bool qxSetPictures::isQualityKnown(const QCommandLineParser &parser)
     return false;
 }
 
-void qxSetPictures::prepare(const QCommandLineParser &parser, int bestSamples)
+void qxSetPreviews::prepare(const QCommandLineParser &parser, int bestSamples)
 {
     qxOSGWidget::setRaytracing(parser.value(QStringLiteral("quality")) != QLatin1String("quick"));
     qxRaytracingManager::getRaytracingUtils()->setImageQuality(bestSamples);
     qxKernelServiceFactory::the()->getService<qxCameraService>()->moveToViewpoint(0, 0, 0, 0);
 }
 
-int qxSetPictures::visit(const QStringList &names, const Begin &begin, const Work &work)
+int qxSetPreviews::visit(const QStringList &names, const Begin &begin, const Work &work)
 {
     const qxSceneSnapshot before;
     int done = 0;
@@ -62,7 +62,7 @@ int qxSetPictures::visit(const QStringList &names, const Begin &begin, const Wor
     return done;
 }
 
-int qxSetPictures::visit(const QStringList &names, const Work &work)
+int qxSetPreviews::visit(const QStringList &names, const Work &work)
 {
     qxPictureHint hint;
     auto progress = std::make_unique<qxProgress>(names.size());
@@ -84,7 +84,7 @@ int qxSetPictures::visit(const QStringList &names, const Work &work)
     return done;
 }
 
-bool qxSetPictures::addPreview(const qxVariantSet &set, Previews &previews)
+bool qxSetPreviews::addPreview(const qxVariantSet &set, Previews &previews)
 {
     const QByteArray preview = qxVariants::createPreviewImage(true, true);
     if (!preview.isEmpty())
@@ -92,7 +92,7 @@ bool qxSetPictures::addPreview(const qxVariantSet &set, Previews &previews)
     return !preview.isEmpty();
 }
 
-bool qxSetPictures::reopen(qxSession &session, const QString &file, const Previews &previews)
+bool qxSetPreviews::reopen(qxSession &session, const QString &file, const Previews &previews)
 {
     if (!session.open(file))
         return false;
@@ -103,7 +103,7 @@ bool qxSetPictures::reopen(qxSession &session, const QString &file, const Previe
     return true;
 }
 
-QStringList qxSetPictures::allNames()
+QStringList qxSetPreviews::allNames()
 {
     QStringList names;
     for (const qxVariantSet *set : qxVariants::_variantSets)
@@ -111,7 +111,7 @@ QStringList qxSetPictures::allNames()
     return names;
 }
 
-QStringList qxSetPictures::namesWithoutPreview()
+QStringList qxSetPreviews::namesWithoutPreview()
 {
     QStringList names;
     for (const qxVariantSet *set : qxVariants::_variantSets) {
@@ -121,7 +121,7 @@ QStringList qxSetPictures::namesWithoutPreview()
     return names;
 }
 
-QByteArray qxSetPictures::render(int width, int height)
+QByteArray qxSetPreviews::render(int width, int height)
 {
     qxImageWriter writer;
     writer.exportImageFastInit(width, height, 0);

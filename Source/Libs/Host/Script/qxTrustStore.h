@@ -9,12 +9,12 @@
 /// What this person has decided about scripts that came with files. It is remembered by content, in
 /// a file of the person's own, one line for each decision: the same script counts as trusted in
 /// whatever file it comes, and one that was changed by a letter does not.
-class qxScriptTrust {
+class qxTrustStore {
 public:
     enum Decision { Undecided, Trusted, Never };
 
     /// Reads what is remembered. Nothing is when the file is broken: flaw() says why then.
-    qxScriptTrust();
+    qxTrustStore();
 
     Decision of(const std::string &script) const;
     /// Why the file cannot be read, for people; empty when it can be, or is not there.

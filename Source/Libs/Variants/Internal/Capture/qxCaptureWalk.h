@@ -32,10 +32,10 @@ struct qxCaptureNotes {
 
 /// Writes the present state of the scene into a set. With `notify` variants that have to be created
 /// are announced.
-class qxCaptureRun {
+class qxCaptureWalk {
 public:
-    qxCaptureRun(qxVariantSet &set, const qxCaptureKinds &kinds, const qxCaptureNotes &notes,
-                 bool notify);
+    qxCaptureWalk(qxVariantSet &set, const qxCaptureKinds &kinds, const qxCaptureNotes &notes,
+                  bool notify);
 
     /// Captures the node and everything below it, as far as it is active.
     void visit(const osg::NodePtr &top);

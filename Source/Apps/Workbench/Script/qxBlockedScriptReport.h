@@ -5,14 +5,14 @@
 #include <functional>
 
 /// Tells, as long as it lives, of each script of a set that is blocked when the set is selected.
-class qxBlockedScripts {
+class qxBlockedScriptReport {
 public:
     /// Gets the name of the set and the first line of its script.
     typedef std::function<void(const QString &set, const QString &line)> Listener;
 
-    explicit qxBlockedScripts(const Listener &listener);
-    qxBlockedScripts(const qxBlockedScripts &) = delete;
-    ~qxBlockedScripts();
+    explicit qxBlockedScriptReport(const Listener &listener);
+    qxBlockedScriptReport(const qxBlockedScriptReport &) = delete;
+    ~qxBlockedScriptReport();
 
 private:
     int m_notificationListener;

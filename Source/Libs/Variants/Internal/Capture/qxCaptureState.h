@@ -12,15 +12,15 @@
 
 /// One run over the scene for a set: a capture into it, or the restoring of switch materials for a
 /// temporary one. It owns what such a run finds out. The innermost run is the current one.
-class qxCapture {
+class qxCaptureState {
 public:
     /// Begins a run: reads what all other sets record. With `findsNodes` the run looks for nodes by
     /// name, for which the host's cache is on.
-    qxCapture(const qxVariantSet &set, bool findsNodes);
+    qxCaptureState(const qxVariantSet &set, bool findsNodes);
     /// Ends it, and tells the other modules when materials changed.
-    ~qxCapture() { s_current = m_outer; }
-    qxCapture(const qxCapture &) = delete;
-    qxCapture &operator=(const qxCapture &) = delete;
+    ~qxCaptureState() { s_current = m_outer; }
+    qxCaptureState(const qxCaptureState &) = delete;
+    qxCaptureState &operator=(const qxCaptureState &) = delete;
 
     /// Whether an active node has that name (UTF-8). A run goes through the scene once and takes
     /// it that no node is shown, hidden or renamed meanwhile.
@@ -36,10 +36,10 @@ public:
     std::set<osg::MaterialPtr> visitedMaterials;
 
 private:
-    static qxCapture *s_current;
+    static qxCaptureState *s_current;
 
     const qxVariantSet *const m_set;
-    qxCapture *const m_outer;
+    qxCaptureState *const m_outer;
     qxSnapshotReconciler m_reconciler;
     const qxFindCache m_cache;
     std::optional<std::unordered_set<std::string>> m_activeNames; ///< none until they are needed

@@ -11,7 +11,7 @@ class qxSession;
 class qxVariantSet;
 
 /// Shows sets one after the other, each selected in the present scene.
-namespace qxSetPictures {
+namespace qxSetPreviews {
 
 QCommandLineOption qualityOption();
 /// Whether the option has a valid value; prints an error otherwise.
@@ -50,4 +50,4 @@ QStringList namesWithoutPreview();
 /// Renders a PNG of the current scene; empty when it was interrupted.
 QByteArray render(int width, int height);
 
-} // namespace qxSetPictures
+} // namespace qxSetPreviews

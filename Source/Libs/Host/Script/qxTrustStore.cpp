@@ -1,4 +1,4 @@
-#include "qxScriptTrust.h"
+#include "qxTrustStore.h"
 
 #include "Files/qxOutputFile.h"
 
@@ -25,7 +25,7 @@ const int waiting = 10000; ///< milliseconds for another program that writes the
 
 QString text(const char *source)
 {
-    return QCoreApplication::translate("qxScriptTrust", source);
+    return QCoreApplication::translate("qxTrustStore", source);
 }
 
 QByteArray hashOf(const std::string &script)
@@ -59,17 +59,17 @@ QString flawOfOwner(const QString &path)
     if (stat(QFile::encodeName(path).constData(), &status) != 0)
         return QString();
     if (!S_ISREG(status.st_mode))
-        return text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 is no regular file")).arg(path);
+        return text(QT_TRANSLATE_NOOP("qxTrustStore", "%1 is no regular file")).arg(path);
     if (status.st_uid != geteuid())
-        return text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 is another user's")).arg(path);
+        return text(QT_TRANSLATE_NOOP("qxTrustStore", "%1 is another user's")).arg(path);
     if (status.st_mode & (S_IWGRP | S_IWOTH))
-        return text(QT_TRANSLATE_NOOP("qxScriptTrust", "others may write %1")).arg(path);
+        return text(QT_TRANSLATE_NOOP("qxTrustStore", "others may write %1")).arg(path);
     return QString();
 }
 
 } // namespace
 
-QString qxScriptTrust::path()
+QString qxTrustStore::path()
 {
     // One place for window and commands, whose applications have other names.
     const QString place = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
@@ -79,14 +79,14 @@ QString qxScriptTrust::path()
         + QLatin1String("/qxVariants/scripts-of-files");
 }
 
-qxScriptTrust::qxScriptTrust()
+qxTrustStore::qxTrustStore()
 {
     m_flaw = flawOfOwner(path());
     QFile file(path());
     if (!m_flaw.isEmpty() || !file.exists())
         return;
     if (!file.open(QIODevice::ReadOnly)) {
-        m_flaw = text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 cannot be read: %2"))
+        m_flaw = text(QT_TRANSLATE_NOOP("qxTrustStore", "%1 cannot be read: %2"))
                      .arg(path(), file.errorString());
         return;
     }
@@ -96,14 +96,14 @@ qxScriptTrust::qxScriptTrust()
         if (take(QString::fromUtf8(line)))
             continue;
         m_entries.clear();
-        m_flaw = text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 is broken in line %2"))
+        m_flaw = text(QT_TRANSLATE_NOOP("qxTrustStore", "%1 is broken in line %2"))
                      .arg(path())
                      .arg(number);
         return;
     }
 }
 
-bool qxScriptTrust::take(const QString &line)
+bool qxTrustStore::take(const QString &line)
 {
     static const QRegularExpression form(
         QStringLiteral("\\A(trusted|never) ([0-9a-f]{64})(?: (.*))?\\z"));
@@ -117,12 +117,12 @@ bool qxScriptTrust::take(const QString &line)
     return true;
 }
 
-qxScriptTrust::Decision qxScriptTrust::of(const std::string &script) const
+qxTrustStore::Decision qxTrustStore::of(const std::string &script) const
 {
     return m_entries.value(hashOf(script)).decision;
 }
 
-QByteArray qxScriptTrust::written() const
+QByteArray qxTrustStore::written() const
 {
     QStringList lines;
     for (auto entry = m_entries.begin(); entry != m_entries.end(); ++entry) {
@@ -135,16 +135,16 @@ QByteArray qxScriptTrust::written() const
     return introduction + (lines.join(QLatin1Char('\n')) + QLatin1Char('\n')).toUtf8();
 }
 
-QString qxScriptTrust::remember(const Scripts &scripts, Decision decision)
+QString qxTrustStore::remember(const Scripts &scripts, Decision decision)
 {
-    const QString failure = text(QT_TRANSLATE_NOOP("qxScriptTrust", "%1 cannot be written: %2"));
+    const QString failure = text(QT_TRANSLATE_NOOP("qxTrustStore", "%1 cannot be written: %2"));
     if (!makeFolder(QFileInfo(path()).path()))
         return failure.arg(path(),
-                           text(QT_TRANSLATE_NOOP("qxScriptTrust", "its folder is missing")));
+                           text(QT_TRANSLATE_NOOP("qxTrustStore", "its folder is missing")));
     QLockFile lock(path() + QLatin1String(".lock"));
     if (!lock.tryLock(waiting))
-        return failure.arg(path(), text(QT_TRANSLATE_NOOP("qxScriptTrust", "it is locked")));
-    qxScriptTrust trust;
+        return failure.arg(path(), text(QT_TRANSLATE_NOOP("qxTrustStore", "it is locked")));
+    qxTrustStore trust;
     if (!trust.m_flaw.isEmpty())
         return trust.m_flaw;
     const QByteArray before = trust.written();

@@ -1,4 +1,4 @@
-#include "qxBlockedScripts.h"
+#include "qxBlockedScriptReport.h"
 
 #include "Script/qxScriptRunner.h"
 #include "qxController.h"
@@ -7,7 +7,7 @@
 
 #include <cstring>
 
-qxBlockedScripts::qxBlockedScripts(const Listener &listener)
+qxBlockedScriptReport::qxBlockedScriptReport(const Listener &listener)
 {
     m_notificationListener =
         qxController::addListener([this](const char *name, qxMessage *message, int) {
@@ -24,7 +24,7 @@ qxBlockedScripts::qxBlockedScripts(const Listener &listener)
     });
 }
 
-qxBlockedScripts::~qxBlockedScripts()
+qxBlockedScriptReport::~qxBlockedScriptReport()
 {
     qxScriptRunner::removeListener(m_scriptListener);
     qxController::removeListener(m_notificationListener);

@@ -1,4 +1,4 @@
-#include "Internal/Capture/qxCapture.h"
+#include "Internal/Capture/qxCaptureState.h"
 
 #include "qxNodeUtils.h"
 
@@ -16,15 +16,15 @@ std::unordered_set<std::string> activeNames()
 
 } // namespace
 
-qxCapture *qxCapture::s_current = nullptr;
+qxCaptureState *qxCaptureState::s_current = nullptr;
 
-qxCapture::qxCapture(const qxVariantSet &set, bool findsNodes)
+qxCaptureState::qxCaptureState(const qxVariantSet &set, bool findsNodes)
     : m_set(&set), m_outer(s_current), m_reconciler(m_set), m_cache(findsNodes)
 {
     s_current = this;
 }
 
-bool qxCapture::hasActiveNode(const std::string &name)
+bool qxCaptureState::hasActiveNode(const std::string &name)
 {
     if (!s_current)
         return activeNames().count(name) > 0;
@@ -34,9 +34,9 @@ bool qxCapture::hasActiveNode(const std::string &name)
     return names->count(name) > 0;
 }
 
-void qxCapture::reconcile(const osg::NodePtr &node, const QString &path,
-                          const osg::MaterialPtr &material,
-                          const qxSnapshotReconciler::Scope &scope)
+void qxCaptureState::reconcile(const osg::NodePtr &node, const QString &path,
+                               const osg::MaterialPtr &material,
+                               const qxSnapshotReconciler::Scope &scope)
 {
     if (node == osg::NullFC || node->getCore() == osg::NullFC)
         return;
