@@ -54,9 +54,7 @@ private:
 /// Puts `replacement`, which the pool holds, in the place of `material` on every node.
 void replaceOnNodes(const osg::MaterialPtr &material, const osg::MaterialPtr &replacement)
 {
-    std::vector<qxNodePtr> nodes;
-    qxMaterials::getNodesWithMaterial(nodes, material);
-    for (const qxNodePtr &node : nodes) {
+    for (const qxNodePtr &node : qxSwitchMaterials::usersOf(material)) {
         const auto group = osg::MaterialGroupPtr::dcast(node->getCore());
         const auto geometry = osg::GeometryPtr::dcast(node->getCore());
         if (group != osg::NullFC)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QStringList>
+
 class QCommandLineParser;
 struct qxCommand;
 
