@@ -93,13 +93,6 @@ bool offer(const qxStateRule &rule, const QString &base, const QString &state)
     });
 }
 
-void keepWhatIsOffered(qxVariantSetContents &set, const qxVariantKind &kind)
-{
-    keepIf(set, kind, [&kind](const QString &base, const QString &state) {
-        return offer(kind.rule, base, state);
-    });
-}
-
 /// Whether one of the nodes has that transform state; actions are no states here.
 bool hasPose(const QString &base, const QString &state)
 {
@@ -107,6 +100,26 @@ bool hasPose(const QString &base, const QString &state)
     return anyOf(qxStateRules::transform.objects(base), [&](const qxSceneObject &each) {
         return survey.isNamed(qxStateRules::transform, each, state);
     });
+}
+
+/// Lights that no look-up by name finds count, too.
+bool isInScene(const qxVariantKind &kind, const QString &base, const qxSceneLookup &scene)
+{
+    return &kind == &qxVariantKinds::light ? scene.hasLight(base)
+                                           : !kind.rule.objects(base).empty();
+}
+
+void keepWhatWorks(qxVariantSetContents &set, const qxVariantKinds::List &kinds,
+                   const qxSceneLookup &scene)
+{
+    for (const qxVariantKind *kind : kinds) {
+        keepIf(set, *kind, [&](const QString &base, const QString &state) {
+            if (kind == &qxVariantKinds::transform)
+                return hasPose(base, state);
+            return kind == &qxVariantKinds::light ? isInScene(*kind, base, scene)
+                                                  : offer(kind->rule, base, state);
+        });
+    }
 }
 
 void highlight(const qxVariantSetContents &set, const qxVariantKind &kind)
@@ -136,16 +149,15 @@ bool qxSetMaintenance::isUsed(const qxVariantSetContents &set)
     const qxFindCache cache(!set.nodeVariants.empty() || !set.overlayVariants.empty()
                             || !set.geometries.empty());
     const qxSceneLookup scene;
-    const auto leadsToObjects = [&set](const qxVariantKind &kind) {
-        return leadsToScene(set, kind, hasObjects(kind.rule));
+    const auto leadsToObjects = [&](const qxVariantKind *kind) {
+        return kind->makesUsed && leadsToScene(set, *kind, [&](const QString &each) {
+                   return isInScene(*kind, each, scene);
+               });
     };
-    return leadsToObjects(qxVariantKinds::node) || leadsToObjects(qxVariantKinds::material)
-        || leadsToScene(set, qxVariantKinds::light,
-                        [&](const QString &each) { return scene.hasLight(each); })
+    return anyOf(qxVariantKinds::all(), leadsToObjects)
         || anyOf(set.geometries, hasObjects(qxStateRules::node))
         || anyOf(set.viewpoints, isViewpoint)
-        || anyOf(set.animations, [&](const QString &each) { return scene.hasClip(each); })
-        || leadsToObjects(qxVariantKinds::overlay);
+        || anyOf(set.animations, [&](const QString &each) { return scene.hasClip(each); });
 }
 
 void qxSetMaintenance::highlightVariants(const qxVariantSetContents &set)
@@ -159,13 +171,10 @@ void qxSetMaintenance::optimize(qxVariantSetContents &set)
 {
     const qxFindCache cache(!isEmpty(set));
     const qxSceneLookup scene;
-    keepWhatIsOffered(set, qxVariantKinds::node);
-    keepWhatIsOffered(set, qxVariantKinds::material);
-    keepIf(set, qxVariantKinds::light,
-           [&](const QString &each, const QString &) { return scene.hasLight(each); });
+    const qxVariantKinds::Order &order = qxVariantKinds::optimizingOrder();
+    keepWhatWorks(set, order.first, scene);
     keepIf(set.geometries, hasObjects(qxStateRules::node));
     keepIf(set.viewpoints, isViewpoint);
     keepIf(set.animations, [&](const QString &each) { return scene.hasClip(each); });
-    keepWhatIsOffered(set, qxVariantKinds::overlay);
-    keepIf(set, qxVariantKinds::transform, hasPose);
+    keepWhatWorks(set, order.rest, scene);
 }
