@@ -117,7 +117,8 @@ public:
 
     /// The first object of that name in list order; null for none and for an empty name.
     T *find(const QString &name) const;
-    /// Whether the object is in the list. It must not be deleted, see qxDeferredDeletion.
+    /// Whether the object is in the list. It must not be deleted, which what leaves the registry is
+    /// not before the outermost operation of the module ends.
     bool contains(const T *object) const;
     /// Appends an object that is in no list.
     void append(T *object);

@@ -21,7 +21,8 @@ public:
     /// The bytes of an amount that was written so, in MB or GB; 0 when it cannot be understood.
     static qint64 fromText(const QString &text);
 
-    /// Takes `count` times `size` bytes. Throws qxGltfError if fewer are left.
+    /// Takes `count` times `size` bytes. If fewer are left it throws the exception of the readers
+    /// of scene files, which qxSceneFile turns into its error.
     void take(qint64 count, qint64 size);
     /// The same; the message begins with what they are for.
     void take(const QString &owner, qint64 count, qint64 size);

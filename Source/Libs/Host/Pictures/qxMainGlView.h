@@ -13,9 +13,9 @@
 
 /// The main view, with or without a window: a picture of the scene that follows its changes.
 ///
-/// On a request (qxRenderRequests) it shows a quick picture at once. After a pause it refines the
-/// picture step by step in the background, by the settings of ray tracing. There is one main view
-/// at a time, the latest one.
+/// On a request (qxController::updateRender) it shows a quick picture at once. After a pause it
+/// refines the picture step by step in the background, by the settings of ray tracing. There is one
+/// main view at a time, the latest one.
 class qxMainGlView : public qxOSGWidget {
 public:
     /// A view of that size in pixels.

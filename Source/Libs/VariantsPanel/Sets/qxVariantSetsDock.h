@@ -19,8 +19,7 @@ struct qxVariantKind;
 /// The dock "Variant Sets": shows, selects, captures and edits groups and sets.
 ///
 /// It follows the module's notifications and works in any host, because it needs only HostApi. The
-/// hotkeys of sets work in the dock's whole window, except keys that the window uses itself
-/// (qxTakenKeys).
+/// hotkeys of sets work in the dock's whole window, except keys that the window uses itself.
 class qxVariantSetsDock : public QDockWidget {
     Q_OBJECT
 
