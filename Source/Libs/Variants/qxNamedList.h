@@ -32,12 +32,12 @@ public:
         typedef T *reference;
         ///@}
 
+        const_iterator() = default;
         /// At the first taken place from `place` on, or at the end.
         const_iterator(const qxNamedList *list, std::size_t place) : m_list(list), m_place(place)
         {
             skipEmpty();
         }
-        const_iterator() = default;
 
         /// The object here; null when it was taken out meanwhile.
         T *operator*() const { return m_list->at(m_place); }
