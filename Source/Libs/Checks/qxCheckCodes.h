@@ -97,6 +97,7 @@ struct qxCodeRow {
     const char *title; ///< what it means, in a few words
 };
 
+/// What belongs to each code.
 namespace qxCheckCodes {
 
 /// All codes in the order of their ids.

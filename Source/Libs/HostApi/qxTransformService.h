@@ -5,6 +5,7 @@
 #include <QList>
 #include <QPair>
 
+/// Addresses in requests that may come from other processes.
 namespace QRPC {
 
 /// Addresses one named transform state: the node's identifier (qxNodePtr::getID) and the index of
