@@ -19,7 +19,8 @@
 namespace {
 
 typedef std::vector<qxNodePtr> Nodes;
-typedef std::unordered_map<std::string, Nodes> Names;
+/// The ids of the nodes of each name; scripts may remove some while the cache is on.
+typedef std::unordered_map<std::string, std::vector<osg::UInt32>> Names;
 struct Cache {
     Names scene, overlays;
 };
@@ -41,11 +42,17 @@ Names namesOf(const osg::NodePtr &top)
 {
     Names names;
     for (const qxNodePtr &node : filter(top, qxNodeUtils::isFoundByName))
-        names[qxNodeUtils::getName(node)].push_back(node);
+        names[qxNodeUtils::getName(node)].push_back(node.getID());
     return names;
 }
 
-/// The nodes of that name; the cache has them all, or there is none.
+bool isIn(osg::NodePtr node, const osg::NodePtr &top)
+{
+    while (node != osg::NullFC && node != top)
+        node = node->getParent();
+    return node != osg::NullFC;
+}
+
 Nodes find(const char *name, const osg::NodePtr &top, Names Cache::*cached)
 {
     if (!cache) {
@@ -53,8 +60,12 @@ Nodes find(const char *name, const osg::NodePtr &top, Names Cache::*cached)
             return name && qxNodeUtils::getName(node) == name && qxNodeUtils::isFoundByName(node);
         });
     }
-    const auto found = ((*cache).*cached).find(name ? name : "");
-    return found == ((*cache).*cached).end() ? Nodes() : found->second;
+    Nodes nodes;
+    for (const osg::UInt32 id : ((*cache).*cached)[name ? name : ""]) {
+        if (isIn(qxNodeWithId(id), top))
+            nodes.push_back(qxNodeWithId(id));
+    }
+    return nodes;
 }
 
 qxNodePtr firstOf(const Nodes &nodes) { return nodes.empty() ? qxNodePtr() : nodes.front(); }

@@ -126,8 +126,13 @@ void setIgnoreMaterialGroup(const std::string &path, bool ignore)
 
 void tellModules(bool destroy)
 {
-    for (const auto &[id, callback] : std::map<int, qxPythonInit::Callback>(modules()))
-        callback(destroy);
+    for (const auto &[id, callback] : std::map<int, qxPythonInit::Callback>(modules())) {
+        try {
+            callback(destroy);
+        } catch (const py::error_already_set &) {
+            PyErr_Print();
+        }
+    }
 }
 
 } // namespace
