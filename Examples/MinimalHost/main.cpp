@@ -10,6 +10,7 @@
 #include "qxVariantWriter.h"
 #include "qxVariants.h"
 
+#include "Services/services.h"
 #include "qxAnimManager.h"
 #include "qxController.h"
 #include "qxLights.h"
@@ -18,7 +19,6 @@
 #include "qxScript.h"
 #include "qxStateRules.h"
 #include "scene.h"
-#include "services.h"
 
 #include <OpenSG/OSGBaseFunctions.h>
 
@@ -46,9 +46,10 @@ std::map<std::string, std::string> look()
 {
     std::map<std::string, std::string> seen;
     qxVariantKinds::visit([&seen](const qxVariantKind &kind, qxVariant &variant) {
-        seen[kind.title + (": " + variant.name.toStdString())] = variant.onCurrent().toStdString();
+        seen[kind.title + (": " + variant.name.toStdString())] =
+            variant.shown().visibleState().toStdString();
     });
-    seen["Camera, height"] = std::to_string(Scene::the().camera.height);
+    seen["Camera"] = std::to_string(int(Scene::the().camera.height)) + " m of the boat";
     seen["Clipping plane"] = qxScript::executeNUSR("getClippingPlanePosition()");
     return seen;
 }
@@ -108,6 +109,7 @@ void createSets()
     qxVariantSet *race = qxVariants::createVariantSet("Race", true, group);
     race->add(qxVariants::createNodeVariant(qxNames::findNode("Sail"), true), "Spinnaker");
     race->add(qxVariants::createNodeVariant(qxNames::findNode("Flag"), true), variantDisable);
+    race->add(qxVariants::createNodeVariant(qxNames::findNode("Boom"), true), "Transform 1");
     race->add(qxVariants::createMaterialVariant(qxNames::findMaterial("Hull Paint"), true), "Navy");
     race->add(qxVariants::createLightVariant(qxNames::findNode("Lantern"), true), variantDisable);
     race->add(qxVariants::createOverlayVariant(qxNames::findOverlay("Caption"), true), "Sold");
@@ -121,6 +123,7 @@ void createSets()
     qxVariantSet *harbour = qxVariants::createVariantSet("Harbour", true, group);
     harbour->addNodeVariant("Sail", variantNone);
     harbour->addNodeVariant("Flag", variantToggle);
+    harbour->addNodeVariant("Boom", "Transform 0");
     harbour->addMaterialVariant("Hull Paint", variantPrevious);
     harbour->addLightVariant("Lantern", variantToggle);
     harbour->addOverlayVariant("Caption", "For Sale");
@@ -138,7 +141,10 @@ State capture()
     qxVariants::renderVariantSetPreview(set, false, false, false);
     const QImage preview = QImage::fromData(set->getPreview());
     check(preview.pixelColor(132, 128) != QColor(Qt::white), "its preview shows the boat");
-    return look();
+    State captured = look();
+    captured.erase("Overlays: Caption"); // overlays are no part of the scene
+    captured.erase("Nodes: Boom"); // captures record of a transform switch only that it is shown
+    return captured;
 }
 
 void tell()
@@ -149,11 +155,20 @@ void tell()
         qxController::addCB(name, print);
     std::vector<std::pair<const char *, State>> shown;
     shown.emplace_back("Race", select("Race"));
+    const State race = {{"Nodes: Sail", "Spinnaker"},    {"Nodes: Flag", "!Disable"},
+                        {"Nodes: Boom", "Transform 1"},  {"Materials: Hull Paint", "Navy"},
+                        {"Lights: Lantern", "!Disable"}, {"Overlays: Caption", "Sold"},
+                        {"Transforms: Rudder", "Port"},  {"Camera", "5 m of the boat"},
+                        {"Clipping plane", "1.5, 0, 0"}};
+    check(shown.back().second == race, "that is what the set says");
+    const float turned = qxNames::findNode("Boom")->getToWorld()[0][1];
+    check(turned > 0.479f && turned < 0.48f, "the boom has swung out by half a radian");
     shown.emplace_back("Harbour", select("Harbour"));
     for (const char *name : {"variantsNodesChanged", "variantsMaterialChanged", "activateOverlays"})
         qxController::subCB(name, print);
 
     std::cout << "\nThe lantern goes out, and the scene is captured.\n";
+    shown.push_back(shown.front()); // far from what is captured
     shown.emplace_back("As Moored", capture());
 
     std::cout << "\nThe variants document is written, and all is forgotten.\n";

@@ -1,8 +1,8 @@
 // Loads the module by name, uses it and unloads it, again and again. Without an interpreter: what
 // one has imported stays loaded.
+#include "Services/services.h"
 #include "qxController.h"
 #include "scene.h"
-#include "services.h"
 
 #include <OpenSG/OSGBaseFunctions.h>
 

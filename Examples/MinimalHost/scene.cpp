@@ -2,6 +2,7 @@
 #include "scene.h"
 
 #include "OSGOverlayCore.h"
+#include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
 #include "qxController.h"
 
@@ -89,6 +90,13 @@ void Scene::build()
     const osg::NodePtr sail = addSwitch(root, "Sail");
     addBox(sail, "Main Sail", osg::Vec3f(3, 0.2f, 5), cloth);
     addBox(sail, "Spinnaker", osg::Vec3f(2, 4, 5), cloth);
+
+    const osg::SwitchComponentTransformPtr boom = osg::SwitchComponentTransform::create();
+    osg::Matrix swung;
+    swung.setTransform(osg::Quaternion(osg::Vec3f(0, 0, 1), 0.5f));
+    boom->getMFStates()->push_back(osg::Matrix());
+    boom->getMFStates()->push_back(swung);
+    addBox(add(root, "Boom", boom), "Spar", osg::Vec3f(3, 0.1f, 0.1f), cloth);
     addBox(root, "Flag", osg::Vec3f(0.5f, 0.1f, 8), cloth);
     add(root, "Lantern", osg::UberLight::create());
 
@@ -112,7 +120,6 @@ void Scene::build()
 void Scene::close()
 {
     qxController::call("clearAllVariants", 1);
-    qxUberCameraPool::the()->clear();
     poses.clear();
     subRefCP(root);
     subRefCP(overlays);

@@ -1,8 +1,8 @@
 // The materials of the scene: those of the pool and what they contain.
+#include "Services/services.h"
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
 #include "scene.h"
-#include "services.h"
 
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGMultiPassMaterial.h>
@@ -10,33 +10,27 @@
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <algorithm>
-#include <set>
+#include <map>
 
 namespace {
 
 typedef std::vector<osg::MaterialPtr> Materials;
 
-/// The flag of material groups that OpenSG does not have: the ids of those that have it.
-std::set<osg::UInt32> ignoredGroups;
+/// The flag of material groups that OpenSG does not have, by their ids.
+std::map<osg::UInt32, bool> isIgnored;
 
-template <class Container>
-void append(const Container &container, Materials &materials)
-{
-    if (container != osg::NullFC)
-        materials.insert(materials.end(), container->getMaterials().begin(),
-                         container->getMaterials().end());
-}
-
-void appendWithContents(const osg::MaterialPtr &material, Materials &found)
+void append(const osg::MaterialPtr &material, Materials &found)
 {
     if (material == osg::NullFC || std::count(found.begin(), found.end(), material))
         return;
     found.push_back(material);
-    Materials contents;
-    append(osg::SwitchMaterialPtr::dcast(material), contents);
-    append(osg::MultiPassMaterialPtr::dcast(material), contents);
-    for (const osg::MaterialPtr &each : contents)
-        appendWithContents(each, found);
+    const auto appendContents = [&found](const auto &container) {
+        for (std::size_t i = 0; container != osg::NullFC && i < container->getMaterials().size();
+             ++i)
+            append(container->getMaterials(osg::UInt32(i)), found);
+    };
+    appendContents(osg::SwitchMaterialPtr::dcast(material));
+    appendContents(osg::MultiPassMaterialPtr::dcast(material));
 }
 
 /// Nothing is kept between two calls, so each sees every change.
@@ -45,24 +39,18 @@ Materials all()
     Materials tops, found;
     Scene::the().materials->get(tops);
     for (const osg::MaterialPtr &material : tops)
-        appendWithContents(material, found);
+        append(material, found);
     return found;
-}
-
-osg::MaterialGroupPtr groupOf(const osg::NodePtr &node)
-{
-    return node == osg::NullFC ? osg::MaterialGroupPtr()
-                               : osg::MaterialGroupPtr::dcast(node->getCore());
 }
 
 } // namespace
 
 std::string uniqueMaterialName(const std::string &name)
 {
-    std::vector<std::string> taken;
-    for (const osg::MaterialPtr &each : all())
-        taken.push_back(qxMaterials::getName(each));
-    return qxNodeUtils::getUniqueName(name, taken);
+    std::string unique = name;
+    for (int number = 2; qxMaterials::findMaterial(unique.c_str()) != osg::NullFC; ++number)
+        unique = name + ' ' + std::to_string(number);
+    return unique;
 }
 
 std::string qxMaterials::getName(const osg::MaterialPtr &material)
@@ -107,17 +95,14 @@ void qxMaterials::getNodesWithMaterial(std::vector<qxNodePtr> &nodes,
 
 bool qxMaterials::getIgnoreMaterialGroup(const osg::NodePtr &node)
 {
-    const auto group = groupOf(node);
-    return group != osg::NullFC && ignoredGroups.count(group.getFieldContainerId());
+    const auto group = coreOf<osg::MaterialGroup>(node);
+    return group != osg::NullFC && isIgnored[group.getFieldContainerId()];
 }
 
 bool qxMaterials::setIgnoreMaterialGroup(const osg::NodePtr &node, bool ignore)
 {
-    const auto group = groupOf(node);
-    if (group == osg::NullFC)
-        return false;
-    ignoredGroups.erase(group.getFieldContainerId());
-    if (ignore)
-        ignoredGroups.insert(group.getFieldContainerId());
-    return true;
+    const auto group = coreOf<osg::MaterialGroup>(node);
+    if (group != osg::NullFC)
+        isIgnored[group.getFieldContainerId()] = ignore;
+    return group != osg::NullFC;
 }

@@ -1,4 +1,5 @@
 // Viewpoints, clips and poses: the pools, and the services that the module looks up.
+#include "Services/services.h"
 #include "qxAnimManager.h"
 #include "qxCameraService.h"
 #include "qxController.h"
@@ -7,7 +8,6 @@
 #include "qxNodeWalk.h"
 #include "qxTransformService.h"
 #include "scene.h"
-#include "services.h"
 
 #include <OpenSG/OSGTransform.h>
 
@@ -42,11 +42,10 @@ public:
     int getSourceOf(int camera) const override { return camera == 1; }
     int createViewpoint(const std::string &name, int source) override
     {
-        std::vector<std::string> taken;
-        for (int id = 0; id < qxUberCameraPool::the()->count(); ++id)
-            taken.push_back(qxUberCameraPool::the()->get(id)->name);
         qxUberCamera viewpoint = Scene::the().camera;
-        viewpoint.name = qxNodeUtils::getUniqueName(name, taken);
+        viewpoint.name = name;
+        for (int number = 2; findViewpoint(viewpoint.name) >= 0; ++number)
+            viewpoint.name = name + ' ' + std::to_string(number);
         return source == 1 ? qxUberCameraPool::the()->add(viewpoint) : -1;
     }
     void setHomeViewpoint(int, int) override {}
@@ -62,7 +61,7 @@ public:
                 continue;
             Scene::Poses &poses = Scene::the().poses[request.first];
             poses.selected = request.second;
-            const auto transform = osg::TransformPtr::dcast(node->getCore());
+            const auto transform = coreOf<osg::Transform>(node);
             beginEditCP(transform, osg::Transform::MatrixFieldMask);
             transform->setMatrix(poses.all[std::size_t(poses.selected)].second);
             endEditCP(transform, osg::Transform::MatrixFieldMask);
@@ -73,8 +72,11 @@ public:
 /// "animationStart": a console has nothing that moves, so it says what would.
 void startClip(qxMessage &message)
 {
+    std::set<std::string> clips;
+    qxAnimManager::the()->getBlockAndClipNames(clips);
     const std::string *name = message.get<std::string>("animation-name");
-    std::cout << "  The clip " << (name ? *name : "?") << " plays.\n";
+    if (name && clips.count(*name))
+        std::cout << "  The clip " << *name << " plays.\n";
 }
 
 /// "MaterialGetUniqueName": "Switch" is the wanted name, "newname" the reply.
@@ -100,11 +102,7 @@ qxBaseService::~qxBaseService() = default;
 qxCameraService::~qxCameraService() = default;
 qxTransformService::~qxTransformService() = default;
 
-qxKernelServiceFactory *qxKernelServiceFactory::the()
-{
-    static qxKernelServiceFactory factory;
-    return &factory;
-}
+qxKernelServiceFactory *qxKernelServiceFactory::the() { return single<qxKernelServiceFactory>(); }
 
 qxBaseService *qxKernelServiceFactory::lookUp(const char *typeName) const
 {
@@ -113,11 +111,7 @@ qxBaseService *qxKernelServiceFactory::lookUp(const char *typeName) const
     return m_services.value(typeName);
 }
 
-qxUberCameraPool *qxUberCameraPool::the()
-{
-    static qxUberCameraPool pool;
-    return &pool;
-}
+qxUberCameraPool *qxUberCameraPool::the() { return single<qxUberCameraPool>(); }
 
 int qxUberCameraPool::findViewpoint(const std::string &name) const
 {
@@ -137,22 +131,12 @@ int qxUberCameraPool::add(const qxUberCamera &camera)
     return count() - 1;
 }
 
-void qxUberCameraPool::clear()
-{
-    m_cameras.clear();
-    m_ids.clear();
-}
-
 std::string qxUberCameraUtils::getName(const qxUberCamera *camera)
 {
     return camera ? camera->name : std::string();
 }
 
-qxAnimManager *qxAnimManager::the()
-{
-    static qxAnimManager manager;
-    return &manager;
-}
+qxAnimManager *qxAnimManager::the() { return single<qxAnimManager>(); }
 void qxAnimManager::setClips(const std::vector<std::string> &names) { m_clips = names; }
 void qxAnimManager::getBlockAndClipNames(std::set<std::string> &names) const
 {
@@ -195,5 +179,5 @@ bool qxNodeUtils::isTransformVariantInState(const osg::NodePtr &node)
     const Scene::Poses &poses = posesOf(node);
     return poses.selected >= 0
         && poses.all[std::size_t(poses.selected)].second
-        == osg::TransformPtr::dcast(node->getCore())->getMatrix();
+        == coreOf<osg::Transform>(node)->getMatrix();
 }

@@ -1,4 +1,5 @@
 // Pictures for previews: a plan of the scene. No window, no ray tracing.
+#include "Services/services.h"
 #include "qxImageRenderWidget.h"
 #include "qxImageWriter.h"
 #include "qxLog.h"
@@ -30,17 +31,17 @@ QColor colorOf(osg::MaterialPtr material)
 /// Paints the outlines of what is shown at and below the node, seen from above.
 void paint(QPainter &painter, const osg::NodePtr &node)
 {
-    if (osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC) {
-        osg::Pnt3f low, high;
+    if (coreOf<osg::Geometry>(node) != osg::NullFC) {
+        osg::Pnt3f low, high, worldLow, worldHigh;
         node->updateVolume();
         node->getVolume().getBounds(low, high);
-        node->getParent()->getToWorld().multMatrixPnt(low, low);
-        node->getParent()->getToWorld().multMatrixPnt(high, high);
-        painter.fillRect(QRectF(QPointF(double(low[0]), double(low[1])),
-                                QPointF(double(high[0]), double(high[1]))),
-                         colorOf(qxNodeUtils::getMaterial(node)));
+        node->getParent()->getToWorld().multMatrixPnt(low, worldLow);
+        node->getParent()->getToWorld().multMatrixPnt(high, worldHigh);
+        const QPointF from{double(worldLow[0]), double(worldLow[1])};
+        const QPointF to{double(worldHigh[0]), double(worldHigh[1])};
+        painter.fillRect(QRectF(from, to), colorOf(qxNodeUtils::getMaterial(node)));
     }
-    const auto choices = osg::SwitchPtr::dcast(node->getCore());
+    const auto choices = coreOf<osg::Switch>(node);
     for (osg::UInt32 i = 0; i < node->getNChildren(); ++i) {
         const bool isChosen = choices == osg::NullFC || choices->getChoice() == osg::Switch::ALL
             || choices->getChoice() == osg::Int32(i);
@@ -86,8 +87,4 @@ bool qxOSGWidget::getRaytracing() { return false; }
 void qxOSGWidget::cancelAntialiasing() {}
 void qxImageRenderWidget::convertToQImage(QImage &target, osg::ImagePtr) { target = QImage(); }
 
-qxRaytracingUtils *qxRaytracingManager::getRaytracingUtils()
-{
-    static qxRaytracingUtils settings;
-    return &settings;
-}
+qxRaytracingUtils *qxRaytracingManager::getRaytracingUtils() { return single<qxRaytracingUtils>(); }

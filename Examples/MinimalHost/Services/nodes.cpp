@@ -1,5 +1,6 @@
 // Nodes: names, look-ups, lights, overlays, clones and materials.
 #include "OSGUberLight.h"
+#include "Services/services.h"
 #include "qxLights.h"
 #include "qxMessage.h"
 #include "qxModuleBase.h"
@@ -21,10 +22,7 @@ namespace {
 typedef std::vector<qxNodePtr> Nodes;
 /// The ids of the nodes of each name; scripts may remove some while the cache is on.
 typedef std::unordered_map<std::string, std::vector<osg::UInt32>> Names;
-struct Cache {
-    Names scene, overlays;
-};
-std::optional<Cache> cache;
+std::optional<Names> cachedNodes, cachedOverlays;
 
 /// Those of the tree that pass, in scene order.
 template <class Passes>
@@ -53,15 +51,16 @@ bool isIn(osg::NodePtr node, const osg::NodePtr &top)
     return node != osg::NullFC;
 }
 
-Nodes find(const char *name, const osg::NodePtr &top, Names Cache::*cached)
+Nodes find(const char *name, const osg::NodePtr &top, std::optional<Names> &cached)
 {
-    if (!cache) {
-        return filter(top, [name](const osg::NodePtr &node) {
-            return name && qxNodeUtils::getName(node) == name && qxNodeUtils::isFoundByName(node);
+    const std::string wanted = name ? name : "";
+    if (!cached) {
+        return filter(top, [&wanted](const osg::NodePtr &node) {
+            return qxNodeUtils::getName(node) == wanted && qxNodeUtils::isFoundByName(node);
         });
     }
     Nodes nodes;
-    for (const osg::UInt32 id : ((*cache).*cached)[name ? name : ""]) {
+    for (const osg::UInt32 id : (*cached)[wanted]) {
         if (isIn(qxNodeWithId(id), top))
             nodes.push_back(qxNodeWithId(id));
     }
@@ -69,13 +68,6 @@ Nodes find(const char *name, const osg::NodePtr &top, Names Cache::*cached)
 }
 
 qxNodePtr firstOf(const Nodes &nodes) { return nodes.empty() ? qxNodePtr() : nodes.front(); }
-
-template <class Core>
-auto coreOf(const osg::NodePtr &node)
-{
-    typedef typename Core::Ptr Ptr;
-    return node == osg::NullFC ? Ptr() : Ptr::dcast(node->getCore());
-}
 
 /// Edits one field of a container.
 template <class Container, class Edit>
@@ -99,23 +91,24 @@ void qxScenegraph::update(int) {} // nothing is derived from the scene
 osg::NodePtr qxScenegraph::environmentGeometrySwitch() { return osg::NullFC; }
 bool qxNodeUtils::isEnvironmentGeometrySwitch(const osg::NodePtr &) { return false; }
 
-bool qxScenegraph::hasFindCache() { return cache.has_value(); }
-void qxScenegraph::clearFindCache() { cache.reset(); }
+bool qxScenegraph::hasFindCache() { return cachedNodes.has_value(); }
+void qxScenegraph::clearFindCache() { cachedNodes = cachedOverlays = std::nullopt; }
 void qxScenegraph::initFindCache()
 {
-    cache = Cache{namesOf(Scene::the().root), namesOf(Scene::the().overlays)};
+    cachedNodes = namesOf(Scene::the().root);
+    cachedOverlays = namesOf(Scene::the().overlays);
 }
 
 qxNodePtr qxScenegraph::findNode(const char *name) { return firstOf(findNodes(name)); }
 std::vector<qxNodePtr> qxScenegraph::findNodes(const char *name)
 {
-    return find(name, Scene::the().root, &Cache::scene);
+    return find(name, Scene::the().root, cachedNodes);
 }
 
 qxNodePtr qxOverlays::findOverlay(const char *name) { return firstOf(findOverlays(name)); }
 std::vector<qxNodePtr> qxOverlays::findOverlays(const char *name)
 {
-    return find(name, Scene::the().overlays, &Cache::overlays);
+    return find(name, Scene::the().overlays, cachedOverlays);
 }
 
 void qxScenegraph::showNodes(const std::vector<qxNodePtr> &nodes)

@@ -1,4 +1,5 @@
 // The interpreter of scripts, and what they may call: Python, embedded by Boost.Python.
+#include "Services/services.h"
 #include "qxLog.h"
 #include "qxMaterialPtr.h"
 #include "qxMaterials.h"
@@ -6,7 +7,6 @@
 #include "qxNodeWalk.h"
 #include "qxPythonInit.h"
 #include "qxScript.h"
-#include "services.h"
 
 #include <boost/python.hpp>
 #include <boost/python/suite/indexing/vector_indexing_suite.hpp>
@@ -19,10 +19,9 @@ namespace {
 
 namespace py = boost::python;
 
-bool isRunning = false;
 int depth = 0;
-bool isEnding = false; ///< scripts nested too deep: all of them end
-const int MaxDepth = 32;
+/// Scripts nested too deep: each that runs gets an exception when it goes on.
+bool isEnding = false;
 
 /// In the order of registration. Modules unregister after the statics of this program are gone.
 std::map<int, qxPythonInit::Callback> &modules()
@@ -58,25 +57,20 @@ def _attempt(text, has_value):
         if has_value:
             return str(eval(text, globals())), ''
         exec(text, globals())
-    except SystemExit:
-        pass
-    except BaseException:
-        return '', traceback.format_exc()
-    return '', ''
+        return '', ''
+    except BaseException as error:
+        return '', '' if type(error) is SystemExit else traceback.format_exc()
 )";
-
-/// Raises an exception in the script that runs, as soon as it goes on.
-void endScript() { PyThreadState_SetAsyncExc(PyThread_get_thread_ident(), PyExc_RuntimeError); }
 
 /// Runs the text, or returns the value of it.
 std::string attempt(const char *text, bool hasValue)
 {
-    if (!text || !isRunning || isEnding)
+    if (!text || !Py_IsInitialized() || isEnding)
         return std::string();
-    if (depth == MaxDepth) {
-        qxLog::error("Scripts nest more than %d deep. They end.", MaxDepth);
+    if (depth == 32) {
+        qxLog::error("Scripts nest more than %d deep. They end.", depth);
         isEnding = true;
-        endScript();
+        PyThreadState_SetAsyncExc(PyThread_get_thread_ident(), PyExc_RuntimeError);
         return std::string();
     }
     ++depth;
@@ -87,7 +81,7 @@ std::string attempt(const char *text, bool hasValue)
         qxLog::error("%s", error.c_str());
     isEnding = isEnding && depth > 0;
     if (isEnding)
-        endScript();
+        PyThreadState_SetAsyncExc(PyThread_get_thread_ident(), PyExc_RuntimeError);
     return py::extract<std::string>(result[0]);
 }
 
@@ -152,23 +146,18 @@ void startScripts()
     py::def("findNodePath", findNodePath);
     py::def("setIgnoreMaterialGroup", setIgnoreMaterialGroup);
     py::exec(Prelude, main.attr("__dict__"));
-    isRunning = true;
     tellModules(false);
 }
 
 // Boost.Python does not allow to end the interpreter itself.
-void endScripts()
-{
-    tellModules(true);
-    isRunning = false;
-}
+void endScripts() { tellModules(true); }
 
 qxPythonInit::qxPythonInit(Callback callback)
 {
     static int last = 0;
     m_id = ++last;
     modules()[m_id] = callback;
-    if (isRunning)
+    if (Py_IsInitialized())
         callback(false);
 }
 qxPythonInit::~qxPythonInit() { modules().erase(m_id); }

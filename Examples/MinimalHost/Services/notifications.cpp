@@ -1,4 +1,5 @@
 // Notifications and their messages, the module bus, the log.
+#include "Services/services.h"
 #include "qxConnector.h"
 #include "qxController.h"
 #include "qxDockWindowManager.h"
@@ -66,20 +67,13 @@ QDockWidget *qxDockWindowManager::getDockWidget(const QString &) const { return 
 void qxController::setBusy(bool, bool) {}
 void qxController::updateRender(bool) {}
 
-qxDockWindowManager *qxController::getDockWindowManager()
-{
-    static qxDockWindowManager manager;
-    return &manager;
-}
+qxDockWindowManager *qxController::getDockWindowManager() { return single<qxDockWindowManager>(); }
 
 // There are no other modules that keep materials.
 void qxModuleBase::sendMessage(qxMessage &, bool) {}
 
-qxConnector *qxConnector::the()
-{
-    static qxConnector connector; // to nobody: nothing is sent to other sessions
-    return &connector;
-}
+// Nothing is sent to other sessions.
+qxConnector *qxConnector::the() { return single<qxConnector>(); }
 
 qxMessage::qxMessage() = default;
 qxMessage::qxMessage(unsigned int code) : m_code(code) {}

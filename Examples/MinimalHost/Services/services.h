@@ -1,6 +1,25 @@
 #pragma once
 
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGNodeCore.h>
+
 #include <string>
+
+/// The node's core if it is of that class, else null.
+template <class Core>
+typename Core::Ptr coreOf(const osg::NodePtr &node)
+{
+    typedef typename Core::Ptr Ptr;
+    return node == osg::NullFC ? Ptr() : Ptr::dcast(node->getCore());
+}
+
+/// The only object of its class.
+template <class Class>
+Class *single()
+{
+    static Class object;
+    return &object;
+}
 
 /// Starts the services that the module looks up, and what answers its notifications.
 void registerServices();
