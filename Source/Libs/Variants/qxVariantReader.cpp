@@ -56,7 +56,7 @@ void announceAll()
 
 } // namespace
 
-void qxVariantReader::read(const char *xml)
+bool qxVariantReader::read(const char *xml)
 {
     m_document = QDomDocument(names::Variants);
     const QByteArray bytes = QByteArray::fromRawData(xml, int(qstrlen(xml)));
@@ -64,12 +64,13 @@ void qxVariantReader::read(const char *xml)
     if (!parse(m_document, bytes, error)) {
         qxLog::error("Error loading variants: \"%s\" at %d %d\n",
                      qxText::toUtf8(error.message).c_str(), error.line, error.column);
-        return;
+        return false;
     }
     const qxUnchangedNames unchanged;
     readRoot(m_document.documentElement());
     qxOlderOverlays::makeExplicit();
     announceAll();
+    return true;
 }
 
 qxVariantGroup *qxVariantReader::readVariantGroup(QDomElement &element)

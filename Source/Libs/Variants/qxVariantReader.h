@@ -19,8 +19,9 @@ class qxVariantReader {
 public:
     /// Reads a whole document, a NUL-terminated UTF-8 text, and announces the change of everything
     /// once at the end. A malformed one is reported in the log and changes nothing; so is one that
-    /// declares entities or is nested deeper than any document of ours.
-    void read(const char *xml);
+    /// declares entities or is nested deeper than any document of ours. False for those: a program
+    /// that saved then would lose what it could not read.
+    bool read(const char *xml);
 
     /// Reads one group with its sets in place of a group of the same name.
     static qxVariantGroup *readVariantGroup(QDomElement &element);
