@@ -48,7 +48,9 @@ void createVariants()
 template <class Variant>
 void createSets(Variant &variant)
 {
+    QTextStream out(stdout);
     qxVariantGroup *const group = qxVariants::findOrCreateVariantGroup(variant.name);
+    out << group->name << '\n';
     for (const qxVariantOption &option : variant.options) {
         if (option.name.startsWith('!')) // such as "!Next" or "!None"
             continue;
@@ -56,16 +58,7 @@ void createSets(Variant &variant)
         qxVariantSet *const set =
             qxVariants::createVariantSet(qxVariants::getUniqueVariantSetName(name), true, group);
         set->add(&variant, option.name);
-    }
-}
-
-void printSets()
-{
-    QTextStream out(stdout);
-    for (const qxVariantGroup *group : qxVariants::_variantGroups) {
-        out << group->name << '\n';
-        for (const qxVariantSet *set : group->sets)
-            out << "  " << set->name << '\n';
+        out << "  " << set->name << '\n';
     }
 }
 
@@ -91,7 +84,6 @@ int main(int argc, char *argv[])
         createSets(*variant);
     for (qxMaterialVariant *variant : qxVariants::_materialVariants)
         createSets(*variant);
-    printSets();
 
     file.setVariantsDocument(qxVariantWriter().write());
     return file.save(arguments[2]) ? 0 : fail(file.errorString());

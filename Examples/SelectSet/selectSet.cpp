@@ -36,7 +36,7 @@ void printStates()
 {
     QTextStream out(stdout);
     qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
-        out << kind.word << ' ' << variant.name << ": " << variant.onCurrent() << '\n';
+        out << kind.word << ' ' << variant.name << ": " << variant.shown().visibleState() << '\n';
     });
 }
 
