@@ -29,7 +29,7 @@ if len(sys.argv) != 2:
 for row in tables.read(sys.argv[1]):
     # A name that is taken gets a number.
     made = createVariantSet(row.pop("Set"), row.pop("Group"))
-    columns = [column for column in sorted(row) if row[column]]
-    for column in columns:
-        add(made, column, row[column])
-    print("%s: %d states" % (made.getName(), len(columns)))
+    for column in sorted(row):
+        if row[column]:
+            add(made, column, row[column])
+    print("made " + made.getName())
