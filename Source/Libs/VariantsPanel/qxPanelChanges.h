@@ -11,7 +11,7 @@ class qxPanelChanges : public QObject {
 public:
     static qxPanelChanges &the();
 
-signals:
+Q_SIGNALS:
     /// The user has edited, created or moved sets or groups, or undone that.
     void setsEdited();
     /// Undo or redo of a capture has created, edited or removed variants.

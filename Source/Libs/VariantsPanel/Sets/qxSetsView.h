@@ -49,7 +49,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
 
-signals:
+Q_SIGNALS:
     /// The user wants to select this set.
     void activated(const QString &set);
     /// Another set or group is current, or its name or group has changed.

@@ -16,7 +16,7 @@ class qxVariantsDock : public QDockWidget {
 public:
     explicit qxVariantsDock(QWidget *parent = nullptr);
 
-signals:
+Q_SIGNALS:
     /// An option is about to be selected by the user.
     void aboutToSelect();
 
