@@ -74,8 +74,12 @@ int main(int argc, char *argv[])
     if (!file.load(arguments[1]))
         return fail(file.errorString());
     const QByteArray document = file.variantsDocument();
-    if (!document.isEmpty() && !qxVariantReader().read(document.constData()))
-        return fail("the scene's variants cannot be read");
+    if (!document.isEmpty()) {
+        qxVariantReader reader;
+        reader.read(document.constData());
+        if (!reader.isRead())
+            return fail("the scene's variants cannot be read");
+    }
     if (!qxVariants::findVariantSet(arguments[2]))
         return fail(QStringLiteral("no set \"%1\"").arg(arguments[2]));
 

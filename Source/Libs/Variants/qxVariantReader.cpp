@@ -56,21 +56,21 @@ void announceAll()
 
 } // namespace
 
-bool qxVariantReader::read(const char *xml)
+void qxVariantReader::read(const char *xml)
 {
     m_document = QDomDocument(names::Variants);
     const QByteArray bytes = QByteArray::fromRawData(xml, int(qstrlen(xml)));
     qxDocumentError error;
-    if (!parse(m_document, bytes, error)) {
+    m_isRead = parse(m_document, bytes, error);
+    if (!m_isRead) {
         qxLog::error("Error loading variants: \"%s\" at %d %d\n",
                      qxText::toUtf8(error.message).c_str(), error.line, error.column);
-        return false;
+        return;
     }
     const qxUnchangedNames unchanged;
     readRoot(m_document.documentElement());
     qxOlderOverlays::makeExplicit();
     announceAll();
-    return true;
 }
 
 qxVariantGroup *qxVariantReader::readVariantGroup(QDomElement &element)

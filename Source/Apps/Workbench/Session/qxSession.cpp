@@ -149,7 +149,9 @@ bool qxSession::readDocument(const QByteArray &xml)
     bool isRead = false;
     {
         const qxCaughtOutput stray(strayPlace()); // it says what is in short previews
-        isRead = qxVariantReader().read(xml.constData());
+        qxVariantReader reader;
+        reader.read(xml.constData());
+        isRead = reader.isRead();
     }
     takeScripts();
     if (isRead)
