@@ -2,6 +2,7 @@
 
 import re
 import subprocess
+import sys
 import tempfile
 import unittest
 from pathlib import Path
@@ -277,6 +278,47 @@ class InstallPython27Test(ToolTest):
         self.put("python/made-by-install-python27", "an older one\n")
         code, said, left = self.install("python")
         self.assertEqual((code, left), (3, {"mine", "python"}))
+
+
+class ReleaseTest(ToolTest):
+    """What is no release is refused before anything is built."""
+
+    def setUp(self):
+        super().setUp()
+        for tool in ("release", "releases.py"):
+            self.put(f"Tools/{tool}", (ROOT / "Tools" / tool).read_text())
+        self.put(".gitignore", "build/\n")
+        self.put("CMakeLists.txt", "project(qxVariants VERSION 0.3.0 LANGUAGES CXX)\n")
+        self.put("CHANGELOG.md", "# Changelog\n\n## Unreleased\n\n## 0.3.0 (2026-02-01)\n\n- Less.\n")
+        self.git("init", "-q", "-b", "main")
+        self.commit()
+
+    def git(self, *arguments):
+        subprocess.run(["git", "-C", self.root, "-c", "user.name=a", "-c", "user.email=a@b", *arguments], check=True)
+
+    def commit(self):
+        self.git("add", "-A")
+        self.git("commit", "-q", "--allow-empty", "-m", "A change")
+
+    def refusals(self):
+        done = subprocess.run([sys.executable, self.root / "Tools/release", "--dry-run"], capture_output=True, text=True)
+        self.assertEqual(done.returncode, 1)
+        return done.stderr
+
+    def test_each_flaw_is_named(self):
+        self.git("tag", "v0.2.0")
+        self.assertIn("/test", self.refusals(), "nothing speaks against it: the tests are next")
+        self.put("CHANGELOG.md", "# Changelog\n\n## Unreleased\n\n- More.\n\n## 0.3.0 (2026-02-01)\n\n- Less.\n")
+        self.git("switch", "-q", "-c", "idea")
+        said = self.refusals()
+        for flaw in ("changes that are not committed", "this is the branch idea", 'is not "## 0.3.0 ('):
+            self.assertIn(flaw, said)
+        self.commit()
+        self.git("tag", "v0.3.0")
+        self.git("tag", "v0.10.0")
+        self.assertIn("0.3.0 has a tag already", self.refusals())
+        self.put("CMakeLists.txt", "project(qxVariants VERSION 0.9.0 LANGUAGES CXX)\n")
+        self.assertIn("0.9.0 is older than the last release, 0.10.0", self.refusals())
 
 
 if __name__ == "__main__":
