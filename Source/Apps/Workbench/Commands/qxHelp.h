@@ -14,8 +14,6 @@ void print(const qxCommand &command);
 
 /// What may follow the program's name, one way a line.
 QStringList uses();
-/// What the command does, in one or more lines.
-QString about(const qxCommand &command);
 QString exitCodes();
 
 } // namespace qxHelp

@@ -49,14 +49,6 @@ QStringList qxHelp::uses()
             QStringLiteral("[FILE], which opens a window"), QStringLiteral("--version")};
 }
 
-QString qxHelp::about(const qxCommand &command)
-{
-    QString text = QString::fromUtf8(command.summary);
-    if (command.details)
-        text += QLatin1Char('\n') + QString::fromUtf8(command.details);
-    return text;
-}
-
 QString qxHelp::exitCodes()
 {
     return QStringLiteral("0 done, 1 the work failed, 2 wrong use, 130 interrupted.");
@@ -66,7 +58,10 @@ QString qxHelp::exitCodes()
 void qxHelp::print(const qxCommand &command)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(about(command));
+    QString about = QString::fromUtf8(command.summary);
+    if (command.details)
+        about += QLatin1Char('\n') + QString::fromUtf8(command.details);
+    parser.setApplicationDescription(about);
     for (const QString &argument : qxCommands::argumentsOf(command))
         parser.addPositionalArgument(argument, QString::fromUtf8(qxValueKinds::of(argument).help));
     parser.addOptions(qxCommands::optionsOf(command));

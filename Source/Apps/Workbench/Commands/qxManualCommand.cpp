@@ -32,6 +32,15 @@ QString call(const QString &text)
     return plain(text).replace(placeHolder, QStringLiteral("\\fI\\1\\fR"));
 }
 
+/// The command with its arguments.
+QString callOf(const qxCommand &command, const QString &program)
+{
+    QStringList words{bold(program + QLatin1String(command.name))};
+    for (const QString &argument : qxCommands::argumentsOf(command))
+        words += call(argument);
+    return words.join(QLatin1Char(' '));
+}
+
 QString section(const char *title)
 {
     return QStringLiteral(".SH %1\n").arg(QLatin1String(title));
@@ -42,15 +51,9 @@ QString entry(const QString &term, const QString &text)
     return QStringLiteral(".TP\n%1\n%2\n").arg(term, plain(text));
 }
 
-/// Lines stay lines.
-QString lines(const QString &text)
-{
-    return plain(text).replace(QLatin1Char('\n'), QLatin1String("\n.br\n")) + QLatin1Char('\n');
-}
-
 QString head(const QString &name, const QString &title)
 {
-    return QStringLiteral(".TH %1 1 \"\" \"Workbench %2\" \"User Commands\"\n")
+    return QStringLiteral(".TH %1 1 \"\" \"Workbench %2\" \"User Commands\"\n.nh\n.ad l\n")
                .arg(plain(name.toUpper()), QCoreApplication::applicationVersion())
         + section("NAME") + QStringLiteral("%1 \\- %2\n").arg(plain(name), plain(title))
         + section("SYNOPSIS");
@@ -71,24 +74,28 @@ QString optionEntries(const QList<QCommandLineOption> &options)
     return text;
 }
 
+QString endOf(const QList<QCommandLineOption> &options, const QString &seeAlso)
+{
+    return section("OPTIONS") + optionEntries(options) + section("EXIT STATUS")
+        + plain(qxHelp::exitCodes()) + QLatin1Char('\n') + section("SEE ALSO") + seeAlso
+        + QLatin1Char('\n');
+}
+
 QString pageOf(const qxCommand &command)
 {
-    const QString name = QStringLiteral("workbench-") + QLatin1String(command.name);
-    QString title = QString::fromUtf8(command.summary);
-    title.chop(title.endsWith(QLatin1Char('.')) ? 1 : 0);
-    QString text = head(name, title)
-        + QStringLiteral("%1 %2 [options]\n")
-              .arg(bold(QStringLiteral("workbench ") + QLatin1String(command.name)),
-                   call(QString::fromUtf8(command.arguments)));
-    text += section("DESCRIPTION") + lines(qxHelp::about(command));
+    const QString name = QLatin1String(command.name);
+    const QString summary = QString::fromUtf8(command.summary);
     const QStringList arguments = qxCommands::argumentsOf(command);
+    QString text = head(QStringLiteral("workbench-") + name, summary.left(summary.size() - 1));
+    text += callOf(command, QStringLiteral("workbench ")) + QLatin1String(" [options]\n")
+        + section("DESCRIPTION") + plain(summary) + QLatin1Char('\n');
+    if (command.details)
+        text += QStringLiteral(".PP\n%1\n").arg(plain(QString::fromUtf8(command.details)));
     if (!arguments.isEmpty())
         text += section("ARGUMENTS");
     for (const QString &argument : arguments)
         text += entry(call(argument), QString::fromUtf8(qxValueKinds::of(argument).help));
-    return text + section("OPTIONS") + optionEntries(qxCommands::optionsOf(command))
-        + section("EXIT STATUS") + plain(qxHelp::exitCodes()) + QLatin1Char('\n')
-        + section("SEE ALSO") + QStringLiteral(".BR workbench (1)\n");
+    return text + endOf(qxCommands::optionsOf(command), QStringLiteral(".BR workbench (1)"));
 }
 
 QString pageOfProgram()
@@ -101,13 +108,13 @@ QString pageOfProgram()
     QStringList pages;
     for (const qxCommand *command : qxCommands::all()) {
         const QString name = QLatin1String(command->name);
-        text += entry(bold(name) + QLatin1Char(' ') + call(QString::fromUtf8(command->arguments)),
-                      QString::fromUtf8(command->summary));
+        text += entry(callOf(*command, QString()), QString::fromUtf8(command->summary));
         pages += QStringLiteral(".BR workbench\\-%1 (1)").arg(name);
     }
-    return text + section("OPTIONS") + optionEntries({qxMemoryLimit::option()})
-        + section("EXIT STATUS") + plain(qxHelp::exitCodes()) + QLatin1Char('\n')
-        + section("SEE ALSO") + pages.join(QLatin1String(",\n")) + QLatin1Char('\n');
+    return text
+        + endOf(QList<QCommandLineOption>{qxMemoryLimit::option()}
+                    + qxCommands::optionsOf(qxCommands::help),
+                pages.join(QLatin1String(",\n")));
 }
 
 QList<QCommandLineOption> options()
