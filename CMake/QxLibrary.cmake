@@ -50,6 +50,10 @@ function(qx_library name)
         qx_compile_options(${name})
         target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${include_folder}>)
         target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+        if(arg_HOST_SERVICES)
+            # Linkers that drop libraries nobody needs so far would drop a host that stands before it.
+            target_link_options(${name} INTERFACE LINKER:--no-as-needed)
+        endif()
         # A shared library that misses a definition fails here, not when it is loaded. With clang's
         # sanitizers the program defines what they add.
         if(arg_SHARED AND NOT QX_FUZZ)
