@@ -117,13 +117,13 @@ QString pageOfProgram()
                 pages.join(QLatin1String(",\n")));
 }
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> manualOptions()
 {
     return {{QStringLiteral("out"), QStringLiteral("Writes the pages to the folder DIR."),
              QStringLiteral("DIR")}};
 }
 
-int run(const QCommandLineParser &parser)
+int runManual(const QCommandLineParser &parser)
 {
     if (!parser.isSet(QStringLiteral("out")))
         return qxCommands::fail(QStringLiteral("manual needs --out DIR"), WrongUse);
@@ -142,5 +142,5 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::manual = {
-    "manual", "", "Writes the manual pages of the program and of these commands.", 0, 0,
-    options,  run};
+    "manual",      "",       "Writes the manual pages of the program and of these commands.", 0, 0,
+    manualOptions, runManual};
