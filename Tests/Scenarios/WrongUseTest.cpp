@@ -65,18 +65,18 @@ TEST_F(WrongUseTest, EveryCommandHasAManualPage)
     refused(2, {"manual"}, "manual needs --out DIR");
     done({"manual", "--out", folder.path()});
     const QString program = QString::fromUtf8(bytesOf(path("workbench.1")));
-    QRegularExpression command("\\n  ([a-z]+) ");
+    const QRegularExpression command("\n  ([a-z]+) "), option("\n  (?:-h, )?--([a-z-]+)");
     auto commands = command.globalMatch(QString::fromUtf8(done({"--help"}).out));
     while (commands.hasNext()) {
         const QString name = commands.next().captured(1);
         EXPECT_TRUE(program.contains(".BR workbench\\-" + name + " (1)")) << qPrintable(name);
         const QString page = QString::fromUtf8(bytesOf(path("workbench-" + name + ".1")));
-        auto options = QRegularExpression("--([a-z]+)[^a-z].*  ([A-Z].*)\n")
-                           .globalMatch(QString::fromUtf8(done({name, "--help"}).out));
-        EXPECT_TRUE(options.hasNext());
+        auto options = option.globalMatch(QString::fromUtf8(done({name, "--help"}).out));
+        ASSERT_TRUE(options.hasNext()) << qPrintable(name);
         while (options.hasNext()) {
-            const QStringList option = options.next().capturedTexts();
-            EXPECT_TRUE(page.contains("\\-\\-" + option[1] + "\\fR")) << qPrintable(option[0]);
+            const QString word = "--" + options.next().captured(1);
+            EXPECT_TRUE(page.contains("\\fB" + QString(word).replace("-", "\\-") + "\\fR"))
+                << qPrintable(name) << ' ' << qPrintable(word);
         }
     }
 }
