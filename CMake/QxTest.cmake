@@ -1,7 +1,6 @@
 # qx_test: one GoogleTest program per folder of Tests.
 
 include(GoogleTest)
-find_package(GTest 1.12 REQUIRED)
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
 # Every test runs, and is listed, without a display and with one locale. The rest of the environment,

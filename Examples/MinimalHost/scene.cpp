@@ -4,6 +4,7 @@
 #include "OSGOverlayCore.h"
 #include "OSGSwitchComponentTransform.h"
 #include "OSGUberLight.h"
+#include "Services/services.h"
 #include "qxController.h"
 
 #include <OpenSG/OSGNodePtr.h>
@@ -64,11 +65,7 @@ void addViewpoint(const char *name, float x, float height)
 
 } // namespace
 
-Scene &Scene::the()
-{
-    static Scene scene;
-    return scene;
-}
+Scene &Scene::the() { return *single<Scene>(); }
 
 void Scene::build()
 {

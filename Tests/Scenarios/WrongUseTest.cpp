@@ -60,6 +60,27 @@ TEST_F(WrongUseTest, ACommandExplainsItself)
     EXPECT_EQ(done({"--version"}).out.left(12), "workbench 0.");
 }
 
+TEST_F(WrongUseTest, EveryCommandHasAManualPage)
+{
+    refused(2, {"manual"}, "manual needs --out DIR");
+    done({"manual", "--out", folder.path()});
+    const QString program = QString::fromUtf8(bytesOf(path("workbench.1")));
+    const QRegularExpression command("\n  ([a-z]+) "), option("\n  (?:-h, )?--([a-z-]+)");
+    auto commands = command.globalMatch(QString::fromUtf8(done({"--help"}).out));
+    while (commands.hasNext()) {
+        const QString name = commands.next().captured(1);
+        EXPECT_TRUE(program.contains(".BR workbench\\-" + name + " (1)")) << qPrintable(name);
+        const QString page = QString::fromUtf8(bytesOf(path("workbench-" + name + ".1")));
+        auto options = option.globalMatch(QString::fromUtf8(done({name, "--help"}).out));
+        ASSERT_TRUE(options.hasNext()) << qPrintable(name);
+        while (options.hasNext()) {
+            const QString word = "--" + options.next().captured(1);
+            EXPECT_TRUE(page.contains("\\fB" + QString(word).replace("-", "\\-") + "\\fR"))
+                << qPrintable(name) << ' ' << qPrintable(word);
+        }
+    }
+}
+
 TEST_F(WrongUseTest, WithoutAnythingTheProgramOpensAWindow)
 {
     QProcess program;

@@ -2,6 +2,7 @@
 
 import re
 import subprocess
+import sys
 import tempfile
 import unittest
 from pathlib import Path
@@ -277,6 +278,87 @@ class InstallPython27Test(ToolTest):
         self.put("python/made-by-install-python27", "an older one\n")
         code, said, left = self.install("python")
         self.assertEqual((code, left), (3, {"mine", "python"}))
+
+
+# Packages of nothing, with the version as it is in their tree.
+PACKAGE = """#!/bin/bash
+cd "$(dirname "$0")/.." && major=$(sed 's/.*VERSION \\(.\\).*/\\1/' CMakeLists.txt) || exit
+rm -rf build/packages && mkdir -p build/packages && cd build/packages || exit
+for name in libqx{variants,host}{$major-dbgsym,-dev,$major}; do touch "${name}_1.deb"; done
+echo "12ab  libqxhost0_1.deb" >SHA256SUMS
+"""
+
+
+class ReleaseTest(ToolTest):
+    def setUp(self):
+        super().setUp()
+        for tool in ("release", "releases.py"):
+            self.put(f"Tools/{tool}", (ROOT / "Tools" / tool).read_text())
+        self.put("Tools/package", PACKAGE).chmod(0o755)
+        self.put("test", "#!/bin/sh\necho tests run\n").chmod(0o755)
+        self.put(".gitignore", "/build/\n__pycache__\n")
+        self.git("init", "-q", "-b", "main")
+        self.change("0.2.0", "Less.")
+
+    def git(self, *arguments):
+        done = subprocess.run(["git", "-C", self.root, "-c", "user.name=a", "-c", "user.email=a@b", *arguments],
+                              check=True, capture_output=True, text=True)
+        return done.stdout.split()
+
+    def change(self, version, *points):
+        """Another version, of whose points only the last is released."""
+        unreleased = "".join(f"- {point}\n" for point in points[:-1])
+        self.put("CMakeLists.txt", f"project(qxVariants VERSION {version} LANGUAGES CXX)\n")
+        self.put("CHANGELOG.md", f"# Changelog\n\n## Unreleased\n\n{unreleased}\n"
+                                 f"## {version} (2026-02-01)\n\n- {points[-1]}\n")
+        self.git("add", "-A")
+        self.git("commit", "-q", "-m", "A change")
+
+    def release(self, *options, changes=0):
+        """What it says; the comparison of libraries ends with `changes`."""
+        self.put("build/programs/abipkgdiff", f"#!/bin/sh\necho 1 function removed\nexit {changes}\n").chmod(0o755)
+        environment = {"PATH": f"{self.root}/build/programs:/usr/bin:/bin", "HOME": str(self.root)}
+        for role in ("AUTHOR", "COMMITTER"):
+            environment.update({f"GIT_{role}_NAME": "a", f"GIT_{role}_EMAIL": "a@b"})
+        done = subprocess.run([sys.executable, self.root / "Tools/release", *options], capture_output=True, text=True,
+                              env=environment)
+        self.assertEqual(done.returncode, 1 if "release: " in done.stderr else 0, done.stderr)
+        return done.stdout + done.stderr
+
+    def test_what_is_no_release_is_refused_before_anything_is_built(self):
+        self.git("tag", "v0.2.0")
+        self.git("tag", "v0.10.0")
+        self.change("0.2.0", "More.", "Less.")
+        self.git("switch", "-q", "-c", "idea")
+        self.put("new", "")
+        said = self.release()
+        for flaw in ("changes that are not committed", "this is the branch idea", 'is not "## 0.2.0 (',
+                     "0.2.0 has a tag already"):
+            self.assertIn(flaw, said)
+        self.change("0.9.0", "Less.")
+        self.assertIn("0.9.0 is older than the last release, 0.10.0", self.release())
+        self.assertFalse((self.root / "build/packages").exists())
+
+    def test_libraries_that_break_their_users_need_another_version(self):
+        self.assertIn("This is the first release", self.release("--dry-run"))
+        self.assertEqual(self.git("tag"), [])
+        self.assertIn("v0.2.0 is tagged", self.release())
+        for version, changes, said, tag in (
+            ("0.2.1", 4, "programs built with 0.2.0 would not run with 0.2.1", False),
+            ("0.2.1", 0, "programs built with 0.2.0 run with 0.2.1", True),
+            ("0.3.0", 12, "must be built anew\n\n```\n1 function removed", True),
+            ("1.0.0", 8, "must be built anew", True),
+            ("1.1.0", 8, "would not run with 1.1.0", False),
+            ("1.1.0", 1, "cannot be compared", False),
+        ):
+            with self.subTest(version=version, changes=changes):
+                self.change(version, f"Point {version} {changes}.")
+                self.assertIn(said, self.release(changes=changes))
+                self.assertEqual(f"v{version}" in self.git("tag"), tag)
+        notes = (self.root / "build/release-notes.md").read_text()
+        for part in ("# qxVariants 1.0.0 (2026-02-01)\n\n- Point 1.0.0 8.", "must be built anew",
+                     "| libqxhost0_1.deb | `12ab` |"):
+            self.assertIn(part, notes)
 
 
 if __name__ == "__main__":

@@ -15,13 +15,9 @@
 
 namespace {
 
-/// In the order of registration. Modules unregister after the statics of this program are gone.
+/// In the order of registration.
 typedef std::vector<std::pair<std::string, qxController::Callback>> Callbacks;
-Callbacks &callbacks()
-{
-    static Callbacks &all = *new Callbacks;
-    return all;
-}
+Callbacks &callbacks() { return *single<Callbacks>(); }
 
 bool isRegistered(const Callbacks::value_type &callback)
 {

@@ -23,12 +23,9 @@ int depth = 0;
 /// Scripts nested too deep: each that runs gets an exception when it goes on.
 bool isEnding = false;
 
-/// In the order of registration. Modules unregister after the statics of this program are gone.
-std::map<int, qxPythonInit::Callback> &modules()
-{
-    static auto &all = *new std::map<int, qxPythonInit::Callback>;
-    return all;
-}
+/// In the order of registration.
+typedef std::map<int, qxPythonInit::Callback> Modules;
+Modules &modules() { return *single<Modules>(); }
 
 /// The clipping plane is only kept and told: the pictures of this host do not show it. Errors of
 /// scripts become texts, and exit() ends a script alone.
@@ -120,7 +117,7 @@ void setIgnoreMaterialGroup(const std::string &path, bool ignore)
 
 void tellModules(bool destroy)
 {
-    for (const auto &[id, callback] : std::map<int, qxPythonInit::Callback>(modules())) {
+    for (const auto &[id, callback] : Modules(modules())) {
         try {
             callback(destroy);
         } catch (const py::error_already_set &) {
@@ -133,15 +130,14 @@ void tellModules(bool destroy)
 
 void startScripts()
 {
-    typedef py::init<float, float, float> Values;
     typedef std::vector<std::string> Names;
     Py_InitializeEx(0);
     const py::object main = py::import("__main__");
     const py::scope scope(main);
     py::class_<qxNodePtr>("qxNodePtr").def("setActive", setActive);
     py::class_<qxMaterialPtr>("qxMaterialPtr");
-    py::class_<osg::Pnt3f>("Pnt3f", Values()).def("__str__", textOf);
-    py::class_<osg::Vec3f, py::bases<osg::Pnt3f>>("Vec3f", Values());
+    py::class_<osg::Pnt3f>("Pnt3f", py::init<float, float, float>()).def("__str__", textOf);
+    py::class_<osg::Vec3f, py::bases<osg::Pnt3f>>("Vec3f", py::init<float, float, float>());
     py::class_<Names>("Names").def(py::vector_indexing_suite<Names>());
     py::def("findNodePath", findNodePath);
     py::def("setIgnoreMaterialGroup", setIgnoreMaterialGroup);

@@ -13,12 +13,13 @@ typename Core::Ptr coreOf(const osg::NodePtr &node)
     return node == osg::NullFC ? Ptr() : Ptr::dcast(node->getCore());
 }
 
-/// The only object of its class.
+/// The only object of its class. It stays to the end: modules unregister after the statics of this
+/// program are destroyed.
 template <class Class>
 Class *single()
 {
-    static Class object;
-    return &object;
+    static Class *const object = new Class;
+    return object;
 }
 
 /// Starts the services that the module looks up, and what answers its notifications.

@@ -50,6 +50,7 @@ extern const qxCommand check;
 extern const qxCommand capture;
 extern const qxCommand help;
 extern const qxCommand completion;
+extern const qxCommand manual;
 
 /// The arguments one by one, and the options with --help.
 QStringList argumentsOf(const qxCommand &command);

@@ -1,6 +1,7 @@
 #pragma once
 
-class QCommandLineParser;
+#include <QStringList>
+
 struct qxCommand;
 
 /// The program's help, made from the table of commands.
@@ -10,5 +11,9 @@ namespace qxHelp {
 void printOverview();
 /// One command with its arguments and options.
 void print(const qxCommand &command);
+
+/// What may follow the program's name, one way a line.
+QStringList uses();
+QString exitCodes();
 
 } // namespace qxHelp

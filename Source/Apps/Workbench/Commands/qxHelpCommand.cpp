@@ -8,12 +8,12 @@
 
 namespace {
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> helpOptions()
 {
     return {};
 }
 
-int run(const QCommandLineParser &parser)
+int runHelp(const QCommandLineParser &parser)
 {
     const QString name = parser.positionalArguments().value(0);
     if (name.isEmpty()) {
@@ -31,17 +31,27 @@ int run(const QCommandLineParser &parser)
 
 void qxHelp::printOverview()
 {
-    QString text = QStringLiteral("Usage: workbench COMMAND FILE ... [options]\n"
-                                  "       workbench [FILE], which opens a window\n"
-                                  "       workbench --version\n\nCommands:\n");
+    QString text = QStringLiteral("Usage: workbench %1\n\nCommands:\n")
+                       .arg(uses().join(QLatin1String("\n       workbench ")));
     for (const qxCommand *command : qxCommands::all()) {
         const QString call = QStringLiteral("%1 %2").arg(command->name, command->arguments);
         text += QStringLiteral("  %1 %2\n").arg(call, -30).arg(command->summary);
     }
-    qxOutput::text(
-        text
-        + QStringLiteral("\n\"workbench help COMMAND\" tells more about a command.\n"
-                         "Exit codes: 0 done, 1 the work failed, 2 wrong use, 130 interrupted.\n"));
+    qxOutput::text(text
+                   + QStringLiteral("\n\"workbench help COMMAND\" tells more about a command.\n"
+                                    "Exit codes: %1\n")
+                         .arg(exitCodes()));
+}
+
+QStringList qxHelp::uses()
+{
+    return {QStringLiteral("COMMAND FILE ... [options]"),
+            QStringLiteral("[FILE], which opens a window"), QStringLiteral("--version")};
+}
+
+QString qxHelp::exitCodes()
+{
+    return QStringLiteral("0 done, 1 the work failed, 2 wrong use, 130 interrupted.");
 }
 
 /// The parser's own text, but the command stands where it belongs: before the options.
@@ -62,4 +72,4 @@ void qxHelp::print(const qxCommand &command)
 }
 
 const qxCommand qxCommands::help = {
-    "help", "[COMMAND]", "Tells about the commands, or about one.", 0, 1, options, run};
+    "help", "[COMMAND]", "Tells about the commands, or about one.", 0, 1, helpOptions, runHelp};

@@ -78,6 +78,8 @@ int qxWindowProgram::run(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("workbench"));
     QApplication::setApplicationDisplayName(QStringLiteral("Workbench"));
     QApplication::setOrganizationName(QStringLiteral("qxVariants"));
+    // Desktops take the icon from there.
+    QApplication::setDesktopFileName(QStringLiteral(QX_DESKTOP_ID));
     qxOSGWidget::setRaytracing(true);
     qxRaytracingManager::getRaytracingUtils()->setImageQuality(-1);
     qxWorkbenchWindow window;
