@@ -117,7 +117,7 @@ TEST_F(PromptTest, StatementsRunInTheSceneThatTheEndOfInputSaves)
     shows("print(u'Straß' + u'e')\n", "\nStraße\n");
     shows("print(6 * 8\1777)\n", "\n42\n"); // the 8 is deleted
     shows("\x1b[A\n", "\n42\n"); // the same line from the history
-    shows("len(getVariantSe\t))\n", "\n3\n"); // completed
+    shows("len(getVariantG\t))\n", "\n2\n"); // completed
     typed("\x04", "\n");
     EXPECT_EQ(ended(), 0);
     EXPECT_EQ(done({"select", saved, "Evening", "--json"}).array()[0]["changes"], QJsonArray());

@@ -61,7 +61,8 @@ void qxVariantReader::read(const char *xml)
     m_document = QDomDocument(names::Variants);
     const QByteArray bytes = QByteArray::fromRawData(xml, int(qstrlen(xml)));
     qxDocumentError error;
-    if (!parse(m_document, bytes, error)) {
+    m_isRead = parse(m_document, bytes, error);
+    if (!m_isRead) {
         qxLog::error("Error loading variants: \"%s\" at %d %d\n",
                      qxText::toUtf8(error.message).c_str(), error.line, error.column);
         return;

@@ -21,6 +21,9 @@ public:
     /// once at the end. A malformed one is reported in the log and changes nothing; so is one that
     /// declares entities or is nested deeper than any document of ours.
     void read(const char *xml);
+    /// Whether the last document could be read; false before the first. A program that saves
+    /// although it could not read loses what is in the document.
+    bool isRead() const { return m_isRead; }
 
     /// Reads one group with its sets in place of a group of the same name. Null for an element
     /// without a name, and when a listener removed the group. What is replaced is announced as
@@ -53,4 +56,5 @@ public:
 
 private:
     QDomDocument m_document; ///< the document that was read last
+    bool m_isRead = false;
 };

@@ -1,6 +1,8 @@
 #include "qxVariantBindings.h"
 
+#include "qxVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariantSetPtr.h"
 #include "qxVariants.h"
@@ -41,9 +43,52 @@ python::list getVariantSets()
     return namesOf(qxVariants::_variantSets);
 }
 
+python::list getVariantSetsOf(const std::string &groupName)
+{
+    const QString name = qxText::fromUtf8(groupName);
+    if (const qxVariantGroup *group = qxVariants::findVariantGroup(name))
+        return namesOf(group->sets);
+    std::vector<const qxVariantSet *> withoutGroup;
+    for (const qxVariantSet *set : qxVariants::_variantSets) {
+        if (name.isEmpty() && !set->group)
+            withoutGroup.push_back(set);
+    }
+    return namesOf(withoutGroup);
+}
+
 python::list getVariantGroups()
 {
     return namesOf(qxVariants::_variantGroups);
+}
+
+python::list getVariantSetStates(const std::string &name)
+{
+    python::list states;
+    const qxVariantSet *const set = qxVariants::findVariantSet(qxText::fromUtf8(name));
+    if (!set)
+        return states;
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
+        for (const qxVariantState &each : set->*kind->states)
+            states.append(python::make_tuple(kind->word.latin1(), qxText::toUtf8(each.variant),
+                                             qxText::toUtf8(each.state)));
+    }
+    return states;
+}
+
+python::list getVariantStates(const std::string &kindWord, const std::string &name)
+{
+    const qxVariantKind *const kind =
+        qxVariantKinds::by(&qxVariantKind::word, qxText::fromUtf8(kindWord));
+    if (!kind) {
+        PyErr_Format(PyExc_ValueError, "\"%s\" is no kind of variants", kindWord.c_str());
+        python::throw_error_already_set();
+    }
+    python::list names;
+    if (const qxVariant *variant = kind->find(qxText::fromUtf8(name))) {
+        for (const qxVariantOption &option : variant->options)
+            names.append(qxText::toUtf8(option.name));
+    }
+    return names;
 }
 
 qxVariantGroup *groupCalled(const QString &name)
@@ -77,8 +122,19 @@ void defineFunctions()
                 "The variant set of that name; a handle that does nothing when there is none.");
     python::def("getVariantSets", getVariantSets,
                 "The names of all variant sets, in the order of their creation.");
+    python::def(
+        "getVariantSets", getVariantSetsOf, python::arg("group"),
+        "With a group: the names of its variant sets, in its order. An empty name stands for "
+        "the sets without a group.");
     python::def("getVariantGroups", getVariantGroups,
                 "The names of all variant groups, in the order of their creation.");
+    python::def("getVariantSetStates", getVariantSetStates, python::arg("name"),
+                "What the variant set of that name refers to: tuples of the kind of a variant, its "
+                "name, and the state that the set brings it into. The kinds are \"node\", "
+                "\"material\", \"light\", \"overlay\" and \"transform\".");
+    python::def("getVariantStates", getVariantStates, (python::arg("kind"), python::arg("name")),
+                "The states and actions of the variant of that kind and name; none when there is "
+                "no such variant.");
     python::def("createVariantSet", createVariantSet,
                 (python::arg("name"), python::arg("group") = ""),
                 "A new variant set. Its name is varied when it is taken. It joins the group of "

@@ -19,24 +19,6 @@
 
 namespace {
 
-/// Counts the error lines of a scope: the reader reports through the log and returns nothing.
-class qxErrorCount {
-public:
-    qxErrorCount()
-        : m_listener(qxLog::addListener(
-            [this](qxLog::Level level, const std::string &) { m_errors += level == qxLog::Error; }))
-    {
-    }
-    qxErrorCount(const qxErrorCount &) = delete;
-    ~qxErrorCount() { qxLog::removeListener(m_listener); }
-
-    int errors() const { return m_errors; }
-
-private:
-    int m_errors = 0;
-    int m_listener;
-};
-
 /// What makes bytes no text at all. The reader would take a NUL for the end of the document, and
 /// anything else that is no UTF-8 for characters that nobody wrote.
 QString flawOf(const QByteArray &xml)
@@ -164,13 +146,15 @@ bool qxSession::readDocument(const QByteArray &xml)
             QCoreApplication::translate("qxSession", "the variants document cannot be read: %1")
                 .arg(flaw));
     }
-    const qxErrorCount count;
+    bool isRead = false;
     {
         const qxCaughtOutput stray(strayPlace()); // it says what is in short previews
-        qxVariantReader().read(xml.constData());
+        qxVariantReader reader;
+        reader.read(xml.constData());
+        isRead = reader.isRead();
     }
     takeScripts();
-    if (count.errors() == 0)
+    if (isRead)
         return true;
     return fail(QCoreApplication::translate("qxSession", "the variants document cannot be read"));
 }
