@@ -51,10 +51,12 @@ def package(name, version, licence, **more):
 
 
 def of_the_system(name):
-    """The installed package."""
-    shown = subprocess.run(["dpkg-query", "-W", "-f", "${Version} ${source:Package}\n", name], check=True,
+    """The installed package; None for a name that only stands for another package, which is needed as well."""
+    shown = subprocess.run(["dpkg-query", "-W", "-f", "${Version};${source:Package}\n", name], check=True,
                            capture_output=True, text=True).stdout
-    version, source = shown.splitlines()[0].split()
+    version, source = shown.splitlines()[0].split(";")
+    if not version:
+        return None
     if source not in LICENCES:
         sys.exit(f"Tools/spdx.py: no licence is known for {name} of the source package {source}")
     return package(name, version, LICENCES[source], sourceInfo=f"Debian source package {source}")
@@ -63,16 +65,17 @@ def of_the_system(name):
 def document(debs, built_with, when):
     """The text; `debs` are files, `built_with` names of packages, `when` seconds since 1970."""
     ours = {field(deb, "Package"): deb for deb in debs}
-    packages, relations, foreign = [], [], set(built_with)
+    packages, relations, used = [], [("SPDXRef-DOCUMENT", "DESCRIBES", name) for name in ours], {}
+    for name in sorted({*built_with, *(other for deb in debs for other in needed(deb))} - set(ours)):
+        used[name] = of_the_system(name)
     for name, deb in ours.items():
         checksum = {"algorithm": "SHA256", "checksumValue": hashlib.sha256(deb.read_bytes()).hexdigest()}
         packages.append(package(name, field(deb, "Version"), OWN_LICENCE, packageFileName=deb.name,
                                 checksums=[checksum]))
-        relations.append(("SPDXRef-DOCUMENT", "DESCRIBES", name))
-        relations += [(identifier(name), "DEPENDS_ON", other) for other in needed(deb)]
-        foreign.update(set(needed(deb)) - set(ours))
-    packages += [of_the_system(name) for name in sorted(foreign)]
-    relations += [(identifier(name), "BUILD_DEPENDENCY_OF", other) for name in built_with for other in ours]
+        relations += [(identifier(name), "DEPENDS_ON", other) for other in dict.fromkeys(needed(deb))
+                      if used.get(other, True)]
+        relations += [(identifier(other), "BUILD_DEPENDENCY_OF", name) for other in built_with]
+    packages += filter(None, used.values())
     content = {
         "packages": packages,
         "relationships": [{"spdxElementId": subject, "relationshipType": kind, "relatedSpdxElement": identifier(other)}
