@@ -92,7 +92,11 @@ osg::NodePtr qxScenegraph::environmentGeometrySwitch() { return osg::NullFC; }
 bool qxNodeUtils::isEnvironmentGeometrySwitch(const osg::NodePtr &) { return false; }
 
 bool qxScenegraph::hasFindCache() { return cachedNodes.has_value(); }
-void qxScenegraph::clearFindCache() { cachedNodes = cachedOverlays = std::nullopt; }
+void qxScenegraph::clearFindCache()
+{
+    cachedNodes.reset();
+    cachedOverlays.reset();
+}
 void qxScenegraph::initFindCache()
 {
     cachedNodes = namesOf(Scene::the().root);
