@@ -95,7 +95,7 @@ TEST_F(WrongUseTest, TheShellCompletesWhatTheCommandsTake)
     write("my scenes/a.GLB", "");
     write("notes.txt", "");
     for (const auto &[words, offered] : {std::pair("sel", "select"),
-                                         {"m", "my scenes"},
+                                         {"my", "my scenes"},
                                          {"info my", "my scenes"},
                                          {"info d", "desk.gltf"},
                                          {"info n", ""},
