@@ -1,5 +1,7 @@
 # qx_library and qx_program: how every target of this project is built.
 
+include(QxInstall)
+
 # What all our own code is compiled with.
 function(qx_compile_options target)
     target_compile_options(${target} PRIVATE
@@ -21,41 +23,47 @@ function(qx_include_folder result)
     set(${result} ${folder} PARENT_SCOPE)
 endfunction()
 
-# qx_library(<name> [SHARED|INTERFACE] [PUBLIC deps...] [PRIVATE deps...] [HOST_LINK deps...])
+# qx_library(<name> [SHARED|INTERFACE|HOST_SERVICES] [COMPONENT component] [HEADERS patterns...]
+#            [PUBLIC deps...] [PRIVATE deps...])
 #
 # Builds the current folder, statically unless said otherwise, and gives it the alias Qx::<name>.
-# HOST_LINK names libraries that define what the code calls, but whose headers it must not see.
+# HOST_SERVICES is a shared library that calls what its host defines: whoever links a program with it
+# links a library that defines HostApi, too, and the linker names what that misses.
+# With a component the library is installed as qxVariants::<component>, with those of its headers that
+# fit the patterns (all of them without HEADERS).
 function(qx_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "SHARED;INTERFACE" "" "PUBLIC;PRIVATE;HOST_LINK")
+    cmake_parse_arguments(PARSE_ARGV 1 arg
+        "SHARED;INTERFACE;HOST_SERVICES" "COMPONENT" "HEADERS;PUBLIC;PRIVATE")
     qx_glob_sources(sources)
     qx_include_folder(include_folder)
 
     if(arg_INTERFACE)
         add_library(${name} INTERFACE ${sources})
-        target_include_directories(${name} INTERFACE ${include_folder})
+        target_include_directories(${name} INTERFACE $<BUILD_INTERFACE:${include_folder}>)
         target_link_libraries(${name} INTERFACE ${arg_PUBLIC})
     else()
         set(kind STATIC)
-        if(arg_SHARED)
+        if(arg_SHARED OR arg_HOST_SERVICES)
             set(kind SHARED)
         endif()
         add_library(${name} ${kind} ${sources})
         qx_compile_options(${name})
-        target_include_directories(${name} PUBLIC ${include_folder})
+        target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${include_folder}>)
         target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
-        foreach(library IN LISTS arg_HOST_LINK)
-            target_link_libraries(${name} PRIVATE $<LINK_ONLY:${library}>)
-        endforeach()
+        if(arg_HOST_SERVICES)
+            # Linkers that drop libraries nobody needs so far would drop a host that stands before it.
+            target_link_options(${name} INTERFACE LINKER:--no-as-needed)
+        endif()
         # A shared library that misses a definition fails here, not when it is loaded. With clang's
         # sanitizers the program defines what they add.
         if(arg_SHARED AND NOT QX_FUZZ)
             target_link_options(${name} PRIVATE LINKER:--no-undefined)
         endif()
-        if(arg_SHARED)
-            install(TARGETS ${name} LIBRARY DESTINATION lib)
-        endif()
     endif()
     add_library(Qx::${name} ALIAS ${name})
+    if(arg_COMPONENT)
+        qx_install_library(${name} ${arg_COMPONENT} ${include_folder} "${arg_HEADERS}")
+    endif()
 endfunction()
 
 # qx_program(<name> LIBS deps...): the current folder as a program.

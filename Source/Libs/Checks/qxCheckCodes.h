@@ -91,17 +91,20 @@ enum class qxCode {
 
 /// One row of the list of codes.
 struct qxCodeRow {
-    qxCode code;
+    qxCode code; ///< as the program knows it
     const char *id; ///< stable, such as "QX301"
-    qxSeverity severity;
+    qxSeverity severity; ///< the same for all findings of the code
     const char *title; ///< what it means, in a few words
 };
 
+/// What belongs to each code.
 namespace qxCheckCodes {
 
 /// All codes in the order of their ids.
 const QVector<qxCodeRow> &all();
+/// The row of that code; every code has one.
 const qxCodeRow &row(qxCode code);
+/// The stable id of that code, such as "QX301".
 QString id(qxCode code);
 /// "error", "warning", "hint" or "skip".
 QString word(qxSeverity severity);

@@ -15,15 +15,15 @@ struct qxExplainedEntry {
     QString kind; ///< "node" and the other kinds of variants, "viewpoint", "animation" and so on
     QString name; ///< of the variant, viewpoint, animation; empty for what a set has once
     QString state; ///< empty for what is no variant
-    bool isVariant = false;
-    bool isVariantFound = false;
+    bool isVariant = false; ///< rather than a viewpoint, an animation and so on
+    bool isVariantFound = false; ///< the registry has it
     bool isStateKnown = false; ///< it is an option of the variant
     QString object; ///< the name of what is looked up in the scene
     int found = 0; ///< how many of that name there are
     int reached = 0; ///< how many of them take the state
     QMap<qxCode, int> left; ///< why the others do not, and how many
     QString from; ///< the first that takes it, just before its turn; empty for what has no state
-    QString to;
+    QString to; ///< the same just after its turn
     /// Why it does nothing, or has done nothing; none when all is well.
     std::optional<qxCode> code;
     bool isDone = false; ///< the scene shows it, after the selection

@@ -6,26 +6,30 @@
 
 /// Something that a check found in a variants document.
 struct qxFinding {
-    qxCode code;
-    QString message;
+    qxCode code; ///< what sort of finding it is
+    QString message; ///< a sentence in English on what was found
     QString path; ///< of the element, such as: Variants/VariantSet[3] "Sport"/NodeVariantRef[2]
     int line = 0; ///< in the document, from 1
     int column = 0; ///< of the first character of the element, from 1
     int more = 0; ///< so many further ones of its code are not listed
 
+    /// How much it weighs, by its code.
     qxSeverity severity() const { return qxCheckCodes::row(code).severity; }
 };
 
+/// Findings in some order.
 typedef QVector<qxFinding> qxFindings;
 
 /// Findings while they are found. Of each code the first thousand are kept, the rest is counted: a
 /// document can have millions of the same fault.
 class qxFindingList {
 public:
+    /// Keeps or counts the finding.
     void add(const qxFinding &finding);
     /// What was kept, in the order of the document. The last one of a code knows how many more
     /// there are.
     qxFindings inOrder() const;
+    /// The one that was kept last; there must be one.
     const qxFinding &last() const { return m_kept.last(); }
 
 private:

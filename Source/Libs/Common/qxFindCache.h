@@ -7,11 +7,13 @@
 /// alone.
 class qxFindCache {
 public:
+    /// Switches the cache on, unless it is not wanted or on already.
     explicit qxFindCache(bool wanted) : m_isMine(!qxScenegraph::hasFindCache() && wanted)
     {
         if (m_isMine)
             qxScenegraph::initFindCache();
     }
+    /// Switches off what the constructor switched on.
     ~qxFindCache()
     {
         if (m_isMine)

@@ -12,42 +12,46 @@
 /// Names of scene objects, finding objects by them, and the paths that are made of them.
 namespace qxNames {
 
-/// By the rule of qxNodeUtils::getName.
+/// The node's name by the rule of qxNodeUtils::getName.
 inline QString nameOf(const osg::NodePtr &node)
 {
     return qxText::fromUtf8(qxNodeUtils::getName(node));
 }
 
+/// The material's name; empty for a null material and for one without a name.
 inline QString nameOf(const osg::MaterialPtr &material)
 {
     return qxText::fromUtf8(qxMaterials::getName(material));
 }
 
-/// The first node of that name, or null; all nodes of that name (see qxScenegraph).
+/// The first node of that name, or null (see qxScenegraph).
 inline qxNodePtr findNode(const QString &name)
 {
     return qxScenegraph::findNode(qxText::toUtf8(name).c_str());
 }
+/// All nodes of that name, in scene order.
 inline std::vector<qxNodePtr> findNodes(const QString &name)
 {
     return qxScenegraph::findNodes(qxText::toUtf8(name).c_str());
 }
 
-/// The same for overlays (see qxOverlays).
+/// The first node of that name in the overlay tree, or null (see qxOverlays).
 inline qxNodePtr findOverlay(const QString &name)
 {
     return qxOverlays::findOverlay(qxText::toUtf8(name).c_str());
 }
+/// All of them, depth first.
 inline std::vector<qxNodePtr> findOverlays(const QString &name)
 {
     return qxOverlays::findOverlays(qxText::toUtf8(name).c_str());
 }
 
-/// The same for materials (see qxMaterials).
+/// The first material of that name, or null (see qxMaterials).
 inline osg::MaterialPtr findMaterial(const QString &name)
 {
     return qxMaterials::findMaterial(qxText::toUtf8(name).c_str());
 }
+/// All of them, in the order of the pool.
 inline std::vector<osg::MaterialPtr> findMaterials(const QString &name)
 {
     return qxMaterials::findMaterials(qxText::toUtf8(name).c_str());
@@ -86,9 +90,9 @@ inline std::string pathOf(const osg::NodePtr &node)
     return path;
 }
 
-/// The hash of the path of nothing, and the one of a path (FNV-1a, 64 bits) that goes on with
-/// `text`.
+/// The hash of a path that has nothing in it yet.
 constexpr std::uint64_t EmptyPath = 0xCBF29CE484222325;
+/// The hash of the path that goes on with `text` (FNV-1a, 64 bits).
 inline std::uint64_t hashOf(std::string_view text, std::uint64_t path)
 {
     for (const char each : text)

@@ -7,7 +7,8 @@
 /// Texts at the boundary: QString inside the module, UTF-8 at the host and in scripts.
 namespace qxText {
 
-/// Every selection converts names, most of them plain ASCII: those take one allocation at most.
+/// The text in UTF-8, NULs included. Every selection converts names, most of them plain ASCII:
+/// those take one allocation at most.
 inline std::string toUtf8(const QString &text)
 {
     std::string utf8;
@@ -22,6 +23,7 @@ inline std::string toUtf8(const QString &text)
 
 std::string toUtf8(const QByteArray &) = delete; // bytes would lose what follows a NUL
 
+/// The text of these bytes; what is no UTF-8 becomes U+FFFD.
 inline QString fromUtf8(const std::string &text)
 {
     return QString::fromUtf8(text.data(), int(text.size()));

@@ -7,6 +7,7 @@
 OSG_BEGIN_NAMESPACE
 
 class UberLight;
+/// Handle on a light; not counted, as all of OpenSG's pointers.
 typedef FCPtr<LightPtr, UberLight> UberLightPtr;
 
 /// The host's light: one core for point, spot and directional lights.
@@ -17,8 +18,11 @@ class UberLight : public Light {
     typedef Light Inherited;
 
 public:
-    typedef UberLightPtr Ptr;
+    typedef UberLightPtr Ptr; ///< the handle, as OpenSG's templates look for it
+    /// What sort of light it is; a number that is none of these is a point light.
     enum Kind { Point = 0, Spot = 1, Directional = 2 };
+    ///@{
+    /// The fields by number and by mask, for edit brackets and change lists.
     enum {
         KindFieldId = Inherited::NextFieldId,
         IntensityFieldId = KindFieldId + 1,
@@ -32,31 +36,48 @@ public:
     static const BitVector RangeFieldMask;
     static const BitVector InnerAngleFieldMask;
     static const BitVector OuterAngleFieldMask;
+    ///@}
     OSG_FIELD_CONTAINER_DECL(UberLightPtr)
 
+    ///@{
+    /// The fields themselves, for code that goes over the fields of any container.
     SFUInt32 *getSFKind() { return &_sfKind; }
     SFReal32 *getSFIntensity() { return &_sfIntensity; }
     SFReal32 *getSFRange() { return &_sfRange; }
     SFReal32 *getSFInnerAngle() { return &_sfInnerAngle; }
     SFReal32 *getSFOuterAngle() { return &_sfOuterAngle; }
+    ///@}
 
+    ///@{
+    /// See Kind; a point light at start.
     const UInt32 &getKind() const { return _sfKind.getValue(); }
     void setKind(const UInt32 &kind) { _sfKind.setValue(kind); }
+    ///@}
+    ///@{
     /// Candela for point and spot lights, lux for directional ones; 1 at start.
     const Real32 &getIntensity() const { return _sfIntensity.getValue(); }
     void setIntensity(const Real32 &intensity) { _sfIntensity.setValue(intensity); }
+    ///@}
+    ///@{
     /// Distance beyond which the light does nothing; 0 for no limit.
     const Real32 &getRange() const { return _sfRange.getValue(); }
     void setRange(const Real32 &range) { _sfRange.setValue(range); }
+    ///@}
+    ///@{
     /// Half angles of a spot's cone in radians, full light within the inner one.
     const Real32 &getInnerAngle() const { return _sfInnerAngle.getValue(); }
     void setInnerAngle(const Real32 &angle) { _sfInnerAngle.setValue(angle); }
     const Real32 &getOuterAngle() const { return _sfOuterAngle.getValue(); }
     void setOuterAngle(const Real32 &angle) { _sfOuterAngle.setValue(angle); }
+    ///@}
 
+    /// Writes nothing.
     void dump(UInt32 = 0, const BitVector = 0) const override {}
 
 protected:
+    ///@{
+    /// Instances are made by create() and copied by the factory; values go to other aspects by
+    /// executeSync(). Only OpenSG calls these.
     UberLight();
     UberLight(const UberLight &other);
     ~UberLight() override {}
@@ -72,6 +93,7 @@ protected:
     SFReal32 _sfRange;
     SFReal32 _sfInnerAngle;
     SFReal32 _sfOuterAngle;
+    ///@}
 
 private:
     friend class FieldContainer; // builds and destroys the instances

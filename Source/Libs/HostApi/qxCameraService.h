@@ -4,7 +4,9 @@
 
 #include <string>
 
-/// Moves the camera of the main view.
+/// Moves the camera of the main view and stores it as a viewpoint.
+///
+/// A host may have none: without it sets move no camera, and captures store no viewpoint.
 class qxCameraService : public qxBaseService {
 public:
     ~qxCameraService() override;
@@ -18,10 +20,12 @@ public:
     /// The id of the camera through which the main view looks; 0 when it has none yet. These ids
     /// are the service's own, not those of viewpoints.
     virtual int getActiveCamera() const = 0;
+    ///@{
     /// The id of a copy of that camera, or of the camera itself, to be stored with createViewpoint;
     /// 0 for an unknown camera.
     virtual int getCopyOf(int camera) const = 0;
     virtual int getSourceOf(int camera) const = 0;
+    ///@}
     /// Stores the camera with the id `source` as a new viewpoint and returns its id in the pool, -1
     /// for an unknown source. A name that is taken gets a number.
     virtual int createViewpoint(const std::string &name, int source) = 0;

@@ -14,6 +14,7 @@ class qxMessage;
 /// from the next call on.
 class qxController {
 public:
+    /// Receives the calls of one name; what it adds to the message the caller can read.
     typedef void (*Callback)(qxMessage &message);
     /// Receives every call: its name, its message (null for a call without one) and its flag.
     typedef std::function<void(const char *name, qxMessage *message, int flag)> Listener;
@@ -31,6 +32,7 @@ public:
 
     /// `listener` receives every call until removeListener gets the returned id.
     static int addListener(const Listener &listener);
+    /// Unregisters a listener; an unknown id is ignored.
     static void removeListener(int id);
 
     /// Requests a new picture; with `everything` also what is cached between frames is rebuilt.

@@ -5,7 +5,7 @@
 
 #include <typeinfo>
 
-/// Base class of all services.
+/// Base class of all services. The host owns them.
 class qxBaseService {
 public:
     virtual ~qxBaseService();
@@ -14,6 +14,7 @@ public:
 /// Registry of services by their class. The host registers them.
 class qxKernelServiceFactory {
 public:
+    /// The one of the process; never null.
     static qxKernelServiceFactory *the();
 
     /// The service registered for class `T`, or null. A missing and a null service are reported on

@@ -6,7 +6,10 @@
 /// know materials.
 class qxMaterialPtr : public osg::MaterialPtr {
 public:
+    ///@{
+    /// A handle on the material; null by default. It does not keep the material alive.
     qxMaterialPtr() {}
     qxMaterialPtr(const osg::MaterialPtr &material) : osg::MaterialPtr(material) {}
     qxMaterialPtr(const osg::NullFieldContainerPtr &null) : osg::MaterialPtr(null) {}
+    ///@}
 };

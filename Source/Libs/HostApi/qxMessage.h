@@ -12,6 +12,7 @@
 /// trace shows them in the sender's order.
 class qxMessage {
 public:
+    /// A key and its value.
     typedef std::pair<std::string, boost::any> Entry;
 
     qxMessage();

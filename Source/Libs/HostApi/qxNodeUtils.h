@@ -52,9 +52,10 @@ public:
     static void setMaterial(const osg::NodePtr &node, const osg::MaterialPtr &material,
                             bool subTree, bool announce);
 
-    /// Whether the node has named transform states. The operations below return 0, -1 or an empty
-    /// text for a node without them.
+    /// Whether the node has named transform states. The operations below return 0, -1, false or an
+    /// empty text for a null node and for one without them.
     static bool hasTransformVariants(const osg::NodePtr &node);
+    /// How many the node has.
     static int getTransformVariantCount(const osg::NodePtr &node);
     /// The name of state `index`; empty when out of range.
     static std::string getTransformVariantName(const osg::NodePtr &node, int index);
@@ -62,6 +63,7 @@ public:
     static int getTransformVariantIndex(const osg::NodePtr &node, const std::string &name);
     /// The state that was selected last, -1 when none was.
     static int getTransformVariantCurrentIndex(const osg::NodePtr &node);
+    /// The name of that state; empty when none was selected.
     static std::string getSelectedTransformVariantName(const osg::NodePtr &node);
     /// Whether the node still has the transform of the state that was selected last.
     static bool isTransformVariantInState(const osg::NodePtr &node);

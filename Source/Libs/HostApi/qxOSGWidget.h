@@ -15,9 +15,11 @@ public:
     /// the view shows nothing, the size is 0 by 0, and `image` is not changed.
     virtual void captureImage(osg::ImagePtr image, int &width, int &height) = 0;
 
+    ///@{
     /// Whether pictures are made by ray tracing.
     static bool getRaytracing();
     static void setRaytracing(bool on);
+    ///@}
 
     /// Stops the refinement of a still picture, which then stays as it is until a new one is
     /// requested.

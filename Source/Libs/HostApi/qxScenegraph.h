@@ -26,11 +26,13 @@ public:
     /// All nodes of that name, hidden ones and those below unchosen switch children included.
     static std::vector<qxNodePtr> findNodes(const char *name);
 
+    ///@{
     /// With the find cache on, look-ups of nodes and overlays take constant time. It is a snapshot
     /// of the names: do not rename, add or remove nodes until it is cleared.
     static bool hasFindCache();
     static void initFindCache();
     static void clearFindCache();
+    ///@}
 
     /// Makes the given nodes and all their ancestors visible (traversal mask 0xFFFFFFFF).
     static void showNodes(const std::vector<qxNodePtr> &nodes);

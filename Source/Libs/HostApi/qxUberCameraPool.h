@@ -19,16 +19,19 @@ struct qxUberCamera {
 /// The viewpoints of the scene. An id is the position in the pool.
 class qxUberCameraPool {
 public:
+    /// The one of the process; never null.
     static qxUberCameraPool *the();
 
     /// The id of the first viewpoint of exactly that name, -1 when there is none.
     int findViewpoint(const std::string &name) const;
     /// The viewpoint with that id, or null. Valid until the pool changes.
     const qxUberCamera *get(int id) const;
+    /// How many viewpoints there are; ids are below it.
     int count() const { return int(m_cameras.size()); }
 
-    /// Appends a viewpoint and returns its id.
+    /// Appends a viewpoint and returns its id. Names need not be unique: the first one is found.
     int add(const qxUberCamera &camera);
+    /// Forgets all viewpoints: the host's, when the scene is cleared.
     void clear();
 
 private:

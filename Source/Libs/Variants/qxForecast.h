@@ -11,6 +11,7 @@
 /// for each object: while this lives, the scene must not change.
 class qxStateSurvey : public qxEffectTarget {
 public:
+    /// In the order in which they would happen.
     typedef std::vector<qxEffect> Effects;
 
     /// One effect at least; valid until the next question. Nothing recurses.
@@ -19,11 +20,13 @@ public:
     /// steps are nothing but names.
     bool isNamed(const qxStateRule &rule, const qxSceneObject &object, const QString &state);
 
+    /// As the base class has it, but in the same time however many there are to choose from.
     int placeOf(const qxSceneObject &object, qxAspect aspect, const std::string &name) override;
+    /// Keeps the effect for the answer.
     void take(const qxEffect &effect) override;
 
 protected:
-    Effects m_effects;
+    Effects m_effects; ///< the answer so far
 
 private:
     typedef std::unordered_map<std::string, int> Places;
@@ -43,6 +46,7 @@ class qxForecast : public qxStateSurvey {
 public:
     /// Names one aspect of one thing in the scene. Clones share their core, and so its choice.
     typedef quint64 Key;
+    /// The same for all objects that share what the aspect belongs to.
     static Key keyOf(const qxSceneObject &object, qxAspect aspect);
 
     /// Foresees the state in one more object of the request.
@@ -53,6 +57,7 @@ public:
 
     /// After all that was foreseen.
     osg::Int64 value(const qxSceneObject &object, qxAspect aspect) const override;
+    /// Remembers what the effect leaves behind.
     void take(const qxEffect &effect) override;
 
 private:

@@ -12,6 +12,7 @@ class NodePtr;
 /// Switches all lights with one name.
 class qxLightVariant : public qxVariant {
 public:
+    /// The names under which the registry and the variants of this kind announce what happens.
     static const qxVariantNotifications notifications;
 
     QString lightName; ///< the light nodes are looked up by this name on every call

@@ -9,6 +9,7 @@ struct qxVariantNotifications;
 /// Chooses which material of all switch materials with one name is in use.
 class qxMaterialVariant : public qxVariant {
 public:
+    /// The names under which the registry and the variants of this kind announce what happens.
     static const qxVariantNotifications notifications;
 
     QString switchMaterialName; ///< the switch materials are looked up by this name on every call
@@ -41,7 +42,10 @@ public:
     /// is left.
     void updateVariants();
 
-    /// Sets the traversal mask of every node that uses the switch material, and of no other node.
+    ///@{
+    /// Sets or clears the traversal mask of every node that uses the switch material, and of no
+    /// other node.
     void showGeometry();
     void hideGeometry();
+    ///@}
 };

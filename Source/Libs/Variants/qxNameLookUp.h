@@ -15,7 +15,7 @@
 /// Places are counted in the order of appending. A place that was left empty is not used again.
 class qxNameLookUp {
 public:
-    static constexpr int None = -1;
+    static constexpr int None = -1; ///< no place
 
     /// The place of the object of that name, None when there is none. An empty name is found like
     /// any other. Of several objects it is the first, but for this: in a long list, one that took
@@ -29,6 +29,7 @@ public:
     /// Leaves the place empty; at the end places go. The name is not touched: the object may be
     /// gone already.
     void remove(int place);
+    /// Forgets all objects; places are counted from 0 again.
     void clear();
     /// To be called by those who let an object take the name of another: all look-ups notice then.
     static void noteRename() { ++s_renames; }
@@ -72,16 +73,22 @@ private:
 /// meanwhile is seen by the listener; here it is seen by hits at once, by misses afterwards.
 class qxUnchangedNames {
 public:
+    ///@{
+    /// From construction to destruction; one within another is fine.
     qxUnchangedNames();
     ~qxUnchangedNames() { s_current = m_before; }
+    ///@}
     qxUnchangedNames(const qxUnchangedNames &) = delete;
     qxUnchangedNames &operator=(const qxUnchangedNames &) = delete;
 
     /// While one lives, the code of others runs, and nothing is believed.
     class Pause {
     public:
+        ///@{
+        /// From construction to destruction.
         Pause() : m_before(s_current) { s_current = 0; }
         ~Pause() { s_current = m_before; }
+        ///@}
         Pause(const Pause &) = delete;
         Pause &operator=(const Pause &) = delete;
 

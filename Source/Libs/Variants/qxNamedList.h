@@ -23,19 +23,26 @@ public:
     /// out, and what is appended comes last. See Walk.
     class const_iterator {
     public:
+        ///@{
+        /// As the standard asks for it; the objects themselves are the values.
         typedef std::forward_iterator_tag iterator_category;
         typedef T *value_type;
         typedef std::ptrdiff_t difference_type;
         typedef T *const *pointer;
         typedef T *reference;
+        ///@}
 
         const_iterator() = default;
+        /// At the first taken place from `place` on, or at the end.
         const_iterator(const qxNamedList *list, std::size_t place) : m_list(list), m_place(place)
         {
             skipEmpty();
         }
 
+        /// The object here; null when it was taken out meanwhile.
         T *operator*() const { return m_list->at(m_place); }
+        ///@{
+        /// To the next object, or to the end.
         const_iterator &operator++()
         {
             ++m_place;
@@ -43,11 +50,15 @@ public:
             return *this;
         }
         const_iterator operator++(int) { return std::exchange(*this, std::next(*this)); }
+        ///@}
+        ///@{
+        /// Whether they are at the same place; all places behind the last object are the end.
         bool operator==(const const_iterator &other) const
         {
             return m_place == other.m_place || (isAtEnd() && other.isAtEnd());
         }
         bool operator!=(const const_iterator &other) const { return !(*this == other); }
+        ///@}
 
     private:
         bool isAtEnd() const { return m_place >= m_list->places(); }
@@ -61,10 +72,14 @@ public:
         std::size_t m_place = 0;
     };
 
+    /// Held by whoever goes over the list while others may change it.
     class Walk {
     public:
+        ///@{
+        /// Keeps every object of the list at its place, from construction to destruction.
         explicit Walk(const qxNamedList &list) : m_list(list) { ++m_list.m_walks; }
         ~Walk() { --m_list.m_walks; }
+        ///@}
         Walk(const Walk &) = delete;
         Walk &operator=(const Walk &) = delete;
 
@@ -76,14 +91,24 @@ public:
     qxNamedList(const qxNamedList &) = delete;
     qxNamedList &operator=(const qxNamedList &) = delete;
 
+    ///@{
+    /// From the first object to the last.
     const_iterator begin() const { return const_iterator(this, m_emptyInFront); }
     const_iterator end() const { return const_iterator(this, std::size_t(-1)); }
+    ///@}
+    ///@{
+    /// The objects, empty places not counted.
     std::size_t size() const { return std::size_t(m_index.count()); }
     bool empty() const { return size() == 0; }
-    /// Takes long in a list that objects were taken out of, until it grows again.
+    ///@}
+    /// The object of that number, counted from 0, which must exist. Takes long in a list that
+    /// objects were taken out of, until it grows again.
     T *operator[](std::size_t index) const;
+    ///@{
+    /// The first and the last object; there must be one.
     T *front() const { return *begin(); }
     T *back() const { return m_places.back(); } // no place there is empty
+    ///@}
 
     /// All places, empty ones included.
     std::size_t places() const { return m_places.size(); }
@@ -92,7 +117,8 @@ public:
 
     /// The first object of that name in list order; null for none and for an empty name.
     T *find(const QString &name) const;
-    /// Whether the object is in the list. It must not be deleted, see qxDeferredDeletion.
+    /// Whether the object is in the list. It must not be deleted, which what leaves the registry is
+    /// not before the outermost operation of the module ends.
     bool contains(const T *object) const;
     /// Appends an object that is in no list.
     void append(T *object);

@@ -13,6 +13,7 @@ class NodePtr;
 /// transform switches, the traversal mask of other nodes.
 class qxNodeVariant : public qxVariant {
 public:
+    /// The names under which the registry and the variants of this kind announce what happens.
     static const qxVariantNotifications notifications;
 
     QString nodeName; ///< the nodes are looked up by this name on every call
@@ -27,6 +28,8 @@ public:
     void onSelect(const QString &state) override;
     /// The state of the first node of the name; empty when there is none.
     QString onCurrent() const override;
+    /// Of the first node of the name, with its place if it is a transform switch; nothing when
+    /// there is none.
     qxShownState shown() const override;
 
     /// Builds the options anew from the first node of the name. Shortcuts of options that survive
@@ -41,8 +44,11 @@ public:
     /// With qxVariants::_recurse set: makes everything below the node visible, and its ancestors up
     /// to the first visible one.
     void recurseEnable(osg::NodePtr node);
+    ///@{
+    /// What showGeometry and hideGeometry do to one node; nothing for a null one.
     void pushEnable(osg::NodePtr node);
     void pushDisable(osg::NodePtr node);
+    ///@}
 
     /// Adds to `message` what is visible of the node and announces it; nothing for a null node.
     void callVariantsNodesChanged(const osg::NodePtr &node, qxMessage &message);

@@ -13,6 +13,7 @@ class NodePtr;
 /// apply the state.
 class qxOverlayVariant : public qxVariant {
 public:
+    /// The names under which the registry and the variants of this kind announce what happens.
     static const qxVariantNotifications notifications;
 
     QString overlayName; ///< the overlays are looked up by this name on every call

@@ -13,8 +13,11 @@
 
 /// Something of the scene that variants drive, or would if it were of the right sort.
 struct qxSceneObject {
+    ///@{
+    /// A node or a material, which must live as long as this.
     explicit qxSceneObject(const osg::NodePtr &node);
     explicit qxSceneObject(const osg::MaterialPtr &material);
+    ///@}
 
     osg::NodePtr node; ///< null for a material
     osg::MaterialPtr material; ///< null for a node
@@ -33,30 +36,30 @@ enum class qxAspect {
 enum class qxReason {
     Named, ///< the state says where the object ends
     Numbered, ///< so does the number of a transform state
-    Toggled,
-    Stepped,
+    Toggled, ///< by "!Toggle"
+    Stepped, ///< by "!Next" and its like
     Recursion, ///< shown along with another node
     FirstTransform, ///< a transform switch goes to its first state for any text it does not know
     BeyondTransforms, ///< a transform switch takes a number that it has no state for
 
     // Nothing happens.
-    NoSwitch,
-    NoSuchChild,
-    NoSwitchMaterial,
-    EmptySwitchMaterial,
-    NoSuchMaterial,
-    NoLight,
-    NoLightState,
-    NoTransforms,
-    NoSuchTransform
+    NoSwitch, ///< a node that can only be shown and hidden
+    NoSuchChild, ///< the switch has no child of that name
+    NoSwitchMaterial, ///< a material of another sort
+    EmptySwitchMaterial, ///< a switch material without materials
+    NoSuchMaterial, ///< the switch material has none of that name
+    NoLight, ///< a node that is no light
+    NoLightState, ///< lights can only be switched on and off
+    NoTransforms, ///< a node without named transform states
+    NoSuchTransform ///< the node has no transform state of that name
 };
 
 /// What a state does to one aspect of an object, or why it does nothing to it.
 struct qxEffect {
-    qxSceneObject object;
-    qxAspect aspect;
+    qxSceneObject object; ///< whose aspect it is
+    qxAspect aspect; ///< what changes
     osg::Int64 value; ///< afterwards; without meaning when nothing happens
-    qxReason reason;
+    qxReason reason; ///< why it does, or why nothing happens
     /// The object shares its core with one that took the state: nothing is left to do.
     bool isDone = false;
 
@@ -70,9 +73,10 @@ struct qxEffect {
 
 /// A state on its way to the objects of one name.
 struct qxStateRequest {
+    /// The state, an option's name or an action, as it is given to a variant.
     explicit qxStateRequest(const QString &state);
 
-    const QString state;
+    const QString state; ///< as it was given
     const std::string name; ///< the state in UTF-8
     std::optional<qxStep> step; ///< none: the state is a name, whatever it looks like
     bool recurses = false; ///< showing a node shows what is below and above it as well
@@ -90,18 +94,20 @@ class qxEffectTarget {
 public:
     virtual ~qxEffectTarget();
 
+    /// What the aspect of the object is now; see qxAspect for the numbers.
     virtual osg::Int64 value(const qxSceneObject &object, qxAspect aspect) const;
     /// The first place of that name (UTF-8) to choose, -1 for none.
     virtual int placeOf(const qxSceneObject &object, qxAspect aspect, const std::string &name);
 
+    /// Receives an effect, also one that says why nothing happens.
     virtual void take(const qxEffect &effect) = 0;
     /// All effects of one change of the object were taken; for those who tell others of it.
     virtual void finish(const qxSceneObject &object);
 };
 
-/// What the variants of one kind make of states.
+/// What the variants of one kind make of states. There is one for each kind; nobody makes others.
 struct qxStateRule {
-    typedef std::function<void(const qxSceneObject &object)> Visit;
+    typedef std::function<void(const qxSceneObject &object)> Visit; ///< gets one after the other
 
     /// Goes over whatever bears the name (UTF-8) among what the kind looks at, in scene order.
     void (*visit)(const std::string &name, const Visit &visit);
@@ -116,11 +122,14 @@ struct qxStateRule {
 /// The one place that knows what states do.
 namespace qxStateRules {
 
+///@{
+/// The rules of the kinds of variants.
 extern const qxStateRule node;
 extern const qxStateRule material;
 extern const qxStateRule light;
 extern const qxStateRule overlay;
 extern const qxStateRule transform;
+///@}
 
 /// Shows the node with all below it, and what is above it up to the first that is shown.
 void recurse(const osg::NodePtr &node, qxEffectTarget &target);

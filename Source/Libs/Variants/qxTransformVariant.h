@@ -7,6 +7,7 @@ struct qxVariantNotifications;
 /// Chooses one of the named transform states that the host keeps on all nodes with one name.
 class qxTransformVariant : public qxVariant {
 public:
+    /// The names under which the registry and the variants of this kind announce what happens.
     static const qxVariantNotifications notifications;
 
     QString nodeName; ///< the nodes are looked up by this name on every call

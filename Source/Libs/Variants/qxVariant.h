@@ -17,12 +17,13 @@ extern const QString variantNone; ///< "!None"
 
 /// One state that a variant can be put in.
 struct qxVariantOption {
-    QString name;
+    QString name; ///< the state; an action's begins with "!"
     QString shortcut; ///< key sequence in the host's native text format; empty for none
     int key = 0; ///< key code of the shortcut's first combination, without modifiers
-    Qt::KeyboardModifiers modifiers; ///< modifiers of that combination
+    Qt::KeyboardModifiers modifiers; ///< of that combination
     bool isAction = false; ///< an action such as "!Next" rather than a state
 
+    /// An option with key and modifiers read from the shortcut, which may be empty.
     static qxVariantOption make(bool action, const QString &name, const QString &shortcut);
     /// Recomputes `key` and `modifiers`; to be called after `shortcut` was changed in place.
     void updateShortcut();
@@ -47,19 +48,26 @@ struct qxShownState {
 /// Names are compared exactly. Kinds keep the name of their scene object and look it up each time.
 class qxVariant {
 public:
+    /// To be unique among the variants of the kind: the first one is found. Whoever renames one
+    /// calls qxNameLookUp::noteRename; references to the old name stay.
     QString name;
-    QString defaultState;
+    QString defaultState; ///< an option's name or an action; may be empty, or no option
     std::vector<qxVariantOption> options; ///< in the order in which they were added
 
     virtual ~qxVariant();
-    /// Makes `state`, an option's name or an action, current in the scene.
+    /// Makes `state`, an option's name or an action, current in the scene, and announces what
+    /// changed. The options do not matter: what counts is what the scene has now. This one does
+    /// nothing.
     virtual void onSelect(const QString &state);
     /// The state that the scene shows now; empty when it shows none.
     virtual QString onCurrent() const;
+    /// The same as people see it, with what hides the part as a whole.
     virtual qxShownState shown() const;
 
-    /// Appends an option that is not an action. A name that is there already keeps its option.
+    /// Appends an option that is not an action. A name that is there already keeps its option. The
+    /// time grows with the number of options. Announces nothing.
     void add(const QString &optionName, const QString &shortcut);
+    /// The same for an option that is an action if `action` says so.
     void add(bool action, const QString &optionName, const QString &shortcut);
     /// Removes the first option of that name, if any.
     void remove(const QString &optionName);
@@ -70,7 +78,11 @@ public:
     bool isAction(const QString &optionName);
 
 protected:
+    ///@{
+    /// For the classes of the kinds. A copy drives the same part of the scene and is not
+    /// registered.
     qxVariant() = default;
     qxVariant(const qxVariant &) = default;
     qxVariant &operator=(const qxVariant &) = default;
+    ///@}
 };

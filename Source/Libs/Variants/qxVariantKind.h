@@ -25,20 +25,21 @@ struct qxVariantNotifications {
 /// A kind of variants: what it differs in from the others, so that the rest is written once for
 /// all of them. The registry holds its variants in order of creation.
 struct qxVariantKind {
-    typedef std::function<void(qxVariant &variant)> Visit;
+    typedef std::function<void(qxVariant &variant)> Visit; ///< gets one after the other
 
     QLatin1String word; ///< for users of commands and reports, such as "node"
     const char *title; ///< for people, in English; a text of the context "qxVariants"
     QLatin1String tag; ///< of the document's element for a variant
     QLatin1String referenceTag; ///< of the element of a set that refers to a variant
-    const qxVariantNotifications &notifications;
+    const qxVariantNotifications &notifications; ///< what is announced of its variants
     qxStateList qxVariantReferences::*states; ///< those of a set to variants of the kind
     QString qxVariant::*sceneName; ///< the name of the scene object; for variants of the kind alone
     const qxStateRule &rule; ///< what the variants make of states
     const std::type_info &type; ///< of its variants
 
+    /// Goes over the variants of the kind in order of creation. `each` must not add or remove any.
     void (*visit)(const Visit &each);
-    std::size_t (*count)();
+    std::size_t (*count)(); ///< how many variants of the kind there are
     /// The first variant of that name; null for none and for an empty name.
     qxVariant *(*find)(const QString &name);
     /// The variant of that name, see qxVariants::createNodeVariant and its like.

@@ -22,20 +22,25 @@ public:
     /// declares entities or is nested deeper than any document of ours.
     void read(const char *xml);
 
-    /// Reads one group with its sets in place of a group of the same name.
+    /// Reads one group with its sets in place of a group of the same name. Null for an element
+    /// without a name, and when a listener removed the group. What is replaced is announced as
+    /// removed; what is read is not announced.
     static qxVariantGroup *readVariantGroup(QDomElement &element);
     /// Reads one set. With `replace` it takes the place of a set of the same name, else it gets a
-    /// name of its own. Null for an element without a name.
+    /// name of its own. Null for an element without a name. Only what is replaced is announced.
     static qxVariantSet *readVariantSet(QDomElement &element, bool replace);
 
+    ///@{
     /// Reads one variant. An existing one of that name gets the options of the element instead of
-    /// its own and stays where it is in memory. Null for an element without a name.
+    /// its own and stays where it is in memory. Null for an element without a name. A material
+    /// variant gets the switch material that it drives, if the scene does not have it. Nothing but
+    /// that is announced, on the module bus.
     static qxNodeVariant *readNodeVariant(QDomElement &element);
-    /// The same, and makes sure that the scene has the switch material that the variant drives.
     static qxMaterialVariant *readMaterialVariant(QDomElement &element);
     static qxLightVariant *readLightVariant(QDomElement &element);
     static qxOverlayVariant *readOverlayVariant(QDomElement &element);
     static qxTransformVariant *readTransformVariant(QDomElement &element);
+    ///@}
     /// Reads a node, material or light variant after the element's tag; null for any other element.
     static qxVariant *readVariant(QDomElement &element);
 

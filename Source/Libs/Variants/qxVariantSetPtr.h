@@ -16,33 +16,47 @@ class qxVariantSet;
 /// null handle setters do nothing and getters return nothing. No operation reports an error.
 class qxVariantSetPtr {
 public:
+    ///@{
+    /// A handle on the set; null by default.
     qxVariantSetPtr();
     qxVariantSetPtr(qxVariantSet *set);
+    ///@}
 
+    ///@{
     /// Assigns the name as it is: no check whether it is taken, no announcement, and references to
     /// the old name stay.
     void setName(const char *name);
     std::string getName() const;
+    ///@}
 
+    /// The hotkey as key-sequence text, in the native format or in the old one; empty for none.
     void setHotkeyString(const char *key);
+    ///@{
     /// The hotkey of a digit or a capital letter by its key code, in the old form: "Shift-Ctrl F".
     /// Any other key leaves the hotkey as it is. `modifier` is made of Qt's bits for Shift, Control
     /// and Alt; a blank stands for none of them and for all three.
     void setHotkey(int key);
     void setHotkey(int key, int modifier);
+    ///@}
+    /// The hotkey's text as it was given.
     std::string getHotkey() const;
 
+    ///@{
     /// Refers to the variant of that switch node, switch material or light. A missing variant is
     /// created and announced; an empty state stands for the variant's default state. Null objects
     /// are ignored.
     void addGeometry(qxNodePtr node, const char *state);
     void addMaterial(qxMaterialPtr material, const char *state);
     void addLight(qxNodePtr node, const char *state);
+    ///@}
+    /// Adds the viewpoint of that name, unless it is there; it need not exist.
     void addViewpoint(const char *name);
 
-    /// Replaces the script.
+    ///@{
+    /// The script; a new one replaces the old one, and does not run.
     void addScript(const char *script);
     std::string getScript() const;
+    ///@}
 
     /// See qxAnalyzerVariant::ClipState.
     void setClippingState(int state);

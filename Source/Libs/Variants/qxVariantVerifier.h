@@ -39,11 +39,13 @@ public:
     /// Every material variant has its switch material with materials of the names of its states.
     void verifyMaterialVariants();
 
+    ///@{
     /// Writes one line; `a`, `b` and `c` are the texts of context and may be empty.
     void writeError(const QString &type, const QString &a, const QString &b, const QString &c,
                     const char *message);
     void writeInfo(const QString &type, const QString &a, const QString &b, const QString &c,
                    const char *message);
+    ///@}
     /// How many error lines were written so far.
     int errorCount() const { return m_errors; }
 

@@ -24,7 +24,9 @@ public:
     /// The text as a document holds it.
     static QString writable(const QString &text);
 
-    /// Each of these appends one element to `parent`.
+    ///@{
+    /// Each of these appends one element to `parent`, a group's with those of its sets; null is not
+    /// allowed.
     static void writeVariantGroup(QDomDocument &document, QDomElement &parent,
                                   qxVariantGroup *group);
     static void writeVariantSet(QDomDocument &document, QDomElement &parent, qxVariantSet *set);
@@ -38,6 +40,7 @@ public:
                                     qxOverlayVariant *variant);
     static void writeTransformVariant(QDomDocument &document, QDomElement &parent,
                                       qxTransformVariant *variant);
+    ///@}
 
 private:
     QDomDocument m_document; ///< the document that was written last

@@ -21,20 +21,27 @@ class qxMessage;
 /// already is never announced again. All operations run on the user-interface thread.
 class qxVariants : public qxVariantLists {
 public:
+    ///@{
+    /// For `_the` alone: listens to the host's "clearAllVariants" as long as it lives.
     qxVariants();
     qxVariants(const qxVariants &) = delete;
     qxVariants &operator=(const qxVariants &) = delete;
     virtual ~qxVariants();
+    ///@}
 
+    ///@{
     /// The variant named like the scene object: the existing one or a new one built from the
-    /// object. Null for an object without a name, and for a node without transform states in the
-    /// last case.
+    /// object. Null for an object without a name, for a node without transform states in the last
+    /// case, and when a listener removed the new variant. A material that is no switch material is
+    /// wrapped into one, see qxMaterialVariant.
     static qxNodeVariant *createNodeVariant(osg::NodePtr node, bool notify);
     static qxMaterialVariant *createMaterialVariant(osg::MaterialPtr material, bool notify);
     static qxLightVariant *createLightVariant(osg::NodePtr node, bool notify);
     static qxOverlayVariant *createOverlayVariant(osg::NodePtr node, bool notify);
     static qxTransformVariant *createTransformVariant(osg::NodePtr node, bool notify);
+    ///@}
 
+    ///@{
     /// The variant of that name: the existing one or a new one without options and scene object,
     /// which the caller fills. An overlay variant takes the name for its overlay, too.
     static qxNodeVariant *createNodeVariant(const QString &name, bool notify);
@@ -42,61 +49,83 @@ public:
     static qxLightVariant *createLightVariant(const QString &name, bool notify);
     static qxOverlayVariant *createOverlayVariant(const QString &name, bool notify);
     static qxTransformVariant *createTransformVariant(const QString &name, bool notify);
+    ///@}
 
+    ///@{
+    /// The first variant of that name, or null. Valid until it is removed; if that happens while an
+    /// operation of the module runs, until the outermost one ends.
     static qxNodeVariant *findNodeVariant(const QString &name);
     static qxMaterialVariant *findMaterialVariant(const QString &name);
     static qxLightVariant *findLightVariant(const QString &name);
     static qxOverlayVariant *findOverlayVariant(const QString &name);
     static qxTransformVariant *findTransformVariant(const QString &name);
+    ///@}
 
+    ///@{
     /// Deletes the first variant of that name. The removal is announced, and true is returned, also
-    /// when there is none.
+    /// when there is none. Sets keep their references to it.
     static bool removeNodeVariant(const QString &name);
     static bool removeMaterialVariant(const QString &name);
     static bool removeLightVariant(const QString &name);
     static bool removeOverlayVariant(const QString &name);
     static bool removeTransformVariant(const QString &name);
+    ///@}
 
+    ///@{
     /// Deletes all variants of the kind and announces the change once.
     static void clearNodeVariants();
     static void clearMaterialVariants();
     static void clearLightVariants();
     static void clearOverlayVariants();
     static void clearTransformVariants();
+    ///@}
 
     /// A new set, added to `group` unless that is null. A name that is taken is refused with a
-    /// warning and null.
+    /// warning and null; null as well when a listener removed the set.
     static qxVariantSet *createVariantSet(const QString &name, bool notify, qxVariantGroup *group);
+    /// The first set of that name, or null. Valid as a variant is.
     static qxVariantSet *findVariantSet(const QString &name) { return _variantSets.find(name); }
     /// Deletes the set and announces it; an unknown name is silent. False only for an empty name.
     static bool removeVariantSet(const QString &name);
+    /// Deletes all sets and announces the change once.
     static void clearVariantSets();
-    /// Deletes the sets that hold nothing, see qxVariantSet::isEmpty.
+    ///@{
+    /// Deletes the sets that hold nothing, see qxVariantSet::isEmpty, and announces each; whether
+    /// there is one.
     static void clearEmptyVariantSets();
     static bool hasEmptyVariantSets();
-    /// Strips references that can no longer work from all sets.
+    ///@}
+    /// Strips references that can no longer work from all sets, see qxVariantSet::optimize.
     static void optimizeVariantSets();
 
-    /// A new group. A name that is taken is refused with a warning and null.
+    /// A new group. A name that is taken is refused with a warning and null; null as well when a
+    /// listener removed the group.
     static qxVariantGroup *createVariantGroup(const QString &name, bool notify, bool visible);
+    /// The first group of that name, or null. Valid as a variant is.
     static qxVariantGroup *findVariantGroup(const QString &name)
     {
         return _variantGroups.find(name);
     }
     /// The group of that name; a new one when there is none. A new "Render Queue" is hidden and not
-    /// announced.
+    /// announced. Null for an empty name.
     static qxVariantGroup *findOrCreateVariantGroup(const QString &name);
     /// As removeVariantSet. The sets of the group stay, without a group.
     static bool removeVariantGroup(const QString &name);
+    /// Deletes all groups and announces the change once; the sets stay.
     static void clearVariantGroups();
+    ///@{
+    /// Deletes the groups without sets and announces each; whether there is one.
     static void clearEmptyGroups();
     static bool hasEmptyGroups();
+    ///@}
 
+    ///@{
     /// `base`, or the host's variation of it that no set (no group) has.
     static QString getUniqueVariantSetName(QString base);
     static QString getUniqueVariantGroupName(QString base);
+    ///@}
 
-    /// Asks the user interface to highlight the variants of that set.
+    /// Asks the user interface to highlight the variants of that set; nothing for an unknown one.
     static void showConnectedVariants(QString setName);
     /// Applies the set of that name (UTF-8) after showing its target nodes. `flag` keeps the camera
     /// where it is. An unknown name is ignored.
@@ -143,6 +172,7 @@ public:
     /// Records in the set's script whether the group's material is ignored.
     static void addMaterialGroupIgnoreToVSet(osg::NodePtr node, osg::MaterialGroupPtr group,
                                              qxVariantSet *set);
+    ///@{
     /// Add what the material shows, and what that shows in turn when it is a switch material, too.
     static void captureMaterialVariantFromSwitchMaterial(qxVariantSet *set,
                                                          osg::SwitchMaterialPtr &material,
@@ -150,6 +180,7 @@ public:
     static void captureMaterialVariantFromMultiPassMaterial(qxVariantSet *set,
                                                             osg::MultiPassMaterialPtr &material,
                                                             bool notify);
+    ///@}
     /// Makes the dialog the one that is shown while a capture runs, and shows it.
     static void initVSetProgressDialog(QProgressDialog *dialog);
     /// Selects the set of that name (UTF-8) after reconciling the scene's materials with all sets.
@@ -183,7 +214,8 @@ public:
     /// Splits key-sequence text in the native format into the key code and the modifiers of its
     /// first combination; both are 0 for a text that names no key.
     static void mapHotkey(const QString &text, int &key, Qt::KeyboardModifiers &modifiers);
-    /// Forgets everything: the host's "clearAllVariants".
+    /// Forgets everything, and announces the change of each kind, of sets and of groups: the host's
+    /// "clearAllVariants". The message does not matter.
     static void clearAll(qxMessage &message);
 
     /// The module object: there from loading to unloading, it listens to the host.

@@ -9,6 +9,7 @@ class qxPanelChanges : public QObject {
     Q_OBJECT
 
 public:
+    /// The one of the process. To announce a change, emit one of its signals.
     static qxPanelChanges &the();
 
 signals:

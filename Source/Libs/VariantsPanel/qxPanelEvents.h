@@ -15,8 +15,11 @@ class qxPanelEvents : public QObject {
     Q_OBJECT
 
 public:
+    ///@{
+    /// Listens to module and panel as long as it lives.
     explicit qxPanelEvents(QObject *parent = nullptr);
     ~qxPanelEvents() override;
+    ///@}
 
     /// Sends the collected signals now.
     void flush();

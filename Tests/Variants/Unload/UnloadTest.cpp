@@ -34,7 +34,7 @@ protected:
 TEST_F(UnloadTest, TheModuleListensFromLoadingToUnloading)
 {
     EXPECT_EQ(clearAll(), 0u);
-    for (int round = 0; round < 2; ++round) {
+    for (int round = 0; round < 100; ++round) {
         whileLoaded([this] { EXPECT_EQ(clearAll(), 7u); });
         EXPECT_EQ(clearAll(), 0u);
         EXPECT_FALSE(dlopen(library, RTLD_NOW | RTLD_NOLOAD));

@@ -16,11 +16,11 @@ struct Registration {
     qxController::Listener listener;
 };
 
-/// A library that registers a callback while it is loaded finds the list ready, and the list
-/// outlives that library.
+/// A library that registers a callback while it is loaded finds the list ready. It is never
+/// destroyed: a library that names no host may end after the host's.
 qxCallList<Registration> &registrations()
 {
-    static qxCallList<Registration> registrations;
+    static qxCallList<Registration> &registrations = *new qxCallList<Registration>;
     return registrations;
 }
 

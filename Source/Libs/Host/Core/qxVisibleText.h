@@ -3,10 +3,10 @@
 #include <QString>
 
 /// Makes texts of files safe for a terminal: control characters and those that end lines or change
-/// the direction of writing become escapes such as \x1b or \u202e.
+/// the direction of writing become escapes such as `\x1b` or `\u202e`.
 namespace qxVisibleText {
 
-/// One line: its line breaks and tabs become \n and \t.
+/// One line: its line breaks and tabs become `\n` and `\t`.
 QString line(const QString &text);
 /// Several lines: line breaks and tabs stay as they are.
 QString lines(const QString &text);

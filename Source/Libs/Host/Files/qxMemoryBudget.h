@@ -8,17 +8,21 @@
 /// amount. Memory is taken from the budget before it is allocated.
 class qxMemoryBudget {
 public:
+    /// A budget of so many bytes; without a limit by default.
     explicit qxMemoryBudget(qint64 limit = std::numeric_limits<qint64>::max()) : m_left(limit) {}
 
+    ///@{
     /// For all files that are opened from now on, in bytes; two gigabytes at first.
     static void setLimit(qint64 bytes);
     static qint64 limit();
-    /// An amount for people, such as "2 GB". One that was written so, in MB or GB; 0 when it cannot
-    /// be understood.
+    ///@}
+    /// An amount of bytes for people, such as "2 GB".
     static QString text(double bytes);
+    /// The bytes of an amount that was written so, in MB or GB; 0 when it cannot be understood.
     static qint64 fromText(const QString &text);
 
-    /// Takes `count` times `size` bytes. Throws qxGltfError if fewer are left.
+    /// Takes `count` times `size` bytes. If fewer are left it throws the exception of the readers
+    /// of scene files, which qxSceneFile turns into its error.
     void take(qint64 count, qint64 size);
     /// The same; the message begins with what they are for.
     void take(const QString &owner, qint64 count, qint64 size);

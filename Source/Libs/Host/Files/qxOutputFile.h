@@ -18,6 +18,7 @@ public:
     /// Who may read the file: everybody, as far as its mode or the umask allows, or only its owner.
     enum Readers { Everybody, OwnerAlone };
 
+    /// A file to write at that path. Nothing is touched before prepare.
     explicit qxOutputFile(const QString &path, Readers readers = Everybody);
     qxOutputFile(const qxOutputFile &) = delete;
 
@@ -27,6 +28,7 @@ public:
     /// Replaces the file at the path by the content; waits for the reader of a pipe.
     bool commit();
 
+    /// The path as it was given.
     QString path() const { return m_path; }
     /// Why the last step failed.
     QString errorString() const { return m_error; }

@@ -22,7 +22,9 @@ public:
     /// Keeps the file.
     void keep() { m_isKept = true; }
 
+    /// What it is open as, for writing; -1 before create.
     int descriptor() const { return m_descriptor; }
+    /// Its path; empty before create.
     const QByteArray &name() const { return m_name; }
 
     /// Removes the temporary files of killed saves of that target.

@@ -14,16 +14,16 @@
 struct qxSceneFileInfo {
     QString version; ///< of glTF, as the file states it
     QString generator; ///< the program that made the file
-    int scenes = 0;
+    int scenes = 0; ///< all of the file; the host shows one
     int nodes = 0; ///< of all scenes
-    int meshes = 0;
+    int meshes = 0; ///< each counted once, however many nodes show it
     long long triangles = 0; ///< of all meshes, each counted once
-    int materials = 0;
-    int textures = 0;
-    int cameras = 0;
-    int animations = 0;
-    QStringList extensionsUsed;
-    QStringList extensionsRequired;
+    int materials = 0; ///< as the file lists them
+    int textures = 0; ///< as the file lists them
+    int cameras = 0; ///< as the file lists them
+    int animations = 0; ///< as the file lists them
+    QStringList extensionsUsed; ///< as the file states them
+    QStringList extensionsRequired; ///< those without which it cannot be read
     QStringList extensionsNotUnderstood; ///< used by the file, kept, but not shown
     /// Kinds of pictures that are kept, but not shown: how many materials have one.
     QMap<QString, int> hiddenPictures;
@@ -42,6 +42,7 @@ public:
 
     /// What loading goes through.
     enum Step { Reading, Materials, Building, Showing };
+    /// Hears of each step before it is taken; see load.
     typedef std::function<void(Step)> StepListener;
 
     /// Reads the scene of `path` into the host: below the root of the scene, and into the pools of

@@ -23,7 +23,7 @@ bool lives(osg::UInt32 id)
     return osg::FieldContainerFactory::the()->getContainer(id) != osg::NullFC;
 }
 
-std::vector<osg::MaterialPtr> qxMaterialParts::of(const osg::MaterialPoolPtr &pool)
+std::vector<osg::MaterialPtr> contentsOf(const osg::MaterialPoolPtr &pool)
 {
     std::vector<osg::MaterialPtr> materials;
     if (pool != osg::NullFC)
@@ -204,7 +204,7 @@ void qxMaterialNames::followPool()
             addToPool(m_pool->get(osg::UInt32(i)));
         return;
     }
-    const std::vector<osg::MaterialPtr> now = qxMaterialParts::of(m_pool);
+    const std::vector<osg::MaterialPtr> now = contentsOf(m_pool);
     std::size_t kept = 0;
     for (const Pooled &pooled : m_pooled) {
         if (kept < now.size() && now[kept] == pooled.material) {
@@ -227,7 +227,7 @@ void qxMaterialNames::read()
     m_pooled.clear();
     m_tried.clear();
     m_displaced = m_sharesNames = false;
-    for (const osg::MaterialPtr &material : qxMaterialParts::of(m_pool))
+    for (const osg::MaterialPtr &material : contentsOf(m_pool))
         addToPool(material);
     m_outdated = m_pool == osg::NullFC;
     m_poolEdited = false;

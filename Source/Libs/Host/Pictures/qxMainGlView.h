@@ -13,9 +13,9 @@
 
 /// The main view, with or without a window: a picture of the scene that follows its changes.
 ///
-/// On a request (qxRenderRequests) it shows a quick picture at once. After a pause it refines the
-/// picture step by step in the background, by the settings of ray tracing. There is one main view
-/// at a time, the latest one.
+/// On a request (qxController::updateRender) it shows a quick picture at once. After a pause it
+/// refines the picture step by step in the background, by the settings of ray tracing. There is one
+/// main view at a time, the latest one.
 class qxMainGlView : public qxOSGWidget {
 public:
     /// A view of that size in pixels.
@@ -37,16 +37,18 @@ public:
     /// Whether quick pictures get fewer pixels if this machine is too slow for moving the camera
     /// smoothly. They are refined first.
     void setFluent(bool on) { m_isFluent = on; }
-    /// Is called whenever what it shows has changed.
+    /// Is called whenever what it shows has changed. One at a time; an empty one for none.
     void setListener(const std::function<void()> &listener) { m_listener = listener; }
     /// Receives the share of the refinement that is done, from 0 to 1; 1 is the last call.
     typedef std::function<void(float share)> Progress;
+    /// One listener at a time; an empty one for none.
     void setProgressListener(const Progress &listener) { m_progress = listener; }
 
     /// Whether the picture will become finer.
     bool isRefining() const { return m_isStale || m_job || !m_steps.empty(); }
     /// Refines the picture by one step at once; the view does so itself while events are processed.
     void refine();
+    /// Leaves the picture as it is until a new one is requested.
     void cancelRefining();
     /// Cancels the current step, which starts again when the program is idle.
     void interruptRefining();

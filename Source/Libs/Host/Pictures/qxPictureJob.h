@@ -9,11 +9,13 @@
 /// at the start.
 class qxPictureJob {
 public:
+    /// Reads the scene, then renders in threads of its own. The scene may change afterwards.
     explicit qxPictureJob(const qxPictureSettings &settings);
     qxPictureJob(const qxPictureJob &) = delete;
     /// Waits for the threads, which start no further tiles.
     ~qxPictureJob();
 
+    /// Whether take would not wait.
     bool isDone() const;
     /// How much of the picture is done, from 0 to 1.
     float share() const { return m_share; }

@@ -9,7 +9,9 @@ public:
     /// picture failed. Returns false to cancel the rendering.
     typedef std::function<bool(double share)> Display;
 
-    /// Sets the display; an empty one shows nothing.
+    ///@{
+    /// The display of all renderings; an empty one shows nothing. None at start.
     static void setDisplay(const Display &display);
     static const Display &display();
+    ///@}
 };

@@ -16,10 +16,12 @@ public:
     static int quality();
     /// As qxRenderer::nodeAt.
     static osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);
+    ///@{
     /// The renderer of all these pictures, for a long rendering; pictures made meanwhile get
     /// another one.
     static std::unique_ptr<qxRenderer> takeRenderer();
     static void giveBack(std::unique_ptr<qxRenderer> renderer);
+    ///@}
     /// Who takes it for long is asked by this to give it back at once when another picture needs
     /// it.
     static void setBorrower(const std::function<void()> &giveBack);

@@ -8,18 +8,21 @@
 
 /// What a picture is made with.
 struct qxPictureSettings {
+    /// What `quality` may be besides a number of samples.
     enum Quality { Best = -1, Quick = 0 };
 
-    static constexpr int largest = 16384;
+    static constexpr int largest = 16384; ///< pixels that a side may have
 
     int width = 264; ///< in pixels, from 1 to `largest`
-    int height = 256;
+    int height = 256; ///< as the width
     /// Quick: one sample per pixel in hard light. Above 0: ray tracing with so many samples per
     /// pixel, soft shadows and reflections. Best: ray tracing with as many samples as help.
     int quality = Quick;
+    ///@{
     /// Behind the scene, from the upper to the lower edge; sRGB.
     osg::Color3f backgroundTop = osg::Color3f(0.88f, 0.9f, 0.92f);
     osg::Color3f backgroundBottom = osg::Color3f(0.64f, 0.66f, 0.69f);
+    ///@}
     int threads = 0; ///< 0 for one per processor; the picture is the same with any number
 };
 
@@ -29,10 +32,10 @@ struct qxPicture {
     enum Content {
         Shown, ///< something, if it be fully translucent; also when the scene is hidden on purpose
         Hidden, ///< there is nothing that is shown
-        LookedPast,
+        LookedPast, ///< the scene is outside of the view
         FromBehind, ///< surfaces that have only a front
         CutAway, ///< by the clipping plane or the planes of the camera
-        TooSmall
+        TooSmall ///< the scene falls between the pixels
     };
 
     /// Hears how many of the `total` steps of making one are done, in the thread that renders;
@@ -40,10 +43,11 @@ struct qxPicture {
     /// picture only.
     typedef std::function<bool(int done, int total)> Progress;
 
+    /// Whether there is no picture: it was cancelled or could not be made.
     bool isEmpty() const { return rgba.empty(); }
 
-    int width = 0;
-    int height = 0;
+    int width = 0; ///< in pixels
+    int height = 0; ///< in pixels
     std::vector<std::uint8_t> rgba; ///< four bytes per pixel, opaque, bottom row first, sRGB
-    Content content = Shown;
+    Content content = Shown; ///< what `rgba` shows
 };

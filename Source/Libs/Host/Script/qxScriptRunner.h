@@ -7,12 +7,13 @@
 
 /// A script text that was given to qxScript.
 struct qxScriptText {
+    /// Whose script it is.
     enum Origin {
         User, ///< written by a user, through qxScript::run
         Application ///< composed by the application, through qxScript::executeNUS
     };
     std::string text; ///< UTF-8
-    Origin origin;
+    Origin origin; ///< through which function it came
     bool synchronise; ///< to be sent to connected sessions as well; false for those of a user
     bool isBlocked; ///< not run, because it is not allowed to
 };
@@ -20,6 +21,7 @@ struct qxScriptText {
 /// Runs scripts of a program, and notifies it of all others.
 class qxScriptRunner {
 public:
+    /// Hears of a script before it runs, or that it does not.
     typedef std::function<void(const qxScriptText &script)> Listener;
 
     /// Runs `text`, UTF-8, as a script of the program: always allowed, and not reported to
@@ -32,10 +34,12 @@ public:
     /// Whether Ctrl-C has ended a script that was not inside another one.
     static bool wereInterrupted();
 
+    /// Which scripts of users run: none, all but the distrusted ones, all.
     enum Allowed { Nothing, Trusted, Everything };
     /// Which of the texts that qxScript::run is given are run from now on; the others are blocked.
     /// Trusted at start. Returns what was set before.
     static Allowed setAllowed(Allowed allowed);
+    /// What was set last.
     static Allowed allowed();
     /// Sets the texts, UTF-8, that are not trusted; all others are.
     static void setDistrusted(const std::set<std::string> &texts);
@@ -49,5 +53,6 @@ public:
     /// `listener` receives every text given to qxScript::run and executeNUS before it runs, until
     /// removeListener gets the returned id.
     static int addListener(const Listener &listener);
+    /// Unregisters a listener; an unknown id is ignored.
     static void removeListener(int id);
 };

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Libraries register while they are loaded: the list is there before, and outlives them.
+/// Libraries register while they are loaded, and go after the host's library: never destroyed.
 struct Sessions {
     qxCallList<qxPythonInit::Callback> callbacks;
     bool running = false;
@@ -17,7 +17,7 @@ struct Sessions {
 
 Sessions &sessions()
 {
-    static Sessions sessions;
+    static Sessions &sessions = *new Sessions;
     return sessions;
 }
 

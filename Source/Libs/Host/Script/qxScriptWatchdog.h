@@ -9,7 +9,7 @@
 /// Sees to it that no script keeps the program's thread for good. At most one exists.
 class qxScriptWatchdog {
 public:
-    typedef std::chrono::milliseconds Time;
+    typedef std::chrono::milliseconds Time; ///< how long a script may run
 
     /// A script that has run for `timeout` is interrupted by a call of `onTimeout`, between two of
     /// its steps and on its own thread, and so again and again. When that answers false the script

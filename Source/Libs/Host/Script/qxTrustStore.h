@@ -11,11 +11,13 @@
 /// whatever file it comes, and one that was changed by a letter does not.
 class qxTrustStore {
 public:
+    /// Undecided scripts are asked about.
     enum Decision { Undecided, Trusted, Never };
 
     /// Reads what is remembered. Nothing is when the file is broken: flaw() says why then.
     qxTrustStore();
 
+    /// What was decided about the script, UTF-8, when this was made.
     Decision of(const std::string &script) const;
     /// Why the file cannot be read, for people; empty when it can be, or is not there.
     QString flaw() const { return m_flaw; }

@@ -16,47 +16,65 @@ class qxSetsView : public QStackedWidget {
     Q_OBJECT
 
 public:
+    /// How the sets are shown.
     enum Form { List, Gallery };
 
+    /// Follows the events and edits through `edits`, which must both outlive this.
     qxSetsView(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent = nullptr);
 
+    ///@{
+    /// The form that is shown; the list at start. Another one takes over search and current set.
     Form form() const { return Form(currentIndex()); }
     void setForm(Form form);
+    ///@}
+    /// Shows only what has this text in it; an empty one shows everything.
     void setSearch(const QString &text);
     /// Whether to show hidden groups.
     void setHiddenShown(bool shown);
+    /// Marks hotkeys that the window uses itself; null marks none. It must outlive this.
     void setTakenKeys(const qxTakenKeys *taken);
     /// How many sets the search finds; -1 without a search.
     int foundCount() const;
 
-    /// The selected sets in the order of the view.
+    ///@{
+    /// The names of the selected sets, or groups, in the order of the view.
     QStringList selectedSets() const { return selected(false); }
     QStringList selectedGroups() const { return selected(true); }
-    /// The current set, or group; empty for none.
+    ///@}
+    /// The name of the current set; empty when none is, or when a group is.
     QString currentSet() const;
+    /// The name of the current group, or of that of the current set; empty for none.
     QString currentGroup() const;
+    /// Makes the set current and scrolls to it; nothing for one that is not shown.
     void showSet(const QString &name);
     /// Selects only these sets; the first one becomes current.
     void selectSets(const QStringList &names);
+    /// Makes the group current and scrolls to it; nothing for one that is not shown.
     void showGroup(const QString &name);
     /// Shows the first set that the search finds.
     void showFirst();
+    /// Lets the user edit the name of the current set or group in its place; nothing for none.
     void renameCurrent();
     /// The position of a menu for the current row, in global coordinates.
     QPoint placeOfCurrent() const;
 
 protected:
+    ///@{
+    /// Qt calls these.
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    ///@}
 
 signals:
     /// The user wants to select this set.
     void activated(const QString &set);
     /// Another set or group is current, or its name or group has changed.
     void currentChanged();
+    /// The selected sets or groups are others.
     void selectionChanged();
     /// foundCount may have changed.
     void searched();
+    /// The user wants a menu for what is selected, at that position.
     void menuRequested(const QPoint &globalPosition);
 
 private:

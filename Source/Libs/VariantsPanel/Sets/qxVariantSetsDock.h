@@ -19,21 +19,22 @@ struct qxVariantKind;
 /// The dock "Variant Sets": shows, selects, captures and edits groups and sets.
 ///
 /// It follows the module's notifications and works in any host, because it needs only HostApi. The
-/// hotkeys of sets work in the dock's whole window, except keys that the window uses itself
-/// (qxTakenKeys).
+/// hotkeys of sets work in the dock's whole window, except keys that the window uses itself.
 class qxVariantSetsDock : public QDockWidget {
     Q_OBJECT
 
 public:
+    /// A dock for any main window of Qt, which shows the sets of the registry.
     explicit qxVariantSetsDock(QWidget *parent = nullptr);
 
-    /// The user's edits, for undo.
+    /// The user's edits, for undo; owned by the dock. Cleared when the scene is.
     QUndoStack *undoStack() const;
     /// The actions on sets, for the menu of a window.
     const QList<QAction *> &setActions() const { return m_actions; }
+    /// The list or gallery of the dock.
     qxSetsView *view() const { return m_view; }
 
-    /// Applies a set to the scene.
+    /// Applies a set to the scene in full, after aboutToSelect; an unknown name does nothing.
     void selectSet(const QString &name);
     /// Gives sets these previews, by their names, in one step.
     void setPreviews(const QMap<QString, QByteArray> &previews);
@@ -46,8 +47,11 @@ signals:
     void aboutToSelect();
 
 protected:
+    ///@{
+    /// Qt calls these.
     void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    ///@}
 
 private:
     void buildContents();

@@ -14,6 +14,7 @@ class qxVariantsDock : public QDockWidget {
     Q_OBJECT
 
 public:
+    /// A dock for any main window of Qt, which shows the variants of the registry.
     explicit qxVariantsDock(QWidget *parent = nullptr);
 
 signals:
@@ -21,6 +22,7 @@ signals:
     void aboutToSelect();
 
 protected:
+    /// Qt calls this.
     void changeEvent(QEvent *event) override;
 
 private:
