@@ -5,7 +5,9 @@
 # OPENSG_DEFINITIONS  list of definitions that this OpenSG was built with and that its headers ask
 #                     for, such as OSG_DEBUG;OSG_FIXED_MFIELDSYNC;_OSG_HAVE_CONFIGURED_H_
 
-set(OPENSG_DEFINITIONS "" CACHE STRING "Definitions that the installed OpenSG was built with")
+if(NOT DEFINED OPENSG_DEFINITIONS)
+    set(OPENSG_DEFINITIONS "" CACHE STRING "Definitions that the installed OpenSG was built with")
+endif()
 
 # What was found below another root is worth nothing.
 if(NOT "${OPENSG_ROOT}" STREQUAL "${OPENSG_FOUND_ROOT}")
@@ -22,8 +24,9 @@ foreach(library OSGSystem OSGBase)
         NO_DEFAULT_PATH)
 endforeach()
 
-set(OpenSG_VERSION unknown)
+unset(OpenSG_VERSION)
 if(EXISTS "${OPENSG_INCLUDE_DIR}/OpenSG/OSGConfig.h")
+    set(OpenSG_VERSION unknown)
     set(pattern "^[ \t]*#[ \t]*define[ \t]+OSG_(MAJOR|MINOR|RELEASE)_VERSION[ \t]+([0-9]+).*")
     file(STRINGS ${OPENSG_INCLUDE_DIR}/OpenSG/OSGConfig.h lines REGEX "${pattern}")
     foreach(line IN LISTS lines)
