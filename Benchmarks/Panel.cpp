@@ -116,7 +116,7 @@ static void editSet(benchmark::State &state)
     int turn = 0;
     for (auto _ : state) {
         qxVariants::findVariantSet(QStringLiteral("Set 7"))->comment = QString::number(++turn);
-        emit qxPanelChanges::the().setsEdited();
+        Q_EMIT qxPanelChanges::the().setsEdited();
         handleEvents();
     }
 }

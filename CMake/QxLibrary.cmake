@@ -6,6 +6,30 @@ include(QxInstall)
 function(qx_compile_options target)
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wshadow -Werror -fno-semantic-interposition)
+    # Python has members called like a keyword of Qt.
+    target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS)
+    qx_unity_of_folders(${target})
+endfunction()
+
+# With CMAKE_UNITY_BUILD the sources of one folder are compiled as one, because most of the time goes
+# into headers and templates. A source with options of its own stays alone. Names in unnamed
+# namespaces differ within a folder; presets without it check that each source compiles alone.
+function(qx_unity_of_folders target)
+    if(NOT CMAKE_UNITY_BUILD)
+        return()
+    endif()
+    # What is right in a source that is compiled alone: a local variable called like another source's
+    # constant, a nested class with a member of a type of this source only.
+    target_compile_options(${target} PRIVATE
+        -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)
+    get_target_property(sources ${target} SOURCES)
+    foreach(source IN LISTS sources)
+        cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+        cmake_path(GET source PARENT_PATH folder)
+        string(MAKE_C_IDENTIFIER "${target}/${folder}" group)
+        set_property(SOURCE ${source} PROPERTY UNITY_GROUP ${group})
+    endforeach()
 endfunction()
 
 # All C++ files below the current folder; the build looks again when files come or go.

@@ -33,5 +33,7 @@ endif()
 # Boost.Python asks such an object for its type once more after its destructor; where the sanitizer
 # watches the types of objects, that would be a crash.
 function(qx_python_classes)
-    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -fno-sanitize=vptr)
+    if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=")
+        set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -fno-sanitize=vptr)
+    endif()
 endfunction()

@@ -50,7 +50,7 @@ protected:
     }
     static void announce()
     {
-        emit qxPanelChanges::the().setsEdited();
+        Q_EMIT qxPanelChanges::the().setsEdited();
         settle();
     }
     QTreeView &list() { return *sets.findChild<QTreeView *>(); }

@@ -16,7 +16,7 @@ protected:
     {
         auto &field = *sets.findChild<QKeySequenceEdit *>();
         field.setKeySequence(key);
-        emit field.editingFinished();
+        Q_EMIT field.editingFinished();
         settle();
     }
 

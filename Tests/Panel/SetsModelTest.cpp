@@ -19,7 +19,7 @@ protected:
         qxVariants::createVariantGroup("Hidden", false, false);
         addGroup("Extra", {});
         qxVariants::createVariantSet("Bare", false, nullptr);
-        emit qxPanelChanges::the().setsEdited();
+        Q_EMIT qxPanelChanges::the().setsEdited();
         settle();
     }
 

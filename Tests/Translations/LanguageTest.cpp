@@ -177,7 +177,7 @@ TEST_F(LanguageTest, AKeyIsReadInTheLanguageAndHeldInNone)
     }
     auto *const field = window->findChild<QKeySequenceEdit *>();
     field->setKeySequence(QKeySequence(Qt::CTRL + Qt::Key_End));
-    emit field->editingFinished();
+    Q_EMIT field->editingFinished();
     EXPECT_EQ(dawn().hotkey, "Ctrl+End");
     EXPECT_EQ(dawn().key, int(Qt::Key_End));
     EXPECT_EQ(dawn().modifiers, Qt::ControlModifier);

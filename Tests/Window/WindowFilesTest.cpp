@@ -210,7 +210,7 @@ TEST_F(WindowFilesTest, SetsMadeWithoutASceneAreNotLostUnasked)
 TEST_F(WindowFilesTest, TheLastFilesAreRememberedNewestFirst)
 {
     const auto recent = [this] {
-        emit window->recentMenu()->aboutToShow();
+        Q_EMIT window->recentMenu()->aboutToShow();
         return window->recentMenu()->actions();
     };
     const QString other = write("R&D.gltf", R"({"asset":{"version":"2.0"}})");

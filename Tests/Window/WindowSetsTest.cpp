@@ -64,9 +64,9 @@ TEST_F(WindowSetsTest, BackLeadsToTheStateBeforeTheLastSelectionThatDidSomething
     openDesk();
     select("Morning");
     const QModelIndex desk = nodeVariantRow("Desk");
-    emit variants().activated(rowOf("Oak", *desk.model(), desk));
+    Q_EMIT variants().activated(rowOf("Oak", *desk.model(), desk));
     EXPECT_EQ(desktop(), "Oak");
-    emit variants().activated(desk); // opens it
+    Q_EMIT variants().activated(desk); // opens it
     select("no such set");
     window->goBack();
     EXPECT_EQ(desktop(), "Glass");

@@ -29,7 +29,7 @@ QString stateOf(const osg::NodePtr &light)
     return qxStateRules::stateOf(qxSceneObject(light), qxAspect::Light);
 }
 
-void announce(const osg::NodePtr &light, qxMessage &message)
+void announceLight(const osg::NodePtr &light, qxMessage &message)
 {
     std::vector<std::string> enabled;
     std::vector<std::string> disabled;
@@ -47,7 +47,7 @@ public:
     void finish(const qxSceneObject &light) override
     {
         qxMessage message = qxNotify::changeBy(m_variantName);
-        announce(light.node, message);
+        announceLight(light.node, message);
     }
 
 private:
@@ -104,7 +104,7 @@ void qxLightVariant::updateVariants()
 void qxLightVariant::callVariantsLightChanged(const osg::NodePtr &node, qxMessage &message)
 {
     if (qxLights::isLight(node))
-        announce(node, message);
+        announceLight(node, message);
 }
 
 QString qxLightVariant::getNodePath(const osg::NodePtr &node)

@@ -18,19 +18,14 @@
 
 namespace {
 
-std::vector<qxNodePtr> findNodes(const QString &name)
-{
-    return qxNames::findNodes(name);
-}
-
 /// Null when the scene has no node of that name.
 qxNodePtr firstNode(const QString &name)
 {
-    const std::vector<qxNodePtr> nodes = findNodes(name);
+    const std::vector<qxNodePtr> nodes = qxNames::findNodes(name);
     return nodes.empty() ? qxNodePtr() : nodes.front();
 }
 
-void announce(const osg::NodePtr &node, qxMessage &message)
+void announceNode(const osg::NodePtr &node, qxMessage &message)
 {
     qxNotify::variantsNodesChanged(message, qxNodesChange::of(node));
 }
@@ -49,7 +44,7 @@ public:
         qxStateRules::node.decide(object, m_request, *this);
     }
     void take(const qxEffect &effect) override;
-    void finish(const qxSceneObject &object) override { announce(object.node, m_message); }
+    void finish(const qxSceneObject &object) override { announceNode(object.node, m_message); }
 
 private:
     const std::string m_variantName;
@@ -143,13 +138,13 @@ void qxNodeVariant::updateVariants()
 
 void qxNodeVariant::showGeometry()
 {
-    for (const qxNodePtr &node : findNodes(nodeName))
+    for (const qxNodePtr &node : qxNames::findNodes(nodeName))
         pushEnable(node);
 }
 
 void qxNodeVariant::hideGeometry()
 {
-    for (const qxNodePtr &node : findNodes(nodeName))
+    for (const qxNodePtr &node : qxNames::findNodes(nodeName))
         pushDisable(node);
 }
 
@@ -173,7 +168,7 @@ void qxNodeVariant::pushDisable(osg::NodePtr node)
 void qxNodeVariant::callVariantsNodesChanged(const osg::NodePtr &node, qxMessage &message)
 {
     if (node != osg::NullFC)
-        announce(node, message);
+        announceNode(node, message);
 }
 
 QString qxNodeVariant::getNodePath(const osg::NodePtr &node)

@@ -13,7 +13,7 @@
 namespace {
 
 /// The nodes of that name that have transform states, in scene order.
-std::vector<qxNodePtr> findNodes(const QString &name)
+std::vector<qxNodePtr> findTransforms(const QString &name)
 {
     std::vector<qxNodePtr> nodes = qxNames::findNodes(name);
     const auto hasNone = [](const qxNodePtr &node) {
@@ -57,7 +57,7 @@ void qxTransformVariant::onSelect(const QString &state)
 
 QString qxTransformVariant::onCurrent() const
 {
-    const std::vector<qxNodePtr> nodes = findNodes(nodeName);
+    const std::vector<qxNodePtr> nodes = findTransforms(nodeName);
     if (nodes.empty())
         return QString();
     return qxStateRules::stateOf(qxSceneObject(nodes.front()), qxAspect::Pose);
@@ -66,7 +66,7 @@ QString qxTransformVariant::onCurrent() const
 void qxTransformVariant::updateVariants()
 {
     qxOptionRebuild rebuild(*this);
-    const std::vector<qxNodePtr> nodes = findNodes(nodeName);
+    const std::vector<qxNodePtr> nodes = findTransforms(nodeName);
     if (nodes.empty())
         return;
 

@@ -71,7 +71,7 @@ struct Registered {
 };
 
 /// What the document and people call a kind.
-struct Names {
+struct KindNames {
     const char *word;
     const char *title;
     const char *tag;
@@ -79,7 +79,7 @@ struct Names {
 };
 
 template <class Variant, auto &list>
-constexpr qxVariantKind row(const Names &names, qxStateList qxVariantReferences::*states,
+constexpr qxVariantKind row(const KindNames &names, qxStateList qxVariantReferences::*states,
                             QString Variant::*sceneName, const qxStateRule &rule)
 {
     typedef Registered<Variant, list> Variants;

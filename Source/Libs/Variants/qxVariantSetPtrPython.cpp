@@ -125,7 +125,7 @@ BOOST_PYTHON_MODULE(qxVariantSetPtr)
 
 namespace {
 
-void pythonInit(bool destroy)
+void initSetPtr(bool destroy)
 {
 #if PY_MAJOR_VERSION >= 3
     static qxScriptModule module("qxVariantSetPtr", &PyInit_qxVariantSetPtr);
@@ -135,6 +135,6 @@ void pythonInit(bool destroy)
     module.pythonInit(destroy);
 }
 
-const qxPythonInit registered(&pythonInit);
+const qxPythonInit setPtrModule(&initSetPtr);
 
 } // namespace

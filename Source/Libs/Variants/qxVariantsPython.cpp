@@ -57,7 +57,7 @@ BOOST_PYTHON_MODULE(qxVariants)
 
 namespace {
 
-void pythonInit(bool destroy)
+void initVariants(bool destroy)
 {
 #if PY_MAJOR_VERSION >= 3
     static qxScriptModule module("qxVariants", &PyInit_qxVariants);
@@ -67,6 +67,6 @@ void pythonInit(bool destroy)
     module.pythonInit(destroy);
 }
 
-const qxPythonInit registered(&pythonInit);
+const qxPythonInit variantsModule(&initVariants);
 
 } // namespace

@@ -12,7 +12,7 @@ public:
     /// The one of the process. To announce a change, emit one of its signals.
     static qxPanelChanges &the();
 
-signals:
+Q_SIGNALS:
     /// The user has edited, created or moved sets or groups, or undone that.
     void setsEdited();
     /// Undo or redo of a capture has created, edited or removed variants.

@@ -62,7 +62,7 @@ void qxPanelEvents::hear(const QByteArray &name, const qxMessage *message)
 {
     static const QHash<QByteArray, int> table = announcements(Sets, Variants, States);
     if (name == clearAllVariants)
-        emit aboutToForget();
+        Q_EMIT aboutToForget();
     if (name == variantsSetSelected) {
         const std::string *set = message ? message->get<std::string>("variantSetName") : nullptr;
         m_selected = set ? qxText::fromUtf8(*set) : QString();
@@ -70,7 +70,7 @@ void qxPanelEvents::hear(const QByteArray &name, const qxMessage *message)
     }
     for (const qxVariantKind *kind : qxVariantKinds::all()) {
         if (name == kind->notifications.highlight)
-            emit variantsHighlighted(*kind, namesIn(message));
+            Q_EMIT variantsHighlighted(*kind, namesIn(message));
     }
     gather(table.value(name, Nothing));
 }
@@ -89,11 +89,11 @@ void qxPanelEvents::flush()
     const int told = m_pending;
     m_pending = Nothing;
     if (told & Sets)
-        emit setsChanged();
+        Q_EMIT setsChanged();
     if (told & Variants)
-        emit variantsChanged();
+        Q_EMIT variantsChanged();
     if (told & States)
-        emit statesChanged();
+        Q_EMIT statesChanged();
     if (told & Selected)
-        emit setSelected(m_selected);
+        Q_EMIT setSelected(m_selected);
 }

@@ -24,7 +24,7 @@ public:
     /// Sends the collected signals now.
     void flush();
 
-signals:
+Q_SIGNALS:
     /// The scene is about to be cleared. Sent at once.
     void aboutToForget();
     /// Sets or groups were added, removed or edited.

@@ -18,10 +18,10 @@
 
 namespace {
 
-const char *const kindWords[] = {"nodes",       "materials", "lights",
-                                 "environment", "viewpoint", "transforms"};
+const char *const captureWords[] = {"nodes",       "materials", "lights",
+                                    "environment", "viewpoint", "transforms"};
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> captureOptions()
 {
     QList<QCommandLineOption> options{
         {QStringLiteral("group"),
@@ -36,7 +36,7 @@ QList<QCommandLineOption> options()
          QStringLiteral("VIEWPOINT")},
         {QStringLiteral("rename"),
          QStringLiteral("Renames nodes that cannot be told apart, without asking.")}};
-    for (const char *word : kindWords)
+    for (const char *word : captureWords)
         options += {QLatin1String(word),
                     QStringLiteral("Captures this kind, and no kind that is "
                                    "not named; all when none is.")};
@@ -49,7 +49,7 @@ class Kinds {
 public:
     explicit Kinds(const QCommandLineParser &parser) : m_parser(parser)
     {
-        for (const char *word : kindWords)
+        for (const char *word : captureWords)
             m_isAnyNamed = m_isAnyNamed || parser.isSet(QLatin1String(word));
     }
     bool has(const char *word) const
@@ -153,7 +153,7 @@ void print(const qxVariantSet &set, bool json)
         qxOutput::table(table);
 }
 
-int run(const QCommandLineParser &parser)
+int runCapture(const QCommandLineParser &parser)
 {
     const QStringList arguments = parser.positionalArguments();
     qxSession session(parser.isSet(QStringLiteral("trace")));
@@ -181,5 +181,5 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::capture = {
-    "capture", "FILE NAME", "Makes a variant set of what the scene looks like now.", 2, 2,
-    options,   run};
+    "capture",      "FILE NAME", "Makes a variant set of what the scene looks like now.", 2, 2,
+    captureOptions, runCapture};

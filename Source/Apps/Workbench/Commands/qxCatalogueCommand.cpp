@@ -23,7 +23,7 @@ const QSize cardSize(330, 220);
 constexpr int Samples = 4;
 constexpr int JpegQuality = 85;
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> catalogueOptions()
 {
     return {{QStringLiteral("out"), QStringLiteral("The folder for the page, index.html."),
              QStringLiteral("DIR")},
@@ -58,7 +58,7 @@ qxCataloguePage::Pictures makePictures(const QStringList &names, int &done)
     return pictures;
 }
 
-int run(const QCommandLineParser &parser)
+int runCatalogue(const QCommandLineParser &parser)
 {
     const QDir folder(parser.value(QStringLiteral("out")));
     if (!parser.isSet(QStringLiteral("out")))
@@ -97,4 +97,5 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::catalogue = {
-    "catalogue", "FILE", "Writes a page that shows all sets and variants.", 1, 1, options, run};
+    "catalogue",      "FILE",      "Writes a page that shows all sets and variants.", 1, 1,
+    catalogueOptions, runCatalogue};

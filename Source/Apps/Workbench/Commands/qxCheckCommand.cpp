@@ -20,7 +20,7 @@ QJsonArray asJson(const qxAmbiguousNodes &nodes)
     return array;
 }
 
-int run(const QCommandLineParser &parser)
+int runCheck(const QCommandLineParser &parser)
 {
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))
@@ -40,4 +40,4 @@ int run(const QCommandLineParser &parser)
 const qxCommand qxCommands::check = {
     "check", "FILE", "Lists nodes that a capture could not tell apart: name and path of each.",
     1,       1,      qxShowCommand::options,
-    run};
+    runCheck};

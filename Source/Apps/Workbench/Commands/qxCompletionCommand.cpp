@@ -130,12 +130,12 @@ complete -o default -F _workbench workbench
                    QLatin1String(nothing));
 }
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> completionOptions()
 {
     return {};
 }
 
-int run(const QCommandLineParser &)
+int runCompletion(const QCommandLineParser &)
 {
     qxOutput::text(text());
     return Success;
@@ -149,6 +149,6 @@ const qxCommand qxCommands::completion = {
     "Prints what completes these commands in bash.",
     0,
     0,
-    options,
-    run,
+    completionOptions,
+    runCompletion,
     "Put it where bash looks for completions, or read it with \"source\"."};

@@ -44,7 +44,7 @@ struct Kind {
     void (*create)();
 };
 
-const Kind kinds[] = {
+const Kind creatorKinds[] = {
     {"nodes", [] { runOperation("qxNodeVariantCreator", qxScenegraph::getRoot()); }},
     {"lights", [] { runOperation("qxLightVariantCreator", qxScenegraph::getRoot()); }},
     {"overlays", [] { runOperation("qxOverlayVariantCreator", qxOverlays::getPoolRoot()); }},
@@ -54,12 +54,12 @@ const Kind kinds[] = {
 QStringList allWords()
 {
     QStringList words;
-    for (const Kind &kind : kinds)
+    for (const Kind &kind : creatorKinds)
         words += QLatin1String(kind.word);
     return words;
 }
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> createOptions()
 {
     return {{QStringLiteral("kinds"),
              QStringLiteral("What to create variants for; only nodes when not given. Overlays are "
@@ -99,7 +99,7 @@ QList<qxVariant *> create(const QStringList &words)
     qxVariantKinds::visit(
         [&](const qxVariantKind &, const qxVariant &variant) { known += &variant; });
     const qxCreators creators;
-    for (const Kind &kind : kinds) {
+    for (const Kind &kind : creatorKinds) {
         if (words.contains(QLatin1String(kind.word)))
             kind.create();
     }
@@ -111,7 +111,7 @@ QList<qxVariant *> create(const QStringList &words)
     return created;
 }
 
-int run(const QCommandLineParser &parser)
+int runCreate(const QCommandLineParser &parser)
 {
     const QStringList words = parser.value(QStringLiteral("kinds")).split(QLatin1Char(','));
     for (const QString &word : words) {
@@ -131,4 +131,5 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::create = {
-    "create", "FILE", "Creates variants for what can vary in a scene.", 1, 1, options, run};
+    "create",      "FILE",   "Creates variants for what can vary in a scene.", 1, 1,
+    createOptions, runCreate};

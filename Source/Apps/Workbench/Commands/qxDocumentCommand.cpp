@@ -7,7 +7,7 @@
 
 namespace {
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> documentOptions()
 {
     return {
         {QStringLiteral("out"),
@@ -57,7 +57,7 @@ int importDocument(const QCommandLineParser &parser)
     return qxCommands::saveIfAsked(session, parser);
 }
 
-int run(const QCommandLineParser &parser)
+int runDocument(const QCommandLineParser &parser)
 {
     const bool in = parser.isSet(QStringLiteral("in"));
     if (in && parser.isSet(QStringLiteral("out")))
@@ -71,5 +71,6 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::document = {
-    "document", "FILE", "Takes the variants document out of a scene, or puts one into it.", 1, 1,
-    options,    run};
+    "document", "FILE", "Takes the variants document out of a scene, or puts one into it.",
+    1,          1,      documentOptions,
+    runDocument};

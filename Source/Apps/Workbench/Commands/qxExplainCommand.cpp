@@ -21,7 +21,7 @@
 
 namespace {
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> explainOptions()
 {
     return {qxCommands::jsonOption(), qxCommands::traceOption()};
 }
@@ -140,7 +140,7 @@ void print(const QString &name, const qxExplanation &explanation, bool json)
     qxOutput::table(rows);
 }
 
-int run(const QCommandLineParser &parser)
+int runExplain(const QCommandLineParser &parser)
 {
     const QStringList arguments = parser.positionalArguments();
     qxSession session(parser.isSet(QStringLiteral("trace")));
@@ -163,5 +163,5 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::explain = {
-    "explain", "FILE SET", "Tells what selecting a set does, and what it leaves out.", 2, 2,
-    options,   run};
+    "explain",      "FILE SET", "Tells what selecting a set does, and what it leaves out.", 2, 2,
+    explainOptions, runExplain};

@@ -8,12 +8,12 @@
 
 namespace {
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> helpOptions()
 {
     return {};
 }
 
-int run(const QCommandLineParser &parser)
+int runHelp(const QCommandLineParser &parser)
 {
     const QString name = parser.positionalArguments().value(0);
     if (name.isEmpty()) {
@@ -62,4 +62,4 @@ void qxHelp::print(const qxCommand &command)
 }
 
 const qxCommand qxCommands::help = {
-    "help", "[COMMAND]", "Tells about the commands, or about one.", 0, 1, options, run};
+    "help", "[COMMAND]", "Tells about the commands, or about one.", 0, 1, helpOptions, runHelp};

@@ -73,7 +73,7 @@ QString wordsFor(const QJsonValue &value)
     return names.isEmpty() ? QStringLiteral("none") : names.join(QLatin1String(", "));
 }
 
-void printJson(const qxSession &session)
+void printInfoJson(const qxSession &session)
 {
     QJsonObject object;
     for (const Fact &fact : facts(session.file().info()))
@@ -81,7 +81,7 @@ void printJson(const qxSession &session)
     qxOutput::json(object);
 }
 
-void printTable(const qxSession &session)
+void printInfoTable(const qxSession &session)
 {
     QList<QStringList> rows;
     for (const Fact &fact : facts(session.file().info())) {
@@ -92,12 +92,12 @@ void printTable(const qxSession &session)
     qxOutput::table(rows);
 }
 
-int run(const QCommandLineParser &parser)
+int runInfo(const QCommandLineParser &parser)
 {
-    return qxShowCommand::run(parser, printJson, printTable);
+    return qxShowCommand::run(parser, printInfoJson, printInfoTable);
 }
 
 } // namespace
 
 const qxCommand qxCommands::info = {
-    "info", "FILE", "Shows what a scene file holds.", 1, 1, qxShowCommand::options, run};
+    "info", "FILE", "Shows what a scene file holds.", 1, 1, qxShowCommand::options, runInfo};

@@ -12,7 +12,7 @@
 
 namespace {
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> lintOptions()
 {
     return {qxCommands::jsonOption(),
             {QStringLiteral("junit"), QStringLiteral("Writes JUnit XML for a build server.")},
@@ -50,7 +50,7 @@ qxFindings lintScene(qxSession &session, const QByteArray &document)
     return findings;
 }
 
-int run(const QCommandLineParser &parser)
+int runLint(const QCommandLineParser &parser)
 {
     const bool json = parser.isSet(QStringLiteral("json"));
     if (json && parser.isSet(QStringLiteral("junit")))
@@ -77,5 +77,5 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::lint = {
-    "lint",  "FILE", "Finds what is wrong, or hardly meant, in variants and sets.", 1, 1,
-    options, run};
+    "lint",      "FILE", "Finds what is wrong, or hardly meant, in variants and sets.", 1, 1,
+    lintOptions, runLint};

@@ -23,7 +23,7 @@ QStringList setRow(const qxVariantSet &set)
     return {QLatin1String("  ") + set.name, set.hotkey, set.comment};
 }
 
-void printJson(const qxSession &)
+void printListJson(const qxSession &)
 {
     QJsonArray groups;
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
@@ -37,7 +37,7 @@ void printJson(const qxSession &)
     qxOutput::json(QJsonObject{{QStringLiteral("groups"), groups}, {QStringLiteral("sets"), sets}});
 }
 
-void printTable(const qxSession &)
+void printListTable(const qxSession &)
 {
     QList<QStringList> rows;
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
@@ -60,13 +60,13 @@ void printTable(const qxSession &)
     qxOutput::table(rows);
 }
 
-int run(const QCommandLineParser &parser)
+int runList(const QCommandLineParser &parser)
 {
-    return qxShowCommand::run(parser, printJson, printTable);
+    return qxShowCommand::run(parser, printListJson, printListTable);
 }
 
 } // namespace
 
 const qxCommand qxCommands::list = {"list", "FILE", "Shows the variant groups and sets of a scene.",
                                     1,      1,      qxShowCommand::options,
-                                    run};
+                                    runList};

@@ -173,7 +173,7 @@ void print(const QList<Shortened> &shortened, const QStringList &removed)
         qxOutput::line(QStringLiteral("nothing to drop"));
 }
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> optimizeOptions()
 {
     return {{QStringLiteral("remove-empty"),
              QStringLiteral("Also removes the sets that hold nothing afterwards.")},
@@ -185,7 +185,7 @@ QList<QCommandLineOption> options()
             qxCommands::traceOption()};
 }
 
-int run(const QCommandLineParser &parser)
+int runOptimize(const QCommandLineParser &parser)
 {
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))
@@ -204,5 +204,5 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::optimize = {
-    "optimize", "FILE", "Drops from the sets what can no longer work in the scene.", 1, 1,
-    options,    run};
+    "optimize",      "FILE",     "Drops from the sets what can no longer work in the scene.", 1, 1,
+    optimizeOptions, runOptimize};

@@ -12,7 +12,7 @@
 
 namespace {
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> previewsOptions()
 {
     return {{QStringLiteral("stale"),
              QStringLiteral("Replaces every preview that does not show its set as it is now.")},
@@ -25,7 +25,7 @@ QList<QCommandLineOption> options()
             qxCommands::traceOption()};
 }
 
-int run(const QCommandLineParser &parser)
+int runPreviews(const QCommandLineParser &parser)
 {
     const bool all = parser.isSet(QStringLiteral("all"));
     const bool stale = parser.isSet(QStringLiteral("stale"));
@@ -73,4 +73,5 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::previews = {
-    "previews", "FILE", "Makes the previews of the variant sets.", 1, 1, options, run};
+    "previews",      "FILE",     "Makes the previews of the variant sets.", 1, 1,
+    previewsOptions, runPreviews};

@@ -42,7 +42,7 @@ struct Job {
     bool isSheet() const { return all && isPicture(); }
 };
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> renderOptions()
 {
     return {
         {QStringLiteral("set"), QStringLiteral("Selects this set before."), QStringLiteral("NAME")},
@@ -176,7 +176,7 @@ int renderSheet(const Job &job)
         QStringLiteral("%1 shows %2 of %3 sets").arg(job.out).arg(done).arg(names.size()));
 }
 
-int run(const QCommandLineParser &parser)
+int runRender(const QCommandLineParser &parser)
 {
     Job job;
     const int code = readJob(parser, job);
@@ -201,4 +201,5 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::render = {
-    "render", "FILE", "Makes pictures of the scene and of its sets.", 1, 1, options, run};
+    "render",      "FILE",   "Makes pictures of the scene and of its sets.", 1, 1,
+    renderOptions, runRender};

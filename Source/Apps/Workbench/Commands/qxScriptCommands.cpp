@@ -31,7 +31,7 @@ Arguments argumentsOf(const QCommandLineParser &parser)
     return {positional.mid(0, positional.size() - behind.size()), behind};
 }
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> scriptOptions()
 {
     return {qxCommands::scriptsOption(), qxCommands::noScriptsOption(), qxCommands::saveOption(),
             qxCommands::traceOption()};
@@ -106,10 +106,10 @@ int prompt(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::runScript = {
-    "run",   "SCRIPT [FILE]", "Runs a Python script, in a scene if one is named.", 1, -1,
-    options, runFile};
+    "run",         "SCRIPT [FILE]", "Runs a Python script, in a scene if one is named.", 1, -1,
+    scriptOptions, runFile};
 
 const qxCommand qxCommands::python = {
     "python", "[FILE]", "Asks for Python statements and runs them, in a scene if one is named.",
-    0,        -1,       options,
+    0,        -1,       scriptOptions,
     prompt};

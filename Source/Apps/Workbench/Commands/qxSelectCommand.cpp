@@ -18,7 +18,7 @@
 
 namespace {
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> selectOptions()
 {
     return {{QStringLiteral("keep-camera"), QStringLiteral("Stays where the camera is.")},
             {QStringLiteral("dry-run"),
@@ -143,7 +143,7 @@ void selectAll(const QStringList &names, bool keepCamera, bool json)
     }
 }
 
-int run(const QCommandLineParser &parser)
+int runSelect(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments().mid(1);
     const bool json = parser.isSet(QStringLiteral("json"));
@@ -166,4 +166,5 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::select = {
-    "select", "FILE SET...", "Selects variant sets one after the other.", 2, -1, options, run};
+    "select",      "FILE SET...", "Selects variant sets one after the other.", 2, -1,
+    selectOptions, runSelect};

@@ -20,7 +20,7 @@ QStringList kindWords()
     return words;
 }
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> setOptions()
 {
     return {{QStringLiteral("kind"),
              QStringLiteral("Takes the variant of this kind when several share the name."),
@@ -76,7 +76,7 @@ qxVariant *findVariant(const QString &name, const QString &kind)
     return nullptr;
 }
 
-int run(const QCommandLineParser &parser)
+int runSet(const QCommandLineParser &parser)
 {
     const QStringList arguments = parser.positionalArguments();
     const QString kind = parser.value(QStringLiteral("kind"));
@@ -107,4 +107,4 @@ int run(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::set = {
-    "set", "FILE VARIANT STATE", "Puts one variant into a state.", 3, 3, options, run};
+    "set", "FILE VARIANT STATE", "Puts one variant into a state.", 3, 3, setOptions, runSet};

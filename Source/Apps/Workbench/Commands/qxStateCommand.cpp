@@ -25,7 +25,7 @@ QJsonObject object(const qxVariantKind &kind, const qxVariant &variant, const qx
             {QStringLiteral("states"), states}};
 }
 
-void printJson(const qxSession &)
+void printStateJson(const qxSession &)
 {
     const qxFindCache cache(true);
     QJsonArray array;
@@ -44,7 +44,7 @@ QString wordsFor(const qxShownState &shown)
         : shown.state();
 }
 
-void printTable(const qxSession &)
+void printStateTable(const qxSession &)
 {
     const qxFindCache cache(true);
     QList<QStringList> rows;
@@ -56,9 +56,9 @@ void printTable(const qxSession &)
     qxOutput::table(rows);
 }
 
-int run(const QCommandLineParser &parser)
+int runState(const QCommandLineParser &parser)
 {
-    return qxShowCommand::run(parser, printJson, printTable);
+    return qxShowCommand::run(parser, printStateJson, printStateTable);
 }
 
 } // namespace
@@ -66,4 +66,4 @@ int run(const QCommandLineParser &parser)
 const qxCommand qxCommands::state = {
     "state", "FILE", "Shows every variant with the state the scene is in.",
     1,       1,      qxShowCommand::options,
-    run};
+    runState};

@@ -27,7 +27,7 @@ const Answer answers[] = {
     {"forget", "Forgets what was decided about them.", qxTrustStore::Undecided, "undecided"},
 };
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> trustOptions()
 {
     QList<QCommandLineOption> options;
     for (const Answer &answer : answers)
@@ -66,7 +66,7 @@ const Answer *ask()
     return nullptr;
 }
 
-int run(const QCommandLineParser &parser)
+int runTrust(const QCommandLineParser &parser)
 {
     QList<const Answer *> given;
     for (const Answer &answer : answers) {
@@ -105,7 +105,7 @@ const qxCommand qxCommands::trust = {
     "Shows the scripts of sets, and decides whether they may run.",
     1,
     1,
-    options,
-    run,
+    trustOptions,
+    runTrust,
     "Without an option it asks, if there is a terminal to ask at. What is decided holds for these\n"
     "scripts in any file, for the window as well; a script that was changed is another one."};

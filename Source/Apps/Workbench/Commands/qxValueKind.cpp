@@ -11,7 +11,7 @@
 
 namespace {
 
-const qxValueKind kinds[] = {
+const qxValueKind valueKinds[] = {
     {"FILE", "A scene file, .gltf or .glb.", qxValueKind::File, "gltf|glb"},
     {"SCRIPT",
      "A file with Python source, - for standard input. What follows -- on the command line is in "
@@ -72,7 +72,7 @@ qxValueKind qxValueKinds::of(const QString &name)
 {
     static const QRegularExpression brackets(QStringLiteral("[][]"));
     const QString plain = QString(name).remove(brackets);
-    for (const qxValueKind &kind : kinds) {
+    for (const qxValueKind &kind : valueKinds) {
         if (plain == QLatin1String(kind.name))
             return kind;
     }

@@ -10,7 +10,7 @@
 
 namespace {
 
-QList<QCommandLineOption> options()
+QList<QCommandLineOption> verifyOptions()
 {
     return {{QStringLiteral("report"), QStringLiteral("Writes the same lines to CSV."),
              QStringLiteral("CSV")},
@@ -26,7 +26,7 @@ bool draw(qxVariantVerifier &verifier, QByteArray &lines)
         && qxStreams::read(draft.fileName(), lines);
 }
 
-int run(const QCommandLineParser &parser)
+int runVerify(const QCommandLineParser &parser)
 {
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))
@@ -57,8 +57,8 @@ const qxCommand qxCommands::verify = {
     "Checks sets, node and material variants against the scene.",
     1,
     1,
-    options,
-    run,
+    verifyOptions,
+    runVerify,
     "One line for each problem and for each object without one. The report goes by the letter: it "
     "knows sets, node\nand material variants, and takes every action but showing and hiding, all "
     "and none for an error, so that\nsound scenes have errors, too. What is really wrong with all "

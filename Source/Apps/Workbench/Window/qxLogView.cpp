@@ -53,7 +53,7 @@ void qxLogView::append(qxLog::Level level, const QString &line)
     setCurrentCharFormat(format);
     appendPlainText(line);
     if (level == qxLog::Error)
-        emit errorLogged(line);
+        Q_EMIT errorLogged(line);
 }
 
 void qxLogView::changeEvent(QEvent *event)

@@ -13,7 +13,7 @@ public:
     explicit qxLogView(QWidget *parent = nullptr);
     ~qxLogView() override;
 
-signals:
+Q_SIGNALS:
     /// An error line came.
     void errorLogged(const QString &line);
 

@@ -7,7 +7,7 @@
 namespace {
 
 const int delay = 500; ///< milliseconds that nobody needs to be told about
-const int steps = 100;
+const int progressSteps = 100;
 
 } // namespace
 
@@ -26,13 +26,13 @@ qxPictureDialog::~qxPictureDialog()
 bool qxPictureDialog::show(double share)
 {
     if (!m_dialog) {
-        m_dialog = new QProgressDialog(tr("Rendering the preview ..."), tr("Cancel"), 0, steps,
-                                       m_window, Qt::Dialog | Qt::WindowTitleHint);
+        m_dialog = new QProgressDialog(tr("Rendering the preview ..."), tr("Cancel"), 0,
+                                       progressSteps, m_window, Qt::Dialog | Qt::WindowTitleHint);
         m_dialog->setWindowModality(Qt::WindowModal);
         m_dialog->setMinimumDuration(delay);
         m_dialog->setAutoReset(false);
     }
-    m_dialog->setValue(int(share * steps)); // This lets events through once it is seen.
+    m_dialog->setValue(int(share * progressSteps)); // This lets events through once it is seen.
     if (!m_dialog)
         return false;
     const bool goesOn = !m_dialog->wasCanceled();

@@ -4,12 +4,13 @@
 
 namespace {
 
-const int steps = 100; ///< of one picture
+const int pictureSteps = 100;
 
 } // namespace
 
 qxPreviewDialog::qxPreviewDialog(int count, QWidget *window)
-    : m_dialog(QString(), tr("Cancel"), 0, count * steps, window, Qt::Dialog | Qt::WindowTitleHint),
+    : m_dialog(QString(), tr("Cancel"), 0, count * pictureSteps, window,
+               Qt::Dialog | Qt::WindowTitleHint),
       m_single(qxPictureProgress::display())
 {
     auto *const label = new QLabel;
@@ -30,6 +31,7 @@ bool qxPreviewDialog::begin(const QString &set)
 
 bool qxPreviewDialog::show(double share)
 {
-    m_dialog.setValue((m_begun - 1) * steps + int(share * steps)); // This lets events through.
+    m_dialog.setValue((m_begun - 1) * pictureSteps
+                      + int(share * pictureSteps)); // This lets events through.
     return !m_dialog.wasCanceled();
 }

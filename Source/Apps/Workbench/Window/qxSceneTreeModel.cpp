@@ -61,13 +61,13 @@ void qxSceneTreeModel::refresh()
         const auto child = [this](int place) {
             return createIndex(m_rows[std::size_t(place)].row, NameColumn, quintptr(place));
         };
-        emit dataChanged(child(row.children.front()), child(row.children.back()));
+        Q_EMIT dataChanged(child(row.children.front()), child(row.children.back()));
     }
 }
 
 void qxSceneTreeModel::exchange(Rows rows)
 {
-    emit layoutAboutToBeChanged();
+    Q_EMIT layoutAboutToBeChanged();
     QHash<osg::UInt32, int> places;
     for (std::size_t place = 1; place < rows.size(); ++place)
         places[rows[place].node.get().getFieldContainerId()] = int(place);
@@ -81,12 +81,12 @@ void qxSceneTreeModel::exchange(Rows rows)
     }
     m_rows = std::move(rows);
     changePersistentIndexList(before, after);
-    emit layoutChanged();
+    Q_EMIT layoutChanged();
 }
 
 void qxSceneTreeModel::retranslate()
 {
-    emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
 }
 
 const qxSceneTreeModel::Row *qxSceneTreeModel::rowAt(const QModelIndex &index) const
@@ -156,8 +156,8 @@ bool qxSceneTreeModel::setData(const QModelIndex &index, const QVariant &value, 
         const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
         node->setTravMask(value.toInt() == Qt::Unchecked ? 0 : everything);
     }
-    emit dataChanged(index, index);
-    emit visibilityTicked(index);
+    Q_EMIT dataChanged(index, index);
+    Q_EMIT visibilityTicked(index);
     qxController::updateRender(false);
     return true;
 }

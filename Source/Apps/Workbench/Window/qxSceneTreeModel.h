@@ -36,7 +36,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-signals:
+Q_SIGNALS:
     /// The user showed or hid this node.
     void visibilityTicked(const QModelIndex &index);
 

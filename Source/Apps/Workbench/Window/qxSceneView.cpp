@@ -171,7 +171,7 @@ void qxSceneView::tellProgress(float share)
     if (text == m_progress)
         return;
     m_progress = text;
-    emit progressed(text);
+    Q_EMIT progressed(text);
 }
 
 void qxSceneView::paintEvent(QPaintEvent *)
@@ -234,7 +234,7 @@ void qxSceneView::drag(const QPointF &step, Qt::MouseButtons buttons,
 void qxSceneView::mouseReleaseEvent(QMouseEvent *event)
 {
     if (!m_isDragged && event->button() == Qt::LeftButton)
-        emit nodePicked(nodeAt(event->localPos()));
+        Q_EMIT nodePicked(nodeAt(event->localPos()));
 }
 
 void qxSceneView::mouseDoubleClickEvent(QMouseEvent *event)

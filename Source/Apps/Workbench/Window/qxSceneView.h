@@ -34,7 +34,7 @@ public:
     /// Call it for a new scene: forgets the point that the camera orbits.
     void showNewScene();
 
-signals:
+Q_SIGNALS:
     /// The user clicked on this node; null for the background.
     void nodePicked(const osg::NodePtr &node);
     /// What the view is doing, for a status line; empty when the picture is finished.

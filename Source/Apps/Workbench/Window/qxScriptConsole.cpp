@@ -95,7 +95,7 @@ void qxScriptConsole::enter()
     const QString statement = m_input->toPlainText();
     if (statement.trimmed().isEmpty())
         return m_input->clear();
-    emit aboutToRun();
+    Q_EMIT aboutToRun();
     qxController::setBusy(true, true);
     const qxPrompt::Answer answer = qxPrompt::run(statement);
     qxController::setBusy(false, true);
@@ -107,7 +107,7 @@ void qxScriptConsole::enter()
     m_history.append(statement.trimmed());
     m_recalled = m_history.size();
     m_input->clear();
-    emit statementRan();
+    Q_EMIT statementRan();
 }
 
 void qxScriptConsole::recall(int step)

@@ -18,7 +18,7 @@ public:
     QPlainTextEdit *input() const { return m_input; }
     QPlainTextEdit *output() const { return m_output; }
 
-signals:
+Q_SIGNALS:
     /// A statement is about to run.
     void aboutToRun();
     /// A statement ran, successfully or not.

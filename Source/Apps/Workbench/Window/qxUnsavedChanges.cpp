@@ -46,7 +46,7 @@ void qxUnsavedChanges::forget()
     m_mayDocumentDiffer = m_maySceneDiffer = false;
     m_doesDocumentDiffer = m_doesSceneDiffer = false;
     m_idle.stop();
-    emit looked(false);
+    Q_EMIT looked(false);
 }
 
 void qxUnsavedChanges::look()
@@ -61,7 +61,7 @@ void qxUnsavedChanges::lookSoon()
     if (m_edits->isClean())
         m_idle.start();
     else
-        emit looked(true);
+        Q_EMIT looked(true);
 }
 
 bool qxUnsavedChanges::areThere()
@@ -75,6 +75,6 @@ bool qxUnsavedChanges::areThere()
         m_doesSceneDiffer = !qxSceneState::take().isLike(m_scene);
     m_mayDocumentDiffer = m_maySceneDiffer = false;
     const bool areSome = m_doesDocumentDiffer || m_doesSceneDiffer;
-    emit looked(areSome);
+    Q_EMIT looked(areSome);
     return areSome;
 }

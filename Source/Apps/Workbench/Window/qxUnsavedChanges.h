@@ -25,7 +25,7 @@ public:
     /// Compares now.
     bool areThere();
 
-signals:
+Q_SIGNALS:
     void looked(bool areThere);
 
 private:

@@ -39,7 +39,7 @@ qxWindowWatchdog::qxWindowWatchdog(QObject *parent)
 bool qxWindowWatchdog::onTimeout()
 {
     m_isStopped = false;
-    emit stillRuns();
+    Q_EMIT stillRuns();
     qApp->installEventFilter(this);
     QCoreApplication::processEvents();
     qApp->removeEventFilter(this);

@@ -14,7 +14,7 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-signals:
+Q_SIGNALS:
     /// A script still runs. Emitted repeatedly until it ends.
     void stillRuns();
 

@@ -244,7 +244,7 @@ void qxWorkbenchWindow::makePreviews(const QStringList &sets)
             [&previews](qxVariantSet &set) { return qxSetPreviews::addPreview(set, previews); });
     }
     m_sets->setPreviews(previews);
-    emit qxPanelChanges::the().sceneRestored();
+    Q_EMIT qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
 }
 
@@ -255,7 +255,7 @@ void qxWorkbenchWindow::goBack()
     const std::unique_ptr<qxSceneSnapshot> before = std::move(m_before);
     rememberForBack(); // Back again leads forward.
     before->restore();
-    emit qxPanelChanges::the().sceneRestored();
+    Q_EMIT qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
 }
 

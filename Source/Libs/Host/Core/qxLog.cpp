@@ -9,7 +9,7 @@
 
 namespace {
 
-qxCallList<qxLog::Listener> &listeners()
+qxCallList<qxLog::Listener> &logListeners()
 {
     static qxCallList<qxLog::Listener> listeners;
     return listeners;
@@ -34,7 +34,7 @@ void write(qxLog::Level level, const std::string &line)
     static const char *const prefixes[] = {"", "warning: ", "error: "};
     const QByteArray shown = qxVisibleText::lines(qxText::fromUtf8(line)).toUtf8();
     std::fprintf(stderr, "%s%s\n", prefixes[level], shown.constData());
-    listeners().run([&](const qxLog::Listener &listener) { listener(level, line); });
+    logListeners().run([&](const qxLog::Listener &listener) { listener(level, line); });
 }
 
 } // namespace
@@ -65,10 +65,10 @@ void qxLog::error(const char *text, ...)
 
 int qxLog::addListener(const Listener &listener)
 {
-    return listeners().add(listener);
+    return logListeners().add(listener);
 }
 
 void qxLog::removeListener(int id)
 {
-    listeners().remove(id);
+    logListeners().remove(id);
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-qxCallList<qxModuleBus::Listener> &listeners()
+qxCallList<qxModuleBus::Listener> &busListeners()
 {
     static qxCallList<qxModuleBus::Listener> listeners;
     return listeners;
@@ -16,7 +16,7 @@ qxCallList<qxModuleBus::Listener> &listeners()
 
 void deliver(qxMessage &message)
 {
-    listeners().run([&](const qxModuleBus::Listener &listener) { listener(message); });
+    busListeners().run([&](const qxModuleBus::Listener &listener) { listener(message); });
 }
 
 } // namespace
@@ -32,10 +32,10 @@ void qxModuleBase::sendMessage(qxMessage &message, bool later)
 
 int qxModuleBus::addListener(const Listener &listener)
 {
-    return listeners().add(listener);
+    return busListeners().add(listener);
 }
 
 void qxModuleBus::removeListener(int id)
 {
-    listeners().remove(id);
+    busListeners().remove(id);
 }

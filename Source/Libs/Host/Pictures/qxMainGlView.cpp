@@ -16,7 +16,7 @@ const float _fluentTime = 30.0f; ///< milliseconds for a picture
 const int _coarsestPixel = 4; ///< width of a quick picture's pixel in those of the view
 const int _bestWork = 12; ///< samples that the best quality takes on average
 
-qxMainGlView *&current()
+qxMainGlView *&currentView()
 {
     static qxMainGlView *view = nullptr;
     return view;
@@ -25,8 +25,8 @@ qxMainGlView *&current()
 /// Its picture may be in the making just now.
 void interruptCurrent()
 {
-    if (current())
-        current()->interruptRefining();
+    if (currentView())
+        currentView()->interruptRefining();
 }
 
 /// From the last step to the first: each takes four times the samples of the one before. Fewer than
@@ -54,7 +54,7 @@ int workOf(int quality)
 qxMainGlView::qxMainGlView(int width, int height)
     : m_width(width), m_height(height), m_picture(osg::Image::create())
 {
-    current() = this;
+    currentView() = this;
     qxScenePicture::setBorrower(interruptCurrent);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { work(); });
     m_requests = qxRenderRequests::addListener([this](bool) { ask(); });
@@ -64,13 +64,13 @@ qxMainGlView::qxMainGlView(int width, int height)
 qxMainGlView::~qxMainGlView()
 {
     qxRenderRequests::removeListener(m_requests);
-    if (current() == this)
-        current() = nullptr;
+    if (currentView() == this)
+        currentView() = nullptr;
 }
 
 qxMainGlView *qxMainGlView::the()
 {
-    return current();
+    return currentView();
 }
 
 qxOSGWidget *qxOSGWidget::getMGLW(int number)

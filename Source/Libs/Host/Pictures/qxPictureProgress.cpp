@@ -2,7 +2,7 @@
 
 namespace {
 
-qxPictureProgress::Display &current()
+qxPictureProgress::Display &currentDisplay()
 {
     static qxPictureProgress::Display display;
     return display;
@@ -12,10 +12,10 @@ qxPictureProgress::Display &current()
 
 void qxPictureProgress::setDisplay(const Display &display)
 {
-    current() = display;
+    currentDisplay() = display;
 }
 
 const qxPictureProgress::Display &qxPictureProgress::display()
 {
-    return current();
+    return currentDisplay();
 }

@@ -9,8 +9,6 @@
 
 namespace {
 
-const float _pi = 3.14159265f;
-
 osg::Vec3f placed(const osg::Matrix &toWorld, const osg::Pnt3f &point)
 {
     osg::Pnt3f result;
@@ -50,7 +48,7 @@ qxRenderLight hostLight(const osg::UberLightPtr &core, const osg::Matrix &toWorl
 qxRenderLight graphLight(const osg::LightPtr &core, const osg::Matrix &place)
 {
     qxRenderLight light;
-    light.light = colourOf(core) * _pi;
+    light.light = colourOf(core) * qxPi;
     const auto directional = osg::DirectionalLightPtr::dcast(core);
     if (directional != osg::NullFC)
         light.direction = turned(place, -directional->getDirection());
@@ -177,7 +175,7 @@ void qxRenderLights::expose(const qxBox &scene)
     for (const qxRenderLight &light : off)
         sum += amountAt(light, scene);
     const float least = 1.0f;
-    const float most = 2.0f * _pi;
+    const float most = 2.0f * qxPi;
     if (!(sum > 0.0f) || !std::isfinite(sum))
         return;
     const float factor = std::clamp(sum, least, most) / sum;

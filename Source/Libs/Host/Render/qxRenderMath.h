@@ -7,6 +7,8 @@
 
 /// Small mathematics of the renderer. Light is kept in vectors: red, green, blue, linear.
 
+constexpr float qxPi = 3.14159265f;
+
 inline osg::Vec3f qxProduct(const osg::Vec3f &a, const osg::Vec3f &b)
 {
     return osg::Vec3f(a[0] * b[0], a[1] * b[1], a[2] * b[2]);

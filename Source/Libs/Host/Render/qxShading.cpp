@@ -4,7 +4,6 @@
 
 namespace {
 
-const float _pi = 3.14159265f;
 const osg::Vec3f _white(1, 1, 1);
 
 /// Smoother surfaces would show punctual lights as highlights smaller than any pixel.
@@ -15,7 +14,7 @@ float distribution(float cosine, float alpha)
 {
     const float square = alpha * alpha;
     const float root = cosine * cosine * (square - 1.0f) + 1.0f;
-    return square / (_pi * root * root);
+    return square / (qxPi * root * root);
 }
 
 /// How much of the mirrors is seen by eye and light, divided by four times both cosines.
@@ -41,7 +40,7 @@ osg::Vec3f visibleMirror(const osg::Vec3f &eye, float alpha, const osg::Vec2f &p
     const osg::Vec3f stretched = qxUnit(osg::Vec3f(eye[0] * alpha, eye[1] * alpha, eye[2]));
     const qxFrame frame(stretched);
     const float radius = std::sqrt(place[0]);
-    const float angle = 2.0f * _pi * place[1];
+    const float angle = 2.0f * qxPi * place[1];
     const float x = radius * std::cos(angle);
     const float half = 0.5f * (1.0f + stretched[2]);
     // The frame's y axis is the one to be squeezed; turn it upwards first.
@@ -80,7 +79,7 @@ osg::Vec3f qxShading::reflected(const osg::Vec3f &toLight) const
     const osg::Vec3f mirrors = fresnel(half.dot(m_toEye));
     const float shine = distribution(std::max(m_frame.z.dot(half), 0.0f), m_alpha)
         * visibility(cosine, m_eyeCosine, m_alpha);
-    const osg::Vec3f matt = qxProduct(_white - mirrors, m_matt) * (1.0f / _pi);
+    const osg::Vec3f matt = qxProduct(_white - mirrors, m_matt) * (1.0f / qxPi);
     return (matt + mirrors * shine) * cosine;
 }
 
@@ -111,7 +110,7 @@ qxShading::Bounce qxShading::bounce(float choice, const osg::Vec2f &place) const
 qxShading::Bounce qxShading::mattBounce(const osg::Vec2f &place) const
 {
     const float radius = std::sqrt(place[0]);
-    const float angle = 2.0f * _pi * place[1];
+    const float angle = 2.0f * qxPi * place[1];
     const osg::Vec3f local(radius * std::cos(angle), radius * std::sin(angle),
                            std::sqrt(std::max(0.0f, 1.0f - place[0])));
     return {m_frame.toWorld(local), qxProduct(_white - fresnel(m_eyeCosine), m_matt)};

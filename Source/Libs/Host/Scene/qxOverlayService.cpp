@@ -1,6 +1,7 @@
 #include "Scene/qxOverlayService.h"
 
 #include "Scene/qxNodeName.h"
+#include "Scene/qxScene.h"
 #include "qxController.h"
 #include "qxMessage.h"
 #include "qxOverlays.h"
@@ -12,8 +13,6 @@
 
 namespace {
 
-const osg::UInt32 shown = 0xFFFFFFFF;
-
 void setMask(const osg::NodePtr &node, osg::UInt32 mask)
 {
     const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
@@ -23,11 +22,11 @@ void setMask(const osg::NodePtr &node, osg::UInt32 mask)
 void show(const osg::NodePtr &node, const std::string &state)
 {
     if (state == "!Enable")
-        setMask(node, shown);
+        setMask(node, qxShownMask);
     else if (state == "!Disable")
         setMask(node, 0);
     else if (state == "!Toggle")
-        setMask(node, node->getTravMask() == shown ? 0 : shown);
+        setMask(node, node->getTravMask() == qxShownMask ? 0 : qxShownMask);
 }
 
 /// The child of that name, or `choice` when there is none.

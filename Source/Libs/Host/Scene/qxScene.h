@@ -4,6 +4,9 @@
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGRefPtr.h>
 
+/// The traversal mask of a node that is shown.
+constexpr osg::UInt32 qxShownMask = 0xFFFFFFFF;
+
 /// The parts of the scene: its root, the root of the overlays and the pool of materials, which live
 /// as long as the host, and the environment. The scene graph must have been started.
 class qxScene {

@@ -8,14 +8,12 @@
 
 namespace {
 
-const osg::UInt32 shown = 0xFFFFFFFF;
-
 void show(const osg::NodePtr &node)
 {
-    if (node->getTravMask() == shown)
+    if (node->getTravMask() == qxShownMask)
         return;
     const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
-    node->setTravMask(shown);
+    node->setTravMask(qxShownMask);
 }
 
 } // namespace

@@ -2,14 +2,13 @@
 
 #include "Scene/qxNodeName.h"
 #include "Scene/qxPathIndex.h"
+#include "Scene/qxScene.h"
 #include "qxController.h"
 #include "qxLog.h"
 #include "qxMaterials.h"
 #include "qxScenegraph.h"
 
 namespace {
-
-const osg::UInt32 shown = 0xFFFFFFFF;
 
 qxPathIndex &paths()
 {
@@ -52,7 +51,7 @@ std::string qxScriptScene::nameOf(const qxScriptMaterial &material)
 bool qxScriptScene::isActive(const qxScriptNode &node)
 {
     const osg::NodePtr found = node.get();
-    return found != osg::NullFC && found->getTravMask() == shown;
+    return found != osg::NullFC && found->getTravMask() == qxShownMask;
 }
 
 void qxScriptScene::setActive(const qxScriptNode &node, bool active)
@@ -64,7 +63,7 @@ void qxScriptScene::setActive(const qxScriptNode &node, bool active)
     }
     {
         const osg::CPEditor edit(found, osg::Node::TravMaskFieldMask);
-        found->setTravMask(active ? shown : 0);
+        found->setTravMask(active ? qxShownMask : 0);
     }
     qxController::updateRender(false);
 }

@@ -110,9 +110,9 @@ bool qxSetHotkeys::eventFilter(QObject *watched, QEvent *event)
     if (key->isAutoRepeat())
         return true;
     if (set)
-        emit pressed(set->name);
+        Q_EMIT pressed(set->name);
     else
-        emit optionPressed(*option.kind, option.variant, option.name);
+        Q_EMIT optionPressed(*option.kind, option.variant, option.name);
     return true;
 }
 

@@ -24,7 +24,7 @@ public:
     /// A text that says what else has the set's hotkey; empty for nothing.
     static QString conflictOf(const qxVariantSet &set, const qxTakenKeys &taken);
 
-signals:
+Q_SIGNALS:
     void pressed(const QString &set);
     void optionPressed(const qxVariantKind &kind, const QString &variant, const QString &option);
 

@@ -355,13 +355,13 @@ bool qxSetsModel::isFound(const qxVariantSet &set) const
 
 void qxSetsModel::refresh()
 {
-    emit layoutAboutToBeChanged();
+    Q_EMIT layoutAboutToBeChanged();
     const Rows before = std::move(m_rows);
     m_sets.clear();
     m_groups.clear();
     readRows();
     keepPersistentIndexes(before);
-    emit layoutChanged();
+    Q_EMIT layoutChanged();
     refreshStates();
 }
 
@@ -375,7 +375,7 @@ void qxSetsModel::rowsShowAnew()
 {
     const auto tell = [this](const QModelIndex &parent) {
         if (const int count = rowCount(parent))
-            emit dataChanged(index(0, 0, parent), index(count - 1, 0, parent));
+            Q_EMIT dataChanged(index(0, 0, parent), index(count - 1, 0, parent));
     };
     tell(QModelIndex());
     for (int row = 0; row < int(m_top.size()); ++row)

@@ -105,10 +105,10 @@ qxSetsView::Face qxSetsView::makeFace(QAbstractItemView *view, qxSetsModel *mode
     view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     connect(view, &QAbstractItemView::activated, this, [this] {
         if (!currentSet().isEmpty())
-            emit activated(currentSet());
+            Q_EMIT activated(currentSet());
     });
     connect(view, &QWidget::customContextMenuRequested, this, [this, view](const QPoint &place) {
-        emit menuRequested(view->viewport()->mapToGlobal(place));
+        Q_EMIT menuRequested(view->viewport()->mapToGlobal(place));
     });
     connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &qxSetsView::tellCurrent);
@@ -136,7 +136,7 @@ void qxSetsView::tellCurrent()
     if (now == m_told)
         return;
     m_told = now;
-    emit currentChanged();
+    Q_EMIT currentChanged();
 }
 
 void qxSetsView::showNote()

@@ -65,7 +65,7 @@ protected:
     void changeEvent(QEvent *event) override;
     ///@}
 
-signals:
+Q_SIGNALS:
     /// The user wants to select this set.
     void activated(const QString &set);
     /// Another set or group is current, or its name or group has changed.

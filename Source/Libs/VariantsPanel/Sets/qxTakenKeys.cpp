@@ -138,5 +138,5 @@ void qxTakenKeys::tellChange()
     m_isKnown = false;
     ownerOf(0);
     if (m_owners != before)
-        emit changed();
+        Q_EMIT changed();
 }

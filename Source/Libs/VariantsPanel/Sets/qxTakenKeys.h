@@ -27,7 +27,7 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-signals:
+Q_SIGNALS:
     /// The keys or their users have changed.
     void changed();
 

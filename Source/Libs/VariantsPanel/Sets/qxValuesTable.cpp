@@ -72,5 +72,5 @@ void qxValuesTable::keyPressEvent(QKeyEvent *event)
     if (event->key() != Qt::Key_Delete || currentRow() < 0 || currentRow() == rowCount() - 1)
         return QTableWidget::keyPressEvent(event);
     removeRow(currentRow());
-    emit edited();
+    Q_EMIT edited();
 }

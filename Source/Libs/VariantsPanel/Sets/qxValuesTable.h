@@ -18,7 +18,7 @@ public:
     /// The first key that several rows have; empty when there is none.
     QString doubleKey() const;
 
-signals:
+Q_SIGNALS:
     /// The user changed a pair.
     void edited();
 

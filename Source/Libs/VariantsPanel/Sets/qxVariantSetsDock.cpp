@@ -234,7 +234,7 @@ void qxVariantSetsDock::followSelection()
 void qxVariantSetsDock::selectSet(const QString &name)
 {
     if (qxVariants::findVariantSet(name))
-        emit aboutToSelect();
+        Q_EMIT aboutToSelect();
     qxVariants::selectVariantSet(qxText::toUtf8(name).c_str(), false);
 }
 
@@ -244,7 +244,7 @@ void qxVariantSetsDock::selectOption(const qxVariantKind &kind, const QString &v
     qxVariant *const found = kind.find(variant);
     if (!found)
         return;
-    emit aboutToSelect();
+    Q_EMIT aboutToSelect();
     found->onSelect(option);
 }
 
@@ -373,7 +373,7 @@ void qxVariantSetsDock::makeAllPreviews()
 void qxVariantSetsDock::makePreviewsOf(const QStringList &sets)
 {
     const QStringList selected = m_view->selectedSets();
-    emit previewsWanted(sets);
+    Q_EMIT previewsWanted(sets);
     m_events->flush(); // The cursor follows the sets that are selected; it comes back.
     m_view->selectSets(selected);
 }

@@ -39,7 +39,7 @@ public:
     /// Gives sets these previews, by their names, in one step.
     void setPreviews(const QMap<QString, QByteArray> &previews);
 
-signals:
+Q_SIGNALS:
     /// The user wants pictures of these sets, each as it looks when selected. The receiver must be
     /// able to restore the scene; it calls setPreviews with the pictures.
     void previewsWanted(const QStringList &sets);

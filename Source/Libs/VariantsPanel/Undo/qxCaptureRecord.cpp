@@ -73,7 +73,7 @@ protected:
         // Now that no set holds what the capture wrote.
         forward ? m_variants.redo() : m_variants.undo();
         if (!m_entries.empty())
-            emit qxPanelChanges::the().setsEdited();
+            Q_EMIT qxPanelChanges::the().setsEdited();
         return true;
     }
 

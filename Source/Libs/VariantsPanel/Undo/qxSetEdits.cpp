@@ -285,7 +285,7 @@ QString qxSetEdits::captureSet(const QString &name, const QString &group, qxCapt
         m_stack.push(newGroup.release());
     }
     m_stack.push(record.finish(what, name, std::move(ofSet)).release());
-    emit qxPanelChanges::the().setsEdited();
+    Q_EMIT qxPanelChanges::the().setsEdited();
     return captured ? name : QString();
 }
 
@@ -302,5 +302,5 @@ void qxSetEdits::captureAgain(const QString &set, qxCaptureRecord &record,
         ofSet =
             std::make_unique<qxSetEdit>(QString(), before, qxSetMemento::of(*captured), QString());
     m_stack.push(record.finish(tr("Update \"%1\"").arg(set), set, std::move(ofSet)).release());
-    emit qxPanelChanges::the().setsEdited();
+    Q_EMIT qxPanelChanges::the().setsEdited();
 }

@@ -38,7 +38,7 @@ bool qxSetsPresence::appear()
         placed.push_back({set, part.place});
     }
     qxPlaces::put(std::move(placed));
-    emit qxPanelChanges::the().setsEdited();
+    Q_EMIT qxPanelChanges::the().setsEdited();
     return true;
 }
 
@@ -87,7 +87,7 @@ bool qxSetEdit::perform(bool forward)
     const bool isNameFree = from.name == to.name || !qxVariants::findVariantSet(to.name);
     if (!set || !isNameFree || !qxSetMemento::edit(*set, from, to))
         return false;
-    emit qxPanelChanges::the().setsEdited();
+    Q_EMIT qxPanelChanges::the().setsEdited();
     return true;
 }
 
@@ -109,7 +109,7 @@ bool qxSetsMove::perform(bool forward)
     if (placed.empty())
         return false;
     qxPlaces::put(std::move(placed));
-    emit qxPanelChanges::the().setsEdited();
+    Q_EMIT qxPanelChanges::the().setsEdited();
     return true;
 }
 
@@ -133,7 +133,7 @@ bool qxGroupPresence::perform(bool forward)
     group = qxVariants::createVariantGroup(m_contents.name, false, m_contents.isVisible);
     group->comment = m_contents.comment;
     qxPlaces::put({qxPlaces::PlacedGroup{group, m_contents.index}});
-    emit qxPanelChanges::the().setsEdited();
+    Q_EMIT qxPanelChanges::the().setsEdited();
     return true;
 }
 
@@ -153,7 +153,7 @@ bool qxGroupEdit::perform(bool forward)
     group->name = to.name;
     group->comment = to.comment;
     group->visible = to.isVisible;
-    emit qxPanelChanges::the().setsEdited();
+    Q_EMIT qxPanelChanges::the().setsEdited();
     return true;
 }
 
@@ -172,6 +172,6 @@ bool qxGroupsMove::perform(bool forward)
     if (placed.empty())
         return false;
     qxPlaces::put(placed);
-    emit qxPanelChanges::the().setsEdited();
+    Q_EMIT qxPanelChanges::the().setsEdited();
     return true;
 }

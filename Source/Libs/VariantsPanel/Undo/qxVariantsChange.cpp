@@ -59,7 +59,7 @@ void qxVariantsChange::apply(bool forward) const
             isAny |= edit(*change.kind, changed, forward);
     }
     if (isAny)
-        emit qxPanelChanges::the().variantsEdited();
+        Q_EMIT qxPanelChanges::the().variantsEdited();
 }
 
 bool qxVariantsChange::bring(const Kind &change)

@@ -50,7 +50,7 @@ void qxVariantsDock::selectOption(const QModelIndex &index)
     qxVariant *const variant = m_model->variantAt(first);
     if (!variant || option.isEmpty())
         return m_view->setExpanded(first, !m_view->isExpanded(first));
-    emit aboutToSelect();
+    Q_EMIT aboutToSelect();
     variant->onSelect(option);
 }
 

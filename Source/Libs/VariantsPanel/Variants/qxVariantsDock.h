@@ -17,7 +17,7 @@ public:
     /// A dock for any main window of Qt, which shows the variants of the registry.
     explicit qxVariantsDock(QWidget *parent = nullptr);
 
-signals:
+Q_SIGNALS:
     /// An option is about to be selected by the user.
     void aboutToSelect();
 

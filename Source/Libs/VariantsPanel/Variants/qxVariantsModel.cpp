@@ -92,7 +92,7 @@ QModelIndex qxVariantsModel::indexOf(int kind, const QString &variant) const
 void qxVariantsModel::retranslate()
 {
     showAnew(QModelIndex());
-    emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
 }
 
 QModelIndex qxVariantsModel::index(int row, int column, const QModelIndex &parent) const
@@ -202,7 +202,7 @@ const QString &qxVariantsModel::currentOf(int kind, const Variant &variant) cons
 
 void qxVariantsModel::refresh()
 {
-    emit layoutAboutToBeChanged();
+    Q_EMIT layoutAboutToBeChanged();
     const QModelIndexList kept = persistentIndexList();
     std::vector<Place> places;
     for (const QModelIndex &index : kept)
@@ -212,7 +212,7 @@ void qxVariantsModel::refresh()
     for (const Place &place : places)
         moved.append(indexOf(place));
     changePersistentIndexList(kept, moved);
-    emit layoutChanged();
+    Q_EMIT layoutChanged();
 }
 
 void qxVariantsModel::readVariants()
@@ -272,5 +272,5 @@ void qxVariantsModel::refreshStates()
 void qxVariantsModel::showAnew(const QModelIndex &parent)
 {
     if (const int count = rowCount(parent))
-        emit dataChanged(index(0, 0, parent), index(count - 1, StateColumn, parent));
+        Q_EMIT dataChanged(index(0, 0, parent), index(count - 1, StateColumn, parent));
 }
