@@ -45,7 +45,7 @@ find_package_handle_standard_args(OpenSG HANDLE_VERSION_RANGE VERSION_VAR OpenSG
     REASON_FAILURE_MESSAGE "OPENSG_ROOT is \"${OPENSG_ROOT}\"")
 
 if(OpenSG_FOUND AND NOT TARGET Qx::OpenSG)
-    message(STATUS "OpenSG has to be built with -O1 -fno-devirtualize: with more, current compilers "
+    message(STATUS "OpenSG has to be built with -O1 -fno-devirtualize: with -Ofast, current compilers "
         "break its functors, and walks over the scene do nothing or crash")
     add_library(Qx::OpenSG INTERFACE IMPORTED GLOBAL)
     # Its headers include each other without the folder's name, and they use an old hash header.
