@@ -53,11 +53,6 @@ static void editRing(UInt32 length)
     endEditCP(ring.front());
 }
 
-static void addSecondType()
-{
-    static FieldContainerType second("Group", "NodeCore");
-}
-
 const struct Misuse {
     const char *name;
     void (*commit)();
@@ -76,7 +71,8 @@ const struct Misuse {
     {"IsPutBehindTheEnd", [] { Node::create()->insertChild(1, Node::create()); },
      "beyond the last"},
     {"IsTakenOutOfAPool", [] { MaterialPool::create()->sub(UInt32(0)); }, "no material at this"},
-    {"HasTheNameOfAnotherType", addSecondType, "two types with the name Group"},
+    {"HasTheNameOfAnotherType", [] { FieldContainerType("Group", "NodeCore"); },
+     "two types with the name Group"},
     {"IsMadeBeforeTheStart", [] { Group::createEmpty(); }, "before osgInit", false},
 #ifndef NDEBUG
     {"IsReadInAnotherThread",

@@ -39,14 +39,25 @@ struct Square {
         return at[0][0] * minors.at[0][0] + at[0][1] * minors.at[0][1] + at[0][2] * minors.at[0][2];
     }
 
+    /// That of a rotation. It starts from the largest component, so that no small number divides.
     osg::Quaternion toQuaternion() const
     {
-        osg::Matrix result;
-        for (osg::UInt32 r = 0; r < 3; ++r) {
-            for (osg::UInt32 c = 0; c < 3; ++c)
-                result[c][r] = osg::Real32(at[r][c]);
+        const double trace = at[0][0] + at[1][1] + at[2][2];
+        double q[4] = {at[2][1] - at[1][2], at[0][2] - at[2][0], at[1][0] - at[0][1], 1 + trace};
+        if (trace <= 0) {
+            const int d =
+                at[1][1] > at[0][0] ? (at[2][2] > at[1][1] ? 2 : 1) : (at[2][2] > at[0][0] ? 2 : 0);
+            const int j = (d + 1) % 3, k = (d + 2) % 3;
+            q[3] = q[d];
+            q[d] = 1 + at[d][d] - at[j][j] - at[k][k];
+            q[j] = at[d][j] + at[j][d];
+            q[k] = at[d][k] + at[k][d];
         }
-        return osg::Quaternion(result);
+        const double length = std::sqrt(q[0] * q[0] + q[1] * q[1] + q[2] * q[2] + q[3] * q[3]);
+        osg::Quaternion result;
+        result.setValueAsQuat(float(q[0] / length), float(q[1] / length), float(q[2] / length),
+                              float(q[3] / length));
+        return result;
     }
 };
 
