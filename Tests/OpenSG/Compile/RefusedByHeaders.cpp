@@ -1,6 +1,7 @@
 // What a header does not give; each marked line is refused on its own.
 #include <OpenSG/OSGConfig.h>
 osg::UInt32 beforeTypes = 0; // refused
+static_assert(__has_include(<OpenSG/OSGCPEditor.h>), ""); // refused
 #include <OpenSG/OSGThread.h>
 bool withoutList = osg::Thread::getCurrentChangeList()->empty(); // refused
 #include <OpenSG/OSGNode.h>

@@ -2,6 +2,7 @@
 #include <OpenSG/OSGAction.h>
 #include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGComponentTransform.h>
+#include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGMaterialPool.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGNodePtr.h>
@@ -51,6 +52,11 @@ void containers(FieldContainerPtr any, ComponentTransformPtr component, Material
 
 void mathematics(Vec3f vector, Matrix matrix, Quaternion turn, Color3f rgb, Color4f rgba)
 {
+    Pnt3f point = {1, 2, 3};
+    point = {1, 2, 3}; // refused
+    point = Pnt3f(0); // refused
+    vector = {1, 2, 3};
+    point = vector; // refused
     vector.x() = 1; // refused
     vector = vector / 2.f; // refused
     matrix = matrix * matrix; // refused
@@ -72,6 +78,29 @@ void pointers(NodePtr a, SwitchPtr s, NodeCorePtr c, FieldContainerPtr f, Node *
     NodePtr implicit = raw; // refused
     NodeRefPtr holder = a; // refused
     NodeCorePtr core = a.getCore(); // refused
+}
+
+// Only these have no typedef Ptr.
+NodeCore::Ptr *core; // refused
+AttachmentContainer::Ptr *container; // refused
+Name::Ptr *name; // refused
+GeoPositions3f::Ptr *positions; // refused
+Name::PtrType *namePtr;
+GeoPositions3f::PtrType *positionsPtr;
+
+void properties(GeoIndicesPtr any, GeoIndicesUI16Ptr exact)
+{
+    any->insertValue(1, 0); // refused
+    exact->insertValue(1, 0);
+}
+
+void types(const FieldContainerPtr &made)
+{
+    const auto capturing = [made] { return made; };
+    const std::function<FieldContainerPtr()> any;
+    FieldContainerType a("A", "Group", NULL, [] { return FieldContainerPtr(); });
+    FieldContainerType b("B", "Group", NULL, capturing); // refused
+    FieldContainerType c("C", "Group", NULL, any); // refused
 }
 
 void fields(SFUInt32 a, SFUInt32 b, MFUInt32 m, MFUInt32 n)

@@ -13,9 +13,9 @@
 
 /// A new container of class T that lives as long as the test holds it.
 template <class T>
-osg::RefPtr<typename T::Ptr> held()
+auto held()
 {
-    return osg::RefPtr<typename T::Ptr>(T::create());
+    return osg::RefPtr<decltype(T::create())>(T::create());
 }
 
 /// Whether the container that had this id still exists.

@@ -90,7 +90,7 @@ TEST_F(Edits, OfMasksComponentsAndNamesReachWhatDependsOnThem)
     forgetRecords();
     setName(child, "other name");
     const auto name = child->findAttachment(Name::getClassType());
-    EXPECT_GE(timesRecorded(name, Name::SimpleFieldMask), 1u);
+    EXPECT_GE(timesRecorded(name, FieldBits::AllFields), 1u);
 }
 
 TEST_F(Edits, OfNullAndThoseInAReadOnlyListAreNotRecorded)

@@ -69,6 +69,35 @@ TEST(Images, CorrectTheirSizesAndHaveTheBytesAndTheNumberOfTheirFormat)
     EXPECT_EQ(Image::OSG_INVALID_PF, 0);
 }
 
+TEST(Images, TakeBrightnessForAlphaAndLoseTheirPixelsFromAndToThoseWithBlueFirst)
+{
+    using Bytes = std::vector<UInt8>;
+    const UInt8 pixel[] = {10, 20, 60, 40};
+    const struct {
+        Image::PixelFormat from, to;
+        Bytes expected;
+    } rows[] = {
+        {Image::OSG_A_PF, Image::OSG_LA_PF, {10, 10}},
+        {Image::OSG_L_PF, Image::OSG_RGBA_PF, {10, 10, 10, 10}},
+        {Image::OSG_LA_PF, Image::OSG_A_PF, {20}},
+        {Image::OSG_RGB_PF, Image::OSG_RGBA_PF, {10, 20, 60, 30}},
+        {Image::OSG_RGB_PF, Image::OSG_A_PF, {30}},
+        {Image::OSG_RGBA_PF, Image::OSG_LA_PF, {30, 40}},
+        {Image::OSG_RGBA_PF, Image::OSG_RGB_PF, {10, 20, 60}},
+        {Image::OSG_BGR_PF, Image::OSG_RGB_PF, {0, 0, 0}},
+        {Image::OSG_RGBA_PF, Image::OSG_BGRA_PF, {0, 0, 0, 0}},
+    };
+    for (const auto &row : rows) {
+        const auto image = held<Image>(), other = held<Image>();
+        image->set(row.from, 1, 1, 1, 1, 1, 0.0, pixel);
+        EXPECT_FALSE(image->reformat(row.from)) << row.from; // It is in this format.
+        EXPECT_TRUE(image->reformat(row.to, other.get()) && image->reformat(row.to));
+        for (const auto &each : {image, other})
+            EXPECT_EQ(Bytes(each->getData(), each->getData() + each->getSize()), row.expected)
+                << row.from << " " << row.to;
+    }
+}
+
 TEST(Images, AreCopiedReformattedAndScaled)
 {
     const auto image = held<Image>(), copy = held<Image>();

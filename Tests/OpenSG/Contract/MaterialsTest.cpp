@@ -74,6 +74,7 @@ TEST_F(SwitchMaterials, LookLikeTheirCurrentMaterial)
     EXPECT_FALSE(passes->hasMaterial(m_red.get()));
     passes->subMaterial(m_glass.get());
     EXPECT_TRUE(passes->isMultiPass() && passes->getNPasses() == 0);
+    EXPECT_TRUE(warns([&] { EXPECT_EQ(passes->getState(), NullFC); }));
 }
 
 TEST_F(SwitchMaterials, StandInAPoolOnce)
@@ -126,6 +127,34 @@ TEST(SimpleMaterials, StartBlackOpaqueAndLit)
     EXPECT_EQ(NullMaterial, NullFC);
     EXPECT_NE(SimpleMaterialPtr::dcast(getDefaultMaterial()), NullFC);
     EXPECT_EQ(getDefaultMaterial(), getDefaultMaterial());
+    EXPECT_EQ(SimpleMaterialPtr::dcast(getDefaultMaterial())->getDiffuse(), Color3f(.7f, .7f, .5f));
+}
+
+TEST(Transparency, IsForcedOnButNotOff)
+{
+    const auto glass = held<SimpleMaterial>();
+    const auto chunks = held<ChunkMaterial>();
+    const auto decal = held<SimpleTexturedMaterial>();
+    const auto passes = held<MultiPassMaterial>();
+    const auto image = held<Image>();
+    const MaterialChunkPtr clear = MaterialChunk::create();
+    EXPECT_EQ(clear->getShininess(), 10);
+    glass->setTransparency(0.5f);
+    clear->setDiffuse(Color4f(1, 1, 1, 0.5f));
+    chunks->addChunk(clear);
+    image->set(Image::OSG_RGBA_PF, 1, 1);
+    decal->setImage(image.get());
+    passes->addMaterial(glass.get());
+    const std::pair<MaterialPtr, bool> rows[] = {
+        {glass, true}, {decal, true}, {chunks, false}, {passes, false}};
+    for (const auto &[material, isStill] : rows) {
+        EXPECT_TRUE(material->isTransparent());
+        material->setTransparencyMode(Material::TransparencyForceOpaque);
+        EXPECT_EQ(material->isTransparent(), isStill) << material->getTypeName();
+    }
+    const auto opaque = held<SimpleMaterial>();
+    opaque->setTransparencyMode(Material::TransparencyForceTransparent);
+    EXPECT_TRUE(opaque->isTransparent());
 }
 
 TEST(SimpleTexturedMaterials, ReferToTheirImageWhenTheEditEnds)
@@ -154,24 +183,15 @@ TEST(ChunkMaterials, AnswerTheRemovalOfAChunkWithFalse)
     EXPECT_EQ(colours.get().getRefCount(), 1);
 }
 
-/// Gives it a material in a switch material, then that material alone, which nobody else holds.
-template <class Owner>
-bool survivesExchange()
+TEST(MaterialOwners, TakeTheMaterialThatTheyHaveAndGroupsOneThatOnlyTheOldOneHolds)
 {
-    const auto owner = held<Owner>();
+    const auto owner = held<MaterialGroup>();
     const SwitchMaterialPtr around = SwitchMaterial::create();
-    const MaterialPtr inner = SimpleMaterial::create();
-    const UInt32 id = inner.getFieldContainerId();
-    around->addMaterial(inner);
+    around->addMaterial(SimpleMaterial::create());
+    const MaterialPtr inner = around->getMaterial(0);
     owner->setMaterial(around);
     owner->setMaterial(inner);
-    return isAlive(id);
-}
-
-TEST(MaterialOwners, DifferInWhetherTheyHoldTheNewMaterialFirst)
-{
-    EXPECT_TRUE(survivesExchange<MaterialGroup>());
-    EXPECT_FALSE(survivesExchange<Geometry>());
+    EXPECT_EQ(inner.getRefCount(), 1);
     const auto geometry = held<Geometry>();
     geometry->setMaterial(SimpleMaterial::create());
     geometry->setMaterial(geometry->getMaterial());

@@ -18,7 +18,7 @@ static void expectCounted(const char *how, Give give)
 {
     const auto thing = held<Thing>();
     auto owner = held<Owner>();
-    typename Thing::Ptr given = thing.get();
+    auto given = thing.get();
     give(owner.get(), given);
     give(owner.get(), given);
     EXPECT_EQ(given.getRefCount(), 2) << how;
@@ -27,8 +27,7 @@ static void expectCounted(const char *how, Give give)
 }
 
 #define EXPECT_COUNTED(Owner, Thing, call) \
-    expectCounted<Owner, Thing>(#call, \
-                                [](const Owner::Ptr &owner, Thing::Ptr &thing) { owner->call; })
+    expectCounted<Owner, Thing>(#call, [](const auto &owner, auto &thing) { owner->call; })
 
 static std::string counts(const NodeRefPtr &first, const NodeRefPtr &second)
 {

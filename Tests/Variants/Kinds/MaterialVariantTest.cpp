@@ -109,6 +109,17 @@ TEST_F(MaterialVariantTest, MaterialsAreAddedOnceButAnnouncedEachTime)
     EXPECT_EQ(notifications.lines(), Texts(3, "1 updateMaterials"));
 }
 
+TEST_F(MaterialVariantTest, AMaterialThatHoldsTheSwitchMaterialIsNotPutIntoIt)
+{
+    const TestMaterial finish = scene.addSwitchMaterial("Finish", {"Red"});
+    const TestMaterial coat = scene.addSwitchMaterial("Coat", {"Finish", "Blue"});
+    qxMaterialVariant variant(finish.material());
+    variant.add(coat, "");
+    variant.add(finish, "");
+    EXPECT_EQ(finish.held(), Texts({"Red"}));
+    EXPECT_EQ(textsOf(variant.options), stepsAnd({"Red", "Coat", "Finish"}));
+}
+
 TEST_F(MaterialVariantTest, RemovingByNameSkipsTheTwinThatMovesUp)
 {
     const TestMaterial finish = scene.addSwitchMaterial("Finish", {"A", "B", "Blue", "C"});

@@ -80,7 +80,7 @@ TEST_F(ClippingAnswersTest, NumbersThatAnAnswerLacksAreZero)
         {"1 " + std::string(100000, 'x') + " 2 , 3", {1, 2, 3}},
     };
     for (const auto &each : cases) {
-        set.analyzer.clipPlanePosition = {7, 7, 7};
+        set.analyzer.clipPlanePosition = osg::Pnt3f(7, 7, 7);
         set.analyzer.clipContourColor = {7, 7, 7};
         answer("getClippingPlanePosition", each.printed);
         answer("getClippingContourColor", each.printed);

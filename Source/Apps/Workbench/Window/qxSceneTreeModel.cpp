@@ -3,8 +3,6 @@
 #include "qxController.h"
 #include "qxNames.h"
 
-#include <OpenSG/OSGCPEditor.h>
-
 #include <QHash>
 #include <QTextDocument>
 

@@ -1,27 +1,14 @@
 #include "Materials/qxMaterialNames.h"
 
+#include "qxMaterialParts.h"
 #include "qxMaterials.h"
 
 #include <OpenSG/OSGFieldContainerFactory.h>
-#include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSimpleAttachments.h>
-#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <algorithm>
 
 namespace {
-
-/// The materials that a switch or a multi-pass material is made of.
-std::vector<osg::MaterialPtr> contentsOf(const osg::MaterialPtr &material)
-{
-    const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
-    if (choices != osg::NullFC)
-        return {choices->getMFMaterials()->begin(), choices->getMFMaterials()->end()};
-    const osg::MultiPassMaterialPtr passes = osg::MultiPassMaterialPtr::dcast(material);
-    if (passes != osg::NullFC)
-        return {passes->getMFMaterials()->begin(), passes->getMFMaterials()->end()};
-    return {};
-}
 
 osg::UInt32 nameIdOf(const osg::MaterialPtr &material)
 {
@@ -170,7 +157,7 @@ bool qxMaterialNames::followContents(std::size_t index)
     Known &known = m_known[index];
     if (!lives(known.id) || !followName(index))
         return false;
-    const std::vector<osg::MaterialPtr> now = contentsOf(known.material);
+    const std::vector<osg::MaterialPtr> now = qxMaterialParts::of(known.material);
     const std::size_t before = known.contents.size();
     if (now.size() < before
         || !std::equal(known.contents.begin(), known.contents.end(), now.begin()))
@@ -265,7 +252,7 @@ std::size_t qxMaterialNames::add(const osg::MaterialPtr &material)
     const std::string name = qxMaterials::getName(material);
     if (!name.empty())
         m_byName[name].push_back(index);
-    const std::vector<osg::MaterialPtr> contents = contentsOf(material);
+    const std::vector<osg::MaterialPtr> contents = qxMaterialParts::of(material);
     m_known.push_back({material, id, nameId, name, contents});
     for (const osg::MaterialPtr &contained : contents) {
         if (contained != osg::NullFC)
@@ -292,7 +279,7 @@ bool qxMaterialNames::isStill(const Known &known) const
 {
     return lives(known.id) && nameIdOf(known.material) == known.nameId
         && qxMaterials::getName(known.material) == known.name
-        && contentsOf(known.material) == known.contents;
+        && qxMaterialParts::of(known.material) == known.contents;
 }
 
 bool qxMaterialNames::areStill(const Places &found, std::size_t wanted) const

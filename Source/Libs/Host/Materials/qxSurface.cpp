@@ -1,6 +1,6 @@
 #include "Materials/qxSurface.h"
 
-#include "Materials/OSGSurface.h"
+#include "Materials/OSGSurfaceProperties.h"
 
 #include <algorithm>
 #include <tuple>
@@ -10,8 +10,8 @@ qxSurface qxSurface::of(const osg::MaterialPtr &material)
     qxSurface surface;
     if (material == osg::NullFC)
         return surface;
-    const osg::SurfacePtr stored =
-        osg::SurfacePtr::dcast(material->findAttachment(osg::Surface::getClassType()));
+    const osg::SurfacePropertiesPtr stored = osg::SurfacePropertiesPtr::dcast(
+        material->findAttachment(osg::SurfaceProperties::getClassType()));
     if (stored == osg::NullFC || stored->getFactors().size() < 4)
         return surface;
     surface.metallic = stored->getFactors()[0];
@@ -32,7 +32,7 @@ qxSurface qxSurface::of(const osg::MaterialPtr &material)
 
 void qxSurface::setTo(const osg::MaterialPtr &material) const
 {
-    const osg::SurfacePtr stored = osg::Surface::create();
+    const osg::SurfacePropertiesPtr stored = osg::SurfaceProperties::create();
     {
         const osg::CPEditor edit(stored);
         for (const float factor : {metallic, roughness, alphaCutoff, emissiveStrength})

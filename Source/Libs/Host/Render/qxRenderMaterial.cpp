@@ -1,6 +1,6 @@
 #include "Render/qxRenderMaterial.h"
 
-#include "Materials/OSGSurface.h"
+#include "Materials/OSGSurfaceProperties.h"
 
 #include <OpenSG/OSGMaterialChunk.h>
 #include <OpenSG/OSGMultiPassMaterial.h>
@@ -49,7 +49,7 @@ void readHighlight(qxRenderLayer &layer, float shininess)
 
 void readSurface(qxRenderLayer &layer, const osg::MaterialPtr &material)
 {
-    if (material->findAttachment(osg::Surface::getClassType()) == osg::NullFC)
+    if (material->findAttachment(osg::SurfaceProperties::getClassType()) == osg::NullFC)
         return;
     const qxSurface surface = qxSurface::of(material);
     layer.metallic = unit(surface.metallic);

@@ -9,9 +9,9 @@ FieldDescription *OverlayCore::_desc[] = {
     new FieldDescription(SFUInt32::getClassType(), "layer", LayerFieldId, LayerFieldMask, false,
                          (FieldAccessMethod)&OverlayCore::getSFLayer)};
 
-FieldContainerType OverlayCore::_type("OverlayCore", "Group", NULL,
-                                      (PrototypeCreateF)&OverlayCore::createEmpty, NULL, _desc,
-                                      sizeof(_desc));
+FieldContainerType OverlayCore::_type(
+    "OverlayCore", "Group", NULL, [] { return FieldContainerPtr(OverlayCore::createEmpty()); },
+    NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(OverlayCore, OverlayCorePtr)
 

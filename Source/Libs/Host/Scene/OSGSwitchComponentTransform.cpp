@@ -15,10 +15,10 @@ FieldDescription *SwitchComponentTransform::_desc[] = {
     new FieldDescription(MFMatrix::getClassType(), "states", StatesFieldId, StatesFieldMask, false,
                          (FieldAccessMethod)&SwitchComponentTransform::getMFStates)};
 
-FieldContainerType
-    SwitchComponentTransform::_type("SwitchComponentTransform", "ComponentTransform", NULL,
-                                    (PrototypeCreateF)&SwitchComponentTransform::createEmpty, NULL,
-                                    _desc, sizeof(_desc));
+FieldContainerType SwitchComponentTransform::_type(
+    "SwitchComponentTransform", "ComponentTransform", NULL,
+    [] { return FieldContainerPtr(SwitchComponentTransform::createEmpty()); }, NULL, _desc,
+    sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(SwitchComponentTransform, SwitchComponentTransformPtr)
 

@@ -17,9 +17,9 @@ FieldDescription *TransformStates::_desc[] = {
     new FieldDescription(SFInt32::getClassType(), "selected", SelectedFieldId, SelectedFieldMask,
                          false, (FieldAccessMethod)&TransformStates::getSFSelected)};
 
-FieldContainerType TransformStates::_type("TransformStates", "Attachment", "TransformStates",
-                                          (PrototypeCreateF)&TransformStates::createEmpty, NULL,
-                                          _desc, sizeof(_desc));
+FieldContainerType TransformStates::_type(
+    "TransformStates", "Attachment", "TransformStates",
+    [] { return FieldContainerPtr(TransformStates::createEmpty()); }, NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(TransformStates, TransformStatesPtr)
 

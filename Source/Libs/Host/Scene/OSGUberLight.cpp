@@ -25,9 +25,9 @@ FieldDescription *UberLight::_desc[] = {
                          OuterAngleFieldMask, false,
                          (FieldAccessMethod)&UberLight::getSFOuterAngle)};
 
-FieldContainerType UberLight::_type("UberLight", "Light", NULL,
-                                    (PrototypeCreateF)&UberLight::createEmpty, NULL, _desc,
-                                    sizeof(_desc));
+FieldContainerType UberLight::_type(
+    "UberLight", "Light", NULL, [] { return FieldContainerPtr(UberLight::createEmpty()); }, NULL,
+    _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(UberLight, UberLightPtr)
 

@@ -1,5 +1,7 @@
 #include "Scene/qxTransformStates.h"
 
+#include "Scene/qxPoseParts.h"
+
 #include <OpenSG/OSGRefPtr.h>
 
 #include <algorithm>
@@ -88,15 +90,8 @@ bool qxTransformStates::isInSelected(const osg::NodePtr &node)
 void qxTransformStates::setPose(const osg::ComponentTransformPtr &transform,
                                 const osg::Matrix &pose)
 {
-    osg::Vec3f translation;
-    osg::Quaternion rotation;
-    osg::Vec3f scale;
-    osg::Quaternion scaleOrientation;
-    pose.getTransform(translation, rotation, scale, scaleOrientation);
-    osg::Matrix together;
-    together.setTransform(translation, rotation, scale, scaleOrientation);
-    if (!std::all_of(together.getValues(), together.getValues() + 16,
-                     [](osg::Real32 number) { return std::isfinite(number); }))
+    const qxPoseParts parts(pose);
+    if (!parts.isFinite())
         return;
 
     typedef osg::ComponentTransform Fields;
@@ -104,10 +99,10 @@ void qxTransformStates::setPose(const osg::ComponentTransformPtr &transform,
                              Fields::TranslationFieldMask | Fields::RotationFieldMask
                                  | Fields::ScaleFieldMask | Fields::ScaleOrientationFieldMask
                                  | Fields::CenterFieldMask);
-    transform->setTranslation(translation);
-    transform->setRotation(rotation);
-    transform->setScale(scale);
-    transform->setScaleOrientation(scaleOrientation);
+    transform->setTranslation(parts.translation);
+    transform->setRotation(parts.rotation);
+    transform->setScale(parts.scale);
+    transform->setScaleOrientation(parts.scaleOrientation);
     transform->setCenter(osg::Vec3f(0, 0, 0));
 }
 

@@ -2,8 +2,6 @@
 
 #include <OpenSG/OSGAttachment.h>
 
-#include "OSGWarning.h"
-
 #include <algorithm>
 
 namespace osg {
@@ -74,10 +72,8 @@ void AttachmentContainer::subAttachment(const AttachmentPtr &attachment, UInt16 
         return;
     AttachmentMap &attachments = _sfAttachments.getValue();
     const auto found = findEntry(attachments, attachmentKey(attachment->getGroupId(), binding));
-    if (found == attachments.end() || found->second != attachment) {
-        warn("AttachmentContainer::subAttachment: not an attachment of this container");
+    if (found == attachments.end() || found->second != attachment)
         return;
-    }
     attachment->subParent(FieldContainerPtr(this));
     subRefCP(attachment);
     attachments.erase(found);

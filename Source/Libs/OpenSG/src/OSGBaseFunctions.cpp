@@ -11,6 +11,7 @@ namespace osg {
 bool osgInit(Int32, Char8 **)
 {
     static bool started = false;
+    isLibraryThread = true;
     FieldContainerFactory::the()->initializePendingTypes();
     if (started)
         return true;

@@ -8,9 +8,9 @@ OSG_FIELD_MASK(ChunkMaterial, Slots)
 FieldDescription *ChunkMaterial::_desc[] = {OSG_MF_DESC(ChunkMaterial, Chunks, "chunks", false),
                                             OSG_MF_DESC(ChunkMaterial, Slots, "slots", false)};
 
-FieldContainerType ChunkMaterial::_type("ChunkMaterial", "Material", NULL,
-                                        (PrototypeCreateF)&ChunkMaterial::createEmpty, NULL, _desc,
-                                        sizeof(_desc));
+FieldContainerType ChunkMaterial::_type(
+    "ChunkMaterial", "Material", NULL,
+    [] { return FieldContainerPtr(ChunkMaterial::createEmpty()); }, NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(ChunkMaterial, ChunkMaterialPtr)
 

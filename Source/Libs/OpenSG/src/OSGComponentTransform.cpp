@@ -15,9 +15,10 @@ FieldDescription *ComponentTransform::_desc[] = {
     OSG_SF_DESC(ComponentTransform, ScaleOrientation, "scaleOrientation", false),
     OSG_SF_DESC(ComponentTransform, Translation, "translation", false)};
 
-FieldContainerType ComponentTransform::_type("ComponentTransform", "Transform", NULL,
-                                             (PrototypeCreateF)&ComponentTransform::createEmpty,
-                                             NULL, _desc, sizeof(_desc));
+FieldContainerType ComponentTransform::_type(
+    "ComponentTransform", "Transform", NULL,
+    [] { return FieldContainerPtr(ComponentTransform::createEmpty()); }, NULL, _desc,
+    sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(ComponentTransform, ComponentTransformPtr)
 

@@ -4,6 +4,8 @@
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGNodeCore.h>
 
+#include "OSGWarning.h"
+
 #include <algorithm>
 
 namespace osg {
@@ -22,6 +24,7 @@ FieldContainerFactory::FieldContainerFactory()
 
 bool FieldContainerFactory::initializePendingTypes()
 {
+    m_started = true;
     // First all parents and fields, then objects: a prototype may be of any type.
     bool complete = true;
     for (FieldContainerType *type : m_types)
@@ -80,16 +83,14 @@ AttachmentPtr FieldContainerFactory::createAttachment(const Char8 *typeName) con
 void FieldContainerFactory::registerType(FieldContainerType *type)
 {
     m_types.push_back(type);
-    // Of two types with one name the first is found.
-    m_typesByName.emplace(type->getCName(), type);
+    if (!m_typesByName.emplace(type->getCName(), type).second)
+        fail(std::string("there are two types with the name ") + type->getCName());
 }
 
 void FieldContainerFactory::unregisterType(FieldContainerType *type)
 {
     m_types.erase(std::find(m_types.begin(), m_types.end(), type));
-    const auto named = m_typesByName.find(type->getCName());
-    if (named != m_typesByName.end() && named->second == type)
-        m_typesByName.erase(named);
+    m_typesByName.erase(type->getCName());
 }
 
 UInt16 FieldContainerFactory::registerGroup(const Char8 *name)
@@ -99,6 +100,8 @@ UInt16 FieldContainerFactory::registerGroup(const Char8 *name)
 
 UInt32 FieldContainerFactory::registerContainer(FieldContainer *container)
 {
+    if (!m_started)
+        fail("a container is made before osgInit()");
     const UInt32 id = m_nextId++;
     const UInt32 page = id / Page::Size;
     if (page >= m_pages.size())

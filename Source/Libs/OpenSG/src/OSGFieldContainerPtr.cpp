@@ -5,6 +5,8 @@
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGThread.h>
 
+#include "OSGWarning.h"
+
 #include <limits>
 #include <ostream>
 
@@ -71,7 +73,7 @@ void setRefdCP(FieldContainerPtrBase &target, const FieldContainerPtrBase &value
     const UInt32 id = value ? value.getFieldContainerId() : 0;
     subRefCP(target);
     if (id != 0 && !FieldContainerFactory::the()->getContainer(id))
-        value.m_object = nullptr; // gone together with the old value
+        fail("setRefdCP: the new value went with the old one, which alone held it");
     target = value;
     addRefCP(target);
 }

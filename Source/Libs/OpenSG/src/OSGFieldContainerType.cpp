@@ -15,7 +15,7 @@ FieldContainerType::FieldContainerType(const Char8 *name, const Char8 *parentNam
                                        UInt32 bytesOfDescs, bool)
     : DataType(name, parentName),
       m_groupId(FieldContainerFactory::the()->registerGroup(groupName ? groupName : name)),
-      m_createPrototype(std::move(createPrototype)), m_ownDescs(descs),
+      m_createPrototype(createPrototype), m_ownDescs(descs),
       m_ownDescCount(bytesOfDescs / sizeof(FieldDescription *))
 {
     FieldContainerFactory::the()->registerType(this);

@@ -8,14 +8,20 @@ namespace osg {
 
 namespace {
 
-/// The face normals of a geometry, by position and by vertex. Their length is twice the face's
-/// area, so that large faces count more.
+Vec3f unit(Vec3f vector)
+{
+    vector.normalize();
+    return vector;
+}
+
+/// The face normals of a geometry, by position and by vertex. Small faces count like large ones.
 struct FaceNormals {
     explicit FaceNormals(const Geometry &geometry)
     {
         for (TriangleIterator it = geometry.beginTriangles(); !it.isAtEnd(); ++it) {
             const Pnt3f origin = it.getPosition(0);
-            const Vec3f normal = (it.getPosition(1) - origin).cross(it.getPosition(2) - origin);
+            const Vec3f normal =
+                unit((it.getPosition(1) - origin).cross(it.getPosition(2) - origin));
             for (Int32 k = 0; k < 3; ++k) {
                 atPosition[UInt32(it.getPositionIndex(k))].push_back(normal);
                 const auto vertex = atVertex.emplace(it.getVertexIndex(k), Vec3f()).first;
@@ -30,18 +36,12 @@ struct FaceNormals {
     std::map<UInt32, UInt32> positionOf;
 };
 
-Vec3f unit(Vec3f vector)
-{
-    vector.normalize();
-    return vector;
-}
-
 /// The mean of those of \a normals that are inclined to \a own by less than the angle.
 Vec3f meanNear(const std::vector<Vec3f> &normals, const Vec3f &own, Real32 cosine)
 {
     Vec3f sum;
     for (const Vec3f &normal : normals) {
-        if (unit(normal).dot(own) > cosine)
+        if (normal.dot(own) > cosine)
             sum += normal;
     }
     return sum.squareLength() > 0 ? unit(sum) : own;

@@ -59,15 +59,15 @@ const FieldContainerType &GeoProperty<Desc>::getType() const
 }
 
 template <class Desc>
-typename GeoProperty<Desc>::Ptr GeoProperty<Desc>::create()
+typename GeoProperty<Desc>::PtrType GeoProperty<Desc>::create()
 {
-    return FieldContainer::createFrom<Ptr>(_type);
+    return FieldContainer::createFrom<PtrType>(_type);
 }
 
 template <class Desc>
-typename GeoProperty<Desc>::Ptr GeoProperty<Desc>::createEmpty()
+typename GeoProperty<Desc>::PtrType GeoProperty<Desc>::createEmpty()
 {
-    return FieldContainer::createDefault<Ptr>();
+    return FieldContainer::createDefault<PtrType>();
 }
 
 template <class Desc>
@@ -101,9 +101,12 @@ void GeoProperty<Desc>::addValue(const GenericType &value)
 }
 
 template <class Desc>
-void GeoProperty<Desc>::insertValue(const GenericType &value, const UInt32 index)
+bool GeoProperty<Desc>::insertValue(const GenericType &value, const UInt32 index)
 {
+    if (index > m_field.size())
+        return false;
     m_field.insert(m_field.begin() + index, convertTo<StoredType>(value));
+    return true;
 }
 
 template <class Desc>
@@ -137,8 +140,9 @@ OSG_GEO_KIND_CODE(GeoPLengths)
         StoredFieldType::getClassType(), "geoPropData", NAME::GeoPropDataFieldId, \
         NAME::GeoPropDataFieldMask, false, (FieldAccessMethod)&NAME::getFieldPtr)}; \
     template <> \
-    FieldContainerType NAME::_type(#NAME, #KIND, #KIND, (PrototypeCreateF)&NAME::createEmpty, \
-                                   NULL, _desc, sizeof(_desc)); \
+    FieldContainerType NAME::_type( \
+        #NAME, #KIND, #KIND, [] { return FieldContainerPtr(NAME::createEmpty()); }, NULL, _desc, \
+        sizeof(_desc)); \
     template class GeoProperty<NAME##Desc>;
 
 OSG_GEO_FORMAT_CODE(GeoPositions3f, GeoPositions)

@@ -42,9 +42,9 @@ FieldDescription *Geometry::_desc[] = {
     OSG_MF_DESC(Geometry, IndexMapping, "indexMapping", false),
     OSG_SF_DESC(Geometry, DlistCache, "dlistCache", false)};
 
-FieldContainerType Geometry::_type("Geometry", "MaterialDrawable", NULL,
-                                   (PrototypeCreateF)&Geometry::createEmpty, NULL, _desc,
-                                   sizeof(_desc));
+FieldContainerType Geometry::_type(
+    "Geometry", "MaterialDrawable", NULL, [] { return FieldContainerPtr(Geometry::createEmpty()); },
+    NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(Geometry, GeometryPtr)
 

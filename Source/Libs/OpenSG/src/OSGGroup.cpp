@@ -2,7 +2,8 @@
 
 namespace osg {
 
-FieldContainerType Group::_type("Group", "NodeCore", NULL, (PrototypeCreateF)&Group::createEmpty);
+FieldContainerType Group::_type("Group", "NodeCore", NULL,
+                                [] { return FieldContainerPtr(Group::createEmpty()); });
 
 OSG_FIELD_CONTAINER_DEF(Group, GroupPtr)
 

@@ -1,7 +1,5 @@
 #include <OpenSG/OSGImage.h>
 
-#include "OSGWarning.h"
-
 namespace osg {
 
 OSG_FIELD_MASK(Image, Name)
@@ -30,8 +28,9 @@ FieldDescription *Image::_desc[] = {OSG_SF_DESC(Image, Name, "name", false),
                                     OSG_SF_DESC(Image, DataType, "dataType", false),
                                     OSG_SF_DESC(Image, SideCount, "sideCount", false)};
 
-FieldContainerType Image::_type("Image", "AttachmentContainer", NULL,
-                                (PrototypeCreateF)&Image::createEmpty, NULL, _desc, sizeof(_desc));
+FieldContainerType Image::_type(
+    "Image", "AttachmentContainer", NULL, [] { return FieldContainerPtr(Image::createEmpty()); },
+    NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(Image, ImagePtr)
 
@@ -71,25 +70,32 @@ UInt32 bytesOf(Int32 dataType)
     }
 }
 
+// Only what follows is converted between formats; not what has blue first.
+bool isConverted(UInt32 format)
+{
+    return format != Image::OSG_BGR_PF && format != Image::OSG_BGRA_PF;
+}
+
 struct Pixel {
     UInt8 red, green, blue, alpha;
 };
+
+// Stands for brightness and, where there is none, for alpha.
+UInt8 mean(const UInt8 *rgb)
+{
+    return UInt8((rgb[0] + rgb[1] + rgb[2]) / 3);
+}
 
 Pixel readPixel(const UInt8 *p, UInt32 format)
 {
     switch (format) {
     case Image::OSG_A_PF:
-        return {255, 255, 255, p[0]};
     case Image::OSG_L_PF:
-        return {p[0], p[0], p[0], 255};
+        return {p[0], p[0], p[0], p[0]};
     case Image::OSG_LA_PF:
         return {p[0], p[0], p[0], p[1]};
     case Image::OSG_RGB_PF:
-        return {p[0], p[1], p[2], 255};
-    case Image::OSG_BGR_PF:
-        return {p[2], p[1], p[0], 255};
-    case Image::OSG_BGRA_PF:
-        return {p[2], p[1], p[0], p[3]};
+        return {p[0], p[1], p[2], mean(p)};
     default:
         return {p[0], p[1], p[2], p[3]};
     }
@@ -97,24 +103,20 @@ Pixel readPixel(const UInt8 *p, UInt32 format)
 
 void writePixel(const Pixel &pixel, UInt8 *p, UInt32 format)
 {
-    // Green looks brightest, blue darkest.
-    const UInt8 luminance = UInt8((pixel.red * 30 + pixel.green * 59 + pixel.blue * 11) / 100);
-    const bool isReversed = format == Image::OSG_BGR_PF || format == Image::OSG_BGRA_PF;
+    const UInt8 rgb[] = {pixel.red, pixel.green, pixel.blue};
     switch (componentsOf(format)) {
     case 1:
-        p[0] = format == Image::OSG_A_PF ? pixel.alpha : luminance;
+        p[0] = format == Image::OSG_A_PF ? pixel.alpha : mean(rgb);
         return;
     case 2:
-        p[0] = luminance;
+        p[0] = mean(rgb);
         p[1] = pixel.alpha;
         return;
     case 4:
         p[3] = pixel.alpha;
         [[fallthrough]];
     default:
-        p[0] = isReversed ? pixel.blue : pixel.red;
-        p[1] = pixel.green;
-        p[2] = isReversed ? pixel.red : pixel.blue;
+        std::copy(rgb, rgb + 3, p);
     }
 }
 
@@ -135,10 +137,8 @@ bool Image::set(UInt32 pixelFormat, Int32 width, Int32 height, Int32 depth, Int3
     setPixelFormat(pixelFormat);
     setDataType(type);
     setBpp(Int32(getComponents() * bytesOf(type)));
-    if (getBpp() == 0) {
-        warn("Image::set: unknown pixel format or data type");
+    if (getBpp() == 0)
         return false;
-    }
     _mfPixel.resize(allocMem ? getSize() : 0);
     return !data || !allocMem || setData(data);
 }
@@ -224,9 +224,12 @@ bool Image::reformat(const PixelFormat pixelFormat, ImagePtr destination)
     const UInt32 components = componentsOf(pixelFormat);
     if (!isValid() || getDataType() != OSG_UINT8_IMAGEDATA || components == 0)
         return false;
+    if (!destination && pixelFormat == PixelFormat(getPixelFormat()))
+        return false;
+    const bool hasPixels = isConverted(pixelFormat) && isConverted(getPixelFormat());
     const unsigned long count = getSize(false) / (unsigned long)getBpp();
     std::vector<UInt8> pixels(count * components);
-    for (unsigned long i = 0; i < count; ++i) {
+    for (unsigned long i = 0; hasPixels && i < count; ++i) {
         const UInt8 *source = _mfPixel.getValues().data() + i * (unsigned long)getBpp();
         writePixel(readPixel(source, getPixelFormat()), &pixels[i * components], pixelFormat);
     }

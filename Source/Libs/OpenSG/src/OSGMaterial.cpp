@@ -2,6 +2,10 @@
 
 #include <OpenSG/OSGState.h>
 
+#include "OSGWarning.h"
+
+#include <algorithm>
+
 namespace osg {
 
 OSG_FIELD_MASK(Material, SortKey)
@@ -42,6 +46,15 @@ StatePtr Material::getState(UInt32)
         addRefCP(_pState);
     }
     return _pState;
+}
+
+void Material::rebuildStatesOf(const MaterialPtr *begin, const MaterialPtr *end)
+{
+    if (m_isRebuilding)
+        fail("a material is edited that shows itself");
+    m_isRebuilding = true;
+    std::for_each(begin, end, [](const MaterialPtr &material) { material->rebuildState(); });
+    m_isRebuilding = false;
 }
 
 void Material::changed(BitVector whichField, UInt32 origin)

@@ -19,9 +19,9 @@ FieldDescription *MaterialChunk::_desc[] = {
     OSG_SF_DESC(MaterialChunk, Lit, "lit", false),
     OSG_SF_DESC(MaterialChunk, ColorMaterial, "colorMaterial", false)};
 
-FieldContainerType MaterialChunk::_type("MaterialChunk", "StateChunk", NULL,
-                                        (PrototypeCreateF)&MaterialChunk::createEmpty, NULL, _desc,
-                                        sizeof(_desc));
+FieldContainerType MaterialChunk::_type(
+    "MaterialChunk", "StateChunk", NULL,
+    [] { return FieldContainerPtr(MaterialChunk::createEmpty()); }, NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(MaterialChunk, MaterialChunkPtr)
 

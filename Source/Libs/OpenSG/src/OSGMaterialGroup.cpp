@@ -9,9 +9,9 @@ OSG_FIELD_MASK(MaterialGroupBase, Material)
 FieldDescription *MaterialGroup::_desc[] = {
     OSG_SF_DESC(MaterialGroup, Material, "material", false)};
 
-FieldContainerType MaterialGroup::_type("MaterialGroup", "Group", NULL,
-                                        (PrototypeCreateF)&MaterialGroup::createEmpty, NULL, _desc,
-                                        sizeof(_desc));
+FieldContainerType MaterialGroup::_type(
+    "MaterialGroup", "Group", NULL, [] { return FieldContainerPtr(MaterialGroup::createEmpty()); },
+    NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(MaterialGroup, MaterialGroupPtr)
 

@@ -13,9 +13,9 @@ OSG_FIELD_MASK(MaterialPool, Materials)
 FieldDescription *MaterialPool::_desc[] = {
     OSG_MF_DESC(MaterialPool, Materials, "materials", false)};
 
-FieldContainerType MaterialPool::_type("MaterialPool", "Group", NULL,
-                                       (PrototypeCreateF)&MaterialPool::createEmpty, NULL, _desc,
-                                       sizeof(_desc));
+FieldContainerType MaterialPool::_type(
+    "MaterialPool", "Group", NULL, [] { return FieldContainerPtr(MaterialPool::createEmpty()); },
+    NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(MaterialPool, MaterialPoolPtr)
 
@@ -122,7 +122,7 @@ void MaterialPool::sub(const MaterialPoolPtr &pool)
 void MaterialPool::sub(UInt32 index)
 {
     if (index >= getCount())
-        return;
+        fail("MaterialPool::sub: there is no material at this index");
     const MaterialPtr material = _mfMaterials[index];
     _mfMaterials.erase(_mfMaterials.begin() + index);
     m_set.erase(material);

@@ -2,8 +2,6 @@
 
 #include <OpenSG/OSGQuaternion.h>
 
-#include "OSGPolarDecomposition.h"
-
 namespace osg {
 
 template <class T>
@@ -124,27 +122,6 @@ void TransformationMatrix<T>::setTransform(const Vec &translation, const Quat &r
     Vec moved;
     multMatrixVec(center, moved);
     setTranslate(translation + center - moved);
-}
-
-template <class T>
-void TransformationMatrix<T>::getTransform(Vec &translation, Quat &rotation, Vec &scale,
-                                           Quat &scaleOrientation) const
-{
-    const PolarDecomposition parts(*this);
-    translation = Vec(m_columns[3][0], m_columns[3][1], m_columns[3][2]);
-    rotation = Quat(parts.rotation);
-    scale = parts.scale;
-    scaleOrientation = Quat(parts.scaleOrientation);
-}
-
-template <class T>
-void TransformationMatrix<T>::getTransform(Vec &translation, Quat &rotation, Vec &scale,
-                                           Quat &scaleOrientation, const Vec &center) const
-{
-    getTransform(translation, rotation, scale, scaleOrientation);
-    Vec moved;
-    multMatrixVec(center, moved);
-    translation = translation - center + moved;
 }
 
 template <class T>

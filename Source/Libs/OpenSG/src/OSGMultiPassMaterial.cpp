@@ -11,9 +11,9 @@ OSG_FIELD_MASK(MultiPassMaterial, Materials)
 FieldDescription *MultiPassMaterial::_desc[] = {
     OSG_MF_DESC(MultiPassMaterial, Materials, "materials", false)};
 
-FieldContainerType MultiPassMaterial::_type("MultiPassMaterial", "Material", NULL,
-                                            (PrototypeCreateF)&MultiPassMaterial::createEmpty, NULL,
-                                            _desc, sizeof(_desc));
+FieldContainerType MultiPassMaterial::_type(
+    "MultiPassMaterial", "Material", NULL,
+    [] { return FieldContainerPtr(MultiPassMaterial::createEmpty()); }, NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(MultiPassMaterial, MultiPassMaterialPtr)
 
@@ -59,7 +59,16 @@ bool MultiPassMaterial::isTransparent() const
 
 StatePtr MultiPassMaterial::getState(UInt32 pass)
 {
-    return pass < _mfMaterials.getSize() ? _mfMaterials[pass]->getState() : StatePtr();
+    if (pass < _mfMaterials.getSize())
+        return _mfMaterials[pass]->getState();
+    warn("MultiPassMaterial::getState: no such pass");
+    return NullFC;
+}
+
+void MultiPassMaterial::rebuildState()
+{
+    const std::vector<MaterialPtr> &passes = _mfMaterials.getValues();
+    rebuildStatesOf(passes.data(), passes.data() + passes.size());
 }
 
 StatePtr MultiPassMaterial::makeState()

@@ -21,8 +21,9 @@ FieldDescription *Node::_desc[] = {
     OSG_SF_DESC(Node, Parent, "parent", true), OSG_MF_DESC(Node, Children, "children", false),
     OSG_SF_DESC(Node, Core, "core", false)};
 
-FieldContainerType Node::_type("Node", "AttachmentContainer", NULL,
-                               (PrototypeCreateF)&Node::createEmpty, NULL, _desc, sizeof(_desc));
+FieldContainerType Node::_type(
+    "Node", "AttachmentContainer", NULL, [] { return FieldContainerPtr(Node::createEmpty()); },
+    NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(Node, NodePtr)
 
@@ -122,13 +123,15 @@ void Node::adopt(const NodePtr &child)
 
 void Node::addChild(const NodePtr &child)
 {
-    insertChild(TypeTraits<UInt32>::BitsSet, child);
+    insertChild(getNChildren(), child);
 }
 
 void Node::insertChild(UInt32 index, const NodePtr &child)
 {
     if (!child)
         return;
+    if (index > getNChildren())
+        fail("Node::insertChild: beyond the last child");
     const NodePtr added = child;
     adopt(added);
     const UInt32 place = std::min(index, getNChildren());
@@ -172,9 +175,9 @@ void Node::subChild(const NodePtr &child)
 
 void Node::subChild(UInt32 index)
 {
-    const NodePtr child = getChild(index);
-    if (child)
-        releaseChildAt(index, child);
+    if (index >= getNChildren())
+        fail("Node::subChild: there is no child at this index");
+    releaseChildAt(index, getChild(index));
 }
 
 void Node::releaseChildAt(UInt32 index, const NodePtr &child)

@@ -6,9 +6,9 @@ OSG_FIELD_MASK(PointLight, Position)
 
 FieldDescription *PointLight::_desc[] = {OSG_SF_DESC(PointLight, Position, "position", false)};
 
-FieldContainerType PointLight::_type("PointLight", "Light", NULL,
-                                     (PrototypeCreateF)&PointLight::createEmpty, NULL, _desc,
-                                     sizeof(_desc));
+FieldContainerType PointLight::_type(
+    "PointLight", "Light", NULL, [] { return FieldContainerPtr(PointLight::createEmpty()); }, NULL,
+    _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(PointLight, PointLightPtr)
 

@@ -37,7 +37,7 @@ void setName(AttachmentContainerPtr container, const std::string &text)
         const CPEditor editor(container, AttachmentContainer::AttachmentsFieldMask);
         container->addAttachment(name);
     }
-    const CPEditor editor(name, Name::SimpleFieldMask);
+    const CPEditor editor(name);
     name->getField().setValue(text);
 }
 

@@ -59,17 +59,19 @@ struct TriangleArrays {
     }
 };
 
-MaterialPtr makeGrey(bool lit)
+MaterialPtr makeSand(bool lit)
 {
     const SimpleMaterialPtr material = SimpleMaterial::create();
     if (!material)
         return NullFC;
     const CPEditor editor(material);
-    material->setDiffuse(Color3f(.7f, .7f, .7f));
-    material->setAmbient(Color3f(.2f, .2f, .2f));
-    material->setSpecular(Color3f(1, 1, 1));
-    material->setShininess(20);
+    material->setDiffuse(lit ? Color3f(.7f, .7f, .5f) : Color3f(1, 1, .5f));
     material->setLit(lit);
+    if (lit) {
+        material->setAmbient(Color3f(.1f, .1f, .1f));
+        material->setSpecular(Color3f(1, 1, 1));
+        material->setShininess(20);
+    }
     addRefCP(material);
     return material;
 }
@@ -102,7 +104,7 @@ MaterialPtr getDefaultMaterial()
 {
     static MaterialPtr material;
     if (!material)
-        material = makeGrey(true);
+        material = makeSand(true);
     return material;
 }
 
@@ -110,7 +112,7 @@ MaterialPtr getDefaultUnlitMaterial()
 {
     static MaterialPtr material;
     if (!material)
-        material = makeGrey(false);
+        material = makeSand(false);
     return material;
 }
 

@@ -23,16 +23,14 @@ FieldDescription *SimpleMaterial::_desc[] = {
     OSG_SF_DESC(SimpleMaterial, Lit, "lit", false),
     OSG_SF_DESC(SimpleMaterial, ColorMaterial, "colorMaterial", false)};
 
-FieldContainerType SimpleMaterial::_type("SimpleMaterial", "ChunkMaterial", NULL,
-                                         (PrototypeCreateF)&SimpleMaterial::createEmpty, NULL,
-                                         _desc, sizeof(_desc));
+FieldContainerType SimpleMaterial::_type(
+    "SimpleMaterial", "ChunkMaterial", NULL,
+    [] { return FieldContainerPtr(SimpleMaterial::createEmpty()); }, NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(SimpleMaterial, SimpleMaterialPtr)
 
 bool SimpleMaterial::isTransparent() const
 {
-    if (getTransparencyMode() != TransparencyAutoDetection)
-        return Inherited::isTransparent();
     return getTransparency() > 0.f || Inherited::isTransparent();
 }
 

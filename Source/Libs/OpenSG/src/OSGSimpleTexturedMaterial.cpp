@@ -18,17 +18,15 @@ FieldDescription *SimpleTexturedMaterial::_desc[] = {
     OSG_SF_DESC(SimpleTexturedMaterial, EnvMode, "envMode", false),
     OSG_SF_DESC(SimpleTexturedMaterial, EnvMap, "envMap", false)};
 
-FieldContainerType
-    SimpleTexturedMaterial::_type("SimpleTexturedMaterial", "SimpleMaterial", NULL,
-                                  (PrototypeCreateF)&SimpleTexturedMaterial::createEmpty, NULL,
-                                  _desc, sizeof(_desc));
+FieldContainerType SimpleTexturedMaterial::_type(
+    "SimpleTexturedMaterial", "SimpleMaterial", NULL,
+    [] { return FieldContainerPtr(SimpleTexturedMaterial::createEmpty()); }, NULL, _desc,
+    sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(SimpleTexturedMaterial, SimpleTexturedMaterialPtr)
 
 bool SimpleTexturedMaterial::isTransparent() const
 {
-    if (getTransparencyMode() != TransparencyAutoDetection)
-        return Inherited::isTransparent();
     const bool hasAlpha = getImage() && getImage()->hasAlphaChannel() && getEnvMode() != GL_DECAL;
     return hasAlpha || Inherited::isTransparent();
 }

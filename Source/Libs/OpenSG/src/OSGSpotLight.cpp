@@ -10,9 +10,9 @@ FieldDescription *SpotLight::_desc[] = {OSG_SF_DESC(SpotLight, Direction, "direc
                                         OSG_SF_DESC(SpotLight, SpotExponent, "spotExponent", false),
                                         OSG_SF_DESC(SpotLight, SpotCutOff, "spotCutOff", false)};
 
-FieldContainerType SpotLight::_type("SpotLight", "PointLight", NULL,
-                                    (PrototypeCreateF)&SpotLight::createEmpty, NULL, _desc,
-                                    sizeof(_desc));
+FieldContainerType SpotLight::_type(
+    "SpotLight", "PointLight", NULL, [] { return FieldContainerPtr(SpotLight::createEmpty()); },
+    NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(SpotLight, SpotLightPtr)
 

@@ -6,8 +6,9 @@ OSG_FIELD_MASK(State, Chunks)
 
 FieldDescription *State::_desc[] = {OSG_MF_DESC(State, Chunks, "chunks", false)};
 
-FieldContainerType State::_type("State", "FieldContainer", NULL,
-                                (PrototypeCreateF)&State::createEmpty, NULL, _desc, sizeof(_desc));
+FieldContainerType State::_type(
+    "State", "FieldContainer", NULL, [] { return FieldContainerPtr(State::createEmpty()); }, NULL,
+    _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(State, StatePtr)
 

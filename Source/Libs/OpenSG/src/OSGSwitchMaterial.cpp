@@ -13,9 +13,9 @@ FieldDescription *SwitchMaterial::_desc[] = {
     OSG_MF_DESC(SwitchMaterial, Materials, "materials", false),
     OSG_SF_DESC(SwitchMaterial, Choice, "choice", false)};
 
-FieldContainerType SwitchMaterial::_type("SwitchMaterial", "Material", NULL,
-                                         (PrototypeCreateF)&SwitchMaterial::createEmpty, NULL,
-                                         _desc, sizeof(_desc));
+FieldContainerType SwitchMaterial::_type(
+    "SwitchMaterial", "Material", NULL,
+    [] { return FieldContainerPtr(SwitchMaterial::createEmpty()); }, NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(SwitchMaterial, SwitchMaterialPtr)
 
@@ -95,6 +95,12 @@ UInt32 SwitchMaterial::getNPasses() const
 StatePtr SwitchMaterial::getState(UInt32 pass)
 {
     return currentOrDefault()->getState(pass);
+}
+
+void SwitchMaterial::rebuildState()
+{
+    if (const MaterialPtr shown = current())
+        rebuildStatesOf(&shown, &shown + 1);
 }
 
 StatePtr SwitchMaterial::makeState()

@@ -18,9 +18,9 @@ FieldDescription *TextureChunk::_desc[] = {OSG_SF_DESC(TextureChunk, Image, "ima
                                            OSG_SF_DESC(TextureChunk, WrapT, "wrapT", false),
                                            OSG_SF_DESC(TextureChunk, EnvMode, "envMode", false)};
 
-FieldContainerType TextureChunk::_type("TextureChunk", "StateChunk", NULL,
-                                       (PrototypeCreateF)&TextureChunk::createEmpty, NULL, _desc,
-                                       sizeof(_desc));
+FieldContainerType TextureChunk::_type(
+    "TextureChunk", "StateChunk", NULL,
+    [] { return FieldContainerPtr(TextureChunk::createEmpty()); }, NULL, _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(TextureChunk, TextureChunkPtr)
 

@@ -8,9 +8,9 @@ OSG_FIELD_MASK(Transform, Matrix)
 
 FieldDescription *Transform::_desc[] = {OSG_SF_DESC(Transform, Matrix, "matrix", false)};
 
-FieldContainerType Transform::_type("Transform", "Group", NULL,
-                                    (PrototypeCreateF)&Transform::createEmpty, NULL, _desc,
-                                    sizeof(_desc));
+FieldContainerType Transform::_type(
+    "Transform", "Group", NULL, [] { return FieldContainerPtr(Transform::createEmpty()); }, NULL,
+    _desc, sizeof(_desc));
 
 OSG_FIELD_CONTAINER_DEF(Transform, TransformPtr)
 

@@ -1,5 +1,7 @@
 #include <OpenSG/OSGTriangleIterator.h>
 
+#include "OSGWarning.h"
+
 namespace osg {
 
 TriangleIterator::TriangleIterator(const Geometry &geometry) : m_geometry(&geometry)
@@ -7,7 +9,6 @@ TriangleIterator::TriangleIterator(const Geometry &geometry) : m_geometry(&geome
     const bool isComplete = geometry.getTypes() && geometry.getLengths() && geometry.getPositions();
     if (!isComplete)
         return;
-    // Whatever does not fit together is cut to what all arrays have.
     m_primitiveCount = std::min(geometry.getTypes()->size(), geometry.getLengths()->size());
     m_indicesPerVertex = std::max<UInt32>(1, geometry.getIndexMapping().getSize());
     m_vertexCount = geometry.getIndices() ? geometry.getIndices()->size() / m_indicesPerVertex
@@ -22,19 +23,25 @@ bool TriangleIterator::operator==(const TriangleIterator &other) const
     return m_primitive == other.m_primitive && (isAtEnd() || m_step == other.m_step);
 }
 
+/// The triangles of a primitive. At its end two corners of a quad and the next one are a triangle.
 static UInt32 triangleCount(UInt32 type, UInt32 vertices)
 {
+    if (vertices < 3)
+        return 0;
+    const UInt32 ofQuad = vertices % 4;
+    if ((type == GL_TRIANGLES && vertices % 3 != 0)
+        || (type == GL_QUADS && (ofQuad == 1 || ofQuad == 2)))
+        fail("TriangleIterator: the last triangle or quad of a primitive lacks corners");
     switch (type) {
     case GL_TRIANGLES:
         return vertices / 3;
     case GL_TRIANGLE_STRIP:
     case GL_TRIANGLE_FAN:
     case GL_POLYGON:
-        return vertices < 3 ? 0 : vertices - 2;
-    case GL_QUADS:
-        return vertices / 4 * 2;
     case GL_QUAD_STRIP:
-        return vertices < 4 ? 0 : vertices / 2 * 2 - 2;
+        return vertices - 2;
+    case GL_QUADS:
+        return vertices / 4 * 2 + ofQuad / 3;
     default:
         return 0;
     }
@@ -45,8 +52,9 @@ void TriangleIterator::enterPrimitive()
     // Goes on to the next primitive that has a triangle.
     for (m_step = 0; !isAtEnd(); ++m_primitive, m_firstVertex += m_length) {
         m_type = m_geometry->getTypes()->getValue(m_primitive);
-        m_length = std::min(m_geometry->getLengths()->getValue(m_primitive),
-                            m_vertexCount - m_firstVertex);
+        m_length = m_geometry->getLengths()->getValue(m_primitive);
+        if (m_length > m_vertexCount - m_firstVertex)
+            fail("TriangleIterator: a primitive goes beyond the vertices");
         m_stepCount = triangleCount(m_type, m_length);
         if (m_stepCount > 0) {
             setCorners();

@@ -2,12 +2,12 @@
 
 #include "qxVariants.h"
 
+#include "qxMaterialParts.h"
 #include "qxMessage.h"
 #include "qxModuleBase.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
 
-#include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
@@ -32,17 +32,11 @@ void setName(const osg::AttachmentContainerPtr &object, const std::optional<std:
     osg::setName(object, nullptr);
 }
 
-/// What a switch or multi-pass material is made of.
+/// What a material is made of.
 Materials partsOf(const osg::MaterialPtr &material)
 {
-    const auto choices = osg::SwitchMaterialPtr::dcast(material);
-    const auto passes = osg::MultiPassMaterialPtr::dcast(material);
-    Materials parts;
-    if (choices != osg::NullFC)
-        parts.assign(choices->getMaterials().begin(), choices->getMaterials().end());
-    else if (passes != osg::NullFC)
-        parts.assign(passes->getMaterials().begin(), passes->getMaterials().end());
-    return parts;
+    const std::vector<osg::MaterialPtr> parts = qxMaterialParts::of(material);
+    return Materials(parts.begin(), parts.end());
 }
 
 Materials poolNow()

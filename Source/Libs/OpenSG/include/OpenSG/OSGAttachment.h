@@ -10,7 +10,6 @@ class Attachment : public FieldContainer {
     typedef FieldContainer Inherited;
 
 public:
-    typedef AttachmentPtr Ptr;
     enum { ParentsFieldId = Inherited::NextFieldId, NextFieldId };
 
     OSG_ABSTR_FIELD_CONTAINER_DECL(AttachmentPtr)

@@ -11,7 +11,6 @@ class AttachmentContainer : public FieldContainer {
     typedef FieldContainer Inherited;
 
 public:
-    typedef AttachmentContainerPtr Ptr;
     enum { AttachmentsFieldId = Inherited::NextFieldId, NextFieldId };
 
     OSG_ABSTR_FIELD_CONTAINER_DECL(AttachmentContainerPtr)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <OpenSG/OSGCPEditor.h>
 #include <OpenSG/OSGFieldContainerFields.h>
 #include <OpenSG/OSGFieldContainerMacros.h>
 #include <OpenSG/OSGFieldContainerType.h>

@@ -48,7 +48,8 @@ private:
     FieldContainerFactory();
     FieldContainerFactory(const FieldContainerFactory &) = delete;
 
-    /// Called by types and containers as they come and go.
+    /// Called by types and containers as they come and go. A second type of a name, and a container
+    /// before osgInit(), end the program.
     void registerType(FieldContainerType *type);
     void unregisterType(FieldContainerType *type);
     UInt16 registerGroup(const Char8 *name);
@@ -62,6 +63,7 @@ private:
     std::map<std::string, UInt16> m_groups;
     std::vector<std::unique_ptr<Page>> m_pages;
     UInt32 m_nextId = 1;
+    bool m_started = false;
     bool m_terminated = false;
 };
 

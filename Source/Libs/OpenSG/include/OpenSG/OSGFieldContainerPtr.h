@@ -2,11 +2,16 @@
 
 #include <OpenSG/OSGBaseTypes.h>
 
+#include <cassert>
 #include <iosfwd>
 
 namespace osg {
 
 class FieldContainer;
+
+/// Whether this thread called osgInit(). With OpenSG 1.8 no other may look at a container, so
+/// builds with assertions do not let it.
+inline thread_local bool isLibraryThread = false;
 
 /// Pointer to a container, without its class. A plain value: copying it counts nothing. Pointers
 /// are equal and ordered by the object alone, so pointers of different types can be compared.
@@ -43,6 +48,13 @@ protected:
     {
     }
 
+    /// The object for whoever looks at it.
+    FieldContainer *accessed() const
+    {
+        assert(isLibraryThread && "a container is looked at in a thread without osgInit()");
+        return m_object;
+    }
+
     /// Mutable, because a release that destroys the object clears the pointer it was given.
     mutable FieldContainer *m_object = nullptr;
 
@@ -62,8 +74,8 @@ public:
     explicit FieldContainerPtr(const FieldContainer &object) : FieldContainerPtrBase(&object) {}
     void operator=(const FieldContainerPtr &other) { m_object = other.m_object; }
 
-    FieldContainer *operator->() const { return m_object; }
-    FieldContainer &operator*() const { return *m_object; }
+    FieldContainer *operator->() const { return accessed(); }
+    FieldContainer &operator*() const { return *accessed(); }
     FieldContainer *getCPtr() const { return m_object; }
 
     template <class In>
@@ -96,8 +108,8 @@ public:
     void operator=(const FCPtr &other) { this->m_object = other.m_object; }
     void operator=(const NullFieldContainerPtr &) { this->m_object = nullptr; }
 
-    T *operator->() const { return static_cast<T *>(this->m_object); }
-    T &operator*() const { return *static_cast<T *>(this->m_object); }
+    T *operator->() const { return static_cast<T *>(this->accessed()); }
+    T &operator*() const { return *static_cast<T *>(this->accessed()); }
     /// The object, NULL for null.
     T *getCPtr() const { return static_cast<T *>(this->m_object); }
 
@@ -127,7 +139,7 @@ void subRefCP(const FieldContainerPtrBase &object);
 /// Releases \a object and sets it to null.
 void clearRefCP(FieldContainerPtrBase &object);
 /// Releases the old value of \a target, stores \a value, references it. Nothing when they are
-/// equal. When the old value takes \a value with it, both become null.
+/// equal. When the old value takes \a value with it, the program ends: the pointer would dangle.
 void setRefdCP(FieldContainerPtrBase &target, const FieldContainerPtrBase &value);
 /// @}
 
@@ -150,4 +162,27 @@ void endEditNotChangedCP(const FieldContainerPtr &object, BitVector fields = Fie
                          UInt32 origin = ChangedOrigin::External);
 /// @}
 
+/// An edit bracket that lasts for one scope.
+class CPEditor {
+public:
+    /// Begins the edit. Null is ignored.
+    explicit CPEditor(const FieldContainerPtr &object, BitVector fields = FieldBits::AllFields)
+        : m_object(object), m_fields(fields)
+    {
+        beginEditCP(m_object, m_fields);
+    }
+    CPEditor(const CPEditor &) = delete;
+    void operator=(const CPEditor &) = delete;
+    /// Ends it.
+    ~CPEditor() { endEditCP(m_object, m_fields); }
+
+private:
+    FieldContainerPtr m_object;
+    BitVector m_fields;
+};
+
 } // namespace osg
+
+/// Opens a bracket to the end of the scope. The variable must be a plain identifier.
+#define CPEdit(VARIABLE, FIELDS) osg::CPEditor cpEditor_##VARIABLE(VARIABLE, FIELDS)
+#define CPEditAll(VARIABLE) osg::CPEditor cpEditor_##VARIABLE(VARIABLE)

@@ -9,7 +9,7 @@
 namespace osg {
 
 /// Makes the object that create() of a class copies.
-typedef std::function<FieldContainerPtr()> PrototypeCreateF;
+typedef FieldContainerPtr (*PrototypeCreateF)();
 typedef void (*InitContainerF)();
 
 /// The run-time description of one container class. A static object: its constructor registers it,
@@ -20,9 +20,9 @@ public:
     /// \a createPrototype the class is abstract. \a initMethod runs right here and must not create
     /// containers. The descriptions (\a bytesOfDescs: sizeof the table) belong to the type.
     FieldContainerType(const Char8 *name, const Char8 *parentName, const Char8 *groupName = NULL,
-                       PrototypeCreateF createPrototype = PrototypeCreateF(),
-                       InitContainerF initMethod = NULL, FieldDescription **descs = NULL,
-                       UInt32 bytesOfDescs = 0, bool descsAddable = false);
+                       PrototypeCreateF createPrototype = NULL, InitContainerF initMethod = NULL,
+                       FieldDescription **descs = NULL, UInt32 bytesOfDescs = 0,
+                       bool descsAddable = false);
     ~FieldContainerType() override;
 
     UInt16 getGroupId() const { return m_groupId; }

@@ -14,10 +14,10 @@ class AbstractGeoProperty : public Attachment {
 
 public:
     typedef typename Kind::GenericType GenericType;
-    typedef FCPtr<AttachmentPtr, AbstractGeoProperty> Ptr;
+    typedef FCPtr<AttachmentPtr, AbstractGeoProperty> PtrType;
 
     /// Type access.
-    OSG_ABSTR_FIELD_CONTAINER_DECL(Ptr)
+    OSG_ABSTR_FIELD_CONTAINER_DECL(PtrType)
 
     /// The element, converted to the type it is exchanged as; the second form stores it.
     virtual GenericType getValue(const UInt32 index) const = 0;
@@ -27,8 +27,6 @@ public:
     /// Appends.
     virtual void addValue(const GenericType &value) = 0;
     void push_back(const GenericType &value) { addValue(value); }
-    /// Inserts before the element at \a index.
-    virtual void insertValue(const GenericType &value, const UInt32 index) = 0;
 
     /// Number of elements.
     virtual UInt32 getSize() const = 0;
@@ -67,7 +65,7 @@ class GeoProperty : public AbstractGeoProperty<typename Desc::Kind> {
     typedef AbstractGeoProperty<typename Desc::Kind> Inherited;
 
 public:
-    typedef FCPtr<typename Inherited::Ptr, GeoProperty> Ptr;
+    typedef FCPtr<typename Inherited::PtrType, GeoProperty> PtrType;
     typedef typename Inherited::GenericType GenericType;
     typedef typename Desc::StoredFieldType StoredFieldType;
     typedef typename StoredFieldType::ValueType StoredType;
@@ -75,7 +73,7 @@ public:
     static const BitVector GeoPropDataFieldMask;
 
     /// Type access and creation.
-    OSG_FIELD_CONTAINER_DECL(Ptr)
+    OSG_FIELD_CONTAINER_DECL(PtrType)
 
     /// The elements as they are stored, such as colours with their alpha.
     StoredFieldType &getField() { return m_field; }
@@ -86,7 +84,8 @@ public:
     GenericType getValue(const UInt32 index) const override;
     void setValue(const GenericType &value, const UInt32 index) override;
     void addValue(const GenericType &value) override;
-    void insertValue(const GenericType &value, const UInt32 index) override;
+    /// Inserts before the element at \a index; false when that is beyond the end.
+    bool insertValue(const GenericType &value, const UInt32 index);
     UInt32 getSize() const override { return UInt32(m_field.size()); }
     void resize(size_t size) override { m_field.resize(size); }
     void clear() override { m_field.clear(); }

@@ -81,7 +81,9 @@ public:
     /// Fills all data.
     void clear(UChar8 value = 0);
     /// Converts to another format, in place or into \a destination. Keeps one level of detail.
-    /// False for images that do not hold bytes and for unknown formats.
+    /// Where there is no alpha, brightness gives it. From and to BGR and BGRA the pixels come out
+    /// as 0. False for images that do not hold bytes, for unknown formats, and in place for the
+    /// format that the image has.
     bool reformat(const PixelFormat pixelFormat, ImagePtr destination = NullFC);
     /// Resamples, in place or into \a destination. Keeps one level of detail, frame and side.
     bool scale(Int32 width, Int32 height, Int32 depth = 1, ImagePtr destination = NullFC);

@@ -50,7 +50,13 @@ protected:
     Material(const Material &other);
     ~Material() override;
 
+    /// Rebuilds the states of the materials that this one shows. When one of them shows this one,
+    /// the program ends: OpenSG 1.8 goes round in the ring until there is no memory.
+    void rebuildStatesOf(const MaterialPtr *begin, const MaterialPtr *end);
+
     StatePtr _pState;
+
+    bool m_isRebuilding = false;
 
     OSG_CONTAINER_STATICS
 };

@@ -41,7 +41,7 @@ public:
     /// Colour without any light.
     OSG_SF_INIT(SFColor4f, Emission, 0, 0, 0, 1)
     /// How small highlights are.
-    OSG_SF_INIT(SFReal32, Shininess, 1)
+    OSG_SF_INIT(SFReal32, Shininess, 10)
     /// Unlit surfaces show the diffuse colour as it is.
     OSG_SF_INIT(SFBool, Lit, true)
     /// Which colour the vertex colours stand for, a GL value.

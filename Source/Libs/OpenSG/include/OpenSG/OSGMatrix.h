@@ -57,10 +57,8 @@ public:
                       const Quat &scaleOrientation);
     void setTransform(const Vec &translation, const Quat &rotation, const Vec &scale,
                       const Quat &scaleOrientation, const Vec &center);
-    /// Takes an affine matrix apart so that setTransform() of the parts gives it back.
-    void getTransform(Vec &translation, Quat &rotation, Vec &scale, Quat &scaleOrientation) const;
-    void getTransform(Vec &translation, Quat &rotation, Vec &scale, Quat &scaleOrientation,
-                      const Vec &center) const;
+    // There is no getTransform(): that of OpenSG 1.8 is wrong for what is turned and scaled
+    // unevenly.
     /// @}
 
     /// \name Points and vectors

@@ -30,7 +30,7 @@ public:
     /// That of the material for this pass, null when there is none.
     StatePtr getState(UInt32 pass = 0) override;
     StatePtr makeState() override;
-    void rebuildState() override {}
+    void rebuildState() override;
 
     /// The materials in the order of drawing.
     OSG_MF(MFMaterialPtr, Materials)

@@ -15,7 +15,6 @@ class NodeCore : public AttachmentContainer {
     typedef AttachmentContainer Inherited;
 
 public:
-    typedef NodeCorePtr Ptr;
     enum { ParentsFieldId = Inherited::NextFieldId, NextFieldId };
     /// Distinguishes cores at compile time.
     static constexpr bool isNodeCore = true;

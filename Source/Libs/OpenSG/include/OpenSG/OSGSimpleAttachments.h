@@ -18,7 +18,7 @@ class SimpleAttachment : public Attachment {
 public:
     /// The one field.
     typedef typename AttachmentDescT::FieldTypeT FieldTypeT;
-    typedef FCPtr<AttachmentPtr, SimpleAttachment> Ptr;
+    typedef FCPtr<AttachmentPtr, SimpleAttachment> PtrType;
     enum { SimpleFieldId = Inherited::NextFieldId, NextFieldId };
     static const BitVector SimpleFieldMask;
 
@@ -28,8 +28,8 @@ public:
     FieldContainerType &getType() override { return _type; }
     const FieldContainerType &getType() const override { return _type; }
     UInt32 getContainerSize() const override { return sizeof(SimpleAttachment); }
-    static Ptr create() { return FieldContainer::createFrom<Ptr>(_type); }
-    static Ptr createEmpty() { return FieldContainer::createDefault<Ptr>(); }
+    static PtrType create() { return FieldContainer::createFrom<PtrType>(_type); }
+    static PtrType createEmpty() { return FieldContainer::createDefault<PtrType>(); }
     FieldContainerPtr shallowCopy() const override { return FieldContainer::copyOf(*this); }
 
     /// The field; its value is written between begin and end of an edit.
@@ -58,8 +58,8 @@ const BitVector SimpleAttachment<AttachmentDescT>::SimpleFieldMask =
     template <> \
     EXPORT FieldContainerType CLASS<DESC>::_type( \
         DESC::getTypeName(), DESC::getParentTypeName(), DESC::getGroupName(), \
-        (PrototypeCreateF)&CLASS<DESC>::createEmpty, DESC::getInitMethod(), DESC::getDesc(), \
-        sizeof(FieldDescription *)); \
+        [] { return FieldContainerPtr(CLASS<DESC>::createEmpty()); }, DESC::getInitMethod(), \
+        DESC::getDesc(), sizeof(FieldDescription *)); \
     template class CLASS<DESC>
 
 /// The name of a node, core, material or image.

@@ -33,7 +33,7 @@ public:
     /// That of the current material, of the default material without one.
     StatePtr getState(UInt32 pass = 0) override;
     StatePtr makeState() override;
-    void rebuildState() override {}
+    void rebuildState() override;
 
     /// The materials to choose from, in order.
     OSG_MF(MFMaterialPtr, Materials)

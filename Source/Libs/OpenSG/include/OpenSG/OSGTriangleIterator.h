@@ -5,7 +5,8 @@
 namespace osg {
 
 /// Walks over the triangles of a geometry, whatever its primitives are. The geometry must stay as
-/// it is meanwhile. Primitives that run beyond the vertices are cut off.
+/// it is meanwhile. A last triangle or quad that lacks corners, and a primitive that goes beyond
+/// the vertices, end the program: OpenSG 1.8 reads what lies behind them.
 class TriangleIterator {
 public:
     /// At the first triangle.

@@ -24,16 +24,18 @@ public:
     /// All coordinates 0.
     constexpr Point() = default;
     /// From the first coordinates; the others are 0.
-    template <class Value, class = IfComponents<Value>>
-    explicit constexpr Point(Value x) : m_values{T(x)}
-    {
-    }
+    explicit constexpr Point(T x) : m_values{x} {}
     template <class X, class Y, class... Rest, class = IfComponents<X, Y, Rest...>>
     constexpr Point(X x, Y y, Rest... rest) : m_values{T(x), T(y), T(rest)...}
     {
     }
     /// From N numbers in memory.
     explicit Point(const T *values) { std::copy(values, values + N, m_values); }
+    constexpr Point(const Point &) = default;
+
+    /// A point is not set to a vector, nor to numbers in braces, which could be either.
+    Point &operator=(const Point &) = default;
+    Point &operator=(const Vector<T, N> &) = delete;
 
     /// Coordinates by index, and by letter as values; letters beyond the size do not compile.
     T &operator[](UInt32 index) { return m_values[index]; }

@@ -9,11 +9,11 @@
 #include "qxVariantLists.h"
 #include "qxVariantSet.h"
 
+#include "qxMaterialParts.h"
 #include "qxNames.h"
 #include "qxNodeWalk.h"
 
 #include <OpenSG/OSGMaterialPool.h>
-#include <OpenSG/OSGMultiPassMaterial.h>
 
 #include <algorithm>
 
@@ -49,17 +49,6 @@ void addOnce(std::vector<osg::MaterialPtr> &materials, const osg::MaterialPtr &m
     if (material != osg::NullFC
         && std::find(materials.begin(), materials.end(), material) == materials.end())
         materials.push_back(material);
-}
-
-/// What a switch or multi-pass material is made of.
-std::vector<osg::MaterialPtr> partsOf(const osg::MaterialPtr &material)
-{
-    const osg::SwitchMaterialPtr choices = switchOf(material);
-    if (choices != osg::NullFC)
-        return choices->getMaterials().getValues();
-    const osg::MultiPassMaterialPtr passes = osg::MultiPassMaterialPtr::dcast(material);
-    return passes == osg::NullFC ? std::vector<osg::MaterialPtr>()
-                                 : passes->getMaterials().getValues();
 }
 
 } // namespace
@@ -273,7 +262,7 @@ void qxSnapshotReconciler::addContents(const osg::MaterialPtr &material)
 {
     const osg::UInt32 id = material.getFieldContainerId();
     m_held.erase(m_held.lower_bound({id, QString()}), m_held.lower_bound({id + 1, QString()}));
-    for (const osg::MaterialPtr &part : partsOf(material)) {
+    for (const osg::MaterialPtr &part : qxMaterialParts::of(material)) {
         if (m_contained.contains(part.getFieldContainerId()))
             continue;
         m_contained.insert(part.getFieldContainerId());
@@ -285,7 +274,8 @@ osg::SwitchMaterialPtr qxSnapshotReconciler::duplicate(const osg::SwitchMaterial
                                                        const Scope &scope)
 {
     const QString name = nameOf(original);
-    const osg::SwitchMaterialPtr made = qxSwitchMaterials::make(name, partsOf(original));
+    const osg::SwitchMaterialPtr made =
+        qxSwitchMaterials::make(name, qxMaterialParts::of(original));
     qxSceneEdits::setChoice(made, original->getChoice());
     addContents(made);
     qxSceneVariants::ofMaterial(made, scope.notify);
@@ -304,7 +294,7 @@ osg::SwitchMaterialPtr qxSnapshotReconciler::build(const osg::MaterialPtr &own, 
         if (need.from == osg::NullFC || !wanted.isEmpty())
             continue;
         wanted = nameOf(need.from);
-        materials = partsOf(need.from);
+        materials = qxMaterialParts::of(need.from);
     }
     for (const Need &need : needs)
         addOnce(materials, need.leaf);

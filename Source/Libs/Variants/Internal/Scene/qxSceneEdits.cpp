@@ -2,6 +2,7 @@
 
 #include "Internal/Scene/qxEdit.h"
 
+#include "qxMaterialParts.h"
 #include "qxNodeUtils.h"
 
 #include <OpenSG/OSGMaterialDrawable.h>
@@ -37,6 +38,8 @@ void qxSceneEdits::setChoice(const osg::SwitchMaterialPtr &switchMaterial, osg::
 void qxSceneEdits::addMaterial(const osg::SwitchMaterialPtr &switchMaterial,
                                const osg::MaterialPtr &material)
 {
+    if (qxMaterialParts::contain(material, switchMaterial))
+        return;
     const qxEdit edit(switchMaterial, osg::SwitchMaterialBase::MaterialsFieldMask);
     switchMaterial->addMaterial(material);
 }

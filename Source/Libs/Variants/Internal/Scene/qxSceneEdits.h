@@ -25,7 +25,8 @@ void setChoice(const osg::SwitchPtr &core, osg::Int32 choice);
 void setChoice(const osg::SwitchComponentTransformPtr &core, osg::UInt32 choice);
 void setChoice(const osg::SwitchMaterialPtr &switchMaterial, osg::UInt32 choice);
 
-/// Appends the material, also when it is there already.
+/// Appends the material, also when it is there already. Nothing happens when it holds the switch
+/// material: OpenSG does not survive materials that hold each other in a ring.
 void addMaterial(const osg::SwitchMaterialPtr &switchMaterial, const osg::MaterialPtr &material);
 /// Takes out the first occurrence of the material.
 void subMaterial(const osg::SwitchMaterialPtr &switchMaterial, const osg::MaterialPtr &material);

@@ -3,6 +3,7 @@
 #include "Files/Gltf/Common/qxGltfJson.h"
 #include "OSGOverlayCore.h"
 #include "OSGSwitchComponentTransform.h"
+#include "Scene/qxPoseParts.h"
 #include "Scene/qxTransformStates.h"
 #include "qxNames.h"
 
@@ -21,12 +22,8 @@ std::vector<float> numbersOf(const osg::Vec3f &translation, const osg::Quaternio
 
 std::vector<float> numbersOf(const osg::Matrix &matrix)
 {
-    osg::Vec3f translation;
-    osg::Vec3f scale;
-    osg::Quaternion rotation;
-    osg::Quaternion scaleOrientation;
-    matrix.getTransform(translation, rotation, scale, scaleOrientation);
-    return numbersOf(translation, rotation, scale);
+    const qxPoseParts parts(matrix);
+    return numbersOf(parts.translation, parts.rotation, parts.scale);
 }
 
 std::vector<float> allNumbers(const osg::MFMatrix &matrices)

@@ -118,6 +118,13 @@ void setIndices(const osg::GeometryPtr &geometry, const std::vector<std::uint32_
     geometry->setIndices(indices);
 }
 
+/// Without corners at the end that make up no triangle: OpenSG would take what lies behind them for
+/// the missing ones.
+std::size_t usableLength(int mode, std::size_t length)
+{
+    return mode == TINYGLTF_MODE_TRIANGLES ? length - length % 3 : length;
+}
+
 /// Declares the whole geometry to be one run of the primitive's mode; the numbers of the modes are
 /// those of GL.
 void setLayout(const osg::GeometryPtr &geometry, int mode, std::size_t length)
@@ -127,7 +134,7 @@ void setLayout(const osg::GeometryPtr &geometry, int mode, std::size_t length)
     const osg::CPEditor editTypes(types);
     const osg::CPEditor editLengths(lengths);
     types->getField().push_back(osg::UInt8(mode));
-    lengths->getField().push_back(osg::UInt32(length));
+    lengths->getField().push_back(osg::UInt32(usableLength(mode, length)));
     geometry->setTypes(types);
     geometry->setLengths(lengths);
 }

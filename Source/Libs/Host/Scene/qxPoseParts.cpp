@@ -1,6 +1,7 @@
-#include "OSGPolarDecomposition.h"
+#include "Scene/qxPoseParts.h"
 
-namespace osg {
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -38,13 +39,24 @@ struct Square {
         return at[0][0] * minors.at[0][0] + at[0][1] * minors.at[0][1] + at[0][2] * minors.at[0][2];
     }
 
-    Matrix toMatrix() const
+    /// That of a rotation. It starts from the largest component, so that no small number divides.
+    osg::Quaternion toQuaternion() const
     {
-        Matrix result;
-        for (UInt32 r = 0; r < 3; ++r) {
-            for (UInt32 c = 0; c < 3; ++c)
-                result[c][r] = Real32(at[r][c]);
+        const double trace = at[0][0] + at[1][1] + at[2][2];
+        double q[4] = {at[2][1] - at[1][2], at[0][2] - at[2][0], at[1][0] - at[0][1], 1 + trace};
+        if (trace <= 0) {
+            const int d =
+                at[1][1] > at[0][0] ? (at[2][2] > at[1][1] ? 2 : 1) : (at[2][2] > at[0][0] ? 2 : 0);
+            const int j = (d + 1) % 3, k = (d + 2) % 3;
+            q[3] = q[d];
+            q[d] = 1 + at[d][d] - at[j][j] - at[k][k];
+            q[j] = at[d][j] + at[j][d];
+            q[k] = at[d][k] + at[k][d];
         }
+        const double length = std::sqrt(q[0] * q[0] + q[1] * q[1] + q[2] * q[2] + q[3] * q[3]);
+        osg::Quaternion result;
+        result.setValueAsQuat(float(q[0] / length), float(q[1] / length), float(q[2] / length),
+                              float(q[3] / length));
         return result;
     }
 };
@@ -104,12 +116,12 @@ Square diagonalize(Square &symmetric)
 
 } // namespace
 
-PolarDecomposition::PolarDecomposition(const Matrix &matrix)
+qxPoseParts::qxPoseParts(const osg::Matrix &pose) : translation(pose[3][0], pose[3][1], pose[3][2])
 {
     Square m;
-    for (UInt32 r = 0; r < 3; ++r) {
-        for (UInt32 c = 0; c < 3; ++c)
-            m.at[r][c] = double(matrix[c][r]);
+    for (osg::UInt32 r = 0; r < 3; ++r) {
+        for (osg::UInt32 c = 0; c < 3; ++c)
+            m.at[r][c] = double(pose[c][r]);
     }
     Square turn;
     if (m.determinant() != 0)
@@ -123,9 +135,16 @@ PolarDecomposition::PolarDecomposition(const Matrix &matrix)
     }
     Square stretch = turn.transposed() * m;
     const Square axes = diagonalize(stretch);
-    rotation = turn.toMatrix();
-    scaleOrientation = axes.toMatrix();
-    scale.setValues(stretch.at[0][0], stretch.at[1][1], stretch.at[2][2]);
+    rotation = turn.toQuaternion();
+    scaleOrientation = axes.toQuaternion();
+    scale.setValues(osg::Real32(stretch.at[0][0]), osg::Real32(stretch.at[1][1]),
+                    osg::Real32(stretch.at[2][2]));
 }
 
-} // namespace osg
+bool qxPoseParts::isFinite() const
+{
+    osg::Matrix together;
+    together.setTransform(translation, rotation, scale, scaleOrientation);
+    return std::all_of(together.getValues(), together.getValues() + 16,
+                       [](osg::Real32 number) { return std::isfinite(number); });
+}

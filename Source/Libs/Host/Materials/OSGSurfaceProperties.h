@@ -7,16 +7,16 @@
 
 OSG_BEGIN_NAMESPACE
 
-class Surface;
-typedef FCPtr<AttachmentPtr, Surface> SurfacePtr;
+class SurfaceProperties;
+typedef FCPtr<AttachmentPtr, SurfaceProperties> SurfacePropertiesPtr;
 
 /// Properties of a material in a scene file for which the material itself has no field. Read and
 /// written through qxSurface.
-class Surface : public Attachment {
+class SurfaceProperties : public Attachment {
     typedef Attachment Inherited;
 
 public:
-    typedef SurfacePtr Ptr;
+    typedef SurfacePropertiesPtr Ptr;
     enum {
         FactorsFieldId = Inherited::NextFieldId,
         AlphaModeFieldId = FactorsFieldId + 1,
@@ -36,7 +36,7 @@ public:
     static const BitVector WrapSFieldMask;
     static const BitVector WrapTFieldMask;
     static const BitVector TextureMatrixFieldMask;
-    OSG_FIELD_CONTAINER_DECL(SurfacePtr)
+    OSG_FIELD_CONTAINER_DECL(SurfacePropertiesPtr)
 
     MFReal32 *getMFFactors() { return &_mfFactors; }
     SFUInt32 *getSFAlphaMode() { return &_sfAlphaMode; }
@@ -55,9 +55,9 @@ public:
     void dump(UInt32 = 0, const BitVector = 0) const override {}
 
 protected:
-    Surface();
-    Surface(const Surface &other);
-    ~Surface() override {}
+    SurfaceProperties();
+    SurfaceProperties(const SurfaceProperties &other);
+    ~SurfaceProperties() override {}
 
 #if !defined(OSG_FIXED_MFIELDSYNC)
     void executeSync(FieldContainer &other, const BitVector &which) override;
@@ -78,9 +78,9 @@ private:
     friend class FieldContainer; // builds and destroys the instances
     static FieldDescription *_desc[];
     static FieldContainerType _type;
-    void operator=(const Surface &);
+    void operator=(const SurfaceProperties &);
 };
 
-OSG_FIELD_CONTAINER_INL_DEF(Surface, SurfacePtr)
+OSG_FIELD_CONTAINER_INL_DEF(SurfaceProperties, SurfacePropertiesPtr)
 
 OSG_END_NAMESPACE

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <OpenSG/OSGMultiPassMaterial.h>
+#include <OpenSG/OSGSwitchMaterial.h>
+
+#include <set>
+#include <vector>
+
+/// Materials that are made of others. Several may hold the same one.
+class qxMaterialParts {
+public:
+    /// What a switch or multi-pass material is made of, in order; nothing for others and for null.
+    static std::vector<osg::MaterialPtr> of(const osg::MaterialPtr &material)
+    {
+        const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
+        if (choices != osg::NullFC)
+            return choices->getMFMaterials()->getValues();
+        const osg::MultiPassMaterialPtr passes = osg::MultiPassMaterialPtr::dcast(material);
+        return passes == osg::NullFC ? std::vector<osg::MaterialPtr>()
+                                     : passes->getMFMaterials()->getValues();
+    }
+
+    /// Whether `whole` is `part` or holds it, however far inside.
+    static bool contain(const osg::MaterialPtr &whole, const osg::MaterialPtr &part)
+    {
+        std::vector<osg::MaterialPtr> left = {whole};
+        std::set<osg::MaterialPtr> seen = {whole};
+        for (; !left.empty() && left.back() != part;) {
+            const osg::MaterialPtr material = left.back();
+            left.pop_back();
+            for (const osg::MaterialPtr &each : of(material)) {
+                if (seen.insert(each).second)
+                    left.push_back(each);
+            }
+        }
+        return !left.empty();
+    }
+};
