@@ -14,13 +14,16 @@
 #include "qxAnimManager.h"
 #include "qxController.h"
 #include "qxLights.h"
+#include "qxMaterials.h"
 #include "qxMessage.h"
 #include "qxNames.h"
+#include "qxNodeUtils.h"
 #include "qxScript.h"
 #include "qxStateRules.h"
 #include "scene.h"
 
 #include <OpenSG/OSGBaseFunctions.h>
+#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <QImage>
 
@@ -51,6 +54,10 @@ std::map<std::string, std::string> look()
     });
     seen["Camera"] = std::to_string(int(Scene::the().camera.height)) + " m of the boat";
     seen["Clipping plane"] = qxScript::executeNUSR("getClippingPlanePosition()");
+    const osg::MaterialPtr material = qxNodeUtils::getMaterial(qxNames::findNode("Blade"));
+    const auto choices = osg::SwitchMaterialPtr::dcast(material);
+    seen["Blade"] =
+        qxMaterials::getName(choices == osg::NullFC ? material : choices->getCurrentMaterial());
     return seen;
 }
 typedef decltype(look()) State;
@@ -131,20 +138,33 @@ void createSets()
     harbour->addViewpoint("Whole Boat");
 }
 
-/// Changes the scene without the module, and captures it.
-State capture()
+/// Captures the scene as a set, and returns what it shows.
+State capture(const char *name)
 {
-    qxLights::setOn(qxNames::findNode("Lantern"), false);
-    qxScript::run("findNodePath('Sail/Main Sail').setActive(False)");
-    qxVariants::createAndCaptureVariantSet("As Moored", "Captured");
-    qxVariantSet *set = qxVariants::findVariantSet("As Moored");
-    qxVariants::renderVariantSetPreview(set, false, false, false);
-    const QImage preview = QImage::fromData(set->getPreview());
-    check(preview.pixelColor(132, 128) != QColor(Qt::white), "its preview shows the boat");
+    qxVariants::createAndCaptureVariantSet(name, "Captured");
     State captured = look();
     captured.erase("Overlays: Caption"); // overlays are no part of the scene
     captured.erase("Nodes: Boom"); // captures record of a transform switch only that it is shown
     return captured;
+}
+
+/// Changes the scene without the module, and captures it; two sets see different materials.
+void captureSets(std::vector<std::pair<const char *, State>> &shown)
+{
+    qxLights::setOn(qxNames::findNode("Lantern"), false);
+    qxScript::run("findNodePath('Flag').setActive(False)");
+    shown.emplace_back("As Moored", capture("As Moored"));
+    check(shown.back().second.at("Nodes: Flag") == "!Disable", "a script has lowered the flag");
+    check(qxUberCameraPool::the()->findViewpoint("As Moored") >= 0, "it has a viewpoint");
+    qxVariantSet *set = qxVariants::findVariantSet("As Moored");
+    qxVariants::renderVariantSetPreview(set, false, false, false);
+    const QImage preview = QImage::fromData(set->getPreview());
+    check(preview.pixelColor(132, 128) != QColor(Qt::white), "its preview shows the boat");
+    qxNodeUtils::setMaterial(qxNames::findNode("Blade"), qxNames::findMaterial("Cloth"), false,
+                             true);
+    shown.emplace_back("Wrapped", capture("Wrapped"));
+    check(shown.back().second.at("Blade") == "Cloth", "the blade is wrapped in cloth");
+    select("As Moored");
 }
 
 void tell()
@@ -159,7 +179,7 @@ void tell()
                         {"Nodes: Boom", "Transform 1"},  {"Materials: Hull Paint", "Navy"},
                         {"Lights: Lantern", "!Disable"}, {"Overlays: Caption", "Sold"},
                         {"Transforms: Rudder", "Port"},  {"Camera", "5 m of the boat"},
-                        {"Clipping plane", "1.5, 0, 0"}};
+                        {"Clipping plane", "1.5, 0, 0"}, {"Blade", "Wood"}};
     check(shown.back().second == race, "that is what the set says");
     const float turned = qxNames::findNode("Boom")->getToWorld()[0][1];
     check(turned > 0.479f && turned < 0.48f, "the boom has swung out by half a radian");
@@ -169,7 +189,7 @@ void tell()
 
     std::cout << "\nThe lantern goes out, and the scene is captured.\n";
     shown.push_back(shown.front()); // far from what is captured
-    shown.emplace_back("As Moored", capture());
+    captureSets(shown);
 
     std::cout << "\nThe variants document is written, and all is forgotten.\n";
     const QByteArray document = qxVariantWriter().write();
@@ -185,10 +205,11 @@ void tell()
 
     std::cout << "\nA set selects itself.\n";
     qxScript::run("depth = 0");
-    qxVariants::findVariantSet("Race")->script = "depth += 1; selectVariantSet('Race')";
+    qxVariants::findVariantSet("Race")->script =
+        "depth += 1; selectVariantSet('Race'); depth += 100";
     qxVariants::findVariantSet("Race")->removeAnimation("Waves");
     select("Race");
-    check(qxScript::executeNUSR("depth") == "32", "it ran 32 times, and other scripts run on");
+    check(qxScript::executeNUSR("depth") == "32", "it ended 32 deep, and other scripts run on");
 }
 
 } // namespace
