@@ -21,8 +21,9 @@ public:
     /// are the service's own, not those of viewpoints.
     virtual int getActiveCamera() const = 0;
     ///@{
-    /// The id of a copy of that camera, or of the camera itself, to be stored with createViewpoint;
-    /// 0 for an unknown camera.
+    /// The id of a copy of that camera, or of the camera itself (what it is a copy of), to be
+    /// stored with createViewpoint; 0 for an unknown camera. Both may be `camera` where nothing
+    /// moves it.
     virtual int getCopyOf(int camera) const = 0;
     virtual int getSourceOf(int camera) const = 0;
     ///@}

@@ -28,7 +28,8 @@ public:
 
     ///@{
     /// With the find cache on, look-ups of nodes and overlays take constant time. It is a snapshot
-    /// of the names: do not rename, add or remove nodes until it is cleared.
+    /// of the names: do not rename, add or remove nodes until it is cleared. What scripts remove
+    /// nevertheless is not found any more.
     static bool hasFindCache();
     static void initFindCache();
     static void clearFindCache();

@@ -273,14 +273,14 @@ int qxEffectTarget::placeOf(const qxSceneObject &object, qxAspect aspect, const 
 
 void qxEffectTarget::finish(const qxSceneObject &) {}
 
-void qxStateRules::recurse(const osg::NodePtr &node, qxEffectTarget &target)
+void qxStateRules::recurse(const osg::NodePtr &start, qxEffectTarget &target)
 {
     const auto show = [&target](const osg::NodePtr &each) {
         target.take({qxSceneObject(each), qxAspect::Visibility, 1, qxReason::Recursion});
     };
-    for (const qxNodePtr &each : qxNodeUtils::getSubTreeNodes(node))
+    for (const qxNodePtr &each : qxNodeUtils::getSubTreeNodes(start))
         show(each);
-    osg::NodePtr above = node == osg::NullFC ? osg::NodePtr() : node->getParent();
+    osg::NodePtr above = start == osg::NullFC ? osg::NodePtr() : start->getParent();
     while (above != osg::NullFC && !target.value(qxSceneObject(above), qxAspect::Visibility)) {
         show(above);
         above = above->getParent();

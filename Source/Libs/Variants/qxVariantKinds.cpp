@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <string_view>
 
 namespace {
 
@@ -72,21 +73,27 @@ struct Registered {
 
 /// What the document and people call a kind.
 struct KindNames {
-    const char *word;
+    std::string_view word;
     const char *title;
-    const char *tag;
-    const char *referenceTag;
+    std::string_view tag;
+    std::string_view referenceTag;
 };
+
+/// Not by QLatin1String's own strlen, which clang's fuzzing build cannot compute when it compiles.
+constexpr QLatin1String latin1(std::string_view text)
+{
+    return QLatin1String(text.data(), int(text.size()));
+}
 
 template <class Variant, auto &list>
 constexpr qxVariantKind row(const KindNames &names, qxStateList qxVariantReferences::*states,
                             QString Variant::*sceneName, const qxStateRule &rule)
 {
     typedef Registered<Variant, list> Variants;
-    return {QLatin1String(names.word),
+    return {latin1(names.word),
             names.title,
-            QLatin1String(names.tag),
-            QLatin1String(names.referenceTag),
+            latin1(names.tag),
+            latin1(names.referenceTag),
             Variant::notifications,
             states,
             static_cast<QString qxVariant::*>(sceneName),
