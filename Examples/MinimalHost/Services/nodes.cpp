@@ -179,8 +179,8 @@ std::vector<qxNodePtr> qxNodeUtils::getSubTreeNodes(const osg::NodePtr &node)
 
 bool qxNodeUtils::isCloneOf(const osg::NodePtr &node, const osg::NodePtr &other)
 {
-    return coreOf<osg::NodeCore>(node) != osg::NullFC
-        && coreOf<osg::NodeCore>(node) == coreOf<osg::NodeCore>(other);
+    return node != osg::NullFC && other != osg::NullFC && node->getCore() != osg::NullFC
+        && node->getCore() == other->getCore();
 }
 
 void qxNodeUtils::getInstancesInScenegraph(const osg::NodePtr &node, std::vector<qxNodePtr> &nodes)

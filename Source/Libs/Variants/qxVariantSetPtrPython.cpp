@@ -124,8 +124,9 @@ BOOST_PYTHON_MODULE(qxVariantSetPtr)
 }
 
 namespace {
+namespace setPtrModule {
 
-void initSetPtr(bool destroy)
+void pythonInit(bool destroy)
 {
 #if PY_MAJOR_VERSION >= 3
     static qxScriptModule module("qxVariantSetPtr", &PyInit_qxVariantSetPtr);
@@ -135,6 +136,7 @@ void initSetPtr(bool destroy)
     module.pythonInit(destroy);
 }
 
-const qxPythonInit setPtrModule(&initSetPtr);
+const qxPythonInit registered(&pythonInit);
 
+} // namespace setPtrModule
 } // namespace

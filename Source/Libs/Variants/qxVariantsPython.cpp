@@ -56,8 +56,9 @@ BOOST_PYTHON_MODULE(qxVariants)
 }
 
 namespace {
+namespace variantsModule {
 
-void initVariants(bool destroy)
+void pythonInit(bool destroy)
 {
 #if PY_MAJOR_VERSION >= 3
     static qxScriptModule module("qxVariants", &PyInit_qxVariants);
@@ -67,6 +68,7 @@ void initVariants(bool destroy)
     module.pythonInit(destroy);
 }
 
-const qxPythonInit variantsModule(&initVariants);
+const qxPythonInit registered(&pythonInit);
 
+} // namespace variantsModule
 } // namespace

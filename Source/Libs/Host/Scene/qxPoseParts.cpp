@@ -102,8 +102,11 @@ Square diagonalize(Square &symmetric)
         if (std::abs(offDiagonal)
             < 1e-12 * (std::abs(symmetric.at[p][p]) + std::abs(symmetric.at[q][q])))
             continue;
-        const double angle =
-            0.5 * std::atan2(2 * offDiagonal, symmetric.at[q][q] - symmetric.at[p][p]);
+        // At most an eighth of a turn: larger ones go round without end.
+        const double difference = symmetric.at[q][q] - symmetric.at[p][p];
+        const double angle = 0.5
+            * std::atan2(std::copysign(2 * offDiagonal, offDiagonal * difference),
+                         std::abs(difference));
         Square turn;
         turn.at[p][p] = turn.at[q][q] = std::cos(angle);
         turn.at[p][q] = std::sin(angle);
