@@ -67,6 +67,7 @@ TEST_F(WrongUseTest, EveryCommandHasAManualPage)
     const QString program = QString::fromUtf8(bytesOf(path("workbench.1")));
     const QRegularExpression command("\n  ([a-z]+) "), option("\n  (?:-h, )?--([a-z-]+)");
     auto commands = command.globalMatch(QString::fromUtf8(done({"--help"}).out));
+    ASSERT_TRUE(commands.hasNext());
     while (commands.hasNext()) {
         const QString name = commands.next().captured(1);
         EXPECT_TRUE(program.contains(".BR workbench\\-" + name + " (1)")) << qPrintable(name);
