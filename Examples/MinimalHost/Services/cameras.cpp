@@ -43,9 +43,7 @@ public:
     int createViewpoint(const std::string &name, int source) override
     {
         qxUberCamera viewpoint = Scene::the().camera;
-        viewpoint.name = name;
-        for (int number = 2; findViewpoint(viewpoint.name) >= 0; ++number)
-            viewpoint.name = name + ' ' + std::to_string(number);
+        viewpoint.name = numbered(name, [this](auto &each) { return findViewpoint(each) >= 0; });
         return source == 1 ? qxUberCameraPool::the()->add(viewpoint) : -1;
     }
     void setHomeViewpoint(int, int) override {}

@@ -47,10 +47,7 @@ Materials all()
 
 std::string uniqueMaterialName(const std::string &name)
 {
-    std::string unique = name;
-    for (int number = 2; qxMaterials::findMaterial(unique.c_str()) != osg::NullFC; ++number)
-        unique = name + ' ' + std::to_string(number);
-    return unique;
+    return numbered(name, [](auto &each) { return qxMaterials::findMaterial(each.c_str()); });
 }
 
 std::string qxMaterials::getName(const osg::MaterialPtr &material)

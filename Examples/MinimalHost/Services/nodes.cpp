@@ -147,10 +147,7 @@ std::string qxNodeUtils::getUniqueName(const std::string &base,
                                        const std::vector<std::string> &existing)
 {
     const std::set<std::string> taken(existing.begin(), existing.end());
-    std::string name = base;
-    for (int number = 2; taken.count(name); ++number)
-        name = base + ' ' + std::to_string(number);
-    return name;
+    return numbered(base, [&taken](auto &each) { return taken.count(each); });
 }
 
 void qxNodeUtils::setName(const osg::NodePtr &node, const std::string &name, bool makeUnique,

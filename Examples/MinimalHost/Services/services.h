@@ -22,10 +22,20 @@ Class *single()
     return object;
 }
 
+/// The name, with the first number behind it that makes it free if it is taken.
+template <class IsTaken>
+std::string numbered(const std::string &name, const IsTaken &isTaken)
+{
+    std::string free = name;
+    for (int number = 2; isTaken(free); ++number)
+        free = name + ' ' + std::to_string(number);
+    return free;
+}
+
 /// Starts the services that the module looks up, and what answers its notifications.
 void registerServices();
 
-/// The name, with a number behind it if a material has it already.
+/// The name, numbered if a material has it already.
 std::string uniqueMaterialName(const std::string &name);
 
 /// Starts the interpreter, for the rest of the process; before that, scripts are not run.
