@@ -82,6 +82,7 @@ std::string qxImageWriter::exportImageFast()
 void qxImageWriter::exportImageFastTerminate() { exportImageFastInit(0, 0, -1); }
 
 // There is no view, so there is nothing that is copied from one, traced or refined.
+qxOSGWidget::~qxOSGWidget() = default; // with it comes the class's type, which sanitizers ask for
 qxOSGWidget *qxOSGWidget::getMGLW(int) { return nullptr; }
 bool qxOSGWidget::getRaytracing() { return false; }
 void qxOSGWidget::cancelAntialiasing() {}
