@@ -2,7 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
-#include "Files/Gltf/Read/qxGltfCheck.h"
+#include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
 #include "Files/Gltf/Read/qxGltfSceneBuilder.h"
@@ -78,16 +78,6 @@ std::vector<qxFileStamp> stampsOf(const qxGltfModel &model)
     return stamps;
 }
 
-QStringList textsOf(const qxJson &list)
-{
-    QStringList texts;
-    for (const qxJson &text : list) {
-        if (text.is_string())
-            texts << qxText::fromUtf8(text.get<std::string>());
-    }
-    return texts;
-}
-
 QString assetText(const qxJson &document, const char *name)
 {
     const qxJson &text = qxGltfMember(qxGltfMember(document, "asset"), name);
@@ -109,12 +99,10 @@ qxSceneFileInfo infoOf(const qxGltfModel &model)
     info.textures = count("textures");
     info.cameras = count("cameras");
     info.animations = count("animations");
-    info.extensionsUsed = textsOf(qxGltfSection(json, "extensionsUsed"));
-    info.extensionsRequired = textsOf(qxGltfSection(json, "extensionsRequired"));
-    for (const QString &name : info.extensionsUsed) {
-        if (!qxGltfUnderstoodExtensions().contains(name))
-            info.extensionsNotUnderstood << name;
-    }
+    info.extensionsUsed = qxGltfExtensionNames(json, "extensionsUsed");
+    info.extensionsRequired = qxGltfExtensionNames(json, "extensionsRequired");
+    info.extensionsNotUnderstood = qxGltfNotUnderstood(json, "extensionsUsed");
+    info.extensionsMissing = qxGltfNotUnderstood(json, "extensionsRequired");
     info.hiddenPictures = qxGltfHiddenPictures(qxGltfSection(json, "materials"));
     return info;
 }

@@ -40,18 +40,11 @@ void checkVersion(const qxJson &document)
 
 void checkExtensions(const qxJson &document)
 {
-    QStringList unknown;
     for (const qxJson &required : qxGltfSection(document, "extensionsRequired")) {
         if (!required.is_string())
             throw qxGltfError(
                 qxFileText::tr("\"extensionsRequired\" holds something that is no text"));
-        const QString name = qxText::fromUtf8(required.get<std::string>());
-        if (!qxGltfUnderstoodExtensions().contains(name))
-            unknown << name;
     }
-    if (!unknown.isEmpty())
-        throw qxGltfError(
-            qxFileText::tr("requires what is not supported: %1").arg(unknown.join(", ")));
 }
 
 void checkPrimitive(const QString &owner, const qxJson &primitive, const qxJson &document)
@@ -117,15 +110,6 @@ void checkMaterials(const qxJson &document)
 }
 
 } // namespace
-
-const QStringList &qxGltfUnderstoodExtensions()
-{
-    static const QStringList names{"KHR_lights_punctual",   "KHR_materials_emissive_strength",
-                                   "KHR_materials_unlit",   "KHR_materials_variants",
-                                   "KHR_mesh_quantization", "KHR_node_visibility",
-                                   "KHR_texture_transform"};
-    return names;
-}
 
 void qxGltfCheck(const qxJson &document)
 {

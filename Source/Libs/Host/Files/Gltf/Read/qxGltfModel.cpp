@@ -2,6 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/Gltf/Read/qxGltfCheck.h"
+#include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "qxText.h"
 
 namespace {
@@ -71,6 +72,9 @@ qxGltfModel qxGltfModel::read(const QString &path)
     takeStructure(model.document.json, model.budget);
     model.buffers = qxGltfReadBuffers(model.document, model.budget);
     parse(model.document.json, model.typed);
+    const QStringList missing = qxGltfNotUnderstood(model.document.json, "extensionsRequired");
+    if (!missing.isEmpty())
+        model.warnings << qxFileText::tr("what needs the extension %1 is not shown").arg(missing.join(", "));
     return model;
 }
 
