@@ -74,7 +74,8 @@ qxGltfModel qxGltfModel::read(const QString &path)
     parse(model.document.json, model.typed);
     const QStringList missing = qxGltfNotUnderstood(model.document.json, "extensionsRequired");
     if (!missing.isEmpty())
-        model.warnings << qxFileText::tr("what needs the extension %1 is not shown").arg(missing.join(", "));
+        model.warnings
+            << qxFileText::tr("what needs the extension %1 is not shown").arg(missing.join(", "));
     return model;
 }
 
