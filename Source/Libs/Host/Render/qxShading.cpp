@@ -62,6 +62,9 @@ qxShading::qxShading(const Surface &surface, const osg::Vec3f &normal, const osg
       m_matt(surface.base * (1.0f - surface.metallic)),
       m_mirror(qxMixed(_white * 0.04f, surface.base, surface.metallic))
 {
+    const float mirrors = qxPeak(fresnel(m_eyeCosine));
+    const float matt = qxPeak(m_matt) * (1.0f - mirrors);
+    m_mirrorChance = matt > 0.0f ? std::clamp(mirrors / (mirrors + matt), 0.1f, 0.9f) : 1.0f;
 }
 
 osg::Vec3f qxShading::fresnel(float cosine) const
@@ -97,31 +100,34 @@ osg::Vec3f qxShading::reflectedSky(const qxSky &sky) const
 
 qxShading::Bounce qxShading::bounce(float choice, const osg::Vec2f &place) const
 {
-    const float mirrors = qxPeak(fresnel(m_eyeCosine));
-    const float matt = qxPeak(m_matt) * (1.0f - mirrors);
-    const float share = std::clamp(mirrors / std::max(mirrors + matt, 1e-6f), 0.1f, 0.9f);
-    const bool isMirror = matt <= 0.0f || choice < share;
-    Bounce result = isMirror ? mirrorBounce(place) : mattBounce(place);
-    if (matt > 0.0f)
-        result.share *= 1.0f / (isMirror ? share : 1.0f - share);
-    return result;
+    const osg::Vec3f direction =
+        choice < m_mirrorChance ? mirrorDirection(place) : mattDirection(place);
+    const float chance = density(direction);
+    const osg::Vec3f share = chance > 0.0f ? reflected(direction) * (1.0f / chance) : osg::Vec3f();
+    return {direction, share, chance};
 }
 
-qxShading::Bounce qxShading::mattBounce(const osg::Vec2f &place) const
+float qxShading::density(const osg::Vec3f &toLight) const
+{
+    const float cosine = m_frame.z.dot(toLight);
+    if (cosine <= 0.0f)
+        return 0.0f;
+    const osg::Vec3f half = qxUnit(toLight + m_toEye);
+    const float mirrors = distribution(std::max(m_frame.z.dot(half), 0.0f), m_alpha)
+        * unshadowed(m_eyeCosine, m_alpha) / (4.0f * m_eyeCosine);
+    return qxMixed(cosine / qxPi, mirrors, m_mirrorChance);
+}
+
+osg::Vec3f qxShading::mattDirection(const osg::Vec2f &place) const
 {
     const float radius = std::sqrt(place[0]);
     const float angle = 2.0f * qxPi * place[1];
-    const osg::Vec3f local(radius * std::cos(angle), radius * std::sin(angle),
-                           std::sqrt(std::max(0.0f, 1.0f - place[0])));
-    return {m_frame.toWorld(local), qxProduct(_white - fresnel(m_eyeCosine), m_matt)};
+    return m_frame.toWorld(osg::Vec3f(radius * std::cos(angle), radius * std::sin(angle),
+                                      std::sqrt(std::max(0.0f, 1.0f - place[0]))));
 }
 
-qxShading::Bounce qxShading::mirrorBounce(const osg::Vec2f &place) const
+osg::Vec3f qxShading::mirrorDirection(const osg::Vec2f &place) const
 {
     const osg::Vec3f eye = m_frame.toLocal(m_toEye);
-    const osg::Vec3f mirror = visibleMirror(eye, m_alpha, place);
-    const osg::Vec3f out = qxMirrored(-eye, mirror);
-    if (out[2] <= 0.0f)
-        return {m_frame.z, osg::Vec3f()};
-    return {m_frame.toWorld(out), fresnel(mirror.dot(eye)) * unshadowed(out[2], m_alpha)};
+    return m_frame.toWorld(qxMirrored(-eye, visibleMirror(eye, m_alpha, place)));
 }

@@ -25,16 +25,19 @@ public:
     /// A direction of incoming light, and the share of it that is reflected to the eye.
     struct Bounce {
         osg::Vec3f direction;
-        osg::Vec3f share; ///< null when the direction leads into the surface
+        osg::Vec3f share; ///< reflected() by the density; null when it leads into the surface
+        float density; ///< probability per solid angle that bounce() gives this direction
     };
     /// One random direction; the average over many of them is the reflected light. `choice` and
     /// `place` are random numbers.
     Bounce bounce(float choice, const osg::Vec2f &place) const;
+    /// The probability per solid angle of bounce().
+    float density(const osg::Vec3f &toLight) const;
 
 private:
     osg::Vec3f fresnel(float cosine) const;
-    Bounce mattBounce(const osg::Vec2f &place) const;
-    Bounce mirrorBounce(const osg::Vec2f &place) const;
+    osg::Vec3f mattDirection(const osg::Vec2f &place) const;
+    osg::Vec3f mirrorDirection(const osg::Vec2f &place) const;
 
     qxFrame m_frame;
     osg::Vec3f m_toEye;
@@ -43,4 +46,5 @@ private:
     float m_alpha; ///< squared roughness
     osg::Vec3f m_matt; ///< diffuse colour
     osg::Vec3f m_mirror; ///< specular reflectance at normal incidence
+    float m_mirrorChance; ///< that a bounce is one of the mirrors
 };

@@ -36,3 +36,17 @@ osg::Vec3f qxSky::scattered(const osg::Vec3f &normal) const
     const float lamp = towards * 2.0f / (_lampSharpness + 1.0f);
     return light(normal[1], 2.0f / 3.0f) + m_lamp * lamp;
 }
+
+qxSky::Sample qxSky::sample(const osg::Vec2f &place) const
+{
+    const float height = 2.0f * place[0] - 1.0f;
+    const float radius = std::sqrt(std::max(0.0f, 1.0f - height * height));
+    const float angle = 2.0f * qxPi * place[1];
+    const osg::Vec3f direction(radius * std::cos(angle), height, radius * std::sin(angle));
+    return {direction, light(direction), density(direction)};
+}
+
+float qxSky::density(const osg::Vec3f &) const
+{
+    return 0.25f / qxPi;
+}

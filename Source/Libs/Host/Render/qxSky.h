@@ -14,6 +14,16 @@ public:
     /// The light from a direction (of length 1), blurred as by a surface of that roughness.
     osg::Vec3f mirrored(const osg::Vec3f &direction, float roughness) const;
     osg::Vec3f light(const osg::Vec3f &direction) const { return mirrored(direction, 0.0f); }
+    /// A direction and the light from there.
+    struct Sample {
+        osg::Vec3f direction;
+        osg::Vec3f light;
+        float density; ///< probability per solid angle that sample() gives this direction
+    };
+    /// A random direction; bright ones come more often. `place` are random numbers.
+    Sample sample(const osg::Vec2f &place) const;
+    /// The probability per solid angle of sample().
+    float density(const osg::Vec3f &direction) const;
     /// The light that a white diffuse surface with that normal reflects.
     osg::Vec3f scattered(const osg::Vec3f &normal) const;
 

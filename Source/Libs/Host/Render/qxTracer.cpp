@@ -43,79 +43,6 @@ RTCRay embreeRay(const qxRay &ray, unsigned int mask)
 
 } // namespace
 
-/// A point of a surface.
-struct qxTracer::Hit {
-    osg::Vec3f position;
-    osg::Vec3f normal; ///< smooth, on the side of the eye
-    osg::Vec3f flatNormal; ///< of the triangle, on the side of the eye
-    osg::Vec3f toEye;
-    float distance = 0;
-    bool front = true;
-    osg::Vec2f texCoords;
-    osg::Vec4f colour;
-    const qxRenderInstance *instance = nullptr;
-    qxRenderGeometry::Place place = {0, 0, 0}; ///< in its geometry
-    float width = 0; ///< of the ray on the surface; 0 for points
-
-    osg::Vec4f texel(const qxRenderLayer &layer) const;
-    /// Base colour and alpha of a pass.
-    osg::Vec4f base(const qxRenderLayer &layer) const;
-    float alpha(const qxRenderLayer &layer, float baseAlpha) const;
-    /// Whether the pass has this side.
-    bool shows(const qxRenderLayer &layer) const { return front || layer.doubleSided; }
-    /// Where a ray may start without meeting the surface again.
-    osg::Vec3f start(const osg::Vec3f &direction) const;
-};
-
-osg::Vec4f qxTracer::Hit::texel(const qxRenderLayer &layer) const
-{
-    if (!layer.texture)
-        return osg::Vec4f(1, 1, 1, 1);
-    const qxSurface::TextureMatrix &m = layer.textureMatrix;
-    const osg::Vec2f inImage(m[0] * texCoords[0] + m[1] * texCoords[1] + m[2],
-                             m[3] * texCoords[0] + m[4] * texCoords[1] + m[5]);
-    if (!(width > 0.0f))
-        return layer.texture->at(inImage, layer.wrap);
-    const float scale = std::sqrt(std::fabs(m[0] * m[4] - m[1] * m[3]));
-    const float perLength = instance->geometry->texCoordsPerLength(place, instance->toWorld);
-    return layer.texture->at(inImage, layer.wrap, width * perLength * scale);
-}
-
-osg::Vec4f qxTracer::Hit::base(const qxRenderLayer &layer) const
-{
-    const osg::Vec4f texture = texel(layer);
-    const osg::Vec3f light(texture[0], texture[1], texture[2]);
-    const osg::Vec3f tint(colour[0], colour[1], colour[2]);
-    osg::Vec3f result = qxProduct(layer.base, tint);
-    float alpha = layer.alpha * colour[3];
-    if (layer.textureUse == qxRenderLayer::Decal) {
-        result = qxMixed(result, light, texture[3]);
-    } else {
-        result = layer.textureUse == qxRenderLayer::Replace && layer.texture
-            ? light
-            : qxProduct(result, light);
-        alpha *= texture[3];
-    }
-    return osg::Vec4f(result[0], result[1], result[2], alpha);
-}
-
-float qxTracer::Hit::alpha(const qxRenderLayer &layer, float baseAlpha) const
-{
-    if (!shows(layer))
-        return 0.0f;
-    if (layer.alphaMode == qxSurface::Mask)
-        return baseAlpha >= layer.alphaCutoff ? 1.0f : 0.0f;
-    return layer.alphaMode == qxSurface::Blend ? std::clamp(baseAlpha, 0.0f, 1.0f) : 1.0f;
-}
-
-osg::Vec3f qxTracer::Hit::start(const osg::Vec3f &direction) const
-{
-    const float largest = std::max(std::max(std::fabs(position[0]), std::fabs(position[1])),
-                                   std::max(std::fabs(position[2]), distance));
-    const float side = flatNormal.dot(direction) < 0.0f ? -1.0f : 1.0f;
-    return position + flatNormal * (side * largest * 2e-5f);
-}
-
 qxTracer::qxTracer(const Scene &scene) : m_scene(scene) {}
 
 qxTracer::RayResult qxTracer::trace(const qxRay &ray, qxSampler &sampler) const
@@ -123,7 +50,7 @@ qxTracer::RayResult qxTracer::trace(const qxRay &ray, qxSampler &sampler) const
     return radianceAlong(ray, 0, sampler);
 }
 
-bool qxTracer::intersect(const qxRay &ray, unsigned int mask, Hit &hit) const
+bool qxTracer::intersect(const qxRay &ray, unsigned int mask, qxSurfacePoint &hit) const
 {
     RTCIntersectContext context;
     rtcInitIntersectContext(&context);
@@ -167,7 +94,7 @@ qxTracer::RayResult qxTracer::radianceAlong(qxRay ray, int depth, qxSampler &sam
         plane = m_scene.clipping.crossing(ray, m_scene.camera);
     m_scene.clipping.limit(ray);
     for (int i = 0; i < _mostSurfaces && result.transmittance > _nothing; ++i) {
-        Hit hit;
+        qxSurfacePoint hit;
         const bool left = !m_scene.clipping.hidesScene() && ray.near < ray.far;
         const bool found = left && intersect(ray, _all, hit);
         if (plane.alpha > 0.0f && !(found && hit.distance < plane.distance)) {
@@ -185,7 +112,7 @@ qxTracer::RayResult qxTracer::radianceAlong(qxRay ray, int depth, qxSampler &sam
 }
 
 /// How much of a surface a ray of the eye stands for; seen at a flat angle it is longer than wide.
-float qxTracer::widthAt(const Hit &hit) const
+float qxTracer::widthAt(const qxSurfacePoint &hit) const
 {
     const float slope = std::max(hit.flatNormal.dot(hit.toEye), 0.1f);
     return m_scene.camera.pixelSize(hit.distance) * m_scene.rayWidth / std::sqrt(slope);
@@ -199,7 +126,8 @@ void qxTracer::pass(const qxRenderClipping::Crossing &plane, RayResult &result) 
 }
 
 /// The passes of the material, from the one that was drawn last downwards.
-void qxTracer::pass(const Hit &hit, int depth, qxSampler &sampler, RayResult &result) const
+void qxTracer::pass(const qxSurfacePoint &hit, int depth, qxSampler &sampler,
+                    RayResult &result) const
 {
     const std::vector<qxRenderLayer> &layers = hit.instance->surface->layers;
     for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
@@ -221,8 +149,8 @@ void qxTracer::pass(const Hit &hit, int depth, qxSampler &sampler, RayResult &re
         result.distance = std::min(result.distance, hit.distance);
 }
 
-osg::Vec3f qxTracer::shaded(const Hit &hit, const qxRenderLayer &layer, const osg::Vec3f &colour,
-                            int depth, qxSampler &sampler) const
+osg::Vec3f qxTracer::shaded(const qxSurfacePoint &hit, const qxRenderLayer &layer,
+                            const osg::Vec3f &colour, int depth, qxSampler &sampler) const
 {
     if (layer.unlit)
         return colour;
@@ -237,7 +165,7 @@ osg::Vec3f qxTracer::shaded(const Hit &hit, const qxRenderLayer &layer, const os
     return light + reflectedScene(hit, shading, depth, sampler);
 }
 
-osg::Vec3f qxTracer::direct(const Hit &hit, const qxShading &shading, int depth,
+osg::Vec3f qxTracer::direct(const qxSurfacePoint &hit, const qxShading &shading, int depth,
                             qxSampler &sampler) const
 {
     const std::vector<qxRenderLight> &lights = m_scene.lights.on;
@@ -255,7 +183,7 @@ osg::Vec3f qxTracer::direct(const Hit &hit, const qxShading &shading, int depth,
 }
 
 /// What a light gives if nothing is in its way.
-qxTracer::LightSample qxTracer::sampleOf(const qxRenderLight &light, const Hit &hit,
+qxTracer::LightSample qxTracer::sampleOf(const qxRenderLight &light, const qxSurfacePoint &hit,
                                          const qxShading &shading) const
 {
     const qxRenderLight::Arrival arrival = light.arrivalAt(hit.position, hit.normal);
@@ -266,7 +194,7 @@ qxTracer::LightSample qxTracer::sampleOf(const qxRenderLight &light, const Hit &
 }
 
 /// One of the lights, those that give more sooner than others, standing for all of them.
-qxTracer::LightSample qxTracer::chosenSample(const Hit &hit, const qxShading &shading,
+qxTracer::LightSample qxTracer::chosenSample(const qxSurfacePoint &hit, const qxShading &shading,
                                              float random) const
 {
     LightSample result = {osg::Vec3f(), osg::Vec3f(), 0.0f, false};
@@ -288,7 +216,8 @@ qxTracer::LightSample qxTracer::chosenSample(const Hit &hit, const qxShading &sh
     return result;
 }
 
-osg::Vec3f qxTracer::shadowed(const LightSample &sample, const Hit &hit, qxSampler &sampler) const
+osg::Vec3f qxTracer::shadowed(const LightSample &sample, const qxSurfacePoint &hit,
+                              qxSampler &sampler) const
 {
     if (qxPeak(sample.light) <= _nothing || !sample.shadow)
         return sample.light;
@@ -305,7 +234,8 @@ osg::Vec3f qxTracer::shadowed(const LightSample &sample, const Hit &hit, qxSampl
     return sample.light * transmittance(hit, direction, sample.distance);
 }
 
-float qxTracer::transmittance(const Hit &hit, const osg::Vec3f &direction, float distance) const
+float qxTracer::transmittance(const qxSurfacePoint &hit, const osg::Vec3f &direction,
+                              float distance) const
 {
     qxRay ray;
     ray.origin = hit.start(direction);
@@ -321,7 +251,7 @@ float qxTracer::transmittance(const Hit &hit, const osg::Vec3f &direction, float
     if (opaque.tfar < 0.0f)
         return 0.0f;
     float through = 1.0f;
-    Hit other;
+    qxSurfacePoint other;
     for (int i = 0; i < _mostSurfaces && m_scene.group.hasTranslucent(); ++i) {
         if (through <= _nothing || !intersect(ray, qxRenderGroup::Translucent, other))
             break;
@@ -341,7 +271,7 @@ osg::Vec3f qxTracer::around(const qxRay &ray, qxSampler &sampler) const
     return seen.radiance + m_scene.sky.light(ray.direction) * seen.transmittance;
 }
 
-osg::Vec3f qxTracer::reflectedScene(const Hit &hit, const qxShading &shading, int depth,
+osg::Vec3f qxTracer::reflectedScene(const qxSurfacePoint &hit, const qxShading &shading, int depth,
                                     qxSampler &sampler) const
 {
     const float choice = sampler.next();

@@ -6,6 +6,7 @@
 #include "Render/qxRenderLight.h"
 #include "Render/qxSampler.h"
 #include "Render/qxSky.h"
+#include "Render/qxSurfacePoint.h"
 
 class qxShading;
 
@@ -43,7 +44,6 @@ public:
     RayResult trace(const qxRay &ray, qxSampler &sampler) const;
 
 private:
-    struct Hit;
     /// What a point would reflect of a light to the eye, if nothing were in between.
     struct LightSample {
         osg::Vec3f light;
@@ -53,23 +53,26 @@ private:
     };
 
     RayResult radianceAlong(qxRay ray, int depth, qxSampler &sampler) const;
-    float widthAt(const Hit &hit) const;
+    float widthAt(const qxSurfacePoint &hit) const;
     void pass(const qxRenderClipping::Crossing &plane, RayResult &result) const;
-    void pass(const Hit &hit, int depth, qxSampler &sampler, RayResult &result) const;
-    osg::Vec3f shaded(const Hit &hit, const qxRenderLayer &layer, const osg::Vec3f &colour,
-                      int depth, qxSampler &sampler) const;
-    osg::Vec3f direct(const Hit &hit, const qxShading &shading, int depth,
+    void pass(const qxSurfacePoint &hit, int depth, qxSampler &sampler, RayResult &result) const;
+    osg::Vec3f shaded(const qxSurfacePoint &hit, const qxRenderLayer &layer,
+                      const osg::Vec3f &colour, int depth, qxSampler &sampler) const;
+    osg::Vec3f direct(const qxSurfacePoint &hit, const qxShading &shading, int depth,
                       qxSampler &sampler) const;
-    LightSample sampleOf(const qxRenderLight &light, const Hit &hit,
+    LightSample sampleOf(const qxRenderLight &light, const qxSurfacePoint &hit,
                          const qxShading &shading) const;
-    LightSample chosenSample(const Hit &hit, const qxShading &shading, float random) const;
-    osg::Vec3f shadowed(const LightSample &sample, const Hit &hit, qxSampler &sampler) const;
-    osg::Vec3f reflectedScene(const Hit &hit, const qxShading &shading, int depth,
+    LightSample chosenSample(const qxSurfacePoint &hit, const qxShading &shading,
+                             float random) const;
+    osg::Vec3f shadowed(const LightSample &sample, const qxSurfacePoint &hit,
+                        qxSampler &sampler) const;
+    osg::Vec3f reflectedScene(const qxSurfacePoint &hit, const qxShading &shading, int depth,
                               qxSampler &sampler) const;
     osg::Vec3f around(const qxRay &ray, qxSampler &sampler) const;
-    bool intersect(const qxRay &ray, unsigned int mask, Hit &hit) const;
+    bool intersect(const qxRay &ray, unsigned int mask, qxSurfacePoint &hit) const;
     /// The share of light that gets to the point from that far away.
-    float transmittance(const Hit &hit, const osg::Vec3f &direction, float distance) const;
+    float transmittance(const qxSurfacePoint &hit, const osg::Vec3f &direction,
+                        float distance) const;
 
     const Scene m_scene;
 };

@@ -1,0 +1,7 @@
+#include "Animation/qxPose.h"
+
+qxPose &qxPose::the()
+{
+    static qxPose pose;
+    return pose;
+}
