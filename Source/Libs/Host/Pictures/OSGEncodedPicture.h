@@ -5,7 +5,7 @@
 
 OSG_BEGIN_NAMESPACE
 
-/// Attachment of an image without pixels: the bytes of its PNG or JPEG. Read and written through
+/// Attachment of an image without pixels: the bytes of its PNG, JPEG or WebP. Read and written through
 /// qxEncodedPicture.
 struct EncodedPictureDesc {
     typedef SFString FieldTypeT;

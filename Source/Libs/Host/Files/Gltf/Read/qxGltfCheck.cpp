@@ -57,6 +57,8 @@ void checkPrimitive(const QString &owner, const qxJson &primitive, const qxJson 
         throw qxGltfError(qxFileText::tr("%1 has no \"attributes\"").arg(owner));
     for (const qxJson &accessor : attributes)
         qxGltfCheckIndexValue(owner, accessor, accessors, "accessor");
+    qxGltfCheckDraco(owner, primitive, document);
+    qxGltfCheckTargets(owner, primitive, document);
     qxGltfCheckIndex(owner, primitive, "indices", accessors, "accessor");
     qxGltfCheckIndex(owner, primitive, "material", qxGltfSection(document, "materials"),
                      "material");
@@ -103,7 +105,9 @@ void checkMaterials(const qxJson &document)
     index = 0;
     for (const qxJson &texture : qxGltfSection(document, "textures")) {
         const QString called = qxGltfLabel("texture", index++, texture);
-        qxGltfCheckIndex(called, texture, "source", qxGltfSection(document, "images"), "image");
+        const qxJson &webp = qxGltfMember(qxGltfMember(texture, "extensions"), "EXT_texture_webp");
+        for (const qxJson *holder : {&texture, &webp})
+            qxGltfCheckIndex(called, *holder, "source", qxGltfSection(document, "images"), "image");
         qxGltfCheckIndex(called, texture, "sampler", qxGltfSection(document, "samplers"),
                          "sampler");
     }
@@ -120,5 +124,6 @@ void qxGltfCheck(const qxJson &document)
     qxGltfCheckLights(document);
     qxGltfCheckData(document);
     checkMeshes(document);
+    qxGltfCheckSkins(document);
     checkMaterials(document);
 }
