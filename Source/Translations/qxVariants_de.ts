@@ -577,47 +577,47 @@
     </message>
     <message>
         <source>it is too short: %1 bytes announced, %2 there</source>
-        <translation type="unfinished"></translation>
+        <translation>er ist zu kurz: %1 Bytes angekündigt, %2 vorhanden</translation>
     </message>
     <message>
         <source>%1 states an impossible way of compression</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 gibt eine unmögliche Komprimierung an</translation>
     </message>
     <message>
         <source>%1 has no &quot;joints&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat keine „joints“</translation>
     </message>
     <message>
         <source>%1 has no matrix for each of its %2 joints</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat nicht für jedes der %2 Gelenke eine Matrix</translation>
     </message>
     <message>
         <source>%1: &quot;%2&quot; is not a list</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: „%2“ ist keine Liste</translation>
     </message>
     <message>
         <source>%1: &quot;%2&quot; holds something that is no object</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: „%2“ enthält etwas, das kein Objekt ist</translation>
     </message>
     <message>
         <source>its compressed data are damaged</source>
-        <translation type="unfinished"></translation>
+        <translation>die komprimierten Daten sind beschädigt</translation>
     </message>
     <message>
         <source>%1; data that are not compressed are shown</source>
-        <translation type="unfinished"></translation>
+        <translation>%1; gezeigt werden die nicht komprimierten Daten</translation>
     </message>
     <message>
         <source>%1 is not in the compressed data as it is stated</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist in den komprimierten Daten nicht so vorhanden, wie es angegeben ist</translation>
     </message>
     <message>
         <source>%1 of morph target %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 des Morph-Ziels %2</translation>
     </message>
     <message>
         <source>it is neither PNG, JPEG nor WebP</source>
-        <translation type="unfinished"></translation>
+        <translation>es ist weder PNG, JPEG noch WebP</translation>
     </message>
 </context>
 <context>
