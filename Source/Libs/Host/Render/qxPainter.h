@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Render/qxContour.h"
+#include "Render/qxPathTracer.h"
 #include "Render/qxPicture.h"
 #include "Render/qxPictureFilter.h"
 #include "Render/qxRenderScene.h"
-#include "Render/qxTracer.h"
 
 #include <atomic>
 
@@ -20,8 +20,14 @@ public:
 private:
     struct Sample;
     class Average;
+    /// What is in a pixel besides random light.
+    struct Layers {
+        osg::Vec3f light; ///< of what is lit
+        osg::Vec3f plain; ///< of what is not lit, as the picture shows it
+        float lit = 0; ///< share of what is lit
+    };
 
-    qxTracer::Scene tracerScene(const qxRenderGroup &group, qxTracer::Mode mode,
+    qxTracer::Scene tracerScene(const qxRenderGroup &group, bool isLit,
                                 const qxRenderClipping &clipping) const;
     int tileCount() const;
     void paintTile(int tile);
@@ -32,7 +38,11 @@ private:
     Sample sample(int x, int y, int number) const;
     osg::Vec3f background(const qxRay &ray, float y, qxSampler &sampler) const;
     void filterBand(int band);
-    void show(int x, int y, const osg::Vec3f &light);
+    void show(int x, int y, const Layers &layers, const osg::Vec3f &scattered);
+    std::size_t place(int x, int y) const
+    {
+        return std::size_t(y) * std::size_t(m_settings.width) + std::size_t(x);
+    }
 
     const qxRenderGroup &m_shown;
     const qxPictureSettings m_settings;
@@ -53,6 +63,7 @@ private:
     std::unique_ptr<qxTracer> m_tracer;
     std::vector<qxTracer> m_overlays; ///< the farthest first
     std::unique_ptr<qxPictureFilter> m_filter; ///< null when pixels are shown as they come
+    std::vector<Layers> m_layers; ///< of each pixel, with a filter
     std::atomic<int> m_sides{qxTracer::Nothing}; ///< sides of surfaces, by any ray of the eye
     qxPicture m_picture;
 };

@@ -1,5 +1,7 @@
 #include "Render/qxPictureFilter.h"
 
+#include "Render/qxRenderMath.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -12,6 +14,7 @@ const int _bandRows = 16;
 const float _tolerance = 1.0f; ///< so many times the variances, differences count as noise
 const float _unseen = 4e-6f; ///< variance that nobody sees
 const float _colourUnit = 0.1f;
+const float _gloss = 0.08f;
 const float _normalUnit = 0.3f;
 
 /// About exp(-x) for positive numbers, without its tail.
@@ -27,7 +30,25 @@ float square(float x)
     return x * x;
 }
 
+/// What the light is divided by: mirrors on a surface of any colour show the light's own.
+osg::Vec3f divisor(const osg::Vec3f &colour)
+{
+    return colour + osg::Vec3f(_gloss, _gloss, _gloss);
+}
+
 } // namespace
+
+osg::Vec3f qxPictureFilter::withoutColour(const osg::Vec3f &light, const osg::Vec3f &colour)
+{
+    const osg::Vec3f by = divisor(colour);
+    return osg::Vec3f(light[0] / by[0], light[1] / by[1], light[2] / by[2]);
+}
+
+osg::Vec3f qxPictureFilter::look(const osg::Vec3f &light)
+{
+    const auto one = [](float x) { return std::sqrt(std::clamp(x, 0.0f, 4.0f)); };
+    return osg::Vec3f(one(light[0]), one(light[1]), one(light[2]));
+}
 
 /// Some rows, while they are filtered.
 struct qxPictureFilter::Band {
@@ -51,6 +72,7 @@ struct qxPictureFilter::Band {
 qxPictureFilter::qxPictureFilter(int width, int height) : m_width(width), m_height(height)
 {
     m_variance.resize(std::size_t(width) * std::size_t(height));
+    m_colour.resize(m_variance.size());
     m_light.fill(m_variance);
     m_look.fill(m_variance);
     m_surface.fill(m_variance);
@@ -60,9 +82,12 @@ qxPictureFilter::qxPictureFilter(int width, int height) : m_width(width), m_heig
 void qxPictureFilter::set(int x, int y, const Pixel &pixel)
 {
     const std::size_t at = place(x, y);
+    const osg::Vec3f light = withoutColour(pixel.light, pixel.colour);
+    const osg::Vec3f looks = look(light);
+    m_colour[at] = divisor(pixel.colour);
     for (osg::UInt32 i = 0; i < 3; ++i) {
-        m_light[i][at] = pixel.light[i];
-        m_look[i][at] = std::sqrt(std::clamp(pixel.light[i], 0.0f, 1.0f));
+        m_light[i][at] = light[i];
+        m_look[i][at] = looks[i];
         m_surface[i][at] = std::sqrt(std::clamp(pixel.colour[i], 0.0f, 1.0f)) / _colourUnit;
         m_surface[i + 3][at] = pixel.normal[i] / _normalUnit;
     }
@@ -108,7 +133,8 @@ void qxPictureFilter::filterBand(int number)
     }
     for (std::size_t i = 0; i < band.weight.size(); ++i) {
         const osg::Vec3f sum(band.light[0][i], band.light[1][i], band.light[2][i]);
-        m_result[place(0, first) + i] = sum * (1.0f / band.weight[i]);
+        const std::size_t at = place(0, first) + i;
+        m_result[at] = qxProduct(sum * (1.0f / band.weight[i]), m_colour[at]);
     }
 }
 

@@ -13,10 +13,14 @@ public:
 
     struct Pixel {
         osg::Vec3f light; ///< average of the samples
-        float variance = 0; ///< of the average's square root, mean of the channels
+        float variance = 0; ///< of the average of look(), mean of the channels
         osg::Vec3f colour; ///< own one of the surface
         osg::Vec3f normal; ///< of the surface; null for none
     };
+    /// The light as it comes to a surface, without the surface's colour.
+    static osg::Vec3f withoutColour(const osg::Vec3f &light, const osg::Vec3f &colour);
+    /// Its root, which differences look like.
+    static osg::Vec3f look(const osg::Vec3f &light);
     /// Threads may set different pixels at once.
     void set(int x, int y, const Pixel &pixel);
 
@@ -43,7 +47,8 @@ private:
 
     int m_width;
     int m_height;
-    std::array<Plane, 3> m_light;
+    std::vector<osg::Vec3f> m_colour;
+    std::array<Plane, 3> m_light; ///< without the colour
     std::array<Plane, 3> m_look; ///< its roots
     Plane m_variance;
     std::array<Plane, 6> m_surface; ///< colour and normal, in units in which 1 is a difference
