@@ -90,10 +90,10 @@ public:
         m_scattered += limited(sample.scattered);
         m_colour += sample.colour;
         m_normal += sample.normal;
-        const osg::Vec3f look =
-            qxPictureFilter::look(qxPictureFilter::withoutColour(sample.scattered, sample.colour));
-        m_look += look;
-        m_squares += look.squareLength();
+        const osg::Vec3f light =
+            qxPictureFilter::withoutColour(limited(sample.scattered), sample.colour);
+        m_incoming += light;
+        m_squares += light.squareLength();
         m_count += 1.0f;
         m_sides |= sample.sides;
     }
@@ -110,16 +110,19 @@ public:
         return {m_layers.light * share, m_layers.plain * share, m_layers.lit * share};
     }
     osg::Vec3f scattered() const { return m_scattered * (1.0f / m_count); }
-    /// How far off its light probably is, squared, as the filter looks at it; mean of the channels.
+    /// How far off its light without the colour probably is, squared; mean of the channels.
     float variance() const
     {
-        const float ofSums = m_squares - m_look.squareLength() / m_count;
+        const float ofSums = m_squares - m_incoming.squareLength() / m_count;
         return std::max(0.0f, ofSums) / (3.0f * m_count * std::max(m_count - 1.0f, 1.0f));
     }
-    /// The same in shares of white as the picture shows it.
+    /// The same of the light, in shares of white as a picture shows it.
     float shownVariance() const
     {
-        return variance() * std::min(1.0f, qxPeak(m_colour) / m_count);
+        const float share = 1.0f / m_count;
+        const float colour = qxPeak(m_colour) * share;
+        const float shown = qxPeak(m_layers.light + m_scattered) * share;
+        return variance() * colour * colour / (4.0f * std::max(shown, 0.01f));
     }
 
 private:
@@ -134,8 +137,8 @@ private:
     osg::Vec3f m_scattered;
     osg::Vec3f m_colour;
     osg::Vec3f m_normal;
-    osg::Vec3f m_look; ///< sum of how the scattered light looks
-    float m_squares = 0.0f; ///< of these, all channels
+    osg::Vec3f m_incoming; ///< sum of the scattered light without the colours
+    float m_squares = 0.0f; ///< of it, all channels
     float m_count = 0.0f;
     int m_sides = qxTracer::Nothing;
 };
@@ -195,18 +198,25 @@ qxPicture qxPainter::paint(const qxPicture::Progress &progress)
 {
     const int tiles = tileCount();
     const int bands = m_filter ? m_filter->bandCount() : 0;
-    const auto tell = [&](int done) { return !progress || progress(done, tiles + bands); };
-    const auto paintTile = [this](int tile) { this->paintTile(tile); };
-    if (!tell(0) || !qxForAllTiles(tiles, m_settings.threads, paintTile, tell))
+    const int total = tiles + bands * qxPictureFilter::passes;
+    int done = 0;
+    const auto tell = [&](int more) { return !progress || progress(done + more, total); };
+    const auto forAll = [&](int count, const std::function<void(int)> &work) {
+        const bool isFinished = qxForAllTiles(count, m_settings.threads, work, tell);
+        done += count;
+        return isFinished;
+    };
+    if (!tell(0) || !forAll(tiles, [this](int tile) { paintTile(tile); }))
         return qxPicture();
     m_picture.content = content();
-    if (!m_filter)
-        return std::move(m_picture);
-    m_filter->prepare();
-    const auto filterBand = [this](int band) { this->filterBand(band); };
-    const auto tellBands = [&](int done) { return tell(tiles + done); };
-    const bool finished = qxForAllTiles(bands, m_settings.threads, filterBand, tellBands);
-    return finished ? std::move(m_picture) : qxPicture();
+    for (int pass = 0; m_filter && pass < qxPictureFilter::passes; ++pass) {
+        m_filter->prepare(pass);
+        if (!forAll(bands, [this, pass](int band) { m_filter->filterBand(pass, band); }))
+            return qxPicture();
+    }
+    if (m_filter)
+        showFiltered();
+    return std::move(m_picture);
 }
 
 void qxPainter::paintTile(int tile)
@@ -299,10 +309,9 @@ void qxPainter::finish(int x, int y, const Average &pixel)
     m_layers[place(x, y)] = pixel.layers();
 }
 
-void qxPainter::filterBand(int band)
+void qxPainter::showFiltered()
 {
-    m_filter->filterBand(band);
-    for (int y = m_filter->firstRow(band); y < m_filter->firstRow(band + 1); ++y) {
+    for (int y = 0; y < m_settings.height; ++y) {
         for (int x = 0; x < m_settings.width; ++x)
             show(x, y, m_layers[place(x, y)], m_filter->light(x, y));
     }

@@ -37,7 +37,7 @@ private:
     void finish(int x, int y, const Average &pixel);
     Sample sample(int x, int y, int number) const;
     osg::Vec3f background(const qxRay &ray, float y, qxSampler &sampler) const;
-    void filterBand(int band);
+    void showFiltered();
     void show(int x, int y, const Layers &layers, const osg::Vec3f &scattered);
     std::size_t place(int x, int y) const
     {
