@@ -23,6 +23,7 @@ struct qxPictureSettings {
     osg::Color3f backgroundTop = osg::Color3f(0.88f, 0.9f, 0.92f);
     osg::Color3f backgroundBottom = osg::Color3f(0.64f, 0.66f, 0.69f);
     ///@}
+    float exposure = 0; ///< in steps of a camera: each 1 doubles all light
     int threads = 0; ///< 0 for one per processor; the picture is the same with any number
 };
 

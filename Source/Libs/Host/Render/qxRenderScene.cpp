@@ -1,9 +1,11 @@
 #include "Render/qxRenderScene.h"
 
+#include "Render/qxLightCamera.h"
 #include "Scene/qxScene.h"
 
 qxRenderScene::qxRenderScene(RTCDevice device)
-    : m_device(device), m_shown(device, m_sources), m_environment(device, m_sources)
+    : m_device(device), m_shown(device, m_sources), m_environment(device, m_sources),
+      m_light(qxEnvironmentLight::studio())
 {
 }
 
@@ -21,6 +23,7 @@ void qxRenderScene::update()
     qxWalkShown(scene.root(), listener);
     m_shown.finish();
     updateEnvironment();
+    updateLight();
     updateOverlays();
 }
 
@@ -31,6 +34,19 @@ void qxRenderScene::updateEnvironment()
     listener.part = [this](const qxShownPart &part) { m_environment.add(part); };
     qxWalkShown(qxScene::current()->environment(), listener);
     m_environment.finish();
+}
+
+/// The picture is taken each time, because nobody tells which changes it shows; what takes long
+/// follows only when it differs.
+void qxRenderScene::updateLight()
+{
+    qxLightPicture picture;
+    if (!m_environment.instances().empty())
+        picture = qxTakeLightPicture(m_environment, m_shown.bounds());
+    if (picture.light == m_lightPicture.light)
+        return;
+    m_light = picture.isEmpty() ? qxEnvironmentLight::studio() : qxEnvironmentLight(picture);
+    m_lightPicture = std::move(picture);
 }
 
 void qxRenderScene::updateOverlays()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Light/qxEnvironmentLight.h"
 #include "Render/qxRenderGroup.h"
 #include "Render/qxRenderLight.h"
 
@@ -21,10 +22,14 @@ public:
     /// The environment; without instances if there is none.
     const qxRenderGroup &environment() const { return m_environment; }
     const qxRenderLights &lights() const { return m_lights; }
+    /// What surrounds the scene as light: the environment as the middle of the scene sees it,
+    /// without one the studio.
+    const qxEnvironmentLight &environmentLight() const { return m_light; }
 
 private:
     qxRenderGroup &overlay(osg::UInt32 layer);
     void updateEnvironment();
+    void updateLight();
     void updateOverlays();
 
     RTCDevice m_device;
@@ -33,4 +38,6 @@ private:
     qxRenderGroup m_environment;
     Overlays m_overlays;
     qxRenderLights m_lights;
+    qxLightPicture m_lightPicture; ///< of the environment; empty without
+    qxEnvironmentLight m_light;
 };
