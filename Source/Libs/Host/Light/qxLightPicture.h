@@ -8,6 +8,8 @@
 /// with the direction of the x axis in the middle and that of the z axis right of it; its height
 /// goes from straight above, the first row, to straight below.
 struct qxLightPicture {
+    static constexpr int largest = 16384; ///< pixels of a side, in files
+
     qxLightPicture() = default;
     /// Without light.
     qxLightPicture(int newWidth, int newHeight)

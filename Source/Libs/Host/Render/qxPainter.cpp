@@ -23,6 +23,39 @@ int samplesOf(const qxPictureSettings &settings)
     return settings.quality < 0 ? _bestSamples : settings.quality;
 }
 
+/// A scene with lights of its own gets less light from the studio around it: they are what it is
+/// to be seen in. An environment that somebody has chosen lights it as it is.
+const float _studioBesideLights = 0.45f;
+
+qxEnvironmentLight lightOf(const qxRenderScene &scene, const qxViewSettings &view)
+{
+    if (view.environment)
+        return view.environment->turned(view.environmentRotation);
+    if (scene.ownLight())
+        return scene.ownLight()->turned(view.environmentRotation);
+    return qxEnvironmentLight::studio()
+        .turned(view.environmentRotation)
+        .scaled(scene.lights().isEmpty() ? 1.0f : _studioBesideLights);
+}
+
+/// Whether the eye sees a picture of all directions behind the scene.
+bool showsSky(const qxRenderScene &scene, const qxViewSettings &view)
+{
+    const bool hasOwn = scene.ownLight() && scene.environment().instances().empty();
+    return view.background == qxViewSettings::Environment
+        || (view.background == qxViewSettings::Automatic && (view.environment || hasOwn));
+}
+
+osg::Color3f topOf(const qxViewSettings &view)
+{
+    return view.background == qxViewSettings::Plain ? view.plainColour : view.gradientTop;
+}
+
+osg::Color3f bottomOf(const qxViewSettings &view)
+{
+    return view.background == qxViewSettings::Plain ? view.plainColour : view.gradientBottom;
+}
+
 /// Pixels of many samples come in small tiles: one that is begun is finished before a picture is
 /// cancelled.
 int tileOf(int samples)
@@ -94,15 +127,12 @@ qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settin
       m_clipping(qxClipping::the(), scene.shown().bounds()), m_noClipping(qxClipping(), qxBox()),
       m_contour(scene.shown(), m_clipping, m_camera, settings.width, settings.height),
       m_contourLight(qxLightOf(m_clipping.settings().contourColor)),
-      m_top(qxLightOf(settings.backgroundTop)), m_bottom(qxLightOf(settings.backgroundBottom)),
-      m_lights(scene.lights()),
-      m_sky(scene.environmentLight()), m_exposure(std::exp2(settings.exposure))
+      m_top(qxLightOf(topOf(settings.view))), m_bottom(qxLightOf(bottomOf(settings.view))),
+      m_lights(scene.lights()), m_sky(lightOf(scene, settings.view)),
+      m_showsSky(showsSky(scene, settings.view)), m_exposure(std::exp2(settings.view.exposure))
 {
     m_lights.expose(scene.shown().bounds());
-    // With lights of its own a scene gets less light from the studio around it.
-    if (!m_lights.isEmpty() && scene.environment().instances().empty())
-        m_sky = m_sky.scaled(0.45f);
-    if (!scene.environment().instances().empty())
+    if (!settings.view.environment && !scene.environment().instances().empty())
         m_environment = std::make_unique<qxTracer>(
             tracerScene(scene.environment(), qxTracer::Flat, m_noClipping));
     const qxTracer::Mode mode = m_rayTracing ? qxTracer::RayTracing : qxTracer::HardLight;
@@ -284,15 +314,20 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     return result;
 }
 
+/// As the picture shows it.
 osg::Vec3f qxPainter::background(const qxRay &ray, float y, qxSampler &sampler) const
 {
-    const osg::Vec3f plain = qxMixed(m_bottom, m_top, y / float(m_settings.height));
-    if (!m_environment)
-        return plain;
+    const osg::Vec3f rest = m_showsSky
+        ? qxToneMapped(m_sky.light(ray.direction) * m_exposure)
+        : qxMixed(m_bottom, m_top, y / float(m_settings.height));
+    const qxViewSettings::Background wanted = m_settings.view.background;
+    if (!m_environment
+        || (wanted != qxViewSettings::Automatic && wanted != qxViewSettings::Environment))
+        return rest;
     qxRay endless = ray;
     endless.far = std::numeric_limits<float>::infinity();
     const qxTracer::RayResult seen = m_environment->trace(endless, sampler);
-    return seen.plain + plain * seen.transmittance;
+    return seen.plain + rest * seen.transmittance;
 }
 
 /// What is lit as the picture shows it, beside what is plain.

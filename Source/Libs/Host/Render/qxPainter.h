@@ -50,6 +50,7 @@ private:
     const osg::Vec3f m_bottom;
     qxRenderLights m_lights;
     qxEnvironmentLight m_sky;
+    const bool m_showsSky; ///< behind the scene
     const float m_exposure; ///< factor of all light
     std::unique_ptr<qxTracer> m_environment; ///< null without
     std::unique_ptr<qxTracer> m_tracer;

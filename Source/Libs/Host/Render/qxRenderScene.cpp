@@ -4,8 +4,7 @@
 #include "Scene/qxScene.h"
 
 qxRenderScene::qxRenderScene(RTCDevice device)
-    : m_device(device), m_shown(device, m_sources), m_environment(device, m_sources),
-      m_light(qxEnvironmentLight::studio())
+    : m_device(device), m_shown(device, m_sources), m_environment(device, m_sources)
 {
 }
 
@@ -45,7 +44,9 @@ void qxRenderScene::updateLight()
         picture = qxTakeLightPicture(m_environment, m_shown.bounds());
     if (picture.light == m_lightPicture.light)
         return;
-    m_light = picture.isEmpty() ? qxEnvironmentLight::studio() : qxEnvironmentLight(picture);
+    m_light.reset();
+    if (!picture.isEmpty())
+        m_light.emplace(picture);
     m_lightPicture = std::move(picture);
 }
 

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 
 /// The running host's scene for ray tracing: visible geometries, lights, environment and overlays.
 class qxRenderScene {
@@ -22,9 +23,8 @@ public:
     /// The environment; without instances if there is none.
     const qxRenderGroup &environment() const { return m_environment; }
     const qxRenderLights &lights() const { return m_lights; }
-    /// What surrounds the scene as light: the environment as the middle of the scene sees it,
-    /// without one the studio.
-    const qxEnvironmentLight &environmentLight() const { return m_light; }
+    /// The environment as light, as the middle of the scene sees it; null without one.
+    const qxEnvironmentLight *ownLight() const { return m_light ? &*m_light : nullptr; }
 
 private:
     qxRenderGroup &overlay(osg::UInt32 layer);
@@ -39,5 +39,5 @@ private:
     Overlays m_overlays;
     qxRenderLights m_lights;
     qxLightPicture m_lightPicture; ///< of the environment; empty without
-    qxEnvironmentLight m_light;
+    std::optional<qxEnvironmentLight> m_light;
 };
