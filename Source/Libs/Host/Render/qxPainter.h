@@ -58,7 +58,9 @@ private:
     const osg::Vec3f m_top;
     const osg::Vec3f m_bottom;
     qxRenderLights m_lights;
-    qxSky m_sky;
+    qxEnvironmentLight m_sky;
+    const bool m_showsSky; ///< behind the scene
+    const float m_exposure; ///< factor of all light
     std::unique_ptr<qxTracer> m_environment; ///< null without
     std::unique_ptr<qxTracer> m_tracer;
     std::vector<qxTracer> m_overlays; ///< the farthest first

@@ -227,7 +227,7 @@ qxPathTracer::Asked qxPathTracer::askedLamp(const qxSurfacePoint &hit, const qxS
 qxPathTracer::Asked qxPathTracer::askedSky(const qxSurfacePoint &hit, const qxShading &shading,
                                            const osg::Vec2f &place) const
 {
-    const qxSky::Sample sample = scene().sky.sample(place);
+    const qxEnvironmentLight::Sample sample = scene().sky.sample(place);
     Asked result;
     if (!(sample.density > 0.0f) || sample.direction.dot(hit.flatNormal) <= 0.0f)
         return result;

@@ -152,8 +152,20 @@ qxTracer::Seen qxTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer &la
         return {none, none, colour + layer.emission, colour, hit.normal};
     const qxShading shading({colour, layer.metallic, layer.roughness}, hit.normal, hit.toEye);
     const osg::Vec3f light =
-        layer.emission + direct(hit, shading) + shading.reflectedSky(m_scene.sky);
+        layer.emission + direct(hit, shading) + reflectedSky(hit, shading);
     return {light, none, none, colour, hit.normal};
+}
+
+/// Without asking around: the strongest light of the sky alone casts a shadow.
+osg::Vec3f qxTracer::reflectedSky(const qxSurfacePoint &hit, const qxShading &shading) const
+{
+    const qxEnvironmentLight::Key key = m_scene.sky.key();
+    const osg::Vec3f arriving = key.light * std::max(key.direction.dot(hit.normal), 0.0f);
+    if (qxPeak(arriving) <= _nothing)
+        return shading.reflectedSky(m_scene.sky);
+    const osg::Vec3f hidden =
+        osg::Vec3f(1, 1, 1) - transmittance(hit, key.direction, _infinity);
+    return shading.reflectedSky(m_scene.sky, qxProduct(arriving, hidden));
 }
 
 osg::Vec3f qxTracer::direct(const qxSurfacePoint &hit, const qxShading &shading) const

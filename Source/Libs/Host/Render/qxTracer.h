@@ -1,11 +1,11 @@
 #pragma once
 
+#include "Light/qxEnvironmentLight.h"
 #include "Render/qxRay.h"
 #include "Render/qxRenderClipping.h"
 #include "Render/qxRenderGroup.h"
 #include "Render/qxRenderLight.h"
 #include "Render/qxSampler.h"
-#include "Render/qxSky.h"
 #include "Render/qxSurfacePoint.h"
 
 class qxShading;
@@ -19,7 +19,7 @@ public:
         const qxRenderLights &lights;
         const qxRenderClipping &clipping;
         const qxRenderCamera &camera;
-        qxSky sky;
+        qxEnvironmentLight sky;
         bool isLit; ///< otherwise everything has its own colour, whatever the lights
         float rayWidth; ///< of the eye's rays, in pixels
         const qxTracer *environment; ///< seen where rays leave the scene; null for the sky
@@ -66,6 +66,7 @@ private:
     void pass(const qxRenderClipping::Crossing &plane, RayResult &result) const;
     void pass(const qxSurfacePoint &hit, qxSampler &sampler, RayResult &result) const;
     bool isLit(const qxRenderLayer &layer) const;
+    osg::Vec3f reflectedSky(const qxSurfacePoint &hit, const qxShading &shading) const;
     osg::Vec3f direct(const qxSurfacePoint &hit, const qxShading &shading) const;
 
     const Scene m_scene;
