@@ -4,9 +4,8 @@
 #include "Render/qxShading.h"
 #include "RenderFixture.h"
 
+#include <OpenSG/OSGQuaternion.h>
 #include <OpenSG/OSGSimpleGeometry.h>
-
-#include <numeric>
 
 /// Pictures in best quality, in the light of an environment alone.
 class PathTracerTest : public RenderFixture {
@@ -26,11 +25,14 @@ protected:
         }
         settings.view.environment = std::make_shared<qxEnvironmentLight>(picture);
     }
-    void addSphere(const osg::MaterialPtr &material, float radius)
+    /// A box that stands askew.
+    void addBox(const osg::MaterialPtr &material, const osg::Vec3f &size, const osg::Vec3f &middle)
     {
-        const osg::GeometryPtr core = osg::makeSphereGeo(4, radius);
+        const osg::GeometryPtr core = osg::makeBoxGeo(size[0], size[1], size[2], 1, 1, 1);
         core->setMaterial(material);
-        addNode(core);
+        const TestNode place = scene.addTransform("Place");
+        matrixOf(place).setTransform(middle, osg::Quaternion(osg::Vec3f(0.6f, 0.8f, 0), 0.6f));
+        addNode(core, place);
     }
     /// The mean of the brightness around the middle.
     float mean(const TestPicture &picture) const
@@ -52,13 +54,9 @@ TEST_F(PathTracerTest, WhiteBodiesInEvenLightAreNotToBeSeen)
         float tolerance;
     } rows[] = {{0, 1, 12}, {0, 0.3f, 12}, {1, 0, 3}, {1, 0.3f, 12}};
     const osg::MaterialPtr material = lit(1, 1, 1);
-    addSphere(material, 0.9f);
-    // A valley in front, in which light goes to and fro.
-    const osg::GeometryPtr box = osg::makeBoxGeo(0.4f, 2, 0.4f, 1, 1, 1);
-    box->setMaterial(material);
-    const TestNode place = scene.addTransform("Place");
-    matrixOf(place).setTranslate(-0.7f, 0, 0.9f);
-    addNode(box, place);
+    addBox(material, osg::Vec3f(1.2f, 1.2f, 1.2f), osg::Vec3f(0, 0, 0));
+    // With a valley, in which light goes to and fro.
+    addBox(material, osg::Vec3f(0.4f, 2, 0.4f), osg::Vec3f(-0.6f, 0, 0.8f));
     for (const auto &row : rows) {
         qxSurface surface;
         surface.metallic = row.metallic;

@@ -24,7 +24,7 @@ static qxPictureFilter filtered(const Content &content, bool isNoisy = true)
         }
     }
     for (int pass = 0; pass < qxPictureFilter::passes; ++pass) {
-        filter.prepare(pass);
+        filter.prepare();
         for (int band = 0; band < filter.bandCount(); ++band)
             filter.filterBand(pass, band);
     }
@@ -42,12 +42,19 @@ static float error(const qxPictureFilter &filter, int first, int last, float lig
     return worst;
 }
 
+static void setSurface(qxPictureFilter::Pixel &pixel, const osg::Vec3f &colour,
+                       const osg::Vec3f &normal = osg::Vec3f())
+{
+    pixel.colour = colour;
+    pixel.surface = qxPictureFilter::surfaceOf(colour, normal);
+}
+
 static qxPictureFilter::Pixel grey(float light, float deviation)
 {
     qxPictureFilter::Pixel pixel;
     pixel.light = osg::Vec3f(light, light, light);
     pixel.variance = deviation * deviation;
-    pixel.colour = osg::Vec3f(0.5f, 0.5f, 0.5f);
+    setSurface(pixel, osg::Vec3f(0.5f, 0.5f, 0.5f));
     return pixel;
 }
 
@@ -70,7 +77,7 @@ TEST(PictureFilterTest, APictureOnASurfaceStaysSharpInNoisyLight)
     const auto printed = filtered([](int x, int) {
         qxPictureFilter::Pixel pixel = grey(0, 0.1f);
         const float colour = x % 2 ? 0.5f : 0.45f;
-        pixel.colour = osg::Vec3f(colour, colour, colour);
+        setSurface(pixel, osg::Vec3f(colour, colour, colour));
         pixel.light = pixel.colour * 0.8f;
         return pixel;
     });
@@ -83,10 +90,8 @@ TEST(PictureFilterTest, SurfacesThatAreDifferentDoNotMixHoweverNoisyTheirLightIs
     const auto middle = [](const osg::Vec3f &leftColour, const osg::Vec3f &leftNormal) {
         const auto content = [&](int x, int) {
             qxPictureFilter::Pixel pixel = grey(x < 24 ? 0.3f : 0.5f, 0.6f);
-            if (x < 24) {
-                pixel.colour = leftColour;
-                pixel.normal = leftNormal;
-            }
+            if (x < 24)
+                setSurface(pixel, leftColour, leftNormal);
             return pixel;
         };
         return error(filtered(content, false), 23, 24, 0.3f);

@@ -224,7 +224,7 @@ qxPicture qxPainter::paint(const qxPicture::Progress &progress)
         return qxPicture();
     m_picture.content = content();
     for (int pass = 0; m_filter && pass < qxPictureFilter::passes; ++pass) {
-        m_filter->prepare(pass);
+        m_filter->prepare();
         if (!forAll(bands, [this, pass](int band) { m_filter->filterBand(pass, band); }))
             return qxPicture();
     }

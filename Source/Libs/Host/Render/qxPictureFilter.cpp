@@ -115,7 +115,7 @@ qxPictureFilter::Plane qxPictureFilter::blurred(const Plane &plane) const
     return along(along(plane, m_height, width, m_width, 1), m_width, 1, m_height, width);
 }
 
-void qxPictureFilter::prepare(int pass)
+void qxPictureFilter::prepare()
 {
     m_light.swap(m_nextLight);
     m_variance.swap(m_nextVariance);

@@ -33,7 +33,7 @@ public:
     /// \name When all pixels are set: for each pass prepare(), then all bands of rows, in any order
     /// and in parallel; light() is the result. @{
     static const int passes = 5;
-    void prepare(int pass);
+    void prepare();
     int bandCount() const;
     int firstRow(int band) const;
     void filterBand(int pass, int band);
