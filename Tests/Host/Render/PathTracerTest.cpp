@@ -12,7 +12,7 @@ class PathTracerTest : public RenderFixture {
 protected:
     PathTracerTest()
     {
-        settings.quality = 64;
+        settings.quality = 32;
         settings.view.background = qxViewSettings::Environment;
     }
     template <class Light>
