@@ -9,8 +9,13 @@
 namespace {
 
 const int _bandRows = 16;
-float env(const char *n, float d) { const char *v = std::getenv(n); return v ? float(std::atof(v)) : d; }
-const float _tolerance = env("F_TOL", 6.0f); ///< so many times the variance, differences count as noise
+float env(const char *n, float d)
+{
+    const char *v = std::getenv(n);
+    return v ? float(std::atof(v)) : d;
+}
+const float _tolerance =
+    env("F_TOL", 6.0f); ///< so many times the variance, differences count as noise
 const float _unseen = env("F_UNSEEN", 4e-6f); ///< variance that nobody sees
 const float _colourUnit = env("F_COL", 0.2f);
 const float _normalUnit = env("F_NORM", 0.3f);
@@ -121,7 +126,8 @@ void qxPictureFilter::prepare(int pass)
     m_noise = blurred(m_variance, reach);
     const Plane mean = blurred(m_nextVariance, reach);
     for (std::size_t at = 0; at < m_variance.size(); ++at)
-        m_noise[at] = std::max(m_noise[at] / (mean[at] + _least), m_variance[at] / (m_nextVariance[at] + _least));
+        m_noise[at] = std::max(m_noise[at] / (mean[at] + _least),
+                               m_variance[at] / (m_nextVariance[at] + _least));
 }
 
 int qxPictureFilter::bandCount() const
@@ -141,7 +147,8 @@ void qxPictureFilter::filterBand(int pass, int band)
     const int step = 1 << pass;
     if (pass >= _passes) {
         for (std::size_t at = place(0, firstRow(band)); at < place(0, firstRow(band + 1)); ++at) {
-            for (int i = 0; i < 3; ++i) m_nextLight[i][at] = m_light[i][at];
+            for (int i = 0; i < 3; ++i)
+                m_nextLight[i][at] = m_light[i][at];
             m_nextVariance[at] = m_variance[at];
         }
         return;
