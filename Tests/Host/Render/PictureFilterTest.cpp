@@ -25,9 +25,11 @@ static qxPictureFilter filtered(const Content &content, bool isNoisy = true)
             filter.set(x, y, pixel);
         }
     }
-    filter.prepare();
-    for (int band = 0; band < filter.bandCount(); ++band)
-        filter.filterBand(band);
+    for (int pass = 0; pass < qxPictureFilter::passes; ++pass) {
+        filter.prepare(pass);
+        for (int band = 0; band < filter.bandCount(); ++band)
+            filter.filterBand(pass, band);
+    }
     return filter;
 }
 
