@@ -115,8 +115,7 @@ static float colourError(const Colour &a, const Colour &b)
     static const float most = distance(perceived({0, 1, 0}), perceived({0, 0, 1}));
     const float bend = 0.4f * most;
     const float error = distance(a, b);
-    return error < bend ? 0.95f * error / bend
-                        : 0.95f + 0.05f * (error - bend) / (most - bend);
+    return error < bend ? 0.95f * error / bend : 0.95f + 0.05f * (error - bend) / (most - bend);
 }
 
 template <class Function>
@@ -158,9 +157,8 @@ static Plane blurred(const Plane &plane, std::size_t channel)
         float amount;
         float width;
     };
-    const Part parts[3][2] = {{{1, 0.0047f}, {0, 1e-5f}},
-                              {{1, 0.0053f}, {0, 1e-5f}},
-                              {{34.1f, 0.04f}, {13.5f, 0.025f}}};
+    const Part parts[3][2] = {
+        {{1, 0.0047f}, {0, 1e-5f}}, {{1, 0.0053f}, {0, 1e-5f}}, {{34.1f, 0.04f}, {13.5f, 0.025f}}};
     const int radius = int(std::ceil(3.0f * std::sqrt(0.04f / (2.0f * _pi * _pi)) * _perDegree));
     Plane result(plane.width, plane.height);
     float sum = 0.0f;
@@ -223,8 +221,7 @@ float qxMeanFlip(const QImage &reference, const QImage &test)
         for (std::size_t i = 0; i < 3; ++i)
             blur.push_back(blurred(seen.opponent[i], i));
         for (std::size_t at = 0; at < blur[0].values.size(); ++at) {
-            Colour rgb = fromOpponent(
-                {blur[0].values[at], blur[1].values[at], blur[2].values[at]});
+            Colour rgb = fromOpponent({blur[0].values[at], blur[1].values[at], blur[2].values[at]});
             for (float &value : rgb)
                 value = std::clamp(value, 0.0f, 1.0f);
             colours[k].push_back(perceived(rgb));

@@ -46,24 +46,29 @@ struct Job {
 QList<QCommandLineOption> renderOptions()
 {
     return QList<QCommandLineOption>{
-        {QStringLiteral("set"), QStringLiteral("Selects this set before."), QStringLiteral("NAME")},
-        {QStringLiteral("all"),
-         QStringLiteral("Makes a picture of every set, each selected in the scene as it is in the "
-                        "file: into the folder DIR, or as one sheet into a PNG.")},
-        {QStringLiteral("view"),
-         QStringLiteral("Looks from this viewpoint instead of where the set leads to."),
-         QStringLiteral("VIEWPOINT")},
-        {QStringLiteral("size"),
-         QStringLiteral("Width and height of a picture in pixels, such as 1280x720, which is the "
-                        "default; 384x256 on a sheet."),
-         QStringLiteral("WxH")},
-        {QStringLiteral("out"),
-         QStringLiteral("The picture, a PNG, - for standard output; with --all a folder or a PNG."),
-         QStringLiteral("PNG|DIR")},
-        qxCommands::scriptsOption(),
-        qxCommands::noScriptsOption(),
-        qxCommands::traceOption(),
-    } + qxPictureOptions::all();
+               {QStringLiteral("set"), QStringLiteral("Selects this set before."),
+                QStringLiteral("NAME")},
+               {QStringLiteral("all"),
+                QStringLiteral(
+                    "Makes a picture of every set, each selected in the scene as it is in the "
+                    "file: into the folder DIR, or as one sheet into a PNG.")},
+               {QStringLiteral("view"),
+                QStringLiteral("Looks from this viewpoint instead of where the set leads to."),
+                QStringLiteral("VIEWPOINT")},
+               {QStringLiteral("size"),
+                QStringLiteral(
+                    "Width and height of a picture in pixels, such as 1280x720, which is the "
+                    "default; 384x256 on a sheet."),
+                QStringLiteral("WxH")},
+               {QStringLiteral("out"),
+                QStringLiteral(
+                    "The picture, a PNG, - for standard output; with --all a folder or a PNG."),
+                QStringLiteral("PNG|DIR")},
+               qxCommands::scriptsOption(),
+               qxCommands::noScriptsOption(),
+               qxCommands::traceOption(),
+           }
+    + qxPictureOptions::all();
 }
 
 /// An empty size for a text that is none.

@@ -25,37 +25,11 @@ int samplesOf(const qxPictureSettings &settings)
     return settings.quality < 0 ? _bestSamples : settings.quality;
 }
 
-/// A scene with lights of its own gets less light from the studio around it: they are what it is
-/// to be seen in. An environment that somebody has chosen lights it as it is.
-const float _studioBesideLights = 0.45f;
-
-qxEnvironmentLight lightOf(const qxRenderScene &scene, const qxViewSettings &view)
+bool hasGround(qxViewSettings::Ground wanted, const qxRenderGroup &shown)
 {
-    if (view.environment)
-        return view.environment->turned(view.environmentRotation);
-    if (scene.ownLight())
-        return scene.ownLight()->turned(view.environmentRotation);
-    return qxEnvironmentLight::studio()
-        .turned(view.environmentRotation)
-        .scaled(scene.lights().isEmpty() ? 1.0f : _studioBesideLights);
-}
-
-/// Whether the eye sees a picture of all directions behind the scene.
-bool showsSky(const qxRenderScene &scene, const qxViewSettings &view)
-{
-    const bool hasOwn = scene.ownLight() && scene.environment().instances().empty();
-    return view.background == qxViewSettings::Environment
-        || (view.background == qxViewSettings::Automatic && (view.environment || hasOwn));
-}
-
-osg::Color3f topOf(const qxViewSettings &view)
-{
-    return view.background == qxViewSettings::Plain ? view.plainColour : view.gradientTop;
-}
-
-osg::Color3f bottomOf(const qxViewSettings &view)
-{
-    return view.background == qxViewSettings::Plain ? view.plainColour : view.gradientBottom;
+    if (wanted == qxViewSettings::NoGround || shown.bounds().isEmpty())
+        return false;
+    return wanted == qxViewSettings::AlwaysGround || !qxShadowGround::isFloor(shown);
 }
 
 /// Pixels of many samples come in small tiles: one that is begun is finished before a picture is
@@ -84,6 +58,7 @@ public:
         m_layers.light += limited(sample.light);
         m_layers.plain += sample.plain;
         m_layers.lit += sample.lit;
+        m_layers.open += sample.open;
         m_scattered += limited(sample.scattered);
         m_colour += sample.colour;
         const qxPictureFilter::Surface surface =
@@ -118,7 +93,8 @@ public:
     Layers layers() const
     {
         const float share = 1.0f / m_count;
-        return {m_layers.light * share, m_layers.plain * share, m_layers.lit * share};
+        return {m_layers.light * share, m_layers.plain * share, m_layers.lit * share,
+                m_layers.open * share};
     }
     osg::Vec3f scattered() const { return m_scattered * (1.0f / m_count); }
     /// How far off its light without the colour probably is, squared; mean of the channels.
@@ -170,19 +146,22 @@ qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settin
       m_clipping(qxClipping::the(), scene.shown().bounds()), m_noClipping(qxClipping(), qxBox()),
       m_contour(scene.shown(), m_clipping, m_camera, settings.width, settings.height),
       m_contourLight(qxLightOf(m_clipping.settings().contourColor)),
-      m_top(qxLightOf(topOf(settings.view))), m_bottom(qxLightOf(bottomOf(settings.view))),
-      m_lights(scene.lights()), m_sky(lightOf(scene, settings.view)),
-      m_showsSky(showsSky(scene, settings.view)), m_exposure(std::exp2(settings.view.exposure))
+      m_background(scene, settings.view), m_lights(scene.lights()),
+      m_exposure(std::exp2(settings.view.exposure))
 {
     m_lights.expose(scene.shown().bounds());
-    if (!settings.view.environment && !scene.environment().instances().empty())
-        m_environment = std::make_unique<qxTracer>(
-            tracerScene(scene.environment(), false, m_noClipping));
+    if (m_background.hasGeometry())
+        m_environment =
+            std::make_unique<qxTracer>(tracerScene(scene.environment(), false, m_noClipping));
     const qxTracer::Scene lit = tracerScene(scene.shown(), true, m_clipping);
     if (m_rayTracing)
         m_tracer = std::make_unique<qxPathTracer>(lit);
     else
         m_tracer = std::make_unique<qxTracer>(lit);
+    if (hasGround(settings.view.ground, m_shown) && !m_clipping.hidesScene())
+        m_ground = std::make_unique<qxShadowGround>(
+            qxShadowGround::Scene{*m_tracer, m_shown.bounds(), m_lights, m_background.sky()},
+            m_rayTracing);
     for (const auto &overlay : scene.overlays())
         m_overlays.emplace_back(tracerScene(*overlay.second, false, m_noClipping));
     if (m_samples >= _fewestToFilter)
@@ -200,7 +179,8 @@ qxTracer::Scene qxPainter::tracerScene(const qxRenderGroup &group, bool isLit,
 {
     // Several rays share a pixel.
     const float rayWidth = 1.0f / std::sqrt(float(std::min(m_samples, _sampleStep)));
-    return {group, m_lights, clipping, m_camera, m_sky, isLit, rayWidth, m_environment.get()};
+    return {group, m_lights, clipping,           m_camera, m_background.sky(),
+            isLit, rayWidth, m_environment.get()};
 }
 
 int qxPainter::tileCount() const
@@ -212,7 +192,8 @@ qxPicture qxPainter::paint(const qxPicture::Progress &progress)
 {
     const int tiles = tileCount();
     const int bands = m_filter ? m_filter->bandCount() : 0;
-    const int total = tiles + bands * qxPictureFilter::passes;
+    const int rows = m_ground ? m_ground->rowCount() : 0;
+    const int total = rows + tiles + bands * qxPictureFilter::passes;
     int done = 0;
     const auto tell = [&](int more) { return !progress || progress(done + more, total); };
     const auto forAll = [&](int count, const std::function<void(int)> &work) {
@@ -220,7 +201,8 @@ qxPicture qxPainter::paint(const qxPicture::Progress &progress)
         done += count;
         return isFinished;
     };
-    if (!tell(0) || !forAll(tiles, [this](int tile) { paintTile(tile); }))
+    if (!tell(0) || !forAll(rows, [this](int row) { m_ground->fillRow(row); })
+        || !forAll(tiles, [this](int tile) { paintTile(tile); }))
         return qxPicture();
     m_picture.content = content();
     for (int pass = 0; m_filter && pass < qxPictureFilter::passes; ++pass) {
@@ -338,11 +320,12 @@ void qxPainter::show(int x, int y, const Layers &layers, const osg::Vec3f &scatt
         const osg::Vec3f light = layers.light + scattered;
         shown += qxToneMapped(light * (m_exposure / layers.lit)) * layers.lit;
     }
-    const osg::Vec3f colour = qxShownColour(shown);
+    const float alpha = std::clamp(1.0f - layers.open, 0.0f, 1.0f);
+    const osg::Vec3f colour = qxShownColour(alpha > 0.0f ? shown * (1.0f / alpha) : shown);
     std::uint8_t *const bytes = &m_picture.rgba[place(x, y) * 4];
     for (osg::UInt32 i = 0; i < 3; ++i)
         bytes[i] = std::uint8_t(std::lround(colour[i] * 255.0f));
-    bytes[3] = 255;
+    bytes[3] = std::uint8_t(std::lround(alpha * 255.0f));
 }
 
 /// One of a pixel's samples.
@@ -359,8 +342,11 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     result.scattered = seen.scattered;
     result.lit = seen.lit;
     result.plain = seen.plain;
-    if (seen.transmittance > 0.0f)
-        result.plain += background(ray, float(y) + shift[1], sampler) * seen.transmittance;
+    const float behind = seen.transmittance;
+    if (behind > 0.0f)
+        m_background.add(ray, (float(y) + shift[1]) / float(m_settings.height),
+                         m_ground ? behind * m_ground->through(ray) : behind, m_environment.get(),
+                         result);
     result.colour = seen.colour;
     result.normal = seen.normal;
     result.sides = seen.sides;
@@ -370,6 +356,7 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
         result.scattered *= through;
         result.colour *= through;
         result.lit *= through;
+        result.open *= through;
     };
     const qxContour::Pixel line = m_contour.at(x, y);
     if (line.cover > 0.0f && line.distance <= seen.distance * 1.002f)
@@ -380,20 +367,4 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
         result.sides |= front.sides & qxTracer::Front;
     }
     return result;
-}
-
-/// As the picture shows it.
-osg::Vec3f qxPainter::background(const qxRay &ray, float y, qxSampler &sampler) const
-{
-    const osg::Vec3f rest = m_showsSky
-        ? qxToneMapped(m_sky.light(ray.direction) * m_exposure)
-        : qxMixed(m_bottom, m_top, y / float(m_settings.height));
-    const qxViewSettings::Background wanted = m_settings.view.background;
-    if (!m_environment
-        || (wanted != qxViewSettings::Automatic && wanted != qxViewSettings::Environment))
-        return rest;
-    qxRay endless = ray;
-    endless.far = std::numeric_limits<float>::infinity();
-    const qxTracer::RayResult seen = m_environment->trace(endless, sampler);
-    return seen.plain + rest * seen.transmittance;
 }

@@ -8,8 +8,8 @@
 /// Removes the noise of a picture made of a few random samples per pixel. In several passes, each
 /// with neighbours twice as far away, a pixel becomes the average of those around it that have a
 /// similar surface and do not differ by more than the noise: the filter of Dammertz et al.,
-/// "Edge-Avoiding A-Trous Wavelet Transform for fast Global Illumination Filtering", 2010, guided by
-/// the variance, as in Schied et al., "Spatiotemporal Variance-Guided Filtering", 2017.
+/// "Edge-Avoiding A-Trous Wavelet Transform for fast Global Illumination Filtering", 2010, guided
+/// by the variance, as in Schied et al., "Spatiotemporal Variance-Guided Filtering", 2017.
 class qxPictureFilter {
 public:
     qxPictureFilter(int width, int height);

@@ -151,8 +151,7 @@ qxTracer::Seen qxTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer &la
     if (!m_scene.isLit)
         return {none, none, colour + layer.emission, colour, hit.normal};
     const qxShading shading({colour, layer.metallic, layer.roughness}, hit.normal, hit.toEye);
-    const osg::Vec3f light =
-        layer.emission + direct(hit, shading) + reflectedSky(hit, shading);
+    const osg::Vec3f light = layer.emission + direct(hit, shading) + reflectedSky(hit, shading);
     return {light, none, none, colour, hit.normal};
 }
 
@@ -163,8 +162,7 @@ osg::Vec3f qxTracer::reflectedSky(const qxSurfacePoint &hit, const qxShading &sh
     const osg::Vec3f arriving = key.light * std::max(key.direction.dot(hit.normal), 0.0f);
     if (qxPeak(arriving) <= _nothing)
         return shading.reflectedSky(m_scene.sky);
-    const osg::Vec3f hidden =
-        osg::Vec3f(1, 1, 1) - transmittance(hit, key.direction, _infinity);
+    const osg::Vec3f hidden = osg::Vec3f(1, 1, 1) - transmittance(hit, key.direction, _infinity);
     return shading.reflectedSky(m_scene.sky, qxProduct(arriving, hidden));
 }
 
@@ -177,9 +175,8 @@ osg::Vec3f qxTracer::direct(const qxSurfacePoint &hit, const qxShading &shading)
             continue;
         const osg::Vec3f open = qxProduct(arrival.light, shading.reflected(arrival.toLight));
         const bool isInWay = qxPeak(open) > _nothing && light.shadow;
-        sum += isInWay
-            ? qxProduct(open, transmittance(hit, arrival.toLight, arrival.distance))
-            : open;
+        sum +=
+            isInWay ? qxProduct(open, transmittance(hit, arrival.toLight, arrival.distance)) : open;
     }
     return sum;
 }

@@ -45,6 +45,9 @@ public:
     };
     /// As the eye sees it.
     RayResult trace(qxRay ray, qxSampler &sampler) const;
+    /// The share of light that gets to the point from that far away.
+    osg::Vec3f transmittance(const qxSurfacePoint &hit, const osg::Vec3f &direction,
+                             float distance) const;
 
 protected:
     /// What a pass of the material sends to the eye by itself; alpha is not in it.
@@ -54,9 +57,6 @@ protected:
     const Scene &scene() const { return m_scene; }
     /// The nearest surface along a ray, which the clipping plane has limited already.
     bool intersect(const qxRay &ray, qxSurfacePoint &hit) const;
-    /// The share of light that gets to the point from that far away.
-    osg::Vec3f transmittance(const qxSurfacePoint &hit, const osg::Vec3f &direction,
-                             float distance) const;
     /// The light from where a ray leaves the scene.
     osg::Vec3f around(const qxRay &ray, qxSampler &sampler) const;
 
