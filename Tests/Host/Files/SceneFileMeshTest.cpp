@@ -123,9 +123,6 @@ TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
     EXPECT_TRUE(leaf.unlit);
     EXPECT_FALSE(surface.unlit);
     EXPECT_EQ(material("Leaf")->getTransparency(), 0.5f);
-    // Its pictures are not drawn.
-    EXPECT_EQ(qxSurface::of(material("Cloth")).metallic, 0);
-    EXPECT_EQ(material("Cloth")->getEmission(), osg::Color3f(0, 0, 0));
     material("Leaf")->setTransparency(0.75f);
     saveAndLoad();
     EXPECT_EQ(material("Leaf")->getTransparency(), 0.75f);
@@ -158,16 +155,19 @@ TEST_F(SceneFileMeshTest, PicturesAreThereOnceAndBeginWithTheirBottomRow)
                    {"name": "Wide", "uri": "data:;base64,)"
              + R"(iVBORw0KGgoAAAANSUhEUgAAQAAAAC7gCAIAAADrZ6vpAAAADUlEQVR4nGP4"}])");
     qxMemoryBudget::setLimit(qxMemoryBudget::fromText("2GB"));
-    const qxSurface first = qxSurface::of(material("M0"));
+    const auto placeOf = [this](const char *name) {
+        return qxSurface::of(material(name)).pictures[qxSurface::BaseColour];
+    };
+    const qxSurfacePicture first = placeOf("M0");
     EXPECT_EQ(first.wrapS, osg::UInt32(GL_CLAMP_TO_EDGE));
     EXPECT_EQ(first.wrapT, osg::UInt32(GL_MIRRORED_REPEAT));
-    EXPECT_EQ(first.textureMatrix, qxSurface().textureMatrix);
-    const qxSurface second = qxSurface::of(material("M1"));
+    EXPECT_EQ(first.matrix, qxSurfacePicture().matrix);
+    const qxSurfacePicture second = placeOf("M1");
     EXPECT_EQ(second.wrapS, osg::UInt32(GL_REPEAT));
     // From the top of the picture, (s, t) leads to (4 t + 0.5, -2 s + 0.25).
     const float expected[] = {0, -4, 4.5f, 2, 0, 0.75f};
     for (std::size_t i = 0; i < 6; ++i)
-        EXPECT_NEAR(second.textureMatrix[i], expected[i], 1e-5f);
+        EXPECT_NEAR(second.matrix[i], expected[i], 1e-5f);
     const auto image = [this](const char *name) {
         return osg::SimpleTexturedMaterialPtr::dcast(material(name))->getImage();
     };
@@ -185,7 +185,7 @@ TEST_F(SceneFileMeshTest, PicturesAreThereOnceAndBeginWithTheirBottomRow)
     EXPECT_TRUE(file.warnings()[2].startsWith("image 5 \"Wide\" is left out: 1000 MB of memory"));
 
     // Nothing in its header says so.
-    EXPECT_EQ(qxRenderTexture::make(image("M3")), nullptr);
+    EXPECT_EQ(qxRenderTexture::make(image("M3"), qxRenderTexture::Colours), nullptr);
     ASSERT_EQ(logged(qxLog::Warning).size(), 1u);
     EXPECT_EQ(logged(qxLog::Warning)[0].find("image 3 \"Torn\" is left out: "), 0u);
 }

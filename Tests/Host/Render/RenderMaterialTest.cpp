@@ -192,15 +192,16 @@ TEST_F(RenderMaterialTest, APictureGoesOnAsItsSurfaceSays)
 {
     const osg::MaterialPtr material = textured(GL_REPLACE, fourFields());
     qxSurface surface;
-    surface.wrapS = GL_CLAMP_TO_EDGE;
-    surface.wrapT = GL_MIRRORED_REPEAT;
+    qxSurfacePicture &place = surface.pictures[qxSurface::BaseColour];
+    place.wrapS = GL_CLAMP_TO_EDGE;
+    place.wrapT = GL_MIRRORED_REPEAT;
     surface.setTo(material);
     addTextured(material, 2);
     EXPECT_EQ(picture().at(-0.75f, -0.75f), "255 0 0");
     EXPECT_EQ(picture().at(0.25f, -0.75f), "0 255 0") << "the edge goes on";
     EXPECT_EQ(picture().at(-0.75f, 0.25f), "0 0 255") << "upside down";
     EXPECT_EQ(picture().at(-0.75f, 0.75f), "255 0 0");
-    surface.textureMatrix = {0, 1, 0, 0.5f, 0, 0}; // exchanges the axes
+    place.matrix = {0, 1, 0, 0.5f, 0, 0}; // exchanges the axes
     surface.setTo(material);
     EXPECT_EQ(picture().at(-0.75f, -0.25f), "0 255 0");
     EXPECT_EQ(picture().at(0.5f, -0.75f), "0 0 255");

@@ -18,6 +18,7 @@
 #include "qxUberCameraPool.h"
 
 #include <QDir>
+#include <QMap>
 #include <QFileInfo>
 #include <QScopeGuard>
 
@@ -115,7 +116,6 @@ qxSceneFileInfo infoOf(const qxGltfModel &model)
         if (!qxGltfUnderstoodExtensions().contains(name))
             info.extensionsNotUnderstood << name;
     }
-    info.hiddenPictures = qxGltfHiddenPictures(qxGltfSection(json, "materials"));
     return info;
 }
 

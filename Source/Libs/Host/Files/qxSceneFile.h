@@ -3,7 +3,6 @@
 #include "Files/qxSceneVariant.h"
 
 #include <QByteArray>
-#include <QMap>
 #include <QStringList>
 
 #include <functional>
@@ -25,8 +24,6 @@ struct qxSceneFileInfo {
     QStringList extensionsUsed; ///< as the file states them
     QStringList extensionsRequired; ///< those without which it cannot be read
     QStringList extensionsNotUnderstood; ///< used by the file, kept, but not shown
-    /// Kinds of pictures that are kept, but not shown: how many materials have one.
-    QMap<QString, int> hiddenPictures;
 };
 
 /// Reads scenes from glTF 2.0 files (.gltf, .glb) into the host and writes them back.

@@ -305,7 +305,7 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     const qxRay ray = m_camera.ray(float(x) + shift[0], float(y) + shift[1]);
     const qxTracer::RayResult seen = m_tracer->trace(ray, sampler);
     const osg::Vec3f behind = seen.transmittance > 0.0f
-        ? background(ray, float(y) + shift[1], sampler) * seen.transmittance
+        ? qxProduct(background(ray, float(y) + shift[1], sampler), seen.tint) * seen.transmittance
         : osg::Vec3f();
     Sample result = {seen.radiance + behind, seen.colour + behind, seen.normal, seen.sides};
     if (m_rayTracing)

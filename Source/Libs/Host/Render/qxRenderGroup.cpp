@@ -40,11 +40,28 @@ osg::UInt32 idOf(const osg::MaterialPtr &material)
     return material == osg::NullFC ? 0 : material.getFieldContainerId();
 }
 
+osg::Vec3f turned(const qxRenderInstance &instance, const osg::Vec3f &normal)
+{
+    const osg::Vec3f(&columns)[3] = instance.normals;
+    return columns[0] * normal[0] + columns[1] * normal[1] + columns[2] * normal[2];
+}
+
 } // namespace
 
 osg::Vec3f qxRenderInstance::worldNormal(const osg::Vec3f &normal) const
 {
-    return qxUnit(normals[0] * normal[0] + normals[1] * normal[1] + normals[2] * normal[2]);
+    return qxUnit(turned(*this, normal));
+}
+
+osg::Vec3f qxRenderInstance::worldNormalStep(const osg::Vec3f &step, const osg::Vec3f &normal) const
+{
+    osg::Vec3f whole = turned(*this, normal);
+    const float length = whole.length();
+    if (!(length > 0.0f))
+        return osg::Vec3f();
+    whole *= 1.0f / length;
+    const osg::Vec3f turnedStep = turned(*this, step);
+    return (turnedStep - whole * whole.dot(turnedStep)) * (1.0f / length);
 }
 
 qxRenderGroup::qxRenderGroup(RTCDevice device, qxRenderSources &sources)

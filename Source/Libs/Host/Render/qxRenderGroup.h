@@ -7,6 +7,8 @@
 struct qxRenderInstance {
     /// The same in world coordinates, of length 1; null stays.
     osg::Vec3f worldNormal(const osg::Vec3f &normal) const;
+    /// The change of worldNormal() when the normal changes by a small step.
+    osg::Vec3f worldNormalStep(const osg::Vec3f &step, const osg::Vec3f &normal) const;
 
     osg::UInt32 node; ///< ids, to recognise what changed
     osg::UInt32 core;

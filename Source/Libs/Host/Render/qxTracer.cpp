@@ -41,13 +41,27 @@ RTCRay embreeRay(const qxRay &ray, unsigned int mask)
     return result;
 }
 
+/// The share of light that is left of a way inside of the body that a surface bounds.
+osg::Vec3f leftInside(const qxSurfacePoint &hit, float length)
+{
+    const std::vector<qxRenderLayer> &layers = hit.instance->surface->layers;
+    osg::Vec3f result(1, 1, 1);
+    if (layers.empty() || !layers.front().look.isBody)
+        return result;
+    for (osg::UInt32 i = 0; i < 3; ++i)
+        result[i] = std::exp(-layers.front().look.attenuation[i] * length);
+    return result;
+}
+
 } // namespace
 
 qxTracer::qxTracer(const Scene &scene) : m_scene(scene) {}
 
 qxTracer::RayResult qxTracer::trace(const qxRay &ray, qxSampler &sampler) const
 {
-    return radianceAlong(ray, 0, sampler);
+    qxRay wide = ray;
+    wide.spread.scale(m_scene.rayWidth);
+    return radianceAlong(wide, 0, sampler);
 }
 
 bool qxTracer::intersect(const qxRay &ray, unsigned int mask, qxSurfacePoint &hit) const
@@ -77,10 +91,11 @@ bool qxTracer::intersect(const qxRay &ray, unsigned int mask, qxSurfacePoint &hi
         hit.flatNormal = -hit.flatNormal;
         hit.normal = -hit.normal;
     }
+    hit.inside = !hit.front;
     // Where a body is cut open, its inner side is seen.
     hit.front = hit.front || m_scene.clipping.isActive();
-    hit.texCoords = geometry.texCoordsAt(hit.place);
     hit.colour = geometry.colourAt(hit.place);
+    hit.arrive(ray.spread);
     return true;
 }
 
@@ -93,6 +108,7 @@ qxTracer::RayResult qxTracer::radianceAlong(qxRay ray, int depth, qxSampler &sam
     if (depth == 0)
         plane = m_scene.clipping.crossing(ray, m_scene.camera);
     m_scene.clipping.limit(ray);
+    float passed = 0.0f; // distance of the last surface
     for (int i = 0; i < _mostSurfaces && result.transmittance > _nothing; ++i) {
         qxSurfacePoint hit;
         const bool left = !m_scene.clipping.hidesScene() && ray.near < ray.far;
@@ -103,19 +119,13 @@ qxTracer::RayResult qxTracer::radianceAlong(qxRay ray, int depth, qxSampler &sam
         }
         if (!found)
             return result;
-        if (depth == 0)
-            hit.width = widthAt(hit);
+        if (hit.inside && m_scene.mode == HardLight && i > 0)
+            result.tint = qxProduct(result.tint, leftInside(hit, hit.distance - passed));
         pass(hit, depth, sampler, result);
+        passed = hit.distance;
         ray.near = beyond(hit.distance);
     }
     return result;
-}
-
-/// How much of a surface a ray of the eye stands for; seen at a flat angle it is longer than wide.
-float qxTracer::widthAt(const qxSurfacePoint &hit) const
-{
-    const float slope = std::max(hit.flatNormal.dot(hit.toEye), 0.1f);
-    return m_scene.camera.pixelSize(hit.distance) * m_scene.rayWidth / std::sqrt(slope);
 }
 
 void qxTracer::pass(const qxRenderClipping::Crossing &plane, RayResult &result) const
@@ -138,10 +148,19 @@ void qxTracer::pass(const qxSurfacePoint &hit, int depth, qxSampler &sampler,
             continue;
         const osg::Vec3f colour(base[0], base[1], base[2]);
         const float share = alpha * result.transmittance;
-        result.radiance += shaded(hit, *layer, colour, depth, sampler) * share;
         result.colour += colour * share;
         result.normal += hit.normal * share;
         result.transmittance *= 1.0f - alpha;
+        if (layer->unlit || m_scene.mode == Flat) {
+            const osg::Vec3f glow = layer->unlit ? osg::Vec3f() : layer->look.emission;
+            result.radiance += qxProduct(colour + glow, result.tint) * share;
+        } else {
+            const qxShading shading(hit.surface(*layer, base), hit.toEye);
+            const osg::Vec3f light = shaded(shading, hit, depth, sampler);
+            result.radiance += qxProduct(light, result.tint) * share;
+            if (m_scene.mode == HardLight && layer->isClear())
+                passThrough(shading, share, result);
+        }
         if (result.transmittance <= _nothing)
             break;
     }
@@ -149,20 +168,27 @@ void qxTracer::pass(const qxSurfacePoint &hit, int depth, qxSampler &sampler,
         result.distance = std::min(result.distance, hit.distance);
 }
 
-osg::Vec3f qxTracer::shaded(const qxSurfacePoint &hit, const qxRenderLayer &layer,
-                            const osg::Vec3f &colour, int depth, qxSampler &sampler) const
+/// Goes straight on, where more effort would refract.
+void qxTracer::passThrough(const qxShading &shading, float share, RayResult &result) const
 {
-    if (layer.unlit)
-        return colour;
-    if (m_scene.mode == Flat)
-        return colour + layer.emission;
-    // Light that a mirror throws on other surfaces would be single spots.
-    const float roughness = depth > 0 ? std::max(layer.roughness, 0.3f) : layer.roughness;
-    const qxShading shading({colour, layer.metallic, roughness}, hit.normal, hit.toEye);
-    const osg::Vec3f light = layer.emission + direct(hit, shading, depth, sampler);
-    if (m_scene.mode != RayTracing || depth >= _bounces)
-        return light + shading.reflectedSky(m_scene.sky);
-    return light + reflectedScene(hit, shading, depth, sampler);
+    const osg::Vec3f through = shading.straightThrough() * share;
+    const float most = qxPeak(through);
+    if (most <= 0.0f)
+        return;
+    // What goes beside the surface keeps its colour; there is hardly ever both.
+    result.tint = qxProduct(result.tint, through * (1.0f / most));
+    result.transmittance += most;
+}
+
+osg::Vec3f qxTracer::shaded(const qxShading &shading, const qxSurfacePoint &hit, int depth,
+                            qxSampler &sampler) const
+{
+    const osg::Vec3f light = shading.emitted() + direct(hit, shading, depth, sampler);
+    if (m_scene.mode == RayTracing && depth < _bounces)
+        return light + reflectedScene(hit, shading, depth, sampler);
+    const osg::Vec3f through = m_scene.mode == RayTracing ? shading.straightThrough() : osg::Vec3f();
+    return light + shading.reflectedSky(m_scene.sky)
+        + qxProduct(through, m_scene.sky.light(-hit.toEye));
 }
 
 osg::Vec3f qxTracer::direct(const qxSurfacePoint &hit, const qxShading &shading, int depth,
@@ -231,11 +257,11 @@ osg::Vec3f qxTracer::shadowed(const LightSample &sample, const qxSurfacePoint &h
         direction = qxUnit(direction + frame.x * (radius * std::cos(angle))
                            + frame.y * (radius * std::sin(angle)));
     }
-    return sample.light * transmittance(hit, direction, sample.distance);
+    return qxProduct(sample.light, transmittance(hit, direction, sample.distance));
 }
 
-float qxTracer::transmittance(const qxSurfacePoint &hit, const osg::Vec3f &direction,
-                              float distance) const
+osg::Vec3f qxTracer::transmittance(const qxSurfacePoint &hit, const osg::Vec3f &direction,
+                                   float distance) const
 {
     qxRay ray;
     ray.origin = hit.start(direction);
@@ -243,21 +269,21 @@ float qxTracer::transmittance(const qxSurfacePoint &hit, const osg::Vec3f &direc
     ray.far = distance * 0.9999f;
     m_scene.clipping.limit(ray);
     if (!(ray.near < ray.far))
-        return 1.0f;
+        return osg::Vec3f(1, 1, 1);
     RTCIntersectContext context;
     rtcInitIntersectContext(&context);
     RTCRay opaque = embreeRay(ray, qxRenderGroup::Opaque);
     rtcOccluded1(m_scene.group.scene(), &context, &opaque);
     if (opaque.tfar < 0.0f)
-        return 0.0f;
-    float through = 1.0f;
+        return osg::Vec3f();
+    osg::Vec3f through(1, 1, 1);
     qxSurfacePoint other;
     for (int i = 0; i < _mostSurfaces && m_scene.group.hasTranslucent(); ++i) {
-        if (through <= _nothing || !intersect(ray, qxRenderGroup::Translucent, other))
+        if (qxPeak(through) <= _nothing || !intersect(ray, qxRenderGroup::Translucent, other))
             break;
         other.front = true; // shadows fall from both sides
         for (const qxRenderLayer &layer : other.instance->surface->layers)
-            through *= 1.0f - other.alpha(layer, other.base(layer)[3]);
+            through = qxProduct(through, other.passing(layer, other.base(layer)));
         ray.near = beyond(other.distance);
     }
     return through;
@@ -276,13 +302,14 @@ osg::Vec3f qxTracer::reflectedScene(const qxSurfacePoint &hit, const qxShading &
 {
     const float choice = sampler.next();
     const qxShading::Bounce bounce = shading.bounce(choice, sampler.nextPair());
-    if (!(qxPeak(bounce.share) > 0.0f) || bounce.direction.dot(hit.flatNormal) <= 0.0f)
+    const bool leaves = bounce.direction.dot(hit.flatNormal) > 0.0f;
+    if (!(qxPeak(bounce.share) > 0.0f) || leaves == bounce.through)
         return osg::Vec3f();
-    qxRay ray;
-    ray.origin = hit.start(bounce.direction);
-    ray.direction = bounce.direction;
+    const qxRay ray = hit.leaving(bounce);
     const RayResult found = radianceAlong(ray, depth + 1, sampler);
     osg::Vec3f light = found.radiance;
+    for (osg::UInt32 i = 0; i < 3 && bounce.through; ++i)
+        light[i] *= std::exp(-bounce.attenuation[i] * std::min(found.distance, 1e6f));
     if (found.transmittance > 0.0f)
         light += around(ray, sampler) * found.transmittance;
     if (qxPeak(light) > _brightest)

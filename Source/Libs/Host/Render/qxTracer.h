@@ -37,6 +37,7 @@ public:
         osg::Vec3f colour; ///< of the surfaces themselves, and their normal, of length 0 to 1
         osg::Vec3f normal;
         float transmittance = 1; ///< share of what is behind the scene
+        osg::Vec3f tint = osg::Vec3f(1, 1, 1); ///< of what is behind the scene
         float distance; ///< of the first surface that hides at least half; infinite without
         int sides = Nothing; ///< met on the way, however translucent
     };
@@ -53,11 +54,11 @@ private:
     };
 
     RayResult radianceAlong(qxRay ray, int depth, qxSampler &sampler) const;
-    float widthAt(const qxSurfacePoint &hit) const;
     void pass(const qxRenderClipping::Crossing &plane, RayResult &result) const;
     void pass(const qxSurfacePoint &hit, int depth, qxSampler &sampler, RayResult &result) const;
-    osg::Vec3f shaded(const qxSurfacePoint &hit, const qxRenderLayer &layer,
-                      const osg::Vec3f &colour, int depth, qxSampler &sampler) const;
+    void passThrough(const qxShading &shading, float share, RayResult &result) const;
+    osg::Vec3f shaded(const qxShading &shading, const qxSurfacePoint &hit, int depth,
+                      qxSampler &sampler) const;
     osg::Vec3f direct(const qxSurfacePoint &hit, const qxShading &shading, int depth,
                       qxSampler &sampler) const;
     LightSample sampleOf(const qxRenderLight &light, const qxSurfacePoint &hit,
@@ -71,7 +72,7 @@ private:
     osg::Vec3f around(const qxRay &ray, qxSampler &sampler) const;
     bool intersect(const qxRay &ray, unsigned int mask, qxSurfacePoint &hit) const;
     /// The share of light that gets to the point from that far away.
-    float transmittance(const qxSurfacePoint &hit, const osg::Vec3f &direction,
+    osg::Vec3f transmittance(const qxSurfacePoint &hit, const osg::Vec3f &direction,
                         float distance) const;
 
     const Scene m_scene;

@@ -85,6 +85,18 @@ void setTexCoords(const osg::GeometryPtr &geometry, const Floats &values)
         values, [](const float *v) { return osg::Vec2f(v[0], 1.0f - v[1]); }));
 }
 
+/// As qxRenderGeometry expects them; in 1.8 no array of texture coordinates has four values.
+void setTangents(const osg::GeometryPtr &geometry, const Floats &values)
+{
+    const auto pairs = [&values](std::size_t first) {
+        return makeProperty<osg::GeoTexCoords2f, 4>(values, [first](const float *v) {
+            return osg::Vec2f(v[first], v[first + 1]);
+        });
+    };
+    geometry->setTexCoords6(pairs(0));
+    geometry->setTexCoords7(pairs(2));
+}
+
 void setColours(const osg::GeometryPtr &geometry, const qxGltfModel &model,
                 const tinygltf::Primitive &primitive)
 {
@@ -161,6 +173,9 @@ void fill(const osg::GeometryPtr &geometry, const qxGltfModel &model,
     const Floats texCoords = attribute(model, primitive, "TEXCOORD_0", 2);
     if (!texCoords.empty() && isFinite(texCoords))
         setTexCoords(geometry, texCoords);
+    const Floats tangents = attribute(model, primitive, "TANGENT", 4);
+    if (!tangents.empty() && isFinite(tangents))
+        setTangents(geometry, tangents);
     setColours(geometry, model, primitive);
     const Floats normals = attribute(model, primitive, "NORMAL", 3);
     if (!normals.empty() && isFinite(normals))
@@ -181,7 +196,7 @@ qint64 takeMemory(qxGltfModel &model, const tinygltf::Primitive &primitive)
         passing += 2 * elements.count * size;
         return elements.count;
     };
-    for (const char *name : {"NORMAL", "TEXCOORD_0", "COLOR_0"}) {
+    for (const char *name : {"NORMAL", "TANGENT", "TEXCOORD_0", "COLOR_0"}) {
         if (attributeOf(primitive, name) >= 0)
             take(attributeOf(primitive, name));
     }
