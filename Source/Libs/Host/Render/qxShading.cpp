@@ -64,11 +64,11 @@ float alphaOf(float roughness, float anisotropy)
     return qxMixed(squared(roughness), 1.0f, squared(anisotropy));
 }
 
-/// Of the roughness along and across the grain.
+/// The one that loses about as much light as that along the grain and that across it.
 float meanRoughness(float roughness, float anisotropy)
 {
     return anisotropy > 0.0f
-        ? std::pow(alphaOf(roughness, anisotropy) * squared(roughness), 0.25f)
+        ? std::sqrt(qxMixed(squared(roughness), alphaOf(roughness, anisotropy), 0.42f))
         : roughness;
 }
 
@@ -90,8 +90,7 @@ qxShading::qxShading(const Surface &surface, const osg::Vec3f &toEye)
         const float ior = std::max(surface.ior, 1.01f); // or mirrors would have no direction
         m_refraction = surface.isInside ? ior : 1.0f / ior;
     }
-    setLayers();
-    setBase();
+    setBase(setLayers());
     setCoatAndSheen();
     setChances();
 }
@@ -107,12 +106,12 @@ void qxShading::setGrain()
 }
 
 /// Appendix B.2 and KHR_materials_specular, "Implementation"; KHR_materials_ior gives the index.
-void qxShading::setLayers()
+qxShading::Layer qxShading::setLayers()
 {
     const osg::Vec3f normal =
         clampedToOne(m_surface.specularColour * reflectance(m_surface.ior));
-    m_dielectric = {normal * m_surface.specular, _white * m_surface.specular};
-    Layer metal = {clampedToOne(m_surface.base), _white};
+    m_dielectric = {normal * m_surface.specular, _white * m_surface.specular, osg::Vec3f()};
+    Layer metal = {clampedToOne(m_surface.base), _white, osg::Vec3f()};
     if (m_surface.iridescence > 0.0f) {
         for (Layer *layer : {&m_dielectric, &metal}) {
             // KHR_materials_iridescence, at the angle of the eye.
@@ -123,25 +122,35 @@ void qxShading::setLayers()
         }
     }
     m_layer = {qxMixed(m_dielectric.normal, metal.normal, m_surface.metallic),
-               qxMixed(m_dielectric.edge, metal.edge, m_surface.metallic)};
+               qxMixed(m_dielectric.edge, metal.edge, m_surface.metallic), osg::Vec3f()};
+    return metal;
+}
+
+/// The share of the light that single mirrors do not reflect which several do.
+osg::Vec3f qxShading::repeatedBy(const Layer &layer, const qxAlbedo::Split &mean)
+{
+    osg::Vec3f result;
+    for (osg::UInt32 i = 0; i < 3; ++i) {
+        const float once = layer.normal[i] + (layer.edge[i] - layer.normal[i]) / 21.0f;
+        result[i] = squared(once) * mean.all() / (1.0f - once * (1.0f - mean.all()));
+    }
+    return result;
 }
 
 /// Light that the mirrors throw on each other, and the matt surface below them, so that nothing is
 /// lost or gained: Kulla and Conty 2017, "Revisiting Physically Based Shading at Imageworks". In
 /// appendix B.2.2 the matt surface gets what a single mirror lets through, which gains light at
 /// grazing angles.
-void qxShading::setBase()
+void qxShading::setBase(const Layer &metal)
 {
     const qxAlbedo::Split mean = m_albedo.mean();
     const float lost = std::max(1.0f - mean.all(), 1e-3f);
-    for (osg::UInt32 i = 0; i < 3; ++i) {
-        const float once = m_layer.normal[i] + (m_layer.edge[i] - m_layer.normal[i]) / 21.0f;
-        const float again = squared(once) * mean.all() / (1.0f - once * lost);
-        m_repeated[i] = again / (lost * qxPi);
-    }
+    m_dielectric.repeated = repeatedBy(m_dielectric, mean);
+    m_layer.repeated =
+        qxMixed(m_dielectric.repeated, repeatedBy(metal, mean), m_surface.metallic);
     m_repeatedMean = lost;
     const float repeatedEye = std::max(0.0f, 1.0f - m_eyeAlbedo.all());
-    m_repeated *= repeatedEye;
+    m_repeated = m_layer.repeated * (repeatedEye / (lost * qxPi));
     m_mattMean = std::max(passed(mean), 1e-3f);
     const float share = (1.0f - m_surface.metallic) * passed(m_eyeAlbedo) / (m_mattMean * qxPi);
     m_matt = m_surface.base * (share * (1.0f - m_surface.transmission));
@@ -183,7 +192,9 @@ void qxShading::setChances()
         (qxPeak(m_matt) * m_mattMean + qxPeak(m_repeated) * m_repeatedMean) * qxPi * rest
         + m_sheenPeak * m_coatRest;
     m_chances[Coat] = m_coatShare;
-    m_chances[Through] = m_clear * (1.0f - mirror) * qxPeak(m_surface.base) * rest;
+    // Mirrors that are turned otherwise let light through that the surface itself would reflect.
+    const float through = std::max(1.0f - mirror, 0.5f * squared(m_roughness));
+    m_chances[Through] = m_clear * through * qxPeak(m_surface.base) * rest;
     m_chances[MattThrough] =
         (qxPeak(m_mattThrough) * m_mattMean + qxPeak(m_repeatedThrough) * m_repeatedMean) * qxPi
         * rest;
@@ -228,8 +239,10 @@ float qxShading::throughBase(float mirrorCosine) const
 /// The share of light that the mirrors let through to what is below them.
 float qxShading::passed(const qxAlbedo::Split &albedo) const
 {
-    return 1.0f - qxPeak(m_dielectric.normal) * albedo.ofNormal
-        - qxPeak(m_dielectric.edge) * albedo.ofEdge;
+    const float mirrored = qxPeak(m_dielectric.normal) * albedo.ofNormal
+        + qxPeak(m_dielectric.edge) * albedo.ofEdge
+        + qxPeak(m_dielectric.repeated) * (1.0f - albedo.all());
+    return std::max(0.0f, 1.0f - mirrored);
 }
 
 float qxShading::sheenRest(float cosine) const

@@ -71,11 +71,13 @@ private:
     struct Layer {
         osg::Vec3f normal; ///< reflectance at right angles and at grazing ones
         osg::Vec3f edge;
+        osg::Vec3f repeated; ///< reflectance of light that met several mirrors
     };
 
     void setGrain();
-    void setLayers();
-    void setBase();
+    static osg::Vec3f repeatedBy(const Layer &layer, const qxAlbedo::Split &mean);
+    Layer setLayers();
+    void setBase(const Layer &metal);
     void setThrough(const osg::Vec3f &solid, float repeatedEye);
     void setCoatAndSheen();
     void setChances();
