@@ -1,6 +1,6 @@
 #include "Render/qxShading.h"
 
-#include "Render/qxSky.h"
+#include "Light/qxEnvironmentLight.h"
 #include "Render/qxThinFilm.h"
 
 namespace {
@@ -321,7 +321,7 @@ osg::Vec3f qxShading::reflected(const osg::Vec3f &toLight) const
             sum = sum * std::min(sheenRest(light[2]), sheenRest(m_eye[2]))
                 + m_surface.sheen * (fibres * light[2]);
         }
-    } else if (m_chances[Through] > 0.0f || m_chances[MattThrough] > 0.0f) {
+    } else if (letsThrough()) {
         sum = baseTransmitted(light) * (-light[2] * sheenRest(m_eye[2]));
     }
     if (m_coatShare > 0.0f)
@@ -329,20 +329,21 @@ osg::Vec3f qxShading::reflected(const osg::Vec3f &toLight) const
     return sum;
 }
 
-osg::Vec3f qxShading::reflectedSky(const qxSky &sky) const
+osg::Vec3f qxShading::reflectedSky(const qxEnvironmentLight &sky, const osg::Vec3f &hidden) const
 {
+    const osg::Vec3f scattered = qxNotNegative(sky.scattered(m_frame.z) - hidden);
     const osg::Vec3f &normal = m_frame.z;
     const osg::Vec3f toEye = m_frame.toWorld(m_eye);
     const osg::Vec3f mirrors = m_layer.normal * m_eyeAlbedo.ofNormal
         + m_layer.edge * m_eyeAlbedo.ofEdge + m_repeated * (qxPi * m_repeatedMean);
     osg::Vec3f light = qxProduct(mirrors, sky.mirrored(qxMirrored(-toEye, normal), m_roughness))
-        + qxProduct(m_matt * (qxPi * m_mattMean), sky.scattered(normal));
+        + qxProduct(m_matt * (qxPi * m_mattMean), scattered);
     if (m_surface.diffuseTransmission > 0.0f)
         light += qxProduct(m_mattThrough * (qxPi * m_mattMean), sky.scattered(-normal));
     if (m_sheenPeak > 0.0f) {
         const float fibres = qxAlbedo::ofSheen(m_eye[2], m_surface.sheenRoughness);
         light = light * (1.0f - m_sheenPeak * fibres)
-            + qxProduct(m_surface.sheen * fibres, sky.scattered(normal));
+            + qxProduct(m_surface.sheen * fibres, scattered);
     }
     if (m_coatShare > 0.0f) {
         const osg::Vec3f eye = m_coatFrame.toWorld(m_coatEye);

@@ -3,7 +3,7 @@
 #include "Render/qxAlbedo.h"
 #include "Render/qxMicrofacets.h"
 
-class qxSky;
+class qxEnvironmentLight;
 
 /// How a surface reflects light and lets it through, as appendix B of the glTF 2.0 specification
 /// and its material extensions define it. All directions have length 1 and point away from the
@@ -45,10 +45,14 @@ public:
     /// that it arrives at. Also for light from behind.
     osg::Vec3f reflected(const osg::Vec3f &toLight) const;
     /// The reflected light of the whole sky, where nothing but the surface's own occlusion hides
-    /// it. Without what comes from behind.
-    osg::Vec3f reflectedSky(const qxSky &sky) const;
+    /// it. Without what comes from behind. `hidden` is what of its scattered light does not get
+    /// here.
+    osg::Vec3f reflectedSky(const qxEnvironmentLight &sky,
+                            const osg::Vec3f &hidden = osg::Vec3f()) const;
     /// The share of the light straight behind that goes to the eye; as if nothing were refracted.
     osg::Vec3f straightThrough() const;
+    /// Whether light from behind goes to the eye.
+    bool letsThrough() const { return m_chances[Through] > 0.0f || m_chances[MattThrough] > 0.0f; }
     /// What the surface itself emits.
     osg::Vec3f emitted() const { return m_surface.emission * m_coatRest; }
 

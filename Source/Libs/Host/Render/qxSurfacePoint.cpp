@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -37,6 +38,8 @@ osg::Vec3f widened(const osg::Vec3f &step, const osg::Vec3f &other, float width)
 
 void qxSurfacePoint::arrive(const qxRaySpread &from)
 {
+    spread = qxRaySpread();
+    m_steps[0] = m_steps[1] = osg::Vec2f();
     if (from.isNull())
         return;
     const float cosine = std::max(flatNormal.dot(toEye), _flattest);
@@ -257,6 +260,11 @@ osg::Vec3f qxSurfacePoint::start(const osg::Vec3f &direction) const
                                    std::max(std::fabs(position[2]), distance));
     const float side = flatNormal.dot(direction) < 0.0f ? -1.0f : 1.0f;
     return position + flatNormal * (side * largest * 2e-5f);
+}
+
+float qxSurfacePoint::beyond() const
+{
+    return distance + std::fabs(distance) * 4e-6f + std::numeric_limits<float>::min();
 }
 
 /// As a mirror at least, whose normal turns along the surface; wider where the bounce is one of

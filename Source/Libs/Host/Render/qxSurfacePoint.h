@@ -41,6 +41,8 @@ struct qxSurfacePoint {
     }
     /// Where a ray may start without meeting the surface again.
     osg::Vec3f start(const osg::Vec3f &direction) const;
+    /// From where the ray may go on along itself.
+    float beyond() const;
     /// The ray that goes on in the direction of a bounce.
     qxRay leaving(const qxShading::Bounce &bounce) const;
 
