@@ -16,8 +16,9 @@ public:
     /// others.
     explicit qxGltfImages(qxGltfModel &model) : m_model(model) {}
 
-    /// The picture of a texture; null if there is none or it cannot be read. Images with the same
-    /// data are one picture, which is kept once for its colours and once for its numbers.
+    /// The picture of a texture; null if there is none or it cannot be read. A texture may have one
+    /// in WebP, which is preferred, beside the other. Images with the same data are one picture,
+    /// which is kept once for its colours and once for its numbers.
     osg::ImagePtr ofTexture(int texture, bool forColours);
 
 private:
