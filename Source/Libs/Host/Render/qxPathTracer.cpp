@@ -94,7 +94,7 @@ struct qxPathTracer::Asked {
     void offer(const Asked &other, float &random)
     {
         const float before = sum;
-        const float weight = qxPeak(other.light);
+        const float weight = other.sum;
         if (!(weight > 0.0f))
             return;
         const float chance = weight / (before + weight);
@@ -111,7 +111,7 @@ struct qxPathTracer::Asked {
     bool shadow = true;
     bool isSky = false;
     osg::Vec3f share; ///< of the light of that direction of the sky
-    float sum = 0; ///< of all that were offered
+    float sum = 0; ///< of the light of all that were offered, this one included
 };
 
 qxTracer::Seen qxPathTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer &layer,
@@ -216,14 +216,23 @@ bool qxPathTracer::stopsAt(Path &path, const qxRenderLayer &layer, qxSampler &sa
     return false;
 }
 
-/// The light of one lamp or of one direction of the surroundings; on average that of all.
+/// The light of one lamp and of one direction of the surroundings, later on of one of the two; on
+/// average that of all.
 osg::Vec3f qxPathTracer::direct(const Path &path, const qxShading &shading,
                                 qxSampler &sampler) const
 {
-    const qxSurfacePoint &hit = path.hit;
     float random = sampler.next();
     Asked asked = askedLamp(path, shading, random);
-    asked.offer(askedSky(path, shading, sampler.nextPair()), random);
+    const Asked sky = askedSky(path, shading, sampler.nextPair());
+    if (path.length == 1)
+        return found(asked, path.hit, sampler) + found(sky, path.hit, sampler);
+    asked.offer(sky, random);
+    return found(asked, path.hit, sampler);
+}
+
+/// What gets here of that light.
+osg::Vec3f qxPathTracer::found(Asked asked, const qxSurfacePoint &hit, qxSampler &sampler) const
+{
     if (!(asked.sum > _faint))
         return osg::Vec3f();
     if (!asked.isSky) {
@@ -263,6 +272,7 @@ qxPathTracer::Asked qxPathTracer::askedLamp(const Path &path, const qxShading &s
         one.toLight = arrival.toLight;
         one.distance = arrival.distance;
         one.shadow = light.shadow;
+        one.sum = qxPeak(one.light);
         result.offer(one, random);
     }
     return result;
@@ -283,5 +293,6 @@ qxPathTracer::Asked qxPathTracer::askedSky(const Path &path, const qxShading &sh
     result.toLight = sample.direction;
     result.distance = std::numeric_limits<float>::infinity();
     result.isSky = true;
+    result.sum = qxPeak(result.light);
     return result;
 }

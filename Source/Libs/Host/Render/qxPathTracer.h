@@ -22,6 +22,7 @@ private:
 
     bool follow(Path &path, qxSampler &sampler) const;
     osg::Vec3f direct(const Path &path, const qxShading &shading, qxSampler &sampler) const;
+    osg::Vec3f found(Asked asked, const qxSurfacePoint &hit, qxSampler &sampler) const;
     Asked askedLamp(const Path &path, const qxShading &shading, float &random) const;
     Asked askedSky(const Path &path, const qxShading &shading, const osg::Vec2f &place) const;
     bool findNext(Path &path, qxSampler &sampler) const;
