@@ -139,6 +139,7 @@ qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Ste
     scene.materials = qxGltfMaterials(model);
     listener(Building);
     qxGltfBuildScene(model, scene);
+    model.forgetDecoded();
     auto content = std::make_unique<Content>();
     content->info = infoOf(model);
     content->scene = model.sceneIndex();

@@ -1,5 +1,7 @@
 #include "Render/qxRenderGeometry.h"
 
+#include "Animation/OSGDeformation.h"
+
 #include <OpenSG/OSGTriangleIterator.h>
 
 #include <new>
@@ -60,7 +62,41 @@ std::shared_ptr<qxRenderGeometry> qxRenderGeometry::make(const osg::GeometryPtr 
         geometry->copyCorners(core);
     else
         geometry->copyShared(core);
+    geometry->m_isDeformable =
+        core->getIndexMapping().size() <= 1 && osg::Deformation::of(core) != osg::NullFC;
     return geometry;
+}
+
+std::shared_ptr<const qxRenderGeometry> qxRenderGeometry::shaped(Form form) const
+{
+    const auto copy = std::make_shared<qxRenderGeometry>();
+    copy->m_texCoords = m_texCoords;
+    copy->m_colours = m_colours;
+    copy->m_triangles = m_triangles;
+    copy->m_positions = std::move(form.positions);
+    for (std::size_t i = 0; i < copy->m_positions.size(); ++i) {
+        if (!qxIsFinite(copy->m_positions[i]))
+            copy->m_positions[i] = m_positions[i];
+    }
+    copy->m_normals = std::move(form.normals);
+    if (copy->m_normals.empty())
+        copy->computeNormals();
+    return copy;
+}
+
+/// Every triangle turns its corners as much as it is large.
+void qxRenderGeometry::computeNormals()
+{
+    m_normals.assign(m_positions.size(), osg::Vec3f());
+    for (const Triangle &corners : m_triangles) {
+        const osg::Vec3f first = m_positions[corners[0]];
+        const osg::Vec3f normal =
+            (m_positions[corners[1]] - first).cross(m_positions[corners[2]] - first);
+        for (const std::uint32_t corner : corners)
+            m_normals[corner] += normal;
+    }
+    for (osg::Vec3f &normal : m_normals)
+        normal.normalize();
 }
 
 /// One index for all that a corner has: the lists are copied as they are.

@@ -54,6 +54,17 @@ public:
     typedef std::array<osg::GeoTexCoordsPtr, 8> TexCoords;
     static TexCoords texCoordsOf(const osg::GeometryPtr &core);
 
+    /// Whether nodes may give the geometry a form of their own (qxRenderShape).
+    bool isDeformable() const { return m_isDeformable; }
+    /// What a form consists of.
+    struct Form {
+        std::vector<osg::Vec3f> positions;
+        std::vector<osg::Vec3f> normals; ///< as many; none if they are to be computed
+    };
+    Form form() const { return {m_positions, m_normals}; }
+    /// A copy of another form. Positions that are not finite stay where they are.
+    std::shared_ptr<const qxRenderGeometry> shaped(Form form) const;
+
     /// Whether the geometry it was made of changed since.
     bool isOutdated() const { return m_outdated; }
     void setOutdated() { m_outdated = true; }
@@ -67,6 +78,7 @@ private:
     void copyShared(const osg::GeometryPtr &core);
     void copyTangents(const TexCoords &all);
     void copyCorners(const osg::GeometryPtr &core);
+    void computeNormals();
 
     std::vector<osg::Vec3f> m_positions;
     std::vector<osg::Vec3f> m_normals; ///< this and the following: as many, or none
@@ -75,5 +87,6 @@ private:
     std::vector<osg::Vec4f> m_colours;
     std::vector<Triangle> m_triangles;
     mutable qxEmbreeScene m_scene;
+    bool m_isDeformable = false;
     bool m_outdated = false;
 };

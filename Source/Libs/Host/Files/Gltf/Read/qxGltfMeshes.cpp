@@ -1,6 +1,7 @@
 #include "Files/Gltf/Read/qxGltfMeshes.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
+#include "Files/Gltf/Read/qxGltfDeformations.h"
 #include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfPrimitive.h"
@@ -76,10 +77,10 @@ struct TexCoordSet {
     void (osg::Geometry::*set)(const osg::GeoTexCoordsPtr &);
 };
 
-const TexCoordSet _texCoordSets[] = {{"TEXCOORD_0", &osg::Geometry::setTexCoords},
-                                     {"TEXCOORD_1", &osg::Geometry::setTexCoords1},
-                                     {"TEXCOORD_2", &osg::Geometry::setTexCoords2},
-                                     {"TEXCOORD_3", &osg::Geometry::setTexCoords3}};
+const TexCoordSet _texCoordSets[] = {
+    {"TEXCOORD_0", &osg::Geometry::setTexCoords},  {"TEXCOORD_1", &osg::Geometry::setTexCoords1},
+    {"TEXCOORD_2", &osg::Geometry::setTexCoords2}, {"TEXCOORD_3", &osg::Geometry::setTexCoords3},
+    {"TEXCOORD_4", &osg::Geometry::setTexCoords4}, {"TEXCOORD_5", &osg::Geometry::setTexCoords5}};
 
 void setTexCoords(const osg::GeometryPtr &geometry, const qxGltfPrimitive &primitive)
 {
@@ -199,6 +200,7 @@ qxGltfGeometryRef makeGeometry(qxGltfModel &model, qxGltfPrimitive::Place place,
     const qxGltfGeometryRef geometry(osg::Geometry::create());
     fill(geometry.get(), primitive);
     model.budget.giveBack(passing);
+    qxGltfSetDeformation(geometry.get(), primitive, model);
     return geometry;
 }
 
