@@ -129,6 +129,72 @@ TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
     EXPECT_EQ(qxSurface::of(material("Leaf")).alphaMode, qxSurface::Mask);
 }
 
+TEST_F(SceneFileMeshTest, EveryNumberOfAMaterialIsReadAndWrittenWhereItBelongs)
+{
+    qxJson json = sample("square");
+    json["materials"] = qxJson::parse(R"([{"name": "All", "alphaMode": "MASK", "alphaCutoff": 3,
+        "pbrMetallicRoughness": {"metallicFactor": 1, "roughnessFactor": 2},
+        "normalTexture": {"index": 0, "scale": 4}, "occlusionTexture": {"index": 0, "strength": 5},
+        "extensions": {
+            "KHR_materials_emissive_strength": {"emissiveStrength": 6},
+            "KHR_materials_ior": {"ior": 7},
+            "KHR_materials_specular": {"specularFactor": 8, "specularColorFactor": [9, 10, 11]},
+            "KHR_materials_clearcoat": {"clearcoatFactor": 12, "clearcoatRoughnessFactor": 13,
+                "clearcoatNormalTexture": {"index": 0, "scale": 14}},
+            "KHR_materials_sheen": {"sheenColorFactor": [15, 16, 17], "sheenRoughnessFactor": 18},
+            "KHR_materials_transmission": {"transmissionFactor": 19},
+            "KHR_materials_volume": {"thicknessFactor": 20, "attenuationDistance": 21,
+                "attenuationColor": [22, 23, 24]},
+            "KHR_materials_iridescence": {"iridescenceFactor": 25, "iridescenceIor": 26,
+                "iridescenceThicknessMinimum": 27, "iridescenceThicknessMaximum": 28},
+            "KHR_materials_anisotropy": {"anisotropyStrength": 29, "anisotropyRotation": 30},
+            "KHR_materials_diffuse_transmission": {"diffuseTransmissionFactor": 31,
+                "diffuseTransmissionColorFactor": [32, 33, 34]}}}, {"name": "Bare"}])");
+    json["textures"] = {qxJson::object()};
+    json["extensionsUsed"] = qxJson::array();
+    json["meshes"][0]["primitives"][0]["material"] = 0;
+    load(json);
+    expectSaved(json);
+    qxSurface all = qxSurface::of(material("All"));
+    float next = 1;
+    const auto expectNext = [&next](float number) { EXPECT_EQ(number, next++); };
+    const auto expectColour = [&](const osg::Color3f &colour) {
+        for (const float channel : {colour.red(), colour.green(), colour.blue()})
+            expectNext(channel);
+    };
+    for (const float number : {all.metallic, all.roughness, all.alphaCutoff, all.normalScale,
+                               all.occlusionStrength, all.emissiveStrength, all.ior, all.specular})
+        expectNext(number);
+    expectColour(all.specularColour);
+    for (const float number :
+         {all.clearcoat, all.clearcoatRoughness, all.clearcoatNormalScale})
+        expectNext(number);
+    expectColour(all.sheenColour);
+    for (const float number :
+         {all.sheenRoughness, all.transmission, all.thickness, all.attenuationDistance})
+        expectNext(number);
+    expectColour(all.attenuationColour);
+    for (const float number : {all.iridescence, all.iridescenceIor, all.iridescenceThinnest,
+                               all.iridescenceThickest, all.anisotropy, all.anisotropyRotation,
+                               all.diffuseTransmission})
+        expectNext(number);
+    expectColour(all.diffuseTransmissionColour);
+
+    // Edited ones; what stands for a picture that is not there has no place.
+    all.setTo(material("Bare"));
+    qxJson expected = json["materials"][0];
+    expected["name"] = "Bare";
+    expected.erase("normalTexture");
+    expected.erase("occlusionTexture");
+    expected["extensions"]["KHR_materials_clearcoat"].erase("clearcoatNormalTexture");
+    saveAndLoad();
+    const qxJson saved = jsonOf(path("saved.gltf"));
+    EXPECT_EQ(qxJson::diff(saved["materials"][1], expected), qxJson::array());
+    EXPECT_EQ(saved["materials"][0], json["materials"][0]);
+    EXPECT_EQ(saved["extensionsUsed"].size(), 10u);
+    EXPECT_EQ(qxSurface::of(material("Bare")).attenuationColour, all.attenuationColour);
+}
+
 TEST_F(SceneFileMeshTest, PicturesAreThereOnceAndBeginWithTheirBottomRow)
 {
     // One pixel wide, red above blue.
