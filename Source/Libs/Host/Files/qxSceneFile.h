@@ -3,7 +3,6 @@
 #include "Files/qxSceneVariant.h"
 
 #include <QByteArray>
-#include <QMap>
 #include <QStringList>
 
 #include <functional>
@@ -23,10 +22,9 @@ struct qxSceneFileInfo {
     int cameras = 0; ///< as the file lists them
     int animations = 0; ///< as the file lists them
     QStringList extensionsUsed; ///< as the file states them
-    QStringList extensionsRequired; ///< those without which it cannot be read
+    QStringList extensionsRequired; ///< those that the file cannot do without
     QStringList extensionsNotUnderstood; ///< used by the file, kept, but not shown
-    /// Kinds of pictures that are kept, but not shown: how many materials have one.
-    QMap<QString, int> hiddenPictures;
+    QStringList extensionsMissing; ///< likewise, of those that it requires
 };
 
 /// Reads scenes from glTF 2.0 files (.gltf, .glb) into the host and writes them back.

@@ -343,10 +343,16 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     result.lit = seen.lit;
     result.plain = seen.plain;
     const float behind = seen.transmittance;
-    if (behind > 0.0f)
+    if (behind > 0.0f) {
+        Layers layers;
         m_background.add(ray, (float(y) + shift[1]) / float(m_settings.height),
                          m_ground ? behind * m_ground->through(ray) : behind, m_environment.get(),
-                         result);
+                         layers);
+        result.light += qxProduct(layers.light, seen.tint);
+        result.plain += qxProduct(layers.plain, seen.tint);
+        result.lit += layers.lit;
+        result.open += layers.open;
+    }
     result.colour = seen.colour;
     result.normal = seen.normal;
     result.sides = seen.sides;

@@ -2,6 +2,8 @@
 
 #include "Files/Gltf/Common/qxGltfCheckValues.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
+#include "Files/Gltf/Read/qxGltfMaterials.h"
+#include "Materials/qxSurface.h"
 #include "qxText.h"
 
 namespace {
@@ -40,18 +42,11 @@ void checkVersion(const qxJson &document)
 
 void checkExtensions(const qxJson &document)
 {
-    QStringList unknown;
     for (const qxJson &required : qxGltfSection(document, "extensionsRequired")) {
         if (!required.is_string())
             throw qxGltfError(
                 qxFileText::tr("\"extensionsRequired\" holds something that is no text"));
-        const QString name = qxText::fromUtf8(required.get<std::string>());
-        if (!qxGltfUnderstoodExtensions().contains(name))
-            unknown << name;
     }
-    if (!unknown.isEmpty())
-        throw qxGltfError(
-            qxFileText::tr("requires what is not supported: %1").arg(unknown.join(", ")));
 }
 
 void checkPrimitive(const QString &owner, const qxJson &primitive, const qxJson &document)
@@ -64,6 +59,8 @@ void checkPrimitive(const QString &owner, const qxJson &primitive, const qxJson 
         throw qxGltfError(qxFileText::tr("%1 has no \"attributes\"").arg(owner));
     for (const qxJson &accessor : attributes)
         qxGltfCheckIndexValue(owner, accessor, accessors, "accessor");
+    qxGltfCheckDraco(owner, primitive, document);
+    qxGltfCheckTargets(owner, primitive, document);
     qxGltfCheckIndex(owner, primitive, "indices", accessors, "accessor");
     qxGltfCheckIndex(owner, primitive, "material", qxGltfSection(document, "materials"),
                      "material");
@@ -86,14 +83,6 @@ void checkMeshes(const qxJson &document)
     }
 }
 
-void checkTextureReference(const QString &owner, const qxJson &object, const char *name,
-                           const qxJson &document)
-{
-    const qxJson &reference = qxGltfMember(object, name);
-    if (!reference.is_null())
-        qxGltfCheckIndex(owner, reference, "index", qxGltfSection(document, "textures"), "texture");
-}
-
 void checkMaterials(const qxJson &document)
 {
     int index = 0;
@@ -102,30 +91,23 @@ void checkMaterials(const qxJson &document)
         const qxJson &surface = qxGltfMember(material, "pbrMetallicRoughness");
         qxGltfCheckNumbers(called, surface, "baseColorFactor", 4);
         qxGltfCheckNumbers(called, material, "emissiveFactor", 3);
-        checkTextureReference(called, surface, "baseColorTexture", document);
-        checkTextureReference(called, surface, "metallicRoughnessTexture", document);
-        for (const char *name : {"normalTexture", "occlusionTexture", "emissiveTexture"})
-            checkTextureReference(called, material, name, document);
+        for (std::size_t role = 0; role < qxSurface::PictureRoles; ++role) {
+            const qxJson &use = qxGltfPictureUse(material, role);
+            qxGltfCheckIndex(called, use, "index", qxGltfSection(document, "textures"), "texture");
+        }
     }
     index = 0;
     for (const qxJson &texture : qxGltfSection(document, "textures")) {
         const QString called = qxGltfLabel("texture", index++, texture);
-        qxGltfCheckIndex(called, texture, "source", qxGltfSection(document, "images"), "image");
+        const qxJson &webp = qxGltfMember(qxGltfMember(texture, "extensions"), "EXT_texture_webp");
+        for (const qxJson *holder : {&texture, &webp})
+            qxGltfCheckIndex(called, *holder, "source", qxGltfSection(document, "images"), "image");
         qxGltfCheckIndex(called, texture, "sampler", qxGltfSection(document, "samplers"),
                          "sampler");
     }
 }
 
 } // namespace
-
-const QStringList &qxGltfUnderstoodExtensions()
-{
-    static const QStringList names{"KHR_lights_punctual",   "KHR_materials_emissive_strength",
-                                   "KHR_materials_unlit",   "KHR_materials_variants",
-                                   "KHR_mesh_quantization", "KHR_node_visibility",
-                                   "KHR_texture_transform"};
-    return names;
-}
 
 void qxGltfCheck(const qxJson &document)
 {
@@ -136,5 +118,6 @@ void qxGltfCheck(const qxJson &document)
     qxGltfCheckLights(document);
     qxGltfCheckData(document);
     checkMeshes(document);
+    qxGltfCheckSkins(document);
     checkMaterials(document);
 }

@@ -1,6 +1,7 @@
 #include "Files/Gltf/Read/qxGltfSceneBuilder.h"
 
 #include "Files/Gltf/Read/qxGltfCameras.h"
+#include "Files/Gltf/Read/qxGltfDeformations.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfNodes.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
@@ -44,6 +45,7 @@ void qxGltfBuildScene(qxGltfModel &model, qxGltfScene &scene)
     scene.mapped = switchMaterials.mapped();
     qxGltfNodes nodes(model, scene);
     nodes.build();
+    qxGltfSetDeformations(model, nodes);
     scene.cameras = qxGltfCameras(model, nodes, scene.origin);
     scene.clips = clipsOf(model.document.json);
 }
