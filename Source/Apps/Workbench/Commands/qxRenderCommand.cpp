@@ -6,6 +6,7 @@
 #include "Report/qxPictureHint.h"
 #include "Report/qxProgress.h"
 #include "Session/qxInterrupt.h"
+#include "Session/qxPictureOptions.h"
 #include "Session/qxSession.h"
 #include "Session/qxSetPreviews.h"
 #include "qxCameraService.h"
@@ -44,7 +45,7 @@ struct Job {
 
 QList<QCommandLineOption> renderOptions()
 {
-    return {
+    return QList<QCommandLineOption>{
         {QStringLiteral("set"), QStringLiteral("Selects this set before."), QStringLiteral("NAME")},
         {QStringLiteral("all"),
          QStringLiteral("Makes a picture of every set, each selected in the scene as it is in the "
@@ -56,14 +57,13 @@ QList<QCommandLineOption> renderOptions()
          QStringLiteral("Width and height of a picture in pixels, such as 1280x720, which is the "
                         "default; 384x256 on a sheet."),
          QStringLiteral("WxH")},
-        qxSetPreviews::qualityOption(),
         {QStringLiteral("out"),
          QStringLiteral("The picture, a PNG, - for standard output; with --all a folder or a PNG."),
          QStringLiteral("PNG|DIR")},
         qxCommands::scriptsOption(),
         qxCommands::noScriptsOption(),
         qxCommands::traceOption(),
-    };
+    } + qxPictureOptions::all();
 }
 
 /// An empty size for a text that is none.
@@ -182,8 +182,10 @@ int runRender(const QCommandLineParser &parser)
     const int code = readJob(parser, job);
     if (code != Success)
         return code;
-    if (!qxSetPreviews::isQualityKnown(parser))
+    if (!qxPictureOptions::areKnown(parser, qxPictureOptions::MayBeTransparent))
         return WrongUse;
+    if (!qxPictureOptions::apply(parser))
+        return WorkFailed;
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;

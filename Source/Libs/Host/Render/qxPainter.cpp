@@ -23,19 +23,37 @@ int samplesOf(const qxPictureSettings &settings)
     return settings.quality < 0 ? _bestSamples : settings.quality;
 }
 
-/// From the left above the eye, for scenes that have no light at all.
-qxRenderLight headLight(const qxRenderCamera &camera)
+/// A scene with lights of its own gets less light from the studio around it: they are what it is
+/// to be seen in. An environment that somebody has chosen lights it as it is.
+const float _studioBesideLights = 0.45f;
+
+qxEnvironmentLight lightOf(const qxRenderScene &scene, const qxViewSettings &view)
 {
-    qxRenderLight light;
-    light.direction = qxUnit(camera.right() * 0.45f - camera.up() * 0.6f - camera.back());
-    light.light = osg::Vec3f(1.2f, 1.2f, 1.2f);
-    light.shadow = false;
-    return light;
+    if (view.environment)
+        return view.environment->turned(view.environmentRotation);
+    if (scene.ownLight())
+        return scene.ownLight()->turned(view.environmentRotation);
+    return qxEnvironmentLight::studio()
+        .turned(view.environmentRotation)
+        .scaled(scene.lights().isEmpty() ? 1.0f : _studioBesideLights);
 }
 
-osg::Vec3f notNegative(const osg::Vec3f &light)
+/// Whether the eye sees a picture of all directions behind the scene.
+bool showsSky(const qxRenderScene &scene, const qxViewSettings &view)
 {
-    return osg::Vec3f(std::max(light[0], 0.0f), std::max(light[1], 0.0f), std::max(light[2], 0.0f));
+    const bool hasOwn = scene.ownLight() && scene.environment().instances().empty();
+    return view.background == qxViewSettings::Environment
+        || (view.background == qxViewSettings::Automatic && (view.environment || hasOwn));
+}
+
+osg::Color3f topOf(const qxViewSettings &view)
+{
+    return view.background == qxViewSettings::Plain ? view.plainColour : view.gradientTop;
+}
+
+osg::Color3f bottomOf(const qxViewSettings &view)
+{
+    return view.background == qxViewSettings::Plain ? view.plainColour : view.gradientBottom;
 }
 
 /// Pixels of many samples come in small tiles: one that is begun is finished before a picture is
@@ -44,28 +62,6 @@ int tileOf(int samples)
 {
     const float share = std::sqrt(std::min(1.0f, float(_bestSamples) / float(samples)));
     return std::max(1, int(float(_largestTile) * share));
-}
-
-/// The light of an environment in a few words: what comes from below and from above on average, as
-/// the middle of the scene gets it.
-qxSky skyOf(const qxTracer &environment, const qxBox &scene)
-{
-    const int count = 256;
-    osg::Vec3f sums[2];
-    for (int i = 0; i < count; ++i) {
-        qxSampler sampler(0, std::uint32_t(i));
-        const osg::Vec2f place = sampler.nextPair();
-        const float height = 2.0f * place[0] - 1.0f;
-        const float radius = std::sqrt(1.0f - height * height);
-        const float angle = 6.2831853f * place[1];
-        qxRay ray;
-        ray.origin = scene.isEmpty() ? osg::Vec3f() : scene.centre();
-        ray.direction = osg::Vec3f(radius * std::cos(angle), height, radius * std::sin(angle));
-        sums[height > 0.0f] += environment.trace(ray, sampler).radiance * (2.0f / float(count));
-    }
-    // The halves' averages are those at half the height.
-    const osg::Vec3f difference = (sums[1] - sums[0]) * 0.5f;
-    return qxSky(notNegative(sums[0] - difference), notNegative(sums[1] + difference));
 }
 
 } // namespace
@@ -131,19 +127,14 @@ qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settin
       m_clipping(qxClipping::the(), scene.shown().bounds()), m_noClipping(qxClipping(), qxBox()),
       m_contour(scene.shown(), m_clipping, m_camera, settings.width, settings.height),
       m_contourLight(qxLightOf(m_clipping.settings().contourColor)),
-      m_top(qxLightOf(settings.backgroundTop)), m_bottom(qxLightOf(settings.backgroundBottom)),
-      m_lights(scene.lights()),
-      // With lights of its own a scene gets less light from the room around it.
-      m_sky(qxSky::room(m_lights.isEmpty() ? 0.9f : 0.4f))
+      m_top(qxLightOf(topOf(settings.view))), m_bottom(qxLightOf(bottomOf(settings.view))),
+      m_lights(scene.lights()), m_sky(lightOf(scene, settings.view)),
+      m_showsSky(showsSky(scene, settings.view)), m_exposure(std::exp2(settings.view.exposure))
 {
     m_lights.expose(scene.shown().bounds());
-    if (m_lights.isEmpty())
-        m_lights.on.push_back(headLight(m_camera));
-    if (!scene.environment().instances().empty()) {
+    if (!settings.view.environment && !scene.environment().instances().empty())
         m_environment = std::make_unique<qxTracer>(
             tracerScene(scene.environment(), qxTracer::Flat, m_noClipping));
-        m_sky = skyOf(*m_environment, scene.shown().bounds());
-    }
     const qxTracer::Mode mode = m_rayTracing ? qxTracer::RayTracing : qxTracer::HardLight;
     m_tracer = std::make_unique<qxTracer>(tracerScene(scene.shown(), mode, m_clipping));
     for (const auto &overlay : scene.overlays())
@@ -307,9 +298,7 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     const osg::Vec3f behind = seen.transmittance > 0.0f
         ? background(ray, float(y) + shift[1], sampler) * seen.transmittance
         : osg::Vec3f();
-    Sample result = {seen.radiance + behind, seen.colour + behind, seen.normal, seen.sides};
-    if (m_rayTracing)
-        result.light = qxToneMapped(result.light);
+    Sample result = {shown(seen) + behind, seen.colour + behind, seen.normal, seen.sides};
     const auto cover = [&result](const osg::Vec3f &light, float through) {
         result.light = light + result.light * through;
         result.colour = light + result.colour * through;
@@ -319,19 +308,32 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
         cover(m_contourLight * line.cover, 1.0f - line.cover);
     for (const qxTracer &overlay : m_overlays) {
         const qxTracer::RayResult front = overlay.trace(ray, sampler);
-        cover(front.radiance, front.transmittance);
+        cover(front.plain, front.transmittance);
         result.sides |= front.sides & qxTracer::Front;
     }
     return result;
 }
 
+/// As the picture shows it.
 osg::Vec3f qxPainter::background(const qxRay &ray, float y, qxSampler &sampler) const
 {
-    const osg::Vec3f plain = qxMixed(m_bottom, m_top, y / float(m_settings.height));
-    if (!m_environment)
-        return plain;
+    const osg::Vec3f rest = m_showsSky
+        ? qxToneMapped(m_sky.light(ray.direction) * m_exposure)
+        : qxMixed(m_bottom, m_top, y / float(m_settings.height));
+    const qxViewSettings::Background wanted = m_settings.view.background;
+    if (!m_environment
+        || (wanted != qxViewSettings::Automatic && wanted != qxViewSettings::Environment))
+        return rest;
     qxRay endless = ray;
     endless.far = std::numeric_limits<float>::infinity();
     const qxTracer::RayResult seen = m_environment->trace(endless, sampler);
-    return seen.radiance + plain * seen.transmittance;
+    return seen.plain + rest * seen.transmittance;
+}
+
+/// What is lit as the picture shows it, beside what is plain.
+osg::Vec3f qxPainter::shown(const qxTracer::RayResult &seen) const
+{
+    if (!(seen.lit > 0.0f))
+        return seen.plain;
+    return seen.plain + qxToneMapped(seen.radiance * (m_exposure / seen.lit)) * seen.lit;
 }

@@ -31,6 +31,7 @@ private:
     void finish(int x, int y, const Average &pixel);
     Sample sample(int x, int y, int number) const;
     osg::Vec3f background(const qxRay &ray, float y, qxSampler &sampler) const;
+    osg::Vec3f shown(const qxTracer::RayResult &seen) const;
     void filterBand(int band);
     void show(int x, int y, const osg::Vec3f &light);
 
@@ -48,7 +49,9 @@ private:
     const osg::Vec3f m_top;
     const osg::Vec3f m_bottom;
     qxRenderLights m_lights;
-    qxSky m_sky;
+    qxEnvironmentLight m_sky;
+    const bool m_showsSky; ///< behind the scene
+    const float m_exposure; ///< factor of all light
     std::unique_ptr<qxTracer> m_environment; ///< null without
     std::unique_ptr<qxTracer> m_tracer;
     std::vector<qxTracer> m_overlays; ///< the farthest first

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "Light/qxEnvironmentLight.h"
 #include "Render/qxRenderGroup.h"
 #include "Render/qxRenderLight.h"
 
 #include <map>
 #include <memory>
+#include <optional>
 
 /// The running host's scene for ray tracing: visible geometries, lights, environment and overlays.
 class qxRenderScene {
@@ -21,10 +23,13 @@ public:
     /// The environment; without instances if there is none.
     const qxRenderGroup &environment() const { return m_environment; }
     const qxRenderLights &lights() const { return m_lights; }
+    /// The environment as light, as the middle of the scene sees it; null without one.
+    const qxEnvironmentLight *ownLight() const { return m_light ? &*m_light : nullptr; }
 
 private:
     qxRenderGroup &overlay(osg::UInt32 layer);
     void updateEnvironment();
+    void updateLight();
     void updateOverlays();
 
     RTCDevice m_device;
@@ -33,4 +38,6 @@ private:
     qxRenderGroup m_environment;
     Overlays m_overlays;
     qxRenderLights m_lights;
+    qxLightPicture m_lightPicture; ///< of the environment; empty without
+    std::optional<qxEnvironmentLight> m_light;
 };

@@ -120,7 +120,7 @@ float qxTracer::widthAt(const qxSurfacePoint &hit) const
 
 void qxTracer::pass(const qxRenderClipping::Crossing &plane, RayResult &result) const
 {
-    result.radiance += plane.light * (plane.alpha * result.transmittance);
+    result.plain += plane.light * (plane.alpha * result.transmittance);
     result.colour += plane.light * (plane.alpha * result.transmittance);
     result.transmittance *= 1.0f - plane.alpha;
 }
@@ -138,7 +138,13 @@ void qxTracer::pass(const qxSurfacePoint &hit, int depth, qxSampler &sampler,
             continue;
         const osg::Vec3f colour(base[0], base[1], base[2]);
         const float share = alpha * result.transmittance;
-        result.radiance += shaded(hit, *layer, colour, depth, sampler) * share;
+        const osg::Vec3f light = shaded(hit, *layer, colour, depth, sampler) * share;
+        if (layer->unlit || m_scene.mode == Flat) {
+            result.plain += light;
+        } else {
+            result.radiance += light;
+            result.lit += share;
+        }
         result.colour += colour * share;
         result.normal += hit.normal * share;
         result.transmittance *= 1.0f - alpha;
@@ -161,8 +167,19 @@ osg::Vec3f qxTracer::shaded(const qxSurfacePoint &hit, const qxRenderLayer &laye
     const qxShading shading({colour, layer.metallic, roughness}, hit.normal, hit.toEye);
     const osg::Vec3f light = layer.emission + direct(hit, shading, depth, sampler);
     if (m_scene.mode != RayTracing || depth >= _bounces)
-        return light + shading.reflectedSky(m_scene.sky);
+        return light + reflectedSky(hit, shading);
     return light + reflectedScene(hit, shading, depth, sampler);
+}
+
+/// Without asking around: the strongest light of the sky alone casts a shadow.
+osg::Vec3f qxTracer::reflectedSky(const qxSurfacePoint &hit, const qxShading &shading) const
+{
+    const qxEnvironmentLight::Key key = m_scene.sky.key();
+    const osg::Vec3f arriving = key.light * std::max(key.direction.dot(hit.normal), 0.0f);
+    if (m_scene.mode != HardLight || qxPeak(arriving) <= _nothing)
+        return shading.reflectedSky(m_scene.sky);
+    const float hidden = 1.0f - transmittance(hit, key.direction, _infinity);
+    return shading.reflectedSky(m_scene.sky, arriving * hidden);
 }
 
 osg::Vec3f qxTracer::direct(const qxSurfacePoint &hit, const qxShading &shading, int depth,
@@ -268,7 +285,7 @@ osg::Vec3f qxTracer::around(const qxRay &ray, qxSampler &sampler) const
     if (!m_scene.environment)
         return m_scene.sky.light(ray.direction);
     const RayResult seen = m_scene.environment->trace(ray, sampler);
-    return seen.radiance + m_scene.sky.light(ray.direction) * seen.transmittance;
+    return seen.radiance + seen.plain + m_scene.sky.light(ray.direction) * seen.transmittance;
 }
 
 osg::Vec3f qxTracer::reflectedScene(const qxSurfacePoint &hit, const qxShading &shading, int depth,
@@ -282,7 +299,7 @@ osg::Vec3f qxTracer::reflectedScene(const qxSurfacePoint &hit, const qxShading &
     ray.origin = hit.start(bounce.direction);
     ray.direction = bounce.direction;
     const RayResult found = radianceAlong(ray, depth + 1, sampler);
-    osg::Vec3f light = found.radiance;
+    osg::Vec3f light = found.radiance + found.plain;
     if (found.transmittance > 0.0f)
         light += around(ray, sampler) * found.transmittance;
     if (qxPeak(light) > _brightest)

@@ -5,7 +5,7 @@
 #include "Render/qxRenderGroup.h"
 #include "Render/qxRenderLight.h"
 #include "Render/qxSampler.h"
-#include "Render/qxSky.h"
+#include "Light/qxEnvironmentLight.h"
 #include "Render/qxSurfacePoint.h"
 
 class qxShading;
@@ -23,7 +23,7 @@ public:
         const qxRenderLights &lights;
         const qxRenderClipping &clipping;
         const qxRenderCamera &camera;
-        qxSky sky;
+        qxEnvironmentLight sky;
         Mode mode;
         float rayWidth; ///< of the eye's rays, in pixels
         const qxTracer *environment; ///< seen where rays leave the scene; null for the sky
@@ -33,7 +33,9 @@ public:
     /// Sides of surfaces, to be combined. Only a surface without a back side has backs.
     enum Side { Nothing = 0, Back = 1, Front = 2 };
     struct RayResult {
-        osg::Vec3f radiance;
+        osg::Vec3f radiance; ///< of lit surfaces
+        float lit = 0; ///< share of the ray that ends at lit surfaces
+        osg::Vec3f plain; ///< of what is shown in its own colour: not lit, not exposed
         osg::Vec3f colour; ///< of the surfaces themselves, and their normal, of length 0 to 1
         osg::Vec3f normal;
         float transmittance = 1; ///< share of what is behind the scene
@@ -58,6 +60,7 @@ private:
     void pass(const qxSurfacePoint &hit, int depth, qxSampler &sampler, RayResult &result) const;
     osg::Vec3f shaded(const qxSurfacePoint &hit, const qxRenderLayer &layer,
                       const osg::Vec3f &colour, int depth, qxSampler &sampler) const;
+    osg::Vec3f reflectedSky(const qxSurfacePoint &hit, const qxShading &shading) const;
     osg::Vec3f direct(const qxSurfacePoint &hit, const qxShading &shading, int depth,
                       qxSampler &sampler) const;
     LightSample sampleOf(const qxRenderLight &light, const qxSurfacePoint &hit,
