@@ -26,12 +26,13 @@ constexpr int JpegQuality = 85;
 
 QList<QCommandLineOption> catalogueOptions()
 {
-    return QList<QCommandLineOption>{{QStringLiteral("out"), QStringLiteral("The folder for the page, index.html."),
-             QStringLiteral("DIR")},
-            qxCommands::scriptsOption(),
-            qxCommands::noScriptsOption(),
-            qxCommands::traceOption()}
-        + qxPictureOptions::all();
+    return QList<QCommandLineOption>{{QStringLiteral("out"),
+                                      QStringLiteral("The folder for the page, index.html."),
+                                      QStringLiteral("DIR")},
+                                     qxCommands::scriptsOption(),
+                                     qxCommands::noScriptsOption(),
+                                     qxCommands::traceOption()}
+    + qxPictureOptions::all();
 }
 
 QByteArray jpegOf(const QImage &image)

@@ -15,15 +15,16 @@ namespace {
 
 QList<QCommandLineOption> previewsOptions()
 {
-    return QList<QCommandLineOption>{{QStringLiteral("stale"),
-             QStringLiteral("Replaces every preview that does not show its set as it is now.")},
-            {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
-            qxCommands::scriptsOption(),
-            qxCommands::noScriptsOption(),
-            qxCommands::saveOption(),
-            qxCommands::jsonOption(),
-            qxCommands::traceOption()}
-        + qxPictureOptions::all();
+    return QList<QCommandLineOption>{
+               {QStringLiteral("stale"),
+                QStringLiteral("Replaces every preview that does not show its set as it is now.")},
+               {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
+               qxCommands::scriptsOption(),
+               qxCommands::noScriptsOption(),
+               qxCommands::saveOption(),
+               qxCommands::jsonOption(),
+               qxCommands::traceOption()}
+    + qxPictureOptions::all();
 }
 
 int runPreviews(const QCommandLineParser &parser)

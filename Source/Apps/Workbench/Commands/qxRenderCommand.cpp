@@ -49,7 +49,7 @@ struct Job {
 
 QList<QCommandLineOption> renderOptions()
 {
-    return QList<QCommandLineOption>{
+    const QList<QCommandLineOption> own{
         {QStringLiteral("set"), QStringLiteral("Selects this set before."), QStringLiteral("NAME")},
         {QStringLiteral("all"),
          QStringLiteral("Makes a picture of every set, each selected in the scene as it is in the "
@@ -69,7 +69,8 @@ QList<QCommandLineOption> renderOptions()
         qxCommands::scriptsOption(),
         qxCommands::noScriptsOption(),
         qxCommands::traceOption(),
-    } + qxRenderMoment::options() + qxPictureOptions::all();
+    };
+    return own + qxRenderMoment::options() + qxPictureOptions::all();
 }
 
 /// An empty size for a text that is none.

@@ -91,6 +91,10 @@ QList<QCommandLineOption> qxPictureOptions::all()
                         "transparent, a colour such as #ffffff, or the environment, which without "
                         "one is a gradient."),
          QStringLiteral("gradient|environment|none|COLOUR")},
+        {QStringLiteral("ground"),
+         QStringLiteral("Whether an invisible ground shows shadows of the scene; by default where "
+                        "it has no floor of its own."),
+         QStringLiteral("auto|on|off")},
     };
 }
 
@@ -98,7 +102,9 @@ bool qxPictureOptions::areKnown(const QCommandLineParser &parser, Transparency t
 {
     return isOneOf(parser, "quality", {QStringLiteral("quick"), QStringLiteral("best")})
         && isNumber(parser, "environment-rotation", 360) && isNumber(parser, "exposure", MostSteps)
-        && isBackground(parser, transparency);
+        && isBackground(parser, transparency)
+        && isOneOf(parser, "ground",
+                   {QStringLiteral("auto"), QStringLiteral("on"), QStringLiteral("off")});
 }
 
 bool qxPictureOptions::apply(const QCommandLineParser &parser)
@@ -113,6 +119,11 @@ bool qxPictureOptions::apply(const QCommandLineParser &parser)
     if (colour.isValid())
         view.plainColour =
             osg::Color3f(float(colour.redF()), float(colour.greenF()), float(colour.blueF()));
+    const QString ground = parser.value(QStringLiteral("ground"));
+    if (!ground.isEmpty())
+        view.ground = ground == QLatin1String("on") ? qxViewSettings::AlwaysGround
+            : ground == QLatin1String("off")        ? qxViewSettings::NoGround
+                                                    : qxViewSettings::GroundWhereMissing;
     const QString file = parser.value(QStringLiteral("environment"));
     if (file.isEmpty())
         return true;

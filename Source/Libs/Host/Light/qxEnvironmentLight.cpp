@@ -49,9 +49,7 @@ qxEnvironmentLight::Key keyOf(const qxLightPicture &picture)
         return qxLightPicture::directionOf(osg::Vec2f((float(x) + 0.5f) / float(picture.width),
                                                       (float(y) + 0.5f) / float(picture.height)));
     };
-    const auto above = [&mean](const osg::Vec3f &light) {
-        return qxNotNegative(light - mean);
-    };
+    const auto above = [&mean](const osg::Vec3f &light) { return qxNotNegative(light - mean); };
     float most = 0.0f;
     osg::Vec3f brightest(0, 1, 0);
     for (int y = 0; y < picture.height; ++y) {

@@ -4,15 +4,15 @@
 #include "Files/qxFileText.h"
 #include "Files/qxMemoryBudget.h"
 
+#include <QtEndian>
+
 #include <OpenEXR/ImfChannelList.h>
 #include <OpenEXR/ImfFrameBuffer.h>
-#include <OpenEXR/ImfIO.h>
 #include <OpenEXR/ImfHeader.h>
+#include <OpenEXR/ImfIO.h>
 #include <OpenEXR/ImfInputFile.h>
 #include <OpenEXR/ImfTileDescription.h>
 #include <OpenEXR/ImfVersion.h>
-
-#include <QtEndian>
 
 #include <cstring>
 

@@ -25,8 +25,7 @@ struct Direction {
 Direction mirrorDirection(const osg::Vec2f &random, float alpha)
 {
     const float square = alpha * alpha;
-    const float cosine =
-        std::sqrt((1.0f - random[0]) / (1.0f + (square - 1.0f) * random[0]));
+    const float cosine = std::sqrt((1.0f - random[0]) / (1.0f + (square - 1.0f) * random[0]));
     const float sine = std::sqrt(std::max(0.0f, 1.0f - cosine * cosine));
     const float angle = 2.0f * qxPi * random[1];
     const osg::Vec3f mirror(sine * std::cos(angle), sine * std::sin(angle), cosine);
@@ -40,8 +39,8 @@ Direction diffuseDirection(const osg::Vec2f &random)
     const float radius = std::sqrt(random[0]);
     const float angle = 2.0f * qxPi * random[1];
     const float cosine = std::sqrt(1.0f - random[0]);
-    return {osg::Vec3f(radius * std::cos(angle), radius * std::sin(angle), cosine),
-            cosine / qxPi, 1.0f};
+    return {osg::Vec3f(radius * std::cos(angle), radius * std::sin(angle), cosine), cosine / qxPi,
+            1.0f};
 }
 
 } // namespace
@@ -90,8 +89,8 @@ qxLightFilter::Taps qxLightFilter::tapsOf(Lobe lobe, float alpha, float down) co
             continue;
         const osg::Vec2f place = qxLightPicture::placeOf(frame.toWorld(found.direction));
         const float solidAngle = 1.0f / (std::max(found.density, 1e-6f) * float(count));
-        taps.push_back({osg::Vec2f(place[0] - 0.5f, place[1]), &levelFor(solidAngle),
-                        found.weight});
+        taps.push_back(
+            {osg::Vec2f(place[0] - 0.5f, place[1]), &levelFor(solidAngle), found.weight});
         sum += found.weight;
     }
     for (Tap &tap : taps)
@@ -104,8 +103,7 @@ qxLightPicture qxLightFilter::filtered(Lobe lobe, float roughness, int height) c
 {
     qxLightPicture result(height * 2, height);
     const auto fillRow = [&](int y) {
-        const Taps taps =
-            tapsOf(lobe, roughness * roughness, (float(y) + 0.5f) / float(height));
+        const Taps taps = tapsOf(lobe, roughness * roughness, (float(y) + 0.5f) / float(height));
         for (int x = 0; x < result.width; ++x) {
             const osg::Vec2f turn((float(x) + 0.5f) / float(result.width), 0);
             for (const Tap &tap : taps)

@@ -40,8 +40,7 @@ float qxLightPicture::solidAngle(int row) const
 {
     const float step = qxPi / float(height);
     // As a product: the difference of two cosines has few digits near the poles.
-    const float zone =
-        2.0f * std::sin((float(row) + 0.5f) * step) * std::sin(0.5f * step);
+    const float zone = 2.0f * std::sin((float(row) + 0.5f) * step) * std::sin(0.5f * step);
     return zone * 2.0f * qxPi / float(width);
 }
 

@@ -2,8 +2,9 @@
 
 #include "Light/qxLightPicture.h"
 
-/// Random directions, brighter ones more often: a piecewise-constant distribution over the picture's
-/// pixels, as in Pharr, Jakob, Humphreys: Physically Based Rendering, section "Infinite area lights".
+/// Random directions, brighter ones more often: a piecewise-constant distribution over the
+/// picture's pixels, as in Pharr, Jakob, Humphreys: Physically Based Rendering, section "Infinite
+/// area lights".
 class qxLightSampler {
 public:
     explicit qxLightSampler(const qxLightPicture &picture);

@@ -33,8 +33,9 @@ float smooth(float from, float to, float x)
 /// Walls that become brighter upwards, and a floor that scatters their light back.
 osg::Vec3f room(float height)
 {
-    const osg::Vec3f floor = qxMixed(osg::Vec3f(0.33f, 0.33f, 0.33f),
-                                     osg::Vec3f(0.21f, 0.208f, 0.205f), smooth(0.0f, 1.0f, -height));
+    const osg::Vec3f floor =
+        qxMixed(osg::Vec3f(0.33f, 0.33f, 0.33f), osg::Vec3f(0.21f, 0.208f, 0.205f),
+                smooth(0.0f, 1.0f, -height));
     const osg::Vec3f walls = qxMixed(osg::Vec3f(0.36f, 0.363f, 0.37f),
                                      osg::Vec3f(0.56f, 0.565f, 0.575f), smooth(0.0f, 0.9f, height));
     return qxMixed(floor, walls, smooth(-0.12f, 0.1f, height));
@@ -58,7 +59,8 @@ osg::Vec3f lightOf(const SoftBox &box, const osg::Vec3f &direction)
         (x * x) / (box.half[0] * box.half[0]) + (y * y) / (box.half[1] * box.half[1]);
     // The lamp shines through the cloth's middle more than through its edges.
     const float inside = 1.0f - 0.35f * std::min(fromMiddle, 1.5f) / 1.5f;
-    return box.colour * (box.light * inside * (1.0f - smooth(corner * 0.75f, corner * 1.25f, edge)));
+    return box.colour
+        * (box.light * inside * (1.0f - smooth(corner * 0.75f, corner * 1.25f, edge)));
 }
 
 } // namespace

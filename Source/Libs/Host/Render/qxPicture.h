@@ -44,6 +44,8 @@ struct qxPicture {
 
     int width = 0; ///< in pixels
     int height = 0; ///< in pixels
-    std::vector<std::uint8_t> rgba; ///< four bytes per pixel, opaque, bottom row first, sRGB
+    std::vector<std::uint8_t> rgba; ///< four bytes per pixel, bottom row first: sRGB that
+                                    ///< is not multiplied by alpha, and alpha, which is 255 but
+                                    ///< for qxViewSettings::None
     Content content = Shown; ///< what `rgba` shows
 };

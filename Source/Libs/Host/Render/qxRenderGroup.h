@@ -45,13 +45,15 @@ public:
     }
     const std::vector<qxRenderInstance> &instances() const { return m_instances; }
     const qxBox &bounds() const { return m_bounds; }
-    bool hasTranslucent() const { return m_hasTranslucent; }
+    /// The translucent ones among the instances, for hits as in scene(); null for none.
+    RTCScene translucent() const { return m_translucent.get(); }
 
 private:
     qxRenderInstance *known(osg::UInt32 node);
     void make(qxRenderInstance &instance, const qxShownPart &part);
     bool isSmall() const;
     void place(qxRenderInstance &instance);
+    qxEmbreeScene tree(unsigned int mask) const;
     void commit();
 
     RTCDevice m_device;
@@ -62,7 +64,7 @@ private:
     std::unordered_map<osg::UInt32, std::size_t> m_places; ///< of nodes in m_before, when needed
     bool m_changed = true;
     bool m_isOneTree = true; ///< over all triangles; otherwise over trees of geometries
-    bool m_hasTranslucent = false;
     qxEmbreeScene m_scene;
+    qxEmbreeScene m_translucent;
     qxBox m_bounds;
 };

@@ -23,6 +23,8 @@ public:
     /// The environment; without instances if there is none.
     const qxRenderGroup &environment() const { return m_environment; }
     const qxRenderLights &lights() const { return m_lights; }
+    /// Whether a picture of all directions is its environment, or a part of it.
+    bool ownPicture() const { return false; }
     /// The environment as light, as the middle of the scene sees it; null without one.
     const qxEnvironmentLight *ownLight() const { return m_light ? &*m_light : nullptr; }
 

@@ -41,5 +41,12 @@ struct qxViewSettings {
     osg::Color3f gradientTop = osg::Color3f(0.88f, 0.9f, 0.92f);
     osg::Color3f gradientBottom = osg::Color3f(0.64f, 0.66f, 0.69f);
     ///@}
+    /// Whether an invisible ground below the scene shows its shadows.
+    enum Ground {
+        GroundWhereMissing, ///< unless the scene has a floor of its own (Docs/Rendering.md)
+        AlwaysGround,
+        NoGround
+    };
+    Ground ground = GroundWhereMissing;
     osg::Color3f plainColour = osg::Color3f(1, 1, 1); ///< of Plain; sRGB
 };
