@@ -5,9 +5,10 @@
 
 #include <QDir>
 
-#include <cmath>
 #include <draco/compression/expert_encode.h>
 #include <meshoptimizer.h>
+
+#include <cmath>
 #include <random>
 #include <set>
 #include <sstream>
@@ -89,7 +90,9 @@ protected:
     }
     void addAll(qxJson &json, bool hasData)
     {
-        const auto view = [&](const QByteArray &bytes) { return hasData ? append(json, bytes) : -1; };
+        const auto view = [&](const QByteArray &bytes) {
+            return hasData ? append(json, bytes) : -1;
+        };
         addAttribute(json, "POSITION", "VEC3", 5126, view(bytesOfAll(positions)));
         addAttribute(json, "NORMAL", "VEC3", 5126, view(bytesOfAll(normals)));
         addAttribute(json, "TEXCOORD_0", "VEC2", 5126, view(bytesOfAll(places)));
@@ -118,9 +121,12 @@ protected:
             const char *const mode = i < 5 ? "ATTRIBUTES" : indexMode;
             const QByteArray small = encoded(part, mode, strides[i]);
             view["buffer"] = 1;
-            view["extensions"]["EXT_meshopt_compression"] = {
-                {"buffer", 0},          {"byteOffset", data.size()}, {"byteLength", small.size()},
-                {"byteStride", strides[i]}, {"count", part.size() / strides[i]}, {"mode", mode}};
+            view["extensions"]["EXT_meshopt_compression"] = {{"buffer", 0},
+                                                             {"byteOffset", data.size()},
+                                                             {"byteLength", small.size()},
+                                                             {"byteStride", strides[i]},
+                                                             {"count", part.size() / strides[i]},
+                                                             {"mode", mode}};
             data += small;
         }
         json["buffers"][1] = {{"byteLength", from.size()},
@@ -185,7 +191,10 @@ protected:
         primitive["extensions"]["KHR_draco_mesh_compression"] = {
             {"bufferView", append(json, dracoBytes(method))},
             {"attributes",
-             {{"POSITION", 10}, {"NORMAL", 11}, {"TEXCOORD_0", 12}, {"TEXCOORD_1", 13},
+             {{"POSITION", 10},
+              {"NORMAL", 11},
+              {"TEXCOORD_0", 12},
+              {"TEXCOORD_1", 13},
               {"COLOR_0", 14}}}};
         if (!hasData)
             json["extensionsRequired"] = {"KHR_draco_mesh_compression"};
@@ -263,6 +272,11 @@ TEST_F(SceneFileCompressionTest, CompressedMeshesAreThePlainOnesAndStayAsTheyAre
             EXPECT_EQ(saved["meshes"], json["meshes"]);
             EXPECT_EQ(saved["bufferViews"], json["bufferViews"]);
         }
-        EXPECT_EQ(bytesOf(path("other/saved.bin")), data.isEmpty() ? QByteArray() : QByteArray::fromBase64(QByteArray::fromStdString(json["buffers"][0]["uri"].get<std::string>()).mid(13)));
+        EXPECT_EQ(bytesOf(path("other/saved.bin")),
+                  data.isEmpty()
+                      ? QByteArray()
+                      : QByteArray::fromBase64(
+                          QByteArray::fromStdString(json["buffers"][0]["uri"].get<std::string>())
+                              .mid(13)));
     }
 }

@@ -70,7 +70,8 @@ std::vector<qxFileStamp> stampsOf(const qxGltfModel &model)
     std::vector<qxFileStamp> stamps(model.buffers.size());
     for (std::size_t i = 0; i < stamps.size(); ++i) {
         const qxJson &uri = qxGltfMember(model.document.json["buffers"][i], "uri");
-        if (model.buffers[i].isNull() || !uri.is_string() || qxGltfIsDataUri(uri.get_ref<const std::string &>()))
+        if (model.buffers[i].isNull() || !uri.is_string()
+            || qxGltfIsDataUri(uri.get_ref<const std::string &>()))
             continue;
         const QString name = qxGltfRelativePath(uri.get<std::string>());
         stamps[i] = qxFileStamp(QDir(model.document.folder()).filePath(name), model.buffers[i]);

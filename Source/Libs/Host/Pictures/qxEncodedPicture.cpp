@@ -50,8 +50,8 @@ qxEncodedPicture::qxEncodedPicture(const QByteArray &bytes) : m_bytes(bytes)
     else if (m_size.width() > _maxSide || m_size.height() > _maxSide)
         m_flaw = qxFileText::tr("it is too large");
     const QImage::Format format = reader.imageFormat();
-    m_isPlain = known == "png" && format != QImage::Format_RGBA64
-        && format != QImage::Format_RGBX64;
+    m_isPlain =
+        known == "png" && format != QImage::Format_RGBA64 && format != QImage::Format_RGBX64;
 }
 
 /// With all smaller sizes a third more. Sixteen bits per channel are there beside the eight that

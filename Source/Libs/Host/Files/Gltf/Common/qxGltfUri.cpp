@@ -29,9 +29,8 @@ QByteArray wholeBuffer(const qxGltfDocument &document, int index, const qxJson &
     const qint64 length = buffer.at("byteLength").get<qint64>();
     QByteArray bytes = bufferBytes(document, index, buffer, budget);
     if (!bytes.isNull() && bytes.size() < length)
-        throw qxGltfError(
-            qxFileText::tr("it is too short: %1 bytes announced, %2 there")
-                .arg(QString::number(length), QString::number(bytes.size())));
+        throw qxGltfError(qxFileText::tr("it is too short: %1 bytes announced, %2 there")
+                              .arg(QString::number(length), QString::number(bytes.size())));
     bytes.truncate(int(length));
     return bytes;
 }

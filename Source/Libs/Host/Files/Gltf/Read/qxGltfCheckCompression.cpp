@@ -19,8 +19,8 @@ QString textOf(const qxJson &object, const char *name, const char *fallback)
 bool isPossible(const QString &mode, const QString &filter, qint64 stride, qint64 count)
 {
     if (mode != QLatin1String("ATTRIBUTES")) {
-        const bool isWhole = mode == QLatin1String("TRIANGLES") ? count % 3 == 0
-                                                                : mode == QLatin1String("INDICES");
+        const bool isWhole =
+            mode == QLatin1String("TRIANGLES") ? count % 3 == 0 : mode == QLatin1String("INDICES");
         return isWhole && filter == QLatin1String("NONE") && (stride == 2 || stride == 4);
     }
     if (stride < 4 || stride > 256 || stride % 4 != 0)
@@ -57,8 +57,7 @@ void qxGltfCheckMeshopt(const QString &called, const qxJson &view, const qxJson 
     const bool isEven = stride > 0 && length % stride == 0 && length / stride == count;
     if (!isEven || qxGltfCheckedCount(called, view, "byteStride", stride) != stride
         || !isPossible(textOf(json, "mode", ""), textOf(json, "filter", "NONE"), stride, count))
-        throw qxGltfError(
-            qxFileText::tr("%1 states an impossible way of compression").arg(called));
+        throw qxGltfError(qxFileText::tr("%1 states an impossible way of compression").arg(called));
 }
 
 void qxGltfCheckDraco(const QString &called, const qxJson &primitive, const qxJson &document)
@@ -73,9 +72,9 @@ void qxGltfCheckDraco(const QString &called, const qxJson &primitive, const qxJs
     bool isRight = attributes.is_object();
     for (const auto &[name, id] : attributes.items())
         isRight = isRight && id.is_number_unsigned()
-            && id.get<quint64>() <= quint64(std::numeric_limits<int>::max()) && primitive["attributes"].contains(name);
+            && id.get<quint64>() <= quint64(std::numeric_limits<int>::max())
+            && primitive["attributes"].contains(name);
     const qint64 mode = qxGltfCheckedCount(called, primitive, "mode", 4);
     if (!isRight || (mode != 4 && mode != 5))
-        throw qxGltfError(
-            qxFileText::tr("%1 states an impossible way of compression").arg(called));
+        throw qxGltfError(qxFileText::tr("%1 states an impossible way of compression").arg(called));
 }

@@ -18,8 +18,9 @@ void checkSkin(const QString &called, const qxJson &skin, const qxJson &document
         return;
     const qxGltfElements elements = qxGltfAccessor::of(document, matrices).elements;
     if (elements.components != 16 || elements.count < qint64(joints.size()))
-        throw qxGltfError(
-            qxFileText::tr("%1 has no matrix for each of its %2 joints").arg(called).arg(joints.size()));
+        throw qxGltfError(qxFileText::tr("%1 has no matrix for each of its %2 joints")
+                              .arg(called)
+                              .arg(joints.size()));
 }
 
 void checkWeights(const QString &called, const qxJson &owner)

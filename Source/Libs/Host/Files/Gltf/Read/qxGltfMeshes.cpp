@@ -83,14 +83,16 @@ void setColours(const osg::GeometryPtr &geometry, const qxGltfPrimitive &primiti
     if (!primitive.has("COLOR_0"))
         return;
     if (primitive.components("COLOR_0") == 4) {
-        geometry->setColors(makeProperty<osg::GeoColors4f, 4>(
-            primitive.values("COLOR_0", 4),
-            [](const float *v) { return osg::Color4f(v[0], v[1], v[2], v[3]); }));
+        geometry->setColors(
+            makeProperty<osg::GeoColors4f, 4>(primitive.values("COLOR_0", 4), [](const float *v) {
+                return osg::Color4f(v[0], v[1], v[2], v[3]);
+            }));
         return;
     }
-    geometry->setColors(makeProperty<osg::GeoColors3f, 3>(
-        primitive.values("COLOR_0", 3),
-        [](const float *v) { return osg::Color3f(v[0], v[1], v[2]); }));
+    geometry->setColors(
+        makeProperty<osg::GeoColors3f, 3>(primitive.values("COLOR_0", 3), [](const float *v) {
+            return osg::Color3f(v[0], v[1], v[2]);
+        }));
 }
 
 void setIndices(const osg::GeometryPtr &geometry, const std::vector<std::uint32_t> &values)

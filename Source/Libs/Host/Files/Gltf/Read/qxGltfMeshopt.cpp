@@ -49,9 +49,9 @@ QByteArray decoded(qxGltfModel &model, const qxJson &json)
     if (buffer.isNull())
         throw qxGltfError(qxFileText::tr("buffer %1 has no data").arg(json["buffer"].get<int>()));
     const Compressed how(json);
-    const QByteArray from = QByteArray::fromRawData(
-        buffer.constData() + std::max(0, qxGltfIndex(json, "byteOffset")),
-        json["byteLength"].get<int>());
+    const QByteArray from =
+        QByteArray::fromRawData(buffer.constData() + std::max(0, qxGltfIndex(json, "byteOffset")),
+                                json["byteLength"].get<int>());
     model.budget.take(qint64(how.count), qint64(how.stride));
     QByteArray bytes(int(how.count * how.stride), Qt::Uninitialized);
     if (!decode(how, from, bytes)) {
@@ -79,8 +79,9 @@ void qxGltfDecodeViews(qxGltfModel &model)
             const QString said = qxGltfLabel("buffer view", int(i), views[i]) + ": ";
             if (model.bytesOfView(int(i)).isNull())
                 throw qxGltfError(said + error.reason());
-            model.warnings << said + qxFileText::tr("%1; data that are not compressed are shown")
-                                         .arg(error.reason());
+            model.warnings << said
+                    + qxFileText::tr("%1; data that are not compressed are shown")
+                          .arg(error.reason());
         }
     }
 }

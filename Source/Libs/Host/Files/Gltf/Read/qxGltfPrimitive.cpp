@@ -86,9 +86,8 @@ int qxGltfPrimitive::accessorOf(const char *attribute) const
 int qxGltfPrimitive::components(const char *attribute) const
 {
     const int accessor = accessorOf(attribute);
-    return accessor < 0
-        ? 0
-        : qxGltfAccessor::of(m_model.document.json, accessor).elements.components;
+    return accessor < 0 ? 0
+                        : qxGltfAccessor::of(m_model.document.json, accessor).elements.components;
 }
 
 int qxGltfPrimitive::compressedId(const char *attribute) const
