@@ -95,7 +95,7 @@ qxSceneFileInfo infoOf(const qxGltfModel &model)
     info.scenes = count("scenes");
     info.nodes = count("nodes");
     info.meshes = count("meshes");
-    info.triangles = qxGltfTriangles(model);
+    info.triangles = qxGltfTriangles(json);
     info.materials = count("materials");
     info.textures = count("textures");
     info.cameras = count("cameras");

@@ -21,6 +21,9 @@ const qint64 _bytesPerVertex = 50;
 const qint64 _bytesPerComponent = 16;
 const qint64 _bytesPerValue = 16;
 
+/// Whatever the size of its data, the library may take seconds and 256 MB more for one of them.
+const int _mostAttributes = 16;
+
 const quint16 _version = DRACO_BITSTREAM_VERSION(2, 2); // that of the extension
 
 /// How large the mesh will be, as the head of its data says before anything is decoded.
@@ -35,9 +38,8 @@ struct Head {
     }
     bool readEdgebreaker(draco::DecoderBuffer from)
     {
-        quint8 traversal = 0;
-        return from.Decode(&traversal) && draco::DecodeVarint(&vertices, &from)
-            && draco::DecodeVarint(&faces, &from) && from.Decode(&seams);
+        return draco::DecodeVarint(&vertices, &from) && draco::DecodeVarint(&faces, &from)
+            && from.Decode(&seams);
     }
 };
 
@@ -54,6 +56,10 @@ public:
     }
     bool payFor(const draco::PointCloud &points)
     {
+        if (points.num_attributes() > _mostAttributes) {
+            m_reason = qxFileText::tr("it is too large");
+            return false;
+        }
         qint64 size = 0;
         for (int i = 0; i < points.num_attributes(); ++i)
             size += points.attribute(i)->num_components() * _bytesPerComponent + _bytesPerValue;

@@ -5,8 +5,15 @@
 const QStringList &qxGltfUnderstoodExtensions()
 {
     static const QStringList names{
-        "KHR_lights_punctual",    "KHR_materials_emissive_strength", "KHR_materials_unlit",
-        "KHR_materials_variants", "KHR_mesh_quantization",           "KHR_node_visibility",
+        "EXT_meshopt_compression",
+        "EXT_texture_webp",
+        "KHR_draco_mesh_compression",
+        "KHR_lights_punctual",
+        "KHR_materials_emissive_strength",
+        "KHR_materials_unlit",
+        "KHR_materials_variants",
+        "KHR_mesh_quantization",
+        "KHR_node_visibility",
         "KHR_texture_transform",
     };
     return names;

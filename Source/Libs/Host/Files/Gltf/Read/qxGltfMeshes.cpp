@@ -203,14 +203,17 @@ qxGltfGeometryRef makePart(qxGltfModel &model, qxGltfPrimitive::Place place,
     }
 }
 
-long long trianglesOf(const qxGltfModel &model, const tinygltf::Primitive &primitive)
+long long trianglesOf(const qxJson &primitive, const qxJson &document)
 {
-    const auto positions = primitive.attributes.find("POSITION");
-    if (positions == primitive.attributes.end() || primitive.mode < TINYGLTF_MODE_TRIANGLES)
+    const int positions = qxGltfIndex(qxGltfMember(primitive, "attributes"), "POSITION");
+    const int indices = qxGltfIndex(primitive, "indices");
+    const int mode = qxGltfMember(primitive, "mode").is_null() ? TINYGLTF_MODE_TRIANGLES
+                                                               : qxGltfIndex(primitive, "mode");
+    if (positions < 0 || mode < TINYGLTF_MODE_TRIANGLES)
         return 0;
-    const int counted = primitive.indices >= 0 ? primitive.indices : positions->second;
-    const long long count = (long long)(model.typed.accessors[std::size_t(counted)].count);
-    return primitive.mode == TINYGLTF_MODE_TRIANGLES ? count / 3 : std::max(0LL, count - 2);
+    const std::size_t counted = std::size_t(indices >= 0 ? indices : positions);
+    const long long count = qxGltfSection(document, "accessors")[counted]["count"].get<long long>();
+    return mode == TINYGLTF_MODE_TRIANGLES ? count / 3 : std::max(0LL, count - 2);
 }
 
 void setMaterial(const osg::GeometryPtr &geometry, const qxGltfMaterialRef &material)
@@ -262,12 +265,12 @@ std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
     return meshes;
 }
 
-long long qxGltfTriangles(const qxGltfModel &model)
+long long qxGltfTriangles(const qxJson &document)
 {
     long long triangles = 0;
-    for (const tinygltf::Mesh &mesh : model.typed.meshes) {
-        for (const tinygltf::Primitive &primitive : mesh.primitives)
-            triangles += trianglesOf(model, primitive);
+    for (const qxJson &mesh : qxGltfSection(document, "meshes")) {
+        for (const qxJson &primitive : qxGltfSection(mesh, "primitives"))
+            triangles += trianglesOf(primitive, document);
     }
     return triangles;
 }

@@ -23,6 +23,13 @@ qxJson shownPart(const qxJson &document)
         if (!qxGltfSection(document, name).empty())
             part[name] = document.at(name);
     }
+    // It would refuse those that are compressed or sparse.
+    if (part.contains("meshes")) {
+        for (qxJson &mesh : part["meshes"]) {
+            for (qxJson &primitive : mesh["primitives"])
+                primitive.erase("indices");
+        }
+    }
     return part;
 }
 

@@ -41,7 +41,8 @@ qxGltfPrimitive::qxGltfPrimitive(qxGltfModel &model, Place place, qxGltfDracoMes
     : m_model(model),
       m_typed(model.typed.meshes[std::size_t(place.mesh)].primitives[std::size_t(place.primitive)]),
       m_json(model.document.json["meshes"][std::size_t(place.mesh)]["primitives"]
-                                [std::size_t(place.primitive)])
+                                [std::size_t(place.primitive)]),
+      m_indices(qxGltfIndex(m_json, "indices"))
 {
     const qxJson &compression = compressionOf(m_json);
     if (compression.is_null())
@@ -68,7 +69,7 @@ bool qxGltfPrimitive::canDoWithout(const qxJson &compression) const
         if (!hasData(accessorOf(name.c_str())))
             return false;
     }
-    return m_model.isOptional(_compression) && (m_typed.indices < 0 || hasData(m_typed.indices));
+    return m_model.isOptional(_compression) && (m_indices < 0 || hasData(m_indices));
 }
 
 /// Compressed triangles are a list, also those that are stated to be a strip.
@@ -136,13 +137,13 @@ std::vector<float> qxGltfPrimitive::compressedValues(const char *attribute, int 
 qint64 qxGltfPrimitive::indexCount() const
 {
     return m_compressed ? m_compressed->corners()
-                        : qxGltfAccessor::of(m_model.document.json, m_typed.indices).elements.count;
+                        : qxGltfAccessor::of(m_model.document.json, m_indices).elements.count;
 }
 
 std::vector<std::uint32_t> qxGltfPrimitive::indices() const
 {
     std::vector<std::uint32_t> all =
-        m_compressed ? m_compressed->indices() : qxGltfIndices(m_model, m_typed.indices);
+        m_compressed ? m_compressed->indices() : qxGltfIndices(m_model, m_indices);
     const qint64 there = vertices();
     const auto beyond = std::find_if(all.begin(), all.end(),
                                      [there](std::uint32_t index) { return index >= there; });

@@ -47,7 +47,7 @@ public:
     qint64 vertices() const;
     /// The values of an attribute for every vertex; empty without it. Throws qxGltfError.
     std::vector<float> values(const char *attribute, int components) const;
-    bool hasIndices() const { return m_compressed || m_typed.indices >= 0; }
+    bool hasIndices() const { return m_compressed || m_indices >= 0; }
     qint64 indexCount() const;
     /// Below the number of vertices. Throws qxGltfError.
     std::vector<std::uint32_t> indices() const;
@@ -63,5 +63,6 @@ private:
     const qxGltfModel &m_model;
     const tinygltf::Primitive &m_typed;
     const qxJson &m_json;
+    int m_indices; ///< their accessor, -1 for none
     std::shared_ptr<const qxGltfDraco> m_compressed; ///< null when nothing is
 };
