@@ -129,6 +129,33 @@ TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
     EXPECT_EQ(qxSurface::of(material("Leaf")).alphaMode, qxSurface::Mask);
 }
 
+/// The numbers count up from 1, in the order of the file.
+static void expectNumbered(const qxSurface &all)
+{
+    float next = 1;
+    const auto expectNext = [&next](float number) { EXPECT_EQ(number, next++); };
+    const auto expectColour = [&](const osg::Color3f &colour) {
+        for (const float channel : {colour.red(), colour.green(), colour.blue()})
+            expectNext(channel);
+    };
+    for (const float number : {all.metallic, all.roughness, all.alphaCutoff, all.normalScale,
+                               all.occlusionStrength, all.emissiveStrength, all.ior, all.specular})
+        expectNext(number);
+    expectColour(all.specularColour);
+    for (const float number : {all.clearcoat, all.clearcoatRoughness, all.clearcoatNormalScale})
+        expectNext(number);
+    expectColour(all.sheenColour);
+    for (const float number :
+         {all.sheenRoughness, all.transmission, all.thickness, all.attenuationDistance})
+        expectNext(number);
+    expectColour(all.attenuationColour);
+    for (const float number :
+         {all.iridescence, all.iridescenceIor, all.iridescenceThinnest, all.iridescenceThickest,
+          all.anisotropy, all.anisotropyRotation, all.diffuseTransmission})
+        expectNext(number);
+    expectColour(all.diffuseTransmissionColour);
+}
+
 TEST_F(SceneFileMeshTest, EveryNumberOfAMaterialIsReadAndWrittenWhereItBelongs)
 {
     qxJson json = sample("square");
@@ -155,31 +182,8 @@ TEST_F(SceneFileMeshTest, EveryNumberOfAMaterialIsReadAndWrittenWhereItBelongs)
     json["meshes"][0]["primitives"][0]["material"] = 0;
     load(json);
     expectSaved(json);
-    qxSurface all = qxSurface::of(material("All"));
-    float next = 1;
-    const auto expectNext = [&next](float number) { EXPECT_EQ(number, next++); };
-    const auto expectColour = [&](const osg::Color3f &colour) {
-        for (const float channel : {colour.red(), colour.green(), colour.blue()})
-            expectNext(channel);
-    };
-    for (const float number : {all.metallic, all.roughness, all.alphaCutoff, all.normalScale,
-                               all.occlusionStrength, all.emissiveStrength, all.ior, all.specular})
-        expectNext(number);
-    expectColour(all.specularColour);
-    for (const float number :
-         {all.clearcoat, all.clearcoatRoughness, all.clearcoatNormalScale})
-        expectNext(number);
-    expectColour(all.sheenColour);
-    for (const float number :
-         {all.sheenRoughness, all.transmission, all.thickness, all.attenuationDistance})
-        expectNext(number);
-    expectColour(all.attenuationColour);
-    for (const float number : {all.iridescence, all.iridescenceIor, all.iridescenceThinnest,
-                               all.iridescenceThickest, all.anisotropy, all.anisotropyRotation,
-                               all.diffuseTransmission})
-        expectNext(number);
-    expectColour(all.diffuseTransmissionColour);
-
+    const qxSurface all = qxSurface::of(material("All"));
+    expectNumbered(all);
     // Edited ones; what stands for a picture that is not there has no place.
     all.setTo(material("Bare"));
     qxJson expected = json["materials"][0];

@@ -30,7 +30,8 @@ float heuristic(float density, float other)
 /// A way back from the eye towards the light.
 class qxPathTracer::Path {
 public:
-    Path(const qxSurfacePoint &first, const qxRenderLayer &layer, const osg::Vec4f &base) : hit(first)
+    Path(const qxSurfacePoint &first, const qxRenderLayer &layer, const osg::Vec4f &base)
+        : hit(first)
     {
         meet(layer, base);
         show();
@@ -140,8 +141,8 @@ qxTracer::Seen qxPathTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer
 bool qxPathTracer::follow(Path &path, qxSampler &sampler) const
 {
     const qxShading::Surface &surface = path.surface;
-    const bool isMirror = std::max(surface.metallic, surface.transmission) > 0.5f
-        && surface.roughness < _mirrorLike;
+    const bool isMirror =
+        std::max(surface.metallic, surface.transmission) > 0.5f && surface.roughness < _mirrorLike;
     const qxShading shading(surface, path.hit.toEye);
     path.add(direct(path, shading, sampler));
     const float choice = sampler.next();
@@ -167,8 +168,7 @@ bool qxPathTracer::follow(Path &path, qxSampler &sampler) const
         return false;
     if (!path.isScattered)
         path.show();
-    path.add(path.isUnlit ? path.surface.base
-                          : qxShading(path.surface, path.hit.toEye).emitted());
+    path.add(path.isUnlit ? path.surface.base : qxShading(path.surface, path.hit.toEye).emitted());
     return !path.isUnlit && ++path.length <= _longestPath;
 }
 

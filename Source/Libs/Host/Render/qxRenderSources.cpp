@@ -92,9 +92,9 @@ std::shared_ptr<const qxRenderGeometry> qxRenderSources::geometry(const osg::Geo
 
 void qxRenderSources::rememberProperties(const osg::GeometryPtr &core)
 {
-    const osg::FieldContainerPtr properties[] = {
-        core->getTypes(),   core->getLengths(), core->getPositions(), core->getNormals(),
-        core->getIndices(), core->getColors()};
+    const osg::FieldContainerPtr properties[] = {core->getTypes(),     core->getLengths(),
+                                                 core->getPositions(), core->getNormals(),
+                                                 core->getIndices(),   core->getColors()};
     std::vector<osg::FieldContainerPtr> all(std::begin(properties), std::end(properties));
     for (const osg::GeoTexCoordsPtr &places : qxRenderGeometry::texCoordsOf(core))
         all.push_back(places);
@@ -125,8 +125,8 @@ qxTextureSource qxRenderSources::textureSource()
     };
 }
 
-std::shared_ptr<const qxRenderTexture>
-qxRenderSources::texture(const osg::ImagePtr &image, qxRenderTexture::Content content)
+std::shared_ptr<const qxRenderTexture> qxRenderSources::texture(const osg::ImagePtr &image,
+                                                                qxRenderTexture::Content content)
 {
     if (image == osg::NullFC)
         return nullptr;

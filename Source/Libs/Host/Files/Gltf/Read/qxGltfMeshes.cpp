@@ -63,9 +63,8 @@ osg::GeoTexCoordsPtr makeTexCoords(const Floats &values)
 void setTangents(const osg::GeometryPtr &geometry, const Floats &values)
 {
     const auto pairs = [&values](std::size_t first) {
-        return makeProperty<osg::GeoTexCoords2f, 4>(values, [first](const float *v) {
-            return osg::Vec2f(v[first], v[first + 1]);
-        });
+        return makeProperty<osg::GeoTexCoords2f, 4>(
+            values, [first](const float *v) { return osg::Vec2f(v[first], v[first + 1]); });
     };
     geometry->setTexCoords6(pairs(0));
     geometry->setTexCoords7(pairs(2));
