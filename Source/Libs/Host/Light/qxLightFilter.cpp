@@ -6,12 +6,12 @@
 namespace {
 
 const int _steps = 8; ///< of roughness
-const int _taps = 64; ///< places of the picture that a lobe looks at
+const int _taps = 48; ///< places of the picture that a lobe looks at
 
 /// So high must a picture be that shows all of a lobe.
 int heightOf(int step)
 {
-    return step == 1 ? 128 : step == 2 ? 64 : 32;
+    return step <= 2 ? 64 : 32;
 }
 
 /// A direction towards which light is looked for, around the z axis.
