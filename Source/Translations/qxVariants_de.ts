@@ -91,10 +91,6 @@
         <translation>„extensionsRequired“ enthält etwas, das kein Text ist</translation>
     </message>
     <message>
-        <source>requires what is not supported: %1</source>
-        <translation>verlangt nicht unterstützte Erweiterungen: %1</translation>
-    </message>
-    <message>
         <source>%1 is no object</source>
         <translation>%1 ist kein Objekt</translation>
     </message>
@@ -583,6 +579,10 @@
         <source>the variants document</source>
         <translation>das Variantendokument</translation>
     </message>
+    <message>
+        <source>what needs the extension %1 is not shown</source>
+        <translation>was die Erweiterung %1 braucht, wird nicht gezeigt</translation>
+    </message>
 </context>
 <context>
     <name>qxLogView</name>
@@ -623,6 +623,17 @@
     <message>
         <source>it is so far away that it is smaller than a pixel</source>
         <translation>sie ist so weit weg, dass sie kleiner als ein Pixel ist</translation>
+    </message>
+</context>
+<context>
+    <name>qxPreviewDialog</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Preview of &quot;%1&quot; ...</source>
+        <translation>Vorschau von „%1“ …</translation>
     </message>
 </context>
 <context>
@@ -696,41 +707,6 @@
     <message>
         <source>Python, such as: selectVariantSet(&quot;...&quot;)</source>
         <translation>Python, zum Beispiel: selectVariantSet(&quot;...&quot;)</translation>
-    </message>
-</context>
-<context>
-    <name>qxTrustStore</name>
-    <message>
-        <source>%1 cannot be read: %2</source>
-        <translation>%1 kann nicht gelesen werden: %2</translation>
-    </message>
-    <message>
-        <source>%1 is broken in line %2</source>
-        <translation>%1 ist in Zeile %2 beschädigt</translation>
-    </message>
-    <message>
-        <source>%1 cannot be written: %2</source>
-        <translation>%1 kann nicht gespeichert werden: %2</translation>
-    </message>
-    <message>
-        <source>its folder is missing</source>
-        <translation>der Ordner fehlt</translation>
-    </message>
-    <message>
-        <source>it is locked</source>
-        <translation>ein anderes Programm schreibt darin</translation>
-    </message>
-    <message>
-        <source>%1 is no regular file</source>
-        <translation>%1 ist keine gewöhnliche Datei</translation>
-    </message>
-    <message>
-        <source>%1 is another user&apos;s</source>
-        <translation>%1 gehört einem anderen Benutzer</translation>
-    </message>
-    <message>
-        <source>others may write %1</source>
-        <translation>Andere dürfen %1 ändern</translation>
     </message>
 </context>
 <context>
@@ -1033,17 +1009,6 @@
     </message>
 </context>
 <context>
-    <name>qxPreviewDialog</name>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>Preview of &quot;%1&quot; ...</source>
-        <translation>Vorschau von „%1“ …</translation>
-    </message>
-</context>
-<context>
     <name>qxSetsModel</name>
     <message numerus="yes">
         <source>%n states</source>
@@ -1093,6 +1058,41 @@
     <message>
         <source>editing of text</source>
         <translation>Bearbeiten von Text</translation>
+    </message>
+</context>
+<context>
+    <name>qxTrustStore</name>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 is broken in line %2</source>
+        <translation>%1 ist in Zeile %2 beschädigt</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht gespeichert werden: %2</translation>
+    </message>
+    <message>
+        <source>its folder is missing</source>
+        <translation>der Ordner fehlt</translation>
+    </message>
+    <message>
+        <source>it is locked</source>
+        <translation>ein anderes Programm schreibt darin</translation>
+    </message>
+    <message>
+        <source>%1 is no regular file</source>
+        <translation>%1 ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>%1 is another user&apos;s</source>
+        <translation>%1 gehört einem anderen Benutzer</translation>
+    </message>
+    <message>
+        <source>others may write %1</source>
+        <translation>Andere dürfen %1 ändern</translation>
     </message>
 </context>
 <context>
