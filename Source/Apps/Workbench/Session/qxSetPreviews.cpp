@@ -3,6 +3,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "Animation/qxAnimationPlayer.h"
 #include "Report/qxOutput.h"
 #include "Report/qxPictureHint.h"
 #include "Report/qxProgress.h"
@@ -20,23 +21,6 @@
 
 #include <memory>
 
-QCommandLineOption qxSetPreviews::qualityOption()
-{
-    return {QStringLiteral("quality"),
-            QStringLiteral("Hard light and jagged edges, or soft shadows, which take longer and "
-                           "are the default."),
-            QStringLiteral("quick|best")};
-}
-
-bool qxSetPreviews::isQualityKnown(const QCommandLineParser &parser)
-{
-    const QString quality = parser.value(QStringLiteral("quality"));
-    if (quality.isEmpty() || quality == QLatin1String("quick") || quality == QLatin1String("best"))
-        return true;
-    qxOutput::error(QStringLiteral("--quality is quick or best, not \"%1\"").arg(quality));
-    return false;
-}
-
 void qxSetPreviews::prepare(const QCommandLineParser &parser, int bestSamples)
 {
     qxOSGWidget::setRaytracing(parser.value(QStringLiteral("quality")) != QLatin1String("quick"));
@@ -51,6 +35,7 @@ int qxSetPreviews::visit(const QStringList &names, const Begin &begin, const Wor
     for (const QString &name : names) {
         if (!begin(name))
             break;
+        const qxAnimationRest rest;
         qxVariants::selectVariantSet(qxText::toUtf8(name).c_str(), false);
         qxVariantSet *const set = qxVariants::findVariantSet(name);
         const bool isDone = !set || work(*set);

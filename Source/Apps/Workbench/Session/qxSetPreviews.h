@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QCommandLineOption>
 #include <QMap>
 #include <QStringList>
 
@@ -13,12 +12,9 @@ class qxVariantSet;
 /// Shows sets one after the other, each selected in the present scene.
 namespace qxSetPreviews {
 
-QCommandLineOption qualityOption();
-/// Whether the option has a valid value; prints an error otherwise.
-bool isQualityKnown(const QCommandLineParser &parser);
-/// Sets ray tracing as the option asks, and looks from the scene's first viewpoint, if there is
-/// one: pictures show that view unless a set or another option leads elsewhere. `bestSamples` is
-/// what the best quality stands for (qxPictureSettings::quality).
+/// Sets ray tracing as the option --quality asks, and looks from the scene's first viewpoint, if
+/// there is one: pictures show that view unless a set or another option leads elsewhere.
+/// `bestSamples` is what the best quality stands for (qxPictureSettings::quality).
 void prepare(const QCommandLineParser &parser, int bestSamples = -1);
 
 /// Receives the name of the next set; returns false to end the work.
@@ -26,9 +22,9 @@ typedef std::function<bool(const QString &name)> Begin;
 /// Called while the set is selected; returns false to end the work.
 typedef std::function<bool(qxVariantSet &set)> Work;
 
-/// Selects each of these sets, calls `work`, and restores scene and camera; other effects of the
-/// sets' scripts stay. Removed sets are skipped. Returns the number of sets done; fewer than given
-/// if `begin` or `work` ended it.
+/// Selects each of these sets in a scene whose animations rest, calls `work`, and restores scene
+/// and camera; other effects of the sets' scripts stay. Removed sets are skipped. Returns the
+/// number of sets done; fewer than given if `begin` or `work` ended it.
 int visit(const QStringList &names, const Begin &begin, const Work &work);
 /// The same in a terminal, with the progress on standard error, until Ctrl-C. At the end, standard
 /// error lists the sets whose pictures show nothing of the scene.

@@ -8,6 +8,8 @@
 struct qxRenderInstance {
     /// The same in world coordinates, of length 1; null stays.
     osg::Vec3f worldNormal(const osg::Vec3f &normal) const;
+    /// The change of worldNormal() when the normal changes by a small step.
+    osg::Vec3f worldNormalStep(const osg::Vec3f &step, const osg::Vec3f &normal) const;
 
     osg::UInt32 node; ///< ids, to recognise what changed
     osg::UInt32 core;
@@ -48,7 +50,8 @@ public:
     }
     const std::vector<qxRenderInstance> &instances() const { return m_instances; }
     const qxBox &bounds() const { return m_bounds; }
-    bool hasTranslucent() const { return m_hasTranslucent; }
+    /// The translucent ones among the instances, for hits as in scene(); null for none.
+    RTCScene translucent() const { return m_translucent.get(); }
 
 private:
     qxRenderInstance *known(osg::UInt32 node);
@@ -57,6 +60,7 @@ private:
     void shape(qxRenderInstance &instance, const qxShownPart &part);
     bool isSmall() const;
     void place(qxRenderInstance &instance);
+    qxEmbreeScene tree(unsigned int mask) const;
     void commit();
 
     RTCDevice m_device;
@@ -68,7 +72,7 @@ private:
     std::unordered_map<osg::UInt32, std::size_t> m_places; ///< of nodes in m_before, when needed
     bool m_changed = true;
     bool m_isOneTree = true; ///< over all triangles; otherwise over trees of geometries
-    bool m_hasTranslucent = false;
     qxEmbreeScene m_scene;
+    qxEmbreeScene m_translucent;
     qxBox m_bounds;
 };

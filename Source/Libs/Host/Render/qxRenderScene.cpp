@@ -1,5 +1,7 @@
 #include "Render/qxRenderScene.h"
 
+#include "Light/qxEnvironmentPicture.h"
+#include "Render/qxLightCamera.h"
 #include "Scene/qxScene.h"
 
 qxRenderScene::qxRenderScene(RTCDevice device)
@@ -21,6 +23,7 @@ void qxRenderScene::update()
     qxWalkShown(scene.root(), listener);
     m_shown.finish();
     updateEnvironment();
+    updateLight();
     updateOverlays();
 }
 
@@ -31,6 +34,43 @@ void qxRenderScene::updateEnvironment()
     listener.part = [this](const qxShownPart &part) { m_environment.add(part); };
     qxWalkShown(qxScene::current()->environment(), listener);
     m_environment.finish();
+}
+
+/// A picture of the environment's nodes is taken each time, because nobody tells which changes it
+/// shows; what takes long follows only when it differs.
+void qxRenderScene::updateLight()
+{
+    m_pictureId = qxEnvironmentPicture::shownBy(qxScene::current()->environment());
+    if (m_pictureId != 0) {
+        m_light = lightOfPicture(m_pictureId);
+        m_lightPicture = qxLightPicture();
+        if (!m_light)
+            m_pictureId = 0;
+    }
+    if (m_pictureId != 0)
+        return;
+    if (m_environment.instances().empty()) {
+        m_light.reset();
+        m_lightPicture = qxLightPicture();
+        return;
+    }
+    qxLightPicture picture = qxTakeLightPicture(m_environment, m_shown.bounds());
+    if (picture.light == m_lightPicture.light)
+        return;
+    m_light.emplace(picture);
+    m_lightPicture = std::move(picture);
+}
+
+/// Variants go back and forth between some pictures; large ones take a second to read.
+const std::optional<qxEnvironmentLight> &qxRenderScene::lightOfPicture(osg::UInt32 id)
+{
+    const std::size_t mostKept = 4;
+    if (m_pictures.size() > mostKept && m_pictures.count(id) == 0)
+        m_pictures.clear();
+    const auto [known, isNew] = m_pictures.try_emplace(id);
+    if (isNew)
+        known->second = qxEnvironmentPicture::lightOf(id);
+    return known->second;
 }
 
 void qxRenderScene::updateOverlays()

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "Light/qxEnvironmentLight.h"
 #include "Render/qxRenderGroup.h"
 #include "Render/qxRenderLight.h"
 
 #include <map>
 #include <memory>
+#include <optional>
 
 /// The running host's scene for ray tracing: visible geometries, lights, environment and overlays.
 class qxRenderScene {
@@ -21,10 +23,16 @@ public:
     /// The environment; without instances if there is none.
     const qxRenderGroup &environment() const { return m_environment; }
     const qxRenderLights &lights() const { return m_lights; }
+    /// Whether its environment is a picture of all directions, or has one behind its nodes.
+    bool ownPicture() const { return m_pictureId != 0; }
+    /// The environment as light, as the middle of the scene sees it; null without one.
+    const qxEnvironmentLight *ownLight() const { return m_light ? &*m_light : nullptr; }
 
 private:
     qxRenderGroup &overlay(osg::UInt32 layer);
     void updateEnvironment();
+    void updateLight();
+    const std::optional<qxEnvironmentLight> &lightOfPicture(osg::UInt32 id);
     void updateOverlays();
 
     RTCDevice m_device;
@@ -33,4 +41,9 @@ private:
     qxRenderGroup m_environment;
     Overlays m_overlays;
     qxRenderLights m_lights;
+    osg::UInt32 m_pictureId = 0; ///< of the picture that is shown
+    /// Those that were shown, by their ids; null for one that cannot be read.
+    std::map<osg::UInt32, std::optional<qxEnvironmentLight>> m_pictures;
+    qxLightPicture m_lightPicture; ///< of the environment's nodes; empty without
+    std::optional<qxEnvironmentLight> m_light;
 };

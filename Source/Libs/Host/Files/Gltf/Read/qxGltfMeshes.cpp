@@ -59,6 +59,17 @@ osg::GeoTexCoordsPtr makeTexCoords(const Floats &values)
         values, [](const float *v) { return osg::Vec2f(v[0], 1.0f - v[1]); });
 }
 
+/// As qxRenderGeometry expects them; in 1.8 no array of texture coordinates has four values.
+void setTangents(const osg::GeometryPtr &geometry, const Floats &values)
+{
+    const auto pairs = [&values](std::size_t first) {
+        return makeProperty<osg::GeoTexCoords2f, 4>(
+            values, [first](const float *v) { return osg::Vec2f(v[first], v[first + 1]); });
+    };
+    geometry->setTexCoords6(pairs(0));
+    geometry->setTexCoords7(pairs(2));
+}
+
 /// The sets of texture coordinates that are read, and where they go.
 struct TexCoordSet {
     const char *attribute;
@@ -140,6 +151,9 @@ void fill(const osg::GeometryPtr &geometry, const qxGltfPrimitive &primitive)
         setLayout(geometry, primitive.mode(), positions.size() / 3);
     }
     setTexCoords(geometry, primitive);
+    const Floats tangents = primitive.values("TANGENT", 4);
+    if (!tangents.empty() && isFinite(tangents))
+        setTangents(geometry, tangents);
     setColours(geometry, primitive);
     const Floats normals = primitive.values("NORMAL", 3);
     if (!normals.empty() && isFinite(normals))
@@ -158,7 +172,7 @@ qint64 takeMemory(qxMemoryBudget &budget, const qxGltfPrimitive &primitive)
         budget.take(count, 3 * size);
         passing += 2 * count * size;
     };
-    for (const char *name : {"POSITION", "NORMAL", "COLOR_0"})
+    for (const char *name : {"POSITION", "NORMAL", "TANGENT", "COLOR_0"})
         take(primitive.vertices(), primitive.components(name));
     for (const TexCoordSet &set : _texCoordSets)
         take(primitive.vertices(), primitive.components(set.attribute));

@@ -3,6 +3,7 @@
 #include "Files/Gltf/Common/qxGltfCores.h"
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
+#include "Files/Gltf/Read/qxGltfEnvironments.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfTransforms.h"
 #include "OSGOverlayCore.h"
@@ -54,6 +55,15 @@ qxGltfNodes::qxGltfNodes(qxGltfModel &model, qxGltfScene &scene)
 osg::NodePtr qxGltfNodes::node(int index) const
 {
     return m_made[std::size_t(index)].node.get();
+}
+
+osg::NodePtr qxGltfNodes::placedNode(int index) const
+{
+    const Made &made = m_made[std::size_t(index)];
+    osg::NodePtr at = made.node.get();
+    while (!movesNodes(at->getCore()) && at != made.upper.get())
+        at = at->getParent();
+    return movesNodes(at->getCore()) ? at : made.node.get();
 }
 
 void qxGltfNodes::warn(int index, const QString &text)
@@ -330,6 +340,8 @@ void qxGltfNodes::assemble(int index)
     for (const int child : values.children) {
         if (!m_made[std::size_t(child)].moved)
             node->addChild(m_made[std::size_t(child)].upper.get());
+        if (m_made[std::size_t(index)].environment)
+            qxGltfSetEnvironmentPicture(m_model, child, m_made[std::size_t(child)].upper.get());
     }
     if (values.mesh >= 0)
         addParts(index, node, values.mesh);

@@ -1,10 +1,12 @@
 #include "Files/Gltf/Write/qxGltfOutput.h"
 
+#include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfFiles.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/qxMemoryBudget.h"
 #include "Files/qxOutputFile.h"
 #include "Files/qxSystemCall.h"
+#include "Light/qxLightPictureReader.h"
 #include "qxText.h"
 
 #include <QDir>
@@ -50,7 +52,40 @@ bool isFile(const qxJson &entry)
 
 bool isPicture(const QByteArray &bytes)
 {
-    return QMimeDatabase().mimeTypeForData(bytes).name().startsWith("image/");
+    try {
+        return QMimeDatabase().mimeTypeForData(bytes).name().startsWith("image/")
+            || !qxLightPictureSize(bytes).isEmpty();
+    } catch (const qxGltfError &) {
+        return false;
+    }
+}
+
+/// A place in the JSON that names a file beside the scene.
+struct Named {
+    qxJson *holder;
+    const char *key;
+    QString label;
+
+    const std::string &uri() const { return (*holder)[key].get_ref<const std::string &>(); }
+};
+
+/// The pictures of images and environments.
+std::vector<Named> picturesOf(qxJson &json)
+{
+    std::vector<Named> result;
+    for (std::size_t i = 0; i < qxGltfSection(json, "images").size(); ++i) {
+        qxJson &image = json["images"][i];
+        if (isFile(image))
+            result.push_back({&image, "uri", qxGltfLabel("image", int(i), image)});
+    }
+    for (std::size_t i = 0; i < qxGltfSection(json, "nodes").size(); ++i) {
+        qxJson &node = json["nodes"][i];
+        const char *const key = qxGltfKeys::environmentPicture;
+        const qxJson &uri = qxGltfMember(qxGltfMember(node, "extras"), key);
+        if (uri.is_string() && !qxGltfIsDataUri(uri.get_ref<const std::string &>()))
+            result.push_back({&node["extras"], key, qxGltfLabel("node", int(i), node)});
+    }
+    return result;
 }
 
 /// Makes the folder of the file and those around it. Once the names of the new ones are on the
@@ -137,37 +172,32 @@ void qxGltfOutput::copyBuffers(qxJson &json, const std::vector<QByteArray> &buff
 {
     for (std::size_t i = 0; i < buffers.size(); ++i) {
         if (isFile(json["buffers"][i]) && !buffers[i].isNull())
-            copy(json["buffers"][i], buffers[i]);
+            copy(json["buffers"][i], "uri", buffers[i]);
     }
 }
 
 void qxGltfOutput::copyPictures(qxJson &json)
 {
     qxMemoryBudget budget(qxMemoryBudget::limit());
-    for (std::size_t i = 0; i < qxGltfSection(json, "images").size(); ++i) {
-        qxJson &image = json["images"][i];
-        if (!isFile(image))
-            continue;
+    for (const Named &picture : picturesOf(json)) {
         try {
-            const QByteArray bytes =
-                qxGltfReadUri(m_document, image["uri"].get_ref<const std::string &>(), budget);
+            const QByteArray bytes = qxGltfReadUri(m_document, picture.uri(), budget);
             if (!isPicture(bytes))
                 throw qxGltfError(qxFileText::tr("it is no picture"));
-            copy(image, bytes);
+            copy(*picture.holder, picture.key, bytes);
         } catch (const qxGltfError &error) {
-            m_warnings << qxFileText::tr("%1 is not copied: %2")
-                              .arg(qxGltfLabel("image", int(i), image), error.reason());
+            m_warnings << qxFileText::tr("%1 is not copied: %2").arg(picture.label, error.reason());
         }
     }
 }
 
-void qxGltfOutput::copy(qxJson &entry, const QByteArray &bytes)
+void qxGltfOutput::copy(qxJson &holder, const char *key, const QByteArray &bytes)
 {
-    const QString wanted = qxGltfRelativePath(entry["uri"].get_ref<const std::string &>());
+    const QString wanted = qxGltfRelativePath(holder[key].get_ref<const std::string &>());
     const QString name = place(visibleName(wanted), bytes);
     if (name == wanted)
         return;
-    entry["uri"] = qxGltfUriOf(name);
+    holder[key] = qxGltfUriOf(name);
     m_warnings << qxFileText::tr("the copy of \"%1\" is called \"%2\"").arg(wanted, name);
 }
 
