@@ -25,7 +25,8 @@ void qxRenderSources::update(const osg::FieldContainerPtr &marked)
 
 void qxRenderSources::edited(Id id, osg::BitVector mask)
 {
-    m_textures.erase(id);
+    for (Textures &textures : m_textures)
+        textures.erase(id);
     if (m_geometries.count(id) > 0 && (mask & ~unimportantFields()))
         forgetGeometry(id);
     const auto users = m_coresOf.find(id);
@@ -39,7 +40,8 @@ void qxRenderSources::edited(Id id, osg::BitVector mask)
 
 void qxRenderSources::forget(Id id)
 {
-    m_textures.erase(id);
+    for (Textures &textures : m_textures)
+        textures.erase(id);
     m_coresOf.erase(id);
     forgetGeometry(id);
 }
@@ -59,12 +61,13 @@ void qxRenderSources::forgetEverything()
         known.second->setOutdated();
     m_geometries.clear();
     m_coresOf.clear();
-    m_textures.clear();
+    for (Textures &textures : m_textures)
+        textures.clear();
 }
 
 void qxRenderSources::readMaterials()
 {
-    const qxTextureSource textures = [this](const osg::ImagePtr &image) { return texture(image); };
+    const qxTextureSource textures = textureSource();
     for (auto entry = m_materials.begin(); entry != m_materials.end();) {
         const auto material =
             osg::MaterialPtr::dcast(osg::FieldContainerFactory::the()->getContainer(entry->first));
@@ -89,11 +92,14 @@ std::shared_ptr<const qxRenderGeometry> qxRenderSources::geometry(const osg::Geo
 
 void qxRenderSources::rememberProperties(const osg::GeometryPtr &core)
 {
-    const osg::FieldContainerPtr properties[] = {
-        core->getTypes(),   core->getLengths(), core->getPositions(), core->getNormals(),
-        core->getIndices(), core->getColors(),  core->getTexCoords()};
+    const osg::FieldContainerPtr properties[] = {core->getTypes(),     core->getLengths(),
+                                                 core->getPositions(), core->getNormals(),
+                                                 core->getIndices(),   core->getColors()};
+    std::vector<osg::FieldContainerPtr> all(std::begin(properties), std::end(properties));
+    for (const osg::GeoTexCoordsPtr &places : qxRenderGeometry::texCoordsOf(core))
+        all.push_back(places);
     const Id id = core.getFieldContainerId();
-    for (const osg::FieldContainerPtr &property : properties) {
+    for (const osg::FieldContainerPtr &property : all) {
         if (property == osg::NullFC)
             continue;
         std::vector<Id> &cores = m_coresOf[property.getFieldContainerId()];
@@ -107,19 +113,26 @@ std::shared_ptr<const qxRenderMaterial> qxRenderSources::material(const osg::Mat
     if (material == osg::NullFC)
         return m_noMaterial;
     std::shared_ptr<qxRenderMaterial> &known = m_materials[material.getFieldContainerId()];
-    if (!known) {
-        known = std::make_shared<qxRenderMaterial>(qxReadMaterial(
-            material, [this](const osg::ImagePtr &image) { return texture(image); }));
-    }
+    if (!known)
+        known = std::make_shared<qxRenderMaterial>(qxReadMaterial(material, textureSource()));
     return known;
 }
 
-std::shared_ptr<const qxRenderTexture> qxRenderSources::texture(const osg::ImagePtr &image)
+qxTextureSource qxRenderSources::textureSource()
+{
+    return [this](const osg::ImagePtr &image, qxRenderTexture::Content content) {
+        return texture(image, content);
+    };
+}
+
+std::shared_ptr<const qxRenderTexture> qxRenderSources::texture(const osg::ImagePtr &image,
+                                                                qxRenderTexture::Content content)
 {
     if (image == osg::NullFC)
         return nullptr;
-    const auto known = m_textures.find(image.getFieldContainerId());
-    if (known != m_textures.end())
+    Textures &textures = m_textures[content];
+    const auto known = textures.find(image.getFieldContainerId());
+    if (known != textures.end())
         return known->second;
-    return m_textures[image.getFieldContainerId()] = qxRenderTexture::make(image);
+    return textures[image.getFieldContainerId()] = qxRenderTexture::make(image, content);
 }

@@ -2,6 +2,7 @@
 
 #include "Files/Gltf/Read/qxGltfAnimations.h"
 #include "Files/Gltf/Read/qxGltfCameras.h"
+#include "Files/Gltf/Read/qxGltfDeformations.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfNodes.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
@@ -34,6 +35,7 @@ void qxGltfBuildScene(qxGltfModel &model, qxGltfScene &scene)
     scene.mapped = switchMaterials.mapped();
     qxGltfNodes nodes(model, scene);
     nodes.build();
+    qxGltfSetDeformations(model, nodes);
     scene.cameras = qxGltfCameras(model, nodes, scene.origin);
     scene.clips = qxGltfAnimations(model, nodes);
 }
