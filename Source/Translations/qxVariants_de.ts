@@ -295,10 +295,6 @@
         <translation>es</translation>
     </message>
     <message>
-        <source>it is neither PNG nor JPEG</source>
-        <translation>es ist weder PNG noch JPEG</translation>
-    </message>
-    <message>
         <source>it is too large</source>
         <translation>es ist zu groß</translation>
     </message>
@@ -480,10 +476,6 @@
         <translation>„%1“: %2</translation>
     </message>
     <message>
-        <source>%1 is too short: %2 bytes announced, %3 there</source>
-        <translation>%1 ist zu kurz: %2 Bytes angekündigt, %3 vorhanden</translation>
-    </message>
-    <message>
         <source>nothing may be written to it</source>
         <translation>die Schreibberechtigung fehlt</translation>
     </message>
@@ -582,6 +574,50 @@
     <message>
         <source>what needs the extension %1 is not shown</source>
         <translation>was die Erweiterung %1 braucht, wird nicht gezeigt</translation>
+    </message>
+    <message>
+        <source>it is too short: %1 bytes announced, %2 there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 states an impossible way of compression</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has no &quot;joints&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has no matrix for each of its %2 joints</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; holds something that is no object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its compressed data are damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; data that are not compressed are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not in the compressed data as it is stated</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of morph target %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is neither PNG, JPEG nor WebP</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,6 @@
 #include "qxHost.h"
 
+#include "Animation/qxAnimationPlayer.h"
 #include "Cameras/qxMainCameraService.h"
 #include "Cameras/qxMainView.h"
 #include "Cameras/qxRunningClips.h"
@@ -95,6 +96,7 @@ void qxHost::clearScene()
     m_services->scene.clear();
     qxUberCameraPool::the()->clear();
     qxAnimManager::the()->setClips({});
+    qxAnimationPlayer::the().setClips({});
     qxRunningClips::clear();
     qxMainView::the() = qxMainView();
     qxClipping::the() = qxClipping();

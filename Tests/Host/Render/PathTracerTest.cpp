@@ -120,10 +120,18 @@ TEST_F(PathTracerTest, LightGoesFromSurfaceToSurfaceAsOftenAsItNeeds)
     ground->setEmission(osg::Color3f(0, 0.5f, 0));
     addSquare(ground, osg::Vec3f(0, 0, -40), 200);
     const float r = 0.9f;
-    const osg::GeometryPtr shaft = trianglesOf({{-r, -2, 2}, {-r, -2, -38}, {-r, 2, -38},
-                                                {-r, -2, 2}, {-r, 2, -38}, {-r, 2, 2},
-                                                {r, -2, 2}, {r, -2, -38}, {r, 2, -38},
-                                                {r, -2, 2}, {r, 2, -38}, {r, 2, 2}});
+    const osg::GeometryPtr shaft = trianglesOf({{-r, -2, 2},
+                                                {-r, -2, -38},
+                                                {-r, 2, -38},
+                                                {-r, -2, 2},
+                                                {-r, 2, -38},
+                                                {-r, 2, 2},
+                                                {r, -2, 2},
+                                                {r, -2, -38},
+                                                {r, 2, -38},
+                                                {r, -2, 2},
+                                                {r, 2, -38},
+                                                {r, 2, 2}});
     shaft->setMaterial(silver);
     addNode(shaft);
     camera.toWorld.setRotate(osg::Quaternion(osg::Vec3f(0, 1, 0), -0.4f));

@@ -12,8 +12,10 @@
 #include "qxCameraService.h"
 #include "qxCommand.h"
 #include "qxFileNames.h"
+#include "qxRenderMoment.h"
 #include "qxStreams.h"
 #include "qxText.h"
+#include "qxTurntable.h"
 #include "qxUnknownName.h"
 #include "qxValueKind.h"
 
@@ -33,6 +35,8 @@ struct Job {
     QString view;
     QSize size;
     QString out;
+    qxRenderMoment moment;
+    qxTurntable turntable;
 
     /// Whether `out` is a picture and no folder.
     bool isPicture() const
@@ -45,30 +49,28 @@ struct Job {
 
 QList<QCommandLineOption> renderOptions()
 {
-    return QList<QCommandLineOption>{
-               {QStringLiteral("set"), QStringLiteral("Selects this set before."),
-                QStringLiteral("NAME")},
-               {QStringLiteral("all"),
-                QStringLiteral(
-                    "Makes a picture of every set, each selected in the scene as it is in the "
-                    "file: into the folder DIR, or as one sheet into a PNG.")},
-               {QStringLiteral("view"),
-                QStringLiteral("Looks from this viewpoint instead of where the set leads to."),
-                QStringLiteral("VIEWPOINT")},
-               {QStringLiteral("size"),
-                QStringLiteral(
-                    "Width and height of a picture in pixels, such as 1280x720, which is the "
-                    "default; 384x256 on a sheet."),
-                QStringLiteral("WxH")},
-               {QStringLiteral("out"),
-                QStringLiteral(
-                    "The picture, a PNG, - for standard output; with --all a folder or a PNG."),
-                QStringLiteral("PNG|DIR")},
-               qxCommands::scriptsOption(),
-               qxCommands::noScriptsOption(),
-               qxCommands::traceOption(),
-           }
-    + qxPictureOptions::all();
+    const QList<QCommandLineOption> own{
+        {QStringLiteral("set"), QStringLiteral("Selects this set before."), QStringLiteral("NAME")},
+        {QStringLiteral("all"),
+         QStringLiteral("Makes a picture of every set, each selected in the scene as it is in the "
+                        "file: into the folder DIR, or as one sheet into a PNG.")},
+        {QStringLiteral("view"),
+         QStringLiteral("Looks from this viewpoint instead of where the set leads to."),
+         QStringLiteral("VIEWPOINT")},
+        {QStringLiteral("size"),
+         QStringLiteral("Width and height of a picture in pixels, such as 1280x720, which is the "
+                        "default; 384x256 on a sheet."),
+         QStringLiteral("WxH")},
+        {QStringLiteral("out"),
+         QStringLiteral("The picture, a PNG, - for standard output; with --all a folder or a PNG, "
+                        "with --turntable a folder."),
+         QStringLiteral("PNG|DIR")},
+        qxTurntable::option(),
+        qxCommands::scriptsOption(),
+        qxCommands::noScriptsOption(),
+        qxCommands::traceOption(),
+    };
+    return own + qxRenderMoment::options() + qxPictureOptions::all();
 }
 
 /// An empty size for a text that is none.
@@ -80,6 +82,20 @@ QSize sizeOf(const QString &text)
     return size.width() > LongestSide || size.height() > LongestSide ? QSize() : size;
 }
 
+/// Success, or why the outputs do not fit what is made.
+int checkOut(const Job &job)
+{
+    if (job.out.isEmpty())
+        return qxCommands::fail(QStringLiteral("render needs --out PNG|DIR"), WrongUse);
+    if (job.turntable.isAsked() && job.isPicture())
+        return qxCommands::fail(
+            QStringLiteral("%1: --turntable makes pictures in a folder").arg(job.out), WrongUse);
+    if (!job.all && !job.turntable.isAsked() && !job.isPicture())
+        return qxCommands::fail(QStringLiteral("%1: a picture's name ends with .png").arg(job.out),
+                                WrongUse);
+    return Success;
+}
+
 /// Success, or why the options do not go together.
 int readJob(const QCommandLineParser &parser, Job &job)
 {
@@ -87,12 +103,14 @@ int readJob(const QCommandLineParser &parser, Job &job)
     job.all = parser.isSet(QStringLiteral("all"));
     job.view = parser.value(QStringLiteral("view"));
     job.out = parser.value(QStringLiteral("out"));
-    if (job.out.isEmpty())
-        return qxCommands::fail(QStringLiteral("render needs --out PNG|DIR"), WrongUse);
+    for (const int code : {job.turntable.read(parser), job.moment.read(parser), checkOut(job)}) {
+        if (code != Success)
+            return code;
+    }
     if (job.all && !job.set.isEmpty())
         return qxCommands::fail(QStringLiteral("--set and --all do not go together"), WrongUse);
-    if (!job.all && !job.isPicture())
-        return qxCommands::fail(QStringLiteral("%1: a picture's name ends with .png").arg(job.out),
+    if (job.all && job.turntable.isAsked())
+        return qxCommands::fail(QStringLiteral("--turntable and --all do not go together"),
                                 WrongUse);
 
     job.size = job.isSheet() ? QSize(384, 256) : QSize(1280, 720);
@@ -117,16 +135,29 @@ QString flawOf(const Job &job)
     const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
     if (!job.view.isEmpty() && camera->findViewpoint(qxText::toUtf8(job.view)) < 0)
         return qxUnknownName::viewpoint(job.view);
-    return QString();
+    return job.moment.flaw();
 }
 
-/// The scene as it is now, from the viewpoint that was asked for; empty when interrupted.
-QByteArray picture(const Job &job)
+void select(const Job &job)
+{
+    if (!job.set.isEmpty())
+        qxVariants::selectVariantSet(qxText::toUtf8(job.set).c_str(), false);
+}
+
+/// Goes to the viewpoint and to the moment that were asked for.
+void look(const Job &job)
 {
     if (!job.view.isEmpty()) {
         const auto camera = qxKernelServiceFactory::the()->getService<qxCameraService>();
         camera->moveToViewpoint(camera->findViewpoint(qxText::toUtf8(job.view)), 0, 0, 0);
     }
+    job.moment.show();
+}
+
+/// The scene as it is now, as it was asked for; empty when interrupted.
+QByteArray picture(const Job &job)
+{
+    look(job);
     return qxSetPreviews::render(job.size.width(), job.size.height());
 }
 
@@ -136,8 +167,7 @@ int renderOne(const Job &job)
     {
         qxProgress progress(1);
         progress.begin(job.set.isEmpty() ? job.out : job.set);
-        if (!job.set.isEmpty())
-            qxVariants::selectVariantSet(qxText::toUtf8(job.set).c_str(), false);
+        select(job);
         png = picture(job);
     }
     if (png.isEmpty())
@@ -161,6 +191,33 @@ int renderFolder(const Job &job)
         return qxCommands::codeAfterScripts();
     return qxCommands::endedEarly(
         QStringLiteral("%1 holds %2 of %3 pictures").arg(job.out).arg(done).arg(names.size()));
+}
+
+int renderTurn(Job job)
+{
+    const int count = job.turntable.count();
+    int done = 0;
+    qxPictureHint hint;
+    {
+        qxProgress progress(count);
+        select(job);
+        look(job);
+        job.turntable.begin(job.size);
+        for (; done < count && !qxInterrupt::isAsked(); ++done) {
+            const QString name = job.turntable.nameOf(done);
+            progress.begin(name);
+            job.turntable.look(done);
+            const QByteArray png = qxSetPreviews::render(job.size.width(), job.size.height());
+            if (png.isEmpty() || !qxStreams::write(QDir(job.out).filePath(name), png))
+                break;
+            hint.note(name);
+        }
+    }
+    hint.tell();
+    if (done == count)
+        return qxCommands::codeAfterScripts();
+    return qxCommands::endedEarly(
+        QStringLiteral("%1 holds %2 of %3 pictures").arg(job.out).arg(done).arg(count));
 }
 
 int renderSheet(const Job &job)
@@ -200,6 +257,8 @@ int runRender(const QCommandLineParser &parser)
 
     qxSetPreviews::prepare(parser);
     const qxInterrupt interrupt;
+    if (job.turntable.isAsked())
+        return renderTurn(job);
     if (!job.all)
         return renderOne(job);
     return job.isSheet() ? renderSheet(job) : renderFolder(job);

@@ -34,3 +34,8 @@ QString qxUnknownName::node(const QString &name)
     names.removeDuplicates();
     return line("node", name, names);
 }
+
+QString qxUnknownName::animation(const QString &name, const QStringList &names)
+{
+    return line("animation", name, names);
+}

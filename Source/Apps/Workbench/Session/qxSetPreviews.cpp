@@ -3,6 +3,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "Animation/qxAnimationPlayer.h"
 #include "Report/qxOutput.h"
 #include "Report/qxPictureHint.h"
 #include "Report/qxProgress.h"
@@ -34,6 +35,7 @@ int qxSetPreviews::visit(const QStringList &names, const Begin &begin, const Wor
     for (const QString &name : names) {
         if (!begin(name))
             break;
+        const qxAnimationRest rest;
         qxVariants::selectVariantSet(qxText::toUtf8(name).c_str(), false);
         qxVariantSet *const set = qxVariants::findVariantSet(name);
         const bool isDone = !set || work(*set);

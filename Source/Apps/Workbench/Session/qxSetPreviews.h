@@ -22,9 +22,9 @@ typedef std::function<bool(const QString &name)> Begin;
 /// Called while the set is selected; returns false to end the work.
 typedef std::function<bool(qxVariantSet &set)> Work;
 
-/// Selects each of these sets, calls `work`, and restores scene and camera; other effects of the
-/// sets' scripts stay. Removed sets are skipped. Returns the number of sets done; fewer than given
-/// if `begin` or `work` ended it.
+/// Selects each of these sets in a scene whose animations rest, calls `work`, and restores scene
+/// and camera; other effects of the sets' scripts stay. Removed sets are skipped. Returns the
+/// number of sets done; fewer than given if `begin` or `work` ended it.
 int visit(const QStringList &names, const Begin &begin, const Work &work);
 /// The same in a terminal, with the progress on standard error, until Ctrl-C. At the end, standard
 /// error lists the sets whose pictures show nothing of the scene.

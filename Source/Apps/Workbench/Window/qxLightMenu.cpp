@@ -8,9 +8,9 @@
 #include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QLabel>
 #include <QLocale>
+#include <QMessageBox>
 #include <QSettings>
 #include <QTextDocument>
 
@@ -109,9 +109,7 @@ void qxLightMenu::buildBackground()
 void qxLightMenu::buildExposure()
 {
     addSeparator();
-    const auto change = [this](float step) {
-        setExposure(qxViewSettings::the().exposure + step);
-    };
+    const auto change = [this](float step) { setExposure(qxViewSettings::the().exposure + step); };
     named(addAction(
               QString(), this, [change] { change(exposureStep); },
               QKeySequence(Qt::CTRL + Qt::Key_Period)),
@@ -187,8 +185,7 @@ void qxLightMenu::fillRecent()
 void qxLightMenu::use(Environment environment)
 {
     m_file.clear();
-    qxViewSettings::the().environment =
-        environment == Studio ? qxViewSettings::studio() : nullptr;
+    qxViewSettings::the().environment = environment == Studio ? qxViewSettings::studio() : nullptr;
     m_environments->actions().at(environment)->setChecked(true);
     showNow();
 }

@@ -1,5 +1,6 @@
 #include "qxAnimManager.h"
 
+#include "Animation/qxAnimationPlayer.h"
 #include "Cameras/qxRunningClips.h"
 #include "qxController.h"
 #include "qxMessage.h"
@@ -23,6 +24,7 @@ void start(qxMessage &message)
         return;
     running().erase(std::remove(running().begin(), running().end(), *name), running().end());
     running().push_back(*name);
+    qxAnimationPlayer::the().start(*name);
 }
 
 } // namespace

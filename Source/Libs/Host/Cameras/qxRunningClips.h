@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-/// Remembers which clips were started: listens to "animationStart" while it lives. A clip that the
-/// scene does not have is ignored.
+/// Starts clips (qxAnimationPlayer) and remembers which were started: listens to "animationStart"
+/// while it lives. A clip that the scene does not have is ignored.
 class qxRunningClips {
 public:
     qxRunningClips();

@@ -45,6 +45,14 @@ void getRendererBack()
         borrower()();
 }
 
+qxRenderer &presentRenderer()
+{
+    getRendererBack();
+    if (!idleRenderer())
+        idleRenderer() = std::make_unique<qxRenderer>();
+    return *idleRenderer();
+}
+
 } // namespace
 
 qxPicture qxScenePicture::render(const qxPictureSettings &settings,
@@ -88,12 +96,14 @@ void qxScenePicture::giveBack(std::unique_ptr<qxRenderer> renderer)
     idleRenderer() = std::move(renderer);
 }
 
+qxRenderer::View qxScenePicture::view(const qxPictureSettings &settings)
+{
+    return presentRenderer().view(settings);
+}
+
 osg::NodePtr qxScenePicture::nodeAt(const qxPictureSettings &settings, float x, float y)
 {
-    getRendererBack();
-    if (!idleRenderer())
-        idleRenderer() = std::make_unique<qxRenderer>();
-    return idleRenderer()->nodeAt(settings, x, y);
+    return presentRenderer().nodeAt(settings, x, y);
 }
 
 int qxScenePicture::quality()

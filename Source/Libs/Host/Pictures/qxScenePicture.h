@@ -14,6 +14,8 @@ public:
     static qxPicture::Content content();
     /// The quality that the settings of ray tracing ask for (qxPictureSettings::quality).
     static int quality();
+    /// As qxRenderer::view.
+    static qxRenderer::View view(const qxPictureSettings &settings);
     /// As qxRenderer::nodeAt.
     static osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);
     ///@{

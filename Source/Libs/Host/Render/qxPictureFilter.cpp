@@ -96,7 +96,7 @@ void qxPictureFilter::set(int x, int y, const Pixel &pixel)
 qxPictureFilter::Plane qxPictureFilter::blurred(const Plane &plane) const
 {
     const auto along = [](const Plane &from, int rows, std::size_t nextRow, int count,
-                               std::size_t step) {
+                          std::size_t step) {
         Plane result(from.size());
         for (int row = 0; row < rows; ++row) {
             const std::size_t first = std::size_t(row) * nextRow;
@@ -184,7 +184,8 @@ void qxPictureFilter::addNeighbours(int across, int up, float share, Row &row) c
         for (const Plane &plane : m_surface)
             surface += square(plane[p] - plane[q]);
         const float noise = _unseen + _tolerance * m_noise[p];
-        const float weight = share * fading(difference / (3.0f * noise)) * fading(surface * m_alike[p]);
+        const float weight =
+            share * fading(difference / (3.0f * noise)) * fading(surface * m_alike[p]);
         row.weight[x] += weight;
         row.variance[x] += weight * weight * m_variance[q];
         for (std::size_t i = 0; i < 3; ++i)

@@ -63,6 +63,20 @@ void qxRenderCamera::fit(const qxBox &scene, float aspect)
     m_eye = (scene.isEmpty() ? osg::Vec3f() : scene.centre()) + m_back * distance;
 }
 
+qxUberCamera qxRenderCamera::plain() const
+{
+    qxUberCamera camera;
+    const osg::Vec3f *const columns[] = {&m_right, &m_up, &m_back, &m_eye};
+    for (osg::UInt32 i = 0; i < 4; ++i)
+        camera.toWorld[i] =
+            osg::Vec4f((*columns[i])[0], (*columns[i])[1], (*columns[i])[2], i == 3 ? 1.0f : 0.0f);
+    camera.fieldOfView = m_parallel ? 0.0f : 2.0f * std::atan(m_halfHeight);
+    camera.height = m_parallel ? 2.0f * m_halfHeight : 0.0f;
+    camera.nearPlane = m_near;
+    camera.farPlane = std::isfinite(m_far) ? m_far : 0.0f;
+    return camera;
+}
+
 qxRay qxRenderCamera::ray(float x, float y) const
 {
     const float across = (2.0f * x / m_width - 1.0f) * m_halfHeight * m_width / m_height;

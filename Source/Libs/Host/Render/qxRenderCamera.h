@@ -11,6 +11,8 @@ public:
     /// that shows the whole `scene` from the front, above and one side.
     qxRenderCamera(const qxUberCamera &camera, const qxBox &scene, int width, int height);
 
+    /// The same camera as the main view would have it.
+    qxUberCamera plain() const;
     /// Through a place of the picture, in pixels from its lower left corner.
     qxRay ray(float x, float y) const;
     /// Where a point is in the picture, and how far along the ray through there. False for points

@@ -104,6 +104,16 @@ qxRenderer::Drawing qxRenderer::prepared(const qxPictureSettings &settings)
     });
 }
 
+qxRenderer::View qxRenderer::view(const qxPictureSettings &settings)
+{
+    return m_parts->withScene(settings, [&] {
+        const qxBox &shown = m_parts->scene->shown().bounds();
+        const qxRenderCamera camera(qxMainView::the().camera, shown, settings.width,
+                                    settings.height);
+        return View{camera.plain(), shown.isEmpty() ? osg::Vec3f() : shown.centre()};
+    });
+}
+
 osg::NodePtr qxRenderer::nodeAt(const qxPictureSettings &settings, float x, float y)
 {
     return m_parts->withScene(settings, [&] { return m_parts->nodeAt(settings, x, y); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Render/qxPicture.h"
+#include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGNode.h>
 
@@ -26,6 +27,12 @@ public:
     typedef std::function<qxPicture(const qxPicture::Progress &progress)> Drawing;
     /// The first half of render(): reads the scene. Empty when there can be no picture.
     Drawing prepared(const qxPictureSettings &settings);
+    /// How such a picture looks at the scene.
+    struct View {
+        qxUberCamera camera; ///< also when the main view has none
+        osg::Vec3f middle; ///< of the box around what is shown; the origin when nothing is
+    };
+    View view(const qxPictureSettings &settings);
     /// The node that such a picture shows at a place, in pixels from its lower left corner; null
     /// for the background. Overlays are looked through.
     osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);

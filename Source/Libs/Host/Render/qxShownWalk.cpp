@@ -1,5 +1,6 @@
 #include "Render/qxShownWalk.h"
 
+#include "Animation/qxPose.h"
 #include "OSGOverlayCore.h"
 #include "qxMaterials.h"
 #include "qxNodeWalk.h"
@@ -61,25 +62,44 @@ private:
             return;
         const osg::NodeCorePtr core = node->getCore();
         const osg::MFNodePtr &children = *node->getMFChildren();
+        const bool isPosed = takePose(node, above);
         if (core == osg::NullFC) {
             openAll(children, above, below);
             return;
         }
         const Kind kind = kindOfCore(core);
-        enter(kind, node, core, above);
+        if (kind != Kind::Transform || !isPosed)
+            enter(kind, node, core, above);
         if (kind == Kind::Switch)
             openChosen(children, osg::SwitchPtr::dcast(core)->getChoice(), above, below);
         else
             openAll(children, above, below);
     }
 
+    /// Whether a clip that plays has its own place for the node.
+    bool takePose(const osg::NodePtr &node, Above &above)
+    {
+        if (m_pose.matrices.empty())
+            return false;
+        const auto posed = m_pose.matrices.find(node.getFieldContainerId());
+        if (posed == m_pose.matrices.end())
+            return false;
+        move(posed->second, above);
+        return true;
+    }
+
+    void move(const osg::Matrix &matrix, Above &above)
+    {
+        m_matrices.push_back(m_matrices[above.matrix]);
+        m_matrices.back().mult(matrix);
+        above.matrix = m_matrices.size() - 1;
+    }
+
     void enter(Kind kind, const osg::NodePtr &node, const osg::NodeCorePtr &core, Above &above)
     {
         switch (kind) {
         case Kind::Transform:
-            m_matrices.push_back(m_matrices[above.matrix]);
-            m_matrices.back().mult(osg::TransformPtr::dcast(core)->getMatrix());
-            above.matrix = m_matrices.size() - 1;
+            move(osg::TransformPtr::dcast(core)->getMatrix(), above);
             break;
         case Kind::MaterialGroup:
             if (above.material == osg::NullFC && !qxMaterials::getIgnoreMaterialGroup(node))
@@ -136,6 +156,7 @@ private:
     }
 
     const qxShownListener &m_listener;
+    const qxPose &m_pose = qxPose::the();
     std::vector<osg::Matrix> m_matrices;
     std::vector<Kind> m_kinds;
 };

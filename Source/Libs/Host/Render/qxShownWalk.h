@@ -23,5 +23,5 @@ struct qxShownListener {
 };
 
 /// Visits all visible parts below `root`. A node with traversal mask 0 hides everything below it, a
-/// switch all children but the chosen one.
+/// switch all children but the chosen one. Nodes stand where playing clips have them (qxPose).
 void qxWalkShown(const osg::NodePtr &root, const qxShownListener &listener);

@@ -38,11 +38,11 @@ int qxGltfIndex(const qxJson &object, const char *name)
 QString qxFileText::kind(const char *kind)
 {
     [[maybe_unused]] static const char *const toTranslate[] = {
-        QT_TR_NOOP("accessor"),        QT_TR_NOOP("buffer"), QT_TR_NOOP("buffer view"),
-        QT_TR_NOOP("camera"),          QT_TR_NOOP("image"),  QT_TR_NOOP("light"),
-        QT_TR_NOOP("material"),        QT_TR_NOOP("mesh"),   QT_TR_NOOP("node"),
-        QT_TR_NOOP("sampler"),         QT_TR_NOOP("scene"),  QT_TR_NOOP("skin"),
-        QT_TR_NOOP("switch material"), QT_TR_NOOP("texture")};
+        QT_TR_NOOP("accessor"),    QT_TR_NOOP("animation"),       QT_TR_NOOP("buffer"),
+        QT_TR_NOOP("buffer view"), QT_TR_NOOP("camera"),          QT_TR_NOOP("image"),
+        QT_TR_NOOP("light"),       QT_TR_NOOP("material"),        QT_TR_NOOP("mesh"),
+        QT_TR_NOOP("node"),        QT_TR_NOOP("sampler"),         QT_TR_NOOP("scene"),
+        QT_TR_NOOP("skin"),        QT_TR_NOOP("switch material"), QT_TR_NOOP("texture")};
     return tr(kind);
 }
 

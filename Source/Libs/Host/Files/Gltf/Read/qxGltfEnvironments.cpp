@@ -26,9 +26,8 @@ void qxGltfSetEnvironmentPicture(qxGltfModel &model, int index, const osg::NodeP
         picture.bytes = qxGltfReadUri(model.document, *uri, model.budget);
         qxLightPictureSize(picture.bytes);
         model.budget.take(picture.bytes.size(), 1); // as a copy in the scene graph
-        picture.exposure =
-            std::clamp(extras.number(qxGltfKeys::environmentExposure).value_or(0.0f), -_mostSteps,
-                       _mostSteps);
+        picture.exposure = std::clamp(extras.number(qxGltfKeys::environmentExposure).value_or(0.0f),
+                                      -_mostSteps, _mostSteps);
         picture.rotation = extras.number(qxGltfKeys::environmentRotation).value_or(0.0f);
         picture.attachTo(node);
     } catch (const qxGltfError &error) {

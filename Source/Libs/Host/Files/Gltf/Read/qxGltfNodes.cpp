@@ -57,6 +57,15 @@ osg::NodePtr qxGltfNodes::node(int index) const
     return m_made[std::size_t(index)].node.get();
 }
 
+osg::NodePtr qxGltfNodes::placedNode(int index) const
+{
+    const Made &made = m_made[std::size_t(index)];
+    osg::NodePtr at = made.node.get();
+    while (!movesNodes(at->getCore()) && at != made.upper.get())
+        at = at->getParent();
+    return movesNodes(at->getCore()) ? at : made.node.get();
+}
+
 void qxGltfNodes::warn(int index, const QString &text)
 {
     m_model.warnings << qxGltfLabel("node", index, m_model.node(index)) + ": " + text;

@@ -19,6 +19,8 @@ public:
     const std::vector<int> &order() const { return m_order; }
     /// The node made of node `index` of the file, null when it is not in the shown scene.
     osg::NodePtr node(int index) const;
+    /// The one that has its transform: the node itself, or one above it that was made for it.
+    osg::NodePtr placedNode(int index) const;
 
 private:
     /// The scene-graph nodes of one node of the file. The upper one has what the node's core cannot

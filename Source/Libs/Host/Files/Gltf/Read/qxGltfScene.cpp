@@ -1,5 +1,6 @@
 #include "Files/Gltf/Read/qxGltfScene.h"
 
+#include "Animation/qxAnimationPlayer.h"
 #include "Scene/qxScene.h"
 #include "qxAnimManager.h"
 #include "qxOverlays.h"
@@ -30,5 +31,9 @@ void qxGltfScene::show() const
         qxScene::current()->setEnvironment(environment.get());
     for (const qxUberCamera &camera : cameras)
         qxUberCameraPool::the()->add(camera);
-    qxAnimManager::the()->setClips(clips);
+    std::vector<std::string> names;
+    for (const qxAnimationClip &clip : clips)
+        names.push_back(clip.name);
+    qxAnimManager::the()->setClips(names);
+    qxAnimationPlayer::the().setClips(clips);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Animation/qxAnimationClip.h"
 #include "Files/Gltf/Common/qxGltfOrigin.h"
 #include "Files/Gltf/Common/qxGltfSwitchMaterialState.h"
 #include "Files/Gltf/Read/qxGltfMeshes.h"
@@ -7,8 +8,6 @@
 #include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
-
-#include <string>
 
 /// The scene graph of a file, not yet shown. It is destroyed with this object unless it is shown.
 struct qxGltfScene {
@@ -23,7 +22,7 @@ struct qxGltfScene {
     std::vector<osg::NodeRefPtr> overlays;
     osg::NodeRefPtr environment; ///< null when there is none
     std::vector<qxUberCamera> cameras;
-    std::vector<std::string> clips;
+    std::vector<qxAnimationClip> clips;
     qxGltfOrigin origin;
 
     /// Adds everything to the host: below the scene's root, and to its pools.

@@ -1,5 +1,6 @@
 #include "Files/Gltf/Read/qxGltfSceneBuilder.h"
 
+#include "Files/Gltf/Read/qxGltfAnimations.h"
 #include "Files/Gltf/Read/qxGltfCameras.h"
 #include "Files/Gltf/Read/qxGltfDeformations.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
@@ -23,17 +24,6 @@ void recordParts(qxGltfScene &scene)
         scene.origin.materials[scene.materials[i].get().getFieldContainerId()] = int(i);
 }
 
-/// The names of the animations in their order, empty for those without.
-std::vector<std::string> clipsOf(const qxJson &document)
-{
-    std::vector<std::string> clips;
-    for (const qxJson &animation : qxGltfSection(document, "animations")) {
-        const qxJson &name = qxGltfMember(animation, "name");
-        clips.push_back(name.is_string() ? name.get<std::string>() : std::string());
-    }
-    return clips;
-}
-
 } // namespace
 
 void qxGltfBuildScene(qxGltfModel &model, qxGltfScene &scene)
@@ -47,5 +37,5 @@ void qxGltfBuildScene(qxGltfModel &model, qxGltfScene &scene)
     nodes.build();
     qxGltfSetDeformations(model, nodes);
     scene.cameras = qxGltfCameras(model, nodes, scene.origin);
-    scene.clips = clipsOf(model.document.json);
+    scene.clips = qxGltfAnimations(model, nodes);
 }

@@ -186,8 +186,7 @@ void qxGltfOutput::copyPictures(qxJson &json)
                 throw qxGltfError(qxFileText::tr("it is no picture"));
             copy(*picture.holder, picture.key, bytes);
         } catch (const qxGltfError &error) {
-            m_warnings << qxFileText::tr("%1 is not copied: %2")
-                              .arg(picture.label, error.reason());
+            m_warnings << qxFileText::tr("%1 is not copied: %2").arg(picture.label, error.reason());
         }
     }
 }
