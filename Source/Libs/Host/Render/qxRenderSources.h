@@ -28,6 +28,7 @@ private:
     std::shared_ptr<const qxRenderTexture> texture(const osg::ImagePtr &image,
                                                    qxRenderTexture::Content content);
     qxTextureSource textureSource();
+    void decodePictures(const osg::MaterialPtr &material);
     void edited(Id id, osg::BitVector mask);
     void forget(Id id);
     void forgetGeometry(Id core);
