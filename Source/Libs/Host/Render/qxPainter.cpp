@@ -76,6 +76,8 @@ struct qxPainter::Sample {
     osg::Vec3f colour; ///< own one of what is seen
     osg::Vec3f normal;
     int sides; ///< of surfaces
+    float distance; ///< as that of qxTracer::RayResult, of the nearest overlay where one is
+    bool isInFront; ///< there is one
 };
 
 /// What the samples of a pixel have in common.
@@ -307,7 +309,12 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     const osg::Vec3f behind = seen.transmittance > 0.0f
         ? background(ray, float(y) + shift[1], sampler) * seen.transmittance
         : osg::Vec3f();
-    Sample result = {seen.radiance + behind, seen.colour + behind, seen.normal, seen.sides};
+    Sample result = {seen.radiance + behind,
+                     seen.colour + behind,
+                     seen.normal,
+                     seen.sides,
+                     seen.distance,
+                     false};
     if (m_rayTracing)
         result.light = qxToneMapped(result.light);
     const auto cover = [&result](const osg::Vec3f &light, float through) {
@@ -321,8 +328,24 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
         const qxTracer::RayResult front = overlay.trace(ray, sampler);
         cover(front.radiance, front.transmittance);
         result.sides |= front.sides & qxTracer::Front;
+        result.isInFront = result.isInFront || std::isfinite(front.distance);
+        if (std::isfinite(front.distance))
+            result.distance = front.distance;
     }
     return result;
+}
+
+qxPainter::Spot qxPainter::spot(int x, int y)
+{
+    const Sample seen = sample(x, y, 0);
+    if ((m_sides | seen.sides) != m_sides)
+        m_sides |= seen.sides;
+    return {qxShownColour(seen.light), seen.distance, seen.isInFront};
+}
+
+osg::Vec3f qxPainter::plainBackground(int y) const
+{
+    return qxShownColour(qxMixed(m_bottom, m_top, (float(y) + 0.5f) / float(m_settings.height)));
 }
 
 osg::Vec3f qxPainter::background(const qxRay &ray, float y, qxSampler &sampler) const

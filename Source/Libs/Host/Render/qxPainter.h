@@ -17,6 +17,24 @@ public:
     /// An empty picture when `progress` ends it.
     qxPicture paint(const qxPicture::Progress &progress);
 
+    /// \name For quick pictures that are put together elsewhere: single pixels, from any thread.
+    /// @{
+    /// What the ray through the middle of a pixel sees.
+    struct Spot {
+        osg::Vec3f colour; ///< as the picture shows it
+        float distance; ///< along the ray; infinite for what is behind the scene
+        bool isInFront; ///< it is of an overlay
+    };
+    Spot spot(int x, int y);
+    const qxRenderCamera &camera() const { return m_camera; }
+    /// Whether what is behind the scene is the same in a whole row, wherever the camera looks, and
+    /// what it is there.
+    bool hasPlainBackground() const { return !m_environment; }
+    osg::Vec3f plainBackground(int y) const;
+    /// What the spots show so far.
+    qxPicture::Content content() const;
+    /// @}
+
 private:
     struct Sample;
     class Average;
@@ -25,7 +43,6 @@ private:
                                 const qxRenderClipping &clipping) const;
     int tileCount() const;
     void paintTile(int tile);
-    qxPicture::Content content() const;
     static std::vector<bool> noisyOnes(const std::vector<Average> &pixels, int width);
     void addSamples(int x, int y, int count, Average &pixel) const;
     void finish(int x, int y, const Average &pixel);

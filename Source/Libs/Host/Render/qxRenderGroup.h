@@ -46,6 +46,8 @@ public:
     const std::vector<qxRenderInstance> &instances() const { return m_instances; }
     const qxBox &bounds() const { return m_bounds; }
     bool hasTranslucent() const { return m_hasTranslucent; }
+    /// Whether the last update found other instances, places or materials than the one before.
+    bool isOther() const { return m_isOther; }
 
 private:
     qxRenderInstance *known(osg::UInt32 node);
@@ -61,6 +63,7 @@ private:
     std::size_t m_next = 0; ///< place in m_before where the next one is looked for
     std::unordered_map<osg::UInt32, std::size_t> m_places; ///< of nodes in m_before, when needed
     bool m_changed = true;
+    bool m_isOther = true;
     bool m_isOneTree = true; ///< over all triangles; otherwise over trees of geometries
     bool m_hasTranslucent = false;
     qxEmbreeScene m_scene;

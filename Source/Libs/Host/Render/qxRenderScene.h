@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Animation/qxPose.h"
 #include "Render/qxRenderGroup.h"
 #include "Render/qxRenderLight.h"
+#include "Scene/qxClipping.h"
 
 #include <map>
 #include <memory>
@@ -21,8 +23,12 @@ public:
     /// The environment; without instances if there is none.
     const qxRenderGroup &environment() const { return m_environment; }
     const qxRenderLights &lights() const { return m_lights; }
+    /// Another number, never given before, when an update found that pictures may look otherwise,
+    /// apart from what the camera does.
+    std::uint64_t revision() const { return m_revision; }
 
 private:
+    void noteChange();
     qxRenderGroup &overlay(osg::UInt32 layer);
     void updateEnvironment();
     void updateOverlays();
@@ -33,4 +39,8 @@ private:
     qxRenderGroup m_environment;
     Overlays m_overlays;
     qxRenderLights m_lights;
+    qxPose m_pose; ///< as it was shown
+    qxClipping m_clipping; ///< likewise
+    std::uint64_t m_revision = 0;
+    bool m_isOther = true; ///< the overlays
 };
