@@ -17,6 +17,7 @@ const std::uint32_t _ageBits = 0xFFF; ///< of a depth's bits, which are much fin
 const int _usualBlock = 4; ///< width in pixels
 const int _widestBlock = 8;
 const int _band = 8; ///< rows
+const std::size_t _chunk = 8192; ///< points
 const int _oldest = 200; ///< age that is counted
 const int _edgeAge = 3; ///< for each picture: edges look worse when they are old
 const int _gapUrgency = 10000;
@@ -144,10 +145,8 @@ qxPicture qxReprojection::paint(qxPainter &painter, const qxPictureSettings &set
 void qxReprojection::begin(const qxPictureSettings &settings)
 {
     const std::size_t count = std::size_t(settings.width) * std::size_t(settings.height);
-    if (m_width != settings.width || m_height != settings.height || !m_nearest) {
-        forget();
+    if (!m_nearest || m_nearest->size() != count)
         m_nearest = std::make_unique<Nearest>(count);
-    }
     m_width = settings.width;
     m_height = settings.height;
     m_next.resize(count);
@@ -185,12 +184,13 @@ void qxReprojection::plan(int drawn)
         m_order[std::size_t((i + m_number) * step % cells)] = i;
 }
 
-/// Moves a row of the picture before. Of points of one surface the one that was drawn last counts
-/// as the nearest.
-void qxReprojection::project(const Eye &eye, int y)
+/// Moves points of the picture before, which may have had another size. Of points of one surface
+/// the one that was drawn last counts as the nearest.
+void qxReprojection::project(const Eye &eye, int chunk)
 {
-    const std::size_t first = placeOf(0, y);
-    for (std::size_t place = first; place < first + std::size_t(m_width); ++place) {
+    const std::size_t first = std::size_t(chunk) * _chunk;
+    const std::size_t end = std::min(m_points.size(), first + _chunk);
+    for (std::size_t place = first; place < end; ++place) {
         const Point &point = m_points[place];
         osg::Vec2f at;
         float depth;

@@ -21,8 +21,8 @@ public:
     void forget() { m_points.clear(); }
     /// The same unless they showed the scene in this revision (qxRenderScene).
     void forgetOthers(std::uint64_t revision);
-    /// The next picture; about so many of its pixels are drawn anew, all when there are no more.
-    /// Empty when `progress` ends it: then everything is forgotten.
+    /// The next picture, which may have another size; about so many of its pixels are drawn anew,
+    /// all when there are no more. Empty when `progress` ends it: then everything is forgotten.
     qxPicture paint(qxPainter &painter, const qxPictureSettings &settings, int drawn,
                     const qxPicture::Progress &progress = {});
     /// How many pixels were drawn anew for the last one.
@@ -74,7 +74,7 @@ private:
 
     void begin(const qxPictureSettings &settings);
     void plan(int drawn);
-    void project(const Eye &eye, int y);
+    void project(const Eye &eye, int chunk);
     void gather(int y);
     float depthAt(std::size_t place) const;
     bool isEdge(int x, int y, std::size_t place, float depth) const;
