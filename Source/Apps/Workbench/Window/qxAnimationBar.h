@@ -41,6 +41,6 @@ private:
     QComboBox *m_speed;
     QToolButton *m_clips;
     bool m_hasClips = false;
-    QTimer m_timer;
+    QTimer m_timer{this};
     QElapsedTimer m_sinceTick;
 };
