@@ -146,10 +146,6 @@
         <translation>„extensionsRequired“ enthält etwas, das kein Text ist</translation>
     </message>
     <message>
-        <source>requires what is not supported: %1</source>
-        <translation>verlangt nicht unterstützte Erweiterungen: %1</translation>
-    </message>
-    <message>
         <source>%1 is no object</source>
         <translation>%1 ist kein Objekt</translation>
     </message>
@@ -354,10 +350,6 @@
         <translation>es</translation>
     </message>
     <message>
-        <source>it is neither PNG nor JPEG</source>
-        <translation>es ist weder PNG noch JPEG</translation>
-    </message>
-    <message>
         <source>it is too large</source>
         <translation>es ist zu groß</translation>
     </message>
@@ -539,10 +531,6 @@
         <translation>„%1“: %2</translation>
     </message>
     <message>
-        <source>%1 is too short: %2 bytes announced, %3 there</source>
-        <translation>%1 ist zu kurz: %2 Bytes angekündigt, %3 vorhanden</translation>
-    </message>
-    <message>
         <source>nothing may be written to it</source>
         <translation>die Schreibberechtigung fehlt</translation>
     </message>
@@ -685,6 +673,94 @@
     <message>
         <source>accessor %1 holds something that is no finite number</source>
         <translation>Accessor %1 enthält etwas, das keine endliche Zahl ist</translation>
+    </message>
+    <message>
+        <source>what needs the extension %1 is not shown</source>
+        <translation>was die Erweiterung %1 braucht, wird nicht gezeigt</translation>
+    </message>
+    <message>
+        <source>it is too short: %1 bytes announced, %2 there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 states an impossible way of compression</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has no &quot;joints&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has no matrix for each of its %2 joints</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; holds something that is no object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its compressed data are damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; data that are not compressed are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not in the compressed data as it is stated</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its header is damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has several parts or several depths</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has no pixels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its pixels end too early</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has no channels R, G and B in full size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is neither a Radiance nor an OpenEXR picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its header does not end</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its pixels are not in RGBE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its size is not written as &quot;-Y HEIGHT +X WIDTH&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a run of its pixels is damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is neither PNG, JPEG nor WebP</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

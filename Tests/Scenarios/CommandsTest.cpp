@@ -8,12 +8,16 @@ class CommandsTest : public ProgramFixture {};
 TEST_F(CommandsTest, InfoCountsWhatTheFileHolds)
 {
     const char *const wall = R"("materials": [{"normalTexture": {"index": 0}}], "textures": [{}],
+        "extensionsUsed": ["EXT_a", "KHR_materials_unlit"], "extensionsRequired": ["EXT_a"],
         "scene")";
     const QString file = write("wall.gltf", sceneWith("desk").replace("\"scene\"", wall));
     const ProgramRun run = done({"info", file});
-    EXPECT_EQ(run.err, "Pictures of materials that are kept, but not shown: normal\n");
+    EXPECT_EQ(run.err,
+              "what needs the extension EXT_a is not shown\n"
+              "Pictures of materials that are kept, but not shown: normal\n");
     for (const char *row :
          {"made by                   by hand\n", "pictures kept, not shown  1 normal\n",
+          "of these kept, not shown   EXT_a\n", "required, but not shown   EXT_a\n",
           "viewpoints                Front, Über dem Tisch\n", "animations                none\n",
           "variant sets              3\n"})
         EXPECT_TRUE(run.out.contains(row)) << row << " is not in\n" << run.out.toStdString();
@@ -21,7 +25,8 @@ TEST_F(CommandsTest, InfoCountsWhatTheFileHolds)
               parsed(R"({"version": "2.0", "generator": "by hand", "scenes": 1, "nodes": 7,
                          "meshes": 0, "triangles": 0, "materials": 1, "textures": 1,
                          "viewpoints": ["Front", "Über dem Tisch"], "animations": [],
-                         "extensionsUsed": [], "extensionsNotUnderstood": [],
+                         "extensionsUsed": ["EXT_a", "KHR_materials_unlit"],
+                         "extensionsNotUnderstood": ["EXT_a"], "extensionsMissing": ["EXT_a"],
                          "picturesNotShown": {"normal": 1},
                          "groups": 2, "sets": 3, "variants": 4})"));
 }

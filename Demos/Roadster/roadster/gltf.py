@@ -61,9 +61,11 @@ class Writer:
         return self.append("textures", {"name": name, "sampler": 0, "source": image})
 
     def material(self, name, entry):
-        if "baseColorTexture" in entry.get("pbrMetallicRoughness", {}):
+        extensions = entry.get("extensions", ())
+        # Anisotropy runs along the texture coordinates.
+        if "baseColorTexture" in entry.get("pbrMetallicRoughness", {}) or "KHR_materials_anisotropy" in extensions:
             self._textured.add(name)
-        for extension in entry.get("extensions", ()):
+        for extension in extensions:
             self.use(extension)
         self._materials[name] = self.append("materials", dict(entry, name=name))
 

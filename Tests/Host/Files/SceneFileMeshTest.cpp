@@ -181,7 +181,7 @@ TEST_F(SceneFileMeshTest, PicturesAreThereOnceAndBeginWithTheirBottomRow)
     EXPECT_EQ(osg::SimpleTexturedMaterialPtr::dcast(material("M2")), osg::NullFC);
     ASSERT_EQ(file.warnings().size(), 3);
     EXPECT_TRUE(file.warnings()[0].startsWith("image 2 \"Lost\" is left out: \"lost.png\""));
-    EXPECT_EQ(file.warnings()[1], "image 4 \"Text\" is left out: it is neither PNG nor JPEG");
+    EXPECT_EQ(file.warnings()[1], "image 4 \"Text\" is left out: it is neither PNG, JPEG nor WebP");
     EXPECT_TRUE(file.warnings()[2].startsWith("image 5 \"Wide\" is left out: 1000 MB of memory"));
 
     // Nothing in its header says so.

@@ -73,7 +73,7 @@ protected:
     {
         settings.width = 48;
         settings.height = 48;
-        settings.backgroundTop = settings.backgroundBottom = osg::Color3f(0, 0, 0);
+        settings.view.gradientTop = settings.view.gradientBottom = osg::Color3f(0, 0, 0);
         bothSides.doubleSided = true;
         camera.toWorld.setTranslate(0, 0, 10);
         camera.height = 2;

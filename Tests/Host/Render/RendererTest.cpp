@@ -17,12 +17,12 @@ class RendererTest : public RenderFixture {};
 
 TEST_F(RendererTest, UnlitColoursComeOutAsTheyAreNearestInFrontOfTheBackground)
 {
-    settings.backgroundTop = settings.backgroundBottom = osg::Color3f(0.2f, 0.4f, 0.6f);
+    settings.view.gradientTop = settings.view.gradientBottom = osg::Color3f(0.2f, 0.4f, 0.6f);
     EXPECT_EQ(picture().at(0, 0), "51 102 153") << "an empty scene";
     addSquare(red, osg::Vec3f(0, 0, 0), 1);
     addSquare(green, osg::Vec3f(0, 0, -1), 1.8f);
     addSquare(flat(0.5f, 0.2122307f, 0.0f), osg::Vec3f(0.75f, 0.75f, 1), 0.4f);
-    settings.backgroundBottom = osg::Color3f(0, 0, 0);
+    settings.view.gradientBottom = osg::Color3f(0, 0, 0);
     const TestPicture seen = picture();
     EXPECT_EQ(seen.at(0, 0), "255 0 0");
     EXPECT_EQ(seen.at(-0.75f, 0), "0 255 0");

@@ -3,6 +3,7 @@
 #include "Report/qxCataloguePage.h"
 #include "Report/qxOutput.h"
 #include "Session/qxInterrupt.h"
+#include "Session/qxPictureOptions.h"
 #include "Session/qxSession.h"
 #include "Session/qxSetPreviews.h"
 #include "qxCommand.h"
@@ -25,12 +26,13 @@ constexpr int JpegQuality = 85;
 
 QList<QCommandLineOption> catalogueOptions()
 {
-    return {{QStringLiteral("out"), QStringLiteral("The folder for the page, index.html."),
-             QStringLiteral("DIR")},
-            qxSetPreviews::qualityOption(),
-            qxCommands::scriptsOption(),
-            qxCommands::noScriptsOption(),
-            qxCommands::traceOption()};
+    return QList<QCommandLineOption>{{QStringLiteral("out"),
+                                      QStringLiteral("The folder for the page, index.html."),
+                                      QStringLiteral("DIR")},
+                                     qxCommands::scriptsOption(),
+                                     qxCommands::noScriptsOption(),
+                                     qxCommands::traceOption()}
+    + qxPictureOptions::all();
 }
 
 QByteArray jpegOf(const QImage &image)
@@ -63,12 +65,14 @@ int runCatalogue(const QCommandLineParser &parser)
     const QDir folder(parser.value(QStringLiteral("out")));
     if (!parser.isSet(QStringLiteral("out")))
         return qxCommands::fail(QStringLiteral("catalogue needs --out DIR"), WrongUse);
-    if (!qxSetPreviews::isQualityKnown(parser))
+    if (!qxPictureOptions::areKnown(parser))
         return WrongUse;
     const QString page = folder.filePath(QStringLiteral("index.html"));
     const int code = qxValueKinds::checkFile(page);
     if (code != Success)
         return code;
+    if (!qxPictureOptions::apply(parser))
+        return WorkFailed;
     qxSession session(parser.isSet(QStringLiteral("trace")));
     const QString file = parser.positionalArguments().first();
     if (!session.open(file))

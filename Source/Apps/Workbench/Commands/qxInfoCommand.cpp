@@ -53,6 +53,8 @@ QList<Fact> facts(const qxSceneFileInfo &info)
         {"extensionsUsed", "extensions", QJsonArray::fromStringList(info.extensionsUsed)},
         {"extensionsNotUnderstood", "of these kept, not shown",
          QJsonArray::fromStringList(info.extensionsNotUnderstood)},
+        {"extensionsMissing", "required, but not shown",
+         QJsonArray::fromStringList(info.extensionsMissing)},
         {"picturesNotShown", "pictures kept, not shown", hiddenPictures(info)},
         {"groups", "variant groups", int(qxVariants::_variantGroups.size())},
         {"sets", "variant sets", int(qxVariants::_variantSets.size())},

@@ -3,6 +3,7 @@
 
 #include "Report/qxOutput.h"
 #include "Session/qxInterrupt.h"
+#include "Session/qxPictureOptions.h"
 #include "Session/qxSession.h"
 #include "Session/qxSetPreviews.h"
 #include "qxCommand.h"
@@ -14,15 +15,16 @@ namespace {
 
 QList<QCommandLineOption> previewsOptions()
 {
-    return {{QStringLiteral("stale"),
-             QStringLiteral("Replaces every preview that does not show its set as it is now.")},
-            {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
-            qxCommands::scriptsOption(),
-            qxCommands::noScriptsOption(),
-            qxSetPreviews::qualityOption(),
-            qxCommands::saveOption(),
-            qxCommands::jsonOption(),
-            qxCommands::traceOption()};
+    return QList<QCommandLineOption>{
+               {QStringLiteral("stale"),
+                QStringLiteral("Replaces every preview that does not show its set as it is now.")},
+               {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
+               qxCommands::scriptsOption(),
+               qxCommands::noScriptsOption(),
+               qxCommands::saveOption(),
+               qxCommands::jsonOption(),
+               qxCommands::traceOption()}
+    + qxPictureOptions::all();
 }
 
 int runPreviews(const QCommandLineParser &parser)
@@ -34,8 +36,10 @@ int runPreviews(const QCommandLineParser &parser)
                                     ? QStringLiteral("--stale and --all do not go together")
                                     : QStringLiteral("previews needs --save OUT"),
                                 WrongUse);
-    if (!qxSetPreviews::isQualityKnown(parser))
+    if (!qxPictureOptions::areKnown(parser))
         return WrongUse;
+    if (!qxPictureOptions::apply(parser))
+        return WorkFailed;
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;

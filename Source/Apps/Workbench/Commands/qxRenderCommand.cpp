@@ -6,6 +6,7 @@
 #include "Report/qxPictureHint.h"
 #include "Report/qxProgress.h"
 #include "Session/qxInterrupt.h"
+#include "Session/qxPictureOptions.h"
 #include "Session/qxSession.h"
 #include "Session/qxSetPreviews.h"
 #include "qxCameraService.h"
@@ -48,7 +49,7 @@ struct Job {
 
 QList<QCommandLineOption> renderOptions()
 {
-    QList<QCommandLineOption> options{
+    const QList<QCommandLineOption> own{
         {QStringLiteral("set"), QStringLiteral("Selects this set before."), QStringLiteral("NAME")},
         {QStringLiteral("all"),
          QStringLiteral("Makes a picture of every set, each selected in the scene as it is in the "
@@ -60,7 +61,6 @@ QList<QCommandLineOption> renderOptions()
          QStringLiteral("Width and height of a picture in pixels, such as 1280x720, which is the "
                         "default; 384x256 on a sheet."),
          QStringLiteral("WxH")},
-        qxSetPreviews::qualityOption(),
         {QStringLiteral("out"),
          QStringLiteral("The picture, a PNG, - for standard output; with --all a folder or a PNG, "
                         "with --turntable a folder."),
@@ -70,7 +70,7 @@ QList<QCommandLineOption> renderOptions()
         qxCommands::noScriptsOption(),
         qxCommands::traceOption(),
     };
-    return options + qxRenderMoment::options();
+    return own + qxRenderMoment::options() + qxPictureOptions::all();
 }
 
 /// An empty size for a text that is none.
@@ -244,8 +244,10 @@ int runRender(const QCommandLineParser &parser)
     const int code = readJob(parser, job);
     if (code != Success)
         return code;
-    if (!qxSetPreviews::isQualityKnown(parser))
+    if (!qxPictureOptions::areKnown(parser, qxPictureOptions::MayBeTransparent))
         return WrongUse;
+    if (!qxPictureOptions::apply(parser))
+        return WorkFailed;
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(parser.positionalArguments().first()))
         return WorkFailed;

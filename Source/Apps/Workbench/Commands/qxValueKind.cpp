@@ -24,6 +24,7 @@ const qxValueKind valueKinds[] = {
     {"STATE", "Name of one of its states.", qxValueKind::Word, ""},
     {"COMMAND", "Name of a command.", qxValueKind::Word, ""},
     {"OUT", nullptr, qxValueKind::File, "gltf|glb"},
+    {"PICTURE", nullptr, qxValueKind::File, "hdr|pic|exr"},
     {"XML", nullptr, qxValueKind::File, "xml"},
     {"CSV", nullptr, qxValueKind::File, "csv"},
     {"PNG|DIR", nullptr, qxValueKind::FileOrFolder, "png"},

@@ -21,23 +21,6 @@
 
 #include <memory>
 
-QCommandLineOption qxSetPreviews::qualityOption()
-{
-    return {QStringLiteral("quality"),
-            QStringLiteral("Hard light and jagged edges, or soft shadows, which take longer and "
-                           "are the default."),
-            QStringLiteral("quick|best")};
-}
-
-bool qxSetPreviews::isQualityKnown(const QCommandLineParser &parser)
-{
-    const QString quality = parser.value(QStringLiteral("quality"));
-    if (quality.isEmpty() || quality == QLatin1String("quick") || quality == QLatin1String("best"))
-        return true;
-    qxOutput::error(QStringLiteral("--quality is quick or best, not \"%1\"").arg(quality));
-    return false;
-}
-
 void qxSetPreviews::prepare(const QCommandLineParser &parser, int bestSamples)
 {
     qxOSGWidget::setRaytracing(parser.value(QStringLiteral("quality")) != QLatin1String("quick"));

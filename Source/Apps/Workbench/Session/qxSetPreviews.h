@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QCommandLineOption>
 #include <QMap>
 #include <QStringList>
 
@@ -13,12 +12,9 @@ class qxVariantSet;
 /// Shows sets one after the other, each selected in the present scene.
 namespace qxSetPreviews {
 
-QCommandLineOption qualityOption();
-/// Whether the option has a valid value; prints an error otherwise.
-bool isQualityKnown(const QCommandLineParser &parser);
-/// Sets ray tracing as the option asks, and looks from the scene's first viewpoint, if there is
-/// one: pictures show that view unless a set or another option leads elsewhere. `bestSamples` is
-/// what the best quality stands for (qxPictureSettings::quality).
+/// Sets ray tracing as the option --quality asks, and looks from the scene's first viewpoint, if
+/// there is one: pictures show that view unless a set or another option leads elsewhere.
+/// `bestSamples` is what the best quality stands for (qxPictureSettings::quality).
 void prepare(const QCommandLineParser &parser, int bestSamples = -1);
 
 /// Receives the name of the next set; returns false to end the work.

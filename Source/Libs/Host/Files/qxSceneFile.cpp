@@ -2,7 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
-#include "Files/Gltf/Read/qxGltfCheck.h"
+#include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
 #include "Files/Gltf/Read/qxGltfSceneBuilder.h"
@@ -70,22 +70,13 @@ std::vector<qxFileStamp> stampsOf(const qxGltfModel &model)
     std::vector<qxFileStamp> stamps(model.buffers.size());
     for (std::size_t i = 0; i < stamps.size(); ++i) {
         const qxJson &uri = qxGltfMember(model.document.json["buffers"][i], "uri");
-        if (!uri.is_string() || qxGltfIsDataUri(uri.get_ref<const std::string &>()))
+        if (model.buffers[i].isNull() || !uri.is_string()
+            || qxGltfIsDataUri(uri.get_ref<const std::string &>()))
             continue;
         const QString name = qxGltfRelativePath(uri.get<std::string>());
         stamps[i] = qxFileStamp(QDir(model.document.folder()).filePath(name), model.buffers[i]);
     }
     return stamps;
-}
-
-QStringList textsOf(const qxJson &list)
-{
-    QStringList texts;
-    for (const qxJson &text : list) {
-        if (text.is_string())
-            texts << qxText::fromUtf8(text.get<std::string>());
-    }
-    return texts;
 }
 
 QString assetText(const qxJson &document, const char *name)
@@ -104,17 +95,15 @@ qxSceneFileInfo infoOf(const qxGltfModel &model)
     info.scenes = count("scenes");
     info.nodes = count("nodes");
     info.meshes = count("meshes");
-    info.triangles = qxGltfTriangles(model);
+    info.triangles = qxGltfTriangles(json);
     info.materials = count("materials");
     info.textures = count("textures");
     info.cameras = count("cameras");
     info.animations = count("animations");
-    info.extensionsUsed = textsOf(qxGltfSection(json, "extensionsUsed"));
-    info.extensionsRequired = textsOf(qxGltfSection(json, "extensionsRequired"));
-    for (const QString &name : info.extensionsUsed) {
-        if (!qxGltfUnderstoodExtensions().contains(name))
-            info.extensionsNotUnderstood << name;
-    }
+    info.extensionsUsed = qxGltfExtensionNames(json, "extensionsUsed");
+    info.extensionsRequired = qxGltfExtensionNames(json, "extensionsRequired");
+    info.extensionsNotUnderstood = qxGltfNotUnderstood(json, "extensionsUsed");
+    info.extensionsMissing = qxGltfNotUnderstood(json, "extensionsRequired");
     info.hiddenPictures = qxGltfHiddenPictures(qxGltfSection(json, "materials"));
     return info;
 }

@@ -23,8 +23,9 @@ struct qxSceneFileInfo {
     int cameras = 0; ///< as the file lists them
     int animations = 0; ///< as the file lists them
     QStringList extensionsUsed; ///< as the file states them
-    QStringList extensionsRequired; ///< those without which it cannot be read
+    QStringList extensionsRequired; ///< those that the file cannot do without
     QStringList extensionsNotUnderstood; ///< used by the file, kept, but not shown
+    QStringList extensionsMissing; ///< likewise, of those that it requires
     /// Kinds of pictures that are kept, but not shown: how many materials have one.
     QMap<QString, int> hiddenPictures;
 };

@@ -5,8 +5,8 @@
 
 OSG_BEGIN_NAMESPACE
 
-/// Attachment of an image without pixels: the bytes of its PNG or JPEG. Read and written through
-/// qxEncodedPicture.
+/// Attachment of an image without pixels: the bytes of its PNG, JPEG or WebP. Read and written
+/// through qxEncodedPicture.
 struct EncodedPictureDesc {
     typedef SFString FieldTypeT;
 

@@ -22,22 +22,36 @@ void turnUpsideDown(QImage &image)
                          image.scanLine(bottom));
 }
 
+/// What the bytes begin with. Qt would have every plugin look whether they are for it.
+QByteArray formatOf(const QByteArray &bytes)
+{
+    if (bytes.startsWith("\x89PNG\r\n\x1A\n"))
+        return "png";
+    if (bytes.startsWith("\xFF\xD8\xFF"))
+        return "jpeg";
+    return bytes.startsWith("RIFF") && bytes.mid(8, 4) == "WEBP" ? "webp" : QByteArray();
+}
+
 } // namespace
 
 qxEncodedPicture::qxEncodedPicture(const QByteArray &bytes) : m_bytes(bytes)
 {
+    const QByteArray known = formatOf(bytes);
+    if (known.isEmpty()) {
+        m_flaw = qxFileText::tr("it is neither PNG, JPEG nor WebP");
+        return;
+    }
     QBuffer buffer(&m_bytes);
-    QImageReader reader(&buffer);
+    QImageReader reader(&buffer, known);
+    reader.setAutoDetectImageFormat(false);
     m_size = reader.size();
-    if (reader.format() != "png" && reader.format() != "jpeg")
-        m_flaw = qxFileText::tr("it is neither PNG nor JPEG");
-    else if (m_size.isEmpty())
+    if (m_size.isEmpty())
         m_flaw = reader.errorString();
     else if (m_size.width() > _maxSide || m_size.height() > _maxSide)
         m_flaw = qxFileText::tr("it is too large");
     const QImage::Format format = reader.imageFormat();
-    m_isPlain = reader.format() == "png" && format != QImage::Format_RGBA64
-        && format != QImage::Format_RGBX64;
+    m_isPlain =
+        known == "png" && format != QImage::Format_RGBA64 && format != QImage::Format_RGBX64;
 }
 
 /// With all smaller sizes a third more. Sixteen bits per channel are there beside the eight that
@@ -73,7 +87,8 @@ QImage qxEncodedPicture::pixels(const osg::ImagePtr &image)
     const std::string &text = attachment->getField().getValue();
     QByteArray bytes = QByteArray::fromRawData(text.data(), int(text.size()));
     QBuffer buffer(&bytes);
-    QImageReader reader(&buffer);
+    QImageReader reader(&buffer, formatOf(bytes));
+    reader.setAutoDetectImageFormat(false);
     QImage picture = reader.read().convertToFormat(QImage::Format_RGBA8888);
     if (picture.isNull()) {
         const QString said = qxFileText::tr("%1 is left out: %2")

@@ -11,11 +11,13 @@ namespace {
 
 constexpr int DotsPerMeter = 3780; ///< written down in the file; that of a screen would differ
 
-std::string pngOf(const qxPicture &picture)
+std::string pngOf(const qxPicture &picture, bool isOpaque)
 {
     const QImage bottomFirst(picture.rgba.data(), picture.width, picture.height, picture.width * 4,
                              QImage::Format_RGBA8888);
-    QImage image = bottomFirst.mirrored().convertToFormat(QImage::Format_RGB888);
+    QImage image = bottomFirst.mirrored();
+    if (isOpaque)
+        image = image.convertToFormat(QImage::Format_RGB888);
     image.setDotsPerMeterX(DotsPerMeter);
     image.setDotsPerMeterY(DotsPerMeter);
     QBuffer buffer;
@@ -51,11 +53,12 @@ std::string qxImageWriter::exportImageFast()
     settings.width = m_width;
     settings.height = m_height;
     settings.quality = qxScenePicture::quality();
+    const bool isOpaque = settings.view.background != qxViewSettings::None;
     const qxPicture::Progress progress = m_isSilent ? qxPicture::Progress() : shownProgress();
     const qxPicture picture = qxScenePicture::render(settings, progress);
     if (picture.isEmpty() && progress)
         progress(1, 1);
-    return picture.isEmpty() ? std::string() : pngOf(picture);
+    return picture.isEmpty() ? std::string() : pngOf(picture, isOpaque);
 }
 
 void qxImageWriter::exportImageFastTerminate()

@@ -15,6 +15,7 @@ const int _bestSamples = 32;
 const int _sampleStep = 8;
 const int _fewestToFilter = 4; ///< samples that tell noise from what is there
 const float _tooMuchNoise = 12.0f / 255.0f; ///< for the filter, in the colours of the picture
+const float _brightestSample = 4.0f;
 
 int samplesOf(const qxPictureSettings &settings)
 {
@@ -23,19 +24,11 @@ int samplesOf(const qxPictureSettings &settings)
     return settings.quality < 0 ? _bestSamples : settings.quality;
 }
 
-/// From the left above the eye, for scenes that have no light at all.
-qxRenderLight headLight(const qxRenderCamera &camera)
+bool hasGround(qxViewSettings::Ground wanted, const qxRenderGroup &shown)
 {
-    qxRenderLight light;
-    light.direction = qxUnit(camera.right() * 0.45f - camera.up() * 0.6f - camera.back());
-    light.light = osg::Vec3f(1.2f, 1.2f, 1.2f);
-    light.shadow = false;
-    return light;
-}
-
-osg::Vec3f notNegative(const osg::Vec3f &light)
-{
-    return osg::Vec3f(std::max(light[0], 0.0f), std::max(light[1], 0.0f), std::max(light[2], 0.0f));
+    if (wanted == qxViewSettings::NoGround || shown.bounds().isEmpty())
+        return false;
+    return wanted == qxViewSettings::AlwaysGround || !qxShadowGround::isFloor(shown);
 }
 
 /// Pixels of many samples come in small tiles: one that is begun is finished before a picture is
@@ -46,38 +39,16 @@ int tileOf(int samples)
     return std::max(1, int(float(_largestTile) * share));
 }
 
-/// The light of an environment in a few words: what comes from below and from above on average, as
-/// the middle of the scene gets it.
-qxSky skyOf(const qxTracer &environment, const qxBox &scene)
-{
-    const int count = 256;
-    osg::Vec3f sums[2];
-    for (int i = 0; i < count; ++i) {
-        qxSampler sampler(0, std::uint32_t(i));
-        const osg::Vec2f place = sampler.nextPair();
-        const float height = 2.0f * place[0] - 1.0f;
-        const float radius = std::sqrt(1.0f - height * height);
-        const float angle = 6.2831853f * place[1];
-        qxRay ray;
-        ray.origin = scene.isEmpty() ? osg::Vec3f() : scene.centre();
-        ray.direction = osg::Vec3f(radius * std::cos(angle), height, radius * std::sin(angle));
-        sums[height > 0.0f] += environment.trace(ray, sampler).radiance * (2.0f / float(count));
-    }
-    // The halves' averages are those at half the height.
-    const osg::Vec3f difference = (sums[1] - sums[0]) * 0.5f;
-    return qxSky(notNegative(sums[0] - difference), notNegative(sums[1] + difference));
-}
-
 } // namespace
 
 /// What one ray finds.
-struct qxPainter::Sample {
-    osg::Vec3f light; ///< as the picture shows it
+struct qxPainter::Sample : Layers {
+    osg::Vec3f scattered; ///< light by random ways
     osg::Vec3f colour; ///< own one of what is seen
     osg::Vec3f normal;
-    int sides; ///< of surfaces
-    float distance; ///< as that of qxTracer::RayResult, of the nearest overlay where one is
-    bool isInFront; ///< there is one
+    int sides = qxTracer::Nothing; ///< of surfaces
+    float distance = 0; ///< as that of qxTracer::RayResult, of the nearest overlay where one is
+    bool isInFront = false; ///< there is one
 };
 
 /// What the samples of a pixel have in common.
@@ -85,42 +56,63 @@ class qxPainter::Average {
 public:
     void add(const Sample &sample)
     {
-        m_light += sample.light;
+        m_layers.light += limited(sample.light);
+        m_layers.plain += sample.plain;
+        m_layers.lit += sample.lit;
+        m_layers.open += sample.open;
+        m_scattered += limited(sample.scattered);
         m_colour += sample.colour;
         m_normal += sample.normal;
-        const osg::Vec3f look = root(sample.light);
-        m_look += look;
-        m_squares += look.squareLength();
+        const osg::Vec3f light =
+            qxPictureFilter::withoutColour(limited(sample.scattered), sample.colour);
+        m_incoming += light;
+        m_squares += light.squareLength();
         m_count += 1.0f;
         m_sides |= sample.sides;
     }
     int sides() const { return m_sides; }
-    osg::Vec3f light() const { return m_light * (1.0f / m_count); }
+    int count() const { return int(m_count); }
     qxPictureFilter::Pixel pixel() const
     {
-        return {light(), variance(), m_colour * (1.0f / m_count), m_normal * (1.0f / m_count)};
+        const float share = 1.0f / m_count;
+        return {m_scattered * share, variance(), m_colour * share, m_normal * share};
     }
-    int count() const { return int(m_count); }
-    /// How far off it probably is, squared, in shares of white as a picture shows them; mean of the
-    /// channels.
+    Layers layers() const
+    {
+        const float share = 1.0f / m_count;
+        return {m_layers.light * share, m_layers.plain * share, m_layers.lit * share,
+                m_layers.open * share};
+    }
+    osg::Vec3f scattered() const { return m_scattered * (1.0f / m_count); }
+    /// How far off its light without the colour probably is, squared; mean of the channels.
     float variance() const
     {
-        const float ofSums = m_squares - m_look.squareLength() / m_count;
-        return std::max(0.0f, ofSums) / (3.0f * m_count * (m_count - 1.0f));
+        const float ofSums = m_squares - m_incoming.squareLength() / m_count;
+        return std::max(0.0f, ofSums) / (3.0f * m_count * std::max(m_count - 1.0f, 1.0f));
+    }
+    /// The same of the light, in shares of white as a picture shows it.
+    float shownVariance() const
+    {
+        const float share = 1.0f / m_count;
+        const float colour = qxPeak(m_colour) * share;
+        const float shown = qxPeak(m_layers.light + m_scattered) * share;
+        return variance() * colour * colour / (4.0f * std::max(shown, 0.01f));
     }
 
 private:
-    static osg::Vec3f root(const osg::Vec3f &light)
+    /// A few samples that are brighter would be spots and jagged edges.
+    static osg::Vec3f limited(const osg::Vec3f &light)
     {
-        const auto one = [](float x) { return std::sqrt(std::clamp(x, 0.0f, 1.0f)); };
-        return osg::Vec3f(one(light[0]), one(light[1]), one(light[2]));
+        const float peak = qxPeak(light);
+        return peak > _brightestSample ? light * (_brightestSample / peak) : light;
     }
 
-    osg::Vec3f m_light;
+    Layers m_layers;
+    osg::Vec3f m_scattered;
     osg::Vec3f m_colour;
     osg::Vec3f m_normal;
-    osg::Vec3f m_look; ///< sum of the light's roots, which differences look like
-    float m_squares = 0.0f; ///< of these roots, all channels
+    osg::Vec3f m_incoming; ///< sum of the scattered light without the colours
+    float m_squares = 0.0f; ///< of it, all channels
     float m_count = 0.0f;
     int m_sides = qxTracer::Nothing;
 };
@@ -133,36 +125,41 @@ qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settin
       m_clipping(qxClipping::the(), scene.shown().bounds()), m_noClipping(qxClipping(), qxBox()),
       m_contour(scene.shown(), m_clipping, m_camera, settings.width, settings.height),
       m_contourLight(qxLightOf(m_clipping.settings().contourColor)),
-      m_top(qxLightOf(settings.backgroundTop)), m_bottom(qxLightOf(settings.backgroundBottom)),
-      m_lights(scene.lights()),
-      // With lights of its own a scene gets less light from the room around it.
-      m_sky(qxSky::room(m_lights.isEmpty() ? 0.9f : 0.4f))
+      m_background(scene, settings.view), m_lights(scene.lights()),
+      m_exposure(std::exp2(settings.view.exposure))
 {
     m_lights.expose(scene.shown().bounds());
-    if (m_lights.isEmpty())
-        m_lights.on.push_back(headLight(m_camera));
-    if (!scene.environment().instances().empty()) {
-        m_environment = std::make_unique<qxTracer>(
-            tracerScene(scene.environment(), qxTracer::Flat, m_noClipping));
-        m_sky = skyOf(*m_environment, scene.shown().bounds());
-    }
-    const qxTracer::Mode mode = m_rayTracing ? qxTracer::RayTracing : qxTracer::HardLight;
-    m_tracer = std::make_unique<qxTracer>(tracerScene(scene.shown(), mode, m_clipping));
+    if (m_background.hasGeometry())
+        m_environment =
+            std::make_unique<qxTracer>(tracerScene(scene.environment(), false, m_noClipping));
+    const qxTracer::Scene lit = tracerScene(scene.shown(), true, m_clipping);
+    if (m_rayTracing)
+        m_tracer = std::make_unique<qxPathTracer>(lit);
+    else
+        m_tracer = std::make_unique<qxTracer>(lit);
+    if (hasGround(settings.view.ground, m_shown) && !m_clipping.hidesScene())
+        m_ground = std::make_unique<qxShadowGround>(
+            qxShadowGround::Scene{*m_tracer, m_shown.bounds(), m_lights, m_background.sky()},
+            m_rayTracing);
     for (const auto &overlay : scene.overlays())
-        m_overlays.emplace_back(tracerScene(*overlay.second, qxTracer::Flat, m_noClipping));
+        m_overlays.emplace_back(tracerScene(*overlay.second, false, m_noClipping));
     if (m_samples >= _fewestToFilter)
         m_filter = std::make_unique<qxPictureFilter>(settings.width, settings.height);
     m_picture.width = settings.width;
     m_picture.height = settings.height;
-    m_picture.rgba.resize(std::size_t(settings.width) * std::size_t(settings.height) * 4);
+    const std::size_t pixels = std::size_t(settings.width) * std::size_t(settings.height);
+    if (m_filter)
+        m_layers.resize(pixels);
+    m_picture.rgba.resize(pixels * 4);
 }
 
-qxTracer::Scene qxPainter::tracerScene(const qxRenderGroup &group, qxTracer::Mode mode,
+qxTracer::Scene qxPainter::tracerScene(const qxRenderGroup &group, bool isLit,
                                        const qxRenderClipping &clipping) const
 {
     // Several rays share a pixel.
     const float rayWidth = 1.0f / std::sqrt(float(std::min(m_samples, _sampleStep)));
-    return {group, m_lights, clipping, m_camera, m_sky, mode, rayWidth, m_environment.get()};
+    return {group, m_lights, clipping,           m_camera, m_background.sky(),
+            isLit, rayWidth, m_environment.get()};
 }
 
 int qxPainter::tileCount() const
@@ -174,18 +171,27 @@ qxPicture qxPainter::paint(const qxPicture::Progress &progress)
 {
     const int tiles = tileCount();
     const int bands = m_filter ? m_filter->bandCount() : 0;
-    const auto tell = [&](int done) { return !progress || progress(done, tiles + bands); };
-    const auto paintTile = [this](int tile) { this->paintTile(tile); };
-    if (!tell(0) || !qxForAllTiles(tiles, m_settings.threads, paintTile, tell))
+    const int rows = m_ground ? m_ground->rowCount() : 0;
+    const int total = rows + tiles + bands * qxPictureFilter::passes;
+    int done = 0;
+    const auto tell = [&](int more) { return !progress || progress(done + more, total); };
+    const auto forAll = [&](int count, const std::function<void(int)> &work) {
+        const bool isFinished = qxForAllTiles(count, m_settings.threads, work, tell);
+        done += count;
+        return isFinished;
+    };
+    if (!tell(0) || !forAll(rows, [this](int row) { m_ground->fillRow(row); })
+        || !forAll(tiles, [this](int tile) { paintTile(tile); }))
         return qxPicture();
     m_picture.content = content();
-    if (!m_filter)
-        return std::move(m_picture);
-    m_filter->prepare();
-    const auto filterBand = [this](int band) { this->filterBand(band); };
-    const auto tellBands = [&](int done) { return tell(tiles + done); };
-    const bool finished = qxForAllTiles(bands, m_settings.threads, filterBand, tellBands);
-    return finished ? std::move(m_picture) : qxPicture();
+    for (int pass = 0; m_filter && pass < qxPictureFilter::passes; ++pass) {
+        m_filter->prepare(pass);
+        if (!forAll(bands, [this, pass](int band) { m_filter->filterBand(pass, band); }))
+            return qxPicture();
+    }
+    if (m_filter)
+        showFiltered();
+    return std::move(m_picture);
 }
 
 void qxPainter::paintTile(int tile)
@@ -253,7 +259,7 @@ std::vector<bool> qxPainter::noisyOnes(const std::vector<Average> &pixels, int w
             float count = 0.0f;
             for (int j = std::max(0, y - reach); j < std::min(height, y + reach + 1); ++j) {
                 for (int i = std::max(0, x - reach); i < std::min(width, x + reach + 1); ++i) {
-                    sum += pixels[std::size_t(j * width + i)].variance();
+                    sum += pixels[std::size_t(j * width + i)].shownVariance();
                     count += 1.0f;
                 }
             }
@@ -272,29 +278,40 @@ void qxPainter::addSamples(int x, int y, int count, Average &pixel) const
 
 void qxPainter::finish(int x, int y, const Average &pixel)
 {
-    if (m_filter)
-        m_filter->set(x, y, pixel.pixel());
-    else
-        show(x, y, pixel.light());
+    if (!m_filter)
+        return show(x, y, pixel.layers(), pixel.scattered());
+    m_filter->set(x, y, pixel.pixel());
+    m_layers[place(x, y)] = pixel.layers();
 }
 
-void qxPainter::filterBand(int band)
+void qxPainter::showFiltered()
 {
-    m_filter->filterBand(band);
-    for (int y = m_filter->firstRow(band); y < m_filter->firstRow(band + 1); ++y) {
+    for (int y = 0; y < m_settings.height; ++y) {
         for (int x = 0; x < m_settings.width; ++x)
-            show(x, y, m_filter->light(x, y));
+            show(x, y, m_layers[place(x, y)], m_filter->light(x, y));
     }
 }
 
-void qxPainter::show(int x, int y, const osg::Vec3f &light)
+osg::Vec3f qxPainter::shownColour(const Layers &layers, const osg::Vec3f &scattered,
+                                  float &alpha) const
 {
-    const osg::Vec3f colour = qxShownColour(light);
-    const std::size_t place = std::size_t(y) * std::size_t(m_settings.width) + std::size_t(x);
-    std::uint8_t *const bytes = &m_picture.rgba[place * 4];
+    osg::Vec3f shown = layers.plain;
+    if (layers.lit > 0.0f) {
+        const osg::Vec3f light = layers.light + scattered;
+        shown += qxToneMapped(light * (m_exposure / layers.lit)) * layers.lit;
+    }
+    alpha = std::clamp(1.0f - layers.open, 0.0f, 1.0f);
+    return qxShownColour(alpha > 0.0f ? shown * (1.0f / alpha) : shown);
+}
+
+void qxPainter::show(int x, int y, const Layers &layers, const osg::Vec3f &scattered)
+{
+    float alpha;
+    const osg::Vec3f colour = shownColour(layers, scattered, alpha);
+    std::uint8_t *const bytes = &m_picture.rgba[place(x, y) * 4];
     for (osg::UInt32 i = 0; i < 3; ++i)
         bytes[i] = std::uint8_t(std::lround(colour[i] * 255.0f));
-    bytes[3] = 255;
+    bytes[3] = std::uint8_t(std::lround(alpha * 255.0f));
 }
 
 /// One of a pixel's samples.
@@ -306,27 +323,35 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     const osg::Vec2f shift = m_samples > 1 ? sampler.nextPair() : osg::Vec2f(0.5f, 0.5f);
     const qxRay ray = m_camera.ray(float(x) + shift[0], float(y) + shift[1]);
     const qxTracer::RayResult seen = m_tracer->trace(ray, sampler);
-    const osg::Vec3f behind = seen.transmittance > 0.0f
-        ? background(ray, float(y) + shift[1], sampler) * seen.transmittance
-        : osg::Vec3f();
-    Sample result = {seen.radiance + behind,
-                     seen.colour + behind,
-                     seen.normal,
-                     seen.sides,
-                     seen.distance,
-                     false};
-    if (m_rayTracing)
-        result.light = qxToneMapped(result.light);
+    Sample result;
+    result.light = seen.radiance - seen.scattered;
+    result.scattered = seen.scattered;
+    result.lit = seen.lit;
+    result.plain = seen.plain;
+    const float behind = seen.transmittance;
+    const float ground = m_ground && behind > 0.0f ? m_ground->through(ray) : 1.0f;
+    if (behind > 0.0f)
+        m_background.add(ray, (float(y) + shift[1]) / float(m_settings.height), behind * ground,
+                         m_environment.get(), result);
+    result.colour = seen.colour;
+    result.normal = seen.normal;
+    result.sides = seen.sides;
+    const bool isGround = ground < 1.0f && !std::isfinite(seen.distance);
+    result.distance = isGround ? m_ground->distanceAlong(ray) : seen.distance;
     const auto cover = [&result](const osg::Vec3f &light, float through) {
-        result.light = light + result.light * through;
-        result.colour = light + result.colour * through;
+        result.plain = light + result.plain * through;
+        result.light *= through;
+        result.scattered *= through;
+        result.colour *= through;
+        result.lit *= through;
+        result.open *= through;
     };
     const qxContour::Pixel line = m_contour.at(x, y);
     if (line.cover > 0.0f && line.distance <= seen.distance * 1.002f)
         cover(m_contourLight * line.cover, 1.0f - line.cover);
     for (const qxTracer &overlay : m_overlays) {
         const qxTracer::RayResult front = overlay.trace(ray, sampler);
-        cover(front.radiance, front.transmittance);
+        cover(front.plain, front.transmittance);
         result.sides |= front.sides & qxTracer::Front;
         result.isInFront = result.isInFront || std::isfinite(front.distance);
         if (std::isfinite(front.distance))
@@ -335,26 +360,26 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     return result;
 }
 
+void qxPainter::prepareSpots()
+{
+    const auto fillRow = [this](int row) { m_ground->fillRow(row); };
+    if (m_ground)
+        qxForAllTiles(m_ground->rowCount(), m_settings.threads, fillRow, [](int) { return true; });
+}
+
 qxPainter::Spot qxPainter::spot(int x, int y)
 {
     const Sample seen = sample(x, y, 0);
     if ((m_sides | seen.sides) != m_sides)
         m_sides |= seen.sides;
-    return {qxShownColour(seen.light), seen.distance, seen.isInFront};
+    float alpha;
+    return {shownColour(seen, seen.scattered, alpha), seen.distance, seen.isInFront};
 }
 
 osg::Vec3f qxPainter::plainBackground(int y) const
 {
-    return qxShownColour(qxMixed(m_bottom, m_top, (float(y) + 0.5f) / float(m_settings.height)));
-}
-
-osg::Vec3f qxPainter::background(const qxRay &ray, float y, qxSampler &sampler) const
-{
-    const osg::Vec3f plain = qxMixed(m_bottom, m_top, y / float(m_settings.height));
-    if (!m_environment)
-        return plain;
-    qxRay endless = ray;
-    endless.far = std::numeric_limits<float>::infinity();
-    const qxTracer::RayResult seen = m_environment->trace(endless, sampler);
-    return seen.radiance + plain * seen.transmittance;
+    Layers layers;
+    m_background.add(qxRay(), (float(y) + 0.5f) / float(m_settings.height), 1.0f, nullptr, layers);
+    float alpha;
+    return shownColour(layers, osg::Vec3f(), alpha);
 }

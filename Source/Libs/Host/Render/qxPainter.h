@@ -1,10 +1,12 @@
 #pragma once
 
+#include "Render/qxBackground.h"
 #include "Render/qxContour.h"
+#include "Render/qxPathTracer.h"
 #include "Render/qxPicture.h"
 #include "Render/qxPictureFilter.h"
 #include "Render/qxRenderScene.h"
-#include "Render/qxTracer.h"
+#include "Render/qxShadowGround.h"
 
 #include <atomic>
 
@@ -17,8 +19,9 @@ public:
     /// An empty picture when `progress` ends it.
     qxPicture paint(const qxPicture::Progress &progress);
 
-    /// \name For quick pictures that are put together elsewhere: single pixels, from any thread.
-    /// @{
+    /// \name For quick pictures that are put together elsewhere: single pixels, once prepared, from
+    /// any thread. @{
+    void prepareSpots();
     /// What the ray through the middle of a pixel sees.
     struct Spot {
         osg::Vec3f colour; ///< as the picture shows it
@@ -29,7 +32,7 @@ public:
     const qxRenderCamera &camera() const { return m_camera; }
     /// Whether what is behind the scene is the same in a whole row, wherever the camera looks, and
     /// what it is there.
-    bool hasPlainBackground() const { return !m_environment; }
+    bool hasPlainBackground() const { return m_background.isPlain(); }
     osg::Vec3f plainBackground(int y) const;
     /// What the spots show so far.
     qxPicture::Content content() const;
@@ -38,8 +41,9 @@ public:
 private:
     struct Sample;
     class Average;
+    typedef qxBackground::Layers Layers; ///< what is in a pixel besides random light
 
-    qxTracer::Scene tracerScene(const qxRenderGroup &group, qxTracer::Mode mode,
+    qxTracer::Scene tracerScene(const qxRenderGroup &group, bool isLit,
                                 const qxRenderClipping &clipping) const;
     int tileCount() const;
     void paintTile(int tile);
@@ -47,9 +51,13 @@ private:
     void addSamples(int x, int y, int count, Average &pixel) const;
     void finish(int x, int y, const Average &pixel);
     Sample sample(int x, int y, int number) const;
-    osg::Vec3f background(const qxRay &ray, float y, qxSampler &sampler) const;
-    void filterBand(int band);
-    void show(int x, int y, const osg::Vec3f &light);
+    void showFiltered();
+    osg::Vec3f shownColour(const Layers &layers, const osg::Vec3f &scattered, float &alpha) const;
+    void show(int x, int y, const Layers &layers, const osg::Vec3f &scattered);
+    std::size_t place(int x, int y) const
+    {
+        return std::size_t(y) * std::size_t(m_settings.width) + std::size_t(x);
+    }
 
     const qxRenderGroup &m_shown;
     const qxPictureSettings m_settings;
@@ -62,14 +70,15 @@ private:
     const qxRenderClipping m_noClipping;
     const qxContour m_contour;
     const osg::Vec3f m_contourLight;
-    const osg::Vec3f m_top;
-    const osg::Vec3f m_bottom;
+    const qxBackground m_background;
     qxRenderLights m_lights;
-    qxSky m_sky;
+    const float m_exposure; ///< factor of all light
     std::unique_ptr<qxTracer> m_environment; ///< null without
     std::unique_ptr<qxTracer> m_tracer;
+    std::unique_ptr<qxShadowGround> m_ground; ///< null without
     std::vector<qxTracer> m_overlays; ///< the farthest first
     std::unique_ptr<qxPictureFilter> m_filter; ///< null when pixels are shown as they come
+    std::vector<Layers> m_layers; ///< of each pixel, with a filter
     std::atomic<int> m_sides{qxTracer::Nothing}; ///< sides of surfaces, by any ray of the eye
     qxPicture m_picture;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <OpenSG/OSGColor.h>
+#include "Render/qxViewSettings.h"
 
 #include <cstdint>
 #include <functional>
@@ -18,11 +18,7 @@ struct qxPictureSettings {
     /// Quick: one sample per pixel in hard light. Above 0: ray tracing with so many samples per
     /// pixel, soft shadows and reflections. Best: ray tracing with as many samples as help.
     int quality = Quick;
-    ///@{
-    /// Behind the scene, from the upper to the lower edge; sRGB.
-    osg::Color3f backgroundTop = osg::Color3f(0.88f, 0.9f, 0.92f);
-    osg::Color3f backgroundBottom = osg::Color3f(0.64f, 0.66f, 0.69f);
-    ///@}
+    qxViewSettings view = qxViewSettings::the(); ///< light and background
     int threads = 0; ///< 0 for one per processor; the picture is the same with any number
 };
 
@@ -48,6 +44,8 @@ struct qxPicture {
 
     int width = 0; ///< in pixels
     int height = 0; ///< in pixels
-    std::vector<std::uint8_t> rgba; ///< four bytes per pixel, opaque, bottom row first, sRGB
+    std::vector<std::uint8_t> rgba; ///< four bytes per pixel, bottom row first: sRGB that
+                                    ///< is not multiplied by alpha, and alpha, which is 255 but
+                                    ///< for qxViewSettings::None
     Content content = Shown; ///< what `rgba` shows
 };

@@ -32,13 +32,19 @@ osg::Vec3f qxShownColour(const osg::Vec3f &light)
 
 osg::Vec3f qxToneMapped(const osg::Vec3f &light)
 {
-    const float start = 0.8f;
-    const float room = 1.0f - start;
-    const float peak = qxPeak(light);
+    // What surfaces without colour of their own mirror of a white room is no part of their colour.
+    const float mirrored = 0.04f;
+    const float start = 0.8f - mirrored;
+    const float desaturation = 0.15f;
+    const float least = std::min(light[0], std::min(light[1], light[2]));
+    const float offset =
+        least < 2.0f * mirrored ? least - least * least / (4.0f * mirrored) : mirrored;
+    const osg::Vec3f colour = light - osg::Vec3f(1, 1, 1) * offset;
+    const float peak = qxPeak(colour);
     if (!(peak > start))
-        return light;
+        return colour;
+    const float room = 1.0f - start;
     const float compressed = 1.0f - room * room / (peak + room - start);
-    // What is much too bright becomes white, as it does on film.
-    const float white = 1.0f - 1.0f / (0.15f * (peak - compressed) + 1.0f);
-    return qxMixed(light * (compressed / peak), osg::Vec3f(1, 1, 1) * compressed, white);
+    const float white = 1.0f - 1.0f / (desaturation * (peak - compressed) + 1.0f);
+    return qxMixed(colour * (compressed / peak), osg::Vec3f(1, 1, 1) * compressed, white);
 }

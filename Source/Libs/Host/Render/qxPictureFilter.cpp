@@ -1,23 +1,36 @@
 #include "Render/qxPictureFilter.h"
 
+#include "Render/qxRenderMath.h"
+
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace {
 
-const int _reach = 6; ///< in pixels, in each direction
-const int _near = 2; ///< in pixels, over which the noise is taken to be the same
 const int _bandRows = 16;
-
-const float _tolerance = 1.0f; ///< so many times the variances, differences count as noise
-const float _unseen = 4e-6f; ///< variance that nobody sees
-const float _colourUnit = 0.1f;
-const float _normalUnit = 0.3f;
+float env(const char *n, float d)
+{
+    const char *v = std::getenv(n);
+    return v ? float(std::atof(v)) : d;
+}
+const float _tolerance =
+    env("F_TOL", 6.0f); ///< so many times the variance, differences count as noise
+const float _unseen = env("F_UNSEEN", 4e-6f); ///< variance that nobody sees
+const float _colourUnit = env("F_COL", 0.2f);
+const float _normalUnit = env("F_NORM", 0.3f);
+const int _near = int(env("F_NEAR", 1));
+const int _near0 = int(env("F_NEAR0", 2));
+const int _passes = int(env("F_PASS", 5));
+/// Of the light that surfaces of any colour reflect as it is.
+const float _gloss = env("F_GLOSS", 0.08f);
+const float _least = env("F_LEAST", 1e-3f);
+const float _brightestLook = 2.0f;
 
 /// About exp(-x) for positive numbers, without its tail.
 float fading(float x)
 {
-    const float rest = std::max(0.0f, 1.0f - std::max(x, 0.0f) * (1.0f / 6.0f));
+    const float rest = std::max(0.0f, 1.0f - x * (1.0f / 6.0f));
     const float square = rest * rest;
     return square * square;
 }
@@ -27,65 +40,94 @@ float square(float x)
     return x * x;
 }
 
+/// Its root, which differences look like.
+osg::Vec3f look(const osg::Vec3f &light)
+{
+    const auto one = [](float x) { return std::min(std::sqrt(std::max(x, 0.0f)), _brightestLook); };
+    return osg::Vec3f(one(light[0]), one(light[1]), one(light[2]));
+}
+
 } // namespace
 
-/// Some rows, while they are filtered.
-struct qxPictureFilter::Band {
-    Band(int width, int firstRow, int rows)
-        : first(firstRow), count(rows), stride(std::size_t(width) + 2),
-          differences(stride * (std::size_t(rows) + 2)),
-          weight(std::size_t(width) * std::size_t(rows))
-    {
-        light.fill(weight);
-    }
-
-    int first;
-    int count;
-    std::size_t stride;
-    /// How different the pixels and their neighbours look; with one pixel more on all sides.
-    Plane differences;
+/// A row of pixels, while it is filtered.
+struct qxPictureFilter::Row {
+    int y;
     Plane weight;
+    Plane variance;
     std::array<Plane, 3> light;
 };
 
 qxPictureFilter::qxPictureFilter(int width, int height) : m_width(width), m_height(height)
 {
     m_variance.resize(std::size_t(width) * std::size_t(height));
+    m_colour.fill(m_variance);
     m_light.fill(m_variance);
     m_look.fill(m_variance);
     m_surface.fill(m_variance);
-    m_result.resize(m_variance.size());
+    m_nextLight.fill(m_variance);
+    m_nextVariance = m_variance;
+}
+
+osg::Vec3f qxPictureFilter::withoutColour(const osg::Vec3f &light, const osg::Vec3f &colour)
+{
+    return osg::Vec3f(light[0] / (colour[0] + _gloss), light[1] / (colour[1] + _gloss),
+                      light[2] / (colour[2] + _gloss));
 }
 
 void qxPictureFilter::set(int x, int y, const Pixel &pixel)
 {
     const std::size_t at = place(x, y);
+    const osg::Vec3f light = withoutColour(pixel.light, pixel.colour);
     for (osg::UInt32 i = 0; i < 3; ++i) {
-        m_light[i][at] = pixel.light[i];
-        m_look[i][at] = std::sqrt(std::clamp(pixel.light[i], 0.0f, 1.0f));
+        m_colour[i][at] = pixel.colour[i] + _gloss;
+        m_nextLight[i][at] = light[i];
         m_surface[i][at] = std::sqrt(std::clamp(pixel.colour[i], 0.0f, 1.0f)) / _colourUnit;
         m_surface[i + 3][at] = pixel.normal[i] / _normalUnit;
     }
-    m_variance[at] = pixel.variance;
+    m_nextVariance[at] = pixel.variance;
 }
 
-/// The variance of a few samples is itself noisy: each pixel takes the average around it.
-void qxPictureFilter::prepare()
+/// The averages over squares around the pixels.
+qxPictureFilter::Plane qxPictureFilter::blurred(const Plane &plane, int reach) const
 {
-    const Plane single = m_variance;
-    for (int y = 0; y < m_height; ++y) {
-        for (int x = 0; x < m_width; ++x) {
-            float sum = 0.0f;
-            float count = 0.0f;
-            for (int j = std::max(0, y - _near); j < std::min(m_height, y + _near + 1); ++j) {
-                for (int i = std::max(0, x - _near); i < std::min(m_width, x + _near + 1); ++i) {
-                    sum += single[place(i, j)];
-                    count += 1.0f;
-                }
+    const auto along = [reach](const Plane &from, int rows, std::size_t nextRow, int count,
+                               std::size_t step) {
+        Plane result(from.size());
+        for (int row = 0; row < rows; ++row) {
+            const std::size_t first = std::size_t(row) * nextRow;
+            for (int i = 0; i < count; ++i) {
+                const int low = std::max(0, i - reach);
+                const int high = std::min(count - 1, i + reach);
+                float sum = 0.0f;
+                for (int k = low; k <= high; ++k)
+                    sum += from[first + std::size_t(k) * step];
+                result[first + std::size_t(i) * step] = sum / float(high - low + 1);
             }
-            m_variance[place(x, y)] = sum / count;
         }
+        return result;
+    };
+    const std::size_t width = std::size_t(m_width);
+    return along(along(plane, m_height, width, m_width, 1), m_width, 1, m_height, width);
+}
+
+void qxPictureFilter::prepare(int pass)
+{
+    m_light.swap(m_nextLight);
+    m_variance.swap(m_nextVariance);
+    for (std::size_t at = 0; at < m_variance.size(); ++at) {
+        const osg::Vec3f light(m_light[0][at], m_light[1][at], m_light[2][at]);
+        const osg::Vec3f looks = look(light);
+        for (osg::UInt32 i = 0; i < 3; ++i)
+            m_look[i][at] = looks[i];
+        m_nextVariance[at] = (light[0] + light[1] + light[2]) * (4.0f / 3.0f);
     }
+    // The variance of a few samples is itself noisy.
+    const int reach = pass == 0 ? _near0 : _near;
+    m_noise = blurred(m_variance, reach);
+    const Plane mean = blurred(m_nextVariance, reach);
+    for (std::size_t at = 0; at < m_variance.size(); ++at)
+        m_noise[at] = std::max(m_noise[at] / (mean[at] + _least),
+                               m_variance[at] / (m_nextVariance[at] + _least));
 }
 
 int qxPictureFilter::bandCount() const
@@ -98,76 +140,65 @@ int qxPictureFilter::firstRow(int band) const
     return std::min(band * _bandRows, m_height);
 }
 
-void qxPictureFilter::filterBand(int number)
+void qxPictureFilter::filterBand(int pass, int band)
 {
-    const int first = firstRow(number);
-    Band band(m_width, first, firstRow(number + 1) - first);
-    for (int up = -_reach; up <= _reach; ++up) {
-        for (int across = -_reach; across <= _reach; ++across)
-            addNeighbours(across, up, band);
+    const float shares[] = {1 / 16.0f, 1 / 4.0f, 3 / 8.0f, 1 / 4.0f, 1 / 16.0f};
+    const std::size_t width = std::size_t(m_width);
+    const int step = 1 << pass;
+    if (pass >= _passes) {
+        for (std::size_t at = place(0, firstRow(band)); at < place(0, firstRow(band + 1)); ++at) {
+            for (int i = 0; i < 3; ++i)
+                m_nextLight[i][at] = m_light[i][at];
+            m_nextVariance[at] = m_variance[at];
+        }
+        return;
     }
-    for (std::size_t i = 0; i < band.weight.size(); ++i) {
-        const osg::Vec3f sum(band.light[0][i], band.light[1][i], band.light[2][i]);
-        m_result[place(0, first) + i] = sum * (1.0f / band.weight[i]);
+    for (int y = firstRow(band); y < firstRow(band + 1); ++y) {
+        Row row = {y, Plane(width), Plane(width), {Plane(width), Plane(width), Plane(width)}};
+        for (int up = 0; up < 5; ++up) {
+            for (int across = 0; across < 5; ++across)
+                addNeighbours((across - 2) * step, (up - 2) * step, shares[across] * shares[up],
+                              row);
+        }
+        for (std::size_t x = 0; x < width; ++x) {
+            const std::size_t at = place(0, y) + x;
+            const float factor = 1.0f / row.weight[x];
+            for (std::size_t i = 0; i < 3; ++i)
+                m_nextLight[i][at] = row.light[i][x] * factor;
+            m_nextVariance[at] = row.variance[x] * factor * factor;
+        }
     }
 }
 
 /// Adds to each pixel the one that lies so far away from it, as far as it is alike.
-void qxPictureFilter::addNeighbours(int across, int up, Band &band) const
+void qxPictureFilter::addNeighbours(int across, int up, float share, Row &row) const
 {
-    for (int row = -1; row <= band.count; ++row)
-        compare(across, up, band.first + row,
-                &band.differences[std::size_t(row + 1) * band.stride]);
-    for (int y = band.first; y < band.first + band.count; ++y) {
-        if (y + up >= 0 && y + up < m_height)
-            addRow(across, up, y, band);
-    }
-}
-
-/// How different the pixels of a row and their neighbours look, in shares of what noise explains.
-void qxPictureFilter::compare(int across, int up, int y, float *differences) const
-{
-    std::fill_n(differences, m_width + 2, 0.0f);
-    if (y < 0 || y >= m_height || y + up < 0 || y + up >= m_height)
+    if (row.y + up < 0 || row.y + up >= m_height)
         return;
-    const std::size_t here = place(0, y);
+    const std::size_t here = place(0, row.y);
     const std::size_t there =
         std::size_t(std::ptrdiff_t(here) + std::ptrdiff_t(up) * m_width + across);
-    const float *const look[] = {m_look[0].data(), m_look[1].data(), m_look[2].data()};
-    const float *const variance = m_variance.data();
-    const std::size_t last = std::size_t(std::min(m_width, m_width - across));
+    const std::size_t last = std::size_t(std::max(0, std::min(m_width, m_width - across)));
     for (std::size_t x = std::size_t(std::max(0, -across)); x < last; ++x) {
         const std::size_t p = here + x;
         const std::size_t q = there + x;
-        const float sum = square(look[0][p] - look[0][q]) + square(look[1][p] - look[1][q])
-            + square(look[2][p] - look[2][q]);
-        const float noise = variance[p] + std::min(variance[p], variance[q]);
-        differences[x + 1] =
-            (sum * (1.0f / 3.0f) - noise) / (_unseen + _tolerance * (variance[p] + variance[q]));
+        const float difference = square(m_look[0][p] - m_look[0][q])
+            + square(m_look[1][p] - m_look[1][q]) + square(m_look[2][p] - m_look[2][q]);
+        float surface = 0.0f;
+        for (const Plane &plane : m_surface)
+            surface += square(plane[p] - plane[q]);
+        const float noise = _unseen + _tolerance * m_noise[p];
+        const float weight = share * fading(difference / (3.0f * noise)) * fading(surface);
+        row.weight[x] += weight;
+        row.variance[x] += weight * weight * m_variance[q];
+        for (std::size_t i = 0; i < 3; ++i)
+            row.light[i][x] += weight * m_light[i][q];
     }
 }
 
-void qxPictureFilter::addRow(int across, int up, int y, Band &band) const
+osg::Vec3f qxPictureFilter::light(int x, int y) const
 {
-    const std::size_t here = place(0, y);
-    const std::size_t there =
-        std::size_t(std::ptrdiff_t(here) + std::ptrdiff_t(up) * m_width + across);
-    const std::size_t row = std::size_t(y - band.first);
-    const float *const middle = &band.differences[(row + 1) * band.stride];
-    const float *const below = middle - band.stride;
-    const float *const above = middle + band.stride;
-    const std::size_t last = std::size_t(std::min(m_width, m_width - across));
-    for (std::size_t x = std::size_t(std::max(0, -across)); x < last; ++x) {
-        float around = 0.0f;
-        for (std::size_t i = x; i < x + 3; ++i)
-            around += below[i] + middle[i] + above[i];
-        float surface = 0.0f;
-        for (const Plane &plane : m_surface)
-            surface += square(plane[here + x] - plane[there + x]);
-        const float weight = fading(around * (1.0f / 9.0f)) * fading(surface);
-        const std::size_t at = row * std::size_t(m_width) + x;
-        band.weight[at] += weight;
-        for (std::size_t i = 0; i < 3; ++i)
-            band.light[i][at] += weight * m_light[i][there + x];
-    }
+    const std::size_t at = place(x, y);
+    return osg::Vec3f(m_nextLight[0][at] * m_colour[0][at], m_nextLight[1][at] * m_colour[1][at],
+                      m_nextLight[2][at] * m_colour[2][at]);
 }

@@ -5,47 +5,55 @@
 #include <array>
 #include <vector>
 
-/// Removes the noise of a picture made of a few random samples per pixel. A pixel becomes the
-/// average of those around it that have a similar surface and do not differ by more than the noise.
+/// Removes the noise of a picture made of a few random samples per pixel. In several passes, each
+/// with neighbours twice as far away, a pixel becomes the average of those around it that have a
+/// similar surface and do not differ by more than the noise: the filter of Dammertz et al.,
+/// "Edge-Avoiding A-Trous Wavelet Transform for fast Global Illumination Filtering", 2010, guided
+/// by the variance, as in Schied et al., "Spatiotemporal Variance-Guided Filtering", 2017.
 class qxPictureFilter {
 public:
     qxPictureFilter(int width, int height);
 
     struct Pixel {
         osg::Vec3f light; ///< average of the samples
-        float variance = 0; ///< of the average's square root, mean of the channels
+        float variance = 0; ///< of the average without the colour, mean of the channels
         osg::Vec3f colour; ///< own one of the surface
         osg::Vec3f normal; ///< of the surface; null for none
     };
+    /// The light as it comes to a surface, without the surface's colour.
+    static osg::Vec3f withoutColour(const osg::Vec3f &light, const osg::Vec3f &colour);
     /// Threads may set different pixels at once.
     void set(int x, int y, const Pixel &pixel);
 
-    /// \name When all pixels are set: prepare(), then all bands of rows, in any order and in
-    /// parallel; light() is the result. @{
-    void prepare();
+    /// \name When all pixels are set: for each pass prepare(), then all bands of rows, in any order
+    /// and in parallel; light() is the result. @{
+    static const int passes = 5;
+    void prepare(int pass);
     int bandCount() const;
     int firstRow(int band) const;
-    void filterBand(int band);
-    osg::Vec3f light(int x, int y) const { return m_result[place(x, y)]; }
+    void filterBand(int pass, int band);
+    osg::Vec3f light(int x, int y) const;
     /// @}
 
 private:
     typedef std::vector<float> Plane; ///< a number for each pixel
-    struct Band;
+    struct Row;
 
     std::size_t place(int x, int y) const
     {
         return std::size_t(y) * std::size_t(m_width) + std::size_t(x);
     }
-    void addNeighbours(int across, int up, Band &band) const;
-    void compare(int across, int up, int y, float *differences) const;
-    void addRow(int across, int up, int y, Band &band) const;
+    Plane blurred(const Plane &plane, int reach) const;
+    void addNeighbours(int across, int up, float share, Row &row) const;
 
     int m_width;
     int m_height;
-    std::array<Plane, 3> m_light;
-    std::array<Plane, 3> m_look; ///< its roots
+    std::array<Plane, 3> m_colour;
+    std::array<Plane, 3> m_light; ///< without the colour
+    std::array<Plane, 3> m_look;
     Plane m_variance;
+    Plane m_noise; ///< variance, smooth
     std::array<Plane, 6> m_surface; ///< colour and normal, in units in which 1 is a difference
-    std::vector<osg::Vec3f> m_result;
+    std::array<Plane, 3> m_nextLight; ///< of the pass
+    Plane m_nextVariance;
 };

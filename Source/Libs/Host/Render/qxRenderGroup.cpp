@@ -149,7 +149,6 @@ void qxRenderGroup::finish()
 {
     m_changed = m_changed || m_instances.size() != m_before.size();
     m_before.clear();
-    m_hasTranslucent = false;
     const bool isOneTree = isSmall();
     const bool isOther = isOneTree != m_isOneTree;
     m_isOneTree = isOneTree;
@@ -159,7 +158,6 @@ void qxRenderGroup::finish()
         if (!instance.embree || isOther)
             place(instance);
         const unsigned int mask = instance.surface->isOpaque() ? Opaque : Translucent;
-        m_hasTranslucent = m_hasTranslucent || mask == Translucent;
         if (mask == instance.mask)
             continue;
         instance.mask = mask;
@@ -173,25 +171,34 @@ void qxRenderGroup::finish()
     m_changed = false;
 }
 
-/// The tree over the instances is made from all of them in order, so that it does not depend on
-/// what was shown before.
-void qxRenderGroup::commit()
+/// A tree over the instances of these masks, made from all of them in order, so that it does not
+/// depend on what was shown before; null for none.
+qxEmbreeScene qxRenderGroup::tree(unsigned int mask) const
 {
-    m_scene.reset(rtcNewScene(m_device));
-    rtcSetSceneFlags(m_scene.get(), RTC_SCENE_FLAG_ROBUST);
+    qxEmbreeScene scene(rtcNewScene(m_device));
+    rtcSetSceneFlags(scene.get(), RTC_SCENE_FLAG_ROBUST);
     bool isEmpty = true;
     for (std::size_t i = 0; i < m_instances.size(); ++i) {
-        if (!m_instances[i].embree)
+        if (!m_instances[i].embree || !(m_instances[i].mask & mask))
             continue;
-        rtcAttachGeometryByID(m_scene.get(), m_instances[i].embree.get(), unsigned(i));
+        rtcAttachGeometryByID(scene.get(), m_instances[i].embree.get(), unsigned(i));
         isEmpty = false;
     }
-    rtcCommitScene(m_scene.get());
+    if (isEmpty && mask == Translucent)
+        return nullptr;
+    rtcCommitScene(scene.get());
+    return scene;
+}
+
+void qxRenderGroup::commit()
+{
+    m_scene = tree(Opaque | Translucent);
+    m_translucent = tree(Translucent);
     m_bounds = qxBox();
-    if (isEmpty)
-        return;
     RTCBounds bounds;
     rtcGetSceneBounds(m_scene.get(), &bounds);
+    if (!(bounds.lower_x <= bounds.upper_x))
+        return;
     m_bounds.lower = osg::Vec3f(bounds.lower_x, bounds.lower_y, bounds.lower_z);
     m_bounds.upper = osg::Vec3f(bounds.upper_x, bounds.upper_y, bounds.upper_z);
 }

@@ -45,7 +45,8 @@ public:
     }
     const std::vector<qxRenderInstance> &instances() const { return m_instances; }
     const qxBox &bounds() const { return m_bounds; }
-    bool hasTranslucent() const { return m_hasTranslucent; }
+    /// The translucent ones among the instances, for hits as in scene(); null for none.
+    RTCScene translucent() const { return m_translucent.get(); }
     /// Whether the last update found other instances, places or materials than the one before.
     bool isOther() const { return m_isOther; }
 
@@ -54,6 +55,7 @@ private:
     void make(qxRenderInstance &instance, const qxShownPart &part);
     bool isSmall() const;
     void place(qxRenderInstance &instance);
+    qxEmbreeScene tree(unsigned int mask) const;
     void commit();
 
     RTCDevice m_device;
@@ -65,7 +67,7 @@ private:
     bool m_changed = true;
     bool m_isOther = true;
     bool m_isOneTree = true; ///< over all triangles; otherwise over trees of geometries
-    bool m_hasTranslucent = false;
     qxEmbreeScene m_scene;
+    qxEmbreeScene m_translucent;
     qxBox m_bounds;
 };

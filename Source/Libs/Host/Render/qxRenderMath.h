@@ -26,6 +26,11 @@ inline float qxPeak(const osg::Vec3f &light)
     return std::max(light[0], std::max(light[1], light[2]));
 }
 
+inline osg::Vec3f qxNotNegative(const osg::Vec3f &light)
+{
+    return osg::Vec3f(std::max(light[0], 0.0f), std::max(light[1], 0.0f), std::max(light[2], 0.0f));
+}
+
 /// Of length 1; a null vector stays.
 inline osg::Vec3f qxUnit(osg::Vec3f vector)
 {

@@ -2,7 +2,9 @@
 
 #include "Render/qxEmbree.h"
 
-osg::UInt32 qxNodeAlong(const qxRay &ray, const qxRenderGroup &group)
+namespace {
+
+RTCRayHit firstAlong(const qxRay &ray, const qxRenderGroup &group)
 {
     RTCIntersectContext context;
     rtcInitIntersectContext(&context);
@@ -19,5 +21,18 @@ osg::UInt32 qxNodeAlong(const qxRay &ray, const qxRenderGroup &group)
     found.hit.geomID = RTC_INVALID_GEOMETRY_ID;
     found.hit.instID[0] = RTC_INVALID_GEOMETRY_ID;
     rtcIntersect1(group.scene(), &context, &found);
+    return found;
+}
+
+} // namespace
+
+osg::UInt32 qxNodeAlong(const qxRay &ray, const qxRenderGroup &group)
+{
+    const RTCRayHit found = firstAlong(ray, group);
     return found.hit.geomID == RTC_INVALID_GEOMETRY_ID ? 0 : group.instanceAt(found.hit).node;
+}
+
+float qxDistanceAlong(const qxRay &ray, const qxRenderGroup &group)
+{
+    return firstAlong(ray, group).ray.tfar;
 }

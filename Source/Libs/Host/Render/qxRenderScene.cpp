@@ -1,5 +1,6 @@
 #include "Render/qxRenderScene.h"
 
+#include "Render/qxLightCamera.h"
 #include "Scene/qxScene.h"
 
 #include <atomic>
@@ -23,6 +24,7 @@ void qxRenderScene::update()
     qxWalkShown(scene.root(), listener);
     m_shown.finish();
     updateEnvironment();
+    updateLight();
     updateOverlays();
     noteChange();
 }
@@ -47,6 +49,21 @@ void qxRenderScene::updateEnvironment()
     listener.part = [this](const qxShownPart &part) { m_environment.add(part); };
     qxWalkShown(qxScene::current()->environment(), listener);
     m_environment.finish();
+}
+
+/// The picture is taken each time, because nobody tells which changes it shows; what takes long
+/// follows only when it differs.
+void qxRenderScene::updateLight()
+{
+    qxLightPicture picture;
+    if (!m_environment.instances().empty())
+        picture = qxTakeLightPicture(m_environment, m_shown.bounds());
+    if (picture.light == m_lightPicture.light)
+        return;
+    m_light.reset();
+    if (!picture.isEmpty())
+        m_light.emplace(picture);
+    m_lightPicture = std::move(picture);
 }
 
 void qxRenderScene::updateOverlays()

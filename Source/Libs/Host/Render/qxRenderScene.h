@@ -1,12 +1,14 @@
 #pragma once
 
 #include "Animation/qxPose.h"
+#include "Light/qxEnvironmentLight.h"
 #include "Render/qxRenderGroup.h"
 #include "Render/qxRenderLight.h"
 #include "Scene/qxClipping.h"
 
 #include <map>
 #include <memory>
+#include <optional>
 
 /// The running host's scene for ray tracing: visible geometries, lights, environment and overlays.
 class qxRenderScene {
@@ -26,11 +28,16 @@ public:
     /// Another number, never given before, when an update found that pictures may look otherwise,
     /// apart from what the camera does.
     std::uint64_t revision() const { return m_revision; }
+    /// Whether a picture of all directions is its environment, or a part of it.
+    bool ownPicture() const { return false; }
+    /// The environment as light, as the middle of the scene sees it; null without one.
+    const qxEnvironmentLight *ownLight() const { return m_light ? &*m_light : nullptr; }
 
 private:
     void noteChange();
     qxRenderGroup &overlay(osg::UInt32 layer);
     void updateEnvironment();
+    void updateLight();
     void updateOverlays();
 
     RTCDevice m_device;
@@ -43,4 +50,6 @@ private:
     qxClipping m_clipping; ///< likewise
     std::uint64_t m_revision = 0;
     bool m_isOther = true; ///< the overlays
+    qxLightPicture m_lightPicture; ///< of the environment; empty without
+    std::optional<qxEnvironmentLight> m_light;
 };

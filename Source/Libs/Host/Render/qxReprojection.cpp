@@ -108,6 +108,7 @@ qxPicture qxReprojection::paint(qxPainter &painter, const qxPictureSettings &set
 {
     const auto start = std::chrono::steady_clock::now();
     begin(settings);
+    painter.prepareSpots();
     const int threads = settings.threads;
     const auto silent = [](int) { return true; };
     if (!m_points.empty()) {

@@ -2,7 +2,21 @@
 
 #include <OpenSG/OSGVector.h>
 
+#include <array>
 #include <cstdint>
+
+/// What a lower byte (0 to 255) and an upper one (256 to 511) add to the second dimension of
+/// qxSampler's sequence.
+constexpr std::array<std::uint32_t, 512> qxSecondOfBytes()
+{
+    std::array<std::uint32_t, 512> result = {};
+    for (std::uint32_t i = 0; i < 512; ++i) {
+        const std::uint32_t index = i < 256 ? i : (i - 256) << 8;
+        for (std::uint32_t bit = 0, step = 1; bit < 16; ++bit, step ^= step << 1)
+            result[i] ^= (index >> bit & 1u) ? step : 0u;
+    }
+    return result;
+}
 
 /// Random numbers from 0 to below 1 for one sample of a pixel. Over the samples of a pixel the
 /// numbers of one use cover the square evenly; those of different uses are independent. They depend
@@ -50,14 +64,12 @@ private:
         return x ^ (x * 0x8D22F6E6u);
     }
 
-    /// The second dimension of the even sequence whose first one is the mirrored index; with its
-    /// bits mirrored in turn.
+    /// The second dimension of the even sequence whose first one is the mirrored index, of 16 bits;
+    /// with its bits mirrored in turn.
     static std::uint32_t second(std::uint32_t index)
     {
-        std::uint32_t result = 0;
-        for (std::uint32_t step = 1u; index != 0; index >>= 1, step ^= step << 1)
-            result ^= (index & 1u) ? step : 0u;
-        return result;
+        static constexpr std::array<std::uint32_t, 512> parts = qxSecondOfBytes();
+        return parts[index & 0xFFu] ^ parts[256 + (index >> 8)];
     }
 
     static float asNumber(std::uint32_t x) { return float(x >> 8) / 16777216.0f; }

@@ -1,6 +1,6 @@
 #include "Render/qxShading.h"
 
-#include "Render/qxSky.h"
+#include "Light/qxEnvironmentLight.h"
 
 namespace {
 
@@ -86,8 +86,9 @@ osg::Vec3f qxShading::reflected(const osg::Vec3f &toLight) const
     return (matt + mirrors * shine) * cosine;
 }
 
-osg::Vec3f qxShading::reflectedSky(const qxSky &sky) const
+osg::Vec3f qxShading::reflectedSky(const qxEnvironmentLight &sky, const osg::Vec3f &hidden) const
 {
+    const osg::Vec3f scattered = qxNotNegative(sky.scattered(m_frame.z) - hidden);
     // A fit of the reflection integral over roughness and angle.
     const float r[4] = {1.0f - m_roughness, 0.0425f - 0.0275f * m_roughness,
                         1.04f - 0.572f * m_roughness, 0.022f * m_roughness - 0.04f};
@@ -95,7 +96,7 @@ osg::Vec3f qxShading::reflectedSky(const qxSky &sky) const
     const osg::Vec3f mirrors = m_mirror * (-1.04f * edge + r[2]) + _white * (1.04f * edge + r[3]);
     const osg::Vec3f direction = qxMirrored(-m_toEye, m_frame.z);
     return qxProduct(mirrors, sky.mirrored(direction, m_roughness))
-        + qxProduct(qxProduct(_white - mirrors, m_matt), sky.scattered(m_frame.z));
+        + qxProduct(qxProduct(_white - mirrors, m_matt), scattered);
 }
 
 qxShading::Bounce qxShading::bounce(float choice, const osg::Vec2f &place) const

@@ -2,7 +2,7 @@
 
 #include "Render/qxRenderMath.h"
 
-class qxSky;
+class qxEnvironmentLight;
 
 /// The reflection model of a surface: diffuse below microfacets, as in appendix B of the glTF 2.0
 /// specification. All directions have length 1 and point away from the surface.
@@ -19,8 +19,10 @@ public:
     /// The share of the light from a direction that goes to the eye, times the cosine of the angle
     /// that it arrives at.
     osg::Vec3f reflected(const osg::Vec3f &toLight) const;
-    /// The reflected light of the whole sky, without occlusion.
-    osg::Vec3f reflectedSky(const qxSky &sky) const;
+    /// The reflected light of the whole sky. `hidden` is what of its scattered light does not get
+    /// here.
+    osg::Vec3f reflectedSky(const qxEnvironmentLight &sky,
+                            const osg::Vec3f &hidden = osg::Vec3f()) const;
 
     /// A direction of incoming light, and the share of it that is reflected to the eye.
     struct Bounce {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 osg::Vec4f qxSurfacePoint::texel(const qxRenderLayer &layer) const
 {
@@ -44,10 +45,20 @@ float qxSurfacePoint::alpha(const qxRenderLayer &layer, float baseAlpha) const
     return layer.alphaMode == qxSurface::Blend ? std::clamp(baseAlpha, 0.0f, 1.0f) : 1.0f;
 }
 
+osg::Vec3f qxSurfacePoint::passing(const qxRenderLayer &layer, const osg::Vec4f &base) const
+{
+    return osg::Vec3f(1, 1, 1) * (1.0f - alpha(layer, base[3]));
+}
+
 osg::Vec3f qxSurfacePoint::start(const osg::Vec3f &direction) const
 {
     const float largest = std::max(std::max(std::fabs(position[0]), std::fabs(position[1])),
                                    std::max(std::fabs(position[2]), distance));
     const float side = flatNormal.dot(direction) < 0.0f ? -1.0f : 1.0f;
     return position + flatNormal * (side * largest * 2e-5f);
+}
+
+float qxSurfacePoint::beyond() const
+{
+    return distance + std::fabs(distance) * 4e-6f + std::numeric_limits<float>::min();
 }

@@ -20,10 +20,14 @@ struct qxSurfacePoint {
     osg::Vec4f base(const qxRenderLayer &layer) const;
     /// The share of the light behind the point that the pass hides.
     float alpha(const qxRenderLayer &layer, float baseAlpha) const;
+    /// The share of light that goes straight through the pass.
+    osg::Vec3f passing(const qxRenderLayer &layer, const osg::Vec4f &base) const;
     /// Whether the pass has this side.
     bool shows(const qxRenderLayer &layer) const { return front || layer.doubleSided; }
     /// Where a ray may start without meeting the surface again.
     osg::Vec3f start(const osg::Vec3f &direction) const;
+    /// From where the ray may go on along itself.
+    float beyond() const;
 
 private:
     osg::Vec4f texel(const qxRenderLayer &layer) const;

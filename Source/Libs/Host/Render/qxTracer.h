@@ -1,78 +1,73 @@
 #pragma once
 
+#include "Light/qxEnvironmentLight.h"
 #include "Render/qxRay.h"
 #include "Render/qxRenderClipping.h"
 #include "Render/qxRenderGroup.h"
 #include "Render/qxRenderLight.h"
 #include "Render/qxSampler.h"
-#include "Render/qxSky.h"
 #include "Render/qxSurfacePoint.h"
 
 class qxShading;
 
-/// Finds out which light (radiance) comes along rays. Many threads may ask at once.
+/// Finds out which light (radiance) comes along rays: in plain colours, or in hard light with
+/// reflections of the surroundings alone. Many threads may ask at once.
 class qxTracer {
 public:
-    enum Mode {
-        Flat, ///< everything has its own colour, whatever the lights
-        HardLight,
-        RayTracing ///< with soft shadows and reflections of the scene
-    };
     struct Scene {
         const qxRenderGroup &group;
         const qxRenderLights &lights;
         const qxRenderClipping &clipping;
         const qxRenderCamera &camera;
-        qxSky sky;
-        Mode mode;
+        qxEnvironmentLight sky;
+        bool isLit; ///< otherwise everything has its own colour, whatever the lights
         float rayWidth; ///< of the eye's rays, in pixels
         const qxTracer *environment; ///< seen where rays leave the scene; null for the sky
     };
-    explicit qxTracer(const Scene &scene);
+    explicit qxTracer(const Scene &scene) : m_scene(scene) {}
+    virtual ~qxTracer() = default;
 
+    /// What a surface, or all along a ray, sends to the eye.
+    struct Seen {
+        osg::Vec3f radiance; ///< of what is lit
+        osg::Vec3f scattered; ///< the part of it that random rays have gathered
+        osg::Vec3f plain; ///< of what is not lit, as the picture shows it
+        osg::Vec3f colour; ///< of the surfaces themselves, and their normal, of length 0 to 1;
+        osg::Vec3f normal; ///< behind mirrors those of what they show
+    };
     /// Sides of surfaces, to be combined. Only a surface without a back side has backs.
     enum Side { Nothing = 0, Back = 1, Front = 2 };
-    struct RayResult {
-        osg::Vec3f radiance;
-        osg::Vec3f colour; ///< of the surfaces themselves, and their normal, of length 0 to 1
-        osg::Vec3f normal;
+    struct RayResult : Seen {
+        float lit = 0; ///< share of what is lit in the ray
         float transmittance = 1; ///< share of what is behind the scene
         float distance; ///< of the first surface that hides at least half; infinite without
         int sides = Nothing; ///< met on the way, however translucent
     };
     /// As the eye sees it.
-    RayResult trace(const qxRay &ray, qxSampler &sampler) const;
+    RayResult trace(qxRay ray, qxSampler &sampler) const;
+    /// The share of light that gets to the point from that far away.
+    osg::Vec3f transmittance(const qxSurfacePoint &hit, const osg::Vec3f &direction,
+                             float distance) const;
+
+protected:
+    /// What a pass of the material sends to the eye by itself; alpha is not in it.
+    virtual Seen seen(const qxSurfacePoint &hit, const qxRenderLayer &layer,
+                      const osg::Vec3f &colour, float share, qxSampler &sampler) const;
+
+    const Scene &scene() const { return m_scene; }
+    /// The nearest surface along a ray, which the clipping plane has limited already.
+    bool intersect(const qxRay &ray, qxSurfacePoint &hit) const;
+    /// The light from where a ray leaves the scene.
+    osg::Vec3f around(const qxRay &ray, qxSampler &sampler) const;
 
 private:
-    /// What a point would reflect of a light to the eye, if nothing were in between.
-    struct LightSample {
-        osg::Vec3f light;
-        osg::Vec3f toLight;
-        float distance;
-        bool shadow;
-    };
-
-    RayResult radianceAlong(qxRay ray, int depth, qxSampler &sampler) const;
+    bool intersect(const qxRay &ray, RTCScene scene, qxSurfacePoint &hit) const;
     float widthAt(const qxSurfacePoint &hit) const;
     void pass(const qxRenderClipping::Crossing &plane, RayResult &result) const;
-    void pass(const qxSurfacePoint &hit, int depth, qxSampler &sampler, RayResult &result) const;
-    osg::Vec3f shaded(const qxSurfacePoint &hit, const qxRenderLayer &layer,
-                      const osg::Vec3f &colour, int depth, qxSampler &sampler) const;
-    osg::Vec3f direct(const qxSurfacePoint &hit, const qxShading &shading, int depth,
-                      qxSampler &sampler) const;
-    LightSample sampleOf(const qxRenderLight &light, const qxSurfacePoint &hit,
-                         const qxShading &shading) const;
-    LightSample chosenSample(const qxSurfacePoint &hit, const qxShading &shading,
-                             float random) const;
-    osg::Vec3f shadowed(const LightSample &sample, const qxSurfacePoint &hit,
-                        qxSampler &sampler) const;
-    osg::Vec3f reflectedScene(const qxSurfacePoint &hit, const qxShading &shading, int depth,
-                              qxSampler &sampler) const;
-    osg::Vec3f around(const qxRay &ray, qxSampler &sampler) const;
-    bool intersect(const qxRay &ray, unsigned int mask, qxSurfacePoint &hit) const;
-    /// The share of light that gets to the point from that far away.
-    float transmittance(const qxSurfacePoint &hit, const osg::Vec3f &direction,
-                        float distance) const;
+    void pass(const qxSurfacePoint &hit, qxSampler &sampler, RayResult &result) const;
+    bool isLit(const qxRenderLayer &layer) const;
+    osg::Vec3f reflectedSky(const qxSurfacePoint &hit, const qxShading &shading) const;
+    osg::Vec3f direct(const qxSurfacePoint &hit, const qxShading &shading) const;
 
     const Scene m_scene;
 };

@@ -22,6 +22,26 @@ QByteArray bufferBytes(const qxGltfDocument &document, int index, const qxJson &
     return document.bin;
 }
 
+/// As many bytes as the buffer announces.
+QByteArray wholeBuffer(const qxGltfDocument &document, int index, const qxJson &buffer,
+                       qxMemoryBudget &budget)
+{
+    const qint64 length = buffer.at("byteLength").get<qint64>();
+    QByteArray bytes = bufferBytes(document, index, buffer, budget);
+    if (!bytes.isNull() && bytes.size() < length)
+        throw qxGltfError(qxFileText::tr("it is too short: %1 bytes announced, %2 there")
+                              .arg(QString::number(length), QString::number(bytes.size())));
+    bytes.truncate(int(length));
+    return bytes;
+}
+
+/// Whether it only holds what is there in a compressed form, too.
+bool isFallback(const qxJson &buffer)
+{
+    const qxJson &extensions = qxGltfMember(buffer, "extensions");
+    return qxGltfMember(qxGltfMember(extensions, "EXT_meshopt_compression"), "fallback") == true;
+}
+
 } // namespace
 
 bool qxGltfIsDataUri(const std::string &uri)
@@ -84,24 +104,21 @@ QByteArray qxGltfReadUri(const qxGltfDocument &document, const std::string &uri,
     }
 }
 
-std::vector<QByteArray> qxGltfReadBuffers(const qxGltfDocument &document, qxMemoryBudget &budget)
+std::vector<QByteArray> qxGltfReadBuffers(const qxGltfDocument &document, qxMemoryBudget &budget,
+                                          QStringList &warnings)
 {
     std::vector<QByteArray> buffers;
     for (const qxJson &buffer : qxGltfSection(document.json, "buffers")) {
         const int index = int(buffers.size());
         const QString called = qxGltfLabel("buffer", index, buffer);
-        const qint64 length = buffer.at("byteLength").get<qint64>();
         try {
-            buffers.push_back(bufferBytes(document, index, buffer, budget));
+            buffers.push_back(wholeBuffer(document, index, buffer, budget));
         } catch (const qxGltfError &error) {
-            throw qxGltfError(called + ": " + error.reason());
+            if (!isFallback(buffer))
+                throw qxGltfError(called + ": " + error.reason());
+            buffers.push_back(QByteArray());
+            warnings << called + ": " + error.reason();
         }
-        if (!buffers.back().isNull() && buffers.back().size() < length) {
-            throw qxGltfError(
-                qxFileText::tr("%1 is too short: %2 bytes announced, %3 there")
-                    .arg(called, QString::number(length), QString::number(buffers.back().size())));
-        }
-        buffers.back().truncate(int(length));
     }
     return buffers;
 }

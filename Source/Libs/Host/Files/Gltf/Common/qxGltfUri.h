@@ -2,7 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfJson.h"
 
-#include <QByteArray>
+#include <QStringList>
 
 #include <vector>
 
@@ -27,5 +27,7 @@ std::string qxGltfUriOf(const QString &path);
 QByteArray qxGltfReadUri(const qxGltfDocument &document, const std::string &uri,
                          qxMemoryBudget &budget);
 /// The content of all buffers, cut to their stated length. A buffer without a URI that is not the
-/// BIN chunk is null. Throws qxGltfError for one that is missing or too short.
-std::vector<QByteArray> qxGltfReadBuffers(const qxGltfDocument &document, qxMemoryBudget &budget);
+/// BIN chunk is null. Throws qxGltfError for one that is missing or too short; one that only holds
+/// decompressed data is null then, with a warning.
+std::vector<QByteArray> qxGltfReadBuffers(const qxGltfDocument &document, qxMemoryBudget &budget,
+                                          QStringList &warnings);

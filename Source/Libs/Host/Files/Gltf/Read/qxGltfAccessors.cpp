@@ -77,12 +77,13 @@ template <class To, class Copy>
 void readElements(const qxGltfModel &model, const qxGltfElements &elements, std::vector<To> &to,
                   const Copy &copy)
 {
-    if (elements.buffer < 0 || elements.count == 0)
+    if (elements.view < 0 || elements.count == 0)
         return;
-    const QByteArray &buffer = model.buffers[std::size_t(elements.buffer)];
-    if (buffer.isNull())
-        throw qxGltfError(qxFileText::tr("buffer %1 has no data").arg(elements.buffer));
-    copy(Place{elements, buffer.constData() + elements.begin}, to);
+    const QByteArray bytes = model.bytesOfView(elements.view);
+    if (bytes.isNull())
+        throw qxGltfError(qxFileText::tr("buffer %1 has no data")
+                              .arg(model.typed.bufferViews[std::size_t(elements.view)].buffer));
+    copy(Place{elements, bytes.constData() + elements.begin}, to);
 }
 
 template <class To, class Copy>

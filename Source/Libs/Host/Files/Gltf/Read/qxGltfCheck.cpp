@@ -40,18 +40,11 @@ void checkVersion(const qxJson &document)
 
 void checkExtensions(const qxJson &document)
 {
-    QStringList unknown;
     for (const qxJson &required : qxGltfSection(document, "extensionsRequired")) {
         if (!required.is_string())
             throw qxGltfError(
                 qxFileText::tr("\"extensionsRequired\" holds something that is no text"));
-        const QString name = qxText::fromUtf8(required.get<std::string>());
-        if (!qxGltfUnderstoodExtensions().contains(name))
-            unknown << name;
     }
-    if (!unknown.isEmpty())
-        throw qxGltfError(
-            qxFileText::tr("requires what is not supported: %1").arg(unknown.join(", ")));
 }
 
 void checkPrimitive(const QString &owner, const qxJson &primitive, const qxJson &document)
@@ -64,6 +57,8 @@ void checkPrimitive(const QString &owner, const qxJson &primitive, const qxJson 
         throw qxGltfError(qxFileText::tr("%1 has no \"attributes\"").arg(owner));
     for (const qxJson &accessor : attributes)
         qxGltfCheckIndexValue(owner, accessor, accessors, "accessor");
+    qxGltfCheckDraco(owner, primitive, document);
+    qxGltfCheckTargets(owner, primitive, document);
     qxGltfCheckIndex(owner, primitive, "indices", accessors, "accessor");
     qxGltfCheckIndex(owner, primitive, "material", qxGltfSection(document, "materials"),
                      "material");
@@ -110,22 +105,15 @@ void checkMaterials(const qxJson &document)
     index = 0;
     for (const qxJson &texture : qxGltfSection(document, "textures")) {
         const QString called = qxGltfLabel("texture", index++, texture);
-        qxGltfCheckIndex(called, texture, "source", qxGltfSection(document, "images"), "image");
+        const qxJson &webp = qxGltfMember(qxGltfMember(texture, "extensions"), "EXT_texture_webp");
+        for (const qxJson *holder : {&texture, &webp})
+            qxGltfCheckIndex(called, *holder, "source", qxGltfSection(document, "images"), "image");
         qxGltfCheckIndex(called, texture, "sampler", qxGltfSection(document, "samplers"),
                          "sampler");
     }
 }
 
 } // namespace
-
-const QStringList &qxGltfUnderstoodExtensions()
-{
-    static const QStringList names{"KHR_lights_punctual",   "KHR_materials_emissive_strength",
-                                   "KHR_materials_unlit",   "KHR_materials_variants",
-                                   "KHR_mesh_quantization", "KHR_node_visibility",
-                                   "KHR_texture_transform"};
-    return names;
-}
 
 void qxGltfCheck(const qxJson &document)
 {
@@ -136,5 +124,6 @@ void qxGltfCheck(const qxJson &document)
     qxGltfCheckLights(document);
     qxGltfCheckData(document);
     checkMeshes(document);
+    qxGltfCheckSkins(document);
     checkMaterials(document);
 }

@@ -2,12 +2,6 @@
 
 #include "Files/Gltf/Common/qxGltfJson.h"
 
-#include <QStringList>
-
-/// Extensions allowed in "extensionsRequired": the host implements them, or shows nothing that
-/// depends on them.
-const QStringList &qxGltfUnderstoodExtensions();
-
 /// Refuses documents that the reader cannot handle. After it values have the right types, indices
 /// are valid, nodes form trees, and data are within their buffers. Throws qxGltfError with the
 /// first fault.
@@ -17,3 +11,11 @@ void qxGltfCheck(const qxJson &document);
 void qxGltfCheckNodes(const qxJson &document);
 /// The part of qxGltfCheck about buffers, buffer views and accessors.
 void qxGltfCheckData(const qxJson &document);
+/// The part about a buffer view that is compressed.
+void qxGltfCheckMeshopt(const QString &called, const qxJson &view, const qxJson &document);
+/// The part about a primitive that is compressed.
+void qxGltfCheckDraco(const QString &called, const qxJson &primitive, const qxJson &document);
+/// The part about skins, and about the morph targets of meshes and nodes.
+void qxGltfCheckSkins(const qxJson &document);
+/// The part about the morph targets of a primitive.
+void qxGltfCheckTargets(const QString &called, const qxJson &primitive, const qxJson &document);

@@ -45,6 +45,7 @@ void checkViews(const qxJson &document)
                                   .arg(offset + length)
                                   .arg(buffer)
                                   .arg(there));
+        qxGltfCheckMeshopt(called, view, document);
     }
 }
 

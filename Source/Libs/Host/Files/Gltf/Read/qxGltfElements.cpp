@@ -20,7 +20,8 @@ struct Shape {
     int components;
 };
 
-/// Columns of small matrices begin at multiples of four bytes.
+/// Columns of small matrices begin at multiples of four bytes, so that their components are not one
+/// after the other.
 Shape shapeOf(const QString &called, const qxJson &accessor, int component)
 {
     static const std::map<std::string, int> vectors{
@@ -34,7 +35,8 @@ Shape shapeOf(const QString &called, const qxJson &accessor, int component)
         return {vector->second * component, vector->second};
     if (matrix == matrices.end())
         throw qxGltfError(qxFileText::tr("%1 has an unknown type").arg(called));
-    return {matrix->second * ((matrix->second * component + 3) / 4 * 4), 0};
+    const int side = matrix->second;
+    return {side * ((side * component + 3) / 4 * 4), side == 4 ? 16 : 0};
 }
 
 int componentType(const QString &called, const qxJson &object)
@@ -54,8 +56,8 @@ void setPlace(qxGltfElements &elements, const QString &called, const qxJson &pla
     const qxJson &view = views[place["bufferView"].get<std::size_t>()];
     const qint64 offset = qxGltfCheckedCount(called, place, "byteOffset", 0);
     const qint64 length = qxGltfCheckedCount(called, view, "byteLength", 0);
-    elements.buffer = qxGltfIndex(view, "buffer");
-    elements.begin = qxGltfCheckedCount(called, view, "byteOffset", 0) + offset;
+    elements.view = place["bufferView"].get<int>();
+    elements.begin = offset;
     elements.stride = qxGltfCheckedCount(called, view, "byteStride", size);
     const bool fits = elements.count == 0
         || (offset + size <= length

@@ -9,9 +9,9 @@
 struct qxGltfElements {
     qint64 count = 0;
     int type = 0; ///< of a component, as the file states it
-    int components = 0; ///< of an element; 0 for matrices, which nothing here reads
-    int buffer = -1; ///< -1: all of them are zero
-    qint64 begin = 0; ///< of the first element in the buffer
+    int components = 0; ///< of an element; 0 for small matrices, which nothing here reads
+    int view = -1; ///< the buffer view; -1: all of them are zero
+    qint64 begin = 0; ///< of the first element in the view
     qint64 stride = 0; ///< from one element to the next
 };
 

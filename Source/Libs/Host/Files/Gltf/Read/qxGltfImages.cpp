@@ -16,8 +16,9 @@ QByteArray encoded(qxGltfModel &model, const qxJson &image)
     qxGltfCheckIndexValue(qxFileText::tr("it"), qxGltfMember(image, "bufferView"), views,
                           "buffer view");
     const int view = image["bufferView"].get<int>();
-    model.budget.take(qint64(model.typed.bufferViews[std::size_t(view)].byteLength), 1);
-    return model.bytesOfView(view);
+    const QByteArray bytes = model.bytesOfView(view);
+    model.budget.take(bytes.size(), 1); // the picture keeps a copy
+    return bytes;
 }
 
 /// The text of its URI or, with a mark that no URI begins with, the number of its buffer view.
@@ -34,8 +35,14 @@ osg::ImagePtr qxGltfImages::ofTexture(int texture)
 {
     if (texture < 0)
         return osg::ImagePtr();
-    const int image = m_model.typed.textures[std::size_t(texture)].source;
-    return image < 0 ? osg::ImagePtr() : make(image);
+    const qxJson &json = qxGltfSection(m_model.document.json, "textures")[std::size_t(texture)];
+    const qxJson &webp = qxGltfMember(qxGltfMember(json, "extensions"), "EXT_texture_webp");
+    for (const int source : {qxGltfIndex(webp, "source"), qxGltfIndex(json, "source")}) {
+        const osg::ImagePtr image = source < 0 ? osg::ImagePtr() : make(source);
+        if (image != osg::NullFC)
+            return image;
+    }
+    return osg::ImagePtr();
 }
 
 osg::ImagePtr qxGltfImages::make(int index)

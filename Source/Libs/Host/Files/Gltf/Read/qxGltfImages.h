@@ -16,8 +16,8 @@ public:
     /// others.
     explicit qxGltfImages(qxGltfModel &model) : m_model(model) {}
 
-    /// The picture of a texture; null if there is none or it cannot be read. Images with the same
-    /// data are one picture.
+    /// The picture of a texture; null if there is none or it cannot be read. A texture may have one
+    /// in WebP, which is preferred, beside the other. Images with the same data are one picture.
     osg::ImagePtr ofTexture(int texture);
 
 private:

@@ -1,9 +1,9 @@
 #include "Files/Gltf/Read/qxGltfMeshes.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Read/qxGltfAccessors.h"
-#include "Files/Gltf/Read/qxGltfElements.h"
+#include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
+#include "Files/Gltf/Read/qxGltfPrimitive.h"
 
 #include <OpenSG/OSGGeoFunctions.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -17,33 +17,6 @@ typedef std::vector<float> Floats;
 
 /// While normals are computed.
 const qint64 _bytesPerCorner = 300;
-
-int attributeOf(const tinygltf::Primitive &primitive, const char *name)
-{
-    const auto found = primitive.attributes.find(name);
-    return found == primitive.attributes.end() ? -1 : found->second;
-}
-
-int componentsOf(const qxGltfModel &model, int accessor)
-{
-    return qxGltfAccessor::of(model.document.json, accessor).elements.components;
-}
-
-/// The values of an attribute for every vertex; empty when the primitive has no such attribute.
-Floats attribute(const qxGltfModel &model, const tinygltf::Primitive &primitive, const char *name,
-                 int components)
-{
-    const int accessor = attributeOf(primitive, name);
-    if (accessor < 0)
-        return Floats();
-    if (componentsOf(model, accessor) != components)
-        throw qxGltfError(qxFileText::tr("%1 has the wrong number of components").arg(name));
-    const int positions = attributeOf(primitive, "POSITION");
-    const std::vector<tinygltf::Accessor> &all = model.typed.accessors;
-    if (all[std::size_t(accessor)].count != all[std::size_t(positions)].count)
-        throw qxGltfError(qxFileText::tr("%1 is not there for every vertex").arg(name));
-    return qxGltfFloats(model, accessor);
-}
 
 bool isFinite(const Floats &values)
 {
@@ -79,37 +52,51 @@ void setNormals(const osg::GeometryPtr &geometry, const Floats &values)
 }
 
 /// Pictures begin with their bottom row here, with their top row in the file.
-void setTexCoords(const osg::GeometryPtr &geometry, const Floats &values)
+osg::GeoTexCoordsPtr makeTexCoords(const Floats &values)
 {
-    geometry->setTexCoords(makeProperty<osg::GeoTexCoords2f, 2>(
-        values, [](const float *v) { return osg::Vec2f(v[0], 1.0f - v[1]); }));
+    return makeProperty<osg::GeoTexCoords2f, 2>(
+        values, [](const float *v) { return osg::Vec2f(v[0], 1.0f - v[1]); });
 }
 
-void setColours(const osg::GeometryPtr &geometry, const qxGltfModel &model,
-                const tinygltf::Primitive &primitive)
+/// The sets of texture coordinates that are read, and where they go.
+struct TexCoordSet {
+    const char *attribute;
+    void (osg::Geometry::*set)(const osg::GeoTexCoordsPtr &);
+};
+
+const TexCoordSet _texCoordSets[] = {{"TEXCOORD_0", &osg::Geometry::setTexCoords},
+                                     {"TEXCOORD_1", &osg::Geometry::setTexCoords1},
+                                     {"TEXCOORD_2", &osg::Geometry::setTexCoords2},
+                                     {"TEXCOORD_3", &osg::Geometry::setTexCoords3}};
+
+void setTexCoords(const osg::GeometryPtr &geometry, const qxGltfPrimitive &primitive)
 {
-    const int accessor = attributeOf(primitive, "COLOR_0");
-    if (accessor < 0)
-        return;
-    if (componentsOf(model, accessor) == 4) {
-        geometry->setColors(makeProperty<osg::GeoColors4f, 4>(
-            attribute(model, primitive, "COLOR_0", 4),
-            [](const float *v) { return osg::Color4f(v[0], v[1], v[2], v[3]); }));
-        return;
+    for (const TexCoordSet &set : _texCoordSets) {
+        const Floats values = primitive.values(set.attribute, 2);
+        if (!values.empty() && isFinite(values))
+            ((*geometry).*set.set)(makeTexCoords(values));
     }
-    geometry->setColors(makeProperty<osg::GeoColors3f, 3>(
-        attribute(model, primitive, "COLOR_0", 3),
-        [](const float *v) { return osg::Color3f(v[0], v[1], v[2]); }));
 }
 
-void setIndices(const osg::GeometryPtr &geometry, const std::vector<std::uint32_t> &values,
-                std::size_t vertices)
+void setColours(const osg::GeometryPtr &geometry, const qxGltfPrimitive &primitive)
 {
-    for (const std::uint32_t index : values) {
-        if (index >= vertices)
-            throw qxGltfError(
-                qxFileText::tr("index %1 is used, there are %2 vertices").arg(index).arg(vertices));
+    if (!primitive.has("COLOR_0"))
+        return;
+    if (primitive.components("COLOR_0") == 4) {
+        geometry->setColors(
+            makeProperty<osg::GeoColors4f, 4>(primitive.values("COLOR_0", 4), [](const float *v) {
+                return osg::Color4f(v[0], v[1], v[2], v[3]);
+            }));
+        return;
     }
+    geometry->setColors(
+        makeProperty<osg::GeoColors3f, 3>(primitive.values("COLOR_0", 3), [](const float *v) {
+            return osg::Color3f(v[0], v[1], v[2]);
+        }));
+}
+
+void setIndices(const osg::GeometryPtr &geometry, const std::vector<std::uint32_t> &values)
+{
     const osg::GeoIndicesUI32Ptr indices = osg::GeoIndicesUI32::create();
     const osg::CPEditor edit(indices);
     indices->getField().reserve(values.size());
@@ -139,88 +126,100 @@ void setLayout(const osg::GeometryPtr &geometry, int mode, std::size_t length)
     geometry->setLengths(lengths);
 }
 
-bool hasTriangles(const tinygltf::Primitive &primitive)
-{
-    return primitive.mode >= TINYGLTF_MODE_TRIANGLES;
-}
-
-void fill(const osg::GeometryPtr &geometry, const qxGltfModel &model,
-          const tinygltf::Primitive &primitive)
+void fill(const osg::GeometryPtr &geometry, const qxGltfPrimitive &primitive)
 {
     const osg::CPEditor edit(geometry);
-    const Floats positions = attribute(model, primitive, "POSITION", 3);
-    const std::size_t vertices = positions.size() / 3;
+    const Floats positions = primitive.values("POSITION", 3);
     setPositions(geometry, positions);
-    if (primitive.indices >= 0) {
-        const std::vector<std::uint32_t> indices = qxGltfIndices(model, primitive.indices);
-        setIndices(geometry, indices, vertices);
-        setLayout(geometry, primitive.mode, indices.size());
+    if (primitive.hasIndices()) {
+        const std::vector<std::uint32_t> indices = primitive.indices();
+        setIndices(geometry, indices);
+        setLayout(geometry, primitive.mode(), indices.size());
     } else {
-        setLayout(geometry, primitive.mode, vertices);
+        setLayout(geometry, primitive.mode(), positions.size() / 3);
     }
-    const Floats texCoords = attribute(model, primitive, "TEXCOORD_0", 2);
-    if (!texCoords.empty() && isFinite(texCoords))
-        setTexCoords(geometry, texCoords);
-    setColours(geometry, model, primitive);
-    const Floats normals = attribute(model, primitive, "NORMAL", 3);
+    setTexCoords(geometry, primitive);
+    setColours(geometry, primitive);
+    const Floats normals = primitive.values("NORMAL", 3);
     if (!normals.empty() && isFinite(normals))
         setNormals(geometry, normals);
-    else if (hasTriangles(primitive) && vertices > 0)
+    else if (primitive.hasTriangles() && !positions.empty())
         osg::calcVertexNormals(geometry);
 }
 
 /// Takes from the budget what `fill` is going to need, and answers how much of it is needed only
 /// meanwhile: values are there twice for a while, those that replace others a third time.
-qint64 takeMemory(qxGltfModel &model, const tinygltf::Primitive &primitive)
+qint64 takeMemory(qxMemoryBudget &budget, const qxGltfPrimitive &primitive)
 {
     qint64 passing = 0;
-    const auto take = [&](int accessor) {
-        const qxGltfElements elements = qxGltfAccessor::of(model.document.json, accessor).elements;
-        const qint64 size = elements.components * qint64(sizeof(float));
-        model.budget.take(elements.count, 3 * size);
-        passing += 2 * elements.count * size;
-        return elements.count;
+    const auto take = [&](qint64 count, int components) {
+        const qint64 size = components * qint64(sizeof(float));
+        budget.take(count, 3 * size);
+        passing += 2 * count * size;
     };
-    for (const char *name : {"NORMAL", "TEXCOORD_0", "COLOR_0"}) {
-        if (attributeOf(primitive, name) >= 0)
-            take(attributeOf(primitive, name));
-    }
-    qint64 corners = take(attributeOf(primitive, "POSITION"));
-    if (attributeOf(primitive, "NORMAL") < 0)
-        model.budget.take(corners, sizeof(osg::Vec3f));
-    if (primitive.indices >= 0)
-        corners = take(primitive.indices);
-    if (attributeOf(primitive, "NORMAL") < 0 && hasTriangles(primitive)) {
-        model.budget.take(corners, _bytesPerCorner);
+    for (const char *name : {"POSITION", "NORMAL", "COLOR_0"})
+        take(primitive.vertices(), primitive.components(name));
+    for (const TexCoordSet &set : _texCoordSets)
+        take(primitive.vertices(), primitive.components(set.attribute));
+    take(primitive.hasIndices() ? primitive.indexCount() : 0, 1);
+    if (primitive.has("NORMAL"))
+        return passing;
+    budget.take(primitive.vertices(), sizeof(osg::Vec3f));
+    if (primitive.hasTriangles()) {
+        const qint64 corners =
+            primitive.hasIndices() ? primitive.indexCount() : primitive.vertices();
+        budget.take(corners, _bytesPerCorner);
         passing += corners * _bytesPerCorner;
     }
     return passing;
 }
 
-qxGltfGeometryRef makeGeometry(qxGltfModel &model, const tinygltf::Primitive &primitive,
-                               const std::vector<qxGltfMaterialRef> &materials)
+qxGltfGeometryRef makeGeometry(qxGltfModel &model, qxGltfPrimitive::Place place,
+                               qxGltfDracoMeshes &meshes)
 {
-    if (attributeOf(primitive, "POSITION") < 0)
+    const qxGltfPrimitive primitive(model, place, meshes);
+    if (!primitive.has("POSITION"))
         return qxGltfGeometryRef();
-    const qint64 passing = takeMemory(model, primitive);
+    const qint64 passing = takeMemory(model.budget, primitive);
     const qxGltfGeometryRef geometry(osg::Geometry::create());
-    fill(geometry.get(), model, primitive);
+    fill(geometry.get(), primitive);
     model.budget.giveBack(passing);
-    if (primitive.material >= 0) {
-        const osg::CPEditor edit(geometry.get(), osg::Geometry::MaterialFieldMask);
-        geometry->setMaterial(materials[std::size_t(primitive.material)].get());
-    }
     return geometry;
 }
 
-long long trianglesOf(const qxGltfModel &model, const tinygltf::Primitive &primitive)
+/// The same; what cannot be read for want of an extension is left out with a warning.
+qxGltfGeometryRef makePart(qxGltfModel &model, qxGltfPrimitive::Place place,
+                           qxGltfDracoMeshes &meshes)
 {
-    const int positions = attributeOf(primitive, "POSITION");
-    const int counted = primitive.indices >= 0 ? primitive.indices : positions;
-    if (positions < 0 || !hasTriangles(primitive))
+    try {
+        return makeGeometry(model, place, meshes);
+    } catch (const qxGltfError &error) {
+        const qxJson &mesh = model.document.json["meshes"][std::size_t(place.mesh)];
+        const QString called = qxGltfPrimitiveLabel(place.mesh, mesh, place.primitive);
+        if (qxGltfNotUnderstood(model.document.json, "extensionsRequired").isEmpty())
+            throw qxGltfError(called + ": " + error.reason());
+        model.warnings << qxFileText::tr("%1 is left out: %2").arg(called, error.reason());
+        return qxGltfGeometryRef();
+    }
+}
+
+long long trianglesOf(const qxJson &primitive, const qxJson &document)
+{
+    const int positions = qxGltfIndex(qxGltfMember(primitive, "attributes"), "POSITION");
+    const int indices = qxGltfIndex(primitive, "indices");
+    const int mode = qxGltfMember(primitive, "mode").is_null() ? TINYGLTF_MODE_TRIANGLES
+                                                               : qxGltfIndex(primitive, "mode");
+    if (positions < 0 || mode < TINYGLTF_MODE_TRIANGLES)
         return 0;
-    const long long count = (long long)(model.typed.accessors[std::size_t(counted)].count);
-    return primitive.mode == TINYGLTF_MODE_TRIANGLES ? count / 3 : std::max(0LL, count - 2);
+    const std::size_t counted = std::size_t(indices >= 0 ? indices : positions);
+    const long long count = qxGltfSection(document, "accessors")[counted]["count"].get<long long>();
+    return mode == TINYGLTF_MODE_TRIANGLES ? count / 3 : std::max(0LL, count - 2);
+}
+
+void setMaterial(const osg::GeometryPtr &geometry, const qxGltfMaterialRef &material)
+{
+    const osg::CPEditor edit(geometry, osg::Geometry::MaterialFieldMask);
+    geometry->setMaterial(material.get());
 }
 
 /// Names the geometry after its mesh, unless the primitive says otherwise.
@@ -249,31 +248,29 @@ std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
                                           const std::vector<qxGltfMaterialRef> &materials)
 {
     std::vector<qxGltfMeshParts> meshes;
+    qxGltfDracoMeshes compressed(model);
     for (const tinygltf::Mesh &mesh : model.typed.meshes) {
         const qxJson &json = model.document.json["meshes"][meshes.size()];
         qxGltfMeshParts parts;
         for (const tinygltf::Primitive &primitive : mesh.primitives) {
-            const QString called =
-                qxGltfPrimitiveLabel(int(meshes.size()), json, int(parts.size()));
-            try {
-                parts.push_back(makeGeometry(model, primitive, materials));
-            } catch (const qxGltfError &error) {
-                throw qxGltfError(called + ": " + error.reason());
-            }
-            if (parts.back() != osg::NullFC)
-                namePart(parts.back().get(), json, parts.size());
+            parts.push_back(makePart(model, {int(meshes.size()), int(parts.size())}, compressed));
+            if (parts.back() == osg::NullFC)
+                continue;
+            if (primitive.material >= 0)
+                setMaterial(parts.back().get(), materials[std::size_t(primitive.material)]);
+            namePart(parts.back().get(), json, parts.size());
         }
         meshes.push_back(std::move(parts));
     }
     return meshes;
 }
 
-long long qxGltfTriangles(const qxGltfModel &model)
+long long qxGltfTriangles(const qxJson &document)
 {
     long long triangles = 0;
-    for (const tinygltf::Mesh &mesh : model.typed.meshes) {
-        for (const tinygltf::Primitive &primitive : mesh.primitives)
-            triangles += trianglesOf(model, primitive);
+    for (const qxJson &mesh : qxGltfSection(document, "meshes")) {
+        for (const qxJson &primitive : qxGltfSection(mesh, "primitives"))
+            triangles += trianglesOf(primitive, document);
     }
     return triangles;
 }

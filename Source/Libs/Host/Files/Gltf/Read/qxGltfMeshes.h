@@ -18,4 +18,4 @@ std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
 std::string qxGltfPartName(const char *mesh, std::size_t number);
 
 /// How many triangles the meshes of the file have.
-long long qxGltfTriangles(const qxGltfModel &model);
+long long qxGltfTriangles(const qxJson &document);

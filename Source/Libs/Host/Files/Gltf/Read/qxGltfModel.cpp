@@ -2,6 +2,8 @@
 
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/Gltf/Read/qxGltfCheck.h"
+#include "Files/Gltf/Read/qxGltfExtensions.h"
+#include "Files/Gltf/Read/qxGltfMeshopt.h"
 #include "qxText.h"
 
 namespace {
@@ -20,6 +22,13 @@ qxJson shownPart(const qxJson &document)
          {"bufferViews", "accessors", "meshes", "materials", "textures", "cameras", "nodes"}) {
         if (!qxGltfSection(document, name).empty())
             part[name] = document.at(name);
+    }
+    // It would refuse those that are compressed or sparse.
+    if (part.contains("meshes")) {
+        for (qxJson &mesh : part["meshes"]) {
+            for (qxJson &primitive : mesh["primitives"])
+                primitive.erase("indices");
+        }
     }
     return part;
 }
@@ -69,8 +78,13 @@ qxGltfModel qxGltfModel::read(const QString &path)
     model.document = qxGltfDocument::read(path, model.budget);
     qxGltfCheck(model.document.json);
     takeStructure(model.document.json, model.budget);
-    model.buffers = qxGltfReadBuffers(model.document, model.budget);
+    model.buffers = qxGltfReadBuffers(model.document, model.budget, model.warnings);
     parse(model.document.json, model.typed);
+    qxGltfDecodeViews(model);
+    const QStringList missing = qxGltfNotUnderstood(model.document.json, "extensionsRequired");
+    if (!missing.isEmpty())
+        model.warnings
+            << qxFileText::tr("what needs the extension %1 is not shown").arg(missing.join(", "));
     return model;
 }
 
@@ -115,7 +129,25 @@ const qxJson &qxGltfModel::node(int index) const
 
 QByteArray qxGltfModel::bytesOfView(int index) const
 {
+    const auto decoded = decodedViews.find(index);
+    if (decoded != decodedViews.end())
+        return decoded->second;
     const tinygltf::BufferView &view = typed.bufferViews[std::size_t(index)];
     const QByteArray &buffer = buffers[std::size_t(view.buffer)];
-    return buffer.isNull() ? QByteArray() : buffer.mid(int(view.byteOffset), int(view.byteLength));
+    if (buffer.isNull())
+        return QByteArray();
+    return QByteArray::fromRawData(buffer.constData() + view.byteOffset, int(view.byteLength));
+}
+
+bool qxGltfModel::isOptional(const char *extension) const
+{
+    return !qxGltfExtensionNames(document.json, "extensionsRequired")
+                .contains(QLatin1String(extension));
+}
+
+void qxGltfModel::forgetDecoded()
+{
+    for (const auto &view : decodedViews)
+        budget.giveBack(view.second.size());
+    decodedViews.clear();
 }

@@ -6,6 +6,7 @@
 
 #include <QStringList>
 
+#include <map>
 #include <vector>
 
 /// A checked scene file with its values in types and its data in memory.
@@ -13,7 +14,8 @@ struct qxGltfModel {
     qxGltfDocument document;
     tinygltf::Model typed; ///< what shows: buffer views, accessors, meshes, materials, textures,
                            ///< cameras and nodes; the rest stays in the document
-    std::vector<QByteArray> buffers;
+    std::vector<QByteArray> buffers; ///< as the file has them; null for those without data
+    std::map<int, QByteArray> decodedViews; ///< what compressed buffer views hold
     qxMemoryBudget budget{qxMemoryBudget::limit()}; ///< the memory that is left for decoded content
     QStringList warnings; ///< what was left out or corrected, for the user
 
@@ -28,6 +30,11 @@ struct qxGltfModel {
     std::vector<int> roots() const;
     /// The JSON of a node.
     const qxJson &node(int index) const;
-    /// The bytes of a buffer view; null when its buffer has no data.
+    /// The bytes of a buffer view, decompressed, as long as the model is there; null when its
+    /// buffer has no data.
     QByteArray bytesOfView(int index) const;
+    /// Whether the file does without the extension where that cannot be used.
+    bool isOptional(const char *extension) const;
+    /// Gives back the memory of what was decompressed.
+    void forgetDecoded();
 };

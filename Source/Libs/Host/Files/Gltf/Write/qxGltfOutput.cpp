@@ -136,7 +136,7 @@ void qxGltfOutput::unpackFirstBuffer(qxJson &json)
 void qxGltfOutput::copyBuffers(qxJson &json, const std::vector<QByteArray> &buffers)
 {
     for (std::size_t i = 0; i < buffers.size(); ++i) {
-        if (isFile(json["buffers"][i]))
+        if (isFile(json["buffers"][i]) && !buffers[i].isNull())
             copy(json["buffers"][i], buffers[i]);
     }
 }

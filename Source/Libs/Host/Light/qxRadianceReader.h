@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Light/qxLightPicture.h"
+
+#include <QByteArray>
+
+class qxMemoryBudget;
+
+/// Reads a picture of the Radiance format (Ward: Real Pixels, Graphics Gems II, 1991), with or
+/// without run-length encoding. Its lines about exposure change nothing. Throws qxGltfError.
+qxLightPicture qxReadRadiance(const QByteArray &bytes, qxMemoryBudget &budget);

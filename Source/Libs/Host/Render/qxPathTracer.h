@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Render/qxTracer.h"
+
+/// Finds out which light comes along rays by following random paths: soft shadows, reflections of
+/// the scene, light from surface to surface.
+///
+/// At each point one ray asks for the light of a lamp or of the surroundings and one goes on. What
+/// both could find counts by the power heuristic (Veach and Guibas, "Optimally Combining Sampling
+/// Techniques for Monte Carlo Rendering", 1995).
+class qxPathTracer : public qxTracer {
+public:
+    using qxTracer::qxTracer;
+
+protected:
+    Seen seen(const qxSurfacePoint &hit, const qxRenderLayer &layer, const osg::Vec3f &colour,
+              float share, qxSampler &sampler) const override;
+
+private:
+    class Path;
+    struct Asked;
+
+    bool follow(Path &path, qxSampler &sampler) const;
+    osg::Vec3f direct(const Path &path, const qxShading &shading, qxSampler &sampler) const;
+    Asked askedLamp(const qxSurfacePoint &hit, const qxShading &shading, float &random) const;
+    Asked askedSky(const qxSurfacePoint &hit, const qxShading &shading,
+                   const osg::Vec2f &place) const;
+    bool findNext(Path &path, qxSampler &sampler) const;
+};
