@@ -3,10 +3,9 @@
 #include "Pictures/qxEncodedPicture.h"
 #include "Render/qxTiles.h"
 
-#include <algorithm>
-
 #include <OpenSG/OSGFieldContainerFactory.h>
 
+#include <algorithm>
 #include <set>
 
 namespace {
