@@ -217,10 +217,10 @@ TEST_F(PictureTest, LightAndBackgroundAreWhatTheOptionsSay)
 {
     const QString dim =
         write("dim.hdr", "#?RADIANCE\n\n-Y 1 +X 2\n\x40\x40\x40\x7e\x40\x40\x40\x7e");
+    const QString nothing = write("nothing.gltf", R"({"asset": {"version": "2.0"}})");
     const auto rendered = [&](const QStringList &options) {
         const QString out = path("picture.png");
-        quick(QStringList{"render", file, "--size", "64x48", "--ground", "off", "--out", out}
-              + options);
+        quick(QStringList{"render", nothing, "--size", "64x48", "--out", out} + options);
         return QImage(out);
     };
     const QImage open = rendered({"--background", "none"});
@@ -229,8 +229,6 @@ TEST_F(PictureTest, LightAndBackgroundAreWhatTheOptionsSay)
     const QImage plain = rendered({"--background", "#204060"});
     EXPECT_FALSE(plain.hasAlphaChannel());
     EXPECT_EQ(plain.pixel(0, 0), qRgb(0x20, 0x40, 0x60));
-    EXPECT_NE(plain, rendered({"--background", "#204060", "--exposure", "-3"}));
-    EXPECT_NE(plain, rendered({"--background", "#204060", "--environment", dim}));
     const QRgb sky = rendered({"--environment", dim}).pixel(0, 0);
     EXPECT_TRUE(qGray(sky) > 5 && qGray(sky) < 60) << qGray(sky);
     EXPECT_GT(qGray(rendered({"--environment", dim, "--exposure", "3"}).pixel(0, 0)), 100);
