@@ -91,7 +91,6 @@ qxShading::qxShading(const Surface &surface, const osg::Vec3f &toEye)
     }
     setBase(setLayers());
     setCoatAndSheen();
-    setChances();
 }
 
 void qxShading::setGrain()
@@ -178,35 +177,44 @@ void qxShading::setCoatAndSheen()
     m_sheenPeak = std::min(qxPeak(m_surface.sheen), 1.0f);
 }
 
-void qxShading::setChances()
+const qxShading::Chances &qxShading::chances() const
 {
+    if (!m_hasChances)
+        m_chances = newChances();
+    m_hasChances = true;
+    return m_chances;
+}
+
+qxShading::Chances qxShading::newChances() const
+{
+    Chances result;
     const float rest = m_coatRest * sheenRest(m_eye[2]);
     const osg::Vec3f mirrors =
         m_layer.normal * m_eyeAlbedo.ofNormal + m_layer.edge * m_eyeAlbedo.ofEdge;
     const float mirror = qxPeak(fresnel(m_layer, denseCosine(m_eye[2])));
-    m_chances[Mirror] = std::max(qxPeak(mirrors), mirror * m_eyeAlbedo.all()) * rest;
-    m_chances[Matt] =
-        (qxPeak(m_matt) * m_mattMean + qxPeak(m_repeated) * m_repeatedMean) * qxPi * rest
+    result[Mirror] = std::max(qxPeak(mirrors), mirror * m_eyeAlbedo.all()) * rest;
+    result[Matt] = (qxPeak(m_matt) * m_mattMean + qxPeak(m_repeated) * m_repeatedMean) * qxPi * rest
         + m_sheenPeak * m_coatRest;
-    m_chances[Coat] = m_coatShare;
+    result[Coat] = m_coatShare;
     // Mirrors that are turned otherwise let light through that the surface itself would reflect.
     const float through = std::max(1.0f - mirror, 0.5f * squared(m_roughness));
-    m_chances[Through] = m_clear * through * qxPeak(m_surface.base) * rest;
-    m_chances[MattThrough] =
+    result[Through] = m_clear * through * qxPeak(m_surface.base) * rest;
+    result[MattThrough] =
         (qxPeak(m_mattThrough) * m_mattMean + qxPeak(m_repeatedThrough) * m_repeatedMean) * qxPi
         * rest;
     float sum = 0.0f;
-    for (float &chance : m_chances)
+    for (float &chance : result)
         sum += chance;
     // What seems to give little may give much in some direction.
     float total = 0.0f;
-    for (float &chance : m_chances) {
+    for (float &chance : result) {
         const float share = sum > 0.0f ? chance / sum : 1.0f;
         chance = std::max(share, std::min(0.1f, 10.0f * share));
         total += chance;
     }
-    for (float &chance : m_chances)
+    for (float &chance : result)
         chance /= total;
+    return result;
 }
 
 /// Of the angle on the side where light travels faster: the one that Schlick's term is about; 0 for
@@ -371,9 +379,9 @@ osg::Vec3f qxShading::mirrorDirection(const osg::Vec2f &place) const
 /// Null when it would lead to the wrong side.
 osg::Vec3f qxShading::direction(float choice, const osg::Vec2f &place) const
 {
-    int lobe = 0;
-    while (lobe + 1 < Lobes && choice >= m_chances[lobe])
-        choice -= m_chances[lobe++];
+    std::size_t lobe = 0;
+    while (lobe + 1 < Lobes && choice >= chances()[lobe])
+        choice -= chances()[lobe++];
     switch (lobe) {
     case Mirror:
         return mirrorDirection(place);
@@ -434,23 +442,24 @@ qxShading::Bounce qxShading::bounce(float choice, const osg::Vec2f &place) const
 float qxShading::density(const osg::Vec3f &toLight) const
 {
     const osg::Vec3f light = m_frame.toLocal(toLight);
+    const Chances &chances = this->chances();
     float sum = 0.0f;
     if (light[2] > 0.0f) {
         const osg::Vec3f half = qxUnit(light + m_eye);
-        sum = m_chances[Matt] * light[2] / qxPi;
-        if (m_chances[Mirror] > 0.0f)
-            sum += m_chances[Mirror] * m_mirrors.density(half, m_eye)
+        sum = chances[Matt] * light[2] / qxPi;
+        if (chances[Mirror] > 0.0f)
+            sum += chances[Mirror] * m_mirrors.density(half, m_eye)
                 / (4.0f * std::max(half.dot(m_eye), 1e-6f));
     } else {
-        sum = m_chances[MattThrough] * -light[2] / qxPi;
-        if (m_chances[Through] > 0.0f)
-            sum += m_chances[Through] * throughDensity(light);
+        sum = chances[MattThrough] * -light[2] / qxPi;
+        if (chances[Through] > 0.0f)
+            sum += chances[Through] * throughDensity(light);
     }
-    if (m_chances[Coat] > 0.0f) {
+    if (chances[Coat] > 0.0f) {
         const osg::Vec3f above = m_coatFrame.toLocal(toLight);
         const osg::Vec3f half = qxUnit(above + m_coatEye);
         if (above[2] > 0.0f)
-            sum += m_chances[Coat] * m_coatMirrors.density(half, m_coatEye)
+            sum += chances[Coat] * m_coatMirrors.density(half, m_coatEye)
                 / (4.0f * std::max(half.dot(m_coatEye), 1e-6f));
     }
     return sum;
