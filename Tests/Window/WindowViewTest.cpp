@@ -7,6 +7,7 @@
 #include "Window/qxLightMenu.h"
 #include "Window/qxOrbit.h"
 #include "WindowFixture.h"
+#include "qxController.h"
 #include "qxRaytracingManager.h"
 #include "qxUberCameraPool.h"
 
