@@ -261,6 +261,27 @@ TEST_F(PictureTest, PicturesThatShowNothingOfTheSceneAreNamedWithTheReason)
     EXPECT_EQ(quick(one + QStringList{"--set", "stop : halt"}).err.count("nothing of the"), 1);
 }
 
+TEST_F(PictureTest, LightAndBackgroundAreWhatTheOptionsSay)
+{
+    const QString dim =
+        write("dim.hdr", "#?RADIANCE\n\n-Y 1 +X 2\n\x40\x40\x40\x7e\x40\x40\x40\x7e");
+    const QString nothing = write("nothing.gltf", R"({"asset": {"version": "2.0"}})");
+    const auto rendered = [&](const QStringList &options) {
+        const QString out = path("picture.png");
+        quick(QStringList{"render", nothing, "--size", "64x48", "--out", out} + options);
+        return QImage(out);
+    };
+    const QImage open = rendered({"--background", "none"});
+    EXPECT_TRUE(open.hasAlphaChannel());
+    EXPECT_EQ(open.pixel(0, 0), qRgba(0, 0, 0, 0));
+    const QImage plain = rendered({"--background", "#204060"});
+    EXPECT_FALSE(plain.hasAlphaChannel());
+    EXPECT_EQ(plain.pixel(0, 0), qRgb(0x20, 0x40, 0x60));
+    const QRgb sky = rendered({"--environment", dim}).pixel(0, 0);
+    EXPECT_TRUE(qGray(sky) > 5 && qGray(sky) < 60) << qGray(sky);
+    EXPECT_GT(qGray(rendered({"--environment", dim, "--exposure", "3"}).pixel(0, 0)), 100);
+}
+
 TEST_F(PictureTest, WhatCannotBeDoneIsRefusedBeforeAnythingIsRendered)
 {
     const QString out = path("picture.png");
@@ -277,7 +298,19 @@ TEST_F(PictureTest, WhatCannotBeDoneIsRefusedBeforeAnythingIsRendered)
     for (const QStringList &command : {QStringList{"render", file, "--out", out},
                                        {"previews", file, "--save", saved},
                                        {"catalogue", file, "--out", folder.path()}})
-        refused(2, command + QStringList{"--quality", "good"}, "--quality is quick or best");
+        for (const auto &[option, value, said] :
+             {std::tuple("--quality", "good", "--quality is quick or best"),
+              {"--exposure", "bright", "--exposure is a number from -20 to 20"},
+              {"--environment-rotation", "361", "--environment-rotation is a number"},
+              {"--background", "red", "--background is gradient, environment, none or a colour"},
+              {"--ground", "maybe", "--ground is auto or on or off"}})
+            refused(2, command + QStringList{option, value}, said);
+    for (const QStringList &command : {QStringList{"previews", file, "--save", saved},
+                                       {"catalogue", file, "--out", folder.path()}})
+        refused(2, command + QStringList{"--background", "none"}, "these pictures are opaque");
+    const QStringList lit{"render", file, "--out", out, "--environment"};
+    refused(1, lit + QStringList{path("none.hdr")}, "none.hdr: the file does not exist");
+    refused(1, lit + QStringList{file}, "it is neither a Radiance nor an OpenEXR picture");
     EXPECT_FALSE(QFile::exists(out));
 }
 

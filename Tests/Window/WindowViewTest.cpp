@@ -2,13 +2,17 @@
 #include "qxVariants.h"
 
 #include "Pictures/qxPictureProgress.h"
+#include "Render/qxViewSettings.h"
 #include "Session/qxSceneState.h"
+#include "Window/qxLightMenu.h"
 #include "Window/qxOrbit.h"
 #include "WindowFixture.h"
+#include "qxController.h"
 #include "qxRaytracingManager.h"
 #include "qxUberCameraPool.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 /// The picture of the scene, while a hand is on it and afterwards.
 class WindowViewTest : public WindowFixture {
@@ -53,6 +57,44 @@ TEST_F(WindowViewTest, ThePictureFollowsHandAndKeysAndHomeLeadsBack)
     QTest::keyClick(window->sceneView(), Qt::Key_Home);
     EXPECT_EQ(finishedPicture(), atHome);
     EXPECT_TRUE(hint->isHidden());
+}
+
+TEST_F(WindowViewTest, TheLightMenuChangesThePictureAndItsChoicesAreRemembered)
+{
+    openDemo();
+    auto *const menu = window->findChild<qxLightMenu *>();
+    const auto action = [&](const char *text) {
+        for (QAction *each : menu->findChildren<QAction *>()) {
+            if (each->text() == text)
+                return each;
+        }
+        throw std::runtime_error(text);
+    };
+    QImage before = finishedPicture();
+    const auto changes = [&](const char *how) {
+        const QImage now = finishedPicture();
+        EXPECT_NE(now, before) << how;
+        before = now;
+    };
+    action("B&righter")->trigger();
+    changes("exposure");
+    const QString dim =
+        write("dim.hdr", "#?RADIANCE\n\n-Y 1 +X 2\n\x40\x40\x40\x7e\x40\x40\x40\x7e");
+    menu->usePicture(dim);
+    changes("picture");
+    expectDialog([](QDialog &dialog) { dialog.reject(); });
+    menu->usePicture(write("broken.hdr", "none"));
+    EXPECT_TRUE(qxViewSettings::the().environment);
+    action("&Of the Scene")->trigger();
+    changes("own environment");
+
+    qxViewSettings::the() = qxViewSettings();
+    qxLightMenu next(nullptr);
+    EXPECT_EQ(qxViewSettings::the().exposure, 0.5f);
+    Q_EMIT next.findChildren<QMenu *>().first()->aboutToShow();
+    const QList<QAction *> environments = next.findChildren<QMenu *>().first()->actions();
+    EXPECT_TRUE(std::any_of(environments.begin(), environments.end(),
+                            [](QAction *each) { return each->text() == "dim.hdr"; }));
 }
 
 TEST_F(WindowViewTest, AViewFromStraightAboveStaysOneWhenTheSceneIsFittedAndTurnsFromThere)

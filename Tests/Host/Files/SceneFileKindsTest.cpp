@@ -1,5 +1,6 @@
 #include "Animation/qxAnimationPlayer.h"
 #include "Files/SceneFileFixture.h"
+#include "Light/qxEnvironmentPicture.h"
 #include "OSGUberLight.h"
 #include "qxAnimManager.h"
 #include "qxLights.h"
@@ -206,6 +207,52 @@ TEST_F(SceneFileKindsTest, ANewEnvironmentIsWrittenWithItsMaterials)
     EXPECT_EQ(tree(), "");
     save(path("empty.gltf"));
     EXPECT_EQ(jsonOf(path("empty.gltf"))["scenes"][0].count("nodes"), 0u);
+}
+
+TEST_F(SceneFileKindsTest, ThePictureOfTheShownEnvironmentLightsTheScene)
+{
+    const QByteArray grey =
+        "#?RADIANCE\n\n-Y 1 +X 2\n\x40\x40\x40\x81\x40\x40\x40\x81"; // half of white
+    write("sky/day.hdr", grey);
+    write("broken.exr", QByteArray("none"));
+    const qxJson json = {
+        {"asset", {{"version", "2.0"}}},
+        {"nodes",
+         {{{"extras", {{"qxEnvironment", true}, {"qxSwitch", 0}}}, {"children", {1, 2, 3, 4}}},
+          {{"extras",
+            {{"qxEnvironmentPicture", "sky/day.hdr"},
+             {"qxEnvironmentExposure", 1},
+             {"qxEnvironmentRotation", "much"}}}},
+          {{"extras", {{"qxEnvironmentPicture", "broken.exr"}}}},
+          {{"extras", {{"qxEnvironmentPicture", "../lost.hdr"}}}},
+          {{"name", "Plain"}}}}};
+    load(json);
+    EXPECT_EQ(file.warnings(),
+              (QStringList{"node 1: qxEnvironmentRotation is no number",
+                           "node 2: the picture of the environment is left out: it is neither a "
+                           "Radiance nor an OpenEXR picture",
+                           "node 3: the picture of the environment is left out: \"../lost.hdr\" "
+                           "leads out of the folder of the scene file"}));
+    const TestNode choices(qxScenegraph::environmentGeometrySwitch());
+    const auto brightnessOf = [](osg::UInt32 picture) {
+        return qxEnvironmentPicture::lightOf(picture)->light(osg::Vec3f(0, 1, 0))[1];
+    };
+    for (const auto &[choice, isLit] :
+         {std::pair(0, true), {1, false}, {2, false}, {3, false}, {-1, false}, {-2, true}}) {
+        choices.choose(choice);
+        const osg::UInt32 picture = qxEnvironmentPicture::shownBy(choices);
+        EXPECT_EQ(picture != 0, isLit) << choice;
+        EXPECT_TRUE(!isLit || brightnessOf(picture) > 0.98f) << choice;
+    }
+    choices.choose(0);
+    choices.child(0).setMask(0);
+    EXPECT_EQ(qxEnvironmentPicture::shownBy(choices), 0u);
+    choices.child(0).setMask(1);
+    EXPECT_EQ(qxEnvironmentPicture::shownBy(osg::NullFC), 0u);
+    expectSaved(json);
+    save(path("other/saved.gltf"));
+    EXPECT_EQ(jsonOf(path("other/saved.gltf"))["nodes"], json["nodes"]);
+    EXPECT_EQ(bytesOf(path("other/sky/day.hdr")), grey);
 }
 
 TEST_F(SceneFileKindsTest, CamerasAreViewpoints)
