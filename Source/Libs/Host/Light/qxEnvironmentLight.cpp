@@ -174,8 +174,7 @@ osg::Vec3f qxEnvironmentLight::mirrored(const osg::Vec3f &direction, float rough
     const float level = std::clamp(roughness, 0.0f, 1.0f) * float(rough.size());
     const std::size_t below = std::min(std::size_t(level), rough.size() - 1);
     const qxLightPicture &sharper = below > 0 ? rough[below - 1] : m_map->picture;
-    return qxMixed(sharper.at(place), rough[below].at(place), level - float(below))
-        * m_factor;
+    return qxMixed(sharper.at(place), rough[below].at(place), level - float(below)) * m_factor;
 }
 
 osg::Vec3f qxEnvironmentLight::scattered(const osg::Vec3f &normal) const

@@ -103,9 +103,8 @@ void qxShadowGround::chooseDirections(bool isFine)
         m_directions.push_back(one);
         sum += one.weight;
     }
-    const float all = isFine
-        ? sum / float(count)
-        : luminance(m_scene.sky.scattered(osg::Vec3f(0, 1, 0))) * qxPi;
+    const float all =
+        isFine ? sum / float(count) : luminance(m_scene.sky.scattered(osg::Vec3f(0, 1, 0))) * qxPi;
     for (Direction &one : m_directions)
         one.weight *= all / sum;
 }

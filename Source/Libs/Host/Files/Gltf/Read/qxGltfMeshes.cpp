@@ -1,7 +1,7 @@
 #include "Files/Gltf/Read/qxGltfMeshes.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Read/qxGltfDeformations.h"
+#include "Files/Gltf/Read/qxGltfDeformation.h"
 #include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfPrimitive.h"
@@ -199,7 +199,7 @@ qxGltfGeometryRef makeGeometry(qxGltfModel &model, qxGltfPrimitive::Place place,
     const qxGltfGeometryRef geometry(osg::Geometry::create());
     fill(geometry.get(), primitive);
     model.budget.giveBack(passing);
-    qxGltfSetDeformation(geometry.get(), primitive, model);
+    qxGltfSetDeformation(geometry.get(), primitive, model.budget);
     return geometry;
 }
 
