@@ -10,6 +10,7 @@
 #include <OpenSG/OSGTextureChunk.h>
 
 #include <array>
+#include <cmath>
 
 class RenderMaterialTest : public RenderFixture {
 protected:
@@ -236,6 +237,34 @@ TEST_F(RenderMaterialTest, PatternsSmallerThanThePixelsAreAveraged)
     camera.toWorld.setTranslate(-1 + 2 * nearest, -1 + 2 * nearest, 10);
     EXPECT_EQ(picture().at(-0.5f, -0.5f), "255 0 0");
     EXPECT_EQ(picture().at(0.5f, -0.5f), "0 255 0");
+}
+
+TEST_F(RenderMaterialTest, AtFlatAnglesPicturesAreAveragedAlongTheViewOnly)
+{
+    // A pixel is an eighth of the pattern wide, and as long as all of it.
+    const TestNode tilted = scene.addTransform("Tilted");
+    matrixOf(tilted).setRotate(osg::Quaternion(osg::Vec3f(1, 0, 0), -std::acos(0.125f)));
+    for (const bool goesAcross : {false, true}) {
+        std::vector<osg::UInt8> bytes;
+        for (int pixel = 0; pixel < 64; ++pixel)
+            bytes.push_back((goesAcross ? pixel / 8 : pixel % 8) < 4 ? 255 : 0);
+        const osg::ImagePtr image = osg::Image::create();
+        image->set(osg::Image::OSG_L_PF, 8, 8, 1, 1, 1, 0.0, bytes.data());
+        const TestNode floor = addTextured(textured(GL_MODULATE, image), 6);
+        floor.moveTo(tilted);
+        const TestPicture seen = picture();
+        int darkest = 1000, brightest = 0;
+        for (int i = 0; i < 24; ++i) {
+            const int brightness = seen.brightness(float(i - 12) / 24.0f, float(i % 3 - 1) / 24.0f);
+            darkest = std::min(darkest, brightness);
+            brightest = std::max(brightest, brightness);
+        }
+        if (goesAcross)
+            EXPECT_LT(brightest - darkest, 120);
+        else
+            EXPECT_GT(brightest - darkest, 600);
+        floor.remove();
+    }
 }
 
 TEST_F(RenderMaterialTest, ChunksGiveColourPictureAndWrap)

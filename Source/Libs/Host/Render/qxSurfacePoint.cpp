@@ -48,13 +48,17 @@ void qxSurfacePoint::arrive(const qxRaySpread &from)
         spread.origin[i] = beside + toEye * (-beside.dot(flatNormal) / cosine);
         spread.direction[i] = from.direction[i];
     }
-    if (!instance->surface->hasPictures())
-        return;
+    if (instance->surface->hasPictures())
+        findSteps(m_steps);
+}
+
+void qxSurfacePoint::findSteps(osg::Vec2f (&steps)[2]) const
+{
     osg::Vec3f sides[2];
     for (std::size_t i = 0; i < 2; ++i)
         instance->toWorld.multMatrixVec(instance->geometry->side(place.triangle, i), sides[i]);
     for (int i = 0; i < 2; ++i)
-        m_steps[i] = sharesOf(spread.origin[i], sides);
+        steps[i] = sharesOf(spread.origin[i], sides);
 }
 
 osg::Vec4f qxSurfacePoint::texel(const qxRenderPicture &picture) const
@@ -279,12 +283,14 @@ qxRay qxSurfacePoint::leaving(const qxShading::Bounce &bounce) const
     const float width = _widening / std::sqrt(std::max(bounce.density, 1e-6f));
     const qxFrame frame(bounce.direction);
     const osg::Vec3f others[2] = {frame.x, frame.y};
+    osg::Vec2f steps[2];
+    findSteps(steps);
     for (int i = 0; i < 2; ++i) {
         osg::Vec3f step = spread.direction[i];
         if (!bounce.through) {
-            const osg::Vec3f turned = instance->worldNormalStep(
-                instance->geometry->normalStep(place.triangle, m_steps[i]),
-                instance->geometry->normalAt(place));
+            const osg::Vec3f turned =
+                instance->worldNormalStep(instance->geometry->normalStep(place.triangle, steps[i]),
+                                          instance->geometry->normalAt(place));
             const osg::Vec3f bend = inside ? -turned : turned;
             step = step
                 - (normal * (step.dot(normal) - toEye.dot(bend)) - bend * toEye.dot(normal)) * 2.0f;

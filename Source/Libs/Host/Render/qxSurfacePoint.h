@@ -54,5 +54,7 @@ private:
     osg::Vec3f bent(const osg::Vec3f &slopes, const qxRenderPicture &picture, float scale) const;
     osg::Vec3f visible(const osg::Vec3f &normal) const;
 
-    osg::Vec2f m_steps[2]; ///< of the weights in the triangle, along the spread
+    void findSteps(osg::Vec2f (&steps)[2]) const;
+
+    osg::Vec2f m_steps[2]; ///< of the weights in the triangle, along the spread, for pictures
 };

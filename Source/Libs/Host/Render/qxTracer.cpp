@@ -167,8 +167,11 @@ qxTracer::Seen qxTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer &la
     const osg::Vec3f colour(base[0], base[1], base[2]);
     if (layer.unlit)
         return {none, none, colour, colour, hit.normal, none};
-    if (!m_scene.isLit)
-        return {none, none, colour + layer.look.emission, colour, hit.normal, none};
+    if (!m_scene.isLit) {
+        const bool glows = qxPeak(layer.look.emission) > 0.0f;
+        const osg::Vec3f emission = glows ? hit.surface(layer, base).emission : none;
+        return {none, none, colour + emission, colour, hit.normal, none};
+    }
     const qxShading shading(hit.surface(layer, base), hit.toEye);
     const osg::Vec3f light = shading.emitted() + direct(hit, shading) + reflectedSky(hit, shading);
     return {light, none, none, colour, hit.normal, shading.straightThrough()};

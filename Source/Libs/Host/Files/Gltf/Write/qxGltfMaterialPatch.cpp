@@ -66,9 +66,11 @@ void writeNumber(qxJson &material, const qxGltfPlace &place, const std::vector<f
 void writeSurface(qxJson &json, const qxSurface &before, const qxSurface &now)
 {
     for (const qxSurface::Number &row : qxSurface::numbers()) {
-        const qxGltfPlace place(row.place);
         const bool isAlpha = row.number == &qxSurface::alphaCutoff; // see writeAlpha
-        if (!isAlpha && row.of(before) != row.of(now) && hasPlace(json, place))
+        if (isAlpha || row.of(before) == row.of(now))
+            continue;
+        const qxGltfPlace place(row.place);
+        if (hasPlace(json, place))
             writeNumber(json, place, row.of(now));
     }
     if (before.doubleSided != now.doubleSided)
