@@ -53,8 +53,8 @@ public:
 
 protected:
     /// What a pass of the material sends to the eye by itself; alpha is not in it.
-    virtual Seen seen(const qxSurfacePoint &hit, const qxRenderLayer &layer,
-                      const osg::Vec4f &base, float share, qxSampler &sampler) const;
+    virtual Seen seen(const qxSurfacePoint &hit, const qxRenderLayer &layer, const osg::Vec4f &base,
+                      float share, qxSampler &sampler) const;
 
     const Scene &scene() const { return m_scene; }
     /// The nearest surface along a ray, which the clipping plane has limited already.
