@@ -14,9 +14,9 @@ TEST_F(CommandsTest, InfoCountsWhatTheFileHolds)
     const ProgramRun run = done({"info", file});
     EXPECT_EQ(run.err, "what needs the extension EXT_a is not shown\n");
     for (const char *row :
-         {"made by                   by hand\n", "of these kept, not shown   EXT_a\n", "required, but not shown   EXT_a\n",
-          "viewpoints                Front, Über dem Tisch\n", "animations                none\n",
-          "variant sets              3\n"})
+         {"made by                   by hand\n", "of these kept, not shown   EXT_a\n",
+          "required, but not shown   EXT_a\n", "viewpoints                Front, Über dem Tisch\n",
+          "animations                none\n", "variant sets              3\n"})
         EXPECT_TRUE(run.out.contains(row)) << row << " is not in\n" << run.out.toStdString();
     EXPECT_EQ(done({"info", file, "--json"}).json(),
               parsed(R"({"version": "2.0", "generator": "by hand", "scenes": 1, "nodes": 7,

@@ -160,3 +160,40 @@ TEST_F(WindowViewTest, PreviewsOfAllSetsLeaveTheSceneAloneAndAreOneStep)
     EXPECT_TRUE(made() > 0 && made() < int(qxVariants::_variantSets.size())) << made();
     EXPECT_TRUE(qxSceneState::take().isLike(before));
 }
+
+TEST_F(WindowViewTest, AnimationsPlayInTheViewAndLeaveTheSceneAlone)
+{
+    openDesk();
+    auto *const bar = window->findChild<QToolBar *>("animation");
+    EXPECT_TRUE(bar->isHidden()) << "there is nothing to play";
+    QByteArray text = sceneWith("signs").replace("[8, 8, 0]}", R"([8, 8, 0]},
+        {"bufferView": 0, "byteOffset": 8, "componentType": 5126, "count": 2, "type": "SCALAR"},
+        {"bufferView": 0, "componentType": 5126, "count": 2, "type": "VEC3"})");
+    text.replace("\"cameras\"", R"("animations": [{"name": "Slide", "channels": [
+        {"sampler": 0, "target": {"node": 1, "path": "translation"}}],
+        "samplers": [{"input": 1, "output": 2}]}], "cameras")");
+    ASSERT_TRUE(window->openFile(write("moving.gltf", text)));
+    EXPECT_FALSE(bar->isHidden());
+    const QImage rest = finishedPicture();
+    auto *const slider = bar->findChild<QSlider *>();
+    const QTimer *const timer = bar->findChild<QTimer *>();
+    const auto press = [this](Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        QTest::keyClick(window->sceneView(), Qt::Key_Space, keys);
+    };
+    press();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return slider->value() > 0; }, 60000));
+    press();
+    EXPECT_FALSE(timer->isActive()) << "a pause costs nothing";
+    EXPECT_NE(finishedPicture(), rest);
+    slider->setValue(slider->maximum());
+    EXPECT_TRUE(bar->findChild<QLabel *>()->text().contains("8.00 of 8.00 s"));
+    EXPECT_FALSE(isUnsaved());
+    press(Qt::ShiftModifier);
+    EXPECT_EQ(finishedPicture(), rest);
+    qxMessage message;
+    message.set("animation-name", std::string("Slide"));
+    qxController::call("animationStart", message, 1);
+    EXPECT_TRUE(timer->isActive());
+    openDesk();
+    EXPECT_TRUE(bar->isHidden() && !timer->isActive());
+}

@@ -1,3 +1,4 @@
+#include "Animation/qxAnimationPlayer.h"
 #include "Files/SceneFileFixture.h"
 #include "OSGUberLight.h"
 #include "qxAnimManager.h"
@@ -222,4 +223,59 @@ TEST_F(SceneFileKindsTest, CamerasAreViewpoints)
     ASSERT_EQ(pool.count(), 2);
     expectViewpoint(0, {"Front", inFront, 0.5f, 0, 0.25f, 0});
     expectViewpoint(1, {"Plan", osg::Matrix(), 0, 6, 1, 9});
+}
+
+TEST_F(SceneFileKindsTest, AnimationsMoveTheirNodesAndMalformedChannelsAreLeftOutWithAWarning)
+{
+    // Of the corners of the triangle 0 and 8 are the times, the first two the places.
+    QByteArray text = sceneWith("signs", "").replace("[8, 8, 0]}", R"([8, 8, 0]},
+        {"bufferView": 0, "byteOffset": 8, "componentType": 5126, "count": 2, "type": "SCALAR"},
+        {"bufferView": 0, "componentType": 5126, "count": 2, "type": "VEC3"})");
+    text.replace("\"cameras\"", R"("animations": [{"name": "Slide", "channels": [
+        {"sampler": 0, "target": {"node": 1, "path": "translation"}}],
+        "samplers": [{"input": 1, "output": 2, "interpolation": "LINEAR"}]}], "cameras")");
+    const auto clip = [this](const QByteArray &scene) {
+        load(write("moving.gltf", scene));
+        EXPECT_EQ(qxAnimManager::the()->clips(), std::vector<std::string>{"Slide"});
+        return qxAnimationPlayer::the().clips().at(0);
+    };
+    const qxAnimationClip good = clip(text);
+    EXPECT_EQ(file.warnings(), QStringList());
+    ASSERT_EQ(good.channels.size(), 1u);
+    EXPECT_EQ(good.duration(), 8);
+    EXPECT_EQ(good.channels[0].node, find("Red").node().getFieldContainerId());
+    EXPECT_EQ(good.channels[0].curve.at(4), (std::vector<float>{2, -4, 0}));
+    expectSaved(jsonOf(path("moving.gltf")));
+    // A switch stands where a node above it stands.
+    const qxAnimationClip above = clip(QByteArray(text)
+                                           .replace("\"Sign\",", "\"Sign\", \"scale\": [2, 2, 2],")
+                                           .replace("{\"node\": 1", "{\"node\": 0"));
+    ASSERT_EQ(above.channels.size(), 1u);
+    EXPECT_EQ(above.channels[0].node, find("Sign").node()->getParent().getFieldContainerId());
+
+    for (const auto &[what, instead, words] :
+         {std::tuple("\"byteOffset\": 8", "\"byteOffset\": 0", "keys do not ascend"),
+          {"\"count\": 2, \"type\": \"S", "\"count\": 1, \"type\": \"S",
+           "keys need 3 numbers, it has 6"},
+          {"\"LINEAR\"", "\"CUBICSPLINE\"", "its 2 keys need 18 numbers, it has 6"},
+          {"\"LINEAR\"", "\"WILD\"", "unknown interpolation \"WILD\""},
+          {"\"translation\"}", "\"colour\"}", "\"colour\" cannot be animated"},
+          {"\"translation\"}", "\"rotation\"}", "accessor 2 has elements of the wrong type"},
+          {"\"translation\"}", "\"weights\"}", "its node has no morph targets"},
+          {"\"output\": 2", "\"output\": 7", "refers to accessor 7"},
+          {"\"input\": 1", "\"input\": 2", "accessor 2 has elements of the wrong type"},
+          {"\"sampler\": 0", "\"sampler\": 3", "refers to sampler 3"},
+          {"{\"node\": 1", "{\"node\": 9", "refers to node 9, the file has 5"},
+          {"\"Red\",", "\"Red\", \"matrix\": [1,0,0,0,0,1,0,0,0,0,1,0,0,0,0,1],", "a matrix says"},
+          {"\"samplers\": [{\"i", "\"none\": [{\"i", "the animation has no \"samplers\""},
+          // What extensions animate is theirs.
+          {"{\"node\": 1, \"path\": \"translation\"}", "{\"path\": \"pointer\"}", ""}}) {
+        SCOPED_TRACE(instead);
+        ASSERT_TRUE(text.contains(what));
+        EXPECT_EQ(clip(QByteArray(text).replace(what, instead)).channels.size(), 0u);
+        ASSERT_EQ(file.warnings().size(), *words ? 1 : 0);
+        const QString said = file.warnings().value(0);
+        EXPECT_TRUE(said.contains(words)) << said.toStdString();
+        EXPECT_EQ(said.startsWith("animation 0 \"Slide\", channel 0: "), *words != 0);
+    }
 }

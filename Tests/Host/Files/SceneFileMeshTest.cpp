@@ -9,6 +9,8 @@
 #include <OpenSG/OSGSimpleTexturedMaterial.h>
 #include <OpenSG/OSGTriangleIterator.h>
 
+#include <QBuffer>
+
 #include <cmath>
 
 class SceneFileMeshTest : public SceneFileFixture {
@@ -129,6 +131,33 @@ TEST_F(SceneFileMeshTest, MaterialsKeepTheirLook)
     EXPECT_EQ(qxSurface::of(material("Leaf")).alphaMode, qxSurface::Mask);
 }
 
+/// The numbers count up from 1, in the order of the file.
+static void expectNumbered(const qxSurface &all)
+{
+    float next = 1;
+    const auto expectNext = [&next](float number) { EXPECT_EQ(number, next++); };
+    const auto expectColour = [&](const osg::Color3f &colour) {
+        for (const float channel : {colour.red(), colour.green(), colour.blue()})
+            expectNext(channel);
+    };
+    for (const float number : {all.metallic, all.roughness, all.alphaCutoff, all.normalScale,
+                               all.occlusionStrength, all.emissiveStrength, all.ior, all.specular})
+        expectNext(number);
+    expectColour(all.specularColour);
+    for (const float number : {all.clearcoat, all.clearcoatRoughness, all.clearcoatNormalScale})
+        expectNext(number);
+    expectColour(all.sheenColour);
+    for (const float number :
+         {all.sheenRoughness, all.transmission, all.thickness, all.attenuationDistance})
+        expectNext(number);
+    expectColour(all.attenuationColour);
+    for (const float number :
+         {all.iridescence, all.iridescenceIor, all.iridescenceThinnest, all.iridescenceThickest,
+          all.anisotropy, all.anisotropyRotation, all.diffuseTransmission})
+        expectNext(number);
+    expectColour(all.diffuseTransmissionColour);
+}
+
 TEST_F(SceneFileMeshTest, EveryNumberOfAMaterialIsReadAndWrittenWhereItBelongs)
 {
     qxJson json = sample("square");
@@ -155,35 +184,13 @@ TEST_F(SceneFileMeshTest, EveryNumberOfAMaterialIsReadAndWrittenWhereItBelongs)
     json["meshes"][0]["primitives"][0]["material"] = 0;
     load(json);
     expectSaved(json);
-    qxSurface all = qxSurface::of(material("All"));
-    float next = 1;
-    const auto expectNext = [&next](float number) { EXPECT_EQ(number, next++); };
-    const auto expectColour = [&](const osg::Color3f &colour) {
-        for (const float channel : {colour.red(), colour.green(), colour.blue()})
-            expectNext(channel);
-    };
-    for (const float number : {all.metallic, all.roughness, all.alphaCutoff, all.normalScale,
-                               all.occlusionStrength, all.emissiveStrength, all.ior, all.specular})
-        expectNext(number);
-    expectColour(all.specularColour);
-    for (const float number :
-         {all.clearcoat, all.clearcoatRoughness, all.clearcoatNormalScale})
-        expectNext(number);
-    expectColour(all.sheenColour);
-    for (const float number :
-         {all.sheenRoughness, all.transmission, all.thickness, all.attenuationDistance})
-        expectNext(number);
-    expectColour(all.attenuationColour);
-    for (const float number : {all.iridescence, all.iridescenceIor, all.iridescenceThinnest,
-                               all.iridescenceThickest, all.anisotropy, all.anisotropyRotation,
-                               all.diffuseTransmission})
-        expectNext(number);
-    expectColour(all.diffuseTransmissionColour);
-
+    const qxSurface all = qxSurface::of(material("All"));
+    expectNumbered(all);
     // Edited ones; what stands for a picture that is not there has no place.
     all.setTo(material("Bare"));
     qxJson expected = json["materials"][0];
     expected["name"] = "Bare";
+    expected["pbrMetallicRoughness"].erase("metallicFactor"); // as it was
     expected.erase("normalTexture");
     expected.erase("occlusionTexture");
     expected["extensions"]["KHR_materials_clearcoat"].erase("clearcoatNormalTexture");
@@ -254,4 +261,52 @@ TEST_F(SceneFileMeshTest, PicturesAreThereOnceAndBeginWithTheirBottomRow)
     EXPECT_EQ(qxRenderTexture::make(image("M3"), qxRenderTexture::Colours), nullptr);
     ASSERT_EQ(logged(qxLog::Warning).size(), 1u);
     EXPECT_EQ(logged(qxLog::Warning)[0].find("image 3 \"Torn\" is left out: "), 0u);
+}
+
+TEST_F(SceneFileMeshTest, WebPIsPreferredAndWhatCannotBeDecodedIsKept)
+{
+    const auto encoded = [](int width, const char *format) {
+        QImage image(width, 1, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        EXPECT_TRUE(image.save(&buffer, format, 100));
+        return bytes;
+    };
+    const QByteArray webp = encoded(3, "webp");
+    const QByteArray ktx = QByteArray::fromHex("ab4b5458203230bb0d0a1a0a") + QByteArray(99, 'k');
+    write("in/plain.png", encoded(2, "png"));
+    write("in/small.webp", webp);
+    write("in/torn.webp", webp.left(14));
+    write("in/basis.ktx2", ktx);
+    load(write("in/scene.gltf", sceneText(R"(
+        "extensionsRequired": ["EXT_texture_webp", "KHR_texture_basisu"],
+        "images": [{"uri": "plain.png"}, {"uri": "small.webp"}, {"uri": "torn.webp"},
+                   {"uri": "basis.ktx2"}],
+        "textures": [{"source": 0, "extensions": {"EXT_texture_webp": {"source": 1}}},
+                     {"source": 0, "extensions": {"EXT_texture_webp": {"source": 2}}},
+                     {"source": 0, "extensions": {"KHR_texture_basisu": {"source": 3}}},
+                     {"extensions": {"KHR_texture_basisu": {"source": 3}}},
+                     {"source": 3}],
+        "materials": [
+        {"name": "M0", "pbrMetallicRoughness": {"baseColorTexture": {"index": 0}}},
+        {"name": "M1", "pbrMetallicRoughness": {"baseColorTexture": {"index": 1}}},
+        {"name": "M2", "pbrMetallicRoughness": {"baseColorTexture": {"index": 2}}},
+        {"name": "M3", "pbrMetallicRoughness": {"baseColorTexture": {"index": 3}}},
+        {"name": "M4", "pbrMetallicRoughness": {"baseColorTexture": {"index": 4}}}])")));
+    std::vector<int> widths;
+    for (const char *name : {"M0", "M1", "M2", "M3", "M4"}) {
+        const auto textured = osg::SimpleTexturedMaterialPtr::dcast(material(name));
+        widths.push_back(
+            textured == osg::NullFC ? 0 : qxEncodedPicture::pixels(textured->getImage()).width());
+    }
+    EXPECT_EQ(widths, (std::vector<int>{3, 2, 2, 0, 0}));
+    ASSERT_EQ(file.warnings().size(), 3);
+    EXPECT_EQ(file.warnings()[0], "what needs the extension KHR_texture_basisu is not shown");
+    EXPECT_TRUE(file.warnings()[1].startsWith("image 2 is left out"));
+    EXPECT_TRUE(file.warnings()[2].startsWith("image 3 is left out"));
+    EXPECT_EQ(file.info().extensionsMissing, QStringList("KHR_texture_basisu"));
+    save(path("out/scene.gltf"));
+    EXPECT_EQ(bytesOf(path("out/basis.ktx2")), ktx);
+    EXPECT_EQ(bytesOf(path("out/small.webp")), webp);
 }

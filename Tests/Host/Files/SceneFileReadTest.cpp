@@ -1,7 +1,9 @@
+#include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/SceneFileFixture.h"
 #include "Files/qxMemoryBudget.h"
 
 #include <QDir>
+#include <QRegularExpression>
 
 #include <sys/stat.h>
 
@@ -166,6 +168,10 @@ TEST_F(SceneFileReadTest, WhatIsDecodedStaysWithinTheMemoryLimit)
                   "its JSON: 5.723 MB of memory are needed");
     expectRefused(sceneText(data + text.left(200000) + "\"}]"),
                   "buffer 0: 0.8583 MB of memory are");
+    expectRefused(sceneText(R"("nodes": [{}], "animations": [{"samplers": [{"input": 0}],
+        "channels": [{"sampler": 0, "target": {"node": 0, "path": "scale"}}]}], "accessors":
+        [{"componentType": 5126, "count": 900000, "type": "SCALAR"}])"),
+                  "animation 0, channel 0: 3.433 MB of memory are needed");
     EXPECT_EQ(loadError(write("fits.gltf", sceneText(data + "\"}]"))), "");
     write("data.bin", QByteArray(4000000, 0));
     expectRefused(sceneText(R"("buffers": [{"byteLength": 9, "uri": "data.bin"}])"),
@@ -220,4 +226,25 @@ TEST_F(SceneFileReadTest, AFailedLoadKeepsWhatWasLoadedBefore)
     EXPECT_EQ(file.variantsDocument(), "<kept/>");
     save(path("again.gltf"));
     EXPECT_EQ(jsonOf(path("again.gltf"))["nodes"][0]["name"], "Kept");
+}
+
+TEST_F(SceneFileReadTest, TheTableOfExtensionsSaysWhatInfoSays)
+{
+    QStringList drawn;
+    for (const QByteArray &line : bytesOf(testData("../../Docs/SceneFiles.md")).split('\n')) {
+        const QRegularExpression row("^\\| `([A-Z]{2,4}_[a-zA-Z0-9_]+)` \\| (drawn|kept) \\|");
+        const QRegularExpressionMatch found = row.match(line);
+        if (!found.hasMatch())
+            continue;
+        const QByteArray name = found.captured(1).toUtf8();
+        loadText("\"extensionsUsed\": [\"" + name + "\"], \"extensionsRequired\": [\"" + name
+                 + "\"]");
+        const bool isDrawn = found.captured(2) == "drawn";
+        EXPECT_EQ(file.info().extensionsNotUnderstood.isEmpty(), isDrawn) << name.toStdString();
+        EXPECT_EQ(file.info().extensionsMissing.isEmpty(), isDrawn) << name.toStdString();
+        EXPECT_EQ(file.warnings().join("").contains(name), !isDrawn) << name.toStdString();
+        if (isDrawn)
+            drawn << name;
+    }
+    EXPECT_EQ(drawn, qxGltfUnderstoodExtensions());
 }

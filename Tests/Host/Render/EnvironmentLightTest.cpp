@@ -73,21 +73,21 @@ TEST(EnvironmentLightTest, TheSameLightFromEverywhereIsTheSameOnEverySurface)
         for (const float roughness : {0.0f, 0.03f, 0.2f, 0.51f, 1.0f, 2.0f})
             EXPECT_LT((light.mirrored(direction, roughness) - grey).length(), 1e-4f) << roughness;
     }
-    EXPECT_EQ(light.key().light, osg::Vec3f());
+    EXPECT_LT(light.key().light.length(), 1e-5f);
 }
 
 TEST(EnvironmentLightTest, RandomDirectionsComeAsOftenAsTheirDensitySays)
 {
     for (const auto &[name, light] : environments()) {
         const qxEnvironmentLight &one = light;
-        EXPECT_NEAR(integral([&](const osg::Vec3f &d) { return one.density(d); }), 1.0, 0.01)
+        EXPECT_NEAR(integral([&](const osg::Vec3f &d) { return one.density(d); }), 1.0, 0.02)
             << name;
         const osg::Vec3f normal(0.6f, 0.48f, -0.64f);
         osg::Vec3f sum;
         const int count = 4096;
         for (int i = 0; i < count; ++i) {
             const auto sample = one.sample(
-                osg::Vec2f((float(i) + 0.5f) / count, std::fmod(float(i) * 0.618034f, 1.0f)));
+                osg::Vec2f((float(i) + 0.37f) / count, std::fmod(float(i) * 0.618034f, 1.0f)));
             ASSERT_NEAR(sample.direction.length(), 1.0f, 1e-4f) << name;
             EXPECT_NEAR(sample.density, one.density(sample.direction),
                         1e-3f * sample.density + 1e-4f)
@@ -192,7 +192,7 @@ TEST_F(ViewSettingsTest, ExposureAndEnvironmentChangeWhatIsLitAndNothingElse)
         settings.view.plainColour = osg::Color3f(0.2f, 0.4f, 1);
         const auto check = [&](int more, int less) {
             const TestPicture seen = picture();
-            EXPECT_GT(seen.brightness(-0.5f, 0), more);
+            EXPECT_GE(seen.brightness(-0.5f, 0), more) << quality;
             EXPECT_LT(seen.brightness(-0.5f, 0), less);
             EXPECT_EQ(seen.at(0.5f, 0), "124 188 255");
             EXPECT_EQ(seen.at(0, 0.9f), "51 102 255");
@@ -205,8 +205,8 @@ TEST_F(ViewSettingsTest, ExposureAndEnvironmentChangeWhatIsLitAndNothingElse)
         check(0, normal - 100);
         settings.view.exposure = 0;
         settings.view.environment =
-            std::make_shared<const qxEnvironmentLight>(constant(osg::Vec3f(0.02f, 0.02f, 0.02f)));
-        check(0, normal - 100);
+            std::make_shared<const qxEnvironmentLight>(constant(osg::Vec3f(0.1f, 0.1f, 0.1f)));
+        check(10, normal - 100);
     }
 }
 
@@ -232,13 +232,13 @@ TEST_F(ViewSettingsTest, TheGroundDarkensTheBackgroundBelowAndOnlyWhereTheSceneH
     for (const int quality : {0, 4}) {
         settings.quality = quality;
         settings.view.ground = qxViewSettings::NoGround;
-        EXPECT_EQ(picture().at(0, -0.35f), "255 255 255");
+        EXPECT_EQ(picture().at(0, -0.27f), "255 255 255");
         settings.view.ground = qxViewSettings::GroundWhereMissing;
-        EXPECT_LT(picture().brightness(0, -0.35f), 740);
+        EXPECT_LT(picture().brightness(0, -0.27f), 740);
         EXPECT_EQ(picture().at(0, 0.98f), "255 255 255") << "it ends softly";
         settings.view.background = qxViewSettings::None;
         const std::vector<std::uint8_t> rgba = picture().bytes();
-        const std::uint8_t *shadow = &rgba[std::size_t(15 * 48 + 24) * 4];
+        const std::uint8_t *shadow = &rgba[std::size_t(17 * 48 + 24) * 4];
         EXPECT_TRUE(shadow[3] > 3 && shadow[3] < 230) << int(shadow[3]);
         EXPECT_EQ(shadow[0] + shadow[1] + shadow[2], 0);
         settings.view.background = qxViewSettings::Automatic;
@@ -251,7 +251,10 @@ TEST_F(ViewSettingsTest, TheGroundDarkensTheBackgroundBelowAndOnlyWhereTheSceneH
     EXPECT_EQ(picture().at(0, 0.6f), "255 255 255");
     camera.toWorld = above;
     const TestNode floor = box(osg::Vec3f(0, -0.02f, 0), osg::Vec3f(0.5f, 0.02f, 0.5f));
-    EXPECT_EQ(picture().at(0, -0.75f), "255 255 255") << "a floor";
+    EXPECT_EQ(picture().at(0, -0.42f), "255 255 255") << "a floor";
+    settings.view.ground = qxViewSettings::AlwaysGround;
+    EXPECT_LT(picture().brightness(0, -0.42f), 755);
+    settings.view.ground = qxViewSettings::GroundWhereMissing;
     floor.setMask(0);
-    EXPECT_LT(picture().brightness(0, -0.35f), 740);
+    EXPECT_LT(picture().brightness(0, -0.27f), 740);
 }

@@ -10,7 +10,6 @@
 #include <OpenSG/OSGTextureChunk.h>
 
 #include <array>
-#include <functional>
 
 class RenderMaterialTest : public RenderFixture {
 protected:
@@ -255,57 +254,88 @@ TEST_F(RenderMaterialTest, ChunksGiveColourPictureAndWrap)
     EXPECT_EQ(picture().at(0.8f, -0.375f), "0 255 0");
 }
 
+/// A picture of one pixel, and what it stands for.
+struct PictureRow {
+    qxSurface::PictureRole role;
+    std::array<osg::UInt8, 4> pixel;
+    void (*common)(qxSurface &surface);
+    void (*equal)(qxSurface &surface);
+};
+
+// A list, not a procedure.
+static const std::vector<PictureRow> &pictureRows()
+{
+    typedef qxSurface S;
+    static const float half = 0.5029f; // light of the sRGB value 188
+    static const float share = 100 / 255.0f;
+    static const std::vector<PictureRow> rows = {
+        {S::MetallicRoughness,
+         {255, 100, 200, 255},
+         [](S &) {},
+         [](S &s) { s.metallic = 200 / 255.0f, s.roughness = share; }},
+        {S::Emissive,
+         {188, 188, 188, 255},
+         [](S &s) { s.emissiveStrength = 0.3f; },
+         [](S &s) { s.emissiveStrength = 0.3f * half; }},
+        {S::Specular,
+         {255, 255, 255, 100},
+         [](S &s) { s.metallic = 0, s.ior = 3; },
+         [](S &s) { s.specular = share; }},
+        {S::SpecularColour,
+         {188, 0, 255, 255},
+         [](S &s) { s.metallic = 0, s.ior = 3; },
+         [](S &s) { s.specularColour = osg::Color3f(half, 0, 1); }},
+        {S::Clearcoat,
+         {100, 255, 255, 255},
+         [](S &s) { s.clearcoat = 1; },
+         [](S &s) { s.clearcoat = share; }},
+        {S::ClearcoatRoughness,
+         {0, 100, 0, 255},
+         [](S &s) { s.metallic = 0, s.clearcoat = s.clearcoatRoughness = 1; },
+         [](S &s) { s.clearcoatRoughness = share; }},
+        {S::SheenColour,
+         {188, 0, 255, 255},
+         [](S &s) { s.sheenColour = osg::Color3f(1, 1, 1), s.sheenRoughness = 0.5f; },
+         [](S &s) { s.sheenColour = osg::Color3f(half, 0, 1); }},
+        {S::SheenRoughness,
+         {0, 0, 0, 100},
+         [](S &s) { s.sheenColour = osg::Color3f(1, 1, 1), s.sheenRoughness = 1; },
+         [](S &s) { s.sheenRoughness = share; }},
+        {S::Transmission,
+         {100, 0, 0, 255},
+         [](S &s) { s.metallic = 0, s.transmission = 1; },
+         [](S &s) { s.transmission = share; }},
+        {S::Iridescence,
+         {100, 0, 0, 255},
+         [](S &s) { s.iridescence = 1; },
+         [](S &s) { s.iridescence = share; }},
+        {S::IridescenceThickness,
+         {0, 51, 0, 255},
+         [](S &s) { s.iridescence = 1; },
+         [](S &s) { s.iridescenceThickest = 160; }},
+        {S::DiffuseTransmission,
+         {0, 0, 0, 100},
+         [](S &s) { s.metallic = 0, s.diffuseTransmission = 1; },
+         [](S &s) { s.diffuseTransmission = share; }},
+    };
+    return rows;
+}
+
 TEST_F(RenderMaterialTest, ChannelsOfPicturesAreFactorsInTheirColourSpace)
 {
     typedef qxSurface S;
-    const float half = 0.5029f; // light of the sRGB value 188
-    const float share = 100 / 255.0f;
-    const struct {
-        S::PictureRole role;
-        std::array<osg::UInt8, 4> pixel;
-        void (*common)(S &surface);
-        std::function<void(S &surface)> equal; ///< what the picture stands for
-    } rows[] = {
-        {S::MetallicRoughness, {255, 100, 200, 255}, [](S &) {},
-         [&](S &s) { s.metallic = 200 / 255.0f, s.roughness = share; }},
-        {S::Emissive, {188, 188, 188, 255}, [](S &s) { s.emissiveStrength = 0.3f; },
-         [&](S &s) { s.emissiveStrength = 0.3f * half; }},
-        {S::Specular, {255, 255, 255, 100}, [](S &s) { s.metallic = 0, s.ior = 3; },
-         [&](S &s) { s.specular = share; }},
-        {S::SpecularColour, {188, 0, 255, 255}, [](S &s) { s.metallic = 0, s.ior = 3; },
-         [&](S &s) { s.specularColour = osg::Color3f(half, 0, 1); }},
-        {S::Clearcoat, {100, 255, 255, 255}, [](S &s) { s.clearcoat = 1; },
-         [&](S &s) { s.clearcoat = share; }},
-        {S::ClearcoatRoughness, {0, 100, 0, 255},
-         [](S &s) { s.metallic = 0, s.clearcoat = s.clearcoatRoughness = 1; },
-         [&](S &s) { s.clearcoatRoughness = share; }},
-        {S::SheenColour, {188, 0, 255, 255},
-         [](S &s) { s.sheenColour = osg::Color3f(1, 1, 1), s.sheenRoughness = 0.5f; },
-         [&](S &s) { s.sheenColour = osg::Color3f(half, 0, 1); }},
-        {S::SheenRoughness, {0, 0, 0, 100},
-         [](S &s) { s.sheenColour = osg::Color3f(1, 1, 1), s.sheenRoughness = 1; },
-         [&](S &s) { s.sheenRoughness = share; }},
-        {S::Transmission, {100, 0, 0, 255}, [](S &s) { s.metallic = 0, s.transmission = 1; },
-         [&](S &s) { s.transmission = share; }},
-        {S::Iridescence, {100, 0, 0, 255}, [](S &s) { s.iridescence = 1; },
-         [&](S &s) { s.iridescence = share; }},
-        {S::IridescenceThickness, {0, 51, 0, 255}, [](S &s) { s.iridescence = 1; },
-         [](S &s) { s.iridescenceThickest = 160; }},
-        {S::DiffuseTransmission, {0, 0, 0, 100},
-         [](S &s) { s.metallic = 0, s.diffuseTransmission = 1; },
-         [&](S &s) { s.diffuseTransmission = share; }},
-    };
     addSquare(flat(0.2f, 0.9f, 0.4f), osg::Vec3f(0, 0, -1), 2);
     const TestNode squares[] = {addSquare(red, osg::Vec3f(-0.5f, 0, 0), 0.9f),
                                 addSquare(red, osg::Vec3f(0.5f, 0, 0), 0.9f),
                                 addSquare(red, osg::Vec3f(0.5f, 1, 0), 0.9f)};
-    for (const auto &row : rows) {
+    for (const PictureRow &row : pictureRows()) {
         qxSurface surface;
         surface.roughness = row.role == S::MetallicRoughness ? 1 : 0.4f;
         row.common(surface);
         const auto shown = [&](const TestNode &square, const qxSurface &look) {
             const osg::MaterialPtr material = lit(0.6f, 0.5f, 0.4f, look);
-            osg::SimpleMaterialPtr::dcast(material)->setEmission(osg::Color3f(1, 1, 1));
+            if (row.role == S::Emissive)
+                osg::SimpleMaterialPtr::dcast(material)->setEmission(osg::Color3f(1, 1, 1));
             qxNodeUtils::setMaterial(square, material, false, false);
         };
         shown(squares[2], surface);

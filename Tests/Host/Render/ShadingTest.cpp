@@ -87,10 +87,8 @@ struct Sums {
             const qxShading::Bounce bounce = shading.bounce(choice, sampler.nextPair());
             bounced += bounce.share * share;
             lost += bounce.density > 0.0f ? 0.0f : share;
-            wrongSides += bounce.density > 0.0f
-                    && bounce.through != (bounce.direction[2] < 0.0f)
-                ? 1
-                : 0;
+            wrongSides +=
+                bounce.density > 0.0f && bounce.through != (bounce.direction[2] < 0.0f) ? 1 : 0;
             const osg::Vec3f any = anyDirection(sampler.nextPair());
             reflected += shading.reflected(any) * (4.0f * qxPi * share);
             density += shading.density(any) * 4.0f * qxPi * share;

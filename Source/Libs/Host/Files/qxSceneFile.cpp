@@ -18,8 +18,8 @@
 #include "qxUberCameraPool.h"
 
 #include <QDir>
-#include <QMap>
 #include <QFileInfo>
+#include <QMap>
 #include <QScopeGuard>
 
 #include <algorithm>

@@ -107,8 +107,7 @@ float hiding(float cosine, float alpha)
     const float d = qxMixed(-1.97760f, -1.27393f, share);
     const float e = qxMixed(-4.32054f, -4.85967f, share);
     const auto fit = [&](float x) { return a / (1.0f + b * std::pow(x, c)) + d * x + e; };
-    return cosine < 0.5f ? std::exp(fit(cosine))
-                         : std::exp(2.0f * fit(0.5f) - fit(1.0f - cosine));
+    return cosine < 0.5f ? std::exp(fit(cosine)) : std::exp(2.0f * fit(0.5f) - fit(1.0f - cosine));
 }
 
 float sheenShare(float cosine, float roughness)
@@ -139,8 +138,7 @@ const SheenTable &sheenTable()
         SheenTable values;
         for (std::size_t r = 0; r < _sheenSteps; ++r) {
             for (std::size_t c = 0; c < _sheenSteps; ++c)
-                values[r][c] =
-                    sheenShare(numberOf(c, _sheenSteps), numberOf(r, _sheenSteps));
+                values[r][c] = sheenShare(numberOf(c, _sheenSteps), numberOf(r, _sheenSteps));
         }
         return values;
     }();
@@ -188,8 +186,7 @@ float qxAlbedo::sheen(float light, float eye, float half, float roughness)
     const float soft = std::max(roughness, _softest);
     const float alpha = soft * soft;
     const float sine = std::sqrt(std::max(0.0f, 1.0f - half * half));
-    const float distribution =
-        (2.0f + 1.0f / alpha) * std::pow(sine, 1.0f / alpha) / (2.0f * qxPi);
+    const float distribution = (2.0f + 1.0f / alpha) * std::pow(sine, 1.0f / alpha) / (2.0f * qxPi);
     const float shown = 1.0f + hiding(light, alpha) + hiding(eye, alpha);
     return distribution / (shown * 4.0f * std::max(light * eye, 1e-5f));
 }

@@ -75,7 +75,7 @@ public:
     /// This surface is what the eye sees, maybe by way of mirrors.
     void show()
     {
-        shownNormal = hit.normal;
+        shownNormal = surface.normal;
         shownColour = qxProduct(shownColour, surface.base);
     }
 

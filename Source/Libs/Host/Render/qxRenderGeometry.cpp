@@ -78,6 +78,7 @@ std::shared_ptr<const qxRenderGeometry> qxRenderGeometry::shaped(Form form) cons
         if (!qxIsFinite(copy->m_positions[i]))
             copy->m_positions[i] = m_positions[i];
     }
+    copy->m_tangents = std::move(form.tangents);
     copy->m_normals = std::move(form.normals);
     if (copy->m_normals.empty())
         copy->computeNormals();

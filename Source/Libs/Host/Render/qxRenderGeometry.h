@@ -60,8 +60,9 @@ public:
     struct Form {
         std::vector<osg::Vec3f> positions;
         std::vector<osg::Vec3f> normals; ///< as many; none if they are to be computed
+        std::vector<osg::Vec4f> tangents; ///< as many or none
     };
-    Form form() const { return {m_positions, m_normals}; }
+    Form form() const { return {m_positions, m_normals, m_tangents}; }
     /// A copy of another form. Positions that are not finite stay where they are.
     std::shared_ptr<const qxRenderGeometry> shaped(Form form) const;
 

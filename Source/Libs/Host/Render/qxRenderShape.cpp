@@ -72,6 +72,15 @@ osg::Vec3f turnedNormal(const osg::Matrix &matrix, const osg::Vec3f &normal)
     return qxUnit(x[0].dot(x[1].cross(x[2])) < 0.0f ? -result : result);
 }
 
+/// The fourth value only says on which side the bitangent is.
+void turn(osg::Vec4f &tangent, const osg::Matrix &matrix)
+{
+    osg::Vec3f turned;
+    matrix.multMatrixVec(osg::Vec3f(tangent[0], tangent[1], tangent[2]), turned);
+    turned = qxUnit(turned);
+    tangent = osg::Vec4f(turned[0], turned[1], turned[2], tangent[3]);
+}
+
 /// Moves every vertex as its joints do.
 void skin(qxRenderGeometry::Form &form, osg::Deformation &deformation, const qxRenderShape &shape)
 {
@@ -90,6 +99,8 @@ void skin(qxRenderGeometry::Form &form, osg::Deformation &deformation, const qxR
         form.positions[i] = osg::Vec3f(moved);
         if (i < form.normals.size())
             form.normals[i] = turnedNormal(matrix, form.normals[i]);
+        if (i < form.tangents.size())
+            turn(form.tangents[i], matrix);
     }
 }
 

@@ -1,6 +1,11 @@
 #include "Render/qxRenderSources.h"
 
+#include "Pictures/qxEncodedPicture.h"
+#include "Render/qxTiles.h"
+
 #include <OpenSG/OSGFieldContainerFactory.h>
+
+#include <set>
 
 namespace {
 
@@ -16,11 +21,24 @@ osg::BitVector unimportantFields()
 void qxRenderSources::update(const osg::FieldContainerPtr &marked)
 {
     qxEditReader::Follower follower;
-    follower.edited = [this](Id id, osg::BitVector mask) { edited(id, mask); };
+    follower.edited = [&](Id id, osg::BitVector mask) {
+        m_isOther = m_isOther || (id != marked.getFieldContainerId() && isShown(id));
+        edited(id, mask);
+    };
     follower.destroyed = [this](Id id) { forget(id); };
-    if (!m_edits.read(marked, follower))
+    m_isOther = false;
+    if (!m_edits.read(marked, follower)) {
         forgetEverything();
+        m_isOther = true;
+    }
     readMaterials();
+}
+
+/// Images that no material has are pictures themselves, such as that of the view.
+bool qxRenderSources::isShown(Id id) const
+{
+    const osg::FieldContainerPtr edited = osg::FieldContainerFactory::the()->getContainer(id);
+    return osg::ImagePtr::dcast(edited) == osg::NullFC || m_textures.count(id) > 0;
 }
 
 void qxRenderSources::edited(Id id, osg::BitVector mask)
@@ -92,9 +110,9 @@ std::shared_ptr<const qxRenderGeometry> qxRenderSources::geometry(const osg::Geo
 
 void qxRenderSources::rememberProperties(const osg::GeometryPtr &core)
 {
-    const osg::FieldContainerPtr properties[] = {
-        core->getTypes(),   core->getLengths(), core->getPositions(), core->getNormals(),
-        core->getIndices(), core->getColors()};
+    const osg::FieldContainerPtr properties[] = {core->getTypes(),     core->getLengths(),
+                                                 core->getPositions(), core->getNormals(),
+                                                 core->getIndices(),   core->getColors()};
     std::vector<osg::FieldContainerPtr> all(std::begin(properties), std::end(properties));
     for (const osg::GeoTexCoordsPtr &places : qxRenderGeometry::texCoordsOf(core))
         all.push_back(places);
@@ -113,9 +131,48 @@ std::shared_ptr<const qxRenderMaterial> qxRenderSources::material(const osg::Mat
     if (material == osg::NullFC)
         return m_noMaterial;
     std::shared_ptr<qxRenderMaterial> &known = m_materials[material.getFieldContainerId()];
-    if (!known)
+    if (!known) {
+        decodePictures(material);
         known = std::make_shared<qxRenderMaterial>(qxReadMaterial(material, textureSource()));
+    }
     return known;
+}
+
+/// All that the material is going to ask for, at once in several threads: most of the time until
+/// the first picture goes into this.
+void qxRenderSources::decodePictures(const osg::MaterialPtr &material)
+{
+    struct Wanted {
+        osg::ImagePtr image;
+        qxRenderTexture::Content content;
+        QByteArray bytes;
+        QString flaw;
+        std::shared_ptr<const qxRenderTexture> texture;
+    };
+    std::vector<Wanted> all;
+    std::set<std::pair<Id, int>> asked;
+    qxReadMaterial(material, [&](const osg::ImagePtr &image, qxRenderTexture::Content content) {
+        const bool isNew = image != osg::NullFC && !image->isValid()
+            && m_textures[content].count(image.getFieldContainerId()) == 0
+            && asked.emplace(image.getFieldContainerId(), content).second;
+        const QByteArray bytes = isNew ? qxEncodedPicture::bytes(image) : QByteArray();
+        if (!bytes.isNull())
+            all.push_back({image, content, bytes, QString(), nullptr});
+        return nullptr;
+    });
+    const auto decode = [&all](int i) {
+        Wanted &one = all[std::size_t(i)];
+        one.texture =
+            qxRenderTexture::make(qxEncodedPicture::decoded(one.bytes, one.flaw), one.content);
+    };
+    if (all.empty())
+        return;
+    qxForAllTiles(int(all.size()), 0, decode, [](int) { return true; });
+    for (const Wanted &one : all) {
+        m_textures[one.content][one.image.getFieldContainerId()] = one.texture;
+        if (!one.flaw.isEmpty())
+            qxEncodedPicture::warn(one.image, one.flaw);
+    }
 }
 
 qxTextureSource qxRenderSources::textureSource()
@@ -125,8 +182,8 @@ qxTextureSource qxRenderSources::textureSource()
     };
 }
 
-std::shared_ptr<const qxRenderTexture>
-qxRenderSources::texture(const osg::ImagePtr &image, qxRenderTexture::Content content)
+std::shared_ptr<const qxRenderTexture> qxRenderSources::texture(const osg::ImagePtr &image,
+                                                                qxRenderTexture::Content content)
 {
     if (image == osg::NullFC)
         return nullptr;

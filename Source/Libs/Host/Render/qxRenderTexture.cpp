@@ -79,7 +79,11 @@ std::shared_ptr<const qxRenderTexture> qxRenderTexture::make(const osg::ImagePtr
 {
     if (image == osg::NullFC || image->getComponents() == 0)
         return nullptr;
-    const QImage pixels = image->isValid() ? qxImagePixels(image) : qxEncodedPicture::pixels(image);
+    return make(image->isValid() ? qxImagePixels(image) : qxEncodedPicture::pixels(image), content);
+}
+
+std::shared_ptr<const qxRenderTexture> qxRenderTexture::make(const QImage &pixels, Content content)
+{
     if (pixels.isNull())
         return nullptr;
     const auto texture = std::make_shared<qxRenderTexture>();

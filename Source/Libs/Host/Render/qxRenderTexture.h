@@ -19,8 +19,9 @@ public:
         Colours ///< sRGB, with a number as alpha; looked up as light
     };
     /// Null if the image is null or cannot be shown.
-    static std::shared_ptr<const qxRenderTexture> make(const osg::ImagePtr &image,
-                                                       Content content);
+    static std::shared_ptr<const qxRenderTexture> make(const osg::ImagePtr &image, Content content);
+    /// Of red, green, blue and alpha, bottom row first; null for a null image. In any thread.
+    static std::shared_ptr<const qxRenderTexture> make(const QImage &pixels, Content content);
 
     /// Horizontal and vertical wrap mode: GL_REPEAT, GL_MIRRORED_REPEAT or GL_CLAMP_TO_EDGE; any
     /// other counts as the latter.

@@ -34,8 +34,7 @@ float reflectance(float ior)
 
 osg::Vec3f clampedToOne(const osg::Vec3f &light)
 {
-    return osg::Vec3f(std::min(light[0], 1.0f), std::min(light[1], 1.0f),
-                      std::min(light[2], 1.0f));
+    return osg::Vec3f(std::min(light[0], 1.0f), std::min(light[1], 1.0f), std::min(light[2], 1.0f));
 }
 
 /// On the side of the surface, though it may just be behind a normal that is bent.
@@ -92,7 +91,6 @@ qxShading::qxShading(const Surface &surface, const osg::Vec3f &toEye)
     }
     setBase(setLayers());
     setCoatAndSheen();
-    setChances();
 }
 
 void qxShading::setGrain()
@@ -108,15 +106,14 @@ void qxShading::setGrain()
 /// Appendix B.2 and KHR_materials_specular, "Implementation"; KHR_materials_ior gives the index.
 qxShading::Layer qxShading::setLayers()
 {
-    const osg::Vec3f normal =
-        clampedToOne(m_surface.specularColour * reflectance(m_surface.ior));
+    const osg::Vec3f normal = clampedToOne(m_surface.specularColour * reflectance(m_surface.ior));
     m_dielectric = {normal * m_surface.specular, _white * m_surface.specular, osg::Vec3f()};
     Layer metal = {clampedToOne(m_surface.base), _white, osg::Vec3f()};
     if (m_surface.iridescence > 0.0f) {
         for (Layer *layer : {&m_dielectric, &metal}) {
             // KHR_materials_iridescence, at the angle of the eye.
-            const osg::Vec3f film = qxThinFilm(m_eye[2], m_surface.filmIor,
-                                               m_surface.filmThickness, layer->normal);
+            const osg::Vec3f film =
+                qxThinFilm(m_eye[2], m_surface.filmIor, m_surface.filmThickness, layer->normal);
             layer->normal = qxMixed(layer->normal, film, m_surface.iridescence);
             layer->edge = qxMixed(layer->edge, film, m_surface.iridescence);
         }
@@ -146,8 +143,7 @@ void qxShading::setBase(const Layer &metal)
     const qxAlbedo::Split mean = m_albedo.mean();
     const float lost = std::max(1.0f - mean.all(), 1e-3f);
     m_dielectric.repeated = repeatedBy(m_dielectric, mean);
-    m_layer.repeated =
-        qxMixed(m_dielectric.repeated, repeatedBy(metal, mean), m_surface.metallic);
+    m_layer.repeated = qxMixed(m_dielectric.repeated, repeatedBy(metal, mean), m_surface.metallic);
     m_repeatedMean = lost;
     const float repeatedEye = std::max(0.0f, 1.0f - m_eyeAlbedo.all());
     m_repeated = m_layer.repeated * (repeatedEye / (lost * qxPi));
@@ -163,8 +159,8 @@ void qxShading::setThrough(const osg::Vec3f &solid, float repeatedEye)
 {
     m_clear = m_surface.transmission * (1.0f - m_surface.metallic);
     m_matt *= 1.0f - m_surface.diffuseTransmission;
-    m_mattThrough = qxProduct(m_surface.diffuseTransmissionColour, solid)
-        * m_surface.diffuseTransmission;
+    m_mattThrough =
+        qxProduct(m_surface.diffuseTransmissionColour, solid) * m_surface.diffuseTransmission;
     if (!m_surface.isBody) {
         const float passing = m_clear * throughBase(1.0f);
         m_repeatedThrough = m_surface.base * (passing * repeatedEye / (m_repeatedMean * qxPi));
@@ -181,35 +177,44 @@ void qxShading::setCoatAndSheen()
     m_sheenPeak = std::min(qxPeak(m_surface.sheen), 1.0f);
 }
 
-void qxShading::setChances()
+const qxShading::Chances &qxShading::chances() const
 {
+    if (!m_hasChances)
+        m_chances = newChances();
+    m_hasChances = true;
+    return m_chances;
+}
+
+qxShading::Chances qxShading::newChances() const
+{
+    Chances result;
     const float rest = m_coatRest * sheenRest(m_eye[2]);
-    const osg::Vec3f mirrors = m_layer.normal * m_eyeAlbedo.ofNormal
-        + m_layer.edge * m_eyeAlbedo.ofEdge;
+    const osg::Vec3f mirrors =
+        m_layer.normal * m_eyeAlbedo.ofNormal + m_layer.edge * m_eyeAlbedo.ofEdge;
     const float mirror = qxPeak(fresnel(m_layer, denseCosine(m_eye[2])));
-    m_chances[Mirror] = std::max(qxPeak(mirrors), mirror * m_eyeAlbedo.all()) * rest;
-    m_chances[Matt] =
-        (qxPeak(m_matt) * m_mattMean + qxPeak(m_repeated) * m_repeatedMean) * qxPi * rest
+    result[Mirror] = std::max(qxPeak(mirrors), mirror * m_eyeAlbedo.all()) * rest;
+    result[Matt] = (qxPeak(m_matt) * m_mattMean + qxPeak(m_repeated) * m_repeatedMean) * qxPi * rest
         + m_sheenPeak * m_coatRest;
-    m_chances[Coat] = m_coatShare;
+    result[Coat] = m_coatShare;
     // Mirrors that are turned otherwise let light through that the surface itself would reflect.
     const float through = std::max(1.0f - mirror, 0.5f * squared(m_roughness));
-    m_chances[Through] = m_clear * through * qxPeak(m_surface.base) * rest;
-    m_chances[MattThrough] =
+    result[Through] = m_clear * through * qxPeak(m_surface.base) * rest;
+    result[MattThrough] =
         (qxPeak(m_mattThrough) * m_mattMean + qxPeak(m_repeatedThrough) * m_repeatedMean) * qxPi
         * rest;
     float sum = 0.0f;
-    for (float &chance : m_chances)
+    for (float &chance : result)
         sum += chance;
     // What seems to give little may give much in some direction.
     float total = 0.0f;
-    for (float &chance : m_chances) {
+    for (float &chance : result) {
         const float share = sum > 0.0f ? chance / sum : 1.0f;
         chance = std::max(share, std::min(0.1f, 10.0f * share));
         total += chance;
     }
-    for (float &chance : m_chances)
+    for (float &chance : result)
         chance /= total;
+    return result;
 }
 
 /// Of the angle on the side where light travels faster: the one that Schlick's term is about; 0 for
@@ -266,8 +271,8 @@ osg::Vec3f qxShading::baseReflected(const osg::Vec3f &light) const
 osg::Vec3f qxShading::baseTransmitted(const osg::Vec3f &light) const
 {
     const qxAlbedo::Split albedo = m_albedo.at(-light[2]);
-    const osg::Vec3f sum = m_mattThrough * passed(albedo)
-        + m_repeatedThrough * std::max(0.0f, 1.0f - albedo.all());
+    const osg::Vec3f sum =
+        m_mattThrough * passed(albedo) + m_repeatedThrough * std::max(0.0f, 1.0f - albedo.all());
     if (!(m_clear > 0.0f))
         return sum;
     const osg::Vec3f mirror =
@@ -342,8 +347,8 @@ osg::Vec3f qxShading::reflectedSky(const qxEnvironmentLight &sky, const osg::Vec
         light += qxProduct(m_mattThrough * (qxPi * m_mattMean), sky.scattered(-normal));
     if (m_sheenPeak > 0.0f) {
         const float fibres = qxAlbedo::ofSheen(m_eye[2], m_surface.sheenRoughness);
-        light = light * (1.0f - m_sheenPeak * fibres)
-            + qxProduct(m_surface.sheen * fibres, scattered);
+        light =
+            light * (1.0f - m_sheenPeak * fibres) + qxProduct(m_surface.sheen * fibres, scattered);
     }
     if (m_coatShare > 0.0f) {
         const osg::Vec3f eye = m_coatFrame.toWorld(m_coatEye);
@@ -359,8 +364,8 @@ osg::Vec3f qxShading::straightThrough() const
     if (!(m_clear > 0.0f))
         return osg::Vec3f();
     // Nothing is reflected totally where nothing is refracted.
-    const osg::Vec3f mirrored = m_dielectric.normal
-        + (m_dielectric.edge - m_dielectric.normal) * edgeShare(m_eye[2]);
+    const osg::Vec3f mirrored =
+        m_dielectric.normal + (m_dielectric.edge - m_dielectric.normal) * edgeShare(m_eye[2]);
     const float left = std::max(0.0f, 1.0f - qxPeak(mirrored));
     return m_surface.base * (m_clear * left * sheenRest(m_eye[2]) * m_coatRest);
 }
@@ -374,9 +379,9 @@ osg::Vec3f qxShading::mirrorDirection(const osg::Vec2f &place) const
 /// Null when it would lead to the wrong side.
 osg::Vec3f qxShading::direction(float choice, const osg::Vec2f &place) const
 {
-    int lobe = 0;
-    while (lobe + 1 < Lobes && choice >= m_chances[lobe])
-        choice -= m_chances[lobe++];
+    std::size_t lobe = 0;
+    while (lobe + 1 < Lobes && choice >= chances()[lobe])
+        choice -= chances()[lobe++];
     switch (lobe) {
     case Mirror:
         return mirrorDirection(place);
@@ -401,8 +406,7 @@ osg::Vec3f qxShading::throughDirection(const osg::Vec2f &place) const
         const float square = 1.0f - squared(m_refraction) * (1.0f - squared(cosine));
         if (square <= 0.0f)
             return osg::Vec3f();
-        light =
-            qxUnit(mirror * (m_refraction * cosine - std::sqrt(square)) - m_eye * m_refraction);
+        light = qxUnit(mirror * (m_refraction * cosine - std::sqrt(square)) - m_eye * m_refraction);
     }
     return light[2] < 0.0f ? m_frame.toWorld(light) : osg::Vec3f();
 }
@@ -438,23 +442,24 @@ qxShading::Bounce qxShading::bounce(float choice, const osg::Vec2f &place) const
 float qxShading::density(const osg::Vec3f &toLight) const
 {
     const osg::Vec3f light = m_frame.toLocal(toLight);
+    const Chances &chances = this->chances();
     float sum = 0.0f;
     if (light[2] > 0.0f) {
         const osg::Vec3f half = qxUnit(light + m_eye);
-        sum = m_chances[Matt] * light[2] / qxPi;
-        if (m_chances[Mirror] > 0.0f)
-            sum += m_chances[Mirror] * m_mirrors.density(half, m_eye)
+        sum = chances[Matt] * light[2] / qxPi;
+        if (chances[Mirror] > 0.0f)
+            sum += chances[Mirror] * m_mirrors.density(half, m_eye)
                 / (4.0f * std::max(half.dot(m_eye), 1e-6f));
     } else {
-        sum = m_chances[MattThrough] * -light[2] / qxPi;
-        if (m_chances[Through] > 0.0f)
-            sum += m_chances[Through] * throughDensity(light);
+        sum = chances[MattThrough] * -light[2] / qxPi;
+        if (chances[Through] > 0.0f)
+            sum += chances[Through] * throughDensity(light);
     }
-    if (m_chances[Coat] > 0.0f) {
+    if (chances[Coat] > 0.0f) {
         const osg::Vec3f above = m_coatFrame.toLocal(toLight);
         const osg::Vec3f half = qxUnit(above + m_coatEye);
         if (above[2] > 0.0f)
-            sum += m_chances[Coat] * m_coatMirrors.density(half, m_coatEye)
+            sum += chances[Coat] * m_coatMirrors.density(half, m_coatEye)
                 / (4.0f * std::max(half.dot(m_coatEye), 1e-6f));
     }
     return sum;

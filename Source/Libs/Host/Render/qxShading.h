@@ -3,6 +3,8 @@
 #include "Render/qxAlbedo.h"
 #include "Render/qxMicrofacets.h"
 
+#include <array>
+
 class qxEnvironmentLight;
 
 /// How a surface reflects light and lets it through, as appendix B of the glTF 2.0 specification
@@ -52,7 +54,7 @@ public:
     /// The share of the light straight behind that goes to the eye; as if nothing were refracted.
     osg::Vec3f straightThrough() const;
     /// Whether light from behind goes to the eye.
-    bool letsThrough() const { return m_chances[Through] > 0.0f || m_chances[MattThrough] > 0.0f; }
+    bool letsThrough() const { return m_clear > 0.0f || m_surface.diffuseTransmission > 0.0f; }
     /// What the surface itself emits.
     osg::Vec3f emitted() const { return m_surface.emission * m_coatRest; }
 
@@ -84,7 +86,9 @@ private:
     void setBase(const Layer &metal);
     void setThrough(const osg::Vec3f &solid, float repeatedEye);
     void setCoatAndSheen();
-    void setChances();
+    typedef std::array<float, Lobes> Chances;
+    const Chances &chances() const;
+    Chances newChances() const;
     float denseCosine(float cosine) const;
     osg::Vec3f fresnel(const Layer &layer, float cosine) const;
     float throughBase(float mirrorCosine) const;
@@ -123,5 +127,6 @@ private:
     qxFrame m_coatFrame;
     osg::Vec3f m_coatEye;
     qxMicrofacets m_coatMirrors;
-    float m_chances[Lobes];
+    mutable Chances m_chances; ///< of bounces; only random ways need them
+    mutable bool m_hasChances = false;
 };

@@ -66,8 +66,7 @@ osg::Vec4f qxSurfacePoint::texel(const qxRenderPicture &picture) const
     const qxRenderGeometry &geometry = *instance->geometry;
     qxRenderTexture::Footprint footprint;
     for (std::size_t i = 0; i < 2; ++i)
-        footprint[i] =
-            moved(geometry.texCoordsStep(place.triangle, picture.texCoords, m_steps[i]));
+        footprint[i] = moved(geometry.texCoordsStep(place.triangle, picture.texCoords, m_steps[i]));
     const osg::Vec2f at = moved(geometry.texCoordsAt(place, picture.texCoords));
     return picture.texture->at(at + osg::Vec2f(m[2], m[5]), picture.wrap, footprint);
 }
@@ -109,8 +108,7 @@ osg::Vec3f qxSurfacePoint::passing(const qxRenderLayer &layer, const osg::Vec4f 
     return beside + shading.straightThrough() * hidden;
 }
 
-qxShading::Surface qxSurfacePoint::surface(const qxRenderLayer &layer,
-                                           const osg::Vec4f &base) const
+qxShading::Surface qxSurfacePoint::surface(const qxRenderLayer &layer, const osg::Vec4f &base) const
 {
     qxShading::Surface result = layer.look;
     result.base = first3(base);
@@ -123,8 +121,7 @@ qxShading::Surface qxSurfacePoint::surface(const qxRenderLayer &layer,
         const qxFrame frame = tangents(0);
         const float angle = layer.grainAngle;
         const osg::Vec3f grain = result.grain;
-        result.grain =
-            frame.x * (grain[0] * std::cos(angle) - grain[1] * std::sin(angle))
+        result.grain = frame.x * (grain[0] * std::cos(angle) - grain[1] * std::sin(angle))
             + frame.y * (grain[0] * std::sin(angle) + grain[1] * std::cos(angle));
     }
     result.normal = visible(result.normal);
@@ -134,6 +131,7 @@ qxShading::Surface qxSurfacePoint::surface(const qxRenderLayer &layer,
 }
 
 /// Which channel says what: the glTF 2.0 specification, 3.9, and the extensions' tables.
+/// A list, not a procedure.
 void qxSurfacePoint::apply(const qxRenderPicture &picture, const qxRenderLayer &layer,
                            qxShading::Surface &surface) const
 {
@@ -284,12 +282,12 @@ qxRay qxSurfacePoint::leaving(const qxShading::Bounce &bounce) const
     for (int i = 0; i < 2; ++i) {
         osg::Vec3f step = spread.direction[i];
         if (!bounce.through) {
-            const osg::Vec3f turned =
-                instance->worldNormalStep(instance->geometry->normalStep(place.triangle, m_steps[i]),
-                                          instance->geometry->normalAt(place));
+            const osg::Vec3f turned = instance->worldNormalStep(
+                instance->geometry->normalStep(place.triangle, m_steps[i]),
+                instance->geometry->normalAt(place));
             const osg::Vec3f bend = inside ? -turned : turned;
-            step = step - (normal * (step.dot(normal) - toEye.dot(bend)) - bend * toEye.dot(normal))
-                    * 2.0f;
+            step = step
+                - (normal * (step.dot(normal) - toEye.dot(bend)) - bend * toEye.dot(normal)) * 2.0f;
         }
         ray.spread.origin[i] = spread.origin[i];
         ray.spread.direction[i] = widened(step, others[i], width);

@@ -2,7 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfCheckValues.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
-#include "Files/Gltf/Read/qxGltfMaterials.h"
+#include "Files/Gltf/Common/qxGltfPictureUse.h"
 #include "Materials/qxSurface.h"
 #include "qxText.h"
 

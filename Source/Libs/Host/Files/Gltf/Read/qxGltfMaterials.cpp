@@ -2,6 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfNames.h"
+#include "Files/Gltf/Common/qxGltfPictureUse.h"
 #include "Files/Gltf/Read/qxGltfImages.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Materials/qxSurface.h"
@@ -173,17 +174,6 @@ osg::SimpleMaterialPtr makeMaterial(const tinygltf::Material &values, const qxSu
 }
 
 } // namespace
-
-const qxJson &qxGltfPictureUse(const qxJson &material, std::size_t role)
-{
-    static const std::vector<qxGltfPlace> places = [] {
-        std::vector<qxGltfPlace> all;
-        for (const qxSurface::PictureKind &kind : qxSurface::pictureKinds())
-            all.emplace_back(kind.place);
-        return all;
-    }();
-    return qxGltfAt(material, places[role]);
-}
 
 std::vector<qxGltfMaterialRef> qxGltfMaterials(qxGltfModel &model)
 {

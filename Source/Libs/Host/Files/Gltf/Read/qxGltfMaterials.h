@@ -14,8 +14,6 @@ typedef osg::RefPtr<osg::MaterialPtr> qxGltfMaterialRef;
 /// The materials of the file in its order, with their textures. A picture that cannot be read is a
 /// warning in the model and missing in its material. Materials with the same name get unique names.
 std::vector<qxGltfMaterialRef> qxGltfMaterials(qxGltfModel &model);
-/// How a material of the file uses the picture of a role (qxSurface::PictureRole); null without.
-const qxJson &qxGltfPictureUse(const qxJson &material, std::size_t role);
 /// The name of the material of primitives that state none, unless another one has it.
 constexpr const char *qxGltfDefaultName = "Default Material";
 /// The material of primitives that state none.

@@ -1,7 +1,7 @@
 #include "Files/Gltf/Read/qxGltfMeshes.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
-#include "Files/Gltf/Read/qxGltfDeformations.h"
+#include "Files/Gltf/Read/qxGltfDeformation.h"
 #include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfPrimitive.h"
@@ -63,9 +63,8 @@ osg::GeoTexCoordsPtr makeTexCoords(const Floats &values)
 void setTangents(const osg::GeometryPtr &geometry, const Floats &values)
 {
     const auto pairs = [&values](std::size_t first) {
-        return makeProperty<osg::GeoTexCoords2f, 4>(values, [first](const float *v) {
-            return osg::Vec2f(v[first], v[first + 1]);
-        });
+        return makeProperty<osg::GeoTexCoords2f, 4>(
+            values, [first](const float *v) { return osg::Vec2f(v[first], v[first + 1]); });
     };
     geometry->setTexCoords6(pairs(0));
     geometry->setTexCoords7(pairs(2));
@@ -200,7 +199,7 @@ qxGltfGeometryRef makeGeometry(qxGltfModel &model, qxGltfPrimitive::Place place,
     const qxGltfGeometryRef geometry(osg::Geometry::create());
     fill(geometry.get(), primitive);
     model.budget.giveBack(passing);
-    qxGltfSetDeformation(geometry.get(), primitive, model);
+    qxGltfSetDeformation(geometry.get(), primitive, model.budget);
     return geometry;
 }
 

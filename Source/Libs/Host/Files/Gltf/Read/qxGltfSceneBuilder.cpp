@@ -2,10 +2,10 @@
 
 #include "Files/Gltf/Read/qxGltfAnimations.h"
 #include "Files/Gltf/Read/qxGltfCameras.h"
-#include "Files/Gltf/Read/qxGltfDeformations.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfNodes.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
+#include "Files/Gltf/Read/qxGltfSkins.h"
 #include "Files/Gltf/Read/qxGltfSwitchMaterialBuilder.h"
 
 namespace {
@@ -35,7 +35,7 @@ void qxGltfBuildScene(qxGltfModel &model, qxGltfScene &scene)
     scene.mapped = switchMaterials.mapped();
     qxGltfNodes nodes(model, scene);
     nodes.build();
-    qxGltfSetDeformations(model, nodes);
+    qxGltfSetSkins(model, nodes);
     scene.cameras = qxGltfCameras(model, nodes, scene.origin);
     scene.clips = qxGltfAnimations(model, nodes);
 }

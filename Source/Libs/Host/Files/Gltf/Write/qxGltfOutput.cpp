@@ -61,25 +61,30 @@ bool isPicture(const QByteArray &bytes)
 }
 
 /// A place in the JSON that names a file beside the scene.
+template <class Json>
 struct Named {
-    qxJson *holder;
+    Json *holder;
     const char *key;
     QString label;
 
-    const std::string &uri() const { return (*holder)[key].get_ref<const std::string &>(); }
+    const std::string &uri() const
+    {
+        return holder->at(key).template get_ref<const std::string &>();
+    }
 };
 
 /// The pictures of images and environments.
-std::vector<Named> picturesOf(qxJson &json)
+template <class Json>
+std::vector<Named<Json>> picturesOf(Json &json)
 {
-    std::vector<Named> result;
+    std::vector<Named<Json>> result;
     for (std::size_t i = 0; i < qxGltfSection(json, "images").size(); ++i) {
-        qxJson &image = json["images"][i];
+        Json &image = json["images"][i];
         if (isFile(image))
             result.push_back({&image, "uri", qxGltfLabel("image", int(i), image)});
     }
     for (std::size_t i = 0; i < qxGltfSection(json, "nodes").size(); ++i) {
-        qxJson &node = json["nodes"][i];
+        Json &node = json["nodes"][i];
         const char *const key = qxGltfKeys::environmentPicture;
         const qxJson &uri = qxGltfMember(qxGltfMember(node, "extras"), key);
         if (uri.is_string() && !qxGltfIsDataUri(uri.get_ref<const std::string &>()))
@@ -134,15 +139,17 @@ bool qxGltfOutput::isBeside(const qxGltfDocument &document, const QString &path)
 void qxGltfOutput::refuseOwnFiles() const
 {
     const QDir folder(m_document.folder());
-    for (const char *section : {"buffers", "images"}) {
-        for (const qxJson &entry : qxGltfSection(m_document.json, section)) {
-            if (!isFile(entry))
-                continue;
-            const QString name = qxGltfRelativePath(entry["uri"].get_ref<const std::string &>());
-            if (!name.isEmpty() && qxOutputFile::isSame(folder.filePath(name), m_path))
-                fail(m_path, qxFileText::tr("it is a file that the scene uses"));
-        }
+    const auto check = [&](const std::string &uri) {
+        const QString name = qxGltfRelativePath(uri);
+        if (!name.isEmpty() && qxOutputFile::isSame(folder.filePath(name), m_path))
+            fail(m_path, qxFileText::tr("it is a file that the scene uses"));
+    };
+    for (const qxJson &buffer : qxGltfSection(m_document.json, "buffers")) {
+        if (isFile(buffer))
+            check(buffer["uri"].get_ref<const std::string &>());
     }
+    for (const Named<const qxJson> &picture : picturesOf(m_document.json))
+        check(picture.uri());
 }
 
 /// The first buffer becomes the BIN chunk.
@@ -179,7 +186,7 @@ void qxGltfOutput::copyBuffers(qxJson &json, const std::vector<QByteArray> &buff
 void qxGltfOutput::copyPictures(qxJson &json)
 {
     qxMemoryBudget budget(qxMemoryBudget::limit());
-    for (const Named &picture : picturesOf(json)) {
+    for (const Named<qxJson> &picture : picturesOf(json)) {
         try {
             const QByteArray bytes = qxGltfReadUri(m_document, picture.uri(), budget);
             if (!isPicture(bytes))
