@@ -51,8 +51,11 @@ TEST_F(PathTracerTest, WhiteBodiesInEvenLightAreNotToBeSeen)
     const struct {
         float metallic;
         float roughness;
+        float transmission;
+        float thickness;
         float tolerance;
-    } rows[] = {{0, 1, 12}, {0, 0.3f, 12}, {1, 0, 3}, {1, 0.3f, 12}};
+    } rows[] = {{0, 1, 0, 0, 12},    {0, 0.3f, 0, 0, 12}, {1, 0, 0, 0, 3},
+                {1, 0.3f, 0, 0, 12}, {0, 0, 1, 0, 24},    {0, 0, 1, 1, 12}};
     const osg::MaterialPtr material = lit(1, 1, 1);
     addBox(material, osg::Vec3f(1.2f, 1.2f, 1.2f), osg::Vec3f(0, 0, 0));
     // With a valley, in which light goes to and fro.
@@ -61,8 +64,11 @@ TEST_F(PathTracerTest, WhiteBodiesInEvenLightAreNotToBeSeen)
         qxSurface surface;
         surface.metallic = row.metallic;
         surface.roughness = row.roughness;
+        surface.transmission = row.transmission;
+        surface.thickness = row.thickness;
         surface.setTo(material);
-        EXPECT_NEAR(mean(picture()), light, row.tolerance) << row.metallic << row.roughness;
+        EXPECT_NEAR(mean(picture()), light, row.tolerance)
+            << row.metallic << ' ' << row.roughness << ' ' << row.thickness;
     }
 }
 
@@ -141,4 +147,30 @@ TEST_F(PathTracerTest, LightGoesFromSurfaceToSurfaceAsOftenAsItNeeds)
     const std::string colour = seen.at(0, 0);
     EXPECT_EQ(colour.substr(0, 2), "0 ") << colour;
     EXPECT_GT(seen.brightness(0, 0), 120) << colour;
+}
+
+TEST_F(PathTracerTest, GlassTintsShadowsAndABodyOfItShiftsWhatIsBehind)
+{
+    surround([](int, int) { return osg::Vec3f(0.05f, 0.05f, 0.05f); });
+    qxSurface glass;
+    glass.metallic = glass.roughness = 0;
+    glass.transmission = 1;
+    addMattWall(-1);
+    addSun(3);
+    addSquare(lit(0.9f, 0.1f, 0.1f, glass), osg::Vec3f(0, 0, 20), 1); // behind the camera
+    const std::string tinted = picture().at(0, 0);
+    const int reds = std::stoi(tinted);
+    EXPECT_GT(reds, 2 * std::stoi(tinted.substr(tinted.find(' ')))) << tinted;
+
+    addSquare(red, osg::Vec3f(-1, 0, -0.9f), 2);
+    addSquare(green, osg::Vec3f(1, 0, -0.9f), 2);
+    const osg::MaterialPtr clear = lit(1, 1, 1, glass);
+    addBox(clear, osg::Vec3f(1.2f, 1.2f, 1.2f), osg::Vec3f(0, 0, 1));
+    const auto seen = [&](float x) { return picture().at(x, 0); };
+    const std::string left = seen(-0.08f), right = seen(0.08f);
+    EXPECT_GT(std::stoi(left), std::stoi(right) + 60) << "a thin wall shifts nothing";
+    glass.thickness = 1;
+    glass.setTo(clear);
+    EXPECT_LT(std::abs(std::stoi(seen(-0.08f)) - std::stoi(seen(0.08f))), 60)
+        << "both are on one side of the edge";
 }

@@ -15,7 +15,7 @@ const int _bestSamples = 24;
 const int _sampleStep = 6;
 const int _fewestToFilter = 4; ///< samples that tell noise from what is there
 const float _tooMuchNoise = 14.0f / 255.0f; ///< in the colours of the picture
-const float _easyShare = 0.2f; ///< of the noise where the filter does well: inside of surfaces
+const float _easyShare = 0.3f; ///< of the noise where the filter does well: inside of surfaces
 const float _brightestSample = 4.0f;
 
 int samplesOf(const qxPictureSettings &settings)

@@ -5,6 +5,8 @@
 
 namespace {
 
+const float _sharp = 0.25f; ///< roughness of what shows its surroundings
+
 const osg::Vec3f _white(1, 1, 1);
 
 /// Smoother surfaces would show punctual lights as highlights smaller than any pixel.
@@ -205,12 +207,15 @@ qxShading::Chances qxShading::newChances() const
     float sum = 0.0f;
     for (float &chance : result)
         sum += chance;
-    // What seems to give little may give much in some direction.
+    // What seems to give little may give much in some direction, and sharp reflections are seen,
+    // while soft light is also found by asking for it.
     float total = 0.0f;
-    for (float &chance : result) {
-        const float share = sum > 0.0f ? chance / sum : 1.0f;
-        chance = std::max(share, std::min(0.1f, 10.0f * share));
-        total += chance;
+    for (int lobe = 0; lobe < Lobes; ++lobe) {
+        const bool isSharp = (lobe == Coat && m_surface.coatRoughness < _sharp)
+            || (lobe == Mirror && m_roughness < _sharp);
+        const float share = sum > 0.0f ? result[std::size_t(lobe)] / sum : 1.0f;
+        result[std::size_t(lobe)] = std::max(share, std::min(isSharp ? 0.3f : 0.1f, 10.0f * share));
+        total += result[std::size_t(lobe)];
     }
     for (float &chance : result)
         chance /= total;
