@@ -5,6 +5,8 @@
 #include "Session/qxSceneState.h"
 #include "Window/qxOrbit.h"
 #include "WindowFixture.h"
+#include "qxController.h"
+#include "qxMessage.h"
 #include "qxRaytracingManager.h"
 #include "qxUberCameraPool.h"
 
@@ -178,6 +180,8 @@ TEST_F(WindowViewTest, AnimationsPlayInTheViewAndLeaveTheSceneAlone)
     auto *const slider = bar->findChild<QSlider *>();
     const QTimer *const timer = bar->findChild<QTimer *>();
     const auto press = [this](Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        QApplication::setActiveWindow(window.get()); // There was a question about scripts.
+        window->sceneView()->setFocus();
         QTest::keyClick(window->sceneView(), Qt::Key_Space, keys);
     };
     press();
