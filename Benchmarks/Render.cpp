@@ -5,6 +5,7 @@
 #include "Render/qxRenderCamera.h"
 #include "Render/qxRenderer.h"
 #include "Render/qxShownWalk.h"
+#include "qxFlip.h"
 #include "qxHost.h"
 #include "qxScenegraph.h"
 
@@ -14,6 +15,9 @@
 #include <OpenSG/OSGTransform.h>
 #include <OpenSG/OSGTriangleIterator.h>
 
+#include <QCoreApplication>
+#include <QFile>
+#include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -226,15 +230,35 @@ static void renderPicture(benchmark::State &state)
         benchmark::DoNotOptimize(renderer.render(scene.settings).rgba.data());
 }
 
-/// As a preview is made.
+static QImage imageOf(const qxPicture &picture)
+{
+    return QImage(picture.rgba.data(), picture.width, picture.height, QImage::Format_RGBA8888)
+        .copy();
+}
+
+/// The same picture of 4,096 samples per pixel, which is made once and kept beside the program.
+static QImage referenceOf(qxRenderer &renderer, qxPictureSettings settings)
+{
+    const QString file = QCoreApplication::applicationDirPath() + "/reference.png";
+    if (!QFile::exists(file)) {
+        qInfo("Making %s, which takes some minutes", qPrintable(file));
+        settings.quality = 4096;
+        imageOf(renderer.render(settings)).save(file);
+    }
+    return QImage(file).convertToFormat(QImage::Format_RGBA8888);
+}
+
+/// As a preview is made, and how different it looks from one that took as long as it needs.
 static void renderBest(benchmark::State &state)
 {
     RenderedScene scene(int(state.range(0)));
     scene.settings.quality = qxPictureSettings::Best;
     qxRenderer renderer;
-    renderer.render(scene.settings);
+    const QImage picture = imageOf(renderer.render(scene.settings));
     for (auto _ : state)
         benchmark::DoNotOptimize(renderer.render(scene.settings).rgba.data());
+    static const float error = qxMeanFlip(referenceOf(renderer, scene.settings), picture);
+    state.counters["error"] = double(error);
 }
 
 static void renderPictureBare(benchmark::State &state)

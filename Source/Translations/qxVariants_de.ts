@@ -2,61 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>qxAnimationBar</name>
-    <message>
-        <source>Animation</source>
-        <translation>Animation</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>Beenden</translation>
-    </message>
-    <message>
-        <source>Stop: the scene is at rest again</source>
-        <translation>Beenden: Die Szene ist wieder in Ruhe</translation>
-    </message>
-    <message>
-        <source>Loop</source>
-        <translation>Wiederholen</translation>
-    </message>
-    <message>
-        <source>Time of the animation</source>
-        <translation>Zeit der Animation</translation>
-    </message>
-    <message>
-        <source>Speed</source>
-        <translation>Geschwindigkeit</translation>
-    </message>
-    <message>
-        <source>Animations</source>
-        <translation>Animationen</translation>
-    </message>
-    <message>
-        <source>Which animations play</source>
-        <translation>Welche Animationen abgespielt werden</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Anhalten</translation>
-    </message>
-    <message>
-        <source>Play</source>
-        <translation>Abspielen</translation>
-    </message>
-    <message>
-        <source>%1 of %2 s</source>
-        <translation>%1 von %2 s</translation>
-    </message>
-    <message>
-        <source>All</source>
-        <translation>Alle</translation>
-    </message>
-    <message>
-        <source>Animation %1</source>
-        <translation>Animation %1</translation>
-    </message>
-</context>
-<context>
     <name>qxCaptureDialog</name>
     <message>
         <source>&amp;Nodes: switches and what is hidden</source>
@@ -627,6 +572,110 @@
         <translation>das Variantendokument</translation>
     </message>
     <message>
+        <source>what needs the extension %1 is not shown</source>
+        <translation>was die Erweiterung %1 braucht, wird nicht gezeigt</translation>
+    </message>
+    <message>
+        <source>it is too short: %1 bytes announced, %2 there</source>
+        <translation>er ist zu kurz: %1 Bytes angekündigt, %2 vorhanden</translation>
+    </message>
+    <message>
+        <source>%1 states an impossible way of compression</source>
+        <translation>%1 gibt eine unmögliche Komprimierung an</translation>
+    </message>
+    <message>
+        <source>%1 has no &quot;joints&quot;</source>
+        <translation>%1 hat keine „joints“</translation>
+    </message>
+    <message>
+        <source>%1 has no matrix for each of its %2 joints</source>
+        <translation>%1 hat nicht für jedes der %2 Gelenke eine Matrix</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a list</source>
+        <translation>%1: „%2“ ist keine Liste</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; holds something that is no object</source>
+        <translation>%1: „%2“ enthält etwas, das kein Objekt ist</translation>
+    </message>
+    <message>
+        <source>its compressed data are damaged</source>
+        <translation>die komprimierten Daten sind beschädigt</translation>
+    </message>
+    <message>
+        <source>%1; data that are not compressed are shown</source>
+        <translation>%1; gezeigt werden die nicht komprimierten Daten</translation>
+    </message>
+    <message>
+        <source>%1 is not in the compressed data as it is stated</source>
+        <translation>%1 ist in den komprimierten Daten nicht so vorhanden, wie es angegeben ist</translation>
+    </message>
+    <message>
+        <source>%1 of morph target %2</source>
+        <translation>%1 des Morph-Ziels %2</translation>
+    </message>
+    <message>
+        <source>it is neither PNG, JPEG nor WebP</source>
+        <translation>es ist weder PNG, JPEG noch WebP</translation>
+    </message>
+    <message>
+        <source>is no number</source>
+        <translation>ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>%1: the picture of the environment is left out: %2</source>
+        <translation>%1: das Bild der Umgebung entfällt: %2</translation>
+    </message>
+    <message>
+        <source>The picture of the environment is left out: %1</source>
+        <translation>Das Bild der Umgebung entfällt: %1</translation>
+    </message>
+    <message>
+        <source>its header is damaged</source>
+        <translation>seine Kopfdaten sind beschädigt</translation>
+    </message>
+    <message>
+        <source>it has several parts or several depths</source>
+        <translation>es hat mehrere Teile oder mehrere Tiefen</translation>
+    </message>
+    <message>
+        <source>it has no pixels</source>
+        <translation>es hat keine Pixel</translation>
+    </message>
+    <message>
+        <source>its pixels end too early</source>
+        <translation>seine Pixel enden zu früh</translation>
+    </message>
+    <message>
+        <source>it has no channels R, G and B in full size</source>
+        <translation>es hat keine Kanäle R, G und B in voller Größe</translation>
+    </message>
+    <message>
+        <source>it is neither a Radiance nor an OpenEXR picture</source>
+        <translation>es ist weder ein Radiance- noch ein OpenEXR-Bild</translation>
+    </message>
+    <message>
+        <source>its header does not end</source>
+        <translation>seine Kopfdaten enden nicht</translation>
+    </message>
+    <message>
+        <source>its pixels are not in RGBE</source>
+        <translation>seine Pixel sind nicht in RGBE</translation>
+    </message>
+    <message>
+        <source>its size is not written as &quot;-Y HEIGHT +X WIDTH&quot;</source>
+        <translation>seine Größe steht nicht da als „-Y HÖHE +X BREITE“</translation>
+    </message>
+    <message>
+        <source>a run of its pixels is damaged</source>
+        <translation>eine Folge gleicher Pixel ist beschädigt</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>der Speicher reicht nicht</translation>
+    </message>
+    <message>
         <source>animation</source>
         <translation>Animation</translation>
     </message>
@@ -673,94 +722,6 @@
     <message>
         <source>accessor %1 holds something that is no finite number</source>
         <translation>Accessor %1 enthält etwas, das keine endliche Zahl ist</translation>
-    </message>
-    <message>
-        <source>what needs the extension %1 is not shown</source>
-        <translation>was die Erweiterung %1 braucht, wird nicht gezeigt</translation>
-    </message>
-    <message>
-        <source>it is too short: %1 bytes announced, %2 there</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 states an impossible way of compression</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has no &quot;joints&quot;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has no matrix for each of its %2 joints</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: &quot;%2&quot; is not a list</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: &quot;%2&quot; holds something that is no object</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>its compressed data are damaged</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1; data that are not compressed are shown</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 is not in the compressed data as it is stated</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>its header is damaged</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it has several parts or several depths</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it has no pixels</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>its pixels end too early</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it has no channels R, G and B in full size</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it is neither a Radiance nor an OpenEXR picture</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>its header does not end</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>its pixels are not in RGBE</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>its size is not written as &quot;-Y HEIGHT +X WIDTH&quot;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>a run of its pixels is damaged</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it is neither PNG, JPEG nor WebP</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>not enough memory</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1546,6 +1507,20 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>Maus und Tasten</translation>
     </message>
     <message>
+        <source>Left button: turn. Middle button, or left with Shift: move.
+Wheel or right button: zoom. Click: pick a node. Double click: look at it.
+Arrows: turn. + and -: zoom. F: show everything. Home: go home.
+
+Enter or a double click selects the set under the cursor, F2 renames it.
+Keys of sets select them anywhere but in text fields.</source>
+        <translation>Linke Taste: drehen. Mittlere Taste oder linke mit Umschalt: verschieben.
+Mausrad oder rechte Taste: zoomen. Klick: Knoten auswählen. Doppelklick: Knoten ansehen.
+Pfeiltasten: drehen. + und −: zoomen. F: alles zeigen. Pos1: Grundstellung.
+
+Die Eingabetaste oder ein Doppelklick wählt das markierte Set aus, F2 benennt es um.
+Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
+    </message>
+    <message>
         <source>About Workbench</source>
         <translation>Über Workbench</translation>
     </message>
@@ -1718,6 +1693,10 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>Das Skript von „%1“ wurde nicht ausgeführt, weil ihm nicht vertraut wird.</translation>
     </message>
     <message>
+        <source>&amp;Light and Background</source>
+        <translation>&amp;Licht und Hintergrund</translation>
+    </message>
+    <message>
         <source>Left button: turn. Middle button, or left with Shift: move.
 Wheel or right button: zoom. Click: pick a node. Double click: look at it.
 Arrows: turn. + and -: zoom. F: show everything. Home: go home.
@@ -1732,6 +1711,132 @@ Leertaste: Animationen abspielen oder anhalten. Umschalt+Leertaste: sie beenden.
 
 Die Eingabetaste oder ein Doppelklick wählt das markierte Set aus, F2 benennt es um.
 Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
+    </message>
+</context>
+<context>
+    <name>qxLightMenu</name>
+    <message>
+        <source>&amp;Environment</source>
+        <translation>&amp;Umgebung</translation>
+    </message>
+    <message>
+        <source>&amp;Of the Scene</source>
+        <translation>&amp;Die der Szene</translation>
+    </message>
+    <message>
+        <source>&amp;Studio</source>
+        <translation>&amp;Studio</translation>
+    </message>
+    <message>
+        <source>&amp;Picture...</source>
+        <translation>&amp;Bild …</translation>
+    </message>
+    <message>
+        <source>&amp;Background</source>
+        <translation>&amp;Hintergrund</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic</source>
+        <translation>&amp;Automatisch</translation>
+    </message>
+    <message>
+        <source>&amp;Gradient</source>
+        <translation>&amp;Verlauf</translation>
+    </message>
+    <message>
+        <source>&amp;Plain Colour...</source>
+        <translation>&amp;Einfarbig …</translation>
+    </message>
+    <message>
+        <source>&amp;Ground for Shadows</source>
+        <translation>&amp;Boden für Schatten</translation>
+    </message>
+    <message>
+        <source>B&amp;righter</source>
+        <translation>He&amp;ller</translation>
+    </message>
+    <message>
+        <source>&amp;Darker</source>
+        <translation>&amp;Dunkler</translation>
+    </message>
+    <message>
+        <source>&amp;Normal (Exposure %1)</source>
+        <translation>&amp;Normal (Belichtung %1)</translation>
+    </message>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened.</source>
+        <translation>„%1“ kann nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Environment</source>
+        <translation>Umgebung</translation>
+    </message>
+    <message>
+        <source>Pictures of all directions (*.hdr *.pic *.exr)</source>
+        <translation>Bilder aller Richtungen (*.hdr *.pic *.exr)</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+</context>
+<context>
+    <name>qxAnimationBar</name>
+    <message>
+        <source>Animation</source>
+        <translation>Animation</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Stop: the scene is at rest again</source>
+        <translation>Beenden: Die Szene ist wieder in Ruhe</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Time of the animation</source>
+        <translation>Zeit der Animation</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Animations</source>
+        <translation>Animationen</translation>
+    </message>
+    <message>
+        <source>Which animations play</source>
+        <translation>Welche Animationen abgespielt werden</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 s</source>
+        <translation>%1 von %2 s</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Animation %1</source>
+        <translation>Animation %1</translation>
     </message>
 </context>
 </TS>

@@ -1,8 +1,11 @@
 #include "HostFixture.h"
+#include "Materials/qxSurface.h"
 #include "qxModuleBase.h"
 
 #include <OpenSG/OSGChangeList.h>
+#include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSimpleMaterial.h>
@@ -238,4 +241,35 @@ TEST_F(MaterialsTest, WhatContainsAMaterialForTheEnvironmentIsOne)
          {sky.material(), osg::MaterialPtr(passes),
           scene.addSwitchMaterial("Skies", {"Paint", "Sky"}).material()})
         EXPECT_TRUE(qxMaterials::isEnvironmentMaterial(made));
+}
+
+TEST_F(MaterialsTest, PicturesLiveWithTheirMaterialAndItsClones)
+{
+    const osg::UInt8 pixel[] = {1, 2, 3, 4};
+    osg::ImageRefPtr image(osg::Image::create());
+    image->set(osg::Image::OSG_RGBA_PF, 1, 1, 1, 1, 1, 0.0, pixel);
+    const osg::UInt32 id = image.get().getFieldContainerId();
+    const auto isThere = [id] {
+        return osg::FieldContainerFactory::the()->getContainer(id) != osg::NullFC;
+    };
+    osg::MaterialRefPtr material(osg::MaterialPtr(osg::SimpleMaterial::create()));
+    qxSurface surface;
+    for (const auto role : {qxSurface::Normal, qxSurface::SheenColour})
+        surface.pictures[role].image = image.get();
+    surface.pictures[qxSurface::Normal].texCoords = 2;
+    surface.setTo(material.get());
+    image = osg::NullFC;
+    EXPECT_EQ(qxSurface::of(material.get()), surface);
+    osg::MaterialRefPtr clone(osg::MaterialPtr::dcast(osg::deepClone(material.get())));
+    surface = qxSurface::of(material.get());
+    surface.pictures[qxSurface::Normal].image = osg::ImagePtr();
+    surface.setTo(material.get());
+    EXPECT_EQ(qxSurface::of(material.get()), surface);
+    EXPECT_TRUE(isThere()) << "the other role has it still";
+    material = osg::NullFC;
+    EXPECT_FALSE(isThere());
+    const qxSurfacePicture kept = qxSurface::of(clone.get()).pictures[qxSurface::Normal];
+    EXPECT_EQ(kept.texCoords, 2u);
+    ASSERT_NE(kept.image, osg::NullFC);
+    EXPECT_EQ(kept.image->getData()[2], 3);
 }

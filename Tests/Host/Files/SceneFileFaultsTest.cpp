@@ -1,6 +1,7 @@
 #include "Files/SceneFileFixture.h"
 
 #include <QDir>
+#include <QMap>
 
 #include <fcntl.h>
 #include <sys/file.h>

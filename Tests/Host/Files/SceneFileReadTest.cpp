@@ -1,7 +1,9 @@
+#include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/SceneFileFixture.h"
 #include "Files/qxMemoryBudget.h"
 
 #include <QDir>
+#include <QRegularExpression>
 
 #include <sys/stat.h>
 
@@ -224,4 +226,25 @@ TEST_F(SceneFileReadTest, AFailedLoadKeepsWhatWasLoadedBefore)
     EXPECT_EQ(file.variantsDocument(), "<kept/>");
     save(path("again.gltf"));
     EXPECT_EQ(jsonOf(path("again.gltf"))["nodes"][0]["name"], "Kept");
+}
+
+TEST_F(SceneFileReadTest, TheTableOfExtensionsSaysWhatInfoSays)
+{
+    QStringList drawn;
+    for (const QByteArray &line : bytesOf(testData("../../Docs/SceneFiles.md")).split('\n')) {
+        const QRegularExpression row("^\\| `([A-Z]{2,4}_[a-zA-Z0-9_]+)` \\| (drawn|kept) \\|");
+        const QRegularExpressionMatch found = row.match(line);
+        if (!found.hasMatch())
+            continue;
+        const QByteArray name = found.captured(1).toUtf8();
+        loadText("\"extensionsUsed\": [\"" + name + "\"], \"extensionsRequired\": [\"" + name
+                 + "\"]");
+        const bool isDrawn = found.captured(2) == "drawn";
+        EXPECT_EQ(file.info().extensionsNotUnderstood.isEmpty(), isDrawn) << name.toStdString();
+        EXPECT_EQ(file.info().extensionsMissing.isEmpty(), isDrawn) << name.toStdString();
+        EXPECT_EQ(file.warnings().join("").contains(name), !isDrawn) << name.toStdString();
+        if (isDrawn)
+            drawn << name;
+    }
+    EXPECT_EQ(drawn, qxGltfUnderstoodExtensions());
 }

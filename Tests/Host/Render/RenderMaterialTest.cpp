@@ -3,10 +3,13 @@
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGMaterialChunk.h>
 #include <OpenSG/OSGMultiPassMaterial.h>
+#include <OpenSG/OSGQuaternion.h>
 #include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSimpleTexturedMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 #include <OpenSG/OSGTextureChunk.h>
+
+#include <array>
 
 class RenderMaterialTest : public RenderFixture {
 protected:
@@ -192,17 +195,27 @@ TEST_F(RenderMaterialTest, APictureGoesOnAsItsSurfaceSays)
 {
     const osg::MaterialPtr material = textured(GL_REPLACE, fourFields());
     qxSurface surface;
-    surface.wrapS = GL_CLAMP_TO_EDGE;
-    surface.wrapT = GL_MIRRORED_REPEAT;
+    qxSurfacePicture &place = surface.pictures[qxSurface::BaseColour];
+    place.wrapS = GL_CLAMP_TO_EDGE;
+    place.wrapT = GL_MIRRORED_REPEAT;
     surface.setTo(material);
-    addTextured(material, 2);
+    const TestNode square = addTextured(material, 2);
     EXPECT_EQ(picture().at(-0.75f, -0.75f), "255 0 0");
     EXPECT_EQ(picture().at(0.25f, -0.75f), "0 255 0") << "the edge goes on";
     EXPECT_EQ(picture().at(-0.75f, 0.25f), "0 0 255") << "upside down";
     EXPECT_EQ(picture().at(-0.75f, 0.75f), "255 0 0");
-    surface.textureMatrix = {0, 1, 0, 0.5f, 0, 0}; // exchanges the axes
+    place.matrix = {0, 1, 0, 0.5f, 0, 0}; // exchanges the axes
     surface.setTo(material);
     EXPECT_EQ(picture().at(-0.75f, -0.25f), "0 255 0");
+    EXPECT_EQ(picture().at(0.5f, -0.75f), "0 0 255");
+    place.texCoords = 3; // of which there are none: all is the first pixel
+    surface.setTo(material);
+    EXPECT_EQ(picture().at(0.5f, -0.75f), picture().at(-0.75f, -0.25f));
+    const auto core = osg::GeometryPtr::dcast(square.core());
+    {
+        const osg::CPEditor edit(core);
+        core->setTexCoords3(core->getTexCoords());
+    }
     EXPECT_EQ(picture().at(0.5f, -0.75f), "0 0 255");
 }
 
@@ -239,4 +252,141 @@ TEST_F(RenderMaterialTest, ChunksGiveColourPictureAndWrap)
     // Four rows repeat upwards; to the right the last column goes on.
     EXPECT_EQ(picture().at(0.8f, -0.875f), "0 255 0");
     EXPECT_EQ(picture().at(0.8f, -0.375f), "0 255 0");
+}
+
+/// A picture of one pixel, and what it stands for.
+struct PictureRow {
+    qxSurface::PictureRole role;
+    std::array<osg::UInt8, 4> pixel;
+    void (*common)(qxSurface &surface);
+    void (*equal)(qxSurface &surface);
+};
+
+// A list, not a procedure.
+static const std::vector<PictureRow> &pictureRows()
+{
+    typedef qxSurface S;
+    static const float half = 0.5029f; // light of the sRGB value 188
+    static const float share = 100 / 255.0f;
+    static const std::vector<PictureRow> rows = {
+        {S::MetallicRoughness,
+         {255, 100, 200, 255},
+         [](S &) {},
+         [](S &s) { s.metallic = 200 / 255.0f, s.roughness = share; }},
+        {S::Emissive,
+         {188, 188, 188, 255},
+         [](S &s) { s.emissiveStrength = 0.3f; },
+         [](S &s) { s.emissiveStrength = 0.3f * half; }},
+        {S::Specular,
+         {255, 255, 255, 100},
+         [](S &s) { s.metallic = 0, s.ior = 3; },
+         [](S &s) { s.specular = share; }},
+        {S::SpecularColour,
+         {188, 0, 255, 255},
+         [](S &s) { s.metallic = 0, s.ior = 3; },
+         [](S &s) { s.specularColour = osg::Color3f(half, 0, 1); }},
+        {S::Clearcoat,
+         {100, 255, 255, 255},
+         [](S &s) { s.clearcoat = 1; },
+         [](S &s) { s.clearcoat = share; }},
+        {S::ClearcoatRoughness,
+         {0, 100, 0, 255},
+         [](S &s) { s.metallic = 0, s.clearcoat = s.clearcoatRoughness = 1; },
+         [](S &s) { s.clearcoatRoughness = share; }},
+        {S::SheenColour,
+         {188, 0, 255, 255},
+         [](S &s) { s.sheenColour = osg::Color3f(1, 1, 1), s.sheenRoughness = 0.5f; },
+         [](S &s) { s.sheenColour = osg::Color3f(half, 0, 1); }},
+        {S::SheenRoughness,
+         {0, 0, 0, 100},
+         [](S &s) { s.sheenColour = osg::Color3f(1, 1, 1), s.sheenRoughness = 1; },
+         [](S &s) { s.sheenRoughness = share; }},
+        {S::Transmission,
+         {100, 0, 0, 255},
+         [](S &s) { s.metallic = 0, s.transmission = 1; },
+         [](S &s) { s.transmission = share; }},
+        {S::Iridescence,
+         {100, 0, 0, 255},
+         [](S &s) { s.iridescence = 1; },
+         [](S &s) { s.iridescence = share; }},
+        {S::IridescenceThickness,
+         {0, 51, 0, 255},
+         [](S &s) { s.iridescence = 1; },
+         [](S &s) { s.iridescenceThickest = 160; }},
+        {S::DiffuseTransmission,
+         {0, 0, 0, 100},
+         [](S &s) { s.metallic = 0, s.diffuseTransmission = 1; },
+         [](S &s) { s.diffuseTransmission = share; }},
+    };
+    return rows;
+}
+
+TEST_F(RenderMaterialTest, ChannelsOfPicturesAreFactorsInTheirColourSpace)
+{
+    typedef qxSurface S;
+    addSquare(flat(0.2f, 0.9f, 0.4f), osg::Vec3f(0, 0, -1), 2);
+    const TestNode squares[] = {addSquare(red, osg::Vec3f(-0.5f, 0, 0), 0.9f),
+                                addSquare(red, osg::Vec3f(0.5f, 0, 0), 0.9f),
+                                addSquare(red, osg::Vec3f(0.5f, 1, 0), 0.9f)};
+    for (const PictureRow &row : pictureRows()) {
+        qxSurface surface;
+        surface.roughness = row.role == S::MetallicRoughness ? 1 : 0.4f;
+        row.common(surface);
+        const auto shown = [&](const TestNode &square, const qxSurface &look) {
+            const osg::MaterialPtr material = lit(0.6f, 0.5f, 0.4f, look);
+            if (row.role == S::Emissive)
+                osg::SimpleMaterialPtr::dcast(material)->setEmission(osg::Color3f(1, 1, 1));
+            qxNodeUtils::setMaterial(square, material, false, false);
+        };
+        shown(squares[2], surface);
+        surface.pictures[row.role].image = osg::Image::create();
+        surface.pictures[row.role].image->set(osg::Image::OSG_RGBA_PF, 1, 1, 1, 1, 1, 0.0,
+                                              row.pixel.data());
+        shown(squares[0], surface);
+        surface.pictures[row.role].image = osg::ImagePtr();
+        row.equal(surface);
+        shown(squares[1], surface);
+        const TestPicture seen = picture();
+        EXPECT_NEAR(seen.brightness(-0.5f, 0), seen.brightness(0.5f, 0), 3) << row.role;
+        EXPECT_NE(seen.at(-0.5f, 0), seen.at(0.5f, 0.9f)) << row.role << " changes nothing";
+    }
+}
+
+TEST_F(RenderMaterialTest, PicturesOfNormalsBendTheSurface)
+{
+    const TestNode turned = scene.addTransform("Turned");
+    TestNode(addSun(2)).moveTo(turned);
+    const auto shown = [&](std::array<osg::UInt8, 4> normal, float scale, bool fromBehind) {
+        const auto material = osg::SimpleMaterialPtr::dcast(lit(0.5f, 0.5f, 0.5f));
+        qxSurface surface;
+        surface.metallic = 0;
+        surface.doubleSided = true;
+        surface.normalScale = scale;
+        const osg::ImagePtr image = osg::Image::create();
+        image->set(osg::Image::OSG_RGBA_PF, 1, 1, 1, 1, 1, 0.0, normal.data());
+        surface.pictures[qxSurface::Normal].image = image;
+        surface.setTo(material);
+        const TestNode holder = scene.addTransform("Holder");
+        if (fromBehind)
+            matrixOf(holder).setScale(-1, 1, -1);
+        addTextured(material, 1).moveTo(holder);
+        const int result = picture().brightness(0.2f, -0.3f);
+        holder.remove();
+        return result;
+    };
+    const std::array<osg::UInt8, 4> flat = {128, 128, 255, 255}, right = {218, 128, 218, 255},
+                                    up = {128, 218, 218, 255};
+    for (const bool fromAbove : {false, true}) {
+        matrixOf(turned).setRotate(fromAbove ? osg::Quaternion(osg::Vec3f(1, 0, 0), -0.9f)
+                                             : osg::Quaternion(osg::Vec3f(0, 1, 0), 0.9f));
+        const auto &towards = fromAbove ? up : right;
+        const int plain = shown(flat, 1, false);
+        EXPECT_GT(shown(towards, 1, false), plain + 20) << fromAbove;
+        EXPECT_LT(shown(towards, -1, false), plain - 20) << fromAbove;
+        // What is a bump from the front is a dent from behind; left and right are exchanged.
+        if (fromAbove)
+            EXPECT_LT(shown(towards, 1, true), plain - 20);
+        else
+            EXPECT_GT(shown(towards, 1, true), plain + 20);
+    }
 }

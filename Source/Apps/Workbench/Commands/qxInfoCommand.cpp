@@ -20,14 +20,6 @@ struct Fact {
     QJsonValue value;
 };
 
-QJsonObject hiddenPictures(const qxSceneFileInfo &info)
-{
-    QJsonObject counts;
-    for (auto kind = info.hiddenPictures.begin(); kind != info.hiddenPictures.end(); ++kind)
-        counts.insert(kind.key(), kind.value());
-    return counts;
-}
-
 QJsonArray clipNames()
 {
     QJsonArray names;
@@ -55,7 +47,6 @@ QList<Fact> facts(const qxSceneFileInfo &info)
          QJsonArray::fromStringList(info.extensionsNotUnderstood)},
         {"extensionsMissing", "required, but not shown",
          QJsonArray::fromStringList(info.extensionsMissing)},
-        {"picturesNotShown", "pictures kept, not shown", hiddenPictures(info)},
         {"groups", "variant groups", int(qxVariants::_variantGroups.size())},
         {"sets", "variant sets", int(qxVariants::_variantSets.size())},
         {"variants", "variants", int(qxVariantKinds::count())},
@@ -64,12 +55,9 @@ QList<Fact> facts(const qxSceneFileInfo &info)
 
 QString wordsFor(const QJsonValue &value)
 {
-    if (!value.isArray() && !value.isObject())
+    if (!value.isArray())
         return value.toVariant().toString();
     QStringList names;
-    const QJsonObject counts = value.toObject();
-    for (const QString &kind : counts.keys())
-        names += QStringLiteral("%1 %2").arg(counts[kind].toInt()).arg(kind);
     for (const QJsonValue &name : value.toArray())
         names += name.toString().isEmpty() ? QStringLiteral("(unnamed)") : name.toString();
     return names.isEmpty() ? QStringLiteral("none") : names.join(QLatin1String(", "));

@@ -57,14 +57,6 @@ void logWarnings(const qxSceneFile &file)
         qxLog::warning("%s", qxText::toUtf8(warning).c_str());
 }
 
-void logHiddenPictures(const qxSceneFileInfo &info)
-{
-    const QString kinds = QStringList(info.hiddenPictures.keys()).join(QStringLiteral(", "));
-    if (!kinds.isEmpty())
-        qxLog::info("Pictures of materials that are kept, but not shown: %s",
-                    qxText::toUtf8(kinds).c_str());
-}
-
 } // namespace
 
 qxSession::qxSession(bool trace)
@@ -125,7 +117,6 @@ bool qxSession::openScene(const QString &path, const qxSceneFile::StepListener &
     };
     if (m_file->load(path, step)) {
         logWarnings(*m_file);
-        logHiddenPictures(m_file->info());
         return true;
     }
     return fail(m_file->errorString());

@@ -3,13 +3,12 @@
 #include "Cameras/qxMainView.h"
 #include "Pictures/qxMainGlView.h"
 #include "Pictures/qxScenePicture.h"
+#include "Render/qxSceneBox.h"
 #include "Report/qxPictureHint.h"
 #include "qxController.h"
 #include "qxImageRenderWidget.h"
 #include "qxOrbit.h"
 #include "qxScenegraph.h"
-
-#include <OpenSG/OSGDynamicVolume.h>
 
 #include <QAction>
 #include <QLabel>
@@ -34,15 +33,10 @@ qxUberCamera &camera()
 /// The box around a node with all that is below it, in world coordinates; false for none.
 bool boxOf(const osg::NodePtr &node, osg::Pnt3f &low, osg::Pnt3f &high)
 {
-    if (node == osg::NullFC)
-        return false;
-    osg::DynamicVolume volume = node->getVolume(true);
-    if (volume.isEmpty())
-        return false;
-    if (node->getParent() != osg::NullFC)
-        volume.transform(node->getParent()->getToWorld());
-    volume.getBounds(low, high);
-    return true;
+    const osg::DynamicVolume box = qxSceneBox(node);
+    if (!box.isEmpty())
+        box.getBounds(low, high);
+    return !box.isEmpty();
 }
 
 } // namespace

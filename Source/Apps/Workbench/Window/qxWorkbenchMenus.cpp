@@ -4,6 +4,7 @@
 #include "qxAnimationBar.h"
 #include "qxController.h"
 #include "qxLanguage.h"
+#include "qxLightMenu.h"
 #include "qxLogView.h"
 #include "qxOSGWidget.h"
 #include "qxSceneView.h"
@@ -89,6 +90,7 @@ void qxWorkbenchWindow::buildViewMenu()
         qxOSGWidget::setRaytracing(on);
         qxController::updateRender(true);
     });
+    named(menu->addMenu(new qxLightMenu(this)), QT_TR_NOOP("&Light and Background"));
     menu->addSeparator();
     named(menu->addAction(
               QString(), this, [this] { focusPane(1); }, QKeySequence::NextChild),

@@ -19,6 +19,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QMap>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -104,7 +105,6 @@ qxSceneFileInfo infoOf(const qxGltfModel &model)
     info.extensionsRequired = qxGltfExtensionNames(json, "extensionsRequired");
     info.extensionsNotUnderstood = qxGltfNotUnderstood(json, "extensionsUsed");
     info.extensionsMissing = qxGltfNotUnderstood(json, "extensionsRequired");
-    info.hiddenPictures = qxGltfHiddenPictures(qxGltfSection(json, "materials"));
     return info;
 }
 
@@ -139,6 +139,7 @@ qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Ste
     scene.materials = qxGltfMaterials(model);
     listener(Building);
     qxGltfBuildScene(model, scene);
+    model.forgetDecoded();
     auto content = std::make_unique<Content>();
     content->info = infoOf(model);
     content->scene = model.sceneIndex();

@@ -3,7 +3,6 @@
 #include "Files/qxSceneVariant.h"
 
 #include <QByteArray>
-#include <QMap>
 #include <QStringList>
 
 #include <functional>
@@ -26,8 +25,6 @@ struct qxSceneFileInfo {
     QStringList extensionsRequired; ///< those that the file cannot do without
     QStringList extensionsNotUnderstood; ///< used by the file, kept, but not shown
     QStringList extensionsMissing; ///< likewise, of those that it requires
-    /// Kinds of pictures that are kept, but not shown: how many materials have one.
-    QMap<QString, int> hiddenPictures;
 };
 
 /// Reads scenes from glTF 2.0 files (.gltf, .glb) into the host and writes them back.

@@ -4,6 +4,9 @@
 #include "Light/qxLightSampler.h"
 #include "Light/qxStudio.h"
 
+#include <mutex>
+#include <optional>
+
 namespace {
 
 const int _widest = 4096; ///< pixels of a picture that is kept
@@ -78,25 +81,46 @@ qxEnvironmentLight::Key keyOf(const qxLightPicture &picture)
 
 } // namespace
 
-/// What is computed once.
+/// What is computed once; what takes long, when it is first asked for.
 struct qxEnvironmentLight::Map {
-    explicit Map(qxLightPicture all) : picture(usable(std::move(all))), sampler(picture)
+    explicit Map(qxLightPicture all) : picture(usable(std::move(all))) {}
+
+    /// What surfaces show.
+    struct Filtered {
+        explicit Filtered(const qxLightPicture &picture)
+        {
+            const std::vector<qxLightPicture> smaller = levelsOf(picture);
+            const qxLightFilter filter(picture, smaller);
+            rough = filter.mirrored();
+            scattered = filter.scattered();
+            const qxLightPicture *broad = &picture;
+            for (const qxLightPicture &level : smaller)
+                broad = level.width >= 64 ? &level : broad;
+            key = keyOf(*broad);
+        }
+
+        std::vector<qxLightPicture> rough; ///< at equal steps of roughness, the last for 1
+        qxLightPicture scattered;
+        Key key;
+    };
+    const Filtered &filtered() const
     {
-        const std::vector<qxLightPicture> smaller = levelsOf(picture);
-        const qxLightFilter filter(picture, smaller);
-        rough = filter.mirrored();
-        scattered = filter.scattered();
-        const qxLightPicture *broad = &picture;
-        for (const qxLightPicture &level : smaller)
-            broad = level.width >= 64 ? &level : broad;
-        key = keyOf(*broad);
+        std::call_once(m_isFiltered, [this] { m_filtered.emplace(picture); });
+        return *m_filtered;
+    }
+    const qxLightSampler &sampler() const
+    {
+        std::call_once(m_isSampled, [this] { m_sampler.emplace(picture); });
+        return *m_sampler;
     }
 
-    qxLightPicture picture;
-    std::vector<qxLightPicture> rough; ///< at equal steps of roughness, the last for 1
-    qxLightPicture scattered;
-    qxLightSampler sampler;
-    Key key;
+    const qxLightPicture picture;
+
+private:
+    mutable std::once_flag m_isFiltered;
+    mutable std::optional<Filtered> m_filtered;
+    mutable std::once_flag m_isSampled;
+    mutable std::optional<qxLightSampler> m_sampler;
 };
 
 qxEnvironmentLight qxEnvironmentLight::studio()
@@ -146,31 +170,31 @@ osg::Vec3f qxEnvironmentLight::light(const osg::Vec3f &direction) const
 osg::Vec3f qxEnvironmentLight::mirrored(const osg::Vec3f &direction, float roughness) const
 {
     const osg::Vec2f place = qxLightPicture::placeOf(inPicture(direction));
-    const float level = std::clamp(roughness, 0.0f, 1.0f) * float(m_map->rough.size());
-    const std::size_t below = std::min(std::size_t(level), m_map->rough.size() - 1);
-    const qxLightPicture &sharper = below > 0 ? m_map->rough[below - 1] : m_map->picture;
-    return qxMixed(sharper.at(place), m_map->rough[below].at(place), level - float(below))
-        * m_factor;
+    const std::vector<qxLightPicture> &rough = m_map->filtered().rough;
+    const float level = std::clamp(roughness, 0.0f, 1.0f) * float(rough.size());
+    const std::size_t below = std::min(std::size_t(level), rough.size() - 1);
+    const qxLightPicture &sharper = below > 0 ? rough[below - 1] : m_map->picture;
+    return qxMixed(sharper.at(place), rough[below].at(place), level - float(below)) * m_factor;
 }
 
 osg::Vec3f qxEnvironmentLight::scattered(const osg::Vec3f &normal) const
 {
-    return m_map->scattered.at(qxLightPicture::placeOf(inPicture(normal))) * m_factor;
+    return m_map->filtered().scattered.at(qxLightPicture::placeOf(inPicture(normal))) * m_factor;
 }
 
 qxEnvironmentLight::Sample qxEnvironmentLight::sample(const osg::Vec2f &place) const
 {
-    const qxLightSampler::Sample found = m_map->sampler.sample(place);
+    const qxLightSampler::Sample found = m_map->sampler().sample(place);
     return {inScene(qxLightPicture::directionOf(found.place)),
             m_map->picture.at(found.place) * m_factor, found.density};
 }
 
 float qxEnvironmentLight::density(const osg::Vec3f &direction) const
 {
-    return m_map->sampler.density(qxLightPicture::placeOf(inPicture(direction)));
+    return m_map->sampler().density(qxLightPicture::placeOf(inPicture(direction)));
 }
 
 qxEnvironmentLight::Key qxEnvironmentLight::key() const
 {
-    return {inScene(m_map->key.direction), m_map->key.light * m_factor};
+    return {inScene(m_map->filtered().key.direction), m_map->filtered().key.light * m_factor};
 }

@@ -10,7 +10,8 @@ class qxEnvironmentLight {
 public:
     /// The default: a photographer's studio with soft boxes.
     static qxEnvironmentLight studio();
-    /// Light that is not finite, or negative, counts as none. Takes some 20 ms.
+    /// Light that is not finite, or negative, counts as none. The first question takes some
+    /// 50 ms.
     explicit qxEnvironmentLight(qxLightPicture picture);
 
     /// The same light, brighter or darker.

@@ -138,15 +138,36 @@ qxLightPicture pixelsOf(Imf::InputFile &file, const std::string &colours)
     return picture;
 }
 
+/// What the library throws becomes an error with its text.
+template <class Work>
+auto translated(const Work &work) -> decltype(work())
+{
+    try {
+        return work();
+    } catch (const qxGltfError &) {
+        throw;
+    } catch (const std::bad_alloc &) {
+        throw;
+    } catch (const std::exception &error) {
+        fail(QString::fromUtf8(error.what()));
+    }
+}
+
+QSize sizeOf(const Imf::Header &header)
+{
+    const Imath::V2i difference = header.dataWindow().size();
+    return QSize(difference.x + 1, difference.y + 1);
+}
+
 } // namespace
 
 qxLightPicture qxReadExr(const QByteArray &bytes, qxMemoryBudget &budget)
 {
-    try {
+    return translated([&] {
         const Imf::Header header = checkedHeader(bytes);
         const std::string colours = coloursOf(header);
-        const Imath::V2i size = header.dataWindow().size();
-        budget.take((qint64(size.x) + 1) * (qint64(size.y) + 1), sizeof(osg::Vec3f));
+        const QSize size = sizeOf(header);
+        budget.take(qint64(size.width()) * size.height(), sizeof(osg::Vec3f));
         Stream stream(bytes);
         Imf::InputFile file(stream, 0);
         qxLightPicture picture = pixelsOf(file, colours);
@@ -155,11 +176,14 @@ qxLightPicture qxReadExr(const QByteArray &bytes, qxMemoryBudget &budget)
                 light[0] = light[1] = light[2];
         }
         return picture;
-    } catch (const qxGltfError &) {
-        throw;
-    } catch (const std::bad_alloc &) {
-        throw;
-    } catch (const std::exception &error) {
-        fail(QString::fromUtf8(error.what()));
-    }
+    });
+}
+
+QSize qxExrSize(const QByteArray &bytes)
+{
+    return translated([&] {
+        const Imf::Header header = checkedHeader(bytes);
+        coloursOf(header);
+        return sizeOf(header);
+    });
 }

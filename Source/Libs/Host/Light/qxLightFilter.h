@@ -2,9 +2,10 @@
 
 #include "Light/qxLightPicture.h"
 
-/// Computes what rough surfaces show of a picture, by filtered importance sampling (Krivanek,
-/// Colbert: Real-time Shading with Filtered Importance Sampling, 2008), with the normal as the
-/// direction of the eye (Karis: Real Shading in Unreal Engine 4, 2013, "Image-Based Lighting").
+/// Computes what rough surfaces show of a picture: mirrors by filtered importance sampling
+/// (Krivanek, Colbert: Real-time Shading with Filtered Importance Sampling, 2008), with the normal
+/// as the direction of the eye (Karis: Real Shading in Unreal Engine 4, 2013, "Image-Based
+/// Lighting").
 class qxLightFilter {
 public:
     /// `smaller` are the picture halved again and again. Both must live as long as the filter.
@@ -23,10 +24,9 @@ private:
         float weight;
     };
     typedef std::vector<Tap> Taps;
-    enum Lobe { Mirrors, Diffuse };
 
-    Taps tapsOf(Lobe lobe, float alpha, float down) const;
-    qxLightPicture filtered(Lobe lobe, float roughness, int height) const;
+    Taps tapsOf(float alpha, float down) const;
+    qxLightPicture filtered(float roughness, int height) const;
     const qxLightPicture &levelFor(float solidAngle) const;
 
     const qxLightPicture &m_picture;

@@ -10,12 +10,13 @@ float luminance(const osg::Vec3f &light)
 }
 
 /// The mean of the interpolated light over each pixel. It is positive wherever the light is, so
-/// beside a bright pixel, too.
+/// beside a bright pixel, too. Without any light all are the same.
 std::vector<float> weightsOf(const qxLightPicture &picture)
 {
     const float tent[] = {0.125f, 0.75f, 0.125f};
     std::vector<float> result;
     result.reserve(picture.light.size());
+    float most = 0.0f;
     for (int y = 0; y < picture.height; ++y) {
         for (int x = 0; x < picture.width; ++x) {
             float sum = 0.0f;
@@ -27,8 +28,11 @@ std::vector<float> weightsOf(const qxLightPicture &picture)
                 }
             }
             result.push_back(sum);
+            most = std::max(most, sum);
         }
     }
+    if (!(most > 0.0f))
+        std::fill(result.begin(), result.end(), 1.0f);
     return result;
 }
 
@@ -74,15 +78,9 @@ qxLightSampler::qxLightSampler(const qxLightPicture &picture)
         m_rows.push_back(float(sum * double(picture.solidAngle(y))));
         all += sum * double(picture.solidAngle(y));
     }
-    const bool isDark = !(accumulate(m_rows.data(), m_height) > 0.0);
-    for (int y = 0; y < m_height; ++y) {
-        // Without any light all cells are equal, so near the poles they are dense.
-        const float even = 1.0f / (float(m_width) * float(m_height) * picture.solidAngle(y));
-        for (int x = 0; x < m_width; ++x) {
-            float &density = m_density[cell(x, y)];
-            density = isDark ? even : float(double(density) / all);
-        }
-    }
+    accumulate(m_rows.data(), m_height);
+    for (float &density : m_density)
+        density = float(double(density) / all);
 }
 
 qxLightSampler::Sample qxLightSampler::sample(const osg::Vec2f &random) const

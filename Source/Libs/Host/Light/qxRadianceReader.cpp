@@ -4,8 +4,6 @@
 #include "Files/qxFileText.h"
 #include "Files/qxMemoryBudget.h"
 
-#include <QSize>
-
 #include <array>
 
 namespace {
@@ -26,10 +24,15 @@ class Reader {
 public:
     Reader(const QByteArray &bytes, qxMemoryBudget &budget) : m_bytes(bytes), m_budget(budget) {}
 
-    qxLightPicture read()
+    QSize size()
     {
         readHeader();
-        const QSize size = readSize();
+        return readSize();
+    }
+
+    qxLightPicture read()
+    {
+        const QSize size = this->size();
         m_budget.take(qint64(size.width()) * size.height(), sizeof(osg::Vec3f));
         qxLightPicture picture(size.width(), size.height());
         std::vector<Pixel> row(std::size_t(picture.width));
@@ -152,4 +155,10 @@ private:
 qxLightPicture qxReadRadiance(const QByteArray &bytes, qxMemoryBudget &budget)
 {
     return Reader(bytes, budget).read();
+}
+
+QSize qxRadianceSize(const QByteArray &bytes)
+{
+    qxMemoryBudget none(0);
+    return Reader(bytes, none).size();
 }

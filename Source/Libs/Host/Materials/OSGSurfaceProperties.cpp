@@ -1,11 +1,9 @@
 #include "Materials/OSGSurfaceProperties.h"
 
-#include <OpenSG/OSGGL.h>
-
 OSG_BEGIN_NAMESPACE
 
-const BitVector SurfaceProperties::FactorsFieldMask = TypeTraits<BitVector>::One
-    << SurfaceProperties::FactorsFieldId;
+const BitVector SurfaceProperties::NumbersFieldMask = TypeTraits<BitVector>::One
+    << SurfaceProperties::NumbersFieldId;
 const BitVector SurfaceProperties::AlphaModeFieldMask = TypeTraits<BitVector>::One
     << SurfaceProperties::AlphaModeFieldId;
 const BitVector SurfaceProperties::DoubleSidedFieldMask = TypeTraits<BitVector>::One
@@ -14,16 +12,12 @@ const BitVector SurfaceProperties::UnlitFieldMask = TypeTraits<BitVector>::One
     << SurfaceProperties::UnlitFieldId;
 const BitVector SurfaceProperties::EnvironmentFieldMask = TypeTraits<BitVector>::One
     << SurfaceProperties::EnvironmentFieldId;
-const BitVector SurfaceProperties::WrapSFieldMask = TypeTraits<BitVector>::One
-    << SurfaceProperties::WrapSFieldId;
-const BitVector SurfaceProperties::WrapTFieldMask = TypeTraits<BitVector>::One
-    << SurfaceProperties::WrapTFieldId;
-const BitVector SurfaceProperties::TextureMatrixFieldMask = TypeTraits<BitVector>::One
-    << SurfaceProperties::TextureMatrixFieldId;
+const BitVector SurfaceProperties::WrapsFieldMask = TypeTraits<BitVector>::One
+    << SurfaceProperties::WrapsFieldId;
 
 FieldDescription *SurfaceProperties::_desc[] = {
-    new FieldDescription(MFReal32::getClassType(), "factors", FactorsFieldId, FactorsFieldMask,
-                         false, (FieldAccessMethod)&SurfaceProperties::getMFFactors),
+    new FieldDescription(MFReal32::getClassType(), "numbers", NumbersFieldId, NumbersFieldMask,
+                         false, (FieldAccessMethod)&SurfaceProperties::getMFNumbers),
     new FieldDescription(SFUInt32::getClassType(), "alphaMode", AlphaModeFieldId,
                          AlphaModeFieldMask, false,
                          (FieldAccessMethod)&SurfaceProperties::getSFAlphaMode),
@@ -35,13 +29,8 @@ FieldDescription *SurfaceProperties::_desc[] = {
     new FieldDescription(SFBool::getClassType(), "environment", EnvironmentFieldId,
                          EnvironmentFieldMask, false,
                          (FieldAccessMethod)&SurfaceProperties::getSFEnvironment),
-    new FieldDescription(SFUInt32::getClassType(), "wrapS", WrapSFieldId, WrapSFieldMask, false,
-                         (FieldAccessMethod)&SurfaceProperties::getSFWrapS),
-    new FieldDescription(SFUInt32::getClassType(), "wrapT", WrapTFieldId, WrapTFieldMask, false,
-                         (FieldAccessMethod)&SurfaceProperties::getSFWrapT),
-    new FieldDescription(MFReal32::getClassType(), "textureMatrix", TextureMatrixFieldId,
-                         TextureMatrixFieldMask, false,
-                         (FieldAccessMethod)&SurfaceProperties::getMFTextureMatrix)};
+    new FieldDescription(MFUInt32::getClassType(), "wraps", WrapsFieldId, WrapsFieldMask, false,
+                         (FieldAccessMethod)&SurfaceProperties::getMFWraps)};
 
 FieldContainerType SurfaceProperties::_type(
     "SurfaceProperties", "Attachment", "SurfaceProperties",
@@ -50,16 +39,14 @@ FieldContainerType SurfaceProperties::_type(
 OSG_FIELD_CONTAINER_DEF(SurfaceProperties, SurfacePropertiesPtr)
 
 SurfaceProperties::SurfaceProperties()
-    : Inherited(), _sfAlphaMode(0), _sfDoubleSided(false), _sfUnlit(false), _sfEnvironment(false),
-      _sfWrapS(GL_REPEAT), _sfWrapT(GL_REPEAT)
+    : Inherited(), _sfAlphaMode(0), _sfDoubleSided(false), _sfUnlit(false), _sfEnvironment(false)
 {
 }
 
 SurfaceProperties::SurfaceProperties(const SurfaceProperties &other)
-    : Inherited(other), _mfFactors(other._mfFactors), _sfAlphaMode(other._sfAlphaMode),
+    : Inherited(other), _mfNumbers(other._mfNumbers), _sfAlphaMode(other._sfAlphaMode),
       _sfDoubleSided(other._sfDoubleSided), _sfUnlit(other._sfUnlit),
-      _sfEnvironment(other._sfEnvironment), _sfWrapS(other._sfWrapS), _sfWrapT(other._sfWrapT),
-      _mfTextureMatrix(other._mfTextureMatrix)
+      _sfEnvironment(other._sfEnvironment), _mfWraps(other._mfWraps)
 {
 }
 
@@ -68,20 +55,20 @@ void SurfaceProperties::executeSync(FieldContainer &other, const BitVector &whic
 {
     SurfaceProperties &from = static_cast<SurfaceProperties &>(other);
     Inherited::executeSyncImpl(&from, which);
-    if (which & FactorsFieldMask)
-        _mfFactors.syncWith(from._mfFactors);
-    if (which & TextureMatrixFieldMask)
-        _mfTextureMatrix.syncWith(from._mfTextureMatrix);
+    if (which & NumbersFieldMask)
+        _mfNumbers.syncWith(from._mfNumbers);
+    if (which & WrapsFieldMask)
+        _mfWraps.syncWith(from._mfWraps);
 #else
 void SurfaceProperties::executeSync(FieldContainer &other, const BitVector &which,
                                     const SyncInfo &info)
 {
     SurfaceProperties &from = static_cast<SurfaceProperties &>(other);
     Inherited::executeSyncImpl(&from, which, info);
-    if (which & FactorsFieldMask)
-        _mfFactors.syncWith(from._mfFactors, info);
-    if (which & TextureMatrixFieldMask)
-        _mfTextureMatrix.syncWith(from._mfTextureMatrix, info);
+    if (which & NumbersFieldMask)
+        _mfNumbers.syncWith(from._mfNumbers, info);
+    if (which & WrapsFieldMask)
+        _mfWraps.syncWith(from._mfWraps, info);
 #endif
     if (which & AlphaModeFieldMask)
         _sfAlphaMode.syncWith(from._sfAlphaMode);
@@ -91,10 +78,6 @@ void SurfaceProperties::executeSync(FieldContainer &other, const BitVector &whic
         _sfUnlit.syncWith(from._sfUnlit);
     if (which & EnvironmentFieldMask)
         _sfEnvironment.syncWith(from._sfEnvironment);
-    if (which & WrapSFieldMask)
-        _sfWrapS.syncWith(from._sfWrapS);
-    if (which & WrapTFieldMask)
-        _sfWrapT.syncWith(from._sfWrapT);
 }
 
 OSG_END_NAMESPACE

@@ -18,39 +18,33 @@ class SurfaceProperties : public Attachment {
 public:
     typedef SurfacePropertiesPtr Ptr;
     enum {
-        FactorsFieldId = Inherited::NextFieldId,
-        AlphaModeFieldId = FactorsFieldId + 1,
+        NumbersFieldId = Inherited::NextFieldId,
+        AlphaModeFieldId = NumbersFieldId + 1,
         DoubleSidedFieldId = AlphaModeFieldId + 1,
         UnlitFieldId = DoubleSidedFieldId + 1,
         EnvironmentFieldId = UnlitFieldId + 1,
-        WrapSFieldId = EnvironmentFieldId + 1,
-        WrapTFieldId = WrapSFieldId + 1,
-        TextureMatrixFieldId = WrapTFieldId + 1,
-        NextFieldId = TextureMatrixFieldId + 1
+        WrapsFieldId = EnvironmentFieldId + 1,
+        NextFieldId = WrapsFieldId + 1
     };
-    static const BitVector FactorsFieldMask;
+    static const BitVector NumbersFieldMask;
     static const BitVector AlphaModeFieldMask;
     static const BitVector DoubleSidedFieldMask;
     static const BitVector UnlitFieldMask;
     static const BitVector EnvironmentFieldMask;
-    static const BitVector WrapSFieldMask;
-    static const BitVector WrapTFieldMask;
-    static const BitVector TextureMatrixFieldMask;
+    static const BitVector WrapsFieldMask;
     OSG_FIELD_CONTAINER_DECL(SurfacePropertiesPtr)
 
-    MFReal32 *getMFFactors() { return &_mfFactors; }
+    MFReal32 *getMFNumbers() { return &_mfNumbers; }
     SFUInt32 *getSFAlphaMode() { return &_sfAlphaMode; }
     SFBool *getSFDoubleSided() { return &_sfDoubleSided; }
     SFBool *getSFUnlit() { return &_sfUnlit; }
     SFBool *getSFEnvironment() { return &_sfEnvironment; }
-    SFUInt32 *getSFWrapS() { return &_sfWrapS; }
-    SFUInt32 *getSFWrapT() { return &_sfWrapT; }
-    MFReal32 *getMFTextureMatrix() { return &_mfTextureMatrix; }
+    MFUInt32 *getMFWraps() { return &_mfWraps; }
 
-    /// Metallic, roughness, alpha cut-off, emissive strength.
-    MFReal32 &getFactors() { return _mfFactors; }
-    /// Six numbers, row after row.
-    MFReal32 &getTextureMatrix() { return _mfTextureMatrix; }
+    /// Those of the surface, then those of its pictures, in the order of qxSurface.
+    MFReal32 &getNumbers() { return _mfNumbers; }
+    /// Wrap modes of the pictures, two for each.
+    MFUInt32 &getWraps() { return _mfWraps; }
 
     void dump(UInt32 = 0, const BitVector = 0) const override {}
 
@@ -65,14 +59,12 @@ protected:
     void executeSync(FieldContainer &other, const BitVector &which, const SyncInfo &info) override;
 #endif
 
-    MFReal32 _mfFactors;
+    MFReal32 _mfNumbers;
     SFUInt32 _sfAlphaMode;
     SFBool _sfDoubleSided;
     SFBool _sfUnlit;
     SFBool _sfEnvironment;
-    SFUInt32 _sfWrapS;
-    SFUInt32 _sfWrapT;
-    MFReal32 _mfTextureMatrix;
+    MFUInt32 _mfWraps;
 
 private:
     friend class FieldContainer; // builds and destroys the instances

@@ -80,22 +80,43 @@ osg::ImagePtr qxEncodedPicture::image(const QString &name) const
 
 QImage qxEncodedPicture::pixels(const osg::ImagePtr &image)
 {
+    const QByteArray encoded = bytes(image);
+    if (encoded.isNull())
+        return QImage();
+    QString flaw;
+    const QImage picture = decoded(encoded, flaw);
+    if (picture.isNull())
+        warn(image, flaw);
+    return picture;
+}
+
+QByteArray qxEncodedPicture::bytes(const osg::ImagePtr &image)
+{
     const auto attachment =
         osg::EncodedPicturePtr::dcast(image->findAttachment(osg::EncodedPicture::getClassType()));
     if (attachment == osg::NullFC)
-        return QImage();
+        return QByteArray();
     const std::string &text = attachment->getField().getValue();
-    QByteArray bytes = QByteArray::fromRawData(text.data(), int(text.size()));
-    QBuffer buffer(&bytes);
+    return QByteArray::fromRawData(text.data(), int(text.size()));
+}
+
+QImage qxEncodedPicture::decoded(const QByteArray &bytes, QString &flaw)
+{
+    QByteArray encoded = bytes;
+    QBuffer buffer(&encoded);
     QImageReader reader(&buffer, formatOf(bytes));
     reader.setAutoDetectImageFormat(false);
     QImage picture = reader.read().convertToFormat(QImage::Format_RGBA8888);
-    if (picture.isNull()) {
-        const QString said = qxFileText::tr("%1 is left out: %2")
-                                 .arg(qxText::fromUtf8(image->getName()), reader.errorString());
-        qxLog::warning("%s", qxText::toUtf8(said).c_str());
-        return picture;
-    }
-    turnUpsideDown(picture);
+    if (picture.isNull())
+        flaw = reader.errorString();
+    else
+        turnUpsideDown(picture);
     return picture;
+}
+
+void qxEncodedPicture::warn(const osg::ImagePtr &image, const QString &flaw)
+{
+    const QString said =
+        qxFileText::tr("%1 is left out: %2").arg(qxText::fromUtf8(image->getName()), flaw);
+    qxLog::warning("%s", qxText::toUtf8(said).c_str());
 }

@@ -21,6 +21,13 @@ public:
     /// The pixels of such an image, red, green, blue and alpha, bottom row first. Null for other
     /// images, and when they cannot be decoded, which is a warning in the log.
     static QImage pixels(const osg::ImagePtr &image);
+    ///@{
+    /// The same in steps. Only the second may be taken in any thread: it gives a null picture and
+    /// the reason when it fails. The bytes are null for other images and live as long as the image.
+    static QByteArray bytes(const osg::ImagePtr &image);
+    static QImage decoded(const QByteArray &bytes, QString &flaw);
+    static void warn(const osg::ImagePtr &image, const QString &flaw);
+    ///@}
 
 private:
     QByteArray m_bytes;

@@ -11,10 +11,11 @@ namespace {
 
 const int _largestTile = 16; ///< width and height in pixels
 /// Samples of the best quality: as many as a pixel needs, looked at after so many at a time.
-const int _bestSamples = 32;
-const int _sampleStep = 8;
+const int _bestSamples = 30;
+const int _sampleStep = 6;
 const int _fewestToFilter = 4; ///< samples that tell noise from what is there
-const float _tooMuchNoise = 12.0f / 255.0f; ///< for the filter, in the colours of the picture
+const float _tooMuchNoise = 12.0f / 255.0f; ///< in the colours of the picture
+const float _easyShare = 0.2f; ///< of the noise where the filter does well: inside of surfaces
 const float _brightestSample = 4.0f;
 
 int samplesOf(const qxPictureSettings &settings)
@@ -62,11 +63,19 @@ public:
         m_layers.open += sample.open;
         m_scattered += limited(sample.scattered);
         m_colour += sample.colour;
-        m_normal += sample.normal;
+        const qxPictureFilter::Surface surface =
+            qxPictureFilter::surfaceOf(sample.colour, sample.normal);
+        for (std::size_t i = 0; i < surface.size(); ++i) {
+            m_surface[i] += surface[i];
+            m_surfaceSquares += surface[i] * surface[i];
+        }
         const osg::Vec3f light =
             qxPictureFilter::withoutColour(limited(sample.scattered), sample.colour);
         m_incoming += light;
         m_squares += light.squareLength();
+        const osg::Vec3f look = root(sample.light + sample.scattered + sample.plain);
+        m_look += look;
+        m_lookSquares += look.squareLength();
         m_count += 1.0f;
         m_sides |= sample.sides;
     }
@@ -75,7 +84,13 @@ public:
     qxPictureFilter::Pixel pixel() const
     {
         const float share = 1.0f / m_count;
-        return {m_scattered * share, variance(), m_colour * share, m_normal * share};
+        qxPictureFilter::Pixel result = {m_scattered * share, variance(), m_colour * share,
+                                         m_surface, m_surfaceSquares * share};
+        for (float &number : result.surface) {
+            number *= share;
+            result.mixture = std::max(0.0f, result.mixture - number * number);
+        }
+        return result;
     }
     Layers layers() const
     {
@@ -90,16 +105,21 @@ public:
         const float ofSums = m_squares - m_incoming.squareLength() / m_count;
         return std::max(0.0f, ofSums) / (3.0f * m_count * std::max(m_count - 1.0f, 1.0f));
     }
-    /// The same of the light, in shares of white as a picture shows it.
+    /// How far off the pixel probably is, squared, in shares of white as a picture shows it.
     float shownVariance() const
     {
-        const float share = 1.0f / m_count;
-        const float colour = qxPeak(m_colour) * share;
-        const float shown = qxPeak(m_layers.light + m_scattered) * share;
-        return variance() * colour * colour / (4.0f * std::max(shown, 0.01f));
+        const float ofSums = m_lookSquares - m_look.squareLength() / m_count;
+        const float variance = std::max(0.0f, ofSums) / (3.0f * m_count * (m_count - 1.0f));
+        const float mixture = std::min(pixel().mixture, 1.0f);
+        return variance * qxMixed(_easyShare, 1.0f, mixture);
     }
 
 private:
+    static osg::Vec3f root(const osg::Vec3f &light)
+    {
+        const auto one = [](float x) { return std::sqrt(std::clamp(x, 0.0f, 1.0f)); };
+        return osg::Vec3f(one(light[0]), one(light[1]), one(light[2]));
+    }
     /// A few samples that are brighter would be spots and jagged edges.
     static osg::Vec3f limited(const osg::Vec3f &light)
     {
@@ -110,8 +130,11 @@ private:
     Layers m_layers;
     osg::Vec3f m_scattered;
     osg::Vec3f m_colour;
-    osg::Vec3f m_normal;
+    qxPictureFilter::Surface m_surface = {}; ///< sum, and sum of all the squares
+    float m_surfaceSquares = 0.0f;
     osg::Vec3f m_incoming; ///< sum of the scattered light without the colours
+    osg::Vec3f m_look; ///< sum of the roots of all light, which differences look like
+    float m_lookSquares = 0.0f; ///< of these, all channels
     float m_squares = 0.0f; ///< of it, all channels
     float m_count = 0.0f;
     int m_sides = qxTracer::Nothing;
@@ -185,7 +208,7 @@ qxPicture qxPainter::paint(const qxPicture::Progress &progress)
         return qxPicture();
     m_picture.content = content();
     for (int pass = 0; m_filter && pass < qxPictureFilter::passes; ++pass) {
-        m_filter->prepare(pass);
+        m_filter->prepare();
         if (!forAll(bands, [this, pass](int band) { m_filter->filterBand(pass, band); }))
             return qxPicture();
     }
@@ -330,9 +353,15 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     result.plain = seen.plain;
     const float behind = seen.transmittance;
     const float ground = m_ground && behind > 0.0f ? m_ground->through(ray) : 1.0f;
-    if (behind > 0.0f)
+    if (behind > 0.0f) {
+        Layers layers;
         m_background.add(ray, (float(y) + shift[1]) / float(m_settings.height), behind * ground,
-                         m_environment.get(), result);
+                         m_environment.get(), layers);
+        result.light += qxProduct(layers.light, seen.tint);
+        result.plain += qxProduct(layers.plain, seen.tint);
+        result.lit += layers.lit;
+        result.open += layers.open;
+    }
     result.colour = seen.colour;
     result.normal = seen.normal;
     result.sides = seen.sides;

@@ -15,6 +15,7 @@ const float _lampSize = 0.02f; ///< radius of a lamp, as seen from distance 1
 const float _brightest = 4.0f;
 /// Of surfaces that such light reaches: what mirrors throw on others would be single spots.
 const float _smoothestLater = 0.3f;
+const float _paneLike = 0.1f; ///< roughness up to which a thin wall shows what is behind it sharply
 const float _mirrorLike = 0.25f; ///< roughness up to which a surface shows others
 const float _splitShare = 0.25f; ///< of the picture, from which on all rays are followed
 
@@ -29,10 +30,20 @@ float heuristic(float density, float other)
 /// A way back from the eye towards the light.
 class qxPathTracer::Path {
 public:
-    Path(const qxSurfacePoint &first, const qxRenderLayer &itsLayer, const osg::Vec3f &itsColour)
-        : hit(first), layer(&itsLayer), colour(itsColour)
+    Path(const qxSurfacePoint &first, const qxRenderLayer &layer, const osg::Vec4f &base)
+        : hit(first)
     {
+        meet(layer, base);
         show();
+    }
+
+    /// The path has come to this pass of a surface.
+    void meet(const qxRenderLayer &layer, const osg::Vec4f &base)
+    {
+        isUnlit = layer.unlit;
+        surface = hit.surface(layer, base);
+        if (isScattered)
+            surface.roughness = std::max(surface.roughness, _smoothestLater);
     }
 
     /// Light that comes to the eye by this way.
@@ -54,17 +65,20 @@ public:
     /// This surface is what the eye sees, maybe by way of mirrors.
     void show()
     {
-        shownNormal = hit.normal;
-        shownColour = qxProduct(shownColour, colour);
+        shownNormal = surface.normal;
+        shownColour = qxProduct(shownColour, surface.base);
     }
 
     qxSurfacePoint hit;
-    const qxRenderLayer *layer;
-    osg::Vec3f colour;
+    qxShading::Surface surface; ///< there
+    bool isUnlit = false;
+    bool isClosed = false; ///< what comes through the surface counts elsewhere
     int length = 1; ///< in surfaces
     osg::Vec3f share = osg::Vec3f(1, 1, 1); ///< of the light at the end that is reflected on
-    osg::Vec3f direction; ///< of the last turn, and its probability per solid angle
+    qxRay ray; ///< after the last turn, and the probability per solid angle of its direction
     float density = 0;
+    bool isAlone = false; ///< whether nothing else looked for light from there
+    osg::Vec3f attenuation; ///< along the ray
     bool isScattered = false;
     osg::Vec3f shownColour = osg::Vec3f(1, 1, 1);
     osg::Vec3f shownNormal;
@@ -81,7 +95,7 @@ struct qxPathTracer::Asked {
     void offer(const Asked &other, float &random)
     {
         const float before = sum;
-        const float weight = qxPeak(other.light);
+        const float weight = other.sum;
         if (!(weight > 0.0f))
             return;
         const float chance = weight / (before + weight);
@@ -98,42 +112,51 @@ struct qxPathTracer::Asked {
     bool shadow = true;
     bool isSky = false;
     osg::Vec3f share; ///< of the light of that direction of the sky
-    float sum = 0; ///< of all that were offered
+    float sum = 0; ///< of the light of all that were offered, this one included
 };
 
 qxTracer::Seen qxPathTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer &layer,
-                                  const osg::Vec3f &colour, float share, qxSampler &sampler) const
+                                  const osg::Vec4f &base, float share, qxSampler &sampler) const
 {
     const osg::Vec3f none;
+    const osg::Vec3f colour(base[0], base[1], base[2]);
     if (layer.unlit)
-        return {none, none, colour, colour, hit.normal};
+        return {none, none, colour, colour, hit.normal, none};
+    Path path(hit, layer, base);
+    const qxShading shading(path.surface, hit.toEye);
+    const osg::Vec3f emitted = shading.emitted();
+    // A pane shows what is behind it as if it were not there.
+    path.isClosed = !path.surface.isBody && path.surface.roughness < _paneLike;
+    const osg::Vec3f through = path.isClosed ? shading.straightThrough() : none;
     // Of what is hardly seen only some rays are followed.
     const float chance = std::min(1.0f, share / _splitShare);
     if (chance < 1.0f && sampler.next() >= chance)
-        return {layer.emission, none, none, colour, hit.normal};
-    Path path(hit, layer, colour);
+        return {emitted, none, none, colour, hit.normal, through};
     while (follow(path, sampler)) {}
     const osg::Vec3f light = path.light() * (1.0f / chance);
-    return {layer.emission + light, light, none, path.shownColour, path.shownNormal};
+    return {emitted + light, light, none, path.shownColour, path.shownNormal, through};
 }
 
 /// Gathers the light of the path's last point and looks for the next one; false at the end.
 bool qxPathTracer::follow(Path &path, qxSampler &sampler) const
 {
-    const qxRenderLayer &layer = *path.layer;
-    const bool isMirror = layer.metallic > 0.5f && layer.roughness < _mirrorLike;
-    const float roughness =
-        path.isScattered ? std::max(layer.roughness, _smoothestLater) : layer.roughness;
-    const qxShading shading({path.colour, layer.metallic, roughness}, path.hit.normal,
-                            path.hit.toEye);
+    const qxShading::Surface &surface = path.surface;
+    const bool isMirror =
+        std::max(surface.metallic, surface.transmission) > 0.5f && surface.roughness < _mirrorLike;
+    const qxShading shading(surface, path.hit.toEye);
     path.add(direct(path, shading, sampler));
     const float choice = sampler.next();
     const qxShading::Bounce bounce = shading.bounce(choice, sampler.nextPair());
-    if (!(qxPeak(bounce.share) > 0.0f) || bounce.direction.dot(path.hit.flatNormal) <= 0.0f)
+    const bool leaves = bounce.direction.dot(path.hit.flatNormal) > 0.0f;
+    if (!(qxPeak(bounce.share) > 0.0f) || leaves == bounce.through
+        || (bounce.through && path.isClosed))
         return false;
     path.share = qxProduct(path.share, bounce.share);
-    path.direction = bounce.direction;
+    path.ray = path.hit.leaving(bounce);
     path.density = bounce.density;
+    path.isAlone = bounce.through && surface.isBody;
+    if (bounce.through)
+        path.attenuation = bounce.attenuation;
     if (!isMirror)
         path.scatter();
     // Russian roulette: what counts little is followed seldom, and then counts more.
@@ -145,44 +168,71 @@ bool qxPathTracer::follow(Path &path, qxSampler &sampler) const
         return false;
     if (!path.isScattered)
         path.show();
-    path.add(path.layer->unlit ? path.colour : path.layer->emission);
-    return !path.layer->unlit && ++path.length <= _longestPath;
+    path.add(path.isUnlit ? path.surface.base : qxShading(path.surface, path.hit.toEye).emitted());
+    return !path.isUnlit && ++path.length <= _longestPath;
 }
 
 /// Looks for a surface in the path's direction; the light from where there is none belongs to it.
 bool qxPathTracer::findNext(Path &path, qxSampler &sampler) const
 {
-    qxRay ray;
-    ray.origin = path.hit.start(path.direction);
-    ray.direction = path.direction;
-    const qxRay whole = ray;
+    qxRay ray = path.ray;
     scene().clipping.limit(ray);
     for (int i = 0; i < _mostPassed && ray.near < ray.far && intersect(ray, path.hit); ++i) {
         const std::vector<qxRenderLayer> &layers = path.hit.instance->surface->layers;
         for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
-            const osg::Vec4f base = path.hit.base(*layer);
-            const float alpha = path.hit.alpha(*layer, base[3]);
-            if (alpha <= 0.0f || (alpha < 1.0f && sampler.next() >= alpha))
-                continue;
-            path.layer = &*layer;
-            path.colour = osg::Vec3f(base[0], base[1], base[2]);
-            return true;
+            if (stopsAt(path, *layer, sampler)) {
+                path.share =
+                    qxProduct(path.share, qxLeftAfter(path.attenuation, path.hit.distance));
+                return true;
+            }
         }
         ray.near = path.hit.beyond();
     }
-    const float weight = heuristic(path.density, scene().sky.density(path.direction));
-    path.add(around(whole, sampler) * weight);
+    const float weight =
+        path.isAlone ? 1.0f : heuristic(path.density, scene().sky.density(path.ray.direction));
+    path.add(around(path.ray, sampler) * weight);
     return false;
 }
 
-/// The light of one lamp or of one direction of the surroundings; on average that of all.
+/// Behind a matt surface light goes straight through what is clear, as that does which is asked
+/// for there: both must find the same, and what glass would focus would be single spots.
+bool qxPathTracer::stopsAt(Path &path, const qxRenderLayer &layer, qxSampler &sampler) const
+{
+    const osg::Vec4f base = path.hit.base(layer);
+    const float alpha = path.hit.alpha(layer, base[3]);
+    if (alpha <= 0.0f || (alpha < 1.0f && sampler.next() >= alpha))
+        return false;
+    path.isClosed = path.isScattered && layer.isClear() && !layer.unlit;
+    path.meet(layer, base);
+    if (!path.isClosed)
+        return true;
+    const osg::Vec3f through = qxShading(path.surface, path.hit.toEye).straightThrough();
+    const float chance = std::min(qxPeak(through), 0.9f);
+    if (sampler.next() >= chance) {
+        path.share *= 1.0f / (1.0f - chance);
+        return true;
+    }
+    path.share = qxProduct(path.share, through * (1.0f / chance));
+    return false;
+}
+
+/// The light of one lamp and of one direction of the surroundings, later on of one of the two; on
+/// average that of all.
 osg::Vec3f qxPathTracer::direct(const Path &path, const qxShading &shading,
                                 qxSampler &sampler) const
 {
-    const qxSurfacePoint &hit = path.hit;
     float random = sampler.next();
-    Asked asked = askedLamp(hit, shading, random);
-    asked.offer(askedSky(hit, shading, sampler.nextPair()), random);
+    Asked asked = askedLamp(path, shading, random);
+    const Asked sky = askedSky(path, shading, sampler.nextPair());
+    if (path.length == 1)
+        return found(asked, path.hit, sampler) + found(sky, path.hit, sampler);
+    asked.offer(sky, random);
+    return found(asked, path.hit, sampler);
+}
+
+/// What gets here of that light.
+osg::Vec3f qxPathTracer::found(Asked asked, const qxSurfacePoint &hit, qxSampler &sampler) const
+{
     if (!(asked.sum > _faint))
         return osg::Vec3f();
     if (!asked.isSky) {
@@ -206,12 +256,15 @@ osg::Vec3f qxPathTracer::direct(const Path &path, const qxShading &shading,
     return qxProduct(qxProduct(asked.share, through), around(ray, sampler));
 }
 
-qxPathTracer::Asked qxPathTracer::askedLamp(const qxSurfacePoint &hit, const qxShading &shading,
+qxPathTracer::Asked qxPathTracer::askedLamp(const Path &path, const qxShading &shading,
                                             float &random) const
 {
+    const qxSurfacePoint &hit = path.hit;
+    const bool isOpen = shading.letsThrough() && !path.isClosed;
     Asked result;
     for (const qxRenderLight &light : scene().lights.on) {
-        const qxRenderLight::Arrival arrival = light.arrivalAt(hit.position, hit.normal);
+        const qxRenderLight::Arrival arrival =
+            light.arrivalAt(hit.position, isOpen ? osg::Vec3f() : hit.normal);
         if (!(qxPeak(arrival.light) > 0.0f))
             continue;
         Asked one;
@@ -219,17 +272,20 @@ qxPathTracer::Asked qxPathTracer::askedLamp(const qxSurfacePoint &hit, const qxS
         one.toLight = arrival.toLight;
         one.distance = arrival.distance;
         one.shadow = light.shadow;
+        one.sum = qxPeak(one.light);
         result.offer(one, random);
     }
     return result;
 }
 
-qxPathTracer::Asked qxPathTracer::askedSky(const qxSurfacePoint &hit, const qxShading &shading,
+qxPathTracer::Asked qxPathTracer::askedSky(const Path &path, const qxShading &shading,
                                            const osg::Vec2f &place) const
 {
     const qxEnvironmentLight::Sample sample = scene().sky.sample(place);
     Asked result;
-    if (!(sample.density > 0.0f) || sample.direction.dot(hit.flatNormal) <= 0.0f)
+    const bool isOpen = shading.letsThrough() && !path.isClosed && !path.surface.isBody;
+    const bool isBehind = sample.direction.dot(path.hit.flatNormal) <= 0.0f;
+    if (!(sample.density > 0.0f) || (isBehind && !isOpen))
         return result;
     const float weight = heuristic(sample.density, shading.density(sample.direction));
     result.share = shading.reflected(sample.direction) * (weight / sample.density);
@@ -237,5 +293,6 @@ qxPathTracer::Asked qxPathTracer::askedSky(const qxSurfacePoint &hit, const qxSh
     result.toLight = sample.direction;
     result.distance = std::numeric_limits<float>::infinity();
     result.isSky = true;
+    result.sum = qxPeak(result.light);
     return result;
 }

@@ -13,7 +13,7 @@ public:
     using qxTracer::qxTracer;
 
 protected:
-    Seen seen(const qxSurfacePoint &hit, const qxRenderLayer &layer, const osg::Vec3f &colour,
+    Seen seen(const qxSurfacePoint &hit, const qxRenderLayer &layer, const osg::Vec4f &base,
               float share, qxSampler &sampler) const override;
 
 private:
@@ -22,8 +22,9 @@ private:
 
     bool follow(Path &path, qxSampler &sampler) const;
     osg::Vec3f direct(const Path &path, const qxShading &shading, qxSampler &sampler) const;
-    Asked askedLamp(const qxSurfacePoint &hit, const qxShading &shading, float &random) const;
-    Asked askedSky(const qxSurfacePoint &hit, const qxShading &shading,
-                   const osg::Vec2f &place) const;
+    osg::Vec3f found(Asked asked, const qxSurfacePoint &hit, qxSampler &sampler) const;
+    Asked askedLamp(const Path &path, const qxShading &shading, float &random) const;
+    Asked askedSky(const Path &path, const qxShading &shading, const osg::Vec2f &place) const;
     bool findNext(Path &path, qxSampler &sampler) const;
+    bool stopsAt(Path &path, const qxRenderLayer &layer, qxSampler &sampler) const;
 };

@@ -4,27 +4,18 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 namespace {
 
 const int _bandRows = 16;
-float env(const char *n, float d)
-{
-    const char *v = std::getenv(n);
-    return v ? float(std::atof(v)) : d;
-}
-const float _tolerance =
-    env("F_TOL", 6.0f); ///< so many times the variance, differences count as noise
-const float _unseen = env("F_UNSEEN", 4e-6f); ///< variance that nobody sees
-const float _colourUnit = env("F_COL", 0.2f);
-const float _normalUnit = env("F_NORM", 0.3f);
-const int _near = int(env("F_NEAR", 1));
-const int _near0 = int(env("F_NEAR0", 2));
-const int _passes = int(env("F_PASS", 5));
-/// Of the light that surfaces of any colour reflect as it is.
-const float _gloss = env("F_GLOSS", 0.08f);
-const float _least = env("F_LEAST", 1e-3f);
+const int _near = 1; ///< in pixels, over which the noise is taken to be the same
+const float _tolerance = 9.0f; ///< so many times the variance, differences count as noise
+const float _unseen = 2e-5f; ///< variance that nobody sees
+const float _darkest = 1e-3f; ///< light; of what is darker, differences are seen less
+const float _colourUnit = 0.2f;
+const float _normalUnit = 0.2f;
+const float _kinship = 0.3f; ///< of a pixel in which surfaces meet to them
+const float _gloss = 0.12f; ///< about what surfaces reflect beside their colour
 const float _brightestLook = 2.0f;
 
 /// About exp(-x) for positive numbers, without its tail.
@@ -64,6 +55,7 @@ qxPictureFilter::qxPictureFilter(int width, int height) : m_width(width), m_heig
     m_light.fill(m_variance);
     m_look.fill(m_variance);
     m_surface.fill(m_variance);
+    m_alike = m_variance;
     m_nextLight.fill(m_variance);
     m_nextVariance = m_variance;
 }
@@ -74,6 +66,17 @@ osg::Vec3f qxPictureFilter::withoutColour(const osg::Vec3f &light, const osg::Ve
                       light[2] / (colour[2] + _gloss));
 }
 
+qxPictureFilter::Surface qxPictureFilter::surfaceOf(const osg::Vec3f &colour,
+                                                    const osg::Vec3f &normal)
+{
+    Surface result;
+    for (osg::UInt32 i = 0; i < 3; ++i) {
+        result[i] = std::sqrt(std::clamp(colour[i], 0.0f, 1.0f)) / _colourUnit;
+        result[i + 3] = normal[i] / _normalUnit;
+    }
+    return result;
+}
+
 void qxPictureFilter::set(int x, int y, const Pixel &pixel)
 {
     const std::size_t at = place(x, y);
@@ -81,23 +84,25 @@ void qxPictureFilter::set(int x, int y, const Pixel &pixel)
     for (osg::UInt32 i = 0; i < 3; ++i) {
         m_colour[i][at] = pixel.colour[i] + _gloss;
         m_nextLight[i][at] = light[i];
-        m_surface[i][at] = std::sqrt(std::clamp(pixel.colour[i], 0.0f, 1.0f)) / _colourUnit;
-        m_surface[i + 3][at] = pixel.normal[i] / _normalUnit;
     }
+    for (std::size_t i = 0; i < m_surface.size(); ++i)
+        m_surface[i][at] = pixel.surface[i];
+    // Where surfaces meet in a pixel, it is akin to both.
+    m_alike[at] = 1.0f / (1.0f + _kinship * pixel.mixture);
     m_nextVariance[at] = pixel.variance;
 }
 
 /// The averages over squares around the pixels.
-qxPictureFilter::Plane qxPictureFilter::blurred(const Plane &plane, int reach) const
+qxPictureFilter::Plane qxPictureFilter::blurred(const Plane &plane) const
 {
-    const auto along = [reach](const Plane &from, int rows, std::size_t nextRow, int count,
-                               std::size_t step) {
+    const auto along = [](const Plane &from, int rows, std::size_t nextRow, int count,
+                          std::size_t step) {
         Plane result(from.size());
         for (int row = 0; row < rows; ++row) {
             const std::size_t first = std::size_t(row) * nextRow;
             for (int i = 0; i < count; ++i) {
-                const int low = std::max(0, i - reach);
-                const int high = std::min(count - 1, i + reach);
+                const int low = std::max(0, i - _near);
+                const int high = std::min(count - 1, i + _near);
                 float sum = 0.0f;
                 for (int k = low; k <= high; ++k)
                     sum += from[first + std::size_t(k) * step];
@@ -110,7 +115,7 @@ qxPictureFilter::Plane qxPictureFilter::blurred(const Plane &plane, int reach) c
     return along(along(plane, m_height, width, m_width, 1), m_width, 1, m_height, width);
 }
 
-void qxPictureFilter::prepare(int pass)
+void qxPictureFilter::prepare()
 {
     m_light.swap(m_nextLight);
     m_variance.swap(m_nextVariance);
@@ -121,13 +126,12 @@ void qxPictureFilter::prepare(int pass)
             m_look[i][at] = looks[i];
         m_nextVariance[at] = (light[0] + light[1] + light[2]) * (4.0f / 3.0f);
     }
-    // The variance of a few samples is itself noisy.
-    const int reach = pass == 0 ? _near0 : _near;
-    m_noise = blurred(m_variance, reach);
-    const Plane mean = blurred(m_nextVariance, reach);
+    // The variance of a few samples is itself noisy. That of a root follows from that of the light.
+    m_noise = blurred(m_variance);
+    const Plane light = blurred(m_nextVariance);
     for (std::size_t at = 0; at < m_variance.size(); ++at)
-        m_noise[at] = std::max(m_noise[at] / (mean[at] + _least),
-                               m_variance[at] / (m_nextVariance[at] + _least));
+        m_noise[at] = std::max(m_noise[at] / (light[at] + _darkest),
+                               m_variance[at] / (m_nextVariance[at] + _darkest));
 }
 
 int qxPictureFilter::bandCount() const
@@ -145,14 +149,6 @@ void qxPictureFilter::filterBand(int pass, int band)
     const float shares[] = {1 / 16.0f, 1 / 4.0f, 3 / 8.0f, 1 / 4.0f, 1 / 16.0f};
     const std::size_t width = std::size_t(m_width);
     const int step = 1 << pass;
-    if (pass >= _passes) {
-        for (std::size_t at = place(0, firstRow(band)); at < place(0, firstRow(band + 1)); ++at) {
-            for (int i = 0; i < 3; ++i)
-                m_nextLight[i][at] = m_light[i][at];
-            m_nextVariance[at] = m_variance[at];
-        }
-        return;
-    }
     for (int y = firstRow(band); y < firstRow(band + 1); ++y) {
         Row row = {y, Plane(width), Plane(width), {Plane(width), Plane(width), Plane(width)}};
         for (int up = 0; up < 5; ++up) {
@@ -188,7 +184,8 @@ void qxPictureFilter::addNeighbours(int across, int up, float share, Row &row) c
         for (const Plane &plane : m_surface)
             surface += square(plane[p] - plane[q]);
         const float noise = _unseen + _tolerance * m_noise[p];
-        const float weight = share * fading(difference / (3.0f * noise)) * fading(surface);
+        const float weight =
+            share * fading(difference / (3.0f * noise)) * fading(surface * m_alike[p]);
         row.weight[x] += weight;
         row.variance[x] += weight * weight * m_variance[q];
         for (std::size_t i = 0; i < 3; ++i)

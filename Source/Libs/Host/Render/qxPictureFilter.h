@@ -14,11 +14,16 @@ class qxPictureFilter {
 public:
     qxPictureFilter(int width, int height);
 
+    /// What tells surfaces apart, in units in which 1 is a difference.
+    typedef std::array<float, 6> Surface;
+    /// Of its own colour and its normal, which is null for none.
+    static Surface surfaceOf(const osg::Vec3f &colour, const osg::Vec3f &normal);
     struct Pixel {
         osg::Vec3f light; ///< average of the samples
         float variance = 0; ///< of the average without the colour, mean of the channels
         osg::Vec3f colour; ///< own one of the surface
-        osg::Vec3f normal; ///< of the surface; null for none
+        Surface surface; ///< average of the samples
+        float mixture = 0; ///< variance of the single samples' surfaces, sum of the numbers
     };
     /// The light as it comes to a surface, without the surface's colour.
     static osg::Vec3f withoutColour(const osg::Vec3f &light, const osg::Vec3f &colour);
@@ -28,7 +33,7 @@ public:
     /// \name When all pixels are set: for each pass prepare(), then all bands of rows, in any order
     /// and in parallel; light() is the result. @{
     static const int passes = 5;
-    void prepare(int pass);
+    void prepare();
     int bandCount() const;
     int firstRow(int band) const;
     void filterBand(int pass, int band);
@@ -43,17 +48,18 @@ private:
     {
         return std::size_t(y) * std::size_t(m_width) + std::size_t(x);
     }
-    Plane blurred(const Plane &plane, int reach) const;
+    Plane blurred(const Plane &plane) const;
     void addNeighbours(int across, int up, float share, Row &row) const;
 
     int m_width;
     int m_height;
     std::array<Plane, 3> m_colour;
     std::array<Plane, 3> m_light; ///< without the colour
-    std::array<Plane, 3> m_look;
+    std::array<Plane, 3> m_look; ///< roots of the light, which differences look like
     Plane m_variance;
-    Plane m_noise; ///< variance, smooth
-    std::array<Plane, 6> m_surface; ///< colour and normal, in units in which 1 is a difference
+    Plane m_noise; ///< variance of the look, smooth
+    std::array<Plane, 6> m_surface;
+    Plane m_alike; ///< what differences of surfaces are multiplied with
     std::array<Plane, 3> m_nextLight; ///< of the pass
     Plane m_nextVariance;
 };

@@ -89,6 +89,15 @@ qxRay qxRenderCamera::ray(float x, float y) const
     ray.direction = way * (1.0f / length);
     ray.near = m_near * length;
     ray.far = m_far * length;
+    const float pixel = 2.0f * m_halfHeight / m_height;
+    const osg::Vec3f steps[2] = {m_right * pixel, m_up * pixel};
+    for (int i = 0; i < 2; ++i) {
+        if (m_parallel)
+            ray.spread.origin[i] = steps[i];
+        else
+            ray.spread.direction[i] =
+                (steps[i] - ray.direction * ray.direction.dot(steps[i])) * (1.0f / length);
+    }
     return ray;
 }
 

@@ -1,5 +1,7 @@
 #include "Render/qxRenderGeometry.h"
 
+#include "Animation/OSGDeformation.h"
+
 #include <OpenSG/OSGTriangleIterator.h>
 
 #include <new>
@@ -60,7 +62,42 @@ std::shared_ptr<qxRenderGeometry> qxRenderGeometry::make(const osg::GeometryPtr 
         geometry->copyCorners(core);
     else
         geometry->copyShared(core);
+    geometry->m_isDeformable =
+        core->getIndexMapping().size() <= 1 && osg::Deformation::of(core) != osg::NullFC;
     return geometry;
+}
+
+std::shared_ptr<const qxRenderGeometry> qxRenderGeometry::shaped(Form form) const
+{
+    const auto copy = std::make_shared<qxRenderGeometry>();
+    copy->m_texCoords = m_texCoords;
+    copy->m_colours = m_colours;
+    copy->m_triangles = m_triangles;
+    copy->m_positions = std::move(form.positions);
+    for (std::size_t i = 0; i < copy->m_positions.size(); ++i) {
+        if (!qxIsFinite(copy->m_positions[i]))
+            copy->m_positions[i] = m_positions[i];
+    }
+    copy->m_tangents = std::move(form.tangents);
+    copy->m_normals = std::move(form.normals);
+    if (copy->m_normals.empty())
+        copy->computeNormals();
+    return copy;
+}
+
+/// Every triangle turns its corners as much as it is large.
+void qxRenderGeometry::computeNormals()
+{
+    m_normals.assign(m_positions.size(), osg::Vec3f());
+    for (const Triangle &corners : m_triangles) {
+        const osg::Vec3f first = m_positions[corners[0]];
+        const osg::Vec3f normal =
+            (m_positions[corners[1]] - first).cross(m_positions[corners[2]] - first);
+        for (const std::uint32_t corner : corners)
+            m_normals[corner] += normal;
+    }
+    for (osg::Vec3f &normal : m_normals)
+        normal.normalize();
 }
 
 /// One index for all that a corner has: the lists are copied as they are.
@@ -68,11 +105,16 @@ void qxRenderGeometry::copyShared(const osg::GeometryPtr &core)
 {
     m_positions = copied<osg::Vec3f>(core->getPositions());
     m_normals = copied<osg::Vec3f>(core->getNormals());
-    m_texCoords = copied<osg::Vec2f>(core->getTexCoords());
     m_colours = copiedColours(core->getColors());
     const std::size_t count = m_positions.size();
+    const TexCoords places = texCoordsOf(core);
+    for (std::size_t i = 0; i < m_texCoords.size(); ++i) {
+        m_texCoords[i] = copied<osg::Vec2f>(places[i]);
+        fitTo(m_texCoords[i], count);
+    }
+    copyTangents(places);
     fitTo(m_normals, count);
-    fitTo(m_texCoords, count);
+    fitTo(m_tangents, count);
     fitTo(m_colours, count);
     const osg::TriangleIterator end = core->endTriangles();
     for (osg::TriangleIterator it = core->beginTriangles(); it != end; ++it) {
@@ -86,6 +128,14 @@ void qxRenderGeometry::copyShared(const osg::GeometryPtr &core)
         if (good)
             m_triangles.push_back(triangle);
     }
+}
+
+void qxRenderGeometry::copyTangents(const TexCoords &all)
+{
+    const std::vector<osg::Vec2f> first = copied<osg::Vec2f>(all[m_texCoords.size()]);
+    const std::vector<osg::Vec2f> second = copied<osg::Vec2f>(all[m_texCoords.size() + 1]);
+    for (std::size_t i = 0; i < first.size() && i < second.size(); ++i)
+        m_tangents.emplace_back(first[i][0], first[i][1], second[i][0], second[i][1]);
 }
 
 /// An index for each thing that a corner has: every corner of every triangle stands for itself.
@@ -110,7 +160,7 @@ void qxRenderGeometry::copyCorners(const osg::GeometryPtr &core)
             if (!normals.empty())
                 m_normals.push_back(element(normals, it.getNormalIndex(k)));
             if (!texCoords.empty())
-                m_texCoords.push_back(element(texCoords, it.getTexCoordsIndex(k)));
+                m_texCoords[0].push_back(element(texCoords, it.getTexCoordsIndex(k)));
             if (!colours.empty())
                 m_colours.push_back(element(colours, it.getColorIndex(k)));
         }
@@ -162,26 +212,52 @@ osg::Vec3f qxRenderGeometry::normalAt(const Place &place) const
     return m_normals.empty() ? osg::Vec3f() : at(m_normals, place);
 }
 
-osg::Vec2f qxRenderGeometry::texCoordsAt(const Place &place) const
+osg::Vec2f qxRenderGeometry::texCoordsAt(const Place &place, osg::UInt32 number) const
 {
-    return m_texCoords.empty() ? osg::Vec2f() : at(m_texCoords, place);
+    if (number >= m_texCoords.size() || m_texCoords[number].empty())
+        return osg::Vec2f();
+    return at(m_texCoords[number], place);
 }
 
-float qxRenderGeometry::texCoordsPerLength(const Place &place, const osg::Matrix &matrix) const
+osg::Vec4f qxRenderGeometry::tangentAt(const Place &place) const
 {
-    if (m_texCoords.empty())
-        return 0.0f;
-    const Triangle &corners = m_triangles[place.triangle];
-    osg::Vec3f sides[2];
-    osg::Vec2f steps[2];
-    for (std::size_t i = 0; i < 2; ++i) {
-        const osg::Vec3f side = m_positions[corners[i + 1]] - m_positions[corners[0]];
-        matrix.multMatrixVec(side, sides[i]);
-        steps[i] = m_texCoords[corners[i + 1]] - m_texCoords[corners[0]];
-    }
-    const float inImage = std::fabs(steps[0][0] * steps[1][1] - steps[0][1] * steps[1][0]);
-    const float inWorld = sides[0].cross(sides[1]).length();
-    return inWorld > 0.0f ? std::sqrt(inImage / inWorld) : 0.0f;
+    return m_tangents.empty() ? osg::Vec4f() : at(m_tangents, place);
+}
+
+osg::Vec3f qxRenderGeometry::side(std::uint32_t triangle, std::size_t number) const
+{
+    const Triangle &corners = m_triangles[triangle];
+    return m_positions[corners[number + 1]] - m_positions[corners[0]];
+}
+
+template <class Value>
+Value qxRenderGeometry::step(const std::vector<Value> &values, std::uint32_t triangle,
+                             const osg::Vec2f &weights) const
+{
+    if (values.empty())
+        return Value();
+    const Triangle &corners = m_triangles[triangle];
+    return (values[corners[1]] - values[corners[0]]) * weights[0]
+        + (values[corners[2]] - values[corners[0]]) * weights[1];
+}
+
+osg::Vec3f qxRenderGeometry::normalStep(std::uint32_t triangle, const osg::Vec2f &weights) const
+{
+    return step(m_normals, triangle, weights);
+}
+
+osg::Vec2f qxRenderGeometry::texCoordsStep(std::uint32_t triangle, osg::UInt32 number,
+                                           const osg::Vec2f &weights) const
+{
+    return number < m_texCoords.size() ? step(m_texCoords[number], triangle, weights)
+                                       : osg::Vec2f();
+}
+
+qxRenderGeometry::TexCoords qxRenderGeometry::texCoordsOf(const osg::GeometryPtr &core)
+{
+    return {core->getTexCoords(),  core->getTexCoords1(), core->getTexCoords2(),
+            core->getTexCoords3(), core->getTexCoords4(), core->getTexCoords5(),
+            core->getTexCoords6(), core->getTexCoords7()};
 }
 
 osg::Vec4f qxRenderGeometry::colourAt(const Place &place) const

@@ -34,11 +34,37 @@ public:
         float v;
     };
     osg::Vec3f normalAt(const Place &place) const; ///< null without normals
-    osg::Vec2f texCoordsAt(const Place &place) const; ///< null without texture coordinates
-    /// The change of the texture coordinates per length in world coordinates, to which `matrix`
-    /// transforms.
-    float texCoordsPerLength(const Place &place, const osg::Matrix &matrix) const;
+    /// Texture coordinates by their number; null without.
+    osg::Vec2f texCoordsAt(const Place &place, osg::UInt32 number) const;
     osg::Vec4f colourAt(const Place &place) const; ///< opaque white without colours
+    /// Along the first texture coordinates; its fourth value is -1 where the bitangent is turned
+    /// round. Null without.
+    osg::Vec4f tangentAt(const Place &place) const;
+    /// From the first corner of a triangle to the second (0) or third one (1).
+    osg::Vec3f side(std::uint32_t triangle, std::size_t number) const;
+    ///@{
+    /// The change of normal or texture coordinates when the weights of a place change.
+    osg::Vec3f normalStep(std::uint32_t triangle, const osg::Vec2f &weights) const;
+    osg::Vec2f texCoordsStep(std::uint32_t triangle, osg::UInt32 number,
+                             const osg::Vec2f &weights) const;
+    ///@}
+
+    /// Of a core, null where it has none: places in pictures, then the tangents, x and y in the
+    /// first, z and the sign of the bitangent in the second.
+    typedef std::array<osg::GeoTexCoordsPtr, 8> TexCoords;
+    static TexCoords texCoordsOf(const osg::GeometryPtr &core);
+
+    /// Whether nodes may give the geometry a form of their own (qxRenderShape).
+    bool isDeformable() const { return m_isDeformable; }
+    /// What a form consists of.
+    struct Form {
+        std::vector<osg::Vec3f> positions;
+        std::vector<osg::Vec3f> normals; ///< as many; none if they are to be computed
+        std::vector<osg::Vec4f> tangents; ///< as many or none
+    };
+    Form form() const { return {m_positions, m_normals, m_tangents}; }
+    /// A copy of another form. Positions that are not finite stay where they are.
+    std::shared_ptr<const qxRenderGeometry> shaped(Form form) const;
 
     /// Whether the geometry it was made of changed since.
     bool isOutdated() const { return m_outdated; }
@@ -47,14 +73,21 @@ public:
 private:
     template <class Value>
     Value at(const std::vector<Value> &values, const Place &place) const;
+    template <class Value>
+    Value step(const std::vector<Value> &values, std::uint32_t triangle,
+               const osg::Vec2f &weights) const;
     void copyShared(const osg::GeometryPtr &core);
+    void copyTangents(const TexCoords &all);
     void copyCorners(const osg::GeometryPtr &core);
+    void computeNormals();
 
     std::vector<osg::Vec3f> m_positions;
     std::vector<osg::Vec3f> m_normals; ///< this and the following: as many, or none
-    std::vector<osg::Vec2f> m_texCoords;
+    std::array<std::vector<osg::Vec2f>, 6> m_texCoords; ///< by number
+    std::vector<osg::Vec4f> m_tangents;
     std::vector<osg::Vec4f> m_colours;
     std::vector<Triangle> m_triangles;
     mutable qxEmbreeScene m_scene;
+    bool m_isDeformable = false;
     bool m_outdated = false;
 };

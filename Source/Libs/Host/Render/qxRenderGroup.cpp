@@ -1,5 +1,7 @@
 #include "Render/qxRenderGroup.h"
 
+#include "qxNodeWalk.h"
+
 namespace {
 
 /// Nearly always the next node is the next one of the last time, or some have gone in between.
@@ -40,11 +42,28 @@ osg::UInt32 idOf(const osg::MaterialPtr &material)
     return material == osg::NullFC ? 0 : material.getFieldContainerId();
 }
 
+osg::Vec3f turned(const qxRenderInstance &instance, const osg::Vec3f &normal)
+{
+    const osg::Vec3f(&columns)[3] = instance.normals;
+    return columns[0] * normal[0] + columns[1] * normal[1] + columns[2] * normal[2];
+}
+
 } // namespace
 
 osg::Vec3f qxRenderInstance::worldNormal(const osg::Vec3f &normal) const
 {
-    return qxUnit(normals[0] * normal[0] + normals[1] * normal[1] + normals[2] * normal[2]);
+    return qxUnit(turned(*this, normal));
+}
+
+osg::Vec3f qxRenderInstance::worldNormalStep(const osg::Vec3f &step, const osg::Vec3f &normal) const
+{
+    osg::Vec3f whole = turned(*this, normal);
+    const float length = whole.length();
+    if (!(length > 0.0f))
+        return osg::Vec3f();
+    whole *= 1.0f / length;
+    const osg::Vec3f turnedStep = turned(*this, step);
+    return (turnedStep - whole * whole.dot(turnedStep)) * (1.0f / length);
 }
 
 qxRenderGroup::qxRenderGroup(RTCDevice device, qxRenderSources &sources)
@@ -67,6 +86,7 @@ void qxRenderGroup::begin()
     m_instances.clear();
     m_instances.reserve(m_before.size());
     m_places.clear();
+    m_shapes = qxRenderShapes();
     m_next = 0;
     m_isOther = false;
 }
@@ -99,9 +119,7 @@ void qxRenderGroup::add(const qxShownPart &part)
     m_next = place + 1;
     m_instances.push_back(std::move(*before));
     qxRenderInstance &instance = m_instances.back();
-    const bool same = instance.core == part.core.getFieldContainerId()
-        && instance.toWorld == part.toWorld && !instance.geometry->isOutdated();
-    if (!same) {
+    if (!isSame(instance, part)) {
         make(instance, part);
     } else if (instance.material != idOf(part.material)) {
         instance.material = idOf(part.material);
@@ -110,16 +128,41 @@ void qxRenderGroup::add(const qxShownPart &part)
     }
 }
 
+/// Whether an instance of the last time is the part as it is now, but for its material.
+bool qxRenderGroup::isSame(const qxRenderInstance &instance, const qxShownPart &part)
+{
+    if (instance.core != part.core.getFieldContainerId() || instance.source->isOutdated())
+        return false;
+    if (!instance.source->isDeformable())
+        return instance.toWorld == part.toWorld;
+    const qxRenderShape shape = m_shapes.of(qxNodeWithId(part.node));
+    return instance.shape == shape && (shape.isSkinned() || instance.toWorld == part.toWorld);
+}
+
+/// Gives a deformable geometry the form that it has in this node. A skin brings it into the world
+/// by its joints alone.
+void qxRenderGroup::shape(qxRenderInstance &instance, const qxShownPart &part)
+{
+    instance.shape = m_shapes.of(qxNodeWithId(part.node));
+    if (instance.shape.isSkinned())
+        instance.toWorld = osg::Matrix();
+    if (!instance.shape.isRest())
+        instance.geometry = qxShaped(*instance.source, part.core, instance.shape);
+}
+
 void qxRenderGroup::make(qxRenderInstance &instance, const qxShownPart &part)
 {
     instance.node = part.node;
     instance.core = part.core.getFieldContainerId();
     instance.material = idOf(part.material);
     instance.toWorld = part.toWorld;
-    instance.geometry = m_sources.geometry(part.core);
+    instance.source = m_sources.geometry(part.core);
+    instance.geometry = instance.source;
+    if (instance.source->isDeformable())
+        shape(instance, part);
     instance.surface = m_sources.material(part.material);
     instance.embree.reset();
-    setNormals(instance, part.toWorld);
+    setNormals(instance, instance.toWorld);
     instance.isVisible = canBeSeen(instance);
     m_changed = true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Render/qxRenderShape.h"
 #include "Render/qxRenderSources.h"
 #include "Render/qxShownWalk.h"
 
@@ -7,14 +8,18 @@
 struct qxRenderInstance {
     /// The same in world coordinates, of length 1; null stays.
     osg::Vec3f worldNormal(const osg::Vec3f &normal) const;
+    /// The change of worldNormal() when the normal changes by a small step.
+    osg::Vec3f worldNormalStep(const osg::Vec3f &step, const osg::Vec3f &normal) const;
 
     osg::UInt32 node; ///< ids, to recognise what changed
     osg::UInt32 core;
     osg::UInt32 material; ///< 0 for none
-    osg::Matrix toWorld;
+    osg::Matrix toWorld; ///< from `geometry`, which is in the world already if a skin bends it
     osg::Vec3f normals[3]; ///< columns of the matrix that turns normals
     bool isMirrored; ///< whether the matrix mirrors
-    std::shared_ptr<const qxRenderGeometry> geometry;
+    std::shared_ptr<const qxRenderGeometry> source; ///< as the core is
+    qxRenderShape shape; ///< that the node gives it; only for deformable ones
+    std::shared_ptr<const qxRenderGeometry> geometry; ///< as it is shown
     std::shared_ptr<const qxRenderMaterial> surface;
     bool isVisible; ///< whether there is something to hit
     qxEmbreeGeometry embree; ///< as it is in the tree
@@ -53,6 +58,8 @@ public:
 private:
     qxRenderInstance *known(osg::UInt32 node);
     void make(qxRenderInstance &instance, const qxShownPart &part);
+    bool isSame(const qxRenderInstance &instance, const qxShownPart &part);
+    void shape(qxRenderInstance &instance, const qxShownPart &part);
     bool isSmall() const;
     void place(qxRenderInstance &instance);
     qxEmbreeScene tree(unsigned int mask) const;
@@ -60,6 +67,7 @@ private:
 
     RTCDevice m_device;
     qxRenderSources &m_sources;
+    qxRenderShapes m_shapes; ///< of this update
     std::vector<qxRenderInstance> m_instances;
     std::vector<qxRenderInstance> m_before; ///< of the last update; those taken over are empty
     std::size_t m_next = 0; ///< place in m_before where the next one is looked for

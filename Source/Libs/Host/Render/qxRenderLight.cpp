@@ -138,12 +138,12 @@ qxRenderLight::Arrival qxRenderLight::arrivalAt(const osg::Vec3f &place,
                                                 const osg::Vec3f &normal) const
 {
     if (kind == Directional) {
-        const bool isBehind = normal.dot(direction) >= 0.0f;
+        const bool isBehind = normal.dot(direction) > 0.0f;
         return {-direction, std::numeric_limits<float>::infinity(),
                 isBehind ? osg::Vec3f() : light};
     }
     const osg::Vec3f way = position - place;
-    if (way.dot(normal) <= 0.0f || isOutOfReach(way))
+    if (way.dot(normal) < 0.0f || isOutOfReach(way))
         return {direction, 0.0f, osg::Vec3f()};
     const float distance = way.length();
     const osg::Vec3f toLight = distance > 0.0f ? way * (1.0f / distance) : -direction;

@@ -21,6 +21,14 @@ Value qxMixed(const Value &a, const Value &b, float share)
     return a * (1.0f - share) + b * share;
 }
 
+/// The share of light that is left after a way through something that attenuates it by so much per
+/// length.
+inline osg::Vec3f qxLeftAfter(const osg::Vec3f &attenuation, float length)
+{
+    return osg::Vec3f(std::exp(-attenuation[0] * length), std::exp(-attenuation[1] * length),
+                      std::exp(-attenuation[2] * length));
+}
+
 inline float qxPeak(const osg::Vec3f &light)
 {
     return std::max(light[0], std::max(light[1], light[2]));

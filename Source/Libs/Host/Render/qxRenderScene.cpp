@@ -1,5 +1,6 @@
 #include "Render/qxRenderScene.h"
 
+#include "Light/qxEnvironmentPicture.h"
 #include "Render/qxLightCamera.h"
 #include "Scene/qxScene.h"
 
@@ -35,9 +36,10 @@ void qxRenderScene::noteChange()
     const qxPose &pose = qxPose::the();
     const bool isSamePose = m_pose.matrices == pose.matrices && m_pose.weights == pose.weights;
     if (isSamePose && m_clipping == qxClipping::the() && !m_sources.isOther() && !m_shown.isOther()
-        && !m_environment.isOther() && !m_isOther)
+        && !m_environment.isOther() && !m_isOther && m_notedPicture == m_pictureId)
         return;
     m_pose = pose;
+    m_notedPicture = m_pictureId;
     m_clipping = qxClipping::the();
     m_revision = ++last;
 }
@@ -51,19 +53,41 @@ void qxRenderScene::updateEnvironment()
     m_environment.finish();
 }
 
-/// The picture is taken each time, because nobody tells which changes it shows; what takes long
-/// follows only when it differs.
+/// A picture of the environment's nodes is taken each time, because nobody tells which changes it
+/// shows; what takes long follows only when it differs.
 void qxRenderScene::updateLight()
 {
-    qxLightPicture picture;
-    if (!m_environment.instances().empty())
-        picture = qxTakeLightPicture(m_environment, m_shown.bounds());
+    m_pictureId = qxEnvironmentPicture::shownBy(qxScene::current()->environment());
+    if (m_pictureId != 0) {
+        m_light = lightOfPicture(m_pictureId);
+        m_lightPicture = qxLightPicture();
+        if (!m_light)
+            m_pictureId = 0;
+    }
+    if (m_pictureId != 0)
+        return;
+    if (m_environment.instances().empty()) {
+        m_light.reset();
+        m_lightPicture = qxLightPicture();
+        return;
+    }
+    qxLightPicture picture = qxTakeLightPicture(m_environment, m_shown.bounds());
     if (picture.light == m_lightPicture.light)
         return;
-    m_light.reset();
-    if (!picture.isEmpty())
-        m_light.emplace(picture);
+    m_light.emplace(picture);
     m_lightPicture = std::move(picture);
+}
+
+/// Variants go back and forth between some pictures; large ones take a second to read.
+const std::optional<qxEnvironmentLight> &qxRenderScene::lightOfPicture(osg::UInt32 id)
+{
+    const std::size_t mostKept = 4;
+    if (m_pictures.size() > mostKept && m_pictures.count(id) == 0)
+        m_pictures.clear();
+    const auto [known, isNew] = m_pictures.try_emplace(id);
+    if (isNew)
+        known->second = qxEnvironmentPicture::lightOf(id);
+    return known->second;
 }
 
 void qxRenderScene::updateOverlays()

@@ -25,11 +25,11 @@ public:
     /// The environment; without instances if there is none.
     const qxRenderGroup &environment() const { return m_environment; }
     const qxRenderLights &lights() const { return m_lights; }
+    /// Whether its environment is a picture of all directions, or has one behind its nodes.
+    bool ownPicture() const { return m_pictureId != 0; }
     /// Another number, never given before, when an update found that pictures may look otherwise,
     /// apart from what the camera does.
     std::uint64_t revision() const { return m_revision; }
-    /// Whether a picture of all directions is its environment, or a part of it.
-    bool ownPicture() const { return false; }
     /// The environment as light, as the middle of the scene sees it; null without one.
     const qxEnvironmentLight *ownLight() const { return m_light ? &*m_light : nullptr; }
 
@@ -38,6 +38,7 @@ private:
     qxRenderGroup &overlay(osg::UInt32 layer);
     void updateEnvironment();
     void updateLight();
+    const std::optional<qxEnvironmentLight> &lightOfPicture(osg::UInt32 id);
     void updateOverlays();
 
     RTCDevice m_device;
@@ -50,6 +51,10 @@ private:
     qxClipping m_clipping; ///< likewise
     std::uint64_t m_revision = 0;
     bool m_isOther = true; ///< the overlays
-    qxLightPicture m_lightPicture; ///< of the environment; empty without
+    osg::UInt32 m_pictureId = 0; ///< of the picture that is shown
+    osg::UInt32 m_notedPicture = 0; ///< the same, at the last change
+    /// Those that were shown, by their ids; null for one that cannot be read.
+    std::map<osg::UInt32, std::optional<qxEnvironmentLight>> m_pictures;
+    qxLightPicture m_lightPicture; ///< of the environment's nodes; empty without
     std::optional<qxEnvironmentLight> m_light;
 };

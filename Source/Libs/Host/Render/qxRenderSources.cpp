@@ -1,6 +1,11 @@
 #include "Render/qxRenderSources.h"
 
+#include "Pictures/qxEncodedPicture.h"
+#include "Render/qxTiles.h"
+
 #include <OpenSG/OSGFieldContainerFactory.h>
+
+#include <set>
 
 namespace {
 
@@ -38,7 +43,8 @@ bool qxRenderSources::isShown(Id id) const
 
 void qxRenderSources::edited(Id id, osg::BitVector mask)
 {
-    m_textures.erase(id);
+    for (Textures &textures : m_textures)
+        textures.erase(id);
     if (m_geometries.count(id) > 0 && (mask & ~unimportantFields()))
         forgetGeometry(id);
     const auto users = m_coresOf.find(id);
@@ -52,7 +58,8 @@ void qxRenderSources::edited(Id id, osg::BitVector mask)
 
 void qxRenderSources::forget(Id id)
 {
-    m_textures.erase(id);
+    for (Textures &textures : m_textures)
+        textures.erase(id);
     m_coresOf.erase(id);
     forgetGeometry(id);
 }
@@ -72,12 +79,13 @@ void qxRenderSources::forgetEverything()
         known.second->setOutdated();
     m_geometries.clear();
     m_coresOf.clear();
-    m_textures.clear();
+    for (Textures &textures : m_textures)
+        textures.clear();
 }
 
 void qxRenderSources::readMaterials()
 {
-    const qxTextureSource textures = [this](const osg::ImagePtr &image) { return texture(image); };
+    const qxTextureSource textures = textureSource();
     for (auto entry = m_materials.begin(); entry != m_materials.end();) {
         const auto material =
             osg::MaterialPtr::dcast(osg::FieldContainerFactory::the()->getContainer(entry->first));
@@ -102,11 +110,14 @@ std::shared_ptr<const qxRenderGeometry> qxRenderSources::geometry(const osg::Geo
 
 void qxRenderSources::rememberProperties(const osg::GeometryPtr &core)
 {
-    const osg::FieldContainerPtr properties[] = {
-        core->getTypes(),   core->getLengths(), core->getPositions(), core->getNormals(),
-        core->getIndices(), core->getColors(),  core->getTexCoords()};
+    const osg::FieldContainerPtr properties[] = {core->getTypes(),     core->getLengths(),
+                                                 core->getPositions(), core->getNormals(),
+                                                 core->getIndices(),   core->getColors()};
+    std::vector<osg::FieldContainerPtr> all(std::begin(properties), std::end(properties));
+    for (const osg::GeoTexCoordsPtr &places : qxRenderGeometry::texCoordsOf(core))
+        all.push_back(places);
     const Id id = core.getFieldContainerId();
-    for (const osg::FieldContainerPtr &property : properties) {
+    for (const osg::FieldContainerPtr &property : all) {
         if (property == osg::NullFC)
             continue;
         std::vector<Id> &cores = m_coresOf[property.getFieldContainerId()];
@@ -121,18 +132,64 @@ std::shared_ptr<const qxRenderMaterial> qxRenderSources::material(const osg::Mat
         return m_noMaterial;
     std::shared_ptr<qxRenderMaterial> &known = m_materials[material.getFieldContainerId()];
     if (!known) {
-        known = std::make_shared<qxRenderMaterial>(qxReadMaterial(
-            material, [this](const osg::ImagePtr &image) { return texture(image); }));
+        decodePictures(material);
+        known = std::make_shared<qxRenderMaterial>(qxReadMaterial(material, textureSource()));
     }
     return known;
 }
 
-std::shared_ptr<const qxRenderTexture> qxRenderSources::texture(const osg::ImagePtr &image)
+/// All that the material is going to ask for, at once in several threads: most of the time until
+/// the first picture goes into this.
+void qxRenderSources::decodePictures(const osg::MaterialPtr &material)
+{
+    struct Wanted {
+        osg::ImagePtr image;
+        qxRenderTexture::Content content;
+        QByteArray bytes;
+        QString flaw;
+        std::shared_ptr<const qxRenderTexture> texture;
+    };
+    std::vector<Wanted> all;
+    std::set<std::pair<Id, int>> asked;
+    qxReadMaterial(material, [&](const osg::ImagePtr &image, qxRenderTexture::Content content) {
+        const bool isNew = image != osg::NullFC && !image->isValid()
+            && m_textures[content].count(image.getFieldContainerId()) == 0
+            && asked.emplace(image.getFieldContainerId(), content).second;
+        const QByteArray bytes = isNew ? qxEncodedPicture::bytes(image) : QByteArray();
+        if (!bytes.isNull())
+            all.push_back({image, content, bytes, QString(), nullptr});
+        return nullptr;
+    });
+    const auto decode = [&all](int i) {
+        Wanted &one = all[std::size_t(i)];
+        one.texture =
+            qxRenderTexture::make(qxEncodedPicture::decoded(one.bytes, one.flaw), one.content);
+    };
+    if (all.empty())
+        return;
+    qxForAllTiles(int(all.size()), 0, decode, [](int) { return true; });
+    for (const Wanted &one : all) {
+        m_textures[one.content][one.image.getFieldContainerId()] = one.texture;
+        if (!one.flaw.isEmpty())
+            qxEncodedPicture::warn(one.image, one.flaw);
+    }
+}
+
+qxTextureSource qxRenderSources::textureSource()
+{
+    return [this](const osg::ImagePtr &image, qxRenderTexture::Content content) {
+        return texture(image, content);
+    };
+}
+
+std::shared_ptr<const qxRenderTexture> qxRenderSources::texture(const osg::ImagePtr &image,
+                                                                qxRenderTexture::Content content)
 {
     if (image == osg::NullFC)
         return nullptr;
-    const auto known = m_textures.find(image.getFieldContainerId());
-    if (known != m_textures.end())
+    Textures &textures = m_textures[content];
+    const auto known = textures.find(image.getFieldContainerId());
+    if (known != textures.end())
         return known->second;
-    return m_textures[image.getFieldContainerId()] = qxRenderTexture::make(image);
+    return textures[image.getFieldContainerId()] = qxRenderTexture::make(image, content);
 }

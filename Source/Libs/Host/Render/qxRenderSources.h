@@ -27,7 +27,10 @@ public:
 private:
     typedef osg::UInt32 Id; ///< of a field container
 
-    std::shared_ptr<const qxRenderTexture> texture(const osg::ImagePtr &image);
+    std::shared_ptr<const qxRenderTexture> texture(const osg::ImagePtr &image,
+                                                   qxRenderTexture::Content content);
+    qxTextureSource textureSource();
+    void decodePictures(const osg::MaterialPtr &material);
     bool isShown(Id id) const;
     void edited(Id id, osg::BitVector mask);
     void forget(Id id);
@@ -41,6 +44,7 @@ private:
     std::unordered_map<Id, std::shared_ptr<qxRenderGeometry>> m_geometries; ///< by core
     std::unordered_map<Id, std::vector<Id>> m_coresOf; ///< by property: cores that have it
     std::unordered_map<Id, std::shared_ptr<qxRenderMaterial>> m_materials;
-    std::unordered_map<Id, std::shared_ptr<const qxRenderTexture>> m_textures; ///< by image
+    typedef std::unordered_map<Id, std::shared_ptr<const qxRenderTexture>> Textures; ///< by image
+    std::array<Textures, 2> m_textures; ///< by content
     std::shared_ptr<const qxRenderMaterial> m_noMaterial = std::make_shared<qxRenderMaterial>();
 };

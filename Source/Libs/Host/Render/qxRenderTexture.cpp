@@ -11,6 +11,9 @@
 
 namespace {
 
+/// In a footprint that is longer than wide; beyond that it is averaged over more than its width.
+const int _mostPlaces = 8;
+
 /// Light of each value of a byte.
 const std::array<float, 256> &lightOfBytes()
 {
@@ -18,6 +21,17 @@ const std::array<float, 256> &lightOfBytes()
         std::array<float, 256> values;
         for (int i = 0; i < 256; ++i)
             values[std::size_t(i)] = qxLightOf(osg::Color3f(float(i) / 255.0f, 0, 0))[0];
+        return values;
+    }();
+    return table;
+}
+
+const std::array<float, 256> &numbersOfBytes()
+{
+    static const std::array<float, 256> table = [] {
+        std::array<float, 256> values;
+        for (int i = 0; i < 256; ++i)
+            values[std::size_t(i)] = float(i) / 255.0f;
         return values;
     }();
     return table;
@@ -60,30 +74,36 @@ float nearby(float coordinate, osg::UInt32 mode)
 
 } // namespace
 
-std::shared_ptr<const qxRenderTexture> qxRenderTexture::make(const osg::ImagePtr &image)
+std::shared_ptr<const qxRenderTexture> qxRenderTexture::make(const osg::ImagePtr &image,
+                                                             Content content)
 {
     if (image == osg::NullFC || image->getComponents() == 0)
         return nullptr;
-    const QImage pixels = image->isValid() ? qxImagePixels(image) : qxEncodedPicture::pixels(image);
+    return make(image->isValid() ? qxImagePixels(image) : qxEncodedPicture::pixels(image), content);
+}
+
+std::shared_ptr<const qxRenderTexture> qxRenderTexture::make(const QImage &pixels, Content content)
+{
     if (pixels.isNull())
         return nullptr;
     const auto texture = std::make_shared<qxRenderTexture>();
-    texture->m_levels.emplace_back(pixels);
-    while (texture->m_levels.back().width > 1 && texture->m_levels.back().height > 1)
+    texture->m_levels.emplace_back(pixels, content);
+    while (texture->m_levels.back().width > 1 || texture->m_levels.back().height > 1)
         texture->m_levels.push_back(texture->m_levels.back().half());
     return texture;
 }
 
-qxRenderTexture::Level::Level(const QImage &image)
-    : pixels(image), width(image.width()), height(image.height()), rgba(pixels.constBits())
+qxRenderTexture::Level::Level(const QImage &image, Content contained)
+    : pixels(image), content(contained),
+      values((contained == Colours ? lightOfBytes() : numbersOfBytes()).data()),
+      width(image.width()), height(image.height()), rgba(pixels.constBits())
 {
 }
 
 osg::Vec4f qxRenderTexture::Level::pixel(int x, int y) const
 {
-    const std::array<float, 256> &light = lightOfBytes();
     const std::uint8_t *at = &rgba[(std::size_t(y) * std::size_t(width) + std::size_t(x)) * 4];
-    return osg::Vec4f(light[at[0]], light[at[1]], light[at[2]], float(at[3]) / 255.0f);
+    return osg::Vec4f(values[at[0]], values[at[1]], values[at[2]], float(at[3]) / 255.0f);
 }
 
 osg::Vec4f qxRenderTexture::Level::at(const osg::Vec2f &place, const Wrap &wrap) const
@@ -103,30 +123,54 @@ osg::Vec4f qxRenderTexture::Level::at(const osg::Vec2f &place, const Wrap &wrap)
 
 qxRenderTexture::Level qxRenderTexture::Level::half() const
 {
-    QImage result(width / 2, height / 2, QImage::Format_RGBA8888);
+    QImage result(std::max(width / 2, 1), std::max(height / 2, 1), QImage::Format_RGBA8888);
     std::uint8_t *to = result.bits();
+    const int right = width > 1 ? 1 : 0;
+    const int up = height > 1 ? 1 : 0;
     for (int y = 0; y < result.height() * 2; y += 2) {
         for (int x = 0; x < result.width() * 2; x += 2) {
             const osg::Vec4f sum =
-                pixel(x, y) + pixel(x + 1, y) + pixel(x, y + 1) + pixel(x + 1, y + 1);
-            for (osg::UInt32 i = 0; i < 3; ++i)
-                *to++ = byteOfLight(sum[i] * 0.25f);
-            *to++ = std::uint8_t(std::lround(sum[3] * 0.25f * 255.0f));
+                pixel(x, y) + pixel(x + right, y) + pixel(x, y + up) + pixel(x + right, y + up);
+            for (osg::UInt32 i = 0; i < 4; ++i) {
+                const float mean = sum[i] * 0.25f;
+                const bool isLight = content == Colours && i < 3;
+                *to++ = isLight ? byteOfLight(mean) : std::uint8_t(std::lround(mean * 255.0f));
+            }
         }
     }
-    return Level(result);
+    return Level(result, content);
 }
 
-osg::Vec4f qxRenderTexture::at(const osg::Vec2f &place, const Wrap &wrap, float width) const
+osg::Vec4f qxRenderTexture::at(const osg::Vec2f &place, const Wrap &wrap, float wanted) const
 {
-    const Level &full = m_levels.front();
-    const float pixels = width * std::sqrt(float(full.width) * float(full.height));
-    if (!(pixels > 1.0f))
-        return full.at(place, wrap);
-    const float wanted = std::min(std::log2(pixels), float(m_levels.size() - 1));
-    const std::size_t level = std::size_t(wanted);
+    if (!(wanted > 0.0f))
+        return m_levels.front().at(place, wrap);
+    const std::size_t level = std::min(std::size_t(wanted), m_levels.size() - 1);
     const osg::Vec4f fine = m_levels[level].at(place, wrap);
     if (level + 1 == m_levels.size())
         return fine;
     return qxMixed(fine, m_levels[level + 1].at(place, wrap), wanted - float(level));
+}
+
+/// Several places along the longer side, each averaged over the shorter one (Heckbert 1989,
+/// "Fundamentals of Texture Mapping and Image Warping", as graphics hardware simplifies it).
+osg::Vec4f qxRenderTexture::at(const osg::Vec2f &place, const Wrap &wrap,
+                               const Footprint &footprint) const
+{
+    const osg::Vec2f size(float(m_levels.front().width), float(m_levels.front().height));
+    float lengths[2];
+    for (std::size_t i = 0; i < 2; ++i)
+        lengths[i] = std::hypot(footprint[i][0] * size[0], footprint[i][1] * size[1]);
+    const std::size_t longer = lengths[1] > lengths[0] ? 1 : 0;
+    if (!(lengths[longer] > 1.0f) || !std::isfinite(lengths[longer]))
+        return at(place, wrap, 0.0f);
+    const float narrow = std::max(lengths[1 - longer], 1.0f);
+    const int places = std::clamp(int(std::ceil(lengths[longer] / narrow)), 1, _mostPlaces);
+    const float level = std::log2(std::max(lengths[longer] / float(places), narrow));
+    osg::Vec4f sum;
+    for (int i = 0; i < places; ++i) {
+        const float along = (float(i) + 0.5f) / float(places) - 0.5f;
+        sum += at(place + footprint[longer] * along, wrap, level);
+    }
+    return sum * (1.0f / float(places));
 }

@@ -82,7 +82,6 @@ qxShadowGround::qxShadowGround(const Scene &scene, bool isFine) : m_scene(scene)
 void qxShadowGround::chooseDirections(bool isFine)
 {
     const int count = isFine ? _fineDirections : _coarseDirections;
-    const float all = luminance(m_scene.sky.scattered(osg::Vec3f(0, 1, 0))) * qxPi;
     float sum = 0.0f;
     for (int i = 0; i < count; ++i) {
         const osg::Vec2f random = qxSampler(1, std::uint32_t(i)).nextPair();
@@ -104,6 +103,8 @@ void qxShadowGround::chooseDirections(bool isFine)
         m_directions.push_back(one);
         sum += one.weight;
     }
+    const float all =
+        isFine ? sum / float(count) : luminance(m_scene.sky.scattered(osg::Vec3f(0, 1, 0))) * qxPi;
     for (Direction &one : m_directions)
         one.weight *= all / sum;
 }

@@ -30,6 +30,14 @@ RTCRay embreeRay(const qxRay &ray, unsigned int mask)
     return result;
 }
 
+/// The share of light that is left of a way inside of the body that a surface bounds.
+osg::Vec3f leftInside(const qxSurfacePoint &hit, float length)
+{
+    const std::vector<qxRenderLayer> &layers = hit.instance->surface->layers;
+    const bool isBody = !layers.empty() && layers.front().look.isBody && layers.front().isClear();
+    return isBody ? qxLeftAfter(layers.front().look.attenuation, length) : osg::Vec3f(1, 1, 1);
+}
+
 } // namespace
 
 bool qxTracer::intersect(const qxRay &ray, qxSurfacePoint &hit) const
@@ -64,10 +72,11 @@ bool qxTracer::intersect(const qxRay &ray, RTCScene scene, qxSurfacePoint &hit) 
         hit.flatNormal = -hit.flatNormal;
         hit.normal = -hit.normal;
     }
+    hit.inside = !hit.front;
     // Where a body is cut open, its inner side is seen.
     hit.front = hit.front || m_scene.clipping.isActive();
-    hit.texCoords = geometry.texCoordsAt(hit.place);
     hit.colour = geometry.colourAt(hit.place);
+    hit.arrive(ray.spread);
     return true;
 }
 
@@ -76,8 +85,10 @@ qxTracer::RayResult qxTracer::trace(qxRay ray, qxSampler &sampler) const
 {
     RayResult result;
     result.distance = _infinity;
+    ray.spread.scale(m_scene.rayWidth);
     qxRenderClipping::Crossing plane = m_scene.clipping.crossing(ray, m_scene.camera);
     m_scene.clipping.limit(ray);
+    float before = _infinity; // distance of the last surface
     for (int i = 0; i < _mostSurfaces && result.transmittance > _nothing; ++i) {
         qxSurfacePoint hit;
         const bool left = !m_scene.clipping.hidesScene() && ray.near < ray.far;
@@ -88,23 +99,18 @@ qxTracer::RayResult qxTracer::trace(qxRay ray, qxSampler &sampler) const
         }
         if (!found)
             return result;
-        hit.width = widthAt(hit);
+        if (hit.inside && hit.distance > before)
+            result.tint = qxProduct(result.tint, leftInside(hit, hit.distance - before));
         pass(hit, sampler, result);
+        before = hit.distance;
         ray.near = hit.beyond();
     }
     return result;
 }
 
-/// How much of a surface a ray of the eye stands for; seen at a flat angle it is longer than wide.
-float qxTracer::widthAt(const qxSurfacePoint &hit) const
-{
-    const float slope = std::max(hit.flatNormal.dot(hit.toEye), 0.1f);
-    return m_scene.camera.pixelSize(hit.distance) * m_scene.rayWidth / std::sqrt(slope);
-}
-
 void qxTracer::pass(const qxRenderClipping::Crossing &plane, RayResult &result) const
 {
-    result.plain += plane.light * (plane.alpha * result.transmittance);
+    result.plain += qxProduct(plane.light, result.tint) * (plane.alpha * result.transmittance);
     result.colour += plane.light * (plane.alpha * result.transmittance);
     result.transmittance *= 1.0f - plane.alpha;
 }
@@ -124,16 +130,17 @@ void qxTracer::pass(const qxSurfacePoint &hit, qxSampler &sampler, RayResult &re
         result.sides |= hit.shows(*layer) ? Front : Back;
         if (alpha <= 0.0f)
             continue;
-        const osg::Vec3f colour(base[0], base[1], base[2]);
         const float share = alpha * result.transmittance;
-        const Seen one = seen(hit, *layer, colour, share, sampler);
-        result.radiance += one.radiance * share;
-        result.scattered += one.scattered * share;
-        result.plain += one.plain * share;
+        const Seen one = seen(hit, *layer, base, share, sampler);
+        const osg::Vec3f weight = result.tint * share;
+        result.radiance += qxProduct(one.radiance, weight);
+        result.scattered += qxProduct(one.scattered, weight);
+        result.plain += qxProduct(one.plain, weight);
         result.lit += isLit(*layer) ? share : 0.0f;
         result.colour += one.colour * share;
         result.normal += one.normal * share;
         result.transmittance *= 1.0f - alpha;
+        goThrough(one.through * share, result);
         if (result.transmittance <= _nothing)
             break;
     }
@@ -141,18 +148,30 @@ void qxTracer::pass(const qxSurfacePoint &hit, qxSampler &sampler, RayResult &re
         result.distance = std::min(result.distance, hit.distance);
 }
 
+/// What passes beside a surface and what passes through it get one colour: there is hardly ever
+/// both.
+void qxTracer::goThrough(const osg::Vec3f &through, RayResult &result) const
+{
+    const float most = qxPeak(through);
+    if (!(most > 0.0f))
+        return;
+    result.tint = qxProduct(result.tint, through * (1.0f / most));
+    result.transmittance += most;
+}
+
 /// In hard light.
 qxTracer::Seen qxTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer &layer,
-                              const osg::Vec3f &colour, float, qxSampler &) const
+                              const osg::Vec4f &base, float, qxSampler &) const
 {
     const osg::Vec3f none;
+    const osg::Vec3f colour(base[0], base[1], base[2]);
     if (layer.unlit)
-        return {none, none, colour, colour, hit.normal};
+        return {none, none, colour, colour, hit.normal, none};
     if (!m_scene.isLit)
-        return {none, none, colour + layer.emission, colour, hit.normal};
-    const qxShading shading({colour, layer.metallic, layer.roughness}, hit.normal, hit.toEye);
-    const osg::Vec3f light = layer.emission + direct(hit, shading) + reflectedSky(hit, shading);
-    return {light, none, none, colour, hit.normal};
+        return {none, none, colour + layer.look.emission, colour, hit.normal, none};
+    const qxShading shading(hit.surface(layer, base), hit.toEye);
+    const osg::Vec3f light = shading.emitted() + direct(hit, shading) + reflectedSky(hit, shading);
+    return {light, none, none, colour, hit.normal, shading.straightThrough()};
 }
 
 /// Without asking around: the strongest light of the sky alone casts a shadow.
@@ -170,7 +189,8 @@ osg::Vec3f qxTracer::direct(const qxSurfacePoint &hit, const qxShading &shading)
 {
     osg::Vec3f sum;
     for (const qxRenderLight &light : m_scene.lights.on) {
-        const qxRenderLight::Arrival arrival = light.arrivalAt(hit.position, hit.normal);
+        const osg::Vec3f side = shading.letsThrough() ? osg::Vec3f() : hit.normal;
+        const qxRenderLight::Arrival arrival = light.arrivalAt(hit.position, side);
         if (qxPeak(arrival.light) <= 0.0f)
             continue;
         const osg::Vec3f open = qxProduct(arrival.light, shading.reflected(arrival.toLight));

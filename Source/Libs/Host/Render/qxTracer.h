@@ -34,12 +34,14 @@ public:
         osg::Vec3f plain; ///< of what is not lit, as the picture shows it
         osg::Vec3f colour; ///< of the surfaces themselves, and their normal, of length 0 to 1;
         osg::Vec3f normal; ///< behind mirrors those of what they show
+        osg::Vec3f through; ///< share of what is straight behind that goes to the eye, besides
     };
     /// Sides of surfaces, to be combined. Only a surface without a back side has backs.
     enum Side { Nothing = 0, Back = 1, Front = 2 };
     struct RayResult : Seen {
         float lit = 0; ///< share of what is lit in the ray
         float transmittance = 1; ///< share of what is behind the scene
+        osg::Vec3f tint = osg::Vec3f(1, 1, 1); ///< colour that what is behind the scene gets
         float distance; ///< of the first surface that hides at least half; infinite without
         int sides = Nothing; ///< met on the way, however translucent
     };
@@ -51,8 +53,8 @@ public:
 
 protected:
     /// What a pass of the material sends to the eye by itself; alpha is not in it.
-    virtual Seen seen(const qxSurfacePoint &hit, const qxRenderLayer &layer,
-                      const osg::Vec3f &colour, float share, qxSampler &sampler) const;
+    virtual Seen seen(const qxSurfacePoint &hit, const qxRenderLayer &layer, const osg::Vec4f &base,
+                      float share, qxSampler &sampler) const;
 
     const Scene &scene() const { return m_scene; }
     /// The nearest surface along a ray, which the clipping plane has limited already.
@@ -62,9 +64,9 @@ protected:
 
 private:
     bool intersect(const qxRay &ray, RTCScene scene, qxSurfacePoint &hit) const;
-    float widthAt(const qxSurfacePoint &hit) const;
     void pass(const qxRenderClipping::Crossing &plane, RayResult &result) const;
     void pass(const qxSurfacePoint &hit, qxSampler &sampler, RayResult &result) const;
+    void goThrough(const osg::Vec3f &through, RayResult &result) const;
     bool isLit(const qxRenderLayer &layer) const;
     osg::Vec3f reflectedSky(const qxSurfacePoint &hit, const qxShading &shading) const;
     osg::Vec3f direct(const qxSurfacePoint &hit, const qxShading &shading) const;

@@ -83,6 +83,16 @@ std::optional<int> qxGltfExtras::integer(const char *key) const
     return std::nullopt;
 }
 
+std::optional<float> qxGltfExtras::number(const char *key) const
+{
+    const float wanted = isNumber(key) ? value(key).get<float>() : NAN;
+    if (std::isfinite(wanted))
+        return wanted;
+    if (has(key))
+        warn(key, qxFileText::tr("is no number"));
+    return std::nullopt;
+}
+
 bool qxGltfExtras::flag(const char *key, bool fallback) const
 {
     const qxJson &wanted = value(key);

@@ -24,6 +24,9 @@ constexpr const char *lightOn = "qxLightOn";
 constexpr const char *overlay = "qxOverlay";
 constexpr const char *overlayLayer = "qxOverlayLayer";
 constexpr const char *environment = "qxEnvironment"; ///< of nodes and materials
+constexpr const char *environmentPicture = "qxEnvironmentPicture";
+constexpr const char *environmentExposure = "qxEnvironmentExposure";
+constexpr const char *environmentRotation = "qxEnvironmentRotation";
 constexpr const char *switchMaterial = "qxSwitchMaterial"; ///< of primitives
 constexpr const char *switchMaterials = "qxSwitchMaterials"; ///< of the file
 constexpr const char *partName = "qxPartName"; ///< of primitives
@@ -45,6 +48,7 @@ public:
     bool isNumber(const char *key) const;
     /// Also from a number such as 2.0, which some tools write.
     std::optional<int> integer(const char *key) const;
+    std::optional<float> number(const char *key) const;
     /// Also from the numbers 0 and 1; `fallback` when there is none.
     bool flag(const char *key, bool fallback) const;
     std::optional<std::string> text(const char *key) const;

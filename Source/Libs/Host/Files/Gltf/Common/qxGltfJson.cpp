@@ -23,6 +23,12 @@ const qxJson &qxGltfSection(const qxJson &document, const char *name)
     return section.is_array() ? section : none;
 }
 
+const qxJson &qxGltfAt(const qxJson &object, const qxGltfPlace &place)
+{
+    static const qxJson none;
+    return object.contains(place) ? object.at(place) : none;
+}
+
 int qxGltfIndex(const qxJson &object, const char *name)
 {
     const qxJson &value = qxGltfMember(object, name);

@@ -21,6 +21,10 @@ private:
 const qxJson &qxGltfSection(const qxJson &document, const char *name);
 /// The member of that name, or null (a JSON null) when `object` is no object or has none.
 const qxJson &qxGltfMember(const qxJson &object, const char *name);
+/// Where something is inside of an object.
+typedef qxJson::json_pointer qxGltfPlace;
+/// What is there, or null (a JSON null) when there is nothing.
+const qxJson &qxGltfAt(const qxJson &object, const qxGltfPlace &place);
 /// A non-negative integer member such as an index or a count, -1 when there is none.
 /// Only for documents that qxGltfCheck accepted.
 int qxGltfIndex(const qxJson &object, const char *name);

@@ -2,6 +2,8 @@
 
 #include "Files/Gltf/Common/qxGltfCheckValues.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
+#include "Files/Gltf/Common/qxGltfPictureUse.h"
+#include "Materials/qxSurface.h"
 #include "qxText.h"
 
 namespace {
@@ -81,14 +83,6 @@ void checkMeshes(const qxJson &document)
     }
 }
 
-void checkTextureReference(const QString &owner, const qxJson &object, const char *name,
-                           const qxJson &document)
-{
-    const qxJson &reference = qxGltfMember(object, name);
-    if (!reference.is_null())
-        qxGltfCheckIndex(owner, reference, "index", qxGltfSection(document, "textures"), "texture");
-}
-
 void checkMaterials(const qxJson &document)
 {
     int index = 0;
@@ -97,10 +91,10 @@ void checkMaterials(const qxJson &document)
         const qxJson &surface = qxGltfMember(material, "pbrMetallicRoughness");
         qxGltfCheckNumbers(called, surface, "baseColorFactor", 4);
         qxGltfCheckNumbers(called, material, "emissiveFactor", 3);
-        checkTextureReference(called, surface, "baseColorTexture", document);
-        checkTextureReference(called, surface, "metallicRoughnessTexture", document);
-        for (const char *name : {"normalTexture", "occlusionTexture", "emissiveTexture"})
-            checkTextureReference(called, material, name, document);
+        for (std::size_t role = 0; role < qxSurface::PictureRoles; ++role) {
+            const qxJson &use = qxGltfPictureUse(material, role);
+            qxGltfCheckIndex(called, use, "index", qxGltfSection(document, "textures"), "texture");
+        }
     }
     index = 0;
     for (const qxJson &texture : qxGltfSection(document, "textures")) {

@@ -31,37 +31,48 @@ std::string keyOf(const qxJson &image)
 
 } // namespace
 
-osg::ImagePtr qxGltfImages::ofTexture(int texture)
+osg::ImagePtr qxGltfImages::ofTexture(int texture, bool forColours)
 {
-    if (texture < 0)
-        return osg::ImagePtr();
     const qxJson &json = qxGltfSection(m_model.document.json, "textures")[std::size_t(texture)];
     const qxJson &webp = qxGltfMember(qxGltfMember(json, "extensions"), "EXT_texture_webp");
     for (const int source : {qxGltfIndex(webp, "source"), qxGltfIndex(json, "source")}) {
-        const osg::ImagePtr image = source < 0 ? osg::ImagePtr() : make(source);
+        const osg::ImagePtr image = source < 0 ? osg::ImagePtr() : ofImage(source, forColours);
         if (image != osg::NullFC)
             return image;
     }
     return osg::ImagePtr();
 }
 
-osg::ImagePtr qxGltfImages::make(int index)
+osg::ImagePtr qxGltfImages::ofImage(int index, bool forColours)
 {
     const qxJson &json = m_model.document.json["images"][std::size_t(index)];
-    const auto [known, isNew] = m_images.try_emplace(keyOf(json));
-    if (!isNew)
-        return known->second.get();
-    const QString called = qxGltfLabel("image", index, json);
+    const auto [entry, isNew] = m_images.try_emplace(keyOf(json));
+    Known &known = entry->second;
+    if (known.isPaid[forColours] || (!isNew && known.image == osg::NullFC))
+        return known.image.get();
     const qxMemoryBudget before = m_model.budget;
     try {
-        const qxEncodedPicture picture(encoded(m_model, json));
-        if (!picture.flaw().isEmpty())
-            throw qxGltfError(picture.flaw());
-        m_model.budget.take(picture.decodedSize(), 1);
-        known->second = picture.image(called);
+        if (isNew)
+            read(known, index);
+        m_model.budget.take(known.size, 1);
+        known.isPaid[forColours] = true;
     } catch (const qxGltfError &error) {
         m_model.budget = before;
-        m_model.warnings << qxFileText::tr("%1 is left out: %2").arg(called, error.reason());
+        m_model.warnings << qxFileText::tr("%1 is left out: %2")
+                                .arg(qxGltfLabel("image", index, json), error.reason());
+        if (isNew)
+            known.image = osg::NullFC;
+        return osg::ImagePtr();
     }
-    return known->second.get();
+    return known.image.get();
+}
+
+void qxGltfImages::read(Known &known, int index)
+{
+    const qxJson &json = m_model.document.json["images"][std::size_t(index)];
+    const qxEncodedPicture picture(encoded(m_model, json));
+    if (!picture.flaw().isEmpty())
+        throw qxGltfError(picture.flaw());
+    known.size = picture.decodedSize();
+    known.image = picture.image(qxGltfLabel("image", index, json));
 }

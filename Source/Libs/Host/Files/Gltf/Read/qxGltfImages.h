@@ -17,12 +17,19 @@ public:
     explicit qxGltfImages(qxGltfModel &model) : m_model(model) {}
 
     /// The picture of a texture; null if there is none or it cannot be read. A texture may have one
-    /// in WebP, which is preferred, beside the other. Images with the same data are one picture.
-    osg::ImagePtr ofTexture(int texture);
+    /// in WebP, which is preferred, beside the other. Images with the same data are one picture,
+    /// which is kept once for its colours and once for its numbers.
+    osg::ImagePtr ofTexture(int texture, bool forColours);
 
 private:
-    osg::ImagePtr make(int image);
+    struct Known {
+        osg::RefPtr<osg::ImagePtr> image;
+        qint64 size = 0; ///< decoded
+        bool isPaid[2] = {false, false}; ///< for its numbers, for its colours
+    };
+    osg::ImagePtr ofImage(int image, bool forColours);
+    void read(Known &known, int image);
 
     qxGltfModel &m_model;
-    std::map<std::string, osg::RefPtr<osg::ImagePtr>> m_images; ///< by where their data are
+    std::map<std::string, Known> m_images; ///< by where their data are
 };

@@ -2,6 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfNames.h"
+#include "Files/Gltf/Common/qxGltfPictureUse.h"
 #include "Files/Gltf/Read/qxGltfImages.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Materials/qxSurface.h"
@@ -14,57 +15,36 @@
 
 namespace {
 
-/// Member `name` of the extension `extension` of `object`.
-const qxJson &extensionValue(const qxJson &object, const char *extension, const char *name)
+float finiteOr(const qxJson &value, float fallback)
 {
-    return qxGltfMember(qxGltfMember(qxGltfMember(object, "extensions"), extension), name);
+    const float number = value.is_number() ? value.get<float>() : fallback;
+    return std::isfinite(number) ? number : fallback;
 }
 
-qxSurface surfaceOf(const tinygltf::Material &material, const qxJson &json)
+float entryOr(const qxJson &list, std::size_t index, float fallback)
 {
-    const qxJson &strength =
-        extensionValue(json, "KHR_materials_emissive_strength", "emissiveStrength");
-    qxSurface surface;
-    surface.metallic = float(material.pbrMetallicRoughness.metallicFactor);
-    surface.roughness = float(material.pbrMetallicRoughness.roughnessFactor);
-    surface.alphaCutoff = float(material.alphaCutoff);
-    surface.emissiveStrength = strength.is_number() ? strength.get<float>() : 1.0f;
-    surface.doubleSided = material.doubleSided;
-    surface.unlit =
-        !qxGltfMember(qxGltfMember(json, "extensions"), "KHR_materials_unlit").is_null();
-    if (material.alphaMode == "BLEND")
-        surface.alphaMode = qxSurface::Blend;
-    else if (material.alphaMode == "MASK")
-        surface.alphaMode = qxSurface::Mask;
-    return surface;
+    return list.is_array() && index < list.size() ? finiteOr(list[index], fallback) : fallback;
 }
 
-/// A kind of pictures that is not drawn.
-struct HiddenPicture {
-    const char *words;
-    const char *member; ///< that names the picture in a material
-    bool isOfSurface; ///< whether it stands in "pbrMetallicRoughness"
-
-    bool isIn(const qxJson &material) const
-    {
-        const qxJson &surface = qxGltfMember(material, "pbrMetallicRoughness");
-        return !qxGltfMember(isOfSurface ? surface : material, member).is_null();
+/// Numbers that the file does not give keep their values.
+void readNumbers(qxSurface &surface, const qxJson &material)
+{
+    static const std::vector<qxGltfPlace> places = [] {
+        std::vector<qxGltfPlace> all;
+        for (const qxSurface::Number &row : qxSurface::numbers())
+            all.emplace_back(row.place);
+        return all;
+    }();
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const qxJson &value = qxGltfAt(material, places[i]);
+        if (value.is_null())
+            continue;
+        const qxSurface::Number &row = qxSurface::numbers()[i];
+        std::vector<float> numbers = row.of(surface);
+        for (std::size_t k = 0; k < numbers.size(); ++k)
+            numbers[k] = row.colour ? entryOr(value, k, numbers[k]) : finiteOr(value, numbers[k]);
+        row.set(surface, numbers.data());
     }
-};
-
-const HiddenPicture _metallicRoughness = {"metallic-roughness", "metallicRoughnessTexture", true};
-const HiddenPicture _emissive = {"emissive", "emissiveTexture", false};
-const HiddenPicture _normal = {"normal", "normalTexture", false};
-const HiddenPicture _occlusion = {"occlusion", "occlusionTexture", false};
-
-/// A factor is the most that its picture may say, and usually 1. Without the picture it would make
-/// iron of cloth, and a lamp of the whole body that a small lamp is painted on.
-void setFactorsWithoutPictures(tinygltf::Material &values, const qxJson &json)
-{
-    if (_metallicRoughness.isIn(json))
-        values.pbrMetallicRoughness.metallicFactor = 0;
-    if (_emissive.isIn(json))
-        values.emissiveFactor = {0, 0, 0};
 }
 
 /// How a sampler goes on beyond the edges of its picture.
@@ -78,24 +58,12 @@ osg::UInt32 wrapOf(const qxJson &sampler, const char *side)
     return GL_REPEAT;
 }
 
-float numberOr(const qxJson &value, float fallback)
-{
-    return value.is_number() ? value.get<float>() : fallback;
-}
-
-float entryOr(const qxJson &list, std::size_t index, float fallback)
-{
-    return list.is_array() && index < list.size() ? numberOr(list[index], fallback) : fallback;
-}
-
 /// The transform of a texture, for coordinates that begin at the bottom of the picture.
-qxSurface::TextureMatrix textureMatrixOf(const qxJson &textureUse)
+qxSurfacePicture::Matrix matrixOf(const qxJson &transform)
 {
-    const qxJson &transform =
-        qxGltfMember(qxGltfMember(textureUse, "extensions"), "KHR_texture_transform");
     const qxJson &offset = qxGltfMember(transform, "offset");
     const qxJson &scale = qxGltfMember(transform, "scale");
-    const float angle = numberOr(qxGltfMember(transform, "rotation"), 0);
+    const float angle = finiteOr(qxGltfMember(transform, "rotation"), 0);
     const float across[2] = {std::cos(angle) * entryOr(scale, 0, 1),
                              std::sin(angle) * entryOr(scale, 1, 1)};
     const float down[2] = {-std::sin(angle) * entryOr(scale, 0, 1),
@@ -104,23 +72,56 @@ qxSurface::TextureMatrix textureMatrixOf(const qxJson &textureUse)
             -down[0],  down[1],    1 - down[1] - entryOr(offset, 1, 0)};
 }
 
-/// How the picture of the base colour lies on the surface.
-void setPicturePlace(qxSurface &surface, const qxGltfModel &model, const qxJson &material)
+/// A picture without its image: how it lies on the surface.
+qxSurfacePicture placedPicture(const qxJson &document, const qxJson &use)
 {
-    const qxJson &use =
-        qxGltfMember(qxGltfMember(material, "pbrMetallicRoughness"), "baseColorTexture");
-    const int texture = qxGltfIndex(use, "index");
-    if (texture < 0)
-        return;
-    surface.textureMatrix = textureMatrixOf(use);
-    const qxJson &json = model.document.json;
-    const int sampler =
-        qxGltfIndex(qxGltfSection(json, "textures")[std::size_t(texture)], "sampler");
+    qxSurfacePicture picture;
+    const qxJson &transform =
+        qxGltfMember(qxGltfMember(use, "extensions"), "KHR_texture_transform");
+    picture.matrix = matrixOf(transform);
+    for (const qxJson *from : {&use, &transform}) {
+        const qxJson &set = qxGltfMember(*from, "texCoord");
+        if (set.is_number_unsigned())
+            picture.texCoords = osg::UInt32(std::min<std::uint64_t>(set.get<std::uint64_t>(), 255));
+    }
+    const qxJson &texture =
+        qxGltfSection(document, "textures")[std::size_t(qxGltfIndex(use, "index"))];
+    const int sampler = qxGltfIndex(texture, "sampler");
     if (sampler < 0)
-        return;
-    const qxJson &sides = qxGltfSection(json, "samplers")[std::size_t(sampler)];
-    surface.wrapS = wrapOf(sides, "wrapS");
-    surface.wrapT = wrapOf(sides, "wrapT");
+        return picture;
+    const qxJson &sides = qxGltfSection(document, "samplers")[std::size_t(sampler)];
+    picture.wrapS = wrapOf(sides, "wrapS");
+    picture.wrapT = wrapOf(sides, "wrapT");
+    return picture;
+}
+
+void readPictures(qxSurface &surface, const qxJson &material, const qxJson &document,
+                  qxGltfImages &images)
+{
+    for (std::size_t role = 0; role < surface.pictures.size(); ++role) {
+        const qxJson &use = qxGltfPictureUse(material, role);
+        const int texture = qxGltfIndex(use, "index");
+        if (texture < 0)
+            continue;
+        surface.pictures[role] = placedPicture(document, use);
+        surface.pictures[role].image =
+            images.ofTexture(texture, qxSurface::pictureKinds()[role].isColour);
+    }
+}
+
+qxSurface surfaceOf(const qxJson &material)
+{
+    qxSurface surface;
+    readNumbers(surface, material);
+    surface.doubleSided = qxGltfMember(material, "doubleSided") == true;
+    surface.unlit =
+        !qxGltfMember(qxGltfMember(material, "extensions"), "KHR_materials_unlit").is_null();
+    const qxJson &mode = qxGltfMember(material, "alphaMode");
+    if (mode == "BLEND")
+        surface.alphaMode = qxSurface::Blend;
+    else if (mode == "MASK")
+        surface.alphaMode = qxSurface::Mask;
+    return surface;
 }
 
 /// Metals reflect in their own colour and hardly scatter light, all else the other way round.
@@ -162,10 +163,9 @@ osg::SimpleMaterialPtr create(const osg::ImagePtr &image)
     return material;
 }
 
-osg::SimpleMaterialPtr makeMaterial(const tinygltf::Material &values, const qxSurface &surface,
-                                    const osg::ImagePtr &image)
+osg::SimpleMaterialPtr makeMaterial(const tinygltf::Material &values, const qxSurface &surface)
 {
-    const osg::SimpleMaterialPtr material = create(image);
+    const osg::SimpleMaterialPtr material = create(surface.pictures[qxSurface::BaseColour].image);
     const osg::CPEditor edit(material);
     setColours(material, values);
     setHighlight(material, surface);
@@ -181,37 +181,22 @@ std::vector<qxGltfMaterialRef> qxGltfMaterials(qxGltfModel &model)
     const qxJson &list = qxGltfSection(model.document.json, "materials");
     const std::vector<std::string> names = qxGltfShownNames(list);
     std::vector<qxGltfMaterialRef> materials;
-    for (tinygltf::Material values : model.typed.materials) {
+    for (const tinygltf::Material &values : model.typed.materials) {
         const std::size_t index = materials.size();
-        setFactorsWithoutPictures(values, list[index]);
-        const int texture = values.pbrMetallicRoughness.baseColorTexture.index;
         const qxGltfExtras extras(int(index), list[index], model.warnings, "material");
-        qxSurface surface = surfaceOf(values, list[index]);
+        qxSurface surface = surfaceOf(list[index]);
         surface.environment = extras.flag(qxGltfKeys::environment, false);
-        setPicturePlace(surface, model, list[index]);
-        materials.emplace_back(
-            osg::MaterialPtr(makeMaterial(values, surface, images.ofTexture(texture))));
+        readPictures(surface, list[index], model.document.json, images);
+        materials.emplace_back(osg::MaterialPtr(makeMaterial(values, surface)));
         if (qxGltfMember(list[index], "name").is_string())
             osg::setName(materials.back().get(), names[index]);
     }
     return materials;
 }
 
-QMap<QString, int> qxGltfHiddenPictures(const qxJson &materials)
-{
-    QMap<QString, int> counts;
-    for (const HiddenPicture &picture : {_metallicRoughness, _emissive, _normal, _occlusion}) {
-        const auto isPictured = [&](const qxJson &material) { return picture.isIn(material); };
-        const auto count = std::count_if(materials.begin(), materials.end(), isPictured);
-        if (count > 0)
-            counts[picture.words] = int(count);
-    }
-    return counts;
-}
-
 qxGltfMaterialRef qxGltfDefaultMaterial()
 {
     tinygltf::Material values;
     values.emissiveFactor = {0, 0, 0};
-    return qxGltfMaterialRef(makeMaterial(values, surfaceOf(values, qxJson()), osg::ImagePtr()));
+    return qxGltfMaterialRef(makeMaterial(values, qxSurface()));
 }

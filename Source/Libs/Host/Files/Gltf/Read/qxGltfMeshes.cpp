@@ -1,6 +1,7 @@
 #include "Files/Gltf/Read/qxGltfMeshes.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
+#include "Files/Gltf/Read/qxGltfDeformation.h"
 #include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfPrimitive.h"
@@ -58,16 +59,27 @@ osg::GeoTexCoordsPtr makeTexCoords(const Floats &values)
         values, [](const float *v) { return osg::Vec2f(v[0], 1.0f - v[1]); });
 }
 
+/// As qxRenderGeometry expects them; in 1.8 no array of texture coordinates has four values.
+void setTangents(const osg::GeometryPtr &geometry, const Floats &values)
+{
+    const auto pairs = [&values](std::size_t first) {
+        return makeProperty<osg::GeoTexCoords2f, 4>(
+            values, [first](const float *v) { return osg::Vec2f(v[first], v[first + 1]); });
+    };
+    geometry->setTexCoords6(pairs(0));
+    geometry->setTexCoords7(pairs(2));
+}
+
 /// The sets of texture coordinates that are read, and where they go.
 struct TexCoordSet {
     const char *attribute;
     void (osg::Geometry::*set)(const osg::GeoTexCoordsPtr &);
 };
 
-const TexCoordSet _texCoordSets[] = {{"TEXCOORD_0", &osg::Geometry::setTexCoords},
-                                     {"TEXCOORD_1", &osg::Geometry::setTexCoords1},
-                                     {"TEXCOORD_2", &osg::Geometry::setTexCoords2},
-                                     {"TEXCOORD_3", &osg::Geometry::setTexCoords3}};
+const TexCoordSet _texCoordSets[] = {
+    {"TEXCOORD_0", &osg::Geometry::setTexCoords},  {"TEXCOORD_1", &osg::Geometry::setTexCoords1},
+    {"TEXCOORD_2", &osg::Geometry::setTexCoords2}, {"TEXCOORD_3", &osg::Geometry::setTexCoords3},
+    {"TEXCOORD_4", &osg::Geometry::setTexCoords4}, {"TEXCOORD_5", &osg::Geometry::setTexCoords5}};
 
 void setTexCoords(const osg::GeometryPtr &geometry, const qxGltfPrimitive &primitive)
 {
@@ -139,6 +151,9 @@ void fill(const osg::GeometryPtr &geometry, const qxGltfPrimitive &primitive)
         setLayout(geometry, primitive.mode(), positions.size() / 3);
     }
     setTexCoords(geometry, primitive);
+    const Floats tangents = primitive.values("TANGENT", 4);
+    if (!tangents.empty() && isFinite(tangents))
+        setTangents(geometry, tangents);
     setColours(geometry, primitive);
     const Floats normals = primitive.values("NORMAL", 3);
     if (!normals.empty() && isFinite(normals))
@@ -157,7 +172,7 @@ qint64 takeMemory(qxMemoryBudget &budget, const qxGltfPrimitive &primitive)
         budget.take(count, 3 * size);
         passing += 2 * count * size;
     };
-    for (const char *name : {"POSITION", "NORMAL", "COLOR_0"})
+    for (const char *name : {"POSITION", "NORMAL", "TANGENT", "COLOR_0"})
         take(primitive.vertices(), primitive.components(name));
     for (const TexCoordSet &set : _texCoordSets)
         take(primitive.vertices(), primitive.components(set.attribute));
@@ -184,6 +199,7 @@ qxGltfGeometryRef makeGeometry(qxGltfModel &model, qxGltfPrimitive::Place place,
     const qxGltfGeometryRef geometry(osg::Geometry::create());
     fill(geometry.get(), primitive);
     model.budget.giveBack(passing);
+    qxGltfSetDeformation(geometry.get(), primitive, model.budget);
     return geometry;
 }
 

@@ -9,6 +9,7 @@ typedef osg::RefPtr<osg::GeometryPtr> qxGltfGeometryRef;
 typedef std::vector<qxGltfGeometryRef> qxGltfMeshParts;
 
 /// The meshes of the file in its order, one geometry core per primitive, named as the mesh.
+/// Up to six sets of texture coordinates become TexCoords to TexCoords5.
 /// Throws qxGltfError naming mesh and primitive when the data cannot be shown.
 std::vector<qxGltfMeshParts> qxGltfMeshes(qxGltfModel &model,
                                           const std::vector<qxGltfMaterialRef> &materials);

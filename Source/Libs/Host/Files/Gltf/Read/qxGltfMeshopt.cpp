@@ -1,6 +1,6 @@
 #include "Files/Gltf/Read/qxGltfMeshopt.h"
 
-#include "Files/Gltf/Read/qxGltfModel.h"
+#include "Files/qxMemoryBudget.h"
 
 #include <meshoptimizer.h>
 
@@ -43,19 +43,20 @@ void applyFilter(const Compressed &how, QByteArray &bytes)
         meshopt_decodeFilterExp(bytes.data(), how.count, how.stride);
 }
 
-QByteArray decoded(qxGltfModel &model, const qxJson &json)
+QByteArray decoded(const qxJson &json, const std::vector<QByteArray> &buffers,
+                   qxMemoryBudget &budget)
 {
-    const QByteArray &buffer = model.buffers[json["buffer"].get<std::size_t>()];
+    const QByteArray &buffer = buffers[json["buffer"].get<std::size_t>()];
     if (buffer.isNull())
         throw qxGltfError(qxFileText::tr("buffer %1 has no data").arg(json["buffer"].get<int>()));
     const Compressed how(json);
     const QByteArray from =
         QByteArray::fromRawData(buffer.constData() + std::max(0, qxGltfIndex(json, "byteOffset")),
                                 json["byteLength"].get<int>());
-    model.budget.take(qint64(how.count), qint64(how.stride));
+    budget.take(qint64(how.count), qint64(how.stride));
     QByteArray bytes(int(how.count * how.stride), Qt::Uninitialized);
     if (!decode(how, from, bytes)) {
-        model.budget.giveBack(bytes.size());
+        budget.giveBack(bytes.size());
         throw qxGltfError(qxFileText::tr("its compressed data are damaged"));
     }
     applyFilter(how, bytes);
@@ -64,24 +65,27 @@ QByteArray decoded(qxGltfModel &model, const qxJson &json)
 
 } // namespace
 
-void qxGltfDecodeViews(qxGltfModel &model)
+std::map<int, QByteArray> qxGltfDecodedViews(const qxJson &document,
+                                             const std::vector<QByteArray> &buffers,
+                                             qxMemoryBudget &budget, QStringList &warnings)
 {
-    const qxJson &views = qxGltfSection(model.document.json, "bufferViews");
+    std::map<int, QByteArray> all;
+    const qxJson &views = qxGltfSection(document, "bufferViews");
     for (std::size_t i = 0; i < views.size(); ++i) {
         const qxJson &json =
             qxGltfMember(qxGltfMember(views[i], "extensions"), "EXT_meshopt_compression");
         if (json.is_null())
             continue;
         try {
-            model.decodedViews[int(i)] = decoded(model, json);
+            all.emplace(int(i), decoded(json, buffers, budget));
         } catch (const qxGltfError &error) {
-            model.decodedViews.erase(int(i));
             const QString said = qxGltfLabel("buffer view", int(i), views[i]) + ": ";
-            if (model.bytesOfView(int(i)).isNull())
+            if (buffers[views[i]["buffer"].get<std::size_t>()].isNull())
                 throw qxGltfError(said + error.reason());
-            model.warnings << said
+            warnings << said
                     + qxFileText::tr("%1; data that are not compressed are shown")
                           .arg(error.reason());
         }
     }
+    return all;
 }

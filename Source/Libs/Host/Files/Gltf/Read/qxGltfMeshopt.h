@@ -1,8 +1,17 @@
 #pragma once
 
-struct qxGltfModel;
+#include "Files/Gltf/Common/qxGltfJson.h"
 
-/// Decompresses the buffer views that EXT_meshopt_compression compresses, all others stay. Where
-/// that fails but there are data that are not compressed, these are used, with a warning. Throws
+#include <QStringList>
+
+#include <map>
+#include <vector>
+
+class qxMemoryBudget;
+
+/// What the buffer views hold that EXT_meshopt_compression compresses, by their number. One whose
+/// compressed data cannot be used is left out with a warning if there are plain ones. Throws
 /// qxGltfError naming the buffer view when there are none.
-void qxGltfDecodeViews(qxGltfModel &model);
+std::map<int, QByteArray> qxGltfDecodedViews(const qxJson &document,
+                                             const std::vector<QByteArray> &buffers,
+                                             qxMemoryBudget &budget, QStringList &warnings);

@@ -80,7 +80,8 @@ qxGltfModel qxGltfModel::read(const QString &path)
     takeStructure(model.document.json, model.budget);
     model.buffers = qxGltfReadBuffers(model.document, model.budget, model.warnings);
     parse(model.document.json, model.typed);
-    qxGltfDecodeViews(model);
+    model.decodedViews =
+        qxGltfDecodedViews(model.document.json, model.buffers, model.budget, model.warnings);
     const QStringList missing = qxGltfNotUnderstood(model.document.json, "extensionsRequired");
     if (!missing.isEmpty())
         model.warnings

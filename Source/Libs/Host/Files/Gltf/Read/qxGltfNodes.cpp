@@ -3,6 +3,7 @@
 #include "Files/Gltf/Common/qxGltfCores.h"
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
+#include "Files/Gltf/Read/qxGltfEnvironments.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfTransforms.h"
 #include "OSGOverlayCore.h"
@@ -339,6 +340,8 @@ void qxGltfNodes::assemble(int index)
     for (const int child : values.children) {
         if (!m_made[std::size_t(child)].moved)
             node->addChild(m_made[std::size_t(child)].upper.get());
+        if (m_made[std::size_t(index)].environment)
+            qxGltfSetEnvironmentPicture(m_model, child, m_made[std::size_t(child)].upper.get());
     }
     if (values.mesh >= 0)
         addParts(index, node, values.mesh);

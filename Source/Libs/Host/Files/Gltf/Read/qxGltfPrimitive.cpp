@@ -134,6 +134,25 @@ std::vector<float> qxGltfPrimitive::compressedValues(const char *attribute, int 
     return m_compressed->values(id, scaleOf(stated));
 }
 
+bool qxGltfPrimitive::hasTarget(int target, const char *attribute) const
+{
+    return m_typed.targets[std::size_t(target)].count(attribute) > 0;
+}
+
+std::vector<float> qxGltfPrimitive::targetValues(int target, const char *attribute) const
+{
+    if (!hasTarget(target, attribute))
+        return std::vector<float>(std::size_t(3 * vertices()));
+    const int accessor = m_typed.targets[std::size_t(target)].at(attribute);
+    const qxGltfElements elements = qxGltfAccessor::of(m_model.document.json, accessor).elements;
+    const QString called = qxFileText::tr("%1 of morph target %2").arg(attribute).arg(target);
+    if (elements.components != 3)
+        throw qxGltfError(qxFileText::tr("%1 has the wrong number of components").arg(called));
+    if (elements.count != vertices())
+        throw qxGltfError(qxFileText::tr("%1 is not there for every vertex").arg(called));
+    return qxGltfFloats(m_model, accessor);
+}
+
 qint64 qxGltfPrimitive::indexCount() const
 {
     return m_compressed ? m_compressed->corners()

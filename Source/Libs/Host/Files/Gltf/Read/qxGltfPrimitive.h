@@ -47,6 +47,11 @@ public:
     qint64 vertices() const;
     /// The values of an attribute for every vertex; empty without it. Throws qxGltfError.
     std::vector<float> values(const char *attribute, int components) const;
+    int targets() const { return int(m_typed.targets.size()); }
+    bool hasTarget(int target, const char *attribute) const;
+    /// How a morph target moves the three components of an attribute; zeros without it. Throws
+    /// qxGltfError.
+    std::vector<float> targetValues(int target, const char *attribute) const;
     bool hasIndices() const { return m_compressed || m_indices >= 0; }
     qint64 indexCount() const;
     /// Below the number of vertices. Throws qxGltfError.

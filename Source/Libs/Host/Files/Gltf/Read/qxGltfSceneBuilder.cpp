@@ -5,6 +5,7 @@
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfNodes.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
+#include "Files/Gltf/Read/qxGltfSkins.h"
 #include "Files/Gltf/Read/qxGltfSwitchMaterialBuilder.h"
 
 namespace {
@@ -34,6 +35,7 @@ void qxGltfBuildScene(qxGltfModel &model, qxGltfScene &scene)
     scene.mapped = switchMaterials.mapped();
     qxGltfNodes nodes(model, scene);
     nodes.build();
+    qxGltfSetSkins(model, nodes);
     scene.cameras = qxGltfCameras(model, nodes, scene.origin);
     scene.clips = qxGltfAnimations(model, nodes);
 }

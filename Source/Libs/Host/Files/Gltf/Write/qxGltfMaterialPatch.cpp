@@ -13,7 +13,9 @@
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
+#include <set>
 
 namespace {
 
@@ -42,14 +44,39 @@ void writeColour(qxJson &json, const qxGltfMaterialState &now)
     surface["baseColorFactor"] = colour;
 }
 
+/// Numbers about pictures that are not there have no place.
+bool hasPlace(const qxJson &material, const qxGltfPlace &place)
+{
+    const qxGltfPlace above = place.parent_pointer();
+    return above.empty() || !QString::fromStdString(above.back()).endsWith("Texture")
+        || material.contains(above);
+}
+
+/// Numbers without end are those that stand for "none".
+void writeNumber(qxJson &material, const qxGltfPlace &place, const std::vector<float> &values)
+{
+    if (values.size() > 1)
+        material[place] = qxGltfNumberList(values.data(), values.size());
+    else if (std::isfinite(values[0]))
+        material[place] = qxGltfNumber(values[0]);
+    else if (material.contains(place))
+        material[place.parent_pointer()].erase(place.back());
+}
+
 void writeSurface(qxJson &json, const qxSurface &before, const qxSurface &now)
 {
-    if (before.metallic != now.metallic)
-        json["pbrMetallicRoughness"]["metallicFactor"] = qxGltfNumber(now.metallic);
-    if (before.roughness != now.roughness)
-        json["pbrMetallicRoughness"]["roughnessFactor"] = qxGltfNumber(now.roughness);
+    for (const qxSurface::Number &row : qxSurface::numbers()) {
+        const qxGltfPlace place(row.place);
+        const bool isAlpha = row.number == &qxSurface::alphaCutoff; // see writeAlpha
+        if (!isAlpha && row.of(before) != row.of(now) && hasPlace(json, place))
+            writeNumber(json, place, row.of(now));
+    }
     if (before.doubleSided != now.doubleSided)
         json["doubleSided"] = now.doubleSided;
+    if (before.unlit && !now.unlit)
+        qxGltfEraseExtension(json, "KHR_materials_unlit");
+    else if (before.unlit != now.unlit)
+        json["extensions"]["KHR_materials_unlit"] = qxJson::object();
     if (before.environment != now.environment)
         qxGltfSetExtra(json, qxGltfKeys::environment, now.environment ? qxJson(true) : qxJson());
 }
@@ -77,6 +104,24 @@ qxGltfMaterialState unstated()
     state.colour = {1, 1, 1, 1};
     state.emission = {0, 0, 0};
     return state;
+}
+
+std::set<std::string> extensionsOf(const qxJson &material)
+{
+    std::set<std::string> names;
+    for (const auto &extension : qxGltfMember(material, "extensions").items())
+        names.insert(extension.key());
+    return names;
+}
+
+bool hasPictures(const osg::MaterialPtr &material)
+{
+    const osg::SimpleTexturedMaterialPtr textured = osg::SimpleTexturedMaterialPtr::dcast(material);
+    const qxSurface surface = qxSurface::of(material);
+    return (textured != osg::NullFC && textured->getImage() != osg::NullFC)
+        || std::any_of(
+               surface.pictures.begin(), surface.pictures.end(),
+               [](const qxSurfacePicture &picture) { return picture.image != osg::NullFC; });
 }
 
 /// The plain material that a material shows; null when it shows none.
@@ -144,8 +189,7 @@ int qxGltfMaterialPatch::placeOf(const osg::MaterialPtr &material)
 int qxGltfMaterialPatch::append(const osg::MaterialPtr &material)
 {
     const bool plain = osg::SimpleMaterialPtr::dcast(material) != osg::NullFC;
-    const osg::SimpleTexturedMaterialPtr textured = osg::SimpleTexturedMaterialPtr::dcast(material);
-    if (!plain || (textured != osg::NullFC && textured->getImage() != osg::NullFC)) {
+    if (!plain || hasPictures(material)) {
         throw qxGltfError(
             qxFileText::tr("material \"%1\" cannot be written: scene files get no new %2")
                 .arg(qxNames::nameOf(material), material->getTypeName()));
@@ -163,7 +207,13 @@ void qxGltfMaterialPatch::writeChanges(const osg::MaterialPtr &material, int ind
     const auto now = qxGltfMaterialState::of(osg::SimpleMaterialPtr::dcast(material));
     m_namesChanged = m_namesChanged || before.name != now.name;
     m_names[index] = now.name.value_or("");
-    writeMaterial(m_json["materials"][place], before, now);
+    qxJson &json = m_json["materials"][place];
+    const std::set<std::string> used = extensionsOf(json);
+    writeMaterial(json, before, now);
+    for (const std::string &extension : extensionsOf(json)) {
+        if (used.count(extension) == 0)
+            qxGltfUseExtension(m_json, extension.c_str());
+    }
 }
 
 void qxGltfMaterialPatch::writePool()

@@ -1,10 +1,12 @@
 #include "Files/Gltf/Write/qxGltfOutput.h"
 
+#include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfFiles.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/qxMemoryBudget.h"
 #include "Files/qxOutputFile.h"
 #include "Files/qxSystemCall.h"
+#include "Light/qxLightPictureReader.h"
 #include "qxText.h"
 
 #include <QDir>
@@ -50,7 +52,45 @@ bool isFile(const qxJson &entry)
 
 bool isPicture(const QByteArray &bytes)
 {
-    return QMimeDatabase().mimeTypeForData(bytes).name().startsWith("image/");
+    try {
+        return QMimeDatabase().mimeTypeForData(bytes).name().startsWith("image/")
+            || !qxLightPictureSize(bytes).isEmpty();
+    } catch (const qxGltfError &) {
+        return false;
+    }
+}
+
+/// A place in the JSON that names a file beside the scene.
+template <class Json>
+struct Named {
+    Json *holder;
+    const char *key;
+    QString label;
+
+    const std::string &uri() const
+    {
+        return holder->at(key).template get_ref<const std::string &>();
+    }
+};
+
+/// The pictures of images and environments.
+template <class Json>
+std::vector<Named<Json>> picturesOf(Json &json)
+{
+    std::vector<Named<Json>> result;
+    for (std::size_t i = 0; i < qxGltfSection(json, "images").size(); ++i) {
+        Json &image = json["images"][i];
+        if (isFile(image))
+            result.push_back({&image, "uri", qxGltfLabel("image", int(i), image)});
+    }
+    for (std::size_t i = 0; i < qxGltfSection(json, "nodes").size(); ++i) {
+        Json &node = json["nodes"][i];
+        const char *const key = qxGltfKeys::environmentPicture;
+        const qxJson &uri = qxGltfMember(qxGltfMember(node, "extras"), key);
+        if (uri.is_string() && !qxGltfIsDataUri(uri.get_ref<const std::string &>()))
+            result.push_back({&node["extras"], key, qxGltfLabel("node", int(i), node)});
+    }
+    return result;
 }
 
 /// Makes the folder of the file and those around it. Once the names of the new ones are on the
@@ -99,15 +139,17 @@ bool qxGltfOutput::isBeside(const qxGltfDocument &document, const QString &path)
 void qxGltfOutput::refuseOwnFiles() const
 {
     const QDir folder(m_document.folder());
-    for (const char *section : {"buffers", "images"}) {
-        for (const qxJson &entry : qxGltfSection(m_document.json, section)) {
-            if (!isFile(entry))
-                continue;
-            const QString name = qxGltfRelativePath(entry["uri"].get_ref<const std::string &>());
-            if (!name.isEmpty() && qxOutputFile::isSame(folder.filePath(name), m_path))
-                fail(m_path, qxFileText::tr("it is a file that the scene uses"));
-        }
+    const auto check = [&](const std::string &uri) {
+        const QString name = qxGltfRelativePath(uri);
+        if (!name.isEmpty() && qxOutputFile::isSame(folder.filePath(name), m_path))
+            fail(m_path, qxFileText::tr("it is a file that the scene uses"));
+    };
+    for (const qxJson &buffer : qxGltfSection(m_document.json, "buffers")) {
+        if (isFile(buffer))
+            check(buffer["uri"].get_ref<const std::string &>());
     }
+    for (const Named<const qxJson> &picture : picturesOf(m_document.json))
+        check(picture.uri());
 }
 
 /// The first buffer becomes the BIN chunk.
@@ -137,37 +179,32 @@ void qxGltfOutput::copyBuffers(qxJson &json, const std::vector<QByteArray> &buff
 {
     for (std::size_t i = 0; i < buffers.size(); ++i) {
         if (isFile(json["buffers"][i]) && !buffers[i].isNull())
-            copy(json["buffers"][i], buffers[i]);
+            copy(json["buffers"][i], "uri", buffers[i]);
     }
 }
 
 void qxGltfOutput::copyPictures(qxJson &json)
 {
     qxMemoryBudget budget(qxMemoryBudget::limit());
-    for (std::size_t i = 0; i < qxGltfSection(json, "images").size(); ++i) {
-        qxJson &image = json["images"][i];
-        if (!isFile(image))
-            continue;
+    for (const Named<qxJson> &picture : picturesOf(json)) {
         try {
-            const QByteArray bytes =
-                qxGltfReadUri(m_document, image["uri"].get_ref<const std::string &>(), budget);
+            const QByteArray bytes = qxGltfReadUri(m_document, picture.uri(), budget);
             if (!isPicture(bytes))
                 throw qxGltfError(qxFileText::tr("it is no picture"));
-            copy(image, bytes);
+            copy(*picture.holder, picture.key, bytes);
         } catch (const qxGltfError &error) {
-            m_warnings << qxFileText::tr("%1 is not copied: %2")
-                              .arg(qxGltfLabel("image", int(i), image), error.reason());
+            m_warnings << qxFileText::tr("%1 is not copied: %2").arg(picture.label, error.reason());
         }
     }
 }
 
-void qxGltfOutput::copy(qxJson &entry, const QByteArray &bytes)
+void qxGltfOutput::copy(qxJson &holder, const char *key, const QByteArray &bytes)
 {
-    const QString wanted = qxGltfRelativePath(entry["uri"].get_ref<const std::string &>());
+    const QString wanted = qxGltfRelativePath(holder[key].get_ref<const std::string &>());
     const QString name = place(visibleName(wanted), bytes);
     if (name == wanted)
         return;
-    entry["uri"] = qxGltfUriOf(name);
+    holder[key] = qxGltfUriOf(name);
     m_warnings << qxFileText::tr("the copy of \"%1\" is called \"%2\"").arg(wanted, name);
 }
 

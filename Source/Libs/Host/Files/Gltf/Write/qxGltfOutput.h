@@ -35,7 +35,7 @@ private:
     void unpackFirstBuffer(qxJson &json);
     void copyBuffers(qxJson &json, const std::vector<QByteArray> &buffers);
     void copyPictures(qxJson &json);
-    void copy(qxJson &entry, const QByteArray &bytes);
+    void copy(qxJson &holder, const char *key, const QByteArray &bytes);
     QString place(const QString &wanted, const QByteArray &bytes);
     void commit();
     void settle(qxOutputFile &file);
