@@ -5,6 +5,7 @@
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 
+#include <algorithm>
 #include <set>
 
 namespace {
@@ -38,7 +39,9 @@ void qxRenderSources::update(const osg::FieldContainerPtr &marked)
 bool qxRenderSources::isShown(Id id) const
 {
     const osg::FieldContainerPtr edited = osg::FieldContainerFactory::the()->getContainer(id);
-    return osg::ImagePtr::dcast(edited) == osg::NullFC || m_textures.count(id) > 0;
+    return osg::ImagePtr::dcast(edited) == osg::NullFC
+        || std::any_of(m_textures.begin(), m_textures.end(),
+                       [id](const Textures &textures) { return textures.count(id) > 0; });
 }
 
 void qxRenderSources::edited(Id id, osg::BitVector mask)
