@@ -11,10 +11,10 @@ namespace {
 
 const int _largestTile = 16; ///< width and height in pixels
 /// Samples of the best quality: as many as a pixel needs, looked at after so many at a time.
-const int _bestSamples = 30;
+const int _bestSamples = 24;
 const int _sampleStep = 6;
 const int _fewestToFilter = 4; ///< samples that tell noise from what is there
-const float _tooMuchNoise = 12.0f / 255.0f; ///< in the colours of the picture
+const float _tooMuchNoise = 14.0f / 255.0f; ///< in the colours of the picture
 const float _easyShare = 0.2f; ///< of the noise where the filter does well: inside of surfaces
 const float _brightestSample = 4.0f;
 
@@ -275,6 +275,9 @@ std::vector<bool> qxPainter::noisyOnes(const std::vector<Average> &pixels, int w
 {
     const int height = int(pixels.size()) / width;
     const int reach = 2;
+    std::vector<float> variances;
+    for (const Average &pixel : pixels)
+        variances.push_back(pixel.shownVariance());
     std::vector<bool> result;
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
@@ -282,7 +285,7 @@ std::vector<bool> qxPainter::noisyOnes(const std::vector<Average> &pixels, int w
             float count = 0.0f;
             for (int j = std::max(0, y - reach); j < std::min(height, y + reach + 1); ++j) {
                 for (int i = std::max(0, x - reach); i < std::min(width, x + reach + 1); ++i) {
-                    sum += pixels[std::size_t(j * width + i)].shownVariance();
+                    sum += variances[std::size_t(j * width + i)];
                     count += 1.0f;
                 }
             }

@@ -48,6 +48,8 @@ void qxSurfacePoint::arrive(const qxRaySpread &from)
         spread.origin[i] = beside + toEye * (-beside.dot(flatNormal) / cosine);
         spread.direction[i] = from.direction[i];
     }
+    if (!instance->surface->hasPictures())
+        return;
     osg::Vec3f sides[2];
     for (std::size_t i = 0; i < 2; ++i)
         instance->toWorld.multMatrixVec(instance->geometry->side(place.triangle, i), sides[i]);
