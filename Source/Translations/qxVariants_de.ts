@@ -1507,20 +1507,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>Maus und Tasten</translation>
     </message>
     <message>
-        <source>Left button: turn. Middle button, or left with Shift: move.
-Wheel or right button: zoom. Click: pick a node. Double click: look at it.
-Arrows: turn. + and -: zoom. F: show everything. Home: go home.
-
-Enter or a double click selects the set under the cursor, F2 renames it.
-Keys of sets select them anywhere but in text fields.</source>
-        <translation>Linke Taste: drehen. Mittlere Taste oder linke mit Umschalt: verschieben.
-Mausrad oder rechte Taste: zoomen. Klick: Knoten auswählen. Doppelklick: Knoten ansehen.
-Pfeiltasten: drehen. + und −: zoomen. F: alles zeigen. Pos1: Grundstellung.
-
-Die Eingabetaste oder ein Doppelklick wählt das markierte Set aus, F2 benennt es um.
-Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
-    </message>
-    <message>
         <source>About Workbench</source>
         <translation>Über Workbench</translation>
     </message>

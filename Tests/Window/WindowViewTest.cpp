@@ -8,6 +8,7 @@
 #include "Window/qxOrbit.h"
 #include "WindowFixture.h"
 #include "qxController.h"
+#include "qxMessage.h"
 #include "qxRaytracingManager.h"
 #include "qxUberCameraPool.h"
 
@@ -220,6 +221,8 @@ TEST_F(WindowViewTest, AnimationsPlayInTheViewAndLeaveTheSceneAlone)
     auto *const slider = bar->findChild<QSlider *>();
     const QTimer *const timer = bar->findChild<QTimer *>();
     const auto press = [this](Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        QApplication::setActiveWindow(window.get()); // There was a question about scripts.
+        window->sceneView()->setFocus();
         QTest::keyClick(window->sceneView(), Qt::Key_Space, keys);
     };
     press();

@@ -318,26 +318,24 @@ void qxPainter::showFiltered()
     }
 }
 
-osg::Vec3f qxPainter::shownColour(const Layers &layers, const osg::Vec3f &scattered,
-                                  float &alpha) const
+osg::Vec4f qxPainter::shownColour(const Layers &layers, const osg::Vec3f &scattered) const
 {
     osg::Vec3f shown = layers.plain;
     if (layers.lit > 0.0f) {
         const osg::Vec3f light = layers.light + scattered;
         shown += qxToneMapped(light * (m_exposure / layers.lit)) * layers.lit;
     }
-    alpha = std::clamp(1.0f - layers.open, 0.0f, 1.0f);
-    return qxShownColour(alpha > 0.0f ? shown * (1.0f / alpha) : shown);
+    const float alpha = std::clamp(1.0f - layers.open, 0.0f, 1.0f);
+    const osg::Vec3f colour = qxShownColour(alpha > 0.0f ? shown * (1.0f / alpha) : shown);
+    return osg::Vec4f(colour[0], colour[1], colour[2], alpha);
 }
 
 void qxPainter::show(int x, int y, const Layers &layers, const osg::Vec3f &scattered)
 {
-    float alpha;
-    const osg::Vec3f colour = shownColour(layers, scattered, alpha);
+    const osg::Vec4f colour = shownColour(layers, scattered);
     std::uint8_t *const bytes = &m_picture.rgba[place(x, y) * 4];
-    for (osg::UInt32 i = 0; i < 3; ++i)
+    for (osg::UInt32 i = 0; i < 4; ++i)
         bytes[i] = std::uint8_t(std::lround(colour[i] * 255.0f));
-    bytes[3] = std::uint8_t(std::lround(alpha * 255.0f));
 }
 
 /// One of a pixel's samples.
@@ -404,14 +402,12 @@ qxPainter::Spot qxPainter::spot(int x, int y)
     const Sample seen = sample(x, y, 0);
     if ((m_sides | seen.sides) != m_sides)
         m_sides |= seen.sides;
-    float alpha;
-    return {shownColour(seen, seen.scattered, alpha), seen.distance, seen.isInFront};
+    return {shownColour(seen, seen.scattered), seen.distance, seen.isInFront};
 }
 
-osg::Vec3f qxPainter::plainBackground(int y) const
+osg::Vec4f qxPainter::plainBackground(int y) const
 {
     Layers layers;
     m_background.add(qxRay(), (float(y) + 0.5f) / float(m_settings.height), 1.0f, nullptr, layers);
-    float alpha;
-    return shownColour(layers, osg::Vec3f(), alpha);
+    return shownColour(layers, osg::Vec3f());
 }

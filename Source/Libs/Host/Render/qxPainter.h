@@ -24,7 +24,7 @@ public:
     void prepareSpots();
     /// What the ray through the middle of a pixel sees.
     struct Spot {
-        osg::Vec3f colour; ///< as the picture shows it
+        osg::Vec4f colour; ///< as the picture shows it, with its alpha
         float distance; ///< along the ray; infinite for what is behind the scene
         bool isInFront; ///< it is of an overlay
     };
@@ -33,7 +33,7 @@ public:
     /// Whether what is behind the scene is the same in a whole row, wherever the camera looks, and
     /// what it is there.
     bool hasPlainBackground() const { return m_background.isPlain(); }
-    osg::Vec3f plainBackground(int y) const;
+    osg::Vec4f plainBackground(int y) const;
     /// What the spots show so far.
     qxPicture::Content content() const;
     /// @}
@@ -52,7 +52,7 @@ private:
     void finish(int x, int y, const Average &pixel);
     Sample sample(int x, int y, int number) const;
     void showFiltered();
-    osg::Vec3f shownColour(const Layers &layers, const osg::Vec3f &scattered, float &alpha) const;
+    osg::Vec4f shownColour(const Layers &layers, const osg::Vec3f &scattered) const;
     void show(int x, int y, const Layers &layers, const osg::Vec3f &scattered);
     std::size_t place(int x, int y) const
     {

@@ -6,6 +6,7 @@
 #include <OpenSG/OSGSpotLight.h>
 
 #include <limits>
+#include <tuple>
 
 namespace {
 
@@ -120,6 +121,16 @@ void scale(std::vector<qxRenderLight> &lights, float factor)
 }
 
 } // namespace
+
+bool qxRenderLight::operator==(const qxRenderLight &other) const
+{
+    const auto all = [](const qxRenderLight &each) {
+        return std::tie(each.kind, each.position, each.direction, each.light, each.range,
+                        each.innerCosine, each.outerCosine, each.exponent, each.attenuation,
+                        each.shadow);
+    };
+    return all(*this) == all(other);
+}
 
 /// Whether nothing gets along a way to the light: most lights of a scene are out here soon.
 bool qxRenderLight::isOutOfReach(const osg::Vec3f &way) const

@@ -20,6 +20,8 @@ struct qxRenderLight {
     };
     Arrival arrivalAt(const osg::Vec3f &place, const osg::Vec3f &normal) const;
 
+    bool operator==(const qxRenderLight &other) const;
+
     Kind kind = Directional;
     osg::Vec3f position;
     osg::Vec3f direction = osg::Vec3f(0, 0, -1); ///< in which it shines, of length 1
@@ -41,6 +43,10 @@ struct qxRenderLights {
     std::vector<qxRenderLight> on;
     std::vector<qxRenderLight> off;
     bool isEmpty() const { return on.empty() && off.empty(); }
+    bool operator==(const qxRenderLights &other) const
+    {
+        return on == other.on && off == other.off;
+    }
 
     /// Adds a light, of the host's own or of the scene graph's kinds; each lights everything.
     void add(const osg::LightPtr &core, const osg::Matrix &toWorld);

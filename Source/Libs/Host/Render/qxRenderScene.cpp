@@ -34,11 +34,14 @@ void qxRenderScene::noteChange()
 {
     static std::atomic<std::uint64_t> last{0};
     const qxPose &pose = qxPose::the();
+    const bool isSameLight = m_lights == m_lightsBefore;
     const bool isSamePose = m_pose.matrices == pose.matrices && m_pose.weights == pose.weights;
-    if (isSamePose && m_clipping == qxClipping::the() && !m_sources.isOther() && !m_shown.isOther()
-        && !m_environment.isOther() && !m_isOther && m_notedPicture == m_pictureId)
+    if (isSamePose && isSameLight && m_clipping == qxClipping::the() && !m_sources.isOther()
+        && !m_shown.isOther() && !m_environment.isOther() && !m_isOther
+        && m_notedPicture == m_pictureId)
         return;
     m_pose = pose;
+    m_lightsBefore = m_lights;
     m_notedPicture = m_pictureId;
     m_clipping = qxClipping::the();
     m_revision = ++last;

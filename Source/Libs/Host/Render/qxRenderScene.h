@@ -47,8 +47,9 @@ private:
     qxRenderGroup m_environment;
     Overlays m_overlays;
     qxRenderLights m_lights;
-    qxPose m_pose; ///< as it was shown
-    qxClipping m_clipping; ///< likewise
+    qxRenderLights m_lightsBefore; ///< this and the following: when `revision` changed last
+    qxPose m_pose;
+    qxClipping m_clipping;
     std::uint64_t m_revision = 0;
     bool m_isOther = true; ///< the overlays
     osg::UInt32 m_pictureId = 0; ///< of the picture that is shown

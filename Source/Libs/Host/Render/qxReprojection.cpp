@@ -322,12 +322,12 @@ void qxReprojection::drawPixel(qxPainter &painter, int x, int y, Block &block)
         block.x = x;
         block.y = y;
         bool isOther = point.kind != drawn.kind || !isSame(point.depth, drawn.depth);
-        for (int i = 0; i < 3; ++i) {
-            block.change[i] = int(drawn.rgb[i]) - int(point.rgb[i]);
+        for (int i = 0; i < 4; ++i) {
+            block.change[i] = int(drawn.rgba[i]) - int(point.rgba[i]);
             isOther = isOther || std::abs(block.change[i]) > _mostChange * _byte;
         }
         if (isOther)
-            std::fill_n(block.change, 3, 0);
+            std::fill_n(block.change, 4, 0);
     }
     point = drawn;
 }

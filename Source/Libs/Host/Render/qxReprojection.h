@@ -43,10 +43,10 @@ private:
     }
     /// What a pixel sees.
     struct Point {
-        void setLight(const osg::Vec3f &colour)
+        void setLight(const osg::Vec4f &colour)
         {
-            for (osg::UInt32 i = 0; i < 3; ++i)
-                rgb[i] = std::uint16_t(int(colour[i] * 255.0f + 0.5f) * _byte);
+            for (osg::UInt32 i = 0; i < 4; ++i)
+                rgba[i] = std::uint16_t(int(colour[i] * 255.0f + 0.5f) * _byte);
         }
 
         enum Kind : std::uint8_t {
@@ -57,7 +57,7 @@ private:
         };
         osg::Vec3f place;
         float depth = 0; ///< from the plane of the eye, for comparisons
-        std::uint16_t rgb[3] = {0, 0, 0}; ///< in parts of a byte
+        std::uint16_t rgba[4] = {0, 0, 0, 0}; ///< in parts of a byte
         Kind kind = None;
         std::uint8_t age = 0; ///< pictures since it was drawn
     };
@@ -66,7 +66,7 @@ private:
         const Point *point = nullptr; ///< the first that was drawn
         int x = 0;
         int y = 0;
-        int change[3] = {0, 0, 0}; ///< of its light since the picture before
+        int change[4] = {0, 0, 0, 0}; ///< of its light since the picture before
     };
     class Eye;
     class Mixture;

@@ -21,8 +21,8 @@ public:
             m_first = point;
         else if (!isSame(m_first.depth, point.depth))
             return;
-        for (int i = 0; i < 3; ++i)
-            m_sums[i] += weight * float(point.rgb[i]);
+        for (int i = 0; i < 4; ++i)
+            m_sums[i] += weight * float(point.rgba[i]);
         m_weight += weight;
     }
     bool isEmpty() const { return m_weight == 0.0f; }
@@ -30,14 +30,14 @@ public:
     Point point() const
     {
         Point result;
-        for (int i = 0; i < 3 && !isEmpty(); ++i)
-            result.rgb[i] = std::uint16_t(m_sums[i] / m_weight + 0.5f);
+        for (int i = 0; i < 4 && !isEmpty(); ++i)
+            result.rgba[i] = std::uint16_t(m_sums[i] / m_weight + 0.5f);
         return result;
     }
 
 private:
     Point m_first;
-    float m_sums[3] = {0, 0, 0};
+    float m_sums[4] = {0, 0, 0, 0};
     float m_weight = 0;
 };
 
@@ -61,7 +61,7 @@ void qxReprojection::finish(const qxPainter &painter, int y, std::uint8_t *rgba)
         if (point.kind == Point::None) {
             point = interpolated(x, y);
         } else if (point.kind == Point::Far && isPlain && point.age > 0) {
-            std::copy_n(behind.rgb, 3, point.rgb);
+            std::copy_n(behind.rgba, 4, point.rgba);
         } else if (point.age > 0) {
             brighten(x, y, point);
             if (point.age >= _moderateAge)
@@ -76,7 +76,7 @@ void qxReprojection::showPixel(int x, int y, std::uint8_t *rgba) const
 {
     const std::size_t place = placeOf(x, y);
     const Point &point = m_points[place];
-    int light[3] = {point.rgb[0], point.rgb[1], point.rgb[2]};
+    int light[4] = {point.rgba[0], point.rgba[1], point.rgba[2], point.rgba[3]};
     const bool isInside = x > 0 && y > 0 && x + 1 < m_width && y + 1 < m_height;
     if (isInside && m_drawn < m_width * m_height) {
         const std::size_t row = std::size_t(m_width);
@@ -86,16 +86,15 @@ void qxReprojection::showPixel(int x, int y, std::uint8_t *rgba) const
             return other->kind != Point::None && !isSame(other->depth, point.depth);
         };
         if (point.kind != Point::None && std::any_of(around, around + 4, isBeyond))
-            for (int i = 0; i < 3; ++i) {
+            for (int i = 0; i < 4; ++i) {
                 int sum = 4 * light[i];
                 for (const Point *other : around)
-                    sum += other->kind == Point::None ? light[i] : other->rgb[i];
+                    sum += other->kind == Point::None ? light[i] : other->rgba[i];
                 light[i] = sum / 8;
             }
     }
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 4; ++i)
         rgba[i] = std::uint8_t((light[i] + _byte / 2) / _byte);
-    rgba[3] = 255;
 }
 
 /// Light changes with the view. What it did where pixels around were drawn it does here.
@@ -106,7 +105,7 @@ void qxReprojection::brighten(int x, int y, Point &point) const
     const int up = (y + half) / m_blockWidth - 1;
     const int right = x + half - (across + 1) * m_blockWidth;
     const int above = y + half - (up + 1) * m_blockWidth;
-    int sums[3] = {0, 0, 0};
+    int sums[4] = {0, 0, 0, 0};
     int weights = 0;
     for (int corner = 0; corner < 4; ++corner) {
         const bool isRight = corner & 1;
@@ -116,14 +115,14 @@ void qxReprojection::brighten(int x, int y, Point &point) const
             continue;
         const int weight =
             (isRight ? right : m_blockWidth - right) * (isHigh ? above : m_blockWidth - above);
-        for (int i = 0; i < 3; ++i)
+        for (int i = 0; i < 4; ++i)
             sums[i] += weight * block.change[i];
         weights += weight;
     }
     const float share = weights > 0 ? _followed / float(weights) : 0.0f;
-    for (int i = 0; i < 3; ++i) {
-        const int light = int(point.rgb[i]) + int(float(sums[i]) * share);
-        point.rgb[i] = std::uint16_t(std::clamp(light, 0, 255 * _byte));
+    for (int i = 0; i < 4; ++i) {
+        const int light = int(point.rgba[i]) + int(float(sums[i]) * share);
+        point.rgba[i] = std::uint16_t(std::clamp(light, 0, 255 * _byte));
     }
 }
 
@@ -132,8 +131,8 @@ void qxReprojection::moderate(int x, int y, Point &point) const
 {
     if (x == 0 || y == 0 || x + 1 == m_width || y + 1 == m_height)
         return;
-    int least[3] = {255 * _byte, 255 * _byte, 255 * _byte};
-    int most[3] = {0, 0, 0};
+    int least[4] = {255 * _byte, 255 * _byte, 255 * _byte, 255 * _byte};
+    int most[4] = {0, 0, 0, 0};
     int count = 0;
     for (int j = y - 1; j <= y + 1; ++j) {
         for (int i = x - 1; i <= x + 1; ++i) {
@@ -142,14 +141,14 @@ void qxReprojection::moderate(int x, int y, Point &point) const
                 || !isSame(other.depth, point.depth))
                 continue;
             ++count;
-            for (int c = 0; c < 3; ++c) {
-                least[c] = std::min<int>(least[c], other.rgb[c]);
-                most[c] = std::max<int>(most[c], other.rgb[c]);
+            for (int c = 0; c < 4; ++c) {
+                least[c] = std::min<int>(least[c], other.rgba[c]);
+                most[c] = std::max<int>(most[c], other.rgba[c]);
             }
         }
     }
-    for (int c = 0; c < 3 && count > 1; ++c)
-        point.rgb[c] = std::uint16_t(std::clamp<int>(point.rgb[c], least[c], most[c]));
+    for (int c = 0; c < 4 && count > 1; ++c)
+        point.rgba[c] = std::uint16_t(std::clamp<int>(point.rgba[c], least[c], most[c]));
 }
 
 /// Between the points beside it; where there are none, between those that were drawn in the blocks
