@@ -35,7 +35,7 @@ struct qxViewSettings {
         Plain, ///< one colour
         None ///< nothing: the picture is transparent
     };
-    Background background = Automatic;
+    Background background = Automatic; ///< behind whatever the scene shows
     ///@{
     /// Of Gradient, from the upper to the lower edge; sRGB.
     osg::Color3f gradientTop = osg::Color3f(0.88f, 0.9f, 0.92f);
@@ -47,6 +47,6 @@ struct qxViewSettings {
         AlwaysGround,
         NoGround
     };
-    Ground ground = GroundWhereMissing;
+    Ground ground = GroundWhereMissing; ///< seen from above alone
     osg::Color3f plainColour = osg::Color3f(1, 1, 1); ///< of Plain; sRGB
 };
