@@ -1,5 +1,6 @@
 #include "Cameras/qxMainView.h"
 #include "Files/qxSceneFile.h"
+#include "Pictures/qxMovingPicture.h"
 #include "Render/qxEmbree.h"
 #include "Render/qxRenderCamera.h"
 #include "Render/qxRenderer.h"
@@ -8,6 +9,7 @@
 #include "qxHost.h"
 #include "qxScenegraph.h"
 
+#include <OpenSG/OSGQuaternion.h>
 #include <OpenSG/OSGSimpleGeometry.h>
 #include <OpenSG/OSGSimpleMaterial.h>
 #include <OpenSG/OSGTransform.h>
@@ -21,6 +23,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <cmath>
 #include <limits>
 
@@ -310,6 +313,66 @@ static void renderAnew(benchmark::State &state)
         benchmark::DoNotOptimize(qxRenderer().render(scene.settings).rgba.data());
 }
 
+/// A camera that goes around the scene, with some 30 degrees in a second.
+class Orbit {
+public:
+    explicit Orbit(const qxPictureSettings &settings) : m_view(qxRenderer().view(settings)) {}
+
+    void look(int picture) const
+    {
+        osg::Quaternion turn;
+        turn.setValueAsAxisRad(0, 1, 0, 0.026f * float(picture));
+        osg::Matrix camera;
+        camera.setTransform(m_view.middle, turn);
+        osg::Matrix back;
+        back.setTransform(-m_view.middle);
+        camera.mult(back);
+        camera.mult(m_view.camera.toWorld);
+        qxMainView::the().camera = m_view.camera;
+        qxMainView::the().camera.toWorld = camera;
+    }
+
+private:
+    qxRenderer::View m_view;
+};
+
+/// As the window's view does it.
+static void renderOrbit(benchmark::State &state)
+{
+    RenderedScene scene(int(state.range(0)));
+    scene.settings.width = 1280;
+    scene.settings.height = 720;
+    const Orbit orbit(scene.settings);
+    qxRenderer renderer;
+    qxMovingPicture moving;
+    int picture = 0;
+    for (; picture < 20; ++picture) { // until its times are known
+        orbit.look(picture);
+        moving.next(renderer, scene.settings);
+    }
+    float share = 0;
+    const auto start = std::chrono::steady_clock::now();
+    for (auto _ : state) {
+        orbit.look(++picture);
+        benchmark::DoNotOptimize(moving.next(renderer, scene.settings).rgba.data());
+        share += moving.share();
+    }
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+    state.counters["fps"] = double(state.iterations()) / time.count();
+    state.counters["share"] = double(share) / double(state.iterations());
+}
+
+static void renderWhole(benchmark::State &state)
+{
+    RenderedScene scene(int(state.range(0)));
+    scene.settings.width = 1280;
+    scene.settings.height = 720;
+    qxRenderer renderer;
+    renderer.render(scene.settings);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(renderer.render(scene.settings).rgba.data());
+}
+
 static void threads(benchmark::internal::Benchmark *benchmark)
 {
     benchmark->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
@@ -323,6 +386,8 @@ BENCHMARK(renderPictureBare)
     ->Arg(_demo)
     ->Arg(1000000)
     ->Apply(threads);
+BENCHMARK(renderOrbit)->Name("Moving/orbit")->Arg(_demo)->Arg(1000000)->Apply(threads);
+BENCHMARK(renderWhole)->Name("Moving/bareWhole")->Arg(_demo)->Arg(1000000)->Apply(threads);
 BENCHMARK(renderFirst)->Name("Rendering/first")->Arg(_demo)->Arg(1000000)->Apply(threads);
 BENCHMARK(renderFirstBare)->Name("Rendering/bareFirst")->Arg(_demo)->Arg(1000000)->Apply(threads);
 // Argument: number of nodes.

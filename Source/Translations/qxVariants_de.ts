@@ -675,6 +675,54 @@
         <source>not enough memory</source>
         <translation>der Speicher reicht nicht</translation>
     </message>
+    <message>
+        <source>animation</source>
+        <translation>Animation</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be animated</source>
+        <translation>„%1“ kann nicht animiert werden</translation>
+    </message>
+    <message>
+        <source>unknown interpolation &quot;%1&quot;</source>
+        <translation>unbekannte Interpolation „%1“</translation>
+    </message>
+    <message>
+        <source>it has no keys</source>
+        <translation>er hat keine Zeitpunkte</translation>
+    </message>
+    <message>
+        <source>the times of its keys do not ascend</source>
+        <translation>seine Zeitpunkte steigen nicht an</translation>
+    </message>
+    <message>
+        <source>%1, channel %2</source>
+        <translation>%1, Kanal %2</translation>
+    </message>
+    <message>
+        <source>the animation has no &quot;samplers&quot;</source>
+        <translation>die Animation hat keine „samplers“</translation>
+    </message>
+    <message>
+        <source>its node stands where a matrix says</source>
+        <translation>sein Knoten steht, wo eine Matrix sagt</translation>
+    </message>
+    <message>
+        <source>its node has no morph targets</source>
+        <translation>sein Knoten hat keine Verformungsziele</translation>
+    </message>
+    <message>
+        <source>its %1 keys need %2 numbers, it has %3</source>
+        <translation>seine %1 Zeitpunkte brauchen %2 Zahlen, er hat %3</translation>
+    </message>
+    <message>
+        <source>accessor %1 has elements of the wrong type</source>
+        <translation>Accessor %1 hat Elemente vom falschen Typ</translation>
+    </message>
+    <message>
+        <source>accessor %1 holds something that is no finite number</source>
+        <translation>Accessor %1 enthält etwas, das keine endliche Zahl ist</translation>
+    </message>
 </context>
 <context>
     <name>qxLogView</name>
@@ -1648,6 +1696,22 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
         <source>&amp;Light and Background</source>
         <translation>&amp;Licht und Hintergrund</translation>
     </message>
+    <message>
+        <source>Left button: turn. Middle button, or left with Shift: move.
+Wheel or right button: zoom. Click: pick a node. Double click: look at it.
+Arrows: turn. + and -: zoom. F: show everything. Home: go home.
+Space: play or pause animations. Shift+Space: stop them.
+
+Enter or a double click selects the set under the cursor, F2 renames it.
+Keys of sets select them anywhere but in text fields.</source>
+        <translation>Linke Taste: drehen. Mittlere Taste oder linke mit Umschalt: verschieben.
+Mausrad oder rechte Taste: zoomen. Klick: Knoten auswählen. Doppelklick: Knoten ansehen.
+Pfeiltasten: drehen. + und −: zoomen. F: alles zeigen. Pos1: Grundstellung.
+Leertaste: Animationen abspielen oder anhalten. Umschalt+Leertaste: sie beenden.
+
+Die Eingabetaste oder ein Doppelklick wählt das markierte Set aus, F2 benennt es um.
+Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
+    </message>
 </context>
 <context>
     <name>qxLightMenu</name>
@@ -1718,6 +1782,61 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
     <message>
         <source>Background</source>
         <translation>Hintergrund</translation>
+    </message>
+</context>
+<context>
+    <name>qxAnimationBar</name>
+    <message>
+        <source>Animation</source>
+        <translation>Animation</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Stop: the scene is at rest again</source>
+        <translation>Beenden: Die Szene ist wieder in Ruhe</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Time of the animation</source>
+        <translation>Zeit der Animation</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Animations</source>
+        <translation>Animationen</translation>
+    </message>
+    <message>
+        <source>Which animations play</source>
+        <translation>Welche Animationen abgespielt werden</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 s</source>
+        <translation>%1 von %2 s</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Animation %1</source>
+        <translation>Animation %1</translation>
     </message>
 </context>
 </TS>

@@ -119,6 +119,54 @@ TEST_F(PictureTest, RenderAllMakesAPictureOfEachSetInTheSceneOfTheFile)
     EXPECT_EQ(sheet.pixelColor(2, 2), QColor(0xf6, 0xf6, 0xf4));
 }
 
+TEST_F(PictureTest, RenderShowsAnimationsAtATimeAndTheSceneFromAllSides)
+{
+    // Of the corners of the triangle 0 and 8 are the times, the first two the places.
+    const QByteArray starting = bytesOf(testData("Scenes/signs.xml"))
+                                    .replace("ViewpointRef ref=\"Aside", "AnimationRef ref=\"Blue");
+    QByteArray text = sceneWith("signs", starting).replace("[8, 8, 0]}", R"([8, 8, 0]},
+        {"bufferView": 0, "byteOffset": 8, "componentType": 5126, "count": 2, "type": "SCALAR"},
+        {"bufferView": 0, "componentType": 5126, "count": 2, "type": "VEC3"})");
+    const auto clip = [](const char *name, int node) {
+        return QByteArray(R"({"name": "%1", "channels": [{"sampler": 0, "target":
+            {"node": %2, "path": "translation"}}], "samplers": [{"input": 1, "output": 2}]})")
+            .replace("%1", name)
+            .replace("%2", QByteArray::number(node));
+    };
+    text.replace("\"cameras\"",
+                 "\"animations\": [" + clip("Red", 1) + ", " + clip("Blue", 2) + "], \"cameras\"");
+    const QString moving = write("moving.gltf", text);
+    const QString out = path("moving.png");
+    for (const auto &[options, isRed] : {std::pair("", true),
+                                         {"--time 4", true},
+                                         {"--time 8", false},
+                                         {"--time 99.5", false},
+                                         {"--time 8 --clip Blue", true},
+                                         {"--time 8 --clip Blue --clip Red", false}}) {
+        quick(QStringList{"render", moving, "--size", "9x9", "--out", out}
+              + QString(options).split(' ', Qt::SkipEmptyParts));
+        EXPECT_EQ(middle(out, {9, 9}) == red, isRed) << options;
+    }
+    const QString turn = made("turn");
+    const ProgramRun run =
+        quick({"render", moving, "--turntable", "4", "--size", "9x9", "--out", turn});
+    EXPECT_TRUE(run.err.contains("3/4 003.png\n"));
+    EXPECT_EQ(QDir(turn).entryList(QDir::Files, QDir::Name),
+              (QStringList{"001.png", "002.png", "003.png", "004.png"}));
+    EXPECT_EQ(middle(turn + "/001.png", {9, 9}), red);
+    EXPECT_NE(bytesOf(turn + "/002.png"), bytesOf(turn + "/001.png"));
+
+    const QStringList render{"render", moving, "--out", out};
+    refused(2, render + QStringList{"--time", "-1"}, "--time is a number of seconds from 0, not");
+    refused(2, render + QStringList{"--clip", "Red"}, "--clip needs --time SECONDS");
+    refused(1, render + QStringList{"--time", "1", "--clip", "Redd"}, "did you mean \"Red\"?");
+    refused(1, {"render", file, "--out", out, "--time", "1"}, "the scene has no animations");
+    refused(2, render + QStringList{"--turntable", "9"}, "--turntable makes pictures in a folder");
+    const QStringList turned{"render", moving, "--out", turn, "--turntable"};
+    refused(2, turned + QStringList{"0"}, "--turntable is a number of pictures from 1 to 9999");
+    refused(2, turned + QStringList{"3", "--all"}, "--turntable and --all do not go together");
+}
+
 TEST_F(PictureTest, PreviewsAreMadeForSetsThatHaveNoneOrAStaleOne)
 {
     const QString saved = path("saved.gltf");
@@ -213,6 +261,27 @@ TEST_F(PictureTest, PicturesThatShowNothingOfTheSceneAreNamedWithTheReason)
     EXPECT_EQ(quick(one + QStringList{"--set", "stop : halt"}).err.count("nothing of the"), 1);
 }
 
+TEST_F(PictureTest, LightAndBackgroundAreWhatTheOptionsSay)
+{
+    const QString dim =
+        write("dim.hdr", "#?RADIANCE\n\n-Y 1 +X 2\n\x40\x40\x40\x7e\x40\x40\x40\x7e");
+    const QString nothing = write("nothing.gltf", R"({"asset": {"version": "2.0"}})");
+    const auto rendered = [&](const QStringList &options) {
+        const QString out = path("picture.png");
+        quick(QStringList{"render", nothing, "--size", "64x48", "--out", out} + options);
+        return QImage(out);
+    };
+    const QImage open = rendered({"--background", "none"});
+    EXPECT_TRUE(open.hasAlphaChannel());
+    EXPECT_EQ(open.pixel(0, 0), qRgba(0, 0, 0, 0));
+    const QImage plain = rendered({"--background", "#204060"});
+    EXPECT_FALSE(plain.hasAlphaChannel());
+    EXPECT_EQ(plain.pixel(0, 0), qRgb(0x20, 0x40, 0x60));
+    const QRgb sky = rendered({"--environment", dim}).pixel(0, 0);
+    EXPECT_TRUE(qGray(sky) > 5 && qGray(sky) < 60) << qGray(sky);
+    EXPECT_GT(qGray(rendered({"--environment", dim, "--exposure", "3"}).pixel(0, 0)), 100);
+}
+
 TEST_F(PictureTest, WhatCannotBeDoneIsRefusedBeforeAnythingIsRendered)
 {
     const QString out = path("picture.png");
@@ -229,7 +298,19 @@ TEST_F(PictureTest, WhatCannotBeDoneIsRefusedBeforeAnythingIsRendered)
     for (const QStringList &command : {QStringList{"render", file, "--out", out},
                                        {"previews", file, "--save", saved},
                                        {"catalogue", file, "--out", folder.path()}})
-        refused(2, command + QStringList{"--quality", "good"}, "--quality is quick or best");
+        for (const auto &[option, value, said] :
+             {std::tuple("--quality", "good", "--quality is quick or best"),
+              {"--exposure", "bright", "--exposure is a number from -20 to 20"},
+              {"--environment-rotation", "361", "--environment-rotation is a number"},
+              {"--background", "red", "--background is gradient, environment, none or a colour"},
+              {"--ground", "maybe", "--ground is auto or on or off"}})
+            refused(2, command + QStringList{option, value}, said);
+    for (const QStringList &command : {QStringList{"previews", file, "--save", saved},
+                                       {"catalogue", file, "--out", folder.path()}})
+        refused(2, command + QStringList{"--background", "none"}, "these pictures are opaque");
+    const QStringList lit{"render", file, "--out", out, "--environment"};
+    refused(1, lit + QStringList{path("none.hdr")}, "none.hdr: the file does not exist");
+    refused(1, lit + QStringList{file}, "it is neither a Radiance nor an OpenEXR picture");
     EXPECT_FALSE(QFile::exists(out));
 }
 

@@ -2,13 +2,17 @@
 #include "qxVariants.h"
 
 #include "Pictures/qxPictureProgress.h"
+#include "Render/qxViewSettings.h"
 #include "Session/qxSceneState.h"
+#include "Window/qxLightMenu.h"
 #include "Window/qxOrbit.h"
 #include "WindowFixture.h"
+#include "qxController.h"
 #include "qxRaytracingManager.h"
 #include "qxUberCameraPool.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 /// The picture of the scene, while a hand is on it and afterwards.
 class WindowViewTest : public WindowFixture {
@@ -53,6 +57,44 @@ TEST_F(WindowViewTest, ThePictureFollowsHandAndKeysAndHomeLeadsBack)
     QTest::keyClick(window->sceneView(), Qt::Key_Home);
     EXPECT_EQ(finishedPicture(), atHome);
     EXPECT_TRUE(hint->isHidden());
+}
+
+TEST_F(WindowViewTest, TheLightMenuChangesThePictureAndItsChoicesAreRemembered)
+{
+    openDemo();
+    auto *const menu = window->findChild<qxLightMenu *>();
+    const auto action = [&](const char *text) {
+        for (QAction *each : menu->findChildren<QAction *>()) {
+            if (each->text() == text)
+                return each;
+        }
+        throw std::runtime_error(text);
+    };
+    QImage before = finishedPicture();
+    const auto changes = [&](const char *how) {
+        const QImage now = finishedPicture();
+        EXPECT_NE(now, before) << how;
+        before = now;
+    };
+    action("B&righter")->trigger();
+    changes("exposure");
+    const QString dim =
+        write("dim.hdr", "#?RADIANCE\n\n-Y 1 +X 2\n\x40\x40\x40\x7e\x40\x40\x40\x7e");
+    menu->usePicture(dim);
+    changes("picture");
+    expectDialog([](QDialog &dialog) { dialog.reject(); });
+    menu->usePicture(write("broken.hdr", "none"));
+    EXPECT_TRUE(qxViewSettings::the().environment);
+    action("&Of the Scene")->trigger();
+    changes("own environment");
+
+    qxViewSettings::the() = qxViewSettings();
+    qxLightMenu next(nullptr);
+    EXPECT_EQ(qxViewSettings::the().exposure, 0.5f);
+    Q_EMIT next.findChildren<QMenu *>().first()->aboutToShow();
+    const QList<QAction *> environments = next.findChildren<QMenu *>().first()->actions();
+    EXPECT_TRUE(std::any_of(environments.begin(), environments.end(),
+                            [](QAction *each) { return each->text() == "dim.hdr"; }));
 }
 
 TEST_F(WindowViewTest, AViewFromStraightAboveStaysOneWhenTheSceneIsFittedAndTurnsFromThere)
@@ -159,4 +201,41 @@ TEST_F(WindowViewTest, PreviewsOfAllSetsLeaveTheSceneAloneAndAreOneStep)
     action("Previews of All Sets")->trigger();
     EXPECT_TRUE(made() > 0 && made() < int(qxVariants::_variantSets.size())) << made();
     EXPECT_TRUE(qxSceneState::take().isLike(before));
+}
+
+TEST_F(WindowViewTest, AnimationsPlayInTheViewAndLeaveTheSceneAlone)
+{
+    openDesk();
+    auto *const bar = window->findChild<QToolBar *>("animation");
+    EXPECT_TRUE(bar->isHidden()) << "there is nothing to play";
+    QByteArray text = sceneWith("signs").replace("[8, 8, 0]}", R"([8, 8, 0]},
+        {"bufferView": 0, "byteOffset": 8, "componentType": 5126, "count": 2, "type": "SCALAR"},
+        {"bufferView": 0, "componentType": 5126, "count": 2, "type": "VEC3"})");
+    text.replace("\"cameras\"", R"("animations": [{"name": "Slide", "channels": [
+        {"sampler": 0, "target": {"node": 1, "path": "translation"}}],
+        "samplers": [{"input": 1, "output": 2}]}], "cameras")");
+    ASSERT_TRUE(window->openFile(write("moving.gltf", text)));
+    EXPECT_FALSE(bar->isHidden());
+    const QImage rest = finishedPicture();
+    auto *const slider = bar->findChild<QSlider *>();
+    const QTimer *const timer = bar->findChild<QTimer *>();
+    const auto press = [this](Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        QTest::keyClick(window->sceneView(), Qt::Key_Space, keys);
+    };
+    press();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return slider->value() > 0; }, 60000));
+    press();
+    EXPECT_FALSE(timer->isActive()) << "a pause costs nothing";
+    EXPECT_NE(finishedPicture(), rest);
+    slider->setValue(slider->maximum());
+    EXPECT_TRUE(bar->findChild<QLabel *>()->text().contains("8.00 of 8.00 s"));
+    EXPECT_FALSE(isUnsaved());
+    press(Qt::ShiftModifier);
+    EXPECT_EQ(finishedPicture(), rest);
+    qxMessage message;
+    message.set("animation-name", std::string("Slide"));
+    qxController::call("animationStart", message, 1);
+    EXPECT_TRUE(timer->isActive());
+    openDesk();
+    EXPECT_TRUE(bar->isHidden() && !timer->isActive());
 }

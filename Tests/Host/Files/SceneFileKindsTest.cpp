@@ -1,4 +1,6 @@
+#include "Animation/qxAnimationPlayer.h"
 #include "Files/SceneFileFixture.h"
+#include "Light/qxEnvironmentPicture.h"
 #include "OSGUberLight.h"
 #include "qxAnimManager.h"
 #include "qxLights.h"
@@ -207,6 +209,52 @@ TEST_F(SceneFileKindsTest, ANewEnvironmentIsWrittenWithItsMaterials)
     EXPECT_EQ(jsonOf(path("empty.gltf"))["scenes"][0].count("nodes"), 0u);
 }
 
+TEST_F(SceneFileKindsTest, ThePictureOfTheShownEnvironmentLightsTheScene)
+{
+    const QByteArray grey =
+        "#?RADIANCE\n\n-Y 1 +X 2\n\x40\x40\x40\x81\x40\x40\x40\x81"; // half of white
+    write("sky/day.hdr", grey);
+    write("broken.exr", QByteArray("none"));
+    const qxJson json = {
+        {"asset", {{"version", "2.0"}}},
+        {"nodes",
+         {{{"extras", {{"qxEnvironment", true}, {"qxSwitch", 0}}}, {"children", {1, 2, 3, 4}}},
+          {{"extras",
+            {{"qxEnvironmentPicture", "sky/day.hdr"},
+             {"qxEnvironmentExposure", 1},
+             {"qxEnvironmentRotation", "much"}}}},
+          {{"extras", {{"qxEnvironmentPicture", "broken.exr"}}}},
+          {{"extras", {{"qxEnvironmentPicture", "../lost.hdr"}}}},
+          {{"name", "Plain"}}}}};
+    load(json);
+    EXPECT_EQ(file.warnings(),
+              (QStringList{"node 1: qxEnvironmentRotation is no number",
+                           "node 2: the picture of the environment is left out: it is neither a "
+                           "Radiance nor an OpenEXR picture",
+                           "node 3: the picture of the environment is left out: \"../lost.hdr\" "
+                           "leads out of the folder of the scene file"}));
+    const TestNode choices(qxScenegraph::environmentGeometrySwitch());
+    const auto brightnessOf = [](osg::UInt32 picture) {
+        return qxEnvironmentPicture::lightOf(picture)->light(osg::Vec3f(0, 1, 0))[1];
+    };
+    for (const auto &[choice, isLit] :
+         {std::pair(0, true), {1, false}, {2, false}, {3, false}, {-1, false}, {-2, true}}) {
+        choices.choose(choice);
+        const osg::UInt32 picture = qxEnvironmentPicture::shownBy(choices);
+        EXPECT_EQ(picture != 0, isLit) << choice;
+        EXPECT_TRUE(!isLit || brightnessOf(picture) > 0.98f) << choice;
+    }
+    choices.choose(0);
+    choices.child(0).setMask(0);
+    EXPECT_EQ(qxEnvironmentPicture::shownBy(choices), 0u);
+    choices.child(0).setMask(1);
+    EXPECT_EQ(qxEnvironmentPicture::shownBy(osg::NullFC), 0u);
+    expectSaved(json);
+    save(path("other/saved.gltf"));
+    EXPECT_EQ(jsonOf(path("other/saved.gltf"))["nodes"], json["nodes"]);
+    EXPECT_EQ(bytesOf(path("other/sky/day.hdr")), grey);
+}
+
 TEST_F(SceneFileKindsTest, CamerasAreViewpoints)
 {
     loadText(R"("scenes": [{"nodes": [0, 2]}], "nodes": [
@@ -222,4 +270,59 @@ TEST_F(SceneFileKindsTest, CamerasAreViewpoints)
     ASSERT_EQ(pool.count(), 2);
     expectViewpoint(0, {"Front", inFront, 0.5f, 0, 0.25f, 0});
     expectViewpoint(1, {"Plan", osg::Matrix(), 0, 6, 1, 9});
+}
+
+TEST_F(SceneFileKindsTest, AnimationsMoveTheirNodesAndMalformedChannelsAreLeftOutWithAWarning)
+{
+    // Of the corners of the triangle 0 and 8 are the times, the first two the places.
+    QByteArray text = sceneWith("signs", "").replace("[8, 8, 0]}", R"([8, 8, 0]},
+        {"bufferView": 0, "byteOffset": 8, "componentType": 5126, "count": 2, "type": "SCALAR"},
+        {"bufferView": 0, "componentType": 5126, "count": 2, "type": "VEC3"})");
+    text.replace("\"cameras\"", R"("animations": [{"name": "Slide", "channels": [
+        {"sampler": 0, "target": {"node": 1, "path": "translation"}}],
+        "samplers": [{"input": 1, "output": 2, "interpolation": "LINEAR"}]}], "cameras")");
+    const auto clip = [this](const QByteArray &scene) {
+        load(write("moving.gltf", scene));
+        EXPECT_EQ(qxAnimManager::the()->clips(), std::vector<std::string>{"Slide"});
+        return qxAnimationPlayer::the().clips().at(0);
+    };
+    const qxAnimationClip good = clip(text);
+    EXPECT_EQ(file.warnings(), QStringList());
+    ASSERT_EQ(good.channels.size(), 1u);
+    EXPECT_EQ(good.duration(), 8);
+    EXPECT_EQ(good.channels[0].node, find("Red").node().getFieldContainerId());
+    EXPECT_EQ(good.channels[0].curve.at(4), (std::vector<float>{2, -4, 0}));
+    expectSaved(jsonOf(path("moving.gltf")));
+    // A switch stands where a node above it stands.
+    const qxAnimationClip above = clip(QByteArray(text)
+                                           .replace("\"Sign\",", "\"Sign\", \"scale\": [2, 2, 2],")
+                                           .replace("{\"node\": 1", "{\"node\": 0"));
+    ASSERT_EQ(above.channels.size(), 1u);
+    EXPECT_EQ(above.channels[0].node, find("Sign").node()->getParent().getFieldContainerId());
+
+    for (const auto &[what, instead, words] :
+         {std::tuple("\"byteOffset\": 8", "\"byteOffset\": 0", "keys do not ascend"),
+          {"\"count\": 2, \"type\": \"S", "\"count\": 1, \"type\": \"S",
+           "keys need 3 numbers, it has 6"},
+          {"\"LINEAR\"", "\"CUBICSPLINE\"", "its 2 keys need 18 numbers, it has 6"},
+          {"\"LINEAR\"", "\"WILD\"", "unknown interpolation \"WILD\""},
+          {"\"translation\"}", "\"colour\"}", "\"colour\" cannot be animated"},
+          {"\"translation\"}", "\"rotation\"}", "accessor 2 has elements of the wrong type"},
+          {"\"translation\"}", "\"weights\"}", "its node has no morph targets"},
+          {"\"output\": 2", "\"output\": 7", "refers to accessor 7"},
+          {"\"input\": 1", "\"input\": 2", "accessor 2 has elements of the wrong type"},
+          {"\"sampler\": 0", "\"sampler\": 3", "refers to sampler 3"},
+          {"{\"node\": 1", "{\"node\": 9", "refers to node 9, the file has 5"},
+          {"\"Red\",", "\"Red\", \"matrix\": [1,0,0,0,0,1,0,0,0,0,1,0,0,0,0,1],", "a matrix says"},
+          {"\"samplers\": [{\"i", "\"none\": [{\"i", "the animation has no \"samplers\""},
+          // What extensions animate is theirs.
+          {"{\"node\": 1, \"path\": \"translation\"}", "{\"path\": \"pointer\"}", ""}}) {
+        SCOPED_TRACE(instead);
+        ASSERT_TRUE(text.contains(what));
+        EXPECT_EQ(clip(QByteArray(text).replace(what, instead)).channels.size(), 0u);
+        ASSERT_EQ(file.warnings().size(), *words ? 1 : 0);
+        const QString said = file.warnings().value(0);
+        EXPECT_TRUE(said.contains(words)) << said.toStdString();
+        EXPECT_EQ(said.startsWith("animation 0 \"Slide\", channel 0: "), *words != 0);
+    }
 }

@@ -168,6 +168,10 @@ TEST_F(SceneFileReadTest, WhatIsDecodedStaysWithinTheMemoryLimit)
                   "its JSON: 5.723 MB of memory are needed");
     expectRefused(sceneText(data + text.left(200000) + "\"}]"),
                   "buffer 0: 0.8583 MB of memory are");
+    expectRefused(sceneText(R"("nodes": [{}], "animations": [{"samplers": [{"input": 0}],
+        "channels": [{"sampler": 0, "target": {"node": 0, "path": "scale"}}]}], "accessors":
+        [{"componentType": 5126, "count": 900000, "type": "SCALAR"}])"),
+                  "animation 0, channel 0: 3.433 MB of memory are needed");
     EXPECT_EQ(loadError(write("fits.gltf", sceneText(data + "\"}]"))), "");
     write("data.bin", QByteArray(4000000, 0));
     expectRefused(sceneText(R"("buffers": [{"byteLength": 9, "uri": "data.bin"}])"),

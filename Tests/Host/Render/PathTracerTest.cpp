@@ -80,12 +80,12 @@ TEST_F(PathTracerTest, LightComesAsBothWaysOfLookingForItTell)
         surface.metallic = 0.5f;
         surface.roughness = roughness;
         surface.setTo(material);
-        const osg::Vec3f half(0.5f, 0.5f, 0.5f);
-        qxShading::Surface point;
-        point.base = half;
-        point.metallic = 0.5f;
-        point.roughness = roughness;
-        const qxShading shading(point, osg::Vec3f(0, 0, 1));
+        qxShading::Surface wall;
+        wall.base = osg::Vec3f(0.5f, 0.5f, 0.5f);
+        wall.metallic = 0.5f;
+        wall.roughness = roughness;
+        wall.normal = osg::Vec3f(0, 0, 1);
+        const qxShading shading(wall, osg::Vec3f(0, 0, 1));
         osg::Vec3f turned, asked;
         const std::uint32_t count = 60000;
         for (std::uint32_t i = 0; i < count; ++i) {

@@ -364,7 +364,7 @@ TEST_F(RenderMaterialTest, ChannelsOfPicturesAreFactorsInTheirColourSpace)
         const auto shown = [&](const TestNode &square, const qxSurface &look) {
             const osg::MaterialPtr material = lit(0.6f, 0.5f, 0.4f, look);
             if (row.role == S::Emissive)
-                osg::SimpleMaterialPtr::dcast(material)->setEmission(osg::Color3f(1, 1, 1));
+                osg::SimpleMaterialPtr::dcast(material)->setEmission(osg::Color3f(0.2f, 0.2f, 0.2f));
             qxNodeUtils::setMaterial(square, material, false, false);
         };
         shown(squares[2], surface);

@@ -1,6 +1,7 @@
 #include "Animation/qxPose.h"
 #include "Files/Gltf/Common/qxGltfJson.h"
 #include "Files/qxSceneFile.h"
+#include "Render/qxSceneBox.h"
 #include "RenderFixture.h"
 #include "TestFiles.h"
 
@@ -111,6 +112,11 @@ TEST_F(RenderShapeTest, ASkinFollowsItsJointsWhereverItsNodeStands)
                                             {Weights{0, 0.25f, 0, 0.5f}, "top left"}}) {
         addSkin(weights);
         EXPECT_EQ(loaded(), expected) << weights[0] << ' ' << weights[1];
+        // Around what each of the joints would make of it, not where the node stands.
+        osg::Pnt3f low, high;
+        qxSceneBox(qxScenegraph::getRoot()).getBounds(low, high);
+        EXPECT_EQ(low, osg::Pnt3f(-1, -1, 0));
+        EXPECT_EQ(high, osg::Pnt3f(0, 1, 0));
     }
     // As they were bound: each joint where it is now, but the hand to the right of that.
     const std::array<float, 32> bound = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 1, 0, 0, 1,

@@ -1,6 +1,7 @@
 #include "Sets/qxSetsView.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
+#include "qxAnimationBar.h"
 #include "qxController.h"
 #include "qxLanguage.h"
 #include "qxLightMenu.h"
@@ -101,6 +102,7 @@ void qxWorkbenchWindow::buildViewMenu()
                            + QKeySequence::keyBindings(QKeySequence::PreviousChild));
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         menu->addAction(dock->toggleViewAction());
+    menu->addAction(m_animation->toggleViewAction());
     menu->addSeparator();
     auto *const languages = new QMenu(this);
     named(menu->addMenu(languages), QT_TR_NOOP("&Language"));
@@ -161,7 +163,8 @@ void qxWorkbenchWindow::buildHelpMenu()
             this, tr("Mouse and keys"),
             tr("Left button: turn. Middle button, or left with Shift: move.\n"
                "Wheel or right button: zoom. Click: pick a node. Double click: look at it.\n"
-               "Arrows: turn. + and -: zoom. F: show everything. Home: go home.\n\n"
+               "Arrows: turn. + and -: zoom. F: show everything. Home: go home.\n"
+               "Space: play or pause animations. Shift+Space: stop them.\n\n"
                "Enter or a double click selects the set under the cursor, F2 renames it.\n"
                "Keys of sets select them anywhere but in text fields."));
     };

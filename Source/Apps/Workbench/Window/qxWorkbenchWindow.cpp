@@ -7,6 +7,7 @@
 #include "Session/qxSetPreviews.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
+#include "qxAnimationBar.h"
 #include "qxController.h"
 #include "qxLanguage.h"
 #include "qxLogView.h"
@@ -93,6 +94,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     m_before.reset();
     m_beforeScript.reset();
     delete m_unsaved;
+    delete m_animation;
     delete takeCentralWidget();
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         delete dock;
@@ -120,6 +122,10 @@ void qxWorkbenchWindow::buildDocks()
         statusBar()->showMessage(line, 15000);
     });
     m_console = new qxScriptConsole;
+    m_animation = new qxAnimationBar(this);
+    addToolBar(Qt::BottomToolBarArea, m_animation);
+    giveKey(m_animation->playAction(), Qt::Key_Space);
+    giveKey(m_animation->stopAction(), Qt::SHIFT + Qt::Key_Space);
 
     addDock(dockOf(m_treeView, QT_TR_NOOP("Scene"), QStringLiteral("scene")),
             Qt::LeftDockWidgetArea);
@@ -135,6 +141,14 @@ void qxWorkbenchWindow::buildDocks()
     // Lists are long, lines are few.
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+}
+
+/// One that works while the view has the focus: lists use it themselves.
+void qxWorkbenchWindow::giveKey(QAction *action, const QKeySequence &key)
+{
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    m_view->QWidget::addAction(action);
 }
 
 void qxWorkbenchWindow::addDock(QDockWidget *dock, Qt::DockWidgetArea area)
@@ -185,6 +199,7 @@ void qxWorkbenchWindow::restoreLayout()
     resize(1280, 800);
     restoreGeometry(settings.value(geometryKey).toByteArray());
     m_hasLayout = restoreState(settings.value(layoutKey).toByteArray());
+    m_animation->hide(); // until a scene has animations
 }
 
 /// Docks take a size only when the window has one.

@@ -9,6 +9,7 @@
 
 class QTreeView;
 class QUndoStack;
+class qxAnimationBar;
 class qxLanguage;
 class qxBlockedScriptReport;
 class qxLogView;
@@ -59,6 +60,7 @@ protected:
 
 private:
     void buildDocks();
+    void giveKey(QAction *action, const QKeySequence &key);
     void addDock(QDockWidget *dock, Qt::DockWidgetArea area);
     QDockWidget *dockOf(QWidget *contents, const char *title, const QString &name);
     QMenu *addMenu(const char *title);
@@ -115,6 +117,7 @@ private:
     QString m_lastError; ///< of the log
     qxPanelEvents *m_events;
     qxSceneView *m_view;
+    qxAnimationBar *m_animation;
     std::unique_ptr<qxPictureDialog> m_pictureDialog;
     qxVariantSetsDock *m_sets;
     qxVariantsDock *m_variants;

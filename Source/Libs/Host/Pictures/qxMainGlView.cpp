@@ -4,16 +4,11 @@
 #include "Pictures/qxScenePicture.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
-
-#include <cmath>
 
 namespace {
 
 const int _stillTime = 150; ///< milliseconds without a request before refining begins
 const int _pollTime = 15;
-const float _fluentTime = 30.0f; ///< milliseconds for a picture
-const int _coarsestPixel = 4; ///< width of a quick picture's pixel in those of the view
 const int _bestWork = 12; ///< samples that the best quality takes on average
 
 qxMainGlView *&currentView()
@@ -57,7 +52,13 @@ qxMainGlView::qxMainGlView(int width, int height)
     currentView() = this;
     qxScenePicture::setBorrower(interruptCurrent);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { work(); });
-    m_requests = qxRenderRequests::addListener([this](bool) { ask(); });
+    m_requests = qxRenderRequests::addListener([this](bool everything) {
+        if (everything) {
+            m_job.reset(); // It may use what is to be forgotten.
+            m_moving.forget();
+        }
+        ask();
+    });
     ask();
 }
 
@@ -104,7 +105,7 @@ void qxMainGlView::resize(int width, int height)
 void qxMainGlView::captureImage(osg::ImagePtr image, int &width, int &height)
 {
     if (m_isStale || m_isCoarse)
-        drawQuick(1);
+        drawQuick();
     width = m_picture->isValid() ? m_picture->getWidth() : 0;
     height = m_picture->isValid() ? m_picture->getHeight() : 0;
     if (!m_picture->isValid())
@@ -150,7 +151,7 @@ void qxMainGlView::work()
     if (qxScenePicture::isRendering()) {
         m_timer.start(_stillTime); // That picture has the processors, and the renderer.
     } else if (m_isStale) {
-        drawQuick(quickPixelSize());
+        m_isFluent ? drawMoving() : drawQuick();
         m_timer.start(_stillTime);
     } else if (m_job && m_job->isDone()) {
         end();
@@ -166,26 +167,35 @@ void qxMainGlView::work()
 void qxMainGlView::refine()
 {
     if (m_isStale)
-        return drawQuick(1);
+        return drawQuick();
     if (!m_job && !m_steps.empty())
         begin();
     if (m_job)
         end();
 }
 
-int qxMainGlView::quickPixelSize() const
-{
-    if (!m_isFluent)
-        return 1;
-    const float time = m_pixelTime * float(m_width) * float(m_height);
-    return std::clamp(int(std::ceil(std::sqrt(time / _fluentTime))), 1, _coarsestPixel);
-}
-
-void qxMainGlView::drawQuick(int pixelSize)
+void qxMainGlView::drawMoving()
 {
     m_job.reset();
     m_isStale = false;
-    m_isCoarse = pixelSize > 1;
+    const qxPicture picture = qxScenePicture::render(settings(qxPictureSettings::Quick), m_moving);
+    m_isCoarse = m_moving.share() < 1.0f;
+    planSteps();
+    take(picture);
+}
+
+void qxMainGlView::drawQuick()
+{
+    m_job.reset();
+    m_isStale = false;
+    m_isCoarse = false;
+    planSteps();
+    take(qxScenePicture::render(settings(qxPictureSettings::Quick)));
+}
+
+/// A coarse picture becomes the quick one first.
+void qxMainGlView::planSteps()
+{
     if (!m_steps.empty() && m_steps.back() == qxPictureSettings::Quick)
         m_steps.pop_back();
     if (m_isCoarse)
@@ -193,26 +203,14 @@ void qxMainGlView::drawQuick(int pixelSize)
     m_total = 0;
     for (const int step : m_steps)
         m_total += workOf(step);
-    QElapsedTimer timer;
-    // Reading the scene takes the same time for pictures of all sizes.
-    const auto begins = [&timer](int done, int) {
-        if (done == 0)
-            timer.start();
-        return true;
-    };
-    const qxPictureSettings wanted = settings(pixelSize, qxPictureSettings::Quick);
-    const qxPicture picture = qxScenePicture::render(wanted, begins);
-    if (timer.isValid())
-        m_pixelTime =
-            float(timer.nsecsElapsed()) * 1e-6f / float(wanted.width) / float(wanted.height);
-    take(picture);
 }
 
 void qxMainGlView::begin()
 {
     m_jobQuality = m_steps.back();
     m_steps.pop_back();
-    m_job = std::make_unique<qxPictureJob>(settings(1, m_jobQuality));
+    const bool isQuick = m_jobQuality == qxPictureSettings::Quick;
+    m_job = std::make_unique<qxPictureJob>(settings(m_jobQuality), isQuick ? &m_moving : nullptr);
 }
 
 void qxMainGlView::end()
@@ -223,11 +221,11 @@ void qxMainGlView::end()
     take(picture);
 }
 
-qxPictureSettings qxMainGlView::settings(int pixelSize, int quality) const
+qxPictureSettings qxMainGlView::settings(int quality) const
 {
     qxPictureSettings result;
-    result.width = (m_width + pixelSize - 1) / pixelSize;
-    result.height = (m_height + pixelSize - 1) / pixelSize;
+    result.width = m_width;
+    result.height = m_height;
     result.quality = quality;
     return result;
 }
@@ -236,7 +234,9 @@ void qxMainGlView::take(const qxPicture &picture)
 {
     if (picture.isEmpty())
         return;
-    m_content = picture.content;
+    // A coarse picture may have missed what is to be seen.
+    if (!m_isCoarse || picture.content == qxPicture::Shown)
+        m_content = picture.content;
     {
         const osg::CPEditor edit(m_picture.get());
         m_picture->set(osg::Image::OSG_RGBA_PF, picture.width, picture.height, 1, 1, 1, 0,

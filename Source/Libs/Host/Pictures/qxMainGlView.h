@@ -13,7 +13,8 @@
 
 /// The main view, with or without a window: a picture of the scene that follows its changes.
 ///
-/// On a request (qxController::updateRender) it shows a quick picture at once. After a pause it
+/// On a request (qxController::updateRender) it shows a quick picture at once, for a camera that
+/// moves one that is nearly like it. After a pause it
 /// refines the picture step by step in the background, by the settings of ray tracing. There is one
 /// main view at a time, the latest one.
 class qxMainGlView : public qxOSGWidget {
@@ -34,8 +35,8 @@ public:
     qxPicture::Content content() const { return m_content; }
     /// Pictures have that size in pixels from now on.
     void resize(int width, int height);
-    /// Whether quick pictures get fewer pixels if this machine is too slow for moving the camera
-    /// smoothly. They are refined first.
+    /// Whether the first picture after a request is made in the time that a fluent movement allows
+    /// (qxMovingPicture), and the quick picture follows.
     void setFluent(bool on) { m_isFluent = on; }
     /// Is called whenever what it shows has changed. One at a time; an empty one for none.
     void setListener(const std::function<void()> &listener) { m_listener = listener; }
@@ -56,21 +57,22 @@ public:
 private:
     void ask();
     void work();
-    void drawQuick(int pixelSize);
-    int quickPixelSize() const;
+    void drawMoving();
+    void drawQuick();
+    void planSteps();
     void begin();
     void end();
     void take(const qxPicture &picture);
     void tell() const;
-    qxPictureSettings settings(int pixelSize, int quality) const;
+    qxPictureSettings settings(int quality) const;
 
     int m_width;
     int m_height;
     osg::ImageRefPtr m_picture;
     qxPicture::Content m_content = qxPicture::Shown;
     bool m_isFluent = false;
-    bool m_isCoarse = false; ///< the picture has fewer pixels than the view
-    float m_pixelTime = 1e-3f; ///< of a quick picture on this machine, in milliseconds
+    bool m_isCoarse = false; ///< the picture is not yet the quick one
+    qxMovingPicture m_moving;
     bool m_isStale = true; ///< the picture is older than the scene
     std::vector<int> m_steps; ///< the qualities still to come, the next one last
     int m_total = 0; ///< work of all steps, in samples

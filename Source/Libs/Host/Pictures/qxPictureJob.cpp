@@ -7,10 +7,11 @@
 #include <new>
 #include <system_error>
 
-qxPictureJob::qxPictureJob(const qxPictureSettings &settings)
+qxPictureJob::qxPictureJob(const qxPictureSettings &settings, qxMovingPicture *moving)
     : m_renderer(qxScenePicture::takeRenderer())
 {
-    const qxRenderer::Drawing drawing = m_renderer->prepared(settings);
+    const qxRenderer::Drawing drawing =
+        moving ? moving->whole(*m_renderer, settings) : m_renderer->prepared(settings);
     if (!drawing)
         return;
     const auto draw = [this, drawing] {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Render/qxRenderer.h"
+#include "Pictures/qxMovingPicture.h"
 
 #include <atomic>
 #include <future>
@@ -9,8 +9,9 @@
 /// at the start.
 class qxPictureJob {
 public:
-    /// Reads the scene, then renders in threads of its own. The scene may change afterwards.
-    explicit qxPictureJob(const qxPictureSettings &settings);
+    /// Reads the scene, then renders in threads of its own. The scene may change afterwards. With
+    /// `moving`, which must outlive the job, the whole picture is made that the next ones follow.
+    explicit qxPictureJob(const qxPictureSettings &settings, qxMovingPicture *moving = nullptr);
     qxPictureJob(const qxPictureJob &) = delete;
     /// Waits for the threads, which start no further tiles.
     ~qxPictureJob();

@@ -45,6 +45,20 @@ void getRendererBack()
         borrower()();
 }
 
+qxPicture rendered(const std::function<qxPicture(qxRenderer &)> &render)
+{
+    getRendererBack();
+    std::unique_ptr<qxRenderer> renderer = qxScenePicture::takeRenderer();
+    qxPicture picture;
+    {
+        const qxRendering rendering;
+        picture = render(*renderer);
+    }
+    qxScenePicture::giveBack(std::move(renderer));
+    lastContent() = picture.content;
+    return picture;
+}
+
 qxRenderer &presentRenderer()
 {
     getRendererBack();
@@ -58,16 +72,12 @@ qxRenderer &presentRenderer()
 qxPicture qxScenePicture::render(const qxPictureSettings &settings,
                                  const qxPicture::Progress &progress)
 {
-    getRendererBack();
-    std::unique_ptr<qxRenderer> renderer = takeRenderer();
-    qxPicture picture;
-    {
-        const qxRendering rendering;
-        picture = renderer->render(settings, progress);
-    }
-    giveBack(std::move(renderer));
-    lastContent() = picture.content;
-    return picture;
+    return rendered([&](qxRenderer &renderer) { return renderer.render(settings, progress); });
+}
+
+qxPicture qxScenePicture::render(const qxPictureSettings &settings, qxMovingPicture &moving)
+{
+    return rendered([&](qxRenderer &renderer) { return moving.next(renderer, settings); });
 }
 
 qxPicture::Content qxScenePicture::content()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Render/qxRenderer.h"
+#include "Pictures/qxMovingPicture.h"
 
 /// Pictures of the running host's scene, all made by one renderer, so that its caches are reused.
 class qxScenePicture {
@@ -8,6 +8,8 @@ public:
     /// As qxRenderer::render. It may be called while another picture is being made.
     static qxPicture render(const qxPictureSettings &settings,
                             const qxPicture::Progress &progress = {});
+    /// The same of a camera that moves.
+    static qxPicture render(const qxPictureSettings &settings, qxMovingPicture &moving);
     /// Whether render is running, for code in events that its progress display processes.
     static bool isRendering();
     /// What the last picture of render shows.

@@ -15,6 +15,10 @@ public:
     /// Whether the nodes of the environment are what lights the scene.
     bool hasGeometry() const { return m_hasGeometry; }
 
+    /// Whether a row of the picture is the same everywhere behind the scene, wherever the camera
+    /// looks.
+    bool isPlain() const { return !m_showsGeometry && !m_showsSky; }
+
     /// What a ray of the eye sees.
     struct Layers {
         osg::Vec3f light; ///< of what is lit

@@ -11,10 +11,10 @@ namespace {
 
 const int _largestTile = 16; ///< width and height in pixels
 /// Samples of the best quality: as many as a pixel needs, looked at after so many at a time.
-const int _bestSamples = 30;
+const int _bestSamples = 24;
 const int _sampleStep = 6;
 const int _fewestToFilter = 4; ///< samples that tell noise from what is there
-const float _tooMuchNoise = 12.0f / 255.0f; ///< in the colours of the picture
+const float _tooMuchNoise = 14.0f / 255.0f; ///< in the colours of the picture
 const float _easyShare = 0.2f; ///< of the noise where the filter does well: inside of surfaces
 const float _brightestSample = 4.0f;
 
@@ -48,6 +48,8 @@ struct qxPainter::Sample : Layers {
     osg::Vec3f colour; ///< own one of what is seen
     osg::Vec3f normal;
     int sides = qxTracer::Nothing; ///< of surfaces
+    float distance = 0; ///< as that of qxTracer::RayResult, of the nearest overlay where one is
+    bool isInFront = false; ///< there is one
 };
 
 /// What the samples of a pixel have in common.
@@ -273,6 +275,9 @@ std::vector<bool> qxPainter::noisyOnes(const std::vector<Average> &pixels, int w
 {
     const int height = int(pixels.size()) / width;
     const int reach = 2;
+    std::vector<float> variances;
+    for (const Average &pixel : pixels)
+        variances.push_back(pixel.shownVariance());
     std::vector<bool> result;
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
@@ -280,7 +285,7 @@ std::vector<bool> qxPainter::noisyOnes(const std::vector<Average> &pixels, int w
             float count = 0.0f;
             for (int j = std::max(0, y - reach); j < std::min(height, y + reach + 1); ++j) {
                 for (int i = std::max(0, x - reach); i < std::min(width, x + reach + 1); ++i) {
-                    sum += pixels[std::size_t(j * width + i)].shownVariance();
+                    sum += variances[std::size_t(j * width + i)];
                     count += 1.0f;
                 }
             }
@@ -313,15 +318,22 @@ void qxPainter::showFiltered()
     }
 }
 
-void qxPainter::show(int x, int y, const Layers &layers, const osg::Vec3f &scattered)
+osg::Vec3f qxPainter::shownColour(const Layers &layers, const osg::Vec3f &scattered,
+                                  float &alpha) const
 {
     osg::Vec3f shown = layers.plain;
     if (layers.lit > 0.0f) {
         const osg::Vec3f light = layers.light + scattered;
         shown += qxToneMapped(light * (m_exposure / layers.lit)) * layers.lit;
     }
-    const float alpha = std::clamp(1.0f - layers.open, 0.0f, 1.0f);
-    const osg::Vec3f colour = qxShownColour(alpha > 0.0f ? shown * (1.0f / alpha) : shown);
+    alpha = std::clamp(1.0f - layers.open, 0.0f, 1.0f);
+    return qxShownColour(alpha > 0.0f ? shown * (1.0f / alpha) : shown);
+}
+
+void qxPainter::show(int x, int y, const Layers &layers, const osg::Vec3f &scattered)
+{
+    float alpha;
+    const osg::Vec3f colour = shownColour(layers, scattered, alpha);
     std::uint8_t *const bytes = &m_picture.rgba[place(x, y) * 4];
     for (osg::UInt32 i = 0; i < 3; ++i)
         bytes[i] = std::uint8_t(std::lround(colour[i] * 255.0f));
@@ -343,11 +355,11 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     result.lit = seen.lit;
     result.plain = seen.plain;
     const float behind = seen.transmittance;
+    const float ground = m_ground && behind > 0.0f ? m_ground->through(ray) : 1.0f;
     if (behind > 0.0f) {
         Layers layers;
-        m_background.add(ray, (float(y) + shift[1]) / float(m_settings.height),
-                         m_ground ? behind * m_ground->through(ray) : behind, m_environment.get(),
-                         layers);
+        m_background.add(ray, (float(y) + shift[1]) / float(m_settings.height), behind * ground,
+                         m_environment.get(), layers);
         result.light += qxProduct(layers.light, seen.tint);
         result.plain += qxProduct(layers.plain, seen.tint);
         result.lit += layers.lit;
@@ -356,6 +368,8 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     result.colour = seen.colour;
     result.normal = seen.normal;
     result.sides = seen.sides;
+    const bool isGround = ground < 1.0f && !std::isfinite(seen.distance);
+    result.distance = isGround ? m_ground->distanceAlong(ray) : seen.distance;
     const auto cover = [&result](const osg::Vec3f &light, float through) {
         result.plain = light + result.plain * through;
         result.light *= through;
@@ -371,6 +385,33 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
         const qxTracer::RayResult front = overlay.trace(ray, sampler);
         cover(front.plain, front.transmittance);
         result.sides |= front.sides & qxTracer::Front;
+        result.isInFront = result.isInFront || std::isfinite(front.distance);
+        if (std::isfinite(front.distance))
+            result.distance = front.distance;
     }
     return result;
+}
+
+void qxPainter::prepareSpots()
+{
+    const auto fillRow = [this](int row) { m_ground->fillRow(row); };
+    if (m_ground)
+        qxForAllTiles(m_ground->rowCount(), m_settings.threads, fillRow, [](int) { return true; });
+}
+
+qxPainter::Spot qxPainter::spot(int x, int y)
+{
+    const Sample seen = sample(x, y, 0);
+    if ((m_sides | seen.sides) != m_sides)
+        m_sides |= seen.sides;
+    float alpha;
+    return {shownColour(seen, seen.scattered, alpha), seen.distance, seen.isInFront};
+}
+
+osg::Vec3f qxPainter::plainBackground(int y) const
+{
+    Layers layers;
+    m_background.add(qxRay(), (float(y) + 0.5f) / float(m_settings.height), 1.0f, nullptr, layers);
+    float alpha;
+    return shownColour(layers, osg::Vec3f(), alpha);
 }

@@ -19,6 +19,25 @@ public:
     /// An empty picture when `progress` ends it.
     qxPicture paint(const qxPicture::Progress &progress);
 
+    /// \name For quick pictures that are put together elsewhere: single pixels, once prepared, from
+    /// any thread. @{
+    void prepareSpots();
+    /// What the ray through the middle of a pixel sees.
+    struct Spot {
+        osg::Vec3f colour; ///< as the picture shows it
+        float distance; ///< along the ray; infinite for what is behind the scene
+        bool isInFront; ///< it is of an overlay
+    };
+    Spot spot(int x, int y);
+    const qxRenderCamera &camera() const { return m_camera; }
+    /// Whether what is behind the scene is the same in a whole row, wherever the camera looks, and
+    /// what it is there.
+    bool hasPlainBackground() const { return m_background.isPlain(); }
+    osg::Vec3f plainBackground(int y) const;
+    /// What the spots show so far.
+    qxPicture::Content content() const;
+    /// @}
+
 private:
     struct Sample;
     class Average;
@@ -28,12 +47,12 @@ private:
                                 const qxRenderClipping &clipping) const;
     int tileCount() const;
     void paintTile(int tile);
-    qxPicture::Content content() const;
     static std::vector<bool> noisyOnes(const std::vector<Average> &pixels, int width);
     void addSamples(int x, int y, int count, Average &pixel) const;
     void finish(int x, int y, const Average &pixel);
     Sample sample(int x, int y, int number) const;
     void showFiltered();
+    osg::Vec3f shownColour(const Layers &layers, const osg::Vec3f &scattered, float &alpha) const;
     void show(int x, int y, const Layers &layers, const osg::Vec3f &scattered);
     std::size_t place(int x, int y) const
     {

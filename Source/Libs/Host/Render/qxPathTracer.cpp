@@ -17,6 +17,7 @@ const float _brightest = 4.0f;
 const float _smoothestLater = 0.3f;
 const float _paneLike = 0.1f; ///< roughness up to which a thin wall shows what is behind it sharply
 const float _mirrorLike = 0.25f; ///< roughness up to which a surface shows others
+const float _patience = 0.6f; ///< with such paths: what they bring is smooth, and many count
 const float _splitShare = 0.25f; ///< of the picture, from which on all rays are followed
 
 float heuristic(float density, float other)
@@ -30,8 +31,7 @@ float heuristic(float density, float other)
 /// A way back from the eye towards the light.
 class qxPathTracer::Path {
 public:
-    Path(const qxSurfacePoint &first, const qxRenderLayer &layer, const osg::Vec4f &base)
-        : hit(first)
+    Path(const qxSurfacePoint &first, const qxRenderLayer &layer, const osg::Vec4f &base) : hit(first)
     {
         meet(layer, base);
         show();
@@ -42,8 +42,17 @@ public:
     {
         isUnlit = layer.unlit;
         surface = hit.surface(layer, base);
-        if (isScattered)
-            surface.roughness = std::max(surface.roughness, _smoothestLater);
+        if (!isScattered)
+            return;
+        surface.roughness = std::max(surface.roughness, _smoothestLater);
+        surface.coat = 0.0f; // Nobody sees it from so far.
+    }
+
+    /// What the surface itself emits.
+    osg::Vec3f emitted() const
+    {
+        return qxPeak(surface.emission) > 0.0f ? qxShading(surface, hit.toEye).emitted()
+                                               : osg::Vec3f();
     }
 
     /// Light that comes to the eye by this way.
@@ -65,7 +74,7 @@ public:
     /// This surface is what the eye sees, maybe by way of mirrors.
     void show()
     {
-        shownNormal = surface.normal;
+        shownNormal = hit.normal;
         shownColour = qxProduct(shownColour, surface.base);
     }
 
@@ -123,11 +132,12 @@ qxTracer::Seen qxPathTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer
     if (layer.unlit)
         return {none, none, colour, colour, hit.normal, none};
     Path path(hit, layer, base);
-    const qxShading shading(path.surface, hit.toEye);
-    const osg::Vec3f emitted = shading.emitted();
+    const osg::Vec3f emitted = path.emitted();
     // A pane shows what is behind it as if it were not there.
     path.isClosed = !path.surface.isBody && path.surface.roughness < _paneLike;
-    const osg::Vec3f through = path.isClosed ? shading.straightThrough() : none;
+    const osg::Vec3f through = path.isClosed && path.surface.transmission > 0.0f
+        ? qxShading(path.surface, hit.toEye).straightThrough()
+        : none;
     // Of what is hardly seen only some rays are followed.
     const float chance = std::min(1.0f, share / _splitShare);
     if (chance < 1.0f && sampler.next() >= chance)
@@ -141,8 +151,8 @@ qxTracer::Seen qxPathTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer
 bool qxPathTracer::follow(Path &path, qxSampler &sampler) const
 {
     const qxShading::Surface &surface = path.surface;
-    const bool isMirror =
-        std::max(surface.metallic, surface.transmission) > 0.5f && surface.roughness < _mirrorLike;
+    const bool isMirror = std::max(surface.metallic, surface.transmission) > 0.5f
+        && surface.roughness < _mirrorLike;
     const qxShading shading(surface, path.hit.toEye);
     path.add(direct(path, shading, sampler));
     const float choice = sampler.next();
@@ -160,7 +170,8 @@ bool qxPathTracer::follow(Path &path, qxSampler &sampler) const
     if (!isMirror)
         path.scatter();
     // Russian roulette: what counts little is followed seldom, and then counts more.
-    const float chance = path.length > 1 ? std::min(1.0f, qxPeak(path.share)) : 1.0f;
+    const float worth = qxPeak(path.share) * (path.isScattered ? _patience : 1.0f);
+    const float chance = path.length > 1 ? std::min(1.0f, worth) : 1.0f;
     if (chance < 1.0f && sampler.next() >= chance)
         return false;
     path.share *= 1.0f / chance;
@@ -168,7 +179,7 @@ bool qxPathTracer::follow(Path &path, qxSampler &sampler) const
         return false;
     if (!path.isScattered)
         path.show();
-    path.add(path.isUnlit ? path.surface.base : qxShading(path.surface, path.hit.toEye).emitted());
+    path.add(path.isUnlit ? path.surface.base : path.emitted());
     return !path.isUnlit && ++path.length <= _longestPath;
 }
 

@@ -21,6 +21,12 @@ public:
     /// The size of a pixel at a distance along its ray, in world units.
     float pixelSize(float distance) const;
 
+    bool isParallel() const { return m_parallel; }
+    /// The size of a pixel at distance 1 in front of the eye, or, parallel, at any, in world units.
+    float pixelStep() const { return 2.0f * m_halfHeight / m_height; }
+    /// Of the picture, in pixels.
+    osg::Vec2f middle() const { return osg::Vec2f(m_width, m_height) * 0.5f; }
+    const osg::Vec3f &eye() const { return m_eye; }
     const osg::Vec3f &right() const { return m_right; }
     const osg::Vec3f &up() const { return m_up; }
     const osg::Vec3f &back() const { return m_back; }

@@ -88,6 +88,7 @@ void qxRenderGroup::begin()
     m_places.clear();
     m_shapes = qxRenderShapes();
     m_next = 0;
+    m_isOther = false;
 }
 
 /// The instance of a node at the last time, null when it was not shown.
@@ -123,6 +124,7 @@ void qxRenderGroup::add(const qxShownPart &part)
     } else if (instance.material != idOf(part.material)) {
         instance.material = idOf(part.material);
         instance.surface = m_sources.material(part.material);
+        m_isOther = true;
     }
 }
 
@@ -206,6 +208,7 @@ void qxRenderGroup::finish()
         rtcCommitGeometry(instance.embree.get());
         m_changed = true;
     }
+    m_isOther = m_isOther || m_changed;
     if (m_changed)
         commit();
     m_changed = false;

@@ -52,6 +52,8 @@ public:
     const qxBox &bounds() const { return m_bounds; }
     /// The translucent ones among the instances, for hits as in scene(); null for none.
     RTCScene translucent() const { return m_translucent.get(); }
+    /// Whether the last update found other instances, places or materials than the one before.
+    bool isOther() const { return m_isOther; }
 
 private:
     qxRenderInstance *known(osg::UInt32 node);
@@ -71,6 +73,7 @@ private:
     std::size_t m_next = 0; ///< place in m_before where the next one is looked for
     std::unordered_map<osg::UInt32, std::size_t> m_places; ///< of nodes in m_before, when needed
     bool m_changed = true;
+    bool m_isOther = true;
     bool m_isOneTree = true; ///< over all triangles; otherwise over trees of geometries
     qxEmbreeScene m_scene;
     qxEmbreeScene m_translucent;

@@ -16,7 +16,7 @@ inline osg::Vec3f qxProduct(const osg::Vec3f &a, const osg::Vec3f &b)
 
 /// `a` at 0, `b` at 1.
 template <class Value>
-Value qxMixed(const Value &a, const Value &b, float share)
+[[gnu::always_inline]] inline Value qxMixed(const Value &a, const Value &b, float share)
 {
     return a * (1.0f - share) + b * share;
 }

@@ -4,6 +4,8 @@
 #include "Render/qxLightCamera.h"
 #include "Scene/qxScene.h"
 
+#include <atomic>
+
 qxRenderScene::qxRenderScene(RTCDevice device)
     : m_device(device), m_shown(device, m_sources), m_environment(device, m_sources)
 {
@@ -25,6 +27,21 @@ void qxRenderScene::update()
     updateEnvironment();
     updateLight();
     updateOverlays();
+    noteChange();
+}
+
+void qxRenderScene::noteChange()
+{
+    static std::atomic<std::uint64_t> last{0};
+    const qxPose &pose = qxPose::the();
+    const bool isSamePose = m_pose.matrices == pose.matrices && m_pose.weights == pose.weights;
+    if (isSamePose && m_clipping == qxClipping::the() && !m_sources.isOther() && !m_shown.isOther()
+        && !m_environment.isOther() && !m_isOther && m_notedPicture == m_pictureId)
+        return;
+    m_pose = pose;
+    m_notedPicture = m_pictureId;
+    m_clipping = qxClipping::the();
+    m_revision = ++last;
 }
 
 void qxRenderScene::updateEnvironment()
@@ -80,8 +97,10 @@ void qxRenderScene::updateOverlays()
     qxShownListener listener;
     listener.part = [this](const qxShownPart &part) { overlay(part.layer).add(part); };
     qxWalkShown(qxScene::current()->overlayRoot(), listener);
+    m_isOther = false;
     for (auto overlay = m_overlays.begin(); overlay != m_overlays.end();) {
         overlay->second->finish();
+        m_isOther = m_isOther || overlay->second->isOther();
         overlay =
             overlay->second->instances().empty() ? m_overlays.erase(overlay) : std::next(overlay);
     }

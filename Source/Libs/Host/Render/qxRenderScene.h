@@ -1,8 +1,10 @@
 #pragma once
 
+#include "Animation/qxPose.h"
 #include "Light/qxEnvironmentLight.h"
 #include "Render/qxRenderGroup.h"
 #include "Render/qxRenderLight.h"
+#include "Scene/qxClipping.h"
 
 #include <map>
 #include <memory>
@@ -25,10 +27,14 @@ public:
     const qxRenderLights &lights() const { return m_lights; }
     /// Whether its environment is a picture of all directions, or has one behind its nodes.
     bool ownPicture() const { return m_pictureId != 0; }
+    /// Another number, never given before, when an update found that pictures may look otherwise,
+    /// apart from what the camera does.
+    std::uint64_t revision() const { return m_revision; }
     /// The environment as light, as the middle of the scene sees it; null without one.
     const qxEnvironmentLight *ownLight() const { return m_light ? &*m_light : nullptr; }
 
 private:
+    void noteChange();
     qxRenderGroup &overlay(osg::UInt32 layer);
     void updateEnvironment();
     void updateLight();
@@ -41,7 +47,12 @@ private:
     qxRenderGroup m_environment;
     Overlays m_overlays;
     qxRenderLights m_lights;
+    qxPose m_pose; ///< as it was shown
+    qxClipping m_clipping; ///< likewise
+    std::uint64_t m_revision = 0;
+    bool m_isOther = true; ///< the overlays
     osg::UInt32 m_pictureId = 0; ///< of the picture that is shown
+    osg::UInt32 m_notedPicture = 0; ///< the same, at the last change
     /// Those that were shown, by their ids; null for one that cannot be read.
     std::map<osg::UInt32, std::optional<qxEnvironmentLight>> m_pictures;
     qxLightPicture m_lightPicture; ///< of the environment's nodes; empty without

@@ -5,6 +5,7 @@
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 
+#include <algorithm>
 #include <set>
 
 namespace {
@@ -21,11 +22,26 @@ osg::BitVector unimportantFields()
 void qxRenderSources::update(const osg::FieldContainerPtr &marked)
 {
     qxEditReader::Follower follower;
-    follower.edited = [this](Id id, osg::BitVector mask) { edited(id, mask); };
+    follower.edited = [&](Id id, osg::BitVector mask) {
+        m_isOther = m_isOther || (id != marked.getFieldContainerId() && isShown(id));
+        edited(id, mask);
+    };
     follower.destroyed = [this](Id id) { forget(id); };
-    if (!m_edits.read(marked, follower))
+    m_isOther = false;
+    if (!m_edits.read(marked, follower)) {
         forgetEverything();
+        m_isOther = true;
+    }
     readMaterials();
+}
+
+/// Images that no material has are pictures themselves, such as that of the view.
+bool qxRenderSources::isShown(Id id) const
+{
+    const osg::FieldContainerPtr edited = osg::FieldContainerFactory::the()->getContainer(id);
+    return osg::ImagePtr::dcast(edited) == osg::NullFC
+        || std::any_of(m_textures.begin(), m_textures.end(),
+                       [id](const Textures &textures) { return textures.count(id) > 0; });
 }
 
 void qxRenderSources::edited(Id id, osg::BitVector mask)

@@ -16,6 +16,8 @@ public:
     /// Processes the edits since the last call: edited geometries become outdated, materials are
     /// read again. `marked` is an object that lives as long as the scene.
     void update(const osg::FieldContainerPtr &marked);
+    /// Whether the last update found an edit of anything that pictures may show.
+    bool isOther() const { return m_isOther; }
 
     std::shared_ptr<const qxRenderGeometry> geometry(const osg::GeometryPtr &core);
     /// The material, kept up to date by every update. For null the one of geometries without
@@ -29,6 +31,7 @@ private:
                                                    qxRenderTexture::Content content);
     qxTextureSource textureSource();
     void decodePictures(const osg::MaterialPtr &material);
+    bool isShown(Id id) const;
     void edited(Id id, osg::BitVector mask);
     void forget(Id id);
     void forgetGeometry(Id core);
@@ -37,6 +40,7 @@ private:
     void readMaterials();
 
     qxEditReader m_edits;
+    bool m_isOther = true;
     std::unordered_map<Id, std::shared_ptr<qxRenderGeometry>> m_geometries; ///< by core
     std::unordered_map<Id, std::vector<Id>> m_coresOf; ///< by property: cores that have it
     std::unordered_map<Id, std::shared_ptr<qxRenderMaterial>> m_materials;

@@ -3,6 +3,7 @@
 #include "Cameras/qxMainView.h"
 #include "Render/qxPainter.h"
 #include "Render/qxRenderPicking.h"
+#include "Render/qxReprojection.h"
 #include "Scene/qxScene.h"
 #include "qxLog.h"
 #include "qxNodeWalk.h"
@@ -102,6 +103,27 @@ qxRenderer::Drawing qxRenderer::prepared(const qxPictureSettings &settings)
         return Drawing(
             [painter](const qxPicture::Progress &progress) { return painter->paint(progress); });
     });
+}
+
+qxRenderer::Drawing qxRenderer::preparedMoving(const qxPictureSettings &settings,
+                                               qxReprojection &memory, int drawn)
+{
+    qxPictureSettings quick = settings;
+    quick.quality = qxPictureSettings::Quick;
+    return m_parts->withScene(settings, [&] {
+        memory.forgetOthers(m_parts->scene->revision());
+        const auto painter = std::make_shared<qxPainter>(*m_parts->scene, quick);
+        return Drawing([painter, quick, drawn, &memory](const qxPicture::Progress &progress) {
+            return memory.paint(*painter, quick, drawn, progress);
+        });
+    });
+}
+
+qxPicture qxRenderer::renderMoving(const qxPictureSettings &settings, qxReprojection &memory,
+                                   int drawn)
+{
+    const Drawing drawing = preparedMoving(settings, memory, drawn);
+    return drawing ? drawing({}) : qxPicture();
 }
 
 qxRenderer::View qxRenderer::view(const qxPictureSettings &settings)

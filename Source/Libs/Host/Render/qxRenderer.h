@@ -7,6 +7,8 @@
 
 #include <memory>
 
+class qxReprojection;
+
 /// Makes pictures of the running host's scene from the main view (qxMainView), with its overlays
 /// and its clipping plane. As long as the view has no camera, all of the scene is shown.
 ///
@@ -27,6 +29,13 @@ public:
     typedef std::function<qxPicture(const qxPicture::Progress &progress)> Drawing;
     /// The first half of render(): reads the scene. Empty when there can be no picture.
     Drawing prepared(const qxPictureSettings &settings);
+    ///@{
+    /// The same for a camera that moves (qxReprojection), in quick quality: about so many pixels
+    /// are drawn anew. `memory` lives as long as the drawing; what it holds of another scene is
+    /// forgotten.
+    qxPicture renderMoving(const qxPictureSettings &settings, qxReprojection &memory, int drawn);
+    Drawing preparedMoving(const qxPictureSettings &settings, qxReprojection &memory, int drawn);
+    ///@}
     /// How such a picture looks at the scene.
     struct View {
         qxUberCamera camera; ///< also when the main view has none

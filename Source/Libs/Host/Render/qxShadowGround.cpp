@@ -146,13 +146,19 @@ float qxShadowGround::hiddenAt(const osg::Vec3f &place) const
     return all > 0.0f ? hidden / all : 0.0f;
 }
 
-float qxShadowGround::through(const qxRay &ray) const
+float qxShadowGround::distanceAlong(const qxRay &ray) const
 {
     const float height = ray.origin[1] - m_scene.bounds.lower[1];
-    if (!(height > 0.0f) || !(ray.direction[1] < 0.0f))
-        return 1.0f;
     const float distance = height / -ray.direction[1];
-    if (distance < ray.near || distance > ray.far)
+    const bool isMet =
+        height > 0.0f && ray.direction[1] < 0.0f && distance >= ray.near && distance <= ray.far;
+    return isMet ? distance : std::numeric_limits<float>::infinity();
+}
+
+float qxShadowGround::through(const qxRay &ray) const
+{
+    const float distance = distanceAlong(ray);
+    if (!std::isfinite(distance))
         return 1.0f;
     const osg::Vec3f place = ray.at(distance);
     const float x = (place[0] - m_left) / m_step;

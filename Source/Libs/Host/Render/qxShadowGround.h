@@ -26,6 +26,8 @@ public:
     /// To be called for each row of the grid, in any order and in parallel, before anything else.
     void fillRow(int row);
     int rowCount() const { return m_rows; }
+    /// Where the ray meets it; infinite when it does not.
+    float distanceAlong(const qxRay &ray) const;
     /// The share of the light behind the ground that is left at the end of the ray.
     float through(const qxRay &ray) const;
 
