@@ -12,9 +12,9 @@ TEST_F(CommandsTest, InfoCountsWhatTheFileHolds)
         "scene")";
     const QString file = write("wall.gltf", sceneWith("desk").replace("\"scene\"", wall));
     const ProgramRun run = done({"info", file});
-    EXPECT_EQ(run.err, "what needs the extension EXT_a is not shown\n");
+    EXPECT_EQ(run.err, "warning: what needs the extension EXT_a is not shown\n");
     for (const char *row :
-         {"made by                   by hand\n", "of these kept, not shown   EXT_a\n",
+         {"made by                   by hand\n", "of these kept, not shown  EXT_a\n",
           "required, but not shown   EXT_a\n", "viewpoints                Front, Über dem Tisch\n",
           "animations                none\n", "variant sets              3\n"})
         EXPECT_TRUE(run.out.contains(row)) << row << " is not in\n" << run.out.toStdString();
