@@ -31,7 +31,8 @@ float heuristic(float density, float other)
 /// A way back from the eye towards the light.
 class qxPathTracer::Path {
 public:
-    Path(const qxSurfacePoint &first, const qxRenderLayer &layer, const osg::Vec4f &base) : hit(first)
+    Path(const qxSurfacePoint &first, const qxRenderLayer &layer, const osg::Vec4f &base)
+        : hit(first)
     {
         meet(layer, base);
         show();
@@ -151,8 +152,8 @@ qxTracer::Seen qxPathTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer
 bool qxPathTracer::follow(Path &path, qxSampler &sampler) const
 {
     const qxShading::Surface &surface = path.surface;
-    const bool isMirror = std::max(surface.metallic, surface.transmission) > 0.5f
-        && surface.roughness < _mirrorLike;
+    const bool isMirror =
+        std::max(surface.metallic, surface.transmission) > 0.5f && surface.roughness < _mirrorLike;
     const qxShading shading(surface, path.hit.toEye);
     path.add(direct(path, shading, sampler));
     const float choice = sampler.next();
