@@ -1679,7 +1679,7 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>Das Skript von „%1“ wurde nicht ausgeführt, weil ihm nicht vertraut wird.</translation>
     </message>
     <message>
-        <source>&amp;Light and Background</source>
+        <source>Light and Back&amp;ground</source>
         <translation>&amp;Licht und Hintergrund</translation>
     </message>
     <message>

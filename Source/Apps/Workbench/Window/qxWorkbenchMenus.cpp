@@ -90,7 +90,7 @@ void qxWorkbenchWindow::buildViewMenu()
         qxOSGWidget::setRaytracing(on);
         qxController::updateRender(true);
     });
-    named(menu->addMenu(new qxLightMenu(this)), QT_TR_NOOP("&Light and Background"));
+    named(menu->addMenu(new qxLightMenu(this)), QT_TR_NOOP("Light and Back&ground"));
     menu->addSeparator();
     named(menu->addAction(
               QString(), this, [this] { focusPane(1); }, QKeySequence::NextChild),
