@@ -281,8 +281,8 @@ TEST_F(SceneFileKindsTest, AnimationsMoveTheirNodesAndMalformedChannelsAreLeftOu
     text.replace("\"cameras\"", R"("animations": [{"name": "Slide", "channels": [
         {"sampler": 0, "target": {"node": 1, "path": "translation"}}],
         "samplers": [{"input": 1, "output": 2, "interpolation": "LINEAR"}]}], "cameras")");
-    const auto clip = [this](const QByteArray &scene) {
-        load(write("moving.gltf", scene));
+    const auto clip = [this](const QByteArray &json) {
+        load(write("moving.gltf", json));
         EXPECT_EQ(qxAnimManager::the()->clips(), std::vector<std::string>{"Slide"});
         return qxAnimationPlayer::the().clips().at(0);
     };

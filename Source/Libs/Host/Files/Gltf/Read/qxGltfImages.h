@@ -3,6 +3,8 @@
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGRefPtr.h>
 
+#include <QtGlobal>
+
 #include <map>
 #include <string>
 
