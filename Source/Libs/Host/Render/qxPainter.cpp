@@ -390,11 +390,15 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     return result;
 }
 
-void qxPainter::prepareSpots()
+void qxPainter::prepareSpots(std::vector<float> &shadows)
 {
+    if (!m_ground)
+        return;
+    if (!shadows.empty())
+        return m_ground->setShadows(shadows);
     const auto fillRow = [this](int row) { m_ground->fillRow(row); };
-    if (m_ground)
-        qxForAllTiles(m_ground->rowCount(), m_settings.threads, fillRow, [](int) { return true; });
+    qxForAllTiles(m_ground->rowCount(), m_settings.threads, fillRow, [](int) { return true; });
+    shadows = m_ground->shadows();
 }
 
 qxPainter::Spot qxPainter::spot(int x, int y)

@@ -21,7 +21,9 @@ public:
 
     /// \name For quick pictures that are put together elsewhere: single pixels, once prepared, from
     /// any thread. @{
-    void prepareSpots();
+    /// `shadows` are those of the ground: kept for other painters of the same scene and settings,
+    /// computed if empty.
+    void prepareSpots(std::vector<float> &shadows);
     /// What the ray through the middle of a pixel sees.
     struct Spot {
         osg::Vec4f colour; ///< as the picture shows it, with its alpha

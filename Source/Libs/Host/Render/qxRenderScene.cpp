@@ -11,7 +11,7 @@ qxRenderScene::qxRenderScene(RTCDevice device)
 {
 }
 
-void qxRenderScene::update()
+void qxRenderScene::update(Light light)
 {
     const qxScene &scene = *qxScene::current();
     m_sources.update(scene.overlayRoot());
@@ -25,7 +25,7 @@ void qxRenderScene::update()
     qxWalkShown(scene.root(), listener);
     m_shown.finish();
     updateEnvironment();
-    updateLight();
+    updateLight(light);
     updateOverlays();
     noteChange();
 }
@@ -57,8 +57,8 @@ void qxRenderScene::updateEnvironment()
 }
 
 /// A picture of the environment's nodes is taken each time, because nobody tells which changes it
-/// shows; what takes long follows only when it differs.
-void qxRenderScene::updateLight()
+/// shows; what takes long follows only when it differs. Views that move have no time for that.
+void qxRenderScene::updateLight(Light light)
 {
     m_pictureId = qxEnvironmentPicture::shownBy(qxScene::current()->environment());
     if (m_pictureId != 0) {
@@ -74,6 +74,9 @@ void qxRenderScene::updateLight()
         m_lightPicture = qxLightPicture();
         return;
     }
+    const bool isOther = m_sources.isOther() || m_environment.isOther() || m_shown.isOther();
+    if (light == KnownLight && !isOther && !m_lightPicture.isEmpty())
+        return;
     qxLightPicture picture = qxTakeLightPicture(m_environment, m_shown.bounds());
     if (picture.light == m_lightPicture.light)
         return;

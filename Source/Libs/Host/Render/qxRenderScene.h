@@ -15,8 +15,13 @@ class qxRenderScene {
 public:
     explicit qxRenderScene(RTCDevice device);
 
+    /// How the light of the environment's nodes is found.
+    enum Light {
+        NewLight, ///< anew
+        KnownLight ///< the last one may do where no edit is known of: others are not seen in it
+    };
     /// Reads the present scene. A host must be running.
-    void update();
+    void update(Light light = NewLight);
 
     const qxRenderGroup &shown() const { return m_shown; }
     /// Overlays by layer, the farthest first.
@@ -37,7 +42,7 @@ private:
     void noteChange();
     qxRenderGroup &overlay(osg::UInt32 layer);
     void updateEnvironment();
-    void updateLight();
+    void updateLight(Light light);
     const std::optional<qxEnvironmentLight> &lightOfPicture(osg::UInt32 id);
     void updateOverlays();
 

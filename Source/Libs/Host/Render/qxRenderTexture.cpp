@@ -54,11 +54,20 @@ std::uint8_t byteOfLight(float light)
 /// The place of a pixel inside of the picture that the wrap mode shows there.
 int wrapped(int pixel, int size, osg::UInt32 mode)
 {
+    if (pixel >= 0 && pixel < size)
+        return pixel;
     if (mode != GL_REPEAT && mode != GL_MIRRORED_REPEAT)
         return std::clamp(pixel, 0, size - 1);
     const int period = mode == GL_REPEAT ? size : 2 * size;
     const int rest = (pixel % period + period) % period;
     return rest < size ? rest : period - 1 - rest;
+}
+
+/// As std::floor, which is a call for many processors.
+int floored(float number)
+{
+    const int whole = int(number);
+    return whole - (float(whole) > number ? 1 : 0);
 }
 
 /// Takes a coordinate near to the picture, where pixels can be counted in integers.
@@ -110,8 +119,8 @@ osg::Vec4f qxRenderTexture::Level::at(const osg::Vec2f &place, const Wrap &wrap)
 {
     const float x = nearby(place[0], wrap.s) * float(width) - 0.5f;
     const float y = nearby(place[1], wrap.t) * float(height) - 0.5f;
-    const int left = int(std::floor(x));
-    const int low = int(std::floor(y));
+    const int left = floored(x);
+    const int low = floored(y);
     const int x0 = wrapped(left, width, wrap.s);
     const int x1 = wrapped(left + 1, width, wrap.s);
     const int y0 = wrapped(low, height, wrap.t);
@@ -160,7 +169,7 @@ osg::Vec4f qxRenderTexture::at(const osg::Vec2f &place, const Wrap &wrap,
     const osg::Vec2f size(float(m_levels.front().width), float(m_levels.front().height));
     float lengths[2];
     for (std::size_t i = 0; i < 2; ++i)
-        lengths[i] = std::hypot(footprint[i][0] * size[0], footprint[i][1] * size[1]);
+        lengths[i] = osg::Vec2f(footprint[i][0] * size[0], footprint[i][1] * size[1]).length();
     const std::size_t longer = lengths[1] > lengths[0] ? 1 : 0;
     if (!(lengths[longer] > 1.0f) || !std::isfinite(lengths[longer]))
         return at(place, wrap, 0.0f);

@@ -40,7 +40,8 @@ struct qxRenderer::Parts {
     /// What `work` gives with the scene as it is now; an empty result, with the reason in the log,
     /// when there can be none.
     template <class Work>
-    auto withScene(const qxPictureSettings &settings, const Work &work) -> decltype(work());
+    auto withScene(const qxPictureSettings &settings, const Work &work,
+                   qxRenderScene::Light light = qxRenderScene::NewLight) -> decltype(work());
     osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y) const;
 
     qxEmbreeDevice device;
@@ -49,8 +50,8 @@ struct qxRenderer::Parts {
 };
 
 template <class Work>
-auto qxRenderer::Parts::withScene(const qxPictureSettings &settings, const Work &work)
-    -> decltype(work())
+auto qxRenderer::Parts::withScene(const qxPictureSettings &settings, const Work &work,
+                                  qxRenderScene::Light light) -> decltype(work())
 {
     if (!qxScene::current() || !isPossible(settings))
         return {};
@@ -62,7 +63,7 @@ auto qxRenderer::Parts::withScene(const qxPictureSettings &settings, const Work 
     try {
         if (!scene)
             scene = std::make_unique<qxRenderScene>(device.get());
-        scene->update();
+        scene->update(light);
         auto result = failed ? decltype(work())() : work();
         if (!failed)
             return result;
@@ -110,13 +111,16 @@ qxRenderer::Drawing qxRenderer::preparedMoving(const qxPictureSettings &settings
 {
     qxPictureSettings quick = settings;
     quick.quality = qxPictureSettings::Quick;
-    return m_parts->withScene(settings, [&] {
+    const auto prepare = [&] {
         memory.forgetOthers(m_parts->scene->revision());
         const auto painter = std::make_shared<qxPainter>(*m_parts->scene, quick);
         return Drawing([painter, quick, drawn, &memory](const qxPicture::Progress &progress) {
             return memory.paint(*painter, quick, drawn, progress);
         });
-    });
+    };
+    const bool isWhole = drawn >= settings.width * settings.height;
+    return m_parts->withScene(settings, prepare,
+                              isWhole ? qxRenderScene::NewLight : qxRenderScene::KnownLight);
 }
 
 qxPicture qxRenderer::renderMoving(const qxPictureSettings &settings, qxReprojection &memory,
@@ -138,5 +142,6 @@ qxRenderer::View qxRenderer::view(const qxPictureSettings &settings)
 
 osg::NodePtr qxRenderer::nodeAt(const qxPictureSettings &settings, float x, float y)
 {
-    return m_parts->withScene(settings, [&] { return m_parts->nodeAt(settings, x, y); });
+    return m_parts->withScene(
+        settings, [&] { return m_parts->nodeAt(settings, x, y); }, qxRenderScene::KnownLight);
 }

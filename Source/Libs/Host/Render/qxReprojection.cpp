@@ -21,8 +21,8 @@ const std::size_t _chunk = 8192; ///< points
 const int _oldest = 200; ///< age that is counted
 const int _edgeAge = 3; ///< for each picture: edges look worse when they are old
 const int _gapUrgency = 10000;
-/// Of light, in bytes; more is something else that is seen.
-const int _mostChange = 48;
+/// Of light, in parts of a byte; more is something else that is seen.
+const float _mostChange = 48 * 256;
 
 std::uint32_t bitsOf(float number)
 {
@@ -96,6 +96,12 @@ private:
     osg::Vec2f m_middle;
 };
 
+void qxReprojection::forget()
+{
+    m_points.clear();
+    m_shadows.clear();
+}
+
 void qxReprojection::forgetOthers(std::uint64_t revision)
 {
     if (revision != m_revision)
@@ -108,7 +114,7 @@ qxPicture qxReprojection::paint(qxPainter &painter, const qxPictureSettings &set
 {
     const auto start = std::chrono::steady_clock::now();
     begin(settings);
-    painter.prepareSpots();
+    painter.prepareSpots(m_shadows);
     const int threads = settings.threads;
     const auto silent = [](int) { return true; };
     if (!m_points.empty()) {
@@ -323,11 +329,11 @@ void qxReprojection::drawPixel(qxPainter &painter, int x, int y, Block &block)
         block.y = y;
         bool isOther = point.kind != drawn.kind || !isSame(point.depth, drawn.depth);
         for (int i = 0; i < 4; ++i) {
-            block.change[i] = int(drawn.rgba[i]) - int(point.rgba[i]);
-            isOther = isOther || std::abs(block.change[i]) > _mostChange * _byte;
+            block.change[i] = float(drawn.rgba[i]) - float(point.rgba[i]);
+            isOther = isOther || std::fabs(block.change[i]) > _mostChange;
         }
         if (isOther)
-            std::fill_n(block.change, 4, 0);
+            std::fill_n(block.change, 4, 0.0f);
     }
     point = drawn;
 }

@@ -18,7 +18,7 @@
 class qxReprojection {
 public:
     /// The next picture comes without those before it.
-    void forget() { m_points.clear(); }
+    void forget();
     /// The same unless they showed the scene in this revision (qxRenderScene).
     void forgetOthers(std::uint64_t revision);
     /// The next picture, which may have another size; about so many of its pixels are drawn anew,
@@ -66,10 +66,11 @@ private:
         const Point *point = nullptr; ///< the first that was drawn
         int x = 0;
         int y = 0;
-        int change[4] = {0, 0, 0, 0}; ///< of its light since the picture before
+        float change[4] = {0, 0, 0, 0}; ///< of its light since the picture before
     };
     class Eye;
     class Mixture;
+    class Corners;
     typedef std::vector<std::atomic<std::uint64_t>> Nearest;
 
     void begin(const qxPictureSettings &settings);
@@ -85,9 +86,9 @@ private:
     void drawPixel(qxPainter &painter, int x, int y, Block &block);
     void finish(const qxPainter &painter, int y, std::uint8_t *rgba);
     void showPixel(int x, int y, std::uint8_t *rgba) const;
-    void brighten(int x, int y, Point &point) const;
     void moderate(int x, int y, Point &point) const;
     Point interpolated(int x, int y) const;
+    bool mixBeside(std::size_t place, Point &point) const;
     const Block &blockAt(int across, int up) const;
     std::size_t placeOf(int x, int y) const
     {
@@ -100,6 +101,7 @@ private:
     std::uint64_t m_revision = 0; ///< of the scene that the points are of
     std::vector<Point> m_points; ///< by pixel, of the last picture; empty without one
     std::vector<Point> m_next; ///< of the one that is being made
+    std::vector<float> m_shadows; ///< on the ground (qxPainter); empty until they are known
     std::unique_ptr<Nearest> m_nearest; ///< by pixel: depth, age and number of the nearest point
     std::vector<Block> m_blocks;
     int m_across = 0; ///< blocks in a row

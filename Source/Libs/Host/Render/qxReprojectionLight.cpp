@@ -18,27 +18,88 @@ public:
         if (point.kind == Point::None)
             return;
         if (m_weight == 0.0f)
-            m_first = point;
-        else if (!isSame(m_first.depth, point.depth))
+            m_depth = point.depth;
+        else if (!isSame(m_depth, point.depth))
             return;
         for (int i = 0; i < 4; ++i)
             m_sums[i] += weight * float(point.rgba[i]);
         m_weight += weight;
     }
-    bool isEmpty() const { return m_weight == 0.0f; }
     /// None, but with their light: nothing was seen there.
     Point point() const
     {
         Point result;
-        for (int i = 0; i < 4 && !isEmpty(); ++i)
+        for (int i = 0; i < 4 && m_weight > 0.0f; ++i)
             result.rgba[i] = std::uint16_t(m_sums[i] / m_weight + 0.5f);
         return result;
     }
 
 private:
-    Point m_first;
+    float m_depth = 0;
     float m_sums[4] = {0, 0, 0, 0};
     float m_weight = 0;
+};
+
+/// The four blocks around a pixel, while it goes along a row.
+class qxReprojection::Corners {
+public:
+    Corners(const qxReprojection &all, int y) : m_all(all), m_width(all.m_blockWidth)
+    {
+        const int half = m_width / 2;
+        m_up = (y + half) / m_width - 1;
+        m_above = (y + half) % m_width;
+        m_right = half;
+        look();
+    }
+    /// To the next pixel.
+    void step()
+    {
+        if (++m_right < m_width)
+            return;
+        m_right = 0;
+        ++m_across;
+        look();
+    }
+    /// Light changes with the view. What it did where pixels around were drawn it does here.
+    void brighten(Point &point) const
+    {
+        float sums[4] = {0, 0, 0, 0};
+        int weights = 0;
+        for (int corner = 0; corner < 4; ++corner) {
+            const Block &block = *m_blocks[corner];
+            if (!block.point || !isSame(m_depths[corner], point.depth))
+                continue;
+            const int weight = (corner & 1 ? m_right : m_width - m_right)
+                * (corner & 2 ? m_above : m_width - m_above);
+            for (int i = 0; i < 4; ++i)
+                sums[i] += float(weight) * block.change[i];
+            weights += weight;
+        }
+        const float share = weights > 0 ? _followed / float(weights) : 0.0f;
+        for (int i = 0; i < 4; ++i) {
+            const int light = int(point.rgba[i]) + int(sums[i] * share);
+            point.rgba[i] = std::uint16_t(std::clamp(light, 0, 255 * _byte));
+        }
+    }
+
+private:
+    void look()
+    {
+        for (int corner = 0; corner < 4; ++corner) {
+            const Block &block = m_all.blockAt(m_across + (corner & 1), m_up + (corner >> 1));
+            m_blocks[corner] = &block;
+            m_depths[corner] = block.point ? block.point->depth : 0.0f;
+        }
+    }
+
+    const qxReprojection &m_all;
+    const int m_width; ///< of a block
+    const Block *m_blocks[4];
+    float m_depths[4];
+    int m_across = -1; ///< the block on the left
+    int m_up; ///< and the lower ones
+    int m_right; ///< pixels from the middle of these
+    int m_above;
 };
 
 /// The nearest one for places outside.
@@ -55,7 +116,8 @@ void qxReprojection::finish(const qxPainter &painter, int y, std::uint8_t *rgba)
     behind.setLight(painter.plainBackground(y));
     const bool isPlain = painter.hasPlainBackground();
     std::size_t place = placeOf(0, y);
-    for (int x = 0; x < m_width; ++x, ++place, rgba += 4) {
+    Corners corners(*this, y);
+    for (int x = 0; x < m_width; ++x, ++place, rgba += 4, corners.step()) {
         Point &point = m_points[place];
         point = m_next[place];
         if (point.kind == Point::None) {
@@ -63,7 +125,7 @@ void qxReprojection::finish(const qxPainter &painter, int y, std::uint8_t *rgba)
         } else if (point.kind == Point::Far && isPlain && point.age > 0) {
             std::copy_n(behind.rgba, 4, point.rgba);
         } else if (point.age > 0) {
-            brighten(x, y, point);
+            corners.brighten(point);
             if (point.age >= _moderateAge)
                 moderate(x, y, point);
         }
@@ -97,35 +159,6 @@ void qxReprojection::showPixel(int x, int y, std::uint8_t *rgba) const
         rgba[i] = std::uint8_t((light[i] + _byte / 2) / _byte);
 }
 
-/// Light changes with the view. What it did where pixels around were drawn it does here.
-void qxReprojection::brighten(int x, int y, Point &point) const
-{
-    const int half = m_blockWidth / 2;
-    const int across = (x + half) / m_blockWidth - 1;
-    const int up = (y + half) / m_blockWidth - 1;
-    const int right = x + half - (across + 1) * m_blockWidth;
-    const int above = y + half - (up + 1) * m_blockWidth;
-    int sums[4] = {0, 0, 0, 0};
-    int weights = 0;
-    for (int corner = 0; corner < 4; ++corner) {
-        const bool isRight = corner & 1;
-        const bool isHigh = corner & 2;
-        const Block &block = blockAt(across + isRight, up + isHigh);
-        if (!block.point || !isSame(block.point->depth, point.depth))
-            continue;
-        const int weight =
-            (isRight ? right : m_blockWidth - right) * (isHigh ? above : m_blockWidth - above);
-        for (int i = 0; i < 4; ++i)
-            sums[i] += weight * block.change[i];
-        weights += weight;
-    }
-    const float share = weights > 0 ? _followed / float(weights) : 0.0f;
-    for (int i = 0; i < 4; ++i) {
-        const int light = int(point.rgba[i]) + int(float(sums[i]) * share);
-        point.rgba[i] = std::uint16_t(std::clamp(light, 0, 255 * _byte));
-    }
-}
-
 /// An old point is not lighter or darker than all younger ones around it: it has missed a change.
 void qxReprojection::moderate(int x, int y, Point &point) const
 {
@@ -151,20 +184,38 @@ void qxReprojection::moderate(int x, int y, Point &point) const
         point.rgba[c] = std::uint16_t(std::clamp<int>(point.rgba[c], least[c], most[c]));
 }
 
+/// The average of points beside it that are of one surface, that of the first one; false without.
+bool qxReprojection::mixBeside(std::size_t place, Point &point) const
+{
+    const int row = m_width;
+    const int steps[] = {-1, 1, -row, row, -row - 1, row + 1, row - 1, 1 - row};
+    float depth = 0.0f;
+    int sums[4] = {0, 0, 0, 0};
+    int count = 0;
+    for (const int step : steps) {
+        const Point &other = m_next[std::size_t(std::ptrdiff_t(place) + step)];
+        if (other.kind == Point::None || (count > 0 && !isSame(depth, other.depth)))
+            continue;
+        depth = count > 0 ? depth : other.depth;
+        for (int i = 0; i < 4; ++i)
+            sums[i] += other.rgba[i];
+        ++count;
+    }
+    const float share = count > 0 ? 1.0f / float(count) : 0.0f;
+    for (int i = 0; i < 4; ++i)
+        point.rgba[i] = std::uint16_t(float(sums[i]) * share + 0.5f);
+    return count > 0;
+}
+
 /// Between the points beside it; where there are none, between those that were drawn in the blocks
 /// around it. The nearest one says to which surface it belongs.
 qxReprojection::Point qxReprojection::interpolated(int x, int y) const
 {
-    static const int beside[][2] = {{-1, 0},  {1, 0}, {0, -1}, {0, 1},
-                                    {-1, -1}, {1, 1}, {-1, 1}, {1, -1}};
-    Mixture mixture;
+    Point result;
     const bool isInside = x > 0 && y > 0 && x + 1 < m_width && y + 1 < m_height;
-    for (const int(&step)[2] : beside) {
-        if (isInside)
-            mixture.add(m_next[placeOf(x + step[0], y + step[1])], 1.0f);
-    }
-    if (!mixture.isEmpty())
-        return mixture.point();
+    if (isInside && mixBeside(placeOf(x, y), result))
+        return result;
+    Mixture mixture;
     const Block *blocks[9];
     float squares[9];
     int nearest = 0;

@@ -26,6 +26,11 @@ public:
     /// To be called for each row of the grid, in any order and in parallel, before anything else.
     void fillRow(int row);
     int rowCount() const { return m_rows; }
+    ///@{
+    /// Instead of calling it: what another ground of the same scene and settings has computed.
+    const std::vector<float> &shadows() const { return m_hidden; }
+    void setShadows(const std::vector<float> &shadows) { m_hidden = shadows; }
+    ///@}
     /// Where the ray meets it; infinite when it does not.
     float distanceAlong(const qxRay &ray) const;
     /// The share of the light behind the ground that is left at the end of the ray.

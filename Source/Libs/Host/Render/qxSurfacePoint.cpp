@@ -15,17 +15,6 @@ osg::Vec3f first3(const osg::Vec4f &v)
     return osg::Vec3f(v[0], v[1], v[2]);
 }
 
-/// A step on the plane of two sides in shares of these.
-osg::Vec2f sharesOf(const osg::Vec3f &step, const osg::Vec3f (&sides)[2])
-{
-    const osg::Vec3f normal = sides[0].cross(sides[1]);
-    const float square = normal.squareLength();
-    if (!(square > 0.0f))
-        return osg::Vec2f();
-    return osg::Vec2f(step.cross(sides[1]).dot(normal) / square,
-                      sides[0].cross(step).dot(normal) / square);
-}
-
 osg::Vec3f widened(const osg::Vec3f &step, const osg::Vec3f &other, float width)
 {
     const float length = step.length();
@@ -57,8 +46,13 @@ void qxSurfacePoint::findSteps(osg::Vec2f (&steps)[2]) const
     osg::Vec3f sides[2];
     for (std::size_t i = 0; i < 2; ++i)
         instance->toWorld.multMatrixVec(instance->geometry->side(place.triangle, i), sides[i]);
+    // Each step on the plane of the sides in shares of these.
+    const osg::Vec3f normal = sides[0].cross(sides[1]);
+    const float square = normal.squareLength();
+    const float share = square > 0.0f ? 1.0f / square : 0.0f;
+    const osg::Vec3f along[2] = {sides[1].cross(normal) * share, normal.cross(sides[0]) * share};
     for (int i = 0; i < 2; ++i)
-        steps[i] = sharesOf(spread.origin[i], sides);
+        steps[i] = osg::Vec2f(spread.origin[i].dot(along[0]), spread.origin[i].dot(along[1]));
 }
 
 osg::Vec4f qxSurfacePoint::texel(const qxRenderPicture &picture) const
