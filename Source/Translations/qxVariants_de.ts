@@ -1778,11 +1778,11 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
     </message>
     <message>
         <source>Stop</source>
-        <translation>Beenden</translation>
+        <translation>Stopp</translation>
     </message>
     <message>
         <source>Stop: the scene is at rest again</source>
-        <translation>Beenden: Die Szene ist wieder in Ruhe</translation>
+        <translation>Stopp: Die Szene ist wieder in Ruhe</translation>
     </message>
     <message>
         <source>Loop</source>
@@ -1806,7 +1806,7 @@ Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translat
     </message>
     <message>
         <source>Pause</source>
-        <translation>Anhalten</translation>
+        <translation>Pause</translation>
     </message>
     <message>
         <source>Play</source>

@@ -103,10 +103,13 @@ int readJob(const QCommandLineParser &parser, Job &job)
     job.all = parser.isSet(QStringLiteral("all"));
     job.view = parser.value(QStringLiteral("view"));
     job.out = parser.value(QStringLiteral("out"));
-    for (const int code : {job.turntable.read(parser), job.moment.read(parser), checkOut(job)}) {
-        if (code != Success)
-            return code;
-    }
+    int code = job.turntable.read(parser);
+    if (code == Success)
+        code = job.moment.read(parser);
+    if (code == Success)
+        code = checkOut(job);
+    if (code != Success)
+        return code;
     if (job.all && !job.set.isEmpty())
         return qxCommands::fail(QStringLiteral("--set and --all do not go together"), WrongUse);
     if (job.all && job.turntable.isAsked())

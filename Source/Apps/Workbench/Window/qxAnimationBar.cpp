@@ -22,10 +22,17 @@ const float longestTick = 0.25f; ///< seconds: what stands still for long does n
 const float sliderStep = 0.01f; ///< seconds
 const float speeds[] = {0.25f, 0.5f, 1, 2, 4};
 const int usualSpeed = 2; ///< its place
+const int timeMargin = 6; ///< pixels beside the time
 
 qxAnimationPlayer &player()
 {
     return qxAnimationPlayer::the();
+}
+
+/// On the slider. Files state any finite time.
+int placeOf(float seconds)
+{
+    return int(std::min(seconds / sliderStep + 0.5f, 1e9f));
 }
 
 } // namespace
@@ -59,6 +66,7 @@ void qxAnimationBar::build()
     for (const float speed : speeds)
         m_speed->addItem(QString::number(double(speed)) + QStringLiteral(" \u00d7"));
     m_speed->setCurrentIndex(usualSpeed);
+    m_time->setContentsMargins(timeMargin, 0, timeMargin, 0);
     m_clips->setMenu(new QMenu(m_clips));
     m_clips->setPopupMode(QToolButton::InstantPopup);
     m_clips->setFocusPolicy(Qt::TabFocus);
@@ -137,8 +145,8 @@ void qxAnimationBar::tick()
 void qxAnimationBar::showTime()
 {
     const QSignalBlocker quiet(m_slider);
-    m_slider->setMaximum(int(player().duration() / sliderStep + 0.5f));
-    m_slider->setValue(int(player().time() / sliderStep + 0.5f));
+    m_slider->setMaximum(placeOf(player().duration()));
+    m_slider->setValue(placeOf(player().time()));
     const auto shown = [this](float time) { return locale().toString(double(time), 'f', 2); };
     m_time->setText(tr("%1 of %2 s").arg(shown(player().time()), shown(player().duration())));
 }

@@ -9,22 +9,23 @@
 struct qxAnimationClip {
     /// What a curve moves.
     struct Channel {
+        /// A property of a node; Weights are those of the morph targets of its mesh.
         enum Path { Translation, Rotation, Scale, Weights };
-        qxPose::Id node;
-        Path path;
-        qxAnimationCurve curve;
+        qxPose::Id node; ///< may be gone meanwhile
+        Path path; ///< the property of the node
+        qxAnimationCurve curve; ///< its values over time
     };
 
     /// The time of its last key; 0 without any.
     float duration() const;
 
     std::string name; ///< maybe empty; several may have the same
-    std::vector<Channel> channels;
+    std::vector<Channel> channels; ///< in the order of the file
 };
 
 /// A clip at a time.
 struct qxClipTime {
-    const qxAnimationClip *clip;
+    const qxAnimationClip *clip; ///< never null
     float time; ///< in seconds
 };
 

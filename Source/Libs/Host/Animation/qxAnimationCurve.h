@@ -6,7 +6,9 @@
 /// A property that changes over time: keys and what is between them, as glTF 2.0 defines samplers
 /// of animations (section 3.11 and appendix C).
 struct qxAnimationCurve {
+    /// What is between two keys.
     enum Interpolation { Step, Linear, CubicSpline };
+    /// What the numbers are.
     enum Kind {
         Plain, ///< each number for itself
         Rotation ///< quaternions x, y, z, w, of length 1 at any time
@@ -24,9 +26,9 @@ struct qxAnimationCurve {
     /// `width` numbers for each key; with CubicSpline three times as many: the tangent of arrival,
     /// the value, the tangent of departure.
     Numbers values;
-    std::size_t width = 0;
-    Interpolation interpolation = Linear;
-    Kind kind = Plain;
+    std::size_t width = 0; ///< numbers of one value
+    Interpolation interpolation = Linear; ///< of all keys
+    Kind kind = Plain; ///< Rotation has a width of 4
 
 private:
     enum Part { Arrival, Value, Departure };

@@ -12,6 +12,7 @@
 /// rest. Every change that shows asks for a new picture.
 class qxAnimationPlayer {
 public:
+    /// What the scene shows.
     enum State {
         Stopped, ///< the scene is at rest
         Paused, ///< the scene is as the chosen clips have it at their times
@@ -23,7 +24,7 @@ public:
 
     /// Replaces the clips; all are chosen, nothing plays.
     void setClips(std::vector<qxAnimationClip> clips);
-    const std::vector<qxAnimationClip> &clips() const { return m_clips; }
+    const std::vector<qxAnimationClip> &clips() const { return m_clips; } ///< in their order
 
     ///@{
     /// Whether a clip plays when something plays, by its place in the list. What is no longer
@@ -36,10 +37,10 @@ public:
     /// only ones chosen.
     void start(const std::string &name);
 
-    State state() const { return m_state; }
+    State state() const { return m_state; } ///< Stopped at first
     /// Goes on where it was paused; from the beginning when it was stopped, or is at its end.
     void play();
-    void pause();
+    void pause(); ///< nothing if nothing plays
     /// The scene is at rest again.
     void stop();
     /// Shows the chosen clips at that time, in seconds, each at most at its end. Paused if it was
@@ -53,10 +54,10 @@ public:
     float duration() const;
     /// Where that one is.
     float time() const;
-    float speed() const { return m_speed; }
+    float speed() const { return m_speed; } ///< 1 at first
     void setSpeed(float speed) { m_speed = speed; } ///< 1 is the clips' own; above 0
     bool isLooping() const { return m_isLooping; } ///< at first it is
-    void setLooping(bool on) { m_isLooping = on; }
+    void setLooping(bool on) { m_isLooping = on; } ///< holds from the next end on
 
     /// Is called when state, choice or clips have changed. One at a time; an empty one for none.
     void setListener(const std::function<void()> &listener) { m_listener = listener; }

@@ -11,7 +11,7 @@ struct qxPose {
     /// The one of the running host.
     static qxPose &the();
 
-    bool isEmpty() const { return matrices.empty() && weights.empty(); }
+    bool isEmpty() const { return matrices.empty() && weights.empty(); } ///< nothing is moved
 
     typedef osg::UInt32 Id; ///< of a node
     std::unordered_map<Id, osg::Matrix> matrices; ///< relative to the parent, in place of its own

@@ -149,7 +149,9 @@ auto translated(const Work &work) -> decltype(work())
     } catch (const std::bad_alloc &) {
         throw;
     } catch (const std::exception &error) {
-        fail(QString::fromUtf8(error.what()));
+        // It begins with the name of its stream, which has none.
+        fail(QString::fromUtf8(error.what())
+                 .remove(QStringLiteral("Cannot read image file \"\". ")));
     }
 }
 

@@ -41,7 +41,7 @@ public:
         qxUberCamera camera; ///< also when the main view has none
         osg::Vec3f middle; ///< of the box around what is shown; the origin when nothing is
     };
-    View view(const qxPictureSettings &settings);
+    View view(const qxPictureSettings &settings); ///< reads the scene
     /// The node that such a picture shows at a place, in pixels from its lower left corner; null
     /// for the background. Overlays are looked through.
     osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);

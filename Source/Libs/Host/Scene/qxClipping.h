@@ -21,7 +21,7 @@ struct qxClipping {
     osg::Color3f contourColor = osg::Color3f(1, 0.7f, 0); ///< sRGB
     int contourWidth = 1; ///< in pixels
 
-    bool operator==(const qxClipping &other) const;
+    bool operator==(const qxClipping &other) const; ///< all of it is the same
 
     /// The one of the running host; a cleared scene has the values above.
     static qxClipping &the();

@@ -79,7 +79,7 @@ public:
             m_model.budget.take(owner, 1, sizeof(Channel));
             pay(owner, json, each);
             try {
-                addChannel(owner, json, each, clip);
+                addChannel(json, each, clip);
             } catch (const qxGltfError &error) {
                 m_model.warnings << owner + QStringLiteral(": ") + error.reason();
             }
@@ -108,19 +108,19 @@ private:
     }
 
     /// What does not concern the shown scene, or what an extension defines, is no mistake.
-    void addChannel(const QString &owner, const qxJson &animation, const qxJson &json,
-                    qxAnimationClip &clip)
+    void addChannel(const qxJson &animation, const qxJson &json, qxAnimationClip &clip)
     {
         const qxJson &target = qxGltfMember(json, "target");
         const qxJson &node = qxGltfMember(target, "node");
         const std::string path = textOf(target, "path");
         if (path == "pointer" || (node.is_null() && target.is_object()))
             return;
-        qxGltfCheckIndexValue(owner, node, qxGltfSection(m_model.document.json, "nodes"), "node");
+        const QString it = qxFileText::tr("it");
+        qxGltfCheckIndexValue(it, node, qxGltfSection(m_model.document.json, "nodes"), "node");
         const qxJson &samplers = qxGltfMember(animation, "samplers");
         if (!samplers.is_array())
             throw qxGltfError(qxFileText::tr("the animation has no \"samplers\""));
-        qxGltfCheckIndexValue(owner, qxGltfMember(json, "sampler"), samplers, "sampler");
+        qxGltfCheckIndexValue(it, qxGltfMember(json, "sampler"), samplers, "sampler");
         const int index = node.get<int>();
         Channel channel;
         channel.path = pathOf(path);
