@@ -54,7 +54,7 @@ TEST_F(PathTracerTest, WhiteBodiesInEvenLightAreNotToBeSeen)
         float transmission;
         float thickness;
         float tolerance;
-    } rows[] = {{0, 1, 0, 0, 12},    {0, 0.3f, 0, 0, 12}, {1, 0, 0, 0, 3},
+    } rows[] = {{0, 1, 0, 0, 12},    {0, 0.3f, 0, 0, 12}, {0, 0.1f, 0, 0, 12}, {1, 0, 0, 0, 3},
                 {1, 0.3f, 0, 0, 12}, {0, 0, 1, 0, 24},    {0, 0, 1, 1, 12}};
     const osg::MaterialPtr material = lit(1, 1, 1);
     addBox(material, osg::Vec3f(1.2f, 1.2f, 1.2f), osg::Vec3f(0, 0, 0));
@@ -147,6 +147,29 @@ TEST_F(PathTracerTest, LightGoesFromSurfaceToSurfaceAsOftenAsItNeeds)
     const std::string colour = seen.at(0, 0);
     EXPECT_EQ(colour.substr(0, 2), "0 ") << colour;
     EXPECT_GT(seen.brightness(0, 0), 120) << colour;
+}
+
+TEST_F(PathTracerTest, WhatLacquerReflectsStaysSharpHoweverNoisyTheColourBelow)
+{
+    surround(
+        [](int x, int y) { return osg::Vec3f(1, 1, 1) * (x == 20 && y == 10 ? 200.0f : 0.05f); });
+    settings.quality = qxPictureSettings::Best;
+    qxSurface lacquer;
+    lacquer.metallic = lacquer.roughness = 0;
+    lacquer.ior = 2;
+    lacquer.doubleSided = true;
+    const osg::GeometryPtr wall = trianglesOf({{-4, -4, 4}, {4, -4, -4}, {0, 8, 0}});
+    wall->setMaterial(lit(0.4f, 0.1f, 0.1f, lacquer));
+    addNode(wall);
+    const auto glow = osg::SimpleMaterialPtr::dcast(lit(0, 0, 0));
+    glow->setEmission(osg::Color3f(1, 1, 1));
+    const osg::GeometryPtr lamp = trianglesOf({{3, 0, -9}, {3, 0, 9}, {3, 9, 0}});
+    lamp->setMaterial(glow);
+    addNode(lamp);
+    const TestPicture seen = picture();
+    const auto step = [&seen](float y) { return seen.brightness(0, y) - seen.brightness(0, -y); };
+    EXPECT_GT(step(0.3f), 30);
+    EXPECT_GT(step(0.06f), 0.7f * float(step(0.3f)));
 }
 
 TEST_F(PathTracerTest, GlassTintsShadowsAndABodyOfItShiftsWhatIsBehind)

@@ -17,10 +17,9 @@ static qxPictureFilter filtered(const Content &content, bool isNoisy = true)
     for (int y = 0; y < _size; ++y) {
         for (int x = 0; x < _size; ++x) {
             qxPictureFilter::Pixel pixel = content(x, y);
-            const float share =
-                qxPictureFilter::withoutColour(osg::Vec3f(1, 1, 1), pixel.colour)[0];
+            const float factor = qxPictureFilter::divisor(pixel.colour)[0];
             for (osg::UInt32 i = 0; i < 3 && isNoisy; ++i)
-                pixel.light[i] += noise(random) * std::sqrt(pixel.variance) / share;
+                pixel.light[i] += noise(random) * std::sqrt(pixel.variance) * factor;
             filter.set(x, y, pixel);
         }
     }

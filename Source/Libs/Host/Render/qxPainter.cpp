@@ -44,24 +44,22 @@ int tileOf(int samples)
 
 /// What one ray finds.
 struct qxPainter::Sample : Layers {
-    osg::Vec3f scattered; ///< light by random ways
-    osg::Vec3f colour; ///< own one of what is seen
-    osg::Vec3f normal;
+    osg::Vec3f gathered() const { return scattered.light + sharp.light; }
+
+    qxTracer::Gathered scattered;
+    qxTracer::Gathered sharp;
     int sides = qxTracer::Nothing; ///< of surfaces
     float distance = 0; ///< as that of qxTracer::RayResult, of the nearest overlay where one is
     bool isInFront = false; ///< there is one
 };
 
-/// What the samples of a pixel have in common.
-class qxPainter::Average {
+/// What the samples of a pixel have in common of one kind of gathered light.
+class qxPainter::Mean {
 public:
-    void add(const Sample &sample)
+    void add(const qxTracer::Gathered &sample)
     {
-        m_layers.light += limited(sample.light);
-        m_layers.plain += sample.plain;
-        m_layers.lit += sample.lit;
-        m_layers.open += sample.open;
-        m_scattered += limited(sample.scattered);
+        const osg::Vec3f light = limited(sample.light);
+        m_light += light;
         m_colour += sample.colour;
         const qxPictureFilter::Surface surface =
             qxPictureFilter::surfaceOf(sample.colour, sample.normal);
@@ -69,11 +67,69 @@ public:
             m_surface[i] += surface[i];
             m_surfaceSquares += surface[i] * surface[i];
         }
-        const osg::Vec3f light =
-            qxPictureFilter::withoutColour(limited(sample.scattered), sample.colour);
-        m_incoming += light;
-        m_squares += light.squareLength();
-        const osg::Vec3f look = root(sample.light + sample.scattered + sample.plain);
+        const osg::Vec3f colour = qxPictureFilter::divisor(sample.colour);
+        m_lightSquares += qxProduct(light, light);
+        m_products += qxProduct(light, colour);
+        m_colourSquares += qxProduct(colour, colour);
+        m_count += 1.0f;
+    }
+    qxPictureFilter::Pixel pixel() const
+    {
+        const float share = 1.0f / m_count;
+        qxPictureFilter::Pixel result = {light(), variance(), m_colour * share, m_surface,
+                                         m_surfaceSquares * share};
+        for (float &number : result.surface) {
+            number *= share;
+            result.mixture = std::max(0.0f, result.mixture - number * number);
+        }
+        return result;
+    }
+    osg::Vec3f light() const { return m_light * (1.0f / m_count); }
+    /// A few samples that are brighter would be spots and jagged edges.
+    static osg::Vec3f limited(const osg::Vec3f &light)
+    {
+        const float peak = qxPeak(light);
+        return peak > _brightestSample ? light * (_brightestSample / peak) : light;
+    }
+
+private:
+    /// How far off its light without the colour probably is, squared; mean of the channels. It is
+    /// a ratio of means: Cochran, "Sampling Techniques", 1977, section 2.11.
+    float variance() const
+    {
+        const osg::Vec3f colour = qxPictureFilter::divisor(m_colour * (1.0f / m_count));
+        float sum = 0.0f;
+        for (osg::UInt32 i = 0; i < 3; ++i) {
+            const float ratio = m_light[i] / (m_count * colour[i]);
+            const float squares =
+                m_lightSquares[i] + ratio * (ratio * m_colourSquares[i] - 2.0f * m_products[i]);
+            sum += std::max(0.0f, squares) / (colour[i] * colour[i]);
+        }
+        return sum / (3.0f * m_count * std::max(m_count - 1.0f, 1.0f));
+    }
+
+    osg::Vec3f m_light;
+    osg::Vec3f m_colour;
+    qxPictureFilter::Surface m_surface = {}; ///< sum, and sum of all the squares
+    float m_surfaceSquares = 0.0f;
+    osg::Vec3f m_lightSquares; ///< sums of squares, and of products with the colours
+    osg::Vec3f m_products;
+    osg::Vec3f m_colourSquares;
+    float m_count = 0.0f;
+};
+
+/// What the samples of a pixel have in common.
+class qxPainter::Average {
+public:
+    void add(const Sample &sample)
+    {
+        m_layers.light += Mean::limited(sample.light);
+        m_layers.plain += sample.plain;
+        m_layers.lit += sample.lit;
+        m_layers.open += sample.open;
+        m_scattered.add(sample.scattered);
+        m_sharp.add(sample.sharp);
+        const osg::Vec3f look = root(sample.light + sample.gathered() + sample.plain);
         m_look += look;
         m_lookSquares += look.squareLength();
         m_count += 1.0f;
@@ -81,36 +137,20 @@ public:
     }
     int sides() const { return m_sides; }
     int count() const { return int(m_count); }
-    qxPictureFilter::Pixel pixel() const
-    {
-        const float share = 1.0f / m_count;
-        qxPictureFilter::Pixel result = {m_scattered * share, variance(), m_colour * share,
-                                         m_surface, m_surfaceSquares * share};
-        for (float &number : result.surface) {
-            number *= share;
-            result.mixture = std::max(0.0f, result.mixture - number * number);
-        }
-        return result;
-    }
+    const Mean &scattered() const { return m_scattered; }
+    const Mean &sharp() const { return m_sharp; }
     Layers layers() const
     {
         const float share = 1.0f / m_count;
         return {m_layers.light * share, m_layers.plain * share, m_layers.lit * share,
                 m_layers.open * share};
     }
-    osg::Vec3f scattered() const { return m_scattered * (1.0f / m_count); }
-    /// How far off its light without the colour probably is, squared; mean of the channels.
-    float variance() const
-    {
-        const float ofSums = m_squares - m_incoming.squareLength() / m_count;
-        return std::max(0.0f, ofSums) / (3.0f * m_count * std::max(m_count - 1.0f, 1.0f));
-    }
     /// How far off the pixel probably is, squared, in shares of white as a picture shows it.
     float shownVariance() const
     {
         const float ofSums = m_lookSquares - m_look.squareLength() / m_count;
         const float variance = std::max(0.0f, ofSums) / (3.0f * m_count * (m_count - 1.0f));
-        const float mixture = std::min(pixel().mixture, 1.0f);
+        const float mixture = std::min(m_scattered.pixel().mixture, 1.0f);
         return variance * qxMixed(_easyShare, 1.0f, mixture);
     }
 
@@ -120,22 +160,12 @@ private:
         const auto one = [](float x) { return std::sqrt(std::clamp(x, 0.0f, 1.0f)); };
         return osg::Vec3f(one(light[0]), one(light[1]), one(light[2]));
     }
-    /// A few samples that are brighter would be spots and jagged edges.
-    static osg::Vec3f limited(const osg::Vec3f &light)
-    {
-        const float peak = qxPeak(light);
-        return peak > _brightestSample ? light * (_brightestSample / peak) : light;
-    }
 
     Layers m_layers;
-    osg::Vec3f m_scattered;
-    osg::Vec3f m_colour;
-    qxPictureFilter::Surface m_surface = {}; ///< sum, and sum of all the squares
-    float m_surfaceSquares = 0.0f;
-    osg::Vec3f m_incoming; ///< sum of the scattered light without the colours
+    Mean m_scattered;
+    Mean m_sharp;
     osg::Vec3f m_look; ///< sum of the roots of all light, which differences look like
     float m_lookSquares = 0.0f; ///< of these, all channels
-    float m_squares = 0.0f; ///< of it, all channels
     float m_count = 0.0f;
     int m_sides = qxTracer::Nothing;
 };
@@ -167,11 +197,11 @@ qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settin
     for (const auto &overlay : scene.overlays())
         m_overlays.emplace_back(tracerScene(*overlay.second, false, m_noClipping));
     if (m_samples >= _fewestToFilter)
-        m_filter = std::make_unique<qxPictureFilter>(settings.width, settings.height);
+        m_filters.resize(2, qxPictureFilter(settings.width, settings.height));
     m_picture.width = settings.width;
     m_picture.height = settings.height;
     const std::size_t pixels = std::size_t(settings.width) * std::size_t(settings.height);
-    if (m_filter)
+    if (!m_filters.empty())
         m_layers.resize(pixels);
     m_picture.rgba.resize(pixels * 4);
 }
@@ -193,7 +223,7 @@ int qxPainter::tileCount() const
 qxPicture qxPainter::paint(const qxPicture::Progress &progress)
 {
     const int tiles = tileCount();
-    const int bands = m_filter ? m_filter->bandCount() : 0;
+    const int bands = m_filters.empty() ? 0 : 2 * m_filters.front().bandCount();
     const int rows = m_ground ? m_ground->rowCount() : 0;
     const int total = rows + tiles + bands * qxPictureFilter::passes;
     int done = 0;
@@ -207,12 +237,14 @@ qxPicture qxPainter::paint(const qxPicture::Progress &progress)
         || !forAll(tiles, [this](int tile) { paintTile(tile); }))
         return qxPicture();
     m_picture.content = content();
-    for (int pass = 0; m_filter && pass < qxPictureFilter::passes; ++pass) {
-        m_filter->prepare();
-        if (!forAll(bands, [this, pass](int band) { m_filter->filterBand(pass, band); }))
-            return qxPicture();
+    for (qxPictureFilter &filter : m_filters) {
+        for (int pass = 0; pass < qxPictureFilter::passes; ++pass) {
+            filter.prepare();
+            if (!forAll(filter.bandCount(), [&](int band) { filter.filterBand(pass, band); }))
+                return qxPicture();
+        }
     }
-    if (m_filter)
+    if (!m_filters.empty())
         showFiltered();
     return std::move(m_picture);
 }
@@ -304,9 +336,10 @@ void qxPainter::addSamples(int x, int y, int count, Average &pixel) const
 
 void qxPainter::finish(int x, int y, const Average &pixel)
 {
-    if (!m_filter)
-        return show(x, y, pixel.layers(), pixel.scattered());
-    m_filter->set(x, y, pixel.pixel());
+    if (m_filters.empty())
+        return show(x, y, pixel.layers(), pixel.scattered().light() + pixel.sharp().light());
+    m_filters[0].set(x, y, pixel.scattered().pixel());
+    m_filters[1].set(x, y, pixel.sharp().pixel());
     m_layers[place(x, y)] = pixel.layers();
 }
 
@@ -314,15 +347,15 @@ void qxPainter::showFiltered()
 {
     for (int y = 0; y < m_settings.height; ++y) {
         for (int x = 0; x < m_settings.width; ++x)
-            show(x, y, m_layers[place(x, y)], m_filter->light(x, y));
+            show(x, y, m_layers[place(x, y)], m_filters[0].light(x, y) + m_filters[1].light(x, y));
     }
 }
 
-osg::Vec4f qxPainter::shownColour(const Layers &layers, const osg::Vec3f &scattered) const
+osg::Vec4f qxPainter::shownColour(const Layers &layers, const osg::Vec3f &gathered) const
 {
     osg::Vec3f shown = layers.plain;
     if (layers.lit > 0.0f) {
-        const osg::Vec3f light = layers.light + scattered;
+        const osg::Vec3f light = layers.light + gathered;
         shown += qxToneMapped(light * (m_exposure / layers.lit)) * layers.lit;
     }
     const float alpha = std::clamp(1.0f - layers.open, 0.0f, 1.0f);
@@ -330,9 +363,9 @@ osg::Vec4f qxPainter::shownColour(const Layers &layers, const osg::Vec3f &scatte
     return osg::Vec4f(colour[0], colour[1], colour[2], alpha);
 }
 
-void qxPainter::show(int x, int y, const Layers &layers, const osg::Vec3f &scattered)
+void qxPainter::show(int x, int y, const Layers &layers, const osg::Vec3f &gathered)
 {
-    const osg::Vec4f colour = shownColour(layers, scattered);
+    const osg::Vec4f colour = shownColour(layers, gathered);
     std::uint8_t *const bytes = &m_picture.rgba[place(x, y) * 4];
     for (osg::UInt32 i = 0; i < 4; ++i)
         bytes[i] = std::uint8_t(std::lround(colour[i] * 255.0f));
@@ -348,8 +381,9 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
     const qxRay ray = m_camera.ray(float(x) + shift[0], float(y) + shift[1]);
     const qxTracer::RayResult seen = m_tracer->trace(ray, sampler);
     Sample result;
-    result.light = seen.radiance - seen.scattered;
+    result.light = seen.radiance;
     result.scattered = seen.scattered;
+    result.sharp = seen.sharp;
     result.lit = seen.lit;
     result.plain = seen.plain;
     const float behind = seen.transmittance;
@@ -363,16 +397,15 @@ qxPainter::Sample qxPainter::sample(int x, int y, int number) const
         result.lit += layers.lit;
         result.open += layers.open;
     }
-    result.colour = seen.colour;
-    result.normal = seen.normal;
     result.sides = seen.sides;
     const bool isGround = ground < 1.0f && !std::isfinite(seen.distance);
     result.distance = isGround ? m_ground->distanceAlong(ray) : seen.distance;
     const auto cover = [&result](const osg::Vec3f &light, float through) {
         result.plain = light + result.plain * through;
         result.light *= through;
-        result.scattered *= through;
-        result.colour *= through;
+        result.scattered.light *= through;
+        result.scattered.colour *= through;
+        result.sharp.light *= through;
         result.lit *= through;
         result.open *= through;
     };
@@ -406,7 +439,7 @@ qxPainter::Spot qxPainter::spot(int x, int y)
     const Sample seen = sample(x, y, 0);
     if ((m_sides | seen.sides) != m_sides)
         m_sides |= seen.sides;
-    return {shownColour(seen, seen.scattered), seen.distance, seen.isInFront};
+    return {shownColour(seen, seen.gathered()), seen.distance, seen.isInFront};
 }
 
 osg::Vec4f qxPainter::plainBackground(int y) const

@@ -42,6 +42,7 @@ public:
 
 private:
     struct Sample;
+    class Mean;
     class Average;
     typedef qxBackground::Layers Layers; ///< what is in a pixel besides random light
 
@@ -54,8 +55,8 @@ private:
     void finish(int x, int y, const Average &pixel);
     Sample sample(int x, int y, int number) const;
     void showFiltered();
-    osg::Vec4f shownColour(const Layers &layers, const osg::Vec3f &scattered) const;
-    void show(int x, int y, const Layers &layers, const osg::Vec3f &scattered);
+    osg::Vec4f shownColour(const Layers &layers, const osg::Vec3f &gathered) const;
+    void show(int x, int y, const Layers &layers, const osg::Vec3f &gathered);
     std::size_t place(int x, int y) const
     {
         return std::size_t(y) * std::size_t(m_settings.width) + std::size_t(x);
@@ -79,7 +80,8 @@ private:
     std::unique_ptr<qxTracer> m_tracer;
     std::unique_ptr<qxShadowGround> m_ground; ///< null without
     std::vector<qxTracer> m_overlays; ///< the farthest first
-    std::unique_ptr<qxPictureFilter> m_filter; ///< null when pixels are shown as they come
+    /// Of scattered light and of sharp reflections; none when pixels are shown as they come.
+    std::vector<qxPictureFilter> m_filters;
     std::vector<Layers> m_layers; ///< of each pixel, with a filter
     std::atomic<int> m_sides{qxTracer::Nothing}; ///< sides of surfaces, by any ray of the eye
     qxPicture m_picture;

@@ -17,6 +17,8 @@ const float _brightest = 4.0f;
 const float _smoothestLater = 0.3f;
 const float _paneLike = 0.1f; ///< roughness up to which a thin wall shows what is behind it sharply
 const float _mirrorLike = 0.25f; ///< roughness up to which a surface shows others
+/// What sharp reflections show is followed with this chance by their share of the light.
+const float _curiosity = 5.0f;
 const float _patience = 0.6f; ///< with such paths: what they bring is smooth, and many count
 const float _splitShare = 0.25f; ///< of the picture, from which on all rays are followed
 
@@ -42,6 +44,7 @@ public:
     void meet(const qxRenderLayer &layer, const osg::Vec4f &base)
     {
         isUnlit = layer.unlit;
+        part = qxShading::Whole;
         surface = hit.surface(layer, base);
         if (!isScattered)
             return;
@@ -72,6 +75,7 @@ public:
         const float peak = qxPeak(later);
         return now + qxProduct(before, peak > _brightest ? later * (_brightest / peak) : later);
     }
+    Gathered gathered(float weight) const { return {light() * weight, shownColour, shownNormal}; }
     /// This surface is what the eye sees, maybe by way of mirrors.
     void show()
     {
@@ -81,6 +85,7 @@ public:
 
     qxSurfacePoint hit;
     qxShading::Surface surface; ///< there
+    qxShading::Part part = qxShading::Whole; ///< of it
     bool isUnlit = false;
     bool isClosed = false; ///< what comes through the surface counts elsewhere
     int length = 1; ///< in surfaces
@@ -130,8 +135,9 @@ qxTracer::Seen qxPathTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer
 {
     const osg::Vec3f none;
     const osg::Vec3f colour(base[0], base[1], base[2]);
+    const Gathered surface = {none, colour, hit.normal};
     if (layer.unlit)
-        return {none, none, colour, colour, hit.normal, none};
+        return {none, {}, surface, colour, none};
     Path path(hit, layer, base);
     const osg::Vec3f emitted = path.emitted();
     // A pane shows what is behind it as if it were not there.
@@ -142,19 +148,40 @@ qxTracer::Seen qxPathTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer
     // Of what is hardly seen only some rays are followed.
     const float chance = std::min(1.0f, share / _splitShare);
     if (chance < 1.0f && sampler.next() >= chance)
-        return {emitted, none, none, colour, hit.normal, through};
+        return {emitted, {}, surface, none, through};
+    Gathered reflections;
+    if (qxShading::hasSharpPart(path.surface)) {
+        reflections = sharp(path, sampler.branch());
+        reflections.light *= 1.0f / chance;
+        path.part = qxShading::Rest;
+    }
     while (follow(path, sampler)) {}
-    const osg::Vec3f light = path.light() * (1.0f / chance);
-    return {emitted + light, light, none, path.shownColour, path.shownNormal, through};
+    return {emitted, reflections, path.gathered(1.0f / chance), none, through};
+}
+
+/// What a sharp reflection shows; each sample looks there. Where that is faint, few go on.
+qxTracer::Gathered qxPathTracer::sharp(Path path, qxSampler sampler) const
+{
+    path.part = qxShading::Sharp;
+    path.shownColour = osg::Vec3f(1, 1, 1);
+    bool goesOn = follow(path, sampler);
+    const float chance = std::min(1.0f, _curiosity * qxPeak(path.share));
+    if (goesOn && chance < 1.0f) {
+        goesOn = sampler.next() < chance;
+        path.share *= 1.0f / chance;
+    }
+    while (goesOn && follow(path, sampler)) {}
+    return path.gathered(1.0f);
 }
 
 /// Gathers the light of the path's last point and looks for the next one; false at the end.
 bool qxPathTracer::follow(Path &path, qxSampler &sampler) const
 {
     const qxShading::Surface &surface = path.surface;
-    const bool isMirror =
-        std::max(surface.metallic, surface.transmission) > 0.5f && surface.roughness < _mirrorLike;
-    const qxShading shading(surface, path.hit.toEye);
+    const bool isMirror = path.part == qxShading::Sharp
+        || (std::max(surface.metallic, surface.transmission) > 0.5f
+            && surface.roughness < _mirrorLike);
+    const qxShading shading(surface, path.hit.toEye, path.part);
     path.add(direct(path, shading, sampler));
     const float choice = sampler.next();
     const qxShading::Bounce bounce = shading.bounce(choice, sampler.nextPair());

@@ -20,6 +20,7 @@ private:
     class Path;
     struct Asked;
 
+    Gathered sharp(Path path, qxSampler sampler) const;
     bool follow(Path &path, qxSampler &sampler) const;
     osg::Vec3f direct(const Path &path, const qxShading &shading, qxSampler &sampler) const;
     osg::Vec3f found(Asked asked, const qxSurfacePoint &hit, qxSampler &sampler) const;

@@ -60,10 +60,9 @@ qxPictureFilter::qxPictureFilter(int width, int height) : m_width(width), m_heig
     m_nextVariance = m_variance;
 }
 
-osg::Vec3f qxPictureFilter::withoutColour(const osg::Vec3f &light, const osg::Vec3f &colour)
+osg::Vec3f qxPictureFilter::divisor(const osg::Vec3f &colour)
 {
-    return osg::Vec3f(light[0] / (colour[0] + _gloss), light[1] / (colour[1] + _gloss),
-                      light[2] / (colour[2] + _gloss));
+    return colour + osg::Vec3f(_gloss, _gloss, _gloss);
 }
 
 qxPictureFilter::Surface qxPictureFilter::surfaceOf(const osg::Vec3f &colour,
@@ -80,10 +79,10 @@ qxPictureFilter::Surface qxPictureFilter::surfaceOf(const osg::Vec3f &colour,
 void qxPictureFilter::set(int x, int y, const Pixel &pixel)
 {
     const std::size_t at = place(x, y);
-    const osg::Vec3f light = withoutColour(pixel.light, pixel.colour);
+    const osg::Vec3f colour = divisor(pixel.colour);
     for (osg::UInt32 i = 0; i < 3; ++i) {
-        m_colour[i][at] = pixel.colour[i] + _gloss;
-        m_nextLight[i][at] = light[i];
+        m_colour[i][at] = colour[i];
+        m_nextLight[i][at] = pixel.light[i] / colour[i];
     }
     for (std::size_t i = 0; i < m_surface.size(); ++i)
         m_surface[i][at] = pixel.surface[i];

@@ -25,8 +25,8 @@ public:
         Surface surface; ///< average of the samples
         float mixture = 0; ///< variance of the single samples' surfaces, sum of the numbers
     };
-    /// The light as it comes to a surface, without the surface's colour.
-    static osg::Vec3f withoutColour(const osg::Vec3f &light, const osg::Vec3f &colour);
+    /// What light that a surface of this colour reflects is divided by to be without the colour.
+    static osg::Vec3f divisor(const osg::Vec3f &colour);
     /// Threads may set different pixels at once.
     void set(int x, int y, const Pixel &pixel);
 

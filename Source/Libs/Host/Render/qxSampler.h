@@ -34,6 +34,14 @@ public:
                           asNumber(mirrored(shuffled(second(index), hashed(seed + 2)))));
     }
 
+    /// For a way that is followed besides: its numbers and those of this one are independent.
+    qxSampler branch() const
+    {
+        qxSampler result = *this;
+        result.m_use += 1u << 16;
+        return result;
+    }
+
 private:
     static std::uint32_t hashed(std::uint32_t x)
     {

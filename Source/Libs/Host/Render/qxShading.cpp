@@ -75,8 +75,21 @@ float meanRoughness(float roughness, float anisotropy)
 
 } // namespace
 
-qxShading::qxShading(const Surface &surface, const osg::Vec3f &toEye)
-    : m_surface(surface), m_frame(surface.normal), m_roughness(rough(surface.roughness)),
+bool qxShading::hasSharpCoat(const Surface &surface)
+{
+    return surface.coat > 0.0f && surface.coatRoughness < _sharp;
+}
+
+bool qxShading::hasSharpMirror(const Surface &surface)
+{
+    return surface.metallic <= 0.5f && surface.roughness < _sharp && surface.specular > 0.0f;
+}
+
+qxShading::qxShading(const Surface &surface, const osg::Vec3f &toEye, Part part)
+    : m_surface(surface),
+      m_showsMirror(part == Whole || (part == Sharp) == hasSharpMirror(surface)),
+      m_showsCoat(part == Whole || (part == Sharp) == hasSharpCoat(surface)),
+      m_showsRest(part != Sharp), m_frame(surface.normal), m_roughness(rough(surface.roughness)),
       m_mirrors(alphaOf(m_roughness, surface.anisotropy), squared(m_roughness)),
       m_albedo(meanRoughness(m_roughness, surface.anisotropy)),
       m_coatFrame(surface.coat > 0.0f ? qxFrame(surface.coatNormal) : m_frame),
@@ -204,16 +217,23 @@ qxShading::Chances qxShading::newChances() const
     result[MattThrough] =
         (qxPeak(m_mattThrough) * m_mattMean + qxPeak(m_repeatedThrough) * m_repeatedMean) * qxPi
         * rest;
+    result[Mirror] *= m_showsMirror ? 1.0f : 0.0f;
+    result[Coat] *= m_showsCoat ? 1.0f : 0.0f;
+    for (const Lobe lobe : {Matt, Through, MattThrough})
+        result[lobe] *= m_showsRest ? 1.0f : 0.0f;
     float sum = 0.0f;
     for (float &chance : result)
         sum += chance;
+    if (!(sum > 0.0f))
+        return Chances();
     // What seems to give little may give much in some direction, and sharp reflections are seen,
     // while soft light is also found by asking for it.
     float total = 0.0f;
     for (int lobe = 0; lobe < Lobes; ++lobe) {
+        // Inside of glass, reflections are as faint as they are.
         const bool isSharp = (lobe == Coat && m_surface.coatRoughness < _sharp)
-            || (lobe == Mirror && m_roughness < _sharp);
-        const float share = sum > 0.0f ? result[std::size_t(lobe)] / sum : 1.0f;
+            || (lobe == Mirror && m_roughness < _sharp && !m_surface.isInside);
+        const float share = result[std::size_t(lobe)] / sum;
         result[std::size_t(lobe)] = std::max(share, std::min(isSharp ? 0.3f : 0.1f, 10.0f * share));
         total += result[std::size_t(lobe)];
     }
@@ -265,11 +285,17 @@ float qxShading::sheenRest(float cosine) const
 /// Mirrors and what is matt below them.
 osg::Vec3f qxShading::baseReflected(const osg::Vec3f &light) const
 {
-    const osg::Vec3f half = qxUnit(light + m_eye);
-    const float shine = m_mirrors.distribution(half) * m_mirrors.visibility(light, m_eye);
-    const qxAlbedo::Split albedo = m_albedo.at(light[2]);
-    return fresnel(m_layer, denseCosine(half.dot(m_eye))) * shine + m_matt * passed(albedo)
-        + m_repeated * std::max(0.0f, 1.0f - albedo.all());
+    osg::Vec3f sum;
+    if (m_showsMirror) {
+        const osg::Vec3f half = qxUnit(light + m_eye);
+        const float shine = m_mirrors.distribution(half) * m_mirrors.visibility(light, m_eye);
+        sum = fresnel(m_layer, denseCosine(half.dot(m_eye))) * shine;
+    }
+    if (m_showsRest) {
+        const qxAlbedo::Split albedo = m_albedo.at(light[2]);
+        sum += m_matt * passed(albedo) + m_repeated * std::max(0.0f, 1.0f - albedo.all());
+    }
+    return sum;
 }
 
 /// Light from behind: KHR_materials_transmission for thin walls, KHR_materials_volume for bodies.
@@ -328,14 +354,14 @@ osg::Vec3f qxShading::reflected(const osg::Vec3f &toLight) const
             const float half = qxUnit(light + m_eye)[2];
             const float fibres =
                 qxAlbedo::sheen(light[2], m_eye[2], half, m_surface.sheenRoughness);
-            sum = sum * std::min(sheenRest(light[2]), sheenRest(m_eye[2]))
-                + m_surface.sheen * (fibres * light[2]);
+            sum *= std::min(sheenRest(light[2]), sheenRest(m_eye[2]));
+            sum += m_surface.sheen * (m_showsRest ? fibres * light[2] : 0.0f);
         }
-    } else if (letsThrough()) {
+    } else if (m_showsRest && letsThrough()) {
         sum = baseTransmitted(light) * (-light[2] * sheenRest(m_eye[2]));
     }
     if (m_coatShare > 0.0f)
-        sum = sum * m_coatRest + coatReflected(toLight);
+        sum = sum * m_coatRest + (m_showsCoat ? coatReflected(toLight) : osg::Vec3f());
     return sum;
 }
 

@@ -40,8 +40,17 @@ public:
         float diffuseTransmission = 0;
         osg::Vec3f diffuseTransmissionColour = osg::Vec3f(1, 1, 1);
     };
+    /// What of its light is looked at: sharp reflections on coats and on what is no metal, or all
+    /// the rest. Together they are the whole.
+    enum Part { Whole, Sharp, Rest };
     /// Seen from direction `toEye`.
-    qxShading(const Surface &surface, const osg::Vec3f &toEye);
+    qxShading(const Surface &surface, const osg::Vec3f &toEye, Part part = Whole);
+
+    /// Whether a surface has sharp reflections besides the rest.
+    static bool hasSharpPart(const Surface &surface)
+    {
+        return hasSharpCoat(surface) || hasSharpMirror(surface);
+    }
 
     /// The share of the light from a direction that goes to the eye, times the cosine of the angle
     /// that it arrives at. Also for light from behind.
@@ -80,6 +89,8 @@ private:
         osg::Vec3f repeated; ///< reflectance of light that met several mirrors
     };
 
+    static bool hasSharpCoat(const Surface &surface);
+    static bool hasSharpMirror(const Surface &surface);
     void setGrain();
     static osg::Vec3f repeatedBy(const Layer &layer, const qxAlbedo::Split &mean);
     Layer setLayers();
@@ -105,6 +116,9 @@ private:
     osg::Vec3f direction(float choice, const osg::Vec2f &place) const;
 
     const Surface m_surface;
+    bool m_showsMirror; ///< in the part that is looked at, as well as:
+    bool m_showsCoat;
+    bool m_showsRest;
     qxFrame m_frame;
     osg::Vec3f m_eye; ///< relative to the surface
     float m_roughness;

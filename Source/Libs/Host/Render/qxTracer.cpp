@@ -40,6 +40,13 @@ osg::Vec3f leftInside(const qxSurfacePoint &hit, float length)
 
 } // namespace
 
+void qxTracer::Gathered::add(const Gathered &other, const osg::Vec3f &weight, float share)
+{
+    light += qxProduct(other.light, weight);
+    colour += other.colour * share;
+    normal += other.normal * share;
+}
+
 bool qxTracer::intersect(const qxRay &ray, qxSurfacePoint &hit) const
 {
     return intersect(ray, m_scene.group.scene(), hit);
@@ -111,7 +118,7 @@ qxTracer::RayResult qxTracer::trace(qxRay ray, qxSampler &sampler) const
 void qxTracer::pass(const qxRenderClipping::Crossing &plane, RayResult &result) const
 {
     result.plain += qxProduct(plane.light, result.tint) * (plane.alpha * result.transmittance);
-    result.colour += plane.light * (plane.alpha * result.transmittance);
+    result.scattered.colour += plane.light * (plane.alpha * result.transmittance);
     result.transmittance *= 1.0f - plane.alpha;
 }
 
@@ -134,11 +141,10 @@ void qxTracer::pass(const qxSurfacePoint &hit, qxSampler &sampler, RayResult &re
         const Seen one = seen(hit, *layer, base, share, sampler);
         const osg::Vec3f weight = result.tint * share;
         result.radiance += qxProduct(one.radiance, weight);
-        result.scattered += qxProduct(one.scattered, weight);
+        result.sharp.add(one.sharp, weight, share);
+        result.scattered.add(one.scattered, weight, share);
         result.plain += qxProduct(one.plain, weight);
         result.lit += isLit(*layer) ? share : 0.0f;
-        result.colour += one.colour * share;
-        result.normal += one.normal * share;
         result.transmittance *= 1.0f - alpha;
         goThrough(one.through * share, result);
         if (result.transmittance <= _nothing)
@@ -165,16 +171,17 @@ qxTracer::Seen qxTracer::seen(const qxSurfacePoint &hit, const qxRenderLayer &la
 {
     const osg::Vec3f none;
     const osg::Vec3f colour(base[0], base[1], base[2]);
+    const Gathered surface = {none, colour, hit.normal};
     if (layer.unlit)
-        return {none, none, colour, colour, hit.normal, none};
+        return {none, {}, surface, colour, none};
     if (!m_scene.isLit) {
         const bool glows = qxPeak(layer.look.emission) > 0.0f;
         const osg::Vec3f emission = glows ? hit.surface(layer, base).emission : none;
-        return {none, none, colour + emission, colour, hit.normal, none};
+        return {none, {}, surface, colour + emission, none};
     }
     const qxShading shading(hit.surface(layer, base), hit.toEye);
     const osg::Vec3f light = shading.emitted() + direct(hit, shading) + reflectedSky(hit, shading);
-    return {light, none, none, colour, hit.normal, shading.straightThrough()};
+    return {light, {}, surface, none, shading.straightThrough()};
 }
 
 /// Without asking around: the strongest light of the sky alone casts a shadow.

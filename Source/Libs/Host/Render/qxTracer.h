@@ -27,13 +27,21 @@ public:
     explicit qxTracer(const Scene &scene) : m_scene(scene) {}
     virtual ~qxTracer() = default;
 
+    /// Light that random rays have gathered, with colour and normal, of length 0 to 1, of the
+    /// surfaces that it comes from; behind mirrors those of what they show.
+    struct Gathered {
+        void add(const Gathered &other, const osg::Vec3f &weight, float share);
+
+        osg::Vec3f light;
+        osg::Vec3f colour;
+        osg::Vec3f normal;
+    };
     /// What a surface, or all along a ray, sends to the eye.
     struct Seen {
-        osg::Vec3f radiance; ///< of what is lit
-        osg::Vec3f scattered; ///< the part of it that random rays have gathered
+        osg::Vec3f radiance; ///< of what is lit, besides what random rays have gathered
+        Gathered sharp; ///< by sharp reflections on surfaces that show more than these
+        Gathered scattered; ///< the rest
         osg::Vec3f plain; ///< of what is not lit, as the picture shows it
-        osg::Vec3f colour; ///< of the surfaces themselves, and their normal, of length 0 to 1;
-        osg::Vec3f normal; ///< behind mirrors those of what they show
         osg::Vec3f through; ///< share of what is straight behind that goes to the eye, besides
     };
     /// Sides of surfaces, to be combined. Only a surface without a back side has backs.
