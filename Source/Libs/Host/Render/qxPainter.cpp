@@ -11,8 +11,8 @@ namespace {
 
 const int _largestTile = 16; ///< width and height in pixels
 /// Samples of the best quality: as many as a pixel needs, looked at after so many at a time.
-const int _bestSamples = 24;
-const int _sampleStep = 6;
+const int _bestSamples = 16;
+const int _sampleStep = 4;
 const int _fewestToFilter = 4; ///< samples that tell noise from what is there
 const float _tooMuchNoise = 14.0f / 255.0f; ///< in the colours of the picture
 const float _easyShare = 0.3f; ///< of the noise where the filter does well: inside of surfaces

@@ -18,7 +18,7 @@ const float _smoothestLater = 0.3f;
 const float _paneLike = 0.1f; ///< roughness up to which a thin wall shows what is behind it sharply
 const float _mirrorLike = 0.25f; ///< roughness up to which a surface shows others
 /// What sharp reflections show is followed with this chance by their share of the light.
-const float _curiosity = 5.0f;
+const float _curiosity = 3.0f;
 const float _patience = 0.6f; ///< with such paths: what they bring is smooth, and many count
 const float _splitShare = 0.25f; ///< of the picture, from which on all rays are followed
 
