@@ -114,6 +114,8 @@ qxPicture qxReprojection::paint(qxPainter &painter, const qxPictureSettings &set
 {
     const auto start = std::chrono::steady_clock::now();
     begin(settings);
+    if (drawn >= m_width * m_height) // as any quick picture, whatever has changed unnoticed
+        m_shadows.clear();
     painter.prepareSpots(m_shadows);
     const int threads = settings.threads;
     const auto silent = [](int) { return true; };
