@@ -90,9 +90,10 @@ void qxLightMenu::buildBackground()
         QAction *const action = choice(m_backgrounds, each.first);
         action->setData(each.second);
         connect(action, &QAction::triggered, this, [this, action] {
-            if (action->data() == qxViewSettings::Plain)
-                askForColour();
-            setBackground(action->data().toInt());
+            if (action->data() != qxViewSettings::Plain || askForColour())
+                setBackground(action->data().toInt());
+            else
+                checkBackground(qxViewSettings::the().background);
         });
     }
     m_background->addActions(m_backgrounds->actions());
@@ -131,12 +132,8 @@ void qxLightMenu::restore()
         view.plainColour =
             osg::Color3f(float(colour.redF()), float(colour.greenF()), float(colour.blueF()));
     const int wanted = settings.value(backgroundKey, int(view.background)).toInt();
-    for (QAction *each : m_backgrounds->actions()) {
-        if (each->data() != wanted)
-            continue;
-        each->setChecked(true);
+    if (checkBackground(wanted))
         view.background = qxViewSettings::Background(wanted);
-    }
     bool isNumber = false;
     const float exposure = settings.value(exposureKey).toFloat(&isNumber);
     if (isNumber && std::fabs(exposure) <= mostExposure)
@@ -173,6 +170,7 @@ void qxLightMenu::fillRecent()
         name.replace(QLatin1Char('&'), QLatin1String("&&"));
         auto *const action = new QAction(name, m_environments);
         action->setCheckable(true);
+        action->setData(file);
         action->setChecked(file == m_file);
         action->setEnabled(QFileInfo::exists(file));
         action->setToolTip(Qt::convertFromPlainText(file, Qt::WhiteSpaceNormal));
@@ -190,6 +188,22 @@ void qxLightMenu::use(Environment environment)
     showNow();
 }
 
+/// Marks what is in use, after another choice came to nothing.
+void qxLightMenu::checkEnvironment()
+{
+    const int own = qxViewSettings::the().environment ? Studio : OfScene;
+    QAction *const plain = m_environments->actions().at(own);
+    QAction *chosen = m_file.isEmpty() ? plain : nullptr;
+    for (QAction *each : m_recent) {
+        if (each->data() == m_file)
+            chosen = each;
+    }
+    if (chosen)
+        chosen->setChecked(true);
+    else if (QAction *const checked = m_environments->checkedAction())
+        checked->setChecked(false);
+}
+
 void qxLightMenu::usePicture(const QString &file)
 {
     QString error;
@@ -202,6 +216,7 @@ void qxLightMenu::usePicture(const QString &file)
         for (QLabel *label : box.findChildren<QLabel *>()) // names of files are no markup
             label->setTextFormat(Qt::PlainText);
         box.exec();
+        checkEnvironment();
         return;
     }
     qxViewSettings::the().environment = light;
@@ -225,14 +240,28 @@ void qxLightMenu::askForPicture()
         usePicture(file);
 }
 
-void qxLightMenu::askForColour()
+/// False when it was cancelled.
+bool qxLightMenu::askForColour()
 {
     osg::Color3f &plain = qxViewSettings::the().plainColour;
     const QColor colour = QColorDialog::getColor(colourOf(plain), this, tr("Background"));
     if (!colour.isValid())
-        return;
+        return false;
     plain = osg::Color3f(float(colour.redF()), float(colour.greenF()), float(colour.blueF()));
     QSettings().setValue(colourKey, colour.name());
+    return true;
+}
+
+/// Marks a background as the chosen one; false when there is no such background.
+bool qxLightMenu::checkBackground(int background)
+{
+    for (QAction *each : m_backgrounds->actions()) {
+        if (each->data() != background)
+            continue;
+        each->setChecked(true);
+        return true;
+    }
+    return false;
 }
 
 void qxLightMenu::setBackground(int background)

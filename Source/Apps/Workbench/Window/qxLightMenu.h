@@ -29,7 +29,9 @@ private:
     void fillRecent();
     void use(Environment environment);
     void askForPicture();
-    void askForColour();
+    bool askForColour();
+    bool checkBackground(int background);
+    void checkEnvironment();
     void setBackground(int background);
     void setExposure(float exposure);
     QAction *choice(QActionGroup *group, const char *text);
