@@ -19,8 +19,8 @@ void qxRenderScene::update(Light light)
     m_shown.begin();
     qxShownListener listener;
     listener.part = [this](const qxShownPart &part) { m_shown.add(part); };
-    listener.light = [this](const osg::LightPtr &light, const osg::Matrix &toWorld) {
-        m_lights.add(light, toWorld);
+    listener.light = [this](const osg::LightPtr &core, const osg::Matrix &toWorld) {
+        m_lights.add(core, toWorld);
     };
     qxWalkShown(scene.root(), listener);
     m_shown.finish();

@@ -47,10 +47,10 @@ void qxSurfacePoint::findSteps(osg::Vec2f (&steps)[2]) const
     for (std::size_t i = 0; i < 2; ++i)
         instance->toWorld.multMatrixVec(instance->geometry->side(place.triangle, i), sides[i]);
     // Each step on the plane of the sides in shares of these.
-    const osg::Vec3f normal = sides[0].cross(sides[1]);
-    const float square = normal.squareLength();
+    const osg::Vec3f across = sides[0].cross(sides[1]);
+    const float square = across.squareLength();
     const float share = square > 0.0f ? 1.0f / square : 0.0f;
-    const osg::Vec3f along[2] = {sides[1].cross(normal) * share, normal.cross(sides[0]) * share};
+    const osg::Vec3f along[2] = {sides[1].cross(across) * share, across.cross(sides[0]) * share};
     for (int i = 0; i < 2; ++i)
         steps[i] = osg::Vec2f(spread.origin[i].dot(along[0]), spread.origin[i].dot(along[1]));
 }
