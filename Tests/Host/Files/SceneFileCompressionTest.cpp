@@ -18,7 +18,7 @@
 class SceneFileCompressionTest : public SceneFileFixture {
 protected:
     static const int side = 7;
-    static const int vertices = side * side;
+    static constexpr int vertices = side * side;
 
     SceneFileCompressionTest()
     {
