@@ -12,9 +12,9 @@ const int _near = 1; ///< in pixels, over which the noise is taken to be the sam
 const float _tolerance = 9.0f; ///< so many times the variance, differences count as noise
 const float _unseen = 2e-5f; ///< variance that nobody sees
 const float _darkest = 1e-3f; ///< light; of what is darker, differences are seen less
-const float _colourUnit = 0.2f;
-const float _normalUnit = 0.2f;
-const float _kinship = 0.3f; ///< of a pixel in which surfaces meet to them
+const float _colourUnit = 0.1f;
+const float _normalUnit = 0.09f;
+const float _kinship = 0.2f; ///< of a pixel in which surfaces meet to them
 const float _gloss = 0.12f; ///< about what surfaces reflect beside their colour
 const float _brightestLook = 2.0f;
 
