@@ -51,7 +51,6 @@ TEST(SetTableTest, TableHasARowForEachSetAndAColumnForEachVariantAndKey)
                     "Street,Sport,fast,,,,,\n"
                     "Track,Race,,,,,,\n"
                     ",Bare,,,,,!Enable,\n");
-    EXPECT_EQ(qxSetTable::cellsOf(paintShop()), 8 * 5);
     qxDocument tricky = paintShop();
     tricky.groups[0].name = "=1+1";
     tricky.sets[0].name = "'quoted'";
@@ -85,7 +84,9 @@ TEST(SetTableTest, WhatIsWrittenReadsAsTheSameDocument)
         const QByteArray before = xmlOf(document);
         for (const qxSetTable::Form &form :
              {qxSetTable::Form{}, qxSetTable::Form{';', true}, qxSetTable::Form{'\t', true}}) {
-            const auto read = qxSetTableReader::read(qxSetTable::write(document, form), document);
+            const QByteArray table = qxSetTable::write(document, form);
+            EXPECT_LE(table.size(), qxSetTable::mostBytes(document) + 3);
+            const auto read = qxSetTableReader::read(table, document);
             ASSERT_TRUE(read.flaws.empty()) << qPrintable(read.flaws[0].reason);
             EXPECT_EQ(xmlOf(read.document), before);
         }

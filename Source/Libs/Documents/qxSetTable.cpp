@@ -14,6 +14,7 @@ typedef std::vector<qxSetTableColumn> TableColumns;
 typedef QPair<const qxVariantKind *, QString> ColumnKey;
 
 const QByteArray byteOrderMark("\xEF\xBB\xBF");
+constexpr qint64 MostBytesPerCharacter = 3; // one of two characters takes four
 
 class TableWriter {
 public:
@@ -82,9 +83,24 @@ private:
 
 } // namespace
 
-qint64 qxSetTable::cellsOf(const qxDocument &document)
+qint64 qxSetTable::mostBytes(const qxDocument &document)
 {
-    return qint64(qxSetTableColumn::of(document).size()) * qint64(document.sets.size() + 1);
+    const auto columns = qxSetTableColumn::of(document);
+    qint64 characters = 0;
+    for (const qxSetTableColumn &each : columns)
+        characters += each.title().size();
+    for (const qxDocumentSet &set : document.sets) {
+        if (set.group >= 0)
+            characters += document.groups[std::size_t(set.group)].name.size();
+        characters += set.name.size() + set.comment.size();
+        for (const qxDocumentReference &each : set.references)
+            characters += each.state.size();
+        for (const qxDocumentText &each : set.values)
+            characters += each.more.size();
+    }
+    constexpr qint64 bytesPerCell = 4; // with a separator, quotes and an apostrophe
+    const qint64 cells = qint64(columns.size()) * qint64(document.sets.size() + 1);
+    return cells * bytesPerCell + characters * MostBytesPerCharacter;
 }
 
 QByteArray qxSetTable::write(const qxDocument &document, const Form &form)

@@ -19,8 +19,9 @@ struct Form {
     bool isForOffice = false;
 };
 
-/// How many cells the table has, its first row included.
-qint64 cellsOf(const qxDocument &document);
+/// How many bytes the table may have, estimated from above: it grows with sets times variants,
+/// which no document says in its size.
+qint64 mostBytes(const qxDocument &document);
 /// The table, UTF-8. The time grows with its cells.
 QByteArray write(const qxDocument &document, const Form &form = {});
 

@@ -472,6 +472,16 @@ void TableReader::settle()
 
 } // namespace
 
+qint64 qxSetTableReader::mostMemory(const QByteArray &table)
+{
+    constexpr qint64 bytesPerSet = 1500;
+    constexpr qint64 bytesPerEntry = 200;
+    constexpr qint64 bytesPerByte = 12;
+    const qint64 rows = 1 + table.count('\n') + table.count('\r');
+    const qint64 cells = rows + table.count(',') + table.count(';') + table.count('\t');
+    return rows * bytesPerSet + cells * bytesPerEntry + table.size() * bytesPerByte;
+}
+
 qxSetTableReader::Reading qxSetTableReader::read(const QByteArray &table,
                                                  const qxDocument &document)
 {

@@ -25,9 +25,11 @@ struct Reading {
     qxDocument document; ///< settled; of no use when there are flaws
     std::vector<Flaw> flaws; ///< row by row, up to a thousand
     int furtherFlaws = 0; ///< those beyond
-    int rows = 0; ///< of sets
+    int rows = 0; ///< those of sets
 };
 
+/// How much memory reading it may take, in bytes, estimated from above: a few bytes make a set.
+qint64 mostMemory(const QByteArray &table);
 /// Reads UTF-8, with or without the mark in front; commas, semicolons or tabs separate the cells.
 /// All flaws are found in one go. The time grows with table and document.
 Reading read(const QByteArray &table, const qxDocument &document);
