@@ -2,6 +2,8 @@
 
 #include "qxDocument.h"
 
+#include <optional>
+
 /// What a name in a document means.
 enum class qxNamed {
     Group,
@@ -23,7 +25,7 @@ struct qxDocumentPlace {
     const qxDocumentSet *set = nullptr; ///< that names it; null when a variant or group does
     const qxDocumentVariant *variant = nullptr; ///< the same, null when a set or group does
     const qxVariantKind *kind = nullptr; ///< of the variant that is named or whose state it is
-    QString owner; ///< of a state, the name of its variant
+    QString owner = QString(); ///< of a state, the name of its variant
     bool isOwn = false; ///< the thing itself has its name here, rather than being referred to
 
     /// The place in words, such as: set "Red", target node
