@@ -146,7 +146,7 @@ const QList<const qxCommand *> &qxCommands::all()
 {
     static const QList<const qxCommand *> commands{
         &info,     &list,    &state,   &select,    &set,        &create, &document, &verify,
-        &optimize, &lint,    &rename,    &explain,    &runScript, &python, &render,
+        &optimize, &lint,    &explain,  &rename,    &table,      &runScript, &python, &render,
         &previews, &catalogue, &check, &capture,   &trust,      &help,   &completion, &manual,
     };
     return commands;
