@@ -22,7 +22,7 @@ typedef QPair<const qxVariantKind *, QString> EntryKey;
 constexpr std::size_t MostFlaws = 1000;
 /// Looking for near names takes long when there are many.
 constexpr std::size_t MostSuggestions = 100;
-/// Of more options only near ones are told.
+/// So many options of a variant are told.
 constexpr int FewOptions = 8;
 
 QString quoted(const QString &name)
@@ -402,8 +402,11 @@ void TableReader::checkState(int place, const qxSetTableColumn &variant, const Q
             options += each.name;
     }
     QString hint = near(state, options);
-    if (hint.isEmpty() && !options.isEmpty() && options.size() <= FewOptions)
-        hint = QStringLiteral("; it has \"%1\"").arg(options.join(QLatin1String("\", \"")));
+    if (hint.isEmpty() && !options.isEmpty())
+        hint = QStringLiteral("; it has \"%1\"")
+                   .arg(QStringList(options.mid(0, FewOptions)).join(QLatin1String("\", \"")));
+    if (hint.startsWith(QLatin1String("; it has")) && options.size() > FewOptions)
+        hint += QStringLiteral(" and %1 more").arg(options.size() - FewOptions);
     fault(place,
           QStringLiteral("%1 is no state of %2 %3")
                   .arg(quoted(state), variant.kind->word, quoted(variant.name))

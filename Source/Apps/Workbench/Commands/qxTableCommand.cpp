@@ -1,12 +1,11 @@
-#include "qxDocumentXml.h"
-#include "qxSetTable.h"
-#include "qxSetTableReader.h"
-
 #include "Files/qxDocumentFile.h"
 #include "Files/qxMemoryBudget.h"
 #include "Report/qxOutput.h"
 #include "Session/qxEditedDocument.h"
 #include "qxCommand.h"
+#include "qxDocumentXml.h"
+#include "qxSetTable.h"
+#include "qxSetTableReader.h"
 #include "qxStreams.h"
 
 #include <QCommandLineParser>
@@ -46,10 +45,10 @@ bool hasRoom(const QString &name, qint64 bytes)
     const qint64 limit = std::min(qxMemoryBudget::limit(), qint64(INT_MAX));
     if (bytes <= limit)
         return true;
-    qxOutput::error(QStringLiteral("%1: %2 of memory are needed for the table, %3 are allowed "
-                                   "(--memory-limit)")
-                        .arg(name, qxMemoryBudget::text(double(bytes)),
-                             qxMemoryBudget::text(double(limit))));
+    qxOutput::error(
+        QStringLiteral("%1: %2 of memory are needed for the table, %3 are allowed "
+                       "(--memory-limit)")
+            .arg(name, qxMemoryBudget::text(double(bytes)), qxMemoryBudget::text(double(limit))));
     return false;
 }
 
@@ -147,7 +146,11 @@ int runTable(const QCommandLineParser &parser)
 } // namespace
 
 const qxCommand qxCommands::table = {
-    "table",  "FILE", "Writes the sets as a table, a state in each cell, or edits them by one.",
-    1,        1,      tableOptions,
+    "table",
+    "FILE",
+    "Writes the sets as a table, a state in each cell, or edits them by one.",
+    1,
+    1,
+    tableOptions,
     runTable,
     "FILE may also be a variants document alone. Nothing is written when a cell is wrong."};
