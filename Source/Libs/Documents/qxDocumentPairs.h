@@ -1,14 +1,9 @@
 #pragma once
 
-#include "qxDocumentIndex.h"
+#include "qxDocument.h"
+#include "qxPairing.h"
 
-#include <vector>
-
-/// Which things of two documents are the same ones, by their places in the documents' lists.
-struct qxPairing {
-    std::vector<int> after; ///< for each of the earlier document its place in the later; -1: gone
-    std::vector<int> before; ///< for each of the later document its place in the earlier; -1: new
-};
+#include <QHash>
 
 /// Finds what of a settled document became what of a later one, by name and, where a name is on one
 /// side alone, by likeness: a thing is renamed when more than half of what is in it is the same.
