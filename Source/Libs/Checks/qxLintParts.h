@@ -8,7 +8,7 @@
 /// What the parts of one look over a document share.
 class qxLintContext {
 public:
-    explicit qxLintContext(const qxSyntaxTree &document) : tree(document), variants(document) {}
+    explicit qxLintContext(const qxDocument &document) : tree(document), variants(document) {}
 
     /// A finding at an element that is a child of the one at `owner`.
     void add(qxCode code, const QString &message, const QString &owner, const QString &tag,
@@ -20,7 +20,7 @@ public:
     template <class List>
     void addTwins(qxCode code, const QString &kind, const List &all);
 
-    const qxSyntaxTree &tree;
+    const qxDocument &tree;
     const qxSceneLookup scene;
     const qxLintVariants variants;
     qxFindingList findings;

@@ -4,14 +4,14 @@
 
 #include <algorithm>
 
-qxLintVariant::qxLintVariant(const qxSyntaxTreeVariant &variant, qxStateSurvey &survey)
+qxLintVariant::qxLintVariant(const qxDocumentVariant &variant, qxStateSurvey &survey)
     : m_element(variant), m_survey(survey), m_objects(variant.kind->rule.objects(variant.base))
 {
     // What is of the wrong sort says so to any state.
     for (const qxSceneObject &each : m_objects)
         m_hasFittingObject = m_hasFittingObject
             || !survey.ask(variant.kind->rule, each, QString()).front().isMisfit();
-    for (const qxSyntaxTreeOption &option : variant.options)
+    for (const qxDocumentOption &option : variant.options)
         m_options.insert(option.name);
 }
 
@@ -56,10 +56,10 @@ bool qxLintVariant::isUsed(const QString &state) const
     return m_isStepped || m_used.contains(state);
 }
 
-qxLintVariants::qxLintVariants(const qxSyntaxTree &tree)
+qxLintVariants::qxLintVariants(const qxDocument &tree)
 {
     m_all.reserve(tree.variants.size());
-    for (const qxSyntaxTreeVariant &each : tree.variants) {
+    for (const qxDocumentVariant &each : tree.variants) {
         m_all.push_back(std::make_unique<qxLintVariant>(each, m_survey));
         m_byName[each.kind].insert(each.name, m_all.back().get());
     }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "qxDocument.h"
 #include "qxFindCache.h"
 #include "qxForecast.h"
-#include "qxSyntaxTree.h"
 
 #include <QHash>
 #include <QSet>
@@ -25,9 +25,9 @@ public:
     };
 
     /// Looks up its objects; `survey` must outlive this.
-    qxLintVariant(const qxSyntaxTreeVariant &variant, qxStateSurvey &survey);
+    qxLintVariant(const qxDocumentVariant &variant, qxStateSurvey &survey);
 
-    const qxSyntaxTreeVariant &element() const { return m_element; }
+    const qxDocumentVariant &element() const { return m_element; }
     bool hasOption(const QString &name) const { return m_options.contains(name); }
     bool hasObjects() const { return !m_objects.empty(); }
     /// Whether one object at least is of the right sort.
@@ -42,7 +42,7 @@ public:
     bool isUsed(const QString &state) const;
 
 private:
-    const qxSyntaxTreeVariant &m_element;
+    const qxDocumentVariant &m_element;
     qxStateSurvey &m_survey;
     const std::vector<qxSceneObject> m_objects;
     bool m_hasFittingObject = false;
@@ -55,7 +55,7 @@ private:
 /// The variants of a document by kind and name.
 class qxLintVariants {
 public:
-    explicit qxLintVariants(const qxSyntaxTree &tree);
+    explicit qxLintVariants(const qxDocument &tree);
 
     /// Of several variants of one name the last, as the reader leaves it; null for none.
     qxLintVariant *find(const qxVariantKind *kind, const QString &name) const;

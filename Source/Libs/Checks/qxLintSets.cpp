@@ -1,6 +1,8 @@
 #include "qxLintParts.h"
 #include "qxLinter.h"
 
+#include <QCryptographicHash>
+
 namespace {
 
 struct ListRule {
@@ -20,7 +22,7 @@ const ListRule listRules[qxNameLists] = {
 /// An entry of a set that changes something of the scene: a reference or, without one, a target.
 struct Entry {
     qxLintVariant::Change change;
-    const qxSyntaxTreeReference *reference;
+    const qxDocumentReference *reference;
     const qxVariantKind *kind;
     QString name; ///< of the variant or of the target
 };
@@ -42,25 +44,25 @@ bool isOfOldForm(const qxLintVariant *variant)
 /// The findings of one set.
 class SetLint {
 public:
-    SetLint(qxLintContext &context, const qxSyntaxTreeSet &set) : m_context(context), m_set(set) {}
+    SetLint(qxLintContext &context, const qxDocumentSet &set) : m_context(context), m_set(set) {}
 
     void run(const qxLinter::Compile &compile);
 
 private:
     void noteTargets();
     void lintReferences(const qxVariantKind *kind);
-    void lintState(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
+    void lintState(const qxVariantKind *kind, const qxDocumentReference &reference,
                    qxLintVariant &variant);
-    void noteFight(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
+    void noteFight(const qxVariantKind *kind, const qxDocumentReference &reference,
                    const qxLintVariant::Reach &reach);
     void lintNames(qxNameList list);
     void lintSnapshots();
     void lintRest(const qxLinter::Compile &compile);
-    void add(qxCode code, const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
+    void add(qxCode code, const qxVariantKind *kind, const qxDocumentReference &reference,
              const QString &what);
 
     qxLintContext &m_context;
-    const qxSyntaxTreeSet &m_set;
+    const qxDocumentSet &m_set;
     QHash<qxForecast::Key, Entry> m_changed; ///< who changes what
 };
 
@@ -75,7 +77,7 @@ void SetLint::run(const qxLinter::Compile &compile)
     lintRest(compile);
 }
 
-void SetLint::add(qxCode code, const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
+void SetLint::add(qxCode code, const qxVariantKind *kind, const qxDocumentReference &reference,
                   const QString &what)
 {
     const QString message = QStringLiteral("set \"%1\", %2 variant \"%3\": %4")
@@ -86,9 +88,9 @@ void SetLint::add(qxCode code, const qxVariantKind *kind, const qxSyntaxTreeRefe
 /// A selection shows targets before all else, up to the first that is missing.
 void SetLint::noteTargets()
 {
-    if (!m_set.inclNodes)
+    if (!m_set.includes(qxInclusion::Nodes))
         return;
-    for (const qxSyntaxTreeText &target : m_set.of(qxNameList::Targets)) {
+    for (const qxDocumentText &target : m_set.of(qxNameList::Targets)) {
         const auto nodes = m_context.scene.nodes(target.text);
         if (nodes.empty())
             return;
@@ -101,7 +103,7 @@ void SetLint::noteTargets()
 void SetLint::lintReferences(const qxVariantKind *kind)
 {
     QSet<QString> known;
-    for (const qxSyntaxTreeReference &each : m_set.references) {
+    for (const qxDocumentReference &each : m_set.references) {
         if (each.kind != kind)
             continue;
         if (known.contains(each.variant))
@@ -120,7 +122,7 @@ void SetLint::lintReferences(const qxVariantKind *kind)
     }
 }
 
-void SetLint::lintState(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
+void SetLint::lintState(const qxVariantKind *kind, const qxDocumentReference &reference,
                         qxLintVariant &variant)
 {
     variant.use(reference.state);
@@ -137,7 +139,7 @@ void SetLint::lintState(const qxVariantKind *kind, const qxSyntaxTreeReference &
     noteFight(kind, reference, reach);
 }
 
-void SetLint::noteFight(const qxVariantKind *kind, const qxSyntaxTreeReference &reference,
+void SetLint::noteFight(const qxVariantKind *kind, const qxDocumentReference &reference,
                         const qxLintVariant::Reach &reach)
 {
     bool isSaid = false;
@@ -164,13 +166,13 @@ void SetLint::lintNames(qxNameList list)
 {
     const ListRule &rule = listRules[int(list)];
     QSet<QString> known;
-    const auto say = [&](qxCode code, const qxSyntaxTreeText &name, const char *what) {
+    const auto say = [&](qxCode code, const qxDocumentText &name, const char *what) {
         const QString message =
             QStringLiteral("set \"%1\", %2 \"%3\": %4")
                 .arg(m_set.name, QLatin1String(rule.word), name.text, QLatin1String(what));
         m_context.add(code, message, m_set.path, QString::fromLatin1(rule.tag), name.location);
     };
-    for (const qxSyntaxTreeText &each : m_set.of(list)) {
+    for (const qxDocumentText &each : m_set.of(list)) {
         if (known.contains(each.text))
             say(qxCode::NameTwice, each, "it is listed already");
         else if (!(m_context.scene.*rule.has)(each.text))
@@ -183,7 +185,7 @@ void SetLint::lintSnapshots()
 {
     const QString tag = QStringLiteral("MaterialSnapshot");
     QSet<QString> known;
-    for (const qxSyntaxTreeText &each : m_set.snapshots) {
+    for (const qxDocumentText &each : m_set.snapshots) {
         const QString what = QStringLiteral("set \"%1\", snapshot of \"%2\": %3");
         if (known.contains(each.text))
             m_context.add(qxCode::NameTwice,
@@ -223,21 +225,71 @@ void SetLint::lintRest(const qxLinter::Compile &compile)
                       m_set.script.location);
 }
 
+/// A short stand-in for everything of a set but its name, its comment, its hotkey and its preview.
+class Digest {
+public:
+    QByteArray of(const qxDocumentSet &set);
+
+private:
+    void add(const QString &text);
+    void add(const std::vector<qxDocumentText> &texts);
+
+    QCryptographicHash m_hash{QCryptographicHash::Md5};
+};
+
+QByteArray Digest::of(const qxDocumentSet &set)
+{
+    add(set.defaultViewpoint);
+    add(set.script.text);
+    for (const qxDocumentReference &each : set.references) {
+        add(each.kind->word);
+        add(each.variant);
+        add(each.state);
+    }
+    for (const auto &list : set.names)
+        add(list);
+    add(set.snapshots);
+    add(set.values);
+    for (const bool isTaken : set.inclusions)
+        add(QString::number(int(isTaken)));
+    for (const qxClippingField &field : qxClippingField::all())
+        add(field.text(set.clipping));
+    add(QString::number(int(set.isSequential)));
+    return m_hash.result();
+}
+
+void Digest::add(const QString &text)
+{
+    const int size = text.size();
+    m_hash.addData(reinterpret_cast<const char *>(&size), sizeof size);
+    m_hash.addData(reinterpret_cast<const char *>(text.constData()), size * int(sizeof(QChar)));
+}
+
+void Digest::add(const std::vector<qxDocumentText> &texts)
+{
+    add(QString::number(texts.size()));
+    for (const qxDocumentText &each : texts) {
+        add(each.text);
+        add(each.more);
+    }
+}
+
 /// Sets of one name, and sets that do the same.
 void compare(qxLintContext &context)
 {
     context.addTwins(qxCode::SetTwice, QStringLiteral("set"), context.tree.sets);
-    QHash<QByteArray, const qxSyntaxTreeSet *> digests;
-    for (const qxSyntaxTreeSet &set : context.tree.sets) {
+    QHash<QByteArray, const qxDocumentSet *> first;
+    for (const qxDocumentSet &set : context.tree.sets) {
         if (set.isEmpty())
             continue;
-        if (digests.contains(set.digest))
-            context.add(qxCode::EqualSets,
-                        QStringLiteral("set \"%1\" does what set \"%2\" does")
-                            .arg(set.name, digests[set.digest]->name),
-                        set.path, set.location);
+        const qxDocumentSet *&other = first[Digest().of(set)];
+        if (other)
+            context.add(
+                qxCode::EqualSets,
+                QStringLiteral("set \"%1\" does what set \"%2\" does").arg(set.name, other->name),
+                set.path, set.location);
         else
-            digests.insert(set.digest, &set);
+            other = &set;
     }
 }
 
@@ -245,7 +297,7 @@ void compare(qxLintContext &context)
 
 void qxLintParts::lintSets(qxLintContext &context, const qxLinter::Compile &compile)
 {
-    for (const qxSyntaxTreeSet &set : context.tree.sets)
+    for (const qxDocumentSet &set : context.tree.sets)
         SetLint(context, set).run(compile);
     compare(context);
 }

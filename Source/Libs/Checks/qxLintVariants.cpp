@@ -5,7 +5,7 @@
 
 namespace {
 
-QString introduce(const qxSyntaxTreeVariant &variant)
+QString introduce(const qxDocumentVariant &variant)
 {
     return QStringLiteral("%1 variant \"%2\"").arg(variant.kind->word, variant.name);
 }
@@ -22,14 +22,14 @@ public:
 
 private:
     void lintObjects();
-    void lintOption(const qxSyntaxTreeOption &option);
+    void lintOption(const qxDocumentOption &option);
     void lintUse();
     void add(qxCode code, const QString &what);
-    void add(qxCode code, const qxSyntaxTreeOption &option, const QString &what);
+    void add(qxCode code, const qxDocumentOption &option, const QString &what);
 
     qxLintContext &m_context;
     qxLintVariant &m_variant;
-    const qxSyntaxTreeVariant &m_element;
+    const qxDocumentVariant &m_element;
 };
 
 void VariantLint::add(qxCode code, const QString &what)
@@ -37,7 +37,7 @@ void VariantLint::add(qxCode code, const QString &what)
     m_context.add(code, introduce(m_element) + what, m_element.path, m_element.location);
 }
 
-void VariantLint::add(qxCode code, const qxSyntaxTreeOption &option, const QString &what)
+void VariantLint::add(qxCode code, const qxDocumentOption &option, const QString &what)
 {
     m_context.add(code, introduce(m_element) + what, m_element.path, QStringLiteral("State"),
                   option.location);
@@ -47,7 +47,7 @@ void VariantLint::run()
 {
     lintObjects();
     QSet<QString> known;
-    for (const qxSyntaxTreeOption &option : m_element.options) {
+    for (const qxDocumentOption &option : m_element.options) {
         if (known.contains(option.name))
             add(qxCode::OptionTwice, option,
                 QStringLiteral(": a second option \"%1\", which is dropped").arg(option.name));
@@ -83,7 +83,7 @@ void VariantLint::lintObjects()
                 .arg(m_element.base));
 }
 
-void VariantLint::lintOption(const qxSyntaxTreeOption &option)
+void VariantLint::lintOption(const qxDocumentOption &option)
 {
     if (option.name.isEmpty())
         add(qxCode::OptionWithoutName, option, QStringLiteral(": an option without a name"));
@@ -96,7 +96,7 @@ void VariantLint::lintOption(const qxSyntaxTreeOption &option)
 void VariantLint::lintUse()
 {
     if (m_variant.isUsed()) {
-        for (const qxSyntaxTreeOption &option : m_element.options) {
+        for (const qxDocumentOption &option : m_element.options) {
             const bool isAction = option.name.startsWith(QLatin1Char('!'));
             const bool isDefault = option.name == m_element.standard.text;
             if (!isAction && !isDefault && !option.name.isEmpty() && !m_variant.isUsed(option.name))
@@ -114,14 +114,14 @@ public:
     explicit Hotkeys(qxLintContext &context) : m_context(context) {}
 
     /// Notes a hotkey of `owner`; `path` leads to its element.
-    void note(const qxSyntaxTreeText &hotkey, const QString &owner, const QString &path);
+    void note(const qxDocumentText &hotkey, const QString &owner, const QString &path);
 
 private:
     qxLintContext &m_context;
     QHash<int, QString> m_owners; ///< by key and modifiers
 };
 
-void Hotkeys::note(const qxSyntaxTreeText &hotkey, const QString &owner, const QString &path)
+void Hotkeys::note(const qxDocumentText &hotkey, const QString &owner, const QString &path)
 {
     const QString text = qxVariantReader::convertOldHotkey(hotkey.text);
     if (text.isEmpty())
@@ -151,7 +151,7 @@ void Hotkeys::note(const qxSyntaxTreeText &hotkey, const QString &owner, const Q
 void qxLintParts::lintGroups(qxLintContext &context)
 {
     context.addTwins(qxCode::GroupTwice, QStringLiteral("group"), context.tree.groups);
-    for (const qxSyntaxTreeGroup &group : context.tree.groups) {
+    for (const qxDocumentGroup &group : context.tree.groups) {
         if (group.sets == 0)
             context.add(qxCode::EmptyGroup,
                         QStringLiteral("group \"%1\" has no sets").arg(group.name), group.path,
@@ -163,7 +163,7 @@ void qxLintParts::lintVariants(qxLintContext &context)
 {
     QHash<const qxVariantKind *, QHash<QString, int>> lines;
     for (const auto &variant : context.variants.all()) {
-        const qxSyntaxTreeVariant &element = variant->element();
+        const qxDocumentVariant &element = variant->element();
         const int line = lines[element.kind].value(element.name, 0);
         if (line > 0)
             context.add(qxCode::VariantTwice,
@@ -179,11 +179,11 @@ void qxLintParts::lintVariants(qxLintContext &context)
 void qxLintParts::lintHotkeys(qxLintContext &context)
 {
     Hotkeys hotkeys(context);
-    for (const qxSyntaxTreeSet &set : context.tree.sets)
+    for (const qxDocumentSet &set : context.tree.sets)
         hotkeys.note(set.hotkey, QStringLiteral("set \"%1\"").arg(set.name), set.path);
     for (const auto &variant : context.variants.all()) {
-        const qxSyntaxTreeVariant &element = variant->element();
-        for (const qxSyntaxTreeOption &option : element.options) {
+        const qxDocumentVariant &element = variant->element();
+        for (const qxDocumentOption &option : element.options) {
             if (option.hotkey.text.isEmpty())
                 continue;
             variant->use(option.name);

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "qxAnalyzerVariant.h"
-
 #include "qxVariantKinds.h"
 
 #include <QByteArray>
+#include <QSet>
 
 #include <array>
 #include <functional>
@@ -42,7 +42,10 @@ constexpr int qxInclusions = 5;
 /// A variant set as a document holds it.
 struct qxDocumentSet {
     /// The entries of the list.
-    const std::vector<qxDocumentText> &of(qxNameList list) const { return names[std::size_t(list)]; }
+    const std::vector<qxDocumentText> &of(qxNameList list) const
+    {
+        return names[std::size_t(list)];
+    }
     std::vector<qxDocumentText> &of(qxNameList list) { return names[std::size_t(list)]; }
     /// Whether the last capture took that.
     bool includes(qxInclusion what) const { return inclusions[std::size_t(what)]; }
@@ -54,6 +57,7 @@ struct qxDocumentSet {
     QString comment; ///< free text
     QString defaultViewpoint; ///< empty for none
     qxDocumentText hotkey; ///< key-sequence text
+    bool hasHotkey = false; ///< whether a text says so, be it that there is none
     bool isSequential = false; ///< whether animations start in turn
     qxDocumentText script; ///< `more` is the path of the element that holds it
     QByteArray preview; ///< an encoded picture as base64; empty for none
@@ -90,6 +94,7 @@ struct qxDocumentVariant {
     QString name; ///< not empty
     QString base; ///< the name of its scene object
     qxDocumentText standard; ///< the default state
+    bool hasStandard = false; ///< whether a text says so; without it a twin's default state stays
     std::vector<qxDocumentOption> options; ///< in their order
     QString path; ///< of its element
     qxSourceLocation location; ///< of its element
@@ -118,29 +123,25 @@ struct qxDocumentFlaw {
 /// A variants document as data: what the registry is filled from and written to, what checks look
 /// at, and what is compared, merged and edited without a registry or a scene.
 ///
-/// As it was read from a text it is what is written there, twins included. Settled, it is what a
-/// registry would hold after reading it: every group, set and variant, and every entry of them, has
-/// a name of its own, and everything stands in the order in which it is written.
+/// As qxDocumentXml reads it, it is what is written in a text, twins included. Settled, it is what
+/// a registry would hold after reading it: every group, set and variant, and every entry of them,
+/// has a name of its own, and everything stands in the order in which it is written.
 struct qxDocument {
     /// Hears of flaws.
     typedef std::function<void(const qxDocumentFlaw &flaw)> FlawListener;
 
-    /// Reads UTF-8. Without a listener flaws are passed over. A text that is not well-formed gives
-    /// what stands before the fault, and is not whole.
-    static qxDocument read(const QByteArray &xml, const FlawListener &listener = nullptr);
-    /// What the registry holds, settled.
-    static qxDocument ofRegistry();
-
-    /// The text of a settled document, UTF-8. Equal documents have equal texts.
-    QByteArray write() const;
     /// Brings the document into the form that a registry gives it. Sets take the place of earlier
     /// ones of their name, also in other groups, and groups that of earlier groups; of variants and
     /// entries the first stays where it is and gets what the last one says. Hotkeys of older forms
     /// are converted.
     void settle();
 
+    /// The names of everything, of what it has and of what it refers to.
+    QSet<QString> allNames() const;
+
     std::vector<qxDocumentGroup> groups; ///< in their order
-    std::vector<qxDocumentSet> sets; ///< settled: those of the first group, and so on, then the rest
+    std::vector<qxDocumentSet>
+        sets; ///< settled: those of the first group, and so on, then the rest
     std::vector<qxDocumentVariant> variants; ///< settled: kind by kind
     bool isWhole = true; ///< false when the text was not well-formed
 };

@@ -2,7 +2,6 @@
 
 #include "Internal/Document/qxDocumentGuard.h"
 #include "Internal/Document/qxDocumentNames.h"
-#include "Internal/Document/qxDocumentText.h"
 #include "Internal/Document/qxOlderOverlays.h"
 #include "Internal/Document/qxSetElements.h"
 #include "Internal/Document/qxVariantElements.h"
@@ -24,7 +23,6 @@
 namespace {
 
 namespace names = qxDocumentNames;
-namespace text = qxDocumentText;
 
 bool parse(QDomDocument &document, const QByteArray &bytes, qxDocumentError &error)
 {
@@ -35,7 +33,8 @@ bool parse(QDomDocument &document, const QByteArray &bytes, qxDocumentError &err
 
 void readRoot(const QDomElement &root)
 {
-    text::forEachChild(root, [](const QDomElement &child) {
+    for (QDomElement child = root.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
         const QString tag = child.tagName();
         if (tag == names::VariantGroup)
             qxSetElements::readGroup(child);
@@ -43,7 +42,7 @@ void readRoot(const QDomElement &root)
             qxSetElements::readSet(child, true);
         else if (const qxVariantKind *kind = qxVariantKinds::by(&qxVariantKind::tag, tag))
             qxVariantElements::read(*kind, child);
-    });
+    }
 }
 
 void announceAll()

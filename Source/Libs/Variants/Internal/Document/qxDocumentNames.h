@@ -41,74 +41,27 @@ inline const QString state = QStringLiteral("state");
 inline const QString nodePath = QStringLiteral("nodePath");
 inline const QString materialName = QStringLiteral("materialName");
 
-// Attributes of InclInfo.
-inline const QString inclNodes = QStringLiteral("inclNodes");
-inline const QString inclMats = QStringLiteral("inclMats");
-inline const QString inclLights = QStringLiteral("inclLights");
-inline const QString inclEnv = QStringLiteral("inclEnv");
-inline const QString inclView = QStringLiteral("inclView");
+/// Attributes of InclInfo, for each qxInclusion.
+inline const QString inclusions[] = {QStringLiteral("inclNodes"), QStringLiteral("inclMats"),
+                                     QStringLiteral("inclLights"), QStringLiteral("inclEnv"),
+                                     QStringLiteral("inclView")};
 
-// Attributes of Analyzer.
-inline const QString clipState = QStringLiteral("clipState");
-inline const QString clipPlanePositionX = QStringLiteral("clipPlanePositionX");
-inline const QString clipPlanePositionY = QStringLiteral("clipPlanePositionY");
-inline const QString clipPlanePositionZ = QStringLiteral("clipPlanePositionZ");
-inline const QString clipPlaneNormalX = QStringLiteral("clipPlaneNormalX");
-inline const QString clipPlaneNormalY = QStringLiteral("clipPlaneNormalY");
-inline const QString clipPlaneNormalZ = QStringLiteral("clipPlaneNormalZ");
-inline const QString clipPlaneInvert = QStringLiteral("clipPlaneInvert");
-inline const QString clipPlaneHideScene = QStringLiteral("clipPlaneHideScene");
-inline const QString clipPlaneShow = QStringLiteral("clipPlaneShow");
-inline const QString clipPlaneColorR = QStringLiteral("clipPlaneColorR");
-inline const QString clipPlaneColorG = QStringLiteral("clipPlaneColorG");
-inline const QString clipPlaneColorB = QStringLiteral("clipPlaneColorB");
-inline const QString clipGridShow = QStringLiteral("clipGridShow");
-inline const QString clipGridColorR = QStringLiteral("clipGridColorR");
-inline const QString clipGridColorG = QStringLiteral("clipGridColorG");
-inline const QString clipGridColorB = QStringLiteral("clipGridColorB");
-inline const QString clipContourShow = QStringLiteral("clipContourShow");
-inline const QString clipContourColorR = QStringLiteral("clipContourColorR");
-inline const QString clipContourColorG = QStringLiteral("clipContourColorG");
-inline const QString clipContourColorB = QStringLiteral("clipContourColorB");
-inline const QString clipContourWidth = QStringLiteral("clipContourWidth");
+/// An element of a list of names, and its attribute that holds the name.
+struct NameElement {
+    const QString &tag;
+    const QString &attribute;
+};
 
-/// All of them that are written, in the order in which those of one element stand.
-inline const QString attributes[] = {name,
-                                     base,
-                                     comment,
-                                     visible,
-                                     defaultViewpoint,
-                                     ref,
-                                     state,
-                                     nodePath,
-                                     materialName,
-                                     inclNodes,
-                                     inclMats,
-                                     inclLights,
-                                     inclEnv,
-                                     inclView,
-                                     clipState,
-                                     clipPlanePositionX,
-                                     clipPlanePositionY,
-                                     clipPlanePositionZ,
-                                     clipPlaneNormalX,
-                                     clipPlaneNormalY,
-                                     clipPlaneNormalZ,
-                                     clipPlaneInvert,
-                                     clipPlaneHideScene,
-                                     clipPlaneShow,
-                                     clipPlaneColorR,
-                                     clipPlaneColorG,
-                                     clipPlaneColorB,
-                                     clipGridShow,
-                                     clipGridColorR,
-                                     clipGridColorG,
-                                     clipGridColorB,
-                                     clipContourShow,
-                                     clipContourColorR,
-                                     clipContourColorG,
-                                     clipContourColorB,
-                                     clipContourWidth};
+/// Those of each qxNameList.
+inline const NameElement nameElements[] = {
+    {ViewpointRef, ref}, {AnimationRef, ref}, {GeometryRef, ref}, {TargetName, name}};
+
+/// All attributes that are written but those of Analyzer, which qxClippingField has, in the order
+/// in which those of one element stand.
+inline const QString attributes[] = {
+    name,          base,          comment,       visible,      defaultViewpoint,
+    ref,           state,         nodePath,      materialName, inclusions[0],
+    inclusions[1], inclusions[2], inclusions[3], inclusions[4]};
 
 // The two texts of a flag that is written as a word.
 inline const QString trueWord = QStringLiteral("true");

@@ -2,6 +2,8 @@
 
 #include "Internal/Document/qxDocumentNames.h"
 
+#include "qxDocument.h"
+
 #include <QDomDocument>
 #include <QHash>
 #include <QVector>
@@ -20,6 +22,8 @@ int rankOf(const QStringRef &attribute)
         QHash<QString, int> result;
         for (const QString &each : qxDocumentNames::attributes)
             result.insert(each, result.size());
+        for (const qxClippingField &each : qxClippingField::all())
+            result.insert(each.attribute, result.size());
         return result;
     }();
     return ranks.value(attribute.mid(1, attribute.indexOf('=') - 1).toString());

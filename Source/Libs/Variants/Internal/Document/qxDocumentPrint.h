@@ -9,7 +9,7 @@ namespace qxDocumentPrint {
 
 /// What QDomDocument::toString makes of it, as UTF-8, one blank per level; but where that shuffles
 /// the attributes of an element from process to process, they stand in the order of
-/// qxDocumentNames::attributes here, so that equal documents have equal bytes.
+/// qxDocumentNames::attributes and qxClippingField here, so that equal documents have equal bytes.
 QByteArray print(const QDomDocument &document);
 
 } // namespace qxDocumentPrint

@@ -1,46 +1,25 @@
 #include "Internal/Document/qxVariantElements.h"
 
-#include "Internal/Document/qxDocumentNames.h"
-#include "Internal/Document/qxDocumentText.h"
+#include "Internal/Document/qxDocumentParser.h"
+#include "Internal/Document/qxDomCursor.h"
 #include "Internal/Options/qxHotkey.h"
 #include "Internal/Options/qxOptionAppender.h"
 #include "qxVariantKind.h"
 
-namespace {
-
-namespace names = qxDocumentNames;
-namespace text = qxDocumentText;
-
-/// The text of the last hotkey of a state; empty when it has none.
-QString hotkeyOf(const QDomElement &state)
-{
-    QDomElement hotkey = state.lastChildElement(names::Hotkey);
-    return qxHotkey::convertOld(hotkey.text());
-}
-
-void readOptions(const QDomElement &element, qxVariant &variant)
-{
-    variant.options.clear();
-    qxOptionAppender options(variant);
-    text::forEachChild(element, [&](const QDomElement &child) {
-        const QString tag = child.tagName();
-        if (tag == names::State)
-            options.add(false, text::attribute(child, names::name), hotkeyOf(child));
-        else if (tag == names::Default)
-            variant.defaultState = text::attribute(child, names::ref);
-    });
-}
-
-} // namespace
-
 qxVariant *qxVariantElements::read(const qxVariantKind &kind, const QDomElement &element)
 {
-    const QString name = text::attribute(element, names::name);
-    qxVariant *const variant = name.isEmpty() ? nullptr : kind.create(name, false);
+    qxDomCursor cursor(element);
+    const qxDocumentVariant data = qxDocumentParser(cursor).variant(kind);
+    qxVariant *const variant = data.name.isEmpty() ? nullptr : kind.create(data.name, false);
     if (!variant)
         return nullptr;
-    variant->*kind.sceneName = text::attribute(element, names::base);
-    readOptions(element, *variant);
+    variant->*kind.sceneName = data.base;
+    if (data.hasStandard)
+        variant->defaultState = data.standard.text;
+    variant->options.clear();
+    qxOptionAppender options(*variant);
+    for (const qxDocumentOption &each : data.options)
+        options.add(false, each.name, qxHotkey::convertOld(each.hotkey.text));
     if (kind.complete)
         kind.complete(*variant);
     return variant;

@@ -4,29 +4,10 @@
 #include <QHash>
 #include <QSet>
 
-/// Texts on their way into a document and out of it.
-namespace qxDocumentText {
+#include <functional>
 
-/// The text of an attribute, empty when it is missing. It is a copy of its own: a text that shares
-/// the document's memory keeps whole pages of it alive.
-QString attribute(const QDomElement &element, const QString &name);
-int integer(const QDomElement &element, const QString &name);
-bool flag(const QDomElement &element, const QString &name);
-/// Read with the precision of a float.
-double real(const QDomElement &element, const QString &name);
-/// Assigns the attribute's text to `target` if the attribute is present.
-void apply(const QDomElement &element, const QString &name, QString &target);
-
-/// Calls `action` with each child element in order; other nodes are skipped.
-template <class Action>
-void forEachChild(const QDomElement &parent, const Action &action)
-{
-    for (QDomNode node = parent.firstChild(); !node.isNull(); node = node.nextSibling()) {
-        QDomElement child = node.toElement();
-        if (!child.isNull())
-            action(child);
-    }
-}
+/// Texts on their way into a document.
+namespace qxElementText {
 
 /// Sets an attribute; characters that a document cannot hold are left out.
 void setText(QDomElement &element, const QString &name, const QString &text);
@@ -41,7 +22,7 @@ QDomElement appendElement(QDomElement &parent, const QString &tag);
 /// Appends a child with one text in it; characters that a document cannot hold are left out.
 QDomElement appendText(QDomElement &parent, const QString &tag, const QString &text);
 
-} // namespace qxDocumentText
+} // namespace qxElementText
 
 /// Notes, while it lives, what texts lose on their way into a document, and reports it at its end
 /// unless it is silent. Texts are written only while one lives; those inside another one leave all
@@ -51,7 +32,7 @@ public:
     enum Report { Logged, Silent };
 
     /// `allNames` gives every name that may be written. It is called when the first one cannot be.
-    explicit qxDocumentLoss(QSet<QString> (*allNames)(), Report report = Logged);
+    explicit qxDocumentLoss(const std::function<QSet<QString>()> &allNames, Report report = Logged);
     ~qxDocumentLoss();
     qxDocumentLoss(const qxDocumentLoss &) = delete;
     qxDocumentLoss &operator=(const qxDocumentLoss &) = delete;
@@ -63,7 +44,7 @@ public:
 private:
     QString newName(const QString &name);
 
-    QSet<QString> (*const m_allNames)();
+    const std::function<QSet<QString>()> m_allNames;
     const Report m_report;
     int m_lostTexts = 0;
     QHash<QString, QString> m_names; ///< what is written for those that a document cannot hold

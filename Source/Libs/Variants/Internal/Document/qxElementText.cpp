@@ -1,4 +1,4 @@
-#include "Internal/Document/qxDocumentText.h"
+#include "Internal/Document/qxElementText.h"
 
 #include "qxLog.h"
 #include "qxText.h"
@@ -58,41 +58,9 @@ bool needsCData(const QString &text)
         && std::all_of(text.begin(), text.end(), [](QChar each) { return each.isSpace(); });
 }
 
-QString ownCopy(const QString &shared)
-{
-    return QString(shared.constData(), shared.size());
-}
-
 } // namespace
 
-namespace qxDocumentText {
-
-QString attribute(const QDomElement &element, const QString &name)
-{
-    return ownCopy(element.attribute(name));
-}
-
-int integer(const QDomElement &element, const QString &name)
-{
-    return element.attribute(name).toInt();
-}
-
-bool flag(const QDomElement &element, const QString &name)
-{
-    return integer(element, name) != 0;
-}
-
-double real(const QDomElement &element, const QString &name)
-{
-    return double(element.attribute(name).toFloat());
-}
-
-void apply(const QDomElement &element, const QString &name, QString &target)
-{
-    const QDomAttr present = QDomElement(element).attributeNode(name);
-    if (!present.isNull())
-        target = ownCopy(present.value());
-}
+namespace qxElementText {
 
 void setText(QDomElement &element, const QString &name, const QString &text)
 {
@@ -128,9 +96,9 @@ QDomElement appendText(QDomElement &parent, const QString &tag, const QString &t
     return child;
 }
 
-} // namespace qxDocumentText
+} // namespace qxElementText
 
-qxDocumentLoss::qxDocumentLoss(QSet<QString> (*allNames)(), Report report)
+qxDocumentLoss::qxDocumentLoss(const std::function<QSet<QString>()> &allNames, Report report)
     : m_allNames(allNames), m_report(report)
 {
     if (!current)
