@@ -25,8 +25,8 @@ enum class qxDifferenceSort { Added, Removed, Changed, Moved, Renamed };
 /// | snapshot | path of the node | names of materials |
 /// | value | the key | values |
 /// | clipping | the attribute | its texts |
-/// | state | of the later document, if it is there | renamed: the names; moved: those that it follows |
-/// | key | of the state | hotkeys |
+/// | state | of the later document, if it is there | renamed: the names; moved: those that it
+/// follows | | key | of the state | hotkeys |
 struct qxFieldDifference {
     QLatin1String field; ///< see above
     qxDifferenceSort sort; ///< of an entry or a text: whether it came, went or became another
@@ -43,9 +43,9 @@ struct qxThingDifference {
     /// Added, removed, or else changed: what of it moved or was renamed its fields tell.
     qxDifferenceSort sort() const
     {
-        return before < 0  ? qxDifferenceSort::Added
-            : after < 0 ? qxDifferenceSort::Removed
-                        : qxDifferenceSort::Changed;
+        return before < 0 ? qxDifferenceSort::Added
+            : after < 0   ? qxDifferenceSort::Removed
+                          : qxDifferenceSort::Changed;
     }
 
     Thing thing; ///< what it is

@@ -34,9 +34,9 @@ struct qxLikenessPair {
 };
 
 /// Pairs things that are renamed: most alike first, and where that is equal, at the same place.
-/// Alike are two things of whose features more than half are the same, and two that have none at the
-/// same place. Each thing is compared with a few only, so that it takes n log n; of things whose
-/// features many others have as well, some pairs may be missed.
+/// Alike are two things of whose features more than half are the same, and two that have none at
+/// the same place. Each thing is compared with a few only, so that it takes n log n; of things
+/// whose features many others have as well, some pairs may be missed.
 namespace qxLikeness {
 
 /// The pairs in the order of the earlier document.

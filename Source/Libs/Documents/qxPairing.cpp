@@ -14,7 +14,8 @@ std::vector<qxPairedEntry> qxPairedEntries(const qxPairing &pairing)
     const std::vector<bool> stays = qxLongestRun::of(kept);
     std::vector<qxPairedEntry> entries;
     const auto addGone = [&](int from) {
-        for (std::size_t i = std::size_t(from); i < pairing.after.size() && pairing.after[i] < 0; ++i)
+        for (std::size_t i = std::size_t(from); i < pairing.after.size() && pairing.after[i] < 0;
+             ++i)
             entries.push_back({int(i), -1, false});
     };
     addGone(0);
