@@ -723,6 +723,26 @@
         <source>accessor %1 holds something that is no finite number</source>
         <translation>Accessor %1 enthält etwas, das keine endliche Zahl ist</translation>
     </message>
+    <message>
+        <source>byte %1 is NUL</source>
+        <translation>Byte %1 ist NUL</translation>
+    </message>
+    <message>
+        <source>it is not UTF-8</source>
+        <translation>es ist nicht UTF-8</translation>
+    </message>
+    <message>
+        <source>the variants document cannot be read: %1</source>
+        <translation>das Variantendokument kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>a variants document alone is no scene</source>
+        <translation>ein Variantendokument allein ist keine Szene</translation>
+    </message>
+    <message>
+        <source>somebody has changed it since it was read</source>
+        <translation>jemand hat sie geändert, seit sie gelesen wurde</translation>
+    </message>
 </context>
 <context>
     <name>qxLogView</name>
@@ -908,14 +928,6 @@
 </context>
 <context>
     <name>qxSession</name>
-    <message>
-        <source>byte %1 is NUL</source>
-        <translation>Byte %1 ist NUL</translation>
-    </message>
-    <message>
-        <source>it is not UTF-8</source>
-        <translation>es ist nicht UTF-8</translation>
-    </message>
     <message>
         <source>the variants document cannot be read: %1</source>
         <translation>das Variantendokument kann nicht gelesen werden: %1</translation>

@@ -8,6 +8,7 @@
 #include "qxVariantWriter.h"
 #include "qxVariants.h"
 
+#include "Files/qxDocumentFile.h"
 #include "Report/qxOutput.h"
 #include "qxLog.h"
 #include "qxNames.h"
@@ -15,23 +16,8 @@
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <QCoreApplication>
-#include <QTextCodec>
 
 namespace {
-
-/// What makes bytes no text at all. The reader would take a NUL for the end of the document, and
-/// anything else that is no UTF-8 for characters that nobody wrote.
-QString flawOf(const QByteArray &xml)
-{
-    const int nul = xml.indexOf('\0');
-    if (nul >= 0)
-        return QCoreApplication::translate("qxSession", "byte %1 is NUL").arg(nul);
-    QTextCodec::ConverterState state;
-    QTextCodec::codecForName("UTF-8")->toUnicode(xml.constData(), xml.size(), &state);
-    if (state.invalidChars > 0 || state.remainingChars > 0)
-        return QCoreApplication::translate("qxSession", "it is not UTF-8");
-    return QString();
-}
 
 /// The variant of that switch material. Its default is the material that the file was made with,
 /// which need not be the one that it shows now. Null when there is no such switch material.
@@ -131,7 +117,7 @@ bool qxSession::readDocument(const QByteArray &xml)
 {
     if (!hasRoomFor(xml))
         return false;
-    const QString flaw = flawOf(xml);
+    const QString flaw = qxDocumentFile::flawOf(xml);
     if (!flaw.isEmpty()) {
         return fail(
             QCoreApplication::translate("qxSession", "the variants document cannot be read: %1")

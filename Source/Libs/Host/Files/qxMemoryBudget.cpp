@@ -9,6 +9,11 @@ namespace {
 const qint64 _megabyte = qint64(1) << 20;
 const qint64 _gigabyte = qint64(1) << 30;
 
+// What variants documents become, estimated from above: sets of one attribute take the most.
+const qint64 _bytesPerElement = 1200;
+const qint64 _bytesPerAttribute = 600;
+const qint64 _bytesPerByte = 10;
+
 qint64 &current()
 {
     static qint64 bytes = 2 * _gigabyte;
@@ -63,4 +68,13 @@ void qxMemoryBudget::take(const QString &owner, qint64 count, qint64 size)
     } catch (const qxGltfError &error) {
         throw qxGltfError(owner + QStringLiteral(": ") + error.reason());
     }
+}
+
+void qxMemoryBudget::takeDocument(const QByteArray &xml)
+{
+    const qint64 elements = xml.count('<') - xml.count("</");
+    take(qxFileText::tr("the variants document"),
+         elements * _bytesPerElement + xml.count('=') * _bytesPerAttribute
+             + xml.size() * _bytesPerByte,
+         1);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <limits>
@@ -26,6 +27,8 @@ public:
     void take(qint64 count, qint64 size);
     /// The same; the message begins with what they are for.
     void take(const QString &owner, qint64 count, qint64 size);
+    /// The same for what reading and checking a variants document needs.
+    void takeDocument(const QByteArray &xml);
     /// Gives back memory that was needed temporarily.
     void giveBack(qint64 bytes) { m_left += bytes; }
 

@@ -2,6 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
+#include "Files/Gltf/Common/qxGltfVariants.h"
 #include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
@@ -54,11 +55,6 @@ struct qxSceneFile::Content {
 };
 
 namespace {
-
-// What variants documents become, estimated from above: sets of one attribute take the most.
-const qint64 bytesPerElement = 1200;
-const qint64 bytesPerAttribute = 600;
-const qint64 bytesPerByte = 10;
 
 /// How the file is called, and how it is really called, whichever way leads there.
 QStringList namesOf(const QString &path)
@@ -113,20 +109,6 @@ std::vector<osg::NodePtr> childrenOf(const osg::NodePtr &node)
     return {node->getMFChildren()->begin(), node->getMFChildren()->end()};
 }
 
-/// The part of the file that holds the variants document: the shown scene, or else the file itself.
-qxJson &variantsHolder(qxJson &json, int scene)
-{
-    return qxGltfSection(json, "scenes").empty() ? json
-                                                 : json["scenes"][std::size_t(std::max(scene, 0))];
-}
-
-QByteArray variantsIn(qxJson &json, int scene)
-{
-    const qxJson &holder = variantsHolder(json, scene);
-    const qxJson &text = qxGltfMember(qxGltfMember(holder, "extras"), qxGltfKeys::variants);
-    return text.is_string() ? QByteArray::fromStdString(text.get<std::string>()) : QByteArray();
-}
-
 } // namespace
 
 std::unique_ptr<qxSceneFile::Content>
@@ -143,7 +125,7 @@ qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Ste
     auto content = std::make_unique<Content>();
     content->info = infoOf(model);
     content->scene = model.sceneIndex();
-    content->variants = variantsIn(model.document.json, content->scene);
+    content->variants = qxGltfVariantsIn(model.document.json, content->scene);
     for (const qxGltfMaterialRef &material : scene.materials) {
         content->materials.push_back(
             qxGltfMaterialState::of(osg::SimpleMaterialPtr::dcast(material.get())));
@@ -185,10 +167,7 @@ qxJson qxSceneFile::Content::edited() const
     qxGltfAddViewpoints(json, scene, viewpoints);
     if (qxGltfSection(document.json, "scenes").empty() && !qxGltfSection(json, "scenes").empty())
         qxGltfSetExtra(json, qxGltfKeys::variants, qxJson()); // a scene holds it from now on
-    if (variants != variantsIn(json, scene)) {
-        qxGltfSetExtra(variantsHolder(json, scene), qxGltfKeys::variants,
-                       variants.isEmpty() ? qxJson() : qxJson(variants.toStdString()));
-    }
+    qxGltfSetVariants(json, scene, variants);
     for (std::size_t i = 0; i < bufferFiles.size(); ++i) {
         if (!bufferFiles[i].isUpToDate())
             json["buffers"][i]["uri"] = qxGltfDataUriOf(buffers[i]);
@@ -238,7 +217,7 @@ bool qxSceneFile::load(const QString &path, const StepListener &listener)
 bool qxSceneFile::save(const QString &path)
 {
     return attempt(path, [&] {
-        qxGltfOutput output(m_content->document, path);
+        qxGltfOutput output(m_content->document, path, qxGltfOutput::isBinary(path));
         const auto note = qScopeGuard([&] {
             m_warnings += output.warnings();
             if (output.isReplaced())
@@ -292,14 +271,8 @@ void qxSceneFile::setVariantsDocument(const QByteArray &document)
 
 bool qxSceneFile::hasRoomFor(const QByteArray &document)
 {
-    return attempt(m_content->document.path, [&] {
-        const qint64 elements = document.count('<') - document.count("</");
-        qxMemoryBudget(m_content->budget)
-            .take(qxFileText::tr("the variants document"),
-                  elements * bytesPerElement + document.count('=') * bytesPerAttribute
-                      + document.size() * bytesPerByte,
-                  1);
-    });
+    return attempt(m_content->document.path,
+                   [&] { qxMemoryBudget(m_content->budget).takeDocument(document); });
 }
 
 std::vector<qxSceneVariant> qxSceneFile::materialVariants() const

@@ -181,7 +181,12 @@ QByteArray qxGltfPackBinary(const QByteArray &text, const QByteArray &bin,
 
 qxGltfDocument qxGltfDocument::read(const QString &path, qxMemoryBudget &budget)
 {
-    const QByteArray bytes = qxGltfReadFile(path, budget);
+    return of(path, qxGltfReadFile(path, budget), budget);
+}
+
+qxGltfDocument qxGltfDocument::of(const QString &path, const QByteArray &bytes,
+                                  qxMemoryBudget &budget)
+{
     qxGltfDocument document;
     document.path = path;
     document.stamp = qxFileStamp(path, bytes);

@@ -19,6 +19,8 @@ struct qxGltfDocument {
 
     /// Reads a .gltf or a .glb, whatever its name says. Throws qxGltfError.
     static qxGltfDocument read(const QString &path, qxMemoryBudget &budget);
+    /// The same of the content of that file.
+    static qxGltfDocument of(const QString &path, const QByteArray &bytes, qxMemoryBudget &budget);
     /// The document of a scene that did not come from a file.
     static qxGltfDocument empty();
 

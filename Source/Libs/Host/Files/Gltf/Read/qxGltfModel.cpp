@@ -1,6 +1,7 @@
 #include "Files/Gltf/Read/qxGltfModel.h"
 
 #include "Files/Gltf/Common/qxGltfUri.h"
+#include "Files/Gltf/Common/qxGltfVariants.h"
 #include "Files/Gltf/Read/qxGltfCheck.h"
 #include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfMeshopt.h"
@@ -91,9 +92,7 @@ qxGltfModel qxGltfModel::read(const QString &path)
 
 int qxGltfModel::sceneIndex() const
 {
-    if (qxGltfSection(document.json, "scenes").empty())
-        return -1;
-    return std::max(0, qxGltfIndex(document.json, "scene"));
+    return qxGltfShownScene(document.json);
 }
 
 const qxJson &qxGltfModel::scene() const

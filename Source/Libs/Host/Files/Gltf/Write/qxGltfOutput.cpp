@@ -17,14 +17,6 @@
 
 namespace {
 
-bool isBinaryPath(const QString &path)
-{
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    if (suffix != "gltf" && suffix != "glb")
-        throw qxGltfError(qxFileText::tr("scene files end in .gltf or .glb"));
-    return suffix == "glb";
-}
-
 bool holds(const QString &path, const QByteArray &bytes)
 {
     qxMemoryBudget budget;
@@ -106,9 +98,17 @@ bool makeFolder(const QString &path)
 
 } // namespace
 
-qxGltfOutput::qxGltfOutput(const qxGltfDocument &document, const QString &path)
-    : m_document(document), m_path(path), m_binary(isBinaryPath(path)), m_bin(document.bin)
+qxGltfOutput::qxGltfOutput(const qxGltfDocument &document, const QString &path, bool binary)
+    : m_document(document), m_path(path), m_binary(binary), m_bin(document.bin)
 {
+}
+
+bool qxGltfOutput::isBinary(const QString &path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix != "gltf" && suffix != "glb")
+        throw qxGltfError(qxFileText::tr("scene files end in .gltf or .glb"));
+    return suffix == "glb";
 }
 
 void qxGltfOutput::write(qxJson json, const std::vector<QByteArray> &buffers)

@@ -14,8 +14,10 @@ class qxOutputFile;
 /// replaces one of other content. If writing fails, the files beside the scene are removed.
 class qxGltfOutput {
 public:
-    /// `path` decides by its suffix whether a .gltf or a .glb is written.
-    qxGltfOutput(const qxGltfDocument &document, const QString &path);
+    /// Writes to `path` a .gltf, or a `binary` .glb.
+    qxGltfOutput(const qxGltfDocument &document, const QString &path, bool binary);
+    /// Which of them the suffix of the path asks for. Throws qxGltfError for any other.
+    static bool isBinary(const QString &path);
 
     /// Writes `json`, the edited JSON of the document, whose buffers have the given content.
     /// Throws qxGltfError.

@@ -1,0 +1,218 @@
+#include "Files/qxDocumentFile.h"
+
+#include "Files/Gltf/Common/qxGltfDocument.h"
+#include "Files/Gltf/Common/qxGltfFiles.h"
+#include "Files/Gltf/Common/qxGltfUri.h"
+#include "Files/Gltf/Common/qxGltfVariants.h"
+#include "Files/Gltf/Read/qxGltfCheck.h"
+#include "Files/Gltf/Write/qxGltfOutput.h"
+#include "Files/qxMemoryBudget.h"
+#include "Files/qxOutputFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QScopeGuard>
+#include <QTextCodec>
+
+#include <exception>
+
+/// The file as it was read.
+struct qxDocumentFile::Content {
+    QString path;
+    qxFileStamp stamp;
+    bool isScene = false;
+    qxGltfDocument scene; ///< of a scene file
+    qxMemoryBudget budget{qxMemoryBudget::limit()}; ///< what is left of it
+    QByteArray document;
+
+    static std::unique_ptr<Content> load(const QString &path);
+    void saveScene(const QString &to, const QByteArray &variants, QStringList &warnings);
+    void saveAlone(const QString &to, const QByteArray &variants, QStringList &warnings);
+};
+
+namespace {
+
+const qint64 _streamBlock = 1 << 20;
+
+bool hasSceneSuffix(const QString &path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    return suffix == "gltf" || suffix == "glb";
+}
+
+/// Nobody knows how much comes.
+QByteArray readStream(const QString &path, qxMemoryBudget &budget)
+{
+    QFile stream(path);
+    QByteArray bytes;
+    if (stream.open(QIODevice::ReadOnly)) {
+        QByteArray block;
+        while (!(block = stream.read(_streamBlock)).isEmpty()) {
+            budget.take(block.size(), 2); // appending moves what is there
+            bytes += block;
+        }
+    }
+    if (stream.error() != QFileDevice::NoError)
+        throw qxGltfError(stream.errorString());
+    return bytes;
+}
+
+QByteArray readAny(const QString &path, qxMemoryBudget &budget)
+{
+    return qxOutputFile::isStream(path) ? readStream(path, budget) : qxGltfReadFile(path, budget);
+}
+
+/// Whether the bytes begin as a .glb or as JSON does.
+bool beginsAsScene(const QByteArray &bytes)
+{
+    const QByteArray mark = "\xEF\xBB\xBF";
+    int begin = bytes.startsWith(mark) ? mark.size() : 0;
+    while (begin < bytes.size() && QByteArray(" \t\r\n").contains(bytes[begin]))
+        ++begin;
+    return bytes.startsWith("glTF") || (begin < bytes.size() && bytes[begin] == '{');
+}
+
+} // namespace
+
+std::unique_ptr<qxDocumentFile::Content> qxDocumentFile::Content::load(const QString &path)
+{
+    auto content = std::make_unique<Content>();
+    content->path = path;
+    const QByteArray bytes = readAny(path, content->budget);
+    content->stamp = qxFileStamp(path, bytes);
+    content->isScene = beginsAsScene(bytes) || (!bytes.isEmpty() && hasSceneSuffix(path));
+    if (content->isScene) {
+        content->scene = qxGltfDocument::of(path, bytes, content->budget);
+        qxGltfCheck(content->scene.json);
+        content->document =
+            qxGltfVariantsIn(content->scene.json, qxGltfShownScene(content->scene.json));
+    } else {
+        content->document = bytes;
+    }
+    const QString flaw = flawOf(content->document);
+    if (!flaw.isEmpty())
+        throw qxGltfError(qxFileText::tr("the variants document cannot be read: %1").arg(flaw));
+    qxMemoryBudget(content->budget).takeDocument(content->document);
+    return content;
+}
+
+void qxDocumentFile::Content::saveScene(const QString &to, const QByteArray &variants,
+                                        QStringList &warnings)
+{
+    qxJson json = scene.json;
+    qxGltfSetVariants(json, qxGltfShownScene(json), variants);
+    const bool binary = hasSceneSuffix(to) ? qxGltfOutput::isBinary(to) : scene.binary;
+    std::vector<QByteArray> buffers;
+    if (binary != scene.binary || !qxGltfOutput::isBeside(scene, to))
+        buffers = qxGltfReadBuffers(scene, budget, warnings);
+    qxGltfOutput output(scene, to, binary);
+    const auto note = qScopeGuard([&] {
+        warnings += output.warnings();
+        if (output.isReplaced() && qxOutputFile::isSame(to, path))
+            stamp = qxFileStamp(path, output.content());
+    });
+    output.write(json, buffers);
+}
+
+void qxDocumentFile::Content::saveAlone(const QString &to, const QByteArray &variants,
+                                        QStringList &warnings)
+{
+    if (hasSceneSuffix(to))
+        throw qxGltfError(qxFileText::tr("the file cannot be written: %1")
+                              .arg(qxFileText::tr("a variants document alone is no scene")));
+    qxOutputFile file(to);
+    const bool isWritten = file.prepare(variants) && file.commit();
+    warnings += file.warnings();
+    if (file.isReplaced() && qxOutputFile::isSame(to, path))
+        stamp = qxFileStamp(path, variants);
+    if (!isWritten)
+        throw qxGltfError(qxFileText::tr("the file cannot be written: %1").arg(file.errorString()));
+}
+
+qxDocumentFile::qxDocumentFile() : m_content(std::make_unique<Content>()) {}
+
+qxDocumentFile::~qxDocumentFile() = default;
+
+template <class Work>
+bool qxDocumentFile::attempt(const QString &path, const Work &work)
+{
+    m_error.clear();
+    m_warnings.clear();
+    try {
+        work();
+        return true;
+    } catch (const qxGltfError &error) {
+        m_error = path + ": " + error.reason();
+    } catch (const std::exception &error) { // most likely out of memory
+        m_error = path + ": " + error.what();
+    }
+    return false;
+}
+
+bool qxDocumentFile::load(const QString &path)
+{
+    return attempt(path, [&] { m_content = Content::load(path); });
+}
+
+bool qxDocumentFile::isScene() const
+{
+    return m_content->isScene;
+}
+
+const QByteArray &qxDocumentFile::document() const
+{
+    return m_content->document;
+}
+
+QJsonObject qxDocumentFile::sceneJson() const
+{
+    if (!isScene())
+        return QJsonObject();
+    qxJson json = m_content->scene.json;
+    qxGltfSetVariants(json, qxGltfShownScene(json), QByteArray());
+    return QJsonDocument::fromJson(QByteArray::fromStdString(json.dump())).object();
+}
+
+const QByteArray &qxDocumentFile::binaryChunk() const
+{
+    return m_content->scene.bin;
+}
+
+bool qxDocumentFile::save(const QString &path, const QByteArray &document, bool overwrites)
+{
+    return attempt(path, [&] {
+        const bool isOurs =
+            !m_content->path.isEmpty() && qxOutputFile::isSame(path, m_content->path);
+        if (isOurs && !overwrites && !m_content->stamp.isUpToDate())
+            throw qxGltfError(
+                qxFileText::tr("the file cannot be written: %1")
+                    .arg(qxFileText::tr("somebody has changed it since it was read")));
+        if (m_content->isScene)
+            m_content->saveScene(path, document, m_warnings);
+        else
+            m_content->saveAlone(path, document, m_warnings);
+    });
+}
+
+QString qxDocumentFile::errorString() const
+{
+    return m_error;
+}
+
+QStringList qxDocumentFile::warnings() const
+{
+    return m_warnings;
+}
+
+QString qxDocumentFile::flawOf(const QByteArray &xml)
+{
+    const int nul = xml.indexOf('\0');
+    if (nul >= 0)
+        return qxFileText::tr("byte %1 is NUL").arg(nul);
+    QTextCodec::ConverterState state;
+    QTextCodec::codecForName("UTF-8")->toUnicode(xml.constData(), xml.size(), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0)
+        return qxFileText::tr("it is not UTF-8");
+    return QString();
+}
