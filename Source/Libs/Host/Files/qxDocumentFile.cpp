@@ -179,12 +179,12 @@ const QByteArray &qxDocumentFile::binaryChunk() const
     return m_content->scene.bin;
 }
 
-bool qxDocumentFile::save(const QString &path, const QByteArray &document)
+bool qxDocumentFile::save(const QString &path, const QByteArray &document, bool overwrites)
 {
     return attempt(path, [&] {
         const bool isOurs =
             !m_content->path.isEmpty() && qxOutputFile::isSame(path, m_content->path);
-        if (isOurs && !m_content->stamp.isUpToDate())
+        if (isOurs && !overwrites && !m_content->stamp.isUpToDate())
             throw qxGltfError(
                 qxFileText::tr("the file cannot be written: %1")
                     .arg(qxFileText::tr("somebody has changed it since it was read")));

@@ -32,8 +32,8 @@ public:
     /// Writes the file with that document. A scene keeps all else, and becomes a .gltf or a .glb
     /// as the suffix says; with any other suffix it keeps its form. In another folder it gets
     /// copies of the files that it needs. Refuses to write over the loaded file when others have
-    /// changed it since. On failure the old file is intact.
-    bool save(const QString &path, const QByteArray &document);
+    /// changed it since, unless `overwrites`. On failure the old file is intact.
+    bool save(const QString &path, const QByteArray &document, bool overwrites = false);
 
     /// Why the last operation failed, with the path; empty when it did not.
     QString errorString() const;
