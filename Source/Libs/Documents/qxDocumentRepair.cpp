@@ -9,8 +9,8 @@
 namespace {
 
 /// How good the best candidate must be, and how much better than the next.
-constexpr double GoodEnough = 0.6;
-constexpr double Ahead = 0.1;
+constexpr double GoodEnough = 0.5;
+constexpr double Ahead = 0.15;
 
 /// Whether the place names what the break is about.
 bool isOf(const qxDocumentPlace &place, const QString &name, const qxBreak &broken)
@@ -86,8 +86,10 @@ const qxRepairCandidate *qxBreak::clear() const
     return isAlone ? &candidates.front() : nullptr;
 }
 
-qxDocumentRepair::qxDocumentRepair(const qxDocument &document, const qxRepairHistory *history)
+std::vector<qxBreak> qxDocumentRepair::find(const qxDocument &document,
+                                            const qxRepairHistory *history)
 {
+    std::vector<qxBreak> breaks;
     qxBreakFinder finder(document);
     QHash<QString, int> known; // the place of the break; -1 for what works
     qxDocument copy = document;
@@ -99,19 +101,20 @@ qxDocumentRepair::qxDocumentRepair(const qxDocument &document, const qxRepairHis
         auto found = known.find(broken.key());
         if (found == known.end()) {
             const bool works = !broken.isDefault && finder.works(place, name);
-            found = known.insert(broken.key(), works ? -1 : int(m_breaks.size()));
+            found = known.insert(broken.key(), works ? -1 : int(breaks.size()));
             if (!works)
-                m_breaks.push_back(broken);
+                breaks.push_back(broken);
         }
         if (*found >= 0)
-            m_breaks[std::size_t(*found)].places += place.text();
+            breaks[std::size_t(*found)].places += place.text();
     });
-    if (m_breaks.empty())
-        return;
+    if (breaks.empty())
+        return breaks;
     const qxSceneOutline scene = qxSceneOutline::take();
     const qxRepairSearch search(document, scene, history);
-    for (qxBreak &each : m_breaks)
+    for (qxBreak &each : breaks)
         search.complete(each);
+    return breaks;
 }
 
 void qxDocumentRepair::apply(qxDocument &document, const qxBreak &broken, const QString &name)
@@ -132,8 +135,7 @@ std::vector<qxBreak> qxDocumentRepair::applyClear(qxDocument &document,
     std::vector<qxBreak> repaired;
     for (;;) {
         const std::size_t before = repaired.size();
-        const qxDocumentRepair repair(document, history);
-        for (const qxBreak &each : repair.breaks()) {
+        for (const qxBreak &each : find(document, history)) {
             const qxRepairCandidate *const clear = each.clear();
             if (!clear)
                 continue;

@@ -82,6 +82,8 @@ private:
     void weighToldMaterial(const QString &name, int material, qxRepairEvidence &evidence) const;
     double shapeShare(const qxBreak &broken, const QString &base, const QString &child) const;
     bool isOldNode(int node) const;
+    int heirOf(int old) const;
+    int findHeir(int old) const;
     bool fits(const qxBreak &broken, int node) const;
     QString materialOf(int node) const;
 
@@ -98,5 +100,6 @@ private:
     QHash<QString, Places> m_materialUsers; ///< nodes whose snapshots have that material
     QHash<QString, QStringList> m_steps; ///< paths of snapshots by their steps, some at most
     QHash<QString, QString> m_snapshots; ///< materials by paths
+    mutable QHash<int, int> m_heirs; ///< what old nodes have become; -1 for what is not clear
     mutable QHash<int, Places> m_newChildren; ///< of a node, those that the history does not know
 };
