@@ -5,6 +5,8 @@
 #include "qxDocument.h"
 #include "qxRenames.h"
 
+#include <QCommandLineOption>
+
 class QCommandLineParser;
 
 /// The variants document that a command edits: that of a scene, which is opened for it, or one that
