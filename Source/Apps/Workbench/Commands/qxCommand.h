@@ -48,6 +48,7 @@ extern const qxCommand catalogue;
 extern const qxCommand explain;
 extern const qxCommand table;
 extern const qxCommand rename;
+extern const qxCommand repair;
 
 extern const qxCommand check;
 extern const qxCommand capture;

@@ -146,8 +146,9 @@ const QList<const qxCommand *> &qxCommands::all()
 {
     static const QList<const qxCommand *> commands{
         &info,     &list,      &state,   &select,  &set,   &create,    &document,   &verify,
-        &optimize, &lint,      &explain, &rename,  &table, &runScript, &python,     &render,
-        &previews, &catalogue, &check,   &capture, &trust, &help,      &completion, &manual,
+        &optimize, &lint,      &explain, &rename,  &repair,  &table, &runScript, &python,
+        &render,   &previews,  &catalogue, &check, &capture, &trust, &help,      &completion,
+        &manual,
     };
     return commands;
 }
