@@ -1,9 +1,8 @@
-#include "qxDocumentRepair.h"
-
 #include "Report/qxOutput.h"
 #include "Session/qxEditedDocument.h"
 #include "Session/qxFileVersion.h"
 #include "qxCommand.h"
+#include "qxDocumentRepair.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -109,10 +108,10 @@ bool RepairRun::choose(const QString &choice)
             m_repaired.back().candidates = {candidate};
             return true;
         }
-        qxOutput::error(QStringLiteral("%1 has no candidate \"%2\", but %3")
-                            .arg(each.key(), name,
-                                 names.isEmpty() ? QStringLiteral("none")
-                                                 : names.join(QLatin1String(", "))));
+        qxOutput::error(
+            QStringLiteral("%1 has no candidate \"%2\", but %3")
+                .arg(each.key(), name,
+                     names.isEmpty() ? QStringLiteral("none") : names.join(QLatin1String(", "))));
         return false;
     }
     qxOutput::error(QStringLiteral("nothing broken is chosen by \"%1\"").arg(choice));
@@ -127,8 +126,8 @@ void RepairRun::printJson(const std::vector<qxBreak> &left) const
         repaired += objectOf(each, true);
     for (const qxBreak &each : left)
         broken += objectOf(each, false);
-    qxOutput::json(QJsonObject{{QStringLiteral("repaired"), repaired},
-                               {QStringLiteral("broken"), broken}});
+    qxOutput::json(
+        QJsonObject{{QStringLiteral("repaired"), repaired}, {QStringLiteral("broken"), broken}});
 }
 
 void RepairRun::print(const std::vector<qxBreak> &left) const
@@ -152,7 +151,8 @@ void RepairRun::print(const std::vector<qxBreak> &left) const
         if (rows.isEmpty())
             qxOutput::line(QStringLiteral("  nothing like it is there"));
     }
-    qxOutput::line(QStringLiteral("repaired: %1, broken: %2").arg(m_repaired.size()).arg(left.size()));
+    qxOutput::line(
+        QStringLiteral("repaired: %1, broken: %2").arg(m_repaired.size()).arg(left.size()));
 }
 
 int RepairRun::run()
@@ -163,8 +163,7 @@ int RepairRun::run()
         for (qxBreak &each : qxDocumentRepair::applyClear(m_edited.document, m_history.get()))
             m_repaired.push_back(std::move(each));
     }
-    const std::vector<qxBreak> left =
-        qxDocumentRepair::find(m_edited.document, m_history.get());
+    const std::vector<qxBreak> left = qxDocumentRepair::find(m_edited.document, m_history.get());
     if (m_parser.isSet(QStringLiteral("json")))
         printJson(left);
     else
@@ -205,5 +204,6 @@ const qxCommand qxCommands::repair = {
     1,
     repairOptions,
     runRepair,
-    "Nothing is changed without --apply or --choose. The exit code is 1 when something is left that "
+    "Nothing is changed without --apply or --choose. The exit code is 1 when something is left "
+    "that "
     "does not work."};

@@ -20,8 +20,8 @@ bool qxFileVersion::find(const QString &file, const QString &version)
     m_revision = version;
     QByteArray scene;
     if (!fetch(info.fileName(), scene)) {
-        m_error = QStringLiteral("%1: neither a file nor a revision of git: %2")
-                      .arg(version, m_error);
+        m_error =
+            QStringLiteral("%1: neither a file nor a revision of git: %2").arg(version, m_error);
         return false;
     }
     m_path = m_folder.filePath(info.fileName());
