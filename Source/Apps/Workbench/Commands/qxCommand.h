@@ -49,6 +49,7 @@ extern const qxCommand catalogue;
 extern const qxCommand explain;
 extern const qxCommand diff;
 extern const qxCommand rename;
+extern const qxCommand repair;
 extern const qxCommand table;
 
 extern const qxCommand check;
