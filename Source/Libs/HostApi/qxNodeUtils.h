@@ -59,6 +59,9 @@ public:
     static int getTransformVariantCount(const osg::NodePtr &node);
     /// The name of state `index`; empty when out of range.
     static std::string getTransformVariantName(const osg::NodePtr &node, int index);
+    /// Gives state `index` another name; one out of range is ignored.
+    static void setTransformVariantName(const osg::NodePtr &node, int index,
+                                        const std::string &name);
     /// The index of the first state of that name, -1 when there is none.
     static int getTransformVariantIndex(const osg::NodePtr &node, const std::string &name);
     /// The state that was selected last, -1 when none was.

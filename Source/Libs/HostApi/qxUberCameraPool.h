@@ -31,6 +31,8 @@ public:
 
     /// Appends a viewpoint and returns its id. Names need not be unique: the first one is found.
     int add(const qxUberCamera &camera);
+    /// Gives the viewpoint with that id another name; an id that there is not is ignored.
+    void rename(int id, const std::string &name);
     /// Forgets all viewpoints: the host's, when the scene is cleared.
     void clear();
 

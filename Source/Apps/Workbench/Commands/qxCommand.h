@@ -46,6 +46,8 @@ extern const qxCommand render;
 extern const qxCommand previews;
 extern const qxCommand catalogue;
 extern const qxCommand explain;
+extern const qxCommand rename;
+
 extern const qxCommand check;
 extern const qxCommand capture;
 extern const qxCommand help;

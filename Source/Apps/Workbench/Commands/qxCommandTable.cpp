@@ -146,8 +146,8 @@ const QList<const qxCommand *> &qxCommands::all()
 {
     static const QList<const qxCommand *> commands{
         &info,     &list,    &state,   &select,    &set,        &create, &document, &verify,
-        &optimize, &lint,    &explain, &runScript, &python,     &render, &previews, &catalogue,
-        &check,    &capture, &trust,   &help,      &completion, &manual,
+        &optimize, &lint,    &rename,    &explain,    &runScript, &python, &render,
+        &previews, &catalogue, &check, &capture,   &trust,      &help,   &completion, &manual,
     };
     return commands;
 }

@@ -24,6 +24,10 @@ const qxValueKind valueKinds[] = {
     {"STATE", "Name of one of its states.", qxValueKind::Word, ""},
     {"COMMAND", "Name of a command.", qxValueKind::Word, ""},
     {"OUT", nullptr, qxValueKind::File, "gltf|glb"},
+    {"KIND", "What is renamed, see above.", qxValueKind::Word, ""},
+    {"OLD", "Its name.", qxValueKind::Word, ""},
+    {"NEW", "Its name to be.", qxValueKind::Word, ""},
+    {"SCENE|XML", nullptr, qxValueKind::File, "gltf|glb|xml"},
     {"PICTURE", nullptr, qxValueKind::File, "hdr|pic|exr"},
     {"XML", nullptr, qxValueKind::File, "xml"},
     {"CSV", nullptr, qxValueKind::File, "csv"},
@@ -58,13 +62,20 @@ int checkScene(const QString &name)
 }
 
 /// A file of another suffix may be one that is dear to its owner, such as the scene itself.
-int checkText(const QString &name, const char *suffix)
+int checkText(const QString &name, const QString &suffix)
 {
     const bool isStream = qxStreams::isStandard(name) || qxOutputFile::isStream(name);
-    if (!isStream && QFileInfo(name).suffix().toLower() != QLatin1String(suffix))
+    if (!isStream && QFileInfo(name).suffix().toLower() != suffix)
         return fail(WrongUse, name,
-                    QStringLiteral("what is written there ends in .%1").arg(QLatin1String(suffix)));
+                    QStringLiteral("what is written there ends in .%1").arg(suffix));
     return qxValueKinds::checkFile(name);
+}
+
+/// Of an output that is a scene or a document, whether the name is that of a scene.
+bool isSceneOrText(const QCommandLineOption &option, const QString &name)
+{
+    return option.valueName() == QLatin1String("SCENE|XML")
+        && QFileInfo(name).suffix().toLower() != QLatin1String("xml");
 }
 
 } // namespace
@@ -112,8 +123,9 @@ int qxValueKinds::checkOutputs(const qxCommand &command, const QCommandLineParse
         if (kind.place == qxValueKind::Folder)
             code = checkFolder(name);
         else if (kind.place == qxValueKind::File)
-            code = option.valueName() == QLatin1String("OUT") ? checkScene(name)
-                                                              : checkText(name, kind.suffixes);
+            code = option.valueName() == QLatin1String("OUT") || isSceneOrText(option, name)
+                ? checkScene(name)
+                : checkText(name, QString::fromLatin1(kind.suffixes).section('|', -1));
         if (code != Success)
             return code;
     }

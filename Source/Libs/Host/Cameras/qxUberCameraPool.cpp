@@ -26,6 +26,18 @@ int qxUberCameraPool::add(const qxUberCamera &camera)
     return id;
 }
 
+void qxUberCameraPool::rename(int id, const std::string &name)
+{
+    if (!get(id))
+        return;
+    m_cameras[std::size_t(id)].name = name;
+    m_ids.clear();
+    for (int each = 0; each < count(); ++each) {
+        if (!get(each)->name.empty())
+            m_ids.emplace(get(each)->name, each);
+    }
+}
+
 void qxUberCameraPool::clear()
 {
     m_cameras.clear();

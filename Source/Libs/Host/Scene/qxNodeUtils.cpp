@@ -115,6 +115,16 @@ std::string qxNodeUtils::getTransformVariantName(const osg::NodePtr &node, int i
     return qxTransformStates::of(node)->getNames()[osg::UInt32(index)];
 }
 
+void qxNodeUtils::setTransformVariantName(const osg::NodePtr &node, int index,
+                                          const std::string &name)
+{
+    if (index < 0 || index >= getTransformVariantCount(node))
+        return;
+    const osg::TransformStatesPtr states = qxTransformStates::of(node);
+    const osg::CPEditor edit(states, osg::TransformStates::NamesFieldMask);
+    states->getNames()[osg::UInt32(index)] = name;
+}
+
 int qxNodeUtils::getTransformVariantIndex(const osg::NodePtr &node, const std::string &name)
 {
     const osg::TransformStatesPtr states = qxTransformStates::of(node);

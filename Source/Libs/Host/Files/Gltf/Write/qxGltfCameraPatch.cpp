@@ -83,13 +83,15 @@ void qxGltfKeepViewpoints(qxJson &json, const qxGltfOrigin &origin, const qxGltf
         const qxUberCamera &camera = *found->second;
         qxJson &node = json["nodes"][std::size_t(state.index)];
         const qxJson &extras = qxGltfMember(node, "extras");
-        const bool hasName = qxGltfMember(extras, qxGltfKeys::viewpointName).is_string();
+        const qxJson &kept = qxGltfMember(extras, qxGltfKeys::viewpointName);
         const bool hasPose = !qxGltfMember(extras, qxGltfKeys::viewpoint).is_null();
         const qxJson &own =
             qxGltfMember(json["cameras"][node["camera"].get<std::size_t>()], "name");
         const std::string ownName = own.is_string() ? own.get<std::string>() : std::string();
-        const std::string shownName = state.name.value_or("").empty() ? ownName : *state.name;
-        if (!hasName && shownName != camera.name)
+        const std::string shownName = kept.is_string() ? kept.get<std::string>()
+            : state.name.value_or("").empty()          ? ownName
+                                                       : *state.name;
+        if (shownName != camera.name)
             qxGltfSetExtra(node, qxGltfKeys::viewpointName, camera.name);
         if (!hasPose && qxGltfIsFinite(camera.toWorld)
             && state.node->getToWorld() != camera.toWorld)
