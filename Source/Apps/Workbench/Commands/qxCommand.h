@@ -46,6 +46,7 @@ extern const qxCommand render;
 extern const qxCommand previews;
 extern const qxCommand catalogue;
 extern const qxCommand explain;
+extern const qxCommand table;
 extern const qxCommand rename;
 
 extern const qxCommand check;
