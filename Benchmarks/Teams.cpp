@@ -1,9 +1,8 @@
+#include "qxBenchDocument.h"
 #include "qxDocumentDiff.h"
 #include "qxDocumentXml.h"
 #include "qxSetTable.h"
 #include "qxSetTableReader.h"
-
-#include "qxBenchDocument.h"
 
 #include <benchmark/benchmark.h>
 
@@ -51,8 +50,7 @@ void compare(benchmark::State &state)
     const qxDocument before = settled(sides.base);
     const qxDocument after = settled(sides.ours);
     for (auto _ : state) {
-        if (qxDocumentDiff::of(before, after).things.size()
-            != sides.base.count("1</Value>"))
+        if (qxDocumentDiff::of(before, after).things.size() != sides.base.count("1</Value>"))
             state.SkipWithError("a difference is lost");
     }
 }

@@ -1,13 +1,12 @@
 // A variants document beside one of ours: compared, written as a table, brought into the registry.
 
+#include "FuzzHost.h"
 #include "qxDocumentDiff.h"
 #include "qxDocumentXml.h"
 #include "qxRegistryDocument.h"
 #include "qxRegistryEdit.h"
 #include "qxSetTable.h"
 #include "qxSetTableReader.h"
-
-#include "FuzzHost.h"
 
 #include <QFile>
 
@@ -23,8 +22,7 @@ qxDocument settled(const QByteArray &xml)
 /// One that has everything.
 const qxDocument &ours()
 {
-    static const qxDocument document =
-        settled(FuzzHost::read(QStringLiteral(QX_FUZZ_DOCUMENT)));
+    static const qxDocument document = settled(FuzzHost::read(QStringLiteral(QX_FUZZ_DOCUMENT)));
     return document;
 }
 
@@ -59,9 +57,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
 {
     FuzzHost::start();
     // What is written once holds no characters any more that a document cannot.
-    const qxDocument input =
-        settled(qxDocumentXml::write(settled(QByteArray(reinterpret_cast<const char *>(data),
-                                                        int(size)))));
+    const qxDocument input = settled(
+        qxDocumentXml::write(settled(QByteArray(reinterpret_cast<const char *>(data), int(size)))));
     FuzzHost::require(qxDocumentXml::write(input)
                           == qxDocumentXml::write(settled(qxDocumentXml::write(input))),
                       "what was written reads differently");

@@ -33,8 +33,7 @@ QString pathAfter(const QString &path, const QString &before, const QString &aft
 /// The request beside what a place of the document means.
 class Matcher {
 public:
-    Matcher(const qxDocument &document, const qxRenameRequest &request,
-            const qxRenameScope &scope)
+    Matcher(const qxDocument &document, const qxRenameRequest &request, const qxRenameScope &scope)
         : m_document(document), m_index(document), m_request(request), m_scope(scope)
     {
     }
@@ -111,8 +110,7 @@ bool Matcher::isSort(const qxDocumentPlace &place, const QString &name) const
 bool Matcher::isState(const qxVariantKind *kind, const QString &variant) const
 {
     const int at = m_index.variant(kind, variant);
-    return !m_scope.isStateOf || at < 0
-        || m_scope.isStateOf(m_document.variants[std::size_t(at)]);
+    return !m_scope.isStateOf || at < 0 || m_scope.isStateOf(m_document.variants[std::size_t(at)]);
 }
 
 QStringList Matcher::pathsAfter(const QString &path) const
@@ -121,8 +119,7 @@ QStringList Matcher::pathsAfter(const QString &path) const
         return {path};
     const QStringList known = m_scope.pathsAfter ? m_scope.pathsAfter(path) : QStringList();
     return known.isEmpty()
-        ? QStringList(m_scope.isPartial ? path
-                                        : pathAfter(path, m_request.before, m_request.after))
+        ? QStringList(m_scope.isPartial ? path : pathAfter(path, m_request.before, m_request.after))
         : known;
 }
 
@@ -310,8 +307,8 @@ qxRenameImpact Rename::run()
 /// Why no thing of the sort can have that name.
 QString flawOfName(const qxRenameRequest &request)
 {
-    const bool isOfScene = request.thing >= qxRenameRequest::Option
-        && request.thing != qxRenameRequest::Viewpoint;
+    const bool isOfScene =
+        request.thing >= qxRenameRequest::Option && request.thing != qxRenameRequest::Viewpoint;
     if (request.after.isEmpty())
         return QStringLiteral("the new name is empty");
     if (request.before == request.after)

@@ -81,8 +81,8 @@ const qxRepairCandidate *qxBreak::clear() const
 {
     if (candidates.empty() || candidates.front().score < GoodEnough)
         return nullptr;
-    const bool isAlone = candidates.size() == 1
-        || candidates[0].score - candidates[1].score >= Ahead;
+    const bool isAlone =
+        candidates.size() == 1 || candidates[0].score - candidates[1].score >= Ahead;
     return isAlone ? &candidates.front() : nullptr;
 }
 

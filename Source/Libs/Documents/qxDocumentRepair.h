@@ -38,8 +38,7 @@ class qxDocumentRepair {
 public:
     /// Looks at a settled document beside the present scene. The history, which may be null, must
     /// live as long as this.
-    explicit qxDocumentRepair(const qxDocument &document,
-                              const qxRepairHistory *history = nullptr);
+    explicit qxDocumentRepair(const qxDocument &document, const qxRepairHistory *history = nullptr);
 
     /// What does not work, in the order of the document. Every name comes once. States of variants
     /// whose scene object is missing come up once that is repaired.

@@ -56,8 +56,7 @@ void qxRepairNames::sort(std::vector<qxRepairCandidate> &candidates, const QStri
     constexpr double Worthless = 0.05;
     std::sort(candidates.begin(), candidates.end(),
               [](const qxRepairCandidate &one, const qxRepairCandidate &other) {
-                  return one.score != other.score ? one.score > other.score
-                                                  : one.name < other.name;
+                  return one.score != other.score ? one.score > other.score : one.name < other.name;
               });
     QSet<QString> known{broken};
     std::vector<qxRepairCandidate> best;

@@ -303,8 +303,7 @@ void qxRepairSearch::weighOldNode(int old, int node, qxRepairEvidence &evidence)
                      "same children");
     const QString parent = nameAt(before, was.parent);
     const bool isSameParent = is.parent >= 0 && was.parent >= 0
-        && before.nodes[std::size_t(was.parent)].path
-            == m_scene.nodes[std::size_t(is.parent)].path;
+        && before.nodes[std::size_t(was.parent)].path == m_scene.nodes[std::size_t(is.parent)].path;
     const bool isLikeParent = parent == nameAt(m_scene, is.parent);
     evidence.add(0.2, isSameParent ? 1 : isLikeParent ? 0.5 : 0, "same parent");
     const bool isSamePlace = isSameParent && was.place == is.place;
@@ -339,8 +338,8 @@ void qxRepairSearch::weighToldNode(const Told &told, const QString &name, int no
                      "same children");
     if (!told.states.isEmpty())
         evidence.add(0.35, qxRepairNames::part(told.states, is.states), "same transform states");
-    const bool isBelow = std::any_of(
-        told.parents.begin(), told.parents.end(), [&](const QString &path) {
+    const bool isBelow =
+        std::any_of(told.parents.begin(), told.parents.end(), [&](const QString &path) {
             return is.parent >= 0
                 && m_scene.nodes[std::size_t(is.parent)].path == qxSceneOutline::hashOf(path);
         });
@@ -376,8 +375,7 @@ qxRepairSearch::Candidates qxRepairSearch::nodes(const qxBreak &broken) const
     Candidates candidates;
     const Places old = m_history ? m_history->scene.named(broken.name) : Places();
     const Told told = toldOf(broken.name);
-    const QSet<int> found =
-        old.empty() ? nodesLike(told, broken.name) : nodesLikeOld(old.front());
+    const QSet<int> found = old.empty() ? nodesLike(told, broken.name) : nodesLikeOld(old.front());
     for (const int node : found) {
         const QString &name = m_scene.nodes[std::size_t(node)].name;
         if (m_scene.named(name).empty() || name == broken.name || !fits(broken, node))
@@ -387,8 +385,7 @@ qxRepairSearch::Candidates qxRepairSearch::nodes(const qxBreak &broken) const
             weighToldNode(told, broken.name, node, evidence);
         else
             weighOldNode(old.front(), node, evidence);
-        candidates.push_back(
-            {name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
+        candidates.push_back({name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
     }
     return candidates;
 }
@@ -410,8 +407,7 @@ qxRepairSearch::Candidates qxRepairSearch::overlays(const qxBreak &broken) const
         if (m_named.contains(QLatin1String("overlay ") + name)
             || (m_history && !m_history->scene.overlaysNamed(name).empty()))
             evidence.doubt(0.3);
-        candidates.push_back(
-            {name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
+        candidates.push_back({name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
     }
     return candidates;
 }
@@ -443,9 +439,8 @@ void qxRepairSearch::weighPath(const QString &path, int node, qxRepairEvidence &
 qxRepairSearch::Candidates qxRepairSearch::paths(const qxBreak &broken) const
 {
     const QStringList steps = stepsOf(broken.name);
-    const Places old = m_history
-        ? m_history->scene.onPath(qxSceneOutline::hashOf(broken.name))
-        : Places();
+    const Places old =
+        m_history ? m_history->scene.onPath(qxSceneOutline::hashOf(broken.name)) : Places();
     QSet<int> found = old.empty() ? QSet<int>() : nodesLikeOld(old.front());
     for (int count = std::min(steps.size(), qxSceneOutline::TailSteps); count > 0; --count) {
         const Places &nodes = m_scene.withTail(steps.mid(steps.size() - count));
@@ -474,8 +469,8 @@ qxRepairSearch::Candidates qxRepairSearch::paths(const qxBreak &broken) const
             evidence.addBonus(0.3, double(tailOf(steps, is)) / std::max(steps.size(), is.size()),
                               "same tail of the path");
         }
-        candidates.push_back({m_scene.pathOf(node), evidence.score(old.empty() ? Prior : 0),
-                              evidence.reason()});
+        candidates.push_back(
+            {m_scene.pathOf(node), evidence.score(old.empty() ? Prior : 0), evidence.reason()});
     }
     return candidates;
 }

@@ -98,8 +98,7 @@ void Scanner::takeText(int begin, int quote)
     m_at = std::min(m_at + (isClosed ? end.size() : 0), m_script.size());
     const bool isText = prefix.isEmpty() || prefix == QLatin1String("u")
         || prefix == QLatin1String("r") || prefix == QLatin1String("ur");
-    m_tokens.push_back(
-        {Token::Text, begin, m_at, isClosed && isText && (isRaw || !hasEscapes)});
+    m_tokens.push_back({Token::Text, begin, m_at, isClosed && isText && (isRaw || !hasEscapes)});
 }
 
 std::vector<Token> Scanner::tokens()
@@ -131,10 +130,7 @@ std::vector<Token> Scanner::tokens()
 /// Tells what the texts of a source stand for.
 class Reader {
 public:
-    explicit Reader(const QString &script)
-        : m_script(script), m_tokens(Scanner(script).tokens())
-    {
-    }
+    explicit Reader(const QString &script) : m_script(script), m_tokens(Scanner(script).tokens()) {}
 
     std::vector<qxScriptText> texts();
 
@@ -220,11 +216,12 @@ qxScriptText Reader::textAt(std::size_t at)
     int from = token.begin;
     while (m_script[from] != QLatin1Char('"') && m_script[from] != QLatin1Char('\''))
         ++from;
-    const bool isLong = token.end - from >= 6
-        && m_script.mid(from, 3) == QString(3, m_script[from]);
+    const bool isLong =
+        token.end - from >= 6 && m_script.mid(from, 3) == QString(3, m_script[from]);
     const int quotes = isLong ? 3 : 1;
     const int length = std::max(0, token.end - from - 2 * quotes);
-    qxScriptText text{meaningOf(at), m_script.mid(from + quotes, length), QString(), m_line,
+    qxScriptText text{meaningOf(at), m_script.mid(from + quotes, length),
+                      QString(),     m_line,
                       token.begin,   token.end - token.begin};
     for (Frame &frame : m_frames) {
         if (frame.argument == 0)

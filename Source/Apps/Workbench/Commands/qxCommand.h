@@ -46,6 +46,8 @@ extern const qxCommand render;
 extern const qxCommand previews;
 extern const qxCommand catalogue;
 extern const qxCommand explain;
+extern const qxCommand merge;
+extern const qxCommand gitSetup;
 extern const qxCommand table;
 extern const qxCommand rename;
 
