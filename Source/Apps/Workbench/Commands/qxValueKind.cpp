@@ -13,6 +13,8 @@ namespace {
 
 const qxValueKind valueKinds[] = {
     {"FILE", "A scene file, .gltf or .glb.", qxValueKind::File, "gltf|glb"},
+    {"BEFORE", "A scene file, or a variants document alone.", qxValueKind::File, "gltf|glb|xml"},
+    {"AFTER", "What became of it, or any other one.", qxValueKind::File, "gltf|glb|xml"},
     {"SCRIPT",
      "A file with Python source, - for standard input. What follows -- on the command line is in "
      "its sys.argv.",
@@ -30,6 +32,7 @@ const qxValueKind valueKinds[] = {
     {"SCENE|XML", nullptr, qxValueKind::File, "gltf|glb|xml"},
     {"PICTURE", nullptr, qxValueKind::File, "hdr|pic|exr"},
     {"XML", nullptr, qxValueKind::File, "xml"},
+    {"HTML", nullptr, qxValueKind::File, "html"},
     {"CSV", nullptr, qxValueKind::File, "csv"},
     {"PNG|DIR", nullptr, qxValueKind::FileOrFolder, "png"},
     {"DIR", nullptr, qxValueKind::Folder, ""},
@@ -39,7 +42,7 @@ const qxValueKind valueKinds[] = {
 const QStringList &outputs()
 {
     static const QStringList names{QStringLiteral("save"), QStringLiteral("out"),
-                                   QStringLiteral("report")};
+                                   QStringLiteral("report"), QStringLiteral("html")};
     return names;
 }
 
