@@ -2,7 +2,7 @@
 
 #include "qxDocumentIndex.h"
 #include "qxDocumentPlaces.h"
-#include "qxScriptTexts.h"
+#include "qxScriptLiterals.h"
 
 #include <QSet>
 
@@ -139,9 +139,9 @@ private:
     void renamePaths(qxDocumentSet &set);
     void renameInScript(qxDocumentSet &set);
     /// What the text becomes; nothing when it does not name the thing.
-    std::optional<QString> renamed(const qxScriptText &text) const;
-    bool isStateInScript(const qxVariantKind &kind, const qxScriptText &text) const;
-    bool isLeft(const qxScriptText &text) const;
+    std::optional<QString> renamed(const qxScriptLiteral &text) const;
+    bool isStateInScript(const qxVariantKind &kind, const qxScriptLiteral &text) const;
+    bool isLeft(const qxScriptLiteral &text) const;
     void noteNamesakes();
 
     qxDocument &m_document;
@@ -200,7 +200,7 @@ void Rename::renamePaths(qxDocumentSet &set)
 }
 
 /// Whether the state that a script gives a scene object is the thing.
-bool Rename::isStateInScript(const qxVariantKind &kind, const qxScriptText &text) const
+bool Rename::isStateInScript(const qxVariantKind &kind, const qxScriptLiteral &text) const
 {
     if (m_request.thing == qxRenameRequest::Option)
         return m_request.kind == &kind && text.of == m_matcher.base();
@@ -210,7 +210,7 @@ bool Rename::isStateInScript(const qxVariantKind &kind, const qxScriptText &text
     return m_matcher.isState(&kind, text.of);
 }
 
-std::optional<QString> Rename::renamed(const qxScriptText &text) const
+std::optional<QString> Rename::renamed(const qxScriptLiteral &text) const
 {
     if (text.named == qxScriptNamed::Path) {
         const QStringList paths = m_matcher.pathsAfter(text.text);
@@ -247,9 +247,9 @@ std::optional<QString> Rename::renamed(const qxScriptText &text) const
 }
 
 /// Whether the text may mean the thing, though nobody can tell.
-bool Rename::isLeft(const qxScriptText &text) const
+bool Rename::isLeft(const qxScriptLiteral &text) const
 {
-    if (!qxScriptTexts::mentions(text.text, m_request.before))
+    if (!qxScriptLiterals::mentions(text.text, m_request.before))
         return false;
     const bool isClear = text.named != qxScriptNamed::Nothing && text.named != qxScriptNamed::Path;
     // addGeometry and its like find the variant that is called like the object.
@@ -263,13 +263,13 @@ void Rename::renameInScript(qxDocumentSet &set)
     QString script;
     int copied = 0;
     const QString &source = set.script.text;
-    for (const qxScriptText &text : qxScriptTexts::of(source)) {
+    for (const qxScriptLiteral &text : qxScriptLiterals::of(source)) {
         const QString place =
             QStringLiteral("set \"%1\", script, line %2").arg(set.name).arg(text.line);
         const std::optional<QString> name = renamed(text);
         if (name) {
             script += source.midRef(copied, text.begin - copied);
-            script += qxScriptTexts::quoted(source.mid(text.begin, text.length), *name);
+            script += qxScriptLiterals::quoted(source.mid(text.begin, text.length), *name);
             copied = text.begin + text.length;
             m_impact.changed.push_back({place, text.text, *name});
         } else if (isLeft(text)) {
@@ -317,6 +317,9 @@ QString flawOfName(const qxRenameRequest &request)
         && request.thing == qxRenameRequest::Option)
         return QStringLiteral("\"%1\" is an action, and has this name in every variant")
             .arg(request.before);
+    if (request.thing == qxRenameRequest::Option && request.kind == &qxVariantKinds::node
+        && !qxDocumentPlaces::stateOf(*request.kind, request.before))
+        return QStringLiteral("\"%1\" is the number of a transform").arg(request.before);
     if (isOfScene && request.after.startsWith(QLatin1Char('!')))
         return QStringLiteral("a name that begins with \"!\" would be taken for an action");
     if (request.thing == qxRenameRequest::Node && request.after.contains(Separator))

@@ -8,10 +8,6 @@
 
 namespace {
 
-/// How good the best candidate must be, and how much better than the next.
-constexpr double GoodEnough = 0.6;
-constexpr double Ahead = 0.1;
-
 /// Whether the place names what the break is about.
 bool isOf(const qxDocumentPlace &place, const QString &name, const qxBreak &broken)
 {
@@ -66,28 +62,10 @@ void settleSet(qxDocumentSet &set)
 
 } // namespace
 
-QString qxBreak::key() const
+std::vector<qxBreak> qxDocumentRepair::find(const qxDocument &document,
+                                            const qxRepairHistory *history)
 {
-    const QString word = qxRepairNames::wordOf(named);
-    if (named == qxNamed::State)
-        return QStringLiteral("%1-%2:%3:%4")
-            .arg(kind->word, isDefault ? QStringLiteral("default") : word, variant, name);
-    if (named == qxNamed::Variant)
-        return QStringLiteral("%1-variant:%2").arg(kind->word, name);
-    return QStringLiteral("%1:%2").arg(kind ? kind->word + QLatin1String("-object") : word, name);
-}
-
-const qxRepairCandidate *qxBreak::clear() const
-{
-    if (candidates.empty() || candidates.front().score < GoodEnough)
-        return nullptr;
-    const bool isAlone =
-        candidates.size() == 1 || candidates[0].score - candidates[1].score >= Ahead;
-    return isAlone ? &candidates.front() : nullptr;
-}
-
-qxDocumentRepair::qxDocumentRepair(const qxDocument &document, const qxRepairHistory *history)
-{
+    std::vector<qxBreak> breaks;
     qxBreakFinder finder(document);
     QHash<QString, int> known; // the place of the break; -1 for what works
     qxDocument copy = document;
@@ -99,19 +77,20 @@ qxDocumentRepair::qxDocumentRepair(const qxDocument &document, const qxRepairHis
         auto found = known.find(broken.key());
         if (found == known.end()) {
             const bool works = !broken.isDefault && finder.works(place, name);
-            found = known.insert(broken.key(), works ? -1 : int(m_breaks.size()));
+            found = known.insert(broken.key(), works ? -1 : int(breaks.size()));
             if (!works)
-                m_breaks.push_back(broken);
+                breaks.push_back(broken);
         }
         if (*found >= 0)
-            m_breaks[std::size_t(*found)].places += place.text();
+            breaks[std::size_t(*found)].places += place.text();
     });
-    if (m_breaks.empty())
-        return;
+    if (breaks.empty())
+        return breaks;
     const qxSceneOutline scene = qxSceneOutline::take();
     const qxRepairSearch search(document, scene, history);
-    for (qxBreak &each : m_breaks)
+    for (qxBreak &each : breaks)
         search.complete(each);
+    return breaks;
 }
 
 void qxDocumentRepair::apply(qxDocument &document, const qxBreak &broken, const QString &name)
@@ -132,8 +111,7 @@ std::vector<qxBreak> qxDocumentRepair::applyClear(qxDocument &document,
     std::vector<qxBreak> repaired;
     for (;;) {
         const std::size_t before = repaired.size();
-        const qxDocumentRepair repair(document, history);
-        for (const qxBreak &each : repair.breaks()) {
+        for (const qxBreak &each : find(document, history)) {
             const qxRepairCandidate *const clear = each.clear();
             if (!clear)
                 continue;

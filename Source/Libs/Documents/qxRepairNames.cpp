@@ -13,13 +13,6 @@ QSet<QString> setOf(const QStringList &names)
 
 } // namespace
 
-QString qxRepairNames::wordOf(qxNamed named)
-{
-    static const char *const words[] = {"group",   "set",      "variant", "state",     "node",
-                                        "overlay", "material", "path",    "viewpoint", "animation"};
-    return QLatin1String(words[int(named)]);
-}
-
 double qxRepairNames::overlap(const QStringList &one, const QStringList &other)
 {
     const QSet<QString> a = setOf(one);

@@ -80,20 +80,6 @@ void addSome(const Places &places, std::size_t most, QSet<int> &found)
 
 using namespace repairSearch;
 
-void qxRepairEvidence::add(double weight, double share, const char *reason)
-{
-    m_all += weight;
-    m_got += weight * share;
-    if (share > 0.5)
-        m_reasons += QLatin1String(reason);
-}
-
-void qxRepairEvidence::addBonus(double weight, double share, const char *reason)
-{
-    if (share > 0)
-        add(weight * share, 1, reason);
-}
-
 qxRepairSearch::qxRepairSearch(const qxDocument &document, const qxSceneOutline &scene,
                                const qxRepairHistory *history)
     : m_document(document), m_scene(scene), m_history(history), m_index(document)
@@ -132,7 +118,7 @@ void qxRepairSearch::readDocument()
     }
     qxDocument copy = m_document;
     qxDocumentPlaces::visit(copy, [this](const qxDocumentPlace &place, QString &name) {
-        m_named.insert(qxRepairNames::wordOf(place.named) + QLatin1Char(' ') + name);
+        m_named.insert(qxBreak::wordOf(place.named) + QLatin1Char(' ') + name);
     });
 }
 
@@ -211,6 +197,35 @@ bool qxRepairSearch::isOldNode(int node) const
     return m_history && m_history->scene.onPath(path).size() >= m_scene.onPath(path).size();
 }
 
+/// The node with the path that the old one had, or what else it has clearly become; -1 for none.
+int qxRepairSearch::heirOf(int old) const
+{
+    const auto isKnown = [this](int node) { return node <= 0 || m_heirs.contains(node); };
+    std::vector<int> open;
+    for (int at = old; !isKnown(at); at = m_history->scene.nodes[std::size_t(at)].parent)
+        open.push_back(at);
+    for (auto at = open.rbegin(); at != open.rend(); ++at) // what is above comes first
+        m_heirs.insert(*at, findHeir(*at));
+    return old <= 0 ? old : m_heirs.value(old);
+}
+
+int qxRepairSearch::findHeir(int old) const
+{
+    const Places &nodes = m_scene.onPath(m_history->scene.nodes[std::size_t(old)].path);
+    if (!nodes.empty())
+        return nodes.front();
+    Candidates candidates;
+    for (const int node : nodesLikeOld(old)) {
+        qxRepairEvidence evidence;
+        weighOldNode(old, node, evidence);
+        candidates.push_back({QString::number(node), evidence.score(0), evidence.reason()});
+    }
+    qxBreak lost;
+    lost.candidates = std::move(candidates);
+    qxRepairNames::sort(lost.candidates, QString());
+    return lost.clear() ? lost.clear()->name.toInt() : -1;
+}
+
 /// Those of so many children that the history does not have, or those around the place.
 void qxRepairSearch::addNewChildren(const Places &parents, int place, QSet<int> &found) const
 {
@@ -243,8 +258,9 @@ QSet<int> qxRepairSearch::nodesLikeOld(int old) const
     if (node.hasShape)
         addSome(m_scene.withTree(node.tree), Many, found);
     if (node.parent >= 0) {
-        const quint64 above = before.nodes[std::size_t(node.parent)].path;
-        addNewChildren(node.parent == 0 ? Places{0} : m_scene.onPath(above), node.place, found);
+        const int heir = heirOf(node.parent);
+        if (heir >= 0)
+            addNewChildren({heir}, node.place, found);
         addNewChildren(m_scene.named(nameAt(before, node.parent)), node.place, found);
     }
     int asked = 0;
@@ -302,10 +318,9 @@ void qxRepairSearch::weighOldNode(int old, int node, qxRepairEvidence &evidence)
         evidence.add(0.2, overlap(childNames(before, old), childNames(m_scene, node)),
                      "same children");
     const QString parent = nameAt(before, was.parent);
-    const bool isSameParent = is.parent >= 0 && was.parent >= 0
-        && before.nodes[std::size_t(was.parent)].path == m_scene.nodes[std::size_t(is.parent)].path;
+    const bool isSameParent = is.parent >= 0 && was.parent >= 0 && heirOf(was.parent) == is.parent;
     const bool isLikeParent = parent == nameAt(m_scene, is.parent);
-    evidence.add(0.2, isSameParent ? 1 : isLikeParent ? 0.5 : 0, "same parent");
+    evidence.add(0.4, isSameParent ? 1 : isLikeParent ? 0.5 : 0, "same parent");
     const bool isSamePlace = isSameParent && was.place == is.place;
     const bool hasSameNeighbours = neighboursOf(before, old) == neighboursOf(m_scene, node);
     evidence.add(0.1, isSamePlace || hasSameNeighbours, "same place among its neighbours");

@@ -175,7 +175,7 @@ void RenameRun::print(const qxRenameImpact &impact, int objects) const
                         {QStringLiteral("changed"), notesOf(impact.changed, true)},
                         {QStringLiteral("left"), notesOf(impact.left, false)}});
     QString counts = QStringLiteral("places: %1").arg(impact.changed.size());
-    if (m_edited.isScene())
+    if (objects > 0)
         counts = QStringLiteral("in the scene: %1, %2").arg(objects).arg(counts);
     qxOutput::line(QStringLiteral("%1 \"%2\" -> \"%3\" (%4)")
                        .arg(m_word, m_request.before, m_request.after, counts));

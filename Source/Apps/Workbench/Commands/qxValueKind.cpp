@@ -13,6 +13,8 @@ namespace {
 
 const qxValueKind valueKinds[] = {
     {"FILE", "A scene file, .gltf or .glb.", qxValueKind::File, "gltf|glb"},
+    {"BEFORE", "A scene file, or a variants document alone.", qxValueKind::File, "gltf|glb|xml"},
+    {"AFTER", "What became of it, or any other one.", qxValueKind::File, "gltf|glb|xml"},
     {"BASE", "What both sides began with: a scene file, or a variants document alone.",
      qxValueKind::File, "gltf|glb|xml"},
     {"OURS", "What one side made of it.", qxValueKind::File, "gltf|glb|xml"},
@@ -36,6 +38,7 @@ const qxValueKind valueKinds[] = {
     {"SCENE|XML", nullptr, qxValueKind::File, "gltf|glb|xml"},
     {"PICTURE", nullptr, qxValueKind::File, "hdr|pic|exr"},
     {"XML", nullptr, qxValueKind::File, "xml"},
+    {"HTML", nullptr, qxValueKind::File, "html"},
     {"CSV", nullptr, qxValueKind::File, "csv"},
     {"PNG|DIR", nullptr, qxValueKind::FileOrFolder, "png"},
     {"DIR", nullptr, qxValueKind::Folder, ""},
@@ -45,7 +48,7 @@ const qxValueKind valueKinds[] = {
 const QStringList &outputs()
 {
     static const QStringList names{QStringLiteral("save"), QStringLiteral("out"),
-                                   QStringLiteral("report")};
+                                   QStringLiteral("report"), QStringLiteral("html")};
     return names;
 }
 

@@ -1,10 +1,15 @@
 #include "qxDocumentBindings.h"
 
+#include "Report/qxDiffReport.h"
+#include "Session/qxEditedDocument.h"
 #include "qxRegistryDocument.h"
 #include "qxRegistryEdit.h"
 #include "qxSetTable.h"
 #include "qxSetTableReader.h"
 #include "qxText.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <boost/python.hpp>
 
@@ -53,6 +58,34 @@ bool editVariantSets(const std::string &table)
     return qxRegistryEdit::apply(reading.document);
 }
 
+/// The document in that file; without a name what the session holds.
+void load(const std::string &path, QString &name, qxDocument &document)
+{
+    name = qxText::fromUtf8(path);
+    if (name.isEmpty()) {
+        name = QStringLiteral("the session");
+        document = current();
+        return;
+    }
+    qxDocumentFile file;
+    if (!file.load(name))
+        refuse(file.errorString());
+    if (!qxEditedDocument::read(name, file.document(), document))
+        refuse(QStringLiteral("%1: the variants document cannot be read").arg(name));
+}
+
+std::string compareVariants(const std::string &before, const std::string &after, bool json)
+{
+    qxFileComparison comparison;
+    load(before, comparison.nameBefore, comparison.before);
+    load(after, comparison.nameAfter, comparison.after);
+    comparison.variants = qxDocumentDiff::of(comparison.before, comparison.after);
+    if (json)
+        return QJsonDocument(qxDiffReport::json(comparison)).toJson().toStdString();
+    return comparison.isDifferent() ? qxText::toUtf8(qxDiffReport::text(comparison))
+                                    : std::string();
+}
+
 } // namespace
 
 void qxDocumentBindings::define()
@@ -66,4 +99,9 @@ void qxDocumentBindings::define()
                 "Edits the variant sets as such a table says, of which rows and columns may be "
                 "left out; whether that changed anything. Raises a ValueError that tells of every "
                 "wrong cell, and changes nothing then.");
+    python::def("compareVariants", compareVariants,
+                (python::arg("before"), python::arg("after") = "", python::arg("json") = false),
+                "What differs between the variants of two files, scenes or documents, as a text "
+                "for people, which is empty when nothing does, or as JSON. An empty name stands "
+                "for what the session holds. Raises a ValueError for a file that cannot be read.");
 }
