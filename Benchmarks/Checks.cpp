@@ -58,20 +58,23 @@ static void verify(benchmark::State &state)
         if (!verifier.verify(folder.filePath(QStringLiteral("report.csv"))))
             state.SkipWithError("the report cannot be written");
     }
-    state.SetItemsProcessed(state.iterations() * qxBenchDocument::setsOf(int(state.range(0))) * qxBenchDocument::EntriesOfASet);
+    state.SetItemsProcessed(state.iterations() * qxBenchDocument::setsOf(int(state.range(0)))
+                            * qxBenchDocument::EntriesOfASet);
 }
 
 static void lint(benchmark::State &state)
 {
     const qxBenchScene scene(qxBenchDocument::Variants, 0);
-    const QByteArray document = qxBenchDocument::ofSets(qxBenchDocument::setsOf(int(state.range(0))));
+    const QByteArray document =
+        qxBenchDocument::ofSets(qxBenchDocument::setsOf(int(state.range(0))));
     for (auto _ : state) {
         const qxFindings findings =
             qxLinter::lint(document, [](const QString &) { return QString(); });
         if (!findings.isEmpty())
             state.SkipWithError("the document is not clean");
     }
-    state.SetItemsProcessed(state.iterations() * qxBenchDocument::setsOf(int(state.range(0))) * qxBenchDocument::EntriesOfASet);
+    state.SetItemsProcessed(state.iterations() * qxBenchDocument::setsOf(int(state.range(0)))
+                            * qxBenchDocument::EntriesOfASet);
     state.SetBytesProcessed(state.iterations() * document.size());
 }
 

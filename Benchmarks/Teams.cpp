@@ -1,9 +1,9 @@
+#include "qxBenchDocument.h"
 #include "qxDocumentDiff.h"
+#include "qxDocumentMerge.h"
 #include "qxDocumentXml.h"
 #include "qxSetTable.h"
 #include "qxSetTableReader.h"
-
-#include "qxBenchDocument.h"
 
 #include <benchmark/benchmark.h>
 
@@ -35,13 +35,16 @@ struct Sides {
     QByteArray theirs;
 };
 
-/// What every command on files does first.
-void readTwo(benchmark::State &state)
+/// What the commands do first with their files: two to compare, three to merge.
+template <int files>
+void readFiles(benchmark::State &state)
 {
     const Sides sides(state);
     for (auto _ : state) {
         benchmark::DoNotOptimize(settled(sides.base));
         benchmark::DoNotOptimize(settled(sides.ours));
+        if (files > 2)
+            benchmark::DoNotOptimize(settled(sides.theirs));
     }
 }
 
@@ -51,9 +54,21 @@ void compare(benchmark::State &state)
     const qxDocument before = settled(sides.base);
     const qxDocument after = settled(sides.ours);
     for (auto _ : state) {
-        if (qxDocumentDiff::of(before, after).things.size()
-            != sides.base.count("1</Value>"))
+        if (qxDocumentDiff::of(before, after).things.size() != sides.base.count("1</Value>"))
             state.SkipWithError("a difference is lost");
+    }
+}
+
+void merge(benchmark::State &state)
+{
+    const Sides sides(state);
+    const qxDocument base = settled(sides.base);
+    const qxDocument ours = settled(sides.ours);
+    const qxDocument theirs = settled(sides.theirs);
+    for (auto _ : state) {
+        const qxDocumentMerge merged = qxDocumentMerge::of(base, ours, theirs);
+        if (merged.document.sets.size() < base.sets.size())
+            state.SkipWithError("a set is lost");
     }
 }
 
@@ -78,7 +93,9 @@ void readTable(benchmark::State &state)
 } // namespace
 
 // In hundreds of entries.
-BENCHMARK(readTwo)->Name("Compare/bare")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(readFiles<2>)->Name("Compare/bare")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(readFiles<3>)->Name("Merge/bare")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(merge)->Name("Merge/documents")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(compare)->Name("Compare/documents")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(writeTable)->Name("Table/write")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(readTable)->Name("Table/read")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);

@@ -3,9 +3,7 @@
 #include "TestFiles.h"
 #include "qxDocumentMerge.h"
 #include "qxDocumentPairs.h"
-#include "qxDocumentXml.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QRegularExpression>
 #include <QSet>
@@ -16,17 +14,14 @@ namespace {
 
 typedef qxMergePreference Prefer;
 
-QByteArray textOf(const qxDocument &document)
-{
-    return qxDocumentXml::write(document);
-}
+const unsigned rounds = 10000;
 
 /// Base and what two sides made of it.
 struct Sides {
     Sides(unsigned seed, int sorts)
     {
         RandomDocument random(seed);
-        base = ours = theirs = random.make();
+        base = ours = theirs = random.make(2);
         random.edit(ours, 1 + int(random.below(4)), sorts);
         random.edit(theirs, 1 + int(random.below(4)), sorts);
     }
@@ -111,24 +106,24 @@ QSet<QString> contents(const PlainDocument &plain)
 
 TEST(MergeTest, WithAnUnchangedSideTheOtherIsTaken)
 {
-    for (unsigned seed = 0; seed < 10000; ++seed) {
+    for (unsigned seed = 0; seed < rounds; ++seed) {
         const Sides sides(seed, RandomDocument::Everything);
-        const QByteArray ours = textOf(sides.ours);
+        const auto ours = inOrder(sides.ours);
         const qxDocumentMerge merges[] = {qxDocumentMerge::of(sides.base, sides.ours, sides.base),
                                           qxDocumentMerge::of(sides.base, sides.base, sides.ours),
                                           qxDocumentMerge::of(sides.base, sides.ours, sides.ours)};
         for (const qxDocumentMerge &each : merges) {
-            ASSERT_EQ(textOf(each.document), ours) << seed << ", " << &each - merges;
+            ASSERT_EQ(inOrder(each.document), ours) << seed << ", " << &each - merges;
             ASSERT_EQ(list(each.conflicts), "") << seed;
             ASSERT_EQ(each.notes, QStringList()) << seed;
         }
     }
 }
 
-TEST(MergeTest, IsThatOfPlainMaps)
+TEST(MergeTest, IsThatOfPlainMapsAndLosesNothing)
 {
-    int clean = 0, compared = 0;
-    for (unsigned seed = 0; seed < 10000; ++seed) {
+    unsigned clean = 0, compared = 0;
+    for (unsigned seed = 0; seed < rounds; ++seed) {
         const Sides sides(seed, RandomDocument::Everything & ~RandomDocument::Renames);
         if (hasRenames(sides.base, sides.ours) || hasRenames(sides.base, sides.theirs))
             continue; // a new thing that is like one that is gone
@@ -139,45 +134,42 @@ TEST(MergeTest, IsThatOfPlainMaps)
         const PlainDocument wanted = plainMerge(base, ours, theirs, isClean);
         clean += isClean;
         const qxDocumentMerge merge = sides.merged();
-        ASSERT_EQ(merge.conflicts.isEmpty(), isClean)
-            << seed << list(merge.conflicts).constData() << "BASE" << textOf(sides.base).constData()
-            << "OURS" << textOf(sides.ours).constData() << "THEIRS"
-            << textOf(sides.theirs).constData();
+        ASSERT_EQ(merge.conflicts.isEmpty(), isClean) << seed << list(merge.conflicts).constData();
         const PlainDocument result = plain(merge.document);
         if (isClean) {
             ASSERT_EQ(result, wanted) << seed;
+            continue;
         }
         // Whatever a side changed or added is there, in one version or the other.
         const QSet<QString> all = contents(result), before = contents(base);
-        for (const PlainDocument *side : {&ours, &theirs}) {
-            for (const QString &line : contents(*side)) {
-                ASSERT_TRUE(before.contains(line) || all.contains(line))
-                    << seed << ": " << line.toStdString();
-            }
+        for (const QString &line : contents(ours) + contents(theirs)) {
+            ASSERT_TRUE(before.contains(line) || all.contains(line))
+                << seed << ": " << line.toStdString();
         }
     }
-    EXPECT_GT(compared, 9000);
+    EXPECT_GT(compared, rounds * 9 / 10);
     EXPECT_GT(clean, compared / 4);
-    EXPECT_LT(clean, compared);
+    EXPECT_LT(clean, compared * 9 / 10);
 }
 
 TEST(MergeTest, ExchangingTheSidesOnlyExchangesTheNamesOfVersions)
 {
-    int conflicts = 0;
-    for (unsigned seed = 0; seed < 10000; ++seed) {
+    for (unsigned seed = 0; seed < rounds; ++seed) {
         const Sides sides(seed, RandomDocument::Everything);
         const qxDocumentMerge one = sides.merged(), other = sides.exchanged();
         ASSERT_EQ(nameless(one.conflicts, false), nameless(other.conflicts, true)) << seed;
-        conflicts += !one.conflicts.isEmpty();
         if (one.conflicts.isEmpty()) {
-            ASSERT_EQ(textOf(one.document), textOf(other.document)) << seed;
+            ASSERT_EQ(inOrder(one.document), inOrder(other.document)) << seed;
+        } else {
+            auto ours = inOrder(sides.merged(Prefer::Ours).document);
+            for (auto &each : ours) {
+                each.first.replace("(theirs", "(ours");
+                each.second.replace("(theirs", "(ours");
+            }
+            ASSERT_EQ(ours, inOrder(sides.exchanged(Prefer::Theirs).document)) << seed;
         }
-        const QByteArray ours = textOf(sides.merged(Prefer::Ours).document);
-        const QByteArray theirs = textOf(sides.exchanged(Prefer::Theirs).document);
-        ASSERT_EQ(QByteArray(ours).replace("(theirs", "(ours"), theirs) << seed;
         qxDocument settled = one.document;
         settled.settle();
-        ASSERT_EQ(textOf(settled), textOf(one.document)) << seed;
+        ASSERT_EQ(inOrder(settled), inOrder(one.document)) << seed;
     }
-    EXPECT_GT(conflicts, 1000);
 }

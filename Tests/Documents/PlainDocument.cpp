@@ -11,34 +11,64 @@ QString join(const QStringList &parts)
     return parts.join(QLatin1Char('/'));
 }
 
-void addSet(PlainDocument &plain, const qxDocument &document, const qxDocumentSet &set)
-{
-    const QString at = join({"set", set.name, ""});
-    plain[at] = QString();
-    plain[at + "group"] = set.group < 0 ? QString() : document.groups[std::size_t(set.group)].name;
-    plain[at + "comment"] = set.comment;
-    plain[at + "view"] = set.defaultViewpoint;
-    plain[at + "hotkey"] = set.hotkey.text;
-    plain[at + "sequential"] = QString::number(set.isSequential);
-    plain[at + "script"] = set.script.text;
-    plain[at + "preview"] = QString::fromLatin1(set.preview);
-    for (const qxDocumentReference &each : set.references)
-        plain[at + each.kind->word + '/' + each.variant] = each.state;
-    for (std::size_t i = 0; i < qxNameLists; ++i) {
-        for (const qxDocumentText &each : set.names[i])
-            plain[at + QString::number(i) + '/' + each.text] = QString();
+/// Notes values below one path.
+class Entries {
+public:
+    explicit Entries(QVector<QPair<QString, QString>> &entries) : m_entries(entries) {}
+
+    void begin(const QStringList &thing)
+    {
+        m_at = join(thing) + '/';
+        add(QString(), QString());
     }
-    for (std::size_t i = 0; i < qxInclusions; ++i)
-        plain[at + "include/" + QString::number(i)] = QString::number(set.inclusions[i]);
-    for (const qxDocumentText &each : set.snapshots)
-        plain[at + "snapshot/" + each.text] = each.more;
-    for (const qxDocumentText &each : set.values)
-        plain[at + "value/" + each.text] = each.more;
+    void add(const QString &path, const QString &value)
+    {
+        m_entries.push_back({m_at + path, value});
+    }
+    void add(const QString &path, bool value) { add(path, QString::number(value)); }
+    template <class List>
+    void add(const QString &path, const List &list)
+    {
+        for (const qxDocumentText &each : list)
+            add(path + '/' + each.text, each.more);
+    }
+
+private:
+    QVector<QPair<QString, QString>> &m_entries;
+    QString m_at;
+};
+
+void addClipping(Entries &entries, const qxAnalyzerVariant &clipping)
+{
+    QMap<QString, QString> texts;
     for (const qxClippingField &each : qxClippingField::all()) {
         const QString name =
             each.isReal ? each.attribute.chopped(1) : each.attribute; // one field of three
-        plain[at + "clipping/" + name] += each.text(set.clipping) + ' ';
+        texts[name] += each.text(clipping) + ' ';
     }
+    for (auto each = texts.cbegin(); each != texts.cend(); ++each)
+        entries.add("clipping/" + each.key(), each.value());
+}
+
+void addSet(Entries &entries, const qxDocument &document, const qxDocumentSet &set)
+{
+    entries.begin({"set", set.name});
+    entries.add("group", set.group < 0 ? QString() : document.groups[std::size_t(set.group)].name);
+    entries.add("comment", set.comment);
+    entries.add("view", set.defaultViewpoint);
+    entries.add("hotkey", set.hotkey.text);
+    entries.add("sequential", set.isSequential);
+    entries.add("script", set.script.text);
+    entries.add("preview", QString::fromLatin1(set.preview));
+    for (const qxDocumentReference &each : set.references)
+        entries.add(each.kind->word + '/' + each.variant, each.state);
+    for (std::size_t i = 0; i < qxNameLists; ++i)
+        entries.add(QString::number(i), set.names[i]);
+    for (std::size_t i = 0; i < qxInclusions; ++i)
+        entries.add("include/" + QString::number(i), set.inclusions[i]);
+    entries.add("snapshot", set.snapshots);
+    entries.add("value", set.values);
+    addClipping(entries, set.clipping);
 }
 
 /// The first two parts of a path: the thing that it is about.
@@ -87,25 +117,32 @@ QSet<QString> allKeys(const Map &base, const Map &ours, const Map &theirs)
 
 } // namespace
 
+QVector<QPair<QString, QString>> inOrder(const qxDocument &document)
+{
+    QVector<QPair<QString, QString>> all;
+    Entries entries(all);
+    for (const qxDocumentGroup &each : document.groups) {
+        entries.begin({"group", each.name});
+        entries.add("comment", each.comment);
+        entries.add("visible", each.isVisible);
+    }
+    for (const qxDocumentSet &each : document.sets)
+        addSet(entries, document, each);
+    for (const qxDocumentVariant &each : document.variants) {
+        entries.begin({"variant", each.kind->word, each.name});
+        entries.add("base", each.base);
+        entries.add("default", each.standard.text);
+        for (const qxDocumentOption &option : each.options)
+            entries.add("state/" + option.name, option.hotkey.text);
+    }
+    return all;
+}
+
 PlainDocument plain(const qxDocument &document)
 {
     PlainDocument plain;
-    for (const qxDocumentGroup &each : document.groups) {
-        const QString at = join({"group", each.name, ""});
-        plain[at] = QString();
-        plain[at + "comment"] = each.comment;
-        plain[at + "visible"] = QString::number(each.isVisible);
-    }
-    for (const qxDocumentSet &each : document.sets)
-        addSet(plain, document, each);
-    for (const qxDocumentVariant &each : document.variants) {
-        const QString at = join({"variant", each.kind->word, each.name, ""});
-        plain[at] = QString();
-        plain[at + "base"] = each.base;
-        plain[at + "default"] = each.standard.text;
-        for (const qxDocumentOption &option : each.options)
-            plain[at + "state/" + option.name] = option.hotkey.text;
-    }
+    for (const auto &each : inOrder(document))
+        plain.insert(each.first, each.second);
     return plain;
 }
 

@@ -1,19 +1,20 @@
-#include "Files/qxSceneFile.h"
-#include "HostFixture.h"
-#include "qxDocumentRepair.h"
 #include "qxMaterialVariant.h"
-#include "qxMaterials.h"
-#include "qxNames.h"
-#include "qxRegistryDocument.h"
-#include "qxTestPaths.h"
 #include "qxVariantGroup.h"
 #include "qxVariantReader.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include <QDirIterator>
+#include "Files/qxSceneFile.h"
+#include "HostFixture.h"
+#include "qxDocumentRepair.h"
+#include "qxMaterials.h"
+#include "qxNames.h"
+#include "qxRegistryDocument.h"
+#include "qxTestPaths.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
+
+#include <QDirIterator>
 
 #include <random>
 
@@ -123,9 +124,7 @@ protected:
     void renameNode(const osg::NodePtr &node, const QString &name)
     {
         const QString old = nameOf(node);
-        work(node, [&] {
-            qxNodeUtils::setName(node, qxText::toUtf8(name), false, osg::NullFC);
-        });
+        work(node, [&] { qxNodeUtils::setName(node, qxText::toUtf8(name), false, osg::NullFC); });
         for (const char *word : {"node", "light-object", "transform-object"})
             truth[word + (":" + old)] = name;
         const osg::NodePtr parent = node->getParent();

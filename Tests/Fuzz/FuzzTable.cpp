@@ -1,18 +1,16 @@
 // A table of sets: each of its flaws has a reason, and what it makes of a document is a document of
 // which the table is the same.
 
+#include "FuzzHost.h"
 #include "qxDocumentXml.h"
 #include "qxSetTable.h"
 #include "qxSetTableReader.h"
-
-#include "FuzzHost.h"
 
 namespace {
 
 qxDocument edited()
 {
-    qxDocument document =
-        qxDocumentXml::read(FuzzHost::read(QStringLiteral(QX_FUZZ_DOCUMENT)));
+    qxDocument document = qxDocumentXml::read(FuzzHost::read(QStringLiteral(QX_FUZZ_DOCUMENT)));
     document.settle();
     return document;
 }

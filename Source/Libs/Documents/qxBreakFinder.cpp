@@ -39,8 +39,8 @@ bool qxBreakFinder::isNoOption(const qxDocumentPlace &place, const QString &name
 {
     if (!place.isDefault())
         return false;
-    const auto &options = m_document.variants[std::size_t(m_index.variant(
-        place.kind, place.owner))].options;
+    const auto &options =
+        m_document.variants[std::size_t(m_index.variant(place.kind, place.owner))].options;
     return std::none_of(options.begin(), options.end(),
                         [&name](const qxDocumentOption &each) { return each.name == name; });
 }

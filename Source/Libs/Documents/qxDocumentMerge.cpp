@@ -284,10 +284,8 @@ void Merger::noteUses(const qxDocumentSet &set, const qxDocumentSet *base, int s
     qxReferenceLookup lookup(before);
     for (const qxDocumentReference &each : set.references) {
         const int place = lookup.find(each.kind, each.variant);
-        if (place < 0)
-            m_variants.useVariant(each, side);
         if (place < 0 || before.references[std::size_t(place)].state != each.state)
-            m_variants.useState(each, side);
+            m_variants.use(each, side);
     }
 }
 

@@ -34,7 +34,7 @@ struct qxDocumentPlace {
     QString text() const;
 };
 
-/// The one list of what a document names, and where. Scripts are left to qxScriptTexts.
+/// The one list of what a document names, and where. Scripts are left to qxScriptLiterals.
 namespace qxDocumentPlaces {
 
 /// May change the name.

@@ -8,10 +8,6 @@
 
 namespace {
 
-/// How good the best candidate must be, and how much better than the next.
-constexpr double GoodEnough = 0.5;
-constexpr double Ahead = 0.15;
-
 /// Whether the place names what the break is about.
 bool isOf(const qxDocumentPlace &place, const QString &name, const qxBreak &broken)
 {
@@ -65,26 +61,6 @@ void settleSet(qxDocumentSet &set)
 }
 
 } // namespace
-
-QString qxBreak::key() const
-{
-    const QString word = qxRepairNames::wordOf(named);
-    if (named == qxNamed::State)
-        return QStringLiteral("%1-%2:%3:%4")
-            .arg(kind->word, isDefault ? QStringLiteral("default") : word, variant, name);
-    if (named == qxNamed::Variant)
-        return QStringLiteral("%1-variant:%2").arg(kind->word, name);
-    return QStringLiteral("%1:%2").arg(kind ? kind->word + QLatin1String("-object") : word, name);
-}
-
-const qxRepairCandidate *qxBreak::clear() const
-{
-    if (candidates.empty() || candidates.front().score < GoodEnough)
-        return nullptr;
-    const bool isAlone = candidates.size() == 1
-        || candidates[0].score - candidates[1].score >= Ahead;
-    return isAlone ? &candidates.front() : nullptr;
-}
 
 std::vector<qxBreak> qxDocumentRepair::find(const qxDocument &document,
                                             const qxRepairHistory *history)

@@ -148,21 +148,25 @@ QString partOf(int first, int count)
     return QStringLiteral("%1,%2").arg(count > 0 ? first + 1 : first).arg(count);
 }
 
-/// Lines from the first to before the last, of which some differ; `old` and `now` are the places of
-/// the first one in both texts, and then those behind the last one.
-void addHunk(QStringList &result, const QVector<qxLine> &lines, int first, int last, int &old,
-             int &now)
+/// Lines that differ with those around them.
+struct Hunk {
+    int first, last; ///< from the first one to before the last one
+    int old, now; ///< the places of the first one in both texts; then those behind the last one
+};
+
+void add(QStringList &result, const QVector<qxLine> &lines, Hunk &hunk)
 {
-    const int oldFirst = old, newFirst = now;
-    QStringList hunk;
-    for (int i = first; i < last; ++i) {
-        old += lines[i].sort != qxLine::Added ? 1 : 0;
-        now += lines[i].sort != qxLine::Removed ? 1 : 0;
-        hunk += QString(QLatin1Char(" -+"[lines[i].sort])) + lines[i].text;
+    const Hunk begin = hunk;
+    QStringList written;
+    for (int i = hunk.first; i < hunk.last; ++i) {
+        hunk.old += lines[i].sort != qxLine::Added ? 1 : 0;
+        hunk.now += lines[i].sort != qxLine::Removed ? 1 : 0;
+        written += QString(QLatin1Char(" -+"[lines[i].sort])) + lines[i].text;
     }
-    result += QStringLiteral("@@ -%1 +%2 @@")
-                  .arg(partOf(oldFirst, old - oldFirst), partOf(newFirst, now - newFirst));
-    result += hunk;
+    result +=
+        QStringLiteral("@@ -%1 +%2 @@")
+            .arg(partOf(begin.old, hunk.old - begin.old), partOf(begin.now, hunk.now - begin.now));
+    result += written;
 }
 
 } // namespace
@@ -177,27 +181,26 @@ QStringList qxLineDiff::unified(const QString &before, const QString &after)
     const QVector<qxLine> lines = of(before, after);
     const auto isKept = [&](int place) { return lines[place].sort == qxLine::Kept; };
     QStringList result;
-    int old = 0, now = 0, done = 0; // lines of both texts and of all that are gone over
+    Hunk hunk{0, 0, 0, 0};
     for (int place = 0; place < lines.size(); ++place) {
         if (isKept(place))
             continue;
-        const int first = std::max(done, place - Context);
-        int last = place;
+        const int done = hunk.last;
+        hunk.first = std::max(done, place - Context);
         for (int kept = 0; place < lines.size() && kept <= 2 * Context; ++place) {
             kept = isKept(place) ? kept + 1 : 0;
-            last = isKept(place) ? last : place + 1;
+            hunk.last = isKept(place) ? hunk.last : place + 1;
         }
-        last = std::min(last + Context, lines.size());
-        old += first - done; // lines in between are in both texts
-        now += first - done;
-        addHunk(result, lines, first, last, old, now);
-        done = last;
-        place = last - 1;
+        hunk.last = std::min(hunk.last + Context, lines.size());
+        hunk.old += hunk.first - done; // lines in between are in both texts
+        hunk.now += hunk.first - done;
+        add(result, lines, hunk);
+        place = hunk.last - 1;
     }
     if (!before.isEmpty() && !after.isEmpty() && before != after
         && before.endsWith(QLatin1Char('\n')) != after.endsWith(QLatin1Char('\n')))
         result += after.endsWith(QLatin1Char('\n'))
-            ? QStringLiteral("\\ The last line ends now")
-            : QStringLiteral("\\ The last line no longer ends");
+            ? QStringLiteral("\\ the last line has a line break now")
+            : QStringLiteral("\\ the last line has no line break any more");
     return result;
 }

@@ -248,23 +248,18 @@ QString qxMergeVariants::second(const qxVariantKind *kind, const QString &name) 
     return second.isEmpty() ? name : second;
 }
 
-void qxMergeVariants::useVariant(const qxDocumentReference &entry, int side)
+void qxMergeVariants::use(const qxDocumentReference &entry, int side)
 {
     const int number = m_numbers.value({entry.kind, entry.variant}, -1);
-    if (number < 0 || m_variants[std::size_t(number)].isThere
-        || m_names.variants.things[std::size_t(number)].onlySide() != side)
+    if (number < 0)
         return;
     Variant &variant = m_variants[std::size_t(number)];
-    variant.isThere = qxMergeKeeps(m_preference, side);
-    if (variant.conflicts.isEmpty())
-        removed(number, side, QString());
-}
-
-void qxMergeVariants::useState(const qxDocumentReference &entry, int side)
-{
-    const int number = m_numbers.value({entry.kind, entry.variant}, -1);
-    if (number >= 0)
-        bringBack(number, entry.state, side);
+    if (!variant.isThere && m_names.variants.things[std::size_t(number)].onlySide() == side) {
+        variant.isThere = qxMergeKeeps(m_preference, side);
+        if (variant.conflicts.isEmpty())
+            removed(number, side, QString());
+    }
+    bringBack(number, entry.state, side);
 }
 
 std::vector<int> qxMergeVariants::order() const

@@ -15,12 +15,9 @@ public:
 
     /// Whether one side removed a variant or a state that the other one still has.
     bool hasRemoved() const { return m_hasRemoved; }
-    ///@{
-    /// Says that a set of that side has an entry anew: the variant or the state comes back when the
-    /// other side removed it.
-    void useVariant(const qxDocumentReference &entry, int side);
-    void useState(const qxDocumentReference &entry, int side);
-    ///@}
+    /// Says that a set of that side has an entry anew: variant and state come back when the other
+    /// side removed them.
+    void use(const qxDocumentReference &entry, int side);
     /// The name of the version of theirs of that variant; the same name when there is none.
     QString second(const qxVariantKind *kind, const QString &name) const;
 

@@ -13,13 +13,6 @@ QSet<QString> setOf(const QStringList &names)
 
 } // namespace
 
-QString qxRepairNames::wordOf(qxNamed named)
-{
-    static const char *const words[] = {"group",   "set",      "variant", "state",     "node",
-                                        "overlay", "material", "path",    "viewpoint", "animation"};
-    return QLatin1String(words[int(named)]);
-}
-
 double qxRepairNames::overlap(const QStringList &one, const QStringList &other)
 {
     const QSet<QString> a = setOf(one);
@@ -56,8 +49,7 @@ void qxRepairNames::sort(std::vector<qxRepairCandidate> &candidates, const QStri
     constexpr double Worthless = 0.05;
     std::sort(candidates.begin(), candidates.end(),
               [](const qxRepairCandidate &one, const qxRepairCandidate &other) {
-                  return one.score != other.score ? one.score > other.score
-                                                  : one.name < other.name;
+                  return one.score != other.score ? one.score > other.score : one.name < other.name;
               });
     QSet<QString> known{broken};
     std::vector<qxRepairCandidate> best;

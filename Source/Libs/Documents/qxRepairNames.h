@@ -1,12 +1,10 @@
 #pragma once
 
-#include "qxDocumentRepair.h"
+#include "qxBreak.h"
 
 /// Small helpers of the search for what names may have become.
 namespace qxRepairNames {
 
-/// What users call the sort of name, such as "node".
-QString wordOf(qxNamed named);
 /// How much two lists of names have in common, from 0 to 1; order does not count.
 double overlap(const QStringList &one, const QStringList &other);
 /// How many of the names are among the others, from 0 to 1.

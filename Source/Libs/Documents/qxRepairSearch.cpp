@@ -80,20 +80,6 @@ void addSome(const Places &places, std::size_t most, QSet<int> &found)
 
 using namespace repairSearch;
 
-void qxRepairEvidence::add(double weight, double share, const char *reason)
-{
-    m_all += weight;
-    m_got += weight * share;
-    if (share > 0.5)
-        m_reasons += QLatin1String(reason);
-}
-
-void qxRepairEvidence::addBonus(double weight, double share, const char *reason)
-{
-    if (share > 0)
-        add(weight * share, 1, reason);
-}
-
 qxRepairSearch::qxRepairSearch(const qxDocument &document, const qxSceneOutline &scene,
                                const qxRepairHistory *history)
     : m_document(document), m_scene(scene), m_history(history), m_index(document)
@@ -132,7 +118,7 @@ void qxRepairSearch::readDocument()
     }
     qxDocument copy = m_document;
     qxDocumentPlaces::visit(copy, [this](const qxDocumentPlace &place, QString &name) {
-        m_named.insert(qxRepairNames::wordOf(place.named) + QLatin1Char(' ') + name);
+        m_named.insert(qxBreak::wordOf(place.named) + QLatin1Char(' ') + name);
     });
 }
 
@@ -332,8 +318,7 @@ void qxRepairSearch::weighOldNode(int old, int node, qxRepairEvidence &evidence)
         evidence.add(0.2, overlap(childNames(before, old), childNames(m_scene, node)),
                      "same children");
     const QString parent = nameAt(before, was.parent);
-    const bool isSameParent =
-        is.parent >= 0 && was.parent >= 0 && heirOf(was.parent) == is.parent;
+    const bool isSameParent = is.parent >= 0 && was.parent >= 0 && heirOf(was.parent) == is.parent;
     const bool isLikeParent = parent == nameAt(m_scene, is.parent);
     evidence.add(0.4, isSameParent ? 1 : isLikeParent ? 0.5 : 0, "same parent");
     const bool isSamePlace = isSameParent && was.place == is.place;
@@ -368,8 +353,8 @@ void qxRepairSearch::weighToldNode(const Told &told, const QString &name, int no
                      "same children");
     if (!told.states.isEmpty())
         evidence.add(0.35, qxRepairNames::part(told.states, is.states), "same transform states");
-    const bool isBelow = std::any_of(
-        told.parents.begin(), told.parents.end(), [&](const QString &path) {
+    const bool isBelow =
+        std::any_of(told.parents.begin(), told.parents.end(), [&](const QString &path) {
             return is.parent >= 0
                 && m_scene.nodes[std::size_t(is.parent)].path == qxSceneOutline::hashOf(path);
         });
@@ -405,8 +390,7 @@ qxRepairSearch::Candidates qxRepairSearch::nodes(const qxBreak &broken) const
     Candidates candidates;
     const Places old = m_history ? m_history->scene.named(broken.name) : Places();
     const Told told = toldOf(broken.name);
-    const QSet<int> found =
-        old.empty() ? nodesLike(told, broken.name) : nodesLikeOld(old.front());
+    const QSet<int> found = old.empty() ? nodesLike(told, broken.name) : nodesLikeOld(old.front());
     for (const int node : found) {
         const QString &name = m_scene.nodes[std::size_t(node)].name;
         if (m_scene.named(name).empty() || name == broken.name || !fits(broken, node))
@@ -416,8 +400,7 @@ qxRepairSearch::Candidates qxRepairSearch::nodes(const qxBreak &broken) const
             weighToldNode(told, broken.name, node, evidence);
         else
             weighOldNode(old.front(), node, evidence);
-        candidates.push_back(
-            {name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
+        candidates.push_back({name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
     }
     return candidates;
 }
@@ -439,8 +422,7 @@ qxRepairSearch::Candidates qxRepairSearch::overlays(const qxBreak &broken) const
         if (m_named.contains(QLatin1String("overlay ") + name)
             || (m_history && !m_history->scene.overlaysNamed(name).empty()))
             evidence.doubt(0.3);
-        candidates.push_back(
-            {name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
+        candidates.push_back({name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
     }
     return candidates;
 }
@@ -472,9 +454,8 @@ void qxRepairSearch::weighPath(const QString &path, int node, qxRepairEvidence &
 qxRepairSearch::Candidates qxRepairSearch::paths(const qxBreak &broken) const
 {
     const QStringList steps = stepsOf(broken.name);
-    const Places old = m_history
-        ? m_history->scene.onPath(qxSceneOutline::hashOf(broken.name))
-        : Places();
+    const Places old =
+        m_history ? m_history->scene.onPath(qxSceneOutline::hashOf(broken.name)) : Places();
     QSet<int> found = old.empty() ? QSet<int>() : nodesLikeOld(old.front());
     for (int count = std::min(steps.size(), qxSceneOutline::TailSteps); count > 0; --count) {
         const Places &nodes = m_scene.withTail(steps.mid(steps.size() - count));
@@ -503,8 +484,8 @@ qxRepairSearch::Candidates qxRepairSearch::paths(const qxBreak &broken) const
             evidence.addBonus(0.3, double(tailOf(steps, is)) / std::max(steps.size(), is.size()),
                               "same tail of the path");
         }
-        candidates.push_back({m_scene.pathOf(node), evidence.score(old.empty() ? Prior : 0),
-                              evidence.reason()});
+        candidates.push_back(
+            {m_scene.pathOf(node), evidence.score(old.empty() ? Prior : 0), evidence.reason()});
     }
     return candidates;
 }

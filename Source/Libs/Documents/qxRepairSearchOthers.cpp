@@ -1,7 +1,6 @@
+#include "qxNodeUtils.h"
 #include "qxRepairNames.h"
 #include "qxRepairSearch.h"
-
-#include "qxNodeUtils.h"
 #include "qxStateRules.h"
 #include "qxText.h"
 
@@ -62,8 +61,7 @@ QStringList choicesOf(const qxDocumentVariant &variant)
         const qxAspect aspect = isPose ? qxAspect::Pose : qxAspect::Choice;
         const int count = qxStateRules::countOf(each, aspect);
         for (int place = 0; place < count; ++place) {
-            const QString name =
-                qxText::fromUtf8(qxStateRules::nameAt(each, aspect, place));
+            const QString name = qxText::fromUtf8(qxStateRules::nameAt(each, aspect, place));
             if (!names.contains(name))
                 names += name;
         }
@@ -132,8 +130,7 @@ void qxRepairSearch::weighToldMaterial(const QString &name, int material,
     if (!users.empty())
         evidence.add(0.25, double(same) / double(users.size()), "on the same nodes");
     weighSpelling(name, is.name, evidence);
-    if (m_named.contains(QLatin1String("material ") + is.name)
-        || !m_holders.value(is.name).empty())
+    if (m_named.contains(QLatin1String("material ") + is.name) || !m_holders.value(is.name).empty())
         evidence.doubt(0.4);
 }
 
@@ -192,8 +189,7 @@ qxRepairSearch::Candidates qxRepairSearch::materials(const qxBreak &broken) cons
             weighToldMaterial(broken.name, material, evidence);
         else
             weighOldMaterial(old.front(), material, evidence);
-        candidates.push_back(
-            {is.name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
+        candidates.push_back({is.name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
     }
     return candidates;
 }
@@ -206,10 +202,8 @@ double qxRepairSearch::shapeShare(const qxBreak &broken, const QString &base,
     const qxSceneOutline &before = m_history->scene;
     const qxDocumentIndex index(m_history->document);
     const int at = index.variant(broken.kind, broken.variant);
-    const QString oldBase =
-        at < 0 ? base : m_history->document.variants[std::size_t(at)].base;
-    const auto childOf = [](const qxSceneOutline &scene, const Places &nodes,
-                            const QString &name) {
+    const QString oldBase = at < 0 ? base : m_history->document.variants[std::size_t(at)].base;
+    const auto childOf = [](const qxSceneOutline &scene, const Places &nodes, const QString &name) {
         for (const int node : nodes) {
             for (const int each : scene.nodes[std::size_t(node)].children) {
                 if (scene.nodes[std::size_t(each)].name == name)
@@ -231,18 +225,18 @@ double qxRepairSearch::shapeShare(const qxBreak &broken, const QString &base,
     if (broken.kind == &qxVariantKinds::material) {
         const int was = partOf(before, before.materialsNamed(oldBase), broken.name);
         const int is = partOf(m_scene, m_scene.materialsNamed(base), child);
-        return was < 0 || is < 0 ? -1
-                                 : before.materials[std::size_t(was)].look
-                == m_scene.materials[std::size_t(is)].look;
+        return was < 0 || is < 0
+            ? -1
+            : before.materials[std::size_t(was)].look == m_scene.materials[std::size_t(is)].look;
     }
     const bool isOverlay = broken.kind == &qxVariantKinds::overlay;
     const int was = childOf(
         before, isOverlay ? before.overlaysNamed(oldBase) : before.named(oldBase), broken.name);
     const int is =
         childOf(m_scene, isOverlay ? m_scene.overlaysNamed(base) : m_scene.named(base), child);
-    return was < 0 || is < 0 ? -1
-                             : before.nodes[std::size_t(was)].tree
-            == m_scene.nodes[std::size_t(is)].tree;
+    return was < 0 || is < 0
+        ? -1
+        : before.nodes[std::size_t(was)].tree == m_scene.nodes[std::size_t(is)].tree;
 }
 
 qxRepairSearch::Candidates qxRepairSearch::states(const qxBreak &broken) const
@@ -269,8 +263,7 @@ qxRepairSearch::Candidates qxRepairSearch::states(const qxBreak &broken) const
                          "the only one that no option names");
         }
         weighSpelling(broken.name, choices[i], evidence);
-        const double shape =
-            m_history ? shapeShare(broken, variant.base, choices[i]) : -1;
+        const double shape = m_history ? shapeShare(broken, variant.base, choices[i]) : -1;
         if (shape >= 0)
             evidence.add(0.3, shape, "same shape or look");
         if (taken.contains(choices[i]) && place >= 0)

@@ -25,6 +25,7 @@ struct qxCommand {
     /// Does the work. `parser` holds the options and the arguments behind the command's name.
     int (*run)(const QCommandLineParser &parser);
     const char *details = nullptr; ///< further lines for its own help, if any
+    int failed = WorkFailed; ///< the exit code when its results cannot be written
 };
 
 namespace qxCommands {
@@ -46,8 +47,12 @@ extern const qxCommand render;
 extern const qxCommand previews;
 extern const qxCommand catalogue;
 extern const qxCommand explain;
-extern const qxCommand table;
+extern const qxCommand diff;
+extern const qxCommand merge;
+extern const qxCommand gitSetup;
 extern const qxCommand rename;
+extern const qxCommand repair;
+extern const qxCommand table;
 
 extern const qxCommand check;
 extern const qxCommand capture;

@@ -101,7 +101,7 @@ int runCommand(const qxCommand &command, const QStringList &arguments)
         return wrongUse(qxMemoryLimit::flaw(parser), hint);
     const int outputs = qxValueKinds::checkOutputs(command, parser);
     if (outputs != Success)
-        return outputs;
+        return outputs == WorkFailed ? command.failed : outputs;
     // Standard output is for the results of the command.
     qxScriptRunner::setOutput(stderr);
     const QStringList given = parser.optionNames();
@@ -115,7 +115,8 @@ int runCommand(const qxCommand &command, const QStringList &arguments)
                                                : qxScriptRunner::Trusted);
     if (qxOutput::isWhole())
         return code;
-    return qxCommands::fail(QStringLiteral("standard output cannot be written"));
+    qxOutput::error(QStringLiteral("standard output cannot be written"));
+    return command.failed;
 }
 
 /// Somebody may have meant the window, or put the scene in front of the command.
@@ -145,9 +146,10 @@ bool isScene(const QString &name)
 const QList<const qxCommand *> &qxCommands::all()
 {
     static const QList<const qxCommand *> commands{
-        &info,     &list,      &state,   &select,  &set,   &create,    &document,   &verify,
-        &optimize, &lint,      &explain, &rename,  &table, &runScript, &python,     &render,
-        &previews, &catalogue, &check,   &capture, &trust, &help,      &completion, &manual,
+        &info,      &list,     &state,   &select,    &set,    &create,     &document,
+        &verify,    &optimize, &lint,    &explain,   &diff,   &merge,      &gitSetup,
+        &rename,    &repair,   &table,   &runScript, &python, &render,     &previews,
+        &catalogue, &check,    &capture, &trust,     &help,   &completion, &manual,
     };
     return commands;
 }

@@ -1,5 +1,6 @@
 #include "Files/qxDocumentFile.h"
 #include "Files/qxMemoryBudget.h"
+#include "Report/qxDiffReport.h"
 #include "Report/qxOutput.h"
 #include "Session/qxEditedDocument.h"
 #include "qxCommand.h"
@@ -102,9 +103,31 @@ int refuse(const QString &table, const qxSetTableReader::Reading &reading)
                  count == 1 ? QStringLiteral("this") : QStringLiteral("%1 flaws").arg(count)));
 }
 
-int save(qxDocumentFile &file, const qxDocument &document, const QString &out)
+/// What the table changes.
+void report(const QString &path, const QString &table, const qxDocument &before,
+            const qxSetTableReader::Reading &reading)
 {
-    const bool isSaved = file.save(out, qxDocumentXml::write(document));
+    qxFileComparison comparison;
+    comparison.nameBefore = path;
+    comparison.nameAfter =
+        QStringLiteral("%1 with %2")
+            .arg(path, qxStreams::isStandard(table) ? QStringLiteral("the table") : table);
+    comparison.before = before;
+    comparison.after = reading.document;
+    comparison.variants = qxDocumentDiff::of(comparison.before, comparison.after);
+    qxDiffReport::print(comparison, false);
+    const int left = int(reading.document.sets.size()) - reading.rows;
+    if (left > 0)
+        qxOutput::line(left == 1
+                           ? QStringLiteral("1 set without a row stays as it is")
+                           : QStringLiteral("%1 sets without a row stay as they are").arg(left));
+}
+
+int save(qxDocumentFile &file, const qxDocument &document, const QCommandLineParser &parser)
+{
+    const QString out = parser.value(QStringLiteral("save"));
+    const bool isSaved =
+        file.save(out, qxDocumentXml::write(document), parser.isSet(QStringLiteral("force")));
     for (const QString &warning : file.warnings())
         qxOutput::error(QStringLiteral("%1: %2").arg(out, warning));
     return isSaved ? Success : qxCommands::fail(file.errorString());
@@ -114,17 +137,17 @@ int importTable(const QCommandLineParser &parser)
 {
     const QString in = parser.value(QStringLiteral("in"));
     QByteArray table;
+    const QString path = parser.positionalArguments().first();
     qxDocumentFile file;
     qxDocument document;
     if (!qxStreams::read(in, table) || !hasRoom(in, qxSetTableReader::mostMemory(table))
-        || !load(parser.positionalArguments().first(), file, document))
+        || !load(path, file, document))
         return WorkFailed;
     const qxSetTableReader::Reading reading = qxSetTableReader::read(table, document);
     if (!reading.flaws.empty())
         return refuse(in, reading);
-    if (parser.isSet(QStringLiteral("dry-run")))
-        return Success;
-    return save(file, reading.document, parser.value(QStringLiteral("save")));
+    report(path, in, document, reading);
+    return parser.isSet(QStringLiteral("dry-run")) ? Success : save(file, reading.document, parser);
 }
 
 int runTable(const QCommandLineParser &parser)

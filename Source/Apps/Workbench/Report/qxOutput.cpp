@@ -41,6 +41,19 @@ void qxOutput::line(const QString &line)
     bytes((qxVisibleText::line(line) + QLatin1Char('\n')).toUtf8());
 }
 
+bool qxOutput::hasColors()
+{
+    return isatty(STDOUT_FILENO) && qEnvironmentVariableIsEmpty("NO_COLOR");
+}
+
+void qxOutput::line(const QString &line, Color color)
+{
+    if (color == Plain)
+        return qxOutput::line(line);
+    fprintf(stdout, "\x1b[%dm%s\x1b[0m\n", int(color),
+            qxText::toUtf8(qxVisibleText::line(line)).c_str());
+}
+
 void qxOutput::json(const QJsonObject &object)
 {
     printJson(QJsonDocument(object));

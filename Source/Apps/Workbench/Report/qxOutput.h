@@ -15,6 +15,12 @@ namespace qxOutput {
 void text(const QString &text);
 /// One line; line breaks in it are escaped.
 void line(const QString &line);
+/// Colours of lines for terminals.
+enum Color { Plain, Red = 31, Green = 32, Yellow = 33, Cyan = 36 };
+/// Whether standard output is a terminal that may have them: NO_COLOR is not set.
+bool hasColors();
+/// One line in that colour.
+void line(const QString &line, Color color);
 /// Bytes as they are; on a terminal control characters are escaped.
 void bytes(const QByteArray &bytes);
 void json(const QJsonObject &object);

@@ -5,7 +5,8 @@
 #include "qxDocument.h"
 #include "qxRenames.h"
 
-class QCommandLineOption;
+#include <QCommandLineOption>
+
 class QCommandLineParser;
 
 /// The variants document that a command edits: that of a scene, which is opened for it, or one that
