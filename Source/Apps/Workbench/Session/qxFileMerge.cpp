@@ -6,6 +6,8 @@
 #include "qxLog.h"
 #include "qxText.h"
 
+#include <QXmlStreamReader>
+
 namespace {
 
 bool fail(const QString &reason)
@@ -19,6 +21,14 @@ bool isEmpty(const qxDocumentFile &file)
     return !file.isScene() && file.document().isEmpty();
 }
 
+/// Any root element is taken, but one that is not ours and gave nothing is a wrong file.
+bool isWrongFile(const qxDocumentFile &file, const qxDocument &document)
+{
+    QXmlStreamReader reader(file.document());
+    return document.groups.empty() && document.sets.empty() && document.variants.empty()
+        && reader.readNextStartElement() && reader.name() != QLatin1String("Variants");
+}
+
 } // namespace
 
 bool qxFileMerge::merge(const Files &files, qxMergePreference wanted)
@@ -29,7 +39,10 @@ bool qxFileMerge::merge(const Files &files, qxMergePreference wanted)
     const auto load = [](const QString &path, qxDocumentFile &file, qxDocument &document) {
         if (!file.load(path))
             return fail(file.errorString());
-        return qxEditedDocument::read(path, file.document(), document);
+        if (!qxEditedDocument::read(path, file.document(), document))
+            return false;
+        return !isWrongFile(file, document)
+            || fail(QStringLiteral("%1: it is no variants document").arg(path));
     };
     if (!load(files.base, base, before) || !load(files.ours, m_ours, one)
         || !load(files.theirs, theirs, other))
