@@ -4,6 +4,7 @@
 #include "qxVariants.h"
 
 #include "Commands/qxCommandTable.h"
+#include "qxBenchDocument.h"
 #include "qxBenchScene.h"
 #include "qxLinter.h"
 
@@ -17,26 +18,6 @@
 #include <fcntl.h>
 
 #include <unistd.h>
-
-const int Variants = 2000;
-const int EntriesOfASet = 200;
-
-/// The benchmarks count in hundreds of entries: 10,000 of them are 5,000 sets.
-static int setsOf(const benchmark::State &state)
-{
-    return int(state.range(0)) * 100 / EntriesOfASet;
-}
-
-/// Which variant an entry of a set refers to, and which child it chooses.
-static int variantOf(int set, int entry)
-{
-    return (set * 7 + entry) % Variants;
-}
-
-static int childOf(int set, int entry)
-{
-    return (set / 4 + entry * set) % 4;
-}
 
 /// Standard output goes nowhere as long as it lives: the verifier writes all its lines there.
 class Quiet {
@@ -60,41 +41,15 @@ private:
     int m_output;
 };
 
-static QByteArray variantText(int number)
-{
-    const QByteArray name = qxBenchScene::switchName(number).toUtf8();
-    QByteArray text = "<NodeVariant name=\"" + name + "\" base=\"" + name + "\">\n";
-    for (int child = 0; child < 4; ++child)
-        text += "<State name=\"" + qxBenchScene::childName(child).toUtf8() + "\"/>\n";
-    return text + "</NodeVariant>\n";
-}
-
-static QByteArray documentOf(int sets)
-{
-    QByteArray text = "<Variants>\n";
-    for (int set = 0; set < sets; ++set) {
-        text += "<VariantSet name=\"Set " + QByteArray::number(set) + "\">\n";
-        for (int i = 0; i < EntriesOfASet; ++i) {
-            text += "<NodeVariantRef ref=\"" + qxBenchScene::switchName(variantOf(set, i)).toUtf8()
-                + "\" state=\"" + qxBenchScene::childName(childOf(set, i)).toUtf8() + "\"/>\n";
-        }
-        // No two sets are equal, whatever they refer to.
-        text += "<Value name=\"Number\">" + QByteArray::number(set) + "</Value></VariantSet>\n";
-    }
-    for (int variant = 0; variant < Variants; ++variant)
-        text += variantText(variant);
-    return text + "</Variants>\n";
-}
-
 static void verify(benchmark::State &state)
 {
-    const qxBenchScene scene(Variants, Variants);
-    for (int index = 0; index < setsOf(state); ++index) {
+    const qxBenchScene scene(qxBenchDocument::Variants, qxBenchDocument::Variants);
+    for (int index = 0; index < qxBenchDocument::setsOf(int(state.range(0))); ++index) {
         qxVariantSet *const set =
             qxVariants::createVariantSet(QStringLiteral("Set %1").arg(index), false, nullptr);
-        for (int i = 0; i < EntriesOfASet; ++i)
-            set->addNodeVariant(qxBenchScene::switchName(variantOf(index, i)),
-                                qxBenchScene::childName(childOf(index, i)));
+        for (int i = 0; i < qxBenchDocument::EntriesOfASet; ++i)
+            set->addNodeVariant(qxBenchScene::switchName(qxBenchDocument::variantOf(index, i)),
+                                qxBenchScene::childName(qxBenchDocument::childOf(index, i)));
     }
     const QTemporaryDir folder;
     qxVariantVerifier verifier;
@@ -103,20 +58,23 @@ static void verify(benchmark::State &state)
         if (!verifier.verify(folder.filePath(QStringLiteral("report.csv"))))
             state.SkipWithError("the report cannot be written");
     }
-    state.SetItemsProcessed(state.iterations() * setsOf(state) * EntriesOfASet);
+    state.SetItemsProcessed(state.iterations() * qxBenchDocument::setsOf(int(state.range(0)))
+                            * qxBenchDocument::EntriesOfASet);
 }
 
 static void lint(benchmark::State &state)
 {
-    const qxBenchScene scene(Variants, 0);
-    const QByteArray document = documentOf(setsOf(state));
+    const qxBenchScene scene(qxBenchDocument::Variants, 0);
+    const QByteArray document =
+        qxBenchDocument::ofSets(qxBenchDocument::setsOf(int(state.range(0))));
     for (auto _ : state) {
         const qxFindings findings =
             qxLinter::lint(document, [](const QString &) { return QString(); });
         if (!findings.isEmpty())
             state.SkipWithError("the document is not clean");
     }
-    state.SetItemsProcessed(state.iterations() * setsOf(state) * EntriesOfASet);
+    state.SetItemsProcessed(state.iterations() * qxBenchDocument::setsOf(int(state.range(0)))
+                            * qxBenchDocument::EntriesOfASet);
     state.SetBytesProcessed(state.iterations() * document.size());
 }
 
@@ -206,7 +164,7 @@ static bool writeSwitches(const QString &path, int switches)
                              {"children", QJsonArray{2 * i + 1}},
                              {"extras", QJsonObject{{"qxSwitch", 0}}}};
         nodes += QJsonObject{{"name", qxBenchScene::childName(0)}};
-        document += variantText(i);
+        document += qxBenchDocument::variantText(i);
     }
     const QJsonObject scene{
         {"nodes", roots},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "qxFinding.h"
 #include "qxLintReach.h"
 #include "qxSceneLookup.h"
 

@@ -86,8 +86,7 @@ QString qxDocumentPlace::text() const
             .arg(variant->kind->word, variant->name, QLatin1String(word));
     if (!set)
         return QLatin1String(word);
-    const QString start =
-        QStringLiteral("set \"%1\", %2").arg(set->name, QLatin1String(word));
+    const QString start = QStringLiteral("set \"%1\", %2").arg(set->name, QLatin1String(word));
     if (!kind)
         return start;
     return named == qxNamed::State

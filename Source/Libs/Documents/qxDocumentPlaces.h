@@ -28,11 +28,13 @@ struct qxDocumentPlace {
     QString owner = QString(); ///< of a state, the name of its variant
     bool isOwn = false; ///< the thing itself has its name here, rather than being referred to
 
+    /// Whether the default state of a variant stands there.
+    bool isDefault() const { return variant && named == qxNamed::State && !isOwn; }
     /// The place in words, such as: set "Red", target node
     QString text() const;
 };
 
-/// The one list of what a document names, and where. Scripts are left to qxScriptTexts.
+/// The one list of what a document names, and where. Scripts are left to qxScriptLiterals.
 namespace qxDocumentPlaces {
 
 /// May change the name.

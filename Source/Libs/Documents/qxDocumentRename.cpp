@@ -2,7 +2,7 @@
 
 #include "qxDocumentIndex.h"
 #include "qxDocumentPlaces.h"
-#include "qxScriptTexts.h"
+#include "qxScriptLiterals.h"
 
 #include <QSet>
 
@@ -33,8 +33,7 @@ QString pathAfter(const QString &path, const QString &before, const QString &aft
 /// The request beside what a place of the document means.
 class Matcher {
 public:
-    Matcher(const qxDocument &document, const qxRenameRequest &request,
-            const qxRenameScope &scope)
+    Matcher(const qxDocument &document, const qxRenameRequest &request, const qxRenameScope &scope)
         : m_document(document), m_index(document), m_request(request), m_scope(scope)
     {
     }
@@ -111,8 +110,7 @@ bool Matcher::isSort(const qxDocumentPlace &place, const QString &name) const
 bool Matcher::isState(const qxVariantKind *kind, const QString &variant) const
 {
     const int at = m_index.variant(kind, variant);
-    return !m_scope.isStateOf || at < 0
-        || m_scope.isStateOf(m_document.variants[std::size_t(at)]);
+    return !m_scope.isStateOf || at < 0 || m_scope.isStateOf(m_document.variants[std::size_t(at)]);
 }
 
 QStringList Matcher::pathsAfter(const QString &path) const
@@ -121,8 +119,7 @@ QStringList Matcher::pathsAfter(const QString &path) const
         return {path};
     const QStringList known = m_scope.pathsAfter ? m_scope.pathsAfter(path) : QStringList();
     return known.isEmpty()
-        ? QStringList(m_scope.isPartial ? path
-                                        : pathAfter(path, m_request.before, m_request.after))
+        ? QStringList(m_scope.isPartial ? path : pathAfter(path, m_request.before, m_request.after))
         : known;
 }
 
@@ -142,9 +139,9 @@ private:
     void renamePaths(qxDocumentSet &set);
     void renameInScript(qxDocumentSet &set);
     /// What the text becomes; nothing when it does not name the thing.
-    std::optional<QString> renamed(const qxScriptText &text) const;
-    bool isStateInScript(const qxVariantKind &kind, const qxScriptText &text) const;
-    bool isLeft(const qxScriptText &text) const;
+    std::optional<QString> renamed(const qxScriptLiteral &text) const;
+    bool isStateInScript(const qxVariantKind &kind, const qxScriptLiteral &text) const;
+    bool isLeft(const qxScriptLiteral &text) const;
     void noteNamesakes();
 
     qxDocument &m_document;
@@ -203,7 +200,7 @@ void Rename::renamePaths(qxDocumentSet &set)
 }
 
 /// Whether the state that a script gives a scene object is the thing.
-bool Rename::isStateInScript(const qxVariantKind &kind, const qxScriptText &text) const
+bool Rename::isStateInScript(const qxVariantKind &kind, const qxScriptLiteral &text) const
 {
     if (m_request.thing == qxRenameRequest::Option)
         return m_request.kind == &kind && text.of == m_matcher.base();
@@ -213,7 +210,7 @@ bool Rename::isStateInScript(const qxVariantKind &kind, const qxScriptText &text
     return m_matcher.isState(&kind, text.of);
 }
 
-std::optional<QString> Rename::renamed(const qxScriptText &text) const
+std::optional<QString> Rename::renamed(const qxScriptLiteral &text) const
 {
     if (text.named == qxScriptNamed::Path) {
         const QStringList paths = m_matcher.pathsAfter(text.text);
@@ -250,9 +247,9 @@ std::optional<QString> Rename::renamed(const qxScriptText &text) const
 }
 
 /// Whether the text may mean the thing, though nobody can tell.
-bool Rename::isLeft(const qxScriptText &text) const
+bool Rename::isLeft(const qxScriptLiteral &text) const
 {
-    if (!qxScriptTexts::mentions(text.text, m_request.before))
+    if (!qxScriptLiterals::mentions(text.text, m_request.before))
         return false;
     const bool isClear = text.named != qxScriptNamed::Nothing && text.named != qxScriptNamed::Path;
     // addGeometry and its like find the variant that is called like the object.
@@ -266,13 +263,13 @@ void Rename::renameInScript(qxDocumentSet &set)
     QString script;
     int copied = 0;
     const QString &source = set.script.text;
-    for (const qxScriptText &text : qxScriptTexts::of(source)) {
+    for (const qxScriptLiteral &text : qxScriptLiterals::of(source)) {
         const QString place =
             QStringLiteral("set \"%1\", script, line %2").arg(set.name).arg(text.line);
         const std::optional<QString> name = renamed(text);
         if (name) {
             script += source.midRef(copied, text.begin - copied);
-            script += qxScriptTexts::quoted(source.mid(text.begin, text.length), *name);
+            script += qxScriptLiterals::quoted(source.mid(text.begin, text.length), *name);
             copied = text.begin + text.length;
             m_impact.changed.push_back({place, text.text, *name});
         } else if (isLeft(text)) {
@@ -310,8 +307,8 @@ qxRenameImpact Rename::run()
 /// Why no thing of the sort can have that name.
 QString flawOfName(const qxRenameRequest &request)
 {
-    const bool isOfScene = request.thing >= qxRenameRequest::Option
-        && request.thing != qxRenameRequest::Viewpoint;
+    const bool isOfScene =
+        request.thing >= qxRenameRequest::Option && request.thing != qxRenameRequest::Viewpoint;
     if (request.after.isEmpty())
         return QStringLiteral("the new name is empty");
     if (request.before == request.after)
@@ -320,6 +317,9 @@ QString flawOfName(const qxRenameRequest &request)
         && request.thing == qxRenameRequest::Option)
         return QStringLiteral("\"%1\" is an action, and has this name in every variant")
             .arg(request.before);
+    if (request.thing == qxRenameRequest::Option && request.kind == &qxVariantKinds::node
+        && !qxDocumentPlaces::stateOf(*request.kind, request.before))
+        return QStringLiteral("\"%1\" is the number of a transform").arg(request.before);
     if (isOfScene && request.after.startsWith(QLatin1Char('!')))
         return QStringLiteral("a name that begins with \"!\" would be taken for an action");
     if (request.thing == qxRenameRequest::Node && request.after.contains(Separator))

@@ -202,9 +202,8 @@ void qxSceneOutline::noteNames()
             continue;
         }
         const bool isTop = node.parent < 0 || nodes[std::size_t(node.parent)].id == root;
-        const quint64 above = isTop
-            ? qxNames::EmptyPath
-            : qxNames::hashOf("/", nodes[std::size_t(node.parent)].path);
+        const quint64 above =
+            isTop ? qxNames::EmptyPath : qxNames::hashOf("/", nodes[std::size_t(node.parent)].path);
         node.path = qxNames::hashOf(qxText::toUtf8(node.name), above);
         if (isFound)
             m_named[node.name].push_back(place);
@@ -215,8 +214,8 @@ void qxSceneOutline::noteNames()
         m_paths[node.path].push_back(place);
         m_trees[node.tree].push_back(place);
         QStringList steps;
-        for (int at = place; at >= 0 && nodes[std::size_t(at)].id != root
-             && steps.size() < TailSteps;
+        for (int at = place;
+             at >= 0 && nodes[std::size_t(at)].id != root && steps.size() < TailSteps;
              at = nodes[std::size_t(at)].parent) {
             steps.prepend(nodes[std::size_t(at)].name);
             m_tails[hashOf(steps)].push_back(place);
@@ -251,6 +250,5 @@ quint64 qxSceneOutline::hashOf(const QString &path)
 
 quint64 qxSceneOutline::hashOf(const QStringList &steps)
 {
-    return hashOf(QString::number(steps.size()) + QLatin1Char('/')
-                  + steps.join(QLatin1Char('/')));
+    return hashOf(QString::number(steps.size()) + QLatin1Char('/') + steps.join(QLatin1Char('/')));
 }

@@ -2,7 +2,6 @@
 
 #include "qxDocumentIndex.h"
 #include "qxDocumentPlaces.h"
-
 #include "qxLights.h"
 #include "qxMaterialParts.h"
 #include "qxNames.h"
@@ -170,8 +169,8 @@ void qxSceneRename::takeOption(const qxDocument &document)
     takeNodes(children);
     takeMaterials(materials);
     if (!m_nodes.empty())
-        m_request.thing = &kind == &qxVariantKinds::overlay ? qxRenameRequest::Overlay
-                                                            : qxRenameRequest::Node;
+        m_request.thing =
+            &kind == &qxVariantKinds::overlay ? qxRenameRequest::Overlay : qxRenameRequest::Node;
     else if (!m_materials.empty())
         m_request.thing = qxRenameRequest::Material;
     else if (hasStates)

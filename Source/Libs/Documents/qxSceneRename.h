@@ -1,7 +1,6 @@
 #pragma once
 
 #include "qxDocumentRename.h"
-
 #include "qxNodePtr.h"
 
 #include <OpenSG/OSGMaterialFields.h>

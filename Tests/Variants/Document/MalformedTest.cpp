@@ -24,6 +24,8 @@ const Malformed malformed[] = {
     {"OneTooDeep", nested(257), "elements are nested too deep\" at 1 769"},
     {"DeepAndOpen", "<Variants>\n" + QByteArray("<a b='/>'>").repeated(1000000),
      "elements are nested too deep\" at 2 2551"},
+    {"OneAttributeTooMuch", "<V" + QByteArray(" a=''").repeated(1001) + "/>",
+     "an element has too many attributes\" at 1 5006"},
     {"Entity", "<!DOCTYPE v [\n<!ENTITY e 'x'>]><Variants a='&e;'/>",
      "entity declarations are not allowed\" at 2 1"},
     {"ParameterEntity", "<!DOCTYPE v [<!-- ' --><?x ' ?><!ENTITY % p 'x'>]><Variants/>",

@@ -1,11 +1,10 @@
-#include "qxDocumentRename.h"
-#include "qxSceneRename.h"
-#include "qxSuggestions.h"
-
 #include "Report/qxOutput.h"
 #include "Session/qxEditedDocument.h"
 #include "qxCommand.h"
+#include "qxDocumentRename.h"
 #include "qxLights.h"
+#include "qxSceneRename.h"
+#include "qxSuggestions.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -23,10 +22,14 @@ struct ThingWord {
 };
 
 constexpr ThingWord thingWords[] = {
-    {"group", qxRenameRequest::Group},         {"set", qxRenameRequest::Set},
-    {"option", qxRenameRequest::Option},       {"node", qxRenameRequest::Node},
-    {"light", qxRenameRequest::Node},          {"overlay", qxRenameRequest::Overlay},
-    {"material", qxRenameRequest::Material},   {"viewpoint", qxRenameRequest::Viewpoint},
+    {"group", qxRenameRequest::Group},
+    {"set", qxRenameRequest::Set},
+    {"option", qxRenameRequest::Option},
+    {"node", qxRenameRequest::Node},
+    {"light", qxRenameRequest::Node},
+    {"overlay", qxRenameRequest::Overlay},
+    {"material", qxRenameRequest::Material},
+    {"viewpoint", qxRenameRequest::Viewpoint},
     {"transform-state", qxRenameRequest::TransformState},
 };
 
@@ -55,8 +58,8 @@ bool takeThing(const QString &word, qxRenameRequest &request)
     const int dash = word.indexOf(QLatin1Char('-'));
     request.kind = qxVariantKinds::by(&qxVariantKind::word, word.left(dash));
     const QString rest = word.mid(dash + 1);
-    request.thing = rest == QLatin1String("option") ? qxRenameRequest::Option
-                                                    : qxRenameRequest::Variant;
+    request.thing =
+        rest == QLatin1String("option") ? qxRenameRequest::Option : qxRenameRequest::Variant;
     return dash > 0 && request.kind
         && (request.thing == qxRenameRequest::Option || rest == QLatin1String("variant"));
 }
@@ -104,9 +107,9 @@ QJsonArray notesOf(const std::vector<qxRenameNote> &notes, bool isChange)
 {
     QJsonArray array;
     for (const qxRenameNote &each : notes) {
-        QJsonObject object{{QStringLiteral("place"), each.place},
-                           {isChange ? QStringLiteral("before") : QStringLiteral("text"),
-                            each.before}};
+        QJsonObject object{
+            {QStringLiteral("place"), each.place},
+            {isChange ? QStringLiteral("before") : QStringLiteral("text"), each.before}};
         if (isChange)
             object[QStringLiteral("after")] = each.after;
         array += object;
@@ -144,8 +147,8 @@ bool RenameRun::isAllowed(const qxRenameRequest &request, const qxRenameScope &s
                           const QString &sceneFlaw) const
 {
     const qxDocument &document = m_edited.document;
-    const bool isMissingLight = m_word == QLatin1String("light") && m_edited.isScene()
-        && !isLight(request.before);
+    const bool isMissingLight =
+        m_word == QLatin1String("light") && m_edited.isScene() && !isLight(request.before);
     if (isMissingLight || !qxDocumentRename::isKnown(document, request, scope)) {
         QStringList names = scope.names + qxDocumentRename::namesOf(document, request);
         names.removeDuplicates();
@@ -156,8 +159,8 @@ bool RenameRun::isAllowed(const qxRenameRequest &request, const qxRenameScope &s
     const QString own = qxDocumentRename::flawOf(document, request, scope);
     const QString flaw = own.isEmpty() ? sceneFlaw : own;
     if (!flaw.isEmpty())
-        qxOutput::error(QStringLiteral("%1 \"%2\" cannot be renamed: %3")
-                            .arg(m_word, request.before, flaw));
+        qxOutput::error(
+            QStringLiteral("%1 \"%2\" cannot be renamed: %3").arg(m_word, request.before, flaw));
     return flaw.isEmpty();
 }
 
@@ -172,7 +175,7 @@ void RenameRun::print(const qxRenameImpact &impact, int objects) const
                         {QStringLiteral("changed"), notesOf(impact.changed, true)},
                         {QStringLiteral("left"), notesOf(impact.left, false)}});
     QString counts = QStringLiteral("places: %1").arg(impact.changed.size());
-    if (m_edited.isScene())
+    if (objects > 0)
         counts = QStringLiteral("in the scene: %1, %2").arg(objects).arg(counts);
     qxOutput::line(QStringLiteral("%1 \"%2\" -> \"%3\" (%4)")
                        .arg(m_word, m_request.before, m_request.after, counts));
@@ -198,8 +201,8 @@ int RenameRun::run()
                                     + qxSuggestions::question(m_word, allThings()),
                                 WrongUse);
     if (isSaved == isDry())
-        return qxCommands::fail(
-            QStringLiteral("rename needs either --save OUT or --dry-run"), WrongUse);
+        return qxCommands::fail(QStringLiteral("rename needs either --save OUT or --dry-run"),
+                                WrongUse);
     if (!m_edited.open(m_parser.positionalArguments().first()) || !m_edited.maySave(m_parser))
         return WorkFailed;
     if (m_request.thing == qxRenameRequest::Option && !findOwner(m_edited.document, m_request))
@@ -251,7 +254,8 @@ const qxCommand qxCommands::rename = {
     4,
     renameOptions,
     runRename,
-    "FILE may be a variants document without a scene, too. KIND is group, set, option, node, light, "
+    "FILE may be a variants document without a scene, too. KIND is group, set, option, node, "
+    "light, "
     "overlay, material, viewpoint or transform-state; node-variant, material-variant, "
     "light-variant, overlay-variant or transform-variant; and node-option and its like where "
     "several kinds of variants have the option."};

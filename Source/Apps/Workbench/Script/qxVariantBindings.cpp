@@ -7,6 +7,7 @@
 #include "qxVariantSetPtr.h"
 #include "qxVariants.h"
 
+#include "qxDocumentBindings.h"
 #include "qxPythonInit.h"
 #include "qxText.h"
 
@@ -164,6 +165,7 @@ void pythonInit(bool destroy)
     if (destroy)
         return;
     defineFunctions();
+    qxDocumentBindings::define();
     defineArguments();
 }
 

@@ -1,11 +1,10 @@
 #include "Session/qxEditedDocument.h"
 
+#include "Commands/qxCommand.h"
+#include "Report/qxOutput.h"
 #include "qxDocumentXml.h"
 #include "qxRegistryDocument.h"
 #include "qxRegistryEdit.h"
-
-#include "Commands/qxCommand.h"
-#include "Report/qxOutput.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -56,8 +55,9 @@ bool qxEditedDocument::maySave(const QCommandLineParser &parser) const
     if (out.isEmpty() || isSceneName == isScene())
         return true;
     qxOutput::error(QStringLiteral("%1: what is saved there is %2")
-                        .arg(out, isScene() ? QStringLiteral("a scene, .gltf or .glb")
-                                            : QStringLiteral("a document without a scene")));
+                        .arg(out,
+                             isScene() ? QStringLiteral("a scene, .gltf or .glb")
+                                       : QStringLiteral("a document without a scene")));
     return false;
 }
 

@@ -11,6 +11,9 @@ namespace {
 /// the stack holds some thousands of them.
 constexpr int DeepestNesting = 256;
 
+/// An element of ours has 22 at most. Parsers compare the name of each with all before it.
+constexpr int MostAttributes = 1000;
+
 constexpr std::size_t None = std::string_view::npos;
 
 /// Whether in the encoding of that number every ASCII byte stands for its character, wherever it
@@ -99,12 +102,16 @@ bool Scan::passTag()
 {
     if (m_depth == DeepestNesting)
         return fail("elements are nested too deep");
+    int attributes = 0;
     for (++m_at; m_at < m_text.size(); ++m_at) {
         const char each = m_text[m_at];
         if (each == '>')
             break;
-        if (each == '"' || each == '\'')
-            m_at = std::min(m_text.find(each, m_at + 1), m_text.size() - 1);
+        if (each != '"' && each != '\'')
+            continue;
+        if (++attributes > MostAttributes)
+            return fail("an element has too many attributes");
+        m_at = std::min(m_text.find(each, m_at + 1), m_text.size() - 1);
     }
     if (m_at >= m_text.size())
         return false;

@@ -15,8 +15,9 @@ struct qxDocumentError {
 namespace qxDocumentGuard {
 
 /// Whether a parser can take the document without harm. Refused are elements nested too deep (the
-/// parser goes down one call per level), declared entities (a few hundred bytes can stand for
-/// gigabytes) and encodings in which markup is not spelled in ASCII (this look would not see it).
+/// parser goes down one call per level) or with very many attributes, declared entities (a few
+/// hundred bytes can stand for gigabytes) and encodings in which markup is not spelled in ASCII
+/// (this look would not see it).
 /// Whether a document is well-formed is left to the parser.
 bool admits(std::string_view document, qxDocumentError &error);
 

@@ -21,7 +21,7 @@ enum class qxScriptNamed {
 };
 
 /// A text in quotes in a Python source.
-struct qxScriptText {
+struct qxScriptLiteral {
     qxScriptNamed named; ///< what it stands for
     QString text; ///< what is between the quotes, as it is written there
     QString of; ///< see qxScriptNamed; empty when it is not known
@@ -32,13 +32,13 @@ struct qxScriptText {
 
 /// Finds what scripts name. Reads Python, 2.7 and 3, without running it; a source that does not
 /// compile gives what can be told.
-namespace qxScriptTexts {
+namespace qxScriptLiterals {
 
 /// All texts in quotes, in their order. Those in comments are left out.
-std::vector<qxScriptText> of(const QString &script);
+std::vector<qxScriptLiteral> of(const QString &script);
 /// The text in quotes that stands for `text`, in the form of `written`, prefix and quotes included.
 QString quoted(const QString &written, const QString &text);
 /// Whether `name` stands in the text by itself, not as a part of a longer word.
 bool mentions(const QString &text, const QString &name);
 
-} // namespace qxScriptTexts
+} // namespace qxScriptLiterals

@@ -1,4 +1,4 @@
-#include "qxScriptTexts.h"
+#include "qxScriptLiterals.h"
 
 #include "qxText.h"
 
@@ -98,8 +98,7 @@ void Scanner::takeText(int begin, int quote)
     m_at = std::min(m_at + (isClosed ? end.size() : 0), m_script.size());
     const bool isText = prefix.isEmpty() || prefix == QLatin1String("u")
         || prefix == QLatin1String("r") || prefix == QLatin1String("ur");
-    m_tokens.push_back(
-        {Token::Text, begin, m_at, isClosed && isText && (isRaw || !hasEscapes)});
+    m_tokens.push_back({Token::Text, begin, m_at, isClosed && isText && (isRaw || !hasEscapes)});
 }
 
 std::vector<Token> Scanner::tokens()
@@ -131,12 +130,9 @@ std::vector<Token> Scanner::tokens()
 /// Tells what the texts of a source stand for.
 class Reader {
 public:
-    explicit Reader(const QString &script)
-        : m_script(script), m_tokens(Scanner(script).tokens())
-    {
-    }
+    explicit Reader(const QString &script) : m_script(script), m_tokens(Scanner(script).tokens()) {}
 
-    std::vector<qxScriptText> texts();
+    std::vector<qxScriptLiteral> texts();
 
 private:
     /// An open bracket.
@@ -154,7 +150,7 @@ private:
             : QString();
     }
     const Word *wordBefore(std::size_t bracket) const;
-    qxScriptText textAt(std::size_t at);
+    qxScriptLiteral textAt(std::size_t at);
     qxScriptNamed meaningOf(std::size_t at) const;
     void followSign(std::size_t at);
 
@@ -212,7 +208,7 @@ qxScriptNamed Reader::meaningOf(std::size_t at) const
     return Named::Nothing;
 }
 
-qxScriptText Reader::textAt(std::size_t at)
+qxScriptLiteral Reader::textAt(std::size_t at)
 {
     const Token &token = m_tokens[at];
     m_line += m_script.midRef(m_counted, token.begin - m_counted).count(QLatin1Char('\n'));
@@ -220,12 +216,13 @@ qxScriptText Reader::textAt(std::size_t at)
     int from = token.begin;
     while (m_script[from] != QLatin1Char('"') && m_script[from] != QLatin1Char('\''))
         ++from;
-    const bool isLong = token.end - from >= 6
-        && m_script.mid(from, 3) == QString(3, m_script[from]);
+    const bool isLong =
+        token.end - from >= 6 && m_script.mid(from, 3) == QString(3, m_script[from]);
     const int quotes = isLong ? 3 : 1;
     const int length = std::max(0, token.end - from - 2 * quotes);
-    qxScriptText text{meaningOf(at), m_script.mid(from + quotes, length), QString(), m_line,
-                      token.begin,   token.end - token.begin};
+    qxScriptLiteral text{meaningOf(at), m_script.mid(from + quotes, length),
+                         QString(),     m_line,
+                         token.begin,   token.end - token.begin};
     for (Frame &frame : m_frames) {
         if (frame.argument == 0)
             frame.first = text.text;
@@ -252,9 +249,9 @@ void Reader::followSign(std::size_t at)
     }
 }
 
-std::vector<qxScriptText> Reader::texts()
+std::vector<qxScriptLiteral> Reader::texts()
 {
-    std::vector<qxScriptText> texts;
+    std::vector<qxScriptLiteral> texts;
     for (std::size_t at = 0; at < m_tokens.size(); ++at) {
         if (m_tokens[at].sort == Token::Text)
             texts.push_back(textAt(at));
@@ -266,12 +263,12 @@ std::vector<qxScriptText> Reader::texts()
 
 } // namespace
 
-std::vector<qxScriptText> qxScriptTexts::of(const QString &script)
+std::vector<qxScriptLiteral> qxScriptLiterals::of(const QString &script)
 {
     return Reader(script).texts();
 }
 
-QString qxScriptTexts::quoted(const QString &written, const QString &text)
+QString qxScriptLiterals::quoted(const QString &written, const QString &text)
 {
     int quote = 0;
     while (written[quote] != QLatin1Char('"') && written[quote] != QLatin1Char('\''))
@@ -286,7 +283,7 @@ QString qxScriptTexts::quoted(const QString &written, const QString &text)
     return prefix + quotes + escaped + quotes;
 }
 
-bool qxScriptTexts::mentions(const QString &text, const QString &name)
+bool qxScriptLiterals::mentions(const QString &text, const QString &name)
 {
     const auto isWord = [&text](int at) {
         return at >= 0 && at < text.size()

@@ -1,0 +1,72 @@
+// A variants document beside one of ours: compared, written as a table, brought into the registry.
+
+#include "FuzzHost.h"
+#include "qxDocumentDiff.h"
+#include "qxDocumentXml.h"
+#include "qxRegistryDocument.h"
+#include "qxRegistryEdit.h"
+#include "qxSetTable.h"
+#include "qxSetTableReader.h"
+
+#include <QFile>
+
+namespace {
+
+qxDocument settled(const QByteArray &xml)
+{
+    qxDocument document = qxDocumentXml::read(xml);
+    document.settle();
+    return document;
+}
+
+/// One that has everything.
+const qxDocument &ours()
+{
+    static const qxDocument document = settled(FuzzHost::read(QStringLiteral(QX_FUZZ_DOCUMENT)));
+    return document;
+}
+
+/// Two documents have a difference exactly when their texts have one.
+void compare(const qxDocument &one, const qxDocument &other)
+{
+    const bool isSame = qxDocumentXml::write(one) == qxDocumentXml::write(other);
+    FuzzHost::require(qxDocumentDiff::of(one, other).isEmpty() == isSame, "a difference is lost");
+    FuzzHost::require(qxDocumentDiff::of(other, one).isEmpty() == isSame, "a difference is lost");
+    FuzzHost::require(qxDocumentDiff::of(one, one).isEmpty(), "a document differs from itself");
+}
+
+void tabulate(const qxDocument &document)
+{
+    const auto read = qxSetTableReader::read(qxSetTable::write(document), document);
+    FuzzHost::require(read.flaws.empty(), "a table of ours cannot be read");
+    FuzzHost::require(qxDocumentXml::write(read.document) == qxDocumentXml::write(document),
+                      "a table reads as another document");
+}
+
+void bring(const qxDocument &document)
+{
+    qxRegistryEdit::apply(document);
+    FuzzHost::require(qxDocumentXml::write(qxRegistryDocument::current())
+                          == qxDocumentXml::write(document),
+                      "the registry holds another document");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size)
+{
+    FuzzHost::start();
+    // What is written once holds no characters any more that a document cannot.
+    const qxDocument input = settled(
+        qxDocumentXml::write(settled(QByteArray(reinterpret_cast<const char *>(data), int(size)))));
+    FuzzHost::require(qxDocumentXml::write(input)
+                          == qxDocumentXml::write(settled(qxDocumentXml::write(input))),
+                      "what was written reads differently");
+    compare(input, ours());
+    tabulate(input);
+    FuzzHost::showWorkshop();
+    bring(ours());
+    bring(input);
+    FuzzHost::clear();
+    return 0;
+}
