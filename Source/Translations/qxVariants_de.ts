@@ -743,6 +743,30 @@
         <source>somebody has changed it since it was read</source>
         <translation>jemand hat sie geändert, seit sie gelesen wurde</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is another file beside %2</source>
+        <translation>„%1“ ist neben %2 eine andere Datei</translation>
+    </message>
+    <message>
+        <source>both sides added the file</source>
+        <translation>beide Seiten haben die Datei hinzugefügt</translation>
+    </message>
+    <message>
+        <source>both sides have changed the data of buffers or accessors</source>
+        <translation>beide Seiten haben die Daten von Puffern oder Accessoren geändert</translation>
+    </message>
+    <message>
+        <source>ours has removed, inserted or reordered entries of a list, and theirs has changed something</source>
+        <translation>„ours“ hat Einträge einer Liste entfernt, eingefügt oder umgestellt, und „theirs“ hat etwas geändert</translation>
+    </message>
+    <message>
+        <source>theirs has removed, inserted or reordered entries of a list, and ours has changed something</source>
+        <translation>„theirs“ hat Einträge einer Liste entfernt, eingefügt oder umgestellt, und „ours“ hat etwas geändert</translation>
+    </message>
+    <message>
+        <source>together they are no scene: %1</source>
+        <translation>zusammen sind sie keine Szene: %1</translation>
+    </message>
 </context>
 <context>
     <name>qxLogView</name>

@@ -486,8 +486,7 @@ qxRepairSearch::Candidates qxRepairSearch::paths(const qxBreak &broken) const
         if (m_scene.onPath(m_scene.nodes[std::size_t(node)].path).size() > 1
             || m_snapshots.contains(path))
             evidence.doubt(0.4);
-        candidates.push_back(
-            {path, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
+        candidates.push_back({path, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
     }
     return candidates;
 }

@@ -48,6 +48,8 @@ extern const qxCommand previews;
 extern const qxCommand catalogue;
 extern const qxCommand explain;
 extern const qxCommand diff;
+extern const qxCommand merge;
+extern const qxCommand gitSetup;
 extern const qxCommand rename;
 extern const qxCommand repair;
 extern const qxCommand table;

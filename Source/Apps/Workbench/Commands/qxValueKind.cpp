@@ -15,6 +15,12 @@ const qxValueKind valueKinds[] = {
     {"FILE", "A scene file, .gltf or .glb.", qxValueKind::File, "gltf|glb"},
     {"BEFORE", "A scene file, or a variants document alone.", qxValueKind::File, "gltf|glb|xml"},
     {"AFTER", "What became of it, or any other one.", qxValueKind::File, "gltf|glb|xml"},
+    {"BASE", "What both sides began with: a scene file, or a variants document alone.",
+     qxValueKind::File, "gltf|glb|xml"},
+    {"OURS", "What one side made of it.", qxValueKind::File, "gltf|glb|xml"},
+    {"THEIRS", "What the other side made of it.", qxValueKind::File, "gltf|glb|xml"},
+    {"MERGED", nullptr, qxValueKind::File, "gltf|glb|xml"},
+    {"ours|theirs", nullptr, qxValueKind::Word, ""},
     {"SCRIPT",
      "A file with Python source, - for standard input. What follows -- on the command line is in "
      "its sys.argv.",
@@ -126,7 +132,8 @@ int qxValueKinds::checkOutputs(const qxCommand &command, const QCommandLineParse
         if (kind.place == qxValueKind::Folder)
             code = checkFolder(name);
         else if (kind.place == qxValueKind::File)
-            code = option.valueName() == QLatin1String("OUT") || isSceneOrText(option, name)
+            code = option.valueName() == QLatin1String("MERGED") ? checkFile(name)
+                : option.valueName() == QLatin1String("OUT") || isSceneOrText(option, name)
                 ? checkScene(name)
                 : checkText(name, QString::fromLatin1(kind.suffixes).section('|', -1));
         if (code != Success)

@@ -1,7 +1,9 @@
 #include "qxDocumentBindings.h"
 
 #include "Report/qxDiffReport.h"
+#include "Report/qxMergeReport.h"
 #include "Session/qxEditedDocument.h"
+#include "Session/qxFileMerge.h"
 #include "qxDocumentRepair.h"
 #include "qxRegistryDocument.h"
 #include "qxRegistryEdit.h"
@@ -176,6 +178,24 @@ void defineRenames()
                 "and the new name.");
 }
 
+std::string mergeVariants(const std::string &base, const std::string &ours,
+                          const std::string &theirs, const std::string &out,
+                          const std::string &prefer)
+{
+    if (!prefer.empty() && prefer != "ours" && prefer != "theirs")
+        refuse(QStringLiteral("what is preferred is ours or theirs"));
+    const qxMergePreference preference = prefer.empty() ? qxMergePreference::Both
+        : prefer == "ours"                              ? qxMergePreference::Ours
+                                                        : qxMergePreference::Theirs;
+    const QString name = qxText::fromUtf8(out);
+    qxFileMerge merge;
+    if (!merge.merge({qxText::fromUtf8(base), qxText::fromUtf8(ours), qxText::fromUtf8(theirs)},
+                     preference)
+        || !merge.save(name))
+        refuse(QStringLiteral("%1: nothing is written").arg(name));
+    return qxText::toUtf8(qxMergeReport::text(merge, name));
+}
+
 } // namespace
 
 void qxDocumentBindings::define()
@@ -194,5 +214,12 @@ void qxDocumentBindings::define()
                 "What differs between the variants of two files, scenes or documents, as a text "
                 "for people, which is empty when nothing does, or as JSON. An empty name stands "
                 "for what the session holds. Raises a ValueError for a file that cannot be read.");
+    python::def("mergeVariants", mergeVariants,
+                (python::arg("base"), python::arg("ours"), python::arg("theirs"),
+                 python::arg("out"), python::arg("prefer") = ""),
+                "Writes to a file what two sides made of another one, scenes or documents, and "
+                "answers the conflicts as a text, which is empty when there is none. \"ours\" or "
+                "\"theirs\" is preferred in them, else both versions are kept. Raises a ValueError "
+                "when nothing can be written.");
     defineRenames();
 }

@@ -2,12 +2,14 @@
 
 #include "Files/Gltf/Common/qxGltfDocument.h"
 #include "Files/Gltf/Common/qxGltfFiles.h"
+#include "Files/Gltf/Common/qxGltfMerge.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/Gltf/Common/qxGltfVariants.h"
 #include "Files/Gltf/Read/qxGltfCheck.h"
 #include "Files/Gltf/Write/qxGltfOutput.h"
 #include "Files/qxMemoryBudget.h"
 #include "Files/qxOutputFile.h"
+#include "qxText.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -16,6 +18,7 @@
 #include <QTextCodec>
 
 #include <exception>
+#include <optional>
 
 /// The file as it was read.
 struct qxDocumentFile::Content {
@@ -23,6 +26,8 @@ struct qxDocumentFile::Content {
     qxFileStamp stamp;
     bool isScene = false;
     qxGltfDocument scene; ///< of a scene file
+    std::optional<qxJson> merged; ///< instead of its JSON
+    bool isBinary = false; ///< whether it is written as a .glb where the suffix does not say
     qxMemoryBudget budget{qxMemoryBudget::limit()}; ///< what is left of it
     QByteArray document;
 
@@ -73,6 +78,35 @@ bool beginsAsScene(const QByteArray &bytes)
     return bytes.startsWith("glTF") || (begin < bytes.size() && bytes[begin] == '{');
 }
 
+qxGltfDocument withJson(const qxGltfDocument &scene, const qxJson &json)
+{
+    qxGltfDocument document = scene;
+    document.json = json;
+    return document;
+}
+
+/// The file without its variants document.
+qxGltfDocument bare(const qxGltfDocument &scene)
+{
+    qxJson json = scene.json;
+    qxGltfSetVariants(json, qxGltfShownScene(json), QByteArray());
+    return withJson(scene, json);
+}
+
+/// Refuses files of theirs that ours has not beside it.
+void checkFilesBeside(const qxGltfDocument &ours, const qxGltfDocument &theirs,
+                      qxMemoryBudget budget)
+{
+    if (qxGltfOutput::isBeside(ours, theirs.path))
+        return;
+    for (const std::string &uri : qxGltfOutput::filesOf(theirs.json)) {
+        qxMemoryBudget left = budget;
+        if (qxGltfReadUri(ours, uri, left) != qxGltfReadUri(theirs, uri, left))
+            throw qxGltfError(qxFileText::tr("\"%1\" is another file beside %2")
+                                  .arg(qxText::fromUtf8(uri), theirs.path));
+    }
+}
+
 } // namespace
 
 std::unique_ptr<qxDocumentFile::Content> qxDocumentFile::Content::load(const QString &path)
@@ -84,6 +118,7 @@ std::unique_ptr<qxDocumentFile::Content> qxDocumentFile::Content::load(const QSt
     content->isScene = beginsAsScene(bytes) || (!bytes.isEmpty() && hasSceneSuffix(path));
     if (content->isScene) {
         content->scene = qxGltfDocument::of(path, bytes, content->budget);
+        content->isBinary = content->scene.binary;
         qxGltfCheck(content->scene.json);
         content->document =
             qxGltfVariantsIn(content->scene.json, qxGltfShownScene(content->scene.json));
@@ -100,12 +135,12 @@ std::unique_ptr<qxDocumentFile::Content> qxDocumentFile::Content::load(const QSt
 void qxDocumentFile::Content::saveScene(const QString &to, const QByteArray &variants,
                                         QStringList &warnings)
 {
-    qxJson json = scene.json;
+    qxJson json = merged ? *merged : scene.json;
     qxGltfSetVariants(json, qxGltfShownScene(json), variants);
-    const bool binary = hasSceneSuffix(to) ? qxGltfOutput::isBinary(to) : scene.binary;
+    const bool binary = hasSceneSuffix(to) ? qxGltfOutput::isBinary(to) : isBinary;
     std::vector<QByteArray> buffers;
     if (binary != scene.binary || !qxGltfOutput::isBeside(scene, to))
-        buffers = qxGltfReadBuffers(scene, budget, warnings);
+        buffers = qxGltfReadBuffers(withJson(scene, json), budget, warnings);
     qxGltfOutput output(scene, to, binary);
     const auto note = qScopeGuard([&] {
         warnings += output.warnings();
@@ -163,6 +198,35 @@ bool qxDocumentFile::isScene() const
 const QByteArray &qxDocumentFile::document() const
 {
     return m_content->document;
+}
+
+bool qxDocumentFile::mergeScene(const qxDocumentFile &base, const qxDocumentFile &theirs,
+                                bool prefersTheirs, QVector<qxSceneConflict> &conflicts)
+{
+    return attempt(m_content->path, [&] {
+        qxGltfDocument &scene = m_content->scene;
+        const qxGltfDocument &other = theirs.m_content->scene;
+        const qxGltfDocument ours = bare(scene);
+        const qxGltfDocument before = bare(base.m_content->scene);
+        const qxGltfDocument after = bare(other);
+        const qxGltfMerge merge =
+            qxGltfMerge::of(base.isScene() ? &before : nullptr, ours, after, prefersTheirs);
+        conflicts = merge.conflicts;
+        if (merge.json == ours.json && !merge.takesData)
+            return;
+        checkFilesBeside(scene, other, m_content->budget);
+        if (merge.takesData) {
+            scene.bin = other.bin;
+            scene.moreChunks = other.moreChunks;
+            scene.binary = other.binary;
+        }
+        if (merge.json != after.json) {
+            m_content->merged = merge.json;
+            return;
+        }
+        scene.json = other.json; // as it was written
+        scene.text = other.text;
+    });
 }
 
 QJsonObject qxDocumentFile::sceneJson() const

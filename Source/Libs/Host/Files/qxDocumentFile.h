@@ -1,8 +1,11 @@
 #pragma once
 
+#include "Files/qxSceneConflict.h"
+
 #include <QByteArray>
 #include <QJsonObject>
 #include <QStringList>
+#include <QVector>
 
 #include <memory>
 
@@ -29,6 +32,12 @@ public:
     QJsonObject sceneJson() const;
     /// The content of the BIN chunk of a .glb, with its padding; empty for other files.
     const QByteArray &binaryChunk() const;
+    /// Takes over what theirs changed of a scene since base, the documents aside; see
+    /// Docs/Documents.md. Base may be an empty file. Returns what the sides changed differently, of
+    /// which ours, or else theirs, is kept. Fails when theirs needs files of another folder that
+    /// are not the same beside this file, and changes nothing then.
+    bool mergeScene(const qxDocumentFile &base, const qxDocumentFile &theirs, bool prefersTheirs,
+                    QVector<qxSceneConflict> &conflicts);
     /// Writes the file with that document. A scene keeps all else, and becomes a .gltf or a .glb
     /// as the suffix says; with any other suffix it keeps its form. In another folder it gets
     /// copies of the files that it needs. Refuses to write over the loaded file when others have

@@ -144,12 +144,20 @@ void qxGltfOutput::refuseOwnFiles() const
         if (!name.isEmpty() && qxOutputFile::isSame(folder.filePath(name), m_path))
             fail(m_path, qxFileText::tr("it is a file that the scene uses"));
     };
-    for (const qxJson &buffer : qxGltfSection(m_document.json, "buffers")) {
+    for (const std::string &uri : filesOf(m_document.json))
+        check(uri);
+}
+
+std::vector<std::string> qxGltfOutput::filesOf(const qxJson &json)
+{
+    std::vector<std::string> files;
+    for (const qxJson &buffer : qxGltfSection(json, "buffers")) {
         if (isFile(buffer))
-            check(buffer["uri"].get_ref<const std::string &>());
+            files.push_back(buffer["uri"].get_ref<const std::string &>());
     }
-    for (const Named<const qxJson> &picture : picturesOf(m_document.json))
-        check(picture.uri());
+    for (const Named<const qxJson> &picture : picturesOf(json))
+        files.push_back(picture.uri());
+    return files;
 }
 
 /// The first buffer becomes the BIN chunk.

@@ -28,6 +28,8 @@ public:
     bool isReplaced() const { return m_isReplaced; }
     /// The new content of the scene file.
     const QByteArray &content() const { return m_files.back().second; }
+    /// The URIs of the files of buffers and pictures beside a scene.
+    static std::vector<std::string> filesOf(const qxJson &json);
     /// Whether a file of that path lies in the folder of the document.
     static bool isBeside(const qxGltfDocument &document, const QString &path);
 
