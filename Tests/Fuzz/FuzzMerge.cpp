@@ -10,8 +10,6 @@
 #include "qxSetTable.h"
 #include "qxSetTableReader.h"
 
-#include <QFile>
-
 namespace {
 
 qxDocument settled(const QByteArray &xml)
