@@ -63,14 +63,39 @@ TEST_F(MergeScenario, ScenesAreMergedWithTheirDocuments)
         const QJsonObject report = merge(row.place ? 1 : 0, {"--json"}).object();
         const QJsonArray conflicts = report["conflicts"].toArray();
         EXPECT_EQ(conflicts.size(), row.place ? 1 : 0);
-        if (row.place)
+        if (row.place) {
             EXPECT_EQ(conflicts[0].toObject()["place"].toString(), row.place);
+        }
         const QString wanted = write("wanted.gltf", scene(QByteArray(), row.merged));
         const QStringList differing =
             differences(sceneJson(wanted), sceneJson(path("merged.gltf")));
         EXPECT_EQ(differing, QStringList("/scenes/0/extras/qxVariants"));
-        EXPECT_EQ(done({"list", path("merged.gltf")}).out.count("\n"), 3);
+        EXPECT_EQ(documentOf(path("merged.gltf")).count("<VariantSet"), 3);
     }
+}
+
+TEST_F(MergeScenario, DataComesFromTheSideThatChangedThem)
+{
+    const QByteArray text = bytesOf(testData("Scenes/triangle.gltf"));
+    const QByteArray data = QByteArray(text).replace("AAAAAACAPw", "AAAAAACAQA");
+    const QByteArray named = QByteArray(text).replace("Part", "Tile");
+    const QByteArray both = QByteArray(named).replace("AAAAAACAPw", "AAAAAACAQA");
+    ASSERT_FALSE(text == data || text == named);
+    const auto binary = [this](const QString &name, const QByteArray &gltf) {
+        const QString file = path(name + ".glb");
+        done({"create", write(name + ".gltf", gltf), "--save", file});
+        return file;
+    };
+    const QString base = binary("base", text), ours = binary("ours", named);
+    const QString theirs = binary("theirs", data), merged = path("merged.glb");
+    done({"merge", base, ours, theirs, "--out", merged});
+    EXPECT_EQ(bytesOf(merged), bytesOf(binary("both", both)));
+    const QString other = binary("other", QByteArray(text).replace("AAAAAACAPw", "AAAAAACAQQ"));
+    const QByteArray told = failed({"merge", base, other, theirs, "--out", merged}).out;
+    EXPECT_TRUE(told.contains("the scene itself")) << told.constData();
+    EXPECT_EQ(bytesOf(merged), bytesOf(other));
+    done({"merge", base, other, theirs, "--out", merged, "--prefer", "theirs"});
+    EXPECT_EQ(bytesOf(merged), bytesOf(theirs));
 }
 
 TEST_F(MergeScenario, WhatIsNoDocumentIsRefusedAndTheTargetStays)

@@ -48,12 +48,12 @@ bool qxFileMerge::merge(const Files &files, qxMergePreference wanted)
         || !load(files.theirs, theirs, other))
         return false;
     const bool isBaseOther = !isEmpty(base) && base.isScene() != m_ours.isScene();
-    if (m_ours.isScene() != theirs.isScene() || isBaseOther)
-        return fail(QStringLiteral("%1: it is %2 scene, %3 is %4")
-                        .arg(isBaseOther ? files.base : files.theirs,
-                             m_ours.isScene() ? QStringLiteral("no") : QStringLiteral("a"),
-                             files.ours,
-                             m_ours.isScene() ? QStringLiteral("one") : QStringLiteral("none")));
+    if (m_ours.isScene() != theirs.isScene() || isBaseOther) {
+        const QString &other = isBaseOther ? files.base : files.theirs;
+        return fail(
+            QStringLiteral("%1: it is a scene, %2 is none")
+                .arg(m_ours.isScene() ? files.ours : other, m_ours.isScene() ? other : files.ours));
+    }
     if (m_ours.isScene()
         && !m_ours.mergeScene(base, theirs, wanted == qxMergePreference::Theirs, scene))
         return fail(m_ours.errorString());
