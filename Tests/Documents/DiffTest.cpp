@@ -221,7 +221,8 @@ TEST(DiffTest, ManySetsAreFoundUnderOtherNamesThoughTheyAreLikeEachOther)
     for (const qxThingDifference &each : found) {
         EXPECT_TRUE(each.before >= 0 && each.after >= 0
                     && after.sets[std::size_t(each.after)].name
-                        == "New " + before.sets[std::size_t(each.before)].name) << each.before << ' ' << each.after << ' ' << each.fields.size();
+                        == "New " + before.sets[std::size_t(each.before)].name)
+            << each.before << ' ' << each.after << ' ' << each.fields.size();
     }
 }
 
