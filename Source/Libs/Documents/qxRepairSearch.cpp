@@ -367,6 +367,9 @@ void qxRepairSearch::weighToldNode(const Told &told, const QString &name, int no
     }
     const double likeness = qxNearNames::likeness(name, is.name);
     evidence.add(0.3, likeness > 0.3 ? likeness : 0, "near spelling");
+    if (told.children.isEmpty() && told.states.isEmpty() && told.parents.isEmpty()
+        && told.holders.isEmpty())
+        evidence.doubt(OnlySpelling);
     if (m_named.contains(QLatin1String("node ") + is.name))
         evidence.doubt(0.4);
 }
