@@ -115,6 +115,9 @@ const std::vector<Edit> edits{
       {"'Open'", "'Wide'"}},
      {"=group Colour: =name Paint>Colour", "=set Rouge: =name Red>Rouge",
       "=variant Gate: =name Door>Gate, =state Wide Open>Wide"}},
+    {"entries of a renamed variant beside others",
+     {{"name='Door'", "name='Gate'"}, {"ref='Door'", "ref='Gate'"}, {"state='Down'", "state='Up'"}},
+     {"~set Blue: ~node Roof Down>Up", "=variant Gate: =name Door>Gate"}},
     {"a renamed set with an edit, and one that only shares a variant with it",
      {{"'Blue'><NodeVariantRef ref='Door' state='Shut'/>",
        "'Azure'><NodeVariantRef ref='Door' state='Open'/>"},
@@ -221,7 +224,8 @@ TEST(DiffTest, ManySetsAreFoundUnderOtherNamesThoughTheyAreLikeEachOther)
     for (const qxThingDifference &each : found) {
         EXPECT_TRUE(each.before >= 0 && each.after >= 0
                     && after.sets[std::size_t(each.after)].name
-                        == "New " + before.sets[std::size_t(each.before)].name) << each.before << ' ' << each.after << ' ' << each.fields.size();
+                        == "New " + before.sets[std::size_t(each.before)].name)
+            << each.before << ' ' << each.after << ' ' << each.fields.size();
     }
 }
 

@@ -62,7 +62,8 @@ TEST(SceneDiffTest, ThingsAreComparedByNameWhereverTheyStand)
         {{{"wrapS\": 1", "wrapS\": 2"}}, {"~material Rubber"}},
         {{{"a.png", "b.png"}}, {"~image Profile"}},
         {{{"\"Sun\"", "\"Moon\""}}, {"+light Moon", "-light Sun"}},
-        {{{"\"name\": \"Wheel\", ", ""}}, {"~node Car", "+node ", "-node Wheel", "~animation Turn"}},
+        {{{"\"name\": \"Wheel\", ", ""}},
+         {"~node Car", "+node ", "-node Wheel", "~animation Turn"}},
         {{{"\"scene\": 0", "\"extras\": {\"a\": 1}"}}, {"+extra a", "-member scene"}},
     };
     for (const Edit &edit : edits) {

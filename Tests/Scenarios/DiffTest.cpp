@@ -60,8 +60,8 @@ Sets of group "Work"
       @@ -0,0 +1,2 @@
       + a = 1
       + b
-    + preview: 20 x 10 pixels, )" + QByteArray::number(QByteArray::fromBase64(red).size())
-        + R"( bytes
+    + preview: 20 x 10 pixels, )"
+        + QByteArray::number(QByteArray::fromBase64(red).size()) + R"( bytes
     ~ node Lamp: !Disable -> !Enable
   ~ Night <b>
     ~ renamed, it was "Evening"
@@ -93,7 +93,8 @@ TEST_F(DiffTest, ProgramsReadItAsJson)
     EXPECT_EQ(QJsonDocument(set["fields"][1].toObject()),
               parsed(R"({"field": "script", "sort": "added", "after": "a = 1\nb",
                   "lines": ["@@ -0,0 +1,2 @@", "+a = 1", "+b"]})"));
-    EXPECT_TRUE(set["fields"][2]["after"]["width"] == 20 && set["fields"][2]["before"].isUndefined());
+    EXPECT_TRUE(set["fields"][2]["after"]["width"] == 20
+                && set["fields"][2]["before"].isUndefined());
     EXPECT_EQ(QJsonDocument(set["fields"][3].toObject()),
               parsed(R"({"field": "node", "name": "Lamp", "sort": "changed",
                   "before": "!Disable", "after": "!Enable"})"));
@@ -119,9 +120,11 @@ TEST_F(DiffTest, APageHasBothPicturesAndNothingThatAFileCouldPutThere)
 
 TEST_F(DiffTest, TheRestOfScenesCountsAsWell)
 {
-    const QString other = write("other.gltf", bytesOf(desk()).replace("{\"name\": \"Chair\"", "{\"name\": \"Stool\""));
+    const QString other = write(
+        "other.gltf", bytesOf(desk()).replace("{\"name\": \"Chair\"", "{\"name\": \"Stool\""));
     const ProgramRun run = exits(1, {"diff", desk(), other});
-    EXPECT_TRUE(run.out.contains("Rest of the scene\n  ~ scene \"Office\"\n  + node \"Stool\"\n  - node \"Chair\"\n"))
+    EXPECT_TRUE(run.out.contains(
+        "Rest of the scene\n  ~ scene \"Office\"\n  + node \"Stool\"\n  - node \"Chair\"\n"))
         << run.out.toStdString();
     EXPECT_EQ(exits(1, {"diff", desk(), other, "--json"}).object()["scene"].toArray().size(), 3);
     done({"diff", plain, other}); // a document has no scene
@@ -133,10 +136,13 @@ TEST_F(DiffTest, WhatCannotBeComparedIsTrouble)
     refused(2, {"diff", plain, torn}, torn.toUtf8() + ": ");
     refused(2, {"diff", path("none.xml"), plain}, "the file does not exist\n");
     refused(2, {"diff", plain}, "diff needs BEFORE AFTER\n");
-    refused(2, {"diff", plain, plain, "--json", "--brief"}, "--brief and --json do not go together");
+    refused(2, {"diff", plain, plain, "--json", "--brief"},
+            "--brief and --json do not go together");
     refused(2, {"diff", plain, plain, "--html", plain}, "what is written there ends in .html\n");
-    refused(2, {"diff", plain, plain, "--html", path("none/a.html")}, "its folder does not exist\n");
+    refused(2, {"diff", plain, plain, "--html", path("none/a.html")},
+            "its folder does not exist\n");
     // A flaw that reading passes over is told, and no trouble.
-    const QString odd = write("odd.xml", bytesOf(plain).replace("</Variants>", "<Odd/></Variants>"));
+    const QString odd =
+        write("odd.xml", bytesOf(plain).replace("</Variants>", "<Odd/></Variants>"));
     EXPECT_TRUE(done({"diff", plain, odd}).err.contains("odd.xml: variants document, line "));
 }

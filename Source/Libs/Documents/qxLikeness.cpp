@@ -28,9 +28,9 @@ quint64 hashOf(const QString &text)
     return std::hash<View>()(View(units, std::size_t(text.size())));
 }
 
-/// What a thing is found by: features, runs of them as they stand, and all together. Single features
-/// of many things are the same; how they follow each other is not. Of each sort the smallest hashes
-/// are taken, so that things which are alike have the same ones.
+/// What a thing is found by: features, runs of them as they stand, and all together. Single
+/// features of many things are the same; how they follow each other is not. Of each sort the
+/// smallest hashes are taken, so that things which are alike have the same ones.
 Hashes keysOf(const Hashes &features)
 {
     Hashes keys;

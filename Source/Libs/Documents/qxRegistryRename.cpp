@@ -1,12 +1,11 @@
 #include "qxRegistryRename.h"
 
+#include "qxLights.h"
 #include "qxRegistryDocument.h"
 #include "qxRegistryEdit.h"
 #include "qxSceneRename.h"
-#include "qxSuggestions.h"
-
-#include "qxLights.h"
 #include "qxStateRules.h"
+#include "qxSuggestions.h"
 
 #include <algorithm>
 #include <iterator>
@@ -129,11 +128,9 @@ qxRegistryRename::Outcome qxRegistryRename::apply(const QString &word, qxRenameR
         return outcome;
     const qxSceneRename scene(request, document);
     const qxRenameScope scope = scene.scope();
-    const bool isNoLight =
-        word == QLatin1String("light") && !renameWords::isLight(request.before);
-    outcome.refusal = isNoLight
-        ? QStringLiteral("no light is called \"%1\"").arg(request.before)
-        : qxRenameWords::refusal(document, scene.request(), scope, word);
+    const bool isNoLight = word == QLatin1String("light") && !renameWords::isLight(request.before);
+    outcome.refusal = isNoLight ? QStringLiteral("no light is called \"%1\"").arg(request.before)
+                                : qxRenameWords::refusal(document, scene.request(), scope, word);
     if (outcome.refusal.isEmpty())
         outcome.refusal = scene.flaw();
     if (!outcome.refusal.isEmpty())

@@ -27,6 +27,9 @@ private:
     /// Stands for all that is not known where nobody remembers the old scene.
     static constexpr double Prior = 0.1;
 
+    /// For a candidate of which nothing but the spelling is known: never beyond doubt.
+    static constexpr double OnlySpelling = 0.65;
+
     typedef std::vector<int> Places;
     typedef std::vector<qxRepairCandidate> Candidates;
 

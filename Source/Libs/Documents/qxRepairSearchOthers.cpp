@@ -130,6 +130,8 @@ void qxRepairSearch::weighToldMaterial(const QString &name, int material,
     if (!users.empty())
         evidence.add(0.25, double(same) / double(users.size()), "on the same nodes");
     weighSpelling(name, is.name, evidence);
+    if (users.empty() && m_bases.value(name).empty() && m_holders.value(name).empty())
+        evidence.doubt(OnlySpelling);
     if (m_named.contains(QLatin1String("material ") + is.name) || !m_holders.value(is.name).empty())
         evidence.doubt(0.4);
 }
@@ -355,6 +357,7 @@ qxRepairSearch::Candidates qxRepairSearch::viewpoints(const qxBreak &broken) con
                 evidence.doubt(0.3);
         } else {
             weighSpelling(broken.name, now[i], evidence);
+            evidence.doubt(OnlySpelling);
             if (m_named.contains(QLatin1String("viewpoint ") + now[i]))
                 evidence.doubt(0.4);
         }
@@ -383,6 +386,7 @@ qxRepairSearch::Candidates qxRepairSearch::clips(const qxBreak &broken) const
                 evidence.doubt(0.3);
         } else {
             weighSpelling(broken.name, name, evidence);
+            evidence.doubt(OnlySpelling);
             if (m_named.contains(QLatin1String("animation ") + name))
                 evidence.doubt(0.4);
         }

@@ -5,20 +5,8 @@
 #include "Session/qxInterrupt.h"
 #include "Session/qxMemoryLimit.h"
 #include "Session/qxSession.h"
-#include "qxValueKind.h"
 
 #include <QCommandLineParser>
-
-#include <algorithm>
-
-namespace {
-
-bool takesScene(const QString &argument)
-{
-    return QString::fromUtf8(qxValueKinds::of(argument).suffixes).contains(QLatin1String("gltf"));
-}
-
-} // namespace
 
 QStringList qxCommands::argumentsOf(const qxCommand &command)
 {
@@ -35,8 +23,7 @@ QList<QCommandLineOption> qxCommands::optionsOf(const qxCommand &command)
                 QStringLiteral("force"),
                 QStringLiteral("Saves over a file that has changed since it was opened."));
     }
-    const QStringList arguments = argumentsOf(command);
-    if (std::any_of(arguments.begin(), arguments.end(), takesScene))
+    if (QString::fromUtf8(command.arguments).contains(QLatin1String("FILE")))
         options << qxMemoryLimit::option();
     return options << QCommandLineOption({QStringLiteral("h"), QStringLiteral("help")},
                                          QStringLiteral("Shows this text."));
