@@ -239,8 +239,10 @@ void qxDocumentPairs::pairStates()
         if (states.atPlace.isEmpty() || states.added.isEmpty())
             continue;
         QHash<QString, QString> keys;
-        for (const qxDocumentOption &each : now.options)
-            keys.insert(each.hotkey.text, each.name);
+        for (const qxDocumentOption &each : now.options) {
+            if (states.added.contains(each.name))
+                keys.insert(each.hotkey.text, each.name);
+        }
         States &witnesses = open[{old.kind, old.name}];
         witnesses.added = states.added;
         for (const qxDocumentOption &each : old.options) {

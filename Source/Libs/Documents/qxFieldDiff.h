@@ -1,6 +1,7 @@
 #pragma once
 
-#include "qxDocumentDiff.h"
+#include "qxDifference.h"
+#include "qxDocument.h"
 #include "qxPairing.h"
 
 #include <functional>

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int Keys = 64; ///< by which a thing is found
+constexpr int Keys = 32; ///< of each sort, by which a thing is found
 constexpr int Crowd = 8; ///< a key that more things have than these finds none
 constexpr int Candidates = 4; ///< with which a thing is compared
 
@@ -29,22 +29,24 @@ quint64 hashOf(const QString &text)
 }
 
 /// What a thing is found by: features, runs of them as they stand, and all together. Single
-/// features of many things are the same; how they follow each other is not. The smallest hashes are
-/// taken, so that things which are alike have the same ones.
+/// features of many things are the same; how they follow each other is not. Of each sort the
+/// smallest hashes are taken, so that things which are alike have the same ones.
 Hashes keysOf(const Hashes &features)
 {
     Hashes keys;
     for (const std::size_t length : {std::size_t(1), std::size_t(4), std::size_t(16)}) {
+        Hashes runs;
         for (std::size_t first = 0; first + length <= features.size(); ++first) {
             quint64 key = length;
             for (std::size_t i = first; i < first + length; ++i)
                 key = mixed(key, features[i]);
-            keys.push_back(key);
+            runs.push_back(key);
         }
+        std::sort(runs.begin(), runs.end());
+        runs.erase(std::unique(runs.begin(), runs.end()), runs.end());
+        runs.resize(std::min(runs.size(), std::size_t(Keys)));
+        keys.insert(keys.end(), runs.begin(), runs.end());
     }
-    std::sort(keys.begin(), keys.end());
-    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
-    keys.resize(std::min(keys.size(), std::size_t(Keys)));
     if (!features.empty())
         keys.push_back(std::accumulate(features.begin(), features.end(), quint64(), mixed));
     return keys;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qxDocumentDiff.h"
+#include "qxDifference.h"
 
 #include <QJsonObject>
 #include <QStringList>

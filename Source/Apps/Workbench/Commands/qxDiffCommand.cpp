@@ -2,6 +2,7 @@
 #include "Report/qxDiffReport.h"
 #include "Report/qxOutput.h"
 #include "Session/qxFileComparison.h"
+#include "Session/qxMemoryLimit.h"
 #include "qxCommand.h"
 #include "qxStreams.h"
 
@@ -23,7 +24,8 @@ QList<QCommandLineOption> diffOptions()
              QStringLiteral("HTML")},
             {QStringLiteral("label"),
              QStringLiteral("Calls the first file NAME, and given again, the second one."),
-             QStringLiteral("NAME")}};
+             QStringLiteral("NAME")},
+            qxMemoryLimit::option()};
 }
 
 int report(const qxFileComparison &comparison, const QCommandLineParser &parser)

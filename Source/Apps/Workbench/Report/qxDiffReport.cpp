@@ -32,7 +32,7 @@ void addThing(Lines &lines, const qxFileComparison &comparison, const qxThingDif
               bool brief)
 {
     QString title = qxDiffWords::title(comparison, thing);
-    if (brief && !thing.fields.isEmpty() && thing.fields.first().field == QLatin1String("name"))
+    if (brief && thing.sort() == qxDifferenceSort::Renamed)
         title += QStringLiteral(" (") + qxDiffWords::line(thing.fields.first()) + QLatin1Char(')');
     lines.push_back({1, qxDiffWords::sign(thing.sort()), title});
     for (int i = 0; i < thing.fields.size() && !brief; ++i) {

@@ -109,7 +109,7 @@ QString qxDiffWords::summary(const qxFileComparison &comparison)
 {
     if (!comparison.isDifferent())
         return QStringLiteral("no differences");
-    int counts[3][3] = {};
+    int counts[3][5] = {};
     for (const qxThingDifference &each : comparison.variants.things)
         ++counts[each.thing][int(each.sort())];
     QStringList parts;
@@ -117,7 +117,8 @@ QString qxDiffWords::summary(const qxFileComparison &comparison)
          {qxThingDifference::Group, qxThingDifference::Set, qxThingDifference::Variant}) {
         QStringList numbers;
         for (const auto sort :
-             {qxDifferenceSort::Added, qxDifferenceSort::Removed, qxDifferenceSort::Changed}) {
+             {qxDifferenceSort::Added, qxDifferenceSort::Removed, qxDifferenceSort::Renamed,
+              qxDifferenceSort::Moved, qxDifferenceSort::Changed}) {
             if (const int count = counts[thing][int(sort)])
                 numbers += QStringLiteral("%1 %2").arg(count).arg(word(sort));
         }

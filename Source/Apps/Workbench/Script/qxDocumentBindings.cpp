@@ -90,6 +90,24 @@ std::string compareVariants(const std::string &before, const std::string &after,
                                     : std::string();
 }
 
+std::string mergeVariants(const std::string &base, const std::string &ours,
+                          const std::string &theirs, const std::string &out,
+                          const std::string &prefer)
+{
+    if (!prefer.empty() && prefer != "ours" && prefer != "theirs")
+        refuse(QStringLiteral("what is preferred is ours or theirs"));
+    const qxMergePreference preference = prefer.empty() ? qxMergePreference::Both
+        : prefer == "ours"                              ? qxMergePreference::Ours
+                                                        : qxMergePreference::Theirs;
+    const QString name = qxText::fromUtf8(out);
+    qxFileMerge merge;
+    if (!merge.merge({qxText::fromUtf8(base), qxText::fromUtf8(ours), qxText::fromUtf8(theirs)},
+                     preference)
+        || !merge.save(name))
+        refuse(QStringLiteral("%1: nothing is written").arg(name));
+    return qxText::toUtf8(qxMergeReport::text(merge, name));
+}
+
 python::list placesOf(const std::vector<qxRenameNote> &notes)
 {
     python::list places;
@@ -176,24 +194,6 @@ void defineRenames()
     python::def("repairNames", repairNames,
                 "Repairs all broken names of which only one thing can be meant; tuples of the key "
                 "and the new name.");
-}
-
-std::string mergeVariants(const std::string &base, const std::string &ours,
-                          const std::string &theirs, const std::string &out,
-                          const std::string &prefer)
-{
-    if (!prefer.empty() && prefer != "ours" && prefer != "theirs")
-        refuse(QStringLiteral("what is preferred is ours or theirs"));
-    const qxMergePreference preference = prefer.empty() ? qxMergePreference::Both
-        : prefer == "ours"                              ? qxMergePreference::Ours
-                                                        : qxMergePreference::Theirs;
-    const QString name = qxText::fromUtf8(out);
-    qxFileMerge merge;
-    if (!merge.merge({qxText::fromUtf8(base), qxText::fromUtf8(ours), qxText::fromUtf8(theirs)},
-                     preference)
-        || !merge.save(name))
-        refuse(QStringLiteral("%1: nothing is written").arg(name));
-    return qxText::toUtf8(qxMergeReport::text(merge, name));
 }
 
 } // namespace

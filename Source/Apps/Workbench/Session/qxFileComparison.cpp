@@ -16,12 +16,15 @@ bool load(qxDocumentFile &file, const QString &path, qxDocument &document)
     return false;
 }
 
-/// Whether the data are the same as far as the scene files themselves tell.
-bool haveSameBuffers(const qxDocumentFile &one, const qxDocumentFile &other)
+QVector<qxSceneDifference> compareScenes(const qxDocumentFile &before, const qxDocumentFile &after)
 {
+    const QJsonObject scenes[] = {before.sceneJson(), after.sceneJson()};
+    QVector<qxSceneDifference> result = qxSceneDiff::of(scenes[0], scenes[1]);
+    // Data are the same as far as the scene files themselves tell.
     const QLatin1String buffers("buffers");
-    return one.binaryChunk() == other.binaryChunk()
-        && one.sceneJson()[buffers] == other.sceneJson()[buffers];
+    if (before.binaryChunk() != after.binaryChunk() || scenes[0][buffers] != scenes[1][buffers])
+        result.push_back({buffers, qxDifferenceSort::Changed, {QString()}});
+    return result;
 }
 
 } // namespace
@@ -36,11 +39,7 @@ bool qxFileComparison::compare(const QString &fileBefore, const QString &fileAft
     if (!load(files[1], fileAfter, after) || !isRead)
         return false;
     variants = qxDocumentDiff::of(before, after);
-    scene.clear();
-    if (!files[0].isScene() || !files[1].isScene())
-        return true;
-    scene = qxSceneDiff::of(files[0].sceneJson(), files[1].sceneJson());
-    if (!haveSameBuffers(files[0], files[1]))
-        scene.push_back({QStringLiteral("buffers"), qxDifferenceSort::Changed, {QString()}});
+    const bool areScenes = files[0].isScene() && files[1].isScene();
+    scene = areScenes ? compareScenes(files[0], files[1]) : QVector<qxSceneDifference>();
     return true;
 }
