@@ -33,20 +33,22 @@ struct qxDocumentText {
 
 /// The lists of names that a set can hold, in the order of the document.
 enum class qxNameList { Viewpoints, Animations, Geometries, Targets };
-constexpr int qxNameLists = 4;
+constexpr int qxNameLists = 4; ///< how many there are
 
 /// The five things that a capture can take, in the order of the document.
 enum class qxInclusion { Nodes, Materials, Lights, Environment, View };
-constexpr int qxInclusions = 5;
+constexpr int qxInclusions = 5; ///< how many there are
 
 /// A variant set as a document holds it.
 struct qxDocumentSet {
+    ///@{
     /// The entries of the list.
     const std::vector<qxDocumentText> &of(qxNameList list) const
     {
         return names[std::size_t(list)];
     }
     std::vector<qxDocumentText> &of(qxNameList list) { return names[std::size_t(list)]; }
+    ///@}
     /// Whether the last capture took that.
     bool includes(qxInclusion what) const { return inclusions[std::size_t(what)]; }
     /// Whether selecting the set does nothing, as qxVariantSet::isEmpty has it.
