@@ -22,6 +22,7 @@ TEST_F(WrongUseTest, EveryCommandSaysWhatIsMissing)
          {"info --trace", "list --trace", "state --trace", "select Morning --trace",
           "set Desk Oak --trace", "create --trace", "document --trace", "verify --trace",
           "optimize --trace", "lint --trace", "explain Morning --trace",
+          "rename node Desk Table --dry-run --trace", "repair --trace",
           "render --out a.png --trace", "previews --save a.gltf --trace",
           "catalogue --out . --trace", "check --trace", "capture Now --trace"}) {
         QStringList words = QString(call).split(' ');

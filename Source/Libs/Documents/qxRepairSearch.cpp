@@ -413,9 +413,9 @@ qxRepairSearch::Candidates qxRepairSearch::overlays(const qxBreak &broken) const
     Candidates candidates;
     const Told told = toldOf(broken.name);
     const Places old = m_history ? m_history->scene.overlaysNamed(broken.name) : Places();
-    for (std::size_t i = 0; i < m_scene.nodes.size(); ++i) {
+    for (std::size_t i = m_scene.nodes.size(); i-- > 0 && m_scene.nodes[i].isOverlay;) {
         const QString &name = m_scene.nodes[i].name;
-        if (!m_scene.nodes[i].isOverlay || m_scene.overlaysNamed(name).empty())
+        if (m_scene.overlaysNamed(name).empty())
             continue;
         qxRepairEvidence evidence;
         if (old.empty())

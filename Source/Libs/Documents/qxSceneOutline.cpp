@@ -134,7 +134,6 @@ void qxSceneOutline::addMaterials()
     }
 }
 
-/// Until all nodes are known, m_ids has the places of materials.
 void qxSceneOutline::addNodes()
 {
     QHash<osg::UInt32, int> places;
@@ -171,7 +170,7 @@ void qxSceneOutline::addNodes()
         add(node, false);
     for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(qxOverlays::getPoolRoot()))
         add(node, true);
-    m_ids = places;
+    m_ids.clear();
 }
 
 /// From the last node to the first: all below a node come behind it.

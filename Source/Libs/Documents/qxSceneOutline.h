@@ -66,11 +66,9 @@ public:
     const Places &overlaysNamed(const QString &name) const { return at(m_overlays, name); }
     /// Nodes of the scene whose path ends in those steps, of which there may be up to TailSteps.
     const Places &withTail(const QStringList &steps) const { return at(m_tails, hashOf(steps)); }
-    static constexpr int TailSteps = 8;
+    static constexpr int TailSteps = 8; ///< see withTail
     /// Nodes of the scene that have a transform state of that name.
     const Places &withState(const QString &state) const { return at(m_states, state); }
-    /// The node with that id; -1 for none.
-    int withId(osg::UInt32 id) const { return m_ids.value(id, -1); }
     ///@{
     /// Materials by name and by look.
     const Places &materialsNamed(const QString &name) const { return at(m_materials, name); }
@@ -96,7 +94,7 @@ private:
     void noteTrees();
     void noteNames();
 
-    QHash<osg::UInt32, int> m_ids;
+    QHash<osg::UInt32, int> m_ids; ///< the places of materials, while it is taken
     QHash<QString, Places> m_named;
     QHash<QString, Places> m_overlays;
     QHash<QString, Places> m_states;

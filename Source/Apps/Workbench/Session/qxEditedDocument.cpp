@@ -12,7 +12,7 @@
 QCommandLineOption qxEditedDocument::saveOption()
 {
     return {qxCommands::saveOption().names(),
-            QStringLiteral("Saves to OUT: the scene with its variants, or the document."),
+            QStringLiteral("Saves the scene with its variants, or the document, to it."),
             QStringLiteral("SCENE|XML")};
 }
 
