@@ -3,6 +3,7 @@
 #include "TestFiles.h"
 #include "qxDocumentMerge.h"
 #include "qxDocumentPairs.h"
+#include "qxDocumentXml.h"
 
 #include <QJsonDocument>
 #include <QRegularExpression>
@@ -102,6 +103,115 @@ QSet<QString> contents(const PlainDocument &plain)
     return lines;
 }
 
+qxDocument settledOf(const QByteArray &elements)
+{
+    qxDocument document = qxDocumentXml::read("<Variants>" + elements + "</Variants>");
+    EXPECT_TRUE(document.isWhole) << elements.constData();
+    document.settle();
+    return document;
+}
+
+QByteArray setOf(const QByteArray &name, const QByteArray &elements)
+{
+    return "<VariantSet name='" + name + "'>" + elements + "</VariantSet>";
+}
+
+QByteArray groupOf(const QByteArray &name, const QByteArray &elements)
+{
+    return "<VariantGroup name='" + name + "' visible='true'>" + elements + "</VariantGroup>";
+}
+
+QByteArray variantOf(const QByteArray &name, const QByteArray &states)
+{
+    QByteArray element = "<NodeVariant name='" + name + "' base='Wheels'>";
+    for (const QByteArray &state : states.split(' '))
+        element += "<State name='" + state + "'/>";
+    return element + "</NodeVariant>";
+}
+
+QByteArray entryOf(const QByteArray &variant, const QByteArray &state)
+{
+    return "<NodeVariantRef ref='" + variant + "' state='" + state + "'/>";
+}
+
+/// Sides, what they are together, and what each of the conflicts is about.
+struct MergeRow {
+    const char *what;
+    QByteArray base, ours, theirs, merged;
+    const char *conflicts;
+};
+
+const QByteArray keyAndScript = "<Hotkey>F1</Hotkey><Script>%1</Script>";
+
+QByteArray says(const char *text)
+{
+    return QByteArray(keyAndScript).replace("%1", text);
+}
+
+const QByteArray rims = variantOf("Rims", "Steel Alloy");
+const QByteArray red = setOf("Red", entryOf("Rims", "Alloy"));
+
+const MergeRow mergeRows[] = {
+    {"a set of theirs follows a variant that ours renamed", red + rims,
+     setOf("Red", entryOf("Wheels", "Alloy")) + variantOf("Wheels", "Steel Alloy"),
+     red + setOf("Blue", entryOf("Rims", "Steel")) + rims,
+     setOf("Red", entryOf("Wheels", "Alloy")) + setOf("Blue", entryOf("Wheels", "Steel"))
+         + variantOf("Wheels", "Steel Alloy"),
+     ""},
+    {"a set of theirs follows a state that ours renamed", red + rims,
+     setOf("Red", entryOf("Rims", "Light")) + variantOf("Rims", "Steel Light"),
+     red + setOf("Blue", entryOf("Rims", "Alloy")) + rims,
+     setOf("Red", entryOf("Rims", "Light")) + setOf("Blue", entryOf("Rims", "Light"))
+         + variantOf("Rims", "Steel Light"),
+     ""},
+    {"a set that one side renamed and the other changed", red + rims,
+     setOf("Rouge", entryOf("Rims", "Alloy")) + rims,
+     setOf("Red", says("1") + entryOf("Rims", "Alloy")) + rims,
+     setOf("Rouge", says("1") + entryOf("Rims", "Alloy")) + rims, ""},
+    {"two scripts become two sets, of which the first has the key", setOf("Red", says("0")),
+     setOf("Red", says("1")), setOf("Red", says("2")),
+     setOf("Red", says("1")) + setOf("Red (theirs)", "<Script>2</Script>"), "set.script"},
+    {"a second set refers to the second version of a variant", red + rims,
+     setOf("Red", says("1") + entryOf("Rims", "Alloy")) + QByteArray(rims).replace("Wheels", "One"),
+     setOf("Red", says("2") + entryOf("Rims", "Alloy")) + QByteArray(rims).replace("Wheels", "Two"),
+     setOf("Red", says("1") + entryOf("Rims", "Alloy"))
+         + setOf("Red (theirs)", "<Script>2</Script>" + entryOf("Rims (theirs)", "Alloy"))
+         + QByteArray(rims).replace("Wheels", "One")
+         + QByteArray(rims).replace("Wheels", "Two").replace("Rims", "Rims (theirs)"),
+     "set.script variant.base"},
+    {"what one side removed and the other changed stays", red + setOf("Blue", "") + rims,
+     setOf("Blue", "") + rims, setOf("Red", entryOf("Rims", "Steel")) + setOf("Blue", "") + rims,
+     setOf("Red", entryOf("Rims", "Steel")) + setOf("Blue", "") + rims, "set."},
+    {"a variant that one side removed and the other uses anew stays", setOf("Red", "") + rims,
+     setOf("Red", ""), red + rims, red + rims, "variant."},
+    {"a state that one side removed and the other uses anew stays", setOf("Red", "") + rims,
+     setOf("Red", "") + variantOf("Rims", "Steel"), red + rims, red + rims, "variant.state"},
+    {"a state with two names is two states", red + rims,
+     setOf("Red", entryOf("Rims", "Light")) + variantOf("Rims", "Steel Light"),
+     setOf("Red", entryOf("Rims", "Sport")) + variantOf("Rims", "Steel Sport"),
+     setOf("Red", entryOf("Rims", "Light")) + variantOf("Rims", "Steel Light Sport"),
+     "variant.state"},
+    {"one name for two sets", red + rims, red + setOf("New", says("1")) + rims,
+     setOf("New", entryOf("Rims", "Alloy")) + rims,
+     setOf("New (theirs)", entryOf("Rims", "Alloy")) + setOf("New", says("1")) + rims, "set."},
+    {"one name for two new sets", "", setOf("New", says("1")), setOf("New", says("2")),
+     setOf("New", says("1")) + setOf("New (theirs)", "<Script>2</Script>"), "set.script"},
+    {"a set in two groups", groupOf("A", "") + groupOf("B", "") + red + rims,
+     groupOf("A", red) + groupOf("B", "") + rims, groupOf("A", "") + groupOf("B", red) + rims,
+     groupOf("A", red) + groupOf("B", setOf("Red (theirs)", entryOf("Rims", "Alloy"))) + rims,
+     "set.group"},
+    {"a group that one side removed and the other put a set into", groupOf("A", red) + rims, rims,
+     groupOf("A", red + setOf("Blue", "")) + rims, groupOf("A", setOf("Blue", "")) + rims,
+     "group."},
+    {"orders of both sides", setOf("1", "") + setOf("2", "") + setOf("3", "") + setOf("4", ""),
+     setOf("4", "") + setOf("1", "") + setOf("2", "") + setOf("C", "") + setOf("3", ""),
+     setOf("1", "") + setOf("2", "") + setOf("A", "") + setOf("B", "") + setOf("3", "")
+         + setOf("4", "") + setOf("5", ""),
+     setOf("4", "") + setOf("1", "") + setOf("2", "") + setOf("A", "") + setOf("B", "")
+         + setOf("C", "") + setOf("3", "") + setOf("5", ""),
+     ""},
+};
+
 } // namespace
 
 TEST(MergeTest, WithAnUnchangedSideTheOtherIsTaken)
@@ -172,4 +282,25 @@ TEST(MergeTest, ExchangingTheSidesOnlyExchangesTheNamesOfVersions)
         settled.settle();
         ASSERT_EQ(inOrder(settled), inOrder(one.document)) << seed;
     }
+}
+
+TEST(MergeTest, EachSideIsFoundAgainInTheResult)
+{
+    for (const MergeRow &row : mergeRows) {
+        const qxDocumentMerge merge =
+            qxDocumentMerge::of(settledOf(row.base), settledOf(row.ours), settledOf(row.theirs));
+        QStringList conflicts;
+        for (const qxMergeConflict &each : merge.conflicts) {
+            const char *const things[] = {"group.", "set.", "variant."};
+            conflicts << things[each.thing] + each.field;
+        }
+        EXPECT_EQ(conflicts.join(' '), row.conflicts) << row.what;
+        EXPECT_EQ(qxDocumentXml::write(merge.document), qxDocumentXml::write(settledOf(row.merged)))
+            << row.what;
+    }
+    const QByteArray key = "<Hotkey>F2</Hotkey>";
+    EXPECT_EQ(
+        qxDocumentMerge::of(settledOf(""), settledOf(setOf("A", key)), settledOf(setOf("B", key)))
+            .notes,
+        QStringList("F2 is now the key of set \"A\" and set \"B\""));
 }

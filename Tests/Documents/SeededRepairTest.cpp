@@ -229,7 +229,33 @@ protected:
             if ((!isFirst && known) || (each.clear() && !isFirst) || (known && !each.clear()))
                 tell(each, right, known);
         }
+        rate.wrong += wrongAfterAll(known);
         return rate;
+    }
+
+    /// How many names are other ones than before, and not the right ones, once all that is clear is
+    /// repaired. Snapshots change their order, so they are compared as sets.
+    int wrongAfterAll(const qxRepairHistory *known)
+    {
+        qxDocument document = history.document;
+        QHash<QString, int> names;
+        const auto count = [&names](int by) {
+            return [&names, by](const qxDocumentPlace &place, QString &name) {
+                names[QString::number(int(place.named)) + name] += by;
+            };
+        };
+        qxDocumentPlaces::visit(document, count(1));
+        for (const qxBreak &each : qxDocumentRepair::applyClear(document, known)) {
+            const QString sort = QString::number(int(each.named));
+            const QString right = truth.value(each.key());
+            names[sort + each.name] -= each.places.size();
+            names[sort + right] += each.places.size();
+        }
+        qxDocumentPlaces::visit(document, count(-1));
+        int wrong = 0;
+        for (const int left : names)
+            wrong += left != 0;
+        return wrong;
     }
 
     static void tell(const qxBreak &each, const QString &right, bool isKnown)

@@ -1,14 +1,14 @@
-// A variants document beside one of ours: compared, written as a table, brought into the registry.
+// A variants document beside one of ours: compared, merged, written as a table, brought into the
+// registry.
 
 #include "FuzzHost.h"
 #include "qxDocumentDiff.h"
+#include "qxDocumentMerge.h"
 #include "qxDocumentXml.h"
 #include "qxRegistryDocument.h"
 #include "qxRegistryEdit.h"
 #include "qxSetTable.h"
 #include "qxSetTableReader.h"
-
-#include <QFile>
 
 namespace {
 
@@ -35,20 +35,33 @@ void compare(const qxDocument &one, const qxDocument &other)
     FuzzHost::require(qxDocumentDiff::of(one, one).isEmpty(), "a document differs from itself");
 }
 
+void requireSame(const qxDocument &one, const qxDocument &other, const char *what)
+{
+    FuzzHost::require(qxDocumentXml::write(one) == qxDocumentXml::write(other), what);
+}
+
+void merge(const qxDocument &base, const qxDocument &one, const qxDocument &other)
+{
+    requireSame(qxDocumentMerge::of(base, base, one).document, one, "their edits are lost");
+    requireSame(qxDocumentMerge::of(base, one, base).document, one, "our edits are lost");
+    for (const auto preference :
+         {qxMergePreference::Both, qxMergePreference::Ours, qxMergePreference::Theirs}) {
+        const qxDocument merged = qxDocumentMerge::of(base, one, other, preference).document;
+        requireSame(merged, settled(qxDocumentXml::write(merged)), "merging made twins");
+    }
+}
+
 void tabulate(const qxDocument &document)
 {
     const auto read = qxSetTableReader::read(qxSetTable::write(document), document);
     FuzzHost::require(read.flaws.empty(), "a table of ours cannot be read");
-    FuzzHost::require(qxDocumentXml::write(read.document) == qxDocumentXml::write(document),
-                      "a table reads as another document");
+    requireSame(read.document, document, "a table reads as another document");
 }
 
 void bring(const qxDocument &document)
 {
     qxRegistryEdit::apply(document);
-    FuzzHost::require(qxDocumentXml::write(qxRegistryDocument::current())
-                          == qxDocumentXml::write(document),
-                      "the registry holds another document");
+    requireSame(qxRegistryDocument::current(), document, "the registry holds another document");
 }
 
 } // namespace
@@ -59,10 +72,11 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
     // What is written once holds no characters any more that a document cannot.
     const qxDocument input = settled(
         qxDocumentXml::write(settled(QByteArray(reinterpret_cast<const char *>(data), int(size)))));
-    FuzzHost::require(qxDocumentXml::write(input)
-                          == qxDocumentXml::write(settled(qxDocumentXml::write(input))),
-                      "what was written reads differently");
+    requireSame(input, settled(qxDocumentXml::write(input)), "what was written reads differently");
     compare(input, ours());
+    merge(qxDocument(), input, ours());
+    merge(input, ours(), qxDocument());
+    merge(ours(), input, qxDocument());
     tabulate(input);
     FuzzHost::showWorkshop();
     bring(ours());

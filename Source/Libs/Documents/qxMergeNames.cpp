@@ -81,17 +81,21 @@ private:
     QHash<Key, QString> m_names;
 };
 
-/// What that side calls otherwise; of what base has alone, what base calls so.
+/// What that side calls otherwise; of what it has no more, what base calls so.
 template <class Key, class KeyOf>
 void addRenames(Renames<Key> &renames, const qxMergeThings &things, int side, const KeyOf &keyOf)
 {
-    for (const int each : {int(MergeBase), side}) {
-        for (const qxMergeThing &thing : things.things) {
-            if (!thing.isIn(each))
-                continue;
-            const QString &name = things.nameIn(each, thing).second;
-            renames.add(keyOf(thing, name), thing.name, thing.name == name);
-        }
+    const auto add = [&](const qxMergeThing &thing, int in) {
+        const QString &name = things.nameIn(in, thing).second;
+        renames.add(keyOf(thing, name), thing.name, thing.name == name);
+    };
+    for (const qxMergeThing &thing : things.things) {
+        if (!thing.isIn(side) && thing.isIn(MergeBase))
+            add(thing, MergeBase);
+    }
+    for (const qxMergeThing &thing : things.things) {
+        if (thing.isIn(side))
+            add(thing, side);
     }
 }
 

@@ -10,8 +10,11 @@ class qxVariantSet;
 /// Nothing is announced. Each tells whether anything differed.
 namespace qxRegistryFill {
 
+///@{
+/// Gives the thing all that is not a name or a place.
 bool fill(qxVariantGroup &group, const qxDocumentGroup &wanted);
 bool fill(qxVariantSet &set, const qxDocumentSet &wanted);
 bool fill(qxVariant &variant, const qxDocumentVariant &wanted);
+///@}
 
 } // namespace qxRegistryFill

@@ -431,8 +431,7 @@ qxRepairSearch::Candidates qxRepairSearch::overlays(const qxBreak &broken) const
 void qxRepairSearch::weighPath(const QString &path, int node, qxRepairEvidence &evidence) const
 {
     const QStringList was = stepsOf(path);
-    const QString now = m_scene.pathOf(node);
-    const QStringList is = stepsOf(now);
+    const QStringList is = stepsOf(m_scene.pathOf(node));
     const double length = std::max(was.size(), is.size());
     evidence.add(0.45, tailOf(was, is) / length, "same tail of the path");
     evidence.add(0.25, headOf(was, is) / length, "same beginning of the path");
@@ -447,8 +446,6 @@ void qxRepairSearch::weighPath(const QString &path, int node, qxRepairEvidence &
     const double likeness = qxNearNames::likeness(was.last(), is.last());
     if (was.last() != is.last())
         evidence.add(0.2, likeness > 0.3 ? likeness : 0, "near spelling");
-    if (m_snapshots.contains(now))
-        evidence.doubt(0.4);
 }
 
 qxRepairSearch::Candidates qxRepairSearch::paths(const qxBreak &broken) const
@@ -475,17 +472,21 @@ qxRepairSearch::Candidates qxRepairSearch::paths(const qxBreak &broken) const
     for (const int node : found) {
         if (node == 0 || m_scene.nodes[std::size_t(node)].isOverlay)
             continue;
+        const QString path = m_scene.pathOf(node);
         qxRepairEvidence evidence;
         if (old.empty()) {
             weighPath(broken.name, node, evidence);
         } else {
             weighOldNode(old.front(), node, evidence);
-            const QStringList is = stepsOf(m_scene.pathOf(node));
+            const QStringList is = stepsOf(path);
             evidence.addBonus(0.3, double(tailOf(steps, is)) / std::max(steps.size(), is.size()),
                               "same tail of the path");
         }
-        candidates.push_back(
-            {m_scene.pathOf(node), evidence.score(old.empty() ? Prior : 0), evidence.reason()});
+        // A path that means others as well, or has a snapshot of its own, is no safe place.
+        if (m_scene.onPath(m_scene.nodes[std::size_t(node)].path).size() > 1
+            || m_snapshots.contains(path))
+            evidence.doubt(0.4);
+        candidates.push_back({path, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
     }
     return candidates;
 }

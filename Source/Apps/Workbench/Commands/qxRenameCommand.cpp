@@ -1,107 +1,15 @@
 #include "Report/qxOutput.h"
 #include "Session/qxEditedDocument.h"
 #include "qxCommand.h"
-#include "qxDocumentRename.h"
-#include "qxLights.h"
-#include "qxSceneRename.h"
+#include "qxRegistryDocument.h"
+#include "qxRegistryRename.h"
 #include "qxSuggestions.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
 #include <QJsonObject>
 
-#include <algorithm>
-#include <iterator>
-
 namespace {
-
-/// What users call the things that can be renamed.
-struct ThingWord {
-    const char *word;
-    qxRenameRequest::Thing thing;
-};
-
-constexpr ThingWord thingWords[] = {
-    {"group", qxRenameRequest::Group},
-    {"set", qxRenameRequest::Set},
-    {"option", qxRenameRequest::Option},
-    {"node", qxRenameRequest::Node},
-    {"light", qxRenameRequest::Node},
-    {"overlay", qxRenameRequest::Overlay},
-    {"material", qxRenameRequest::Material},
-    {"viewpoint", qxRenameRequest::Viewpoint},
-    {"transform-state", qxRenameRequest::TransformState},
-};
-
-QStringList allThings()
-{
-    QStringList words;
-    for (const ThingWord &each : thingWords)
-        words += QLatin1String(each.word);
-    for (const qxVariantKind *kind : qxVariantKinds::all())
-        words += kind->word + QLatin1String("-variant");
-    for (const qxVariantKind *kind : qxVariantKinds::all())
-        words += kind->word + QLatin1String("-option");
-    return words;
-}
-
-/// Takes the kind of thing from its word; false for an unknown one.
-bool takeThing(const QString &word, qxRenameRequest &request)
-{
-    const auto found =
-        std::find_if(std::begin(thingWords), std::end(thingWords),
-                     [&word](const ThingWord &each) { return word == QLatin1String(each.word); });
-    if (found != std::end(thingWords)) {
-        request.thing = found->thing;
-        return true;
-    }
-    const int dash = word.indexOf(QLatin1Char('-'));
-    request.kind = qxVariantKinds::by(&qxVariantKind::word, word.left(dash));
-    const QString rest = word.mid(dash + 1);
-    request.thing =
-        rest == QLatin1String("option") ? qxRenameRequest::Option : qxRenameRequest::Variant;
-    return dash > 0 && request.kind
-        && (request.thing == qxRenameRequest::Option || rest == QLatin1String("variant"));
-}
-
-/// Finds the one variant with the option that the request leaves open. Says why when there is not
-/// exactly one.
-bool findOwner(const qxDocument &document, qxRenameRequest &request)
-{
-    QStringList owners;
-    QStringList options;
-    const qxRenameRequest wanted = request;
-    for (const qxDocumentVariant &each : document.variants) {
-        if ((wanted.kind && each.kind != wanted.kind)
-            || (!wanted.owner.isEmpty() && each.name != wanted.owner))
-            continue;
-        for (const qxDocumentOption &option : each.options) {
-            options += option.name;
-            if (option.name != wanted.before)
-                continue;
-            owners += QStringLiteral("the %1 variant \"%2\"").arg(each.kind->word, each.name);
-            request.kind = each.kind;
-            request.owner = each.name;
-        }
-    }
-    options.removeDuplicates();
-    if (owners.isEmpty())
-        qxOutput::error(QStringLiteral("no option is called \"%1\"").arg(wanted.before)
-                        + qxSuggestions::question(wanted.before, options));
-    else if (owners.size() > 1)
-        qxOutput::error(QStringLiteral("\"%1\" is an option of %2; say which with --of VARIANT, "
-                                       "and the kind as in node-option")
-                            .arg(wanted.before, owners.join(QLatin1String(", "))));
-    return owners.size() == 1;
-}
-
-/// Whether a light of the scene has that name.
-bool isLight(const QString &name)
-{
-    const std::vector<qxSceneObject> nodes = qxStateRules::light.objects(name);
-    return std::any_of(nodes.begin(), nodes.end(),
-                       [](const qxSceneObject &each) { return qxLights::isLight(each.node); });
-}
 
 QJsonArray notesOf(const std::vector<qxRenameNote> &notes, bool isChange)
 {
@@ -133,8 +41,7 @@ public:
 
 private:
     bool isDry() const { return m_parser.isSet(QStringLiteral("dry-run")); }
-    bool isAllowed(const qxRenameRequest &request, const qxRenameScope &scope,
-                   const QString &sceneFlaw) const;
+    qxRegistryRename::Outcome renameDocument();
     void print(const qxRenameImpact &impact, int objects) const;
 
     const QCommandLineParser &m_parser;
@@ -143,25 +50,16 @@ private:
     qxRenameRequest m_request;
 };
 
-bool RenameRun::isAllowed(const qxRenameRequest &request, const qxRenameScope &scope,
-                          const QString &sceneFlaw) const
+/// By the names alone.
+qxRegistryRename::Outcome RenameRun::renameDocument()
 {
-    const qxDocument &document = m_edited.document;
-    const bool isMissingLight =
-        m_word == QLatin1String("light") && m_edited.isScene() && !isLight(request.before);
-    if (isMissingLight || !qxDocumentRename::isKnown(document, request, scope)) {
-        QStringList names = scope.names + qxDocumentRename::namesOf(document, request);
-        names.removeDuplicates();
-        qxOutput::error(QStringLiteral("no %1 is called \"%2\"").arg(m_word, request.before)
-                        + qxSuggestions::question(request.before, names));
-        return false;
-    }
-    const QString own = qxDocumentRename::flawOf(document, request, scope);
-    const QString flaw = own.isEmpty() ? sceneFlaw : own;
-    if (!flaw.isEmpty())
-        qxOutput::error(
-            QStringLiteral("%1 \"%2\" cannot be renamed: %3").arg(m_word, request.before, flaw));
-    return flaw.isEmpty();
+    qxRegistryRename::Outcome outcome;
+    outcome.refusal = qxRenameWords::completeOwner(m_edited.document, m_request);
+    if (outcome.refusal.isEmpty())
+        outcome.refusal = qxRenameWords::refusal(m_edited.document, m_request, {}, m_word);
+    if (outcome.refusal.isEmpty())
+        outcome.impact = qxDocumentRename::apply(m_edited.document, m_request);
+    return outcome;
 }
 
 void RenameRun::print(const qxRenameImpact &impact, int objects) const
@@ -196,34 +94,26 @@ void RenameRun::print(const qxRenameImpact &impact, int objects) const
 int RenameRun::run()
 {
     const bool isSaved = m_parser.isSet(QStringLiteral("save"));
-    if (!takeThing(m_word, m_request))
+    if (!qxRenameWords::take(m_word, m_request))
         return qxCommands::fail(QStringLiteral("nothing is of the kind \"%1\"").arg(m_word)
-                                    + qxSuggestions::question(m_word, allThings()),
+                                    + qxSuggestions::question(m_word, qxRenameWords::all()),
                                 WrongUse);
     if (isSaved == isDry())
         return qxCommands::fail(QStringLiteral("rename needs either --save OUT or --dry-run"),
                                 WrongUse);
     if (!m_edited.open(m_parser.positionalArguments().first()) || !m_edited.maySave(m_parser))
         return WorkFailed;
-    if (m_request.thing == qxRenameRequest::Option && !findOwner(m_edited.document, m_request))
-        return WorkFailed;
-    if (!m_edited.isScene()) {
-        if (!isAllowed(m_request, {}, QString()))
-            return WorkFailed;
-        print(qxDocumentRename::apply(m_edited.document, m_request), 0);
-        return m_edited.saveIfAsked(m_parser);
+    qxRegistryRename::Outcome outcome;
+    if (m_edited.isScene()) {
+        outcome = qxRegistryRename::apply(m_word, m_request, isDry());
+        m_edited.document = qxRegistryDocument::current();
+    } else {
+        outcome = renameDocument();
     }
-    const qxSceneRename scene(m_request, m_edited.document);
-    const qxRenameScope scope = scene.scope();
-    if (!isAllowed(scene.request(), scope, scene.flaw()))
-        return WorkFailed;
-    const qxRenameImpact impact =
-        qxDocumentRename::apply(m_edited.document, scene.request(), scope);
-    print(impact, scene.count());
-    if (isDry())
-        return Success;
-    scene.apply();
-    return m_edited.saveIfAsked(m_parser, impact.renames);
+    if (!outcome.refusal.isEmpty())
+        return qxCommands::fail(outcome.refusal);
+    print(outcome.impact, outcome.objects);
+    return m_edited.saveIfAsked(m_parser);
 }
 
 QList<QCommandLineOption> renameOptions()

@@ -4,8 +4,10 @@
 #include "Report/qxMergeReport.h"
 #include "Session/qxEditedDocument.h"
 #include "Session/qxFileMerge.h"
+#include "qxDocumentRepair.h"
 #include "qxRegistryDocument.h"
 #include "qxRegistryEdit.h"
+#include "qxRegistryRename.h"
 #include "qxSetTable.h"
 #include "qxSetTableReader.h"
 #include "qxText.h"
@@ -106,6 +108,94 @@ std::string mergeVariants(const std::string &base, const std::string &ours,
     return qxText::toUtf8(qxMergeReport::text(merge, name));
 }
 
+python::list placesOf(const std::vector<qxRenameNote> &notes)
+{
+    python::list places;
+    for (const qxRenameNote &each : notes)
+        places.append(python::make_tuple(qxText::toUtf8(each.place), qxText::toUtf8(each.before),
+                                         qxText::toUtf8(each.after)));
+    return places;
+}
+
+python::tuple renameEverywhere(const std::string &kind, const std::string &before,
+                               const std::string &after, const std::string &of, bool dryRun)
+{
+    qxRenameRequest request;
+    const QString word = qxText::fromUtf8(kind);
+    if (!qxRenameWords::take(word, request))
+        refuse(QStringLiteral("nothing is of the kind \"%1\"").arg(word));
+    request.before = qxText::fromUtf8(before);
+    request.after = qxText::fromUtf8(after);
+    request.owner = qxText::fromUtf8(of);
+    const qxRegistryRename::Outcome outcome = qxRegistryRename::apply(word, request, dryRun);
+    if (!outcome.refusal.isEmpty())
+        refuse(outcome.refusal);
+    return python::make_tuple(placesOf(outcome.impact.changed), placesOf(outcome.impact.left));
+}
+
+python::list findBrokenNames()
+{
+    python::list all;
+    for (const qxBreak &each : qxDocumentRepair::find(current())) {
+        python::list candidates;
+        for (const qxRepairCandidate &candidate : each.candidates)
+            candidates.append(python::make_tuple(qxText::toUtf8(candidate.name), candidate.score,
+                                                 qxText::toUtf8(candidate.reason)));
+        python::list places;
+        for (const QString &place : each.places)
+            places.append(qxText::toUtf8(place));
+        all.append(python::make_tuple(qxText::toUtf8(each.key()), places, candidates));
+    }
+    return all;
+}
+
+bool repairName(const std::string &key, const std::string &name)
+{
+    qxDocument document = current();
+    for (const qxBreak &each : qxDocumentRepair::find(document)) {
+        if (each.key() != qxText::fromUtf8(key))
+            continue;
+        qxDocumentRepair::apply(document, each, qxText::fromUtf8(name));
+        return qxRegistryEdit::apply(document);
+    }
+    return false;
+}
+
+python::list repairNames()
+{
+    qxDocument document = current();
+    python::list repaired;
+    for (const qxBreak &each : qxDocumentRepair::applyClear(document))
+        repaired.append(python::make_tuple(qxText::toUtf8(each.key()),
+                                           qxText::toUtf8(each.candidates.front().name)));
+    qxRegistryEdit::apply(document);
+    return repaired;
+}
+
+void defineRenames()
+{
+    python::def(
+        "renameEverywhere", renameEverywhere,
+        (python::arg("kind"), python::arg("before"), python::arg("after"), python::arg("of") = "",
+         python::arg("dryRun") = false),
+        "Renames something of the scene or its variants, and every place that names it. The kinds "
+        "are those of the command rename; `of` is the variant that has an option, or the node of "
+        "a transform state. Gives two lists of tuples of a place, what stood there, and what "
+        "stands there now: what was changed, and where to look because nobody can tell. With "
+        "dryRun nothing is changed. Raises a ValueError when the thing is not there, or cannot "
+        "have the name.");
+    python::def("findBrokenNames", findBrokenNames,
+                "What variants and sets name in vain: tuples of a key such as \"node:Roof\", the "
+                "places that have the name, and candidates, the best first: tuples of a name, a "
+                "score from 0 to 1, and what speaks for it.");
+    python::def("repairName", repairName, (python::arg("key"), python::arg("name")),
+                "Puts the name in all places of what findBrokenNames has under that key; False "
+                "when nothing is broken there.");
+    python::def("repairNames", repairNames,
+                "Repairs all broken names of which only one thing can be meant; tuples of the key "
+                "and the new name.");
+}
+
 } // namespace
 
 void qxDocumentBindings::define()
@@ -131,4 +221,5 @@ void qxDocumentBindings::define()
                 "answers the conflicts as a text, which is empty when there is none. \"ours\" or "
                 "\"theirs\" is preferred in them, else both versions are kept. Raises a ValueError "
                 "when nothing can be written.");
+    defineRenames();
 }

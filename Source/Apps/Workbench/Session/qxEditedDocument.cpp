@@ -64,11 +64,12 @@ bool qxEditedDocument::maySave(const QCommandLineParser &parser) const
 int qxEditedDocument::saveIfAsked(const QCommandLineParser &parser, const qxRenames &renames)
 {
     const QString out = parser.value(QStringLiteral("save"));
+    const bool overwrites = parser.isSet(QStringLiteral("force"));
     if (isScene()) {
         qxRegistryEdit::apply(document, renames);
         return qxCommands::saveIfAsked(m_session, parser);
     }
-    if (out.isEmpty() || m_file.save(out, qxDocumentXml::write(document)))
+    if (out.isEmpty() || m_file.save(out, qxDocumentXml::write(document), overwrites))
         return Success;
     return qxCommands::fail(m_file.errorString());
 }

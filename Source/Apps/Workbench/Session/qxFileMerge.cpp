@@ -6,6 +6,8 @@
 #include "qxLog.h"
 #include "qxText.h"
 
+#include <QXmlStreamReader>
+
 namespace {
 
 bool fail(const QString &reason)
@@ -19,6 +21,14 @@ bool isEmpty(const qxDocumentFile &file)
     return !file.isScene() && file.document().isEmpty();
 }
 
+/// Any root element is taken, but one that is not ours and gave nothing is a wrong file.
+bool isWrongFile(const qxDocumentFile &file, const qxDocument &document)
+{
+    QXmlStreamReader reader(file.document());
+    return document.groups.empty() && document.sets.empty() && document.variants.empty()
+        && reader.readNextStartElement() && reader.name() != QLatin1String("Variants");
+}
+
 } // namespace
 
 bool qxFileMerge::merge(const Files &files, qxMergePreference wanted)
@@ -29,18 +39,21 @@ bool qxFileMerge::merge(const Files &files, qxMergePreference wanted)
     const auto load = [](const QString &path, qxDocumentFile &file, qxDocument &document) {
         if (!file.load(path))
             return fail(file.errorString());
-        return qxEditedDocument::read(path, file.document(), document);
+        if (!qxEditedDocument::read(path, file.document(), document))
+            return false;
+        return !isWrongFile(file, document)
+            || fail(QStringLiteral("%1: it is no variants document").arg(path));
     };
     if (!load(files.base, base, before) || !load(files.ours, m_ours, one)
         || !load(files.theirs, theirs, other))
         return false;
     const bool isBaseOther = !isEmpty(base) && base.isScene() != m_ours.isScene();
-    if (m_ours.isScene() != theirs.isScene() || isBaseOther)
-        return fail(QStringLiteral("%1: it is %2 scene, %3 is %4")
-                        .arg(isBaseOther ? files.base : files.theirs,
-                             m_ours.isScene() ? QStringLiteral("no") : QStringLiteral("a"),
-                             files.ours,
-                             m_ours.isScene() ? QStringLiteral("one") : QStringLiteral("none")));
+    if (m_ours.isScene() != theirs.isScene() || isBaseOther) {
+        const QString &other = isBaseOther ? files.base : files.theirs;
+        return fail(
+            QStringLiteral("%1: it is a scene, %2 is none")
+                .arg(m_ours.isScene() ? files.ours : other, m_ours.isScene() ? other : files.ours));
+    }
     if (m_ours.isScene()
         && !m_ours.mergeScene(base, theirs, wanted == qxMergePreference::Theirs, scene))
         return fail(m_ours.errorString());
