@@ -1,9 +1,9 @@
+#include "Compare/qxDocumentDiff.h"
+#include "Merge/qxDocumentMerge.h"
+#include "Table/qxSetTable.h"
+#include "Table/qxSetTableReader.h"
 #include "qxBenchDocument.h"
-#include "qxDocumentDiff.h"
-#include "qxDocumentMerge.h"
 #include "qxDocumentXml.h"
-#include "qxSetTable.h"
-#include "qxSetTableReader.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
+#include "Compare/qxDocumentDiff.h"
+#include "Compare/qxLineDiff.h"
 #include "RandomDocument.h"
-#include "qxDocumentDiff.h"
 #include "qxDocumentXml.h"
-#include "qxLineDiff.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
+#include "Compare/qxDocumentPairs.h"
+#include "Merge/qxDocumentMerge.h"
 #include "PlainDocument.h"
 #include "RandomDocument.h"
 #include "TestFiles.h"
-#include "qxDocumentMerge.h"
-#include "qxDocumentPairs.h"
 #include "qxDocumentXml.h"
 
 #include <QJsonDocument>

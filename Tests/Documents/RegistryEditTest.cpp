@@ -4,10 +4,10 @@
 
 #include "HostFixture.h"
 #include "RandomDocument.h"
+#include "Registry/qxRegistryEdit.h"
 #include "qxDocumentXml.h"
 #include "qxMessage.h"
 #include "qxRegistryDocument.h"
-#include "qxRegistryEdit.h"
 
 class RegistryEditTest : public HostFixture {
 protected:

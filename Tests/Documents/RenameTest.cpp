@@ -1,6 +1,6 @@
-#include "qxDocumentRename.h"
+#include "Rename/qxDocumentRename.h"
+#include "Rename/qxScriptLiterals.h"
 #include "qxDocumentXml.h"
-#include "qxScriptLiterals.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "qxSceneDiff.h"
+#include "Compare/qxSceneDiff.h"
 
 #include <QJsonDocument>
 

@@ -6,7 +6,7 @@
 
 #include "Files/qxSceneFile.h"
 #include "HostFixture.h"
-#include "qxDocumentRepair.h"
+#include "Repair/qxDocumentRepair.h"
 #include "qxMaterials.h"
 #include "qxNames.h"
 #include "qxRegistryDocument.h"

@@ -1,7 +1,7 @@
 #include "RandomDocument.h"
+#include "Table/qxSetTable.h"
+#include "Table/qxSetTableReader.h"
 #include "qxDocumentXml.h"
-#include "qxSetTable.h"
-#include "qxSetTableReader.h"
 
 #include <gtest/gtest.h>
 

@@ -1,14 +1,14 @@
 // A variants document beside one of ours: compared, merged, written as a table, brought into the
 // registry.
 
+#include "Compare/qxDocumentDiff.h"
 #include "FuzzHost.h"
-#include "qxDocumentDiff.h"
-#include "qxDocumentMerge.h"
+#include "Merge/qxDocumentMerge.h"
+#include "Registry/qxRegistryEdit.h"
+#include "Table/qxSetTable.h"
+#include "Table/qxSetTableReader.h"
 #include "qxDocumentXml.h"
 #include "qxRegistryDocument.h"
-#include "qxRegistryEdit.h"
-#include "qxSetTable.h"
-#include "qxSetTableReader.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 // which the table is the same.
 
 #include "FuzzHost.h"
+#include "Table/qxSetTable.h"
+#include "Table/qxSetTableReader.h"
 #include "qxDocumentXml.h"
-#include "qxSetTable.h"
-#include "qxSetTableReader.h"
 
 namespace {
 

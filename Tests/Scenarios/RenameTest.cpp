@@ -3,12 +3,12 @@
 
 #include "Program.h"
 #include "RandomScene.h"
+#include "Registry/qxRegistryEdit.h"
+#include "Rename/qxSceneRename.h"
+#include "Repair/qxDocumentRepair.h"
 #include "Session/qxSession.h"
-#include "qxDocumentRepair.h"
 #include "qxExplanation.h"
 #include "qxRegistryDocument.h"
-#include "qxRegistryEdit.h"
-#include "qxSceneRename.h"
 #include "qxTestPaths.h"
 
 /// Renaming and repairing by the program, and what sets show before and after.

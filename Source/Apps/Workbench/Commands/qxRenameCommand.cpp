@@ -1,8 +1,8 @@
+#include "Rename/qxRegistryRename.h"
 #include "Report/qxOutput.h"
 #include "Session/qxEditedDocument.h"
 #include "qxCommand.h"
 #include "qxRegistryDocument.h"
-#include "qxRegistryRename.h"
 #include "qxSuggestions.h"
 
 #include <QCommandLineParser>

@@ -1,8 +1,8 @@
+#include "Repair/qxDocumentRepair.h"
 #include "Report/qxOutput.h"
 #include "Session/qxEditedDocument.h"
 #include "Session/qxFileVersion.h"
 #include "qxCommand.h"
-#include "qxDocumentRepair.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>

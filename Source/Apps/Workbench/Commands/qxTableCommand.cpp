@@ -3,10 +3,10 @@
 #include "Report/qxDiffReport.h"
 #include "Report/qxOutput.h"
 #include "Session/qxEditedDocument.h"
+#include "Table/qxSetTable.h"
+#include "Table/qxSetTableReader.h"
 #include "qxCommand.h"
 #include "qxDocumentXml.h"
-#include "qxSetTable.h"
-#include "qxSetTableReader.h"
 #include "qxStreams.h"
 
 #include <QCommandLineParser>

@@ -1,8 +1,8 @@
 #include "qxDiffPage.h"
 
+#include "Compare/qxLineDiff.h"
 #include "qxDiffWords.h"
 #include "qxHtmlWriter.h"
-#include "qxLineDiff.h"
 #include "qxPageStyle.h"
 #include "qxPreviewPicture.h"
 

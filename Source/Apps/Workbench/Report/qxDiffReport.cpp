@@ -1,8 +1,8 @@
 #include "qxDiffReport.h"
 
+#include "Compare/qxLineDiff.h"
 #include "Core/qxVisibleText.h"
 #include "qxDiffWords.h"
-#include "qxLineDiff.h"
 #include "qxOutput.h"
 
 #include <QJsonArray>

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Compare/qxDocumentDiff.h"
+#include "Compare/qxSceneDiff.h"
 #include "Session/qxFileComparison.h"
-#include "qxDocumentDiff.h"
-#include "qxSceneDiff.h"
 
 #include <QSize>
 

@@ -1,15 +1,15 @@
 #include "qxDocumentBindings.h"
 
+#include "Registry/qxRegistryEdit.h"
+#include "Rename/qxRegistryRename.h"
+#include "Repair/qxDocumentRepair.h"
 #include "Report/qxDiffReport.h"
 #include "Report/qxMergeReport.h"
 #include "Session/qxEditedDocument.h"
 #include "Session/qxFileMerge.h"
-#include "qxDocumentRepair.h"
+#include "Table/qxSetTable.h"
+#include "Table/qxSetTableReader.h"
 #include "qxRegistryDocument.h"
-#include "qxRegistryEdit.h"
-#include "qxRegistryRename.h"
-#include "qxSetTable.h"
-#include "qxSetTableReader.h"
 #include "qxText.h"
 
 #include <QJsonDocument>

@@ -1,10 +1,10 @@
 #include "Session/qxEditedDocument.h"
 
 #include "Commands/qxCommand.h"
+#include "Registry/qxRegistryEdit.h"
 #include "Report/qxOutput.h"
 #include "qxDocumentXml.h"
 #include "qxRegistryDocument.h"
-#include "qxRegistryEdit.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>

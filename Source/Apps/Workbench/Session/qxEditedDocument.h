@@ -1,9 +1,9 @@
 #pragma once
 
 #include "Files/qxDocumentFile.h"
+#include "Rename/qxRenames.h"
 #include "Session/qxSession.h"
 #include "qxDocument.h"
-#include "qxRenames.h"
 
 #include <QCommandLineOption>
 

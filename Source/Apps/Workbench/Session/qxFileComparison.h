@@ -1,7 +1,7 @@
 #pragma once
 
-#include "qxDocumentDiff.h"
-#include "qxSceneDiff.h"
+#include "Compare/qxDocumentDiff.h"
+#include "Compare/qxSceneDiff.h"
 
 /// What differs between two files, each a scene or a variants document alone.
 struct qxFileComparison {

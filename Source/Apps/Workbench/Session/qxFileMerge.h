@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Files/qxDocumentFile.h"
-#include "qxDocumentMerge.h"
+#include "Merge/qxDocumentMerge.h"
 
 /// The three-way merge of files, each a scene or a variants document alone.
 class qxFileMerge {

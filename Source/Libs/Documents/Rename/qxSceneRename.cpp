@@ -1,0 +1,331 @@
+#include "Rename/qxSceneRename.h"
+
+#include "Rename/qxDocumentPlaces.h"
+#include "qxDocumentIndex.h"
+#include "qxLights.h"
+#include "qxMaterialParts.h"
+#include "qxNames.h"
+#include "qxNodeWalk.h"
+#include "qxSceneLookup.h"
+#include "qxStateRules.h"
+#include "qxUberCameraPool.h"
+
+#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSwitch.h>
+
+#include <algorithm>
+
+using qxNames::nameOf;
+
+namespace {
+
+/// All materials of the scene, each once.
+std::vector<osg::MaterialPtr> allMaterials()
+{
+    std::vector<osg::MaterialPtr> open;
+    qxScenegraph::getMaterialPool()->get(open);
+    std::reverse(open.begin(), open.end());
+    std::vector<osg::MaterialPtr> materials;
+    QSet<osg::UInt32> known;
+    while (!open.empty()) {
+        const osg::MaterialPtr next = open.back();
+        open.pop_back();
+        if (next == osg::NullFC || known.contains(next.getFieldContainerId()))
+            continue;
+        known.insert(next.getFieldContainerId());
+        materials.push_back(next);
+        const std::vector<osg::MaterialPtr> parts = qxMaterialParts::of(next);
+        open.insert(open.end(), parts.rbegin(), parts.rend());
+    }
+    return materials;
+}
+
+std::vector<qxNodePtr> overlayNodes()
+{
+    std::vector<qxNodePtr> nodes = qxNodeUtils::getSubTreeNodes(qxOverlays::getPoolRoot());
+    if (!nodes.empty())
+        nodes.erase(nodes.begin());
+    return nodes;
+}
+
+/// The first child of that name; null for none, and for a node that is no switch.
+osg::NodePtr childOf(const osg::NodePtr &node, const QString &name)
+{
+    if (node == osg::NullFC || osg::SwitchPtr::dcast(node->getCore()) == osg::NullFC)
+        return osg::NodePtr();
+    const std::string wanted = qxText::toUtf8(name);
+    for (const osg::NodePtr &child : *node->getMFChildren()) {
+        if (qxNodeUtils::getName(child) == wanted)
+            return child;
+    }
+    return osg::NodePtr();
+}
+
+/// The first of that name in a switch material; null for none, and in another material.
+osg::MaterialPtr choiceOf(const qxSceneObject &object, const QString &name)
+{
+    if (object.switchMaterial == osg::NullFC)
+        return osg::MaterialPtr();
+    const std::string wanted = qxText::toUtf8(name);
+    for (const osg::MaterialPtr &each : object.switchMaterial->getMaterials()) {
+        if (qxMaterials::getName(each) == wanted)
+            return each;
+    }
+    return osg::MaterialPtr();
+}
+
+/// What is loaded as the part of a mesh keeps being one: its geometry has the name for it.
+bool isNamedByGeometry(const osg::NodePtr &node)
+{
+    return !osg::getName(node) && osg::GeometryPtr::dcast(node->getCore()) != osg::NullFC
+        && osg::getName(node->getCore());
+}
+
+/// Calls `visit` for every node of the scene with the hash of its path.
+template <class Visit>
+void walkPaths(const Visit &visit)
+{
+    typedef std::vector<std::pair<osg::NodePtr, quint64>> Places;
+    Places tops;
+    for (const osg::NodePtr &top : *qxScenegraph::getRoot()->getMFChildren())
+        tops.push_back({top, qxNames::EmptyPath});
+    const osg::NodePtr environment = qxScenegraph::environmentGeometrySwitch();
+    if (environment != osg::NullFC)
+        tops.push_back({environment, qxNames::EmptyPath});
+    qxWalkTree(tops, [&visit](const Places::value_type &place, Places &below) {
+        const quint64 path = qxNames::hashOf(qxNodeUtils::getName(place.first), place.second);
+        visit(place.first, path);
+        for (const osg::NodePtr &child : *place.first->getMFChildren())
+            below.push_back({child, qxNames::hashOf("/", path)});
+    });
+}
+
+template <class Container>
+osg::UInt32 idOf(const Container &container)
+{
+    return container.getFieldContainerId();
+}
+
+} // namespace
+
+qxSceneRename::qxSceneRename(const qxRenameRequest &request, const qxDocument &document)
+    : m_request(request)
+{
+    if (request.thing == qxRenameRequest::Option)
+        takeOption(document);
+    const std::string name = qxText::toUtf8(request.before);
+    switch (m_request.thing) {
+    case qxRenameRequest::Node:
+        for (const qxNodePtr &each : qxNodeUtils::getSceneNodes())
+            m_names += nameOf(each);
+        if (m_nodes.empty())
+            takeNodes(qxScenegraph::findNodes(name.c_str()));
+        break;
+    case qxRenameRequest::Overlay:
+        for (const qxNodePtr &each : overlayNodes())
+            m_names += nameOf(each);
+        if (m_nodes.empty())
+            takeNodes(qxOverlays::findOverlays(name.c_str()));
+        break;
+    case qxRenameRequest::Material:
+        for (const osg::MaterialPtr &each : allMaterials())
+            m_names += nameOf(each);
+        if (m_materials.empty())
+            takeMaterials(qxMaterials::findMaterials(name.c_str()));
+        break;
+    case qxRenameRequest::Viewpoint:
+        m_names = qxSceneLookup::viewpointNames();
+        takeViewpoints();
+        break;
+    case qxRenameRequest::TransformState:
+        takeStates();
+        break;
+    default:
+        break;
+    }
+}
+
+/// What the scene has for the option takes the place of the request.
+void qxSceneRename::takeOption(const qxDocument &document)
+{
+    const int at = qxDocumentIndex(document).variant(m_request.kind, m_request.owner);
+    if (at < 0)
+        return;
+    const qxVariantKind &kind = *m_request.kind;
+    const QString &base = document.variants[std::size_t(at)].base;
+    std::vector<qxNodePtr> children;
+    std::vector<osg::MaterialPtr> materials;
+    bool hasStates = false;
+    for (const qxSceneObject &each : kind.rule.objects(base)) {
+        const osg::NodePtr child = childOf(each.node, m_request.before);
+        const osg::MaterialPtr material = choiceOf(each, m_request.before);
+        if (child != osg::NullFC)
+            children.push_back(child);
+        if (material != osg::NullFC)
+            materials.push_back(material);
+        hasStates = hasStates || &kind == &qxVariantKinds::transform;
+    }
+    takeNodes(children);
+    takeMaterials(materials);
+    if (!m_nodes.empty())
+        m_request.thing =
+            &kind == &qxVariantKinds::overlay ? qxRenameRequest::Overlay : qxRenameRequest::Node;
+    else if (!m_materials.empty())
+        m_request.thing = qxRenameRequest::Material;
+    else if (hasStates)
+        m_request.thing = qxRenameRequest::TransformState;
+    m_request.owner = hasStates ? base : m_request.owner;
+}
+
+void qxSceneRename::takeNodes(const std::vector<qxNodePtr> &nodes)
+{
+    for (const qxNodePtr &each : nodes) {
+        if (m_ids.contains(idOf(each)))
+            continue;
+        m_ids.insert(idOf(each));
+        m_nodes.push_back(each);
+    }
+}
+
+void qxSceneRename::takeMaterials(const std::vector<osg::MaterialPtr> &materials)
+{
+    for (const osg::MaterialPtr &each : materials) {
+        if (m_ids.contains(idOf(each)))
+            continue;
+        m_ids.insert(idOf(each));
+        m_materials.push_back(each);
+    }
+}
+
+void qxSceneRename::takeViewpoints()
+{
+    const qxUberCameraPool &pool = *qxUberCameraPool::the();
+    for (int id = 0; id < pool.count(); ++id) {
+        if (qxText::fromUtf8(pool.get(id)->name) == m_request.before)
+            m_places.push_back({qxNodePtr(), id});
+    }
+}
+
+/// Only the names beside the state count as taken.
+void qxSceneRename::takeStates()
+{
+    const std::string wanted = qxText::toUtf8(m_request.before);
+    for (const qxNodePtr &node : qxNodeUtils::getSceneNodes()) {
+        if (!m_request.owner.isEmpty() && nameOf(node) != m_request.owner)
+            continue;
+        const int index = qxNodeUtils::getTransformVariantIndex(node, wanted);
+        if (index < 0)
+            continue;
+        m_places.push_back({node, index});
+        for (int i = 0; i < qxNodeUtils::getTransformVariantCount(node); ++i)
+            m_names += qxText::fromUtf8(qxNodeUtils::getTransformVariantName(node, i));
+    }
+}
+
+bool qxSceneRename::isTaken(const osg::NodePtr &node) const
+{
+    return node != osg::NullFC && m_ids.contains(idOf(node));
+}
+
+bool qxSceneRename::isStateOf(const qxDocumentVariant &variant) const
+{
+    for (const qxSceneObject &each : variant.kind->rule.objects(variant.base)) {
+        if (isTaken(childOf(each.node, m_request.before)))
+            return true;
+        const osg::MaterialPtr material = choiceOf(each, m_request.before);
+        if (material != osg::NullFC && m_ids.contains(idOf(material)))
+            return true;
+        if (m_request.thing == qxRenameRequest::TransformState
+            && qxNodeUtils::getTransformVariantIndex(each.node, qxText::toUtf8(m_request.before))
+                >= 0)
+            return true;
+    }
+    return false;
+}
+
+void qxSceneRename::notePaths() const
+{
+    walkPaths([this](const osg::NodePtr &node, quint64 path) { m_paths[path].push_back(node); });
+}
+
+QStringList qxSceneRename::pathsAfter(const QString &path) const
+{
+    if (m_paths.isEmpty())
+        notePaths();
+    const std::string wanted = qxText::toUtf8(path);
+    QStringList paths;
+    for (const osg::NodePtr &node : m_paths.value(qxNames::hashOf(wanted, qxNames::EmptyPath))) {
+        if (qxNames::pathOf(node) != wanted)
+            continue;
+        QStringList steps;
+        const osg::NodePtr root = qxScenegraph::getRoot();
+        for (osg::NodePtr at = node; at != osg::NullFC && at != root; at = at->getParent())
+            steps.prepend(isTaken(at) ? m_request.after : nameOf(at));
+        const QString after = steps.join(QLatin1Char('/'));
+        if (!paths.contains(after))
+            paths += after;
+    }
+    return paths;
+}
+
+/// Whether the scene keeps something of the old name.
+bool qxSceneRename::isPartial() const
+{
+    const std::string name = qxText::toUtf8(m_request.before);
+    switch (m_request.thing) {
+    case qxRenameRequest::Node:
+        return m_nodes.size() < qxScenegraph::findNodes(name.c_str()).size();
+    case qxRenameRequest::Overlay:
+        return m_nodes.size() < qxOverlays::findOverlays(name.c_str()).size();
+    case qxRenameRequest::Material:
+        return m_materials.size() < qxMaterials::findMaterials(name.c_str()).size();
+    default:
+        return false;
+    }
+}
+
+qxRenameScope qxSceneRename::scope() const
+{
+    qxRenameScope scope;
+    scope.names = m_names;
+    scope.isPartial = isPartial();
+    if (count() > 0)
+        scope.isStateOf = [this](const qxDocumentVariant &each) { return isStateOf(each); };
+    if (!m_nodes.empty() && m_request.thing == qxRenameRequest::Node)
+        scope.pathsAfter = [this](const QString &path) { return pathsAfter(path); };
+    return scope;
+}
+
+QString qxSceneRename::flaw() const
+{
+    for (const osg::MaterialPtr &each : m_materials) {
+        if (!qxMaterials::isEditable(each))
+            return QStringLiteral("the material \"%1\" is read-only").arg(nameOf(each));
+    }
+    const osg::NodePtr root = qxScenegraph::getRoot();
+    if (isTaken(root))
+        return QStringLiteral("\"%1\" is the root of the scene").arg(m_request.before);
+    return QString();
+}
+
+void qxSceneRename::apply() const
+{
+    const std::string name = qxText::toUtf8(m_request.after);
+    for (const qxNodePtr &each : m_nodes) {
+        if (!isNamedByGeometry(each)) {
+            qxNodeUtils::setName(each, name, false, osg::NullFC);
+            continue;
+        }
+        // Clones of it that are called otherwise have names of their own.
+        osg::setName(each->getCore(), name);
+    }
+    for (const osg::MaterialPtr &each : m_materials)
+        qxMaterials::setName(each, name.c_str(), true);
+    for (const Place &each : m_places) {
+        if (each.node != osg::NullFC)
+            qxNodeUtils::setTransformVariantName(each.node, each.index, name);
+        else
+            qxUberCameraPool::the()->rename(each.index, name);
+    }
+}
