@@ -13,8 +13,11 @@ template <class Thing>
 struct qxMergeField {
     QString field; ///< as qxFieldDifference has it
     QString entry; ///< likewise
+    /// Compares the field of two things.
     std::function<bool(const Thing &one, const Thing &other)> isSame;
+    /// What is told of it.
     std::function<QString(const Thing &thing)> text;
+    /// Copies it.
     std::function<void(Thing &to, const Thing &from)> assign;
 };
 
@@ -23,13 +26,14 @@ template <class Thing>
 struct qxMergeFork {
     /// Whether theirs has to be kept as well.
     bool isForked() const { return !conflicts.isEmpty(); }
+    /// The version that is taken; that of ours without a preference.
     const Thing &preferred(qxMergePreference preference) const
     {
         return preference == qxMergePreference::Theirs ? theirs : ours;
     }
 
-    Thing ours;
-    Thing theirs;
+    Thing ours; ///< with the version of ours of what is a conflict
+    Thing theirs; ///< with that of theirs
     QVector<qxMergeConflict> conflicts; ///< without the thing that they are about
 };
 
@@ -41,12 +45,14 @@ namespace qxMergeFields {
 template <class Thing>
 using Versions = qxMergeTriple<const Thing *>;
 
+/// All of a group but its name.
 const std::vector<qxMergeField<qxDocumentGroup>> &ofGroup();
-/// But for the group of a set.
+/// What a set has once, but for its name and its group.
 const std::vector<qxMergeField<qxDocumentSet>> &ofSet();
-/// But for the states of a variant.
+/// What a variant has once, but for its name.
 const std::vector<qxMergeField<qxDocumentVariant>> &ofVariant();
 
+/// Whether these fields are the same.
 template <class Thing>
 bool areSame(const Thing &one, const Thing &other, const std::vector<qxMergeField<Thing>> &fields)
 {
@@ -83,6 +89,7 @@ void merge(const qxMergeField<Thing> &field, const Versions<Thing> &versions,
     fork.conflicts.push_back(conflict);
 }
 
+/// Merges these fields; all else is that of ours.
 template <class Thing>
 qxMergeFork<Thing> merged(const Versions<Thing> &versions,
                           const std::vector<qxMergeField<Thing>> &fields)

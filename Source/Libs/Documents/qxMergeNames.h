@@ -8,6 +8,7 @@ class qxDocumentPairs;
 /// What the groups, sets, variants and states of three documents are called in the merged one.
 class qxMergeNames {
 public:
+    /// As they were read; none is null.
     typedef qxMergeTriple<const qxDocument *> Documents;
     /// Two names for one thing, or one name for two; see qxMergeThings::Clash.
     struct Clash {

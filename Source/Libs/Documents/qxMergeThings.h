@@ -11,6 +11,7 @@
 
 /// A thing as the three documents have it.
 struct qxMergeThing {
+    /// Whether that document has it.
     bool isIn(int side) const { return at[std::size_t(side)] >= 0; }
     /// The side that alone still has what base has; MergeBase for none.
     int onlySide() const;

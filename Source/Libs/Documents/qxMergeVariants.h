@@ -8,6 +8,7 @@
 /// Merges the variants of three documents.
 class qxMergeVariants {
 public:
+    /// As they were translated.
     typedef qxMergeTriple<qxDocument> Documents;
 
     /// Takes the documents as `names` has translated them. It refers to all of it.
