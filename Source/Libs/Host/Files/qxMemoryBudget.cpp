@@ -14,6 +14,15 @@ const qint64 _bytesPerElement = 1200;
 const qint64 _bytesPerAttribute = 600;
 const qint64 _bytesPerByte = 10;
 
+// As data sets take far more than anything else.
+const qint64 _bytesPerSetOfData = 1000;
+const qint64 _bytesPerElementOfData = 300;
+
+qint64 elementsIn(const QByteArray &xml)
+{
+    return xml.count('<') - xml.count("</");
+}
+
 qint64 &current()
 {
     static qint64 bytes = 2 * _gigabyte;
@@ -72,9 +81,16 @@ void qxMemoryBudget::take(const QString &owner, qint64 count, qint64 size)
 
 void qxMemoryBudget::takeDocument(const QByteArray &xml)
 {
-    const qint64 elements = xml.count('<') - xml.count("</");
     take(qxFileText::tr("the variants document"),
-         elements * _bytesPerElement + xml.count('=') * _bytesPerAttribute
+         elementsIn(xml) * _bytesPerElement + xml.count('=') * _bytesPerAttribute
+             + xml.size() * _bytesPerByte,
+         1);
+}
+
+void qxMemoryBudget::takeDocumentData(const QByteArray &xml)
+{
+    take(qxFileText::tr("the variants document"),
+         elementsIn(xml) * _bytesPerElementOfData + xml.count("<VariantSet") * _bytesPerSetOfData
              + xml.size() * _bytesPerByte,
          1);
 }
