@@ -2,14 +2,11 @@
 
 #include "Compare/qxDocumentPairs.h"
 #include "Compare/qxReferenceLookup.h"
+#include "qxFieldWords.h"
 
 #include <algorithm>
 
 namespace {
-
-const char *const nameFields[] = {"viewpoint", "animation", "geometry", "target"};
-const char *const inclusionNames[] = {"nodes", "materials", "lights", "environment", "view"};
-static_assert(std::size(nameFields) == qxNameLists && std::size(inclusionNames) == qxInclusions);
 
 QString wordOf(bool flag)
 {
@@ -131,10 +128,11 @@ void qxFieldDiff::set(const qxDocumentPairs &pairs, const qxDocumentSet &before,
         text("preview", QString::fromLatin1(before.preview), QString::fromLatin1(after.preview));
     references(pairs, before, after);
     for (int list = 0; list < qxNameLists; ++list)
-        names(nameFields[list], before.of(qxNameList(list)), after.of(qxNameList(list)));
+        names(qxFieldWords::of(qxNameList(list)), before.of(qxNameList(list)),
+              after.of(qxNameList(list)));
     for (int what = 0; what < qxInclusions; ++what)
         flag("include", before.includes(qxInclusion(what)), after.includes(qxInclusion(what)),
-             QLatin1String(inclusionNames[what]));
+             qxFieldWords::of(qxInclusion(what)));
     texts("snapshot", before.snapshots, after.snapshots);
     texts("value", before.values, after.values);
     // Of a set that comes or goes, settings of clipping that it does not change tell nothing.
@@ -179,7 +177,7 @@ void qxFieldDiff::references(const qxDocumentPairs &pairs, const qxDocumentSet &
     }
 }
 
-void qxFieldDiff::names(const char *field, const std::vector<qxDocumentText> &before,
+void qxFieldDiff::names(QLatin1String word, const std::vector<qxDocumentText> &before,
                         const std::vector<qxDocumentText> &after)
 {
     if (areSame(before, after))
@@ -187,7 +185,6 @@ void qxFieldDiff::names(const char *field, const std::vector<qxDocumentText> &be
     const auto nameIn = [](const std::vector<qxDocumentText> &list) {
         return [&list](int place) { return list[std::size_t(place)].text; };
     };
-    const QLatin1String word(field);
     for (const qxPairedEntry &entry : qxPairedEntries(pairingOf(before, after, textOf, textOf))) {
         if (entry.before < 0)
             add(word, qxDifferenceSort::Added, nameIn(after)(entry.after));

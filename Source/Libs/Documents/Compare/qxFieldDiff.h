@@ -38,7 +38,7 @@ public:
 private:
     void references(const qxDocumentPairs &pairs, const qxDocumentSet &before,
                     const qxDocumentSet &after);
-    void names(const char *field, const std::vector<qxDocumentText> &before,
+    void names(QLatin1String word, const std::vector<qxDocumentText> &before,
                const std::vector<qxDocumentText> &after);
     void texts(const char *field, const std::vector<qxDocumentText> &before,
                const std::vector<qxDocumentText> &after);

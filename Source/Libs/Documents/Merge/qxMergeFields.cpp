@@ -1,6 +1,7 @@
 #include "Merge/qxMergeFields.h"
 
 #include "Merge/qxMergeOrder.h"
+#include "qxFieldWords.h"
 
 #include <QHash>
 #include <QStringList>
@@ -78,12 +79,10 @@ std::vector<qxMergeField<qxDocumentSet>> setFields()
             "script", [](auto &set) -> auto & { return set.script.text; }),
         field<Set>(
             "preview", [](auto &set) -> auto & { return set.preview; })};
-    const char *const inclusions[qxInclusions] = {"nodes", "materials", "lights", "environment",
-                                                  "view"};
     for (std::size_t i = 0; i < qxInclusions; ++i) {
         fields.push_back(field<Set>(
             "include", [i](auto &set) -> auto & { return set.inclusions[i]; },
-            QString::fromLatin1(inclusions[i])));
+            qxFieldWords::of(qxInclusion(i))));
     }
     std::vector<qxClippingField> parts;
     for (const qxClippingField &each : qxClippingField::all()) {
@@ -238,124 +237,117 @@ void mergeList(const EntryList<Entry> &what, const SetVersions &versions,
 
 const EntryList<qxDocumentReference> &referenceList()
 {
-    static const EntryList<qxDocumentReference> list{
-        [](qxDocumentSet & set) -> auto &{return set.references;
+    typedef qxDocumentReference Entry;
+    static const EntryList<Entry> list{
+        &qxDocumentSet::references,
+        [](const Entry &entry) { return qMakePair(entry.kind, entry.variant); },
+        [](const Entry &entry) { return entry.state; }, QString()};
+    return list;
 }
-, [](const qxDocumentReference &entry) { return qMakePair(entry.kind, entry.variant); },
-    [](const qxDocumentReference &entry) { return entry.state; }, QString()
-};
-return list;
+
+EntryList<qxDocumentText> textList(const QString &field,
+                                   std::function<std::vector<qxDocumentText> &(qxDocumentSet &)> of)
+{
+    typedef qxDocumentText Entry;
+    const auto key = [](const Entry &entry) {
+        return qMakePair(static_cast<const qxVariantKind *>(nullptr), entry.text);
+    };
+    return {std::move(of), key, [](const Entry &entry) { return entry.more; }, field};
 }
 
 const std::vector<EntryList<qxDocumentText>> &textLists()
 {
     static const std::vector<EntryList<qxDocumentText>> lists = [] {
-        const auto key = [](const qxDocumentText &entry) {
-            return qMakePair(static_cast<const qxVariantKind *>(nullptr), entry.text);
-        };
-        const auto more = [](const qxDocumentText &entry) { return entry.more; };
         std::vector<EntryList<qxDocumentText>> all;
-        const char *const words[qxNameLists] = {"viewpoint", "animation", "geometry", "target"};
-        for (std::size_t i = 0; i < qxNameLists; ++i) {
-            all.push_back({[i](qxDocumentSet &set) -> auto & { return set.names[i];
+        for (int i = 0; i < qxNameLists; ++i) {
+            const auto list = qxNameList(i);
+            const auto of = [list](qxDocumentSet &set) { return std::ref(set.of(list)); };
+            all.push_back(textList(qxFieldWords::of(list), of));
         }
-        , key, more, QString::fromLatin1(words[i])});
-}
-        all.push_back({[](qxDocumentSet &set) -> auto & { return set.snapshots;
-        }
-        , key, more, QStringLiteral("snapshot")
-        });
-        all.push_back({[](qxDocumentSet &set) -> auto & { return set.values;
-        }
-        , key, more, QStringLiteral("value")
-        });
+        all.push_back(textList(QStringLiteral("snapshot"), &qxDocumentSet::snapshots));
+        all.push_back(textList(QStringLiteral("value"), &qxDocumentSet::values));
         return all;
-        }
-        ();
-        return lists;
-        }
+    }();
+    return lists;
+}
 
-        /// The orders of several kinds, or of keys, in one list came from two sides.
-        void settleOrders(qxDocumentSet &set)
-        {
-            const qxVariantKinds::List kinds = qxVariantKinds::referenceOrder().all();
-            const auto place = [&kinds](const qxDocumentReference &entry) {
-                return std::find(kinds.begin(), kinds.end(), entry.kind);
-            };
-            std::stable_sort(
-                set.references.begin(), set.references.end(),
-                [&](const auto &one, const auto &other) { return place(one) < place(other); });
-            for (auto *list : {&set.snapshots, &set.values}) {
-                std::sort(list->begin(), list->end(),
-                          [](const auto &one, const auto &other) { return one.text < other.text; });
-            }
-        }
+/// The orders of several kinds, or of keys, in one list came from two sides.
+void settleOrders(qxDocumentSet &set)
+{
+    const qxVariantKinds::List kinds = qxVariantKinds::referenceOrder().all();
+    const auto place = [&kinds](const qxDocumentReference &entry) {
+        return std::find(kinds.begin(), kinds.end(), entry.kind);
+    };
+    std::stable_sort(set.references.begin(), set.references.end(),
+                     [&](const auto &one, const auto &other) { return place(one) < place(other); });
+    for (auto *list : {&set.snapshots, &set.values}) {
+        std::sort(list->begin(), list->end(),
+                  [](const auto &one, const auto &other) { return one.text < other.text; });
+    }
+}
 
-        } // namespace
+} // namespace
 
-        const std::vector<qxMergeField<qxDocumentGroup>> &qxMergeFields::ofGroup()
-        {
-            typedef qxDocumentGroup Group;
-            static const std::vector<qxMergeField<Group>> fields{
-                field<Group>(
-                    "comment", [](auto &group) -> auto & { return group.comment; }),
-                field<Group>(
-                    "visible", [](auto &group) -> auto & { return group.isVisible; })};
-            return fields;
-        }
+const std::vector<qxMergeField<qxDocumentGroup>> &qxMergeFields::ofGroup()
+{
+    typedef qxDocumentGroup Group;
+    static const std::vector<qxMergeField<Group>> fields{
+        field<Group>(
+            "comment", [](auto &group) -> auto & { return group.comment; }),
+        field<Group>(
+            "visible", [](auto &group) -> auto & { return group.isVisible; })};
+    return fields;
+}
 
-        const std::vector<qxMergeField<qxDocumentSet>> &qxMergeFields::ofSet()
-        {
-            static const std::vector<qxMergeField<qxDocumentSet>> fields = setFields();
-            return fields;
-        }
+const std::vector<qxMergeField<qxDocumentSet>> &qxMergeFields::ofSet()
+{
+    static const std::vector<qxMergeField<qxDocumentSet>> fields = setFields();
+    return fields;
+}
 
-        const std::vector<qxMergeField<qxDocumentVariant>> &qxMergeFields::ofVariant()
-        {
-            typedef qxDocumentVariant Variant;
-            static const std::vector<qxMergeField<Variant>> fields{
-                field<Variant>(
-                    "base", [](auto &variant) -> auto & { return variant.base; }),
-                field<Variant>(
-                    "default", [](auto &variant) -> auto & { return variant.standard.text; })};
-            return fields;
-        }
+const std::vector<qxMergeField<qxDocumentVariant>> &qxMergeFields::ofVariant()
+{
+    typedef qxDocumentVariant Variant;
+    static const std::vector<qxMergeField<Variant>> fields{
+        field<Variant>(
+            "base", [](auto &variant) -> auto & { return variant.base; }),
+        field<Variant>(
+            "default", [](auto &variant) -> auto & { return variant.standard.text; })};
+    return fields;
+}
 
-        bool qxMergeFields::areSame(const qxDocumentSet &one, const qxDocumentSet &other)
-        {
-            return one.group == other.group && areSameEntries(one.references, other.references)
-                && std::equal(one.names.begin(), one.names.end(), other.names.begin(),
-                              [](const auto &list, const auto &others) {
-                                  return areSameEntries(list, others);
-                              })
-                && areSameEntries(one.snapshots, other.snapshots)
-                && areSameEntries(one.values, other.values) && areSame(one, other, ofSet());
-        }
+bool qxMergeFields::areSame(const qxDocumentSet &one, const qxDocumentSet &other)
+{
+    return one.group == other.group && areSameEntries(one.references, other.references)
+        && std::equal(
+               one.names.begin(), one.names.end(), other.names.begin(),
+               [](const auto &list, const auto &others) { return areSameEntries(list, others); })
+        && areSameEntries(one.snapshots, other.snapshots)
+        && areSameEntries(one.values, other.values) && areSame(one, other, ofSet());
+}
 
-        bool qxMergeFields::areAlike(qxDocumentSet one, qxDocumentSet other)
-        {
-            for (qxDocumentSet *set : {&one, &other}) {
-                std::sort(set->references.begin(), set->references.end(),
-                          [](const auto &each, const auto &its) {
-                              return qMakePair(each.kind, each.variant)
-                                  < qMakePair(its.kind, its.variant);
-                          });
-                for (auto &list : set->names) {
-                    std::sort(list.begin(), list.end(), [](const auto &each, const auto &its) {
-                        return each.text < its.text;
-                    });
-                }
-            }
-            return areSame(one, other);
+bool qxMergeFields::areAlike(qxDocumentSet one, qxDocumentSet other)
+{
+    for (qxDocumentSet *set : {&one, &other}) {
+        std::sort(set->references.begin(), set->references.end(),
+                  [](const auto &each, const auto &its) {
+                      return qMakePair(each.kind, each.variant) < qMakePair(its.kind, its.variant);
+                  });
+        for (auto &list : set->names) {
+            std::sort(list.begin(), list.end(),
+                      [](const auto &each, const auto &its) { return each.text < its.text; });
         }
+    }
+    return areSame(one, other);
+}
 
-        qxMergeFork<qxDocumentSet> qxMergeFields::merged(const Versions<qxDocumentSet> &versions)
-        {
-            qxMergeFork<qxDocumentSet> fork = merged(versions, ofSet());
-            mergeList(referenceList(), versions, fork);
-            for (const EntryList<qxDocumentText> &list : textLists())
-                mergeList(list, versions, fork);
-            settleOrders(fork.ours);
-            settleOrders(fork.theirs);
-            return fork;
-        }
+qxMergeFork<qxDocumentSet> qxMergeFields::merged(const Versions<qxDocumentSet> &versions)
+{
+    qxMergeFork<qxDocumentSet> fork = merged(versions, ofSet());
+    mergeList(referenceList(), versions, fork);
+    for (const EntryList<qxDocumentText> &list : textLists())
+        mergeList(list, versions, fork);
+    settleOrders(fork.ours);
+    settleOrders(fork.theirs);
+    return fork;
+}
