@@ -70,6 +70,19 @@ QString branch(const QString &pattern, const QString &action)
     return QStringLiteral("        %1) %2 ;;\n").arg(pattern, action);
 }
 
+/// The branches for the arguments of a command.
+QString argumentsOf(const qxCommand &command)
+{
+    QString branches;
+    const QStringList names = qxCommands::argumentsOf(command);
+    for (int i = 0; i < names.size(); ++i) {
+        const QString action = actionFor(qxValueKinds::ofArgument(command, names[i]), names[i]);
+        if (action != QLatin1String(nothing))
+            branches += branch(QStringLiteral("%1:%2").arg(command.name).arg(i), action);
+    }
+    return branches;
+}
+
 QString text()
 {
     QStringList names;
@@ -87,19 +100,12 @@ QString text()
             if (option.valueName().isEmpty())
                 continue;
             valued += name + QLatin1Char(':') + word;
-            values +=
-                branch(valued.last(),
-                       actionFor(qxValueKinds::of(option.valueName()), option.valueName())
-                           + QLatin1String("; return"));
+            values += branch(valued.last(),
+                             actionFor(qxValueKinds::of(option.valueName()), option.valueName())
+                                 + QLatin1String("; return"));
         }
         options += branch(name, QStringLiteral("_workbench_words '%1'").arg(words.join(' ')));
-        const QStringList places = qxCommands::argumentsOf(*command);
-        for (int i = 0; i < places.size(); ++i) {
-            const QString action =
-                actionFor(qxValueKinds::ofArgument(*command, places[i]), places[i]);
-            if (action != QLatin1String(nothing))
-                arguments += branch(QStringLiteral("%1:%2").arg(name).arg(i), action);
-        }
+        arguments += argumentsOf(*command);
     }
     return QString::fromUtf8(functions)
         + QStringLiteral(R"(    local commands='%1'

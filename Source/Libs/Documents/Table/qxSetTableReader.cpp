@@ -4,11 +4,11 @@
 
 #include "Table/qxCsv.h"
 #include "Table/qxSetTableColumn.h"
+#include "Table/qxSetTableText.h"
 #include "qxDocumentIndex.h"
 #include "qxSuggestions.h"
 
 #include <QHash>
-#include <QTextCodec>
 
 #include <algorithm>
 #include <numeric>
@@ -28,53 +28,6 @@ constexpr int FewOptions = 8;
 QString quoted(const QString &name)
 {
     return QLatin1Char('"') + name + QLatin1Char('"');
-}
-
-/// Why the bytes are no text in UTF-8; empty when they are one.
-QString flawOfBytes(const QByteArray &table)
-{
-    const QLatin1String advice("save the table as CSV in UTF-8");
-    if (table.startsWith("\xFF\xFE") || table.startsWith("\xFE\xFF"))
-        return QStringLiteral("it is text in UTF-16; %1").arg(advice);
-    if (table.contains('\0'))
-        return QStringLiteral("it holds a NUL, which no table does");
-    QTextCodec *const codec = QTextCodec::codecForName("UTF-8");
-    int line = 1;
-    for (int from = 0; from < table.size(); ++line) {
-        const int end = table.indexOf('\n', from);
-        const int next = end < 0 ? table.size() : end + 1;
-        QTextCodec::ConverterState state;
-        codec->toUnicode(table.constData() + from, next - from, &state);
-        if (state.invalidChars > 0 || state.remainingChars > 0)
-            return QStringLiteral("line %1 is no text in UTF-8; %2").arg(line).arg(advice);
-        from = next;
-    }
-    return QString();
-}
-
-bool isTitleOfSets(const QString &title)
-{
-    qxSetTableColumn column;
-    return qxSetTableColumn::find(title, column) && column.what == qxSetTableColumn::Set;
-}
-
-/// What separates the cells: with it the first row has a column for the names of sets, or at least
-/// the most columns.
-QChar separatorOf(const QString &text)
-{
-    QChar best = QLatin1Char(',');
-    std::pair<bool, std::size_t> most;
-    for (const char each : {',', ';', '\t'}) {
-        qxCsv::Reader header(text, QLatin1Char(each));
-        header.next();
-        const auto &titles = header.cells();
-        const bool hasSets = std::any_of(titles.begin(), titles.end(), isTitleOfSets);
-        if (std::make_pair(hasSets, titles.size()) <= most)
-            continue;
-        best = QLatin1Char(each);
-        most = {hasSets, titles.size()};
-    }
-    return best;
 }
 
 QString flawOfText(const QString &text)
@@ -109,7 +62,7 @@ struct ValueCells {
 class TableReader {
 public:
     TableReader(const QString &text, const qxDocument &document)
-        : m_before(document), m_index(document), m_rows(text, separatorOf(text))
+        : m_before(document), m_index(document), m_rows(text, qxSetTableText::separatorOf(text))
     {
         m_reading.document = document;
         for (const qxDocumentGroup &each : document.groups)
@@ -523,7 +476,7 @@ qxSetTableReader::Reading qxSetTableReader::read(const QByteArray &table,
                                                  const qxDocument &document)
 {
     Reading reading;
-    const QString flaw = flawOfBytes(table);
+    const QString flaw = qxSetTableText::flawOf(table);
     if (!flaw.isEmpty()) {
         reading.flaws.push_back({QString(), flaw});
         return reading;
