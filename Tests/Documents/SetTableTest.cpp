@@ -203,8 +203,13 @@ TEST(SetTableTest, AllFlawsAreToldAtOnceByCellWithWhatIsMeant)
               "A2: a quote stands in a cell without quotes; in quotes it is written twice\n"
               "A3: something stands behind its closing quote\n"
               "B4: its quote does not end\n");
-    EXPECT_EQ(flawsOf("Name;Comment\nCity;\n").substr(0, 40),
-              "A1: no column is called \"Name\"; there ar");
+    EXPECT_EQ(flawsOf("Price, node wheels,Sets\n"),
+              "A1: no column is called \"Price\"; did you mean \"value Price\"?\n"
+              "B1: no column is called \" node wheels\"; did you mean \"node Wheels\"?\n"
+              "C1: no column is called \"Sets\"; did you mean \"Set\"?\n"
+              ": no column of the first row is called \"Set\"\n");
+    EXPECT_EQ(flawsOf("Group,Set\n ,City\n,  \n"),
+              "A2: the group has no name\nB3: the set has no name\n");
     EXPECT_EQ(flawsOf(""), ": no column of the first row is called \"Set\"\n");
 }
 

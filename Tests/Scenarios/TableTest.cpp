@@ -64,7 +64,8 @@ TEST_F(TableTest, NothingIsWrittenAsLongAsACellIsWrong)
                    "workbench: WRONG: nothing is changed, because of 3 flaws\n")
             .replace("WRONG", wrong.toUtf8()));
     EXPECT_EQ(bytesOf(scene), before);
-    refused(1, {"table", deskAndDoor()}, "the scene holds no variants document");
+    refused(1, {"table", deskAndDoor()}, "no variants document; \"workbench create ");
+    refused(1, {"table", scene, "--in", "-", "--save", path("scene.xml")}, "is a scene, .gltf");
     refused(1, {"table", write("broken.xml", "<Variants><Set")}, "broken.xml: variants document");
     refused(1,
             {"table", scene, "--in", write("big.csv", "Set" + QByteArray(1500000, '\n')),

@@ -99,9 +99,14 @@ QStringList qxSuggestions::of(const QString &wanted, const QStringList &names)
 
 QString qxSuggestions::question(const QString &wanted, const QStringList &names)
 {
-    QStringList quoted = of(wanted, names);
-    if (quoted.isEmpty())
+    return question(of(wanted, names));
+}
+
+QString qxSuggestions::question(const QStringList &names)
+{
+    if (names.isEmpty())
         return QString();
+    QStringList quoted = names;
     for (QString &name : quoted)
         name = QLatin1Char('"') + name + QLatin1Char('"');
     const QString last = quoted.takeLast();

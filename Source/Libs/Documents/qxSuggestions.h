@@ -11,5 +11,7 @@ QStringList of(const QString &wanted, const QStringList &names);
 /// The same as a question to be put behind a reason, such as `; did you mean "Desk" or "Disk"?`;
 /// empty when nothing is near.
 QString question(const QString &wanted, const QStringList &names);
+/// The question for names that were found; empty for none.
+QString question(const QStringList &names);
 
 } // namespace qxSuggestions

@@ -46,9 +46,8 @@ _workbench() {
 const char nothing[] = "compopt +o default 2>/dev/null";
 
 /// How the shell completes a value that help calls like this.
-QString actionFor(const QString &name)
+QString actionFor(const qxValueKind &kind, const QString &name)
 {
-    const qxValueKind kind = qxValueKinds::of(name);
     const auto call = [](const char *function, const QString &words) {
         return QStringLiteral("_workbench_%1 '%2'").arg(QLatin1String(function), words);
     };
@@ -89,13 +88,17 @@ QString text()
                 continue;
             valued += name + QLatin1Char(':') + word;
             values +=
-                branch(valued.last(), actionFor(option.valueName()) + QLatin1String("; return"));
+                branch(valued.last(),
+                       actionFor(qxValueKinds::of(option.valueName()), option.valueName())
+                           + QLatin1String("; return"));
         }
         options += branch(name, QStringLiteral("_workbench_words '%1'").arg(words.join(' ')));
         const QStringList places = qxCommands::argumentsOf(*command);
         for (int i = 0; i < places.size(); ++i) {
-            if (actionFor(places[i]) != QLatin1String(nothing))
-                arguments += branch(QStringLiteral("%1:%2").arg(name).arg(i), actionFor(places[i]));
+            const QString action =
+                actionFor(qxValueKinds::ofArgument(*command, places[i]), places[i]);
+            if (action != QLatin1String(nothing))
+                arguments += branch(QStringLiteral("%1:%2").arg(name).arg(i), action);
         }
     }
     return QString::fromUtf8(functions)

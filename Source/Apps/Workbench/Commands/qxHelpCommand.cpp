@@ -63,11 +63,14 @@ void qxHelp::print(const qxCommand &command)
         about += QLatin1Char('\n') + QString::fromUtf8(command.details);
     parser.setApplicationDescription(about);
     for (const QString &argument : qxCommands::argumentsOf(command))
-        parser.addPositionalArgument(argument, QString::fromUtf8(qxValueKinds::of(argument).help));
+        parser.addPositionalArgument(
+            argument, QString::fromUtf8(qxValueKinds::ofArgument(command, argument).help));
     parser.addOptions(qxCommands::optionsOf(command));
     const QString text = parser.helpText();
+    const QStringList call =
+        QStringList{QLatin1String(command.name)} + qxCommands::argumentsOf(command);
     qxOutput::line(
-        QStringLiteral("Usage: workbench %1 %2 [options]").arg(command.name, command.arguments));
+        QStringLiteral("Usage: workbench %1 [options]").arg(call.join(QLatin1Char(' '))));
     qxOutput::text(text.mid(text.indexOf(QLatin1Char('\n')) + 1));
 }
 

@@ -94,7 +94,8 @@ QString pageOf(const qxCommand &command)
     if (!arguments.isEmpty())
         text += section("ARGUMENTS");
     for (const QString &argument : arguments)
-        text += entry(call(argument), QString::fromUtf8(qxValueKinds::of(argument).help));
+        text += entry(call(argument),
+                      QString::fromUtf8(qxValueKinds::ofArgument(command, argument).help));
     return text + endOf(qxCommands::optionsOf(command), QStringLiteral(".BR workbench (1)"));
 }
 

@@ -1,6 +1,7 @@
 #include "Report/qxMergeReport.h"
 #include "Report/qxOutput.h"
 #include "Session/qxFileMerge.h"
+#include "Session/qxMemoryLimit.h"
 #include "qxCommand.h"
 
 #include <QCommandLineParser>
@@ -22,7 +23,7 @@ QList<QCommandLineOption> mergeOptions()
             {QStringLiteral("label"),
              QStringLiteral("Calls the file NAME in the list of conflicts."),
              QStringLiteral("NAME")},
-            qxCommands::jsonOption()};
+            qxCommands::jsonOption(), qxMemoryLimit::option()};
 }
 
 int runMerge(const QCommandLineParser &parser)
@@ -61,5 +62,5 @@ const qxCommand qxCommands::merge = {
     runMerge,
     "The files are scenes, or variants documents without one. What both sides changed differently "
     "is listed, and both versions are written: theirs as a second set, variant or group, called "
-    "NAME (theirs); of all else in the scene ours stays. The exit code is 0 when nothing is open, "
+    "NAME (theirs); in all else of the scene ours is taken where both differ. The exit code is 0 when nothing is open, "
     "1 when there are such conflicts, 2 when nothing could be written."};

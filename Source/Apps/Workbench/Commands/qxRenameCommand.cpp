@@ -144,8 +144,6 @@ const qxCommand qxCommands::rename = {
     4,
     renameOptions,
     runRename,
-    "FILE may be a variants document without a scene, too. KIND is group, set, option, node, "
-    "light, "
-    "overlay, material, viewpoint or transform-state; node-variant, material-variant, "
-    "light-variant, overlay-variant or transform-variant; and node-option and its like where "
-    "several kinds of variants have the option."};
+    "KIND is group, set, option, node, light, overlay, material, viewpoint or transform-state; "
+    "node-variant, material-variant, light-variant, overlay-variant or transform-variant; and "
+    "node-option and its like where several kinds of variants have the option."};

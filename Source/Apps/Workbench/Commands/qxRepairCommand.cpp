@@ -184,7 +184,7 @@ QList<QCommandLineOption> repairOptions()
              QStringLiteral("An earlier version of FILE: a file, or a revision of git such as "
                             "HEAD~1."),
              QStringLiteral("VERSION")},
-            qxEditedDocument::saveOption(),
+            qxCommands::saveOption(),
             qxCommands::jsonOption(),
             qxCommands::traceOption()};
 }
@@ -205,5 +205,4 @@ const qxCommand qxCommands::repair = {
     repairOptions,
     runRepair,
     "Nothing is changed without --apply or --choose. The exit code is 1 when something is left "
-    "that "
-    "does not work."};
+    "that does not work."};

@@ -43,7 +43,7 @@ QList<QCommandLineOption> tableOptions()
 /// Says so when there is not.
 bool hasRoom(const QString &name, qint64 bytes)
 {
-    const qint64 limit = std::min(qxMemoryBudget::limit(), qint64(INT_MAX));
+    const qint64 limit = qxMemoryBudget::limit();
     if (bytes <= limit)
         return true;
     qxOutput::error(
@@ -60,7 +60,9 @@ bool load(const QString &path, qxDocumentFile &file, qxDocument &document)
     if (!file.load(path))
         reason = file.errorString();
     else if (file.isScene() && file.document().isEmpty())
-        reason = QStringLiteral("%1: the scene holds no variants document").arg(path);
+        reason = QStringLiteral("%1: the scene holds no variants document; \"workbench create %1 "
+                                "--save OUT\" makes variants of what can vary in it")
+                     .arg(path);
     else
         return qxEditedDocument::read(path, file.document(), document);
     qxOutput::error(reason);
@@ -87,6 +89,8 @@ int exportTable(const QCommandLineParser &parser)
         return WorkFailed;
     const QString out = parser.isSet(QStringLiteral("out")) ? parser.value(QStringLiteral("out"))
                                                             : QStringLiteral("-");
+    if (qxSetTable::mostBytes(document) > INT_MAX)
+        return qxCommands::fail(QStringLiteral("%1: a table of more than 2 GB").arg(path));
     return qxStreams::write(out, qxSetTable::write(document, form)) ? Success : WorkFailed;
 }
 
@@ -141,7 +145,7 @@ int importTable(const QCommandLineParser &parser)
     qxDocumentFile file;
     qxDocument document;
     if (!qxStreams::read(in, table) || !hasRoom(in, qxSetTableReader::mostMemory(table))
-        || !load(path, file, document))
+        || !load(path, file, document) || !qxEditedDocument::maySave(file, parser))
         return WorkFailed;
     const qxSetTableReader::Reading reading = qxSetTableReader::read(table, document);
     if (!reading.flaws.empty())
@@ -176,4 +180,4 @@ const qxCommand qxCommands::table = {
     1,
     tableOptions,
     runTable,
-    "FILE may also be a variants document alone. Nothing is written when a cell is wrong."};
+    "Nothing is written when a cell is wrong; all that is wrong is told at once."};

@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace {
 
 const qxValueKind valueKinds[] = {
@@ -98,6 +100,16 @@ qxValueKind qxValueKinds::of(const QString &name)
             return kind;
     }
     return {"", nullptr, qxValueKind::Word, ""};
+}
+
+qxValueKind qxValueKinds::ofArgument(const qxCommand &command, const QString &name)
+{
+    const QList<QCommandLineOption> options = command.options();
+    const bool takesDocuments =
+        std::any_of(options.begin(), options.end(), [](const QCommandLineOption &option) {
+            return option.valueName() == QLatin1String("SCENE|XML");
+        });
+    return of(takesDocuments && name == QLatin1String("FILE") ? QStringLiteral("BEFORE") : name);
 }
 
 int qxValueKinds::checkFile(const QString &name)

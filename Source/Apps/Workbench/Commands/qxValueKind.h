@@ -25,6 +25,9 @@ namespace qxValueKinds {
 /// What help calls like this, brackets and dots aside; a word without any help when it is unknown.
 qxValueKind of(const QString &name);
 
+/// What an argument of the command is: FILE may be a document where one may be saved.
+qxValueKind ofArgument(const qxCommand &command, const QString &name);
+
 /// Checks the outputs that the options name, before any work is done. Returns Success, or the exit
 /// code after explaining on standard error why one cannot be written.
 int checkOutputs(const qxCommand &command, const QCommandLineParser &parser);

@@ -47,17 +47,17 @@ bool qxEditedDocument::open(const QString &path)
     return true;
 }
 
-bool qxEditedDocument::maySave(const QCommandLineParser &parser) const
+bool qxEditedDocument::maySave(const qxDocumentFile &file, const QCommandLineParser &parser)
 {
     const QString out = parser.value(QStringLiteral("save"));
     const QString suffix = QFileInfo(out).suffix().toLower();
     const bool isSceneName = suffix == QLatin1String("gltf") || suffix == QLatin1String("glb");
-    if (out.isEmpty() || isSceneName == isScene())
+    if (out.isEmpty() || isSceneName == file.isScene())
         return true;
     qxOutput::error(QStringLiteral("%1: what is saved there is %2")
                         .arg(out,
-                             isScene() ? QStringLiteral("a scene, .gltf or .glb")
-                                       : QStringLiteral("a document without a scene")));
+                             file.isScene() ? QStringLiteral("a scene, .gltf or .glb")
+                                            : QStringLiteral("a document without a scene")));
     return false;
 }
 

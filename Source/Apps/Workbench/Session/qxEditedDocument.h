@@ -28,8 +28,11 @@ public:
     bool isScene() const { return m_file.isScene(); }
     /// The option for save: the scene or the document that is written.
     static QCommandLineOption saveOption();
-    /// Whether the value of --save is a name for what was opened.
-    bool maySave(const QCommandLineParser &parser) const;
+    ///@{
+    /// Whether the value of --save, if there is one, is a name for what was opened.
+    static bool maySave(const qxDocumentFile &file, const QCommandLineParser &parser);
+    bool maySave(const QCommandLineParser &parser) const { return maySave(m_file, parser); }
+    ///@}
     /// Saves if --save was given; the registry gets what the document holds now. Returns the exit
     /// code.
     int saveIfAsked(const QCommandLineParser &parser, const qxRenames &renames = {});

@@ -123,14 +123,15 @@ bool qxGitSetup::readAttributes()
     for (const QString &line : QString::fromUtf8(old).split(QLatin1Char('\n')))
         known += patternOf(line);
     QByteArray added;
+    const QString shown = m_isGlobal ? m_attributes : QDir().relativeFilePath(m_attributes);
     for (const char *const pattern : patterns) {
         const QString name = QLatin1String(pattern);
         const QString line = QStringLiteral("%1 merge=%2 diff=%2").arg(name, driver);
         if (known.contains(name)) {
-            m_report += QStringLiteral("%1: has a line for %2").arg(m_attributes, name);
+            m_report += QStringLiteral("%1: has a line for %2").arg(shown, name);
             continue;
         }
-        m_report += QStringLiteral("%1: + %2").arg(m_attributes, line);
+        m_report += QStringLiteral("%1: + %2").arg(shown, line);
         added += line.toUtf8() + '\n';
     }
     if (!added.isEmpty())

@@ -154,6 +154,7 @@ private:
     bool mayDrop(int place, const QString &before);
     void fault(int place, const QString &reason);
     QString near(const QString &wanted, const QStringList &names) const;
+    QString nearTitle(const QString &wanted);
     void settle();
 
     const qxDocument &m_before;
@@ -170,6 +171,7 @@ private:
     /// Of the sets, for their order in their groups: 0 for one that stays there, else its row.
     std::vector<int> m_ranks;
     std::optional<QHash<EntryKey, QSet<QString>>> m_knownStates;
+    std::vector<qxSetTableColumn> m_known; ///< those of the document, once they were asked for
 };
 
 void TableReader::readTitles()
@@ -191,10 +193,13 @@ void TableReader::readTitle(const QString &title, int place)
     Column &column = m_columns.back();
     QString flaw;
     if (!qxSetTableColumn::find(title, column.meaning)) {
-        flaw = QStringLiteral("no column is called %1; there are %2, and those for variants and "
-                              "values, which begin with %3")
-                   .arg(quoted(title), qxSetTableColumn::words().join(QLatin1String(", ")),
-                        qxSetTableColumn::prefixes().join(QLatin1String(", ")));
+        QString hint = nearTitle(title);
+        if (hint.isEmpty())
+            hint = QStringLiteral("; there are %1, and those for variants and values, which begin "
+                                  "with %2")
+                       .arg(qxSetTableColumn::words().join(QLatin1String(", ")),
+                            qxSetTableColumn::prefixes().join(QLatin1String(", ")));
+        flaw = QStringLiteral("no column is called %1").arg(quoted(title)) + hint;
     } else if (int &known = placeOf(column.meaning); known >= 0) {
         flaw = QStringLiteral("the column %1 stands in %2 already")
                    .arg(quoted(title), qxCsv::cellName(m_rows.row(), known));
@@ -287,7 +292,8 @@ int TableReader::placeOfSet()
 {
     const int place = m_placeOf[qxSetTableColumn::Set];
     const QString name = textAt(place);
-    if (name.isEmpty()) {
+    const int there = m_index.set(name);
+    if (there < 0 && name.trimmed().isEmpty()) {
         fault(place, QStringLiteral("the set has no name"));
         return -1;
     }
@@ -299,7 +305,6 @@ int TableReader::placeOfSet()
         return -1;
     }
     m_rowsOfSets.insert(name, m_rows.row());
-    const int there = m_index.set(name);
     if (there >= 0)
         return there;
     m_reading.document.sets.emplace_back();
@@ -320,6 +325,8 @@ void TableReader::readGroup(std::size_t set)
         return;
     int wanted = name.isEmpty() ? -1 : m_groups.value(name, int(groups.size()));
     if (wanted == int(groups.size())) {
+        if (name.trimmed().isEmpty())
+            return fault(place, QStringLiteral("the group has no name"));
         groups.emplace_back();
         groups.back().name = name;
         m_groups.insert(name, wanted);
@@ -457,6 +464,25 @@ QString TableReader::near(const QString &wanted, const QStringList &names) const
                                                     : QString();
 }
 
+/// The question for a column: many leave out the word in front of a name.
+QString TableReader::nearTitle(const QString &wanted)
+{
+    if (m_reading.flaws.size() >= MostSuggestions)
+        return QString();
+    if (m_known.empty())
+        m_known = qxSetTableColumn::of(m_before);
+    const QString title = wanted.trimmed();
+    const bool hasWord = title.contains(QLatin1Char(' '));
+    QMultiHash<QString, QString> titles;
+    for (const qxSetTableColumn &each : m_known)
+        titles.insert(hasWord || each.name.isEmpty() ? each.title() : each.name, each.title());
+    QStringList found;
+    for (const QString &name : qxSuggestions::of(title, titles.uniqueKeys()))
+        found += titles.values(name);
+    found.sort();
+    return qxSuggestions::question(found);
+}
+
 /// Brings the sets that came or moved behind the others of their groups, in the order of their
 /// rows.
 void TableReader::settle()
@@ -480,9 +506,17 @@ qint64 qxSetTableReader::mostMemory(const QByteArray &table)
     constexpr qint64 bytesPerSet = 1500;
     constexpr qint64 bytesPerEntry = 200;
     constexpr qint64 bytesPerByte = 12;
-    const qint64 rows = 1 + table.count('\n') + table.count('\r');
-    const qint64 cells = rows + table.count(',') + table.count(';') + table.count('\t');
-    return rows * bytesPerSet + cells * bytesPerEntry + table.size() * bytesPerByte;
+    const auto isBreak = [](char each) { return each == '\n' || each == '\r'; };
+    qint64 rows = 1;
+    qint64 entries = 0;
+    bool isAtCell = true;
+    for (const char each : table) {
+        const bool isEnd = isBreak(each) || each == ',' || each == ';' || each == '\t';
+        rows += isBreak(each);
+        entries += isAtCell && !isEnd;
+        isAtCell = isEnd;
+    }
+    return rows * bytesPerSet + entries * bytesPerEntry + table.size() * bytesPerByte;
 }
 
 qxSetTableReader::Reading qxSetTableReader::read(const QByteArray &table,
