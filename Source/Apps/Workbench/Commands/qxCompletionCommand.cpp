@@ -87,10 +87,9 @@ QString text()
             if (option.valueName().isEmpty())
                 continue;
             valued += name + QLatin1Char(':') + word;
-            values +=
-                branch(valued.last(),
-                       actionFor(qxValueKinds::of(option.valueName()), option.valueName())
-                           + QLatin1String("; return"));
+            values += branch(valued.last(),
+                             actionFor(qxValueKinds::of(option.valueName()), option.valueName())
+                                 + QLatin1String("; return"));
         }
         options += branch(name, QStringLiteral("_workbench_words '%1'").arg(words.join(' ')));
         const QStringList places = qxCommands::argumentsOf(*command);

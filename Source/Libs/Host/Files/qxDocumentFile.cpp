@@ -128,7 +128,7 @@ std::unique_ptr<qxDocumentFile::Content> qxDocumentFile::Content::load(const QSt
     const QString flaw = flawOf(content->document);
     if (!flaw.isEmpty())
         throw qxGltfError(qxFileText::tr("the variants document cannot be read: %1").arg(flaw));
-    qxMemoryBudget(content->budget).takeDocument(content->document);
+    qxMemoryBudget(content->budget).takeDocumentData(content->document);
     return content;
 }
 

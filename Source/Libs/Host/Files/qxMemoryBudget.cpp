@@ -14,6 +14,16 @@ const qint64 _bytesPerElement = 1200;
 const qint64 _bytesPerAttribute = 600;
 const qint64 _bytesPerByte = 10;
 
+// The same of those that become nothing but a qxDocument.
+const qint64 _dataPerSet = 600;
+const qint64 _dataPerElement = 400;
+const qint64 _dataPerByte = 8;
+
+qint64 elementsOf(const QByteArray &xml)
+{
+    return xml.count('<') - xml.count("</");
+}
+
 qint64 &current()
 {
     static qint64 bytes = 2 * _gigabyte;
@@ -72,9 +82,16 @@ void qxMemoryBudget::take(const QString &owner, qint64 count, qint64 size)
 
 void qxMemoryBudget::takeDocument(const QByteArray &xml)
 {
-    const qint64 elements = xml.count('<') - xml.count("</");
     take(qxFileText::tr("the variants document"),
-         elements * _bytesPerElement + xml.count('=') * _bytesPerAttribute
+         elementsOf(xml) * _bytesPerElement + xml.count('=') * _bytesPerAttribute
              + xml.size() * _bytesPerByte,
+         1);
+}
+
+void qxMemoryBudget::takeDocumentData(const QByteArray &xml)
+{
+    take(qxFileText::tr("the variants document"),
+         xml.count("<VariantSet") * _dataPerSet + elementsOf(xml) * _dataPerElement
+             + xml.size() * _dataPerByte,
          1);
 }

@@ -29,6 +29,8 @@ public:
     void take(const QString &owner, qint64 count, qint64 size);
     /// The same for what reading and checking a variants document needs.
     void takeDocument(const QByteArray &xml);
+    /// The same for what reading it as a qxDocument alone needs.
+    void takeDocumentData(const QByteArray &xml);
     /// Gives back memory that was needed temporarily.
     void giveBack(qint64 bytes) { m_left += bytes; }
 
