@@ -15,7 +15,11 @@ namespace {
 
 typedef qxMergePreference Prefer;
 
+#ifdef __SANITIZE_ADDRESS__ // takes many times as long
+const unsigned rounds = 1000;
+#else
 const unsigned rounds = 10000;
+#endif
 
 /// Base and what two sides made of it.
 struct Sides {

@@ -19,7 +19,7 @@ QStringList differences(const QByteArray &before, const QByteArray &after)
     QStringList result;
     for (const qxSceneDifference &each : qxSceneDiff::of(parsed(before), parsed(after)))
         result +=
-            QString("%1%2 %3").arg(QChar("+-~"[int(each.sort)]), each.what, each.names.join(' '));
+            QString("%1%2 %3").arg(QChar("+-~>="[int(each.sort)]), each.what, each.names.join(' '));
     return result;
 }
 
@@ -62,6 +62,10 @@ TEST(SceneDiffTest, ThingsAreComparedByNameWhereverTheyStand)
         {{{"wrapS\": 1", "wrapS\": 2"}}, {"~material Rubber"}},
         {{{"a.png", "b.png"}}, {"~image Profile"}},
         {{{"\"Sun\"", "\"Moon\""}}, {"+light Moon", "-light Sun"}},
+        {{{"\"Wheel\"", "\"Rim\""}, {"\"Rubber\"", "\"Wood\""}, {"\"Turn\"", "\"Roll\""}},
+         {"=node Rim", "=material Wood", "=animation Roll"}},
+        {{{"\"Car\"", "\"Wheel\""}, {"\"Wheel\", \"mesh", "\"Car\", \"mesh"}},
+         {"~scene Show", "~node Wheel Car", "~animation Turn"}},
         {{{"\"name\": \"Wheel\", ", ""}},
          {"~node Car", "+node ", "-node Wheel", "~animation Turn"}},
         {{{"\"scene\": 0", "\"extras\": {\"a\": 1}"}}, {"+extra a", "-member scene"}},

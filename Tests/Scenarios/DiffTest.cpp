@@ -104,7 +104,12 @@ TEST_F(DiffTest, APageHasBothPicturesAndNothingThatAFileCouldPutThere)
 {
     const QString green = write("green.xml", bytesOf(edited).replace(red, preview(30, Qt::green)));
     const QString broken = write("broken.xml", bytesOf(edited).replace(red, "QUJD"));
-    for (const auto &[other, pictures] : {std::pair(green, 2), {broken, 1}, {plain, 1}}) {
+    const QString renamed = write("renamed.xml",
+                                  bytesOf(edited)
+                                      .replace("Night &lt;b&gt;", "Day")
+                                      .replace("state=\"!Enable\"", "state=\"!Disable\""));
+    for (const auto &[other, pictures] :
+         {std::pair(green, 2), {broken, 1}, {plain, 1}, {renamed, 0}}) {
         exits(1, {"diff", edited, other, "--html", path("page.html")});
         const QByteArray page = bytesOf(path("page.html"));
         EXPECT_EQ(page.count("src=\"data:image/png;base64,"), pictures) << other.toStdString();
@@ -114,19 +119,23 @@ TEST_F(DiffTest, APageHasBothPicturesAndNothingThatAFileCouldPutThere)
             EXPECT_TRUE(xml.name() != "script");
         }
         EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
-        EXPECT_EQ(page.contains("Night &lt;b&gt;"), other == plain);
+        EXPECT_EQ(page.contains("Night &lt;b&gt;"), other == plain || other == renamed);
     }
 }
 
 TEST_F(DiffTest, TheRestOfScenesCountsAsWell)
 {
-    const QString other = write(
-        "other.gltf", bytesOf(desk()).replace("{\"name\": \"Chair\"", "{\"name\": \"Stool\""));
+    const QString other =
+        write("other.gltf",
+              bytesOf(desk())
+                  .replace("{\"name\": \"Chair\"", "{\"name\": \"Stool\"")
+                  .replace("\"cameras\": [", "\"materials\": [{}, {}], \"cameras\": ["));
     const ProgramRun run = exits(1, {"diff", desk(), other});
-    EXPECT_TRUE(run.out.contains(
-        "Rest of the scene\n  ~ scene \"Office\"\n  + node \"Stool\"\n  - node \"Chair\"\n"))
+    EXPECT_TRUE(run.out.contains("Rest of the scene\n  ~ node \"Stool\" (it was \"Chair\")\n"
+                                 "  + material without a name (2 times)\n"))
         << run.out.toStdString();
-    EXPECT_EQ(exits(1, {"diff", desk(), other, "--json"}).object()["scene"].toArray().size(), 3);
+    EXPECT_EQ(exits(1, {"diff", desk(), other, "--json"}).object()["scene"][0]["oldNames"][0],
+              "Chair");
     done({"diff", plain, other}); // a document has no scene
 }
 

@@ -115,6 +115,11 @@ TEST_F(MergeScenario, WhatIsNoDocumentIsRefusedAndTheTargetStays)
             refused(2, QStringList("merge") + files + QStringList{"--out", target}, reason);
     }
     refused(2, {"merge", whole, whole, whole}, "merge needs --out");
+    const QString large =
+        write("large.xml", document(QByteArray("<NodeVariant name='a' base='b'/>").repeated(2500)));
+    done({"diff", large, large, "--memory-limit", "2MB"});
+    refused(2, {"merge", large, large, large, "--out", target, "--memory-limit", "1MB"},
+            "the variants document: 1.60");
     EXPECT_EQ(bytesOf(target), "valuable");
 }
 
@@ -162,16 +167,18 @@ protected:
 TEST_F(GitScenario, TwoPeopleWorkOnVariants)
 {
     const QString attributes = path("work tree/.gitattributes");
-    write("work tree/.gitattributes", "*.glb binary\n*.png binary");
+    const QByteArray own = "*.glb binary\r\n*.gltf text\r\n*.png binary";
+    write("work tree/.gitattributes", own);
     done({"git-setup", "--dry-run"});
-    EXPECT_EQ(bytesOf(attributes), "*.glb binary\n*.png binary");
+    EXPECT_EQ(bytesOf(attributes), own);
     EXPECT_FALSE(git(0, {"config", "--list", "--local"}).contains("qxvariants"));
     done({"git-setup"});
     const QByteArray written = bytesOf(attributes);
     const QByteArray config = git(0, {"config", "--list", "--local"});
     EXPECT_EQ(written,
-              "*.glb binary\n*.png binary\n*.gltf merge=qxvariants diff=qxvariants\n"
-              "*.variants.xml merge=qxvariants diff=qxvariants\n");
+              own
+                  + "\r\n*.gltf merge=qxvariants diff=qxvariants\r\n"
+                    "*.variants.xml merge=qxvariants diff=qxvariants\r\n");
     EXPECT_FALSE(done({"git-setup"}).out.contains("+ "));
     EXPECT_EQ(bytesOf(attributes), written);
     EXPECT_EQ(git(0, {"config", "--list", "--local"}), config);
@@ -211,4 +218,21 @@ TEST_F(GitScenario, TwoPeopleWorkOnVariants)
     EXPECT_EQ(names(bytesOf(alone)), "Red\nRed (theirs)");
     EXPECT_EQ(names(documentOf(desk)), "Red\nRed (theirs)");
     EXPECT_TRUE(git(0, {"status", "--short"}).contains("UU all.variants.xml"));
+}
+
+TEST_F(GitScenario, WhatCannotBeReadIsAConflictAndOtherFilesAreShown)
+{
+    done({"git-setup"});
+    commit(set("Red"), "Lamp");
+    git(0, {"checkout", "--quiet", "-b", "theirs"});
+    commit(set("Red") + set("Blue"), "Lamp");
+    git(0, {"checkout", "--quiet", "ours"});
+    const QByteArray torn = document("<Torn");
+    const QString file = write("work tree/all.variants.xml", torn);
+    write("work tree/cars/desk.gltf", scene(set("Red", "new")));
+    const QByteArray diff = git(0, {"diff"});
+    EXPECT_TRUE(diff.contains('+' + torn) && diff.contains("+ comment: new")) << diff.constData();
+    git(0, {"commit", "--quiet", "--all", "--message", "torn"});
+    EXPECT_TRUE(git(1, {"merge", "theirs"}).contains("all.variants.xml (ours): variants document"));
+    EXPECT_EQ(bytesOf(file), torn);
 }

@@ -1,6 +1,5 @@
 #include "qxDocumentXml.h"
 
-#include "Internal/Document/qxDocumentElements.h"
 #include "Internal/Document/qxDocumentGuard.h"
 #include "Internal/Document/qxDocumentParser.h"
 #include "Internal/Document/qxDocumentPrint.h"
@@ -51,5 +50,5 @@ qxDocument qxDocumentXml::read(const QByteArray &xml, const qxDocument::FlawList
 QByteArray qxDocumentXml::write(const qxDocument &document)
 {
     const qxDocumentLoss loss([&document] { return document.allNames(); });
-    return qxDocumentPrint::print(qxDocumentElements::of(document));
+    return qxDocumentPrint::print(document);
 }

@@ -21,7 +21,7 @@ QList<QCommandLineOption> mergeOptions()
              QStringLiteral("Decides conflicts for one side instead of keeping both."),
              QStringLiteral("ours|theirs")},
             {QStringLiteral("label"),
-             QStringLiteral("Calls the file NAME in the list of conflicts."),
+             QStringLiteral("Calls the file NAME in the list of conflicts and in messages."),
              QStringLiteral("NAME")},
             qxCommands::jsonOption(),
             qxMemoryLimit::option()};
@@ -39,15 +39,14 @@ int runMerge(const QCommandLineParser &parser)
         : prefer == QLatin1String("ours")                 ? qxMergePreference::Ours
                                                           : qxMergePreference::Theirs;
     const QStringList files = parser.positionalArguments();
+    const QString label = parser.value(QStringLiteral("label"));
     qxFileMerge merge;
-    if (!merge.merge({files[0], files[1], files[2]}, preference) || !merge.save(out))
+    if (!merge.merge({files[0], files[1], files[2], label}, preference) || !merge.save(out))
         return NothingWritten;
     if (parser.isSet(QStringLiteral("json")))
         qxOutput::json(qxMergeReport::json(merge));
     else
-        qxOutput::text(qxMergeReport::text(
-            merge,
-            parser.isSet(QStringLiteral("label")) ? parser.value(QStringLiteral("label")) : out));
+        qxOutput::text(qxMergeReport::text(merge, label.isEmpty() ? out : label));
     return merge.isClean() || preference != qxMergePreference::Both ? Clean : Conflicts;
 }
 

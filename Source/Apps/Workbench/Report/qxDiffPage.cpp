@@ -47,11 +47,9 @@ void writePicture(qxHtmlWriter &page, const QString &base64, const QString &capt
     page.close();
 }
 
-void writePictures(qxHtmlWriter &page, const qxFileComparison &comparison,
-                   const qxThingDifference &thing)
+/// Only where they differ: the page holds its pictures itself.
+void writePictures(qxHtmlWriter &page, const qxThingDifference &thing)
 {
-    if (thing.thing != qxThingDifference::Set)
-        return;
     for (const qxFieldDifference &each : thing.fields) {
         if (each.field != QLatin1String("preview"))
             continue;
@@ -59,14 +57,7 @@ void writePictures(qxHtmlWriter &page, const qxFileComparison &comparison,
         writePicture(page, each.before, QStringLiteral("before"));
         writePicture(page, each.after, QStringLiteral("after"));
         page.close();
-        return;
     }
-    const QByteArray &same = qxDiffWords::set(comparison, thing).preview;
-    if (same.isEmpty())
-        return;
-    page.open("div", "pair");
-    writePicture(page, QString::fromLatin1(same), QStringLiteral("before and after"));
-    page.close();
 }
 
 void writeScript(qxHtmlWriter &page, const qxFieldDifference &field)
@@ -95,7 +86,7 @@ void writeThing(qxHtmlWriter &page, const qxFileComparison &comparison,
                 const qxThingDifference &thing)
 {
     page.open("article", "card");
-    writePictures(page, comparison, thing);
+    writePictures(page, thing);
     page.open("div", "words");
     page.open("div", "head");
     page.element("h3", qxDiffWords::title(comparison, thing));

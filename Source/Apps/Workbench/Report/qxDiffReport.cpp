@@ -164,10 +164,14 @@ QJsonObject qxDiffReport::json(const qxFileComparison &comparison)
     QJsonArray things[3], scene;
     for (const qxThingDifference &each : comparison.variants.things)
         things[each.thing] += objectOf(comparison, each);
-    for (const qxSceneDifference &each : comparison.scene)
-        scene += QJsonObject{{QStringLiteral("what"), each.what},
-                             {QStringLiteral("sort"), qxDiffWords::word(each.sort)},
-                             {QStringLiteral("names"), QJsonArray::fromStringList(each.names)}};
+    for (const qxSceneDifference &each : comparison.scene) {
+        QJsonObject object{{QStringLiteral("what"), each.what},
+                           {QStringLiteral("sort"), qxDiffWords::word(each.sort)},
+                           {QStringLiteral("names"), QJsonArray::fromStringList(each.names)}};
+        if (each.sort == qxDifferenceSort::Renamed)
+            object[QStringLiteral("oldNames")] = QJsonArray::fromStringList(each.oldNames);
+        scene += object;
+    }
     return {{QStringLiteral("before"), comparison.nameBefore},
             {QStringLiteral("after"), comparison.nameAfter},
             {QStringLiteral("groups"), things[qxThingDifference::Group]},

@@ -26,8 +26,8 @@ void print(const qxFileComparison &comparison, bool brief);
 /// Keys "before", "after" (the files), "groups", "sets", "variants" and "scene". Things have
 /// "name", "sort" and "fields", sets "group", variants "kind"; fields have "field", "sort" and, if
 /// there is one, "name", "before" and "after". Previews are objects with "bytes", "width" and
-/// "height"; a script has its "lines" as well. What differs in the scene has "what", "sort" and
-/// "names".
+/// "height"; a script has its "lines" as well. What differs in the scene has "what", "sort",
+/// "names" and, if they are renamed, "oldNames".
 QJsonObject json(const qxFileComparison &comparison);
 
 } // namespace qxDiffReport

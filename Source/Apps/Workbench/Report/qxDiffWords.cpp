@@ -1,6 +1,7 @@
 #include "qxDiffWords.h"
 
 #include <QBuffer>
+#include <QHash>
 #include <QImageReader>
 #include <QStringList>
 
@@ -184,11 +185,23 @@ QString qxDiffWords::line(const qxSceneDifference &difference)
     if (difference.what == QLatin1String("buffers"))
         return QStringLiteral("data in buffers");
     QStringList names;
-    for (const QString &each : difference.names.mid(0, ListedNames))
-        names += each.isEmpty() ? QStringLiteral("without a name") : quoted(each);
-    const int count = difference.names.size();
-    if (count > ListedNames)
-        names += QStringLiteral("and %1 more").arg(count - ListedNames);
+    QHash<QString, int> counts;
+    for (int i = 0; i < difference.names.size(); ++i) {
+        const QString &name = difference.names[i];
+        QString text = name.isEmpty() ? QStringLiteral("without a name") : quoted(name);
+        if (difference.sort == qxDifferenceSort::Renamed)
+            text += QStringLiteral(" (it was %1)").arg(quoted(difference.oldNames[i]));
+        if (++counts[text] == 1)
+            names += text;
+    }
+    const int left = names.size() - ListedNames;
+    names = names.mid(0, ListedNames);
+    for (QString &each : names) {
+        if (const int count = counts[each]; count > 1)
+            each += QStringLiteral(" (%1 times)").arg(count);
+    }
+    if (left > 0)
+        names += QStringLiteral("and %1 more").arg(left);
     return difference.what + QLatin1Char(' ') + names.join(QStringLiteral(", "));
 }
 

@@ -36,27 +36,40 @@ bool qxFileMerge::merge(const Files &files, qxMergePreference wanted)
     preference = wanted;
     qxDocumentFile base, theirs;
     qxDocument before, one, other;
-    const auto load = [](const QString &path, qxDocumentFile &file, qxDocument &document) {
+    const auto nameOf = [&files](const QString &path, const char *side) {
+        return files.label.isEmpty()
+            ? path
+            : QStringLiteral("%1 (%2)").arg(files.label, QLatin1String(side));
+    };
+    const QString names[] = {nameOf(files.base, "base"), nameOf(files.ours, "ours"),
+                             nameOf(files.theirs, "theirs")};
+    const auto refuse = [&files](const QString &name, const qxDocumentFile &file) {
+        return fail((files.label.isEmpty() ? QString() : name + QStringLiteral(": "))
+                    + file.errorString());
+    };
+    const auto load = [&refuse](const QString &path, const QString &name, qxDocumentFile &file,
+                                qxDocument &document) {
         if (!file.load(path))
-            return fail(file.errorString());
-        if (!qxEditedDocument::read(path, file.document(), document))
+            return refuse(name, file);
+        if (!qxEditedDocument::read(name, file.document(), document))
             return false;
         return !isWrongFile(file, document)
-            || fail(QStringLiteral("%1: it is no variants document").arg(path));
+            || fail(QStringLiteral("%1: it is no variants document").arg(name));
     };
-    if (!load(files.base, base, before) || !load(files.ours, m_ours, one)
-        || !load(files.theirs, theirs, other))
+    if (!load(files.base, names[MergeBase], base, before)
+        || !load(files.ours, names[MergeOurs], m_ours, one)
+        || !load(files.theirs, names[MergeTheirs], theirs, other))
         return false;
     const bool isBaseOther = !isEmpty(base) && base.isScene() != m_ours.isScene();
     if (m_ours.isScene() != theirs.isScene() || isBaseOther) {
-        const QString &other = isBaseOther ? files.base : files.theirs;
-        return fail(
-            QStringLiteral("%1: it is a scene, %2 is none")
-                .arg(m_ours.isScene() ? files.ours : other, m_ours.isScene() ? other : files.ours));
+        const QString &ours = names[MergeOurs];
+        const QString &third = names[isBaseOther ? MergeBase : MergeTheirs];
+        return fail(QStringLiteral("%1: it is a scene, %2 is none")
+                        .arg(m_ours.isScene() ? ours : third, m_ours.isScene() ? third : ours));
     }
     if (m_ours.isScene()
         && !m_ours.mergeScene(base, theirs, wanted == qxMergePreference::Theirs, scene))
-        return fail(m_ours.errorString());
+        return refuse(names[MergeOurs], m_ours);
     variants = qxDocumentMerge::of(before, one, other, wanted);
     // What one side alone has changed stays as it was written.
     if (theirs.document() == base.document() || m_ours.document() == theirs.document())

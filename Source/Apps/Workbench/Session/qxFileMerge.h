@@ -11,6 +11,8 @@ public:
         QString base; ///< may be empty, when both sides added the file
         QString ours; ///< a scene if and only if theirs is one
         QString theirs; ///< likewise
+        QString label =
+            QString(); ///< what messages call them in front of the side; empty for their names
     };
 
     /// Merges them. False when one cannot be read, or they are of two sorts; why, and what flaws

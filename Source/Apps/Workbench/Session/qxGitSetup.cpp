@@ -10,6 +10,8 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace {
 
 const char driver[] = "qxvariants";
@@ -42,21 +44,23 @@ QList<QPair<QString, QString>> settings()
         {merge + QStringLiteral("name"), QStringLiteral("scenes and variants documents, by name")},
         {merge + QStringLiteral("driver"),
          escaped + QStringLiteral(" merge %O %A %B --out %A --label %P")},
-        // To git a difference is no failure. It names a path with conflicts alone, without files.
+        // To git a difference is no failure, and a failure ends it: what cannot be compared is
+        // shown as text. It names a path with conflicts alone, without files.
         {diff + QStringLiteral("command"),
          QStringLiteral("f() { test $# -ge 7 || { echo \"* unmerged: $1\"; return 0; }; "
-                        "%1 diff --label \"a/$1\" --label \"b/${8:-$1}\" \"$2\" \"$5\"; "
-                        "test $? -le 1; }; f")
+                        "set -- \"$2\" \"$5\" \"a/$1\" \"b/${8:-$1}\"; "
+                        "%1 diff --label \"$3\" --label \"$4\" \"$1\" \"$2\" || test $? -eq 1 || "
+                        "diff -u --label \"$3\" --label \"$4\" \"$1\" \"$2\"; :; }; f")
              .arg(program())}};
 }
 
-/// The pattern of a line of attributes; empty for a comment.
-QString patternOf(const QString &line)
+/// Whether a line of attributes says for that pattern how git merges or compares.
+bool isAbout(const QString &line, const QString &pattern)
 {
-    const QString text = line.trimmed();
-    return text.startsWith(QLatin1Char('#'))
-        ? QString()
-        : text.section(QRegularExpression(QStringLiteral("\\s")), 0, 0);
+    static const QRegularExpression blank(QStringLiteral("\\s+"));
+    static const QRegularExpression driven(QStringLiteral("^([-!]?(merge|diff)(=.*)?|binary)$"));
+    QStringList words = line.split(blank, Qt::SkipEmptyParts);
+    return !words.isEmpty() && words.takeFirst() == pattern && words.indexOf(driven) >= 0;
 }
 
 } // namespace
@@ -119,23 +123,27 @@ bool qxGitSetup::readAttributes()
     if (file.exists() && !file.open(QIODevice::ReadOnly))
         return fail(QStringLiteral("%1: %2").arg(m_attributes, file.errorString()));
     const QByteArray old = file.isOpen() ? file.readAll() : QByteArray();
-    QStringList known;
-    for (const QString &line : QString::fromUtf8(old).split(QLatin1Char('\n')))
-        known += patternOf(line);
+    const QStringList lines = QString::fromUtf8(old).split(QLatin1Char('\n'));
+    const QByteArray lineEnd = old.contains("\r\n") ? "\r\n" : "\n";
     QByteArray added;
     const QString shown = m_isGlobal ? m_attributes : QDir().relativeFilePath(m_attributes);
     for (const char *const pattern : patterns) {
         const QString name = QLatin1String(pattern);
-        const QString line = QStringLiteral("%1 merge=%2 diff=%2").arg(name, driver);
-        if (known.contains(name)) {
-            m_report += QStringLiteral("%1: has a line for %2").arg(shown, name);
-            continue;
+        const QString wanted = QStringLiteral("%1 merge=%2 diff=%2").arg(name, driver);
+        const auto known = std::find_if(lines.rbegin(), lines.rend(),
+                                        [&](const QString &line) { return isAbout(line, name); });
+        if (known == lines.rend()) {
+            m_report += QStringLiteral("%1: + %2").arg(shown, wanted);
+            added += wanted.toUtf8() + lineEnd;
+        } else {
+            const bool isOurs = known->contains(QLatin1String(driver));
+            m_report +=
+                QStringLiteral("%1: %2 %3")
+                    .arg(shown, QLatin1String(isOurs ? "has" : "keeps"), known->simplified());
         }
-        m_report += QStringLiteral("%1: + %2").arg(shown, line);
-        added += line.toUtf8() + '\n';
     }
     if (!added.isEmpty())
-        m_text = old + (old.isEmpty() || old.endsWith('\n') ? "" : "\n") + added;
+        m_text = old + (old.isEmpty() || old.endsWith('\n') ? QByteArray() : lineEnd) + added;
     return true;
 }
 

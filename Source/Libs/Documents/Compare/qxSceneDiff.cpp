@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QSet>
 
 #include <algorithm>
 #include <iterator>
@@ -225,6 +226,44 @@ void compareMembers(const char *what, const QJsonObject &before, const QJsonObje
     add(result, what, qxDifferenceSort::Changed, changed);
 }
 
+/// The names of things of a list.
+QSet<QString> namesOf(const QJsonArray &list)
+{
+    QSet<QString> names;
+    for (const QJsonValue thing : list)
+        names += NamedScene::nameOf(thing);
+    return names;
+}
+
+/// Gives things of `before` that only got another name the one that they have now. Lights, which
+/// are listed elsewhere, are left alone.
+void rename(QJsonObject &before, const QJsonObject &after, const Section &section,
+            QVector<qxSceneDifference> &result)
+{
+    const QLatin1String list(section.list), name("name");
+    const QJsonArray old = before[list].toArray(), now = after[list].toArray();
+    const QSet<QString> oldNames = namesOf(old), newNames = namesOf(now);
+    qxSceneDifference difference{QLatin1String(section.what), qxDifferenceSort::Renamed, {}};
+    QJsonArray renamed;
+    for (int i = 0; i < old.size(); ++i) {
+        QJsonObject thing = old[i].toObject();
+        const QString was = thing[name].toString();
+        const QString is = now[i][name].toString();
+        thing[name] = is;
+        const bool isRenamed = !was.isEmpty() && !is.isEmpty() && !newNames.contains(was)
+            && !oldNames.contains(is) && thing == now[i].toObject();
+        renamed += isRenamed ? QJsonValue(thing) : old[i];
+        if (isRenamed) {
+            difference.names += is;
+            difference.oldNames += was;
+        }
+    }
+    if (difference.names.isEmpty())
+        return;
+    before[list] = renamed;
+    result += difference;
+}
+
 bool isListed(const QString &name)
 {
     return isOneOf(apart, name)
@@ -239,7 +278,10 @@ QVector<qxSceneDifference> qxSceneDiff::of(const QJsonObject &before, const QJso
     QVector<qxSceneDifference> result;
     if (before == after)
         return result;
-    const NamedScene old(before), now(after);
+    QJsonObject sameNames = before;
+    for (const Section &each : sections)
+        rename(sameNames, after, each, result);
+    const NamedScene old(sameNames), now(after);
     for (const Section &each : sections)
         compare(old, now, each, result);
     const QLatin1String extensions("extensions"), extras("extras");

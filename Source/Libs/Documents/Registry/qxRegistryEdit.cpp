@@ -45,9 +45,9 @@ std::vector<QString *> namesIn(const List &list)
 Things thingsOf(const qxVariantKind &kind)
 {
     const auto names = [&kind] {
-        std::vector<QString *> names;
-        kind.visit([&names](qxVariant &variant) { names.push_back(&variant.name); });
-        return names;
+        std::vector<QString *> all;
+        kind.visit([&all](qxVariant &variant) { all.push_back(&variant.name); });
+        return all;
     };
     return {names, kind.remove};
 }

@@ -1,6 +1,7 @@
 #include "Repair/qxRepairSearch.h"
 
 #include "Repair/qxRepairNames.h"
+#include "qxStateRules.h"
 
 #include <algorithm>
 

@@ -14,11 +14,12 @@ const qint64 _bytesPerElement = 1200;
 const qint64 _bytesPerAttribute = 600;
 const qint64 _bytesPerByte = 10;
 
-// As data sets take far more than anything else.
-const qint64 _bytesPerSetOfData = 1000;
-const qint64 _bytesPerElementOfData = 300;
+// The same of those that become nothing but a qxDocument.
+const qint64 _dataPerSet = 600;
+const qint64 _dataPerElement = 400;
+const qint64 _dataPerByte = 8;
 
-qint64 elementsIn(const QByteArray &xml)
+qint64 elementsOf(const QByteArray &xml)
 {
     return xml.count('<') - xml.count("</");
 }
@@ -82,7 +83,7 @@ void qxMemoryBudget::take(const QString &owner, qint64 count, qint64 size)
 void qxMemoryBudget::takeDocument(const QByteArray &xml)
 {
     take(qxFileText::tr("the variants document"),
-         elementsIn(xml) * _bytesPerElement + xml.count('=') * _bytesPerAttribute
+         elementsOf(xml) * _bytesPerElement + xml.count('=') * _bytesPerAttribute
              + xml.size() * _bytesPerByte,
          1);
 }
@@ -90,7 +91,7 @@ void qxMemoryBudget::takeDocument(const QByteArray &xml)
 void qxMemoryBudget::takeDocumentData(const QByteArray &xml)
 {
     take(qxFileText::tr("the variants document"),
-         elementsIn(xml) * _bytesPerElementOfData + xml.count("<VariantSet") * _bytesPerSetOfData
-             + xml.size() * _bytesPerByte,
+         xml.count("<VariantSet") * _dataPerSet + elementsOf(xml) * _dataPerElement
+             + xml.size() * _dataPerByte,
          1);
 }

@@ -27,12 +27,10 @@ public:
     void take(qint64 count, qint64 size);
     /// The same; the message begins with what they are for.
     void take(const QString &owner, qint64 count, qint64 size);
-    ///@{
-    /// The same for what reading and checking a variants document needs, and for what it needs as
-    /// data, without a registry.
+    /// The same for what reading and checking a variants document needs.
     void takeDocument(const QByteArray &xml);
+    /// The same for what reading it as a qxDocument alone needs.
     void takeDocumentData(const QByteArray &xml);
-    ///@}
     /// Gives back memory that was needed temporarily.
     void giveBack(qint64 bytes) { m_left += bytes; }
 

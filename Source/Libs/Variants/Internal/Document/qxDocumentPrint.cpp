@@ -1,5 +1,6 @@
 #include "Internal/Document/qxDocumentPrint.h"
 
+#include "Internal/Document/qxDocumentElements.h"
 #include "Internal/Document/qxDocumentNames.h"
 
 #include "qxDocument.h"
@@ -89,9 +90,62 @@ private:
     int m_at = 0;
 };
 
+/// The lines of one element that stands so many levels deep, at least one; `append` appends it.
+template <class Append>
+QByteArray linesOf(int depth, const Append &append)
+{
+    QDomDocument document;
+    QDomElement parent = document.createElement(QStringLiteral("a"));
+    document.appendChild(parent);
+    for (int i = 1; i < depth; ++i)
+        parent = parent.appendChild(document.createElement(QStringLiteral("a"))).toElement();
+    append(parent);
+    // Without the lines of its parents.
+    const QByteArray text = qxDocumentPrint::print(document);
+    int begin = 0, end = text.size() - 1;
+    for (int i = 0; i < depth; ++i) {
+        begin = text.indexOf('\n', begin) + 1;
+        end = text.lastIndexOf('\n', end - 1);
+    }
+    return text.mid(begin, end + 1 - begin);
+}
+
+/// An element and, inside it, the lines of its children.
+QByteArray withChildren(QByteArray element, const QByteArray &tag, const QByteArray &children)
+{
+    if (!children.isEmpty()) {
+        const QByteArray indentation = element.left(element.indexOf('<'));
+        element.replace(element.size() - 3, 2, ">"); // "/>" and the line end
+        element += children + indentation + "</" + tag + ">\n";
+    }
+    return element;
+}
+
 } // namespace
 
 QByteArray qxDocumentPrint::print(const QDomDocument &document)
 {
     return Print(document.toString(Indentation)).run().toUtf8();
+}
+
+QByteArray qxDocumentPrint::print(const qxDocument &document)
+{
+    namespace elements = qxDocumentElements;
+    std::vector<QByteArray> children(document.groups.size() + 1); // of groups; of none is last
+    for (const qxDocumentSet &set : document.sets) {
+        const bool isAlone = set.group < 0;
+        (isAlone ? children.back() : children[std::size_t(set.group)]) += linesOf(
+            isAlone ? 1 : 2, [&set](QDomElement &parent) { elements::append(parent, set); });
+    }
+    QByteArray all;
+    for (std::size_t i = 0; i < document.groups.size(); ++i) {
+        all += withChildren(
+            linesOf(1, [&](QDomElement &parent) { elements::append(parent, document.groups[i]); }),
+            qxDocumentNames::VariantGroup.toUtf8(), children[i]);
+        children[i].clear();
+    }
+    all += children.back();
+    for (const qxDocumentVariant &variant : document.variants)
+        all += linesOf(1, [&](QDomElement &parent) { elements::append(parent, variant); });
+    return withChildren(print(elements::of(qxDocument())), qxDocumentNames::Variants.toUtf8(), all);
 }
