@@ -132,7 +132,8 @@ TEST_F(RenameStoryTest, TheFileDiffersWhereTheNameStood)
     const QString out = path("out.gltf");
     const ProgramRun run = done({"rename", demo, "option", "Hard Top", "Coupé", "--save", out});
     EXPECT_EQ(run.out,
-              "option \"Hard Top\" -> \"Coupé\" (objects in the scene: 1, places in variants and sets: 3)\n"
+              "option \"Hard Top\" -> \"Coupé\" (objects in the scene: 1, places in variants and "
+              "sets: 3)\n"
               "  set \"Grand Tour\", entry of node variant \"Roof\"  Hard Top -> Coupé\n"
               "  set \"Winterfest\", entry of node variant \"Roof\"  Hard Top -> Coupé\n"
               "  node variant \"Roof\", option                     Hard Top -> Coupé\n");
