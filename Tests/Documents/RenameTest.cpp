@@ -60,6 +60,10 @@ TEST_P(RenameTest, ChangesTheNamesOfTheThingAndNoOthers)
     ASSERT_EQ(qxDocumentRename::flawOf(before, request), "");
     const qxRenameImpact impact = qxDocumentRename::apply(after, request);
     EXPECT_EQ(impact.changed.size(), std::size_t(GetParam().changed));
+    QStringList left;
+    for (const qxRenameNote &each : impact.left)
+        left += each.place;
+    EXPECT_EQ(left.removeDuplicates(), 0) << left.join('\n').toStdString();
     const QString &script = after.sets[0].script.text;
     EXPECT_EQ(script.count("New \\\"one\\\"") + script.count("New \"one\"'"), GetParam().script)
         << script.toStdString();

@@ -132,7 +132,8 @@ TEST_F(RenameStoryTest, TheFileDiffersWhereTheNameStood)
     const QString out = path("out.gltf");
     const ProgramRun run = done({"rename", demo, "option", "Hard Top", "Coupé", "--save", out});
     EXPECT_EQ(run.out,
-              "option \"Hard Top\" -> \"Coupé\" (in the scene: 1, places: 3)\n"
+              "option \"Hard Top\" -> \"Coupé\" (objects in the scene: 1, places in variants and "
+              "sets: 3)\n"
               "  set \"Grand Tour\", entry of node variant \"Roof\"  Hard Top -> Coupé\n"
               "  set \"Winterfest\", entry of node variant \"Roof\"  Hard Top -> Coupé\n"
               "  node variant \"Roof\", option                     Hard Top -> Coupé\n");
@@ -150,7 +151,7 @@ TEST_F(RenameStoryTest, TheFileDiffersWhereTheNameStood)
     const QString xml = path("demo.xml");
     done({"document", demo, "--out", xml});
     EXPECT_TRUE(done({"rename", xml, "option", "Hard Top", "Coupé", "--save", path("out.xml")})
-                    .out.contains("places: 3"));
+                    .out.contains("places in variants and sets: 3"));
     EXPECT_EQ(bytesOf(path("out.xml")), documentOf(out));
 }
 
@@ -182,10 +183,14 @@ TEST_F(RenameStoryTest, WhatAnotherProgramRenamedIsRepaired)
     EXPECT_EQ(broken[0]["key"], "node-state:Roof:Hard Top");
     EXPECT_EQ(broken[0]["candidates"][0]["name"], "Coupe");
     EXPECT_EQ(broken[1]["key"], "light-object:Headlight");
+    EXPECT_EQ(broken[1]["candidates"][0]["name"], "Glim");
 
     const QString out = path("out.gltf");
     refused(1, {"repair", now, "--choose", "node-state:Roof:Hard Top=x"}, "has no candidate");
+    refused(1, {"repair", now, "--choose", "node-state:Roof:Hard Top"}, "as in");
+    refused(1, {"repair", now, "--choose", "light-object:Headligt=Glim"}, "did you mean");
     const QString choice = "node-state:Roof:Hard Top=Coupe";
+    EXPECT_TRUE(failed({"repair", now, "--choose", choice}).out.contains("nothing is saved"));
     EXPECT_EQ(failed({"repair", now, "--choose", choice, "--json", "--save", out})
                   .object()["repaired"]
                   .toArray()

@@ -72,9 +72,9 @@ void RenameRun::print(const qxRenameImpact &impact, int objects) const
                         {QStringLiteral("objects"), objects},
                         {QStringLiteral("changed"), notesOf(impact.changed, true)},
                         {QStringLiteral("left"), notesOf(impact.left, false)}});
-    QString counts = QStringLiteral("places: %1").arg(impact.changed.size());
+    QString counts = QStringLiteral("places in variants and sets: %1").arg(impact.changed.size());
     if (objects > 0)
-        counts = QStringLiteral("in the scene: %1, %2").arg(objects).arg(counts);
+        counts = QStringLiteral("objects in the scene: %1, %2").arg(objects).arg(counts);
     qxOutput::line(QStringLiteral("%1 \"%2\" -> \"%3\" (%4)")
                        .arg(m_word, m_request.before, m_request.after, counts));
     QList<QStringList> rows;

@@ -3,6 +3,7 @@
 #include "Session/qxEditedDocument.h"
 #include "Session/qxFileVersion.h"
 #include "qxCommand.h"
+#include "qxSuggestions.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -93,7 +94,9 @@ bool RepairRun::takeChoices()
 
 bool RepairRun::choose(const QString &choice)
 {
+    QStringList keys;
     for (const qxBreak &each : qxDocumentRepair::find(m_edited.document, m_history.get())) {
+        keys += each.key();
         const QString start = each.key() + QLatin1Char('=');
         if (!choice.startsWith(start))
             continue;
@@ -103,9 +106,9 @@ bool RepairRun::choose(const QString &choice)
             names += QLatin1Char('"') + candidate.name + QLatin1Char('"');
             if (candidate.name != name)
                 continue;
-            qxDocumentRepair::apply(m_edited.document, each, name);
             m_repaired.push_back(each);
             m_repaired.back().candidates = {candidate};
+            qxDocumentRepair::apply(m_edited.document, {m_repaired.back()});
             return true;
         }
         qxOutput::error(
@@ -114,7 +117,11 @@ bool RepairRun::choose(const QString &choice)
                      names.isEmpty() ? QStringLiteral("none") : names.join(QLatin1String(", "))));
         return false;
     }
-    qxOutput::error(QStringLiteral("nothing broken is chosen by \"%1\"").arg(choice));
+    qxOutput::error(
+        keys.contains(choice)
+            ? QStringLiteral("\"%1\" is broken; choose for it as in \"%1=CANDIDATE\"").arg(choice)
+            : QStringLiteral("nothing broken is chosen by \"%1\"").arg(choice)
+                + qxSuggestions::question(choice.section(QLatin1Char('='), 0, 0), keys));
     return false;
 }
 
@@ -153,6 +160,8 @@ void RepairRun::print(const std::vector<qxBreak> &left) const
     }
     qxOutput::line(
         QStringLiteral("repaired: %1, broken: %2").arg(m_repaired.size()).arg(left.size()));
+    if (!m_repaired.empty() && !m_parser.isSet(QStringLiteral("save")))
+        qxOutput::line(QStringLiteral("nothing is saved without --save OUT"));
 }
 
 int RepairRun::run()

@@ -152,10 +152,11 @@ python::list findBrokenNames()
 bool repairName(const std::string &key, const std::string &name)
 {
     qxDocument document = current();
-    for (const qxBreak &each : qxDocumentRepair::find(document)) {
+    for (qxBreak &each : qxDocumentRepair::find(document)) {
         if (each.key() != qxText::fromUtf8(key))
             continue;
-        qxDocumentRepair::apply(document, each, qxText::fromUtf8(name));
+        each.candidates = {{qxText::fromUtf8(name), 1, QString()}};
+        qxDocumentRepair::apply(document, {each});
         return qxRegistryEdit::apply(document);
     }
     return false;

@@ -274,7 +274,8 @@ void Rename::renameInScript(qxDocumentSet &set)
             m_impact.changed.push_back({place, text.text, *name});
         } else if (isLeft(text)) {
             const QString line = source.section(QLatin1Char('\n'), text.line - 1, text.line - 1);
-            m_impact.left.push_back({place, line.trimmed(), line.trimmed()});
+            if (m_impact.left.empty() || m_impact.left.back().place != place)
+                m_impact.left.push_back({place, line.trimmed(), line.trimmed()});
         }
     }
     if (copied > 0)

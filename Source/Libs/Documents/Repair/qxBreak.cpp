@@ -2,9 +2,8 @@
 
 namespace {
 
-/// How good the best candidate must be, and how much better than the next.
+/// How good the best candidate must be.
 constexpr double GoodEnough = 0.5;
-constexpr double Ahead = 0.15;
 
 } // namespace
 
@@ -28,7 +27,7 @@ QString qxBreak::key() const
 
 const qxRepairCandidate *qxBreak::clear() const
 {
-    if (candidates.empty() || candidates.front().score < GoodEnough)
+    if (isContested || candidates.empty() || candidates.front().score < GoodEnough)
         return nullptr;
     const bool isAlone =
         candidates.size() == 1 || candidates[0].score - candidates[1].score >= Ahead;

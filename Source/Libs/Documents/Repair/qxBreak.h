@@ -12,6 +12,9 @@ struct qxRepairCandidate {
 
 /// A name of a document that no longer works in the scene, with all places that have it.
 struct qxBreak {
+    /// How much better than the next one a candidate must be to be clear.
+    static constexpr double Ahead = 0.15;
+
     /// What users call the sort of name, such as "node".
     static QString wordOf(qxNamed named);
     /// A short text for users to name it by, such as `node:Roof`; the same as long as the file is.
@@ -24,6 +27,7 @@ struct qxBreak {
     QString variant; ///< of a state, its variant
     QString name; ///< that leads nowhere
     bool isDefault = false; ///< of a state: it is the default without being an option
+    bool isContested = false; ///< the first candidate may be meant by another name, too
     QStringList places; ///< where it stands, in words, in the order of the document
     std::vector<qxRepairCandidate> candidates; ///< the best first
 };

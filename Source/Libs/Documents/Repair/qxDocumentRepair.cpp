@@ -5,20 +5,15 @@
 #include "Repair/qxRepairSearch.h"
 
 #include <algorithm>
+#include <iterator>
+#include <map>
 
 namespace {
 
-/// Whether the place names what the break is about.
-bool isOf(const qxDocumentPlace &place, const QString &name, const qxBreak &broken)
+/// Whether the place refers to something; others have the name of a thing itself.
+bool isReference(const qxDocumentPlace &place)
 {
-    if (place.named != broken.named || name != broken.name || (place.isOwn && !place.kind)
-        || (broken.isDefault && !place.isDefault()))
-        return false;
-    if (place.named == qxNamed::Variant)
-        return !place.isOwn && place.kind == broken.kind;
-    if (place.named == qxNamed::State)
-        return place.kind == broken.kind && place.owner == broken.variant;
-    return qxBreakFinder::needOf(place) == broken.kind;
+    return !place.isOwn || place.named == qxNamed::State;
 }
 
 qxBreak breakAt(const qxDocumentPlace &place, const QString &name)
@@ -29,6 +24,45 @@ qxBreak breakAt(const qxDocumentPlace &place, const QString &name)
     broken.variant = place.owner;
     broken.name = name;
     return broken;
+}
+
+/// One thing cannot be what two names have become: it is left to the name that it is ahead for.
+void noteContests(std::vector<qxBreak> &breaks)
+{
+    std::map<QString, std::vector<qxBreak *>> claims;
+    for (qxBreak &each : breaks) {
+        if (each.candidates.empty())
+            continue;
+        const bool isOfKind = each.named == qxNamed::State || each.named == qxNamed::Variant;
+        qxBreak claimed;
+        claimed.named = each.named;
+        claimed.kind = isOfKind ? each.kind : nullptr;
+        claimed.variant = each.variant;
+        claimed.isDefault = each.isDefault;
+        claimed.name = each.candidates.front().name;
+        claims[claimed.key()].push_back(&each);
+    }
+    for (auto &claim : claims) {
+        std::vector<qxBreak *> &rivals = claim.second;
+        const auto scoreOf = [](const qxBreak *each) { return each->candidates.front().score; };
+        std::sort(rivals.begin(), rivals.end(), [&](const qxBreak *one, const qxBreak *other) {
+            return scoreOf(one) > scoreOf(other);
+        });
+        const QString &name = rivals.front()->name;
+        const auto rival = std::find_if(rivals.begin(), rivals.end(),
+                                        [&](const qxBreak *each) { return each->name != name; });
+        if (rival == rivals.end())
+            continue;
+        const bool isAhead = scoreOf(rivals.front()) - scoreOf(*rival) >= qxBreak::Ahead;
+        for (qxBreak *each : rivals) {
+            if (isAhead && each->name == name)
+                continue;
+            each->isContested = true;
+            each->candidates.front().reason +=
+                QStringLiteral(", but may be meant by \"%1\" as well")
+                    .arg(each->name == name ? (*rival)->name : name);
+        }
+    }
 }
 
 /// Leaves the first entry of each name.
@@ -70,7 +104,7 @@ std::vector<qxBreak> qxDocumentRepair::find(const qxDocument &document,
     QHash<QString, int> known; // the place of the break; -1 for what works
     qxDocument copy = document;
     qxDocumentPlaces::visit(copy, [&](const qxDocumentPlace &place, QString &name) {
-        if (place.isOwn && place.named != qxNamed::State)
+        if (!isReference(place))
             return;
         qxBreak broken = breakAt(place, name);
         broken.isDefault = finder.isNoOption(place, name);
@@ -90,14 +124,26 @@ std::vector<qxBreak> qxDocumentRepair::find(const qxDocument &document,
     const qxRepairSearch search(document, scene, history);
     for (qxBreak &each : breaks)
         search.complete(each);
+    noteContests(breaks);
     return breaks;
 }
 
-void qxDocumentRepair::apply(qxDocument &document, const qxBreak &broken, const QString &name)
+void qxDocumentRepair::apply(qxDocument &document, const std::vector<qxBreak> &repaired)
 {
+    QSet<QString> old;
+    QHash<QString, QString> names; // by the keys of the breaks
+    for (const qxBreak &each : repaired) {
+        old.insert(each.name);
+        names.insert(each.key(), each.candidates.front().name);
+    }
     qxDocumentPlaces::visit(document, [&](const qxDocumentPlace &place, QString &text) {
-        if (isOf(place, text, broken))
-            text = name;
+        if (!isReference(place) || !old.contains(text))
+            return;
+        qxBreak broken = breakAt(place, text);
+        text = names.value(broken.key(), text);
+        broken.isDefault = place.isDefault();
+        if (text == broken.name && broken.isDefault)
+            text = names.value(broken.key(), text);
     });
     for (qxDocumentSet &set : document.sets)
         settleSet(set);
@@ -110,16 +156,16 @@ std::vector<qxBreak> qxDocumentRepair::applyClear(qxDocument &document,
 {
     std::vector<qxBreak> repaired;
     for (;;) {
-        const std::size_t before = repaired.size();
-        for (const qxBreak &each : find(document, history)) {
-            const qxRepairCandidate *const clear = each.clear();
-            if (!clear)
+        std::vector<qxBreak> clear;
+        for (qxBreak &each : find(document, history)) {
+            if (!each.clear())
                 continue;
-            apply(document, each, clear->name);
-            repaired.push_back(each);
-            repaired.back().candidates = {*clear};
+            each.candidates.resize(1);
+            clear.push_back(std::move(each));
         }
-        if (repaired.size() == before)
+        if (clear.empty())
             return repaired;
+        qxDocumentRepair::apply(document, clear);
+        std::move(clear.begin(), clear.end(), std::back_inserter(repaired));
     }
 }

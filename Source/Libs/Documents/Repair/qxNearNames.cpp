@@ -60,11 +60,14 @@ std::vector<int> qxNearNames::near(const QString &name) const
     return places;
 }
 
-double qxNearNames::likeness(const QString &one, const QString &other)
+double qxNearNames::likeness(const QString &was, const QString &is)
 {
-    const std::vector<quint64> a = nearNames::partsOf(one, 2);
-    const std::vector<quint64> b = nearNames::partsOf(other, 2);
+    const std::vector<quint64> a = nearNames::partsOf(was, 2);
+    const std::vector<quint64> b = nearNames::partsOf(is, 2);
     std::vector<quint64> both;
     std::set_intersection(a.begin(), a.end(), b.begin(), b.end(), std::back_inserter(both));
-    return a.empty() || b.empty() ? 0.0 : 2.0 * double(both.size()) / double(a.size() + b.size());
+    if (a.empty() || b.empty())
+        return 0;
+    const double dice = 2.0 * double(both.size()) / double(a.size() + b.size());
+    return (dice + double(both.size()) / double(a.size())) / 2;
 }

@@ -14,8 +14,9 @@ public:
     void add(const QString &name, int place);
     /// The places of the nearest names, some at most; case does not count.
     std::vector<int> near(const QString &name) const;
-    /// How much two names are alike: 1 for the same, 0 for nothing in common.
-    static double likeness(const QString &one, const QString &other);
+    /// How much a name is like the one before: 1 for the same, 0 for nothing in common. What it has
+    /// in addition counts less than what it lacks.
+    static double likeness(const QString &was, const QString &is);
 
 private:
     QHash<quint64, std::vector<int>> m_places; ///< by three characters

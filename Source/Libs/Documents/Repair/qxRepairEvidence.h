@@ -9,6 +9,8 @@ class qxRepairEvidence {
 public:
     /// Something that is known of what is looked for, and how much the candidate is like it.
     void add(double weight, double share, const char *reason);
+    /// How a name is spelt, by qxNearNames::likeness; little is nothing.
+    void addSpelling(double weight, double likeness, const char *reason = "near spelling");
     /// Something that speaks for the candidate where it is so, and against none.
     void addBonus(double weight, double share, const char *reason);
     /// What speaks against it altogether.

@@ -1,5 +1,6 @@
 #include "Repair/qxRepairNames.h"
 
+#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -12,6 +13,11 @@ QSet<QString> setOf(const QStringList &names)
 }
 
 } // namespace
+
+QStringList qxRepairNames::stepsOf(const QString &path)
+{
+    return path.split(QLatin1Char('/'));
+}
 
 double qxRepairNames::overlap(const QStringList &one, const QStringList &other)
 {
@@ -41,6 +47,18 @@ QStringList qxRepairNames::optionsOf(const qxDocumentVariant &variant)
 int qxRepairNames::placeOf(const qxDocumentVariant &variant, const QString &option)
 {
     return optionsOf(variant).indexOf(option);
+}
+
+bool qxRepairNames::areOfSeries(const QString &was, const QString &is)
+{
+    static const QRegularExpression numbers(QStringLiteral("[0-9]+"));
+    static const QRegularExpression ending(QStringLiteral("[^\\p{L}]+$"));
+    const auto styleOf = [](QString name) { return name.replace(numbers, QStringLiteral("#")); };
+    const auto stemOf = [](QString name) { return name.remove(ending); };
+    // Loading calls the parts of "A" like that: "A 2", "A 3".
+    const QString part = QStringLiteral(" #");
+    const bool isPart = styleOf(is) == styleOf(was) + part || styleOf(was) == styleOf(is) + part;
+    return was != is && (isPart || styleOf(was) == styleOf(is) || stemOf(was) == is);
 }
 
 void qxRepairNames::sort(std::vector<qxRepairCandidate> &candidates, const QString &broken)

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 using qxRepairNames::overlap;
+using qxRepairNames::stepsOf;
 
 namespace {
 namespace repairSearch {
@@ -14,30 +15,6 @@ namespace repairSearch {
 constexpr int SomeChildren = 64;
 /// How many children of a node may be looked at one by one.
 constexpr std::size_t ManyChildren = 256;
-
-/// The first steps that two paths share.
-int headOf(const QStringList &one, const QStringList &other)
-{
-    int count = 0;
-    while (count < one.size() && count < other.size() && one[count] == other[count])
-        ++count;
-    return count;
-}
-
-/// The last steps that two paths share.
-int tailOf(const QStringList &one, const QStringList &other)
-{
-    int count = 0;
-    while (count < one.size() && count < other.size()
-           && one[one.size() - 1 - count] == other[other.size() - 1 - count])
-        ++count;
-    return count;
-}
-
-QStringList stepsOf(const QString &path)
-{
-    return path.split(QLatin1Char('/'));
-}
 
 QStringList childNames(const qxSceneOutline &scene, int node)
 {
@@ -50,11 +27,6 @@ QStringList childNames(const qxSceneOutline &scene, int node)
     return names;
 }
 
-QString nameAt(const qxSceneOutline &scene, int node)
-{
-    return node < 0 ? QString() : scene.nodes[std::size_t(node)].name;
-}
-
 /// The names before and behind a node among its siblings; "/" at an end.
 QStringList neighboursOf(const qxSceneOutline &scene, int node)
 {
@@ -63,8 +35,8 @@ QStringList neighboursOf(const qxSceneOutline &scene, int node)
         return {QStringLiteral("/"), QStringLiteral("/")};
     const std::vector<int> &all = scene.nodes[std::size_t(own.parent)].children;
     const std::size_t at = std::size_t(own.place);
-    return {at > 0 ? nameAt(scene, all[at - 1]) : QStringLiteral("/"),
-            at + 1 < all.size() ? nameAt(scene, all[at + 1]) : QStringLiteral("/")};
+    return {at > 0 ? scene.nameAt(all[at - 1]) : QStringLiteral("/"),
+            at + 1 < all.size() ? scene.nameAt(all[at + 1]) : QStringLiteral("/")};
 }
 
 template <class Places>
@@ -85,6 +57,8 @@ qxRepairSearch::qxRepairSearch(const qxDocument &document, const qxSceneOutline 
                                const qxRepairHistory *history)
     : m_document(document), m_scene(scene), m_history(history), m_index(document)
 {
+    if (history)
+        m_oldIndex.emplace(history->document);
     readDocument();
     for (std::size_t i = 0; i < scene.nodes.size(); ++i)
         m_nearNodes.add(scene.nodes[i].name, int(i));
@@ -102,11 +76,23 @@ void qxRepairSearch::readDocument()
             m_holders[option.name].push_back(int(i));
     }
     for (const qxDocumentSet &set : m_document.sets) {
+        for (const qxDocumentReference &each : set.references) {
+            if (m_index.variant(each.kind, each.variant) >= 0)
+                continue;
+            QSet<QString> &states = m_selected[{each.kind, each.variant}];
+            if (std::size_t(states.size()) < Few)
+                states.insert(each.state);
+        }
         for (const qxDocumentText &each : set.snapshots) {
             if (m_snapshots.contains(each.text))
                 continue;
             m_snapshots.insert(each.text, each.more);
-            for (const QString &step : stepsOf(each.text)) {
+            const QStringList all = stepsOf(each.text);
+            for (int count = depthOf(all); count > 0; --count) {
+                const QString path = QStringList(all.mid(0, count)).join(QLatin1Char('/'));
+                m_knownPaths.insert(qxSceneOutline::hashOf(path));
+            }
+            for (const QString &step : all) {
                 QStringList &paths = m_steps[step];
                 if (std::size_t(paths.size()) < Few)
                     paths += each.text;
@@ -121,6 +107,24 @@ void qxRepairSearch::readDocument()
     qxDocumentPlaces::visit(copy, [this](const qxDocumentPlace &place, QString &name) {
         m_named.insert(qxBreak::wordOf(place.named) + QLatin1Char(' ') + name);
     });
+    for (std::size_t i = 1; i < m_scene.nodes.size() && m_unnamed.size() <= AFew; ++i) {
+        const qxOutlineNode &node = m_scene.nodes[i];
+        const bool isNamed = m_named.contains(QLatin1String("node ") + node.name)
+            || m_named.contains(QLatin1String("state ") + node.name)
+            || m_knownPaths.contains(node.path);
+        if (!isNamed && !node.isOverlay && !m_scene.named(node.name).empty())
+            m_unnamed.insert(int(i));
+    }
+    if (m_unnamed.size() > AFew)
+        m_unnamed.clear();
+    for (const int light : m_scene.lights()) {
+        const Places driving = m_bases.value(m_scene.nameAt(light));
+        const bool isDriven = std::any_of(driving.begin(), driving.end(), [this](int at) {
+            return m_document.variants[std::size_t(at)].kind == &qxVariantKinds::light;
+        });
+        if (!isDriven && std::size_t(m_idleLights.size()) < Many)
+            m_idleLights.insert(light);
+    }
 }
 
 void qxRepairSearch::complete(qxBreak &broken) const
@@ -262,7 +266,7 @@ QSet<int> qxRepairSearch::nodesLikeOld(int old) const
         const int heir = heirOf(node.parent);
         if (heir >= 0)
             addNewChildren({heir}, node.place, found);
-        addNewChildren(m_scene.named(nameAt(before, node.parent)), node.place, found);
+        addNewChildren(m_scene.named(before.nameAt(node.parent)), node.place, found);
     }
     int asked = 0;
     for (const QString &child : childNames(before, old)) {
@@ -295,6 +299,7 @@ QSet<int> qxRepairSearch::nodesLike(const Told &told, const QString &name) const
     }
     for (const QString &state : told.states)
         addSome(m_scene.withState(state), Many, found);
+    found += m_unnamed;
     for (const int each : m_nearNodes.near(name))
         found.insert(each);
     found.remove(-1);
@@ -318,9 +323,9 @@ void qxRepairSearch::weighOldNode(int old, int node, qxRepairEvidence &evidence)
     if (!was.children.empty())
         evidence.add(0.2, overlap(childNames(before, old), childNames(m_scene, node)),
                      "same children");
-    const QString parent = nameAt(before, was.parent);
+    const QString parent = before.nameAt(was.parent);
     const bool isSameParent = is.parent >= 0 && was.parent >= 0 && heirOf(was.parent) == is.parent;
-    const bool isLikeParent = parent == nameAt(m_scene, is.parent);
+    const bool isLikeParent = parent == m_scene.nameAt(is.parent);
     evidence.add(0.4, isSameParent ? 1 : isLikeParent ? 0.5 : 0, "same parent");
     const bool isSamePlace = isSameParent && was.place == is.place;
     const bool hasSameNeighbours = neighboursOf(before, old) == neighboursOf(m_scene, node);
@@ -362,16 +367,19 @@ void qxRepairSearch::weighToldNode(const Told &told, const QString &name, int no
     if (!told.parents.isEmpty())
         evidence.add(0.2, isBelow, "same parent");
     if (!told.holders.isEmpty()) {
-        const bool isHeld = told.holders.contains(nameAt(m_scene, is.parent));
+        const bool isHeld = told.holders.contains(m_scene.nameAt(is.parent));
         evidence.add(0.2, isHeld, "same parent");
         evidence.add(0.1, isHeld && is.place == told.place, "same place among its neighbours");
     }
-    const double likeness = qxNearNames::likeness(name, is.name);
-    evidence.add(0.3, likeness > 0.3 ? likeness : 0, "near spelling");
+    evidence.addSpelling(0.3, qxNearNames::likeness(name, is.name));
+    if (m_unnamed.contains(node))
+        evidence.addBonus(0.3, 1.0 / m_unnamed.size(), "one of few that nothing names");
+    if (qxRepairNames::areOfSeries(name, is.name))
+        evidence.doubt(qxRepairNames::OfSeries);
     if (told.children.isEmpty() && told.states.isEmpty() && told.parents.isEmpty()
         && told.holders.isEmpty())
         evidence.doubt(OnlySpelling);
-    if (m_named.contains(QLatin1String("node ") + is.name))
+    if (m_named.contains(QLatin1String("node ") + is.name) || m_knownPaths.contains(is.path))
         evidence.doubt(0.4);
 }
 
@@ -394,7 +402,10 @@ qxRepairSearch::Candidates qxRepairSearch::nodes(const qxBreak &broken) const
     Candidates candidates;
     const Places old = m_history ? m_history->scene.named(broken.name) : Places();
     const Told told = toldOf(broken.name);
-    const QSet<int> found = old.empty() ? nodesLike(told, broken.name) : nodesLikeOld(old.front());
+    QSet<int> found = old.empty() ? nodesLike(told, broken.name) : nodesLikeOld(old.front());
+    const bool isLight = broken.kind == &qxVariantKinds::light && old.empty();
+    if (isLight)
+        found += m_idleLights;
     for (const int node : found) {
         const QString &name = m_scene.nodes[std::size_t(node)].name;
         if (m_scene.named(name).empty() || name == broken.name || !fits(broken, node))
@@ -404,6 +415,12 @@ qxRepairSearch::Candidates qxRepairSearch::nodes(const qxBreak &broken) const
             weighToldNode(told, broken.name, node, evidence);
         else
             weighOldNode(old.front(), node, evidence);
+        if (isLight && m_idleLights.contains(node)) {
+            QSet<QString> names; // lights of one name are one
+            for (const int each : m_idleLights)
+                names.insert(m_scene.nameAt(each));
+            evidence.addBonus(0.3, 1.0 / names.size(), "a light that no variant drives");
+        }
         candidates.push_back({name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
     }
     return candidates;
@@ -427,70 +444,6 @@ qxRepairSearch::Candidates qxRepairSearch::overlays(const qxBreak &broken) const
             || (m_history && !m_history->scene.overlaysNamed(name).empty()))
             evidence.doubt(0.3);
         candidates.push_back({name, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
-    }
-    return candidates;
-}
-
-/// Compares a node with what its path was.
-void qxRepairSearch::weighPath(const QString &path, int node, qxRepairEvidence &evidence) const
-{
-    const QStringList was = stepsOf(path);
-    const QStringList is = stepsOf(m_scene.pathOf(node));
-    const double length = std::max(was.size(), is.size());
-    evidence.add(0.45, tailOf(was, is) / length, "same tail of the path");
-    evidence.add(0.25, headOf(was, is) / length, "same beginning of the path");
-    const QString material = m_snapshots.value(path);
-    const int at = m_scene.nodes[std::size_t(node)].material;
-    bool hasMaterial = materialOf(node) == material;
-    if (at >= 0) {
-        for (const int part : m_scene.materials[std::size_t(at)].contents)
-            hasMaterial = hasMaterial || m_scene.materials[std::size_t(part)].name == material;
-    }
-    evidence.add(0.15, hasMaterial, "same material");
-    const double likeness = qxNearNames::likeness(was.last(), is.last());
-    if (was.last() != is.last())
-        evidence.add(0.2, likeness > 0.3 ? likeness : 0, "near spelling");
-}
-
-qxRepairSearch::Candidates qxRepairSearch::paths(const qxBreak &broken) const
-{
-    const QStringList steps = stepsOf(broken.name);
-    const Places old =
-        m_history ? m_history->scene.onPath(qxSceneOutline::hashOf(broken.name)) : Places();
-    QSet<int> found = old.empty() ? QSet<int>() : nodesLikeOld(old.front());
-    for (int count = std::min(steps.size(), qxSceneOutline::TailSteps); count > 0; --count) {
-        const Places &nodes = m_scene.withTail(steps.mid(steps.size() - count));
-        for (std::size_t i = 0; i < std::min(nodes.size(), Few); ++i)
-            found.insert(nodes[i]);
-        if (!nodes.empty() && old.empty())
-            break;
-    }
-    const QString above = QStringList(steps.mid(0, steps.size() - 1)).join(QLatin1Char('/'));
-    if (old.empty() && steps.size() > 1)
-        addNewChildren(m_scene.onPath(qxSceneOutline::hashOf(above)), -1, found);
-    if (old.empty()) {
-        for (const int each : m_nearNodes.near(steps.last()))
-            found.insert(each);
-    }
-    Candidates candidates;
-    for (const int node : found) {
-        if (node == 0 || m_scene.nodes[std::size_t(node)].isOverlay)
-            continue;
-        const QString path = m_scene.pathOf(node);
-        qxRepairEvidence evidence;
-        if (old.empty()) {
-            weighPath(broken.name, node, evidence);
-        } else {
-            weighOldNode(old.front(), node, evidence);
-            const QStringList is = stepsOf(path);
-            evidence.addBonus(0.3, double(tailOf(steps, is)) / std::max(steps.size(), is.size()),
-                              "same tail of the path");
-        }
-        // A path that means others as well, or has a snapshot of its own, is no safe place.
-        if (m_scene.onPath(m_scene.nodes[std::size_t(node)].path).size() > 1
-            || m_snapshots.contains(path))
-            evidence.doubt(0.4);
-        candidates.push_back({path, evidence.score(old.empty() ? Prior : 0), evidence.reason()});
     }
     return candidates;
 }

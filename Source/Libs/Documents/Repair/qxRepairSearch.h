@@ -7,6 +7,8 @@
 
 #include <QSet>
 
+#include <optional>
+
 /// Finds what names that lead nowhere may have become. For each it looks at what shares something
 /// with it, by indexes, and never at the whole scene.
 class qxRepairSearch {
@@ -21,6 +23,7 @@ public:
 private:
     ///@{
     /// How many of one sort are looked at.
+    static constexpr int AFew = 4;
     static constexpr std::size_t Few = 16;
     static constexpr std::size_t Many = 64;
     ///@}
@@ -59,7 +62,10 @@ private:
     void weighOldNode(int old, int node, qxRepairEvidence &evidence) const;
     void weighToldNode(const Told &told, const QString &name, int node,
                        qxRepairEvidence &evidence) const;
-    void weighPath(const QString &path, int node, qxRepairEvidence &evidence) const;
+    int depthOf(const QStringList &steps) const;
+    QSet<int> nodesNear(const QStringList &steps) const;
+    int above(int node, int count) const;
+    void weighPath(const QStringList &was, int node, qxRepairEvidence &evidence) const;
     void weighOldMaterial(int old, int material, qxRepairEvidence &evidence) const;
     void weighToldMaterial(const QString &name, int material, qxRepairEvidence &evidence) const;
     double shapeShare(const qxBreak &broken, const QString &base, const QString &child) const;
@@ -73,10 +79,16 @@ private:
     const qxSceneOutline &m_scene;
     const qxRepairHistory *const m_history;
     const qxDocumentIndex m_index;
+    std::optional<qxDocumentIndex> m_oldIndex; ///< of the history
     qxNearNames m_nearNodes;
     qxNearNames m_nearMaterials;
     qxNearNames m_nearVariants;
     QSet<QString> m_named; ///< what the document names: a word for the sort, a blank, the name
+    /// States that sets select, by missing variants.
+    QHash<QPair<const qxVariantKind *, QString>, QSet<QString>> m_selected;
+    QSet<quint64> m_knownPaths; ///< of nodes that snapshots lead to or through, and always did
+    QSet<int> m_idleLights; ///< that no variant drives, some at most
+    QSet<int> m_unnamed; ///< nodes that the document does not know, if they are few
     QHash<QString, Places> m_bases; ///< variants by the names of their scene objects
     QHash<QString, Places> m_holders; ///< variants by the names of their options
     QHash<QString, Places> m_materialUsers; ///< nodes whose snapshots have that material

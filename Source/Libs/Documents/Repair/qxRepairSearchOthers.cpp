@@ -26,8 +26,9 @@ QStringList namesOf(const qxSceneOutline &scene, const std::vector<int> &materia
 /// How the name is spelt, where nothing better is known.
 void weighSpelling(const QString &was, const QString &is, qxRepairEvidence &evidence)
 {
-    const double likeness = qxNearNames::likeness(was, is);
-    evidence.add(0.3, likeness > 0.3 ? likeness : 0, "near spelling");
+    evidence.addSpelling(0.3, qxNearNames::likeness(was, is));
+    if (qxRepairNames::areOfSeries(was, is))
+        evidence.doubt(qxRepairNames::OfSeries);
 }
 
 /// The same where it can only speak for a name.
@@ -52,6 +53,7 @@ QStringList choicesOf(const qxDocumentVariant &variant)
 {
     const bool isPose = variant.kind == &qxVariantKinds::transform;
     QStringList names;
+    QSet<QString> known;
     for (const qxSceneObject &each : variant.kind->rule.objects(variant.base)) {
         const bool isPlain = each.node != osg::NullFC
             && (isPose ? !qxNodeUtils::hasTransformVariants(each.node)
@@ -62,8 +64,9 @@ QStringList choicesOf(const qxDocumentVariant &variant)
         const int count = qxStateRules::countOf(each, aspect);
         for (int place = 0; place < count; ++place) {
             const QString name = qxText::fromUtf8(qxStateRules::nameAt(each, aspect, place));
-            if (!names.contains(name))
+            if (!known.contains(name))
                 names += name;
+            known.insert(name);
         }
         break; // clones have the same
     }
@@ -128,7 +131,7 @@ void qxRepairSearch::weighToldMaterial(const QString &name, int material,
         same += now == material || std::find(parts.begin(), parts.end(), material) != parts.end();
     }
     if (!users.empty())
-        evidence.add(0.25, double(same) / double(users.size()), "on the same nodes");
+        evidence.add(0.3, double(same) / double(users.size()), "on the same nodes");
     weighSpelling(name, is.name, evidence);
     if (users.empty() && m_bases.value(name).empty() && m_holders.value(name).empty())
         evidence.doubt(OnlySpelling);
@@ -202,8 +205,7 @@ double qxRepairSearch::shapeShare(const qxBreak &broken, const QString &base,
                                   const QString &child) const
 {
     const qxSceneOutline &before = m_history->scene;
-    const qxDocumentIndex index(m_history->document);
-    const int at = index.variant(broken.kind, broken.variant);
+    const int at = m_oldIndex->variant(broken.kind, broken.variant);
     const QString oldBase = at < 0 ? base : m_history->document.variants[std::size_t(at)].base;
     const auto childOf = [](const qxSceneOutline &scene, const Places &nodes, const QString &name) {
         for (const int node : nodes) {
@@ -277,18 +279,11 @@ qxRepairSearch::Candidates qxRepairSearch::states(const qxBreak &broken) const
 
 qxRepairSearch::Candidates qxRepairSearch::variants(const qxBreak &broken) const
 {
-    QSet<QString> wanted; // the states that sets select
-    for (const qxDocumentSet &set : m_document.sets) {
-        for (const qxDocumentReference &each : set.references) {
-            if (each.kind == broken.kind && each.variant == broken.name
-                && std::size_t(wanted.size()) < Few)
-                wanted.insert(each.state);
-        }
-    }
+    const QSet<QString> wanted = m_selected.value({broken.kind, broken.name});
     QString base = broken.name;
     QStringList oldOptions;
     if (m_history) {
-        const int at = qxDocumentIndex(m_history->document).variant(broken.kind, broken.name);
+        const int at = m_oldIndex->variant(broken.kind, broken.name);
         if (at >= 0) {
             base = m_history->document.variants[std::size_t(at)].base;
             oldOptions = optionsOf(m_history->document.variants[std::size_t(at)]);
@@ -319,8 +314,7 @@ qxRepairSearch::Candidates qxRepairSearch::variants(const qxBreak &broken) const
         if (!oldOptions.isEmpty())
             evidence.add(0.2, overlap(oldOptions, optionsOf(variant)), "same options");
         weighSpelling(broken.name, variant.name, evidence);
-        const bool isOld = m_history
-            && qxDocumentIndex(m_history->document).variant(broken.kind, variant.name) >= 0;
+        const bool isOld = m_history && m_oldIndex->variant(broken.kind, variant.name) >= 0;
         if (isOld)
             evidence.doubt(0.4);
         candidates.push_back({variant.name, evidence.score(Prior), evidence.reason()});

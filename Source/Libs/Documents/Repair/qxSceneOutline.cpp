@@ -1,6 +1,7 @@
 #include "Repair/qxSceneOutline.h"
 
 #include "qxAnimManager.h"
+#include "qxLights.h"
 #include "qxMaterialParts.h"
 #include "qxNames.h"
 #include "qxNodeWalk.h"
@@ -143,6 +144,7 @@ void qxSceneOutline::addNodes()
         entry.name = qxNames::nameOf(node);
         entry.id = node.getFieldContainerId();
         entry.isOverlay = isOverlay;
+        entry.isLight = !isOverlay && qxLights::isLight(node);
         const osg::NodePtr parent = node->getParent();
         entry.parent = parent == osg::NullFC ? -1 : places.value(parent.getFieldContainerId(), -1);
         if (entry.parent >= 0) {
@@ -206,6 +208,8 @@ void qxSceneOutline::noteNames()
         node.path = qxNames::hashOf(qxText::toUtf8(node.name), above);
         if (isFound)
             m_named[node.name].push_back(place);
+        if (node.isLight)
+            m_lights.push_back(place);
         for (const QString &state : node.states)
             m_states[state].push_back(place);
         if (node.id == root)
@@ -230,6 +234,11 @@ void qxSceneOutline::noteNames()
             m_materials[materials[i].name].push_back(int(i));
         m_looks[materials[i].look].push_back(int(i));
     }
+}
+
+QString qxSceneOutline::nameAt(int node) const
+{
+    return node < 0 ? QString() : nodes[std::size_t(node)].name;
 }
 
 QString qxSceneOutline::pathOf(int node) const

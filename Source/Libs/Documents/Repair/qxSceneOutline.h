@@ -14,6 +14,7 @@ struct qxOutlineNode {
     int parent = -1; ///< the place of the node above it; -1 for none
     int place = 0; ///< among the children of its parent
     std::vector<int> children; ///< their places, in order
+    bool isLight = false; ///< it is one of the host's lights
     bool isOverlay = false; ///< it stands in the tree of the overlays
     quint64 path = 0; ///< the hash of its path
     quint64 sort = 0; ///< equal for nodes with cores of one type
@@ -67,6 +68,8 @@ public:
     /// Nodes of the scene whose path ends in those steps, of which there may be up to TailSteps.
     const Places &withTail(const QStringList &steps) const { return at(m_tails, hashOf(steps)); }
     static constexpr int TailSteps = 8; ///< see withTail
+    /// The lights, in scene order.
+    const Places &lights() const { return m_lights; }
     /// Nodes of the scene that have a transform state of that name.
     const Places &withState(const QString &state) const { return at(m_states, state); }
     ///@{
@@ -75,6 +78,8 @@ public:
     const Places &withLook(quint64 look) const { return at(m_looks, look); }
     ///@}
 
+    /// The name of the node; empty for -1.
+    QString nameAt(int node) const;
     /// The path of the node, as in snapshots.
     QString pathOf(int node) const;
     /// The hash of such a path.
@@ -99,6 +104,7 @@ private:
     QHash<QString, Places> m_overlays;
     QHash<QString, Places> m_states;
     QHash<quint64, Places> m_paths;
+    Places m_lights;
     QHash<quint64, Places> m_trees;
     QHash<quint64, Places> m_tails;
     QHash<QString, Places> m_materials;
