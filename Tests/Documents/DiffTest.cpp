@@ -22,8 +22,8 @@ qxDocument documentOf(const QByteArray &children)
 QStringList differences(const qxDocument &before, const qxDocument &after)
 {
     static const char signs[] = "+-~>=";
-    const auto nameIn = [](const auto &one, const auto &other, int before, int after) {
-        return after < 0 ? one[std::size_t(before)].name : other[std::size_t(after)].name;
+    const auto nameIn = [](const auto &one, const auto &other, int old, int now) {
+        return now < 0 ? one[std::size_t(old)].name : other[std::size_t(now)].name;
     };
     QStringList result;
     for (const qxThingDifference &each : qxDocumentDiff::of(before, after).things) {

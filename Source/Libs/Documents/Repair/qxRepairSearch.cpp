@@ -1,6 +1,7 @@
 #include "Repair/qxRepairSearch.h"
 
 #include "Repair/qxRepairNames.h"
+#include "qxForecast.h"
 #include "qxStateRules.h"
 
 #include <algorithm>
