@@ -112,13 +112,13 @@ protected:
     template <class Work>
     void work(const osg::NodePtr &node, const Work &work)
     {
-        const std::vector<qxNodePtr> nodes = qxNodeUtils::getSubTreeNodes(node);
+        const std::vector<qxNodePtr> tree = qxNodeUtils::getSubTreeNodes(node);
         QStringList before;
-        for (const qxNodePtr &each : nodes)
+        for (const qxNodePtr &each : tree)
             before += qxText::fromUtf8(qxNames::pathOf(each));
         work();
-        for (std::size_t i = 0; i < nodes.size(); ++i)
-            truth["path:" + before[int(i)]] = qxText::fromUtf8(qxNames::pathOf(nodes[i]));
+        for (std::size_t i = 0; i < tree.size(); ++i)
+            truth["path:" + before[int(i)]] = qxText::fromUtf8(qxNames::pathOf(tree[i]));
     }
 
     void renameNode(const osg::NodePtr &node, const QString &name)
