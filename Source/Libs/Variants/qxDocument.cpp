@@ -10,7 +10,7 @@ namespace {
 
 /// Leaves one entry of each key, where the first one was. `fold` gives it what a later one says.
 template <class Entry, class KeyOf, class Fold>
-void foldTwins(std::vector<Entry> &entries, const KeyOf &keyOf, const Fold &fold)
+void foldTwinsOf(std::vector<Entry> &entries, const KeyOf &keyOf, const Fold &fold)
 {
     QHash<decltype(keyOf(entries.front())), std::size_t> places;
     places.reserve(int(entries.size()));
@@ -35,7 +35,7 @@ void keepLast(std::vector<Entry> &entries, const KeyOf &keyOf)
 {
     const auto ignore = [](Entry &, const Entry &) {};
     std::reverse(entries.begin(), entries.end());
-    foldTwins(entries, keyOf, ignore);
+    foldTwinsOf(entries, keyOf, ignore);
     std::reverse(entries.begin(), entries.end());
 }
 
@@ -71,7 +71,7 @@ void sortByKind(std::vector<Entry> &entries, const qxVariantKinds::List &kinds)
 /// As a map holds them.
 void settlePairs(std::vector<qxDocumentText> &pairs)
 {
-    foldTwins(pairs, entryText, [](qxDocumentText &kept, qxDocumentText &later) {
+    foldTwinsOf(pairs, entryText, [](qxDocumentText &kept, qxDocumentText &later) {
         kept.more = std::move(later.more);
     });
     std::sort(pairs.begin(), pairs.end(),
@@ -80,33 +80,9 @@ void settlePairs(std::vector<qxDocumentText> &pairs)
               });
 }
 
-void settleSet(qxDocumentSet &set)
-{
-    set.hotkey.text = qxHotkey::convertOld(set.hotkey.text);
-    foldTwins(
-        set.references,
-        [](const qxDocumentReference &each) { return qMakePair(each.kind, each.variant); },
-        [](qxDocumentReference &kept, qxDocumentReference &later) {
-            kept.state = std::move(later.state);
-        });
-    sortByKind(set.references, qxVariantKinds::referenceOrder().all());
-    for (auto &list : set.names)
-        foldTwins(list, entryText, [](qxDocumentText &, const qxDocumentText &) {});
-    settlePairs(set.snapshots);
-    settlePairs(set.values);
-}
-
-void settleVariant(qxDocumentVariant &variant)
-{
-    for (qxDocumentOption &option : variant.options)
-        option.hotkey.text = qxHotkey::convertOld(option.hotkey.text);
-    foldTwins(variant.options, entryName<qxDocumentOption>,
-              [](qxDocumentOption &, const qxDocumentOption &) {});
-}
-
 void settleVariants(std::vector<qxDocumentVariant> &variants)
 {
-    foldTwins(
+    foldTwinsOf(
         variants, [](const qxDocumentVariant &each) { return qMakePair(each.kind, each.name); },
         [](qxDocumentVariant &kept, qxDocumentVariant &later) {
             kept.base = std::move(later.base);
@@ -115,7 +91,7 @@ void settleVariants(std::vector<qxDocumentVariant> &variants)
                 kept.standard = std::move(later.standard);
         });
     for (qxDocumentVariant &variant : variants)
-        settleVariant(variant);
+        variant.settle();
     sortByKind(variants, qxVariantKinds::all());
 }
 
@@ -235,6 +211,40 @@ bool qxDocumentSet::isEmpty() const
         && script.text.isEmpty() && clipping.clipState == qxAnalyzerVariant::NoChange;
 }
 
+void qxDocumentSet::foldTwins()
+{
+    foldTwinsOf(
+        references,
+        [](const qxDocumentReference &each) { return qMakePair(each.kind, each.variant); },
+        [](qxDocumentReference &kept, qxDocumentReference &later) {
+            kept.state = std::move(later.state);
+        });
+    sortByKind(references, qxVariantKinds::referenceOrder().all());
+    for (auto &list : names)
+        foldTwinsOf(list, entryText, [](qxDocumentText &, const qxDocumentText &) {});
+    settlePairs(snapshots);
+    settlePairs(values);
+}
+
+void qxDocumentSet::settle()
+{
+    hotkey.text = qxHotkey::convertOld(hotkey.text);
+    foldTwins();
+}
+
+void qxDocumentVariant::foldTwins()
+{
+    foldTwinsOf(options, entryName<qxDocumentOption>,
+                [](qxDocumentOption &, const qxDocumentOption &) {});
+}
+
+void qxDocumentVariant::settle()
+{
+    for (qxDocumentOption &option : options)
+        option.hotkey.text = qxHotkey::convertOld(option.hotkey.text);
+    foldTwins();
+}
+
 void qxDocument::settle()
 {
     settleGroups(*this);
@@ -244,7 +254,7 @@ void qxDocument::settle()
                          return unsigned(one.group) < unsigned(other.group); // -1 comes last
                      });
     for (qxDocumentSet &set : sets) {
-        settleSet(set);
+        set.settle();
         if (set.group >= 0)
             ++groups[std::size_t(set.group)].sets;
     }

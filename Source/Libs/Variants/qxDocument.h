@@ -53,6 +53,11 @@ struct qxDocumentSet {
     bool includes(qxInclusion what) const { return inclusions[std::size_t(what)]; }
     /// Whether selecting the set does nothing, as qxVariantSet::isEmpty has it.
     bool isEmpty() const;
+    /// Leaves one entry of each name, where the first is and with what the last says, in the order
+    /// in which they are written.
+    void foldTwins();
+    /// Settles this set alone, see qxDocument::settle.
+    void settle();
 
     QString name; ///< not empty
     int group = -1; ///< the place of its group among the document's groups; -1 for none
@@ -92,6 +97,11 @@ struct qxDocumentOption {
 
 /// A variant as a document holds it.
 struct qxDocumentVariant {
+    /// Leaves the first option of each name.
+    void foldTwins();
+    /// Settles this variant alone, see qxDocument::settle.
+    void settle();
+
     const qxVariantKind *kind = &qxVariantKinds::node; ///< never null
     QString name; ///< not empty
     QString base; ///< the name of its scene object

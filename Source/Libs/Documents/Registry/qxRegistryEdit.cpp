@@ -9,7 +9,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "Registry/qxRegistryFill.h"
+#include "qxRegistryFill.h"
 #include "qxRegistryNotice.h"
 
 #include <QHash>

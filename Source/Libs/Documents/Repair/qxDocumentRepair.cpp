@@ -65,35 +65,6 @@ void noteContests(std::vector<qxBreak> &breaks)
     }
 }
 
-/// Leaves the first entry of each name.
-template <class List, class NameOf>
-void dropTwins(List &list, const NameOf &nameOf)
-{
-    QSet<QString> known;
-    const auto isTwin = [&](const auto &each) {
-        const bool isKnown = known.contains(nameOf(each));
-        known.insert(nameOf(each));
-        return isKnown;
-    };
-    list.erase(std::remove_if(list.begin(), list.end(), isTwin), list.end());
-}
-
-/// What two places held may be the same thing now.
-void settleSet(qxDocumentSet &set)
-{
-    const auto textOf = [](const qxDocumentText &each) { return each.text; };
-    dropTwins(set.references, [](const qxDocumentReference &each) {
-        return each.kind->word + QLatin1Char(' ') + each.variant;
-    });
-    for (auto &list : set.names)
-        dropTwins(list, textOf);
-    std::stable_sort(set.snapshots.begin(), set.snapshots.end(),
-                     [](const qxDocumentText &one, const qxDocumentText &other) {
-                         return one.text < other.text;
-                     });
-    dropTwins(set.snapshots, textOf);
-}
-
 } // namespace
 
 std::vector<qxBreak> qxDocumentRepair::find(const qxDocument &document,
@@ -145,10 +116,11 @@ void qxDocumentRepair::apply(qxDocument &document, const std::vector<qxBreak> &r
         if (text == broken.name && broken.isDefault)
             text = names.value(broken.key(), text);
     });
+    // What two places held may be the same thing now.
     for (qxDocumentSet &set : document.sets)
-        settleSet(set);
+        set.foldTwins();
     for (qxDocumentVariant &variant : document.variants)
-        dropTwins(variant.options, [](const qxDocumentOption &each) { return each.name; });
+        variant.foldTwins();
 }
 
 std::vector<qxBreak> qxDocumentRepair::applyClear(qxDocument &document,

@@ -17,7 +17,6 @@
 #include <QScopeGuard>
 #include <QTextCodec>
 
-#include <exception>
 #include <optional>
 
 /// The file as it was read.
@@ -169,20 +168,11 @@ qxDocumentFile::qxDocumentFile() : m_content(std::make_unique<Content>()) {}
 
 qxDocumentFile::~qxDocumentFile() = default;
 
-template <class Work>
-bool qxDocumentFile::attempt(const QString &path, const Work &work)
+bool qxDocumentFile::attempt(const QString &path, const std::function<void()> &work)
 {
-    m_error.clear();
     m_warnings.clear();
-    try {
-        work();
-        return true;
-    } catch (const qxGltfError &error) {
-        m_error = path + ": " + error.reason();
-    } catch (const std::exception &error) { // most likely out of memory
-        m_error = path + ": " + error.what();
-    }
-    return false;
+    m_error = qxGltfAttempt(path, work);
+    return m_error.isEmpty();
 }
 
 bool qxDocumentFile::load(const QString &path)

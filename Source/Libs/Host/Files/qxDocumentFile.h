@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QVector>
 
+#include <functional>
 #include <memory>
 
 /// A variants document in the file that holds it, of which no scene is made: a scene file (.gltf,
@@ -55,8 +56,7 @@ public:
 
 private:
     struct Content;
-    template <class Work>
-    bool attempt(const QString &path, const Work &work);
+    bool attempt(const QString &path, const std::function<void()> &work);
 
     std::unique_ptr<Content> m_content;
     QString m_error;

@@ -24,7 +24,6 @@
 #include <QScopeGuard>
 
 #include <algorithm>
-#include <exception>
 
 /// The file as it was loaded, what was made of it, and the variants document as it is now.
 struct qxSceneFile::Content {
@@ -193,20 +192,11 @@ qxSceneFile::qxSceneFile() : m_content(std::make_unique<Content>()) {}
 
 qxSceneFile::~qxSceneFile() = default;
 
-template <class Work>
-bool qxSceneFile::attempt(const QString &path, const Work &work)
+bool qxSceneFile::attempt(const QString &path, const std::function<void()> &work)
 {
-    m_error.clear();
     m_warnings.clear();
-    try {
-        work();
-        return true;
-    } catch (const qxGltfError &error) {
-        m_error = path + ": " + error.reason();
-    } catch (const std::exception &error) { // most likely out of memory
-        m_error = path + ": " + error.what();
-    }
-    return false;
+    m_error = qxGltfAttempt(path, work);
+    return m_error.isEmpty();
 }
 
 bool qxSceneFile::load(const QString &path, const StepListener &listener)

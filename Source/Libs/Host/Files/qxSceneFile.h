@@ -81,8 +81,7 @@ public:
 private:
     struct Content;
     /// Runs the work on a file; false when it threw, with the reason as the error.
-    template <class Work>
-    bool attempt(const QString &path, const Work &work);
+    bool attempt(const QString &path, const std::function<void()> &work);
 
     std::unique_ptr<Content> m_content;
     QString m_error;

@@ -3,7 +3,6 @@
 #include "Internal/Document/qxDocumentNames.h"
 #include "Internal/Document/qxDocumentParser.h"
 #include "Internal/Document/qxDomCursor.h"
-#include "Internal/Options/qxHotkey.h"
 #include "Internal/Registry/qxDeferredDeletion.h"
 #include "Internal/Registry/qxSetRegistry.h"
 #include "qxVariantGroup.h"
@@ -11,6 +10,7 @@
 #include "qxVariantSet.h"
 
 #include "qxPreviewPicture.h"
+#include "qxRegistryFill.h"
 
 #include <QGuiApplication>
 #include <QPixmap>
@@ -22,55 +22,23 @@ namespace {
 /// Base64 texts below this length are printed.
 constexpr int ShortPreview = 80;
 
-/// Loads the picture once, so that a picture that cannot be shown is noticed while loading.
-void tryPreview(const QByteArray &bytes)
+/// Prints short previews, and loads each picture once, so that one that cannot be shown is noticed
+/// while loading.
+void notePreviews(const QDomElement &element)
 {
-    if (qobject_cast<QGuiApplication *>(QCoreApplication::instance())
-        && qxPreviewPicture::isDecodable(bytes))
-        QPixmap().loadFromData(bytes);
-}
-
-void fillPreview(qxVariantSet &set, const QByteArray &base64)
-{
-    if (base64.isNull())
-        return;
-    if (base64.size() < ShortPreview)
-        std::printf("\t%s\n", base64.constData());
-    set.setPreview(QByteArray::fromBase64(base64));
-    tryPreview(set.preview);
-}
-
-template <void (qxVariantSet::*add)(const QString &)>
-void fillNames(qxVariantSet &set, const qxDocumentSet &data, qxNameList list)
-{
-    for (const qxDocumentText &each : data.of(list))
-        (set.*add)(each.text);
-}
-
-void fill(qxVariantSet &set, const qxDocumentSet &data)
-{
-    set.comment = data.comment;
-    set.defaultViewpoint = data.defaultViewpoint;
-    if (data.hasHotkey) {
-        set.hotkey = qxHotkey::convertOld(data.hotkey.text);
-        set.updateShortcut();
+    const bool hasScreen = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
+    const QString tag = qxDocumentNames::Preview;
+    for (auto each = element.firstChildElement(tag); !each.isNull();
+         each = each.nextSiblingElement(tag)) {
+        QByteArray base64;
+        if (!qxDomCursor(each).picture(base64))
+            continue;
+        if (base64.size() < ShortPreview)
+            std::printf("\t%s\n", base64.constData());
+        const QByteArray bytes = hasScreen ? QByteArray::fromBase64(base64) : QByteArray();
+        if (qxPreviewPicture::isDecodable(bytes))
+            QPixmap().loadFromData(bytes);
     }
-    set.sequentialAnimation = data.isSequential;
-    set.script = data.script.text;
-    for (const qxDocumentReference &each : data.references)
-        (set.*each.kind->states).add(each.variant, each.state);
-    fillNames<&qxVariantSet::addViewpoint>(set, data, qxNameList::Viewpoints);
-    fillNames<&qxVariantSet::addAnimation>(set, data, qxNameList::Animations);
-    fillNames<&qxVariantSet::addGeometry>(set, data, qxNameList::Geometries);
-    fillNames<&qxVariantSet::addTargetNodeName>(set, data, qxNameList::Targets);
-    const auto &taken = data.inclusions;
-    set.setInclInfo(taken[0], taken[1], taken[2], taken[3], taken[4]);
-    for (const qxDocumentText &each : data.snapshots)
-        set.addMaterialSnapshot(each.text, each.more);
-    for (const qxDocumentText &each : data.values)
-        set.values.insert(each.text, each.more);
-    set.analyzer = data.clipping;
-    fillPreview(set, data.preview);
 }
 
 /// A new set for an element of that name, or null.
@@ -89,10 +57,15 @@ qxVariantSet *createSet(const QString &name, bool replace)
 qxVariantSet *qxSetElements::readSet(const QDomElement &element, bool replace)
 {
     qxDomCursor cursor(element);
-    const qxDocumentSet data = qxDocumentParser(cursor).set();
+    qxDocumentSet data = qxDocumentParser(cursor).set();
     qxVariantSet *const set = createSet(data.name, replace);
-    if (set)
-        fill(*set, data);
+    if (!set)
+        return nullptr;
+    data.settle();
+    qxRegistryFill::fill(*set, data);
+    if (data.hasHotkey && set->key < 0)
+        set->updateShortcut(); // of none
+    notePreviews(element);
     return set;
 }
 
@@ -102,10 +75,10 @@ qxVariantGroup *qxSetElements::readGroup(const QDomElement &element)
     const qxDocumentGroup data = qxDocumentParser(cursor).groupHead();
     const qxDeferredDeletion deferred;
     qxSetRegistry::removeGroup(data.name);
-    qxVariantGroup *const group = qxSetRegistry::createGroup(data.name, false, data.isVisible);
+    qxVariantGroup *const group = qxSetRegistry::createGroup(data.name, false, true);
     if (!group)
         return nullptr;
-    group->comment = data.comment;
+    qxRegistryFill::fill(*group, data);
     for (auto child = element.firstChildElement(qxDocumentNames::VariantSet); !child.isNull();
          child = child.nextSiblingElement(qxDocumentNames::VariantSet)) {
         qxVariantSet *const set = readSet(child, true);

@@ -2,24 +2,22 @@
 
 #include "Internal/Document/qxDocumentParser.h"
 #include "Internal/Document/qxDomCursor.h"
-#include "Internal/Options/qxHotkey.h"
-#include "Internal/Options/qxOptionAppender.h"
-#include "qxVariantKind.h"
+#include "qxVariant.h"
+
+#include "qxRegistryFill.h"
 
 qxVariant *qxVariantElements::read(const qxVariantKind &kind, const QDomElement &element)
 {
     qxDomCursor cursor(element);
-    const qxDocumentVariant data = qxDocumentParser(cursor).variant(kind);
+    qxDocumentVariant data = qxDocumentParser(cursor).variant(kind);
     qxVariant *const variant = data.name.isEmpty() ? nullptr : kind.create(data.name, false);
     if (!variant)
         return nullptr;
-    variant->*kind.sceneName = data.base;
-    if (data.hasStandard)
-        variant->defaultState = data.standard.text;
-    variant->options.clear();
-    qxOptionAppender options(*variant);
-    for (const qxDocumentOption &each : data.options)
-        options.add(false, each.name, qxHotkey::convertOld(each.hotkey.text));
+    data.settle();
+    if (!data.hasStandard)
+        data.standard.text = variant->defaultState;
+    variant->options.clear(); // what was an action need not be one now
+    qxRegistryFill::fill(*variant, data);
     if (kind.complete)
         kind.complete(*variant);
     return variant;

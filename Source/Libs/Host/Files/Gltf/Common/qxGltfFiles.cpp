@@ -12,6 +12,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <exception>
 #include <unistd.h>
 
 namespace {
@@ -77,6 +78,18 @@ bool standsAt(const QFile &file, const QString &path)
 }
 
 } // namespace
+
+QString qxGltfAttempt(const QString &path, const std::function<void()> &work)
+{
+    try {
+        work();
+        return QString();
+    } catch (const qxGltfError &error) {
+        return path + ": " + error.reason();
+    } catch (const std::exception &error) { // most likely out of memory
+        return path + ": " + error.what();
+    }
+}
 
 QString qxGltfFolderOf(const QString &path)
 {

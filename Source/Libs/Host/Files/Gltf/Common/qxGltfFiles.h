@@ -3,7 +3,12 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+
 class qxMemoryBudget;
+
+/// Does the work on the file at that path. Why it failed, with the path, when it threw; else empty.
+QString qxGltfAttempt(const QString &path, const std::function<void()> &work);
 
 /// The folder that the URIs of a scene file are relative to: that of the file itself, even if
 /// `path` is a link to it.

@@ -1,4 +1,4 @@
-#include "Registry/qxRegistryFill.h"
+#include "qxRegistryFill.h"
 
 #include "qxVariantGroup.h"
 #include "qxVariantKinds.h"
