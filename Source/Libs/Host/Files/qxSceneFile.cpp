@@ -1,6 +1,7 @@
 #include "Files/qxSceneFile.h"
 
 #include "Files/Gltf/Common/qxGltfExtras.h"
+#include "Files/Gltf/Common/qxGltfFiles.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/Gltf/Common/qxGltfVariants.h"
 #include "Files/Gltf/Read/qxGltfExtensions.h"
