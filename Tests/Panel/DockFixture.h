@@ -67,5 +67,5 @@ protected:
     TestNode wheels = scene.addSwitch("Wheels", {"Steel", "Alloy"});
     QMainWindow window;
     qxVariantSetsDock sets{nullptr};
-    qxVariantsDock variants{nullptr};
+    qxVariantsDock variants{sets.undoStack()};
 };

@@ -105,7 +105,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
 void qxWorkbenchWindow::buildDocks()
 {
     m_sets = new qxVariantSetsDock(this);
-    m_variants = new qxVariantsDock(this);
+    m_variants = new qxVariantsDock(m_sets->undoStack(), this);
     m_tree = new qxSceneTreeModel(this);
     m_treeView = new QTreeView;
     m_treeView->setModel(m_tree);

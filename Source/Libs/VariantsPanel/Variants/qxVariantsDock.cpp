@@ -10,8 +10,8 @@
 #include <QHeaderView>
 #include <QTreeView>
 
-qxVariantsDock::qxVariantsDock(QWidget *parent)
-    : QDockWidget(parent), m_events(new qxPanelEvents(this)),
+qxVariantsDock::qxVariantsDock(QUndoStack *steps, QWidget *parent)
+    : QDockWidget(parent), m_steps(steps), m_events(new qxPanelEvents(this)),
       m_model(new qxVariantsModel(m_events, this)), m_view(new QTreeView)
 {
     setObjectName(QStringLiteral("qxVariantsDock"));

@@ -4,6 +4,7 @@
 
 class QModelIndex;
 class QTreeView;
+class QUndoStack;
 class qxPanelEvents;
 class qxVariantsModel;
 struct qxVariantKind;
@@ -14,8 +15,9 @@ class qxVariantsDock : public QDockWidget {
     Q_OBJECT
 
 public:
-    /// A dock for any main window of Qt, which shows the variants of the registry.
-    explicit qxVariantsDock(QWidget *parent = nullptr);
+    /// A dock for any main window of Qt, which shows the variants of the registry. Its edits are
+    /// steps of the stack, that of the sets' dock, which must outlive this.
+    explicit qxVariantsDock(QUndoStack *steps, QWidget *parent = nullptr);
 
 Q_SIGNALS:
     /// An option is about to be selected by the user.
@@ -30,6 +32,7 @@ private:
     void selectOption(const QModelIndex &index);
     void highlight(const qxVariantKind &kind, const QStringList &names);
 
+    QUndoStack *m_steps;
     qxPanelEvents *m_events;
     qxVariantsModel *m_model;
     QTreeView *m_view;
