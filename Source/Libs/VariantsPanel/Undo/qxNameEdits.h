@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Repair/qxBreak.h"
 #include "Rename/qxRegistryRename.h"
+#include "Repair/qxBreak.h"
 
 class QUndoStack;
 
