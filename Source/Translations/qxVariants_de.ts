@@ -824,6 +824,48 @@
     </message>
 </context>
 <context>
+    <name>qxKeyList</name>
+    <message>
+        <source>Everywhere</source>
+        <translation>Überall</translation>
+    </message>
+    <message>
+        <source>Sets that keys select</source>
+        <translation>Sets, die Tasten auswählen</translation>
+    </message>
+    <message>
+        <source>Options that keys select</source>
+        <translation>Optionen, die Tasten auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>qxKeysPage</name>
+    <message>
+        <source>Keys and mouse</source>
+        <translation>Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>Search for what is done, or for a key</source>
+        <translation>Suche nach einer Tätigkeit oder Taste</translation>
+    </message>
+    <message>
+        <source>What it does</source>
+        <translation>Was geschieht</translation>
+    </message>
+    <message>
+        <source>Keys, mouse</source>
+        <translation>Tasten, Maus</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>&amp;Drucken …</translation>
+    </message>
+</context>
+<context>
     <name>qxLightMenu</name>
     <message>
         <source>&amp;Environment</source>
@@ -902,6 +944,13 @@
     </message>
 </context>
 <context>
+    <name>qxNameChooser</name>
+    <message>
+        <source>Search</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxNameEdits</name>
     <message>
         <source>Rename &quot;%1&quot;</source>
@@ -910,6 +959,33 @@
     <message>
         <source>Repair &quot;%1&quot;</source>
         <translation>„%1“ reparieren</translation>
+    </message>
+</context>
+<context>
+    <name>qxNoVariants</name>
+    <message>
+        <source>Make Variants of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose What to Show and Hide...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose Materials to Switch...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There are no variants yet. The scene has things that can vary:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There are no variants yet, and nothing in the scene varies by itself. Every node can be shown and hidden, and materials can be switched:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There are no variants. Open a scene to make some of it.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -955,6 +1031,47 @@
     <message>
         <source>Preview of &quot;%1&quot; ...</source>
         <translation>Vorschau von „%1“ …</translation>
+    </message>
+</context>
+<context>
+    <name>qxRecentFiles</name>
+    <message>
+        <source>None yet</source>
+        <translation>Noch keine</translation>
+    </message>
+</context>
+<context>
+    <name>qxRecovery</name>
+    <message>
+        <source>Workbench</source>
+        <translation type="unfinished">Workbench</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly on %1: edits were not saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly on %1: edits of &quot;%2&quot; were not saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n steps can be recovered. The file stays as it is until you save.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1022,12 +1139,80 @@
         <source>Home</source>
         <translation>Grundstellung</translation>
     </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Left button</source>
+        <translation>Linke Taste</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Middle button, left button with Shift</source>
+        <translation>Mittlere Taste, linke Taste mit Umschalt</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Wheel, right button</source>
+        <translation>Rad, rechte Taste</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoomen</translation>
+    </message>
+    <message>
+        <source>Click</source>
+        <translation>Klick</translation>
+    </message>
+    <message>
+        <source>Pick a node: the tree shows it</source>
+        <translation>Einen Knoten wählen: der Baum zeigt ihn</translation>
+    </message>
+    <message>
+        <source>Double click</source>
+        <translation>Doppelklick</translation>
+    </message>
+    <message>
+        <source>Look at the node</source>
+        <translation>Den Knoten ansehen</translation>
+    </message>
 </context>
 <context>
     <name>qxScriptConsole</name>
     <message>
         <source>Python, such as: selectVariantSet(&quot;...&quot;)</source>
         <translation>Python, zum Beispiel: selectVariantSet(&quot;...&quot;)</translation>
+    </message>
+    <message>
+        <source>Statement</source>
+        <translation>Anweisung</translation>
+    </message>
+    <message>
+        <source>What was typed and printed</source>
+        <translation>Eingaben und Ausgaben</translation>
+    </message>
+    <message>
+        <source>Run the statement</source>
+        <translation>Die Anweisung ausführen</translation>
+    </message>
+    <message>
+        <source>Add a line</source>
+        <translation>Eine Zeile anfügen</translation>
+    </message>
+    <message>
+        <source>Earlier and later statements</source>
+        <translation>Frühere und spätere Anweisungen</translation>
+    </message>
+    <message>
+        <source>Complete a name</source>
+        <translation>Einen Namen ergänzen</translation>
     </message>
 </context>
 <context>
@@ -1320,6 +1505,22 @@
         <source>The key is taken by &quot;%1&quot; and does not select this set.</source>
         <translation>Die Taste wird von „%1“ verwendet und wählt dieses Set nicht aus.</translation>
     </message>
+    <message>
+        <source>The key is taken by &quot;%1&quot; and does not select this option.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The set &quot;%1&quot; has this key, too, and comes first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too; this one comes first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too, and comes first.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>qxSetsModel</name>
@@ -1360,6 +1561,59 @@
     <message>
         <source>Nothing has &quot;%1&quot; in it.</source>
         <translation>Nichts enthält „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>qxStartPage</name>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+    <message>
+        <source>Shows scenes in many states: which wheels, which paint, which lamps.</source>
+        <translation>Zeigt Szenen in vielen Zuständen: welche Räder, welcher Lack, welche Lampen.</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Öffnen …</translation>
+    </message>
+    <message>
+        <source>Demo</source>
+        <translation>Beispiel</translation>
+    </message>
+    <message>
+        <source>Open a configurable roadster</source>
+        <translation>Einen konfigurierbaren Roadster öffnen</translation>
+    </message>
+    <message>
+        <source>Recent files</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Remove from the List</source>
+        <translation>Aus der Liste entfernen</translation>
+    </message>
+    <message>
+        <source>A scene (.gltf, .glb) can be dropped anywhere on this window.
+%1 lists all keys, and what the mouse does.</source>
+        <translation>Eine Szene (.gltf, .glb) kann überall auf diesem Fenster abgelegt werden.
+%1 zeigt alle Tasten, und was die Maus tut.</translation>
+    </message>
+    <message>
+        <source>Changed %1</source>
+        <translation>Geändert %1</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>Fehlt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no longer there.</source>
+        <translation>„%1“ gibt es nicht mehr.</translation>
     </message>
 </context>
 <context>
@@ -1461,6 +1715,265 @@
     <message>
         <source>others may write %1</source>
         <translation>Andere dürfen %1 ändern</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantActions</name>
+    <message>
+        <source>&amp;New</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Show This State</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation type="unfinished">&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>De&amp;lete</source>
+        <translation type="unfinished">&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Add &amp;Options...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Make It the De&amp;fault</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Key...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Add to the Current Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add to Se&amp;t...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Add to &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete Variants</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sets have entries of what you delete.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Entries that are kept do nothing until there is a variant of that name again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Delete the Entries, Too</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Keep the Entries</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Entries of %n sets were deleted.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Entries of %n sets were kept.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Options for &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other materials of the scene, too</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Another name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add options to &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Default state of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add to Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;New set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add to the new set &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>&quot;%1&quot; has %n new states.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has nothing new by that.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantForm</name>
+    <message>
+        <source>&amp;Default</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Option &amp;key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation type="unfinished">Leeren</translation>
+    </message>
+    <message>
+        <source>Clear the key of the option</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The option is an &amp;action</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It does something to what is shown, such as &quot;next&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation type="unfinished">(keiner)</translation>
+    </message>
+    <message>
+        <source>%1 (no option)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Default state of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Key of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is an action</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no action</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantMaker</name>
+    <message numerus="yes">
+        <source>%n switches</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n switch materials</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lights</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n switches among the overlays</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n nodes with transform states</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Plain materials, too: each is put into a switch material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All others, too: they can be shown and hidden</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of All: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose %1...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The scene is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n selected nodes</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Make Variants: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Make Variants</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1584,6 +2097,135 @@
         <source>&amp;Picture What Is Shown</source>
         <translation>Das &amp;Gezeigte aufnehmen</translation>
     </message>
+    <message>
+        <source>Select the current set</source>
+        <translation>Das aktuelle Set auswählen</translation>
+    </message>
+    <message>
+        <source>Search: go to what was found</source>
+        <translation>Suche: zum Gefundenen gehen</translation>
+    </message>
+    <message>
+        <source>Search: select the first set</source>
+        <translation>Suche: das erste Set auswählen</translation>
+    </message>
+    <message>
+        <source>Search: end it</source>
+        <translation>Suche: beenden</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantTexts</name>
+    <message>
+        <source>Make variant &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Make %n variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&quot;%1&quot; moves %n things of that name.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No variant could be made of &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is a variant &quot;%1&quot; already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No variant of that kind can be made of &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n options to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete &quot;%1&quot;</source>
+        <translation type="unfinished">„%1“ löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n options from &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Order the options of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n variants to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantUses</name>
+    <message>
+        <source>Used by</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation type="unfinished">
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>In %n sets</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>In no set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Moves %n nodes</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Moves nothing: the scene has no &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>qxVariants</name>
@@ -1672,6 +2314,29 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <source>Variants</source>
         <translation>Varianten</translation>
     </message>
+    <message>
+        <source>Search variants</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Make variants of what the scene has</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Used by</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants found</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>qxVariantsModel</name>
@@ -1682,6 +2347,10 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>State</source>
         <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1751,20 +2420,12 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>&amp;Hilfe</translation>
     </message>
     <message>
-        <source>Mouse and keys</source>
-        <translation>Maus und Tasten</translation>
-    </message>
-    <message>
         <source>About Workbench</source>
         <translation>Über Workbench</translation>
     </message>
     <message>
         <source>Workbench %1 shows scenes in many states.</source>
         <translation>Workbench %1 zeigt Szenen in vielen Zuständen.</translation>
-    </message>
-    <message>
-        <source>&amp;Mouse and Keys</source>
-        <translation>&amp;Maus und Tasten</translation>
     </message>
     <message>
         <source>&amp;About</source>
@@ -1851,10 +2512,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>Nur eine Szene kann offen sein; die übrigen wurden nicht geöffnet.</translation>
     </message>
     <message>
-        <source>None yet</source>
-        <translation>Noch keine</translation>
-    </message>
-    <message>
         <source>&amp;Next Pane</source>
         <translation>&amp;Nächster Bereich</translation>
     </message>
@@ -1881,10 +2538,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Opening &quot;%1&quot;: variants...</source>
         <translation>„%1“ wird geöffnet: Varianten …</translation>
-    </message>
-    <message>
-        <source>Open a scene with &quot;File &gt; Open&quot;, or drop one here.</source>
-        <translation>Öffnen Sie eine Szene mit „Datei &gt; Öffnen“, oder legen Sie eine hier ab.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has changed on the disk since it was opened.</source>
@@ -1931,20 +2584,68 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>&amp;Licht und Hintergrund</translation>
     </message>
     <message>
-        <source>Left button: turn. Middle button, or left with Shift: move.
-Wheel or right button: zoom. Click: pick a node. Double click: look at it.
-Arrows: turn. + and -: zoom. F: show everything. Home: go home.
-Space: play or pause animations. Shift+Space: stop them.
-
-Enter or a double click selects the set under the cursor, F2 renames it.
-Keys of sets select them anywhere but in text fields.</source>
-        <translation>Linke Taste: drehen. Mittlere Taste oder linke mit Umschalt: verschieben.
-Mausrad oder rechte Taste: zoomen. Klick: Knoten auswählen. Doppelklick: Knoten ansehen.
-Pfeiltasten: drehen. + und −: zoomen. F: alles zeigen. Pos1: Grundstellung.
-Leertaste: Animationen abspielen oder anhalten. Umschalt+Leertaste: sie beenden.
-
-Die Eingabetaste oder ein Doppelklick wählt das markierte Set aus, F2 benennt es um.
-Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
+        <source>&quot;%1&quot; is open in another window.</source>
+        <translation>„%1“ ist in einem anderen Fenster geöffnet.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is open in another window, which does not answer.</source>
+        <translation>„%1“ ist in einem anderen Fenster geöffnet, das nicht antwortet.</translation>
+    </message>
+    <message>
+        <source>What is saved there and what is saved here are two versions. Saving asks before it overwrites the other one.</source>
+        <translation>Was dort und was hier gespeichert wird, sind zwei Fassungen. Das Speichern fragt, bevor es die andere überschreibt.</translation>
+    </message>
+    <message>
+        <source>Open Here, Too</source>
+        <translation>Auch hier öffnen</translation>
+    </message>
+    <message>
+        <source>The file is open in another window. Close it there, or save under another name.</source>
+        <translation>Die Datei ist in einem anderen Fenster geöffnet. Schließen Sie sie dort, oder speichern Sie unter einem anderen Namen.</translation>
+    </message>
+    <message>
+        <source>&amp;Panes</source>
+        <translation>&amp;Bereiche</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farbschema</translation>
+    </message>
+    <message>
+        <source>&amp;Text under Icons</source>
+        <translation>&amp;Text unter Symbolen</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Layout</source>
+        <translation>Anordnung &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and Mouse</source>
+        <translation>&amp;Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
     </message>
 </context>
 </TS>
