@@ -83,6 +83,7 @@ private:
     void fillThemeMenu(QMenu *menu);
     void buildToolBar();
     void buildSetsMenu();
+    void buildVariantsMenu();
     void buildHelpMenu();
     void retranslate();
     void showUndo();
