@@ -178,8 +178,9 @@ QString qxSetHotkeys::conflictOf(const qxVariantKind &kind, const QString &varia
     const bool isFirst = options.empty() || options.front().is(kind, variant, option.name);
     if (options.size() > 1 || !isFirst) {
         const Option &other = options[isFirst ? 1 : 0];
-        lines << (isFirst ? tr("The option \"%1\" of \"%2\" has this key, too; this one comes first.")
-                          : tr("The option \"%1\" of \"%2\" has this key, too, and comes first."))
+        lines << (isFirst
+                      ? tr("The option \"%1\" of \"%2\" has this key, too; this one comes first.")
+                      : tr("The option \"%1\" of \"%2\" has this key, too, and comes first."))
                      .arg(other.name, other.variant);
     }
     return lines.join('\n');
