@@ -12,14 +12,20 @@ public:
     explicit qxLintContext(const qxDocument &document) : tree(document), variants(document) {}
 
     /// A finding at an element that is a child of the one at `owner`.
-    void add(qxCode code, const QString &message, const QString &owner, const QString &tag,
-             const qxSourceLocation &location);
+    void add(qxCode code, const qxFindingPlace &place, const QString &message, const QString &owner,
+             const QString &tag, const qxSourceLocation &location);
     /// A finding at the element at `path` itself.
-    void add(qxCode code, const QString &message, const QString &path,
+    void add(qxCode code, const qxFindingPlace &place, const QString &message, const QString &path,
              const qxSourceLocation &location);
     /// A finding at every one of these sets or groups whose name stands before; `kind` says which.
     template <class List>
     void addTwins(qxCode code, const QString &kind, const List &all);
+    ///@{
+    /// Where findings of it belong to.
+    static qxFindingPlace placeOf(const qxDocumentGroup &group);
+    static qxFindingPlace placeOf(const qxDocumentSet &set);
+    static qxFindingPlace placeOf(const qxDocumentVariant &variant);
+    ///@}
 
     const qxDocument &tree;
     const qxSceneLookup scene;
@@ -34,7 +40,7 @@ void qxLintContext::addTwins(qxCode code, const QString &kind, const List &all)
     for (const auto &each : all) {
         const auto known = lines.constFind(each.name);
         if (known != lines.constEnd())
-            add(code,
+            add(code, placeOf(each),
                 QStringLiteral("%1 \"%2\" replaces the one of line %3")
                     .arg(kind, each.name)
                     .arg(*known),

@@ -6,6 +6,7 @@
 namespace {
 
 struct ListRule {
+    qxFindingPlace::Sort sort;
     const char *tag;
     const char *word;
     qxCode missing;
@@ -13,10 +14,14 @@ struct ListRule {
 };
 
 const ListRule listRules[qxNameLists] = {
-    {"ViewpointRef", "viewpoint", qxCode::NoSuchViewpoint, &qxSceneLookup::hasViewpoint},
-    {"AnimationRef", "animation", qxCode::NoSuchAnimation, &qxSceneLookup::hasClip},
-    {"GeometryRef", "geometry", qxCode::NoSuchGeometry, &qxSceneLookup::hasNode},
-    {"TargetName", "target node", qxCode::NoSuchTarget, &qxSceneLookup::hasNode},
+    {qxFindingPlace::Viewpoint, "ViewpointRef", "viewpoint", qxCode::NoSuchViewpoint,
+     &qxSceneLookup::hasViewpoint},
+    {qxFindingPlace::Animation, "AnimationRef", "animation", qxCode::NoSuchAnimation,
+     &qxSceneLookup::hasClip},
+    {qxFindingPlace::Geometry, "GeometryRef", "geometry", qxCode::NoSuchGeometry,
+     &qxSceneLookup::hasNode},
+    {qxFindingPlace::Target, "TargetName", "target node", qxCode::NoSuchTarget,
+     &qxSceneLookup::hasNode},
 };
 
 /// An entry of a set that changes something of the scene: a reference or, without one, a target.
@@ -82,7 +87,9 @@ void SetLint::add(qxCode code, const qxVariantKind *kind, const qxDocumentRefere
 {
     const QString message = QStringLiteral("set \"%1\", %2 variant \"%3\": %4")
                                 .arg(m_set.name, kind->word, reference.variant, what);
-    m_context.add(code, message, m_set.path, kind->referenceTag, reference.location);
+    m_context.add(code,
+                  {qxFindingPlace::Reference, m_set.name, kind, reference.variant, reference.state},
+                  message, m_set.path, kind->referenceTag, reference.location);
 }
 
 /// A selection shows targets before all else, up to the first that is missing.
@@ -170,7 +177,8 @@ void SetLint::lintNames(qxNameList list)
         const QString message =
             QStringLiteral("set \"%1\", %2 \"%3\": %4")
                 .arg(m_set.name, QLatin1String(rule.word), name.text, QLatin1String(what));
-        m_context.add(code, message, m_set.path, QString::fromLatin1(rule.tag), name.location);
+        m_context.add(code, {rule.sort, m_set.name, nullptr, name.text, QString()}, message,
+                      m_set.path, QString::fromLatin1(rule.tag), name.location);
     };
     for (const qxDocumentText &each : m_set.of(list)) {
         if (known.contains(each.text))
@@ -186,19 +194,21 @@ void SetLint::lintSnapshots()
     const QString tag = QStringLiteral("MaterialSnapshot");
     QSet<QString> known;
     for (const qxDocumentText &each : m_set.snapshots) {
+        const qxFindingPlace place{qxFindingPlace::Snapshot, m_set.name, nullptr, each.text,
+                                   QString()};
         const QString what = QStringLiteral("set \"%1\", snapshot of \"%2\": %3");
         if (known.contains(each.text))
-            m_context.add(qxCode::NameTwice,
+            m_context.add(qxCode::NameTwice, place,
                           what.arg(m_set.name, each.text,
                                    QStringLiteral("a second one; only the last counts")),
                           m_set.path, tag, each.location);
         known.insert(each.text);
         if (!m_context.scene.hasPath(each.text))
-            m_context.add(qxCode::NoSuchSnapshotPath,
+            m_context.add(qxCode::NoSuchSnapshotPath, place,
                           what.arg(m_set.name, each.text, QStringLiteral("no node has that path")),
                           m_set.path, tag, each.location);
         if (!m_context.scene.hasMaterial(each.more))
-            m_context.add(qxCode::NoSuchSnapshotMaterial,
+            m_context.add(qxCode::NoSuchSnapshotMaterial, place,
                           what.arg(m_set.name, each.text,
                                    QStringLiteral("there is no material \"%1\"").arg(each.more)),
                           m_set.path, tag, each.location);
@@ -209,18 +219,19 @@ void SetLint::lintRest(const qxLinter::Compile &compile)
 {
     const QString &viewpoint = m_set.defaultViewpoint;
     if (!viewpoint.isEmpty() && !m_context.scene.hasViewpoint(viewpoint))
-        m_context.add(qxCode::NoSuchDefaultViewpoint,
+        m_context.add(qxCode::NoSuchDefaultViewpoint, qxLintContext::placeOf(m_set),
                       QStringLiteral("set \"%1\": there is no viewpoint \"%2\" to end at")
                           .arg(m_set.name, viewpoint),
                       m_set.path, m_set.location);
     if (m_set.isEmpty())
         m_context.add(
-            qxCode::EmptySet,
+            qxCode::EmptySet, qxLintContext::placeOf(m_set),
             QStringLiteral("set \"%1\" holds nothing that a selection applies").arg(m_set.name),
             m_set.path, m_set.location);
     const QString error = m_set.script.text.isEmpty() ? QString() : compile(m_set.script.text);
     if (!error.isEmpty())
         m_context.add(qxCode::ScriptDoesNotCompile,
+                      {qxFindingPlace::Script, m_set.name, nullptr, QString(), QString()},
                       QStringLiteral("set \"%1\": %2").arg(m_set.name, error), m_set.script.more,
                       m_set.script.location);
 }
@@ -285,7 +296,7 @@ void compare(qxLintContext &context)
         const qxDocumentSet *&other = first[Digest().of(set)];
         if (other)
             context.add(
-                qxCode::EqualSets,
+                qxCode::EqualSets, qxLintContext::placeOf(set),
                 QStringLiteral("set \"%1\" does what set \"%2\" does").arg(set.name, other->name),
                 set.path, set.location);
         else

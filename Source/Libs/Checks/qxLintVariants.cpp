@@ -10,6 +10,11 @@ QString introduce(const qxDocumentVariant &variant)
     return QStringLiteral("%1 variant \"%2\"").arg(variant.kind->word, variant.name);
 }
 
+qxFindingPlace placeOf(const qxDocumentVariant &variant, const qxDocumentOption &option)
+{
+    return {qxFindingPlace::Option, QString(), variant.kind, variant.name, option.name};
+}
+
 /// The findings of one variant.
 class VariantLint {
 public:
@@ -34,13 +39,14 @@ private:
 
 void VariantLint::add(qxCode code, const QString &what)
 {
-    m_context.add(code, introduce(m_element) + what, m_element.path, m_element.location);
+    m_context.add(code, qxLintContext::placeOf(m_element), introduce(m_element) + what,
+                  m_element.path, m_element.location);
 }
 
 void VariantLint::add(qxCode code, const qxDocumentOption &option, const QString &what)
 {
-    m_context.add(code, introduce(m_element) + what, m_element.path, QStringLiteral("State"),
-                  option.location);
+    m_context.add(code, placeOf(m_element, option), introduce(m_element) + what, m_element.path,
+                  QStringLiteral("State"), option.location);
 }
 
 void VariantLint::run()
@@ -58,7 +64,7 @@ void VariantLint::run()
     const QString &standard = m_element.standard.text;
     if (!standard.isEmpty() && !m_variant.hasOption(standard))
         m_context.add(
-            qxCode::DefaultIsNoOption,
+            qxCode::DefaultIsNoOption, qxLintContext::placeOf(m_element),
             introduce(m_element)
                 + QStringLiteral(": the default state \"%1\" is none of its options").arg(standard),
             m_element.path, QStringLiteral("Default"), m_element.standard.location);
@@ -114,14 +120,16 @@ public:
     explicit Hotkeys(qxLintContext &context) : m_context(context) {}
 
     /// Notes a hotkey of `owner`; `path` leads to its element.
-    void note(const qxDocumentText &hotkey, const QString &owner, const QString &path);
+    void note(const qxDocumentText &hotkey, const qxFindingPlace &place, const QString &owner,
+              const QString &path);
 
 private:
     qxLintContext &m_context;
     QHash<int, QString> m_owners; ///< by key and modifiers
 };
 
-void Hotkeys::note(const qxDocumentText &hotkey, const QString &owner, const QString &path)
+void Hotkeys::note(const qxDocumentText &hotkey, const qxFindingPlace &place, const QString &owner,
+                   const QString &path)
 {
     const QString text = qxVariantReader::convertOldHotkey(hotkey.text);
     if (text.isEmpty())
@@ -133,14 +141,14 @@ void Hotkeys::note(const qxDocumentText &hotkey, const QString &owner, const QSt
     const qxSourceLocation location{hotkey.location.line, hotkey.location.column, 1};
     if (key == 0 || key == Qt::Key_unknown)
         return m_context.add(
-            qxCode::UnreadableHotkey,
+            qxCode::UnreadableHotkey, place,
             QStringLiteral("%1: the hotkey \"%2\" names no key").arg(owner, hotkey.text), path, tag,
             location);
     QString &other = m_owners[key | int(modifiers)];
     if (other.isEmpty())
         other = owner;
     else
-        m_context.add(qxCode::HotkeyTwice,
+        m_context.add(qxCode::HotkeyTwice, place,
                       QStringLiteral("%1: the hotkey \"%2\" is that of %3 as well")
                           .arg(owner, hotkey.text, other),
                       path, tag, location);
@@ -153,7 +161,7 @@ void qxLintParts::lintGroups(qxLintContext &context)
     context.addTwins(qxCode::GroupTwice, QStringLiteral("group"), context.tree.groups);
     for (const qxDocumentGroup &group : context.tree.groups) {
         if (group.sets == 0)
-            context.add(qxCode::EmptyGroup,
+            context.add(qxCode::EmptyGroup, qxLintContext::placeOf(group),
                         QStringLiteral("group \"%1\" has no sets").arg(group.name), group.path,
                         group.location);
     }
@@ -166,7 +174,7 @@ void qxLintParts::lintVariants(qxLintContext &context)
         const qxDocumentVariant &element = variant->element();
         const int line = lines[element.kind].value(element.name, 0);
         if (line > 0)
-            context.add(qxCode::VariantTwice,
+            context.add(qxCode::VariantTwice, qxLintContext::placeOf(element),
                         QStringLiteral("%1 replaces the options of the one of line %2")
                             .arg(introduce(element))
                             .arg(line),
@@ -180,7 +188,8 @@ void qxLintParts::lintHotkeys(qxLintContext &context)
 {
     Hotkeys hotkeys(context);
     for (const qxDocumentSet &set : context.tree.sets)
-        hotkeys.note(set.hotkey, QStringLiteral("set \"%1\"").arg(set.name), set.path);
+        hotkeys.note(set.hotkey, qxLintContext::placeOf(set),
+                     QStringLiteral("set \"%1\"").arg(set.name), set.path);
     for (const auto &variant : context.variants.all()) {
         const qxDocumentVariant &element = variant->element();
         for (const qxDocumentOption &option : element.options) {
@@ -188,7 +197,7 @@ void qxLintParts::lintHotkeys(qxLintContext &context)
                 continue;
             variant->use(option.name);
             hotkeys.note(
-                option.hotkey,
+                option.hotkey, placeOf(element, option),
                 QStringLiteral("%1, option \"%2\"").arg(introduce(element), option.name),
                 QStringLiteral("%1/State[%2]").arg(element.path).arg(option.location.ordinal));
         }

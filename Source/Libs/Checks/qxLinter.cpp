@@ -34,8 +34,13 @@ qxFindings qxLinter::lint(const QByteArray &document, const Compile &compile)
 {
     qxFindingList findings;
     const qxDocument tree = qxDocumentXml::read(document, [&findings](const qxDocumentFlaw &flaw) {
-        findings.add(
-            {codeOf(flaw.sort), flaw.message, flaw.path, flaw.location.line, flaw.location.column});
+        findings.add({codeOf(flaw.sort),
+                      flaw.message,
+                      flaw.path,
+                      flaw.location.line,
+                      flaw.location.column,
+                      0,
+                      {}});
     });
     if (!tree.isWhole)
         return {findings.last()};
