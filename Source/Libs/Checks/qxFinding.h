@@ -49,6 +49,9 @@ struct qxFinding {
     int column = 0; ///< of the first character of the element, from 1
     int more = 0; ///< so many further ones of its code are not listed
     qxFindingPlace place; ///< what it belongs to
+    /// What else it is about: the name of another set, what a compiler says, and so on; empty for
+    /// nothing that the place does not say.
+    QString detail;
 
     /// How much it weighs, by its code.
     qxSeverity severity() const { return qxCheckCodes::row(code).severity; }
