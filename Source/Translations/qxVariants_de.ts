@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>qxAnimationBar</name>
+    <message>
+        <source>Animation</source>
+        <translation>Animation</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Stop: the scene is at rest again</source>
+        <translation>Stopp: Die Szene ist wieder in Ruhe</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Time of the animation</source>
+        <translation>Zeit der Animation</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Animations</source>
+        <translation>Animationen</translation>
+    </message>
+    <message>
+        <source>Which animations play</source>
+        <translation>Welche Animationen abgespielt werden</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 s</source>
+        <translation>%1 von %2 s</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Animation %1</source>
+        <translation>Animation %1</translation>
+    </message>
+</context>
+<context>
     <name>qxCaptureDialog</name>
     <message>
         <source>&amp;Nodes: switches and what is hidden</source>
@@ -769,10 +824,134 @@
     </message>
 </context>
 <context>
+    <name>qxKeyList</name>
+    <message>
+        <source>Everywhere</source>
+        <translation>Überall</translation>
+    </message>
+    <message>
+        <source>Sets that keys select</source>
+        <translation>Sets, die Tasten auswählen</translation>
+    </message>
+    <message>
+        <source>Options that keys select</source>
+        <translation>Optionen, die Tasten auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>qxKeysPage</name>
+    <message>
+        <source>Keys and mouse</source>
+        <translation>Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>Search for what is done, or for a key</source>
+        <translation>Suche nach einer Tätigkeit oder Taste</translation>
+    </message>
+    <message>
+        <source>What it does</source>
+        <translation>Was geschieht</translation>
+    </message>
+    <message>
+        <source>Keys, mouse</source>
+        <translation>Tasten, Maus</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>&amp;Drucken …</translation>
+    </message>
+</context>
+<context>
+    <name>qxLightMenu</name>
+    <message>
+        <source>&amp;Environment</source>
+        <translation>&amp;Umgebung</translation>
+    </message>
+    <message>
+        <source>&amp;Of the Scene</source>
+        <translation>&amp;Die der Szene</translation>
+    </message>
+    <message>
+        <source>&amp;Studio</source>
+        <translation>&amp;Studio</translation>
+    </message>
+    <message>
+        <source>&amp;Picture...</source>
+        <translation>&amp;Bild …</translation>
+    </message>
+    <message>
+        <source>&amp;Background</source>
+        <translation>&amp;Hintergrund</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic</source>
+        <translation>&amp;Automatisch</translation>
+    </message>
+    <message>
+        <source>&amp;Gradient</source>
+        <translation>&amp;Verlauf</translation>
+    </message>
+    <message>
+        <source>&amp;Plain Colour...</source>
+        <translation>&amp;Einfarbig …</translation>
+    </message>
+    <message>
+        <source>&amp;Ground for Shadows</source>
+        <translation>&amp;Boden für Schatten</translation>
+    </message>
+    <message>
+        <source>B&amp;righter</source>
+        <translation>He&amp;ller</translation>
+    </message>
+    <message>
+        <source>&amp;Darker</source>
+        <translation>&amp;Dunkler</translation>
+    </message>
+    <message>
+        <source>&amp;Normal (Exposure %1)</source>
+        <translation>&amp;Normal (Belichtung %1)</translation>
+    </message>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened.</source>
+        <translation>„%1“ kann nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Environment</source>
+        <translation>Umgebung</translation>
+    </message>
+    <message>
+        <source>Pictures of all directions (*.hdr *.pic *.exr)</source>
+        <translation>Bilder aller Richtungen (*.hdr *.pic *.exr)</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+</context>
+<context>
     <name>qxLogView</name>
     <message>
         <source>Nothing was reported.</source>
         <translation>Es liegen keine Meldungen vor.</translation>
+    </message>
+</context>
+<context>
+    <name>qxNameEdits</name>
+    <message>
+        <source>Rename &quot;%1&quot;</source>
+        <translation>„%1“ umbenennen</translation>
+    </message>
+    <message>
+        <source>Repair &quot;%1&quot;</source>
+        <translation>„%1“ reparieren</translation>
     </message>
 </context>
 <context>
@@ -818,6 +997,13 @@
     <message>
         <source>Preview of &quot;%1&quot; ...</source>
         <translation>Vorschau von „%1“ …</translation>
+    </message>
+</context>
+<context>
+    <name>qxRecentFiles</name>
+    <message>
+        <source>None yet</source>
+        <translation>Noch keine</translation>
     </message>
 </context>
 <context>
@@ -885,12 +1071,80 @@
         <source>Home</source>
         <translation>Grundstellung</translation>
     </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Left button</source>
+        <translation>Linke Taste</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Middle button, left button with Shift</source>
+        <translation>Mittlere Taste, linke Taste mit Umschalt</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Wheel, right button</source>
+        <translation>Rad, rechte Taste</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoomen</translation>
+    </message>
+    <message>
+        <source>Click</source>
+        <translation>Klick</translation>
+    </message>
+    <message>
+        <source>Pick a node: the tree shows it</source>
+        <translation>Einen Knoten wählen: der Baum zeigt ihn</translation>
+    </message>
+    <message>
+        <source>Double click</source>
+        <translation>Doppelklick</translation>
+    </message>
+    <message>
+        <source>Look at the node</source>
+        <translation>Den Knoten ansehen</translation>
+    </message>
 </context>
 <context>
     <name>qxScriptConsole</name>
     <message>
         <source>Python, such as: selectVariantSet(&quot;...&quot;)</source>
         <translation>Python, zum Beispiel: selectVariantSet(&quot;...&quot;)</translation>
+    </message>
+    <message>
+        <source>Statement</source>
+        <translation>Anweisung</translation>
+    </message>
+    <message>
+        <source>What was typed and printed</source>
+        <translation>Eingaben und Ausgaben</translation>
+    </message>
+    <message>
+        <source>Run the statement</source>
+        <translation>Die Anweisung ausführen</translation>
+    </message>
+    <message>
+        <source>Add a line</source>
+        <translation>Eine Zeile anfügen</translation>
+    </message>
+    <message>
+        <source>Earlier and later statements</source>
+        <translation>Frühere und spätere Anweisungen</translation>
+    </message>
+    <message>
+        <source>Complete a name</source>
+        <translation>Einen Namen ergänzen</translation>
     </message>
 </context>
 <context>
@@ -1226,6 +1480,59 @@
     </message>
 </context>
 <context>
+    <name>qxStartPage</name>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+    <message>
+        <source>Shows scenes in many states: which wheels, which paint, which lamps.</source>
+        <translation>Zeigt Szenen in vielen Zuständen: welche Räder, welcher Lack, welche Lampen.</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Öffnen …</translation>
+    </message>
+    <message>
+        <source>Demo</source>
+        <translation>Beispiel</translation>
+    </message>
+    <message>
+        <source>Open a configurable roadster</source>
+        <translation>Einen konfigurierbaren Roadster öffnen</translation>
+    </message>
+    <message>
+        <source>Recent files</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Remove from the List</source>
+        <translation>Aus der Liste entfernen</translation>
+    </message>
+    <message>
+        <source>A scene (.gltf, .glb) can be dropped anywhere on this window.
+%1 lists all keys, and what the mouse does.</source>
+        <translation>Eine Szene (.gltf, .glb) kann überall auf diesem Fenster abgelegt werden.
+%1 zeigt alle Tasten, und was die Maus tut.</translation>
+    </message>
+    <message>
+        <source>Changed %1</source>
+        <translation>Geändert %1</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>Fehlt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no longer there.</source>
+        <translation>„%1“ gibt es nicht mehr.</translation>
+    </message>
+</context>
+<context>
     <name>qxTakenKeys</name>
     <message>
         <source>the window</source>
@@ -1392,6 +1699,22 @@
         <source>&amp;Picture What Is Shown</source>
         <translation>Das &amp;Gezeigte aufnehmen</translation>
     </message>
+    <message>
+        <source>Select the current set</source>
+        <translation>Das aktuelle Set auswählen</translation>
+    </message>
+    <message>
+        <source>Search: go to what was found</source>
+        <translation>Suche: zum Gefundenen gehen</translation>
+    </message>
+    <message>
+        <source>Search: select the first set</source>
+        <translation>Suche: das erste Set auswählen</translation>
+    </message>
+    <message>
+        <source>Search: end it</source>
+        <translation>Suche: beenden</translation>
+    </message>
 </context>
 <context>
     <name>qxVariants</name>
@@ -1539,20 +1862,12 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>&amp;Hilfe</translation>
     </message>
     <message>
-        <source>Mouse and keys</source>
-        <translation>Maus und Tasten</translation>
-    </message>
-    <message>
         <source>About Workbench</source>
         <translation>Über Workbench</translation>
     </message>
     <message>
         <source>Workbench %1 shows scenes in many states.</source>
         <translation>Workbench %1 zeigt Szenen in vielen Zuständen.</translation>
-    </message>
-    <message>
-        <source>&amp;Mouse and Keys</source>
-        <translation>&amp;Maus und Tasten</translation>
     </message>
     <message>
         <source>&amp;About</source>
@@ -1639,10 +1954,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>Nur eine Szene kann offen sein; die übrigen wurden nicht geöffnet.</translation>
     </message>
     <message>
-        <source>None yet</source>
-        <translation>Noch keine</translation>
-    </message>
-    <message>
         <source>&amp;Next Pane</source>
         <translation>&amp;Nächster Bereich</translation>
     </message>
@@ -1669,10 +1980,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Opening &quot;%1&quot;: variants...</source>
         <translation>„%1“ wird geöffnet: Varianten …</translation>
-    </message>
-    <message>
-        <source>Open a scene with &quot;File &gt; Open&quot;, or drop one here.</source>
-        <translation>Öffnen Sie eine Szene mit „Datei &gt; Öffnen“, oder legen Sie eine hier ab.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has changed on the disk since it was opened.</source>
@@ -1719,146 +2026,68 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>&amp;Licht und Hintergrund</translation>
     </message>
     <message>
-        <source>Left button: turn. Middle button, or left with Shift: move.
-Wheel or right button: zoom. Click: pick a node. Double click: look at it.
-Arrows: turn. + and -: zoom. F: show everything. Home: go home.
-Space: play or pause animations. Shift+Space: stop them.
-
-Enter or a double click selects the set under the cursor, F2 renames it.
-Keys of sets select them anywhere but in text fields.</source>
-        <translation>Linke Taste: drehen. Mittlere Taste oder linke mit Umschalt: verschieben.
-Mausrad oder rechte Taste: zoomen. Klick: Knoten auswählen. Doppelklick: Knoten ansehen.
-Pfeiltasten: drehen. + und −: zoomen. F: alles zeigen. Pos1: Grundstellung.
-Leertaste: Animationen abspielen oder anhalten. Umschalt+Leertaste: sie beenden.
-
-Die Eingabetaste oder ein Doppelklick wählt das markierte Set aus, F2 benennt es um.
-Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
-    </message>
-</context>
-<context>
-    <name>qxLightMenu</name>
-    <message>
-        <source>&amp;Environment</source>
-        <translation>&amp;Umgebung</translation>
+        <source>&quot;%1&quot; is open in another window.</source>
+        <translation>„%1“ ist in einem anderen Fenster geöffnet.</translation>
     </message>
     <message>
-        <source>&amp;Of the Scene</source>
-        <translation>&amp;Die der Szene</translation>
+        <source>&quot;%1&quot; is open in another window, which does not answer.</source>
+        <translation>„%1“ ist in einem anderen Fenster geöffnet, das nicht antwortet.</translation>
     </message>
     <message>
-        <source>&amp;Studio</source>
-        <translation>&amp;Studio</translation>
+        <source>What is saved there and what is saved here are two versions. Saving asks before it overwrites the other one.</source>
+        <translation>Was dort und was hier gespeichert wird, sind zwei Fassungen. Das Speichern fragt, bevor es die andere überschreibt.</translation>
     </message>
     <message>
-        <source>&amp;Picture...</source>
-        <translation>&amp;Bild …</translation>
+        <source>Open Here, Too</source>
+        <translation>Auch hier öffnen</translation>
     </message>
     <message>
-        <source>&amp;Background</source>
-        <translation>&amp;Hintergrund</translation>
+        <source>The file is open in another window. Close it there, or save under another name.</source>
+        <translation>Die Datei ist in einem anderen Fenster geöffnet. Schließen Sie sie dort, oder speichern Sie unter einem anderen Namen.</translation>
     </message>
     <message>
-        <source>&amp;Automatic</source>
-        <translation>&amp;Automatisch</translation>
+        <source>&amp;Panes</source>
+        <translation>&amp;Bereiche</translation>
     </message>
     <message>
-        <source>&amp;Gradient</source>
-        <translation>&amp;Verlauf</translation>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farbschema</translation>
     </message>
     <message>
-        <source>&amp;Plain Colour...</source>
-        <translation>&amp;Einfarbig …</translation>
+        <source>&amp;Text under Icons</source>
+        <translation>&amp;Text unter Symbolen</translation>
     </message>
     <message>
-        <source>&amp;Ground for Shadows</source>
-        <translation>&amp;Boden für Schatten</translation>
+        <source>&amp;Reset Layout</source>
+        <translation>Anordnung &amp;zurücksetzen</translation>
     </message>
     <message>
-        <source>B&amp;righter</source>
-        <translation>He&amp;ller</translation>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
     </message>
     <message>
-        <source>&amp;Darker</source>
-        <translation>&amp;Dunkler</translation>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
     </message>
     <message>
-        <source>&amp;Normal (Exposure %1)</source>
-        <translation>&amp;Normal (Belichtung %1)</translation>
+        <source>&amp;Keys and Mouse</source>
+        <translation>&amp;Tasten und Maus</translation>
     </message>
     <message>
-        <source>Workbench</source>
-        <translation>Workbench</translation>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; cannot be opened.</source>
-        <translation>„%1“ kann nicht geöffnet werden.</translation>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
     </message>
     <message>
-        <source>Environment</source>
-        <translation>Umgebung</translation>
-    </message>
-    <message>
-        <source>Pictures of all directions (*.hdr *.pic *.exr)</source>
-        <translation>Bilder aller Richtungen (*.hdr *.pic *.exr)</translation>
-    </message>
-    <message>
-        <source>Background</source>
-        <translation>Hintergrund</translation>
-    </message>
-</context>
-<context>
-    <name>qxAnimationBar</name>
-    <message>
-        <source>Animation</source>
-        <translation>Animation</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>Stopp</translation>
-    </message>
-    <message>
-        <source>Stop: the scene is at rest again</source>
-        <translation>Stopp: Die Szene ist wieder in Ruhe</translation>
-    </message>
-    <message>
-        <source>Loop</source>
+        <source>Redo</source>
         <translation>Wiederholen</translation>
     </message>
     <message>
-        <source>Time of the animation</source>
-        <translation>Zeit der Animation</translation>
-    </message>
-    <message>
-        <source>Speed</source>
-        <translation>Geschwindigkeit</translation>
-    </message>
-    <message>
-        <source>Animations</source>
-        <translation>Animationen</translation>
-    </message>
-    <message>
-        <source>Which animations play</source>
-        <translation>Welche Animationen abgespielt werden</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Pause</translation>
-    </message>
-    <message>
-        <source>Play</source>
-        <translation>Abspielen</translation>
-    </message>
-    <message>
-        <source>%1 of %2 s</source>
-        <translation>%1 von %2 s</translation>
-    </message>
-    <message>
-        <source>All</source>
-        <translation>Alle</translation>
-    </message>
-    <message>
-        <source>Animation %1</source>
-        <translation>Animation %1</translation>
+        <source>Back</source>
+        <translation>Zurück</translation>
     </message>
 </context>
 </TS>
