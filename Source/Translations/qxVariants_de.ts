@@ -1007,6 +1007,40 @@
     </message>
 </context>
 <context>
+    <name>qxRecovery</name>
+    <message>
+        <source>Workbench</source>
+        <translation type="unfinished">Workbench</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly on %1: edits were not saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly on %1: edits of &quot;%2&quot; were not saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n steps can be recovered. The file stays as it is until you save.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxSceneTreeModel</name>
     <message>
         <source>Node</source>
@@ -1533,6 +1567,61 @@
     </message>
 </context>
 <context>
+    <name>qxStateWords</name>
+    <message>
+        <source>shown</source>
+        <translation>eingeblendet</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>an</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>ausgeblendet</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>all</source>
+        <translation>alle</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keiner</translation>
+    </message>
+    <message>
+        <source>toggle</source>
+        <translation>umschalten</translation>
+    </message>
+    <message>
+        <source>next</source>
+        <translation>nächster</translation>
+    </message>
+    <message>
+        <source>next (loop)</source>
+        <translation>nächster (im Kreis)</translation>
+    </message>
+    <message>
+        <source>previous</source>
+        <translation>voriger</translation>
+    </message>
+    <message>
+        <source>previous (loop)</source>
+        <translation>voriger (im Kreis)</translation>
+    </message>
+    <message>
+        <source>Place %1</source>
+        <translation>Platz %1</translation>
+    </message>
+    <message>
+        <source>Place %1 of %2</source>
+        <translation>Platz %1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>qxTakenKeys</name>
     <message>
         <source>the window</source>
@@ -1717,6 +1806,83 @@
     </message>
 </context>
 <context>
+    <name>qxVariantTexts</name>
+    <message>
+        <source>Make variant &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Make %n variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&quot;%1&quot; moves %n things of that name.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No variant could be made of &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is a variant &quot;%1&quot; already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No variant of that kind can be made of &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n options to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete &quot;%1&quot;</source>
+        <translation type="unfinished">„%1“ löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n options from &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Order the options of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n variants to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxVariants</name>
     <message>
         <source>Variant Sets</source>
@@ -1775,6 +1941,26 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Transforms</source>
         <translation>Transformationen</translation>
+    </message>
+    <message>
+        <source>material</source>
+        <translation>Material</translation>
+    </message>
+    <message>
+        <source>overlay</source>
+        <translation>Overlay</translation>
+    </message>
+    <message>
+        <source>transform</source>
+        <translation>Transformation</translation>
+    </message>
+    <message>
+        <source>node</source>
+        <translation>Knoten</translation>
+    </message>
+    <message>
+        <source>light</source>
+        <translation>Licht</translation>
     </message>
 </context>
 <context>
