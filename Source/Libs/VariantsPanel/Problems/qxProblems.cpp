@@ -1,9 +1,8 @@
 #include "qxProblems.h"
 
 #include "qxPanelEvents.h"
+#include "qxProblemWords.h"
 #include "qxRegistryLint.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <climits>
@@ -53,10 +52,7 @@ qxFindings qxProblems::of(const qxFindingPlace &place) const
 
 QString qxProblems::textOf(const qxFinding &finding)
 {
-    QString text =
-        QCoreApplication::translate("qxCheckCodes", qxCheckCodes::row(finding.code).title);
-    text.replace(0, 1, text.left(1).toUpper());
-    return finding.detail.isEmpty() ? text : QStringLiteral("%1: %2").arg(text, finding.detail);
+    return qxProblemWords::text(finding);
 }
 
 void qxProblems::update()
@@ -66,6 +62,11 @@ void qxProblems::update()
     m_soon.stop();
     m_idle.stop();
     tell();
+}
+
+bool qxProblems::isCurrent() const
+{
+    return !m_soon.isActive() && !m_idle.isActive();
 }
 
 void qxProblems::lookAgain()

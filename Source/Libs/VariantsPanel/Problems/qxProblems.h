@@ -37,6 +37,8 @@ public:
     /// What was found, in the language of the window; what it belongs to is not said again.
     static QString textOf(const qxFinding &finding);
 
+    /// Whether nothing has changed since all was looked at, as far as that is known.
+    bool isCurrent() const;
     /// Looks at everything that may have changed now, rather than when the program is idle.
     void update();
     /// Call it when nodes, materials, viewpoints or animations may have changed without a
