@@ -31,12 +31,12 @@ typedef std::vector<qxDraggedState> States;
 struct Created {
     Variants made; ///< those that are new
     Variants known; ///< those that were there already; they stay as they are
-    QStringList refusals; ///< why others were not made, each a sentence in the user's language
+    QStringList notes; ///< what to tell, such as why others were not made: each a sentence
 };
 
 ///@{
 /// The kinds of variants that can be made of a node, the most telling one first; for materials of
-/// the material that the node has. None for a null node and for one without a name.
+/// the material that the node has. None for a null node and for one without a name of its own.
 Kinds kindsOf(const osg::NodePtr &node);
 /// Makes variants of that kind of the nodes, for materials of the materials that they have, which
 /// puts a switch material in the place of one that is none. Undo takes that back as well.
@@ -56,29 +56,28 @@ void remove(QUndoStack &steps, const Variants &variants, bool withEntries);
 /// every set.
 QStringList usersOf(const Variants &variants);
 
-/// Lets `change` edit a variant, all but its name, and makes the difference one step with the text
-/// `what`. Consecutive steps with the same `field` are merged, unless it is empty.
+/// Lets `change` edit the contents of a variant and makes the difference one step with the text
+/// `what`. It touches neither name nor scene.
 void edit(QUndoStack &steps, const qxVariantName &variant, const QString &what,
-          const std::function<void(qxVariant &)> &change, const QString &field = QString());
+          const std::function<void(qxVariant &)> &change);
 /// Options that the scene has for the variant and that it has not; actions come last.
 QStringList missingOptions(const qxVariantName &variant);
-///@{
 /// Adds options at the end, those of actions flagged as such; names that are there already are
-/// passed over. Removes options by their names; sets keep their entries.
+/// passed over.
 void addOptions(QUndoStack &steps, const qxVariantName &variant, const QStringList &names);
+/// Removes options by their names, of material variants with their materials, as the module does
+/// it. Sets keep their entries.
 void removeOptions(QUndoStack &steps, const qxVariantName &variant, const QStringList &names);
-///@}
 /// Adds materials to the switch material of the variant, with an option for each. Undo takes them
 /// out again.
 void addMaterials(QUndoStack &steps, const qxVariantName &variant,
                   const std::vector<osg::MaterialPtr> &materials);
-/// Moves the options, in the order that they have, before the option `before`; to the end for an
-/// empty name.
-void moveOptions(QUndoStack &steps, const qxVariantName &variant, const QStringList &names,
-                 const QString &before);
+/// Gives the options the order of the names, within the places that these have now. Each must be
+/// the name of one option.
+void orderOptions(QUndoStack &steps, const qxVariantName &variant, const QStringList &names);
 
-/// What the scene shows of the variants; those of which it shows nothing are left out.
-States presentStates(const Variants &variants);
+/// The state of the variant that the scene shows, as a set would hold it; empty for none.
+QString presentState(const qxVariantKind &kind, const QString &variant);
 /// Gives a set these states, an empty one being the one that the scene shows: an entry of the set
 /// takes its new state, others are appended. Says how many entries are new or other than before.
 int addToSet(QUndoStack &steps, const QString &set, const States &states);
