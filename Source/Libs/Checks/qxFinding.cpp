@@ -9,6 +9,12 @@ const int kept = 1000;
 
 } // namespace
 
+bool qxFindingPlace::operator==(const qxFindingPlace &other) const
+{
+    return sort == other.sort && set == other.set && kind == other.kind && name == other.name
+        && state == other.state;
+}
+
 void qxFindingList::add(const qxFinding &finding)
 {
     if (++m_counts[int(finding.code)] <= kept)
