@@ -9,6 +9,7 @@ class QLineEdit;
 class QToolButton;
 class QUndoStack;
 class qxPanelEvents;
+class qxProblems;
 class qxSetEdits;
 class qxSetForm;
 class qxSetHotkeys;
@@ -31,6 +32,9 @@ public:
     QUndoStack *undoStack() const;
     /// The actions on sets, for the menu of a window.
     const QList<QAction *> &setActions() const { return m_actions; }
+    /// Where to find what is wrong with the entries of sets, which are marked with it; it must
+    /// outlive the dock.
+    void setProblems(const qxProblems *problems);
     /// The list or gallery of the dock.
     qxSetsView *view() const { return m_view; }
 
