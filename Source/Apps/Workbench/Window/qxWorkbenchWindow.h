@@ -19,6 +19,7 @@ class qxKeysPage;
 class qxLogView;
 class qxPanelEvents;
 class qxPictureDialog;
+class qxProblems;
 class qxRecentFiles;
 class qxSceneTreeModel;
 class qxSceneView;
@@ -70,6 +71,7 @@ protected:
 
 private:
     void buildDocks();
+    void buildProblems();
     void giveKey(QAction *action, const QKeySequence &key);
     QDockWidget *dockOf(QWidget *contents, const char *title, const QString &name);
     QMenu *addMenu(const char *title);
@@ -140,6 +142,7 @@ private:
     qxAnimationBar *m_animation;
     std::unique_ptr<qxPictureDialog> m_pictureDialog;
     qxVariantSetsDock *m_sets;
+    qxProblems *m_problems;
     qxVariantsDock *m_variants;
     qxSceneTreeModel *m_tree;
     QTreeView *m_treeView;

@@ -55,6 +55,15 @@ void qxVariantsDock::selectOption(const QModelIndex &index)
 }
 
 /// The kinds are told one after the other, the first of them first.
+void qxVariantsDock::showVariant(const qxVariantKind &kind, const QString &variant)
+{
+    const QModelIndex index = m_model->indexOf(kind, variant);
+    show();
+    raise();
+    m_view->setCurrentIndex(index);
+    m_view->scrollTo(index);
+}
+
 void qxVariantsDock::highlight(const qxVariantKind &kind, const QStringList &names)
 {
     if (&kind == qxVariantKinds::all().front())
