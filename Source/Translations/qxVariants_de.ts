@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>qxAmbiguityDialog</name>
+    <message>
+        <source>Nodes and their new names</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxAnimationBar</name>
     <message>
         <source>Animation</source>
@@ -113,6 +132,397 @@
     <message>
         <source>&amp;Group</source>
         <translation>&amp;Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>qxCheckCodes</name>
+    <message>
+        <source>document that cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>mend it at the place; no variant is loaded before. Nothing else is looked at</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>element without a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>give it one; it is skipped with all that is in it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown element</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove it; saving does</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>word that is neither true nor false</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it reads as false</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>number that cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it reads as 0</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>preview without a picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>make it anew; a preview is one CDATA section</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>value without a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>give it one; it is skipped</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>character that XML forbids</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is read as it is, other programs refuse the document; saving leaves it out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two sets of one name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rename one; only the later one is loaded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two groups of one name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rename one; the later one takes the place of the earlier</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two variants of one kind and name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>merge them; the later one&apos;s options replace the earlier one&apos;s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two options of one name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove one; the first counts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set refers to one variant twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove one; the last state counts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set lists one name twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove one: a viewpoint, animation, geometry, target or snapshot counts once</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set refers to a missing variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>create the variant, or remove the entry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>state is no option of the variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>add the option, or choose another state</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>scene object does not take the state</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore the child, material or transform state, or choose another</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>missing viewpoint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore it, or remove the entry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>missing default viewpoint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore it, or choose another</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>missing animation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>missing geometry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>missing target node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore it, or remove the entry; neither this target nor those behind it are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>snapshot of a missing node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>capture the set anew</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>snapshot of a missing material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two entries fight over one scene object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove one; the later one wins, also over a target</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two sets are equal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove one; they differ in name, comment, hotkey or preview at most</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set holds nothing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>fill or remove it (optimize --remove-empty)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>script does not compile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>mend it at the line that the message names</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>group without sets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>variant without a scene object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore the node or material, or remove the variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>scene object of another kind</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a light variant needs a light, a material variant a switch material with materials, a transform variant transform states</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>default state is no option</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>choose another default</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>scene object does not take the option</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore the child, material or transform state, or remove the option</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>option without a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>variant without options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rebuild or remove it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>option that no set uses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>neither a set nor a hotkey leads to it, by name or by a step</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>variant that no set uses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>nor has it a hotkey</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>scene object within another of its name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rename one: !Toggle flips them against each other when only one is hidden. A node and its own mesh may have one name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>hotkey that names no key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>write it as menus show it, such as Ctrl+Shift+F5</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>hotkey used twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>change one; sets and options share the keyboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxEntryEdits</name>
+    <message>
+        <source>No variant can drive &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>State of %n entries of &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>State of &quot;%1&quot; in &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Shown state of %n entries of &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Shown state of &quot;%1&quot; in &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n entries from &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n entries to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Add what %n nodes show to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants were made for it.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxEntryRepairs</name>
+    <message>
+        <source>Instead of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing like it was found</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxEntrySearch</name>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>name (kind)</comment>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1000,6 +1410,233 @@
     </message>
 </context>
 <context>
+    <name>qxProblemFixes</name>
+    <message numerus="yes">
+        <source>Remove %n entries</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n default viewpoints</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n hotkeys</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n options to their variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n options</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Clear %n default states</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n sets</source>
+        <translation type="unfinished">
+            <numerusform>%n Set löschen</numerusform>
+            <numerusform>%n Sets löschen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n groups</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n variants with their entries in sets</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemRepairs</name>
+    <message numerus="yes">
+        <source>Repair %n names</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemWords</name>
+    <message>
+        <source>error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>hint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Group %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>script</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Variant %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemsDock</name>
+    <message>
+        <source>Search problems</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Problems</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What can be done about the selected problems</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Replace by</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Go to the Place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy as Text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repair &amp;All That Is Clear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>goes to the place of the problem</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n errors</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n warnings</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hints</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: shown or not</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Problems (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No problems: sets, variants and scene go together.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n problems are not shown.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing that could be meant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n names were repaired.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Of no name is it clear what is meant.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemsModel</name>
+    <message numerus="yes">
+        <source>%1 (and %n more)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxRecentFiles</name>
     <message>
         <source>None yet</source>
@@ -1010,34 +1647,34 @@
     <name>qxRecovery</name>
     <message>
         <source>Workbench</source>
-        <translation type="unfinished">Workbench</translation>
+        <translation>Workbench</translation>
     </message>
     <message>
         <source>The program ended unexpectedly on %1: edits were not saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm endete unerwartet am %1: Änderungen wurden nicht gespeichert.</translation>
     </message>
     <message>
         <source>The program ended unexpectedly on %1: edits of &quot;%2&quot; were not saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm endete unerwartet am %1: Änderungen an „%2“ wurden nicht gespeichert.</translation>
     </message>
     <message numerus="yes">
         <source>%n steps can be recovered. The file stays as it is until you save.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Schritt kann wiederhergestellt werden. Die Datei bleibt, wie sie ist, bis Sie speichern.</numerusform>
+            <numerusform>%n Schritte können wiederhergestellt werden. Die Datei bleibt, wie sie ist, bis Sie speichern.</numerusform>
         </translation>
     </message>
     <message>
         <source>Recover</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiederherstellen</translation>
     </message>
     <message>
         <source>Discard</source>
-        <translation type="unfinished"></translation>
+        <translation>Verwerfen</translation>
     </message>
     <message>
         <source>Not Now</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht jetzt</translation>
     </message>
 </context>
 <context>
@@ -1257,6 +1894,101 @@
     </message>
 </context>
 <context>
+    <name>qxSetContents</name>
+    <message>
+        <source>Choose S&amp;tate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take the State S&amp;hown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation type="unfinished">&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re&amp;name Variant...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show in the &amp;Variants Dock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add variants</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Variant, viewpoint or animation to add to the set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Finds variants, viewpoints and animations. Enter adds the variant with the state that the scene shows.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What the set holds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The set holds nothing yet. Type the name of a variant above, or drag variants or nodes here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add viewpoints and animations</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take the selected entries out of the set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The scene shows nothing of &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;State</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>R&amp;epair</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Viewpoint</source>
+        <translation type="unfinished">&amp;Ansichtspunkt</translation>
+    </message>
+    <message>
+        <source>&amp;Animation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name, wherever the variant is used:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxSetDelegate</name>
     <message>
         <source>No preview</source>
@@ -1371,6 +2103,144 @@
     </message>
 </context>
 <context>
+    <name>qxSetEntries</name>
+    <message>
+        <source>nodes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>materials</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>lights</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>environment</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>viewpoint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>camera goes there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not used: not the first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>starts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>starts in its turn</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation type="unfinished">an</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation type="unfinished">aus</translation>
+    </message>
+    <message>
+        <source>moved, as it is</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>shown before all else</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>left to scripts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>animation</source>
+        <translation type="unfinished">Animation</translation>
+    </message>
+    <message>
+        <source>clipping</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>target node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>geometry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>snapshot</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>capture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clipping plane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What was captured</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxSetEntriesModel</name>
+    <message>
+        <source>The scene shows something else than the set wants.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>differs: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>(no such variant)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>(nothing)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Variant</source>
+        <translation type="unfinished">Variante</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation type="unfinished">Art</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation type="unfinished">Zustand</translation>
+    </message>
+    <message>
+        <source>Shown Now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxSetForm</name>
     <message>
         <source>&amp;Comment</source>
@@ -1383,10 +2253,6 @@
     <message>
         <source>Va&amp;lues</source>
         <translation>&amp;Werte</translation>
-    </message>
-    <message>
-        <source>States</source>
-        <translation>Zustände</translation>
     </message>
     <message>
         <source>Clear</source>
@@ -1440,13 +2306,6 @@
     <message>
         <source>Sc&amp;ript</source>
         <translation>Sk&amp;ript</translation>
-    </message>
-    <message numerus="yes">
-        <source>and %n more</source>
-        <translation>
-            <numerusform>und %n weiterer</numerusform>
-            <numerusform>und %n weitere</numerusform>
-        </translation>
     </message>
     <message>
         <source>&quot;%1&quot; is there twice. The values are taken as soon as the keys differ.</source>
@@ -1564,6 +2423,13 @@
     <message>
         <source>&quot;%1&quot; is no longer there.</source>
         <translation>„%1“ gibt es nicht mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>qxStateEditor</name>
+    <message>
+        <source>State of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2274,6 +3140,18 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Back</source>
         <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>%1 (shows another state) - Workbench</source>
+        <translation>%1 (zeigt einen anderen Zustand) - Workbench</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; shows another state than its file.</source>
+        <translation>„%1“ zeigt einen anderen Zustand als die Datei.</translation>
+    </message>
+    <message>
+        <source>Sets and variants are saved. Saving also keeps what is shown now, as the state in which the file opens.</source>
+        <translation>Sets und Varianten sind gespeichert. Speichern behält auch, was jetzt zu sehen ist: So öffnet sich die Datei dann.</translation>
     </message>
 </context>
 </TS>
