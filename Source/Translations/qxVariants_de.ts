@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>qxAmbiguityDialog</name>
+    <message>
+        <source>Nodes and their new names</source>
+        <translation>Knoten und ihre neuen Namen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>New Name</source>
+        <translation>Neuer Name</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Pfad</translation>
+    </message>
+</context>
+<context>
     <name>qxAnimationBar</name>
     <message>
         <source>Animation</source>
@@ -113,6 +132,333 @@
     <message>
         <source>&amp;Group</source>
         <translation>&amp;Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>qxCheckCodes</name>
+    <message>
+        <source>two sets of one name</source>
+        <translation>zwei Sets mit demselben Namen</translation>
+    </message>
+    <message>
+        <source>rename one; only the later one is loaded</source>
+        <translation>eines umbenennen; nur das spätere wird geladen</translation>
+    </message>
+    <message>
+        <source>two groups of one name</source>
+        <translation>zwei Gruppen mit demselben Namen</translation>
+    </message>
+    <message>
+        <source>rename one; the later one takes the place of the earlier</source>
+        <translation>eine umbenennen; die spätere tritt an die Stelle der früheren</translation>
+    </message>
+    <message>
+        <source>two variants of one kind and name</source>
+        <translation>zwei Varianten mit derselben Art und demselben Namen</translation>
+    </message>
+    <message>
+        <source>merge them; the later one&apos;s options replace the earlier one&apos;s</source>
+        <translation>zusammenführen; die Optionen der späteren ersetzen die der früheren</translation>
+    </message>
+    <message>
+        <source>two options of one name</source>
+        <translation>zwei Optionen mit demselben Namen</translation>
+    </message>
+    <message>
+        <source>remove one; the first counts</source>
+        <translation>eine entfernen; die erste zählt</translation>
+    </message>
+    <message>
+        <source>set refers to one variant twice</source>
+        <translation>Set verweist zweimal auf eine Variante</translation>
+    </message>
+    <message>
+        <source>remove one; the last state counts</source>
+        <translation>einen Eintrag entfernen; der letzte Zustand zählt</translation>
+    </message>
+    <message>
+        <source>set lists one name twice</source>
+        <translation>Set führt einen Namen zweimal auf</translation>
+    </message>
+    <message>
+        <source>remove one: a viewpoint, animation, geometry, target or snapshot counts once</source>
+        <translation>einen entfernen: Ansichtspunkt, Animation, Geometrie, Ziel oder Abbild zählen nur einmal</translation>
+    </message>
+    <message>
+        <source>set refers to a missing variant</source>
+        <translation>Set verweist auf eine fehlende Variante</translation>
+    </message>
+    <message>
+        <source>create the variant, or remove the entry</source>
+        <translation>die Variante anlegen oder den Eintrag entfernen</translation>
+    </message>
+    <message>
+        <source>state is no option of the variant</source>
+        <translation>Zustand ist keine Option der Variante</translation>
+    </message>
+    <message>
+        <source>add the option, or choose another state</source>
+        <translation>die Option hinzufügen oder einen anderen Zustand wählen</translation>
+    </message>
+    <message>
+        <source>scene object does not take the state</source>
+        <translation>Szenenobjekt kennt den Zustand nicht</translation>
+    </message>
+    <message>
+        <source>restore the child, material or transform state, or choose another</source>
+        <translation>das Kind, das Material oder die Lage wiederherstellen oder einen anderen Zustand wählen</translation>
+    </message>
+    <message>
+        <source>missing viewpoint</source>
+        <translation>Ansichtspunkt fehlt</translation>
+    </message>
+    <message>
+        <source>restore it, or remove the entry</source>
+        <translation>wiederherstellen oder den Eintrag entfernen</translation>
+    </message>
+    <message>
+        <source>missing default viewpoint</source>
+        <translation>vorgegebener Ansichtspunkt fehlt</translation>
+    </message>
+    <message>
+        <source>restore it, or choose another</source>
+        <translation>wiederherstellen oder einen anderen wählen</translation>
+    </message>
+    <message>
+        <source>missing animation</source>
+        <translation>Animation fehlt</translation>
+    </message>
+    <message>
+        <source>missing geometry</source>
+        <translation>Geometrie fehlt</translation>
+    </message>
+    <message>
+        <source>missing target node</source>
+        <translation>Zielknoten fehlt</translation>
+    </message>
+    <message>
+        <source>restore it, or remove the entry; neither this target nor those behind it are shown</source>
+        <translation>wiederherstellen oder den Eintrag entfernen; weder dieses Ziel noch die dahinter werden gezeigt</translation>
+    </message>
+    <message>
+        <source>snapshot of a missing node</source>
+        <translation>Materialabbild eines fehlenden Knotens</translation>
+    </message>
+    <message>
+        <source>capture the set anew</source>
+        <translation>das Set neu erfassen</translation>
+    </message>
+    <message>
+        <source>snapshot of a missing material</source>
+        <translation>Abbild eines fehlenden Materials</translation>
+    </message>
+    <message>
+        <source>two entries fight over one scene object</source>
+        <translation>zwei Einträge streiten um ein Szenenobjekt</translation>
+    </message>
+    <message>
+        <source>remove one; the later one wins, also over a target</source>
+        <translation>einen entfernen; der spätere gewinnt, auch gegen ein Ziel</translation>
+    </message>
+    <message>
+        <source>two sets are equal</source>
+        <translation>zwei Sets sind gleich</translation>
+    </message>
+    <message>
+        <source>remove one; they differ in name, comment, hotkey or preview at most</source>
+        <translation>eines entfernen; sie unterscheiden sich höchstens in Name, Kommentar, Taste oder Vorschau</translation>
+    </message>
+    <message>
+        <source>set holds nothing</source>
+        <translation>Set enthält nichts</translation>
+    </message>
+    <message>
+        <source>fill or remove it</source>
+        <translation>füllen oder entfernen</translation>
+    </message>
+    <message>
+        <source>script does not compile</source>
+        <translation>Skript lässt sich nicht übersetzen</translation>
+    </message>
+    <message>
+        <source>mend it at the line that the message names</source>
+        <translation>an der genannten Zeile verbessern</translation>
+    </message>
+    <message>
+        <source>group without sets</source>
+        <translation>Gruppe ohne Sets</translation>
+    </message>
+    <message>
+        <source>remove it</source>
+        <translation>entfernen</translation>
+    </message>
+    <message>
+        <source>variant without a scene object</source>
+        <translation>Variante ohne Szenenobjekt</translation>
+    </message>
+    <message>
+        <source>restore the node or material, or remove the variant</source>
+        <translation>den Knoten oder das Material wiederherstellen oder die Variante entfernen</translation>
+    </message>
+    <message>
+        <source>scene object of another kind</source>
+        <translation>Szenenobjekt anderer Art</translation>
+    </message>
+    <message>
+        <source>a light variant needs a light, a material variant a switch material with materials, a transform variant transform states</source>
+        <translation>eine Lichtvariante braucht ein Licht, eine Materialvariante ein Schaltmaterial mit Materialien, eine Lagevariante benannte Lagen</translation>
+    </message>
+    <message>
+        <source>default state is no option</source>
+        <translation>Vorgabezustand ist keine Option</translation>
+    </message>
+    <message>
+        <source>choose another default</source>
+        <translation>eine andere Vorgabe wählen</translation>
+    </message>
+    <message>
+        <source>scene object does not take the option</source>
+        <translation>Szenenobjekt kennt die Option nicht</translation>
+    </message>
+    <message>
+        <source>restore the child, material or transform state, or remove the option</source>
+        <translation>das Kind, das Material oder die Lage wiederherstellen oder die Option entfernen</translation>
+    </message>
+    <message>
+        <source>option without a name</source>
+        <translation>Option ohne Namen</translation>
+    </message>
+    <message>
+        <source>variant without options</source>
+        <translation>Variante ohne Optionen</translation>
+    </message>
+    <message>
+        <source>rebuild or remove it</source>
+        <translation>neu aufbauen oder entfernen</translation>
+    </message>
+    <message>
+        <source>option that no set uses</source>
+        <translation>Option, die kein Set verwendet</translation>
+    </message>
+    <message>
+        <source>neither a set nor a hotkey leads to it, by name or by a step; use or remove it</source>
+        <translation>weder ein Set noch eine Taste führt zu ihr, auch nicht schrittweise; verwenden oder entfernen</translation>
+    </message>
+    <message>
+        <source>variant that no set uses</source>
+        <translation>Variante, die kein Set verwendet</translation>
+    </message>
+    <message>
+        <source>neither a set nor a hotkey uses it; use or remove it</source>
+        <translation>weder ein Set noch eine Taste verwendet sie; verwenden oder entfernen</translation>
+    </message>
+    <message>
+        <source>scene object within another of its name</source>
+        <translation>Szenenobjekt in einem anderen mit demselben Namen</translation>
+    </message>
+    <message>
+        <source>rename one: !Toggle flips them against each other when only one is hidden. A node and its own mesh may have one name</source>
+        <translation>eines umbenennen: !Toggle schaltet sie gegeneinander, wenn nur eines ausgeblendet ist. Ein Knoten und sein eigenes Netz dürfen denselben Namen haben</translation>
+    </message>
+    <message>
+        <source>hotkey that names no key</source>
+        <translation>Taste, die es nicht gibt</translation>
+    </message>
+    <message>
+        <source>write it as menus show it, such as Ctrl+Shift+F5</source>
+        <translation>schreiben, wie Menüs sie zeigen, etwa Strg+Umschalt+F5</translation>
+    </message>
+    <message>
+        <source>hotkey used twice</source>
+        <translation>Taste doppelt vergeben</translation>
+    </message>
+    <message>
+        <source>change one; sets and options share the keyboard</source>
+        <translation>eine ändern; Sets und Optionen teilen sich die Tastatur</translation>
+    </message>
+</context>
+<context>
+    <name>qxEntryEdits</name>
+    <message>
+        <source>No variant can drive &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>State of %n entries of &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>State of &quot;%1&quot; in &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Shown state of %n entries of &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Shown state of &quot;%1&quot; in &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n entries from &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
+        <translation type="unfinished">„%1“ aus „%2“ entfernen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n entries to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation type="unfinished">„%1“ zu „%2“ hinzufügen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add what %n nodes show to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants were made for it.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxEntryRepairs</name>
+    <message>
+        <source>Instead of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing like it was found</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxEntrySearch</name>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>name (kind)</comment>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1034,6 +1380,233 @@
     </message>
 </context>
 <context>
+    <name>qxProblemFixes</name>
+    <message numerus="yes">
+        <source>Remove %n entries</source>
+        <translation>
+            <numerusform>Eintrag entfernen</numerusform>
+            <numerusform>%n Einträge entfernen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n default viewpoints</source>
+        <translation>
+            <numerusform>Vorgegebenen Ansichtspunkt entfernen</numerusform>
+            <numerusform>%n vorgegebene Ansichtspunkte entfernen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n hotkeys</source>
+        <translation>
+            <numerusform>Taste entfernen</numerusform>
+            <numerusform>%n Tasten entfernen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n options to their variants</source>
+        <translation>
+            <numerusform>Option zu ihrer Variante hinzufügen</numerusform>
+            <numerusform>%n Optionen zu ihren Varianten hinzufügen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n options</source>
+        <translation>
+            <numerusform>Option entfernen</numerusform>
+            <numerusform>%n Optionen entfernen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Clear %n default states</source>
+        <translation>
+            <numerusform>Vorgabezustand löschen</numerusform>
+            <numerusform>%n Vorgabezustände löschen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n sets</source>
+        <translation>
+            <numerusform>Set löschen</numerusform>
+            <numerusform>%n Sets löschen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n groups</source>
+        <translation>
+            <numerusform>Gruppe löschen</numerusform>
+            <numerusform>%n Gruppen löschen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n variants with their entries in sets</source>
+        <translation>
+            <numerusform>Variante samt ihren Einträgen in Sets löschen</numerusform>
+            <numerusform>%n Varianten samt ihren Einträgen in Sets löschen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemRepairs</name>
+    <message numerus="yes">
+        <source>Repair %n names</source>
+        <translation>
+            <numerusform>Einen Namen reparieren</numerusform>
+            <numerusform>%n Namen reparieren</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemWords</name>
+    <message>
+        <source>error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>hint</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Set %1</source>
+        <translation>Set %1</translation>
+    </message>
+    <message>
+        <source>Group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>script</source>
+        <translation>Skript</translation>
+    </message>
+    <message>
+        <source>Variant %1</source>
+        <translation>Variante %1</translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemsDock</name>
+    <message>
+        <source>Search problems</source>
+        <translation>Probleme durchsuchen</translation>
+    </message>
+    <message>
+        <source>Problems</source>
+        <translation>Probleme</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparieren</translation>
+    </message>
+    <message>
+        <source>What can be done about the selected problems</source>
+        <translation>Was sich gegen die ausgewählten Probleme tun lässt</translation>
+    </message>
+    <message>
+        <source>&amp;Replace by</source>
+        <translation>&amp;Ersetzen durch</translation>
+    </message>
+    <message>
+        <source>&amp;Go to the Place</source>
+        <translation>&amp;Gehe zur Stelle</translation>
+    </message>
+    <message>
+        <source>&amp;Copy as Text</source>
+        <translation>Als Text &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Repair &amp;All That Is Clear</source>
+        <translation>&amp;Alles Eindeutige reparieren</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>goes to the place of the problem</source>
+        <translation>geht zur Stelle des Problems</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n errors</source>
+        <translation>
+            <numerusform>Ein Fehler</numerusform>
+            <numerusform>%n Fehler</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n warnings</source>
+        <translation>
+            <numerusform>Eine Warnung</numerusform>
+            <numerusform>%n Warnungen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hints</source>
+        <translation>
+            <numerusform>Ein Hinweis</numerusform>
+            <numerusform>%n Hinweise</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: shown or not</source>
+        <translation>%1: zeigen oder nicht</translation>
+    </message>
+    <message>
+        <source>Problems (%1)</source>
+        <translation>Probleme (%1)</translation>
+    </message>
+    <message>
+        <source>No problems: sets, variants and scene go together.</source>
+        <translation>Keine Probleme: Sets, Varianten und Szene passen zusammen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n problems are not shown.</source>
+        <translation>
+            <numerusform>Ein Problem wird nicht gezeigt.</numerusform>
+            <numerusform>%n Probleme werden nicht gezeigt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing that could be meant</source>
+        <translation>Nichts, was gemeint sein könnte</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n names were repaired.</source>
+        <translation>
+            <numerusform>Ein Name wurde repariert.</numerusform>
+            <numerusform>%n Namen wurden repariert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Of no name is it clear what is meant.</source>
+        <translation>Bei keinem Namen ist klar, was gemeint ist.</translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemsModel</name>
+    <message numerus="yes">
+        <source>%1 (and %n more)</source>
+        <translation>
+            <numerusform>%1 (und ein weiteres)</numerusform>
+            <numerusform>%1 (und %n weitere)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation>Problem</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Stelle</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>Code</translation>
+    </message>
+</context>
+<context>
     <name>qxRecentFiles</name>
     <message>
         <source>None yet</source>
@@ -1291,6 +1864,101 @@
     </message>
 </context>
 <context>
+    <name>qxSetContents</name>
+    <message>
+        <source>Choose S&amp;tate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take the State S&amp;hown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation type="unfinished">&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re&amp;name Variant...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show in the &amp;Variants Dock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add variants</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Variant, viewpoint or animation to add to the set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Finds variants, viewpoints and animations. Enter adds the variant with the state that the scene shows.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What the set holds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The set holds nothing yet. Type the name of a variant above, or drag variants or nodes here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation type="unfinished">Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add viewpoints and animations</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take the selected entries out of the set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The scene shows nothing of &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;State</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>R&amp;epair</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Viewpoint</source>
+        <translation type="unfinished">&amp;Ansichtspunkt</translation>
+    </message>
+    <message>
+        <source>&amp;Animation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name, wherever the variant is used:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxSetDelegate</name>
     <message>
         <source>No preview</source>
@@ -1405,6 +2073,144 @@
     </message>
 </context>
 <context>
+    <name>qxSetEntries</name>
+    <message>
+        <source>nodes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>materials</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>lights</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>environment</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>viewpoint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>camera goes there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not used: not the first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>starts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>starts in its turn</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation type="unfinished">an</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation type="unfinished">aus</translation>
+    </message>
+    <message>
+        <source>moved, as it is</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>shown before all else</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>left to scripts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>animation</source>
+        <translation type="unfinished">Animation</translation>
+    </message>
+    <message>
+        <source>clipping</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>target node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>geometry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>snapshot</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>capture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clipping plane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What was captured</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxSetEntriesModel</name>
+    <message>
+        <source>The scene shows something else than the set wants.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>differs: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>(no such variant)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>(nothing)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Variant</source>
+        <translation type="unfinished">Variante</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation type="unfinished">Art</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation type="unfinished">Zustand</translation>
+    </message>
+    <message>
+        <source>Shown Now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxSetForm</name>
     <message>
         <source>&amp;Comment</source>
@@ -1417,10 +2223,6 @@
     <message>
         <source>Va&amp;lues</source>
         <translation>&amp;Werte</translation>
-    </message>
-    <message>
-        <source>States</source>
-        <translation>Zustände</translation>
     </message>
     <message>
         <source>Clear</source>
@@ -1474,13 +2276,6 @@
     <message>
         <source>Sc&amp;ript</source>
         <translation>Sk&amp;ript</translation>
-    </message>
-    <message numerus="yes">
-        <source>and %n more</source>
-        <translation>
-            <numerusform>und %n weiterer</numerusform>
-            <numerusform>und %n weitere</numerusform>
-        </translation>
     </message>
     <message>
         <source>&quot;%1&quot; is there twice. The values are taken as soon as the keys differ.</source>
@@ -1614,6 +2409,13 @@
     <message>
         <source>&quot;%1&quot; is no longer there.</source>
         <translation>„%1“ gibt es nicht mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>qxStateEditor</name>
+    <message>
+        <source>State of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,175 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>qxEntryEdits</name>
+    <message numerus="yes">
+        <source>State of %n entries of &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Shown state of %n entries of &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n entries from &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n entries to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add what %n nodes show to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants were made for it.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemFixes</name>
+    <message numerus="yes">
+        <source>Remove %n entries</source>
+        <translation>
+            <numerusform>Remove the entry</numerusform>
+            <numerusform>Remove %n entries</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n default viewpoints</source>
+        <translation>
+            <numerusform>Remove the default viewpoint</numerusform>
+            <numerusform>Remove %n default viewpoints</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n hotkeys</source>
+        <translation>
+            <numerusform>Remove the hotkey</numerusform>
+            <numerusform>Remove %n hotkeys</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n options to their variants</source>
+        <translation>
+            <numerusform>Add the option to its variant</numerusform>
+            <numerusform>Add %n options to their variants</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n options</source>
+        <translation>
+            <numerusform>Remove the option</numerusform>
+            <numerusform>Remove %n options</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Clear %n default states</source>
+        <translation>
+            <numerusform>Clear the default state</numerusform>
+            <numerusform>Clear %n default states</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n sets</source>
+        <translation>
+            <numerusform>Delete the set</numerusform>
+            <numerusform>Delete %n sets</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n groups</source>
+        <translation>
+            <numerusform>Delete the group</numerusform>
+            <numerusform>Delete %n groups</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n variants with their entries in sets</source>
+        <translation>
+            <numerusform>Delete the variant with its entries in sets</numerusform>
+            <numerusform>Delete %n variants with their entries in sets</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemRepairs</name>
+    <message numerus="yes">
+        <source>Repair %n names</source>
+        <translation>
+            <numerusform>Repair one name</numerusform>
+            <numerusform>Repair %n names</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemsDock</name>
+    <message numerus="yes">
+        <source>%n errors</source>
+        <translation>
+            <numerusform>One error</numerusform>
+            <numerusform>%n errors</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n warnings</source>
+        <translation>
+            <numerusform>One warning</numerusform>
+            <numerusform>%n warnings</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hints</source>
+        <translation>
+            <numerusform>One hint</numerusform>
+            <numerusform>%n hints</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n problems are not shown.</source>
+        <translation>
+            <numerusform>One problem is not shown.</numerusform>
+            <numerusform>%n problems are not shown.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n names were repaired.</source>
+        <translation>
+            <numerusform>One name was repaired.</numerusform>
+            <numerusform>%n names were repaired.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemsModel</name>
+    <message numerus="yes">
+        <source>%1 (and %n more)</source>
+        <translation>
+            <numerusform>%1 (and one more)</numerusform>
+            <numerusform>%1 (and %n more)</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxRecovery</name>
     <message numerus="yes">
         <source>%n steps can be recovered. The file stays as it is until you save.</source>
@@ -56,16 +225,6 @@
         <translation>
             <numerusform>Preview of %n set</numerusform>
             <numerusform>Previews of %n sets</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>qxSetForm</name>
-    <message numerus="yes">
-        <source>and %n more</source>
-        <translation>
-            <numerusform>and %n more</numerusform>
-            <numerusform>and %n more</numerusform>
         </translation>
     </message>
 </context>

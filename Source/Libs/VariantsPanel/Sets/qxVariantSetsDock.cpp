@@ -8,6 +8,7 @@
 
 #include "Undo/qxSetEdits.h"
 #include "qxKeyHints.h"
+#include "qxMenuText.h"
 #include "qxPanelEvents.h"
 #include "qxSetCapture.h"
 #include "qxSetForm.h"
@@ -87,6 +88,11 @@ void qxVariantSetsDock::retranslate()
 QUndoStack *qxVariantSetsDock::undoStack() const
 {
     return m_edits->stack();
+}
+
+void qxVariantSetsDock::setProblems(const qxProblems *problems)
+{
+    m_form->setProblems(problems);
 }
 
 void qxVariantSetsDock::buildContents()
@@ -203,7 +209,7 @@ void qxVariantSetsDock::askWhereTo()
     };
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
         if (group->visible)
-            addTarget(QString(group->name).replace('&', QLatin1String("&&")), group->name);
+            addTarget(qxMenuText(group->name), group->name);
     }
     menu.addSeparator();
     addTarget(tr("No Group"), QString());

@@ -9,6 +9,7 @@ class QLineEdit;
 class QToolButton;
 class QUndoStack;
 class qxPanelEvents;
+class qxProblems;
 class qxSetEdits;
 class qxSetForm;
 class qxSetHotkeys;
@@ -29,6 +30,8 @@ public:
 
     /// The user's edits, for undo; owned by the dock. Cleared when the scene is.
     QUndoStack *undoStack() const;
+    /// The same, to make edits that other docks show.
+    qxSetEdits *edits() const { return m_edits; }
     /// The actions on sets, for the menu of a window.
     const QList<QAction *> &setActions() const { return m_actions; }
     ///@{
@@ -36,6 +39,9 @@ public:
     QAction *captureAction() const { return m_captureAction; }
     QAction *addSetAction() const { return m_addSetAction; }
     ///@}
+    /// Where to find what is wrong with the entries of sets, which are marked with it; it must
+    /// outlive the dock.
+    void setProblems(const qxProblems *problems);
     /// The list or gallery of the dock.
     qxSetsView *view() const { return m_view; }
 
