@@ -116,6 +116,82 @@
     </message>
 </context>
 <context>
+    <name>qxEntryEdits</name>
+    <message>
+        <source>No variant can drive &quot;%1&quot;.</source>
+        <translation>„%1“ kann keine Variante steuern.</translation>
+    </message>
+    <message numerus="yes">
+        <source>State of %n entries of &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Zustand von %n Eintrag von „%1“</numerusform>
+            <numerusform>Zustand von %n Einträgen von „%1“</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>State of &quot;%1&quot; in &quot;%2&quot;</source>
+        <translation>Zustand von „%1“ in „%2“</translation>
+    </message>
+    <message numerus="yes">
+        <source>Shown state of %n entries of &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Gezeigter Zustand von %n Eintrag von „%1“</numerusform>
+            <numerusform>Gezeigter Zustand von %n Einträgen von „%1“</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Shown state of &quot;%1&quot; in &quot;%2&quot;</source>
+        <translation>Gezeigter Zustand von „%1“ in „%2“</translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n entries from &quot;%1&quot;</source>
+        <translation>
+            <numerusform>%n Eintrag aus „%1“ entfernen</numerusform>
+            <numerusform>%n Einträge aus „%1“ entfernen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
+        <translation>„%1“ aus „%2“ entfernen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n entries to &quot;%1&quot;</source>
+        <translation>
+            <numerusform>%n Eintrag zu „%1“ hinzufügen</numerusform>
+            <numerusform>%n Einträge zu „%1“ hinzufügen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation>„%1“ zu „%2“ hinzufügen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add what %n nodes show to &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Was %n Knoten zeigt zu „%1“ hinzufügen</numerusform>
+            <numerusform>Was %n Knoten zeigen zu „%1“ hinzufügen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants were made for it.</source>
+        <translation>
+            <numerusform>Dafür wurde %n Variante angelegt.</numerusform>
+            <numerusform>Dafür wurden %n Varianten angelegt.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxEntryRepairs</name>
+    <message>
+        <source>Instead of &quot;%1&quot;</source>
+        <translation>Statt „%1“</translation>
+    </message>
+    <message>
+        <source>Nothing like it was found</source>
+        <translation>Nichts Ähnliches gefunden</translation>
+    </message>
+</context>
+<context>
     <name>qxFileText</name>
     <message>
         <source>indices are not of an unsigned integer type</source>
@@ -1106,6 +1182,101 @@
     </message>
 </context>
 <context>
+    <name>qxSetContents</name>
+    <message>
+        <source>Choose S&amp;tate</source>
+        <translation>Zustand &amp;wählen</translation>
+    </message>
+    <message>
+        <source>Take the State S&amp;hown</source>
+        <translation>&amp;Gezeigten Zustand übernehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>E&amp;ntfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>Re&amp;name Variant...</source>
+        <translation>Variante &amp;umbenennen …</translation>
+    </message>
+    <message>
+        <source>Show in the &amp;Variants Dock</source>
+        <translation>In den &amp;Varianten zeigen</translation>
+    </message>
+    <message>
+        <source>Add variants</source>
+        <translation>Varianten hinzufügen</translation>
+    </message>
+    <message>
+        <source>Variant, viewpoint or animation to add to the set</source>
+        <translation>Variante, Ansichtspunkt oder Animation zum Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Finds variants, viewpoints and animations. Enter adds the variant with the state that the scene shows.</source>
+        <translation>Findet Varianten, Ansichtspunkte und Animationen. Die Eingabetaste fügt die Variante mit dem Zustand hinzu, den die Szene zeigt.</translation>
+    </message>
+    <message>
+        <source>What the set holds</source>
+        <translation>Was das Set enthält</translation>
+    </message>
+    <message>
+        <source>The set holds nothing yet. Type the name of a variant above, or drag variants or nodes here.</source>
+        <translation>Das Set enthält noch nichts. Geben Sie oben den Namen einer Variante ein, oder ziehen Sie Varianten oder Knoten hierher.</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add viewpoints and animations</source>
+        <translation>Ansichtspunkte und Animationen hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Take the selected entries out of the set</source>
+        <translation>Die ausgewählten Einträge aus dem Set nehmen</translation>
+    </message>
+    <message>
+        <source>The scene shows nothing of &quot;%1&quot;.</source>
+        <translation>Die Szene zeigt nichts von „%1“.</translation>
+    </message>
+    <message>
+        <source>&amp;State</source>
+        <translation>&amp;Zustand</translation>
+    </message>
+    <message>
+        <source>R&amp;epair</source>
+        <translation>&amp;Reparieren</translation>
+    </message>
+    <message>
+        <source>&amp;Viewpoint</source>
+        <translation>Ansichts&amp;punkt</translation>
+    </message>
+    <message>
+        <source>&amp;Animation</source>
+        <translation>&amp;Animation</translation>
+    </message>
+    <message>
+        <source>Rename Variant</source>
+        <translation>Variante umbenennen</translation>
+    </message>
+    <message>
+        <source>Name, wherever the variant is used:</source>
+        <translation>Name, überall wo die Variante vorkommt:</translation>
+    </message>
+</context>
+<context>
     <name>qxSetDelegate</name>
     <message>
         <source>No preview</source>
@@ -1220,6 +1391,140 @@
     </message>
 </context>
 <context>
+    <name>qxSetEntries</name>
+    <message>
+        <source>nodes</source>
+        <translation>Knoten</translation>
+    </message>
+    <message>
+        <source>materials</source>
+        <translation>Materialien</translation>
+    </message>
+    <message>
+        <source>lights</source>
+        <translation>Lichter</translation>
+    </message>
+    <message>
+        <source>environment</source>
+        <translation>Umgebung</translation>
+    </message>
+    <message>
+        <source>viewpoint</source>
+        <translation>Ansichtspunkt</translation>
+    </message>
+    <message>
+        <source>camera goes there</source>
+        <translation>Kamera fährt hin</translation>
+    </message>
+    <message>
+        <source>not used: not the first</source>
+        <translation>nicht benutzt: nicht der erste</translation>
+    </message>
+    <message>
+        <source>starts</source>
+        <translation>startet</translation>
+    </message>
+    <message>
+        <source>starts in its turn</source>
+        <translation>startet, wenn sie dran ist</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>an</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>moved, as it is</source>
+        <translation>verschoben</translation>
+    </message>
+    <message>
+        <source>shown before all else</source>
+        <translation>zuerst eingeblendet</translation>
+    </message>
+    <message>
+        <source>not used</source>
+        <translation>nicht benutzt</translation>
+    </message>
+    <message>
+        <source>left to scripts</source>
+        <translation>für Skripte</translation>
+    </message>
+    <message>
+        <source>animation</source>
+        <translation>Animation</translation>
+    </message>
+    <message>
+        <source>clipping</source>
+        <translation>Schnitt</translation>
+    </message>
+    <message>
+        <source>target node</source>
+        <translation>Zielknoten</translation>
+    </message>
+    <message>
+        <source>geometry</source>
+        <translation>Geometrie</translation>
+    </message>
+    <message>
+        <source>snapshot</source>
+        <translation>Momentaufnahme</translation>
+    </message>
+    <message>
+        <source>capture</source>
+        <translation>Erfassung</translation>
+    </message>
+    <message>
+        <source>Clipping plane</source>
+        <translation>Schnittebene</translation>
+    </message>
+    <message>
+        <source>What was captured</source>
+        <translation>Was erfasst wurde</translation>
+    </message>
+</context>
+<context>
+    <name>qxSetEntriesModel</name>
+    <message>
+        <source>The scene shows something else than the set wants.</source>
+        <translation>Die Szene zeigt etwas anderes, als das Set verlangt.</translation>
+    </message>
+    <message>
+        <source>differs: %1</source>
+        <translation>weicht ab: %1</translation>
+    </message>
+    <message>
+        <source>(no such variant)</source>
+        <translation>(keine solche Variante)</translation>
+    </message>
+    <message>
+        <source>(nothing)</source>
+        <translation>(nichts)</translation>
+    </message>
+    <message>
+        <source>Variant</source>
+        <translation>Variante</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Shown Now</source>
+        <translation>Jetzt gezeigt</translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation>Problem</translation>
+    </message>
+</context>
+<context>
     <name>qxSetForm</name>
     <message>
         <source>&amp;Comment</source>
@@ -1232,10 +1537,6 @@
     <message>
         <source>Va&amp;lues</source>
         <translation>&amp;Werte</translation>
-    </message>
-    <message>
-        <source>States</source>
-        <translation>Zustände</translation>
     </message>
     <message>
         <source>Clear</source>
@@ -1289,13 +1590,6 @@
     <message>
         <source>Sc&amp;ript</source>
         <translation>Sk&amp;ript</translation>
-    </message>
-    <message numerus="yes">
-        <source>and %n more</source>
-        <translation>
-            <numerusform>und %n weiterer</numerusform>
-            <numerusform>und %n weitere</numerusform>
-        </translation>
     </message>
     <message>
         <source>&quot;%1&quot; is there twice. The values are taken as soon as the keys differ.</source>
@@ -1360,6 +1654,13 @@
     <message>
         <source>Nothing has &quot;%1&quot; in it.</source>
         <translation>Nichts enthält „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>qxStateEditor</name>
+    <message>
+        <source>State of &quot;%1&quot;</source>
+        <translation>Zustand von „%1“</translation>
     </message>
 </context>
 <context>
@@ -1583,6 +1884,83 @@
     <message>
         <source>&amp;Picture What Is Shown</source>
         <translation>Das &amp;Gezeigte aufnehmen</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantTexts</name>
+    <message>
+        <source>Make variant &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Make %n variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&quot;%1&quot; moves %n things of that name.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No variant could be made of &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is a variant &quot;%1&quot; already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No variant of that kind can be made of &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n options to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete &quot;%1&quot;</source>
+        <translation type="unfinished">„%1“ löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n options from &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Order the options of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n variants to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,51 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>qxEntryEdits</name>
+    <message numerus="yes">
+        <source>State of %n entries of &quot;%1&quot;</source>
+        <translation>
+            <numerusform>State of %n entry of "%1"</numerusform>
+            <numerusform>State of %n entries of "%1"</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Shown state of %n entries of &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Shown state of %n entry of "%1"</numerusform>
+            <numerusform>Shown state of %n entries of "%1"</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n entries from &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Remove %n entry from "%1"</numerusform>
+            <numerusform>Remove %n entries from "%1"</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n entries to &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Add %n entry to "%1"</numerusform>
+            <numerusform>Add %n entries to "%1"</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add what %n nodes show to &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Add what %n node shows to "%1"</numerusform>
+            <numerusform>Add what %n nodes show to "%1"</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants were made for it.</source>
+        <translation>
+            <numerusform>%n variant was made for it.</numerusform>
+            <numerusform>%n variants were made for it.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxScriptsDialog</name>
     <message numerus="yes">
         <source>... and %n more characters, which are not shown here</source>
@@ -50,16 +95,6 @@
     </message>
 </context>
 <context>
-    <name>qxSetForm</name>
-    <message numerus="yes">
-        <source>and %n more</source>
-        <translation>
-            <numerusform>and %n more</numerusform>
-            <numerusform>and %n more</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
     <name>qxSetsModel</name>
     <message numerus="yes">
         <source>%n states</source>
@@ -76,6 +111,51 @@
         <translation>
             <numerusform>%n set found</numerusform>
             <numerusform>%n sets found</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantTexts</name>
+    <message numerus="yes">
+        <source>Make %n variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&quot;%1&quot; moves %n things of that name.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n options to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n options from &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n variants to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
         </translation>
     </message>
 </context>
