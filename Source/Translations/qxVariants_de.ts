@@ -900,6 +900,48 @@
     </message>
 </context>
 <context>
+    <name>qxKeyList</name>
+    <message>
+        <source>Everywhere</source>
+        <translation>Überall</translation>
+    </message>
+    <message>
+        <source>Sets that keys select</source>
+        <translation>Sets, die Tasten auswählen</translation>
+    </message>
+    <message>
+        <source>Options that keys select</source>
+        <translation>Optionen, die Tasten auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>qxKeysPage</name>
+    <message>
+        <source>Keys and mouse</source>
+        <translation>Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>Search for what is done, or for a key</source>
+        <translation>Suche nach einer Tätigkeit oder Taste</translation>
+    </message>
+    <message>
+        <source>What it does</source>
+        <translation>Was geschieht</translation>
+    </message>
+    <message>
+        <source>Keys, mouse</source>
+        <translation>Tasten, Maus</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>&amp;Drucken …</translation>
+    </message>
+</context>
+<context>
     <name>qxLightMenu</name>
     <message>
         <source>&amp;Environment</source>
@@ -1034,6 +1076,47 @@
     </message>
 </context>
 <context>
+    <name>qxRecentFiles</name>
+    <message>
+        <source>None yet</source>
+        <translation>Noch keine</translation>
+    </message>
+</context>
+<context>
+    <name>qxRecovery</name>
+    <message>
+        <source>Workbench</source>
+        <translation type="unfinished">Workbench</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly on %1: edits were not saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly on %1: edits of &quot;%2&quot; were not saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n steps can be recovered. The file stays as it is until you save.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxSceneTreeModel</name>
     <message>
         <source>Node</source>
@@ -1098,12 +1181,80 @@
         <source>Home</source>
         <translation>Grundstellung</translation>
     </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Left button</source>
+        <translation>Linke Taste</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Middle button, left button with Shift</source>
+        <translation>Mittlere Taste, linke Taste mit Umschalt</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Wheel, right button</source>
+        <translation>Rad, rechte Taste</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoomen</translation>
+    </message>
+    <message>
+        <source>Click</source>
+        <translation>Klick</translation>
+    </message>
+    <message>
+        <source>Pick a node: the tree shows it</source>
+        <translation>Einen Knoten wählen: der Baum zeigt ihn</translation>
+    </message>
+    <message>
+        <source>Double click</source>
+        <translation>Doppelklick</translation>
+    </message>
+    <message>
+        <source>Look at the node</source>
+        <translation>Den Knoten ansehen</translation>
+    </message>
 </context>
 <context>
     <name>qxScriptConsole</name>
     <message>
         <source>Python, such as: selectVariantSet(&quot;...&quot;)</source>
         <translation>Python, zum Beispiel: selectVariantSet(&quot;...&quot;)</translation>
+    </message>
+    <message>
+        <source>Statement</source>
+        <translation>Anweisung</translation>
+    </message>
+    <message>
+        <source>What was typed and printed</source>
+        <translation>Eingaben und Ausgaben</translation>
+    </message>
+    <message>
+        <source>Run the statement</source>
+        <translation>Die Anweisung ausführen</translation>
+    </message>
+    <message>
+        <source>Add a line</source>
+        <translation>Eine Zeile anfügen</translation>
+    </message>
+    <message>
+        <source>Earlier and later statements</source>
+        <translation>Frühere und spätere Anweisungen</translation>
+    </message>
+    <message>
+        <source>Complete a name</source>
+        <translation>Einen Namen ergänzen</translation>
     </message>
 </context>
 <context>
@@ -1657,6 +1808,59 @@
     </message>
 </context>
 <context>
+    <name>qxStartPage</name>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+    <message>
+        <source>Shows scenes in many states: which wheels, which paint, which lamps.</source>
+        <translation>Zeigt Szenen in vielen Zuständen: welche Räder, welcher Lack, welche Lampen.</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Öffnen …</translation>
+    </message>
+    <message>
+        <source>Demo</source>
+        <translation>Beispiel</translation>
+    </message>
+    <message>
+        <source>Open a configurable roadster</source>
+        <translation>Einen konfigurierbaren Roadster öffnen</translation>
+    </message>
+    <message>
+        <source>Recent files</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Remove from the List</source>
+        <translation>Aus der Liste entfernen</translation>
+    </message>
+    <message>
+        <source>A scene (.gltf, .glb) can be dropped anywhere on this window.
+%1 lists all keys, and what the mouse does.</source>
+        <translation>Eine Szene (.gltf, .glb) kann überall auf diesem Fenster abgelegt werden.
+%1 zeigt alle Tasten, und was die Maus tut.</translation>
+    </message>
+    <message>
+        <source>Changed %1</source>
+        <translation>Geändert %1</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>Fehlt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no longer there.</source>
+        <translation>„%1“ gibt es nicht mehr.</translation>
+    </message>
+</context>
+<context>
     <name>qxStateEditor</name>
     <message>
         <source>State of &quot;%1&quot;</source>
@@ -1885,6 +2089,22 @@
         <source>&amp;Picture What Is Shown</source>
         <translation>Das &amp;Gezeigte aufnehmen</translation>
     </message>
+    <message>
+        <source>Select the current set</source>
+        <translation>Das aktuelle Set auswählen</translation>
+    </message>
+    <message>
+        <source>Search: go to what was found</source>
+        <translation>Suche: zum Gefundenen gehen</translation>
+    </message>
+    <message>
+        <source>Search: select the first set</source>
+        <translation>Suche: das erste Set auswählen</translation>
+    </message>
+    <message>
+        <source>Search: end it</source>
+        <translation>Suche: beenden</translation>
+    </message>
 </context>
 <context>
     <name>qxVariantTexts</name>
@@ -1920,7 +2140,7 @@
     </message>
     <message>
         <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">„%1“ zu „%2“ hinzufügen</translation>
     </message>
     <message numerus="yes">
         <source>Add %n options to &quot;%1&quot;</source>
@@ -1942,7 +2162,7 @@
     </message>
     <message>
         <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">„%1“ aus „%2“ entfernen</translation>
     </message>
     <message numerus="yes">
         <source>Remove %n options from &quot;%1&quot;</source>
@@ -2129,20 +2349,12 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>&amp;Hilfe</translation>
     </message>
     <message>
-        <source>Mouse and keys</source>
-        <translation>Maus und Tasten</translation>
-    </message>
-    <message>
         <source>About Workbench</source>
         <translation>Über Workbench</translation>
     </message>
     <message>
         <source>Workbench %1 shows scenes in many states.</source>
         <translation>Workbench %1 zeigt Szenen in vielen Zuständen.</translation>
-    </message>
-    <message>
-        <source>&amp;Mouse and Keys</source>
-        <translation>&amp;Maus und Tasten</translation>
     </message>
     <message>
         <source>&amp;About</source>
@@ -2229,10 +2441,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>Nur eine Szene kann offen sein; die übrigen wurden nicht geöffnet.</translation>
     </message>
     <message>
-        <source>None yet</source>
-        <translation>Noch keine</translation>
-    </message>
-    <message>
         <source>&amp;Next Pane</source>
         <translation>&amp;Nächster Bereich</translation>
     </message>
@@ -2259,10 +2467,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Opening &quot;%1&quot;: variants...</source>
         <translation>„%1“ wird geöffnet: Varianten …</translation>
-    </message>
-    <message>
-        <source>Open a scene with &quot;File &gt; Open&quot;, or drop one here.</source>
-        <translation>Öffnen Sie eine Szene mit „Datei &gt; Öffnen“, oder legen Sie eine hier ab.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has changed on the disk since it was opened.</source>
@@ -2309,20 +2513,68 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>&amp;Licht und Hintergrund</translation>
     </message>
     <message>
-        <source>Left button: turn. Middle button, or left with Shift: move.
-Wheel or right button: zoom. Click: pick a node. Double click: look at it.
-Arrows: turn. + and -: zoom. F: show everything. Home: go home.
-Space: play or pause animations. Shift+Space: stop them.
-
-Enter or a double click selects the set under the cursor, F2 renames it.
-Keys of sets select them anywhere but in text fields.</source>
-        <translation>Linke Taste: drehen. Mittlere Taste oder linke mit Umschalt: verschieben.
-Mausrad oder rechte Taste: zoomen. Klick: Knoten auswählen. Doppelklick: Knoten ansehen.
-Pfeiltasten: drehen. + und −: zoomen. F: alles zeigen. Pos1: Grundstellung.
-Leertaste: Animationen abspielen oder anhalten. Umschalt+Leertaste: sie beenden.
-
-Die Eingabetaste oder ein Doppelklick wählt das markierte Set aus, F2 benennt es um.
-Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
+        <source>&quot;%1&quot; is open in another window.</source>
+        <translation>„%1“ ist in einem anderen Fenster geöffnet.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is open in another window, which does not answer.</source>
+        <translation>„%1“ ist in einem anderen Fenster geöffnet, das nicht antwortet.</translation>
+    </message>
+    <message>
+        <source>What is saved there and what is saved here are two versions. Saving asks before it overwrites the other one.</source>
+        <translation>Was dort und was hier gespeichert wird, sind zwei Fassungen. Das Speichern fragt, bevor es die andere überschreibt.</translation>
+    </message>
+    <message>
+        <source>Open Here, Too</source>
+        <translation>Auch hier öffnen</translation>
+    </message>
+    <message>
+        <source>The file is open in another window. Close it there, or save under another name.</source>
+        <translation>Die Datei ist in einem anderen Fenster geöffnet. Schließen Sie sie dort, oder speichern Sie unter einem anderen Namen.</translation>
+    </message>
+    <message>
+        <source>&amp;Panes</source>
+        <translation>&amp;Bereiche</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farbschema</translation>
+    </message>
+    <message>
+        <source>&amp;Text under Icons</source>
+        <translation>&amp;Text unter Symbolen</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Layout</source>
+        <translation>Anordnung &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and Mouse</source>
+        <translation>&amp;Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
     </message>
 </context>
 </TS>
