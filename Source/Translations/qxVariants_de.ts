@@ -116,6 +116,313 @@
     </message>
 </context>
 <context>
+    <name>qxCheckCodes</name>
+    <message>
+        <source>document that cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>mend it at the place; no variant is loaded before. Nothing else is looked at</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>element without a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>give it one; it is skipped with all that is in it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown element</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove it; saving does</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>word that is neither true nor false</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it reads as false</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>number that cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it reads as 0</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>preview without a picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>make it anew; a preview is one CDATA section</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>value without a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>give it one; it is skipped</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>character that XML forbids</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is read as it is, other programs refuse the document; saving leaves it out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two sets of one name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rename one; only the later one is loaded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two groups of one name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rename one; the later one takes the place of the earlier</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two variants of one kind and name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>merge them; the later one&apos;s options replace the earlier one&apos;s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two options of one name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove one; the first counts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set refers to one variant twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove one; the last state counts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set lists one name twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove one: a viewpoint, animation, geometry, target or snapshot counts once</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set refers to a missing variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>create the variant, or remove the entry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>state is no option of the variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>add the option, or choose another state</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>scene object does not take the state</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore the child, material or transform state, or choose another</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>missing viewpoint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore it, or remove the entry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>missing default viewpoint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore it, or choose another</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>missing animation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>missing geometry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>missing target node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore it, or remove the entry; neither this target nor those behind it are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>snapshot of a missing node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>capture the set anew</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>snapshot of a missing material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two entries fight over one scene object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove one; the later one wins, also over a target</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two sets are equal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove one; they differ in name, comment, hotkey or preview at most</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set holds nothing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>fill or remove it (optimize --remove-empty)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>script does not compile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>mend it at the line that the message names</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>group without sets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>remove it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>variant without a scene object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore the node or material, or remove the variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>scene object of another kind</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a light variant needs a light, a material variant a switch material with materials, a transform variant transform states</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>default state is no option</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>choose another default</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>scene object does not take the option</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>restore the child, material or transform state, or remove the option</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>option without a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>variant without options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rebuild or remove it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>option that no set uses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>neither a set nor a hotkey leads to it, by name or by a step</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>variant that no set uses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>nor has it a hotkey</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>scene object within another of its name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rename one: !Toggle flips them against each other when only one is hidden. A node and its own mesh may have one name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>hotkey that names no key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>write it as menus show it, such as Ctrl+Shift+F5</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>hotkey used twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>change one; sets and options share the keyboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxEntryEdits</name>
     <message>
         <source>No variant can drive &quot;%1&quot;.</source>
@@ -1073,6 +1380,233 @@
     <message>
         <source>Preview of &quot;%1&quot; ...</source>
         <translation>Vorschau von „%1“ …</translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemFixes</name>
+    <message numerus="yes">
+        <source>Remove %n entries</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n default viewpoints</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n hotkeys</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n options to their variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n options</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Clear %n default states</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n sets</source>
+        <translation type="unfinished">
+            <numerusform>%n Set löschen</numerusform>
+            <numerusform>%n Sets löschen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n groups</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n variants with their entries in sets</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemRepairs</name>
+    <message numerus="yes">
+        <source>Repair %n names</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemWords</name>
+    <message>
+        <source>error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>hint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Group %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>script</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Variant %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemsDock</name>
+    <message>
+        <source>Search problems</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Problems</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What can be done about the selected problems</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Replace by</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Go to the Place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy as Text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repair &amp;All That Is Clear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>goes to the place of the problem</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n errors</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n warnings</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hints</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: shown or not</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Problems (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No problems: sets, variants and scene go together.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n problems are not shown.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing that could be meant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n names were repaired.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Of no name is it clear what is meant.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemsModel</name>
+    <message numerus="yes">
+        <source>%1 (and %n more)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation type="unfinished">Problem</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -64,6 +64,15 @@ typedef QVector<qxFinding> qxFindings;
 /// document can have millions of the same fault.
 class qxFindingList {
 public:
+    /// How many are kept of each code.
+    static constexpr int Limit = 1000;
+    /// Numbers of findings, by code.
+    typedef QHash<int, int> Counts;
+
+    qxFindingList() = default;
+    /// For one of several lists that keep a thousand together: so many are kept by the others.
+    explicit qxFindingList(const Counts &elsewhere) : m_elsewhere(elsewhere) {}
+
     /// Keeps or counts the finding.
     void add(const qxFinding &finding);
     /// What was kept, in the order of the document. The last one of a code knows how many more
@@ -71,8 +80,15 @@ public:
     qxFindings inOrder() const;
     /// The one that was kept last; there must be one.
     const qxFinding &last() const { return m_kept.last(); }
+    /// What was kept, in the order in which it was found.
+    const qxFindings &kept() const { return m_kept; }
+    /// All that were found, and those of them that were kept.
+    const Counts &counts() const { return m_counts; }
+    const Counts &keptCounts() const { return m_keptCounts; }
 
 private:
+    Counts m_elsewhere;
     qxFindings m_kept;
-    QHash<int, int> m_counts; ///< by code
+    Counts m_counts;
+    Counts m_keptCounts;
 };

@@ -5,7 +5,10 @@
 #include <QObject>
 #include <QTimer>
 
+#include <memory>
+
 class qxPanelEvents;
+class qxRegistryLint;
 struct qxVariantKind;
 
 /// What the linter finds in the sets and variants of the registry beside the present scene.
@@ -18,8 +21,10 @@ class qxProblems : public QObject {
 public:
     /// `compile` says what is wrong with a script; `events` must outlive this.
     qxProblems(qxPanelEvents *events, const qxLinter::Compile &compile, QObject *parent = nullptr);
+    ~qxProblems() override;
 
-    /// All findings in the order of a document, up to a thousand of each code.
+    /// All findings, first of sets, then of variants, up to a thousand of each code. They are as
+    /// they were when changed() was last sent.
     const qxFindings &all() const { return m_all; }
     ///@{
     /// Those of the set with all that it holds, and of the variant with its options.
@@ -32,6 +37,8 @@ public:
     /// What was found, in the language of the window; what it belongs to is not said again.
     static QString textOf(const qxFinding &finding);
 
+    /// Whether nothing has changed since all was looked at, as far as that is known.
+    bool isCurrent() const;
     /// Looks at everything that may have changed now, rather than when the program is idle.
     void update();
     /// Call it when nodes, materials, viewpoints or animations may have changed without a
@@ -43,7 +50,12 @@ Q_SIGNALS:
     void changed();
 
 private:
-    qxLinter::Compile m_compile;
+    void lookAgain();
+    void goOn();
+    void tell();
+
+    std::unique_ptr<qxRegistryLint> m_lint;
+    QTimer m_soon; ///< begins when edits pause
     QTimer m_idle;
     qxFindings m_all;
 };
