@@ -1327,6 +1327,13 @@
     </message>
 </context>
 <context>
+    <name>qxNameChooser</name>
+    <message>
+        <source>Search</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxNameEdits</name>
     <message>
         <source>Rename &quot;%1&quot;</source>
@@ -1335,6 +1342,33 @@
     <message>
         <source>Repair &quot;%1&quot;</source>
         <translation>„%1“ reparieren</translation>
+    </message>
+</context>
+<context>
+    <name>qxNoVariants</name>
+    <message>
+        <source>Make Variants of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose What to Show and Hide...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose Materials to Switch...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There are no variants yet. The scene has things that can vary:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There are no variants yet, and nothing in the scene varies by itself. Every node can be shown and hidden, and materials can be switched:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There are no variants. Open a scene to make some of it.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2299,6 +2333,22 @@
         <source>The key is taken by &quot;%1&quot; and does not select this set.</source>
         <translation>Die Taste wird von „%1“ verwendet und wählt dieses Set nicht aus.</translation>
     </message>
+    <message>
+        <source>The key is taken by &quot;%1&quot; and does not select this option.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The set &quot;%1&quot; has this key, too, and comes first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too; this one comes first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too, and comes first.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>qxSetsModel</name>
@@ -2500,6 +2550,265 @@
     <message>
         <source>others may write %1</source>
         <translation>Andere dürfen %1 ändern</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantActions</name>
+    <message>
+        <source>&amp;New</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Show This State</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation type="unfinished">&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>De&amp;lete</source>
+        <translation type="unfinished">&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Add &amp;Options...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Make It the De&amp;fault</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Key...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Add to the Current Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add to Se&amp;t...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Add to &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete Variants</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sets have entries of what you delete.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Entries that are kept do nothing until there is a variant of that name again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Delete the Entries, Too</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Keep the Entries</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Entries of %n sets were deleted.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Entries of %n sets were kept.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Options for &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation type="unfinished">Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Other materials of the scene, too</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Another name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add options to &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Default state of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add to Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;New set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add to the new set &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>&quot;%1&quot; has %n new states.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has nothing new by that.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantForm</name>
+    <message>
+        <source>&amp;Default</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Option &amp;key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation type="unfinished">Leeren</translation>
+    </message>
+    <message>
+        <source>Clear the key of the option</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The option is an &amp;action</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It does something to what is shown, such as &quot;next&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation type="unfinished">(keiner)</translation>
+    </message>
+    <message>
+        <source>%1 (no option)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Default state of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Key of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is an action</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no action</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantMaker</name>
+    <message numerus="yes">
+        <source>%n switches</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n switch materials</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lights</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n switches among the overlays</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n nodes with transform states</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Plain materials, too: each is put into a switch material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All others, too: they can be shown and hidden</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of All: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose %1...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The scene is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n selected nodes</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Make Variants: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Make Variants</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2718,6 +3027,42 @@
     </message>
 </context>
 <context>
+    <name>qxVariantUses</name>
+    <message>
+        <source>Used by</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>In %n sets</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>In no set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Moves %n nodes</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Moves nothing: the scene has no &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxVariants</name>
     <message>
         <source>Variant Sets</source>
@@ -2804,6 +3149,29 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <source>Variants</source>
         <translation>Varianten</translation>
     </message>
+    <message>
+        <source>Search variants</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Make variants of what the scene has</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Used by</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants found</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>qxVariantsModel</name>
@@ -2814,6 +3182,10 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>State</source>
         <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
