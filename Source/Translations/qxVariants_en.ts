@@ -174,9 +174,9 @@
     <name>qxRecovery</name>
     <message numerus="yes">
         <source>%n steps can be recovered. The file stays as it is until you save.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n step can be recovered. The file stays as it is until you save.</numerusform>
+            <numerusform>%n steps can be recovered. The file stays as it is until you save.</numerusform>
         </translation>
     </message>
 </context>

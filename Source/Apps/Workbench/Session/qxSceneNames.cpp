@@ -11,7 +11,7 @@ namespace {
 const QString nodesKey = QStringLiteral("nodes");
 const QString materialsKey = QStringLiteral("materials");
 const QString viewpointsKey = QStringLiteral("viewpoints");
-const QString nameKey = QStringLiteral("name");
+const QString cameraKey = QStringLiteral("camera");
 const QString lensKey = QStringLiteral("lens");
 const QString placeKey = QStringLiteral("toWorld");
 
@@ -22,13 +22,13 @@ QJsonObject toJson(const qxUberCamera &camera)
         place.append(double(camera.toWorld.getValues()[number]));
     const QJsonArray lens{double(camera.fieldOfView), double(camera.height),
                           double(camera.nearPlane), double(camera.farPlane)};
-    return {{nameKey, qxText::fromUtf8(camera.name)}, {lensKey, lens}, {placeKey, place}};
+    return {{cameraKey, qxText::fromUtf8(camera.name)}, {lensKey, lens}, {placeKey, place}};
 }
 
 qxUberCamera cameraOf(const QJsonObject &json)
 {
     qxUberCamera camera;
-    camera.name = qxText::toUtf8(json[nameKey].toString());
+    camera.name = qxText::toUtf8(json[cameraKey].toString());
     const auto number = [](const QJsonArray &array, int at) { return float(array[at].toDouble()); };
     const QJsonArray place = json[placeKey].toArray();
     for (int column = 0; column < 4; ++column) {
