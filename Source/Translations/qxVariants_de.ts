@@ -3494,5 +3494,9 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <source>Sets and variants are saved. Saving also keeps what is shown now, as the state in which the file opens.</source>
         <translation>Sets und Varianten sind gespeichert. Speichern behält auch, was jetzt zu sehen ist: So öffnet sich die Datei dann.</translation>
     </message>
+    <message>
+        <source>V&amp;ariants</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 </TS>

@@ -6,36 +6,36 @@
     <message numerus="yes">
         <source>State of %n entries of &quot;%1&quot;</source>
         <translation>
-            <numerusform>State of %n entry of "%1"</numerusform>
-            <numerusform>State of %n entries of "%1"</numerusform>
+            <numerusform>State of %n entry of &quot;%1&quot;</numerusform>
+            <numerusform>State of %n entries of &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Shown state of %n entries of &quot;%1&quot;</source>
         <translation>
-            <numerusform>Shown state of %n entry of "%1"</numerusform>
-            <numerusform>Shown state of %n entries of "%1"</numerusform>
+            <numerusform>Shown state of %n entry of &quot;%1&quot;</numerusform>
+            <numerusform>Shown state of %n entries of &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Remove %n entries from &quot;%1&quot;</source>
         <translation>
-            <numerusform>Remove %n entry from "%1"</numerusform>
-            <numerusform>Remove %n entries from "%1"</numerusform>
+            <numerusform>Remove %n entry from &quot;%1&quot;</numerusform>
+            <numerusform>Remove %n entries from &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Add %n entries to &quot;%1&quot;</source>
         <translation>
-            <numerusform>Add %n entry to "%1"</numerusform>
-            <numerusform>Add %n entries to "%1"</numerusform>
+            <numerusform>Add %n entry to &quot;%1&quot;</numerusform>
+            <numerusform>Add %n entries to &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Add what %n nodes show to &quot;%1&quot;</source>
         <translation>
-            <numerusform>Add what %n node shows to "%1"</numerusform>
-            <numerusform>Add what %n nodes show to "%1"</numerusform>
+            <numerusform>Add what %n node shows to &quot;%1&quot;</numerusform>
+            <numerusform>Add what %n nodes show to &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">

@@ -233,6 +233,22 @@ void qxWorkbenchWindow::buildSetsMenu()
     addMenu(QT_TR_NOOP("&Sets"))->addActions(m_sets->setActions());
 }
 
+void qxWorkbenchWindow::buildVariantsMenu()
+{
+    addMenu(QT_TR_NOOP("V&ariants"))->addActions(m_variants->variantActions());
+    const qxSetsView *const sets = m_sets->view();
+    connect(sets, &qxSetsView::currentChanged, m_variants,
+            [this, sets] { m_variants->setCurrentSet(sets->currentSet()); });
+    connect(m_variants, &qxVariantsDock::setWanted, sets, &qxSetsView::showSet);
+    connect(m_variants, &qxVariantsDock::nodeWanted, this, &qxWorkbenchWindow::showPicked);
+    m_variants->setSelectedNodes([this] {
+        std::vector<osg::NodePtr> nodes;
+        for (const QModelIndex &row : m_treeView->selectionModel()->selectedRows())
+            nodes.push_back(m_tree->nodeAt(row));
+        return nodes;
+    });
+}
+
 void qxWorkbenchWindow::buildHelpMenu()
 {
     QMenu *const menu = addMenu(QT_TR_NOOP("&Help"));

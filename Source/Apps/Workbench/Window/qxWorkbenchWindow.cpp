@@ -59,6 +59,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     buildEditMenu();
     buildViewMenu();
     buildSetsMenu();
+    buildVariantsMenu();
     buildHelpMenu();
     buildToolBar();
     connect(m_recentFiles, &qxRecentFiles::chosen, this, &qxWorkbenchWindow::openAnother);

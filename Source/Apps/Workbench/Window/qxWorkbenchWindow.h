@@ -87,6 +87,7 @@ private:
     void fillThemeMenu(QMenu *menu);
     void buildToolBar();
     void buildSetsMenu();
+    void buildVariantsMenu();
     void buildHelpMenu();
     void retranslate();
     void showUndo();
