@@ -46,7 +46,7 @@ void qxSetEntriesView::layColumns()
     const int problem = hasProblems ? 11 * letter : 0;
     const int kind = hasKind ? 12 * letter : 0;
     const int left = width - problem - kind;
-    const int name = std::clamp(widthOfNames(), left * 2 / 5, left * 2 / 3);
+    const int name = std::clamp(widthOfNames(), left / 3, left * 2 / 3);
     const int state = std::min(24 * letter, (left - name) / 2);
     header()->resizeSection(Model::KindColumn, kind);
     header()->resizeSection(Model::StateColumn, state);
