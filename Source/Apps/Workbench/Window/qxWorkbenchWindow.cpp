@@ -1,7 +1,10 @@
 #include "qxWorkbenchWindow.h"
 
 #include "Core/qxMainWindow.h"
+#include "Problems/qxProblems.h"
+#include "Problems/qxProblemsDock.h"
 #include "Script/qxBlockedScriptReport.h"
+#include "Script/qxScriptCheck.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
 #include "Session/qxSetPreviews.h"
@@ -114,6 +117,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     delete takeCentralWidget();
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         delete dock;
+    delete m_problems;
     delete m_tree;
     delete m_events;
 }
@@ -138,6 +142,7 @@ void qxWorkbenchWindow::buildDocks()
         statusBar()->showMessage(line, 15000);
     });
     m_console = new qxScriptConsole;
+    buildProblems();
     m_animation = new qxAnimationBar(this);
     addToolBar(Qt::BottomToolBarArea, m_animation);
     giveKey(m_animation->playAction(), Qt::Key_Space);
@@ -146,6 +151,33 @@ void qxWorkbenchWindow::buildDocks()
     dockOf(m_treeView, QT_TR_NOOP("Scene"), QStringLiteral("scene"));
     dockOf(m_log, QT_TR_NOOP("Log"), QStringLiteral("log"));
     dockOf(m_console, QT_TR_NOOP("Scripts"), QStringLiteral("scripts"));
+}
+
+void qxWorkbenchWindow::buildProblems()
+{
+    const auto compile = [](const QString &script) {
+        return qxText::fromUtf8(qxScriptCheck::flawOf(qxText::toUtf8(script)));
+    };
+    m_problems = new qxProblems(m_events, compile, this);
+    m_sets->setProblems(m_problems);
+    auto *const dock = new qxProblemsDock(m_problems, m_sets->edits(), this);
+    const auto raise = [](QDockWidget *shown) {
+        shown->show();
+        shown->raise();
+    };
+    connect(dock, &qxProblemsDock::setWanted, this, [this, raise](const QString &set) {
+        raise(m_sets);
+        m_sets->view()->showSet(set);
+    });
+    connect(dock, &qxProblemsDock::groupWanted, this, [this, raise](const QString &group) {
+        raise(m_sets);
+        m_sets->view()->showGroup(group);
+    });
+    connect(dock, &qxProblemsDock::variantWanted, this,
+            [this, raise](const qxVariantKind &kind, const QString &variant) {
+                raise(m_variants);
+                m_variants->showVariant(kind, variant);
+            });
 }
 
 /// One that works while the view has the focus: lists use it themselves.
@@ -293,5 +325,6 @@ void qxWorkbenchWindow::followScripts()
     m_beforeScript.reset();
     m_events->flush();
     m_tree->refresh();
+    m_problems->lookAtScene();
     m_unsaved->look();
 }

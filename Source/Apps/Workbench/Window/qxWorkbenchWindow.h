@@ -21,6 +21,7 @@ class qxKeysPage;
 class qxLogView;
 class qxPanelEvents;
 class qxPictureDialog;
+class qxProblems;
 class qxRecentFiles;
 class qxSceneTreeModel;
 class qxSceneView;
@@ -74,6 +75,7 @@ protected:
 
 private:
     void buildDocks();
+    void buildProblems();
     void giveKey(QAction *action, const QKeySequence &key);
     QDockWidget *dockOf(QWidget *contents, const char *title, const QString &name);
     QMenu *addMenu(const char *title);
@@ -147,6 +149,7 @@ private:
     qxAnimationBar *m_animation;
     std::unique_ptr<qxPictureDialog> m_pictureDialog;
     qxVariantSetsDock *m_sets;
+    qxProblems *m_problems;
     qxVariantsDock *m_variants;
     qxSceneTreeModel *m_tree;
     QTreeView *m_treeView;

@@ -5,6 +5,7 @@
 
 #include "Undo/qxCaptureRecord.h"
 #include "Undo/qxSetEdits.h"
+#include "qxAmbiguityDialog.h"
 #include "qxCaptureDialog.h"
 #include "qxNames.h"
 #include "qxScenegraph.h"
@@ -53,7 +54,7 @@ QString qxSetCapture::capture(qxSetEdits *edits, const QString &group, QWidget *
         return QString();
     const qxCaptureChoice choice = dialog.choice();
     qxCaptureRecord record; // The question about names may change them.
-    if (!qxVariants::verifyNodeNames())
+    if (!qxAmbiguityDialog::settleNames(parent) || !qxVariants::verifyNodeNames())
         return QString();
     return edits->captureSet(
         qxVariants::getUniqueVariantSetName(choice.name), choice.group, record,
@@ -78,7 +79,7 @@ void qxSetCapture::update(qxSetEdits *edits, const QString &set, QWidget *parent
         return;
     const qxCaptureChoice choice = dialog.choice();
     qxCaptureRecord record;
-    if (qxVariants::verifyNodeNames())
+    if (qxAmbiguityDialog::settleNames(parent) && qxVariants::verifyNodeNames())
         edits->captureAgain(set, record, [&choice](qxVariantSet &edited) {
             captureInto(edited, rootsOf(edited), choice);
         });

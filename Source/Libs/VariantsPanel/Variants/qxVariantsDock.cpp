@@ -1,17 +1,17 @@
 #include "qxVariantsDock.h"
 
 #include "qxVariant.h"
-#include "qxVariantKinds.h"
-
-#include "Sets/qxTakenKeys.h"
-#include "qxNoVariants.h"
-#include "qxPanelEvents.h"
 #include "qxVariantActions.h"
 #include "qxVariantForm.h"
+#include "qxVariantKinds.h"
 #include "qxVariantMaker.h"
 #include "qxVariantUses.h"
 #include "qxVariantsModel.h"
 #include "qxVariantsView.h"
+
+#include "Sets/qxTakenKeys.h"
+#include "qxNoVariants.h"
+#include "qxPanelEvents.h"
 
 #include <QAccessible>
 #include <QEvent>
@@ -32,11 +32,11 @@ qxVariantsDock::qxVariantsDock(QUndoStack *steps, QWidget *parent)
     : QDockWidget(parent), m_events(new qxPanelEvents(this)),
       m_model(new qxVariantsModel(m_events, this)), m_maker(new qxVariantMaker(steps, this)),
       m_view(new qxVariantsView(m_model)),
-      m_form(new qxVariantForm(steps, m_events, new qxTakenKeys(this))),
-      m_uses(new qxVariantUses), m_nothing(new qxNoVariants(m_maker)),
-      m_actions(new qxVariantActions(steps, m_model, m_view, m_maker->menu())),
-      m_pages(new QStackedWidget), m_search(new QLineEdit), m_found(new QLabel),
-      m_note(new QLabel), m_new(new QToolButton), m_showUses(new QToolButton)
+      m_form(new qxVariantForm(steps, m_events, new qxTakenKeys(this))), m_uses(new qxVariantUses),
+      m_nothing(new qxNoVariants(m_maker)),
+      m_actions(new qxVariantActions(steps, m_events, m_model, m_view, m_maker->menu())),
+      m_pages(new QStackedWidget), m_search(new QLineEdit), m_found(new QLabel), m_note(new QLabel),
+      m_new(new QToolButton), m_showUses(new QToolButton)
 {
     setObjectName(QStringLiteral("qxVariantsDock"));
     buildContents();
@@ -186,6 +186,8 @@ void qxVariantsDock::showVariant(const qxVariantKind &kind, const QString &varia
 {
     if (!m_model->indexOf(kind, variant).isValid())
         m_search->clear();
+    show();
+    raise();
     m_view->showVariants({{&kind, variant}});
 }
 
