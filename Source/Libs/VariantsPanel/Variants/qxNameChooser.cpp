@@ -126,8 +126,7 @@ void qxNameChooser::allowAccept()
 /// Down leads from the search to what was found.
 bool qxNameChooser::eventFilter(QObject *, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress
-        || static_cast<QKeyEvent *>(event)->key() != Qt::Key_Down)
+    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent *>(event)->key() != Qt::Key_Down)
         return false;
     if (!m_view->selectionModel()->hasSelection())
         m_view->setCurrentIndex(m_found->index(0, 0));

@@ -39,8 +39,7 @@ void qxNoVariants::refresh()
         addButton(tr("Choose Materials to Switch..."),
                   [this] { m_maker->makeOfChosen(qxVariantKinds::material); });
     m_text->setText(
-        !offers.empty()
-            ? tr("There are no variants yet. The scene has things that can vary:")
+        !offers.empty() ? tr("There are no variants yet. The scene has things that can vary:")
             : hasNodes ? tr("There are no variants yet, and nothing in the scene varies by itself. "
                             "Every node can be shown and hidden, and materials can be switched:")
                        : tr("There are no variants. Open a scene to make some of it."));

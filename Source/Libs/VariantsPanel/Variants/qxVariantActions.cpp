@@ -2,15 +2,16 @@
 
 #include "qxVariantKinds.h"
 #include "qxVariants.h"
+#include "qxVariantsModel.h"
+#include "qxVariantsView.h"
 
 #include "Registry/qxVariantSources.h"
 #include "Undo/qxNameEdits.h"
 #include "Undo/qxSetUndoSteps.h"
 #include "qxNameChooser.h"
 #include "qxNames.h"
+#include "qxPanelEvents.h"
 #include "qxStateWords.h"
-#include "qxVariantsModel.h"
-#include "qxVariantsView.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
 
@@ -18,6 +19,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 #include <QUndoStack>
 
 #include <algorithm>
@@ -57,19 +59,25 @@ QStringList otherMaterials(const qxVariantName &variant, const QStringList &miss
 
 } // namespace
 
-qxVariantActions::qxVariantActions(QUndoStack *steps, qxVariantsModel *rows, qxVariantsView *view,
-                                   QMenu *newMenu)
-    : QObject(view), m_steps(*steps), m_rows(rows), m_view(view)
+qxVariantActions::qxVariantActions(QUndoStack *steps, qxPanelEvents *events, qxVariantsModel *rows,
+                                   qxVariantsView *view, QMenu *newMenu)
+    : QObject(view), m_steps(*steps), m_events(events), m_rows(rows), m_view(view)
 {
     m_actions << newMenu->menuAction();
     m_texts << QT_TR_NOOP("&New");
     build();
     connect(m_view, &qxVariantsView::selectionMoved, this, &qxVariantActions::follow);
     connect(m_view, &qxVariantsView::currentMoved, this, &qxVariantActions::follow);
-    connect(rows, &qxVariantsModel::renameWanted, this, &qxVariantActions::rename,
-            Qt::QueuedConnection); // The editor of the name must close first.
-    connect(rows, &qxVariantsModel::orderWanted, this, &qxVariantActions::order,
-            Qt::QueuedConnection);
+    // The editor of the name must close first, and the drag end.
+    connect(rows, &qxVariantsModel::renameWanted, this,
+            [this](const qxVariantName &variant, const QString &option, const QString &name) {
+                QTimer::singleShot(0, this, [=] { rename(variant, option, name); });
+            });
+    connect(rows, &qxVariantsModel::orderWanted, this,
+            [this](const qxVariantName &variant, const QStringList &options) {
+                QTimer::singleShot(
+                    0, this, [=] { qxVariantEdits::orderOptions(m_steps, variant, options); });
+            });
     follow();
 }
 
@@ -164,15 +172,11 @@ void qxVariantActions::rename(const qxVariantName &variant, const QString &optio
     Q_EMIT told(outcome.refusal);
     if (!outcome.refusal.isEmpty())
         return;
+    m_events->flush();
     if (option.isEmpty())
         m_view->showVariants({{variant.kind, name}});
     else
         m_view->showOption(variant, name);
-}
-
-void qxVariantActions::order(const qxVariantName &variant, const QStringList &options)
-{
-    qxVariantEdits::orderOptions(m_steps, variant, options);
 }
 
 void qxVariantActions::remove()
@@ -299,9 +303,8 @@ void qxVariantActions::addToChosen()
         return addTo(chooser.chosen().value(0));
     const QString name = qxVariants::getUniqueVariantSetName(made);
     m_steps.beginMacro(tr("Add to the new set \"%1\"").arg(name));
-    m_steps.push(
-        new qxSetsPresence(QString(), qxSetsPresence::Come,
-                           {{qxSetMemento::of(qxVariantSet(name)), qxSetPlace()}}));
+    m_steps.push(new qxSetsPresence(QString(), qxSetsPresence::Come,
+                                    {{qxSetMemento::of(qxVariantSet(name)), qxSetPlace()}}));
     addTo(name);
     m_steps.endMacro();
 }

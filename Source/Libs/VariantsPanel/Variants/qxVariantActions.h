@@ -7,6 +7,7 @@
 class QAction;
 class QKeySequence;
 class QMenu;
+class qxPanelEvents;
 class qxVariantsModel;
 class qxVariantsView;
 
@@ -16,16 +17,13 @@ class qxVariantActions : public QObject {
 
 public:
     /// The actions work while the view has the focus. `newMenu` is shown as one of them.
-    qxVariantActions(QUndoStack *steps, qxVariantsModel *rows, qxVariantsView *view,
-                     QMenu *newMenu);
+    qxVariantActions(QUndoStack *steps, qxPanelEvents *events, qxVariantsModel *rows,
+                     qxVariantsView *view, QMenu *newMenu);
 
     const QList<QAction *> &actions() const { return m_actions; }
     void retranslate();
     /// The set that variants are added to without asking; none for an empty name.
     void setCurrentSet(const QString &set);
-
-    void rename(const qxVariantName &variant, const QString &option, const QString &name);
-    void order(const qxVariantName &variant, const QStringList &options);
 
 Q_SIGNALS:
     /// The user wants to show the current option.
@@ -42,6 +40,7 @@ private:
     void nameAddToCurrent();
 
     void renameCurrent();
+    void rename(const qxVariantName &variant, const QString &option, const QString &name);
     void remove();
     void removeVariants(const qxVariantEdits::Variants &variants);
     void removeOptions();
@@ -55,6 +54,7 @@ private:
     void addTo(const QString &set);
 
     QUndoStack &m_steps;
+    qxPanelEvents *m_events;
     qxVariantsModel *m_rows;
     qxVariantsView *m_view;
     QString m_set;

@@ -132,9 +132,10 @@ void qxVariantForm::showDefaults(const qxVariant &variant)
                                Qt::ToolTipRole);
     }
     if (m_default->findData(variant.defaultState) < 0)
-        m_default->addItem(tr("%1 (no option)").arg(qxStateWords::shown(
-                               *m_variant.kind, &variant, variant.defaultState)),
-                           variant.defaultState);
+        m_default->addItem(
+            tr("%1 (no option)")
+                .arg(qxStateWords::shown(*m_variant.kind, &variant, variant.defaultState)),
+            variant.defaultState);
     m_default->setCurrentIndex(m_default->findData(variant.defaultState));
 }
 

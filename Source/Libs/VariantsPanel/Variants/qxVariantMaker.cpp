@@ -72,7 +72,8 @@ void qxVariantMaker::fill(QMenu &menu)
     menu.clear();
     for (const Offer &offer : offers()) {
         const qxVariantKind *const kind = offer.kind;
-        menu.addAction(tr("Of All: %1").arg(offer.things), this, [this, kind] { makeOfAll(*kind); });
+        menu.addAction(tr("Of All: %1").arg(offer.things), this,
+                       [this, kind] { makeOfAll(*kind); });
     }
     menu.addSeparator();
     for (const qxVariantKind *kind : qxVariantKinds::all()) {

@@ -75,9 +75,8 @@ qxVariantRows::Variant qxVariantRows::rowsOf(const qxVariantKind &kind, const qx
 {
     Variant rows{variant.name, {}, 0, QString(), false};
     for (const qxVariantOption &option : variant.options)
-        rows.options.push_back(
-            {option.name, option.shortcut,
-             option.isAction || qxStateWords::isAction(kind, option.name)});
+        rows.options.push_back({option.name, option.shortcut,
+                                option.isAction || qxStateWords::isAction(kind, option.name)});
     const auto actions =
         std::stable_partition(rows.options.begin(), rows.options.end(),
                               [](const Option &option) { return !option.isAction; });

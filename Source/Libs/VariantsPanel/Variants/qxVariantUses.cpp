@@ -1,10 +1,10 @@
 #include "qxVariantUses.h"
 
-#include "qxNameLookUp.h"
 #include "qxVariantKind.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxNameLookUp.h"
 #include "qxNames.h"
 #include "qxStateWords.h"
 
@@ -111,9 +111,10 @@ void qxVariantUses::addThings(const qxVariant &variant)
     }
     if (count > mostRows)
         rows << new QTreeWidgetItem({tr("and %n more", nullptr, count - mostRows)});
-    addGroup(count > 0 ? tr("Moves %n nodes", nullptr, count)
-                       : tr("Moves nothing: the scene has no \"%1\"")
-                             .arg(variant.*m_variant.kind->sceneName))
+    addGroup(
+        count > 0
+            ? tr("Moves %n nodes", nullptr, count)
+            : tr("Moves nothing: the scene has no \"%1\"").arg(variant.*m_variant.kind->sceneName))
         ->addChildren(rows);
 }
 

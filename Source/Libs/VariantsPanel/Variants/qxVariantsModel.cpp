@@ -58,9 +58,8 @@ qxVariant *qxVariantsModel::variantAt(const QModelIndex &index) const
 
 QString qxVariantsModel::optionAt(const QModelIndex &index) const
 {
-    const qxVariantRows::Option *const option = index.isValid()
-        ? m_rows.optionAt(Above::of(index.internalId()), index.row())
-        : nullptr;
+    const qxVariantRows::Option *const option =
+        index.isValid() ? m_rows.optionAt(Above::of(index.internalId()), index.row()) : nullptr;
     return option ? option->name : QString();
 }
 
@@ -140,9 +139,8 @@ int qxVariantsModel::rowCount(const QModelIndex &parent) const
 {
     if (!parent.isValid())
         return qxVariantRows::kindCount();
-    return parent.column() > 0
-        ? 0
-        : m_rows.countBelow(Above::of(parent.internalId()), parent.row());
+    return parent.column() > 0 ? 0
+                               : m_rows.countBelow(Above::of(parent.internalId()), parent.row());
 }
 
 QVariant qxVariantsModel::data(const QModelIndex &index, int role) const

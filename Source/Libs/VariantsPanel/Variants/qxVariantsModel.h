@@ -56,7 +56,10 @@ public:
 
     QStringList mimeTypes() const override;
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
-    Qt::DropActions supportedDragActions() const override { return Qt::CopyAction | Qt::MoveAction; }
+    Qt::DropActions supportedDragActions() const override
+    {
+        return Qt::CopyAction | Qt::MoveAction;
+    }
     Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
     bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                          const QModelIndex &parent) const override;
