@@ -5,19 +5,19 @@
     <name>qxAmbiguityDialog</name>
     <message>
         <source>Nodes and their new names</source>
-        <translation type="unfinished"></translation>
+        <translation>Knoten und ihre neuen Namen</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>New Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer Name</translation>
     </message>
     <message>
         <source>Path</source>
-        <translation type="unfinished"></translation>
+        <translation>Pfad</translation>
     </message>
 </context>
 <context>
@@ -137,308 +137,244 @@
 <context>
     <name>qxCheckCodes</name>
     <message>
-        <source>document that cannot be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>mend it at the place; no variant is loaded before. Nothing else is looked at</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>element without a name</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>give it one; it is skipped with all that is in it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>unknown element</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>remove it; saving does</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>word that is neither true nor false</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it reads as false</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>number that cannot be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it reads as 0</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>preview without a picture</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>make it anew; a preview is one CDATA section</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>value without a name</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>give it one; it is skipped</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>character that XML forbids</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it is read as it is, other programs refuse the document; saving leaves it out</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>two sets of one name</source>
-        <translation type="unfinished"></translation>
+        <translation>zwei Sets mit demselben Namen</translation>
     </message>
     <message>
         <source>rename one; only the later one is loaded</source>
-        <translation type="unfinished"></translation>
+        <translation>eines umbenennen; nur das spätere wird geladen</translation>
     </message>
     <message>
         <source>two groups of one name</source>
-        <translation type="unfinished"></translation>
+        <translation>zwei Gruppen mit demselben Namen</translation>
     </message>
     <message>
         <source>rename one; the later one takes the place of the earlier</source>
-        <translation type="unfinished"></translation>
+        <translation>eine umbenennen; die spätere tritt an die Stelle der früheren</translation>
     </message>
     <message>
         <source>two variants of one kind and name</source>
-        <translation type="unfinished"></translation>
+        <translation>zwei Varianten mit derselben Art und demselben Namen</translation>
     </message>
     <message>
         <source>merge them; the later one&apos;s options replace the earlier one&apos;s</source>
-        <translation type="unfinished"></translation>
+        <translation>zusammenführen; die Optionen der späteren ersetzen die der früheren</translation>
     </message>
     <message>
         <source>two options of one name</source>
-        <translation type="unfinished"></translation>
+        <translation>zwei Optionen mit demselben Namen</translation>
     </message>
     <message>
         <source>remove one; the first counts</source>
-        <translation type="unfinished"></translation>
+        <translation>eine entfernen; die erste zählt</translation>
     </message>
     <message>
         <source>set refers to one variant twice</source>
-        <translation type="unfinished"></translation>
+        <translation>Set verweist zweimal auf eine Variante</translation>
     </message>
     <message>
         <source>remove one; the last state counts</source>
-        <translation type="unfinished"></translation>
+        <translation>einen Eintrag entfernen; der letzte Zustand zählt</translation>
     </message>
     <message>
         <source>set lists one name twice</source>
-        <translation type="unfinished"></translation>
+        <translation>Set führt einen Namen zweimal auf</translation>
     </message>
     <message>
         <source>remove one: a viewpoint, animation, geometry, target or snapshot counts once</source>
-        <translation type="unfinished"></translation>
+        <translation>einen entfernen: Ansichtspunkt, Animation, Geometrie, Ziel oder Abbild zählen nur einmal</translation>
     </message>
     <message>
         <source>set refers to a missing variant</source>
-        <translation type="unfinished"></translation>
+        <translation>Set verweist auf eine fehlende Variante</translation>
     </message>
     <message>
         <source>create the variant, or remove the entry</source>
-        <translation type="unfinished"></translation>
+        <translation>die Variante anlegen oder den Eintrag entfernen</translation>
     </message>
     <message>
         <source>state is no option of the variant</source>
-        <translation type="unfinished"></translation>
+        <translation>Zustand ist keine Option der Variante</translation>
     </message>
     <message>
         <source>add the option, or choose another state</source>
-        <translation type="unfinished"></translation>
+        <translation>die Option hinzufügen oder einen anderen Zustand wählen</translation>
     </message>
     <message>
         <source>scene object does not take the state</source>
-        <translation type="unfinished"></translation>
+        <translation>Szenenobjekt kennt den Zustand nicht</translation>
     </message>
     <message>
         <source>restore the child, material or transform state, or choose another</source>
-        <translation type="unfinished"></translation>
+        <translation>das Kind, das Material oder die Lage wiederherstellen oder einen anderen Zustand wählen</translation>
     </message>
     <message>
         <source>missing viewpoint</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansichtspunkt fehlt</translation>
     </message>
     <message>
         <source>restore it, or remove the entry</source>
-        <translation type="unfinished"></translation>
+        <translation>wiederherstellen oder den Eintrag entfernen</translation>
     </message>
     <message>
         <source>missing default viewpoint</source>
-        <translation type="unfinished"></translation>
+        <translation>vorgegebener Ansichtspunkt fehlt</translation>
     </message>
     <message>
         <source>restore it, or choose another</source>
-        <translation type="unfinished"></translation>
+        <translation>wiederherstellen oder einen anderen wählen</translation>
     </message>
     <message>
         <source>missing animation</source>
-        <translation type="unfinished"></translation>
+        <translation>Animation fehlt</translation>
     </message>
     <message>
         <source>missing geometry</source>
-        <translation type="unfinished"></translation>
+        <translation>Geometrie fehlt</translation>
     </message>
     <message>
         <source>missing target node</source>
-        <translation type="unfinished"></translation>
+        <translation>Zielknoten fehlt</translation>
     </message>
     <message>
         <source>restore it, or remove the entry; neither this target nor those behind it are shown</source>
-        <translation type="unfinished"></translation>
+        <translation>wiederherstellen oder den Eintrag entfernen; weder dieses Ziel noch die dahinter werden gezeigt</translation>
     </message>
     <message>
         <source>snapshot of a missing node</source>
-        <translation type="unfinished"></translation>
+        <translation>Materialabbild eines fehlenden Knotens</translation>
     </message>
     <message>
         <source>capture the set anew</source>
-        <translation type="unfinished"></translation>
+        <translation>das Set neu erfassen</translation>
     </message>
     <message>
         <source>snapshot of a missing material</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbild eines fehlenden Materials</translation>
     </message>
     <message>
         <source>two entries fight over one scene object</source>
-        <translation type="unfinished"></translation>
+        <translation>zwei Einträge streiten um ein Szenenobjekt</translation>
     </message>
     <message>
         <source>remove one; the later one wins, also over a target</source>
-        <translation type="unfinished"></translation>
+        <translation>einen entfernen; der spätere gewinnt, auch gegen ein Ziel</translation>
     </message>
     <message>
         <source>two sets are equal</source>
-        <translation type="unfinished"></translation>
+        <translation>zwei Sets sind gleich</translation>
     </message>
     <message>
         <source>remove one; they differ in name, comment, hotkey or preview at most</source>
-        <translation type="unfinished"></translation>
+        <translation>eines entfernen; sie unterscheiden sich höchstens in Name, Kommentar, Taste oder Vorschau</translation>
     </message>
     <message>
         <source>set holds nothing</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>fill or remove it (optimize --remove-empty)</source>
-        <translation type="unfinished"></translation>
+        <translation>Set enthält nichts</translation>
     </message>
     <message>
         <source>script does not compile</source>
-        <translation type="unfinished"></translation>
+        <translation>Skript lässt sich nicht übersetzen</translation>
     </message>
     <message>
         <source>mend it at the line that the message names</source>
-        <translation type="unfinished"></translation>
+        <translation>an der genannten Zeile verbessern</translation>
     </message>
     <message>
         <source>group without sets</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe ohne Sets</translation>
     </message>
     <message>
         <source>remove it</source>
-        <translation type="unfinished"></translation>
+        <translation>entfernen</translation>
     </message>
     <message>
         <source>variant without a scene object</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante ohne Szenenobjekt</translation>
     </message>
     <message>
         <source>restore the node or material, or remove the variant</source>
-        <translation type="unfinished"></translation>
+        <translation>den Knoten oder das Material wiederherstellen oder die Variante entfernen</translation>
     </message>
     <message>
         <source>scene object of another kind</source>
-        <translation type="unfinished"></translation>
+        <translation>Szenenobjekt anderer Art</translation>
     </message>
     <message>
         <source>a light variant needs a light, a material variant a switch material with materials, a transform variant transform states</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Lichtvariante braucht ein Licht, eine Materialvariante ein Schaltmaterial mit Materialien, eine Lagevariante benannte Lagen</translation>
     </message>
     <message>
         <source>default state is no option</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgabezustand ist keine Option</translation>
     </message>
     <message>
         <source>choose another default</source>
-        <translation type="unfinished"></translation>
+        <translation>eine andere Vorgabe wählen</translation>
     </message>
     <message>
         <source>scene object does not take the option</source>
-        <translation type="unfinished"></translation>
+        <translation>Szenenobjekt kennt die Option nicht</translation>
     </message>
     <message>
         <source>restore the child, material or transform state, or remove the option</source>
-        <translation type="unfinished"></translation>
+        <translation>das Kind, das Material oder die Lage wiederherstellen oder die Option entfernen</translation>
     </message>
     <message>
         <source>option without a name</source>
-        <translation type="unfinished"></translation>
+        <translation>Option ohne Namen</translation>
     </message>
     <message>
         <source>variant without options</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante ohne Optionen</translation>
     </message>
     <message>
         <source>rebuild or remove it</source>
-        <translation type="unfinished"></translation>
+        <translation>neu aufbauen oder entfernen</translation>
     </message>
     <message>
         <source>option that no set uses</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>neither a set nor a hotkey leads to it, by name or by a step</source>
-        <translation type="unfinished"></translation>
+        <translation>Option, die kein Set verwendet</translation>
     </message>
     <message>
         <source>variant that no set uses</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>nor has it a hotkey</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante, die kein Set verwendet</translation>
     </message>
     <message>
         <source>scene object within another of its name</source>
-        <translation type="unfinished"></translation>
+        <translation>Szenenobjekt in einem anderen mit demselben Namen</translation>
     </message>
     <message>
         <source>rename one: !Toggle flips them against each other when only one is hidden. A node and its own mesh may have one name</source>
-        <translation type="unfinished"></translation>
+        <translation>eines umbenennen: !Toggle schaltet sie gegeneinander, wenn nur eines ausgeblendet ist. Ein Knoten und sein eigenes Netz dürfen denselben Namen haben</translation>
     </message>
     <message>
         <source>hotkey that names no key</source>
-        <translation type="unfinished"></translation>
+        <translation>Taste, die es nicht gibt</translation>
     </message>
     <message>
         <source>write it as menus show it, such as Ctrl+Shift+F5</source>
-        <translation type="unfinished"></translation>
+        <translation>schreiben, wie Menüs sie zeigen, etwa Strg+Umschalt+F5</translation>
     </message>
     <message>
         <source>hotkey used twice</source>
-        <translation type="unfinished"></translation>
+        <translation>Taste doppelt vergeben</translation>
     </message>
     <message>
         <source>change one; sets and options share the keyboard</source>
-        <translation type="unfinished"></translation>
+        <translation>eine ändern; Sets und Optionen teilen sich die Tastatur</translation>
+    </message>
+    <message>
+        <source>fill or remove it</source>
+        <translation>füllen oder entfernen</translation>
+    </message>
+    <message>
+        <source>neither a set nor a hotkey leads to it, by name or by a step; use or remove it</source>
+        <translation>weder ein Set noch eine Taste führt zu ihr, auch nicht schrittweise; verwenden oder entfernen</translation>
+    </message>
+    <message>
+        <source>neither a set nor a hotkey uses it; use or remove it</source>
+        <translation>weder ein Set noch eine Taste verwendet sie; verwenden oder entfernen</translation>
     </message>
 </context>
 <context>
@@ -1439,65 +1375,65 @@
     <name>qxProblemFixes</name>
     <message numerus="yes">
         <source>Remove %n entries</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eintrag entfernen</numerusform>
+            <numerusform>%n Einträge entfernen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Remove %n default viewpoints</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Vorgegebenen Ansichtspunkt entfernen</numerusform>
+            <numerusform>%n vorgegebene Ansichtspunkte entfernen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Remove %n hotkeys</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Taste entfernen</numerusform>
+            <numerusform>%n Tasten entfernen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Add %n options to their variants</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Option zu ihrer Variante hinzufügen</numerusform>
+            <numerusform>%n Optionen zu ihren Varianten hinzufügen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Remove %n options</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Option entfernen</numerusform>
+            <numerusform>%n Optionen entfernen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Clear %n default states</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Vorgabezustand löschen</numerusform>
+            <numerusform>%n Vorgabezustände löschen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Delete %n sets</source>
-        <translation type="unfinished">
-            <numerusform>%n Set löschen</numerusform>
+        <translation>
+            <numerusform>Set löschen</numerusform>
             <numerusform>%n Sets löschen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Delete %n groups</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Gruppe löschen</numerusform>
+            <numerusform>%n Gruppen löschen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Delete %n variants with their entries in sets</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Variante samt ihren Einträgen in Sets löschen</numerusform>
+            <numerusform>%n Varianten samt ihren Einträgen in Sets löschen</numerusform>
         </translation>
     </message>
 </context>
@@ -1505,9 +1441,9 @@
     <name>qxProblemRepairs</name>
     <message numerus="yes">
         <source>Repair %n names</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Einen Namen reparieren</numerusform>
+            <numerusform>%n Namen reparieren</numerusform>
         </translation>
     </message>
 </context>
@@ -1515,151 +1451,151 @@
     <name>qxProblemWords</name>
     <message>
         <source>error</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler</translation>
     </message>
     <message>
         <source>warning</source>
-        <translation type="unfinished"></translation>
+        <translation>Warnung</translation>
     </message>
     <message>
         <source>hint</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinweis</translation>
     </message>
     <message>
         <source>Set %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Set %1</translation>
     </message>
     <message>
         <source>Group %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe %1</translation>
     </message>
     <message>
         <source>script</source>
-        <translation type="unfinished"></translation>
+        <translation>Skript</translation>
     </message>
     <message>
         <source>Variant %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante %1</translation>
     </message>
 </context>
 <context>
     <name>qxProblemsDock</name>
     <message>
         <source>Search problems</source>
-        <translation type="unfinished"></translation>
+        <translation>Probleme durchsuchen</translation>
     </message>
     <message>
         <source>Problems</source>
-        <translation type="unfinished"></translation>
+        <translation>Probleme</translation>
     </message>
     <message>
         <source>Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparieren</translation>
     </message>
     <message>
         <source>What can be done about the selected problems</source>
-        <translation type="unfinished"></translation>
+        <translation>Was sich gegen die ausgewählten Probleme tun lässt</translation>
     </message>
     <message>
         <source>&amp;Replace by</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ersetzen durch</translation>
     </message>
     <message>
         <source>&amp;Go to the Place</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Gehe zur Stelle</translation>
     </message>
     <message>
         <source>&amp;Copy as Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Als Text &amp;kopieren</translation>
     </message>
     <message>
         <source>Repair &amp;All That Is Clear</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Alles Eindeutige reparieren</translation>
     </message>
     <message>
         <source>Enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingabe</translation>
     </message>
     <message>
         <source>goes to the place of the problem</source>
-        <translation type="unfinished"></translation>
+        <translation>geht zur Stelle des Problems</translation>
     </message>
     <message numerus="yes">
         <source>%n errors</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Ein Fehler</numerusform>
+            <numerusform>%n Fehler</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n warnings</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Warnung</numerusform>
+            <numerusform>%n Warnungen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n hints</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Ein Hinweis</numerusform>
+            <numerusform>%n Hinweise</numerusform>
         </translation>
     </message>
     <message>
         <source>%1: shown or not</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: zeigen oder nicht</translation>
     </message>
     <message>
         <source>Problems (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Probleme (%1)</translation>
     </message>
     <message>
         <source>No problems: sets, variants and scene go together.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Probleme: Sets, Varianten und Szene passen zusammen.</translation>
     </message>
     <message numerus="yes">
         <source>%n problems are not shown.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Ein Problem wird nicht gezeigt.</numerusform>
+            <numerusform>%n Probleme werden nicht gezeigt.</numerusform>
         </translation>
     </message>
     <message>
         <source>Nothing that could be meant</source>
-        <translation type="unfinished"></translation>
+        <translation>Nichts, was gemeint sein könnte</translation>
     </message>
     <message numerus="yes">
         <source>%n names were repaired.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Ein Name wurde repariert.</numerusform>
+            <numerusform>%n Namen wurden repariert.</numerusform>
         </translation>
     </message>
     <message>
         <source>Of no name is it clear what is meant.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bei keinem Namen ist klar, was gemeint ist.</translation>
     </message>
 </context>
 <context>
     <name>qxProblemsModel</name>
     <message numerus="yes">
         <source>%1 (and %n more)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 (und ein weiteres)</numerusform>
+            <numerusform>%1 (und %n weitere)</numerusform>
         </translation>
     </message>
     <message>
         <source>Problem</source>
-        <translation type="unfinished">Problem</translation>
+        <translation>Problem</translation>
     </message>
     <message>
         <source>Place</source>
-        <translation type="unfinished"></translation>
+        <translation>Stelle</translation>
     </message>
     <message>
         <source>Code</source>
-        <translation type="unfinished"></translation>
+        <translation>Code</translation>
     </message>
 </context>
 <context>

@@ -50,65 +50,65 @@
     <name>qxProblemFixes</name>
     <message numerus="yes">
         <source>Remove %n entries</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Remove the entry</numerusform>
+            <numerusform>Remove %n entries</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Remove %n default viewpoints</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Remove the default viewpoint</numerusform>
+            <numerusform>Remove %n default viewpoints</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Remove %n hotkeys</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Remove the hotkey</numerusform>
+            <numerusform>Remove %n hotkeys</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Add %n options to their variants</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Add the option to its variant</numerusform>
+            <numerusform>Add %n options to their variants</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Remove %n options</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Remove the option</numerusform>
+            <numerusform>Remove %n options</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Clear %n default states</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Clear the default state</numerusform>
+            <numerusform>Clear %n default states</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Delete %n sets</source>
-        <translation type="unfinished">
-            <numerusform>Delete %n set</numerusform>
+        <translation>
+            <numerusform>Delete the set</numerusform>
             <numerusform>Delete %n sets</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Delete %n groups</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Delete the group</numerusform>
+            <numerusform>Delete %n groups</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Delete %n variants with their entries in sets</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Delete the variant with its entries in sets</numerusform>
+            <numerusform>Delete %n variants with their entries in sets</numerusform>
         </translation>
     </message>
 </context>
@@ -116,9 +116,9 @@
     <name>qxProblemRepairs</name>
     <message numerus="yes">
         <source>Repair %n names</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Repair one name</numerusform>
+            <numerusform>Repair %n names</numerusform>
         </translation>
     </message>
 </context>
@@ -126,37 +126,37 @@
     <name>qxProblemsDock</name>
     <message numerus="yes">
         <source>%n errors</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>One error</numerusform>
+            <numerusform>%n errors</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n warnings</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>One warning</numerusform>
+            <numerusform>%n warnings</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n hints</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>One hint</numerusform>
+            <numerusform>%n hints</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n problems are not shown.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>One problem is not shown.</numerusform>
+            <numerusform>%n problems are not shown.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n names were repaired.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>One name was repaired.</numerusform>
+            <numerusform>%n names were repaired.</numerusform>
         </translation>
     </message>
 </context>
@@ -164,9 +164,9 @@
     <name>qxProblemsModel</name>
     <message numerus="yes">
         <source>%1 (and %n more)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 (and one more)</numerusform>
+            <numerusform>%1 (and %n more)</numerusform>
         </translation>
     </message>
 </context>

@@ -231,10 +231,10 @@ void qxRegistryLint::takeVariants(std::vector<qxDocumentVariant> variants)
 void qxRegistryLint::lintSets(const Deadline &deadline)
 {
     const SetList sets = setsOfRegistry();
-    for (; m_next < sets.size(); ++m_next) {
+    while (m_next < sets.size()) {
+        look(*sets[m_next++]);
         if (deadline.isOver())
             return;
-        look(*sets[m_next]);
     }
     m_order = sets;
     dropSets();
@@ -281,12 +281,13 @@ void qxRegistryLint::dropSets()
 void qxRegistryLint::lintVariants(const Deadline &deadline)
 {
     const std::vector<qxLintVariant> &variants = m_context.variants.all();
-    for (; m_next < variants.size(); ++m_next) {
+    while (m_next < variants.size()) {
+        const qxLintVariant &variant = variants[m_next];
+        Piece &piece = m_variantPieces[m_next++];
+        if (variant.use->takeChange() || piece.isDue)
+            lint(piece, [&] { qxLintParts::lintVariant(m_context, variant); });
         if (deadline.isOver())
             return;
-        Piece &piece = m_variantPieces[m_next];
-        if (variants[m_next].use->takeChange() || piece.isDue)
-            lint(piece, [&] { qxLintParts::lintVariant(m_context, variants[m_next]); });
     }
     begin(Together);
 }

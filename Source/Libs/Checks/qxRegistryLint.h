@@ -21,7 +21,7 @@ public:
     /// Goes on for about so many milliseconds. Whether everything is looked at, so that the
     /// findings are current.
     bool work(int milliseconds);
-    /// Whether there are other findings than when this was last asked.
+    /// Whether there may be other findings than when this was last asked.
     bool takeChange() { return std::exchange(m_isChanged, false); }
 
     /// Those that were found until now: of sets, of variants, and of all beside one another. The

@@ -103,6 +103,7 @@ QWidget *qxProblemsDock::buildTopLine()
     layout->addWidget(m_search, 1);
     for (const qxSeverity severity : {qxSeverity::Error, qxSeverity::Warning, qxSeverity::Hint}) {
         auto *const button = new QToolButton;
+        button->setObjectName(qxCheckCodes::word(severity));
         button->setCheckable(true);
         button->setChecked(true);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
