@@ -1285,7 +1285,7 @@
     <name>qxNameChooser</name>
     <message>
         <source>Search</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchen</translation>
     </message>
 </context>
 <context>
@@ -1303,27 +1303,27 @@
     <name>qxNoVariants</name>
     <message>
         <source>Make Variants of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Varianten anlegen: %1</translation>
     </message>
     <message>
         <source>Choose What to Show and Hide...</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen, was ein- und ausgeblendet wird …</translation>
     </message>
     <message>
         <source>Choose Materials to Switch...</source>
-        <translation type="unfinished"></translation>
+        <translation>Materialien zum Umschalten wählen …</translation>
     </message>
     <message>
         <source>There are no variants yet. The scene has things that can vary:</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt noch keine Varianten. Die Szene hat Veränderliches:</translation>
     </message>
     <message>
         <source>There are no variants yet, and nothing in the scene varies by itself. Every node can be shown and hidden, and materials can be switched:</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt noch keine Varianten, und nichts in der Szene ist von sich aus veränderlich. Jeder Knoten lässt sich ein- und ausblenden, Materialien lassen sich umschalten:</translation>
     </message>
     <message>
         <source>There are no variants. Open a scene to make some of it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keine Varianten. Öffnen Sie eine Szene, um welche anzulegen.</translation>
     </message>
 </context>
 <context>
@@ -2290,19 +2290,19 @@
     </message>
     <message>
         <source>The key is taken by &quot;%1&quot; and does not select this option.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Taste wird von „%1“ verwendet und wählt diese Option nicht aus.</translation>
     </message>
     <message>
         <source>The set &quot;%1&quot; has this key, too, and comes first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Set „%1“ hat dieselbe Taste und hat Vorrang.</translation>
     </message>
     <message>
         <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too; this one comes first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Option „%1“ von „%2“ hat dieselbe Taste; diese hier hat Vorrang.</translation>
     </message>
     <message>
         <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too, and comes first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Option „%1“ von „%2“ hat dieselbe Taste und hat Vorrang.</translation>
     </message>
 </context>
 <context>
@@ -2511,259 +2511,259 @@
     <name>qxVariantActions</name>
     <message>
         <source>&amp;New</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neu</translation>
     </message>
     <message>
         <source>&amp;Show This State</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen Zustand &amp;zeigen</translation>
     </message>
     <message>
         <source>&amp;Rename</source>
-        <translation type="unfinished">&amp;Umbenennen</translation>
+        <translation>&amp;Umbenennen</translation>
     </message>
     <message>
         <source>De&amp;lete</source>
-        <translation type="unfinished">&amp;Löschen</translation>
+        <translation>&amp;Löschen</translation>
     </message>
     <message>
         <source>Add &amp;Options...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Optionen hinzufügen …</translation>
     </message>
     <message>
         <source>Move &amp;Up</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach &amp;oben</translation>
     </message>
     <message>
         <source>Move &amp;Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach un&amp;ten</translation>
     </message>
     <message>
         <source>Make It the De&amp;fault</source>
-        <translation type="unfinished"></translation>
+        <translation>Als &amp;Vorgabe</translation>
     </message>
     <message>
         <source>&amp;Key...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Taste …</translation>
     </message>
     <message>
         <source>&amp;Add to the Current Set</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum aktuellen Set &amp;hinzufügen</translation>
     </message>
     <message>
         <source>Add to Se&amp;t...</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu &amp;Set hinzufügen …</translation>
     </message>
     <message>
         <source>&amp;Add to &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu „%1“ &amp;hinzufügen</translation>
     </message>
     <message>
         <source>Delete Variants</source>
-        <translation type="unfinished"></translation>
+        <translation>Varianten löschen</translation>
     </message>
     <message numerus="yes">
         <source>%n sets have entries of what you delete.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Ein Set hat Einträge von dem, was Sie löschen.</numerusform>
+            <numerusform>%n Sets haben Einträge von dem, was Sie löschen.</numerusform>
         </translation>
     </message>
     <message>
         <source>Entries that are kept do nothing until there is a variant of that name again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Einträge, die bleiben, bewirken nichts, bis es wieder eine Variante dieses Namens gibt.</translation>
     </message>
     <message>
         <source>&amp;Delete the Entries, Too</source>
-        <translation type="unfinished"></translation>
+        <translation>Einträge mit &amp;löschen</translation>
     </message>
     <message>
         <source>&amp;Keep the Entries</source>
-        <translation type="unfinished"></translation>
+        <translation>Einträge &amp;behalten</translation>
     </message>
     <message numerus="yes">
         <source>Entries of %n sets were deleted.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Einträge eines Sets wurden gelöscht.</numerusform>
+            <numerusform>Einträge von %n Sets wurden gelöscht.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Entries of %n sets were kept.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Einträge eines Sets wurden behalten.</numerusform>
+            <numerusform>Einträge von %n Sets wurden behalten.</numerusform>
         </translation>
     </message>
     <message>
         <source>Options for &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Optionen für „%1“</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished">Hinzufügen</translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Other materials of the scene, too</source>
-        <translation type="unfinished"></translation>
+        <translation>Auch andere Materialien der Szene</translation>
     </message>
     <message>
         <source>&amp;Another name</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Anderer Name</translation>
     </message>
     <message>
         <source>Add options to &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Optionen zu „%1“ hinzufügen</translation>
     </message>
     <message>
         <source>Default state of &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgabe von „%1“</translation>
     </message>
     <message>
         <source>Add to Set</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu Set hinzufügen</translation>
     </message>
     <message>
         <source>&amp;New set</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neues Set</translation>
     </message>
     <message>
         <source>Add to the new set &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum neuen Set „%1“ hinzufügen</translation>
     </message>
     <message numerus="yes">
         <source>&quot;%1&quot; has %n new states.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>„%1“ hat einen neuen Zustand.</numerusform>
+            <numerusform>„%1“ hat %n neue Zustände.</numerusform>
         </translation>
     </message>
     <message>
         <source>&quot;%1&quot; has nothing new by that.</source>
-        <translation type="unfinished"></translation>
+        <translation>Für „%1“ ist das nichts Neues.</translation>
     </message>
 </context>
 <context>
     <name>qxVariantForm</name>
     <message>
         <source>&amp;Default</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Option &amp;key</source>
-        <translation type="unfinished"></translation>
+        <translation>Vor&amp;gabe</translation>
     </message>
     <message>
         <source>Clear</source>
-        <translation type="unfinished">Leeren</translation>
+        <translation>Leeren</translation>
     </message>
     <message>
         <source>Clear the key of the option</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The option is an &amp;action</source>
-        <translation type="unfinished"></translation>
+        <translation>Taste der Option leeren</translation>
     </message>
     <message>
         <source>It does something to what is shown, such as &quot;next&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie macht etwas mit dem, was gezeigt wird, wie „nächster“.</translation>
     </message>
     <message>
         <source>(none)</source>
-        <translation type="unfinished">(keiner)</translation>
+        <translation>(keine)</translation>
     </message>
     <message>
         <source>%1 (no option)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (keine Option)</translation>
     </message>
     <message>
         <source>Default state of &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgabe von „%1“</translation>
     </message>
     <message>
         <source>Key of &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Taste von „%1“</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is an action</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist eine Aktion</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no action</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist keine Aktion</translation>
+    </message>
+    <message>
+        <source>Option ke&amp;y</source>
+        <translation>Taste der &amp;Option</translation>
+    </message>
+    <message>
+        <source>The option is an actio&amp;n</source>
+        <translation>Die Option ist eine Aktio&amp;n</translation>
     </message>
 </context>
 <context>
     <name>qxVariantMaker</name>
     <message numerus="yes">
         <source>%n switches</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Schalter</numerusform>
+            <numerusform>%n Schalter</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n switch materials</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Schaltmaterial</numerusform>
+            <numerusform>%n Schaltmaterialien</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n lights</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Licht</numerusform>
+            <numerusform>%n Lichter</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n switches among the overlays</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Schalter unter den Overlays</numerusform>
+            <numerusform>%n Schalter unter den Overlays</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n nodes with transform states</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Knoten mit Transformationszuständen</numerusform>
+            <numerusform>%n Knoten mit Transformationszuständen</numerusform>
         </translation>
     </message>
     <message>
         <source>Plain materials, too: each is put into a switch material</source>
-        <translation type="unfinished"></translation>
+        <translation>Auch einfache Materialien: jedes kommt in ein Schaltmaterial</translation>
     </message>
     <message>
         <source>All others, too: they can be shown and hidden</source>
-        <translation type="unfinished"></translation>
+        <translation>Auch alle anderen: sie lassen sich ein- und ausblenden</translation>
     </message>
     <message>
         <source>Of All: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus allen: %1</translation>
     </message>
     <message>
         <source>Choose %1...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wählen …</translation>
     </message>
     <message>
         <source>The scene is empty</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Szene ist leer</translation>
     </message>
     <message numerus="yes">
         <source>%1 of %n selected nodes</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 aus dem ausgewählten Knoten</numerusform>
+            <numerusform>%1 aus %n ausgewählten Knoten</numerusform>
         </translation>
     </message>
     <message>
         <source>Make Variants: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Varianten anlegen: %1</translation>
     </message>
     <message>
         <source>Make Variants</source>
-        <translation type="unfinished"></translation>
+        <translation>Varianten anlegen</translation>
     </message>
 </context>
 <context>
@@ -2908,113 +2908,113 @@
     <name>qxVariantTexts</name>
     <message>
         <source>Make variant &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante „%1“ anlegen</translation>
     </message>
     <message numerus="yes">
         <source>Make %n variants</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Variante anlegen</numerusform>
+            <numerusform>%n Varianten anlegen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>&quot;%1&quot; moves %n things of that name.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>„%1“ bewegt ein Objekt dieses Namens.</numerusform>
+            <numerusform>„%1“ bewegt %n Objekte dieses Namens.</numerusform>
         </translation>
     </message>
     <message>
         <source>No variant could be made of &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus „%1“ ließ sich keine Variante anlegen.</translation>
     </message>
     <message>
         <source>There is a variant &quot;%1&quot; already.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt schon eine Variante „%1“.</translation>
     </message>
     <message>
         <source>No variant of that kind can be made of &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus „%1“ lässt sich keine Variante dieser Art anlegen.</translation>
     </message>
     <message>
         <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
-        <translation type="unfinished">„%1“ zu „%2“ hinzufügen</translation>
+        <translation>„%1“ zu „%2“ hinzufügen</translation>
     </message>
     <message numerus="yes">
         <source>Add %n options to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Option zu „%1“ hinzufügen</numerusform>
+            <numerusform>%n Optionen zu „%1“ hinzufügen</numerusform>
         </translation>
     </message>
     <message>
         <source>Delete &quot;%1&quot;</source>
-        <translation type="unfinished">„%1“ löschen</translation>
+        <translation>„%1“ löschen</translation>
     </message>
     <message numerus="yes">
         <source>Delete %n variants</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Variante löschen</numerusform>
+            <numerusform>%n Varianten löschen</numerusform>
         </translation>
     </message>
     <message>
         <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
-        <translation type="unfinished">„%1“ aus „%2“ entfernen</translation>
+        <translation>„%1“ aus „%2“ entfernen</translation>
     </message>
     <message numerus="yes">
         <source>Remove %n options from &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Option aus „%1“ entfernen</numerusform>
+            <numerusform>%n Optionen aus „%1“ entfernen</numerusform>
         </translation>
     </message>
     <message>
         <source>Order the options of &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Optionen von „%1“ ordnen</translation>
     </message>
     <message numerus="yes">
         <source>Add %n variants to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Variante zu „%1“ hinzufügen</numerusform>
+            <numerusform>%n Varianten zu „%1“ hinzufügen</numerusform>
         </translation>
     </message>
 </context>
 <context>
     <name>qxVariantUses</name>
-    <message>
-        <source>Used by</source>
-        <translation type="unfinished"></translation>
-    </message>
     <message numerus="yes">
         <source>and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>und ein weiteres</numerusform>
+            <numerusform>und %n weitere</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>In %n sets</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>In einem Set</numerusform>
+            <numerusform>In %n Sets</numerusform>
         </translation>
     </message>
     <message>
         <source>In no set</source>
-        <translation type="unfinished"></translation>
+        <translation>In keinem Set</translation>
     </message>
     <message numerus="yes">
         <source>Moves %n nodes</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Bewegt einen Knoten</numerusform>
+            <numerusform>Bewegt %n Knoten</numerusform>
         </translation>
     </message>
     <message>
         <source>Moves nothing: the scene has no &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Bewegt nichts: die Szene hat kein „%1“</translation>
+    </message>
+    <message>
+        <source>Used By</source>
+        <translation>Verwendung</translation>
     </message>
 </context>
 <context>
@@ -3106,26 +3106,30 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     </message>
     <message>
         <source>Search variants</source>
-        <translation type="unfinished"></translation>
+        <translation>Varianten suchen</translation>
     </message>
     <message>
         <source>New</source>
-        <translation type="unfinished"></translation>
+        <translation>Neu</translation>
     </message>
     <message>
         <source>Make variants of what the scene has</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Used by</source>
-        <translation type="unfinished"></translation>
+        <translation>Varianten von dem anlegen, was die Szene hat</translation>
     </message>
     <message numerus="yes">
         <source>%n variants found</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Variante gefunden</numerusform>
+            <numerusform>%n Varianten gefunden</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Used By</source>
+        <translation>Verwendung</translation>
     </message>
 </context>
 <context>
@@ -3140,7 +3144,7 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     </message>
     <message>
         <source>Actions</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktionen</translation>
     </message>
 </context>
 <context>
@@ -3451,7 +3455,7 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     </message>
     <message>
         <source>V&amp;ariants</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Varianten</translation>
     </message>
 </context>
 </TS>

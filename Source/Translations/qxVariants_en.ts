@@ -242,30 +242,30 @@
     <name>qxVariantActions</name>
     <message numerus="yes">
         <source>%n sets have entries of what you delete.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n set has entries of what you delete.</numerusform>
+            <numerusform>%n sets have entries of what you delete.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Entries of %n sets were deleted.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Entries of %n set were deleted.</numerusform>
+            <numerusform>Entries of %n sets were deleted.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Entries of %n sets were kept.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Entries of %n set were kept.</numerusform>
+            <numerusform>Entries of %n sets were kept.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>&quot;%1&quot; has %n new states.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>&quot;%1&quot; has %n new state.</numerusform>
+            <numerusform>&quot;%1&quot; has %n new states.</numerusform>
         </translation>
     </message>
 </context>
@@ -273,44 +273,44 @@
     <name>qxVariantMaker</name>
     <message numerus="yes">
         <source>%n switches</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n switch</numerusform>
+            <numerusform>%n switches</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n switch materials</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n switch material</numerusform>
+            <numerusform>%n switch materials</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n lights</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n light</numerusform>
+            <numerusform>%n lights</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n switches among the overlays</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n switch among the overlays</numerusform>
+            <numerusform>%n switches among the overlays</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n nodes with transform states</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n node with transform states</numerusform>
+            <numerusform>%n nodes with transform states</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%1 of %n selected nodes</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 of the selected node</numerusform>
+            <numerusform>%1 of %n selected nodes</numerusform>
         </translation>
     </message>
 </context>
@@ -328,44 +328,44 @@
     <name>qxVariantTexts</name>
     <message numerus="yes">
         <source>Make %n variants</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Make %n variant</numerusform>
+            <numerusform>Make %n variants</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>&quot;%1&quot; moves %n things of that name.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>&quot;%1&quot; moves %n thing of that name.</numerusform>
+            <numerusform>&quot;%1&quot; moves %n things of that name.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Add %n options to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Add %n option to &quot;%1&quot;</numerusform>
+            <numerusform>Add %n options to &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Delete %n variants</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Delete %n variant</numerusform>
+            <numerusform>Delete %n variants</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Remove %n options from &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Remove %n option from &quot;%1&quot;</numerusform>
+            <numerusform>Remove %n options from &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Add %n variants to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Add %n variant to &quot;%1&quot;</numerusform>
+            <numerusform>Add %n variants to &quot;%1&quot;</numerusform>
         </translation>
     </message>
 </context>
@@ -373,23 +373,23 @@
     <name>qxVariantUses</name>
     <message numerus="yes">
         <source>and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>In %n sets</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>In %n set</numerusform>
+            <numerusform>In %n sets</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Moves %n nodes</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Moves %n node</numerusform>
+            <numerusform>Moves %n nodes</numerusform>
         </translation>
     </message>
 </context>
@@ -397,9 +397,9 @@
     <name>qxVariantsDock</name>
     <message numerus="yes">
         <source>%n variants found</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n variant found</numerusform>
+            <numerusform>%n variants found</numerusform>
         </translation>
     </message>
 </context>

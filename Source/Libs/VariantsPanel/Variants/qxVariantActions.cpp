@@ -94,7 +94,7 @@ void qxVariantActions::build()
     m_ofOption << add(QT_TR_NOOP("Move &Down"), QKeySequence(Qt::ALT + Qt::Key_Down),
                       &Own::moveDown);
     m_ofOption << add(QT_TR_NOOP("Make It the De&fault"), QKeySequence(), &Own::makeDefault);
-    m_ofOption << add(QT_TR_NOOP("&Key..."), QKeySequence(Qt::CTRL + Qt::Key_K), &Own::keyWanted);
+    m_ofOption << add(QT_TR_NOOP("&Key..."), QKeySequence(), &Own::keyWanted);
     m_addToCurrent = add(QT_TR_NOOP("&Add to the Current Set"),
                          QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_A), &Own::addToCurrent);
     m_ofVariant << add(QT_TR_NOOP("Add to Se&t..."), QKeySequence(), &Own::addToChosen);

@@ -61,7 +61,7 @@ void qxVariantForm::layFieldsOut()
     keyLayout->setContentsMargins(0, 0, 0, 0);
     keyLayout->addWidget(m_key, 1);
     keyLayout->addWidget(m_noKey);
-    addRow(QT_TR_NOOP("Option &key"), m_key, keyLine);
+    addRow(QT_TR_NOOP("Option ke&y"), m_key, keyLine);
     layout->addRow(m_keyNote);
     layout->addRow(m_action);
 }
@@ -79,7 +79,7 @@ void qxVariantForm::retranslate()
         label.first->setText(tr(label.second));
     m_noKey->setText(tr("Clear"));
     m_noKey->setAccessibleName(tr("Clear the key of the option"));
-    m_action->setText(tr("The option is an &action"));
+    m_action->setText(tr("The option is an actio&n"));
     m_action->setToolTip(tr("It does something to what is shown, such as \"next\"."));
     m_key->setKeySequence(m_key->keySequence()); // It names its keys anew.
     refresh();

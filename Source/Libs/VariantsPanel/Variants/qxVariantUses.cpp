@@ -48,7 +48,7 @@ qxVariantUses::qxVariantUses()
 void qxVariantUses::changeEvent(QEvent *event)
 {
     QTreeWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange && isVisible())
+    if (event->type() == QEvent::LanguageChange)
         showUses(m_variant);
 }
 
@@ -56,7 +56,7 @@ void qxVariantUses::showUses(const qxVariantName &variant)
 {
     m_variant = variant;
     clear();
-    setAccessibleName(tr("Used by"));
+    setAccessibleName(tr("Used By"));
     const qxVariant *const found = variant.kind ? variant.kind->find(variant.name) : nullptr;
     if (!found)
         return;

@@ -24,6 +24,7 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStyle>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QUndoStack>
 #include <QVBoxLayout>
@@ -36,7 +37,7 @@ qxVariantsDock::qxVariantsDock(QUndoStack *steps, QWidget *parent)
       m_nothing(new qxNoVariants(m_maker)),
       m_actions(new qxVariantActions(steps, m_events, m_model, m_view, m_maker->menu())),
       m_pages(new QStackedWidget), m_search(new QLineEdit), m_found(new QLabel), m_note(new QLabel),
-      m_new(new QToolButton), m_showUses(new QToolButton)
+      m_new(new QToolButton), m_details(new QTabWidget)
 {
     setObjectName(QStringLiteral("qxVariantsDock"));
     buildContents();
@@ -97,25 +98,15 @@ QWidget *qxVariantsDock::buildTopLine()
 
 QWidget *qxVariantsDock::buildDetails()
 {
-    auto *const details = new QWidget;
-    auto *const layout = new QVBoxLayout(details);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(m_form);
-    m_showUses->setObjectName(QStringLiteral("showUses"));
-    m_showUses->setCheckable(true);
-    m_showUses->setAutoRaise(true);
-    m_showUses->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    m_showUses->setArrowType(Qt::RightArrow);
-    layout->addWidget(m_showUses);
-    m_uses->hide();
-    m_uses->setMinimumHeight(5 * fontMetrics().height());
-    layout->addWidget(m_uses, 1);
     auto *const scrolled = new QScrollArea; // A low dock must not lose the list.
-    scrolled->setWidget(details);
+    scrolled->setWidget(m_form);
     scrolled->setWidgetResizable(true);
     scrolled->setFrameShape(QFrame::NoFrame);
-    return scrolled;
+    m_details->setObjectName(QStringLiteral("details"));
+    m_details->setDocumentMode(true);
+    m_details->addTab(scrolled, QString());
+    m_details->addTab(m_uses, QString());
+    return m_details;
 }
 
 void qxVariantsDock::connectParts()
@@ -136,7 +127,7 @@ void qxVariantsDock::connectParts()
         m_view->setFocus(Qt::OtherFocusReason);
         tell(created.notes.join('\n'));
     });
-    connect(m_showUses, &QToolButton::toggled, this, &qxVariantsDock::followUses);
+    connect(m_details, &QTabWidget::currentChanged, this, &qxVariantsDock::followUses);
     connect(m_uses, &qxVariantUses::setWanted, this, &qxVariantsDock::setWanted);
     connect(m_uses, &qxVariantUses::nodeWanted, this, &qxVariantsDock::nodeWanted);
     connect(m_events, &qxPanelEvents::variantsChanged, this, &qxVariantsDock::followVariants);
@@ -162,7 +153,8 @@ void qxVariantsDock::retranslate()
     m_search->setAccessibleName(tr("Search variants"));
     m_new->setText(tr("New"));
     m_new->setToolTip(tr("Make variants of what the scene has"));
-    m_showUses->setText(tr("Used by"));
+    m_details->setTabText(0, tr("Details"));
+    m_details->setTabText(1, tr("Used By"));
     m_actions->retranslate();
     showFound();
 }
@@ -226,10 +218,7 @@ void qxVariantsDock::followCurrent()
 /// Gathers nothing while it is not shown.
 void qxVariantsDock::followUses()
 {
-    const bool isShown = m_showUses->isChecked();
-    m_showUses->setArrowType(isShown ? Qt::DownArrow : Qt::RightArrow);
-    m_uses->setVisible(isShown);
-    if (isShown)
+    if (m_details->currentWidget() == m_uses)
         m_uses->showUses(m_view->currentVariant());
 }
 

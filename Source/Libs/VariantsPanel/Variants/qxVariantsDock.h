@@ -11,11 +11,11 @@ class QAction;
 class QLabel;
 class QLineEdit;
 class QStackedWidget;
+class QTabWidget;
 class QToolButton;
 class QUndoStack;
 class qxNoVariants;
 class qxPanelEvents;
-class qxTakenKeys;
 class qxVariantActions;
 class qxVariantForm;
 class qxVariantMaker;
@@ -93,5 +93,5 @@ private:
     QLabel *m_found; ///< how many variants the search finds
     QLabel *m_note; ///< what came of the last edit
     QToolButton *m_new;
-    QToolButton *m_showUses;
+    QTabWidget *m_details; ///< of the current variant
 };
