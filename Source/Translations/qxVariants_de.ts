@@ -381,64 +381,64 @@
     <name>qxEntryEdits</name>
     <message>
         <source>No variant can drive &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ kann keine Variante steuern.</translation>
     </message>
     <message numerus="yes">
         <source>State of %n entries of &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Zustand von %n Eintrag von „%1“</numerusform>
+            <numerusform>Zustand von %n Einträgen von „%1“</numerusform>
         </translation>
     </message>
     <message>
         <source>State of &quot;%1&quot; in &quot;%2&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Zustand von „%1“ in „%2“</translation>
     </message>
     <message numerus="yes">
         <source>Shown state of %n entries of &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Gezeigter Zustand von %n Eintrag von „%1“</numerusform>
+            <numerusform>Gezeigter Zustand von %n Einträgen von „%1“</numerusform>
         </translation>
     </message>
     <message>
         <source>Shown state of &quot;%1&quot; in &quot;%2&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Gezeigter Zustand von „%1“ in „%2“</translation>
     </message>
     <message numerus="yes">
         <source>Remove %n entries from &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Eintrag aus „%1“ entfernen</numerusform>
+            <numerusform>%n Einträge aus „%1“ entfernen</numerusform>
         </translation>
     </message>
     <message>
         <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
-        <translation type="unfinished">„%1“ aus „%2“ entfernen</translation>
+        <translation>„%1“ aus „%2“ entfernen</translation>
     </message>
     <message numerus="yes">
         <source>Add %n entries to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Eintrag zu „%1“ hinzufügen</numerusform>
+            <numerusform>%n Einträge zu „%1“ hinzufügen</numerusform>
         </translation>
     </message>
     <message>
         <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
-        <translation type="unfinished">„%1“ zu „%2“ hinzufügen</translation>
+        <translation>„%1“ zu „%2“ hinzufügen</translation>
     </message>
     <message numerus="yes">
         <source>Add what %n nodes show to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Was %n Knoten zeigt zu „%1“ hinzufügen</numerusform>
+            <numerusform>Was %n Knoten zeigen zu „%1“ hinzufügen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n variants were made for it.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Dafür wurde %n Variante angelegt.</numerusform>
+            <numerusform>Dafür wurden %n Varianten angelegt.</numerusform>
         </translation>
     </message>
 </context>
@@ -446,19 +446,11 @@
     <name>qxEntryRepairs</name>
     <message>
         <source>Instead of &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Statt „%1“</translation>
     </message>
     <message>
         <source>Nothing like it was found</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>qxEntrySearch</name>
-    <message>
-        <source>%1 (%2)</source>
-        <comment>name (kind)</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nichts Ähnliches gefunden</translation>
     </message>
 </context>
 <context>
@@ -1867,95 +1859,95 @@
     <name>qxSetContents</name>
     <message>
         <source>Choose S&amp;tate</source>
-        <translation type="unfinished"></translation>
+        <translation>Zustand &amp;wählen</translation>
     </message>
     <message>
         <source>Take the State S&amp;hown</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Gezeigten Zustand übernehmen</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;ntfernen</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished">&amp;Kopieren</translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>&amp;Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einfügen</translation>
     </message>
     <message>
         <source>Re&amp;name Variant...</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante &amp;umbenennen …</translation>
     </message>
     <message>
         <source>Show in the &amp;Variants Dock</source>
-        <translation type="unfinished"></translation>
+        <translation>In den &amp;Varianten zeigen</translation>
     </message>
     <message>
         <source>Add variants</source>
-        <translation type="unfinished"></translation>
+        <translation>Varianten hinzufügen</translation>
     </message>
     <message>
         <source>Variant, viewpoint or animation to add to the set</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante, Ansichtspunkt oder Animation zum Hinzufügen</translation>
     </message>
     <message>
         <source>Finds variants, viewpoints and animations. Enter adds the variant with the state that the scene shows.</source>
-        <translation type="unfinished"></translation>
+        <translation>Findet Varianten, Ansichtspunkte und Animationen. Die Eingabetaste fügt die Variante mit dem Zustand hinzu, den die Szene zeigt.</translation>
     </message>
     <message>
         <source>What the set holds</source>
-        <translation type="unfinished"></translation>
+        <translation>Was das Set enthält</translation>
     </message>
     <message>
         <source>The set holds nothing yet. Type the name of a variant above, or drag variants or nodes here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Set enthält noch nichts. Geben Sie oben den Namen einer Variante ein, oder ziehen Sie Varianten oder Knoten hierher.</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished">Hinzufügen</translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Add viewpoints and animations</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansichtspunkte und Animationen hinzufügen</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>Take the selected entries out of the set</source>
-        <translation type="unfinished"></translation>
+        <translation>Die ausgewählten Einträge aus dem Set nehmen</translation>
     </message>
     <message>
         <source>The scene shows nothing of &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Szene zeigt nichts von „%1“.</translation>
     </message>
     <message>
         <source>&amp;State</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zustand</translation>
     </message>
     <message>
         <source>R&amp;epair</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Reparieren</translation>
     </message>
     <message>
         <source>&amp;Viewpoint</source>
-        <translation type="unfinished">&amp;Ansichtspunkt</translation>
+        <translation>Ansichts&amp;punkt</translation>
     </message>
     <message>
         <source>&amp;Animation</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Animation</translation>
     </message>
     <message>
         <source>Rename Variant</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante umbenennen</translation>
     </message>
     <message>
         <source>Name, wherever the variant is used:</source>
-        <translation type="unfinished"></translation>
+        <translation>Name, überall wo die Variante vorkommt:</translation>
     </message>
 </context>
 <context>
@@ -2076,138 +2068,134 @@
     <name>qxSetEntries</name>
     <message>
         <source>nodes</source>
-        <translation type="unfinished"></translation>
+        <translation>Knoten</translation>
     </message>
     <message>
         <source>materials</source>
-        <translation type="unfinished"></translation>
+        <translation>Materialien</translation>
     </message>
     <message>
         <source>lights</source>
-        <translation type="unfinished"></translation>
+        <translation>Lichter</translation>
     </message>
     <message>
         <source>environment</source>
-        <translation type="unfinished"></translation>
+        <translation>Umgebung</translation>
     </message>
     <message>
         <source>viewpoint</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansichtspunkt</translation>
     </message>
     <message>
         <source>camera goes there</source>
-        <translation type="unfinished"></translation>
+        <translation>Kamera fährt hin</translation>
     </message>
     <message>
         <source>not used: not the first</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht benutzt: nicht der erste</translation>
     </message>
     <message>
         <source>starts</source>
-        <translation type="unfinished"></translation>
+        <translation>startet</translation>
     </message>
     <message>
         <source>starts in its turn</source>
-        <translation type="unfinished"></translation>
+        <translation>startet, wenn sie dran ist</translation>
     </message>
     <message>
         <source>on</source>
-        <translation type="unfinished">an</translation>
+        <translation>an</translation>
     </message>
     <message>
         <source>off</source>
-        <translation type="unfinished">aus</translation>
+        <translation>aus</translation>
     </message>
     <message>
         <source>moved, as it is</source>
-        <translation type="unfinished"></translation>
+        <translation>verschoben</translation>
     </message>
     <message>
         <source>shown before all else</source>
-        <translation type="unfinished"></translation>
+        <translation>zuerst eingeblendet</translation>
     </message>
     <message>
         <source>not used</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht benutzt</translation>
     </message>
     <message>
         <source>left to scripts</source>
-        <translation type="unfinished"></translation>
+        <translation>für Skripte</translation>
     </message>
     <message>
         <source>animation</source>
-        <translation type="unfinished">Animation</translation>
+        <translation>Animation</translation>
     </message>
     <message>
         <source>clipping</source>
-        <translation type="unfinished"></translation>
+        <translation>Schnitt</translation>
     </message>
     <message>
         <source>target node</source>
-        <translation type="unfinished"></translation>
+        <translation>Zielknoten</translation>
     </message>
     <message>
         <source>geometry</source>
-        <translation type="unfinished"></translation>
+        <translation>Geometrie</translation>
     </message>
     <message>
         <source>snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>Momentaufnahme</translation>
     </message>
     <message>
         <source>capture</source>
-        <translation type="unfinished"></translation>
+        <translation>Erfassung</translation>
     </message>
     <message>
         <source>Clipping plane</source>
-        <translation type="unfinished"></translation>
+        <translation>Schnittebene</translation>
     </message>
     <message>
         <source>What was captured</source>
-        <translation type="unfinished"></translation>
+        <translation>Was erfasst wurde</translation>
     </message>
 </context>
 <context>
     <name>qxSetEntriesModel</name>
     <message>
         <source>The scene shows something else than the set wants.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Szene zeigt etwas anderes, als das Set verlangt.</translation>
     </message>
     <message>
         <source>differs: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>weicht ab: %1</translation>
     </message>
     <message>
         <source>(no such variant)</source>
-        <translation type="unfinished"></translation>
+        <translation>(keine solche Variante)</translation>
     </message>
     <message>
         <source>(nothing)</source>
-        <translation type="unfinished"></translation>
+        <translation>(nichts)</translation>
     </message>
     <message>
         <source>Variant</source>
-        <translation type="unfinished">Variante</translation>
+        <translation>Variante</translation>
     </message>
     <message>
         <source>Kind</source>
-        <translation type="unfinished">Art</translation>
+        <translation>Art</translation>
     </message>
     <message>
         <source>State</source>
-        <translation type="unfinished">Zustand</translation>
+        <translation>Zustand</translation>
     </message>
     <message>
         <source>Shown Now</source>
-        <translation type="unfinished"></translation>
+        <translation>Jetzt gezeigt</translation>
     </message>
     <message>
         <source>Problem</source>
-        <translation type="unfinished"></translation>
+        <translation>Problem</translation>
     </message>
 </context>
 <context>
@@ -2415,7 +2403,7 @@
     <name>qxStateEditor</name>
     <message>
         <source>State of &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Zustand von „%1“</translation>
     </message>
 </context>
 <context>

@@ -5,44 +5,44 @@
     <name>qxEntryEdits</name>
     <message numerus="yes">
         <source>State of %n entries of &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>State of %n entry of &quot;%1&quot;</numerusform>
+            <numerusform>State of %n entries of &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Shown state of %n entries of &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Shown state of %n entry of &quot;%1&quot;</numerusform>
+            <numerusform>Shown state of %n entries of &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Remove %n entries from &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Remove %n entry from &quot;%1&quot;</numerusform>
+            <numerusform>Remove %n entries from &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Add %n entries to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Add %n entry to &quot;%1&quot;</numerusform>
+            <numerusform>Add %n entries to &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Add what %n nodes show to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Add what %n node shows to &quot;%1&quot;</numerusform>
+            <numerusform>Add what %n nodes show to &quot;%1&quot;</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n variants were made for it.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n variant was made for it.</numerusform>
+            <numerusform>%n variants were made for it.</numerusform>
         </translation>
     </message>
 </context>

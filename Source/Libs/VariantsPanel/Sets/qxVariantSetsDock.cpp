@@ -104,7 +104,7 @@ void qxVariantSetsDock::buildContents()
     scrolled->setWidgetResizable(true);
     scrolled->setFrameShape(QFrame::NoFrame);
     splitter->addWidget(scrolled);
-    splitter->setSizes({600, 300});
+    splitter->setSizes({500, 500});
     splitter->setCollapsible(0, false);
     auto *const contents = new QWidget;
     auto *const layout = new QVBoxLayout(contents);

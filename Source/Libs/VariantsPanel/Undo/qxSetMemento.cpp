@@ -40,6 +40,11 @@ bool isSame(const qxStateList &one, const qxStateList &other)
                       });
 }
 
+bool isSame(const qxAnalyzerVariant &one, const qxAnalyzerVariant &other)
+{
+    return one.clipState == other.clipState && one.script() == other.script();
+}
+
 } // namespace
 
 // A list, not a procedure.
@@ -66,6 +71,7 @@ void qxSetMemento::visitFields(const Visit &visit)
     visit(&Held::m_includesLights, &Set::inclLights);
     visit(&Held::m_includesEnvironment, &Set::inclEnv);
     visit(&Held::m_includesView, &Set::inclView);
+    visit(&Held::m_clipping, &Set::analyzer);
     for (const qxVariantKind *kind : qxVariantKinds::all())
         visit(kind->states, kind->states);
 }
@@ -74,7 +80,6 @@ qxSetMemento qxSetMemento::of(const qxVariantSet &set)
 {
     qxSetMemento held;
     visitFields([&](auto field, auto own) { held.*field = set.*own; });
-    held.m_clipping = set.analyzer;
     held.m_animationIndex = set.animationIndex;
     return held;
 }
@@ -82,7 +87,6 @@ qxSetMemento qxSetMemento::of(const qxVariantSet &set)
 void qxSetMemento::applyTo(qxVariantSet &set) const
 {
     visitFields([&](auto field, auto own) { set.*own = this->*field; });
-    set.analyzer = m_clipping;
     set.animationIndex = m_animationIndex;
     set.updateShortcut();
 }

@@ -178,6 +178,8 @@ void qxVariantsDock::showVariant(const qxVariantKind &kind, const QString &varia
 {
     if (!m_model->indexOf(kind, variant).isValid())
         m_search->clear();
+    show();
+    raise();
     m_view->showVariants({{&kind, variant}});
 }
 
