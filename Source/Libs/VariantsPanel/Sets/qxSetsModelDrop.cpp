@@ -52,7 +52,7 @@ bool qxSetsModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, 
 {
     // Groups stand between groups, not in them.
     const bool isGroup = data->hasFormat(groupNamesType);
-    const bool isBesideCards = m_shape == Flat && row < 0 && !parent.isValid();
+    const bool isBesideCards = m_shape == Sections && row < 0 && !parent.isValid();
     return QAbstractItemModel::canDropMimeData(data, action, row, column, parent)
         && !(isGroup && parent.isValid()) && !isBesideCards;
 }
@@ -63,8 +63,7 @@ bool qxSetsModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int
     if (!canDropMimeData(data, action, row, column, parent))
         return false;
     if (data->hasFormat(groupNamesType)) {
-        m_edits->moveGroups(namesIn(*data, groupNamesType),
-                            row < m_firstAlone ? nameIn(m_top, row) : QString());
+        m_edits->moveGroups(namesIn(*data, groupNamesType), groupBehind(row));
         return false;
     }
     const Target target = targetOf(row, parent);
@@ -72,23 +71,34 @@ bool qxSetsModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int
     return false; // The move is done: the view must not remove the rows.
 }
 
-/// What a drop before that row means, or one on the set `parent`. Between groups it means behind
-/// the sets of the upper one.
+/// The first group at that row of the top or below it; empty for none.
+QString qxSetsModel::groupBehind(int row) const
+{
+    for (int each = row; each >= 0 && each < int(m_top.size()); ++each) {
+        const Row &below = m_rows[std::size_t(m_top[std::size_t(each)])];
+        if (below.isGroup)
+            return below.name;
+    }
+    return QString();
+}
+
+/// What a drop before that row means, or one on `parent`. Between groups it means behind the sets
+/// of the upper one.
 qxSetsModel::Target qxSetsModel::targetOf(int row, const QModelIndex &parent) const
 {
     const Row *const above = rowAt(parent);
     if (above && above->isGroup)
         return {above->name, nameIn(above->children, row)};
     const int place = above ? above->row : row;
-    if (place < 0 || place >= int(m_top.size()))
+    const auto isThere = [this](int each) { return each >= 0 && each < int(m_top.size()); };
+    if (!isThere(place) && !(m_shape == Sections && isThere(place - 1)))
         return Target();
-    const Row &next = m_rows[std::size_t(m_top[std::size_t(place)])];
-    if (next.isGroup && place > 0)
-        return {nameIn(m_top, place - 1), QString()};
-    if (next.isGroup)
-        return {next.name, nameIn(next.children, 0)};
-    const qxVariantSet *const set = qxVariants::findVariantSet(next.name);
-    return {set && set->group ? QString(set->group->name) : QString(), next.name};
+    const Row *const next = isThere(place) ? &m_rows[std::size_t(m_top[std::size_t(place)])] : nullptr;
+    if (next && !next->isGroup)
+        return {next->group, next->name};
+    if (place > 0)
+        return {m_rows[std::size_t(m_top[std::size_t(place - 1)])].group, QString()};
+    return {next->name, nameIn(next->children, 0)};
 }
 
 /// The name of that row; empty past the end.
