@@ -1,9 +1,15 @@
 #include "qxPreviewRun.h"
 
 #include "Animation/qxAnimationPlayer.h"
+#include "Core/qxBusy.h"
 #include "Pictures/qxMainGlView.h"
+#include "Pictures/qxPictureJob.h"
 #include "Pictures/qxPicturePng.h"
+#include "Script/qxScriptNesting.h"
 #include "Session/qxSetPreviews.h"
+
+#include <QApplication>
+#include <QTimer>
 
 qxPreviewRun::qxPreviewRun(const Quietly &quietly, QObject *parent)
     : QObject(parent), m_quietly(quietly)
@@ -44,24 +50,33 @@ void qxPreviewRun::placeOrder()
     Q_EMIT progressed(m_done, m_done + m_waiting.size());
     if (!isRunning()) // Whoever heard that has cancelled it.
         return;
-    const QString set = m_waiting.first();
-    const auto begin = [this, set] {
-        std::unique_ptr<qxPictureJob> job;
-        m_quietly([&] {
-            const qxStartView view;
-            qxSetPreviews::visit(set, [&job](qxVariantSet &) {
-                job = std::make_unique<qxPictureJob>(qxSetPreviews::settings());
-                return true;
-            });
-        });
+    qxMainGlView::the()->setOrder(
+        {[this] { return begin(); }, [this](const qxPicture &picture) { take(picture); }});
+}
+
+/// Whatever goes through sets or scene just now goes on first.
+std::unique_ptr<qxPictureJob> qxPreviewRun::begin()
+{
+    std::unique_ptr<qxPictureJob> job;
+    if (qxBusy::isBusy() || qxScriptNesting::isRunning() || QApplication::activeModalWidget())
         return job;
-    };
-    qxMainGlView::the()->setOrder({begin, [this](const qxPicture &picture) { take(picture); }});
+    m_quietly([this, &job] {
+        const qxStartView view;
+        qxSetPreviews::visit(m_waiting.first(), [&job](qxVariantSet &) {
+            job = std::make_unique<qxPictureJob>(qxSetPreviews::settings());
+            return true;
+        });
+    });
+    if (!job && isRunning()) // The set is gone.
+        QTimer::singleShot(0, this, [this] { take(qxPicture()); });
+    return job;
 }
 
 /// Without a picture the set was removed meanwhile, or the log says why.
 void qxPreviewRun::take(const qxPicture &picture)
 {
+    if (!isRunning())
+        return;
     const QString set = m_waiting.takeFirst();
     ++m_done;
     const bool isOpaque = qxViewSettings::the().background != qxViewSettings::None;

@@ -7,6 +7,7 @@
 #include <memory>
 
 class qxAnimationRest;
+class qxPictureJob;
 struct qxPicture;
 
 /// Makes previews of sets, one after the other, in the background: the window can be used
@@ -41,6 +42,7 @@ Q_SIGNALS:
 
 private:
     void placeOrder();
+    std::unique_ptr<qxPictureJob> begin();
     void take(const qxPicture &picture);
     void finish();
 

@@ -4,7 +4,6 @@
 #include "Script/qxBlockedScriptReport.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
-#include "Session/qxSetPreviews.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
 #include "qxAnimationBar.h"
@@ -15,7 +14,7 @@
 #include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
-#include "qxPreviewDialog.h"
+#include "qxPreviewMaker.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
@@ -63,7 +62,8 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_sets, &qxVariantSetsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
     connect(m_events, &qxPanelEvents::aboutToForget, this, &qxWorkbenchWindow::forgetScene);
     connect(m_variants, &qxVariantsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
-    connect(m_sets, &qxVariantSetsDock::previewsWanted, this, &qxWorkbenchWindow::makePreviews);
+    m_previews = new qxPreviewMaker(m_sets, m_events, this);
+    connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_previews, &qxPreviewMaker::noteEdit);
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &QWidget::setWindowModified);
@@ -89,6 +89,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     // The stack emits signals while its dock is already destroyed.
     m_sets->undoStack()->disconnect(this);
     // Views of the scene are destroyed before the scene.
+    delete m_previews;
     m_watchdog.reset();
     m_blockedScripts.reset();
     m_before.reset();
@@ -247,20 +248,6 @@ void qxWorkbenchWindow::forgetScene()
     m_beforeScript.reset();
     m_back->setEnabled(false);
     m_isNewScene = true;
-}
-
-void qxWorkbenchWindow::makePreviews(const QStringList &sets)
-{
-    qxSetPreviews::Previews previews;
-    {
-        qxPreviewDialog dialog(sets.size(), this);
-        qxSetPreviews::visit(
-            sets, [&dialog](const QString &set) { return dialog.begin(set); },
-            [&previews](qxVariantSet &set) { return qxSetPreviews::addPreview(set, previews); });
-    }
-    m_sets->setPreviews(previews);
-    Q_EMIT qxPanelChanges::the().sceneRestored();
-    qxController::updateRender(true);
 }
 
 void qxWorkbenchWindow::goBack()

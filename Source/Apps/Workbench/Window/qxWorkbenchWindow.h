@@ -15,6 +15,7 @@ class qxBlockedScriptReport;
 class qxLogView;
 class qxPanelEvents;
 class qxPictureDialog;
+class qxPreviewMaker;
 class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
@@ -97,7 +98,6 @@ private:
     void showPicked(const osg::NodePtr &node);
     void showNode(const QModelIndex &index);
     void rememberForBack();
-    void makePreviews(const QStringList &sets);
     void rememberForScript();
     void focusPane(int step);
     static QDockWidget *dockAround(QWidget *widget);
@@ -126,6 +126,7 @@ private:
     qxLogView *m_log;
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;
+    qxPreviewMaker *m_previews;
     QMenu *m_recent;
     QAction *m_undo;
     QAction *m_redo;

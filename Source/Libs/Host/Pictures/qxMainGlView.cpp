@@ -172,17 +172,15 @@ void qxMainGlView::beginOrder()
     const auto begin = m_order.begin; // It may cancel itself.
     std::unique_ptr<qxPictureJob> job = begin();
     m_isBeginningOrder = false;
-    if (m_order.end)
+    if (m_order.begin)
         m_orderJob = std::move(job);
-    if (m_order.end && !m_orderJob)
-        endOrder();
-    m_timer.start(_pollTime);
+    m_timer.start(m_orderJob ? _pollTime : _stillTime);
 }
 
 /// Its end may place the next one.
 void qxMainGlView::endOrder()
 {
-    const qxPicture picture = m_orderJob ? m_orderJob->take() : qxPicture();
+    const qxPicture picture = m_orderJob->take();
     const auto end = m_order.end;
     cancelOrder();
     m_timer.start(_pollTime);

@@ -48,7 +48,8 @@ public:
     /// A picture of something else, to be made beside the view's own.
     struct Order {
         /// Shows what is to be seen, reads it and puts the scene back as it was; the view does not
-        /// follow that. Called whenever the picture is begun, which may be several times.
+        /// follow that. Called whenever the picture is begun, which may be several times; null for
+        /// later.
         std::function<std::unique_ptr<qxPictureJob>()> begin;
         /// Gets the picture; an empty one if it could not be made.
         std::function<void(const qxPicture &picture)> end;
