@@ -7,6 +7,8 @@
 #include "qxLightMenu.h"
 #include "qxLogView.h"
 #include "qxOSGWidget.h"
+#include "qxPictureExport.h"
+#include "qxPresentation.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
 #include "qxWorkbenchWindow.h"
@@ -44,6 +46,13 @@ void qxWorkbenchWindow::buildFileMenu()
           QT_TR_NOOP("&Save"));
     named(menu->addAction(QString(), this, &qxWorkbenchWindow::askAndSaveAs, QKeySequence::SaveAs),
           QT_TR_NOOP("Save &As..."));
+    menu->addSeparator();
+    named(menu->addAction(QString(), m_export, &qxPictureExport::savePicture),
+          QT_TR_NOOP("Save &Picture..."));
+    named(menu->addAction(QString(), m_export, &qxPictureExport::saveSheet),
+          QT_TR_NOOP("Save S&heet..."));
+    named(menu->addAction(QString(), m_export, &qxPictureExport::exportCatalogue),
+          QT_TR_NOOP("Export Cata&logue..."));
     menu->addSeparator();
     named(menu->addAction(QString(), this, &qxWorkbenchWindow::showScripts),
           QT_TR_NOOP("S&cripts of This File..."));
@@ -91,6 +100,9 @@ void qxWorkbenchWindow::buildViewMenu()
         qxController::updateRender(true);
     });
     named(menu->addMenu(new qxLightMenu(this)), QT_TR_NOOP("Light and Back&ground"));
+    menu->addSeparator();
+    menu->addAction(named(m_presentation->action(), QT_TR_NOOP("&Presentation")));
+    menu->addAction(named(m_presentation->namesAction(), QT_TR_NOOP("Na&mes in Presentation")));
     menu->addSeparator();
     named(menu->addAction(
               QString(), this, [this] { focusPane(1); }, QKeySequence::NextChild),

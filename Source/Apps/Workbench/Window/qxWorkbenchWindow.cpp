@@ -14,6 +14,8 @@
 #include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
+#include "qxPictureExport.h"
+#include "qxPresentation.h"
 #include "qxPreviewMaker.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
@@ -29,6 +31,7 @@
 #include <QScrollBar>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTimer>
 #include <QTreeView>
 #include <QUndoStack>
 
@@ -50,6 +53,11 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     setDockNestingEnabled(true);
     setCentralWidget(m_view);
     buildDocks();
+    m_presentation = new qxPresentation(this, m_view, m_sets);
+    connect(m_presentation, &qxPresentation::ended, this, &qxWorkbenchWindow::closeLater);
+    m_export = new qxPictureExport(this, m_sets, [this] { return m_path; });
+    connect(m_export, &qxPictureExport::done, this,
+            [this](const QString &sentence) { statusBar()->showMessage(sentence, 15000); });
     buildFileMenu();
     buildEditMenu();
     buildViewMenu();
@@ -188,10 +196,21 @@ void qxWorkbenchWindow::closeEvent(QCloseEvent *event)
 {
     if (!mayLeave())
         return event->ignore();
+    m_closesLater = m_presentation->isRunning(); // The layout to remember is the one before it.
+    m_presentation->end();
+    if (m_closesLater)
+        return event->ignore();
     QSettings settings;
     settings.setValue(layoutKey, saveState());
     settings.setValue(geometryKey, saveGeometry());
     QMainWindow::closeEvent(event);
+}
+
+void qxWorkbenchWindow::closeLater()
+{
+    if (m_closesLater)
+        QTimer::singleShot(0, this, &QWidget::close);
+    m_closesLater = false;
 }
 
 void qxWorkbenchWindow::restoreLayout()

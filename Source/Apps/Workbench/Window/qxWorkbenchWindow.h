@@ -15,6 +15,8 @@ class qxBlockedScriptReport;
 class qxLogView;
 class qxPanelEvents;
 class qxPictureDialog;
+class qxPictureExport;
+class qxPresentation;
 class qxPreviewMaker;
 class qxSceneTreeModel;
 class qxSceneView;
@@ -77,6 +79,7 @@ private:
     void retranslate();
     void showUndo();
     void restoreLayout();
+    void closeLater();
 
     void askAndOpen();
     void openFirst(const QStringList &paths);
@@ -127,6 +130,9 @@ private:
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;
     qxPreviewMaker *m_previews;
+    qxPresentation *m_presentation;
+    qxPictureExport *m_export;
+    bool m_closesLater = false; ///< when the presentation has ended
     QMenu *m_recent;
     QAction *m_undo;
     QAction *m_redo;

@@ -50,13 +50,11 @@ void qxGalleryBar::build()
     layout->setContentsMargins(line / 4, 0, line / 4, line / 4);
     m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
-    m_progress->setTextVisible(false);
-    m_progress->setMinimumWidth(3 * line);
-    m_progress->setMaximumHeight(line);
+    m_progress->setMinimumWidth(4 * line);
     m_size->setFixedWidth(6 * line);
     layout->addWidget(m_make);
     layout->addWidget(m_cancel);
-    layout->addWidget(m_progress);
+    layout->addWidget(m_progress, 1);
     layout->addWidget(m_text, 1);
     layout->addWidget(m_size);
 }
@@ -122,11 +120,10 @@ void qxGalleryBar::showCounts()
 {
     QStringList parts;
     if (m_shownMissing > 0)
-        parts << tr("%n previews are missing", nullptr, m_shownMissing);
+        parts << tr("%n missing", nullptr, m_shownMissing);
     if (m_shownStale > 0)
-        parts << tr("%n are out of date", nullptr, m_shownStale);
-    if (!m_isRunning)
-        m_text->setText(parts.join(QStringLiteral(", ")));
+        parts << tr("%n out of date", nullptr, m_shownStale);
+    m_text->setText(parts.join(QStringLiteral(", ")));
     showParts();
 }
 
@@ -135,6 +132,7 @@ void qxGalleryBar::showParts()
     const bool isGallery = m_view->form() == qxSetsView::Gallery;
     const bool isAnythingWanted = m_shownMissing + m_shownStale > 0;
     m_make->setVisible(!m_isRunning && isAnythingWanted);
+    m_text->setVisible(!m_isRunning);
     m_cancel->setVisible(m_isRunning);
     m_progress->setVisible(m_isRunning);
     m_size->setVisible(isGallery);
@@ -146,7 +144,7 @@ void qxGalleryBar::showProgress(int done, int total)
     m_isRunning = true;
     m_progress->setRange(0, total);
     m_progress->setValue(done);
-    m_text->setText(tr("Preview %1 of %2").arg(qMin(done + 1, total)).arg(total));
+    m_progress->setFormat(tr("%1 of %2").arg(done).arg(total));
     showParts();
 }
 

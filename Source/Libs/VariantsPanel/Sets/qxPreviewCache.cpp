@@ -41,9 +41,13 @@ QPixmap qxPreviewCache::picture(const QByteArray &bytes, const QSize &pixels)
 
 QPixmap qxPreviewCache::scaled(const QByteArray &bytes, const QSize &pixels)
 {
-    const QImage whole =
-        qxPreviewPicture::isDecodable(bytes) ? QImage::fromData(bytes) : QImage();
-    return whole.isNull() ? QPixmap()
-                          : QPixmap::fromImage(whole.scaled(pixels, Qt::KeepAspectRatio,
-                                                            Qt::SmoothTransformation));
+    const QImage whole = qxPreviewPicture::isDecodable(bytes) ? QImage::fromData(bytes) : QImage();
+    if (whole.isNull())
+        return QPixmap();
+    // Pixels are whole: a picture that fits but for one of them fills its place.
+    const QSize fitting = whole.size().scaled(pixels, Qt::KeepAspectRatio);
+    const QSize left = pixels - fitting;
+    const bool isFilling = left.width() + left.height() <= 2;
+    return QPixmap::fromImage(whole.scaled(isFilling ? pixels : fitting, Qt::IgnoreAspectRatio,
+                                           Qt::SmoothTransformation));
 }

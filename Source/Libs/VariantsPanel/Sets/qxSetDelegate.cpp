@@ -153,7 +153,8 @@ void paintCurrentFrame(QPainter *painter, const QRect &picture, const QStyleOpti
     painter->setBrush(Qt::NoBrush);
     painter->setPen(QPen(mixed(option.palette.highlight().color(), Qt::green, 0.5), barWidth,
                          Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter->drawRect(picture.adjusted(barWidth / 2, barWidth / 2, -barWidth / 2 - 1, -barWidth / 2 - 1));
+    painter->drawRect(
+        picture.adjusted(barWidth / 2, barWidth / 2, -barWidth / 2 - 1, -barWidth / 2 - 1));
 }
 
 } // namespace
@@ -253,7 +254,7 @@ void qxSetDelegate::paintHeading(QPainter *painter, const QStyleOptionViewItem &
         shape.state |= QStyle::State_Open;
     const bool isClosed = flag(index, qxSetsModel::ClosedRole);
     const bool isMirrored = option.direction == Qt::RightToLeft;
-    QApplication::style()->drawPrimitive(!isClosed       ? QStyle::PE_IndicatorArrowDown
+    QApplication::style()->drawPrimitive(!isClosed        ? QStyle::PE_IndicatorArrowDown
                                              : isMirrored ? QStyle::PE_IndicatorArrowLeft
                                                           : QStyle::PE_IndicatorArrowRight,
                                          &shape, painter, option.widget);
@@ -261,17 +262,16 @@ void qxSetDelegate::paintHeading(QPainter *painter, const QStyleOptionViewItem &
     painter->setPen(textColor(option, true));
     takeRightText(painter, place, index.data(qxSetsModel::CountRole).toString());
     painter->setPen(textColor(option, isFaint(index)));
-    painter->drawText(place, Qt::AlignVCenter,
-                      painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight,
-                                                        place.width()));
+    painter->drawText(
+        place, Qt::AlignVCenter,
+        painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, place.width()));
     painter->setPen(mixed(option.palette.text().color(), option.palette.base().color(), 0.2));
     painter->drawLine(option.rect.left() + gap, option.rect.bottom(), option.rect.right() - gap,
                       option.rect.bottom());
 }
 
 void qxSetDelegate::paintPicture(QPainter *painter, const QRect &place,
-                                 const QStyleOptionViewItem &option,
-                                 const QModelIndex &index) const
+                                 const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     painter->fillRect(place,
                       mixed(option.palette.text().color(), option.palette.base().color(), 0.08));
@@ -298,9 +298,9 @@ void qxSetDelegate::paintCard(QPainter *painter, const QStyleOptionViewItem &opt
     const QRect under(place.left(), picture.bottom() + gap / 2, place.width(),
                       painter->fontMetrics().height());
     painter->setPen(textColor(option, flag(index, qxSetsModel::EmptyRole)));
-    painter->drawText(under, Qt::AlignCenter,
-                      painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight,
-                                                        under.width()));
+    painter->drawText(
+        under, Qt::AlignCenter,
+        painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, under.width()));
     paintPicture(painter, picture, option, index);
     paintSigns(painter, picture, option, index);
     paintKeyBadge(painter, picture, option, index);

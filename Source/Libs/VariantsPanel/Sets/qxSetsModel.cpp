@@ -130,8 +130,8 @@ QVariant qxSetsModel::data(const QModelIndex &index, int role) const
 QVariant qxSetsModel::groupData(const Row &row, const qxVariantGroup *group, int role) const
 {
     const int count = group ? int(group->sets.size()) : row.found;
-    const QString counted = row.found == count ? QString::number(count)
-                                               : tr("%1 of %2").arg(row.found).arg(count);
+    const QString counted =
+        row.found == count ? QString::number(count) : tr("%1 of %2").arg(row.found).arg(count);
     switch (role) {
     case CommentRole:
         return group ? QString(group->comment) : QString();
@@ -142,7 +142,8 @@ QVariant qxSetsModel::groupData(const Row &row, const qxVariantGroup *group, int
     case CountRole:
         return counted;
     case Qt::AccessibleTextRole:
-        return tr("Group %1, %n sets", nullptr, row.found).arg(row.name.isEmpty() ? tr("In No Group") : row.name);
+        return tr("Group %1, %n sets", nullptr, row.found)
+            .arg(row.name.isEmpty() ? tr("In No Group") : row.name);
     case EmptyRole:
         return count == 0;
     case ClosedRole:
@@ -398,8 +399,7 @@ QStringList qxSetsModel::setsInOrder() const
 
 int qxSetsModel::appendRow(const Row &row)
 {
-    std::vector<int> &siblings =
-        row.parent < 0 ? m_top : m_rows[std::size_t(row.parent)].children;
+    std::vector<int> &siblings = row.parent < 0 ? m_top : m_rows[std::size_t(row.parent)].children;
     const int place = int(m_rows.size());
     const int number = int(siblings.size());
     siblings.push_back(place);

@@ -14,8 +14,8 @@ class qxTakenKeys;
 class qxVariantGroup;
 class qxVariantSet;
 
-/// Groups with their sets, then the sets without a group, updated by qxPanelEvents: as a tree, or as
-/// sections one below the other.
+/// Groups with their sets, then the sets without a group, updated by qxPanelEvents: as a tree, or
+/// as sections one below the other.
 ///
 /// Views keep selection, scroll position and expanded groups through every change. Names and
 /// comments are edited in place, sets and groups are moved by drag and drop; both can be undone.

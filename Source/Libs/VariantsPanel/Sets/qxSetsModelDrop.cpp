@@ -93,7 +93,8 @@ qxSetsModel::Target qxSetsModel::targetOf(int row, const QModelIndex &parent) co
     const auto isThere = [this](int each) { return each >= 0 && each < int(m_top.size()); };
     if (!isThere(place) && !(m_shape == Sections && isThere(place - 1)))
         return Target();
-    const Row *const next = isThere(place) ? &m_rows[std::size_t(m_top[std::size_t(place)])] : nullptr;
+    const Row *const next =
+        isThere(place) ? &m_rows[std::size_t(m_top[std::size_t(place)])] : nullptr;
     if (next && !next->isGroup)
         return {next->group, next->name};
     if (place > 0)

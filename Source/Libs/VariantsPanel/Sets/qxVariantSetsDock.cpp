@@ -52,8 +52,10 @@ qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     connect(m_view, &qxSetsView::menuRequested, this, &qxVariantSetsDock::showMenu);
     connect(m_events, &qxPanelEvents::setsChanged, this, &qxVariantSetsDock::followGroup);
     connect(m_events, &qxPanelEvents::setSelected, this, [this](const QString &set) {
-        if (!m_keepsCursor)
-            m_view->showSet(set);
+        if (m_keepsCursor)
+            return;
+        m_view->showSet(set);
+        Q_EMIT selected(set);
     });
     for (const auto changed : {&qxPanelEvents::setsChanged, &qxPanelEvents::variantsChanged}) {
         connect(m_events, changed, m_age, &qxPreviewAge::look);

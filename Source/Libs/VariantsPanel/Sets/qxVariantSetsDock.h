@@ -57,6 +57,8 @@ Q_SIGNALS:
     void previewsWanted(const QStringList &sets);
     /// The user has enough of previews that are being made.
     void previewsCancelled();
+    /// This set was selected, by whomever, but not in keepCursor().
+    void selected(const QString &set);
     /// The user is about to select a set or an option; receivers may record the present state.
     void aboutToSelect();
 
