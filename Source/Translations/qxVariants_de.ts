@@ -116,6 +116,17 @@
     </message>
 </context>
 <context>
+    <name>qxExportProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Abbrechen</translation>
+    </message>
+    <message>
+        <source>Picture of &quot;%1&quot; ...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxFileText</name>
     <message>
         <source>indices are not of an unsigned integer type</source>
@@ -824,6 +835,112 @@
     </message>
 </context>
 <context>
+    <name>qxGallery</name>
+    <message>
+        <source>Gallery of the variant sets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wheel with Ctrl</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Larger or smaller previews</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On a heading: close it, open it</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxGalleryBar</name>
+    <message>
+        <source>Make Previews</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Make the previews that are missing or out of date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Abbrechen</translation>
+    </message>
+    <message>
+        <source>Size of the previews (Ctrl and the wheel)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size of the previews</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Previews</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n missing</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n out of date</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation type="unfinished">%1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>qxKeyList</name>
+    <message>
+        <source>Everywhere</source>
+        <translation>Überall</translation>
+    </message>
+    <message>
+        <source>Sets that keys select</source>
+        <translation>Sets, die Tasten auswählen</translation>
+    </message>
+    <message>
+        <source>Options that keys select</source>
+        <translation>Optionen, die Tasten auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>qxKeysPage</name>
+    <message>
+        <source>Keys and mouse</source>
+        <translation>Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>Search for what is done, or for a key</source>
+        <translation>Suche nach einer Tätigkeit oder Taste</translation>
+    </message>
+    <message>
+        <source>What it does</source>
+        <translation>Was geschieht</translation>
+    </message>
+    <message>
+        <source>Keys, mouse</source>
+        <translation>Tasten, Maus</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>&amp;Drucken …</translation>
+    </message>
+</context>
+<context>
     <name>qxLightMenu</name>
     <message>
         <source>&amp;Environment</source>
@@ -924,6 +1041,77 @@
     </message>
 </context>
 <context>
+    <name>qxPictureExport</name>
+    <message>
+        <source>PNG pictures (*.png)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>JPEG pictures (*.jpg *.jpeg)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WebP pictures (*.webp)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation type="unfinished">Szene</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pictures are PNG or JPEG: the name of the file ends with .png or .jpg.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing of the scene is to be seen in the picture: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is nothing for a sheet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The scene has no variant sets.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Sheet: Each Picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Sheet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Catalogue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Web pages (*.html)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is too large.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is saved.</source>
+        <translation type="unfinished">„%1“ ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>Workbench</source>
+        <translation type="unfinished">Workbench</translation>
+    </message>
+</context>
+<context>
     <name>qxPictureHint</name>
     <message>
         <source>all of it is hidden, or it has no triangles</source>
@@ -947,14 +1135,106 @@
     </message>
 </context>
 <context>
-    <name>qxPreviewDialog</name>
+    <name>qxPictureWish</name>
     <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
+        <source> pixels</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Preview of &quot;%1&quot; ...</source>
-        <translation>Vorschau von „%1“ …</translation>
+        <source>&amp;Width:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Height:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quick: hard light, jagged edges</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Best: soft shadows, reflections</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Quality:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Transparent background (PNG)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxPresentation</name>
+    <message>
+        <source>Presentation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Previous set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show or hide the name of the set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End the presentation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Escape ends the presentation. Left and Right lead to other sets, N shows their names.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxRecentFiles</name>
+    <message>
+        <source>None yet</source>
+        <translation>Noch keine</translation>
+    </message>
+</context>
+<context>
+    <name>qxRecovery</name>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly on %1: edits were not saved.</source>
+        <translation>Das Programm endete unerwartet am %1: Änderungen wurden nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly on %1: edits of &quot;%2&quot; were not saved.</source>
+        <translation>Das Programm endete unerwartet am %1: Änderungen an „%2“ wurden nicht gespeichert.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n steps can be recovered. The file stays as it is until you save.</source>
+        <translation>
+            <numerusform>%n Schritt kann wiederhergestellt werden. Die Datei bleibt, wie sie ist, bis Sie speichern.</numerusform>
+            <numerusform>%n Schritte können wiederhergestellt werden. Die Datei bleibt, wie sie ist, bis Sie speichern.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
     </message>
 </context>
 <context>
@@ -1022,12 +1302,80 @@
         <source>Home</source>
         <translation>Grundstellung</translation>
     </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Left button</source>
+        <translation>Linke Taste</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Middle button, left button with Shift</source>
+        <translation>Mittlere Taste, linke Taste mit Umschalt</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Wheel, right button</source>
+        <translation>Rad, rechte Taste</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoomen</translation>
+    </message>
+    <message>
+        <source>Click</source>
+        <translation>Klick</translation>
+    </message>
+    <message>
+        <source>Pick a node: the tree shows it</source>
+        <translation>Einen Knoten wählen: der Baum zeigt ihn</translation>
+    </message>
+    <message>
+        <source>Double click</source>
+        <translation>Doppelklick</translation>
+    </message>
+    <message>
+        <source>Look at the node</source>
+        <translation>Den Knoten ansehen</translation>
+    </message>
 </context>
 <context>
     <name>qxScriptConsole</name>
     <message>
         <source>Python, such as: selectVariantSet(&quot;...&quot;)</source>
         <translation>Python, zum Beispiel: selectVariantSet(&quot;...&quot;)</translation>
+    </message>
+    <message>
+        <source>Statement</source>
+        <translation>Anweisung</translation>
+    </message>
+    <message>
+        <source>What was typed and printed</source>
+        <translation>Eingaben und Ausgaben</translation>
+    </message>
+    <message>
+        <source>Run the statement</source>
+        <translation>Die Anweisung ausführen</translation>
+    </message>
+    <message>
+        <source>Add a line</source>
+        <translation>Eine Zeile anfügen</translation>
+    </message>
+    <message>
+        <source>Earlier and later statements</source>
+        <translation>Frühere und spätere Anweisungen</translation>
+    </message>
+    <message>
+        <source>Complete a name</source>
+        <translation>Einen Namen ergänzen</translation>
     </message>
 </context>
 <context>
@@ -1350,6 +1698,37 @@
         <source>Nothing of what it refers to is in the scene.</source>
         <translation>Nichts, worauf das Set verweist, ist in der Szene vorhanden.</translation>
     </message>
+    <message>
+        <source>In No Group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Group %1, %n sets</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The set, the scene or the light has changed since the preview was made.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>shown now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the preview is out of date</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>qxSetsView</name>
@@ -1360,6 +1739,59 @@
     <message>
         <source>Nothing has &quot;%1&quot; in it.</source>
         <translation>Nichts enthält „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>qxStartPage</name>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+    <message>
+        <source>Shows scenes in many states: which wheels, which paint, which lamps.</source>
+        <translation>Zeigt Szenen in vielen Zuständen: welche Räder, welcher Lack, welche Lampen.</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Öffnen …</translation>
+    </message>
+    <message>
+        <source>Demo</source>
+        <translation>Beispiel</translation>
+    </message>
+    <message>
+        <source>Open a configurable roadster</source>
+        <translation>Einen konfigurierbaren Roadster öffnen</translation>
+    </message>
+    <message>
+        <source>Recent files</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Remove from the List</source>
+        <translation>Aus der Liste entfernen</translation>
+    </message>
+    <message>
+        <source>A scene (.gltf, .glb) can be dropped anywhere on this window.
+%1 lists all keys, and what the mouse does.</source>
+        <translation>Eine Szene (.gltf, .glb) kann überall auf diesem Fenster abgelegt werden.
+%1 zeigt alle Tasten, und was die Maus tut.</translation>
+    </message>
+    <message>
+        <source>Changed %1</source>
+        <translation>Geändert %1</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>Fehlt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no longer there.</source>
+        <translation>„%1“ gibt es nicht mehr.</translation>
     </message>
 </context>
 <context>
@@ -1529,6 +1961,22 @@
         <source>&amp;Picture What Is Shown</source>
         <translation>Das &amp;Gezeigte aufnehmen</translation>
     </message>
+    <message>
+        <source>Select the current set</source>
+        <translation>Das aktuelle Set auswählen</translation>
+    </message>
+    <message>
+        <source>Search: go to what was found</source>
+        <translation>Suche: zum Gefundenen gehen</translation>
+    </message>
+    <message>
+        <source>Search: select the first set</source>
+        <translation>Suche: das erste Set auswählen</translation>
+    </message>
+    <message>
+        <source>Search: end it</source>
+        <translation>Suche: beenden</translation>
+    </message>
 </context>
 <context>
     <name>qxVariants</name>
@@ -1676,20 +2124,12 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>&amp;Hilfe</translation>
     </message>
     <message>
-        <source>Mouse and keys</source>
-        <translation>Maus und Tasten</translation>
-    </message>
-    <message>
         <source>About Workbench</source>
         <translation>Über Workbench</translation>
     </message>
     <message>
         <source>Workbench %1 shows scenes in many states.</source>
         <translation>Workbench %1 zeigt Szenen in vielen Zuständen.</translation>
-    </message>
-    <message>
-        <source>&amp;Mouse and Keys</source>
-        <translation>&amp;Maus und Tasten</translation>
     </message>
     <message>
         <source>&amp;About</source>
@@ -1776,10 +2216,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>Nur eine Szene kann offen sein; die übrigen wurden nicht geöffnet.</translation>
     </message>
     <message>
-        <source>None yet</source>
-        <translation>Noch keine</translation>
-    </message>
-    <message>
         <source>&amp;Next Pane</source>
         <translation>&amp;Nächster Bereich</translation>
     </message>
@@ -1806,10 +2242,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Opening &quot;%1&quot;: variants...</source>
         <translation>„%1“ wird geöffnet: Varianten …</translation>
-    </message>
-    <message>
-        <source>Open a scene with &quot;File &gt; Open&quot;, or drop one here.</source>
-        <translation>Öffnen Sie eine Szene mit „Datei &gt; Öffnen“, oder legen Sie eine hier ab.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has changed on the disk since it was opened.</source>
@@ -1856,20 +2288,100 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>&amp;Licht und Hintergrund</translation>
     </message>
     <message>
-        <source>Left button: turn. Middle button, or left with Shift: move.
-Wheel or right button: zoom. Click: pick a node. Double click: look at it.
-Arrows: turn. + and -: zoom. F: show everything. Home: go home.
-Space: play or pause animations. Shift+Space: stop them.
-
-Enter or a double click selects the set under the cursor, F2 renames it.
-Keys of sets select them anywhere but in text fields.</source>
-        <translation>Linke Taste: drehen. Mittlere Taste oder linke mit Umschalt: verschieben.
-Mausrad oder rechte Taste: zoomen. Klick: Knoten auswählen. Doppelklick: Knoten ansehen.
-Pfeiltasten: drehen. + und −: zoomen. F: alles zeigen. Pos1: Grundstellung.
-Leertaste: Animationen abspielen oder anhalten. Umschalt+Leertaste: sie beenden.
-
-Die Eingabetaste oder ein Doppelklick wählt das markierte Set aus, F2 benennt es um.
-Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
+        <source>&quot;%1&quot; is open in another window.</source>
+        <translation>„%1“ ist in einem anderen Fenster geöffnet.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is open in another window, which does not answer.</source>
+        <translation>„%1“ ist in einem anderen Fenster geöffnet, das nicht antwortet.</translation>
+    </message>
+    <message>
+        <source>What is saved there and what is saved here are two versions. Saving asks before it overwrites the other one.</source>
+        <translation>Was dort und was hier gespeichert wird, sind zwei Fassungen. Das Speichern fragt, bevor es die andere überschreibt.</translation>
+    </message>
+    <message>
+        <source>Open Here, Too</source>
+        <translation>Auch hier öffnen</translation>
+    </message>
+    <message>
+        <source>The file is open in another window. Close it there, or save under another name.</source>
+        <translation>Die Datei ist in einem anderen Fenster geöffnet. Schließen Sie sie dort, oder speichern Sie unter einem anderen Namen.</translation>
+    </message>
+    <message>
+        <source>&amp;Panes</source>
+        <translation>&amp;Bereiche</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farbschema</translation>
+    </message>
+    <message>
+        <source>&amp;Text under Icons</source>
+        <translation>&amp;Text unter Symbolen</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Layout</source>
+        <translation>Anordnung &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and Mouse</source>
+        <translation>&amp;Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>%1 (shows another state) - Workbench</source>
+        <translation>%1 (zeigt einen anderen Zustand) - Workbench</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; shows another state than its file.</source>
+        <translation>„%1“ zeigt einen anderen Zustand als die Datei.</translation>
+    </message>
+    <message>
+        <source>Sets and variants are saved. Saving also keeps what is shown now, as the state in which the file opens.</source>
+        <translation>Sets und Varianten sind gespeichert. Speichern behält auch, was jetzt zu sehen ist: So öffnet sich die Datei dann.</translation>
+    </message>
+    <message>
+        <source>Save &amp;Picture...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save S&amp;heet...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Cata&amp;logue...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Presentation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Na&amp;mes in Presentation</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 </TS>

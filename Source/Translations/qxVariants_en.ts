@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>qxGalleryBar</name>
+    <message numerus="yes">
+        <source>%n missing</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n out of date</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxRecovery</name>
+    <message numerus="yes">
+        <source>%n steps can be recovered. The file stays as it is until you save.</source>
+        <translation>
+            <numerusform>%n step can be recovered. The file stays as it is until you save.</numerusform>
+            <numerusform>%n steps can be recovered. The file stays as it is until you save.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxScriptsDialog</name>
     <message numerus="yes">
         <source>... and %n more characters, which are not shown here</source>
@@ -66,6 +93,13 @@
         <translation>
             <numerusform>%n state</numerusform>
             <numerusform>%n states</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Group %1, %n sets</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
         </translation>
     </message>
 </context>

@@ -7,6 +7,7 @@
 #include "Sets/qxSetMatch.h"
 #include "Sets/qxSetsView.h"
 #include "Sets/qxVariantSetsDock.h"
+#include "qxKeyHints.h"
 #include "qxSetCaption.h"
 
 #include <QAction>
@@ -69,16 +70,32 @@ qxPresentation::qxPresentation(QMainWindow *window, QWidget *view, qxVariantSets
     for (QTimer *timer : {&m_idle, &m_hint, &m_restore})
         timer->setSingleShot(true);
     m_window->installEventFilter(this);
+    retranslate();
+}
+
+/// Keys that are none of actions: elsewhere they belong to the view, or to sets.
+void qxPresentation::retranslate()
+{
+    const auto shown = [](const QList<QKeySequence> &keys) {
+        return QKeySequence::listToString(keys, QKeySequence::NativeText);
+    };
+    m_caption->setAccessibleName(tr("Presentation"));
+    qxKeyHints::tell(
+        *m_caption,
+        {{shown({Qt::Key_Right, Qt::Key_PageDown, Qt::Key_Space}), tr("Next set")},
+         {shown({Qt::Key_Left, Qt::Key_PageUp, Qt::Key_Backspace}), tr("Previous set")},
+         {shown({Qt::Key_N}), tr("Show or hide the name of the set")},
+         {shown({Qt::Key_Escape}), tr("End the presentation")}});
 }
 
 void qxPresentation::begin()
 {
-    if (m_isRunning)
+    m_action->setChecked(m_isRunning || m_view->isVisible());
+    if (m_isRunning || !m_view->isVisible()) // There is no scene.
         return;
     if (m_isRestoring)
         restoreLayout();
     m_isRunning = true;
-    m_action->setChecked(true);
     m_layout = m_window->saveState();
     m_size = m_window->size();
     m_state = m_window->windowState();
@@ -142,6 +159,8 @@ void qxPresentation::restoreLayout()
 
 bool qxPresentation::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == m_window && event->type() == QEvent::LanguageChange)
+        retranslate();
     if (watched == m_window && event->type() == QEvent::Resize && m_isRestoring
         && m_window->size() == m_size)
         QTimer::singleShot(0, this, &qxPresentation::restoreLayout);

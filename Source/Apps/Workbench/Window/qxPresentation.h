@@ -38,6 +38,7 @@ Q_SIGNALS:
     void ended();
 
 private:
+    void retranslate();
     void hideParts();
     void restoreLayout();
     bool isKey(const QKeyEvent &event) const;

@@ -1,35 +1,33 @@
 #include "Session/qxSession.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "qxController.h"
+#include "qxDemo.h"
+#include "qxFileClaim.h"
 #include "qxPanelEvents.h"
+#include "qxRecentFiles.h"
+#include "qxRecovery.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
-#include "qxUnsavedChanges.h"
 #include "qxWorkbenchWindow.h"
 
-#include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLayout>
-#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QSettings>
+#include <QStandardPaths>
 #include <QStatusBar>
-#include <QTextDocument>
 #include <QTimer>
 #include <QTreeView>
 #include <QUndoStack>
 
 namespace {
-
-const char *const recentKey = "recentFiles";
-const int recentCount = 8;
 
 /// Says what takes its time, and how far it is, as long as it lives.
 class BusyLine {
@@ -87,6 +85,7 @@ void makePlain(QMessageBox &box)
 
 bool qxWorkbenchWindow::openFile(const QString &path)
 {
+    auto claim = std::make_unique<qxFileClaim>(path); // So that a second window asks this one.
     const QString name = QFileInfo(path).fileName();
     m_lastError.clear();
     m_isNewScene = false;
@@ -101,19 +100,40 @@ bool qxWorkbenchWindow::openFile(const QString &path)
         isOpen = m_session->open(path, [&](int step) { busy.takeStep(step); });
         reason = failureReason();
         if (isOpen)
-            showPath(path);
+            showPath(path, std::move(claim));
         else if (m_isNewScene)
             takeBackScene();
         if (m_isNewScene)
             showNewScene();
     }
     if (isOpen)
-        rememberRecent(path);
+        m_recentFiles->remember(path);
     else
         showFailure(tr("\"%1\" cannot be opened.").arg(name), reason);
-    if (isOpen)
+    if (isOpen) {
         askAboutScripts();
+        m_recovery->offer(path);
+    }
     return isOpen;
+}
+
+void qxWorkbenchWindow::offerRecovery()
+{
+    m_recovery->offerAll();
+}
+
+/// The scene of the edits comes from its file first, unless it is open as its file has it.
+void qxWorkbenchWindow::recover(const qxRecoveryFile::Left &left)
+{
+    const bool isOpen =
+        left.scene == (m_path.isEmpty() ? QString() : QFileInfo(m_path).absoluteFilePath())
+        && m_unsaved->sort() == qxUnsavedChanges::None;
+    if (!isOpen && (!mayLeave() || !openFile(left.scene)))
+        return;
+    m_recovery->recover(left);
+    m_events->flush();
+    m_tree->refresh();
+    m_unsaved->look();
 }
 
 /// Half a scene must not be saved. The one before it comes from its file again.
@@ -122,7 +142,46 @@ void qxWorkbenchWindow::takeBackScene()
     if (!m_path.isEmpty() && m_session->open(m_path))
         return;
     m_session->close();
-    showPath(QString());
+    showPath(QString(), nullptr);
+}
+
+void qxWorkbenchWindow::openAnother(const QString &path)
+{
+    {
+        const qxFileClaim claim(path);
+        if (!claim.isHeld() && !(m_claim && m_claim->isOf(path)) && showOtherWindow(claim, path))
+            return;
+    }
+    if (mayLeave())
+        openFile(path);
+}
+
+/// False when the user wants the file in this window all the same.
+bool qxWorkbenchWindow::showOtherWindow(const qxFileClaim &claim, const QString &path)
+{
+    const QString name = QFileInfo(path).fileName();
+    if (claim.showHolder()) {
+        statusBar()->showMessage(tr("\"%1\" is open in another window.").arg(name), 15000);
+        return true;
+    }
+    QMessageBox box(QMessageBox::Question, tr("Workbench"),
+                    tr("\"%1\" is open in another window, which does not answer.").arg(name),
+                    QMessageBox::Cancel, this);
+    box.setInformativeText(tr("What is saved there and what is saved here are two versions. Saving "
+                              "asks before it overwrites the other one."));
+    const QPushButton *const open = box.addButton(tr("Open Here, Too"), QMessageBox::AcceptRole);
+    makePlain(box);
+    box.exec();
+    return box.clickedButton() != open;
+}
+
+void qxWorkbenchWindow::comeToFront()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+    QApplication::alert(this); // Where the desktop keeps the focus with the other program.
 }
 
 void qxWorkbenchWindow::showNewScene()
@@ -133,6 +192,7 @@ void qxWorkbenchWindow::showNewScene()
     m_view->showNewScene();
     m_events->flush();
     m_unsaved->forget();
+    m_recovery->begin(m_path);
 }
 
 bool qxWorkbenchWindow::saveFile(const QString &path)
@@ -161,6 +221,14 @@ bool qxWorkbenchWindow::write(const QString &path)
 {
     const QString name = QFileInfo(path).fileName();
     m_lastError.clear();
+    auto claim = std::make_unique<qxFileClaim>(path);
+    const bool isOwn = m_claim && m_claim->isOf(path);
+    if (!claim->isHeld() && !isOwn && path != m_path) {
+        showFailure(tr("\"%1\" cannot be saved.").arg(name),
+                    tr("The file is open in another window. Close it there, or save under another "
+                       "name."));
+        return false;
+    }
     bool isSaved = false;
     {
         const BusyLine busy(statusBar(), {tr("Saving \"%1\"...").arg(name)});
@@ -173,8 +241,9 @@ bool qxWorkbenchWindow::write(const QString &path)
     m_events->flush();
     m_sets->undoStack()->setClean();
     m_unsaved->forget();
-    showPath(path);
-    rememberRecent(path);
+    m_recovery->begin(path);
+    showPath(path, std::move(claim));
+    m_recentFiles->remember(path);
     statusBar()->showMessage(tr("\"%1\" is saved.").arg(name), 5000);
     return true;
 }
@@ -192,32 +261,50 @@ void qxWorkbenchWindow::showFailure(const QString &what, const QString &reason)
     box.exec();
 }
 
-void qxWorkbenchWindow::showPath(const QString &path)
+/// The claim is that of the file, unless the window has it already.
+void qxWorkbenchWindow::showPath(const QString &path, std::unique_ptr<qxFileClaim> claim)
 {
     m_path = path;
+    if (path.isEmpty() || !m_claim || !m_claim->isOf(path))
+        m_claim = std::move(claim);
+    if (m_claim)
+        connect(m_claim.get(), &qxFileClaim::wanted, this, &qxWorkbenchWindow::comeToFront,
+                Qt::UniqueConnection);
     setWindowFilePath(path);
     showTitle();
+    showCentre();
 }
 
 void qxWorkbenchWindow::showTitle()
 {
-    setWindowTitle(m_path.isEmpty() ? tr("Workbench[*]")
-                                    : tr("%1[*] - Workbench").arg(QFileInfo(m_path).fileName()));
+    const QString name = QFileInfo(m_path).fileName();
+    if (m_path.isEmpty())
+        setWindowTitle(tr("Workbench[*]"));
+    else if (m_showsOtherState)
+        setWindowTitle(tr("%1 (shows another state) - Workbench").arg(name));
+    else
+        setWindowTitle(tr("%1[*] - Workbench").arg(name));
+}
+
+void qxWorkbenchWindow::showUnsaved(qxUnsavedChanges::Sort sort)
+{
+    m_showsOtherState = sort == qxUnsavedChanges::ShownState;
+    setWindowModified(sort == qxUnsavedChanges::Edits);
+    showTitle();
 }
 
 void qxWorkbenchWindow::askAndOpen()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Open a scene"), QFileInfo(m_path).path(), tr("Scenes (*.gltf *.glb)"));
-    if (!path.isEmpty() && mayLeave())
-        openFile(path);
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open a scene"), usualFolder(),
+                                                      tr("Scenes (*.gltf *.glb)"));
+    if (!path.isEmpty())
+        openAnother(path);
 }
 
 bool qxWorkbenchWindow::askAndSaveAs()
 {
     finishTyping();
-    QFileDialog dialog(this, tr("Save the scene"), QFileInfo(m_path).path(),
-                       tr("Scenes (*.gltf *.glb)"));
+    QFileDialog dialog(this, tr("Save the scene"), usualFolder(), tr("Scenes (*.gltf *.glb)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     const QString suffix = QFileInfo(m_path).suffix();
     dialog.setDefaultSuffix(suffix.isEmpty() ? QStringLiteral("gltf") : suffix);
@@ -228,7 +315,22 @@ bool qxWorkbenchWindow::askAndSaveAs()
 bool qxWorkbenchWindow::save()
 {
     finishTyping();
-    return m_path.isEmpty() ? askAndSaveAs() : saveFile(m_path);
+    return m_path.isEmpty() || isToBeCopied() ? askAndSaveAs() : saveFile(m_path);
+}
+
+/// Whether the file stays as it is: the demo, and what this user cannot write.
+bool qxWorkbenchWindow::isToBeCopied() const
+{
+    const QFileInfo file(m_path);
+    return m_path == qxDemo::scene() || (file.exists() && !file.isWritable());
+}
+
+/// Where the user's scenes are, as far as it is known.
+QString qxWorkbenchWindow::usualFolder() const
+{
+    if (m_path.isEmpty() || isToBeCopied())
+        return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(m_path).path();
 }
 
 /// Fields take what was typed when they are left.
@@ -247,14 +349,21 @@ void qxWorkbenchWindow::finishTyping()
 bool qxWorkbenchWindow::mayLeave()
 {
     finishTyping();
-    if (!m_unsaved->areThere())
+    const qxUnsavedChanges::Sort sort = m_unsaved->sort();
+    if (sort == qxUnsavedChanges::None)
         return true;
-    const QString text = m_path.isEmpty()
-        ? tr("The scene has unsaved changes.")
-        : tr("\"%1\" has unsaved changes.").arg(QFileInfo(m_path).fileName());
+    const bool isEdited = sort == qxUnsavedChanges::Edits;
+    QString text = isEdited ? tr("\"%1\" has unsaved changes.")
+                            : tr("\"%1\" shows another state than its file.");
+    text = m_path.isEmpty() ? tr("The scene has unsaved changes.")
+                            : text.arg(QFileInfo(m_path).fileName());
     QMessageBox box(QMessageBox::Question, tr("Workbench"), text,
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
-    box.setDefaultButton(QMessageBox::Save);
+    if (!isEdited)
+        box.setInformativeText(
+            tr("Sets and variants are saved. Saving also keeps what is shown now, "
+               "as the state in which the file opens."));
+    box.setDefaultButton(isEdited ? QMessageBox::Save : QMessageBox::Discard);
     makePlain(box);
     const int answer = box.exec();
     if (answer == QMessageBox::Save)
@@ -280,38 +389,8 @@ void qxWorkbenchWindow::dropEvent(QDropEvent *event)
 
 void qxWorkbenchWindow::openFirst(const QStringList &paths)
 {
-    if (mayLeave() && openFile(paths.first()) && paths.size() > 1)
+    openAnother(paths.first());
+    if (paths.size() > 1 && m_path == paths.first())
         statusBar()->showMessage(tr("One scene is open at a time: the others were left out."),
                                  15000);
-}
-
-void qxWorkbenchWindow::fillRecentMenu()
-{
-    m_recent->clear();
-    m_recent->setToolTipsVisible(true);
-    int number = 0;
-    for (const QString &path : QSettings().value(recentKey).toStringList()) {
-        QString name = QFileInfo(path).fileName();
-        name.replace(QLatin1Char('&'), QLatin1String("&&"));
-        QAction *const action =
-            m_recent->addAction(QStringLiteral("&%1 %2").arg(++number).arg(name));
-        action->setToolTip(Qt::convertFromPlainText(path, Qt::WhiteSpaceNormal));
-        action->setEnabled(QFileInfo::exists(path));
-        connect(action, &QAction::triggered, this, [this, path] {
-            if (mayLeave())
-                openFile(path);
-        });
-    }
-    if (number == 0)
-        m_recent->addAction(tr("None yet"))->setEnabled(false);
-}
-
-void qxWorkbenchWindow::rememberRecent(const QString &path)
-{
-    QSettings settings;
-    QStringList paths = settings.value(recentKey).toStringList();
-    const QString whole = QFileInfo(path).absoluteFilePath();
-    paths.removeAll(whole);
-    paths.prepend(whole);
-    settings.setValue(recentKey, QStringList(paths.mid(0, recentCount)));
 }

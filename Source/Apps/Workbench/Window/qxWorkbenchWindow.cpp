@@ -8,6 +8,8 @@
 #include "Variants/qxVariantsDock.h"
 #include "qxAnimationBar.h"
 #include "qxController.h"
+#include "qxFileClaim.h"
+#include "qxKeysPage.h"
 #include "qxLanguage.h"
 #include "qxLogView.h"
 #include "qxNames.h"
@@ -17,10 +19,16 @@
 #include "qxPictureExport.h"
 #include "qxPresentation.h"
 #include "qxPreviewMaker.h"
+#include "qxRecentFiles.h"
+#include "qxRecovery.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
+#include "qxScenegraph.h"
 #include "qxScriptConsole.h"
+#include "qxStartPage.h"
+#include "qxTheme.h"
 #include "qxUnsavedChanges.h"
+#include "qxWindowLayout.h"
 #include "qxWindowWatchdog.h"
 
 #include <QAction>
@@ -29,29 +37,25 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
-#include <QSettings>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
 #include <QTreeView>
 #include <QUndoStack>
 
-namespace {
-
-const char *const layoutKey = "window/layout";
-const char *const geometryKey = "window/geometry";
-
-} // namespace
-
 qxWorkbenchWindow::qxWorkbenchWindow()
-    : m_language(std::make_unique<qxLanguage>()), m_session(std::make_unique<qxSession>()),
-      m_events(new qxPanelEvents(this)), m_view(new qxSceneView),
+    : m_language(std::make_unique<qxLanguage>()), m_theme(std::make_unique<qxTheme>()),
+      m_session(std::make_unique<qxSession>()), m_events(new qxPanelEvents(this)),
+      m_view(new qxSceneView), m_recentFiles(new qxRecentFiles(this)),
+      m_start(new qxStartPage(m_recentFiles)), m_centre(new QStackedWidget),
       m_pictureDialog(std::make_unique<qxPictureDialog>(this))
 {
     qxMainWindow::set(this);
     qxVariantBindings::setArguments(QStringList(QString())); // as at a prompt
     setAcceptDrops(true);
-    setDockNestingEnabled(true);
-    setCentralWidget(m_view);
+    m_centre->addWidget(m_start);
+    m_centre->addWidget(m_view);
+    setCentralWidget(m_centre);
     buildDocks();
     m_presentation = new qxPresentation(this, m_view, m_sets);
     connect(m_presentation, &qxPresentation::ended, this, &qxWorkbenchWindow::closeLater);
@@ -63,6 +67,11 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     buildViewMenu();
     buildSetsMenu();
     buildHelpMenu();
+    buildToolBar();
+    connect(m_recentFiles, &qxRecentFiles::chosen, this, &qxWorkbenchWindow::openAnother);
+    connect(m_start, &qxStartPage::fileWanted, this, &qxWorkbenchWindow::openAnother);
+    connect(m_start, &qxStartPage::openWanted, this, &qxWorkbenchWindow::askAndOpen);
+    connect(m_events, &qxPanelEvents::setsChanged, this, &qxWorkbenchWindow::showCentre);
     connect(m_view, &qxSceneView::nodePicked, this, &qxWorkbenchWindow::showPicked);
     auto *const progress = new QLabel;
     statusBar()->addPermanentWidget(progress);
@@ -74,7 +83,9 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_previews, &qxPreviewMaker::noteEdit);
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
-    connect(m_unsaved, &qxUnsavedChanges::looked, this, &QWidget::setWindowModified);
+    connect(m_unsaved, &qxUnsavedChanges::looked, this, &qxWorkbenchWindow::showUnsaved);
+    m_recovery = new qxRecovery(m_sets->undoStack(), m_events, this);
+    connect(m_recovery, &qxRecovery::recoverWanted, this, &qxWorkbenchWindow::recover);
     connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_unsaved, &qxUnsavedChanges::look);
     connect(m_console, &qxScriptConsole::aboutToRun, this, &qxWorkbenchWindow::rememberForScript);
     connect(m_console, &qxScriptConsole::statementRan, this, &qxWorkbenchWindow::followScripts);
@@ -87,9 +98,11 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_watchdog.get(), &qxWindowWatchdog::stillRuns, this,
             [this] { statusBar()->showMessage(tr("A script is running. Escape ends it."), 2000); });
     watchBlockedScripts();
-    showPath(QString());
+    showPath(QString(), nullptr);
     retranslate();
-    restoreLayout();
+    m_layout = new qxWindowLayout(this);
+    m_layout->restore();
+    m_animation->hide(); // until a scene has animations
 }
 
 qxWorkbenchWindow::~qxWorkbenchWindow()
@@ -102,7 +115,9 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     m_blockedScripts.reset();
     m_before.reset();
     m_beforeScript.reset();
+    delete m_keys;
     delete m_unsaved;
+    delete m_recovery;
     delete m_animation;
     delete takeCentralWidget();
     for (QDockWidget *dock : findChildren<QDockWidget *>())
@@ -136,20 +151,9 @@ void qxWorkbenchWindow::buildDocks()
     giveKey(m_animation->playAction(), Qt::Key_Space);
     giveKey(m_animation->stopAction(), Qt::SHIFT + Qt::Key_Space);
 
-    addDock(dockOf(m_treeView, QT_TR_NOOP("Scene"), QStringLiteral("scene")),
-            Qt::LeftDockWidgetArea);
-    addDock(m_variants, Qt::LeftDockWidgetArea);
-    addDock(m_sets, Qt::RightDockWidgetArea);
-    QDockWidget *const log = dockOf(m_log, QT_TR_NOOP("Log"), QStringLiteral("log"));
-    addDock(log, Qt::BottomDockWidgetArea);
-    QDockWidget *const console =
-        dockOf(m_console, QT_TR_NOOP("Scripts"), QStringLiteral("scripts"));
-    addDock(console, Qt::BottomDockWidgetArea);
-    tabifyDockWidget(log, console);
-    log->raise();
-    // Lists are long, lines are few.
-    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    dockOf(m_treeView, QT_TR_NOOP("Scene"), QStringLiteral("scene"));
+    dockOf(m_log, QT_TR_NOOP("Log"), QStringLiteral("log"));
+    dockOf(m_console, QT_TR_NOOP("Scripts"), QStringLiteral("scripts"));
 }
 
 /// One that works while the view has the focus: lists use it themselves.
@@ -158,11 +162,6 @@ void qxWorkbenchWindow::giveKey(QAction *action, const QKeySequence &key)
     action->setShortcut(key);
     action->setShortcutContext(Qt::WidgetShortcut);
     m_view->QWidget::addAction(action);
-}
-
-void qxWorkbenchWindow::addDock(QDockWidget *dock, Qt::DockWidgetArea area)
-{
-    addDockWidget(area, dock);
 }
 
 QDockWidget *qxWorkbenchWindow::dockOf(QWidget *contents, const char *title, const QString &name)
@@ -185,8 +184,14 @@ void qxWorkbenchWindow::retranslate()
 {
     for (const auto &action : m_texts)
         action.first->setText(tr(action.second));
-    for (const auto &dock : m_titles)
+    for (const auto &dock : m_titles) {
         dock.first->setWindowTitle(tr(dock.second));
+        dock.first->widget()->setAccessibleName(dock.first->windowTitle());
+    }
+    m_tools->setWindowTitle(tr("Tools"));
+    m_undo->setIconText(tr("Undo"));
+    m_redo->setIconText(tr("Redo"));
+    m_back->setIconText(tr("Back"));
     showUndo();
     showTitle();
     m_tree->retranslate();
@@ -194,15 +199,14 @@ void qxWorkbenchWindow::retranslate()
 
 void qxWorkbenchWindow::closeEvent(QCloseEvent *event)
 {
+    if (m_presentation->isRunning()) { // The layout to remember is the one before it.
+        m_closesLater = true;
+        m_presentation->end();
+        return event->ignore();
+    }
     if (!mayLeave())
         return event->ignore();
-    m_closesLater = m_presentation->isRunning(); // The layout to remember is the one before it.
-    m_presentation->end();
-    if (m_closesLater)
-        return event->ignore();
-    QSettings settings;
-    settings.setValue(layoutKey, saveState());
-    settings.setValue(geometryKey, saveGeometry());
+    m_layout->save();
     QMainWindow::closeEvent(event);
 }
 
@@ -213,25 +217,25 @@ void qxWorkbenchWindow::closeLater()
     m_closesLater = false;
 }
 
-void qxWorkbenchWindow::restoreLayout()
+/// The start page, as long as there is neither a scene nor a set.
+void qxWorkbenchWindow::showCentre()
 {
-    const QSettings settings;
-    resize(1280, 800);
-    restoreGeometry(settings.value(geometryKey).toByteArray());
-    m_hasLayout = restoreState(settings.value(layoutKey).toByteArray());
-    m_animation->hide(); // until a scene has animations
+    const bool isEmpty =
+        m_path.isEmpty() && m_session->isEmpty() && qxScenegraph::getRoot()->getNChildren() == 0;
+    QWidget *const shown = isEmpty ? static_cast<QWidget *>(m_start) : m_view;
+    if (m_centre->currentWidget() == shown)
+        return;
+    const bool hadFocus = m_centre->isAncestorOf(focusWidget());
+    m_centre->setCurrentWidget(shown);
+    if (hadFocus)
+        shown->setFocus();
 }
 
-/// Docks take a size only when the window has one.
-void qxWorkbenchWindow::showEvent(QShowEvent *event)
+void qxWorkbenchWindow::showKeys()
 {
-    QMainWindow::showEvent(event);
-    if (m_hasLayout)
-        return;
-    m_hasLayout = true;
-    resizeDocks({dockAround(m_log)}, {height() / 6}, Qt::Vertical);
-    resizeDocks({m_sets, m_variants}, {width() * 28 / 100, width() * 23 / 100}, Qt::Horizontal);
-    resizeDocks({dockAround(m_treeView), m_variants}, {2, 3}, Qt::Vertical);
+    delete m_keys; // The keys of sets may be others now.
+    m_keys = new qxKeysPage(*this, this);
+    m_keys->show();
 }
 
 void qxWorkbenchWindow::showPicked(const osg::NodePtr &node)

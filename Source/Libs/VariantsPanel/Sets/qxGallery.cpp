@@ -1,5 +1,6 @@
 #include "qxGallery.h"
 
+#include "qxKeyHints.h"
 #include "qxSetDelegate.h"
 #include "qxSetsModel.h"
 
@@ -31,6 +32,17 @@ qxGallery::qxGallery(QWidget *parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_wanted = usual * fontMetrics().height();
+    retranslate();
+}
+
+void qxGallery::retranslate()
+{
+    setAccessibleName(tr("Gallery of the variant sets"));
+    qxKeyHints::tell(*this,
+                     {{tr("Wheel with Ctrl"), tr("Larger or smaller previews")},
+                      {QKeySequence::listToString({Qt::Key_Left, Qt::Key_Right},
+                                                  QKeySequence::NativeText),
+                       tr("On a heading: close it, open it")}});
 }
 
 int qxGallery::leastTileWidth() const
@@ -77,6 +89,8 @@ void qxGallery::changeEvent(QEvent *event)
     QListView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         fitTiles();
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
 }
 
 /// What takes too long to decode comes in the next turn.

@@ -39,6 +39,7 @@ protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
+    void retranslate();
     void fitTiles();
     QModelIndex alongFrom(int row, int step, bool isPage);
     bool isHeading(int row) const;
