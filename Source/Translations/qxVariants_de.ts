@@ -119,11 +119,11 @@
     <name>qxExportProgress</name>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Picture of &quot;%1&quot; ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild von „%1“ …</translation>
     </message>
 </context>
 <context>
@@ -838,64 +838,64 @@
     <name>qxGallery</name>
     <message>
         <source>Gallery of the variant sets</source>
-        <translation type="unfinished"></translation>
+        <translation>Galerie der Variantensets</translation>
     </message>
     <message>
         <source>Wheel with Ctrl</source>
-        <translation type="unfinished"></translation>
+        <translation>Rad mit Strg</translation>
     </message>
     <message>
         <source>Larger or smaller previews</source>
-        <translation type="unfinished"></translation>
+        <translation>Größere oder kleinere Vorschaubilder</translation>
     </message>
     <message>
         <source>On a heading: close it, open it</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf einer Überschrift: schließen, öffnen</translation>
     </message>
 </context>
 <context>
     <name>qxGalleryBar</name>
     <message>
         <source>Make Previews</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder erzeugen</translation>
     </message>
     <message>
         <source>Make the previews that are missing or out of date</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Vorschaubilder erzeugen, die fehlen oder veraltet sind</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Size of the previews (Ctrl and the wheel)</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe der Vorschaubilder (Strg und das Rad)</translation>
     </message>
     <message>
         <source>Size of the previews</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe der Vorschaubilder</translation>
     </message>
     <message>
         <source>Previews</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorschaubilder</translation>
     </message>
     <message numerus="yes">
         <source>%n missing</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n fehlt</numerusform>
+            <numerusform>%n fehlen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n out of date</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n veraltet</numerusform>
+            <numerusform>%n veraltet</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished">%1 von %2</translation>
+        <translation>%1 von %2</translation>
     </message>
 </context>
 <context>
@@ -1044,71 +1044,71 @@
     <name>qxPictureExport</name>
     <message>
         <source>PNG pictures (*.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>PNG-Bilder (*.png)</translation>
     </message>
     <message>
         <source>JPEG pictures (*.jpg *.jpeg)</source>
-        <translation type="unfinished"></translation>
+        <translation>JPEG-Bilder (*.jpg *.jpeg)</translation>
     </message>
     <message>
         <source>WebP pictures (*.webp)</source>
-        <translation type="unfinished"></translation>
+        <translation>WebP-Bilder (*.webp)</translation>
     </message>
     <message>
         <source>Scene</source>
-        <translation type="unfinished">Szene</translation>
+        <translation>Szene</translation>
     </message>
     <message>
         <source>Save Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild speichern</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ kann nicht geschrieben werden.</translation>
     </message>
     <message>
         <source>Pictures are PNG or JPEG: the name of the file ends with .png or .jpg.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder sind PNG oder JPEG: Der Name der Datei endet mit .png oder .jpg.</translation>
     </message>
     <message>
         <source>Nothing of the scene is to be seen in the picture: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Bild ist nichts von der Szene zu sehen: %1.</translation>
     </message>
     <message>
         <source>There is nothing for a sheet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Für einen Bogen ist nichts da.</translation>
     </message>
     <message>
         <source>The scene has no variant sets.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Szene hat keine Variantensets.</translation>
     </message>
     <message>
         <source>Save Sheet: Each Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bogen speichern: jedes Bild</translation>
     </message>
     <message>
         <source>Save Sheet</source>
-        <translation type="unfinished"></translation>
+        <translation>Bogen speichern</translation>
     </message>
     <message>
         <source>Export Catalogue</source>
-        <translation type="unfinished"></translation>
+        <translation>Katalog exportieren</translation>
     </message>
     <message>
         <source>Web pages (*.html)</source>
-        <translation type="unfinished"></translation>
+        <translation>Webseiten (*.html)</translation>
     </message>
     <message>
         <source>It is too large.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist zu groß.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is saved.</source>
-        <translation type="unfinished">„%1“ ist gespeichert.</translation>
+        <translation>„%1“ ist gespeichert.</translation>
     </message>
     <message>
         <source>Workbench</source>
-        <translation type="unfinished">Workbench</translation>
+        <translation>Workbench</translation>
     </message>
 </context>
 <context>
@@ -1138,62 +1138,62 @@
     <name>qxPictureWish</name>
     <message>
         <source> pixels</source>
-        <translation type="unfinished"></translation>
+        <translation> Pixel</translation>
     </message>
     <message>
         <source>&amp;Width:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Breite:</translation>
     </message>
     <message>
         <source>&amp;Height:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Höhe:</translation>
     </message>
     <message>
         <source>Quick: hard light, jagged edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Schnell: hartes Licht, treppige Kanten</translation>
     </message>
     <message>
         <source>Best: soft shadows, reflections</source>
-        <translation type="unfinished"></translation>
+        <translation>Beste: weiche Schatten, Spiegelungen</translation>
     </message>
     <message>
         <source>&amp;Quality:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Qualität:</translation>
     </message>
     <message>
         <source>&amp;Transparent background (PNG)</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Durchsichtiger Hintergrund (PNG)</translation>
     </message>
     <message>
         <source>&amp;Save...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Speichern …</translation>
     </message>
 </context>
 <context>
     <name>qxPresentation</name>
     <message>
         <source>Presentation</source>
-        <translation type="unfinished"></translation>
+        <translation>Präsentation</translation>
     </message>
     <message>
         <source>Next set</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächstes Set</translation>
     </message>
     <message>
         <source>Previous set</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriges Set</translation>
     </message>
     <message>
         <source>Show or hide the name of the set</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Namen des Sets zeigen oder verbergen</translation>
     </message>
     <message>
         <source>End the presentation</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Präsentation beenden</translation>
     </message>
     <message>
         <source>Escape ends the presentation. Left and Right lead to other sets, N shows their names.</source>
-        <translation type="unfinished"></translation>
+        <translation>Escape beendet die Präsentation. Links und Rechts führen zu anderen Sets, N zeigt ihre Namen.</translation>
     </message>
 </context>
 <context>
@@ -1700,34 +1700,34 @@
     </message>
     <message>
         <source>In No Group</source>
-        <translation type="unfinished"></translation>
+        <translation>In keiner Gruppe</translation>
     </message>
     <message numerus="yes">
         <source>Group %1, %n sets</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Gruppe %1, %n Set</numerusform>
+            <numerusform>Gruppe %1, %n Sets</numerusform>
         </translation>
     </message>
     <message>
         <source>The set, the scene or the light has changed since the preview was made.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Set, die Szene oder das Licht hat sich geändert, seit das Vorschaubild entstand.</translation>
     </message>
     <message>
         <source>shown now</source>
-        <translation type="unfinished"></translation>
+        <translation>jetzt zu sehen</translation>
     </message>
     <message>
         <source>key %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Taste %1</translation>
     </message>
     <message>
         <source>empty</source>
-        <translation type="unfinished"></translation>
+        <translation>leer</translation>
     </message>
     <message>
         <source>the preview is out of date</source>
-        <translation type="unfinished"></translation>
+        <translation>das Vorschaubild ist veraltet</translation>
     </message>
 </context>
 <context>
@@ -2365,23 +2365,23 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     </message>
     <message>
         <source>Save &amp;Picture...</source>
-        <translation type="unfinished"></translation>
+        <translation>Bil&amp;d speichern …</translation>
     </message>
     <message>
         <source>Save S&amp;heet...</source>
-        <translation type="unfinished"></translation>
+        <translation>Bo&amp;gen speichern …</translation>
     </message>
     <message>
         <source>Export Cata&amp;logue...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Presentation</source>
-        <translation type="unfinished"></translation>
+        <translation>Ka&amp;talog exportieren …</translation>
     </message>
     <message>
         <source>Na&amp;mes in Presentation</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Namen in der Präsentation</translation>
+    </message>
+    <message>
+        <source>Presentatio&amp;n</source>
+        <translation>&amp;Präsentation</translation>
     </message>
 </context>
 </TS>

@@ -5,16 +5,16 @@
     <name>qxGalleryBar</name>
     <message numerus="yes">
         <source>%n missing</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n missing</numerusform>
+            <numerusform>%n missing</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n out of date</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n out of date</numerusform>
+            <numerusform>%n out of date</numerusform>
         </translation>
     </message>
 </context>
@@ -97,9 +97,9 @@
     </message>
     <message numerus="yes">
         <source>Group %1, %n sets</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Group %1, %n set</numerusform>
+            <numerusform>Group %1, %n sets</numerusform>
         </translation>
     </message>
 </context>

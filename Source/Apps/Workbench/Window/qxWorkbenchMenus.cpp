@@ -119,7 +119,7 @@ void qxWorkbenchWindow::buildViewMenu()
     });
     named(menu->addMenu(new qxLightMenu(this)), QT_TR_NOOP("Light and Back&ground"));
     menu->addSeparator();
-    menu->addAction(named(m_presentation->action(), QT_TR_NOOP("&Presentation")));
+    menu->addAction(named(m_presentation->action(), QT_TR_NOOP("Presentatio&n")));
     menu->addAction(named(m_presentation->namesAction(), QT_TR_NOOP("Na&mes in Presentation")));
     menu->addSeparator();
     auto *const panes = new QMenu(this);

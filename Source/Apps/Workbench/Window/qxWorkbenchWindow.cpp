@@ -57,11 +57,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     m_centre->addWidget(m_view);
     setCentralWidget(m_centre);
     buildDocks();
-    m_presentation = new qxPresentation(this, m_view, m_sets);
-    connect(m_presentation, &qxPresentation::ended, this, &qxWorkbenchWindow::closeLater);
-    m_export = new qxPictureExport(this, m_sets, [this] { return m_path; });
-    connect(m_export, &qxPictureExport::done, this,
-            [this](const QString &sentence) { statusBar()->showMessage(sentence, 15000); });
+    buildPictures();
     buildFileMenu();
     buildEditMenu();
     buildViewMenu();
@@ -79,8 +75,6 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_sets, &qxVariantSetsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
     connect(m_events, &qxPanelEvents::aboutToForget, this, &qxWorkbenchWindow::forgetScene);
     connect(m_variants, &qxVariantsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
-    m_previews = new qxPreviewMaker(m_sets, m_events, this);
-    connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_previews, &qxPreviewMaker::noteEdit);
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &qxWorkbenchWindow::showUnsaved);
@@ -103,6 +97,18 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     m_layout = new qxWindowLayout(this);
     m_layout->restore();
     m_animation->hide(); // until a scene has animations
+}
+
+/// Whatever makes pictures besides the view.
+void qxWorkbenchWindow::buildPictures()
+{
+    m_previews = new qxPreviewMaker(m_sets, m_events, this);
+    connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_previews, &qxPreviewMaker::noteEdit);
+    m_presentation = new qxPresentation(this, m_view, m_sets);
+    connect(m_presentation, &qxPresentation::ended, this, &qxWorkbenchWindow::closeLater);
+    m_export = new qxPictureExport(this, m_sets, [this] { return m_path; });
+    connect(m_export, &qxPictureExport::done, this,
+            [this](const QString &sentence) { statusBar()->showMessage(sentence, 15000); });
 }
 
 qxWorkbenchWindow::~qxWorkbenchWindow()

@@ -38,11 +38,11 @@ qxGallery::qxGallery(QWidget *parent)
 void qxGallery::retranslate()
 {
     setAccessibleName(tr("Gallery of the variant sets"));
-    qxKeyHints::tell(*this,
-                     {{tr("Wheel with Ctrl"), tr("Larger or smaller previews")},
-                      {QKeySequence::listToString({Qt::Key_Left, Qt::Key_Right},
-                                                  QKeySequence::NativeText),
-                       tr("On a heading: close it, open it")}});
+    qxKeyHints::tell(
+        *this,
+        {{tr("Wheel with Ctrl"), tr("Larger or smaller previews")},
+         {QKeySequence::listToString({Qt::Key_Left, Qt::Key_Right}, QKeySequence::NativeText),
+          tr("On a heading: close it, open it")}});
 }
 
 int qxGallery::leastTileWidth() const

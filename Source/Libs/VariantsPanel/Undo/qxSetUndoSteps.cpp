@@ -4,7 +4,8 @@
 #include "qxVariants.h"
 
 #include "qxPanelChanges.h"
-#include "qxSetEdits.h"
+
+#include <QCoreApplication>
 
 namespace {
 
@@ -103,8 +104,10 @@ qxPreviewsEdit::qxPreviewsEdit(const Previews &before, const Previews &after, in
 
 QString qxPreviewsEdit::textOf(const Previews &previews)
 {
-    return previews.size() == 1 ? qxSetEdits::tr("Preview of \"%1\"").arg(previews.firstKey())
-                                : qxSetEdits::tr("Previews of %n sets", nullptr, previews.size());
+    return previews.size() == 1
+        ? QCoreApplication::translate("qxSetEdits", "Preview of \"%1\"").arg(previews.firstKey())
+        : QCoreApplication::translate("qxSetEdits", "Previews of %n sets", nullptr,
+                                      previews.size());
 }
 
 int qxPreviewsEdit::id() const
