@@ -60,6 +60,12 @@ void qxPreviewAge::look()
         Q_EMIT changed();
 }
 
+void qxPreviewAge::forget()
+{
+    m_made.clear();
+    look();
+}
+
 /// What a picture of the set would be made of now.
 QByteArray qxPreviewAge::presentOf(const qxVariantSet &set) const
 {

@@ -9,7 +9,7 @@
 
 class qxVariantSet;
 
-/// Whether previews that were made since the program began still fit their sets.
+/// Whether previews that were made since the scene was opened still fit their sets.
 ///
 /// It remembers what a preview was made of: what the set refers to, what the variants make of it,
 /// and what the host says of scene and light. It does not know what other sets have left in parts
@@ -32,6 +32,8 @@ public:
     bool isStale(const qxVariantSet &set) const;
     /// Sets, variants or surroundings may have changed.
     void look();
+    /// There is another scene.
+    void forget();
 
 Q_SIGNALS:
     /// What isStale says may be different now.

@@ -69,6 +69,7 @@ qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     connect(hotkeys, &qxSetHotkeys::optionPressed, this, &qxVariantSetsDock::selectOption);
     // Steps hold parts of the scene.
     connect(m_events, &qxPanelEvents::aboutToForget, undoStack(), &QUndoStack::clear);
+    connect(m_events, &qxPanelEvents::aboutToForget, m_age, &qxPreviewAge::forget);
     followCurrent();
 }
 
