@@ -454,6 +454,17 @@
     </message>
 </context>
 <context>
+    <name>qxExportProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Picture of &quot;%1&quot; ...</source>
+        <translation>Bild von „%1“ …</translation>
+    </message>
+</context>
+<context>
     <name>qxFileText</name>
     <message>
         <source>indices are not of an unsigned integer type</source>
@@ -1162,6 +1173,70 @@
     </message>
 </context>
 <context>
+    <name>qxGallery</name>
+    <message>
+        <source>Gallery of the variant sets</source>
+        <translation>Galerie der Variantensets</translation>
+    </message>
+    <message>
+        <source>Wheel with Ctrl</source>
+        <translation>Rad mit Strg</translation>
+    </message>
+    <message>
+        <source>Larger or smaller previews</source>
+        <translation>Größere oder kleinere Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>On a heading: close it, open it</source>
+        <translation>Auf einer Überschrift: schließen, öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>qxGalleryBar</name>
+    <message>
+        <source>Make Previews</source>
+        <translation>Bilder erzeugen</translation>
+    </message>
+    <message>
+        <source>Make the previews that are missing or out of date</source>
+        <translation>Die Vorschaubilder erzeugen, die fehlen oder veraltet sind</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Size of the previews (Ctrl and the wheel)</source>
+        <translation>Größe der Vorschaubilder (Strg und das Rad)</translation>
+    </message>
+    <message>
+        <source>Size of the previews</source>
+        <translation>Größe der Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>Previews</source>
+        <translation>Vorschaubilder</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n missing</source>
+        <translation>
+            <numerusform>%n fehlt</numerusform>
+            <numerusform>%n fehlen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n out of date</source>
+        <translation>
+            <numerusform>%n veraltet</numerusform>
+            <numerusform>%n veraltet</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>qxKeyList</name>
     <message>
         <source>Everywhere</source>
@@ -1338,6 +1413,77 @@
     </message>
 </context>
 <context>
+    <name>qxPictureExport</name>
+    <message>
+        <source>PNG pictures (*.png)</source>
+        <translation>PNG-Bilder (*.png)</translation>
+    </message>
+    <message>
+        <source>JPEG pictures (*.jpg *.jpeg)</source>
+        <translation>JPEG-Bilder (*.jpg *.jpeg)</translation>
+    </message>
+    <message>
+        <source>WebP pictures (*.webp)</source>
+        <translation>WebP-Bilder (*.webp)</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be written.</source>
+        <translation>„%1“ kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Pictures are PNG or JPEG: the name of the file ends with .png or .jpg.</source>
+        <translation>Bilder sind PNG oder JPEG: Der Name der Datei endet mit .png oder .jpg.</translation>
+    </message>
+    <message>
+        <source>Nothing of the scene is to be seen in the picture: %1.</source>
+        <translation>Auf dem Bild ist nichts von der Szene zu sehen: %1.</translation>
+    </message>
+    <message>
+        <source>There is nothing for a sheet.</source>
+        <translation>Für einen Bogen ist nichts da.</translation>
+    </message>
+    <message>
+        <source>The scene has no variant sets.</source>
+        <translation>Die Szene hat keine Variantensets.</translation>
+    </message>
+    <message>
+        <source>Save Sheet: Each Picture</source>
+        <translation>Bogen speichern: jedes Bild</translation>
+    </message>
+    <message>
+        <source>Save Sheet</source>
+        <translation>Bogen speichern</translation>
+    </message>
+    <message>
+        <source>Export Catalogue</source>
+        <translation>Katalog exportieren</translation>
+    </message>
+    <message>
+        <source>Web pages (*.html)</source>
+        <translation>Webseiten (*.html)</translation>
+    </message>
+    <message>
+        <source>It is too large.</source>
+        <translation>Es ist zu groß.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is saved.</source>
+        <translation>„%1“ ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+</context>
+<context>
     <name>qxPictureHint</name>
     <message>
         <source>all of it is hidden, or it has no triangles</source>
@@ -1361,14 +1507,65 @@
     </message>
 </context>
 <context>
-    <name>qxPreviewDialog</name>
+    <name>qxPictureWish</name>
     <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
+        <source> pixels</source>
+        <translation> Pixel</translation>
     </message>
     <message>
-        <source>Preview of &quot;%1&quot; ...</source>
-        <translation>Vorschau von „%1“ …</translation>
+        <source>&amp;Width:</source>
+        <translation>&amp;Breite:</translation>
+    </message>
+    <message>
+        <source>&amp;Height:</source>
+        <translation>&amp;Höhe:</translation>
+    </message>
+    <message>
+        <source>Quick: hard light, jagged edges</source>
+        <translation>Schnell: hartes Licht, treppige Kanten</translation>
+    </message>
+    <message>
+        <source>Best: soft shadows, reflections</source>
+        <translation>Beste: weiche Schatten, Spiegelungen</translation>
+    </message>
+    <message>
+        <source>&amp;Quality:</source>
+        <translation>&amp;Qualität:</translation>
+    </message>
+    <message>
+        <source>&amp;Transparent background (PNG)</source>
+        <translation>&amp;Durchsichtiger Hintergrund (PNG)</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Speichern …</translation>
+    </message>
+</context>
+<context>
+    <name>qxPresentation</name>
+    <message>
+        <source>Presentation</source>
+        <translation>Präsentation</translation>
+    </message>
+    <message>
+        <source>Next set</source>
+        <translation>Nächstes Set</translation>
+    </message>
+    <message>
+        <source>Previous set</source>
+        <translation>Voriges Set</translation>
+    </message>
+    <message>
+        <source>Show or hide the name of the set</source>
+        <translation>Den Namen des Sets zeigen oder verbergen</translation>
+    </message>
+    <message>
+        <source>End the presentation</source>
+        <translation>Die Präsentation beenden</translation>
+    </message>
+    <message>
+        <source>Escape ends the presentation. Left and Right lead to other sets, N shows their names.</source>
+        <translation>Escape beendet die Präsentation. Links und Rechts führen zu anderen Sets, N zeigt ihre Namen.</translation>
     </message>
 </context>
 <context>
@@ -2333,6 +2530,37 @@
     <message>
         <source>Nothing of what it refers to is in the scene.</source>
         <translation>Nichts, worauf das Set verweist, ist in der Szene vorhanden.</translation>
+    </message>
+    <message>
+        <source>In No Group</source>
+        <translation>In keiner Gruppe</translation>
+    </message>
+    <message numerus="yes">
+        <source>Group %1, %n sets</source>
+        <translation>
+            <numerusform>Gruppe %1, %n Set</numerusform>
+            <numerusform>Gruppe %1, %n Sets</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The set, the scene or the light has changed since the preview was made.</source>
+        <translation>Das Set, die Szene oder das Licht hat sich geändert, seit das Vorschaubild entstand.</translation>
+    </message>
+    <message>
+        <source>shown now</source>
+        <translation>jetzt zu sehen</translation>
+    </message>
+    <message>
+        <source>key %1</source>
+        <translation>Taste %1</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>the preview is out of date</source>
+        <translation>das Vorschaubild ist veraltet</translation>
     </message>
 </context>
 <context>
@@ -3456,6 +3684,26 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>V&amp;ariants</source>
         <translation>&amp;Varianten</translation>
+    </message>
+    <message>
+        <source>Save &amp;Picture...</source>
+        <translation>Bil&amp;d speichern …</translation>
+    </message>
+    <message>
+        <source>Save S&amp;heet...</source>
+        <translation>Bo&amp;gen speichern …</translation>
+    </message>
+    <message>
+        <source>Export Cata&amp;logue...</source>
+        <translation>Ka&amp;talog exportieren …</translation>
+    </message>
+    <message>
+        <source>Presentatio&amp;n</source>
+        <translation>&amp;Präsentation</translation>
+    </message>
+    <message>
+        <source>Na&amp;mes in Presentation</source>
+        <translation>&amp;Namen in der Präsentation</translation>
     </message>
 </context>
 </TS>

@@ -47,6 +47,23 @@
     </message>
 </context>
 <context>
+    <name>qxGalleryBar</name>
+    <message numerus="yes">
+        <source>%n missing</source>
+        <translation>
+            <numerusform>%n missing</numerusform>
+            <numerusform>%n missing</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n out of date</source>
+        <translation>
+            <numerusform>%n out of date</numerusform>
+            <numerusform>%n out of date</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxProblemFixes</name>
     <message numerus="yes">
         <source>Remove %n entries</source>
@@ -235,6 +252,13 @@
         <translation>
             <numerusform>%n state</numerusform>
             <numerusform>%n states</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Group %1, %n sets</source>
+        <translation>
+            <numerusform>Group %1, %n set</numerusform>
+            <numerusform>Group %1, %n sets</numerusform>
         </translation>
     </message>
 </context>
