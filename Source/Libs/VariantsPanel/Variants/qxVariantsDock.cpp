@@ -41,6 +41,7 @@ void qxVariantsDock::changeEvent(QEvent *event)
 void qxVariantsDock::retranslate()
 {
     setWindowTitle(tr("Variants"));
+    m_view->setAccessibleName(windowTitle());
 }
 
 void qxVariantsDock::selectOption(const QModelIndex &index)
