@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>qxRecovery</name>
+    <message numerus="yes">
+        <source>%n steps can be recovered. The file stays as it is until you save.</source>
+        <translation>
+            <numerusform>%n step can be recovered. The file stays as it is until you save.</numerusform>
+            <numerusform>%n steps can be recovered. The file stays as it is until you save.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxScriptsDialog</name>
     <message numerus="yes">
         <source>... and %n more characters, which are not shown here</source>

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QTimer>
 
 #include <clocale>
 #include <cstdio>
@@ -99,5 +100,7 @@ int qxWindowProgram::run(int argc, char *argv[])
     window.show();
     if (!path.isEmpty())
         window.openAnother(path);
+    else
+        QTimer::singleShot(0, &window, &qxWorkbenchWindow::offerRecovery);
     return QApplication::exec();
 }

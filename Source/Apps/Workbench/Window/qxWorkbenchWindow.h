@@ -1,7 +1,9 @@
 #pragma once
 
 #include "Script/qxFileScripts.h"
+#include "Session/qxRecoveryFile.h"
 #include "Session/qxSceneSnapshot.h"
+#include "qxUnsavedChanges.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -27,7 +29,7 @@ class qxWindowWatchdog;
 class qxSession;
 class qxStartPage;
 class qxTheme;
-class qxUnsavedChanges;
+class qxRecovery;
 class qxVariantSetsDock;
 class qxVariantsDock;
 class qxWindowLayout;
@@ -57,6 +59,8 @@ public:
     qxSceneView *sceneView() const { return m_view; }
     qxScriptConsole *console() const { return m_console; }
 
+    /// Asks about edits that a window left behind which did not end by itself.
+    void offerRecovery();
     /// Restores the scene to its state before the last selection.
     void goBack();
     /// The menu with the files that were opened or saved last, the newest first.
@@ -102,6 +106,8 @@ private:
     void showPath(const QString &path, std::unique_ptr<qxFileClaim> claim);
     void showCentre();
     void showTitle();
+    void showUnsaved(qxUnsavedChanges::Sort sort);
+    void recover(const qxRecoveryFile::Left &left);
     void askAboutScripts();
     void showScripts();
     void decideOn(const QList<qxFileScripts::Script> &scripts);
@@ -146,6 +152,8 @@ private:
     qxLogView *m_log;
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;
+    qxRecovery *m_recovery;
+    bool m_showsOtherState = false; ///< than the file, without any edit
     QMenu *m_recent;
     QAction *m_undo;
     QAction *m_redo;
