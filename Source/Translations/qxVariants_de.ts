@@ -1902,10 +1902,6 @@
         <translation>Grundstellung</translation>
     </message>
     <message>
-        <source>View</source>
-        <translation>Ansicht</translation>
-    </message>
-    <message>
         <source>Left button</source>
         <translation>Linke Taste</translation>
     </message>
@@ -1944,6 +1940,10 @@
     <message>
         <source>Look at the node</source>
         <translation>Den Knoten ansehen</translation>
+    </message>
+    <message>
+        <source>3D View</source>
+        <translation>3D-Ansicht</translation>
     </message>
 </context>
 <context>
@@ -2032,6 +2032,14 @@
             <numerusform>&amp;Vertrauen</numerusform>
             <numerusform>Allen %n &amp;vertrauen</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Sets with scripts</source>
+        <translation>Sets mit Skripten</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>Skript</translation>
     </message>
 </context>
 <context>

@@ -224,6 +224,7 @@ void qxWorkbenchWindow::buildToolBar()
     addToolBar(Qt::TopToolBarArea, m_tools);
     const auto add = [this](QAction *action, const char *icon) {
         action->setIcon(qxIcons::of(icon));
+        action->setIconVisibleInMenu(false); // There a tick says what is on.
         m_tools->addAction(action);
     };
     add(m_open, "open");

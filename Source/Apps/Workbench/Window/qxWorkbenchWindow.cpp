@@ -101,6 +101,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     m_layout = new qxWindowLayout(this);
     m_layout->restore();
     m_animation->hide(); // until a scene has animations
+    m_start->setFocus();
 }
 
 /// Whatever makes pictures besides the view.

@@ -20,6 +20,7 @@
 #include "qxTakenKeys.h"
 #include "qxText.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QCoreApplication>
 #include <QEvent>
@@ -84,6 +85,8 @@ void qxVariantSetsDock::changeEvent(QEvent *event)
 void qxVariantSetsDock::retranslate()
 {
     setWindowTitle(QCoreApplication::translate("qxVariants", "Variant Sets"));
+    for (QAbstractItemView *view : m_view->findChildren<QAbstractItemView *>())
+        view->setAccessibleName(windowTitle());
     m_search->setPlaceholderText(tr("Search sets"));
     m_search->setAccessibleName(m_search->placeholderText());
     const auto shown = [](int key) { return QKeySequence(key).toString(QKeySequence::NativeText); };
