@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>qxAnimationBar</name>
+    <message>
+        <source>Animation</source>
+        <translation>Animation</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Stop: the scene is at rest again</source>
+        <translation>Stopp: Die Szene ist wieder in Ruhe</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Time of the animation</source>
+        <translation>Zeit der Animation</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Animations</source>
+        <translation>Animationen</translation>
+    </message>
+    <message>
+        <source>Which animations play</source>
+        <translation>Welche Animationen abgespielt werden</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 s</source>
+        <translation>%1 von %2 s</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Animation %1</source>
+        <translation>Animation %1</translation>
+    </message>
+</context>
+<context>
     <name>qxCaptureDialog</name>
     <message>
         <source>&amp;Nodes: switches and what is hidden</source>
@@ -769,6 +824,77 @@
     </message>
 </context>
 <context>
+    <name>qxLightMenu</name>
+    <message>
+        <source>&amp;Environment</source>
+        <translation>&amp;Umgebung</translation>
+    </message>
+    <message>
+        <source>&amp;Of the Scene</source>
+        <translation>&amp;Die der Szene</translation>
+    </message>
+    <message>
+        <source>&amp;Studio</source>
+        <translation>&amp;Studio</translation>
+    </message>
+    <message>
+        <source>&amp;Picture...</source>
+        <translation>&amp;Bild …</translation>
+    </message>
+    <message>
+        <source>&amp;Background</source>
+        <translation>&amp;Hintergrund</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic</source>
+        <translation>&amp;Automatisch</translation>
+    </message>
+    <message>
+        <source>&amp;Gradient</source>
+        <translation>&amp;Verlauf</translation>
+    </message>
+    <message>
+        <source>&amp;Plain Colour...</source>
+        <translation>&amp;Einfarbig …</translation>
+    </message>
+    <message>
+        <source>&amp;Ground for Shadows</source>
+        <translation>&amp;Boden für Schatten</translation>
+    </message>
+    <message>
+        <source>B&amp;righter</source>
+        <translation>He&amp;ller</translation>
+    </message>
+    <message>
+        <source>&amp;Darker</source>
+        <translation>&amp;Dunkler</translation>
+    </message>
+    <message>
+        <source>&amp;Normal (Exposure %1)</source>
+        <translation>&amp;Normal (Belichtung %1)</translation>
+    </message>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened.</source>
+        <translation>„%1“ kann nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Environment</source>
+        <translation>Umgebung</translation>
+    </message>
+    <message>
+        <source>Pictures of all directions (*.hdr *.pic *.exr)</source>
+        <translation>Bilder aller Richtungen (*.hdr *.pic *.exr)</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+</context>
+<context>
     <name>qxLogView</name>
     <message>
         <source>Nothing was reported.</source>
@@ -1226,6 +1352,61 @@
     </message>
 </context>
 <context>
+    <name>qxStateWords</name>
+    <message>
+        <source>shown</source>
+        <translation>eingeblendet</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>an</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>ausgeblendet</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>all</source>
+        <translation>alle</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keiner</translation>
+    </message>
+    <message>
+        <source>toggle</source>
+        <translation>umschalten</translation>
+    </message>
+    <message>
+        <source>next</source>
+        <translation>nächster</translation>
+    </message>
+    <message>
+        <source>next (loop)</source>
+        <translation>nächster (im Kreis)</translation>
+    </message>
+    <message>
+        <source>previous</source>
+        <translation>voriger</translation>
+    </message>
+    <message>
+        <source>previous (loop)</source>
+        <translation>voriger (im Kreis)</translation>
+    </message>
+    <message>
+        <source>Place %1</source>
+        <translation>Platz %1</translation>
+    </message>
+    <message>
+        <source>Place %1 of %2</source>
+        <translation>Platz %1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>qxTakenKeys</name>
     <message>
         <source>the window</source>
@@ -1452,6 +1633,26 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Transforms</source>
         <translation>Transformationen</translation>
+    </message>
+    <message>
+        <source>material</source>
+        <translation>Material</translation>
+    </message>
+    <message>
+        <source>overlay</source>
+        <translation>Overlay</translation>
+    </message>
+    <message>
+        <source>transform</source>
+        <translation>Transformation</translation>
+    </message>
+    <message>
+        <source>node</source>
+        <translation>Knoten</translation>
+    </message>
+    <message>
+        <source>light</source>
+        <translation>Licht</translation>
     </message>
 </context>
 <context>
@@ -1733,132 +1934,6 @@ Leertaste: Animationen abspielen oder anhalten. Umschalt+Leertaste: sie beenden.
 
 Die Eingabetaste oder ein Doppelklick wählt das markierte Set aus, F2 benennt es um.
 Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
-    </message>
-</context>
-<context>
-    <name>qxLightMenu</name>
-    <message>
-        <source>&amp;Environment</source>
-        <translation>&amp;Umgebung</translation>
-    </message>
-    <message>
-        <source>&amp;Of the Scene</source>
-        <translation>&amp;Die der Szene</translation>
-    </message>
-    <message>
-        <source>&amp;Studio</source>
-        <translation>&amp;Studio</translation>
-    </message>
-    <message>
-        <source>&amp;Picture...</source>
-        <translation>&amp;Bild …</translation>
-    </message>
-    <message>
-        <source>&amp;Background</source>
-        <translation>&amp;Hintergrund</translation>
-    </message>
-    <message>
-        <source>&amp;Automatic</source>
-        <translation>&amp;Automatisch</translation>
-    </message>
-    <message>
-        <source>&amp;Gradient</source>
-        <translation>&amp;Verlauf</translation>
-    </message>
-    <message>
-        <source>&amp;Plain Colour...</source>
-        <translation>&amp;Einfarbig …</translation>
-    </message>
-    <message>
-        <source>&amp;Ground for Shadows</source>
-        <translation>&amp;Boden für Schatten</translation>
-    </message>
-    <message>
-        <source>B&amp;righter</source>
-        <translation>He&amp;ller</translation>
-    </message>
-    <message>
-        <source>&amp;Darker</source>
-        <translation>&amp;Dunkler</translation>
-    </message>
-    <message>
-        <source>&amp;Normal (Exposure %1)</source>
-        <translation>&amp;Normal (Belichtung %1)</translation>
-    </message>
-    <message>
-        <source>Workbench</source>
-        <translation>Workbench</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; cannot be opened.</source>
-        <translation>„%1“ kann nicht geöffnet werden.</translation>
-    </message>
-    <message>
-        <source>Environment</source>
-        <translation>Umgebung</translation>
-    </message>
-    <message>
-        <source>Pictures of all directions (*.hdr *.pic *.exr)</source>
-        <translation>Bilder aller Richtungen (*.hdr *.pic *.exr)</translation>
-    </message>
-    <message>
-        <source>Background</source>
-        <translation>Hintergrund</translation>
-    </message>
-</context>
-<context>
-    <name>qxAnimationBar</name>
-    <message>
-        <source>Animation</source>
-        <translation>Animation</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>Stopp</translation>
-    </message>
-    <message>
-        <source>Stop: the scene is at rest again</source>
-        <translation>Stopp: Die Szene ist wieder in Ruhe</translation>
-    </message>
-    <message>
-        <source>Loop</source>
-        <translation>Wiederholen</translation>
-    </message>
-    <message>
-        <source>Time of the animation</source>
-        <translation>Zeit der Animation</translation>
-    </message>
-    <message>
-        <source>Speed</source>
-        <translation>Geschwindigkeit</translation>
-    </message>
-    <message>
-        <source>Animations</source>
-        <translation>Animationen</translation>
-    </message>
-    <message>
-        <source>Which animations play</source>
-        <translation>Welche Animationen abgespielt werden</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Pause</translation>
-    </message>
-    <message>
-        <source>Play</source>
-        <translation>Abspielen</translation>
-    </message>
-    <message>
-        <source>%1 of %2 s</source>
-        <translation>%1 von %2 s</translation>
-    </message>
-    <message>
-        <source>All</source>
-        <translation>Alle</translation>
-    </message>
-    <message>
-        <source>Animation %1</source>
-        <translation>Animation %1</translation>
     </message>
 </context>
 </TS>
