@@ -902,6 +902,17 @@
     </message>
 </context>
 <context>
+    <name>qxNameEdits</name>
+    <message>
+        <source>Rename &quot;%1&quot;</source>
+        <translation>„%1“ umbenennen</translation>
+    </message>
+    <message>
+        <source>Repair &quot;%1&quot;</source>
+        <translation>„%1“ reparieren</translation>
+    </message>
+</context>
+<context>
     <name>qxPictureDialog</name>
     <message>
         <source>Rendering the preview ...</source>

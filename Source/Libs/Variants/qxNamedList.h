@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -126,6 +127,9 @@ public:
     void take(T *object);
     /// Takes everything out and returns it in list order.
     std::vector<T *> takeAll();
+    /// Puts these objects of the list into that order, and all others behind them. False when they
+    /// stood so.
+    bool arrange(const std::vector<T *> &order);
 
 private:
     void closePlaces();
@@ -185,6 +189,22 @@ std::vector<T *> qxNamedList<T>::takeAll()
     m_index.clear();
     m_emptyInFront = 0;
     return all;
+}
+
+template <class T>
+bool qxNamedList<T>::arrange(const std::vector<T *> &order)
+{
+    if (size() >= order.size() && std::equal(order.begin(), order.end(), begin()))
+        return false;
+    const std::vector<T *> before = takeAll();
+    const std::set<T *> known(order.begin(), order.end());
+    for (T *object : order)
+        append(object);
+    for (T *object : before) {
+        if (!known.count(object))
+            append(object);
+    }
+    return true;
 }
 
 /// Drops the empty places.

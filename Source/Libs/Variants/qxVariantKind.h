@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <typeinfo>
+#include <vector>
 
 class QString;
 class qxStateList;
@@ -53,6 +54,9 @@ struct qxVariantKind {
     bool (*remove)(const QString &name);
     /// Deletes all variants of the kind and announces the change once.
     void (*clear)();
+    /// Puts these variants of the kind into that order, and all others behind them, announcing
+    /// nothing. False when they stood so.
+    bool (*arrange)(const std::vector<qxVariant *> &order);
 
     /// Brings to the scene what a variant that was just read drives; null where nothing is to do.
     void (*complete)(const qxVariant &variant) = nullptr;

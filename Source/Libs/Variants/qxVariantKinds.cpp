@@ -69,6 +69,14 @@ struct Registered {
             qxDeferredDeletion::bury(variant);
         qxNotify::variantsChanged(Variant::notifications);
     }
+
+    static bool arrange(const std::vector<qxVariant *> &order)
+    {
+        std::vector<Variant *> typed;
+        for (qxVariant *variant : order)
+            typed.push_back(static_cast<Variant *>(variant));
+        return list.arrange(typed);
+    }
 };
 
 /// What the document and people call a kind.
@@ -105,7 +113,8 @@ constexpr qxVariantKind row(const KindNames &names, qxStateList qxVariantReferen
             Variants::create,
             Variants::adopt,
             Variants::remove,
-            Variants::clear};
+            Variants::clear,
+            Variants::arrange};
 }
 
 constexpr qxVariantKind materialRow()

@@ -112,7 +112,7 @@ int RenameRun::run()
     }
     if (!outcome.refusal.isEmpty())
         return qxCommands::fail(outcome.refusal);
-    print(outcome.impact, outcome.objects);
+    print(outcome.impact, outcome.scene ? outcome.scene->count() : 0);
     return m_edited.saveIfAsked(m_parser);
 }
 

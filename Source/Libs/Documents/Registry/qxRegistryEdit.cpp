@@ -1,11 +1,7 @@
 #include "Registry/qxRegistryEdit.h"
 
-#include "qxLightVariant.h"
-#include "qxMaterialVariant.h"
-#include "qxNodeVariant.h"
-#include "qxOverlayVariant.h"
-#include "qxTransformVariant.h"
 #include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -109,23 +105,6 @@ bool rename(const Things &things, const Names &names)
     return true;
 }
 
-/// Puts the objects of the list into that order; any others come last.
-template <class T>
-bool arrange(qxNamedList<T> &list, const std::vector<T *> &order)
-{
-    if (std::equal(list.begin(), list.end(), order.begin(), order.end()))
-        return false;
-    const std::vector<T *> before = list.takeAll();
-    const std::set<T *> known(order.begin(), order.end());
-    for (T *each : order)
-        list.append(each);
-    for (T *each : before) {
-        if (!known.count(each))
-            list.append(each);
-    }
-    return true;
-}
-
 /// Objects of one sort in the order of the document, made where they are missing.
 template <class T>
 struct Made {
@@ -152,7 +131,8 @@ public:
             const qxUnchangedNames unchanged;
             fillGroups();
             fillSets();
-            fillVariants();
+            for (const qxVariantKind *kind : qxVariantKinds::all())
+                fillVariants(*kind);
         }
         completeScene();
         return announce();
@@ -165,9 +145,7 @@ private:
     void fillGroups();
     void fillSets();
     bool placeSets(const std::vector<qxVariantSet *> &sets);
-    void fillVariants();
-    template <class T>
-    void fillVariants(const qxVariantKind &kind, qxNamedList<T> &list);
+    void fillVariants(const qxVariantKind &kind);
     void completeScene();
     bool announce() const;
 
@@ -234,7 +212,7 @@ void Edit::fillGroups()
         m_haveGroupsChanged |= qxRegistryFill::fill(*made.objects.back(), each);
     }
     m_haveGroupsChanged |= made.isAnyNew;
-    m_haveGroupsChanged |= arrange(qxVariants::_variantGroups, made.objects);
+    m_haveGroupsChanged |= qxVariants::_variantGroups.arrange(made.objects);
 }
 
 void Edit::fillSets()
@@ -280,36 +258,26 @@ bool Edit::placeSets(const std::vector<qxVariantSet *> &sets)
     std::copy_if(qxVariants::_variantSets.begin(), qxVariants::_variantSets.end(),
                  std::back_inserter(looseNow), [](const qxVariantSet *set) { return !set->group; });
     const bool isInOrder = looseNow == loose;
-    return (!isInOrder && arrange(qxVariants::_variantSets, sets)) || !changed.empty();
+    return (!isInOrder && qxVariants::_variantSets.arrange(sets)) || !changed.empty();
 }
 
-template <class T>
-void Edit::fillVariants(const qxVariantKind &kind, qxNamedList<T> &list)
+void Edit::fillVariants(const qxVariantKind &kind)
 {
-    Made<T> made;
+    Made<qxVariant> made;
     bool hasChanged = false;
     for (const qxDocumentVariant &each : m_wanted.variants) {
         if (each.kind != &kind)
             continue;
-        T *const found = list.find(each.name);
-        made.add(found, [&] { return static_cast<T *>(kind.create(each.name, false)); });
-        T &variant = *made.objects.back();
+        qxVariant *const found = kind.find(each.name);
+        made.add(found, [&] { return kind.create(each.name, false); });
+        qxVariant &variant = *made.objects.back();
         if (kind.complete && (!found || variant.*kind.sceneName != each.base))
             m_incomplete.push_back(&each);
         hasChanged |= qxRegistryFill::fill(variant, each);
     }
-    hasChanged |= arrange(list, made.objects);
+    hasChanged |= kind.arrange(made.objects);
     if (hasChanged || made.isAnyNew)
         m_changedKinds.insert(&kind);
-}
-
-void Edit::fillVariants()
-{
-    fillVariants(qxVariantKinds::node, qxVariants::_nodeVariants);
-    fillVariants(qxVariantKinds::material, qxVariants::_materialVariants);
-    fillVariants(qxVariantKinds::light, qxVariants::_lightVariants);
-    fillVariants(qxVariantKinds::overlay, qxVariants::_overlayVariants);
-    fillVariants(qxVariantKinds::transform, qxVariants::_transformVariants);
 }
 
 /// Comes after all edits, because it has listeners.

@@ -1,7 +1,6 @@
 #include "Rename/qxRegistryRename.h"
 
 #include "Registry/qxRegistryEdit.h"
-#include "Rename/qxSceneRename.h"
 #include "qxLights.h"
 #include "qxRegistryDocument.h"
 #include "qxStateRules.h"
@@ -126,20 +125,20 @@ qxRegistryRename::Outcome qxRegistryRename::apply(const QString &word, qxRenameR
     outcome.refusal = qxRenameWords::completeOwner(document, request);
     if (!outcome.refusal.isEmpty())
         return outcome;
-    const qxSceneRename scene(request, document);
-    const qxRenameScope scope = scene.scope();
+    const auto scene = std::make_shared<const qxSceneRename>(request, document);
+    const qxRenameScope scope = scene->scope();
     const bool isNoLight = word == QLatin1String("light") && !renameWords::isLight(request.before);
     outcome.refusal = isNoLight ? QStringLiteral("no light is called \"%1\"").arg(request.before)
-                                : qxRenameWords::refusal(document, scene.request(), scope, word);
+                                : qxRenameWords::refusal(document, scene->request(), scope, word);
     if (outcome.refusal.isEmpty())
-        outcome.refusal = scene.flaw();
+        outcome.refusal = scene->flaw();
     if (!outcome.refusal.isEmpty())
         return outcome;
-    outcome.impact = qxDocumentRename::apply(document, scene.request(), scope);
-    outcome.objects = scene.count();
+    outcome.impact = qxDocumentRename::apply(document, scene->request(), scope);
+    outcome.scene = scene;
     if (isDry)
         return outcome;
-    scene.apply();
+    scene->apply();
     qxRegistryEdit::apply(document, outcome.impact.renames);
     return outcome;
 }

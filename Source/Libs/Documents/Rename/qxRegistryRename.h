@@ -1,6 +1,9 @@
 #pragma once
 
 #include "Rename/qxDocumentRename.h"
+#include "Rename/qxSceneRename.h"
+
+#include <memory>
 
 /// What users call the things that can be renamed.
 namespace qxRenameWords {
@@ -24,8 +27,8 @@ namespace qxRegistryRename {
 /// What came of it.
 struct Outcome {
     QString refusal; ///< why nothing was renamed; empty when it was
-    int objects = 0; ///< how many things of the scene got the new name
     qxRenameImpact impact; ///< what changed in the registry
+    std::shared_ptr<const qxSceneRename> scene; ///< what changed in the scene; null for nothing
 };
 
 /// Renames in scene and registry, see qxDocumentRename and qxRegistryEdit. With `isDry` it only

@@ -184,7 +184,7 @@ void qxSceneRename::takeNodes(const std::vector<qxNodePtr> &nodes)
         if (m_ids.contains(idOf(each)))
             continue;
         m_ids.insert(idOf(each));
-        m_nodes.push_back(each);
+        m_nodes.push_back(osg::NodeRefPtr(each));
     }
 }
 
@@ -194,7 +194,7 @@ void qxSceneRename::takeMaterials(const std::vector<osg::MaterialPtr> &materials
         if (m_ids.contains(idOf(each)))
             continue;
         m_ids.insert(idOf(each));
-        m_materials.push_back(each);
+        m_materials.push_back(osg::MaterialRefPtr(each));
     }
 }
 
@@ -203,7 +203,7 @@ void qxSceneRename::takeViewpoints()
     const qxUberCameraPool &pool = *qxUberCameraPool::the();
     for (int id = 0; id < pool.count(); ++id) {
         if (qxText::fromUtf8(pool.get(id)->name) == m_request.before)
-            m_places.push_back({qxNodePtr(), id});
+            m_places.push_back({osg::NodeRefPtr(), id});
     }
 }
 
@@ -217,7 +217,7 @@ void qxSceneRename::takeStates()
         const int index = qxNodeUtils::getTransformVariantIndex(node, wanted);
         if (index < 0)
             continue;
-        m_places.push_back({node, index});
+        m_places.push_back({osg::NodeRefPtr(node), index});
         for (int i = 0; i < qxNodeUtils::getTransformVariantCount(node); ++i)
             m_names += qxText::fromUtf8(qxNodeUtils::getTransformVariantName(node, i));
     }
@@ -299,7 +299,7 @@ qxRenameScope qxSceneRename::scope() const
 
 QString qxSceneRename::flaw() const
 {
-    for (const osg::MaterialPtr &each : m_materials) {
+    for (const osg::MaterialPtr each : m_materials) {
         if (!qxMaterials::isEditable(each))
             return QStringLiteral("the material \"%1\" is read-only").arg(nameOf(each));
     }
@@ -309,23 +309,43 @@ QString qxSceneRename::flaw() const
     return QString();
 }
 
-void qxSceneRename::apply() const
+/// Whoever has another name by now keeps it.
+void qxSceneRename::rename(const QString &from, const QString &to) const
 {
-    const std::string name = qxText::toUtf8(m_request.after);
-    for (const qxNodePtr &each : m_nodes) {
-        if (!isNamedByGeometry(each)) {
-            qxNodeUtils::setName(each, name, false, osg::NullFC);
+    const std::string before = qxText::toUtf8(from);
+    const std::string name = qxText::toUtf8(to);
+    for (const osg::NodePtr node : m_nodes) {
+        if (qxNodeUtils::getName(node) != before)
             continue;
-        }
-        // Clones of it that are called otherwise have names of their own.
-        osg::setName(each->getCore(), name);
-    }
-    for (const osg::MaterialPtr &each : m_materials)
-        qxMaterials::setName(each, name.c_str(), true);
-    for (const Place &each : m_places) {
-        if (each.node != osg::NullFC)
-            qxNodeUtils::setTransformVariantName(each.node, each.index, name);
+        if (isNamedByGeometry(
+                node)) // Clones of it that are called otherwise have names of their own.
+            osg::setName(node->getCore(), name);
         else
-            qxUberCameraPool::the()->rename(each.index, name);
+            qxNodeUtils::setName(node, name, false, osg::NullFC);
     }
+    for (const osg::MaterialPtr material : m_materials) {
+        if (qxMaterials::getName(material) == before)
+            qxMaterials::setName(material, name.c_str(), true);
+    }
+    for (const Place &each : m_places) {
+        const qxNodePtr node = each.node.get();
+        if (node == osg::NullFC)
+            qxUberCameraPool::the()->rename(placeOfViewpoint(each.index, before), name);
+        else if (qxNodeUtils::getTransformVariantName(node, each.index) == before)
+            qxNodeUtils::setTransformVariantName(node, each.index, name);
+    }
+}
+
+/// Where it is now: others may have come before it. -1 if it is gone.
+int qxSceneRename::placeOfViewpoint(int index, const std::string &name)
+{
+    const qxUberCameraPool &pool = *qxUberCameraPool::the();
+    const auto isAt = [&](int id) { return pool.get(id) && pool.get(id)->name == name; };
+    if (isAt(index))
+        return index;
+    for (int id = 0; id < pool.count(); ++id) {
+        if (isAt(id))
+            return id;
+    }
+    return -1;
 }

@@ -3,12 +3,14 @@
 #include "Rename/qxDocumentRename.h"
 #include "qxNodePtr.h"
 
-#include <OpenSG/OSGMaterialFields.h>
+#include <OpenSG/OSGMaterial.h>
+#include <OpenSG/OSGNodePtr.h>
+#include <OpenSG/OSGRefPtr.h>
 
 #include <QHash>
 
 /// Renames something of the host's scene. It looks at the scene when it is made; until it is
-/// applied the scene must not change.
+/// applied the scene must not change. It keeps what it renames alive.
 class qxSceneRename {
 public:
     /// Finds what the request means. An option means what the variant has in the scene for it: a
@@ -25,12 +27,14 @@ public:
     /// How many objects get the new name.
     int count() const { return int(m_nodes.size() + m_materials.size() + m_places.size()); }
     /// Renames them. Clones and all others of the name are renamed together.
-    void apply() const;
+    void apply() const { rename(m_request.before, m_request.after); }
+    /// Takes it back, later on, as far as they still have the new name.
+    void takeBack() const { rename(m_request.after, m_request.before); }
 
 private:
     /// A transform state of a node, or a viewpoint, which has no node.
     struct Place {
-        qxNodePtr node;
+        osg::NodeRefPtr node;
         int index;
     };
 
@@ -43,12 +47,14 @@ private:
     bool isTaken(const osg::NodePtr &node) const;
     QStringList pathsAfter(const QString &path) const;
     void notePaths() const;
+    void rename(const QString &from, const QString &to) const;
+    static int placeOfViewpoint(int index, const std::string &name);
     bool isPartial() const;
 
     qxRenameRequest m_request;
     QStringList m_names; ///< of all of the sort
-    std::vector<qxNodePtr> m_nodes;
-    std::vector<osg::MaterialPtr> m_materials;
+    std::vector<osg::NodeRefPtr> m_nodes;
+    std::vector<osg::MaterialRefPtr> m_materials;
     std::vector<Place> m_places;
     QSet<osg::UInt32> m_ids; ///< of nodes and materials
     mutable QHash<quint64, std::vector<osg::NodePtr>> m_paths; ///< by hash; made when needed

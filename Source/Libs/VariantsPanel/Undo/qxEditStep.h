@@ -14,6 +14,8 @@ public:
     void undo() final;
     /// Makes the change before the step is pushed; pushing it then changes nothing.
     void makeNow();
+    /// Says that the change is already made: pushing the step then changes nothing.
+    void markDone() { m_isDone = true; }
 
 protected:
     /// Makes the change, or reverts it. False, without any change, if it is no longer possible

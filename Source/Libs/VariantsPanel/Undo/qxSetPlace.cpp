@@ -1,6 +1,7 @@
 #include "qxSetPlace.h"
 
 #include "qxVariantGroup.h"
+#include "qxVariantKind.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
@@ -23,35 +24,37 @@ bool isInPlace(const List &list, const Indexed<T> &each)
         && list[std::size_t(each.index)] == each.object;
 }
 
-/// Gives the objects their places among the others of the list. The list itself can only append, so
-/// that it is filled anew, unless all of them are where they should be.
-template <class List, class T>
-void arrange(List &list, std::vector<Indexed<T>> placed)
+/// The order of the objects when some of them have got their places among the others.
+template <class T>
+std::vector<T *> orderWith(const std::vector<T *> &all, std::vector<Indexed<T>> placed)
 {
-    if (std::all_of(placed.begin(), placed.end(),
-                    [&list](const Indexed<T> &each) { return isInPlace(list, each); }))
-        return;
     std::stable_sort(placed.begin(), placed.end(), [](const auto &one, const auto &other) {
         return unsigned(one.index) < unsigned(other.index); // -1 comes last
     });
     std::set<T *> moving;
     for (const Indexed<T> &each : placed)
         moving.insert(each.object);
+    std::vector<T *> order;
     auto next = placed.begin();
-    std::size_t count = 0;
-    const auto append = [&](T *object) {
-        list.append(object);
-        ++count;
-    };
-    for (T *object : list.takeAll()) {
+    for (T *object : all) {
         if (moving.count(object))
             continue;
-        for (; next != placed.end() && unsigned(next->index) <= count; ++next)
-            append(next->object);
-        append(object);
+        for (; next != placed.end() && unsigned(next->index) <= order.size(); ++next)
+            order.push_back(next->object);
+        order.push_back(object);
     }
     for (; next != placed.end(); ++next)
-        append(next->object);
+        order.push_back(next->object);
+    return order;
+}
+
+/// Unless all of them are where they should be.
+template <class T>
+void arrange(qxNamedList<T> &list, const std::vector<Indexed<T>> &placed)
+{
+    if (!std::all_of(placed.begin(), placed.end(),
+                     [&list](const Indexed<T> &each) { return isInPlace(list, each); }))
+        list.arrange(orderWith(std::vector<T *>(list.begin(), list.end()), placed));
 }
 
 } // namespace
@@ -116,4 +119,14 @@ void qxPlaces::put(const std::vector<PlacedGroup> &groups)
     for (const PlacedGroup &each : groups)
         indexed.push_back({each.group, each.index});
     arrange(qxVariants::_variantGroups, std::move(indexed));
+}
+
+void qxPlaces::put(const qxVariantKind &kind, const std::vector<PlacedVariant> &variants)
+{
+    std::vector<qxVariant *> all;
+    kind.visit([&all](qxVariant &variant) { all.push_back(&variant); });
+    std::vector<Indexed<qxVariant>> indexed;
+    for (const PlacedVariant &each : variants)
+        indexed.push_back({each.variant, each.index});
+    kind.arrange(orderWith(all, std::move(indexed)));
 }

@@ -5,8 +5,10 @@
 
 #include <vector>
 
+class qxVariant;
 class qxVariantGroup;
 class qxVariantSet;
+struct qxVariantKind;
 
 /// The position of a set in the registry and in its group. The registry's order is that of the
 /// document and of the sets without a group.
@@ -22,7 +24,7 @@ struct qxSetPlace {
     bool operator!=(const qxSetPlace &other) const { return !(*this == other); }
 };
 
-/// Finds and moves sets and groups, without notifications.
+/// Finds and moves sets, groups and variants, without notifications.
 namespace qxPlaces {
 
 /// The sets of those names, each of them once; unknown names are passed over.
@@ -47,5 +49,13 @@ void put(std::vector<Placed> sets);
 int indexOf(const qxVariantGroup &group);
 /// Moves the groups to those places in the registry; -1 is the end.
 void put(const std::vector<PlacedGroup> &groups);
+
+struct PlacedVariant {
+    qxVariant *variant;
+    int index; ///< among those of its kind, after all of them have moved
+};
+
+/// Moves variants of the kind to those places; -1 is the end.
+void put(const qxVariantKind &kind, const std::vector<PlacedVariant> &variants);
 
 } // namespace qxPlaces

@@ -30,7 +30,7 @@ qxVariantsChange::qxVariantsChange()
     for (const qxVariantKind *kind : qxVariantKinds::all()) {
         m_kinds.push_back({kind, {}, {}, {}});
         kind->visit([&](const qxVariant &variant) {
-            m_kinds.back().noted.insert(variant.name, contentsOf(*kind, variant));
+            m_kinds.back().noted.insert(variant.name, qxVariantMemento::of(*kind, variant));
         });
     }
 }
@@ -39,12 +39,12 @@ void qxVariantsChange::finish()
 {
     for (Kind &change : m_kinds) {
         change.kind->visit([&](const qxVariant &variant) {
-            const Contents after = contentsOf(*change.kind, variant);
+            const auto after = qxVariantMemento::of(*change.kind, variant);
             const auto before = change.noted.constFind(variant.name);
             if (before == change.noted.constEnd())
-                change.come.push_back({variant.name, {}, after});
-            else if (!isSame(*before, after))
-                change.edited.push_back({variant.name, *before, after});
+                change.come.push_back({{}, after});
+            else if (*before != after)
+                change.edited.push_back({*before, after});
         });
         change.noted.clear();
     }
@@ -67,9 +67,9 @@ bool qxVariantsChange::bring(const Kind &change)
     const qxVariantKind &kind = *change.kind;
     bool isAny = false;
     for (const Changed &changed : change.come) {
-        if (kind.find(changed.name))
+        if (kind.find(changed.after.name))
             continue;
-        give(kind, *kind.create(changed.name, false), changed.after);
+        changed.after.applyTo(*kind.create(changed.after.name, false));
         isAny = true;
     }
     return isAny;
@@ -83,44 +83,19 @@ bool qxVariantsChange::takeBack(const Kind &change)
     const QSet<QString> used = usedOf(kind);
     bool isAny = false;
     for (const Changed &changed : change.come) {
-        qxVariant *const found = kind.find(changed.name);
-        if (found && !used.contains(changed.name)
-            && isSame(contentsOf(kind, *found), changed.after))
-            isAny |= kind.remove(changed.name);
+        qxVariant *const found = kind.find(changed.after.name);
+        if (found && !used.contains(changed.after.name)
+            && qxVariantMemento::of(kind, *found) == changed.after)
+            isAny |= kind.remove(changed.after.name);
     }
     return isAny;
 }
 
 bool qxVariantsChange::edit(const qxVariantKind &kind, const Changed &changed, bool forward)
 {
-    qxVariant *const found = kind.find(changed.name);
-    const Contents &from = forward ? changed.before : changed.after;
-    if (!found || !isSame(contentsOf(kind, *found), from))
+    qxVariant *const found = kind.find(changed.after.name);
+    if (!found || qxVariantMemento::of(kind, *found) != (forward ? changed.before : changed.after))
         return false;
-    give(kind, *found, forward ? changed.after : changed.before);
+    (forward ? changed.after : changed.before).applyTo(*found);
     return true;
-}
-
-qxVariantsChange::Contents qxVariantsChange::contentsOf(const qxVariantKind &kind,
-                                                        const qxVariant &variant)
-{
-    return {variant.*kind.sceneName, variant.defaultState, variant.options};
-}
-
-void qxVariantsChange::give(const qxVariantKind &kind, qxVariant &variant, const Contents &contents)
-{
-    variant.*kind.sceneName = contents.sceneName;
-    variant.defaultState = contents.defaultState;
-    variant.options = contents.options;
-}
-
-bool qxVariantsChange::isSame(const Contents &one, const Contents &other)
-{
-    return one.sceneName == other.sceneName && one.defaultState == other.defaultState
-        && std::equal(one.options.begin(), one.options.end(), other.options.begin(),
-                      other.options.end(),
-                      [](const qxVariantOption &option, const qxVariantOption &second) {
-                          return option.name == second.name && option.shortcut == second.shortcut
-                              && option.isAction == second.isAction;
-                      });
 }

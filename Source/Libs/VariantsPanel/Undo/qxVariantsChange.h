@@ -1,10 +1,8 @@
 #pragma once
 
-#include "qxVariant.h"
+#include "qxVariantMemento.h"
 
 #include <QHash>
-
-struct qxVariantKind;
 
 /// The changes of a capture to the registry's variants, for undo: new variants, and new options of
 /// existing ones.
@@ -21,19 +19,13 @@ public:
     void undo() const { apply(false); }
 
 private:
-    struct Contents {
-        QString sceneName;
-        QString defaultState;
-        std::vector<qxVariantOption> options;
-    };
     struct Changed {
-        QString name;
-        Contents before;
-        Contents after;
+        qxVariantMemento before;
+        qxVariantMemento after;
     };
     struct Kind {
         const qxVariantKind *kind;
-        QHash<QString, Contents> noted; ///< all, until finish
+        QHash<QString, qxVariantMemento> noted; ///< all, until finish
         std::vector<Changed> edited;
         std::vector<Changed> come; ///< in their order
     };
@@ -42,9 +34,6 @@ private:
     static bool edit(const qxVariantKind &kind, const Changed &changed, bool forward);
     static bool bring(const Kind &change);
     static bool takeBack(const Kind &change);
-    static Contents contentsOf(const qxVariantKind &kind, const qxVariant &variant);
-    static void give(const qxVariantKind &kind, qxVariant &variant, const Contents &contents);
-    static bool isSame(const Contents &one, const Contents &other);
 
     std::vector<Kind> m_kinds;
 };
