@@ -4,9 +4,13 @@
 #include "qxVariantKinds.h"
 
 #include "qxMaterialParts.h"
+#include "qxMaterials.h"
 #include "qxNames.h"
 
+#include <OpenSG/OSGMaterialGroup.h>
+
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace {
@@ -97,4 +101,43 @@ qxVariantEdits::Variants qxNodeControls::nearestOf(const std::vector<osg::NodePt
         }
     }
     return variants;
+}
+
+osg::MaterialPtr qxNodeControls::materialOf(const osg::NodePtr &node)
+{
+    osg::MaterialPtr material = qxNodeUtils::getMaterial(node);
+    for (osg::NodePtr each = node; each != osg::NullFC; each = each->getParent()) {
+        const auto group = osg::MaterialGroupPtr::dcast(each->getCore());
+        if (group != osg::NullFC && group->getMaterial() != osg::NullFC
+            && !qxMaterials::getIgnoreMaterialGroup(each))
+            material = group->getMaterial();
+    }
+    return material;
+}
+
+QStringList qxNodeControls::objectsFor(const qxVariantKind &kind, const osg::NodePtr &node)
+{
+    if (&kind == &qxVariantKinds::material) {
+        const osg::MaterialPtr material = materialOf(node);
+        const QString name = qxNames::nameOf(material);
+        return name.isEmpty() ? QStringList() : QStringList(name);
+    }
+    const qxVariantEdits::Kinds kinds = qxVariantEdits::kindsOf(node);
+    const bool isOne = std::find(kinds.begin(), kinds.end(), &kind) != kinds.end();
+    return isOne ? QStringList(qxNames::nameOf(node)) : QStringList();
+}
+
+qxVariantEdits::Created qxNodeControls::makeVariants(QUndoStack &steps, const qxVariantKind &kind,
+                                                     const std::vector<osg::NodePtr> &nodes)
+{
+    if (&kind != &qxVariantKinds::material)
+        return qxVariantEdits::createOf(steps, kind, nodes);
+    std::vector<osg::MaterialPtr> materials;
+    for (const osg::NodePtr &node : nodes) {
+        const osg::MaterialPtr material = materialOf(node);
+        if (material != osg::NullFC
+            && std::find(materials.begin(), materials.end(), material) == materials.end())
+            materials.push_back(material);
+    }
+    return qxVariantEdits::createOf(steps, materials);
 }

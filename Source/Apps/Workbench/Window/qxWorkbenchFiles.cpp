@@ -2,7 +2,7 @@
 #include "Sets/qxVariantSetsDock.h"
 #include "qxController.h"
 #include "qxPanelEvents.h"
-#include "qxSceneTreeModel.h"
+#include "qxSceneTree.h"
 #include "qxSceneView.h"
 #include "qxUnsavedChanges.h"
 #include "qxWorkbenchWindow.h"
@@ -23,7 +23,6 @@
 #include <QStatusBar>
 #include <QTextDocument>
 #include <QTimer>
-#include <QTreeView>
 #include <QUndoStack>
 
 namespace {
@@ -128,9 +127,9 @@ void qxWorkbenchWindow::takeBackScene()
 void qxWorkbenchWindow::showNewScene()
 {
     m_sets->undoStack()->clear();
-    m_tree->refresh();
-    m_treeView->expandToDepth(0);
+    m_sceneTree->showNewScene();
     m_view->showNewScene();
+    m_viewpoints->showNewScene();
     m_events->flush();
     m_unsaved->forget();
 }

@@ -11,11 +11,12 @@
 #include "qxController.h"
 #include "qxLanguage.h"
 #include "qxLogView.h"
-#include "qxNames.h"
+#include "qxNodeVisibility.h"
 #include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
 #include "qxPreviewDialog.h"
+#include "qxSceneTree.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
@@ -25,9 +26,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QHeaderView>
 #include <QLabel>
-#include <QScrollBar>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTreeView>
@@ -42,7 +41,8 @@ const char *const geometryKey = "window/geometry";
 
 qxWorkbenchWindow::qxWorkbenchWindow()
     : m_language(std::make_unique<qxLanguage>()), m_session(std::make_unique<qxSession>()),
-      m_events(new qxPanelEvents(this)), m_view(new qxSceneView),
+      m_events(new qxPanelEvents(this)), m_picked(new qxNodeSelection(this)),
+      m_visibility(new qxNodeVisibility(this)), m_view(new qxSceneView(m_picked)),
       m_pictureDialog(std::make_unique<qxPictureDialog>(this))
 {
     qxMainWindow::set(this);
@@ -54,9 +54,9 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     buildFileMenu();
     buildEditMenu();
     buildViewMenu();
+    buildNodeMenus();
     buildSetsMenu();
     buildHelpMenu();
-    connect(m_view, &qxSceneView::nodePicked, this, &qxWorkbenchWindow::showPicked);
     auto *const progress = new QLabel;
     statusBar()->addPermanentWidget(progress);
     connect(m_view, &qxSceneView::progressed, progress, &QLabel::setText);
@@ -67,7 +67,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &QWidget::setWindowModified);
-    connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_unsaved, &qxUnsavedChanges::look);
+    connect(m_visibility, &qxNodeVisibility::changed, m_unsaved, &qxUnsavedChanges::look);
     connect(m_console, &qxScriptConsole::aboutToRun, this, &qxWorkbenchWindow::rememberForScript);
     connect(m_console, &qxScriptConsole::statementRan, this, &qxWorkbenchWindow::followScripts);
     // The dock with the focus may lie behind another one.
@@ -98,7 +98,6 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     delete takeCentralWidget();
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         delete dock;
-    delete m_tree;
     delete m_events;
 }
 
@@ -106,16 +105,7 @@ void qxWorkbenchWindow::buildDocks()
 {
     m_sets = new qxVariantSetsDock(this);
     m_variants = new qxVariantsDock(m_sets->undoStack(), this);
-    m_tree = new qxSceneTreeModel(this);
-    m_treeView = new QTreeView;
-    m_treeView->setModel(m_tree);
-    m_treeView->setUniformRowHeights(true);
-    m_treeView->setIndentation(m_treeView->fontMetrics().height() * 2 / 3);
-    m_treeView->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_treeView->header()->setMaximumSectionSize(60 * m_treeView->fontMetrics().averageCharWidth());
-    m_treeView->header()->setStretchLastSection(false);
-    connect(m_treeView, &QTreeView::activated, this,
-            [this](const QModelIndex &index) { m_view->fitNode(m_tree->nodeAt(index)); });
+    buildNodes();
     m_log = new qxLogView;
     connect(m_log, &qxLogView::errorLogged, this, [this](const QString &line) {
         m_lastError = line;
@@ -127,7 +117,7 @@ void qxWorkbenchWindow::buildDocks()
     giveKey(m_animation->playAction(), Qt::Key_Space);
     giveKey(m_animation->stopAction(), Qt::SHIFT + Qt::Key_Space);
 
-    addDock(dockOf(m_treeView, QT_TR_NOOP("Scene"), QStringLiteral("scene")),
+    addDock(dockOf(m_sceneTree, QT_TR_NOOP("Scene"), QStringLiteral("scene")),
             Qt::LeftDockWidgetArea);
     addDock(m_variants, Qt::LeftDockWidgetArea);
     addDock(m_sets, Qt::RightDockWidgetArea);
@@ -180,7 +170,6 @@ void qxWorkbenchWindow::retranslate()
         dock.first->setWindowTitle(tr(dock.second));
     showUndo();
     showTitle();
-    m_tree->retranslate();
 }
 
 void qxWorkbenchWindow::closeEvent(QCloseEvent *event)
@@ -214,26 +203,6 @@ void qxWorkbenchWindow::showEvent(QShowEvent *event)
     resizeDocks({dockAround(m_treeView), m_variants}, {2, 3}, Qt::Vertical);
 }
 
-void qxWorkbenchWindow::showPicked(const osg::NodePtr &node)
-{
-    const QModelIndex index = m_tree->indexOf(node);
-    m_treeView->setCurrentIndex(index);
-    if (index.isValid())
-        showNode(index);
-    statusBar()->showMessage(qxNames::nameOf(node));
-}
-
-/// The view scrolls to the start of the column, which may show only indentation.
-void qxWorkbenchWindow::showNode(const QModelIndex &index)
-{
-    m_treeView->scrollTo(index);
-    m_treeView->header()->resizeSections(QHeaderView::ResizeToContents);
-    const int begin = m_treeView->visualRect(index).left();
-    const int end = begin + m_treeView->sizeHintForIndex(index).width();
-    QScrollBar *const bar = m_treeView->horizontalScrollBar();
-    bar->setValue(bar->value() + qBound(0, end - m_treeView->viewport()->width(), begin));
-}
-
 void qxWorkbenchWindow::rememberForBack()
 {
     m_before = std::make_unique<qxSceneSnapshot>();
@@ -245,6 +214,8 @@ void qxWorkbenchWindow::forgetScene()
 {
     m_before.reset();
     m_beforeScript.reset();
+    m_picked->clear();
+    m_visibility->forget();
     m_back->setEnabled(false);
     m_isNewScene = true;
 }

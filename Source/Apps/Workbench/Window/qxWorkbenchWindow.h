@@ -13,8 +13,12 @@ class qxAnimationBar;
 class qxLanguage;
 class qxBlockedScriptReport;
 class qxLogView;
+class qxNodeMenu;
+class qxNodeSelection;
+class qxNodeVisibility;
 class qxPanelEvents;
 class qxPictureDialog;
+class qxSceneTree;
 class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
@@ -23,6 +27,7 @@ class qxSession;
 class qxUnsavedChanges;
 class qxVariantSetsDock;
 class qxVariantsDock;
+class qxViewpointMenu;
 
 /// The window of the program: the scene, and docks for sets, variants, nodes, log and scripts.
 class qxWorkbenchWindow : public QMainWindow {
@@ -94,8 +99,9 @@ private:
     void takeBackScene();
     void showNewScene();
     void rememberRecent(const QString &path);
-    void showPicked(const osg::NodePtr &node);
-    void showNode(const QModelIndex &index);
+    void buildNodes();
+    void buildNodeMenus();
+    void tellPicked();
     void rememberForBack();
     void makePreviews(const QStringList &sets);
     void rememberForScript();
@@ -116,13 +122,18 @@ private:
     bool m_hasLayout = false;
     QString m_lastError; ///< of the log
     qxPanelEvents *m_events;
+    qxNodeSelection *m_picked; ///< in view and tree
+    qxNodeVisibility *m_visibility;
     qxSceneView *m_view;
     qxAnimationBar *m_animation;
     std::unique_ptr<qxPictureDialog> m_pictureDialog;
     qxVariantSetsDock *m_sets;
     qxVariantsDock *m_variants;
-    qxSceneTreeModel *m_tree;
-    QTreeView *m_treeView;
+    qxSceneTree *m_sceneTree;
+    qxSceneTreeModel *m_tree; ///< that of m_sceneTree
+    QTreeView *m_treeView; ///< the same
+    qxNodeMenu *m_nodes;
+    qxViewpointMenu *m_viewpoints;
     qxLogView *m_log;
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;
