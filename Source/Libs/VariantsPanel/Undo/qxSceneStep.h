@@ -1,9 +1,8 @@
 #pragma once
 
 #include "qxEditStep.h"
-#include "qxSceneUndo.h"
-
 #include "qxPanelChanges.h"
+#include "qxSceneUndo.h"
 
 /// A change of the scene that is made between construction and finish, as a step that is done.
 class qxSceneStep : public qxEditStep {

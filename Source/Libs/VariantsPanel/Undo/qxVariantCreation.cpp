@@ -1,13 +1,12 @@
 #include "qxVariantEdits.h"
-
 #include "qxVariantKinds.h"
+#include "qxVariantTexts.h"
+#include "qxVariantUndoSteps.h"
 
 #include "Registry/qxVariantSources.h"
 #include "qxNames.h"
 #include "qxPanelChanges.h"
 #include "qxSceneStep.h"
-#include "qxVariantTexts.h"
-#include "qxVariantUndoSteps.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 
@@ -80,18 +79,7 @@ void Record::push(QUndoStack &steps, const Created &created,
 {
     if (created.made.empty())
         return;
-    std::vector<qxVariantsPresence::Part> parts;
-    for (const qxVariantKind *kind : qxVariantKinds::all()) {
-        QStringList names;
-        for (const qxVariantName &variant : created.made) {
-            if (variant.kind == kind)
-                names << variant.name;
-        }
-        if (names.isEmpty())
-            continue;
-        const auto ofKind = qxVariantsPresence::partsOf(*kind, names);
-        parts.insert(parts.end(), ofKind.begin(), ofKind.end());
-    }
+    auto parts = qxVariantsPresence::partsOf(created.made);
     const QString text = parts.size() == 1
         ? qxVariantTexts::tr("Make variant \"%1\"").arg(parts.front().contents.name)
         : qxVariantTexts::tr("Make %n variants", nullptr, int(parts.size()));
@@ -115,9 +103,11 @@ void tellTwins(Created &created)
 {
     for (const qxVariantName &variant : created.made) {
         const auto *const found = variant.kind->find(variant.name);
-        const std::size_t count = variant.kind->rule.objects(found->*variant.kind->sceneName).size();
+        const std::size_t count =
+            variant.kind->rule.objects(found->*variant.kind->sceneName).size();
         if (count > 1)
-            created.notes << qxVariantTexts::tr("\"%1\" moves %n things of that name.", nullptr, int(count))
+            created.notes << qxVariantTexts::tr("\"%1\" moves %n things of that name.", nullptr,
+                                                int(count))
                                  .arg(variant.name);
     }
 }

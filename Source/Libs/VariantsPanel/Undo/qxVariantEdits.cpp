@@ -1,17 +1,17 @@
 #include "qxVariantEdits.h"
 
 #include "qxMaterialVariant.h"
-#include "qxNameLookUp.h"
 #include "qxVariantKinds.h"
+#include "qxVariantTexts.h"
+#include "qxVariantUndoSteps.h"
 #include "qxVariants.h"
 
 #include "Registry/qxVariantSources.h"
+#include "qxNameLookUp.h"
 #include "qxPanelChanges.h"
 #include "qxSceneStep.h"
 #include "qxSetUndoSteps.h"
 #include "qxStateWords.h"
-#include "qxVariantTexts.h"
-#include "qxVariantUndoSteps.h"
 
 #include <QHash>
 #include <QSet>
@@ -46,23 +46,6 @@ std::unique_ptr<qxEditStep> stepOf(const QString &text, qxVariantSet &set, const
     if (!qxSetMemento::differ(before, after))
         return nullptr;
     return std::make_unique<qxSetEdit>(text, before, after, QString());
-}
-
-std::vector<qxVariantsPresence::Part> partsOf(const qxVariantEdits::Variants &variants)
-{
-    std::vector<qxVariantsPresence::Part> parts;
-    for (const qxVariantKind *kind : qxVariantKinds::all()) {
-        QStringList names;
-        for (const qxVariantName &variant : variants) {
-            if (variant.kind == kind)
-                names << variant.name;
-        }
-        if (names.isEmpty())
-            continue;
-        const auto ofKind = qxVariantsPresence::partsOf(*kind, names);
-        parts.insert(parts.end(), ofKind.begin(), ofKind.end());
-    }
-    return parts;
 }
 
 QString addText(const QStringList &names, const qxVariantName &variant)
@@ -100,7 +83,7 @@ void editMaterials(QUndoStack &steps, const qxVariantName &variant, const QStrin
 
 void qxVariantEdits::remove(QUndoStack &steps, const Variants &variants, bool withEntries)
 {
-    auto parts = variantEdits::partsOf(variants);
+    auto parts = qxVariantsPresence::partsOf(variants);
     if (parts.empty())
         return;
     const QString text = parts.size() == 1
@@ -183,7 +166,8 @@ void qxVariantEdits::removeOptions(QUndoStack &steps, const qxVariantName &varia
 {
     const QString text = names.size() == 1
         ? qxVariantTexts::tr("Remove \"%1\" from \"%2\"").arg(names.first(), variant.name)
-        : qxVariantTexts::tr("Remove %n options from \"%1\"", nullptr, names.size()).arg(variant.name);
+        : qxVariantTexts::tr("Remove %n options from \"%1\"", nullptr, names.size())
+              .arg(variant.name);
     if (variant.kind == &qxVariantKinds::material) {
         return variantEdits::editMaterials(steps, variant, text, [&](qxMaterialVariant &edited) {
             for (const QString &name : names)
@@ -254,9 +238,10 @@ int qxVariantEdits::addToSet(QUndoStack &steps, const QString &set, const States
     auto step = variantEdits::stepOf(QString(), *found, add);
     if (!step)
         return 0;
-    step->setText(added.size() == 1
-                      ? qxVariantTexts::tr("Add \"%1\" to \"%2\"").arg(added.first(), set)
-                      : qxVariantTexts::tr("Add %n variants to \"%1\"", nullptr, added.size()).arg(set));
+    step->setText(
+        added.size() == 1
+            ? qxVariantTexts::tr("Add \"%1\" to \"%2\"").arg(added.first(), set)
+            : qxVariantTexts::tr("Add %n variants to \"%1\"", nullptr, added.size()).arg(set));
     steps.push(step.release());
     return added.size();
 }

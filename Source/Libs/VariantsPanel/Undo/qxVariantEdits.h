@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qxVariantMemento.h"
+
 #include "qxDragData.h"
 
 #include <OpenSG/OSGMaterialFields.h>
@@ -8,13 +10,6 @@
 #include <functional>
 
 class QUndoStack;
-class qxVariant;
-
-/// A variant of the registry, by names.
-struct qxVariantName {
-    const qxVariantKind *kind; ///< never null
-    QString name;
-};
 
 /// The user's edits of variants in the panel, each of them one undo step; unknown variants are
 /// passed over, and an edit that changes nothing is no step. Changes by others stay: undoing a step
