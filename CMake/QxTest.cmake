@@ -8,10 +8,10 @@ find_package(Python3 REQUIRED COMPONENTS Interpreter)
 # programs remember of their user stays in the build, and that of tests with a folder in that one.
 set(QX_TEST_ENVIRONMENT env QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 UBSAN_OPTIONS=print_stacktrace=1
     XDG_DATA_HOME=${PROJECT_BINARY_DIR}/test-data-home
+    XDG_CACHE_HOME=${PROJECT_BINARY_DIR}/test-cache-home
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/Tools/leaks-of-others.txt:print_suppressions=0")
 
 set(QX_TEST_PATHS ${PROJECT_BINARY_DIR}/test-paths)
-set(QX_DEMO_SCENE ${PROJECT_BINARY_DIR}/Tests/Scenarios/roadster.gltf)
 configure_file(${PROJECT_SOURCE_DIR}/CMake/qxTestPaths.h.in ${QX_TEST_PATHS}/qxTestPaths.h @ONLY)
 
 # Builds the tests labelled Scripting: those that depend on which Python is embedded.

@@ -824,6 +824,48 @@
     </message>
 </context>
 <context>
+    <name>qxKeyList</name>
+    <message>
+        <source>Everywhere</source>
+        <translation>Überall</translation>
+    </message>
+    <message>
+        <source>Sets that keys select</source>
+        <translation>Sets, die Tasten auswählen</translation>
+    </message>
+    <message>
+        <source>Options that keys select</source>
+        <translation>Optionen, die Tasten auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>qxKeysPage</name>
+    <message>
+        <source>Keys and mouse</source>
+        <translation>Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>Search for what is done, or for a key</source>
+        <translation>Suche nach einer Tätigkeit oder Taste</translation>
+    </message>
+    <message>
+        <source>What it does</source>
+        <translation>Was geschieht</translation>
+    </message>
+    <message>
+        <source>Keys, mouse</source>
+        <translation>Tasten, Maus</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>&amp;Drucken …</translation>
+    </message>
+</context>
+<context>
     <name>qxLightMenu</name>
     <message>
         <source>&amp;Environment</source>
@@ -913,6 +955,168 @@
     </message>
 </context>
 <context>
+    <name>qxNodeKind</name>
+    <message>
+        <source>Transform Switch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transform</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Switch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Material Group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxNodeMenu</name>
+    <message>
+        <source>&amp;Hide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Isolate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show &amp;All Again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pick the &amp;Parent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Make Variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;What Controls This</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A&amp;dd Present State to Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy &amp;Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy Path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A&amp;dd Present State to &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n objects</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing that has a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is such a variant already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants made</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot;: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It drives &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It drives &quot;%1&quot;, which is above this node.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show in &quot;Variants&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No set uses it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sets that use it:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation type="unfinished">
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No variant controls this.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has this state already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entries of &quot;%1&quot; are new or other than before</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxPictureDialog</name>
     <message>
         <source>Rendering the preview ...</source>
@@ -955,6 +1159,47 @@
     <message>
         <source>Preview of &quot;%1&quot; ...</source>
         <translation>Vorschau von „%1“ …</translation>
+    </message>
+</context>
+<context>
+    <name>qxRecentFiles</name>
+    <message>
+        <source>None yet</source>
+        <translation>Noch keine</translation>
+    </message>
+</context>
+<context>
+    <name>qxSceneTree</name>
+    <message>
+        <source>Search nodes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Words of a node&apos;s name or kind. Enter goes to the next one that is found, Escape ends the search.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nodes of the scene</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search Nodes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next Node Found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Previous Node Found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n found</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1022,12 +1267,84 @@
         <source>Home</source>
         <translation>Grundstellung</translation>
     </message>
+    <message>
+        <source>Frame What Is Picked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Left button</source>
+        <translation>Linke Taste</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Middle button, left button with Shift</source>
+        <translation>Mittlere Taste, linke Taste mit Umschalt</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Wheel, right button</source>
+        <translation>Rad, rechte Taste</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoomen</translation>
+    </message>
+    <message>
+        <source>Click</source>
+        <translation>Klick</translation>
+    </message>
+    <message>
+        <source>Pick a node: the tree shows it</source>
+        <translation>Einen Knoten wählen: der Baum zeigt ihn</translation>
+    </message>
+    <message>
+        <source>Double click</source>
+        <translation>Doppelklick</translation>
+    </message>
+    <message>
+        <source>Look at the node</source>
+        <translation>Den Knoten ansehen</translation>
+    </message>
 </context>
 <context>
     <name>qxScriptConsole</name>
     <message>
         <source>Python, such as: selectVariantSet(&quot;...&quot;)</source>
         <translation>Python, zum Beispiel: selectVariantSet(&quot;...&quot;)</translation>
+    </message>
+    <message>
+        <source>Statement</source>
+        <translation>Anweisung</translation>
+    </message>
+    <message>
+        <source>What was typed and printed</source>
+        <translation>Eingaben und Ausgaben</translation>
+    </message>
+    <message>
+        <source>Run the statement</source>
+        <translation>Die Anweisung ausführen</translation>
+    </message>
+    <message>
+        <source>Add a line</source>
+        <translation>Eine Zeile anfügen</translation>
+    </message>
+    <message>
+        <source>Earlier and later statements</source>
+        <translation>Frühere und spätere Anweisungen</translation>
+    </message>
+    <message>
+        <source>Complete a name</source>
+        <translation>Einen Namen ergänzen</translation>
     </message>
 </context>
 <context>
@@ -1363,6 +1680,59 @@
     </message>
 </context>
 <context>
+    <name>qxStartPage</name>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+    <message>
+        <source>Shows scenes in many states: which wheels, which paint, which lamps.</source>
+        <translation>Zeigt Szenen in vielen Zuständen: welche Räder, welcher Lack, welche Lampen.</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Öffnen …</translation>
+    </message>
+    <message>
+        <source>Demo</source>
+        <translation>Beispiel</translation>
+    </message>
+    <message>
+        <source>Open a configurable roadster</source>
+        <translation>Einen konfigurierbaren Roadster öffnen</translation>
+    </message>
+    <message>
+        <source>Recent files</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Remove from the List</source>
+        <translation>Aus der Liste entfernen</translation>
+    </message>
+    <message>
+        <source>A scene (.gltf, .glb) can be dropped anywhere on this window.
+%1 lists all keys, and what the mouse does.</source>
+        <translation>Eine Szene (.gltf, .glb) kann überall auf diesem Fenster abgelegt werden.
+%1 zeigt alle Tasten, und was die Maus tut.</translation>
+    </message>
+    <message>
+        <source>Changed %1</source>
+        <translation>Geändert %1</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>Fehlt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no longer there.</source>
+        <translation>„%1“ gibt es nicht mehr.</translation>
+    </message>
+</context>
+<context>
     <name>qxStateWords</name>
     <message>
         <source>shown</source>
@@ -1584,6 +1954,99 @@
         <source>&amp;Picture What Is Shown</source>
         <translation>Das &amp;Gezeigte aufnehmen</translation>
     </message>
+    <message>
+        <source>Select the current set</source>
+        <translation>Das aktuelle Set auswählen</translation>
+    </message>
+    <message>
+        <source>Search: go to what was found</source>
+        <translation>Suche: zum Gefundenen gehen</translation>
+    </message>
+    <message>
+        <source>Search: select the first set</source>
+        <translation>Suche: das erste Set auswählen</translation>
+    </message>
+    <message>
+        <source>Search: end it</source>
+        <translation>Suche: beenden</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantTexts</name>
+    <message>
+        <source>Make variant &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Make %n variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&quot;%1&quot; moves %n things of that name.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No variant could be made of &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is a variant &quot;%1&quot; already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No variant of that kind can be made of &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n options to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete &quot;%1&quot;</source>
+        <translation type="unfinished">„%1“ löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n variants</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n options from &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Order the options of &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n variants to &quot;%1&quot;</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>qxVariants</name>
@@ -1685,6 +2148,88 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     </message>
 </context>
 <context>
+    <name>qxViewpointEdits</name>
+    <message>
+        <source>Capture viewpoint &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete viewpoint &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qxViewpointMenu</name>
+    <message>
+        <source>&amp;Next Viewpoint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Previous Viewpoint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move &amp;Smoothly</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Capture Viewpoint...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Rename Viewpoint...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Delete Viewpoint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Viewpoint %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This viewpoint is part of the file: it stays.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Viewpoints that were captured can be deleted until the file is opened again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The scene has no viewpoints.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Capture Viewpoint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name of the viewpoint:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no camera to capture.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The viewpoint &quot;%1&quot; is captured.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Viewpoint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New name of &quot;%1&quot;:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The viewpoint &quot;%1&quot; is deleted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qxWorkbenchWindow</name>
     <message>
         <source>&amp;File</source>
@@ -1751,20 +2296,12 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>&amp;Hilfe</translation>
     </message>
     <message>
-        <source>Mouse and keys</source>
-        <translation>Maus und Tasten</translation>
-    </message>
-    <message>
         <source>About Workbench</source>
         <translation>Über Workbench</translation>
     </message>
     <message>
         <source>Workbench %1 shows scenes in many states.</source>
         <translation>Workbench %1 zeigt Szenen in vielen Zuständen.</translation>
-    </message>
-    <message>
-        <source>&amp;Mouse and Keys</source>
-        <translation>&amp;Maus und Tasten</translation>
     </message>
     <message>
         <source>&amp;About</source>
@@ -1851,10 +2388,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>Nur eine Szene kann offen sein; die übrigen wurden nicht geöffnet.</translation>
     </message>
     <message>
-        <source>None yet</source>
-        <translation>Noch keine</translation>
-    </message>
-    <message>
         <source>&amp;Next Pane</source>
         <translation>&amp;Nächster Bereich</translation>
     </message>
@@ -1881,10 +2414,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Opening &quot;%1&quot;: variants...</source>
         <translation>„%1“ wird geöffnet: Varianten …</translation>
-    </message>
-    <message>
-        <source>Open a scene with &quot;File &gt; Open&quot;, or drop one here.</source>
-        <translation>Öffnen Sie eine Szene mit „Datei &gt; Öffnen“, oder legen Sie eine hier ab.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has changed on the disk since it was opened.</source>
@@ -1931,20 +2460,87 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>&amp;Licht und Hintergrund</translation>
     </message>
     <message>
-        <source>Left button: turn. Middle button, or left with Shift: move.
-Wheel or right button: zoom. Click: pick a node. Double click: look at it.
-Arrows: turn. + and -: zoom. F: show everything. Home: go home.
-Space: play or pause animations. Shift+Space: stop them.
-
-Enter or a double click selects the set under the cursor, F2 renames it.
-Keys of sets select them anywhere but in text fields.</source>
-        <translation>Linke Taste: drehen. Mittlere Taste oder linke mit Umschalt: verschieben.
-Mausrad oder rechte Taste: zoomen. Klick: Knoten auswählen. Doppelklick: Knoten ansehen.
-Pfeiltasten: drehen. + und −: zoomen. F: alles zeigen. Pos1: Grundstellung.
-Leertaste: Animationen abspielen oder anhalten. Umschalt+Leertaste: sie beenden.
-
-Die Eingabetaste oder ein Doppelklick wählt das markierte Set aus, F2 benennt es um.
-Die Tasten der Sets wählen diese überall aus, außer in Textfeldern.</translation>
+        <source>&quot;%1&quot; is open in another window.</source>
+        <translation>„%1“ ist in einem anderen Fenster geöffnet.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is open in another window, which does not answer.</source>
+        <translation>„%1“ ist in einem anderen Fenster geöffnet, das nicht antwortet.</translation>
+    </message>
+    <message>
+        <source>What is saved there and what is saved here are two versions. Saving asks before it overwrites the other one.</source>
+        <translation>Was dort und was hier gespeichert wird, sind zwei Fassungen. Das Speichern fragt, bevor es die andere überschreibt.</translation>
+    </message>
+    <message>
+        <source>Open Here, Too</source>
+        <translation>Auch hier öffnen</translation>
+    </message>
+    <message>
+        <source>The file is open in another window. Close it there, or save under another name.</source>
+        <translation>Die Datei ist in einem anderen Fenster geöffnet. Schließen Sie sie dort, oder speichern Sie unter einem anderen Namen.</translation>
+    </message>
+    <message>
+        <source>&amp;Panes</source>
+        <translation>&amp;Bereiche</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farbschema</translation>
+    </message>
+    <message>
+        <source>&amp;Text under Icons</source>
+        <translation>&amp;Text unter Symbolen</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Layout</source>
+        <translation>Anordnung &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and Mouse</source>
+        <translation>&amp;Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>&amp;Nodes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Viewp&amp;oints</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n nodes picked, the last one: %1 (%2)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
     </message>
 </context>
 </TS>

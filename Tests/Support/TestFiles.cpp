@@ -10,6 +10,8 @@
 TestFolder::TestFolder()
 {
     qputenv("XDG_DATA_HOME", path(QStringLiteral("data-home")).toLocal8Bit());
+    qputenv("XDG_CACHE_HOME", path(QStringLiteral("cache-home")).toLocal8Bit());
+    qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit()); // which only its owner may enter
 }
 
 QString TestFolder::write(const QString &name, const QByteArray &bytes) const

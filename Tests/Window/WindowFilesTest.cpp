@@ -235,7 +235,7 @@ TEST_F(WindowFilesTest, TheLayoutIsRemembered)
     window->addDockWidget(Qt::RightDockWidgetArea, dock("scene"));
     window->resize(1000, 640);
     window->close();
-    makeWindow();
+    makeWindow(QSize());
     EXPECT_EQ(window->size(), QSize(1000, 640));
     EXPECT_FALSE(dock("log")->isVisible());
     EXPECT_EQ(window->dockWidgetArea(dock("scene")), Qt::RightDockWidgetArea);

@@ -32,10 +32,12 @@ WindowFixture::~WindowFixture()
     EXPECT_EQ(m_answers.size(), 0u) << "a dialog did not come";
 }
 
-void WindowFixture::makeWindow()
+void WindowFixture::makeWindow(const QSize &size)
 {
     window.reset();
     window = std::make_unique<qxWorkbenchWindow>();
+    if (size.isValid())
+        window->resize(size);
     window->show();
     QApplication::setActiveWindow(window.get());
     settle();

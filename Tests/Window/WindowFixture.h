@@ -21,8 +21,8 @@ protected:
     WindowFixture();
     ~WindowFixture() override;
 
-    /// Closes the window and opens a new one.
-    void makeWindow();
+    /// Closes the window and opens a new one of that size; of the remembered size for none.
+    void makeWindow(const QSize &size = QSize(1280, 800));
     /// Lets announcements reach the views, and the time pass until unsaved changes are looked for.
     void settle() const;
 

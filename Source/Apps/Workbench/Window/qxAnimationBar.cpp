@@ -1,6 +1,7 @@
 #include "qxAnimationBar.h"
 
 #include "Animation/qxAnimationPlayer.h"
+#include "qxIcons.h"
 #include "qxText.h"
 
 #include <QAction>
@@ -10,7 +11,6 @@
 #include <QMenu>
 #include <QSignalBlocker>
 #include <QSlider>
-#include <QStyle>
 #include <QToolButton>
 
 #include <algorithm>
@@ -59,8 +59,8 @@ qxAnimationBar::~qxAnimationBar()
 
 void qxAnimationBar::build()
 {
-    m_stop->setIcon(style()->standardIcon(QStyle::SP_MediaStop));
-    m_loop->setIcon(style()->standardIcon(QStyle::SP_BrowserReload));
+    m_stop->setIcon(qxIcons::of("stop"));
+    m_loop->setIcon(qxIcons::of("loop"));
     m_loop->setCheckable(true);
     m_loop->setChecked(player().isLooping());
     for (const float speed : speeds)
@@ -124,8 +124,7 @@ void qxAnimationBar::follow()
     toggleViewAction()->setEnabled(hasClips);
     m_play->setEnabled(hasClips);
     m_stop->setEnabled(hasClips && player().state() != qxAnimationPlayer::Stopped);
-    m_play->setIcon(
-        style()->standardIcon(isPlaying ? QStyle::SP_MediaPause : QStyle::SP_MediaPlay));
+    m_play->setIcon(qxIcons::of(isPlaying ? "pause" : "play"));
     m_play->setText(isPlaying ? tr("Pause") : tr("Play"));
     showTime();
     if (isPlaying == m_timer.isActive())

@@ -5,22 +5,23 @@
 
 #include <QEvent>
 #include <QFontDatabase>
+#include <QTextBlock>
+
+#include <algorithm>
 
 namespace {
 
 const int keptLines = 5000;
 
-QColor colorOf(qxLog::Level level, const QPalette &palette)
+QTextCharFormat formatOf(qxLog::Level level, const QPalette &palette)
 {
     const bool isDark = palette.base().color().lightness() < 128;
-    switch (level) {
-    case qxLog::Error:
-        return isDark ? QColor(255, 120, 110) : QColor(190, 20, 20);
-    case qxLog::Warning:
-        return isDark ? QColor(240, 190, 90) : QColor(160, 95, 0);
-    default:
-        return palette.text().color();
-    }
+    QTextCharFormat format; // Without a colour it has that of the palette.
+    if (level == qxLog::Error)
+        format.setForeground(isDark ? QColor(255, 120, 110) : QColor(190, 20, 20));
+    if (level == qxLog::Warning)
+        format.setForeground(isDark ? QColor(240, 190, 90) : QColor(160, 95, 0));
+    return format;
 }
 
 } // namespace
@@ -48,10 +49,9 @@ qxLogView::~qxLogView()
 
 void qxLogView::append(qxLog::Level level, const QString &line)
 {
-    QTextCharFormat format;
-    format.setForeground(colorOf(level, palette()));
-    setCurrentCharFormat(format);
+    setCurrentCharFormat(formatOf(level, palette()));
     appendPlainText(line);
+    document()->lastBlock().setUserState(int(level));
     if (level == qxLog::Error)
         Q_EMIT errorLogged(line);
 }
@@ -61,6 +61,18 @@ void qxLogView::changeEvent(QEvent *event)
     QPlainTextEdit::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    if (event->type() == QEvent::PaletteChange)
+        recolour();
+}
+
+/// For another theme.
+void qxLogView::recolour()
+{
+    for (QTextBlock line = document()->begin(); line.isValid(); line = line.next()) {
+        QTextCursor cursor(line);
+        cursor.select(QTextCursor::BlockUnderCursor);
+        cursor.setCharFormat(formatOf(qxLog::Level(std::max(0, line.userState())), palette()));
+    }
 }
 
 void qxLogView::retranslate()

@@ -23,6 +23,7 @@ protected:
 private:
     void append(qxLog::Level level, const QString &line);
     void retranslate();
+    void recolour();
 
     int m_listener;
 };

@@ -7,6 +7,7 @@
 #include "Report/qxPictureHint.h"
 #include "qxController.h"
 #include "qxImageRenderWidget.h"
+#include "qxKeyHints.h"
 #include "qxOrbit.h"
 #include "qxScenegraph.h"
 
@@ -354,6 +355,13 @@ void qxSceneView::retranslate()
 {
     for (const auto &action : m_texts)
         action.first->setText(tr(action.second));
+    setAccessibleName(tr("View"));
+    qxKeyHints::tell(*this,
+                     {{tr("Left button"), tr("Turn")},
+                      {tr("Middle button, left button with Shift"), tr("Move")},
+                      {tr("Wheel, right button"), tr("Zoom")},
+                      {tr("Click"), tr("Pick a node: the tree shows it")},
+                      {tr("Double click"), tr("Look at the node")}});
 }
 
 void qxSceneView::turn(float right, float down)

@@ -2,6 +2,7 @@
 
 #include "Script/qxPrompt.h"
 #include "qxController.h"
+#include "qxKeyHints.h"
 
 #include <QFontDatabase>
 #include <QKeyEvent>
@@ -53,6 +54,15 @@ void qxScriptConsole::changeEvent(QEvent *event)
 void qxScriptConsole::retranslate()
 {
     m_input->setPlaceholderText(tr("Python, such as: selectVariantSet(\"...\")"));
+    m_input->setAccessibleName(tr("Statement"));
+    m_output->setAccessibleName(tr("What was typed and printed"));
+    const auto shown = [](int key) { return QKeySequence(key).toString(QKeySequence::NativeText); };
+    qxKeyHints::tell(*m_input,
+                     {{shown(Qt::Key_Return), tr("Run the statement")},
+                      {shown(Qt::SHIFT + Qt::Key_Return), tr("Add a line")},
+                      {shown(Qt::Key_Up) + QStringLiteral(", ") + shown(Qt::Key_Down),
+                       tr("Earlier and later statements")},
+                      {shown(Qt::Key_Tab), tr("Complete a name")}});
 }
 
 bool qxScriptConsole::eventFilter(QObject *watched, QEvent *event)
@@ -143,7 +153,7 @@ void qxScriptConsole::print(const QString &text, bool isTyped)
     if (text.isEmpty())
         return;
     QTextCharFormat format;
-    format.setForeground(palette().color(isTyped ? QPalette::Link : QPalette::Text));
+    format.setFontWeight(isTyped ? QFont::Bold : QFont::Normal); // Colours follow the theme.
     m_output->setCurrentCharFormat(format);
     const QString shown = isTyped ? ">>> " + QString(text).replace("\n", "\n... ") : text.trimmed();
     m_output->appendPlainText(shown);

@@ -2,6 +2,7 @@
 
 #include "Commands/qxCommand.h"
 #include "Session/qxMemoryLimit.h"
+#include "qxFileClaim.h"
 #include "qxOSGWidget.h"
 #include "qxRaytracingManager.h"
 #include "qxWorkbenchWindow.h"
@@ -10,9 +11,9 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QScreen>
-#include <QStatusBar>
 
 #include <clocale>
+#include <cstdio>
 
 namespace {
 
@@ -41,6 +42,17 @@ QString obstacle(const QString &path)
 #else
     return QString();
 #endif
+}
+
+/// Brings a window that has the file to the front; false for none, and for one that does not
+/// answer.
+bool isShownElsewhere(const QString &path)
+{
+    const qxFileClaim claim(path);
+    if (claim.isHeld() || !claim.showHolder())
+        return false;
+    std::printf("%s is open; its window is in front now\n", qPrintable(path));
+    return true;
 }
 
 } // namespace
@@ -80,6 +92,8 @@ int qxWindowProgram::run(int argc, char *argv[])
     QApplication::setOrganizationName(QStringLiteral("qxVariants"));
     // Desktops take the icon from there.
     QApplication::setDesktopFileName(QStringLiteral(QX_DESKTOP_ID));
+    if (!path.isEmpty() && isShownElsewhere(path))
+        return Success;
     qxOSGWidget::setRaytracing(true);
     qxRaytracingManager::getRaytracingUtils()->setImageQuality(-1);
     qxWorkbenchWindow window;
@@ -87,10 +101,7 @@ int qxWindowProgram::run(int argc, char *argv[])
     if (!room.contains(window.geometry()))
         window.setGeometry(QRect(room.topLeft(), window.size().boundedTo(room.size())));
     window.show();
-    if (path.isEmpty())
-        window.statusBar()->showMessage(
-            qxWorkbenchWindow::tr("Open a scene with \"File > Open\", or drop one here."));
-    else
-        window.openFile(path);
+    if (!path.isEmpty())
+        window.openAnother(path);
     return QApplication::exec();
 }

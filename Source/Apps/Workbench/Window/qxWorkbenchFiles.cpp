@@ -1,34 +1,32 @@
 #include "Session/qxSession.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "qxController.h"
+#include "qxDemo.h"
+#include "qxFileClaim.h"
 #include "qxPanelEvents.h"
+#include "qxRecentFiles.h"
 #include "qxSceneTree.h"
 #include "qxSceneView.h"
 #include "qxUnsavedChanges.h"
 #include "qxWorkbenchWindow.h"
 
-#include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLayout>
-#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QSettings>
+#include <QStandardPaths>
 #include <QStatusBar>
-#include <QTextDocument>
 #include <QTimer>
 #include <QUndoStack>
 
 namespace {
-
-const char *const recentKey = "recentFiles";
-const int recentCount = 8;
 
 /// Says what takes its time, and how far it is, as long as it lives.
 class BusyLine {
@@ -86,6 +84,7 @@ void makePlain(QMessageBox &box)
 
 bool qxWorkbenchWindow::openFile(const QString &path)
 {
+    auto claim = std::make_unique<qxFileClaim>(path); // So that a second window asks this one.
     const QString name = QFileInfo(path).fileName();
     m_lastError.clear();
     m_isNewScene = false;
@@ -100,14 +99,14 @@ bool qxWorkbenchWindow::openFile(const QString &path)
         isOpen = m_session->open(path, [&](int step) { busy.takeStep(step); });
         reason = failureReason();
         if (isOpen)
-            showPath(path);
+            showPath(path, std::move(claim));
         else if (m_isNewScene)
             takeBackScene();
         if (m_isNewScene)
             showNewScene();
     }
     if (isOpen)
-        rememberRecent(path);
+        m_recentFiles->remember(path);
     else
         showFailure(tr("\"%1\" cannot be opened.").arg(name), reason);
     if (isOpen)
@@ -121,7 +120,46 @@ void qxWorkbenchWindow::takeBackScene()
     if (!m_path.isEmpty() && m_session->open(m_path))
         return;
     m_session->close();
-    showPath(QString());
+    showPath(QString(), nullptr);
+}
+
+void qxWorkbenchWindow::openAnother(const QString &path)
+{
+    {
+        const qxFileClaim claim(path);
+        if (!claim.isHeld() && !(m_claim && m_claim->isOf(path)) && showOtherWindow(claim, path))
+            return;
+    }
+    if (mayLeave())
+        openFile(path);
+}
+
+/// False when the user wants the file in this window all the same.
+bool qxWorkbenchWindow::showOtherWindow(const qxFileClaim &claim, const QString &path)
+{
+    const QString name = QFileInfo(path).fileName();
+    if (claim.showHolder()) {
+        statusBar()->showMessage(tr("\"%1\" is open in another window.").arg(name), 15000);
+        return true;
+    }
+    QMessageBox box(QMessageBox::Question, tr("Workbench"),
+                    tr("\"%1\" is open in another window, which does not answer.").arg(name),
+                    QMessageBox::Cancel, this);
+    box.setInformativeText(tr("What is saved there and what is saved here are two versions. Saving "
+                              "asks before it overwrites the other one."));
+    const QPushButton *const open = box.addButton(tr("Open Here, Too"), QMessageBox::AcceptRole);
+    makePlain(box);
+    box.exec();
+    return box.clickedButton() != open;
+}
+
+void qxWorkbenchWindow::comeToFront()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+    QApplication::alert(this); // Where the desktop keeps the focus with the other program.
 }
 
 void qxWorkbenchWindow::showNewScene()
@@ -160,6 +198,14 @@ bool qxWorkbenchWindow::write(const QString &path)
 {
     const QString name = QFileInfo(path).fileName();
     m_lastError.clear();
+    auto claim = std::make_unique<qxFileClaim>(path);
+    const bool isOwn = m_claim && m_claim->isOf(path);
+    if (!claim->isHeld() && !isOwn && path != m_path) {
+        showFailure(tr("\"%1\" cannot be saved.").arg(name),
+                    tr("The file is open in another window. Close it there, or save under another "
+                       "name."));
+        return false;
+    }
     bool isSaved = false;
     {
         const BusyLine busy(statusBar(), {tr("Saving \"%1\"...").arg(name)});
@@ -172,8 +218,8 @@ bool qxWorkbenchWindow::write(const QString &path)
     m_events->flush();
     m_sets->undoStack()->setClean();
     m_unsaved->forget();
-    showPath(path);
-    rememberRecent(path);
+    showPath(path, std::move(claim));
+    m_recentFiles->remember(path);
     statusBar()->showMessage(tr("\"%1\" is saved.").arg(name), 5000);
     return true;
 }
@@ -191,11 +237,18 @@ void qxWorkbenchWindow::showFailure(const QString &what, const QString &reason)
     box.exec();
 }
 
-void qxWorkbenchWindow::showPath(const QString &path)
+/// The claim is that of the file, unless the window has it already.
+void qxWorkbenchWindow::showPath(const QString &path, std::unique_ptr<qxFileClaim> claim)
 {
     m_path = path;
+    if (path.isEmpty() || !m_claim || !m_claim->isOf(path))
+        m_claim = std::move(claim);
+    if (m_claim)
+        connect(m_claim.get(), &qxFileClaim::wanted, this, &qxWorkbenchWindow::comeToFront,
+                Qt::UniqueConnection);
     setWindowFilePath(path);
     showTitle();
+    showCentre();
 }
 
 void qxWorkbenchWindow::showTitle()
@@ -206,17 +259,16 @@ void qxWorkbenchWindow::showTitle()
 
 void qxWorkbenchWindow::askAndOpen()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Open a scene"), QFileInfo(m_path).path(), tr("Scenes (*.gltf *.glb)"));
-    if (!path.isEmpty() && mayLeave())
-        openFile(path);
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open a scene"), usualFolder(),
+                                                      tr("Scenes (*.gltf *.glb)"));
+    if (!path.isEmpty())
+        openAnother(path);
 }
 
 bool qxWorkbenchWindow::askAndSaveAs()
 {
     finishTyping();
-    QFileDialog dialog(this, tr("Save the scene"), QFileInfo(m_path).path(),
-                       tr("Scenes (*.gltf *.glb)"));
+    QFileDialog dialog(this, tr("Save the scene"), usualFolder(), tr("Scenes (*.gltf *.glb)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     const QString suffix = QFileInfo(m_path).suffix();
     dialog.setDefaultSuffix(suffix.isEmpty() ? QStringLiteral("gltf") : suffix);
@@ -227,7 +279,22 @@ bool qxWorkbenchWindow::askAndSaveAs()
 bool qxWorkbenchWindow::save()
 {
     finishTyping();
-    return m_path.isEmpty() ? askAndSaveAs() : saveFile(m_path);
+    return m_path.isEmpty() || isToBeCopied() ? askAndSaveAs() : saveFile(m_path);
+}
+
+/// Whether the file stays as it is: the demo, and what this user cannot write.
+bool qxWorkbenchWindow::isToBeCopied() const
+{
+    const QFileInfo file(m_path);
+    return m_path == qxDemo::scene() || (file.exists() && !file.isWritable());
+}
+
+/// Where the user's scenes are, as far as it is known.
+QString qxWorkbenchWindow::usualFolder() const
+{
+    if (m_path.isEmpty() || isToBeCopied())
+        return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(m_path).path();
 }
 
 /// Fields take what was typed when they are left.
@@ -279,38 +346,8 @@ void qxWorkbenchWindow::dropEvent(QDropEvent *event)
 
 void qxWorkbenchWindow::openFirst(const QStringList &paths)
 {
-    if (mayLeave() && openFile(paths.first()) && paths.size() > 1)
+    openAnother(paths.first());
+    if (paths.size() > 1 && m_path == paths.first())
         statusBar()->showMessage(tr("One scene is open at a time: the others were left out."),
                                  15000);
-}
-
-void qxWorkbenchWindow::fillRecentMenu()
-{
-    m_recent->clear();
-    m_recent->setToolTipsVisible(true);
-    int number = 0;
-    for (const QString &path : QSettings().value(recentKey).toStringList()) {
-        QString name = QFileInfo(path).fileName();
-        name.replace(QLatin1Char('&'), QLatin1String("&&"));
-        QAction *const action =
-            m_recent->addAction(QStringLiteral("&%1 %2").arg(++number).arg(name));
-        action->setToolTip(Qt::convertFromPlainText(path, Qt::WhiteSpaceNormal));
-        action->setEnabled(QFileInfo::exists(path));
-        connect(action, &QAction::triggered, this, [this, path] {
-            if (mayLeave())
-                openFile(path);
-        });
-    }
-    if (number == 0)
-        m_recent->addAction(tr("None yet"))->setEnabled(false);
-}
-
-void qxWorkbenchWindow::rememberRecent(const QString &path)
-{
-    QSettings settings;
-    QStringList paths = settings.value(recentKey).toStringList();
-    const QString whole = QFileInfo(path).absoluteFilePath();
-    paths.removeAll(whole);
-    paths.prepend(whole);
-    settings.setValue(recentKey, QStringList(paths.mid(0, recentCount)));
 }

@@ -3,20 +3,32 @@
 #include "Variants/qxVariantsDock.h"
 #include "qxAnimationBar.h"
 #include "qxController.h"
+#include "qxIcons.h"
 #include "qxLanguage.h"
 #include "qxLightMenu.h"
 #include "qxLogView.h"
 #include "qxOSGWidget.h"
+#include "qxRecentFiles.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
+#include "qxTheme.h"
+#include "qxWindowLayout.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QActionGroup>
 #include <QApplication>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QSettings>
+#include <QToolBar>
 #include <QTreeView>
 #include <QUndoStack>
+
+namespace {
+
+const char *const iconTextsKey = "window/iconTexts";
+
+} // namespace
 
 QMenu *qxWorkbenchWindow::addMenu(const char *title)
 {
@@ -34,16 +46,22 @@ QAction *qxWorkbenchWindow::named(QAction *action, const char *text)
 void qxWorkbenchWindow::buildFileMenu()
 {
     QMenu *const menu = addMenu(QT_TR_NOOP("&File"));
-    named(menu->addAction(QString(), this, &qxWorkbenchWindow::askAndOpen, QKeySequence::Open),
-          QT_TR_NOOP("&Open..."));
+    m_open =
+        named(menu->addAction(QString(), this, &qxWorkbenchWindow::askAndOpen, QKeySequence::Open),
+              QT_TR_NOOP("&Open..."));
     m_recent = new QMenu(this);
     named(menu->addMenu(m_recent), QT_TR_NOOP("Open &Recent"));
-    connect(m_recent, &QMenu::aboutToShow, this, &qxWorkbenchWindow::fillRecentMenu);
+    connect(m_recent, &QMenu::aboutToShow, this, [this] { m_recentFiles->fill(*m_recent); });
     menu->addSeparator();
-    named(menu->addAction(QString(), this, &qxWorkbenchWindow::save, QKeySequence::Save),
-          QT_TR_NOOP("&Save"));
-    named(menu->addAction(QString(), this, &qxWorkbenchWindow::askAndSaveAs, QKeySequence::SaveAs),
-          QT_TR_NOOP("Save &As..."));
+    m_save = named(menu->addAction(QString(), this, &qxWorkbenchWindow::save, QKeySequence::Save),
+                   QT_TR_NOOP("&Save"));
+    QAction *const saveAs =
+        named(menu->addAction(QString(), this, &qxWorkbenchWindow::askAndSaveAs),
+              QT_TR_NOOP("Save &As..."));
+    // Few desktops have a key of their own for it.
+    saveAs->setShortcuts(QKeySequence::keyBindings(QKeySequence::SaveAs).isEmpty()
+                             ? QList<QKeySequence>{Qt::CTRL + Qt::SHIFT + Qt::Key_S}
+                             : QKeySequence::keyBindings(QKeySequence::SaveAs));
     menu->addSeparator();
     named(menu->addAction(QString(), this, &qxWorkbenchWindow::showScripts),
           QT_TR_NOOP("S&cripts of This File..."));
@@ -80,18 +98,31 @@ void qxWorkbenchWindow::showUndo()
 void qxWorkbenchWindow::buildViewMenu()
 {
     QMenu *const menu = addMenu(QT_TR_NOOP("&View"));
-    named(menu->addAction(QString(), m_view, &qxSceneView::fitScene),
-          QT_TR_NOOP("Show &Everything"));
+    m_everything = named(menu->addAction(QString(), m_view, &qxSceneView::fitScene),
+                         QT_TR_NOOP("Show &Everything"));
     named(menu->addAction(QString(), m_view, &qxSceneView::goHome), QT_TR_NOOP("&Home"));
-    QAction *const rayTracing = named(menu->addAction(QString()), QT_TR_NOOP("&Ray Tracing"));
-    rayTracing->setCheckable(true);
-    rayTracing->setChecked(qxOSGWidget::getRaytracing());
-    connect(rayTracing, &QAction::toggled, this, [](bool on) {
+    m_rayTracing = named(menu->addAction(QString()), QT_TR_NOOP("&Ray Tracing"));
+    m_rayTracing->setCheckable(true);
+    m_rayTracing->setChecked(qxOSGWidget::getRaytracing());
+    connect(m_rayTracing, &QAction::toggled, this, [](bool on) {
         qxOSGWidget::setRaytracing(on);
         qxController::updateRender(true);
     });
     named(menu->addMenu(new qxLightMenu(this)), QT_TR_NOOP("Light and Back&ground"));
     menu->addSeparator();
+    auto *const panes = new QMenu(this);
+    named(menu->addMenu(panes), QT_TR_NOOP("&Panes"));
+    buildPanesMenu(panes);
+    auto *const themes = new QMenu(this);
+    named(menu->addMenu(themes), QT_TR_NOOP("&Theme"));
+    fillThemeMenu(themes);
+    auto *const languages = new QMenu(this);
+    named(menu->addMenu(languages), QT_TR_NOOP("&Language"));
+    fillLanguageMenu(languages);
+}
+
+void qxWorkbenchWindow::buildPanesMenu(QMenu *menu)
+{
     named(menu->addAction(
               QString(), this, [this] { focusPane(1); }, QKeySequence::NextChild),
           QT_TR_NOOP("&Next Pane"));
@@ -100,13 +131,23 @@ void qxWorkbenchWindow::buildViewMenu()
     // With Shift, keyboards under X11 send another key than Tab.
     previous->setShortcuts(QList<QKeySequence>{Qt::CTRL + Qt::SHIFT + Qt::Key_Tab}
                            + QKeySequence::keyBindings(QKeySequence::PreviousChild));
+    menu->addSeparator();
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         menu->addAction(dock->toggleViewAction());
+    menu->addSeparator();
+    m_tools = new QToolBar(this);
+    menu->addAction(m_tools->toggleViewAction());
+    QAction *const texts = named(menu->addAction(QString()), QT_TR_NOOP("&Text under Icons"));
+    texts->setCheckable(true);
+    connect(texts, &QAction::toggled, this, [this](bool on) {
+        m_tools->setToolButtonStyle(on ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
+        QSettings().setValue(iconTextsKey, on);
+    });
+    texts->setChecked(QSettings().value(iconTextsKey).toBool());
     menu->addAction(m_animation->toggleViewAction());
     menu->addSeparator();
-    auto *const languages = new QMenu(this);
-    named(menu->addMenu(languages), QT_TR_NOOP("&Language"));
-    fillLanguageMenu(languages);
+    named(menu->addAction(QString(), this, [this] { m_layout->reset(); }),
+          QT_TR_NOOP("&Reset Layout"));
 }
 
 QDockWidget *qxWorkbenchWindow::dockAround(QWidget *widget)
@@ -150,6 +191,43 @@ void qxWorkbenchWindow::fillLanguageMenu(QMenu *menu)
     }
 }
 
+void qxWorkbenchWindow::fillThemeMenu(QMenu *menu)
+{
+    auto *const choices = new QActionGroup(this);
+    const auto add = [&](const char *text, qxTheme::Choice choice) {
+        QAction *const action = named(choices->addAction(menu->addAction(QString())), text);
+        action->setCheckable(true);
+        action->setChecked(choice == qxTheme::chosen());
+        connect(action, &QAction::triggered, this, [this, choice] { m_theme->choose(choice); });
+    };
+    add(QT_TR_NOOP("&System"), qxTheme::System);
+    add(QT_TR_NOOP("&Light"), qxTheme::Light);
+    add(QT_TR_NOOP("&Dark"), qxTheme::Dark);
+}
+
+/// All of it is in the menus, too.
+void qxWorkbenchWindow::buildToolBar()
+{
+    m_tools->setObjectName(QStringLiteral("tools"));
+    addToolBar(Qt::TopToolBarArea, m_tools);
+    const auto add = [this](QAction *action, const char *icon) {
+        action->setIcon(qxIcons::of(icon));
+        m_tools->addAction(action);
+    };
+    add(m_open, "open");
+    add(m_save, "save");
+    m_tools->addSeparator();
+    add(m_undo, "undo");
+    add(m_redo, "redo");
+    add(m_back, "back");
+    m_tools->addSeparator();
+    add(m_sets->captureAction(), "capture");
+    add(m_sets->addSetAction(), "newSet");
+    m_tools->addSeparator();
+    add(m_everything, "everything");
+    add(m_rayTracing, "rayTracing");
+}
+
 void qxWorkbenchWindow::buildSetsMenu()
 {
     addMenu(QT_TR_NOOP("&Sets"))->addActions(m_sets->setActions());
@@ -158,21 +236,13 @@ void qxWorkbenchWindow::buildSetsMenu()
 void qxWorkbenchWindow::buildHelpMenu()
 {
     QMenu *const menu = addMenu(QT_TR_NOOP("&Help"));
-    const auto showKeys = [this] {
-        QMessageBox::information(
-            this, tr("Mouse and keys"),
-            tr("Left button: turn. Middle button, or left with Shift: move.\n"
-               "Wheel or right button: zoom. Click: pick a node. Double click: look at it.\n"
-               "Arrows: turn. + and -: zoom. F: show everything. Home: go home.\n"
-               "Space: play or pause animations. Shift+Space: stop them.\n\n"
-               "Enter or a double click selects the set under the cursor, F2 renames it.\n"
-               "Keys of sets select them anywhere but in text fields."));
-    };
     const auto showAbout = [this] {
         QMessageBox::about(this, tr("About Workbench"),
                            tr("Workbench %1 shows scenes in many states.")
                                .arg(QApplication::applicationVersion()));
     };
-    named(menu->addAction(QString(), this, showKeys), QT_TR_NOOP("&Mouse and Keys"));
+    named(
+        menu->addAction(QString(), this, &qxWorkbenchWindow::showKeys, QKeySequence::HelpContents),
+        QT_TR_NOOP("&Keys and Mouse"));
     named(menu->addAction(QString(), this, showAbout), QT_TR_NOOP("&About"));
 }

@@ -9,6 +9,8 @@
 #include "Variants/qxVariantsDock.h"
 #include "qxAnimationBar.h"
 #include "qxController.h"
+#include "qxFileClaim.h"
+#include "qxKeysPage.h"
 #include "qxLanguage.h"
 #include "qxLogView.h"
 #include "qxNodeVisibility.h"
@@ -16,40 +18,41 @@
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
 #include "qxPreviewDialog.h"
+#include "qxRecentFiles.h"
 #include "qxSceneTree.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
+#include "qxScenegraph.h"
 #include "qxScriptConsole.h"
+#include "qxStartPage.h"
+#include "qxTheme.h"
 #include "qxUnsavedChanges.h"
+#include "qxWindowLayout.h"
 #include "qxWindowWatchdog.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QSettings>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QTreeView>
 #include <QUndoStack>
 
-namespace {
-
-const char *const layoutKey = "window/layout";
-const char *const geometryKey = "window/geometry";
-
-} // namespace
-
 qxWorkbenchWindow::qxWorkbenchWindow()
-    : m_language(std::make_unique<qxLanguage>()), m_session(std::make_unique<qxSession>()),
-      m_events(new qxPanelEvents(this)), m_picked(new qxNodeSelection(this)),
-      m_visibility(new qxNodeVisibility(this)), m_view(new qxSceneView(m_picked)),
+    : m_language(std::make_unique<qxLanguage>()), m_theme(std::make_unique<qxTheme>()),
+      m_session(std::make_unique<qxSession>()), m_events(new qxPanelEvents(this)),
+      m_picked(new qxNodeSelection(this)), m_visibility(new qxNodeVisibility(this)),
+      m_view(new qxSceneView(m_picked)), m_recentFiles(new qxRecentFiles(this)),
+      m_start(new qxStartPage(m_recentFiles)), m_centre(new QStackedWidget),
       m_pictureDialog(std::make_unique<qxPictureDialog>(this))
 {
     qxMainWindow::set(this);
     qxVariantBindings::setArguments(QStringList(QString())); // as at a prompt
     setAcceptDrops(true);
-    setDockNestingEnabled(true);
-    setCentralWidget(m_view);
+    m_centre->addWidget(m_start);
+    m_centre->addWidget(m_view);
+    setCentralWidget(m_centre);
     buildDocks();
     buildFileMenu();
     buildEditMenu();
@@ -57,6 +60,11 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     buildNodeMenus();
     buildSetsMenu();
     buildHelpMenu();
+    buildToolBar();
+    connect(m_recentFiles, &qxRecentFiles::chosen, this, &qxWorkbenchWindow::openAnother);
+    connect(m_start, &qxStartPage::fileWanted, this, &qxWorkbenchWindow::openAnother);
+    connect(m_start, &qxStartPage::openWanted, this, &qxWorkbenchWindow::askAndOpen);
+    connect(m_events, &qxPanelEvents::setsChanged, this, &qxWorkbenchWindow::showCentre);
     auto *const progress = new QLabel;
     statusBar()->addPermanentWidget(progress);
     connect(m_view, &qxSceneView::progressed, progress, &QLabel::setText);
@@ -79,9 +87,11 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_watchdog.get(), &qxWindowWatchdog::stillRuns, this,
             [this] { statusBar()->showMessage(tr("A script is running. Escape ends it."), 2000); });
     watchBlockedScripts();
-    showPath(QString());
+    showPath(QString(), nullptr);
     retranslate();
-    restoreLayout();
+    m_layout = new qxWindowLayout(this);
+    m_layout->restore();
+    m_animation->hide(); // until a scene has animations
 }
 
 qxWorkbenchWindow::~qxWorkbenchWindow()
@@ -93,6 +103,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     m_blockedScripts.reset();
     m_before.reset();
     m_beforeScript.reset();
+    delete m_keys;
     delete m_unsaved;
     delete m_animation;
     delete takeCentralWidget();
@@ -117,20 +128,9 @@ void qxWorkbenchWindow::buildDocks()
     giveKey(m_animation->playAction(), Qt::Key_Space);
     giveKey(m_animation->stopAction(), Qt::SHIFT + Qt::Key_Space);
 
-    addDock(dockOf(m_sceneTree, QT_TR_NOOP("Scene"), QStringLiteral("scene")),
-            Qt::LeftDockWidgetArea);
-    addDock(m_variants, Qt::LeftDockWidgetArea);
-    addDock(m_sets, Qt::RightDockWidgetArea);
-    QDockWidget *const log = dockOf(m_log, QT_TR_NOOP("Log"), QStringLiteral("log"));
-    addDock(log, Qt::BottomDockWidgetArea);
-    QDockWidget *const console =
-        dockOf(m_console, QT_TR_NOOP("Scripts"), QStringLiteral("scripts"));
-    addDock(console, Qt::BottomDockWidgetArea);
-    tabifyDockWidget(log, console);
-    log->raise();
-    // Lists are long, lines are few.
-    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    dockOf(m_sceneTree, QT_TR_NOOP("Scene"), QStringLiteral("scene"));
+    dockOf(m_log, QT_TR_NOOP("Log"), QStringLiteral("log"));
+    dockOf(m_console, QT_TR_NOOP("Scripts"), QStringLiteral("scripts"));
 }
 
 /// One that works while the view has the focus: lists use it themselves.
@@ -139,11 +139,6 @@ void qxWorkbenchWindow::giveKey(QAction *action, const QKeySequence &key)
     action->setShortcut(key);
     action->setShortcutContext(Qt::WidgetShortcut);
     m_view->QWidget::addAction(action);
-}
-
-void qxWorkbenchWindow::addDock(QDockWidget *dock, Qt::DockWidgetArea area)
-{
-    addDockWidget(area, dock);
 }
 
 QDockWidget *qxWorkbenchWindow::dockOf(QWidget *contents, const char *title, const QString &name)
@@ -166,8 +161,14 @@ void qxWorkbenchWindow::retranslate()
 {
     for (const auto &action : m_texts)
         action.first->setText(tr(action.second));
-    for (const auto &dock : m_titles)
+    for (const auto &dock : m_titles) {
         dock.first->setWindowTitle(tr(dock.second));
+        dock.first->widget()->setAccessibleName(dock.first->windowTitle());
+    }
+    m_tools->setWindowTitle(tr("Tools"));
+    m_undo->setIconText(tr("Undo"));
+    m_redo->setIconText(tr("Redo"));
+    m_back->setIconText(tr("Back"));
     showUndo();
     showTitle();
 }
@@ -176,31 +177,29 @@ void qxWorkbenchWindow::closeEvent(QCloseEvent *event)
 {
     if (!mayLeave())
         return event->ignore();
-    QSettings settings;
-    settings.setValue(layoutKey, saveState());
-    settings.setValue(geometryKey, saveGeometry());
+    m_layout->save();
     QMainWindow::closeEvent(event);
 }
 
-void qxWorkbenchWindow::restoreLayout()
+/// The start page, as long as there is neither a scene nor a set.
+void qxWorkbenchWindow::showCentre()
 {
-    const QSettings settings;
-    resize(1280, 800);
-    restoreGeometry(settings.value(geometryKey).toByteArray());
-    m_hasLayout = restoreState(settings.value(layoutKey).toByteArray());
-    m_animation->hide(); // until a scene has animations
+    const bool isEmpty =
+        m_path.isEmpty() && m_session->isEmpty() && qxScenegraph::getRoot()->getNChildren() == 0;
+    QWidget *const shown = isEmpty ? static_cast<QWidget *>(m_start) : m_view;
+    if (m_centre->currentWidget() == shown)
+        return;
+    const bool hadFocus = m_centre->isAncestorOf(focusWidget());
+    m_centre->setCurrentWidget(shown);
+    if (hadFocus)
+        shown->setFocus();
 }
 
-/// Docks take a size only when the window has one.
-void qxWorkbenchWindow::showEvent(QShowEvent *event)
+void qxWorkbenchWindow::showKeys()
 {
-    QMainWindow::showEvent(event);
-    if (m_hasLayout)
-        return;
-    m_hasLayout = true;
-    resizeDocks({dockAround(m_log)}, {height() / 6}, Qt::Vertical);
-    resizeDocks({m_sets, m_variants}, {width() * 28 / 100, width() * 23 / 100}, Qt::Horizontal);
-    resizeDocks({dockAround(m_treeView), m_variants}, {2, 3}, Qt::Vertical);
+    delete m_keys; // The keys of sets may be others now.
+    m_keys = new qxKeysPage(*this, this);
+    m_keys->show();
 }
 
 void qxWorkbenchWindow::rememberForBack()

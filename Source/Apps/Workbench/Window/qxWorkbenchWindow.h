@@ -4,30 +4,38 @@
 #include "Session/qxSceneSnapshot.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <memory>
 
+class QStackedWidget;
 class QTreeView;
 class QUndoStack;
 class qxAnimationBar;
 class qxLanguage;
 class qxBlockedScriptReport;
+class qxFileClaim;
+class qxKeysPage;
 class qxLogView;
 class qxNodeMenu;
 class qxNodeSelection;
 class qxNodeVisibility;
 class qxPanelEvents;
 class qxPictureDialog;
+class qxRecentFiles;
 class qxSceneTree;
 class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
 class qxWindowWatchdog;
 class qxSession;
+class qxStartPage;
+class qxTheme;
 class qxUnsavedChanges;
 class qxVariantSetsDock;
 class qxVariantsDock;
 class qxViewpointMenu;
+class qxWindowLayout;
 
 /// The window of the program: the scene, and docks for sets, variants, nodes, log and scripts.
 class qxWorkbenchWindow : public QMainWindow {
@@ -41,6 +49,9 @@ public:
     /// the old scene stays. If only the variants of the file could not be read, the old scene is
     /// read again from its own file.
     bool openFile(const QString &path);
+    /// Opens the file for the user: asks about unsaved changes; when another window of this user
+    /// has the file, brings that one to the front instead.
+    void openAnother(const QString &path);
     /// Asks before it overwrites a file that others have changed since it was opened. If it fails,
     /// the reason is shown, and the changes stay unsaved.
     bool saveFile(const QString &path);
@@ -58,7 +69,6 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -66,7 +76,6 @@ protected:
 private:
     void buildDocks();
     void giveKey(QAction *action, const QKeySequence &key);
-    void addDock(QDockWidget *dock, Qt::DockWidgetArea area);
     QDockWidget *dockOf(QWidget *contents, const char *title, const QString &name);
     QMenu *addMenu(const char *title);
     /// Sets the text of the action, translated again at each change of language.
@@ -74,13 +83,15 @@ private:
     void buildFileMenu();
     void buildEditMenu();
     void buildViewMenu();
+    void buildPanesMenu(QMenu *menu);
     void fillLanguageMenu(QMenu *menu);
+    void fillThemeMenu(QMenu *menu);
+    void buildToolBar();
     void buildSetsMenu();
     void buildHelpMenu();
-    void fillRecentMenu();
     void retranslate();
     void showUndo();
-    void restoreLayout();
+    void showKeys();
 
     void askAndOpen();
     void openFirst(const QStringList &paths);
@@ -89,7 +100,12 @@ private:
     bool askAndSaveAs();
     bool mayLeave();
     void finishTyping();
-    void showPath(const QString &path);
+    bool isToBeCopied() const;
+    QString usualFolder() const;
+    bool showOtherWindow(const qxFileClaim &claim, const QString &path);
+    void comeToFront();
+    void showPath(const QString &path, std::unique_ptr<qxFileClaim> claim);
+    void showCentre();
     void showTitle();
     void askAboutScripts();
     void showScripts();
@@ -98,7 +114,6 @@ private:
     void forgetScene();
     void takeBackScene();
     void showNewScene();
-    void rememberRecent(const QString &path);
     void buildNodes();
     void buildNodeMenus();
     void tellPicked();
@@ -112,19 +127,24 @@ private:
     void showFailure(const QString &what, const QString &reason);
 
     std::unique_ptr<qxLanguage> m_language; ///< must precede everything that has texts
+    std::unique_ptr<qxTheme> m_theme;
     std::unique_ptr<qxSession> m_session;
+    std::unique_ptr<qxFileClaim> m_claim; ///< of the open file; null for none
     std::unique_ptr<qxSceneSnapshot> m_before; ///< what "Back" leads to; null for nothing
     std::unique_ptr<qxWindowWatchdog> m_watchdog;
     std::unique_ptr<qxBlockedScriptReport> m_blockedScripts;
     std::unique_ptr<qxSceneSnapshot> m_beforeScript; ///< null when none runs
     QString m_path;
     bool m_isNewScene = false; ///< since the last file was asked for
-    bool m_hasLayout = false;
     QString m_lastError; ///< of the log
     qxPanelEvents *m_events;
     qxNodeSelection *m_picked; ///< in view and tree
     qxNodeVisibility *m_visibility;
     qxSceneView *m_view;
+    qxRecentFiles *m_recentFiles;
+    qxStartPage *m_start;
+    QStackedWidget *m_centre; ///< the start page or the view
+    qxWindowLayout *m_layout;
     qxAnimationBar *m_animation;
     std::unique_ptr<qxPictureDialog> m_pictureDialog;
     qxVariantSetsDock *m_sets;
@@ -141,6 +161,12 @@ private:
     QAction *m_undo;
     QAction *m_redo;
     QAction *m_back;
+    QAction *m_open;
+    QAction *m_save;
+    QAction *m_everything;
+    QAction *m_rayTracing;
+    QToolBar *m_tools;
+    QPointer<qxKeysPage> m_keys;
     QList<QPair<QAction *, const char *>> m_texts; ///< to be translated
     QList<QPair<QDockWidget *, const char *>> m_titles; ///< to be translated
 };

@@ -7,6 +7,7 @@
 #include "qxVariants.h"
 
 #include "Undo/qxSetEdits.h"
+#include "qxKeyHints.h"
 #include "qxPanelEvents.h"
 #include "qxSetCapture.h"
 #include "qxSetForm.h"
@@ -67,6 +68,13 @@ void qxVariantSetsDock::retranslate()
 {
     setWindowTitle(QCoreApplication::translate("qxVariants", "Variant Sets"));
     m_search->setPlaceholderText(tr("Search sets"));
+    m_search->setAccessibleName(m_search->placeholderText());
+    const auto shown = [](int key) { return QKeySequence(key).toString(QKeySequence::NativeText); };
+    qxKeyHints::tell(*m_view, {{shown(Qt::Key_Return), tr("Select the current set")}});
+    qxKeyHints::tell(*m_search,
+                     {{shown(Qt::Key_Down), tr("Search: go to what was found")},
+                      {shown(Qt::Key_Return), tr("Search: select the first set")},
+                      {shown(Qt::Key_Escape), tr("Search: end it")}});
     m_gallery->setText(tr("Gallery"));
     m_gallery->setToolTip(tr("Show the previews of all sets"));
     m_capture->setText(tr("Capture..."));
@@ -136,11 +144,13 @@ void qxVariantSetsDock::buildActions()
     typedef qxVariantSetsDock Dock;
     m_ofSets << addAction(QT_TR_NOOP("&Select"), QKeySequence(), &Dock::selectCurrent);
     addAction(QT_TR_NOOP("&Find Set"), QKeySequence::Find, &Dock::goToSearch, Qt::WindowShortcut);
-    addAction(QT_TR_NOOP("&Add Set"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_N), &Dock::addSet,
-              Qt::WindowShortcut);
+    m_addSetAction =
+        addAction(QT_TR_NOOP("&Add Set"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_N),
+                  &Dock::addSet, Qt::WindowShortcut);
     addAction(QT_TR_NOOP("Add &Group"), QKeySequence(), &Dock::addGroup);
-    addAction(QT_TR_NOOP("&Capture..."), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_C),
-              &Dock::captureSet, Qt::WindowShortcut);
+    m_captureAction =
+        addAction(QT_TR_NOOP("&Capture..."), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_C),
+                  &Dock::captureSet, Qt::WindowShortcut);
     m_ofSets << addAction(QT_TR_NOOP("&Update from Scene..."), QKeySequence(), &Dock::updateSet);
     m_ofSets << addAction(QT_TR_NOOP("New &Preview"), QKeySequence(), &Dock::makePreview);
     addAction(QT_TR_NOOP("Previews of All Sets"), QKeySequence(), &Dock::makeAllPreviews);

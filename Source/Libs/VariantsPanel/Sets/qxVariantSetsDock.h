@@ -31,6 +31,11 @@ public:
     QUndoStack *undoStack() const;
     /// The actions on sets, for the menu of a window.
     const QList<QAction *> &setActions() const { return m_actions; }
+    ///@{
+    /// One of these actions, for a tool bar: a set of what is shown, or an empty one.
+    QAction *captureAction() const { return m_captureAction; }
+    QAction *addSetAction() const { return m_addSetAction; }
+    ///@}
     /// The list or gallery of the dock.
     qxSetsView *view() const { return m_view; }
 
@@ -107,6 +112,8 @@ private:
     QList<QAction *> m_actions;
     QList<const char *> m_texts; ///< of the actions, to be translated
     QList<QAction *> m_ofSets; ///< those that need a set
+    QAction *m_captureAction;
+    QAction *m_addSetAction;
     QAction *m_withSets; ///< needs a group
     QAction *m_groupVisible;
 };
