@@ -7,6 +7,8 @@
 #include "qxOrbit.h"
 #include "qxScenegraph.h"
 
+#include <OpenSG/OSGQuaternion.h>
+
 #include <algorithm>
 #include <cmath>
 

@@ -19,7 +19,7 @@ namespace {
 
 const int mostUsers = 20; ///< sets that a menu lists
 
-QString shown(QString text)
+QString menuText(QString text)
 {
     return text.replace('&', QLatin1String("&&"));
 }
@@ -114,7 +114,7 @@ void qxNodeMenu::prepare()
     const QString set = m_target ? m_target() : QString();
     m_addToSet->setEnabled(hasNodes && !set.isEmpty());
     m_addToSet->setText(set.isEmpty() ? tr("A&dd Present State to Set")
-                                      : tr("A&dd Present State to \"%1\"").arg(shown(set)));
+                                      : tr("A&dd Present State to \"%1\"").arg(menuText(set)));
 }
 
 void qxNodeMenu::toggleIsolation()
@@ -145,7 +145,7 @@ void qxNodeMenu::fillMake()
             continue;
         const QString names =
             objects.size() == 1 ? objects.first() : tr("%n objects", nullptr, objects.size());
-        m_make->addAction(tr("%1: %2").arg(kindWord(*kind), shown(names)),
+        m_make->addAction(tr("%1: %2").arg(kindWord(*kind), menuText(names)),
                           [this, kind] { make(*kind); });
     }
     if (m_make->isEmpty())
@@ -160,8 +160,8 @@ void qxNodeMenu::make(const qxVariantKind &kind)
         Q_EMIT variantWanted(*each.kind, each.name);
     for (const qxVariantName &each : created.known)
         Q_EMIT variantWanted(*each.kind, each.name);
-    if (!created.refusals.isEmpty())
-        Q_EMIT told(created.refusals.join(QLatin1Char(' ')));
+    if (!created.notes.isEmpty())
+        Q_EMIT told(created.notes.join(QLatin1Char(' ')));
     else if (created.made.empty())
         Q_EMIT told(tr("There is such a variant already."));
     else
@@ -180,7 +180,7 @@ void qxNodeMenu::fillControls()
         const QString state = qxStateWords::shown(kind, variant, variant->shown().visibleState());
         auto *const menu = new QMenu(m_controls);
         menu->setTitle(tr("%1 \"%2\": %3")
-                           .arg(kindWord(kind), shown(variant->name), shown(state)));
+                           .arg(kindWord(kind), menuText(variant->name), menuText(state)));
         QAction *const action = m_controls->addMenu(menu);
         action->setToolTip(control.levels == 0 ? tr("It drives \"%1\".").arg(control.object)
                                                : tr("It drives \"%1\", which is above this node.")
@@ -202,7 +202,7 @@ void qxNodeMenu::fillUsers(QMenu *menu, const qxVariantKind &kind, const QString
     const QStringList users = qxVariantEdits::usersOf({{&kind, variant}});
     addNote(menu, users.isEmpty() ? tr("No set uses it") : tr("Sets that use it:"));
     for (const QString &set : users.mid(0, mostUsers))
-        menu->addAction(shown(set), [this, set] { Q_EMIT setWanted(set); });
+        menu->addAction(menuText(set), [this, set] { Q_EMIT setWanted(set); });
     if (users.size() > mostUsers)
         addNote(menu, tr("and %n more", nullptr, users.size() - mostUsers));
 }
@@ -210,8 +210,9 @@ void qxNodeMenu::fillUsers(QMenu *menu, const qxVariantKind &kind, const QString
 void qxNodeMenu::addToSet()
 {
     const QString set = m_target();
-    const auto states =
-        qxVariantEdits::presentStates(qxNodeControls::nearestOf(m_picked->nodes()));
+    qxVariantEdits::States states;
+    for (const qxVariantName &each : qxNodeControls::nearestOf(m_picked->nodes()))
+        states.push_back({each.kind, each.name, QString()});
     if (states.empty())
         return Q_EMIT told(tr("No variant controls this."));
     const int count = qxVariantEdits::addToSet(*m_steps, set, states);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <OpenSG/OSGNode.h>
-#include <OpenSG/OSGRefPtr.h>
+#include <OpenSG/OSGNodePtr.h>
 
 #include <QObject>
 

@@ -13,7 +13,7 @@
 
 namespace {
 
-const osg::UInt32 shown = 0xFFFFFFFF;
+const osg::UInt32 allShown = 0xFFFFFFFF;
 
 /// What there is at and below a node.
 struct Contents {
@@ -91,7 +91,7 @@ void qxNodeVisibility::tick(const osg::NodePtr &node, bool isShown)
 {
     Q_EMIT aboutToChange();
     Changes ofTick;
-    set(node, isShown ? shown : 0, isShown ? ofTick : m_hidden);
+    set(node, isShown ? allShown : 0, isShown ? ofTick : m_hidden);
     finish();
 }
 
@@ -110,10 +110,10 @@ void qxNodeVisibility::isolate(const Nodes &nodes, Changes &changes)
     const std::set<osg::NodePtr> picked(nodes.begin(), nodes.end());
     std::set<osg::NodePtr> above;
     for (const osg::NodePtr &node : nodes) {
-        set(node, shown, changes);
+        set(node, allShown, changes);
         for (osg::NodePtr each = node->getParent(); each != osg::NullFC; each = each->getParent()) {
             if (above.insert(each).second)
-                set(each, shown, changes);
+                set(each, allShown, changes);
         }
     }
     const osg::NodePtr root = qxScenegraph::getRoot();

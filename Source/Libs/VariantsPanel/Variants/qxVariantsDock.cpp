@@ -66,3 +66,12 @@ void qxVariantsDock::highlight(const qxVariantKind &kind, const QStringList &nam
         m_view->scrollTo(index);
     }
 }
+
+void qxVariantsDock::showVariant(const qxVariantKind &kind, const QString &variant)
+{
+    const QModelIndex index = m_model->indexOf(kind, variant);
+    show();
+    raise();
+    m_view->setCurrentIndex(index);
+    m_view->scrollTo(index);
+}

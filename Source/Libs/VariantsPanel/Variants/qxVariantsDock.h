@@ -19,6 +19,9 @@ public:
     /// steps of the stack, that of the sets' dock, which must outlive this.
     explicit qxVariantsDock(QUndoStack *steps, QWidget *parent = nullptr);
 
+    /// Leads the user to this variant.
+    void showVariant(const qxVariantKind &kind, const QString &variant);
+
 Q_SIGNALS:
     /// An option is about to be selected by the user.
     void aboutToSelect();
