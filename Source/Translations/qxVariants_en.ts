@@ -5,30 +5,30 @@
     <name>qxNodeMenu</name>
     <message numerus="yes">
         <source>%n objects</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n object</numerusform>
+            <numerusform>%n objects</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n variants made</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n variant made</numerusform>
+            <numerusform>%n variants made</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>and %n more</source>
-        <translation type="unfinished">
+        <translation>
             <numerusform>and %n more</numerusform>
             <numerusform>and %n more</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n entries of &quot;%1&quot; are new or other than before</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n entry of &quot;%1&quot; is new or other than before</numerusform>
+            <numerusform>%n entries of &quot;%1&quot; are new or other than before</numerusform>
         </translation>
     </message>
 </context>
@@ -36,9 +36,9 @@
     <name>qxSceneTree</name>
     <message numerus="yes">
         <source>%n found</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n found</numerusform>
+            <numerusform>%n found</numerusform>
         </translation>
     </message>
 </context>
@@ -169,9 +169,9 @@
     <name>qxWorkbenchWindow</name>
     <message numerus="yes">
         <source>%n nodes picked, the last one: %1 (%2)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n node picked, the last one: %1 (%2)</numerusform>
+            <numerusform>%n nodes picked, the last one: %1 (%2)</numerusform>
         </translation>
     </message>
 </context>

@@ -24,6 +24,7 @@ qxSceneTree::qxSceneTree(qxNodeSelection *picked, QWidget *parent)
       m_search(new QLineEdit), m_found(new QLabel)
 {
     auto *const top = new QHBoxLayout;
+    top->setContentsMargins(4, 4, 4, 0);
     top->addWidget(m_search, 1);
     top->addWidget(m_found);
     auto *const layout = new QVBoxLayout(this);
@@ -245,6 +246,7 @@ void qxSceneTree::showRow(const QModelIndex &index)
     const int end = begin + m_view->sizeHintForIndex(index).width();
     QScrollBar *const bar = m_view->horizontalScrollBar();
     bar->setValue(bar->value() + qBound(0, end - m_view->viewport()->width(), begin));
+    m_view->scrollTo(index); // The bar may have come just now, and covers the last row.
 }
 
 void qxSceneTree::wantMenu(const QPoint &place)
