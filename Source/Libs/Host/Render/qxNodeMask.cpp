@@ -341,7 +341,7 @@ bool isSeen(const qxRay &ray, const Projection &projection, const qxRenderGroup 
 {
     const float tolerance = 0.005f; // What touches the nodes does not hide them.
     const float distance = qxDistanceAlong(ray, group);
-    return !std::isfinite(distance)
+    return !(distance < ray.far) // nothing at all
         || projection.nearness(ray, distance) <= nearness + std::fabs(nearness) * tolerance;
 }
 
