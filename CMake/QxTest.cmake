@@ -9,6 +9,7 @@ find_package(Python3 REQUIRED COMPONENTS Interpreter)
 set(QX_TEST_ENVIRONMENT env QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 UBSAN_OPTIONS=print_stacktrace=1
     XDG_DATA_HOME=${PROJECT_BINARY_DIR}/test-data-home
     XDG_CACHE_HOME=${PROJECT_BINARY_DIR}/test-cache-home
+    XDG_STATE_HOME=${PROJECT_BINARY_DIR}/test-state-home
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/Tools/leaks-of-others.txt:print_suppressions=0")
 
 set(QX_TEST_PATHS ${PROJECT_BINARY_DIR}/test-paths)

@@ -1169,6 +1169,40 @@
     </message>
 </context>
 <context>
+    <name>qxRecovery</name>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly on %1: edits were not saved.</source>
+        <translation>Das Programm endete unerwartet am %1: Änderungen wurden nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly on %1: edits of &quot;%2&quot; were not saved.</source>
+        <translation>Das Programm endete unerwartet am %1: Änderungen an „%2“ wurden nicht gespeichert.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n steps can be recovered. The file stays as it is until you save.</source>
+        <translation>
+            <numerusform>%n Schritt kann wiederhergestellt werden. Die Datei bleibt, wie sie ist, bis Sie speichern.</numerusform>
+            <numerusform>%n Schritte können wiederhergestellt werden. Die Datei bleibt, wie sie ist, bis Sie speichern.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+</context>
+<context>
     <name>qxSceneTree</name>
     <message>
         <source>Search nodes</source>
@@ -2541,6 +2575,22 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Back</source>
         <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>%1 (shows another state) - Workbench</source>
+        <translation>%1 (zeigt einen anderen Zustand) - Workbench</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; shows another state than its file.</source>
+        <translation>„%1“ zeigt einen anderen Zustand als die Datei.</translation>
+    </message>
+    <message>
+        <source>Sets and variants are saved. Saving also keeps what is shown now, as the state in which the file opens.</source>
+        <translation>Sets und Varianten sind gespeichert. Speichern behält auch, was jetzt zu sehen ist: So öffnet sich die Datei dann.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not in the list now: its group is hidden, or the search leaves it out.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 </TS>

@@ -33,6 +33,16 @@
     </message>
 </context>
 <context>
+    <name>qxRecovery</name>
+    <message numerus="yes">
+        <source>%n steps can be recovered. The file stays as it is until you save.</source>
+        <translation>
+            <numerusform>%n step can be recovered. The file stays as it is until you save.</numerusform>
+            <numerusform>%n steps can be recovered. The file stays as it is until you save.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxSceneTree</name>
     <message numerus="yes">
         <source>%n found</source>

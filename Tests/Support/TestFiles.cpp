@@ -11,6 +11,7 @@ TestFolder::TestFolder()
 {
     qputenv("XDG_DATA_HOME", path(QStringLiteral("data-home")).toLocal8Bit());
     qputenv("XDG_CACHE_HOME", path(QStringLiteral("cache-home")).toLocal8Bit());
+    qputenv("XDG_STATE_HOME", path(QStringLiteral("state-home")).toLocal8Bit());
     qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit()); // which only its owner may enter
 }
 

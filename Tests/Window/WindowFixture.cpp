@@ -47,7 +47,7 @@ void WindowFixture::settle() const
 {
     QCoreApplication::processEvents();
     QCoreApplication::processEvents(); // What the first ones asked for.
-    window->findChild<qxUnsavedChanges *>()->areThere();
+    window->findChild<qxUnsavedChanges *>()->sort();
 }
 
 void WindowFixture::openDemo()

@@ -38,6 +38,11 @@ protected:
         settle();
         return window->isWindowModified();
     }
+    bool showsOtherState() const
+    {
+        settle();
+        return window->windowTitle().contains("(shows another state)");
+    }
     void select(const QString &set) const
     {
         window->setsDock()->selectSet(set);

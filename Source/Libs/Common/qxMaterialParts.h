@@ -1,8 +1,11 @@
 #pragma once
 
+#include "qxScenegraph.h"
+
 #include <OpenSG/OSGMultiPassMaterial.h>
 #include <OpenSG/OSGSwitchMaterial.h>
 
+#include <algorithm>
 #include <set>
 #include <vector>
 
@@ -18,6 +21,26 @@ public:
         const osg::MultiPassMaterialPtr passes = osg::MultiPassMaterialPtr::dcast(material);
         return passes == osg::NullFC ? std::vector<osg::MaterialPtr>()
                                      : passes->getMFMaterials()->getValues();
+    }
+
+    /// All materials of the scene with what they are made of, each once, in the order of the pool.
+    static std::vector<osg::MaterialPtr> all()
+    {
+        std::vector<osg::MaterialPtr> open;
+        qxScenegraph::getMaterialPool()->get(open);
+        std::reverse(open.begin(), open.end());
+        std::vector<osg::MaterialPtr> materials;
+        std::set<osg::MaterialPtr> known;
+        while (!open.empty()) {
+            const osg::MaterialPtr next = open.back();
+            open.pop_back();
+            if (next == osg::NullFC || !known.insert(next).second)
+                continue;
+            materials.push_back(next);
+            const std::vector<osg::MaterialPtr> parts = of(next);
+            open.insert(open.end(), parts.rbegin(), parts.rend());
+        }
+        return materials;
     }
 
     /// Whether `whole` is `part` or holds it, however far inside.

@@ -118,13 +118,20 @@ void settleGroups(qxDocument &document)
     }
 }
 
+template <auto field>
+bool isSameField(const qxAnalyzerVariant &one, const qxAnalyzerVariant &other)
+{
+    return one.*field == other.*field;
+}
+
 template <int qxAnalyzerVariant::*field>
 qxClippingField whole(const char *attribute)
 {
     return {
         QString::fromLatin1(attribute), false,
         [](const qxAnalyzerVariant &clipping) { return QString::number(clipping.*field); },
-        [](qxAnalyzerVariant &clipping, const QString &text) { clipping.*field = text.toInt(); }};
+        [](qxAnalyzerVariant &clipping, const QString &text) { clipping.*field = text.toInt(); },
+        isSameField<field>};
 }
 
 template <bool qxAnalyzerVariant::*field>
@@ -134,7 +141,8 @@ qxClippingField flag(const char *attribute)
             [](const qxAnalyzerVariant &clipping) { return QString::number(int(clipping.*field)); },
             [](qxAnalyzerVariant &clipping, const QString &text) {
                 clipping.*field = text.toInt() != 0;
-            }};
+            },
+            isSameField<field>};
 }
 
 /// One component, with as many digits as the DOM writes of it.
@@ -147,6 +155,9 @@ qxClippingField real(const QString &attribute)
             },
             [](qxAnalyzerVariant &clipping, const QString &text) {
                 (clipping.*field)[component] = text.toFloat();
+            },
+            [](const qxAnalyzerVariant &one, const qxAnalyzerVariant &other) {
+                return (one.*field)[component] == (other.*field)[component];
             }};
 }
 

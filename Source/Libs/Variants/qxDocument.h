@@ -164,6 +164,8 @@ struct qxClippingField {
     bool isReal; ///< whether it is a number with a fraction, else a whole one or a flag
     QString (*text)(const qxAnalyzerVariant &clipping); ///< as a document holds it
     void (*assign)(qxAnalyzerVariant &clipping, const QString &text); ///< 0 for what is no number
+    /// Whether two settings have the same value.
+    bool (*isSame)(const qxAnalyzerVariant &one, const qxAnalyzerVariant &other);
 
     /// All of them in the order of the document.
     static const std::vector<qxClippingField> &all();

@@ -146,13 +146,15 @@ void qxNodeVisibility::showAll()
 
 void qxNodeVisibility::follow()
 {
+    const std::size_t before = m_isolation.size() + m_hidden.size();
     for (Changes *const changes : {&m_isolation, &m_hidden}) {
-        changes->erase(std::remove_if(changes->begin(), changes->end(),
-                                      [](const Change &change) {
-                                          return change.node->getTravMask() != change.after;
-                                      }),
-                       changes->end());
+        const auto isOther = [](const Change &change) {
+            return change.node->getTravMask() != change.after;
+        };
+        changes->erase(std::remove_if(changes->begin(), changes->end(), isOther), changes->end());
     }
+    if (m_isolation.size() + m_hidden.size() != before)
+        Q_EMIT changed();
 }
 
 void qxNodeVisibility::forget()

@@ -1,20 +1,12 @@
 #include "qxUnsavedChanges.h"
 
-#include "qxVariantWriter.h"
-
 #include "qxPanelEvents.h"
 
-#include <QCryptographicHash>
 #include <QUndoStack>
 
 namespace {
 
 const int idleTime = 300; ///< milliseconds without a change
-
-QByteArray documentHash()
-{
-    return QCryptographicHash::hash(qxVariantWriter().writeToCompare(), QCryptographicHash::Sha1);
-}
 
 } // namespace
 
@@ -23,10 +15,10 @@ qxUnsavedChanges::qxUnsavedChanges(const QUndoStack *edits, qxPanelEvents *event
 {
     m_idle.setSingleShot(true);
     m_idle.setInterval(idleTime);
-    connect(&m_idle, &QTimer::timeout, this, &qxUnsavedChanges::areThere);
+    connect(&m_idle, &QTimer::timeout, this, &qxUnsavedChanges::sort);
     for (const auto changed : {&qxPanelEvents::setsChanged, &qxPanelEvents::variantsChanged}) {
         connect(events, changed, this, [this] {
-            m_mayDocumentDiffer = true;
+            m_mayRegistryDiffer = true;
             lookSoon();
         });
     }
@@ -41,17 +33,18 @@ qxUnsavedChanges::qxUnsavedChanges(const QUndoStack *edits, qxPanelEvents *event
 
 void qxUnsavedChanges::forget()
 {
-    m_document = documentHash();
+    m_registry = qxRegistryRecord();
+    m_registry.update(m_registry.changes());
     m_scene = qxSceneState::take();
-    m_mayDocumentDiffer = m_maySceneDiffer = false;
-    m_doesDocumentDiffer = m_doesSceneDiffer = false;
+    m_mayRegistryDiffer = m_maySceneDiffer = false;
+    m_doesRegistryDiffer = m_doesSceneDiffer = false;
     m_idle.stop();
-    Q_EMIT looked(false);
+    Q_EMIT looked(None);
 }
 
 void qxUnsavedChanges::look()
 {
-    m_mayDocumentDiffer = m_maySceneDiffer = true;
+    m_mayRegistryDiffer = m_maySceneDiffer = true;
     lookSoon();
 }
 
@@ -61,20 +54,20 @@ void qxUnsavedChanges::lookSoon()
     if (m_edits->isClean())
         m_idle.start();
     else
-        Q_EMIT looked(true);
+        Q_EMIT looked(Edits);
 }
 
-bool qxUnsavedChanges::areThere()
+qxUnsavedChanges::Sort qxUnsavedChanges::sort()
 {
     m_idle.stop();
     if (!m_edits->isClean())
-        return true;
-    if (m_mayDocumentDiffer)
-        m_doesDocumentDiffer = documentHash() != m_document;
+        return Edits;
+    if (m_mayRegistryDiffer)
+        m_doesRegistryDiffer = !m_registry.changes().isEmpty();
     if (m_maySceneDiffer)
         m_doesSceneDiffer = !qxSceneState::take().isLike(m_scene);
-    m_mayDocumentDiffer = m_maySceneDiffer = false;
-    const bool areSome = m_doesDocumentDiffer || m_doesSceneDiffer;
-    Q_EMIT looked(areSome);
-    return areSome;
+    m_mayRegistryDiffer = m_maySceneDiffer = false;
+    const Sort sort = m_doesRegistryDiffer ? Edits : m_doesSceneDiffer ? ShownState : None;
+    Q_EMIT looked(sort);
+    return sort;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Session/qxSceneState.h"
+#include "Undo/qxRegistryRecord.h"
 
-#include <QByteArray>
 #include <QObject>
 #include <QTimer>
 
@@ -11,7 +11,8 @@ class qxPanelEvents;
 
 /// Whether sets, variants or scene differ from what was last opened or saved.
 ///
-/// It compares contents, so a change that was reverted does not count.
+/// It compares contents, so a change that was reverted does not count. What the scene shows, as
+/// after selecting a set, is told apart from edits, which are work.
 class qxUnsavedChanges : public QObject {
     Q_OBJECT
 
@@ -22,21 +23,22 @@ public:
     void forget();
     /// Compares soon; for changes without a notification.
     void look();
+    enum Sort { None, ShownState, Edits };
     /// Compares now.
-    bool areThere();
+    Sort sort();
 
 Q_SIGNALS:
-    void looked(bool areThere);
+    void looked(qxUnsavedChanges::Sort sort);
 
 private:
     void lookSoon();
 
     const QUndoStack *m_edits;
-    QTimer m_idle; ///< comparing many sets is slow, so it waits for a pause
-    QByteArray m_document; ///< its hash
+    QTimer m_idle; ///< comparing takes its time, so it waits for a pause
+    qxRegistryRecord m_registry;
     qxSceneState m_scene;
-    bool m_mayDocumentDiffer = false;
+    bool m_mayRegistryDiffer = false;
     bool m_maySceneDiffer = false;
-    bool m_doesDocumentDiffer = false;
+    bool m_doesRegistryDiffer = false;
     bool m_doesSceneDiffer = false;
 };

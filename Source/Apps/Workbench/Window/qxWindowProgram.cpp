@@ -11,6 +11,7 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QScreen>
+#include <QTimer>
 
 #include <clocale>
 #include <cstdio>
@@ -103,5 +104,7 @@ int qxWindowProgram::run(int argc, char *argv[])
     window.show();
     if (!path.isEmpty())
         window.openAnother(path);
+    else
+        QTimer::singleShot(0, &window, &qxWorkbenchWindow::offerRecovery);
     return QApplication::exec();
 }

@@ -5,9 +5,9 @@
 #include "qxFileClaim.h"
 #include "qxPanelEvents.h"
 #include "qxRecentFiles.h"
+#include "qxRecovery.h"
 #include "qxSceneTree.h"
 #include "qxSceneView.h"
-#include "qxUnsavedChanges.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QApplication>
@@ -109,9 +109,30 @@ bool qxWorkbenchWindow::openFile(const QString &path)
         m_recentFiles->remember(path);
     else
         showFailure(tr("\"%1\" cannot be opened.").arg(name), reason);
-    if (isOpen)
+    if (isOpen) {
         askAboutScripts();
+        m_recovery->offer(path);
+    }
     return isOpen;
+}
+
+void qxWorkbenchWindow::offerRecovery()
+{
+    m_recovery->offerAll();
+}
+
+/// The scene of the edits comes from its file first, unless it is open as its file has it.
+void qxWorkbenchWindow::recover(const qxRecoveryFile::Left &left)
+{
+    const bool isOpen =
+        left.scene == (m_path.isEmpty() ? QString() : QFileInfo(m_path).absoluteFilePath())
+        && m_unsaved->sort() == qxUnsavedChanges::None;
+    if (!isOpen && (!mayLeave() || !openFile(left.scene)))
+        return;
+    m_recovery->recover(left);
+    m_events->flush();
+    m_tree->refresh();
+    m_unsaved->look();
 }
 
 /// Half a scene must not be saved. The one before it comes from its file again.
@@ -170,6 +191,7 @@ void qxWorkbenchWindow::showNewScene()
     m_viewpoints->showNewScene();
     m_events->flush();
     m_unsaved->forget();
+    m_recovery->begin(m_path);
 }
 
 bool qxWorkbenchWindow::saveFile(const QString &path)
@@ -218,6 +240,7 @@ bool qxWorkbenchWindow::write(const QString &path)
     m_events->flush();
     m_sets->undoStack()->setClean();
     m_unsaved->forget();
+    m_recovery->begin(path);
     showPath(path, std::move(claim));
     m_recentFiles->remember(path);
     statusBar()->showMessage(tr("\"%1\" is saved.").arg(name), 5000);
@@ -253,8 +276,20 @@ void qxWorkbenchWindow::showPath(const QString &path, std::unique_ptr<qxFileClai
 
 void qxWorkbenchWindow::showTitle()
 {
-    setWindowTitle(m_path.isEmpty() ? tr("Workbench[*]")
-                                    : tr("%1[*] - Workbench").arg(QFileInfo(m_path).fileName()));
+    const QString name = QFileInfo(m_path).fileName();
+    if (m_path.isEmpty())
+        setWindowTitle(tr("Workbench[*]"));
+    else if (m_showsOtherState)
+        setWindowTitle(tr("%1 (shows another state) - Workbench").arg(name));
+    else
+        setWindowTitle(tr("%1[*] - Workbench").arg(name));
+}
+
+void qxWorkbenchWindow::showUnsaved(qxUnsavedChanges::Sort sort)
+{
+    m_showsOtherState = sort == qxUnsavedChanges::ShownState;
+    setWindowModified(sort == qxUnsavedChanges::Edits);
+    showTitle();
 }
 
 void qxWorkbenchWindow::askAndOpen()
@@ -313,14 +348,21 @@ void qxWorkbenchWindow::finishTyping()
 bool qxWorkbenchWindow::mayLeave()
 {
     finishTyping();
-    if (!m_unsaved->areThere())
+    const qxUnsavedChanges::Sort sort = m_unsaved->sort();
+    if (sort == qxUnsavedChanges::None)
         return true;
-    const QString text = m_path.isEmpty()
-        ? tr("The scene has unsaved changes.")
-        : tr("\"%1\" has unsaved changes.").arg(QFileInfo(m_path).fileName());
+    const bool isEdited = sort == qxUnsavedChanges::Edits;
+    QString text = isEdited ? tr("\"%1\" has unsaved changes.")
+                            : tr("\"%1\" shows another state than its file.");
+    text = m_path.isEmpty() ? tr("The scene has unsaved changes.")
+                            : text.arg(QFileInfo(m_path).fileName());
     QMessageBox box(QMessageBox::Question, tr("Workbench"), text,
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
-    box.setDefaultButton(QMessageBox::Save);
+    if (!isEdited)
+        box.setInformativeText(
+            tr("Sets and variants are saved. Saving also keeps what is shown now, "
+               "as the state in which the file opens."));
+    box.setDefaultButton(isEdited ? QMessageBox::Save : QMessageBox::Discard);
     makePlain(box);
     const int answer = box.exec();
     if (answer == QMessageBox::Save)

@@ -19,6 +19,7 @@
 #include "qxPictureDialog.h"
 #include "qxPreviewDialog.h"
 #include "qxRecentFiles.h"
+#include "qxRecovery.h"
 #include "qxSceneTree.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
@@ -74,7 +75,9 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_sets, &qxVariantSetsDock::previewsWanted, this, &qxWorkbenchWindow::makePreviews);
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
-    connect(m_unsaved, &qxUnsavedChanges::looked, this, &QWidget::setWindowModified);
+    connect(m_unsaved, &qxUnsavedChanges::looked, this, &qxWorkbenchWindow::showUnsaved);
+    m_recovery = new qxRecovery(m_sets->undoStack(), m_events, this);
+    connect(m_recovery, &qxRecovery::recoverWanted, this, &qxWorkbenchWindow::recover);
     connect(m_visibility, &qxNodeVisibility::changed, m_unsaved, &qxUnsavedChanges::look);
     connect(m_console, &qxScriptConsole::aboutToRun, this, &qxWorkbenchWindow::rememberForScript);
     connect(m_console, &qxScriptConsole::statementRan, this, &qxWorkbenchWindow::followScripts);
@@ -105,6 +108,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     m_beforeScript.reset();
     delete m_keys;
     delete m_unsaved;
+    delete m_recovery;
     delete m_animation;
     delete takeCentralWidget();
     for (QDockWidget *dock : findChildren<QDockWidget *>())

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "Script/qxFileScripts.h"
+#include "Session/qxRecoveryFile.h"
 #include "Session/qxSceneSnapshot.h"
+#include "qxUnsavedChanges.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -31,7 +33,7 @@ class qxWindowWatchdog;
 class qxSession;
 class qxStartPage;
 class qxTheme;
-class qxUnsavedChanges;
+class qxRecovery;
 class qxVariantSetsDock;
 class qxVariantsDock;
 class qxViewpointMenu;
@@ -62,6 +64,8 @@ public:
     qxSceneView *sceneView() const { return m_view; }
     qxScriptConsole *console() const { return m_console; }
 
+    /// Asks about edits that a window left behind which did not end by itself.
+    void offerRecovery();
     /// Restores the scene to its state before the last selection.
     void goBack();
     /// The menu with the files that were opened or saved last, the newest first.
@@ -107,6 +111,8 @@ private:
     void showPath(const QString &path, std::unique_ptr<qxFileClaim> claim);
     void showCentre();
     void showTitle();
+    void showUnsaved(qxUnsavedChanges::Sort sort);
+    void recover(const qxRecoveryFile::Left &left);
     void askAboutScripts();
     void showScripts();
     void decideOn(const QList<qxFileScripts::Script> &scripts);
@@ -157,6 +163,8 @@ private:
     qxLogView *m_log;
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;
+    qxRecovery *m_recovery;
+    bool m_showsOtherState = false; ///< than the file, without any edit
     QMenu *m_recent;
     QAction *m_undo;
     QAction *m_redo;

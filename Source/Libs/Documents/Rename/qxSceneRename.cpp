@@ -20,27 +20,6 @@ using qxNames::nameOf;
 
 namespace {
 
-/// All materials of the scene, each once.
-std::vector<osg::MaterialPtr> allMaterials()
-{
-    std::vector<osg::MaterialPtr> open;
-    qxScenegraph::getMaterialPool()->get(open);
-    std::reverse(open.begin(), open.end());
-    std::vector<osg::MaterialPtr> materials;
-    QSet<osg::UInt32> known;
-    while (!open.empty()) {
-        const osg::MaterialPtr next = open.back();
-        open.pop_back();
-        if (next == osg::NullFC || known.contains(next.getFieldContainerId()))
-            continue;
-        known.insert(next.getFieldContainerId());
-        materials.push_back(next);
-        const std::vector<osg::MaterialPtr> parts = qxMaterialParts::of(next);
-        open.insert(open.end(), parts.rbegin(), parts.rend());
-    }
-    return materials;
-}
-
 std::vector<qxNodePtr> overlayNodes()
 {
     std::vector<qxNodePtr> nodes = qxNodeUtils::getSubTreeNodes(qxOverlays::getPoolRoot());
@@ -129,7 +108,7 @@ qxSceneRename::qxSceneRename(const qxRenameRequest &request, const qxDocument &d
             takeNodes(qxOverlays::findOverlays(name.c_str()));
         break;
     case qxRenameRequest::Material:
-        for (const osg::MaterialPtr &each : allMaterials())
+        for (const osg::MaterialPtr &each : qxMaterialParts::all())
             m_names += nameOf(each);
         if (m_materials.empty())
             takeMaterials(qxMaterials::findMaterials(name.c_str()));

@@ -2,6 +2,8 @@
 
 #include "qxVariantKinds.h"
 
+#include "qxDocument.h"
+
 #include <algorithm>
 
 namespace {
@@ -10,6 +12,12 @@ template <class Value>
 bool isSame(const Value &one, const Value &other)
 {
     return one == other;
+}
+
+/// Pictures are large, and mostly the very same.
+bool isSame(const QByteArray &one, const QByteArray &other)
+{
+    return one.constData() == other.constData() || one == other;
 }
 
 bool isSame(const qxUniqueNames &one, const qxUniqueNames &other)
@@ -70,6 +78,18 @@ void qxSetMemento::applyTo(qxVariantSet &set) const
     set.analyzer = m_clipping;
     set.animationIndex = m_animationIndex;
     set.updateShortcut();
+}
+
+bool qxSetMemento::isOf(const qxVariantSet &set) const
+{
+    bool isSameSet = true;
+    visitFields(
+        [&](auto field, auto own) { isSameSet = isSameSet && isSame(this->*field, set.*own); });
+    const auto &clipping = qxClippingField::all();
+    return isSameSet
+        && std::all_of(clipping.begin(), clipping.end(), [&](const qxClippingField &field) {
+               return field.isSame(m_clipping, set.analyzer);
+           });
 }
 
 bool qxSetMemento::differ(const qxSetMemento &before, const qxSetMemento &after)

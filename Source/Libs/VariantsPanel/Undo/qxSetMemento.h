@@ -8,6 +8,8 @@ struct qxSetMemento : private qxVariantReferences {
     static qxSetMemento of(const qxVariantSet &set);
     /// Gives `set` these contents, but leaves it in its group.
     void applyTo(qxVariantSet &set) const;
+    /// Whether `set` has these contents still. The index of the next animation does not count.
+    bool isOf(const qxVariantSet &set) const;
 
     /// Whether an edit from `before` to `after` changes anything. The index of the next animation
     /// does not count.

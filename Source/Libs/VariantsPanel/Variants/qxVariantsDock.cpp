@@ -69,6 +69,7 @@ void qxVariantsDock::highlight(const qxVariantKind &kind, const QStringList &nam
 
 void qxVariantsDock::showVariant(const qxVariantKind &kind, const QString &variant)
 {
+    m_events->flush(); // It may have been made just now.
     const QModelIndex index = m_model->indexOf(kind, variant);
     show();
     raise();
