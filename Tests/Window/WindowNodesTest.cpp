@@ -36,10 +36,7 @@ protected:
             names << row.data().toString();
         return names;
     }
-    qxSceneTreeModel &model() const
-    {
-        return *static_cast<qxSceneTreeModel *>(tree().model());
-    }
+    qxSceneTreeModel &model() const { return *static_cast<qxSceneTreeModel *>(tree().model()); }
     void pickInTree(const QString &name) const
     {
         tree().setCurrentIndex(model().indexOf(qxNames::findNode(name)));
@@ -84,19 +81,20 @@ TEST_F(WindowNodesTest, WhatIsPickedIsOutlinedInTheViewAndSelectedInTheTree)
         return qRed(colour) > 220 && qAbs(qGreen(colour) - 170) < 30 && qBlue(colour) < 70;
     };
     openSigns();
-    for (int i = 0; i < 30; ++i)
+    QTest::keyClick(window->sceneView(), Qt::Key_F);
+    for (int i = 0; i < 5; ++i)
         QTest::keyClick(window->sceneView(), Qt::Key_Minus);
     const QImage plain = finishedPicture();
     EXPECT_TRUE(areaOf(plain, isLine).isEmpty());
-    const QRgb middleColour = plain.pixel(plain.rect().center());
-    click(middle());
+    const QPoint place = middle() + QPoint(-20, 20); // of a triangle with a side through the middle
+    const QRgb colour = plain.pixel(place);
+    click(place);
     EXPECT_EQ(picked(), QStringList("Geometry"));
     EXPECT_EQ(window->statusBar()->currentMessage(), "Sign/Red/Geometry (Mesh)");
     const QImage outlined = finishedPicture();
-    EXPECT_EQ(outlined.pixel(plain.rect().center()), middleColour) << "it is a line around it";
+    EXPECT_EQ(outlined.pixel(place), colour) << "it is a line around it";
     const QRect line = areaOf(outlined, isLine);
-    EXPECT_TRUE(line.contains(plain.rect().center())
-                && plain.rect().adjusted(9, 9, -9, -9).contains(line));
+    EXPECT_TRUE(line.contains(place) && plain.rect().adjusted(9, 9, -9, -9).contains(line));
     drag(Qt::LeftButton, QPoint(60, 0));
     EXPECT_NE(areaOf(finishedPicture(), isLine), line) << "it follows the camera";
     QTest::keyClick(window->sceneView(), Qt::Key_Escape);
@@ -165,8 +163,8 @@ TEST_F(WindowNodesTest, HidingAndIsolatingAreLooksThatBackUndoes)
     action("Isolate")->trigger();
     EXPECT_EQ(state(), "Fenders Headlight Turntable") << "lights stay on";
     EXPECT_TRUE(action("Isolate")->isChecked());
-    EXPECT_TRUE(isUnsaved());
-    EXPECT_EQ(window->setsDock()->undoStack()->count(), 0) << "it is no edit";
+    EXPECT_FALSE(isUnsaved()) << "it is no edit";
+    EXPECT_TRUE(window->windowTitle().contains("shows another state"));
     window->goBack();
     EXPECT_EQ(state(), "Fenders Headlight Turntable Wheels");
     settle();

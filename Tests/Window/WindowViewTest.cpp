@@ -16,8 +16,7 @@
 #include <stdexcept>
 
 /// The picture of the scene, while a hand is on it and afterwards.
-class WindowViewTest : public WindowFixture {
-};
+class WindowViewTest : public WindowFixture {};
 
 TEST_F(WindowViewTest, ThePictureFollowsHandAndKeysAndHomeLeadsBack)
 {

@@ -17,8 +17,7 @@ protected:
         const auto isRed = [&](int x, int y) {
             if (x < 0 || y < 0 || x >= picture.width || y >= picture.height)
                 return false;
-            const std::uint8_t *const rgb =
-                &picture.rgba[std::size_t(y * picture.width + x) * 4];
+            const std::uint8_t *const rgb = &picture.rgba[std::size_t(y * picture.width + x) * 4];
             return rgb[0] > 100 && rgb[1] < 100;
         };
         int count = 0;

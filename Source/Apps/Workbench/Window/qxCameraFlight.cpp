@@ -62,8 +62,8 @@ qxUberCamera between(const qxUberCamera &from, const qxUberCamera &to, float sha
     osg::Quaternion::slerp(osg::Quaternion(from.toWorld), osg::Quaternion(to.toWorld), share)
         .getValue(camera.toWorld);
     const float distance = start.distance * std::pow(end.distance / start.distance, share);
-    const osg::Vec3f eye = start.point * (1 - share) + end.point * share
-        + axis(camera, 2) * distance;
+    const osg::Vec3f eye =
+        start.point * (1 - share) + end.point * share + axis(camera, 2) * distance;
     camera.toWorld.setTranslate(eye[0], eye[1], eye[2]);
     camera.fieldOfView = mixed(from.fieldOfView, to.fieldOfView, share);
     camera.height = mixed(from.height, to.height, share);

@@ -1,6 +1,5 @@
 #include "qxNodeMenu.h"
 
-#include "qxStateRules.h"
 #include "qxVariant.h"
 #include "qxVariantKinds.h"
 
@@ -8,6 +7,7 @@
 #include "qxNames.h"
 #include "qxNodeControls.h"
 #include "qxNodeVisibility.h"
+#include "qxStateRules.h"
 #include "qxStateWords.h"
 
 #include <QApplication>
@@ -179,12 +179,13 @@ void qxNodeMenu::fillControls()
             continue;
         const QString state = qxStateWords::shown(kind, variant, variant->shown().visibleState());
         auto *const menu = new QMenu(m_controls);
-        menu->setTitle(tr("%1 \"%2\": %3")
-                           .arg(kindWord(kind), menuText(variant->name), menuText(state)));
+        menu->setTitle(
+            tr("%1 \"%2\": %3").arg(kindWord(kind), menuText(variant->name), menuText(state)));
         QAction *const action = m_controls->addMenu(menu);
-        action->setToolTip(control.levels == 0 ? tr("It drives \"%1\".").arg(control.object)
-                                               : tr("It drives \"%1\", which is above this node.")
-                                                     .arg(control.object));
+        action->setToolTip(
+            control.levels == 0
+                ? tr("It drives \"%1\".").arg(control.object)
+                : tr("It drives \"%1\", which is above this node.").arg(control.object));
         const QString name = variant->name;
         connect(menu, &QMenu::aboutToShow, this,
                 [this, menu, &kind, name] { fillUsers(menu, kind, name); });
@@ -216,9 +217,10 @@ void qxNodeMenu::addToSet()
     if (states.empty())
         return Q_EMIT told(tr("No variant controls this."));
     const int count = qxVariantEdits::addToSet(*m_steps, set, states);
-    Q_EMIT told(count == 0 ? tr("\"%1\" has this state already.").arg(set)
-                           : tr("%n entries of \"%1\" are new or other than before", nullptr, count)
-                                 .arg(set));
+    Q_EMIT told(
+        count == 0
+            ? tr("\"%1\" has this state already.").arg(set)
+            : tr("%n entries of \"%1\" are new or other than before", nullptr, count).arg(set));
 }
 
 void qxNodeMenu::copy(bool withPath)

@@ -54,9 +54,8 @@ private:
 
     void stamp(std::vector<std::uint8_t> &distances, const qxNodeMask::Rim &rim) const
     {
-        std::uint8_t *const middle =
-            &distances[std::size_t(rim.y + m_reach) * std::size_t(m_width)
-                       + std::size_t(rim.x + m_reach)];
+        std::uint8_t *const middle = &distances[std::size_t(rim.y + m_reach) * std::size_t(m_width)
+                                                + std::size_t(rim.x + m_reach)];
         for (const Spot &spot : m_spots)
             middle[spot.place] = std::min(middle[spot.place], spot.distance);
     }
@@ -149,8 +148,7 @@ void qxOutline::draw(const qxNodeMask &mask, int height, float scale)
     m_image = QImage(distances.width(), distances.height(), QImage::Format_ARGB32_Premultiplied);
     m_image.fill(Qt::transparent);
     for (int y = 0; y < distances.height(); ++y) {
-        auto *const line =
-            reinterpret_cast<QRgb *>(m_image.scanLine(distances.height() - 1 - y));
+        auto *const line = reinterpret_cast<QRgb *>(m_image.scanLine(distances.height() - 1 - y));
         const std::size_t start = std::size_t(y) * std::size_t(distances.width());
         for (int x = 0; x < distances.width(); ++x) {
             const std::uint8_t seen = distances.seen(start + std::size_t(x));

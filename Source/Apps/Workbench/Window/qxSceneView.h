@@ -19,9 +19,9 @@ class qxMainGlView;
 /// The 3D view of a window: a coarse picture while something moves, refined when nothing does.
 ///
 /// The left button turns, the middle or the left one with Shift moves, the wheel or the right
-/// button zooms; a click picks a node, with Ctrl several, a double click looks at it. What is picked
-/// has an outline. Arrows turn, plus and minus zoom, F shows everything, Home leads home, Escape
-/// picks nothing.
+/// button zooms; a click picks a node, with Ctrl several, a double click looks at it. What is
+/// picked has an outline. Arrows turn, plus and minus zoom, F shows everything, Home leads home,
+/// Escape picks nothing.
 class qxSceneView : public QWidget {
     Q_OBJECT
 

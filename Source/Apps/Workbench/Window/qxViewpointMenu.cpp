@@ -98,7 +98,7 @@ void qxViewpointMenu::refresh()
     for (int each = 0; each < m_viewpoints.size(); ++each) {
         QAction *const action = m_viewpoints[each];
         const QString name = nameOf(each).replace('&', QLatin1String("&&"));
-        action->setText(each >= count    ? tr("Viewpoint %1").arg(each + 1)
+        action->setText(each >= count         ? tr("Viewpoint %1").arg(each + 1)
                             : each < keyCount ? QStringLiteral("&%1 %2").arg(each + 1).arg(name)
                                               : name);
         action->setVisible(each < count);
@@ -144,11 +144,9 @@ QString qxViewpointMenu::currentName() const
 void qxViewpointMenu::capture()
 {
     bool isWanted = false;
-    const QString name =
-        QInputDialog::getText(parentWidget(), tr("Capture Viewpoint"),
-                              tr("Name of the viewpoint:"), QLineEdit::Normal,
-                              tr("Viewpoint %1").arg(qxUberCameraPool::the()->count() + 1),
-                              &isWanted);
+    const QString name = QInputDialog::getText(
+        parentWidget(), tr("Capture Viewpoint"), tr("Name of the viewpoint:"), QLineEdit::Normal,
+        tr("Viewpoint %1").arg(qxUberCameraPool::the()->count() + 1), &isWanted);
     if (!isWanted || name.trimmed().isEmpty())
         return;
     const QString given = qxViewpointEdits::capture(*m_steps, name);
@@ -161,10 +159,9 @@ void qxViewpointMenu::rename()
 {
     const QString before = currentName();
     bool isWanted = false;
-    const QString after =
-        QInputDialog::getText(parentWidget(), tr("Rename Viewpoint"),
-                              tr("New name of \"%1\":").arg(before), QLineEdit::Normal, before,
-                              &isWanted);
+    const QString after = QInputDialog::getText(parentWidget(), tr("Rename Viewpoint"),
+                                                tr("New name of \"%1\":").arg(before),
+                                                QLineEdit::Normal, before, &isWanted);
     if (!isWanted || after == before || after.trimmed().isEmpty())
         return;
     qxRenameRequest request;

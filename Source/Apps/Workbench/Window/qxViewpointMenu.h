@@ -43,7 +43,8 @@ private:
     QUndoStack *m_steps;
     qxCameraFlight *m_flight;
     QAction *m_end; ///< viewpoints stand before it
-    QList<QAction *> m_viewpoints; ///< the first ones, with keys, always; others as long as there are
+    QList<QAction *>
+        m_viewpoints; ///< the first ones, with keys, always; others as long as there are
     QAction *m_smooth;
     QAction *m_rename;
     QAction *m_delete;

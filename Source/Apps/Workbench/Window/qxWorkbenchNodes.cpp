@@ -67,8 +67,7 @@ void qxWorkbenchWindow::tellPicked()
     const QString path = qxText::fromUtf8(qxNames::pathOf(node));
     const int count = int(m_picked->nodes().size());
     const QString kind = qxNodeKind::word(node->getCore());
-    statusBar()->showMessage(count == 1 ? tr("%1 (%2)").arg(path, kind)
-                                        : tr("%n nodes picked, the last one: %1 (%2)", nullptr,
-                                             count)
-                                              .arg(path, kind));
+    statusBar()->showMessage(
+        count == 1 ? tr("%1 (%2)").arg(path, kind)
+                   : tr("%n nodes picked, the last one: %1 (%2)", nullptr, count).arg(path, kind));
 }

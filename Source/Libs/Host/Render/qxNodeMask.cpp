@@ -116,8 +116,7 @@ public:
         : m_projection(projection)
     {
         for (const qxRenderInstance &instance : group.instances()) {
-            if (instance.isVisible
-                && std::binary_search(nodes.begin(), nodes.end(), instance.node))
+            if (instance.isVisible && std::binary_search(nodes.begin(), nodes.end(), instance.node))
                 m_instances.push_back(&instance);
         }
     }

@@ -154,7 +154,8 @@ qxNodeMask qxRenderer::mask(const qxPictureSettings &settings,
         return qxNodeMask();
     std::vector<osg::UInt32> ids;
     for (const osg::NodePtr &top : nodes)
-        qxWalkNodes(top, [&ids](const osg::NodePtr &node) { ids.push_back(node.getFieldContainerId()); });
+        qxWalkNodes(
+            top, [&ids](const osg::NodePtr &node) { ids.push_back(node.getFieldContainerId()); });
     std::sort(ids.begin(), ids.end());
     const qxRenderGroup &group = m_parts->scene->shown();
     const qxRenderCamera camera(qxMainView::the().camera, group.bounds(), settings.width,
