@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -52,7 +53,7 @@ bool boxOf(const qxNodeSelection::Nodes &nodes, osg::Pnt3f &low, osg::Pnt3f &hig
 } // namespace
 
 qxSceneView::qxSceneView(qxNodeSelection *picked, QWidget *parent)
-    : QWidget(parent), m_picked(picked), m_hint(new QLabel)
+    : QWidget(parent), m_picked(picked), m_outlineLater(new QTimer(this)), m_hint(new QLabel)
 {
     buildActions();
     setFocusPolicy(Qt::StrongFocus);
@@ -71,9 +72,9 @@ qxSceneView::qxSceneView(qxNodeSelection *picked, QWidget *parent)
     m_view->setFluent(true);
     m_view->setListener([this] { takePicture(); });
     m_view->setProgressListener([this](float share) { tellProgress(share); });
-    m_outlineLater.setSingleShot(true);
-    m_outlineLater.setInterval(stillTime);
-    m_outlineLater.callOnTimeout(this, &qxSceneView::outline);
+    m_outlineLater->setSingleShot(true);
+    m_outlineLater->setInterval(stillTime);
+    m_outlineLater->callOnTimeout(this, &qxSceneView::outline);
     connect(m_picked, &qxNodeSelection::changed, this, [this] {
         m_outline.setNodes(m_picked->nodes());
         outline();
@@ -152,7 +153,7 @@ void qxSceneView::takePicture()
     m_lastPicture.start();
     if (isMoving && m_outline.time() > fluentOutline) {
         m_outline.hide();
-        m_outlineLater.start();
+        m_outlineLater->start();
     } else {
         outline();
     }
@@ -162,7 +163,7 @@ void qxSceneView::takePicture()
 
 void qxSceneView::outline()
 {
-    m_outlineLater.stop();
+    m_outlineLater->stop();
     m_outline.follow(pixels(), devicePixelRatioF());
     update();
 }

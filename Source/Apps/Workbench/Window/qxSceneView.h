@@ -7,13 +7,13 @@
 #include <OpenSG/OSGVector.h>
 
 #include <QElapsedTimer>
-#include <QTimer>
 #include <QWidget>
 
 #include <functional>
 #include <memory>
 
 class QLabel;
+class QTimer;
 class qxMainGlView;
 
 /// The 3D view of a window: a coarse picture while something moves, refined when nothing does.
@@ -86,7 +86,7 @@ private:
     qxNodeSelection *m_picked;
     qxOutline m_outline;
     QElapsedTimer m_lastPicture;
-    QTimer m_outlineLater; ///< when it takes too long for a camera that moves
+    QTimer *m_outlineLater; ///< when it takes too long for a camera that moves
     QString m_progress;
     QLabel *m_hint;
     osg::Pnt3f m_pivot;

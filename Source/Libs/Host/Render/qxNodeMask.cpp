@@ -229,19 +229,20 @@ public:
         mask.bottom = m_bottom;
         mask.width = m_right - m_left + 1;
         mask.height = m_top - m_bottom + 1;
-        mask.covered.reserve(std::size_t(mask.width) * std::size_t(mask.height));
+        mask.covered.resize(std::size_t(mask.width) * std::size_t(mask.height));
+        auto covered = mask.covered.begin();
         for (int y = m_bottom; y <= m_top; ++y) {
-            for (int x = m_left; x <= m_right; ++x)
-                mask.covered.push_back(isDrawn(x, y));
+            const auto row = m_values.begin() + std::ptrdiff_t(place(m_left, y));
+            covered = std::transform(row, row + mask.width, covered,
+                                     [](float nearness) { return nearness > nothing ? 1 : 0; });
         }
         return mask;
     }
 
-    /// Whether it was drawn, and a pixel beside it was not.
+    /// Whether a pixel beside one that was drawn was not.
     bool isRim(int x, int y) const
     {
-        return isDrawn(x, y)
-            && !(isDrawn(x - 1, y) && isDrawn(x + 1, y) && isDrawn(x, y - 1) && isDrawn(x, y + 1));
+        return !(isDrawn(x - 1, y) && isDrawn(x + 1, y) && isDrawn(x, y - 1) && isDrawn(x, y + 1));
     }
 
 private:
@@ -362,7 +363,7 @@ qxNodeMask qxMaskOf(const std::vector<osg::UInt32> &nodes, const qxRenderGroup &
         for (int x = 0; x < mask.width; ++x) {
             const int atX = mask.left + x;
             const int atY = mask.bottom + y;
-            if (!sheet.isRim(atX, atY))
+            if (!mask.covers(x, y) || !sheet.isRim(atX, atY))
                 continue;
             qxRay ray = camera.ray(float(atX) + 0.5f, float(atY) + 0.5f);
             clipping.limit(ray);
