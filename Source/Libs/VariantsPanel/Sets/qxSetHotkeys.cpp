@@ -5,6 +5,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxStateWords.h"
 #include "qxTakenKeys.h"
 
 #include <QAbstractButton>
@@ -158,7 +159,9 @@ QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const qxTakenKeys &tak
     const Option option = optionWith(own);
     if (option.kind)
         lines << tr("The option \"%1\" of \"%2\" has this key, too; this set comes first.")
-                     .arg(option.name, option.variant);
+                     .arg(qxStateWords::shown(*option.kind, option.kind->find(option.variant),
+                                              option.name),
+                          option.variant);
     return lines.join('\n');
 }
 
