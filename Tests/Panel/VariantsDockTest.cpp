@@ -13,6 +13,7 @@ protected:
     /// Puts the cursor on the variant "Wheels", or on an option of it.
     void go(const QString &option = QString())
     {
+        settle();
         QApplication::setActiveWindow(&window); // which a dialog without a window system leaves
         tree().setFocus();
         tree().expandAll();
