@@ -247,6 +247,7 @@ void qxVariantsDock::selectOption()
 /// The kinds are told one after the other, the first of them first.
 void qxVariantsDock::highlight(const qxVariantKind &kind, const QStringList &names)
 {
+    m_events->flush(); // They may have got their names just now.
     if (&kind == qxVariantKinds::all().front())
         m_view->clearSelection();
     for (const QString &name : names) {
