@@ -149,6 +149,8 @@ void qxSceneView::cameraMoved()
 void qxSceneView::takePicture()
 {
     qxImageRenderWidget::convertToQImage(m_picture, m_view->picture());
+    if (!isVisible())
+        m_view->cancelRefining(); // It would keep all processors busy for nothing.
     const bool isMoving = m_lastPicture.isValid() && m_lastPicture.elapsed() < stillTime;
     m_lastPicture.start();
     if (isMoving && m_outline.time() > fluentOutline) {
@@ -217,6 +219,11 @@ void qxSceneView::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.size() != pixels());
     painter.drawImage(rect(), m_picture);
     m_outline.paint(painter, size());
+}
+
+void qxSceneView::showEvent(QShowEvent *)
+{
+    qxController::updateRender(true);
 }
 
 void qxSceneView::resizeEvent(QResizeEvent *)
@@ -356,7 +363,7 @@ void qxSceneView::retranslate()
 {
     for (const auto &action : m_texts)
         action.first->setText(tr(action.second));
-    setAccessibleName(tr("View"));
+    setAccessibleName(tr("3D View"));
     qxKeyHints::tell(*this,
                      {{tr("Left button"), tr("Turn")},
                       {tr("Middle button, left button with Shift"), tr("Move")},

@@ -1,3 +1,4 @@
+#include "Problems/qxProblems.h"
 #include "Session/qxSession.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "qxController.h"
@@ -190,6 +191,7 @@ void qxWorkbenchWindow::showNewScene()
     m_view->showNewScene();
     m_viewpoints->showNewScene();
     m_events->flush();
+    m_problems->lookAtScene();
     m_unsaved->forget();
     m_recovery->begin(m_path);
 }

@@ -24,6 +24,10 @@ class qxNodeSelection;
 class qxNodeVisibility;
 class qxPanelEvents;
 class qxPictureDialog;
+class qxProblems;
+class qxPictureExport;
+class qxPresentation;
+class qxPreviewMaker;
 class qxRecentFiles;
 class qxSceneTree;
 class qxSceneTreeModel;
@@ -79,11 +83,13 @@ protected:
 
 private:
     void buildDocks();
+    void buildProblems();
     void giveKey(QAction *action, const QKeySequence &key);
     QDockWidget *dockOf(QWidget *contents, const char *title, const QString &name);
     QMenu *addMenu(const char *title);
     /// Sets the text of the action, translated again at each change of language.
     QAction *named(QAction *action, const char *text);
+    void buildPictures();
     void buildFileMenu();
     void buildEditMenu();
     void buildViewMenu();
@@ -92,9 +98,11 @@ private:
     void fillThemeMenu(QMenu *menu);
     void buildToolBar();
     void buildSetsMenu();
+    void buildVariantsMenu();
     void buildHelpMenu();
     void retranslate();
     void showUndo();
+    void closeLater();
     void showKeys();
 
     void askAndOpen();
@@ -124,7 +132,6 @@ private:
     void buildNodeMenus();
     void tellPicked();
     void rememberForBack();
-    void makePreviews(const QStringList &sets);
     void rememberForScript();
     void focusPane(int step);
     static QDockWidget *dockAround(QWidget *widget);
@@ -154,6 +161,7 @@ private:
     qxAnimationBar *m_animation;
     std::unique_ptr<qxPictureDialog> m_pictureDialog;
     qxVariantSetsDock *m_sets;
+    qxProblems *m_problems;
     qxVariantsDock *m_variants;
     qxSceneTree *m_sceneTree;
     qxSceneTreeModel *m_tree; ///< that of m_sceneTree
@@ -163,6 +171,10 @@ private:
     qxLogView *m_log;
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;
+    qxPreviewMaker *m_previews;
+    qxPresentation *m_presentation;
+    qxPictureExport *m_export;
+    bool m_closesLater = false; ///< when the presentation has ended
     qxRecovery *m_recovery;
     bool m_showsOtherState = false; ///< than the file, without any edit
     QMenu *m_recent;
