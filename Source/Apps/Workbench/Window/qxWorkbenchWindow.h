@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class QLabel;
 class QStackedWidget;
 class QTreeView;
 class QUndoStack;
@@ -153,6 +154,7 @@ private:
     qxPanelEvents *m_events;
     qxNodeSelection *m_picked; ///< in view and tree
     qxNodeVisibility *m_visibility;
+    QLabel *m_pickedText; ///< in the status line
     qxSceneView *m_view;
     qxRecentFiles *m_recentFiles;
     qxStartPage *m_start;
