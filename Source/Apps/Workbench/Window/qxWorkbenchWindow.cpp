@@ -124,6 +124,8 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     delete m_previews;
     m_watchdog.reset();
     m_blockedScripts.reset();
+    m_picked->clear();
+    m_visibility->forget();
     m_before.reset();
     m_beforeScript.reset();
     delete m_keys;
