@@ -142,7 +142,7 @@ void qxVariantsDock::changeEvent(QEvent *event)
         return;
     retranslate();
     m_model->retranslate();
-    followVariants();
+    m_nothing->refresh();
 }
 
 void qxVariantsDock::retranslate()
