@@ -273,6 +273,10 @@
         <translation>Set enthält nichts</translation>
     </message>
     <message>
+        <source>fill or remove it</source>
+        <translation>füllen oder entfernen</translation>
+    </message>
+    <message>
         <source>script does not compile</source>
         <translation>Skript lässt sich nicht übersetzen</translation>
     </message>
@@ -337,8 +341,16 @@
         <translation>Option, die kein Set verwendet</translation>
     </message>
     <message>
+        <source>neither a set nor a hotkey leads to it, by name or by a step; use or remove it</source>
+        <translation>weder ein Set noch eine Taste führt zu ihr, auch nicht schrittweise; verwenden oder entfernen</translation>
+    </message>
+    <message>
         <source>variant that no set uses</source>
         <translation>Variante, die kein Set verwendet</translation>
+    </message>
+    <message>
+        <source>neither a set nor a hotkey uses it; use or remove it</source>
+        <translation>weder ein Set noch eine Taste verwendet sie; verwenden oder entfernen</translation>
     </message>
     <message>
         <source>scene object within another of its name</source>
@@ -364,81 +376,69 @@
         <source>change one; sets and options share the keyboard</source>
         <translation>eine ändern; Sets und Optionen teilen sich die Tastatur</translation>
     </message>
-    <message>
-        <source>fill or remove it</source>
-        <translation>füllen oder entfernen</translation>
-    </message>
-    <message>
-        <source>neither a set nor a hotkey leads to it, by name or by a step; use or remove it</source>
-        <translation>weder ein Set noch eine Taste führt zu ihr, auch nicht schrittweise; verwenden oder entfernen</translation>
-    </message>
-    <message>
-        <source>neither a set nor a hotkey uses it; use or remove it</source>
-        <translation>weder ein Set noch eine Taste verwendet sie; verwenden oder entfernen</translation>
-    </message>
 </context>
 <context>
     <name>qxEntryEdits</name>
     <message>
         <source>No variant can drive &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ kann keine Variante steuern.</translation>
     </message>
     <message numerus="yes">
         <source>State of %n entries of &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Zustand von %n Eintrag von „%1“</numerusform>
+            <numerusform>Zustand von %n Einträgen von „%1“</numerusform>
         </translation>
     </message>
     <message>
         <source>State of &quot;%1&quot; in &quot;%2&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Zustand von „%1“ in „%2“</translation>
     </message>
     <message numerus="yes">
         <source>Shown state of %n entries of &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Gezeigter Zustand von %n Eintrag von „%1“</numerusform>
+            <numerusform>Gezeigter Zustand von %n Einträgen von „%1“</numerusform>
         </translation>
     </message>
     <message>
         <source>Shown state of &quot;%1&quot; in &quot;%2&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Gezeigter Zustand von „%1“ in „%2“</translation>
     </message>
     <message numerus="yes">
         <source>Remove %n entries from &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Eintrag aus „%1“ entfernen</numerusform>
+            <numerusform>%n Einträge aus „%1“ entfernen</numerusform>
         </translation>
     </message>
     <message>
         <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ aus „%2“ entfernen</translation>
     </message>
     <message numerus="yes">
         <source>Add %n entries to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Eintrag zu „%1“ hinzufügen</numerusform>
+            <numerusform>%n Einträge zu „%1“ hinzufügen</numerusform>
         </translation>
     </message>
     <message>
         <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ zu „%2“ hinzufügen</translation>
     </message>
     <message numerus="yes">
         <source>Add what %n nodes show to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Was %n Knoten zeigt zu „%1“ hinzufügen</numerusform>
+            <numerusform>Was %n Knoten zeigen zu „%1“ hinzufügen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n variants were made for it.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Dafür wurde %n Variante angelegt.</numerusform>
+            <numerusform>Dafür wurden %n Varianten angelegt.</numerusform>
         </translation>
     </message>
 </context>
@@ -446,19 +446,22 @@
     <name>qxEntryRepairs</name>
     <message>
         <source>Instead of &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Statt „%1“</translation>
     </message>
     <message>
         <source>Nothing like it was found</source>
-        <translation type="unfinished"></translation>
+        <translation>Nichts Ähnliches gefunden</translation>
     </message>
 </context>
 <context>
-    <name>qxEntrySearch</name>
+    <name>qxExportProgress</name>
     <message>
-        <source>%1 (%2)</source>
-        <comment>name (kind)</comment>
-        <translation type="unfinished"></translation>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Picture of &quot;%1&quot; ...</source>
+        <translation>Bild von „%1“ …</translation>
     </message>
 </context>
 <context>
@@ -1170,6 +1173,70 @@
     </message>
 </context>
 <context>
+    <name>qxGallery</name>
+    <message>
+        <source>Gallery of the variant sets</source>
+        <translation>Galerie der Variantensets</translation>
+    </message>
+    <message>
+        <source>Wheel with Ctrl</source>
+        <translation>Rad mit Strg</translation>
+    </message>
+    <message>
+        <source>Larger or smaller previews</source>
+        <translation>Größere oder kleinere Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>On a heading: close it, open it</source>
+        <translation>Auf einer Überschrift: schließen, öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>qxGalleryBar</name>
+    <message>
+        <source>Make Previews</source>
+        <translation>Bilder erzeugen</translation>
+    </message>
+    <message>
+        <source>Make the previews that are missing or out of date</source>
+        <translation>Die Vorschaubilder erzeugen, die fehlen oder veraltet sind</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Size of the previews (Ctrl and the wheel)</source>
+        <translation>Größe der Vorschaubilder (Strg und das Rad)</translation>
+    </message>
+    <message>
+        <source>Size of the previews</source>
+        <translation>Größe der Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>Previews</source>
+        <translation>Vorschaubilder</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n missing</source>
+        <translation>
+            <numerusform>%n fehlt</numerusform>
+            <numerusform>%n fehlen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n out of date</source>
+        <translation>
+            <numerusform>%n veraltet</numerusform>
+            <numerusform>%n veraltet</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>qxKeyList</name>
     <message>
         <source>Everywhere</source>
@@ -1290,6 +1357,13 @@
     </message>
 </context>
 <context>
+    <name>qxNameChooser</name>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+</context>
+<context>
     <name>qxNameEdits</name>
     <message>
         <source>Rename &quot;%1&quot;</source>
@@ -1301,6 +1375,33 @@
     </message>
 </context>
 <context>
+    <name>qxNoVariants</name>
+    <message>
+        <source>Make Variants of %1</source>
+        <translation>Varianten anlegen: %1</translation>
+    </message>
+    <message>
+        <source>Choose What to Show and Hide...</source>
+        <translation>Wählen, was ein- und ausgeblendet wird …</translation>
+    </message>
+    <message>
+        <source>Choose Materials to Switch...</source>
+        <translation>Materialien zum Umschalten wählen …</translation>
+    </message>
+    <message>
+        <source>There are no variants yet. The scene has things that can vary:</source>
+        <translation>Es gibt noch keine Varianten. Die Szene hat Veränderliches:</translation>
+    </message>
+    <message>
+        <source>There are no variants yet, and nothing in the scene varies by itself. Every node can be shown and hidden, and materials can be switched:</source>
+        <translation>Es gibt noch keine Varianten, und nichts in der Szene ist von sich aus veränderlich. Jeder Knoten lässt sich ein- und ausblenden, Materialien lassen sich umschalten:</translation>
+    </message>
+    <message>
+        <source>There are no variants. Open a scene to make some of it.</source>
+        <translation>Es gibt keine Varianten. Öffnen Sie eine Szene, um welche anzulegen.</translation>
+    </message>
+</context>
+<context>
     <name>qxPictureDialog</name>
     <message>
         <source>Rendering the preview ...</source>
@@ -1309,6 +1410,77 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>qxPictureExport</name>
+    <message>
+        <source>PNG pictures (*.png)</source>
+        <translation>PNG-Bilder (*.png)</translation>
+    </message>
+    <message>
+        <source>JPEG pictures (*.jpg *.jpeg)</source>
+        <translation>JPEG-Bilder (*.jpg *.jpeg)</translation>
+    </message>
+    <message>
+        <source>WebP pictures (*.webp)</source>
+        <translation>WebP-Bilder (*.webp)</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be written.</source>
+        <translation>„%1“ kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Pictures are PNG or JPEG: the name of the file ends with .png or .jpg.</source>
+        <translation>Bilder sind PNG oder JPEG: Der Name der Datei endet mit .png oder .jpg.</translation>
+    </message>
+    <message>
+        <source>Nothing of the scene is to be seen in the picture: %1.</source>
+        <translation>Auf dem Bild ist nichts von der Szene zu sehen: %1.</translation>
+    </message>
+    <message>
+        <source>There is nothing for a sheet.</source>
+        <translation>Für einen Bogen ist nichts da.</translation>
+    </message>
+    <message>
+        <source>The scene has no variant sets.</source>
+        <translation>Die Szene hat keine Variantensets.</translation>
+    </message>
+    <message>
+        <source>Save Sheet: Each Picture</source>
+        <translation>Bogen speichern: jedes Bild</translation>
+    </message>
+    <message>
+        <source>Save Sheet</source>
+        <translation>Bogen speichern</translation>
+    </message>
+    <message>
+        <source>Export Catalogue</source>
+        <translation>Katalog exportieren</translation>
+    </message>
+    <message>
+        <source>Web pages (*.html)</source>
+        <translation>Webseiten (*.html)</translation>
+    </message>
+    <message>
+        <source>It is too large.</source>
+        <translation>Es ist zu groß.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is saved.</source>
+        <translation>„%1“ ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
     </message>
 </context>
 <context>
@@ -1335,14 +1507,65 @@
     </message>
 </context>
 <context>
-    <name>qxPreviewDialog</name>
+    <name>qxPictureWish</name>
     <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
+        <source> pixels</source>
+        <translation> Pixel</translation>
     </message>
     <message>
-        <source>Preview of &quot;%1&quot; ...</source>
-        <translation>Vorschau von „%1“ …</translation>
+        <source>&amp;Width:</source>
+        <translation>&amp;Breite:</translation>
+    </message>
+    <message>
+        <source>&amp;Height:</source>
+        <translation>&amp;Höhe:</translation>
+    </message>
+    <message>
+        <source>Quick: hard light, jagged edges</source>
+        <translation>Schnell: hartes Licht, treppige Kanten</translation>
+    </message>
+    <message>
+        <source>Best: soft shadows, reflections</source>
+        <translation>Beste: weiche Schatten, Spiegelungen</translation>
+    </message>
+    <message>
+        <source>&amp;Quality:</source>
+        <translation>&amp;Qualität:</translation>
+    </message>
+    <message>
+        <source>&amp;Transparent background (PNG)</source>
+        <translation>&amp;Durchsichtiger Hintergrund (PNG)</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Speichern …</translation>
+    </message>
+</context>
+<context>
+    <name>qxPresentation</name>
+    <message>
+        <source>Presentation</source>
+        <translation>Präsentation</translation>
+    </message>
+    <message>
+        <source>Next set</source>
+        <translation>Nächstes Set</translation>
+    </message>
+    <message>
+        <source>Previous set</source>
+        <translation>Voriges Set</translation>
+    </message>
+    <message>
+        <source>Show or hide the name of the set</source>
+        <translation>Den Namen des Sets zeigen oder verbergen</translation>
+    </message>
+    <message>
+        <source>End the presentation</source>
+        <translation>Die Präsentation beenden</translation>
+    </message>
+    <message>
+        <source>Escape ends the presentation. Left and Right lead to other sets, N shows their names.</source>
+        <translation>Escape beendet die Präsentation. Links und Rechts führen zu anderen Sets, N zeigt ihre Namen.</translation>
     </message>
 </context>
 <context>
@@ -1679,10 +1902,6 @@
         <translation>Grundstellung</translation>
     </message>
     <message>
-        <source>View</source>
-        <translation>Ansicht</translation>
-    </message>
-    <message>
         <source>Left button</source>
         <translation>Linke Taste</translation>
     </message>
@@ -1721,6 +1940,10 @@
     <message>
         <source>Look at the node</source>
         <translation>Den Knoten ansehen</translation>
+    </message>
+    <message>
+        <source>3D View</source>
+        <translation>3D-Ansicht</translation>
     </message>
 </context>
 <context>
@@ -1810,6 +2033,14 @@
             <numerusform>Allen %n &amp;vertrauen</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Sets with scripts</source>
+        <translation>Sets mit Skripten</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>Skript</translation>
+    </message>
 </context>
 <context>
     <name>qxSession</name>
@@ -1833,95 +2064,95 @@
     <name>qxSetContents</name>
     <message>
         <source>Choose S&amp;tate</source>
-        <translation type="unfinished"></translation>
+        <translation>Zustand &amp;wählen</translation>
     </message>
     <message>
         <source>Take the State S&amp;hown</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Gezeigten Zustand übernehmen</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;ntfernen</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished">&amp;Kopieren</translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>&amp;Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einfügen</translation>
     </message>
     <message>
         <source>Re&amp;name Variant...</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante &amp;umbenennen …</translation>
     </message>
     <message>
         <source>Show in the &amp;Variants Dock</source>
-        <translation type="unfinished"></translation>
+        <translation>In den &amp;Varianten zeigen</translation>
     </message>
     <message>
         <source>Add variants</source>
-        <translation type="unfinished"></translation>
+        <translation>Varianten hinzufügen</translation>
     </message>
     <message>
         <source>Variant, viewpoint or animation to add to the set</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante, Ansichtspunkt oder Animation zum Hinzufügen</translation>
     </message>
     <message>
         <source>Finds variants, viewpoints and animations. Enter adds the variant with the state that the scene shows.</source>
-        <translation type="unfinished"></translation>
+        <translation>Findet Varianten, Ansichtspunkte und Animationen. Die Eingabetaste fügt die Variante mit dem Zustand hinzu, den die Szene zeigt.</translation>
     </message>
     <message>
         <source>What the set holds</source>
-        <translation type="unfinished"></translation>
+        <translation>Was das Set enthält</translation>
     </message>
     <message>
         <source>The set holds nothing yet. Type the name of a variant above, or drag variants or nodes here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Set enthält noch nichts. Geben Sie oben den Namen einer Variante ein, oder ziehen Sie Varianten oder Knoten hierher.</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Add viewpoints and animations</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansichtspunkte und Animationen hinzufügen</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>Take the selected entries out of the set</source>
-        <translation type="unfinished"></translation>
+        <translation>Die ausgewählten Einträge aus dem Set nehmen</translation>
     </message>
     <message>
         <source>The scene shows nothing of &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Szene zeigt nichts von „%1“.</translation>
     </message>
     <message>
         <source>&amp;State</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zustand</translation>
     </message>
     <message>
         <source>R&amp;epair</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Reparieren</translation>
     </message>
     <message>
         <source>&amp;Viewpoint</source>
-        <translation type="unfinished">&amp;Ansichtspunkt</translation>
+        <translation>Ansichts&amp;punkt</translation>
     </message>
     <message>
         <source>&amp;Animation</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Animation</translation>
     </message>
     <message>
         <source>Rename Variant</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante umbenennen</translation>
     </message>
     <message>
         <source>Name, wherever the variant is used:</source>
-        <translation type="unfinished"></translation>
+        <translation>Name, überall wo die Variante vorkommt:</translation>
     </message>
 </context>
 <context>
@@ -2042,138 +2273,134 @@
     <name>qxSetEntries</name>
     <message>
         <source>nodes</source>
-        <translation type="unfinished"></translation>
+        <translation>Knoten</translation>
     </message>
     <message>
         <source>materials</source>
-        <translation type="unfinished"></translation>
+        <translation>Materialien</translation>
     </message>
     <message>
         <source>lights</source>
-        <translation type="unfinished"></translation>
+        <translation>Lichter</translation>
     </message>
     <message>
         <source>environment</source>
-        <translation type="unfinished"></translation>
+        <translation>Umgebung</translation>
     </message>
     <message>
         <source>viewpoint</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansichtspunkt</translation>
     </message>
     <message>
         <source>camera goes there</source>
-        <translation type="unfinished"></translation>
+        <translation>Kamera fährt hin</translation>
     </message>
     <message>
         <source>not used: not the first</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht benutzt: nicht der erste</translation>
     </message>
     <message>
         <source>starts</source>
-        <translation type="unfinished"></translation>
+        <translation>startet</translation>
     </message>
     <message>
         <source>starts in its turn</source>
-        <translation type="unfinished"></translation>
+        <translation>startet, wenn sie dran ist</translation>
     </message>
     <message>
         <source>on</source>
-        <translation type="unfinished">an</translation>
+        <translation>an</translation>
     </message>
     <message>
         <source>off</source>
-        <translation type="unfinished">aus</translation>
+        <translation>aus</translation>
     </message>
     <message>
         <source>moved, as it is</source>
-        <translation type="unfinished"></translation>
+        <translation>verschoben</translation>
     </message>
     <message>
         <source>shown before all else</source>
-        <translation type="unfinished"></translation>
+        <translation>zuerst eingeblendet</translation>
     </message>
     <message>
         <source>not used</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht benutzt</translation>
     </message>
     <message>
         <source>left to scripts</source>
-        <translation type="unfinished"></translation>
+        <translation>für Skripte</translation>
     </message>
     <message>
         <source>animation</source>
-        <translation type="unfinished">Animation</translation>
+        <translation>Animation</translation>
     </message>
     <message>
         <source>clipping</source>
-        <translation type="unfinished"></translation>
+        <translation>Schnitt</translation>
     </message>
     <message>
         <source>target node</source>
-        <translation type="unfinished"></translation>
+        <translation>Zielknoten</translation>
     </message>
     <message>
         <source>geometry</source>
-        <translation type="unfinished"></translation>
+        <translation>Geometrie</translation>
     </message>
     <message>
         <source>snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>Momentaufnahme</translation>
     </message>
     <message>
         <source>capture</source>
-        <translation type="unfinished"></translation>
+        <translation>Erfassung</translation>
     </message>
     <message>
         <source>Clipping plane</source>
-        <translation type="unfinished"></translation>
+        <translation>Schnittebene</translation>
     </message>
     <message>
         <source>What was captured</source>
-        <translation type="unfinished"></translation>
+        <translation>Was erfasst wurde</translation>
     </message>
 </context>
 <context>
     <name>qxSetEntriesModel</name>
     <message>
         <source>The scene shows something else than the set wants.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Szene zeigt etwas anderes, als das Set verlangt.</translation>
     </message>
     <message>
         <source>differs: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>weicht ab: %1</translation>
     </message>
     <message>
         <source>(no such variant)</source>
-        <translation type="unfinished"></translation>
+        <translation>(keine solche Variante)</translation>
     </message>
     <message>
         <source>(nothing)</source>
-        <translation type="unfinished"></translation>
+        <translation>(nichts)</translation>
     </message>
     <message>
         <source>Variant</source>
-        <translation type="unfinished">Variante</translation>
+        <translation>Variante</translation>
     </message>
     <message>
         <source>Kind</source>
-        <translation type="unfinished">Art</translation>
+        <translation>Art</translation>
     </message>
     <message>
         <source>State</source>
-        <translation type="unfinished">Zustand</translation>
+        <translation>Zustand</translation>
     </message>
     <message>
         <source>Shown Now</source>
-        <translation type="unfinished"></translation>
+        <translation>Jetzt gezeigt</translation>
     </message>
     <message>
         <source>Problem</source>
-        <translation type="unfinished"></translation>
+        <translation>Problem</translation>
     </message>
 </context>
 <context>
@@ -2266,6 +2493,22 @@
         <source>The key is taken by &quot;%1&quot; and does not select this set.</source>
         <translation>Die Taste wird von „%1“ verwendet und wählt dieses Set nicht aus.</translation>
     </message>
+    <message>
+        <source>The key is taken by &quot;%1&quot; and does not select this option.</source>
+        <translation>Die Taste wird von „%1“ verwendet und wählt diese Option nicht aus.</translation>
+    </message>
+    <message>
+        <source>The set &quot;%1&quot; has this key, too, and comes first.</source>
+        <translation>Das Set „%1“ hat dieselbe Taste und hat Vorrang.</translation>
+    </message>
+    <message>
+        <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too; this one comes first.</source>
+        <translation>Die Option „%1“ von „%2“ hat dieselbe Taste; diese hier hat Vorrang.</translation>
+    </message>
+    <message>
+        <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too, and comes first.</source>
+        <translation>Die Option „%1“ von „%2“ hat dieselbe Taste und hat Vorrang.</translation>
+    </message>
 </context>
 <context>
     <name>qxSetsModel</name>
@@ -2295,6 +2538,37 @@
     <message>
         <source>Nothing of what it refers to is in the scene.</source>
         <translation>Nichts, worauf das Set verweist, ist in der Szene vorhanden.</translation>
+    </message>
+    <message>
+        <source>In No Group</source>
+        <translation>In keiner Gruppe</translation>
+    </message>
+    <message numerus="yes">
+        <source>Group %1, %n sets</source>
+        <translation>
+            <numerusform>Gruppe %1, %n Set</numerusform>
+            <numerusform>Gruppe %1, %n Sets</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The set, the scene or the light has changed since the preview was made.</source>
+        <translation>Das Set, die Szene oder das Licht hat sich geändert, seit das Vorschaubild entstand.</translation>
+    </message>
+    <message>
+        <source>shown now</source>
+        <translation>jetzt zu sehen</translation>
+    </message>
+    <message>
+        <source>key %1</source>
+        <translation>Taste %1</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>the preview is out of date</source>
+        <translation>das Vorschaubild ist veraltet</translation>
     </message>
 </context>
 <context>
@@ -2365,7 +2639,7 @@
     <name>qxStateEditor</name>
     <message>
         <source>State of &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Zustand von „%1“</translation>
     </message>
 </context>
 <context>
@@ -2467,6 +2741,265 @@
     <message>
         <source>others may write %1</source>
         <translation>Andere dürfen %1 ändern</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantActions</name>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>&amp;Show This State</source>
+        <translation>Diesen Zustand &amp;zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>De&amp;lete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Add &amp;Options...</source>
+        <translation>&amp;Optionen hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>Nach un&amp;ten</translation>
+    </message>
+    <message>
+        <source>Make It the De&amp;fault</source>
+        <translation>Als &amp;Vorgabe</translation>
+    </message>
+    <message>
+        <source>&amp;Key...</source>
+        <translation>&amp;Taste …</translation>
+    </message>
+    <message>
+        <source>&amp;Add to the Current Set</source>
+        <translation>Zum aktuellen Set &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add to Se&amp;t...</source>
+        <translation>Zu &amp;Set hinzufügen …</translation>
+    </message>
+    <message>
+        <source>&amp;Add to &quot;%1&quot;</source>
+        <translation>Zu „%1“ &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>Delete Variants</source>
+        <translation>Varianten löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sets have entries of what you delete.</source>
+        <translation>
+            <numerusform>Ein Set hat Einträge von dem, was Sie löschen.</numerusform>
+            <numerusform>%n Sets haben Einträge von dem, was Sie löschen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Entries that are kept do nothing until there is a variant of that name again.</source>
+        <translation>Einträge, die bleiben, bewirken nichts, bis es wieder eine Variante dieses Namens gibt.</translation>
+    </message>
+    <message>
+        <source>&amp;Delete the Entries, Too</source>
+        <translation>Einträge mit &amp;löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the Entries</source>
+        <translation>Einträge &amp;behalten</translation>
+    </message>
+    <message numerus="yes">
+        <source>Entries of %n sets were deleted.</source>
+        <translation>
+            <numerusform>Einträge eines Sets wurden gelöscht.</numerusform>
+            <numerusform>Einträge von %n Sets wurden gelöscht.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Entries of %n sets were kept.</source>
+        <translation>
+            <numerusform>Einträge eines Sets wurden behalten.</numerusform>
+            <numerusform>Einträge von %n Sets wurden behalten.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Options for &quot;%1&quot;</source>
+        <translation>Optionen für „%1“</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Other materials of the scene, too</source>
+        <translation>Auch andere Materialien der Szene</translation>
+    </message>
+    <message>
+        <source>&amp;Another name</source>
+        <translation>&amp;Anderer Name</translation>
+    </message>
+    <message>
+        <source>Add options to &quot;%1&quot;</source>
+        <translation>Optionen zu „%1“ hinzufügen</translation>
+    </message>
+    <message>
+        <source>Default state of &quot;%1&quot;</source>
+        <translation>Vorgabe von „%1“</translation>
+    </message>
+    <message>
+        <source>Add to Set</source>
+        <translation>Zu Set hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;New set</source>
+        <translation>&amp;Neues Set</translation>
+    </message>
+    <message>
+        <source>Add to the new set &quot;%1&quot;</source>
+        <translation>Zum neuen Set „%1“ hinzufügen</translation>
+    </message>
+    <message numerus="yes">
+        <source>&quot;%1&quot; has %n new states.</source>
+        <translation>
+            <numerusform>„%1“ hat einen neuen Zustand.</numerusform>
+            <numerusform>„%1“ hat %n neue Zustände.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has nothing new by that.</source>
+        <translation>Für „%1“ ist das nichts Neues.</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantForm</name>
+    <message>
+        <source>&amp;Default</source>
+        <translation>Vor&amp;gabe</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Clear the key of the option</source>
+        <translation>Taste der Option leeren</translation>
+    </message>
+    <message>
+        <source>It does something to what is shown, such as &quot;next&quot;.</source>
+        <translation>Sie macht etwas mit dem, was gezeigt wird, wie „nächster“.</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>(keine)</translation>
+    </message>
+    <message>
+        <source>%1 (no option)</source>
+        <translation>%1 (keine Option)</translation>
+    </message>
+    <message>
+        <source>Default state of &quot;%1&quot;</source>
+        <translation>Vorgabe von „%1“</translation>
+    </message>
+    <message>
+        <source>Key of &quot;%1&quot;</source>
+        <translation>Taste von „%1“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is an action</source>
+        <translation>„%1“ ist eine Aktion</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no action</source>
+        <translation>„%1“ ist keine Aktion</translation>
+    </message>
+    <message>
+        <source>Option ke&amp;y</source>
+        <translation>Taste der &amp;Option</translation>
+    </message>
+    <message>
+        <source>The option is an actio&amp;n</source>
+        <translation>Die Option ist eine Aktio&amp;n</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantMaker</name>
+    <message numerus="yes">
+        <source>%n switches</source>
+        <translation>
+            <numerusform>%n Schalter</numerusform>
+            <numerusform>%n Schalter</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n switch materials</source>
+        <translation>
+            <numerusform>%n Schaltmaterial</numerusform>
+            <numerusform>%n Schaltmaterialien</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lights</source>
+        <translation>
+            <numerusform>%n Licht</numerusform>
+            <numerusform>%n Lichter</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n switches among the overlays</source>
+        <translation>
+            <numerusform>%n Schalter unter den Overlays</numerusform>
+            <numerusform>%n Schalter unter den Overlays</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n nodes with transform states</source>
+        <translation>
+            <numerusform>%n Knoten mit Transformationszuständen</numerusform>
+            <numerusform>%n Knoten mit Transformationszuständen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Plain materials, too: each is put into a switch material</source>
+        <translation>Auch einfache Materialien: jedes kommt in ein Schaltmaterial</translation>
+    </message>
+    <message>
+        <source>All others, too: they can be shown and hidden</source>
+        <translation>Auch alle anderen: sie lassen sich ein- und ausblenden</translation>
+    </message>
+    <message>
+        <source>Of All: %1</source>
+        <translation>Aus allen: %1</translation>
+    </message>
+    <message>
+        <source>Choose %1...</source>
+        <translation>%1 wählen …</translation>
+    </message>
+    <message>
+        <source>The scene is empty</source>
+        <translation>Die Szene ist leer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n selected nodes</source>
+        <translation>
+            <numerusform>%1 aus dem ausgewählten Knoten</numerusform>
+            <numerusform>%1 aus %n ausgewählten Knoten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Make Variants: %1</source>
+        <translation>Varianten anlegen: %1</translation>
+    </message>
+    <message>
+        <source>Make Variants</source>
+        <translation>Varianten anlegen</translation>
     </message>
 </context>
 <context>
@@ -2611,77 +3144,113 @@
     <name>qxVariantTexts</name>
     <message>
         <source>Make variant &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Variante „%1“ anlegen</translation>
     </message>
     <message numerus="yes">
         <source>Make %n variants</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Variante anlegen</numerusform>
+            <numerusform>%n Varianten anlegen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>&quot;%1&quot; moves %n things of that name.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>„%1“ bewegt ein Objekt dieses Namens.</numerusform>
+            <numerusform>„%1“ bewegt %n Objekte dieses Namens.</numerusform>
         </translation>
     </message>
     <message>
         <source>No variant could be made of &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus „%1“ ließ sich keine Variante anlegen.</translation>
     </message>
     <message>
         <source>There is a variant &quot;%1&quot; already.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt schon eine Variante „%1“.</translation>
     </message>
     <message>
         <source>No variant of that kind can be made of &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus „%1“ lässt sich keine Variante dieser Art anlegen.</translation>
     </message>
     <message>
         <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ zu „%2“ hinzufügen</translation>
     </message>
     <message numerus="yes">
         <source>Add %n options to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Option zu „%1“ hinzufügen</numerusform>
+            <numerusform>%n Optionen zu „%1“ hinzufügen</numerusform>
         </translation>
     </message>
     <message>
         <source>Delete &quot;%1&quot;</source>
-        <translation type="unfinished">„%1“ löschen</translation>
+        <translation>„%1“ löschen</translation>
     </message>
     <message numerus="yes">
         <source>Delete %n variants</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Variante löschen</numerusform>
+            <numerusform>%n Varianten löschen</numerusform>
         </translation>
     </message>
     <message>
         <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ aus „%2“ entfernen</translation>
     </message>
     <message numerus="yes">
         <source>Remove %n options from &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Option aus „%1“ entfernen</numerusform>
+            <numerusform>%n Optionen aus „%1“ entfernen</numerusform>
         </translation>
     </message>
     <message>
         <source>Order the options of &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Optionen von „%1“ ordnen</translation>
     </message>
     <message numerus="yes">
         <source>Add %n variants to &quot;%1&quot;</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eine Variante zu „%1“ hinzufügen</numerusform>
+            <numerusform>%n Varianten zu „%1“ hinzufügen</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantUses</name>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und ein weiteres</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>In %n sets</source>
+        <translation>
+            <numerusform>In einem Set</numerusform>
+            <numerusform>In %n Sets</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>In no set</source>
+        <translation>In keinem Set</translation>
+    </message>
+    <message numerus="yes">
+        <source>Moves %n nodes</source>
+        <translation>
+            <numerusform>Bewegt einen Knoten</numerusform>
+            <numerusform>Bewegt %n Knoten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Moves nothing: the scene has no &quot;%1&quot;</source>
+        <translation>Bewegt nichts: die Szene hat kein „%1“</translation>
+    </message>
+    <message>
+        <source>Used By</source>
+        <translation>Verwendung</translation>
     </message>
 </context>
 <context>
@@ -2771,6 +3340,33 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <source>Variants</source>
         <translation>Varianten</translation>
     </message>
+    <message>
+        <source>Search variants</source>
+        <translation>Varianten suchen</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Make variants of what the scene has</source>
+        <translation>Varianten von dem anlegen, was die Szene hat</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants found</source>
+        <translation>
+            <numerusform>Eine Variante gefunden</numerusform>
+            <numerusform>%n Varianten gefunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Used By</source>
+        <translation>Verwendung</translation>
+    </message>
 </context>
 <context>
     <name>qxVariantsModel</name>
@@ -2781,6 +3377,10 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>State</source>
         <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Aktionen</translation>
     </message>
 </context>
 <context>
@@ -3088,6 +3688,30 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Sets and variants are saved. Saving also keeps what is shown now, as the state in which the file opens.</source>
         <translation>Sets und Varianten sind gespeichert. Speichern behält auch, was jetzt zu sehen ist: So öffnet sich die Datei dann.</translation>
+    </message>
+    <message>
+        <source>V&amp;ariants</source>
+        <translation>&amp;Varianten</translation>
+    </message>
+    <message>
+        <source>Save &amp;Picture...</source>
+        <translation>Bil&amp;d speichern …</translation>
+    </message>
+    <message>
+        <source>Save S&amp;heet...</source>
+        <translation>Bo&amp;gen speichern …</translation>
+    </message>
+    <message>
+        <source>Export Cata&amp;logue...</source>
+        <translation>Ka&amp;talog exportieren …</translation>
+    </message>
+    <message>
+        <source>Presentatio&amp;n</source>
+        <translation>&amp;Präsentation</translation>
+    </message>
+    <message>
+        <source>Na&amp;mes in Presentation</source>
+        <translation>&amp;Namen in der Präsentation</translation>
     </message>
 </context>
 </TS>

@@ -98,8 +98,13 @@ std::vector<QString> qxStateWords::choicesOf(const qxVariantKind &kind, const qx
         if (!option.name.isEmpty())
             states.push_back(option.name);
     }
-    std::stable_partition(states.begin(), states.end(),
-                          [&kind](const QString &state) { return !isAction(kind, state); });
+    const auto rank = [&kind](const QString &state) {
+        const Word *const word = wordOf(kind, state);
+        return !word ? 0 : word->isAction ? 2 : 1;
+    };
+    std::stable_sort(states.begin(), states.end(), [&](const QString &one, const QString &other) {
+        return rank(one) < rank(other);
+    });
     return states;
 }
 

@@ -20,8 +20,8 @@ QString toolTip(const qxVariantKind &kind, const qxVariant *variant, const QStri
 /// Whether the state does something to what is shown, such as "!Next", rather than saying what to
 /// show.
 bool isAction(const qxVariantKind &kind, const QString &state);
-/// The states that users may choose of the variant: first those that say what to show, then
-/// actions.
+/// The states that users may choose of the variant: first names, then words that say what to show,
+/// such as "none", then actions.
 std::vector<QString> choicesOf(const qxVariantKind &kind, const qxVariant &variant);
 /// What one variant of the kind is called, such as "node".
 QString kind(const qxVariantKind &kind);

@@ -125,6 +125,8 @@ void qxSceneView::cameraMoved()
 void qxSceneView::takePicture()
 {
     qxImageRenderWidget::convertToQImage(m_picture, m_view->picture());
+    if (!isVisible())
+        m_view->cancelRefining(); // It would keep all processors busy for nothing.
     showHint();
     update();
 }
@@ -177,6 +179,11 @@ void qxSceneView::paintEvent(QPaintEvent *)
         return painter.fillRect(rect(), palette().window());
     painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.size() != pixels());
     painter.drawImage(rect(), m_picture);
+}
+
+void qxSceneView::showEvent(QShowEvent *)
+{
+    qxController::updateRender(true);
 }
 
 void qxSceneView::resizeEvent(QResizeEvent *)
@@ -279,7 +286,7 @@ void qxSceneView::retranslate()
 {
     for (const auto &action : m_texts)
         action.first->setText(tr(action.second));
-    setAccessibleName(tr("View"));
+    setAccessibleName(tr("3D View"));
     qxKeyHints::tell(*this,
                      {{tr("Left button"), tr("Turn")},
                       {tr("Middle button, left button with Shift"), tr("Move")},

@@ -7,7 +7,6 @@
 #include "Script/qxScriptCheck.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
-#include "Session/qxSetPreviews.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
 #include "qxAnimationBar.h"
@@ -20,7 +19,9 @@
 #include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
-#include "qxPreviewDialog.h"
+#include "qxPictureExport.h"
+#include "qxPresentation.h"
+#include "qxPreviewMaker.h"
 #include "qxRecentFiles.h"
 #include "qxRecovery.h"
 #include "qxSceneTreeModel.h"
@@ -41,6 +42,7 @@
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 #include <QTreeView>
 #include <QUndoStack>
 
@@ -58,10 +60,12 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     m_centre->addWidget(m_view);
     setCentralWidget(m_centre);
     buildDocks();
+    buildPictures();
     buildFileMenu();
     buildEditMenu();
     buildViewMenu();
     buildSetsMenu();
+    buildVariantsMenu();
     buildHelpMenu();
     buildToolBar();
     connect(m_recentFiles, &qxRecentFiles::chosen, this, &qxWorkbenchWindow::openAnother);
@@ -75,7 +79,6 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_sets, &qxVariantSetsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
     connect(m_events, &qxPanelEvents::aboutToForget, this, &qxWorkbenchWindow::forgetScene);
     connect(m_variants, &qxVariantsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
-    connect(m_sets, &qxVariantSetsDock::previewsWanted, this, &qxWorkbenchWindow::makePreviews);
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &qxWorkbenchWindow::showUnsaved);
@@ -98,6 +101,19 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     m_layout = new qxWindowLayout(this);
     m_layout->restore();
     m_animation->hide(); // until a scene has animations
+    m_start->setFocus();
+}
+
+/// Whatever makes pictures besides the view.
+void qxWorkbenchWindow::buildPictures()
+{
+    m_previews = new qxPreviewMaker(m_sets, m_events, this);
+    connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_previews, &qxPreviewMaker::noteEdit);
+    m_presentation = new qxPresentation(this, m_view, m_sets);
+    connect(m_presentation, &qxPresentation::ended, this, &qxWorkbenchWindow::closeLater);
+    m_export = new qxPictureExport(this, m_sets, [this] { return m_path; });
+    connect(m_export, &qxPictureExport::done, this,
+            [this](const QString &sentence) { statusBar()->showMessage(sentence, 15000); });
 }
 
 qxWorkbenchWindow::~qxWorkbenchWindow()
@@ -105,6 +121,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     // The stack emits signals while its dock is already destroyed.
     m_sets->undoStack()->disconnect(this);
     // Views of the scene are destroyed before the scene.
+    delete m_previews;
     m_watchdog.reset();
     m_blockedScripts.reset();
     m_before.reset();
@@ -222,10 +239,22 @@ void qxWorkbenchWindow::retranslate()
 
 void qxWorkbenchWindow::closeEvent(QCloseEvent *event)
 {
+    if (m_presentation->isRunning()) { // The layout to remember is the one before it.
+        m_closesLater = true;
+        m_presentation->end();
+        return event->ignore();
+    }
     if (!mayLeave())
         return event->ignore();
     m_layout->save();
     QMainWindow::closeEvent(event);
+}
+
+void qxWorkbenchWindow::closeLater()
+{
+    if (m_closesLater)
+        QTimer::singleShot(0, this, &QWidget::close);
+    m_closesLater = false;
 }
 
 /// The start page, as long as there is neither a scene nor a set.
@@ -282,20 +311,6 @@ void qxWorkbenchWindow::forgetScene()
     m_beforeScript.reset();
     m_back->setEnabled(false);
     m_isNewScene = true;
-}
-
-void qxWorkbenchWindow::makePreviews(const QStringList &sets)
-{
-    qxSetPreviews::Previews previews;
-    {
-        qxPreviewDialog dialog(sets.size(), this);
-        qxSetPreviews::visit(
-            sets, [&dialog](const QString &set) { return dialog.begin(set); },
-            [&previews](qxVariantSet &set) { return qxSetPreviews::addPreview(set, previews); });
-    }
-    m_sets->setPreviews(previews);
-    Q_EMIT qxPanelChanges::the().sceneRestored();
-    qxController::updateRender(true);
 }
 
 void qxWorkbenchWindow::goBack()

@@ -22,6 +22,9 @@ class qxLogView;
 class qxPanelEvents;
 class qxPictureDialog;
 class qxProblems;
+class qxPictureExport;
+class qxPresentation;
+class qxPreviewMaker;
 class qxRecentFiles;
 class qxSceneTreeModel;
 class qxSceneView;
@@ -81,6 +84,7 @@ private:
     QMenu *addMenu(const char *title);
     /// Sets the text of the action, translated again at each change of language.
     QAction *named(QAction *action, const char *text);
+    void buildPictures();
     void buildFileMenu();
     void buildEditMenu();
     void buildViewMenu();
@@ -89,9 +93,11 @@ private:
     void fillThemeMenu(QMenu *menu);
     void buildToolBar();
     void buildSetsMenu();
+    void buildVariantsMenu();
     void buildHelpMenu();
     void retranslate();
     void showUndo();
+    void closeLater();
     void showKeys();
 
     void askAndOpen();
@@ -120,7 +126,6 @@ private:
     void showPicked(const osg::NodePtr &node);
     void showNode(const QModelIndex &index);
     void rememberForBack();
-    void makePreviews(const QStringList &sets);
     void rememberForScript();
     void focusPane(int step);
     static QDockWidget *dockAround(QWidget *widget);
@@ -155,6 +160,10 @@ private:
     qxLogView *m_log;
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;
+    qxPreviewMaker *m_previews;
+    qxPresentation *m_presentation;
+    qxPictureExport *m_export;
+    bool m_closesLater = false; ///< when the presentation has ended
     qxRecovery *m_recovery;
     bool m_showsOtherState = false; ///< than the file, without any edit
     QMenu *m_recent;

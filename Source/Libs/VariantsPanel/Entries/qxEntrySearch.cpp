@@ -30,6 +30,7 @@ std::vector<qxSetEntry> qxEntrySearch::othersToAdd()
 
 qxEntrySearch::qxEntrySearch(qxPanelEvents *events) : m_texts(new QStringListModel(this))
 {
+    setObjectName(QStringLiteral("addEntry"));
     setClearButtonEnabled(true);
     auto *const finder = new QCompleter(m_texts, this);
     finder->setFilterMode(Qt::MatchContains);
@@ -58,8 +59,8 @@ void qxEntrySearch::read()
     m_entries.insert(m_entries.end(), others.begin(), others.end());
     QStringList texts;
     for (const qxSetEntry &each : m_entries)
-        texts << tr("%1 (%2)", "name (kind)")
-                     .arg(qxSetEntries::nameOf(each), qxSetEntries::sortOf(each));
+        texts << QStringLiteral("%1 (%2)").arg(qxSetEntries::nameOf(each),
+                                               qxSetEntries::sortOf(each));
     m_texts->setStringList(texts);
     m_isRead = true;
 }

@@ -286,7 +286,8 @@ QVariant qxSetEntriesModel::problemData(int row, int role) const
     for (const qxFinding &each : findings)
         lines << (role == Qt::DisplayRole
                       ? qxCheckCodes::id(each.code)
-                      : tr("%1: %2").arg(qxCheckCodes::id(each.code), qxProblems::textOf(each)));
+                      : QStringLiteral("%1: %2").arg(qxCheckCodes::id(each.code),
+                                                     qxProblems::textOf(each)));
     lines.removeDuplicates();
     switch (role) {
     case Qt::DisplayRole:

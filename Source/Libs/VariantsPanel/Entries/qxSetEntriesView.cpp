@@ -29,26 +29,41 @@ qxSetEntriesView::qxSetEntriesView(qxSetEntriesModel *model) : m_model(model)
     header()->setSectionsMovable(false);
     header()->setSectionResizeMode(qxSetEntriesModel::NameColumn, QHeaderView::Stretch);
     connect(model, &qxSetEntriesModel::problemsChanged, this, &qxSetEntriesView::layColumns);
+    connect(model, &QAbstractItemModel::rowsInserted, this, &qxSetEntriesView::layColumns);
 }
 
-/// The name has what the others leave, and that is half at least: first the kind goes, which the
-/// tool tip has as well, then states are cut.
+/// Names come first: they get what they need, up to two thirds, and states what is left. The kind,
+/// which the tool tip has as well, is the first to go.
 void qxSetEntriesView::layColumns()
 {
     typedef qxSetEntriesModel Model;
     const int letter = fontMetrics().averageCharWidth();
     const int width = viewport()->width();
     const bool hasProblems = m_model->hasProblems();
-    const bool hasKind = width >= 50 * letter;
+    const bool hasKind = width >= 60 * letter;
     setColumnHidden(Model::KindColumn, !hasKind);
     setColumnHidden(Model::ProblemColumn, !hasProblems);
     const int problem = hasProblems ? 11 * letter : 0;
-    const int kind = hasKind ? 11 * letter : 0;
-    const int state = std::min(16 * letter, (width / 2 - problem - kind / 2) / 2);
+    const int kind = hasKind ? 12 * letter : 0;
+    const int left = width - problem - kind;
+    const int name = std::clamp(widthOfNames(), left / 3, left * 2 / 3);
+    const int state = std::min(24 * letter, (left - name) / 2);
     header()->resizeSection(Model::KindColumn, kind);
     header()->resizeSection(Model::StateColumn, state);
     header()->resizeSection(Model::ShownColumn, state);
     header()->resizeSection(Model::ProblemColumn, problem);
+}
+
+/// Of the first ones: there may be thousands.
+int qxSetEntriesView::widthOfNames() const
+{
+    int widest = 0;
+    for (int row = 0; row < std::min(50, m_model->rowCount()); ++row) {
+        const QString name =
+            m_model->index(row, qxSetEntriesModel::NameColumn).data(Qt::DisplayRole).toString();
+        widest = std::max(widest, fontMetrics().horizontalAdvance(name));
+    }
+    return widest + 2 * fontMetrics().averageCharWidth();
 }
 
 QList<int> qxSetEntriesView::selectedRows() const

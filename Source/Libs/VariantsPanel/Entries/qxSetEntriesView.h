@@ -38,6 +38,7 @@ protected:
 
 private:
     void layColumns();
+    int widthOfNames() const;
     QSize sizeOfRows(int rows) const;
 
     qxSetEntriesModel *m_model;

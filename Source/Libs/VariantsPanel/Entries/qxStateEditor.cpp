@@ -84,13 +84,15 @@ void qxStateEditor::setModelData(QWidget *editor, QAbstractItemModel *model,
 void qxStateEditor::paint(QPainter *painter, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const
 {
-    QStyledItemDelegate::paint(painter, option, index);
     if (!entryAt(index).kind)
-        return;
+        return QStyledItemDelegate::paint(painter, option, index);
     const QStyle &style = *QApplication::style();
-    QStyleOption arrow;
-    arrow.initFrom(option.widget);
-    const int side = style.pixelMetric(QStyle::PM_MenuButtonIndicator, &option, option.widget);
-    arrow.rect = QRect(option.rect.right() - side, option.rect.top(), side, option.rect.height());
-    style.drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, painter, option.widget);
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    style.drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, option.widget);
+    const int side = option.fontMetrics.height() * 3 / 4;
+    cell.rect.adjust(0, 0, -side, 0);
+    style.drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
+    cell.rect = QRect(option.rect.right() - side, option.rect.top(), side, option.rect.height());
+    style.drawPrimitive(QStyle::PE_IndicatorArrowDown, &cell, painter, option.widget);
 }
