@@ -201,7 +201,9 @@ void qxProblemsDock::showEmptyOrList()
     const int all = m_model->rowCount();
     m_empty->setText(all == 0 ? tr("No problems: sets, variants and scene go together.")
                               : tr("%n problems are not shown.", nullptr, all));
-    m_pages->setCurrentWidget(m_filter->rowCount() > 0 ? static_cast<QWidget *>(m_view) : m_empty);
+    const bool isList = m_filter->rowCount() > 0;
+    m_pages->setCurrentWidget(isList ? static_cast<QWidget *>(m_view) : m_empty);
+    widget()->setFocusProxy(isList ? static_cast<QWidget *>(m_view) : m_search);
 }
 
 qxFindings qxProblemsDock::selected() const
