@@ -93,6 +93,9 @@ QWidget *qxProblemsDock::buildTopLine()
 {
     auto *const line = new QWidget;
     auto *const layout = new QHBoxLayout(line);
+    const QMargins margins = layout->contentsMargins(); // Below the view, height is scarce.
+    layout->setContentsMargins(margins.left(), margins.top() / 4, margins.right(),
+                               margins.bottom() / 4);
     m_search = new QLineEdit;
     m_search->setObjectName(QStringLiteral("problemSearch"));
     m_search->setClearButtonEnabled(true);
@@ -135,10 +138,8 @@ void qxProblemsDock::buildView()
     QHeaderView *const header = m_view->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(qxProblemsModel::TextColumn, QHeaderView::Stretch);
-    header->setSectionResizeMode(qxProblemsModel::PlaceColumn, QHeaderView::Interactive);
+    header->setSectionResizeMode(qxProblemsModel::PlaceColumn, QHeaderView::Stretch);
     header->setSectionResizeMode(qxProblemsModel::CodeColumn, QHeaderView::ResizeToContents);
-    header->resizeSection(qxProblemsModel::PlaceColumn,
-                          30 * m_view->fontMetrics().averageCharWidth());
     connect(m_view, &QTreeView::activated, this, &qxProblemsDock::goThere);
     connect(m_view, &QWidget::customContextMenuRequested, this, &qxProblemsDock::showMenu);
 }
