@@ -1,6 +1,8 @@
 #include "qxWorkbenchWindow.h"
 
 #include "Core/qxMainWindow.h"
+#include "Entries/qxSetEntriesModel.h"
+#include "Entries/qxSetEntriesView.h"
 #include "Problems/qxProblems.h"
 #include "Problems/qxProblemsDock.h"
 #include "Script/qxBlockedScriptReport.h"
@@ -173,10 +175,12 @@ void qxWorkbenchWindow::buildProblems()
         shown->show();
         shown->raise();
     };
-    connect(dock, &qxProblemsDock::setWanted, this, [this, raise](const QString &set) {
-        raise(m_sets);
-        m_sets->view()->showSet(set);
-    });
+    connect(dock, &qxProblemsDock::setWanted, this,
+            [this, raise](const QString &set, const qxFindingPlace &place) {
+                raise(m_sets);
+                m_sets->view()->showSet(set);
+                showEntry(place);
+            });
     connect(dock, &qxProblemsDock::groupWanted, this, [this, raise](const QString &group) {
         raise(m_sets);
         m_sets->view()->showGroup(group);
@@ -186,6 +190,17 @@ void qxWorkbenchWindow::buildProblems()
                 raise(m_variants);
                 m_variants->showVariant(kind, variant);
             });
+}
+
+void qxWorkbenchWindow::showEntry(const qxFindingPlace &place)
+{
+    auto *const entries = m_sets->findChild<qxSetEntriesView *>();
+    const auto &model = static_cast<const qxSetEntriesModel &>(*entries->model());
+    for (int row = 0; place.isEntry() && row < model.rowCount(); ++row) {
+        const qxSetEntry &entry = model.entryAt(row);
+        if (entry.kind == place.kind && entry.name == place.name)
+            return entries->setCurrentIndex(model.index(row, 0));
+    }
 }
 
 /// One that works while the view has the focus: lists use it themselves.

@@ -35,6 +35,7 @@ class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
 class qxWindowWatchdog;
+struct qxFindingPlace;
 class qxSession;
 class qxStartPage;
 class qxTheme;
@@ -85,6 +86,8 @@ protected:
 private:
     void buildDocks();
     void buildProblems();
+    /// Makes the entry of the set that is shown the current one.
+    void showEntry(const qxFindingPlace &place);
     void giveKey(QAction *action, const QKeySequence &key);
     QDockWidget *dockOf(QWidget *contents, const char *title, const QString &name);
     QMenu *addMenu(const char *title);
