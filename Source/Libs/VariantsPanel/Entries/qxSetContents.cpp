@@ -194,6 +194,14 @@ void qxSetContents::follow(const QString &note)
     followSelection();
 }
 
+/// Selects that row alone.
+void qxSetContents::goTo(int row)
+{
+    const auto whole = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+    if (row >= 0)
+        m_view->selectionModel()->setCurrentIndex(m_model->index(row, 0), whole);
+}
+
 void qxSetContents::add(const Entries &entries)
 {
     if (entries.empty())
@@ -303,10 +311,10 @@ void qxSetContents::takeShown()
 /// The next entry is selected then, to go on.
 void qxSetContents::removeSelected()
 {
+    const int next = m_view->selectedRows().value(0);
     qxEntryEdits::remove(*m_edits, m_model->set(), selected());
     follow(QString());
-    const auto whole = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
-    m_view->selectionModel()->select(m_view->currentIndex(), whole);
+    goTo(std::min(next, m_model->rowCount() - 1));
 }
 
 void qxSetContents::copy()
@@ -344,6 +352,7 @@ void qxSetContents::renameVariant()
     if (request.after.isEmpty() || request.after == request.before)
         return;
     follow(qxNameEdits::rename(*m_edits->stack(), word, request).refusal);
+    goTo(m_model->rowOf({entry.sort, entry.kind, request.after, entry.state}));
 }
 
 /// As if a set held nothing but these.

@@ -42,6 +42,7 @@ private:
     Entries selected() const;
     void say(const QString &text);
     void follow(const QString &note);
+    void goTo(int row);
 
     void add(const Entries &entries);
     void take(const QMimeData &data);

@@ -63,8 +63,8 @@ private:
     };
 
     void takeRows(const std::vector<qxSetEntry> &entries);
-    void removeOthers(const std::vector<qxSetEntry> &entries);
-    void insertNew(const std::vector<qxSetEntry> &entries);
+    void takeOtherRows(const std::vector<qxSetEntry> &entries);
+    void fill(const std::vector<qxSetEntry> &entries);
     void forgetSeen();
     void readFindings();
     const Seen &seenAt(int row) const;

@@ -29,7 +29,7 @@ qxSetEntriesView::qxSetEntriesView(qxSetEntriesModel *model) : m_model(model)
     header()->setSectionsMovable(false);
     header()->setSectionResizeMode(qxSetEntriesModel::NameColumn, QHeaderView::Stretch);
     connect(model, &qxSetEntriesModel::problemsChanged, this, &qxSetEntriesView::layColumns);
-    connect(model, &QAbstractItemModel::rowsInserted, this, &qxSetEntriesView::layColumns);
+    connect(model, &QAbstractItemModel::layoutChanged, this, &qxSetEntriesView::layColumns);
 }
 
 /// Names come first: they get what they need, up to two thirds, and states what is left. The kind,
