@@ -77,16 +77,29 @@ void qxSetContents::buildCommands()
 {
     typedef qxSetContents Contents;
     m_ofEntries << addCommand(QT_TR_NOOP("Choose S&tate"), Qt::Key_F2, &Contents::chooseState);
-    m_ofVariants << addCommand(QT_TR_NOOP("Take the State S&hown"), QKeySequence(),
-                               &Contents::takeShown);
-    m_ofEntries << addCommand(QT_TR_NOOP("&Remove"), QKeySequence::Delete,
-                              &Contents::removeSelected);
-    m_ofVariants << addCommand(QT_TR_NOOP("&Copy"), QKeySequence::Copy, &Contents::copy);
-    addCommand(QT_TR_NOOP("&Paste"), QKeySequence::Paste, &Contents::paste);
+    m_inMenu << addCommand(QT_TR_NOOP("Take the State S&hown"), QKeySequence(),
+                           &Contents::takeShown);
+    m_ofVariants << m_inMenu.last();
+    m_inMenu << makeSeparator();
+    m_inMenu << addCommand(QT_TR_NOOP("&Remove"), QKeySequence::Delete, &Contents::removeSelected);
+    m_ofEntries << m_inMenu.last();
+    m_inMenu << addCommand(QT_TR_NOOP("&Copy"), QKeySequence::Copy, &Contents::copy);
+    m_ofVariants << m_inMenu.last();
+    m_inMenu << addCommand(QT_TR_NOOP("&Paste"), QKeySequence::Paste, &Contents::paste);
+    m_inMenu << makeSeparator();
     m_rename =
         addCommand(QT_TR_NOOP("Re&name Variant..."), QKeySequence(), &Contents::renameVariant);
-    m_ofVariants << addCommand(QT_TR_NOOP("Show in the &Variants Dock"), QKeySequence(),
-                               &Contents::showVariants);
+    m_inMenu << m_rename;
+    m_inMenu << addCommand(QT_TR_NOOP("Show in the &Variants Dock"), QKeySequence(),
+                           &Contents::showVariants);
+    m_ofVariants << m_inMenu.last();
+}
+
+QAction *qxSetContents::makeSeparator()
+{
+    auto *const separator = new QAction(this);
+    separator->setSeparator(true);
+    return separator;
 }
 
 QAction *qxSetContents::addCommand(const char *text, const QKeySequence &key,
@@ -106,12 +119,14 @@ QWidget *qxSetContents::buildTopLine()
     auto *const line = new QWidget;
     auto *const layout = new QHBoxLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);
-    m_add = new QToolButton;
+    m_add = new QToolButton; // Signs leave the room to the line.
+    m_add->setText(QStringLiteral("+"));
     m_add->setPopupMode(QToolButton::InstantPopup);
     m_add->setFocusPolicy(Qt::StrongFocus);
     m_add->setMenu(new QMenu(m_add));
     connect(m_add->menu(), &QMenu::aboutToShow, this, &qxSetContents::fillAddMenu);
     m_remove = new QToolButton;
+    m_remove->setText(QStringLiteral("\u2212"));
     m_remove->setFocusPolicy(Qt::StrongFocus);
     connect(m_remove, &QToolButton::clicked, this, &qxSetContents::removeSelected);
     layout->addWidget(m_search, 1);
@@ -138,9 +153,9 @@ void qxSetContents::retranslate()
     m_view->setAccessibleName(tr("What the set holds"));
     m_view->setHint(tr("The set holds nothing yet. Type the name of a variant above, or drag "
                        "variants or nodes here."));
-    m_add->setText(tr("Add"));
+    m_add->setAccessibleName(tr("Add"));
     m_add->setToolTip(tr("Add viewpoints and animations"));
-    m_remove->setText(tr("Remove"));
+    m_remove->setAccessibleName(tr("Remove"));
     m_remove->setToolTip(tr("Take the selected entries out of the set"));
     m_model->retranslate();
 }
@@ -239,10 +254,9 @@ void qxSetContents::showMenu(const QPoint &position)
     const Entries entries = selected();
     if (!entries.empty())
         addStates(*menu);
-    for (const auto &command : m_commands)
-        menu->addAction(command.first);
     if (entries.size() == 1)
         addRepairs(*menu);
+    menu->addActions(m_inMenu);
     menu->popup(m_view->viewport()->mapToGlobal(position));
 }
 

@@ -189,8 +189,8 @@ QVariant qxSetEntriesModel::data(const QModelIndex &index, int role) const
         return textAt(row, column);
     if (role == Qt::EditRole)
         return entryAt(row).state;
-    if (column == ProblemColumn)
-        return problemData(row, role);
+    if (column == ProblemColumn || (column == NameColumn && role == Qt::DecorationRole))
+        return problemData(row, column, role);
     if (role == Qt::ToolTipRole)
         return plain(toolTipAt(row, column));
     if (role == DiffersRole)
@@ -219,7 +219,7 @@ QVariant qxSetEntriesModel::textAt(int row, int column) const
         return seenAt(row).differs ? QStringLiteral("\u2260 ") + seenAt(row).shown
                                    : seenAt(row).shown;
     default:
-        return problemData(row, Qt::DisplayRole);
+        return problemData(row, column, Qt::DisplayRole);
     }
 }
 
@@ -260,7 +260,7 @@ QVariant qxSetEntriesModel::shownData(int row, int role) const
     return font;
 }
 
-QVariant qxSetEntriesModel::problemData(int row, int role) const
+QVariant qxSetEntriesModel::problemData(int row, int column, int role) const
 {
     const qxFindings findings = findingsAt(row);
     if (findings.isEmpty())
@@ -279,8 +279,10 @@ QVariant qxSetEntriesModel::problemData(int row, int role) const
         return plain(lines.join('\n'));
     case Qt::AccessibleTextRole:
         return lines.join('\n');
-    case Qt::DecorationRole:
-        return QApplication::style()->standardIcon(signOf(worstOf(findings)));
+    case Qt::DecorationRole: // The sign stands before the name, the code in its own column.
+        return column == NameColumn
+            ? QVariant(QApplication::style()->standardIcon(signOf(worstOf(findings))))
+            : QVariant();
     default:
         return QVariant();
     }

@@ -72,7 +72,7 @@ private:
     QVariant textAt(int row, int column) const;
     QString toolTipAt(int row, int column) const;
     QVariant shownData(int row, int role) const;
-    QVariant problemData(int row, int role) const;
+    QVariant problemData(int row, int column, int role) const;
     qxFindings findingsAt(int row) const;
 
     qxSetEdits *m_edits;
