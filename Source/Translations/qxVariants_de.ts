@@ -273,6 +273,10 @@
         <translation>Set enthält nichts</translation>
     </message>
     <message>
+        <source>fill or remove it</source>
+        <translation>füllen oder entfernen</translation>
+    </message>
+    <message>
         <source>script does not compile</source>
         <translation>Skript lässt sich nicht übersetzen</translation>
     </message>
@@ -337,8 +341,16 @@
         <translation>Option, die kein Set verwendet</translation>
     </message>
     <message>
+        <source>neither a set nor a hotkey leads to it, by name or by a step; use or remove it</source>
+        <translation>weder ein Set noch eine Taste führt zu ihr, auch nicht schrittweise; verwenden oder entfernen</translation>
+    </message>
+    <message>
         <source>variant that no set uses</source>
         <translation>Variante, die kein Set verwendet</translation>
+    </message>
+    <message>
+        <source>neither a set nor a hotkey uses it; use or remove it</source>
+        <translation>weder ein Set noch eine Taste verwendet sie; verwenden oder entfernen</translation>
     </message>
     <message>
         <source>scene object within another of its name</source>
@@ -363,18 +375,6 @@
     <message>
         <source>change one; sets and options share the keyboard</source>
         <translation>eine ändern; Sets und Optionen teilen sich die Tastatur</translation>
-    </message>
-    <message>
-        <source>fill or remove it</source>
-        <translation>füllen oder entfernen</translation>
-    </message>
-    <message>
-        <source>neither a set nor a hotkey leads to it, by name or by a step; use or remove it</source>
-        <translation>weder ein Set noch eine Taste führt zu ihr, auch nicht schrittweise; verwenden oder entfernen</translation>
-    </message>
-    <message>
-        <source>neither a set nor a hotkey uses it; use or remove it</source>
-        <translation>weder ein Set noch eine Taste verwendet sie; verwenden oder entfernen</translation>
     </message>
 </context>
 <context>
@@ -451,6 +451,17 @@
     <message>
         <source>Nothing like it was found</source>
         <translation>Nichts Ähnliches gefunden</translation>
+    </message>
+</context>
+<context>
+    <name>qxExportProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Picture of &quot;%1&quot; ...</source>
+        <translation>Bild von „%1“ …</translation>
     </message>
 </context>
 <context>
@@ -1162,6 +1173,70 @@
     </message>
 </context>
 <context>
+    <name>qxGallery</name>
+    <message>
+        <source>Gallery of the variant sets</source>
+        <translation>Galerie der Variantensets</translation>
+    </message>
+    <message>
+        <source>Wheel with Ctrl</source>
+        <translation>Rad mit Strg</translation>
+    </message>
+    <message>
+        <source>Larger or smaller previews</source>
+        <translation>Größere oder kleinere Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>On a heading: close it, open it</source>
+        <translation>Auf einer Überschrift: schließen, öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>qxGalleryBar</name>
+    <message>
+        <source>Make Previews</source>
+        <translation>Bilder erzeugen</translation>
+    </message>
+    <message>
+        <source>Make the previews that are missing or out of date</source>
+        <translation>Die Vorschaubilder erzeugen, die fehlen oder veraltet sind</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Size of the previews (Ctrl and the wheel)</source>
+        <translation>Größe der Vorschaubilder (Strg und das Rad)</translation>
+    </message>
+    <message>
+        <source>Size of the previews</source>
+        <translation>Größe der Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>Previews</source>
+        <translation>Vorschaubilder</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n missing</source>
+        <translation>
+            <numerusform>%n fehlt</numerusform>
+            <numerusform>%n fehlen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n out of date</source>
+        <translation>
+            <numerusform>%n veraltet</numerusform>
+            <numerusform>%n veraltet</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>qxKeyList</name>
     <message>
         <source>Everywhere</source>
@@ -1327,6 +1402,168 @@
     </message>
 </context>
 <context>
+    <name>qxNodeKind</name>
+    <message>
+        <source>Transform Switch</source>
+        <translation>Transformationsschalter</translation>
+    </message>
+    <message>
+        <source>Transform</source>
+        <translation>Transformation</translation>
+    </message>
+    <message>
+        <source>Switch</source>
+        <translation>Schalter</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Licht</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>Netz</translation>
+    </message>
+    <message>
+        <source>Material Group</source>
+        <translation>Materialgruppe</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Einblendung</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>qxNodeMenu</name>
+    <message>
+        <source>&amp;Hide</source>
+        <translation>&amp;Ausblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>&amp;Einblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Isolate</source>
+        <translation>&amp;Nur dies zeigen</translation>
+    </message>
+    <message>
+        <source>Show &amp;All Again</source>
+        <translation>Alles w&amp;ieder einblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Frame</source>
+        <translation>&amp;Formatfüllend zeigen</translation>
+    </message>
+    <message>
+        <source>Pick the &amp;Parent</source>
+        <translation>Ü&amp;bergeordneten Knoten auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Make Variant</source>
+        <translation>&amp;Variante anlegen</translation>
+    </message>
+    <message>
+        <source>&amp;What Controls This</source>
+        <translation>&amp;Was dies steuert</translation>
+    </message>
+    <message>
+        <source>A&amp;dd Present State to Set</source>
+        <translation>Jetzigen &amp;Zustand in Set aufnehmen</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Name</source>
+        <translation>Name&amp;n kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Path</source>
+        <translation>&amp;Pfad kopieren</translation>
+    </message>
+    <message>
+        <source>A&amp;dd Present State to &quot;%1&quot;</source>
+        <translation>Jetzigen &amp;Zustand in „%1“ aufnehmen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n objects</source>
+        <translation>
+            <numerusform>%n Objekt</numerusform>
+            <numerusform>%n Objekte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Nothing that has a name</source>
+        <translation>Nichts, das einen Namen hat</translation>
+    </message>
+    <message>
+        <source>There is such a variant already.</source>
+        <translation>Diese Variante gibt es schon.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants made</source>
+        <translation>
+            <numerusform>%n Variante angelegt</numerusform>
+            <numerusform>%n Varianten angelegt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot;: %3</source>
+        <translation>%1 „%2“: %3</translation>
+    </message>
+    <message>
+        <source>It drives &quot;%1&quot;.</source>
+        <translation>Sie steuert „%1“.</translation>
+    </message>
+    <message>
+        <source>It drives &quot;%1&quot;, which is above this node.</source>
+        <translation>Sie steuert „%1“, das über diesem Knoten steht.</translation>
+    </message>
+    <message>
+        <source>No variant</source>
+        <translation>Keine Variante</translation>
+    </message>
+    <message>
+        <source>Show in &quot;Variants&quot;</source>
+        <translation>In „Varianten“ zeigen</translation>
+    </message>
+    <message>
+        <source>No set uses it</source>
+        <translation>Kein Set verwendet sie</translation>
+    </message>
+    <message>
+        <source>Sets that use it:</source>
+        <translation>Sets, die sie verwenden:</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No variant controls this.</source>
+        <translation>Dies steuert keine Variante.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has this state already.</source>
+        <translation>„%1“ hat diesen Zustand schon.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entries of &quot;%1&quot; are new or other than before</source>
+        <translation>
+            <numerusform>%n Eintrag von „%1“ ist neu oder anders als zuvor</numerusform>
+            <numerusform>%n Einträge von „%1“ sind neu oder anders als zuvor</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxPictureDialog</name>
     <message>
         <source>Rendering the preview ...</source>
@@ -1335,6 +1572,77 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>qxPictureExport</name>
+    <message>
+        <source>PNG pictures (*.png)</source>
+        <translation>PNG-Bilder (*.png)</translation>
+    </message>
+    <message>
+        <source>JPEG pictures (*.jpg *.jpeg)</source>
+        <translation>JPEG-Bilder (*.jpg *.jpeg)</translation>
+    </message>
+    <message>
+        <source>WebP pictures (*.webp)</source>
+        <translation>WebP-Bilder (*.webp)</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be written.</source>
+        <translation>„%1“ kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Pictures are PNG or JPEG: the name of the file ends with .png or .jpg.</source>
+        <translation>Bilder sind PNG oder JPEG: Der Name der Datei endet mit .png oder .jpg.</translation>
+    </message>
+    <message>
+        <source>Nothing of the scene is to be seen in the picture: %1.</source>
+        <translation>Auf dem Bild ist nichts von der Szene zu sehen: %1.</translation>
+    </message>
+    <message>
+        <source>There is nothing for a sheet.</source>
+        <translation>Für einen Bogen ist nichts da.</translation>
+    </message>
+    <message>
+        <source>The scene has no variant sets.</source>
+        <translation>Die Szene hat keine Variantensets.</translation>
+    </message>
+    <message>
+        <source>Save Sheet: Each Picture</source>
+        <translation>Bogen speichern: jedes Bild</translation>
+    </message>
+    <message>
+        <source>Save Sheet</source>
+        <translation>Bogen speichern</translation>
+    </message>
+    <message>
+        <source>Export Catalogue</source>
+        <translation>Katalog exportieren</translation>
+    </message>
+    <message>
+        <source>Web pages (*.html)</source>
+        <translation>Webseiten (*.html)</translation>
+    </message>
+    <message>
+        <source>It is too large.</source>
+        <translation>Es ist zu groß.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is saved.</source>
+        <translation>„%1“ ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
     </message>
 </context>
 <context>
@@ -1361,14 +1669,65 @@
     </message>
 </context>
 <context>
-    <name>qxPreviewDialog</name>
+    <name>qxPictureWish</name>
     <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
+        <source> pixels</source>
+        <translation> Pixel</translation>
     </message>
     <message>
-        <source>Preview of &quot;%1&quot; ...</source>
-        <translation>Vorschau von „%1“ …</translation>
+        <source>&amp;Width:</source>
+        <translation>&amp;Breite:</translation>
+    </message>
+    <message>
+        <source>&amp;Height:</source>
+        <translation>&amp;Höhe:</translation>
+    </message>
+    <message>
+        <source>Quick: hard light, jagged edges</source>
+        <translation>Schnell: hartes Licht, treppige Kanten</translation>
+    </message>
+    <message>
+        <source>Best: soft shadows, reflections</source>
+        <translation>Beste: weiche Schatten, Spiegelungen</translation>
+    </message>
+    <message>
+        <source>&amp;Quality:</source>
+        <translation>&amp;Qualität:</translation>
+    </message>
+    <message>
+        <source>&amp;Transparent background (PNG)</source>
+        <translation>&amp;Durchsichtiger Hintergrund (PNG)</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Speichern …</translation>
+    </message>
+</context>
+<context>
+    <name>qxPresentation</name>
+    <message>
+        <source>Presentation</source>
+        <translation>Präsentation</translation>
+    </message>
+    <message>
+        <source>Next set</source>
+        <translation>Nächstes Set</translation>
+    </message>
+    <message>
+        <source>Previous set</source>
+        <translation>Voriges Set</translation>
+    </message>
+    <message>
+        <source>Show or hide the name of the set</source>
+        <translation>Den Namen des Sets zeigen oder verbergen</translation>
+    </message>
+    <message>
+        <source>End the presentation</source>
+        <translation>Die Präsentation beenden</translation>
+    </message>
+    <message>
+        <source>Escape ends the presentation. Left and Right lead to other sets, N shows their names.</source>
+        <translation>Escape beendet die Präsentation. Links und Rechts führen zu anderen Sets, N zeigt ihre Namen.</translation>
     </message>
 </context>
 <context>
@@ -1640,6 +1999,40 @@
     </message>
 </context>
 <context>
+    <name>qxSceneTree</name>
+    <message>
+        <source>Search nodes</source>
+        <translation>Knoten suchen</translation>
+    </message>
+    <message>
+        <source>Words of a node&apos;s name or kind. Enter goes to the next one that is found, Escape ends the search.</source>
+        <translation>Wörter aus Name oder Art eines Knotens. Die Eingabetaste führt zum nächsten gefundenen, Esc beendet die Suche.</translation>
+    </message>
+    <message>
+        <source>Nodes of the scene</source>
+        <translation>Knoten der Szene</translation>
+    </message>
+    <message>
+        <source>Search Nodes</source>
+        <translation>Knoten suchen</translation>
+    </message>
+    <message>
+        <source>Next Node Found</source>
+        <translation>Nächster gefundener Knoten</translation>
+    </message>
+    <message>
+        <source>Previous Node Found</source>
+        <translation>Voriger gefundener Knoten</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n found</source>
+        <translation>
+            <numerusform>%n gefunden</numerusform>
+            <numerusform>%n gefunden</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxSceneTreeModel</name>
     <message>
         <source>Node</source>
@@ -1705,10 +2098,6 @@
         <translation>Grundstellung</translation>
     </message>
     <message>
-        <source>View</source>
-        <translation>Ansicht</translation>
-    </message>
-    <message>
         <source>Left button</source>
         <translation>Linke Taste</translation>
     </message>
@@ -1747,6 +2136,14 @@
     <message>
         <source>Look at the node</source>
         <translation>Den Knoten ansehen</translation>
+    </message>
+    <message>
+        <source>3D View</source>
+        <translation>3D-Ansicht</translation>
+    </message>
+    <message>
+        <source>Frame What Is Picked</source>
+        <translation>Ausgewähltes formatfüllend zeigen</translation>
     </message>
 </context>
 <context>
@@ -1835,6 +2232,14 @@
             <numerusform>&amp;Vertrauen</numerusform>
             <numerusform>Allen %n &amp;vertrauen</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Sets with scripts</source>
+        <translation>Sets mit Skripten</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>Skript</translation>
     </message>
 </context>
 <context>
@@ -2333,6 +2738,37 @@
     <message>
         <source>Nothing of what it refers to is in the scene.</source>
         <translation>Nichts, worauf das Set verweist, ist in der Szene vorhanden.</translation>
+    </message>
+    <message>
+        <source>In No Group</source>
+        <translation>In keiner Gruppe</translation>
+    </message>
+    <message numerus="yes">
+        <source>Group %1, %n sets</source>
+        <translation>
+            <numerusform>Gruppe %1, %n Set</numerusform>
+            <numerusform>Gruppe %1, %n Sets</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The set, the scene or the light has changed since the preview was made.</source>
+        <translation>Das Set, die Szene oder das Licht hat sich geändert, seit das Vorschaubild entstand.</translation>
+    </message>
+    <message>
+        <source>shown now</source>
+        <translation>jetzt zu sehen</translation>
+    </message>
+    <message>
+        <source>key %1</source>
+        <translation>Taste %1</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>the preview is out of date</source>
+        <translation>das Vorschaubild ist veraltet</translation>
     </message>
 </context>
 <context>
@@ -3148,6 +3584,88 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     </message>
 </context>
 <context>
+    <name>qxViewpointEdits</name>
+    <message>
+        <source>Capture viewpoint &quot;%1&quot;</source>
+        <translation>Ansichtspunkt „%1“ aufnehmen</translation>
+    </message>
+    <message>
+        <source>Delete viewpoint &quot;%1&quot;</source>
+        <translation>Ansichtspunkt „%1“ löschen</translation>
+    </message>
+</context>
+<context>
+    <name>qxViewpointMenu</name>
+    <message>
+        <source>&amp;Next Viewpoint</source>
+        <translation>&amp;Nächster Ansichtspunkt</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Viewpoint</source>
+        <translation>&amp;Voriger Ansichtspunkt</translation>
+    </message>
+    <message>
+        <source>Move &amp;Smoothly</source>
+        <translation>&amp;Fließend bewegen</translation>
+    </message>
+    <message>
+        <source>&amp;Capture Viewpoint...</source>
+        <translation>Ansichtspunkt &amp;aufnehmen …</translation>
+    </message>
+    <message>
+        <source>&amp;Rename Viewpoint...</source>
+        <translation>Ansichtspunkt &amp;umbenennen …</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Viewpoint</source>
+        <translation>Ansichtspunkt &amp;löschen</translation>
+    </message>
+    <message>
+        <source>Viewpoint %1</source>
+        <translation>Ansichtspunkt %1</translation>
+    </message>
+    <message>
+        <source>This viewpoint is part of the file: it stays.</source>
+        <translation>Dieser Ansichtspunkt gehört zur Datei: er bleibt.</translation>
+    </message>
+    <message>
+        <source>Viewpoints that were captured can be deleted until the file is opened again.</source>
+        <translation>Aufgenommene Ansichtspunkte lassen sich löschen, bis die Datei wieder geöffnet wird.</translation>
+    </message>
+    <message>
+        <source>The scene has no viewpoints.</source>
+        <translation>Die Szene hat keine Ansichtspunkte.</translation>
+    </message>
+    <message>
+        <source>Capture Viewpoint</source>
+        <translation>Ansichtspunkt aufnehmen</translation>
+    </message>
+    <message>
+        <source>Name of the viewpoint:</source>
+        <translation>Name des Ansichtspunkts:</translation>
+    </message>
+    <message>
+        <source>There is no camera to capture.</source>
+        <translation>Es gibt keine Kamera, die sich aufnehmen ließe.</translation>
+    </message>
+    <message>
+        <source>The viewpoint &quot;%1&quot; is captured.</source>
+        <translation>Der Ansichtspunkt „%1“ ist aufgenommen.</translation>
+    </message>
+    <message>
+        <source>Rename Viewpoint</source>
+        <translation>Ansichtspunkt umbenennen</translation>
+    </message>
+    <message>
+        <source>New name of &quot;%1&quot;:</source>
+        <translation>Neuer Name von „%1“:</translation>
+    </message>
+    <message>
+        <source>The viewpoint &quot;%1&quot; is deleted.</source>
+        <translation>Der Ansichtspunkt „%1“ ist gelöscht.</translation>
+    </message>
+</context>
+<context>
     <name>qxWorkbenchWindow</name>
     <message>
         <source>&amp;File</source>
@@ -3456,6 +3974,49 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>V&amp;ariants</source>
         <translation>&amp;Varianten</translation>
+    </message>
+    <message>
+        <source>Save &amp;Picture...</source>
+        <translation>Bil&amp;d speichern …</translation>
+    </message>
+    <message>
+        <source>Save S&amp;heet...</source>
+        <translation>Bo&amp;gen speichern …</translation>
+    </message>
+    <message>
+        <source>Export Cata&amp;logue...</source>
+        <translation>Ka&amp;talog exportieren …</translation>
+    </message>
+    <message>
+        <source>Presentatio&amp;n</source>
+        <translation>&amp;Präsentation</translation>
+    </message>
+    <message>
+        <source>Na&amp;mes in Presentation</source>
+        <translation>&amp;Namen in der Präsentation</translation>
+    </message>
+    <message>
+        <source>&amp;Nodes</source>
+        <translation>&amp;Knoten</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not in the list now: its group is hidden, or the search leaves it out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Viewp&amp;oints</source>
+        <translation>Ans&amp;ichtspunkte</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n nodes picked, the last one: %1 (%2)</source>
+        <translation>
+            <numerusform>%n Knoten ausgewählt, zuletzt: %1 (%2)</numerusform>
+            <numerusform>%n Knoten ausgewählt, zuletzt: %1 (%2)</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

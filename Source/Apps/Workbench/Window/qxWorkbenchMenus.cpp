@@ -6,8 +6,11 @@
 #include "qxIcons.h"
 #include "qxLanguage.h"
 #include "qxLightMenu.h"
+#include "qxNodeSelection.h"
 #include "qxLogView.h"
 #include "qxOSGWidget.h"
+#include "qxPictureExport.h"
+#include "qxPresentation.h"
 #include "qxRecentFiles.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
@@ -63,6 +66,13 @@ void qxWorkbenchWindow::buildFileMenu()
                              ? QList<QKeySequence>{Qt::CTRL + Qt::SHIFT + Qt::Key_S}
                              : QKeySequence::keyBindings(QKeySequence::SaveAs));
     menu->addSeparator();
+    named(menu->addAction(QString(), m_export, &qxPictureExport::savePicture),
+          QT_TR_NOOP("Save &Picture..."));
+    named(menu->addAction(QString(), m_export, &qxPictureExport::saveSheet),
+          QT_TR_NOOP("Save S&heet..."));
+    named(menu->addAction(QString(), m_export, &qxPictureExport::exportCatalogue),
+          QT_TR_NOOP("Export Cata&logue..."));
+    menu->addSeparator();
     named(menu->addAction(QString(), this, &qxWorkbenchWindow::showScripts),
           QT_TR_NOOP("S&cripts of This File..."));
     menu->addSeparator();
@@ -109,6 +119,9 @@ void qxWorkbenchWindow::buildViewMenu()
         qxController::updateRender(true);
     });
     named(menu->addMenu(new qxLightMenu(this)), QT_TR_NOOP("Light and Back&ground"));
+    menu->addSeparator();
+    menu->addAction(named(m_presentation->action(), QT_TR_NOOP("Presentatio&n")));
+    menu->addAction(named(m_presentation->namesAction(), QT_TR_NOOP("Na&mes in Presentation")));
     menu->addSeparator();
     auto *const panes = new QMenu(this);
     named(menu->addMenu(panes), QT_TR_NOOP("&Panes"));
@@ -212,6 +225,7 @@ void qxWorkbenchWindow::buildToolBar()
     addToolBar(Qt::TopToolBarArea, m_tools);
     const auto add = [this](QAction *action, const char *icon) {
         action->setIcon(qxIcons::of(icon));
+        action->setIconVisibleInMenu(false); // There a tick says what is on.
         m_tools->addAction(action);
     };
     add(m_open, "open");
@@ -226,6 +240,7 @@ void qxWorkbenchWindow::buildToolBar()
     m_tools->addSeparator();
     add(m_everything, "everything");
     add(m_rayTracing, "rayTracing");
+    add(m_presentation->action(), "presentation");
 }
 
 void qxWorkbenchWindow::buildSetsMenu()
@@ -240,13 +255,9 @@ void qxWorkbenchWindow::buildVariantsMenu()
     connect(sets, &qxSetsView::currentChanged, m_variants,
             [this, sets] { m_variants->setCurrentSet(sets->currentSet()); });
     connect(m_variants, &qxVariantsDock::setWanted, sets, &qxSetsView::showSet);
-    connect(m_variants, &qxVariantsDock::nodeWanted, this, &qxWorkbenchWindow::showPicked);
-    m_variants->setSelectedNodes([this] {
-        std::vector<osg::NodePtr> nodes;
-        for (const QModelIndex &row : m_treeView->selectionModel()->selectedRows())
-            nodes.push_back(m_tree->nodeAt(row));
-        return nodes;
-    });
+    connect(m_variants, &qxVariantsDock::nodeWanted, m_picked,
+            [this](const osg::NodePtr &node) { m_picked->select({node}); });
+    m_variants->setSelectedNodes([this] { return m_picked->nodes(); });
 }
 
 void qxWorkbenchWindow::buildHelpMenu()

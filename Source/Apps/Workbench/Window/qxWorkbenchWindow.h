@@ -19,10 +19,17 @@ class qxBlockedScriptReport;
 class qxFileClaim;
 class qxKeysPage;
 class qxLogView;
+class qxNodeMenu;
+class qxNodeSelection;
+class qxNodeVisibility;
 class qxPanelEvents;
 class qxPictureDialog;
 class qxProblems;
+class qxPictureExport;
+class qxPresentation;
+class qxPreviewMaker;
 class qxRecentFiles;
+class qxSceneTree;
 class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
@@ -33,6 +40,7 @@ class qxTheme;
 class qxRecovery;
 class qxVariantSetsDock;
 class qxVariantsDock;
+class qxViewpointMenu;
 class qxWindowLayout;
 
 /// The window of the program: the scene, and docks for sets, variants, nodes, log and scripts.
@@ -81,6 +89,7 @@ private:
     QMenu *addMenu(const char *title);
     /// Sets the text of the action, translated again at each change of language.
     QAction *named(QAction *action, const char *text);
+    void buildPictures();
     void buildFileMenu();
     void buildEditMenu();
     void buildViewMenu();
@@ -93,6 +102,7 @@ private:
     void buildHelpMenu();
     void retranslate();
     void showUndo();
+    void closeLater();
     void showKeys();
 
     void askAndOpen();
@@ -118,10 +128,10 @@ private:
     void forgetScene();
     void takeBackScene();
     void showNewScene();
-    void showPicked(const osg::NodePtr &node);
-    void showNode(const QModelIndex &index);
+    void buildNodes();
+    void buildNodeMenus();
+    void tellPicked();
     void rememberForBack();
-    void makePreviews(const QStringList &sets);
     void rememberForScript();
     void focusPane(int step);
     static QDockWidget *dockAround(QWidget *widget);
@@ -141,6 +151,8 @@ private:
     bool m_isNewScene = false; ///< since the last file was asked for
     QString m_lastError; ///< of the log
     qxPanelEvents *m_events;
+    qxNodeSelection *m_picked; ///< in view and tree
+    qxNodeVisibility *m_visibility;
     qxSceneView *m_view;
     qxRecentFiles *m_recentFiles;
     qxStartPage *m_start;
@@ -151,11 +163,18 @@ private:
     qxVariantSetsDock *m_sets;
     qxProblems *m_problems;
     qxVariantsDock *m_variants;
-    qxSceneTreeModel *m_tree;
-    QTreeView *m_treeView;
+    qxSceneTree *m_sceneTree;
+    qxSceneTreeModel *m_tree; ///< that of m_sceneTree
+    QTreeView *m_treeView; ///< the same
+    qxNodeMenu *m_nodes;
+    qxViewpointMenu *m_viewpoints;
     qxLogView *m_log;
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;
+    qxPreviewMaker *m_previews;
+    qxPresentation *m_presentation;
+    qxPictureExport *m_export;
+    bool m_closesLater = false; ///< when the presentation has ended
     qxRecovery *m_recovery;
     bool m_showsOtherState = false; ///< than the file, without any edit
     QMenu *m_recent;

@@ -14,7 +14,8 @@
 
 namespace {
 
-void captureInto(qxVariantSet &set, const std::vector<qxNodePtr> &roots,
+/// Whether the set got a picture.
+bool captureInto(qxVariantSet &set, const std::vector<qxNodePtr> &roots,
                  const qxCaptureChoice &choice)
 {
     const QString name = set.name;
@@ -24,8 +25,10 @@ void captureInto(qxVariantSet &set, const std::vector<qxNodePtr> &roots,
     const QByteArray picture = qxVariants::createPreviewImage(true, true);
     // Listeners and the progress display may have removed the set.
     qxVariantSet *const captured = qxVariants::findVariantSet(name);
-    if (captured && !picture.isEmpty()) // cancelled: the set keeps the one that it had
-        captured->setPreview(picture);
+    if (!captured || picture.isEmpty()) // cancelled: the set keeps the one that it had
+        return false;
+    captured->setPreview(picture);
+    return true;
 }
 
 std::vector<qxNodePtr> rootsOf(const qxVariantSet &set)
@@ -61,11 +64,11 @@ QString qxSetCapture::capture(qxSetEdits *edits, const QString &group, QWidget *
         [&choice](qxVariantSet &set) { captureInto(set, {qxScenegraph::getRootNode()}, choice); });
 }
 
-void qxSetCapture::update(qxSetEdits *edits, const QString &set, QWidget *parent)
+bool qxSetCapture::update(qxSetEdits *edits, const QString &set, QWidget *parent)
 {
     const qxVariantSet *const found = qxVariants::findVariantSet(set);
     if (!found)
-        return;
+        return false;
     qxCaptureChoice proposal;
     found->getInclInfo(proposal.nodes, proposal.materials, proposal.lights, proposal.environment,
                        proposal.viewpoint);
@@ -76,11 +79,13 @@ void qxSetCapture::update(qxSetEdits *edits, const QString &set, QWidget *parent
     proposal.name = set;
     qxCaptureDialog dialog(proposal, true, parent);
     if (dialog.exec() != QDialog::Accepted)
-        return;
+        return false;
     const qxCaptureChoice choice = dialog.choice();
     qxCaptureRecord record;
+    bool hasPicture = false;
     if (qxAmbiguityDialog::settleNames(parent) && qxVariants::verifyNodeNames())
-        edits->captureAgain(set, record, [&choice](qxVariantSet &edited) {
-            captureInto(edited, rootsOf(edited), choice);
+        edits->captureAgain(set, record, [&](qxVariantSet &edited) {
+            hasPicture = captureInto(edited, rootsOf(edited), choice);
         });
+    return hasPicture;
 }

@@ -148,6 +148,10 @@ void qxSetForm::retranslate()
 {
     for (const auto &label : m_labels)
         label.first->setText(tr(label.second));
+    for (const auto &label : m_labels) {
+        if (QWidget *const field = label.first->buddy())
+            field->setAccessibleName(label.first->text().remove(QLatin1Char('&')));
+    }
     m_noHotkey->setText(tr("Clear"));
     m_hotkey->setKeySequence(m_hotkey->keySequence()); // It names its keys anew.
     m_values->setHorizontalHeaderLabels({tr("Key", "of a value"), tr("Value")});

@@ -7,9 +7,11 @@
 #include "qxVariants.h"
 
 #include "Undo/qxSetEdits.h"
+#include "qxGalleryBar.h"
 #include "qxKeyHints.h"
 #include "qxMenuText.h"
 #include "qxPanelEvents.h"
+#include "qxPreviewAge.h"
 #include "qxSetCapture.h"
 #include "qxSetForm.h"
 #include "qxSetHotkeys.h"
@@ -18,6 +20,7 @@
 #include "qxTakenKeys.h"
 #include "qxText.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QCoreApplication>
 #include <QEvent>
@@ -36,11 +39,13 @@
 
 qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     : QDockWidget(parent), m_events(new qxPanelEvents(this)), m_edits(new qxSetEdits(this)),
-      m_taken(new qxTakenKeys(this)), m_view(new qxSetsView(m_events, m_edits)),
+      m_taken(new qxTakenKeys(this)), m_age(new qxPreviewAge(this)),
+      m_view(new qxSetsView(m_events, m_edits)), m_bar(new qxGalleryBar(m_view, m_age)),
       m_form(new qxSetForm(m_events, m_edits, m_taken))
 {
     setObjectName(QStringLiteral("qxVariantSetsDock"));
     m_view->setTakenKeys(m_taken);
+    m_view->setPreviewAge(m_age);
     buildActions();
     buildContents();
     retranslate();
@@ -49,12 +54,24 @@ qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     connect(m_view, &qxSetsView::selectionChanged, this, &qxVariantSetsDock::followSelection);
     connect(m_view, &qxSetsView::menuRequested, this, &qxVariantSetsDock::showMenu);
     connect(m_events, &qxPanelEvents::setsChanged, this, &qxVariantSetsDock::followGroup);
-    connect(m_events, &qxPanelEvents::setSelected, m_view, &qxSetsView::showSet);
+    connect(m_events, &qxPanelEvents::setSelected, this, [this](const QString &set) {
+        if (m_keepsCursor)
+            return;
+        m_view->showSet(set);
+        Q_EMIT selected(set);
+    });
+    for (const auto changed : {&qxPanelEvents::setsChanged, &qxPanelEvents::variantsChanged}) {
+        connect(m_events, changed, m_age, &qxPreviewAge::look);
+        connect(m_events, changed, m_bar, &qxGalleryBar::look);
+    }
+    connect(m_bar, &qxGalleryBar::wanted, this, &qxVariantSetsDock::makePreviewsOf);
+    connect(m_bar, &qxGalleryBar::cancelled, this, &qxVariantSetsDock::previewsCancelled);
     auto *const hotkeys = new qxSetHotkeys(m_taken, this);
     connect(hotkeys, &qxSetHotkeys::pressed, this, &qxVariantSetsDock::selectSet);
     connect(hotkeys, &qxSetHotkeys::optionPressed, this, &qxVariantSetsDock::selectOption);
     // Steps hold parts of the scene.
     connect(m_events, &qxPanelEvents::aboutToForget, undoStack(), &QUndoStack::clear);
+    connect(m_events, &qxPanelEvents::aboutToForget, m_age, &qxPreviewAge::forget);
     followCurrent();
 }
 
@@ -68,6 +85,8 @@ void qxVariantSetsDock::changeEvent(QEvent *event)
 void qxVariantSetsDock::retranslate()
 {
     setWindowTitle(QCoreApplication::translate("qxVariants", "Variant Sets"));
+    for (QAbstractItemView *view : m_view->findChildren<QAbstractItemView *>())
+        view->setAccessibleName(windowTitle());
     m_search->setPlaceholderText(tr("Search sets"));
     m_search->setAccessibleName(m_search->placeholderText());
     const auto shown = [](int key) { return QKeySequence(key).toString(QKeySequence::NativeText); };
@@ -98,7 +117,12 @@ void qxVariantSetsDock::setProblems(const qxProblems *problems)
 void qxVariantSetsDock::buildContents()
 {
     auto *const splitter = new QSplitter(Qt::Vertical);
-    splitter->addWidget(m_view);
+    auto *const sets = new QWidget;
+    auto *const rows = new QVBoxLayout(sets);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(m_view, 1);
+    rows->addWidget(m_bar);
+    splitter->addWidget(sets);
     auto *const scrolled = new QScrollArea; // A long form must not take the list's room.
     scrolled->setWidget(m_form);
     scrolled->setWidgetResizable(true);
@@ -313,7 +337,6 @@ void qxVariantSetsDock::addGroup()
 {
     const QString name = m_edits->addGroup();
     m_events->flush();
-    m_gallery->setChecked(false); // It has no groups.
     m_search->clear();
     m_view->showGroup(name);
     if (m_view->currentSet().isEmpty() && m_view->currentGroup() == name)
@@ -323,8 +346,10 @@ void qxVariantSetsDock::addGroup()
 void qxVariantSetsDock::captureSet()
 {
     const QString name = qxSetCapture::capture(m_edits, m_view->currentGroup(), window());
-    if (!name.isEmpty()) // not cancelled
-        showNewSet(name);
+    if (name.isEmpty()) // cancelled
+        return;
+    noteMade(name);
+    showNewSet(name);
 }
 
 /// The search ends unless it leaves the new set.
@@ -340,7 +365,9 @@ void qxVariantSetsDock::showNewSet(const QString &name)
 
 void qxVariantSetsDock::updateSet()
 {
-    qxSetCapture::update(m_edits, m_view->currentSet(), window());
+    const QString name = m_view->currentSet();
+    if (qxSetCapture::update(m_edits, name, window()))
+        noteMade(name);
 }
 
 void qxVariantSetsDock::makePreview()
@@ -388,15 +415,29 @@ void qxVariantSetsDock::makeAllPreviews()
 
 void qxVariantSetsDock::makePreviewsOf(const QStringList &sets)
 {
-    const QStringList selected = m_view->selectedSets();
     Q_EMIT previewsWanted(sets);
-    m_events->flush(); // The cursor follows the sets that are selected; it comes back.
-    m_view->selectSets(selected);
 }
 
-void qxVariantSetsDock::setPreviews(const QMap<QString, QByteArray> &previews)
+void qxVariantSetsDock::keepCursor(const std::function<void()> &work)
 {
-    m_edits->setPreviews(previews);
+    m_events->flush(); // What was selected before is followed.
+    m_keepsCursor = true;
+    work();
+    m_events->flush();
+    m_keepsCursor = false;
+}
+
+void qxVariantSetsDock::setPreviews(const QMap<QString, QByteArray> &previews, int run)
+{
+    m_edits->setPreviews(previews, run);
+    for (const QString &name : previews.keys())
+        noteMade(name);
+}
+
+void qxVariantSetsDock::noteMade(const QString &name)
+{
+    if (const qxVariantSet *const set = qxVariants::findVariantSet(name))
+        m_age->noteMade(*set);
 }
 
 void qxVariantSetsDock::renameCurrent()

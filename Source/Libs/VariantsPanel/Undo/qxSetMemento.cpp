@@ -20,6 +20,12 @@ bool isSame(const QByteArray &one, const QByteArray &other)
     return one.constData() == other.constData() || one == other;
 }
 
+/// A set has hundreds of names, and what has not changed is still shared.
+bool isSame(const QString &one, const QString &other)
+{
+    return one.isSharedWith(other) || one == other;
+}
+
 bool isSame(const qxUniqueNames &one, const qxUniqueNames &other)
 {
     return one.list() == other.list();
@@ -29,7 +35,8 @@ bool isSame(const qxStateList &one, const qxStateList &other)
 {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(),
                       [](const qxVariantState &state, const qxVariantState &second) {
-                          return state.variant == second.variant && state.state == second.state;
+                          return isSame(state.variant, second.variant)
+                              && isSame(state.state, second.state);
                       });
 }
 

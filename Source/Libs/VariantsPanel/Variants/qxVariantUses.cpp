@@ -40,6 +40,7 @@ qxVariantUses::qxVariantUses()
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setEditTriggers(NoEditTriggers);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // The details say how much.
     header()->setSectionResizeMode(QHeaderView::Stretch);
     connect(this, &QTreeWidget::itemActivated, this, &qxVariantUses::follow);
     connect(this, &QTreeWidget::itemClicked, this, &qxVariantUses::follow);

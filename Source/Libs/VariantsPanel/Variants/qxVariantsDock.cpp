@@ -54,7 +54,7 @@ void qxVariantsDock::buildContents()
     auto *const splitter = new QSplitter(Qt::Vertical);
     splitter->addWidget(m_view);
     splitter->addWidget(buildDetails());
-    splitter->setStretchFactor(0, 1);
+    splitter->setSizes({700, 300});
     splitter->setCollapsible(0, false);
     auto *const nothing = new QScrollArea; // Its buttons may be more than a low dock shows.
     nothing->setWidget(m_nothing);
@@ -176,6 +176,7 @@ void qxVariantsDock::setCurrentSet(const QString &set)
 
 void qxVariantsDock::showVariant(const qxVariantKind &kind, const QString &variant)
 {
+    m_events->flush(); // It may have been made just now.
     if (!m_model->indexOf(kind, variant).isValid())
         m_search->clear();
     show();
