@@ -3077,6 +3077,10 @@
         <source>&quot;%1&quot; has nothing new by that.</source>
         <translation>Für „%1“ ist das nichts Neues.</translation>
     </message>
+    <message>
+        <source>A name has more than blanks.</source>
+        <translation>Ein Name besteht nicht nur aus Leerzeichen.</translation>
+    </message>
 </context>
 <context>
     <name>qxVariantForm</name>
