@@ -2596,7 +2596,7 @@
     </message>
     <message>
         <source>Shown Now</source>
-        <translation>Jetzt gezeigt</translation>
+        <translation>Gezeigt</translation>
     </message>
     <message>
         <source>Problem</source>
