@@ -1,5 +1,6 @@
 #include "WindowFixture.h"
 
+#include "AccessibleNames.h"
 #include "Pictures/qxMainGlView.h"
 #include "Variants/qxVariantsDock.h"
 #include "Window/qxScriptConsole.h"
@@ -36,8 +37,10 @@ void WindowFixture::makeWindow(const QSize &size)
 {
     window.reset();
     window = std::make_unique<qxWorkbenchWindow>();
-    if (size.isValid())
+    if (size.isValid()) {
+        window->setWindowState(Qt::WindowNoState);
         window->resize(size);
+    }
     window->show();
     QApplication::setActiveWindow(window.get());
     settle();
@@ -78,6 +81,9 @@ void WindowFixture::answerDialog()
     m_answered = dialog;
     if (trustsScripts && dialog->objectName() == "scriptsDialog")
         return dialog->findChildren<QPushButton *>().first()->click();
+    if (!qobject_cast<QFileDialog *>(dialog)) { // Qt's own
+        EXPECT_EQ(namelessIn(*dialog), QStringList()) << dialog->windowTitle().toStdString();
+    }
     for (const QLabel *label : dialog->findChildren<QLabel *>())
         m_dialogTexts << label->text();
     if (m_answers.empty()) {
@@ -140,4 +146,16 @@ void WindowFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     QWidget *const focus = QApplication::focusWidget();
     ASSERT_NE(focus, nullptr);
     QTest::keyClick(focus, key, modifiers);
+}
+
+void WindowFixture::drag(Qt::MouseButton button, const QPoint &way) const
+{
+    qxSceneView *const view = window->sceneView();
+    const QPoint start = view->rect().center();
+    QTest::mousePress(view, button, Qt::NoModifier, start);
+    for (int i = 1; i <= 4; ++i) {
+        QMouseEvent move(QEvent::MouseMove, start + way * i / 4, button, button, Qt::NoModifier);
+        QApplication::sendEvent(view, &move);
+    }
+    QTest::mouseRelease(view, button, Qt::NoModifier, start + way);
 }

@@ -67,12 +67,14 @@ protected:
         return names.join(',');
     }
     QAction *action(const QString &text) const;
-    QTreeView &list() const { return *window->setsDock()->findChild<QTreeView *>(); }
+    QTreeView &list() const { return *window->setsDock()->view()->findChild<QTreeView *>(); }
     QTreeView &variants() const;
     QTreeView &tree() const
     {
         return *window->findChild<QDockWidget *>("scene")->findChild<QTreeView *>();
     }
+    /// Drags in the view, from its middle.
+    void drag(Qt::MouseButton button, const QPoint &way) const;
     /// Puts the cursor of the list on a set, as a click does.
     QModelIndex goTo(const QString &set);
     /// Runs Python in the console and tells what that printed.

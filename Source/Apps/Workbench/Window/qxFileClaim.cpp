@@ -9,7 +9,7 @@
 
 namespace {
 
-const int patience = 2000; ///< milliseconds; a window that renders or runs a script answers later
+const int patience = 3000; ///< milliseconds; a window that opens a large scene answers later
 const char *const wish = "show\n";
 const char *const answer = "shown\n";
 

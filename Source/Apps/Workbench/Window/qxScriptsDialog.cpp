@@ -81,7 +81,9 @@ QWidget *qxScriptsDialog::buildScripts()
     m_sets->header()->setStretchLastSection(false);
     m_sets->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_sets->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    m_sets->setAccessibleName(tr("Sets with scripts"));
     m_text = new QPlainTextEdit;
+    m_text->setAccessibleName(tr("Script"));
     m_text->setReadOnly(true);
     m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_text->setWordWrapMode(QTextOption::WrapAnywhere); // Nothing hides beyond the right edge.

@@ -129,7 +129,6 @@ qxStartPage::qxStartPage(qxRecentFiles *files, QWidget *parent)
     layout->addStretch(1);
     layout->addWidget(buildColumn(), 20);
     layout->addStretch(1);
-    setFocusProxy(m_open);
     connect(m_open, &QPushButton::clicked, this, &qxStartPage::openWanted);
     connect(m_demo, &QPushButton::clicked, this, [this] { Q_EMIT fileWanted(qxDemo::scene()); });
     connect(m_files, &qxRecentFiles::changed, this, &qxStartPage::showFiles);
@@ -234,6 +233,7 @@ void qxStartPage::showFiles()
     }
     m_heading->setVisible(m_list->count() > 0);
     m_list->setVisible(m_list->count() > 0);
+    setFocusProxy(m_list->count() > 0 ? static_cast<QWidget *>(m_list) : m_open);
     m_demo->setVisible(!qxDemo::scene().isEmpty());
 }
 

@@ -1,6 +1,7 @@
 #include "qxTheme.h"
 
 #include <QApplication>
+#include <QProxyStyle>
 #include <QSettings>
 #include <QStyle>
 #include <QStyleFactory>
@@ -10,7 +11,7 @@
 namespace {
 
 const char *const themeKey = "window/theme";
-const char *const plainStyle = "Fusion"; ///< draws everything in the colours of the palette
+const char *const plainStyle = "Fusion";
 
 struct RoleColour {
     QPalette::ColorRole role;
@@ -41,6 +42,21 @@ const RoleColour darkColours[] = {
     {QPalette::Shadow, 0x0e0f10, 0x0e0f10},
 };
 
+/// Draws everything in the colours of the palette; pictures on buttons have their own, which may be
+/// dark on dark.
+class ThemeStyle : public QProxyStyle {
+public:
+    ThemeStyle() : QProxyStyle(QString::fromLatin1(plainStyle)) {}
+
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *result) const override
+    {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+            ? 0
+            : QProxyStyle::styleHint(hint, option, widget, result);
+    }
+};
+
 } // namespace
 
 qxTheme::qxTheme() : m_systemStyle(QApplication::style()->objectName())
@@ -64,11 +80,13 @@ void qxTheme::choose(Choice choice)
 void qxTheme::apply() const
 {
     const Choice choice = chosen();
-    QApplication::setStyle(choice == System ? m_systemStyle : QString::fromLatin1(plainStyle));
-    if (choice == System)
+    if (choice == System) {
+        QApplication::setStyle(m_systemStyle);
         QApplication::setPalette(QPalette()); // The desktop's again, also when it changes.
-    else
-        QApplication::setPalette(choice == Dark ? darkPalette() : lightPalette());
+        return;
+    }
+    QApplication::setStyle(new ThemeStyle);
+    QApplication::setPalette(choice == Dark ? darkPalette() : lightPalette());
 }
 
 QPalette qxTheme::lightPalette()

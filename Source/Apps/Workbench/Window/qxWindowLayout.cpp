@@ -6,6 +6,8 @@
 #include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
+#include <QStyle>
+#include <QTabBar>
 #include <QToolBar>
 
 #include <algorithm>
@@ -67,9 +69,13 @@ QString qxWindowLayout::screenKey() const
 void qxWindowLayout::restore()
 {
     const QSettings settings;
-    const QSize room = m_window->screen()->availableSize();
-    m_window->resize((room * 0.85).expandedTo(QSize(1280, 800)).boundedTo(room));
-    m_window->restoreGeometry(settings.value(screenKey() + "geometry").toByteArray());
+    if (!m_window->restoreGeometry(settings.value(screenKey() + "geometry").toByteArray())) {
+        const QSize room = m_window->screen()->availableSize();
+        const QSize wanted = (room * 0.85).expandedTo(QSize(1280, 800));
+        m_window->resize(wanted.boundedTo(room));
+        if (wanted != m_window->size() || wanted.width() == room.width())
+            m_window->setWindowState(Qt::WindowMaximized); // Its frame needs room, too.
+    }
     m_isPlaced = m_window->restoreState(settings.value(screenKey() + "docks").toByteArray());
 }
 
@@ -88,7 +94,8 @@ void qxWindowLayout::reset()
 
 bool qxWindowLayout::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_window && event->type() == QEvent::Resize)
+    const QEvent::Type type = event->type(); // Tabs come and go with a request for a layout.
+    if (watched == m_window && (type == QEvent::Resize || type == QEvent::LayoutRequest))
         limitHeights();
     if (watched == m_window && event->type() == QEvent::Show && !m_isPlaced) {
         m_isPlaced = true;
@@ -102,8 +109,8 @@ void qxWindowLayout::addDocks()
 {
     const bool isNarrow = charactersOf(*m_window) < narrow;
     for (QDockWidget *dock : m_docks) {
-        m_window->removeDockWidget(dock);
         dock->setFloating(false);
+        m_window->removeDockWidget(dock);
     }
     const auto dockOf = [this](const char *name) {
         return m_window->findChild<QDockWidget *>(QString::fromLatin1(name));
@@ -167,6 +174,10 @@ void qxWindowLayout::limitHeights()
         bars += isLine && bar->isVisible() ? bar->height() : 0;
     }
     bars += m_window->statusBar()->height();
+    for (const QTabBar *tabs :
+         m_window->findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly))
+        bars += tabs->isVisible() ? tabs->sizeHint().height() : 0;
+    bars += m_window->style()->pixelMetric(QStyle::PM_DockWidgetSeparatorExtent);
     const int half = std::max(0, (m_window->height() - bars) / 2);
     for (QDockWidget *dock : m_window->findChildren<QDockWidget *>()) {
         const bool isLimited =

@@ -10,7 +10,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
-#include <QScreen>
 #include <QTimer>
 
 #include <clocale>
@@ -98,9 +97,6 @@ int qxWindowProgram::run(int argc, char *argv[])
     qxOSGWidget::setRaytracing(true);
     qxRaytracingManager::getRaytracingUtils()->setImageQuality(-1);
     qxWorkbenchWindow window;
-    const QRect room = window.screen()->availableGeometry();
-    if (!room.contains(window.geometry()))
-        window.setGeometry(QRect(room.topLeft(), window.size().boundedTo(room.size())));
     window.show();
     if (!path.isEmpty())
         window.openAnother(path);

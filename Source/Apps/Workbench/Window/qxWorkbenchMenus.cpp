@@ -224,6 +224,7 @@ void qxWorkbenchWindow::buildToolBar()
     addToolBar(Qt::TopToolBarArea, m_tools);
     const auto add = [this](QAction *action, const char *icon) {
         action->setIcon(qxIcons::of(icon));
+        action->setIconVisibleInMenu(false); // There a tick says what is on.
         m_tools->addAction(action);
     };
     add(m_open, "open");
@@ -244,6 +245,22 @@ void qxWorkbenchWindow::buildToolBar()
 void qxWorkbenchWindow::buildSetsMenu()
 {
     addMenu(QT_TR_NOOP("&Sets"))->addActions(m_sets->setActions());
+}
+
+void qxWorkbenchWindow::buildVariantsMenu()
+{
+    addMenu(QT_TR_NOOP("V&ariants"))->addActions(m_variants->variantActions());
+    const qxSetsView *const sets = m_sets->view();
+    connect(sets, &qxSetsView::currentChanged, m_variants,
+            [this, sets] { m_variants->setCurrentSet(sets->currentSet()); });
+    connect(m_variants, &qxVariantsDock::setWanted, sets, &qxSetsView::showSet);
+    connect(m_variants, &qxVariantsDock::nodeWanted, this, &qxWorkbenchWindow::showPicked);
+    m_variants->setSelectedNodes([this] {
+        std::vector<osg::NodePtr> nodes;
+        for (const QModelIndex &row : m_treeView->selectionModel()->selectedRows())
+            nodes.push_back(m_tree->nodeAt(row));
+        return nodes;
+    });
 }
 
 void qxWorkbenchWindow::buildHelpMenu()

@@ -1,5 +1,6 @@
 #include "Script/qxBlockedScriptReport.h"
 #include "Session/qxSession.h"
+#include "qxDemo.h"
 #include "qxLog.h"
 #include "qxScriptsDialog.h"
 #include "qxText.h"
@@ -15,7 +16,9 @@
 void qxWorkbenchWindow::askAboutScripts()
 {
     const QList<qxFileScripts::Script> undecided = m_session->scripts().undecided();
-    if (!undecided.isEmpty())
+    if (m_path == qxDemo::scene()) // It came with the program, which has to be trusted, too.
+        m_session->scripts().decide(undecided, qxTrustStore::Trusted, m_path);
+    else if (!undecided.isEmpty())
         decideOn(undecided);
     const QList<qxFileScripts::Script> scripts = m_session->scripts().list();
     const auto isTrusted = [](const qxFileScripts::Script &script) {

@@ -1,7 +1,10 @@
 #include "qxWorkbenchWindow.h"
 
 #include "Core/qxMainWindow.h"
+#include "Problems/qxProblems.h"
+#include "Problems/qxProblemsDock.h"
 #include "Script/qxBlockedScriptReport.h"
+#include "Script/qxScriptCheck.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
 #include "Sets/qxVariantSetsDock.h"
@@ -12,7 +15,7 @@
 #include "qxKeysPage.h"
 #include "qxLanguage.h"
 #include "qxLogView.h"
-#include "qxNames.h"
+#include "qxNodeVisibility.h"
 #include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
@@ -21,6 +24,7 @@
 #include "qxPreviewMaker.h"
 #include "qxRecentFiles.h"
 #include "qxRecovery.h"
+#include "qxSceneTree.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
 #include "qxScenegraph.h"
@@ -34,9 +38,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QHeaderView>
 #include <QLabel>
-#include <QScrollBar>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -46,7 +48,8 @@
 qxWorkbenchWindow::qxWorkbenchWindow()
     : m_language(std::make_unique<qxLanguage>()), m_theme(std::make_unique<qxTheme>()),
       m_session(std::make_unique<qxSession>()), m_events(new qxPanelEvents(this)),
-      m_view(new qxSceneView), m_recentFiles(new qxRecentFiles(this)),
+      m_picked(new qxNodeSelection(this)), m_visibility(new qxNodeVisibility(this)),
+      m_view(new qxSceneView(m_picked)), m_recentFiles(new qxRecentFiles(this)),
       m_start(new qxStartPage(m_recentFiles)), m_centre(new QStackedWidget),
       m_pictureDialog(std::make_unique<qxPictureDialog>(this))
 {
@@ -61,14 +64,15 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     buildFileMenu();
     buildEditMenu();
     buildViewMenu();
+    buildNodeMenus();
     buildSetsMenu();
+    buildVariantsMenu();
     buildHelpMenu();
     buildToolBar();
     connect(m_recentFiles, &qxRecentFiles::chosen, this, &qxWorkbenchWindow::openAnother);
     connect(m_start, &qxStartPage::fileWanted, this, &qxWorkbenchWindow::openAnother);
     connect(m_start, &qxStartPage::openWanted, this, &qxWorkbenchWindow::askAndOpen);
     connect(m_events, &qxPanelEvents::setsChanged, this, &qxWorkbenchWindow::showCentre);
-    connect(m_view, &qxSceneView::nodePicked, this, &qxWorkbenchWindow::showPicked);
     auto *const progress = new QLabel;
     statusBar()->addPermanentWidget(progress);
     connect(m_view, &qxSceneView::progressed, progress, &QLabel::setText);
@@ -80,7 +84,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &qxWorkbenchWindow::showUnsaved);
     m_recovery = new qxRecovery(m_sets->undoStack(), m_events, this);
     connect(m_recovery, &qxRecovery::recoverWanted, this, &qxWorkbenchWindow::recover);
-    connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_unsaved, &qxUnsavedChanges::look);
+    connect(m_visibility, &qxNodeVisibility::changed, m_unsaved, &qxUnsavedChanges::look);
     connect(m_console, &qxScriptConsole::aboutToRun, this, &qxWorkbenchWindow::rememberForScript);
     connect(m_console, &qxScriptConsole::statementRan, this, &qxWorkbenchWindow::followScripts);
     // The dock with the focus may lie behind another one.
@@ -97,6 +101,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     m_layout = new qxWindowLayout(this);
     m_layout->restore();
     m_animation->hide(); // until a scene has animations
+    m_start->setFocus();
 }
 
 /// Whatever makes pictures besides the view.
@@ -128,7 +133,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     delete takeCentralWidget();
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         delete dock;
-    delete m_tree;
+    delete m_problems;
     delete m_events;
 }
 
@@ -136,30 +141,49 @@ void qxWorkbenchWindow::buildDocks()
 {
     m_sets = new qxVariantSetsDock(this);
     m_variants = new qxVariantsDock(m_sets->undoStack(), this);
-    m_tree = new qxSceneTreeModel(this);
-    m_treeView = new QTreeView;
-    m_treeView->setModel(m_tree);
-    m_treeView->setUniformRowHeights(true);
-    m_treeView->setIndentation(m_treeView->fontMetrics().height() * 2 / 3);
-    m_treeView->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_treeView->header()->setMaximumSectionSize(60 * m_treeView->fontMetrics().averageCharWidth());
-    m_treeView->header()->setStretchLastSection(false);
-    connect(m_treeView, &QTreeView::activated, this,
-            [this](const QModelIndex &index) { m_view->fitNode(m_tree->nodeAt(index)); });
+    buildNodes();
     m_log = new qxLogView;
     connect(m_log, &qxLogView::errorLogged, this, [this](const QString &line) {
         m_lastError = line;
         statusBar()->showMessage(line, 15000);
     });
     m_console = new qxScriptConsole;
+    buildProblems();
     m_animation = new qxAnimationBar(this);
     addToolBar(Qt::BottomToolBarArea, m_animation);
     giveKey(m_animation->playAction(), Qt::Key_Space);
     giveKey(m_animation->stopAction(), Qt::SHIFT + Qt::Key_Space);
 
-    dockOf(m_treeView, QT_TR_NOOP("Scene"), QStringLiteral("scene"));
+    dockOf(m_sceneTree, QT_TR_NOOP("Scene"), QStringLiteral("scene"));
     dockOf(m_log, QT_TR_NOOP("Log"), QStringLiteral("log"));
     dockOf(m_console, QT_TR_NOOP("Scripts"), QStringLiteral("scripts"));
+}
+
+void qxWorkbenchWindow::buildProblems()
+{
+    const auto compile = [](const QString &script) {
+        return qxText::fromUtf8(qxScriptCheck::flawOf(qxText::toUtf8(script)));
+    };
+    m_problems = new qxProblems(m_events, compile, this);
+    m_sets->setProblems(m_problems);
+    auto *const dock = new qxProblemsDock(m_problems, m_sets->edits(), this);
+    const auto raise = [](QDockWidget *shown) {
+        shown->show();
+        shown->raise();
+    };
+    connect(dock, &qxProblemsDock::setWanted, this, [this, raise](const QString &set) {
+        raise(m_sets);
+        m_sets->view()->showSet(set);
+    });
+    connect(dock, &qxProblemsDock::groupWanted, this, [this, raise](const QString &group) {
+        raise(m_sets);
+        m_sets->view()->showGroup(group);
+    });
+    connect(dock, &qxProblemsDock::variantWanted, this,
+            [this, raise](const qxVariantKind &kind, const QString &variant) {
+                raise(m_variants);
+                m_variants->showVariant(kind, variant);
+            });
 }
 
 /// One that works while the view has the focus: lists use it themselves.
@@ -200,7 +224,6 @@ void qxWorkbenchWindow::retranslate()
     m_back->setIconText(tr("Back"));
     showUndo();
     showTitle();
-    m_tree->retranslate();
 }
 
 void qxWorkbenchWindow::closeEvent(QCloseEvent *event)
@@ -244,26 +267,6 @@ void qxWorkbenchWindow::showKeys()
     m_keys->show();
 }
 
-void qxWorkbenchWindow::showPicked(const osg::NodePtr &node)
-{
-    const QModelIndex index = m_tree->indexOf(node);
-    m_treeView->setCurrentIndex(index);
-    if (index.isValid())
-        showNode(index);
-    statusBar()->showMessage(qxNames::nameOf(node));
-}
-
-/// The view scrolls to the start of the column, which may show only indentation.
-void qxWorkbenchWindow::showNode(const QModelIndex &index)
-{
-    m_treeView->scrollTo(index);
-    m_treeView->header()->resizeSections(QHeaderView::ResizeToContents);
-    const int begin = m_treeView->visualRect(index).left();
-    const int end = begin + m_treeView->sizeHintForIndex(index).width();
-    QScrollBar *const bar = m_treeView->horizontalScrollBar();
-    bar->setValue(bar->value() + qBound(0, end - m_treeView->viewport()->width(), begin));
-}
-
 void qxWorkbenchWindow::rememberForBack()
 {
     m_before = std::make_unique<qxSceneSnapshot>();
@@ -275,6 +278,8 @@ void qxWorkbenchWindow::forgetScene()
 {
     m_before.reset();
     m_beforeScript.reset();
+    m_picked->clear();
+    m_visibility->forget();
     m_back->setEnabled(false);
     m_isNewScene = true;
 }
@@ -305,5 +310,6 @@ void qxWorkbenchWindow::followScripts()
     m_beforeScript.reset();
     m_events->flush();
     m_tree->refresh();
+    m_problems->lookAtScene();
     m_unsaved->look();
 }

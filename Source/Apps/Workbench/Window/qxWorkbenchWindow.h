@@ -19,12 +19,17 @@ class qxBlockedScriptReport;
 class qxFileClaim;
 class qxKeysPage;
 class qxLogView;
+class qxNodeMenu;
+class qxNodeSelection;
+class qxNodeVisibility;
 class qxPanelEvents;
 class qxPictureDialog;
+class qxProblems;
 class qxPictureExport;
 class qxPresentation;
 class qxPreviewMaker;
 class qxRecentFiles;
+class qxSceneTree;
 class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
@@ -35,6 +40,7 @@ class qxTheme;
 class qxRecovery;
 class qxVariantSetsDock;
 class qxVariantsDock;
+class qxViewpointMenu;
 class qxWindowLayout;
 
 /// The window of the program: the scene, and docks for sets, variants, nodes, log and scripts.
@@ -77,6 +83,7 @@ protected:
 
 private:
     void buildDocks();
+    void buildProblems();
     void giveKey(QAction *action, const QKeySequence &key);
     QDockWidget *dockOf(QWidget *contents, const char *title, const QString &name);
     QMenu *addMenu(const char *title);
@@ -91,6 +98,7 @@ private:
     void fillThemeMenu(QMenu *menu);
     void buildToolBar();
     void buildSetsMenu();
+    void buildVariantsMenu();
     void buildHelpMenu();
     void retranslate();
     void showUndo();
@@ -120,8 +128,9 @@ private:
     void forgetScene();
     void takeBackScene();
     void showNewScene();
-    void showPicked(const osg::NodePtr &node);
-    void showNode(const QModelIndex &index);
+    void buildNodes();
+    void buildNodeMenus();
+    void tellPicked();
     void rememberForBack();
     void rememberForScript();
     void focusPane(int step);
@@ -142,6 +151,8 @@ private:
     bool m_isNewScene = false; ///< since the last file was asked for
     QString m_lastError; ///< of the log
     qxPanelEvents *m_events;
+    qxNodeSelection *m_picked; ///< in view and tree
+    qxNodeVisibility *m_visibility;
     qxSceneView *m_view;
     qxRecentFiles *m_recentFiles;
     qxStartPage *m_start;
@@ -150,9 +161,13 @@ private:
     qxAnimationBar *m_animation;
     std::unique_ptr<qxPictureDialog> m_pictureDialog;
     qxVariantSetsDock *m_sets;
+    qxProblems *m_problems;
     qxVariantsDock *m_variants;
-    qxSceneTreeModel *m_tree;
-    QTreeView *m_treeView;
+    qxSceneTree *m_sceneTree;
+    qxSceneTreeModel *m_tree; ///< that of m_sceneTree
+    QTreeView *m_treeView; ///< the same
+    qxNodeMenu *m_nodes;
+    qxViewpointMenu *m_viewpoints;
     qxLogView *m_log;
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;

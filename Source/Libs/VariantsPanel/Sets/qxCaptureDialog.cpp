@@ -58,6 +58,7 @@ qxCaptureDialog::qxCaptureDialog(const qxCaptureChoice &proposal, bool isUpdate,
     layout->addWidget(buttons);
     m_accept->setDefault(true); // Only a button that is in its dialog can be that.
     m_name->selectAll();
+    setMinimumWidth(50 * fontMetrics().averageCharWidth()); // Its title is longer than its fields.
     allowAccept();
 }
 

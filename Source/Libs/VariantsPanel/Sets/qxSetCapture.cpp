@@ -5,6 +5,7 @@
 
 #include "Undo/qxCaptureRecord.h"
 #include "Undo/qxSetEdits.h"
+#include "qxAmbiguityDialog.h"
 #include "qxCaptureDialog.h"
 #include "qxNames.h"
 #include "qxScenegraph.h"
@@ -56,7 +57,7 @@ QString qxSetCapture::capture(qxSetEdits *edits, const QString &group, QWidget *
         return QString();
     const qxCaptureChoice choice = dialog.choice();
     qxCaptureRecord record; // The question about names may change them.
-    if (!qxVariants::verifyNodeNames())
+    if (!qxAmbiguityDialog::settleNames(parent) || !qxVariants::verifyNodeNames())
         return QString();
     return edits->captureSet(
         qxVariants::getUniqueVariantSetName(choice.name), choice.group, record,
@@ -82,7 +83,7 @@ bool qxSetCapture::update(qxSetEdits *edits, const QString &set, QWidget *parent
     const qxCaptureChoice choice = dialog.choice();
     qxCaptureRecord record;
     bool hasPicture = false;
-    if (qxVariants::verifyNodeNames())
+    if (qxAmbiguityDialog::settleNames(parent) && qxVariants::verifyNodeNames())
         edits->captureAgain(set, record, [&](qxVariantSet &edited) {
             hasPicture = captureInto(edited, rootsOf(edited), choice);
         });

@@ -10,6 +10,7 @@
 #include "qxPanelEvents.h"
 #include "qxPreviewAge.h"
 #include "qxSetHotkeys.h"
+#include "qxStateWords.h"
 #include "qxTakenKeys.h"
 
 #include <QTextDocument>
@@ -186,13 +187,31 @@ QVariant qxSetsModel::setDataOf(qxVariantSet &set, int role) const
     }
 }
 
+/// The first states of the set in words, each in a line of its own.
+static QString statesOf(const qxVariantSet &set)
+{
+    const int limit = 8; // A tool tip is to be taken in at a glance.
+    QString lines;
+    int count = 0;
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
+        for (const qxVariantState &each : set.*kind->states) {
+            if (++count > limit)
+                return lines + QStringLiteral("\n\u2026");
+            lines += QStringLiteral("\n\u2022 %1: %2")
+                         .arg(each.variant,
+                              qxStateWords::shown(*kind, kind->find(each.variant), each.state));
+        }
+    }
+    return lines;
+}
+
 /// Explains what the row shows by marks, too.
 QString qxSetsModel::toolTip(qxVariantSet &set) const
 {
     QStringList lines(set.name);
     if (!set.comment.isEmpty())
         lines << set.comment;
-    lines << tr("%n states", nullptr, stateCount(set));
+    lines << tr("%n states", nullptr, stateCount(set)) + statesOf(set);
     if (!set.hotkey.isEmpty())
         lines << tr("Key: %1").arg(qxKeyText::shown(set.hotkey));
     if (!keyFlaw(set).isEmpty())

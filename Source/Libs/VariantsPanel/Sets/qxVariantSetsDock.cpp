@@ -9,6 +9,7 @@
 #include "Undo/qxSetEdits.h"
 #include "qxGalleryBar.h"
 #include "qxKeyHints.h"
+#include "qxMenuText.h"
 #include "qxPanelEvents.h"
 #include "qxPreviewAge.h"
 #include "qxSetCapture.h"
@@ -19,6 +20,7 @@
 #include "qxTakenKeys.h"
 #include "qxText.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QCoreApplication>
 #include <QEvent>
@@ -83,6 +85,8 @@ void qxVariantSetsDock::changeEvent(QEvent *event)
 void qxVariantSetsDock::retranslate()
 {
     setWindowTitle(QCoreApplication::translate("qxVariants", "Variant Sets"));
+    for (QAbstractItemView *view : m_view->findChildren<QAbstractItemView *>())
+        view->setAccessibleName(windowTitle());
     m_search->setPlaceholderText(tr("Search sets"));
     m_search->setAccessibleName(m_search->placeholderText());
     const auto shown = [](int key) { return QKeySequence(key).toString(QKeySequence::NativeText); };
@@ -105,6 +109,11 @@ QUndoStack *qxVariantSetsDock::undoStack() const
     return m_edits->stack();
 }
 
+void qxVariantSetsDock::setProblems(const qxProblems *problems)
+{
+    m_form->setProblems(problems);
+}
+
 void qxVariantSetsDock::buildContents()
 {
     auto *const splitter = new QSplitter(Qt::Vertical);
@@ -119,7 +128,7 @@ void qxVariantSetsDock::buildContents()
     scrolled->setWidgetResizable(true);
     scrolled->setFrameShape(QFrame::NoFrame);
     splitter->addWidget(scrolled);
-    splitter->setSizes({600, 300});
+    splitter->setSizes({500, 500});
     splitter->setCollapsible(0, false);
     auto *const contents = new QWidget;
     auto *const layout = new QVBoxLayout(contents);
@@ -224,7 +233,7 @@ void qxVariantSetsDock::askWhereTo()
     };
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
         if (group->visible)
-            addTarget(QString(group->name).replace('&', QLatin1String("&&")), group->name);
+            addTarget(qxMenuText(group->name), group->name);
     }
     menu.addSeparator();
     addTarget(tr("No Group"), QString());

@@ -12,6 +12,7 @@ class QToolButton;
 class QUndoStack;
 class qxGalleryBar;
 class qxPanelEvents;
+class qxProblems;
 class qxPreviewAge;
 class qxSetEdits;
 class qxSetForm;
@@ -33,6 +34,8 @@ public:
 
     /// The user's edits, for undo; owned by the dock. Cleared when the scene is.
     QUndoStack *undoStack() const;
+    /// The same, to make edits that other docks show.
+    qxSetEdits *edits() const { return m_edits; }
     /// The actions on sets, for the menu of a window.
     const QList<QAction *> &setActions() const { return m_actions; }
     ///@{
@@ -40,6 +43,9 @@ public:
     QAction *captureAction() const { return m_captureAction; }
     QAction *addSetAction() const { return m_addSetAction; }
     ///@}
+    /// Where to find what is wrong with the entries of sets, which are marked with it; it must
+    /// outlive the dock.
+    void setProblems(const qxProblems *problems);
     /// The list or gallery of the dock.
     qxSetsView *view() const { return m_view; }
 
