@@ -108,7 +108,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
 void qxWorkbenchWindow::buildPictures()
 {
     m_previews = new qxPreviewMaker(m_sets, m_events, this);
-    connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_previews, &qxPreviewMaker::noteEdit);
+    connect(m_visibility, &qxNodeVisibility::changed, m_previews, &qxPreviewMaker::noteEdit);
     m_presentation = new qxPresentation(this, m_view, m_sets);
     connect(m_presentation, &qxPresentation::ended, this, &qxWorkbenchWindow::closeLater);
     m_export = new qxPictureExport(this, m_sets, [this] { return m_path; });
