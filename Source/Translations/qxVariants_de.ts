@@ -1726,8 +1726,8 @@
         <translation>Die Präsentation beenden</translation>
     </message>
     <message>
-        <source>Escape ends the presentation. Left and Right lead to other sets, N shows their names.</source>
-        <translation>Escape beendet die Präsentation. Links und Rechts führen zu anderen Sets, N zeigt ihre Namen.</translation>
+        <source>Escape ends the presentation. Left and Right lead to other sets, Enter shows their names.</source>
+        <translation>Escape beendet die Präsentation. Links und Rechts führen zu anderen Sets, Enter zeigt ihre Namen.</translation>
     </message>
 </context>
 <context>
