@@ -1,4 +1,5 @@
 #include "qxNodeVariant.h"
+#include "qxVariantReader.h"
 #include "qxVariantSet.h"
 #include "qxVariantVerifier.h"
 #include "qxVariants.h"
@@ -7,6 +8,7 @@
 #include "qxBenchDocument.h"
 #include "qxBenchScene.h"
 #include "qxLinter.h"
+#include "qxRegistryLint.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -17,6 +19,7 @@
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 
+#include <climits>
 #include <unistd.h>
 
 /// Standard output goes nowhere as long as it lives: the verifier writes all its lines there.
@@ -76,6 +79,25 @@ static void lint(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * qxBenchDocument::setsOf(int(state.range(0)))
                             * qxBenchDocument::EntriesOfASet);
     state.SetBytesProcessed(state.iterations() * document.size());
+}
+
+/// The sets of the document above in the registry; each round edits one of them. Counted are the
+/// entries of all sets, as above.
+static void lintEdit(benchmark::State &state)
+{
+    const qxBenchScene scene(qxBenchDocument::Variants, 0);
+    const int sets = qxBenchDocument::setsOf(int(state.range(0)));
+    qxVariantReader().read(qxBenchDocument::ofSets(sets));
+    qxRegistryLint lint([](const QString &) { return QString(); });
+    lint.work(INT_MAX);
+    int round = 0;
+    for (auto _ : state) {
+        const auto set = std::next(qxVariants::_variantSets.begin(), round++ * 7 % sets);
+        (*set)->nodeVariants.front().state = qxBenchScene::childName(round % 4);
+        lint.lookAgain();
+        lint.work(INT_MAX);
+    }
+    state.SetItemsProcessed(state.iterations() * sets * qxBenchDocument::EntriesOfASet);
 }
 
 static QString numbered(const char *word, int index)
@@ -197,6 +219,7 @@ static void showStates(benchmark::State &state)
 BENCHMARK(showStates)->Name("State/command")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(verify)->Name("Verify/report")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(lint)->Name("Lint/document")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(lintEdit)->Name("Lint/edit")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(verifyOptions)
     ->Name("Verify/options")
     ->Arg(1000)

@@ -19,7 +19,7 @@
 #include <benchmark/benchmark.h>
 
 const int Groups = 100;
-const int References = 20;
+const int References = 200;
 const int Variants = 1000;
 
 static void handleEvents()

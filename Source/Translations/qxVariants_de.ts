@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>qxAmbiguityDialog</name>
+    <message>
+        <source>Nodes and their new names</source>
+        <translation>Knoten und ihre neuen Namen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>New Name</source>
+        <translation>Neuer Name</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Pfad</translation>
+    </message>
+</context>
+<context>
     <name>qxAnimationBar</name>
     <message>
         <source>Animation</source>
@@ -113,6 +132,336 @@
     <message>
         <source>&amp;Group</source>
         <translation>&amp;Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>qxCheckCodes</name>
+    <message>
+        <source>two sets of one name</source>
+        <translation>zwei Sets mit demselben Namen</translation>
+    </message>
+    <message>
+        <source>rename one; only the later one is loaded</source>
+        <translation>eines umbenennen; nur das spätere wird geladen</translation>
+    </message>
+    <message>
+        <source>two groups of one name</source>
+        <translation>zwei Gruppen mit demselben Namen</translation>
+    </message>
+    <message>
+        <source>rename one; the later one takes the place of the earlier</source>
+        <translation>eine umbenennen; die spätere tritt an die Stelle der früheren</translation>
+    </message>
+    <message>
+        <source>two variants of one kind and name</source>
+        <translation>zwei Varianten mit derselben Art und demselben Namen</translation>
+    </message>
+    <message>
+        <source>merge them; the later one&apos;s options replace the earlier one&apos;s</source>
+        <translation>zusammenführen; die Optionen der späteren ersetzen die der früheren</translation>
+    </message>
+    <message>
+        <source>two options of one name</source>
+        <translation>zwei Optionen mit demselben Namen</translation>
+    </message>
+    <message>
+        <source>remove one; the first counts</source>
+        <translation>eine entfernen; die erste zählt</translation>
+    </message>
+    <message>
+        <source>set refers to one variant twice</source>
+        <translation>Set verweist zweimal auf eine Variante</translation>
+    </message>
+    <message>
+        <source>remove one; the last state counts</source>
+        <translation>einen Eintrag entfernen; der letzte Zustand zählt</translation>
+    </message>
+    <message>
+        <source>set lists one name twice</source>
+        <translation>Set führt einen Namen zweimal auf</translation>
+    </message>
+    <message>
+        <source>remove one: a viewpoint, animation, geometry, target or snapshot counts once</source>
+        <translation>einen entfernen: Ansichtspunkt, Animation, Geometrie, Ziel oder Abbild zählen nur einmal</translation>
+    </message>
+    <message>
+        <source>set refers to a missing variant</source>
+        <translation>Set verweist auf eine fehlende Variante</translation>
+    </message>
+    <message>
+        <source>create the variant, or remove the entry</source>
+        <translation>die Variante anlegen oder den Eintrag entfernen</translation>
+    </message>
+    <message>
+        <source>state is no option of the variant</source>
+        <translation>Zustand ist keine Option der Variante</translation>
+    </message>
+    <message>
+        <source>add the option, or choose another state</source>
+        <translation>die Option hinzufügen oder einen anderen Zustand wählen</translation>
+    </message>
+    <message>
+        <source>scene object does not take the state</source>
+        <translation>Szenenobjekt kennt den Zustand nicht</translation>
+    </message>
+    <message>
+        <source>restore the child, material or transform state, or choose another</source>
+        <translation>das Kind, das Material oder die Lage wiederherstellen oder einen anderen Zustand wählen</translation>
+    </message>
+    <message>
+        <source>missing viewpoint</source>
+        <translation>Ansichtspunkt fehlt</translation>
+    </message>
+    <message>
+        <source>restore it, or remove the entry</source>
+        <translation>wiederherstellen oder den Eintrag entfernen</translation>
+    </message>
+    <message>
+        <source>missing default viewpoint</source>
+        <translation>vorgegebener Ansichtspunkt fehlt</translation>
+    </message>
+    <message>
+        <source>restore it, or choose another</source>
+        <translation>wiederherstellen oder einen anderen wählen</translation>
+    </message>
+    <message>
+        <source>missing animation</source>
+        <translation>Animation fehlt</translation>
+    </message>
+    <message>
+        <source>missing geometry</source>
+        <translation>Geometrie fehlt</translation>
+    </message>
+    <message>
+        <source>missing target node</source>
+        <translation>Zielknoten fehlt</translation>
+    </message>
+    <message>
+        <source>restore it, or remove the entry; neither this target nor those behind it are shown</source>
+        <translation>wiederherstellen oder den Eintrag entfernen; weder dieses Ziel noch die dahinter werden gezeigt</translation>
+    </message>
+    <message>
+        <source>snapshot of a missing node</source>
+        <translation>Materialabbild eines fehlenden Knotens</translation>
+    </message>
+    <message>
+        <source>capture the set anew</source>
+        <translation>das Set neu erfassen</translation>
+    </message>
+    <message>
+        <source>snapshot of a missing material</source>
+        <translation>Abbild eines fehlenden Materials</translation>
+    </message>
+    <message>
+        <source>two entries fight over one scene object</source>
+        <translation>zwei Einträge streiten um ein Szenenobjekt</translation>
+    </message>
+    <message>
+        <source>remove one; the later one wins, also over a target</source>
+        <translation>einen entfernen; der spätere gewinnt, auch gegen ein Ziel</translation>
+    </message>
+    <message>
+        <source>two sets are equal</source>
+        <translation>zwei Sets sind gleich</translation>
+    </message>
+    <message>
+        <source>remove one; they differ in name, comment, hotkey or preview at most</source>
+        <translation>eines entfernen; sie unterscheiden sich höchstens in Name, Kommentar, Taste oder Vorschau</translation>
+    </message>
+    <message>
+        <source>set holds nothing</source>
+        <translation>Set enthält nichts</translation>
+    </message>
+    <message>
+        <source>fill or remove it</source>
+        <translation>füllen oder entfernen</translation>
+    </message>
+    <message>
+        <source>script does not compile</source>
+        <translation>Skript lässt sich nicht übersetzen</translation>
+    </message>
+    <message>
+        <source>mend it at the line that the message names</source>
+        <translation>an der genannten Zeile verbessern</translation>
+    </message>
+    <message>
+        <source>group without sets</source>
+        <translation>Gruppe ohne Sets</translation>
+    </message>
+    <message>
+        <source>remove it</source>
+        <translation>entfernen</translation>
+    </message>
+    <message>
+        <source>variant without a scene object</source>
+        <translation>Variante ohne Szenenobjekt</translation>
+    </message>
+    <message>
+        <source>restore the node or material, or remove the variant</source>
+        <translation>den Knoten oder das Material wiederherstellen oder die Variante entfernen</translation>
+    </message>
+    <message>
+        <source>scene object of another kind</source>
+        <translation>Szenenobjekt anderer Art</translation>
+    </message>
+    <message>
+        <source>a light variant needs a light, a material variant a switch material with materials, a transform variant transform states</source>
+        <translation>eine Lichtvariante braucht ein Licht, eine Materialvariante ein Schaltmaterial mit Materialien, eine Lagevariante benannte Lagen</translation>
+    </message>
+    <message>
+        <source>default state is no option</source>
+        <translation>Vorgabezustand ist keine Option</translation>
+    </message>
+    <message>
+        <source>choose another default</source>
+        <translation>eine andere Vorgabe wählen</translation>
+    </message>
+    <message>
+        <source>scene object does not take the option</source>
+        <translation>Szenenobjekt kennt die Option nicht</translation>
+    </message>
+    <message>
+        <source>restore the child, material or transform state, or remove the option</source>
+        <translation>das Kind, das Material oder die Lage wiederherstellen oder die Option entfernen</translation>
+    </message>
+    <message>
+        <source>option without a name</source>
+        <translation>Option ohne Namen</translation>
+    </message>
+    <message>
+        <source>variant without options</source>
+        <translation>Variante ohne Optionen</translation>
+    </message>
+    <message>
+        <source>rebuild or remove it</source>
+        <translation>neu aufbauen oder entfernen</translation>
+    </message>
+    <message>
+        <source>option that no set uses</source>
+        <translation>Option, die kein Set verwendet</translation>
+    </message>
+    <message>
+        <source>neither a set nor a hotkey leads to it, by name or by a step; use or remove it</source>
+        <translation>weder ein Set noch eine Taste führt zu ihr, auch nicht schrittweise; verwenden oder entfernen</translation>
+    </message>
+    <message>
+        <source>variant that no set uses</source>
+        <translation>Variante, die kein Set verwendet</translation>
+    </message>
+    <message>
+        <source>neither a set nor a hotkey uses it; use or remove it</source>
+        <translation>weder ein Set noch eine Taste verwendet sie; verwenden oder entfernen</translation>
+    </message>
+    <message>
+        <source>scene object within another of its name</source>
+        <translation>Szenenobjekt in einem anderen mit demselben Namen</translation>
+    </message>
+    <message>
+        <source>rename one: !Toggle flips them against each other when only one is hidden. A node and its own mesh may have one name</source>
+        <translation>eines umbenennen: !Toggle schaltet sie gegeneinander, wenn nur eines ausgeblendet ist. Ein Knoten und sein eigenes Netz dürfen denselben Namen haben</translation>
+    </message>
+    <message>
+        <source>hotkey that names no key</source>
+        <translation>Taste, die es nicht gibt</translation>
+    </message>
+    <message>
+        <source>write it as menus show it, such as Ctrl+Shift+F5</source>
+        <translation>schreiben, wie Menüs sie zeigen, etwa Strg+Umschalt+F5</translation>
+    </message>
+    <message>
+        <source>hotkey used twice</source>
+        <translation>Taste doppelt vergeben</translation>
+    </message>
+    <message>
+        <source>change one; sets and options share the keyboard</source>
+        <translation>eine ändern; Sets und Optionen teilen sich die Tastatur</translation>
+    </message>
+</context>
+<context>
+    <name>qxEntryEdits</name>
+    <message>
+        <source>No variant can drive &quot;%1&quot;.</source>
+        <translation>„%1“ kann keine Variante steuern.</translation>
+    </message>
+    <message numerus="yes">
+        <source>State of %n entries of &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Zustand von %n Eintrag von „%1“</numerusform>
+            <numerusform>Zustand von %n Einträgen von „%1“</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>State of &quot;%1&quot; in &quot;%2&quot;</source>
+        <translation>Zustand von „%1“ in „%2“</translation>
+    </message>
+    <message numerus="yes">
+        <source>Shown state of %n entries of &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Gezeigter Zustand von %n Eintrag von „%1“</numerusform>
+            <numerusform>Gezeigter Zustand von %n Einträgen von „%1“</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Shown state of &quot;%1&quot; in &quot;%2&quot;</source>
+        <translation>Gezeigter Zustand von „%1“ in „%2“</translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n entries from &quot;%1&quot;</source>
+        <translation>
+            <numerusform>%n Eintrag aus „%1“ entfernen</numerusform>
+            <numerusform>%n Einträge aus „%1“ entfernen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
+        <translation>„%1“ aus „%2“ entfernen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n entries to &quot;%1&quot;</source>
+        <translation>
+            <numerusform>%n Eintrag zu „%1“ hinzufügen</numerusform>
+            <numerusform>%n Einträge zu „%1“ hinzufügen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation>„%1“ zu „%2“ hinzufügen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add what %n nodes show to &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Was %n Knoten zeigt zu „%1“ hinzufügen</numerusform>
+            <numerusform>Was %n Knoten zeigen zu „%1“ hinzufügen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants were made for it.</source>
+        <translation>
+            <numerusform>Dafür wurde %n Variante angelegt.</numerusform>
+            <numerusform>Dafür wurden %n Varianten angelegt.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxEntryRepairs</name>
+    <message>
+        <source>Instead of &quot;%1&quot;</source>
+        <translation>Statt „%1“</translation>
+    </message>
+    <message>
+        <source>Nothing like it was found</source>
+        <translation>Nichts Ähnliches gefunden</translation>
+    </message>
+</context>
+<context>
+    <name>qxExportProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Picture of &quot;%1&quot; ...</source>
+        <translation>Bild von „%1“ …</translation>
     </message>
 </context>
 <context>
@@ -824,6 +1173,70 @@
     </message>
 </context>
 <context>
+    <name>qxGallery</name>
+    <message>
+        <source>Gallery of the variant sets</source>
+        <translation>Galerie der Variantensets</translation>
+    </message>
+    <message>
+        <source>Wheel with Ctrl</source>
+        <translation>Rad mit Strg</translation>
+    </message>
+    <message>
+        <source>Larger or smaller previews</source>
+        <translation>Größere oder kleinere Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>On a heading: close it, open it</source>
+        <translation>Auf einer Überschrift: schließen, öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>qxGalleryBar</name>
+    <message>
+        <source>Make Previews</source>
+        <translation>Bilder erzeugen</translation>
+    </message>
+    <message>
+        <source>Make the previews that are missing or out of date</source>
+        <translation>Die Vorschaubilder erzeugen, die fehlen oder veraltet sind</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Size of the previews (Ctrl and the wheel)</source>
+        <translation>Größe der Vorschaubilder (Strg und das Rad)</translation>
+    </message>
+    <message>
+        <source>Size of the previews</source>
+        <translation>Größe der Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>Previews</source>
+        <translation>Vorschaubilder</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n missing</source>
+        <translation>
+            <numerusform>%n fehlt</numerusform>
+            <numerusform>%n fehlen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n out of date</source>
+        <translation>
+            <numerusform>%n veraltet</numerusform>
+            <numerusform>%n veraltet</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>qxKeyList</name>
     <message>
         <source>Everywhere</source>
@@ -944,6 +1357,13 @@
     </message>
 </context>
 <context>
+    <name>qxNameChooser</name>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+</context>
+<context>
     <name>qxNameEdits</name>
     <message>
         <source>Rename &quot;%1&quot;</source>
@@ -955,6 +1375,33 @@
     </message>
 </context>
 <context>
+    <name>qxNoVariants</name>
+    <message>
+        <source>Make Variants of %1</source>
+        <translation>Varianten anlegen: %1</translation>
+    </message>
+    <message>
+        <source>Choose What to Show and Hide...</source>
+        <translation>Wählen, was ein- und ausgeblendet wird …</translation>
+    </message>
+    <message>
+        <source>Choose Materials to Switch...</source>
+        <translation>Materialien zum Umschalten wählen …</translation>
+    </message>
+    <message>
+        <source>There are no variants yet. The scene has things that can vary:</source>
+        <translation>Es gibt noch keine Varianten. Die Szene hat Veränderliches:</translation>
+    </message>
+    <message>
+        <source>There are no variants yet, and nothing in the scene varies by itself. Every node can be shown and hidden, and materials can be switched:</source>
+        <translation>Es gibt noch keine Varianten, und nichts in der Szene ist von sich aus veränderlich. Jeder Knoten lässt sich ein- und ausblenden, Materialien lassen sich umschalten:</translation>
+    </message>
+    <message>
+        <source>There are no variants. Open a scene to make some of it.</source>
+        <translation>Es gibt keine Varianten. Öffnen Sie eine Szene, um welche anzulegen.</translation>
+    </message>
+</context>
+<context>
     <name>qxPictureDialog</name>
     <message>
         <source>Rendering the preview ...</source>
@@ -963,6 +1410,77 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>qxPictureExport</name>
+    <message>
+        <source>PNG pictures (*.png)</source>
+        <translation>PNG-Bilder (*.png)</translation>
+    </message>
+    <message>
+        <source>JPEG pictures (*.jpg *.jpeg)</source>
+        <translation>JPEG-Bilder (*.jpg *.jpeg)</translation>
+    </message>
+    <message>
+        <source>WebP pictures (*.webp)</source>
+        <translation>WebP-Bilder (*.webp)</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be written.</source>
+        <translation>„%1“ kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Pictures are PNG or JPEG: the name of the file ends with .png or .jpg.</source>
+        <translation>Bilder sind PNG oder JPEG: Der Name der Datei endet mit .png oder .jpg.</translation>
+    </message>
+    <message>
+        <source>Nothing of the scene is to be seen in the picture: %1.</source>
+        <translation>Auf dem Bild ist nichts von der Szene zu sehen: %1.</translation>
+    </message>
+    <message>
+        <source>There is nothing for a sheet.</source>
+        <translation>Für einen Bogen ist nichts da.</translation>
+    </message>
+    <message>
+        <source>The scene has no variant sets.</source>
+        <translation>Die Szene hat keine Variantensets.</translation>
+    </message>
+    <message>
+        <source>Save Sheet: Each Picture</source>
+        <translation>Bogen speichern: jedes Bild</translation>
+    </message>
+    <message>
+        <source>Save Sheet</source>
+        <translation>Bogen speichern</translation>
+    </message>
+    <message>
+        <source>Export Catalogue</source>
+        <translation>Katalog exportieren</translation>
+    </message>
+    <message>
+        <source>Web pages (*.html)</source>
+        <translation>Webseiten (*.html)</translation>
+    </message>
+    <message>
+        <source>It is too large.</source>
+        <translation>Es ist zu groß.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is saved.</source>
+        <translation>„%1“ ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>Workbench</source>
+        <translation>Workbench</translation>
     </message>
 </context>
 <context>
@@ -989,14 +1507,292 @@
     </message>
 </context>
 <context>
-    <name>qxPreviewDialog</name>
+    <name>qxPictureWish</name>
     <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
+        <source> pixels</source>
+        <translation> Pixel</translation>
     </message>
     <message>
-        <source>Preview of &quot;%1&quot; ...</source>
-        <translation>Vorschau von „%1“ …</translation>
+        <source>&amp;Width:</source>
+        <translation>&amp;Breite:</translation>
+    </message>
+    <message>
+        <source>&amp;Height:</source>
+        <translation>&amp;Höhe:</translation>
+    </message>
+    <message>
+        <source>Quick: hard light, jagged edges</source>
+        <translation>Schnell: hartes Licht, treppige Kanten</translation>
+    </message>
+    <message>
+        <source>Best: soft shadows, reflections</source>
+        <translation>Beste: weiche Schatten, Spiegelungen</translation>
+    </message>
+    <message>
+        <source>&amp;Quality:</source>
+        <translation>&amp;Qualität:</translation>
+    </message>
+    <message>
+        <source>&amp;Transparent background (PNG)</source>
+        <translation>&amp;Durchsichtiger Hintergrund (PNG)</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Speichern …</translation>
+    </message>
+</context>
+<context>
+    <name>qxPresentation</name>
+    <message>
+        <source>Presentation</source>
+        <translation>Präsentation</translation>
+    </message>
+    <message>
+        <source>Next set</source>
+        <translation>Nächstes Set</translation>
+    </message>
+    <message>
+        <source>Previous set</source>
+        <translation>Voriges Set</translation>
+    </message>
+    <message>
+        <source>Show or hide the name of the set</source>
+        <translation>Den Namen des Sets zeigen oder verbergen</translation>
+    </message>
+    <message>
+        <source>End the presentation</source>
+        <translation>Die Präsentation beenden</translation>
+    </message>
+    <message>
+        <source>Escape ends the presentation. Left and Right lead to other sets, N shows their names.</source>
+        <translation>Escape beendet die Präsentation. Links und Rechts führen zu anderen Sets, N zeigt ihre Namen.</translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemFixes</name>
+    <message numerus="yes">
+        <source>Remove %n entries</source>
+        <translation>
+            <numerusform>Eintrag entfernen</numerusform>
+            <numerusform>%n Einträge entfernen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n default viewpoints</source>
+        <translation>
+            <numerusform>Vorgegebenen Ansichtspunkt entfernen</numerusform>
+            <numerusform>%n vorgegebene Ansichtspunkte entfernen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n hotkeys</source>
+        <translation>
+            <numerusform>Taste entfernen</numerusform>
+            <numerusform>%n Tasten entfernen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n options to their variants</source>
+        <translation>
+            <numerusform>Option zu ihrer Variante hinzufügen</numerusform>
+            <numerusform>%n Optionen zu ihren Varianten hinzufügen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n options</source>
+        <translation>
+            <numerusform>Option entfernen</numerusform>
+            <numerusform>%n Optionen entfernen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Clear %n default states</source>
+        <translation>
+            <numerusform>Vorgabezustand löschen</numerusform>
+            <numerusform>%n Vorgabezustände löschen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n sets</source>
+        <translation>
+            <numerusform>Set löschen</numerusform>
+            <numerusform>%n Sets löschen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n groups</source>
+        <translation>
+            <numerusform>Gruppe löschen</numerusform>
+            <numerusform>%n Gruppen löschen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n variants with their entries in sets</source>
+        <translation>
+            <numerusform>Variante samt ihren Einträgen in Sets löschen</numerusform>
+            <numerusform>%n Varianten samt ihren Einträgen in Sets löschen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemRepairs</name>
+    <message numerus="yes">
+        <source>Repair %n names</source>
+        <translation>
+            <numerusform>Einen Namen reparieren</numerusform>
+            <numerusform>%n Namen reparieren</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemWords</name>
+    <message>
+        <source>error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>hint</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Set %1</source>
+        <translation>Set %1</translation>
+    </message>
+    <message>
+        <source>Group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>script</source>
+        <translation>Skript</translation>
+    </message>
+    <message>
+        <source>Variant %1</source>
+        <translation>Variante %1</translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemsDock</name>
+    <message>
+        <source>Search problems</source>
+        <translation>Probleme durchsuchen</translation>
+    </message>
+    <message>
+        <source>Problems</source>
+        <translation>Probleme</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparieren</translation>
+    </message>
+    <message>
+        <source>What can be done about the selected problems</source>
+        <translation>Was sich gegen die ausgewählten Probleme tun lässt</translation>
+    </message>
+    <message>
+        <source>&amp;Replace by</source>
+        <translation>&amp;Ersetzen durch</translation>
+    </message>
+    <message>
+        <source>&amp;Go to the Place</source>
+        <translation>&amp;Gehe zur Stelle</translation>
+    </message>
+    <message>
+        <source>&amp;Copy as Text</source>
+        <translation>Als Text &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Repair &amp;All That Is Clear</source>
+        <translation>&amp;Alles Eindeutige reparieren</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>goes to the place of the problem</source>
+        <translation>geht zur Stelle des Problems</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n errors</source>
+        <translation>
+            <numerusform>Ein Fehler</numerusform>
+            <numerusform>%n Fehler</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n warnings</source>
+        <translation>
+            <numerusform>Eine Warnung</numerusform>
+            <numerusform>%n Warnungen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hints</source>
+        <translation>
+            <numerusform>Ein Hinweis</numerusform>
+            <numerusform>%n Hinweise</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: shown or not</source>
+        <translation>%1: zeigen oder nicht</translation>
+    </message>
+    <message>
+        <source>Problems (%1)</source>
+        <translation>Probleme (%1)</translation>
+    </message>
+    <message>
+        <source>No problems: sets, variants and scene go together.</source>
+        <translation>Keine Probleme: Sets, Varianten und Szene passen zusammen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n problems are not shown.</source>
+        <translation>
+            <numerusform>Ein Problem wird nicht gezeigt.</numerusform>
+            <numerusform>%n Probleme werden nicht gezeigt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing that could be meant</source>
+        <translation>Nichts, was gemeint sein könnte</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n names were repaired.</source>
+        <translation>
+            <numerusform>Ein Name wurde repariert.</numerusform>
+            <numerusform>%n Namen wurden repariert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Of no name is it clear what is meant.</source>
+        <translation>Bei keinem Namen ist klar, was gemeint ist.</translation>
+    </message>
+</context>
+<context>
+    <name>qxProblemsModel</name>
+    <message numerus="yes">
+        <source>%1 (and %n more)</source>
+        <translation>
+            <numerusform>%1 (und ein weiteres)</numerusform>
+            <numerusform>%1 (und %n weitere)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation>Problem</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Stelle</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>Code</translation>
     </message>
 </context>
 <context>
@@ -1265,6 +2061,101 @@
     </message>
 </context>
 <context>
+    <name>qxSetContents</name>
+    <message>
+        <source>Choose S&amp;tate</source>
+        <translation>Zustand &amp;wählen</translation>
+    </message>
+    <message>
+        <source>Take the State S&amp;hown</source>
+        <translation>&amp;Gezeigten Zustand übernehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>E&amp;ntfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>Re&amp;name Variant...</source>
+        <translation>Variante &amp;umbenennen …</translation>
+    </message>
+    <message>
+        <source>Show in the &amp;Variants Dock</source>
+        <translation>In den &amp;Varianten zeigen</translation>
+    </message>
+    <message>
+        <source>Add variants</source>
+        <translation>Varianten hinzufügen</translation>
+    </message>
+    <message>
+        <source>Variant, viewpoint or animation to add to the set</source>
+        <translation>Variante, Ansichtspunkt oder Animation zum Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Finds variants, viewpoints and animations. Enter adds the variant with the state that the scene shows.</source>
+        <translation>Findet Varianten, Ansichtspunkte und Animationen. Die Eingabetaste fügt die Variante mit dem Zustand hinzu, den die Szene zeigt.</translation>
+    </message>
+    <message>
+        <source>What the set holds</source>
+        <translation>Was das Set enthält</translation>
+    </message>
+    <message>
+        <source>The set holds nothing yet. Type the name of a variant above, or drag variants or nodes here.</source>
+        <translation>Das Set enthält noch nichts. Geben Sie oben den Namen einer Variante ein, oder ziehen Sie Varianten oder Knoten hierher.</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add viewpoints and animations</source>
+        <translation>Ansichtspunkte und Animationen hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Take the selected entries out of the set</source>
+        <translation>Die ausgewählten Einträge aus dem Set nehmen</translation>
+    </message>
+    <message>
+        <source>The scene shows nothing of &quot;%1&quot;.</source>
+        <translation>Die Szene zeigt nichts von „%1“.</translation>
+    </message>
+    <message>
+        <source>&amp;State</source>
+        <translation>&amp;Zustand</translation>
+    </message>
+    <message>
+        <source>R&amp;epair</source>
+        <translation>&amp;Reparieren</translation>
+    </message>
+    <message>
+        <source>&amp;Viewpoint</source>
+        <translation>Ansichts&amp;punkt</translation>
+    </message>
+    <message>
+        <source>&amp;Animation</source>
+        <translation>&amp;Animation</translation>
+    </message>
+    <message>
+        <source>Rename Variant</source>
+        <translation>Variante umbenennen</translation>
+    </message>
+    <message>
+        <source>Name, wherever the variant is used:</source>
+        <translation>Name, überall wo die Variante vorkommt:</translation>
+    </message>
+</context>
+<context>
     <name>qxSetDelegate</name>
     <message>
         <source>No preview</source>
@@ -1379,6 +2270,140 @@
     </message>
 </context>
 <context>
+    <name>qxSetEntries</name>
+    <message>
+        <source>nodes</source>
+        <translation>Knoten</translation>
+    </message>
+    <message>
+        <source>materials</source>
+        <translation>Materialien</translation>
+    </message>
+    <message>
+        <source>lights</source>
+        <translation>Lichter</translation>
+    </message>
+    <message>
+        <source>environment</source>
+        <translation>Umgebung</translation>
+    </message>
+    <message>
+        <source>viewpoint</source>
+        <translation>Ansichtspunkt</translation>
+    </message>
+    <message>
+        <source>camera goes there</source>
+        <translation>Kamera fährt hin</translation>
+    </message>
+    <message>
+        <source>not used: not the first</source>
+        <translation>nicht benutzt: nicht der erste</translation>
+    </message>
+    <message>
+        <source>starts</source>
+        <translation>startet</translation>
+    </message>
+    <message>
+        <source>starts in its turn</source>
+        <translation>startet, wenn sie dran ist</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>an</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>moved, as it is</source>
+        <translation>verschoben</translation>
+    </message>
+    <message>
+        <source>shown before all else</source>
+        <translation>zuerst eingeblendet</translation>
+    </message>
+    <message>
+        <source>not used</source>
+        <translation>nicht benutzt</translation>
+    </message>
+    <message>
+        <source>left to scripts</source>
+        <translation>für Skripte</translation>
+    </message>
+    <message>
+        <source>animation</source>
+        <translation>Animation</translation>
+    </message>
+    <message>
+        <source>clipping</source>
+        <translation>Schnitt</translation>
+    </message>
+    <message>
+        <source>target node</source>
+        <translation>Zielknoten</translation>
+    </message>
+    <message>
+        <source>geometry</source>
+        <translation>Geometrie</translation>
+    </message>
+    <message>
+        <source>snapshot</source>
+        <translation>Momentaufnahme</translation>
+    </message>
+    <message>
+        <source>capture</source>
+        <translation>Erfassung</translation>
+    </message>
+    <message>
+        <source>Clipping plane</source>
+        <translation>Schnittebene</translation>
+    </message>
+    <message>
+        <source>What was captured</source>
+        <translation>Was erfasst wurde</translation>
+    </message>
+</context>
+<context>
+    <name>qxSetEntriesModel</name>
+    <message>
+        <source>The scene shows something else than the set wants.</source>
+        <translation>Die Szene zeigt etwas anderes, als das Set verlangt.</translation>
+    </message>
+    <message>
+        <source>differs: %1</source>
+        <translation>weicht ab: %1</translation>
+    </message>
+    <message>
+        <source>(no such variant)</source>
+        <translation>(keine solche Variante)</translation>
+    </message>
+    <message>
+        <source>(nothing)</source>
+        <translation>(nichts)</translation>
+    </message>
+    <message>
+        <source>Variant</source>
+        <translation>Variante</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Shown Now</source>
+        <translation>Jetzt gezeigt</translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation>Problem</translation>
+    </message>
+</context>
+<context>
     <name>qxSetForm</name>
     <message>
         <source>&amp;Comment</source>
@@ -1391,10 +2416,6 @@
     <message>
         <source>Va&amp;lues</source>
         <translation>&amp;Werte</translation>
-    </message>
-    <message>
-        <source>States</source>
-        <translation>Zustände</translation>
     </message>
     <message>
         <source>Clear</source>
@@ -1449,13 +2470,6 @@
         <source>Sc&amp;ript</source>
         <translation>Sk&amp;ript</translation>
     </message>
-    <message numerus="yes">
-        <source>and %n more</source>
-        <translation>
-            <numerusform>und %n weiterer</numerusform>
-            <numerusform>und %n weitere</numerusform>
-        </translation>
-    </message>
     <message>
         <source>&quot;%1&quot; is there twice. The values are taken as soon as the keys differ.</source>
         <translation>„%1“ ist doppelt vorhanden. Die Werte werden übernommen, sobald sich die Schlüssel unterscheiden.</translation>
@@ -1478,6 +2492,22 @@
     <message>
         <source>The key is taken by &quot;%1&quot; and does not select this set.</source>
         <translation>Die Taste wird von „%1“ verwendet und wählt dieses Set nicht aus.</translation>
+    </message>
+    <message>
+        <source>The key is taken by &quot;%1&quot; and does not select this option.</source>
+        <translation>Die Taste wird von „%1“ verwendet und wählt diese Option nicht aus.</translation>
+    </message>
+    <message>
+        <source>The set &quot;%1&quot; has this key, too, and comes first.</source>
+        <translation>Das Set „%1“ hat dieselbe Taste und hat Vorrang.</translation>
+    </message>
+    <message>
+        <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too; this one comes first.</source>
+        <translation>Die Option „%1“ von „%2“ hat dieselbe Taste; diese hier hat Vorrang.</translation>
+    </message>
+    <message>
+        <source>The option &quot;%1&quot; of &quot;%2&quot; has this key, too, and comes first.</source>
+        <translation>Die Option „%1“ von „%2“ hat dieselbe Taste und hat Vorrang.</translation>
     </message>
 </context>
 <context>
@@ -1508,6 +2538,37 @@
     <message>
         <source>Nothing of what it refers to is in the scene.</source>
         <translation>Nichts, worauf das Set verweist, ist in der Szene vorhanden.</translation>
+    </message>
+    <message>
+        <source>In No Group</source>
+        <translation>In keiner Gruppe</translation>
+    </message>
+    <message numerus="yes">
+        <source>Group %1, %n sets</source>
+        <translation>
+            <numerusform>Gruppe %1, %n Set</numerusform>
+            <numerusform>Gruppe %1, %n Sets</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The set, the scene or the light has changed since the preview was made.</source>
+        <translation>Das Set, die Szene oder das Licht hat sich geändert, seit das Vorschaubild entstand.</translation>
+    </message>
+    <message>
+        <source>shown now</source>
+        <translation>jetzt zu sehen</translation>
+    </message>
+    <message>
+        <source>key %1</source>
+        <translation>Taste %1</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>the preview is out of date</source>
+        <translation>das Vorschaubild ist veraltet</translation>
     </message>
 </context>
 <context>
@@ -1575,6 +2636,68 @@
     </message>
 </context>
 <context>
+    <name>qxStateEditor</name>
+    <message>
+        <source>State of &quot;%1&quot;</source>
+        <translation>Zustand von „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>qxStateWords</name>
+    <message>
+        <source>shown</source>
+        <translation>eingeblendet</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>an</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>ausgeblendet</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>all</source>
+        <translation>alle</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keiner</translation>
+    </message>
+    <message>
+        <source>toggle</source>
+        <translation>umschalten</translation>
+    </message>
+    <message>
+        <source>next</source>
+        <translation>nächster</translation>
+    </message>
+    <message>
+        <source>next (loop)</source>
+        <translation>nächster (im Kreis)</translation>
+    </message>
+    <message>
+        <source>previous</source>
+        <translation>voriger</translation>
+    </message>
+    <message>
+        <source>previous (loop)</source>
+        <translation>voriger (im Kreis)</translation>
+    </message>
+    <message>
+        <source>Place %1</source>
+        <translation>Platz %1</translation>
+    </message>
+    <message>
+        <source>Place %1 of %2</source>
+        <translation>Platz %1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>qxTakenKeys</name>
     <message>
         <source>the window</source>
@@ -1618,6 +2741,265 @@
     <message>
         <source>others may write %1</source>
         <translation>Andere dürfen %1 ändern</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantActions</name>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>&amp;Show This State</source>
+        <translation>Diesen Zustand &amp;zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>De&amp;lete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Add &amp;Options...</source>
+        <translation>&amp;Optionen hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>Nach un&amp;ten</translation>
+    </message>
+    <message>
+        <source>Make It the De&amp;fault</source>
+        <translation>Als &amp;Vorgabe</translation>
+    </message>
+    <message>
+        <source>&amp;Key...</source>
+        <translation>&amp;Taste …</translation>
+    </message>
+    <message>
+        <source>&amp;Add to the Current Set</source>
+        <translation>Zum aktuellen Set &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add to Se&amp;t...</source>
+        <translation>Zu &amp;Set hinzufügen …</translation>
+    </message>
+    <message>
+        <source>&amp;Add to &quot;%1&quot;</source>
+        <translation>Zu „%1“ &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>Delete Variants</source>
+        <translation>Varianten löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sets have entries of what you delete.</source>
+        <translation>
+            <numerusform>Ein Set hat Einträge von dem, was Sie löschen.</numerusform>
+            <numerusform>%n Sets haben Einträge von dem, was Sie löschen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Entries that are kept do nothing until there is a variant of that name again.</source>
+        <translation>Einträge, die bleiben, bewirken nichts, bis es wieder eine Variante dieses Namens gibt.</translation>
+    </message>
+    <message>
+        <source>&amp;Delete the Entries, Too</source>
+        <translation>Einträge mit &amp;löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the Entries</source>
+        <translation>Einträge &amp;behalten</translation>
+    </message>
+    <message numerus="yes">
+        <source>Entries of %n sets were deleted.</source>
+        <translation>
+            <numerusform>Einträge eines Sets wurden gelöscht.</numerusform>
+            <numerusform>Einträge von %n Sets wurden gelöscht.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Entries of %n sets were kept.</source>
+        <translation>
+            <numerusform>Einträge eines Sets wurden behalten.</numerusform>
+            <numerusform>Einträge von %n Sets wurden behalten.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Options for &quot;%1&quot;</source>
+        <translation>Optionen für „%1“</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Other materials of the scene, too</source>
+        <translation>Auch andere Materialien der Szene</translation>
+    </message>
+    <message>
+        <source>&amp;Another name</source>
+        <translation>&amp;Anderer Name</translation>
+    </message>
+    <message>
+        <source>Add options to &quot;%1&quot;</source>
+        <translation>Optionen zu „%1“ hinzufügen</translation>
+    </message>
+    <message>
+        <source>Default state of &quot;%1&quot;</source>
+        <translation>Vorgabe von „%1“</translation>
+    </message>
+    <message>
+        <source>Add to Set</source>
+        <translation>Zu Set hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;New set</source>
+        <translation>&amp;Neues Set</translation>
+    </message>
+    <message>
+        <source>Add to the new set &quot;%1&quot;</source>
+        <translation>Zum neuen Set „%1“ hinzufügen</translation>
+    </message>
+    <message numerus="yes">
+        <source>&quot;%1&quot; has %n new states.</source>
+        <translation>
+            <numerusform>„%1“ hat einen neuen Zustand.</numerusform>
+            <numerusform>„%1“ hat %n neue Zustände.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has nothing new by that.</source>
+        <translation>Für „%1“ ist das nichts Neues.</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantForm</name>
+    <message>
+        <source>&amp;Default</source>
+        <translation>Vor&amp;gabe</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Clear the key of the option</source>
+        <translation>Taste der Option leeren</translation>
+    </message>
+    <message>
+        <source>It does something to what is shown, such as &quot;next&quot;.</source>
+        <translation>Sie macht etwas mit dem, was gezeigt wird, wie „nächster“.</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>(keine)</translation>
+    </message>
+    <message>
+        <source>%1 (no option)</source>
+        <translation>%1 (keine Option)</translation>
+    </message>
+    <message>
+        <source>Default state of &quot;%1&quot;</source>
+        <translation>Vorgabe von „%1“</translation>
+    </message>
+    <message>
+        <source>Key of &quot;%1&quot;</source>
+        <translation>Taste von „%1“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is an action</source>
+        <translation>„%1“ ist eine Aktion</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no action</source>
+        <translation>„%1“ ist keine Aktion</translation>
+    </message>
+    <message>
+        <source>Option ke&amp;y</source>
+        <translation>Taste der &amp;Option</translation>
+    </message>
+    <message>
+        <source>The option is an actio&amp;n</source>
+        <translation>Die Option ist eine Aktio&amp;n</translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantMaker</name>
+    <message numerus="yes">
+        <source>%n switches</source>
+        <translation>
+            <numerusform>%n Schalter</numerusform>
+            <numerusform>%n Schalter</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n switch materials</source>
+        <translation>
+            <numerusform>%n Schaltmaterial</numerusform>
+            <numerusform>%n Schaltmaterialien</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lights</source>
+        <translation>
+            <numerusform>%n Licht</numerusform>
+            <numerusform>%n Lichter</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n switches among the overlays</source>
+        <translation>
+            <numerusform>%n Schalter unter den Overlays</numerusform>
+            <numerusform>%n Schalter unter den Overlays</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n nodes with transform states</source>
+        <translation>
+            <numerusform>%n Knoten mit Transformationszuständen</numerusform>
+            <numerusform>%n Knoten mit Transformationszuständen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Plain materials, too: each is put into a switch material</source>
+        <translation>Auch einfache Materialien: jedes kommt in ein Schaltmaterial</translation>
+    </message>
+    <message>
+        <source>All others, too: they can be shown and hidden</source>
+        <translation>Auch alle anderen: sie lassen sich ein- und ausblenden</translation>
+    </message>
+    <message>
+        <source>Of All: %1</source>
+        <translation>Aus allen: %1</translation>
+    </message>
+    <message>
+        <source>Choose %1...</source>
+        <translation>%1 wählen …</translation>
+    </message>
+    <message>
+        <source>The scene is empty</source>
+        <translation>Die Szene ist leer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n selected nodes</source>
+        <translation>
+            <numerusform>%1 aus dem ausgewählten Knoten</numerusform>
+            <numerusform>%1 aus %n ausgewählten Knoten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Make Variants: %1</source>
+        <translation>Varianten anlegen: %1</translation>
+    </message>
+    <message>
+        <source>Make Variants</source>
+        <translation>Varianten anlegen</translation>
     </message>
 </context>
 <context>
@@ -1759,6 +3141,119 @@
     </message>
 </context>
 <context>
+    <name>qxVariantTexts</name>
+    <message>
+        <source>Make variant &quot;%1&quot;</source>
+        <translation>Variante „%1“ anlegen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Make %n variants</source>
+        <translation>
+            <numerusform>Eine Variante anlegen</numerusform>
+            <numerusform>%n Varianten anlegen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&quot;%1&quot; moves %n things of that name.</source>
+        <translation>
+            <numerusform>„%1“ bewegt ein Objekt dieses Namens.</numerusform>
+            <numerusform>„%1“ bewegt %n Objekte dieses Namens.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No variant could be made of &quot;%1&quot;.</source>
+        <translation>Aus „%1“ ließ sich keine Variante anlegen.</translation>
+    </message>
+    <message>
+        <source>There is a variant &quot;%1&quot; already.</source>
+        <translation>Es gibt schon eine Variante „%1“.</translation>
+    </message>
+    <message>
+        <source>No variant of that kind can be made of &quot;%1&quot;.</source>
+        <translation>Aus „%1“ lässt sich keine Variante dieser Art anlegen.</translation>
+    </message>
+    <message>
+        <source>Add &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation>„%1“ zu „%2“ hinzufügen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n options to &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Eine Option zu „%1“ hinzufügen</numerusform>
+            <numerusform>%n Optionen zu „%1“ hinzufügen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete &quot;%1&quot;</source>
+        <translation>„%1“ löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n variants</source>
+        <translation>
+            <numerusform>Eine Variante löschen</numerusform>
+            <numerusform>%n Varianten löschen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove &quot;%1&quot; from &quot;%2&quot;</source>
+        <translation>„%1“ aus „%2“ entfernen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n options from &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Eine Option aus „%1“ entfernen</numerusform>
+            <numerusform>%n Optionen aus „%1“ entfernen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Order the options of &quot;%1&quot;</source>
+        <translation>Optionen von „%1“ ordnen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n variants to &quot;%1&quot;</source>
+        <translation>
+            <numerusform>Eine Variante zu „%1“ hinzufügen</numerusform>
+            <numerusform>%n Varianten zu „%1“ hinzufügen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxVariantUses</name>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und ein weiteres</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>In %n sets</source>
+        <translation>
+            <numerusform>In einem Set</numerusform>
+            <numerusform>In %n Sets</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>In no set</source>
+        <translation>In keinem Set</translation>
+    </message>
+    <message numerus="yes">
+        <source>Moves %n nodes</source>
+        <translation>
+            <numerusform>Bewegt einen Knoten</numerusform>
+            <numerusform>Bewegt %n Knoten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Moves nothing: the scene has no &quot;%1&quot;</source>
+        <translation>Bewegt nichts: die Szene hat kein „%1“</translation>
+    </message>
+    <message>
+        <source>Used By</source>
+        <translation>Verwendung</translation>
+    </message>
+</context>
+<context>
     <name>qxVariants</name>
     <message>
         <source>Variant Sets</source>
@@ -1818,12 +3313,59 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <source>Transforms</source>
         <translation>Transformationen</translation>
     </message>
+    <message>
+        <source>material</source>
+        <translation>Material</translation>
+    </message>
+    <message>
+        <source>overlay</source>
+        <translation>Overlay</translation>
+    </message>
+    <message>
+        <source>transform</source>
+        <translation>Transformation</translation>
+    </message>
+    <message>
+        <source>node</source>
+        <translation>Knoten</translation>
+    </message>
+    <message>
+        <source>light</source>
+        <translation>Licht</translation>
+    </message>
 </context>
 <context>
     <name>qxVariantsDock</name>
     <message>
         <source>Variants</source>
         <translation>Varianten</translation>
+    </message>
+    <message>
+        <source>Search variants</source>
+        <translation>Varianten suchen</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Make variants of what the scene has</source>
+        <translation>Varianten von dem anlegen, was die Szene hat</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants found</source>
+        <translation>
+            <numerusform>Eine Variante gefunden</numerusform>
+            <numerusform>%n Varianten gefunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Used By</source>
+        <translation>Verwendung</translation>
     </message>
 </context>
 <context>
@@ -1835,6 +3377,10 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>State</source>
         <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Aktionen</translation>
     </message>
 </context>
 <context>
@@ -2142,6 +3688,30 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Sets and variants are saved. Saving also keeps what is shown now, as the state in which the file opens.</source>
         <translation>Sets und Varianten sind gespeichert. Speichern behält auch, was jetzt zu sehen ist: So öffnet sich die Datei dann.</translation>
+    </message>
+    <message>
+        <source>V&amp;ariants</source>
+        <translation>&amp;Varianten</translation>
+    </message>
+    <message>
+        <source>Save &amp;Picture...</source>
+        <translation>Bil&amp;d speichern …</translation>
+    </message>
+    <message>
+        <source>Save S&amp;heet...</source>
+        <translation>Bo&amp;gen speichern …</translation>
+    </message>
+    <message>
+        <source>Export Cata&amp;logue...</source>
+        <translation>Ka&amp;talog exportieren …</translation>
+    </message>
+    <message>
+        <source>Presentatio&amp;n</source>
+        <translation>&amp;Präsentation</translation>
+    </message>
+    <message>
+        <source>Na&amp;mes in Presentation</source>
+        <translation>&amp;Namen in der Präsentation</translation>
     </message>
 </context>
 </TS>

@@ -53,7 +53,7 @@ protected:
         Q_EMIT qxPanelChanges::the().setsEdited();
         settle();
     }
-    QTreeView &list() { return *sets.findChild<QTreeView *>(); }
+    QTreeView &list() { return *sets.view()->findChild<QTreeView *>(); }
     QTreeView &tree() { return *variants.findChild<QTreeView *>(); }
     QLineEdit &search() { return *sets.findChild<QLineEdit *>("search"); }
     /// Puts the cursor on a set as a click does.

@@ -60,7 +60,7 @@ protected:
     qxPanelEvents events;
     qxSetEdits edits;
     qxSetsModel tree{qxSetsModel::Tree, &events, &edits};
-    qxSetsModel flat{qxSetsModel::Flat, &events, &edits};
+    qxSetsModel sections{qxSetsModel::Sections, &events, &edits};
     const QString start = "0 Outside,1 Red,1 Blue,0 Inside,1 Leather,0 Extra,0 Alone,0 Bare";
 };
 
@@ -111,7 +111,31 @@ TEST_F(SetsModelTest, TheSearchFindsEveryWordInNameCommentKeyOrGroup)
         tree.setSearch(each.first);
         EXPECT_EQ(rows(tree), each.second) << each.first.toStdString();
     }
-    EXPECT_EQ(rows(flat), "0 Red,0 Blue,0 Leather,0 Alone,0 Bare");
+}
+
+TEST_F(SetsModelTest, SectionsHaveHeadingsAndShowNoSetsWhileTheyAreClosed)
+{
+    const auto now = [this] {
+        settle();
+        return rows(sections);
+    };
+    const QString open =
+        "0 Outside,0 Red,0 Blue,0 Inside,0 Leather,0 Extra,0 In No Group,0 Alone,0 Bare";
+    EXPECT_EQ(now(), open);
+    sections.setClosed({"Outside", QString()});
+    EXPECT_EQ(now(), "0 Outside,0 Inside,0 Leather,0 Extra,0 In No Group");
+    EXPECT_EQ(sections.setsInOrder().join(','), "Red,Blue,Leather,Alone,Bare");
+    EXPECT_TRUE(sections.index(0, 0, QModelIndex()).data(qxSetsModel::ClosedRole).toBool());
+    sections.setSearch("re");
+    EXPECT_EQ(now(), "0 Outside,0 Red,0 In No Group,0 Bare") << "a search opens";
+    sections.setSearch(QString());
+    sections.setClosed({});
+    const QModelIndex alone = sections.indexOfGroup(QString());
+    EXPECT_EQ(alone.data(qxSetsModel::CountRole).toString(), "2");
+    EXPECT_FALSE(alone.flags() & (Qt::ItemIsEditable | Qt::ItemIsDragEnabled));
+    edits.remove({}, {"Outside", "Inside", "Extra"}, true);
+    edits.removeGroup("Hidden", true);
+    EXPECT_EQ(now(), "0 Alone,0 Bare") << "without groups no heading";
 }
 
 TEST_F(SetsModelTest, SetsThatTheSceneShowsAreCurrent)
@@ -167,8 +191,17 @@ TEST_F(SetsModelTest, EveryMoveBringsRowsToTheirPlacesAndIsOneStepToUndo)
          "0 Outside,1 Blue,0 Inside,1 Leather,0 Extra,0 Alone,0 Bare,0 Red"},
         {"sets of several places by key", [&] { edits.shiftSets(names("Blue,Bare"), false); },
          "0 Outside,1 Blue,1 Red,0 Inside,1 Leather,0 Extra,0 Bare,0 Alone"},
-        {"a card onto another", [&] { drop(flat, "Bare", -1, flat.indexOfSet("Blue")); },
+        {"a card onto another", [&] { drop(sections, "Bare", -1, sections.indexOfSet("Blue")); },
          "0 Outside,1 Red,1 Bare,1 Blue,0 Inside,1 Leather,0 Extra,0 Alone"},
+        {"a card behind the last one of a section", [&] { drop(sections, "Alone", 3); },
+         "0 Outside,1 Red,1 Blue,1 Alone,0 Inside,1 Leather,0 Extra,0 Bare"},
+        {"a card onto the heading of those in no group",
+         [&] { drop(sections, "Red", -1, sections.indexOfGroup(QString())); },
+         "0 Outside,1 Blue,0 Inside,1 Leather,0 Extra,0 Alone,0 Bare,0 Red"},
+        {"a card behind everything", [&] { drop(sections, "Leather", 9); },
+         "0 Outside,1 Red,1 Blue,0 Inside,0 Extra,0 Alone,0 Bare,0 Leather"},
+        {"a heading before another", [&] { drop(sections, "Extra", 2); },
+         "0 Outside,1 Red,1 Blue,0 Extra,0 Inside,1 Leather,0 Alone,0 Bare"},
         {"a group goes", [&] { edits.removeGroup("Outside", false); },
          "0 Inside,1 Leather,0 Extra,0 Red,0 Blue,0 Alone,0 Bare"},
         {"a group goes with its sets", [&] { edits.removeGroup("Outside", true); },

@@ -67,7 +67,7 @@ protected:
         return names.join(',');
     }
     QAction *action(const QString &text) const;
-    QTreeView &list() const { return *window->setsDock()->findChild<QTreeView *>(); }
+    QTreeView &list() const { return *window->setsDock()->view()->findChild<QTreeView *>(); }
     QTreeView &variants() const;
     QTreeView &tree() const
     {

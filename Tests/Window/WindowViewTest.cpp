@@ -3,9 +3,9 @@
 
 #include "Pictures/qxPictureProgress.h"
 #include "Render/qxViewSettings.h"
-#include "Session/qxSceneState.h"
 #include "Window/qxLightMenu.h"
 #include "Window/qxOrbit.h"
+#include "Window/qxPreviewMaker.h"
 #include "WindowFixture.h"
 #include "qxController.h"
 #include "qxMessage.h"
@@ -156,6 +156,8 @@ TEST_F(WindowViewTest, APreviewOfASetThatIsNotShownIsAskedForAndACancelledOneLea
     goTo("Speedster");
     const auto previewBy = [this](const char *step) {
         action(step)->trigger();
+        EXPECT_TRUE(QTest::qWaitFor(
+            [this] { return !window->findChild<qxPreviewMaker *>()->isRunning(); }, 60000));
         return qxVariants::findVariantSet("Speedster")->getPreview();
     };
     expectClick("Cancel");
@@ -175,33 +177,6 @@ TEST_F(WindowViewTest, APreviewOfASetThatIsNotShownIsAskedForAndACancelledOneLea
     EXPECT_EQ(previewBy("Update from Scene..."), selected);
     qxPictureProgress::setDisplay(display);
     EXPECT_EQ(previewBy("New Preview"), asShown) << "now it is shown";
-}
-
-TEST_F(WindowViewTest, PreviewsOfAllSetsLeaveTheSceneAloneAndAreOneStep)
-{
-    openDesk();
-    goTo("Evening");
-    const auto made = [] {
-        return std::count_if(qxVariants::_variantSets.begin(), qxVariants::_variantSets.end(),
-                             [](const qxVariantSet *set) { return !set->preview.isEmpty(); });
-    };
-    const qxSceneState before = qxSceneState::take();
-    action("Previews of All Sets")->trigger();
-    EXPECT_EQ(made(), int(qxVariants::_variantSets.size()));
-    EXPECT_TRUE(qxSceneState::take().isLike(before));
-    EXPECT_EQ(window->setsDock()->view()->currentSet(), "Evening");
-    window->setsDock()->undoStack()->undo();
-    EXPECT_EQ(made(), 0);
-    QTimer user;
-    user.callOnTimeout([] {
-        auto *const dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
-        if (dialog && dialog->value() > dialog->maximum() / 2)
-            dialog->cancel();
-    });
-    user.start(0);
-    action("Previews of All Sets")->trigger();
-    EXPECT_TRUE(made() > 0 && made() < int(qxVariants::_variantSets.size())) << made();
-    EXPECT_TRUE(qxSceneState::take().isLike(before));
 }
 
 TEST_F(WindowViewTest, AnimationsPlayInTheViewAndLeaveTheSceneAlone)

@@ -95,6 +95,7 @@ struct qxCodeRow {
     const char *id; ///< stable, such as "QX301"
     qxSeverity severity; ///< the same for all findings of the code
     const char *title; ///< what it means, in a few words
+    const char *advice; ///< what to do about it
 };
 
 /// What belongs to each code.

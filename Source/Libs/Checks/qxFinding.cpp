@@ -3,16 +3,20 @@
 #include <algorithm>
 #include <tuple>
 
-namespace {
-
-const int kept = 1000;
-
-} // namespace
+bool qxFindingPlace::operator==(const qxFindingPlace &other) const
+{
+    return sort == other.sort && set == other.set && kind == other.kind && name == other.name
+        && state == other.state;
+}
 
 void qxFindingList::add(const qxFinding &finding)
 {
-    if (++m_counts[int(finding.code)] <= kept)
-        m_kept += finding;
+    const int code = int(finding.code);
+    ++m_counts[code];
+    if (m_elsewhere.value(code) + m_keptCounts.value(code) >= Limit)
+        return;
+    ++m_keptCounts[code];
+    m_kept += finding;
 }
 
 qxFindings qxFindingList::inOrder() const
@@ -22,8 +26,10 @@ qxFindings qxFindingList::inOrder() const
                      [](const qxFinding &one, const qxFinding &other) {
                          return std::tie(one.line, one.column) < std::tie(other.line, other.column);
                      });
-    QHash<int, int> counts = m_counts;
-    for (auto each = findings.rbegin(); each != findings.rend(); ++each)
-        each->more = std::max(counts.take(int(each->code)) - kept, 0);
+    Counts counts = m_counts;
+    for (auto each = findings.rbegin(); each != findings.rend(); ++each) {
+        const int code = int(each->code);
+        each->more = std::max(counts.take(code) - m_keptCounts.value(code), 0);
+    }
     return findings;
 }

@@ -4,6 +4,42 @@
 
 #include <QHash>
 
+struct qxVariantKind;
+
+/// What a finding belongs to, by names. A set's entries are whatever the set holds of names.
+struct qxFindingPlace {
+    /// What it is.
+    enum Sort {
+        Document, ///< none of the others
+        Group,
+        Set, ///< as a whole
+        Reference, ///< an entry of a set: a variant and its state
+        Viewpoint, ///< an entry of a set, as the next ones are
+        Animation,
+        Geometry,
+        Target,
+        Snapshot,
+        Script, ///< of a set
+        Variant, ///< as a whole
+        Option ///< of a variant
+    };
+
+    Sort sort = Document; ///< says which of the names there are
+    QString set; ///< of a set, and of what belongs to it
+    const qxVariantKind *kind = nullptr; ///< of a reference, a variant, an option
+    /// Of the group, the variant, the viewpoint and so on; of a snapshot the path of its node.
+    QString name;
+    QString state; ///< of a reference; of an option its name
+
+    /// Whether it is something that a set lists.
+    bool isEntry() const { return sort >= Reference && sort <= Snapshot; }
+    ///@{
+    /// Whether all names are the same.
+    bool operator==(const qxFindingPlace &other) const;
+    bool operator!=(const qxFindingPlace &other) const { return !(*this == other); }
+    ///@}
+};
+
 /// Something that a check found in a variants document.
 struct qxFinding {
     qxCode code; ///< what sort of finding it is
@@ -12,6 +48,10 @@ struct qxFinding {
     int line = 0; ///< in the document, from 1
     int column = 0; ///< of the first character of the element, from 1
     int more = 0; ///< so many further ones of its code are not listed
+    qxFindingPlace place; ///< what it belongs to
+    /// What else it is about: the name of another set, what a compiler says, and so on; empty for
+    /// nothing that the place does not say.
+    QString detail;
 
     /// How much it weighs, by its code.
     qxSeverity severity() const { return qxCheckCodes::row(code).severity; }
@@ -24,6 +64,15 @@ typedef QVector<qxFinding> qxFindings;
 /// document can have millions of the same fault.
 class qxFindingList {
 public:
+    /// How many are kept of each code.
+    static constexpr int Limit = 1000;
+    /// Numbers of findings, by code.
+    typedef QHash<int, int> Counts;
+
+    qxFindingList() = default;
+    /// For one of several lists that keep a thousand together: so many are kept by the others.
+    explicit qxFindingList(const Counts &elsewhere) : m_elsewhere(elsewhere) {}
+
     /// Keeps or counts the finding.
     void add(const qxFinding &finding);
     /// What was kept, in the order of the document. The last one of a code knows how many more
@@ -31,8 +80,15 @@ public:
     qxFindings inOrder() const;
     /// The one that was kept last; there must be one.
     const qxFinding &last() const { return m_kept.last(); }
+    /// What was kept, in the order in which it was found.
+    const qxFindings &kept() const { return m_kept; }
+    /// All that were found, and those of them that were kept.
+    const Counts &counts() const { return m_counts; }
+    const Counts &keptCounts() const { return m_keptCounts; }
 
 private:
+    Counts m_elsewhere;
     qxFindings m_kept;
-    QHash<int, int> m_counts; ///< by code
+    Counts m_counts;
+    Counts m_keptCounts;
 };

@@ -1,13 +1,46 @@
 #include "qxLintParts.h"
 
-void qxLintContext::add(qxCode code, const QString &message, const QString &owner,
-                        const QString &tag, const qxSourceLocation &location)
+qxLintSpot qxLintSpot::of(const qxDocumentGroup &group)
 {
-    add(code, message, QStringLiteral("%1/%2[%3]").arg(owner, tag).arg(location.ordinal), location);
+    return {{qxFindingPlace::Group, QString(), nullptr, group.name, QString()},
+            group.path,
+            group.location};
 }
 
-void qxLintContext::add(qxCode code, const QString &message, const QString &path,
-                        const qxSourceLocation &location)
+qxLintSpot qxLintSpot::of(const qxDocumentSet &set)
 {
-    findings.add({code, message, path, location.line, location.column});
+    return {{qxFindingPlace::Set, set.name, nullptr, QString(), QString()}, set.path, set.location};
+}
+
+qxLintSpot qxLintSpot::of(const qxDocumentVariant &variant)
+{
+    return {{qxFindingPlace::Variant, QString(), variant.kind, variant.name, QString()},
+            variant.path,
+            variant.location};
+}
+
+qxLintSpot qxLintSpot::within(const QString &tag, const qxSourceLocation &where,
+                              const qxFindingPlace &part) const
+{
+    return {part,
+            path.isEmpty() ? path : QStringLiteral("%1/%2[%3]").arg(path, tag).arg(where.ordinal),
+            where};
+}
+
+void qxLintContext::add(qxCode code, const qxLintSpot &spot, const QString &message,
+                        const QString &detail)
+{
+    findings.add({code, message, spot.path, spot.location.line, spot.location.column, 0, spot.place,
+                  detail});
+}
+
+void qxTwinLint::note(const QString &name, const qxLintSpot &spot, const QString &replacing)
+{
+    const auto known = m_lines.constFind(name);
+    if (known != m_lines.constEnd())
+        m_context.add(m_code, spot,
+                      *known > 0
+                          ? QStringLiteral("%1 the one of line %2").arg(replacing).arg(*known)
+                          : replacing + QStringLiteral(" an earlier one"));
+    m_lines.insert(name, spot.location.line);
 }

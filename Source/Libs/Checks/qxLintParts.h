@@ -1,57 +1,89 @@
 #pragma once
 
 #include "qxFinding.h"
-#include "qxLintReach.h"
-#include "qxSceneLookup.h"
+#include "qxLintVariantTable.h"
 
-#include <functional>
+/// Where a finding is: what it belongs to, and its element when there is a text.
+struct qxLintSpot {
+    ///@{
+    /// The thing as a whole.
+    static qxLintSpot of(const qxDocumentGroup &group);
+    static qxLintSpot of(const qxDocumentSet &set);
+    static qxLintSpot of(const qxDocumentVariant &variant);
+    ///@}
+    /// An element in the one of this, which belongs to `part`.
+    qxLintSpot within(const QString &tag, const qxSourceLocation &where,
+                      const qxFindingPlace &part) const;
 
-/// What the parts of one look over a document share.
+    qxFindingPlace place;
+    QString path;
+    qxSourceLocation location;
+};
+
+/// What the parts of a look over sets and variants share.
 class qxLintContext {
 public:
-    explicit qxLintContext(const qxDocument &document) : tree(document), variants(document) {}
+    /// Answers what is wrong with a script, or an empty text.
+    typedef std::function<QString(const QString &script)> Compile;
 
-    /// A finding at an element that is a child of the one at `owner`.
-    void add(qxCode code, const QString &message, const QString &owner, const QString &tag,
-             const qxSourceLocation &location);
-    /// A finding at the element at `path` itself.
-    void add(qxCode code, const QString &message, const QString &path,
-             const qxSourceLocation &location);
-    /// A finding at every one of these sets or groups whose name stands before; `kind` says which.
-    template <class List>
-    void addTwins(qxCode code, const QString &kind, const List &all);
+    /// `remembers` is that of qxLintScene.
+    qxLintContext(const Compile &compileScript, bool remembers)
+        : compile(compileScript), scene(remembers), variants(scene)
+    {
+    }
+    qxLintContext(const qxLintContext &) = delete;
 
-    const qxDocument &tree;
-    const qxSceneLookup scene;
-    const qxLintVariants variants;
+    /// A finding there; see qxFinding for the texts.
+    void add(qxCode code, const qxLintSpot &spot, const QString &message,
+             const QString &detail = QString());
+
+    const Compile compile;
+    qxLintScene scene;
+    qxLintVariantTable variants;
+    QHash<QString, int> keys; ///< of hotkeys, by their texts; 0 for one that names none
     qxFindingList findings;
 };
 
-template <class List>
-void qxLintContext::addTwins(qxCode code, const QString &kind, const List &all)
-{
-    QHash<QString, int> lines;
-    for (const auto &each : all) {
-        const auto known = lines.constFind(each.name);
-        if (known != lines.constEnd())
-            add(code,
-                QStringLiteral("%1 \"%2\" replaces the one of line %3")
-                    .arg(kind, each.name)
-                    .arg(*known),
-                each.path, each.location);
-        lines[each.name] = each.location.line;
-    }
-}
+/// Finds things of one name among those of one sort.
+class qxTwinLint {
+public:
+    qxTwinLint(qxLintContext &context, qxCode code) : m_context(context), m_code(code) {}
 
-/// The parts of it, each over the whole document.
+    /// `replacing` begins the sentence of the finding, which goes on with the earlier one.
+    void note(const QString &name, const qxLintSpot &spot, const QString &replacing);
+
+private:
+    qxLintContext &m_context;
+    const qxCode m_code;
+    QHash<QString, int> m_lines;
+};
+
+/// A set with what it is compared by.
+struct qxLintedSet {
+    const qxDocumentSet *set; ///< never null
+    QByteArray digest; ///< the same for sets that do the same; empty for one that does nothing
+};
+
+/// The parts of a look: each takes what it needs, so that what has not changed is left out.
 namespace qxLintParts {
 
-/// Sets: their references, names, snapshots and scripts, and how they compare with one another.
-void lintSets(qxLintContext &context, const std::function<QString(const QString &script)> &compile);
-/// Groups and variants by themselves. What sets use must have been noted before.
-void lintGroups(qxLintContext &context);
-void lintVariants(qxLintContext &context);
-/// Hotkeys of sets and of options; those of options count as use of the option.
-void lintHotkeys(qxLintContext &context);
+///@{
+/// A set by itself: its references, names, snapshots and script. What it uses is noted.
+void lintSet(qxLintContext &context, const qxDocumentSet &set);
+/// Takes back what lintSet noted.
+void forgetUses(qxLintContext &context, const qxDocumentSet &set);
+///@}
+/// See qxLintedSet.
+QByteArray digestOf(const qxDocumentSet &set);
+/// A variant by itself, when all uses are noted.
+void lintVariant(qxLintContext &context, const qxLintVariant &variant);
+///@{
+/// All of them beside one another.
+void lintGroups(qxLintContext &context, const std::vector<qxDocumentGroup> &groups);
+void compareSets(qxLintContext &context, const std::vector<qxLintedSet> &sets);
+void compareVariants(qxLintContext &context);
+/// Hotkeys of sets and of the options of variants.
+void compareHotkeys(qxLintContext &context, const std::vector<qxLintedSet> &sets);
+///@}
 
 } // namespace qxLintParts

@@ -1,72 +1,83 @@
+#include "qxVariantKinds.h"
+
 #include "qxLintParts.h"
-#include "qxLinter.h"
 
 #include <QCryptographicHash>
 
 namespace {
 
 struct ListRule {
+    qxFindingPlace::Sort place;
     const char *tag;
     const char *word;
     qxCode missing;
-    bool (qxSceneLookup::*has)(const QString &name) const;
+    qxLintScene::Sort sort;
 };
 
 const ListRule listRules[qxNameLists] = {
-    {"ViewpointRef", "viewpoint", qxCode::NoSuchViewpoint, &qxSceneLookup::hasViewpoint},
-    {"AnimationRef", "animation", qxCode::NoSuchAnimation, &qxSceneLookup::hasClip},
-    {"GeometryRef", "geometry", qxCode::NoSuchGeometry, &qxSceneLookup::hasNode},
-    {"TargetName", "target node", qxCode::NoSuchTarget, &qxSceneLookup::hasNode},
+    {qxFindingPlace::Viewpoint, "ViewpointRef", "viewpoint", qxCode::NoSuchViewpoint,
+     qxLintScene::Viewpoint},
+    {qxFindingPlace::Animation, "AnimationRef", "animation", qxCode::NoSuchAnimation,
+     qxLintScene::Animation},
+    {qxFindingPlace::Geometry, "GeometryRef", "geometry", qxCode::NoSuchGeometry,
+     qxLintScene::Node},
+    {qxFindingPlace::Target, "TargetName", "target node", qxCode::NoSuchTarget, qxLintScene::Node},
 };
 
 /// An entry of a set that changes something of the scene: a reference or, without one, a target.
 struct Entry {
-    qxLintVariant::Change change;
+    qxLintBase::Change change;
     const qxDocumentReference *reference;
-    const qxVariantKind *kind;
     QString name; ///< of the variant or of the target
 };
 
 QString textOf(const Entry &entry)
 {
-    return entry.reference ? QStringLiteral("\"%1\" of the %2 variant \"%3\"")
-                                 .arg(entry.reference->state, entry.kind->word, entry.name)
-                           : QStringLiteral("the target \"%1\", which is shown").arg(entry.name);
+    return entry.reference
+        ? QStringLiteral("\"%1\" of the %2 variant \"%3\"")
+              .arg(entry.reference->state, entry.reference->kind->word, entry.name)
+        : QStringLiteral("the target \"%1\", which is shown").arg(entry.name);
 }
 
 /// Whether a reference to the overlay variant may lack its state: older documents list so which
 /// overlays are shown. Their overlay variants know showing, hiding and toggling at most.
 bool isOfOldForm(const qxLintVariant *variant)
 {
-    return !variant || variant->element().options.size() <= 3;
+    return !variant || variant->element->options.size() <= 3;
 }
 
 /// The findings of one set.
 class SetLint {
 public:
-    SetLint(qxLintContext &context, const qxDocumentSet &set) : m_context(context), m_set(set) {}
+    SetLint(qxLintContext &context, const qxDocumentSet &set)
+        : m_context(context), m_set(set), m_spot(qxLintSpot::of(set))
+    {
+    }
 
-    void run(const qxLinter::Compile &compile);
+    void run();
 
 private:
     void noteTargets();
     void lintReferences(const qxVariantKind *kind);
-    void lintState(const qxVariantKind *kind, const qxDocumentReference &reference,
-                   qxLintVariant &variant);
-    void noteFight(const qxVariantKind *kind, const qxDocumentReference &reference,
-                   const qxLintVariant::Reach &reach);
+    void lintState(const qxDocumentReference &reference, const qxLintVariant &variant);
+    void noteFight(const qxDocumentReference &reference, const qxLintBase::Reach &reach);
     void lintNames(qxNameList list);
     void lintSnapshots();
-    void lintRest(const qxLinter::Compile &compile);
-    void add(qxCode code, const qxVariantKind *kind, const qxDocumentReference &reference,
-             const QString &what);
+    void lintRest();
+    void add(qxCode code, const qxDocumentReference &reference, const QString &what,
+             const QString &detail = QString());
+    qxFindingPlace placeOf(qxFindingPlace::Sort sort, const QString &name = QString()) const
+    {
+        return {sort, m_set.name, nullptr, name, QString()};
+    }
 
     qxLintContext &m_context;
     const qxDocumentSet &m_set;
+    const qxLintSpot m_spot;
     QHash<qxForecast::Key, Entry> m_changed; ///< who changes what
 };
 
-void SetLint::run(const qxLinter::Compile &compile)
+void SetLint::run()
 {
     noteTargets();
     for (const qxVariantKind *kind : qxVariantKinds::selectionOrder().all())
@@ -74,15 +85,18 @@ void SetLint::run(const qxLinter::Compile &compile)
     for (int list = 0; list < qxNameLists; ++list)
         lintNames(qxNameList(list));
     lintSnapshots();
-    lintRest(compile);
+    lintRest();
 }
 
-void SetLint::add(qxCode code, const qxVariantKind *kind, const qxDocumentReference &reference,
-                  const QString &what)
+void SetLint::add(qxCode code, const qxDocumentReference &reference, const QString &what,
+                  const QString &detail)
 {
-    const QString message = QStringLiteral("set \"%1\", %2 variant \"%3\": %4")
-                                .arg(m_set.name, kind->word, reference.variant, what);
-    m_context.add(code, message, m_set.path, kind->referenceTag, reference.location);
+    const qxFindingPlace place{qxFindingPlace::Reference, m_set.name, reference.kind,
+                               reference.variant, reference.state};
+    m_context.add(code, m_spot.within(reference.kind->referenceTag, reference.location, place),
+                  QStringLiteral("set \"%1\", %2 variant \"%3\": %4")
+                      .arg(m_set.name, reference.kind->word, reference.variant, what),
+                  detail);
 }
 
 /// A selection shows targets before all else, up to the first that is missing.
@@ -91,12 +105,10 @@ void SetLint::noteTargets()
     if (!m_set.includes(qxInclusion::Nodes))
         return;
     for (const qxDocumentText &target : m_set.of(qxNameList::Targets)) {
-        const auto nodes = m_context.scene.nodes(target.text);
-        if (nodes.empty())
+        const auto key = m_context.scene.visibilityOf(target.text);
+        if (!key)
             return;
-        const qxForecast::Key key =
-            qxForecast::keyOf(qxSceneObject(nodes.front()), qxAspect::Visibility);
-        m_changed.insert(key, {{key, true, 1}, nullptr, &qxVariantKinds::node, target.text});
+        m_changed.insert(*key, {{*key, true, 1}, nullptr, target.text});
     }
 }
 
@@ -107,57 +119,57 @@ void SetLint::lintReferences(const qxVariantKind *kind)
         if (each.kind != kind)
             continue;
         if (known.contains(each.variant))
-            add(qxCode::ReferenceTwice, kind, each,
+            add(qxCode::ReferenceTwice, each,
                 QStringLiteral("a second entry; only the last state counts"));
         known.insert(each.variant);
-        qxLintVariant *const variant = m_context.variants.find(kind, each.variant);
+        const qxLintVariant *const variant = m_context.variants.find(kind, each.variant);
+        (variant ? *variant->use : m_context.variants.use(kind, each.variant)).add(each.state, 1);
         const bool isOldForm =
             kind == &qxVariantKinds::overlay && each.state.isEmpty() && isOfOldForm(variant);
-        if (variant && isOldForm)
-            variant->use(each.state);
-        else if (variant)
-            lintState(kind, each, *variant);
-        else if (!isOldForm)
-            add(qxCode::NoSuchVariant, kind, each, QStringLiteral("it does not exist"));
+        if (isOldForm)
+            continue;
+        if (variant)
+            lintState(each, *variant);
+        else
+            add(qxCode::NoSuchVariant, each, QStringLiteral("it does not exist"));
     }
 }
 
-void SetLint::lintState(const qxVariantKind *kind, const qxDocumentReference &reference,
-                        qxLintVariant &variant)
+void SetLint::lintState(const qxDocumentReference &reference, const qxLintVariant &variant)
 {
-    variant.use(reference.state);
     if (!variant.hasOption(reference.state))
-        add(qxCode::NoSuchOption, kind, reference,
+        add(qxCode::NoSuchOption, reference,
             QStringLiteral("\"%1\" is none of its options").arg(reference.state));
-    if (!variant.hasFittingObject())
+    if (!variant.base->hasFittingObject)
         return; // It is said once, of the variant.
-    const qxLintVariant::Reach &reach = variant.reach(reference.state);
+    const qxLintBase::Reach &reach = m_context.scene.reach(*variant.base, reference.state);
     if (!reach.isTaken)
-        add(qxCode::StateUnknownToScene, kind, reference,
+        add(qxCode::StateUnknownToScene, reference,
             QStringLiteral("\"%1\" in the scene does not take the state \"%2\"")
-                .arg(variant.element().base, reference.state));
-    noteFight(kind, reference, reach);
+                .arg(variant.element->base, reference.state),
+            variant.element->base);
+    noteFight(reference, reach);
 }
 
-void SetLint::noteFight(const qxVariantKind *kind, const qxDocumentReference &reference,
-                        const qxLintVariant::Reach &reach)
+void SetLint::noteFight(const qxDocumentReference &reference, const qxLintBase::Reach &reach)
 {
     bool isSaid = false;
-    for (const qxLintVariant::Change &change : reach.changes) {
+    for (const qxLintBase::Change &change : reach.changes) {
         const auto other = m_changed.constFind(change.key);
         if (other == m_changed.constEnd()) {
-            m_changed.insert(change.key, {change, &reference, kind, reference.variant});
+            m_changed.insert(change.key, {change, &reference, reference.variant});
             continue;
         }
-        const bool isSameVariant =
-            other->reference && other->kind == kind && other->name == reference.variant;
+        const bool isSameVariant = other->reference && other->reference->kind == reference.kind
+            && other->name == reference.variant;
         // Two toggles are no agreement, nor are two steps: the second goes on from the first.
         const bool isAgreed =
             change.isPut && other->change.isPut && change.value == other->change.value;
         if (isSaid || isSameVariant || isAgreed)
             continue;
-        add(qxCode::FightingEntries, kind, reference,
-            QStringLiteral("\"%1\" goes against %2").arg(reference.state, textOf(*other)));
+        add(qxCode::FightingEntries, reference,
+            QStringLiteral("\"%1\" goes against %2").arg(reference.state, textOf(*other)),
+            other->name);
         isSaid = true;
     }
 }
@@ -167,15 +179,17 @@ void SetLint::lintNames(qxNameList list)
     const ListRule &rule = listRules[int(list)];
     QSet<QString> known;
     const auto say = [&](qxCode code, const qxDocumentText &name, const char *what) {
-        const QString message =
+        m_context.add(
+            code,
+            m_spot.within(QString::fromLatin1(rule.tag), name.location,
+                          placeOf(rule.place, name.text)),
             QStringLiteral("set \"%1\", %2 \"%3\": %4")
-                .arg(m_set.name, QLatin1String(rule.word), name.text, QLatin1String(what));
-        m_context.add(code, message, m_set.path, QString::fromLatin1(rule.tag), name.location);
+                .arg(m_set.name, QLatin1String(rule.word), name.text, QLatin1String(what)));
     };
     for (const qxDocumentText &each : m_set.of(list)) {
         if (known.contains(each.text))
             say(qxCode::NameTwice, each, "it is listed already");
-        else if (!(m_context.scene.*rule.has)(each.text))
+        else if (!m_context.scene.has(rule.sort, each.text))
             say(rule.missing, each, "the scene does not have it");
         known.insert(each.text);
     }
@@ -183,46 +197,45 @@ void SetLint::lintNames(qxNameList list)
 
 void SetLint::lintSnapshots()
 {
-    const QString tag = QStringLiteral("MaterialSnapshot");
     QSet<QString> known;
     for (const qxDocumentText &each : m_set.snapshots) {
-        const QString what = QStringLiteral("set \"%1\", snapshot of \"%2\": %3");
+        const auto say = [&](qxCode code, const QString &what, const QString &detail = QString()) {
+            m_context.add(code,
+                          m_spot.within(QStringLiteral("MaterialSnapshot"), each.location,
+                                        placeOf(qxFindingPlace::Snapshot, each.text)),
+                          QStringLiteral("set \"%1\", snapshot of \"%2\": %3")
+                              .arg(m_set.name, each.text, what),
+                          detail);
+        };
         if (known.contains(each.text))
-            m_context.add(qxCode::NameTwice,
-                          what.arg(m_set.name, each.text,
-                                   QStringLiteral("a second one; only the last counts")),
-                          m_set.path, tag, each.location);
+            say(qxCode::NameTwice, QStringLiteral("a second one; only the last counts"));
         known.insert(each.text);
-        if (!m_context.scene.hasPath(each.text))
-            m_context.add(qxCode::NoSuchSnapshotPath,
-                          what.arg(m_set.name, each.text, QStringLiteral("no node has that path")),
-                          m_set.path, tag, each.location);
-        if (!m_context.scene.hasMaterial(each.more))
-            m_context.add(qxCode::NoSuchSnapshotMaterial,
-                          what.arg(m_set.name, each.text,
-                                   QStringLiteral("there is no material \"%1\"").arg(each.more)),
-                          m_set.path, tag, each.location);
+        if (!m_context.scene.has(qxLintScene::Path, each.text))
+            say(qxCode::NoSuchSnapshotPath, QStringLiteral("no node has that path"));
+        if (!m_context.scene.has(qxLintScene::Material, each.more))
+            say(qxCode::NoSuchSnapshotMaterial,
+                QStringLiteral("there is no material \"%1\"").arg(each.more), each.more);
     }
 }
 
-void SetLint::lintRest(const qxLinter::Compile &compile)
+void SetLint::lintRest()
 {
     const QString &viewpoint = m_set.defaultViewpoint;
-    if (!viewpoint.isEmpty() && !m_context.scene.hasViewpoint(viewpoint))
-        m_context.add(qxCode::NoSuchDefaultViewpoint,
+    if (!viewpoint.isEmpty() && !m_context.scene.has(qxLintScene::Viewpoint, viewpoint))
+        m_context.add(qxCode::NoSuchDefaultViewpoint, m_spot,
                       QStringLiteral("set \"%1\": there is no viewpoint \"%2\" to end at")
                           .arg(m_set.name, viewpoint),
-                      m_set.path, m_set.location);
+                      viewpoint);
     if (m_set.isEmpty())
         m_context.add(
-            qxCode::EmptySet,
-            QStringLiteral("set \"%1\" holds nothing that a selection applies").arg(m_set.name),
-            m_set.path, m_set.location);
-    const QString error = m_set.script.text.isEmpty() ? QString() : compile(m_set.script.text);
+            qxCode::EmptySet, m_spot,
+            QStringLiteral("set \"%1\" holds nothing that a selection applies").arg(m_set.name));
+    const QString error =
+        m_set.script.text.isEmpty() ? QString() : m_context.compile(m_set.script.text);
     if (!error.isEmpty())
         m_context.add(qxCode::ScriptDoesNotCompile,
-                      QStringLiteral("set \"%1\": %2").arg(m_set.name, error), m_set.script.more,
-                      m_set.script.location);
+                      {placeOf(qxFindingPlace::Script), m_set.script.more, m_set.script.location},
+                      QStringLiteral("set \"%1\": %2").arg(m_set.name, error), error);
 }
 
 /// A short stand-in for everything of a set but its name, its comment, its hotkey and its preview.
@@ -274,30 +287,42 @@ void Digest::add(const std::vector<qxDocumentText> &texts)
     }
 }
 
-/// Sets of one name, and sets that do the same.
-void compare(qxLintContext &context)
-{
-    context.addTwins(qxCode::SetTwice, QStringLiteral("set"), context.tree.sets);
-    QHash<QByteArray, const qxDocumentSet *> first;
-    for (const qxDocumentSet &set : context.tree.sets) {
-        if (set.isEmpty())
-            continue;
-        const qxDocumentSet *&other = first[Digest().of(set)];
-        if (other)
-            context.add(
-                qxCode::EqualSets,
-                QStringLiteral("set \"%1\" does what set \"%2\" does").arg(set.name, other->name),
-                set.path, set.location);
-        else
-            other = &set;
-    }
-}
-
 } // namespace
 
-void qxLintParts::lintSets(qxLintContext &context, const qxLinter::Compile &compile)
+void qxLintParts::lintSet(qxLintContext &context, const qxDocumentSet &set)
 {
-    for (const qxDocumentSet &set : context.tree.sets)
-        SetLint(context, set).run(compile);
-    compare(context);
+    SetLint(context, set).run();
+}
+
+void qxLintParts::forgetUses(qxLintContext &context, const qxDocumentSet &set)
+{
+    for (const qxDocumentReference &each : set.references)
+        context.variants.use(each.kind, each.variant).add(each.state, -1);
+}
+
+QByteArray qxLintParts::digestOf(const qxDocumentSet &set)
+{
+    return set.isEmpty() ? QByteArray() : Digest().of(set);
+}
+
+/// Sets of one name, and sets that do the same.
+void qxLintParts::compareSets(qxLintContext &context, const std::vector<qxLintedSet> &sets)
+{
+    qxTwinLint twins(context, qxCode::SetTwice);
+    for (const qxLintedSet &each : sets)
+        twins.note(each.set->name, qxLintSpot::of(*each.set),
+                   QStringLiteral("set \"%1\" replaces").arg(each.set->name));
+    QHash<QByteArray, const qxDocumentSet *> first;
+    for (const qxLintedSet &each : sets) {
+        if (each.digest.isEmpty())
+            continue;
+        const qxDocumentSet *&other = first[each.digest];
+        if (other)
+            context.add(qxCode::EqualSets, qxLintSpot::of(*each.set),
+                        QStringLiteral("set \"%1\" does what set \"%2\" does")
+                            .arg(each.set->name, other->name),
+                        other->name);
+        else
+            other = each.set;
+    }
 }

@@ -32,18 +32,23 @@ qxCode codeOf(qxDocumentFlaw::Sort flaw)
 
 qxFindings qxLinter::lint(const QByteArray &document, const Compile &compile)
 {
-    qxFindingList findings;
-    const qxDocument tree = qxDocumentXml::read(document, [&findings](const qxDocumentFlaw &flaw) {
-        findings.add(
-            {codeOf(flaw.sort), flaw.message, flaw.path, flaw.location.line, flaw.location.column});
+    qxLintContext context(compile, false);
+    const qxDocument tree = qxDocumentXml::read(document, [&context](const qxDocumentFlaw &flaw) {
+        context.add(codeOf(flaw.sort), {{}, flaw.path, flaw.location}, flaw.message);
     });
     if (!tree.isWhole)
-        return {findings.last()};
-    qxLintContext context(tree);
-    context.findings = findings;
-    qxLintParts::lintSets(context, compile);
-    qxLintParts::lintHotkeys(context);
-    qxLintParts::lintGroups(context);
-    qxLintParts::lintVariants(context);
+        return {context.findings.last()};
+    context.variants.set(tree.variants);
+    std::vector<qxLintedSet> sets;
+    for (const qxDocumentSet &set : tree.sets) {
+        qxLintParts::lintSet(context, set);
+        sets.push_back({&set, qxLintParts::digestOf(set)});
+    }
+    qxLintParts::compareSets(context, sets);
+    qxLintParts::compareHotkeys(context, sets);
+    qxLintParts::lintGroups(context, tree.groups);
+    qxLintParts::compareVariants(context);
+    for (const qxLintVariant &variant : context.variants.all())
+        qxLintParts::lintVariant(context, variant);
     return context.findings.inOrder();
 }

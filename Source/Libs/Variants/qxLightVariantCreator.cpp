@@ -22,9 +22,14 @@ bool qxLightVariantCreator::traverse(osg::NodePtr node)
     return true;
 }
 
+bool qxLightVariantCreator::takes(const osg::NodePtr &node) const
+{
+    return node != osg::NullFC && osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC;
+}
+
 osg::Action::ResultE qxLightVariantCreator::traverseEnter(qxGraphOpNode node)
 {
-    if (node != osg::NullFC && osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC)
+    if (takes(node))
         qxVariants::createLightVariant(node, false);
     return osg::Action::Continue;
 }

@@ -9,9 +9,14 @@ osg::GraphOp *qxNodeVariantCreator::create()
     return new qxNodeVariantCreator;
 }
 
+bool qxNodeVariantCreator::takes(const osg::NodePtr &node) const
+{
+    return isSwitchWithChildren(node);
+}
+
 osg::Action::ResultE qxNodeVariantCreator::traverseEnter(qxGraphOpNode node)
 {
-    if (isSwitchWithChildren(node))
+    if (takes(node))
         qxVariants::createNodeVariant(node, false);
     return osg::Action::Continue;
 }

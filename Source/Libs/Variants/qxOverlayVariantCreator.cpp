@@ -9,9 +9,14 @@ osg::GraphOp *qxOverlayVariantCreator::create()
     return new qxOverlayVariantCreator;
 }
 
+bool qxOverlayVariantCreator::takes(const osg::NodePtr &node) const
+{
+    return isSwitchWithChildren(node);
+}
+
 osg::Action::ResultE qxOverlayVariantCreator::traverseEnter(qxGraphOpNode node)
 {
-    if (isSwitchWithChildren(node))
+    if (takes(node))
         qxVariants::createOverlayVariant(node, false);
     return osg::Action::Continue;
 }

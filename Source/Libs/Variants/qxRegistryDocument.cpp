@@ -10,6 +10,7 @@ template <class Names>
 std::vector<qxDocumentText> textsOf(const Names &names)
 {
     std::vector<qxDocumentText> texts;
+    texts.reserve(std::size_t(names.size()));
     for (const QString &name : names)
         texts.push_back({name, QString(), {}});
     return texts;
@@ -36,6 +37,13 @@ qxDocumentGroup qxRegistryDocument::of(const qxVariantGroup &group)
 
 qxDocumentSet qxRegistryDocument::of(const qxVariantSet &set)
 {
+    qxDocumentSet data = withoutPreview(set);
+    data.preview = set.preview.toBase64();
+    return data;
+}
+
+qxDocumentSet qxRegistryDocument::withoutPreview(const qxVariantSet &set)
+{
     qxDocumentSet data;
     data.name = set.name;
     data.comment = set.comment;
@@ -44,7 +52,10 @@ qxDocumentSet qxRegistryDocument::of(const qxVariantSet &set)
     data.hasHotkey = true;
     data.isSequential = set.sequentialAnimation;
     data.script.text = set.script;
-    data.preview = set.preview.toBase64();
+    std::size_t references = 0;
+    for (const qxVariantKind *kind : qxVariantKinds::all())
+        references += (set.*kind->states).size();
+    data.references.reserve(references);
     for (const qxVariantKind *kind : qxVariantKinds::referenceOrder().all()) {
         for (const qxVariantState &each : set.*kind->states)
             data.references.push_back({kind, each.variant, each.state, {}});

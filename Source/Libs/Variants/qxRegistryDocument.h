@@ -17,5 +17,7 @@ qxDocumentGroup of(const qxVariantGroup &group);
 qxDocumentSet of(const qxVariantSet &set);
 qxDocumentVariant of(const qxVariantKind &kind, const qxVariant &variant);
 ///@}
+/// The same without the preview, which takes the most time and room.
+qxDocumentSet withoutPreview(const qxVariantSet &set);
 
 } // namespace qxRegistryDocument

@@ -112,13 +112,15 @@ void decideTransformSwitch(const qxSceneObject &object, qxStateRequest &request,
     const osg::UInt32 count = core->getCount();
     osg::UInt32 place = 0;
     qxReason reason = qxReason::Stepped;
-    if (request.step)
+    if (request.step) {
         place = qxSwitchStepping::stepTransformSwitch(
             *request.step, osg::UInt32(target.value(object, qxAspect::Choice)), count);
-    else if (std::sscanf(request.name.c_str(), TransformName, &place) != 1)
-        reason = qxReason::FirstTransform;
-    else
+    } else if (const auto number = qxStateRules::transformPlace(request.state)) {
+        place = *number;
         reason = place < count ? qxReason::Numbered : qxReason::BeyondTransforms;
+    } else {
+        reason = qxReason::FirstTransform;
+    }
     takeChoice({object, qxAspect::Choice, place, reason}, request.isFirstVisit(core), target);
 }
 
@@ -363,4 +365,11 @@ QString qxStateRules::stateOf(const qxSceneObject &object, qxAspect aspect)
 QString qxStateRules::transformName(osg::UInt32 place)
 {
     return QString::asprintf(TransformName, place);
+}
+
+std::optional<osg::UInt32> qxStateRules::transformPlace(const QString &state)
+{
+    osg::UInt32 place = 0;
+    const bool isOne = std::sscanf(qxText::toUtf8(state).c_str(), TransformName, &place) == 1;
+    return isOne ? std::optional<osg::UInt32>(place) : std::nullopt;
 }

@@ -147,7 +147,11 @@ std::string nameAt(const qxSceneObject &object, qxAspect aspect, osg::Int64 plac
 QString stateFor(const qxSceneObject &object, qxAspect aspect, osg::Int64 value);
 /// The state that the scene shows now.
 QString stateOf(const qxSceneObject &object, qxAspect aspect);
-/// The name of a state of a transform switch.
+///@{
+/// The name of a state of a transform switch, and the place that such a switch takes from a text,
+/// be there a state or not; none for a text that is no such name.
 QString transformName(osg::UInt32 place);
+std::optional<osg::UInt32> transformPlace(const QString &state);
+///@}
 
 } // namespace qxStateRules

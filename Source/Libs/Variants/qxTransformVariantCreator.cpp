@@ -23,9 +23,14 @@ bool qxTransformVariantCreator::traverse(osg::NodePtr node)
     return true;
 }
 
+bool qxTransformVariantCreator::takes(const osg::NodePtr &node) const
+{
+    return qxNodeUtils::hasTransformVariants(node);
+}
+
 osg::Action::ResultE qxTransformVariantCreator::traverseEnter(qxGraphOpNode node)
 {
-    if (qxNodeUtils::hasTransformVariants(node))
+    if (takes(node))
         qxVariants::createTransformVariant(node, false);
     return osg::Action::Continue;
 }

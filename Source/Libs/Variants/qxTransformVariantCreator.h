@@ -9,6 +9,8 @@ public:
 
     /// A new operation of this class, owned by the caller.
     osg::GraphOp *create() override;
+    /// A node with named transform states.
+    bool takes(const osg::NodePtr &node) const override;
     /// Walks the tree and then announces "transformVariantChanged", also when nothing was created.
     bool traverse(osg::NodePtr node) override;
 

@@ -31,6 +31,9 @@ public:
     /// Empty: there is nothing to set.
     std::string usage() override;
 
+    /// Whether the walk makes a variant of this node, as long as the registry has none of its name.
+    /// False for a null node.
+    virtual bool takes(const osg::NodePtr &node) const = 0;
     /// Walks the tree below `node`, depth first, and answers true.
     virtual bool traverse(osg::NodePtr node);
     /// Always goes on.

@@ -28,7 +28,9 @@ struct qxVariantNotifications {
 struct qxVariantKind {
     typedef std::function<void(qxVariant &variant)> Visit; ///< gets one after the other
 
-    QLatin1String word; ///< for users of commands and reports, such as "node"
+    /// For users of commands and reports, such as "node"; a text of the context "qxVariants", ended
+    /// by a null character.
+    QLatin1String word;
     const char *title; ///< for people, in English; a text of the context "qxVariants"
     QLatin1String tag; ///< of the document's element for a variant
     QLatin1String referenceTag; ///< of the element of a set that refers to a variant

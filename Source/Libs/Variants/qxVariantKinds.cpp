@@ -120,8 +120,8 @@ constexpr qxVariantKind row(const KindNames &names, qxStateList qxVariantReferen
 constexpr qxVariantKind materialRow()
 {
     auto kind = row<qxMaterialVariant, qxVariantLists::_materialVariants>(
-        {"material", QT_TRANSLATE_NOOP("qxVariants", "Materials"), "MaterialVariant",
-         "MaterialVariantRef"},
+        {QT_TRANSLATE_NOOP("qxVariants", "material"), QT_TRANSLATE_NOOP("qxVariants", "Materials"),
+         "MaterialVariant", "MaterialVariantRef"},
         &qxVariantReferences::materialVariants, &qxMaterialVariant::switchMaterialName,
         qxStateRules::material);
     kind.complete = [](const qxVariant &variant) {
@@ -147,7 +147,8 @@ qxVariant *createOverlay(const QString &name, bool notify)
 constexpr qxVariantKind overlayRow()
 {
     auto kind = row<qxOverlayVariant, qxVariantLists::_overlayVariants>(
-        {"overlay", QT_TRANSLATE_NOOP("qxVariants", "Overlays"), "OverlayVariant", "OverlayRef"},
+        {QT_TRANSLATE_NOOP("qxVariants", "overlay"), QT_TRANSLATE_NOOP("qxVariants", "Overlays"),
+         "OverlayVariant", "OverlayRef"},
         &qxVariantReferences::overlayVariants, &qxOverlayVariant::overlayName,
         qxStateRules::overlay);
     kind.create = createOverlay;
@@ -158,8 +159,8 @@ constexpr qxVariantKind overlayRow()
 constexpr qxVariantKind transformRow()
 {
     auto kind = row<qxTransformVariant, qxVariantLists::_transformVariants>(
-        {"transform", QT_TRANSLATE_NOOP("qxVariants", "Transforms"), "TransformVariant",
-         "TransformRef"},
+        {QT_TRANSLATE_NOOP("qxVariants", "transform"),
+         QT_TRANSLATE_NOOP("qxVariants", "Transforms"), "TransformVariant", "TransformRef"},
         &qxVariantReferences::transformVariants, &qxTransformVariant::nodeName,
         qxStateRules::transform);
     kind.makesUsed = false;
@@ -172,13 +173,15 @@ constexpr qxVariantKind transformRow()
 namespace qxVariantKinds {
 
 constexpr qxVariantKind node = row<qxNodeVariant, qxVariantLists::_nodeVariants>(
-    {"node", QT_TRANSLATE_NOOP("qxVariants", "Nodes"), "NodeVariant", "NodeVariantRef"},
+    {QT_TRANSLATE_NOOP("qxVariants", "node"), QT_TRANSLATE_NOOP("qxVariants", "Nodes"),
+     "NodeVariant", "NodeVariantRef"},
     &qxVariantReferences::nodeVariants, &qxNodeVariant::nodeName, qxStateRules::node);
 
 constexpr qxVariantKind material = materialRow();
 
 constexpr qxVariantKind light = row<qxLightVariant, qxVariantLists::_lightVariants>(
-    {"light", QT_TRANSLATE_NOOP("qxVariants", "Lights"), "LightVariant", "LightVariantRef"},
+    {QT_TRANSLATE_NOOP("qxVariants", "light"), QT_TRANSLATE_NOOP("qxVariants", "Lights"),
+     "LightVariant", "LightVariantRef"},
     &qxVariantReferences::lightVariants, &qxLightVariant::lightName, qxStateRules::light);
 
 constexpr qxVariantKind overlay = overlayRow();

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "qxNodePtr.h"
+
 #include <QString>
-#include <QStringList>
 
 #include <vector>
 
@@ -15,7 +16,8 @@ struct qxDraggedState {
     QString state; ///< empty for the one that the scene shows
 };
 
-/// What docks give each other by drag and drop, within one program.
+/// What docks give each other by drag and drop, within one process: data of another one holds
+/// nothing.
 namespace qxDragData {
 
 ///@{
@@ -24,9 +26,12 @@ void setStates(QMimeData &data, const std::vector<qxDraggedState> &states);
 std::vector<qxDraggedState> statesOf(const QMimeData &data);
 ///@}
 ///@{
-/// Nodes of the scene, by their unique paths (see qxSceneLookup).
-void setNodes(QMimeData &data, const QStringList &paths);
-QStringList nodesOf(const QMimeData &data);
+/// Nodes of the scene, by their identifiers; those that are gone meanwhile are left out.
+void setNodes(QMimeData &data, const std::vector<qxNodePtr> &nodes);
+std::vector<qxNodePtr> nodesOf(const QMimeData &data);
 ///@}
+
+/// Whether there are states or nodes in it.
+bool isKnown(const QMimeData &data);
 
 } // namespace qxDragData

@@ -1,28 +1,17 @@
-#include "qxVariantSet.h"
-
-#include "Report/qxCataloguePage.h"
 #include "Report/qxOutput.h"
+#include "Report/qxStreams.h"
 #include "Session/qxInterrupt.h"
 #include "Session/qxPictureOptions.h"
 #include "Session/qxSession.h"
-#include "Session/qxSetPreviews.h"
+#include "Session/qxSetPictures.h"
 #include "qxCommand.h"
-#include "qxStreams.h"
 #include "qxValueKind.h"
 
-#include <QBuffer>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
-#include <QImage>
 
 namespace {
-
-/// On a card of the page; fine screens and phones show the pictures twice as large.
-const QSize cardSize(330, 220);
-/// Of a pixel. Few, because the pixels are many, and smaller than those of most screens.
-constexpr int Samples = 4;
-constexpr int JpegQuality = 85;
 
 QList<QCommandLineOption> catalogueOptions()
 {
@@ -33,31 +22,6 @@ QList<QCommandLineOption> catalogueOptions()
                                      qxCommands::noScriptsOption(),
                                      qxCommands::traceOption()}
     + qxPictureOptions::all();
-}
-
-QByteArray jpegOf(const QImage &image)
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPG", JpegQuality);
-    return buffer.data();
-}
-
-/// Pictures of these sets; counts in `done` like qxSetPreviews::visit.
-qxCataloguePage::Pictures makePictures(const QStringList &names, int &done)
-{
-    qxCataloguePage::Pictures pictures;
-    done = qxSetPreviews::visit(names, [&pictures](qxVariantSet &set) {
-        const QSize size = cardSize * 2;
-        const QImage picture = QImage::fromData(qxSetPreviews::render(size.width(), size.height()));
-        if (picture.isNull())
-            return false;
-        const QImage small =
-            picture.scaled(cardSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        pictures[set.name] = {jpegOf(picture), jpegOf(small)};
-        return true;
-    });
-    return pictures;
 }
 
 int runCatalogue(const QCommandLineParser &parser)
@@ -78,11 +42,11 @@ int runCatalogue(const QCommandLineParser &parser)
     if (!session.open(file))
         return WorkFailed;
 
-    qxSetPreviews::prepare(parser, Samples);
+    qxSetPreviews::prepare(parser, qxSetPictures::pageSamples);
     const qxInterrupt interrupt;
     const QStringList names = qxSetPreviews::allNames();
-    int done = 0;
-    const qxCataloguePage::Pictures pictures = makePictures(names, done);
+    qxCataloguePage::Pictures pictures;
+    const int done = qxSetPreviews::visit(names, qxSetPictures::onPage(pictures));
     if (qxInterrupt::isAsked() && pictures.isEmpty())
         return qxCommands::endedEarly(QStringLiteral("no page was written"));
     if (!qxSetPreviews::reopen(session, file, {}))

@@ -1,17 +1,10 @@
 #include "qxVariant.h"
-#include "qxVariantCreator.h"
 #include "qxVariantKinds.h"
-#include "qxVariants.h"
 
+#include "Registry/qxVariantSources.h"
 #include "Report/qxOutput.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
-#include "qxCreators.h"
-#include "qxOverlays.h"
-#include "qxScenegraph.h"
-
-#include <OpenSG/OSGGraphOpFactory.h>
-#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -20,36 +13,16 @@
 
 namespace {
 
-/// Runs the operation of that name over the tree below `root`.
-void runOperation(const char *name, const osg::NodePtr &root)
-{
-    const std::unique_ptr<osg::GraphOp> operation(osg::GraphOpFactory::the().create(name));
-    // The walk of the base class would announce nothing.
-    dynamic_cast<qxVariantCreator &>(*operation).traverse(root);
-}
-
-/// Plain materials are left alone: a variant would put a switch material in their place.
-void createMaterials()
-{
-    std::vector<osg::MaterialPtr> materials;
-    qxScenegraph::getMaterialPool()->get(materials);
-    for (const osg::MaterialPtr &material : materials) {
-        if (osg::SwitchMaterialPtr::dcast(material) != osg::NullFC)
-            qxVariants::createMaterialVariant(material, false);
-    }
-}
-
 struct Kind {
     const char *word;
-    void (*create)();
+    const qxVariantKind *kind;
 };
 
-const Kind creatorKinds[] = {
-    {"nodes", [] { runOperation("qxNodeVariantCreator", qxScenegraph::getRoot()); }},
-    {"lights", [] { runOperation("qxLightVariantCreator", qxScenegraph::getRoot()); }},
-    {"overlays", [] { runOperation("qxOverlayVariantCreator", qxOverlays::getPoolRoot()); }},
-    {"transforms", [] { runOperation("qxTransformVariantCreator", qxScenegraph::getRoot()); }},
-    {"materials", createMaterials}};
+const Kind creatorKinds[] = {{"nodes", &qxVariantKinds::node},
+                             {"lights", &qxVariantKinds::light},
+                             {"overlays", &qxVariantKinds::overlay},
+                             {"transforms", &qxVariantKinds::transform},
+                             {"materials", &qxVariantKinds::material}};
 
 QStringList allWords()
 {
@@ -98,10 +71,9 @@ QList<qxVariant *> create(const QStringList &words)
     QSet<const qxVariant *> known;
     qxVariantKinds::visit(
         [&](const qxVariantKind &, const qxVariant &variant) { known += &variant; });
-    const qxCreators creators;
     for (const Kind &kind : creatorKinds) {
         if (words.contains(QLatin1String(kind.word)))
-            kind.create();
+            qxVariantSources::createAll(*kind.kind);
     }
     QList<qxVariant *> created;
     qxVariantKinds::visit([&](const qxVariantKind &, qxVariant &variant) {

@@ -1,10 +1,10 @@
 #include "Report/qxDiffPage.h"
 #include "Report/qxDiffReport.h"
 #include "Report/qxOutput.h"
+#include "Report/qxStreams.h"
 #include "Session/qxFileComparison.h"
 #include "Session/qxMemoryLimit.h"
 #include "qxCommand.h"
-#include "qxStreams.h"
 
 #include <QCommandLineParser>
 #include <QJsonObject>

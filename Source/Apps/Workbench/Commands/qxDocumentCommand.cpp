@@ -1,6 +1,6 @@
+#include "Report/qxStreams.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
-#include "qxStreams.h"
 
 #include <QCommandLineParser>
 #include <QXmlStreamReader>

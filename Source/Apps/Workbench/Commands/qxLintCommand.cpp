@@ -46,7 +46,7 @@ qxFindings lintScene(qxSession &session, const QByteArray &document)
     QString reason;
     const bool isKnown = !findings.isEmpty() && findings.first().code == qxCode::UnreadableDocument;
     if (!isKnown && !isAccepted(session, document, reason))
-        findings.prepend({qxCode::UnreadableDocument, reason, QString(), 1, 1});
+        findings.prepend({qxCode::UnreadableDocument, reason, QString(), 1, 1, 0, {}, {}});
     return findings;
 }
 

@@ -1,7 +1,7 @@
+#include "Report/qxStreams.h"
 #include "Session/qxMemoryLimit.h"
 #include "qxCommandTable.h"
 #include "qxHelp.h"
-#include "qxStreams.h"
 #include "qxValueKind.h"
 
 #include <QCommandLineParser>

@@ -5,15 +5,15 @@
 #include "Report/qxContactSheet.h"
 #include "Report/qxPictureHint.h"
 #include "Report/qxProgress.h"
+#include "Report/qxStreams.h"
 #include "Session/qxInterrupt.h"
 #include "Session/qxPictureOptions.h"
 #include "Session/qxSession.h"
-#include "Session/qxSetPreviews.h"
+#include "Session/qxSetPictures.h"
 #include "qxCameraService.h"
 #include "qxCommand.h"
 #include "qxFileNames.h"
 #include "qxRenderMoment.h"
-#include "qxStreams.h"
 #include "qxText.h"
 #include "qxTurntable.h"
 #include "qxUnknownName.h"
@@ -25,8 +25,6 @@
 #include <QSize>
 
 namespace {
-
-constexpr int LongestSide = 8192;
 
 /// What the options ask for.
 struct Job {
@@ -79,7 +77,9 @@ QSize sizeOf(const QString &text)
     static const QRegularExpression form(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$"));
     const QRegularExpressionMatch match = form.match(text);
     const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
-    return size.width() > LongestSide || size.height() > LongestSide ? QSize() : size;
+    return size.width() > qxSetPictures::longestSide || size.height() > qxSetPictures::longestSide
+        ? QSize()
+        : size;
 }
 
 /// Success, or why the outputs do not fit what is made.
@@ -116,13 +116,13 @@ int readJob(const QCommandLineParser &parser, Job &job)
         return qxCommands::fail(QStringLiteral("--turntable and --all do not go together"),
                                 WrongUse);
 
-    job.size = job.isSheet() ? QSize(384, 256) : QSize(1280, 720);
+    job.size = job.isSheet() ? qxSetPictures::sheetSize : qxSetPictures::pictureSize;
     if (parser.isSet(QStringLiteral("size")))
         job.size = sizeOf(parser.value(QStringLiteral("size")));
     if (job.size.isEmpty())
         return qxCommands::fail(
             QStringLiteral("--size is WIDTHxHEIGHT, each from 1 to %1, not \"%2\"")
-                .arg(LongestSide)
+                .arg(qxSetPictures::longestSide)
                 .arg(parser.value(QStringLiteral("size"))),
             WrongUse);
     return job.isPicture() ? qxValueKinds::checkFile(job.out) : qxValueKinds::checkFolder(job.out);
@@ -227,12 +227,8 @@ int renderSheet(const Job &job)
 {
     const QStringList names = qxSetPreviews::allNames();
     qxContactSheet sheet(job.size);
-    const int done = qxSetPreviews::visit(names, [&](qxVariantSet &set) {
-        const QByteArray png = picture(job);
-        if (!png.isEmpty())
-            sheet.add(QImage::fromData(png), set.name);
-        return !png.isEmpty();
-    });
+    const int done =
+        qxSetPreviews::visit(names, qxSetPictures::onSheet(sheet, job.size, [&job] { look(job); }));
     if (done > 0 && !qxStreams::write(job.out, sheet.png()))
         return WorkFailed;
     if (done == names.size())

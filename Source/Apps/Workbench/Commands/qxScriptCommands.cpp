@@ -1,10 +1,10 @@
 #include "Report/qxOutput.h"
+#include "Report/qxStreams.h"
 #include "Script/qxPrompt.h"
 #include "Script/qxScriptRunner.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
-#include "qxStreams.h"
 #include "qxText.h"
 
 #include <QCommandLineParser>

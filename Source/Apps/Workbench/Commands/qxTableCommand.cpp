@@ -2,12 +2,12 @@
 #include "Files/qxMemoryBudget.h"
 #include "Report/qxDiffReport.h"
 #include "Report/qxOutput.h"
+#include "Report/qxStreams.h"
 #include "Session/qxEditedDocument.h"
 #include "Table/qxSetTable.h"
 #include "Table/qxSetTableReader.h"
 #include "qxCommand.h"
 #include "qxDocumentXml.h"
-#include "qxStreams.h"
 
 #include <QCommandLineParser>
 

@@ -2,8 +2,8 @@
 
 #include "Files/qxOutputFile.h"
 #include "Report/qxOutput.h"
+#include "Report/qxStreams.h"
 #include "qxCommand.h"
-#include "qxStreams.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>

@@ -1,9 +1,9 @@
 #include "qxVariantVerifier.h"
 
 #include "Report/qxOutput.h"
+#include "Report/qxStreams.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
-#include "qxStreams.h"
 
 #include <QCommandLineParser>
 #include <QTemporaryFile>

@@ -21,11 +21,44 @@
 
 #include <memory>
 
+namespace {
+
+bool visitFrom(const qxSceneSnapshot &before, const QString &name, const qxSetPreviews::Work &work)
+{
+    const qxAnimationRest rest;
+    qxVariants::selectVariantSet(qxText::toUtf8(name).c_str(), false);
+    qxVariantSet *const set = qxVariants::findVariantSet(name);
+    const bool isDone = !set || work(*set);
+    before.restore();
+    return isDone;
+}
+
+} // namespace
+
 void qxSetPreviews::prepare(const QCommandLineParser &parser, int bestSamples)
 {
     qxOSGWidget::setRaytracing(parser.value(QStringLiteral("quality")) != QLatin1String("quick"));
     qxRaytracingManager::getRaytracingUtils()->setImageQuality(bestSamples);
+    lookFromTheStart();
+}
+
+void qxSetPreviews::lookFromTheStart()
+{
+    qxMainView::the() = qxMainView();
     qxKernelServiceFactory::the()->getService<qxCameraService>()->moveToViewpoint(0, 0, 0, 0);
+}
+
+/// The size is that of qxVariants::createPreviewImage.
+qxPictureSettings qxSetPreviews::settings()
+{
+    qxPictureSettings settings;
+    settings.quality = qxPictureSettings::Best;
+    return settings;
+}
+
+bool qxSetPreviews::visit(const QString &name, const Work &work)
+{
+    return visitFrom(qxSceneSnapshot(), name, work);
 }
 
 int qxSetPreviews::visit(const QStringList &names, const Begin &begin, const Work &work)
@@ -33,14 +66,7 @@ int qxSetPreviews::visit(const QStringList &names, const Begin &begin, const Wor
     const qxSceneSnapshot before;
     int done = 0;
     for (const QString &name : names) {
-        if (!begin(name))
-            break;
-        const qxAnimationRest rest;
-        qxVariants::selectVariantSet(qxText::toUtf8(name).c_str(), false);
-        qxVariantSet *const set = qxVariants::findVariantSet(name);
-        const bool isDone = !set || work(*set);
-        before.restore();
-        if (!isDone)
+        if (!begin(name) || !visitFrom(before, name, work))
             break;
         ++done;
     }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "Cameras/qxMainView.h"
+#include "Render/qxPicture.h"
+
 #include <QMap>
 #include <QStringList>
 
@@ -17,11 +20,21 @@ namespace qxSetPreviews {
 /// `bestSamples` is what the best quality stands for (qxPictureSettings::quality).
 void prepare(const QCommandLineParser &parser, int bestSamples = -1);
 
+/// Looks at the scene as a program does that has just opened it: from the first viewpoint, or, in a
+/// scene without one, so that all of it is seen.
+void lookFromTheStart();
+/// What previews are made with, whatever the main view shows: light and background of the program,
+/// best quality.
+qxPictureSettings settings();
+
 /// Receives the name of the next set; returns false to end the work.
 typedef std::function<bool(const QString &name)> Begin;
 /// Called while the set is selected; returns false to end the work.
 typedef std::function<bool(qxVariantSet &set)> Work;
 
+/// Selects the set in a scene whose animations rest, calls `work`, and restores scene and camera;
+/// other effects of the set's script stay. True without a set of that name, else what `work` says.
+bool visit(const QString &name, const Work &work);
 /// Selects each of these sets in a scene whose animations rest, calls `work`, and restores scene
 /// and camera; other effects of the sets' scripts stay. Removed sets are skipped. Returns the
 /// number of sets done; fewer than given if `begin` or `work` ended it.
@@ -47,3 +60,15 @@ QStringList namesWithoutPreview();
 QByteArray render(int width, int height);
 
 } // namespace qxSetPreviews
+
+/// As long as it lives, the main view looks as after qxSetPreviews::lookFromTheStart; then as
+/// before.
+class qxStartView {
+public:
+    qxStartView() { qxSetPreviews::lookFromTheStart(); }
+    qxStartView(const qxStartView &) = delete;
+    ~qxStartView() { qxMainView::the() = m_before; }
+
+private:
+    const qxMainView m_before = qxMainView::the();
+};

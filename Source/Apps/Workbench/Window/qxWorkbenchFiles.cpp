@@ -1,3 +1,4 @@
+#include "Problems/qxProblems.h"
 #include "Session/qxSession.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "qxController.h"
@@ -191,6 +192,7 @@ void qxWorkbenchWindow::showNewScene()
     m_treeView->expandToDepth(0);
     m_view->showNewScene();
     m_events->flush();
+    m_problems->lookAtScene();
     m_unsaved->forget();
     m_recovery->begin(m_path);
 }

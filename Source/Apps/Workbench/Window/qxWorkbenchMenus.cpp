@@ -8,6 +8,8 @@
 #include "qxLightMenu.h"
 #include "qxLogView.h"
 #include "qxOSGWidget.h"
+#include "qxPictureExport.h"
+#include "qxPresentation.h"
 #include "qxRecentFiles.h"
 #include "qxSceneView.h"
 #include "qxScriptConsole.h"
@@ -63,6 +65,13 @@ void qxWorkbenchWindow::buildFileMenu()
                              ? QList<QKeySequence>{Qt::CTRL + Qt::SHIFT + Qt::Key_S}
                              : QKeySequence::keyBindings(QKeySequence::SaveAs));
     menu->addSeparator();
+    named(menu->addAction(QString(), m_export, &qxPictureExport::savePicture),
+          QT_TR_NOOP("Save &Picture..."));
+    named(menu->addAction(QString(), m_export, &qxPictureExport::saveSheet),
+          QT_TR_NOOP("Save S&heet..."));
+    named(menu->addAction(QString(), m_export, &qxPictureExport::exportCatalogue),
+          QT_TR_NOOP("Export Cata&logue..."));
+    menu->addSeparator();
     named(menu->addAction(QString(), this, &qxWorkbenchWindow::showScripts),
           QT_TR_NOOP("S&cripts of This File..."));
     menu->addSeparator();
@@ -109,6 +118,9 @@ void qxWorkbenchWindow::buildViewMenu()
         qxController::updateRender(true);
     });
     named(menu->addMenu(new qxLightMenu(this)), QT_TR_NOOP("Light and Back&ground"));
+    menu->addSeparator();
+    menu->addAction(named(m_presentation->action(), QT_TR_NOOP("Presentatio&n")));
+    menu->addAction(named(m_presentation->namesAction(), QT_TR_NOOP("Na&mes in Presentation")));
     menu->addSeparator();
     auto *const panes = new QMenu(this);
     named(menu->addMenu(panes), QT_TR_NOOP("&Panes"));
@@ -227,11 +239,28 @@ void qxWorkbenchWindow::buildToolBar()
     m_tools->addSeparator();
     add(m_everything, "everything");
     add(m_rayTracing, "rayTracing");
+    add(m_presentation->action(), "presentation");
 }
 
 void qxWorkbenchWindow::buildSetsMenu()
 {
     addMenu(QT_TR_NOOP("&Sets"))->addActions(m_sets->setActions());
+}
+
+void qxWorkbenchWindow::buildVariantsMenu()
+{
+    addMenu(QT_TR_NOOP("V&ariants"))->addActions(m_variants->variantActions());
+    const qxSetsView *const sets = m_sets->view();
+    connect(sets, &qxSetsView::currentChanged, m_variants,
+            [this, sets] { m_variants->setCurrentSet(sets->currentSet()); });
+    connect(m_variants, &qxVariantsDock::setWanted, sets, &qxSetsView::showSet);
+    connect(m_variants, &qxVariantsDock::nodeWanted, this, &qxWorkbenchWindow::showPicked);
+    m_variants->setSelectedNodes([this] {
+        std::vector<osg::NodePtr> nodes;
+        for (const QModelIndex &row : m_treeView->selectionModel()->selectedRows())
+            nodes.push_back(m_tree->nodeAt(row));
+        return nodes;
+    });
 }
 
 void qxWorkbenchWindow::buildHelpMenu()

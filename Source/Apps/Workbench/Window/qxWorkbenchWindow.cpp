@@ -1,10 +1,12 @@
 #include "qxWorkbenchWindow.h"
 
 #include "Core/qxMainWindow.h"
+#include "Problems/qxProblems.h"
+#include "Problems/qxProblemsDock.h"
 #include "Script/qxBlockedScriptReport.h"
+#include "Script/qxScriptCheck.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
-#include "Session/qxSetPreviews.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
 #include "qxAnimationBar.h"
@@ -17,7 +19,9 @@
 #include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
-#include "qxPreviewDialog.h"
+#include "qxPictureExport.h"
+#include "qxPresentation.h"
+#include "qxPreviewMaker.h"
 #include "qxRecentFiles.h"
 #include "qxRecovery.h"
 #include "qxSceneTreeModel.h"
@@ -38,6 +42,7 @@
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 #include <QTreeView>
 #include <QUndoStack>
 
@@ -55,10 +60,12 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     m_centre->addWidget(m_view);
     setCentralWidget(m_centre);
     buildDocks();
+    buildPictures();
     buildFileMenu();
     buildEditMenu();
     buildViewMenu();
     buildSetsMenu();
+    buildVariantsMenu();
     buildHelpMenu();
     buildToolBar();
     connect(m_recentFiles, &qxRecentFiles::chosen, this, &qxWorkbenchWindow::openAnother);
@@ -72,7 +79,6 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_sets, &qxVariantSetsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
     connect(m_events, &qxPanelEvents::aboutToForget, this, &qxWorkbenchWindow::forgetScene);
     connect(m_variants, &qxVariantsDock::aboutToSelect, this, &qxWorkbenchWindow::rememberForBack);
-    connect(m_sets, &qxVariantSetsDock::previewsWanted, this, &qxWorkbenchWindow::makePreviews);
     connect(m_events, &qxPanelEvents::statesChanged, m_tree, &qxSceneTreeModel::refresh);
     m_unsaved = new qxUnsavedChanges(m_sets->undoStack(), m_events, this);
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &qxWorkbenchWindow::showUnsaved);
@@ -98,11 +104,24 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     m_start->setFocus();
 }
 
+/// Whatever makes pictures besides the view.
+void qxWorkbenchWindow::buildPictures()
+{
+    m_previews = new qxPreviewMaker(m_sets, m_events, this);
+    connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_previews, &qxPreviewMaker::noteEdit);
+    m_presentation = new qxPresentation(this, m_view, m_sets);
+    connect(m_presentation, &qxPresentation::ended, this, &qxWorkbenchWindow::closeLater);
+    m_export = new qxPictureExport(this, m_sets, [this] { return m_path; });
+    connect(m_export, &qxPictureExport::done, this,
+            [this](const QString &sentence) { statusBar()->showMessage(sentence, 15000); });
+}
+
 qxWorkbenchWindow::~qxWorkbenchWindow()
 {
     // The stack emits signals while its dock is already destroyed.
     m_sets->undoStack()->disconnect(this);
     // Views of the scene are destroyed before the scene.
+    delete m_previews;
     m_watchdog.reset();
     m_blockedScripts.reset();
     m_before.reset();
@@ -114,6 +133,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     delete takeCentralWidget();
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         delete dock;
+    delete m_problems;
     delete m_tree;
     delete m_events;
 }
@@ -138,6 +158,7 @@ void qxWorkbenchWindow::buildDocks()
         statusBar()->showMessage(line, 15000);
     });
     m_console = new qxScriptConsole;
+    buildProblems();
     m_animation = new qxAnimationBar(this);
     addToolBar(Qt::BottomToolBarArea, m_animation);
     giveKey(m_animation->playAction(), Qt::Key_Space);
@@ -146,6 +167,33 @@ void qxWorkbenchWindow::buildDocks()
     dockOf(m_treeView, QT_TR_NOOP("Scene"), QStringLiteral("scene"));
     dockOf(m_log, QT_TR_NOOP("Log"), QStringLiteral("log"));
     dockOf(m_console, QT_TR_NOOP("Scripts"), QStringLiteral("scripts"));
+}
+
+void qxWorkbenchWindow::buildProblems()
+{
+    const auto compile = [](const QString &script) {
+        return qxText::fromUtf8(qxScriptCheck::flawOf(qxText::toUtf8(script)));
+    };
+    m_problems = new qxProblems(m_events, compile, this);
+    m_sets->setProblems(m_problems);
+    auto *const dock = new qxProblemsDock(m_problems, m_sets->edits(), this);
+    const auto raise = [](QDockWidget *shown) {
+        shown->show();
+        shown->raise();
+    };
+    connect(dock, &qxProblemsDock::setWanted, this, [this, raise](const QString &set) {
+        raise(m_sets);
+        m_sets->view()->showSet(set);
+    });
+    connect(dock, &qxProblemsDock::groupWanted, this, [this, raise](const QString &group) {
+        raise(m_sets);
+        m_sets->view()->showGroup(group);
+    });
+    connect(dock, &qxProblemsDock::variantWanted, this,
+            [this, raise](const qxVariantKind &kind, const QString &variant) {
+                raise(m_variants);
+                m_variants->showVariant(kind, variant);
+            });
 }
 
 /// One that works while the view has the focus: lists use it themselves.
@@ -191,10 +239,22 @@ void qxWorkbenchWindow::retranslate()
 
 void qxWorkbenchWindow::closeEvent(QCloseEvent *event)
 {
+    if (m_presentation->isRunning()) { // The layout to remember is the one before it.
+        m_closesLater = true;
+        m_presentation->end();
+        return event->ignore();
+    }
     if (!mayLeave())
         return event->ignore();
     m_layout->save();
     QMainWindow::closeEvent(event);
+}
+
+void qxWorkbenchWindow::closeLater()
+{
+    if (m_closesLater)
+        QTimer::singleShot(0, this, &QWidget::close);
+    m_closesLater = false;
 }
 
 /// The start page, as long as there is neither a scene nor a set.
@@ -253,20 +313,6 @@ void qxWorkbenchWindow::forgetScene()
     m_isNewScene = true;
 }
 
-void qxWorkbenchWindow::makePreviews(const QStringList &sets)
-{
-    qxSetPreviews::Previews previews;
-    {
-        qxPreviewDialog dialog(sets.size(), this);
-        qxSetPreviews::visit(
-            sets, [&dialog](const QString &set) { return dialog.begin(set); },
-            [&previews](qxVariantSet &set) { return qxSetPreviews::addPreview(set, previews); });
-    }
-    m_sets->setPreviews(previews);
-    Q_EMIT qxPanelChanges::the().sceneRestored();
-    qxController::updateRender(true);
-}
-
 void qxWorkbenchWindow::goBack()
 {
     if (!m_before)
@@ -293,5 +339,6 @@ void qxWorkbenchWindow::followScripts()
     m_beforeScript.reset();
     m_events->flush();
     m_tree->refresh();
+    m_problems->lookAtScene();
     m_unsaved->look();
 }

@@ -21,6 +21,10 @@ class qxKeysPage;
 class qxLogView;
 class qxPanelEvents;
 class qxPictureDialog;
+class qxProblems;
+class qxPictureExport;
+class qxPresentation;
+class qxPreviewMaker;
 class qxRecentFiles;
 class qxSceneTreeModel;
 class qxSceneView;
@@ -74,11 +78,13 @@ protected:
 
 private:
     void buildDocks();
+    void buildProblems();
     void giveKey(QAction *action, const QKeySequence &key);
     QDockWidget *dockOf(QWidget *contents, const char *title, const QString &name);
     QMenu *addMenu(const char *title);
     /// Sets the text of the action, translated again at each change of language.
     QAction *named(QAction *action, const char *text);
+    void buildPictures();
     void buildFileMenu();
     void buildEditMenu();
     void buildViewMenu();
@@ -87,9 +93,11 @@ private:
     void fillThemeMenu(QMenu *menu);
     void buildToolBar();
     void buildSetsMenu();
+    void buildVariantsMenu();
     void buildHelpMenu();
     void retranslate();
     void showUndo();
+    void closeLater();
     void showKeys();
 
     void askAndOpen();
@@ -118,7 +126,6 @@ private:
     void showPicked(const osg::NodePtr &node);
     void showNode(const QModelIndex &index);
     void rememberForBack();
-    void makePreviews(const QStringList &sets);
     void rememberForScript();
     void focusPane(int step);
     static QDockWidget *dockAround(QWidget *widget);
@@ -146,12 +153,17 @@ private:
     qxAnimationBar *m_animation;
     std::unique_ptr<qxPictureDialog> m_pictureDialog;
     qxVariantSetsDock *m_sets;
+    qxProblems *m_problems;
     qxVariantsDock *m_variants;
     qxSceneTreeModel *m_tree;
     QTreeView *m_treeView;
     qxLogView *m_log;
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;
+    qxPreviewMaker *m_previews;
+    qxPresentation *m_presentation;
+    qxPictureExport *m_export;
+    bool m_closesLater = false; ///< when the presentation has ended
     qxRecovery *m_recovery;
     bool m_showsOtherState = false; ///< than the file, without any edit
     QMenu *m_recent;

@@ -1,30 +1,11 @@
 #include "qxImageWriter.h"
 
+#include "Pictures/qxPicturePng.h"
 #include "Pictures/qxPictureProgress.h"
 #include "Pictures/qxScenePicture.h"
 #include "qxLog.h"
 
-#include <QBuffer>
-#include <QImage>
-
 namespace {
-
-constexpr int DotsPerMeter = 3780; ///< written down in the file; that of a screen would differ
-
-std::string pngOf(const qxPicture &picture, bool isOpaque)
-{
-    const QImage bottomFirst(picture.rgba.data(), picture.width, picture.height, picture.width * 4,
-                             QImage::Format_RGBA8888);
-    QImage image = bottomFirst.mirrored();
-    if (isOpaque)
-        image = image.convertToFormat(QImage::Format_RGB888);
-    image.setDotsPerMeterX(DotsPerMeter);
-    image.setDotsPerMeterY(DotsPerMeter);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return buffer.data().toStdString();
-}
 
 qxPicture::Progress shownProgress()
 {
@@ -58,7 +39,7 @@ std::string qxImageWriter::exportImageFast()
     const qxPicture picture = qxScenePicture::render(settings, progress);
     if (picture.isEmpty() && progress)
         progress(1, 1);
-    return picture.isEmpty() ? std::string() : pngOf(picture, isOpaque);
+    return qxPicturePng::bytes(picture, isOpaque).toStdString();
 }
 
 void qxImageWriter::exportImageFastTerminate()

@@ -53,8 +53,11 @@ qxMainGlView::qxMainGlView(int width, int height)
     qxScenePicture::setBorrower(interruptCurrent);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { work(); });
     m_requests = qxRenderRequests::addListener([this](bool everything) {
+        if (m_isBeginningOrder)
+            return; // Afterwards the scene is as it was.
         if (everything) {
             m_job.reset(); // It may use what is to be forgotten.
+            m_orderJob.reset();
             m_moving.forget();
         }
         ask();
@@ -137,12 +140,51 @@ void qxMainGlView::cancelRefining()
 
 void qxMainGlView::interruptRefining()
 {
+    if (m_orderJob) {
+        m_orderJob.reset();
+        m_timer.start(_stillTime);
+    }
     if (!m_job)
         return;
     m_job.reset();
     m_steps.push_back(m_jobQuality);
     m_timer.start(_stillTime);
     tell();
+}
+
+void qxMainGlView::setOrder(const Order &order)
+{
+    cancelOrder();
+    m_order = order;
+    m_timer.start(_pollTime);
+}
+
+void qxMainGlView::cancelOrder()
+{
+    m_orderJob.reset();
+    m_order = Order();
+}
+
+void qxMainGlView::beginOrder()
+{
+    interruptRefining(); // It has the renderer.
+    m_isBeginningOrder = true;
+    const auto begin = m_order.begin; // It may cancel itself.
+    std::unique_ptr<qxPictureJob> job = begin();
+    m_isBeginningOrder = false;
+    if (m_order.begin)
+        m_orderJob = std::move(job);
+    m_timer.start(m_orderJob ? _pollTime : _stillTime);
+}
+
+/// Its end may place the next one.
+void qxMainGlView::endOrder()
+{
+    const qxPicture picture = m_orderJob->take();
+    const auto end = m_order.end;
+    cancelOrder();
+    m_timer.start(_pollTime);
+    end(picture);
 }
 
 /// The next thing to do while the program is idle.
@@ -153,6 +195,11 @@ void qxMainGlView::work()
     } else if (m_isStale) {
         m_isFluent ? drawMoving() : drawQuick();
         m_timer.start(_stillTime);
+    } else if (m_orderJob) {
+        if (m_orderJob->isDone())
+            endOrder();
+    } else if (m_order.begin && !isCoarseYet()) {
+        beginOrder();
     } else if (m_job && m_job->isDone()) {
         end();
     } else if (!m_job && !m_steps.empty()) {
@@ -162,6 +209,12 @@ void qxMainGlView::work()
         m_timer.stop();
     }
     tell();
+}
+
+/// A picture that was made while something moved is worse than quick, and does not stay so.
+bool qxMainGlView::isCoarseYet() const
+{
+    return m_isCoarse && (m_job || !m_steps.empty());
 }
 
 void qxMainGlView::refine()

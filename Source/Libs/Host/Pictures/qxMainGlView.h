@@ -45,6 +45,21 @@ public:
     /// One listener at a time; an empty one for none.
     void setProgressListener(const Progress &listener) { m_progress = listener; }
 
+    /// A picture of something else, to be made beside the view's own.
+    struct Order {
+        /// Shows what is to be seen, reads it and puts the scene back as it was; the view does not
+        /// follow that. Called whenever the picture is begun, which may be several times; null for
+        /// later.
+        std::function<std::unique_ptr<qxPictureJob>()> begin;
+        /// Gets the picture; an empty one if it could not be made.
+        std::function<void(const qxPicture &picture)> end;
+    };
+    /// Makes that picture in the background while nothing moves in the view; the view's own
+    /// refinement waits for it. One at a time: an order before it is forgotten.
+    void setOrder(const Order &order);
+    /// Forgets the order; its picture is not finished.
+    void cancelOrder();
+
     /// Whether the picture will become finer.
     bool isRefining() const { return m_isStale || m_job || !m_steps.empty(); }
     /// Refines the picture by one step at once; the view does so itself while events are processed.
@@ -57,6 +72,9 @@ public:
 private:
     void ask();
     void work();
+    bool isCoarseYet() const;
+    void beginOrder();
+    void endOrder();
     void drawMoving();
     void drawQuick();
     void planSteps();
@@ -73,6 +91,9 @@ private:
     bool m_isFluent = false;
     bool m_isCoarse = false; ///< the picture is not yet the quick one
     qxMovingPicture m_moving;
+    Order m_order; ///< empty for none
+    std::unique_ptr<qxPictureJob> m_orderJob; ///< while it is being made
+    bool m_isBeginningOrder = false;
     bool m_isStale = true; ///< the picture is older than the scene
     std::vector<int> m_steps; ///< the qualities still to come, the next one last
     int m_total = 0; ///< work of all steps, in samples

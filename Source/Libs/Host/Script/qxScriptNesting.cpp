@@ -91,6 +91,11 @@ qxScriptNesting::~qxScriptNesting()
         raisePending = Py_AddPendingCall(raiseEnding, nullptr) == 0;
 }
 
+bool qxScriptNesting::isRunning()
+{
+    return depth > 0;
+}
+
 bool qxScriptNesting::isNested()
 {
     return depth > 1;

@@ -19,6 +19,8 @@ public:
     /// False if this script must not run; too deep nesting is logged.
     bool mayRun() const { return m_mayRun; }
 
+    /// Whether a script runs at all.
+    static bool isRunning();
     /// Whether a script runs inside another one.
     static bool isNested();
     /// Sets the Python error for an interrupt by the user in the innermost script. From the second

@@ -5,6 +5,7 @@
 
 #include "Undo/qxCaptureRecord.h"
 #include "Undo/qxSetEdits.h"
+#include "qxAmbiguityDialog.h"
 #include "qxCaptureDialog.h"
 #include "qxNames.h"
 #include "qxScenegraph.h"
@@ -13,7 +14,8 @@
 
 namespace {
 
-void captureInto(qxVariantSet &set, const std::vector<qxNodePtr> &roots,
+/// Whether the set got a picture.
+bool captureInto(qxVariantSet &set, const std::vector<qxNodePtr> &roots,
                  const qxCaptureChoice &choice)
 {
     const QString name = set.name;
@@ -23,8 +25,10 @@ void captureInto(qxVariantSet &set, const std::vector<qxNodePtr> &roots,
     const QByteArray picture = qxVariants::createPreviewImage(true, true);
     // Listeners and the progress display may have removed the set.
     qxVariantSet *const captured = qxVariants::findVariantSet(name);
-    if (captured && !picture.isEmpty()) // cancelled: the set keeps the one that it had
-        captured->setPreview(picture);
+    if (!captured || picture.isEmpty()) // cancelled: the set keeps the one that it had
+        return false;
+    captured->setPreview(picture);
+    return true;
 }
 
 std::vector<qxNodePtr> rootsOf(const qxVariantSet &set)
@@ -53,18 +57,18 @@ QString qxSetCapture::capture(qxSetEdits *edits, const QString &group, QWidget *
         return QString();
     const qxCaptureChoice choice = dialog.choice();
     qxCaptureRecord record; // The question about names may change them.
-    if (!qxVariants::verifyNodeNames())
+    if (!qxAmbiguityDialog::settleNames(parent) || !qxVariants::verifyNodeNames())
         return QString();
     return edits->captureSet(
         qxVariants::getUniqueVariantSetName(choice.name), choice.group, record,
         [&choice](qxVariantSet &set) { captureInto(set, {qxScenegraph::getRootNode()}, choice); });
 }
 
-void qxSetCapture::update(qxSetEdits *edits, const QString &set, QWidget *parent)
+bool qxSetCapture::update(qxSetEdits *edits, const QString &set, QWidget *parent)
 {
     const qxVariantSet *const found = qxVariants::findVariantSet(set);
     if (!found)
-        return;
+        return false;
     qxCaptureChoice proposal;
     found->getInclInfo(proposal.nodes, proposal.materials, proposal.lights, proposal.environment,
                        proposal.viewpoint);
@@ -75,11 +79,13 @@ void qxSetCapture::update(qxSetEdits *edits, const QString &set, QWidget *parent
     proposal.name = set;
     qxCaptureDialog dialog(proposal, true, parent);
     if (dialog.exec() != QDialog::Accepted)
-        return;
+        return false;
     const qxCaptureChoice choice = dialog.choice();
     qxCaptureRecord record;
-    if (qxVariants::verifyNodeNames())
-        edits->captureAgain(set, record, [&choice](qxVariantSet &edited) {
-            captureInto(edited, rootsOf(edited), choice);
+    bool hasPicture = false;
+    if (qxAmbiguityDialog::settleNames(parent) && qxVariants::verifyNodeNames())
+        edits->captureAgain(set, record, [&](qxVariantSet &edited) {
+            hasPicture = captureInto(edited, rootsOf(edited), choice);
         });
+    return hasPicture;
 }

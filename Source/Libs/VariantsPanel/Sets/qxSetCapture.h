@@ -12,7 +12,7 @@ namespace qxSetCapture {
 /// stay ambiguous.
 QString capture(qxSetEdits *edits, const QString &group, QWidget *parent);
 /// Captures the scene into an existing set: below its target nodes if it has some, else below the
-/// root. Undo restores the old contents.
-void update(qxSetEdits *edits, const QString &set, QWidget *parent);
+/// root. Undo restores the old contents. Returns whether the set got a new preview.
+bool update(qxSetEdits *edits, const QString &set, QWidget *parent);
 
 } // namespace qxSetCapture

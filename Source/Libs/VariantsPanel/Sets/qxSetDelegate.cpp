@@ -5,10 +5,11 @@
 #include <QApplication>
 #include <QPainter>
 #include <QStyle>
+#include <QStyleOption>
 
 namespace {
 
-const QSize pictureSize(132, 128); ///< half of a preview
+const QSize wholePreview(264, 256);
 const int gap = 6;
 const int barWidth = 3;
 
@@ -91,18 +92,69 @@ void paintCurrentBar(QPainter *painter, const QRect &place, const QStyleOptionVi
                           mixed(option.palette.highlight().color(), Qt::green, 0.5));
 }
 
-void paintPicture(QPainter *painter, const QRect &place, const QStyleOptionViewItem &option,
-                  const QModelIndex &index)
+/// Something small in a corner of a picture, on a ground of its own, so that it is read on any.
+QRect paintBadgeGround(QPainter *painter, const QRect &place, const QStyleOptionViewItem &option)
 {
-    const QPixmap picture = index.data(qxSetsModel::PreviewRole).value<QPixmap>();
-    if (!picture.isNull()) {
-        painter->setRenderHint(QPainter::SmoothPixmapTransform);
-        return painter->drawPixmap(place, picture);
-    }
-    painter->fillRect(place,
-                      mixed(option.palette.text().color(), option.palette.base().color(), 0.08));
-    painter->setPen(mixed(option.palette.text().color(), option.palette.base().color(), 0.6));
-    painter->drawText(place, Qt::AlignCenter | Qt::TextWordWrap, qxSetDelegate::tr("No preview"));
+    QColor ground = option.palette.color(QPalette::Base);
+    ground.setAlphaF(0.85);
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(mixed(option.palette.text().color(), option.palette.base().color(), 0.3));
+    painter->setBrush(ground);
+    painter->drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), gap / 2.0, gap / 2.0);
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    return place;
+}
+
+void paintKeyBadge(QPainter *painter, const QRect &picture, const QStyleOptionViewItem &option,
+                   const QModelIndex &index)
+{
+    const QString key = index.data(qxSetsModel::HotkeyRole).toString();
+    if (key.isEmpty())
+        return;
+    QFont font = option.font;
+    font.setStrikeOut(flag(index, qxSetsModel::KeyTakenRole));
+    painter->setFont(font);
+    const QFontMetrics metrics(font);
+    const QSize size(std::min(metrics.horizontalAdvance(key) + gap, picture.width()),
+                     metrics.height());
+    const QRect place(picture.bottomRight() - QPoint(size.width(), size.height()), size);
+    paintBadgeGround(painter, place, option);
+    painter->setPen(option.palette.color(QPalette::Text));
+    painter->drawText(place, Qt::AlignCenter,
+                      metrics.elidedText(key, Qt::ElideRight, place.width()));
+}
+
+/// From the upper right corner to the left.
+void paintSigns(QPainter *painter, const QRect &picture, const QStyleOptionViewItem &option,
+                const QModelIndex &index)
+{
+    const bool isUnused =
+        flag(index, qxSetsModel::UnusedRole) && !flag(index, qxSetsModel::EmptyRole);
+    const int side = option.fontMetrics.height() + gap / 2;
+    QRect place(picture.right() - side, picture.top() + 1, side, side);
+    const auto paint = [&](QStyle::StandardPixmap sign) {
+        paintBadgeGround(painter, place, option);
+        const int inset = gap / 2;
+        QApplication::style()->standardIcon(sign).paint(
+            painter, place.adjusted(inset, inset, -inset, -inset));
+        place.translate(-side - 1, 0);
+    };
+    if (flag(index, qxSetsModel::StaleRole))
+        paint(QStyle::SP_BrowserReload);
+    if (isUnused)
+        paint(QStyle::SP_MessageBoxWarning);
+}
+
+void paintCurrentFrame(QPainter *painter, const QRect &picture, const QStyleOptionViewItem &option,
+                       const QModelIndex &index)
+{
+    if (!flag(index, qxSetsModel::CurrentRole))
+        return;
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(QPen(mixed(option.palette.highlight().color(), Qt::green, 0.5), barWidth,
+                         Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter->drawRect(
+        picture.adjusted(barWidth / 2, barWidth / 2, -barWidth / 2 - 1, -barWidth / 2 - 1));
 }
 
 } // namespace
@@ -111,12 +163,36 @@ qxSetDelegate::qxSetDelegate(Form form, QObject *parent) : QStyledItemDelegate(p
 {
 }
 
-QSize qxSetDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
+QSize qxSetDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const int line = option.fontMetrics.height();
     if (m_form == Lines)
         return QSize(10 * line, line + gap);
-    return pictureSize + QSize(2 * gap, 2 * line + 3 * gap);
+    if (index.data(qxSetsModel::IsGroupRole).toBool())
+        return QSize(m_headingWidth, line + 2 * gap);
+    return QSize(m_cardWidth, pictureSize().height() + line + 3 * gap);
+}
+
+bool qxSetDelegate::setWidths(int card, int heading)
+{
+    if (card == m_cardWidth && heading == m_headingWidth)
+        return false;
+    m_cardWidth = card;
+    m_headingWidth = heading;
+    return true;
+}
+
+/// As wide as the card, in the relation of a preview.
+QSize qxSetDelegate::pictureSize() const
+{
+    const int width = std::max(1, m_cardWidth - 2 * gap);
+    return QSize(width, width * wholePreview.height() / wholePreview.width());
+}
+
+QRect qxSetDelegate::arrowOf(const QRect &heading, Qt::LayoutDirection direction) const
+{
+    const QRect left(heading.topLeft(), QSize(heading.height(), heading.height()));
+    return QStyle::visualRect(direction, heading, left);
 }
 
 void qxSetDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -129,6 +205,8 @@ void qxSetDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     painter->setFont(fontOf(option, index));
     if (m_form == Lines)
         paintLine(painter, option, index);
+    else if (flag(index, qxSetsModel::IsGroupRole))
+        paintHeading(painter, option, index);
     else
         paintCard(painter, option, index);
     painter->restore();
@@ -163,35 +241,78 @@ void qxSetDelegate::paintLine(QPainter *painter, const QStyleOptionViewItem &opt
                       metrics.elidedText(comment, Qt::ElideRight, place.width()));
 }
 
+/// With a line below it, up to the right side.
+void qxSetDelegate::paintHeading(QPainter *painter, const QStyleOptionViewItem &option,
+                                 const QModelIndex &index) const
+{
+    const QRect arrow = arrowOf(option.rect, option.direction);
+    QStyleOption shape;
+    shape.palette = option.palette;
+    shape.rect = arrow.adjusted(gap, gap, -gap, -gap);
+    shape.state = QStyle::State_Children | QStyle::State_Enabled;
+    if (!flag(index, qxSetsModel::ClosedRole))
+        shape.state |= QStyle::State_Open;
+    const bool isClosed = flag(index, qxSetsModel::ClosedRole);
+    const bool isMirrored = option.direction == Qt::RightToLeft;
+    QApplication::style()->drawPrimitive(!isClosed        ? QStyle::PE_IndicatorArrowDown
+                                             : isMirrored ? QStyle::PE_IndicatorArrowLeft
+                                                          : QStyle::PE_IndicatorArrowRight,
+                                         &shape, painter, option.widget);
+    QRect place = option.rect.adjusted(arrow.width(), 0, -gap, 0);
+    painter->setPen(textColor(option, true));
+    takeRightText(painter, place, index.data(qxSetsModel::CountRole).toString());
+    painter->setPen(textColor(option, isFaint(index)));
+    painter->drawText(
+        place, Qt::AlignVCenter,
+        painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, place.width()));
+    painter->setPen(mixed(option.palette.text().color(), option.palette.base().color(), 0.2));
+    painter->drawLine(option.rect.left() + gap, option.rect.bottom(), option.rect.right() - gap,
+                      option.rect.bottom());
+}
+
+void qxSetDelegate::paintPicture(QPainter *painter, const QRect &place,
+                                 const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    painter->fillRect(place,
+                      mixed(option.palette.text().color(), option.palette.base().color(), 0.08));
+    const QByteArray preview = index.data(qxSetsModel::PreviewRole).toByteArray();
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    QPixmap picture = m_previews.picture(preview, place.size() * ratio);
+    if (!picture.isNull()) {
+        picture.setDevicePixelRatio(ratio);
+        const QSize size = picture.size() / ratio;
+        return painter->drawPixmap(place.left() + (place.width() - size.width()) / 2,
+                                   place.top() + (place.height() - size.height()) / 2, picture);
+    }
+    if (m_previews.isBehind() && !preview.isEmpty())
+        return;
+    painter->setPen(mixed(option.palette.text().color(), option.palette.base().color(), 0.6));
+    painter->drawText(place, Qt::AlignCenter | Qt::TextWordWrap, tr("No preview"));
+}
+
 void qxSetDelegate::paintCard(QPainter *painter, const QStyleOptionViewItem &option,
                               const QModelIndex &index) const
 {
-    QRect place = option.rect.adjusted(gap, gap, -gap, -gap);
-    const QRect picture(QPoint(place.center().x() - pictureSize.width() / 2, place.top()),
-                        pictureSize);
-    paintPicture(painter, picture, option, index);
-    paintCurrentBar(painter, picture, option, index);
-    place.setTop(picture.bottom() + gap);
-    const int line = painter->fontMetrics().height();
-    QRect under(place.left(), place.top() + line, place.width(), line);
-    painter->setPen(textColor(option, true));
-    takeKey(painter, under, index);
-    takeWarningSign(painter, under, index);
-    const QString group = index.data(qxSetsModel::GroupRole).toString();
-    painter->drawText(under, Qt::AlignVCenter,
-                      painter->fontMetrics().elidedText(group, Qt::ElideRight, under.width()));
+    const QRect place = option.rect.adjusted(gap, gap, -gap, -gap);
+    const QRect picture(place.topLeft(), pictureSize());
+    const QRect under(place.left(), picture.bottom() + gap / 2, place.width(),
+                      painter->fontMetrics().height());
     painter->setPen(textColor(option, flag(index, qxSetsModel::EmptyRole)));
-    const QString name = index.data(Qt::DisplayRole).toString();
-    painter->drawText(QRect(place.left(), place.top(), place.width(), line), Qt::AlignVCenter,
-                      painter->fontMetrics().elidedText(name, Qt::ElideRight, place.width()));
+    painter->drawText(
+        under, Qt::AlignCenter,
+        painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, under.width()));
+    paintPicture(painter, picture, option, index);
+    paintSigns(painter, picture, option, index);
+    paintKeyBadge(painter, picture, option, index);
+    paintCurrentFrame(painter, picture, option, index);
 }
 
 void qxSetDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
                                          const QModelIndex &index) const
 {
-    if (m_form == Lines)
+    if (m_form == Lines || flag(index, qxSetsModel::IsGroupRole))
         return QStyledItemDelegate::updateEditorGeometry(editor, option, index);
     const int height = editor->sizeHint().height();
-    editor->setGeometry(option.rect.left() + gap, option.rect.top() + pictureSize.height() + gap,
+    editor->setGeometry(option.rect.left() + gap, option.rect.bottom() - height,
                         option.rect.width() - 2 * gap, height);
 }

@@ -1,10 +1,10 @@
 #include "qxSetForm.h"
 
 #include "qxVariantGroup.h"
-#include "qxVariantKinds.h"
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "Entries/qxSetContents.h"
 #include "Undo/qxSetEdits.h"
 #include "qxKeyText.h"
 #include "qxPanelEvents.h"
@@ -27,28 +27,6 @@
 #include <algorithm>
 
 namespace {
-
-QStringList statesOf(const qxStateList &states)
-{
-    QStringList lines;
-    for (const qxVariantState &entry : states)
-        lines << entry.variant + QStringLiteral(": ") + entry.state;
-    return lines;
-}
-
-const int summaryLines = 200; ///< more are hard to read, and to lay out
-
-/// The states of the set in the order in which a user thinks of them.
-QString summary(const qxVariantSet &set)
-{
-    QStringList lines;
-    for (const qxVariantKind *kind : qxVariantKinds::all())
-        lines += statesOf(set.*kind->states);
-    const int more = lines.size() - summaryLines;
-    if (more > 0)
-        lines = lines.mid(0, summaryLines) << qxSetForm::tr("and %n more", nullptr, more);
-    return lines.join('\n');
-}
 
 /// Shows the text unless another one is being typed.
 void showText(QPlainTextEdit *field, const QString &text)
@@ -87,7 +65,7 @@ void showText(QLabel *note, const QString &text)
 } // namespace
 
 qxSetForm::qxSetForm(qxPanelEvents *events, qxSetEdits *edits, qxTakenKeys *taken)
-    : m_edits(edits), m_taken(taken)
+    : m_edits(edits), m_taken(taken), m_holds(new qxSetContents(events, edits))
 {
     buildFields();
     connect(events, &qxPanelEvents::setsChanged, this, &qxSetForm::refresh);
@@ -104,11 +82,6 @@ qxSetForm::qxSetForm(qxPanelEvents *events, qxSetEdits *edits, qxTakenKeys *take
 
 void qxSetForm::buildFields()
 {
-    m_contents = new QLabel;
-    m_contents->setWordWrap(true);
-    m_contents->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_contents->setTextFormat(Qt::PlainText);
-    m_contents->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_comment = new QPlainTextEdit;
     m_comment->setTabChangesFocus(true);
     m_comment->setMaximumHeight(4 * fontMetrics().height());
@@ -147,6 +120,7 @@ void qxSetForm::layFieldsOut()
 {
     auto *const layout = new QFormLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
+    layout->addRow(m_holds);
     const auto addRow = [&](const char *text, QWidget *field) {
         auto *const label = new QLabel;
         label->setContentsMargins(0, 0, 2, 0); // An underlined letter takes more than is measured.
@@ -161,7 +135,6 @@ void qxSetForm::layFieldsOut()
     addRow(QT_TR_NOOP("Sc&ript"), m_script);
     addRow(QT_TR_NOOP("Va&lues"), m_values);
     layout->addRow(m_valuesNote);
-    addRow(QT_TR_NOOP("States"), m_contents);
 }
 
 void qxSetForm::changeEvent(QEvent *event)
@@ -213,7 +186,13 @@ void qxSetForm::showTarget(const QString &set, const QString &group)
         label.first->buddy()->setVisible(group.isEmpty());
     }
     m_noHotkey->setVisible(group.isEmpty());
+    m_holds->setVisible(group.isEmpty());
     refresh();
+}
+
+void qxSetForm::setProblems(const qxProblems *problems)
+{
+    m_holds->setProblems(problems);
 }
 
 /// What is being typed belongs to the same set when that has another name now.
@@ -249,7 +228,7 @@ void qxSetForm::showContents(const qxVariantSet &set)
             m_hotkey->setKeySequence(m_shownKey);
     }
     showText(m_keyNote, qxSetHotkeys::conflictOf(set, *m_taken));
-    m_contents->setText(summary(set));
+    m_holds->showSet(set.name);
     showViewpoints(set.defaultViewpoint);
     if (!m_isValuesTableOpen) {
         m_values->setPairs(set.values);

@@ -11,13 +11,15 @@ class QLabel;
 class QPlainTextEdit;
 class QToolButton;
 class qxPanelEvents;
+class qxProblems;
+class qxSetContents;
 class qxSetEdits;
 class qxTakenKeys;
 class qxValuesTable;
 class qxVariantSet;
 
-/// Shows and edits comment, hotkey, default viewpoint, script and values of a set. An edit takes
-/// effect when its field is left, and can be undone.
+/// Shows and edits what a set holds, its comment, hotkey, default viewpoint, script and values. An
+/// edit takes effect when its field is left, and can be undone.
 class qxSetForm : public QWidget {
     Q_OBJECT
 
@@ -28,6 +30,8 @@ public:
     void showSet(const QString &name);
     /// The same for a group, which has only a comment.
     void showGroup(const QString &name);
+    /// Where to find what is wrong with what the set holds.
+    void setProblems(const qxProblems *problems);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -60,7 +64,7 @@ private:
     QString m_set;
     QString m_group; ///< one of both is empty
     const void *m_object = nullptr; ///< the set or group, perhaps dangling: to detect a rename
-    QLabel *m_contents;
+    qxSetContents *m_holds;
     QPlainTextEdit *m_comment;
     QKeySequenceEdit *m_hotkey;
     QKeySequence m_shownKey; ///< what the set has

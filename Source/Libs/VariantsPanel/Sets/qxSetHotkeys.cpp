@@ -5,6 +5,7 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxStateWords.h"
 #include "qxTakenKeys.h"
 
 #include <QAbstractButton>
@@ -63,19 +64,32 @@ struct Option {
     const qxVariantKind *kind = nullptr; ///< null for none
     QString variant;
     QString name;
+
+    bool is(const qxVariantKind &otherKind, const QString &otherVariant,
+            const QString &otherName) const
+    {
+        return kind == &otherKind && variant == otherVariant && name == otherName;
+    }
 };
 
-Option optionWith(const Combination &pressed)
+/// The first options with that key, at most so many.
+std::vector<Option> optionsWith(const Combination &pressed, std::size_t most)
 {
-    Option found;
+    std::vector<Option> found;
     qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
         for (const qxVariantOption &option : variant.options) {
-            if (!found.kind && option.key > 0 && option.key == pressed.key
+            if (found.size() < most && option.key > 0 && option.key == pressed.key
                 && option.modifiers == pressed.modifiers)
-                found = {&kind, variant.name, option.name};
+                found.push_back({&kind, variant.name, option.name});
         }
     });
     return found;
+}
+
+Option optionWith(const Combination &pressed)
+{
+    const std::vector<Option> found = optionsWith(pressed, 1);
+    return found.empty() ? Option() : found.front();
 }
 
 } // namespace
@@ -145,6 +159,32 @@ QString qxSetHotkeys::conflictOf(const qxVariantSet &set, const qxTakenKeys &tak
     const Option option = optionWith(own);
     if (option.kind)
         lines << tr("The option \"%1\" of \"%2\" has this key, too; this set comes first.")
-                     .arg(option.name, option.variant);
+                     .arg(qxStateWords::shown(*option.kind, option.kind->find(option.variant),
+                                              option.name),
+                          option.variant);
+    return lines.join('\n');
+}
+
+QString qxSetHotkeys::conflictOf(const qxVariantKind &kind, const QString &variant,
+                                 const qxVariantOption &option, const qxTakenKeys &taken)
+{
+    if (option.key <= 0)
+        return QString();
+    const Combination own{option.key, option.modifiers};
+    const QString owner = taken.ownerOf(own.key | int(own.modifiers));
+    if (!owner.isEmpty())
+        return tr("The key is taken by \"%1\" and does not select this option.").arg(owner);
+    QStringList lines;
+    if (const qxVariantSet *const set = setWith(own))
+        lines << tr("The set \"%1\" has this key, too, and comes first.").arg(set->name);
+    const std::vector<Option> options = optionsWith(own, 2);
+    const bool isFirst = options.empty() || options.front().is(kind, variant, option.name);
+    if (options.size() > 1 || !isFirst) {
+        const Option &other = options[isFirst ? 1 : 0];
+        lines << (isFirst
+                      ? tr("The option \"%1\" of \"%2\" has this key, too; this one comes first.")
+                      : tr("The option \"%1\" of \"%2\" has this key, too, and comes first."))
+                     .arg(other.name, other.variant);
+    }
     return lines.join('\n');
 }

@@ -6,6 +6,7 @@ class QWidget;
 class qxTakenKeys;
 class qxVariantSet;
 struct qxVariantKind;
+struct qxVariantOption;
 
 /// Selects sets and options by their hotkeys, in the whole window of `place` and its floating docks
 /// except text fields. Of two sets with the same key the first is selected; sets come before
@@ -23,6 +24,9 @@ public:
     static QString flawOf(const qxVariantSet &set, const qxTakenKeys &taken);
     /// A text that says what else has the set's hotkey; empty for nothing.
     static QString conflictOf(const qxVariantSet &set, const qxTakenKeys &taken);
+    /// The same for the key of an option of that variant.
+    static QString conflictOf(const qxVariantKind &kind, const QString &variant,
+                              const qxVariantOption &option, const qxTakenKeys &taken);
 
 Q_SIGNALS:
     void pressed(const QString &set);

@@ -8,29 +8,16 @@
 #include "Undo/qxSetEdits.h"
 #include "qxKeyText.h"
 #include "qxPanelEvents.h"
-#include "qxPreviewPicture.h"
+#include "qxPreviewAge.h"
 #include "qxSetHotkeys.h"
+#include "qxStateWords.h"
 #include "qxTakenKeys.h"
 
-#include <QDataStream>
-#include <QMimeData>
-#include <QPixmapCache>
 #include <QTextDocument>
 
 #include <algorithm>
 
 namespace {
-
-const char *const setNamesType = "application/x-qx-variant-sets";
-const char *const groupNamesType = "application/x-qx-variant-groups";
-
-QStringList namesIn(const QMimeData &data, const char *type)
-{
-    QDataStream stream(data.data(type));
-    QStringList names;
-    stream >> names;
-    return names;
-}
 
 int stateCount(const qxVariantSet &set)
 {
@@ -127,31 +114,41 @@ QVariant qxSetsModel::data(const QModelIndex &index, int role) const
     const Row *const row = rowAt(index);
     if (!row)
         return QVariant();
-    if (role == Qt::DisplayRole || role == Qt::EditRole)
+    if (role == Qt::DisplayRole)
+        return row->name.isEmpty() ? tr("In No Group") : row->name;
+    if (role == Qt::EditRole)
         return row->name;
     if (role == IsGroupRole)
         return row->isGroup;
-    if (const qxVariantGroup *const group = groupAt(index))
-        return groupData(*group, int(row->children.size()), role);
+    if (row->isGroup)
+        return groupData(*row, groupAt(index), role);
     if (qxVariantSet *const set = setAt(index))
         return setDataOf(*set, role);
     return QVariant();
 }
 
-QVariant qxSetsModel::groupData(const qxVariantGroup &group, int found, int role)
+/// `group` is null for the sets in no group, and for one that is gone.
+QVariant qxSetsModel::groupData(const Row &row, const qxVariantGroup *group, int role) const
 {
-    const int count = int(group.sets.size());
+    const int count = group ? int(group->sets.size()) : row.found;
+    const QString counted =
+        row.found == count ? QString::number(count) : tr("%1 of %2").arg(row.found).arg(count);
     switch (role) {
     case CommentRole:
-        return group.comment;
+        return group ? QString(group->comment) : QString();
     case Qt::ToolTipRole:
-        return plain(group.comment);
+        return group ? plain(group->comment) : QString();
     case HiddenRole:
-        return !group.visible;
+        return group && !group->visible;
     case CountRole:
-        return found == count ? QString::number(count) : tr("%1 of %2").arg(found).arg(count);
+        return counted;
+    case Qt::AccessibleTextRole:
+        return tr("Group %1, %n sets", nullptr, row.found)
+            .arg(row.name.isEmpty() ? tr("In No Group") : row.name);
     case EmptyRole:
-        return group.sets.empty();
+        return count == 0;
+    case ClosedRole:
+        return m_words.isEmpty() && m_closed.contains(row.name);
     default:
         return QVariant();
     }
@@ -170,7 +167,11 @@ QVariant qxSetsModel::setDataOf(qxVariantSet &set, int role) const
     case CommentRole:
         return set.comment;
     case PreviewRole:
-        return previewOf(set);
+        return set.preview;
+    case StaleRole:
+        return isStale(set);
+    case Qt::AccessibleTextRole:
+        return spokenText(set);
     case CountRole:
         return stateCount(set);
     case EmptyRole:
@@ -186,13 +187,31 @@ QVariant qxSetsModel::setDataOf(qxVariantSet &set, int role) const
     }
 }
 
+/// The first states of the set in words, each in a line of its own.
+static QString statesOf(const qxVariantSet &set)
+{
+    const int limit = 8; // A tool tip is to be taken in at a glance.
+    QString lines;
+    int count = 0;
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
+        for (const qxVariantState &each : set.*kind->states) {
+            if (++count > limit)
+                return lines + QStringLiteral("\n\u2026");
+            lines += QStringLiteral("\n\u2022 %1: %2")
+                         .arg(each.variant,
+                              qxStateWords::shown(*kind, kind->find(each.variant), each.state));
+        }
+    }
+    return lines;
+}
+
 /// Explains what the row shows by marks, too.
 QString qxSetsModel::toolTip(qxVariantSet &set) const
 {
     QStringList lines(set.name);
     if (!set.comment.isEmpty())
         lines << set.comment;
-    lines << tr("%n states", nullptr, stateCount(set));
+    lines << tr("%n states", nullptr, stateCount(set)) + statesOf(set);
     if (!set.hotkey.isEmpty())
         lines << tr("Key: %1").arg(qxKeyText::shown(set.hotkey));
     if (!keyFlaw(set).isEmpty())
@@ -203,26 +222,34 @@ QString qxSetsModel::toolTip(qxVariantSet &set) const
         lines << tr("It is empty: selecting it changes nothing.");
     else if (isUnused(set))
         lines << tr("Nothing of what it refers to is in the scene.");
+    if (isStale(set))
+        lines << tr("The set, the scene or the light has changed since the preview was made.");
     return plain(lines.join('\n'));
+}
+
+/// The name with what the marks of a row or a tile say.
+QString qxSetsModel::spokenText(qxVariantSet &set) const
+{
+    QStringList parts(set.name);
+    if (m_match.matches(set))
+        parts << tr("shown now");
+    if (!set.hotkey.isEmpty())
+        parts << tr("key %1").arg(qxKeyText::shown(set.hotkey));
+    if (set.isEmpty())
+        parts << tr("empty");
+    if (isStale(set))
+        parts << tr("the preview is out of date");
+    return parts.join(QStringLiteral(", "));
+}
+
+bool qxSetsModel::isStale(const qxVariantSet &set) const
+{
+    return m_age && m_age->isStale(set);
 }
 
 QString qxSetsModel::keyFlaw(const qxVariantSet &set) const
 {
     return m_taken ? qxSetHotkeys::flawOf(set, *m_taken) : QString();
-}
-
-QPixmap qxSetsModel::previewOf(const qxVariantSet &set) const
-{
-    if (set.preview.isEmpty())
-        return QPixmap();
-    // The same bytes give the same picture, whichever set has them.
-    const QString key =
-        QStringLiteral("qxPreview%1-%2").arg(set.preview.size()).arg(qHash(set.preview));
-    QPixmap picture;
-    if (!QPixmapCache::find(key, &picture) && qxPreviewPicture::isDecodable(set.preview)
-        && picture.loadFromData(set.preview))
-        QPixmapCache::insert(key, picture);
-    return picture;
 }
 
 bool qxSetsModel::setData(const QModelIndex &index, const QVariant &value, int role)
@@ -243,83 +270,11 @@ Qt::ItemFlags qxSetsModel::flags(const QModelIndex &index) const
     const Row *const row = rowAt(index);
     if (!row)
         return Qt::ItemIsDropEnabled;
-    const Qt::ItemFlags common =
-        Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    if (!row->name.isEmpty())
+        flags |= Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
     // A set in the gallery takes others before it.
-    return row->isGroup || m_shape == Flat ? common | Qt::ItemIsDropEnabled : common;
-}
-
-QStringList qxSetsModel::mimeTypes() const
-{
-    return {setNamesType, groupNamesType};
-}
-
-/// Sets are dragged, or else groups.
-QMimeData *qxSetsModel::mimeData(const QModelIndexList &indexes) const
-{
-    QStringList sets;
-    QStringList groups;
-    for (const QModelIndex &index : indexes) {
-        if (const Row *const row = rowAt(index))
-            (row->isGroup ? groups : sets).append(row->name);
-    }
-    QByteArray names;
-    QDataStream stream(&names, QIODevice::WriteOnly);
-    stream << (sets.isEmpty() ? groups : sets);
-    auto *const data = new QMimeData;
-    data->setData(sets.isEmpty() ? groupNamesType : setNamesType, names);
-    return data;
-}
-
-bool qxSetsModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
-                                  const QModelIndex &parent) const
-{
-    // Groups stand between groups, not in them.
-    const bool isGroup = data->hasFormat(groupNamesType);
-    const bool isBesideCards = m_shape == Flat && row < 0 && !parent.isValid();
-    return QAbstractItemModel::canDropMimeData(data, action, row, column, parent)
-        && !(isGroup && parent.isValid()) && !isBesideCards;
-}
-
-bool qxSetsModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
-                               const QModelIndex &parent)
-{
-    if (!canDropMimeData(data, action, row, column, parent))
-        return false;
-    if (data->hasFormat(groupNamesType)) {
-        m_edits->moveGroups(namesIn(*data, groupNamesType),
-                            row < m_firstAlone ? nameIn(m_top, row) : QString());
-        return false;
-    }
-    const Target target = targetOf(row, parent);
-    m_edits->moveSets(namesIn(*data, setNamesType), target.group, target.before);
-    return false; // The move is done: the view must not remove the rows.
-}
-
-/// What a drop before that row means, or one on the set `parent`. Between groups it means behind
-/// the sets of the upper one.
-qxSetsModel::Target qxSetsModel::targetOf(int row, const QModelIndex &parent) const
-{
-    const Row *const above = rowAt(parent);
-    if (above && above->isGroup)
-        return {above->name, nameIn(above->children, row)};
-    const int place = above ? above->row : row;
-    if (place < 0 || place >= int(m_top.size()))
-        return Target();
-    const Row &next = m_rows[std::size_t(m_top[std::size_t(place)])];
-    if (next.isGroup && place > 0)
-        return {nameIn(m_top, place - 1), QString()};
-    if (next.isGroup)
-        return {next.name, nameIn(next.children, 0)};
-    const qxVariantSet *const set = qxVariants::findVariantSet(next.name);
-    return {set && set->group ? QString(set->group->name) : QString(), next.name};
-}
-
-/// The name of that row; empty past the end.
-QString qxSetsModel::nameIn(const std::vector<int> &places, int row) const
-{
-    const bool isThere = row >= 0 && row < int(places.size());
-    return isThere ? m_rows[std::size_t(places[std::size_t(row)])].name : QString();
+    return row->isGroup || m_shape == Sections ? flags | Qt::ItemIsDropEnabled : flags;
 }
 
 void qxSetsModel::setSearch(const QString &text)
@@ -335,6 +290,20 @@ void qxSetsModel::setHiddenShown(bool shown)
 {
     m_showsHidden = shown;
     refresh();
+}
+
+void qxSetsModel::setClosed(const QSet<QString> &groups)
+{
+    if (groups == m_closed)
+        return;
+    m_closed = groups;
+    refresh();
+}
+
+void qxSetsModel::setPreviewAge(const qxPreviewAge *age)
+{
+    m_age = age;
+    connect(age, &qxPreviewAge::changed, this, &qxSetsModel::rowsShowAnew);
 }
 
 bool qxSetsModel::isFound(const QString &text) const
@@ -387,36 +356,75 @@ void qxSetsModel::readRows()
     m_rows.clear();
     m_top.clear();
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
-        if (group->visible || m_showsHidden)
-            readGroup(*group);
+        if (!isToBeShown(*group))
+            continue;
+        const Sets found = foundIn(*group);
+        if (!found.empty() || isFound(group->name))
+            readGroup(group, group->name, found);
     }
-    m_firstAlone = int(m_top.size());
-    for (const qxVariantSet *set : qxVariants::_variantSets) {
-        if (!set->group && isFound(*set))
-            appendRow(set, set->name, false, -1);
-    }
+    const Sets alone = foundAlone();
+    if (m_shape == Sections && !m_top.empty() && !alone.empty())
+        return readGroup(nullptr, QString(), alone);
+    for (const qxVariantSet *set : alone)
+        appendRow({set, set->name, false, -1, {}, 0});
 }
 
-void qxSetsModel::readGroup(const qxVariantGroup &group)
+/// Null and an empty name stand for the sets in no group.
+void qxSetsModel::readGroup(const void *object, const QString &name, const Sets &found)
 {
-    std::vector<const qxVariantSet *> found;
+    const int place = appendRow({object, name, true, -1, {}, 0, name, int(found.size())});
+    if (m_shape == Sections && m_words.isEmpty() && m_closed.contains(name))
+        return;
+    for (const qxVariantSet *set : found)
+        appendRow({set, set->name, false, m_shape == Tree ? place : -1, {}, 0, name});
+}
+
+bool qxSetsModel::isToBeShown(const qxVariantGroup &group) const
+{
+    return group.visible || m_showsHidden;
+}
+
+qxSetsModel::Sets qxSetsModel::foundIn(const qxVariantGroup &group) const
+{
+    Sets found;
     std::copy_if(group.sets.begin(), group.sets.end(), std::back_inserter(found),
                  [this](const qxVariantSet *set) { return isFound(*set); });
-    int place = -1;
-    if (m_shape == Tree && (!found.empty() || isFound(group.name)))
-        place = appendRow(&group, group.name, true, -1);
-    for (const qxVariantSet *set : found)
-        appendRow(set, set->name, false, place);
+    return found;
 }
 
-int qxSetsModel::appendRow(const void *object, const QString &name, bool isGroup, int parent)
+qxSetsModel::Sets qxSetsModel::foundAlone() const
 {
-    std::vector<int> &siblings = parent < 0 ? m_top : m_rows[std::size_t(parent)].children;
-    const int row = int(siblings.size());
+    Sets found;
+    std::copy_if(qxVariants::_variantSets.begin(), qxVariants::_variantSets.end(),
+                 std::back_inserter(found),
+                 [this](const qxVariantSet *set) { return !set->group && isFound(*set); });
+    return found;
+}
+
+QStringList qxSetsModel::setsInOrder() const
+{
+    QStringList names;
+    const auto append = [&names](const Sets &sets) {
+        for (const qxVariantSet *set : sets)
+            names << set->name;
+    };
+    for (const qxVariantGroup *group : qxVariants::_variantGroups) {
+        if (isToBeShown(*group))
+            append(foundIn(*group));
+    }
+    append(foundAlone());
+    return names;
+}
+
+int qxSetsModel::appendRow(const Row &row)
+{
+    std::vector<int> &siblings = row.parent < 0 ? m_top : m_rows[std::size_t(row.parent)].children;
     const int place = int(m_rows.size());
+    const int number = int(siblings.size());
     siblings.push_back(place);
-    (isGroup ? m_groups : m_sets).insert(name, place);
-    m_rows.push_back({object, name, isGroup, parent, {}, row});
+    (row.isGroup ? m_groups : m_sets).insert(row.name, place);
+    m_rows.push_back(row);
+    m_rows.back().row = number;
     return place;
 }
 

@@ -3,18 +3,19 @@
 #include "qxSetMatch.h"
 
 #include <QAbstractItemModel>
-#include <QPixmap>
+#include <QSet>
 
 #include <vector>
 
 class qxPanelEvents;
+class qxPreviewAge;
 class qxSetEdits;
 class qxTakenKeys;
 class qxVariantGroup;
 class qxVariantSet;
 
 /// Groups with their sets, then the sets without a group, updated by qxPanelEvents: as a tree, or
-/// the sets alone in the same order.
+/// as sections one below the other.
 ///
 /// Views keep selection, scroll position and expanded groups through every change. Names and
 /// comments are edited in place, sets and groups are moved by drag and drop; both can be undone.
@@ -22,14 +23,18 @@ class qxSetsModel : public QAbstractItemModel {
     Q_OBJECT
 
 public:
-    enum Shape { Tree, Flat };
+    /// Sections are headings with their sets behind them, all at the top. Those in no group have a
+    /// heading, too, where there are others: its name to edit (Qt::EditRole) is empty.
+    enum Shape { Tree, Sections };
     enum Role {
         IsGroupRole = Qt::UserRole, ///< bool
         GroupRole, ///< QString: name of the set's group, empty for none
         HotkeyRole, ///< QString, as shown
         KeyTakenRole, ///< bool: the window uses the key itself, so it does not select the set
         CommentRole, ///< QString
-        PreviewRole, ///< QPixmap, null for none
+        PreviewRole, ///< QByteArray, an encoded picture; empty for none
+        StaleRole, ///< bool: the preview was made of something else than the set is now
+        ClosedRole, ///< bool: the section does not show its sets
         CountRole, ///< states of a set; sets of a group, such as "1 of 4" during a search
         HiddenRole, ///< bool: the group is not to be shown
         EmptyRole, ///< bool: selecting the set does nothing, the group has no sets
@@ -46,8 +51,18 @@ public:
     /// Keys that do not select sets; none before this call.
     void setTakenKeys(const qxTakenKeys *taken);
 
+    /// Tells which previews are stale; none before this call.
+    void setPreviewAge(const qxPreviewAge *age);
+
     /// Whether to show hidden groups with their sets.
     void setHiddenShown(bool shown);
+
+    /// The groups whose sections show no sets, unless there is a search; the empty name stands for
+    /// the sets in no group.
+    void setClosed(const QSet<QString> &groups);
+
+    /// The sets that are to be shown in their order, also those of closed sections.
+    QStringList setsInOrder() const;
 
     /// The set of a row, or its group; null for a row of the other kind and for a removed object.
     qxVariantSet *setAt(const QModelIndex &index) const;
@@ -80,6 +95,8 @@ private:
         int parent; ///< row of the group, -1 at the top
         std::vector<int> children; ///< places in m_rows
         int row; ///< among its siblings
+        QString group = QString(); ///< that it belongs to, or is; empty for none
+        int found = 0; ///< the sets of a group that are to be shown
     };
     typedef std::vector<Row> Rows;
 
@@ -89,34 +106,42 @@ private:
         QString before; ///< a set there; empty for the end
     };
 
+    typedef std::vector<const qxVariantSet *> Sets;
+
     Target targetOf(int row, const QModelIndex &parent) const;
+    QString groupBehind(int row) const;
     QString nameIn(const std::vector<int> &places, int row) const;
     bool isFound(const QString &text) const;
     bool isFound(const qxVariantSet &set) const;
     void refresh();
     void refreshStates();
     void readRows();
-    void readGroup(const qxVariantGroup &group);
-    int appendRow(const void *object, const QString &name, bool isGroup, int parent);
+    void readGroup(const void *object, const QString &name, const Sets &found);
+    bool isToBeShown(const qxVariantGroup &group) const;
+    Sets foundIn(const qxVariantGroup &group) const;
+    Sets foundAlone() const;
+    int appendRow(const Row &row);
     void keepPersistentIndexes(const Rows &before);
     int placeOf(const Row &row) const;
     const Row *rowAt(const QModelIndex &index) const;
     QModelIndex indexOfRow(int place) const;
     void rowsShowAnew();
-    static QVariant groupData(const qxVariantGroup &group, int found, int role);
+    QVariant groupData(const Row &row, const qxVariantGroup *group, int role) const;
     QVariant setDataOf(qxVariantSet &set, int role) const;
     QString toolTip(qxVariantSet &set) const;
+    QString spokenText(qxVariantSet &set) const;
+    bool isStale(const qxVariantSet &set) const;
     QString keyFlaw(const qxVariantSet &set) const;
-    QPixmap previewOf(const qxVariantSet &set) const;
 
     Shape m_shape;
     QStringList m_words; ///< of the search
     bool m_showsHidden = false;
     qxSetEdits *m_edits;
     const qxTakenKeys *m_taken = nullptr;
+    const qxPreviewAge *m_age = nullptr;
+    QSet<QString> m_closed; ///< groups
     Rows m_rows;
     std::vector<int> m_top;
-    int m_firstAlone = 0; ///< the first set in no group among them
     QHash<QString, int> m_sets; ///< places of the sets in m_rows
     QHash<QString, int> m_groups;
     mutable qxSetMatch m_match;

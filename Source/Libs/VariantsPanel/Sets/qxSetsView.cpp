@@ -1,20 +1,27 @@
 #include "qxSetsView.h"
 
 #include "qxVariantGroup.h"
+#include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "qxGallery.h"
 #include "qxSetDelegate.h"
 #include "qxSetsModel.h"
 
 #include <QEvent>
 #include <QLabel>
-#include <QListView>
 #include <QSignalBlocker>
 #include <QTreeView>
 
 #include <algorithm>
 
 namespace {
+
+/// Of a set or a group; empty for what is called otherwise.
+QString nameOf(const QModelIndex &index)
+{
+    return index.data(Qt::EditRole).toString();
+}
 
 QTreeView *makeTree()
 {
@@ -26,34 +33,12 @@ QTreeView *makeTree()
     return tree;
 }
 
-/// Icons as a list has them: dragged ones are dropped into the model, which orders them. A list of
-/// icons by itself would just put them elsewhere.
-class Gallery : public QListView {
-protected:
-    void startDrag(Qt::DropActions actions) override { QAbstractItemView::startDrag(actions); }
-    void dragMoveEvent(QDragMoveEvent *event) override { QAbstractItemView::dragMoveEvent(event); }
-    void dropEvent(QDropEvent *event) override { QAbstractItemView::dropEvent(event); }
-};
-
-QListView *makeGallery()
-{
-    auto *const gallery = new Gallery;
-    gallery->setViewMode(QListView::IconMode);
-    gallery->setResizeMode(QListView::Adjust);
-    gallery->setMovement(QListView::Static);
-    gallery->viewport()->setAcceptDrops(true); // That has just been taken away.
-    gallery->setUniformItemSizes(true);
-    gallery->setLayoutMode(QListView::Batched);
-    gallery->setItemDelegate(new qxSetDelegate(qxSetDelegate::Cards, gallery));
-    return gallery;
-}
-
 } // namespace
 
 qxSetsView::qxSetsView(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent)
     : QStackedWidget(parent),
       m_faces{makeFace(makeTree(), new qxSetsModel(qxSetsModel::Tree, events, edits, this)),
-              makeFace(makeGallery(), new qxSetsModel(qxSetsModel::Flat, events, edits, this))}
+              makeFace(new qxGallery, new qxSetsModel(qxSetsModel::Sections, events, edits, this))}
 {
     m_note = new QLabel(this);
     m_note->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
@@ -72,6 +57,12 @@ qxSetsView::qxSetsView(qxPanelEvents *events, qxSetEdits *edits, QWidget *parent
             [this](const QModelIndex &group) { noteOpen(group, true); });
     connect(tree, &QTreeView::collapsed, this,
             [this](const QModelIndex &group) { noteOpen(group, false); });
+    connect(gallery(), &qxGallery::toggled, this, &qxSetsView::toggle);
+}
+
+qxGallery *qxSetsView::gallery() const
+{
+    return static_cast<qxGallery *>(m_faces[Gallery].view);
 }
 
 /// Groups are open until the user closes them. A search opens those that it leaves, for a while.
@@ -86,12 +77,28 @@ void qxSetsView::openGroups()
 
 void qxSetsView::noteOpen(const QModelIndex &group, bool isOpen)
 {
-    if (!m_search.isEmpty())
-        return;
+    if (m_search.isEmpty())
+        setOpen(nameOf(group), isOpen);
+}
+
+/// In both forms.
+void qxSetsView::setOpen(const QString &group, bool isOpen)
+{
     if (isOpen)
-        m_closedGroups.remove(group.data().toString());
+        m_closedGroups.remove(group);
     else
-        m_closedGroups.insert(group.data().toString());
+        m_closedGroups.insert(group);
+    m_faces[Gallery].model->setClosed(m_closedGroups);
+    openGroups();
+}
+
+/// The cursor goes to the heading of a section that hides it.
+void qxSetsView::toggle(const QString &group)
+{
+    const bool isClosed = m_closedGroups.contains(group);
+    if (!isClosed && currentGroup() == group)
+        setCurrent(m_faces[Gallery].model->indexOfGroup(group));
+    setOpen(group, isClosed);
 }
 
 qxSetsView::Face qxSetsView::makeFace(QAbstractItemView *view, qxSetsModel *model)
@@ -103,10 +110,7 @@ qxSetsView::Face qxSetsView::makeFace(QAbstractItemView *view, qxSetsModel *mode
     view->setDefaultDropAction(Qt::MoveAction);
     view->setContextMenuPolicy(Qt::CustomContextMenu);
     view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    connect(view, &QAbstractItemView::activated, this, [this] {
-        if (!currentSet().isEmpty())
-            Q_EMIT activated(currentSet());
-    });
+    connect(view, &QAbstractItemView::activated, this, &qxSetsView::activate);
     connect(view, &QWidget::customContextMenuRequested, this, [this, view](const QPoint &place) {
         Q_EMIT menuRequested(view->viewport()->mapToGlobal(place));
     });
@@ -118,6 +122,14 @@ qxSetsView::Face qxSetsView::makeFace(QAbstractItemView *view, qxSetsModel *mode
     connect(model, &QAbstractItemModel::layoutChanged, this, &qxSetsView::searched);
     addWidget(view);
     return {model, view};
+}
+
+void qxSetsView::activate(const QModelIndex &index)
+{
+    if (!currentSet().isEmpty())
+        Q_EMIT activated(currentSet());
+    else if (index.isValid() && form() == Gallery && m_search.isEmpty())
+        toggle(nameOf(index));
 }
 
 void qxSetsView::setForm(Form form)
@@ -183,7 +195,7 @@ void qxSetsView::showFirst()
     for (int row = 0; row < rows.rowCount(); ++row) {
         const QModelIndex top = rows.index(row, 0);
         const bool isGroup = top.data(qxSetsModel::IsGroupRole).toBool();
-        const QModelIndex set = isGroup ? rows.index(0, 0, top) : top;
+        const QModelIndex set = isGroup ? rows.index(0, 0, top) : top; // Sections have none below.
         if (set.isValid())
             return setCurrent(set);
     }
@@ -205,13 +217,18 @@ int qxSetsView::foundCount() const
 {
     if (m_search.isEmpty())
         return -1;
-    const QAbstractItemModel &rows = *face().model;
-    int count = 0;
-    for (int row = 0; row < rows.rowCount(); ++row) {
-        const QModelIndex index = rows.index(row, 0);
-        count += index.data(qxSetsModel::IsGroupRole).toBool() ? rows.rowCount(index) : 1;
-    }
-    return count;
+    return face().model->setsInOrder().size();
+}
+
+QStringList qxSetsView::shownSets() const
+{
+    return face().model->setsInOrder();
+}
+
+void qxSetsView::setPreviewAge(const qxPreviewAge *age)
+{
+    for (const Face &each : m_faces)
+        each.model->setPreviewAge(age);
 }
 
 QStringList qxSetsView::selected(bool groups) const
@@ -225,8 +242,9 @@ QStringList qxSetsView::selected(bool groups) const
     std::sort(selected.begin(), selected.end(), isBefore);
     QStringList names;
     for (const QModelIndex &index : selected) {
-        if (index.data(qxSetsModel::IsGroupRole).toBool() == groups)
-            names << index.data().toString();
+        // The sets in no group are no group.
+        if (index.data(qxSetsModel::IsGroupRole).toBool() == groups && !nameOf(index).isEmpty())
+            names << nameOf(index);
     }
     return names;
 }
@@ -245,7 +263,7 @@ QModelIndex qxSetsView::current() const
 QString qxSetsView::currentSet() const
 {
     const bool isSet = current().isValid() && !current().data(qxSetsModel::IsGroupRole).toBool();
-    return isSet ? current().data().toString() : QString();
+    return isSet ? nameOf(current()) : QString();
 }
 
 QString qxSetsView::currentGroup() const
@@ -253,11 +271,16 @@ QString qxSetsView::currentGroup() const
     if (!current().isValid())
         return QString();
     const bool isGroup = current().data(qxSetsModel::IsGroupRole).toBool();
-    return current().data(isGroup ? int(Qt::DisplayRole) : int(qxSetsModel::GroupRole)).toString();
+    return current().data(isGroup ? int(Qt::EditRole) : int(qxSetsModel::GroupRole)).toString();
 }
 
+/// The section that it stands in is opened for it, as a list opens groups.
 void qxSetsView::showSet(const QString &name)
 {
+    const qxVariantSet *const set = qxVariants::findVariantSet(name);
+    const QString group = set && set->group ? QString(set->group->name) : QString();
+    if (set && form() == Gallery && m_closedGroups.contains(group))
+        setOpen(group, true);
     setCurrent(face().model->indexOfSet(name));
 }
 

@@ -6,7 +6,9 @@
 
 class QAbstractItemView;
 class QLabel;
+class qxGallery;
 class qxPanelEvents;
+class qxPreviewAge;
 class qxSetEdits;
 class qxSetsModel;
 class qxTakenKeys;
@@ -31,8 +33,15 @@ public:
     void setSearch(const QString &text);
     /// Whether to show hidden groups.
     void setHiddenShown(bool shown);
+    /// Marks stale previews. It must outlive this.
+    void setPreviewAge(const qxPreviewAge *age);
+    /// The tiles, for their size.
+    qxGallery *gallery() const;
     /// Marks hotkeys that the window uses itself; null marks none. It must outlive this.
     void setTakenKeys(const qxTakenKeys *taken);
+    /// The sets in the order of the view, also those in closed groups; only those that the search
+    /// finds.
+    QStringList shownSets() const;
     /// How many sets the search finds; -1 without a search.
     int foundCount() const;
 
@@ -94,6 +103,9 @@ private:
 
     void openGroups();
     void noteOpen(const QModelIndex &group, bool isOpen);
+    void setOpen(const QString &group, bool isOpen);
+    void toggle(const QString &group);
+    void activate(const QModelIndex &index);
     void showNote();
 
     Face m_faces[2];

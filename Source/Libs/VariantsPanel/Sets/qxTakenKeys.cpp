@@ -33,6 +33,8 @@ public:
             note(shortcut->key(), shortcut->whatsThis());
         noteEditing();
         noteGuiding();
+        for (const QAction *action : m_ofOneWidget)
+            noteAction(*action);
     }
 
     QHash<int, QString> owners; ///< by key
@@ -45,6 +47,12 @@ private:
             owners[key[0]] = owner.isEmpty() ? qxTakenKeys::tr("the window") : owner;
     }
 
+    void noteAction(const QAction &action)
+    {
+        for (const QKeySequence &key : action.shortcuts())
+            note(key, nameOf(action.text()));
+    }
+
     void look(const QWidget &widget)
     {
         if (m_seen.contains(&widget))
@@ -52,8 +60,11 @@ private:
         m_seen.insert(&widget);
         const bool isMenuBar = qobject_cast<const QMenuBar *>(&widget);
         for (const QAction *action : widget.actions()) {
-            for (const QKeySequence &key : action->shortcuts())
-                note(key, nameOf(action->text()));
+            // What a key does in more places says more of it.
+            if (action->shortcutContext() == Qt::WidgetShortcut)
+                m_ofOneWidget << action;
+            else
+                noteAction(*action);
             if (isMenuBar)
                 note(QKeySequence::mnemonic(action->text()), nameOf(action->text()));
             if (action->menu())
@@ -93,6 +104,7 @@ private:
     }
 
     QSet<const QWidget *> m_seen;
+    QList<const QAction *> m_ofOneWidget;
 };
 
 } // namespace

@@ -7,8 +7,11 @@
 #include "qxVariants.h"
 
 #include "Undo/qxSetEdits.h"
+#include "qxGalleryBar.h"
 #include "qxKeyHints.h"
+#include "qxMenuText.h"
 #include "qxPanelEvents.h"
+#include "qxPreviewAge.h"
 #include "qxSetCapture.h"
 #include "qxSetForm.h"
 #include "qxSetHotkeys.h"
@@ -36,11 +39,13 @@
 
 qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     : QDockWidget(parent), m_events(new qxPanelEvents(this)), m_edits(new qxSetEdits(this)),
-      m_taken(new qxTakenKeys(this)), m_view(new qxSetsView(m_events, m_edits)),
+      m_taken(new qxTakenKeys(this)), m_age(new qxPreviewAge(this)),
+      m_view(new qxSetsView(m_events, m_edits)), m_bar(new qxGalleryBar(m_view, m_age)),
       m_form(new qxSetForm(m_events, m_edits, m_taken))
 {
     setObjectName(QStringLiteral("qxVariantSetsDock"));
     m_view->setTakenKeys(m_taken);
+    m_view->setPreviewAge(m_age);
     buildActions();
     buildContents();
     retranslate();
@@ -49,12 +54,24 @@ qxVariantSetsDock::qxVariantSetsDock(QWidget *parent)
     connect(m_view, &qxSetsView::selectionChanged, this, &qxVariantSetsDock::followSelection);
     connect(m_view, &qxSetsView::menuRequested, this, &qxVariantSetsDock::showMenu);
     connect(m_events, &qxPanelEvents::setsChanged, this, &qxVariantSetsDock::followGroup);
-    connect(m_events, &qxPanelEvents::setSelected, m_view, &qxSetsView::showSet);
+    connect(m_events, &qxPanelEvents::setSelected, this, [this](const QString &set) {
+        if (m_keepsCursor)
+            return;
+        m_view->showSet(set);
+        Q_EMIT selected(set);
+    });
+    for (const auto changed : {&qxPanelEvents::setsChanged, &qxPanelEvents::variantsChanged}) {
+        connect(m_events, changed, m_age, &qxPreviewAge::look);
+        connect(m_events, changed, m_bar, &qxGalleryBar::look);
+    }
+    connect(m_bar, &qxGalleryBar::wanted, this, &qxVariantSetsDock::makePreviewsOf);
+    connect(m_bar, &qxGalleryBar::cancelled, this, &qxVariantSetsDock::previewsCancelled);
     auto *const hotkeys = new qxSetHotkeys(m_taken, this);
     connect(hotkeys, &qxSetHotkeys::pressed, this, &qxVariantSetsDock::selectSet);
     connect(hotkeys, &qxSetHotkeys::optionPressed, this, &qxVariantSetsDock::selectOption);
     // Steps hold parts of the scene.
     connect(m_events, &qxPanelEvents::aboutToForget, undoStack(), &QUndoStack::clear);
+    connect(m_events, &qxPanelEvents::aboutToForget, m_age, &qxPreviewAge::forget);
     followCurrent();
 }
 
@@ -92,16 +109,26 @@ QUndoStack *qxVariantSetsDock::undoStack() const
     return m_edits->stack();
 }
 
+void qxVariantSetsDock::setProblems(const qxProblems *problems)
+{
+    m_form->setProblems(problems);
+}
+
 void qxVariantSetsDock::buildContents()
 {
     auto *const splitter = new QSplitter(Qt::Vertical);
-    splitter->addWidget(m_view);
+    auto *const sets = new QWidget;
+    auto *const rows = new QVBoxLayout(sets);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(m_view, 1);
+    rows->addWidget(m_bar);
+    splitter->addWidget(sets);
     auto *const scrolled = new QScrollArea; // A long form must not take the list's room.
     scrolled->setWidget(m_form);
     scrolled->setWidgetResizable(true);
     scrolled->setFrameShape(QFrame::NoFrame);
     splitter->addWidget(scrolled);
-    splitter->setSizes({600, 300});
+    splitter->setSizes({500, 500});
     splitter->setCollapsible(0, false);
     auto *const contents = new QWidget;
     auto *const layout = new QVBoxLayout(contents);
@@ -206,7 +233,7 @@ void qxVariantSetsDock::askWhereTo()
     };
     for (const qxVariantGroup *group : qxVariants::_variantGroups) {
         if (group->visible)
-            addTarget(QString(group->name).replace('&', QLatin1String("&&")), group->name);
+            addTarget(qxMenuText(group->name), group->name);
     }
     menu.addSeparator();
     addTarget(tr("No Group"), QString());
@@ -310,7 +337,6 @@ void qxVariantSetsDock::addGroup()
 {
     const QString name = m_edits->addGroup();
     m_events->flush();
-    m_gallery->setChecked(false); // It has no groups.
     m_search->clear();
     m_view->showGroup(name);
     if (m_view->currentSet().isEmpty() && m_view->currentGroup() == name)
@@ -320,8 +346,10 @@ void qxVariantSetsDock::addGroup()
 void qxVariantSetsDock::captureSet()
 {
     const QString name = qxSetCapture::capture(m_edits, m_view->currentGroup(), window());
-    if (!name.isEmpty()) // not cancelled
-        showNewSet(name);
+    if (name.isEmpty()) // cancelled
+        return;
+    noteMade(name);
+    showNewSet(name);
 }
 
 /// The search ends unless it leaves the new set.
@@ -337,7 +365,9 @@ void qxVariantSetsDock::showNewSet(const QString &name)
 
 void qxVariantSetsDock::updateSet()
 {
-    qxSetCapture::update(m_edits, m_view->currentSet(), window());
+    const QString name = m_view->currentSet();
+    if (qxSetCapture::update(m_edits, name, window()))
+        noteMade(name);
 }
 
 void qxVariantSetsDock::makePreview()
@@ -385,15 +415,29 @@ void qxVariantSetsDock::makeAllPreviews()
 
 void qxVariantSetsDock::makePreviewsOf(const QStringList &sets)
 {
-    const QStringList selected = m_view->selectedSets();
     Q_EMIT previewsWanted(sets);
-    m_events->flush(); // The cursor follows the sets that are selected; it comes back.
-    m_view->selectSets(selected);
 }
 
-void qxVariantSetsDock::setPreviews(const QMap<QString, QByteArray> &previews)
+void qxVariantSetsDock::keepCursor(const std::function<void()> &work)
 {
-    m_edits->setPreviews(previews);
+    m_events->flush(); // What was selected before is followed.
+    m_keepsCursor = true;
+    work();
+    m_events->flush();
+    m_keepsCursor = false;
+}
+
+void qxVariantSetsDock::setPreviews(const QMap<QString, QByteArray> &previews, int run)
+{
+    m_edits->setPreviews(previews, run);
+    for (const QString &name : previews.keys())
+        noteMade(name);
+}
+
+void qxVariantSetsDock::noteMade(const QString &name)
+{
+    if (const qxVariantSet *const set = qxVariants::findVariantSet(name))
+        m_age->noteMade(*set);
 }
 
 void qxVariantSetsDock::renameCurrent()

@@ -3,12 +3,17 @@
 #include <QDockWidget>
 #include <QMap>
 
+#include <functional>
+
 class QAction;
 class QLabel;
 class QLineEdit;
 class QToolButton;
 class QUndoStack;
+class qxGalleryBar;
 class qxPanelEvents;
+class qxProblems;
+class qxPreviewAge;
 class qxSetEdits;
 class qxSetForm;
 class qxSetHotkeys;
@@ -29,6 +34,8 @@ public:
 
     /// The user's edits, for undo; owned by the dock. Cleared when the scene is.
     QUndoStack *undoStack() const;
+    /// The same, to make edits that other docks show.
+    qxSetEdits *edits() const { return m_edits; }
     /// The actions on sets, for the menu of a window.
     const QList<QAction *> &setActions() const { return m_actions; }
     ///@{
@@ -36,18 +43,33 @@ public:
     QAction *captureAction() const { return m_captureAction; }
     QAction *addSetAction() const { return m_addSetAction; }
     ///@}
+    /// Where to find what is wrong with the entries of sets, which are marked with it; it must
+    /// outlive the dock.
+    void setProblems(const qxProblems *problems);
     /// The list or gallery of the dock.
     qxSetsView *view() const { return m_view; }
 
     /// Applies a set to the scene in full, after aboutToSelect; an unknown name does nothing.
     void selectSet(const QString &name);
-    /// Gives sets these previews, by their names, in one step.
-    void setPreviews(const QMap<QString, QByteArray> &previews);
+    /// Gives sets these previews, by their names. Consecutive ones of the same `run` are undone in
+    /// one step; 0 is a run of its own each time.
+    void setPreviews(const QMap<QString, QByteArray> &previews, int run = 0);
+    /// Does work that selects sets and restores the scene: the cursor stays where it is.
+    void keepCursor(const std::function<void()> &work);
+    /// Which previews are stale, for whoever knows of scene and light.
+    qxPreviewAge *previewAge() const { return m_age; }
+    /// The line below gallery or list, which shows how far previews are.
+    qxGalleryBar *galleryBar() const { return m_bar; }
 
 Q_SIGNALS:
     /// The user wants pictures of these sets, each as it looks when selected. The receiver must be
-    /// able to restore the scene; it calls setPreviews with the pictures.
+    /// able to restore the scene; it calls setPreviews with the pictures, and meanwhile, if it
+    /// takes long, shows the progress in galleryBar().
     void previewsWanted(const QStringList &sets);
+    /// The user has enough of previews that are being made.
+    void previewsCancelled();
+    /// This set was selected, by whomever, but not in keepCursor().
+    void selected(const QString &set);
     /// The user is about to select a set or an option; receivers may record the present state.
     void aboutToSelect();
 
@@ -86,6 +108,7 @@ private:
     void makePreview();
     void makeAllPreviews();
     void makePreviewsOf(const QStringList &sets);
+    void noteMade(const QString &set);
     enum PreviewWay { AsShown, BySelecting, NotAtAll };
     PreviewWay askForPreviewWay(const QString &set);
     void renameCurrent();
@@ -103,7 +126,9 @@ private:
     qxPanelEvents *m_events;
     qxSetEdits *m_edits;
     qxTakenKeys *m_taken;
+    qxPreviewAge *m_age;
     qxSetsView *m_view;
+    qxGalleryBar *m_bar;
     qxSetForm *m_form;
     QLineEdit *m_search;
     QLabel *m_found; ///< how many sets the search finds
@@ -116,4 +141,5 @@ private:
     QAction *m_addSetAction;
     QAction *m_withSets; ///< needs a group
     QAction *m_groupVisible;
+    bool m_keepsCursor = false; ///< where it is, whatever is selected
 };

@@ -160,21 +160,19 @@ void qxSetEdits::editSet(const QString &set, const QString &what,
         m_stack.push(new qxSetEdit(what, before, after, field));
 }
 
-void qxSetEdits::setPreviews(const QMap<QString, QByteArray> &previews)
+void qxSetEdits::setPreviews(const QMap<QString, QByteArray> &previews, int run)
 {
-    QStringList others;
-    for (const QString &name : previews.keys()) {
-        const qxVariantSet *const set = qxVariants::findVariantSet(name);
-        if (set && set->preview != previews[name])
-            others << name;
+    qxPreviewsEdit::Previews before;
+    qxPreviewsEdit::Previews after;
+    for (auto preview = previews.begin(); preview != previews.end(); ++preview) {
+        const qxVariantSet *const set = qxVariants::findVariantSet(preview.key());
+        if (!set || set->preview == preview.value())
+            continue;
+        before[set->name] = set->preview;
+        after[set->name] = preview.value();
     }
-    if (others.isEmpty())
-        return;
-    const MacroStep step(m_stack,
-                         others.size() == 1 ? tr("Preview of \"%1\"").arg(others.first())
-                                            : tr("Previews of %n sets", nullptr, others.size()));
-    for (const QString &name : others)
-        editSet(name, QString(), [&](qxVariantSet &set) { set.setPreview(previews[name]); });
+    if (!after.isEmpty())
+        m_stack.push(new qxPreviewsEdit(before, after, run));
 }
 
 QString qxSetEdits::addGroup()

@@ -36,8 +36,9 @@ public:
     void editSet(const QString &set, const QString &what,
                  const std::function<void(qxVariantSet &)> &change,
                  const QString &field = QString());
-    /// Gives sets these previews, by their names, in one step.
-    void setPreviews(const QMap<QString, QByteArray> &previews);
+    /// Gives sets these previews, by their names, in one step; consecutive ones of the same `run`
+    /// are one step together, 0 is a run of its own each time.
+    void setPreviews(const QMap<QString, QByteArray> &previews, int run = 0);
     /// Moves the sets, in this order, before the set `before` of the group, or among the sets in no
     /// group for an empty name; without `before` to the end.
     void moveSets(const QStringList &sets, const QString &group, const QString &before);

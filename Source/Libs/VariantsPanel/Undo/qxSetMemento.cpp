@@ -20,6 +20,12 @@ bool isSame(const QByteArray &one, const QByteArray &other)
     return one.constData() == other.constData() || one == other;
 }
 
+/// A set has hundreds of names, and what has not changed is still shared.
+bool isSame(const QString &one, const QString &other)
+{
+    return one.isSharedWith(other) || one == other;
+}
+
 bool isSame(const qxUniqueNames &one, const qxUniqueNames &other)
 {
     return one.list() == other.list();
@@ -29,8 +35,14 @@ bool isSame(const qxStateList &one, const qxStateList &other)
 {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(),
                       [](const qxVariantState &state, const qxVariantState &second) {
-                          return state.variant == second.variant && state.state == second.state;
+                          return isSame(state.variant, second.variant)
+                              && isSame(state.state, second.state);
                       });
+}
+
+bool isSame(const qxAnalyzerVariant &one, const qxAnalyzerVariant &other)
+{
+    return one.clipState == other.clipState && one.script() == other.script();
 }
 
 } // namespace
@@ -59,6 +71,7 @@ void qxSetMemento::visitFields(const Visit &visit)
     visit(&Held::m_includesLights, &Set::inclLights);
     visit(&Held::m_includesEnvironment, &Set::inclEnv);
     visit(&Held::m_includesView, &Set::inclView);
+    visit(&Held::m_clipping, &Set::analyzer);
     for (const qxVariantKind *kind : qxVariantKinds::all())
         visit(kind->states, kind->states);
 }
@@ -67,7 +80,6 @@ qxSetMemento qxSetMemento::of(const qxVariantSet &set)
 {
     qxSetMemento held;
     visitFields([&](auto field, auto own) { held.*field = set.*own; });
-    held.m_clipping = set.analyzer;
     held.m_animationIndex = set.animationIndex;
     return held;
 }
@@ -75,7 +87,6 @@ qxSetMemento qxSetMemento::of(const qxVariantSet &set)
 void qxSetMemento::applyTo(qxVariantSet &set) const
 {
     visitFields([&](auto field, auto own) { set.*own = this->*field; });
-    set.analyzer = m_clipping;
     set.animationIndex = m_animationIndex;
     set.updateShortcut();
 }

@@ -41,6 +41,6 @@ private:
     bool m_includesLights = false;
     bool m_includesEnvironment = false;
     bool m_includesView = false;
-    qxAnalyzerVariant m_clipping; ///< no edit changes it
+    qxAnalyzerVariant m_clipping;
     unsigned int m_animationIndex = 0;
 };

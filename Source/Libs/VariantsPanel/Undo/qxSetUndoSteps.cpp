@@ -5,9 +5,15 @@
 
 #include "qxPanelChanges.h"
 
+#include <QCoreApplication>
+
 namespace {
 
-const int editId = 1; ///< of steps that may become one
+///@{
+/// Of steps that may become one.
+const int editId = 1;
+const int previewsId = 2;
+///@}
 
 QString groupOf(const qxVariantSet &set)
 {
@@ -89,6 +95,56 @@ bool qxSetEdit::perform(bool forward)
         return false;
     Q_EMIT qxPanelChanges::the().setsEdited();
     return true;
+}
+
+qxPreviewsEdit::qxPreviewsEdit(const Previews &before, const Previews &after, int run)
+    : qxEditStep(textOf(after)), m_before(before), m_after(after), m_run(run)
+{
+}
+
+QString qxPreviewsEdit::textOf(const Previews &previews)
+{
+    return previews.size() == 1
+        ? QCoreApplication::translate("qxSetEdits", "Preview of \"%1\"").arg(previews.firstKey())
+        : QCoreApplication::translate("qxSetEdits", "Previews of %n sets", nullptr,
+                                      previews.size());
+}
+
+int qxPreviewsEdit::id() const
+{
+    return m_run == 0 ? -1 : previewsId;
+}
+
+bool qxPreviewsEdit::mergeWith(const QUndoCommand *next)
+{
+    const auto &edit = static_cast<const qxPreviewsEdit &>(*next);
+    if (edit.m_run != m_run)
+        return false;
+    for (const QString &set : edit.m_after.keys()) {
+        if (!m_before.contains(set))
+            m_before[set] = edit.m_before[set];
+        m_after[set] = edit.m_after[set];
+    }
+    setText(textOf(m_after));
+    return true;
+}
+
+/// Sets that got other previews meanwhile keep them.
+bool qxPreviewsEdit::perform(bool forward)
+{
+    const Previews &from = forward ? m_before : m_after;
+    const Previews &to = forward ? m_after : m_before;
+    bool isAnyDone = false;
+    for (const QString &name : to.keys()) {
+        qxVariantSet *const set = qxVariants::findVariantSet(name);
+        if (!set || set->preview != from[name])
+            continue;
+        set->setPreview(to[name]);
+        isAnyDone = true;
+    }
+    if (isAnyDone)
+        Q_EMIT qxPanelChanges::the().setsEdited();
+    return isAnyDone;
 }
 
 qxSetsMove::qxSetsMove(const QString &text, std::vector<Part> parts)

@@ -44,6 +44,27 @@ private:
     QString m_field;
 };
 
+/// Gives sets other previews.
+class qxPreviewsEdit : public qxEditStep {
+public:
+    typedef QMap<QString, QByteArray> Previews; ///< by the names of sets
+
+    /// Consecutive steps of one `run` are merged; 0 never is.
+    qxPreviewsEdit(const Previews &before, const Previews &after, int run);
+    int id() const override;
+    bool mergeWith(const QUndoCommand *next) override;
+
+protected:
+    bool perform(bool forward) override;
+
+private:
+    static QString textOf(const Previews &previews);
+
+    Previews m_before;
+    Previews m_after;
+    int m_run;
+};
+
 /// Moves sets.
 class qxSetsMove : public qxEditStep {
 public:

@@ -4,6 +4,12 @@
 
 struct qxVariantKind;
 
+/// A variant of the registry, by names.
+struct qxVariantName {
+    const qxVariantKind *kind; ///< never null
+    QString name;
+};
+
 /// The contents of a variant as a value, to restore a variant, to undo an edit.
 struct qxVariantMemento {
     /// The present contents of `variant`.

@@ -13,17 +13,24 @@ qxVariantsPresence::qxVariantsPresence(const QString &text, Way way, std::vector
 {
 }
 
-std::vector<qxVariantsPresence::Part> qxVariantsPresence::partsOf(const qxVariantKind &kind,
-                                                                  const QStringList &names)
+std::vector<qxVariantsPresence::Part>
+qxVariantsPresence::partsOf(const std::vector<qxVariantName> &variants)
 {
-    const QSet<QString> wanted(names.begin(), names.end());
+    QHash<const qxVariantKind *, QSet<QString>> wanted;
+    for (const qxVariantName &variant : variants)
+        wanted[variant.kind].insert(variant.name);
     std::vector<Part> parts;
-    int index = 0;
-    kind.visit([&](qxVariant &variant) {
-        if (wanted.contains(variant.name))
-            parts.push_back({qxVariantMemento::of(kind, variant), index});
-        ++index;
-    });
+    for (const qxVariantKind *kind : qxVariantKinds::all()) {
+        const auto names = wanted.constFind(kind);
+        if (names == wanted.constEnd())
+            continue;
+        int index = 0;
+        kind->visit([&](const qxVariant &variant) {
+            if (names->contains(variant.name))
+                parts.push_back({qxVariantMemento::of(*kind, variant), index});
+            ++index;
+        });
+    }
     return parts;
 }
 
@@ -55,14 +62,10 @@ bool qxVariantsPresence::appear()
 
 bool qxVariantsPresence::vanish()
 {
-    QHash<const qxVariantKind *, QStringList> names;
+    std::vector<qxVariantName> names;
     for (const Part &part : m_parts)
-        names[part.contents.kind] += part.contents.name;
-    std::vector<Part> found;
-    for (auto each = names.begin(); each != names.end(); ++each) {
-        for (Part &part : partsOf(*each.key(), *each))
-            found.push_back(std::move(part));
-    }
+        names.push_back({part.contents.kind, part.contents.name});
+    std::vector<Part> found = partsOf(names);
     if (found.empty())
         return false;
     for (const Part &part : found)

@@ -13,8 +13,8 @@ public:
         int index = -1; ///< among the variants of its kind; -1 for the end
     };
 
-    /// The parts of the variants of those names, as they are now. Unknown ones are left out.
-    static std::vector<Part> partsOf(const qxVariantKind &kind, const QStringList &names);
+    /// The parts of these variants, as they are now. Unknown ones are left out.
+    static std::vector<Part> partsOf(const std::vector<qxVariantName> &variants);
 
     qxVariantsPresence(const QString &text, Way way, std::vector<Part> parts);
 

@@ -1,8 +1,8 @@
 #include "qxStreams.h"
 
 #include "Files/qxOutputFile.h"
-#include "Report/qxOutput.h"
 #include "qxLog.h"
+#include "qxOutput.h"
 #include "qxText.h"
 
 #include <QFile>
@@ -40,9 +40,15 @@ bool qxStreams::write(const QString &name, const QByteArray &bytes)
         qxOutput::bytes(bytes);
         return true;
     }
+    const QString flaw = writeFile(name, bytes);
+    return flaw.isEmpty() || fail(name, flaw);
+}
+
+QString qxStreams::writeFile(const QString &name, const QByteArray &bytes)
+{
     qxOutputFile file(name);
     const bool isWritten = file.prepare(bytes) && file.commit();
     for (const QString &warning : file.warnings())
         qxLog::warning("%s: %s", qxText::toUtf8(name).c_str(), qxText::toUtf8(warning).c_str());
-    return isWritten || fail(name, file.errorString());
+    return isWritten ? QString() : file.errorString();
 }

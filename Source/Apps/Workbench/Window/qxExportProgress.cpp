@@ -1,4 +1,4 @@
-#include "qxPreviewDialog.h"
+#include "qxExportProgress.h"
 
 #include <QLabel>
 
@@ -8,7 +8,7 @@ const int pictureSteps = 100;
 
 } // namespace
 
-qxPreviewDialog::qxPreviewDialog(int count, QWidget *window)
+qxExportProgress::qxExportProgress(int count, QWidget *window)
     : m_dialog(QString(), tr("Cancel"), 0, count * pictureSteps, window,
                Qt::Dialog | Qt::WindowTitleHint),
       m_single(qxPictureProgress::display())
@@ -22,14 +22,14 @@ qxPreviewDialog::qxPreviewDialog(int count, QWidget *window)
     qxPictureProgress::setDisplay([this](double share) { return show(share); });
 }
 
-bool qxPreviewDialog::begin(const QString &set)
+bool qxExportProgress::begin(const QString &what)
 {
     ++m_begun;
-    m_dialog.setLabelText(tr("Preview of \"%1\" ...").arg(set));
+    m_dialog.setLabelText(tr("Picture of \"%1\" ...").arg(what));
     return show(0);
 }
 
-bool qxPreviewDialog::show(double share)
+bool qxExportProgress::show(double share)
 {
     m_dialog.setValue((m_begun - 1) * pictureSteps
                       + int(share * pictureSteps)); // This lets events through.

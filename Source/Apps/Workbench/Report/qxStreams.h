@@ -11,6 +11,8 @@ bool read(const QString &name, QByteArray &bytes);
 /// A file is written completely or not at all; errors of standard output are reported when the
 /// command ends.
 bool write(const QString &name, const QByteArray &bytes);
+/// The same for a file, without a word on standard error: empty, or why it cannot be written.
+QString writeFile(const QString &name, const QByteArray &bytes);
 
 /// Whether the name is "-".
 bool isStandard(const QString &name);

@@ -1,0 +1,267 @@
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "Cameras/qxMainView.h"
+#include "Session/qxSceneSnapshot.h"
+#include "Sets/qxSetsModel.h"
+#include "Window/qxPreviewMaker.h"
+#include "WindowFixture.h"
+#include "qxTestPaths.h"
+
+/// Pictures that the window makes are those of the commands.
+class WindowExportTest : public WindowFixture {
+protected:
+    static void run(const QStringList &arguments)
+    {
+        QProcess program;
+        program.start(QStringLiteral(QX_BUILD_BIN "/workbench"), arguments);
+        ASSERT_TRUE(program.waitForFinished(60000));
+        EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
+    }
+    static QByteArray contents(const QString &file)
+    {
+        QFile in(file);
+        in.open(QIODevice::ReadOnly);
+        return in.readAll();
+    }
+    static QMap<QString, QByteArray> previews()
+    {
+        QMap<QString, QByteArray> all;
+        for (const qxVariantSet *set : qxVariants::_variantSets) {
+            if (!set->preview.isEmpty())
+                all[set->name] = set->preview;
+        }
+        return all;
+    }
+    bool waitFor(const std::function<bool()> &isSo) const { return QTest::qWaitFor(isSo, 60000); }
+    bool isMaking() const { return window->findChild<qxPreviewMaker *>()->isRunning(); }
+    QString stale() const
+    {
+        settle();
+        QStringList names;
+        const auto &model = static_cast<const qxSetsModel &>(*list().model());
+        for (const QString &set : model.setsInOrder()) {
+            if (model.indexOfSet(set).data(qxSetsModel::StaleRole).toBool())
+                names << set;
+        }
+        return names.join(',');
+    }
+    /// Answers the question for a size and the one for the file.
+    void expectQuestions(const QString &file, const QSize &size = QSize(), bool isBest = true,
+                         bool isTransparent = false)
+    {
+        if (!size.isEmpty())
+            expectDialog([=](QDialog &dialog) {
+                dialog.findChildren<QSpinBox *>()[0]->setValue(size.width());
+                dialog.findChildren<QSpinBox *>()[1]->setValue(size.height());
+                dialog.findChild<QComboBox *>()->setCurrentIndex(isBest ? 1 : 0);
+                dialog.findChild<QCheckBox *>()->setChecked(isTransparent);
+                dialog.accept();
+            });
+        expectDialog([file](QDialog &dialog) {
+            dialog.findChild<QLineEdit *>("fileNameEdit")->setText(file);
+            dialog.accept();
+        });
+    }
+};
+
+TEST_F(WindowExportTest, PreviewsComeOneByOneWhileTheWindowIsUsedAndAreThoseOfTheCommand)
+{
+    openDesk();
+    QTest::keyClick(window->sceneView(), Qt::Key_Left); // away from the first viewpoint
+    const qxSceneSnapshot before;
+    goTo("Evening");
+    action("Previews of All Sets")->trigger();
+    EXPECT_TRUE(waitFor([] { return !previews().isEmpty(); }));
+    EXPECT_TRUE(isMaking()) << "shown before the others are made";
+    EXPECT_TRUE(before.isStillSo());
+    goTo("Morning");
+    EXPECT_TRUE(waitFor([this] { return !isMaking(); }));
+    EXPECT_TRUE(before.isStillSo());
+    EXPECT_EQ(window->setsDock()->view()->currentSet(), "Morning") << "where the user left it";
+    const auto made = previews();
+    EXPECT_EQ(made.size(), int(qxVariants::_variantSets.size()));
+    window->setsDock()->undoStack()->undo();
+    EXPECT_TRUE(previews().isEmpty()) << "one step";
+    run({"previews", "--all", path("desk.gltf"), "--save", path("made.gltf")});
+    ASSERT_TRUE(window->openFile(path("made.gltf")));
+    EXPECT_EQ(previews(), made);
+
+    action("Previews of All Sets")->trigger();
+    settle();
+    QTest::mouseClick(
+        window->setsDock()->findChild<QWidget *>("galleryBar")->findChildren<QPushButton *>()[1],
+        Qt::LeftButton);
+    EXPECT_FALSE(isMaking());
+    action("Previews of All Sets")->trigger();
+    openDesk();
+    EXPECT_FALSE(isMaking()) << "the sets are gone";
+}
+
+TEST_F(WindowExportTest, PreviewsAreStaleWhenSetSceneOrLightHaveChanged)
+{
+    openDesk();
+    action("Previews of All Sets")->trigger();
+    EXPECT_TRUE(waitFor([this] { return !isMaking(); }));
+    const QString all = "Morning,Evening,Leer geräumt";
+    EXPECT_EQ(stale(), "");
+    action("Brighter")->trigger();
+    EXPECT_EQ(stale(), all);
+    action("Darker")->trigger();
+    EXPECT_EQ(stale(), "");
+    select("Evening");
+    EXPECT_EQ(stale(), "") << "that is no change of what sets show";
+    tree().setFocus();
+    tree().setCurrentIndex(tree().model()->index(0, 0));
+    press(Qt::Key_Space);
+    EXPECT_EQ(stale(), all);
+}
+
+TEST_F(WindowExportTest, AFileIsTheOneThatTheCommandWrites)
+{
+    openDesk();
+    const qxSceneSnapshot before;
+    goTo("Evening");
+    const QSize size(48, 32);
+    const struct {
+        const char *action;
+        const char *file;
+        QStringList command; ///< without the scene
+        bool isBest;
+        bool isTransparent;
+    } cases[] = {
+        {"Save Picture...", "best.png", {"render"}, true, false},
+        {"Save Picture...", "quick.png", {"render", "--quality", "quick"}, false, false},
+        {"Save Picture...", "open.png", {"render", "--background", "none"}, true, true},
+        {"Save Sheet...", "sheet.png", {"render", "--all"}, true, false},
+        {"Export Catalogue...", "page.html", {"catalogue"}, true, false},
+    };
+    for (const auto &each : cases) {
+        SCOPED_TRACE(each.file);
+        const bool isPage = each.command.first() == "catalogue";
+        expectQuestions(path(each.file), isPage ? QSize() : size, each.isBest, each.isTransparent);
+        action(each.action)->trigger();
+        const QString other = path("by-command");
+        QDir().mkdir(other);
+        const QString target = isPage ? other : path("by-command.png");
+        run(each.command + QStringList{path("desk.gltf"), "--out", target}
+            + (isPage ? QStringList() : QStringList{"--size", "48x32"}));
+        const QByteArray written = contents(path(each.file));
+        EXPECT_FALSE(written.isEmpty());
+        EXPECT_EQ(written, contents(isPage ? other + "/index.html" : target));
+        EXPECT_TRUE(before.isStillSo());
+        EXPECT_EQ(window->setsDock()->view()->currentSet(), "Evening");
+    }
+    expectQuestions(path("picture.jpg"), size, false, true);
+    action("Save Picture...")->trigger();
+    EXPECT_TRUE(contents(path("picture.jpg")).startsWith("\xFF\xD8\xFF"));
+    EXPECT_EQ(QImage(path("picture.jpg")).size(), size);
+}
+
+TEST_F(WindowExportTest, WhatIsCancelledOrImpossibleLeavesNoFileAndIsExplained)
+{
+    openDesk();
+    const qxSceneSnapshot before;
+    QDir().mkdir(path("out"));
+    const auto files = [this] {
+        return QDir(path("out"))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)
+            .join(',');
+    };
+    QTimer user;
+    user.callOnTimeout([] {
+        auto *const dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+        if (dialog && dialog->value() > dialog->maximum() / 2)
+            dialog->cancel();
+    });
+    user.start(0);
+    expectQuestions(path("out/sheet.png"), QSize(48, 32));
+    action("Save Sheet...")->trigger();
+    expectQuestions(path("out/page.html"));
+    action("Export Catalogue...")->trigger();
+    expectQuestions(path("out/picture.png"), QSize(480, 320));
+    action("Save Picture...")->trigger();
+    user.stop();
+    EXPECT_EQ(files(), "");
+    EXPECT_TRUE(before.isStillSo());
+    expectQuestions("/proc/picture.png", QSize(48, 32), false);
+    expectClick("OK");
+    action("Save Picture...")->trigger();
+    EXPECT_TRUE(dialogTexts().contains("\"picture.png\" cannot be written."));
+    expectQuestions(path("out/picture.doc"), QSize(48, 32), false);
+    expectClick("OK");
+    action("Save Picture...")->trigger();
+    EXPECT_EQ(files(), "");
+}
+
+TEST_F(WindowExportTest, APresentationShowsTheSceneAloneAndLeavesTheWindowAsItWas)
+{
+    openDesk();
+    goTo("Evening");
+    const QByteArray layout = window->saveState();
+    const auto places = [this] {
+        QList<QRect> all{window->geometry(), window->sceneView()->geometry()};
+        for (const QWidget *dock : window->findChildren<QDockWidget *>())
+            all << (dock->isVisible() ? dock->geometry() : QRect());
+        return all;
+    };
+    const QList<QRect> before = places();
+    auto *const caption = window->findChild<QWidget *>("caption");
+    const auto labels = [caption] {
+        QStringList texts;
+        for (const QLabel *label : caption->findChildren<QLabel *>())
+            texts << label->text();
+        return texts.join('|');
+    };
+    const auto shows = [this](const char *set) {
+        settle();
+        return window->setsDock()->view()->currentSet() == set;
+    };
+    window->sceneView()->setFocus();
+    press(Qt::Key_F11);
+    settle();
+    EXPECT_TRUE(window->isFullScreen());
+    for (const QWidget *part : window->findChildren<QDockWidget *>())
+        EXPECT_FALSE(part->isVisible()) << part->objectName().toStdString();
+    EXPECT_FALSE(window->menuBar()->isVisible() || window->statusBar()->isVisible());
+    EXPECT_TRUE(labels().contains("Escape"));
+    press(Qt::Key_Right);
+    EXPECT_TRUE(shows("Morning"));
+    EXPECT_FALSE(caption->isVisible());
+    press(Qt::Key_N);
+    EXPECT_TRUE(caption->isVisible());
+    EXPECT_EQ(labels(), "Work|Morning");
+    press(Qt::Key_PageDown);
+    EXPECT_TRUE(shows("Evening"));
+    press(Qt::Key_Space);
+    EXPECT_TRUE(shows("Leer geräumt"));
+    EXPECT_EQ(labels(), "|Leer geräumt");
+    press(Qt::Key_Right);
+    EXPECT_TRUE(shows("Morning")) << "behind the last one";
+    press(Qt::Key_Left);
+    EXPECT_TRUE(shows("Leer geräumt"));
+    press(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_TRUE(shows("Morning"));
+    EXPECT_EQ(labels(), "Work|Morning");
+    EXPECT_TRUE(
+        waitFor([this] { return window->sceneView()->cursor().shape() == Qt::BlankCursor; }));
+    QTest::mouseMove(window->sceneView(), QPoint(40, 40));
+    EXPECT_TRUE(
+        waitFor([this] { return window->sceneView()->cursor().shape() == Qt::ArrowCursor; }));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return window->saveState() == layout && places() == before; }));
+    EXPECT_FALSE(window->isFullScreen() || caption->isVisible());
+    EXPECT_TRUE(window->sceneView()->hasFocus());
+}
+
+TEST_F(WindowExportTest, ClosedInAPresentationTheWindowRemembersTheLayoutBeforeIt)
+{
+    openDesk();
+    window->sceneView()->setFocus();
+    press(Qt::Key_F11);
+    window->close();
+    EXPECT_TRUE(waitFor([this] { return !window->isVisible(); }));
+    makeWindow();
+    EXPECT_TRUE(window->menuBar()->isVisible() && window->setsDock()->isVisible());
+    EXPECT_FALSE(window->isFullScreen());
+}
