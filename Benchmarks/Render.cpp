@@ -339,8 +339,9 @@ private:
     qxRenderer::View m_view;
 };
 
-/// As the window's view does it.
-static void renderOrbit(benchmark::State &state)
+/// As the window's view does it, with or without an outline around what two clicks in its middle
+/// pick.
+static void renderOrbit(benchmark::State &state, bool isOutlined)
 {
     RenderedScene scene(int(state.range(0)));
     scene.settings.width = 1280;
@@ -348,6 +349,11 @@ static void renderOrbit(benchmark::State &state)
     const Orbit orbit(scene.settings);
     qxRenderer renderer;
     qxMovingPicture moving;
+    const auto middle = [](int size) { return float(size) / 2; };
+    const std::vector<osg::NodePtr> picked = {
+        renderer
+            .nodeAt(scene.settings, middle(scene.settings.width), middle(scene.settings.height))
+            ->getParent()};
     int picture = 0;
     for (; picture < 20; ++picture) { // until its times are known
         orbit.look(picture);
@@ -358,6 +364,8 @@ static void renderOrbit(benchmark::State &state)
     for (auto _ : state) {
         orbit.look(++picture);
         benchmark::DoNotOptimize(moving.next(renderer, scene.settings).rgba.data());
+        if (isOutlined)
+            benchmark::DoNotOptimize(renderer.mask(scene.settings, picked).covered.data());
         share += moving.share();
     }
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
@@ -389,7 +397,12 @@ BENCHMARK(renderPictureBare)
     ->Arg(_demo)
     ->Arg(1000000)
     ->Apply(threads);
-BENCHMARK(renderOrbit)->Name("Moving/orbit")->Arg(_demo)->Arg(1000000)->Apply(threads);
+BENCHMARK_CAPTURE(renderOrbit, orbit, false)
+    ->Name("Moving/orbit")
+    ->Arg(_demo)
+    ->Arg(1000000)
+    ->Apply(threads);
+BENCHMARK_CAPTURE(renderOrbit, outlined, true)->Name("Moving/outlined")->Arg(_demo)->Apply(threads);
 BENCHMARK(renderWhole)->Name("Moving/bareWhole")->Arg(_demo)->Arg(1000000)->Apply(threads);
 BENCHMARK(renderFirst)->Name("Rendering/first")->Arg(_demo)->Arg(1000000)->Apply(threads);
 BENCHMARK(renderFirstBare)->Name("Rendering/bareFirst")->Arg(_demo)->Arg(1000000)->Apply(threads);

@@ -1402,6 +1402,168 @@
     </message>
 </context>
 <context>
+    <name>qxNodeKind</name>
+    <message>
+        <source>Transform Switch</source>
+        <translation>Transformationsschalter</translation>
+    </message>
+    <message>
+        <source>Transform</source>
+        <translation>Transformation</translation>
+    </message>
+    <message>
+        <source>Switch</source>
+        <translation>Schalter</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Licht</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>Netz</translation>
+    </message>
+    <message>
+        <source>Material Group</source>
+        <translation>Materialgruppe</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Einblendung</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>qxNodeMenu</name>
+    <message>
+        <source>&amp;Hide</source>
+        <translation>&amp;Ausblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>&amp;Einblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Isolate</source>
+        <translation>&amp;Nur dies zeigen</translation>
+    </message>
+    <message>
+        <source>Show &amp;All Again</source>
+        <translation>Alles w&amp;ieder einblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Frame</source>
+        <translation>&amp;Formatfüllend zeigen</translation>
+    </message>
+    <message>
+        <source>Pick the &amp;Parent</source>
+        <translation>Ü&amp;bergeordneten Knoten auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Make Variant</source>
+        <translation>&amp;Variante anlegen</translation>
+    </message>
+    <message>
+        <source>&amp;What Controls This</source>
+        <translation>&amp;Was dies steuert</translation>
+    </message>
+    <message>
+        <source>A&amp;dd Present State to Set</source>
+        <translation>Jetzigen &amp;Zustand in Set aufnehmen</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Name</source>
+        <translation>Name&amp;n kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Path</source>
+        <translation>&amp;Pfad kopieren</translation>
+    </message>
+    <message>
+        <source>A&amp;dd Present State to &quot;%1&quot;</source>
+        <translation>Jetzigen &amp;Zustand in „%1“ aufnehmen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n objects</source>
+        <translation>
+            <numerusform>%n Objekt</numerusform>
+            <numerusform>%n Objekte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Nothing that has a name</source>
+        <translation>Nichts, das einen Namen hat</translation>
+    </message>
+    <message>
+        <source>There is such a variant already.</source>
+        <translation>Diese Variante gibt es schon.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants made</source>
+        <translation>
+            <numerusform>%n Variante angelegt</numerusform>
+            <numerusform>%n Varianten angelegt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot;: %3</source>
+        <translation>%1 „%2“: %3</translation>
+    </message>
+    <message>
+        <source>It drives &quot;%1&quot;.</source>
+        <translation>Sie steuert „%1“.</translation>
+    </message>
+    <message>
+        <source>It drives &quot;%1&quot;, which is above this node.</source>
+        <translation>Sie steuert „%1“, das über diesem Knoten steht.</translation>
+    </message>
+    <message>
+        <source>No variant</source>
+        <translation>Keine Variante</translation>
+    </message>
+    <message>
+        <source>Show in &quot;Variants&quot;</source>
+        <translation>In „Varianten“ zeigen</translation>
+    </message>
+    <message>
+        <source>No set uses it</source>
+        <translation>Kein Set verwendet sie</translation>
+    </message>
+    <message>
+        <source>Sets that use it:</source>
+        <translation>Sets, die sie verwenden:</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No variant controls this.</source>
+        <translation>Dies steuert keine Variante.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has this state already.</source>
+        <translation>„%1“ hat diesen Zustand schon.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entries of &quot;%1&quot; are new or other than before</source>
+        <translation>
+            <numerusform>%n Eintrag von „%1“ ist neu oder anders als zuvor</numerusform>
+            <numerusform>%n Einträge von „%1“ sind neu oder anders als zuvor</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxPictureDialog</name>
     <message>
         <source>Rendering the preview ...</source>
@@ -1837,6 +1999,40 @@
     </message>
 </context>
 <context>
+    <name>qxSceneTree</name>
+    <message>
+        <source>Search nodes</source>
+        <translation>Knoten suchen</translation>
+    </message>
+    <message>
+        <source>Words of a node&apos;s name or kind. Enter goes to the next one that is found, Escape ends the search.</source>
+        <translation>Wörter aus Name oder Art eines Knotens. Die Eingabetaste führt zum nächsten gefundenen, Esc beendet die Suche.</translation>
+    </message>
+    <message>
+        <source>Nodes of the scene</source>
+        <translation>Knoten der Szene</translation>
+    </message>
+    <message>
+        <source>Search Nodes</source>
+        <translation>Knoten suchen</translation>
+    </message>
+    <message>
+        <source>Next Node Found</source>
+        <translation>Nächster gefundener Knoten</translation>
+    </message>
+    <message>
+        <source>Previous Node Found</source>
+        <translation>Voriger gefundener Knoten</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n found</source>
+        <translation>
+            <numerusform>%n gefunden</numerusform>
+            <numerusform>%n gefunden</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxSceneTreeModel</name>
     <message>
         <source>Node</source>
@@ -1944,6 +2140,10 @@
     <message>
         <source>3D View</source>
         <translation>3D-Ansicht</translation>
+    </message>
+    <message>
+        <source>Frame What Is Picked</source>
+        <translation>Ausgewähltes formatfüllend zeigen</translation>
     </message>
 </context>
 <context>
@@ -3384,6 +3584,88 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     </message>
 </context>
 <context>
+    <name>qxViewpointEdits</name>
+    <message>
+        <source>Capture viewpoint &quot;%1&quot;</source>
+        <translation>Ansichtspunkt „%1“ aufnehmen</translation>
+    </message>
+    <message>
+        <source>Delete viewpoint &quot;%1&quot;</source>
+        <translation>Ansichtspunkt „%1“ löschen</translation>
+    </message>
+</context>
+<context>
+    <name>qxViewpointMenu</name>
+    <message>
+        <source>&amp;Next Viewpoint</source>
+        <translation>&amp;Nächster Ansichtspunkt</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Viewpoint</source>
+        <translation>&amp;Voriger Ansichtspunkt</translation>
+    </message>
+    <message>
+        <source>Move &amp;Smoothly</source>
+        <translation>&amp;Fließend bewegen</translation>
+    </message>
+    <message>
+        <source>&amp;Capture Viewpoint...</source>
+        <translation>Ansichtspunkt &amp;aufnehmen …</translation>
+    </message>
+    <message>
+        <source>&amp;Rename Viewpoint...</source>
+        <translation>Ansichtspunkt &amp;umbenennen …</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Viewpoint</source>
+        <translation>Ansichtspunkt &amp;löschen</translation>
+    </message>
+    <message>
+        <source>Viewpoint %1</source>
+        <translation>Ansichtspunkt %1</translation>
+    </message>
+    <message>
+        <source>This viewpoint is part of the file: it stays.</source>
+        <translation>Dieser Ansichtspunkt gehört zur Datei: er bleibt.</translation>
+    </message>
+    <message>
+        <source>Viewpoints that were captured can be deleted until the file is opened again.</source>
+        <translation>Aufgenommene Ansichtspunkte lassen sich löschen, bis die Datei wieder geöffnet wird.</translation>
+    </message>
+    <message>
+        <source>The scene has no viewpoints.</source>
+        <translation>Die Szene hat keine Ansichtspunkte.</translation>
+    </message>
+    <message>
+        <source>Capture Viewpoint</source>
+        <translation>Ansichtspunkt aufnehmen</translation>
+    </message>
+    <message>
+        <source>Name of the viewpoint:</source>
+        <translation>Name des Ansichtspunkts:</translation>
+    </message>
+    <message>
+        <source>There is no camera to capture.</source>
+        <translation>Es gibt keine Kamera, die sich aufnehmen ließe.</translation>
+    </message>
+    <message>
+        <source>The viewpoint &quot;%1&quot; is captured.</source>
+        <translation>Der Ansichtspunkt „%1“ ist aufgenommen.</translation>
+    </message>
+    <message>
+        <source>Rename Viewpoint</source>
+        <translation>Ansichtspunkt umbenennen</translation>
+    </message>
+    <message>
+        <source>New name of &quot;%1&quot;:</source>
+        <translation>Neuer Name von „%1“:</translation>
+    </message>
+    <message>
+        <source>The viewpoint &quot;%1&quot; is deleted.</source>
+        <translation>Der Ansichtspunkt „%1“ ist gelöscht.</translation>
+    </message>
+</context>
+<context>
     <name>qxWorkbenchWindow</name>
     <message>
         <source>&amp;File</source>
@@ -3712,6 +3994,29 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     <message>
         <source>Na&amp;mes in Presentation</source>
         <translation>&amp;Namen in der Präsentation</translation>
+    </message>
+    <message>
+        <source>&amp;Nodes</source>
+        <translation>&amp;Knoten</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not in the list now: its group is hidden, or the search leaves it out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Viewp&amp;oints</source>
+        <translation>Ans&amp;ichtspunkte</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n nodes picked, the last one: %1 (%2)</source>
+        <translation>
+            <numerusform>%n Knoten ausgewählt, zuletzt: %1 (%2)</numerusform>
+            <numerusform>%n Knoten ausgewählt, zuletzt: %1 (%2)</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

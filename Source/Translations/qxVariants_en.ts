@@ -64,6 +64,37 @@
     </message>
 </context>
 <context>
+    <name>qxNodeMenu</name>
+    <message numerus="yes">
+        <source>%n objects</source>
+        <translation>
+            <numerusform>%n object</numerusform>
+            <numerusform>%n objects</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n variants made</source>
+        <translation>
+            <numerusform>%n variant made</numerusform>
+            <numerusform>%n variants made</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entries of &quot;%1&quot; are new or other than before</source>
+        <translation>
+            <numerusform>%n entry of &quot;%1&quot; is new or other than before</numerusform>
+            <numerusform>%n entries of &quot;%1&quot; are new or other than before</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>qxProblemFixes</name>
     <message numerus="yes">
         <source>Remove %n entries</source>
@@ -194,6 +225,16 @@
         <translation>
             <numerusform>%n step can be recovered. The file stays as it is until you save.</numerusform>
             <numerusform>%n steps can be recovered. The file stays as it is until you save.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxSceneTree</name>
+    <message numerus="yes">
+        <source>%n found</source>
+        <translation>
+            <numerusform>%n found</numerusform>
+            <numerusform>%n found</numerusform>
         </translation>
     </message>
 </context>
@@ -424,6 +465,16 @@
         <translation>
             <numerusform>%n variant found</numerusform>
             <numerusform>%n variants found</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>qxWorkbenchWindow</name>
+    <message numerus="yes">
+        <source>%n nodes picked, the last one: %1 (%2)</source>
+        <translation>
+            <numerusform>%n node picked, the last one: %1 (%2)</numerusform>
+            <numerusform>%n nodes picked, the last one: %1 (%2)</numerusform>
         </translation>
     </message>
 </context>

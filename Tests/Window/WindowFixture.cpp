@@ -147,3 +147,15 @@ void WindowFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     ASSERT_NE(focus, nullptr);
     QTest::keyClick(focus, key, modifiers);
 }
+
+void WindowFixture::drag(Qt::MouseButton button, const QPoint &way) const
+{
+    qxSceneView *const view = window->sceneView();
+    const QPoint start = view->rect().center();
+    QTest::mousePress(view, button, Qt::NoModifier, start);
+    for (int i = 1; i <= 4; ++i) {
+        QMouseEvent move(QEvent::MouseMove, start + way * i / 4, button, button, Qt::NoModifier);
+        QApplication::sendEvent(view, &move);
+    }
+    QTest::mouseRelease(view, button, Qt::NoModifier, start + way);
+}

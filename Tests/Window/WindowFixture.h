@@ -73,6 +73,8 @@ protected:
     {
         return *window->findChild<QDockWidget *>("scene")->findChild<QTreeView *>();
     }
+    /// Drags in the view, from its middle.
+    void drag(Qt::MouseButton button, const QPoint &way) const;
     /// Puts the cursor of the list on a set, as a click does.
     QModelIndex goTo(const QString &set);
     /// Runs Python in the console and tells what that printed.

@@ -16,21 +16,7 @@
 #include <stdexcept>
 
 /// The picture of the scene, while a hand is on it and afterwards.
-class WindowViewTest : public WindowFixture {
-protected:
-    void drag(Qt::MouseButton button, const QPoint &way)
-    {
-        qxSceneView *const view = window->sceneView();
-        const QPoint start = view->rect().center();
-        QTest::mousePress(view, button, Qt::NoModifier, start);
-        for (int i = 1; i <= 4; ++i) {
-            QMouseEvent move(QEvent::MouseMove, start + way * i / 4, button, button,
-                             Qt::NoModifier);
-            QApplication::sendEvent(view, &move);
-        }
-        QTest::mouseRelease(view, button, Qt::NoModifier, start + way);
-    }
-};
+class WindowViewTest : public WindowFixture {};
 
 TEST_F(WindowViewTest, ThePictureFollowsHandAndKeysAndHomeLeadsBack)
 {

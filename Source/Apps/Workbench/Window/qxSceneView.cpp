@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -25,24 +26,34 @@ namespace {
 const float defaultFieldOfView = 0.7f;
 const float keyStep = 0.05f;
 const float zoomStep = 1.1f;
+const int clickDistance = 3; ///< in units of the layout: farther apart it is another place
+const int stillTime = 150; ///< milliseconds without a picture: the camera does not move
+const double fluentOutline = 10; ///< milliseconds that it may take while the camera moves
 
 qxUberCamera &camera()
 {
     return qxMainView::the().camera;
 }
 
-/// The box around a node with all that is below it, in world coordinates; false for none.
-bool boxOf(const osg::NodePtr &node, osg::Pnt3f &low, osg::Pnt3f &high)
+/// The box around nodes with all that is below them, in world coordinates; false for none.
+bool boxOf(const qxNodeSelection::Nodes &nodes, osg::Pnt3f &low, osg::Pnt3f &high)
 {
-    const osg::DynamicVolume box = qxSceneBox(node);
-    if (!box.isEmpty())
-        box.getBounds(low, high);
-    return !box.isEmpty();
+    osg::DynamicVolume all;
+    all.setEmpty();
+    for (const osg::NodePtr &node : nodes) {
+        osg::DynamicVolume box = qxSceneBox(node);
+        if (!box.isEmpty())
+            all.extendBy(box);
+    }
+    if (!all.isEmpty())
+        all.getBounds(low, high);
+    return !all.isEmpty();
 }
 
 } // namespace
 
-qxSceneView::qxSceneView(QWidget *parent) : QWidget(parent), m_hint(new QLabel)
+qxSceneView::qxSceneView(qxNodeSelection *picked, QWidget *parent)
+    : QWidget(parent), m_picked(picked), m_outlineLater(new QTimer(this)), m_hint(new QLabel)
 {
     buildActions();
     setFocusPolicy(Qt::StrongFocus);
@@ -61,6 +72,13 @@ qxSceneView::qxSceneView(QWidget *parent) : QWidget(parent), m_hint(new QLabel)
     m_view->setFluent(true);
     m_view->setListener([this] { takePicture(); });
     m_view->setProgressListener([this](float share) { tellProgress(share); });
+    m_outlineLater->setSingleShot(true);
+    m_outlineLater->setInterval(stillTime);
+    m_outlineLater->callOnTimeout(this, &qxSceneView::outline);
+    connect(m_picked, &qxNodeSelection::changed, this, [this] {
+        m_outline.setNodes(m_picked->nodes());
+        outline();
+    });
 }
 
 qxSceneView::~qxSceneView() = default;
@@ -87,19 +105,24 @@ void qxSceneView::showNewScene()
 void qxSceneView::takeCamera()
 {
     osg::Pnt3f low, high;
-    if (boxOf(qxScenegraph::getRoot(), low, high))
+    if (boxOf({qxScenegraph::getRoot()}, low, high))
         m_pivot = low + (high - low) * 0.5f;
 }
 
 void qxSceneView::fitScene()
 {
-    fitNode(qxScenegraph::getRoot());
+    fitNodes({qxScenegraph::getRoot()});
 }
 
-void qxSceneView::fitNode(const osg::NodePtr &node)
+void qxSceneView::fitPicked()
+{
+    m_picked->isEmpty() ? fitScene() : fitNodes(m_picked->nodes());
+}
+
+void qxSceneView::fitNodes(const qxNodeSelection::Nodes &nodes)
 {
     osg::Pnt3f low, high;
-    if (!boxOf(node, low, high))
+    if (!boxOf(nodes, low, high))
         return;
     m_pivot = low + (high - low) * 0.5f;
     const float radius = std::max(1e-3f, (high - low).length() / 2);
@@ -119,6 +142,7 @@ void qxSceneView::goHome()
 void qxSceneView::cameraMoved()
 {
     qxMainView::the().viewpoint = -1;
+    m_wasClicked = false;
     qxController::updateRender(false);
 }
 
@@ -127,7 +151,22 @@ void qxSceneView::takePicture()
     qxImageRenderWidget::convertToQImage(m_picture, m_view->picture());
     if (!isVisible())
         m_view->cancelRefining(); // It would keep all processors busy for nothing.
+    const bool isMoving = m_lastPicture.isValid() && m_lastPicture.elapsed() < stillTime;
+    m_lastPicture.start();
+    if (isMoving && m_outline.time() > fluentOutline) {
+        m_outline.hide();
+        m_outlineLater->start();
+    } else {
+        outline();
+    }
     showHint();
+    update();
+}
+
+void qxSceneView::outline()
+{
+    m_outlineLater->stop();
+    m_outline.follow(pixels(), devicePixelRatioF());
     update();
 }
 
@@ -179,6 +218,7 @@ void qxSceneView::paintEvent(QPaintEvent *)
         return painter.fillRect(rect(), palette().window());
     painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.size() != pixels());
     painter.drawImage(rect(), m_picture);
+    m_outline.paint(painter, size());
 }
 
 void qxSceneView::showEvent(QShowEvent *)
@@ -209,8 +249,7 @@ void qxSceneView::mousePressEvent(QMouseEvent *event)
 
 void qxSceneView::mouseMoveEvent(QMouseEvent *event)
 {
-    const int threshold = 3;
-    m_isDragged |= (event->pos() - m_pressed).manhattanLength() > threshold;
+    m_isDragged |= (event->pos() - m_pressed).manhattanLength() > clickDistance;
     if (!m_isDragged)
         return;
     drag(QPointF(event->pos() - m_last) / std::max(1, height()), event->buttons(),
@@ -235,13 +274,50 @@ void qxSceneView::drag(const QPointF &step, Qt::MouseButtons buttons,
 
 void qxSceneView::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (!m_isDragged && event->button() == Qt::LeftButton)
-        Q_EMIT nodePicked(nodeAt(event->localPos()));
+    const bool isClick = !m_isDragged && !m_isDoubleClick;
+    m_isDoubleClick = false;
+    if (isClick && event->button() == Qt::LeftButton) {
+        pick(*event);
+    } else if (isClick && event->button() == Qt::RightButton) {
+        const osg::NodePtr node = nodeAt(event->localPos());
+        if (node == osg::NullFC || !m_picked->hasAtOrAbove(node))
+            m_picked->pick(node, qxNodeSelection::Alone);
+        Q_EMIT menuWanted(event->globalPos());
+    }
+}
+
+void qxSceneView::pick(const QMouseEvent &event)
+{
+    const bool isAgain =
+        m_wasClicked && (event.pos() - m_clicked).manhattanLength() <= clickDistance;
+    m_wasClicked = true;
+    m_clicked = event.pos();
+    m_picked->pick(nodeAt(event.localPos()),
+                   event.modifiers() & Qt::ControlModifier ? qxNodeSelection::Besides
+                       : isAgain                           ? qxNodeSelection::Again
+                                                           : qxNodeSelection::Alone);
 }
 
 void qxSceneView::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    fitNode(nodeAt(event->localPos()));
+    m_isDoubleClick = true;
+    if (event->button() == Qt::LeftButton)
+        fitNodes({nodeAt(event->localPos())});
+}
+
+/// That of the right button waits for its release: the button zooms, too.
+void qxSceneView::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        Q_EMIT menuWanted(mapToGlobal(rect().center()));
+}
+
+/// Escape is no action: where there is nothing to clear, others may have it.
+void qxSceneView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Escape || m_picked->isEmpty())
+        return QWidget::keyPressEvent(event);
+    m_picked->clear();
 }
 
 osg::NodePtr qxSceneView::nodeAt(const QPointF &place) const
@@ -268,11 +344,12 @@ void qxSceneView::buildActions()
     addAction(QT_TR_NOOP("Zoom In"), Qt::Key_Plus, [this] { zoom(zoomStep); });
     addAction(QT_TR_NOOP("Zoom Out"), Qt::Key_Minus, [this] { zoom(1 / zoomStep); });
     addAction(QT_TR_NOOP("Show Everything"), Qt::Key_F, [this] { fitScene(); });
+    addAction(QT_TR_NOOP("Frame What Is Picked"), Qt::SHIFT + Qt::Key_F, [this] { fitPicked(); });
     addAction(QT_TR_NOOP("Home"), Qt::Key_Home, [this] { goHome(); });
     retranslate();
 }
 
-void qxSceneView::addAction(const char *text, Qt::Key key, const std::function<void()> &run)
+void qxSceneView::addAction(const char *text, int key, const std::function<void()> &run)
 {
     auto *const action = new QAction(this);
     action->setShortcut(key);

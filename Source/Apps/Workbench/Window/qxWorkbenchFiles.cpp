@@ -7,7 +7,7 @@
 #include "qxPanelEvents.h"
 #include "qxRecentFiles.h"
 #include "qxRecovery.h"
-#include "qxSceneTreeModel.h"
+#include "qxSceneTree.h"
 #include "qxSceneView.h"
 #include "qxWorkbenchWindow.h"
 
@@ -25,7 +25,6 @@
 #include <QStandardPaths>
 #include <QStatusBar>
 #include <QTimer>
-#include <QTreeView>
 #include <QUndoStack>
 
 namespace {
@@ -188,9 +187,9 @@ void qxWorkbenchWindow::comeToFront()
 void qxWorkbenchWindow::showNewScene()
 {
     m_sets->undoStack()->clear();
-    m_tree->refresh();
-    m_treeView->expandToDepth(0);
+    m_sceneTree->showNewScene();
     m_view->showNewScene();
+    m_viewpoints->showNewScene();
     m_events->flush();
     m_problems->lookAtScene();
     m_unsaved->forget();

@@ -176,7 +176,8 @@ void qxWorkbenchWindow::focusPane(int step)
     QList<QWidget *> panes;
     for (QWidget *pane : {static_cast<QWidget *>(m_view), static_cast<QWidget *>(m_treeView),
                           m_variants->widget(), m_sets->view()->currentWidget(),
-                          static_cast<QWidget *>(m_log), static_cast<QWidget *>(m_console)}) {
+                          static_cast<QWidget *>(m_log), static_cast<QWidget *>(m_console),
+                          findChild<QDockWidget *>(QStringLiteral("problems"))->widget()}) {
         const QDockWidget *const dock = dockAround(pane);
         if (!dock || dock->toggleViewAction()->isChecked())
             panes << pane;

@@ -15,7 +15,7 @@
 #include "qxKeysPage.h"
 #include "qxLanguage.h"
 #include "qxLogView.h"
-#include "qxNames.h"
+#include "qxNodeVisibility.h"
 #include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxPictureDialog.h"
@@ -24,6 +24,7 @@
 #include "qxPreviewMaker.h"
 #include "qxRecentFiles.h"
 #include "qxRecovery.h"
+#include "qxSceneTree.h"
 #include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
 #include "qxScenegraph.h"
@@ -37,9 +38,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QHeaderView>
 #include <QLabel>
-#include <QScrollBar>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -49,7 +48,8 @@
 qxWorkbenchWindow::qxWorkbenchWindow()
     : m_language(std::make_unique<qxLanguage>()), m_theme(std::make_unique<qxTheme>()),
       m_session(std::make_unique<qxSession>()), m_events(new qxPanelEvents(this)),
-      m_view(new qxSceneView), m_recentFiles(new qxRecentFiles(this)),
+      m_picked(new qxNodeSelection(this)), m_visibility(new qxNodeVisibility(this)),
+      m_view(new qxSceneView(m_picked)), m_recentFiles(new qxRecentFiles(this)),
       m_start(new qxStartPage(m_recentFiles)), m_centre(new QStackedWidget),
       m_pictureDialog(std::make_unique<qxPictureDialog>(this))
 {
@@ -64,6 +64,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     buildFileMenu();
     buildEditMenu();
     buildViewMenu();
+    buildNodeMenus();
     buildSetsMenu();
     buildVariantsMenu();
     buildHelpMenu();
@@ -72,7 +73,6 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_start, &qxStartPage::fileWanted, this, &qxWorkbenchWindow::openAnother);
     connect(m_start, &qxStartPage::openWanted, this, &qxWorkbenchWindow::askAndOpen);
     connect(m_events, &qxPanelEvents::setsChanged, this, &qxWorkbenchWindow::showCentre);
-    connect(m_view, &qxSceneView::nodePicked, this, &qxWorkbenchWindow::showPicked);
     auto *const progress = new QLabel;
     statusBar()->addPermanentWidget(progress);
     connect(m_view, &qxSceneView::progressed, progress, &QLabel::setText);
@@ -84,7 +84,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     connect(m_unsaved, &qxUnsavedChanges::looked, this, &qxWorkbenchWindow::showUnsaved);
     m_recovery = new qxRecovery(m_sets->undoStack(), m_events, this);
     connect(m_recovery, &qxRecovery::recoverWanted, this, &qxWorkbenchWindow::recover);
-    connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_unsaved, &qxUnsavedChanges::look);
+    connect(m_visibility, &qxNodeVisibility::changed, m_unsaved, &qxUnsavedChanges::look);
     connect(m_console, &qxScriptConsole::aboutToRun, this, &qxWorkbenchWindow::rememberForScript);
     connect(m_console, &qxScriptConsole::statementRan, this, &qxWorkbenchWindow::followScripts);
     // The dock with the focus may lie behind another one.
@@ -134,7 +134,6 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         delete dock;
     delete m_problems;
-    delete m_tree;
     delete m_events;
 }
 
@@ -142,16 +141,7 @@ void qxWorkbenchWindow::buildDocks()
 {
     m_sets = new qxVariantSetsDock(this);
     m_variants = new qxVariantsDock(m_sets->undoStack(), this);
-    m_tree = new qxSceneTreeModel(this);
-    m_treeView = new QTreeView;
-    m_treeView->setModel(m_tree);
-    m_treeView->setUniformRowHeights(true);
-    m_treeView->setIndentation(m_treeView->fontMetrics().height() * 2 / 3);
-    m_treeView->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_treeView->header()->setMaximumSectionSize(60 * m_treeView->fontMetrics().averageCharWidth());
-    m_treeView->header()->setStretchLastSection(false);
-    connect(m_treeView, &QTreeView::activated, this,
-            [this](const QModelIndex &index) { m_view->fitNode(m_tree->nodeAt(index)); });
+    buildNodes();
     m_log = new qxLogView;
     connect(m_log, &qxLogView::errorLogged, this, [this](const QString &line) {
         m_lastError = line;
@@ -164,7 +154,7 @@ void qxWorkbenchWindow::buildDocks()
     giveKey(m_animation->playAction(), Qt::Key_Space);
     giveKey(m_animation->stopAction(), Qt::SHIFT + Qt::Key_Space);
 
-    dockOf(m_treeView, QT_TR_NOOP("Scene"), QStringLiteral("scene"));
+    dockOf(m_sceneTree, QT_TR_NOOP("Scene"), QStringLiteral("scene"));
     dockOf(m_log, QT_TR_NOOP("Log"), QStringLiteral("log"));
     dockOf(m_console, QT_TR_NOOP("Scripts"), QStringLiteral("scripts"));
 }
@@ -234,7 +224,6 @@ void qxWorkbenchWindow::retranslate()
     m_back->setIconText(tr("Back"));
     showUndo();
     showTitle();
-    m_tree->retranslate();
 }
 
 void qxWorkbenchWindow::closeEvent(QCloseEvent *event)
@@ -278,26 +267,6 @@ void qxWorkbenchWindow::showKeys()
     m_keys->show();
 }
 
-void qxWorkbenchWindow::showPicked(const osg::NodePtr &node)
-{
-    const QModelIndex index = m_tree->indexOf(node);
-    m_treeView->setCurrentIndex(index);
-    if (index.isValid())
-        showNode(index);
-    statusBar()->showMessage(qxNames::nameOf(node));
-}
-
-/// The view scrolls to the start of the column, which may show only indentation.
-void qxWorkbenchWindow::showNode(const QModelIndex &index)
-{
-    m_treeView->scrollTo(index);
-    m_treeView->header()->resizeSections(QHeaderView::ResizeToContents);
-    const int begin = m_treeView->visualRect(index).left();
-    const int end = begin + m_treeView->sizeHintForIndex(index).width();
-    QScrollBar *const bar = m_treeView->horizontalScrollBar();
-    bar->setValue(bar->value() + qBound(0, end - m_treeView->viewport()->width(), begin));
-}
-
 void qxWorkbenchWindow::rememberForBack()
 {
     m_before = std::make_unique<qxSceneSnapshot>();
@@ -309,6 +278,8 @@ void qxWorkbenchWindow::forgetScene()
 {
     m_before.reset();
     m_beforeScript.reset();
+    m_picked->clear();
+    m_visibility->forget();
     m_back->setEnabled(false);
     m_isNewScene = true;
 }

@@ -19,6 +19,9 @@ class qxBlockedScriptReport;
 class qxFileClaim;
 class qxKeysPage;
 class qxLogView;
+class qxNodeMenu;
+class qxNodeSelection;
+class qxNodeVisibility;
 class qxPanelEvents;
 class qxPictureDialog;
 class qxProblems;
@@ -26,6 +29,7 @@ class qxPictureExport;
 class qxPresentation;
 class qxPreviewMaker;
 class qxRecentFiles;
+class qxSceneTree;
 class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
@@ -36,6 +40,7 @@ class qxTheme;
 class qxRecovery;
 class qxVariantSetsDock;
 class qxVariantsDock;
+class qxViewpointMenu;
 class qxWindowLayout;
 
 /// The window of the program: the scene, and docks for sets, variants, nodes, log and scripts.
@@ -123,8 +128,9 @@ private:
     void forgetScene();
     void takeBackScene();
     void showNewScene();
-    void showPicked(const osg::NodePtr &node);
-    void showNode(const QModelIndex &index);
+    void buildNodes();
+    void buildNodeMenus();
+    void tellPicked();
     void rememberForBack();
     void rememberForScript();
     void focusPane(int step);
@@ -145,6 +151,8 @@ private:
     bool m_isNewScene = false; ///< since the last file was asked for
     QString m_lastError; ///< of the log
     qxPanelEvents *m_events;
+    qxNodeSelection *m_picked; ///< in view and tree
+    qxNodeVisibility *m_visibility;
     qxSceneView *m_view;
     qxRecentFiles *m_recentFiles;
     qxStartPage *m_start;
@@ -155,8 +163,11 @@ private:
     qxVariantSetsDock *m_sets;
     qxProblems *m_problems;
     qxVariantsDock *m_variants;
-    qxSceneTreeModel *m_tree;
-    QTreeView *m_treeView;
+    qxSceneTree *m_sceneTree;
+    qxSceneTreeModel *m_tree; ///< that of m_sceneTree
+    QTreeView *m_treeView; ///< the same
+    qxNodeMenu *m_nodes;
+    qxViewpointMenu *m_viewpoints;
     qxLogView *m_log;
     qxScriptConsole *m_console;
     qxUnsavedChanges *m_unsaved;

@@ -116,6 +116,12 @@ osg::NodePtr qxScenePicture::nodeAt(const qxPictureSettings &settings, float x, 
     return presentRenderer().nodeAt(settings, x, y);
 }
 
+qxNodeMask qxScenePicture::mask(const qxPictureSettings &settings,
+                                const std::vector<osg::NodePtr> &nodes)
+{
+    return presentRenderer().mask(settings, nodes);
+}
+
 int qxScenePicture::quality()
 {
     return qxOSGWidget::getRaytracing()

@@ -20,6 +20,9 @@ public:
     static qxRenderer::View view(const qxPictureSettings &settings);
     /// As qxRenderer::nodeAt.
     static osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);
+    /// As qxRenderer::mask.
+    static qxNodeMask mask(const qxPictureSettings &settings,
+                           const std::vector<osg::NodePtr> &nodes);
     ///@{
     /// The renderer of all these pictures, for a long rendering; pictures made meanwhile get
     /// another one.

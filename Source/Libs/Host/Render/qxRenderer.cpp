@@ -8,6 +8,7 @@
 #include "qxLog.h"
 #include "qxNodeWalk.h"
 
+#include <algorithm>
 #include <new>
 
 namespace {
@@ -144,4 +145,20 @@ osg::NodePtr qxRenderer::nodeAt(const qxPictureSettings &settings, float x, floa
 {
     return m_parts->withScene(
         settings, [&] { return m_parts->nodeAt(settings, x, y); }, qxRenderScene::KnownLight);
+}
+
+qxNodeMask qxRenderer::mask(const qxPictureSettings &settings,
+                            const std::vector<osg::NodePtr> &nodes)
+{
+    if (!m_parts->scene || !qxScene::current() || !isPossible(settings))
+        return qxNodeMask();
+    std::vector<osg::UInt32> ids;
+    for (const osg::NodePtr &top : nodes)
+        qxWalkNodes(
+            top, [&ids](const osg::NodePtr &node) { ids.push_back(node.getFieldContainerId()); });
+    std::sort(ids.begin(), ids.end());
+    const qxRenderGroup &group = m_parts->scene->shown();
+    const qxRenderCamera camera(qxMainView::the().camera, group.bounds(), settings.width,
+                                settings.height);
+    return qxMaskOf(ids, group, camera, qxRenderClipping(qxClipping::the(), group.bounds()));
 }

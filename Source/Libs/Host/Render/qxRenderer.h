@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Render/qxNodeMask.h"
 #include "Render/qxPicture.h"
 #include "qxUberCameraPool.h"
 
@@ -45,6 +46,9 @@ public:
     /// The node that such a picture shows at a place, in pixels from its lower left corner; null
     /// for the background. Overlays are looked through.
     osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);
+    /// Where such a picture has these nodes with all that is below them. The scene is as the last
+    /// picture had it; without a picture, and for nodes that show nothing, the mask is empty.
+    qxNodeMask mask(const qxPictureSettings &settings, const std::vector<osg::NodePtr> &nodes);
 
 private:
     struct Parts;

@@ -7,6 +7,7 @@
 #include "qxModuleBase.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
+#include "qxViewpointEdits.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGSwitchMaterial.h>
@@ -46,15 +47,6 @@ Materials poolNow()
     return Materials(materials.begin(), materials.end());
 }
 
-std::vector<qxUberCamera> viewpointsNow()
-{
-    const qxUberCameraPool &pool = *qxUberCameraPool::the();
-    std::vector<qxUberCamera> viewpoints;
-    for (int id = 0; id < pool.count(); ++id)
-        viewpoints.push_back(*pool.get(id));
-    return viewpoints;
-}
-
 void setParts(const osg::SwitchMaterialPtr &choices, const Materials &parts)
 {
     const Materials held = partsOf(choices); // beyond the moment in which nothing else holds them
@@ -87,7 +79,7 @@ void subtract(Materials &all, const Materials &known)
 
 } // namespace
 
-qxSceneUndo::qxSceneUndo() : m_pool(poolNow()), m_viewpoints(viewpointsNow())
+qxSceneUndo::qxSceneUndo() : m_pool(poolNow()), m_viewpoints(qxViewpointEdits::all())
 {
     std::set<osg::UInt32> known;
     Materials open = m_pool;
@@ -127,7 +119,7 @@ void qxSceneUndo::finish()
     Materials pool = poolNow();
     subtract(pool, m_pool);
     m_pool.swap(pool);
-    std::vector<qxUberCamera> viewpoints = viewpointsNow();
+    std::vector<qxUberCamera> viewpoints = qxViewpointEdits::all();
     viewpoints.erase(viewpoints.begin(),
                      viewpoints.begin()
                          + std::ptrdiff_t(std::min(viewpoints.size(), m_viewpoints.size())));
@@ -197,12 +189,11 @@ void qxSceneUndo::applyPool(bool forward) const
     }
 }
 
-/// The pool itself can only be emptied or get more.
 void qxSceneUndo::applyViewpoints(bool forward) const
 {
     if (m_viewpoints.empty())
         return;
-    std::vector<qxUberCamera> all = viewpointsNow();
+    std::vector<qxUberCamera> all = qxViewpointEdits::all();
     for (const qxUberCamera &each : m_viewpoints) {
         const auto found = std::find_if(all.begin(), all.end(), [&](const qxUberCamera &other) {
             return other.name == each.name;
@@ -212,9 +203,7 @@ void qxSceneUndo::applyViewpoints(bool forward) const
         else if (!forward && found != all.end())
             all.erase(found);
     }
-    qxUberCameraPool::the()->clear();
-    for (const qxUberCamera &each : all)
-        qxUberCameraPool::the()->add(each);
+    qxViewpointEdits::setAll(all);
 }
 
 qxSceneUndo::NodeState qxSceneUndo::stateOf(const osg::NodePtr &node)

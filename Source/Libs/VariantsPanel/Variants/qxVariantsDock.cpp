@@ -176,6 +176,7 @@ void qxVariantsDock::setCurrentSet(const QString &set)
 
 void qxVariantsDock::showVariant(const qxVariantKind &kind, const QString &variant)
 {
+    m_events->flush(); // It may have been made just now.
     if (!m_model->indexOf(kind, variant).isValid())
         m_search->clear();
     show();
