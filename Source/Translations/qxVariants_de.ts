@@ -4001,7 +4001,7 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     </message>
     <message>
         <source>&quot;%1&quot; is not in the list now: its group is hidden, or the search leaves it out.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ steht jetzt nicht in der Liste: Die Gruppe ist verborgen, oder die Suche lässt den Eintrag aus.</translation>
     </message>
     <message>
         <source>Viewp&amp;oints</source>

@@ -160,6 +160,7 @@ QWidget *qxVariantSetsDock::buildTopLine()
     gallery->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_galleryAction = new QAction(this);
     m_galleryAction->setCheckable(true);
+    m_galleryAction->setShortcut(Qt::CTRL + Qt::Key_G);
     gallery->setDefaultAction(m_galleryAction);
     connect(m_galleryAction, &QAction::toggled, m_view,
             [this](bool on) { m_view->setForm(on ? qxSetsView::Gallery : qxSetsView::List); });
