@@ -6,6 +6,7 @@
 #include "qxIcons.h"
 #include "qxLanguage.h"
 #include "qxLightMenu.h"
+#include "qxNodeSelection.h"
 #include "qxLogView.h"
 #include "qxOSGWidget.h"
 #include "qxPictureExport.h"
@@ -257,13 +258,9 @@ void qxWorkbenchWindow::buildVariantsMenu()
     connect(sets, &qxSetsView::currentChanged, m_variants,
             [this, sets] { m_variants->setCurrentSet(sets->currentSet()); });
     connect(m_variants, &qxVariantsDock::setWanted, sets, &qxSetsView::showSet);
-    connect(m_variants, &qxVariantsDock::nodeWanted, this, &qxWorkbenchWindow::showPicked);
-    m_variants->setSelectedNodes([this] {
-        std::vector<osg::NodePtr> nodes;
-        for (const QModelIndex &row : m_treeView->selectionModel()->selectedRows())
-            nodes.push_back(m_tree->nodeAt(row));
-        return nodes;
-    });
+    connect(m_variants, &qxVariantsDock::nodeWanted, m_picked,
+            [this](const osg::NodePtr &node) { m_picked->select({node}); });
+    m_variants->setSelectedNodes([this] { return m_picked->nodes(); });
 }
 
 void qxWorkbenchWindow::buildHelpMenu()
