@@ -44,7 +44,7 @@ TEST_F(WindowSetsTest, ADoubleClickAndTheKeySelectASetAndBackLeadsBack)
     settle();
     EXPECT_EQ(desktop(), "Glass");
     EXPECT_EQ(shownState("Desk"), "Glass");
-    EXPECT_EQ(shownState("Lamp"), "!Disable");
+    EXPECT_EQ(shownState("Lamp"), "hidden");
     select("Leer geräumt");
     window->sceneView()->setFocus();
     press(Qt::Key_1, Qt::ControlModifier);
@@ -53,7 +53,7 @@ TEST_F(WindowSetsTest, ADoubleClickAndTheKeySelectASetAndBackLeadsBack)
     press(Qt::Key_Left, Qt::AltModifier);
     settle();
     EXPECT_EQ(desktop(), "!None");
-    EXPECT_EQ(shownState("Desk"), "!None");
+    EXPECT_EQ(shownState("Desk"), "none");
     EXPECT_EQ(notifications.names(), std::vector<std::string>()) << "nothing was selected";
     press(Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(desktop(), "Glass") << "Back again leads forward";

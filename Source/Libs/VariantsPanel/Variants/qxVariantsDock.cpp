@@ -142,6 +142,7 @@ void qxVariantsDock::changeEvent(QEvent *event)
         return;
     retranslate();
     m_model->retranslate();
+    m_nothing->refresh();
     followVariants();
 }
 
