@@ -64,9 +64,13 @@ TEST_F(WindowSetsTest, BackLeadsToTheStateBeforeTheLastSelectionThatDidSomething
     openDesk();
     select("Morning");
     const QModelIndex desk = nodeVariantRow("Desk");
-    Q_EMIT variants().activated(rowOf("Oak", *desk.model(), desk));
+    const auto activate = [this](const QModelIndex &row) {
+        variants().setCurrentIndex(row);
+        Q_EMIT variants().activated(row);
+    };
+    activate(rowOf("Oak", *desk.model(), desk));
     EXPECT_EQ(desktop(), "Oak");
-    Q_EMIT variants().activated(desk); // opens it
+    activate(desk); // opens it
     select("no such set");
     window->goBack();
     EXPECT_EQ(desktop(), "Glass");
