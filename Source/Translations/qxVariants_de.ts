@@ -3129,7 +3129,11 @@
         <translation>Taste der &amp;Option</translation>
     </message>
     <message>
-        <source>The option is an actio&amp;n</source>
+        <source>Key of the option</source>
+        <translation>Taste der Option</translation>
+    </message>
+    <message>
+        <source>The option is an ac&amp;tion</source>
         <translation>Die Option ist eine Aktio&amp;n</translation>
     </message>
 </context>

@@ -121,6 +121,7 @@ void qxWorkbenchWindow::buildViewMenu()
     });
     named(menu->addMenu(new qxLightMenu(this)), QT_TR_NOOP("Light and Back&ground"));
     menu->addSeparator();
+    menu->addAction(m_sets->galleryAction());
     menu->addAction(named(m_presentation->action(), QT_TR_NOOP("Presentatio&n")));
     menu->addAction(named(m_presentation->namesAction(), QT_TR_NOOP("Na&mes in Presentation")));
     menu->addSeparator();
@@ -242,6 +243,7 @@ void qxWorkbenchWindow::buildToolBar()
     m_tools->addSeparator();
     add(m_everything, "everything");
     add(m_rayTracing, "rayTracing");
+    add(m_sets->galleryAction(), "gallery");
     add(m_presentation->action(), "presentation");
 }
 
