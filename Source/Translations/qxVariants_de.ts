@@ -1726,8 +1726,8 @@
         <translation>Die Präsentation beenden</translation>
     </message>
     <message>
-        <source>Escape ends the presentation. Left and Right lead to other sets, N shows their names.</source>
-        <translation>Escape beendet die Präsentation. Links und Rechts führen zu anderen Sets, N zeigt ihre Namen.</translation>
+        <source>Escape ends the presentation. Left and Right lead to other sets, Enter shows their names.</source>
+        <translation>Escape beendet die Präsentation. Links und Rechts führen zu anderen Sets, Enter zeigt ihre Namen.</translation>
     </message>
 </context>
 <context>
@@ -2596,7 +2596,7 @@
     </message>
     <message>
         <source>Shown Now</source>
-        <translation>Jetzt gezeigt</translation>
+        <translation>Gezeigt</translation>
     </message>
     <message>
         <source>Problem</source>
@@ -3129,7 +3129,11 @@
         <translation>Taste der &amp;Option</translation>
     </message>
     <message>
-        <source>The option is an actio&amp;n</source>
+        <source>Key of the option</source>
+        <translation>Taste der Option</translation>
+    </message>
+    <message>
+        <source>The option is an ac&amp;tion</source>
         <translation>Die Option ist eine Aktio&amp;n</translation>
     </message>
 </context>
@@ -4005,7 +4009,7 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     </message>
     <message>
         <source>&quot;%1&quot; is not in the list now: its group is hidden, or the search leaves it out.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ steht jetzt nicht in der Liste: seine Gruppe ist ausgeblendet, oder die Suche lässt es weg.</translation>
     </message>
     <message>
         <source>Viewp&amp;oints</source>

@@ -86,13 +86,15 @@ protected:
 TEST_F(LanguageTest, EveryTextFollowsTheLanguageAndComesBack)
 {
     draw();
+    choose("English"); // What is not shown now tells of the scene before.
     const ShownTexts english = textsIn(*window);
     choose("Deutsch");
     draw();
     const ShownTexts german = textsIn(*window);
     for (const QString &text : progress)
         EXPECT_FALSE(catalogue.isEnglish(text)) << text.toStdString();
-    const QStringList names{"", "English", "Deutsch", "Desk: Ash", "D"};
+    const QStringList names{"", "English", "Deutsch", "Desk: Ash", "D", "1", "2"};
+    const QStringList types{"Switch", "Group"}; // of node cores, in tool tips
     for (auto text = english.begin(); text != english.end(); ++text) {
         const bool isOfModel = text.key().second.contains(' ');
         const QStringList lines = text.value().split('\n');
@@ -101,8 +103,10 @@ TEST_F(LanguageTest, EveryTextFollowsTheLanguageAndComesBack)
         for (int line = 0; line < lines.size(); ++line) {
             const bool mayStay = isOfModel || names.contains(lines[line]);
             const QString &now = germanLines[line];
-            EXPECT_TRUE(catalogue.knows(lines[line]) ? !now.isEmpty() && !catalogue.isEnglish(now)
-                                                     : mayStay || now != lines[line])
+            const bool isType = text.key().second.startsWith("tip ") && types.contains(lines[line]);
+            EXPECT_TRUE(catalogue.knows(lines[line]) && !isType
+                            ? !now.isEmpty() && !catalogue.isEnglish(now)
+                            : mayStay || now != lines[line])
                 << text.key().second.toStdString() << ": " << lines[line].toStdString() << " -> "
                 << now.toStdString();
         }
@@ -129,7 +133,9 @@ TEST_F(LanguageTest, EveryDialogSpeaksTheLanguage)
         if (!shown || !shown->isVisible())
             return;
         for (const QString &text : textsIn(*shown)) {
-            EXPECT_FALSE(catalogue.isEnglish(text) || text == "Cancel") << text.toStdString();
+            const bool isQts = qobject_cast<QFileDialog *>(shown) && text == "Details";
+            EXPECT_FALSE((catalogue.isEnglish(text) && !isQts) || text == "Cancel")
+                << text.toStdString();
             said << text;
         }
         if (!qobject_cast<QFileDialog *>(shown))
@@ -142,6 +148,8 @@ TEST_F(LanguageTest, EveryDialogSpeaksTheLanguage)
     watch.start(10);
     for (const QMenu *menu : menus()) {
         for (QAction *action : menu->actions()) {
+            if (!action->isEnabled())
+                continue;
             if (action->text().endsWith(QStringLiteral("…")) || menu == menus().last())
                 action->trigger();
         }
@@ -175,7 +183,7 @@ TEST_F(LanguageTest, AKeyIsReadInTheLanguageAndHeldInNone)
         EXPECT_EQ(qxKeyText::held(sequence),
                   sequence[0] == Qt::Key_unknown ? QString() : key.first);
     }
-    auto *const field = window->findChild<QKeySequenceEdit *>();
+    auto *const field = window->setsDock()->findChild<QKeySequenceEdit *>();
     field->setKeySequence(QKeySequence(Qt::CTRL + Qt::Key_End));
     Q_EMIT field->editingFinished();
     EXPECT_EQ(dawn().hotkey, "Ctrl+End");

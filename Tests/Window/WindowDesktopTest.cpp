@@ -157,7 +157,7 @@ TEST_F(WindowDesktopTest, EveryKeyIsListedAndFound)
     };
     EXPECT_EQ(foundBy("shift+s as"), 1);
     EXPECT_EQ(foundBy("morning"), 1) << "a set's own";
-    EXPECT_EQ(foundBy("wheel"), 1) << "the mouse";
+    EXPECT_EQ(foundBy("middle button"), 1) << "the mouse";
     EXPECT_EQ(foundBy("no such key"), 0);
     EXPECT_GT(foundBy(""), 40);
     foundBy("ctrl+s");

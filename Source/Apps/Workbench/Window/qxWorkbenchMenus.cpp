@@ -1,3 +1,4 @@
+#include "Problems/qxProblemsDock.h"
 #include "Sets/qxSetsView.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
@@ -6,8 +7,8 @@
 #include "qxIcons.h"
 #include "qxLanguage.h"
 #include "qxLightMenu.h"
-#include "qxNodeSelection.h"
 #include "qxLogView.h"
+#include "qxNodeSelection.h"
 #include "qxOSGWidget.h"
 #include "qxPictureExport.h"
 #include "qxPresentation.h"
@@ -120,6 +121,7 @@ void qxWorkbenchWindow::buildViewMenu()
     });
     named(menu->addMenu(new qxLightMenu(this)), QT_TR_NOOP("Light and Back&ground"));
     menu->addSeparator();
+    menu->addAction(m_sets->galleryAction());
     menu->addAction(named(m_presentation->action(), QT_TR_NOOP("Presentatio&n")));
     menu->addAction(named(m_presentation->namesAction(), QT_TR_NOOP("Na&mes in Presentation")));
     menu->addSeparator();
@@ -174,9 +176,10 @@ QDockWidget *qxWorkbenchWindow::dockAround(QWidget *widget)
 void qxWorkbenchWindow::focusPane(int step)
 {
     QList<QWidget *> panes;
-    for (QWidget *pane : {static_cast<QWidget *>(m_view), static_cast<QWidget *>(m_treeView),
-                          m_variants->widget(), m_sets->view()->currentWidget(),
-                          static_cast<QWidget *>(m_log), static_cast<QWidget *>(m_console)}) {
+    for (QWidget *pane :
+         {static_cast<QWidget *>(m_view), static_cast<QWidget *>(m_treeView), m_variants->widget(),
+          m_sets->view()->currentWidget(), findChild<qxProblemsDock *>()->widget(),
+          static_cast<QWidget *>(m_log), static_cast<QWidget *>(m_console)}) {
         const QDockWidget *const dock = dockAround(pane);
         if (!dock || dock->toggleViewAction()->isChecked())
             panes << pane;
@@ -240,6 +243,7 @@ void qxWorkbenchWindow::buildToolBar()
     m_tools->addSeparator();
     add(m_everything, "everything");
     add(m_rayTracing, "rayTracing");
+    add(m_sets->galleryAction(), "gallery");
     add(m_presentation->action(), "presentation");
 }
 

@@ -95,8 +95,8 @@ void qxVariantSetsDock::retranslate()
                      {{shown(Qt::Key_Down), tr("Search: go to what was found")},
                       {shown(Qt::Key_Return), tr("Search: select the first set")},
                       {shown(Qt::Key_Escape), tr("Search: end it")}});
-    m_gallery->setText(tr("Gallery"));
-    m_gallery->setToolTip(tr("Show the previews of all sets"));
+    m_galleryAction->setText(tr("Gallery"));
+    m_galleryAction->setToolTip(tr("Show the previews of all sets"));
     m_capture->setText(tr("Capture..."));
     m_capture->setToolTip(tr("Make a set of what the scene shows now"));
     for (int number = 0; number < m_actions.size(); ++number)
@@ -155,15 +155,19 @@ QWidget *qxVariantSetsDock::buildTopLine()
     connect(m_search, &QLineEdit::textChanged, m_view, &qxSetsView::setSearch);
     connect(m_search, &QLineEdit::returnPressed, this, &qxVariantSetsDock::selectFound);
     connect(m_view, &qxSetsView::searched, this, &qxVariantSetsDock::showFound);
-    m_gallery = new QToolButton;
-    m_gallery->setObjectName(QStringLiteral("gallery"));
-    m_gallery->setCheckable(true);
-    connect(m_gallery, &QToolButton::toggled, m_view,
+    auto *const gallery = new QToolButton;
+    gallery->setObjectName(QStringLiteral("gallery"));
+    gallery->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_galleryAction = new QAction(this);
+    m_galleryAction->setCheckable(true);
+    m_galleryAction->setShortcut(Qt::CTRL + Qt::Key_G);
+    gallery->setDefaultAction(m_galleryAction);
+    connect(m_galleryAction, &QAction::toggled, m_view,
             [this](bool on) { m_view->setForm(on ? qxSetsView::Gallery : qxSetsView::List); });
     m_capture = new QToolButton;
     connect(m_capture, &QToolButton::clicked, this, &qxVariantSetsDock::captureSet);
     layout->addWidget(m_search, 1);
-    layout->addWidget(m_gallery);
+    layout->addWidget(gallery);
     layout->addWidget(m_capture);
     return line;
 }

@@ -39,9 +39,10 @@ public:
     /// The actions on sets, for the menu of a window.
     const QList<QAction *> &setActions() const { return m_actions; }
     ///@{
-    /// One of these actions, for a tool bar: a set of what is shown, or an empty one.
+    /// An action for a tool bar: a set of what is shown, an empty one, list or gallery.
     QAction *captureAction() const { return m_captureAction; }
     QAction *addSetAction() const { return m_addSetAction; }
+    QAction *galleryAction() const { return m_galleryAction; }
     ///@}
     /// Where to find what is wrong with the entries of sets, which are marked with it; it must
     /// outlive the dock.
@@ -132,13 +133,13 @@ private:
     qxSetForm *m_form;
     QLineEdit *m_search;
     QLabel *m_found; ///< how many sets the search finds
-    QToolButton *m_gallery;
     QToolButton *m_capture;
     QList<QAction *> m_actions;
     QList<const char *> m_texts; ///< of the actions, to be translated
     QList<QAction *> m_ofSets; ///< those that need a set
     QAction *m_captureAction;
     QAction *m_addSetAction;
+    QAction *m_galleryAction;
     QAction *m_withSets; ///< needs a group
     QAction *m_groupVisible;
     bool m_keepsCursor = false; ///< where it is, whatever is selected

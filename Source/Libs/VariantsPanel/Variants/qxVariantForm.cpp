@@ -77,9 +77,10 @@ void qxVariantForm::retranslate()
 {
     for (const auto &label : m_labels)
         label.first->setText(tr(label.second));
+    m_key->setAccessibleName(tr("Key of the option"));
     m_noKey->setText(tr("Clear"));
     m_noKey->setAccessibleName(tr("Clear the key of the option"));
-    m_action->setText(tr("The option is an actio&n"));
+    m_action->setText(tr("The option is an ac&tion"));
     m_action->setToolTip(tr("It does something to what is shown, such as \"next\"."));
     m_key->setKeySequence(m_key->keySequence()); // It names its keys anew.
     refresh();
