@@ -1,10 +1,12 @@
 #include "Cameras/qxMainView.h"
 #include "Files/qxSceneFile.h"
 #include "Pictures/qxMovingPicture.h"
+#include "Pictures/qxScenePicture.h"
 #include "Render/qxEmbree.h"
 #include "Render/qxRenderCamera.h"
 #include "Render/qxRenderer.h"
 #include "Render/qxShownWalk.h"
+#include "Window/qxOutline.h"
 #include "qxCameraService.h"
 #include "qxFlip.h"
 #include "qxHost.h"
@@ -346,31 +348,29 @@ static void renderOrbit(benchmark::State &state, bool isOutlined)
     RenderedScene scene(int(state.range(0)));
     scene.settings.width = 1280;
     scene.settings.height = 720;
+    const QSize size(scene.settings.width, scene.settings.height);
     const Orbit orbit(scene.settings);
-    qxRenderer renderer;
     qxMovingPicture moving;
-    const auto middle = [](int size) { return float(size) / 2; };
-    const std::vector<osg::NodePtr> picked = {
-        renderer
-            .nodeAt(scene.settings, middle(scene.settings.width), middle(scene.settings.height))
-            ->getParent()};
     int picture = 0;
     for (; picture < 20; ++picture) { // until its times are known
         orbit.look(picture);
-        moving.next(renderer, scene.settings);
+        qxScenePicture::render(scene.settings, moving);
     }
+    qxOutline outline;
+    if (isOutlined)
+        outline.setNodes({qxScenePicture::nodeAt(scene.settings, 640, 360)->getParent()});
     float share = 0;
     const auto start = std::chrono::steady_clock::now();
     for (auto _ : state) {
         orbit.look(++picture);
-        benchmark::DoNotOptimize(moving.next(renderer, scene.settings).rgba.data());
-        if (isOutlined)
-            benchmark::DoNotOptimize(renderer.mask(scene.settings, picked).covered.data());
+        benchmark::DoNotOptimize(qxScenePicture::render(scene.settings, moving).rgba.data());
+        outline.follow(size, 1);
         share += moving.share();
     }
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
     state.counters["fps"] = double(state.iterations()) / time.count();
     state.counters["share"] = double(share) / double(state.iterations());
+    qxScenePicture::forget();
 }
 
 static void renderWhole(benchmark::State &state)

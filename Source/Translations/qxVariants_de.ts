@@ -1476,7 +1476,7 @@
     </message>
     <message>
         <source>Copy &amp;Name</source>
-        <translation>Na&amp;men kopieren</translation>
+        <translation>Name&amp;n kopieren</translation>
     </message>
     <message>
         <source>&amp;Copy Path</source>
@@ -1726,8 +1726,8 @@
         <translation>Die Präsentation beenden</translation>
     </message>
     <message>
-        <source>Escape ends the presentation. Left and Right lead to other sets, N shows their names.</source>
-        <translation>Escape beendet die Präsentation. Links und Rechts führen zu anderen Sets, N zeigt ihre Namen.</translation>
+        <source>Escape ends the presentation. Left and Right lead to other sets, Enter shows their names.</source>
+        <translation>Escape beendet die Präsentation. Links und Rechts führen zu anderen Sets, Enter zeigt ihre Namen.</translation>
     </message>
 </context>
 <context>
@@ -2596,7 +2596,7 @@
     </message>
     <message>
         <source>Shown Now</source>
-        <translation>Jetzt gezeigt</translation>
+        <translation>Gezeigt</translation>
     </message>
     <message>
         <source>Problem</source>
@@ -2967,7 +2967,7 @@
     </message>
     <message>
         <source>Move &amp;Up</source>
-        <translation>Na&amp;ch oben</translation>
+        <translation>Nach &amp;oben</translation>
     </message>
     <message>
         <source>Move &amp;Down</source>
@@ -2979,7 +2979,7 @@
     </message>
     <message>
         <source>&amp;Key...</source>
-        <translation>T&amp;aste …</translation>
+        <translation>&amp;Taste …</translation>
     </message>
     <message>
         <source>&amp;Add to the Current Set</source>
@@ -3077,6 +3077,10 @@
         <source>&quot;%1&quot; has nothing new by that.</source>
         <translation>Für „%1“ ist das nichts Neues.</translation>
     </message>
+    <message>
+        <source>A name has more than blanks.</source>
+        <translation>Ein Name besteht nicht nur aus Leerzeichen.</translation>
+    </message>
 </context>
 <context>
     <name>qxVariantForm</name>
@@ -3125,12 +3129,12 @@
         <translation>Taste der &amp;Option</translation>
     </message>
     <message>
-        <source>The option is an ac&amp;tion</source>
-        <translation>Die Option ist eine Aktio&amp;n</translation>
-    </message>
-    <message>
         <source>Key of the option</source>
         <translation>Taste der Option</translation>
+    </message>
+    <message>
+        <source>The option is an ac&amp;tion</source>
+        <translation>Die Option ist eine Aktio&amp;n</translation>
     </message>
 </context>
 <context>
@@ -4001,11 +4005,11 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     </message>
     <message>
         <source>&amp;Nodes</source>
-        <translation>Knot&amp;en</translation>
+        <translation>&amp;Knoten</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not in the list now: its group is hidden, or the search leaves it out.</source>
-        <translation>„%1“ steht jetzt nicht in der Liste: Die Gruppe ist verborgen, oder die Suche lässt den Eintrag aus.</translation>
+        <translation>„%1“ steht jetzt nicht in der Liste: seine Gruppe ist ausgeblendet, oder die Suche lässt es weg.</translation>
     </message>
     <message>
         <source>Viewp&amp;oints</source>

@@ -60,7 +60,8 @@ protected:
     QString someName()
     {
         return oneOf(QStringList{"Wheels", "Lamp", "Chair", "Paint", "Sun", "Signs", "Door", "Lid",
-                                 "Front", "Back", "Spin", "Body", "Body/Trim", "Red", "Gone"});
+                                 "Front", "Back", "Spin", "Body", "Body/Trim", "Red", "Gone",
+                                 "New 1", "New 2"});
     }
     QString someState()
     {
@@ -139,7 +140,10 @@ void RegistryLintTest::edit()
 {
     const qxVariantKind &kind = *oneOf(qxVariantKinds::all());
     const QString name = "New " + QString::number(below(5));
-    qxVariant *const variant = kind.find(below(2) == 0 ? someName() : name);
+    std::vector<qxVariant *> variants;
+    qxVariantKinds::visit(
+        [&variants](const qxVariantKind &, qxVariant &each) { variants.push_back(&each); });
+    qxVariant *const variant = oneOf(variants);
     switch (below(12)) {
     case 0:
         if (!qxVariants::findVariantGroup(name))
@@ -149,7 +153,9 @@ void RegistryLintTest::edit()
         return void(qxVariants::createVariantSet(
             name, false, oneOf(qxVariants::_variantGroups))); // one of the name is replaced
     case 2:
-        return void(qxVariants::removeVariantSet(name));
+        if (qxVariants::_variantSets.size() > 2)
+            qxVariants::removeVariantSet(oneOf(qxVariants::_variantSets)->name);
+        return;
     case 3:
         oneOf(qxVariants::_variantSets)->name = qxVariants::getUniqueVariantSetName(name);
         return;
@@ -157,9 +163,11 @@ void RegistryLintTest::edit()
         kind.create(name, false);
         return;
     case 5:
-        return void(variant && kind.remove(variant->name));
+        if (variants.size() > 4)
+            qxVariantKinds::of(*variant).remove(variant->name);
+        return;
     case 6:
-        if (variant && !kind.find(name))
+        if (!qxVariantKinds::of(*variant).find(name))
             variant->name = name;
         return;
     case 7:
@@ -167,7 +175,7 @@ void RegistryLintTest::edit()
         return;
     case 8:
     case 9:
-        return variant ? editVariant(*variant) : void();
+        return editVariant(*variant);
     default:
         return editSet(*oneOf(qxVariants::_variantSets));
     }

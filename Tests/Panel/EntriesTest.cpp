@@ -309,7 +309,7 @@ TEST_F(EntriesTest, AVariantIsRenamedWithAllThatRefersToIt)
     EXPECT_EQ(shown(), "Rims node Steel Steel;");
     EXPECT_NE(set("Blue").findNodeVariant("Rims"), nullptr);
     choose("Show in the Variants Dock");
-    EXPECT_EQ(tree().selectionModel()->selectedRows().value(0).data(), "Rims");
+    EXPECT_EQ(tree().selectionModel()->selectedRows().value(0).data().toString(), "Rims");
     undo();
     EXPECT_EQ(shown(), "Wheels node Steel Steel;");
 }

@@ -228,7 +228,7 @@ TEST_F(WindowExportTest, APresentationShowsTheSceneAloneAndLeavesTheWindowAsItWa
     press(Qt::Key_Right);
     EXPECT_TRUE(shows("Morning"));
     EXPECT_FALSE(caption->isVisible());
-    press(Qt::Key_N);
+    press(Qt::Key_Return);
     EXPECT_TRUE(caption->isVisible());
     EXPECT_EQ(labels(), "Work|Morning");
     press(Qt::Key_PageDown);

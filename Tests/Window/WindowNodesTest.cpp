@@ -37,6 +37,7 @@ protected:
         return names;
     }
     qxSceneTreeModel &model() const { return *static_cast<qxSceneTreeModel *>(tree().model()); }
+    QString told() const { return window->findChild<QLabel *>("picked")->text(); }
     void pickInTree(const QString &name) const
     {
         tree().setCurrentIndex(model().indexOf(qxNames::findNode(name)));
@@ -90,7 +91,7 @@ TEST_F(WindowNodesTest, WhatIsPickedIsOutlinedInTheViewAndSelectedInTheTree)
     const QRgb colour = plain.pixel(place);
     click(place);
     EXPECT_EQ(picked(), QStringList("Geometry"));
-    EXPECT_EQ(window->statusBar()->currentMessage(), "Sign/Red/Geometry (Mesh)");
+    EXPECT_EQ(told(), "Sign/Red/Geometry (Mesh)");
     const QImage outlined = finishedPicture();
     EXPECT_EQ(outlined.pixel(place), colour) << "it is a line around it";
     const QRect line = areaOf(outlined, isLine);
@@ -104,7 +105,7 @@ TEST_F(WindowNodesTest, WhatIsPickedIsOutlinedInTheViewAndSelectedInTheTree)
     EXPECT_FALSE(areaOf(finishedPicture(), isLine).isEmpty());
     click(QPoint(3, 3));
     EXPECT_EQ(picked(), QStringList()) << "the background clears";
-    EXPECT_EQ(window->statusBar()->currentMessage(), "");
+    EXPECT_EQ(told(), "");
 }
 
 TEST_F(WindowNodesTest, ClicksGoToTheParentOrGatherAndTheRightButtonBringsTheMenu)
@@ -119,8 +120,7 @@ TEST_F(WindowNodesTest, ClicksGoToTheParentOrGatherAndTheRightButtonBringsTheMen
     pickInTree("Blue");
     click(middle(), Qt::ControlModifier);
     EXPECT_EQ(picked(), (QStringList{"Blue", "Geometry"}));
-    EXPECT_EQ(window->statusBar()->currentMessage(),
-              "2 nodes picked, the last one: Sign/Red/Geometry (Mesh)");
+    EXPECT_EQ(told(), "2 nodes picked, the last one: Sign/Red/Geometry (Mesh)");
     click(middle(), Qt::ControlModifier);
     EXPECT_EQ(picked(), QStringList("Blue"));
 

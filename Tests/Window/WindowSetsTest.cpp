@@ -3,9 +3,14 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "Entries/qxSetEntriesView.h"
 #include "NotificationLog.h"
+#include "Problems/qxProblemsDock.h"
 #include "WindowFixture.h"
 #include "qxLog.h"
+#include "qxNames.h"
+
+#include <OpenSG/OSGSimpleAttachments.h>
 
 #include <thread>
 
@@ -117,8 +122,20 @@ TEST_F(WindowSetsTest, NodesOfOneNameAreRenamedBeforeACaptureOnlyWhenTheUserAgre
         tree().expand(tree().model()->index(1, 0));
         tree().setCurrentIndex(tree().model()->index(1, 0));
         expectClick("Capture");
-        expectClick(isRenamed ? "Rename" : "Cancel");
+        QStringList shown;
+        expectDialog([&](QDialog &dialog) {
+            const auto *const table = dialog.findChild<QTableWidget *>();
+            for (int column = 0; column < table->columnCount(); ++column)
+                shown << table->item(0, column)->text();
+            for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
+                if (button->text() == (isRenamed ? "Rename" : "Cancel"))
+                    return button->click();
+            }
+        });
         action("Capture...")->trigger();
+        EXPECT_EQ(shown, QStringList({"Wheels", "Wheels 2", "Wheels"}));
+        const auto &log = *window->findChild<QDockWidget *>("log")->findChild<QPlainTextEdit *>();
+        EXPECT_EQ(log.toPlainText().contains("renamed Wheels to \"Wheels 2\""), isRenamed);
         EXPECT_EQ(dialogTexts().filter("Some nodes have the same name").size(), isRenamed ? 2 : 1);
         EXPECT_EQ(int(qxVariants::_variantSets.size()), isRenamed ? 1 : 0);
         EXPECT_EQ(isUnsaved(), isRenamed);
@@ -131,6 +148,36 @@ TEST_F(WindowSetsTest, NodesOfOneNameAreRenamedBeforeACaptureOnlyWhenTheUserAgre
         EXPECT_FALSE(isUnsaved());
         EXPECT_EQ(tree().model()->index(1, 0).data(), "Wheels");
     }
+}
+
+TEST_F(WindowSetsTest, ProblemsFollowTheSceneAndLeadToTheirPlaces)
+{
+    openDesk();
+    auto *const dock = window->findChild<qxProblemsDock *>();
+    const auto has = [dock](const char *row) {
+        const QAbstractItemModel *const model = dock->view()->model();
+        return !model->match(model->index(0, 1), Qt::DisplayRole, row).isEmpty();
+    };
+    EXPECT_TRUE(QTest::qWaitFor([dock] { return dock->windowTitle() != "Problems"; })); // hints
+    EXPECT_FALSE(has("Variant Desk"));
+    osg::setName(qxNames::findNode("Desk"), "Table");
+    type("pass"); // Scripts may have done that.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return has("Variant Desk"); }));
+    dock->findChild<QLineEdit *>("problemSearch")->setText("Variant Desk");
+    dock->view()->setCurrentIndex(dock->view()->model()->index(0, 0));
+    Q_EMIT dock->view()->activated(dock->view()->currentIndex());
+    EXPECT_EQ(variants().currentIndex().data().toString(), "Desk");
+    qxVariants::findVariantSet("Evening")->addViewpoint("Nowhere");
+    type("pass");
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        dock->findChild<QLineEdit *>("problemSearch")->setText("Nowhere");
+        return has("Set Evening: Nowhere");
+    }));
+    dock->view()->setCurrentIndex(dock->view()->model()->index(0, 0));
+    Q_EMIT dock->view()->activated(dock->view()->currentIndex());
+    EXPECT_EQ(window->setsDock()->view()->currentSet(), "Evening");
+    const auto *const entries = window->setsDock()->findChild<qxSetEntriesView *>();
+    EXPECT_EQ(entries->currentIndex().data().toString(), "Nowhere");
 }
 
 TEST_F(WindowSetsTest, WhatAScriptMakesShowsAtOnceAndInOneStep)

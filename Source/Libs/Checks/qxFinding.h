@@ -82,9 +82,11 @@ public:
     const qxFinding &last() const { return m_kept.last(); }
     /// What was kept, in the order in which it was found.
     const qxFindings &kept() const { return m_kept; }
+    ///@{
     /// All that were found, and those of them that were kept.
     const Counts &counts() const { return m_counts; }
     const Counts &keptCounts() const { return m_keptCounts; }
+    ///@}
 
 private:
     Counts m_elsewhere;

@@ -34,13 +34,9 @@ void qxLintContext::add(qxCode code, const qxLintSpot &spot, const QString &mess
                   detail});
 }
 
-void qxTwinLint::note(const QString &name, const qxLintSpot &spot, const QString &replacing)
+void qxTwinLint::add(const qxLintSpot &spot, const QString &replacing, int line)
 {
-    const auto known = m_lines.constFind(name);
-    if (known != m_lines.constEnd())
-        m_context.add(m_code, spot,
-                      *known > 0
-                          ? QStringLiteral("%1 the one of line %2").arg(replacing).arg(*known)
-                          : replacing + QStringLiteral(" an earlier one"));
-    m_lines.insert(name, spot.location.line);
+    m_context.add(m_code, spot,
+                  line > 0 ? QStringLiteral("%1 the one of line %2").arg(replacing).arg(line)
+                           : replacing + QStringLiteral(" an earlier one"));
 }

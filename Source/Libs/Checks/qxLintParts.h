@@ -50,9 +50,19 @@ public:
     qxTwinLint(qxLintContext &context, qxCode code) : m_context(context), m_code(code) {}
 
     /// `replacing` begins the sentence of the finding, which goes on with the earlier one.
-    void note(const QString &name, const qxLintSpot &spot, const QString &replacing);
+    template <class Spot, class Replacing>
+    void note(const QString &name, int line, const Spot &spot, const Replacing &replacing)
+    {
+        const auto known = m_lines.find(name);
+        if (known == m_lines.end())
+            m_lines.insert(name, line);
+        else
+            add(spot(), replacing(), std::exchange(*known, line));
+    }
 
 private:
+    void add(const qxLintSpot &spot, const QString &replacing, int line);
+
     qxLintContext &m_context;
     const qxCode m_code;
     QHash<QString, int> m_lines;

@@ -310,8 +310,9 @@ void qxLintParts::compareSets(qxLintContext &context, const std::vector<qxLinted
 {
     qxTwinLint twins(context, qxCode::SetTwice);
     for (const qxLintedSet &each : sets)
-        twins.note(each.set->name, qxLintSpot::of(*each.set),
-                   QStringLiteral("set \"%1\" replaces").arg(each.set->name));
+        twins.note(
+            each.set->name, each.set->location.line, [&] { return qxLintSpot::of(*each.set); },
+            [&] { return QStringLiteral("set \"%1\" replaces").arg(each.set->name); });
     QHash<QByteArray, const qxDocumentSet *> first;
     for (const qxLintedSet &each : sets) {
         if (each.digest.isEmpty())

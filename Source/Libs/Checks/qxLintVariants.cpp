@@ -194,8 +194,9 @@ void qxLintParts::lintGroups(qxLintContext &context, const std::vector<qxDocumen
 {
     qxTwinLint twins(context, qxCode::GroupTwice);
     for (const qxDocumentGroup &group : groups)
-        twins.note(group.name, qxLintSpot::of(group),
-                   QStringLiteral("group \"%1\" replaces").arg(group.name));
+        twins.note(
+            group.name, group.location.line, [&] { return qxLintSpot::of(group); },
+            [&] { return QStringLiteral("group \"%1\" replaces").arg(group.name); });
     for (const qxDocumentGroup &group : groups) {
         if (group.sets == 0)
             context.add(qxCode::EmptyGroup, qxLintSpot::of(group),
@@ -207,8 +208,10 @@ void qxLintParts::compareVariants(qxLintContext &context)
 {
     qxTwinLint twins(context, qxCode::VariantTwice);
     for (const qxLintVariant &each : context.variants.all())
-        twins.note(each.element->kind->word + each.element->name, qxLintSpot::of(*each.element),
-                   introduce(*each.element) + QStringLiteral(" replaces the options of"));
+        twins.note(
+            each.element->kind->word + each.element->name, each.element->location.line,
+            [&] { return qxLintSpot::of(*each.element); },
+            [&] { return introduce(*each.element) + QStringLiteral(" replaces the options of"); });
 }
 
 void qxLintParts::lintVariant(qxLintContext &context, const qxLintVariant &variant)
@@ -219,9 +222,11 @@ void qxLintParts::lintVariant(qxLintContext &context, const qxLintVariant &varia
 void qxLintParts::compareHotkeys(qxLintContext &context, const std::vector<qxLintedSet> &sets)
 {
     Hotkeys hotkeys(context);
-    for (const qxLintedSet &each : sets)
-        hotkeys.note(each.set->hotkey, qxLintSpot::of(*each.set),
-                     QStringLiteral("set \"%1\"").arg(each.set->name));
+    for (const qxLintedSet &each : sets) {
+        if (!each.set->hotkey.text.isEmpty())
+            hotkeys.note(each.set->hotkey, qxLintSpot::of(*each.set),
+                         QStringLiteral("set \"%1\"").arg(each.set->name));
+    }
     for (const qxLintVariant &variant : context.variants.all()) {
         for (const qxDocumentOption &option : variant.element->options) {
             if (!option.hotkey.text.isEmpty())

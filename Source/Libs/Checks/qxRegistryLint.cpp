@@ -29,11 +29,6 @@ qxLintContext::Compile remembering(const qxLintContext::Compile &compile)
     };
 }
 
-bool isSame(const qxDocumentReference &one, const qxDocumentReference &other)
-{
-    return one.kind == other.kind && one.variant == other.variant && one.state == other.state;
-}
-
 bool isSame(const qxDocumentText &one, const qxDocumentText &other)
 {
     return one.text == other.text && one.more == other.more;
@@ -61,7 +56,7 @@ auto fieldsOf(const qxAnalyzerVariant &clipping)
                     clipping.clipContourShow, clipping.clipContourColor, clipping.clipContourWidth);
 }
 
-/// Comment and preview do not matter here.
+/// References are compared otherwise; comment and preview do not matter here.
 bool isSame(const qxDocumentSet &one, const qxDocumentSet &other)
 {
     for (std::size_t list = 0; list < one.names.size(); ++list) {
@@ -70,9 +65,9 @@ bool isSame(const qxDocumentSet &one, const qxDocumentSet &other)
     }
     return one.name == other.name && one.defaultViewpoint == other.defaultViewpoint
         && isSame(one.hotkey, other.hotkey) && one.isSequential == other.isSequential
-        && isSame(one.script, other.script) && isSame(one.references, other.references)
-        && one.inclusions == other.inclusions && isSame(one.snapshots, other.snapshots)
-        && isSame(one.values, other.values) && fieldsOf(one.clipping) == fieldsOf(other.clipping);
+        && isSame(one.script, other.script) && one.inclusions == other.inclusions
+        && isSame(one.snapshots, other.snapshots) && isSame(one.values, other.values)
+        && fieldsOf(one.clipping) == fieldsOf(other.clipping);
 }
 
 bool isSame(const qxDocumentVariant &one, const qxDocumentVariant &other)
@@ -245,21 +240,24 @@ void qxRegistryLint::lintSets(const Deadline &deadline)
 void qxRegistryLint::look(const qxVariantSet &set)
 {
     SetPiece &piece = m_sets[&set];
-    qxDocumentSet now = qxRegistryDocument::withoutPreview(set);
+    qxDocumentSet now = qxRegistryDocument::headOf(set);
     const bool isNew = piece.round == 0;
     piece.round = m_round;
-    const auto refersToChanged = [&] {
+    const auto refersToChanged = [this, &piece] {
+        const auto &references = piece.set.references;
         return !m_changedVariants.isEmpty()
-            && std::any_of(now.references.begin(), now.references.end(),
+            && std::any_of(references.begin(), references.end(),
                            [this](const qxDocumentReference &each) {
                                return m_changedVariants.contains({each.kind, each.variant});
                            });
     };
-    if (!piece.isDue && isSame(piece.set, now) && !refersToChanged())
+    if (!piece.isDue && isSame(piece.set, now)
+        && qxRegistryDocument::hasStill(set, piece.set.references) && !refersToChanged())
         return;
     if (!isNew)
         qxLintParts::forgetUses(m_context, piece.set);
     piece.set = std::move(now);
+    piece.set.references = qxRegistryDocument::referencesOf(set);
     piece.digest = qxLintParts::digestOf(piece.set);
     lint(piece, [&] { qxLintParts::lintSet(m_context, piece.set); });
 }

@@ -37,12 +37,13 @@ qxDocumentGroup qxRegistryDocument::of(const qxVariantGroup &group)
 
 qxDocumentSet qxRegistryDocument::of(const qxVariantSet &set)
 {
-    qxDocumentSet data = withoutPreview(set);
+    qxDocumentSet data = headOf(set);
+    data.references = referencesOf(set);
     data.preview = set.preview.toBase64();
     return data;
 }
 
-qxDocumentSet qxRegistryDocument::withoutPreview(const qxVariantSet &set)
+qxDocumentSet qxRegistryDocument::headOf(const qxVariantSet &set)
 {
     qxDocumentSet data;
     data.name = set.name;
@@ -52,14 +53,6 @@ qxDocumentSet qxRegistryDocument::withoutPreview(const qxVariantSet &set)
     data.hasHotkey = true;
     data.isSequential = set.sequentialAnimation;
     data.script.text = set.script;
-    std::size_t references = 0;
-    for (const qxVariantKind *kind : qxVariantKinds::all())
-        references += (set.*kind->states).size();
-    data.references.reserve(references);
-    for (const qxVariantKind *kind : qxVariantKinds::referenceOrder().all()) {
-        for (const qxVariantState &each : set.*kind->states)
-            data.references.push_back({kind, each.variant, each.state, {}});
-    }
     data.of(qxNameList::Viewpoints) = textsOf(set.viewpoints);
     data.of(qxNameList::Animations) = textsOf(set.animations);
     data.of(qxNameList::Geometries) = textsOf(set.geometries);
@@ -69,6 +62,32 @@ qxDocumentSet qxRegistryDocument::withoutPreview(const qxVariantSet &set)
     data.values = textsOf(set.values);
     data.clipping = set.analyzer;
     return data;
+}
+
+std::vector<qxDocumentReference> qxRegistryDocument::referencesOf(const qxVariantSet &set)
+{
+    std::vector<qxDocumentReference> references;
+    for (const qxVariantKind *kind : qxVariantKinds::referenceOrder().all()) {
+        references.reserve(references.size() + (set.*kind->states).size());
+        for (const qxVariantState &each : set.*kind->states)
+            references.push_back({kind, each.variant, each.state, {}});
+    }
+    return references;
+}
+
+bool qxRegistryDocument::hasStill(const qxVariantSet &set,
+                                  const std::vector<qxDocumentReference> &references)
+{
+    auto held = references.begin();
+    for (const qxVariantKind *kind : qxVariantKinds::referenceOrder().all()) {
+        for (const qxVariantState &each : set.*kind->states) {
+            if (held == references.end() || held->kind != kind || held->variant != each.variant
+                || held->state != each.state)
+                return false;
+            ++held;
+        }
+    }
+    return held == references.end();
 }
 
 qxDocumentVariant qxRegistryDocument::of(const qxVariantKind &kind, const qxVariant &variant)

@@ -17,7 +17,13 @@ qxDocumentGroup of(const qxVariantGroup &group);
 qxDocumentSet of(const qxVariantSet &set);
 qxDocumentVariant of(const qxVariantKind &kind, const qxVariant &variant);
 ///@}
-/// The same without the preview, which takes the most time and room.
-qxDocumentSet withoutPreview(const qxVariantSet &set);
+///@{
+/// What takes the most time and room of a set by itself, and the rest: neither references nor the
+/// preview.
+qxDocumentSet headOf(const qxVariantSet &set);
+std::vector<qxDocumentReference> referencesOf(const qxVariantSet &set);
+///@}
+/// Whether the set has the references that referencesOf has said before.
+bool hasStill(const qxVariantSet &set, const std::vector<qxDocumentReference> &references);
 
 } // namespace qxRegistryDocument

@@ -80,7 +80,7 @@ TEST_F(NodeMaskTest, TheRimTellsWhatStandsInFront)
     for (const qxNodeMask::Rim &rim : found.rim) {
         seen += rim.isSeen;
         const int fromMiddle = found.left + rim.x - 24;
-        EXPECT_TRUE(std::abs(fromMiddle) <= 1 || rim.isSeen == (fromMiddle < 0)) << fromMiddle;
+        EXPECT_TRUE(std::abs(fromMiddle) <= 3 || rim.isSeen == (fromMiddle < 0)) << fromMiddle;
     }
     EXPECT_NEAR(double(seen) / double(found.rim.size()), 0.5, 0.05);
     qxClipping::the().enabled = qxClipping::the().hideScene = true;

@@ -45,6 +45,12 @@ int stepOf(int key)
     }
 }
 
+/// Scenes may use N themselves.
+bool isForNames(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_N;
+}
+
 } // namespace
 
 qxPresentation::qxPresentation(QMainWindow *window, QWidget *view, qxVariantSetsDock *sets)
@@ -84,7 +90,7 @@ void qxPresentation::retranslate()
         *m_caption,
         {{shown({Qt::Key_Right, Qt::Key_PageDown, Qt::Key_Space}), tr("Next set")},
          {shown({Qt::Key_Left, Qt::Key_PageUp, Qt::Key_Backspace}), tr("Previous set")},
-         {shown({Qt::Key_N}), tr("Show or hide the name of the set")},
+         {shown({Qt::Key_Return, Qt::Key_N}), tr("Show or hide the name of the set")},
          {shown({Qt::Key_Escape}), tr("End the presentation")}});
 }
 
@@ -184,14 +190,14 @@ bool qxPresentation::isKey(const QKeyEvent &event) const
 {
     const bool isPlain = !(event.modifiers() & ~Qt::KeypadModifier);
     return isPlain
-        && (stepOf(event.key()) != 0 || event.key() == Qt::Key_Escape || event.key() == Qt::Key_N);
+        && (stepOf(event.key()) != 0 || isForNames(event.key()) || event.key() == Qt::Key_Escape);
 }
 
 void qxPresentation::press(const QKeyEvent &event)
 {
     if (event.key() == Qt::Key_Escape)
         end();
-    else if (event.key() == Qt::Key_N)
+    else if (isForNames(event.key()))
         m_names->toggle();
     else
         goTo(stepOf(event.key()));
@@ -234,8 +240,8 @@ void qxPresentation::showCaption()
 
 void qxPresentation::tellKeys()
 {
-    m_caption->showText(tr("Escape ends the presentation. Left and Right lead to other sets, N "
-                           "shows their names."),
+    m_caption->showText(tr("Escape ends the presentation. Left and Right lead to other sets, "
+                           "Enter shows their names."),
                         QString());
     m_hint.start();
 }

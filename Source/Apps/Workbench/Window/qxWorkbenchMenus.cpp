@@ -1,3 +1,4 @@
+#include "Problems/qxProblemsDock.h"
 #include "Sets/qxSetsView.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
@@ -175,10 +176,10 @@ QDockWidget *qxWorkbenchWindow::dockAround(QWidget *widget)
 void qxWorkbenchWindow::focusPane(int step)
 {
     QList<QWidget *> panes;
-    for (QWidget *pane : {static_cast<QWidget *>(m_view), static_cast<QWidget *>(m_treeView),
-                          m_variants->widget(), m_sets->view()->currentWidget(),
-                          static_cast<QWidget *>(m_log), static_cast<QWidget *>(m_console),
-                          findChild<QDockWidget *>(QStringLiteral("problems"))->widget()}) {
+    for (QWidget *pane :
+         {static_cast<QWidget *>(m_view), static_cast<QWidget *>(m_treeView), m_variants->widget(),
+          m_sets->view()->currentWidget(), findChild<qxProblemsDock *>()->widget(),
+          static_cast<QWidget *>(m_log), static_cast<QWidget *>(m_console)}) {
         const QDockWidget *const dock = dockAround(pane);
         if (!dock || dock->toggleViewAction()->isChecked())
             panes << pane;

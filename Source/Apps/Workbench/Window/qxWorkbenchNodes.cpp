@@ -12,7 +12,9 @@
 #include "qxViewpointMenu.h"
 #include "qxWorkbenchWindow.h"
 
+#include <QLabel>
 #include <QStatusBar>
+#include <QTextDocument>
 
 void qxWorkbenchWindow::buildNodes()
 {
@@ -24,6 +26,10 @@ void qxWorkbenchWindow::buildNodes()
             [this](const QModelIndex &index, bool isShown) {
                 m_visibility->tick(m_tree->nodeAt(index), isShown);
             });
+    m_pickedText = new QLabel;
+    m_pickedText->setObjectName(QStringLiteral("picked"));
+    m_pickedText->setTextFormat(Qt::PlainText);
+    statusBar()->addWidget(m_pickedText, 1);
     connect(m_picked, &qxNodeSelection::changed, this, &qxWorkbenchWindow::tellPicked);
     connect(m_visibility, &qxNodeVisibility::aboutToChange, this,
             &qxWorkbenchWindow::rememberForBack);
@@ -58,16 +64,21 @@ void qxWorkbenchWindow::buildNodeMenus()
         connect(m_events, changed, m_viewpoints, &qxViewpointMenu::refresh);
 }
 
-/// Path and kind of what was picked last.
+/// Path and kind of what was picked last. Messages cover it for a while; one itself would be gone
+/// as soon as a menu is opened.
 void qxWorkbenchWindow::tellPicked()
 {
     const osg::NodePtr node = m_picked->current();
     if (node == osg::NullFC)
-        return statusBar()->clearMessage();
+        return m_pickedText->clear();
     const QString path = qxText::fromUtf8(qxNames::pathOf(node));
     const int count = int(m_picked->nodes().size());
     const QString kind = qxNodeKind::word(node->getCore());
-    statusBar()->showMessage(
-        count == 1 ? tr("%1 (%2)").arg(path, kind)
-                   : tr("%n nodes picked, the last one: %1 (%2)", nullptr, count).arg(path, kind));
+    const QString text = count == 1
+        ? tr("%1 (%2)").arg(path, kind)
+        : tr("%n nodes picked, the last one: %1 (%2)", nullptr, count).arg(path, kind);
+    m_pickedText->setText(
+        fontMetrics().elidedText(text, Qt::ElideMiddle, statusBar()->width() * 2 / 3));
+    m_pickedText->setToolTip(Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal));
+    statusBar()->clearMessage();
 }

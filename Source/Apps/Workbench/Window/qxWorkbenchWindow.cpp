@@ -1,6 +1,8 @@
 #include "qxWorkbenchWindow.h"
 
 #include "Core/qxMainWindow.h"
+#include "Entries/qxSetEntriesModel.h"
+#include "Entries/qxSetEntriesView.h"
 #include "Problems/qxProblems.h"
 #include "Problems/qxProblemsDock.h"
 #include "Script/qxBlockedScriptReport.h"
@@ -108,7 +110,7 @@ qxWorkbenchWindow::qxWorkbenchWindow()
 void qxWorkbenchWindow::buildPictures()
 {
     m_previews = new qxPreviewMaker(m_sets, m_events, this);
-    connect(m_tree, &qxSceneTreeModel::visibilityTicked, m_previews, &qxPreviewMaker::noteEdit);
+    connect(m_visibility, &qxNodeVisibility::changed, m_previews, &qxPreviewMaker::noteEdit);
     m_presentation = new qxPresentation(this, m_view, m_sets);
     connect(m_presentation, &qxPresentation::ended, this, &qxWorkbenchWindow::closeLater);
     m_export = new qxPictureExport(this, m_sets, [this] { return m_path; });
@@ -124,6 +126,8 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
     delete m_previews;
     m_watchdog.reset();
     m_blockedScripts.reset();
+    m_picked->clear();
+    m_visibility->forget();
     m_before.reset();
     m_beforeScript.reset();
     delete m_keys;
@@ -171,10 +175,12 @@ void qxWorkbenchWindow::buildProblems()
         shown->show();
         shown->raise();
     };
-    connect(dock, &qxProblemsDock::setWanted, this, [this, raise](const QString &set) {
-        raise(m_sets);
-        m_sets->view()->showSet(set);
-    });
+    connect(dock, &qxProblemsDock::setWanted, this,
+            [this, raise](const QString &set, const qxFindingPlace &place) {
+                raise(m_sets);
+                m_sets->view()->showSet(set);
+                showEntry(place);
+            });
     connect(dock, &qxProblemsDock::groupWanted, this, [this, raise](const QString &group) {
         raise(m_sets);
         m_sets->view()->showGroup(group);
@@ -184,6 +190,17 @@ void qxWorkbenchWindow::buildProblems()
                 raise(m_variants);
                 m_variants->showVariant(kind, variant);
             });
+}
+
+void qxWorkbenchWindow::showEntry(const qxFindingPlace &place)
+{
+    auto *const entries = m_sets->findChild<qxSetEntriesView *>();
+    const auto &model = static_cast<const qxSetEntriesModel &>(*entries->model());
+    for (int row = 0; place.isEntry() && row < model.rowCount(); ++row) {
+        const qxSetEntry &entry = model.entryAt(row);
+        if (entry.kind == place.kind && entry.name == place.name)
+            return entries->setCurrentIndex(model.index(row, 0));
+    }
 }
 
 /// One that works while the view has the focus: lists use it themselves.

@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class QLabel;
 class QStackedWidget;
 class QTreeView;
 class QUndoStack;
@@ -34,6 +35,7 @@ class qxSceneTreeModel;
 class qxSceneView;
 class qxScriptConsole;
 class qxWindowWatchdog;
+struct qxFindingPlace;
 class qxSession;
 class qxStartPage;
 class qxTheme;
@@ -84,6 +86,8 @@ protected:
 private:
     void buildDocks();
     void buildProblems();
+    /// Makes the entry of the set that is shown the current one.
+    void showEntry(const qxFindingPlace &place);
     void giveKey(QAction *action, const QKeySequence &key);
     QDockWidget *dockOf(QWidget *contents, const char *title, const QString &name);
     QMenu *addMenu(const char *title);
@@ -153,6 +157,7 @@ private:
     qxPanelEvents *m_events;
     qxNodeSelection *m_picked; ///< in view and tree
     qxNodeVisibility *m_visibility;
+    QLabel *m_pickedText; ///< in the status line
     qxSceneView *m_view;
     qxRecentFiles *m_recentFiles;
     qxStartPage *m_start;

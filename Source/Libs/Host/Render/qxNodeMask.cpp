@@ -291,26 +291,24 @@ private:
         for (const Slope::Edge &edge : slope.edges) {
             const float here = edge.start + edge.y * float(y);
             if (edge.x > 0.0f)
-                from = std::max(from, std::ceil(-here / edge.x));
+                from = std::max(from, -here / edge.x);
             else if (edge.x < 0.0f)
-                to = std::min(to, std::floor(here / -edge.x));
+                to = std::min(to, here / -edge.x);
             else if (here < 0.0f)
                 return;
         }
         if (!(from <= to))
             return;
         const float start = slope.start + slope.stepY * float(y);
-        for (int x = int(from); x <= int(to); ++x)
+        for (int x = int(from) + (float(int(from)) < from); x <= int(to); ++x)
             note(place(x, y), std::clamp(start + slope.stepX * float(x), slope.least, slope.most));
     }
 
-    static int first(float value, int size)
-    {
-        return int(std::clamp(std::floor(value), 0.0f, float(size)));
-    }
+    /// Rounded down by the conversion alone: there are many triangles.
+    static int first(float value, int size) { return int(std::clamp(value, 0.0f, float(size))); }
     static int last(float value, int size)
     {
-        return int(std::clamp(std::floor(value), -1.0f, float(size - 1)));
+        return value < 0.0f ? -1 : int(std::min(value, float(size - 1)));
     }
     /// Nobody knows of what is outside of the picture: its border is no end of the nodes.
     bool isDrawn(int x, int y) const
@@ -335,15 +333,49 @@ private:
     std::vector<float> m_values;
 };
 
-/// Whether nothing else stands in front of the nodes there.
-bool isSeen(const qxRay &ray, const Projection &projection, const qxRenderGroup &group,
-            float nearness)
-{
-    const float tolerance = 0.005f; // What touches the nodes does not hide them.
-    const float distance = qxDistanceAlong(ray, group);
-    return !(distance < ray.far) // nothing at all
-        || projection.nearness(ray, distance) <= nearness + std::fabs(nearness) * tolerance;
-}
+/// Where nothing else stands in front of the nodes. Some pixels beside each other share an answer,
+/// which takes a ray.
+class Sight {
+public:
+    Sight(const qxRenderGroup &group, const qxRenderCamera &camera,
+          const qxRenderClipping &clipping, const Projection &projection)
+        : m_group(group), m_camera(camera), m_clipping(clipping), m_projection(projection),
+          m_width(int(2.0f * camera.middle()[0]) / block + 1)
+    {
+        m_known.assign(std::size_t(m_width) * std::size_t(2.0f * camera.middle()[1] / block + 1),
+                       Unknown);
+    }
+
+    bool isFree(int x, int y, float nearness)
+    {
+        char &known =
+            m_known[std::size_t(y / block) * std::size_t(m_width) + std::size_t(x / block)];
+        if (known == Unknown)
+            known = look(x, y, nearness) ? Free : Taken;
+        return known == Free;
+    }
+
+private:
+    enum : char { Unknown, Free, Taken };
+    static constexpr int block = 3; ///< pixels
+
+    bool look(int x, int y, float nearness) const
+    {
+        const float tolerance = 0.005f; // What touches the nodes does not hide them.
+        qxRay ray = m_camera.ray(float(x) + 0.5f, float(y) + 0.5f);
+        m_clipping.limit(ray);
+        const float distance = qxDistanceAlong(ray, m_group);
+        return !(distance < ray.far) // nothing at all
+            || m_projection.nearness(ray, distance) <= nearness + std::fabs(nearness) * tolerance;
+    }
+
+    const qxRenderGroup &m_group;
+    const qxRenderCamera &m_camera;
+    const qxRenderClipping &m_clipping;
+    const Projection &m_projection;
+    int m_width;
+    std::vector<char> m_known;
+};
 
 } // namespace
 
@@ -359,15 +391,14 @@ qxNodeMask qxMaskOf(const std::vector<osg::UInt32> &nodes, const qxRenderGroup &
     Sheet sheet(int(2.0f * camera.middle()[0]), int(2.0f * camera.middle()[1]));
     triangles.visit([&sheet](const Spot &a, const Spot &b, const Spot &c) { sheet.draw(a, b, c); });
     qxNodeMask mask = sheet.mask();
+    Sight sight(group, camera, clipping, projection);
     for (int y = 0; y < mask.height; ++y) {
         for (int x = 0; x < mask.width; ++x) {
             const int atX = mask.left + x;
             const int atY = mask.bottom + y;
             if (!mask.covers(x, y) || !sheet.isRim(atX, atY))
                 continue;
-            qxRay ray = camera.ray(float(atX) + 0.5f, float(atY) + 0.5f);
-            clipping.limit(ray);
-            mask.rim.push_back({x, y, isSeen(ray, projection, group, sheet.at(atX, atY))});
+            mask.rim.push_back({x, y, sight.isFree(atX, atY, sheet.at(atX, atY))});
         }
     }
     return mask;

@@ -77,16 +77,29 @@ void qxSetContents::buildCommands()
 {
     typedef qxSetContents Contents;
     m_ofEntries << addCommand(QT_TR_NOOP("Choose S&tate"), Qt::Key_F2, &Contents::chooseState);
-    m_ofVariants << addCommand(QT_TR_NOOP("Take the State S&hown"), QKeySequence(),
-                               &Contents::takeShown);
-    m_ofEntries << addCommand(QT_TR_NOOP("&Remove"), QKeySequence::Delete,
-                              &Contents::removeSelected);
-    m_ofVariants << addCommand(QT_TR_NOOP("&Copy"), QKeySequence::Copy, &Contents::copy);
-    addCommand(QT_TR_NOOP("&Paste"), QKeySequence::Paste, &Contents::paste);
+    m_inMenu << addCommand(QT_TR_NOOP("Take the State S&hown"), QKeySequence(),
+                           &Contents::takeShown);
+    m_ofVariants << m_inMenu.last();
+    m_inMenu << makeSeparator();
+    m_inMenu << addCommand(QT_TR_NOOP("&Remove"), QKeySequence::Delete, &Contents::removeSelected);
+    m_ofEntries << m_inMenu.last();
+    m_inMenu << addCommand(QT_TR_NOOP("&Copy"), QKeySequence::Copy, &Contents::copy);
+    m_ofVariants << m_inMenu.last();
+    m_inMenu << addCommand(QT_TR_NOOP("&Paste"), QKeySequence::Paste, &Contents::paste);
+    m_inMenu << makeSeparator();
     m_rename =
         addCommand(QT_TR_NOOP("Re&name Variant..."), QKeySequence(), &Contents::renameVariant);
-    m_ofVariants << addCommand(QT_TR_NOOP("Show in the &Variants Dock"), QKeySequence(),
-                               &Contents::showVariants);
+    m_inMenu << m_rename;
+    m_inMenu << addCommand(QT_TR_NOOP("Show in the &Variants Dock"), QKeySequence(),
+                           &Contents::showVariants);
+    m_ofVariants << m_inMenu.last();
+}
+
+QAction *qxSetContents::makeSeparator()
+{
+    auto *const separator = new QAction(this);
+    separator->setSeparator(true);
+    return separator;
 }
 
 QAction *qxSetContents::addCommand(const char *text, const QKeySequence &key,
@@ -106,12 +119,14 @@ QWidget *qxSetContents::buildTopLine()
     auto *const line = new QWidget;
     auto *const layout = new QHBoxLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);
-    m_add = new QToolButton;
+    m_add = new QToolButton; // Signs leave the room to the line.
+    m_add->setText(QStringLiteral("+"));
     m_add->setPopupMode(QToolButton::InstantPopup);
     m_add->setFocusPolicy(Qt::StrongFocus);
     m_add->setMenu(new QMenu(m_add));
     connect(m_add->menu(), &QMenu::aboutToShow, this, &qxSetContents::fillAddMenu);
     m_remove = new QToolButton;
+    m_remove->setText(QStringLiteral("\u2212"));
     m_remove->setFocusPolicy(Qt::StrongFocus);
     connect(m_remove, &QToolButton::clicked, this, &qxSetContents::removeSelected);
     layout->addWidget(m_search, 1);
@@ -138,9 +153,9 @@ void qxSetContents::retranslate()
     m_view->setAccessibleName(tr("What the set holds"));
     m_view->setHint(tr("The set holds nothing yet. Type the name of a variant above, or drag "
                        "variants or nodes here."));
-    m_add->setText(tr("Add"));
+    m_add->setAccessibleName(tr("Add"));
     m_add->setToolTip(tr("Add viewpoints and animations"));
-    m_remove->setText(tr("Remove"));
+    m_remove->setAccessibleName(tr("Remove"));
     m_remove->setToolTip(tr("Take the selected entries out of the set"));
     m_model->retranslate();
 }
@@ -194,6 +209,14 @@ void qxSetContents::follow(const QString &note)
     followSelection();
 }
 
+/// Selects that row alone.
+void qxSetContents::goTo(int row)
+{
+    const auto whole = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+    if (row >= 0)
+        m_view->selectionModel()->setCurrentIndex(m_model->index(row, 0), whole);
+}
+
 void qxSetContents::add(const Entries &entries)
 {
     if (entries.empty())
@@ -231,10 +254,9 @@ void qxSetContents::showMenu(const QPoint &position)
     const Entries entries = selected();
     if (!entries.empty())
         addStates(*menu);
-    for (const auto &command : m_commands)
-        menu->addAction(command.first);
     if (entries.size() == 1)
         addRepairs(*menu);
+    menu->addActions(m_inMenu);
     menu->popup(m_view->viewport()->mapToGlobal(position));
 }
 
@@ -303,10 +325,10 @@ void qxSetContents::takeShown()
 /// The next entry is selected then, to go on.
 void qxSetContents::removeSelected()
 {
+    const int next = m_view->selectedRows().value(0);
     qxEntryEdits::remove(*m_edits, m_model->set(), selected());
     follow(QString());
-    const auto whole = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
-    m_view->selectionModel()->select(m_view->currentIndex(), whole);
+    goTo(std::min(next, m_model->rowCount() - 1));
 }
 
 void qxSetContents::copy()
@@ -344,6 +366,7 @@ void qxSetContents::renameVariant()
     if (request.after.isEmpty() || request.after == request.before)
         return;
     follow(qxNameEdits::rename(*m_edits->stack(), word, request).refusal);
+    goTo(m_model->rowOf({entry.sort, entry.kind, request.after, entry.state}));
 }
 
 /// As if a set held nothing but these.

@@ -36,12 +36,14 @@ private:
 
     void buildCommands();
     QAction *addCommand(const char *text, const QKeySequence &key, void (qxSetContents::*run)());
+    QAction *makeSeparator();
     QWidget *buildTopLine();
     void retranslate();
     void followSelection();
     Entries selected() const;
     void say(const QString &text);
     void follow(const QString &note);
+    void goTo(int row);
 
     void add(const Entries &entries);
     void take(const QMimeData &data);
@@ -66,6 +68,7 @@ private:
     QToolButton *m_remove;
     QLabel *m_note;
     QList<QPair<QAction *, const char *>> m_commands; ///< with texts to be translated
+    QList<QAction *> m_inMenu; ///< with separators
     QList<QAction *> m_ofEntries; ///< those that need a selected entry
     QList<QAction *> m_ofVariants; ///< those that need a selected variant
     QAction *m_rename; ///< needs exactly one

@@ -14,7 +14,6 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
-#include <QSet>
 #include <QStyle>
 #include <QTextDocument>
 
@@ -77,63 +76,47 @@ void qxSetEntriesModel::showSet(const QString &name)
         return takeRows(entries);
     beginResetModel();
     m_set = name;
-    m_rows.clear();
-    for (const qxSetEntry &each : entries)
-        m_rows.push_back({each, {}});
+    fill(entries);
     endResetModel();
     readFindings();
 }
 
-/// Rows that stay keep their places in views.
 void qxSetEntriesModel::takeRows(const std::vector<qxSetEntry> &entries)
 {
-    removeOthers(entries);
-    insertNew(entries);
+    const bool isSame = std::equal(
+        entries.begin(), entries.end(), m_rows.begin(), m_rows.end(),
+        [](const qxSetEntry &entry, const Row &row) { return entry.key() == row.entry.key(); });
+    if (!isSame)
+        return takeOtherRows(entries);
     for (std::size_t row = 0; row < entries.size(); ++row)
-        m_rows[row] = {entries[row], {}};
+        m_rows[row].entry = entries[row];
     forgetSeen();
 }
 
-void qxSetEntriesModel::removeOthers(const std::vector<qxSetEntry> &entries)
+/// In one go, however many come and go: views follow each of their places.
+void qxSetEntriesModel::takeOtherRows(const std::vector<qxSetEntry> &entries)
 {
-    QSet<QString> kept;
-    for (const qxSetEntry &each : entries)
-        kept.insert(each.key());
-    const auto isKept = [&](int row) { return kept.contains(entryAt(row).key()); };
-    for (int end = rowCount(); end > 0;) {
-        int first = end;
-        while (first > 0 && !isKept(first - 1))
-            --first;
-        if (first < end) {
-            beginRemoveRows(QModelIndex(), first, end - 1);
-            m_rows.erase(m_rows.begin() + first, m_rows.begin() + end);
-            endRemoveRows();
-        }
-        end = first - 1;
-    }
+    Q_EMIT layoutAboutToBeChanged();
+    const QModelIndexList kept = persistentIndexList();
+    QStringList keys;
+    for (const QModelIndex &each : kept)
+        keys << entryAt(each.row()).key();
+    fill(entries);
+    QHash<QString, int> places;
+    for (int row = 0; row < rowCount(); ++row)
+        places.insert(entryAt(row).key(), row);
+    QModelIndexList moved;
+    for (int i = 0; i < kept.size(); ++i)
+        moved << index(places.value(keys[i], -1), kept[i].column());
+    changePersistentIndexList(kept, moved);
+    Q_EMIT layoutChanged();
 }
 
-void qxSetEntriesModel::insertNew(const std::vector<qxSetEntry> &entries)
+void qxSetEntriesModel::fill(const std::vector<qxSetEntry> &entries)
 {
-    QSet<QString> known;
-    for (const Row &row : m_rows)
-        known.insert(row.entry.key());
-    const int count = int(entries.size());
-    const auto isNew = [&](int row) { return !known.contains(entries[std::size_t(row)].key()); };
-    for (int row = 0; row < count; ++row) {
-        int end = row;
-        while (end < count && isNew(end))
-            ++end;
-        if (end == row)
-            continue;
-        beginInsertRows(QModelIndex(), row, end - 1);
-        std::vector<Row> added;
-        for (int each = row; each < end; ++each)
-            added.push_back({entries[std::size_t(each)], {}});
-        m_rows.insert(m_rows.begin() + row, added.begin(), added.end());
-        endInsertRows();
-        row = end;
-    }
+    m_rows.clear();
+    for (const qxSetEntry &each : entries)
+        m_rows.push_back({each, {}});
 }
 
 void qxSetEntriesModel::forgetSeen()
@@ -206,8 +189,8 @@ QVariant qxSetEntriesModel::data(const QModelIndex &index, int role) const
         return textAt(row, column);
     if (role == Qt::EditRole)
         return entryAt(row).state;
-    if (column == ProblemColumn)
-        return problemData(row, role);
+    if (column == ProblemColumn || (column == NameColumn && role == Qt::DecorationRole))
+        return problemData(row, column, role);
     if (role == Qt::ToolTipRole)
         return plain(toolTipAt(row, column));
     if (role == DiffersRole)
@@ -236,7 +219,7 @@ QVariant qxSetEntriesModel::textAt(int row, int column) const
         return seenAt(row).differs ? QStringLiteral("\u2260 ") + seenAt(row).shown
                                    : seenAt(row).shown;
     default:
-        return problemData(row, Qt::DisplayRole);
+        return problemData(row, column, Qt::DisplayRole);
     }
 }
 
@@ -277,7 +260,7 @@ QVariant qxSetEntriesModel::shownData(int row, int role) const
     return font;
 }
 
-QVariant qxSetEntriesModel::problemData(int row, int role) const
+QVariant qxSetEntriesModel::problemData(int row, int column, int role) const
 {
     const qxFindings findings = findingsAt(row);
     if (findings.isEmpty())
@@ -296,8 +279,10 @@ QVariant qxSetEntriesModel::problemData(int row, int role) const
         return plain(lines.join('\n'));
     case Qt::AccessibleTextRole:
         return lines.join('\n');
-    case Qt::DecorationRole:
-        return QApplication::style()->standardIcon(signOf(worstOf(findings)));
+    case Qt::DecorationRole: // The sign stands before the name, the code in its own column.
+        return column == NameColumn
+            ? QVariant(QApplication::style()->standardIcon(signOf(worstOf(findings))))
+            : QVariant();
     default:
         return QVariant();
     }

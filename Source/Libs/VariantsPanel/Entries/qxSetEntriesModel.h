@@ -63,8 +63,8 @@ private:
     };
 
     void takeRows(const std::vector<qxSetEntry> &entries);
-    void removeOthers(const std::vector<qxSetEntry> &entries);
-    void insertNew(const std::vector<qxSetEntry> &entries);
+    void takeOtherRows(const std::vector<qxSetEntry> &entries);
+    void fill(const std::vector<qxSetEntry> &entries);
     void forgetSeen();
     void readFindings();
     const Seen &seenAt(int row) const;
@@ -72,7 +72,7 @@ private:
     QVariant textAt(int row, int column) const;
     QString toolTipAt(int row, int column) const;
     QVariant shownData(int row, int role) const;
-    QVariant problemData(int row, int role) const;
+    QVariant problemData(int row, int column, int role) const;
     qxFindings findingsAt(int row) const;
 
     qxSetEdits *m_edits;

@@ -29,7 +29,7 @@ qxSetEntriesView::qxSetEntriesView(qxSetEntriesModel *model) : m_model(model)
     header()->setSectionsMovable(false);
     header()->setSectionResizeMode(qxSetEntriesModel::NameColumn, QHeaderView::Stretch);
     connect(model, &qxSetEntriesModel::problemsChanged, this, &qxSetEntriesView::layColumns);
-    connect(model, &QAbstractItemModel::rowsInserted, this, &qxSetEntriesView::layColumns);
+    connect(model, &QAbstractItemModel::layoutChanged, this, &qxSetEntriesView::layColumns);
 }
 
 /// Names come first: they get what they need, up to two thirds, and states what is left. The kind,
@@ -43,10 +43,10 @@ void qxSetEntriesView::layColumns()
     const bool hasKind = width >= 60 * letter;
     setColumnHidden(Model::KindColumn, !hasKind);
     setColumnHidden(Model::ProblemColumn, !hasProblems);
-    const int problem = hasProblems ? 11 * letter : 0;
+    const int problem = hasProblems ? (hasKind ? 12 : 8) * letter : 0;
     const int kind = hasKind ? 12 * letter : 0;
     const int left = width - problem - kind;
-    const int name = std::clamp(widthOfNames(), left / 3, left * 2 / 3);
+    const int name = std::clamp(widthOfNames(), left / 3, hasProblems ? left / 2 : left * 2 / 3);
     const int state = std::min(24 * letter, (left - name) / 2);
     header()->resizeSection(Model::KindColumn, kind);
     header()->resizeSection(Model::StateColumn, state);
@@ -63,7 +63,9 @@ int qxSetEntriesView::widthOfNames() const
             m_model->index(row, qxSetEntriesModel::NameColumn).data(Qt::DisplayRole).toString();
         widest = std::max(widest, fontMetrics().horizontalAdvance(name));
     }
-    return widest + 2 * fontMetrics().averageCharWidth();
+    const int sign =
+        m_model->hasProblems() ? style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) : 0;
+    return widest + sign + 2 * fontMetrics().averageCharWidth();
 }
 
 QList<int> qxSetEntriesView::selectedRows() const

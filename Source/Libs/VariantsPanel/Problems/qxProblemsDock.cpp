@@ -94,6 +94,9 @@ QWidget *qxProblemsDock::buildTopLine()
 {
     auto *const line = new QWidget;
     auto *const layout = new QHBoxLayout(line);
+    const QMargins margins = layout->contentsMargins(); // Below the view, height is scarce.
+    layout->setContentsMargins(margins.left(), margins.top() / 4, margins.right(),
+                               margins.bottom() / 4);
     m_search = new QLineEdit;
     m_search->setObjectName(QStringLiteral("problemSearch"));
     m_search->setClearButtonEnabled(true);
@@ -136,10 +139,8 @@ void qxProblemsDock::buildView()
     QHeaderView *const header = m_view->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(qxProblemsModel::TextColumn, QHeaderView::Stretch);
-    header->setSectionResizeMode(qxProblemsModel::PlaceColumn, QHeaderView::Interactive);
+    header->setSectionResizeMode(qxProblemsModel::PlaceColumn, QHeaderView::Stretch);
     header->setSectionResizeMode(qxProblemsModel::CodeColumn, QHeaderView::ResizeToContents);
-    header->resizeSection(qxProblemsModel::PlaceColumn,
-                          30 * m_view->fontMetrics().averageCharWidth());
     connect(m_view, &QTreeView::activated, this, &qxProblemsDock::goThere);
     connect(m_view, &QWidget::customContextMenuRequested, this, &qxProblemsDock::showMenu);
 }
@@ -202,7 +203,9 @@ void qxProblemsDock::showEmptyOrList()
     const int all = m_model->rowCount();
     m_empty->setText(all == 0 ? tr("No problems: sets, variants and scene go together.")
                               : tr("%n problems are not shown.", nullptr, all));
-    m_pages->setCurrentWidget(m_filter->rowCount() > 0 ? static_cast<QWidget *>(m_view) : m_empty);
+    const bool isList = m_filter->rowCount() > 0;
+    m_pages->setCurrentWidget(isList ? static_cast<QWidget *>(m_view) : m_empty);
+    widget()->setFocusProxy(isList ? static_cast<QWidget *>(m_view) : m_search);
 }
 
 qxFindings qxProblemsDock::selected() const

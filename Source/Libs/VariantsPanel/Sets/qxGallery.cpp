@@ -26,7 +26,6 @@ qxGallery::qxGallery(QWidget *parent)
     setFlow(LeftToRight);
     setWrapping(true);
     setResizeMode(Adjust);
-    setMouseTracking(true);
     setItemDelegate(m_delegate);
     // The width of the tiles must not depend on whether they need it.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);

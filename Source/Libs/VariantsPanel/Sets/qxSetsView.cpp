@@ -95,6 +95,8 @@ void qxSetsView::setOpen(const QString &group, bool isOpen)
 /// The cursor goes to the heading of a section that hides it.
 void qxSetsView::toggle(const QString &group)
 {
+    if (!m_search.isEmpty()) // It has opened what it leaves.
+        return;
     const bool isClosed = m_closedGroups.contains(group);
     if (!isClosed && currentGroup() == group)
         setCurrent(m_faces[Gallery].model->indexOfGroup(group));
@@ -128,7 +130,7 @@ void qxSetsView::activate(const QModelIndex &index)
 {
     if (!currentSet().isEmpty())
         Q_EMIT activated(currentSet());
-    else if (index.isValid() && form() == Gallery && m_search.isEmpty())
+    else if (index.isValid() && form() == Gallery)
         toggle(nameOf(index));
 }
 

@@ -155,6 +155,8 @@ void qxVariantActions::renameCurrent()
 void qxVariantActions::rename(const qxVariantName &variant, const QString &option,
                               const QString &name)
 {
+    if (name.trimmed().isEmpty())
+        return told(tr("A name has more than blanks."));
     const char *const thing = option.isEmpty() ? nullptr : thingOf(variant, option);
     const QString word = thing
         ? QString(QLatin1String(thing))
@@ -179,13 +181,31 @@ void qxVariantActions::rename(const qxVariantName &variant, const QString &optio
         m_view->showOption(variant, name);
 }
 
+/// The cursor goes on to what stays beside it.
 void qxVariantActions::remove()
 {
     const qxVariantEdits::Variants variants = m_view->selectedVariants();
+    QStringList beside;
+    const QModelIndex current = m_view->currentIndex();
+    for (const int step : {1, -1}) {
+        for (int row = current.row() + step; row >= 0 && row < m_rows->rowCount(current.parent());
+             row += step)
+            beside << current.siblingAtRow(row).data(Qt::EditRole).toString();
+    }
+    const qxVariantName variant = m_view->currentVariant();
     if (variants.empty())
         removeOptions();
     else
         removeVariants(variants);
+    m_events->flush();
+    for (const QString &name : beside) {
+        if (m_view->currentIndex().isValid())
+            return;
+        if (variants.empty())
+            m_view->showOption(variant, name);
+        else
+            m_view->showVariants({{variant.kind, name}});
+    }
 }
 
 /// Sets that refer to them are asked about: nothing is lost silently.

@@ -9,14 +9,16 @@
 
 namespace {
 
-/// Whether each of the words occurs in the name of the variant or of an option.
+/// Whether each of the words occurs in the name of the variant or of an option. What the module
+/// understands by itself, such as "!Next", most variants have.
 bool isFound(const qxVariant &variant, const QStringList &words)
 {
     return std::all_of(words.begin(), words.end(), [&variant](const QString &word) {
         return variant.name.contains(word, Qt::CaseInsensitive)
             || std::any_of(variant.options.begin(), variant.options.end(),
                            [&word](const qxVariantOption &option) {
-                               return option.name.contains(word, Qt::CaseInsensitive);
+                               return !option.name.startsWith('!')
+                                   && option.name.contains(word, Qt::CaseInsensitive);
                            });
     });
 }

@@ -85,6 +85,8 @@ QModelIndex qxVariantsModel::indexOf(const qxVariantKind &kind, const QString &v
 QModelIndex qxVariantsModel::indexOf(const qxVariantName &variant, const QString &option) const
 {
     const QModelIndex above = indexOf(*variant.kind, variant.name);
+    if (option.isEmpty())
+        return above;
     const int states = rowCount(above);
     for (int row = 0; row < states; ++row) {
         const QModelIndex state = index(row, NameColumn, above);
@@ -344,10 +346,8 @@ QModelIndex qxVariantsModel::indexOf(const Place &place) const
     QModelIndex found;
     if (place.variant.name.isEmpty())
         found = index(qxVariantRows::rowOf(*place.variant.kind), NameColumn, QModelIndex());
-    else if (!place.option.isEmpty())
-        found = indexOf(place.variant, place.option);
     else
-        found = indexOf(*place.variant.kind, place.variant.name);
+        found = indexOf(place.variant, place.option);
     if (place.isActions && found.isValid()) {
         const int last = rowCount(found) - 1;
         found = last >= 0 && rowCount(index(last, NameColumn, found)) > 0

@@ -38,7 +38,8 @@ public:
     /// The options of the row above, in the order in which they are shown.
     QStringList optionsBeside(const QModelIndex &index) const;
     ///@{
-    /// The row of a variant or of one of its options; invalid for one that is not shown.
+    /// The row of a variant, or of one of its options unless that is empty; invalid for one that is
+    /// not shown.
     QModelIndex indexOf(const qxVariantKind &kind, const QString &variant) const;
     QModelIndex indexOf(const qxVariantName &variant, const QString &option) const;
     ///@}
