@@ -1476,7 +1476,7 @@
     </message>
     <message>
         <source>Copy &amp;Name</source>
-        <translation>Name&amp;n kopieren</translation>
+        <translation>Na&amp;men kopieren</translation>
     </message>
     <message>
         <source>&amp;Copy Path</source>
@@ -2967,7 +2967,7 @@
     </message>
     <message>
         <source>Move &amp;Up</source>
-        <translation>Nach &amp;oben</translation>
+        <translation>Na&amp;ch oben</translation>
     </message>
     <message>
         <source>Move &amp;Down</source>
@@ -2979,7 +2979,7 @@
     </message>
     <message>
         <source>&amp;Key...</source>
-        <translation>&amp;Taste …</translation>
+        <translation>T&amp;aste …</translation>
     </message>
     <message>
         <source>&amp;Add to the Current Set</source>
@@ -4005,7 +4005,7 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
     </message>
     <message>
         <source>&amp;Nodes</source>
-        <translation>&amp;Knoten</translation>
+        <translation>Knot&amp;en</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not in the list now: its group is hidden, or the search leaves it out.</source>

@@ -93,7 +93,7 @@ TEST_F(LanguageTest, EveryTextFollowsTheLanguageAndComesBack)
     const ShownTexts german = textsIn(*window);
     for (const QString &text : progress)
         EXPECT_FALSE(catalogue.isEnglish(text)) << text.toStdString();
-    const QStringList names{"", "English", "Deutsch", "Desk: Ash", "D", "1", "2"};
+    const QStringList names{"", "English", "Deutsch", "Desk: Ash", "D", "1", "2", "+", "\u2212"};
     const QStringList types{"Switch", "Group"}; // of node cores, in tool tips
     for (auto text = english.begin(); text != english.end(); ++text) {
         const bool isOfModel = text.key().second.contains(' ');

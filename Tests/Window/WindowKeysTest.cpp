@@ -14,9 +14,9 @@ protected:
                 &tree(),
                 &variants(),
                 &list(),
+                window->findChild<QDockWidget *>("problems")->widget()->focusProxy(),
                 window->findChild<qxLogView *>(),
-                window->console()->input(),
-                window->findChild<QLineEdit *>("problemSearch")};
+                window->console()->input()};
     }
     /// Everything that has the focus, one after the other, until it is back at the beginning.
     QList<QWidget *> wayOf(Qt::Key key)

@@ -70,7 +70,6 @@ qxProblemsDock::qxProblemsDock(qxProblems *problems, qxSetEdits *edits, QWidget 
     layout->addWidget(buildTopLine());
     layout->addWidget(m_pages, 1);
     layout->addWidget(m_told);
-    contents->setFocusProxy(m_search);
     setWidget(contents);
     buildView();
     connect(m_menu, &QMenu::aboutToShow, this, &qxProblemsDock::fillFixes);

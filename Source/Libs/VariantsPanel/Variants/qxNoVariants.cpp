@@ -45,6 +45,13 @@ void qxNoVariants::refresh()
                        : tr("There are no variants. Open a scene to make some of it."));
 }
 
+void qxNoVariants::clear()
+{
+    delete m_offers;
+    m_offers = nullptr;
+    m_text->clear();
+}
+
 void qxNoVariants::addButton(const QString &text, const std::function<void()> &run)
 {
     auto *const button = new QPushButton(text);

@@ -15,6 +15,8 @@ public:
 
     /// Looks at the scene again, which may have got other things, and translates all texts.
     void refresh();
+    /// Says nothing until the next look, so that no text of another scene or language stays.
+    void clear();
 
 private:
     void addButton(const QString &text, const std::function<void()> &run);

@@ -142,7 +142,7 @@ void qxVariantsDock::changeEvent(QEvent *event)
         return;
     retranslate();
     m_model->retranslate();
-    m_nothing->refresh();
+    followVariants();
 }
 
 void qxVariantsDock::retranslate()
@@ -230,6 +230,8 @@ void qxVariantsDock::followVariants()
     m_search->setEnabled(!isEmpty);
     if (isEmpty)
         m_nothing->refresh();
+    else
+        m_nothing->clear();
     showFound();
 }
 
