@@ -1,6 +1,7 @@
 #include "qxVariantGroup.h"
 #include "qxVariantKinds.h"
 #include "qxVariantReader.h"
+#include "qxVariantSet.h"
 #include "qxVariantWriter.h"
 #include "qxVariants.h"
 
