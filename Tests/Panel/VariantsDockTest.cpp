@@ -274,6 +274,7 @@ TEST_F(VariantsDockTest, OptionsComeFromTheSceneOrByHandAndGo)
     EXPECT_FALSE(optionNames().contains("Steel"));
     EXPECT_EQ(view().currentOption(), "Alloy") << "which was the next one";
     for (const bool byHand : {false, true}) {
+        go();
         answerDialog([&](QDialog &dialog) {
             const auto fields = dialog.findChildren<QLineEdit *>();
             if (byHand)
@@ -282,7 +283,6 @@ TEST_F(VariantsDockTest, OptionsComeFromTheSceneOrByHandAndGo)
                 dialog.findChild<QListView *>()->selectAll();
             click(dialog, "Add");
         });
-        go();
         press(tree(), Qt::Key_Insert);
         EXPECT_EQ(optionNames().last(), byHand ? "Wood" : "Steel");
         EXPECT_EQ(optionNames().size(), byHand ? 9 : 8);
