@@ -4,13 +4,16 @@
 #include "qxVariantWriter.h"
 
 #include "../Scenarios/ShownScene.h"
+#include "Entries/qxEntryEdits.h"
 #include "PanelFixture.h"
+#include "Undo/qxNameEdits.h"
 #include "Undo/qxVariantEdits.h"
 #include "qxOverlays.h"
 
 #include <QUndoStack>
 
 #include <functional>
+#include <random>
 
 namespace {
 
@@ -149,6 +152,77 @@ TEST_P(EachVariantEditTest, IsUndoneAndMadeAgain)
         EXPECT_EQ(everything(), before);
         steps.redo();
         EXPECT_EQ(everything(), after);
+    }
+}
+
+TEST_F(VariantEditsTest, AnyChainOfEditsIsUndoneAndMadeAgainStepByStep)
+{
+    qxSetEdits sets;
+    QUndoStack &chain = *sets.stack();
+    const qxVariantKind &kind = qxVariantKinds::node;
+    const QStringList names{"Wheels", "Group", "A & B", "<b>\"C\"</b>", "D\nE", " ", ""};
+    std::mt19937 random(7);
+    const auto any = [&] { return names[int(random() % unsigned(names.size()))]; };
+    const auto rename = [&](const char *word) {
+        qxRenameRequest request;
+        qxRenameWords::take(word, request);
+        request.before = any();
+        request.after = any();
+        request.owner = strcmp(word, "node-option") ? QString() : any();
+        qxNameEdits::rename(chain, word, request);
+    };
+    const std::vector<std::function<void()>> edits{
+        [&] { rename("node-variant"); },
+        [&] { rename("node-option"); },
+        [&] { rename("set"); },
+        [&] { sets.renameSet(any(), any()); },
+        [&] { sets.addSet(any()); },
+        [&] {
+            sets.removeSets({any(), "Red"});
+        },
+        [&] {
+            qxEntryEdits::setState(sets, "Red", {{qxSetEntry::Variant, &kind, any(), ""}}, any());
+        },
+        [&] {
+            qxEntryEdits::remove(sets, "Leather", {{qxSetEntry::Variant, &kind, any(), ""}});
+        },
+        [&] {
+            qxEntryEdits::addNodes(sets, "Leather", {node("Lamp"), node("Body")});
+        },
+        [&] {
+            qxVariantEdits::addToSet(chain, "Leather", {{&kind, any(), any()}});
+        },
+        [&] {
+            qxVariantEdits::createOf(chain, kind, {node("Wheels"), node("Group")});
+        },
+        [&] {
+            qxVariantEdits::remove(chain, {{&kind, any()}, {&kind, any()}}, random() % 2);
+        },
+        [&] {
+            qxVariantEdits::addOptions(chain, {&kind, any()}, {any(), any()});
+        },
+        [&] {
+            qxVariantEdits::removeOptions(chain, {&kind, any()}, {any()});
+        }};
+    std::vector<std::string> texts{everything()};
+    while (texts.size() < 60) {
+        const int before = chain.index();
+        edits[random() % edits.size()]();
+        if (chain.index() == before)
+            ASSERT_EQ(everything(), texts.back()) << "what changes something is a step";
+        else
+            texts.push_back(everything());
+    }
+    for (int round = 0; round < 2; ++round) {
+        for (std::size_t place = texts.size() - 1; place-- > 0;) {
+            const QString what = chain.undoText();
+            chain.undo();
+            ASSERT_EQ(everything(), texts[place]) << what.toStdString() << " is undone";
+        }
+        for (std::size_t place = 1; place < texts.size(); ++place) {
+            chain.redo();
+            ASSERT_EQ(everything(), texts[place]);
+        }
     }
 }
 
