@@ -155,15 +155,15 @@ TEST_P(EachVariantEditTest, IsUndoneAndMadeAgain)
     }
 }
 
-TEST_F(VariantEditsTest, AnyChainOfEditsIsUndoneAndMadeAgainStepByStep)
+/// Edits of things that bear names which some other thing may have, or which are written escaped.
+// A list, not a procedure.
+std::vector<std::function<void()>> chainEdits(qxSetEdits &sets, std::mt19937 &random)
 {
-    qxSetEdits sets;
+    static const QStringList names{"Wheels", "Group", "A & B", "<b>\"C\"</b>", "D\nE", " ", ""};
     QUndoStack &chain = *sets.stack();
     const qxVariantKind &kind = qxVariantKinds::node;
-    const QStringList names{"Wheels", "Group", "A & B", "<b>\"C\"</b>", "D\nE", " ", ""};
-    std::mt19937 random(7);
-    const auto any = [&] { return names[int(random() % unsigned(names.size()))]; };
-    const auto rename = [&](const char *word) {
+    const auto any = [&random] { return names[int(random() % unsigned(names.size()))]; };
+    const auto rename = [&chain, any](const char *word) {
         qxRenameRequest request;
         qxRenameWords::take(word, request);
         request.before = any();
@@ -171,39 +171,49 @@ TEST_F(VariantEditsTest, AnyChainOfEditsIsUndoneAndMadeAgainStepByStep)
         request.owner = strcmp(word, "node-option") ? QString() : any();
         qxNameEdits::rename(chain, word, request);
     };
-    const std::vector<std::function<void()>> edits{
-        [&] { rename("node-variant"); },
-        [&] { rename("node-option"); },
-        [&] { rename("set"); },
-        [&] { sets.renameSet(any(), any()); },
-        [&] { sets.addSet(any()); },
-        [&] {
+    return {
+        [=, &sets, &random, &chain, &kind] { rename("node-variant"); },
+        [=, &sets, &random, &chain, &kind] { rename("node-option"); },
+        [=, &sets, &random, &chain, &kind] { rename("set"); },
+        [=, &sets, &random, &chain, &kind] { sets.renameSet(any(), any()); },
+        [=, &sets, &random, &chain, &kind] { sets.addSet(any()); },
+        [=, &sets, &random, &chain, &kind] {
             sets.removeSets({any(), "Red"});
         },
-        [&] {
+        [=, &sets, &random, &chain, &kind] {
             qxEntryEdits::setState(sets, "Red", {{qxSetEntry::Variant, &kind, any(), ""}}, any());
         },
-        [&] {
+        [=, &sets, &random, &chain, &kind] {
             qxEntryEdits::remove(sets, "Leather", {{qxSetEntry::Variant, &kind, any(), ""}});
         },
-        [&] {
-            qxEntryEdits::addNodes(sets, "Leather", {node("Lamp"), node("Body")});
+        [=, &sets, &random, &chain, &kind] {
+            qxEntryEdits::addNodes(
+                sets, "Leather", {qxScenegraph::findNode("Lamp"), qxScenegraph::findNode("Body")});
         },
-        [&] {
+        [=, &sets, &random, &chain, &kind] {
             qxVariantEdits::addToSet(chain, "Leather", {{&kind, any(), any()}});
         },
-        [&] {
-            qxVariantEdits::createOf(chain, kind, {node("Wheels"), node("Group")});
+        [=, &sets, &random, &chain, &kind] {
+            qxVariantEdits::createOf(
+                chain, kind, {qxScenegraph::findNode("Wheels"), qxScenegraph::findNode("Group")});
         },
-        [&] {
+        [=, &sets, &random, &chain, &kind] {
             qxVariantEdits::remove(chain, {{&kind, any()}, {&kind, any()}}, random() % 2);
         },
-        [&] {
+        [=, &sets, &random, &chain, &kind] {
             qxVariantEdits::addOptions(chain, {&kind, any()}, {any(), any()});
         },
-        [&] {
+        [=, &sets, &random, &chain, &kind] {
             qxVariantEdits::removeOptions(chain, {&kind, any()}, {any()});
         }};
+}
+
+TEST_F(VariantEditsTest, AnyChainOfEditsIsUndoneAndMadeAgainStepByStep)
+{
+    qxSetEdits sets;
+    QUndoStack &chain = *sets.stack();
+    std::mt19937 random(7);
+    const auto edits = chainEdits(sets, random);
     std::vector<std::string> texts{everything()};
     while (texts.size() < 60) {
         const int before = chain.index();

@@ -45,7 +45,10 @@ protected:
         QTest::keyClick(&tree(), Qt::Key_F2);
         auto *const editor = tree().findChild<QLineEdit *>();
         ASSERT_NE(editor, nullptr);
-        editor->setText(name);
+        editor->selectAll();
+        QTest::keyClicks(editor, name);
+        Q_EMIT qxPanelChanges::the().sceneRestored(); // Rows that are shown anew leave it.
+        settle();
         QTest::keyClick(editor, Qt::Key_Return);
         QTest::qWait(0);
         settle();
