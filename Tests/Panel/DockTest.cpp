@@ -73,18 +73,18 @@ TEST_F(DockTest, KeysThatTheWindowHasSelectNothing)
         EXPECT_EQ(wheels.choice(), owner.isEmpty() ? 1 : 0) << key.toStdString();
     };
     isTaken("Ctrl+L", "");
-    QMenu *const menu = window.menuBar()->addMenu("&Tools")->addMenu("More");
+    QMenu *const menu = window.menuBar()->addMenu("&Workshop")->addMenu("More");
     QAction &load = *menu->addAction("&Load");
     load.setShortcut(QKeySequence("Ctrl+L"));
     load.setEnabled(false);
-    QShortcut shortcut(QKeySequence("Ctrl+G, G"), &window);
+    QShortcut shortcut(QKeySequence("Ctrl+T, G"), &window);
     QPushButton button("&Grow", &window);
     isTaken("Ctrl+L", "Load");
     isTaken("F2", "Rename"); // although it is for the list alone
-    isTaken("Alt+T", "Tools");
+    isTaken("Alt+W", "Workshop");
     isTaken("Alt+K", "Key"); // a field of the form
     isTaken("Alt+G", "Grow");
-    isTaken("Ctrl+G", "the window");
+    isTaken("Ctrl+T", "the window");
     isTaken("Ctrl+V", "editing of text");
     load.setShortcut(QKeySequence("Ctrl+J"));
     settle();

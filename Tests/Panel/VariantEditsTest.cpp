@@ -4,13 +4,16 @@
 #include "qxVariantWriter.h"
 
 #include "../Scenarios/ShownScene.h"
+#include "Entries/qxEntryEdits.h"
 #include "PanelFixture.h"
+#include "Undo/qxNameEdits.h"
 #include "Undo/qxVariantEdits.h"
 #include "qxOverlays.h"
 
 #include <QUndoStack>
 
 #include <functional>
+#include <random>
 
 namespace {
 
@@ -149,6 +152,87 @@ TEST_P(EachVariantEditTest, IsUndoneAndMadeAgain)
         EXPECT_EQ(everything(), before);
         steps.redo();
         EXPECT_EQ(everything(), after);
+    }
+}
+
+/// Edits of things that bear names which some other thing may have, or which are written escaped.
+// A list, not a procedure.
+std::vector<std::function<void()>> chainEdits(qxSetEdits &sets, std::mt19937 &random)
+{
+    static const QStringList names{"Wheels", "Group", "A & B", "<b>\"C\"</b>", "D\nE", " ", ""};
+    QUndoStack &chain = *sets.stack();
+    const qxVariantKind &kind = qxVariantKinds::node;
+    const auto any = [&random] { return names[int(random() % unsigned(names.size()))]; };
+    const auto rename = [&chain, any](const char *word) {
+        qxRenameRequest request;
+        qxRenameWords::take(word, request);
+        request.before = any();
+        request.after = any();
+        request.owner = strcmp(word, "node-option") ? QString() : any();
+        qxNameEdits::rename(chain, word, request);
+    };
+    return {
+        [=, &sets, &random, &chain, &kind] { rename("node-variant"); },
+        [=, &sets, &random, &chain, &kind] { rename("node-option"); },
+        [=, &sets, &random, &chain, &kind] { rename("set"); },
+        [=, &sets, &random, &chain, &kind] { sets.renameSet(any(), any()); },
+        [=, &sets, &random, &chain, &kind] { sets.addSet(any()); },
+        [=, &sets, &random, &chain, &kind] {
+            sets.removeSets({any(), "Red"});
+        },
+        [=, &sets, &random, &chain, &kind] {
+            qxEntryEdits::setState(sets, "Red", {{qxSetEntry::Variant, &kind, any(), ""}}, any());
+        },
+        [=, &sets, &random, &chain, &kind] {
+            qxEntryEdits::remove(sets, "Leather", {{qxSetEntry::Variant, &kind, any(), ""}});
+        },
+        [=, &sets, &random, &chain, &kind] {
+            qxEntryEdits::addNodes(
+                sets, "Leather", {qxScenegraph::findNode("Lamp"), qxScenegraph::findNode("Body")});
+        },
+        [=, &sets, &random, &chain, &kind] {
+            qxVariantEdits::addToSet(chain, "Leather", {{&kind, any(), any()}});
+        },
+        [=, &sets, &random, &chain, &kind] {
+            qxVariantEdits::createOf(
+                chain, kind, {qxScenegraph::findNode("Wheels"), qxScenegraph::findNode("Group")});
+        },
+        [=, &sets, &random, &chain, &kind] {
+            qxVariantEdits::remove(chain, {{&kind, any()}, {&kind, any()}}, random() % 2);
+        },
+        [=, &sets, &random, &chain, &kind] {
+            qxVariantEdits::addOptions(chain, {&kind, any()}, {any(), any()});
+        },
+        [=, &sets, &random, &chain, &kind] {
+            qxVariantEdits::removeOptions(chain, {&kind, any()}, {any()});
+        }};
+}
+
+TEST_F(VariantEditsTest, AnyChainOfEditsIsUndoneAndMadeAgainStepByStep)
+{
+    qxSetEdits sets;
+    QUndoStack &chain = *sets.stack();
+    std::mt19937 random(7);
+    const auto edits = chainEdits(sets, random);
+    std::vector<std::string> texts{everything()};
+    while (texts.size() < 60) {
+        const int before = chain.index();
+        edits[random() % edits.size()]();
+        if (chain.index() == before)
+            ASSERT_EQ(everything(), texts.back()) << "what changes something is a step";
+        else
+            texts.push_back(everything());
+    }
+    for (int round = 0; round < 2; ++round) {
+        for (std::size_t place = texts.size() - 1; place-- > 0;) {
+            const QString what = chain.undoText();
+            chain.undo();
+            ASSERT_EQ(everything(), texts[place]) << what.toStdString() << " is undone";
+        }
+        for (std::size_t place = 1; place < texts.size(); ++place) {
+            chain.redo();
+            ASSERT_EQ(everything(), texts[place]);
+        }
     }
 }
 

@@ -7,6 +7,7 @@
 #include "Undo/qxSetEdits.h"
 #include "Undo/qxVariantEdits.h"
 #include "qxFindCache.h"
+#include "qxNameLookUp.h"
 #include "qxNames.h"
 
 #include <QCoreApplication>
@@ -32,6 +33,7 @@ void putAll(qxSetEdits &edits, const QString &set, const QString &what,
             const qxEntryEdits::Entries &entries)
 {
     edits.editSet(set, what, [&](qxVariantSet &edited) {
+        const qxUnchangedNames unchanged;
         for (const qxSetEntry &each : entries)
             qxSetEntries::put(edited, each);
     });

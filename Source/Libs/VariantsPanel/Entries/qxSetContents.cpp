@@ -223,16 +223,13 @@ void qxSetContents::add(const Entries &entries)
         return;
     qxEntryEdits::add(*m_edits, m_model->set(), entries);
     follow(QString());
-    m_view->clearSelection();
-    for (const qxSetEntry &each : entries) {
-        const int row = m_model->rowOf(each);
-        if (row < 0) {
-            say(tr("The scene shows nothing of \"%1\".").arg(each.name));
-            continue;
-        }
-        const auto whole = QItemSelectionModel::Select | QItemSelectionModel::Rows;
-        m_view->selectionModel()->setCurrentIndex(m_model->index(row, 0), whole);
+    std::vector<int> rows = m_model->rowsOf(entries);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i] < 0)
+            say(tr("The scene shows nothing of \"%1\".").arg(entries[i].name));
     }
+    rows.erase(std::remove(rows.begin(), rows.end(), -1), rows.end());
+    m_view->selectRows(rows);
 }
 
 void qxSetContents::take(const QMimeData &dropped)
@@ -363,7 +360,7 @@ void qxSetContents::renameVariant()
     request.after =
         QInputDialog::getText(this, tr("Rename Variant"), tr("Name, wherever the variant is used:"),
                               QLineEdit::Normal, entry.name);
-    if (request.after.isEmpty() || request.after == request.before)
+    if (request.after.trimmed().isEmpty() || request.after == request.before)
         return;
     follow(qxNameEdits::rename(*m_edits->stack(), word, request).refusal);
     goTo(m_model->rowOf({entry.sort, entry.kind, request.after, entry.state}));

@@ -85,7 +85,7 @@ void qxSetEntriesModel::takeRows(const std::vector<qxSetEntry> &entries)
 {
     const bool isSame = std::equal(
         entries.begin(), entries.end(), m_rows.begin(), m_rows.end(),
-        [](const qxSetEntry &entry, const Row &row) { return entry.key() == row.entry.key(); });
+        [](const qxSetEntry &entry, const Row &row) { return entry.isOfSame(row.entry); });
     if (!isSame)
         return takeOtherRows(entries);
     for (std::size_t row = 0; row < entries.size(); ++row)
@@ -98,16 +98,14 @@ void qxSetEntriesModel::takeOtherRows(const std::vector<qxSetEntry> &entries)
 {
     Q_EMIT layoutAboutToBeChanged();
     const QModelIndexList kept = persistentIndexList();
-    QStringList keys;
+    std::vector<qxSetEntry> keptEntries;
     for (const QModelIndex &each : kept)
-        keys << entryAt(each.row()).key();
+        keptEntries.push_back(entryAt(each.row()));
     fill(entries);
-    QHash<QString, int> places;
-    for (int row = 0; row < rowCount(); ++row)
-        places.insert(entryAt(row).key(), row);
+    const std::vector<int> rows = rowsOf(keptEntries);
     QModelIndexList moved;
     for (int i = 0; i < kept.size(); ++i)
-        moved << index(places.value(keys[i], -1), kept[i].column());
+        moved << index(rows[std::size_t(i)], kept[i].column());
     changePersistentIndexList(kept, moved);
     Q_EMIT layoutChanged();
 }
@@ -164,8 +162,21 @@ qxFindings qxSetEntriesModel::findingsAt(int row) const
 int qxSetEntriesModel::rowOf(const qxSetEntry &entry) const
 {
     const auto found = std::find_if(m_rows.begin(), m_rows.end(),
-                                    [&](const Row &row) { return row.entry.key() == entry.key(); });
+                                    [&](const Row &row) { return row.entry.isOfSame(entry); });
     return found == m_rows.end() ? -1 : int(found - m_rows.begin());
+}
+
+std::vector<int> qxSetEntriesModel::rowsOf(const std::vector<qxSetEntry> &entries) const
+{
+    if (entries.size() == 1)
+        return {rowOf(entries.front())};
+    QHash<QString, int> places;
+    for (int row = 0; row < rowCount(); ++row)
+        places.insert(entryAt(row).key(), row);
+    std::vector<int> rows;
+    for (const qxSetEntry &each : entries)
+        rows.push_back(places.value(each.key(), -1));
+    return rows;
 }
 
 void qxSetEntriesModel::retranslate()

@@ -33,6 +33,8 @@ public:
     const qxSetEntry &entryAt(int row) const { return m_rows[std::size_t(row)].entry; }
     /// The row of the same thing; -1 for none.
     int rowOf(const qxSetEntry &entry) const;
+    /// The same of each of them.
+    std::vector<int> rowsOf(const std::vector<qxSetEntry> &entries) const;
     /// Call it after a change of language: views update all texts.
     void retranslate();
 

@@ -77,6 +77,25 @@ QList<int> qxSetEntriesView::selectedRows() const
     return rows;
 }
 
+/// Rows that follow each other are one range: there may be thousands.
+void qxSetEntriesView::selectRows(const std::vector<int> &rows)
+{
+    std::vector<int> sorted = rows;
+    std::sort(sorted.begin(), sorted.end());
+    QItemSelection ranges;
+    for (std::size_t first = 0, next = 1; first < sorted.size(); first = next++) {
+        while (next < sorted.size() && sorted[next] <= sorted[next - 1] + 1)
+            ++next;
+        ranges.append(QItemSelectionRange(
+            m_model->index(sorted[first], 0),
+            m_model->index(sorted[next - 1], qxSetEntriesModel::ColumnCount - 1)));
+    }
+    if (!rows.empty())
+        selectionModel()->setCurrentIndex(m_model->index(rows.back(), 0),
+                                          QItemSelectionModel::NoUpdate);
+    selectionModel()->select(ranges, QItemSelectionModel::ClearAndSelect);
+}
+
 void qxSetEntriesView::editState()
 {
     const QModelIndex state =

@@ -16,6 +16,8 @@ public:
 
     /// The rows that are selected, from the first to the last.
     QList<int> selectedRows() const;
+    /// Selects these alone; the last of them gets the cursor.
+    void selectRows(const std::vector<int> &rows);
     /// Lets the states of the current row drop down.
     void editState();
     /// What to show while there are no rows.

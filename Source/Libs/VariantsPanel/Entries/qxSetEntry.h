@@ -21,6 +21,11 @@ struct qxSetEntry {
 
     /// The same for entries of the same thing, whatever its state; others differ.
     QString key() const;
+    /// Whether the other one has the same key.
+    bool isOfSame(const qxSetEntry &other) const
+    {
+        return sort == other.sort && kind == other.kind && name == other.name;
+    }
 };
 
 /// What sets hold, as entries.

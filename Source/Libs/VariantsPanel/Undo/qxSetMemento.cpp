@@ -112,11 +112,10 @@ bool qxSetMemento::differ(const qxSetMemento &before, const qxSetMemento &after)
 
 bool qxSetMemento::edit(qxVariantSet &set, const qxSetMemento &before, const qxSetMemento &after)
 {
-    const qxSetMemento now = of(set);
     bool isFree = true;
-    visitFields([&](auto field, auto) {
+    visitFields([&](auto field, auto own) {
         const bool isEdited = !isSame(before.*field, after.*field);
-        isFree &= !isEdited || isSame(now.*field, before.*field);
+        isFree &= !isEdited || isSame(set.*own, before.*field);
     });
     if (!isFree)
         return false;

@@ -70,6 +70,17 @@ qxSetEdit::qxSetEdit(const QString &text, const qxSetMemento &before, const qxSe
 {
 }
 
+static qxSetMemento changed(qxVariantSet &set, const std::function<void(qxVariantSet &)> &change)
+{
+    change(set);
+    return qxSetMemento::of(set);
+}
+
+qxSetEdit::qxSetEdit(qxVariantSet &set, const std::function<void(qxVariantSet &)> &change)
+    : qxEditStep(QString(), true), m_before(qxSetMemento::of(set)), m_after(changed(set, change))
+{
+}
+
 int qxSetEdit::id() const
 {
     return m_field.isEmpty() ? -1 : editId;

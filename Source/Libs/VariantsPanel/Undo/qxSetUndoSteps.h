@@ -4,6 +4,8 @@
 #include "qxSetMemento.h"
 #include "qxSetPlace.h"
 
+#include <functional>
+
 /// Adds or removes sets.
 class qxSetsPresence : public qxEditStep {
 public:
@@ -32,6 +34,8 @@ public:
     /// Consecutive steps with the same `field` of a set are merged; an empty field never is.
     qxSetEdit(const QString &text, const qxSetMemento &before, const qxSetMemento &after,
               const QString &field);
+    /// Lets `change` edit the set now. Whoever pushes the step announces that.
+    qxSetEdit(qxVariantSet &set, const std::function<void(qxVariantSet &)> &change);
     int id() const override;
     bool mergeWith(const QUndoCommand *next) override;
 

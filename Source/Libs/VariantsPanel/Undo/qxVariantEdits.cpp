@@ -94,13 +94,15 @@ void qxVariantEdits::remove(QUndoStack &steps, const Variants &variants, bool wi
     steps.beginMacro(text);
     for (const QString &name : usersOf(variants)) {
         const auto leave = [&variants](qxVariantSet &set) {
+            const qxUnchangedNames unchanged;
             for (const qxVariantName &variant : variants)
                 (set.*variant.kind->states).remove(variant.name);
         };
         qxVariantSet *const set = qxVariants::findVariantSet(name);
-        if (auto step = set ? variantEdits::stepOf(QString(), *set, leave) : nullptr)
-            steps.push(step.release());
+        if (set) // There may be thousands: each is copied as little as possible.
+            steps.push(new qxSetEdit(*set, leave));
     }
+    Q_EMIT qxPanelChanges::the().setsEdited();
     steps.push(new qxVariantsPresence(QString(), qxVariantsPresence::Go, std::move(parts)));
     steps.endMacro();
 }
@@ -224,6 +226,7 @@ int qxVariantEdits::addToSet(QUndoStack &steps, const QString &set, const States
         return 0;
     QStringList added;
     const auto add = [&](qxVariantSet &edited) {
+        const qxUnchangedNames unchanged;
         for (const qxDraggedState &each : states) {
             const QString state =
                 each.state.isEmpty() ? presentState(*each.kind, each.variant) : each.state;

@@ -8,6 +8,7 @@
 #include "Registry/qxVariantSources.h"
 #include "Undo/qxNameEdits.h"
 #include "Undo/qxSetUndoSteps.h"
+#include "qxMenuText.h"
 #include "qxNameChooser.h"
 #include "qxNames.h"
 #include "qxPanelEvents.h"
@@ -50,7 +51,7 @@ QStringList otherMaterials(const qxVariantName &variant, const QStringList &miss
     for (const osg::MaterialPtr &material : pool) {
         const QString name = qxNames::nameOf(material);
         if (osg::SwitchMaterialPtr::dcast(material) == osg::NullFC && !name.isEmpty()
-            && !found->find(name) && !missing.contains(name))
+            && !(found && found->find(name)) && !missing.contains(name))
             names << name;
     }
     names.removeDuplicates();
@@ -130,8 +131,7 @@ void qxVariantActions::setCurrentSet(const QString &set)
 void qxVariantActions::nameAddToCurrent()
 {
     if (!m_set.isEmpty())
-        m_addToCurrent->setText(
-            tr("&Add to \"%1\"").arg(QString(m_set).replace('&', QLatin1String("&&"))));
+        m_addToCurrent->setText(tr("&Add to \"%1\"").arg(qxMenuText(m_set)));
 }
 
 void qxVariantActions::follow()

@@ -117,27 +117,39 @@ void qxVariantForm::refresh()
         : QString();
     m_keyNote->setText(note);
     m_keyNote->setVisible(!note.isEmpty());
-    const QSignalBlocker quiet(m_default);
-    m_default->clear();
-    if (variant)
-        showDefaults(*variant);
+    showDefaults(variant);
 }
 
-void qxVariantForm::showDefaults(const qxVariant &variant)
+/// A list that stays as it is is left alone: it may be open.
+void qxVariantForm::showDefaults(const qxVariant *variant)
 {
-    m_default->addItem(tr("(none)"), QString());
-    for (const QString &state : qxStateWords::choicesOf(*m_variant.kind, variant)) {
-        m_default->addItem(qxStateWords::shown(*m_variant.kind, &variant, state), state);
-        m_default->setItemData(m_default->count() - 1,
-                               qxStateWords::toolTip(*m_variant.kind, &variant, state),
-                               Qt::ToolTipRole);
+    QList<QPair<QString, QString>> choices; // texts and states
+    QStringList states;
+    const auto offer = [&](const QString &text, const QString &state) {
+        choices.append({text, state});
+        states << state;
+    };
+    if (variant) {
+        offer(tr("(none)"), QString());
+        for (const QString &state : qxStateWords::choicesOf(*m_variant.kind, *variant))
+            offer(qxStateWords::shown(*m_variant.kind, variant, state), state);
+        if (!states.contains(variant->defaultState))
+            offer(tr("%1 (no option)")
+                      .arg(qxStateWords::shown(*m_variant.kind, variant, variant->defaultState)),
+                  variant->defaultState);
     }
-    if (m_default->findData(variant.defaultState) < 0)
-        m_default->addItem(
-            tr("%1 (no option)")
-                .arg(qxStateWords::shown(*m_variant.kind, &variant, variant.defaultState)),
-            variant.defaultState);
-    m_default->setCurrentIndex(m_default->findData(variant.defaultState));
+    const QSignalBlocker quiet(m_default);
+    if (choices != m_choices) {
+        m_choices = choices;
+        m_default->clear();
+        for (const auto &[text, state] : choices) {
+            m_default->addItem(text, state);
+            m_default->setItemData(m_default->count() - 1,
+                                   qxStateWords::toolTip(*m_variant.kind, variant, state),
+                                   Qt::ToolTipRole);
+        }
+    }
+    m_default->setCurrentIndex(variant ? states.indexOf(variant->defaultState) : -1);
 }
 
 /// The field may wait for more of a key that is being typed.

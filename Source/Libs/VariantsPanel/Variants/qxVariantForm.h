@@ -35,7 +35,7 @@ private:
     void layFieldsOut();
     void retranslate();
     void refresh();
-    void showDefaults(const qxVariant &variant);
+    void showDefaults(const qxVariant *variant);
     void showKey(const QString &shortcut);
     void takeDefault();
     void takeKey();
@@ -46,6 +46,7 @@ private:
     qxVariantName m_variant{};
     QString m_option;
     QComboBox *m_default;
+    QList<QPair<QString, QString>> m_choices; ///< of it: texts and states
     QKeySequenceEdit *m_key;
     QKeySequence m_shownKey; ///< what the option has
     QToolButton *m_noKey;

@@ -4,6 +4,8 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QLineEdit>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
@@ -13,11 +15,24 @@ const int stateChars = 14; ///< the width of the states
 const int nameChars = 20; ///< what names get at least, with what stands before them
 const int leastChars = 5; ///< states with less room are left out
 
+/// Edits names. What is being typed stays when the row is shown anew.
+class NameEditor : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override
+    {
+        const auto *const line = qobject_cast<const QLineEdit *>(editor);
+        if (!line || !line->isModified())
+            QStyledItemDelegate::setEditorData(editor, index);
+    }
+};
+
 } // namespace
 
 qxVariantsView::qxVariantsView(qxVariantsModel *rows) : m_rows(rows)
 {
     setModel(rows);
+    setItemDelegate(new NameEditor(this));
     setSelectionMode(ExtendedSelection);
     setUniformRowHeights(true);
     setExpandsOnDoubleClick(false);
