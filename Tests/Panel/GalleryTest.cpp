@@ -87,6 +87,10 @@ TEST_F(GalleryTest, ArrowsLeadOverTilesAndHeadingsAsTheyStand)
         ASSERT_EQ(current(), way[step].second) << "step " << step;
         EXPECT_EQ(rect("1").isValid(), step != 13) << "closed by Left, opened by Right";
     }
+    gallery().setMaximumHeight(2 * rect("1").height());
+    settle();
+    press(gallery(), Qt::Key_PageUp);
+    EXPECT_NE(current(), "Outside") << "a page is what is seen";
 }
 
 TEST_F(GalleryTest, AHeadingClosesItsSectionInTheListAsWell)
