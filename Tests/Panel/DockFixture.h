@@ -53,6 +53,12 @@ protected:
         Q_EMIT qxPanelChanges::the().setsEdited();
         settle();
     }
+    void showGallery(bool isShown = true)
+    {
+        auto &button = *sets.findChild<QToolButton *>("gallery");
+        if (button.isChecked() != isShown)
+            button.click();
+    }
     QTreeView &list() { return *sets.view()->findChild<QTreeView *>(); }
     QTreeView &tree() { return *variants.findChild<QTreeView *>(); }
     QLineEdit &search() { return *sets.findChild<QLineEdit *>("search"); }

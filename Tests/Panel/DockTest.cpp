@@ -73,18 +73,18 @@ TEST_F(DockTest, KeysThatTheWindowHasSelectNothing)
         EXPECT_EQ(wheels.choice(), owner.isEmpty() ? 1 : 0) << key.toStdString();
     };
     isTaken("Ctrl+L", "");
-    QMenu *const menu = window.menuBar()->addMenu("&Workshop")->addMenu("More");
+    QMenu *const menu = window.menuBar()->addMenu("&Utilities")->addMenu("More");
     QAction &load = *menu->addAction("&Load");
     load.setShortcut(QKeySequence("Ctrl+L"));
     load.setEnabled(false);
-    QShortcut shortcut(QKeySequence("Ctrl+T, G"), &window);
+    QShortcut shortcut(QKeySequence("Ctrl+Alt+G, G"), &window);
     QPushButton button("&Grow", &window);
     isTaken("Ctrl+L", "Load");
     isTaken("F2", "Rename"); // although it is for the list alone
-    isTaken("Alt+W", "Workshop");
+    isTaken("Alt+U", "Utilities");
     isTaken("Alt+K", "Key"); // a field of the form
     isTaken("Alt+G", "Grow");
-    isTaken("Ctrl+T", "the window");
+    isTaken("Ctrl+Alt+G", "the window");
     isTaken("Ctrl+V", "editing of text");
     load.setShortcut(QKeySequence("Ctrl+J"));
     settle();
@@ -95,7 +95,7 @@ TEST_F(DockTest, EnterSelectsTheHighlightedSetInTheListAsInTheGallery)
 {
     QApplication::setDoubleClickInterval(0); // for what a second click may begin
     for (const bool isGallery : {false, true}) {
-        sets.findChild<QToolButton *>("gallery")->setChecked(isGallery);
+        showGallery(isGallery);
         auto &view = *qobject_cast<QAbstractItemView *>(sets.view()->currentWidget());
         EXPECT_TRUE(view.dragEnabled() && view.viewport()->acceptDrops());
         EXPECT_EQ(sets.view()->currentSet(), isGallery ? "Blue" : "");
@@ -220,7 +220,7 @@ TEST_F(DockTest, WhatWasFoundIsSelectedByKey)
 TEST_F(DockTest, WhatIsNewIsNamedAtOnceEvenIfTheViewWouldHideIt)
 {
     for (const char *text : {"Add Set", "Add Group"}) {
-        sets.findChild<QToolButton *>("gallery")->setChecked(true);
+        showGallery();
         search().setText("Red");
         sets.view()->showSet("Red");
         for (QAction *action : sets.setActions()) {

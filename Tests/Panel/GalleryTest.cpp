@@ -9,17 +9,17 @@ protected:
     {
         addGroup("Many", {"1", "2", "3", "4", "5"});
         announce();
-        sets.findChild<QToolButton *>("gallery")->setChecked(true);
+        showGallery();
         sets.setFloating(true);
         fit(3 * gallery().tileWidth());
     }
 
     qxGallery &gallery() { return *sets.view()->gallery(); }
     QAbstractItemModel &model() { return *gallery().model(); }
-    /// Makes the dock so wide that the tiles have about that width.
+    /// Makes the dock so wide that the tiles have about that width, and so high that all are seen.
     void fit(int width)
     {
-        sets.resize(width + sets.width() - gallery().maximumViewportSize().width(), 900);
+        sets.resize(width + sets.width() - gallery().maximumViewportSize().width(), 2000);
         settle();
         gallery().doItemsLayout();
     }
@@ -59,6 +59,7 @@ TEST_F(GalleryTest, TilesFillTheWidthWhateverItAndTheirSizeAre)
             EXPECT_EQ(rect("Many").bottom() + 1, rect("1").top());
         }
     }
+    EXPECT_GT(gallery().height(), sets.height() * 6 / 10) << "more room than the form";
     const int before = gallery().tileWidth();
     QWheelEvent wheel(QPointF(9, 9), QPointF(), QPoint(), QPoint(0, -120), Qt::NoButton,
                       Qt::ControlModifier, Qt::NoScrollPhase, false);
@@ -86,6 +87,10 @@ TEST_F(GalleryTest, ArrowsLeadOverTilesAndHeadingsAsTheyStand)
         ASSERT_EQ(current(), way[step].second) << "step " << step;
         EXPECT_EQ(rect("1").isValid(), step != 13) << "closed by Left, opened by Right";
     }
+    gallery().setMaximumHeight(2 * rect("1").height());
+    settle();
+    press(gallery(), Qt::Key_PageUp);
+    EXPECT_NE(current(), "Outside") << "a page is what is seen";
 }
 
 TEST_F(GalleryTest, AHeadingClosesItsSectionInTheListAsWell)

@@ -28,6 +28,8 @@ protected:
 
     /// A small scene of switches with sets "Morning" (Ctrl+1), "Evening" and "Leer geräumt".
     void openDesk() { open(write("desk.gltf", sceneWith("desk"))); }
+    /// A triangle, larger than its first view: "Stop / halt" (red), "stop : halt" (blue), "Away".
+    void openSigns() { open(write("signs.gltf", sceneWith("signs"))); }
     void openDemo();
     /// Two switches of one name.
     void openTwins();

@@ -16,12 +16,6 @@
 class WindowNodesTest : public WindowFixture {
 protected:
     /// A square "Red" in front of the camera, and one that its switch hides.
-    void openSigns()
-    {
-        ASSERT_TRUE(window->openFile(write("signs.gltf", sceneWith("signs"))));
-        QApplication::setActiveWindow(window.get());
-        settle();
-    }
     QPoint middle() const { return window->sceneView()->rect().center(); }
     void click(const QPoint &place, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
                Qt::MouseButton button = Qt::LeftButton) const
@@ -98,6 +92,10 @@ TEST_F(WindowNodesTest, WhatIsPickedIsOutlinedInTheViewAndSelectedInTheTree)
     EXPECT_TRUE(line.contains(place) && plain.rect().adjusted(9, 9, -9, -9).contains(line));
     drag(Qt::LeftButton, QPoint(60, 0));
     EXPECT_NE(areaOf(finishedPicture(), isLine), line) << "it follows the camera";
+    action("Presentation")->trigger();
+    EXPECT_TRUE(areaOf(finishedPicture(), isLine).isEmpty()) << "the scene alone";
+    action("Presentation")->trigger();
+    EXPECT_FALSE(areaOf(finishedPicture(), isLine).isEmpty());
     QTest::keyClick(window->sceneView(), Qt::Key_Escape);
     EXPECT_EQ(picked(), QStringList());
     EXPECT_TRUE(areaOf(finishedPicture(), isLine).isEmpty());

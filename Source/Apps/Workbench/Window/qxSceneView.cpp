@@ -218,7 +218,14 @@ void qxSceneView::paintEvent(QPaintEvent *)
         return painter.fillRect(rect(), palette().window());
     painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.size() != pixels());
     painter.drawImage(rect(), m_picture);
-    m_outline.paint(painter, size());
+    if (m_isOutlined)
+        m_outline.paint(painter, size());
+}
+
+void qxSceneView::setOutlined(bool isOutlined)
+{
+    m_isOutlined = isOutlined;
+    update();
 }
 
 void qxSceneView::showEvent(QShowEvent *)

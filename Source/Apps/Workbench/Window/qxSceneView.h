@@ -38,6 +38,8 @@ public:
     /// What is picked, or everything when nothing is.
     void fitPicked();
     void goHome();
+    /// Whether what is picked has its outline; yes at first.
+    void setOutlined(bool isOutlined);
     /// Call it for a new scene: forgets the point that the camera orbits.
     void showNewScene();
 
@@ -86,6 +88,7 @@ private:
     QImage m_picture; ///< what the view shows
     qxNodeSelection *m_picked;
     qxOutline m_outline;
+    bool m_isOutlined = true;
     QElapsedTimer m_lastPicture;
     QTimer *m_outlineLater; ///< when it takes too long for a camera that moves
     QString m_progress;

@@ -9,6 +9,8 @@
 #include "Script/qxScriptCheck.h"
 #include "Script/qxVariantBindings.h"
 #include "Session/qxSession.h"
+#include "Sets/qxGallery.h"
+#include "Sets/qxSetsView.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "Variants/qxVariantsDock.h"
 #include "qxAnimationBar.h"
@@ -41,11 +43,18 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
 #include <QTreeView>
 #include <QUndoStack>
+
+namespace {
+
+const char *const tileWidthKey = "window/tileWidth";
+
+} // namespace
 
 qxWorkbenchWindow::qxWorkbenchWindow()
     : m_language(std::make_unique<qxLanguage>()), m_theme(std::make_unique<qxTheme>()),
@@ -106,6 +115,14 @@ qxWorkbenchWindow::qxWorkbenchWindow()
     m_start->setFocus();
 }
 
+void qxWorkbenchWindow::rememberTileSize()
+{
+    qxGallery *const gallery = m_sets->view()->gallery();
+    gallery->setTileWidth(QSettings().value(tileWidthKey, gallery->tileWidth()).toInt());
+    connect(gallery, &qxGallery::zoomed, this,
+            [gallery] { QSettings().setValue(tileWidthKey, gallery->tileWidth()); });
+}
+
 /// Whatever makes pictures besides the view.
 void qxWorkbenchWindow::buildPictures()
 {
@@ -113,6 +130,8 @@ void qxWorkbenchWindow::buildPictures()
     connect(m_visibility, &qxNodeVisibility::changed, m_previews, &qxPreviewMaker::noteEdit);
     m_presentation = new qxPresentation(this, m_view, m_sets);
     connect(m_presentation, &qxPresentation::ended, this, &qxWorkbenchWindow::closeLater);
+    connect(m_presentation->action(), &QAction::toggled, m_view,
+            [this](bool on) { m_view->setOutlined(!on); });
     m_export = new qxPictureExport(this, m_sets, [this] { return m_path; });
     connect(m_export, &qxPictureExport::done, this,
             [this](const QString &sentence) { statusBar()->showMessage(sentence, 15000); });
@@ -144,6 +163,7 @@ qxWorkbenchWindow::~qxWorkbenchWindow()
 void qxWorkbenchWindow::buildDocks()
 {
     m_sets = new qxVariantSetsDock(this);
+    rememberTileSize();
     m_variants = new qxVariantsDock(m_sets->undoStack(), this);
     buildNodes();
     m_log = new qxLogView;

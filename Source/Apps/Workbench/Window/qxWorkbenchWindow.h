@@ -93,6 +93,7 @@ private:
     QMenu *addMenu(const char *title);
     /// Sets the text of the action, translated again at each change of language.
     QAction *named(QAction *action, const char *text);
+    void rememberTileSize();
     void buildPictures();
     void buildFileMenu();
     void buildEditMenu();

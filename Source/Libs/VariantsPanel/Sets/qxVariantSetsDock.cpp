@@ -141,6 +141,12 @@ void qxVariantSetsDock::buildContents()
     layout->addWidget(m_found);
     layout->addWidget(splitter, 1);
     setWidget(contents);
+    connect(m_view, &QStackedWidget::currentChanged, splitter,
+            [splitter, other = QList<int>{700, 300}]() mutable { // Pictures need room.
+                const QList<int> sizes = splitter->sizes(); // all 0 until they are shown
+                splitter->setSizes(other);
+                other = sizes.count(0) == sizes.size() ? QList<int>{500, 500} : sizes;
+            });
 }
 
 QWidget *qxVariantSetsDock::buildTopLine()
