@@ -4008,10 +4008,6 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
         <translation>Knot&amp;en</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not in the list now: its group is hidden, or the search leaves it out.</source>
-        <translation>„%1“ steht jetzt nicht in der Liste: seine Gruppe ist ausgeblendet, oder die Suche lässt es weg.</translation>
-    </message>
-    <message>
         <source>Viewp&amp;oints</source>
         <translation>Ans&amp;ichtspunkte</translation>
     </message>

@@ -1,11 +1,17 @@
+#include "qxVariantKinds.h"
 #include "qxVariantWriter.h"
 #include "qxVariants.h"
 
 #include "Session/qxRecoveryFile.h"
 #include "Undo/qxNameEdits.h"
+#include "Undo/qxVariantEdits.h"
 #include "WindowFixture.h"
+#include "qxLog.h"
 #include "qxNodeUtils.h"
 #include "qxScenegraph.h"
+
+#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGSwitchMaterial.h>
 
 #include <random>
 
@@ -47,6 +53,21 @@ protected:
     static QFileInfoList left()
     {
         return QDir(qxRecoveryFile::folder()).entryInfoList({"*.edits"}, QDir::Files);
+    }
+    /// What a crash leaves of the present edits, which the window gives up.
+    QByteArray giveUp() const
+    {
+        settle();
+        const QFileInfoList files = left();
+        const QByteArray edits = files.size() == 1 ? bytesOf(files.first().filePath()) : "";
+        EXPECT_TRUE(window->openFile(window->filePath()));
+        return edits;
+    }
+    void recover(const QByteArray &edits)
+    {
+        write("state-home/qxVariants/recovery/1-1.edits", edits);
+        expectClick("Recover");
+        ASSERT_TRUE(window->openFile(window->filePath()));
     }
     static QString lampAt(int step)
     {
@@ -111,6 +132,11 @@ TEST_F(WindowRecoveryTest, AKillLosesTheLastStepAtMost)
     settle();
     EXPECT_EQ(left().size(), 1);
     window->setsDock()->undoStack()->setIndex(0);
+    settle();
+    EXPECT_EQ(left().size(), 0) << "edits that were taken back are not kept";
+    action("Add Set")->trigger();
+    settle();
+    EXPECT_EQ(left().size(), 1);
     ASSERT_TRUE(window->openFile(scene));
     EXPECT_EQ(left().size(), 0) << "edits that were given up are not kept";
 
@@ -134,6 +160,79 @@ TEST_F(WindowRecoveryTest, AKillLosesTheLastStepAtMost)
         ASSERT_TRUE(window->openFile(scene));
     }
     EXPECT_EQ(left().size(), 0);
+}
+
+TEST_F(WindowRecoveryTest, WhatEditsChangedInTheSceneComesBack)
+{
+    openDemo();
+    QUndoStack &stack = *window->setsDock()->undoStack();
+    const auto nodes = [] { return qxNodeUtils::getSceneNodes(); };
+    const auto placeOf = [&](const std::function<bool(const qxNodePtr &)> &fits) {
+        const std::vector<qxNodePtr> all = nodes();
+        return std::size_t(std::find_if(all.begin(), all.end(), fits) - all.begin());
+    };
+    const auto moving = placeOf(
+        [](const qxNodePtr &each) { return qxNodeUtils::getTransformVariantCount(each) > 0; });
+    const auto painted = placeOf([](const qxNodePtr &each) {
+        const osg::MaterialPtr material = qxNodeUtils::getMaterial(each);
+        return material != osg::NullFC && osg::SwitchMaterialPtr::dcast(material) == osg::NullFC
+            && osg::GeometryPtr::dcast(each->getCore()) != osg::NullFC;
+    });
+    const osg::MaterialPtr plain = qxNodeUtils::getMaterial(nodes().at(painted));
+    const auto made =
+        qxVariantEdits::createOf(stack, qxVariantKinds::material, {nodes().at(painted)}).made;
+    ASSERT_EQ(made.size(), 1U);
+    std::vector<osg::MaterialPtr> pool;
+    qxScenegraph::getMaterialPool()->get(pool);
+    const auto other = std::find_if(pool.begin(), pool.end(), [&](const osg::MaterialPtr &each) {
+        return each != plain && osg::SwitchMaterialPtr::dcast(each) == osg::NullFC;
+    });
+    qxVariantEdits::addMaterials(stack, made.front(), {*other});
+    qxNodeUtils::setTransformVariantName(nodes().at(moving), 0, "Parked");
+    const QByteArray before = document();
+
+    recover(giveUp());
+    EXPECT_EQ(document(), before);
+    EXPECT_EQ(qxNodeUtils::getTransformVariantName(nodes().at(moving), 0), "Parked");
+    const auto choices =
+        osg::SwitchMaterialPtr::dcast(qxNodeUtils::getMaterial(nodes().at(painted)));
+    ASSERT_NE(choices, osg::NullFC);
+    EXPECT_EQ(choices->getMaterials().size(), 2U);
+}
+
+TEST_F(WindowRecoveryTest, WhatCameIntoTheFileMeanwhileStays)
+{
+    openDesk();
+    edit(1);
+    edit(5);
+    const QByteArray edits = giveUp();
+    window->setsDock()->view()->showSet("Evening");
+    action("Duplicate")->trigger();
+    const osg::NodePtr chair = qxScenegraph::findNode("Chair");
+    qxNodeUtils::setName(chair, "Stool", false, osg::NullFC);
+    const QString sets = namesOf(qxVariants::_variantSets);
+    action("Save")->trigger();
+    recover(edits);
+    for (const QString &each : sets.split(','))
+        EXPECT_TRUE(qxVariants::findVariantSet(each)) << each.toStdString();
+    EXPECT_EQ(namesOf(qxVariants::_variantSets).count(','), sets.count(',') + 1);
+    EXPECT_NE(qxScenegraph::findNode("Lamp"), osg::NullFC) << "places mean others now";
+}
+
+TEST_F(WindowRecoveryTest, WithoutAFolderThereIsOneWarning)
+{
+    write("state-home/qxVariants/recovery", "a file");
+    openDesk();
+    int warnings = 0;
+    const int listener = qxLog::addListener([&](qxLog::Level, const std::string &line) {
+        warnings += QString::fromStdString(line).contains("cannot be kept");
+    });
+    for (int step = 1; step < 8; ++step) {
+        edit(step);
+        settle();
+    }
+    qxLog::removeListener(listener);
+    EXPECT_EQ(warnings, 1);
 }
 
 TEST_F(WindowRecoveryTest, HalfAnEntryAndStrangeFilesAreNoObstacle)

@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QSet>
 
 #include <algorithm>
 
@@ -77,10 +78,37 @@ void visitEntries(QFile &file, const Visit &visit)
     }
 }
 
-/// A document that is edited by names.
+/// The names in an order that was kept.
+struct Names {
+    explicit Names(const QJsonObject &order)
+    {
+        const auto take = [](QStringList &names, const QJsonArray &array) {
+            for (const QJsonValue &name : array)
+                names += name.toString();
+        };
+        for (const QJsonValue &group : order[groupsKey].toArray()) {
+            groups += group[nameKey].toString();
+            take(sets, group[setsKey].toArray());
+            places.resize(sets.size(), groups.size() - 1);
+        }
+        take(sets, order[setsKey].toArray());
+        places.resize(sets.size(), -1);
+        for (const qxVariantKind *kind : qxVariantKinds::all()) {
+            for (const QJsonValue &name : order[kind->word].toArray())
+                variants += kind->word + QLatin1Char(' ') + name.toString();
+        }
+    }
+
+    QStringList groups;
+    QStringList sets;
+    QStringList variants;
+    std::vector<int> places; ///< the groups of the sets; -1 for none
+};
+
+/// A document that is edited by names. Things that were not there when the edits began stay.
 class Replay {
 public:
-    explicit Replay(qxDocument &document) : m_document(document) {}
+    Replay(qxDocument &document, const QJsonObject &order) : m_document(document), m_names(order) {}
 
     void put(const qxDocument &part)
     {
@@ -91,33 +119,28 @@ public:
 
     void arrange(const QJsonObject &order)
     {
-        std::vector<qxDocumentSet> sets;
-        QHash<QString, int> places =
-            placesOf(m_document.sets, [](const qxDocumentSet &each) { return each.name; });
-        const auto take = [&](const QJsonArray &names, int group) {
-            for (const QJsonValue &name : names) {
-                const int place = places.value(name.toString(), -1);
-                places.remove(name.toString());
-                if (place < 0)
-                    continue;
-                sets.push_back(std::move(m_document.sets[std::size_t(place)]));
-                sets.back().group = group;
-            }
-        };
-        QStringList groups;
-        for (const QJsonValue &group : order[groupsKey].toArray()) {
-            take(group[setsKey].toArray(), groups.size());
-            groups += group[nameKey].toString();
+        const Names next(order);
+        QHash<QString, int> groups; // of the sets
+        for (int place = 0; place < next.sets.size(); ++place)
+            groups.insert(next.sets[place], next.places[std::size_t(place)]);
+        QStringList homes;
+        for (const qxDocumentGroup &each : m_document.groups)
+            homes += each.name;
+        keep(m_document.groups, m_names.groups, next.groups,
+             [](const qxDocumentGroup &each) { return each.name; });
+        const QHash<QString, int> places =
+            placesOf(m_document.groups, [](const qxDocumentGroup &each) { return each.name; });
+        keep(m_document.sets, m_names.sets, next.sets,
+             [](const qxDocumentSet &each) { return each.name; });
+        for (qxDocumentSet &each : m_document.sets) {
+            const int known = groups.value(each.name, -1);
+            const QString home = !groups.contains(each.name) ? homes.value(each.group)
+                : known < 0                                  ? QString()
+                                                             : next.groups[known];
+            each.group = places.value(home, -1);
         }
-        take(order[setsKey].toArray(), -1);
-        m_document.sets = std::move(sets);
-        keep(m_document.groups, groups, [](const qxDocumentGroup &each) { return each.name; });
-        QStringList variants;
-        for (const qxVariantKind *kind : qxVariantKinds::all()) {
-            for (const QJsonValue &name : order[kind->word].toArray())
-                variants += kind->word + QLatin1Char(' ') + name.toString();
-        }
-        keep(m_document.variants, variants, variantKey);
+        keep(m_document.variants, m_names.variants, next.variants, variantKey);
+        m_names = next;
     }
 
 private:
@@ -141,6 +164,8 @@ private:
     template <class Thing, class KeyOf>
     static void put(std::vector<Thing> &things, const std::vector<Thing> &part, const KeyOf &keyOf)
     {
+        if (part.empty())
+            return;
         const QHash<QString, int> places = placesOf(things, keyOf);
         for (const Thing &each : part) {
             const int place = places.value(keyOf(each), -1);
@@ -152,19 +177,31 @@ private:
             things.pop_back();
         }
     }
+    /// In the order `after`, without what was in the order before only.
     template <class Thing, class KeyOf>
-    static void keep(std::vector<Thing> &things, const QStringList &order, const KeyOf &keyOf)
+    static void keep(std::vector<Thing> &things, const QStringList &before,
+                     const QStringList &after, const KeyOf &keyOf)
     {
-        const QHash<QString, int> places = placesOf(things, keyOf);
-        std::vector<Thing> kept;
-        for (const QString &key : order) {
+        const QSet<QString> known(before.begin(), before.end());
+        QHash<QString, int> places = placesOf(things, keyOf);
+        std::vector<int> order;
+        for (const QString &key : after) {
             if (places.contains(key))
-                kept.push_back(things[std::size_t(places[key])]);
+                order.push_back(places.take(key));
         }
+        for (std::size_t place = 0; place < things.size(); ++place) {
+            const QString key = keyOf(things[place]);
+            if (places.value(key, -1) == int(place) && !known.contains(key))
+                order.push_back(int(place));
+        }
+        std::vector<Thing> kept;
+        for (const int place : order)
+            kept.push_back(std::move(things[std::size_t(place)]));
         things = std::move(kept);
     }
 
     qxDocument &m_document;
+    Names m_names; ///< of the last order
 };
 
 } // namespace
@@ -209,8 +246,8 @@ QJsonObject qxRecoveryFile::Left::apply(qxDocument &document) const
     QJsonObject names;
     if (!file.open(QIODevice::ReadOnly))
         return names;
-    file.readLine();
-    Replay replay(document);
+    const QJsonObject head = QJsonDocument::fromJson(file.readLine()).object();
+    Replay replay(document, head[orderKey].toObject());
     visitEntries(file, [&](const QJsonObject &entry, int size) {
         replay.put(qxDocumentXml::read(file.read(size)));
         if (entry.contains(orderKey))
@@ -226,12 +263,21 @@ void qxRecoveryFile::Left::discard() const
     lock->unlock();
 }
 
-qxRecoveryFile::qxRecoveryFile(const QString &scene) : m_scene(scene) {}
+qxRecoveryFile::qxRecoveryFile(const QString &scene, const qxRegistryOrder &order)
+    : m_scene(scene), m_order(order)
+{
+}
 
 qxRecoveryFile::~qxRecoveryFile()
 {
+    clear();
+}
+
+void qxRecoveryFile::clear()
+{
     if (m_file.isOpen())
         m_file.remove();
+    m_lock.reset();
 }
 
 /// What was typed is nobody else's business.
@@ -251,7 +297,8 @@ bool qxRecoveryFile::open()
         if (m_file.exists() || !m_lock->tryLock(0))
             continue;
         return m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)
-            && m_file.setPermissions(mine) && write(lineOf({{formKey, form}, {sceneKey, m_scene}}));
+            && m_file.setPermissions(mine)
+            && write(lineOf({{formKey, form}, {sceneKey, m_scene}, {orderKey, toJson(m_order)}}));
     }
     return false;
 }
@@ -261,17 +308,20 @@ bool qxRecoveryFile::write(const QByteArray &bytes)
     return m_file.write(bytes) == bytes.size();
 }
 
-void qxRecoveryFile::append(const qxRegistryRecord::Changes &changes, const QJsonObject &sceneNames)
+bool qxRecoveryFile::append(const qxRegistryRecord::Changes &changes, const QJsonObject &sceneNames)
 {
+    if (m_hasFailed)
+        return false;
     const QByteArray xml = qxDocumentXml::write(documentOf(changes));
     QJsonObject entry{{sizeKey, xml.size()}};
     if (changes.isOrderOther)
         entry.insert(orderKey, toJson(qxRegistryOrder::now()));
     if (!sceneNames.isEmpty())
         entry.insert(sceneNamesKey, sceneNames);
-    if (m_hasFailed || ((m_file.isOpen() || open()) && write(lineOf(entry) + xml + '\n')))
-        return;
+    if ((m_file.isOpen() || open()) && write(lineOf(entry) + xml + '\n'))
+        return true;
     m_hasFailed = true;
     qxLog::warning("Edits cannot be kept in %s: %s", qxText::toUtf8(folder()).c_str(),
                    qxText::toUtf8(m_file.errorString()).c_str());
+    return false;
 }

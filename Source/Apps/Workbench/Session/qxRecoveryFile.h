@@ -25,7 +25,8 @@ public:
         std::shared_ptr<QLockFile> lock; ///< keeps others from taking it
 
         /// Brings the document of the scene file, settled, to what it was with all edits, and says
-        /// what of the scene had other names, see qxSceneNames. What cannot be read of the file is
+        /// what of the scene was other, see qxSceneNames. What came into the scene file meanwhile
+        /// stays. What cannot be read of the file is
         /// passed over, from the first such entry on.
         QJsonObject apply(qxDocument &document) const;
         /// Removes the file.
@@ -37,19 +38,23 @@ public:
     /// All that is left behind, the latest first.
     static QList<Left> left();
 
-    /// For edits of that scene. No file is made before the first of them.
-    explicit qxRecoveryFile(const QString &scene);
+    /// For edits of that scene, in which things stand in that order. No file is made before the
+    /// first of them.
+    qxRecoveryFile(const QString &scene, const qxRegistryOrder &order);
     ~qxRecoveryFile();
     qxRecoveryFile(const qxRecoveryFile &) = delete;
 
-    /// Adds an entry; the record is the one before the changes. What goes wrong is logged once.
-    void append(const qxRegistryRecord::Changes &changes, const QJsonObject &sceneNames);
+    /// Adds an entry. What goes wrong is logged once, and nothing is kept from then on: false.
+    bool append(const qxRegistryRecord::Changes &changes, const QJsonObject &sceneNames);
+    /// Removes the file until the next entry: all edits are taken back.
+    void clear();
 
 private:
     bool open();
     bool write(const QByteArray &bytes);
 
     QString m_scene;
+    qxRegistryOrder m_order;
     QFile m_file;
     std::unique_ptr<QLockFile> m_lock;
     bool m_hasFailed = false;

@@ -3,13 +3,19 @@
 #include "qxMaterialParts.h"
 #include "qxMaterials.h"
 #include "qxNodeUtils.h"
+#include "qxOverlays.h"
 #include "qxText.h"
 #include "qxUberCameraPool.h"
+
+#include <QCryptographicHash>
 
 namespace {
 
 const QString nodesKey = QStringLiteral("nodes");
 const QString materialsKey = QStringLiteral("materials");
+const QString statesKey = QStringLiteral("transformStates");
+const QString switchesKey = QStringLiteral("materialChoices");
+const QString fingerprintKey = QStringLiteral("ofScene");
 const QString viewpointsKey = QStringLiteral("viewpoints");
 const QString cameraKey = QStringLiteral("camera");
 const QString lensKey = QStringLiteral("lens");
@@ -66,20 +72,42 @@ QJsonObject otherNames(const Objects &objects, const std::vector<std::string> &n
     return others;
 }
 
-template <class Objects, class Rename>
-void giveNames(const Objects &objects, const QJsonObject &names, const Rename &rename)
+template <class Objects, class Visit>
+void visitPlaces(const Objects &objects, const QJsonObject &values, const Visit &visit)
 {
-    for (auto each = names.begin(); each != names.end(); ++each) {
+    for (auto each = values.begin(); each != values.end(); ++each) {
         bool isNumber = false;
         const uint place = each.key().toUInt(&isNumber);
         if (isNumber && place < objects.size())
-            rename(objects[place].get(), qxText::toUtf8(each->toString()));
+            visit(objects[place].get(), *each);
     }
 }
 
 std::string nodeName(const osg::NodePtr &node)
 {
     return qxNodeUtils::getName(node);
+}
+
+QJsonArray stateNames(const osg::NodePtr &node)
+{
+    QJsonArray names;
+    for (int index = 0; index < qxNodeUtils::getTransformVariantCount(node); ++index)
+        names.append(qxText::fromUtf8(qxNodeUtils::getTransformVariantName(node, index)));
+    return names;
+}
+
+void giveStateNames(const osg::NodePtr &node, const QJsonArray &names)
+{
+    for (int index = 0; index < names.size(); ++index)
+        qxNodeUtils::setTransformVariantName(node, index, qxText::toUtf8(names[index].toString()));
+}
+
+std::vector<qxNodePtr> allNodes()
+{
+    std::vector<qxNodePtr> nodes = qxNodeUtils::getSceneNodes();
+    const std::vector<qxNodePtr> overlays = qxNodeUtils::getSubTreeNodes(qxOverlays::getPoolRoot());
+    nodes.insert(nodes.end(), overlays.begin(), overlays.end());
+    return nodes;
 }
 
 std::string materialName(const osg::MaterialPtr &material)
@@ -92,16 +120,30 @@ std::string materialName(const osg::MaterialPtr &material)
 qxSceneNames qxSceneNames::take()
 {
     qxSceneNames names;
-    for (const qxNodePtr &node : qxNodeUtils::getSceneNodes()) {
+    for (const qxNodePtr &node : allNodes()) {
         names.m_nodes.push_back(osg::NodeRefPtr(node));
         names.m_nodeNames.push_back(nodeName(node));
+        names.m_stateNames.push_back(stateNames(node));
     }
     for (const osg::MaterialPtr &material : qxMaterialParts::all()) {
         names.m_materials.push_back(osg::MaterialRefPtr(material));
         names.m_materialNames.push_back(materialName(material));
     }
+    names.m_choices = qxSceneChoices(names.m_nodes, names.m_materials);
     names.m_viewpoints = viewpointsNow();
     return names;
+}
+
+/// Of what was in the file, to tell whether places mean the same.
+QString qxSceneNames::fingerprint() const
+{
+    QCryptographicHash hash(QCryptographicHash::Md5);
+    for (const std::vector<std::string> *names : {&m_nodeNames, &m_materialNames}) {
+        hash.addData(QByteArray::number(int(names->size())));
+        for (const std::string &name : *names)
+            hash.addData(name.c_str(), int(name.size()) + 1);
+    }
+    return QString::fromLatin1(hash.result().toHex());
 }
 
 QJsonObject qxSceneNames::changes() const
@@ -110,28 +152,52 @@ QJsonObject qxSceneNames::changes() const
     const QJsonObject nodes = otherNames(m_nodes, m_nodeNames, nodeName);
     const QJsonObject materials = otherNames(m_materials, m_materialNames, materialName);
     const QJsonArray viewpoints = viewpointsNow();
+    const QJsonObject choices = m_choices.changes();
+    QJsonObject states;
+    for (std::size_t place = 0; place < m_nodes.size(); ++place) {
+        const QJsonArray now = stateNames(m_nodes[place].get());
+        if (now != m_stateNames[place])
+            states.insert(QString::number(place), now);
+    }
+    if (!states.isEmpty())
+        changes.insert(statesKey, states);
+    if (!choices.isEmpty())
+        changes.insert(switchesKey, choices);
     if (!nodes.isEmpty())
         changes.insert(nodesKey, nodes);
     if (!materials.isEmpty())
         changes.insert(materialsKey, materials);
     if (viewpoints != m_viewpoints)
         changes.insert(viewpointsKey, viewpoints);
+    if (!changes.isEmpty())
+        changes.insert(fingerprintKey, fingerprint());
     return changes;
 }
 
-void qxSceneNames::apply(const QJsonObject &changes) const
+bool qxSceneNames::apply(const QJsonObject &changes) const
 {
-    giveNames(m_nodes, changes[nodesKey].toObject(),
-              [](const osg::NodePtr &node, const std::string &name) {
-                  qxNodeUtils::setName(node, name, false, osg::NullFC);
-              });
-    giveNames(m_materials, changes[materialsKey].toObject(),
-              [](const osg::MaterialPtr &material, const std::string &name) {
-                  qxMaterials::setName(material, name.c_str(), true);
-              });
+    if (changes.isEmpty())
+        return true;
+    if (changes[fingerprintKey].toString() != fingerprint())
+        return false;
+    visitPlaces(m_nodes, changes[nodesKey].toObject(),
+                [](const osg::NodePtr &node, const QJsonValue &name) {
+                    qxNodeUtils::setName(node, qxText::toUtf8(name.toString()), false, osg::NullFC);
+                });
+    visitPlaces(m_nodes, changes[statesKey].toObject(),
+                [](const osg::NodePtr &node, const QJsonValue &names) {
+                    giveStateNames(node, names.toArray());
+                });
+    visitPlaces(m_materials, changes[materialsKey].toObject(),
+                [](const osg::MaterialPtr &material, const QJsonValue &name) {
+                    const std::string text = qxText::toUtf8(name.toString());
+                    qxMaterials::setName(material, text.c_str(), true);
+                });
+    m_choices.apply(changes[switchesKey].toObject());
     if (!changes.contains(viewpointsKey))
-        return;
+        return true;
     qxUberCameraPool::the()->clear();
     for (const QJsonValue &each : changes[viewpointsKey].toArray())
         qxUberCameraPool::the()->add(cameraOf(each.toObject()));
+    return true;
 }

@@ -1,6 +1,7 @@
 #include "qxRecovery.h"
 
 #include "Registry/qxRegistryEdit.h"
+#include "qxLog.h"
 #include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxRegistryDocument.h"
@@ -13,7 +14,7 @@
 #include <QUndoStack>
 
 qxRecovery::qxRecovery(const QUndoStack *steps, qxPanelEvents *events, QWidget *window)
-    : QObject(window), m_window(window)
+    : QObject(window), m_steps(steps), m_window(window)
 {
     m_idle.setSingleShot(true);
     m_idle.setInterval(0);
@@ -28,15 +29,25 @@ qxRecovery::qxRecovery(const QUndoStack *steps, qxPanelEvents *events, QWidget *
     begin(QString());
 }
 
+qxRecovery::~qxRecovery()
+{
+    if (m_taken)
+        m_taken->discard();
+}
+
 void qxRecovery::begin(const QString &scene)
 {
     m_idle.stop();
     m_record = qxRegistryRecord();
     m_record.update(m_record.changes());
+    m_ofFile = m_record;
     m_names = qxSceneNames::take();
     m_changedNames = QJsonObject();
     m_file = std::make_unique<qxRecoveryFile>(
-        scene.isEmpty() ? QString() : QFileInfo(scene).absoluteFilePath());
+        scene.isEmpty() ? QString() : QFileInfo(scene).absoluteFilePath(), m_ofFile.order());
+    if (m_taken)
+        m_taken->discard();
+    m_taken.reset();
 }
 
 /// A second step before there was time for the first does not wait: one step is lost at most.
@@ -48,16 +59,24 @@ void qxRecovery::keepSoon()
         m_idle.start();
 }
 
-void qxRecovery::keep()
+bool qxRecovery::keep()
 {
     m_idle.stop();
     const qxRegistryRecord::Changes changes = m_record.changes();
     const QJsonObject names = m_names.changes();
     if (changes.isEmpty() && names == m_changedNames)
-        return;
-    m_file->append(changes, names);
+        return true;
+    // While edits can be undone nothing needs to be compared with the file.
+    if (names.isEmpty() && m_steps->isClean() && m_ofFile.changes().isEmpty()) {
+        m_file->clear();
+        m_record = m_ofFile;
+        m_changedNames = names;
+        return true;
+    }
+    const bool isKept = m_file->append(changes, names);
     m_record.update(changes);
     m_changedNames = names;
+    return isKept;
 }
 
 void qxRecovery::offerAll()
@@ -107,9 +126,13 @@ void qxRecovery::recover(const qxRecoveryFile::Left &left)
 {
     qxDocument document = qxRegistryDocument::current();
     document.settle();
-    m_names.apply(left.apply(document));
+    if (!m_names.apply(left.apply(document)))
+        qxLog::warning("The file has other nodes or materials than when these edits were made: "
+                       "names and materials that they changed there are left alone.");
     qxRegistryEdit::apply(document);
     Q_EMIT qxPanelChanges::the().sceneRestored();
-    keep(); // before the other file goes
-    left.discard();
+    if (keep()) // before the other file goes
+        left.discard();
+    else
+        m_taken = std::make_unique<qxRecoveryFile::Left>(left);
 }

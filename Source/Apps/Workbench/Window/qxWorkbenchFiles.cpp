@@ -128,12 +128,22 @@ void qxWorkbenchWindow::recover(const qxRecoveryFile::Left &left)
     const bool isOpen =
         left.scene == (m_path.isEmpty() ? QString() : QFileInfo(m_path).absoluteFilePath())
         && m_unsaved->sort() == qxUnsavedChanges::None;
-    if (!isOpen && (!mayLeave() || !openFile(left.scene)))
+    if (!isOpen && (!mayLeave() || !openOrClose(left.scene)))
         return;
     m_recovery->recover(left);
     m_events->flush();
     m_tree->refresh();
     m_unsaved->look();
+}
+
+bool qxWorkbenchWindow::openOrClose(const QString &path)
+{
+    if (!path.isEmpty())
+        return openFile(path);
+    m_session->close();
+    showPath(path, nullptr);
+    showNewScene();
+    return true;
 }
 
 /// Half a scene must not be saved. The one before it comes from its file again.

@@ -258,7 +258,7 @@ void qxWorkbenchWindow::buildVariantsMenu()
     const qxSetsView *const sets = m_sets->view();
     connect(sets, &qxSetsView::currentChanged, m_variants,
             [this, sets] { m_variants->setCurrentSet(sets->currentSet()); });
-    connect(m_variants, &qxVariantsDock::setWanted, sets, &qxSetsView::showSet);
+    connect(m_variants, &qxVariantsDock::setWanted, m_sets, &qxVariantSetsDock::showSet);
     connect(m_variants, &qxVariantsDock::nodeWanted, m_picked,
             [this](const osg::NodePtr &node) { m_picked->select({node}); });
     m_variants->setSelectedNodes([this] { return m_picked->nodes(); });

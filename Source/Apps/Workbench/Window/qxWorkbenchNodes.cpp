@@ -49,13 +49,7 @@ void qxWorkbenchWindow::buildNodeMenus()
     connect(m_sceneTree, &qxSceneTree::menuWanted, this, popUp);
     connect(m_nodes, &qxNodeMenu::frameWanted, m_view, &qxSceneView::fitPicked);
     connect(m_nodes, &qxNodeMenu::variantWanted, m_variants, &qxVariantsDock::showVariant);
-    connect(m_nodes, &qxNodeMenu::setWanted, this, [this, tell](const QString &set) {
-        m_sets->view()->showSet(set);
-        if (m_sets->view()->currentSet() != set)
-            tell(tr("\"%1\" is not in the list now: its group is hidden, or the search leaves it "
-                    "out.")
-                     .arg(set));
-    });
+    connect(m_nodes, &qxNodeMenu::setWanted, m_sets, &qxVariantSetsDock::showSet);
     connect(m_nodes, &qxNodeMenu::told, this, tell);
     m_viewpoints = new qxViewpointMenu(m_sets->undoStack(), this);
     named(menuBar()->addMenu(m_viewpoints), QT_TR_NOOP("Viewp&oints"));

@@ -191,25 +191,13 @@ void qxWorkbenchWindow::buildProblems()
     m_problems = new qxProblems(m_events, compile, this);
     m_sets->setProblems(m_problems);
     auto *const dock = new qxProblemsDock(m_problems, m_sets->edits(), this);
-    const auto raise = [](QDockWidget *shown) {
-        shown->show();
-        shown->raise();
-    };
     connect(dock, &qxProblemsDock::setWanted, this,
-            [this, raise](const QString &set, const qxFindingPlace &place) {
-                raise(m_sets);
-                m_sets->view()->showSet(set);
+            [this](const QString &set, const qxFindingPlace &place) {
+                m_sets->showSet(set);
                 showEntry(place);
             });
-    connect(dock, &qxProblemsDock::groupWanted, this, [this, raise](const QString &group) {
-        raise(m_sets);
-        m_sets->view()->showGroup(group);
-    });
-    connect(dock, &qxProblemsDock::variantWanted, this,
-            [this, raise](const qxVariantKind &kind, const QString &variant) {
-                raise(m_variants);
-                m_variants->showVariant(kind, variant);
-            });
+    connect(dock, &qxProblemsDock::groupWanted, m_sets, &qxVariantSetsDock::showGroup);
+    connect(dock, &qxProblemsDock::variantWanted, m_variants, &qxVariantsDock::showOption);
 }
 
 void qxWorkbenchWindow::showEntry(const qxFindingPlace &place)
@@ -349,4 +337,5 @@ void qxWorkbenchWindow::followScripts()
     m_tree->refresh();
     m_problems->lookAtScene();
     m_unsaved->look();
+    m_recovery->keep();
 }

@@ -131,6 +131,7 @@ private:
     void decideOn(const QList<qxFileScripts::Script> &scripts);
     void watchBlockedScripts();
     void forgetScene();
+    bool openOrClose(const QString &path);
     void takeBackScene();
     void showNewScene();
     void buildNodes();

@@ -207,9 +207,9 @@ void qxVariantSetsDock::buildActions()
     m_groupVisible = addAction(QT_TR_NOOP("Group V&isible"), QKeySequence(), nullptr);
     m_groupVisible->setCheckable(true);
     connect(m_groupVisible, &QAction::triggered, this, &Dock::setGroupVisible);
-    QAction *const hidden = addAction(QT_TR_NOOP("Show &Hidden Groups"), QKeySequence(), nullptr);
-    hidden->setCheckable(true);
-    connect(hidden, &QAction::toggled, m_view, &qxSetsView::setHiddenShown);
+    m_hidden = addAction(QT_TR_NOOP("Show &Hidden Groups"), QKeySequence(), nullptr);
+    m_hidden->setCheckable(true);
+    connect(m_hidden, &QAction::toggled, m_view, &qxSetsView::setHiddenShown);
     m_ofSets << addAction(QT_TR_NOOP("Show Connected &Variants"), QKeySequence(),
                           &Dock::showConnected);
 }
@@ -298,37 +298,6 @@ void qxVariantSetsDock::selectOption(const qxVariantKind &kind, const QString &v
     found->onSelect(option);
 }
 
-void qxVariantSetsDock::goToSearch()
-{
-    show();
-    m_search->setFocus(Qt::ShortcutFocusReason);
-    m_search->selectAll();
-}
-
-void qxVariantSetsDock::selectFound()
-{
-    if (m_view->foundCount() <= 0)
-        return;
-    m_view->showFirst();
-    selectCurrent();
-}
-
-/// The search line with the keys that lead out of it.
-bool qxVariantSetsDock::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched != m_search || event->type() != QEvent::KeyPress)
-        return QDockWidget::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent *>(event)->key();
-    if (key == Qt::Key_Escape)
-        m_search->clear();
-    if (key != Qt::Key_Down)
-        return false;
-    if (m_view->foundCount() > 0 || m_view->currentSet().isEmpty())
-        m_view->showFirst();
-    m_view->currentWidget()->setFocus(Qt::OtherFocusReason);
-    return true;
-}
-
 void qxVariantSetsDock::selectCurrent()
 {
     selectSet(m_view->currentSet());
@@ -337,8 +306,7 @@ void qxVariantSetsDock::selectCurrent()
 void qxVariantSetsDock::addSet()
 {
     const QString name = m_edits->addSet(m_view->currentGroup());
-    show(); // The menu has this even while the dock is closed.
-    showNewSet(name);
+    showSet(name);
     if (m_view->currentSet() == name)
         m_view->renameCurrent();
 }
@@ -346,9 +314,7 @@ void qxVariantSetsDock::addSet()
 void qxVariantSetsDock::addGroup()
 {
     const QString name = m_edits->addGroup();
-    m_events->flush();
-    m_search->clear();
-    m_view->showGroup(name);
+    showGroup(name);
     if (m_view->currentSet().isEmpty() && m_view->currentGroup() == name)
         m_view->renameCurrent();
 }
@@ -359,18 +325,7 @@ void qxVariantSetsDock::captureSet()
     if (name.isEmpty()) // cancelled
         return;
     noteMade(name);
-    showNewSet(name);
-}
-
-/// The search ends unless it leaves the new set.
-void qxVariantSetsDock::showNewSet(const QString &name)
-{
-    m_events->flush();
-    m_view->showSet(name);
-    if (m_view->currentSet() == name)
-        return;
-    m_search->clear();
-    m_view->showSet(name);
+    showSet(name);
 }
 
 void qxVariantSetsDock::updateSet()
@@ -459,7 +414,7 @@ void qxVariantSetsDock::duplicateSets()
 {
     const QStringList copies = m_edits->duplicateSets(m_view->selectedSets());
     if (!copies.isEmpty())
-        showNewSet(copies.first());
+        showSet(copies.first());
     m_view->selectSets(copies);
 }
 

@@ -19,6 +19,7 @@ class qxSetForm;
 class qxSetHotkeys;
 class qxSetsView;
 class qxTakenKeys;
+class qxVariantGroup;
 struct qxVariantKind;
 
 /// The dock "Variant Sets": shows, selects, captures and edits groups and sets.
@@ -52,6 +53,12 @@ public:
 
     /// Applies a set to the scene in full, after aboutToSelect; an unknown name does nothing.
     void selectSet(const QString &name);
+    ///@{
+    /// Leads to a set or group. A search that leaves it out ends; hidden groups are shown if it is
+    /// in one.
+    void showSet(const QString &name);
+    void showGroup(const QString &name);
+    ///@}
     /// Gives sets these previews, by their names. Consecutive ones of the same `run` are undone in
     /// one step; 0 is a run of its own each time.
     void setPreviews(const QMap<QString, QByteArray> &previews, int run = 0);
@@ -103,7 +110,7 @@ private:
     void addSet();
     void addGroup();
     void captureSet();
-    void showNewSet(const QString &name);
+    void reveal(const qxVariantGroup *group, const std::function<bool()> &goThere);
     void updateSet();
     /// Pictures the scene for the current set, or each set if several are selected.
     void makePreview();
@@ -142,5 +149,6 @@ private:
     QAction *m_galleryAction;
     QAction *m_withSets; ///< needs a group
     QAction *m_groupVisible;
+    QAction *m_hidden; ///< whether hidden groups are shown
     bool m_keepsCursor = false; ///< where it is, whatever is selected
 };

@@ -176,12 +176,21 @@ void qxVariantsDock::setCurrentSet(const QString &set)
 
 void qxVariantsDock::showVariant(const qxVariantKind &kind, const QString &variant)
 {
+    showOption(kind, variant, QString());
+}
+
+void qxVariantsDock::showOption(const qxVariantKind &kind, const QString &variant,
+                                const QString &option)
+{
     m_events->flush(); // It may have been made just now.
     if (!m_model->indexOf(kind, variant).isValid())
         m_search->clear();
     show();
     raise();
-    m_view->showVariants({{&kind, variant}});
+    if (option.isEmpty())
+        m_view->showVariants({{&kind, variant}});
+    else
+        m_view->showOption({&kind, variant}, option);
 }
 
 void qxVariantsDock::search()

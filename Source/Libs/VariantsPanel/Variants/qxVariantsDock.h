@@ -46,8 +46,11 @@ public:
     void setSelectedNodes(const Nodes &nodes);
     /// The set that variants are added to without asking for one; none for an empty name.
     void setCurrentSet(const QString &set);
-    /// Selects the variant in the dock; nothing for an unknown one.
+    ///@{
+    /// Selects the variant, or its option, in the dock; nothing for an unknown one.
     void showVariant(const qxVariantKind &kind, const QString &variant);
+    void showOption(const qxVariantKind &kind, const QString &variant, const QString &option);
+    ///@}
 
 Q_SIGNALS:
     /// An option is about to be selected by the user.
