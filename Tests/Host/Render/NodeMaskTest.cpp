@@ -1,6 +1,8 @@
 #include "RenderFixture.h"
 #include "Scene/qxClipping.h"
 
+#include <OpenSG/OSGQuaternion.h>
+
 /// Where pictures have nodes: the red square of each of these scenes.
 class NodeMaskTest : public RenderFixture {
 protected:

@@ -244,13 +244,13 @@ void qxSetContents::add(const Entries &entries)
     }
 }
 
-void qxSetContents::take(const QMimeData &data)
+void qxSetContents::take(const QMimeData &dropped)
 {
     Entries entries;
-    for (const qxDraggedState &each : qxDragData::statesOf(data))
+    for (const qxDraggedState &each : qxDragData::statesOf(dropped))
         entries.push_back({qxSetEntry::Variant, each.kind, each.variant, each.state});
     add(entries);
-    const std::vector<qxNodePtr> nodes = qxDragData::nodesOf(data);
+    const std::vector<qxNodePtr> nodes = qxDragData::nodesOf(dropped);
     if (!nodes.empty())
         follow(qxEntryEdits::addNodes(*m_edits, m_model->set(), nodes));
 }
@@ -350,16 +350,16 @@ void qxSetContents::copy()
         states.push_back({each.kind, each.name, each.state});
         lines << each.name + QStringLiteral(": ") + each.state;
     }
-    auto *const data = new QMimeData;
-    qxDragData::setStates(*data, states);
-    data->setText(lines.join('\n'));
-    QApplication::clipboard()->setMimeData(data);
+    auto *const copied = new QMimeData;
+    qxDragData::setStates(*copied, states);
+    copied->setText(lines.join('\n'));
+    QApplication::clipboard()->setMimeData(copied);
 }
 
 void qxSetContents::paste()
 {
-    if (const QMimeData *const data = QApplication::clipboard()->mimeData())
-        take(*data);
+    if (const QMimeData *const copied = QApplication::clipboard()->mimeData())
+        take(*copied);
 }
 
 void qxSetContents::renameVariant()

@@ -47,7 +47,7 @@ private:
     void goTo(int row);
 
     void add(const Entries &entries);
-    void take(const QMimeData &data);
+    void take(const QMimeData &dropped);
     void showMenu(const QPoint &position);
     void addStates(QMenu &menu);
     void addRepairs(QMenu &menu);

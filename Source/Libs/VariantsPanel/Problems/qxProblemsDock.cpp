@@ -3,6 +3,7 @@
 #include "Undo/qxNameEdits.h"
 #include "Undo/qxSetEdits.h"
 #include "qxKeyHints.h"
+#include "qxProblemFixes.h"
 #include "qxProblemRepairs.h"
 #include "qxProblemWords.h"
 #include "qxProblems.h"
@@ -45,9 +46,9 @@ QString plain(QString text)
 } // namespace
 
 qxProblemsDock::qxProblemsDock(qxProblems *problems, qxSetEdits *edits, QWidget *parent)
-    : QDockWidget(parent), m_problems(problems), m_fixes(edits), m_edits(edits),
-      m_model(new qxProblemsModel(this)), m_filter(new qxProblemsFilter(m_model, this)),
-      m_menu(new QMenu(this)), m_candidates(new QMenu(this)), m_view(new QTreeView)
+    : QDockWidget(parent), m_problems(problems), m_edits(edits), m_model(new qxProblemsModel(this)),
+      m_filter(new qxProblemsFilter(m_model, this)), m_menu(new QMenu(this)),
+      m_candidates(new QMenu(this)), m_view(new QTreeView)
 {
     setObjectName(QStringLiteral("problems"));
     m_go = addAction(QKeySequence(), &qxProblemsDock::goThere);
@@ -250,7 +251,7 @@ void qxProblemsDock::fillFixes()
         action->setEnabled(!findings.isEmpty());
     m_menu->addSeparator();
     m_menu->addMenu(m_candidates);
-    for (const qxProblemFixes::Fix &fix : m_fixes.of(findings))
+    for (const qxProblemFixes::Fix &fix : qxProblemFixes(m_edits).of(findings))
         connect(m_menu->addAction(fix.text), &QAction::triggered, this, fix.run);
     m_menu->addSeparator();
     m_menu->addAction(m_repairClear);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qxProblemFixes.h"
+#include "qxFinding.h"
 
 #include <QDockWidget>
 #include <QMap>
@@ -15,6 +15,7 @@ class QTreeView;
 class qxProblems;
 class qxProblemsFilter;
 class qxProblemsModel;
+class qxSetEdits;
 struct qxVariantKind;
 
 /// The dock "Problems": what is wrong with sets and variants, or hardly meant. It leads to the
@@ -59,7 +60,6 @@ private:
     void repairClear();
 
     qxProblems *m_problems;
-    const qxProblemFixes m_fixes;
     qxSetEdits *m_edits;
     qxProblemsModel *m_model;
     qxProblemsFilter *m_filter;

@@ -7,6 +7,8 @@
 #include <OpenSG/OSGMaterialFields.h>
 #include <OpenSG/OSGNode.h>
 
+#include <QStringList>
+
 #include <functional>
 
 class QUndoStack;

@@ -6,6 +6,7 @@
 
 #include "qxNameLookUp.h"
 #include "qxNames.h"
+#include "qxStateRules.h"
 #include "qxStateWords.h"
 
 #include <QEvent>
