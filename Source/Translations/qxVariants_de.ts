@@ -2354,6 +2354,10 @@
         <source>Name, wherever the variant is used:</source>
         <translation>Name, überall wo die Variante vorkommt:</translation>
     </message>
+    <message>
+        <source>Choose a set to see what it holds.</source>
+        <translation>Wählen Sie ein Set, um zu sehen, was es enthält.</translation>
+    </message>
 </context>
 <context>
     <name>qxSetDelegate</name>

@@ -9,8 +9,10 @@
 #include "WindowFixture.h"
 #include "qxDragData.h"
 #include "qxNames.h"
+#include "qxPanelEvents.h"
 
 #include <QMimeData>
+#include <QSignalSpy>
 
 /// What is picked in the view and in the tree, and what can be done with it.
 class WindowNodesTest : public WindowFixture {
@@ -181,8 +183,12 @@ TEST_F(WindowNodesTest, HidingAndIsolatingAreLooksThatBackUndoes)
 TEST_F(WindowNodesTest, ATickInTheTreeIsUndoneByBack)
 {
     openSigns();
+    const qxPanelEvents events;
+    QSignalSpy docksFollow(&events, &qxPanelEvents::statesChanged);
     model().setData(model().indexOf(qxNames::findNode("Red")), Qt::Unchecked, Qt::CheckStateRole);
     EXPECT_FALSE(isShown("Red"));
+    settle();
+    EXPECT_EQ(docksFollow.count(), 1);
     window->goBack();
     EXPECT_TRUE(isShown("Red"));
 }

@@ -17,6 +17,6 @@ Q_SIGNALS:
     void setsEdited();
     /// Undo or redo of a capture has created, edited or removed variants.
     void variantsEdited();
-    /// The scene was put back into an earlier state.
+    /// The scene was put back into an earlier state, or nodes were hidden or shown.
     void sceneRestored();
 };

@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDockWidget>
+#include <QKeySequence>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -24,6 +25,12 @@ QString shownText(QString text)
     text.replace(QLatin1String("&&"), QLatin1String("\n"));
     text.remove(QLatin1Char('&'));
     return text.replace(QLatin1Char('\n'), QLatin1Char('&'));
+}
+
+/// It is on no keyboard: Shift makes it of Tab.
+bool isBackwardTab(const QKeySequence &keys)
+{
+    return keys.count() == 1 && (keys[0] & ~int(Qt::KeyboardModifierMask)) == Qt::Key_Backtab;
 }
 
 QString translated(const char *text)
@@ -75,7 +82,9 @@ void qxKeyList::takeAction(const QAction &action, Section &section)
     if (m_seen.contains(&action))
         return;
     m_seen.insert(&action);
-    const QString keys = QKeySequence::listToString(action.shortcuts(), QKeySequence::NativeText);
+    QList<QKeySequence> known = action.shortcuts();
+    known.erase(std::remove_if(known.begin(), known.end(), isBackwardTab), known.end());
+    const QString keys = QKeySequence::listToString(known, QKeySequence::NativeText);
     if (!keys.isEmpty())
         section.entries.append({shownText(action.text()), keys});
 }

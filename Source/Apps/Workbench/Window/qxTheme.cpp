@@ -1,10 +1,12 @@
 #include "qxTheme.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QSettings>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 #include <memory>
 
@@ -47,6 +49,21 @@ const RoleColour darkColours[] = {
 class ThemeStyle : public QProxyStyle {
 public:
     ThemeStyle() : QProxyStyle(QString::fromLatin1(plainStyle)) {}
+
+    /// The frame is darker than the window, and so not seen where that is dark.
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool isDark = option->palette.color(QPalette::Base).lightness() < 128;
+        if (element != PE_IndicatorCheckBox || !isDark)
+            return;
+        painter->save();
+        painter->setPen(option->palette.color(QPalette::Disabled, QPalette::Text));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        painter->restore();
+    }
 
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *result) const override

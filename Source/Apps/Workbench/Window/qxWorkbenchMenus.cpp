@@ -144,8 +144,8 @@ void qxWorkbenchWindow::buildPanesMenu(QMenu *menu)
     QAction *const previous = named(menu->addAction(QString()), QT_TR_NOOP("&Previous Pane"));
     connect(previous, &QAction::triggered, this, [this] { focusPane(-1); });
     // With Shift, keyboards under X11 send another key than Tab.
-    previous->setShortcuts(QList<QKeySequence>{Qt::CTRL + Qt::SHIFT + Qt::Key_Tab}
-                           + QKeySequence::keyBindings(QKeySequence::PreviousChild));
+    previous->setShortcuts({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Tab),
+                            QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Backtab)});
     menu->addSeparator();
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         menu->addAction(dock->toggleViewAction());

@@ -5,6 +5,7 @@
 #include "qxNodeKind.h"
 #include "qxNodeMenu.h"
 #include "qxNodeVisibility.h"
+#include "qxPanelChanges.h"
 #include "qxPanelEvents.h"
 #include "qxSceneTree.h"
 #include "qxSceneTreeModel.h"
@@ -35,6 +36,8 @@ void qxWorkbenchWindow::buildNodes()
             &qxWorkbenchWindow::rememberForBack);
     connect(m_visibility, &qxNodeVisibility::changed, m_treeView->viewport(),
             QOverload<>::of(&QWidget::update));
+    connect(m_visibility, &qxNodeVisibility::changed, &qxPanelChanges::the(),
+            &qxPanelChanges::sceneRestored);
     connect(m_events, &qxPanelEvents::statesChanged, m_visibility, &qxNodeVisibility::follow);
 }
 

@@ -151,13 +151,21 @@ void qxSetContents::retranslate()
     m_search->setToolTip(tr("Finds variants, viewpoints and animations. Enter adds the variant "
                             "with the state that the scene shows."));
     m_view->setAccessibleName(tr("What the set holds"));
-    m_view->setHint(tr("The set holds nothing yet. Type the name of a variant above, or drag "
-                       "variants or nodes here."));
+    showHint();
     m_add->setAccessibleName(tr("Add"));
     m_add->setToolTip(tr("Add viewpoints and animations"));
     m_remove->setAccessibleName(tr("Remove"));
     m_remove->setToolTip(tr("Take the selected entries out of the set"));
     m_model->retranslate();
+}
+
+/// In the place of entries.
+void qxSetContents::showHint()
+{
+    m_view->setHint(m_model->set().isEmpty()
+                        ? tr("Choose a set to see what it holds.")
+                        : tr("The set holds nothing yet. Type the name of a variant above, or drag "
+                             "variants or nodes here."));
 }
 
 void qxSetContents::setProblems(const qxProblems *problems)
@@ -170,6 +178,7 @@ void qxSetContents::showSet(const QString &name)
     if (name != m_model->set())
         say(QString());
     m_model->showSet(name);
+    showHint();
     followSelection();
 }
 

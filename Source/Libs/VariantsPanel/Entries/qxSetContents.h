@@ -41,6 +41,7 @@ private:
     void retranslate();
     void followSelection();
     Entries selected() const;
+    void showHint();
     void say(const QString &text);
     void follow(const QString &note);
     void goTo(int row);

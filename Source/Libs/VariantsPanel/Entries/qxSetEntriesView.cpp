@@ -19,7 +19,7 @@ qxSetEntriesView::qxSetEntriesView(qxSetEntriesModel *model) : m_model(model)
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
     setSelectionMode(ExtendedSelection);
-    setTextElideMode(Qt::ElideRight);
+    setTextElideMode(Qt::ElideMiddle); // Paths differ at their ends.
     setEditTriggers(NoEditTriggers); // Keys and clicks are looked at here.
     setDragDropMode(DropOnly);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -27,13 +27,15 @@ qxSetEntriesView::qxSetEntriesView(qxSetEntriesModel *model) : m_model(model)
     setItemDelegateForColumn(qxSetEntriesModel::StateColumn, new qxStateEditor(this));
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
+    header()->setTextElideMode(Qt::ElideRight);
     header()->setSectionResizeMode(qxSetEntriesModel::NameColumn, QHeaderView::Stretch);
     connect(model, &qxSetEntriesModel::problemsChanged, this, &qxSetEntriesView::layColumns);
     connect(model, &QAbstractItemModel::layoutChanged, this, &qxSetEntriesView::layColumns);
 }
 
-/// Names come first: they get what they need, up to two thirds, and states what is left. The kind,
-/// which the tool tip has as well, is the first to go.
+/// Names come first: they get what they need, up to a half, and states what is left, so that a
+/// state can be read beside long paths. The kind, which the tool tip has as well, is the first to
+/// go.
 void qxSetEntriesView::layColumns()
 {
     typedef qxSetEntriesModel Model;
@@ -46,7 +48,7 @@ void qxSetEntriesView::layColumns()
     const int problem = hasProblems ? (hasKind ? 12 : 8) * letter : 0;
     const int kind = hasKind ? 12 * letter : 0;
     const int left = width - problem - kind;
-    const int name = std::clamp(widthOfNames(), left / 3, hasProblems ? left / 2 : left * 2 / 3);
+    const int name = std::clamp(widthOfNames(), left / 3, left / 2);
     const int state = std::min(24 * letter, (left - name) / 2);
     header()->resizeSection(Model::KindColumn, kind);
     header()->resizeSection(Model::StateColumn, state);

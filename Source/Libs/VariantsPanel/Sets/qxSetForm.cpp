@@ -84,7 +84,7 @@ void qxSetForm::buildFields()
 {
     m_comment = new QPlainTextEdit;
     m_comment->setTabChangesFocus(true);
-    m_comment->setMaximumHeight(4 * fontMetrics().height());
+    m_comment->setMaximumHeight(3 * fontMetrics().height());
     m_viewpoint = new QComboBox;
     // Long names must not make the form wider than its dock.
     m_viewpoint->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);

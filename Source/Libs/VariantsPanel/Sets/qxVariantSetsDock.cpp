@@ -128,12 +128,20 @@ void qxVariantSetsDock::buildContents()
     scrolled->setWidgetResizable(true);
     scrolled->setFrameShape(QFrame::NoFrame);
     splitter->addWidget(scrolled);
-    splitter->setSizes({500, 500});
+    splitter->setSizes({400, 600});
     splitter->setCollapsible(0, false);
     auto *const contents = new QWidget;
     auto *const layout = new QVBoxLayout(contents);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(buildTopLine());
+    // Each keeps its share: pictures need more room than names.
+    connect(m_galleryAction, &QAction::toggled, splitter,
+            [splitter, other = QList<int>{650, 350}]() mutable {
+                const QList<int> sizes = splitter->sizes();
+                splitter->setSizes(other);
+                if (!sizes.contains(0)) // It has none before it is shown.
+                    other = sizes;
+            });
     m_found = new QLabel;
     m_found->setObjectName(QStringLiteral("found"));
     m_found->setMargin(4);
