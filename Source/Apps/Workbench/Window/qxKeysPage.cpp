@@ -128,10 +128,10 @@ void qxKeysPage::copy() const
     visitShown(*m_list, [&lines](const QString &effect, const QString &keys) {
         lines += keys.isEmpty() ? '\n' + effect + '\n' : effect + '\t' + keys + '\n';
     });
-    auto *const data = new QMimeData;
-    data->setText(lines.trimmed() + '\n');
-    data->setHtml(html());
-    QGuiApplication::clipboard()->setMimeData(data);
+    auto *const copied = new QMimeData;
+    copied->setText(lines.trimmed() + '\n');
+    copied->setHtml(html());
+    QGuiApplication::clipboard()->setMimeData(copied);
 }
 
 void qxKeysPage::print()

@@ -5,6 +5,7 @@
 #include "qxCameraFlight.h"
 #include "qxText.h"
 
+#include <QEvent>
 #include <QInputDialog>
 #include <QSettings>
 

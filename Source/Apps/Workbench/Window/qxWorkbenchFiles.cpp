@@ -8,7 +8,9 @@
 #include "qxRecentFiles.h"
 #include "qxRecovery.h"
 #include "qxSceneTree.h"
+#include "qxSceneTreeModel.h"
 #include "qxSceneView.h"
+#include "qxViewpointMenu.h"
 #include "qxWorkbenchWindow.h"
 
 #include <QApplication>

@@ -14,8 +14,10 @@
 #include "qxWorkbenchWindow.h"
 
 #include <QLabel>
+#include <QMenuBar>
 #include <QStatusBar>
 #include <QTextDocument>
+#include <QTreeView>
 
 void qxWorkbenchWindow::buildNodes()
 {
