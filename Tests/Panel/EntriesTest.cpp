@@ -5,6 +5,7 @@
 #include "Problems/qxProblems.h"
 #include "Undo/qxSetMemento.h"
 #include "qxDragData.h"
+#include "qxPanelEvents.h"
 #include "qxStateWords.h"
 
 /// What a set holds, in the table of the form.

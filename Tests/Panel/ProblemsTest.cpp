@@ -3,6 +3,7 @@
 #include "DockFixture.h"
 #include "Problems/qxProblems.h"
 #include "Problems/qxProblemsDock.h"
+#include "qxPanelEvents.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
 

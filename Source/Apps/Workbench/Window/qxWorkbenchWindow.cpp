@@ -34,6 +34,7 @@
 #include "qxScenegraph.h"
 #include "qxScriptConsole.h"
 #include "qxStartPage.h"
+#include "qxText.h"
 #include "qxTheme.h"
 #include "qxUnsavedChanges.h"
 #include "qxWindowLayout.h"
