@@ -90,7 +90,8 @@ QList<qxProblemFixes::Fix> qxProblemFixes::of(const qxFindings &findings) const
         const Sort sort = each.key();
         const qxFindings fixed = each.value();
         if (!fixed.isEmpty())
-            fixes.append({textOf(sort, fixed.size()), [=] { run(sort, fixed); }});
+            fixes.append({textOf(sort, fixed.size()),
+                          [self = *this, sort, fixed] { self.run(sort, fixed); }});
     }
     return fixes;
 }
