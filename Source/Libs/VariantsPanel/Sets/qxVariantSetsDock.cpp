@@ -134,14 +134,6 @@ void qxVariantSetsDock::buildContents()
     auto *const layout = new QVBoxLayout(contents);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(buildTopLine());
-    // Each keeps its share: pictures need more room than names.
-    connect(m_galleryAction, &QAction::toggled, splitter,
-            [splitter, other = QList<int>{650, 350}]() mutable {
-                const QList<int> sizes = splitter->sizes();
-                splitter->setSizes(other);
-                if (!sizes.contains(0)) // It has none before it is shown.
-                    other = sizes;
-            });
     m_found = new QLabel;
     m_found->setObjectName(QStringLiteral("found"));
     m_found->setMargin(4);
@@ -153,7 +145,7 @@ void qxVariantSetsDock::buildContents()
             [splitter, other = QList<int>{700, 300}]() mutable { // Pictures need room.
                 const QList<int> sizes = splitter->sizes(); // all 0 until they are shown
                 splitter->setSizes(other);
-                other = sizes.count(0) == sizes.size() ? QList<int>{500, 500} : sizes;
+                other = sizes.count(0) == sizes.size() ? QList<int>{400, 600} : sizes;
             });
 }
 
