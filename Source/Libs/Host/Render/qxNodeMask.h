@@ -18,7 +18,9 @@ struct qxNodeMask {
         bool isSeen; ///< nothing else stands in front
     };
 
+    /// Whether the picture shows none of the nodes.
     bool isEmpty() const { return covered.empty(); }
+    /// Whether the nodes are at that pixel of the mask, which must exist.
     bool covers(int x, int y) const
     {
         return covered[std::size_t(y) * std::size_t(width) + std::size_t(x)] != 0;
@@ -29,7 +31,7 @@ struct qxNodeMask {
     int width = 0; ///< in pixels
     int height = 0; ///< in pixels
     std::vector<std::uint8_t> covered; ///< 1 where the nodes are, lowest row first
-    std::vector<Rim> rim;
+    std::vector<Rim> rim; ///< all pixels at the edge of what is covered
 };
 
 /// The mask of the instances of these nodes, whose ids are sorted, for a picture of that size. It
