@@ -1,6 +1,7 @@
 #include "Files/Gltf/Export/qxGltfExportMaterials.h"
 
 #include "Files/Gltf/Read/qxGltfImages.h"
+#include "Files/Gltf/Read/qxGltfMaterials.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Pictures/qxEncodedPicture.h"
 #include "qxText.h"
@@ -45,9 +46,20 @@ int qxGltfExportMaterials::material(int index)
     return m_materials[index] = int(materials.size()) - 1;
 }
 
+int qxGltfExportMaterials::plainMaterial()
+{
+    if (m_plain < 0) {
+        m_json["materials"].push_back({{"name", qxGltfDefaultName}});
+        m_plain = int(m_json["materials"].size()) - 1;
+    }
+    return m_plain;
+}
+
 void qxGltfExportMaterials::rename(int index, const std::string &name)
 {
-    m_json["materials"][std::size_t(index)]["name"] = name;
+    const auto copy = m_materials.find(index);
+    if (copy != m_materials.end())
+        m_json["materials"][std::size_t(copy->second)]["name"] = name;
 }
 
 /// Textures stand in members whose names say so, also in those of extensions.

@@ -24,7 +24,10 @@ public:
     /// The material in the export that is at this place of the file; -1 stays -1. It is copied when
     /// it is asked for first.
     int material(int index);
-    /// Gives a material of the export that name.
+    /// A material that looks like none, for whoever has to name one. It is added when it is asked
+    /// for first.
+    int plainMaterial();
+    /// Gives the copy of a material of the file that name; nothing when there is no copy.
     void rename(int index, const std::string &name);
     /// Whether a texture has no other picture than one in WebP.
     bool needsWebp() const { return m_needsWebp; }
@@ -41,6 +44,7 @@ private:
     const qxExportOptions &m_options;
     qxExport &m_result;
     qxGltfTidy m_tidy;
+    int m_plain = -1;
     bool m_needsWebp = false;
     std::map<int, int> m_materials;
     std::map<int, std::optional<int>> m_textures;
