@@ -50,6 +50,8 @@ struct qxSceneFile::Content {
     /// The JSON of the file with what changed in the scene since.
     qxJson edited() const;
     bool isBufferOutdated() const;
+    /// The place of a geometry below a node of the file.
+    qxFilePlace partOf(const osg::NodePtr &node) const;
     /// Notes what a file holds that is read or written now.
     void note(const QString &path, const qxFileStamp &stamp);
 };
@@ -181,6 +183,21 @@ bool qxSceneFile::Content::isBufferOutdated() const
                        [](const qxFileStamp &stamp) { return !stamp.isUpToDate(); });
 }
 
+qxFilePlace qxSceneFile::Content::partOf(const osg::NodePtr &node) const
+{
+    const osg::NodePtr above = node->getParent();
+    const auto part = node->getCore() == osg::NullFC
+        ? origin.geometries.end()
+        : origin.geometries.find(node->getCore().getFieldContainerId());
+    if (above == osg::NullFC || part == origin.geometries.end())
+        return {};
+    const auto owner = origin.nodes.find(above.getFieldContainerId());
+    const bool isOwn = owner != origin.nodes.end()
+        && qxGltfIndex(document.json["nodes"][std::size_t(owner->second)], "mesh")
+            == part->second.mesh;
+    return isOwn ? qxFilePlace{owner->second, part->second.primitive} : qxFilePlace();
+}
+
 void qxSceneFile::Content::note(const QString &path, const qxFileStamp &stamp)
 {
     if (!QFileInfo(path).isFile())
@@ -274,4 +291,24 @@ std::vector<qxSceneVariant> qxSceneFile::materialVariants() const
 qxSceneFileInfo qxSceneFile::info() const
 {
     return m_content->info;
+}
+
+qxFilePlace qxSceneFile::placeOf(const osg::NodePtr &node) const
+{
+    const qxGltfOrigin &origin = m_content->origin;
+    for (const auto *list : {&origin.nodes, &origin.uppers}) {
+        const auto found = list->find(node.getFieldContainerId());
+        if (found != list->end())
+            return {found->second, -1};
+    }
+    return m_content->partOf(node);
+}
+
+std::optional<int> qxSceneFile::materialOf(const osg::MaterialPtr &material) const
+{
+    if (material == osg::NullFC)
+        return -1;
+    const auto found = m_content->origin.materials.find(material.getFieldContainerId());
+    return found == m_content->origin.materials.end() ? std::nullopt
+                                                      : std::optional<int>(found->second);
 }

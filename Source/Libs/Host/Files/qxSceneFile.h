@@ -2,11 +2,15 @@
 
 #include "Files/qxSceneVariant.h"
 
+#include <OpenSG/OSGMaterial.h>
+#include <OpenSG/OSGNode.h>
+
 #include <QByteArray>
 #include <QStringList>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// What a scene file holds, for listings.
@@ -25,6 +29,12 @@ struct qxSceneFileInfo {
     QStringList extensionsRequired; ///< those that the file cannot do without
     QStringList extensionsNotUnderstood; ///< used by the file, kept, but not shown
     QStringList extensionsMissing; ///< likewise, of those that it requires
+};
+
+/// Where something of the scene stands in its file.
+struct qxFilePlace {
+    int node = -1; ///< in the file's list of nodes; -1 for what is not from the file
+    int part = -1; ///< in the mesh of that node, whose primitives are the parts; -1 for the node
 };
 
 /// Reads scenes from glTF 2.0 files (.gltf, .glb) into the host and writes them back.
@@ -77,6 +87,14 @@ public:
 
     /// The content of the file loaded last.
     qxSceneFileInfo info() const;
+
+    /// Where a node stands in the file loaded last. The nodes that were made above one of the file,
+    /// such as for its transform, stand for that one, and a geometry below it for a part. Clips
+    /// need no place: qxAnimationPlayer has those of the file in its order.
+    qxFilePlace placeOf(const osg::NodePtr &node) const;
+    /// Where a material stands in the list of materials of that file: -1 for null and for the one
+    /// of parts without a material; nothing for others, such as switch materials and new ones.
+    std::optional<int> materialOf(const osg::MaterialPtr &material) const;
 
 private:
     struct Content;
