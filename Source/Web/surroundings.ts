@@ -3,7 +3,7 @@ import {
     LinearSRGBColorSpace, PMREMGenerator, RGBAFormat, SRGBColorSpace, type Scene, type Texture,
     type WebGLRenderer,
 } from "three";
-import { HDRLoader } from "three/examples/jsm/loaders/HDRLoader.js";
+import { HDRLoader } from "three/addons/loaders/HDRLoader.js";
 import type { Lighting, Published } from "./published";
 import type { Source } from "./source";
 import type { States } from "./states";
