@@ -169,8 +169,9 @@ int runPublish(const QCommandLineParser &parser)
     qxSetPreviews::prepare(parser);
     const qxInterrupt interrupt;
     qxPublisher publisher;
-    if (!publisher.describe(session, wishesOf(parser)))
-        return WorkFailed;
+    const QString flaw = publisher.describe(session.file(), wishesOf(parser));
+    if (!flaw.isEmpty())
+        return qxCommands::fail(flaw);
     if (!makePictures(publisher))
         return qxCommands::endedEarly(QStringLiteral("nothing was written"),
                                       QStringLiteral("a picture failed"));

@@ -3,8 +3,8 @@
 #include "qxVariantSet.h"
 #include "qxVariants.h"
 
+#include "Files/qxSceneFile.h"
 #include "Publish/qxPublishedLight.h"
-#include "Session/qxSession.h"
 #include "Session/qxSetPictures.h"
 #include "qxScenegraph.h"
 
@@ -24,35 +24,35 @@ QByteArray jpegOf(const QByteArray &picture)
 
 } // namespace
 
-bool qxPublisher::describe(qxSession &session, const Wishes &wishes)
+QString qxPublisher::describe(const qxSceneFile &file, const Wishes &wishes)
 {
     m_publication.title = wishes.title;
     m_publication.language = wishes.states.language;
-    if (!addScene(session, wishes.compress))
-        return false;
-    addStates(session, wishes);
+    const QString flaw = addScene(file, wishes.compress);
+    if (!flaw.isEmpty())
+        return flaw;
+    addStates(file, wishes);
     addHead();
-    return true;
+    return QString();
 }
 
-bool qxPublisher::addScene(qxSession &session, bool compress)
+QString qxPublisher::addScene(const qxSceneFile &file, bool compress)
 {
     qxExportOptions options;
     options.extent = qxExportOptions::Everything;
     options.compress = compress;
     qxExport scene;
-    if (!session.makeExport(options, scene))
-        return false;
+    const QString flaw = file.makeExport(options, scene);
     m_publication.scene = scene.glb;
     for (const qxExport::Loss &loss : scene.losses)
         m_losses.add({QString(), loss.kind, loss.name, QString(),
                       loss.isGone ? qxLoss::Dropped : qxLoss::Approximated, loss.reason});
-    return true;
+    return flaw;
 }
 
-void qxPublisher::addStates(const qxSession &session, const Wishes &wishes)
+void qxPublisher::addStates(const qxSceneFile &file, const Wishes &wishes)
 {
-    const qxPublishedStates states(session.file(), wishes.states, m_losses);
+    const qxPublishedStates states(file, wishes.states, m_losses);
     m_publication.published = states.json();
     for (const QString &name : states.sets()) {
         const QByteArray jpeg = jpegOf(qxVariants::findVariantSet(name)->getPreview());

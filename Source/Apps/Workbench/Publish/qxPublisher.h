@@ -5,7 +5,7 @@
 #include "Publish/qxPublishedStates.h"
 #include "Session/qxSetPreviews.h"
 
-class qxSession;
+class qxSceneFile;
 
 /// Makes a publication of the opened scene, as it stands. No script of a set may run meanwhile:
 /// none does in browsers, so pictures must not show what scripts do.
@@ -17,9 +17,9 @@ public:
         bool compress = false; ///< meshes and pictures
     };
 
-    /// Looks at the scene from where the main view looks, which is where the page will look first.
-    /// False, after saying why on standard error, if the scene cannot be written.
-    bool describe(qxSession &session, const Wishes &wishes);
+    /// Looks at the scene of the file from where the main view looks, which is where the page will
+    /// look first. Why the scene cannot be written; empty if it can.
+    QString describe(const qxSceneFile &file, const Wishes &wishes);
 
     /// The sets that have no preview.
     const QStringList &withoutPreview() const { return m_withoutPreview; }
@@ -34,8 +34,8 @@ public:
     const qxLossReport &losses() const { return m_losses; }
 
 private:
-    bool addScene(qxSession &session, bool compress);
-    void addStates(const qxSession &session, const Wishes &wishes);
+    QString addScene(const qxSceneFile &file, bool compress);
+    void addStates(const qxSceneFile &file, const Wishes &wishes);
     void addHead();
 
     qxPublication m_publication;

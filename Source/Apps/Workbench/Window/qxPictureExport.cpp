@@ -7,6 +7,7 @@
 #include "Report/qxContactSheet.h"
 #include "Report/qxPictureHint.h"
 #include "Report/qxStreams.h"
+#include "Script/qxScriptRunner.h"
 #include "Session/qxPictureScope.h"
 #include "Session/qxSession.h"
 #include "Session/qxSetPictures.h"
@@ -23,6 +24,7 @@
 #include <QImageWriter>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScopeGuard>
 
 namespace {
 
@@ -184,10 +186,13 @@ bool qxPictureExport::publish(qxPublisher &publisher)
     wishes.compress = true;
     bool isDone = false;
     m_sets->keepCursor([&] {
+        const auto allowed = qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
+        const auto allow = qScopeGuard([allowed] { qxScriptRunner::setAllowed(allowed); });
         const qxPictureScope scope(qxPictureSettings::Best);
         const qxStartView view;
-        if (!publisher.describe(m_session, wishes))
-            return showProblem(tr("No web page can be made."), m_session.failure());
+        const QString flaw = publisher.describe(m_session.file(), wishes);
+        if (!flaw.isEmpty())
+            return showProblem(tr("No web page can be made."), flaw);
         const QStringList &names = publisher.withoutPreview();
         qxExportProgress progress(names.size() + 1, m_window);
         const auto begin = [&progress](const QString &set) { return progress.begin(set); };
