@@ -1,5 +1,6 @@
 #include "qxSceneJson.h"
 
+#include "Files/Gltf/Common/qxGltfJson.h"
 #include "Scene/qxClipping.h"
 #include "qxUberCameraPool.h"
 
@@ -19,12 +20,7 @@ QString colour(const osg::Color3f &parts)
 
 double qxSceneJson::number(float value)
 {
-    for (int digits = 6; digits < 9; ++digits) {
-        const double number = QByteArray::number(double(value), 'g', digits).toDouble();
-        if (float(number) == value)
-            return number;
-    }
-    return double(value);
+    return qxGltfNumber(value).get<double>();
 }
 
 QJsonArray qxSceneJson::matrix(const osg::Matrix &matrix)
