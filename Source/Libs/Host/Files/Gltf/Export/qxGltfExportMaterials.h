@@ -2,6 +2,7 @@
 
 #include "Files/Gltf/Common/qxGltfJson.h"
 #include "Files/Gltf/Export/qxGltfBin.h"
+#include "Files/Gltf/Export/qxGltfCompressPicture.h"
 #include "Files/Gltf/Export/qxGltfTidy.h"
 
 #include <map>
@@ -19,6 +20,8 @@ public:
         : m_model(model), m_json(json), m_bin(bin), m_options(options), m_result(result),
           m_tidy(options.extent, result)
     {
+        if (options.compress)
+            findUses();
     }
 
     /// The material in the export that is at this place of the file; -1 stays -1. It is copied when
@@ -33,6 +36,9 @@ public:
     bool needsWebp() const { return m_needsWebp; }
 
 private:
+    void findUses();
+    void findUses(const qxJson &object, bool usesAlpha);
+    QByteArray written(const QByteArray &bytes, const std::string &key) const;
     void takeTextures(qxJson &object);
     std::optional<int> texture(int index);
     std::optional<int> image(int index);
@@ -50,4 +56,6 @@ private:
     std::map<int, std::optional<int>> m_textures;
     std::map<std::string, std::optional<int>> m_images; ///< by where their data are
     std::map<int, int> m_samplers;
+    std::map<std::string, qxGltfPictureContent>
+        m_uses; ///< of pictures, as m_images; for compression
 };

@@ -313,6 +313,8 @@ void qxGltfExporter::finish()
         required.emplace_back("EXT_texture_webp");
     if (m_meshes.isQuantized())
         required.emplace_back("KHR_mesh_quantization");
+    if (m_bin.isCompressed())
+        required.emplace_back("EXT_meshopt_compression");
     qxGltfListExtensions(m_json, required);
     const QByteArray text =
         QByteArray::fromStdString(m_json.dump(-1, ' ', false, qxJson::error_handler_t::replace));
