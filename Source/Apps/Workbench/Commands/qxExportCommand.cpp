@@ -1,25 +1,16 @@
-#include "qxVariantSet.h"
 #include "qxVariants.h"
 
-#include "Cameras/qxMainView.h"
 #include "Files/qxMemoryBudget.h"
 #include "Files/qxOutputFile.h"
-#include "Publish/qxExportLosses.h"
-#include "Publish/qxMaterialForecast.h"
+#include "Publish/qxPlainExport.h"
 #include "Report/qxOutput.h"
 #include "Report/qxStreams.h"
-#include "Script/qxScriptRunner.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
-#include "qxExplanation.h"
-#include "qxText.h"
 #include "qxUnknownName.h"
 
 #include <QCommandLineParser>
 #include <QJsonObject>
-
-#include <algorithm>
-#include <numeric>
 
 namespace {
 
@@ -38,36 +29,6 @@ QList<QCommandLineOption> exportOptions()
          QStringLiteral("Compresses meshes and pictures, for viewers that can read them.")},
         qxCommands::jsonOption(),
         qxCommands::traceOption()};
-}
-
-/// Selects the set, without its script.
-void showSet(const qxVariantSet &set)
-{
-    const qxScriptRunner::Allowed before = qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
-    qxVariants::selectVariantSet(qxText::toUtf8(set.name).c_str(), false);
-    qxScriptRunner::setAllowed(before);
-}
-
-/// All viewpoints, that of the view first.
-std::vector<int> viewpoints()
-{
-    std::vector<int> ids(std::size_t(qxUberCameraPool::the()->count()));
-    std::iota(ids.begin(), ids.end(), 0);
-    const auto shown = std::find(ids.begin(), ids.end(), qxMainView::the().viewpoint);
-    if (shown != ids.end())
-        std::rotate(ids.begin(), shown, shown + 1);
-    return ids;
-}
-
-std::vector<qxExportOptions::Variant> variants(const qxMaterialForecast &materials)
-{
-    std::vector<qxExportOptions::Variant> all;
-    for (const qxVariantSet *set : qxVariants::_variantSets) {
-        qxForecast forecast;
-        const qxExplanation foreseen(*set, forecast);
-        all.push_back({qxText::toUtf8(set->name), materials.changes(forecast)});
-    }
-    return all;
 }
 
 QJsonObject sizesOf(const qxExport::Size &size)
@@ -98,34 +59,6 @@ void print(const QString &out, const qxExport &file, const qxLossReport &report,
     report.print();
 }
 
-/// Makes the file, writes and reports it.
-int exportScene(const qxSession &session, const QCommandLineParser &parser,
-                const qxVariantSet *shown)
-{
-    const bool isOne = parser.isSet(QStringLiteral("set"));
-    const QString out = parser.value(QStringLiteral("out"));
-    const qxMaterialForecast materials;
-    qxExportOptions options;
-    options.compress = parser.isSet(QStringLiteral("compress"));
-    options.viewpoints = viewpoints();
-    if (!isOne)
-        options.variants = variants(materials);
-    qxExport file;
-    const QString flaw = session.file().makeExport(options, file);
-    if (!flaw.isEmpty())
-        return qxCommands::fail(flaw);
-    qxExportLosses losses(file, materials);
-    losses.addScene(file);
-    for (const qxVariantSet *set : qxVariants::_variantSets) {
-        if (set == shown || !isOne)
-            losses.addSet(*set, set == shown ? qxExportLosses::Scene : qxExportLosses::Variant);
-    }
-    if (!qxStreams::write(out, file.glb))
-        return WorkFailed;
-    print(out, file, losses.report(), parser.isSet(QStringLiteral("json")));
-    return Success;
-}
-
 int runExport(const QCommandLineParser &parser)
 {
     const QString path = parser.positionalArguments().first();
@@ -148,9 +81,18 @@ int runExport(const QCommandLineParser &parser)
     const qxVariantSet *const shown = name.isEmpty() ? nullptr : qxVariants::findVariantSet(name);
     if (!name.isEmpty() && !shown)
         return qxCommands::fail(qxUnknownName::set(name));
-    if (shown)
-        showSet(*shown);
-    return exportScene(session, parser, shown);
+    qxExport file;
+    qxLossReport report;
+    const QString flaw = qxPlainExport::make(
+        session.file(),
+        {shown, parser.isSet(QStringLiteral("set")), parser.isSet(QStringLiteral("compress"))},
+        file, report);
+    if (!flaw.isEmpty())
+        return qxCommands::fail(flaw);
+    if (!qxStreams::write(out, file.glb))
+        return WorkFailed;
+    print(out, file, report, parser.isSet(QStringLiteral("json")));
+    return Success;
 }
 
 } // namespace

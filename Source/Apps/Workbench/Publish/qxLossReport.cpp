@@ -82,6 +82,8 @@ void qxLossReport::print() const
                        .arg(count(qxLoss::Carried))
                        .arg(count(qxLoss::Approximated))
                        .arg(count(qxLoss::Dropped)));
+    if (count(qxLoss::Carried) == m_losses.size())
+        qxOutput::line(QStringLiteral("nothing is lost"));
     for (const qxLoss::Outcome outcome : {qxLoss::Approximated, qxLoss::Dropped}) {
         for (const ReportBlock &block : blocksOf(m_losses, outcome)) {
             qxOutput::line(QString());

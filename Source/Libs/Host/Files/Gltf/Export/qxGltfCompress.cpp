@@ -67,7 +67,7 @@ int gridOf(const std::string &name, const std::vector<float> &values, std::size_
     int exponent = name.compare(0, 8, "TEXCOORD") == 0 ? -16 : -14;
     if (name == "POSITION") {
         const float size = isTarget ? largest : extentOf(values, components);
-        exponent = std::ilogb(std::max(size, 1e-20f)) - 15;
+        exponent = std::ilogb(std::max(size, 1e-20f)) - 16;
     }
     while (std::ldexp(1.0f, exponent) * float(_largestMantissa) < largest)
         ++exponent;

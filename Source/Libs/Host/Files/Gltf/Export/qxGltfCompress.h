@@ -28,7 +28,7 @@ struct qxGltfCompressed {
     const char *filter = nullptr; ///< null for none
 };
 
-/// Compresses an attribute of vertices: positions to 2^-15 of the extent, texture coordinates to
+/// Compresses an attribute of vertices: positions to 2^-16 of the extent, texture coordinates to
 /// 2^-16, directions to twelve bits.
 qxGltfCompressed qxGltfCompressVertices(const std::string &name, const qxGltfPacked &values,
                                         bool isTarget);
