@@ -24,7 +24,7 @@ TEST_F(WrongUseTest, EveryCommandSaysWhatIsMissing)
           "optimize --trace", "lint --trace", "explain Morning --trace",
           "rename node Desk Table --dry-run --trace", "repair --trace",
           "render --out a.png --trace", "previews --save a.gltf --trace",
-          "catalogue --out . --trace", "check --trace", "capture Now --trace"}) {
+          "catalogue --out . --trace", "export --out a.glb --trace", "check --trace", "capture Now --trace"}) {
         QStringList words = QString(call).split(' ');
         const QString needed =
             QRegularExpression("\n  " + words[0] + " (FILE.*?)  ").match(overview).captured(1);
