@@ -1,6 +1,7 @@
 #include "Files/Gltf/Export/qxGltfExporter.h"
 
 #include "Files/Gltf/Common/qxGltfCores.h"
+#include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
 #include "Files/Gltf/Common/qxGltfSwitchMaterialState.h"
 #include "Files/Gltf/Export/qxGltfExportClips.h"
@@ -310,6 +311,11 @@ void qxGltfExporter::writeCameras(qxJson &roots)
         const qxUberCamera *camera = qxUberCameraPool::the()->get(id);
         if (!camera)
             continue;
+        if (!qxGltfIsFinite(camera->toWorld)) {
+            m_result.losses += {"viewpoint", qxText::fromUtf8(camera->name), true,
+                                "its place is beyond all numbers"};
+            continue;
+        }
         const std::size_t index = qxGltfSection(m_json, "cameras").size();
         m_json["cameras"].push_back(qxGltfCamera(*camera));
         const int node = cameraNode(id);
