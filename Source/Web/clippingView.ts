@@ -3,9 +3,9 @@ import {
     MeshBasicMaterial, Plane, PlaneGeometry, Vector3, Float32BufferAttribute, type Object3D,
     type Vector2,
 } from "three";
-import { LineMaterial } from "three/examples/jsm/lines/LineMaterial.js";
-import { LineSegments2 } from "three/examples/jsm/lines/LineSegments2.js";
-import { LineSegmentsGeometry } from "three/examples/jsm/lines/LineSegmentsGeometry.js";
+import { LineMaterial } from "three/addons/lines/LineMaterial.js";
+import { LineSegments2 } from "three/addons/lines/LineSegments2.js";
+import { LineSegmentsGeometry } from "three/addons/lines/LineSegmentsGeometry.js";
 import { contourOf } from "./contour";
 import type { Clipping, Published } from "./published";
 

@@ -2,8 +2,8 @@ import {
     Color, DoubleSide, Mesh, MeshBasicMaterial, MeshStandardMaterial, type AnimationClip,
     type Group, type Material, type Object3D,
 } from "three";
-import { GLTFLoader, type GLTF } from "three/examples/jsm/loaders/GLTFLoader.js";
-import { MeshoptDecoder } from "three/examples/jsm/libs/meshopt_decoder.module.js";
+import { GLTFLoader, type GLTF } from "three/addons/loaders/GLTFLoader.js";
+import { MeshoptDecoder } from "three/addons/libs/meshopt_decoder.module.js";
 import type { MaterialChoice, Published } from "./published";
 import { SourceError } from "./source";
 

@@ -1,7 +1,7 @@
 import {
     MathUtils, Matrix4, OrthographicCamera, PerspectiveCamera, Quaternion, Vector3,
 } from "three";
-import { OrbitControls } from "three/examples/jsm/controls/OrbitControls.js";
+import { OrbitControls } from "three/addons/controls/OrbitControls.js";
 import type { Camera, Published } from "./published";
 
 type ViewCamera = PerspectiveCamera | OrthographicCamera;
