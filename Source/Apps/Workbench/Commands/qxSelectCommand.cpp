@@ -6,6 +6,7 @@
 #include "Report/qxChangeReport.h"
 #include "Report/qxOutput.h"
 #include "Session/qxInterrupt.h"
+#include "Session/qxSceneRecord.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
 #include "qxExplanation.h"
@@ -27,6 +28,8 @@ QList<QCommandLineOption> selectOptions()
             qxCommands::noScriptsOption(),
             qxCommands::saveOption(),
             qxCommands::jsonOption(),
+            {QStringLiteral("record"),
+             QStringLiteral("With --json: adds all that the scene shows then, node by node.")},
             qxCommands::traceOption()};
 }
 
@@ -71,12 +74,14 @@ public:
         if (m_json)
             qxOutput::json(m_array);
     }
-    void add(const qxChangeReport &report)
+    void add(const qxChangeReport &report, const QJsonObject &record = QJsonObject())
     {
-        if (m_json)
-            m_array += report.toJson();
-        else
-            report.print();
+        if (!m_json)
+            return report.print();
+        QJsonObject json = report.toJson();
+        if (!record.isEmpty())
+            json[QStringLiteral("record")] = record;
+        m_array += json;
     }
 
 private:
@@ -129,37 +134,52 @@ int saveAfterScripts(qxSession &session, const QCommandLineParser &parser)
     return code;
 }
 
-void selectAll(const QStringList &names, bool keepCamera, bool json)
+void selectAll(const qxSession &session, const QCommandLineParser &parser)
 {
-    Reports reports(json);
-    for (const QString &name : names) {
+    Reports reports(parser.isSet(QStringLiteral("json")));
+    const bool keepCamera = parser.isSet(QStringLiteral("keep-camera"));
+    const bool isRecorded = parser.isSet(QStringLiteral("record"));
+    for (const QString &name : parser.positionalArguments().mid(1)) {
         if (qxInterrupt::isAsked())
             return;
         const QStringList missing = missingFor(name);
         qxChangeReport report;
         qxVariants::selectVariantSet(qxText::toUtf8(name).c_str(), keepCamera);
         report.finish(name, missing);
-        reports.add(report);
+        reports.add(report, isRecorded ? qxSceneRecord::take(session.file()) : QJsonObject());
     }
+}
+
+/// Why there can be no record; empty when there can, or none is asked for.
+QString flawOfRecord(const QCommandLineParser &parser)
+{
+    if (!parser.isSet(QStringLiteral("record")))
+        return QString();
+    if (!parser.isSet(QStringLiteral("json")))
+        return QStringLiteral("--record needs --json");
+    return parser.isSet(QStringLiteral("dry-run"))
+        ? QStringLiteral("--record and --dry-run do not go together")
+        : QString();
 }
 
 int runSelect(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments().mid(1);
     const bool json = parser.isSet(QStringLiteral("json"));
+    if (const QString flaw = flawOfRecord(parser); !flaw.isEmpty())
+        return qxCommands::fail(flaw, WrongUse);
     qxSession session(parser.isSet(QStringLiteral("trace")));
     // Looked up before the first selection: nothing is half done because of a misspelt name.
     if (!session.open(parser.positionalArguments().first()) || !areSets(names))
         return WorkFailed;
 
-    const bool keepCamera = parser.isSet(QStringLiteral("keep-camera"));
     if (parser.isSet(QStringLiteral("dry-run"))) {
         if (parser.isSet(QStringLiteral("save")))
             return qxCommands::fail(QStringLiteral("--dry-run changes nothing to save"));
-        foreseeAll(names, keepCamera, json);
+        foreseeAll(names, parser.isSet(QStringLiteral("keep-camera")), json);
         return Success;
     }
-    selectAll(names, keepCamera, json);
+    selectAll(session, parser);
     return saveAfterScripts(session, parser);
 }
 

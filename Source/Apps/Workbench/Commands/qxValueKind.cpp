@@ -39,6 +39,9 @@ const qxValueKind valueKinds[] = {
     {"NEW", "Its name to be.", qxValueKind::Word, ""},
     {"SCENE|XML", nullptr, qxValueKind::File, "gltf|glb|xml"},
     {"PICTURE", nullptr, qxValueKind::File, "hdr|pic|exr"},
+    {"GROUP", nullptr, qxValueKind::Word, ""},
+    {"TITLE", nullptr, qxValueKind::Word, ""},
+    {"en|de", nullptr, qxValueKind::Word, ""},
     {"XML", nullptr, qxValueKind::File, "xml"},
     {"HTML", nullptr, qxValueKind::File, "html"},
     {"CSV", nullptr, qxValueKind::File, "csv"},
@@ -50,7 +53,8 @@ const qxValueKind valueKinds[] = {
 const QStringList &outputs()
 {
     static const QStringList names{QStringLiteral("save"), QStringLiteral("out"),
-                                   QStringLiteral("report"), QStringLiteral("html")};
+                                   QStringLiteral("report"), QStringLiteral("html"),
+                                   QStringLiteral("single-file")};
     return names;
 }
 

@@ -30,8 +30,8 @@ public:
     /// How many of them came out so.
     int count(qxLoss::Outcome outcome) const;
 
-    /// Prints for people: the numbers, then what is not carried, by set. Equal lines of several sets
-    /// are one.
+    /// Prints for people: the numbers, then what is not carried, by set. Equal lines of several
+    /// sets are one.
     void print() const;
     /// All of them.
     QJsonObject toJson() const;

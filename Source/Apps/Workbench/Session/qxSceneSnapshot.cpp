@@ -1,15 +1,32 @@
 #include "qxSceneSnapshot.h"
 
+#include "OSGSwitchComponentTransform.h"
 #include "Scene/qxTransformStates.h"
 #include "qxNodeUtils.h"
+#include "qxNodeWalk.h"
+#include "qxOverlays.h"
 #include "qxScenegraph.h"
+
+namespace {
+
+/// Whether a variant can put the node elsewhere.
+bool isMovable(const osg::NodePtr &node)
+{
+    return qxTransformStates::of(node) != osg::NullFC
+        || osg::SwitchComponentTransformPtr::dcast(node->getCore()) != osg::NullFC;
+}
+
+} // namespace
 
 qxSceneSnapshot::qxSceneSnapshot()
     : m_state(qxSceneState::take()), m_view(qxMainView::the()), m_clipping(qxClipping::the())
 {
-    for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(qxScenegraph::getRoot())) {
-        if (qxTransformStates::of(node) != osg::NullFC)
-            m_poses.push_back(poseOf(node));
+    for (const osg::NodePtr &top : {qxScenegraph::getRoot(), qxOverlays::getPoolRoot(),
+                                    qxScenegraph::environmentGeometrySwitch()}) {
+        qxWalkNodes(top, [this](const osg::NodePtr &node) {
+            if (isMovable(node))
+                m_poses.push_back(poseOf(node));
+        });
     }
 }
 
@@ -34,7 +51,7 @@ qxSceneSnapshot::Pose qxSceneSnapshot::poseOf(const osg::NodePtr &node)
 {
     Pose pose;
     pose.node = node;
-    pose.selected = qxTransformStates::of(node)->getSelected();
+    pose.selected = qxNodeUtils::getTransformVariantCurrentIndex(node);
     const auto components = osg::ComponentTransformPtr::dcast(node->getCore());
     const auto transform = osg::TransformPtr::dcast(node->getCore());
     if (components != osg::NullFC) {
@@ -49,14 +66,19 @@ qxSceneSnapshot::Pose qxSceneSnapshot::poseOf(const osg::NodePtr &node)
     return pose;
 }
 
-// Part by part: a matrix taken apart again would move the node by a rounding error.
+// Part by part: a matrix taken apart again would move the node by a rounding error. And nothing but
+// these parts: an edit of its choice would put a transform switch where that leads.
 void qxSceneSnapshot::restorePose(const Pose &pose)
 {
     const osg::NodePtr node = pose.node.get();
     const auto components = osg::ComponentTransformPtr::dcast(node->getCore());
     const auto transform = osg::TransformPtr::dcast(node->getCore());
     if (components != osg::NullFC) {
-        const osg::CPEditor edit(components);
+        typedef osg::ComponentTransform Fields;
+        const osg::CPEditor edit(components,
+                                 Fields::TranslationFieldMask | Fields::RotationFieldMask
+                                     | Fields::ScaleFieldMask | Fields::ScaleOrientationFieldMask
+                                     | Fields::CenterFieldMask);
         components->setTranslation(pose.translation);
         components->setRotation(pose.rotation);
         components->setScale(pose.scale);

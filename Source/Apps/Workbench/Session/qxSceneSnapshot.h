@@ -17,7 +17,7 @@ public:
     bool isStillSo() const;
 
 private:
-    /// How a node with named transform states stands.
+    /// How a transform switch, or a node with named transform states, stands.
     struct Pose {
         osg::NodeRefPtr node;
         int selected;

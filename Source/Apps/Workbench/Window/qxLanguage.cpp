@@ -12,6 +12,15 @@ const char *const languageKey = "window/language";
 const char *const english = "en"; ///< what the sources are written in
 const char *const german = "de";
 
+/// In use as long as it lives; null for one that there is not.
+std::unique_ptr<QTranslator> installed(const QString &catalogue, const QString &folder)
+{
+    auto translator = std::make_unique<QTranslator>();
+    const bool isThere = translator->load(catalogue, folder)
+        && QCoreApplication::installTranslator(translator.get());
+    return isThere ? std::move(translator) : nullptr;
+}
+
 /// The first language that the user of this system wants and that there is.
 QString systemCode()
 {
@@ -30,9 +39,17 @@ static void makeCataloguesKnown()
     Q_INIT_RESOURCE(translations);
 }
 
-qxLanguage::qxLanguage()
+qxCatalogue::qxCatalogue(const QString &code)
 {
     makeCataloguesKnown();
+    m_translator =
+        installed(QStringLiteral("qxVariants_") + code, QStringLiteral(":/translations"));
+}
+
+qxCatalogue::~qxCatalogue() = default;
+
+qxLanguage::qxLanguage()
+{
     install();
 }
 
@@ -60,19 +77,13 @@ void qxLanguage::choose(const QString &code)
     install();
 }
 
+// Without Qt's own catalogue the standard buttons stay English.
 void qxLanguage::install()
 {
-    m_translators.clear();
+    m_ofQt.reset();
+    m_own.reset();
     const QString code = chosen().isEmpty() ? systemCode() : chosen();
-    load(QStringLiteral("qxVariants_"), QStringLiteral(":/translations"), code);
-    load(QStringLiteral("qtbase_"), QLibraryInfo::location(QLibraryInfo::TranslationsPath), code);
-}
-
-void qxLanguage::load(const QString &catalogue, const QString &folder, const QString &code)
-{
-    auto translator = std::make_unique<QTranslator>();
-    // Without Qt's own catalogue the standard buttons stay English.
-    if (translator->load(catalogue + code, folder)
-        && QCoreApplication::installTranslator(translator.get()))
-        m_translators.push_back(std::move(translator));
+    m_own = std::make_unique<qxCatalogue>(code);
+    m_ofQt = installed(QStringLiteral("qtbase_") + code,
+                       QLibraryInfo::location(QLibraryInfo::TranslationsPath));
 }

@@ -3,9 +3,21 @@
 #include <QStringList>
 
 #include <memory>
-#include <vector>
 
 class QTranslator;
+
+/// The texts of this program in one language, in use while this lives: before those of other
+/// catalogues that were in use already.
+class qxCatalogue {
+public:
+    /// A code such as "de"; texts stay as they were where there is no catalogue of that language.
+    explicit qxCatalogue(const QString &code);
+    qxCatalogue(const qxCatalogue &) = delete;
+    ~qxCatalogue();
+
+private:
+    std::unique_ptr<QTranslator> m_translator;
+};
 
 /// The language of the interface: the translations of this program and of Qt, in use while this
 /// lives. The choice is remembered in the settings of the program.
@@ -28,7 +40,7 @@ public:
 
 private:
     void install();
-    void load(const QString &catalogue, const QString &folder, const QString &code);
 
-    std::vector<std::unique_ptr<QTranslator>> m_translators;
+    std::unique_ptr<qxCatalogue> m_own;
+    std::unique_ptr<QTranslator> m_ofQt;
 };

@@ -4,6 +4,7 @@
 #include "Files/Gltf/Common/qxGltfFiles.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/Gltf/Common/qxGltfVariants.h"
+#include "Files/Gltf/Export/qxGltfExporter.h"
 #include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
@@ -14,6 +15,7 @@
 #include "Files/Gltf/Write/qxGltfPatch.h"
 #include "Files/qxMemoryBudget.h"
 #include "Files/qxOutputFile.h"
+#include "qxNodeWalk.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
 #include "qxText.h"
@@ -48,8 +50,10 @@ struct qxSceneFile::Content {
     static std::unique_ptr<Content> load(const QString &path, QStringList &warnings,
                                          const StepListener &listener);
     /// The JSON of the file with what changed in the scene since.
-    qxJson edited() const;
+    qxGltfEdited edited() const;
     bool isBufferOutdated() const;
+    /// The place of a geometry below a node of the file.
+    qxFilePlace partOf(const osg::NodePtr &node) const;
     /// Notes what a file holds that is read or written now.
     void note(const QString &path, const qxFileStamp &stamp);
 };
@@ -149,10 +153,13 @@ qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Ste
     return content;
 }
 
-qxJson qxSceneFile::Content::edited() const
+qxGltfEdited qxSceneFile::Content::edited() const
 {
-    qxJson json = document.json;
-    const qxGltfState after =
+    qxGltfEdited result;
+    qxJson &json = result.json;
+    json = document.json;
+    qxGltfState &after = result.state;
+    after =
         qxGltfState::of(childrenOf(qxScenegraph::getRoot()), childrenOf(qxOverlays::getPoolRoot()),
                         qxScenegraph::environmentGeometrySwitch(), origin);
     qxGltfMaterialPatch materialPatch(json, origin, materials);
@@ -162,7 +169,8 @@ qxJson qxSceneFile::Content::edited() const
     materialPatch.writeGeometries(after, use);
     const std::vector<int> meshes = qxGltfMeshPatch(json, origin, materialPatch).write(after);
     materialPatch.settleNames();
-    qxGltfPatch(json, before, after).write(meshes, scene);
+    result.materials = materialPatch.places();
+    result.nodes = qxGltfPatch(json, before, after).write(meshes, scene);
     qxGltfKeepViewpoints(json, origin, after);
     qxGltfAddViewpoints(json, scene, viewpoints);
     if (qxGltfSection(document.json, "scenes").empty() && !qxGltfSection(json, "scenes").empty())
@@ -172,13 +180,28 @@ qxJson qxSceneFile::Content::edited() const
         if (!bufferFiles[i].isUpToDate())
             json["buffers"][i]["uri"] = qxGltfDataUriOf(buffers[i]);
     }
-    return json;
+    return result;
 }
 
 bool qxSceneFile::Content::isBufferOutdated() const
 {
     return std::any_of(bufferFiles.begin(), bufferFiles.end(),
                        [](const qxFileStamp &stamp) { return !stamp.isUpToDate(); });
+}
+
+qxFilePlace qxSceneFile::Content::partOf(const osg::NodePtr &node) const
+{
+    const osg::NodePtr above = node->getParent();
+    const auto part = node->getCore() == osg::NullFC
+        ? origin.geometries.end()
+        : origin.geometries.find(node->getCore().getFieldContainerId());
+    if (above == osg::NullFC || part == origin.geometries.end())
+        return {};
+    const auto owner = origin.nodes.find(above.getFieldContainerId());
+    const bool isOwn = owner != origin.nodes.end()
+        && qxGltfIndex(document.json["nodes"][std::size_t(owner->second)], "mesh")
+            == part->second.mesh;
+    return isOwn ? qxFilePlace{owner->second, part->second.primitive} : qxFilePlace();
 }
 
 void qxSceneFile::Content::note(const QString &path, const qxFileStamp &stamp)
@@ -215,12 +238,32 @@ bool qxSceneFile::save(const QString &path)
                 m_content->note(path, qxFileStamp(path, output.content()));
         });
         const bool isOutdated = m_content->isBufferOutdated();
-        output.write(m_content->edited(), m_content->buffers);
+        output.write(m_content->edited().json, m_content->buffers);
         m_content->hasTakenIn = isOutdated;
         if (m_content->hasTakenIn)
             m_warnings << qxFileText::tr("buffers whose files have changed on the disk stand in "
                                          "the scene file now, as they were loaded");
     });
+}
+
+QString qxSceneFile::makeExport(const qxExportOptions &options, qxExport &result) const
+{
+    return qxGltfAttempt(m_content->document.path, [&] {
+        const qxGltfEdited edited = m_content->edited();
+        qxGltfModel model = qxGltfModel::of(m_content->document, edited.json, m_content->buffers);
+        result = qxGltfExporter(model, edited, m_content->origin, options).make();
+    });
+}
+
+qxShownMaterials qxSceneFile::shownMaterials()
+{
+    qxShownMaterials shown;
+    qxWalkNodes(qxScenegraph::getRoot(), [&shown](const osg::NodePtr &node) {
+        const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(node->getCore());
+        if (geometry != osg::NullFC)
+            shown[geometry.getFieldContainerId()] = qxGltfShownMaterial(geometry->getMaterial());
+    });
+    return shown;
 }
 
 bool qxSceneFile::isChangedByOthers(const QString &path) const
@@ -274,4 +317,24 @@ std::vector<qxSceneVariant> qxSceneFile::materialVariants() const
 qxSceneFileInfo qxSceneFile::info() const
 {
     return m_content->info;
+}
+
+qxFilePlace qxSceneFile::placeOf(const osg::NodePtr &node) const
+{
+    const qxGltfOrigin &origin = m_content->origin;
+    for (const auto *list : {&origin.nodes, &origin.uppers}) {
+        const auto found = list->find(node.getFieldContainerId());
+        if (found != list->end())
+            return {found->second, -1};
+    }
+    return m_content->partOf(node);
+}
+
+std::optional<int> qxSceneFile::materialOf(const osg::MaterialPtr &material) const
+{
+    if (material == osg::NullFC)
+        return -1;
+    const auto found = m_content->origin.materials.find(material.getFieldContainerId());
+    return found == m_content->origin.materials.end() ? std::nullopt
+                                                      : std::optional<int>(found->second);
 }

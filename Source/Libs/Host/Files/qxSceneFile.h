@@ -1,5 +1,10 @@
 #pragma once
 
+namespace osg {
+class NodePtr;
+}
+
+#include "Files/qxExport.h"
 #include "Files/qxSceneVariant.h"
 
 #include <QByteArray>
@@ -7,6 +12,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// What a scene file holds, for listings.
@@ -25,6 +31,12 @@ struct qxSceneFileInfo {
     QStringList extensionsRequired; ///< those that the file cannot do without
     QStringList extensionsNotUnderstood; ///< used by the file, kept, but not shown
     QStringList extensionsMissing; ///< likewise, of those that it requires
+};
+
+/// Where something of the scene stands in its file.
+struct qxFilePlace {
+    int node = -1; ///< in the file's list of nodes; -1 for what is not from the file
+    int part = -1; ///< in the mesh of that node, whose primitives are the parts; -1 for the node
 };
 
 /// Reads scenes from glTF 2.0 files (.gltf, .glb) into the host and writes them back.
@@ -54,6 +66,11 @@ public:
     /// otherwise. Files of buffers that others have changed are not overwritten; the scene file
     /// then includes the data that were loaded.
     bool save(const QString &path);
+    /// Makes a GLB of the present scene for others. What it takes from the file are the data that
+    /// were loaded. Why that failed, with the path; then `result` is unchanged.
+    QString makeExport(const qxExportOptions &options, qxExport &result) const;
+    /// What the geometries of the scene show now, but those of overlays and environments.
+    static qxShownMaterials shownMaterials();
     /// Whether others have changed the file that a save to `path` replaces, or files of its
     /// buffers, since it was last loaded or saved here.
     bool isChangedByOthers(const QString &path) const;
@@ -77,6 +94,14 @@ public:
 
     /// The content of the file loaded last.
     qxSceneFileInfo info() const;
+
+    /// Where a node stands in the file loaded last. The nodes that were made above one of the file,
+    /// such as for its transform, stand for that one, and a geometry below it for a part. Clips
+    /// need no place: qxAnimationPlayer has those of the file in its order.
+    qxFilePlace placeOf(const osg::NodePtr &node) const;
+    /// Where a material stands in the list of materials of that file: -1 for null and for the one
+    /// of parts without a material; nothing for others, such as switch materials and new ones.
+    std::optional<int> materialOf(const osg::MaterialPtr &material) const;
 
 private:
     struct Content;

@@ -1,0 +1,146 @@
+#include "Files/Gltf/Export/qxGltfExportMeshes.h"
+
+#include "Files/Gltf/Export/qxGltfVertexValues.h"
+#include "Files/Gltf/Read/qxGltfModel.h"
+
+namespace {
+
+const char *const _targetAttributes[] = {"POSITION", "NORMAL", "TANGENT"};
+
+} // namespace
+
+int qxGltfExportMeshes::mesh(int index, const std::vector<int> &parts, const Dress &dress)
+{
+    const auto [known, isNew] = m_meshes.try_emplace({index, parts}, -1);
+    if (!isNew)
+        return known->second;
+    const qxJson &from = m_model.document.json["meshes"][std::size_t(index)];
+    qxJson mesh = qxJson::object();
+    qxGltfDescribe(mesh, from, m_tidy);
+    for (const int part : parts) {
+        qxJson copy = primitive(index, part);
+        if (copy.is_null())
+            continue;
+        dress(copy, index, part);
+        mesh["primitives"].push_back(copy);
+    }
+    if (!mesh.contains("primitives"))
+        return -1;
+    if (from.contains("weights"))
+        mesh["weights"] = from["weights"];
+    qxJson &meshes = m_json["meshes"];
+    meshes.push_back(mesh);
+    return known->second = int(meshes.size()) - 1;
+}
+
+/// Null for one that shows nothing, unless the others have to keep their places.
+qxJson qxGltfExportMeshes::primitive(int mesh, int part)
+{
+    const qxJson &from =
+        m_model.document.json["meshes"][std::size_t(mesh)]["primitives"][std::size_t(part)];
+    qxJson primitive = qxJson::object();
+    try {
+        const qxGltfPrimitive data(m_model, {mesh, part}, m_draco);
+        if (!data.has("POSITION") || data.vertices() == 0)
+            return placeholder();
+        addAttributes(primitive, data);
+        addIndices(primitive, data);
+        if (data.mode() != TINYGLTF_MODE_TRIANGLES)
+            primitive["mode"] = data.mode();
+        addTargets(primitive, data);
+    } catch (const qxGltfError &error) { // the scene does without it, too
+        m_result.losses +=
+            {"mesh",
+             qxGltfPrimitiveLabel(mesh, m_model.document.json["meshes"][std::size_t(mesh)], part),
+             true, error.reason()};
+        return placeholder();
+    }
+    const qxJson extras = m_tidy.extras(from);
+    if (!extras.is_null())
+        primitive["extras"] = extras;
+    return primitive;
+}
+
+/// A triangle of one point.
+qxJson qxGltfExportMeshes::placeholder()
+{
+    if (m_options.extent == qxExportOptions::Shown)
+        return qxJson();
+    qxGltfPacked zeros = qxGltfPacked::of(std::vector<float>(9), 3);
+    zeros.bytes = QByteArray();
+    return {{"attributes", {{"POSITION", m_bin.addAccessor(zeros, qxGltfBin::Vertices, true)}}}};
+}
+
+void qxGltfExportMeshes::addAttributes(qxJson &primitive, const qxGltfPrimitive &from)
+{
+    for (const auto &[name, accessor] : from.typed().attributes) {
+        if (!qxGltfIsShownAttribute(name))
+            continue;
+        int copy = -1;
+        if (from.isCompressed(name.c_str())) {
+            qxGltfPacked values = qxGltfPacked::of(m_model, accessor);
+            values.setFloats(from.values(name.c_str(), values.components()));
+            copy = attribute(name, values, false);
+        } else {
+            copy = copied(name, accessor, false);
+        }
+        if (copy >= 0)
+            primitive["attributes"][name] = copy;
+    }
+}
+
+void qxGltfExportMeshes::addIndices(qxJson &primitive, const qxGltfPrimitive &from)
+{
+    if (!from.hasIndices())
+        return;
+    const auto add = [&] {
+        const qxGltfPacked indices = qxGltfPacked::of(from.indices());
+        m_result.meshes.before += indices.bytes.size();
+        m_result.meshes.after += indices.bytes.size();
+        return m_bin.addAccessor(indices, qxGltfBin::Indices, false);
+    };
+    const int accessor = from.indexAccessor();
+    if (accessor < 0) {
+        primitive["indices"] = add();
+        return;
+    }
+    const auto [known, isNew] = m_accessors.try_emplace({accessor, "indices"}, -1);
+    if (isNew)
+        known->second = add();
+    primitive["indices"] = known->second;
+}
+
+void qxGltfExportMeshes::addTargets(qxJson &primitive, const qxGltfPrimitive &from)
+{
+    for (const auto &target : from.typed().targets) {
+        qxJson copy = qxJson::object();
+        for (const char *name : _targetAttributes) {
+            const auto moved = target.find(name);
+            const int accessor =
+                moved == target.end() || !from.has(name) ? -1 : copied(name, moved->second, true);
+            if (accessor >= 0)
+                copy[name] = accessor;
+        }
+        primitive["targets"].push_back(copy);
+    }
+}
+
+/// The copy of an accessor of the file; -1 for one whose values are of no use.
+int qxGltfExportMeshes::copied(const std::string &name, int accessor, bool isTarget)
+{
+    const auto [known, isNew] =
+        m_accessors.try_emplace({accessor, isTarget ? "target " + name : name}, -1);
+    if (isNew)
+        known->second = attribute(name, qxGltfPacked::of(m_model, accessor), isTarget);
+    return known->second;
+}
+
+int qxGltfExportMeshes::attribute(const std::string &name, qxGltfPacked values, bool isTarget)
+{
+    if (!qxGltfMendVertices(isTarget ? std::string() : name, values))
+        return -1;
+    m_isQuantized = m_isQuantized || qxGltfIsQuantized(name, values);
+    m_result.meshes.before += values.bytes.size();
+    m_result.meshes.after += values.bytes.size();
+    return m_bin.addAccessor(values, qxGltfBin::Vertices, name == "POSITION");
+}

@@ -1,0 +1,219 @@
+#include "qxVariant.h"
+#include "qxVariantGroup.h"
+#include "qxVariantKinds.h"
+#include "qxVariantSet.h"
+#include "qxVariants.h"
+
+#include "Publish/qxLossReport.h"
+#include "Publish/qxPublishedStates.h"
+#include "PublishedPage.h"
+#include "RandomScene.h"
+#include "Report/qxChangeReport.h"
+#include "Script/qxScriptRunner.h"
+#include "Session/qxSceneRecord.h"
+#include "Session/qxSession.h"
+#include "ShownScene.h"
+#include "TestFiles.h"
+#include "qxController.h"
+#include "qxLights.h"
+#include "qxMaterialParts.h"
+#include "qxMaterials.h"
+#include "qxNodeUtils.h"
+#include "qxOverlays.h"
+#include "qxTestPaths.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QRegularExpression>
+
+namespace {
+
+/// The names of all materials by their places in the file; a choice out of range has no name.
+QMap<int, QStringList> materialNames(const qxSceneFile &file)
+{
+    QMap<int, QStringList> names{{-1, {QString()}}};
+    for (const osg::MaterialPtr &material : qxMaterialParts::all()) {
+        const std::optional<int> place = file.materialOf(material);
+        if (place)
+            names[*place] += QString::fromStdString(qxMaterials::getName(material));
+    }
+    return names;
+}
+
+} // namespace
+
+/// A page beside the program: both go through the same sets and states.
+class PublishedStatesTest : public testing::Test, protected TestFolder {
+protected:
+    ~PublishedStatesTest() override { qxController::removeListener(listener); }
+
+    /// Opens the file, makes variants and sets if wanted, and publishes what there is.
+    void publish(const QString &path, bool hasMore);
+    /// Goes through that many random sets and states.
+    void follow(int steps);
+    void compare();
+
+    void makeVariants();
+    void makeSets();
+    void selectAny();
+    QString anyState(const QString &of);
+
+    RandomChoices random{1};
+    qxSession session;
+    qxLossReport losses;
+    QJsonObject published;
+    std::unique_ptr<PublishedPage> page;
+    QStringList clips;
+    int listener = qxChangeReport::listenForClips(clips);
+};
+
+/// For everything that a variant can drive.
+void PublishedStatesTest::makeVariants()
+{
+    for (const qxNodePtr &node : qxNodeUtils::getSceneNodes()) {
+        qxVariants::createNodeVariant(node, false);
+        if (qxLights::isLight(node))
+            qxVariants::createLightVariant(node, false);
+        if (qxNodeUtils::hasTransformVariants(node))
+            qxVariants::createTransformVariant(node, false);
+    }
+    for (const qxNodePtr &node : qxNodeUtils::getSubTreeNodes(qxOverlays::getPoolRoot()))
+        qxVariants::createOverlayVariant(node, false);
+    for (const osg::MaterialPtr &material : qxMaterialParts::all()) {
+        if (osg::SwitchMaterialPtr::dcast(material) != osg::NullFC)
+            qxVariants::createMaterialVariant(material, false);
+    }
+}
+
+QString PublishedStatesTest::anyState(const QString &of)
+{
+    static const QStringList states{"!Enable", "!Disable", "!Toggle", "!All", "!None", "!Next",
+                                    "!Next (Loop)", "!Previous", "!Previous (Loop)",
+                                    "Transform 1", "Transform 7"};
+    const int place = int(random.below(unsigned(states.size()) + 3));
+    return place < states.size() ? states[place] : of;
+}
+
+void PublishedStatesTest::makeSets()
+{
+    for (int i = 0; i < 6; ++i) {
+        qxVariantSet *const set =
+            qxVariants::createVariantSet(QString("Made %1").arg(i), false, nullptr);
+        qxVariantKinds::visit([&](const qxVariantKind &kind, const qxVariant &variant) {
+            if (random.percent(70) || variant.options.empty())
+                return;
+            const auto any = random.below(unsigned(variant.options.size()));
+            (set->*kind.states).add(variant.name, anyState(variant.options[any].name));
+        });
+        set->setClippingState(int(random.below(5)));
+        set->setClippingPlanePositionX(double(random.below(3)));
+        set->setClippingHideScene(random.percent(50));
+        set->inclNodes = random.percent(40);
+        const std::vector<qxNodePtr> nodes = qxNodeUtils::getSceneNodes();
+        for (int target = 0; target < 2; ++target)
+            set->addTargetNodeName(QString::fromStdString(
+                qxNodeUtils::getName(nodes[random.below(unsigned(nodes.size()))])));
+        set->addAnimation("Turn");
+        set->addAnimation("Fold");
+        set->addAnimation("Nothing");
+        set->sequentialAnimation = random.percent(50);
+        for (const char *viewpoint : {"Nowhere", "Front", "Side"}) {
+            if (random.percent(40))
+                set->addViewpoint(viewpoint);
+        }
+        set->defaultViewpoint = random.of({"", "", "Nowhere", "Side"});
+    }
+}
+
+void PublishedStatesTest::publish(const QString &path, bool hasMore)
+{
+    ASSERT_TRUE(session.open(path)) << session.failure().toStdString();
+    if (hasMore) {
+        makeVariants();
+        makeSets();
+    }
+    const std::string shown = shownScene();
+    const QJsonObject record = qxSceneRecord::take(session.file());
+    published = qxPublishedStates(session.file(), qxPublishWishes(), losses).json();
+    EXPECT_EQ(shownScene(), shown) << "publishing changes nothing";
+    EXPECT_EQ(qxSceneRecord::take(session.file()), record);
+    page = std::make_unique<PublishedPage>(qxJson::parse(bytesOf(path).toStdString()), published,
+                                           materialNames(session.file()));
+    compare();
+}
+
+void PublishedStatesTest::compare()
+{
+    ASSERT_EQ(page->difference(qxSceneRecord::take(session.file())), QString());
+    qxVariantKinds::visit([this](const qxVariantKind &kind, const qxVariant &variant) {
+        if (kind.find(variant.name) != &variant)
+            return; // Another one of the name is found.
+        const qxShownState shown = variant.shown();
+        for (const qxVariantOption &option : variant.options) {
+            const auto now = page->isShown(kind.word, variant.name, option.name);
+            ASSERT_TRUE(!now || *now == shown.is(option.name))
+                << std::string(kind.word.latin1()) << ' ' << variant.name.toStdString() << ' '
+                << option.name.toStdString();
+        }
+    });
+}
+
+void PublishedStatesTest::selectAny()
+{
+    clips.clear();
+    std::vector<std::pair<const qxVariantKind *, qxVariant *>> all;
+    qxVariantKinds::visit([&](const qxVariantKind &kind, qxVariant &variant) {
+        if (!variant.options.empty() && kind.find(variant.name) == &variant)
+            all.push_back({&kind, &variant});
+    });
+    if (!all.empty() && (qxVariants::_variantSets.empty() || random.percent(50))) {
+        const auto [kind, variant] = all[random.below(unsigned(all.size()))];
+        const QString state =
+            variant->options[random.below(unsigned(variant->options.size()))].name;
+        SCOPED_TRACE(QString("%1 %2 = %3").arg(kind->word, variant->name, state).toStdString());
+        if (state.isEmpty())
+            return; // Nobody can choose it.
+        variant->onSelect(state);
+        page->select(kind->word, variant->name, state);
+        compare();
+    } else if (!qxVariants::_variantSets.empty()) {
+        const QString name =
+            qxVariants::_variantSets[random.below(unsigned(qxVariants::_variantSets.size()))]->name;
+        SCOPED_TRACE(name.toStdString());
+        qxVariants::selectVariantSet(name.toUtf8(), false);
+        page->select(name);
+        compare();
+        clips.removeAll("Nothing");
+        EXPECT_EQ(page->clips(), clips);
+        EXPECT_TRUE(page->isShown(name).value_or(true));
+    }
+}
+
+void PublishedStatesTest::follow(int steps)
+{
+    for (int step = 0; step < steps && !HasFatalFailure(); ++step) {
+        SCOPED_TRACE("step " + std::to_string(step));
+        selectAny();
+    }
+}
+
+TEST_F(PublishedStatesTest, APageShowsWhatTheProgramShowsOfTheDemo)
+{
+    qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
+    publish(QX_DEMO_SCENE, false);
+    follow(200);
+}
+
+TEST_F(PublishedStatesTest, APageShowsWhatTheProgramShowsOfAnyScene)
+{
+    const QStringList range = qEnvironmentVariable("QX_SEEDS", "1:150").split(':');
+    const unsigned begin = range.first().toUInt();
+    for (unsigned seed = begin; seed < begin + range.last().toUInt() && !HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        random = RandomChoices(seed);
+        const QByteArray text = QByteArray::fromStdString(randomScene(random, false).dump());
+        SCOPED_TRACE("made: " + text.toStdString());
+        publish(write("a.gltf", text), random.percent(80));
+        follow(25);
+    }
+}
