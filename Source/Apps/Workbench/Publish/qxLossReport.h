@@ -4,8 +4,6 @@
 #include <QList>
 #include <QString>
 
-class qxVariantSet;
-
 /// What became of one entry of a set, or of something of the scene, in a published page or an
 /// exported file.
 struct qxLoss {

@@ -5,7 +5,8 @@
 /// The viewer that published pages show their scene with.
 namespace qxViewerFiles {
 
-/// The folder with index.html, viewer.js and viewer.css; empty when the program was built without them.
+/// The folder with index.html, viewer.js and viewer.css; empty when the program was built without
+/// them.
 QString folder();
 
 } // namespace qxViewerFiles

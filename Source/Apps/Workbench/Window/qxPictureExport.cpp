@@ -173,7 +173,8 @@ void qxPictureExport::exportPage()
     write(file, qxPublishedPage::single(publisher.publication()));
     const int lost = publisher.losses().count(qxLoss::Dropped);
     if (lost > 0)
-        qxLog::warning("The web page leaves out %d entries, which \"workbench publish\" lists", lost);
+        qxLog::warning("The web page leaves out %d entries, which \"workbench publish\" lists",
+                       lost);
 }
 
 /// From the first viewpoint. False when it was cancelled or, which is said, failed.

@@ -11,8 +11,8 @@ class qxVariantSetsDock;
 struct qxPictureWish;
 
 /// Writes pictures, sheets, catalogues and web pages that the user asks for, as the commands
-/// "render", "catalogue" and "publish" make them. It shows the progress; when the user cancels, nothing is written. Scene,
-/// camera and selection are as before.
+/// "render", "catalogue" and "publish" make them. It shows the progress; when the user cancels,
+/// nothing is written. Scene, camera and selection are as before.
 class qxPictureExport : public QObject {
     Q_OBJECT
 

@@ -8,11 +8,8 @@
 
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
-
-/// The materials that geometries show, switch materials resolved, by the ids of their cores. Null
-/// for a geometry without a material.
-typedef std::unordered_map<osg::UInt32, osg::MaterialPtr> qxShownMaterials;
 
 /// What goes into an exported file.
 struct qxExportOptions {
@@ -25,15 +22,17 @@ struct qxExportOptions {
         /// have the names by which they are found.
         Everything
     };
-    /// What primitives wear in a variant of materials.
+    /// A variant of materials.
     struct Variant {
         std::string name; ///< UTF-8
-        qxShownMaterials materials;
+        /// By the ids of geometry cores the materials, no switch materials, that they show in the
+        /// variant; all others show what they show now. Null stands for none.
+        std::unordered_map<osg::UInt32, osg::MaterialPtr> materials;
     };
 
     Extent extent = Shown;
     bool compress = false; ///< meshes by EXT_meshopt_compression, pictures as WebP
-    std::vector<Variant> variants; ///< become KHR_materials_variants
+    std::vector<Variant> variants; ///< become KHR_materials_variants, if any differs
     std::vector<int> viewpoints; ///< by their ids: those that become cameras, in this order
 };
 
@@ -54,6 +53,7 @@ struct qxExport {
 
     QByteArray glb;
     QList<Loss> losses; ///< in the order of the file
+    std::unordered_set<osg::UInt32> geometries; ///< the ids of the cores of those that are there
     Size meshes; ///< vertices and indices
     Size pictures;
 };

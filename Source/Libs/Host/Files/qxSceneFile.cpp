@@ -15,7 +15,6 @@
 #include "Files/Gltf/Write/qxGltfPatch.h"
 #include "Files/qxMemoryBudget.h"
 #include "Files/qxOutputFile.h"
-#include "qxNodeWalk.h"
 #include "qxOverlays.h"
 #include "qxScenegraph.h"
 #include "qxText.h"
@@ -253,17 +252,6 @@ QString qxSceneFile::makeExport(const qxExportOptions &options, qxExport &result
         qxGltfModel model = qxGltfModel::of(m_content->document, edited.json, m_content->buffers);
         result = qxGltfExporter(model, edited, m_content->origin, options).make();
     });
-}
-
-qxShownMaterials qxSceneFile::shownMaterials()
-{
-    qxShownMaterials shown;
-    qxWalkNodes(qxScenegraph::getRoot(), [&shown](const osg::NodePtr &node) {
-        const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(node->getCore());
-        if (geometry != osg::NullFC)
-            shown[geometry.getFieldContainerId()] = qxGltfShownMaterial(geometry->getMaterial());
-    });
-    return shown;
 }
 
 bool qxSceneFile::isChangedByOthers(const QString &path) const

@@ -69,8 +69,6 @@ public:
     /// Makes a GLB of the present scene for others. What it takes from the file are the data that
     /// were loaded. Why that failed, with the path; then `result` is unchanged.
     QString makeExport(const qxExportOptions &options, qxExport &result) const;
-    /// What the geometries of the scene show now, but those of overlays and environments.
-    static qxShownMaterials shownMaterials();
     /// Whether others have changed the file that a save to `path` replaces, or files of its
     /// buffers, since it was last loaded or saved here.
     bool isChangedByOthers(const QString &path) const;

@@ -1,11 +1,13 @@
 #include "Files/Gltf/Export/qxGltfBin.h"
 
 #include "Files/Gltf/Common/qxTinyGltf.h"
-#include "Files/Gltf/Export/qxGltfPacked.h"
+#include "Files/Gltf/Export/qxGltfCompress.h"
 
 #include <limits>
 
 namespace {
+
+const char *const _compression = "EXT_meshopt_compression";
 
 int roundedUp(int size)
 {
@@ -40,11 +42,29 @@ void setBounds(qxJson &accessor, const qxGltfPacked &packed)
     accessor["max"] = qxGltfNumberList(most.data(), components);
 }
 
+int targetOf(qxGltfBin::Use use)
+{
+    return use == qxGltfBin::Vertices ? TINYGLTF_TARGET_ARRAY_BUFFER
+                                      : TINYGLTF_TARGET_ELEMENT_ARRAY_BUFFER;
+}
+
 } // namespace
+
+qxJson qxGltfBin::accessorOf(const qxGltfPacked &packed, bool bounds)
+{
+    qxJson accessor = {{"componentType", packed.type}};
+    if (packed.isNormalized)
+        accessor["normalized"] = true;
+    accessor["count"] = packed.count;
+    accessor["type"] = packed.shape;
+    if (bounds)
+        setBounds(accessor, packed);
+    return accessor;
+}
 
 int qxGltfBin::addAccessor(const qxGltfPacked &packed, Use use, bool bounds)
 {
-    qxJson accessor = qxJson::object();
+    qxJson accessor = accessorOf(packed, bounds);
     if (!packed.bytes.isNull()) {
         const int size = packed.elementSize();
         const int stride = use == Vertices ? roundedUp(size) : size;
@@ -53,20 +73,43 @@ int qxGltfBin::addAccessor(const qxGltfPacked &packed, Use use, bool bounds)
         if (stride != size)
             view["byteStride"] = stride;
         if (use != Values)
-            view["target"] = use == Vertices ? TINYGLTF_TARGET_ARRAY_BUFFER
-                                             : TINYGLTF_TARGET_ELEMENT_ARRAY_BUFFER;
+            view["target"] = targetOf(use);
         accessor["bufferView"] = index;
     }
-    accessor["componentType"] = packed.type;
-    if (packed.isNormalized)
-        accessor["normalized"] = true;
-    accessor["count"] = packed.count;
-    accessor["type"] = packed.shape;
-    if (bounds)
-        setBounds(accessor, packed);
     qxJson &accessors = m_json["accessors"];
     accessors.push_back(accessor);
     return int(accessors.size()) - 1;
+}
+
+int qxGltfBin::addAccessor(const qxGltfCompressed &compressed, Use use, bool bounds)
+{
+    if (compressed.bytes.isNull())
+        return addAccessor(compressed.values, use, bounds);
+    qxJson accessor = accessorOf(compressed.values, bounds);
+    accessor["bufferView"] = addView(compressed, use);
+    qxJson &accessors = m_json["accessors"];
+    accessors.push_back(accessor);
+    return int(accessors.size()) - 1;
+}
+
+int qxGltfBin::addView(const qxGltfCompressed &compressed, Use use)
+{
+    const int index = addView(compressed.bytes);
+    qxJson &view = m_json["bufferViews"][std::size_t(index)];
+    const qint64 length = compressed.values.count * compressed.stride;
+    qxJson how = view;
+    how["byteStride"] = compressed.stride;
+    how["count"] = compressed.values.count;
+    how["mode"] = compressed.mode;
+    if (compressed.filter)
+        how["filter"] = compressed.filter;
+    view = {{"buffer", 1}, {"byteOffset", m_decompressed}, {"byteLength", length}};
+    if (use == Vertices)
+        view["byteStride"] = compressed.stride;
+    view["target"] = targetOf(use);
+    view["extensions"][_compression] = how;
+    m_decompressed += (length + 3) / 4 * 4;
+    return index;
 }
 
 int qxGltfBin::addView(const QByteArray &bytes)
@@ -84,4 +127,9 @@ void qxGltfBin::finish()
 {
     if (!m_bytes.isEmpty())
         m_json["buffers"] = qxJson::array({{{"byteLength", m_bytes.size()}}});
+    if (m_decompressed == 0)
+        return;
+    qxJson buffer = {{"byteLength", m_decompressed}};
+    buffer["extensions"][_compression]["fallback"] = true;
+    m_json["buffers"].push_back(buffer);
 }

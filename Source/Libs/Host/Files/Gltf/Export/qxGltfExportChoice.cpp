@@ -1,13 +1,14 @@
 #include "Files/Gltf/Export/qxGltfExportChoice.h"
 
+#include "qxNames.h"
 #include "qxNodeWalk.h"
 
 #include <algorithm>
 #include <numeric>
 
 qxGltfExportChoice::qxGltfExportChoice(const qxGltfEdited &scene, const qxGltfOrigin &origin,
-                                       qxExportOptions::Extent extent)
-    : m_scene(scene), m_origin(origin), m_extent(extent),
+                                       qxExportOptions::Extent extent, qxExport &result)
+    : m_scene(scene), m_origin(origin), m_extent(extent), m_result(result),
       m_positions(qxGltfSection(scene.json, "nodes").size(), -1),
       m_parents(scene.state.nodes.size(), -1), m_isThere(scene.state.nodes.size(), false),
       m_isBare(scene.state.nodes.size(), false), m_numbers(scene.state.nodes.size(), -1)
@@ -31,19 +32,54 @@ bool qxGltfExportChoice::isChosen(int position, std::size_t child) const
     return !owner.switchChoice || *owner.switchChoice == all || *owner.switchChoice == int(child);
 }
 
+/// Whether an own reason keeps the node and all below it out.
+bool qxGltfExportChoice::isLeftOut(int position, QString &kind, QString &reason) const
+{
+    const qxGltfNodeState &node = state(position);
+    kind = node.overlayLayer ? "overlay" : node.environment ? "environment" : "node";
+    reason = node.overlayLayer ? "it would lie in the scene"
+        : node.environment     ? "glTF has no place for surroundings"
+        : !node.visible        ? "it is hidden"
+                               : QString();
+    return !reason.isEmpty();
+}
+
+void qxGltfExportChoice::tell(const QString &kind, int position, const QString &reason)
+{
+    m_result.losses +=
+        {kind, qxText::fromUtf8(qxNames::pathOf(state(position).node)), true, reason};
+}
+
 void qxGltfExportChoice::chooseShown()
 {
     const bool isEverything = m_extent == qxExportOptions::Everything;
+    QString kind;
+    QString reason;
     qxWalkTree(m_scene.state.roots, [&](int position, std::vector<int> &below) {
-        const qxGltfNodeState &node = state(position);
-        if (!isEverything && (!node.visible || node.overlayLayer || node.environment))
-            return;
+        if (!isEverything && isLeftOut(position, kind, reason))
+            return tell(kind, position, reason);
         m_isThere[std::size_t(position)] = true;
-        for (std::size_t i = 0; i < node.children.size(); ++i) {
+        const std::vector<int> &children = state(position).children;
+        for (std::size_t i = 0; i < children.size(); ++i) {
             if (isEverything || isChosen(position, i))
-                below.push_back(node.children[i]);
+                below.push_back(children[i]);
+            else
+                tell("node", children[i], "the switch above it shows another one");
         }
+        if (!isEverything)
+            tellOfContents(position);
     });
+}
+
+void qxGltfExportChoice::tellOfContents(int position)
+{
+    const qxGltfNodeState &node = state(position);
+    if (node.light && !node.lightOn)
+        tell("light", position, "it is off");
+    const std::size_t hidden = node.mesh.size() - parts(position).size();
+    if (hidden > 0)
+        tell("geometry", position,
+             QStringLiteral("%1 of its %2 parts are hidden").arg(hidden).arg(node.mesh.size()));
 }
 
 /// Skins move with nodes that may be hidden.

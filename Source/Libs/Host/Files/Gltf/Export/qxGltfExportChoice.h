@@ -15,8 +15,9 @@ struct qxGltfEdited {
 /// Which nodes of a scene, and what of them, go into an export, and with which numbers.
 class qxGltfExportChoice {
 public:
+    /// What stays behind is told in `result`.
     qxGltfExportChoice(const qxGltfEdited &scene, const qxGltfOrigin &origin,
-                       qxExportOptions::Extent extent);
+                       qxExportOptions::Extent extent, qxExport &result);
 
     /// Positions in the state, in the order of their numbers; -1 for one that is not in the export.
     const std::vector<int> &order() const { return m_order; }
@@ -41,7 +42,10 @@ private:
         return m_scene.state.nodes[std::size_t(position)];
     }
     bool isChosen(int position, std::size_t child) const;
+    bool isLeftOut(int position, QString &kind, QString &reason) const;
+    void tell(const QString &kind, int position, const QString &reason);
     void chooseShown();
+    void tellOfContents(int position);
     void chooseJoints();
     void setNumbers();
     std::vector<int> numbersOf(const std::vector<int> &positions) const;
@@ -49,6 +53,7 @@ private:
     const qxGltfEdited &m_scene;
     const qxGltfOrigin &m_origin;
     qxExportOptions::Extent m_extent;
+    qxExport &m_result;
     std::vector<int> m_positions; ///< of the nodes of the file in the state, -1 for others
     std::vector<int> m_parents; ///< positions in the state
     std::vector<bool> m_isThere; ///< by positions in the state, as those that follow

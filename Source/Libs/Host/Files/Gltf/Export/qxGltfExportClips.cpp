@@ -52,6 +52,11 @@ void qxGltfExportClips::write(qxExportOptions::Extent extent, qxExport &result)
                                                qxGltfBin::Values, false);
             json["samplers"] = {{{"input", zero}, {"output", none}}};
             json["channels"] = {{{"sampler", 0}, {"target", {{"path", "translation"}}}}};
+        } else if (json["channels"].size() < clip.channels.size()) {
+            result.losses += {"animation", qxText::fromUtf8(clip.name), false,
+                              QStringLiteral("it moves only %1 of %2 things")
+                                  .arg(json["channels"].size())
+                                  .arg(clip.channels.size())};
         }
         if (!clip.name.empty())
             json["name"] = clip.name;

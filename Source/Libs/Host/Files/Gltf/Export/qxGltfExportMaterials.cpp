@@ -1,9 +1,13 @@
 #include "Files/Gltf/Export/qxGltfExportMaterials.h"
 
 #include "Files/Gltf/Read/qxGltfImages.h"
+#include "Files/Gltf/Read/qxGltfMaterials.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
+#include "Materials/qxSurface.h"
 #include "Pictures/qxEncodedPicture.h"
 #include "qxText.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -28,7 +32,51 @@ bool isTexture(const std::string &key, const qxJson &value)
         && key.compare(key.size() - ending.size(), ending.size(), ending) == 0 && value.is_object();
 }
 
+bool isColour(const std::string &texture)
+{
+    const auto &kinds = qxSurface::pictureKinds();
+    return std::any_of(kinds.begin(), kinds.end(), [&texture](const qxSurface::PictureKind &kind) {
+        return kind.isColour && qxGltfPlace(kind.place).back() == texture;
+    });
+}
+
 } // namespace
+
+/// What is only used as colours may lose what eyes do not see.
+void qxGltfExportMaterials::findUses()
+{
+    for (const qxJson &material : qxGltfSection(m_model.document.json, "materials"))
+        findUses(material, material.value("alphaMode", "OPAQUE") != "OPAQUE");
+}
+
+void qxGltfExportMaterials::findUses(const qxJson &object, bool usesAlpha)
+{
+    for (const auto &[key, value] : object.items()) {
+        if (!value.is_object() || key == "extras")
+            continue;
+        const int index = isTexture(key, value) ? qxGltfIndex(value, "index") : -1;
+        if (index < 0) {
+            findUses(value, usesAlpha);
+            continue;
+        }
+        const qxJson &texture = m_model.document.json["textures"][std::size_t(index)];
+        const qxGltfPictureContent content = !isColour(key) ? qxGltfPictureContent::Numbers
+            : usesAlpha && key == "baseColorTexture"        ? qxGltfPictureContent::ColoursAndAlpha
+                                                            : qxGltfPictureContent::Colours;
+        for (const int source : qxGltfTextureSources(texture)) {
+            const qxJson &image = m_model.document.json["images"][std::size_t(source)];
+            qxGltfPictureContent &known = m_uses[qxGltfPictureKey(image)];
+            known = std::max(known, content);
+        }
+    }
+}
+
+/// The picture as it is written.
+QByteArray qxGltfExportMaterials::written(const QByteArray &bytes, const std::string &key) const
+{
+    const auto use = m_uses.find(key);
+    return use == m_uses.end() ? bytes : qxGltfCompressPicture(bytes, use->second);
+}
 
 int qxGltfExportMaterials::material(int index)
 {
@@ -45,9 +93,20 @@ int qxGltfExportMaterials::material(int index)
     return m_materials[index] = int(materials.size()) - 1;
 }
 
+int qxGltfExportMaterials::plainMaterial()
+{
+    if (m_plain < 0) {
+        m_json["materials"].push_back({{"name", qxGltfDefaultName}});
+        m_plain = int(m_json["materials"].size()) - 1;
+    }
+    return m_plain;
+}
+
 void qxGltfExportMaterials::rename(int index, const std::string &name)
 {
-    m_json["materials"][std::size_t(index)]["name"] = name;
+    const auto copy = m_materials.find(index);
+    if (copy != m_materials.end())
+        m_json["materials"][std::size_t(copy->second)]["name"] = name;
 }
 
 /// Textures stand in members whose names say so, also in those of extensions.
@@ -113,12 +172,13 @@ std::optional<int> qxGltfExportMaterials::image(int index)
         const QString flaw = qxEncodedPicture(bytes).flaw();
         if (!flaw.isEmpty())
             throw qxGltfError(flaw);
+        const QByteArray kept = written(bytes, known->first);
         m_result.pictures.before += bytes.size();
-        m_result.pictures.after += bytes.size();
+        m_result.pictures.after += kept.size();
         qxJson image = qxJson::object();
         qxGltfDescribe(image, from, m_tidy);
-        image["mimeType"] = mimeTypeOf(bytes);
-        image["bufferView"] = m_bin.addView(bytes);
+        image["mimeType"] = mimeTypeOf(kept);
+        image["bufferView"] = m_bin.addView(kept);
         qxJson &images = m_json["images"];
         images.push_back(image);
         return known->second = int(images.size()) - 1;

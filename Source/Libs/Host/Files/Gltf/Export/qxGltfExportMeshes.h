@@ -37,6 +37,9 @@ private:
     void addIndices(qxJson &primitive, const qxGltfPrimitive &from);
     void addTargets(qxJson &primitive, const qxGltfPrimitive &from);
     int attribute(const std::string &name, qxGltfPacked values, bool isTarget);
+    void addCompressed(qxJson &primitive, const qxGltfPrimitive &from, bool keepsOrder);
+    int compressed(const std::string &name, const qxGltfPacked &values, bool isTarget);
+    void count(const qxGltfPacked &values, const QByteArray &written);
     int copied(const std::string &name, int accessor, bool isTarget);
 
     qxGltfModel &m_model;
@@ -48,5 +51,6 @@ private:
     qxGltfDracoMeshes m_draco;
     std::map<std::pair<int, std::vector<int>>, int> m_meshes;
     std::map<std::pair<int, std::string>, int> m_accessors; ///< by their place and use
+    std::map<std::string, qxJson> m_compressed; ///< primitives by what they are made of
     bool m_isQuantized = false;
 };

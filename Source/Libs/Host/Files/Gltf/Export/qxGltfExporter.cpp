@@ -55,7 +55,7 @@ qxGltfPose poseOf(const qxGltfNodeState &state)
 qxGltfExporter::qxGltfExporter(qxGltfModel &model, const qxGltfEdited &scene,
                                const qxGltfOrigin &origin, const qxExportOptions &options)
     : m_model(model), m_scene(scene), m_origin(origin), m_options(options),
-      m_tidy(options.extent, m_result), m_choice(scene, origin, options.extent),
+      m_tidy(options.extent, m_result), m_choice(scene, origin, options.extent, m_result),
       m_materials(model, m_json, m_bin, options, m_result),
       m_meshes(model, m_json, m_bin, options, m_result)
 {
@@ -67,6 +67,7 @@ qxExport qxGltfExporter::make()
     writeAsset();
     writeMaterials();
     writeNodes();
+    nameMaterials();
     writeVariants();
     qxGltfExportClips(m_json, m_bin, m_choice, m_origin).write(m_options.extent, m_result);
     writeScene();
@@ -95,17 +96,21 @@ void qxGltfExporter::writeAsset()
         m_tidy.leaveOut(name);
 }
 
-/// Materials that keep their places have the names by which they are found.
 void qxGltfExporter::writeMaterials()
 {
     if (m_options.extent != qxExportOptions::Everything)
         return;
     for (std::size_t i = 0; i < qxGltfSection(m_scene.json, "materials").size(); ++i)
         m_materials.material(int(i));
+}
+
+/// Materials get the names by which they are found, which are unique.
+void qxGltfExporter::nameMaterials()
+{
     for (const auto &[id, index] : m_origin.materials) {
         const auto material =
             osg::MaterialPtr::dcast(osg::FieldContainerFactory::the()->getContainer(id));
-        if (index >= 0 && material != osg::NullFC && !qxMaterials::getName(material).empty())
+        if (material != osg::NullFC && !qxMaterials::getName(material).empty())
             m_materials.rename(index, qxMaterials::getName(material));
     }
 }
@@ -216,24 +221,35 @@ void qxGltfExporter::dress(qxJson &primitive, int mesh, int part)
     const int shown = m_materials.material(materialOf(now));
     if (shown >= 0)
         primitive["material"] = shown;
+    m_result.geometries.insert(geometry->second);
+    addMappings(primitive, geometry->second, shown);
+}
+
+/// Either none or one for each variant, because programs differ in what they show without.
+void qxGltfExporter::addMappings(qxJson &primitive, osg::UInt32 geometry, int shown)
+{
     std::map<int, std::vector<int>> variants; // by material
     for (std::size_t i = 0; i < m_options.variants.size(); ++i) {
-        const auto worn = m_options.variants[i].materials.find(geometry->second);
-        if (worn == m_options.variants[i].materials.end())
-            continue;
-        const int material = m_materials.material(materialOf(worn->second));
-        if (material >= 0)
-            variants[material].push_back(int(i));
+        const auto &materials = m_options.variants[i].materials;
+        const auto worn = materials.find(geometry);
+        const int material =
+            worn == materials.end() ? shown : m_materials.material(materialOf(worn->second));
+        variants[material].push_back(int(i));
     }
     if (variants.empty() || (variants.size() == 1 && variants.begin()->first == shown))
         return;
-    for (const auto &[material, chosenBy] : variants)
+    m_hasMappings = true;
+    for (const auto &[material, chosenBy] : variants) {
+        const int named = material < 0 ? m_materials.plainMaterial() : material;
         primitive["extensions"][_variants]["mappings"].push_back(
-            {{"material", material}, {"variants", chosenBy}});
+            {{"material", named}, {"variants", chosenBy}});
+    }
 }
 
 void qxGltfExporter::writeVariants()
 {
+    if (!m_hasMappings)
+        return;
     for (const qxExportOptions::Variant &variant : m_options.variants)
         m_json["extensions"][_variants]["variants"].push_back({{"name", variant.name}});
 }
@@ -253,6 +269,24 @@ void qxGltfExporter::writeScene()
     m_json["scenes"] = qxJson::array({scene});
 }
 
+/// The node of the file that a viewpoint came from, with which its camera moves; -1 when it is not
+/// there, or the viewpoint no longer as it is.
+int qxGltfExporter::cameraNode(int viewpoint) const
+{
+    if (std::size_t(viewpoint) >= m_origin.viewpoints.size())
+        return -1;
+    const int from = m_origin.viewpoints[std::size_t(viewpoint)];
+    const int number = m_choice.numberOf(from);
+    if (number < 0)
+        return -1;
+    const qxUberCamera &camera = *qxUberCameraPool::the()->get(viewpoint);
+    const qxJson &name = qxGltfMember(m_json["nodes"][std::size_t(number)], "name");
+    const bool isNamedSo = !name.is_string() || name == "" || name == camera.name;
+    const int position = m_choice.order()[std::size_t(number)];
+    const osg::NodePtr node = m_scene.state.nodes[std::size_t(position)].node;
+    return isNamedSo && node->getToWorld() == camera.toWorld ? number : -1;
+}
+
 void qxGltfExporter::writeCameras(qxJson &roots)
 {
     for (const int id : m_options.viewpoints) {
@@ -260,8 +294,13 @@ void qxGltfExporter::writeCameras(qxJson &roots)
         if (!camera)
             continue;
         const std::size_t index = qxGltfSection(m_json, "cameras").size();
-        roots.push_back(qxGltfSection(m_json, "nodes").size());
         m_json["cameras"].push_back(qxGltfCamera(*camera));
+        const int node = cameraNode(id);
+        if (node >= 0) {
+            m_json["nodes"][std::size_t(node)]["camera"] = index;
+            continue;
+        }
+        roots.push_back(qxGltfSection(m_json, "nodes").size());
         m_json["nodes"].push_back(qxGltfCameraNode(*camera, index));
     }
 }
@@ -274,6 +313,8 @@ void qxGltfExporter::finish()
         required.emplace_back("EXT_texture_webp");
     if (m_meshes.isQuantized())
         required.emplace_back("KHR_mesh_quantization");
+    if (m_bin.isCompressed())
+        required.emplace_back("EXT_meshopt_compression");
     qxGltfListExtensions(m_json, required);
     const QByteArray text =
         QByteArray::fromStdString(m_json.dump(-1, ' ', false, qxJson::error_handler_t::replace));

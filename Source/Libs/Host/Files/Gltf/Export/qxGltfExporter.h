@@ -19,6 +19,7 @@ private:
     void findGeometries();
     void writeAsset();
     void writeMaterials();
+    void nameMaterials();
     void writeNodes();
     qxJson node(int position);
     void writeContent(qxJson &node, int position);
@@ -26,9 +27,11 @@ private:
     int skin(int index);
     void dress(qxJson &primitive, int mesh, int part);
     int materialOf(const osg::MaterialPtr &material) const;
+    void addMappings(qxJson &primitive, osg::UInt32 geometry, int shown);
     void writeVariants();
     void writeScene();
     void writeCameras(qxJson &roots);
+    int cameraNode(int viewpoint) const;
     void finish();
 
     qxGltfModel &m_model;
@@ -45,4 +48,5 @@ private:
     std::map<std::pair<int, int>, osg::UInt32> m_geometries; ///< by mesh and part of the file
     std::map<int, int> m_skins;
     std::map<int, int> m_lights;
+    bool m_hasMappings = false;
 };

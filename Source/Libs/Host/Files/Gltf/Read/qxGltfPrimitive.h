@@ -38,6 +38,7 @@ public:
     qxGltfPrimitive(qxGltfModel &model, Place place, qxGltfDracoMeshes &meshes);
 
     const tinygltf::Primitive &typed() const { return m_typed; }
+    const qxJson &json() const { return m_json; }
     /// The mode as GL numbers it.
     int mode() const;
     bool hasTriangles() const { return mode() >= TINYGLTF_MODE_TRIANGLES; }
