@@ -1,6 +1,6 @@
 // The program, and where tests keep what it writes.
 import { execFileSync } from "node:child_process";
-import { mkdirSync, readFileSync, rmSync } from "node:fs";
+import { mkdirSync, readdirSync, readFileSync, rmSync, statSync } from "node:fs";
 import { createRequire } from "node:module";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
@@ -15,6 +15,17 @@ export const demo = env.QX_DEMO ?? path.join(build, "share/qxVariants/demos/road
 export const realScenes = env.QX_SCENES;
 const program = env.QX_WORKBENCH ?? path.join(build, "bin/workbench");
 
+/** Where PublishTest puts what the other tests look at. */
+export const places = {
+    demo: path.join(work, "demo"),
+    compressed: path.join(work, "compressed"),
+    some: path.join(work, "some"),
+    hostile: path.join(work, "hostile"),
+    real: path.join(work, "real"),
+    single: path.join(work, "single.html"),
+    hostileSingle: path.join(work, "hostile.html"),
+};
+
 /** Gives what npm brought; the tests lie outside of its folder. */
 export const require = createRequire(path.join(top, "build/web/package.json"));
 
@@ -24,6 +35,19 @@ export function emptyFolder(name) {
     rmSync(folder, { recursive: true, force: true });
     mkdirSync(folder, { recursive: true });
     return folder;
+}
+
+/** All files in and below a folder, relative to it. */
+export function filesBelow(folder) {
+    return readdirSync(folder, { recursive: true }).filter(name => statSync(path.join(folder, name)).isFile());
+}
+
+/** The real scenes that are no edge cases, each with a name for its folder. */
+export function scenes() {
+    if (!realScenes)
+        return [];
+    const files = filesBelow(realScenes).filter(name => /^(?!edge-cases).*\.(gltf|glb)$/.test(name));
+    return files.sort().map(name => ({ name: path.parse(name).name, file: path.join(realScenes, name) }));
 }
 
 /** Runs a command, fails if it does, and gives its standard output. */
