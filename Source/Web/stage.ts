@@ -1,4 +1,4 @@
-import { NeutralToneMapping, PCFSoftShadowMap, Scene, Vector2, WebGLRenderer } from "three";
+import { NeutralToneMapping, PCFShadowMap, Scene, Vector2, WebGLRenderer } from "three";
 import type { ClippingView } from "./clippingView";
 import type { Ground } from "./ground";
 import type { Lamps } from "./lamps";
@@ -61,7 +61,7 @@ export class Stage {
         if (!this.contents?.lamps.castShadows(most, radius))
             return;
         this.renderer.shadowMap.enabled = true;
-        this.renderer.shadowMap.type = PCFSoftShadowMap;
+        this.renderer.shadowMap.type = PCFShadowMap;
         this.change();
     }
 
@@ -83,6 +83,16 @@ export class Stage {
             this.waiting.push(resolve);
             this.invalidate();
         });
+    }
+
+    /** When the pictures that were asked for so far are really there. */
+    async finished(): Promise<void> {
+        const gl = this.renderer.getContext() as WebGL2RenderingContext;
+        const fence = gl.fenceSync(gl.SYNC_GPU_COMMANDS_COMPLETE, 0);
+        gl.flush();
+        while (fence && gl.clientWaitSync(fence, 0, 0) === gl.TIMEOUT_EXPIRED)
+            await new Promise(resolve => setTimeout(resolve, 4));
+        gl.deleteSync(fence);
     }
 
     /** World matrices and lights as they are drawn. */

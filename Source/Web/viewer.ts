@@ -40,8 +40,8 @@ export class Viewer {
         this.home = published.camera;
         this.view = new View(canvas, published);
         this.stage = new Stage(canvas, this.view, published.exposure);
-        this.surroundings = new Surroundings(published, source, this.states, this.stage.renderer,
-                                             this.stage.scene, this.stage.layers.behind);
+        this.surroundings = new Surroundings(published, source, this.states, this.stage.scene,
+                                             this.stage.layers.behind);
     }
 
     /** Resolves when the first picture is there. */
@@ -64,6 +64,7 @@ export class Viewer {
         const ground = published.ground && new Ground(published.ground);
         stage.show({ lamps, poses, clipping, ground });
         await stage.drawn();
+        await stage.finished();
     }
 
     /** What the first picture does without. */
