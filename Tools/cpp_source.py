@@ -1,4 +1,4 @@
-"""What check-layers and check-style know about C++ sources: files, includes, comments, functions.
+"""What check-layers and check-style know about sources: files, and for C++ includes, comments, functions.
 
 The scanner reads code as it is written here (formatted, no brace hidden in a macro); it is no compiler.
 """
@@ -35,6 +35,11 @@ def files_of(root):
 
 def is_cpp(path):
     return path.suffix in (".cpp", ".h")
+
+
+def is_web(path):
+    """Whether it is code of the published page or of its tests; Qt has .ts, too, for translations."""
+    return path.suffix in (".ts", ".mjs", ".css") and path.parts[1:2] == ("Web",)
 
 
 class Source:

@@ -19,6 +19,7 @@ LICENCES = {
     "cmake": "BSD-3-Clause",
     "draco": "Apache-2.0",
     "embree": "Apache-2.0",
+    "golang-github-evanw-esbuild": "MIT",
     "gcc-12": "GPL-3.0-or-later WITH GCC-exception-3.1",
     "glibc": "LGPL-2.1-or-later",
     "meshoptimizer": "MIT",
@@ -65,8 +66,9 @@ def of_the_system(name):
     return package(name, version, LICENCES[source], sourceInfo=f"Debian source package {source}")
 
 
-def document(debs, built_with, when):
-    """The text; `debs` are files, `built_with` names of packages, `when` seconds since 1970."""
+def document(debs, built_with, bundled, when):
+    """The text; `debs` are files, `built_with` names of packages, `bundled` what npm's lock file says of the
+    packages that are part of the Workbench, `when` seconds since 1970."""
     ours = {field(deb, "Package"): deb for deb in debs}
     packages, relations, used = [], [("SPDXRef-DOCUMENT", "DESCRIBES", name) for name in ours], {}
     for name in sorted({*built_with, *(other for deb in debs for other in needed(deb))} - set(ours)):
@@ -79,6 +81,8 @@ def document(debs, built_with, when):
                       if used.get(other, True)]
         relations += [(identifier(other), "BUILD_DEPENDENCY_OF", name) for other in built_with]
     packages += filter(None, used.values())
+    packages += [package(name, locked["version"], locked["license"]) for name, locked in bundled.items()]
+    relations += [(identifier("qxvariants-workbench"), "CONTAINS", name) for name in bundled]
     content = {
         "packages": packages,
         "relationships": [{"spdxElementId": subject, "relationshipType": kind, "relatedSpdxElement": identifier(other)}

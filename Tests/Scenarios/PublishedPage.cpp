@@ -250,10 +250,9 @@ QString PublishedPage::differenceOfPart(const QJsonObject &record, int index, in
         ? materialOf(m_published["wardrobes"].toArray()[binding["wardrobe"].toInt()])
         : qxGltfIndex(primitive, "material");
     const QStringList names = m_materials.value(material);
-    return names.contains(record["material"].toString())
-        ? QString()
-        : QString("material %1 (%2), not %3")
-              .arg(names.join('|'))
-              .arg(material)
-              .arg(record["material"].toString());
+    return names.contains(record["material"].toString()) ? QString()
+                                                         : QString("material %1 (%2), not %3")
+                                                               .arg(names.join('|'))
+                                                               .arg(material)
+                                                               .arg(record["material"].toString());
 }

@@ -111,9 +111,9 @@ void PublishedStatesTest::makeVariants()
 
 QString PublishedStatesTest::anyState(const QString &of)
 {
-    static const QStringList states{"!Enable", "!Disable", "!Toggle", "!All", "!None", "!Next",
-                                    "!Next (Loop)", "!Previous", "!Previous (Loop)",
-                                    "Transform 1", "Transform 7"};
+    static const QStringList states{
+        "!Enable",      "!Disable",  "!Toggle",          "!All",        "!None",      "!Next",
+        "!Next (Loop)", "!Previous", "!Previous (Loop)", "Transform 1", "Transform 7"};
     const int place = int(random.below(unsigned(states.size()) + 3));
     return place < states.size() ? states[place] : of;
 }

@@ -137,6 +137,21 @@ class LayersTest(CheckTest):
             f"{host}/Scene/qxD.cpp:2": "a ring of 3",
             f"{host}/Scene/qxE.h:2": "a ring of 3"})
 
+    def test_modules_of_the_page_import_their_own_and_three(self):
+        web = "Source/Web"
+        for file, imports in (
+            ("a", 'import { b } from "./b";'), ("b", 'import {\n    type A,\n} from "./a";'),
+            ("c", 'import * as THREE from "three";\nimport { D } from "three/addons/d.js";\nexport { A } from "./a";'),
+            ("d", 'import "preact";'), ("e", 'import { f } from "../../Tests/Web/f";'),
+        ):
+            self.put(f"{web}/{file}.ts", f"// {file}\n{imports}\n")
+        self.put("Source/Translations/qx_de.ts", 'import "nothing";\n')
+        self.assert_complaints("check-layers", {
+            f"{web}/a.ts:2": "forms a ring of 2 modules with Source/Web/b.ts",
+            f"{web}/b.ts:4": "forms a ring of 2 modules",
+            f"{web}/d.ts:2": "must not import preact",
+            f"{web}/e.ts:2": "must not import Tests/Web/f.ts"})
+
     def test_the_tables_name_what_is_there(self):
         self.put("Tools/check-layers", "")
         missing = re.findall(r"Tools/check-layers:\d+: (\S+) does not exist", self.run_tool("check-layers"))
@@ -180,6 +195,7 @@ class StyleTest(CheckTest):
             ("f has 6 parameters", "cpp", "void f(int, int, int, int, int, Map<int, int>) {}\n"),
             ("f is nested 5 deep", "cpp", f"void f()\n{{\n{deep}                        f();\n}}\n"),
             ("501 lines", "cpp", "int a;\n" * 501),
+            ("501 lines", "ts", "let a;\n" * 501),
             ("251 lines", "h", "#pragma once\n" + "int a;\n" * 250),
             ("9 includes", "h", "#pragma once\n" + "".join(f"#include <a{n}>\n" for n in range(9))),
             ("no #pragma once", "h", "// #pragma once\n"),
@@ -188,7 +204,7 @@ class StyleTest(CheckTest):
             ("no end of line", "txt", "a"),
             ("clang-format", "cpp", "int  a;\n"),
         ):
-            file = f"fault{len(expected)}.{suffix}"
+            file = f"{'Source/Web/' if suffix == 'ts' else ''}fault{len(expected)}.{suffix}"
             self.put(file, text)
             expected[file] = reason
         self.assert_complaints("check-style", expected)

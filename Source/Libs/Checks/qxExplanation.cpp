@@ -91,6 +91,7 @@ void qxExplanation::addTargets(const qxVariantSet &set)
         const qxSceneObject &node = nodes.front();
         const osg::Int64 before = m_forecast.value(node, qxAspect::Visibility);
         m_entries.back().reached = 1;
+        m_entries.back().changed = before == 0;
         m_entries.back().from = qxStateRules::stateFor(node, qxAspect::Visibility, before);
         m_entries.back().to = qxStateRules::stateFor(node, qxAspect::Visibility, 1);
         showTarget(node.node);
@@ -141,6 +142,7 @@ void qxExplanation::foresee(qxExplainedEntry &entry, const qxVariantKind &kind)
             entry.code = entry.code.value_or(code);
             continue;
         }
+        entry.changed += effect.value != foreseen.before;
         if (entry.reached++ == 0) {
             entry.from = qxStateRules::stateFor(object, effect.aspect, foreseen.before);
             entry.to = qxStateRules::stateFor(object, effect.aspect, effect.value);

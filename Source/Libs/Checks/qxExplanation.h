@@ -21,6 +21,7 @@ struct qxExplainedEntry {
     QString object; ///< the name of what is looked up in the scene
     int found = 0; ///< how many of that name there are
     int reached = 0; ///< how many of them take the state
+    int changed = 0; ///< how many of these had another one
     QMap<qxCode, int> left; ///< why the others do not, and how many
     QString from; ///< the first that takes it, just before its turn; empty for what has no state
     QString to; ///< the same just after its turn

@@ -1,6 +1,7 @@
 #include "Files/Gltf/Common/qxGltfJson.h"
 #include "Files/qxMemoryBudget.h"
 #include "Light/qxLightPictureReader.h"
+#include "Light/qxRadianceWriter.h"
 
 #include <OpenEXR/ImfChannelList.h>
 #include <OpenEXR/ImfFrameBuffer.h>
@@ -12,6 +13,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
+#include <random>
 
 namespace {
 
@@ -159,6 +162,38 @@ TEST(LightPictureTest, EveryFormOfAFileShowsTheSameLight)
     qxMemoryBudget budget(1 << 20);
     const qxLightPicture grey = qxReadLightPicture(exr(Imf::HALF, false, "Y"), budget);
     EXPECT_EQ(grey.at(8, 3), osg::Vec3f(0.125f, 0.125f, 0.125f));
+}
+
+/// With runs of all lengths, darkness, and widths that have no runs.
+TEST(LightPictureTest, WrittenPicturesReadBackWithinTheirPrecision)
+{
+    std::mt19937 random(7);
+    for (const int pixels : {1, 7, 8, 131, 700}) {
+        qxLightPicture picture(pixels, 3);
+        std::size_t next = 0;
+        while (next < picture.light.size()) {
+            const float power = std::ldexp(1.0f, int(random() % 40) - 20);
+            const auto part = [&] { return random() % 5 == 0 ? 0.0f : power / (1 + random() % 9); };
+            const osg::Vec3f light(part(), part(), part());
+            for (auto run = 1 + random() % 300; run > 0 && next < picture.light.size(); --run)
+                picture.light[next++] = random() % 50 == 0 ? osg::Vec3f(part(), 0, part()) : light;
+        }
+        qxMemoryBudget budget(1 << 20);
+        const qxLightPicture read = qxReadLightPicture(qxWriteRadiance(picture), budget);
+        ASSERT_EQ(read.light.size(), picture.light.size());
+        for (std::size_t i = 0; i < read.light.size(); ++i) {
+            const float peak =
+                std::max({picture.light[i][0], picture.light[i][1], picture.light[i][2]});
+            EXPECT_LE((read.light[i] - picture.light[i]).length(), peak / 128)
+                << pixels << ' ' << i;
+        }
+    }
+    qxLightPicture odd(2, 1);
+    odd.light = {osg::Vec3f(std::numeric_limits<float>::quiet_NaN(), 1, 1), osg::Vec3f(-1, 1, 0)};
+    qxMemoryBudget budget(1 << 20);
+    const qxLightPicture read = qxReadLightPicture(qxWriteRadiance(odd), budget);
+    EXPECT_EQ(read.light[0], osg::Vec3f());
+    EXPECT_LT((read.light[1] - osg::Vec3f(0, 1, 0)).length(), 0.02f);
 }
 
 TEST(LightPictureTest, DamagedFilesAreRefusedWithTheReason)

@@ -46,6 +46,8 @@ extern const qxCommand trust;
 extern const qxCommand render;
 extern const qxCommand previews;
 extern const qxCommand catalogue;
+extern const qxCommand exportScene;
+extern const qxCommand publish;
 extern const qxCommand explain;
 extern const qxCommand diff;
 extern const qxCommand merge;

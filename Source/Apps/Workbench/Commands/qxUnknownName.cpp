@@ -1,5 +1,8 @@
 #include "qxUnknownName.h"
 
+#include "qxVariantGroup.h"
+#include "qxVariants.h"
+
 #include "Session/qxSetPreviews.h"
 #include "qxNames.h"
 #include "qxNodeUtils.h"
@@ -19,6 +22,14 @@ QString line(const char *what, const QString &name, const QStringList &names)
 QString qxUnknownName::set(const QString &name)
 {
     return line("variant set", name, qxSetPreviews::allNames());
+}
+
+QString qxUnknownName::group(const QString &name)
+{
+    QStringList names;
+    for (const qxVariantGroup *group : qxVariants::_variantGroups)
+        names += group->name;
+    return line("variant group", name, names);
 }
 
 QString qxUnknownName::viewpoint(const QString &name)

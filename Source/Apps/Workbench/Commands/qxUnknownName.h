@@ -6,6 +6,7 @@
 namespace qxUnknownName {
 
 QString set(const QString &name);
+QString group(const QString &name);
 QString viewpoint(const QString &name);
 QString node(const QString &name);
 /// One of `names`.

@@ -34,11 +34,15 @@ const qxValueKind valueKinds[] = {
     {"STATE", "Name of one of its states.", qxValueKind::Word, ""},
     {"COMMAND", "Name of a command.", qxValueKind::Word, ""},
     {"OUT", nullptr, qxValueKind::File, "gltf|glb"},
+    {"GLB", nullptr, qxValueKind::File, "glb"},
     {"KIND", "What is renamed, see above.", qxValueKind::Word, ""},
     {"OLD", "Its name.", qxValueKind::Word, ""},
     {"NEW", "Its name to be.", qxValueKind::Word, ""},
     {"SCENE|XML", nullptr, qxValueKind::File, "gltf|glb|xml"},
     {"PICTURE", nullptr, qxValueKind::File, "hdr|pic|exr"},
+    {"GROUP", nullptr, qxValueKind::Word, ""},
+    {"TITLE", nullptr, qxValueKind::Word, ""},
+    {"en|de", nullptr, qxValueKind::Word, ""},
     {"XML", nullptr, qxValueKind::File, "xml"},
     {"HTML", nullptr, qxValueKind::File, "html"},
     {"CSV", nullptr, qxValueKind::File, "csv"},
@@ -50,7 +54,8 @@ const qxValueKind valueKinds[] = {
 const QStringList &outputs()
 {
     static const QStringList names{QStringLiteral("save"), QStringLiteral("out"),
-                                   QStringLiteral("report"), QStringLiteral("html")};
+                                   QStringLiteral("report"), QStringLiteral("html"),
+                                   QStringLiteral("single-file")};
     return names;
 }
 
@@ -60,13 +65,16 @@ int fail(qxExitCode code, const QString &name, const QString &reason)
     return code;
 }
 
-/// A scene is written in the form that its suffix says, and has files beside it.
-int checkScene(const QString &name)
+/// A scene is written in the form that its suffix says, and may have files beside it.
+int checkScene(const QCommandLineOption &option, const QString &name)
 {
     const QString suffix = QFileInfo(name).suffix().toLower();
+    const bool isExport = option.valueName() == QLatin1String("GLB");
     if (qxStreams::isStandard(name))
-        return fail(WrongUse, QStringLiteral("--save -"),
+        return fail(WrongUse, QStringLiteral("--%1 -").arg(option.names().first()),
                     QStringLiteral("a scene is saved to a file, not to standard output"));
+    if (suffix != QLatin1String("glb") && isExport)
+        return fail(WrongUse, name, QStringLiteral("exported scenes end in .glb"));
     if (suffix != QLatin1String("gltf") && suffix != QLatin1String("glb"))
         return fail(WrongUse, name, QStringLiteral("scene files end in .gltf or .glb"));
     return qxValueKinds::checkFile(name);
@@ -145,8 +153,9 @@ int qxValueKinds::checkOutputs(const qxCommand &command, const QCommandLineParse
             code = checkFolder(name);
         else if (kind.place == qxValueKind::File)
             code = option.valueName() == QLatin1String("MERGED") ? checkFile(name)
-                : option.valueName() == QLatin1String("OUT") || isSceneOrText(option, name)
-                ? checkScene(name)
+                : option.valueName() == QLatin1String("OUT")
+                    || option.valueName() == QLatin1String("GLB") || isSceneOrText(option, name)
+                ? checkScene(option, name)
                 : checkText(name, QString::fromLatin1(kind.suffixes).section('|', -1));
         if (code != Success)
             return code;

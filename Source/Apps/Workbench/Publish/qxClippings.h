@@ -1,8 +1,7 @@
 #pragma once
 
-#include "qxAssignments.h"
-
 #include "Scene/qxClipping.h"
+#include "qxAssignments.h"
 
 class qxAnalyzerVariant;
 

@@ -4,8 +4,6 @@
 #include <QList>
 #include <QString>
 
-class qxVariantSet;
-
 /// What became of one entry of a set, or of something of the scene, in a published page or an
 /// exported file.
 struct qxLoss {
@@ -30,8 +28,8 @@ public:
     /// How many of them came out so.
     int count(qxLoss::Outcome outcome) const;
 
-    /// Prints for people: the numbers, then what is not carried, by set. Equal lines of several sets
-    /// are one.
+    /// Prints for people: the numbers, then what is not carried, by set. Equal lines of several
+    /// sets are one.
     void print() const;
     /// All of them.
     QJsonObject toJson() const;

@@ -93,9 +93,8 @@ void qxPublishedBindings::writeTo(QJsonObject &json) const
 void qxPublishedBindings::add(const osg::NodePtr &top)
 {
     if (top != osg::NullFC)
-        qxWalkTree(
-            std::vector<Place>{{top, QJsonArray()}},
-            [this](const Place &place, std::vector<Place> &below) { visit(place, below); });
+        qxWalkTree(std::vector<Place>{{top, QJsonArray()}},
+                   [this](const Place &place, std::vector<Place> &below) { visit(place, below); });
 }
 
 void qxPublishedBindings::visit(Place place, std::vector<Place> &below)
@@ -122,8 +121,8 @@ void qxPublishedBindings::bindNode(const Place &place, int node)
     const osg::NodeCorePtr core = place.node->getCore();
     const osg::OverlayCorePtr overlay = osg::OverlayCorePtr::dcast(core);
     if (overlay != osg::NullFC)
-        m_overlays += QJsonObject{{nodeKey, node},
-                                  {QStringLiteral("layer"), double(overlay->getLayer())}};
+        m_overlays +=
+            QJsonObject{{nodeKey, node}, {QStringLiteral("layer"), double(overlay->getLayer())}};
     QJsonObject binding;
     const auto known = m_nodes.find(node);
     if (known != m_nodes.end())
@@ -150,7 +149,7 @@ QJsonObject qxPublishedBindings::matricesOf(const osg::NodePtr &node) const
     const osg::TransformPtr transform = osg::TransformPtr::dcast(node->getCore());
     if (transform == osg::NullFC)
         return node == qxScenegraph::environmentGeometrySwitch() ? still(osg::Matrix())
-                                                                  : QJsonObject();
+                                                                 : QJsonObject();
     const int slot = m_places.slotOf(node);
     if (slot < 0 || !m_slots.isChanging(slot)) {
         const bool isSwitch = osg::SwitchComponentTransformPtr::dcast(transform) != osg::NullFC;
@@ -205,10 +204,8 @@ QJsonValue qxPublishedBindings::choiceOf(const osg::MaterialPtr &material)
     if (m_choices.contains(id))
         return m_choices.value(id);
     const auto at = [&](qxSlots::Value place) {
-        const bool isThere =
-            place >= 0 && place < qxSlots::Value(choices->getMaterials().size());
-        return choiceOf(isThere ? choices->getMaterials()[osg::UInt32(place)]
-                                : osg::MaterialPtr());
+        const bool isThere = place >= 0 && place < qxSlots::Value(choices->getMaterials().size());
+        return choiceOf(isThere ? choices->getMaterials()[osg::UInt32(place)] : osg::MaterialPtr());
     };
     const int slot = m_slots.find(qxSceneObject(material), qxAspect::Choice);
     if (slot < 0 || !m_slots.isChanging(slot))
@@ -216,8 +213,8 @@ QJsonValue qxPublishedBindings::choiceOf(const osg::MaterialPtr &material)
     QJsonObject materials;
     for (const qxSlots::Value value : m_slots.values(slot))
         materials[QString::number(value)] = at(value);
-    return *m_choices.insert(id, QJsonObject{{slotKey, m_slots.number(slot)},
-                                             {QStringLiteral("materials"), materials}});
+    return *m_choices.insert(
+        id, QJsonObject{{slotKey, m_slots.number(slot)}, {QStringLiteral("materials"), materials}});
 }
 
 QJsonValue qxPublishedBindings::plainMaterial(const osg::MaterialPtr &material)

@@ -28,8 +28,9 @@ void judge(const qxVariantSet &set, const qxExplainedEntry &entry, qxLoss &loss)
     const bool isTurn = entry.kind == QLatin1String("animation") && set.sequentialAnimation;
     const int clips = isTurn ? int(qxPublishedSteps::clipsOf(entry.name).size()) : 0;
     if (clips > 1)
-        return make(qxLoss::Approximated,
-                    QStringLiteral("of %1 animations of that name the first one starts").arg(clips));
+        return make(
+            qxLoss::Approximated,
+            QStringLiteral("of %1 animations of that name the first one starts").arg(clips));
     if (entry.code && !(isTurn && clips > 0))
         return make(qxLoss::Dropped, QString::fromLatin1(qxCheckCodes::row(*entry.code).title));
     if (qxVariants::_recurse && entry.kind == QLatin1String("node"))

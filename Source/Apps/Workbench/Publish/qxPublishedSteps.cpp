@@ -130,8 +130,9 @@ QJsonObject qxPublishedSteps::clipsAt(const qxVariantSet &set, const Selection &
     if (selection.turn < 0)
         return {{QStringLiteral("clips"), arrayOf(clips)}};
     const int slot = m_slots.number(selection.turn);
-    return {{QStringLiteral("turn"), QJsonObject{{QStringLiteral("slot"), slot},
-                                                 {QStringLiteral("clips"), arrayOf(clips)}}}};
+    return {
+        {QStringLiteral("turn"),
+         QJsonObject{{QStringLiteral("slot"), slot}, {QStringLiteral("clips"), arrayOf(clips)}}}};
 }
 
 std::vector<int> qxPublishedSteps::clipsOf(const QString &name)

@@ -27,8 +27,7 @@ public:
     /// After close, for what was added: the members step and, where there is one, now.
     QJsonObject of(const qxVariantSet &set) const;
     /// The step.
-    QJsonObject of(const qxVariantKind &kind, const qxVariant &variant,
-                   const QString &state) const;
+    QJsonObject of(const qxVariantKind &kind, const qxVariant &variant, const QString &state) const;
     ///@}
 
     const qxPlaces &places() const { return m_effects.places(); }

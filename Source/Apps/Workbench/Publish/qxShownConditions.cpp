@@ -55,8 +55,7 @@ void qxShownConditions::put(const Axis &axis, qxSlots::Value value)
     if (qxStateRules::valueOf(axis.object, axis.aspect) == value)
         return;
     qxStateRules::setValue(axis.object, axis.aspect, value);
-    if (axis.aspect != qxAspect::Pose
-        || qxStateRules::valueOf(axis.object, axis.aspect) == value)
+    if (axis.aspect != qxAspect::Pose || qxStateRules::valueOf(axis.object, axis.aspect) == value)
         return;
     const osg::TransformStatesPtr states = qxTransformStates::of(axis.object.node);
     const osg::CPEditor edit(states, osg::TransformStates::SelectedFieldMask);

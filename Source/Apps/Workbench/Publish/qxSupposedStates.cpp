@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-const qxStateSurvey::Effects &qxSupposedStates::ask(const qxStateRule &rule,
-                                                    const qxSceneObject &object,
-                                                    qxStateRequest &request)
+const qxStateSurvey::Effects &
+qxSupposedStates::ask(const qxStateRule &rule, const qxSceneObject &object, qxStateRequest &request)
 {
     m_effects.clear();
     std::fill(std::begin(m_asked), std::end(m_asked), false);

@@ -8,8 +8,8 @@
 struct qxClipping;
 struct qxUberCamera;
 
-/// Parts of the scene as JSON, as Source/Web/published.ts has them. Numbers have no more digits than
-/// it takes to read them back.
+/// Parts of the scene as JSON, as Source/Web/published.ts has them. Numbers have no more digits
+/// than it takes to read them back.
 namespace qxSceneJson {
 
 double number(float value);

@@ -13,20 +13,20 @@ namespace {
 constexpr QSize cardSize(330, 220);
 constexpr int JpegQuality = 85;
 
-QByteArray jpegOf(const QImage &image)
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPG", JpegQuality);
-    return buffer.data();
-}
-
 QImage rendered(const QSize &size)
 {
     return QImage::fromData(qxSetPreviews::render(size.width(), size.height()));
 }
 
 } // namespace
+
+QByteArray qxSetPictures::jpeg(const QImage &picture)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, "JPG", JpegQuality);
+    return buffer.data();
+}
 
 qxSetPreviews::Work qxSetPictures::onSheet(qxContactSheet &sheet, const QSize &size,
                                            const std::function<void()> &look)
@@ -51,7 +51,7 @@ qxSetPreviews::Work qxSetPictures::onPage(qxCataloguePage::Pictures &pictures)
             return false;
         const QImage small =
             picture.scaled(cardSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        pictures[name] = {jpegOf(picture), jpegOf(small)};
+        pictures[name] = {jpeg(picture), jpeg(small)};
         return true;
     };
 }

@@ -3,6 +3,7 @@
 #include "Report/qxCataloguePage.h"
 #include "Session/qxSetPreviews.h"
 
+#include <QImage>
 #include <QSize>
 
 class qxContactSheet;
@@ -19,6 +20,8 @@ constexpr QSize sheetSize(384, 256);
 /// than those of most screens.
 constexpr int pageSamples = 4;
 
+/// The picture as pages have it; empty for a null one.
+QByteArray jpeg(const QImage &picture);
 /// Adds a picture of that size to the sheet, after `look`, which may change the view.
 qxSetPreviews::Work onSheet(qxContactSheet &sheet, const QSize &size,
                             const std::function<void()> &look = {});

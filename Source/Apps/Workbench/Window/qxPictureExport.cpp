@@ -3,14 +3,18 @@
 #include "qxVariantSet.h"
 
 #include "Pictures/qxScenePicture.h"
+#include "Publish/qxPublisher.h"
 #include "Report/qxContactSheet.h"
 #include "Report/qxPictureHint.h"
 #include "Report/qxStreams.h"
+#include "Script/qxScriptRunner.h"
 #include "Session/qxPictureScope.h"
+#include "Session/qxSession.h"
 #include "Session/qxSetPictures.h"
 #include "Sets/qxVariantSetsDock.h"
 #include "qxController.h"
 #include "qxExportProgress.h"
+#include "qxLog.h"
 #include "qxPanelChanges.h"
 #include "qxPictureWish.h"
 
@@ -20,6 +24,7 @@
 #include <QImageWriter>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScopeGuard>
 
 namespace {
 
@@ -53,9 +58,9 @@ QStringList pictureFilters()
 
 } // namespace
 
-qxPictureExport::qxPictureExport(QWidget *window, qxVariantSetsDock *sets,
+qxPictureExport::qxPictureExport(QWidget *window, qxSession &session, qxVariantSetsDock *sets,
                                  const std::function<QString()> &scenePath)
-    : QObject(window), m_window(window), m_sets(sets), m_scenePath(scenePath)
+    : QObject(window), m_window(window), m_session(session), m_sets(sets), m_scenePath(scenePath)
 {
 }
 
@@ -153,6 +158,51 @@ void qxPictureExport::exportCatalogue()
         return;
     const QString title = QFileInfo(m_scenePath()).fileName();
     write(file, qxCataloguePage::html(title.isEmpty() ? tr("Scene") : title, pictures));
+}
+
+void qxPictureExport::exportPage()
+{
+    if (!qxPublishedPage::flaw().isEmpty())
+        return showProblem(tr("No web page can be made."),
+                           tr("This program was built without the viewer for web pages."));
+    const QString file =
+        askForFile(tr("Export Web Page"), QStringLiteral("html"), {tr("Web pages (*.html)")});
+    qxPublisher publisher;
+    if (file.isEmpty() || !publish(publisher))
+        return;
+    write(file, qxPublishedPage::single(publisher.publication()));
+    const int lost = publisher.losses().count(qxLoss::Dropped);
+    if (lost > 0)
+        qxLog::warning("The web page leaves out %d entries, which \"workbench publish\" lists",
+                       lost);
+}
+
+/// From the first viewpoint. False when it was cancelled or, which is said, failed.
+bool qxPictureExport::publish(qxPublisher &publisher)
+{
+    const QString name = QFileInfo(m_scenePath()).completeBaseName();
+    qxPublisher::Wishes wishes;
+    wishes.title = name.isEmpty() ? tr("Scene") : name;
+    wishes.states.language = tr("en", "the code of the language of web pages: en or de");
+    wishes.compress = true;
+    bool isDone = false;
+    m_sets->keepCursor([&] {
+        const auto allowed = qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
+        const auto allow = qScopeGuard([allowed] { qxScriptRunner::setAllowed(allowed); });
+        const qxPictureScope scope(qxPictureSettings::Best);
+        const qxStartView view;
+        const QString flaw = publisher.describe(m_session.file(), wishes);
+        if (!flaw.isEmpty())
+            return showProblem(tr("No web page can be made."), flaw);
+        const QStringList &names = publisher.withoutPreview();
+        qxExportProgress progress(names.size() + 1, m_window);
+        const auto begin = [&progress](const QString &set) { return progress.begin(set); };
+        isDone = progress.begin(wishes.title) && publisher.makePoster()
+            && qxSetPreviews::visit(names, begin, publisher.preview()) == names.size();
+    });
+    Q_EMIT qxPanelChanges::the().sceneRestored();
+    qxController::updateRender(true);
+    return isDone;
 }
 
 void qxPictureExport::write(const QString &file, const QByteArray &bytes)

@@ -4,19 +4,21 @@
 
 #include <functional>
 
+class qxPublisher;
+class qxSession;
 class qxVariantSet;
 class qxVariantSetsDock;
 struct qxPictureWish;
 
-/// Writes pictures, sheets and catalogues that the user asks for, as the commands "render" and
-/// "catalogue" make them. It shows the progress; when the user cancels, nothing is written. Scene,
-/// camera and selection are as before.
+/// Writes pictures, sheets, catalogues and web pages that the user asks for, as the commands
+/// "render", "catalogue" and "publish" make them. It shows the progress; when the user cancels,
+/// nothing is written. Scene, camera and selection are as before.
 class qxPictureExport : public QObject {
     Q_OBJECT
 
 public:
     /// `scenePath` tells the path of the scene's file, which may be empty.
-    qxPictureExport(QWidget *window, qxVariantSetsDock *sets,
+    qxPictureExport(QWidget *window, qxSession &session, qxVariantSetsDock *sets,
                     const std::function<QString()> &scenePath);
 
     ///@{
@@ -24,6 +26,7 @@ public:
     void savePicture();
     void saveSheet();
     void exportCatalogue();
+    void exportPage();
     ///@}
 
 Q_SIGNALS:
@@ -37,7 +40,10 @@ private:
     void write(const QString &file, const QByteArray &bytes);
     void showProblem(const QString &what, const QString &reason);
 
+    bool publish(qxPublisher &publisher);
+
     QWidget *m_window;
+    qxSession &m_session;
     qxVariantSetsDock *m_sets;
     std::function<QString()> m_scenePath;
 };

@@ -73,6 +73,8 @@ void qxWorkbenchWindow::buildFileMenu()
           QT_TR_NOOP("Save S&heet..."));
     named(menu->addAction(QString(), m_export, &qxPictureExport::exportCatalogue),
           QT_TR_NOOP("Export Cata&logue..."));
+    named(menu->addAction(QString(), m_export, &qxPictureExport::exportPage),
+          QT_TR_NOOP("Export &Web Page..."));
     menu->addSeparator();
     named(menu->addAction(QString(), this, &qxWorkbenchWindow::showScripts),
           QT_TR_NOOP("S&cripts of This File..."));

@@ -133,7 +133,7 @@ void qxWorkbenchWindow::buildPictures()
     connect(m_presentation, &qxPresentation::ended, this, &qxWorkbenchWindow::closeLater);
     connect(m_presentation->action(), &QAction::toggled, m_view,
             [this](bool on) { m_view->setOutlined(!on); });
-    m_export = new qxPictureExport(this, m_sets, [this] { return m_path; });
+    m_export = new qxPictureExport(this, *m_session, m_sets, [this] { return m_path; });
     connect(m_export, &qxPictureExport::done, this,
             [this](const QString &sentence) { statusBar()->showMessage(sentence, 15000); });
 }

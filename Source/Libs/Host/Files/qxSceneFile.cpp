@@ -4,6 +4,7 @@
 #include "Files/Gltf/Common/qxGltfFiles.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/Gltf/Common/qxGltfVariants.h"
+#include "Files/Gltf/Export/qxGltfExporter.h"
 #include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Files/Gltf/Read/qxGltfScene.h"
@@ -48,7 +49,7 @@ struct qxSceneFile::Content {
     static std::unique_ptr<Content> load(const QString &path, QStringList &warnings,
                                          const StepListener &listener);
     /// The JSON of the file with what changed in the scene since.
-    qxJson edited() const;
+    qxGltfEdited edited() const;
     bool isBufferOutdated() const;
     /// The place of a geometry below a node of the file.
     qxFilePlace partOf(const osg::NodePtr &node) const;
@@ -151,10 +152,13 @@ qxSceneFile::Content::load(const QString &path, QStringList &warnings, const Ste
     return content;
 }
 
-qxJson qxSceneFile::Content::edited() const
+qxGltfEdited qxSceneFile::Content::edited() const
 {
-    qxJson json = document.json;
-    const qxGltfState after =
+    qxGltfEdited result;
+    qxJson &json = result.json;
+    json = document.json;
+    qxGltfState &after = result.state;
+    after =
         qxGltfState::of(childrenOf(qxScenegraph::getRoot()), childrenOf(qxOverlays::getPoolRoot()),
                         qxScenegraph::environmentGeometrySwitch(), origin);
     qxGltfMaterialPatch materialPatch(json, origin, materials);
@@ -164,7 +168,8 @@ qxJson qxSceneFile::Content::edited() const
     materialPatch.writeGeometries(after, use);
     const std::vector<int> meshes = qxGltfMeshPatch(json, origin, materialPatch).write(after);
     materialPatch.settleNames();
-    qxGltfPatch(json, before, after).write(meshes, scene);
+    result.materials = materialPatch.places();
+    result.nodes = qxGltfPatch(json, before, after).write(meshes, scene);
     qxGltfKeepViewpoints(json, origin, after);
     qxGltfAddViewpoints(json, scene, viewpoints);
     if (qxGltfSection(document.json, "scenes").empty() && !qxGltfSection(json, "scenes").empty())
@@ -174,7 +179,7 @@ qxJson qxSceneFile::Content::edited() const
         if (!bufferFiles[i].isUpToDate())
             json["buffers"][i]["uri"] = qxGltfDataUriOf(buffers[i]);
     }
-    return json;
+    return result;
 }
 
 bool qxSceneFile::Content::isBufferOutdated() const
@@ -232,11 +237,20 @@ bool qxSceneFile::save(const QString &path)
                 m_content->note(path, qxFileStamp(path, output.content()));
         });
         const bool isOutdated = m_content->isBufferOutdated();
-        output.write(m_content->edited(), m_content->buffers);
+        output.write(m_content->edited().json, m_content->buffers);
         m_content->hasTakenIn = isOutdated;
         if (m_content->hasTakenIn)
             m_warnings << qxFileText::tr("buffers whose files have changed on the disk stand in "
                                          "the scene file now, as they were loaded");
+    });
+}
+
+QString qxSceneFile::makeExport(const qxExportOptions &options, qxExport &result) const
+{
+    return qxGltfAttempt(m_content->document.path, [&] {
+        const qxGltfEdited edited = m_content->edited();
+        qxGltfModel model = qxGltfModel::of(m_content->document, edited.json, m_content->buffers);
+        result = qxGltfExporter(model, edited, m_content->origin, options).make();
     });
 }
 

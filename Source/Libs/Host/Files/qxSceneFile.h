@@ -1,9 +1,11 @@
 #pragma once
 
-#include "Files/qxSceneVariant.h"
+namespace osg {
+class NodePtr;
+}
 
-#include <OpenSG/OSGMaterial.h>
-#include <OpenSG/OSGNode.h>
+#include "Files/qxExport.h"
+#include "Files/qxSceneVariant.h"
 
 #include <QByteArray>
 #include <QStringList>
@@ -64,6 +66,9 @@ public:
     /// otherwise. Files of buffers that others have changed are not overwritten; the scene file
     /// then includes the data that were loaded.
     bool save(const QString &path);
+    /// Makes a GLB of the present scene for others. What it takes from the file are the data that
+    /// were loaded. Why that failed, with the path; then `result` is unchanged.
+    QString makeExport(const qxExportOptions &options, qxExport &result) const;
     /// Whether others have changed the file that a save to `path` replaces, or files of its
     /// buffers, since it was last loaded or saved here.
     bool isChangedByOthers(const QString &path) const;

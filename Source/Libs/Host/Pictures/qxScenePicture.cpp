@@ -111,6 +111,11 @@ qxRenderer::View qxScenePicture::view(const qxPictureSettings &settings)
     return presentRenderer().view(settings);
 }
 
+qxSceneLighting qxScenePicture::lighting(const qxPictureSettings &settings)
+{
+    return presentRenderer().lighting(settings);
+}
+
 osg::NodePtr qxScenePicture::nodeAt(const qxPictureSettings &settings, float x, float y)
 {
     return presentRenderer().nodeAt(settings, x, y);

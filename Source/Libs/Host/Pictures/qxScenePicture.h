@@ -18,6 +18,8 @@ public:
     static int quality();
     /// As qxRenderer::view.
     static qxRenderer::View view(const qxPictureSettings &settings);
+    /// As qxRenderer::lighting.
+    static qxSceneLighting lighting(const qxPictureSettings &settings);
     /// As qxRenderer::nodeAt.
     static osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);
     /// As qxRenderer::mask.

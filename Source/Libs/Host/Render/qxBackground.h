@@ -15,6 +15,9 @@ public:
     /// Whether the nodes of the environment are what lights the scene.
     bool hasGeometry() const { return m_hasGeometry; }
 
+    /// Whether it is also what is seen behind everything.
+    bool showsSky() const { return m_showsSky; }
+
     /// Whether a row of the picture is the same everywhere behind the scene, wherever the camera
     /// looks.
     bool isPlain() const { return !m_showsGeometry && !m_showsSky; }

@@ -25,13 +25,6 @@ int samplesOf(const qxPictureSettings &settings)
     return settings.quality < 0 ? _bestSamples : settings.quality;
 }
 
-bool hasGround(qxViewSettings::Ground wanted, const qxRenderGroup &shown)
-{
-    if (wanted == qxViewSettings::NoGround || shown.bounds().isEmpty())
-        return false;
-    return wanted == qxViewSettings::AlwaysGround || !qxShadowGround::isFloor(shown);
-}
-
 /// Pixels of many samples come in small tiles: one that is begun is finished before a picture is
 /// cancelled.
 int tileOf(int samples)
@@ -190,7 +183,7 @@ qxPainter::qxPainter(const qxRenderScene &scene, const qxPictureSettings &settin
         m_tracer = std::make_unique<qxPathTracer>(lit);
     else
         m_tracer = std::make_unique<qxTracer>(lit);
-    if (hasGround(settings.view.ground, m_shown) && !m_clipping.hidesScene())
+    if (qxShadowGround::isWanted(settings.view.ground, m_shown) && !m_clipping.hidesScene())
         m_ground = std::make_unique<qxShadowGround>(
             qxShadowGround::Scene{*m_tracer, m_shown.bounds(), m_lights, m_background.sky()},
             m_rayTracing);

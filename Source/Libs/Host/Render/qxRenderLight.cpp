@@ -180,6 +180,13 @@ void qxRenderLights::add(const osg::LightPtr &core, const osg::Matrix &toWorld)
 
 void qxRenderLights::expose(const qxBox &scene)
 {
+    const float factor = exposureFactor(scene);
+    scale(on, factor);
+    scale(off, factor);
+}
+
+float qxRenderLights::exposureFactor(const qxBox &scene) const
+{
     float sum = 0.0f;
     for (const qxRenderLight &light : on)
         sum += amountAt(light, scene);
@@ -188,8 +195,6 @@ void qxRenderLights::expose(const qxBox &scene)
     const float least = 1.0f;
     const float most = 2.0f * qxPi;
     if (!(sum > 0.0f) || !std::isfinite(sum))
-        return;
-    const float factor = std::clamp(sum, least, most) / sum;
-    scale(on, factor);
-    scale(off, factor);
+        return 1.0f;
+    return std::clamp(sum, least, most) / sum;
 }

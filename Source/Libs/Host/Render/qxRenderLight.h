@@ -54,4 +54,6 @@ struct qxRenderLights {
     /// exposure of a camera. Lights that are off count as well. Does nothing if the sum is in range
     /// already.
     void expose(const qxBox &scene);
+    /// The factor by which that scales them; 1 when it does nothing.
+    float exposureFactor(const qxBox &scene) const;
 };

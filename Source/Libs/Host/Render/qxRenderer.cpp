@@ -141,6 +141,12 @@ qxRenderer::View qxRenderer::view(const qxPictureSettings &settings)
     });
 }
 
+qxSceneLighting qxRenderer::lighting(const qxPictureSettings &settings)
+{
+    return m_parts->withScene(settings,
+                              [&] { return qxSceneLighting::of(*m_parts->scene, settings.view); });
+}
+
 osg::NodePtr qxRenderer::nodeAt(const qxPictureSettings &settings, float x, float y)
 {
     return m_parts->withScene(

@@ -2,6 +2,7 @@
 
 #include "Render/qxNodeMask.h"
 #include "Render/qxPicture.h"
+#include "Render/qxSceneLighting.h"
 #include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGNode.h>
@@ -43,6 +44,8 @@ public:
         osg::Vec3f middle; ///< of the box around what is shown; the origin when nothing is
     };
     View view(const qxPictureSettings &settings); ///< reads the scene
+    /// What lights the scene in such a picture; reads the scene.
+    qxSceneLighting lighting(const qxPictureSettings &settings);
     /// The node that such a picture shows at a place, in pixels from its lower left corner; null
     /// for the background. Overlays are looked through.
     osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y);

@@ -64,6 +64,13 @@ bool qxShadowGround::isFloor(const qxRenderGroup &shown)
     return found * 4 >= _places * 3;
 }
 
+bool qxShadowGround::isWanted(qxViewSettings::Ground setting, const qxRenderGroup &shown)
+{
+    if (setting == qxViewSettings::NoGround || shown.bounds().isEmpty())
+        return false;
+    return setting == qxViewSettings::AlwaysGround || !isFloor(shown);
+}
+
 qxShadowGround::qxShadowGround(const Scene &scene, bool isFine) : m_scene(scene)
 {
     const osg::Vec3f size = scene.bounds.upper - scene.bounds.lower;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Render/qxTracer.h"
+#include "Render/qxViewSettings.h"
 
 /// An invisible ground below the scene that only darkens what is seen there: shadows of lamps, and
 /// less light from the surroundings where the scene is near. It ends softly around the scene.
@@ -12,6 +13,8 @@ public:
     /// at least three in four show, from straight above, a surface in the lowest tenth of the
     /// scene.
     static bool isFloor(const qxRenderGroup &shown);
+    /// Whether a picture with that setting shows a ground below these parts of a scene.
+    static bool isWanted(qxViewSettings::Ground setting, const qxRenderGroup &shown);
 
     /// What casts the shadows, and what lights the ground.
     struct Scene {

@@ -18,6 +18,15 @@ osg::SwitchMaterialPtr switchOf(const osg::MaterialPtr &material)
 
 } // namespace
 
+osg::MaterialPtr qxGltfShownMaterial(osg::MaterialPtr material)
+{
+    for (auto choices = switchOf(material); choices != osg::NullFC; choices = switchOf(material)) {
+        const bool isChosen = choices->getChoice() < choices->getMFMaterials()->size();
+        material = isChosen ? choices->getMaterial(choices->getChoice()) : osg::MaterialPtr();
+    }
+    return material;
+}
+
 qxGltfSwitchMaterialState qxGltfSwitchMaterialState::of(const osg::SwitchMaterialPtr &material)
 {
     const osg::MFMaterialPtr &contents = *material->getMFMaterials();

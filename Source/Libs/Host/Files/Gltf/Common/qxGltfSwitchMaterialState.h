@@ -8,6 +8,9 @@
 struct qxGltfOrigin;
 struct qxGltfState;
 
+/// The plain material that a material shows; null when it shows none.
+osg::MaterialPtr qxGltfShownMaterial(osg::MaterialPtr material);
+
 /// A switch material as a scene file lists it. A save lists them if those of the scene just loaded
 /// and the present ones differ.
 struct qxGltfSwitchMaterialState {

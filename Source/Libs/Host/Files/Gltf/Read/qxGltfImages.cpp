@@ -5,9 +5,7 @@
 #include "Files/Gltf/Read/qxGltfModel.h"
 #include "Pictures/qxEncodedPicture.h"
 
-namespace {
-
-QByteArray encoded(qxGltfModel &model, const qxJson &image)
+QByteArray qxGltfPictureBytes(qxGltfModel &model, const qxJson &image)
 {
     const qxJson &uri = qxGltfMember(image, "uri");
     if (uri.is_string())
@@ -21,22 +19,29 @@ QByteArray encoded(qxGltfModel &model, const qxJson &image)
     return bytes;
 }
 
-/// The text of its URI or, with a mark that no URI begins with, the number of its buffer view.
-std::string keyOf(const qxJson &image)
+std::string qxGltfPictureKey(const qxJson &image)
 {
     const qxJson &uri = qxGltfMember(image, "uri");
     return uri.is_string() ? uri.get<std::string>()
                            : '#' + qxGltfMember(image, "bufferView").dump();
 }
 
-} // namespace
+std::vector<int> qxGltfTextureSources(const qxJson &texture)
+{
+    const qxJson &webp = qxGltfMember(qxGltfMember(texture, "extensions"), "EXT_texture_webp");
+    std::vector<int> sources;
+    for (const int source : {qxGltfIndex(webp, "source"), qxGltfIndex(texture, "source")}) {
+        if (source >= 0)
+            sources.push_back(source);
+    }
+    return sources;
+}
 
 osg::ImagePtr qxGltfImages::ofTexture(int texture, bool forColours)
 {
     const qxJson &json = qxGltfSection(m_model.document.json, "textures")[std::size_t(texture)];
-    const qxJson &webp = qxGltfMember(qxGltfMember(json, "extensions"), "EXT_texture_webp");
-    for (const int source : {qxGltfIndex(webp, "source"), qxGltfIndex(json, "source")}) {
-        const osg::ImagePtr image = source < 0 ? osg::ImagePtr() : ofImage(source, forColours);
+    for (const int source : qxGltfTextureSources(json)) {
+        const osg::ImagePtr image = ofImage(source, forColours);
         if (image != osg::NullFC)
             return image;
     }
@@ -46,7 +51,7 @@ osg::ImagePtr qxGltfImages::ofTexture(int texture, bool forColours)
 osg::ImagePtr qxGltfImages::ofImage(int index, bool forColours)
 {
     const qxJson &json = m_model.document.json["images"][std::size_t(index)];
-    const auto [entry, isNew] = m_images.try_emplace(keyOf(json));
+    const auto [entry, isNew] = m_images.try_emplace(qxGltfPictureKey(json));
     Known &known = entry->second;
     if (known.isPaid[forColours] || (!isNew && known.image == osg::NullFC))
         return known.image.get();
@@ -70,7 +75,7 @@ osg::ImagePtr qxGltfImages::ofImage(int index, bool forColours)
 void qxGltfImages::read(Known &known, int index)
 {
     const qxJson &json = m_model.document.json["images"][std::size_t(index)];
-    const qxEncodedPicture picture(encoded(m_model, json));
+    const qxEncodedPicture picture(qxGltfPictureBytes(m_model, json));
     if (!picture.flaw().isEmpty())
         throw qxGltfError(picture.flaw());
     known.size = picture.decodedSize();

@@ -1,14 +1,26 @@
 #pragma once
 
+#include "Files/Gltf/Common/qxGltfJson.h"
+
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGRefPtr.h>
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <map>
 #include <string>
+#include <vector>
 
 struct qxGltfModel;
+
+/// The encoded picture of an image of the file. Throws qxGltfError.
+QByteArray qxGltfPictureBytes(qxGltfModel &model, const qxJson &image);
+/// Where its data are: the text of its URI or, with a mark that no URI begins with, the number of
+/// its buffer view.
+std::string qxGltfPictureKey(const qxJson &image);
+/// The images that show a texture, the preferred one first. It may have one in WebP beside the
+/// other.
+std::vector<int> qxGltfTextureSources(const qxJson &texture);
 
 /// The pictures of a file, each read once on demand. They are decoded when they are first drawn
 /// (qxEncodedPicture).

@@ -80,14 +80,34 @@ qxGltfModel qxGltfModel::read(const QString &path)
     qxGltfCheck(model.document.json);
     takeStructure(model.document.json, model.budget);
     model.buffers = qxGltfReadBuffers(model.document, model.budget, model.warnings);
-    parse(model.document.json, model.typed);
-    model.decodedViews =
-        qxGltfDecodedViews(model.document.json, model.buffers, model.budget, model.warnings);
+    model.decode();
     const QStringList missing = qxGltfNotUnderstood(model.document.json, "extensionsRequired");
     if (!missing.isEmpty())
         model.warnings
             << qxFileText::tr("what needs the extension %1 is not shown").arg(missing.join(", "));
     return model;
+}
+
+qxGltfModel qxGltfModel::of(const qxGltfDocument &document, const qxJson &edited,
+                            const std::vector<QByteArray> &buffers)
+{
+    qxGltfModel model;
+    model.budget = qxMemoryBudget();
+    model.document = document;
+    model.document.json = edited;
+    model.buffers = buffers;
+    const qxJson &stated = qxGltfSection(edited, "buffers");
+    for (std::size_t i = buffers.size(); i < stated.size(); ++i)
+        model.buffers.push_back(
+            qxGltfDataOf(stated[i]["uri"].get_ref<const std::string &>(), model.budget));
+    model.decode();
+    return model;
+}
+
+void qxGltfModel::decode()
+{
+    parse(document.json, typed);
+    decodedViews = qxGltfDecodedViews(document.json, buffers, budget, warnings);
 }
 
 int qxGltfModel::sceneIndex() const

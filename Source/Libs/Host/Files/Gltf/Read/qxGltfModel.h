@@ -21,6 +21,10 @@ struct qxGltfModel {
 
     /// Reads and checks a file and everything it needs. Throws qxGltfError.
     static qxGltfModel read(const QString &path);
+    /// A file that was read, as it is with `edited` as its JSON: `buffers` are those that it had,
+    /// further ones are data URIs. Memory is not limited. Throws qxGltfError.
+    static qxGltfModel of(const qxGltfDocument &document, const qxJson &edited,
+                          const std::vector<QByteArray> &buffers);
 
     /// The scene that is shown, null when the file has none.
     const qxJson &scene() const;
@@ -37,4 +41,7 @@ struct qxGltfModel {
     bool isOptional(const char *extension) const;
     /// Gives back the memory of what was decompressed.
     void forgetDecoded();
+
+private:
+    void decode();
 };

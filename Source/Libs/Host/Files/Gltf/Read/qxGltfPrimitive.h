@@ -38,10 +38,15 @@ public:
     qxGltfPrimitive(qxGltfModel &model, Place place, qxGltfDracoMeshes &meshes);
 
     const tinygltf::Primitive &typed() const { return m_typed; }
+    const qxJson &json() const { return m_json; }
     /// The mode as GL numbers it.
     int mode() const;
     bool hasTriangles() const { return mode() >= TINYGLTF_MODE_TRIANGLES; }
     bool has(const char *attribute) const { return accessorOf(attribute) >= 0; }
+    /// The accessor of an attribute, -1 without it.
+    int accessorOf(const char *attribute) const;
+    /// Whether the values of the attribute are compressed beside its accessor.
+    bool isCompressed(const char *attribute) const { return compressedId(attribute) >= 0; }
     /// How many components the attribute has; 0 without it.
     int components(const char *attribute) const;
     qint64 vertices() const;
@@ -52,13 +57,14 @@ public:
     /// How a morph target moves the three components of an attribute; zeros without it. Throws
     /// qxGltfError.
     std::vector<float> targetValues(int target, const char *attribute) const;
+    /// The accessor of the indices; -1 without, and for compressed ones.
+    int indexAccessor() const { return m_compressed ? -1 : m_indices; }
     bool hasIndices() const { return m_compressed || m_indices >= 0; }
     qint64 indexCount() const;
     /// Below the number of vertices. Throws qxGltfError.
     std::vector<std::uint32_t> indices() const;
 
 private:
-    int accessorOf(const char *attribute) const;
     /// The id of an attribute that is compressed, -1 for others.
     int compressedId(const char *attribute) const;
     qint64 countOf(const char *attribute) const;

@@ -31,27 +31,6 @@ qxJson perspectiveJson(const qxUberCamera &camera)
     return json;
 }
 
-qxJson cameraJson(const qxUberCamera &camera)
-{
-    qxJson json;
-    if (!camera.name.empty())
-        json["name"] = camera.name;
-    const bool isParallel = camera.fieldOfView <= 0;
-    json["type"] = isParallel ? "orthographic" : "perspective";
-    json[isParallel ? "orthographic" : "perspective"] =
-        isParallel ? parallelJson(camera) : perspectiveJson(camera);
-    return json;
-}
-
-qxJson nodeJson(const qxUberCamera &camera, std::size_t index)
-{
-    qxJson json;
-    json["camera"] = index;
-    if (camera.toWorld != osg::Matrix::identity())
-        json["matrix"] = qxGltfNumberList(camera.toWorld.getValues(), 16);
-    return json;
-}
-
 /// What is shown as long as the file has no scenes.
 qxJson nodesWithoutParent(const qxJson &json)
 {
@@ -70,6 +49,27 @@ qxJson nodesWithoutParent(const qxJson &json)
 }
 
 } // namespace
+
+qxJson qxGltfCamera(const qxUberCamera &camera)
+{
+    qxJson json;
+    if (!camera.name.empty())
+        json["name"] = camera.name;
+    const bool isParallel = camera.fieldOfView <= 0;
+    json["type"] = isParallel ? "orthographic" : "perspective";
+    json[isParallel ? "orthographic" : "perspective"] =
+        isParallel ? parallelJson(camera) : perspectiveJson(camera);
+    return json;
+}
+
+qxJson qxGltfCameraNode(const qxUberCamera &camera, std::size_t index)
+{
+    qxJson json;
+    json["camera"] = index;
+    if (camera.toWorld != osg::Matrix::identity())
+        json["matrix"] = qxGltfNumberList(camera.toWorld.getValues(), 16);
+    return json;
+}
 
 void qxGltfKeepViewpoints(qxJson &json, const qxGltfOrigin &origin, const qxGltfState &after)
 {
@@ -114,7 +114,7 @@ void qxGltfAddViewpoints(qxJson &json, int scene, int first)
         const qxUberCamera &camera = *pool.get(id);
         const std::size_t index = qxGltfSection(json, "cameras").size();
         roots.push_back(qxGltfSection(json, "nodes").size());
-        json["cameras"].push_back(cameraJson(camera));
-        json["nodes"].push_back(nodeJson(camera, index));
+        json["cameras"].push_back(qxGltfCamera(camera));
+        json["nodes"].push_back(qxGltfCameraNode(camera, index));
     }
 }

@@ -126,17 +126,6 @@ bool hasPictures(const osg::MaterialPtr &material)
                [](const qxSurfacePicture &picture) { return picture.image != osg::NullFC; });
 }
 
-/// The plain material that a material shows; null when it shows none.
-osg::MaterialPtr chosenIn(osg::MaterialPtr material)
-{
-    for (auto choices = osg::SwitchMaterialPtr::dcast(material); choices != osg::NullFC;
-         choices = osg::SwitchMaterialPtr::dcast(material)) {
-        const bool isChosen = choices->getChoice() < choices->getMFMaterials()->size();
-        material = isChosen ? choices->getMaterial(choices->getChoice()) : osg::MaterialPtr();
-    }
-    return material;
-}
-
 } // namespace
 
 qxGltfMaterialState qxGltfMaterialState::of(const osg::SimpleMaterialPtr &material)
@@ -352,7 +341,7 @@ void qxGltfMaterialPatch::writeTo(qxJson &primitive, const osg::MaterialPtr &mat
     const osg::SwitchMaterialPtr choices = osg::SwitchMaterialPtr::dcast(material);
     // What holds nothing shows nothing: other programs show what they did.
     if (choices == osg::NullFC || !choices->getMFMaterials()->empty()) {
-        const int index = indexOf(chosenIn(material));
+        const int index = indexOf(qxGltfShownMaterial(material));
         if (index < 0)
             primitive.erase("material");
         else
@@ -380,7 +369,7 @@ bool qxGltfMaterialPatch::isAsLoaded(const qxGltfOrigin::Part &part,
     const osg::MaterialPtr material = geometry->getMaterial();
     if (m_list || material == osg::NullFC || material.getFieldContainerId() != part.switchMaterial)
         return false;
-    const osg::MaterialPtr chosen = chosenIn(material);
+    const osg::MaterialPtr chosen = qxGltfShownMaterial(material);
     return chosen == osg::NullFC || !isDefault(chosen) || indexOf(chosen) < 0;
 }
 

@@ -49,6 +49,8 @@ public:
     void settleNames();
     /// The index of a material in the file, where it is added if missing; -1 for null.
     int indexOf(const osg::MaterialPtr &material);
+    /// The places in the file of all that were looked up, by their ids.
+    const std::unordered_map<osg::UInt32, int> &places() const { return m_written; }
 
 private:
     int placeOf(const osg::MaterialPtr &material);

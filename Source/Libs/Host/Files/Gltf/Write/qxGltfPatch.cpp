@@ -155,7 +155,7 @@ qxGltfPatch::qxGltfPatch(qxJson &json, const qxGltfState &before, const qxGltfSt
         m_known[before.nodes[i].index] = i;
 }
 
-void qxGltfPatch::write(const std::vector<int> &meshes, int scene)
+std::vector<int> qxGltfPatch::write(const std::vector<int> &meshes, int scene)
 {
     placeNewNodes();
     releaseLiveChildren();
@@ -163,6 +163,7 @@ void qxGltfPatch::write(const std::vector<int> &meshes, int scene)
         writeNode(i, meshes[i]);
     removeUnmeantMarks();
     writeScene(scene);
+    return m_indices;
 }
 
 void qxGltfPatch::placeNewNodes()

@@ -11,8 +11,9 @@ public:
     /// `before` describes the scene as `json` has it, `after` as it is now.
     qxGltfPatch(qxJson &json, const qxGltfState &before, const qxGltfState &after);
 
-    /// `meshes[i]` is the mesh of the file that node `i` of `after` shows now, -1 for none.
-    void write(const std::vector<int> &meshes, int scene);
+    /// `meshes[i]` is the mesh of the file that node `i` of `after` shows now, -1 for none. The
+    /// places of the nodes of `after` in the file.
+    std::vector<int> write(const std::vector<int> &meshes, int scene);
 
 private:
     void placeNewNodes();
