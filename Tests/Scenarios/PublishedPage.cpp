@@ -9,6 +9,9 @@
 
 #include <QJsonDocument>
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
 std::vector<double> numbersOf(const qxJson &list)
@@ -34,6 +37,14 @@ osg::Matrix matrixOf(const QJsonArray &numbers)
     for (int i = 0; i < 16; ++i)
         matrix.getValues()[i] = float(numbers[i].toDouble());
     return matrix;
+}
+
+/// Numbers that overflow give nothing to compare: zero times infinity is no number.
+bool isExtreme(const QJsonArray &numbers)
+{
+    return std::any_of(numbers.begin(), numbers.end(), [](const QJsonValue &number) {
+        return std::abs(number.toDouble()) > 1e15;
+    });
 }
 
 QString textOf(const QJsonArray &array)
@@ -69,17 +80,17 @@ PublishedPage::PublishedPage(const qxJson &file, const QJsonObject &published,
         m_nodes[binding["node"].toInt()].binding = binding.toObject();
     for (const QJsonValue &binding : published["parts"].toArray())
         m_parts[{binding["node"].toInt(), binding["part"].toInt()}] = binding.toObject();
-    QList<int> tops;
+    QList<int> overlays;
     for (const QJsonValue &overlay : published["overlays"].toArray())
-        tops += overlay["node"].toInt();
-    tops += published["environment"].toInt(-1);
-    for (const int top : tops) {
-        int above = top < 0 ? -1 : m_nodes[top].above;
-        while (above >= 0 && !tops.contains(above))
+        overlays += overlay["node"].toInt();
+    for (const int overlay : overlays) {
+        int above = m_nodes[overlay].above;
+        while (above >= 0 && !overlays.contains(above))
             above = m_nodes[above].above;
-        if (top >= 0)
-            m_nodes[top].isTop = above < 0;
+        m_nodes[overlay].isTop = above < 0;
     }
+    if (published.contains("environment"))
+        m_nodes[published["environment"].toInt()].isTop = true;
 }
 
 QJsonObject PublishedPage::setOf(const QString &name) const
@@ -195,9 +206,10 @@ QString PublishedPage::difference(const QJsonObject &record)
         if (!difference.isEmpty())
             return QString("node %1: %2").arg(each["node"].toInt()).arg(difference);
     }
+    // Without viewpoints the program looks at whatever is shown, and the page stays.
     QJsonObject camera = m_camera;
     camera.remove("name");
-    if (record["camera"] != camera)
+    if (record["camera"] != camera && !m_published["viewpoints"].toArray().isEmpty())
         return "camera";
     const QJsonValue clipping =
         m_published["clippings"].toArray()[int(m_slots[m_published["clipping"].toInt()])];
@@ -211,7 +223,8 @@ QString PublishedPage::differenceOf(const QJsonObject &record)
     if (known.isShown != record["shown"].toBool())
         return "shown";
     const QJsonArray matrix = qxSceneJson::matrix(known.toWorld);
-    if (matrix != record["matrix"].toArray())
+    if (!isExtreme(matrix) && !isExtreme(record["matrix"].toArray())
+        && matrix != record["matrix"].toArray())
         return QString("matrix %1, not %2").arg(textOf(matrix), textOf(record["matrix"].toArray()));
     if (record.contains("light") && holds(known.binding["light"]) != record["light"].toBool())
         return "light";
@@ -227,10 +240,12 @@ QString PublishedPage::differenceOf(const QJsonObject &record)
 QString PublishedPage::differenceOfPart(const QJsonObject &record, int index, int part)
 {
     const QJsonObject binding = m_parts.value({index, part});
-    if ((node(index).isShown && holds(binding["shown"])) != record["shown"].toBool())
-        return "shown";
     const int mesh = m_file["nodes"][std::size_t(index)]["mesh"].get<int>();
     const qxJson &primitive = m_file["meshes"][std::size_t(mesh)]["primitives"][std::size_t(part)];
+    if (!primitive["attributes"].contains("POSITION"))
+        return QString(); // There is nothing to show.
+    if ((node(index).isShown && holds(binding["shown"])) != record["shown"].toBool())
+        return "shown";
     const int material = binding.contains("wardrobe")
         ? materialOf(m_published["wardrobes"].toArray()[binding["wardrobe"].toInt()])
         : qxGltfIndex(primitive, "material");

@@ -34,6 +34,12 @@ QCommandLineOption qxCommands::jsonOption()
     return {QStringLiteral("json"), QStringLiteral("Writes JSON for other programs.")};
 }
 
+QCommandLineOption qxCommands::recordOption()
+{
+    return {QStringLiteral("record"),
+            QStringLiteral("With --json: adds all that the scene shows then, node by node.")};
+}
+
 QCommandLineOption qxCommands::saveOption()
 {
     return {QStringLiteral("save"), QStringLiteral("Saves the scene with its variants to OUT."),
@@ -90,6 +96,20 @@ int qxCommands::endedEarly(const QString &done, const QString &failure)
     if (qxInterrupt::isAsked())
         return fail(QStringLiteral("interrupted; %1").arg(done), Interrupted);
     return failure.isEmpty() ? WorkFailed : fail(QStringLiteral("%1; %2").arg(failure, done));
+}
+
+bool qxCommands::checkRecord(const QCommandLineParser &parser)
+{
+    if (!parser.isSet(QStringLiteral("record")))
+        return true;
+    const bool isForeseen = parser.optionNames().contains(QStringLiteral("dry-run"));
+    if (isForeseen)
+        fail(QStringLiteral("--record and --dry-run do not go together"));
+    else if (!parser.isSet(QStringLiteral("json")))
+        fail(QStringLiteral("--record needs --json"));
+    else
+        return true;
+    return false;
 }
 
 int qxCommands::fail(const QString &reason, qxExitCode code)

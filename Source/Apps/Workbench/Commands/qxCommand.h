@@ -67,6 +67,7 @@ QStringList argumentsOf(const qxCommand &command);
 QList<QCommandLineOption> optionsOf(const qxCommand &command);
 /// The options that several commands share.
 QCommandLineOption jsonOption();
+QCommandLineOption recordOption(); ///< see qxSceneRecord
 /// Includes the option --force.
 QCommandLineOption saveOption();
 QCommandLineOption traceOption();
@@ -77,6 +78,8 @@ QCommandLineOption noScriptsOption();
 /// Whether --save may write: not over a file that others have changed since it was opened, unless
 /// with --force. Prints a refusal to standard error.
 bool maySave(const qxSession &session, const QCommandLineParser &parser);
+/// False, after saying why, when --record was given without --json, or with --dry-run.
+bool checkRecord(const QCommandLineParser &parser);
 /// Saves if --save was given and may write; returns the exit code.
 int saveIfAsked(qxSession &session, const QCommandLineParser &parser);
 /// The exit code of a command that succeeded itself, but whose scripts of sets may have failed or

@@ -28,8 +28,7 @@ QList<QCommandLineOption> selectOptions()
             qxCommands::noScriptsOption(),
             qxCommands::saveOption(),
             qxCommands::jsonOption(),
-            {QStringLiteral("record"),
-             QStringLiteral("With --json: adds all that the scene shows then, node by node.")},
+            qxCommands::recordOption(),
             qxCommands::traceOption()};
 }
 
@@ -74,14 +73,12 @@ public:
         if (m_json)
             qxOutput::json(m_array);
     }
-    void add(const qxChangeReport &report, const QJsonObject &record = QJsonObject())
+    void add(const qxChangeReport &report)
     {
-        if (!m_json)
-            return report.print();
-        QJsonObject json = report.toJson();
-        if (!record.isEmpty())
-            json[QStringLiteral("record")] = record;
-        m_array += json;
+        if (m_json)
+            m_array += report.toJson();
+        else
+            report.print();
     }
 
 private:
@@ -138,7 +135,6 @@ void selectAll(const qxSession &session, const QCommandLineParser &parser)
 {
     Reports reports(parser.isSet(QStringLiteral("json")));
     const bool keepCamera = parser.isSet(QStringLiteral("keep-camera"));
-    const bool isRecorded = parser.isSet(QStringLiteral("record"));
     for (const QString &name : parser.positionalArguments().mid(1)) {
         if (qxInterrupt::isAsked())
             return;
@@ -146,28 +142,18 @@ void selectAll(const qxSession &session, const QCommandLineParser &parser)
         qxChangeReport report;
         qxVariants::selectVariantSet(qxText::toUtf8(name).c_str(), keepCamera);
         report.finish(name, missing);
-        reports.add(report, isRecorded ? qxSceneRecord::take(session.file()) : QJsonObject());
+        if (parser.isSet(QStringLiteral("record")))
+            report.setRecord(qxSceneRecord::take(session.file()));
+        reports.add(report);
     }
-}
-
-/// Why there can be no record; empty when there can, or none is asked for.
-QString flawOfRecord(const QCommandLineParser &parser)
-{
-    if (!parser.isSet(QStringLiteral("record")))
-        return QString();
-    if (!parser.isSet(QStringLiteral("json")))
-        return QStringLiteral("--record needs --json");
-    return parser.isSet(QStringLiteral("dry-run"))
-        ? QStringLiteral("--record and --dry-run do not go together")
-        : QString();
 }
 
 int runSelect(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments().mid(1);
     const bool json = parser.isSet(QStringLiteral("json"));
-    if (const QString flaw = flawOfRecord(parser); !flaw.isEmpty())
-        return qxCommands::fail(flaw, WrongUse);
+    if (!qxCommands::checkRecord(parser))
+        return WrongUse;
     qxSession session(parser.isSet(QStringLiteral("trace")));
     // Looked up before the first selection: nothing is half done because of a misspelt name.
     if (!session.open(parser.positionalArguments().first()) || !areSets(names))

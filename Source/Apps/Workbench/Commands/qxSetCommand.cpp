@@ -3,6 +3,7 @@
 
 #include "Report/qxChangeReport.h"
 #include "Report/qxOutput.h"
+#include "Session/qxSceneRecord.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
 #include "qxSuggestions.h"
@@ -27,6 +28,7 @@ QList<QCommandLineOption> setOptions()
              kindWords().join(QLatin1Char('|'))},
             qxCommands::saveOption(),
             qxCommands::jsonOption(),
+            qxCommands::recordOption(),
             qxCommands::traceOption()};
 }
 
@@ -85,6 +87,8 @@ int runSet(const QCommandLineParser &parser)
                             .arg(kind, kindWords().join(QLatin1String(", "))));
         return WrongUse;
     }
+    if (!qxCommands::checkRecord(parser))
+        return WrongUse;
     qxSession session(parser.isSet(QStringLiteral("trace")));
     if (!session.open(arguments[0]))
         return WorkFailed;
@@ -97,6 +101,8 @@ int runSet(const QCommandLineParser &parser)
     qxChangeReport report;
     variant->onSelect(arguments[2]);
     report.finish(variant->name, {});
+    if (parser.isSet(QStringLiteral("record")))
+        report.setRecord(qxSceneRecord::take(session.file()));
     if (parser.isSet(QStringLiteral("json")))
         qxOutput::json(report.toJson());
     else

@@ -11,7 +11,6 @@
 #include "qxText.h"
 
 #include <QJsonArray>
-#include <QJsonObject>
 
 #include <cstring>
 
@@ -112,11 +111,15 @@ QJsonObject qxChangeReport::toJson() const
                                {QStringLiteral("from"), change.before},
                                {QStringLiteral("to"), change.after}};
     }
-    return {{QStringLiteral("name"), m_title},
+    QJsonObject json{
+            {QStringLiteral("name"), m_title},
             {QStringLiteral("changes"), changes},
             {QStringLiteral("viewpoint"),
              m_viewpoint.isEmpty() ? QJsonValue() : QJsonValue(m_viewpoint)},
             {QStringLiteral("animations"), QJsonArray::fromStringList(m_animations)},
             {QStringLiteral("scripts"), QJsonArray::fromStringList(m_scripts)},
             {QStringLiteral("skipped"), QJsonArray::fromStringList(m_skipped)}};
+    if (!m_record.isEmpty())
+        json[QStringLiteral("record")] = m_record;
+    return json;
 }

@@ -2,9 +2,9 @@
 
 #include "Session/qxSceneState.h"
 
+#include <QJsonObject>
 #include <QStringList>
 
-class QJsonObject;
 class qxExplanation;
 class qxVariantSet;
 
@@ -28,10 +28,13 @@ public:
     void foresee(const qxVariantSet &set, const qxExplanation &explanation,
                  const qxSceneState &after, const QString &viewpoint, const QStringList &skipped);
 
+    /// Has toJson tell all that the scene shows as well, see qxSceneRecord.
+    void setRecord(const QJsonObject &record) { m_record = record; }
+
     /// A heading and a line for each change.
     void print() const;
     /// Keys "name", "changes" (objects with "object", "clones", "from", "to"), "viewpoint",
-    /// "animations", "scripts" and "skipped".
+    /// "animations", "scripts", "skipped" and, if there is one, "record".
     QJsonObject toJson() const;
 
 private:
@@ -46,4 +49,5 @@ private:
     QStringList m_animations;
     QStringList m_scripts;
     QStringList m_skipped;
+    QJsonObject m_record;
 };
