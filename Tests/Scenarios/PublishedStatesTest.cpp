@@ -51,6 +51,52 @@ std::set<osg::MaterialPtr> allMaterials()
     return materials;
 }
 
+/// Everything whose states meddle with those of others: a transform switch with poses and a clone
+/// that has its own, switches in switches and with parts, namesakes, materials in materials, a light
+/// that is off, hidden nodes and parts, overlays in overlays, environments, clips of one name.
+const char *const meddlers = R"({"asset": {"version": "2.0"}, "buffers": [{"byteLength": 36, "uri":
+"data:application/octet-stream;base64,AAAAAAAAAAAAAAAAAACAPwAAAAAAAAAAAAAAAAAAgD8AAAAA"}],
+"bufferViews": [{"buffer": 0, "byteLength": 36}], "accessors":
+[{"bufferView": 0, "componentType": 5126, "count": 3, "type": "VEC3"}],
+"materials": [{"name": "Red"}, {"name": "Blue"}, {"name": "Green"}],
+"meshes": [{"primitives": [
+    {"attributes": {"POSITION": 0}, "material": 0, "extras": {"qxSwitchMaterial": 1}},
+    {"attributes": {"POSITION": 0}, "material": 1, "extras": {"qxSwitchMaterial": 0}},
+    {"attributes": {"POSITION": 0}, "material": 2}]}],
+"cameras": [{"type": "perspective", "perspective": {"yfov": 0.5, "znear": 0.1}}],
+"animations": [{"name": "Turn", "channels": [], "samplers": []},
+    {"name": "Fold", "channels": [], "samplers": []},
+    {"name": "Turn", "channels": [], "samplers": []}],
+"extensions": {"KHR_lights_punctual": {"lights": [{"type": "point"}]}},
+"extras": {"qxSwitchMaterials": [{"name": "Inner", "materials": [0, 1, -1], "choice": 0},
+    {"name": "Outer", "materials": [{"qxSwitchMaterial": 0}, 2], "choice": 0}]},
+"scenes": [{"nodes": [0, 6, 11, 14, 17, 18]}],
+"nodes": [{"name": "Car", "translation": [1, 2, 3], "children": [1, 2, 3, 19]},
+    {"name": "Lid", "mesh": 0, "translation": [7, 7, 7], "extras": {"qxTransformChoice": 1,
+        "qxTransformStates": [0,0,0, 0,0,0,1, 1,1,1, 0,0.5,0, 0.6,0,0,0.8, 1,1,1],
+        "qxPoseNames": "Shut;Open", "qxPose": 1, "qxInPose": true,
+        "qxPoses": [0,0,0, 0,0,0,1, 1,1,1, 0,0.25,0, 0.8,0,0,0.6, 1,2,1]}},
+    {"name": "Lid 2", "mesh": 0, "extras": {"qxSharesCoreOf": "Lid", "qxPoseNames": "Shut;Ajar",
+        "qxPoses": [0,0,0, 0,0,0,1, 1,1,1, 0,0.75,0, 0,0,0,1, 1,1,1]}},
+    {"name": "Wheels", "translation": [1, 0, 0], "extras": {"qxSwitch": 0}, "children": [4, 5]},
+    {"name": "Wide", "extras": {"qxSwitch": 7}, "children": [7, 8]}, {"name": "Slim", "mesh": 0},
+    {"name": "Rear", "extras": {"qxSharesCoreOf": "Wheels"}, "children": [9, 10], "mesh": 0},
+    {"name": "Cap"}, {"name": "Cap"}, {"name": "Wide", "mesh": 0}, {"name": "Slim"},
+    {"name": "Sheet", "extras": {"qxOverlay": true, "qxSwitch": 0}, "children": [12, 13],
+        "extensions": {"KHR_node_visibility": {"visible": false}}},
+    {"name": "One", "mesh": 0}, {"name": "Two", "extras": {"qxOverlay": true, "qxOverlayLayer": 2}},
+    {"name": "World", "scale": [2, 2, 2], "children": [15, 16],
+        "extras": {"qxEnvironment": true, "qxSwitch": 1}},
+    {"name": "Sea", "mesh": 0}, {"name": "Hall", "mesh": 0, "extras": {"qxPoseNames": "Up",
+        "qxPoses": [0,9,0, 0,0,0,1, 1,1,1]}},
+    {"name": "Front", "camera": 0, "translation": [0, 0, 9]},
+    {"name": "Side", "camera": 0, "translation": [9, 0, 0], "children": [20]},
+    {"name": "Lamp", "translation": [0, 3, 0], "extras": {"qxLightOn": false},
+        "extensions": {"KHR_lights_punctual": {"light": 0}}},
+    {"name": "Hidden", "mesh": 0, "children": [21], "extras": {"qxHiddenParts": [0, 2]},
+        "extensions": {"KHR_node_visibility": {"visible": false}}},
+    {"name": "Cap", "mesh": 0, "extras": {"qxSwitch": -2}}]})";
+
 /// The names of materials by their places in the file; a choice out of range has no name.
 QMap<int, QStringList> materialNames(const qxSceneFile &file)
 {
@@ -240,6 +286,18 @@ TEST_F(PublishedStatesTest, APageShowsWhatTheProgramShowsOfTheDemo)
     qxScriptRunner::setAllowed(qxScriptRunner::Nothing);
     publish(QX_DEMO_SCENE, false);
     follow(200);
+}
+
+TEST_F(PublishedStatesTest, APageShowsWhatTheProgramShowsOfStatesThatMeddleWithEachOther)
+{
+    const QString path = write("meddlers.gltf", meddlers);
+    for (unsigned seed = 1; seed <= 12 && !HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        random = RandomChoices(seed);
+        publish(path, true);
+        ASSERT_EQ(session.file().warnings().size(), 1); // The environment is scaled.
+        follow(60);
+    }
 }
 
 TEST_F(PublishedStatesTest, APageShowsWhatTheProgramShowsOfAnyScene)
