@@ -9,6 +9,9 @@ import { Sharpness } from "./sharpness";
 import { SourceError } from "./source";
 import type { View } from "./view";
 
+/** How many lights cast shadows. */
+const shadows = 3;
+
 export interface Contents {
     lamps: Lamps;
     poses: Poses;
@@ -53,16 +56,38 @@ export class Stage {
         this.scene.matrixWorldAutoUpdate = false;
         this.layers.behind.matrixWorldAutoUpdate = false;
         this.layers.inFront.matrixWorldAutoUpdate = false;
+        this.sharpness.begin();
         this.resize();
     }
 
-    /** Lights cast shadows from now on. */
-    castShadows(most: number, radius: number): void {
-        if (!this.contents?.lamps.castShadows(most, radius))
+    /** All lights may shine, and the strongest cast shadows from now on. */
+    async completeLights(radius: number): Promise<void> {
+        const { contents, renderer, scene } = this;
+        if (!contents)
             return;
-        this.renderer.shadowMap.enabled = true;
-        this.renderer.shadowMap.type = PCFShadowMap;
+        contents.lamps.includeAll();
+        if (contents.lamps.castShadows(shadows, radius) > 0) {
+            renderer.shadowMap.enabled = true;
+            renderer.shadowMap.type = PCFShadowMap;
+        }
+        this.updateWorld();
+        renderer.clippingPlanes = contents.clipping.planes;
+        const canWait = renderer.extensions.has("KHR_parallel_shader_compile");
+        const compiled = canWait ? renderer.compileAsync(scene, this.view.camera) : undefined;
+        renderer.clippingPlanes = [];
+        await compiled;
         this.change();
+    }
+
+    /** Draws sharply, and learns how long that takes. */
+    async sharpen(): Promise<void> {
+        await this.finished();
+        const start = performance.now();
+        this.sharpness.measured = undefined;
+        this.resize();
+        await this.drawn();
+        await this.finished();
+        this.sharpness.measured = performance.now() - start;
     }
 
     /** Something else is to be seen: nodes, materials or lights. */

@@ -69,9 +69,11 @@ export class Viewer {
 
     /** What the first picture does without. */
     async complete(): Promise<void> {
+        await this.stage.sharpen();
+        this.loaded?.scene.takeShadows();
+        await this.stage.completeLights(radiusOf(this.published));
+        await this.stage.sharpen();
         await this.surroundings.prepareAll();
-        this.stage.castShadows(2, radiusOf(this.published));
-        await this.stage.drawn();
     }
 
     choose(choice: Choice): void {
