@@ -67,6 +67,8 @@ export function readJson(file) {
 
 /** What the program shows after each of these sets, one after the other; scripts do not travel. */
 export function recordsOfSets(scene, names) {
+    if (!names.length)
+        return [];
     const reports = workbench("select", scene, ...names, "--no-scripts", "--json", "--record");
     return JSON.parse(reports).map(report => report.record);
 }

@@ -101,7 +101,7 @@ struct qxPublishedStates::Content {
 
     void addSteps();
     void writeSets(qxLossReport &losses);
-    void writeVariants();
+    QJsonArray variants() const;
     QJsonArray optionsOf(const qxVariantKind &kind, qxVariant &variant) const;
 
     const qxPublishWishes wishes;
@@ -122,8 +122,7 @@ qxPublishedStates::Content::Content(const qxSceneFile &file, const qxPublishWish
     steps.close();
     before.restore();
     writeSets(losses);
-    if (wishes.hasVariants)
-        writeVariants();
+    json[QStringLiteral("variants")] = wishes.hasVariants ? variants() : QJsonArray();
     before.restore();
     json[QStringLiteral("start")] = slots.starts();
     json[QStringLiteral("camera")] = qxSceneJson::camera(qxSceneRecord::camera());
@@ -178,7 +177,7 @@ void qxPublishedStates::Content::writeSets(qxLossReport &losses)
     json[setsKey] = setList;
 }
 
-void qxPublishedStates::Content::writeVariants()
+QJsonArray qxPublishedStates::Content::variants() const
 {
     const qxCatalogue words(wishes.language);
     QJsonArray list;
@@ -187,7 +186,7 @@ void qxPublishedStates::Content::writeVariants()
                             {nameKey, variant.name},
                             {QStringLiteral("options"), optionsOf(kind, variant)}};
     });
-    json[QStringLiteral("variants")] = list;
+    return list;
 }
 
 QJsonArray qxPublishedStates::Content::optionsOf(const qxVariantKind &kind,
