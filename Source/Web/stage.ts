@@ -10,7 +10,7 @@ import { SourceError } from "./source";
 import type { View } from "./view";
 
 /** How many lights cast shadows. */
-const shadows = 3;
+const shadows = 5;
 
 export interface Contents {
     lamps: Lamps;
