@@ -7,7 +7,7 @@ import { onPage, pageTest, recordOfPage } from "./Support/browser.mjs";
 import { demo, places, readJson, recordsOfSets, work } from "./Support/program.mjs";
 import { assertSameRecord } from "./Support/records.mjs";
 
-const desktop = { viewport: { width: 900, height: 600 } };
+const desktop = { viewport: { width: 720, height: 450 } };
 const phone = { viewport: { width: 360, height: 640 }, hasTouch: true, isMobile: true, deviceScaleFactor: 2 };
 const published = () => readJson(path.join(places.demo, "published.json"));
 
@@ -73,7 +73,7 @@ test("a link opens a set, and the address follows", async () => {
         await page.goBack();
         await tile(page, "Silber").and(page.locator('[aria-pressed="true"]')).waitFor();
         await assertShows(page, ["Silber"], "back");
-        await page.evaluate(() => { location.hash = "#set=%00%zz<b>&node:=&view=1,2,x&&=&material:Nothing=%"; });
+        await page.evaluate(() => { location.hash = "#node:=&view=1,2,x&&=%&set=%00%zz<b>"; });
         await page.locator("#notice:visible").waitFor();
         assert.match(await page.locator("#notice").textContent(), /<b>/);
     });

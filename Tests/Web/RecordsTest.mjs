@@ -6,7 +6,7 @@ import { onPage, pageTest, recordOfPage } from "./Support/browser.mjs";
 import { demo, emptyFolder, places, readJson, realScenes, recordsOfSets, scenes, workbench } from "./Support/program.mjs";
 import { assertSameRecord } from "./Support/records.mjs";
 
-const desktop = { viewport: { width: 900, height: 600 } };
+const desktop = { viewport: { width: 720, height: 450 } };
 
 function setsOf(place) {
     return readJson(path.join(place, "published.json")).sets.map(({ name }) => name);

@@ -81,8 +81,9 @@ export async function onPage(place, { hash = "", fails = false, ...options }, us
     const context = await (await browser()).newContext({ serviceWorkers: "block", ...options });
     try {
         const page = await context.newPage();
-        page.setDefaultTimeout(120000);
-        await watch(context, page, address, faults);
+        page.setDefaultTimeout(60000);
+        // A single file asks for nothing at all; the folder's page on a disk for its viewer.
+        await watch(context, page, fails ? address.replace(/[^/]*$/, "") : address, faults);
         await page.goto(address + hash, { waitUntil: "load" });
         if (fails)
             await page.locator("#failure").waitFor();
