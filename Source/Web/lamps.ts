@@ -89,7 +89,7 @@ function prepareShadow(light: SpotLight | DirectionalLight, radius: number): voi
     shadow.normalBias = radius * 0.004;
     shadow.radius = 3;
     const { camera } = shadow;
-    camera.near = radius * 0.02;
+    camera.near = radius * 0.001;
     if (!(light instanceof DirectionalLight))
         return;
     const { camera: box } = light.shadow;

@@ -13,6 +13,9 @@ import { States } from "./states";
 import { Surroundings } from "./surroundings";
 import { View } from "./view";
 
+/** Where one picture takes longer, in ms, shadows would make the page stand still. */
+const slow = 250;
+
 interface Loaded {
     scene: LoadedScene;
     bindings: Bindings;
@@ -69,10 +72,11 @@ export class Viewer {
 
     /** What the first picture does without. */
     async complete(): Promise<void> {
-        await this.stage.sharpen();
-        this.loaded?.scene.takeShadows();
-        await this.stage.completeLights(radiusOf(this.published));
-        await this.stage.sharpen();
+        if (await this.stage.sharpen() < slow) {
+            this.loaded?.scene.takeShadows();
+            await this.stage.completeLights(radiusOf(this.published));
+            await this.stage.sharpen();
+        }
         await this.surroundings.prepareAll();
     }
 
