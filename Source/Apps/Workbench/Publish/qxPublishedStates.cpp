@@ -122,8 +122,7 @@ qxPublishedStates::Content::Content(const qxSceneFile &file, const qxPublishWish
     steps.close();
     before.restore();
     writeSets(losses);
-    if (wishes.hasVariants)
-        writeVariants();
+    writeVariants();
     before.restore();
     json[QStringLiteral("start")] = slots.starts();
     json[QStringLiteral("camera")] = qxSceneJson::camera(qxSceneRecord::camera());
@@ -183,9 +182,10 @@ void qxPublishedStates::Content::writeVariants()
     const qxCatalogue words(wishes.language);
     QJsonArray list;
     qxVariantKinds::visit([&](const qxVariantKind &kind, qxVariant &variant) {
-        list += QJsonObject{{QStringLiteral("kind"), QString(kind.word)},
-                            {nameKey, variant.name},
-                            {QStringLiteral("options"), optionsOf(kind, variant)}};
+        if (wishes.hasVariants)
+            list += QJsonObject{{QStringLiteral("kind"), QString(kind.word)},
+                                {nameKey, variant.name},
+                                {QStringLiteral("options"), optionsOf(kind, variant)}};
     });
     json[QStringLiteral("variants")] = list;
 }
