@@ -1644,6 +1644,23 @@
         <source>Workbench</source>
         <translation>Workbench</translation>
     </message>
+    <message>
+        <source>No web page can be made.</source>
+        <translation>Es kann keine Webseite erstellt werden.</translation>
+    </message>
+    <message>
+        <source>This program was built without the viewer for web pages.</source>
+        <translation>Dieses Programm wurde ohne den Betrachter für Webseiten gebaut.</translation>
+    </message>
+    <message>
+        <source>Export Web Page</source>
+        <translation>Webseite exportieren</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <comment>the code of the language of web pages: en or de</comment>
+        <translation>de</translation>
+    </message>
 </context>
 <context>
     <name>qxPictureHint</name>
@@ -4025,6 +4042,10 @@ Achtung: Durch das Umbenennen können vorhandene Variantensets unbrauchbar werde
             <numerusform>%n Knoten ausgewählt, zuletzt: %1 (%2)</numerusform>
             <numerusform>%n Knoten ausgewählt, zuletzt: %1 (%2)</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Export &amp;Web Page...</source>
+        <translation>&amp;Webseite exportieren ...</translation>
     </message>
 </context>
 </TS>

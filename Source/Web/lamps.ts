@@ -11,11 +11,13 @@ interface Lamp {
 /**
  * The lights of the scene. A light that is hidden or off shines with intensity 0 instead of being
  * left out, because the number of lights is compiled into the shaders. So what shines are copies
- * outside of the scene, which are where the scene has the originals.
+ * outside of the scene, which are where the scene has the originals. Those that have not shone yet
+ * are left out until there is time to compile for all.
  */
 export class Lamps {
     readonly group = new Group();
     private readonly lamps = new Map<Object3D, Lamp>();
+    private readonly hasShone = new Set<Light>();
 
     constructor(scene: LoadedScene, private readonly factor: number) {
         const lights: Light[] = [];
@@ -38,18 +40,23 @@ export class Lamps {
         return this.lamps.get(node)?.on;
     }
 
-    get count(): number {
-        return this.lamps.size;
-    }
-
     /** Brings the copies to where the originals are; world matrices must be up to date. */
     update(isShown: (object: Object3D) => boolean): void {
         for (const { on, origin, shining } of this.lamps.values()) {
             shining.matrixWorld.copy(origin.matrixWorld);
             shining.intensity = on && isShown(origin) ? origin.intensity * this.factor : 0;
+            if (shining.intensity > 0)
+                this.hasShone.add(shining);
+            shining.visible = this.hasShone.has(shining);
             const { target } = shining as SpotLight;
             target?.matrixWorld.makeTranslation(0, 0, -1).premultiply(origin.matrixWorld);
         }
+    }
+
+    /** From now on every light may shine without delay. */
+    includeAll(): void {
+        for (const { shining } of this.lamps.values())
+            this.hasShone.add(shining);
     }
 
     /** Lets the strongest lights that shine now cast shadows, once and for all; how many do. */
@@ -82,7 +89,7 @@ function prepareShadow(light: SpotLight | DirectionalLight, radius: number): voi
     shadow.normalBias = radius * 0.004;
     shadow.radius = 3;
     const { camera } = shadow;
-    camera.near = radius * 0.02;
+    camera.near = radius * 0.001;
     if (!(light instanceof DirectionalLight))
         return;
     const { camera: box } = light.shadow;

@@ -70,7 +70,7 @@ function start(): void {
         ready, complete,
         select: name => app?.select(name) ?? notYet(),
         choose: (kind, variant, option) => app?.chooseByName(kind, variant, option) ?? notYet(),
-        reset: () => viewer?.reset() ?? notYet(),
+        reset: () => (viewer ?? notYet()).reset(),
         record: () => viewer?.record() ?? notYet(),
         drawn: () => viewer?.stage.drawn() ?? notYet(),
         pictures: () => viewer?.stage.pictures ?? 0,

@@ -19,12 +19,12 @@ export class Page {
     private timer = 0;
 
     constructor(private readonly strings: Strings) {
-        const page = byId("page");
-        page.prepend(element("a", { class: "skip", href: "#search" }, strings.skip));
-        page.querySelector(".skip")?.addEventListener("click", event => {
+        const skip = element("a", { class: "skip", href: "#search" }, strings.skip);
+        skip.addEventListener("click", event => {
             event.preventDefault();
-            byId("panel")?.querySelector<HTMLElement>("input")?.focus();
+            document.getElementById("search")?.focus();
         });
+        this.stage.prepend(skip);
         this.canvas.setAttribute("aria-label", strings.scene);
         this.canvas.setAttribute("role", "application");
         const hint = element("p", { id: "sceneHint", class: "unseen" }, strings.sceneHint);

@@ -93,6 +93,16 @@ export class LoadedScene {
             mesh.layers.disableAll();
     }
 
+    /** Surfaces that shadows fall on and that cast them; clear ones cast none. */
+    takeShadows(): void {
+        this.root.traverse(object => {
+            if (!(object instanceof Mesh) || this.flat.has(object))
+                return;
+            object.receiveShadow = true;
+            object.castShadow = !(object.material as Material).transparent;
+        });
+    }
+
     /** Whether the inner sides of all bodies are visible, too. */
     showBothSides(on: boolean): void {
         if (this.bothSides === on)

@@ -1,15 +1,17 @@
-/** A picture that is drawn this long, in ms, is too slow for something that moves. */
-const slow = 50;
-const quick = 24;
+/** Pictures of something that moves should not take longer than this, in ms. */
+const wanted = 40;
+/** When nothing has changed for this long, in ms, it is calm. */
 const calm = 200;
+const lowest = 0.4;
 
 /**
  * How many pixels of the picture there are for each of the page. While pictures follow each other
  * there are fewer where they would be late; when all is calm, as many as the screen has.
  */
 export class Sharpness {
-    private moving = Sharpness.best;
-    private isMoving = false;
+    private moving = 1;
+    /** The first picture is to be there soon. */
+    private isMoving = true;
     private last = 0;
     private timer = 0;
     private late = 0;
@@ -17,16 +19,34 @@ export class Sharpness {
     constructor(private readonly redraw: () => void) {}
 
     get ratio(): number {
-        return this.isMoving ? Math.min(this.moving, Sharpness.best) : Sharpness.best;
+        const { best } = Sharpness;
+        return this.isMoving ? Math.max(best * this.moving, Math.min(best, lowest)) : best;
+    }
+
+    /** The first picture is drawn coarsely. */
+    begin(): void {
+        this.moving = 0.5;
+    }
+
+    /** How long a sharp picture takes, in ms; undefined while it is found out. */
+    set measured(time: number | undefined) {
+        clearTimeout(this.timer);
+        this.timer = 0;
+        this.isMoving = false;
+        this.last = 0;
+        if (time !== undefined)
+            this.moving = Math.min(1, Math.sqrt(wanted / time));
     }
 
     /** A picture is about to be drawn; true when the ratio is another one than before. */
     next(time: number): boolean {
         const before = this.ratio;
         const past = time - this.last;
+        const isFirst = this.last === 0;
         this.last = time;
-        this.isMoving = past < calm + 100 && this.timer !== 0;
-        if (this.isMoving)
+        if (!isFirst)
+            this.isMoving = past < calm + 100;
+        if (this.isMoving && !isFirst)
             this.learn(past);
         clearTimeout(this.timer);
         this.timer = window.setTimeout(() => this.rest(), calm);
@@ -35,20 +55,19 @@ export class Sharpness {
 
     private rest(): void {
         this.timer = 0;
-        if (this.isMoving && this.ratio !== Sharpness.best) {
-            this.isMoving = false;
-            this.last = 0;
-            this.redraw();
-        }
+        const before = this.ratio;
         this.isMoving = false;
+        this.last = 0;
+        if (this.ratio !== before)
+            this.redraw();
     }
 
     private learn(past: number): void {
-        this.late = past > slow ? this.late + 1 : past < quick ? this.late - 0.1 : this.late;
+        this.late = past > wanted * 1.3 ? this.late + 1 : past < wanted / 1.8 ? this.late - 0.1 : this.late;
         if (this.late >= 3)
-            this.moving = Math.max(this.moving * 0.75, 0.4);
-        else if (this.late <= -3)
-            this.moving = Math.min(this.moving * 1.2, Sharpness.best);
+            this.moving *= 0.8;
+        else if (this.late <= -1)
+            this.moving = Math.min(this.moving * 1.25, 1);
         else
             return;
         this.late = 0;

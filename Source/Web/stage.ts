@@ -1,4 +1,4 @@
-import { NeutralToneMapping, PCFSoftShadowMap, Scene, Vector2, WebGLRenderer } from "three";
+import { NeutralToneMapping, PCFShadowMap, Scene, Vector2, WebGLRenderer } from "three";
 import type { ClippingView } from "./clippingView";
 import type { Ground } from "./ground";
 import type { Lamps } from "./lamps";
@@ -8,6 +8,9 @@ import { isShown } from "./record";
 import { Sharpness } from "./sharpness";
 import { SourceError } from "./source";
 import type { View } from "./view";
+
+/** How many lights cast shadows. */
+const shadows = 5;
 
 export interface Contents {
     lamps: Lamps;
@@ -53,16 +56,40 @@ export class Stage {
         this.scene.matrixWorldAutoUpdate = false;
         this.layers.behind.matrixWorldAutoUpdate = false;
         this.layers.inFront.matrixWorldAutoUpdate = false;
+        this.sharpness.begin();
         this.resize();
     }
 
-    /** Lights cast shadows from now on. */
-    castShadows(most: number, radius: number): void {
-        if (!this.contents?.lamps.castShadows(most, radius))
+    /** All lights may shine, and the strongest cast shadows from now on. */
+    async completeLights(radius: number): Promise<void> {
+        const { contents, renderer, scene } = this;
+        if (!contents)
             return;
-        this.renderer.shadowMap.enabled = true;
-        this.renderer.shadowMap.type = PCFSoftShadowMap;
+        contents.lamps.includeAll();
+        if (contents.lamps.castShadows(shadows, radius) > 0) {
+            renderer.shadowMap.enabled = true;
+            renderer.shadowMap.type = PCFShadowMap;
+        }
+        this.updateWorld();
+        renderer.clippingPlanes = contents.clipping.planes;
+        const canWait = renderer.extensions.has("KHR_parallel_shader_compile");
+        const compiled = canWait ? renderer.compileAsync(scene, this.view.camera) : undefined;
+        renderer.clippingPlanes = [];
+        await compiled;
         this.change();
+    }
+
+    /** Draws sharply, and learns how long that takes; in ms. */
+    async sharpen(): Promise<number> {
+        await this.finished();
+        const start = performance.now();
+        this.sharpness.measured = undefined;
+        this.resize();
+        await this.drawn();
+        await this.finished();
+        const time = performance.now() - start;
+        this.sharpness.measured = time;
+        return time;
     }
 
     /** Something else is to be seen: nodes, materials or lights. */
@@ -83,6 +110,16 @@ export class Stage {
             this.waiting.push(resolve);
             this.invalidate();
         });
+    }
+
+    /** When the pictures that were asked for so far are really there. */
+    async finished(): Promise<void> {
+        const gl = this.renderer.getContext() as WebGL2RenderingContext;
+        const fence = gl.fenceSync(gl.SYNC_GPU_COMMANDS_COMPLETE, 0);
+        gl.flush();
+        while (fence && gl.clientWaitSync(fence, 0, 0) === gl.TIMEOUT_EXPIRED)
+            await new Promise(resolve => setTimeout(resolve, 4));
+        gl.deleteSync(fence);
     }
 
     /** World matrices and lights as they are drawn. */

@@ -1,9 +1,9 @@
 import {
     DataTexture, EquirectangularReflectionMapping, HalfFloatType, LinearFilter,
-    LinearSRGBColorSpace, PMREMGenerator, RGBAFormat, SRGBColorSpace, type Scene, type Texture,
-    type WebGLRenderer,
+    LinearSRGBColorSpace, RGBAFormat, SRGBColorSpace, type Scene, type Texture,
 } from "three";
 import { HDRLoader } from "three/addons/loaders/HDRLoader.js";
+import { lightCubeOf } from "./lightCube";
 import type { Lighting, Published } from "./published";
 import type { Source } from "./source";
 import type { States } from "./states";
@@ -19,8 +19,8 @@ export class Surroundings {
     private readonly ready = new Map<number, Ready>();
 
     constructor(private readonly published: Published, private readonly source: Source,
-                private readonly states: States, private readonly renderer: WebGLRenderer,
-                private readonly scene: Scene, private readonly behind: Scene) {}
+                private readonly states: States, private readonly scene: Scene,
+                private readonly behind: Scene) {}
 
     /** Loads the picture of the present lighting, and makes it what the scene shows. */
     async apply(): Promise<void> {
@@ -65,10 +65,10 @@ export class Surroundings {
         const picture = await loading;
         if (this.ready.has(index))
             return;
-        const generator = new PMREMGenerator(this.renderer);
-        const light = generator.fromEquirectangular(picture).texture;
-        generator.dispose();
-        this.ready.set(index, { light, background: lighting.seen ? picture : gradient(lighting.backdrop) });
+        this.ready.set(index, {
+            light: lightCubeOf(picture),
+            background: lighting.seen ? picture : gradient(lighting.backdrop),
+        });
     }
 
     private async load(lighting: Lighting): Promise<DataTexture> {

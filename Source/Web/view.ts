@@ -7,7 +7,7 @@ import type { Camera, Published } from "./published";
 type ViewCamera = PerspectiveCamera | OrthographicCamera;
 
 /** Pictures that are narrower than this show what such a picture would show at its sides. */
-const narrowest = 1.25;
+const narrowest = 1.2;
 const flightTime = 0.8;
 
 /** A camera on its way: the point it looks at and its distance move, so that it goes around. */

@@ -13,6 +13,9 @@ import { States } from "./states";
 import { Surroundings } from "./surroundings";
 import { View } from "./view";
 
+/** Where one picture takes longer, in ms, shadows would make the page stand still. */
+const slow = 250;
+
 interface Loaded {
     scene: LoadedScene;
     bindings: Bindings;
@@ -40,8 +43,8 @@ export class Viewer {
         this.home = published.camera;
         this.view = new View(canvas, published);
         this.stage = new Stage(canvas, this.view, published.exposure);
-        this.surroundings = new Surroundings(published, source, this.states, this.stage.renderer,
-                                             this.stage.scene, this.stage.layers.behind);
+        this.surroundings = new Surroundings(published, source, this.states, this.stage.scene,
+                                             this.stage.layers.behind);
     }
 
     /** Resolves when the first picture is there. */
@@ -64,13 +67,17 @@ export class Viewer {
         const ground = published.ground && new Ground(published.ground);
         stage.show({ lamps, poses, clipping, ground });
         await stage.drawn();
+        await stage.finished();
     }
 
     /** What the first picture does without. */
     async complete(): Promise<void> {
+        if (await this.stage.sharpen() < slow) {
+            this.loaded?.scene.takeShadows();
+            await this.stage.completeLights(radiusOf(this.published));
+            await this.stage.sharpen();
+        }
         await this.surroundings.prepareAll();
-        this.stage.castShadows(2, radiusOf(this.published));
-        await this.stage.drawn();
     }
 
     choose(choice: Choice): void {

@@ -24,7 +24,8 @@ TEST_F(WrongUseTest, EveryCommandSaysWhatIsMissing)
           "optimize --trace", "lint --trace", "explain Morning --trace",
           "rename node Desk Table --dry-run --trace", "repair --trace",
           "render --out a.png --trace", "previews --save a.gltf --trace",
-          "catalogue --out . --trace", "check --trace", "capture Now --trace"}) {
+          "catalogue --out . --trace", "export --out a.glb --trace", "check --trace",
+          "capture Now --trace"}) {
         QStringList words = QString(call).split(' ');
         const QString needed =
             QRegularExpression("\n  " + words[0] + " (FILE.*?)  ").match(overview).captured(1);
@@ -195,12 +196,15 @@ TEST_F(WrongUseTest, AnOutputIsLookedAtBeforeTheWork)
           {1, "catalogue --out", scene, "it is no folder"},
           {2, "render --out", scene, "a picture's name ends with .png"},
           {2, "capture Now --save", path("picture.png"), "scene files end in .gltf or .glb"},
+          {2, "export --out", path("picture.png"), "exported scenes end in .glb"},
           {2, "create --save", QString("-"), "a scene is saved to a file, not to standard output"},
           {2, "catalogue --out", QString("-"), "a folder is written, not standard output"}}) {
         QStringList words = QString(call).split(' ') + QStringList(target);
         words.insert(1, path("none.gltf")); // which nobody gets to see
         refused(code, words, (target + ": " + reason + '\n').toUtf8());
     }
+    refused(2, {"export", scene}, "export needs --out GLB");
+    refused(2, {"export", scene, "--out", "a.glb", "--set", "A", "--default", "A"}, "together");
     refused(1, {"document", scene, "--in", path("none.xml"), "--save", path("out.gltf")},
             "/none.xml: ");
     EXPECT_FALSE(QFile::exists(path("out.gltf")) || QFile::exists(path("no")));

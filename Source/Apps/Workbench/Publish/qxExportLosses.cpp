@@ -80,6 +80,8 @@ qxExportLosses::qxExportLosses(const qxExport &file, const qxMaterialForecast &m
     for (const qxExport::Loss &loss : file.losses) {
         if (loss.kind == QLatin1String("animation") && loss.isGone)
             m_lostClips += loss.name;
+        if (loss.kind == QLatin1String("viewpoint"))
+            m_lostViewpoints += loss.name;
     }
 }
 
@@ -88,10 +90,12 @@ void qxExportLosses::addScene(const qxExport &file)
     for (const qxExport::Loss &loss : file.losses)
         m_report.add({QString(), loss.kind, loss.name, QString(),
                       loss.isGone ? qxLoss::Dropped : qxLoss::Approximated, loss.reason});
-    for (int id = 0; id < qxUberCameraPool::the()->count(); ++id)
-        m_report.add({QString(), QStringLiteral("viewpoint"),
-                      qxText::fromUtf8(qxUberCameraPool::the()->get(id)->name), QString(),
-                      qxLoss::Carried, QString()});
+    for (int id = 0; id < qxUberCameraPool::the()->count(); ++id) {
+        const QString name = qxText::fromUtf8(qxUberCameraPool::the()->get(id)->name);
+        if (!m_lostViewpoints.contains(name))
+            m_report.add({QString(), QStringLiteral("viewpoint"), name, QString(), qxLoss::Carried,
+                          QString()});
+    }
     for (const std::string &clip : qxAnimManager::the()->clips()) {
         const QString name = qxText::fromUtf8(clip);
         if (!m_lostClips.contains(name))
@@ -130,6 +134,8 @@ qxLoss qxExportLosses::becameOf(const qxExplainedEntry &entry, Form form) const
         return dropped("it does nothing in the program, either");
     if (entry.kind == QLatin1String("animation") && m_lostClips.contains(entry.name))
         return dropped("what it moves is not there");
+    if (entry.kind.endsWith(QLatin1String("viewpoint")) && m_lostViewpoints.contains(entry.name))
+        return dropped("its place is beyond all numbers");
     if (entry.isVariant || entry.kind == QLatin1String("target"))
         return variantLoss(entry, form);
     return reasonOf(entry.kind);

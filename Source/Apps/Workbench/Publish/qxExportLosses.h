@@ -38,5 +38,6 @@ private:
 
     std::unordered_set<unsigned int> m_worn; ///< the ids of switch materials in the file
     QSet<QString> m_lostClips;
+    QSet<QString> m_lostViewpoints;
     qxLossReport m_report;
 };

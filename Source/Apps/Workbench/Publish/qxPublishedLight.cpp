@@ -3,6 +3,7 @@
 #include "Light/qxRadianceWriter.h"
 #include "Pictures/qxScenePicture.h"
 #include "Publish/qxPublishedStates.h"
+#include "Render/qxSceneLighting.h"
 #include "qxScenegraph.h"
 
 #include <QColor>

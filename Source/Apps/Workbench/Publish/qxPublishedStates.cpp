@@ -101,7 +101,7 @@ struct qxPublishedStates::Content {
 
     void addSteps();
     void writeSets(qxLossReport &losses);
-    void writeVariants();
+    QJsonArray variants() const;
     QJsonArray optionsOf(const qxVariantKind &kind, qxVariant &variant) const;
 
     const qxPublishWishes wishes;
@@ -122,7 +122,7 @@ qxPublishedStates::Content::Content(const qxSceneFile &file, const qxPublishWish
     steps.close();
     before.restore();
     writeSets(losses);
-    writeVariants();
+    json[QStringLiteral("variants")] = wishes.hasVariants ? variants() : QJsonArray();
     before.restore();
     json[QStringLiteral("start")] = slots.starts();
     json[QStringLiteral("camera")] = qxSceneJson::camera(qxSceneRecord::camera());
@@ -177,17 +177,16 @@ void qxPublishedStates::Content::writeSets(qxLossReport &losses)
     json[setsKey] = setList;
 }
 
-void qxPublishedStates::Content::writeVariants()
+QJsonArray qxPublishedStates::Content::variants() const
 {
     const qxCatalogue words(wishes.language);
     QJsonArray list;
     qxVariantKinds::visit([&](const qxVariantKind &kind, qxVariant &variant) {
-        if (wishes.hasVariants)
-            list += QJsonObject{{QStringLiteral("kind"), QString(kind.word)},
-                                {nameKey, variant.name},
-                                {QStringLiteral("options"), optionsOf(kind, variant)}};
+        list += QJsonObject{{QStringLiteral("kind"), QString(kind.word)},
+                            {nameKey, variant.name},
+                            {QStringLiteral("options"), optionsOf(kind, variant)}};
     });
-    json[QStringLiteral("variants")] = list;
+    return list;
 }
 
 QJsonArray qxPublishedStates::Content::optionsOf(const qxVariantKind &kind,

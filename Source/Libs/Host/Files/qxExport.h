@@ -13,6 +13,7 @@
 
 /// What goes into an exported file.
 struct qxExportOptions {
+    /// How much of the scene.
     enum Extent {
         /// What the scene shows now, for any program that reads glTF. Overlays, environments and
         /// all entries of ours in `extras` stay behind.
@@ -30,7 +31,7 @@ struct qxExportOptions {
         std::unordered_map<osg::UInt32, osg::MaterialPtr> materials;
     };
 
-    Extent extent = Shown;
+    Extent extent = Shown; ///< how much of the scene
     bool compress = false; ///< meshes by EXT_meshopt_compression, pictures as WebP
     std::vector<Variant> variants; ///< become KHR_materials_variants, if any differs
     std::vector<int> viewpoints; ///< by their ids: those that become cameras, in this order
@@ -47,13 +48,13 @@ struct qxExport {
     };
     /// Bytes in the file, and how many they would be uncompressed.
     struct Size {
-        qint64 before = 0;
-        qint64 after = 0;
+        qint64 before = 0; ///< uncompressed
+        qint64 after = 0; ///< in the file
     };
 
-    QByteArray glb;
+    QByteArray glb; ///< the file
     QList<Loss> losses; ///< in the order of the file
     std::unordered_set<osg::UInt32> geometries; ///< the ids of the cores of those that are there
     Size meshes; ///< vertices and indices
-    Size pictures;
+    Size pictures; ///< of textures, encoded
 };

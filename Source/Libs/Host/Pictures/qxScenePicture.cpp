@@ -1,5 +1,6 @@
 #include "Pictures/qxScenePicture.h"
 
+#include "Render/qxSceneLighting.h"
 #include "qxOSGWidget.h"
 #include "qxRaytracingManager.h"
 

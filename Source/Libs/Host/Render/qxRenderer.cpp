@@ -4,6 +4,7 @@
 #include "Render/qxPainter.h"
 #include "Render/qxRenderPicking.h"
 #include "Render/qxReprojection.h"
+#include "Render/qxSceneLighting.h"
 #include "Scene/qxScene.h"
 #include "qxLog.h"
 #include "qxNodeWalk.h"

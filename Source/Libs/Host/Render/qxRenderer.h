@@ -2,7 +2,6 @@
 
 #include "Render/qxNodeMask.h"
 #include "Render/qxPicture.h"
-#include "Render/qxSceneLighting.h"
 #include "qxUberCameraPool.h"
 
 #include <OpenSG/OSGNode.h>
@@ -10,6 +9,7 @@
 #include <memory>
 
 class qxReprojection;
+struct qxSceneLighting;
 
 /// Makes pictures of the running host's scene from the main view (qxMainView), with its overlays
 /// and its clipping plane. As long as the view has no camera, all of the scene is shown.

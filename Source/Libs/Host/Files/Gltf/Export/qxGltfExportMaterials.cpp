@@ -32,6 +32,41 @@ bool isTexture(const std::string &key, const qxJson &value)
         && key.compare(key.size() - ending.size(), ending.size(), ending) == 0 && value.is_object();
 }
 
+bool clampNumber(qxJson &number)
+{
+    const double stated = number.get<double>();
+    const double clamped = std::clamp(stated, 0.0, 1.0);
+    if (clamped == stated)
+        return false;
+    number = clamped;
+    return true;
+}
+
+/// Whether glTF demands numbers from 0 to 1.
+bool isFraction(const std::string &key)
+{
+    const std::string ending = "Factor";
+    return key.size() > ending.size() && key != "thicknessFactor" && key != "specularColorFactor"
+        && key.compare(key.size() - ending.size(), ending.size(), ending) == 0;
+}
+
+/// Brings numbers into the range that glTF states for them; false when all were.
+bool clampFactors(qxJson &object)
+{
+    bool isClamped = false;
+    for (auto member = object.begin(); member != object.end(); ++member) {
+        if (member->is_object() && member.key() != "extras") {
+            isClamped = clampFactors(*member) || isClamped;
+        } else if (isFraction(member.key()) && member->is_number()) {
+            isClamped = clampNumber(*member) || isClamped;
+        } else if (isFraction(member.key()) && member->is_array()) {
+            for (qxJson &number : *member)
+                isClamped = clampNumber(number) || isClamped;
+        }
+    }
+    return isClamped;
+}
+
 bool isColour(const std::string &texture)
 {
     const auto &kinds = qxSurface::pictureKinds();
@@ -88,6 +123,9 @@ int qxGltfExportMaterials::material(int index)
     qxJson material = m_model.document.json["materials"][std::size_t(index)];
     m_tidy.clean(material);
     takeTextures(material);
+    if (clampFactors(material))
+        m_result.losses += {"material", qxGltfLabel("material", index, material), false,
+                            "numbers that glTF forbids are the nearest that it allows"};
     qxJson &materials = m_json["materials"];
     materials.push_back(material);
     return m_materials[index] = int(materials.size()) - 1;

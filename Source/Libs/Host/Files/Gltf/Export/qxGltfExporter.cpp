@@ -1,9 +1,11 @@
 #include "Files/Gltf/Export/qxGltfExporter.h"
 
 #include "Files/Gltf/Common/qxGltfCores.h"
+#include "Files/Gltf/Common/qxGltfExtras.h"
 #include "Files/Gltf/Common/qxGltfLights.h"
 #include "Files/Gltf/Common/qxGltfSwitchMaterialState.h"
 #include "Files/Gltf/Export/qxGltfExportClips.h"
+#include "Files/Gltf/Export/qxGltfExportPoses.h"
 #include "Files/Gltf/Export/qxGltfPacked.h"
 #include "Files/Gltf/Read/qxGltfExtensions.h"
 #include "Files/Gltf/Read/qxGltfModel.h"
@@ -21,24 +23,12 @@ namespace {
 const char *const _lights = "KHR_lights_punctual";
 const char *const _variants = "KHR_materials_variants";
 
-/// Writes the numbers from `begin` on, unless they are those that nothing stands for.
-void writeNumbers(qxJson &node, const char *name, const float *begin,
-                  const std::vector<float> &identity)
+void replaceAll(qxJson &numbers, const std::unordered_map<int, int> &by)
 {
-    if (!std::equal(identity.begin(), identity.end(), begin))
-        node[name] = qxGltfNumberList(begin, identity.size());
-}
-
-void writeTransform(qxJson &node, const qxGltfPose &pose)
-{
-    if (pose.kind == qxGltfPose::Matrix) {
-        const osg::Matrix unit = osg::Matrix::identity();
-        writeNumbers(node, "matrix", pose.numbers.data(),
-                     std::vector<float>(unit.getValues(), unit.getValues() + 16));
-    } else if (pose.kind == qxGltfPose::Components) {
-        writeNumbers(node, "translation", &pose.numbers[0], {0, 0, 0});
-        writeNumbers(node, "rotation", &pose.numbers[3], {0, 0, 0, 1});
-        writeNumbers(node, "scale", &pose.numbers[7], {1, 1, 1});
+    for (qxJson &number : numbers) {
+        const auto found = by.find(number.get<int>());
+        if (found != by.end())
+            number = found->second;
     }
 }
 
@@ -121,6 +111,29 @@ void qxGltfExporter::writeNodes()
         const qxJson written = position < 0 ? qxJson::object() : node(position);
         m_json["nodes"].push_back(written);
     }
+    placeUppers();
+}
+
+/// What one node cannot express takes a second one above it, which stands behind all others.
+void qxGltfExporter::placeUppers()
+{
+    if (m_uppers.empty())
+        return;
+    qxJson &nodes = m_json["nodes"];
+    std::unordered_map<int, int> above;
+    for (const auto &[number, pose] : m_uppers) {
+        above[number] = int(nodes.size());
+        nodes.push_back(qxJson::object());
+        qxGltfWritePose(nodes.back(), pose);
+    }
+    for (qxJson &node : nodes) {
+        if (node.contains("children"))
+            replaceAll(node["children"], above);
+    }
+    for (const auto &[number, upper] : above)
+        nodes[std::size_t(upper)]["children"] = {number};
+    m_roots = m_choice.roots();
+    replaceAll(m_roots, above);
 }
 
 qxJson qxGltfExporter::node(int position)
@@ -129,7 +142,10 @@ qxJson qxGltfExporter::node(int position)
     const qxJson &from = m_scene.json["nodes"][std::size_t(m_scene.nodes[std::size_t(position)])];
     qxJson node = qxJson::object();
     qxGltfDescribe(node, from, m_tidy);
-    writeTransform(node, poseOf(state));
+    const std::vector<qxGltfPose> poses = qxGltfExportPoses(poseOf(state));
+    qxGltfWritePose(node, poses.back());
+    if (poses.size() > 1)
+        m_uppers[m_choice.number(position)] = poses.front();
     if (!m_choice.isBare(position))
         writeContent(node, position);
     const std::vector<int> children = m_choice.children(position);
@@ -167,6 +183,8 @@ void qxGltfExporter::writeLight(qxJson &node, const qxJson &from)
     if (isNew) {
         qxJson light = m_scene.json["extensions"][_lights]["lights"][std::size_t(index)];
         m_tidy.clean(light);
+        if (light["type"] == "spot" && !light.contains("spot"))
+            light["spot"] = qxJson::object();
         m_json["extensions"][_lights]["lights"].push_back(light);
     }
     node["extensions"][_lights]["light"] = known->second;
@@ -261,7 +279,7 @@ void qxGltfExporter::writeScene()
     const int shown = m_model.sceneIndex();
     if (shown >= 0 && std::size_t(shown) < scenes.size())
         qxGltfDescribe(scene, scenes[std::size_t(shown)], m_tidy);
-    qxJson roots = m_choice.roots();
+    qxJson roots = m_uppers.empty() ? qxJson(m_choice.roots()) : m_roots;
     writeCameras(roots);
     if (!roots.empty())
         scene["nodes"] = roots;
@@ -293,6 +311,11 @@ void qxGltfExporter::writeCameras(qxJson &roots)
         const qxUberCamera *camera = qxUberCameraPool::the()->get(id);
         if (!camera)
             continue;
+        if (!qxGltfIsFinite(camera->toWorld)) {
+            m_result.losses += {"viewpoint", qxText::fromUtf8(camera->name), true,
+                                "its place is beyond all numbers"};
+            continue;
+        }
         const std::size_t index = qxGltfSection(m_json, "cameras").size();
         m_json["cameras"].push_back(qxGltfCamera(*camera));
         const int node = cameraNode(id);
@@ -301,7 +324,11 @@ void qxGltfExporter::writeCameras(qxJson &roots)
             continue;
         }
         roots.push_back(qxGltfSection(m_json, "nodes").size());
-        m_json["nodes"].push_back(qxGltfCameraNode(*camera, index));
+        qxJson stand = {{"camera", index}};
+        const float *matrix = camera->toWorld.getValues();
+        qxGltfWritePose(stand,
+                        qxGltfExportPoses({qxGltfPose::Matrix, {matrix, matrix + 16}}).front());
+        m_json["nodes"].push_back(stand);
     }
 }
 

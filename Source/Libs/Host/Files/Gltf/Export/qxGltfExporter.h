@@ -21,6 +21,7 @@ private:
     void writeMaterials();
     void nameMaterials();
     void writeNodes();
+    void placeUppers();
     qxJson node(int position);
     void writeContent(qxJson &node, int position);
     void writeLight(qxJson &node, const qxJson &from);
@@ -48,5 +49,7 @@ private:
     std::map<std::pair<int, int>, osg::UInt32> m_geometries; ///< by mesh and part of the file
     std::map<int, int> m_skins;
     std::map<int, int> m_lights;
+    std::map<int, qxGltfPose> m_uppers; ///< of nodes above those of these numbers
+    qxJson m_roots;
     bool m_hasMappings = false;
 };

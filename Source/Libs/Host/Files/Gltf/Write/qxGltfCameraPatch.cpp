@@ -48,6 +48,15 @@ qxJson nodesWithoutParent(const qxJson &json)
     return list;
 }
 
+qxJson cameraNodeJson(const qxUberCamera &camera, std::size_t index)
+{
+    qxJson json;
+    json["camera"] = index;
+    if (camera.toWorld != osg::Matrix::identity())
+        json["matrix"] = qxGltfNumberList(camera.toWorld.getValues(), 16);
+    return json;
+}
+
 } // namespace
 
 qxJson qxGltfCamera(const qxUberCamera &camera)
@@ -59,15 +68,6 @@ qxJson qxGltfCamera(const qxUberCamera &camera)
     json["type"] = isParallel ? "orthographic" : "perspective";
     json[isParallel ? "orthographic" : "perspective"] =
         isParallel ? parallelJson(camera) : perspectiveJson(camera);
-    return json;
-}
-
-qxJson qxGltfCameraNode(const qxUberCamera &camera, std::size_t index)
-{
-    qxJson json;
-    json["camera"] = index;
-    if (camera.toWorld != osg::Matrix::identity())
-        json["matrix"] = qxGltfNumberList(camera.toWorld.getValues(), 16);
     return json;
 }
 
@@ -115,6 +115,6 @@ void qxGltfAddViewpoints(qxJson &json, int scene, int first)
         const std::size_t index = qxGltfSection(json, "cameras").size();
         roots.push_back(qxGltfSection(json, "nodes").size());
         json["cameras"].push_back(qxGltfCamera(camera));
-        json["nodes"].push_back(qxGltfCameraNode(camera, index));
+        json["nodes"].push_back(cameraNodeJson(camera, index));
     }
 }
