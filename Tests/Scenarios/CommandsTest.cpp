@@ -118,6 +118,21 @@ TEST_F(CommandsTest, SelectTellsWhatEachSetChangedAndWhatItSkipped)
               "  animation  Sunset\n"
               "  skipped    no node variant \"Shelf\"\n"
               "  skipped    the script, which is not run\n");
+    for (const QStringList &call :
+         {QStringList{"select", desk(), "Morning"},
+          QStringList{"set", desk(), "--kind", "node", "Lamp", "!Disable"}}) {
+        refused(2, call + QStringList{"--record"}, "--record needs --json");
+        const QJsonDocument json = done(call + QStringList{"--json", "--record"}).json();
+        const QJsonValue report = json.isArray() ? json.array().first() : json.object();
+        QStringList hidden;
+        for (const QJsonValue &node : report["record"]["nodes"].toArray()) {
+            if (!node["shown"].toBool())
+                hidden += node["name"].toString();
+        }
+        EXPECT_TRUE(hidden.contains("Lamp")) << hidden.join('|').toStdString();
+    }
+    refused(2, {"select", desk(), "Morning", "--json", "--record", "--dry-run"},
+            "--record and --dry-run do not go together");
     // Staying where the camera is does not hold for the default viewpoint of a set.
     EXPECT_EQ(done({"select", desk(), "--keep-camera", "Morning", "Evening", "--scripts", "--json"})
                   .json(),

@@ -42,9 +42,8 @@ osg::Matrix matrixOf(const QJsonArray &numbers)
 /// Numbers that overflow give nothing to compare: zero times infinity is no number.
 bool isExtreme(const QJsonArray &numbers)
 {
-    return std::any_of(numbers.begin(), numbers.end(), [](const QJsonValue &number) {
-        return std::abs(number.toDouble()) > 1e15;
-    });
+    return std::any_of(numbers.begin(), numbers.end(),
+                       [](const QJsonValue &number) { return std::abs(number.toDouble()) > 1e15; });
 }
 
 QString textOf(const QJsonArray &array)

@@ -52,8 +52,9 @@ std::set<osg::MaterialPtr> allMaterials()
 }
 
 /// Everything whose states meddle with those of others: a transform switch with poses and a clone
-/// that has its own, switches in switches and with parts, namesakes, materials in materials, a light
-/// that is off, hidden nodes and parts, overlays in overlays, environments, clips of one name.
+/// that has its own, switches in switches and with parts, namesakes, materials in materials, a
+/// light that is off, hidden nodes and parts, overlays in overlays, environments, clips of one
+/// name.
 const char *const meddlers = R"({"asset": {"version": "2.0"}, "buffers": [{"byteLength": 36, "uri":
 "data:application/octet-stream;base64,AAAAAAAAAAAAAAAAAACAPwAAAAAAAAAAAAAAAAAAgD8AAAAA"}],
 "bufferViews": [{"buffer": 0, "byteLength": 36}], "accessors":
@@ -312,4 +313,69 @@ TEST_F(PublishedStatesTest, APageShowsWhatTheProgramShowsOfAnyScene)
         publish(write("a.gltf", text), random.percent(80));
         follow(25);
     }
+}
+
+TEST_F(PublishedStatesTest, APageOffersWhatIsWishedForInItsLanguage)
+{
+    ASSERT_TRUE(session.open(write("desk.gltf", sceneWith("desk"))));
+    const auto offered = [this](const qxPublishWishes &wishes) {
+        const qxPublishedStates states(session.file(), wishes, losses);
+        QStringList lines = states.sets();
+        for (const QJsonValue &group : states.json()["groups"].toArray())
+            lines += group["name"].toString() + " has "
+                + QJsonDocument(group["sets"].toArray()).toJson(QJsonDocument::Compact);
+        for (const QJsonValue &variant : states.json()["variants"].toArray()) {
+            for (const QJsonValue &option : variant["options"].toArray())
+                lines += QStringList{variant["kind"].toString(), variant["name"].toString(),
+                                     option["label"].toString(), option["key"].toString(),
+                                     option["action"].toBool() ? "action" : "state"}
+                             .join(' ');
+        }
+        return lines;
+    };
+    EXPECT_EQ(
+        offered({{}, true, "de"}),
+        (QStringList{"Morning", "Evening", "Leer geräumt", "Work has [0,1]", " has [2]",
+                     "node Desk Oak  state", "node Desk Glass  state", "node Desk alle  state",
+                     "node Desk keiner  state", "node Desk nächster (im Kreis) D action",
+                     "node Lamp eingeblendet  state", "node Lamp ausgeblendet  state",
+                     "node Chair Platz 1 von 3  state", "node Chair Platz 2 von 3  state",
+                     "node Chair Platz 3 von 3  state", "light Lamp an  state",
+                     "light Lamp aus  state"}));
+    EXPECT_EQ(offered({{"Attic"}, true, "en"}).mid(0, 4),
+              (QStringList{"Attic has []", "node Desk Oak  state", "node Desk Glass  state",
+                           "node Desk all  state"}));
+    EXPECT_EQ(offered({{"Work"}, false, "en"}),
+              (QStringList{"Morning", "Evening", "Work has [0,1]"}));
+}
+
+TEST_F(PublishedStatesTest, WhatIsLostIsToldEntryByEntry)
+{
+    ASSERT_TRUE(session.open(write("desk.gltf", sceneWith("desk"))));
+    qxVariantSet &evening = *qxVariants::findVariantSet("Evening");
+    evening.setClippingState(7);
+    evening.addGeometry("Desk");
+    evening.addTargetNodeName("Desk");
+    evening.addTransformVariant("Nobody", "Up");
+    const qxPublishedStates states(session.file(), {{"Work"}, true, "en"}, losses);
+    QStringList lines;
+    for (const qxLoss &loss : losses.losses())
+        lines += QStringList{QString::number(loss.outcome),
+                             loss.set,
+                             loss.kind,
+                             loss.name,
+                             loss.state,
+                             loss.text}
+                     .join('|');
+    EXPECT_EQ(lines,
+              (QStringList{"0|Morning|node|Desk|Glass|", "0|Morning|node|Lamp|!Disable|",
+                           "0|Morning|viewpoint|Front||", "0|Evening|node|Desk|Oak|",
+                           "2|Evening|node|Shelf|Red|the variant does not exist",
+                           "0|Evening|node|Lamp|!Enable|", "0|Evening|node|Chair|Transform 2|",
+                           "2|Evening|transform|Nobody|Up|the variant does not exist",
+                           "0|Evening|viewpoint|Front||",
+                           "2|Evening|script|||scripts do not run in a browser",
+                           "2|Evening|clipping|7||the clipping state has no meaning",
+                           "2|Evening|animation|Sunset||the animation does not exist",
+                           "0|Evening|default viewpoint|Über dem Tisch||"}));
 }

@@ -54,10 +54,11 @@ std::optional<qxCode> unless(bool isGood, qxCode code)
 
 } // namespace
 
-qxExplanation::qxExplanation(const qxVariantSet &set, qxForecast &forecast) : m_forecast(forecast)
+qxExplanation::qxExplanation(const qxVariantSet &set, qxForecast &forecast, Targets targets)
+    : m_forecast(forecast)
 {
     const qxFindCache cache(true);
-    addTargets(set);
+    addTargets(set, targets);
     for (const qxVariantKind *kind : qxVariantKinds::selectionOrder().first)
         addVariants(set, kind);
     addViewpoints(set);
@@ -75,7 +76,7 @@ void qxExplanation::addPlain(const char *kind, const QString &name, std::optiona
     m_entries.push_back(entry);
 }
 
-void qxExplanation::addTargets(const qxVariantSet &set)
+void qxExplanation::addTargets(const qxVariantSet &set, Targets targets)
 {
     bool isMissing = false;
     for (const QString &name : set.targetNodeNames) {
@@ -94,7 +95,8 @@ void qxExplanation::addTargets(const qxVariantSet &set)
         m_entries.back().changed = before == 0;
         m_entries.back().from = qxStateRules::stateFor(node, qxAspect::Visibility, before);
         m_entries.back().to = qxStateRules::stateFor(node, qxAspect::Visibility, 1);
-        showTarget(node.node);
+        if (targets == ForeseeTargets)
+            showTarget(node.node);
         m_changes.push_back(
             {m_entries.size() - 1, {node, qxAspect::Visibility, 1, qxReason::Named}});
     }

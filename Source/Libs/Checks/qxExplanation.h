@@ -41,9 +41,12 @@ struct qxSelectionOutcome {
 /// it did. It does not select and changes nothing.
 class qxExplanation {
 public:
+    /// Whether it is foreseen that the set shows its target nodes with all below them, which takes
+    /// the longer the more there are. Without it, entries may tell `from` and `to` otherwise.
+    enum Targets { ForeseeTargets, PassTargets };
     /// Goes on from what `forecast`, which must outlive this, has foreseen. What is there now must
     /// stay there until compare, but for what the set changes.
-    qxExplanation(const qxVariantSet &set, qxForecast &forecast);
+    qxExplanation(const qxVariantSet &set, qxForecast &forecast, Targets targets = ForeseeTargets);
 
     /// Looks at the scene after the selection: completes the code and isDone of each entry.
     void compare(const qxSelectionOutcome &outcome);
@@ -58,7 +61,7 @@ private:
         qxEffect effect;
     };
 
-    void addTargets(const qxVariantSet &set);
+    void addTargets(const qxVariantSet &set, Targets targets);
     void addVariants(const qxVariantSet &set, const qxVariantKind *kind);
     void addViewpoints(const qxVariantSet &set);
     void addRest(const qxVariantSet &set);

@@ -43,7 +43,7 @@ void judge(const qxVariantSet &set, const qxExplainedEntry &entry, qxLoss &loss)
 void qxPublishedLosses::add(const qxVariantSet &set, qxLossReport &losses)
 {
     qxForecast forecast;
-    const qxExplanation explanation(set, forecast);
+    const qxExplanation explanation(set, forecast, qxExplanation::PassTargets);
     for (const qxExplainedEntry &entry : explanation.entries()) {
         if (isKept(entry))
             continue;

@@ -111,14 +111,13 @@ QJsonObject qxChangeReport::toJson() const
                                {QStringLiteral("from"), change.before},
                                {QStringLiteral("to"), change.after}};
     }
-    QJsonObject json{
-            {QStringLiteral("name"), m_title},
-            {QStringLiteral("changes"), changes},
-            {QStringLiteral("viewpoint"),
-             m_viewpoint.isEmpty() ? QJsonValue() : QJsonValue(m_viewpoint)},
-            {QStringLiteral("animations"), QJsonArray::fromStringList(m_animations)},
-            {QStringLiteral("scripts"), QJsonArray::fromStringList(m_scripts)},
-            {QStringLiteral("skipped"), QJsonArray::fromStringList(m_skipped)}};
+    QJsonObject json{{QStringLiteral("name"), m_title},
+                     {QStringLiteral("changes"), changes},
+                     {QStringLiteral("viewpoint"),
+                      m_viewpoint.isEmpty() ? QJsonValue() : QJsonValue(m_viewpoint)},
+                     {QStringLiteral("animations"), QJsonArray::fromStringList(m_animations)},
+                     {QStringLiteral("scripts"), QJsonArray::fromStringList(m_scripts)},
+                     {QStringLiteral("skipped"), QJsonArray::fromStringList(m_skipped)}};
     if (!m_record.isEmpty())
         json[QStringLiteral("record")] = m_record;
     return json;
