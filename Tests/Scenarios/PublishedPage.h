@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <optional>
+
 /// Follows what is published of a scene as a page does: it knows the scene file and the published
 /// numbers, and nothing of variants.
 class PublishedPage {
