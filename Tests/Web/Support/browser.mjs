@@ -1,57 +1,21 @@
 // Published pages in headless Chromium. Whatever a page complains of, or asks another place for, is a fault.
 import assert from "node:assert/strict";
-import { createReadStream, existsSync, statSync } from "node:fs";
-import { createServer } from "node:http";
-import path from "node:path";
 import { after, test } from "node:test";
 import { pathToFileURL } from "node:url";
-import { require } from "./program.mjs";
-
-const { chromium } = require("playwright-core");
-
-const types = {
-    ".html": "text/html", ".js": "text/javascript", ".css": "text/css", ".json": "application/json",
-    ".glb": "model/gltf-binary", ".png": "image/png", ".jpg": "image/jpeg", ".webp": "image/webp",
-};
-const flags = [
-    "--use-angle=swiftshader", "--enable-unsafe-swiftshader", "--disable-quic", "--no-first-run",
-    "--disable-background-networking", "--disable-component-update", "--disable-sync",
-];
+import { launch, serve } from "./chromium.mjs";
 
 let started;
 const servers = [];
-
-function browser() {
-    started ??= chromium.launch({
-        executablePath: process.env.QX_CHROMIUM ?? "/usr/bin/chromium",
-        args: process.getuid() === 0 ? [...flags, "--no-sandbox"] : flags,
-    });
-    return started;
-}
 
 after(async () => {
     await (await started)?.close();
     servers.forEach(server => server.close());
 });
 
-/** The address of a server for a folder, which ends with a slash. */
-export function serve(folder) {
-    const server = createServer((request, response) => {
-        const name = decodeURIComponent(new URL(request.url, "http://localhost").pathname);
-        const file = path.join(folder, name.endsWith("/") ? `${name}index.html` : name);
-        if (!existsSync(file)) {
-            response.writeHead(404).end();
-            return;
-        }
-        response.writeHead(200, {
-            "Content-Type": types[path.extname(file)] ?? "application/octet-stream",
-            "Content-Length": statSync(file).size,
-        });
-        createReadStream(file).pipe(response);
-    });
+async function addressOf(folder) {
+    const { server, address } = await serve(folder);
     servers.push(server);
-    return new Promise(resolve => server.listen(0, "127.0.0.1", () =>
-        resolve(`http://127.0.0.1:${server.address().port}/`)));
+    return address;
 }
 
 /** What a page complains of and where it asks for something that does not begin with its own address. */
@@ -76,9 +40,10 @@ async function watch(context, page, own, faults) {
  */
 export async function onPage(place, { hash = "", fails = false, ...options }, use) {
     const isFile = place.endsWith(".html");
-    const address = isFile ? pathToFileURL(place).href : await serve(place);
+    const address = isFile ? pathToFileURL(place).href : await addressOf(place);
     const faults = [];
-    const context = await (await browser()).newContext({ serviceWorkers: "block", ...options });
+    started ??= launch();
+    const context = await (await started).newContext({ serviceWorkers: "block", ...options });
     try {
         const page = await context.newPage();
         page.setDefaultTimeout(60000);
