@@ -69,14 +69,18 @@ def wait_until(condition, what):
     raise TimeoutError(f"not within {PATIENCE} s: {what}")
 
 
-def processes_with(variable):
-    """By id, the command of each process that has this NAME=VALUE in its environment; the dead do not count."""
-    found = {}
-    for folder in Path("/proc").glob("[0-9]*"):
+def processes_with(variables=(), files=()):
+    """Numbers of the processes that have all these NAME=VALUE in their environment, or one of the files open. The dead
+    that nobody has asked after do not count."""
+    found = []
+    for process in Path("/proc").glob("[0-9]*"):
         try:
-            state = (folder / "stat").read_text().rpartition(")")[2].split()[0]
-            if state != "Z" and variable.encode() in (folder / "environ").read_bytes().split(b"\0"):
-                found[int(folder.name)] = (folder / "cmdline").read_bytes().replace(b"\0", b" ").decode()
+            if (process / "stat").read_text().rpartition(")")[2].split()[0] == "Z":
+                continue
+            environment = (process / "environ").read_bytes().split(b"\0")
+            if (variables and all(variable.encode() in environment for variable in variables)
+                    or any(os.path.realpath(file) in files for file in (process / "fd").iterdir())):
+                found.append(int(process.name))
         except OSError:
             continue  # it has ended, or is somebody else's
     return found
@@ -169,14 +173,15 @@ class Slurm:
         daemon = self.daemons.pop(name)
         daemon.kill()
         daemon.wait()
-        # Steps first, or they would report what became of their task.
-        there = {pid: command for pid, command in processes_with(f"SLURMD_NODENAME={name}").items()
-                 if self.variable.encode() in Path(f"/proc/{pid}/environ").read_bytes().split(b"\0")}
-        kill(sorted(there, key=lambda pid: "slurmstepd" not in there[pid]))
+        # The steps, which keep a log but no environment, first, or they would report what became of their tasks.
+        kill(processes_with(files=[f"{self.folder}/{name}.log"]))
+        kill(processes_with([self.variable, f"SLURMD_NODENAME={name}"]))
         self.run("scontrol", "update", f"NodeName={name}", "State=DOWN", "Reason=lost")
 
     def processes(self):
-        return processes_with(self.variable)
+        """All that belong to it: daemons, steps and tasks."""
+        logs = [f"{self.folder}/{name}.log" for name in ["munged", "slurmctld", *self.names]]
+        return processes_with([self.variable], logs)
 
     def __exit__(self, *_):
         self.run("scancel", "--user", str(os.getuid()))
