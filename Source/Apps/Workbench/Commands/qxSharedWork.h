@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Commands/qxShardOptions.h"
+#include "Session/qxPartsFolder.h"
+#include "Session/qxShardPlan.h"
+
+#include <QElapsedTimer>
+
+class QJsonObject;
+struct qxCommand;
+
+/// A command's part in work that several processes share: what is alike for all kinds of products.
+class qxSharedWork {
+public:
+    qxSharedWork(const qxCommand &command, const QCommandLineParser &parser);
+    qxSharedWork(const qxSharedWork &) = delete;
+
+    /// Reads the options, of which `outputs` say where the result goes, and a plan that is there.
+    /// Call it before the scene is opened. Success, or the exit code after explaining on standard
+    /// error what is wrong: with the options, with the plan, or, when the result is to be gathered,
+    /// what is missing. Products are pictures of that size, or reports.
+    int begin(const QStringList &outputs, const QSize &pictureSize = QSize());
+
+    const qxShardOptions &options() const { return m_options; }
+    const qxPartsFolder &folder() const { return m_folder; }
+    const qxShardPlan &plan() const { return m_plan; }
+    /// Whether this process has to plan.
+    bool needsPlan() const { return m_options.makesParts() && m_plan.shards == 0; }
+
+    /// Shares these items out, of which names, products and seconds are known, and writes the plan;
+    /// a shard takes the plan that another one has written meanwhile. Returns the exit code.
+    int share(const QVector<qxShardPlan::Item> &items);
+    /// Prints what a plan has come to, and what a shard has done.
+    int tellPlan() const;
+    int tellShard(int made, int kept) const;
+
+    /// Ends the time that counts as loading.
+    void endLoading() { m_loadSeconds = seconds(); }
+    double loadSeconds() const { return m_loadSeconds; }
+    /// The arguments that products depend on.
+    const QStringList &command() const { return m_plan.command; }
+    /// The items of this shard, one for each product.
+    QVector<qxShardPlan::Item> itemsOfShard() const;
+
+private:
+    double seconds() const { return double(m_sinceStart.elapsed()) / 1000; }
+    QStringList commandWith(const QStringList &outputs) const;
+    void lookAtFiles();
+    int checkPlan(const QStringList &command) const;
+    bool isUnchanged(const qxShardPlan::File &file) const;
+    int checkProducts() const;
+    int print(const QString &line, const QJsonObject &object) const;
+
+    const qxCommand &m_command;
+    const QCommandLineParser &m_parser;
+    QString m_file; ///< of the scene
+    qxShardOptions m_options;
+    qxPartsFolder m_folder;
+    qxShardPlan m_plan;
+    QElapsedTimer m_sinceStart;
+    double m_loadSeconds = 0;
+};
