@@ -4,6 +4,7 @@
 #include "Render/qxPicture.h"
 
 #include <QMap>
+#include <QSize>
 #include <QStringList>
 
 #include <functional>
@@ -58,6 +59,12 @@ QStringList namesWithoutPreview();
 
 /// Renders a PNG of the current scene; empty when it was interrupted.
 QByteArray render(int width, int height);
+///@{
+/// What such a picture, or a preview by addPreview, would be made from now, as 40 hexadecimal
+/// digits (qxRenderer::fingerprint); nothing is drawn. Empty when there can be no picture.
+QByteArray fingerprint(const QSize &size);
+QByteArray previewFingerprint();
+///@}
 
 } // namespace qxSetPreviews
 
