@@ -4,7 +4,6 @@
 #include "Render/qxRenderMath.h"
 
 #include <OpenSG/OSGGeometry.h>
-#include <OpenSG/OSGMatrix.h>
 
 #include <QByteArray>
 
