@@ -56,6 +56,12 @@ QList<QCommandLineOption> qxShardOptions::all()
     };
 }
 
+QCommandLineOption qxShardOptions::json()
+{
+    return {QStringLiteral("json"),
+            QStringLiteral("With --plan or --shard: writes JSON for other programs.")};
+}
+
 int qxShardOptions::read(const QCommandLineParser &parser, const QStringList &outputs)
 {
     const bool plans = parser.isSet(plan);

@@ -16,6 +16,8 @@ struct qxShardOptions {
     };
 
     static QList<QCommandLineOption> all();
+    /// The option --json of commands whose results are no JSON.
+    static QCommandLineOption json();
 
     /// Success, or the exit code after explaining on standard error what is wrong. `outputs` are
     /// the options that shards have no use for.

@@ -38,10 +38,16 @@ int look(const QStringList &names, const qxSetPreviews::Work &work)
 
 } // namespace
 
-int qxSharedPictures::begin(const QStringList &outputs, const Product &product)
+qxSharedPictures::Product qxSharedPictures::previews()
+{
+    const qxPictureSettings made = qxSetPreviews::settings();
+    return {{made.width, made.height}, qxSetPreviews::previewFingerprint, qxSetPreviews::preview};
+}
+
+int qxSharedPictures::begin(const Product &product)
 {
     m_product = product;
-    return m_work.begin(outputs, product.size);
+    return m_work.begin(product.size);
 }
 
 int qxSharedPictures::makeParts(const QStringList &names)
@@ -58,26 +64,29 @@ int qxSharedPictures::makeParts(const QStringList &names)
 int qxSharedPictures::makePlan(const QStringList &names)
 {
     QVector<double> selecting;
-    QVector<qxShardPlan::Item> items = survey(names, selecting);
-    if (!qxInterrupt::isAsked())
+    bool isDone = false;
+    QVector<qxShardPlan::Item> items = survey(names, selecting, isDone);
+    if (isDone)
         measure(items, selecting);
-    if (qxInterrupt::isAsked())
+    if (!isDone || qxInterrupt::isAsked())
         return qxCommands::endedEarly(QStringLiteral("no plan was written"));
     return m_work.share(items);
 }
 
 /// What all the sets need, and how long that took for each.
 QVector<qxShardPlan::Item> qxSharedPictures::survey(const QStringList &names,
-                                                    QVector<double> &selecting)
+                                                    QVector<double> &selecting, bool &isDone)
 {
     QVector<qxShardPlan::Item> items;
     QElapsedTimer timer;
     timer.start();
-    look(names, [&](qxVariantSet &set) {
-        items.append({set.name, m_product.fingerprint()});
+    const int done = look(names, [&](qxVariantSet &set) {
+        const QByteArray product = m_product.fingerprint();
+        items.append({set.name, product});
         selecting += lap(timer);
-        return true;
+        return !product.isEmpty();
     });
+    isDone = done == names.size();
     return items;
 }
 
@@ -191,6 +200,16 @@ int qxSharedPictures::take(const QStringList &names, const qxSetPreviews::Take &
         ++taken;
     }
     return names.size();
+}
+
+QMap<QString, QString> qxSharedPictures::files() const
+{
+    QMap<QString, QString> files;
+    if (task() != qxShardOptions::Gather)
+        return files;
+    for (const qxShardPlan::Item &item : m_work.plan().items)
+        files[item.name] = m_work.folder().productPath(item.product);
+    return files;
 }
 
 int qxSharedPictures::codeAfterScripts() const

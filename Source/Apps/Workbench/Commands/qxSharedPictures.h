@@ -15,13 +15,20 @@ public:
         qxSetPreviews::Make make;
     };
 
+    /// The previews of sets.
+    static Product previews();
+
     qxSharedPictures(const qxCommand &command, const QCommandLineParser &parser)
         : m_work(command, parser)
     {
     }
 
-    /// See qxSharedWork::begin.
-    int begin(const QStringList &outputs, const Product &product);
+    ///@{
+    /// See qxSharedWork.
+    int read(const QStringList &outputs) { return m_work.read(outputs); }
+    int begin(const Product &product);
+    ///@}
+    qxShardOptions::Task task() const { return m_work.options().task; }
     /// Whether makeParts is to be called, and no result be made.
     bool makesParts() const { return m_work.options().makesParts(); }
 
@@ -30,12 +37,15 @@ public:
     /// Has the pictures of these sets taken, as qxSetPreviews::visit does. Below 0, with an error,
     /// when a part turned out to be damaged: then nothing may be written.
     int visit(const QStringList &names, const qxSetPreviews::Take &take);
+    /// Where the pictures to be gathered lie, by the names of the sets; empty unless they are.
+    QMap<QString, QString> files() const;
     /// As qxCommands::codeAfterScripts, also when the scripts have run in the shards.
     int codeAfterScripts() const;
 
 private:
     int makePlan(const QStringList &names);
-    QVector<qxShardPlan::Item> survey(const QStringList &names, QVector<double> &selecting);
+    QVector<qxShardPlan::Item> survey(const QStringList &names, QVector<double> &selecting,
+                                      bool &isDone);
     void measure(QVector<qxShardPlan::Item> &items, const QVector<double> &selecting);
     void sample(const QVector<qxShardPlan::Item> &items, QVector<double> &seconds);
     int makeShard();

@@ -16,6 +16,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -51,13 +52,26 @@ qxSharedWork::qxSharedWork(const qxCommand &command, const QCommandLineParser &p
     m_sinceStart.start();
 }
 
-int qxSharedWork::begin(const QStringList &outputs, const QSize &pictureSize)
+int qxSharedWork::read(const QStringList &outputs)
 {
+    m_outputs = outputs;
     const int code = m_options.read(m_parser, outputs);
-    if (code != Success || m_options.task == qxShardOptions::Whole)
+    if (code != Success || m_options.makesParts())
         return code;
+    const QCommandLineOption json = qxShardOptions::json();
+    for (const QCommandLineOption &option : m_command.options()) {
+        if (option.description() == json.description() && m_parser.isSet(option))
+            return qxCommands::fail(QStringLiteral("--json needs --plan or --shard"), WrongUse);
+    }
+    return Success;
+}
+
+int qxSharedWork::begin(const QSize &pictureSize)
+{
+    if (m_options.task == qxShardOptions::Whole)
+        return Success;
     m_folder = qxPartsFolder(m_options.folder, pictureSize);
-    const QStringList command = commandWith(outputs);
+    const QStringList command = commandHere();
     const bool isToBeMade = m_options.task == qxShardOptions::Plan
         || (m_options.task == qxShardOptions::Shard && !m_folder.hasPlan());
     if (isToBeMade) {
@@ -72,12 +86,12 @@ int qxSharedWork::begin(const QStringList &outputs, const QSize &pictureSize)
                                                                            : planCode;
 }
 
-QStringList qxSharedWork::commandWith(const QStringList &outputs) const
+QStringList qxSharedWork::commandHere() const
 {
     QStringList words{QLatin1String(m_command.name)};
     for (const QCommandLineOption &option : m_command.options()) {
         const QString name = option.names().first();
-        if (!m_parser.isSet(option) || outputs.contains(name) || indifferent().contains(name))
+        if (!m_parser.isSet(option) || m_outputs.contains(name) || indifferent().contains(name))
             continue;
         const QString word = QStringLiteral("--") + name;
         if (option.valueName().isEmpty())

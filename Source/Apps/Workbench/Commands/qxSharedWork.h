@@ -15,11 +15,16 @@ public:
     qxSharedWork(const qxCommand &command, const QCommandLineParser &parser);
     qxSharedWork(const qxSharedWork &) = delete;
 
-    /// Reads the options, of which `outputs` say where the result goes, and a plan that is there.
-    /// Call it before the scene is opened. Success, or the exit code after explaining on standard
-    /// error what is wrong: with the options, with the plan, or, when the result is to be gathered,
-    /// what is missing. Products are pictures of that size, or reports.
-    int begin(const QStringList &outputs, const QSize &pictureSize = QSize());
+    ///@{
+    /// Success, or the exit code after explaining on standard error what is wrong.
+
+    /// Reads the options, of which `outputs` say where the result goes.
+    int read(const QStringList &outputs);
+    /// Looks, before the scene is opened, for a plan, whether it is one for this work, and, when
+    /// the result is to be gathered, whether something is missing. Products are pictures of that
+    /// size, or reports.
+    int begin(const QSize &pictureSize = QSize());
+    ///@}
 
     const qxShardOptions &options() const { return m_options; }
     const qxPartsFolder &folder() const { return m_folder; }
@@ -44,7 +49,7 @@ public:
 
 private:
     double seconds() const { return double(m_sinceStart.elapsed()) / 1000; }
-    QStringList commandWith(const QStringList &outputs) const;
+    QStringList commandHere() const;
     void lookAtFiles();
     int checkPlan(const QStringList &command) const;
     bool isUnchanged(const qxShardPlan::File &file) const;
@@ -54,6 +59,7 @@ private:
     const qxCommand &m_command;
     const QCommandLineParser &m_parser;
     QString m_file; ///< of the scene
+    QStringList m_outputs;
     qxShardOptions m_options;
     qxPartsFolder m_folder;
     qxShardPlan m_plan;

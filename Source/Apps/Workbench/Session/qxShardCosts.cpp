@@ -24,7 +24,7 @@ const QString commandKey = QStringLiteral("command");
 const QString loadKey = QStringLiteral("loadSeconds");
 const QString peakKey = QStringLiteral("peakBytes");
 const QString itemsKey = QStringLiteral("items");
-const QString nameKey = QStringLiteral("name");
+const QString itemNameKey = QStringLiteral("name");
 const QString productKey = QStringLiteral("product");
 const QString secondsKey = QStringLiteral("seconds");
 
@@ -59,7 +59,7 @@ void qxShardCosts::take(const QByteArray &json, const QStringList &command)
         if (seconds < 0)
             continue;
         m_ofProducts[item[productKey].toString().toLatin1()] = seconds;
-        m_ofNames[item[nameKey].toString()] = seconds;
+        m_ofNames[item[itemNameKey].toString()] = seconds;
     }
 }
 
@@ -107,7 +107,7 @@ qxShardCostLog::~qxShardCostLog()
 
 void qxShardCostLog::add(const QString &name, const QByteArray &product, double seconds)
 {
-    m_items += QJsonObject{{nameKey, name},
+    m_items += QJsonObject{{itemNameKey, name},
                            {productKey, QString::fromLatin1(product)},
                            {secondsKey, seconds}};
     if (m_sinceWritten.elapsed() < WriteMilliseconds)
