@@ -174,7 +174,8 @@ class SlurmTest(FarmTest):
 
         (self.faults / "2").unlink()
         self.farm("resume", self.job)
-        self.assertEqual((self.wait_for_end()["state"], self.rounds()[2:]), ("done", [[2]]))
+        self.assertEqual(self.wait_for_end()["state"], "done")
+        self.assertLessEqual(len(self.rounds()[2]), len(end["missing"]), "there are no tasks without work")
         self.assert_like_one_process()
 
         self.edit_one_set()
