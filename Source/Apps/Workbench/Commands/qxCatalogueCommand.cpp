@@ -46,7 +46,10 @@ int runCatalogue(const QCommandLineParser &parser)
     const qxInterrupt interrupt;
     const QStringList names = qxSetPreviews::allNames();
     qxCataloguePage::Pictures pictures;
-    const int done = qxSetPreviews::visit(names, qxSetPictures::onPage(pictures));
+    const int done = qxSetPreviews::visit(
+        names,
+        qxSetPreviews::each(qxSetPictures::ofSize(qxSetPictures::pageSize),
+                            qxSetPictures::onPage(pictures)));
     if (qxInterrupt::isAsked() && pictures.isEmpty())
         return qxCommands::endedEarly(QStringLiteral("no page was written"));
     if (!qxSetPreviews::reopen(session, file, {}))

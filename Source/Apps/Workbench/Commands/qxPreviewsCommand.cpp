@@ -49,13 +49,14 @@ int runPreviews(const QCommandLineParser &parser)
     const QStringList names =
         all || stale ? qxSetPreviews::allNames() : qxSetPreviews::namesWithoutPreview();
     qxSetPreviews::Previews previews;
-    const int done = qxSetPreviews::visit(names, [&previews](qxVariantSet &set) {
-        if (!qxSetPreviews::addPreview(set, previews))
-            return false;
-        if (previews[set.name] == set.getPreview())
-            previews.remove(set.name);
+    const auto take = [&previews](const QString &name, const QByteArray &png) {
+        const qxVariantSet *const set = qxVariants::findVariantSet(name);
+        if (!set || png != set->getPreview())
+            previews[name] = png;
         return true;
-    });
+    };
+    const int done =
+        qxSetPreviews::visit(names, qxSetPreviews::each(qxSetPreviews::preview, take));
     // The previews show the scene as it was opened.
     if (!qxCommands::maySave(session, parser)
         || !qxSetPreviews::reopen(session, parser.positionalArguments().first(), previews)

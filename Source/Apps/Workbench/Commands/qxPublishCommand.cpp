@@ -149,7 +149,9 @@ bool makePictures(qxPublisher &publisher)
 {
     const QStringList &names = publisher.withoutPreview();
     return publisher.makePoster()
-        && qxSetPreviews::visit(names, publisher.preview()) == names.size();
+        && qxSetPreviews::visit(
+               names, qxSetPreviews::each(qxSetPreviews::preview, publisher.takePreview()))
+        == names.size();
 }
 
 int runPublish(const QCommandLineParser &parser)

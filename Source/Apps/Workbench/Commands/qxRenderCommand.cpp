@@ -161,7 +161,7 @@ void look(const Job &job)
 QByteArray picture(const Job &job)
 {
     look(job);
-    return qxSetPreviews::render(job.size.width(), job.size.height());
+    return qxSetPreviews::render(job.size);
 }
 
 int renderOne(const Job &job)
@@ -185,11 +185,11 @@ int renderFolder(const Job &job)
 {
     const QStringList names = qxSetPreviews::allNames();
     qxFileNames files(QStringLiteral(".png"));
-    const int done = qxSetPreviews::visit(names, [&](qxVariantSet &set) {
-        const QByteArray png = picture(job);
-        const QString path = QDir(job.out).filePath(files.next(set.name));
-        return !png.isEmpty() && qxStreams::write(path, png);
-    });
+    const auto write = [&](const QString &name, const QByteArray &png) {
+        return qxStreams::write(QDir(job.out).filePath(files.next(name)), png);
+    };
+    const int done =
+        qxSetPreviews::visit(names, qxSetPreviews::each([&job] { return picture(job); }, write));
     if (done == names.size())
         return qxCommands::codeAfterScripts();
     return qxCommands::endedEarly(
@@ -210,7 +210,7 @@ int renderTurn(Job job)
             const QString name = job.turntable.nameOf(done);
             progress.begin(name);
             job.turntable.look(done);
-            const QByteArray png = qxSetPreviews::render(job.size.width(), job.size.height());
+            const QByteArray png = qxSetPreviews::render(job.size);
             if (png.isEmpty() || !qxStreams::write(QDir(job.out).filePath(name), png))
                 break;
             hint.note(name);
@@ -227,8 +227,9 @@ int renderSheet(const Job &job)
 {
     const QStringList names = qxSetPreviews::allNames();
     qxContactSheet sheet(job.size);
-    const int done =
-        qxSetPreviews::visit(names, qxSetPictures::onSheet(sheet, job.size, [&job] { look(job); }));
+    const int done = qxSetPreviews::visit(
+        names,
+        qxSetPreviews::each([&job] { return picture(job); }, qxSetPictures::onSheet(sheet)));
     if (done > 0 && !qxStreams::write(job.out, sheet.png()))
         return WorkFailed;
     if (done == names.size())

@@ -23,8 +23,8 @@ public:
 
     /// The sets that have no preview.
     const QStringList &withoutPreview() const { return m_withoutPreview; }
-    /// Makes the preview of such a set, for qxSetPreviews::visit.
-    qxSetPreviews::Work preview();
+    /// Takes the preview of such a set.
+    qxSetPreviews::Take takePreview();
     /// Makes the picture that is seen until the page has loaded the scene; false if it was
     /// cancelled.
     bool makePoster();

@@ -95,12 +95,18 @@ int qxSetPreviews::visit(const QStringList &names, const Work &work)
     return done;
 }
 
-bool qxSetPreviews::addPreview(const qxVariantSet &set, Previews &previews)
+qxSetPreviews::Work qxSetPreviews::each(const Make &make, const Take &take)
 {
-    const QByteArray preview = qxVariants::createPreviewImage(true, true);
-    if (!preview.isEmpty())
-        previews[set.name] = preview;
-    return !preview.isEmpty();
+    return [make, take](qxVariantSet &set) {
+        const QString name = set.name; // Who is shown the progress may remove the set.
+        const QByteArray png = make();
+        return !png.isEmpty() && take(name, png);
+    };
+}
+
+QByteArray qxSetPreviews::preview()
+{
+    return qxVariants::createPreviewImage(true, true);
 }
 
 bool qxSetPreviews::reopen(qxSession &session, const QString &file, const Previews &previews)
@@ -132,10 +138,10 @@ QStringList qxSetPreviews::namesWithoutPreview()
     return names;
 }
 
-QByteArray qxSetPreviews::render(int width, int height)
+QByteArray qxSetPreviews::render(const QSize &size)
 {
     qxImageWriter writer;
-    writer.exportImageFastInit(width, height, 0);
+    writer.exportImageFastInit(size.width(), size.height(), 0);
     const std::string png = writer.exportImageFast();
     writer.exportImageFastTerminate();
     return QByteArray::fromStdString(png);
