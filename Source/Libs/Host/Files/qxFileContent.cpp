@@ -8,7 +8,7 @@
 namespace {
 
 /// Reads a file of that size. Why it cannot be read, with its path, or empty.
-QString read(const QString &path, qint64 size, QByteArray &bytes)
+QString readWhole(const QString &path, qint64 size, QByteArray &bytes)
 {
     QFile file(path);
     if (file.open(QIODevice::ReadOnly))
@@ -46,7 +46,7 @@ QString qxFileContent::giveTo(const qxOutputFile::Sink &sink) const
     for (const Piece &piece : m_pieces) {
         QByteArray bytes = piece.bytes;
         const QString flaw =
-            piece.path.isEmpty() ? QString() : read(piece.path, piece.size, bytes);
+            piece.path.isEmpty() ? QString() : readWhole(piece.path, piece.size, bytes);
         if (!flaw.isEmpty())
             return flaw;
         if (!sink(piece.path.isEmpty() ? bytes : bytes.toBase64()))

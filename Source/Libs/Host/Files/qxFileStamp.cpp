@@ -10,7 +10,7 @@ namespace {
 /// Seconds. Clocks of file systems may be that coarse, and two changes then have the same time.
 const int coarsest = 2;
 
-const int blockSize = 1 << 20;
+const int readAtOnce = 1 << 20;
 
 qxFileSum sumOf(const QByteArray &bytes)
 {
@@ -24,7 +24,7 @@ qxFileSum sumOf(QFile &file, qint64 size)
 {
     qxFileSum sum;
     QByteArray block;
-    while (!(block = file.read(qMin<qint64>(size - sum.size(), blockSize))).isEmpty())
+    while (!(block = file.read(qMin<qint64>(size - sum.size(), readAtOnce))).isEmpty())
         sum.add(block);
     return sum;
 }

@@ -5,7 +5,7 @@
 
 namespace {
 
-const int blockSize = 1 << 16;
+const int summedAtOnce = 1 << 16;
 const std::size_t factor = 1099511628211u; ///< as FNV-1a has it
 
 std::size_t folded(std::size_t hash, const char *block, int size)
@@ -20,14 +20,14 @@ void qxFileSum::add(const QByteArray &bytes)
     m_size += bytes.size();
     int at = 0;
     if (!m_rest.isEmpty()) {
-        at = qMin(blockSize - m_rest.size(), bytes.size());
+        at = qMin(summedAtOnce - m_rest.size(), bytes.size());
         m_rest.append(bytes.constData(), at);
-        if (m_rest.size() < blockSize)
+        if (m_rest.size() < summedAtOnce)
             return;
-        m_hash = folded(m_hash, m_rest.constData(), blockSize);
+        m_hash = folded(m_hash, m_rest.constData(), summedAtOnce);
     }
-    for (; bytes.size() - at >= blockSize; at += blockSize)
-        m_hash = folded(m_hash, bytes.constData() + at, blockSize);
+    for (; bytes.size() - at >= summedAtOnce; at += summedAtOnce)
+        m_hash = folded(m_hash, bytes.constData() + at, summedAtOnce);
     m_rest = bytes.mid(at);
 }
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-const int copiedAtOnce = 1 << 20; ///< bytes
+const int copiedAtOnce = 1 << 16; ///< bytes
 
 } // namespace
 
@@ -27,13 +27,12 @@ bool qxSystemCall::write(int descriptor, const QByteArray &bytes)
 
 bool qxSystemCall::copy(int from, int descriptor)
 {
-    QByteArray block(copiedAtOnce, Qt::Uninitialized);
+    char block[copiedAtOnce];
     for (off_t at = 0;;) {
-        const ssize_t count =
-            repeat([&] { return pread(from, block.data(), std::size_t(copiedAtOnce), at); });
+        const ssize_t count = repeat([&] { return pread(from, block, sizeof block, at); });
         if (count <= 0)
             return count == 0;
-        if (!write(descriptor, QByteArray::fromRawData(block.constData(), int(count))))
+        if (!write(descriptor, QByteArray::fromRawData(block, int(count))))
             return false;
         at += count;
     }
