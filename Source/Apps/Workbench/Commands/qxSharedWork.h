@@ -42,6 +42,8 @@ public:
     /// Ends the time that counts as loading.
     void endLoading() { m_loadSeconds = seconds(); }
     double loadSeconds() const { return m_loadSeconds; }
+    /// This program with its version.
+    static QString program();
     /// The arguments that products depend on.
     const QStringList &command() const { return m_plan.command; }
     /// The items of this shard, one for each product.
