@@ -17,7 +17,9 @@ QList<QCommandLineOption> previewsOptions()
 {
     return QList<QCommandLineOption>{
                {QStringLiteral("stale"),
-                QStringLiteral("Replaces every preview that does not show its set as it is now.")},
+                QStringLiteral(
+                    "Makes anew every preview that was made from something else than its set "
+                    "shows now, and those that do not say what they were made from.")},
                {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
                qxCommands::scriptsOption(),
                qxCommands::noScriptsOption(),
@@ -49,19 +51,15 @@ int runPreviews(const QCommandLineParser &parser)
     const QStringList names =
         all || stale ? qxSetPreviews::allNames() : qxSetPreviews::namesWithoutPreview();
     qxSetPreviews::Previews previews;
-    const int done = qxSetPreviews::visit(names, [&previews](qxVariantSet &set) {
-        if (!qxSetPreviews::addPreview(set, previews))
-            return false;
-        if (previews[set.name] == set.getPreview())
-            previews.remove(set.name);
-        return true;
+    const int done = qxSetPreviews::visit(names, [&previews, stale](qxVariantSet &set) {
+        return (stale && !qxSetPreviews::isStale(set)) || qxSetPreviews::addPreview(set, previews);
     });
     // The previews show the scene as it was opened.
     if (!qxCommands::maySave(session, parser)
         || !qxSetPreviews::reopen(session, parser.positionalArguments().first(), previews)
         || qxCommands::saveIfAsked(session, parser) != Success)
         return WorkFailed;
-    const int made = all ? done : previews.size();
+    const int made = previews.size();
     const int kept = int(qxVariants::_variantSets.size()) - made;
     if (parser.isSet(QStringLiteral("json")))
         qxOutput::json(QJsonObject{{QStringLiteral("made"), made}, {QStringLiteral("kept"), kept}});

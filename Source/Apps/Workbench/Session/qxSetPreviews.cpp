@@ -12,6 +12,7 @@
 #include "qxImageWriter.h"
 #include "qxInterrupt.h"
 #include "qxOSGWidget.h"
+#include "qxPreviewStamp.h"
 #include "qxRaytracingManager.h"
 #include "qxSceneSnapshot.h"
 #include "qxSession.h"
@@ -85,8 +86,9 @@ int qxSetPreviews::visit(const QStringList &names, const Work &work)
         return true;
     };
     const auto workAndNote = [&](qxVariantSet &set) {
+        const int before = qxScenePicture::count();
         const bool isDone = work(set);
-        if (isDone)
+        if (isDone && qxScenePicture::count() != before)
             hint.note(set.name);
         return isDone;
     };
@@ -98,10 +100,18 @@ int qxSetPreviews::visit(const QStringList &names, const Work &work)
 
 bool qxSetPreviews::addPreview(const qxVariantSet &set, Previews &previews)
 {
-    const QByteArray preview = qxVariants::createPreviewImage(true, true);
+    const QByteArray fingerprint = previewFingerprint();
+    const QByteArray preview =
+        qxPreviewStamp::stamped(qxVariants::createPreviewImage(true, true), fingerprint);
     if (!preview.isEmpty())
         previews[set.name] = preview;
     return !preview.isEmpty();
+}
+
+bool qxSetPreviews::isStale(const qxVariantSet &set)
+{
+    const QByteArray stamp = qxPreviewStamp::of(set.getPreview());
+    return stamp.isEmpty() || stamp != previewFingerprint();
 }
 
 bool qxSetPreviews::reopen(qxSession &session, const QString &file, const Previews &previews)

@@ -46,8 +46,12 @@ int visit(const QStringList &names, const Work &work);
 
 typedef QMap<QString, QByteArray> Previews; ///< by the names of sets
 
-/// Adds a preview of the set, which is selected. False if the user cancelled it.
+/// Adds a preview of the set, which is selected, with its stamp (qxPreviewStamp). False if the user
+/// cancelled it.
 bool addPreview(const qxVariantSet &set, Previews &previews);
+/// Whether the preview that the set has, which is selected, is none or another one than addPreview
+/// would make, by its stamp alone.
+bool isStale(const qxVariantSet &set);
 /// Opens the file again and gives its sets these previews, because scripts of the sets may have
 /// changed the scene. False if it cannot be opened.
 bool reopen(qxSession &session, const QString &file, const Previews &previews);
