@@ -68,11 +68,11 @@ int qxSharedWork::read(const QStringList &outputs)
     return Success;
 }
 
-int qxSharedWork::begin(const QSize &pictureSize)
+int qxSharedWork::begin(const qxProductForm &form)
 {
     if (m_options.task == qxShardOptions::Whole)
         return Success;
-    m_folder = qxPartsFolder(m_options.folder, pictureSize);
+    m_folder = qxPartsFolder(m_options.folder, form);
     const QStringList command = commandHere();
     const bool isToBeMade = m_options.task == qxShardOptions::Plan
         || (m_options.task == qxShardOptions::Shard && !m_folder.hasPlan());
