@@ -18,7 +18,9 @@ QList<QCommandLineOption> previewsOptions()
 {
     return QList<QCommandLineOption>{
                {QStringLiteral("stale"),
-                QStringLiteral("Replaces every preview that does not show its set as it is now.")},
+                QStringLiteral(
+                    "Makes anew every preview that was made from something else than its set "
+                    "shows now, and those that do not say what they were made from.")},
                {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
                qxCommands::scriptsOption(),
                qxCommands::noScriptsOption(),
@@ -42,7 +44,10 @@ int runPreviews(const QCommandLineParser &parser)
         return qxCommands::fail(QStringLiteral("previews needs --save OUT"), WrongUse);
     if (!qxPictureOptions::areKnown(parser))
         return WrongUse;
-    code = work.begin(qxSharedPictures::previews());
+    qxSharedPictures::Product product = qxSharedPictures::previews();
+    if (stale)
+        product.isWanted = qxSetPreviews::isStale;
+    code = work.begin(product);
     if (code != Success)
         return code;
     if (!qxPictureOptions::apply(parser))
@@ -59,9 +64,7 @@ int runPreviews(const QCommandLineParser &parser)
         return work.makeParts(names);
     qxSetPreviews::Previews previews;
     const auto take = [&previews](const QString &name, const QByteArray &png) {
-        const qxVariantSet *const set = qxVariants::findVariantSet(name);
-        if (!set || png != set->getPreview())
-            previews[name] = png;
+        previews[name] = png;
         return true;
     };
     const int done = work.visit(names, take);
@@ -72,7 +75,7 @@ int runPreviews(const QCommandLineParser &parser)
         || !qxSetPreviews::reopen(session, parser.positionalArguments().first(), previews)
         || qxCommands::saveIfAsked(session, parser) != Success)
         return WorkFailed;
-    const int made = all ? done : previews.size();
+    const int made = previews.size();
     const int kept = int(qxVariants::_variantSets.size()) - made;
     if (parser.isSet(QStringLiteral("json")))
         qxOutput::json(QJsonObject{{QStringLiteral("made"), made}, {QStringLiteral("kept"), kept}});

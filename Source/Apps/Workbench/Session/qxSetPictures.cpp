@@ -34,15 +34,21 @@ qxSetPreviews::Take qxSetPictures::onSheet(qxContactSheet &sheet)
     };
 }
 
+qxCataloguePage::Picture qxSetPictures::onPage(const QByteArray &png)
+{
+    const QImage picture = QImage::fromData(png);
+    if (picture.isNull())
+        return {};
+    const QImage small = picture.scaled(cardSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return {jpeg(picture), jpeg(small)};
+}
+
 qxSetPreviews::Take qxSetPictures::onPage(qxCataloguePage::Pictures &pictures)
 {
     return [&pictures](const QString &name, const QByteArray &png) {
-        const QImage picture = QImage::fromData(png);
-        if (picture.isNull())
-            return false;
-        const QImage small =
-            picture.scaled(cardSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        pictures[name] = {jpeg(picture), jpeg(small)};
-        return true;
+        const qxCataloguePage::Picture picture = onPage(png);
+        if (!picture.large.isEmpty())
+            pictures[name] = picture;
+        return !picture.large.isEmpty();
     };
 }

@@ -27,6 +27,8 @@ constexpr int pageSamples = 4;
 QByteArray jpeg(const QImage &picture);
 /// Makes pictures of that size.
 qxSetPreviews::Make ofSize(const QSize &size);
+/// The picture of pageSize as a page has it; empty for what is none.
+qxCataloguePage::Picture onPage(const QByteArray &png);
 ///@{
 /// Adds pictures to a sheet of their size, and pictures of pageSize to those of a page.
 qxSetPreviews::Take onSheet(qxContactSheet &sheet);

@@ -160,7 +160,9 @@ void qxPictureExport::exportCatalogue()
                     qxSetPictures::onPage(pictures)))
         return;
     const QString title = QFileInfo(m_scenePath()).fileName();
-    write(file, qxCataloguePage::html(title.isEmpty() ? tr("Scene") : title, pictures));
+    showResult(file,
+               qxStreams::writeFile(
+                   file, qxCataloguePage::html(title.isEmpty() ? tr("Scene") : title, pictures)));
 }
 
 void qxPictureExport::exportPage()
@@ -213,9 +215,13 @@ bool qxPictureExport::publish(qxPublisher &publisher)
 
 void qxPictureExport::write(const QString &file, const QByteArray &bytes)
 {
+    showResult(file,
+               bytes.isEmpty() ? tr("It is too large.") : qxStreams::writeFile(file, bytes));
+}
+
+void qxPictureExport::showResult(const QString &file, const QString &flaw)
+{
     const QString name = QFileInfo(file).fileName();
-    const QString flaw =
-        bytes.isEmpty() ? tr("It is too large.") : qxStreams::writeFile(file, bytes);
     if (flaw.isEmpty())
         Q_EMIT done(tr("\"%1\" is saved.").arg(name));
     else

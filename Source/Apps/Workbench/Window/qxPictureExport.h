@@ -39,6 +39,8 @@ private:
     QByteArray picture(const qxPictureWish &wish, const QString &file);
     bool takeAll(const QSize &size, int quality, const qxSetPreviews::Take &take);
     void write(const QString &file, const QByteArray &bytes);
+    /// That the file is saved, or why it cannot be written.
+    void showResult(const QString &file, const QString &flaw);
     void showProblem(const QString &what, const QString &reason);
 
     bool publish(qxPublisher &publisher);

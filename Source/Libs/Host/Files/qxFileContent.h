@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Files/qxOutputFile.h"
+
+#include <vector>
+
+/// What a file will hold: bytes, and the Base64 of other files. These are read one at a time, when
+/// their turn to be written comes.
+class qxFileContent {
+public:
+    qxFileContent() = default;
+    explicit qxFileContent(const QByteArray &bytes) { append(bytes); }
+
+    void append(const QByteArray &bytes);
+    /// The file must keep its size, and cannot be a missing one, until it was read.
+    void appendBase64(const QString &path);
+    void append(const qxFileContent &content);
+
+    /// In bytes.
+    qint64 size() const { return m_size; }
+    /// See qxOutputFile::Content.
+    QString giveTo(const qxOutputFile::Sink &sink) const;
+
+private:
+    /// A file when there is a path, else bytes.
+    struct Piece {
+        QByteArray bytes;
+        QString path;
+        qint64 size; ///< of the file
+    };
+
+    std::vector<Piece> m_pieces;
+    qint64 m_size = 0;
+};
