@@ -177,8 +177,8 @@ class SlurmTest(FarmTest):
 
         (self.faults / "2").unlink()
         self.farm("resume", self.job)
+        self.assertLessEqual(len(self.rounds()[0]), len(end["missing"]), "there are no tasks without work")
         self.assertEqual(self.wait_for_end()["state"], "done")
-        self.assertLessEqual(len(self.rounds()[2]), len(end["missing"]), "there are no tasks without work")
         self.assert_like_one_process()
 
         self.edit_one_set()
@@ -216,6 +216,8 @@ class LocalTest(FarmTest):
         self.assertTrue(names and names[0] in said, said)
         for shard in range(1, 9):
             self.fault(shard, "kill once")
+        damaged = sorted((self.job / "products").glob("*/*"))[0]
+        damaged.write_bytes(damaged.read_bytes()[:-20])
         self.assertIn("done: ", self.farm("resume", self.job, "--retries", 1))
         self.assertEqual(self.status()["state"], "done")
         self.assert_like_one_process()
