@@ -57,19 +57,6 @@ protected:
                 "<VariantSet name='Set " + QByteArray::number(i) + QByteArray(4000, '-') + "'/>";
         return write("many.gltf", sceneWith("signs", text + "</Variants>"));
     }
-    /// Runs the program, presses Ctrl-C when its progress shows `text`, and returns what it said.
-    static QByteArray interrupted(const QStringList &arguments, const QByteArray &text)
-    {
-        QProcess program;
-        program.start(QStringLiteral(QX_BUILD_BIN "/workbench"), arguments);
-        program.setReadChannel(QProcess::StandardError);
-        while (!program.peek(100000).contains(text) && program.waitForReadyRead(30000)) {}
-        kill(pid_t(program.processId()), SIGINT);
-        const ProgramRun run = ended(program);
-        EXPECT_EQ(run.code, 130);
-        return run.err;
-    }
-
     const QString file = write("signs.gltf", sceneWith("signs"));
 };
 
