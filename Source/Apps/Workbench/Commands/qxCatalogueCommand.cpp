@@ -21,13 +21,15 @@ QList<QCommandLineOption> catalogueOptions()
                                       QStringLiteral("DIR")},
                                      qxCommands::scriptsOption(),
                                      qxCommands::noScriptsOption(),
-                                     qxShardOptions::json(), qxCommands::traceOption()}
+                                     qxShardOptions::json(),
+                                     qxCommands::traceOption()}
     + qxPictureOptions::all() + qxShardOptions::all();
 }
 
 qxSharedPictures::Product product()
 {
-    return {qxSetPictures::pageSize, [] { return qxSetPreviews::fingerprint(qxSetPictures::pageSize); },
+    return {qxSetPictures::pageSize,
+            [] { return qxSetPreviews::fingerprint(qxSetPictures::pageSize); },
             qxSetPictures::ofSize(qxSetPictures::pageSize)};
 }
 
