@@ -5,6 +5,7 @@
 #include "Session/qxSession.h"
 #include "Session/qxSetPictures.h"
 #include "qxCommand.h"
+#include "qxSharedPictures.h"
 #include "qxValueKind.h"
 
 #include <QCommandLineParser>
@@ -20,19 +21,31 @@ QList<QCommandLineOption> catalogueOptions()
                                       QStringLiteral("DIR")},
                                      qxCommands::scriptsOption(),
                                      qxCommands::noScriptsOption(),
-                                     qxCommands::traceOption()}
-    + qxPictureOptions::all();
+                                     qxShardOptions::json(), qxCommands::traceOption()}
+    + qxPictureOptions::all() + qxShardOptions::all();
+}
+
+qxSharedPictures::Product product()
+{
+    return {qxSetPictures::pageSize, [] { return qxSetPreviews::fingerprint(qxSetPictures::pageSize); },
+            qxSetPictures::ofSize(qxSetPictures::pageSize)};
 }
 
 int runCatalogue(const QCommandLineParser &parser)
 {
-    const QDir folder(parser.value(QStringLiteral("out")));
-    if (!parser.isSet(QStringLiteral("out")))
+    qxSharedPictures work(qxCommands::catalogue, parser);
+    int code = work.read({QStringLiteral("out")});
+    if (code != Success)
+        return code;
+    if (!work.makesParts() && !parser.isSet(QStringLiteral("out")))
         return qxCommands::fail(QStringLiteral("catalogue needs --out DIR"), WrongUse);
     if (!qxPictureOptions::areKnown(parser))
         return WrongUse;
+    const QDir folder(parser.value(QStringLiteral("out")));
     const QString page = folder.filePath(QStringLiteral("index.html"));
-    const int code = qxValueKinds::checkFile(page);
+    code = work.makesParts() ? Success : qxValueKinds::checkFile(page);
+    if (code == Success)
+        code = work.begin(product());
     if (code != Success)
         return code;
     if (!qxPictureOptions::apply(parser))
@@ -45,11 +58,12 @@ int runCatalogue(const QCommandLineParser &parser)
     qxSetPreviews::prepare(parser, qxSetPictures::pageSamples);
     const qxInterrupt interrupt;
     const QStringList names = qxSetPreviews::allNames();
+    if (work.makesParts())
+        return work.makeParts(names);
     qxCataloguePage::Pictures pictures;
-    const int done = qxSetPreviews::visit(
-        names,
-        qxSetPreviews::each(qxSetPictures::ofSize(qxSetPictures::pageSize),
-                            qxSetPictures::onPage(pictures)));
+    const int done = work.visit(names, qxSetPictures::onPage(pictures));
+    if (done < 0)
+        return WorkFailed;
     if (qxInterrupt::isAsked() && pictures.isEmpty())
         return qxCommands::endedEarly(QStringLiteral("no page was written"));
     if (!qxSetPreviews::reopen(session, file, {}))
@@ -58,7 +72,7 @@ int runCatalogue(const QCommandLineParser &parser)
         return WorkFailed;
     qxOutput::line(page);
     if (done == names.size())
-        return qxCommands::codeAfterScripts();
+        return work.codeAfterScripts();
     const int left = names.size() - done;
     return qxCommands::endedEarly(
         QStringLiteral("%1 of %2 sets have no new picture").arg(left).arg(names.size()),

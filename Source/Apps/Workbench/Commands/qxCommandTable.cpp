@@ -149,7 +149,7 @@ const QList<const qxCommand *> &qxCommands::all()
         &info,     &list,      &state,   &select, &set,        &create,    &document, &verify,
         &optimize, &lint,      &explain, &diff,   &merge,      &gitSetup,  &rename,   &repair,
         &table,    &runScript, &python,  &render, &previews,   &catalogue, &publish,  &exportScene,
-        &check,    &capture,   &trust,   &help,   &completion, &manual,
+        &gather,   &check,    &capture,   &trust,   &help,   &completion, &manual,
     };
     return commands;
 }

@@ -7,6 +7,7 @@
 #include "Session/qxSession.h"
 #include "Session/qxSetPreviews.h"
 #include "qxCommand.h"
+#include "qxSharedPictures.h"
 
 #include <QCommandLineParser>
 #include <QJsonObject>
@@ -24,20 +25,26 @@ QList<QCommandLineOption> previewsOptions()
                qxCommands::saveOption(),
                qxCommands::jsonOption(),
                qxCommands::traceOption()}
-    + qxPictureOptions::all();
+    + qxPictureOptions::all() + qxShardOptions::all();
 }
 
 int runPreviews(const QCommandLineParser &parser)
 {
     const bool all = parser.isSet(QStringLiteral("all"));
     const bool stale = parser.isSet(QStringLiteral("stale"));
-    if ((all && stale) || !parser.isSet(QStringLiteral("save")))
-        return qxCommands::fail(all && stale
-                                    ? QStringLiteral("--stale and --all do not go together")
-                                    : QStringLiteral("previews needs --save OUT"),
-                                WrongUse);
+    if (all && stale)
+        return qxCommands::fail(QStringLiteral("--stale and --all do not go together"), WrongUse);
+    qxSharedPictures work(qxCommands::previews, parser);
+    int code = work.read({QStringLiteral("save"), QStringLiteral("force")});
+    if (code != Success)
+        return code;
+    if (!work.makesParts() && !parser.isSet(QStringLiteral("save")))
+        return qxCommands::fail(QStringLiteral("previews needs --save OUT"), WrongUse);
     if (!qxPictureOptions::areKnown(parser))
         return WrongUse;
+    code = work.begin(qxSharedPictures::previews());
+    if (code != Success)
+        return code;
     if (!qxPictureOptions::apply(parser))
         return WorkFailed;
     qxSession session(parser.isSet(QStringLiteral("trace")));
@@ -48,6 +55,8 @@ int runPreviews(const QCommandLineParser &parser)
     const qxInterrupt interrupt;
     const QStringList names =
         all || stale ? qxSetPreviews::allNames() : qxSetPreviews::namesWithoutPreview();
+    if (work.makesParts())
+        return work.makeParts(names);
     qxSetPreviews::Previews previews;
     const auto take = [&previews](const QString &name, const QByteArray &png) {
         const qxVariantSet *const set = qxVariants::findVariantSet(name);
@@ -55,8 +64,9 @@ int runPreviews(const QCommandLineParser &parser)
             previews[name] = png;
         return true;
     };
-    const int done =
-        qxSetPreviews::visit(names, qxSetPreviews::each(qxSetPreviews::preview, take));
+    const int done = work.visit(names, take);
+    if (done < 0)
+        return WorkFailed;
     // The previews show the scene as it was opened.
     if (!qxCommands::maySave(session, parser)
         || !qxSetPreviews::reopen(session, parser.positionalArguments().first(), previews)
@@ -69,7 +79,7 @@ int runPreviews(const QCommandLineParser &parser)
     else
         qxOutput::line(QStringLiteral("%1 made, %2 kept").arg(made).arg(kept));
     if (done == names.size())
-        return qxCommands::codeAfterScripts();
+        return work.codeAfterScripts();
     return qxCommands::endedEarly(
         QStringLiteral("%1 of %2 sets are done and saved").arg(done).arg(names.size()),
         QStringLiteral("a preview failed"));

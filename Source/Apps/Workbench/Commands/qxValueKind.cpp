@@ -47,7 +47,8 @@ const qxValueKind valueKinds[] = {
     {"HTML", nullptr, qxValueKind::File, "html"},
     {"CSV", nullptr, qxValueKind::File, "csv"},
     {"PNG|DIR", nullptr, qxValueKind::FileOrFolder, "png"},
-    {"DIR", nullptr, qxValueKind::Folder, ""},
+    {"SCENE|PNG|DIR|HTML|CSV", nullptr, qxValueKind::FileOrFolder, "gltf|glb|png|html|csv"},
+    {"DIR", "The folder that --plan and --shard were given as --parts.", qxValueKind::Folder, ""},
 };
 
 /// The options that name what a command writes.

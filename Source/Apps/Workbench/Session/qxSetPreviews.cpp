@@ -4,6 +4,7 @@
 #include "qxVariants.h"
 
 #include "Animation/qxAnimationPlayer.h"
+#include "Pictures/qxScenePicture.h"
 #include "Report/qxOutput.h"
 #include "Report/qxPictureHint.h"
 #include "Report/qxProgress.h"
@@ -136,6 +137,19 @@ QStringList qxSetPreviews::namesWithoutPreview()
             names += set->name;
     }
     return names;
+}
+
+QByteArray qxSetPreviews::fingerprint(const QSize &size)
+{
+    return qxScenePicture::fingerprint(qxScenePicture::settings(size.width(), size.height()));
+}
+
+QByteArray qxSetPreviews::previewFingerprint()
+{
+    qxPictureSettings made = settings();
+    if (!qxOSGWidget::getRaytracing())
+        made.quality = qxPictureSettings::Quick;
+    return qxScenePicture::fingerprint(made);
 }
 
 QByteArray qxSetPreviews::render(const QSize &size)

@@ -66,6 +66,12 @@ QStringList namesWithoutPreview();
 
 /// Renders a PNG of the current scene; empty when it was interrupted.
 QByteArray render(const QSize &size);
+///@{
+/// What such a picture, or a preview, would be made from now, as 40 hexadecimal digits
+/// (qxRenderer::fingerprint); nothing is drawn. Empty when there can be no picture.
+QByteArray fingerprint(const QSize &size);
+QByteArray previewFingerprint();
+///@}
 
 } // namespace qxSetPreviews
 

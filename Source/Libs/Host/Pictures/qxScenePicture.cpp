@@ -135,6 +135,20 @@ int qxScenePicture::quality()
         : int(qxPictureSettings::Quick);
 }
 
+qxPictureSettings qxScenePicture::settings(int width, int height)
+{
+    qxPictureSettings settings;
+    settings.width = width;
+    settings.height = height;
+    settings.quality = quality();
+    return settings;
+}
+
+QByteArray qxScenePicture::fingerprint(const qxPictureSettings &settings)
+{
+    return presentRenderer().fingerprint(settings);
+}
+
 void qxScenePicture::forget()
 {
     getRendererBack();
