@@ -18,7 +18,9 @@ QList<QCommandLineOption> previewsOptions()
 {
     return QList<QCommandLineOption>{
                {QStringLiteral("stale"),
-                QStringLiteral("Replaces every preview that does not show its set as it is now.")},
+                QStringLiteral(
+                    "Makes anew every preview that was made from something else than its set "
+                    "shows now, and those that do not say what they were made from.")},
                {QStringLiteral("all"), QStringLiteral("Gives every set a new preview.")},
                qxCommands::scriptsOption(),
                qxCommands::noScriptsOption(),
@@ -34,14 +36,10 @@ struct NewPreviews {
     qxSession::PreviewFiles files;
 };
 
-/// Takes what is not the preview of its set already. Previews that lie in files are not kept in
-/// memory.
+/// Previews that lie in files are not kept in memory.
 qxSetPreviews::Take takeNew(NewPreviews &made, const qxSharedPictures &work)
 {
     return [&made, parts = work.files()](const QString &name, const QByteArray &png) {
-        const qxVariantSet *const set = qxVariants::findVariantSet(name);
-        if (set && png == set->getPreview())
-            return true;
         if (parts.contains(name))
             made.files[name] = parts[name];
         else
@@ -72,7 +70,10 @@ int runPreviews(const QCommandLineParser &parser)
         return qxCommands::fail(QStringLiteral("previews needs --save OUT"), WrongUse);
     if (!qxPictureOptions::areKnown(parser))
         return WrongUse;
-    code = work.begin(qxSharedPictures::previews());
+    qxSharedPictures::Product product = qxSharedPictures::previews();
+    if (stale)
+        product.isWanted = qxSetPreviews::isStale;
+    code = work.begin(product);
     if (code != Success)
         return code;
     if (!qxPictureOptions::apply(parser))
@@ -91,7 +92,7 @@ int runPreviews(const QCommandLineParser &parser)
     const int done = work.visit(names, takeNew(previews, work));
     if (done < 0 || !saveNew(session, parser, previews))
         return WorkFailed;
-    const int made = all ? done : previews.previews.size() + previews.files.size();
+    const int made = previews.previews.size() + previews.files.size();
     const int kept = int(qxVariants::_variantSets.size()) - made;
     if (parser.isSet(QStringLiteral("json")))
         qxOutput::json(QJsonObject{{QStringLiteral("made"), made}, {QStringLiteral("kept"), kept}});

@@ -41,13 +41,17 @@ int look(const QStringList &names, const qxSetPreviews::Work &work)
 qxSharedPictures::Product qxSharedPictures::previews()
 {
     const qxPictureSettings made = qxSetPreviews::settings();
-    return {{made.width, made.height}, qxSetPreviews::previewFingerprint, qxSetPreviews::preview};
+    return {{made.width, made.height},
+            qxSetPreviews::previewFingerprint,
+            qxSetPreviews::preview,
+            {},
+            true};
 }
 
 int qxSharedPictures::begin(const Product &product)
 {
     m_product = product;
-    return m_work.begin(product.size);
+    return m_work.begin({product.size, product.isStamped});
 }
 
 int qxSharedPictures::makeParts(const QStringList &names)
@@ -81,6 +85,8 @@ QVector<qxShardPlan::Item> qxSharedPictures::survey(const QStringList &names,
     QElapsedTimer timer;
     timer.start();
     const int done = look(names, [&](qxVariantSet &set) {
+        if (!m_product.wants(set))
+            return true;
         const QByteArray product = m_product.fingerprint();
         items.append({set.name, product});
         selecting += lap(timer);
@@ -179,9 +185,11 @@ int qxSharedPictures::makeShard()
 
 int qxSharedPictures::visit(const QStringList &names, const qxSetPreviews::Take &take)
 {
-    return m_work.options().task == qxShardOptions::Gather
-        ? this->take(names, take)
-        : qxSetPreviews::visit(names, qxSetPreviews::each(m_product.make, take));
+    if (task() == qxShardOptions::Gather)
+        return this->take(names, take);
+    const qxSetPreviews::Work work = qxSetPreviews::each(m_product.make, take);
+    return qxSetPreviews::visit(
+        names, [&](qxVariantSet &set) { return !m_product.wants(set) || work(set); });
 }
 
 /// A set of which there is no item was gone when its turn came.

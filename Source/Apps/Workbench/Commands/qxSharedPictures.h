@@ -13,6 +13,11 @@ public:
         /// that the picture shows.
         std::function<QByteArray()> fingerprint;
         qxSetPreviews::Make make;
+        /// Whether the set, which is selected, needs a picture; always when it is empty.
+        std::function<bool(const qxVariantSet &set)> isWanted = {};
+        bool isStamped = false; ///< with the fingerprint (qxPreviewStamp)
+
+        bool wants(const qxVariantSet &set) const { return !isWanted || isWanted(set); }
     };
 
     /// The previews of sets.

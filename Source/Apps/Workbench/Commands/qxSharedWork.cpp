@@ -24,19 +24,16 @@ constexpr int MostNames = 20; ///< that are listed
 
 const QString environment = QStringLiteral("environment");
 
-/// The options that no product depends on.
+/// The options that no product depends on, and those about scripts: a plan says nobody's scripts
+/// may run, and where others run than did for the plan, the fingerprints tell.
 const QStringList &indifferent()
 {
     static const QStringList names{QStringLiteral("parts"), QStringLiteral("plan"),
                                    QStringLiteral("shard"), QStringLiteral("json"),
                                    QStringLiteral("junit"), QStringLiteral("trace"),
-                                   QStringLiteral("threads")};
+                                   QStringLiteral("threads"), QStringLiteral("scripts"),
+                                   QStringLiteral("no-scripts")};
     return names;
-}
-
-QString program()
-{
-    return QStringLiteral("workbench ") + QCoreApplication::applicationVersion();
 }
 
 QString text(double seconds)
@@ -50,6 +47,11 @@ qxSharedWork::qxSharedWork(const qxCommand &command, const QCommandLineParser &p
     : m_command(command), m_parser(parser), m_file(parser.positionalArguments().first())
 {
     m_sinceStart.start();
+}
+
+QString qxSharedWork::program()
+{
+    return QStringLiteral("workbench ") + QCoreApplication::applicationVersion();
 }
 
 int qxSharedWork::read(const QStringList &outputs)
@@ -66,11 +68,11 @@ int qxSharedWork::read(const QStringList &outputs)
     return Success;
 }
 
-int qxSharedWork::begin(const QSize &pictureSize)
+int qxSharedWork::begin(const qxProductForm &form)
 {
     if (m_options.task == qxShardOptions::Whole)
         return Success;
-    m_folder = qxPartsFolder(m_options.folder, pictureSize);
+    m_folder = qxPartsFolder(m_options.folder, form);
     const QStringList command = commandHere();
     const bool isToBeMade = m_options.task == qxShardOptions::Plan
         || (m_options.task == qxShardOptions::Shard && !m_folder.hasPlan());

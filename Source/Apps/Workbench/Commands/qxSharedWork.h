@@ -21,9 +21,8 @@ public:
     /// Reads the options, of which `outputs` say where the result goes.
     int read(const QStringList &outputs);
     /// Looks, before the scene is opened, for a plan, whether it is one for this work, and, when
-    /// the result is to be gathered, whether something is missing. Products are pictures of that
-    /// size, or reports.
-    int begin(const QSize &pictureSize = QSize());
+    /// the result is to be gathered, whether something is missing.
+    int begin(const qxProductForm &form = {});
     ///@}
 
     const qxShardOptions &options() const { return m_options; }
@@ -42,6 +41,8 @@ public:
     /// Ends the time that counts as loading.
     void endLoading() { m_loadSeconds = seconds(); }
     double loadSeconds() const { return m_loadSeconds; }
+    /// This program with its version.
+    static QString program();
     /// The arguments that products depend on.
     const QStringList &command() const { return m_plan.command; }
     /// The items of this shard, one for each product.

@@ -2,6 +2,7 @@
 
 #include "Report/qxOutput.h"
 #include "Report/qxStreams.h"
+#include "Session/qxPreviewStamp.h"
 #include "Session/qxShardPlan.h"
 
 #include <QDir>
@@ -17,6 +18,8 @@
 
 namespace {
 
+constexpr int Beginning = 256; ///< of a picture: with size and stamp
+constexpr int pngSignature = 8;
 const QByteArray pngStart("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
 const QByteArray pngEnd("\0\0\0\0IEND\xae\x42\x60\x82", 12);
 
@@ -31,26 +34,6 @@ quint32 numberAt(const QByteArray &bytes, int place)
     return qFromBigEndian<quint32>(bytes.constData() + place);
 }
 
-/// Whether a PNG of that size begins like this.
-bool beginsPicture(const QByteArray &bytes, const QSize &size)
-{
-    return bytes.size() > pngStart.size() + 8 && bytes.startsWith(pngStart)
-        && QSize(int(numberAt(bytes, pngStart.size())), int(numberAt(bytes, pngStart.size() + 4)))
-        == size;
-}
-
-/// Whether the chunks lead from one to the next as far as the end.
-bool isWholePicture(const QByteArray &bytes, const QSize &size)
-{
-    constexpr qint64 Frame = 12; // of a chunk: length, name and checksum
-    if (!beginsPicture(bytes, size) || !bytes.endsWith(pngEnd))
-        return false;
-    qint64 place = 8;
-    while (place + Frame < bytes.size())
-        place += Frame + numberAt(bytes, int(place));
-    return place + Frame == bytes.size();
-}
-
 bool isReport(const QByteArray &bytes)
 {
     return QJsonDocument::fromJson(bytes).isObject();
@@ -62,7 +45,30 @@ QString qxPartsFolder::productPath(const QByteArray &product) const
 {
     return QStringLiteral("%1/products/%2/%3.%4")
         .arg(m_path, QString::fromLatin1(product.left(2)), QString::fromLatin1(product),
-             m_size.isEmpty() ? QStringLiteral("json") : QStringLiteral("png"));
+             m_form.size.isEmpty() ? QStringLiteral("json") : QStringLiteral("png"));
+}
+
+/// Whether it is the beginning of a picture of that size and name.
+bool qxPartsFolder::begins(const QByteArray &product, const QByteArray &bytes) const
+{
+    if (bytes.size() < pngStart.size() + 8 || !bytes.startsWith(pngStart))
+        return false;
+    const QSize size(int(numberAt(bytes, pngStart.size())),
+                     int(numberAt(bytes, pngStart.size() + 4)));
+    return size == m_form.size
+        && (!m_form.isStamped || qxPreviewStamp::of(bytes.left(Beginning)) == product);
+}
+
+/// Whether its chunks, too, lead from one to the next as far as the end.
+bool qxPartsFolder::isWhole(const QByteArray &product, const QByteArray &bytes) const
+{
+    constexpr qint64 Frame = 12; // of a chunk: length, name and checksum
+    if (!begins(product, bytes) || !bytes.endsWith(pngEnd))
+        return false;
+    qint64 place = pngSignature;
+    while (place + Frame < bytes.size())
+        place += Frame + numberAt(bytes, int(place));
+    return place + Frame == bytes.size();
 }
 
 bool qxPartsFolder::holds(const QByteArray &product) const
@@ -70,10 +76,10 @@ bool qxPartsFolder::holds(const QByteArray &product) const
     QFile file(productPath(product));
     if (!file.open(QIODevice::ReadOnly))
         return false;
-    if (m_size.isEmpty())
+    if (m_form.size.isEmpty())
         return isReport(file.readAll());
-    const bool isBegun = beginsPicture(file.read(pngStart.size() + 16), m_size);
-    return isBegun && file.seek(file.size() - pngEnd.size()) && file.readAll() == pngEnd;
+    return begins(product, file.read(Beginning)) && file.seek(file.size() - pngEnd.size())
+        && file.readAll() == pngEnd;
 }
 
 bool qxPartsFolder::write(const QByteArray &product, const QByteArray &bytes) const
@@ -90,7 +96,7 @@ QByteArray qxPartsFolder::read(const QByteArray &product) const
     QByteArray bytes;
     if (!qxStreams::read(path, bytes))
         return QByteArray();
-    if (m_size.isEmpty() ? isReport(bytes) : isWholePicture(bytes, m_size))
+    if (m_form.size.isEmpty() ? isReport(bytes) : isWhole(product, bytes))
         return bytes;
     fail(path, QStringLiteral("it is damaged; remove it and have its shard make it again"));
     return QByteArray();

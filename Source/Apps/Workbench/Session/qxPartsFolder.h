@@ -6,6 +6,12 @@
 
 struct qxShardPlan;
 
+/// What products are: pictures of that size, or, without one, reports in JSON.
+struct qxProductForm {
+    QSize size;
+    bool isStamped = false; ///< whether each picture has its name in it (qxPreviewStamp)
+};
+
 /// A folder in which shards leave what they have made, for all of them and for whoever gathers it:
 ///
 ///     plan.json            what each shard does
@@ -16,16 +22,16 @@ struct qxShardPlan;
 /// once, on machines that share it. Failures are explained on standard error.
 class qxPartsFolder {
 public:
-    /// Products are pictures of that size; without one they are reports, in JSON.
-    explicit qxPartsFolder(const QString &path = QString(), const QSize &size = QSize())
-        : m_path(path), m_size(size)
+    qxPartsFolder() = default;
+    explicit qxPartsFolder(const QString &path, const qxProductForm &form = {})
+        : m_path(path), m_form(form)
     {
     }
 
     QString path() const { return m_path; }
     /// Where that product lies, or would lie.
     QString productPath(const QByteArray &product) const;
-    /// Whether the product is there, from its beginning to its end; damaged ones do not count.
+    /// Whether the product is there, by its beginning and its end; damaged ones do not count.
     bool holds(const QByteArray &product) const;
     bool write(const QByteArray &product, const QByteArray &bytes) const;
     /// Empty, after saying why, when it is missing or damaged.
@@ -40,7 +46,9 @@ public:
 
 private:
     QString planPath() const;
+    bool begins(const QByteArray &product, const QByteArray &bytes) const;
+    bool isWhole(const QByteArray &product, const QByteArray &bytes) const;
 
     QString m_path;
-    QSize m_size;
+    qxProductForm m_form;
 };

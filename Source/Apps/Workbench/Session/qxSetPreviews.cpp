@@ -12,6 +12,7 @@
 #include "qxImageWriter.h"
 #include "qxInterrupt.h"
 #include "qxOSGWidget.h"
+#include "qxPreviewStamp.h"
 #include "qxRaytracingManager.h"
 #include "qxSceneSnapshot.h"
 #include "qxSession.h"
@@ -85,8 +86,9 @@ int qxSetPreviews::visit(const QStringList &names, const Work &work)
         return true;
     };
     const auto workAndNote = [&](qxVariantSet &set) {
+        const int before = qxScenePicture::count();
         const bool isDone = work(set);
-        if (isDone)
+        if (isDone && qxScenePicture::count() != before)
             hint.note(set.name);
         return isDone;
     };
@@ -107,7 +109,14 @@ qxSetPreviews::Work qxSetPreviews::each(const Make &make, const Take &take)
 
 QByteArray qxSetPreviews::preview()
 {
-    return qxVariants::createPreviewImage(true, true);
+    const QByteArray fingerprint = previewFingerprint();
+    return qxPreviewStamp::stamped(qxVariants::createPreviewImage(true, true), fingerprint);
+}
+
+bool qxSetPreviews::isStale(const qxVariantSet &set)
+{
+    const QByteArray stamp = qxPreviewStamp::of(set.getPreview());
+    return stamp.isEmpty() || stamp != previewFingerprint();
 }
 
 bool qxSetPreviews::reopen(qxSession &session, const QString &file, const Previews &previews)

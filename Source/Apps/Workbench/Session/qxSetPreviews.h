@@ -53,8 +53,12 @@ Work each(const Make &make, const Take &take);
 
 typedef QMap<QString, QByteArray> Previews; ///< by the names of sets
 
-/// Renders the preview of the set that is selected; empty if it was cancelled.
+/// Renders the preview of the set that is selected, with its stamp (qxPreviewStamp); empty if it was
+/// cancelled.
 QByteArray preview();
+/// Whether the preview that the set has, which is selected, is none or another one than would be
+/// rendered, by its stamp alone.
+bool isStale(const qxVariantSet &set);
 /// Opens the file again and gives its sets these previews, because scripts of the sets may have
 /// changed the scene. False if it cannot be opened.
 bool reopen(qxSession &session, const QString &file, const Previews &previews);

@@ -18,6 +18,7 @@
 namespace {
 
 constexpr int Format = 1;
+constexpr double Shortest = 0.001; ///< seconds; where nothing is known, all get as many
 
 /// Several items may be of one product.
 struct Unit {
@@ -75,7 +76,7 @@ void qxShardPlan::share(const std::function<bool(const QByteArray &product)> &is
     for (const Unit &unit : units) {
         const Load least = loads.top();
         loads.pop();
-        loads.push({least.first + unit.item->seconds, least.second});
+        loads.push({least.first + std::max(unit.item->seconds, Shortest), least.second});
         shardOf[unit.item->product] = least.second;
     }
     for (Item &item : items)

@@ -14,6 +14,8 @@ public:
     static bool isRendering();
     /// What the last picture of render shows.
     static qxPicture::Content content();
+    /// How many pictures render has made.
+    static int count();
     /// The quality that the settings of ray tracing ask for (qxPictureSettings::quality).
     static int quality();
     /// What a picture of that size is made with: this quality, and the program's light.

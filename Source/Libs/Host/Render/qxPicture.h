@@ -19,7 +19,11 @@ struct qxPictureSettings {
     /// pixel, soft shadows and reflections. Best: ray tracing with as many samples as help.
     int quality = Quick;
     qxViewSettings view = qxViewSettings::the(); ///< light and background
-    int threads = 0; ///< 0 for one per processor; the picture is the same with any number
+    int threads = 0; ///< 0 for those of the program; the picture is the same with any number
+
+    /// How many threads work on a picture when it is not said; 0, as at the start, for one per
+    /// processor. To be set before the first picture.
+    static int &programThreads();
 };
 
 /// A finished picture.

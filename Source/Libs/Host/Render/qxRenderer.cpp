@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <new>
+#include <string>
 
 namespace {
 
@@ -34,8 +35,11 @@ void reportError(void *failed, RTCError, const char *text)
 
 /// What is kept between pictures.
 struct qxRenderer::Parts {
-    Parts() : device(rtcNewDevice(nullptr))
+    Parts()
     {
+        const int threads = qxPictureSettings::programThreads();
+        const std::string asked = "threads=" + std::to_string(threads);
+        device.reset(rtcNewDevice(threads > 0 ? asked.c_str() : nullptr));
         if (device)
             rtcSetDeviceErrorFunction(device.get(), &reportError, &failed);
     }

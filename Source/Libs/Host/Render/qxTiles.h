@@ -3,8 +3,8 @@
 #include <functional>
 
 /// Calls `work` for 0 to `count` - 1 in several threads, including the calling one; `threads` 0
-/// means one per processor. `progress` is called in the calling thread with the number done, and
-/// returns false to cancel the rest; then the result is false. An exception of `work` in any thread
-/// ends all and is rethrown here.
+/// means those of the program (qxPictureSettings). `progress` is called in the calling thread with
+/// the number done, and returns false to cancel the rest; then the result is false. An exception of
+/// `work` in any thread ends all and is rethrown here.
 bool qxForAllTiles(int count, int threads, const std::function<void(int)> &work,
                    const std::function<bool(int done)> &progress);
