@@ -37,13 +37,13 @@ protected:
     {
         std::vector<std::string> words;
         for (const qxFinding &each : findings)
-            words.push_back(QString("%1:%2 %3 %4 %5 %6 %7")
-                                .arg(each.line)
-                                .arg(each.column)
-                                .arg(qxCheckCodes::id(each.code), each.message, each.path,
-                                     each.detail)
-                                .arg(each.more)
-                                .toStdString());
+            words.push_back(
+                QString("%1:%2 %3 %4 %5 %6 %7")
+                    .arg(each.line)
+                    .arg(each.column)
+                    .arg(qxCheckCodes::id(each.code), each.message, each.path, each.detail)
+                    .arg(each.more)
+                    .toStdString());
         return words;
     }
     static void expectSharesToBeTheWhole(const QByteArray &document)

@@ -10,6 +10,7 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -21,14 +22,61 @@ QList<QCommandLineOption> catalogueOptions()
                                       QStringLiteral("DIR")},
                                      qxCommands::scriptsOption(),
                                      qxCommands::noScriptsOption(),
-                                     qxShardOptions::json(), qxCommands::traceOption()}
+                                     qxShardOptions::json(),
+                                     qxCommands::traceOption()}
     + qxPictureOptions::all() + qxShardOptions::all();
 }
 
 qxSharedPictures::Product product()
 {
-    return {qxSetPictures::pageSize, [] { return qxSetPreviews::fingerprint(qxSetPictures::pageSize); },
+    return {qxSetPictures::pageSize,
+            [] { return qxSetPreviews::fingerprint(qxSetPictures::pageSize); },
             qxSetPictures::ofSize(qxSetPictures::pageSize)};
+}
+
+/// The pictures of sets: those made here, and where those lie that shards have made.
+struct PagePictures {
+    qxCataloguePage::Pictures pictures;
+    QMap<QString, QString> files;
+};
+
+/// Pictures that lie in files are not kept in memory.
+qxSetPreviews::Take takeForPage(PagePictures &made, const qxSharedPictures &work)
+{
+    const QMap<QString, QString> parts = work.files();
+    if (parts.isEmpty())
+        return qxSetPictures::onPage(made.pictures);
+    return [&made, parts](const QString &name, const QByteArray &) {
+        made.files[name] = parts[name];
+        return true;
+    };
+}
+
+/// The picture of a set; of what lies in a file and cannot be shown, `flaw` says so.
+qxCataloguePage::Picture pagePictureOf(const QString &set, const PagePictures &made, QString &flaw)
+{
+    const QString path = made.files.value(set);
+    if (path.isEmpty())
+        return made.pictures.value(set);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        flaw = path + QStringLiteral(": ") + file.errorString();
+        return {};
+    }
+    const qxCataloguePage::Picture picture = qxSetPictures::onPage(file.readAll());
+    if (picture.large.isEmpty())
+        flaw = path + QStringLiteral(": it is no picture");
+    return picture;
+}
+
+qxOutputFile::Content cataloguePageOf(const QString &title, const PagePictures &made)
+{
+    return [title, &made](const qxOutputFile::Sink &sink) {
+        QString flaw;
+        const auto give = [&](const QString &set) { return pagePictureOf(set, made, flaw); };
+        const QString reason = qxCataloguePage::html(title, give)(sink);
+        return flaw.isEmpty() ? reason : flaw;
+    };
 }
 
 int runCatalogue(const QCommandLineParser &parser)
@@ -60,15 +108,15 @@ int runCatalogue(const QCommandLineParser &parser)
     const QStringList names = qxSetPreviews::allNames();
     if (work.makesParts())
         return work.makeParts(names);
-    qxCataloguePage::Pictures pictures;
-    const int done = work.visit(names, qxSetPictures::onPage(pictures));
+    PagePictures made;
+    const int done = work.visit(names, takeForPage(made, work));
     if (done < 0)
         return WorkFailed;
-    if (qxInterrupt::isAsked() && pictures.isEmpty())
+    if (qxInterrupt::isAsked() && made.pictures.isEmpty() && made.files.isEmpty())
         return qxCommands::endedEarly(QStringLiteral("no page was written"));
     if (!qxSetPreviews::reopen(session, file, {}))
         return WorkFailed;
-    if (!qxStreams::write(page, qxCataloguePage::html(QFileInfo(file).fileName(), pictures)))
+    if (!qxStreams::write(page, cataloguePageOf(QFileInfo(file).fileName(), made)))
         return WorkFailed;
     qxOutput::line(page);
     if (done == names.size())

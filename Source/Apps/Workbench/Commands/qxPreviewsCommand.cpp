@@ -30,6 +30,32 @@ QList<QCommandLineOption> previewsOptions()
     + qxPictureOptions::all() + qxShardOptions::all();
 }
 
+/// New previews, by the names of sets: those made here, and those that shards have left in files.
+struct NewPreviews {
+    qxSetPreviews::Previews previews;
+    qxSession::PreviewFiles files;
+};
+
+/// Previews that lie in files are not kept in memory.
+qxSetPreviews::Take takeNew(NewPreviews &made, const qxSharedPictures &work)
+{
+    return [&made, parts = work.files()](const QString &name, const QByteArray &png) {
+        if (parts.contains(name))
+            made.files[name] = parts[name];
+        else
+            made.previews[name] = png;
+        return true;
+    };
+}
+
+/// The previews show the scene as it was opened, and so it is saved.
+bool saveNew(qxSession &session, const QCommandLineParser &parser, const NewPreviews &made)
+{
+    return qxCommands::maySave(session, parser)
+        && qxSetPreviews::reopen(session, parser.positionalArguments().first(), made.previews)
+        && session.save(parser.value(QStringLiteral("save")), made.files);
+}
+
 int runPreviews(const QCommandLineParser &parser)
 {
     const bool all = parser.isSet(QStringLiteral("all"));
@@ -62,20 +88,11 @@ int runPreviews(const QCommandLineParser &parser)
         all || stale ? qxSetPreviews::allNames() : qxSetPreviews::namesWithoutPreview();
     if (work.makesParts())
         return work.makeParts(names);
-    qxSetPreviews::Previews previews;
-    const auto take = [&previews](const QString &name, const QByteArray &png) {
-        previews[name] = png;
-        return true;
-    };
-    const int done = work.visit(names, take);
-    if (done < 0)
+    NewPreviews previews;
+    const int done = work.visit(names, takeNew(previews, work));
+    if (done < 0 || !saveNew(session, parser, previews))
         return WorkFailed;
-    // The previews show the scene as it was opened.
-    if (!qxCommands::maySave(session, parser)
-        || !qxSetPreviews::reopen(session, parser.positionalArguments().first(), previews)
-        || qxCommands::saveIfAsked(session, parser) != Success)
-        return WorkFailed;
-    const int made = previews.size();
+    const int made = previews.previews.size() + previews.files.size();
     const int kept = int(qxVariants::_variantSets.size()) - made;
     if (parser.isSet(QStringLiteral("json")))
         qxOutput::json(QJsonObject{{QStringLiteral("made"), made}, {QStringLiteral("kept"), kept}});

@@ -73,7 +73,8 @@ int qxSharedPictures::makePlan(const QStringList &names)
     if (isDone)
         measure(items, selecting);
     if (!isDone || qxInterrupt::isAsked())
-        return qxCommands::endedEarly(QStringLiteral("no plan was written"));
+        return qxCommands::endedEarly(QStringLiteral("no plan was written"),
+                                      QStringLiteral("a picture cannot be made"));
     return m_work.share(items);
 }
 
@@ -163,7 +164,8 @@ int qxSharedPictures::makeShard()
         const QString name = set.name;
         const QByteArray product = products[name];
         if (m_product.fingerprint() != product) {
-            failure = QStringLiteral("\"%1\" shows something else than it did for the plan").arg(name);
+            failure =
+                QStringLiteral("\"%1\" shows something else than it did for the plan").arg(name);
             return false;
         }
         const QByteArray png = m_product.make();
@@ -175,12 +177,11 @@ int qxSharedPictures::makeShard()
     });
     if (done == names.size())
         return m_work.tellShard(made, items.size() - made);
-    return qxCommands::endedEarly(
-        QStringLiteral("%1 of %2 pictures are in %3")
-            .arg(items.size() - names.size() + made)
-            .arg(items.size())
-            .arg(m_work.folder().path()),
-        failure);
+    return qxCommands::endedEarly(QStringLiteral("%1 of %2 pictures are in %3")
+                                      .arg(items.size() - names.size() + made)
+                                      .arg(items.size())
+                                      .arg(m_work.folder().path()),
+                                  failure);
 }
 
 int qxSharedPictures::visit(const QStringList &names, const qxSetPreviews::Take &take)

@@ -7,7 +7,6 @@
 #include "qxHost.h"
 
 #include <QMap>
-#include <QString>
 
 #include <memory>
 #include <optional>

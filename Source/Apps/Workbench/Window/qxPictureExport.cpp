@@ -215,8 +215,7 @@ bool qxPictureExport::publish(qxPublisher &publisher)
 
 void qxPictureExport::write(const QString &file, const QByteArray &bytes)
 {
-    showResult(file,
-               bytes.isEmpty() ? tr("It is too large.") : qxStreams::writeFile(file, bytes));
+    showResult(file, bytes.isEmpty() ? tr("It is too large.") : qxStreams::writeFile(file, bytes));
 }
 
 void qxPictureExport::showResult(const QString &file, const QString &flaw)

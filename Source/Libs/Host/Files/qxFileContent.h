@@ -8,13 +8,20 @@
 /// their turn to be written comes.
 class qxFileContent {
 public:
+    ///@{
+    /// Nothing, or these bytes.
     qxFileContent() = default;
     explicit qxFileContent(const QByteArray &bytes) { append(bytes); }
+    ///@}
 
+    ///@{
+    /// Adds at the end.
     void append(const QByteArray &bytes);
-    /// The file must keep its size, and cannot be a missing one, until it was read.
-    void appendBase64(const QString &path);
     void append(const qxFileContent &content);
+    ///@}
+    /// Adds the Base64 of a file. A missing one, or one whose size changes before it is read, makes
+    /// giveTo fail.
+    void appendBase64(const QString &path);
 
     /// In bytes.
     qint64 size() const { return m_size; }

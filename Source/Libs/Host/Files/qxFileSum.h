@@ -6,9 +6,13 @@
 /// pieces of any size.
 class qxFileSum {
 public:
+    /// The next bytes.
     void add(const QByteArray &bytes);
+    ///@{
+    /// Of what was added; the hash does not depend on the pieces.
     qint64 size() const { return m_size; }
     std::size_t hash() const;
+    ///@}
 
 private:
     qint64 m_size = 0;

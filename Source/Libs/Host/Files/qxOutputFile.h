@@ -6,8 +6,9 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
 #include <sys/stat.h>
+
+#include <functional>
 
 /// A file that is written completely or not at all, and synchronised with the disk. It keeps owner,
 /// group, mode, access list and extended attributes as far as this user may set them. Writing to a
