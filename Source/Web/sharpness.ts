@@ -3,6 +3,8 @@ const wanted = 40;
 /** When nothing has changed for this long, in ms, it is calm. */
 const calm = 200;
 const lowest = 0.4;
+/** More pixels make up for edges that are not smoothed. */
+const smoothing = 1.4;
 
 /**
  * How many pixels of the picture there are for each of the page. While pictures follow each other
@@ -16,16 +18,16 @@ export class Sharpness {
     private timer = 0;
     private late = 0;
 
-    constructor(private readonly redraw: () => void) {}
+    constructor(private readonly isSmooth: boolean, private readonly redraw: () => void) {}
 
     get ratio(): number {
-        const { best } = Sharpness;
+        const { best } = this;
         return this.isMoving ? Math.max(best * this.moving, Math.min(best, lowest)) : best;
     }
 
     /** The first picture is drawn coarsely. */
     begin(): void {
-        this.moving = 0.5;
+        this.moving = 0;
     }
 
     /** How long a sharp picture takes, in ms; undefined while it is found out. */
@@ -73,7 +75,7 @@ export class Sharpness {
         this.late = 0;
     }
 
-    private static get best(): number {
-        return Math.min(window.devicePixelRatio || 1, 2);
+    private get best(): number {
+        return Math.min(window.devicePixelRatio || 1, 2) * (this.isSmooth ? 1 : smoothing);
     }
 }

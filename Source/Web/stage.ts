@@ -26,7 +26,7 @@ export class Stage {
     readonly layers = new Layers();
     /** Of the clipping plane. */
     private readonly marks = new Scene();
-    private readonly sharpness = new Sharpness(() => this.invalidate());
+    private readonly sharpness: Sharpness;
     private contents?: Contents;
     private frame = 0;
     private before = 0;
@@ -39,6 +39,8 @@ export class Stage {
     constructor(private readonly canvas: HTMLCanvasElement, private readonly view: View,
                 exposure: number) {
         this.renderer = rendererFor(canvas);
+        const { antialias } = this.renderer.getContextAttributes();
+        this.sharpness = new Sharpness(antialias ?? false, () => this.invalidate());
         this.renderer.toneMapping = NeutralToneMapping;
         this.renderer.toneMappingExposure = 2 ** exposure;
         this.renderer.autoClear = false;
@@ -58,6 +60,15 @@ export class Stage {
         this.layers.inFront.matrixWorldAutoUpdate = false;
         this.sharpness.begin();
         this.resize();
+        this.compile(contents);
+    }
+
+    /** Lets the shaders of all that is drawn be compiled side by side. */
+    private compile({ clipping }: Contents): void {
+        this.updateWorld();
+        this.renderer.clippingPlanes = clipping.planes;
+        this.renderer.compile(this.scene, this.view.camera);
+        this.renderer.clippingPlanes = [];
     }
 
     /** All lights may shine, and the strongest cast shadows from now on. */
@@ -204,8 +215,18 @@ export class Stage {
 
 function rendererFor(canvas: HTMLCanvasElement): WebGLRenderer {
     try {
-        return new WebGLRenderer({ canvas, antialias: true, powerPreference: "high-performance" });
+        const antialias = !isSoftware();
+        return new WebGLRenderer({ canvas, antialias, powerPreference: "high-performance" });
     } catch {
         throw new SourceError("noWebGL");
     }
+}
+
+/** Without graphics hardware, smooth edges would take as long as all the rest. */
+function isSoftware(): boolean {
+    const gl = document.createElement("canvas").getContext("webgl2");
+    const details = gl?.getExtension("WEBGL_debug_renderer_info");
+    const name = String(gl?.getParameter(details ? details.UNMASKED_RENDERER_WEBGL : gl.RENDERER));
+    gl?.getExtension("WEBGL_lose_context")?.loseContext();
+    return /swiftshader|llvmpipe|softpipe|software|basic render/i.test(name);
 }

@@ -2,6 +2,7 @@
 #include "qxVariants.h"
 
 #include "Cameras/qxMainView.h"
+#include "Publish/qxPublishedPage.h"
 #include "Session/qxSceneSnapshot.h"
 #include "Sets/qxGallery.h"
 #include "Sets/qxSetsModel.h"
@@ -127,6 +128,7 @@ TEST_F(WindowExportTest, PreviewsAreStaleWhenSetSceneOrLightHaveChanged)
 
 TEST_F(WindowExportTest, AFileIsTheOneThatTheCommandWrites)
 {
+    QCoreApplication::setApplicationVersion(QX_VERSION); // Web pages tell it.
     openSigns();
     goTo("Away");
     const QSize size(48, 32);
@@ -142,23 +144,30 @@ TEST_F(WindowExportTest, AFileIsTheOneThatTheCommandWrites)
         {"Save Picture...", "open.png", {"render", "--background", "none"}, true, true},
         {"Save Sheet...", "sheet.png", {"render", "--all"}, true, false},
         {"Export Catalogue...", "page.html", {"catalogue"}, true, false},
+        {"Export Web Page...", "web.html", {"publish"}, true, false},
     };
     for (const auto &each : cases) {
         SCOPED_TRACE(each.file);
+        const QString command = each.command.first();
+        if (command == "publish" && !qxPublishedPage::flaw().isEmpty())
+            continue; // Without esbuild there is no viewer to publish.
         if (each.command.contains("--all")) // The pictures before are those of the window.
             lookFromFar();
         const qxSceneSnapshot before;
-        const bool isPage = each.command.first() == "catalogue";
-        expectQuestions(path(each.file), isPage ? QSize() : size, each.isBest, each.isTransparent);
+        const bool isPicture = command == "render";
+        expectQuestions(path(each.file), isPicture ? size : QSize(), each.isBest,
+                        each.isTransparent);
         action(each.action)->trigger();
         const QString other = path("by-command");
         QDir().mkdir(other);
-        const QString target = isPage ? other : path("by-command.png");
-        run(each.command + QStringList{path("signs.gltf"), "--out", target}
-            + (isPage ? QStringList() : QStringList{"--size", "48x32"}));
+        const QString file = other + (isPicture ? "/picture.png" : "/index.html");
+        run(each.command + QStringList{path("signs.gltf")}
+            + (command == "publish" ? QStringList{"--compress", "--single-file", file}
+                   : isPicture      ? QStringList{"--out", file, "--size", "48x32"}
+                                    : QStringList{"--out", other}));
         const QByteArray written = contents(path(each.file));
         EXPECT_FALSE(written.isEmpty());
-        EXPECT_TRUE(written == contents(isPage ? other + "/index.html" : target));
+        EXPECT_TRUE(written == contents(file));
         EXPECT_TRUE(before.isStillSo());
         EXPECT_EQ(window->setsDock()->view()->currentSet(), "Away");
     }
@@ -189,6 +198,8 @@ TEST_F(WindowExportTest, WhatIsCancelledOrImpossibleLeavesNoFileAndIsExplained)
     action("Save Sheet...")->trigger();
     expectQuestions(path("out/page.html"));
     action("Export Catalogue...")->trigger();
+    expectQuestions(path("out/web.html"));
+    action("Export Web Page...")->trigger();
     expectQuestions(path("out/picture.png"), QSize(480, 320));
     action("Save Picture...")->trigger();
     user.stop();
