@@ -20,12 +20,13 @@ protected:
     FingerprintTest()
     {
         settings.width = settings.height = 24;
+        camera.height = 2.4f;
         addTextured(textured(GL_MODULATE, image), 1);
         choices->addMaterial(material);
         choices->addMaterial(unseenMaterial);
         matrixOf(place).setTranslate(-0.5f, 0, 1);
         addSquare(lit(1, 1, 1), osg::Vec3f(0.6f, 0.6f, 0), 0.4f, hidden);
-        addSquare(blue, osg::Vec3f(-0.7f, 0.7f, 0), 0.3f, overlay);
+        addSquare(red, osg::Vec3f(-0.7f, 0.7f, 0), 0.3f, overlay);
         hidden.setMask(0);
         addSquare(red, osg::Vec3f(0, 0, -90), 400, environments.child(0));
         addSquare(blue, osg::Vec3f(0, 0, -90), 400, environments.child(1));
@@ -71,7 +72,7 @@ protected:
     static std::function<void()> moves(const TestNode &transform, const osg::Vec3f &by)
     {
         return [transform, by = osg::Vec3f(by)]() mutable {
-            const osg::CPEditor edit(transform.core());
+            const osg::CPEditor edit(transform.core(), osg::Transform::MatrixFieldMask);
             matrixOf(transform)[3] += osg::Vec4f(by[0], by[1], by[2], 0);
             by = -by;
         };
@@ -103,13 +104,13 @@ protected:
                 {"environment", chooses(environments)},
                 {"clipping", swaps(clipping.enabled, true)},
                 {"camera", swaps(camera.height, 2.5f)},
-                {"fitted camera", swaps(camera, qxUberCamera())},
                 {"width", swaps(settings.width, 25)},
                 {"quality", swaps(settings.quality, 4)},
                 {"exposure", swaps(view.exposure, 1.0f)},
                 {"turned light", swaps(view.environmentRotation, 90.0f)},
                 {"other light", swaps(view.environment, decltype(view.environment)(dark))},
-                {"background", swaps(view.background, qxViewSettings::None)}};
+                {"background", swaps(view.background, qxViewSettings::None)},
+                {"fitted camera", swaps(camera, qxUberCamera())}};
     }
     // A list, not a procedure.
     std::vector<Edit> unseenEdits()
@@ -125,7 +126,11 @@ protected:
                 {"threads", swaps(settings.threads, 3)}};
     }
 
-    QByteArray fingerprint() { return renderer.fingerprint(settings); }
+    std::string fingerprint() { return renderer.fingerprint(settings).toStdString(); }
+    std::string freshFingerprint() const
+    {
+        return qxRenderer().fingerprint(settings).toStdString();
+    }
     void choose(unsigned int choice)
     {
         const osg::CPEditor edit(choices);
@@ -152,33 +157,34 @@ protected:
 
 TEST_F(FingerprintTest, ItIsAnotherOneExactlyWhenThePictureIs)
 {
-    const QByteArray before = fingerprint();
-    EXPECT_EQ(before.size(), 40);
+    const std::string before = fingerprint();
+    EXPECT_EQ(before.size(), 40u);
     const std::vector<std::uint8_t> seen = picture().bytes();
-    std::set<QByteArray> all{before};
+    std::set<std::string> all{before};
     for (const Edit &edit : seenEdits()) {
         edit.toggle();
         EXPECT_TRUE(all.insert(fingerprint()).second) << edit.what;
-        EXPECT_EQ(fingerprint(), qxRenderer().fingerprint(settings)) << edit.what;
-        EXPECT_NE(picture().bytes(), seen) << edit.what;
+        EXPECT_EQ(fingerprint(), freshFingerprint()) << edit.what;
+        EXPECT_FALSE(picture().bytes() == seen) << edit.what;
         edit.toggle();
         EXPECT_EQ(fingerprint(), before) << edit.what << " undone";
-        EXPECT_EQ(picture().bytes(), seen) << edit.what << " undone";
+        EXPECT_TRUE(picture().bytes() == seen) << edit.what << " undone";
     }
     for (const Edit &edit : unseenEdits()) {
         edit.toggle();
         EXPECT_EQ(fingerprint(), before) << edit.what;
-        EXPECT_EQ(picture().bytes(), seen) << edit.what;
+        EXPECT_TRUE(picture().bytes() == seen) << edit.what;
     }
-    EXPECT_EQ(qxRenderer().fingerprint(settings), before);
+    EXPECT_EQ(freshFingerprint(), before);
 }
 
 TEST_F(FingerprintTest, TheOrderOfEditsLeavesNoTrace)
 {
     std::vector<Edit> edits = seenEdits();
+    edits.pop_back(); // a camera as a whole is no other edit than that of its height
     for (const Edit &edit : edits)
         edit.toggle();
-    const QByteArray all = fingerprint();
+    const std::string all = fingerprint();
     for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit) {
         edit->toggle();
         fingerprint();
@@ -191,6 +197,6 @@ TEST_F(FingerprintTest, TheOrderOfEditsLeavesNoTrace)
 TEST_F(FingerprintTest, WhatCannotBeDrawnHasNone)
 {
     settings.width = 0;
-    EXPECT_EQ(fingerprint(), QByteArray());
+    EXPECT_EQ(fingerprint(), "");
     expectError("A picture cannot have 0 by 24 pixels");
 }

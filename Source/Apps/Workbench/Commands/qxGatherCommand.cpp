@@ -22,7 +22,8 @@ QList<QCommandLineOption> gatherOptions()
              QStringLiteral("RESULT")},
             qxCommands::jsonOption(),
             {QStringLiteral("junit"), QStringLiteral("Writes a lint as JUnit XML.")},
-            qxCommands::traceOption(), qxMemoryLimit::option()};
+            qxCommands::traceOption(),
+            qxMemoryLimit::option()};
 }
 
 /// How the command calls that output.
@@ -87,7 +88,8 @@ const qxCommand qxCommands::gather = {
     1,
     gatherOptions,
     runGather,
-    "The commands render, previews, catalogue, publish, verify and lint make parts of their results with --parts "
+    "The commands render, previews, catalogue, publish, verify and lint make parts of their "
+    "results with --parts "
     "DIR --shard I/N, in as many processes and on as many machines as there are. This makes the "
     "result of the parts, the same bytes as one process would have made; it refuses to when parts "
     "are missing, and names them."};

@@ -153,8 +153,7 @@ qxPublisher::Wishes wishesOf(const QCommandLineParser &parser)
 bool makePictures(qxPublisher &publisher, qxSharedPictures &work)
 {
     const QStringList &names = publisher.withoutPreview();
-    return publisher.makePoster()
-        && work.visit(names, publisher.takePreview()) == names.size();
+    return publisher.makePoster() && work.visit(names, publisher.takePreview()) == names.size();
 }
 
 int runPublish(const QCommandLineParser &parser)

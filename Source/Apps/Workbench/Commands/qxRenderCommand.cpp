@@ -67,7 +67,8 @@ QList<QCommandLineOption> renderOptions()
         qxTurntable::option(),
         qxCommands::scriptsOption(),
         qxCommands::noScriptsOption(),
-        qxShardOptions::json(), qxCommands::traceOption(),
+        qxShardOptions::json(),
+        qxCommands::traceOption(),
     };
     return own + qxRenderMoment::options() + qxPictureOptions::all() + qxShardOptions::all();
 }

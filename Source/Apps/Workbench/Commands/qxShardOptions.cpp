@@ -70,8 +70,7 @@ int qxShardOptions::read(const QCommandLineParser &parser, const QStringList &ou
     if (plans && shares)
         return wrongUse(QStringLiteral("--plan and --shard do not go together"));
     if ((plans || shares) && folder.isEmpty())
-        return wrongUse(
-            QStringLiteral("--%1 needs --parts DIR").arg(plans ? plan : shard));
+        return wrongUse(QStringLiteral("--%1 needs --parts DIR").arg(plans ? plan : shard));
     if (folder.isEmpty())
         return Success;
     task = plans ? Plan : shares ? Shard : Gather;
@@ -89,8 +88,8 @@ int qxShardOptions::read(const QCommandLineParser &parser, const QStringList &ou
                             .arg(value));
     const QString output = makesParts() ? given(parser, outputs) : QString();
     if (!output.isEmpty())
-        return wrongUse(QStringLiteral("--%1 and --%2 do not go together")
-                            .arg(output, plans ? plan : shard));
+        return wrongUse(
+            QStringLiteral("--%1 and --%2 do not go together").arg(output, plans ? plan : shard));
     if (makesParts())
         return qxValueKinds::checkFolder(folder);
     return QDir(folder).exists()

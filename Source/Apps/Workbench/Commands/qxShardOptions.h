@@ -5,8 +5,8 @@
 
 class QCommandLineParser;
 
-/// How a command shares its work with other processes, as options ask for it. Docs/Farm.md tells
-/// more.
+/// How a command shares its work with other processes, as options ask for it. Docs/Shards.md
+/// tells more.
 struct qxShardOptions {
     enum Task {
         Whole, ///< all of it is done here

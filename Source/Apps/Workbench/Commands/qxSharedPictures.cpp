@@ -73,7 +73,8 @@ int qxSharedPictures::makePlan(const QStringList &names)
     if (isDone)
         measure(items, selecting);
     if (!isDone || qxInterrupt::isAsked())
-        return qxCommands::endedEarly(QStringLiteral("no plan was written"));
+        return qxCommands::endedEarly(QStringLiteral("no plan was written"),
+                                      QStringLiteral("a picture cannot be made"));
     return m_work.share(items);
 }
 
@@ -163,7 +164,8 @@ int qxSharedPictures::makeShard()
         const QString name = set.name;
         const QByteArray product = products[name];
         if (m_product.fingerprint() != product) {
-            failure = QStringLiteral("\"%1\" shows something else than it did for the plan").arg(name);
+            failure =
+                QStringLiteral("\"%1\" shows something else than it did for the plan").arg(name);
             return false;
         }
         const QByteArray png = m_product.make();
@@ -175,12 +177,11 @@ int qxSharedPictures::makeShard()
     });
     if (done == names.size())
         return m_work.tellShard(made, items.size() - made);
-    return qxCommands::endedEarly(
-        QStringLiteral("%1 of %2 pictures are in %3")
-            .arg(items.size() - names.size() + made)
-            .arg(items.size())
-            .arg(m_work.folder().path()),
-        failure);
+    return qxCommands::endedEarly(QStringLiteral("%1 of %2 pictures are in %3")
+                                      .arg(items.size() - names.size() + made)
+                                      .arg(items.size())
+                                      .arg(m_work.folder().path()),
+                                  failure);
 }
 
 int qxSharedPictures::visit(const QStringList &names, const qxSetPreviews::Take &take)
@@ -197,9 +198,11 @@ int qxSharedPictures::take(const QStringList &names, const qxSetPreviews::Take &
 {
     const QVector<qxShardPlan::Item> &items = m_work.plan().items;
     int taken = 0;
+    qxProgress progress(items.size());
     for (const qxShardPlan::Item &item : items) {
         if (qxInterrupt::isAsked())
             return taken;
+        progress.begin(item.name);
         const QByteArray png = m_work.folder().read(item.product);
         if (png.isEmpty())
             return -1;

@@ -82,8 +82,7 @@ int qxSharedReport::makeShard(const Make &make)
         QElapsedTimer timer;
         timer.start();
         const QJsonObject part = make(share);
-        if (part.isEmpty()
-            || !m_work.folder().write(item.product, QJsonDocument(part).toJson()))
+        if (part.isEmpty() || !m_work.folder().write(item.product, QJsonDocument(part).toJson()))
             return WorkFailed;
         costs.add(item.name, item.product, double(timer.nsecsElapsed()) / 1e9);
         ++made;

@@ -13,7 +13,6 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QSet>
 
 #include <algorithm>
 #include <numeric>
@@ -28,11 +27,10 @@ const QString environment = QStringLiteral("environment");
 /// may run, and where others run than did for the plan, the fingerprints tell.
 const QStringList &indifferent()
 {
-    static const QStringList names{QStringLiteral("parts"), QStringLiteral("plan"),
-                                   QStringLiteral("shard"), QStringLiteral("json"),
-                                   QStringLiteral("junit"), QStringLiteral("trace"),
-                                   QStringLiteral("threads"), QStringLiteral("scripts"),
-                                   QStringLiteral("no-scripts")};
+    static const QStringList names{
+        QStringLiteral("parts"),   QStringLiteral("plan"),    QStringLiteral("shard"),
+        QStringLiteral("json"),    QStringLiteral("junit"),   QStringLiteral("trace"),
+        QStringLiteral("threads"), QStringLiteral("scripts"), QStringLiteral("no-scripts")};
     return names;
 }
 
@@ -133,18 +131,18 @@ int qxSharedWork::checkPlan(const QStringList &command) const
         return qxCommands::fail(QStringLiteral("%1: %2").arg(m_folder.path(), reason));
     };
     if (m_plan.command != command)
-        return refuse(QStringLiteral("the plan is for \"%1\", not for \"%2\"")
-                          .arg(m_plan.command.join(QLatin1Char(' ')),
-                               command.join(QLatin1Char(' '))));
+        return refuse(
+            QStringLiteral("the plan is for \"%1\", not for \"%2\"")
+                .arg(m_plan.command.join(QLatin1Char(' ')), command.join(QLatin1Char(' '))));
     if (m_options.task == qxShardOptions::Shard && m_plan.shards != m_options.count)
         return refuse(QStringLiteral("the plan is for %1 shards, not for %2")
                           .arg(m_plan.shards)
                           .arg(m_options.count));
     const QString again = QStringLiteral("; --plan %1 plans anew, and keeps what still holds");
     if (m_plan.program != program())
-        return refuse(QStringLiteral("the plan is one of %1, not of %2")
-                          .arg(m_plan.program, program())
-                      + again.arg(m_plan.shards));
+        return refuse(
+            QStringLiteral("the plan is one of %1, not of %2").arg(m_plan.program, program())
+            + again.arg(m_plan.shards));
     QStringList changed;
     if (qxShardPlan::sha256(m_file) != m_plan.scene.sha256)
         changed += m_file;
@@ -185,11 +183,14 @@ int qxSharedWork::share(const QVector<qxShardPlan::Item> &items)
     m_plan.program = program();
     m_plan.shards = m_options.count;
     m_plan.loadSeconds = costs.loadSeconds() > 0 ? costs.loadSeconds() : m_loadSeconds;
-    m_plan.peakBytes =
-        costs.peakBytes() > 0 ? costs.peakBytes() : qxShardCostLog::peakBytes();
+    m_plan.peakBytes = costs.peakBytes() > 0 ? costs.peakBytes() : qxShardCostLog::peakBytes();
     m_plan.scriptsFailed = qxScriptRunner::haveFailed();
     m_plan.items = items;
-    m_plan.share([this](const QByteArray &product) { return m_folder.holds(product); });
+    for (const qxShardPlan::Item &item : items) {
+        if (!m_there.contains(item.product) && m_folder.holds(item.product))
+            m_there.insert(item.product);
+    }
+    m_plan.share([this](const QByteArray &product) { return m_there.contains(product); });
     if (m_options.task == qxShardOptions::Plan)
         return m_folder.writePlan(m_plan) ? Success : WorkFailed;
     return m_folder.addPlan(m_plan) ? checkPlan(command) : WorkFailed;
@@ -212,12 +213,12 @@ int qxSharedWork::tellPlan() const
     QVector<int> missing(m_plan.shards, 0);
     QSet<QByteArray> known;
     for (const qxShardPlan::Item &item : m_plan.items) {
-        if (!known.contains(item.product) && !m_folder.holds(item.product))
+        if (!known.contains(item.product) && !m_there.contains(item.product))
             ++missing[item.shard - 1];
         known.insert(item.product);
     }
     const QVector<double> seconds = m_plan.secondsOfShards(
-        [this](const QByteArray &product) { return m_folder.holds(product); });
+        [this](const QByteArray &product) { return m_there.contains(product); });
     const int sum = std::accumulate(missing.begin(), missing.end(), 0);
     double longest = 0;
     QJsonArray tasks;

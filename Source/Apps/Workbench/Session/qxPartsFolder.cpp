@@ -10,7 +10,6 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QSysInfo>
-#include <QtEndian>
 
 #include <cerrno>
 #include <cstring>
@@ -31,7 +30,7 @@ bool fail(const QString &path, const QString &reason)
 
 quint32 numberAt(const QByteArray &bytes, int place)
 {
-    return qFromBigEndian<quint32>(bytes.constData() + place);
+    return bytes.mid(place, 4).toHex().toUInt(nullptr, 16);
 }
 
 bool isReport(const QByteArray &bytes)
@@ -135,9 +134,8 @@ bool qxPartsFolder::addPlan(qxShardPlan &plan) const
                               .arg(getpid());
     if (!qxStreams::write(draft, plan.toJson()))
         return false;
-    const bool isAdded = link(QFile::encodeName(draft).constData(),
-                              QFile::encodeName(planPath()).constData())
-        == 0;
+    const bool isAdded =
+        link(QFile::encodeName(draft).constData(), QFile::encodeName(planPath()).constData()) == 0;
     const int reason = errno;
     QFile::remove(draft);
     if (isAdded)

@@ -53,8 +53,8 @@ Work each(const Make &make, const Take &take);
 
 typedef QMap<QString, QByteArray> Previews; ///< by the names of sets
 
-/// Renders the preview of the set that is selected, with its stamp (qxPreviewStamp); empty if it was
-/// cancelled.
+/// Renders the preview of the set that is selected, with its stamp (qxPreviewStamp); empty if it
+/// was cancelled.
 QByteArray preview();
 /// Whether the preview that the set has, which is selected, is none or another one than would be
 /// rendered, by its stamp alone.

@@ -79,7 +79,7 @@ void qxShardCosts::fill(QVector<double> &seconds)
         for (int gap = known + 1; gap < place; ++gap) {
             const bool isLikeBefore =
                 known >= 0 && (place == seconds.size() || gap - known <= place - gap);
-            seconds[gap] = isLikeBefore ? seconds[known]
+            seconds[gap] = isLikeBefore  ? seconds[known]
                 : place < seconds.size() ? seconds[place]
                                          : 0;
         }
@@ -107,9 +107,8 @@ qxShardCostLog::~qxShardCostLog()
 
 void qxShardCostLog::add(const QString &name, const QByteArray &product, double seconds)
 {
-    m_items += QJsonObject{{itemNameKey, name},
-                           {productKey, QString::fromLatin1(product)},
-                           {secondsKey, seconds}};
+    m_items += QJsonObject{
+        {itemNameKey, name}, {productKey, QString::fromLatin1(product)}, {secondsKey, seconds}};
     if (m_sinceWritten.elapsed() < WriteMilliseconds)
         return;
     write();

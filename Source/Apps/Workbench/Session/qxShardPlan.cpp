@@ -8,10 +8,10 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 #include <QSet>
+#include <queue>
 
 #include <algorithm>
 #include <functional>
-#include <queue>
 #include <utility>
 #include <vector>
 
@@ -83,8 +83,8 @@ void qxShardPlan::share(const std::function<bool(const QByteArray &product)> &is
         item.shard = shardOf[item.product];
 }
 
-QVector<double> qxShardPlan::secondsOfShards(
-    const std::function<bool(const QByteArray &product)> &isThere) const
+QVector<double>
+qxShardPlan::secondsOfShards(const std::function<bool(const QByteArray &product)> &isThere) const
 {
     QVector<double> seconds(shards, 0.0);
     QSet<QByteArray> known;

@@ -36,8 +36,8 @@ struct qxShardPlan {
     /// longest ones first, to the shard with the least to do. Items of one product are together.
     void share(const std::function<bool(const QByteArray &product)> &isThere);
     /// What the missing products of each shard take, without loading.
-    QVector<double> secondsOfShards(
-        const std::function<bool(const QByteArray &product)> &isThere) const;
+    QVector<double>
+    secondsOfShards(const std::function<bool(const QByteArray &product)> &isThere) const;
 
     QByteArray toJson() const;
     /// Why these bytes are no plan, or one of another version of the format; empty when they are.
