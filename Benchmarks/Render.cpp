@@ -233,6 +233,24 @@ static void renderPicture(benchmark::State &state)
         benchmark::DoNotOptimize(renderer.render(scene.settings).rgba.data());
 }
 
+/// What a picture is made from, when the one before is known.
+static void renderFingerprint(benchmark::State &state)
+{
+    const RenderedScene scene(int(state.range(0)));
+    qxRenderer renderer;
+    renderer.fingerprint(scene.settings);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(renderer.fingerprint(scene.settings));
+}
+
+/// The same of a scene that nobody has looked at.
+static void renderFirstFingerprint(benchmark::State &state)
+{
+    const RenderedScene scene(int(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(qxRenderer().fingerprint(scene.settings));
+}
+
 static QImage imageOf(const qxPicture &picture)
 {
     return QImage(picture.rgba.data(), picture.width, picture.height, QImage::Format_RGBA8888)
@@ -292,8 +310,9 @@ static void renderFirstBare(benchmark::State &state)
     }
 }
 
-/// 100,000 nodes, of which ten appear or disappear between pictures of one pixel.
-static void renderChanged(benchmark::State &state)
+/// 100,000 nodes, of which ten appear or disappear between pictures of one pixel, or between
+/// fingerprints of them.
+static void renderChanged(benchmark::State &state, bool isDrawn)
 {
     const RenderedScene scene(RenderedScene::Small{int(state.range(0))});
     qxRenderer renderer;
@@ -306,7 +325,10 @@ static void renderChanged(benchmark::State &state)
             node->setTravMask(mask);
         }
         mask = ~mask;
-        benchmark::DoNotOptimize(renderer.render(scene.settings).rgba.data());
+        if (isDrawn)
+            benchmark::DoNotOptimize(renderer.render(scene.settings).rgba.data());
+        else
+            benchmark::DoNotOptimize(renderer.fingerprint(scene.settings));
     }
 }
 
@@ -404,8 +426,25 @@ BENCHMARK_CAPTURE(renderOrbit, orbit, false)
     ->Apply(threads);
 BENCHMARK_CAPTURE(renderOrbit, outlined, true)->Name("Moving/outlined")->Arg(_demo)->Apply(threads);
 BENCHMARK(renderWhole)->Name("Moving/bareWhole")->Arg(_demo)->Arg(1000000)->Apply(threads);
+BENCHMARK(renderFingerprint)
+    ->Name("Rendering/fingerprint")
+    ->Arg(_demo)
+    ->Arg(1000000)
+    ->Apply(threads);
+BENCHMARK(renderFirstFingerprint)
+    ->Name("Rendering/firstFingerprint")
+    ->Arg(_demo)
+    ->Arg(1000000)
+    ->Apply(threads);
 BENCHMARK(renderFirst)->Name("Rendering/first")->Arg(_demo)->Arg(1000000)->Apply(threads);
 BENCHMARK(renderFirstBare)->Name("Rendering/bareFirst")->Arg(_demo)->Arg(1000000)->Apply(threads);
 // Argument: number of nodes.
-BENCHMARK(renderChanged)->Name("RenderUpdate/tenChanged")->Arg(100000)->Apply(threads);
+BENCHMARK_CAPTURE(renderChanged, drawn, true)
+    ->Name("RenderUpdate/tenChanged")
+    ->Arg(100000)
+    ->Apply(threads);
+BENCHMARK_CAPTURE(renderChanged, fingerprint, false)
+    ->Name("RenderUpdate/fingerprint")
+    ->Arg(100000)
+    ->Apply(threads);
 BENCHMARK(renderAnew)->Name("RenderUpdate/bareAnew")->Arg(100000)->Apply(threads);

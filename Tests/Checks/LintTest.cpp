@@ -33,10 +33,34 @@ protected:
         EXPECT_GE(at, 0) << from.toStdString();
         return document.replace(at, from.size(), to);
     }
+    static std::vector<std::string> wordsOf(const qxFindings &findings)
+    {
+        std::vector<std::string> words;
+        for (const qxFinding &each : findings)
+            words.push_back(
+                QString("%1:%2 %3 %4 %5 %6 %7")
+                    .arg(each.line)
+                    .arg(each.column)
+                    .arg(qxCheckCodes::id(each.code), each.message, each.path, each.detail)
+                    .arg(each.more)
+                    .toStdString());
+        return words;
+    }
+    static void expectSharesToBeTheWhole(const QByteArray &document)
+    {
+        const std::vector<std::string> whole = wordsOf(qxLinter::lint(document, compile));
+        for (const int count : {1, 3, 40}) {
+            std::vector<qxFindings> shares;
+            for (int i = 0; i < count; ++i)
+                shares.push_back(qxLinter::lint(document, compile, {i, count}));
+            EXPECT_EQ(wordsOf(qxLinter::merge(shares)), whole) << count;
+        }
+    }
     /// Code and last step of the path of each finding, of errors and warnings alone if wanted.
     static std::string lint(const QByteArray &document, bool withHints = true)
     {
         QStringList texts;
+        expectSharesToBeTheWhole(document);
         for (const qxFinding &each : qxLinter::lint(document, compile)) {
             if (withHints || each.severity() != qxSeverity::Hint)
                 texts += qxCheckCodes::id(each.code) + " " + each.path.section('/', -1);
@@ -195,6 +219,12 @@ TEST_F(LintTest, OfEachCodeTheFirstThousandAreListed)
     ASSERT_EQ(findings.size(), 1000);
     EXPECT_EQ(findings.first().more, 0);
     EXPECT_EQ(findings.last().more, 1500);
+
+    QByteArray sets; // alike, so that each is told twice
+    for (int i = 0; i < 2500; ++i)
+        sets += "<VariantSet name='" + QByteArray::number(i)
+            + "'><NodeVariantRef ref='Gone' state='1'/></VariantSet>";
+    expectSharesToBeTheWhole(planted(foreign, sets));
 }
 
 TEST(CodesTest, EveryCodeStandsInItsPlaceAndIsDocumentedInItsWords)

@@ -1,6 +1,7 @@
 #include "Program.h"
 #include "qxTestPaths.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QDomDocument>
 #include <QImage>
@@ -57,19 +58,6 @@ protected:
                 "<VariantSet name='Set " + QByteArray::number(i) + QByteArray(4000, '-') + "'/>";
         return write("many.gltf", sceneWith("signs", text + "</Variants>"));
     }
-    /// Runs the program, presses Ctrl-C when its progress shows `text`, and returns what it said.
-    static QByteArray interrupted(const QStringList &arguments, const QByteArray &text)
-    {
-        QProcess program;
-        program.start(QStringLiteral(QX_BUILD_BIN "/workbench"), arguments);
-        program.setReadChannel(QProcess::StandardError);
-        while (!program.peek(100000).contains(text) && program.waitForReadyRead(30000)) {}
-        kill(pid_t(program.processId()), SIGINT);
-        const ProgramRun run = ended(program);
-        EXPECT_EQ(run.code, 130);
-        return run.err;
-    }
-
     const QString file = write("signs.gltf", sceneWith("signs"));
 };
 
@@ -177,23 +165,40 @@ TEST_F(PictureTest, PreviewsAreMadeForSetsThatHaveNoneOrAStaleOne)
     make({file}, "3 made, 0");
     const QStringList made = previews(saved);
     ASSERT_EQ(made.size(), 3);
-    for (const QString &preview : made)
+    for (const QString &preview : made) {
         EXPECT_EQ(imageOf(preview).size(), QSize(264, 256));
+        EXPECT_EQ(imageOf(preview).text("Fingerprint").size(), 40);
+    }
     EXPECT_EQ(differences(sceneJson(file), sceneJson(saved)),
               QStringList{"/scenes/0/extras/qxVariants"});
 
     const QByteArray document = documentOf(saved);
     make({saved}, "0 made, 3");
     EXPECT_EQ(documentOf(saved), document);
-    make({saved, "--all"}, "3 made, 0");
+    make({saved, "--all", "--threads", "1"}, "3 made, 0");
+    EXPECT_EQ(documentOf(saved), document);
+    make({saved, "--stale", "--threads", "3"}, "0 made, 3");
     EXPECT_EQ(documentOf(saved), document);
 
-    // The last set shows what belongs to the first one.
-    QByteArray stolen = document;
-    stolen.replace(made[2].toLatin1(), made[0].toLatin1());
-    const QString stale = write("stale.gltf", sceneWith("signs", stolen));
-    ASSERT_EQ(previews(stale)[2], made[0]);
-    make({stale, "--stale"}, "1 made, 2");
+    // What is edited in the file, and how many previews do not show that.
+    QByteArray unmarked;
+    QBuffer buffer(&unmarked);
+    QImage(9, 9, QImage::Format_RGB888).save(&buffer, "PNG");
+    const QByteArray scene =
+        QJsonDocument(sceneJson(saved).toObject()).toJson(QJsonDocument::Compact);
+    const QByteArray first = made[0].toLatin1();
+    for (const auto &[before, after, counts] :
+         {std::tuple<QByteArray, QByteArray, QByteArray>{"[0,0,1,1]", "[0,0,0.5,1]", "1 made, 2"},
+          {"AACAwAAAgMAA", "AACAwAAAAMAA", "3 made, 0"},
+          {"\"Aside\",", "\"Aside\",\"rotation\":[0,0,1,0],", "1 made, 2"},
+          {"\"Near\"", "\"Next\"", "0 made, 3"},
+          {first, "iVBORw0KGgo=", "1 made, 2"},
+          {first, unmarked.toBase64(), "1 made, 2"},
+          {made[2].toLatin1(), first, "1 made, 2"}}) {
+        QByteArray edited = scene;
+        EXPECT_TRUE(edited.replace(before, after) != scene) << before.data();
+        make({write("edited.gltf", edited), "--stale"}, counts);
+    }
     EXPECT_EQ(previews(saved), made);
 }
 
@@ -303,7 +308,8 @@ TEST_F(PictureTest, WhatCannotBeDoneIsRefusedBeforeAnythingIsRendered)
               {"--exposure", "bright", "--exposure is a number from -20 to 20"},
               {"--environment-rotation", "361", "--environment-rotation is a number"},
               {"--background", "red", "--background is gradient, environment, none or a colour"},
-              {"--ground", "maybe", "--ground is auto or on or off"}})
+              {"--ground", "maybe", "--ground is auto or on or off"},
+              {"--threads", "0", "--threads is a whole number from 1 to 1024"}})
             refused(2, command + QStringList{option, value}, said);
     for (const QStringList &command : {QStringList{"previews", file, "--save", saved},
                                        {"catalogue", file, "--out", folder.path()}})

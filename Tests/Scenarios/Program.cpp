@@ -45,6 +45,18 @@ void ProgramFixture::refused(int code, const QStringList &arguments, const QByte
     EXPECT_TRUE(run.err.contains(reason)) << run.err.toStdString();
 }
 
+QByteArray ProgramFixture::interrupted(const QStringList &arguments, const QByteArray &text)
+{
+    QProcess program;
+    program.start(QStringLiteral(QX_BUILD_BIN "/workbench"), arguments);
+    program.setReadChannel(QProcess::StandardError);
+    while (!program.peek(100000).contains(text) && program.waitForReadyRead(30000)) {}
+    kill(pid_t(program.processId()), SIGINT);
+    const ProgramRun run = ended(program);
+    EXPECT_EQ(run.code, 130);
+    return run.err;
+}
+
 QString ProgramFixture::deskAndDoor() const
 {
     return write("door.gltf", R"({

@@ -49,6 +49,8 @@ protected:
     /// Runs it and fails the test unless it ends with `code`, prints nothing, and standard error
     /// contains `reason`.
     static void refused(int code, const QStringList &arguments, const QByteArray &reason);
+    /// Runs the program, presses Ctrl-C when its progress shows `text`, and returns what it said.
+    static QByteArray interrupted(const QStringList &arguments, const QByteArray &text);
     /// Waits for the end of a started program.
     static ProgramRun ended(QProcess &program);
 

@@ -153,6 +153,35 @@ TEST_F(WrongUseTest, AWrongCallIsExplainedInOneLine)
             "unknown kind \"lamp\"; there are node, material, light, overlay, transform\n");
 }
 
+TEST_F(WrongUseTest, HowWorkIsSharedMustMakeSense)
+{
+    const char *number = "--plan is a number of shards from 1 to 10000, not";
+    const char *shard = "--shard is I/N, such as 3/8, with I from 1 to N and N up to 10000, not";
+    for (const auto &[call, reason] :
+         {std::pair("previews --plan 2", "--plan needs --parts DIR\n"),
+          {"verify --shard 1/2", "--shard needs --parts DIR\n"},
+          {"lint --parts . --plan 2 --shard 1/2", "--plan and --shard do not go together\n"},
+          {"catalogue --parts . --plan 0", number},
+          {"catalogue --parts . --plan 10001", number},
+          {"previews --parts . --shard 3/2", shard},
+          {"previews --parts . --shard 0/2", shard},
+          {"previews --parts . --shard 1", shard},
+          {"previews --parts . --shard 1/-2", shard},
+          {"previews --parts . --plan 2 --save a.glb", "--save and --plan do not go together\n"},
+          {"publish --parts . --shard 1/2 --single-file a.html",
+           "--single-file and --shard do not go together\n"},
+          {"render --parts . --shard 1/2", "--parts needs --all: pictures of sets are shared\n"},
+          {"verify --json", "--json needs --plan or --shard\n"},
+          {"gather", "gather needs --save OUT\n"}}) {
+        QStringList words = QString(call).split(' ');
+        words.insert(1, scene);
+        refused(2, words, reason);
+    }
+    refused(1, {"verify", scene, "--parts", path("no"), "--plan", "2"},
+            "the folder does not exist\n");
+    refused(1, {"gather", folder.path(), "--save", path("a.glb")}, "plan.json: ");
+}
+
 TEST_F(WrongUseTest, AMisspeltNameIsAnsweredWithTheNearest)
 {
     for (const auto &[call, reason] :

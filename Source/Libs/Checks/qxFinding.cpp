@@ -12,11 +12,12 @@ bool qxFindingPlace::operator==(const qxFindingPlace &other) const
 void qxFindingList::add(const qxFinding &finding)
 {
     const int code = int(finding.code);
-    ++m_counts[code];
+    m_counts[code] += 1 + finding.more;
     if (m_elsewhere.value(code) + m_keptCounts.value(code) >= Limit)
         return;
     ++m_keptCounts[code];
     m_kept += finding;
+    m_kept.last().more = 0;
 }
 
 qxFindings qxFindingList::inOrder() const
@@ -26,6 +27,11 @@ qxFindings qxFindingList::inOrder() const
                      [](const qxFinding &one, const qxFinding &other) {
                          return std::tie(one.line, one.column) < std::tie(other.line, other.column);
                      });
+    return withRest(std::move(findings));
+}
+
+qxFindings qxFindingList::withRest(qxFindings findings) const
+{
     Counts counts = m_counts;
     for (auto each = findings.rbegin(); each != findings.rend(); ++each) {
         const int code = int(each->code);

@@ -73,11 +73,14 @@ public:
     /// For one of several lists that keep a thousand together: so many are kept by the others.
     explicit qxFindingList(const Counts &elsewhere) : m_elsewhere(elsewhere) {}
 
-    /// Keeps or counts the finding.
+    /// Keeps or counts the finding, and counts those that it stands for.
     void add(const qxFinding &finding);
-    /// What was kept, in the order of the document. The last one of a code knows how many more
-    /// there are.
+    ///@{
+    /// What was kept, in the order of the document, and in that in which it was found. The last one
+    /// of a code knows how many more there are.
     qxFindings inOrder() const;
+    qxFindings asFound() const { return withRest(m_kept); }
+    ///@}
     /// The one that was kept last; there must be one.
     const qxFinding &last() const { return m_kept.last(); }
     /// What was kept, in the order in which it was found.
@@ -89,6 +92,8 @@ public:
     ///@}
 
 private:
+    qxFindings withRest(qxFindings findings) const;
+
     Counts m_elsewhere;
     qxFindings m_kept;
     Counts m_counts;

@@ -80,7 +80,9 @@ namespace qxLintParts {
 ///@{
 /// A set by itself: its references, names, snapshots and script. What it uses is noted.
 void lintSet(qxLintContext &context, const qxDocumentSet &set);
-/// Takes back what lintSet noted.
+/// Notes only what it uses.
+void noteUses(qxLintContext &context, const qxDocumentSet &set);
+/// Takes back what these noted.
 void forgetUses(qxLintContext &context, const qxDocumentSet &set);
 ///@}
 /// See qxLintedSet.

@@ -294,6 +294,12 @@ void qxLintParts::lintSet(qxLintContext &context, const qxDocumentSet &set)
     SetLint(context, set).run();
 }
 
+void qxLintParts::noteUses(qxLintContext &context, const qxDocumentSet &set)
+{
+    for (const qxDocumentReference &each : set.references)
+        context.variants.use(each.kind, each.variant).add(each.state, 1);
+}
+
 void qxLintParts::forgetUses(qxLintContext &context, const qxDocumentSet &set)
 {
     for (const qxDocumentReference &each : set.references)

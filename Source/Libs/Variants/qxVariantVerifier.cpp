@@ -29,6 +29,21 @@ namespace {
 
 typedef QSet<QString> Names;
 
+/// How many entries each object of the report has, and one for itself.
+std::vector<int> weights()
+{
+    std::vector<int> all;
+    for (const qxVariantSet *set : qxVariants::_variantSets)
+        all.push_back(1
+                      + int((set->*qxVariantKinds::node.states).size()
+                            + (set->*qxVariantKinds::material.states).size()));
+    for (const qxNodeVariant *variant : qxVariants::_nodeVariants)
+        all.push_back(1 + int(variant->options.size()));
+    for (const qxMaterialVariant *variant : qxVariants::_materialVariants)
+        all.push_back(1 + int(variant->options.size()));
+    return all;
+}
+
 } // namespace
 
 /// The names of the options of variants, each variant's gathered when it is first asked for.
@@ -104,7 +119,9 @@ private:
     bool m_isValid = true;
 };
 
-qxVariantVerifier::qxVariantVerifier() : m_stream(&m_file)
+qxVariantVerifier::qxVariantVerifier() : qxVariantVerifier(qxShare()) {}
+
+qxVariantVerifier::qxVariantVerifier(const qxShare &share) : m_share(share), m_stream(&m_file)
 {
     m_stream.setCodec("UTF-8");
 }
@@ -134,11 +151,21 @@ bool qxVariantVerifier::runChecks()
     }
 }
 
+template <class List, class Check>
+void qxVariantVerifier::checkShare(const List &list, std::size_t before, const Check &check) const
+{
+    const qxShare::Parts parts = m_share.of(weights());
+    for (auto *each : list) {
+        if (parts.contain(before++))
+            check(*each);
+    }
+}
+
 void qxVariantVerifier::verifyVariantSets()
 {
     OptionNames options;
-    for (qxVariantSet *set : qxVariants::_variantSets)
-        verifyVariantSet(*set, options);
+    checkShare(qxVariants::_variantSets, 0,
+               [&](qxVariantSet &set) { verifyVariantSet(set, options); });
 }
 
 void qxVariantVerifier::verifyVariantSet(qxVariantSet &set, OptionNames &options)
@@ -154,8 +181,8 @@ void qxVariantVerifier::verifyVariantSet(qxVariantSet &set, OptionNames &options
 void qxVariantVerifier::verifyNodeVariants()
 {
     const qxFindCache cache(!qxVariants::_nodeVariants.empty());
-    for (qxNodeVariant *variant : qxVariants::_nodeVariants)
-        verifyNodeVariant(*variant);
+    checkShare(qxVariants::_nodeVariants, qxVariants::_variantSets.size(),
+               [this](qxNodeVariant &variant) { verifyNodeVariant(variant); });
 }
 
 void qxVariantVerifier::verifyNodeVariant(qxNodeVariant &variant)
@@ -184,8 +211,9 @@ void qxVariantVerifier::verifyNodeVariant(qxNodeVariant &variant)
 
 void qxVariantVerifier::verifyMaterialVariants()
 {
-    for (qxMaterialVariant *variant : qxVariants::_materialVariants)
-        verifyMaterialVariant(*variant);
+    checkShare(qxVariants::_materialVariants,
+               qxVariants::_variantSets.size() + qxVariants::_nodeVariants.size(),
+               [this](qxMaterialVariant &variant) { verifyMaterialVariant(variant); });
 }
 
 void qxVariantVerifier::verifyMaterialVariant(qxMaterialVariant &variant)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qxShare.h"
+
 #include <QFile>
 #include <QTextStream>
 
@@ -24,6 +26,9 @@ extern const QString KeloMaterialVariantType; ///< "KeloMaterialVariant", reserv
 class qxVariantVerifier {
 public:
     qxVariantVerifier();
+    /// Of the sets, the node variants and the material variants, in this order, the checks pass
+    /// over those outside of that share. The lines of all shares are those of one verifier.
+    explicit qxVariantVerifier(const qxShare &share);
     qxVariantVerifier(const qxVariantVerifier &) = delete;
     qxVariantVerifier &operator=(const qxVariantVerifier &) = delete;
 
@@ -59,12 +64,16 @@ private:
     class OptionNames;
 
     bool runChecks();
+    /// Calls the check for what belongs to the share. So many objects stand before the list.
+    template <class List, class Check>
+    void checkShare(const List &list, std::size_t before, const Check &check) const;
     void verifyVariantSet(qxVariantSet &set, OptionNames &options);
     void verifyNodeVariant(qxNodeVariant &variant);
     void verifyMaterialVariant(qxMaterialVariant &variant);
     /// The line to standard output, and to the report while one is open.
     void report(const QStringList &columns);
 
+    const qxShare m_share;
     QFile m_file;
     QTextStream m_stream;
     int m_errors = 0;

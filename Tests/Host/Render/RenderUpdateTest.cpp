@@ -4,6 +4,7 @@
 #include <OpenSG/OSGThread.h>
 
 #include <array>
+#include <map>
 #include <random>
 
 /// A wall of small squares below switches, hidden and shown, painted and moved by chance.
@@ -60,14 +61,19 @@ private:
 
 TEST_F(RenderUpdateTest, WhatWasKeptGivesThePictureOfAFreshRendererWithAnyNumberOfThreads)
 {
+    std::map<QByteArray, std::vector<std::uint8_t>> pictures;
     for (int round = 0; round < 60; ++round) {
         for (std::size_t i = random(5); i > 0; --i)
             changeSomething();
         settings.quality = round % 10 < 8 ? 0 : round % 10 == 8 ? 5 : -1;
         settings.threads = 0;
+        const QByteArray fingerprint =
+            round % 3 ? renderer.fingerprint(settings) : qxRenderer().fingerprint(settings);
         const TestPicture seen = picture();
+        EXPECT_EQ(renderer.fingerprint(settings), fingerprint);
         settings.threads = 1 + round % 5;
         ASSERT_EQ(seen.bytes(), freshPicture().bytes()) << "round " << round;
+        EXPECT_EQ(pictures.try_emplace(fingerprint, seen.bytes()).first->second, seen.bytes());
     }
 }
 

@@ -59,12 +59,29 @@ protected:
     }
 
     /// Verifies into that file, and answers what goes to standard output.
-    std::string verified(const QString &path, bool isDone)
+    static std::string verified(qxVariantVerifier &verifier, const QString &path, bool isDone)
     {
         testing::internal::CaptureStdout();
         EXPECT_EQ(verifier.verify(path), isDone) << path.toStdString();
         std::fflush(stdout);
         return testing::internal::GetCapturedStdout();
+    }
+    std::string verified(const QString &path, bool isDone)
+    {
+        return verified(verifier, path, isDone);
+    }
+
+    /// The reports of so many verifiers that share the work, one after the other.
+    QByteArray shared(int count, int &errors)
+    {
+        QByteArray all;
+        for (int i = 0; i < count; ++i) {
+            qxVariantVerifier share(qxShare{i, count});
+            verified(share, path("share.csv"), true);
+            all += bytesOf(path("share.csv"));
+            errors += share.errorCount();
+        }
+        return all;
     }
 
     /// Verifies into a file and compares it, and standard output, with the expected report. Nothing
@@ -73,9 +90,14 @@ protected:
     {
         const QByteArray expected = bytesOf(testData("Reports/" + name));
         notifications.clear();
-        EXPECT_EQ(verified(path(name), true), expected.toStdString());
+        EXPECT_EQ(verified(verifier, path(name), true), expected.toStdString());
         EXPECT_EQ(bytesOf(path(name)), expected);
         EXPECT_EQ(verifier.errorCount(), ("\n" + expected).count("\nError,"));
+        for (const int count : {1, 3, 50}) {
+            int errors = 0;
+            EXPECT_EQ(shared(count, errors), expected) << count;
+            EXPECT_EQ(errors, verifier.errorCount());
+        }
         EXPECT_TRUE(notifications.entries().empty() && !qxScenegraph::hasFindCache());
     }
 

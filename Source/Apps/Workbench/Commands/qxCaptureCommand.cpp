@@ -4,7 +4,9 @@
 
 #include "Commands/qxAmbiguousNodes.h"
 #include "Report/qxOutput.h"
+#include "Session/qxPreviewStamp.h"
 #include "Session/qxSession.h"
+#include "Session/qxSetPreviews.h"
 #include "qxCameraService.h"
 #include "qxCommand.h"
 #include "qxNames.h"
@@ -173,7 +175,9 @@ int runCapture(const QCommandLineParser &parser)
     qxVariants::captureVariantsFromRootNodes(
         set, roots, kinds.has("nodes"), kinds.has("materials"), kinds.has("lights"),
         kinds.has("environment"), kinds.has("viewpoint"), kinds.has("transforms"), true, true);
-    set->setPreview(qxVariants::createPreviewImage(false, true));
+    const QByteArray fingerprint = qxSetPreviews::previewFingerprint();
+    set->setPreview(
+        qxPreviewStamp::stamped(qxVariants::createPreviewImage(false, true), fingerprint));
     print(*set, parser.isSet(QStringLiteral("json")));
     return qxCommands::saveIfAsked(session, parser);
 }

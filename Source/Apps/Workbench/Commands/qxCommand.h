@@ -48,6 +48,7 @@ extern const qxCommand previews;
 extern const qxCommand catalogue;
 extern const qxCommand exportScene;
 extern const qxCommand publish;
+extern const qxCommand gather;
 extern const qxCommand explain;
 extern const qxCommand diff;
 extern const qxCommand merge;

@@ -146,10 +146,10 @@ bool isScene(const QString &name)
 const QList<const qxCommand *> &qxCommands::all()
 {
     static const QList<const qxCommand *> commands{
-        &info,     &list,      &state,   &select, &set,        &create,    &document, &verify,
-        &optimize, &lint,      &explain, &diff,   &merge,      &gitSetup,  &rename,   &repair,
-        &table,    &runScript, &python,  &render, &previews,   &catalogue, &publish,  &exportScene,
-        &check,    &capture,   &trust,   &help,   &completion, &manual,
+        &info,     &list,      &state,   &select, &set,      &create,     &document, &verify,
+        &optimize, &lint,      &explain, &diff,   &merge,    &gitSetup,   &rename,   &repair,
+        &table,    &runScript, &python,  &render, &previews, &catalogue,  &publish,  &exportScene,
+        &gather,   &check,     &capture, &trust,  &help,     &completion, &manual,
     };
     return commands;
 }

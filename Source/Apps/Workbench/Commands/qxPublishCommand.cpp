@@ -8,6 +8,7 @@
 #include "Session/qxPictureOptions.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
+#include "qxSharedPictures.h"
 #include "qxUnknownName.h"
 #include "qxValueKind.h"
 
@@ -42,12 +43,16 @@ QList<QCommandLineOption> publishOptions()
                 QStringLiteral("Compresses meshes and pictures, so that the page loads faster.")},
                qxCommands::jsonOption(),
                qxCommands::traceOption()}
-    + qxPictureOptions::all();
+    + qxPictureOptions::all() + qxShardOptions::all();
 }
 
-int checkOptions(const QCommandLineParser &parser)
+int checkOptions(const QCommandLineParser &parser, qxSharedPictures &work)
 {
-    if (!parser.isSet(QStringLiteral("out")) && !parser.isSet(QStringLiteral("single-file")))
+    const int code = work.read({QStringLiteral("out"), QStringLiteral("single-file")});
+    if (code != Success)
+        return code;
+    if (!work.makesParts() && !parser.isSet(QStringLiteral("out"))
+        && !parser.isSet(QStringLiteral("single-file")))
         return qxCommands::fail(QStringLiteral("publish needs --out DIR or --single-file HTML"),
                                 WrongUse);
     const QString language = parser.value(QStringLiteral("language"));
@@ -56,8 +61,8 @@ int checkOptions(const QCommandLineParser &parser)
                                 WrongUse);
     if (!qxPictureOptions::areKnown(parser))
         return WrongUse;
-    const QString flaw = qxPublishedPage::flaw();
-    return flaw.isEmpty() ? Success : qxCommands::fail(flaw);
+    const QString flaw = work.makesParts() ? QString() : qxPublishedPage::flaw();
+    return flaw.isEmpty() ? work.begin(qxSharedPictures::previews()) : qxCommands::fail(flaw);
 }
 
 /// Success, or after saying which group there is not.
@@ -145,16 +150,16 @@ qxPublisher::Wishes wishesOf(const QCommandLineParser &parser)
     return wishes;
 }
 
-bool makePictures(qxPublisher &publisher)
+bool makePictures(qxPublisher &publisher, qxSharedPictures &work)
 {
     const QStringList &names = publisher.withoutPreview();
-    return publisher.makePoster()
-        && qxSetPreviews::visit(names, publisher.preview()) == names.size();
+    return publisher.makePoster() && work.visit(names, publisher.takePreview()) == names.size();
 }
 
 int runPublish(const QCommandLineParser &parser)
 {
-    const int code = checkOptions(parser);
+    qxSharedPictures work(qxCommands::publish, parser);
+    const int code = checkOptions(parser, work);
     if (code != Success)
         return code;
     if (!qxPictureOptions::apply(parser))
@@ -169,10 +174,14 @@ int runPublish(const QCommandLineParser &parser)
     qxSetPreviews::prepare(parser);
     const qxInterrupt interrupt;
     qxPublisher publisher;
+    if (work.makesParts()) {
+        publisher.addStates(session.file(), wishesOf(parser));
+        return work.makeParts(publisher.withoutPreview());
+    }
     const QString flaw = publisher.describe(session.file(), wishesOf(parser));
     if (!flaw.isEmpty())
         return qxCommands::fail(flaw);
-    if (!makePictures(publisher))
+    if (!makePictures(publisher, work))
         return qxCommands::endedEarly(QStringLiteral("nothing was written"),
                                       QStringLiteral("a picture failed"));
     Written written;

@@ -14,6 +14,7 @@
 #include "qxCommand.h"
 #include "qxFileNames.h"
 #include "qxRenderMoment.h"
+#include "qxSharedPictures.h"
 #include "qxText.h"
 #include "qxTurntable.h"
 #include "qxUnknownName.h"
@@ -57,7 +58,7 @@ QList<QCommandLineOption> renderOptions()
          QStringLiteral("VIEWPOINT")},
         {QStringLiteral("size"),
          QStringLiteral("Width and height of a picture in pixels, such as 1280x720, which is the "
-                        "default; 384x256 on a sheet."),
+                        "default; 384x256 on a sheet, unless it is made of --parts."),
          QStringLiteral("WxH")},
         {QStringLiteral("out"),
          QStringLiteral("The picture, a PNG, - for standard output; with --all a folder or a PNG, "
@@ -66,9 +67,10 @@ QList<QCommandLineOption> renderOptions()
         qxTurntable::option(),
         qxCommands::scriptsOption(),
         qxCommands::noScriptsOption(),
+        qxShardOptions::json(),
         qxCommands::traceOption(),
     };
-    return own + qxRenderMoment::options() + qxPictureOptions::all();
+    return own + qxRenderMoment::options() + qxPictureOptions::all() + qxShardOptions::all();
 }
 
 /// An empty size for a text that is none.
@@ -97,16 +99,18 @@ int checkOut(const Job &job)
 }
 
 /// Success, or why the options do not go together.
-int readJob(const QCommandLineParser &parser, Job &job)
+int readJob(const QCommandLineParser &parser, Job &job, qxSharedPictures &work)
 {
     job.set = parser.value(QStringLiteral("set"));
     job.all = parser.isSet(QStringLiteral("all"));
     job.view = parser.value(QStringLiteral("view"));
     job.out = parser.value(QStringLiteral("out"));
-    int code = job.turntable.read(parser);
+    int code = work.read({QStringLiteral("out")});
+    if (code == Success)
+        code = job.turntable.read(parser);
     if (code == Success)
         code = job.moment.read(parser);
-    if (code == Success)
+    if (code == Success && !work.makesParts())
         code = checkOut(job);
     if (code != Success)
         return code;
@@ -116,7 +120,13 @@ int readJob(const QCommandLineParser &parser, Job &job)
         return qxCommands::fail(QStringLiteral("--turntable and --all do not go together"),
                                 WrongUse);
 
-    job.size = job.isSheet() ? qxSetPictures::sheetSize : qxSetPictures::pictureSize;
+    const bool isWhole = work.task() == qxShardOptions::Whole;
+    if (!job.all && !isWhole)
+        return qxCommands::fail(QStringLiteral("--parts needs --all: pictures of sets are shared"),
+                                WrongUse);
+
+    // Shards do not know yet what their pictures are for.
+    job.size = job.isSheet() && isWhole ? qxSetPictures::sheetSize : qxSetPictures::pictureSize;
     if (parser.isSet(QStringLiteral("size")))
         job.size = sizeOf(parser.value(QStringLiteral("size")));
     if (job.size.isEmpty())
@@ -125,6 +135,8 @@ int readJob(const QCommandLineParser &parser, Job &job)
                 .arg(qxSetPictures::longestSide)
                 .arg(parser.value(QStringLiteral("size"))),
             WrongUse);
+    if (work.makesParts())
+        return Success;
     return job.isPicture() ? qxValueKinds::checkFile(job.out) : qxValueKinds::checkFolder(job.out);
 }
 
@@ -161,7 +173,7 @@ void look(const Job &job)
 QByteArray picture(const Job &job)
 {
     look(job);
-    return qxSetPreviews::render(job.size.width(), job.size.height());
+    return qxSetPreviews::render(job.size);
 }
 
 int renderOne(const Job &job)
@@ -181,17 +193,18 @@ int renderOne(const Job &job)
     return qxStreams::write(job.out, png) ? qxCommands::codeAfterScripts() : WorkFailed;
 }
 
-int renderFolder(const Job &job)
+int renderFolder(const Job &job, qxSharedPictures &work)
 {
     const QStringList names = qxSetPreviews::allNames();
     qxFileNames files(QStringLiteral(".png"));
-    const int done = qxSetPreviews::visit(names, [&](qxVariantSet &set) {
-        const QByteArray png = picture(job);
-        const QString path = QDir(job.out).filePath(files.next(set.name));
-        return !png.isEmpty() && qxStreams::write(path, png);
-    });
+    const auto write = [&](const QString &name, const QByteArray &png) {
+        return qxStreams::write(QDir(job.out).filePath(files.next(name)), png);
+    };
+    const int done = work.visit(names, write);
+    if (done < 0)
+        return WorkFailed;
     if (done == names.size())
-        return qxCommands::codeAfterScripts();
+        return work.codeAfterScripts();
     return qxCommands::endedEarly(
         QStringLiteral("%1 holds %2 of %3 pictures").arg(job.out).arg(done).arg(names.size()));
 }
@@ -210,7 +223,7 @@ int renderTurn(Job job)
             const QString name = job.turntable.nameOf(done);
             progress.begin(name);
             job.turntable.look(done);
-            const QByteArray png = qxSetPreviews::render(job.size.width(), job.size.height());
+            const QByteArray png = qxSetPreviews::render(job.size);
             if (png.isEmpty() || !qxStreams::write(QDir(job.out).filePath(name), png))
                 break;
             hint.note(name);
@@ -223,28 +236,41 @@ int renderTurn(Job job)
         QStringLiteral("%1 holds %2 of %3 pictures").arg(job.out).arg(done).arg(count));
 }
 
-int renderSheet(const Job &job)
+int renderSheet(const Job &job, qxSharedPictures &work)
 {
     const QStringList names = qxSetPreviews::allNames();
     qxContactSheet sheet(job.size);
-    const int done =
-        qxSetPreviews::visit(names, qxSetPictures::onSheet(sheet, job.size, [&job] { look(job); }));
-    if (done > 0 && !qxStreams::write(job.out, sheet.png()))
+    const int done = work.visit(names, qxSetPictures::onSheet(sheet));
+    if (done < 0 || (done > 0 && !qxStreams::write(job.out, sheet.png())))
         return WorkFailed;
     if (done == names.size())
-        return qxCommands::codeAfterScripts();
+        return work.codeAfterScripts();
     return qxCommands::endedEarly(
         QStringLiteral("%1 shows %2 of %3 sets").arg(job.out).arg(done).arg(names.size()));
+}
+
+/// What shards make of each set.
+qxSharedPictures::Product product(const Job &job)
+{
+    const auto fingerprint = [&job] {
+        look(job);
+        return qxSetPreviews::fingerprint(job.size);
+    };
+    return {job.size, fingerprint, [&job] { return picture(job); }};
 }
 
 int runRender(const QCommandLineParser &parser)
 {
     Job job;
-    const int code = readJob(parser, job);
+    qxSharedPictures work(qxCommands::render, parser);
+    int code = readJob(parser, job, work);
     if (code != Success)
         return code;
     if (!qxPictureOptions::areKnown(parser, qxPictureOptions::MayBeTransparent))
         return WrongUse;
+    code = work.begin(product(job));
+    if (code != Success)
+        return code;
     if (!qxPictureOptions::apply(parser))
         return WorkFailed;
     qxSession session(parser.isSet(QStringLiteral("trace")));
@@ -260,7 +286,9 @@ int runRender(const QCommandLineParser &parser)
         return renderTurn(job);
     if (!job.all)
         return renderOne(job);
-    return job.isSheet() ? renderSheet(job) : renderFolder(job);
+    if (work.makesParts())
+        return work.makeParts(qxSetPreviews::allNames());
+    return job.isSheet() ? renderSheet(job, work) : renderFolder(job, work);
 }
 
 } // namespace

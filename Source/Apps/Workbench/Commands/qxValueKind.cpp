@@ -46,8 +46,10 @@ const qxValueKind valueKinds[] = {
     {"XML", nullptr, qxValueKind::File, "xml"},
     {"HTML", nullptr, qxValueKind::File, "html"},
     {"CSV", nullptr, qxValueKind::File, "csv"},
+    {"TXT|JSON|XML", nullptr, qxValueKind::File, "txt|json|xml"},
     {"PNG|DIR", nullptr, qxValueKind::FileOrFolder, "png"},
-    {"DIR", nullptr, qxValueKind::Folder, ""},
+    {"RESULT", nullptr, qxValueKind::FileOrFolder, "gltf|glb|png|html|csv|txt|json|xml"},
+    {"DIR", "The folder that --plan and --shard were given as --parts.", qxValueKind::Folder, ""},
 };
 
 /// The options that name what a command writes.
@@ -80,13 +82,23 @@ int checkScene(const QCommandLineOption &option, const QString &name)
     return qxValueKinds::checkFile(name);
 }
 
+/// Those of the kind but for scenes, which are checked otherwise.
+QStringList textSuffixesOf(const qxValueKind &kind)
+{
+    QStringList suffixes = QString::fromLatin1(kind.suffixes).split(QLatin1Char('|'));
+    suffixes.removeAll(QStringLiteral("gltf"));
+    suffixes.removeAll(QStringLiteral("glb"));
+    return suffixes;
+}
+
 /// A file of another suffix may be one that is dear to its owner, such as the scene itself.
-int checkText(const QString &name, const QString &suffix)
+int checkText(const QString &name, const QStringList &suffixes)
 {
     const bool isStream = qxStreams::isStandard(name) || qxOutputFile::isStream(name);
-    if (!isStream && QFileInfo(name).suffix().toLower() != suffix)
+    if (!isStream && !suffixes.contains(QFileInfo(name).suffix().toLower()))
         return fail(WrongUse, name,
-                    QStringLiteral("what is written there ends in .%1").arg(suffix));
+                    QStringLiteral("what is written there ends in .%1")
+                        .arg(suffixes.join(QStringLiteral(" or ."))));
     return qxValueKinds::checkFile(name);
 }
 
@@ -156,7 +168,7 @@ int qxValueKinds::checkOutputs(const qxCommand &command, const QCommandLineParse
                 : option.valueName() == QLatin1String("OUT")
                     || option.valueName() == QLatin1String("GLB") || isSceneOrText(option, name)
                 ? checkScene(option, name)
-                : checkText(name, QString::fromLatin1(kind.suffixes).section('|', -1));
+                : checkText(name, textSuffixesOf(kind));
         if (code != Success)
             return code;
     }

@@ -4,17 +4,25 @@
 #include "Report/qxStreams.h"
 #include "Session/qxSession.h"
 #include "qxCommand.h"
+#include "qxSharedReport.h"
 
 #include <QCommandLineParser>
+#include <QJsonObject>
 #include <QTemporaryFile>
 
 namespace {
 
+const QString errorsKey = QStringLiteral("errors");
+const QString linesKey = QStringLiteral("lines");
+
 QList<QCommandLineOption> verifyOptions()
 {
-    return {{QStringLiteral("report"), QStringLiteral("Writes the same lines to CSV."),
-             QStringLiteral("CSV")},
-            qxCommands::traceOption()};
+    return QList<QCommandLineOption>{{QStringLiteral("report"),
+                                      QStringLiteral("Writes the same lines to CSV."),
+                                      QStringLiteral("CSV")},
+                                     qxShardOptions::json(),
+                                     qxCommands::traceOption()}
+    + qxShardOptions::all();
 }
 
 /// The lines of the report. The verifier writes as it goes, here to a draft.
@@ -26,27 +34,49 @@ bool draw(qxVariantVerifier &verifier, QByteArray &lines)
         && qxStreams::read(draft.fileName(), lines);
 }
 
+/// A share of the report; empty, after saying so, when it cannot be drawn.
+QJsonObject partOf(const qxShare &share)
+{
+    qxVariantVerifier verifier(share);
+    QByteArray lines;
+    if (draw(verifier, lines))
+        return {{errorsKey, verifier.errorCount()}, {linesKey, QString::fromUtf8(lines)}};
+    qxOutput::error(QStringLiteral("the report cannot be written"));
+    return {};
+}
+
 int runVerify(const QCommandLineParser &parser)
 {
-    qxSession session(parser.isSet(QStringLiteral("trace")));
-    if (!session.open(parser.positionalArguments().first()))
-        return WorkFailed;
-    qxVariantVerifier verifier;
     const QString report = parser.value(QStringLiteral("report"));
+    qxSharedReport work(qxCommands::verify, parser);
+    int code = work.read({QStringLiteral("report")});
+    if (code == Success)
+        code = work.begin();
+    if (code != Success)
+        return code;
+    qxSession session(parser.isSet(QStringLiteral("trace")));
+    if (!work.isGathered() && !session.open(parser.positionalArguments().first()))
+        return WorkFailed;
+    if (work.makesParts())
+        return work.makeParts(partOf);
     QByteArray lines;
-    if (!draw(verifier, lines))
-        return qxCommands::fail(QStringLiteral("the report cannot be written"));
+    int errors = 0;
+    const auto take = [&](const QJsonObject &part) {
+        lines += part[linesKey].toString().toUtf8();
+        errors += part[errorsKey].toInt();
+    };
+    if (!work.takeAll(partOf, take))
+        return WorkFailed;
     qxOutput::text(QString::fromUtf8(lines));
     if (!report.isEmpty() && !qxStreams::isStandard(report) && !qxStreams::write(report, lines))
         return WorkFailed;
-    if (verifier.errorCount() == 0)
+    if (errors == 0)
         return Success;
     return qxCommands::fail(
         QStringLiteral("%1 by the letter of the report, to which steps such as \"!Next\" are no "
                        "states; \"workbench lint FILE\" finds what is really wrong")
-            .arg(verifier.errorCount() == 1
-                     ? QStringLiteral("1 error")
-                     : QStringLiteral("%1 errors").arg(verifier.errorCount())));
+            .arg(errors == 1 ? QStringLiteral("1 error")
+                             : QStringLiteral("%1 errors").arg(errors)));
 }
 
 } // namespace

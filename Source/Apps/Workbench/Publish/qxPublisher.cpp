@@ -77,19 +77,16 @@ void qxPublisher::addHead()
     object[QStringLiteral("language")] = m_publication.language;
 }
 
-qxSetPreviews::Work qxPublisher::preview()
+qxSetPreviews::Take qxPublisher::takePreview()
 {
-    return [this](qxVariantSet &set) {
-        qxSetPreviews::Previews made;
-        if (!qxSetPreviews::addPreview(set, made))
-            return false;
-        m_publication.previews[set.name] = jpegOf(made.first());
+    return [this](const QString &name, const QByteArray &png) {
+        m_publication.previews[name] = jpegOf(png);
         return true;
     };
 }
 
 bool qxPublisher::makePoster()
 {
-    m_publication.poster = jpegOf(qxSetPreviews::render(posterSize.width(), posterSize.height()));
+    m_publication.poster = jpegOf(qxSetPreviews::render(posterSize));
     return !m_publication.poster.isEmpty();
 }

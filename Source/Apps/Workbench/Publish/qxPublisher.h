@@ -21,10 +21,13 @@ public:
     /// look first. Why the scene cannot be written; empty if it can.
     QString describe(const qxSceneFile &file, const Wishes &wishes);
 
+    /// The part of describe that finds what is published, without the scene itself.
+    void addStates(const qxSceneFile &file, const Wishes &wishes);
+
     /// The sets that have no preview.
     const QStringList &withoutPreview() const { return m_withoutPreview; }
-    /// Makes the preview of such a set, for qxSetPreviews::visit.
-    qxSetPreviews::Work preview();
+    /// Takes the preview of such a set.
+    qxSetPreviews::Take takePreview();
     /// Makes the picture that is seen until the page has loaded the scene; false if it was
     /// cancelled.
     bool makePoster();
@@ -35,7 +38,6 @@ public:
 
 private:
     QString addScene(const qxSceneFile &file, bool compress);
-    void addStates(const qxSceneFile &file, const Wishes &wishes);
     void addHead();
 
     qxPublication m_publication;

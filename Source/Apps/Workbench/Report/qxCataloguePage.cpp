@@ -9,6 +9,7 @@
 #include "qxFindCache.h"
 #include "qxHtmlWriter.h"
 #include "qxPageStyle.h"
+#include "qxSinkDevice.h"
 
 #include <QImage>
 
@@ -60,9 +61,11 @@ void writeContents(qxHtmlWriter &page, const qxVariantSet &set)
 
 /// A set without a picture is shown with its preview.
 void writePicture(qxHtmlWriter &page, const qxVariantSet &set,
-                  const qxCataloguePage::Pictures &pictures)
+                  const qxCataloguePage::PictureOf &pictureOf)
 {
-    const qxCataloguePage::Picture picture = pictures.value(set.name, {set.getPreview(), {}});
+    qxCataloguePage::Picture picture = pictureOf(set.name);
+    if (picture.large.isEmpty())
+        picture = {set.getPreview(), {}};
     if (QImage::fromData(picture.large).isNull())
         return page.element("div", QStringLiteral("no picture"), "blank");
     page.open("picture");
@@ -73,10 +76,10 @@ void writePicture(qxHtmlWriter &page, const qxVariantSet &set,
 }
 
 void writeSet(qxHtmlWriter &page, const qxVariantSet &set,
-              const qxCataloguePage::Pictures &pictures)
+              const qxCataloguePage::PictureOf &pictureOf)
 {
     page.open("article", "card");
-    writePicture(page, set, pictures);
+    writePicture(page, set, pictureOf);
     page.open("div", "words");
     page.open("div", "head");
     page.element("h3", set.name);
@@ -128,7 +131,7 @@ void writeHeading(qxHtmlWriter &page, int number, const Section &section)
 }
 
 void writeSection(qxHtmlWriter &page, int number, const Section &section,
-                  const qxCataloguePage::Pictures &pictures)
+                  const qxCataloguePage::PictureOf &pictureOf)
 {
     page.open("section");
     writeHeading(page, number, section);
@@ -139,7 +142,7 @@ void writeSection(qxHtmlWriter &page, int number, const Section &section,
     else
         page.open("div", "cards");
     for (const qxVariantSet *set : section.sets)
-        writeSet(page, *set, pictures);
+        writeSet(page, *set, pictureOf);
     if (!section.sets.isEmpty())
         page.close();
     page.close();
@@ -199,17 +202,13 @@ void writeHead(qxHtmlWriter &page, const QString &title, const QList<Section> &s
     page.close();
 }
 
-} // namespace
-
-QByteArray qxCataloguePage::html(const QString &title, const Pictures &pictures)
+void write(qxHtmlWriter &page, const QString &title, const qxCataloguePage::PictureOf &pictureOf)
 {
-    QList<Section> sections = sectionsOfSets();
+    const QList<Section> sections = sectionsOfSets();
     const Section variants{QStringLiteral("Variants"), {}, {}, {}};
-    QByteArray bytes;
-    qxHtmlWriter page(bytes, title, QString::fromUtf8(qxPageStyle));
     writeHead(page, title, sections + QList<Section>{variants});
     for (int number = 0; number < sections.size(); ++number)
-        writeSection(page, number, sections[number], pictures);
+        writeSection(page, number, sections[number], pictureOf);
     page.open("section");
     writeHeading(page, sections.size(), variants);
     if (qxVariantKinds::count() == 0)
@@ -217,5 +216,22 @@ QByteArray qxCataloguePage::html(const QString &title, const Pictures &pictures)
     else
         writeVariants(page);
     page.finish();
-    return bytes;
+}
+
+} // namespace
+
+qxOutputFile::Content qxCataloguePage::html(const QString &title, const PictureOf &pictureOf)
+{
+    return [title, pictureOf](const qxOutputFile::Sink &sink) {
+        qxSinkDevice device(sink);
+        qxHtmlWriter page(device, title, QString::fromUtf8(qxPageStyle));
+        write(page, title, pictureOf);
+        device.flush();
+        return QString();
+    };
+}
+
+qxOutputFile::Content qxCataloguePage::html(const QString &title, const Pictures &pictures)
+{
+    return html(title, [pictures](const QString &set) { return pictures.value(set); });
 }

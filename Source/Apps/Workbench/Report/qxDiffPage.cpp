@@ -6,6 +6,7 @@
 #include "qxPageStyle.h"
 #include "qxPreviewPicture.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
 
@@ -147,7 +148,8 @@ void writeScene(qxHtmlWriter &page, const qxFileComparison &comparison)
 QByteArray qxDiffPage::html(const qxFileComparison &comparison)
 {
     const QString title = QFileInfo(comparison.nameAfter).fileName();
-    QByteArray bytes;
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
     qxHtmlWriter page(bytes, QStringLiteral("Differences of ") + title,
                       QString::fromUtf8(qxPageStyle) + QString::fromUtf8(ownStyle));
     page.element("h1", QStringLiteral("Differences of ") + title);
@@ -158,5 +160,5 @@ QByteArray qxDiffPage::html(const qxFileComparison &comparison)
     writeThings(page, comparison);
     writeScene(page, comparison);
     page.finish();
-    return bytes;
+    return bytes.data();
 }

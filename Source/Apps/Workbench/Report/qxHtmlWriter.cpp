@@ -32,7 +32,7 @@ QString dataUri(QByteArray bytes)
 
 } // namespace
 
-qxHtmlWriter::qxHtmlWriter(QByteArray &page, const QString &title, const QString &style)
+qxHtmlWriter::qxHtmlWriter(QIODevice &page, const QString &title, const QString &style)
     : m_writer(&page)
 {
     m_writer.writeDTD(QStringLiteral("<!DOCTYPE html>\n"));

@@ -7,7 +7,7 @@ class qxHtmlWriter {
 public:
     /// Writes the beginning of the page, up to its body. The style is without quotation marks, "<",
     /// ">" and "&", which mean different things there in HTML and in XML.
-    qxHtmlWriter(QByteArray &page, const QString &title, const QString &style);
+    qxHtmlWriter(QIODevice &page, const QString &title, const QString &style);
 
     void open(const char *tag, const char *cssClass = nullptr);
     void attribute(const char *name, const QString &value);

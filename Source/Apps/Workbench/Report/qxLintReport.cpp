@@ -1,7 +1,9 @@
 #include "Report/qxLintReport.h"
 
+#include "Core/qxVisibleText.h"
 #include "qxOutput.h"
 
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QXmlStreamWriter>
@@ -9,6 +11,13 @@
 #include <algorithm>
 
 namespace {
+
+const QString codeKey = QStringLiteral("code");
+const QString messageKey = QStringLiteral("message");
+const QString pathKey = QStringLiteral("path");
+const QString lineKey = QStringLiteral("line");
+const QString columnKey = QStringLiteral("column");
+const QString moreKey = QStringLiteral("more");
 
 QString placeOf(const qxFinding &finding)
 {
@@ -100,7 +109,7 @@ int qxLintReport::count(const qxFindings &findings, qxSeverity severity)
     return count;
 }
 
-void qxLintReport::print(const qxFindings &findings)
+QByteArray qxLintReport::text(const qxFindings &findings)
 {
     QString text;
     for (const qxFinding &each : findings)
@@ -108,37 +117,62 @@ void qxLintReport::print(const qxFindings &findings)
                     .arg(placeOf(each), qxCheckCodes::word(each.severity()),
                          qxCheckCodes::id(each.code), each.message, each.path)
             + moreOf(each);
-    qxOutput::text(text);
     if (findings.isEmpty())
-        return qxOutput::line(QStringLiteral("no findings"));
-    qxOutput::line(QStringLiteral("%1, %2, %3")
-                       .arg(counted(count(findings, qxSeverity::Error), "error"),
-                            counted(count(findings, qxSeverity::Warning), "warning"),
-                            counted(count(findings, qxSeverity::Hint), "hint")));
+        text += QStringLiteral("no findings\n");
+    else
+        text += QStringLiteral("%1, %2, %3\n")
+                    .arg(counted(count(findings, qxSeverity::Error), "error"),
+                         counted(count(findings, qxSeverity::Warning), "warning"),
+                         counted(count(findings, qxSeverity::Hint), "hint"));
+    return qxVisibleText::lines(text).toUtf8();
 }
 
-void qxLintReport::printJson(const QString &file, const qxFindings &findings)
+QJsonArray qxLintReport::toJson(const qxFindings &findings)
 {
     QJsonArray array;
     for (const qxFinding &each : findings) {
-        QJsonObject object{{QStringLiteral("code"), qxCheckCodes::id(each.code)},
+        QJsonObject object{{codeKey, qxCheckCodes::id(each.code)},
                            {QStringLiteral("severity"), qxCheckCodes::word(each.severity())},
-                           {QStringLiteral("message"), each.message},
-                           {QStringLiteral("path"), each.path},
-                           {QStringLiteral("line"), each.line},
-                           {QStringLiteral("column"), each.column}};
+                           {messageKey, each.message},
+                           {pathKey, each.path},
+                           {lineKey, each.line},
+                           {columnKey, each.column}};
         if (each.more > 0)
-            object.insert(QStringLiteral("more"), each.more);
+            object.insert(moreKey, each.more);
         array += object;
     }
-    qxOutput::json(QJsonObject{{QStringLiteral("file"), file},
-                               {QStringLiteral("findings"), array},
-                               {QStringLiteral("errors"), count(findings, qxSeverity::Error)},
-                               {QStringLiteral("warnings"), count(findings, qxSeverity::Warning)},
-                               {QStringLiteral("hints"), count(findings, qxSeverity::Hint)}});
+    return array;
 }
 
-void qxLintReport::printJUnit(const QString &file, const qxFindings &findings)
+qxFindings qxLintReport::fromJson(const QJsonArray &array)
+{
+    QHash<QString, qxCode> codes;
+    for (const qxCodeRow &row : qxCheckCodes::all())
+        codes.insert(QLatin1String(row.id), row.code);
+    qxFindings findings;
+    for (const QJsonValue &each : array)
+        findings.append({codes.value(each[codeKey].toString(), qxCode::UnreadableDocument),
+                         each[messageKey].toString(),
+                         each[pathKey].toString(),
+                         each[lineKey].toInt(),
+                         each[columnKey].toInt(),
+                         each[moreKey].toInt(),
+                         {},
+                         {}});
+    return findings;
+}
+
+QByteArray qxLintReport::json(const QString &file, const qxFindings &findings)
+{
+    return qxOutput::jsonText(
+        QJsonObject{{QStringLiteral("file"), file},
+                    {QStringLiteral("findings"), toJson(findings)},
+                    {QStringLiteral("errors"), count(findings, qxSeverity::Error)},
+                    {QStringLiteral("warnings"), count(findings, qxSeverity::Warning)},
+                    {QStringLiteral("hints"), count(findings, qxSeverity::Hint)}});
+}
+
+QByteArray qxLintReport::jUnit(const QString &file, const qxFindings &findings)
 {
     const QVector<qxCodeRow> rows = lintCodes();
     QStringList failed;
@@ -163,5 +197,5 @@ void qxLintReport::printJUnit(const QString &file, const qxFindings &findings)
     for (const qxCodeRow &row : rows)
         writeCase(xml, row, only(findings, row.code));
     xml.writeEndDocument();
-    qxOutput::bytes(bytes);
+    return bytes;
 }

@@ -16,9 +16,9 @@ namespace {
 const int widestColumn = 500; ///< one long name does not make every row as long
 const int atOnce = 1 << 16; ///< characters of rows
 
-void printJson(const QJsonDocument &document)
+QByteArray textOf(const QJsonDocument &document)
 {
-    qxOutput::bytes(qxVisibleText::json(QString::fromUtf8(document.toJson())).toUtf8());
+    return qxVisibleText::json(QString::fromUtf8(document.toJson())).toUtf8();
 }
 
 } // namespace
@@ -56,12 +56,17 @@ void qxOutput::line(const QString &line, Color color)
 
 void qxOutput::json(const QJsonObject &object)
 {
-    printJson(QJsonDocument(object));
+    bytes(jsonText(object));
+}
+
+QByteArray qxOutput::jsonText(const QJsonObject &object)
+{
+    return textOf(QJsonDocument(object));
 }
 
 void qxOutput::json(const QJsonArray &array)
 {
-    printJson(QJsonDocument(array));
+    bytes(textOf(QJsonDocument(array)));
 }
 
 void qxOutput::table(const QList<QStringList> &cells)

@@ -24,6 +24,8 @@ void line(const QString &line, Color color);
 /// Bytes as they are; on a terminal control characters are escaped.
 void bytes(const QByteArray &bytes);
 void json(const QJsonObject &object);
+/// What json prints.
+QByteArray jsonText(const QJsonObject &object);
 void json(const QJsonArray &array);
 /// Whether everything that went to standard output so far could be written.
 bool isWhole();

@@ -1,6 +1,5 @@
 #include "qxStreams.h"
 
-#include "Files/qxOutputFile.h"
 #include "qxLog.h"
 #include "qxOutput.h"
 #include "qxText.h"
@@ -10,6 +9,14 @@
 #include <cstdio>
 
 namespace {
+
+qxOutputFile::Content whole(const QByteArray &bytes)
+{
+    return [bytes](const qxOutputFile::Sink &sink) {
+        sink(bytes);
+        return QString();
+    };
+}
 
 bool fail(const QString &name, const QString &reason)
 {
@@ -36,18 +43,28 @@ bool qxStreams::read(const QString &name, QByteArray &bytes)
 
 bool qxStreams::write(const QString &name, const QByteArray &bytes)
 {
-    if (isStandard(name)) {
+    return write(name, whole(bytes));
+}
+
+bool qxStreams::write(const QString &name, const qxOutputFile::Content &content)
+{
+    const auto print = [](const QByteArray &bytes) {
         qxOutput::bytes(bytes);
         return true;
-    }
-    const QString flaw = writeFile(name, bytes);
+    };
+    const QString flaw = isStandard(name) ? content(print) : writeFile(name, content);
     return flaw.isEmpty() || fail(name, flaw);
 }
 
 QString qxStreams::writeFile(const QString &name, const QByteArray &bytes)
 {
+    return writeFile(name, whole(bytes));
+}
+
+QString qxStreams::writeFile(const QString &name, const qxOutputFile::Content &content)
+{
     qxOutputFile file(name);
-    const bool isWritten = file.prepare(bytes) && file.commit();
+    const bool isWritten = file.prepare(content) && file.commit();
     for (const QString &warning : file.warnings())
         qxLog::warning("%s: %s", qxText::toUtf8(name).c_str(), qxText::toUtf8(warning).c_str());
     return isWritten ? QString() : file.errorString();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Files/qxOutputFile.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -8,11 +10,17 @@
 namespace qxStreams {
 
 bool read(const QString &name, QByteArray &bytes);
+///@{
 /// A file is written completely or not at all; errors of standard output are reported when the
 /// command ends.
 bool write(const QString &name, const QByteArray &bytes);
+bool write(const QString &name, const qxOutputFile::Content &content);
+///@}
+///@{
 /// The same for a file, without a word on standard error: empty, or why it cannot be written.
 QString writeFile(const QString &name, const QByteArray &bytes);
+QString writeFile(const QString &name, const qxOutputFile::Content &content);
+///@}
 
 /// Whether the name is "-".
 bool isStandard(const QString &name);

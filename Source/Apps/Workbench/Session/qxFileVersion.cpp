@@ -1,13 +1,11 @@
 #include "Session/qxFileVersion.h"
 
 #include "Files/qxDocumentFile.h"
+#include "Session/qxNeededFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonObject>
 #include <QProcess>
-#include <QUrl>
 
 bool qxFileVersion::find(const QString &file, const QString &version)
 {
@@ -63,22 +61,13 @@ bool qxFileVersion::takeNeeded()
         m_error = scene.errorString();
         return false;
     }
-    const QJsonObject json = scene.sceneJson();
-    for (const char *const list : {"buffers", "images"}) {
-        for (const QJsonValue &each : json[QLatin1String(list)].toArray()) {
-            const QString uri = each[QLatin1String("uri")].toString();
-            const QString name = QDir::cleanPath(QUrl::fromPercentEncoding(uri.toUtf8()));
-            const bool isBeside = !uri.isEmpty() && !uri.contains(QLatin1Char(':'))
-                && QDir::isRelativePath(name) && !name.startsWith(QLatin1String(".."));
-            if (!isBeside)
-                continue;
-            QByteArray bytes;
-            QFile present(QDir(m_home).filePath(name));
-            if (!fetch(name, bytes) && present.open(QIODevice::ReadOnly))
-                bytes = present.readAll();
-            if (!write(name, bytes))
-                return false;
-        }
+    for (const QString &name : qxNeededFiles::of(scene.sceneJson())) {
+        QByteArray bytes;
+        QFile present(QDir(m_home).filePath(name));
+        if (!fetch(name, bytes) && present.open(QIODevice::ReadOnly))
+            bytes = present.readAll();
+        if (!write(name, bytes))
+            return false;
     }
     return true;
 }

@@ -1,5 +1,6 @@
 #include "qxPictureOptions.h"
 
+#include "Render/qxTiles.h"
 #include "Render/qxViewSettings.h"
 #include "Report/qxOutput.h"
 
@@ -11,6 +12,7 @@
 namespace {
 
 const double MostSteps = 20; ///< of the exposure, in each direction
+const int MostThreads = 1024;
 
 bool fail(const char *option, const QString &rule, const QString &value)
 {
@@ -36,6 +38,18 @@ bool isNumber(const QCommandLineParser &parser, const char *option, double most)
     if (!parser.isSet(QLatin1String(option)) || (isNumber && std::fabs(number) <= most))
         return true;
     return fail(option, QStringLiteral("a number from -%1 to %1").arg(most), value);
+}
+
+/// Also when it is not given.
+bool isThreads(const QCommandLineParser &parser)
+{
+    const QString value = parser.value(QStringLiteral("threads"));
+    bool isNumber = false;
+    const int threads = value.toInt(&isNumber);
+    if (!parser.isSet(QStringLiteral("threads"))
+        || (isNumber && threads >= 1 && threads <= MostThreads))
+        return true;
+    return fail("threads", QStringLiteral("a whole number from 1 to %1").arg(MostThreads), value);
 }
 
 QColor colourOf(const QString &text)
@@ -95,6 +109,10 @@ QList<QCommandLineOption> qxPictureOptions::all()
          QStringLiteral("Whether an invisible ground shows shadows of the scene; by default where "
                         "it has no floor of its own."),
          QStringLiteral("auto|on|off")},
+        {QStringLiteral("threads"),
+         QStringLiteral("How many threads draw, by default one for each processor. The pictures "
+                        "are the same."),
+         QStringLiteral("COUNT")},
     };
 }
 
@@ -102,7 +120,7 @@ bool qxPictureOptions::areKnown(const QCommandLineParser &parser, Transparency t
 {
     return isOneOf(parser, "quality", {QStringLiteral("quick"), QStringLiteral("best")})
         && isNumber(parser, "environment-rotation", 360) && isNumber(parser, "exposure", MostSteps)
-        && isBackground(parser, transparency)
+        && isBackground(parser, transparency) && isThreads(parser)
         && isOneOf(parser, "ground",
                    {QStringLiteral("auto"), QStringLiteral("on"), QStringLiteral("off")});
 }
@@ -112,6 +130,7 @@ bool qxPictureOptions::apply(const QCommandLineParser &parser)
     qxViewSettings &view = qxViewSettings::the();
     view.environmentRotation = parser.value(QStringLiteral("environment-rotation")).toFloat();
     view.exposure = parser.value(QStringLiteral("exposure")).toFloat();
+    qxProgramThreads() = parser.value(QStringLiteral("threads")).toInt();
     const QString background = parser.value(QStringLiteral("background"));
     if (!background.isEmpty())
         view.background = backgroundOf(background);

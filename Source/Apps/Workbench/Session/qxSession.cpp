@@ -12,10 +12,12 @@
 #include "Report/qxOutput.h"
 #include "qxLog.h"
 #include "qxNames.h"
+#include "qxPreviewMarks.h"
 
 #include <OpenSG/OSGSwitchMaterial.h>
 
 #include <QCoreApplication>
+#include <QScopeGuard>
 
 namespace {
 
@@ -173,13 +175,23 @@ bool qxSession::isEmpty() const
 
 bool qxSession::save(const QString &path)
 {
+    return save(path, PreviewFiles());
+}
+
+bool qxSession::save(const QString &path, const PreviewFiles &previews)
+{
     m_failure.clear();
+    const qxPreviewMarks marks(previews);
+    const auto unmark = qScopeGuard([&, before = m_file->variantsDocument()] {
+        if (!marks.files().isEmpty())
+            m_file->setVariantsDocument(before);
+    });
     if (!isEmpty() || !m_file->variantsDocument().isEmpty()) {
         const QByteArray document = qxVariantWriter().write();
         if (document != m_imported)
             m_file->setVariantsDocument(document);
     }
-    if (m_file->save(path)) {
+    if (m_file->save(path, marks.files())) {
         rememberScripts(path);
         logWarnings(*m_file);
         return true;

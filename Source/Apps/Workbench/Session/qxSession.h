@@ -6,7 +6,7 @@
 #include "Script/qxFileScripts.h"
 #include "qxHost.h"
 
-#include <QString>
+#include <QMap>
 
 #include <memory>
 #include <optional>
@@ -40,6 +40,11 @@ public:
     /// Saves scene and variants; a file without variants, or with only its own material variants,
     /// gets no document.
     bool save(const QString &path);
+    /// Files of previews, by the names of sets.
+    typedef QMap<QString, QString> PreviewFiles;
+    /// The same with these previews in place of those that the sets have, which keep theirs. Only
+    /// one is in memory at a time.
+    bool save(const QString &path, const PreviewFiles &previews);
 
     const qxSceneFile &file() const { return *m_file; }
     /// The scripts that came with the file.

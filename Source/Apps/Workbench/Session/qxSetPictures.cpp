@@ -1,7 +1,5 @@
 #include "qxSetPictures.h"
 
-#include "qxVariantSet.h"
-
 #include "Report/qxContactSheet.h"
 
 #include <QBuffer>
@@ -9,14 +7,7 @@
 
 namespace {
 
-/// On a card of the page; fine screens and phones show the pictures twice as large.
-constexpr QSize cardSize(330, 220);
 constexpr int JpegQuality = 85;
-
-QImage rendered(const QSize &size)
-{
-    return QImage::fromData(qxSetPreviews::render(size.width(), size.height()));
-}
 
 } // namespace
 
@@ -28,30 +19,36 @@ QByteArray qxSetPictures::jpeg(const QImage &picture)
     return buffer.data();
 }
 
-qxSetPreviews::Work qxSetPictures::onSheet(qxContactSheet &sheet, const QSize &size,
-                                           const std::function<void()> &look)
+qxSetPreviews::Make qxSetPictures::ofSize(const QSize &size)
 {
-    return [&sheet, size, look](qxVariantSet &set) {
-        if (look)
-            look();
-        const QString name = set.name; // Who is shown the progress may remove the set.
-        const QImage picture = rendered(size);
+    return [size] { return qxSetPreviews::render(size); };
+}
+
+qxSetPreviews::Take qxSetPictures::onSheet(qxContactSheet &sheet)
+{
+    return [&sheet](const QString &name, const QByteArray &png) {
+        const QImage picture = QImage::fromData(png);
         if (!picture.isNull())
             sheet.add(picture, name);
         return !picture.isNull();
     };
 }
 
-qxSetPreviews::Work qxSetPictures::onPage(qxCataloguePage::Pictures &pictures)
+qxCataloguePage::Picture qxSetPictures::onPage(const QByteArray &png)
 {
-    return [&pictures](qxVariantSet &set) {
-        const QString name = set.name;
-        const QImage picture = rendered(cardSize * 2);
-        if (picture.isNull())
-            return false;
-        const QImage small =
-            picture.scaled(cardSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        pictures[name] = {jpeg(picture), jpeg(small)};
-        return true;
+    const QImage picture = QImage::fromData(png);
+    if (picture.isNull())
+        return {};
+    const QImage small = picture.scaled(cardSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return {jpeg(picture), jpeg(small)};
+}
+
+qxSetPreviews::Take qxSetPictures::onPage(qxCataloguePage::Pictures &pictures)
+{
+    return [&pictures](const QString &name, const QByteArray &png) {
+        const qxCataloguePage::Picture picture = onPage(png);
+        if (!picture.large.isEmpty())
+            pictures[name] = picture;
+        return !picture.large.isEmpty();
     };
 }

@@ -4,6 +4,7 @@
 #include "qxVariants.h"
 
 #include "Animation/qxAnimationPlayer.h"
+#include "Pictures/qxScenePicture.h"
 #include "Report/qxOutput.h"
 #include "Report/qxPictureHint.h"
 #include "Report/qxProgress.h"
@@ -11,6 +12,7 @@
 #include "qxImageWriter.h"
 #include "qxInterrupt.h"
 #include "qxOSGWidget.h"
+#include "qxPreviewStamp.h"
 #include "qxRaytracingManager.h"
 #include "qxSceneSnapshot.h"
 #include "qxSession.h"
@@ -84,8 +86,9 @@ int qxSetPreviews::visit(const QStringList &names, const Work &work)
         return true;
     };
     const auto workAndNote = [&](qxVariantSet &set) {
+        const int before = qxScenePicture::count();
         const bool isDone = work(set);
-        if (isDone)
+        if (isDone && qxScenePicture::count() != before)
             hint.note(set.name);
         return isDone;
     };
@@ -95,12 +98,25 @@ int qxSetPreviews::visit(const QStringList &names, const Work &work)
     return done;
 }
 
-bool qxSetPreviews::addPreview(const qxVariantSet &set, Previews &previews)
+qxSetPreviews::Work qxSetPreviews::each(const Make &make, const Take &take)
 {
-    const QByteArray preview = qxVariants::createPreviewImage(true, true);
-    if (!preview.isEmpty())
-        previews[set.name] = preview;
-    return !preview.isEmpty();
+    return [make, take](qxVariantSet &set) {
+        const QString name = set.name; // Who is shown the progress may remove the set.
+        const QByteArray png = make();
+        return !png.isEmpty() && take(name, png);
+    };
+}
+
+QByteArray qxSetPreviews::preview()
+{
+    const QByteArray fingerprint = previewFingerprint();
+    return qxPreviewStamp::stamped(qxVariants::createPreviewImage(true, true), fingerprint);
+}
+
+bool qxSetPreviews::isStale(const qxVariantSet &set)
+{
+    const QByteArray stamp = qxPreviewStamp::of(set.getPreview());
+    return stamp.isEmpty() || stamp != previewFingerprint();
 }
 
 bool qxSetPreviews::reopen(qxSession &session, const QString &file, const Previews &previews)
@@ -132,10 +148,23 @@ QStringList qxSetPreviews::namesWithoutPreview()
     return names;
 }
 
-QByteArray qxSetPreviews::render(int width, int height)
+QByteArray qxSetPreviews::fingerprint(const QSize &size)
+{
+    return qxScenePicture::fingerprint(qxScenePicture::settings(size.width(), size.height()));
+}
+
+QByteArray qxSetPreviews::previewFingerprint()
+{
+    qxPictureSettings made = settings();
+    if (!qxOSGWidget::getRaytracing())
+        made.quality = qxPictureSettings::Quick;
+    return qxScenePicture::fingerprint(made);
+}
+
+QByteArray qxSetPreviews::render(const QSize &size)
 {
     qxImageWriter writer;
-    writer.exportImageFastInit(width, height, 0);
+    writer.exportImageFastInit(size.width(), size.height(), 0);
     const std::string png = writer.exportImageFast();
     writer.exportImageFastTerminate();
     return QByteArray::fromStdString(png);

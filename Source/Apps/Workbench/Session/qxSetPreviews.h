@@ -4,6 +4,7 @@
 #include "Render/qxPicture.h"
 
 #include <QMap>
+#include <QSize>
 #include <QStringList>
 
 #include <functional>
@@ -43,10 +44,21 @@ int visit(const QStringList &names, const Begin &begin, const Work &work);
 /// error lists the sets whose pictures show nothing of the scene.
 int visit(const QStringList &names, const Work &work);
 
+/// Makes a picture of the set that is selected, a PNG; empty if it was cancelled.
+typedef std::function<QByteArray()> Make;
+/// Takes the picture of the set of that name; returns false to end the work.
+typedef std::function<bool(const QString &name, const QByteArray &png)> Take;
+/// Makes the picture of each set and has it taken.
+Work each(const Make &make, const Take &take);
+
 typedef QMap<QString, QByteArray> Previews; ///< by the names of sets
 
-/// Adds a preview of the set, which is selected. False if the user cancelled it.
-bool addPreview(const qxVariantSet &set, Previews &previews);
+/// Renders the preview of the set that is selected, with its stamp (qxPreviewStamp); empty if it
+/// was cancelled.
+QByteArray preview();
+/// Whether the preview that the set has, which is selected, is none or another one than would be
+/// rendered, by its stamp alone.
+bool isStale(const qxVariantSet &set);
 /// Opens the file again and gives its sets these previews, because scripts of the sets may have
 /// changed the scene. False if it cannot be opened.
 bool reopen(qxSession &session, const QString &file, const Previews &previews);
@@ -57,7 +69,13 @@ QStringList allNames();
 QStringList namesWithoutPreview();
 
 /// Renders a PNG of the current scene; empty when it was interrupted.
-QByteArray render(int width, int height);
+QByteArray render(const QSize &size);
+///@{
+/// What such a picture, or a preview, would be made from now, as 40 hexadecimal digits
+/// (qxRenderer::fingerprint); nothing is drawn. Empty when there can be no picture.
+QByteArray fingerprint(const QSize &size);
+QByteArray previewFingerprint();
+///@}
 
 } // namespace qxSetPreviews
 

@@ -113,11 +113,11 @@ QByteArray qxPictureExport::picture(const qxPictureWish &wish, const QString &fi
     const qxPictureScope scope(wish.quality(), wish.isTransparent && hasAlpha);
     qxExportProgress progress(1, m_window);
     progress.begin(QFileInfo(file).fileName());
-    return qxSetPreviews::render(wish.size.width(), wish.size.height());
+    return qxSetPreviews::render(wish.size);
 }
 
-/// Visits all sets from the first viewpoint. False when it was cancelled.
-bool qxPictureExport::visitAll(const qxSetPreviews::Work &work, int quality)
+/// Makes pictures of all sets from the first viewpoint. False when it was cancelled.
+bool qxPictureExport::takeAll(const QSize &size, int quality, const qxSetPreviews::Take &take)
 {
     const QStringList names = qxSetPreviews::allNames();
     int done = 0;
@@ -126,7 +126,8 @@ bool qxPictureExport::visitAll(const qxSetPreviews::Work &work, int quality)
         const qxStartView view;
         qxExportProgress progress(names.size(), m_window);
         done = qxSetPreviews::visit(
-            names, [&progress](const QString &set) { return progress.begin(set); }, work);
+            names, [&progress](const QString &set) { return progress.begin(set); },
+            qxSetPreviews::each(qxSetPictures::ofSize(size), take));
     });
     Q_EMIT qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
@@ -145,7 +146,7 @@ void qxPictureExport::saveSheet()
     const QString file =
         askForFile(tr("Save Sheet"), QStringLiteral("png"), {tr("PNG pictures (*.png)")});
     qxContactSheet sheet(wish->size);
-    if (!file.isEmpty() && visitAll(qxSetPictures::onSheet(sheet, wish->size), wish->quality()))
+    if (!file.isEmpty() && takeAll(wish->size, wish->quality(), qxSetPictures::onSheet(sheet)))
         write(file, sheet.png());
 }
 
@@ -154,10 +155,14 @@ void qxPictureExport::exportCatalogue()
     const QString file =
         askForFile(tr("Export Catalogue"), QStringLiteral("html"), {tr("Web pages (*.html)")});
     qxCataloguePage::Pictures pictures;
-    if (file.isEmpty() || !visitAll(qxSetPictures::onPage(pictures), qxSetPictures::pageSamples))
+    if (file.isEmpty()
+        || !takeAll(qxSetPictures::pageSize, qxSetPictures::pageSamples,
+                    qxSetPictures::onPage(pictures)))
         return;
     const QString title = QFileInfo(m_scenePath()).fileName();
-    write(file, qxCataloguePage::html(title.isEmpty() ? tr("Scene") : title, pictures));
+    showResult(file,
+               qxStreams::writeFile(
+                   file, qxCataloguePage::html(title.isEmpty() ? tr("Scene") : title, pictures)));
 }
 
 void qxPictureExport::exportPage()
@@ -198,7 +203,10 @@ bool qxPictureExport::publish(qxPublisher &publisher)
         qxExportProgress progress(names.size() + 1, m_window);
         const auto begin = [&progress](const QString &set) { return progress.begin(set); };
         isDone = progress.begin(wishes.title) && publisher.makePoster()
-            && qxSetPreviews::visit(names, begin, publisher.preview()) == names.size();
+            && qxSetPreviews::visit(
+                   names, begin,
+                   qxSetPreviews::each(qxSetPreviews::preview, publisher.takePreview()))
+                == names.size();
     });
     Q_EMIT qxPanelChanges::the().sceneRestored();
     qxController::updateRender(true);
@@ -207,9 +215,12 @@ bool qxPictureExport::publish(qxPublisher &publisher)
 
 void qxPictureExport::write(const QString &file, const QByteArray &bytes)
 {
+    showResult(file, bytes.isEmpty() ? tr("It is too large.") : qxStreams::writeFile(file, bytes));
+}
+
+void qxPictureExport::showResult(const QString &file, const QString &flaw)
+{
     const QString name = QFileInfo(file).fileName();
-    const QString flaw =
-        bytes.isEmpty() ? tr("It is too large.") : qxStreams::writeFile(file, bytes);
     if (flaw.isEmpty())
         Q_EMIT done(tr("\"%1\" is saved.").arg(name));
     else

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "Session/qxSetPreviews.h"
+
 #include <QObject>
 
 #include <functional>
 
 class qxPublisher;
 class qxSession;
-class qxVariantSet;
 class qxVariantSetsDock;
 struct qxPictureWish;
 
@@ -36,8 +37,10 @@ Q_SIGNALS:
 private:
     QString askForFile(const QString &title, const QString &suffix, const QStringList &filters);
     QByteArray picture(const qxPictureWish &wish, const QString &file);
-    bool visitAll(const std::function<bool(qxVariantSet &set)> &work, int quality);
+    bool takeAll(const QSize &size, int quality, const qxSetPreviews::Take &take);
     void write(const QString &file, const QByteArray &bytes);
+    /// That the file is saved, or why it cannot be written.
+    void showResult(const QString &file, const QString &flaw);
     void showProblem(const QString &what, const QString &reason);
 
     bool publish(qxPublisher &publisher);

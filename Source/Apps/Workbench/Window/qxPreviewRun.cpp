@@ -5,7 +5,9 @@
 #include "Pictures/qxMainGlView.h"
 #include "Pictures/qxPictureJob.h"
 #include "Pictures/qxPicturePng.h"
+#include "Pictures/qxScenePicture.h"
 #include "Script/qxScriptNesting.h"
+#include "Session/qxPreviewStamp.h"
 #include "Session/qxSetPreviews.h"
 
 #include <QApplication>
@@ -62,8 +64,10 @@ std::unique_ptr<qxPictureJob> qxPreviewRun::begin()
         return job;
     m_quietly([this, &job] {
         const qxStartView view;
-        qxSetPreviews::visit(m_waiting.first(), [&job](qxVariantSet &) {
-            job = std::make_unique<qxPictureJob>(qxSetPreviews::settings());
+        qxSetPreviews::visit(m_waiting.first(), [this, &job](qxVariantSet &) {
+            const qxPictureSettings settings = qxSetPreviews::settings();
+            m_fingerprint = qxScenePicture::fingerprint(settings);
+            job = std::make_unique<qxPictureJob>(settings);
             return true;
         });
     });
@@ -81,7 +85,8 @@ void qxPreviewRun::take(const qxPicture &picture)
     ++m_done;
     const bool isOpaque = qxViewSettings::the().background != qxViewSettings::None;
     if (!picture.isEmpty())
-        Q_EMIT made(set, qxPicturePng::bytes(picture, isOpaque));
+        Q_EMIT made(set,
+                    qxPreviewStamp::stamped(qxPicturePng::bytes(picture, isOpaque), m_fingerprint));
     if (isRunning())
         placeOrder();
     else if (m_rest)

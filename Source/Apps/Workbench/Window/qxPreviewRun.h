@@ -49,5 +49,6 @@ private:
     Quietly m_quietly;
     std::unique_ptr<qxAnimationRest> m_rest; ///< while it runs
     QStringList m_waiting; ///< sets, the present one first
+    QByteArray m_fingerprint; ///< of the present one
     int m_done = 0;
 };

@@ -144,7 +144,7 @@ void qxDocumentFile::Content::saveScene(const QString &to, const QByteArray &var
     const auto note = qScopeGuard([&] {
         warnings += output.warnings();
         if (output.isReplaced() && qxOutputFile::isSame(to, path))
-            stamp = qxFileStamp(path, output.content());
+            stamp = qxFileStamp(path, output.sum());
     });
     output.write(json, buffers);
 }

@@ -4,16 +4,29 @@
 #include <QFileInfo>
 
 #include <ctime>
-#include <string_view>
 
 namespace {
 
 /// Seconds. Clocks of file systems may be that coarse, and two changes then have the same time.
 const int coarsest = 2;
 
-std::size_t hashOf(const QByteArray &bytes)
+const int readAtOnce = 1 << 20;
+
+qxFileSum sumOf(const QByteArray &bytes)
 {
-    return std::hash<std::string_view>()({bytes.constData(), std::size_t(bytes.size())});
+    qxFileSum sum;
+    sum.add(bytes);
+    return sum;
+}
+
+/// Of the beginning of a file, at most so many bytes.
+qxFileSum sumOf(QFile &file, qint64 size)
+{
+    qxFileSum sum;
+    QByteArray block;
+    while (!(block = file.read(qMin<qint64>(size - sum.size(), readAtOnce))).isEmpty())
+        sum.add(block);
+    return sum;
 }
 
 /// The time of the last change of any kind, which nobody can set.
@@ -27,8 +40,13 @@ bool isSame(const struct stat &one, const struct stat &other)
 } // namespace
 
 qxFileStamp::qxFileStamp(const QString &path, const QByteArray &bytes)
-    : m_path(QFile::encodeName(QFileInfo(path).absoluteFilePath())), m_size(bytes.size()),
-      m_hash(hashOf(bytes))
+    : qxFileStamp(path, sumOf(bytes))
+{
+}
+
+qxFileStamp::qxFileStamp(const QString &path, const qxFileSum &sum)
+    : m_path(QFile::encodeName(QFileInfo(path).absoluteFilePath())), m_size(sum.size()),
+      m_hash(sum.hash())
 {
     const bool isThere = stat(m_path.constData(), &m_status) == 0;
     m_isStatusSure = isThere && m_status.st_ctim.tv_sec + coarsest < std::time(nullptr);
@@ -48,6 +66,6 @@ bool qxFileStamp::isUpToDate() const
     if (!S_ISREG(now.st_mode) || (m_isWhole && now.st_size != m_size)
         || !file.open(QIODevice::ReadOnly))
         return false;
-    const QByteArray bytes = file.read(m_size);
-    return bytes.size() == m_size && hashOf(bytes) == m_hash;
+    const qxFileSum sum = sumOf(file, m_size);
+    return sum.size() == m_size && sum.hash() == m_hash;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Files/qxFileSum.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -12,6 +14,8 @@ public:
     qxFileStamp() = default;
     /// `bytes` is the content of the file, or the beginning that matters.
     qxFileStamp(const QString &path, const QByteArray &bytes);
+    /// The same of what has that sum.
+    qxFileStamp(const QString &path, const qxFileSum &sum);
 
     /// Whether the file exists with the same content.
     bool isUpToDate() const;
@@ -21,6 +25,6 @@ private:
     struct stat m_status = {};
     bool m_isStatusSure = false; ///< whether a later change shows in the status
     bool m_isWhole = false; ///< whether the bytes are all that the file holds
-    int m_size = 0;
+    qint64 m_size = 0;
     std::size_t m_hash = 0;
 };

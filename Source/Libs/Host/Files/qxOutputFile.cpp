@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -43,10 +44,18 @@ qxOutputFile::qxOutputFile(const QString &path, Readers readers)
 
 bool qxOutputFile::prepare(const QByteArray &bytes)
 {
+    return prepare([bytes](const Sink &sink) {
+        sink(bytes);
+        return QString();
+    });
+}
+
+bool qxOutputFile::prepare(const Content &content)
+{
     const QString flaw = flawOf(m_path);
     if (!flaw.isEmpty())
         return fail(flaw);
-    m_bytes = bytes;
+    m_content = content;
     if (m_isStream)
         return true;
     m_target = QFile::encodeName(targetOf(m_path));
@@ -58,12 +67,30 @@ bool qxOutputFile::prepare(const QByteArray &bytes)
     return writeNew() || failUntouched();
 }
 
+/// What is written, is over; errno says why it failed, or m_error why there was no more.
+template <class Write>
+bool qxOutputFile::writeContent(const Write &write)
+{
+    bool isWritten = true;
+    int reason = 0;
+    m_error = std::exchange(m_content, nullptr)([&](const QByteArray &bytes) {
+        isWritten = isWritten && write(bytes);
+        reason = errno;
+        return isWritten;
+    });
+    errno = reason;
+    return isWritten && m_error.isEmpty();
+}
+
 /// Nobody else reads what an old file's mode may not let them read.
 bool qxOutputFile::writeNew()
 {
     const bool isForAll = m_old.st_nlink == 0 && m_readers == Everybody;
-    const bool isWritten = m_new.create(m_target, isForAll ? 0666 : 0600)
-        && qxSystemCall::write(m_new.descriptor(), m_bytes);
+    const auto write = [this](const QByteArray &bytes) {
+        m_sum.add(bytes);
+        return qxSystemCall::write(m_new.descriptor(), bytes);
+    };
+    const bool isWritten = m_new.create(m_target, isForAll ? 0666 : 0600) && writeContent(write);
     if (isWritten && m_old.st_nlink == 1 && m_readers == Everybody
         && !qxFileAttributes::copy(m_target, m_old, m_new.descriptor()))
         m_warnings << qxFileText::tr(
@@ -94,7 +121,7 @@ bool qxOutputFile::fail(const QString &reason)
 
 bool qxOutputFile::failUntouched()
 {
-    const QString reason = reasonOf(errno);
+    const QString reason = m_error.isEmpty() ? reasonOf(errno) : m_error;
     return fail(m_old.st_nlink > 0 ? qxFileText::tr("%1; the file is as it was").arg(reason)
                                    : reason);
 }
@@ -105,14 +132,16 @@ bool qxOutputFile::writeStraight()
     std::FILE *const stream = std::fopen(QFile::encodeName(m_path).constData(), "ab");
     if (!stream)
         return fail(reasonOf(errno));
-    const std::size_t size = std::size_t(m_bytes.size());
-    const bool isWritten =
-        std::fwrite(m_bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
-    const bool isDone = isWritten || fail(reasonOf(errno));
+    const auto write = [stream](const QByteArray &bytes) {
+        const std::size_t size = std::size_t(bytes.size());
+        return std::fwrite(bytes.constData(), 1, size, stream) == size;
+    };
+    const bool isWritten = writeContent(write) && std::fflush(stream) == 0;
+    const bool isDone = isWritten || fail(m_error.isEmpty() ? reasonOf(errno) : m_error);
     return std::fclose(stream) == 0 && isDone;
 }
 
-/// The whole content lies beside the file until it is in there.
+/// The whole content lies beside the file until it is in there, and is taken from there.
 bool qxOutputFile::writeInPlace()
 {
     const int file = qxSystemCall::repeat(
@@ -124,8 +153,8 @@ bool qxOutputFile::writeInPlace()
         return failUntouched();
     }
     const bool isAllowed = m_readers == Everybody || fchmod(file, 0600) == 0;
-    const auto cut = [&] { return ftruncate(file, m_bytes.size()); };
-    const bool isWritten = isAllowed && qxSystemCall::write(file, m_bytes)
+    const auto cut = [&] { return ftruncate(file, m_sum.size()); };
+    const bool isWritten = isAllowed && qxSystemCall::copy(m_new.descriptor(), file)
         && qxSystemCall::repeat(cut) == 0 && qxSystemCall::sync(file);
     const int reason = errno;
     close(file);
@@ -145,9 +174,9 @@ bool qxOutputFile::writeInPlace()
 /// Room for what is more than before, so that a full disk is found out before anything changes.
 bool qxOutputFile::reserve(int descriptor)
 {
-    if (m_bytes.size() <= m_old.st_size)
+    if (m_sum.size() <= m_old.st_size)
         return true;
-    const auto call = [&] { return fallocate(descriptor, 0, 0, m_bytes.size()); };
+    const auto call = [&] { return fallocate(descriptor, 0, 0, m_sum.size()); };
     if (qxSystemCall::repeat(call) == 0 || errno == EOPNOTSUPP)
         return true;
     const int reason = errno;

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "Files/qxFileSum.h"
 #include "Files/qxSavingFile.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <sys/stat.h>
+
+#include <functional>
 
 /// A file that is written completely or not at all, and synchronised with the disk. It keeps owner,
 /// group, mode, access list and extended attributes as far as this user may set them. Writing to a
@@ -18,6 +21,12 @@ public:
     /// Who may read the file: everybody, as far as its mode or the umask allows, or only its owner.
     enum Readers { Everybody, OwnerAlone };
 
+    /// Takes the next bytes of a content; false when there is no use in more.
+    typedef std::function<bool(const QByteArray &bytes)> Sink;
+    /// Gives a content to the sink, piece by piece, until it is false. Why there is no more of it,
+    /// or empty.
+    typedef std::function<QString(const Sink &sink)> Content;
+
     /// A file to write at that path. Nothing is touched before prepare.
     explicit qxOutputFile(const QString &path, Readers readers = Everybody);
     qxOutputFile(const qxOutputFile &) = delete;
@@ -25,6 +34,9 @@ public:
     /// Takes the content and returns whether it can be written, as far as that is known now. The
     /// old file stays until commit.
     bool prepare(const QByteArray &bytes);
+    /// The same for a content that need not be in memory. It is asked for once: now, or by the
+    /// commit of what is written directly.
+    bool prepare(const Content &content);
     /// Replaces the file at the path by the content; waits for the reader of a pipe.
     bool commit();
 
@@ -34,6 +46,8 @@ public:
     QString errorString() const { return m_error; }
     /// What the user should know about the save.
     const QStringList &warnings() const { return m_warnings; }
+    /// The sum of what was prepared, unless it is written directly.
+    const qxFileSum &sum() const { return m_sum; }
     /// Whether the old content is no longer at the path, also when commit has failed.
     bool isReplaced() const { return m_isReplaced; }
 
@@ -52,6 +66,8 @@ public:
 
 private:
     bool writeNew();
+    template <class Write>
+    bool writeContent(const Write &write);
     bool writeStraight();
     bool writeInPlace();
     bool reserve(int descriptor);
@@ -60,7 +76,8 @@ private:
 
     QString m_path;
     QByteArray m_target;
-    QByteArray m_bytes;
+    Content m_content;
+    qxFileSum m_sum;
     qxSavingFile m_new;
     struct stat m_old = {}; ///< of what stands at the target; no links when nothing does
     Readers m_readers;

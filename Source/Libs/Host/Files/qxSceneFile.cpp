@@ -229,15 +229,20 @@ bool qxSceneFile::load(const QString &path, const StepListener &listener)
 
 bool qxSceneFile::save(const QString &path)
 {
+    return save(path, qxEmbeddedFiles());
+}
+
+bool qxSceneFile::save(const QString &path, const qxEmbeddedFiles &files)
+{
     return attempt(path, [&] {
         qxGltfOutput output(m_content->document, path, qxGltfOutput::isBinary(path));
         const auto note = qScopeGuard([&] {
             m_warnings += output.warnings();
             if (output.isReplaced())
-                m_content->note(path, qxFileStamp(path, output.content()));
+                m_content->note(path, qxFileStamp(path, output.sum()));
         });
         const bool isOutdated = m_content->isBufferOutdated();
-        output.write(m_content->edited().json, m_content->buffers);
+        output.write(m_content->edited().json, m_content->buffers, files);
         m_content->hasTakenIn = isOutdated;
         if (m_content->hasTakenIn)
             m_warnings << qxFileText::tr("buffers whose files have changed on the disk stand in "

@@ -1,5 +1,6 @@
 #pragma once
 
+class qxEmbeddedFiles;
 namespace osg {
 class NodePtr;
 }
@@ -66,6 +67,8 @@ public:
     /// otherwise. Files of buffers that others have changed are not overwritten; the scene file
     /// then includes the data that were loaded.
     bool save(const QString &path);
+    /// The same with these files in the place of their marks in the variants document.
+    bool save(const QString &path, const qxEmbeddedFiles &files);
     /// Makes a GLB of the present scene for others. What it takes from the file are the data that
     /// were loaded. Why that failed, with the path; then `result` is unchanged.
     QString makeExport(const qxExportOptions &options, qxExport &result) const;

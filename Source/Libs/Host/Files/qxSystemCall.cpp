@@ -4,6 +4,12 @@
 
 #include <unistd.h>
 
+namespace {
+
+const int copiedAtOnce = 1 << 16; ///< bytes
+
+} // namespace
+
 bool qxSystemCall::write(int descriptor, const QByteArray &bytes)
 {
     const char *next = bytes.constData();
@@ -17,6 +23,19 @@ bool qxSystemCall::write(int descriptor, const QByteArray &bytes)
         left -= std::size_t(count);
     }
     return true;
+}
+
+bool qxSystemCall::copy(int from, int descriptor)
+{
+    char block[copiedAtOnce];
+    for (off_t at = 0;;) {
+        const ssize_t count = repeat([&] { return pread(from, block, sizeof block, at); });
+        if (count <= 0)
+            return count == 0;
+        if (!write(descriptor, QByteArray::fromRawData(block, int(count))))
+            return false;
+        at += count;
+    }
 }
 
 bool qxSystemCall::sync(int descriptor)

@@ -3,6 +3,7 @@
 #include "Light/qxLightFilter.h"
 #include "Light/qxLightSampler.h"
 #include "Light/qxStudio.h"
+#include "Render/qxDigest.h"
 
 #include <mutex>
 #include <optional>
@@ -114,6 +115,17 @@ struct qxEnvironmentLight::Map {
         return *m_sampler;
     }
 
+    const QByteArray &digest() const
+    {
+        std::call_once(m_isDigested, [this] {
+            qxDigest digest;
+            digest.add(picture.width, picture.height);
+            digest.addAll(picture.light);
+            m_digest = digest.result();
+        });
+        return m_digest;
+    }
+
     const qxLightPicture picture;
 
 private:
@@ -121,6 +133,8 @@ private:
     mutable std::optional<Filtered> m_filtered;
     mutable std::once_flag m_isSampled;
     mutable std::optional<qxLightSampler> m_sampler;
+    mutable std::once_flag m_isDigested;
+    mutable QByteArray m_digest;
 };
 
 qxEnvironmentLight qxEnvironmentLight::studio()
@@ -192,6 +206,11 @@ qxEnvironmentLight::Sample qxEnvironmentLight::sample(const osg::Vec2f &place) c
 float qxEnvironmentLight::density(const osg::Vec3f &direction) const
 {
     return m_map->sampler().density(qxLightPicture::placeOf(inPicture(direction)));
+}
+
+void qxEnvironmentLight::addTo(qxDigest &digest) const
+{
+    digest.add(m_map->digest(), m_factor, m_cosine, m_sine);
 }
 
 qxEnvironmentLight::Key qxEnvironmentLight::key() const

@@ -4,6 +4,8 @@
 
 #include <memory>
 
+class qxDigest;
+
 /// The light that surrounds a scene. A small value: copies share what was computed once. Many
 /// threads may ask at once. Directions have length 1.
 class qxEnvironmentLight {
@@ -44,6 +46,9 @@ public:
                           ///< scattered(), null without such a light
     };
     Key key() const;
+
+    /// Its picture, and how bright and how far turned it is. The first call is the slowest.
+    void addTo(qxDigest &digest) const;
 
 private:
     struct Map;

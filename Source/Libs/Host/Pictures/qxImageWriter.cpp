@@ -30,10 +30,7 @@ std::string qxImageWriter::exportImageFast()
         qxLog::error("No picture: the export is not prepared for the main view.");
         return std::string();
     }
-    qxPictureSettings settings;
-    settings.width = m_width;
-    settings.height = m_height;
-    settings.quality = qxScenePicture::quality();
+    const qxPictureSettings settings = qxScenePicture::settings(m_width, m_height);
     const bool isOpaque = settings.view.background != qxViewSettings::None;
     const qxPicture::Progress progress = m_isSilent ? qxPicture::Progress() : shownProgress();
     const qxPicture picture = qxScenePicture::render(settings, progress);

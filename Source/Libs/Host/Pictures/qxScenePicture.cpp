@@ -13,10 +13,15 @@ std::unique_ptr<qxRenderer> &idleRenderer()
     return renderer;
 }
 
-qxPicture::Content &lastContent()
+struct Made {
+    qxPicture::Content content = qxPicture::Shown; ///< of the last one
+    int count = 0;
+};
+
+Made &made()
 {
-    static qxPicture::Content content = qxPicture::Shown;
-    return content;
+    static Made made;
+    return made;
 }
 
 /// Counts the pictures that are being made, one within the events of another.
@@ -56,7 +61,7 @@ qxPicture rendered(const std::function<qxPicture(qxRenderer &)> &render)
         picture = render(*renderer);
     }
     qxScenePicture::giveBack(std::move(renderer));
-    lastContent() = picture.content;
+    made() = {picture.content, made().count + 1};
     return picture;
 }
 
@@ -83,7 +88,12 @@ qxPicture qxScenePicture::render(const qxPictureSettings &settings, qxMovingPict
 
 qxPicture::Content qxScenePicture::content()
 {
-    return lastContent();
+    return made().content;
+}
+
+int qxScenePicture::count()
+{
+    return made().count;
 }
 
 bool qxScenePicture::isRendering()
@@ -133,6 +143,20 @@ int qxScenePicture::quality()
     return qxOSGWidget::getRaytracing()
         ? qxRaytracingManager::getRaytracingUtils()->getImageQuality()
         : int(qxPictureSettings::Quick);
+}
+
+qxPictureSettings qxScenePicture::settings(int width, int height)
+{
+    qxPictureSettings settings;
+    settings.width = width;
+    settings.height = height;
+    settings.quality = quality();
+    return settings;
+}
+
+QByteArray qxScenePicture::fingerprint(const qxPictureSettings &settings)
+{
+    return presentRenderer().fingerprint(settings);
 }
 
 void qxScenePicture::forget()

@@ -14,8 +14,14 @@ public:
     static bool isRendering();
     /// What the last picture of render shows.
     static qxPicture::Content content();
+    /// How many pictures render has made.
+    static int count();
     /// The quality that the settings of ray tracing ask for (qxPictureSettings::quality).
     static int quality();
+    /// What a picture of that size is made with: this quality, and the program's light.
+    static qxPictureSettings settings(int width, int height);
+    /// As qxRenderer::fingerprint.
+    static QByteArray fingerprint(const qxPictureSettings &settings);
     /// As qxRenderer::view.
     static qxRenderer::View view(const qxPictureSettings &settings);
     /// As qxRenderer::lighting.

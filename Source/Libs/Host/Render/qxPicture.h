@@ -19,7 +19,8 @@ struct qxPictureSettings {
     /// pixel, soft shadows and reflections. Best: ray tracing with as many samples as help.
     int quality = Quick;
     qxViewSettings view = qxViewSettings::the(); ///< light and background
-    int threads = 0; ///< 0 for one per processor; the picture is the same with any number
+    /// 0 for as many as the program uses; the picture is the same with any number.
+    int threads = 0;
 };
 
 /// A finished picture.

@@ -1,5 +1,7 @@
 #include "Render/qxRenderCamera.h"
 
+#include "Render/qxDigest.h"
+
 #include <limits>
 
 namespace {
@@ -49,6 +51,7 @@ qxRenderCamera::qxRenderCamera(const qxUberCamera &camera, const qxBox &scene, i
 void qxRenderCamera::fit(const qxBox &scene, float aspect)
 {
     const float margin = 1.06f;
+    m_isFitted = true;
     m_halfHeight = std::tan(0.3f);
     m_back = qxUnit(osg::Vec3f(0.62f, 0.36f, 0.78f));
     m_right = qxUnit(osg::Vec3f(0, 1, 0).cross(m_back));
@@ -61,6 +64,13 @@ void qxRenderCamera::fit(const qxBox &scene, float aspect)
         distance = std::max(distance, corner.dot(m_back) + std::max(beside, above) * margin);
     }
     m_eye = (scene.isEmpty() ? osg::Vec3f() : scene.centre()) + m_back * distance;
+}
+
+void qxRenderCamera::addTo(qxDigest &digest) const
+{
+    digest.add(m_width, m_height, m_isFitted);
+    if (!m_isFitted)
+        digest.add(m_parallel, m_eye, m_right, m_up, m_back, m_halfHeight, m_near, m_far);
 }
 
 qxUberCamera qxRenderCamera::plain() const

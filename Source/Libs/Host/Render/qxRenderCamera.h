@@ -4,6 +4,8 @@
 #include "Render/qxRenderMath.h"
 #include "qxUberCameraPool.h"
 
+class qxDigest;
+
 /// The camera of a picture of a certain size.
 class qxRenderCamera {
 public:
@@ -11,6 +13,8 @@ public:
     /// that shows the whole `scene` from the front, above and one side.
     qxRenderCamera(const qxUberCamera &camera, const qxBox &scene, int width, int height);
 
+    /// All that its rays depend on, apart from the scene that it was fitted to.
+    void addTo(qxDigest &digest) const;
     /// The same camera as the main view would have it.
     qxUberCamera plain() const;
     /// Through a place of the picture, in pixels from its lower left corner.
@@ -34,6 +38,7 @@ public:
 private:
     void fit(const qxBox &scene, float aspect);
 
+    bool m_isFitted = false; ///< to the scene
     bool m_parallel = false;
     osg::Vec3f m_eye;
     osg::Vec3f m_right = osg::Vec3f(1, 0, 0);

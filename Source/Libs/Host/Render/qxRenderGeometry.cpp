@@ -1,6 +1,7 @@
 #include "Render/qxRenderGeometry.h"
 
 #include "Animation/OSGDeformation.h"
+#include "Render/qxDigest.h"
 
 #include <OpenSG/OSGTriangleIterator.h>
 
@@ -258,6 +259,22 @@ qxRenderGeometry::TexCoords qxRenderGeometry::texCoordsOf(const osg::GeometryPtr
     return {core->getTexCoords(),  core->getTexCoords1(), core->getTexCoords2(),
             core->getTexCoords3(), core->getTexCoords4(), core->getTexCoords5(),
             core->getTexCoords6(), core->getTexCoords7()};
+}
+
+const QByteArray &qxRenderGeometry::digest() const
+{
+    if (!m_digest.isEmpty())
+        return m_digest;
+    qxDigest digest;
+    digest.addAll(m_positions);
+    digest.addAll(m_normals);
+    for (const std::vector<osg::Vec2f> &places : m_texCoords)
+        digest.addAll(places);
+    digest.addAll(m_tangents);
+    digest.addAll(m_colours);
+    digest.addAll(m_triangles);
+    m_digest = digest.result();
+    return m_digest;
 }
 
 osg::Vec4f qxRenderGeometry::colourAt(const Place &place) const

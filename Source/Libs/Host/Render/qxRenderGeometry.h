@@ -4,7 +4,8 @@
 #include "Render/qxRenderMath.h"
 
 #include <OpenSG/OSGGeometry.h>
-#include <OpenSG/OSGMatrix.h>
+
+#include <QByteArray>
 
 #include <array>
 #include <cstdint>
@@ -54,6 +55,9 @@ public:
     typedef std::array<osg::GeoTexCoordsPtr, 8> TexCoords;
     static TexCoords texCoordsOf(const osg::GeometryPtr &core);
 
+    /// Tells the triangles, with all that they have, from others; computed at the first call.
+    const QByteArray &digest() const;
+
     /// Whether nodes may give the geometry a form of their own (qxRenderShape).
     bool isDeformable() const { return m_isDeformable; }
     /// What a form consists of.
@@ -88,6 +92,7 @@ private:
     std::vector<osg::Vec4f> m_colours;
     std::vector<Triangle> m_triangles;
     mutable qxEmbreeScene m_scene;
+    mutable QByteArray m_digest; ///< empty until asked for
     bool m_isDeformable = false;
     bool m_outdated = false;
 };

@@ -162,6 +162,7 @@ void qxRenderGroup::make(qxRenderInstance &instance, const qxShownPart &part)
         shape(instance, part);
     instance.surface = m_sources.material(part.material);
     instance.embree.reset();
+    instance.mask = 0;
     setNormals(instance, instance.toWorld);
     instance.isVisible = canBeSeen(instance);
     m_changed = true;
@@ -192,6 +193,17 @@ void qxRenderGroup::finish()
 {
     m_changed = m_changed || m_instances.size() != m_before.size();
     m_before.clear();
+    for (const qxRenderInstance &instance : m_instances)
+        m_changed = m_changed || (instance.isVisible && instance.mask != maskOf(instance));
+    m_isOther = m_isOther || m_changed;
+    m_isBuilt = m_isBuilt && !m_changed;
+    m_changed = false;
+}
+
+void qxRenderGroup::build()
+{
+    if (m_isBuilt)
+        return;
     const bool isOneTree = isSmall();
     const bool isOther = isOneTree != m_isOneTree;
     m_isOneTree = isOneTree;
@@ -200,18 +212,20 @@ void qxRenderGroup::finish()
             continue;
         if (!instance.embree || isOther)
             place(instance);
-        const unsigned int mask = instance.surface->isOpaque() ? Opaque : Translucent;
+        const unsigned int mask = maskOf(instance);
         if (mask == instance.mask)
             continue;
         instance.mask = mask;
         rtcSetGeometryMask(instance.embree.get(), mask);
         rtcCommitGeometry(instance.embree.get());
-        m_changed = true;
     }
-    m_isOther = m_isOther || m_changed;
-    if (m_changed)
-        commit();
-    m_changed = false;
+    commit();
+    m_isBuilt = true;
+}
+
+unsigned int qxRenderGroup::maskOf(const qxRenderInstance &instance)
+{
+    return instance.surface->isOpaque() ? Opaque : Translucent;
 }
 
 /// A tree over the instances of these masks, made from all of them in order, so that it does not

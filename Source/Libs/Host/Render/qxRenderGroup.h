@@ -40,6 +40,9 @@ public:
     void add(const qxShownPart &part);
     void finish();
     /// @}
+    /// Makes the trees of the present instances, if these are others. Before that, scene(),
+    /// translucent(), bounds() and what takes hits are as they were.
+    void build();
 
     RTCScene scene() const { return m_scene.get(); }
     /// The normal of the triangle that was hit, in world coordinates, of length 1.
@@ -52,6 +55,8 @@ public:
     const qxBox &bounds() const { return m_bounds; }
     /// The translucent ones among the instances, for hits as in scene(); null for none.
     RTCScene translucent() const { return m_translucent.get(); }
+    /// Whether the instances have so few triangles that they share one tree.
+    bool isSmall() const;
     /// Whether the last update found other instances, places or materials than the one before.
     bool isOther() const { return m_isOther; }
 
@@ -60,7 +65,7 @@ private:
     void make(qxRenderInstance &instance, const qxShownPart &part);
     bool isSame(const qxRenderInstance &instance, const qxShownPart &part);
     void shape(qxRenderInstance &instance, const qxShownPart &part);
-    bool isSmall() const;
+    static unsigned int maskOf(const qxRenderInstance &instance);
     void place(qxRenderInstance &instance);
     qxEmbreeScene tree(unsigned int mask) const;
     void commit();
@@ -72,7 +77,8 @@ private:
     std::vector<qxRenderInstance> m_before; ///< of the last update; those taken over are empty
     std::size_t m_next = 0; ///< place in m_before where the next one is looked for
     std::unordered_map<osg::UInt32, std::size_t> m_places; ///< of nodes in m_before, when needed
-    bool m_changed = true;
+    bool m_changed = true; ///< in this update
+    bool m_isBuilt = false; ///< the trees are those of the instances
     bool m_isOther = true;
     bool m_isOneTree = true; ///< over all triangles; otherwise over trees of geometries
     qxEmbreeScene m_scene;

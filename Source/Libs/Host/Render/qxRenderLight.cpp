@@ -1,6 +1,7 @@
 #include "Render/qxRenderLight.h"
 
 #include "OSGUberLight.h"
+#include "Render/qxDigest.h"
 
 #include <OpenSG/OSGDirectionalLight.h>
 #include <OpenSG/OSGSpotLight.h>
@@ -71,6 +72,15 @@ qxRenderLight graphLight(const osg::LightPtr &core, const osg::Matrix &place)
     return light;
 }
 
+/// Its members, in full.
+auto all(const qxRenderLight &light)
+{
+    const auto &[kind, position, direction, amount, range, innerCosine, outerCosine, exponent,
+                 attenuation, shadow] = light;
+    return std::tie(kind, position, direction, amount, range, innerCosine, outerCosine, exponent,
+                    attenuation, shadow);
+}
+
 bool isUsable(const qxRenderLight &light)
 {
     return qxIsFinite(light.position) && qxIsFinite(light.direction) && qxIsFinite(light.light)
@@ -124,12 +134,12 @@ void scale(std::vector<qxRenderLight> &lights, float factor)
 
 bool qxRenderLight::operator==(const qxRenderLight &other) const
 {
-    const auto all = [](const qxRenderLight &each) {
-        return std::tie(each.kind, each.position, each.direction, each.light, each.range,
-                        each.innerCosine, each.outerCosine, each.exponent, each.attenuation,
-                        each.shadow);
-    };
     return all(*this) == all(other);
+}
+
+void qxRenderLight::addTo(qxDigest &digest) const
+{
+    std::apply([&digest](const auto &...members) { digest.add(members...); }, all(*this));
 }
 
 /// Whether nothing gets along a way to the light: most lights of a scene are out here soon.

@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class qxDigest;
+
 /// A light in world coordinates.
 struct qxRenderLight {
     enum Kind { Point, Spot, Directional };
@@ -21,6 +23,8 @@ struct qxRenderLight {
     Arrival arrivalAt(const osg::Vec3f &place, const osg::Vec3f &normal) const;
 
     bool operator==(const qxRenderLight &other) const;
+    /// All that is known of it.
+    void addTo(qxDigest &digest) const;
 
     Kind kind = Directional;
     osg::Vec3f position;

@@ -13,6 +13,21 @@ qxRenderScene::qxRenderScene(RTCDevice device)
 
 void qxRenderScene::update(Light light)
 {
+    read();
+    build();
+    updateLight(light);
+}
+
+void qxRenderScene::build()
+{
+    m_shown.build();
+    m_environment.build();
+    for (const auto &overlay : m_overlays)
+        overlay.second->build();
+}
+
+void qxRenderScene::read()
+{
     const qxScene &scene = *qxScene::current();
     m_sources.update(scene.overlayRoot());
     m_lights = qxRenderLights();
@@ -24,9 +39,11 @@ void qxRenderScene::update(Light light)
     };
     qxWalkShown(scene.root(), listener);
     m_shown.finish();
-    updateEnvironment();
-    updateLight(light);
-    updateOverlays();
+    readEnvironment();
+    readPicture();
+    readOverlays();
+    m_isLightOld =
+        m_isLightOld || m_sources.isOther() || m_environment.isOther() || m_shown.isOther();
     noteChange();
 }
 
@@ -47,7 +64,7 @@ void qxRenderScene::noteChange()
     m_revision = ++last;
 }
 
-void qxRenderScene::updateEnvironment()
+void qxRenderScene::readEnvironment()
 {
     m_environment.begin();
     qxShownListener listener;
@@ -56,27 +73,32 @@ void qxRenderScene::updateEnvironment()
     m_environment.finish();
 }
 
+void qxRenderScene::readPicture()
+{
+    m_pictureId = qxEnvironmentPicture::shownBy(qxScene::current()->environment());
+    if (m_pictureId != 0 && !lightOfPicture(m_pictureId))
+        m_pictureId = 0;
+}
+
+const qxEnvironmentLight *qxRenderScene::ownLight() const
+{
+    const std::optional<qxEnvironmentLight> &light =
+        ownPicture() ? m_pictures.at(m_pictureId) : m_light;
+    return light ? &*light : nullptr;
+}
+
 /// A picture of the environment's nodes is taken each time, because nobody tells which changes it
 /// shows; what takes long follows only when it differs. Views that move have no time for that.
 void qxRenderScene::updateLight(Light light)
 {
-    m_pictureId = qxEnvironmentPicture::shownBy(qxScene::current()->environment());
-    if (m_pictureId != 0) {
-        m_light = lightOfPicture(m_pictureId);
-        m_lightPicture = qxLightPicture();
-        if (!m_light)
-            m_pictureId = 0;
-    }
-    if (m_pictureId != 0)
-        return;
-    if (m_environment.instances().empty()) {
+    if (ownPicture() || m_environment.instances().empty()) {
         m_light.reset();
         m_lightPicture = qxLightPicture();
         return;
     }
-    const bool isOther = m_sources.isOther() || m_environment.isOther() || m_shown.isOther();
-    if (light == KnownLight && !isOther && !m_lightPicture.isEmpty())
+    if (light == KnownLight && !m_isLightOld && !m_lightPicture.isEmpty())
         return;
+    m_isLightOld = false;
     qxLightPicture picture = qxTakeLightPicture(m_environment, m_shown.bounds());
     if (picture.light == m_lightPicture.light)
         return;
@@ -96,7 +118,7 @@ const std::optional<qxEnvironmentLight> &qxRenderScene::lightOfPicture(osg::UInt
     return known->second;
 }
 
-void qxRenderScene::updateOverlays()
+void qxRenderScene::readOverlays()
 {
     for (auto &overlay : m_overlays)
         overlay.second->begin();

@@ -20,8 +20,12 @@ public:
         NewLight, ///< anew
         KnownLight ///< the last one may do where no edit is known of: others are not seen in it
     };
-    /// Reads the present scene. A host must be running.
+    /// Reads the present scene and makes it ready to be drawn. A host must be running.
     void update(Light light = NewLight);
+    /// The same without what only drawing needs: the trees and bounds of the groups, and the light
+    /// of the environment's nodes, stay as they were.
+    void read();
+    void build(); ///< makes these trees and bounds, where they are out of date
 
     const qxRenderGroup &shown() const { return m_shown; }
     /// Overlays by layer, the farthest first.
@@ -36,15 +40,16 @@ public:
     /// apart from what the camera does.
     std::uint64_t revision() const { return m_revision; }
     /// The environment as light, as the middle of the scene sees it; null without one.
-    const qxEnvironmentLight *ownLight() const { return m_light ? &*m_light : nullptr; }
+    const qxEnvironmentLight *ownLight() const;
 
 private:
     void noteChange();
+    void readPicture();
     qxRenderGroup &overlay(osg::UInt32 layer);
-    void updateEnvironment();
+    void readEnvironment();
     void updateLight(Light light);
     const std::optional<qxEnvironmentLight> &lightOfPicture(osg::UInt32 id);
-    void updateOverlays();
+    void readOverlays();
 
     RTCDevice m_device;
     qxRenderSources m_sources;
@@ -57,10 +62,11 @@ private:
     qxClipping m_clipping;
     std::uint64_t m_revision = 0;
     bool m_isOther = true; ///< the overlays
+    bool m_isLightOld = true; ///< something has changed that it may depend on
     osg::UInt32 m_pictureId = 0; ///< of the picture that is shown
     osg::UInt32 m_notedPicture = 0; ///< the same, at the last change
     /// Those that were shown, by their ids; null for one that cannot be read.
     std::map<osg::UInt32, std::optional<qxEnvironmentLight>> m_pictures;
     qxLightPicture m_lightPicture; ///< of the environment's nodes; empty without
-    std::optional<qxEnvironmentLight> m_light;
+    std::optional<qxEnvironmentLight> m_light; ///< the same
 };

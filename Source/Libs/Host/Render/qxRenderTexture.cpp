@@ -2,6 +2,7 @@
 
 #include "Pictures/qxEncodedPicture.h"
 #include "Pictures/qxImagePixels.h"
+#include "Render/qxDigest.h"
 #include "Render/qxPictureColour.h"
 #include "Render/qxRenderMath.h"
 
@@ -100,6 +101,18 @@ std::shared_ptr<const qxRenderTexture> qxRenderTexture::make(const QImage &pixel
     while (texture->m_levels.back().width > 1 || texture->m_levels.back().height > 1)
         texture->m_levels.push_back(texture->m_levels.back().half());
     return texture;
+}
+
+const QByteArray &qxRenderTexture::digest() const
+{
+    if (!m_digest.isEmpty())
+        return m_digest;
+    const Level &full = m_levels.front();
+    qxDigest digest;
+    digest.add(full.content, full.width, full.height);
+    digest.addBytes(full.rgba, std::size_t(full.width) * std::size_t(full.height) * 4);
+    m_digest = digest.result();
+    return m_digest;
 }
 
 qxRenderTexture::Level::Level(const QImage &image, Content contained)

@@ -3,6 +3,7 @@
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGVector.h>
 
+#include <QByteArray>
 #include <QImage>
 
 #include <array>
@@ -35,6 +36,9 @@ public:
     /// interpolated between pixels, averaged over the footprint when that is larger than a pixel.
     osg::Vec4f at(const osg::Vec2f &place, const Wrap &wrap, const Footprint &footprint) const;
 
+    /// Tells the image and what it stands for from others; computed at the first call.
+    const QByteArray &digest() const;
+
 private:
     /// The image in full size or smaller.
     struct Level {
@@ -55,4 +59,5 @@ private:
     osg::Vec4f at(const osg::Vec2f &place, const Wrap &wrap, float level) const;
 
     std::vector<Level> m_levels; ///< each half as wide and high as the one before
+    mutable QByteArray m_digest; ///< empty until asked for
 };

@@ -2,15 +2,18 @@
 
 #include "Cameras/qxMainView.h"
 #include "Render/qxPainter.h"
+#include "Render/qxPictureDigest.h"
 #include "Render/qxRenderPicking.h"
 #include "Render/qxReprojection.h"
 #include "Render/qxSceneLighting.h"
+#include "Render/qxTiles.h"
 #include "Scene/qxScene.h"
 #include "qxLog.h"
 #include "qxNodeWalk.h"
 
 #include <algorithm>
 #include <new>
+#include <string>
 
 namespace {
 
@@ -33,8 +36,11 @@ void reportError(void *failed, RTCError, const char *text)
 
 /// What is kept between pictures.
 struct qxRenderer::Parts {
-    Parts() : device(rtcNewDevice(nullptr))
+    Parts()
     {
+        const int threads = qxProgramThreads();
+        const std::string asked = "threads=" + std::to_string(threads);
+        device.reset(rtcNewDevice(threads > 0 ? asked.c_str() : nullptr));
         if (device)
             rtcSetDeviceErrorFunction(device.get(), &reportError, &failed);
     }
@@ -43,7 +49,15 @@ struct qxRenderer::Parts {
     /// when there can be none.
     template <class Work>
     auto withScene(const qxPictureSettings &settings, const Work &work,
-                   qxRenderScene::Light light = qxRenderScene::NewLight) -> decltype(work());
+                   qxRenderScene::Light light = qxRenderScene::NewLight) -> decltype(work())
+    {
+        return withSceneRead(
+            settings, [light](qxRenderScene &read) { read.update(light); }, work);
+    }
+    /// The same when `read` reads it.
+    template <class Read, class Work>
+    auto withSceneRead(const qxPictureSettings &settings, const Read &read, const Work &work)
+        -> decltype(work());
     osg::NodePtr nodeAt(const qxPictureSettings &settings, float x, float y) const;
 
     qxEmbreeDevice device;
@@ -51,9 +65,9 @@ struct qxRenderer::Parts {
     std::unique_ptr<qxRenderScene> scene;
 };
 
-template <class Work>
-auto qxRenderer::Parts::withScene(const qxPictureSettings &settings, const Work &work,
-                                  qxRenderScene::Light light) -> decltype(work())
+template <class Read, class Work>
+auto qxRenderer::Parts::withSceneRead(const qxPictureSettings &settings, const Read &read,
+                                      const Work &work) -> decltype(work())
 {
     if (!qxScene::current() || !isPossible(settings))
         return {};
@@ -65,7 +79,7 @@ auto qxRenderer::Parts::withScene(const qxPictureSettings &settings, const Work 
     try {
         if (!scene)
             scene = std::make_unique<qxRenderScene>(device.get());
-        scene->update(light);
+        read(*scene);
         auto result = failed ? decltype(work())() : work();
         if (!failed)
             return result;
@@ -132,6 +146,13 @@ qxPicture qxRenderer::renderMoving(const qxPictureSettings &settings, qxReprojec
     return drawing ? drawing({}) : qxPicture();
 }
 
+QByteArray qxRenderer::fingerprint(const qxPictureSettings &settings)
+{
+    return m_parts->withSceneRead(
+        settings, [](qxRenderScene &scene) { scene.read(); },
+        [&] { return qxPictureDigest(*m_parts->scene, settings); });
+}
+
 qxRenderer::View qxRenderer::view(const qxPictureSettings &settings)
 {
     return m_parts->withScene(settings, [&] {
@@ -164,6 +185,7 @@ qxNodeMask qxRenderer::mask(const qxPictureSettings &settings,
         qxWalkNodes(
             top, [&ids](const osg::NodePtr &node) { ids.push_back(node.getFieldContainerId()); });
     std::sort(ids.begin(), ids.end());
+    m_parts->scene->build();
     const qxRenderGroup &group = m_parts->scene->shown();
     const qxRenderCamera camera(qxMainView::the().camera, group.bounds(), settings.width,
                                 settings.height);

@@ -6,6 +6,8 @@
 
 #include <OpenSG/OSGNode.h>
 
+#include <QByteArray>
+
 #include <memory>
 
 class qxReprojection;
@@ -38,6 +40,11 @@ public:
     qxPicture renderMoving(const qxPictureSettings &settings, qxReprojection &memory, int drawn);
     Drawing preparedMoving(const qxPictureSettings &settings, qxReprojection &memory, int drawn);
     ///@}
+    /// What such a picture depends on, as 40 hexadecimal digits: pictures of the same fingerprint
+    /// are the same, byte by byte, in this and in other processes of this version. What is not
+    /// shown does not count. Reads the scene, but prepares no drawing; empty when there can be no
+    /// picture.
+    QByteArray fingerprint(const qxPictureSettings &settings);
     /// How such a picture looks at the scene.
     struct View {
         qxUberCamera camera; ///< also when the main view has none

@@ -93,12 +93,19 @@ private:
 
 } // namespace
 
+int &qxProgramThreads()
+{
+    static int threads = 0;
+    return threads;
+}
+
 bool qxForAllTiles(int count, int threads, const std::function<void(int)> &work,
                    const std::function<bool(int done)> &progress)
 {
     Tiles tiles(count, work);
     Helpers helpers(tiles);
-    const int wanted = threads > 0 ? threads : int(std::thread::hardware_concurrency());
+    const int asked = threads > 0 ? threads : qxProgramThreads();
+    const int wanted = asked > 0 ? asked : int(std::thread::hardware_concurrency());
     helpers.start(std::min(wanted, count) - 1);
     while (tiles.doOne()) {
         if (!progress(std::min(tiles.done(), count - 1)))

@@ -141,12 +141,15 @@ void unpackBinary(const QByteArray &bytes, qxGltfDocument &document)
     document.moreChunks = bytes.mid(offset);
 }
 
-void appendChunk(QByteArray &bytes, quint32 type, const QByteArray &content, char padding)
+void appendChunk(qxFileContent &file, quint32 type, const qxFileContent &content, char padding)
 {
-    const int missing = (4 - content.size() % 4) % 4;
-    appendNumber(bytes, quint32(content.size() + missing));
-    appendNumber(bytes, type);
-    bytes += content + QByteArray(missing, padding);
+    const int missing = int((4 - content.size() % 4) % 4);
+    QByteArray header;
+    appendNumber(header, quint32(content.size() + missing));
+    appendNumber(header, type);
+    file.append(header);
+    file.append(content);
+    file.append(QByteArray(missing, padding));
 }
 
 /// The white space in front of the first member tells how the file is indented.
@@ -161,22 +164,23 @@ QByteArray firstIndent(const QByteArray &text)
 
 } // namespace
 
-QByteArray qxGltfPackBinary(const QByteArray &text, const QByteArray &bin,
-                            const QByteArray &moreChunks)
+qxFileContent qxGltfPackBinary(const qxFileContent &text, const QByteArray &bin,
+                               const QByteArray &moreChunks)
 {
-    const qint64 size = qint64(text.size()) + bin.size() + moreChunks.size() + 64;
+    const qint64 size = text.size() + bin.size() + moreChunks.size() + 64;
     if (size > std::numeric_limits<int>::max())
         throw qxGltfError(qxFileText::tr("the scene is too large for one .glb file"));
-    QByteArray chunks;
-    chunks.reserve(int(size));
+    qxFileContent chunks;
     appendChunk(chunks, _jsonChunk, text, ' ');
     if (!bin.isNull())
-        appendChunk(chunks, _binChunk, bin, '\0');
-    chunks += moreChunks;
+        appendChunk(chunks, _binChunk, qxFileContent(bin), '\0');
+    chunks.append(moreChunks);
     QByteArray header = "glTF";
     appendNumber(header, 2);
     appendNumber(header, quint32(_fileHeader + chunks.size()));
-    return header + chunks;
+    qxFileContent file(header);
+    file.append(chunks);
+    return file;
 }
 
 qxGltfDocument qxGltfDocument::read(const QString &path, qxMemoryBudget &budget)

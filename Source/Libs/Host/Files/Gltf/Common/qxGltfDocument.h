@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Files/Gltf/Common/qxGltfJson.h"
+#include "Files/qxFileContent.h"
 #include "Files/qxFileStamp.h"
 
 #include <QByteArray>
@@ -30,7 +31,7 @@ struct qxGltfDocument {
     QByteArray textOf(const qxJson &edited) const;
 };
 
-/// The bytes of a .glb with these chunks; a null `bin` leaves the BIN chunk out.
-/// Throws qxGltfError when they exceed the four gigabytes of the format.
-QByteArray qxGltfPackBinary(const QByteArray &text, const QByteArray &bin,
-                            const QByteArray &moreChunks);
+/// A .glb with these chunks; a null `bin` leaves the BIN chunk out.
+/// Throws qxGltfError when it is too large.
+qxFileContent qxGltfPackBinary(const qxFileContent &text, const QByteArray &bin,
+                               const QByteArray &moreChunks);

@@ -345,6 +345,11 @@ void qxGltfExporter::finish()
     qxGltfListExtensions(m_json, required);
     const QByteArray text =
         QByteArray::fromStdString(m_json.dump(-1, ' ', false, qxJson::error_handler_t::replace));
-    m_result.glb = qxGltfPackBinary(text, m_bin.bytes().isEmpty() ? QByteArray() : m_bin.bytes(),
-                                    QByteArray());
+    const qxFileContent glb = qxGltfPackBinary(
+        qxFileContent(text), m_bin.bytes().isEmpty() ? QByteArray() : m_bin.bytes(), QByteArray());
+    m_result.glb.reserve(int(glb.size()));
+    glb.giveTo([this](const QByteArray &bytes) {
+        m_result.glb += bytes;
+        return true;
+    });
 }

@@ -4,7 +4,6 @@
 #include "Files/Gltf/Common/qxGltfFiles.h"
 #include "Files/Gltf/Common/qxGltfUri.h"
 #include "Files/qxMemoryBudget.h"
-#include "Files/qxOutputFile.h"
 #include "Files/qxSystemCall.h"
 #include "Light/qxLightPictureReader.h"
 #include "qxText.h"
@@ -111,7 +110,8 @@ bool qxGltfOutput::isBinary(const QString &path)
     return suffix == "glb";
 }
 
-void qxGltfOutput::write(qxJson json, const std::vector<QByteArray> &buffers)
+void qxGltfOutput::write(qxJson json, const std::vector<QByteArray> &buffers,
+                         const qxEmbeddedFiles &files)
 {
     refuseOwnFiles();
     if (m_binary && !m_document.binary)
@@ -122,7 +122,7 @@ void qxGltfOutput::write(qxJson json, const std::vector<QByteArray> &buffers)
     }
     if (!m_binary && m_document.binary)
         unpackFirstBuffer(json);
-    const QByteArray text = m_document.textOf(json);
+    const qxFileContent text = files.in(m_document.textOf(json));
     m_files.emplace_back(m_path,
                          m_binary ? qxGltfPackBinary(text, m_bin, m_document.moreChunks) : text);
     commit();
@@ -239,7 +239,7 @@ QString qxGltfOutput::place(const QString &wanted, const QByteArray &bytes)
             qxFileText::tr("\"%1\" leads out of the folder of the scene file").arg(name));
     m_placed[name] = bytes;
     if (!QFileInfo::exists(folder.filePath(name)))
-        m_files.emplace_back(folder.filePath(name), bytes);
+        m_files.emplace_back(folder.filePath(name), qxFileContent(bytes));
     return name;
 }
 
@@ -250,11 +250,15 @@ void qxGltfOutput::commit()
     if (!flaw.isEmpty())
         fail(m_path, flaw);
     std::vector<std::unique_ptr<qxOutputFile>> files;
-    for (const auto &[path, bytes] : m_files) {
+    for (const auto &file : m_files) {
+        const QString &path = file.first;
         if (!makeFolder(path))
             fail(path, qxText::fromUtf8(std::generic_category().message(errno)));
         files.push_back(std::make_unique<qxOutputFile>(path));
-        if (!files.back()->prepare(bytes))
+        const auto give = [&content = file.second](const qxOutputFile::Sink &sink) {
+            return content.giveTo(sink);
+        };
+        if (!files.back()->prepare(give))
             fail(path, files.back()->errorString());
     }
     for (const auto &file : files)
@@ -266,10 +270,12 @@ void qxGltfOutput::settle(qxOutputFile &file)
 {
     const bool isSettled = file.commit();
     const bool isScene = file.path() == m_path;
-    if (isScene)
+    if (isScene) {
         m_isReplaced = file.isReplaced();
-    else if (file.isReplaced())
+        m_sum = file.sum();
+    } else if (file.isReplaced()) {
         m_written << file.path();
+    }
     m_warnings += file.warnings();
     if (isSettled)
         return;

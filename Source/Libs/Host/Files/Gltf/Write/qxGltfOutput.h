@@ -1,13 +1,12 @@
 #pragma once
 
 #include "Files/Gltf/Common/qxGltfDocument.h"
+#include "Files/qxEmbeddedFiles.h"
 
 #include <QStringList>
 
 #include <map>
 #include <vector>
-
-class qxOutputFile;
 
 /// Writes a scene file and the files that it needs beside it. No file is replaced before all of
 /// them are written completely, and the scene file is replaced last. A file beside the scene never
@@ -20,14 +19,15 @@ public:
     static bool isBinary(const QString &path);
 
     /// Writes `json`, the edited JSON of the document, whose buffers have the given content.
-    /// Throws qxGltfError.
-    void write(qxJson json, const std::vector<QByteArray> &buffers);
+    /// The files belong to marks in its texts. Throws qxGltfError.
+    void write(qxJson json, const std::vector<QByteArray> &buffers,
+               const qxEmbeddedFiles &files = qxEmbeddedFiles());
     /// What could not be copied, or was written under another name or form.
     const QStringList &warnings() const { return m_warnings; }
     /// Whether the old scene file was replaced, also when `write` has thrown.
     bool isReplaced() const { return m_isReplaced; }
-    /// The new content of the scene file.
-    const QByteArray &content() const { return m_files.back().second; }
+    /// Of the new content of the scene file, once it was replaced.
+    const qxFileSum &sum() const { return m_sum; }
     /// The URIs of the files of buffers and pictures beside a scene.
     static std::vector<std::string> filesOf(const qxJson &json);
     /// Whether a file of that path lies in the folder of the document.
@@ -50,9 +50,10 @@ private:
     QString m_path;
     bool m_binary;
     QByteArray m_bin;
-    std::vector<std::pair<QString, QByteArray>> m_files; ///< path and content, in order
+    std::vector<std::pair<QString, qxFileContent>> m_files; ///< path and content, in order
     std::map<QString, QByteArray> m_placed; ///< files beside the scene, by path
     QStringList m_written; ///< beside the scene file, on the disk
     bool m_isReplaced = false;
+    qxFileSum m_sum;
     QStringList m_warnings;
 };
