@@ -198,9 +198,11 @@ int qxSharedPictures::take(const QStringList &names, const qxSetPreviews::Take &
 {
     const QVector<qxShardPlan::Item> &items = m_work.plan().items;
     int taken = 0;
+    qxProgress progress(items.size());
     for (const qxShardPlan::Item &item : items) {
         if (qxInterrupt::isAsked())
             return taken;
+        progress.begin(item.name);
         const QByteArray png = m_work.folder().read(item.product);
         if (png.isEmpty())
             return -1;

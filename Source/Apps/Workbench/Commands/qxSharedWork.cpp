@@ -13,7 +13,6 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QSet>
 
 #include <algorithm>
 #include <numeric>
@@ -187,7 +186,11 @@ int qxSharedWork::share(const QVector<qxShardPlan::Item> &items)
     m_plan.peakBytes = costs.peakBytes() > 0 ? costs.peakBytes() : qxShardCostLog::peakBytes();
     m_plan.scriptsFailed = qxScriptRunner::haveFailed();
     m_plan.items = items;
-    m_plan.share([this](const QByteArray &product) { return m_folder.holds(product); });
+    for (const qxShardPlan::Item &item : items) {
+        if (!m_there.contains(item.product) && m_folder.holds(item.product))
+            m_there.insert(item.product);
+    }
+    m_plan.share([this](const QByteArray &product) { return m_there.contains(product); });
     if (m_options.task == qxShardOptions::Plan)
         return m_folder.writePlan(m_plan) ? Success : WorkFailed;
     return m_folder.addPlan(m_plan) ? checkPlan(command) : WorkFailed;
@@ -210,12 +213,12 @@ int qxSharedWork::tellPlan() const
     QVector<int> missing(m_plan.shards, 0);
     QSet<QByteArray> known;
     for (const qxShardPlan::Item &item : m_plan.items) {
-        if (!known.contains(item.product) && !m_folder.holds(item.product))
+        if (!known.contains(item.product) && !m_there.contains(item.product))
             ++missing[item.shard - 1];
         known.insert(item.product);
     }
     const QVector<double> seconds = m_plan.secondsOfShards(
-        [this](const QByteArray &product) { return m_folder.holds(product); });
+        [this](const QByteArray &product) { return m_there.contains(product); });
     const int sum = std::accumulate(missing.begin(), missing.end(), 0);
     double longest = 0;
     QJsonArray tasks;

@@ -5,6 +5,7 @@
 #include "Session/qxShardPlan.h"
 
 #include <QElapsedTimer>
+#include <QSet>
 
 class QJsonObject;
 struct qxCommand;
@@ -64,6 +65,7 @@ private:
     qxShardOptions m_options;
     qxPartsFolder m_folder;
     qxShardPlan m_plan;
+    QSet<QByteArray> m_there; ///< the products that were there for the plan
     QElapsedTimer m_sinceStart;
     double m_loadSeconds = 0;
 };

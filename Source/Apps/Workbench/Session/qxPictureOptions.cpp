@@ -1,6 +1,7 @@
 #include "qxPictureOptions.h"
 
-#include "Render/qxPicture.h"
+#include "Render/qxTiles.h"
+#include "Render/qxViewSettings.h"
 #include "Report/qxOutput.h"
 
 #include <QColor>
@@ -129,7 +130,7 @@ bool qxPictureOptions::apply(const QCommandLineParser &parser)
     qxViewSettings &view = qxViewSettings::the();
     view.environmentRotation = parser.value(QStringLiteral("environment-rotation")).toFloat();
     view.exposure = parser.value(QStringLiteral("exposure")).toFloat();
-    qxPictureSettings::programThreads() = parser.value(QStringLiteral("threads")).toInt();
+    qxProgramThreads() = parser.value(QStringLiteral("threads")).toInt();
     const QString background = parser.value(QStringLiteral("background"));
     if (!background.isEmpty())
         view.background = backgroundOf(background);

@@ -19,11 +19,8 @@ struct qxPictureSettings {
     /// pixel, soft shadows and reflections. Best: ray tracing with as many samples as help.
     int quality = Quick;
     qxViewSettings view = qxViewSettings::the(); ///< light and background
-    int threads = 0; ///< 0 for those of the program; the picture is the same with any number
-
-    /// How many threads work on a picture when it is not said; 0, as at the start, for one per
-    /// processor. To be set before the first picture.
-    static int &programThreads();
+    /// 0 for as many as the program uses; the picture is the same with any number.
+    int threads = 0;
 };
 
 /// A finished picture.

@@ -6,6 +6,7 @@
 #include "Render/qxRenderPicking.h"
 #include "Render/qxReprojection.h"
 #include "Render/qxSceneLighting.h"
+#include "Render/qxTiles.h"
 #include "Scene/qxScene.h"
 #include "qxLog.h"
 #include "qxNodeWalk.h"
@@ -37,7 +38,7 @@ void reportError(void *failed, RTCError, const char *text)
 struct qxRenderer::Parts {
     Parts()
     {
-        const int threads = qxPictureSettings::programThreads();
+        const int threads = qxProgramThreads();
         const std::string asked = "threads=" + std::to_string(threads);
         device.reset(rtcNewDevice(threads > 0 ? asked.c_str() : nullptr));
         if (device)

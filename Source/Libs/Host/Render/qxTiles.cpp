@@ -1,7 +1,5 @@
 #include "Render/qxTiles.h"
 
-#include "Render/qxPicture.h"
-
 #include <algorithm>
 #include <atomic>
 #include <exception>
@@ -95,7 +93,7 @@ private:
 
 } // namespace
 
-int &qxPictureSettings::programThreads()
+int &qxProgramThreads()
 {
     static int threads = 0;
     return threads;
@@ -106,7 +104,7 @@ bool qxForAllTiles(int count, int threads, const std::function<void(int)> &work,
 {
     Tiles tiles(count, work);
     Helpers helpers(tiles);
-    const int asked = threads > 0 ? threads : qxPictureSettings::programThreads();
+    const int asked = threads > 0 ? threads : qxProgramThreads();
     const int wanted = asked > 0 ? asked : int(std::thread::hardware_concurrency());
     helpers.start(std::min(wanted, count) - 1);
     while (tiles.doOne()) {
