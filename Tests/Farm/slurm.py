@@ -205,7 +205,7 @@ def main():
         print(__doc__.strip())
         return 2
     if missing():
-        print(f"slurm.py: not installed: {', '.join(missing())}; Tools/install-dependencies farm", file=sys.stderr)
+        print(f"slurm.py: not installed: {', '.join(missing())}; Tools/install-dependencies test", file=sys.stderr)
         return 1
     with Slurm() as slurm:
         return subprocess.run(sys.argv[1:], env=slurm.environment).returncode
