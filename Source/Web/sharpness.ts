@@ -3,6 +3,8 @@ const wanted = 40;
 /** When nothing has changed for this long, in ms, it is calm. */
 const calm = 200;
 const lowest = 0.4;
+/** Of the first picture, which is to be there soon. */
+const first = 0.25;
 /** More pixels make up for edges that are not smoothed. */
 const smoothing = 1.4;
 
@@ -12,8 +14,8 @@ const smoothing = 1.4;
  */
 export class Sharpness {
     private moving = 1;
-    /** The first picture is to be there soon. */
     private isMoving = true;
+    private isFirst = true;
     private last = 0;
     private timer = 0;
     private late = 0;
@@ -22,12 +24,9 @@ export class Sharpness {
 
     get ratio(): number {
         const { best } = this;
+        if (this.isFirst)
+            return first;
         return this.isMoving ? Math.max(best * this.moving, Math.min(best, lowest)) : best;
-    }
-
-    /** The first picture is drawn coarsely. */
-    begin(): void {
-        this.moving = 0;
     }
 
     /** How long a sharp picture takes, in ms; undefined while it is found out. */
@@ -35,6 +34,7 @@ export class Sharpness {
         clearTimeout(this.timer);
         this.timer = 0;
         this.isMoving = false;
+        this.isFirst = false;
         this.last = 0;
         if (time !== undefined)
             this.moving = Math.min(1, Math.sqrt(wanted / time));
@@ -44,11 +44,11 @@ export class Sharpness {
     next(time: number): boolean {
         const before = this.ratio;
         const past = time - this.last;
-        const isFirst = this.last === 0;
+        const follows = this.last !== 0;
         this.last = time;
-        if (!isFirst)
+        if (follows)
             this.isMoving = past < calm + 100;
-        if (this.isMoving && !isFirst)
+        if (this.isMoving && follows)
             this.learn(past);
         clearTimeout(this.timer);
         this.timer = window.setTimeout(() => this.rest(), calm);

@@ -44,6 +44,7 @@ export class Stage {
         this.renderer.toneMapping = NeutralToneMapping;
         this.renderer.toneMappingExposure = 2 ** exposure;
         this.renderer.autoClear = false;
+        this.renderer.debug.checkShaderErrors = false; // Asking for errors waits for the compiler.
         this.renderer.shadowMap.autoUpdate = false;
         new ResizeObserver(() => this.resize()).observe(canvas.parentElement ?? canvas);
         view.onMove = () => this.invalidate();
@@ -58,7 +59,6 @@ export class Stage {
         this.scene.matrixWorldAutoUpdate = false;
         this.layers.behind.matrixWorldAutoUpdate = false;
         this.layers.inFront.matrixWorldAutoUpdate = false;
-        this.sharpness.begin();
         this.resize();
         this.compile(contents);
     }
