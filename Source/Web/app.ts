@@ -126,7 +126,7 @@ export class App {
 
     private press(event: KeyboardEvent): void {
         const target = event.target as HTMLElement;
-        if (event.defaultPrevented || target.closest("input, dialog"))
+        if (event.defaultPrevented || target.closest("input, dialog") || isOfPage(event, target))
             return;
         const { what, isPart } = this.keys.press(event);
         const isHandled = isPart || event.key === "/" || (target === this.page.canvas
@@ -138,4 +138,9 @@ export class App {
         if (isHandled)
             event.preventDefault();
     }
+}
+
+/** Keys without which nobody gets around a page by the keyboard, whatever sets use them. */
+function isOfPage({ key }: KeyboardEvent, target: HTMLElement): boolean {
+    return key === "Tab" || ((key === "Enter" || key === " ") && target.closest("button, a") !== null);
 }

@@ -54,7 +54,7 @@ export class Keys<T> {
 /** Empty for a sequence that makes no sense. */
 function parseSequence(sequence: string): Stroke[] {
     return sequence.split(/,\s+/).filter(text => text !== "").map(text => {
-        const parts = text.endsWith("++") ? [...text.slice(0, -2).split("+"), "+"] : text.split("+");
+        const parts = /(^|\+)\+$/.test(text) ? [...text.slice(0, -2).split("+"), "+"] : text.split("+");
         const key = (parts.pop() ?? "").toLowerCase();
         const held = parts.map(part => part.trim().toLowerCase());
         return {

@@ -92,7 +92,7 @@ export class Page {
         });
         const nameTheme = () => name(theme, isDark() ? strings.light : strings.dark);
         nameTheme();
-        this.stage.append(element("div", { id: "tools", role: "toolbar", "aria-label": strings.help },
+        this.stage.append(element("div", { id: "tools", role: "group", "aria-label": strings.tools },
                                   this.tool("reset", strings.reset, () => events.reset()),
                                   this.tool("share", strings.share, () => events.share()), theme,
                                   this.tool("help", strings.help, () => help.showModal())));

@@ -8,13 +8,11 @@ export interface Strings {
     variants: string;
     views: string;
     search: string;
-    clearSearch: string;
     otherSets: string;
     viewpoints: string;
     clips: string;
-    stopClips: string;
     kinds: Record<Kind, string>;
-    actions: string;
+    tools: string;
     share: string;
     linkCopied: string;
     linkNotCopied: string;
@@ -50,16 +48,14 @@ const english: Strings = {
     variants: "Variants",
     views: "Views",
     search: "Search sets and variants",
-    clearSearch: "Clear the search",
     otherSets: "Other sets",
     viewpoints: "Viewpoints",
     clips: "Animations",
-    stopClips: "Stop",
     kinds: {
         node: "Parts", material: "Materials", light: "Lights", overlay: "Overlays",
         transform: "Positions",
     },
-    actions: "Actions",
+    tools: "Tools",
     share: "Share",
     linkCopied: "The link is copied.",
     linkNotCopied: "The browser does not allow copying. The link is in the address bar.",
@@ -109,16 +105,14 @@ const german: Strings = {
     variants: "Varianten",
     views: "Ansichten",
     search: "Sets und Varianten suchen",
-    clearSearch: "Suche leeren",
     otherSets: "Weitere Sets",
     viewpoints: "Blickpunkte",
     clips: "Animationen",
-    stopClips: "Anhalten",
     kinds: {
         node: "Teile", material: "Materialien", light: "Lichter", overlay: "Einblendungen",
         transform: "Stellungen",
     },
-    actions: "Aktionen",
+    tools: "Werkzeuge",
     share: "Teilen",
     linkCopied: "Der Link ist kopiert.",
     linkNotCopied: "Der Browser erlaubt das Kopieren nicht. Der Link steht in der Adresszeile.",

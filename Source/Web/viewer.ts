@@ -31,6 +31,8 @@ export class Viewer {
     readonly stage: Stage;
     private readonly surroundings: Surroundings;
     private loaded?: Loaded;
+    /** Clips that were started before the scene was there, as by a link. */
+    private readonly waiting = new Set<number>();
     /** Where the camera was before it was moved by hand. */
     private home: Camera;
 
@@ -59,6 +61,7 @@ export class Viewer {
         stage.scene.add(scene.root);
         stage.layers.fill(published, scene);
         this.loaded = { scene, bindings, lamps, poses, clipping };
+        this.waiting.forEach(clip => poses.start(clip));
         states.takeChanged();
         bindings.applyAll();
         clipping.show(this.clipping());
@@ -105,24 +108,29 @@ export class Viewer {
     }
 
     play(clip: number): void {
-        this.loaded?.poses.start(clip);
+        if (this.loaded)
+            this.loaded.poses.start(clip);
+        else
+            this.waiting.add(clip);
         this.stage.change();
         this.onChange();
     }
 
     stop(clip: number): void {
+        this.waiting.delete(clip);
         this.loaded?.poses.stop(clip);
         this.stage.change();
         this.onChange();
     }
 
     isPlaying(clip: number): boolean {
-        return this.loaded?.poses.isPlaying(clip) ?? false;
+        return this.loaded?.poses.isPlaying(clip) ?? this.waiting.has(clip);
     }
 
     /** The scene as it was opened. */
     reset(): void {
         this.states.reset();
+        this.waiting.clear();
         this.loaded?.poses.stopAll();
         this.follow();
         this.fly(this.published.camera);

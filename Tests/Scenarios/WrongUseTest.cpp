@@ -234,6 +234,13 @@ TEST_F(WrongUseTest, AnOutputIsLookedAtBeforeTheWork)
     }
     refused(2, {"export", scene}, "export needs --out GLB");
     refused(2, {"export", scene, "--out", "a.glb", "--set", "A", "--default", "A"}, "together");
+    // A page replaces neither what the scene may be made of nor itself.
+    refused(2, {"publish", scene, "--out", folder.path()}, "the scene lies there");
+    refused(2,
+            {"publish", scene, "--out", path("taken.gltf"), "--single-file",
+             path("taken.gltf/../taken.gltf/index.html")},
+            "the page of --out is written there\n");
+    EXPECT_TRUE(QDir(taken).isEmpty());
     refused(1, {"document", scene, "--in", path("none.xml"), "--save", path("out.gltf")},
             "/none.xml: ");
     EXPECT_FALSE(QFile::exists(path("out.gltf")) || QFile::exists(path("no")));

@@ -244,6 +244,17 @@ pageTest("animations play and stop", places.demo, desktop, async page => {
     await page.waitForFunction(button => button.getAttribute("aria-pressed") === "false", await clip.elementHandle());
 });
 
+test("a link to a set starts its animation", () => {
+    const { sets, clips } = published();
+    const { name, step } = sets.find(set => set.step.clips?.length);
+    return onPage(places.demo, { ...desktop, hash: `#set=${encodeURIComponent(name)}` }, async page => {
+        const clip = page.locator(`[data-clip="${clips[step.clips[0]].name}"]`);
+        assert.equal(await clip.getAttribute("aria-pressed"), "true", name);
+        const before = await page.evaluate(() => window.qxViewer.pictures());
+        await page.waitForFunction(count => window.qxViewer.pictures() > count + 3, before);
+    });
+});
+
 pageTest("groups without variants", places.some, desktop, async page => {
     assert.equal(await page.locator("#tab-variants").count(), 0);
     const [first] = readJson(path.join(places.some, "published.json")).sets;

@@ -20,6 +20,8 @@ test("a folder holds what the page names, and nothing else", () => {
     const files = new Set([...named, "index.html", "viewer.js", "viewer.css", "published.json"]);
     assert.deepEqual(filesBelow(places.demo).sort(), [...files].sort());
     assert.equal(published.bytes, statSync(path.join(places.demo, "scene.glb")).size);
+    assert.ok(published.nodes.every(node => Object.keys(node).length > 1 && !Object.values(node).includes(null)),
+              "a binding without meaning");
 });
 
 test("a compressed page in German is smaller by more than half", () => {

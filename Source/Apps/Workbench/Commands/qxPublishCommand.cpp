@@ -1,5 +1,6 @@
 #include "qxVariants.h"
 
+#include "Files/qxOutputFile.h"
 #include "Publish/qxPublisher.h"
 #include "Report/qxOutput.h"
 #include "Report/qxStreams.h"
@@ -15,6 +16,8 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+
+#include <optional>
 
 namespace {
 
@@ -65,6 +68,32 @@ int checkOptions(const QCommandLineParser &parser, qxSharedPictures &work)
     return flaw.isEmpty() ? work.begin(qxSharedPictures::previews()) : qxCommands::fail(flaw);
 }
 
+/// Success, or after saying why the page would replace the scene, something that it may be made of,
+/// or itself.
+int checkPlaces(const QCommandLineParser &parser)
+{
+    const QFileInfo file(parser.positionalArguments().first());
+    const QString out = parser.value(QStringLiteral("out"));
+    const QString single = parser.value(QStringLiteral("single-file"));
+    const QString folder = QFileInfo(out).canonicalFilePath();
+    if (!out.isEmpty()
+        && (folder == QFileInfo(file.absolutePath()).canonicalFilePath()
+            || folder == QFileInfo(file.canonicalFilePath()).path()))
+        return qxCommands::fail(
+            QStringLiteral("%1: the scene lies there; its page needs another folder").arg(out),
+            WrongUse);
+    if (single.isEmpty() || qxStreams::isStandard(single))
+        return Success;
+    if (qxOutputFile::isSame(single, file.filePath()))
+        return qxCommands::fail(QStringLiteral("%1: a page must not replace its scene").arg(single),
+                                WrongUse);
+    const QString page = QDir(out).filePath(QStringLiteral("index.html"));
+    if (!out.isEmpty() && qxOutputFile::isSame(single, page))
+        return qxCommands::fail(
+            QStringLiteral("%1: the page of --out is written there").arg(single), WrongUse);
+    return Success;
+}
+
 /// Success, or after saying which group there is not.
 int checkGroups(const QStringList &names)
 {
@@ -75,18 +104,23 @@ int checkGroups(const QStringList &names)
     return Success;
 }
 
-/// False, after saying why, if a file cannot be written. The page comes last, so that nothing half
-/// is ever seen.
+/// False, after saying why, if a file cannot be written; nothing is, as far as that is known
+/// before. The page comes last, so that nothing half is ever seen.
 bool writeFolder(const QDir &folder, const qxPublication &publication, qint64 &bytes)
 {
-    for (const qxPageFiles::File &file : qxPublishedPage::folder(publication)) {
+    const QList<qxPageFiles::File> files = qxPublishedPage::folder(publication);
+    for (const qxPageFiles::File &file : files) {
         const QString path = folder.filePath(file.first);
         if (!folder.mkpath(QFileInfo(file.first).path())) {
             qxOutput::error(
                 QStringLiteral("%1: the folder cannot be made").arg(QFileInfo(path).path()));
             return false;
         }
-        if (!qxStreams::write(path, file.second))
+        if (qxValueKinds::checkFile(path) != Success)
+            return false;
+    }
+    for (const qxPageFiles::File &file : files) {
+        if (!qxStreams::write(folder.filePath(file.first), file.second))
             return false;
         bytes += file.second.size();
     }
@@ -113,10 +147,14 @@ bool writePages(const QCommandLineParser &parser, const qxPublication &publicati
     return qxStreams::write(single, page);
 }
 
+/// On standard error where the page itself went to standard output.
 void report(const QCommandLineParser &parser, const Written &written, const qxLossReport &losses)
 {
     const QString folder = parser.value(QStringLiteral("out"));
     const QString single = parser.value(QStringLiteral("single-file"));
+    std::optional<qxCaughtOutput> caught;
+    if (qxStreams::isStandard(single))
+        caught.emplace(qxCaughtOutput::ToErrors);
     const bool isJson = parser.isSet(QStringLiteral("json"));
     QJsonObject object = isJson ? losses.toJson() : QJsonObject();
     const auto add = [&](const char *name, const QString &path, qint64 bytes) {
@@ -159,7 +197,9 @@ bool makePictures(qxPublisher &publisher, qxSharedPictures &work)
 int runPublish(const QCommandLineParser &parser)
 {
     qxSharedPictures work(qxCommands::publish, parser);
-    const int code = checkOptions(parser, work);
+    int code = checkPlaces(parser);
+    if (code == Success)
+        code = checkOptions(parser, work);
     if (code != Success)
         return code;
     if (!qxPictureOptions::apply(parser))

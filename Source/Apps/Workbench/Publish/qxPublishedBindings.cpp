@@ -127,7 +127,7 @@ void qxPublishedBindings::bindNode(const Place &place, int node)
     const auto known = m_nodes.find(node);
     if (known != m_nodes.end())
         binding = known->second;
-    QJsonArray shown = binding[shownKey].toArray();
+    QJsonArray shown = binding.value(shownKey).toArray(); // the brackets would add a null
     append(shown, place.shown);
     if (!shown.isEmpty())
         binding[shownKey] = shown;

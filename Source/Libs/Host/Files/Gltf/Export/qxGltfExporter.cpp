@@ -285,6 +285,15 @@ void qxGltfExporter::writeScene()
         scene["nodes"] = roots;
     m_json["scene"] = 0;
     m_json["scenes"] = qxJson::array({scene});
+    for (std::size_t i = 0; i < scenes.size(); ++i) {
+        const qxJson &name = qxGltfMember(scenes[i], "name");
+        if (int(i) != shown)
+            m_result.losses +=
+                {"scene",
+                 name.is_string() ? qxText::fromUtf8(name.get_ref<const std::string &>())
+                                  : QString::number(i),
+                 true, "the program shows another one"};
+    }
 }
 
 /// The node of the file that a viewpoint came from, with which its camera moves; -1 when it is not
