@@ -4,6 +4,7 @@
 Usage: Tests/Farm/slurm.py COMMAND...     runs a command, such as bash, with a Slurm of four nodes around it
 """
 
+import atexit
 import os
 import shutil
 import signal
@@ -120,6 +121,9 @@ class Slurm:
         self.variable = f"SLURM_CONF={self.folder}/slurm.conf"
         kept = {name: value for name, value in os.environ.items() if not name.startswith(("SLURM", "SBATCH"))}
         self.environment = {**kept, "SLURM_CONF": f"{self.folder}/slurm.conf"}
+        # Tests that are interrupted do not get to the end of their class; SIGTERM is like Ctrl-C.
+        atexit.register(self.__exit__)
+        signal.signal(signal.SIGTERM, signal.default_int_handler)
         try:
             self._configure()
             self._start()
@@ -184,6 +188,7 @@ class Slurm:
         return processes_with([self.variable], logs)
 
     def __exit__(self, *_):
+        atexit.unregister(self.__exit__)
         self.run("scancel", "--user", str(os.getuid()))
         if "slurmctld" in self.daemons:
             for daemon in reversed(list(self.daemons.values())):

@@ -281,7 +281,15 @@ class RefusedTest(FarmTest):
         self.assertIn("not empty", self.farm(*self.submission(), code=1))
         (self.job / "notes").unlink()
         self.assertIn("exit code 2", self.farm(*self.submission("--", "--ground", "maybe"), code=2))
-        self.farm(*self.submission("--time", 7, "--memory", 300, "--cpus", 2))
+        # What gathering would refuse when all is made.
+        self.assertIn("end in .gltf or .glb", self.farm(*self.submission("--save", "out.png"), code=2))
+        self.assertIn("no option --junit", self.farm(*self.submission("--", "--junit"), code=2))
+        self.assertIn("No closing quotation", self.farm(*self.submission("--wrap", "env 'A=b"), code=2))
+        # A path of the wrapper's own is taken as it is.
+        inside = self.folder / "inside"
+        inside.write_text('#!/bin/bash\nshift; exec "$QX_WORKBENCH" "$@"\n')
+        inside.chmod(0o755)
+        self.farm(*self.submission("--time", 7, "--memory", 300, "--cpus", 2, "--wrap", inside, "--workbench", "/image/workbench"))
         self.assertRegex((self.job / "shard.sh").read_text(), r"--cpus-per-task=2\n#SBATCH --mem=300M\n#SBATCH --time=7\n")
         self.assertIn("holds a job already", self.farm(*self.submission(), code=1))
 

@@ -162,6 +162,7 @@ TEST_F(PictureTest, PreviewsAreMadeForSetsThatHaveNoneOrAStaleOne)
         const ProgramRun run = quick(QStringList("previews") + of + QStringList{"--save", saved});
         EXPECT_TRUE(run.out.endsWith(counts + " kept\n")) << run.out.toStdString();
     };
+    EXPECT_FALSE(quick({"previews", file, "--stale", "--save", saved}).err.contains("libpng"));
     make({file}, "3 made, 0");
     const QStringList made = previews(saved);
     ASSERT_EQ(made.size(), 3);

@@ -143,6 +143,8 @@ int qxSharedWork::checkPlan(const QStringList &command) const
         return refuse(
             QStringLiteral("the plan is one of %1, not of %2").arg(m_plan.program, program())
             + again.arg(m_plan.shards));
+    if (!QFileInfo::exists(m_file))
+        return qxCommands::fail(QStringLiteral("%1: the file does not exist").arg(m_file));
     QStringList changed;
     if (qxShardPlan::sha256(m_file) != m_plan.scene.sha256)
         changed += m_file;

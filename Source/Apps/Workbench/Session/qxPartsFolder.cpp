@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QSysInfo>
 
 #include <cerrno>
@@ -35,7 +36,7 @@ quint32 numberAt(const QByteArray &bytes, int place)
 
 bool isReport(const QByteArray &bytes)
 {
-    return QJsonDocument::fromJson(bytes).isObject();
+    return !QJsonDocument::fromJson(bytes).object().isEmpty();
 }
 
 } // namespace

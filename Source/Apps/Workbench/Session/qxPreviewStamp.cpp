@@ -29,5 +29,6 @@ QByteArray qxPreviewStamp::of(const QByteArray &png)
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, "PNG");
     reader.setAutoDetectImageFormat(false);
-    return reader.text(QLatin1String(key)).toLatin1();
+    // Without a PNG, as of a set that has no preview, libpng would complain on standard error.
+    return reader.canRead() ? reader.text(QLatin1String(key)).toLatin1() : QByteArray();
 }
