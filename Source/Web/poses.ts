@@ -32,6 +32,9 @@ export class Poses {
     private readonly clips: PlayedClip[];
     private readonly rests = new Map<Object3D, Rest>();
 
+    /** Is called when a clip has come to its end. */
+    onEnd = (): void => {};
+
     constructor(scene: LoadedScene, clips: Clip[]) {
         const objects = new Map<string, Object3D>();
         scene.root.traverse(object => {
@@ -85,16 +88,21 @@ export class Poses {
     /** Lets seconds pass; false when nothing moves any more. */
     advance(seconds: number): boolean {
         let moves = false;
+        let ends = false;
         for (const clip of this.clips) {
             if (clip.time === undefined || (!clip.loop && clip.time >= clip.duration))
                 continue;
             clip.time += seconds;
-            if (clip.time >= clip.duration)
+            if (clip.time >= clip.duration) {
                 clip.time = clip.loop && clip.duration > 0 ? clip.time % clip.duration : clip.duration;
+                ends ||= !clip.loop;
+            }
             moves = true;
         }
         if (moves)
             this.pose();
+        if (ends)
+            this.onEnd();
         return moves;
     }
 

@@ -56,6 +56,7 @@ export class Viewer {
         const scene = await LoadedScene.load(await data, published);
         const lamps = new Lamps(scene, published.lightFactor);
         const poses = new Poses(scene, published.clips);
+        poses.onEnd = () => this.onChange();
         const bindings = new Bindings(published, scene, states, lamps, poses);
         const clipping = new ClippingView(published);
         stage.scene.add(scene.root);
